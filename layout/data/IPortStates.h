@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/CabinetLayout.h"
+
+/// What the canvas needs to know of the current processor's ports. Any thread; values are copied out.
+/// A port that does not exist is unlocked, not redundant and of its default colour.
+class IPortStates
+{
+public:
+    virtual ~IPortStates() = default;
+    virtual bool isPortLocked(int port) const = 0;
+    virtual CabinetLayout::CabinetPort::Redundancy portRedundancy(int port) const = 0;
+    /// The fill of the port's cabinets; always valid.
+    virtual QColor portColor(int port) const = 0;
+};

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/CabinetLayout.h"
+
+#include <QSize>
+
+/// The data set of the processor in view: what the scene is loaded from and what is handed to the host.
+struct LayoutData
+{
+    QUuid processor;
+    CabinetLayout layout;
+    QSize canvas; ///< canvas size in pixels
+    QRect bounds; ///< union of all ports' areas on the canvas, in pixels
+
+    /// Whether two versions of a port hold the same data: their groups are compared pair by pair, in order.
+    /// Identities, placement, types and grouping always count; with @p withMapping also wiring ranks and
+    /// mapping indices.
+    static bool comparePortData(const CabinetLayout::CabinetPort &a, const CabinetLayout::CabinetPort &b,
+                                bool withMapping);
+
+    friend bool operator==(const LayoutData &a, const LayoutData &b)
+    {
+        return a.processor == b.processor && a.layout == b.layout && a.canvas == b.canvas &&
+               a.bounds == b.bounds;
+    }
+    friend bool operator!=(const LayoutData &a, const LayoutData &b) { return !(a == b); }
+};
+Q_DECLARE_METATYPE(LayoutData)

@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QUuid>
+#include <QtGlobal>
+
+/// The largest canvas of a processor, in pixels; the area is width times height.
+struct SCanvasLimits
+{
+    int maximumWidth = 0;
+    int maximumHeight = 0;
+    qint64 maximumArea = 0;
+};
+
+/// The part of the display that an output port carries, in pixels.
+struct SPortArea
+{
+    quint16 port = 0; ///< output-port index, from 0
+    quint16 x = 0;
+    quint16 y = 0;
+    quint16 width = 0;
+    quint16 height = 0;
+
+    friend bool operator==(const SPortArea &a, const SPortArea &b)
+    {
+        return a.port == b.port && a.x == b.x && a.y == b.y && a.width == b.width && a.height == b.height;
+    }
+    friend bool operator!=(const SPortArea &a, const SPortArea &b) { return !(a == b); }
+};
+
+/// One set of current-gain parameters of a processor.
+struct SCurrentGain
+{
+    int frameRateCode = 0; ///< 0: 60 Hz, 1: 50 Hz, 2: 30 Hz
+    int gainLevel = 0;     ///< 0: low, 1: medium, 2: high
+    bool imported = false;
+    bool on = false;
+
+    friend bool operator==(const SCurrentGain &a, const SCurrentGain &b)
+    {
+        return a.frameRateCode == b.frameRateCode && a.gainLevel == b.gainLevel && a.imported == b.imported &&
+               a.on == b.on;
+    }
+    friend bool operator!=(const SCurrentGain &a, const SCurrentGain &b) { return !(a == b); }
+};
+
+/// What a read of the mapping takes along.
+struct SMappingOptions
+{
+    bool numberMapping = false;       ///< the cabinets show their numbers on the wall while they are read
+    bool realtime = false;            ///< the mapping is read again whenever the processor announces a change
+    bool mappingFromProcessor = true; ///< the saved mapping; otherwise the one that the cabinets report
+};
+
+/// How a device operation ended.
+struct SDeviceOutcome
+{
+    enum Result { Done, Cancelled, Failed };
+    Result result = Done;
+    QString text; ///< for the user: what failed and on which processor; empty when done or cancelled
+
+    bool isDone() const { return result == Done; }
+};
+
+/// What keeps a processor's canvas size from being changed.
+enum class CanvasBlock : int {
+    None = 0,
+    Frozen = 1,
+    ZeroFrameDelay = 2,
+    Bypass = 3,
+    Polling = 4,
+    HdmiOutput = 5
+};
+
+/// How a processor works.
+enum class ProcessorWorkMode : int { VideoProcessor = 0, Bypass = 1, FiberTransceiver = 2 };
+
+/// How a cabinet is made to stand out on the wall.
+enum class CabinetHighlight : int { Off = 0, FlashingBox = 1, LedIndicator = 2 };

@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/plugin/CHostAccess.h"
+
+#include "layout/plugin/ILayoutInterfaceHandler.h"
+#include "platform/control/IAbstractControlInterface.h"
+
+#include <atomic>
+
+namespace {
+std::atomic<IAbstractControlInterface *> currentHost{nullptr};
+}
+
+void CHostAccess::setHost(IAbstractControlInterface *host)
+{
+    currentHost = host;
+}
+
+std::shared_ptr<ILayoutInterfaceHandler> CHostAccess::handler()
+{
+    IAbstractControlInterface *host = currentHost;
+    return host ? std::dynamic_pointer_cast<ILayoutInterfaceHandler>(host->handler()) : nullptr;
+}

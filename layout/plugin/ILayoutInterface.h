@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "platform/control/IAbstractControlInterface.h"
+
+class QMenu;
+class QUuid;
+
+/// What the host calls on the Layout module. All operations belong to the GUI thread.
+class ILayoutInterface : public IAbstractControlInterface
+{
+public:
+    /// Fills @p menu with the commands of @p processor. The actions live as long as the menu.
+    virtual void fillProcessorMenu(QMenu &menu, const QUuid &processor) = 0;
+
+    /// Blocks editing by the user, for the host's lock control; viewing stays possible.
+    virtual void setEditingBlocked(bool blocked) = 0;
+    virtual bool isEditingBlocked() const = 0;
+};

@@ -1,0 +1,193 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/LayoutData.h"
+#include "layout/data/records/ProcessorTree.h"
+#include "layout/data/records/ReadSaveMappingRole.h"
+#include "layout/data/records/SBackgroundInfo.h"
+#include "layout/data/records/SHostRecords.h"
+#include "layout/data/records/SSettings.h"
+#include "platform/control/IAbstractInterfaceHandler.h"
+
+#include <QList>
+#include <QPair>
+#include <QSize>
+#include <QVector>
+
+#include <functional>
+
+class QWidget;
+
+/// What the module asks of the host: its only road to devices and files. Any thread unless an operation says
+/// GUI thread. An operation that gives false has changed nothing, and lastError() then tells why. A key that
+/// names no processor is answered with an empty value or false. "Current" is the processor in view.
+class ILayoutInterfaceHandler : public IAbstractInterfaceHandler
+{
+public:
+    /// Told once, on the GUI thread, how an operation ended that was carried out in the background.
+    using Done = std::function<void(const SDeviceOutcome &)>;
+
+    // ---- the controller's and the store's
+    // --------------------------------------------------------------------
+    /// Canvas size of the current processor in pixels; empty without one.
+    virtual QSize getCanvasSize() const = 0;
+    /// Shows or hides the window that simulates the wall. GUI thread.
+    virtual void showScreen(bool shown) = 0;
+    /// Follow-up after a layout was handed over: port loads and the simulated screen are brought up to date.
+    virtual void applyLayoutFollowUp(bool full) = 0;
+    /// The record behind a key; a default record for an unknown one.
+    virtual ProcessorTree::ProcessorNode getProcessorNode(const QUuid &processor) const = 0;
+    /// Takes the module's layout of one processor as its working layout. Cheap: shares what is unchanged.
+    virtual void commitLayoutData(const LayoutData &data) = 0;
+    /// Writes the processor's mapping to a "*.sprj" file, whole or not at all. GUI thread.
+    virtual bool exportProcessorMapping(const QUuid &processor, const QString &file) = 0;
+    /// Replaces the processor's layout by a file's. Locked ports keep theirs unless @p overwriteLocked.
+    /// Announced by LayoutNotification::LayoutReplaced. GUI thread.
+    virtual bool importProcessorMapping(const QUuid &processor, const QString &file,
+                                        bool overwriteLocked) = 0;
+    /// Switches the status LED of all cabinets of the current processor. GUI thread.
+    virtual bool setCabinetStatusLed(bool on) = 0;
+    virtual int getDetectedProcessorCount() const = 0;
+    /// Whether the host wants applyLayoutFollowUp() right after the layout just handed over.
+    virtual bool layoutFollowUpNeeded() const = 0;
+    virtual bool isFiberTransceiverMode(const QUuid &processor) const = 0;
+
+    // ---- notifications
+    // ---------------------------------------------------------------------------------------
+    /// The processor in view; a default record (null uuid) without one.
+    virtual ProcessorTree::ProcessorNode currentProcessorNode() const = 0;
+    /// The ports of the current processor as the host holds them, in ascending index; empty without one.
+    virtual QVector<CabinetLayout::CabinetPort> currentProcessorPorts() const = 0;
+    /// The working layout of a processor.
+    virtual LayoutData layoutData(const QUuid &processor) const = 0;
+    /// 1 when the processor must be prepared before it is edited (its first layout is made), 0 otherwise.
+    virtual int preparatoryStep(const QUuid &processor) const = 0;
+    virtual void performPreparatoryStep(const QUuid &processor) = 0;
+    /// The processors of the selection in the device tree, a group's members included.
+    virtual QList<ProcessorTree::ProcessorNode> selectedProcessors() const = 0;
+
+    // ---- processor commands
+    // ----------------------------------------------------------------------------------
+    /// Why the last operation that gave false did so: what and where, for the user. GUI thread.
+    virtual QString lastError() const = 0;
+    /// All processors that the device tree shows, in its order.
+    virtual QList<ProcessorTree::ProcessorNode> processors() const = 0;
+    /// Replaces the layout of @p to by a copy of that of @p from, with new cabinet keys; see
+    /// importProcessorMapping().
+    virtual bool copyProcessorMapping(const QUuid &from, const QUuid &to, bool overwriteLocked) = 0;
+    virtual int outputPortCount(const QUuid &processor) const = 0;
+    /// The most ports that the processor can drive.
+    virtual int maximumPortCount(const QUuid &processor) const = 0;
+    /// Refused when a port that would go still holds cabinets. Announced by
+    /// LayoutNotification::PortCountChanged.
+    virtual bool setOutputPortCount(const QUuid &processor, int count) = 0;
+    virtual bool setProcessorRedundancy(const QUuid &primary, const QUuid &redundancy) = 0;
+    virtual bool cancelProcessorRedundancy(const QUuid &processor) = 0;
+    /// The pairs (primary, redundancy).
+    virtual QList<QPair<QUuid, QUuid>> processorRedundancies() const = 0;
+    /// The processor whose layout holds the cabinet.
+    virtual ProcessorTree::ProcessorNode processorOfCabinet(const QUuid &cabinet) const = 0;
+    /// Announced by LayoutNotification::WorkModeChanged.
+    virtual bool setWorkMode(const QUuid &processor, ProcessorWorkMode mode) = 0;
+
+    // ---- store
+    // -----------------------------------------------------------------------------------------------
+    /// The cabinet type library.
+    virtual QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const = 0;
+
+    // ---- view and cabinet menu
+    // -------------------------------------------------------------------------------
+    /// Makes cabinets of the current processor stand out on the wall, in place of those before. GUI thread.
+    virtual bool setCabinetHighlight(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
+                                     CabinetHighlight highlight) = 0;
+    /// Writes the configuration of a cabinet to a "*.rcvbp" file. GUI thread.
+    virtual bool exportCabinetConfig(const CabinetLayout::CabinetPort::Cabinet &cabinet,
+                                     const QString &file) = 0;
+    /// Reads the configuration of a connected cabinet into a file. @p typeName may be empty. GUI thread.
+    virtual bool readbackCabinetConfig(int port, const CabinetLayout::CabinetPort::Cabinet &cabinet,
+                                       const QString &file, const QString &typeName) = 0;
+
+    // ---- port list
+    // -------------------------------------------------------------------------------------------
+    /// The current processor's state forbids port redundancy now.
+    virtual bool isPortRedundancyBlocked() const = 0;
+    virtual bool isPortRedundancySupported() const = 0;
+    /// Makes @p backup the redundancy of @p primary, both of the current processor. Announced by
+    /// LayoutNotification::PortBackupChanged.
+    virtual bool setPortRedundancy(int primary, int backup) = 0;
+    /// Ends the pair that @p port belongs to.
+    virtual bool cancelPortRedundancy(int port) = 0;
+    /// Writes one port to a "*.pprj" file. GUI thread.
+    virtual bool exportPortMapping(const QUuid &processor, int port, const QString &file) = 0;
+    /// Replaces one port's cabinets by a file's; see importProcessorMapping(). GUI thread.
+    virtual bool importPortMapping(const QUuid &processor, int port, const QString &file,
+                                   bool overwriteLocked) = 0;
+
+    // ---- side panel
+    // ------------------------------------------------------------------------------------------
+    /// Load of a port of the current processor in percent of its capacity; above 100: overloaded.
+    virtual int portLoad(const CabinetLayout::CabinetPort &port, int index) const = 0;
+    /// Reads the mapping of the current or of all processors in the background, with progress and cancel. A
+    /// layout that differs is announced by LayoutReplaced, the end of each processor by ReadbackFinished. GUI
+    /// thread.
+    virtual void readMapping(ReadSaveMappingRole role, const SMappingOptions &options, Done done) = 0;
+    /// Saves @p data (the current processor), or the working layouts of all, to the processors. GUI thread.
+    virtual void saveMapping(ReadSaveMappingRole role, const LayoutData &data, Done done) = 0;
+
+    // ---- port areas of the current processor
+    // -----------------------------------------------------------------
+    virtual QList<SPortArea> portAreas() const = 0;
+    virtual bool setPortAreas(const QList<SPortArea> &areas) = 0;
+    /// Pixels; 0 or less: no limit.
+    virtual int lowLatencyWidthLimit() const = 0;
+    virtual bool isThreeDEnabled() const = 0;
+
+    // ---- processor redundancy dialog
+    // -------------------------------------------------------------------------
+    /// Replaces all pairs among @p processors by @p pairs (primary, redundancy).
+    virtual bool applyProcessorRedundancy(const QList<QUuid> &processors,
+                                          const QList<QPair<QUuid, QUuid>> &pairs) = 0;
+    /// Whether all of @p processors are online.
+    virtual bool areProcessorsOnline(const QList<QUuid> &processors) const = 0;
+    /// Whether a device operation on any of @p processors is running.
+    virtual bool areProcessorsBusy(const QList<QUuid> &processors) const = 0;
+
+    // ---- cabinet dialogs
+    // -------------------------------------------------------------------------------------
+    /// Opens the host's type library. GUI thread.
+    virtual void showTypeLibrary(QWidget *parent) = 0;
+    /// Whether none of the ports that hold @p cabinets is a redundancy port.
+    virtual bool areOnPrimaryPorts(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets) const = 0;
+    /// Sends a type's parameters to cabinets of the current processor; @p gamma 1.0 to 4.0. GUI thread.
+    virtual bool sendCabinetParameters(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
+                                       const SMD5 &type, double gamma) = 0;
+
+    // ---- current gain of the current processor
+    // ---------------------------------------------------------------
+    virtual QList<SCurrentGain> currentGains() const = 0;
+    /// Imports a "*.acr" file. GUI thread.
+    virtual bool importCurrentGain(const QString &file) = 0;
+    virtual bool clearCurrentGains() = 0;
+    virtual bool sendCurrentGains(const QList<SCurrentGain> &gains) = 0;
+
+    // ---- canvas of the current processor
+    // ---------------------------------------------------------------------
+    virtual SCanvasLimits canvasLimits() const = 0;
+    virtual CanvasBlock canvasBlock() const = 0;
+    /// Announced by LayoutNotification::CanvasSizeChanged.
+    virtual bool setCanvasSize(const QSize &size) = 0;
+    virtual int frameRate() const = 0;  ///< hertz: 50, 60, 120 or 240
+    virtual int colorDepth() const = 0; ///< bits: 8, 10 or 12
+    /// Announced by LayoutNotification::PortLoadsChanged.
+    virtual bool setFrameRateAndColorDepth(int hertz, int bits) = 0;
+    virtual SBackgroundInfo background(const QUuid &processor) const = 0;
+    /// Announced by LayoutNotification::BackgroundChanged.
+    virtual bool setBackground(const SBackgroundInfo &info) = 0;
+
+    // ---- summary
+    // ---------------------------------------------------------------------------------------------
+    /// Area and offset of each given processor on the shared canvas, in pixels.
+    virtual ProcessorBoundingRects processorBoundingRects(const QList<QUuid> &processors) const = 0;
+    virtual bool setProcessorOffset(const QUuid &processor, const QPoint &offset) = 0;
+};

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+class CSubject;
+
+/// Receives a subject's notifications.
+class CObserver
+{
+public:
+    virtual ~CObserver() = default;
+
+    /// Called on the Update thread, once a notification. Arguments can be read from @p subject only until
+    /// this returns, so an observer copies what it needs. Exceptions pass through to the notifier.
+    virtual void Update(CSubject &subject) = 0;
+};

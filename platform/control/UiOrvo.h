@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QMetaType>
+
+namespace UiOrvo {
+
+/// The host's modules, by the number under which each registers its widgets with the host.
+enum EnModule { ModuleNone = 0, ModuleDevices = 1, ModuleLayout = 2 };
+
+} // namespace UiOrvo
+
+Q_DECLARE_METATYPE(UiOrvo::EnModule)

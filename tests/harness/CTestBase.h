@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QObject>
+#include <QRegularExpression>
+#include <QtTest>
+
+/// Base of all test classes: a warning that was not announced with expectWarning() fails the test.
+/// A test class that has init() or cleanup() of its own calls these first.
+class CTestBase : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Swallows every warning that matches @p pattern until the running test function ends.
+    static void expectWarning(const QRegularExpression &pattern);
+
+protected Q_SLOTS:
+    void init();
+    void cleanup();
+};
+
+/// Prepares the process before an application object exists: offscreen unless told otherwise, 96 dpi, a
+/// private home.
+class CTestEnvironment final
+{
+public:
+    CTestEnvironment();
+
+private:
+    QTemporaryDir m_home;
+};
+
+/// The main function of a test program: ORVO_TEST_MAIN(QApplication, CMyTest).
+#define ORVO_TEST_MAIN(Application, Test)                                                                    \
+    int main(int argc, char **argv)                                                                          \
+    {                                                                                                        \
+        const CTestEnvironment environment;                                                                  \
+        Application application(argc, argv);                                                                 \
+        Test test;                                                                                           \
+        return QTest::qExec(&test, argc, argv);                                                              \
+    }
