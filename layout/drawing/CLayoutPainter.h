@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/records/LayoutData.h"
-
 #include <QColor>
 #include <QLineF>
 #include <QRectF>
@@ -25,21 +23,11 @@ struct SCabinetLook
     bool redundant = false;
 };
 
-/// What a drawing of a whole layout shows.
-struct SLayoutDrawOptions
-{
-    bool checkerboard = true; ///< the canvas behind the cabinets
-    bool wires = true;
-    bool numbers = true;
-    bool groups = true;
-};
-
-/// What a cabinet, a wire, a group and a canvas look like, wherever they are drawn.
+/// What a cabinet, a wire, a group and a canvas look like, wherever they are drawn. Scales are device pixels
+/// a unit of the painter's coordinates; what would be too small to be told apart is left out. GUI thread.
 class CLayoutPainter final
 {
 public:
-    /// @p scale is device pixels a unit of the painter's coordinates; what would be unreadably small is left
-    /// out.
     static void paintCabinet(QPainter &painter, const SCabinetLook &look, qreal scale);
     /// A wiring line with its arrow head, from exit to entry point.
     static void paintWire(QPainter &painter, const QLineF &line, qreal scale);
@@ -48,21 +36,16 @@ public:
     /// Checkerboard and border of a canvas.
     static void paintCanvas(QPainter &painter, const QRectF &canvas, qreal scale);
 
-    /// Draws the whole layout, canvas and cabinets outside it included, centred in @p target with its
-    /// proportions kept.
-    static void paintLayout(QPainter &painter, const LayoutData &data, const QRectF &target,
-                            const SLayoutDrawOptions &options = {});
+    /// Many cabinets of one colour and their wires at a scale at which numbers and arrow heads could not be
+    /// seen.
+    static void paintCabinetsFromAfar(QPainter &painter, const QVector<QRectF> &rects, const QColor &fill,
+                                      qreal scale);
+    static void paintWiresFromAfar(QPainter &painter, const QVector<QLineF> &lines);
+    /// Whether cabinets of that width are drawn from afar.
+    static bool isAfar(qreal cabinetWidth, qreal scale) { return cabinetWidth * scale < 10; }
 
     /// The colour of a port whose record names none: stable for a port index, distinct for neighbours.
     static QColor defaultPortColor(int port);
-};
-
-/// Where wiring lines meet a cabinet, in canvas pixels.
-struct SWireAnchors
-{
-    QPointF entry;
-    QPointF exit;
-    /// A typed cabinet of two or more receivers is entered at its first and left at its last; any other at
-    /// its centre.
-    static SWireAnchors of(const CabinetLayout::CabinetPort::Cabinet &cabinet);
+    /// What a selected cabinet is filled with.
+    static QColor selectedFill(const QColor &fill);
 };

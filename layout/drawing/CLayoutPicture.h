@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/LayoutData.h"
+
+#include <QPointF>
+
+class QPainter;
+
+/// Where wiring lines meet a cabinet, in canvas pixels.
+struct SWireAnchors
+{
+    QPointF entry;
+    QPointF exit;
+    /// A typed cabinet of two or more receivers is entered at its first and left at its last; any other at
+    /// its centre.
+    static SWireAnchors of(const CabinetLayout::CabinetPort::Cabinet &cabinet);
+};
+
+/// What a drawing of a whole layout shows.
+struct SLayoutDrawOptions
+{
+    bool canvas = true; ///< the checkerboard behind the cabinets
+    bool wires = true;
+    bool numbers = true;
+    bool groups = true;
+};
+
+/// Draws a layout from its records alone, for pictures, the simulated screen and prints. GUI thread.
+class CLayoutPicture final
+{
+public:
+    /// What the picture shows, in canvas pixels: the canvas and every cabinet, those outside the canvas
+    /// included.
+    static QRect extent(const LayoutData &data);
+
+    /// Draws the extent centred in @p target, its proportions kept.
+    static void paint(QPainter &painter, const LayoutData &data, const QRectF &target,
+                      const SLayoutDrawOptions &options = {});
+};

@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+class QString;
+class QSvgRenderer;
+
+/// Keeps the renderers of the small pictures that are drawn on cabinets.
+class CSvgCache final
+{
+public:
+    /// The renderer of a resource; read once, owned by the application object. GUI thread.
+    static QSvgRenderer &renderer(const QString &resource);
+};
