@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/LayoutData.h"
+
+#include <QCoreApplication>
+#include <QString>
+#include <QUuid>
+#include <QVector>
+
+#include <functional>
+
+/// One thing that is wrong in a layout.
+struct SLayoutFinding
+{
+    enum Kind {
+        PortOverCapacity,
+        ProcessorOverCapacity,
+        TooManyCabinets,
+        PortBeyondCount,
+        Unwired,
+        RankGap,
+        RankTwice,
+        SamePosition,
+        Overlap,
+        OutsideCanvas,
+        BadSize
+    };
+    Kind kind = Unwired;
+    int port = -1; ///< output-port index, from 0; -1: the whole processor
+    QUuid cabinet; ///< null: no single cabinet
+    QString text;  ///< for the user, with port (from 1) and place of the cabinet
+};
+
+/// What a layout is checked against; what is left out is not checked.
+struct SLayoutLimits
+{
+    std::function<int(const CabinetLayout::CabinetPort &)> portLoad; ///< percent of the port's capacity
+    qint64 processorPixels = 0; ///< the most pixels that the processor can drive; 0: no limit
+    int portCount = 0;          ///< output ports in use; 0: any
+};
+
+/// Lists what is wrong in a layout: loads, wiring, placement. Any thread.
+class CLayoutCheck final
+{
+    Q_DECLARE_TR_FUNCTIONS(CLayoutCheck)
+
+public:
+    static constexpr int MaximumCabinetsPerPort = 1024;
+    static constexpr int MaximumCabinetSide = 2048; ///< pixels
+
+    /// In ascending port order, within a port by kind. O(n log n) but for cabinets that overlap.
+    static QVector<SLayoutFinding> findings(const LayoutData &data, const SLayoutLimits &limits = {});
+};

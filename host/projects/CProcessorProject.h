@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/CabinetLayout.h"
+#include "layout/data/records/SBackgroundInfo.h"
+#include "platform/common/CResult.h"
+
+#include <QCoreApplication>
+#include <QSize>
+
+/// What a processor project file (*.sprj) holds: one processor's settings and layout.
+struct SProcessorProject
+{
+    QString name;       ///< of the processor
+    QString kind;       ///< id of the processor kind; empty: any kind with enough ports
+    int portCount = 0;  ///< output ports in use
+    QSize canvas;       ///< pixels
+    int frameRate = 60; ///< hertz
+    int colorDepth = 8; ///< bits
+    SBackgroundInfo background;
+    CabinetLayout layout; ///< with the processor's identity
+
+    friend bool operator==(const SProcessorProject &a, const SProcessorProject &b);
+    friend bool operator!=(const SProcessorProject &a, const SProcessorProject &b) { return !(a == b); }
+};
+
+/// Reads and writes processor project files. Error texts name the file and the place. Any thread.
+class CProcessorProject final
+{
+    Q_DECLARE_TR_FUNCTIONS(CProcessorProject)
+
+public:
+    static CResult<SProcessorProject> read(const QString &file);
+    static CStatus write(const QString &file, const SProcessorProject &project);
+};

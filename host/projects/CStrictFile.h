@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "platform/common/CResult.h"
+
+#include <QCoreApplication>
+#include <QJsonObject>
+#include <QString>
+
+/// One of our file formats.
+struct SFileFormat
+{
+    const char *id;      ///< stands in the file, e.g. "orvo-processor-project"
+    const char *article; ///< what it is called in messages, e.g. "a processor project"
+    int version;         ///< the newest that this program knows
+};
+
+/// The container of all our files: a header line with format, version, length and SHA-256, then one JSON
+/// object. A file that is cut, altered, hostile or newer is refused with one text that names the file and the
+/// place. Any thread.
+class CStrictFile final
+{
+    Q_DECLARE_TR_FUNCTIONS(CStrictFile)
+
+public:
+    static constexpr qint64 MaximumBytes = 128 * 1024 * 1024;
+
+    /// Writes atomically and keeps the previous generation as "file~".
+    static CStatus write(const QString &file, const SFileFormat &format, const QJsonObject &body);
+    static CResult<QJsonObject> read(const QString &file, const SFileFormat &format);
+    /// What write() puts into the file.
+    static QByteArray encode(const SFileFormat &format, const QJsonObject &body);
+    /// The body of a file's content; @p file is for the error text.
+    static CResult<QJsonObject> decode(const QByteArray &content, const SFileFormat &format,
+                                       const QString &file);
+};

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/CabinetLayout.h"
+#include "layout/data/records/SBackgroundInfo.h"
+#include "layout/data/records/SPrjPort.h"
+#include "layout/data/records/SSettings.h"
+#include "platform/common/CResult.h"
+
+#include <QCoreApplication>
+#include <QJsonObject>
+
+/// The one place that turns layout records to JSON and back; what is read back equals what was written
+/// (colours: 8 bits a channel). Members with their default value are left out. Reading is strict: an unknown
+/// or missing member, a wrong type, a number out of range, an identity that occurs twice gives an error text
+/// that begins with the place ("ports[3].groups[0].cabinets[12].rect: …"). Any thread.
+class CRecordJson final
+{
+    Q_DECLARE_TR_FUNCTIONS(CRecordJson)
+
+public:
+    using Port = CabinetLayout::CabinetPort;
+    using Group = Port::CabinetGroup;
+    using Cabinet = Port::Cabinet;
+    using RcvTypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
+
+    static constexpr int MaximumGroupDepth = 64; ///< of groups within groups
+    static constexpr int MaximumPortIndex = 1023;
+    static constexpr int MaximumCoordinate = 1 << 24; ///< pixels, to either side; also the largest size
+    static constexpr int MaximumTextLength = 1024;
+
+    static QJsonObject toJson(const CabinetLayout &layout);
+    static QJsonObject toJson(const Port &port);
+    static QJsonObject toJson(const Group &group);
+    static QJsonObject toJson(const Cabinet &cabinet);
+    static QJsonObject toJson(const SBackgroundInfo &info);
+    static QJsonObject toJson(const RcvTypeInfo &info);
+    static QJsonObject toJson(const SPrjPort &port);
+
+    /// @p place is where the value stands in its document, the begin of each error text; empty: the document.
+    static CResult<CabinetLayout> layout(const QJsonValue &json, const char *place = nullptr);
+    static CResult<Port> port(const QJsonValue &json, const char *place = nullptr);
+    static CResult<Group> group(const QJsonValue &json, const char *place = nullptr);
+    static CResult<Cabinet> cabinet(const QJsonValue &json, const char *place = nullptr);
+    static CResult<SBackgroundInfo> background(const QJsonValue &json, const char *place = nullptr);
+    static CResult<RcvTypeInfo> typeInfo(const QJsonValue &json, const char *place = nullptr);
+    static CResult<SPrjPort> projectPort(const QJsonValue &json, const char *place = nullptr);
+};

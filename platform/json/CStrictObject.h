@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QCoreApplication>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QRect>
+#include <QSize>
+#include <QUuid>
+#include <QVector>
+
+/// Where a value stands in a JSON document, as a chain of steps that live on the stack of the reader.
+struct SJsonPlace
+{
+    const SJsonPlace *parent = nullptr;
+    const char *member = nullptr; ///< null: an element of an array
+    int index = -1;               ///< of the element, from 0
+
+    /// E.g. "ports[3].groups[0].rect"; empty for the document itself.
+    QString text() const;
+};
+
+/// Reads the members of one JSON object strictly: each must be there, of its type and in its range, and none
+/// may be left over. The first error of a document is kept in the text given to the constructor, with its
+/// place; after it all reads give defaults. The operations whose name ends in Or read a member that may be
+/// left out.
+class CStrictObject final
+{
+    Q_DECLARE_TR_FUNCTIONS(CStrictObject)
+
+public:
+    /// @p place and @p error must outlive the object; @p error is only written when it is empty.
+    CStrictObject(const QJsonValue &value, const SJsonPlace &place, QString &error);
+
+    /// Whole numbers from @p minimum to @p maximum.
+    qint64 integer(const char *key, qint64 minimum, qint64 maximum);
+    qint64 integerOr(qint64 fallback, const char *key, qint64 minimum, qint64 maximum);
+    int smallInteger(const char *key, int minimum, int maximum);
+    int smallIntegerOr(int fallback, const char *key, int minimum, int maximum);
+    double number(const char *key, double minimum, double maximum);
+    double numberOr(double fallback, const char *key, double minimum, double maximum);
+    bool flagOr(bool fallback, const char *key);
+    /// Well-formed Unicode without control characters, of at most @p longest characters.
+    QString text(const char *key, int longest);
+    QString textOr(const QString &fallback, const char *key, int longest);
+    /// 36 characters, without braces; never null.
+    QUuid uuid(const char *key);
+    QUuid uuidOr(const QUuid &fallback, const char *key);
+    /// Written [width, height], each 1 to @p largest.
+    QSize size(const char *key, int largest);
+    /// Written [x, y, width, height].
+    QRect rect(const char *key);
+    QVector<QRect> rectsOr(const char *key);
+    QVector<int> integersOr(const char *key, int minimum, int maximum);
+    QJsonArray array(const char *key);
+    QJsonArray arrayOr(const char *key);
+    QJsonValue value(const char *key);
+    bool has(const char *key) const;
+
+    SJsonPlace placeOf(const char *key) const { return {&m_place, key, -1}; }
+    /// Reports @p what at the member; for rules that this class does not know.
+    void fail(const char *key, const QString &what);
+    /// Reports the members that nobody read. True when the document has no error so far.
+    bool finish();
+
+    /// The JSON of a rectangle: [x, y, width, height].
+    static QJsonArray fromRect(const QRect &rect);
+    static QJsonArray fromRects(const QVector<QRect> &rects);
+    static QString fromUuid(const QUuid &uuid) { return uuid.toString(QUuid::WithoutBraces); }
+
+private:
+    QJsonValue take(const char *key, bool required);
+    void failAt(const SJsonPlace &place, const QString &what);
+    qint64 toInteger(const QJsonValue &value, const SJsonPlace &place, qint64 minimum, qint64 maximum);
+    QRect toRect(const QJsonValue &value, const SJsonPlace &place);
+
+    QJsonObject m_object;
+    const SJsonPlace &m_place;
+    QString &m_error;
+    QVector<const char *> m_taken;
+};
