@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+/// The one instance of T, created on first use (by whichever thread comes first) and destroyed when its
+/// library is unloaded. Each type has one accessor, so that an instance is never duplicated a library:
+/// ORVO_DECLARE_SINGLETON(T) stands behind the class in its header, ORVO_DEFINE_SINGLETON(T) in its .cpp.
+template <typename T>
+class CSingleton final
+{
+public:
+    static T &instance();
+};
+
+#define ORVO_DECLARE_SINGLETON(T)                                                                            \
+    template <>                                                                                              \
+    T &CSingleton<T>::instance();
+
+#define ORVO_DEFINE_SINGLETON(T)                                                                             \
+    template <>                                                                                              \
+    T &CSingleton<T>::instance()                                                                             \
+    {                                                                                                        \
+        static T instance;                                                                                   \
+        return instance;                                                                                     \
+    }
