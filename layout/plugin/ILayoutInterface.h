@@ -17,4 +17,8 @@ public:
     /// Blocks editing by the user, for the host's lock control; viewing stays possible.
     virtual void setEditingBlocked(bool blocked) = 0;
     virtual bool isEditingBlocked() const = 0;
+
+    /// Brings the module's "Show screen" button in step when the host opened or closed the screen itself;
+    /// does not call the host back.
+    virtual void setScreenShown(bool shown) = 0;
 };
