@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/devices/SDevice.h"
+
+#include <QList>
+#include <QUuid>
+
+#include <functional>
+#include <mutex>
+#include <optional>
+
+/// The one owner of what the host knows of its processors, their order and the selection. Any thread: values
+/// are copied in and out under a lock; nothing is called under it but the edit given to change().
+class CDeviceTable final
+{
+public:
+    /// Groups of devices, in the order of the tree; their members are found by SDevice::group.
+    struct SGroup
+    {
+        QUuid uuid;
+        QString name;
+    };
+
+    /// Projects first, then devices, each in the order of adding.
+    QList<SDevice> devices() const;
+    std::optional<SDevice> device(const QUuid &processor) const;
+    bool contains(const QUuid &processor) const;
+    QList<SGroup> groups() const;
+    QList<ProcessorTree::ProcessorNode> nodes() const;
+
+    /// Adds a processor, or replaces the one of the same key.
+    void put(const SDevice &device);
+    void remove(const QUuid &processor);
+    void setGroups(const QList<SGroup> &groups);
+    /// Lets @p edit change a processor under the lock; false when it is not known. @p edit must be short and
+    /// call nothing else of the table.
+    bool change(const QUuid &processor, const std::function<void(SDevice &)> &edit);
+
+    QUuid current() const; ///< null: none
+    std::optional<SDevice> currentDevice() const;
+    QList<QUuid> selection() const;
+    void setSelection(const QUuid &current, const QList<QUuid> &selection);
+    ProcessorBoundingRects areas(const QList<QUuid> &processors) const;
+
+private:
+    SDevice *find(const QUuid &processor);
+    const SDevice *find(const QUuid &processor) const;
+
+    mutable std::mutex m_mutex;
+    QList<SDevice> m_projects;
+    QList<SDevice> m_devices;
+    QList<SGroup> m_groups;
+    QUuid m_current;
+    QList<QUuid> m_selection;
+};

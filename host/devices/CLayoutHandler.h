@@ -1,0 +1,124 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/plugin/ILayoutInterfaceHandler.h"
+
+#include <QCoreApplication>
+
+#include <memory>
+#include <mutex>
+
+class CDeviceCommands;
+class CDeviceManager;
+class CMappingFiles;
+class CRedundancyPairs;
+class CStatus;
+class CTypeLibrary;
+
+/// What the Layout module asks of the host, answered from the device manager.
+class CLayoutHandler final : public ILayoutInterfaceHandler
+{
+    Q_DECLARE_TR_FUNCTIONS(CLayoutHandler)
+
+public:
+    /// Both must outlive the handler.
+    CLayoutHandler(CDeviceManager &manager, const CTypeLibrary &library);
+    ~CLayoutHandler() override;
+
+    QSize getCanvasSize() const override;
+    void showScreen(bool shown) override;
+    void applyLayoutFollowUp(bool full) override;
+    ProcessorTree::ProcessorNode getProcessorNode(const QUuid &processor) const override;
+    void commitLayoutData(const LayoutData &data) override;
+    bool exportProcessorMapping(const QUuid &processor, const QString &file) override;
+    bool importProcessorMapping(const QUuid &processor, const QString &file, bool overwriteLocked) override;
+    bool setCabinetStatusLed(bool on) override;
+    int getDetectedProcessorCount() const override;
+    bool layoutFollowUpNeeded() const override;
+    bool isFiberTransceiverMode(const QUuid &processor) const override;
+
+    ProcessorTree::ProcessorNode currentProcessorNode() const override;
+    QVector<CabinetLayout::CabinetPort> currentProcessorPorts() const override;
+    LayoutData layoutData(const QUuid &processor) const override;
+    int preparatoryStep(const QUuid &processor) const override;
+    void performPreparatoryStep(const QUuid &processor) override;
+    QList<ProcessorTree::ProcessorNode> selectedProcessors() const override;
+
+    QString lastError() const override;
+    QList<ProcessorTree::ProcessorNode> processors() const override;
+    bool copyProcessorMapping(const QUuid &from, const QUuid &to, bool overwriteLocked) override;
+    int outputPortCount(const QUuid &processor) const override;
+    int maximumPortCount(const QUuid &processor) const override;
+    bool setOutputPortCount(const QUuid &processor, int count) override;
+    bool setProcessorRedundancy(const QUuid &primary, const QUuid &redundancy) override;
+    bool cancelProcessorRedundancy(const QUuid &processor) override;
+    QList<QPair<QUuid, QUuid>> processorRedundancies() const override;
+    ProcessorTree::ProcessorNode processorOfCabinet(const QUuid &cabinet) const override;
+    bool setWorkMode(const QUuid &processor, ProcessorWorkMode mode) override;
+
+    QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const override;
+
+    bool setCabinetHighlight(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
+                             CabinetHighlight highlight) override;
+    bool exportCabinetConfig(const CabinetLayout::CabinetPort::Cabinet &cabinet,
+                             const QString &file) override;
+    bool readbackCabinetConfig(int port, const CabinetLayout::CabinetPort::Cabinet &cabinet,
+                               const QString &file, const QString &typeName) override;
+
+    bool isPortRedundancyBlocked() const override;
+    bool isPortRedundancySupported() const override;
+    bool setPortRedundancy(int primary, int backup) override;
+    bool cancelPortRedundancy(int port) override;
+    bool exportPortMapping(const QUuid &processor, int port, const QString &file) override;
+    bool importPortMapping(const QUuid &processor, int port, const QString &file,
+                           bool overwriteLocked) override;
+
+    int portLoad(const CabinetLayout::CabinetPort &port, int index) const override;
+    void readMapping(ReadSaveMappingRole role, const SMappingOptions &options, Done done) override;
+    void saveMapping(ReadSaveMappingRole role, const LayoutData &data, Done done) override;
+
+    QList<SPortArea> portAreas() const override;
+    bool setPortAreas(const QList<SPortArea> &areas) override;
+    int lowLatencyWidthLimit() const override;
+    bool isThreeDEnabled() const override;
+
+    bool applyProcessorRedundancy(const QList<QUuid> &processors,
+                                  const QList<QPair<QUuid, QUuid>> &pairs) override;
+    bool areProcessorsOnline(const QList<QUuid> &processors) const override;
+    bool areProcessorsBusy(const QList<QUuid> &processors) const override;
+
+    void showTypeLibrary(QWidget *parent) override;
+    bool areOnPrimaryPorts(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets) const override;
+    bool sendCabinetParameters(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets, const SMD5 &type,
+                               double gamma) override;
+
+    QList<SCurrentGain> currentGains() const override;
+    bool importCurrentGain(const QString &file) override;
+    bool clearCurrentGains() override;
+    bool sendCurrentGains(const QList<SCurrentGain> &gains) override;
+
+    SCanvasLimits canvasLimits() const override;
+    CanvasBlock canvasBlock() const override;
+    bool setCanvasSize(const QSize &size) override;
+    int frameRate() const override;
+    int colorDepth() const override;
+    bool setFrameRateAndColorDepth(int hertz, int bits) override;
+    SBackgroundInfo background(const QUuid &processor) const override;
+    bool setBackground(const SBackgroundInfo &info) override;
+
+    ProcessorBoundingRects processorBoundingRects(const QList<QUuid> &processors) const override;
+    bool setProcessorOffset(const QUuid &processor, const QPoint &offset) override;
+
+private:
+    bool told(const CStatus &status); ///< remembers why it failed
+
+    CDeviceManager &m_manager;
+    const CTypeLibrary &m_library;
+    const std::unique_ptr<CDeviceCommands> m_commands;
+    const std::unique_ptr<CMappingFiles> m_files;
+    const std::unique_ptr<CRedundancyPairs> m_redundancy;
+    mutable std::mutex m_mutex; // guards the members below
+    QString m_lastError;
+    bool m_followUpNeeded = false;
+};

@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/devices/SProcessorKind.h"
+#include "layout/data/records/CabinetLayout.h"
+
+/// What output ports can carry and how full they are. Pure arithmetic; any thread.
+class CPortCapacity final
+{
+public:
+    /// The signal that ports carry.
+    struct SSignal
+    {
+        int frameRate = 60; ///< hertz
+        int colorDepth = 8; ///< bits
+        bool threeD = false;
+    };
+
+    static constexpr qint64 ThreeDPixels = 640 * 512; ///< the most that a port carries with 3D on
+
+    /// Pixels that one port can carry; 0 for a depth that the generation does not offer.
+    static qint64 capacity(const SReceiverGeneration &generation, const SSignal &signal);
+    /// Pixels that a port is charged for its cabinets.
+    static qint64 charged(const SReceiverGeneration &generation, const CabinetLayout::CabinetPort &port);
+    /// @p used of @p capacity in percent, rounded up; without capacity any use is an overload.
+    static int percent(qint64 used, qint64 capacity);
+    /// Load of a port that is charged @p used pixels while all ports together are charged @p total. A port in
+    /// use is never less loaded than the processor as a whole, whose own limit counts as well.
+    static int load(const SProcessorKind &kind, const SSignal &signal, qint64 used, qint64 total);
+};

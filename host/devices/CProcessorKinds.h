@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/devices/SProcessorKind.h"
+#include "platform/common/CResult.h"
+
+#include <QCoreApplication>
+
+/// The kinds of processors that the program knows, read from a data file. Immutable; any thread.
+class CProcessorKinds final
+{
+    Q_DECLARE_TR_FUNCTIONS(CProcessorKinds)
+
+public:
+    /// The kinds that come with the program, read once.
+    static const CProcessorKinds &builtIn();
+    /// Kinds from the content of a data file; the error names the entry.
+    static CResult<CProcessorKinds> fromJson(const QByteArray &content);
+
+    const QVector<SProcessorKind> &all() const { return m_kinds; }
+    /// The kind of that id, or null. Valid as long as the kinds.
+    const SProcessorKind *find(const QString &id) const;
+    /// The kind with the fewest ports that has at least @p ports, or null.
+    const SProcessorKind *withPorts(int ports) const;
+
+private:
+    QVector<SProcessorKind> m_kinds;
+};

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/devices/SProcessorKind.h"
+#include "layout/data/records/CabinetLayout.h"
+
+#include <QHash>
+
+/// A processor's working layout beside the mapping that was last saved or read. An edit costs the ports that
+/// it changed. A value: copies share.
+class CWorkingLayout final
+{
+public:
+    /// Takes another layout; cabinets that are in the saved mapping get their places in it.
+    void take(const CabinetLayout &layout, const SReceiverGeneration &generation);
+    /// Takes the mapping that device or file now hold, numbered by numbered().
+    void setSaved(const CabinetLayout &mapping);
+
+    const CabinetLayout &layout() const { return m_layout; }
+    const CabinetLayout &saved() const { return m_saved; }
+    bool isModified() const { return !sameMapping(m_layout, m_saved); }
+    /// Grows with each take(), so that work in the background can tell whether something was edited
+    /// meanwhile.
+    quint64 edition() const { return m_edition; }
+
+    qint64 chargedPixels(int port) const { return m_charged.value(port); }
+    qint64 chargedPixels() const; ///< of all ports
+
+    /// The layout with each wired cabinet's place in the mapping: by port, then by rank.
+    static CabinetLayout numbered(CabinetLayout layout);
+    /// Whether two layouts give the same mapping and look the same; loads and highlights do not count.
+    static bool sameMapping(const CabinetLayout &a, const CabinetLayout &b);
+
+private:
+    void renumber(CabinetLayout::CabinetPort &port) const;
+
+    CabinetLayout m_taken; // as given, to find what is shared with the next
+    CabinetLayout m_layout;
+    CabinetLayout m_saved;
+    QHash<QUuid, int> m_places;   // of cabinets in the saved mapping
+    QHash<int, qint64> m_charged; // pixels by port
+    quint64 m_edition = 0;
+};

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/devices/CPortCapacity.h"
+#include "host/devices/CWorkingLayout.h"
+#include "host/devices/SProcessorSettings.h"
+#include "layout/data/records/LayoutData.h"
+#include "layout/data/records/ProcessorTree.h"
+
+#include <QRect>
+
+/// One processor as the host knows it: a device, or a project without device. Copies share their layouts.
+struct SDevice
+{
+    ProcessorTree::ProcessorNode node;
+    SProcessorKind kind;
+    QUuid group;          ///< null: in no group
+    bool project = false; ///< has no device
+    QString file;         ///< of a project; empty: none yet
+    SProcessorSettings settings;
+    SProcessorSettings savedSettings; ///< of a project: as in its file
+    CWorkingLayout working;
+    quint64 revision = 0;              ///< of the mapping on the device when it was last read or saved
+    QVector<SCurrentGainRow> gainRows; ///< current-gain parameters that were imported
+
+    bool isModified() const { return working.isModified() || (project && settings != savedSettings); }
+    QRect area() const { return {settings.offset, settings.canvas}; } ///< on the shared canvas
+    LayoutData data() const;
+    /// Load in percent that @p port has in place of the working layout's port @p index.
+    int portLoad(const CabinetLayout::CabinetPort &port, int index) const;
+    /// Takes @p layout as the working layout, with exactly the ports that are in use.
+    void takeLayout(CabinetLayout layout);
+};

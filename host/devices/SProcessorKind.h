@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/SHostRecords.h"
+
+#include <QMap>
+#include <QString>
+#include <QVector>
+
+/// What the receivers of one generation accept on a 1 Gbit port.
+struct SReceiverGeneration
+{
+    QString id;
+    qint64 netBitsPerSecond = 0;
+    QMap<int, int> wireBits; ///< colour depth in bits → bits a pixel on the wire; a depth left out is refused
+    bool chargesBoundingRect = false; ///< a port is charged the rectangle around its cabinets, not their sum
+};
+
+/// What a kind of processor can do.
+struct SProcessorKind
+{
+    QString id;
+    QString name;          ///< the model, as shown to the user
+    int ports = 0;         ///< output ports
+    qint64 pixelLimit = 0; ///< the most pixels of all ports together
+    SCanvasLimits canvas;
+    int lowLatencyWidth = 0; ///< pixels; 0: no limit
+    bool portRedundancy = false;
+    QVector<int> frameRates; ///< hertz
+    SReceiverGeneration generation;
+
+    bool supportsDepth(int bits) const { return generation.wireBits.contains(bits); }
+};
