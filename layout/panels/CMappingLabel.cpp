@@ -1,0 +1,132 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/panels/CMappingLabel.h"
+
+#include "platform/widgets/CMenuToolButton.h"
+#include "platform/widgets/CSeparator.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QLabel>
+
+namespace {
+
+constexpr int OptionWidth = 284;
+constexpr QSize MappingButtonSize(96, 24);
+
+} // namespace
+
+CMappingLabel::CMappingLabel(QWidget *parent)
+    : CUnitLabel(parent)
+    , m_read(new CMenuToolButton(tr("Read")))
+    , m_save(new CMenuToolButton(tr("Save")))
+{
+    buildUi();
+    connectSignals();
+    updateEnabled();
+}
+
+void CMappingLabel::setBusy(bool busy)
+{
+    m_busy = busy;
+    updateEnabled();
+}
+
+void CMappingLabel::reportMappingSaved()
+{
+    Q_EMIT notifySaveMappingSuccessed();
+}
+
+void CMappingLabel::onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor)
+{
+    m_processorReady = !processor.uuid.isNull() && processor.online && !processor.fiberTransceiver;
+    updateEnabled();
+}
+
+void CMappingLabel::onCurrentProcessorStateChanged(const ProcessorTree::ProcessorNode &processor)
+{
+    onCurrentProcessorChanged(processor);
+}
+
+void CMappingLabel::onReadTriggered(QAction *action)
+{
+    SMappingOptions options;
+    options.numberMapping = m_numberMapping->isChecked();
+    options.realtime = m_realtime->isChecked();
+    options.mappingFromProcessor = m_fromProcessor->isChecked();
+    Q_EMIT notifyReadMapping(action->data().value<ReadSaveMappingRole>(), options);
+}
+
+void CMappingLabel::onSaveTriggered(QAction *action)
+{
+    Q_EMIT notifySaveMapping(action->data().value<ReadSaveMappingRole>());
+}
+
+void CMappingLabel::buildUi()
+{
+    SetTitle(tr("Mapping"));
+    addReadSection();
+    contentLayout()->addWidget(new CSeparator);
+    addSaveSection();
+}
+
+void CMappingLabel::addReadSection()
+{
+    m_read->addAction(tr("Current processor cabinets"), QVariant::fromValue(ReadSaveMappingRole::Current));
+    m_read->addAction(tr("All cabinets"), QVariant::fromValue(ReadSaveMappingRole::All));
+    addSectionRow(tr("Read mapping"), m_read);
+
+    const SMappingOptions initial;
+    m_numberMapping =
+        addOption(tr("OSD(Number mapping)"), tr("The cabinets show their numbers while they are read"),
+                  initial.numberMapping);
+    m_realtime = addOption(tr("Realtime mapping"), tr("Read again whenever the processor announces a change"),
+                           initial.realtime);
+    m_fromProcessor =
+        addOption(tr("Mapping from processor"),
+                  tr("Read the mapping saved in the processor, otherwise the one that the cabinets report"),
+                  initial.mappingFromProcessor);
+}
+
+void CMappingLabel::addSaveSection()
+{
+    m_save->addAction(tr("Current processor and cabinets"),
+                      QVariant::fromValue(ReadSaveMappingRole::Current));
+    m_save->addAction(tr("All processors and cabinets"), QVariant::fromValue(ReadSaveMappingRole::All));
+    addSectionRow(tr("Save mapping"), m_save);
+}
+
+void CMappingLabel::addSectionRow(const QString &caption, CMenuToolButton *button)
+{
+    button->setFixedSize(MappingButtonSize);
+    auto *row = new QHBoxLayout;
+    row->addWidget(new QLabel(caption));
+    row->addStretch(1);
+    row->addWidget(button);
+    contentLayout()->addLayout(row);
+}
+
+QCheckBox *CMappingLabel::addOption(const QString &text, const QString &toolTip, bool checked)
+{
+    auto *option = new QCheckBox(text);
+    option->setFixedWidth(OptionWidth);
+    option->setToolTip(toolTip);
+    option->setChecked(checked);
+    contentLayout()->addWidget(option);
+    return option;
+}
+
+void CMappingLabel::connectSignals()
+{
+    connect(m_read, &CMenuToolButton::notifyActionTriggered, this, &CMappingLabel::onReadTriggered);
+    connect(m_save, &CMenuToolButton::notifyActionTriggered, this, &CMappingLabel::onSaveTriggered);
+}
+
+void CMappingLabel::updateEnabled()
+{
+    for (CMenuToolButton *button : {m_read, m_save})
+        button->setEnabled(m_processorReady && !m_busy);
+    for (QCheckBox *option : {m_numberMapping, m_realtime, m_fromProcessor})
+        option->setEnabled(m_processorReady);
+}

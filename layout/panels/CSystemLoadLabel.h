@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "platform/widgets/CUnitLabel.h"
+
+class CSystemLoadProgressBar;
+
+/// The unit "System load": how much of the current processor's capacity is used.
+class CSystemLoadLabel final : public CUnitLabel
+{
+    Q_OBJECT
+
+public:
+    explicit CSystemLoadLabel(QWidget *parent = nullptr);
+
+public Q_SLOTS:
+    /// @p load: percent, above 100 when the processor is overloaded.
+    void onNotifyProcessorPayloadChanged(int load);
+
+private:
+    CSystemLoadProgressBar *m_bar = nullptr;
+};

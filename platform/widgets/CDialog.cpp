@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/widgets/CDialog.h"
+
+#include <QPushButton>
+#include <QVBoxLayout>
+
+CDialog::CDialog(const QString &title, QDialogButtonBox::StandardButtons buttons, QWidget *parent)
+    : QDialog(parent)
+    , m_content(new QVBoxLayout)
+    , m_buttons(new QDialogButtonBox(buttons, this))
+{
+    setWindowTitle(title);
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    buildUi();
+    connectSignals();
+}
+
+void CDialog::setDefaultButton(QDialogButtonBox::StandardButton button)
+{
+    QPushButton *pushButton = m_buttons->button(button);
+    Q_ASSERT(pushButton);
+    pushButton->setDefault(true);
+}
+
+void CDialog::buildUi()
+{
+    auto *outer = new QVBoxLayout(this);
+    outer->setContentsMargins(12, 12, 12, 12);
+    outer->setSpacing(12);
+    outer->addLayout(m_content, 1);
+    outer->addWidget(m_buttons);
+}
+
+void CDialog::connectSignals()
+{
+    connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+}

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QDialog>
+#include <QDialogButtonBox>
+
+class QVBoxLayout;
+
+/// Base of all dialogs: a title, a content area and a row of standard buttons below it. It may be resized
+/// unless its owner calls setFixedSize().
+class CDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// A dialog with @p buttons, of which the accepting ones accept and the rejecting ones reject it; what
+    /// Apply and Reset do, the owner connects.
+    CDialog(const QString &title, QDialogButtonBox::StandardButtons buttons, QWidget *parent);
+
+    QVBoxLayout *contentLayout() const { return m_content; }
+    QDialogButtonBox *buttonBox() const { return m_buttons; }
+
+    /// Makes @p button, which must be one of the dialog's, the one that Enter presses.
+    void setDefaultButton(QDialogButtonBox::StandardButton button);
+
+private:
+    void buildUi();
+    void connectSignals();
+
+    QVBoxLayout *m_content = nullptr;
+    QDialogButtonBox *m_buttons = nullptr;
+};

@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QWidget>
+
+/// A thin line across a column, between what does not belong together.
+class CSeparator final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CSeparator(QWidget *parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+};

@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/widgets/CTheme.h"
+
+#include "platform/widgets/ThemeColors.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFont>
+#include <QHash>
+#include <QPalette>
+#include <QRegularExpression>
+#include <QStyleFactory>
+#include <QToolTip>
+
+#include <cmath>
+
+// Outside any namespace, as the macro asks for.
+static void initThemeResources()
+{
+    Q_INIT_RESOURCE(theme);
+}
+
+namespace {
+
+constexpr int ThemeFontPixels = 12;
+
+const QHash<QString, QRgb> &themeColorNames()
+{
+    using namespace ThemeColors;
+    static const QHash<QString, QRgb> names{
+        {QStringLiteral("Frame"), Frame},
+        {QStringLiteral("Base"), Base},
+        {QStringLiteral("Raised"), Raised},
+        {QStringLiteral("RaisedHover"), RaisedHover},
+        {QStringLiteral("Border"), Border},
+        {QStringLiteral("Outline"), Outline},
+        {QStringLiteral("Text"), Text},
+        {QStringLiteral("SoftText"), SoftText},
+        {QStringLiteral("DimText"), DimText},
+        {QStringLiteral("Accent"), Accent},
+        {QStringLiteral("AccentHover"), AccentHover},
+        {QStringLiteral("AccentDown"), AccentDown},
+        {QStringLiteral("Focus"), Focus},
+    };
+    return names;
+}
+
+QPalette themePalette()
+{
+    using namespace ThemeColors;
+    QPalette palette{QColor(Raised), QColor(Frame)};
+    palette.setColor(QPalette::Base, Base);
+    palette.setColor(QPalette::AlternateBase, Frame);
+    palette.setColor(QPalette::ToolTipBase, Raised);
+    palette.setColor(QPalette::Highlight, Accent);
+    palette.setColor(QPalette::Link, Focus);
+    palette.setColor(QPalette::LinkVisited, Focus);
+    palette.setColor(QPalette::PlaceholderText, DimText);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                                           QPalette::ToolTipText, QPalette::HighlightedText}) {
+        palette.setColor(role, Text);
+        palette.setColor(QPalette::Disabled, role, DimText);
+    }
+    palette.setColor(QPalette::Disabled, QPalette::Button, Frame);
+    palette.setColor(QPalette::Disabled, QPalette::Base, Frame);
+    palette.setColor(QPalette::Disabled, QPalette::Highlight, Base);
+    return palette;
+}
+
+QString themeStyleSheet()
+{
+    QFile file(QStringLiteral(":/Theme/theme.qss"));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("the style sheet is missing from the program");
+    QString sheet = QString::fromUtf8(file.readAll());
+    const QHash<QString, QRgb> &names = themeColorNames();
+    for (auto it = names.cbegin(); it != names.cend(); ++it) {
+        const QRegularExpression wholeName(QStringLiteral("@%1\\b").arg(it.key()));
+        sheet.replace(wholeName, QColor(it.value()).name());
+    }
+    return sheet;
+}
+
+double linearChannel(double value)
+{
+    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+}
+
+double relativeLuminance(const QColor &color)
+{
+    return 0.2126 * linearChannel(color.redF()) + 0.7152 * linearChannel(color.greenF()) +
+           0.0722 * linearChannel(color.blueF());
+}
+
+} // namespace
+
+void CTheme::apply(QApplication &application)
+{
+    initThemeResources();
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setPalette(themePalette());
+    QToolTip::setPalette(themePalette());
+    // Many sizes are fixed in pixels, so the text is too; the display's scale factor enlarges both.
+    QFont font = QApplication::font();
+    font.setPixelSize(ThemeFontPixels);
+    QApplication::setFont(font);
+    application.setStyleSheet(themeStyleSheet());
+}
+
+QColor CTheme::textOn(const QColor &background)
+{
+    const QColor light(ThemeColors::Text);
+    const QColor dark(ThemeColors::DarkText);
+    return contrast(background, light) >= contrast(background, dark) ? light : dark;
+}
+
+double CTheme::contrast(const QColor &a, const QColor &b)
+{
+    const double first = relativeLuminance(a);
+    const double second = relativeLuminance(b);
+    return (qMax(first, second) + 0.05) / (qMin(first, second) + 0.05);
+}

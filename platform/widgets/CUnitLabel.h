@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QWidget>
+
+class QToolButton;
+class QVBoxLayout;
+
+/// A titled block of a side panel, which a click on its title, or Space or Enter on it, folds and unfolds.
+class CUnitLabel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CUnitLabel(QWidget *parent = nullptr);
+
+    void SetTitle(const QString &title);
+    QString title() const;
+
+    /// Hides or shows everything below the title. A new unit is unfolded.
+    void setCollapsed(bool collapsed);
+    bool isCollapsed() const;
+
+    /// Where a unit puts what it shows.
+    QVBoxLayout *contentLayout() const { return m_contentLayout; }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void buildUi();
+    void connectSignals();
+
+    QToolButton *m_header = nullptr;
+    QWidget *m_content = nullptr;
+    QVBoxLayout *m_contentLayout = nullptr;
+};

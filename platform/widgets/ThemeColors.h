@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QColor>
+
+/// The colours of the application's dark look, by what they are for. Nothing else names a colour of the
+/// theme.
+namespace ThemeColors {
+
+constexpr QRgb Frame = qRgb(31, 31, 36);       ///< windows, panels, dialogs
+constexpr QRgb Base = qRgb(20, 20, 24);        ///< behind lists, tables, text to edit, bars
+constexpr QRgb Raised = qRgb(52, 52, 60);      ///< buttons, menus, tool tips
+constexpr QRgb RaisedHover = qRgb(66, 66, 76); ///< the same under the mouse
+constexpr QRgb Border = qRgb(8, 8, 8);         ///< lines between areas
+constexpr QRgb Outline = qRgb(112, 112, 122);  ///< the edge of a control that only its edge shows
+
+constexpr QRgb Text = qRgb(240, 240, 246);
+constexpr QRgb SoftText = qRgb(202, 202, 210); ///< captions, headings
+constexpr QRgb DimText = qRgb(136, 136, 146);  ///< hints, whatever is disabled; on Frame or Base only
+constexpr QRgb DarkText = qRgb(8, 8, 8);       ///< on bright colours
+
+constexpr QRgb Accent = qRgb(38, 92, 190); ///< selection, the main button
+constexpr QRgb AccentHover = qRgb(46, 104, 204);
+constexpr QRgb AccentDown = qRgb(30, 76, 160);
+constexpr QRgb Focus = qRgb(94, 160, 255); ///< the mark of the keyboard focus, links
+
+constexpr QRgb LoadGood = qRgb(44, 153, 65); ///< a processor within its capacity
+constexpr QRgb LoadOver = qRgb(170, 42, 42); ///< an overloaded processor
+
+} // namespace ThemeColors

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+#include <QVector>
+
+class QMessageBox;
+
+/// Answers message boxes while it lives, as a user does: waits for a box to be on screen, finds the button by
+/// its text and clicks it. A box that no answer was given for, or that lacks the button, is closed with a
+/// warning, which fails the test.
+class CMessageBoxAnswerer final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What a user saw.
+    struct SBox
+    {
+        QString title;
+        QString text;
+        QString details;
+        QStringList buttons; ///< without mnemonics, in the order of the box
+        QString defaultButton;
+    };
+
+    /// Presses @p answers, one a box, in this order: CMessageBoxAnswerer user({"Yes", "OK"}).
+    explicit CMessageBoxAnswerer(const QStringList &answers);
+    ~CMessageBoxAnswerer() override;
+
+    const QVector<SBox> &boxes() const { return m_boxes; } ///< all boxes answered so far
+    QStringList texts() const;                             ///< their texts alone
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void answer(QMessageBox &box);
+
+    QStringList m_answers;
+    QVector<SBox> m_boxes;
+};
