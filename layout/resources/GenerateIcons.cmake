@@ -37,15 +37,15 @@ function(draw_snake out first advance)
         math(EXPR y "14 - ${v} * 8")
     else()
         set(rows FALSE)
-        set(length 18)
+        set(length 16)
         set(pitch 10)
         math(EXPR x "20 - ${v} * 10")
-        math(EXPR y "14 - ${d} * 9")
+        math(EXPR y "14 - ${d} * 8")
     endif()
 
     math(EXPR run "${d} * (${length} - 3)")
     math(EXPR back "-1 * ${d} * (${length} - 6)")
-    math(EXPR last "${d} * (${length} - 6)")
+    math(EXPR last "${d} * (${length} + 1)")
     math(EXPR climb "${v} * (${pitch} - 6)")
     math(EXPR a "3 * ${d}")
     math(EXPR minus_a "-3 * ${d}")
@@ -62,16 +62,16 @@ function(draw_snake out first advance)
     set(wire "M${x} ${y} l${run} q${out_control} ${out_turn} l${climb} q${out_return_control} ${out_return}")
     string(APPEND wire " l${back} q${in_control} ${out_return} l${climb} q${out_return_control} ${out_turn} l${last}")
 
-    math(EXPR tip "${d} * 7")
-    snake_move(head_start ${rows} 0 -4)
-    snake_move(head_tip ${rows} ${tip} 4)
+    math(EXPR tip "${d} * 4")
     math(EXPR minus_tip "-1 * ${tip}")
+    snake_move(head_start ${rows} ${minus_tip} -4)
+    snake_move(head_tip ${rows} ${tip} 4)
     snake_move(head_end ${rows} ${minus_tip} 4)
-    set(head "${wire} m${head_start} l${head_tip} l${head_end}")
+    set(head "m${head_start} l${head_tip} l${head_end}")
     set(${out} "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 40 28\" width=\"40\" height=\"28\" color=\"${base_colour}\">
-<g fill=\"none\" stroke=\"currentColor\" stroke-width=\"1.5\" stroke-linecap=\"round\" stroke-linejoin=\"round\">
-<path d=\"${head}\"/>
-<circle cx=\"${x}\" cy=\"${y}\" r=\"2.25\" fill=\"${colour_checked}\" stroke=\"${colour_checked}\"/>
+<g fill=\"none\" stroke=\"currentColor\" stroke-width=\"2\" stroke-linecap=\"round\" stroke-linejoin=\"round\">
+<path d=\"${wire} ${head}\"/>
+<circle cx=\"${x}\" cy=\"${y}\" r=\"3\" fill=\"${colour_checked}\" stroke=\"none\"/>
 </g>
 </svg>
 " PARENT_SCOPE)
