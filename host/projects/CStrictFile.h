@@ -34,4 +34,8 @@ public:
     /// The body of a file's content; @p file is for the error text.
     static CResult<QJsonObject> decode(const QByteArray &content, const SFileFormat &format,
                                        const QString &file);
+    /// The error text of a sound file whose content is wrong; @p what begins with the place.
+    static QString wrongContent(const QString &file, const QString &what);
+    /// The error text when a record cannot be written because it could not be read again.
+    static QString notWritable(const QString &file, const QString &what);
 };

@@ -19,11 +19,7 @@ public:
     static constexpr int MaximumMembers = 128;                  ///< of one object
     static constexpr double MaximumNumber = 9007199254740992.0; ///< 2^53: above it integers lose digits
 
-    /// The one object that @p text consists of. The error text begins with the place ("line 1, column 7: …").
-    static CResult<QJsonObject> parse(const QByteArray &text);
-    /// "line 3, column 17" of a byte offset, both from 1; columns count bytes. @p firstLine is the number of
-    /// the first line.
-    static QString place(const QByteArray &text, int offset, int firstLine = 1);
-    /// Same as parse(), for a text whose first line is number @p firstLine of its file.
-    static CResult<QJsonObject> parse(const QByteArray &text, int firstLine);
+    /// The one object that @p text consists of. The error text begins with the place ("line 1, column 7: …");
+    /// @p firstLine is the number of the text's first line in its file.
+    static CResult<QJsonObject> parse(const QByteArray &text, int firstLine = 1);
 };

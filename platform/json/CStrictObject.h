@@ -8,6 +8,7 @@
 #include <QRect>
 #include <QSize>
 #include <QUuid>
+#include <QVarLengthArray>
 #include <QVector>
 
 /// Where a value stands in a JSON document, as a chain of steps that live on the stack of the reader.
@@ -30,6 +31,8 @@ class CStrictObject final
     Q_DECLARE_TR_FUNCTIONS(CStrictObject)
 
 public:
+    static constexpr int LargestPixel = 1 << 24; ///< coordinate, to either side, and size of rectangles
+
     /// @p place and @p error must outlive the object; @p error is only written when it is empty.
     CStrictObject(const QJsonValue &value, const SJsonPlace &place, QString &error);
 
@@ -46,13 +49,17 @@ public:
     QString textOr(const QString &fallback, const char *key, int longest);
     /// 36 characters, without braces; never null.
     QUuid uuid(const char *key);
+    /// The value null stands for no identity.
     QUuid uuidOr(const QUuid &fallback, const char *key);
     /// Written [width, height], each 1 to @p largest.
     QSize size(const char *key, int largest);
+    /// Written [width, height], each 0 to @p largest.
+    QSizeF sizeFOr(const QSizeF &fallback, const char *key, double largest);
     /// Written [x, y, width, height].
     QRect rect(const char *key);
     QVector<QRect> rectsOr(const char *key);
-    QVector<int> integersOr(const char *key, int minimum, int maximum);
+    template <typename Number>
+    QVector<Number> integersOr(const char *key, qint64 minimum, qint64 maximum);
     QJsonArray array(const char *key);
     QJsonArray arrayOr(const char *key);
     QJsonValue value(const char *key);
@@ -73,10 +80,27 @@ private:
     QJsonValue take(const char *key, bool required);
     void failAt(const SJsonPlace &place, const QString &what);
     qint64 toInteger(const QJsonValue &value, const SJsonPlace &place, qint64 minimum, qint64 maximum);
+    double toNumber(const QJsonValue &value, const SJsonPlace &place, double minimum, double maximum);
+    QString toText(const QJsonValue &value, const SJsonPlace &place, int longest);
+    QUuid toUuid(const QJsonValue &value, const SJsonPlace &place);
     QRect toRect(const QJsonValue &value, const SJsonPlace &place);
+    QJsonArray pair(const QJsonValue &value, const char *key);
+    QJsonArray toArray(const QJsonValue &value, const char *key);
 
     QJsonObject m_object;
     const SJsonPlace &m_place;
     QString &m_error;
-    QVector<const char *> m_taken;
+    QVarLengthArray<const char *, 16> m_taken;
 };
+
+template <typename Number>
+QVector<Number> CStrictObject::integersOr(const char *key, qint64 minimum, qint64 maximum)
+{
+    const QJsonArray items = arrayOr(key);
+    const SJsonPlace place = placeOf(key);
+    QVector<Number> numbers;
+    numbers.reserve(items.size());
+    for (int i = 0; i < items.size(); ++i)
+        numbers.append(Number(toInteger(items.at(i), {&place, nullptr, i}, minimum, maximum)));
+    return numbers;
+}

@@ -27,7 +27,7 @@ public:
 
     static constexpr int MaximumGroupDepth = 64; ///< of groups within groups
     static constexpr int MaximumPortIndex = 1023;
-    static constexpr int MaximumCoordinate = 1 << 24; ///< pixels, to either side; also the largest size
+    static constexpr int MaximumNumber = 1 << 24; ///< of ranks, indices, counts, loads
     static constexpr int MaximumTextLength = 1024;
 
     static QJsonObject toJson(const CabinetLayout &layout);

@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/projects/CCabinetConfig.h"
+
+#include "host/projects/CStrictFile.h"
+#include "layout/data/records/CRecordJson.h"
+#include "platform/json/CStrictObject.h"
+
+namespace {
+
+constexpr SFileFormat cabinetFormat{"orvo-cabinet-configuration",
+                                    QT_TRANSLATE_NOOP("SFileFormat", "a cabinet configuration"), 1};
+
+SCabinetConfig readConfig(const QJsonObject &body, QString &error)
+{
+    const SJsonPlace place;
+    CStrictObject object(body, place, error);
+    SCabinetConfig config;
+    const auto type = CRecordJson::typeInfo(object.value("type"), "type");
+    if (type)
+        config.type = type.value();
+    else if (error.isEmpty())
+        error = type.error();
+    config.rects = object.rectsOr("receivers");
+    config.gamma = object.number("gamma", 1.0, 4.0);
+    object.finish();
+    return config;
+}
+
+} // namespace
+
+CResult<SCabinetConfig> CCabinetConfig::read(const QString &file)
+{
+    const CResult<QJsonObject> body = CStrictFile::read(file, cabinetFormat);
+    if (!body)
+        return CResult<SCabinetConfig>::failure(body.error());
+    QString error;
+    SCabinetConfig config = readConfig(body.value(), error);
+    return error.isEmpty() ? CResult<SCabinetConfig>(std::move(config))
+                           : CResult<SCabinetConfig>::failure(CStrictFile::wrongContent(file, error));
+}
+
+CStatus CCabinetConfig::write(const QString &file, const SCabinetConfig &config)
+{
+    QJsonObject body{{QStringLiteral("type"), CRecordJson::toJson(config.type)},
+                     {QStringLiteral("gamma"), config.gamma}};
+    if (!config.rects.isEmpty())
+        body.insert(QStringLiteral("receivers"), CStrictObject::fromRects(config.rects));
+    QString error;
+    readConfig(body, error);
+    return error.isEmpty() ? CStrictFile::write(file, cabinetFormat, body)
+                           : CStatus::failure(CStrictFile::notWritable(file, error));
+}

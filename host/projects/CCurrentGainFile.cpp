@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/projects/CCurrentGainFile.h"
+
+#include "host/projects/CStrictFile.h"
+#include "platform/json/CStrictObject.h"
+
+#include <QSet>
+
+namespace {
+
+constexpr SFileFormat gainFormat{"orvo-current-gain",
+                                 QT_TRANSLATE_NOOP("SFileFormat", "a file of current-gain parameters"), 1};
+constexpr int LargestGainCode = 2;
+constexpr int GainColors = 3;
+
+SCurrentGainRow readRow(const QJsonValue &json, const SJsonPlace &place, QString &error)
+{
+    CStrictObject object(json, place, error);
+    SCurrentGainRow row;
+    row.frameRateCode = object.smallInteger("frameRate", 0, LargestGainCode);
+    row.gainLevel = object.smallInteger("gainLevel", 0, LargestGainCode);
+    row.values = object.integersOr<int>("values", 0, 255);
+    if (row.values.size() != GainColors)
+        object.fail("values", CStrictFile::tr("the gains of red, green and blue are expected"));
+    object.finish();
+    return row;
+}
+
+QVector<SCurrentGainRow> readRows(const QJsonObject &body, QString &error)
+{
+    const SJsonPlace place;
+    CStrictObject object(body, place, error);
+    const QJsonArray items = object.array("rows");
+    const SJsonPlace rowsPlace = object.placeOf("rows");
+    QVector<SCurrentGainRow> rows;
+    QSet<int> seen;
+    for (int i = 0; i < items.size() && error.isEmpty(); ++i) {
+        const SJsonPlace rowPlace{&rowsPlace, nullptr, i};
+        rows.append(readRow(items.at(i), rowPlace, error));
+        const int code = rows.last().frameRateCode * (LargestGainCode + 1) + rows.last().gainLevel;
+        if (seen.contains(code))
+            CStrictObject(items.at(i), rowPlace, error)
+                .fail("gainLevel", CStrictFile::tr("the row of this frame rate and level occurs twice"));
+        seen.insert(code);
+    }
+    object.finish();
+    return rows;
+}
+
+} // namespace
+
+CResult<QVector<SCurrentGainRow>> CCurrentGainFile::read(const QString &file)
+{
+    using Rows = CResult<QVector<SCurrentGainRow>>;
+    const CResult<QJsonObject> body = CStrictFile::read(file, gainFormat);
+    if (!body)
+        return Rows::failure(body.error());
+    QString error;
+    QVector<SCurrentGainRow> rows = readRows(body.value(), error);
+    return error.isEmpty() ? Rows(std::move(rows)) : Rows::failure(CStrictFile::wrongContent(file, error));
+}
+
+CStatus CCurrentGainFile::write(const QString &file, const QVector<SCurrentGainRow> &rows)
+{
+    QJsonArray items;
+    for (const SCurrentGainRow &row : rows) {
+        QJsonArray values;
+        for (const int value : row.values)
+            values.append(value);
+        items.append(QJsonObject{{QStringLiteral("frameRate"), row.frameRateCode},
+                                 {QStringLiteral("gainLevel"), row.gainLevel},
+                                 {QStringLiteral("values"), values}});
+    }
+    const QJsonObject body{{QStringLiteral("rows"), items}};
+    QString error;
+    readRows(body, error);
+    return error.isEmpty() ? CStrictFile::write(file, gainFormat, body)
+                           : CStatus::failure(CStrictFile::notWritable(file, error));
+}

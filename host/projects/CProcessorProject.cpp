@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/projects/CProcessorProject.h"
+
+#include "host/projects/CStrictFile.h"
+#include "layout/data/records/CRecordJson.h"
+#include "platform/json/CStrictObject.h"
+
+#include <tuple>
+
+namespace {
+
+constexpr SFileFormat processorFormat{"orvo-processor-project",
+                                      QT_TRANSLATE_NOOP("SFileFormat", "a processor project"), 1};
+constexpr int LargestCanvasSide = 1 << 20; // pixels
+constexpr int LongestName = 256;
+
+/// Keeps the first error of a part and gives its value.
+template <typename Record>
+Record partOf(CResult<Record> part, QString &error)
+{
+    if (part)
+        return std::move(part.value());
+    if (error.isEmpty())
+        error = part.error();
+    return {};
+}
+
+SProcessorProject readProject(const QJsonObject &body, QString &error)
+{
+    const SJsonPlace place;
+    CStrictObject object(body, place, error);
+    SProcessorProject project;
+    project.name = object.text("name", LongestName);
+    project.kind = object.textOr({}, "kind", LongestName);
+    project.portCount = object.smallInteger("portCount", 0, CRecordJson::MaximumPortIndex + 1);
+    project.canvas = object.size("canvas", LargestCanvasSide);
+    project.frameRate = object.smallInteger("frameRate", 1, 1000);
+    project.colorDepth = object.smallInteger("colorDepth", 1, 64);
+    project.background = partOf(CRecordJson::background(object.value("background"), "background"), error);
+    project.layout = partOf(CRecordJson::layout(object.value("layout"), "layout"), error);
+    object.finish();
+    return project;
+}
+
+} // namespace
+
+bool operator==(const SProcessorProject &a, const SProcessorProject &b)
+{
+    const auto tied = [](const SProcessorProject &p) {
+        return std::tie(p.name, p.kind, p.portCount, p.canvas, p.frameRate, p.colorDepth, p.background,
+                        p.layout);
+    };
+    return tied(a) == tied(b);
+}
+
+CResult<SProcessorProject> CProcessorProject::read(const QString &file)
+{
+    const CResult<QJsonObject> body = CStrictFile::read(file, processorFormat);
+    if (!body)
+        return CResult<SProcessorProject>::failure(body.error());
+    QString error;
+    SProcessorProject project = readProject(body.value(), error);
+    return error.isEmpty() ? CResult<SProcessorProject>(std::move(project))
+                           : CResult<SProcessorProject>::failure(CStrictFile::wrongContent(file, error));
+}
+
+CStatus CProcessorProject::write(const QString &file, const SProcessorProject &project)
+{
+    const QJsonObject body{
+        {QStringLiteral("name"), project.name},
+        {QStringLiteral("kind"), project.kind},
+        {QStringLiteral("portCount"), project.portCount},
+        {QStringLiteral("canvas"), QJsonArray{project.canvas.width(), project.canvas.height()}},
+        {QStringLiteral("frameRate"), project.frameRate},
+        {QStringLiteral("colorDepth"), project.colorDepth},
+        {QStringLiteral("background"), CRecordJson::toJson(project.background)},
+        {QStringLiteral("layout"), CRecordJson::toJson(project.layout)}};
+    QString error;
+    readProject(body, error);
+    return error.isEmpty() ? CStrictFile::write(file, processorFormat, body)
+                           : CStatus::failure(CStrictFile::notWritable(file, error));
+}

@@ -1,0 +1,153 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/data/records/CLayoutJsonReader.h"
+
+#include "layout/data/records/CRecordJson.h"
+#include "platform/json/CStrictObject.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+QColor readArgb(CStrictObject &object, const char *key)
+{
+    const QString text = object.text(key, 9);
+    if (text.size() == 9 && text.startsWith(QLatin1Char('#')) && QColor::isValidColor(text))
+        return QColor(text);
+    object.fail(key, CLayoutJsonReader::tr("a colour (#AARRGGBB) is expected"));
+    return {};
+}
+
+} // namespace
+
+SMD5 CLayoutJsonReader::typeKey(CStrictObject &object, const char *key)
+{
+    if (!object.has(key))
+        return {};
+    const SMD5 type = SMD5::fromText(object.text(key, 32).toLatin1());
+    if (type.isNull())
+        object.fail(key, tr("32 hexadecimal digits are expected"));
+    return type;
+}
+
+CLayoutJsonReader::Cabinet CLayoutJsonReader::cabinet(const QJsonValue &json, const SJsonPlace &place,
+                                                      const SHolder &holder)
+{
+    CStrictObject object(json, place, m_error);
+    Cabinet read;
+    read.uuid = object.uuid("uuid");
+    read.rect = object.rect("rect");
+    read.rank = object.smallIntegerOr(-1, "rank", -1, CRecordJson::MaximumNumber);
+    read.port = object.smallIntegerOr(holder.port, "port", -1, CRecordJson::MaximumPortIndex);
+    read.group = object.uuidOr(holder.group, "group");
+    read.type = typeKey(object, "type");
+    read.directionFixed = object.flagOr(false, "directionFixed");
+    read.custom = object.flagOr(false, "custom");
+    read.rects = object.rectsOr("receivers");
+    read.mappingIndex = object.smallIntegerOr(-1, "mapping", -1, CRecordJson::MaximumNumber);
+    read.calibrationIndex = object.smallIntegerOr(-1, "calibration", -1, CRecordJson::MaximumNumber);
+    read.receivers = object.integersOr<int>("cards", 0, CRecordJson::MaximumNumber);
+    read.blanks = object.rectsOr("blanks");
+    const int before = m_cabinets.size();
+    m_cabinets.insert(read.uuid);
+    if (m_cabinets.size() == before)
+        object.fail("uuid", tr("the same cabinet occurs twice"));
+    object.finish();
+    return read;
+}
+
+CLayoutJsonReader::Group CLayoutJsonReader::group(const QJsonValue &json, const SJsonPlace &place, int port,
+                                                  int depth)
+{
+    CStrictObject object(json, place, m_error);
+    Group read;
+    read.uuid = object.uuidOr({}, "uuid");
+    if (!read.uuid.isNull()) {
+        if (m_groups.contains(read.uuid))
+            object.fail("uuid", tr("the same group occurs twice"));
+        m_groups.insert(read.uuid);
+    }
+    read.name = object.textOr({}, "name", CRecordJson::MaximumTextLength);
+
+    const QJsonArray cabinets = object.arrayOr("cabinets");
+    const SJsonPlace cabinetsPlace = object.placeOf("cabinets");
+    const SHolder holder{port, read.uuid};
+    read.cabinets.reserve(cabinets.size());
+    for (int i = 0; i < cabinets.size() && m_error.isEmpty(); ++i)
+        read.cabinets.append(cabinet(cabinets.at(i), {&cabinetsPlace, nullptr, i}, holder));
+
+    const QJsonArray groups = object.arrayOr("groups");
+    const SJsonPlace groupsPlace = object.placeOf("groups");
+    if (!groups.isEmpty() && depth >= CRecordJson::MaximumGroupDepth)
+        object.fail("groups", tr("groups are nested deeper than %1").arg(CRecordJson::MaximumGroupDepth));
+    read.groups.reserve(groups.size());
+    for (int i = 0; i < groups.size() && m_error.isEmpty(); ++i)
+        read.groups.append(group(groups.at(i), {&groupsPlace, nullptr, i}, port, depth + 1));
+    object.finish();
+    return read;
+}
+
+CLayoutJsonReader::Port CLayoutJsonReader::port(const QJsonValue &json, const SJsonPlace &place)
+{
+    CStrictObject object(json, place, m_error);
+    Port read;
+    read.index = object.smallInteger("index", 0, CRecordJson::MaximumPortIndex);
+    if (object.has("color"))
+        read.color = readArgb(object, "color");
+    read.locked = object.flagOr(false, "locked");
+    read.redundancy = Port::Redundancy(object.smallIntegerOr(0, "redundancy", 0, Port::Redundant));
+    read.redundancyPort = object.smallIntegerOr(-1, "redundancyPort", -1, CRecordJson::MaximumPortIndex);
+    read.redundancyProcessor = object.uuidOr({}, "redundancyProcessor");
+    read.load = object.integerOr(0, "load", 0, CRecordJson::MaximumNumber);
+
+    const QJsonArray groups = object.arrayOr("groups");
+    const SJsonPlace groupsPlace = object.placeOf("groups");
+    read.groups.reserve(groups.size());
+    for (int i = 0; i < groups.size() && m_error.isEmpty(); ++i)
+        read.groups.append(group(groups.at(i), {&groupsPlace, nullptr, i}, read.index, 1));
+    object.finish();
+    return read;
+}
+
+CabinetLayout CLayoutJsonReader::layout(const QJsonValue &json, const SJsonPlace &place)
+{
+    CStrictObject object(json, place, m_error);
+    CabinetLayout read;
+    read.processor = object.uuidOr({}, "processor");
+    const QJsonArray ports = object.array("ports");
+    const SJsonPlace portsPlace = object.placeOf("ports");
+    read.ports.reserve(ports.size());
+    for (int i = 0; i < ports.size() && m_error.isEmpty(); ++i) {
+        const SJsonPlace portPlace{&portsPlace, nullptr, i};
+        read.ports.append(port(ports.at(i), portPlace));
+        if (i > 0 && read.ports.at(i).index <= read.ports.at(i - 1).index)
+            CStrictObject(ports.at(i), portPlace, m_error)
+                .fail("index", tr("the ports are not in ascending order or occur twice"));
+    }
+    object.finish();
+    return read;
+}
+
+SPrjPort CLayoutJsonReader::projectPort(const QJsonValue &json, const SJsonPlace &place)
+{
+    CStrictObject object(json, place, m_error);
+    SPrjPort read;
+    read.processor = object.uuidOr({}, "processor");
+    read.index = object.smallIntegerOr(-1, "index", -1, CRecordJson::MaximumPortIndex);
+    read.cabinetCount = object.smallIntegerOr(0, "cabinetCount", 0, CRecordJson::MaximumNumber);
+    read.load = object.smallIntegerOr(0, "load", 0, CRecordJson::MaximumNumber);
+    const QVector<qint64> area = object.integersOr<qint64>("area", 0, std::numeric_limits<quint32>::max());
+    if (object.has("area") && area.size() != int(read.area.size()))
+        object.fail("area", tr("[x, y, width, height] is expected"));
+    else
+        std::copy(area.begin(), area.end(), read.area.begin());
+    read.redundancyPort = object.smallIntegerOr(-1, "redundancyPort", -1, CRecordJson::MaximumPortIndex);
+    read.version = object.smallIntegerOr(1, "version", 1, CRecordJson::MaximumNumber);
+    read.brightness = object.smallIntegerOr(0xFFFF, "brightness", 0, 0xFFFF);
+    read.uuid = object.uuid("uuid");
+    const SJsonPlace portPlace = object.placeOf("port");
+    read.port = port(object.value("port"), portPlace);
+    object.finish();
+    return read;
+}
