@@ -9,6 +9,7 @@
 #include <QVector>
 
 class QPainter;
+class QPen;
 
 /// A cabinet as it is drawn.
 struct SCabinetLook
@@ -34,16 +35,21 @@ public:
     /// The frame around a group's members.
     static void paintGroup(QPainter &painter, const QRectF &rect, bool selected, qreal scale);
     /// Checkerboard and border of a canvas.
-    static void paintCanvas(QPainter &painter, const QRectF &canvas, qreal scale);
+    static void paintCanvas(QPainter &painter, const QRectF &canvas);
 
     /// Many cabinets of one colour and their wires at a scale at which numbers and arrow heads could not be
     /// seen.
     static void paintCabinetsFromAfar(QPainter &painter, const QVector<QRectF> &rects, const QColor &fill,
                                       qreal scale);
     static void paintWiresFromAfar(QPainter &painter, const QVector<QLineF> &lines);
+    /// The pen of wiring lines.
+    static const QPen &wirePen();
+
     /// Whether cabinets of that width are drawn from afar.
     static bool isAfar(qreal cabinetWidth, qreal scale) { return cabinetWidth * scale < 10; }
 
+    /// What lies around the canvas.
+    static QColor surroundings();
     /// The colour of a port whose record names none: stable for a port index, distinct for neighbours.
     static QColor defaultPortColor(int port);
     /// What a selected cabinet is filled with.

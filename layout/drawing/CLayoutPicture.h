@@ -5,6 +5,7 @@
 #include "layout/data/records/LayoutData.h"
 
 #include <QPointF>
+#include <QRectF>
 
 class QPainter;
 
@@ -15,7 +16,8 @@ struct SWireAnchors
     QPointF exit;
     /// A typed cabinet of two or more receivers is entered at its first and left at its last; any other at
     /// its centre.
-    static SWireAnchors of(const CabinetLayout::CabinetPort::Cabinet &cabinet);
+    /// @p placement is where the cabinet lies, which may be between pixels while it is moved.
+    static SWireAnchors of(const CabinetLayout::CabinetPort::Cabinet &cabinet, const QRectF &placement);
 };
 
 /// What a drawing of a whole layout shows.

@@ -1,0 +1,181 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/drawing/CLayoutPainter.h"
+
+#include "layout/drawing/CSvgCache.h"
+#include "platform/common/CCustomPaint.h"
+
+#include <QFont>
+#include <QPainter>
+#include <QSvgRenderer>
+#include <QtMath>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qreal SmallestText = 7; // device pixels
+constexpr qreal MarkSize = 20;    // of the lock and redundancy marks, in canvas pixels
+constexpr qreal MarkMargin = 8;
+constexpr qreal ArrowLength = 8;
+constexpr qreal ArrowHalfWidth = 5.5;
+constexpr qreal ArrowPlace = 0.25; // of the way from the exit to the entry point
+
+const QColor WireColor(255, 252, 225);
+const QColor BorderColor(8, 8, 8);
+const QColor FrameColor(202, 202, 210);
+const QColor HighlightColor(255, 214, 64);
+
+QPen cosmetic(const QColor &color, qreal width, Qt::PenStyle style = Qt::SolidLine)
+{
+    QPen pen(color, width, style, Qt::SquareCap, Qt::MiterJoin);
+    pen.setCosmetic(true);
+    return pen;
+}
+
+/// Black or white, whichever is read better on @p fill.
+QColor textOn(const QColor &fill)
+{
+    return qGray(fill.rgb()) > 140 ? QColor(31, 31, 36) : QColor(240, 240, 246);
+}
+
+void paintNumber(QPainter &painter, const SCabinetLook &look, const QColor &fill, qreal scale)
+{
+    // As wide as three digits may become, and no larger than a third of the height.
+    const qreal size = std::min(look.rect.height() / 3, look.rect.width() / qMax(3, look.number.size()));
+    if (look.number.isEmpty() || size * scale < SmallestText)
+        return;
+    QFont font = painter.font();
+    font.setPixelSize(qMax(1, qRound(size)));
+    painter.setFont(font);
+    painter.setPen(textOn(fill));
+    painter.drawText(look.rect, Qt::AlignCenter, look.number);
+}
+
+void paintMark(QPainter &painter, const QString &resource, const QRectF &cabinet, int place, qreal scale)
+{
+    const qreal size = std::min({MarkSize, cabinet.width() / 4, cabinet.height() / 4});
+    if (size * scale < SmallestText)
+        return;
+    const qreal margin = size * MarkMargin / MarkSize / 2;
+    const QPointF corner(cabinet.left() + margin + place * (size + margin), cabinet.top() + margin);
+    CSvgCache::renderer(resource).render(&painter, QRectF(corner, QSizeF(size, size)));
+}
+
+void paintFrame(QPainter &painter, const QRectF &rect, const QPen &pen)
+{
+    painter.setPen(pen);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(rect);
+}
+
+} // namespace
+
+void CLayoutPainter::paintCabinet(QPainter &painter, const SCabinetLook &look, qreal scale)
+{
+    const QColor fill = look.selected ? selectedFill(look.fill) : look.fill;
+    painter.fillRect(look.rect, fill);
+    if (isAfar(look.rect.width(), scale))
+        return;
+
+    paintFrame(painter, look.rect, cosmetic(look.selected ? FrameColor : BorderColor, 1));
+    if (!look.innerLines.isEmpty()) {
+        painter.setPen(cosmetic(fill.darker(150), 1, Qt::DotLine));
+        painter.translate(look.rect.topLeft());
+        painter.drawLines(look.innerLines);
+        painter.translate(-look.rect.topLeft());
+    }
+    paintNumber(painter, look, fill, scale);
+    if (look.locked)
+        paintMark(painter, QStringLiteral(":/Image/Layout/PortList/lock_checked.svg"), look.rect, 0, scale);
+    if (look.redundant)
+        paintMark(painter, QStringLiteral(":/Image/Layout/PortList/Menu/backup.svg"), look.rect, 1, scale);
+    if (look.highlighted)
+        paintFrame(painter, look.rect, cosmetic(HighlightColor, 3));
+}
+
+const QPen &CLayoutPainter::wirePen()
+{
+    static const QPen shared = [] {
+        QPen pen(QBrush(WireColor), 0, Qt::DashLine, Qt::SquareCap, Qt::MiterJoin);
+        pen.setDashPattern({4, 2});
+        return pen;
+    }();
+    return shared;
+}
+
+void CLayoutPainter::paintWire(QPainter &painter, const QLineF &line, qreal scale)
+{
+    painter.setPen(wirePen());
+    painter.drawLine(line);
+    const qreal length = line.length();
+    if (length * scale < 2 * ArrowLength)
+        return;
+
+    // The head keeps its size on the screen but never outgrows a quarter of the line.
+    const qreal unit = std::min(1 / scale, length * ArrowPlace / ArrowLength);
+    painter.save();
+    painter.translate(line.pointAt(ArrowPlace));
+    painter.rotate(-line.angle());
+    painter.scale(unit, unit);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(WireColor);
+    const QPointF head[] = {{ArrowLength, 0}, {0, -ArrowHalfWidth}, {0, ArrowHalfWidth}};
+    painter.drawConvexPolygon(head, 3);
+    painter.restore();
+}
+
+void CLayoutPainter::paintGroup(QPainter &painter, const QRectF &rect, bool selected, qreal scale)
+{
+    if (isAfar(rect.width(), scale))
+        return;
+    paintFrame(painter, rect,
+               cosmetic(FrameColor, selected ? 2 : 1, selected ? Qt::SolidLine : Qt::DashLine));
+}
+
+void CLayoutPainter::paintCanvas(QPainter &painter, const QRectF &canvas)
+{
+    // In screen pixels: squares of the canvas would melt into grey from afar.
+    const QRect onScreen = painter.worldTransform().mapRect(canvas).toAlignedRect();
+    painter.save();
+    painter.resetTransform();
+    CCustomPaint::paintCheckerBoard(painter, onScreen);
+    painter.restore();
+    paintFrame(painter, canvas, cosmetic(QColor(136, 136, 146), 1));
+}
+
+void CLayoutPainter::paintCabinetsFromAfar(QPainter &painter, const QVector<QRectF> &rects,
+                                           const QColor &fill, qreal scale)
+{
+    if (rects.isEmpty())
+        return;
+    painter.setBrush(fill);
+    if (rects.first().width() * scale >= 4)
+        painter.setPen(cosmetic(BorderColor, 1));
+    else
+        painter.setPen(Qt::NoPen); // borders would be all that is seen
+    painter.drawRects(rects);
+}
+
+void CLayoutPainter::paintWiresFromAfar(QPainter &painter, const QVector<QLineF> &lines)
+{
+    painter.setPen(cosmetic(QColor(255, 252, 225, 110), 1)); // dashes would be shorter than a pixel
+    painter.drawLines(lines);
+}
+
+QColor CLayoutPainter::defaultPortColor(int port)
+{
+    // Neighbouring ports lie a golden angle apart on the colour wheel.
+    constexpr qreal goldenAngle = 137.508;
+    return QColor::fromHsv(int(std::fmod(212 + port * goldenAngle, 360.0)), 150, port % 2 ? 128 : 148);
+}
+
+QColor CLayoutPainter::selectedFill(const QColor &fill)
+{
+    return fill.lighter(150);
+}
+
+QColor CLayoutPainter::surroundings()
+{
+    return QColor(22, 22, 26);
+}

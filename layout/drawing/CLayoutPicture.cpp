@@ -1,0 +1,144 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/drawing/CLayoutPicture.h"
+
+#include "layout/drawing/CLayoutPainter.h"
+#include "layout/geometry/CCabinetRect.h"
+#include "platform/common/Utils.h"
+
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+using Port = CabinetLayout::CabinetPort;
+using Cabinet = Port::Cabinet;
+using Group = Port::CabinetGroup;
+
+QPointF centreOf(const QRect &rect)
+{
+    return QPointF((rect.left() + rect.right()) / 2,
+                   (rect.top() + rect.bottom()) / 2); // truncating on purpose
+}
+
+/// The port's wired cabinets, in chain order.
+QVector<Cabinet> chainOf(QVector<Cabinet> cabinets)
+{
+    const auto unwired = [](const Cabinet &c) { return c.rank < 0; };
+    cabinets.erase(std::remove_if(cabinets.begin(), cabinets.end(), unwired), cabinets.end());
+    std::sort(cabinets.begin(), cabinets.end(),
+              [](const Cabinet &a, const Cabinet &b) { return a.rank < b.rank; });
+    return cabinets;
+}
+
+QVector<QLineF> wiresOf(const QVector<Cabinet> &cabinets)
+{
+    QVector<QLineF> wires;
+    QPointF previousExit;
+    bool first = true;
+    for (const Cabinet &cabinet : chainOf(cabinets)) {
+        const SWireAnchors anchors = SWireAnchors::of(cabinet, CCabinetRect::fromRecord(cabinet.rect));
+        if (!first)
+            wires << QLineF(previousExit, anchors.entry);
+        previousExit = anchors.exit;
+        first = false;
+    }
+    return wires;
+}
+
+SCabinetLook lookOf(const Cabinet &cabinet, const Port &port, const QColor &fill, bool withNumber)
+{
+    SCabinetLook look;
+    look.rect = CCabinetRect::fromRecord(cabinet.rect);
+    if (cabinet.rects.size() > 1)
+        look.innerLines = Utils::calculateAdjacentLines(cabinet.rects);
+    look.fill = fill;
+    if (withNumber && cabinet.rank >= 0)
+        look.number = QString::number(cabinet.rank + 1);
+    look.locked = port.locked;
+    look.redundant = port.redundancy == Port::Redundant;
+    return look;
+}
+
+/// Paints the frames of all groups below @p group; gives the rectangle of what the group holds.
+QRect paintGroupFrames(QPainter &painter, const Group &group, qreal scale)
+{
+    QRect rect;
+    for (const Cabinet &cabinet : group.cabinets)
+        rect |= cabinet.rect;
+    for (const Group &child : group.groups)
+        rect |= paintGroupFrames(painter, child, scale);
+    if (!group.isLoose())
+        CLayoutPainter::paintGroup(painter, CCabinetRect::fromRecord(rect), false, scale);
+    return rect;
+}
+
+void paintPortFromAfar(QPainter &painter, const QVector<Cabinet> &cabinets, const QColor &fill,
+                       bool withWires, qreal scale)
+{
+    QVector<QRectF> rects;
+    rects.reserve(cabinets.size());
+    for (const Cabinet &cabinet : cabinets)
+        rects << CCabinetRect::fromRecord(cabinet.rect);
+    CLayoutPainter::paintCabinetsFromAfar(painter, rects, fill, scale);
+    if (withWires)
+        CLayoutPainter::paintWiresFromAfar(painter, wiresOf(cabinets));
+}
+
+void paintPort(QPainter &painter, const Port &port, const SLayoutDrawOptions &options, qreal scale)
+{
+    const QVector<Cabinet> cabinets = port.getAllCabinets();
+    const QColor fill = port.color.isValid() ? port.color : CLayoutPainter::defaultPortColor(port.index);
+    if (cabinets.isEmpty())
+        return;
+    if (CLayoutPainter::isAfar(cabinets.first().rect.width(), scale)) {
+        paintPortFromAfar(painter, cabinets, fill, options.wires, scale);
+    } else {
+        for (const Cabinet &cabinet : cabinets)
+            CLayoutPainter::paintCabinet(painter, lookOf(cabinet, port, fill, options.numbers), scale);
+        const QVector<QLineF> wires = options.wires ? wiresOf(cabinets) : QVector<QLineF>();
+        for (const QLineF &wire : wires)
+            CLayoutPainter::paintWire(painter, wire, scale);
+    }
+    if (options.groups) {
+        for (const Group &group : port.groups)
+            paintGroupFrames(painter, group, scale);
+    }
+}
+
+} // namespace
+
+SWireAnchors SWireAnchors::of(const Cabinet &cabinet, const QRectF &placement)
+{
+    if (cabinet.type.isNull() || cabinet.rects.size() < 2)
+        return {placement.center(), placement.center()};
+    return {placement.topLeft() + centreOf(cabinet.rects.first()),
+            placement.topLeft() + centreOf(cabinet.rects.last())};
+}
+
+QRect CLayoutPicture::extent(const LayoutData &data)
+{
+    return QRect(QPoint(0, 0), data.canvas).united(data.layout.boundingRect());
+}
+
+void CLayoutPicture::paint(QPainter &painter, const LayoutData &data, const QRectF &target,
+                           const SLayoutDrawOptions &options)
+{
+    const QRectF source = CCabinetRect::fromRecord(extent(data));
+    if (source.isEmpty() || target.isEmpty())
+        return;
+    const qreal scale = std::min(target.width() / source.width(), target.height() / source.height());
+    const qreal deviceScale = scale * std::sqrt(std::abs(painter.worldTransform().determinant()));
+
+    painter.save();
+    painter.translate(target.center());
+    painter.scale(scale, scale);
+    painter.translate(-source.center());
+    if (options.canvas && !data.canvas.isEmpty())
+        CLayoutPainter::paintCanvas(painter, QRectF(QPointF(0, 0), QSizeF(data.canvas)));
+    for (const Port &port : data.layout.ports)
+        paintPort(painter, port, options, deviceScale);
+    painter.restore();
+}

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/CabinetLayout.h"
+
+class CGraphicsPortItem;
+
+/// Reads a port's items back into a record, the reverse of CLayoutBuilder.
+class CLayoutReader final
+{
+public:
+    /// Groups and cabinets stand in the order in which they were built; ungrouped cabinets form the loose
+    /// group.
+    static CabinetLayout::CabinetPort read(const CGraphicsPortItem &port);
+};

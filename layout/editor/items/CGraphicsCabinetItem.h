@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/editor/items/CGraphicsItemBase.h"
+
+class CGraphicsConnectionItem;
+
+/// A cabinet on the canvas.
+class CGraphicsCabinetItem final : public CGraphicsItemBase
+{
+public:
+    /// A cabinet's place in its port's chain.
+    enum ChainRole { NotInChain = 0, Head = 1, Middle = 2, Tail = 3 };
+    static constexpr int NoPosition = -1;
+
+    /// A cabinet with a new identity and an empty record.
+    explicit CGraphicsCabinetItem(QGraphicsItem *parent);
+    /// A cabinet that shows @p record, at its place below @p parent. The chain is not touched: it starts
+    /// unwired.
+    CGraphicsCabinetItem(const Cabinet &record, QGraphicsItem *parent);
+
+    int type() const override { return CabinetItemKind; }
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
+
+    /// Takes over @p record, its rectangle included; the wiring lines follow. The rank stays the chain's.
+    void setCabinet(const Cabinet &record);
+    void setPort(int port) override;
+    /// The group that holds the cabinet, as its record names it.
+    void setGroup(const QUuid &group) { record().group = group; }
+
+    // Chain fields; the port's chain is their only writer.
+    int chainPosition() const { return m_chainPosition; }
+    void setChainPosition(int position);
+    ChainRole chainRole() const { return m_chainRole; }
+    void setChainRole(ChainRole role) { m_chainRole = role; }
+    bool isInChain() const { return m_chainRole != NotInChain && m_chainPosition != NoPosition; }
+    CGraphicsConnectionItem *incoming() const { return m_incoming; }
+    void setIncoming(CGraphicsConnectionItem *connection) { m_incoming = connection; }
+    CGraphicsConnectionItem *outgoing() const { return m_outgoing; }
+    void setOutgoing(CGraphicsConnectionItem *connection) { m_outgoing = connection; }
+
+    /// Where wiring lines end and start, in scene coordinates.
+    QPointF entryPoint() const;
+    QPointF exitPoint() const;
+
+    bool isHighlighted() const { return m_highlighted; }
+    void setHighlighted(bool highlighted);
+
+protected:
+    QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
+
+private:
+    void placeByRecord();
+    void updateInnerLines();
+    void routeWires();
+
+    QVector<QLineF> m_innerLines; // between the receiver areas, in item coordinates
+    CGraphicsConnectionItem *m_incoming = nullptr;
+    CGraphicsConnectionItem *m_outgoing = nullptr;
+    int m_chainPosition = NoPosition;
+    ChainRole m_chainRole = NotInChain;
+    bool m_highlighted = false;
+};

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/items/CGraphicsConnectionItem.h"
+
+#include "layout/drawing/CLayoutPainter.h"
+#include "layout/editor/items/CGraphicsCabinetItem.h"
+
+#include <QPainter>
+#include <QStyleOptionGraphicsItem>
+
+namespace {
+constexpr qreal ArrowRoom = 8; // by which an arrow head may stick out of the line's own rectangle
+}
+
+CGraphicsConnectionItem::CGraphicsConnectionItem(CGraphicsCabinetItem &from, CGraphicsCabinetItem &to,
+                                                 QGraphicsItem *portItem)
+    : m_from(&from)
+    , m_to(&to)
+{
+    setPen(CLayoutPainter::wirePen());
+    setAcceptedMouseButtons(Qt::NoButton);
+    route();
+    setParentItem(portItem);
+}
+
+void CGraphicsConnectionItem::route()
+{
+    const QLineF routed(m_from->exitPoint(), m_to->entryPoint()); // the port item lies at the scene's origin
+    if (routed == line())
+        return;
+    prepareGeometryChange();
+    setLine(routed);
+    m_bounds =
+        QRectF(routed.p1(), routed.p2()).normalized().adjusted(-ArrowRoom, -ArrowRoom, ArrowRoom, ArrowRoom);
+}
+
+QPainterPath CGraphicsConnectionItem::shape() const
+{
+    return {}; // a line is never what a click is meant for
+}
+
+bool CGraphicsConnectionItem::contains(const QPointF &) const
+{
+    return false;
+}
+
+void CGraphicsConnectionItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *)
+{
+    const QTransform transform = painter->worldTransform();
+    CLayoutPainter::paintWire(*painter, line(), option->levelOfDetailFromTransform(transform));
+}

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/editor/items/ItemKinds.h"
+
+#include <QGraphicsLineItem>
+
+class CGraphicsCabinetItem;
+
+/// The wiring line from a cabinet to the next of its chain; a child of the port item.
+class CGraphicsConnectionItem final : public QGraphicsLineItem
+{
+public:
+    /// Neither end takes notice: the port's chain stores the connection in both.
+    CGraphicsConnectionItem(CGraphicsCabinetItem &from, CGraphicsCabinetItem &to, QGraphicsItem *portItem);
+
+    int type() const override { return ConnectionItemKind; }
+    QRectF boundingRect() const override { return m_bounds; }
+    QPainterPath shape() const override;
+    bool contains(const QPointF &point) const override;
+    void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
+
+    CGraphicsCabinetItem *from() const { return m_from; }
+    CGraphicsCabinetItem *to() const { return m_to; }
+
+    /// Draws the line anew from the exit point of one cabinet to the entry point of the other.
+    void route();
+
+private:
+    CGraphicsCabinetItem *m_from;
+    CGraphicsCabinetItem *m_to;
+    QRectF m_bounds;
+};

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/widgets/CGraphicsScene.h"
+
+#include <algorithm>
+
+namespace {
+constexpr int SceneIndexDepth =
+    11; // a wall has up to some hundred thousand items; an adaptive depth re-sorts them
+constexpr qreal SceneMarginShare = 0.5;
+constexpr qreal SceneLeastMargin = 400;
+} // namespace
+
+CGraphicsScene::CGraphicsScene(QObject *parent)
+    : QGraphicsScene(parent)
+{
+    setBspTreeDepth(SceneIndexDepth);
+}
+
+void CGraphicsScene::setContentRect(const QRectF &content)
+{
+    if (content == m_content)
+        return;
+    m_content = content;
+    const qreal margin =
+        std::max(SceneLeastMargin, SceneMarginShare * std::max(content.width(), content.height()));
+    setSceneRect(content.adjusted(-margin, -margin, margin, margin));
+}

@@ -1,0 +1,180 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/widgets/CGraphicsView.h"
+
+#include "platform/widgets/CGraphicsScene.h"
+#include "platform/widgets/CZoomStrip.h"
+
+#include <QAction>
+#include <QMouseEvent>
+#include <QScrollBar>
+#include <QtMath>
+
+namespace {
+constexpr qreal ZoomStep = 1.25;
+constexpr int StripMargin = 8;
+constexpr qreal FitMargin = 24; // pixels of the view around what is fitted
+} // namespace
+
+CGraphicsView::CGraphicsView(QWidget *parent)
+    : QGraphicsView(parent)
+    , m_strip(new CZoomStrip(this))
+{
+    setFrameShape(QFrame::NoFrame);
+    setTransformationAnchor(NoAnchor); // a zoom keeps a point of its own choice in place
+    setResizeAnchor(AnchorViewCenter);
+    setOptimizationFlags(DontSavePainterState | DontAdjustForAntialiasing);
+    createActions();
+}
+
+void CGraphicsView::createActions()
+{
+    const auto add = [this](const QKeySequence &key, void (CGraphicsView::*slot)()) {
+        auto *action = new QAction(this);
+        action->setShortcut(key);
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        connect(action, &QAction::triggered, this, slot);
+        addAction(action);
+    };
+    add(Qt::CTRL | Qt::Key_0, &CGraphicsView::fitContent);
+    add(Qt::CTRL | Qt::Key_1, &CGraphicsView::showActualSize);
+    add(QKeySequence::ZoomIn, &CGraphicsView::zoomIn);
+    add(QKeySequence::ZoomOut, &CGraphicsView::zoomOut);
+    connect(m_strip, &CZoomStrip::fitClicked, this, &CGraphicsView::fitContent);
+    connect(m_strip, &CZoomStrip::actualSizeClicked, this, &CGraphicsView::showActualSize);
+    connect(m_strip, &CZoomStrip::zoomInClicked, this, &CGraphicsView::zoomIn);
+    connect(m_strip, &CZoomStrip::zoomOutClicked, this, &CGraphicsView::zoomOut);
+    connect(this, &CGraphicsView::scaleChanged, m_strip, &CZoomStrip::showScale);
+}
+
+void CGraphicsView::setScaleFactor(qreal factor)
+{
+    zoomBy(factor / scaleFactor(), viewport()->rect().center());
+}
+
+void CGraphicsView::zoomBy(qreal factor, const QPoint &fixedPoint)
+{
+    const qreal wanted = qBound(SmallestScale, scaleFactor() * factor, LargestScale);
+    m_fitted = false;
+    if (qFuzzyCompare(wanted, scaleFactor()))
+        return;
+    const QPointF underPoint = mapToScene(fixedPoint);
+    setTransform(QTransform::fromScale(wanted, wanted));
+    scrollBy(mapFromScene(underPoint) - fixedPoint);
+    Q_EMIT scaleChanged(wanted);
+}
+
+void CGraphicsView::scrollBy(const QPoint &step)
+{
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + step.x());
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + step.y());
+}
+
+void CGraphicsView::fit(const QRectF &content)
+{
+    m_fitRect = content;
+    m_fitted = true;
+    applyFit();
+}
+
+void CGraphicsView::applyFit()
+{
+    const QSizeF room = QSizeF(viewport()->size()) - QSizeF(2 * FitMargin, 2 * FitMargin);
+    if (m_fitRect.isEmpty() || room.isEmpty())
+        return;
+    const qreal factor = qMin(room.width() / m_fitRect.width(), room.height() / m_fitRect.height());
+    const qreal wanted = qBound(SmallestScale, factor, LargestScale);
+    setTransform(QTransform::fromScale(wanted, wanted));
+    centerOn(m_fitRect.center());
+    Q_EMIT scaleChanged(wanted);
+}
+
+void CGraphicsView::fitContent()
+{
+    if (const auto *content = qobject_cast<const CGraphicsScene *>(scene()))
+        fit(content->contentRect());
+}
+
+void CGraphicsView::showActualSize()
+{
+    setScaleFactor(1);
+}
+
+void CGraphicsView::zoomIn()
+{
+    zoomBy(ZoomStep, viewport()->rect().center());
+}
+
+void CGraphicsView::zoomOut()
+{
+    zoomBy(1 / ZoomStep, viewport()->rect().center());
+}
+
+void CGraphicsView::wheelEvent(QWheelEvent *event)
+{
+    if (event->modifiers() & (Qt::ShiftModifier | Qt::AltModifier)) {
+        QGraphicsView::wheelEvent(event); // scrolls
+        return;
+    }
+    constexpr qreal notch = 120; // eighths of a degree
+    zoomBy(qPow(ZoomStep, event->angleDelta().y() / notch), event->position().toPoint());
+    event->accept();
+}
+
+void CGraphicsView::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::MiddleButton) {
+        QGraphicsView::mousePressEvent(event);
+        return;
+    }
+    m_panning = true;
+    m_panPosition = event->pos();
+    viewport()->setCursor(Qt::ClosedHandCursor);
+}
+
+void CGraphicsView::mouseMoveEvent(QMouseEvent *event)
+{
+    if (!m_panning) {
+        QGraphicsView::mouseMoveEvent(event);
+        m_fitted = m_fitted && !(dragMode() == ScrollHandDrag && (event->buttons() & Qt::LeftButton));
+        return;
+    }
+    const QPoint step = event->pos() - m_panPosition;
+    m_panPosition = event->pos();
+    m_fitted = false;
+    scrollBy(-step);
+}
+
+void CGraphicsView::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (!m_panning || event->button() != Qt::MiddleButton) {
+        QGraphicsView::mouseReleaseEvent(event);
+        return;
+    }
+    m_panning = false;
+    viewport()->unsetCursor();
+}
+
+void CGraphicsView::resizeEvent(QResizeEvent *event)
+{
+    QGraphicsView::resizeEvent(event);
+    placeStrip();
+    if (m_fitted)
+        applyFit();
+}
+
+void CGraphicsView::showEvent(QShowEvent *event)
+{
+    QGraphicsView::showEvent(event);
+    placeStrip();
+    if (m_fitted)
+        applyFit();
+}
+
+void CGraphicsView::placeStrip()
+{
+    m_strip->adjustSize();
+    const QRect room = viewport()->geometry();
+    m_strip->move(room.right() - m_strip->width() - StripMargin,
+                  room.bottom() - m_strip->height() - StripMargin);
+}

@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/IPortStates.h"
+
+#include <QHash>
+
+/// Port states that a test sets by hand.
+class CFixedPortStates final : public IPortStates
+{
+public:
+    bool isPortLocked(int port) const override { return locked.value(port, false); }
+    CabinetLayout::CabinetPort::Redundancy portRedundancy(int port) const override
+    {
+        return redundancy.value(port, CabinetLayout::CabinetPort::NoRedundancy);
+    }
+    QColor portColor(int port) const override { return colors.value(port, Qt::darkCyan); }
+
+    QHash<int, bool> locked;
+    QHash<int, CabinetLayout::CabinetPort::Redundancy> redundancy;
+    QHash<int, QColor> colors;
+};
