@@ -29,7 +29,6 @@ public:
     const RcvTypeInfo *find(const SMD5 &key) const;
     /// The first type in the library's order of that size in pixels, or null.
     const RcvTypeInfo *findBySize(const QSize &pixels) const;
-    int typeCount() const;
 
 private:
     QVector<STreeNode> m_nodes;

@@ -13,17 +13,18 @@
 /// A wall of equal cabinets in columns and rows without gaps.
 struct SWallPlan
 {
-    QString name;  ///< identities are derived from it: the same plan gives the same wall
-    QSize cabinet; ///< pixels of one cabinet
-    int columns = 0;
-    int rows = 0;
+    QString name;         ///< identities are derived from it: the same plan gives the same wall
+    QSize cabinet;        ///< pixels of one cabinet
+    int columns = 0;      ///< of cabinets
+    int rows = 0;         ///< of cabinets
     int ports = 0;        ///< output ports that share the cabinets, from port 0
     int pattern = 0;      ///< snake pattern by which each port is wired, see CSnakeOrder
+    QSize portGrid;       ///< columns and rows of the ports' blocks; empty: chosen by the builder
     SMD5 type;            ///< library type of the cabinets; null: custom size
     QVector<QRect> rects; ///< receiver areas of the type; empty: one receiver
 
     QSize canvas() const { return {cabinet.width() * columns, cabinet.height() * rows}; }
-    qint64 cabinetCount() const { return qint64(columns) * rows; }
+    int cabinetCount() const { return columns * rows; }
 };
 
 /// Builds layouts of whole walls: cabinets shared out to ports in blocks as square as possible, else in
@@ -33,8 +34,9 @@ class CWallBuilder final
     Q_DECLARE_TR_FUNCTIONS(CWallBuilder)
 
 public:
-    /// The demo walls; Full is the largest that a processor can hold.
+    /// The demo walls; Full holds as many cabinets as the largest processor can.
     enum Wall { Small, Small4K, Medium, Ribbon, Stadium, Full };
+    static constexpr int WallCount = 6;
 
     static constexpr int MaximumCabinetsPerPort = 1024;
     static constexpr int MaximumCabinetSide = 2048; ///< pixels
@@ -42,6 +44,7 @@ public:
     static constexpr int MaximumPorts = 80;
 
     static SWallPlan plan(Wall wall);
-    /// The layout of a plan; ports are 0 to ports - 1, the processor's key is derived from the plan's name.
+    /// The layout of a plan, or why it is impossible; ports are 0 to ports - 1, the processor's key is
+    /// derived from the plan's name.
     static CResult<CabinetLayout> build(const SWallPlan &plan);
 };
