@@ -9,10 +9,8 @@
 
 namespace {
 
-// A unit is 340 pixels wide at most; the scroll bar, 8 wide, stands in what is left of the right margin.
-constexpr int PanelWidth = 364;
-constexpr int LeftMargin = 12;
-constexpr int RightMargin = 4;
+constexpr int SideUnitWidth = 340;
+constexpr int SideMargin = 12; // the scroll bar, where there is one, stands in the right margin
 
 } // namespace
 
@@ -24,18 +22,19 @@ CSidePanel::CSidePanel(QWidget *parent)
 
 void CSidePanel::addUnit(CUnitLabel *unit)
 {
-    const int beforeStretch = m_units->count() - 1;
-    m_units->insertWidget(beforeStretch, unit);
-    m_units->insertWidget(beforeStretch + 1, new CSeparator);
+    for (QWidget *widget : std::initializer_list<QWidget *>{unit, new CSeparator}) {
+        widget->setFixedWidth(SideUnitWidth);
+        m_units->insertWidget(m_units->count() - 1, widget, 0, Qt::AlignLeft); // above the stretch
+    }
 }
 
 void CSidePanel::buildUi()
 {
     auto *column = new QWidget;
     m_units = new QVBoxLayout(column);
-    m_units->setContentsMargins(LeftMargin, 4, RightMargin, 4);
+    m_units->setContentsMargins(SideMargin, 4, 0, 4);
     m_units->setSpacing(4);
     m_units->addStretch(1);
     setWidget(column);
-    setMinimumWidth(PanelWidth);
+    setMinimumWidth(SideMargin + SideUnitWidth + SideMargin);
 }

@@ -9,8 +9,8 @@
 #include <QFont>
 #include <QHash>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QRegularExpression>
-#include <QStyleFactory>
 #include <QToolTip>
 
 #include <cmath>
@@ -24,6 +24,25 @@ static void initThemeResources()
 namespace {
 
 constexpr int ThemeFontPixels = 12;
+constexpr int RowPadding = 3;
+
+/// The base style, with rows of lists and trees that are easy to hit. The style sheet cannot do this: views
+/// that lay out their rows before they are shown do not ask it.
+class CThemeStyle final : public QProxyStyle
+{
+public:
+    CThemeStyle()
+        : QProxyStyle(QStringLiteral("Fusion"))
+    {
+    }
+
+    QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
+                           const QWidget *widget) const override
+    {
+        const QSize needed = QProxyStyle::sizeFromContents(type, option, size, widget);
+        return type == CT_ItemViewItem ? needed + QSize(0, 2 * RowPadding) : needed;
+    }
+};
 
 const QHash<QString, QRgb> &themeColorNames()
 {
@@ -98,7 +117,7 @@ double relativeLuminance(const QColor &color)
 void CTheme::apply(QApplication &application)
 {
     initThemeResources();
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new CThemeStyle);
     QApplication::setPalette(themePalette());
     QToolTip::setPalette(themePalette());
     // Many sizes are fixed in pixels, so the text is too; the display's scale factor enlarges both.

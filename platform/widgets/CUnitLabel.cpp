@@ -52,6 +52,7 @@ void CUnitLabel::buildUi()
 {
     m_header->setObjectName(QStringLiteral("UnitTitle"));
     m_header->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    m_header->setIconSize(QSize(10, 10)); // of the arrow
     m_header->setArrowType(Qt::DownArrow);
     m_header->setCheckable(true);
     m_header->setChecked(true);
