@@ -72,12 +72,13 @@ QPalette themePalette()
     palette.setColor(QPalette::Base, Base);
     palette.setColor(QPalette::AlternateBase, Frame);
     palette.setColor(QPalette::ToolTipBase, Raised);
+    palette.setColor(QPalette::ToolTipText, Text);
     palette.setColor(QPalette::Highlight, Accent);
     palette.setColor(QPalette::Link, Focus);
     palette.setColor(QPalette::LinkVisited, Focus);
     palette.setColor(QPalette::PlaceholderText, DimText);
-    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
-                                           QPalette::ToolTipText, QPalette::HighlightedText}) {
+    for (const QPalette::ColorRole role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText}) {
         palette.setColor(role, Text);
         palette.setColor(QPalette::Disabled, role, DimText);
     }

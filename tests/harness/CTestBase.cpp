@@ -15,6 +15,9 @@ QtMessageHandler outerHandler = nullptr;
 
 void onMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
+    // What the offscreen platform says of each window that has a fixed size or is raised.
+    if (text.startsWith(QLatin1String("This plugin does not support ")))
+        return;
     if (type == QtWarningMsg || type == QtCriticalMsg) {
         const std::lock_guard<std::mutex> lock(messageMutex);
         for (const QRegularExpression &pattern : qAsConst(expectedWarnings)) {
