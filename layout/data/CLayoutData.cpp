@@ -1,0 +1,147 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/data/CLayoutData.h"
+
+#include "layout/data/CNotificationDispatch.h"
+#include "layout/data/ILayoutSource.h"
+#include "layout/data/PortLoads.h"
+#include "layout/data/TypeLibrarySearch.h"
+#include "layout/data/records/RecordMetaTypes.h"
+#include "layout/drawing/CLayoutPainter.h"
+#include "layout/plugin/CHostAccess.h"
+#include "layout/plugin/ILayoutInterfaceHandler.h"
+
+ORVO_DEFINE_SINGLETON(CLayoutData)
+
+CLayoutData::CLayoutData()
+    : m_dispatch(std::make_unique<CNotificationDispatch>(*this, m_states, m_handOver))
+    , m_handOver([this] { return m_states.options().followUp; })
+{
+    registerRecordMetaTypes();
+}
+
+CLayoutData::~CLayoutData()
+{
+    m_states.clear();
+    m_dispatch->stop();
+    m_dispatch.reset();
+    m_handOver.stop();
+}
+
+CLayoutData::TypeInfo CLayoutData::getTypeInfo(const SMD5 &key) const
+{
+    TypeInfo info;
+    TypeLibrarySearch::find(m_states.typeLibrary(), key, info);
+    return info;
+}
+
+QColor CLayoutData::portColor(int port) const
+{
+    const QColor color = m_states.port(port).color;
+    return color.isValid() ? color : CLayoutPainter::defaultPortColor(port);
+}
+
+void CLayoutData::setOptions(const SLayoutOptions &options)
+{
+    if (m_states.setOptions(options))
+        Q_EMIT notifyLayoutOptionChanged();
+}
+
+void CLayoutData::setPortLocked(int port, bool locked)
+{
+    const QVector<int> changed = m_states.setLocked(port, locked);
+    for (const int index : changed)
+        Q_EMIT notifyProcessorPortLocked(index, locked);
+    if (!changed.isEmpty())
+        syncLayoutData(false);
+}
+
+void CLayoutData::setPortColor(int port, const QColor &color)
+{
+    if (!m_states.setColor(port, color))
+        return;
+    Q_EMIT notifyProcessorPortColorChanged(port, portColor(port));
+    syncLayoutData(false);
+}
+
+LayoutData CLayoutData::openProcessor(const QUuid &processor)
+{
+    if (m_handOver.isPending(m_states.edited()))
+        syncLayoutData(true);
+    m_states.setEdited(processor); // before the host is asked: what it announces from now on counts
+    const auto handler = CHostAccess::handler();
+    if (!handler || processor.isNull())
+        return {};
+    const LayoutData data = handler->layoutData(processor);
+    m_states.takeFromHost(processor, data.layout.ports, false);
+    m_states.setCanvas(processor, data.canvas);
+    return m_states.data(processor);
+}
+
+void CLayoutData::syncLayoutData(bool atOnce)
+{
+    CabinetLayout edited = m_states.layout(m_states.editable());
+    if (!m_source || edited.processor.isNull())
+        return;
+    m_source->getLayoutData(edited, edited.processor);
+    const auto edit = m_states.takeEdit(edited);
+    if (!edit)
+        return;
+    if (atOnce)
+        m_handOver.handOverNow(edit->data);
+    else
+        m_handOver.handOverLater(edit->data);
+    if (!edit->changedPorts.isEmpty())
+        m_dispatch->post(CNotificationDispatch::PortLoadsKey,
+                         [this, ports = edit->changedPorts] { updatePortLoads(ports); });
+}
+
+bool CLayoutData::updatePortLoad(int port, bool withProcessor)
+{
+    if (port < 0 || port >= m_states.ports().size())
+        return false;
+    const auto question = m_states.loadQuestion(port);
+    const auto handler = CHostAccess::handler();
+    if (!question || !handler)
+        return false;
+    const int load = handler->portLoad(question->bearer, question->bearer.index);
+    if (!m_states.setLoad(port, load))
+        return false;
+    Q_EMIT notifyProcessorPortPayloadChanged(port, load);
+    const int follower = m_states.loadFollower(port);
+    if (m_states.setLoad(follower, load))
+        Q_EMIT notifyProcessorPortPayloadChanged(follower, load);
+    if (withProcessor)
+        Q_EMIT notifyProcessorPayloadChanged(m_states.processorLoad());
+    return true;
+}
+
+void CLayoutData::updatePortLoads(const QVector<int> &ports)
+{
+    bool changed = false;
+    for (const int port : ports)
+        changed = updatePortLoad(port, false) || changed;
+    if (changed)
+        Q_EMIT notifyProcessorPayloadChanged(m_states.processorLoad());
+}
+
+void CLayoutData::cancelCalibrate(int port)
+{
+    if (m_states.resetCalibration(port))
+        Q_EMIT notifyCancelCalibrate();
+}
+
+void CLayoutData::Update(CSubject &subject)
+{
+    m_dispatch->dispatch(subject);
+}
+
+void CLayoutData::stop()
+{
+    if (m_handOver.isPending(m_states.edited()))
+        syncLayoutData(true);
+    m_source = nullptr;
+    m_dispatch->stop();
+    m_handOver.stop();
+    m_controller = nullptr;
+}

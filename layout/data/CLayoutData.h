@@ -1,0 +1,119 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/CLayoutHandOver.h"
+#include "layout/data/CProcessorStates.h"
+#include "layout/data/IPortStates.h"
+#include "platform/common/CSingleton.h"
+#include "platform/common/CWorkThread.h"
+#include "platform/control/CObserver.h"
+
+#include <QObject>
+#include <QUndoGroup>
+
+#include <atomic>
+#include <memory>
+
+class CNotificationDispatch;
+class ILayoutSource;
+
+/// The module's store of the layouts' state and its one observer of the host. Readers copy values out and may
+/// be called from any thread, as may operations that do not say otherwise; signals come from the thread that
+/// made the change. Neither the host nor a receiver is ever called under the lock.
+class CLayoutData final : public QObject, public CObserver, public IPortStates
+{
+    Q_OBJECT
+
+public:
+    using Port = CabinetLayout::CabinetPort;
+    using TypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
+
+    CLayoutData();
+    ~CLayoutData() override;
+
+    QUuid currentProcessor() const { return m_states.current(); } ///< null without one
+    QVector<Port> ports() const { return m_states.ports(); }      ///< of the current processor
+    Port port(int index) const { return m_states.port(index); }   ///< a default record for an unknown one
+    int currentPort() const { return m_states.currentPort(); }    ///< port index; -1: none
+    int processorLoad() const { return m_states.processorLoad(); }
+    QSize canvasSize() const { return m_states.canvas(); } ///< of the current processor, pixels
+    SBackgroundInfo background() const { return m_states.background(); }
+    SLayoutOptions options() const { return m_states.options(); }
+    /// The current processor's layout as it was last handed over or loaded.
+    LayoutData layoutData() const { return m_states.data(m_states.current()); }
+    QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const { return m_states.typeLibrary(); }
+    /// What the type library tells of a type; an empty record for an unknown key.
+    TypeInfo getTypeInfo(const SMD5 &key) const;
+    QString mappingFolder() const { return m_mappingFolder; } ///< where files were last kept; GUI thread
+
+    bool isPortLocked(int port) const override { return m_states.port(port).locked; }
+    Port::Redundancy portRedundancy(int port) const override { return m_states.port(port).redundancy; }
+    QColor portColor(int port) const override;
+
+    void setCurrentPort(int port) { m_states.setCurrentPort(port); }
+    void setMappingFolder(const QString &folder) { m_mappingFolder = folder; }
+    void setOptions(const SLayoutOptions &options);
+    /// Locks or unlocks a port of the current processor (-1: every port). GUI thread.
+    void setPortLocked(int port, bool locked);
+    /// Gives a port of the current processor its colour; an invalid one restores the default. GUI thread.
+    void setPortColor(int port, const QColor &color);
+
+    /// The editor, asked whenever the layout is synchronised; null: none. GUI thread.
+    void setLayoutSource(const ILayoutSource *source) { m_source = source; }
+    /// The object whose slots are invoked by name, queued; null: none.
+    void setController(QObject *controller) { m_controller = controller; }
+    /// Hands over what is pending, then gives the host's layout of @p processor for the editor to load; from
+    /// now on the editor's layout is that processor's. GUI thread.
+    LayoutData openProcessor(const QUuid &processor);
+    /// Hands the edited layout to the host, before this returns or a moment later on a worker. Loads of ports
+    /// that changed follow. GUI thread.
+    void syncLayoutData(bool atOnce);
+
+    /// Asks the host for a port's load and announces it, when it differs, for the port and for its redundancy
+    /// port; with @p withProcessor also the processor's. True when it differed.
+    bool updatePortLoad(int port, bool withProcessor);
+    /// Ends the highlight of the cabinets of a port of the current processor (-1: every port).
+    void cancelCalibrate(int port);
+
+    QUndoGroup &undoGroup() { return m_undoGroup; } ///< GUI thread
+
+    void Update(CSubject &subject) override;
+
+    /// Hands over what is pending and ends the workers. The host's subject must have been left before. GUI
+    /// thread.
+    void stop();
+
+Q_SIGNALS:
+    void notifyProcessorStateChanged();
+    void notifyProcessorPortColorChanged(int port, const QColor &color);
+    void notifyProcessorBackgroundChanged(const SBackgroundInfo &oldInfo, const SBackgroundInfo &newInfo,
+                                          bool bcanvasSizeChanged = false);
+    void notifyProcessorPortBackup(int primary, int backup, bool on);
+    void notifyProcessorPortLocked(int port, bool locked);
+    void notifyProcessorPortPayloadChanged(int port, int payload); ///< percent
+    void notifyProcessorPayloadChanged(int payload);               ///< percent
+    void notifyProcessorCanvasSizeChanged(const QSize &size);      ///< pixels
+    void notifyLayoutOptionChanged();
+    void notifyDetectFinished();
+    void notifyCancelCalibrate();
+    /// The host holds another layout of @p processor than the editor shows: the editor must load it again,
+    /// its edits no longer count.
+    void notifyLayoutReplaced(const QUuid &processor);
+
+private:
+    friend class CNotificationDispatch; // the part of the store that listens to the host
+
+    void updatePortLoads(const QVector<int> &ports);
+    void announceLoad(int port, qint64 load);
+
+    CProcessorStates m_states; // first: everything below uses it
+    QUndoGroup m_undoGroup;
+    QString m_mappingFolder;
+    const ILayoutSource *m_source = nullptr;
+    std::atomic<QObject *> m_controller{nullptr};
+    std::unique_ptr<CNotificationDispatch> m_dispatch;
+    CLayoutHandOver m_handOver;
+};
+
+ORVO_DECLARE_SINGLETON(CLayoutData)

@@ -1,0 +1,99 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/data/CLayoutHandOver.h"
+
+#include "layout/plugin/CHostAccess.h"
+#include "layout/plugin/ILayoutInterfaceHandler.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int SyncKey = 0;
+constexpr std::chrono::milliseconds SyncDelay(200); // edits in quick succession travel as one
+
+} // namespace
+
+CLayoutHandOver::CLayoutHandOver(std::function<bool()> followUpWanted)
+    : m_followUpWanted(std::move(followUpWanted))
+{
+    m_worker.AddTimeOutEventFilter(SyncKey, SyncDelay);
+}
+
+void CLayoutHandOver::handOverNow(const LayoutData &data)
+{
+    m_worker.RemoveEvent(SyncKey);
+    const quint64 newest = number(data.processor);
+    commit(data, newest);
+    if (!m_followUpWanted())
+        return;
+    const auto handler = CHostAccess::handler();
+    if (handler && handler->layoutFollowUpNeeded())
+        handler->applyLayoutFollowUp(false);
+    else
+        post(data, newest, true);
+}
+
+void CLayoutHandOver::handOverLater(const LayoutData &data)
+{
+    post(data, number(data.processor), false);
+}
+
+bool CLayoutHandOver::isPending(const QUuid &processor) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_newest.value(processor) > m_handedOver.value(processor);
+}
+
+void CLayoutHandOver::drop(const QUuid &processor)
+{
+    // The queued event stays: it finds that its layout is outdated.
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_newest.contains(processor))
+        m_handedOver[processor] = m_newest[processor];
+}
+
+void CLayoutHandOver::stop()
+{
+    m_worker.ThreadExit();
+    m_worker.wait();
+}
+
+quint64 CLayoutHandOver::number(const QUuid &processor)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_newest[processor] = ++m_lastNumber;
+    return m_lastNumber;
+}
+
+void CLayoutHandOver::post(const LayoutData &data, quint64 number, bool committed)
+{
+    const auto closure = [this, data, number, committed] {
+        if (!committed)
+            commit(data, number);
+        if (m_followUpWanted())
+            followUp();
+    };
+    m_worker.AppendEvent({SyncKey, closure}, committed);
+    m_worker.ActivateThread();
+}
+
+void CLayoutHandOver::commit(const LayoutData &data, quint64 number)
+{
+    const std::lock_guard<std::mutex> commitLock(m_commitMutex);
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (number <= m_handedOver.value(data.processor))
+            return;
+    }
+    if (const auto handler = CHostAccess::handler())
+        handler->commitLayoutData(data);
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_handedOver[data.processor] = std::max(m_handedOver.value(data.processor), number);
+}
+
+void CLayoutHandOver::followUp() const
+{
+    if (const auto handler = CHostAccess::handler())
+        handler->applyLayoutFollowUp(false);
+}

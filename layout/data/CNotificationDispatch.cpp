@@ -1,0 +1,307 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/data/CNotificationDispatch.h"
+
+#include "layout/data/CLayoutData.h"
+#include "layout/plugin/CHostAccess.h"
+#include "layout/plugin/ILayoutInterfaceHandler.h"
+#include "platform/control/CSubject.h"
+
+#include <QMetaObject>
+
+#include <algorithm>
+
+namespace {
+
+using StorePort = CabinetLayout::CabinetPort;
+
+bool sameCabinets(const QVector<StorePort> &a, const QVector<StorePort> &b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const StorePort &x, const StorePort &y) {
+        return x.index == y.index && LayoutData::comparePortData(x, y, true);
+    });
+}
+
+} // namespace
+
+CNotificationDispatch::CNotificationDispatch(CLayoutData &store, CProcessorStates &states,
+                                             CLayoutHandOver &handOver)
+    : m_store(store)
+    , m_states(states)
+    , m_handOver(handOver)
+{
+}
+
+void CNotificationDispatch::dispatch(CSubject &subject)
+{
+    if (const Handling handling = handlingOf(subject.code()))
+        (this->*handling)(subject);
+    m_worker.ActivateThread();
+}
+
+void CNotificationDispatch::post(int key, std::function<void()> work)
+{
+    m_worker.AppendEvent({key, std::move(work)}, true);
+    m_worker.ActivateThread();
+}
+
+void CNotificationDispatch::stop()
+{
+    m_worker.ThreadExit();
+    m_worker.wait();
+}
+
+CNotificationDispatch::Handling CNotificationDispatch::handlingOf(int code)
+{
+    using D = CNotificationDispatch;
+    switch (static_cast<LayoutNotification>(code)) {
+    case LayoutNotification::DetectFinished:
+        return &D::onDetectFinished;
+    case LayoutNotification::WorkModeChanged:
+        return &D::onWorkModeChanged;
+    case LayoutNotification::PortBackupChanged:
+        return &D::onPortBackupChanged;
+    case LayoutNotification::TypeLibraryChanged:
+        return &D::onTypeLibraryChanged;
+    case LayoutNotification::ProcessorRemoved:
+        return &D::onProcessorRemoved;
+    case LayoutNotification::ProcessorsRemoved:
+        return &D::onProcessorsRemoved;
+    case LayoutNotification::LayoutReplaced:
+        return &D::onLayoutReplaced;
+    case LayoutNotification::LayoutsReplaced:
+        return &D::onLayoutsReplaced;
+    case LayoutNotification::BackgroundChanged:
+        return &D::onBackgroundChanged;
+    case LayoutNotification::CanvasSizeChanged:
+        return &D::onCanvasSizeChanged;
+    case LayoutNotification::ProcessorStateChanged:
+        return &D::onProcessorStateChanged;
+    case LayoutNotification::PortLoadsChanged:
+        return &D::onPortLoadsChanged;
+    case LayoutNotification::PortCountChanged:
+        return &D::onPortCountChanged;
+    case LayoutNotification::CurrentProcessorChanged:
+        return &D::onCurrentProcessorChanged;
+    case LayoutNotification::SelectedNodeChanged:
+        return &D::onSelectedNodeChanged;
+    case LayoutNotification::ReadbackFinished:
+        return &D::onReadbackFinished;
+    }
+    return nullptr;
+}
+
+void CNotificationDispatch::onDetectFinished(CSubject &)
+{
+    post(LayoutNotification::DetectFinished, [this] {
+        m_states.setCurrentPort(-1);
+        Q_EMIT m_store.notifyDetectFinished();
+        const auto handler = CHostAccess::handler();
+        if (!handler)
+            return;
+        const QSize canvas = handler->getCanvasSize();
+        m_states.setCanvas(m_states.current(), canvas);
+        Q_EMIT m_store.notifyProcessorCanvasSizeChanged(canvas);
+    });
+}
+
+void CNotificationDispatch::onWorkModeChanged(CSubject &)
+{
+    post(LayoutNotification::WorkModeChanged, [this] { invoke("onPrcWorkModeChanged"); });
+}
+
+void CNotificationDispatch::onPortBackupChanged(CSubject &subject)
+{
+    const auto change = subject.GetArgument<SPortBackupChange>();
+    if (const auto handler = CHostAccess::handler())
+        refreshCurrentPorts(*handler);
+    Q_EMIT m_store.notifyProcessorPortBackup(change.primary, change.backup, change.on);
+    post(LayoutNotification::PortBackupChanged, [this] { updateAllLoads(); });
+}
+
+void CNotificationDispatch::onTypeLibraryChanged(CSubject &)
+{
+    if (const auto handler = CHostAccess::handler())
+        m_states.setTypeLibrary(handler->typeLibrary());
+}
+
+void CNotificationDispatch::onProcessorRemoved(CSubject &subject)
+{
+    removeProcessor(subject.GetArgument<QUuid>());
+}
+
+void CNotificationDispatch::onProcessorsRemoved(CSubject &subject)
+{
+    const auto processors = subject.GetArgument<QList<QUuid>>();
+    for (const QUuid &processor : processors)
+        removeProcessor(processor);
+}
+
+void CNotificationDispatch::onLayoutReplaced(CSubject &subject)
+{
+    replaceLayout(subject.GetArgument<QUuid>());
+}
+
+void CNotificationDispatch::onLayoutsReplaced(CSubject &subject)
+{
+    const auto processors = subject.GetArgument<QList<QUuid>>();
+    for (const QUuid &processor : processors)
+        replaceLayout(processor);
+}
+
+void CNotificationDispatch::onBackgroundChanged(CSubject &subject)
+{
+    post(LayoutNotification::BackgroundChanged, [this, info = subject.GetArgument<SBackgroundInfo>()] {
+        const SBackgroundInfo before = m_states.setBackground(info.processor, info);
+        if (info.processor == m_states.current())
+            Q_EMIT m_store.notifyProcessorBackgroundChanged(before, info, false);
+    });
+}
+
+void CNotificationDispatch::onCanvasSizeChanged(CSubject &subject)
+{
+    post(LayoutNotification::CanvasSizeChanged, [this, change = subject.GetArgument<SCanvasSizeChange>()] {
+        m_states.setCanvas(change.processor, change.size);
+        if (change.processor == m_states.current())
+            Q_EMIT m_store.notifyProcessorCanvasSizeChanged(change.size);
+    });
+}
+
+void CNotificationDispatch::onProcessorStateChanged(CSubject &subject)
+{
+    subject.GetArgument<SProcessorStateChange>(); // the pages ask the host for what they need
+    post(LayoutNotification::ProcessorStateChanged, [this] {
+        Q_EMIT m_store.notifyProcessorStateChanged();
+        announcePayload();
+        invoke("OnCurrentProcessorStateChanged");
+    });
+}
+
+void CNotificationDispatch::onPortLoadsChanged(CSubject &subject)
+{
+    post(LayoutNotification::PortLoadsChanged, [this, change = subject.GetArgument<SPortLoadChange>()] {
+        if (change.processor != m_states.current())
+            return;
+        if (change.port == -1)
+            updateAllLoads();
+        else
+            m_store.updatePortLoad(change.port, true);
+    });
+}
+
+void CNotificationDispatch::onPortCountChanged(CSubject &)
+{
+    post(LayoutNotification::PortCountChanged, [this] {
+        const auto handler = CHostAccess::handler();
+        if (!handler)
+            return;
+        const ProcessorTree::ProcessorNode node = handler->currentProcessorNode();
+        refreshCurrentPorts(*handler);
+        updateAllLoads();
+        announcePayload();
+        invoke("onCurrentProcessorPortCountChanged", Q_ARG(ProcessorTree::ProcessorNode, node));
+    });
+}
+
+void CNotificationDispatch::onCurrentProcessorChanged(CSubject &subject)
+{
+    const auto processor = subject.GetArgument<QUuid>();
+    const auto handler = CHostAccess::handler();
+    if (processor.isNull() || !handler)
+        m_states.setCurrent(QUuid());
+    else
+        takeCurrent(processor, *handler);
+    post(LayoutNotification::CurrentProcessorChanged, [this] {
+        updateAllLoads();
+        announcePayload();
+        invoke("OnCurrentProcessorChanged");
+    });
+}
+
+void CNotificationDispatch::onSelectedNodeChanged(CSubject &subject)
+{
+    const auto change = subject.GetArgument<SSelectedNodeChange>();
+    if (change.type != PrcTreeNodeType::Other)
+        m_store.cancelCalibrate(-1);
+    post(LayoutNotification::SelectedNodeChanged, [this, change] {
+        invoke("OnCurrentSelectedNodeChanged", Q_ARG(PrcTreeNodeType, change.type),
+               Q_ARG(ProcessorBoundingRects, change.rects));
+    });
+}
+
+void CNotificationDispatch::onReadbackFinished(CSubject &subject)
+{
+    post(LayoutNotification::ReadbackFinished, [this, result = subject.GetArgument<SReadbackResult>()] {
+        invoke("onReadbackMappingFinished", Q_ARG(QUuid, result.processor), Q_ARG(bool, result.same));
+    });
+}
+
+void CNotificationDispatch::removeProcessor(const QUuid &processor)
+{
+    m_handOver.drop(processor);
+    const bool current = processor == m_states.current();
+    m_states.remove(processor);
+    if (!current)
+        return;
+    Q_EMIT m_store.notifyProcessorStateChanged();
+    announcePayload();
+}
+
+void CNotificationDispatch::replaceLayout(const QUuid &processor)
+{
+    const auto handler = CHostAccess::handler();
+    if (!handler)
+        return;
+    m_states.outdateEdits(processor);
+    m_handOver.drop(processor);
+    const LayoutData data = handler->layoutData(processor);
+    m_states.takeFromHost(processor, data.layout.ports, false);
+    m_states.setCanvas(processor, data.canvas);
+    Q_EMIT m_store.notifyLayoutReplaced(processor);
+    if (processor == m_states.current())
+        post(LayoutNotification::LayoutReplaced, [this] { updateAllLoads(); });
+}
+
+void CNotificationDispatch::refreshCurrentPorts(const ILayoutInterfaceHandler &handler)
+{
+    const QUuid current = m_states.current();
+    if (current.isNull())
+        m_states.setCurrentPort(-1);
+    else
+        m_states.takeFromHost(current, handler.currentProcessorPorts(), m_handOver.isPending(current));
+}
+
+void CNotificationDispatch::takeCurrent(const QUuid &processor, const ILayoutInterfaceHandler &handler)
+{
+    const LayoutData data = handler.layoutData(processor);
+    const bool pending = m_handOver.isPending(processor);
+    const bool differs = !sameCabinets(m_states.layout(processor).ports, data.layout.ports);
+    m_states.setCurrent(processor);
+    m_states.takeFromHost(processor, data.layout.ports, pending);
+    m_states.setCanvas(processor, data.canvas);
+    m_states.setBackground(processor, handler.background(processor));
+    if (m_states.typeLibrary().isEmpty()) // the host's first processor; changes are announced
+        m_states.setTypeLibrary(handler.typeLibrary());
+    if (differs)
+        m_store.cancelCalibrate(-1);
+}
+
+void CNotificationDispatch::updateAllLoads()
+{
+    QVector<int> indices;
+    const QVector<StorePort> ports = m_states.ports();
+    for (const StorePort &port : ports)
+        indices << port.index;
+    m_store.updatePortLoads(indices);
+}
+
+void CNotificationDispatch::announcePayload()
+{
+    Q_EMIT m_store.notifyProcessorPayloadChanged(m_states.processorLoad());
+}
+
+void CNotificationDispatch::invoke(const char *slot, QGenericArgument first, QGenericArgument second)
+{
+    if (QObject *controller = m_store.m_controller)
+        QMetaObject::invokeMethod(controller, slot, Qt::QueuedConnection, first, second);
+}

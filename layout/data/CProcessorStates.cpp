@@ -1,0 +1,352 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/data/CProcessorStates.h"
+
+#include "layout/data/PortLoads.h"
+
+#include <algorithm>
+
+namespace {
+
+using Port = CabinetLayout::CabinetPort;
+using Group = CabinetLayout::CabinetPort::CabinetGroup;
+
+bool hasCalibration(const Group &group)
+{
+    return std::any_of(group.cabinets.begin(), group.cabinets.end(),
+                       [](const Port::Cabinet &cabinet) { return cabinet.calibrationIndex != -1; }) ||
+           std::any_of(group.groups.begin(), group.groups.end(), hasCalibration);
+}
+
+void clearCalibration(QVector<Group> &groups)
+{
+    for (Group &group : groups) {
+        for (Port::Cabinet &cabinet : group.cabinets)
+            cabinet.calibrationIndex = -1;
+        clearCalibration(group.groups);
+    }
+}
+
+QRect areaOf(const Port &port)
+{
+    return CabinetLayout{QUuid(), {port}}.boundingRect();
+}
+
+QRect unitedBounds(const CProcessorState &state)
+{
+    QRect bounds;
+    for (const QRect &area : state.portBounds)
+        bounds |= area;
+    return bounds;
+}
+
+LayoutData dataOf(const CProcessorState &state)
+{
+    return {state.layout.processor, state.layout, state.canvas, unitedBounds(state)};
+}
+
+} // namespace
+
+QUuid CProcessorStates::current() const
+{
+    const CReadLocker locker(m_lock);
+    return m_current;
+}
+
+QVector<Port> CProcessorStates::ports() const
+{
+    const CReadLocker locker(m_lock);
+    return currentLayout().ports;
+}
+
+Port CProcessorStates::port(int index) const
+{
+    const CReadLocker locker(m_lock);
+    const Port *port = currentLayout().port(index);
+    return port ? *port : Port();
+}
+
+int CProcessorStates::processorLoad() const
+{
+    const CReadLocker locker(m_lock);
+    return PortLoads::processorLoad(currentLayout().ports);
+}
+
+QSize CProcessorStates::canvas() const
+{
+    const CReadLocker locker(m_lock);
+    const CProcessorState *state = find(m_current);
+    return state ? state->canvas : QSize();
+}
+
+SBackgroundInfo CProcessorStates::background() const
+{
+    const CReadLocker locker(m_lock);
+    const CProcessorState *state = find(m_current);
+    return state ? state->background : SBackgroundInfo();
+}
+
+CabinetLayout CProcessorStates::layout(const QUuid &processor) const
+{
+    const CReadLocker locker(m_lock);
+    const CProcessorState *state = find(processor);
+    return state ? state->layout : CabinetLayout();
+}
+
+LayoutData CProcessorStates::data(const QUuid &processor) const
+{
+    const CReadLocker locker(m_lock);
+    const CProcessorState *state = find(processor);
+    return state ? dataOf(*state) : LayoutData();
+}
+
+int CProcessorStates::currentPort() const
+{
+    const CReadLocker locker(m_lock);
+    return m_currentPort;
+}
+
+void CProcessorStates::setCurrentPort(int port)
+{
+    const CWriteLocker locker(m_lock);
+    m_currentPort = port;
+}
+
+SLayoutOptions CProcessorStates::options() const
+{
+    const CReadLocker locker(m_lock);
+    return m_options;
+}
+
+bool CProcessorStates::setOptions(const SLayoutOptions &options)
+{
+    const CWriteLocker locker(m_lock);
+    if (m_options == options)
+        return false;
+    m_options = options;
+    return true;
+}
+
+QVector<SSettings::TypeLibrary::STreeNode> CProcessorStates::typeLibrary() const
+{
+    const CReadLocker locker(m_lock);
+    return m_typeLibrary;
+}
+
+void CProcessorStates::setTypeLibrary(QVector<SSettings::TypeLibrary::STreeNode> library)
+{
+    const CWriteLocker locker(m_lock);
+    m_typeLibrary.swap(library); // the old tree dies with the parameter
+}
+
+void CProcessorStates::setCurrent(const QUuid &processor)
+{
+    const CWriteLocker locker(m_lock);
+    if (m_current != processor)
+        m_currentPort = -1;
+    m_current = processor;
+}
+
+void CProcessorStates::takeFromHost(const QUuid &processor, const QVector<Port> &ports, bool keepEdits)
+{
+    if (processor.isNull())
+        return;
+    const CWriteLocker locker(m_lock);
+    CProcessorState &state = stateOf(processor);
+    const CabinetLayout known = state.layout;
+    state.layout.ports = ports;
+    state.portBounds.clear();
+    for (Port &port : state.layout.ports) {
+        if (const Port *before = known.port(port.index)) {
+            port.load = before->load;
+            if (keepEdits) {
+                port.groups = before->groups;
+                port.locked = before->locked;
+                port.color = before->color;
+            }
+        }
+        state.portBounds.insert(port.index, areaOf(port));
+    }
+    if (processor == m_current && ports.isEmpty())
+        m_currentPort = -1;
+}
+
+void CProcessorStates::setCanvas(const QUuid &processor, const QSize &canvas)
+{
+    if (processor.isNull())
+        return;
+    const CWriteLocker locker(m_lock);
+    stateOf(processor).canvas = canvas;
+}
+
+SBackgroundInfo CProcessorStates::setBackground(const QUuid &processor, const SBackgroundInfo &background)
+{
+    if (processor.isNull())
+        return {};
+    const CWriteLocker locker(m_lock);
+    CProcessorState &state = stateOf(processor);
+    const SBackgroundInfo before = state.background;
+    state.background = background;
+    return before;
+}
+
+void CProcessorStates::remove(const QUuid &processor)
+{
+    const CWriteLocker locker(m_lock);
+    m_states.erase(processor);
+    if (processor == m_edited)
+        m_edited = QUuid();
+    if (processor != m_current)
+        return;
+    m_current = QUuid();
+    m_currentPort = -1;
+}
+
+void CProcessorStates::clear()
+{
+    const CWriteLocker locker(m_lock);
+    m_states.clear();
+    m_current = m_edited = QUuid();
+    m_currentPort = -1;
+}
+
+QUuid CProcessorStates::edited() const
+{
+    const CReadLocker locker(m_lock);
+    return m_edited;
+}
+
+void CProcessorStates::setEdited(const QUuid &processor)
+{
+    const CWriteLocker locker(m_lock);
+    m_edited = processor;
+    m_editsOutdated = false;
+}
+
+void CProcessorStates::outdateEdits(const QUuid &processor)
+{
+    const CWriteLocker locker(m_lock);
+    m_editsOutdated = m_editsOutdated || (processor == m_edited && !processor.isNull());
+}
+
+QUuid CProcessorStates::editable() const
+{
+    const CReadLocker locker(m_lock);
+    return m_editsOutdated ? QUuid() : m_edited;
+}
+
+std::optional<CProcessorStates::SEdit> CProcessorStates::takeEdit(const CabinetLayout &edited)
+{
+    const CWriteLocker locker(m_lock);
+    if (m_editsOutdated || m_edited.isNull() || m_edited != edited.processor)
+        return std::nullopt;
+    SEdit edit;
+    CProcessorState &state = stateOf(m_edited);
+    for (Port &port : state.layout.ports) {
+        const Port *changed = edited.port(port.index);
+        if (!changed || changed->groups == port.groups)
+            continue;
+        port.groups = changed->groups;
+        state.portBounds[port.index] = areaOf(port);
+        edit.changedPorts << port.index;
+    }
+    edit.data = dataOf(state);
+    return edit;
+}
+
+QVector<int> CProcessorStates::setLocked(int port, bool locked)
+{
+    const CWriteLocker locker(m_lock);
+    QVector<int> changed;
+    if (m_current.isNull())
+        return changed;
+    for (Port &record : stateOf(m_current).layout.ports) {
+        if ((port == -1 || record.index == port) && record.locked != locked) {
+            record.locked = locked;
+            changed << record.index;
+        }
+    }
+    return changed;
+}
+
+bool CProcessorStates::setColor(int port, const QColor &color)
+{
+    const CWriteLocker locker(m_lock);
+    Port *record = currentPortRecord(port);
+    if (!record || record->color == color)
+        return false;
+    record->color = color;
+    return true;
+}
+
+bool CProcessorStates::resetCalibration(int port)
+{
+    const CWriteLocker locker(m_lock);
+    bool matched = false;
+    const QVector<Port> ports = currentLayout().ports;
+    for (const Port &record : ports) {
+        if (port != -1 && record.index != port)
+            continue;
+        matched = true;
+        if (std::any_of(record.groups.begin(), record.groups.end(), hasCalibration))
+            clearCalibration(currentPortRecord(record.index)->groups);
+    }
+    return matched;
+}
+
+std::optional<CProcessorStates::SLoadQuestion> CProcessorStates::loadQuestion(int port) const
+{
+    const CReadLocker locker(m_lock);
+    const Port *own = currentLayout().port(port);
+    if (!own)
+        return std::nullopt;
+    return SLoadQuestion{*PortLoads::loadBearer(currentLayout(), port), own->load};
+}
+
+bool CProcessorStates::setLoad(int port, qint64 load)
+{
+    const CWriteLocker locker(m_lock);
+    Port *record = currentPortRecord(port);
+    if (!record || record->load == load)
+        return false;
+    record->load = load;
+    return true;
+}
+
+int CProcessorStates::loadFollower(int port) const
+{
+    const CReadLocker locker(m_lock);
+    return PortLoads::loadFollower(currentLayout(), port);
+}
+
+CProcessorState &CProcessorStates::stateOf(const QUuid &processor)
+{
+    std::unique_ptr<CProcessorState> &state = m_states[processor];
+    if (!state) {
+        state = std::make_unique<CProcessorState>();
+        state->layout.processor = processor;
+    }
+    return *state;
+}
+
+const CProcessorState *CProcessorStates::find(const QUuid &processor) const
+{
+    const auto found = m_states.find(processor);
+    return found == m_states.end() ? nullptr : found->second.get();
+}
+
+const CabinetLayout &CProcessorStates::currentLayout() const
+{
+    static const CabinetLayout none;
+    const CProcessorState *state = find(m_current);
+    return state ? state->layout : none;
+}
+
+Port *CProcessorStates::currentPortRecord(int index)
+{
+    const CProcessorState *known = find(m_current);
+    if (!known || !known->layout.port(index))
+        return nullptr;
+    QVector<Port> &ports = stateOf(m_current).layout.ports;
+    return std::find_if(ports.begin(), ports.end(), [index](const Port &p) { return p.index == index; });
+}

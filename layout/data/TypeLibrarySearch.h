@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/SSettings.h"
+
+/// Finding a cabinet type in the type library.
+namespace TypeLibrarySearch {
+
+/// Fills @p info from the node of @p nodes with that key, depth first in stored order; leaves it alone when
+/// there is none. Within a sequence the first matching type ends the walk; a match inside a folder does not,
+/// so that a later one overwrites it.
+void find(const QVector<SSettings::TypeLibrary::STreeNode> &nodes, const SMD5 &key,
+          SSettings::TypeLibrary::STreeNode::RcvTypeInfo &info);
+
+} // namespace TypeLibrarySearch

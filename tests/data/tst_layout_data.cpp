@@ -1,0 +1,317 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/data/CLayoutData.h"
+#include "layout/data/ILayoutSource.h"
+#include "layout/plugin/LayoutNotification.h"
+#include "tests/harness/CFakeHost.h"
+#include "tests/harness/CTestBase.h"
+
+namespace {
+
+using Port = CabinetLayout::CabinetPort;
+
+/// Stands for the editor: gives the layout that the test has made.
+class CFakeEditor final : public ILayoutSource
+{
+public:
+    void getLayoutData(CabinetLayout &layout, const QUuid &processor) const override
+    {
+        if (processor == shown.processor)
+            layout = shown;
+    }
+    CabinetLayout shown;
+
+    void load(const LayoutData &data) { shown = data.layout; }
+    void move(int port) { shown.ports[port].groups[0].cabinets[0].rect.translate(10, 0); }
+};
+
+/// A store with a host and an editor that shows the processor "A" of four ports.
+struct SStoreScene final
+{
+    CFakeHost host;
+    QUuid a = host.addProcessor(QStringLiteral("A"), 4, 2);
+    QUuid b = host.addProcessor(QStringLiteral("B"), 2, 1);
+    CFakeEditor editor;
+    CLayoutData store;
+
+    SStoreScene()
+    {
+        host.subject()->attach(store);
+        store.setLayoutSource(&editor);
+        show(a);
+    }
+    ~SStoreScene()
+    {
+        host.subject()->detach(store);
+        store.stop();
+    }
+    void show(const QUuid &processor)
+    {
+        host.choose(processor);
+        host.notify(LayoutNotification::CurrentProcessorChanged, processor);
+        editor.load(store.openProcessor(processor));
+    }
+    CFakeHandler &answers() { return host.answers(); }
+    QStringList handOverCalls()
+    {
+        return answers().calls().filter(QRegularExpression(
+            QStringLiteral("^(commitLayoutData|layoutFollowUpNeeded|applyLayoutFollowUp)")));
+    }
+    QString commitOf(const QUuid &processor) const
+    {
+        return QStringLiteral("commitLayoutData(%1)").arg(processor.toString(QUuid::WithoutBraces));
+    }
+};
+
+const QString FollowUpNeeded = QStringLiteral("layoutFollowUpNeeded");
+const QString FollowUp = QStringLiteral("applyLayoutFollowUp(false)");
+
+} // namespace
+
+class CLayoutDataTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void handsOverAtOnce_data()
+    {
+        QTest::addColumn<bool>("optionOn");
+        QTest::addColumn<bool>("needed");
+        QTest::addColumn<QStringList>("later"); // what follows the commit
+        QTest::addColumn<bool>("byWorker");
+        QTest::newRow("follow-up at once") << true << true << QStringList{FollowUpNeeded, FollowUp} << false;
+        QTest::newRow("follow-up by the worker")
+            << true << false << QStringList{FollowUpNeeded, FollowUp} << true;
+        QTest::newRow("no follow-up") << false << true << QStringList{} << false;
+    }
+    void handsOverAtOnce()
+    {
+        QFETCH(bool, optionOn);
+        QFETCH(bool, needed);
+        QFETCH(QStringList, later);
+        QFETCH(bool, byWorker);
+        SStoreScene scene;
+        SLayoutOptions options;
+        options.followUp = optionOn;
+        scene.store.setOptions(options);
+        scene.answers().followUpNeeded = needed;
+        scene.editor.move(1);
+        scene.answers().forgetCalls();
+
+        scene.store.syncLayoutData(true);
+        QVERIFY(scene.answers().threadOf(QStringLiteral("commitLayoutData")) == std::this_thread::get_id());
+        QTRY_COMPARE(scene.handOverCalls(), QStringList{scene.commitOf(scene.a)} + later);
+        QCOMPARE(scene.answers().layouts[scene.a].layout, scene.editor.shown);
+        QCOMPARE(scene.answers().layouts[scene.a].bounds, scene.editor.shown.boundingRect());
+        if (optionOn)
+            QCOMPARE(scene.answers().threadOf(QStringLiteral("applyLayoutFollowUp")) !=
+                         std::this_thread::get_id(),
+                     byWorker);
+    }
+
+    void handsOverLaterTheLastLayoutOnly()
+    {
+        SStoreScene scene;
+        scene.answers().forgetCalls();
+        for (int i = 0; i < 5; ++i) {
+            scene.editor.move(0);
+            scene.store.syncLayoutData(false);
+        }
+        QCOMPARE(scene.handOverCalls(), QStringList());
+        const QStringList expected{scene.commitOf(scene.a), FollowUp};
+        QTRY_COMPARE(scene.handOverCalls(), expected);
+        QVERIFY(scene.answers().threadOf(QStringLiteral("commitLayoutData")) != std::this_thread::get_id());
+        QCOMPARE(scene.answers().layoutData(scene.a).layout, scene.editor.shown);
+    }
+
+    void atOnceTakesThePlaceOfWhatIsDeferred()
+    {
+        SStoreScene scene;
+        scene.answers().forgetCalls();
+        scene.editor.move(0);
+        scene.store.syncLayoutData(false);
+        scene.editor.move(0);
+        scene.store.syncLayoutData(true);
+        scene.show(scene.b);
+        QTest::qWait(300);
+        QCOMPARE(scene.handOverCalls().count(scene.commitOf(scene.a)), 1);
+    }
+
+    void anotherProcessorDoesNotLoseTheEditsBefore()
+    {
+        SStoreScene scene;
+        scene.editor.move(2);
+        scene.store.syncLayoutData(false);
+        const CabinetLayout edited = scene.editor.shown;
+        scene.show(scene.b);
+        QCOMPARE(scene.answers().layoutData(scene.a).layout, edited);
+        QCOMPARE(scene.store.layoutData().processor, scene.b);
+        scene.show(scene.a);
+        QCOMPARE(scene.editor.shown, edited);
+    }
+
+    void stoppingHandsOverWhatIsDeferred()
+    {
+        SStoreScene scene;
+        scene.editor.move(2);
+        scene.store.syncLayoutData(false);
+        scene.store.stop();
+        QCOMPARE(scene.answers().layouts[scene.a].layout, scene.editor.shown);
+        scene.store.stop();
+    }
+
+    void editsOfAReplacedLayoutDoNotCount()
+    {
+        SStoreScene scene;
+        scene.editor.move(0);
+        scene.store.syncLayoutData(false);
+        QSignalSpy replaced(&scene.store, &CLayoutData::notifyLayoutReplaced);
+        LayoutData imported = scene.answers().layoutData(scene.a);
+        imported.layout.ports[3].groups.clear();
+        scene.answers().commitLayoutData(imported);
+        scene.host.notify(LayoutNotification::LayoutReplaced, scene.a);
+        scene.editor.move(1); // the editor still shows the layout before
+        scene.store.syncLayoutData(true);
+        QTest::qWait(300);
+        QCOMPARE(scene.answers().layoutData(scene.a), imported);
+        QTRY_COMPARE(replaced.count(), 1);
+
+        scene.editor.load(scene.store.openProcessor(scene.a));
+        QCOMPARE(scene.editor.shown, imported.layout);
+        scene.editor.move(1);
+        scene.store.syncLayoutData(true);
+        QCOMPARE(scene.answers().layoutData(scene.a).layout, scene.editor.shown);
+    }
+
+    void aBackupChangeKeepsPendingEdits()
+    {
+        SStoreScene scene;
+        scene.store.setPortLocked(1, true);
+        scene.answers().layouts[scene.a].layout.ports[0].redundancy = Port::Primary;
+        scene.host.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{0, 3, true});
+        QVERIFY(scene.store.isPortLocked(1));
+        QCOMPARE(scene.store.portRedundancy(0), Port::Primary);
+    }
+
+    void asksForTheLoadsOfChangedPortsOnly()
+    {
+        SStoreScene scene;
+        QTRY_COMPARE(scene.answers().count(QStringLiteral("portLoad")), 4);
+        scene.answers().forgetCalls();
+        scene.answers().loads[2] = 90;
+        QSignalSpy port(&scene.store, &CLayoutData::notifyProcessorPortPayloadChanged);
+        QSignalSpy processor(&scene.store, &CLayoutData::notifyProcessorPayloadChanged);
+        scene.editor.move(2);
+        scene.store.syncLayoutData(true);
+        QTRY_COMPARE(processor.count(), 1);
+        QCOMPARE(processor[0], QVariantList{23});
+        QCOMPARE(port.count(), 1);
+        QCOMPARE(port[0], (QVariantList{2, 90}));
+        QCOMPARE(scene.answers().calls().filter(QStringLiteral("portLoad")),
+                 QStringList{QStringLiteral("portLoad(2,2)")});
+    }
+
+    void aRedundancyPortCarriesThePrimarysLoad()
+    {
+        SStoreScene scene;
+        QVector<Port> &ports = scene.answers().layouts[scene.a].layout.ports;
+        ports[1].redundancy = Port::Primary;
+        ports[1].redundancyPort = 3;
+        ports[3].redundancy = Port::Redundant;
+        ports[3].redundancyPort = 1;
+        scene.show(scene.a);
+        QTRY_COMPARE(scene.answers().count(QStringLiteral("portLoad")), 8);
+        scene.answers().loads = {{1, 70}, {3, 5}};
+        QSignalSpy port(&scene.store, &CLayoutData::notifyProcessorPortPayloadChanged);
+        QSignalSpy processor(&scene.store, &CLayoutData::notifyProcessorPayloadChanged);
+        processor.clear();
+
+        QVERIFY(scene.store.updatePortLoad(1, true));
+        QCOMPARE(port.count(), 2);
+        QCOMPARE(port[0], (QVariantList{1, 70}));
+        QCOMPARE(port[1], (QVariantList{3, 70}));
+        QCOMPARE(processor.count(), 1);
+        QVERIFY(!scene.store.updatePortLoad(3, true)); // asks for port 1 in its place
+        QVERIFY(!scene.store.updatePortLoad(1, true));
+        QVERIFY(!scene.store.updatePortLoad(-1, true));
+        QVERIFY(!scene.store.updatePortLoad(4, true));
+        QCOMPARE(port.count(), 2);
+        QCOMPARE(processor.count(), 1);
+    }
+
+    void announcesLocksColoursAndOptionsOnce()
+    {
+        SStoreScene scene;
+        QSignalSpy locked(&scene.store, &CLayoutData::notifyProcessorPortLocked);
+        QSignalSpy colored(&scene.store, &CLayoutData::notifyProcessorPortColorChanged);
+        QSignalSpy options(&scene.store, &CLayoutData::notifyLayoutOptionChanged);
+        for (int i = 0; i < 2; ++i) {
+            scene.store.setPortLocked(2, true);
+            scene.store.setPortColor(0, Qt::red);
+            scene.store.setOptions({true, true});
+            scene.store.setPortLocked(9, true);
+            scene.store.setPortColor(9, Qt::red);
+        }
+        QCOMPARE(locked.count(), 1);
+        QCOMPARE(colored.count(), 1);
+        QCOMPARE(options.count(), 1);
+        scene.store.setPortLocked(-1, true);
+        QCOMPARE(locked.count(), 4);
+        QVERIFY(scene.store.isPortLocked(0));
+        QVERIFY(scene.store.portColor(1).isValid());
+        scene.store.syncLayoutData(true);
+        const CabinetLayout handedOver = scene.answers().layouts[scene.a].layout;
+        QVERIFY(handedOver.ports[3].locked);
+        QCOMPARE(handedOver.ports[0].color, QColor(Qt::red));
+    }
+
+    void noSignalComesUnderTheLock()
+    {
+        SStoreScene scene;
+        int answered = 0;
+        const auto useStore = [&scene, &answered] {
+            scene.store.setCurrentPort(1); // would hang under the lock
+            answered += scene.store.ports().size();
+        };
+        connect(&scene.store, &CLayoutData::notifyProcessorPortLocked, this, useStore);
+        connect(&scene.store, &CLayoutData::notifyLayoutOptionChanged, this, useStore);
+        connect(&scene.store, &CLayoutData::notifyProcessorPortPayloadChanged, this, useStore,
+                Qt::DirectConnection);
+        connect(&scene.store, &CLayoutData::notifyCancelCalibrate, this, useStore);
+        scene.answers().onCalled = [&scene](const QString &) { scene.store.setCurrentPort(2); };
+        scene.answers().loads[0] = 12;
+        scene.store.setPortLocked(0, true);
+        scene.store.setOptions({true, true});
+        scene.store.updatePortLoad(0, true);
+        scene.store.cancelCalibrate(-1);
+        scene.store.syncLayoutData(true);
+        QCOMPARE(answered, 16);
+    }
+
+    void endsTheHighlightOfItsPorts()
+    {
+        SStoreScene scene;
+        QVector<Port> &ports = scene.answers().layouts[scene.a].layout.ports;
+        for (Port &port : ports)
+            port.groups[0].cabinets[1].calibrationIndex = port.index;
+        scene.show(scene.a);
+        QSignalSpy cancelled(&scene.store, &CLayoutData::notifyCancelCalibrate);
+        const auto highlightOf = [&scene](int port) {
+            return scene.store.port(port).getAllCabinets().at(1).calibrationIndex;
+        };
+        scene.store.cancelCalibrate(7);
+        QCOMPARE(cancelled.count(), 0);
+        scene.store.cancelCalibrate(1);
+        QCOMPARE(highlightOf(1), -1);
+        QCOMPARE(highlightOf(2), 2);
+        scene.store.cancelCalibrate(-1);
+        QCOMPARE(highlightOf(3), -1);
+        QCOMPARE(cancelled.count(), 2);
+        scene.host.notify(LayoutNotification::ProcessorRemoved, scene.a);
+        scene.store.cancelCalibrate(-1); // no ports: nothing
+        QCOMPARE(cancelled.count(), 2);
+    }
+};
+
+ORVO_TEST_MAIN(QApplication, CLayoutDataTest)
+#include "tst_layout_data.moc"

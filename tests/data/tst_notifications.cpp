@@ -1,0 +1,362 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/data/CLayoutData.h"
+#include "layout/plugin/LayoutNotification.h"
+#include "tests/harness/CFakeHost.h"
+#include "tests/harness/CTestBase.h"
+
+namespace {
+
+/// Stands for the controller: notes which slot was invoked, with what, and on which thread.
+class CFakeController final : public QObject
+{
+    Q_OBJECT
+
+public:
+    QStringList invoked;
+    bool onOwnThread = true;
+
+public Q_SLOTS:
+    void OnCurrentProcessorChanged() { note(QStringLiteral("current")); }
+    void onCurrentProcessorPortCountChanged(const ProcessorTree::ProcessorNode &node)
+    {
+        note(QStringLiteral("ports of ") + node.name);
+    }
+    void OnCurrentSelectedNodeChanged(PrcTreeNodeType type, const ProcessorBoundingRects &rects)
+    {
+        note(QStringLiteral("selected %1 %2").arg(static_cast<int>(type)).arg(rects.size()));
+    }
+    void onReadbackMappingFinished(const QUuid &processor, bool same)
+    {
+        note(QStringLiteral("readback %1 %2").arg(processor.isNull()).arg(same));
+    }
+    void onPrcWorkModeChanged() { note(QStringLiteral("work mode")); }
+    void OnCurrentProcessorStateChanged() { note(QStringLiteral("state")); }
+
+private:
+    void note(const QString &what)
+    {
+        invoked << what;
+        onOwnThread = onOwnThread && QThread::currentThread() == thread();
+    }
+};
+
+struct SDispatchScene final
+{
+    CFakeHost host;
+    QUuid a = host.addProcessor(QStringLiteral("A"), 3, 1);
+    CFakeController controller;
+    CLayoutData store;
+    std::mutex mutex;
+    QStringList signalled;
+    QMap<QString, std::thread::id> threads;
+
+    SDispatchScene()
+    {
+        connectSignals();
+        host.subject()->attach(store);
+        store.setController(&controller);
+        host.choose(a);
+        host.notify(LayoutNotification::CurrentProcessorChanged, a);
+        settle();
+        controller.invoked.clear();
+        host.answers().forgetCalls();
+    }
+    ~SDispatchScene()
+    {
+        host.subject()->detach(store);
+        store.stop();
+    }
+    template <typename Signal>
+    void noteSignal(Signal signal, const char *name)
+    {
+        QObject::connect(
+            &store, signal, &store, [this, name] { note(QString::fromLatin1(name)); }, Qt::DirectConnection);
+    }
+    void connectSignals()
+    {
+        noteSignal(&CLayoutData::notifyProcessorStateChanged, "state");
+        noteSignal(&CLayoutData::notifyProcessorBackgroundChanged, "background");
+        noteSignal(&CLayoutData::notifyProcessorPortBackup, "backup");
+        noteSignal(&CLayoutData::notifyProcessorPortPayloadChanged, "port load");
+        noteSignal(&CLayoutData::notifyProcessorPayloadChanged, "load");
+        noteSignal(&CLayoutData::notifyProcessorCanvasSizeChanged, "canvas");
+        noteSignal(&CLayoutData::notifyDetectFinished, "detected");
+        noteSignal(&CLayoutData::notifyCancelCalibrate, "cancel");
+        noteSignal(&CLayoutData::notifyLayoutReplaced, "replaced");
+    }
+    void note(const QString &name)
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        signalled << name;
+        threads[name] = std::this_thread::get_id();
+    }
+    /// Waits until the worker has done all that was posted, and delivers what it queued.
+    void settle()
+    {
+        QSignalSpy done(&store, &CLayoutData::notifyDetectFinished);
+        host.notify(LayoutNotification::DetectFinished);
+        QTRY_COMPARE(done.count(), 1);
+        QCoreApplication::sendPostedEvents();
+        const std::lock_guard<std::mutex> lock(mutex);
+        signalled.removeAll(QStringLiteral("detected"));
+        signalled.removeAll(QStringLiteral("canvas"));
+        last.swap(signalled);
+        signalled.clear();
+    }
+    /// What one notification led to.
+    QStringList led(LayoutNotification code, const std::any &argument = {})
+    {
+        host.notify(code, argument);
+        settle();
+        return last;
+    }
+    bool onUpdateThread(const char *signal) const
+    {
+        return threads.value(QString::fromLatin1(signal)) == announcedBy;
+    }
+    QStringList last;
+    std::thread::id announcedBy;
+};
+
+class CForwarder final : public CObserver
+{
+public:
+    explicit CForwarder(std::function<void(CSubject &)> forward)
+        : m_forward(std::move(forward))
+    {
+    }
+    void Update(CSubject &subject) override { m_forward(subject); }
+
+private:
+    std::function<void(CSubject &)> m_forward;
+};
+
+QByteArray thrownBy(const std::function<void()> &call)
+{
+    try {
+        call();
+    } catch (const std::runtime_error &error) {
+        return error.what();
+    }
+    return {};
+}
+
+} // namespace
+
+class CNotificationsTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void leadsEachCodeToItsSignalsAndSlots_data()
+    {
+        QTest::addColumn<int>("code");
+        QTest::addColumn<QStringList>("emitted");
+        QTest::addColumn<QStringList>("slots_");
+        using N = LayoutNotification;
+        const auto row = [](const char *name, N code, const QStringList &emitted, const QStringList &slots_) {
+            QTest::newRow(name) << static_cast<int>(code) << emitted << slots_;
+        };
+        const QString load = QStringLiteral("load");
+        row("work mode", N::WorkModeChanged, {}, {QStringLiteral("work mode")});
+        row("state", N::ProcessorStateChanged, {QStringLiteral("state"), load}, {QStringLiteral("state")});
+        row("port count", N::PortCountChanged, {load}, {QStringLiteral("ports of A")});
+        row("current", N::CurrentProcessorChanged, {load}, {QStringLiteral("current")});
+        row("selection", N::SelectedNodeChanged, {QStringLiteral("cancel")},
+            {QStringLiteral("selected 1 1")});
+        row("read-back", N::ReadbackFinished, {}, {QStringLiteral("readback 0 1")});
+        row("background", N::BackgroundChanged, {QStringLiteral("background")}, {});
+        row("loads", N::PortLoadsChanged, {QStringLiteral("port load"), load}, {});
+        row("unknown", static_cast<N>(3), {}, {});
+        row("beyond", static_cast<N>(30), {}, {});
+    }
+    void leadsEachCodeToItsSignalsAndSlots()
+    {
+        QFETCH(int, code);
+        QFETCH(QStringList, emitted);
+        QFETCH(QStringList, slots_);
+        SDispatchScene scene;
+        const QMap<LayoutNotification, std::any> arguments{
+            {LayoutNotification::ProcessorStateChanged, SProcessorStateChange{scene.a, true}},
+            {LayoutNotification::CurrentProcessorChanged, scene.a},
+            {LayoutNotification::SelectedNodeChanged,
+             SSelectedNodeChange{{{scene.a, QRect(0, 0, 9, 9)}}, PrcTreeNodeType::Group}},
+            {LayoutNotification::ReadbackFinished, SReadbackResult{scene.a, true}},
+            {LayoutNotification::BackgroundChanged,
+             [&scene] {
+                 SBackgroundInfo info;
+                 info.processor = scene.a;
+                 return info;
+             }()},
+            {LayoutNotification::PortLoadsChanged, SPortLoadChange{scene.a, 1}},
+        };
+        if (code == static_cast<int>(LayoutNotification::PortLoadsChanged))
+            scene.host.answers().loads[1] = 30;
+        const auto wanted = static_cast<LayoutNotification>(code);
+        QCOMPARE(scene.led(wanted, arguments.value(wanted)), emitted);
+        QTRY_COMPARE(scene.controller.invoked, slots_);
+        QVERIFY(scene.controller.onOwnThread);
+    }
+
+    void aFinishedDetectionResetsThePortAndReadsTheCanvas()
+    {
+        SDispatchScene scene;
+        scene.store.setCurrentPort(2);
+        scene.host.answers().layouts[scene.a].canvas = QSize(640, 480);
+        QSignalSpy canvas(&scene.store, &CLayoutData::notifyProcessorCanvasSizeChanged);
+        scene.settle();
+        QTRY_COMPARE(canvas.count(), 1);
+        QCOMPARE(canvas[0], QVariantList{QSize(640, 480)});
+        QCOMPARE(scene.store.canvasSize(), QSize(640, 480));
+        QCOMPARE(scene.store.currentPort(), -1);
+        QVERIFY(scene.threads.value(QStringLiteral("detected")) != scene.host.updateThread());
+        QVERIFY(scene.threads.value(QStringLiteral("detected")) != std::this_thread::get_id());
+    }
+
+    void aBackupChangeRefreshesThePortsOnTheUpdateThread()
+    {
+        SDispatchScene scene;
+        scene.store.setCurrentPort(1);
+        scene.host.answers().layouts[scene.a].layout.ports.clear();
+        QSignalSpy backup(&scene.store, &CLayoutData::notifyProcessorPortBackup);
+        scene.host.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{0, 2, true});
+        QVERIFY(scene.threads.value(QStringLiteral("backup")) == scene.host.updateThread());
+        QVERIFY(scene.host.answers().threadOf(QStringLiteral("currentProcessorPorts")) ==
+                scene.host.updateThread());
+        QVERIFY(scene.store.ports().isEmpty());
+        QCOMPARE(scene.store.currentPort(), -1);
+        QTRY_COMPARE(backup.count(), 1);
+        QCOMPARE(backup[0], (QVariantList{0, 2, true}));
+    }
+
+    void aChangedPortCountRefreshesPortsAndLoads()
+    {
+        SDispatchScene scene;
+        scene.host.answers().layouts[scene.a].layout.ports.removeLast();
+        scene.host.answers().loads = {{0, 10}, {1, 20}};
+        QCOMPARE(scene.led(LayoutNotification::PortCountChanged).count(QStringLiteral("port load")), 2);
+        QCOMPARE(scene.store.ports().size(), 2);
+        QCOMPARE(scene.store.processorLoad(), 15);
+    }
+
+    void aCurrentProcessorThatDiffersEndsTheHighlight()
+    {
+        SDispatchScene scene;
+        const QString cancel = QStringLiteral("cancel");
+        QVERIFY(!scene.led(LayoutNotification::CurrentProcessorChanged, scene.a).contains(cancel));
+        scene.host.answers().layouts[scene.a].layout.ports[1].groups[0].cabinets[0].rank = -1;
+        QVERIFY(scene.led(LayoutNotification::CurrentProcessorChanged, scene.a).contains(cancel));
+        QVERIFY(scene.threads.value(cancel) != std::this_thread::get_id());
+        QVERIFY(!scene.led(LayoutNotification::CurrentProcessorChanged, QUuid()).contains(cancel));
+        QVERIFY(scene.store.currentProcessor().isNull());
+        QVERIFY(scene.store.ports().isEmpty());
+    }
+
+    void aHeadingInTheTreeLeavesTheHighlight()
+    {
+        SDispatchScene scene;
+        QCOMPARE(scene.led(LayoutNotification::SelectedNodeChanged,
+                           SSelectedNodeChange{{}, PrcTreeNodeType::Other}),
+                 QStringList());
+        QTRY_COMPARE(scene.controller.invoked, QStringList{QStringLiteral("selected 2 0")});
+    }
+
+    void backgroundAndCanvasOfOthersAreKeptQuietly()
+    {
+        SDispatchScene scene;
+        const QUuid b = scene.host.addProcessor(QStringLiteral("B"), 1);
+        SBackgroundInfo info;
+        info.processor = b;
+        QCOMPARE(scene.led(LayoutNotification::BackgroundChanged, info), QStringList());
+        QSignalSpy canvas(&scene.store, &CLayoutData::notifyProcessorCanvasSizeChanged);
+        scene.host.notify(LayoutNotification::CanvasSizeChanged, SCanvasSizeChange{b, QSize(1, 2)});
+        scene.host.notify(LayoutNotification::CanvasSizeChanged, SCanvasSizeChange{scene.a, QSize(3, 4)});
+        QTRY_COMPARE(canvas.count(), 1);
+        QCOMPARE(canvas[0], QVariantList{QSize(3, 4)});
+    }
+
+    void aBackgroundChangeTellsBeforeAndAfter()
+    {
+        SDispatchScene scene;
+        SBackgroundInfo first;
+        first.processor = scene.a;
+        first.file = QStringLiteral("one.png");
+        SBackgroundInfo second = first;
+        second.file = QStringLiteral("two.png");
+        scene.led(LayoutNotification::BackgroundChanged, first);
+        QSignalSpy changed(&scene.store, &CLayoutData::notifyProcessorBackgroundChanged);
+        scene.led(LayoutNotification::BackgroundChanged, second);
+        QTRY_COMPARE(changed.count(), 1);
+        QCOMPARE(changed[0][0].value<SBackgroundInfo>(), first);
+        QCOMPARE(changed[0][1].value<SBackgroundInfo>(), second);
+        QCOMPARE(changed[0][2].toBool(), false);
+        QCOMPARE(scene.store.background(), second);
+    }
+
+    void aReplacedLayoutIsTakenOverOnTheUpdateThread()
+    {
+        SDispatchScene scene;
+        scene.host.answers().layouts[scene.a].layout.ports[0].groups.clear();
+        scene.host.notify(LayoutNotification::LayoutsReplaced, QList<QUuid>{scene.a});
+        QCOMPARE(scene.store.port(0).cabinetCount(), 0);
+        QVERIFY(scene.threads.value(QStringLiteral("replaced")) == scene.host.updateThread());
+    }
+
+    void aRemovedProcessorIsForgotten()
+    {
+        SDispatchScene scene;
+        scene.store.setCurrentPort(0);
+        scene.host.notify(LayoutNotification::ProcessorsRemoved, QList<QUuid>{QUuid::createUuid(), scene.a});
+        QVERIFY(scene.store.currentProcessor().isNull());
+        QVERIFY(scene.store.ports().isEmpty());
+        QCOMPARE(scene.store.currentPort(), -1);
+        QCOMPARE(scene.store.processorLoad(), 0);
+    }
+
+    void theTypeLibraryIsReadWhenItChanges()
+    {
+        SDispatchScene scene;
+        SSettings::TypeLibrary::STreeNode node;
+        node.key = node.info.key = SMD5::ofContent("p2.6");
+        node.info.name = QStringLiteral("P2.6");
+        scene.host.answers().library = {node};
+        scene.host.notify(LayoutNotification::TypeLibraryChanged);
+        QCOMPARE(scene.store.getTypeInfo(node.key), node.info);
+        QVERIFY(!scene.store.getTypeInfo(SMD5()).isValid());
+    }
+
+    void aWrongArgumentThrowsItsTextAndChangesNothing_data()
+    {
+        QTest::addColumn<int>("code");
+        for (const int code : {11, 15, 16, 17, 18, 20, 21, 22, 24, 26, 28, 29})
+            QTest::addRow("code %d", code) << code;
+    }
+    void aWrongArgumentThrowsItsTextAndChangesNothing()
+    {
+        QFETCH(int, code);
+        SDispatchScene scene;
+        const auto notify = [&] { scene.host.notify(static_cast<LayoutNotification>(code), 'x'); };
+        QCOMPARE(thrownBy(notify), QByteArray("CSubject::GetArgument:bad type cast!"));
+        scene.settle();
+        QCOMPARE(scene.last, QStringList());
+        QCOMPARE(scene.store.currentProcessor(), scene.a);
+    }
+
+    void anArgumentReadOnAnotherThreadThrowsItsText()
+    {
+        SDispatchScene scene;
+        QByteArray thrown;
+        CForwarder forwarder([&](CSubject &subject) {
+            std::thread([&] { thrown = thrownBy([&] { scene.store.Update(subject); }); }).join();
+        });
+        CSubject subject;
+        subject.attach(forwarder);
+        subject.notify(static_cast<int>(LayoutNotification::CurrentProcessorChanged), 'x'); // thread first
+        QCOMPARE(thrown, QByteArray("CSubject::GetArgument:can not get argument from another thread,must "
+                                    "call this function from Update thread!"));
+    }
+};
+
+ORVO_TEST_MAIN(QApplication, CNotificationsTest)
+#include "tst_notifications.moc"

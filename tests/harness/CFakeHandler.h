@@ -1,0 +1,146 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/plugin/ILayoutInterfaceHandler.h"
+
+#include <QMap>
+#include <QSet>
+#include <QStringList>
+
+#include <mutex>
+#include <thread>
+
+/// A handler for tests: notes every call and gives the answers that the test has put into its members.
+/// Members are set while nobody calls.
+class CFakeHandler final : public ILayoutInterfaceHandler
+{
+public:
+    using Port = CabinetLayout::CabinetPort;
+    using Cabinets = QList<Port::Cabinet>;
+
+    // ---- answers
+    QList<ProcessorTree::ProcessorNode> nodes; ///< all processors of the tree
+    QUuid current;                             ///< key of the processor in view
+    QList<QUuid> selected;
+    QMap<QUuid, LayoutData> layouts; ///< working layouts; commitLayoutData() replaces them
+    QSet<QUuid> fiber;               ///< processors in fibre optic transceiver mode
+    QMap<int, int> loads;            ///< percent by port index
+    QVector<SSettings::TypeLibrary::STreeNode> library;
+    QMap<QUuid, SBackgroundInfo> backgrounds;
+    QList<QPair<QUuid, QUuid>> redundancies;
+    QSet<QString> refused; ///< names of the operations that give false
+    QString error = QStringLiteral("The processor does not answer.");
+    SDeviceOutcome outcome; ///< how background operations end
+    int preparation = 0;
+    int maximumPorts = 16;
+    int detected = 1;
+    bool followUpNeeded = false;
+    bool portRedundancyBlocked = false;
+    bool portRedundancySupported = true;
+    bool threeD = false;
+    bool busy = false;
+    bool primaryPorts = true;
+    int latencyWidth = 0;
+    int hertz = 60;
+    int bits = 8;
+    SCanvasLimits limits{16384, 16384, 16384LL * 8192};
+    CanvasBlock block = CanvasBlock::None;
+    QList<SPortArea> areas;
+    QList<SCurrentGain> gains;
+    ProcessorBoundingRects rects;
+    LayoutData saved;                      ///< what saveMapping() was given
+    SMappingOptions readOptions;           ///< what readMapping() was given
+    ReadSaveMappingRole role{};            ///< of the last read or save
+    std::vector<Done> waiting;             ///< of reads and saves, when @ref answerLater
+    bool answerLater = false;              ///< reads and saves end when the test calls what waits
+    std::function<void(QString)> onCalled; ///< told each call's text, on the calling thread
+
+    // ---- what was called
+    /// The calls so far, each as "name" or "name(arguments)", in order.
+    QStringList calls() const;
+    /// How many calls there were of the operation @p name.
+    int count(const QString &name) const;
+    /// The thread of the last call of @p name.
+    std::thread::id threadOf(const QString &name) const;
+    void forgetCalls();
+
+    // ---- ILayoutInterfaceHandler
+    QSize getCanvasSize() const override;
+    void showScreen(bool shown) override;
+    void applyLayoutFollowUp(bool full) override;
+    ProcessorTree::ProcessorNode getProcessorNode(const QUuid &processor) const override;
+    void commitLayoutData(const LayoutData &data) override;
+    bool exportProcessorMapping(const QUuid &processor, const QString &file) override;
+    bool importProcessorMapping(const QUuid &processor, const QString &file, bool overwriteLocked) override;
+    bool setCabinetStatusLed(bool on) override;
+    int getDetectedProcessorCount() const override;
+    bool layoutFollowUpNeeded() const override;
+    bool isFiberTransceiverMode(const QUuid &processor) const override;
+    ProcessorTree::ProcessorNode currentProcessorNode() const override;
+    QVector<Port> currentProcessorPorts() const override;
+    LayoutData layoutData(const QUuid &processor) const override;
+    int preparatoryStep(const QUuid &processor) const override;
+    void performPreparatoryStep(const QUuid &processor) override;
+    QList<ProcessorTree::ProcessorNode> selectedProcessors() const override;
+    QString lastError() const override;
+    QList<ProcessorTree::ProcessorNode> processors() const override;
+    bool copyProcessorMapping(const QUuid &from, const QUuid &to, bool overwriteLocked) override;
+    int outputPortCount(const QUuid &processor) const override;
+    int maximumPortCount(const QUuid &processor) const override;
+    bool setOutputPortCount(const QUuid &processor, int count) override;
+    bool setProcessorRedundancy(const QUuid &primary, const QUuid &redundancy) override;
+    bool cancelProcessorRedundancy(const QUuid &processor) override;
+    QList<QPair<QUuid, QUuid>> processorRedundancies() const override;
+    ProcessorTree::ProcessorNode processorOfCabinet(const QUuid &cabinet) const override;
+    bool setWorkMode(const QUuid &processor, ProcessorWorkMode mode) override;
+    QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const override;
+    bool setCabinetHighlight(const Cabinets &cabinets, CabinetHighlight highlight) override;
+    bool exportCabinetConfig(const Port::Cabinet &cabinet, const QString &file) override;
+    bool readbackCabinetConfig(int port, const Port::Cabinet &cabinet, const QString &file,
+                               const QString &typeName) override;
+    bool isPortRedundancyBlocked() const override;
+    bool isPortRedundancySupported() const override;
+    bool setPortRedundancy(int primary, int backup) override;
+    bool cancelPortRedundancy(int port) override;
+    bool exportPortMapping(const QUuid &processor, int port, const QString &file) override;
+    bool importPortMapping(const QUuid &processor, int port, const QString &file,
+                           bool overwriteLocked) override;
+    int portLoad(const Port &port, int index) const override;
+    void readMapping(ReadSaveMappingRole role, const SMappingOptions &options, Done done) override;
+    void saveMapping(ReadSaveMappingRole role, const LayoutData &data, Done done) override;
+    QList<SPortArea> portAreas() const override;
+    bool setPortAreas(const QList<SPortArea> &areas) override;
+    int lowLatencyWidthLimit() const override;
+    bool isThreeDEnabled() const override;
+    bool applyProcessorRedundancy(const QList<QUuid> &processors,
+                                  const QList<QPair<QUuid, QUuid>> &pairs) override;
+    bool areProcessorsOnline(const QList<QUuid> &processors) const override;
+    bool areProcessorsBusy(const QList<QUuid> &processors) const override;
+    void showTypeLibrary(QWidget *parent) override;
+    bool areOnPrimaryPorts(const Cabinets &cabinets) const override;
+    bool sendCabinetParameters(const Cabinets &cabinets, const SMD5 &type, double gamma) override;
+    QList<SCurrentGain> currentGains() const override;
+    bool importCurrentGain(const QString &file) override;
+    bool clearCurrentGains() override;
+    bool sendCurrentGains(const QList<SCurrentGain> &gains) override;
+    SCanvasLimits canvasLimits() const override;
+    CanvasBlock canvasBlock() const override;
+    bool setCanvasSize(const QSize &size) override;
+    int frameRate() const override;
+    int colorDepth() const override;
+    bool setFrameRateAndColorDepth(int hertz, int bits) override;
+    SBackgroundInfo background(const QUuid &processor) const override;
+    bool setBackground(const SBackgroundInfo &info) override;
+    ProcessorBoundingRects processorBoundingRects(const QList<QUuid> &processors) const override;
+    bool setProcessorOffset(const QUuid &processor, const QPoint &offset) override;
+
+private:
+    void note(const char *name, const QStringList &arguments = {}) const;
+    bool answer(const char *name, const QStringList &arguments = {}) const;
+    void end(Done done);
+
+    mutable std::mutex m_mutex; // guards what was called, and the layouts
+    mutable QStringList m_calls;
+    mutable QMap<QString, std::thread::id> m_threads;
+};
