@@ -96,8 +96,15 @@ public:
     /// can be started afterwards. A second call does nothing.
     void stop();
 
-    /// For handlers. Runs @p work on the GUI thread, later; dropped once stopped. Any thread.
+    // ---- for handlers and workers, any thread
+    /// Runs @p work on the GUI thread, later; dropped once stopped.
     void post(std::function<void()> work);
+    const CSimulatedPark &park() const { return *m_park; }
+    /// Takes note of whether a processor answers.
+    void setOnline(const QUuid &processor, bool online);
+    void announceLayout(const QUuid &processor); ///< the host has replaced the working layout
+    void announceCommit(const QUuid &processor); ///< the module has handed a layout over
+    void announceState();                        ///< names, states, what is modified
 
 Q_SIGNALS:
     void jobStarted(CDeviceJob *job);
@@ -115,12 +122,16 @@ Q_SIGNALS:
     void statusLedChanged(const QUuid &processor, bool on);
 
 private:
+    void connectSignals();
+    void onJobStarted(CDeviceJob *job);
+    void onJobFinished(CDeviceJob *job, const SDeviceOutcome &outcome);
+
     const std::unique_ptr<CMailbox> m_mailbox;
     const std::unique_ptr<CUpdateThread> m_updates;
     const std::unique_ptr<CDeviceTable> m_table;
     const std::unique_ptr<CSimulatedPark> m_park;
+    const std::unique_ptr<CProjectShelf> m_projects;
     CDeviceTreeModel *const m_tree;
     CJobRunner *const m_jobs;
-    CProjectShelf *const m_projects;
     QSet<QUuid> m_realtime; // read again when their mapping changes
 };

@@ -30,6 +30,9 @@ public:
     QList<SGroup> groups() const;
     QList<ProcessorTree::ProcessorNode> nodes() const;
 
+    /// The processor whose working layout holds the cabinet; a default record without one.
+    ProcessorTree::ProcessorNode nodeOfCabinet(const QUuid &cabinet) const;
+
     /// Adds a processor, or replaces the one of the same key.
     void put(const SDevice &device);
     void remove(const QUuid &processor);
@@ -37,6 +40,12 @@ public:
     /// Lets @p edit change a processor under the lock; false when it is not known. @p edit must be short and
     /// call nothing else of the table.
     bool change(const QUuid &processor, const std::function<void(SDevice &)> &edit);
+
+    int onlineDeviceCount() const; ///< projects do not count
+
+    /// The processors that a job works with.
+    void setBusy(const QList<QUuid> &processors);
+    bool isBusy(const QUuid &processor) const;
 
     QUuid current() const; ///< null: none
     std::optional<SDevice> currentDevice() const;
@@ -52,6 +61,7 @@ private:
     QList<SDevice> m_projects;
     QList<SDevice> m_devices;
     QList<SGroup> m_groups;
+    QList<QUuid> m_busy;
     QUuid m_current;
     QList<QUuid> m_selection;
 };

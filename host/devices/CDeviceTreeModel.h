@@ -9,6 +9,7 @@
 #include <vector>
 
 class CDeviceTable;
+struct SDevice;
 
 /// The device tree: the headings "Projects" and "Devices", under them groups with their members and single
 /// processors. GUI thread.
@@ -60,12 +61,15 @@ private:
     using Nodes = std::vector<SNode>;
 
     Nodes build() const;
+    static SNode nodeOf(const SDevice &device);
+    static int parentOf(const Nodes &nodes, const QUuid &group, int fallback);
     static int append(Nodes &nodes, int parent, SNode node);
     static bool sameShape(const Nodes &a, const Nodes &b);
     const SNode *node(const QModelIndex &index) const;
     static QVariant decoration(const SNode &node);
 
+    static constexpr int HeadingCount = 2;
+
     const CDeviceTable &m_table;
-    Nodes m_nodes;
-    QVector<int> m_top; // the headings
+    Nodes m_nodes; // the headings first
 };

@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 
+#include <atomic>
 #include <memory>
 #include <mutex>
 
@@ -15,6 +16,7 @@ class CMappingFiles;
 class CRedundancyPairs;
 class CStatus;
 class CTypeLibrary;
+struct SDevice;
 
 /// What the Layout module asks of the host, answered from the device manager.
 class CLayoutHandler final : public ILayoutInterfaceHandler
@@ -111,14 +113,18 @@ public:
     bool setProcessorOffset(const QUuid &processor, const QPoint &offset) override;
 
 private:
-    bool told(const CStatus &status); ///< remembers why it failed
+    SDevice current() const;                     ///< a default record without one
+    SDevice known(const QUuid &processor) const; ///< a default record for an unknown key
+    QList<QUuid> concerned(ReadSaveMappingRole role) const;
+    static void tellNobody(const Done &done); ///< that there is no processor to work with
+    bool told(const CStatus &status);         ///< remembers why it failed
 
     CDeviceManager &m_manager;
     const CTypeLibrary &m_library;
     const std::unique_ptr<CDeviceCommands> m_commands;
     const std::unique_ptr<CMappingFiles> m_files;
     const std::unique_ptr<CRedundancyPairs> m_redundancy;
-    mutable std::mutex m_mutex; // guards the members below
+    std::atomic<bool> m_followUpNeeded{false};
+    mutable std::mutex m_mutex; // guards the text
     QString m_lastError;
-    bool m_followUpNeeded = false;
 };

@@ -25,7 +25,7 @@ public:
     static qint64 charged(const SReceiverGeneration &generation, const CabinetLayout::CabinetPort &port);
     /// @p used of @p capacity in percent, rounded up; without capacity any use is an overload.
     static int percent(qint64 used, qint64 capacity);
-    /// Load of a port that is charged @p used pixels while all ports together are charged @p total. A port in
-    /// use is never less loaded than the processor as a whole, whose own limit counts as well.
+    /// Load of a port that is charged @p used pixels while all ports together are charged @p total. Where
+    /// these exceed what the processor as a whole can drive, every port in use shows at least that overload.
     static int load(const SProcessorKind &kind, const SSignal &signal, qint64 used, qint64 total);
 };

@@ -29,8 +29,6 @@ public:
     void post(LayoutNotification code, std::any argument = {});
     /// Ends the thread; no update runs when this returns. A second call does nothing. Not from an update.
     void stop(Rest rest);
-    /// Whether the caller is the Update thread.
-    bool isCurrent() const { return std::this_thread::get_id() == m_thread.get_id(); }
 
 private:
     struct SNotification

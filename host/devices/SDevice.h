@@ -30,5 +30,8 @@ struct SDevice
     /// Load in percent that @p port has in place of the working layout's port @p index.
     int portLoad(const CabinetLayout::CabinetPort &port, int index) const;
     /// Takes @p layout as the working layout, with exactly the ports that are in use.
-    void takeLayout(CabinetLayout layout);
+    void takeLayout(const CabinetLayout &layout);
+    /// Takes @p mapping as the one that the device or the file holds.
+    void takeSaved(const CabinetLayout &mapping);
+    CabinetLayout withPortsInUse(const CabinetLayout &layout) const;
 };

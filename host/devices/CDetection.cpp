@@ -1,0 +1,137 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/devices/CDetection.h"
+
+#include "host/devices/CDeviceManager.h"
+#include "host/devices/CMappingTransfer.h"
+#include "host/devices/CProcessorKinds.h"
+#include "host/devices/CSimulatedPark.h"
+
+CDetection::CDetection(CDeviceManager &manager, const SJobContext &context)
+    : m_manager(manager)
+    , m_context(context)
+{
+}
+
+SDeviceOutcome CDetection::run()
+{
+    const CSimulatedPark &park = m_manager.park();
+    m_manager.table().setGroups(park.groups());
+    m_count = static_cast<int>(park.processors().size());
+    for (const CSimulatedPark::Processor &processor : park.processors()) {
+        m_context.report(100 * m_index / m_count, tr("Searching for processors"));
+        detectOne(*processor);
+        if (m_context.cancel->isCancelled())
+            break;
+        ++m_index;
+    }
+    m_manager.notify(LayoutNotification::DetectFinished);
+    if (m_context.cancel->isCancelled())
+        return {SDeviceOutcome::Cancelled, {}};
+    if (m_failures.isEmpty())
+        return {};
+    return {SDeviceOutcome::Failed, m_failures.join(QLatin1Char('\n'))};
+}
+
+SDevice CDetection::knownOrNew(const CSimulatedProcessor &processor) const
+{
+    const CSimulatedProcessor::SIdentity &identity = processor.identity();
+    if (const std::optional<SDevice> known = m_manager.table().device(identity.uuid))
+        return *known;
+    SDevice device;
+    if (const SProcessorKind *kind = CProcessorKinds::builtIn().find(identity.kind))
+        device.kind = *kind;
+    device.node.uuid = identity.uuid;
+    device.node.name = identity.name;
+    device.node.model = device.kind.name;
+    device.node.serialNumber = identity.serialNumber;
+    device.node.address = identity.address;
+    device.group = identity.group;
+    device.settings.portCount = device.kind.ports;
+    return device;
+}
+
+void CDetection::detectOne(CSimulatedProcessor &processor)
+{
+    const SDevice before = knownOrNew(processor);
+    SDevice device = before;
+    bool read = false;
+    DeviceError error = ask(processor, device);
+    if (error == DeviceError::None)
+        error = readMapping(processor, device, read);
+    if (error == DeviceError::Cancelled)
+        return;
+    device.node.online = error == DeviceError::None;
+    device.node.index = device.node.online ? m_online++ : -1;
+    const bool silent = error == DeviceError::Offline || error == DeviceError::NoAnswer;
+    if (!device.node.online && !silent)
+        m_failures << CMappingTransfer::failureText(device, deviceErrorText(error));
+    take(before, device, read);
+}
+
+DeviceError CDetection::ask(CSimulatedProcessor &processor, SDevice &device)
+{
+    QByteArray bytes;
+    const DeviceError error = processor.identify(*m_context.cancel, bytes);
+    if (error != DeviceError::None)
+        return error;
+    const auto settings = CProcessorCodec::settings(bytes, device.node.displayText());
+    if (!settings)
+        return DeviceError::Damaged;
+    device.settings = settings.value();
+    device.settings.portCount = std::min(device.settings.portCount, device.kind.ports);
+    device.node.colorDepth = device.settings.colorDepth;
+    device.node.fiberTransceiver = device.settings.workMode == ProcessorWorkMode::FiberTransceiver;
+    device.gainRows = device.settings.gainRows;
+    return DeviceError::None;
+}
+
+DeviceError CDetection::readMapping(CSimulatedProcessor &processor, SDevice &device, bool &read)
+{
+    quint64 revision = 0;
+    DeviceError error = processor.revision(*m_context.cancel, revision);
+    const bool isNew = !m_manager.table().contains(device.node.uuid);
+    if (error != DeviceError::None || (!isNew && (revision == device.revision || device.isModified())))
+        return error;
+    QByteArray bytes;
+    error = processor.readMapping(
+        *m_context.cancel, [](int) {}, bytes);
+    if (error != DeviceError::None)
+        return error;
+    const auto mapping = CProcessorCodec::mapping(bytes, device.node.displayText());
+    if (!mapping)
+        return DeviceError::Damaged;
+    device.revision = mapping.value().revision;
+    if (!mapping.value().layout.ports.isEmpty()) {
+        device.takeSaved(mapping.value().layout);
+        device.takeLayout(mapping.value().layout);
+    }
+    read = true;
+    return DeviceError::None;
+}
+
+void CDetection::take(const SDevice &before, const SDevice &device, bool read)
+{
+    const QUuid uuid = device.node.uuid;
+    bool replaced = false;
+    const bool known = m_manager.table().change(uuid, [&](SDevice &now) {
+        // What the user edited while the processor was read stays.
+        if (now.settings == before.settings)
+            now.settings = device.settings;
+        now.gainRows = device.gainRows;
+        if (read && now.working.edition() == before.working.edition()) {
+            now.working = device.working;
+            now.revision = device.revision;
+            replaced = true;
+        }
+        now.node = device.node;
+    });
+    if (!known)
+        m_manager.table().put(device);
+    if (replaced)
+        m_manager.announceLayout(uuid);
+    if (known && before.node.online != device.node.online)
+        m_manager.notify(LayoutNotification::ProcessorStateChanged,
+                         SProcessorStateChange{uuid, device.node.online});
+    m_manager.announceState();
+}

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/devices/CJobRunner.h"
+#include "host/devices/CSimulatedProcessor.h"
+#include "host/devices/SDevice.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+
+class CDeviceManager;
+
+/// Searches the network for processors: the work of a job, on its thread. Each processor that answers is
+/// read; a working layout with unsaved edits stays.
+class CDetection final
+{
+    Q_DECLARE_TR_FUNCTIONS(CDetection)
+
+public:
+    CDetection(CDeviceManager &manager, const SJobContext &context);
+
+    SDeviceOutcome run();
+
+private:
+    void detectOne(CSimulatedProcessor &processor);
+    SDevice knownOrNew(const CSimulatedProcessor &processor) const;
+    DeviceError ask(CSimulatedProcessor &processor, SDevice &device);
+    DeviceError readMapping(CSimulatedProcessor &processor, SDevice &device, bool &read);
+    void take(const SDevice &before, const SDevice &device, bool read);
+
+    CDeviceManager &m_manager;
+    const SJobContext &m_context;
+    QStringList m_failures;
+    int m_online = 0;
+    int m_index = 0;
+    int m_count = 1;
+};

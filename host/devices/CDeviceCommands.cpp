@@ -1,0 +1,303 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/devices/CDeviceCommands.h"
+
+#include "host/devices/CDeviceManager.h"
+#include "host/devices/CMappingTransfer.h"
+#include "host/devices/CSimulatedProcessor.h"
+#include "host/library/CTypeLibrary.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int SmallestCanvasSide = 64; // pixels
+constexpr int GainFrameRates = 3;
+constexpr int GainLevels = 3;
+
+QString unknownProcessor()
+{
+    return CDeviceCommands::tr("There is no such processor.");
+}
+
+} // namespace
+
+CDeviceCommands::CDeviceCommands(CDeviceManager &manager, const CTypeLibrary &library)
+    : m_manager(manager)
+    , m_library(library)
+{
+}
+
+CStatus CDeviceCommands::failure(const SDevice &device, const QString &reason) const
+{
+    return CStatus::failure(CMappingTransfer::failureText(device, reason));
+}
+
+CStatus CDeviceCommands::apply(const QUuid &processor, const Edit &edit)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const std::optional<SDevice> device = m_manager.table().device(processor);
+    if (!device)
+        return CStatus::failure(unknownProcessor());
+    SProcessorSettings settings = device->settings;
+    edit(settings);
+    if (const auto simulated = m_manager.device(processor)) {
+        const DeviceError error = simulated->apply(settings);
+        if (error == DeviceError::Offline || error == DeviceError::NoAnswer)
+            m_manager.setOnline(processor, false);
+        if (error != DeviceError::None)
+            return failure(*device, deviceErrorText(error));
+    }
+    m_manager.table().change(processor, [&settings](SDevice &known) { known.settings = settings; });
+    m_manager.announceState();
+    return CStatus::done();
+}
+
+CStatus CDeviceCommands::reach(const SDevice &device) const
+{
+    const auto simulated = m_manager.device(device.node.uuid);
+    if (!simulated)
+        return failure(device, tr("A project has no cabinets that are connected."));
+    const DeviceError error = simulated->probe();
+    if (error == DeviceError::Offline || error == DeviceError::NoAnswer)
+        m_manager.setOnline(device.node.uuid, false);
+    return error == DeviceError::None ? CStatus::done() : failure(device, deviceErrorText(error));
+}
+
+CStatus CDeviceCommands::setPortCount(const QUuid &processor, int count)
+{
+    const std::optional<SDevice> device = m_manager.table().device(processor);
+    if (!device)
+        return CStatus::failure(unknownProcessor());
+    if (count < 1 || count > device->kind.ports)
+        return failure(*device, tr("It has 1 to %1 output ports.").arg(device->kind.ports));
+    for (const CabinetLayout::CabinetPort &port : device->working.layout().ports) {
+        if (port.index >= count && port.cabinetCount() > 0)
+            return failure(*device, tr("Output port %1 holds cabinets.").arg(port.index + 1));
+        if (port.index < count ? port.redundancyPort >= count : port.locked)
+            return failure(
+                *device,
+                port.locked && port.index >= count
+                    ? tr("Output port %1 is locked.").arg(port.index + 1)
+                    : tr("Output port %1 has its redundancy on a port that would go.").arg(port.index + 1));
+    }
+    CStatus status = apply(processor, [count](SProcessorSettings &settings) { settings.portCount = count; });
+    if (!status)
+        return status;
+    m_manager.table().change(processor, [](SDevice &known) { known.takeLayout(known.working.layout()); });
+    m_manager.announceCommit(processor);
+    if (processor == m_manager.table().current())
+        m_manager.notify(LayoutNotification::PortCountChanged);
+    else
+        m_manager.notify(LayoutNotification::LayoutReplaced, processor);
+    return status;
+}
+
+CStatus CDeviceCommands::setWorkMode(const QUuid &processor, ProcessorWorkMode mode)
+{
+    const std::optional<SDevice> device = m_manager.table().device(processor);
+    if (device && device->project)
+        return failure(*device, tr("A project has no work mode."));
+    CStatus status = apply(processor, [mode](SProcessorSettings &settings) { settings.workMode = mode; });
+    if (!status)
+        return status;
+    m_manager.table().change(processor, [mode](SDevice &known) {
+        known.node.fiberTransceiver = mode == ProcessorWorkMode::FiberTransceiver;
+    });
+    m_manager.notify(LayoutNotification::WorkModeChanged);
+    return status;
+}
+
+CStatus CDeviceCommands::setPrimary(const QUuid &processor, const QUuid &primary)
+{
+    return apply(processor, [&primary](SProcessorSettings &settings) { settings.primary = primary; });
+}
+
+CStatus CDeviceCommands::setOffset(const QUuid &processor, const QPoint &offset)
+{
+    return apply(processor, [&offset](SProcessorSettings &settings) { settings.offset = offset; });
+}
+
+CStatus CDeviceCommands::setBackground(const SBackgroundInfo &info)
+{
+    CStatus status =
+        apply(info.processor, [&info](SProcessorSettings &settings) { settings.background = info; });
+    if (status)
+        m_manager.notify(LayoutNotification::BackgroundChanged, info);
+    return status;
+}
+
+CanvasBlock CDeviceCommands::canvasBlock(const SDevice &device)
+{
+    // In both other modes the processor passes its input through.
+    const bool processing = device.settings.workMode == ProcessorWorkMode::VideoProcessor;
+    return processing ? CanvasBlock::None : CanvasBlock::Bypass;
+}
+
+CStatus CDeviceCommands::setCanvasSize(const QSize &size)
+{
+    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    if (!device)
+        return CStatus::failure(unknownProcessor());
+    if (canvasBlock(*device) != CanvasBlock::None)
+        return failure(*device, tr("In its present work mode the canvas cannot be changed."));
+    const SCanvasLimits &limits = device->kind.canvas;
+    const bool fits = size.width() >= SmallestCanvasSide && size.height() >= SmallestCanvasSide &&
+                      size.width() <= limits.maximumWidth && size.height() <= limits.maximumHeight &&
+                      qint64(size.width()) * size.height() <= limits.maximumArea;
+    if (!fits)
+        return failure(
+            *device,
+            tr("A canvas of %1×%2 pixels is beyond its limits.").arg(size.width()).arg(size.height()));
+    const QUuid processor = device->node.uuid;
+    CStatus status = apply(processor, [&size](SProcessorSettings &settings) { settings.canvas = size; });
+    if (!status)
+        return status;
+    m_manager.notify(LayoutNotification::CanvasSizeChanged, SCanvasSizeChange{processor, size});
+    m_manager.announceCommit(processor);
+    return status;
+}
+
+CStatus CDeviceCommands::setSignal(int hertz, int bits)
+{
+    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    if (!device)
+        return CStatus::failure(unknownProcessor());
+    if (!device->kind.frameRates.contains(hertz))
+        return failure(*device, tr("It does not offer a frame rate of %1 Hz.").arg(hertz));
+    if (!device->kind.supportsDepth(bits))
+        return failure(*device, tr("It does not offer a color depth of %1 bit.").arg(bits));
+    const QUuid processor = device->node.uuid;
+    CStatus status = apply(processor, [hertz, bits](SProcessorSettings &settings) {
+        settings.frameRate = hertz;
+        settings.colorDepth = bits;
+    });
+    if (!status)
+        return status;
+    m_manager.table().change(processor, [bits](SDevice &known) { known.node.colorDepth = bits; });
+    m_manager.notify(LayoutNotification::PortLoadsChanged, SPortLoadChange{processor, -1});
+    return status;
+}
+
+CStatus CDeviceCommands::setPortAreas(const QList<SPortArea> &areas)
+{
+    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    if (!device)
+        return CStatus::failure(unknownProcessor());
+    const int count = device->settings.portCount;
+    const bool known =
+        std::all_of(areas.begin(), areas.end(), [count](const SPortArea &area) { return area.port < count; });
+    if (!known)
+        return failure(*device, tr("It has %1 output ports.").arg(count));
+    return apply(device->node.uuid, [&areas](SProcessorSettings &settings) { settings.portAreas = areas; });
+}
+
+CStatus CDeviceCommands::setStatusLed(bool on)
+{
+    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    if (!device)
+        return CStatus::failure(unknownProcessor());
+    if (device->project)
+        return failure(*device, tr("A project has no cabinets that are connected."));
+    const QUuid processor = device->node.uuid;
+    CStatus status = apply(processor, [on](SProcessorSettings &settings) { settings.statusLed = on; });
+    if (status)
+        m_manager.post([this, processor, on] { Q_EMIT m_manager.statusLedChanged(processor, on); });
+    return status;
+}
+
+QList<SCurrentGain> CDeviceCommands::gains(const SDevice &device)
+{
+    QList<SCurrentGain> gains;
+    for (int rate = 0; rate < GainFrameRates; ++rate) {
+        for (int level = 0; level < GainLevels; ++level) {
+            SCurrentGain gain{rate, level, false, false};
+            gain.imported = std::any_of(device.gainRows.begin(), device.gainRows.end(),
+                                        [rate, level](const SCurrentGainRow &row) {
+                                            return row.frameRateCode == rate && row.gainLevel == level;
+                                        });
+            gain.on = std::any_of(device.settings.gains.begin(), device.settings.gains.end(),
+                                  [rate, level](const SCurrentGain &kept) {
+                                      return kept.on && kept.frameRateCode == rate && kept.gainLevel == level;
+                                  });
+            gains << gain;
+        }
+    }
+    return gains;
+}
+
+CStatus CDeviceCommands::importGains(const QString &file)
+{
+    const CResult<QVector<SCurrentGainRow>> rows = CCurrentGainFile::read(file);
+    if (!rows)
+        return CStatus::failure(rows.error());
+    const bool known = m_manager.table().change(m_manager.table().current(), [&rows](SDevice &device) {
+        for (const SCurrentGainRow &row : rows.value()) {
+            const auto same = [&row](const SCurrentGainRow &old) {
+                return old.frameRateCode == row.frameRateCode && old.gainLevel == row.gainLevel;
+            };
+            device.gainRows.erase(std::remove_if(device.gainRows.begin(), device.gainRows.end(), same),
+                                  device.gainRows.end());
+            device.gainRows << row;
+        }
+    });
+    return known ? CStatus::done() : CStatus::failure(unknownProcessor());
+}
+
+CStatus CDeviceCommands::clearGains()
+{
+    const QUuid processor = m_manager.table().current();
+    CStatus status = apply(processor, [](SProcessorSettings &settings) {
+        settings.gains.clear();
+        settings.gainRows.clear();
+    });
+    if (status)
+        m_manager.table().change(processor, [](SDevice &known) { known.gainRows.clear(); });
+    return status;
+}
+
+CStatus CDeviceCommands::sendGains(const QList<SCurrentGain> &gains)
+{
+    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    if (!device)
+        return CStatus::failure(unknownProcessor());
+    if (device->project)
+        return failure(*device, tr("A project has no cabinets that are connected."));
+    return apply(device->node.uuid, [&](SProcessorSettings &settings) {
+        settings.gains = gains;
+        settings.gainRows = device->gainRows;
+    });
+}
+
+CStatus CDeviceCommands::sendParameters(const Cabinets &cabinets, const SMD5 &type, double gamma)
+{
+    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    if (!device)
+        return CStatus::failure(unknownProcessor());
+    if (device->project)
+        return failure(*device, tr("A project has no cabinets that are connected."));
+    if (!m_library.find(type) || !(gamma >= 1.0 && gamma <= 4.0))
+        return failure(*device, tr("The cabinet type or the gamma value is not valid."));
+    const bool mapped = std::all_of(cabinets.begin(), cabinets.end(), [&device](const auto &cabinet) {
+        return device->working.isMapped(cabinet.uuid);
+    });
+    if (cabinets.isEmpty() || !mapped)
+        return failure(*device, tr("There are cabinets that are not in its saved mapping."));
+    return apply(device->node.uuid,
+                 [&type, gamma](SProcessorSettings &settings) { settings.gammas.insert(type, gamma); });
+}
+
+CStatus CDeviceCommands::highlight(const Cabinets &cabinets, CabinetHighlight highlight)
+{
+    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    if (!device)
+        return CStatus::failure(unknownProcessor());
+    CStatus status = reach(*device);
+    if (!status)
+        return status;
+    const QUuid processor = device->node.uuid;
+    m_manager.post([this, processor, cabinets, highlight] {
+        Q_EMIT m_manager.highlightChanged(processor, cabinets, highlight);
+    });
+    return status;
+}

@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/devices/SDevice.h"
+#include "platform/common/CResult.h"
+
+#include <QCoreApplication>
+#include <QUuid>
+
+#include <functional>
+#include <mutex>
+
+class CDeviceManager;
+class CTypeLibrary;
+
+/// Sets what processors keep beside their mapping: checks it, sends it to the device, announces it. A project
+/// keeps its settings itself. Each command ends within 100 milliseconds. Any thread.
+class CDeviceCommands final
+{
+    Q_DECLARE_TR_FUNCTIONS(CDeviceCommands)
+
+public:
+    using Cabinets = QList<CabinetLayout::CabinetPort::Cabinet>;
+
+    CDeviceCommands(CDeviceManager &manager, const CTypeLibrary &library);
+
+    CStatus setPortCount(const QUuid &processor, int count);
+    CStatus setWorkMode(const QUuid &processor, ProcessorWorkMode mode);
+    CStatus setPrimary(const QUuid &processor, const QUuid &primary); ///< null: stands in for none
+    CStatus setOffset(const QUuid &processor, const QPoint &offset);
+    CStatus setBackground(const SBackgroundInfo &info);
+
+    // of the current processor
+    CStatus setCanvasSize(const QSize &size);
+    CStatus setSignal(int hertz, int bits);
+    CStatus setPortAreas(const QList<SPortArea> &areas);
+    CStatus setStatusLed(bool on);
+    CStatus importGains(const QString &file);
+    CStatus clearGains();
+    CStatus sendGains(const QList<SCurrentGain> &gains);
+    CStatus sendParameters(const Cabinets &cabinets, const SMD5 &type, double gamma);
+    CStatus highlight(const Cabinets &cabinets, CabinetHighlight highlight);
+
+    /// What keeps the canvas size of a processor from being changed.
+    static CanvasBlock canvasBlock(const SDevice &device);
+    /// A row a frame rate and gain level, whether parameters of it are imported and switched on.
+    static QList<SCurrentGain> gains(const SDevice &device);
+    /// Whether the device answers; a failure for a project.
+    CStatus reach(const SDevice &device) const;
+
+private:
+    using Edit = std::function<void(SProcessorSettings &)>;
+
+    CStatus apply(const QUuid &processor, const Edit &edit);
+    CStatus failure(const SDevice &device, const QString &reason) const;
+
+    CDeviceManager &m_manager;
+    const CTypeLibrary &m_library;
+    std::mutex m_mutex; // one change of settings after the other
+};

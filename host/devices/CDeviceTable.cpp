@@ -1,0 +1,180 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/devices/CDeviceTable.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+template <typename List>
+auto findByKey(List &list, const QUuid &processor)
+{
+    return std::find_if(list.begin(), list.end(),
+                        [&processor](const SDevice &device) { return device.node.uuid == processor; });
+}
+
+bool holdsCabinet(const QVector<CabinetLayout::CabinetPort::CabinetGroup> &groups, const QUuid &cabinet)
+{
+    return std::any_of(groups.begin(), groups.end(), [&cabinet](const auto &group) {
+        const auto isIt = [&cabinet](const auto &candidate) { return candidate.uuid == cabinet; };
+        return std::any_of(group.cabinets.begin(), group.cabinets.end(), isIt) ||
+               holdsCabinet(group.groups, cabinet);
+    });
+}
+
+} // namespace
+
+QList<SDevice> CDeviceTable::devices() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_projects + m_devices;
+}
+
+std::optional<SDevice> CDeviceTable::device(const QUuid &processor) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const SDevice *found = find(processor);
+    return found ? std::optional<SDevice>(*found) : std::nullopt;
+}
+
+bool CDeviceTable::contains(const QUuid &processor) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return find(processor) != nullptr;
+}
+
+QList<CDeviceTable::SGroup> CDeviceTable::groups() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_groups;
+}
+
+QList<ProcessorTree::ProcessorNode> CDeviceTable::nodes() const
+{
+    QList<ProcessorTree::ProcessorNode> nodes;
+    for (const SDevice &device : devices())
+        nodes << device.node;
+    return nodes;
+}
+
+ProcessorTree::ProcessorNode CDeviceTable::nodeOfCabinet(const QUuid &cabinet) const
+{
+    for (const SDevice &device : devices()) {
+        for (const CabinetLayout::CabinetPort &port : device.working.layout().ports) {
+            if (holdsCabinet(port.groups, cabinet))
+                return device.node;
+        }
+    }
+    return {};
+}
+
+void CDeviceTable::put(const SDevice &device)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    QList<SDevice> &list = device.project ? m_projects : m_devices;
+    const auto found = findByKey(list, device.node.uuid);
+    if (found == list.end())
+        list << device;
+    else
+        *found = device;
+}
+
+void CDeviceTable::remove(const QUuid &processor)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    for (QList<SDevice> *list : {&m_projects, &m_devices}) {
+        const auto found = findByKey(*list, processor);
+        if (found != list->end())
+            list->erase(found);
+    }
+    m_selection.removeAll(processor);
+    if (m_current == processor)
+        m_current = QUuid();
+}
+
+void CDeviceTable::setGroups(const QList<SGroup> &groups)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_groups = groups;
+}
+
+bool CDeviceTable::change(const QUuid &processor, const std::function<void(SDevice &)> &edit)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    SDevice *found = find(processor);
+    if (found)
+        edit(*found);
+    return found != nullptr;
+}
+
+int CDeviceTable::onlineDeviceCount() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const auto online = [](const SDevice &device) { return device.node.online; };
+    return static_cast<int>(std::count_if(m_devices.begin(), m_devices.end(), online));
+}
+
+void CDeviceTable::setBusy(const QList<QUuid> &processors)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_busy = processors;
+}
+
+bool CDeviceTable::isBusy(const QUuid &processor) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_busy.contains(processor);
+}
+
+QUuid CDeviceTable::current() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_current;
+}
+
+std::optional<SDevice> CDeviceTable::currentDevice() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const SDevice *found = find(m_current);
+    return found ? std::optional<SDevice>(*found) : std::nullopt;
+}
+
+QList<QUuid> CDeviceTable::selection() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_selection;
+}
+
+void CDeviceTable::setSelection(const QUuid &current, const QList<QUuid> &selection)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_current = current;
+    m_selection = selection;
+}
+
+ProcessorBoundingRects CDeviceTable::areas(const QList<QUuid> &processors) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    ProcessorBoundingRects areas;
+    for (const QUuid &processor : processors) {
+        if (const SDevice *found = find(processor))
+            areas.insert(processor, found->area());
+    }
+    return areas;
+}
+
+SDevice *CDeviceTable::find(const QUuid &processor)
+{
+    return const_cast<SDevice *>(std::as_const(*this).find(processor));
+}
+
+const SDevice *CDeviceTable::find(const QUuid &processor) const
+{
+    for (const QList<SDevice> *list : {&m_projects, &m_devices}) {
+        const auto found = findByKey(*list, processor);
+        if (found != list->end())
+            return &*found;
+    }
+    return nullptr;
+}

@@ -1,0 +1,224 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/devices/CLayoutHandler.h"
+
+#include "host/devices/CDeviceCommands.h"
+#include "host/devices/CDeviceJob.h"
+#include "host/devices/CDeviceManager.h"
+#include "host/devices/CMappingFiles.h"
+#include "host/devices/CRedundancyPairs.h"
+#include "host/library/CTypeLibrary.h"
+
+#include <algorithm>
+
+CLayoutHandler::CLayoutHandler(CDeviceManager &manager, const CTypeLibrary &library)
+    : m_manager(manager)
+    , m_library(library)
+    , m_commands(std::make_unique<CDeviceCommands>(manager, library))
+    , m_files(std::make_unique<CMappingFiles>(manager, library))
+    , m_redundancy(std::make_unique<CRedundancyPairs>(manager, *m_commands))
+{
+}
+
+CLayoutHandler::~CLayoutHandler() = default;
+
+SDevice CLayoutHandler::current() const
+{
+    return m_manager.table().currentDevice().value_or(SDevice());
+}
+
+SDevice CLayoutHandler::known(const QUuid &processor) const
+{
+    return m_manager.table().device(processor).value_or(SDevice());
+}
+
+bool CLayoutHandler::told(const CStatus &status)
+{
+    if (!status) {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_lastError = status.error();
+    }
+    return bool(status);
+}
+
+QString CLayoutHandler::lastError() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_lastError;
+}
+
+QSize CLayoutHandler::getCanvasSize() const
+{
+    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    return device ? device->settings.canvas : QSize();
+}
+
+ProcessorTree::ProcessorNode CLayoutHandler::getProcessorNode(const QUuid &processor) const
+{
+    return known(processor).node;
+}
+
+bool CLayoutHandler::layoutFollowUpNeeded() const
+{
+    return m_followUpNeeded;
+}
+
+int CLayoutHandler::getDetectedProcessorCount() const
+{
+    return m_manager.table().onlineDeviceCount();
+}
+
+bool CLayoutHandler::isFiberTransceiverMode(const QUuid &processor) const
+{
+    return known(processor).node.fiberTransceiver;
+}
+
+ProcessorTree::ProcessorNode CLayoutHandler::currentProcessorNode() const
+{
+    return current().node;
+}
+
+QVector<CabinetLayout::CabinetPort> CLayoutHandler::currentProcessorPorts() const
+{
+    return current().working.layout().ports;
+}
+
+LayoutData CLayoutHandler::layoutData(const QUuid &processor) const
+{
+    const std::optional<SDevice> device = m_manager.table().device(processor);
+    return device ? device->data() : LayoutData();
+}
+
+int CLayoutHandler::preparatoryStep(const QUuid &processor) const
+{
+    const std::optional<SDevice> device = m_manager.table().device(processor);
+    return device && device->working.layout().ports.isEmpty() ? 1 : 0;
+}
+
+QList<ProcessorTree::ProcessorNode> CLayoutHandler::selectedProcessors() const
+{
+    QList<ProcessorTree::ProcessorNode> nodes;
+    for (const QUuid &processor : m_manager.table().selection())
+        nodes << known(processor).node;
+    return nodes;
+}
+
+QList<ProcessorTree::ProcessorNode> CLayoutHandler::processors() const
+{
+    return m_manager.table().nodes();
+}
+
+int CLayoutHandler::outputPortCount(const QUuid &processor) const
+{
+    return known(processor).settings.portCount;
+}
+
+int CLayoutHandler::maximumPortCount(const QUuid &processor) const
+{
+    return known(processor).kind.ports;
+}
+
+QList<QPair<QUuid, QUuid>> CLayoutHandler::processorRedundancies() const
+{
+    return m_redundancy->processors();
+}
+
+ProcessorTree::ProcessorNode CLayoutHandler::processorOfCabinet(const QUuid &cabinet) const
+{
+    return m_manager.table().nodeOfCabinet(cabinet);
+}
+
+QVector<SSettings::TypeLibrary::STreeNode> CLayoutHandler::typeLibrary() const
+{
+    return m_library.nodes();
+}
+
+bool CLayoutHandler::isPortRedundancyBlocked() const
+{
+    return CRedundancyPairs::arePortsBlocked(current());
+}
+
+bool CLayoutHandler::isPortRedundancySupported() const
+{
+    return current().kind.portRedundancy;
+}
+
+int CLayoutHandler::portLoad(const CabinetLayout::CabinetPort &port, int index) const
+{
+    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    return device ? device->portLoad(port, index) : 0;
+}
+
+QList<SPortArea> CLayoutHandler::portAreas() const
+{
+    return current().settings.portAreas;
+}
+
+int CLayoutHandler::lowLatencyWidthLimit() const
+{
+    return current().kind.lowLatencyWidth;
+}
+
+bool CLayoutHandler::isThreeDEnabled() const
+{
+    return current().settings.threeD;
+}
+
+bool CLayoutHandler::areProcessorsOnline(const QList<QUuid> &processors) const
+{
+    return std::all_of(processors.begin(), processors.end(),
+                       [this](const QUuid &processor) { return known(processor).node.online; });
+}
+
+bool CLayoutHandler::areProcessorsBusy(const QList<QUuid> &processors) const
+{
+    return std::any_of(processors.begin(), processors.end(),
+                       [this](const QUuid &processor) { return m_manager.table().isBusy(processor); });
+}
+
+bool CLayoutHandler::areOnPrimaryPorts(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets) const
+{
+    const SDevice device = current();
+    return std::all_of(cabinets.begin(), cabinets.end(), [&device](const auto &cabinet) {
+        const CabinetLayout::CabinetPort *port = device.working.layout().port(cabinet.port);
+        return port && port->redundancy != CabinetLayout::CabinetPort::Redundant;
+    });
+}
+
+QList<SCurrentGain> CLayoutHandler::currentGains() const
+{
+    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    return device ? CDeviceCommands::gains(*device) : QList<SCurrentGain>();
+}
+
+SCanvasLimits CLayoutHandler::canvasLimits() const
+{
+    return current().kind.canvas;
+}
+
+CanvasBlock CLayoutHandler::canvasBlock() const
+{
+    return CDeviceCommands::canvasBlock(current());
+}
+
+int CLayoutHandler::frameRate() const
+{
+    return current().settings.frameRate;
+}
+
+int CLayoutHandler::colorDepth() const
+{
+    return current().settings.colorDepth;
+}
+
+SBackgroundInfo CLayoutHandler::background(const QUuid &processor) const
+{
+    SBackgroundInfo info = known(processor).settings.background;
+    info.processor = processor;
+    return info;
+}
+
+ProcessorBoundingRects CLayoutHandler::processorBoundingRects(const QList<QUuid> &processors) const
+{
+    return m_manager.table().areas(processors);
+}

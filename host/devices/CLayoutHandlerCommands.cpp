@@ -1,0 +1,218 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+// What the module tells the host to do; the questions that it asks are answered in CLayoutHandler.cpp.
+#include "host/devices/CDeviceCommands.h"
+#include "host/devices/CDeviceManager.h"
+#include "host/devices/CLayoutHandler.h"
+#include "host/devices/CMappingFiles.h"
+#include "host/devices/CRedundancyPairs.h"
+
+void CLayoutHandler::showScreen(bool shown)
+{
+    Q_EMIT m_manager.screenRequested(shown);
+}
+
+void CLayoutHandler::applyLayoutFollowUp(bool full)
+{
+    m_followUpNeeded = false;
+    const QUuid processor = m_manager.table().current();
+    if (full && !processor.isNull())
+        m_manager.notify(LayoutNotification::PortLoadsChanged, SPortLoadChange{processor, -1});
+    m_manager.announceCommit(processor);
+}
+
+void CLayoutHandler::commitLayoutData(const LayoutData &data)
+{
+    m_manager.table().change(data.processor, [&data](SDevice &device) { device.takeLayout(data.layout); });
+    m_followUpNeeded = true;
+    m_manager.announceState();
+}
+
+bool CLayoutHandler::exportProcessorMapping(const QUuid &processor, const QString &file)
+{
+    return told(m_files->exportProcessor(processor, file));
+}
+
+bool CLayoutHandler::importProcessorMapping(const QUuid &processor, const QString &file, bool overwriteLocked)
+{
+    return told(m_files->importProcessor(processor, file, overwriteLocked));
+}
+
+bool CLayoutHandler::copyProcessorMapping(const QUuid &from, const QUuid &to, bool overwriteLocked)
+{
+    return told(m_files->copyProcessor(from, to, overwriteLocked));
+}
+
+bool CLayoutHandler::exportPortMapping(const QUuid &processor, int port, const QString &file)
+{
+    return told(m_files->exportPort(processor, port, file));
+}
+
+bool CLayoutHandler::importPortMapping(const QUuid &processor, int port, const QString &file,
+                                       bool overwriteLocked)
+{
+    return told(m_files->importPort(processor, port, file, overwriteLocked));
+}
+
+bool CLayoutHandler::exportCabinetConfig(const CabinetLayout::CabinetPort::Cabinet &cabinet,
+                                         const QString &file)
+{
+    return told(m_files->exportCabinet(cabinet, file));
+}
+
+bool CLayoutHandler::readbackCabinetConfig(int port, const CabinetLayout::CabinetPort::Cabinet &cabinet,
+                                           const QString &file, const QString &typeName)
+{
+    const SDevice device = current();
+    if (cabinet.port != port || !device.working.isMapped(cabinet.uuid))
+        return told(CStatus::failure(tr("The cabinet is not in the processor's saved mapping.")));
+    return told(m_commands->reach(device)) && told(m_files->exportCabinet(cabinet, file, typeName));
+}
+
+bool CLayoutHandler::setCabinetStatusLed(bool on)
+{
+    return told(m_commands->setStatusLed(on));
+}
+
+void CLayoutHandler::performPreparatoryStep(const QUuid &processor)
+{
+    if (preparatoryStep(processor) == 0)
+        return;
+    m_manager.table().change(processor, [](SDevice &device) {
+        device.takeLayout({});
+        device.takeSaved({});
+    });
+    m_manager.announceLayout(processor);
+}
+
+bool CLayoutHandler::setOutputPortCount(const QUuid &processor, int count)
+{
+    return told(m_commands->setPortCount(processor, count));
+}
+
+bool CLayoutHandler::setProcessorRedundancy(const QUuid &primary, const QUuid &redundancy)
+{
+    return told(m_redundancy->pairProcessors(primary, redundancy));
+}
+
+bool CLayoutHandler::cancelProcessorRedundancy(const QUuid &processor)
+{
+    return told(m_redundancy->separateProcessor(processor));
+}
+
+bool CLayoutHandler::applyProcessorRedundancy(const QList<QUuid> &processors,
+                                              const QList<QPair<QUuid, QUuid>> &pairs)
+{
+    return told(m_redundancy->replaceProcessors(processors, pairs));
+}
+
+bool CLayoutHandler::setWorkMode(const QUuid &processor, ProcessorWorkMode mode)
+{
+    return told(m_commands->setWorkMode(processor, mode));
+}
+
+bool CLayoutHandler::setCabinetHighlight(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
+                                         CabinetHighlight highlight)
+{
+    return told(m_commands->highlight(cabinets, highlight));
+}
+
+bool CLayoutHandler::setPortRedundancy(int primary, int backup)
+{
+    return told(m_redundancy->pairPorts(primary, backup));
+}
+
+bool CLayoutHandler::cancelPortRedundancy(int port)
+{
+    return told(m_redundancy->separatePort(port));
+}
+
+QList<QUuid> CLayoutHandler::concerned(ReadSaveMappingRole role) const
+{
+    QList<QUuid> processors;
+    const QUuid current = m_manager.table().current();
+    if (role == ReadSaveMappingRole::Current && !current.isNull())
+        processors << current;
+    for (const SDevice &device : m_manager.table().devices()) {
+        if (role == ReadSaveMappingRole::All && !device.project && device.node.online &&
+            !device.node.fiberTransceiver)
+            processors << device.node.uuid;
+    }
+    return processors;
+}
+
+void CLayoutHandler::tellNobody(const Done &done)
+{
+    if (done)
+        done({SDeviceOutcome::Failed, tr("No processor is detected.")});
+}
+
+void CLayoutHandler::readMapping(ReadSaveMappingRole role, const SMappingOptions &options, Done done)
+{
+    const QList<QUuid> processors = concerned(role);
+    if (processors.isEmpty())
+        tellNobody(done);
+    else
+        m_manager.readMapping(processors, options, std::move(done));
+}
+
+void CLayoutHandler::saveMapping(ReadSaveMappingRole role, const LayoutData &data, Done done)
+{
+    commitLayoutData(data);
+    const QList<QUuid> processors = concerned(role);
+    if (processors.isEmpty())
+        tellNobody(done);
+    else
+        m_manager.saveMapping(processors, std::move(done));
+}
+
+bool CLayoutHandler::setPortAreas(const QList<SPortArea> &areas)
+{
+    return told(m_commands->setPortAreas(areas));
+}
+
+void CLayoutHandler::showTypeLibrary(QWidget *parent)
+{
+    Q_EMIT m_manager.typeLibraryRequested(parent);
+}
+
+bool CLayoutHandler::sendCabinetParameters(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
+                                           const SMD5 &type, double gamma)
+{
+    return told(m_commands->sendParameters(cabinets, type, gamma));
+}
+
+bool CLayoutHandler::importCurrentGain(const QString &file)
+{
+    return told(m_commands->importGains(file));
+}
+
+bool CLayoutHandler::clearCurrentGains()
+{
+    return told(m_commands->clearGains());
+}
+
+bool CLayoutHandler::sendCurrentGains(const QList<SCurrentGain> &gains)
+{
+    return told(m_commands->sendGains(gains));
+}
+
+bool CLayoutHandler::setCanvasSize(const QSize &size)
+{
+    return told(m_commands->setCanvasSize(size));
+}
+
+bool CLayoutHandler::setFrameRateAndColorDepth(int hertz, int bits)
+{
+    return told(m_commands->setSignal(hertz, bits));
+}
+
+bool CLayoutHandler::setBackground(const SBackgroundInfo &info)
+{
+    return told(m_commands->setBackground(info));
+}
+
+bool CLayoutHandler::setProcessorOffset(const QUuid &processor, const QPoint &offset)
+{
+    return told(m_commands->setOffset(processor, offset));
+}

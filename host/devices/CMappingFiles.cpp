@@ -1,0 +1,201 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/devices/CMappingFiles.h"
+
+#include "host/devices/CDeviceManager.h"
+#include "host/devices/CMappingTransfer.h"
+#include "host/devices/CProjectShelf.h"
+#include "host/library/CTypeLibrary.h"
+#include "host/projects/CCabinetConfig.h"
+#include "host/projects/CPortProject.h"
+#include "host/projects/CProcessorProject.h"
+#include "host/projects/CSafeFile.h"
+
+namespace {
+
+using Port = CabinetLayout::CabinetPort;
+using PortGroup = Port::CabinetGroup;
+
+CStatus noSuchProcessor()
+{
+    return CStatus::failure(CMappingFiles::tr("There is no such processor."));
+}
+
+/// Cabinets that come from elsewhere get keys of their own: the processor of a cabinet is found by its key.
+void renewKeys(PortGroup &group, int port)
+{
+    if (!group.isLoose())
+        group.uuid = QUuid::createUuid();
+    for (Port::Cabinet &cabinet : group.cabinets) {
+        cabinet.uuid = QUuid::createUuid();
+        cabinet.group = group.uuid;
+        cabinet.port = port;
+        cabinet.calibrationIndex = -1;
+    }
+    for (PortGroup &inner : group.groups)
+        renewKeys(inner, port);
+}
+
+Port renewed(Port port, int index)
+{
+    port.index = index;
+    port.redundancyProcessor = QUuid();
+    for (PortGroup &group : port.groups)
+        renewKeys(group, index);
+    return port;
+}
+
+bool isPairedWith(const CabinetLayout &layout, const Port &port)
+{
+    const Port *other = layout.port(port.redundancyPort);
+    return other && other->redundancyPort == port.index && other->redundancy != port.redundancy &&
+           other->redundancy != Port::NoRedundancy;
+}
+
+/// Ends pairs of ports of which one came and the other did not.
+void dropHalfPairs(CabinetLayout &layout, bool supported)
+{
+    const CabinetLayout before = layout;
+    for (Port &port : layout.ports) {
+        if (port.redundancy == Port::NoRedundancy || (supported && isPairedWith(before, port)))
+            continue;
+        port.redundancy = Port::NoRedundancy;
+        port.redundancyPort = -1;
+    }
+}
+
+SSettings::TypeLibrary::STreeNode::RcvTypeInfo customType(const Port::Cabinet &cabinet)
+{
+    SSettings::TypeLibrary::STreeNode::RcvTypeInfo info;
+    info.width = cabinet.rect.width();
+    info.height = cabinet.rect.height();
+    info.name = QStringLiteral("%1×%2").arg(info.width).arg(info.height);
+    info.receivers = cabinet.rects;
+    info.kind = cabinet.rects.size() > 1 ? info.MultiReceiver : info.SingleReceiver;
+    return info;
+}
+
+} // namespace
+
+CMappingFiles::CMappingFiles(CDeviceManager &manager, const CTypeLibrary &library)
+    : m_manager(manager)
+    , m_library(library)
+{
+}
+
+CStatus CMappingFiles::exportProcessor(const QUuid &processor, const QString &file) const
+{
+    const std::optional<SDevice> device = m_manager.table().device(processor);
+    return device ? CProcessorProject::write(file, CProjectShelf::projectOf(*device)) : noSuchProcessor();
+}
+
+CStatus CMappingFiles::importProcessor(const QUuid &processor, const QString &file, bool overwriteLocked)
+{
+    const std::optional<SDevice> device = m_manager.table().device(processor);
+    if (!device)
+        return noSuchProcessor();
+    const CResult<SProcessorProject> project = CProcessorProject::read(file);
+    return project ? replaceLayout(*device, project.value().layout, overwriteLocked)
+                   : CStatus::failure(project.error());
+}
+
+CStatus CMappingFiles::copyProcessor(const QUuid &from, const QUuid &to, bool overwriteLocked)
+{
+    const std::optional<SDevice> source = m_manager.table().device(from);
+    const std::optional<SDevice> target = m_manager.table().device(to);
+    if (!source || !target || from == to)
+        return noSuchProcessor();
+    return replaceLayout(*target, source->working.layout(), overwriteLocked);
+}
+
+CStatus CMappingFiles::replaceLayout(const SDevice &device, const CabinetLayout &incoming,
+                                     bool overwriteLocked)
+{
+    for (const Port &port : incoming.ports) {
+        if (port.index >= device.settings.portCount && port.cabinetCount() > 0)
+            return CStatus::failure(CMappingTransfer::failureText(
+                device, tr("The mapping uses output port %1, but only %2 are in use.")
+                            .arg(port.index + 1)
+                            .arg(device.settings.portCount)));
+    }
+    CabinetLayout layout = device.withPortsInUse(device.working.layout());
+    for (Port &port : layout.ports) {
+        if (port.locked && !overwriteLocked)
+            continue;
+        const Port *other = incoming.port(port.index);
+        port = renewed(other ? *other : Port(), port.index);
+    }
+    dropHalfPairs(layout, device.kind.portRedundancy);
+    take(device.node.uuid, layout);
+    return CStatus::done();
+}
+
+void CMappingFiles::take(const QUuid &processor, const CabinetLayout &layout)
+{
+    m_manager.table().change(processor, [&layout](SDevice &device) { device.takeLayout(layout); });
+    m_manager.announceLayout(processor);
+}
+
+CStatus CMappingFiles::exportPort(const QUuid &processor, int port, const QString &file) const
+{
+    const std::optional<SDevice> device = m_manager.table().device(processor);
+    const Port *exported = device ? device->working.layout().port(port) : nullptr;
+    if (!exported)
+        return device ? CStatus::failure(tr("There is no output port %1.").arg(port + 1)) : noSuchProcessor();
+    SPrjPort record;
+    record.processor = processor;
+    record.index = port;
+    record.cabinetCount = exported->cabinetCount();
+    record.load = device->portLoad(*exported, port);
+    record.redundancyPort = exported->redundancyPort;
+    for (const SPortArea &area : device->settings.portAreas) {
+        if (area.port == port)
+            record.area = {area.x, area.y, area.width, area.height};
+    }
+    record.port = *exported;
+    return CPortProject::write(file, record);
+}
+
+CStatus CMappingFiles::importPort(const QUuid &processor, int port, const QString &file, bool overwriteLocked)
+{
+    const std::optional<SDevice> device = m_manager.table().device(processor);
+    const Port *replaced = device ? device->working.layout().port(port) : nullptr;
+    if (!replaced)
+        return device ? CStatus::failure(tr("There is no output port %1.").arg(port + 1)) : noSuchProcessor();
+    if (replaced->redundancy == Port::Redundant)
+        return CStatus::failure(
+            CMappingTransfer::failureText(*device, tr("Output port %1 is a redundancy port.").arg(port + 1)));
+    if (replaced->locked && !overwriteLocked)
+        return CStatus::failure(
+            CMappingTransfer::failureText(*device, tr("Output port %1 is locked.").arg(port + 1)));
+    const CResult<SPrjPort> record = CPortProject::read(file);
+    if (!record)
+        return CStatus::failure(record.error());
+    CabinetLayout layout = device->working.layout();
+    for (Port &own : layout.ports) {
+        if (own.index == port) {
+            own.groups = renewed(record.value().port, port).groups;
+            own.color = record.value().port.color;
+        }
+    }
+    take(processor, layout);
+    return CStatus::done();
+}
+
+CStatus CMappingFiles::exportCabinet(const Cabinet &cabinet, const QString &file,
+                                     const QString &typeName) const
+{
+    const auto *known = m_library.find(cabinet.type);
+    if (!known && !cabinet.type.isNull())
+        return CStatus::failure(tr("%1 was not written: the cabinet's type is not in the type library.")
+                                    .arg(CSafeFile::quoted(file)));
+    SCabinetConfig config;
+    config.type = known ? *known : customType(cabinet);
+    if (!typeName.isEmpty())
+        config.type.name = typeName;
+    config.rects = cabinet.rects;
+    const ProcessorTree::ProcessorNode node = m_manager.table().nodeOfCabinet(cabinet.uuid);
+    if (const std::optional<SDevice> device = m_manager.table().device(node.uuid))
+        config.gamma = device->settings.gammas.value(cabinet.type, config.gamma);
+    return CCabinetConfig::write(file, config);
+}

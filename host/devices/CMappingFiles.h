@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/devices/SDevice.h"
+#include "platform/common/CResult.h"
+
+#include <QCoreApplication>
+#include <QUuid>
+
+class CDeviceManager;
+class CTypeLibrary;
+
+/// Exports, imports and copies mappings and cabinet configurations. An import replaces the working layout and
+/// announces it; what fails has changed nothing. GUI thread.
+class CMappingFiles final
+{
+    Q_DECLARE_TR_FUNCTIONS(CMappingFiles)
+
+public:
+    using Cabinet = CabinetLayout::CabinetPort::Cabinet;
+
+    CMappingFiles(CDeviceManager &manager, const CTypeLibrary &library);
+
+    CStatus exportProcessor(const QUuid &processor, const QString &file) const;
+    CStatus importProcessor(const QUuid &processor, const QString &file, bool overwriteLocked);
+    CStatus copyProcessor(const QUuid &from, const QUuid &to, bool overwriteLocked);
+    CStatus exportPort(const QUuid &processor, int port, const QString &file) const;
+    CStatus importPort(const QUuid &processor, int port, const QString &file, bool overwriteLocked);
+    /// The file gets the name @p typeName for the cabinet's type, unless that is empty.
+    CStatus exportCabinet(const Cabinet &cabinet, const QString &file, const QString &typeName = {}) const;
+
+private:
+    CStatus replaceLayout(const SDevice &device, const CabinetLayout &incoming, bool overwriteLocked);
+    void take(const QUuid &processor, const CabinetLayout &layout);
+
+    CDeviceManager &m_manager;
+    const CTypeLibrary &m_library;
+};

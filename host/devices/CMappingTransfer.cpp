@@ -1,0 +1,157 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/devices/CMappingTransfer.h"
+
+#include "host/devices/CDeviceManager.h"
+
+CMappingTransfer::CMappingTransfer(CDeviceManager &manager, const SJobContext &context)
+    : m_manager(manager)
+    , m_context(context)
+{
+}
+
+QString CMappingTransfer::failureText(const SDevice &device, const QString &reason)
+{
+    return QStringLiteral("%1: %2").arg(device.node.displayText(), reason);
+}
+
+SDeviceOutcome CMappingTransfer::read(const QList<QUuid> &processors, const SMappingOptions &options)
+{
+    return each(processors, tr("Reading the mapping of %1"),
+                [this, &options](const SDevice &device) { return readOne(device, options); });
+}
+
+SDeviceOutcome CMappingTransfer::save(const QList<QUuid> &processors)
+{
+    return each(processors, tr("Saving the mapping to %1"),
+                [this](const SDevice &device) { return saveOne(device); });
+}
+
+SDeviceOutcome CMappingTransfer::each(const QList<QUuid> &processors, const QString &progressText,
+                                      const std::function<Step(const SDevice &)> &step)
+{
+    bool skipped = false;
+    m_count = processors.size();
+    for (m_index = 0; m_index < m_count; ++m_index) {
+        const std::optional<SDevice> device = m_manager.table().device(processors.at(m_index));
+        if (!device)
+            continue; // removed meanwhile
+        m_progressText = progressText.arg(device->node.displayText());
+        progressOf()(0);
+        const Step result = step(*device);
+        if (result == Step::Cancelled)
+            return {SDeviceOutcome::Cancelled, {}};
+        skipped = skipped || result == Step::Skipped;
+    }
+    if (!m_failures.isEmpty())
+        return {SDeviceOutcome::Failed, m_failures.join(QLatin1Char('\n'))};
+    return {skipped ? SDeviceOutcome::Cancelled : SDeviceOutcome::Done, {}};
+}
+
+CSimulatedProcessor::Progress CMappingTransfer::progressOf() const
+{
+    return [this](int percent) { m_context.report((100 * m_index + percent) / m_count, m_progressText); };
+}
+
+CMappingTransfer::Step CMappingTransfer::failed(const SDevice &device, const QString &reason)
+{
+    m_failures << failureText(device, reason);
+    return Step::Failed;
+}
+
+CMappingTransfer::Step CMappingTransfer::failed(const SDevice &device, DeviceError error)
+{
+    if (error == DeviceError::Cancelled)
+        return Step::Cancelled;
+    if (error == DeviceError::Offline || error == DeviceError::NoAnswer)
+        m_manager.setOnline(device.node.uuid, false);
+    return failed(device, deviceErrorText(error));
+}
+
+CMappingTransfer::Step CMappingTransfer::readOne(const SDevice &device, const SMappingOptions &options)
+{
+    const auto processor = m_manager.device(device.node.uuid);
+    if (!processor)
+        return failed(device, tr("A project has no processor to read from."));
+    QByteArray bytes;
+    const DeviceError error = options.mappingFromProcessor
+                                  ? processor->readMapping(*m_context.cancel, progressOf(), bytes)
+                                  : processor->readCabinets(*m_context.cancel, progressOf(), bytes);
+    if (error != DeviceError::None)
+        return failed(device, error);
+    const auto mapping = CProcessorCodec::mapping(bytes, device.node.displayText());
+    return mapping ? takeOver(device, mapping.value()) : failed(device, DeviceError::Damaged);
+}
+
+CMappingTransfer::Step CMappingTransfer::takeOver(const SDevice &device, const SProcessorMapping &mapping)
+{
+    SDevice read = device;
+    read.takeSaved(mapping.layout);
+    const bool same = !read.isModified();
+    const CabinetLayout layout = same ? CabinetLayout() : withLockedPortsKept(device, read.working.saved());
+    bool edited = false;
+    m_manager.table().change(device.node.uuid, [&](SDevice &known) {
+        edited = known.working.edition() != device.working.edition();
+        if (edited)
+            return;
+        known.revision = mapping.revision;
+        known.takeSaved(mapping.layout);
+        if (!same)
+            known.takeLayout(layout);
+    });
+    if (edited)
+        return failed(device, tr("The layout was edited while the mapping was read; the edits were kept."));
+    if (!same)
+        m_manager.announceLayout(device.node.uuid);
+    m_manager.notify(LayoutNotification::ReadbackFinished, SReadbackResult{device.node.uuid, same});
+    return Step::Done;
+}
+
+CabinetLayout CMappingTransfer::withLockedPortsKept(const SDevice &device, const CabinetLayout &read) const
+{
+    CabinetLayout kept = read;
+    bool differs = false;
+    for (CabinetLayout::CabinetPort &port : kept.ports) {
+        const CabinetLayout::CabinetPort *before = device.working.layout().port(port.index);
+        if (before && before->locked && !LayoutData::comparePortData(*before, port, true)) {
+            differs = true;
+            port = *before;
+        }
+    }
+    const bool overwrite = differs && m_context.ask(tr("The output port has been locked in the current "
+                                                       "layout, want to overwrite?"));
+    return overwrite ? read : kept;
+}
+
+CMappingTransfer::Step CMappingTransfer::saveOne(const SDevice &device)
+{
+    const auto processor = m_manager.device(device.node.uuid);
+    if (!processor)
+        return failed(device, tr("A project has no processor to save to. Save it to a file, or copy its "
+                                 "mapping to a processor."));
+    quint64 revision = 0;
+    DeviceError error = processor->revision(*m_context.cancel, revision);
+    if (error != DeviceError::None)
+        return failed(device, error);
+    if (!mayOverwrite(device, revision))
+        return m_context.cancel->isCancelled() ? Step::Cancelled : Step::Skipped;
+    const CabinetLayout &mapping = device.working.layout();
+    error = processor->saveMapping(*m_context.cancel, progressOf(),
+                                   CProcessorCodec::encode(SProcessorMapping{mapping, revision}), revision);
+    if (error != DeviceError::None)
+        return failed(device, error);
+    m_manager.table().change(device.node.uuid, [&](SDevice &known) {
+        known.revision = revision;
+        known.takeSaved(mapping);
+    });
+    m_manager.announceState();
+    return Step::Done;
+}
+
+bool CMappingTransfer::mayOverwrite(const SDevice &device, quint64 revision) const
+{
+    if (revision == device.revision)
+        return true;
+    return m_context.ask(failureText(device, tr("The mapping was changed from elsewhere since it was last "
+                                                "read. Overwrite it?")));
+}

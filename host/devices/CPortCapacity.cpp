@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/devices/CPortCapacity.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+
+using PortGroup = CabinetLayout::CabinetPort::CabinetGroup;
+
+qint64 pixelSum(const PortGroup &group)
+{
+    qint64 sum = 0;
+    for (const CabinetLayout::CabinetPort::Cabinet &cabinet : group.cabinets)
+        sum += qint64(cabinet.rect.width()) * cabinet.rect.height();
+    for (const PortGroup &inner : group.groups)
+        sum += pixelSum(inner);
+    return sum;
+}
+
+QRect boundsOf(const PortGroup &group)
+{
+    QRect bounds;
+    for (const CabinetLayout::CabinetPort::Cabinet &cabinet : group.cabinets)
+        bounds |= cabinet.rect;
+    for (const PortGroup &inner : group.groups)
+        bounds |= boundsOf(inner);
+    return bounds;
+}
+
+} // namespace
+
+qint64 CPortCapacity::capacity(const SReceiverGeneration &generation, const SSignal &signal)
+{
+    const qint64 bits = generation.wireBits.value(signal.colorDepth);
+    if (bits <= 0 || signal.frameRate <= 0)
+        return 0;
+    const qint64 pixels = generation.netBitsPerSecond / (signal.frameRate * bits);
+    return signal.threeD ? std::min(pixels, ThreeDPixels) : pixels;
+}
+
+qint64 CPortCapacity::charged(const SReceiverGeneration &generation, const CabinetLayout::CabinetPort &port)
+{
+    qint64 sum = 0;
+    QRect bounds;
+    for (const PortGroup &group : port.groups) {
+        if (generation.chargesBoundingRect)
+            bounds |= boundsOf(group);
+        else
+            sum += pixelSum(group);
+    }
+    return generation.chargesBoundingRect ? qint64(bounds.width()) * bounds.height() : sum;
+}
+
+int CPortCapacity::percent(qint64 used, qint64 capacity)
+{
+    if (used <= 0)
+        return 0;
+    if (capacity <= 0)
+        return 101;
+    const qint64 rounded = (used * 100 + capacity - 1) / capacity;
+    return static_cast<int>(std::min<qint64>(rounded, std::numeric_limits<int>::max()));
+}
+
+int CPortCapacity::load(const SProcessorKind &kind, const SSignal &signal, qint64 used, qint64 total)
+{
+    const int own = percent(used, capacity(kind.generation, signal));
+    if (used <= 0 || total <= kind.pixelLimit)
+        return own;
+    return std::max(own, percent(total, kind.pixelLimit));
+}

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/devices/CDeviceTable.h"
+#include "host/devices/CSimulatedProcessor.h"
+
+#include <QCoreApplication>
+
+#include <memory>
+#include <vector>
+
+class QJsonObject;
+
+/// The processors that the simulated network holds, from a data file. Immutable but for the processors; any
+/// thread.
+class CSimulatedPark final
+{
+    Q_DECLARE_TR_FUNCTIONS(CSimulatedPark)
+
+public:
+    using Processor = std::shared_ptr<CSimulatedProcessor>;
+
+    /// The park that comes with the program; the processors keep their state in @p stateFolder.
+    CSimulatedPark(const QString &stateFolder, double delayScale);
+
+    const std::vector<Processor> &processors() const { return m_processors; }
+    Processor find(const QUuid &uuid) const; ///< null for an unknown key
+    const QList<CDeviceTable::SGroup> &groups() const { return m_groups; }
+
+private:
+    Processor make(const QJsonObject &entry, const QString &stateFolder, double delayScale) const;
+
+    QList<CDeviceTable::SGroup> m_groups;
+    std::vector<Processor> m_processors;
+};

@@ -1,0 +1,261 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/devices/CSimulatedProcessor.h"
+
+#include "host/devices/CCancelToken.h"
+#include "host/devices/DevicesLog.h"
+
+#include <cmath>
+
+namespace {
+
+using Port = CabinetLayout::CabinetPort;
+
+constexpr int SlowFactor = 10;
+constexpr int TransferSteps = 20;
+constexpr int TransferStep = 30;   // milliseconds
+constexpr int ShortestAnswer = 5;  // milliseconds, of a command
+constexpr int CommandTimeOut = 80; // milliseconds: commands are given on the GUI thread
+
+/// The cabinets of a port that a chain reaches, in its order, as they would report themselves.
+Port reported(const Port &port)
+{
+    Port answer;
+    answer.index = port.index;
+    Port::CabinetGroup loose;
+    for (Port::Cabinet cabinet : port.getAllCabinets()) {
+        if (cabinet.rank < 0)
+            continue;
+        cabinet.group = QUuid();
+        cabinet.receivers.clear();
+        for (int i = 0; i < std::max(1, cabinet.rects.size()); ++i)
+            cabinet.receivers << i;
+        loose.cabinets << cabinet;
+    }
+    if (!loose.cabinets.isEmpty())
+        answer.groups << loose;
+    return answer;
+}
+
+/// Somebody else takes the last cabinet of a chain out of it.
+void unwireOneTail(CabinetLayout &layout)
+{
+    for (Port &port : layout.ports) {
+        Port::Cabinet *tail = nullptr;
+        for (Port::CabinetGroup &group : port.groups) {
+            for (Port::Cabinet &cabinet : group.cabinets) {
+                if (cabinet.rank > (tail ? tail->rank : -1))
+                    tail = &cabinet;
+            }
+        }
+        if (tail) {
+            tail->rank = -1;
+            return;
+        }
+    }
+}
+
+} // namespace
+
+CSimulatedProcessor::CSimulatedProcessor(SIdentity identity, Factory factory, const QString &stateFolder,
+                                         double delayScale)
+    : m_identity(std::move(identity))
+    , m_factory(std::move(factory))
+    , m_files(stateFolder, m_identity.uuid)
+    , m_delayScale(delayScale)
+{
+}
+
+int CSimulatedProcessor::scaled(int milliseconds) const
+{
+    return static_cast<int>(std::lround(milliseconds * m_delayScale));
+}
+
+SProcessorState &CSimulatedProcessor::state()
+{
+    if (!m_state)
+        m_state = m_files.load(m_factory);
+    return *m_state;
+}
+
+void CSimulatedProcessor::setFault(SimulationFault fault, bool on)
+{
+    if (fault == SimulationFault::Changed) {
+        if (on)
+            changeFromElsewhere();
+        return;
+    }
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (on)
+        m_faults.insert(fault);
+    else
+        m_faults.erase(fault);
+}
+
+bool CSimulatedProcessor::hasFault(SimulationFault fault) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_faults.count(fault) > 0;
+}
+
+void CSimulatedProcessor::changeFromElsewhere()
+{
+    const std::lock_guard<std::mutex> writing(m_mappingMutex);
+    SProcessorMapping mapping = keptMapping();
+    unwireOneTail(mapping.layout);
+    keep(mapping);
+}
+
+DeviceError CSimulatedProcessor::waitForAnswer(CCancelToken &cancel, const SPatience &patience) const
+{
+    if (cancel.isCancelled())
+        return DeviceError::Cancelled;
+    if (hasFault(SimulationFault::Offline))
+        return DeviceError::Offline;
+    const bool silent = hasFault(SimulationFault::Silent);
+    const int late = patience.answer * (hasFault(SimulationFault::Slow) ? SlowFactor : 1);
+    if (!cancel.wait(scaled(silent ? patience.timeOut : std::min(late, patience.timeOut))))
+        return DeviceError::Cancelled;
+    if (silent)
+        return DeviceError::NoAnswer;
+    return hasFault(SimulationFault::Refuse) ? DeviceError::Refused : DeviceError::None;
+}
+
+DeviceError CSimulatedProcessor::transfer(CCancelToken &cancel, const Progress &progress) const
+{
+    for (int step = 0; step < TransferSteps; ++step) {
+        progress(100 * step / TransferSteps);
+        const bool slow = hasFault(SimulationFault::Slow);
+        if (!cancel.wait(scaled(slow ? TransferStep * SlowFactor : TransferStep)))
+            return DeviceError::Cancelled;
+        if (hasFault(SimulationFault::Offline))
+            return DeviceError::ConnectionLost;
+        if (step == TransferSteps / 2 && hasFault(SimulationFault::Drop))
+            return DeviceError::ConnectionLost;
+    }
+    progress(100);
+    return DeviceError::None;
+}
+
+QByteArray CSimulatedProcessor::damagedWhereTold(QByteArray bytes) const
+{
+    if (hasFault(SimulationFault::Damaged) && !bytes.isEmpty()) {
+        const int place = bytes.size() * 2 / 3;
+        bytes[place] = static_cast<char>(bytes.at(place) ^ 0x04);
+    }
+    return bytes;
+}
+
+DeviceError CSimulatedProcessor::identify(CCancelToken &cancel, QByteArray &settings)
+{
+    const DeviceError error = waitForAnswer(cancel, {120, 1200});
+    if (error != DeviceError::None)
+        return error;
+    QByteArray bytes;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        bytes = CProcessorCodec::encode(state().settings);
+    }
+    settings = damagedWhereTold(bytes);
+    return DeviceError::None;
+}
+
+DeviceError CSimulatedProcessor::revision(CCancelToken &cancel, quint64 &revision)
+{
+    const DeviceError error = waitForAnswer(cancel, {20, 3000});
+    if (error != DeviceError::None)
+        return error;
+    revision = keptMapping().revision;
+    return DeviceError::None;
+}
+
+DeviceError CSimulatedProcessor::send(CCancelToken &cancel, const Progress &progress,
+                                      const SProcessorMapping &mapping, QByteArray &bytes) const
+{
+    DeviceError error = waitForAnswer(cancel, {20, 3000});
+    if (error == DeviceError::None)
+        error = transfer(cancel, progress);
+    if (error == DeviceError::None)
+        bytes = damagedWhereTold(CProcessorCodec::encode(mapping));
+    return error;
+}
+
+DeviceError CSimulatedProcessor::readMapping(CCancelToken &cancel, const Progress &progress,
+                                             QByteArray &mapping)
+{
+    return send(cancel, progress, keptMapping(), mapping);
+}
+
+DeviceError CSimulatedProcessor::readCabinets(CCancelToken &cancel, const Progress &progress,
+                                              QByteArray &mapping)
+{
+    SProcessorMapping answer = keptMapping();
+    for (Port &port : answer.layout.ports)
+        port = reported(port);
+    return send(cancel, progress, answer, mapping);
+}
+
+DeviceError CSimulatedProcessor::saveMapping(CCancelToken &cancel, const Progress &progress,
+                                             const QByteArray &mapping, quint64 &revision)
+{
+    DeviceError error = waitForAnswer(cancel, {20, 3000});
+    if (error == DeviceError::None)
+        error = transfer(cancel, progress);
+    if (error != DeviceError::None)
+        return error;
+    CResult<SProcessorMapping> received =
+        CProcessorCodec::mapping(damagedWhereTold(mapping), m_identity.name);
+    if (!received)
+        return DeviceError::Damaged;
+    const std::lock_guard<std::mutex> writing(m_mappingMutex);
+    if (!keep(received.value()))
+        return DeviceError::NotStored;
+    revision = received.value().revision;
+    return DeviceError::None;
+}
+
+bool CSimulatedProcessor::keep(SProcessorMapping &mapping)
+{
+    mapping.revision = keptMapping().revision + 1;
+    const CStatus stored = m_files.save(mapping);
+    if (!stored) {
+        qCWarning(devicesLog, "%s", qPrintable(stored.error()));
+        return false;
+    }
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    state().mapping = mapping;
+    return true;
+}
+
+SProcessorMapping CSimulatedProcessor::keptMapping()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return state().mapping;
+}
+
+DeviceError CSimulatedProcessor::command()
+{
+    CCancelToken never;
+    const DeviceError error = waitForAnswer(never, {ShortestAnswer, CommandTimeOut});
+    return error == DeviceError::None && hasFault(SimulationFault::Damaged) ? DeviceError::Damaged : error;
+}
+
+DeviceError CSimulatedProcessor::apply(const SProcessorSettings &settings)
+{
+    const DeviceError error = command();
+    if (error != DeviceError::None)
+        return error;
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const CStatus stored = m_files.save(settings);
+    if (!stored) {
+        qCWarning(devicesLog, "%s", qPrintable(stored.error()));
+        return DeviceError::NotStored;
+    }
+    state().settings = settings;
+    return DeviceError::None;
+}
+
+DeviceError CSimulatedProcessor::probe()
+{
+    return command();
+}

@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/devices/CProcessorStateFiles.h"
+#include "host/devices/DeviceError.h"
+#include "host/devices/SSimulationFault.h"
+
+#include <functional>
+#include <mutex>
+#include <optional>
+#include <set>
+
+class CCancelToken;
+
+/// A processor without hardware: answers requests as a device on the network does, late and sometimes not at
+/// all, and keeps its state on disk. Any thread; exchanges block and belong on a worker, but for apply() and
+/// probe(), which take 80 milliseconds at the most.
+class CSimulatedProcessor final
+{
+public:
+    /// What it is from the factory.
+    struct SIdentity
+    {
+        QUuid uuid;
+        QUuid group; ///< null: in no group
+        QString name;
+        QString kind; ///< id of its kind
+        QString serialNumber;
+        quint32 address = 0; ///< IPv4, most significant byte first
+    };
+    using Factory = CProcessorStateFiles::Factory;
+    using Progress = std::function<void(int percent)>;
+
+    /// @p delayScale is the factor of all delays and time-outs.
+    CSimulatedProcessor(SIdentity identity, Factory factory, const QString &stateFolder, double delayScale);
+
+    const SIdentity &identity() const { return m_identity; }
+
+    /// The answer to a search: the encoded settings.
+    DeviceError identify(CCancelToken &cancel, QByteArray &settings);
+    DeviceError revision(CCancelToken &cancel, quint64 &revision);
+    /// The saved mapping, encoded.
+    DeviceError readMapping(CCancelToken &cancel, const Progress &progress, QByteArray &mapping);
+    /// The mapping that the cabinets report, encoded: those in a chain, without groups, with the numbers of
+    /// their receiver cards.
+    DeviceError readCabinets(CCancelToken &cancel, const Progress &progress, QByteArray &mapping);
+    /// Replaces the mapping, at the end of the transfer and whole; gives its revision.
+    DeviceError saveMapping(CCancelToken &cancel, const Progress &progress, const QByteArray &mapping,
+                            quint64 &revision);
+    /// A short command: takes other settings.
+    DeviceError apply(const SProcessorSettings &settings);
+    /// A short command that changes nothing.
+    DeviceError probe();
+
+    void setFault(SimulationFault fault, bool on);
+    bool hasFault(SimulationFault fault) const;
+
+private:
+    struct SPatience
+    {
+        int answer;  ///< milliseconds until the answer
+        int timeOut; ///< milliseconds after which the caller gives up
+    };
+    DeviceError waitForAnswer(CCancelToken &cancel, const SPatience &patience) const;
+    DeviceError transfer(CCancelToken &cancel, const Progress &progress) const;
+    DeviceError send(CCancelToken &cancel, const Progress &progress, const SProcessorMapping &mapping,
+                     QByteArray &bytes) const;
+    QByteArray damagedWhereTold(QByteArray bytes) const;
+    DeviceError command();
+    SProcessorState &state(); ///< loaded at first use; with the mutex held
+    SProcessorMapping keptMapping();
+    bool keep(SProcessorMapping &mapping); ///< stores it as the next revision; with the mapping mutex held
+    void changeFromElsewhere();
+    int scaled(int milliseconds) const;
+
+    const SIdentity m_identity;
+    const Factory m_factory;
+    const CProcessorStateFiles m_files;
+    const double m_delayScale;
+    std::mutex m_mappingMutex;  // held by who replaces the mapping, while it is written to disk
+    mutable std::mutex m_mutex; // guards the members below
+    std::optional<SProcessorState> m_state;
+    std::set<SimulationFault> m_faults;
+};

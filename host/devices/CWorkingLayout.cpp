@@ -1,0 +1,136 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/devices/CWorkingLayout.h"
+
+#include "host/devices/CPortCapacity.h"
+#include "layout/data/records/LayoutData.h"
+
+#include <algorithm>
+#include <numeric>
+#include <vector>
+
+namespace {
+
+using Port = CabinetLayout::CabinetPort;
+using Cabinet = Port::Cabinet;
+using Groups = QVector<Port::CabinetGroup>;
+
+template <typename Function>
+void forEachCabinet(Groups &groups, const Function &function)
+{
+    for (Port::CabinetGroup &group : groups) {
+        for (Cabinet &cabinet : group.cabinets)
+            function(cabinet);
+        forEachCabinet(group.groups, function);
+    }
+}
+
+bool shares(const Groups &a, const Groups &b)
+{
+    return a.constData() == b.constData() && a.size() == b.size();
+}
+
+bool sameLook(const Port &a, const Port &b)
+{
+    return a.index == b.index && a.color == b.color && a.locked == b.locked && a.redundancy == b.redundancy &&
+           a.redundancyPort == b.redundancyPort && a.redundancyProcessor == b.redundancyProcessor;
+}
+
+bool samePort(const Port &a, const Port &b)
+{
+    return sameLook(a, b) && (shares(a.groups, b.groups) || LayoutData::comparePortData(a, b, true));
+}
+
+} // namespace
+
+void CWorkingLayout::take(const CabinetLayout &layout, const SReceiverGeneration &generation)
+{
+    CabinetLayout next = layout;
+    QHash<int, qint64> chargedPixels;
+    for (Port &port : next.ports) {
+        const Port *before = m_taken.port(port.index);
+        const Port *numberedBefore = m_layout.port(port.index);
+        if (before && numberedBefore && shares(before->groups, port.groups)) {
+            port.groups = numberedBefore->groups;
+            chargedPixels.insert(port.index, m_charged.value(port.index));
+        } else {
+            renumber(port);
+            chargedPixels.insert(port.index, CPortCapacity::charged(generation, port));
+        }
+    }
+    QSet<int> edited;
+    for (const Port &port : std::as_const(next).ports) {
+        const Port *before = m_layout.port(port.index);
+        const bool untouched = before && shares(before->groups, port.groups) && sameLook(*before, port);
+        if (untouched ? m_edited.contains(port.index) : differsFromSaved(port))
+            edited.insert(port.index);
+    }
+    m_taken = layout;
+    m_layout = next;
+    m_charged = chargedPixels;
+    m_edited = edited;
+    ++m_edition;
+}
+
+bool CWorkingLayout::differsFromSaved(const Port &port) const
+{
+    const Port *saved = m_saved.port(port.index);
+    return !saved || !samePort(*saved, port);
+}
+
+void CWorkingLayout::setSaved(const CabinetLayout &mapping)
+{
+    m_saved = mapping;
+    m_places.clear();
+    for (const Port &port : mapping.ports) {
+        for (const Cabinet &cabinet : port.getAllCabinets()) {
+            if (cabinet.mappingIndex >= 0)
+                m_places.insert(cabinet.uuid, cabinet.mappingIndex);
+        }
+    }
+    m_edited.clear();
+    for (Port &port : m_layout.ports) {
+        renumber(port);
+        if (differsFromSaved(port))
+            m_edited.insert(port.index);
+    }
+}
+
+void CWorkingLayout::renumber(Port &port) const
+{
+    bool right = true;
+    for (const Cabinet &cabinet : port.getAllCabinets())
+        right = right && cabinet.mappingIndex == m_places.value(cabinet.uuid, -1);
+    if (right)
+        return; // stays shared
+    forEachCabinet(port.groups, [this](Cabinet &c) { c.mappingIndex = m_places.value(c.uuid, -1); });
+}
+
+qint64 CWorkingLayout::chargedPixels() const
+{
+    return std::accumulate(m_charged.begin(), m_charged.end(), qint64(0));
+}
+
+CabinetLayout CWorkingLayout::numbered(CabinetLayout layout)
+{
+    int next = 0;
+    for (Port &port : layout.ports) {
+        std::vector<Cabinet *> chain;
+        forEachCabinet(port.groups, [&chain](Cabinet &cabinet) {
+            cabinet.mappingIndex = -1;
+            if (cabinet.rank >= 0)
+                chain.push_back(&cabinet);
+        });
+        std::sort(chain.begin(), chain.end(), [](const Cabinet *a, const Cabinet *b) {
+            return a->rank != b->rank ? a->rank < b->rank : a->uuid < b->uuid;
+        });
+        for (Cabinet *cabinet : chain)
+            cabinet->mappingIndex = next++;
+    }
+    return layout;
+}
+
+bool CWorkingLayout::sameMapping(const CabinetLayout &a, const CabinetLayout &b)
+{
+    return std::equal(a.ports.begin(), a.ports.end(), b.ports.begin(), b.ports.end(), samePort);
+}

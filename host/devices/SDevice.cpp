@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/devices/SDevice.h"
+
+LayoutData SDevice::data() const
+{
+    LayoutData data;
+    data.processor = node.uuid;
+    data.layout = working.layout();
+    data.layout.processor = node.uuid;
+    data.canvas = settings.canvas;
+    data.bounds = data.layout.boundingRect();
+    return data;
+}
+
+int SDevice::portLoad(const CabinetLayout::CabinetPort &port, int index) const
+{
+    const qint64 used = CPortCapacity::charged(kind.generation, port);
+    const qint64 total = working.chargedPixels() - working.chargedPixels(index) + used;
+    return CPortCapacity::load(kind, {settings.frameRate, settings.colorDepth, settings.threeD}, used, total);
+}
+
+CabinetLayout SDevice::withPortsInUse(const CabinetLayout &layout) const
+{
+    CabinetLayout complete;
+    complete.processor = node.uuid;
+    complete.ports.reserve(settings.portCount);
+    for (int i = 0; i < settings.portCount; ++i) {
+        const CabinetLayout::CabinetPort *port = layout.port(i);
+        complete.ports << (port ? *port : CabinetLayout::CabinetPort());
+        complete.ports.last().index = i;
+    }
+    return complete;
+}
+
+void SDevice::takeLayout(const CabinetLayout &layout)
+{
+    working.take(withPortsInUse(layout), kind.generation);
+}
+
+void SDevice::takeSaved(const CabinetLayout &mapping)
+{
+    working.setSaved(CWorkingLayout::numbered(withPortsInUse(mapping)));
+}
