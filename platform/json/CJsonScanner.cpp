@@ -4,6 +4,7 @@
 
 #include "platform/json/CStrictJson.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 
@@ -126,10 +127,12 @@ bool CJsonScanner::member(int depth, int firstName)
 
 bool CJsonScanner::rememberName(const SName &name, int firstName)
 {
-    for (int i = firstName; i < m_names.size(); ++i) {
-        const SName &other = m_names.at(i);
-        if (other.length == name.length && std::memcmp(other.begin, name.begin, size_t(name.length)) == 0)
-            return fail(tr("the member \"%1\" occurs twice").arg(QString::fromUtf8(name.begin, name.length)));
+    const auto isDouble = [&name](const SName &other) {
+        return other.length == name.length && std::memcmp(other.begin, name.begin, size_t(name.length)) == 0;
+    };
+    if (std::any_of(m_names.begin() + firstName, m_names.end(), isDouble)) {
+        m_at = name.begin - 1;
+        return fail(tr("the member \"%1\" occurs twice").arg(QString::fromUtf8(name.begin, name.length)));
     }
     if (m_names.size() - firstName >= CStrictJson::MaximumMembers)
         return fail(tr("an object has too many members"));

@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/projects/ProjectSamples.h"
+
+#include <QFile>
+
+using Port = CabinetLayout::CabinetPort;
+
+SProcessorProject ProjectSamples::ofWall(CWallBuilder::Wall wall)
+{
+    const SWallPlan plan = CWallBuilder::plan(wall);
+    SProcessorProject project;
+    project.name = plan.name;
+    project.portCount = plan.ports;
+    project.canvas = plan.canvas();
+    project.layout = CWallBuilder::build(plan).value();
+    return project;
+}
+
+SProcessorProject ProjectSamples::withEverything()
+{
+    Port::Cabinet cabinet;
+    cabinet.uuid = QUuid::createUuidV5(QUuid(), QStringLiteral("cabinet"));
+    cabinet.port = 4;
+    cabinet.rect = {-7, 12, 192, 108};
+    cabinet.rank = 3;
+    cabinet.type = SMD5::ofContent("type");
+    cabinet.directionFixed = cabinet.custom = true;
+    cabinet.rects = {{0, 0, 96, 108}, {96, 0, 96, 108}};
+    cabinet.mappingIndex = 5;
+    cabinet.calibrationIndex = 6;
+    cabinet.group = QUuid::createUuidV5(QUuid(), QStringLiteral("elsewhere"));
+    cabinet.receivers = {9, 10};
+    cabinet.blanks = {{1, 2, 3, 4}};
+
+    Port::CabinetGroup inner;
+    inner.uuid = QUuid::createUuidV5(QUuid(), QStringLiteral("inner"));
+    inner.name = QStringLiteral("\u5167 \"inner\", \\ & \U0001F4A1");
+    inner.cabinets = {cabinet};
+    Port::CabinetGroup outer;
+    outer.uuid = QUuid::createUuidV5(QUuid(), QStringLiteral("outer"));
+    outer.groups = {inner};
+
+    Port port;
+    port.index = 2;
+    port.groups = {{}, outer};
+    port.color = QColor(1, 2, 3, 4);
+    port.locked = true;
+    port.redundancy = Port::Redundant;
+    port.redundancyPort = 7;
+    port.redundancyProcessor = QUuid::createUuidV5(QUuid(), QStringLiteral("other"));
+    port.load = 123;
+
+    SProcessorProject project;
+    project.name = QStringLiteral("B\u00fchne");
+    project.kind = QStringLiteral("kind");
+    project.portCount = 4;
+    project.canvas = {1920, 1080};
+    project.frameRate = 50;
+    project.colorDepth = 12;
+    project.background = {true,         QStringLiteral("/pictures/a.png"), 80, 40,
+                          cabinet.uuid, SBackgroundInfo::ZoomToFit};
+    project.layout.processor = QUuid::createUuidV5(QUuid(), QStringLiteral("processor"));
+    project.layout.ports = {port};
+    return project;
+}
+
+QByteArray ProjectSamples::contentOf(const QString &file)
+{
+    QFile source(file);
+    return source.open(QIODevice::ReadOnly) ? source.readAll() : QByteArray();
+}
+
+void ProjectSamples::setContent(const QString &file, const QByteArray &content)
+{
+    QFile target(file);
+    if (!target.open(QIODevice::WriteOnly) || target.write(content) != content.size())
+        qFatal("cannot write %s", qPrintable(file));
+}

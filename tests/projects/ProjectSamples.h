@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/projects/CProcessorProject.h"
+#include "host/projects/CWallBuilder.h"
+
+#include <QByteArray>
+#include <QString>
+
+/// Values that the tests of project files share.
+namespace ProjectSamples {
+
+/// A project of that wall.
+SProcessorProject ofWall(CWallBuilder::Wall wall);
+/// A small project in which every member of every record differs from its default.
+SProcessorProject withEverything();
+
+QByteArray contentOf(const QString &file);
+void setContent(const QString &file, const QByteArray &content);
+
+} // namespace ProjectSamples

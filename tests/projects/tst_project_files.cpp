@@ -1,0 +1,235 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/projects/CCabinetConfig.h"
+#include "host/projects/CCurrentGainFile.h"
+#include "host/projects/CPortProject.h"
+#include "host/projects/CStrictFile.h"
+#include "tests/harness/CTestBase.h"
+#include "tests/projects/ProjectSamples.h"
+
+#include <QCryptographicHash>
+#include <QTemporaryDir>
+
+namespace {
+
+/// The content of a processor project with a header that fits @p body.
+QByteArray sealed(const QByteArray &body, int version = 1)
+{
+    return QStringLiteral(
+               "{\"format\":\"orvo-processor-project\",\"version\":%1,\"bytes\":%2,\"sha256\":\"%3\"}\n")
+               .arg(version)
+               .arg(body.size())
+               .arg(QString::fromLatin1(QCryptographicHash::hash(body, QCryptographicHash::Sha256).toHex()))
+               .toLatin1() +
+           body;
+}
+
+/// A project's JSON with its last "ports" replaced.
+QByteArray bodyWithPorts(const QByteArray &ports)
+{
+    return R"({"background":{},"canvas":[64,64],"colorDepth":8,"frameRate":60,"name":"n","portCount":2,"layout":{"ports":)" +
+           ports + "}}";
+}
+
+QByteArray nestedGroups(int depth)
+{
+    QByteArray groups = "{}";
+    for (int i = 1; i < depth; ++i)
+        groups = "{\"groups\":[" + groups + "]}";
+    return bodyWithPorts("[{\"index\":0,\"groups\":[" + groups + "]}]");
+}
+
+const char *const oneCabinet = R"({"uuid":"6f727677-616c-4c77-8a11-5f0d3b6a7702","rect":[0,0,32,32]})";
+
+} // namespace
+
+class CProjectFilesTest final : public CTestBase
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_folder;
+    QString path(const char *name) const { return m_folder.filePath(QLatin1String(name)); }
+
+    /// The reading fails with one text that names the file; gives the text.
+    QString refusalOf(const QByteArray &content)
+    {
+        const QString file = path("refused.sprj");
+        ProjectSamples::setContent(file, content);
+        const auto project = CProcessorProject::read(file);
+        const bool named = project.error().contains(file) && !project.error().contains(QLatin1Char('\n'));
+        return project ? QStringLiteral("accepted")
+               : named ? project.error()
+                       : QStringLiteral("file not named");
+    }
+
+private Q_SLOTS:
+    void bringsBackEveryWall_data()
+    {
+        QTest::addColumn<int>("wall");
+        for (int wall = 0; wall < CWallBuilder::WallCount; ++wall)
+            QTest::newRow(qPrintable(CWallBuilder::plan(CWallBuilder::Wall(wall)).name)) << wall;
+    }
+    void bringsBackEveryWall()
+    {
+        QFETCH(int, wall);
+        const SProcessorProject project = ProjectSamples::ofWall(CWallBuilder::Wall(wall));
+        const QString file = path("wall.sprj");
+        QVERIFY(CProcessorProject::write(file, project));
+        const auto read = CProcessorProject::read(file);
+        QVERIFY2(read, qPrintable(read.error()));
+        QVERIFY(read.value() == project);
+    }
+
+    void bringsBackEveryMember()
+    {
+        SProcessorProject project = ProjectSamples::withEverything();
+        const QString file = path("everything.sprj");
+        QVERIFY(CProcessorProject::write(file, project));
+        QVERIFY(CProcessorProject::read(file).value() == project);
+
+        SPrjPort port;
+        port.processor = project.layout.processor;
+        port.index = 2;
+        port.cabinetCount = 1;
+        port.load = 17;
+        port.area = {1, 2, 3, 0xFFFFFFFFu};
+        port.redundancyPort = 3;
+        port.version = 2;
+        port.brightness = 7;
+        port.port = project.layout.ports.first();
+        QVERIFY(CPortProject::write(path("port.pprj"), port));
+        QVERIFY(CPortProject::read(path("port.pprj")).value() == port);
+
+        SCabinetConfig config;
+        config.type.key = SMD5::ofContent("key");
+        config.type.name = QStringLiteral("Tall");
+        config.type.kind = SCabinetConfig().type.MultiReceiver;
+        config.type.width = 128;
+        config.type.height = 256;
+        config.type.receivers = config.rects = {{0, 0, 128, 128}, {0, 128, 128, 128}};
+        config.type.millimetres = {600, 337.5};
+        config.type.kilograms = 11.8;
+        config.type.wattsMaximum = 300;
+        config.type.wattsAverage = 100;
+        config.type.voltsMinimum = 100;
+        config.type.voltsMaximum = 240;
+        config.type.customGamma = config.type.damaged = true;
+        config.gamma = 2.2;
+        QVERIFY(CCabinetConfig::write(path("cabinet.rcvbp"), config));
+        QVERIFY(CCabinetConfig::read(path("cabinet.rcvbp")).value() == config);
+
+        const QVector<SCurrentGainRow> rows = {{0, 2, {255, 0, 7}}, {1, 0, {1, 2, 3}}};
+        QVERIFY(CCurrentGainFile::write(path("gain.acr"), rows));
+        QVERIFY(CCurrentGainFile::read(path("gain.acr")).value() == rows);
+    }
+
+    void refusesEveryCutAndEveryFlippedBit()
+    {
+        const QString file = path("small.sprj");
+        SProcessorProject project = ProjectSamples::ofWall(CWallBuilder::Small);
+        project.layout.ports.resize(1);
+        QVERIFY(CProcessorProject::write(file, project));
+        const QByteArray content = ProjectSamples::contentOf(file);
+        const SFileFormat format{"orvo-processor-project", "a processor project", 1};
+        QVERIFY(CStrictFile::decode(content, format, file));
+        for (int length = 0; length < content.size(); ++length) {
+            const QString refusal = refusalOf(content.left(length));
+            QVERIFY2(refusal.endsWith(QLatin1Char('.')),
+                     qPrintable(QStringLiteral("%1: %2").arg(length).arg(refusal)));
+        }
+        for (int at = 0; at < content.size(); ++at) {
+            for (int bit = 0; bit < 8; ++bit) {
+                QByteArray flipped = content;
+                flipped[at] = char(flipped.at(at) ^ (1 << bit));
+                const auto decoded = CStrictFile::decode(flipped, format, file);
+                QVERIFY2(!decoded && decoded.error().contains(file), qPrintable(QString::number(at)));
+            }
+        }
+        QVERIFY(refusalOf(content + "x").contains(QLatin1String("added")));
+        QCOMPARE(ProjectSamples::contentOf(file), content);
+    }
+
+    void saysWhatIsWrongAndWhere_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QString>("place");
+        const auto row = [](const char *name, const QByteArray &content, const char *place) {
+            QTest::newRow(name) << content << QString::fromLatin1(place);
+        };
+        const QByteArray cabinet = oneCabinet;
+        const auto cabinets = [](const QByteArray &list) {
+            return sealed(bodyWithPorts("[{\"index\":0,\"groups\":[{\"cabinets\":[" + list + "]}]}]"));
+        };
+        row("empty", "", "is empty");
+        row("newer version", sealed("{}", 2), "newer version");
+        row("other format", CStrictFile::encode({"orvo-port-project", "a port project", 1}, {}),
+            "\"orvo-port-project\"");
+        row("doubled member", sealed(R"({"name":"a","name":"b"})"),
+            "line 2, column 13: the member \"name\" occurs twice");
+        row("member doubled by an escape", sealed(R"({"name":"a","n\u0061me":"b"})"), "line 2, column 15");
+        row("endless number", sealed("{\"name\":\n 1e400}"), "line 3, column 2: a number is too large");
+        row("integer that loses digits", sealed("{\"name\":9007199254740993}"), "line 2, column 9");
+        row("no JSON number", sealed("{\"name\":01}"), "line 2, column 9");
+        row("deep nesting", sealed("{\"name\":" + QByteArray(100000, '[')), "nested too deep");
+        row("no object", sealed("[]"), "line 2, column 1");
+        row("no UTF-8", sealed("{\"name\":\"\xff\"}"), "UTF-8");
+        row("text behind the end", sealed("{} {}"), "line 2, column 4");
+        row("missing member", sealed("{}"), "the member \"name\" is missing");
+        row("unknown member", sealed(bodyWithPorts("[],\"more\":1")),
+            "layout: the member \"more\" is not known");
+        row("wrong type", sealed(bodyWithPorts("[{\"index\":\"1\"}]")),
+            "layout.ports[0].index: a whole number");
+        row("fraction", sealed(bodyWithPorts("[{\"index\":1.5}]")), "layout.ports[0].index: a whole number");
+        row("out of range", sealed(bodyWithPorts("[{\"index\":-1}]")), "layout.ports[0].index: -1");
+        row("port twice", sealed(bodyWithPorts("[{\"index\":1},{\"index\":1}]")), "layout.ports[1].index");
+        row("groups too deep", sealed(nestedGroups(65)), "nested deeper than 64");
+        row("cabinet twice", cabinets(cabinet + "," + cabinet),
+            "layout.ports[0].groups[0].cabinets[1].uuid: the same");
+        row("rectangle", cabinets(QByteArray(cabinet).replace("32]", "32,1]")), "cabinets[0].rect: [x, y");
+        row("no identity", cabinets(QByteArray(cabinet).replace("6f727677", "6f72767g")), "cabinets[0].uuid");
+        row("no colour", sealed(bodyWithPorts("[{\"index\":0,\"color\":\"pink\"}]")), "ports[0].color");
+        row("half a character", sealed(QByteArray(bodyWithPorts("[]")).replace("\"n\"", "\"\\ud800\"")),
+            "name: the text");
+    }
+    void saysWhatIsWrongAndWhere()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(QString, place);
+        const QString refusal = refusalOf(content);
+        QVERIFY2(refusal.contains(place), qPrintable(refusal));
+    }
+
+    void readsGroupsUpToTheLimit()
+    {
+        const QString file = path("nested.sprj");
+        ProjectSamples::setContent(file, sealed(nestedGroups(64)));
+        QVERIFY(CProcessorProject::read(file));
+    }
+
+    void refusesRowsThatContradictEachOther()
+    {
+        const QString file = path("twice.acr");
+        const CStatus written = CCurrentGainFile::write(file, {{0, 1, {1, 2, 3}}, {0, 1, {4, 5, 6}}});
+        QVERIFY(!written);
+        QVERIFY2(written.error().contains(QLatin1String("rows[1]")), qPrintable(written.error()));
+        QVERIFY(!QFile::exists(file));
+    }
+
+    void neverWritesWhatItCouldNotRead()
+    {
+        const QString file = path("kept.sprj");
+        QVERIFY(CProcessorProject::write(file, ProjectSamples::ofWall(CWallBuilder::Small)));
+        const QByteArray before = ProjectSamples::contentOf(file);
+        SProcessorProject wrong = ProjectSamples::ofWall(CWallBuilder::Small);
+        wrong.layout.ports[1].groups[0].cabinets[0].uuid = wrong.layout.ports[0].groups[0].cabinets[0].uuid;
+        const CStatus written = CProcessorProject::write(file, wrong);
+        QVERIFY(!written);
+        QVERIFY2(written.error().contains(QLatin1String("ports[1].groups[0].cabinets[0].uuid")),
+                 qPrintable(written.error()));
+        QCOMPARE(ProjectSamples::contentOf(file), before);
+    }
+};
+
+ORVO_TEST_MAIN(QCoreApplication, CProjectFilesTest)
+#include "tst_project_files.moc"

@@ -1,0 +1,170 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/projects/CSafeFile.h"
+#include "tests/harness/CTestBase.h"
+#include "tests/projects/ProjectSamples.h"
+
+#include <QDir>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+
+#include <csignal>
+#include <functional>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int ManyBytes = 1 << 20;
+
+/// Runs @p work in a process of its own.
+pid_t startChild(const std::function<bool()> &work)
+{
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(work() ? 0 : 1);
+    return child;
+}
+
+bool trueInChild(const std::function<bool()> &work)
+{
+    int status = 0;
+    const pid_t child = startChild(work);
+    return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+bool refusesToWrite(const QString &file, const QByteArray &content)
+{
+    const CStatus written = CSafeFile::write(file, content, CSafeFile::KeepPrevious);
+    return !written && written.error().contains(file) && written.error().endsWith(QLatin1Char('.'));
+}
+
+bool refusesToRead(const QString &file)
+{
+    const auto read = CSafeFile::read(file, ManyBytes);
+    return !read && read.error().contains(file) && read.error().endsWith(QLatin1Char('.'));
+}
+
+/// In a child: what an ordinary user may not do fails, also where the tests run as root.
+void becomeOrdinary()
+{
+    if (geteuid() == 0 && seteuid(65534) != 0)
+        _exit(2);
+}
+
+} // namespace
+
+class CSafeFileTest final : public CTestBase
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_folder;
+    QString path(const char *name) const { return m_folder.filePath(QLatin1String(name)); }
+
+private Q_SLOTS:
+    void initTestCase() { QVERIFY(chmod(QFile::encodeName(m_folder.path()).constData(), 0755) == 0); }
+
+    void keepsThePreviousGeneration()
+    {
+        const QString file = path("generations");
+        QVERIFY(CSafeFile::write(file, "one", CSafeFile::KeepPrevious));
+        QVERIFY(!QFile::exists(file + QLatin1Char('~')));
+        QVERIFY(CSafeFile::write(file, "two", CSafeFile::KeepPrevious));
+        QVERIFY(CSafeFile::write(file, "three", CSafeFile::KeepPrevious));
+        QCOMPARE(CSafeFile::read(file, ManyBytes).value(), QByteArray("three"));
+        QCOMPARE(CSafeFile::read(file + QLatin1Char('~'), ManyBytes).value(), QByteArray("two"));
+        QVERIFY(CSafeFile::write(file, "four", CSafeFile::DropPrevious));
+        QCOMPARE(CSafeFile::read(file + QLatin1Char('~'), ManyBytes).value(), QByteArray("two"));
+    }
+
+    void writesThroughALink()
+    {
+        QVERIFY(CSafeFile::write(path("target"), "old", CSafeFile::DropPrevious));
+        QVERIFY(QFile::link(path("target"), path("link")));
+        QVERIFY(CSafeFile::write(path("link"), "new", CSafeFile::KeepPrevious));
+        QVERIFY(QFileInfo(path("link")).isSymLink());
+        QCOMPARE(ProjectSamples::contentOf(path("target")), QByteArray("new"));
+    }
+
+    void refusesWhatIsNoFile()
+    {
+        QVERIFY(QDir(m_folder.path()).mkdir(QStringLiteral("folder")));
+        QVERIFY(mkfifo(QFile::encodeName(path("pipe")).constData(), 0600) == 0);
+        QVERIFY(refusesToRead(path("missing")));
+        for (const QString &file : {path("folder"), path("pipe"), QStringLiteral("/dev/null")}) {
+            QVERIFY2(refusesToRead(file), qPrintable(file));
+            QVERIFY2(refusesToWrite(file, "text"), qPrintable(file));
+        }
+        QVERIFY(refusesToWrite(path("nowhere/file"), "text"));
+        QVERIFY(CSafeFile::write(path("large"), QByteArray(11, 'x'), CSafeFile::DropPrevious));
+        QVERIFY(!CSafeFile::read(path("large"), 10));
+    }
+
+    void refusesWhatIsNotAllowed()
+    {
+        const QString file = path("closed/file");
+        QVERIFY(QDir(m_folder.path()).mkdir(QStringLiteral("closed")));
+        ProjectSamples::setContent(file, "old");
+        QVERIFY(chmod(QFile::encodeName(file).constData(), 0) == 0);
+        QVERIFY(chmod(QFile::encodeName(path("closed")).constData(), 0555) == 0);
+        QVERIFY(trueInChild([&] {
+            becomeOrdinary();
+            return refusesToRead(file) && refusesToWrite(file, "new") &&
+                   refusesToWrite(path("closed/new"), "new");
+        }));
+        QVERIFY(chmod(QFile::encodeName(path("closed")).constData(), 0755) == 0);
+        QVERIFY(chmod(QFile::encodeName(file).constData(), 0644) == 0);
+        QCOMPARE(ProjectSamples::contentOf(file), QByteArray("old"));
+        QCOMPARE(QDir(path("closed")).entryList(QDir::Files), QStringList{QStringLiteral("file")});
+    }
+
+    void keepsTheFileWhenTheDiskIsFull_data()
+    {
+        QTest::addColumn<int>("size");
+        QTest::newRow("fails in the last buffer") << 6000;
+        QTest::newRow("fails on the way") << 200000;
+    }
+    void keepsTheFileWhenTheDiskIsFull()
+    {
+        QFETCH(int, size);
+        const QString file = path("full");
+        QVERIFY(CSafeFile::write(file, "old", CSafeFile::DropPrevious));
+        QVERIFY(trueInChild([&] {
+            const rlimit limit{4096, 4096};
+            std::signal(SIGXFSZ, SIG_IGN);
+            return setrlimit(RLIMIT_FSIZE, &limit) == 0 && refusesToWrite(file, QByteArray(size, 'x'));
+        }));
+        QCOMPARE(ProjectSamples::contentOf(file), QByteArray("old"));
+        QVERIFY(!QFile::exists(file + QLatin1Char('~')));
+    }
+
+    void leavesTheOldOrTheNewFileWhenKilled()
+    {
+        const QString file = path("killed");
+        const QByteArray contents[] = {QByteArray(300000, 'a'), QByteArray(200000, 'b')};
+        QVERIFY(CSafeFile::write(file, contents[0], CSafeFile::DropPrevious));
+        QRandomGenerator random(1);
+        for (int round = 0; round < 40; ++round) {
+            const pid_t child = startChild([&] {
+                for (int i = 0;; ++i) {
+                    if (!CSafeFile::write(file, contents[i % 2], CSafeFile::KeepPrevious))
+                        return false;
+                }
+            });
+            usleep(random.bounded(1000u, 25000u));
+            kill(child, SIGKILL);
+            int status = 0;
+            QCOMPARE(waitpid(child, &status, 0), child);
+            QVERIFY(WIFSIGNALED(status));
+            const QByteArray found = ProjectSamples::contentOf(file);
+            QVERIFY2(found == contents[0] || found == contents[1], qPrintable(QString::number(round)));
+        }
+    }
+};
+
+ORVO_TEST_MAIN(QCoreApplication, CSafeFileTest)
+#include "tst_safe_file.moc"
