@@ -1,0 +1,79 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/commands/CCommandArguments.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int LongestNumber = 9; // digits, so that it fits an int
+
+/// A number in plain decimal digits; -1 for anything else.
+int plainNumber(const QString &text)
+{
+    const bool digits = std::all_of(text.begin(), text.end(),
+                                    [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); });
+    return !text.isEmpty() && text.size() <= LongestNumber && digits ? text.toInt() : -1;
+}
+
+} // namespace
+
+CResult<CCommandArguments> CCommandArguments::parse(const QStringList &arguments, const QStringList &options,
+                                                    int fileCount)
+{
+    using Arguments = CResult<CCommandArguments>;
+    CCommandArguments parsed;
+    bool optionsEnded = false;
+    for (int i = 0; i < arguments.size(); ++i) {
+        const QString &argument = arguments.at(i);
+        if (optionsEnded || !argument.startsWith(QLatin1String("--"))) {
+            parsed.m_files << argument;
+            continue;
+        }
+        optionsEnded = argument == QLatin1String("--");
+        if (optionsEnded)
+            continue;
+        const QString option = argument.section(QLatin1Char('='), 0, 0);
+        if (!options.contains(option))
+            return Arguments::failure(tr("the option %1 is not known").arg(option));
+        if (parsed.m_values.contains(option))
+            return Arguments::failure(tr("the option %1 is given twice").arg(option));
+        const bool joined = argument.contains(QLatin1Char('='));
+        if (!joined && i + 1 == arguments.size())
+            return Arguments::failure(tr("the option %1 needs a value").arg(option));
+        parsed.m_values.insert(option, joined ? argument.section(QLatin1Char('='), 1) : arguments.at(++i));
+    }
+    if (parsed.m_files.size() != fileCount || parsed.m_files.contains(QString()))
+        return Arguments::failure(tr("%n file(s) must be named", nullptr, fileCount));
+    return parsed;
+}
+
+std::optional<int> CCommandArguments::number(const QString &option, int minimum, int maximum,
+                                             QString &error) const
+{
+    const int value = plainNumber(m_values.value(option));
+    if (value >= minimum && value <= maximum)
+        return value;
+    error = has(option) ? tr("%1 must be a whole number from %2 to %3, not \"%4\"")
+                              .arg(option)
+                              .arg(minimum)
+                              .arg(maximum)
+                              .arg(m_values.value(option))
+                        : tr("the option %1 is missing").arg(option);
+    return std::nullopt;
+}
+
+std::optional<QSize> CCommandArguments::size(const QString &option, int maximum, QString &error) const
+{
+    const QStringList sides = m_values.value(option).split(QLatin1Char('x'));
+    const QSize size(plainNumber(sides.first()), plainNumber(sides.last()));
+    const bool inRange = !size.isEmpty() && size.width() <= maximum && size.height() <= maximum;
+    if (sides.size() == 2 && inRange)
+        return size;
+    error = has(option) ? tr("%1 must be a size like 192x108 with sides from 1 to %2, not \"%3\"")
+                              .arg(option)
+                              .arg(maximum)
+                              .arg(m_values.value(option))
+                        : tr("the option %1 is missing").arg(option);
+    return std::nullopt;
+}

@@ -1,0 +1,112 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/commands/CCommandLine.h"
+
+#include "host/app/commands/CCheckCommand.h"
+#include "host/app/commands/CExportCommand.h"
+#include "host/app/commands/CNewCommand.h"
+#include "host/app/commands/SCommandOutcome.h"
+
+#include <QGuiApplication>
+#include <QTextStream>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+
+namespace {
+
+/// A command that reads arguments.
+struct SCommand
+{
+    const char *name;
+    SCommandOutcome (*run)(const QStringList &arguments, QTextStream &out);
+};
+
+constexpr SCommand commandTable[] = {
+    {"new", CNewCommand::run}, {"export", CExportCommand::run}, {"check", CCheckCommand::run}};
+
+const SCommand *commandNamed(const QString &name)
+{
+    const auto *found =
+        std::find_if(std::begin(commandTable), std::end(commandTable),
+                     [&name](const SCommand &command) { return name == QLatin1String(command.name); });
+    return found == std::end(commandTable) ? nullptr : found;
+}
+
+bool isHelpOption(const QString &argument)
+{
+    return argument == QLatin1String("--help") || argument == QLatin1String("-h");
+}
+
+bool isVersionOption(const QString &argument)
+{
+    return argument == QLatin1String("--version");
+}
+
+QString helpText()
+{
+    return CCommandLine::tr(
+        "Usage:\n"
+        "  orvo [FILE.sprj ...]\n"
+        "      opens the window, with the given projects\n"
+        "  orvo new OUT.sprj --cabinet WxH --columns N --rows N --ports N [--pattern 0..7]\n"
+        "      writes a project with a wall of equal cabinets, shared out to ports and wired\n"
+        "  orvo export IN.sprj OUT.{png,svg,pdf,csv} [--size WxH]\n"
+        "      writes a project's layout as a picture or a table (SVG and PDF: not in this "
+        "version)\n"
+        "  orvo check FILE\n"
+        "      lists what is wrong in a project\n"
+        "  orvo --help | --version\n"
+        "Exit status: 0 done, nothing wrong; 1 bad input or findings; 2 wrong usage.\n");
+}
+
+} // namespace
+
+bool CCommandLine::isCommand(int argc, const char *const *argv)
+{
+    if (argc < 2)
+        return false;
+    const auto isOption = [](const char *argument) {
+        const QString text = QString::fromLocal8Bit(argument);
+        return isHelpOption(text) || isVersionOption(text);
+    };
+    return commandNamed(QString::fromLocal8Bit(argv[1])) || std::any_of(argv + 1, argv + argc, isOption);
+}
+
+int CCommandLine::main(int argc, char **argv)
+{
+    std::unique_ptr<QCoreApplication> application;
+    if (argc > 1 && std::strcmp(argv[1], "export") == 0) {
+        qputenv("QT_QPA_PLATFORM", "offscreen"); // a picture needs fonts, but never a display
+        application = std::make_unique<QGuiApplication>(argc, argv);
+    } else {
+        application = std::make_unique<QCoreApplication>(argc, argv);
+    }
+    QTextStream out(stdout);
+    QTextStream errors(stderr);
+    out.setCodec("UTF-8");
+    errors.setCodec("UTF-8");
+    return run(QCoreApplication::arguments().mid(1), out, errors);
+}
+
+int CCommandLine::run(const QStringList &arguments, QTextStream &out, QTextStream &errors)
+{
+    if (std::any_of(arguments.begin(), arguments.end(), isHelpOption)) {
+        out << helpText();
+        return Success;
+    }
+    if (std::any_of(arguments.begin(), arguments.end(), isVersionOption)) {
+        out << QStringLiteral("orvo " ORVO_VERSION "\n");
+        return Success;
+    }
+    const SCommand *command = arguments.isEmpty() ? nullptr : commandNamed(arguments.first());
+    const SCommandOutcome outcome = command ? command->run(arguments.mid(1), out)
+                                            : SCommandOutcome::usage(tr("there is no such command"));
+    if (!outcome.error.isEmpty())
+        errors << QStringLiteral("orvo: %1\n").arg(outcome.error);
+    if (outcome.status == Usage)
+        errors << tr("\"orvo --help\" tells how it is called.\n");
+    return outcome.status;
+}

@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QCoreApplication>
+#include <QStringList>
+
+class QTextStream;
+struct SCommandOutcome;
+
+/// "orvo export": writes a project's layout as a picture or a table.
+class CExportCommand final
+{
+    Q_DECLARE_TR_FUNCTIONS(CExportCommand)
+
+public:
+    static SCommandOutcome run(const QStringList &arguments, QTextStream &out);
+};

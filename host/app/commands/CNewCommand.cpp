@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/commands/CNewCommand.h"
+
+#include "host/app/commands/CCommandArguments.h"
+#include "host/app/commands/SCommandOutcome.h"
+#include "host/devices/CProcessorKinds.h"
+#include "host/projects/CProcessorProject.h"
+#include "host/projects/CWallBuilder.h"
+#include "layout/geometry/CSnakeOrder.h"
+
+#include <QFileInfo>
+#include <QTextStream>
+
+namespace {
+
+const QString cabinetOption = QStringLiteral("--cabinet");
+const QString columnsOption = QStringLiteral("--columns");
+const QString rowsOption = QStringLiteral("--rows");
+const QString portsOption = QStringLiteral("--ports");
+const QString patternOption = QStringLiteral("--pattern");
+
+constexpr int LargestPlanNumber = 999999999; // the wall builder tells what is possible
+
+/// The plan that the options describe; the error is one of usage.
+CResult<SWallPlan> planFrom(const CCommandArguments &arguments)
+{
+    QString error;
+    const auto cabinet = arguments.size(cabinetOption, LargestPlanNumber, error);
+    const auto columns = arguments.number(columnsOption, 1, LargestPlanNumber, error);
+    const auto rows = arguments.number(rowsOption, 1, LargestPlanNumber, error);
+    const auto ports = arguments.number(portsOption, 1, LargestPlanNumber, error);
+    const auto pattern = arguments.has(patternOption)
+                             ? arguments.number(patternOption, 0, CSnakeOrder::PatternCount - 1, error)
+                             : 0;
+    if (!error.isEmpty())
+        return CResult<SWallPlan>::failure(error);
+    SWallPlan plan;
+    plan.name = QFileInfo(arguments.file(0)).completeBaseName();
+    plan.cabinet = *cabinet;
+    plan.columns = *columns;
+    plan.rows = *rows;
+    plan.ports = *ports;
+    plan.pattern = *pattern;
+    return plan;
+}
+
+SProcessorProject projectOf(const SWallPlan &plan, const CabinetLayout &layout)
+{
+    const SProcessorKind *kind = CProcessorKinds::builtIn().withPorts(plan.ports);
+    SProcessorProject project;
+    project.name = plan.name;
+    project.kind = kind ? kind->id : QString();
+    project.portCount = kind ? kind->ports : plan.ports;
+    project.canvas = plan.canvas();
+    project.layout = layout;
+    project.background.processor = layout.processor;
+    return project;
+}
+
+} // namespace
+
+SCommandOutcome CNewCommand::run(const QStringList &arguments, QTextStream &out)
+{
+    const auto parsed = CCommandArguments::parse(
+        arguments, {cabinetOption, columnsOption, rowsOption, portsOption, patternOption}, 1);
+    if (!parsed)
+        return SCommandOutcome::usage(parsed.error());
+    const QString file = parsed.value().file(0);
+    if (!file.endsWith(QLatin1String(".sprj"), Qt::CaseInsensitive))
+        return SCommandOutcome::usage(
+            tr("the name of the project file must end in .sprj, not \"%1\"").arg(file));
+    const CResult<SWallPlan> plan = planFrom(parsed.value());
+    if (!plan)
+        return SCommandOutcome::usage(plan.error());
+    const CResult<CabinetLayout> layout = CWallBuilder::build(plan.value());
+    if (!layout)
+        return SCommandOutcome::badInput(layout.error());
+    const SProcessorProject project = projectOf(plan.value(), layout.value());
+    const CStatus written = CProcessorProject::write(file, project);
+    if (!written)
+        return SCommandOutcome::badInput(written.error());
+    out << tr("%1: %2 cabinets, %3 ports, %4x%5 pixels\n")
+               .arg(file)
+               .arg(plan.value().cabinetCount())
+               .arg(plan.value().ports)
+               .arg(project.canvas.width())
+               .arg(project.canvas.height());
+    return {};
+}

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/CabinetLayout.h"
+
+#include <QByteArray>
+
+/// Writes a layout as a table for other programs. Any thread.
+class CCabinetTable final
+{
+public:
+    /// CSV (RFC 4180, UTF-8): a heading, then a row a cabinet, by port, place in the wiring (cabinets that
+    /// are not wired last), position and identity. Ports count from 1, ranks from 0.
+    static QByteArray toCsv(const CabinetLayout &layout);
+};
