@@ -48,8 +48,7 @@ CResult<CCommandArguments> CCommandArguments::parse(const QStringList &arguments
     return parsed;
 }
 
-std::optional<int> CCommandArguments::number(const QString &option, int minimum, int maximum,
-                                             QString &error) const
+int CCommandArguments::number(const QString &option, int minimum, int maximum, QString &error) const
 {
     const int value = plainNumber(m_values.value(option));
     if (value >= minimum && value <= maximum)
@@ -60,10 +59,10 @@ std::optional<int> CCommandArguments::number(const QString &option, int minimum,
                               .arg(maximum)
                               .arg(m_values.value(option))
                         : tr("the option %1 is missing").arg(option);
-    return std::nullopt;
+    return -1;
 }
 
-std::optional<QSize> CCommandArguments::size(const QString &option, int maximum, QString &error) const
+QSize CCommandArguments::size(const QString &option, int maximum, QString &error) const
 {
     const QStringList sides = m_values.value(option).split(QLatin1Char('x'));
     const QSize size(plainNumber(sides.first()), plainNumber(sides.last()));
@@ -75,5 +74,5 @@ std::optional<QSize> CCommandArguments::size(const QString &option, int maximum,
                               .arg(maximum)
                               .arg(m_values.value(option))
                         : tr("the option %1 is missing").arg(option);
-    return std::nullopt;
+    return {};
 }

@@ -9,8 +9,6 @@
 #include <QSize>
 #include <QStringList>
 
-#include <optional>
-
 /// The arguments of one command: files, and options of the form "--name VALUE" or "--name=VALUE". Reads
 /// strictly: what is unknown, doubled, missing or not a number is an error.
 class CCommandArguments final
@@ -26,10 +24,10 @@ public:
     const QString &file(int index) const { return m_files.at(index); }
     bool has(const QString &option) const { return m_values.contains(option); }
 
-    /// A number in plain decimal digits; std::nullopt sets @p error.
-    std::optional<int> number(const QString &option, int minimum, int maximum, QString &error) const;
-    /// A size written 192x108; std::nullopt sets @p error.
-    std::optional<QSize> size(const QString &option, int maximum, QString &error) const;
+    /// A number in plain decimal digits. On failure -1, and @p error is set.
+    int number(const QString &option, int minimum, int maximum, QString &error) const;
+    /// A size written 192x108. On failure empty, and @p error is set.
+    QSize size(const QString &option, int maximum, QString &error) const;
 
 private:
     QStringList m_files;

@@ -85,8 +85,8 @@ SCommandOutcome CExportCommand::run(const QStringList &arguments, QTextStream &o
     const QString suffix = QFileInfo(target).suffix().toLower();
     const bool sized = parsed.value().has(sizeOption);
     QString error = kindProblem(suffix, sized);
-    const auto asked = sized ? parsed.value().size(sizeOption, LargestPictureSide, error) : std::nullopt;
-    if (asked && qint64(asked->width()) * asked->height() > LargestPicture)
+    QSize size = sized ? parsed.value().size(sizeOption, LargestPictureSide, error) : QSize();
+    if (qint64(size.width()) * size.height() > LargestPicture)
         error = tr("a picture has at most %1 pixels").arg(LargestPicture);
     if (!error.isEmpty())
         return SCommandOutcome::usage(error);
@@ -95,7 +95,8 @@ SCommandOutcome CExportCommand::run(const QStringList &arguments, QTextStream &o
     if (!project)
         return SCommandOutcome::badInput(project.error());
     const LayoutData data = dataOf(project.value());
-    const QSize size = asked.value_or(standardSize(data));
+    if (!sized)
+        size = standardSize(data);
     const QByteArray content =
         suffix == QLatin1String("csv") ? CCabinetTable::toCsv(data.layout) : pngOf(data, size);
     if (content.isEmpty())

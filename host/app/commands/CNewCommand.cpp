@@ -26,22 +26,16 @@ constexpr int LargestPlanNumber = 999999999; // the wall builder tells what is p
 CResult<SWallPlan> planFrom(const CCommandArguments &arguments)
 {
     QString error;
-    const auto cabinet = arguments.size(cabinetOption, LargestPlanNumber, error);
-    const auto columns = arguments.number(columnsOption, 1, LargestPlanNumber, error);
-    const auto rows = arguments.number(rowsOption, 1, LargestPlanNumber, error);
-    const auto ports = arguments.number(portsOption, 1, LargestPlanNumber, error);
-    const auto pattern = arguments.has(patternOption)
-                             ? arguments.number(patternOption, 0, CSnakeOrder::PatternCount - 1, error)
-                             : 0;
-    if (!error.isEmpty())
-        return CResult<SWallPlan>::failure(error);
     SWallPlan plan;
     plan.name = QFileInfo(arguments.file(0)).completeBaseName();
-    plan.cabinet = *cabinet;
-    plan.columns = *columns;
-    plan.rows = *rows;
-    plan.ports = *ports;
-    plan.pattern = *pattern;
+    plan.cabinet = arguments.size(cabinetOption, LargestPlanNumber, error);
+    plan.columns = arguments.number(columnsOption, 1, LargestPlanNumber, error);
+    plan.rows = arguments.number(rowsOption, 1, LargestPlanNumber, error);
+    plan.ports = arguments.number(portsOption, 1, LargestPlanNumber, error);
+    if (arguments.has(patternOption))
+        plan.pattern = arguments.number(patternOption, 0, CSnakeOrder::PatternCount - 1, error);
+    if (!error.isEmpty())
+        return CResult<SWallPlan>::failure(error);
     return plan;
 }
 
