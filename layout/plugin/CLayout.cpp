@@ -1,0 +1,208 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/plugin/CLayout.h"
+
+#include "layout/data/CLayoutData.h"
+#include "layout/panels/CLayoutSidePanel.h"
+#include "layout/plugin/CHostAccess.h"
+#include "layout/plugin/CLayoutEditorPage.h"
+#include "layout/plugin/CMappingCommands.h"
+#include "layout/plugin/CProcessorCommands.h"
+#include "layout/plugin/CProcessorMenu.h"
+#include "layout/plugin/ILayoutInterfaceHandler.h"
+#include "layout/plugin/SelectionRules.h"
+#include "layout/resources/LayoutResources.h"
+#include "platform/control/CSubject.h"
+
+#include <QAbstractButton>
+#include <QCoreApplication>
+#include <QLabel>
+#include <QStackedLayout>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+ORVO_DEFINE_SINGLETON(CLayout)
+
+CLayout::CLayout()
+    : m_store(CSingleton<CLayoutData>::instance())
+{
+    initLayoutResources();
+    buildUi();
+    connectSignals();
+}
+
+CLayout::~CLayout()
+{
+    stop();
+}
+
+void CLayout::setHost(IAbstractControlInterface &host)
+{
+    m_host = &host;
+    CHostAccess::setHost(m_host);
+    m_store.setController(this);
+    if (CSubject *subject = host.subject())
+        subject->attach(m_store);
+}
+
+QWidget *CLayout::rightBarWidget() const
+{
+    return m_sidePanel;
+}
+
+QAbstractButton &CLayout::showScreenButton() const
+{
+    return m_editorPage->showScreenButton();
+}
+
+void CLayout::showScreen(bool shown)
+{
+    m_editorPage->setScreenShown(shown);
+    CHostAccess::handler()->showScreen(shown);
+}
+
+void CLayout::stop()
+{
+    if (!m_background)
+        return;
+    if (m_host && m_host->subject())
+        m_host->subject()->detach(m_store);
+    m_store.stop();
+    QCoreApplication::removePostedEvents(this); // what the store has invoked finds no page any more
+    m_mappingCommands.reset();
+    m_processorCommands.reset();
+    delete m_sidePanel;
+    delete m_background;
+    m_background = nullptr;
+    setParent(nullptr);
+    CHostAccess::setHost(nullptr);
+    m_host = nullptr;
+}
+
+void CLayout::fillProcessorMenu(QMenu &menu, const QUuid &processor)
+{
+    CProcessorMenu(menu, *m_processorCommands, processor, !m_editingBlocked).fill();
+}
+
+void CLayout::setScreenShown(bool shown)
+{
+    m_editorPage->setScreenShown(shown);
+}
+
+void CLayout::Update(CSubject &subject)
+{
+    m_store.Update(subject);
+}
+
+void CLayout::OnCurrentProcessorChanged()
+{
+    const QUuid processor = CHostAccess::handler()->currentProcessorNode().uuid;
+    if (!processor.isNull() && CHostAccess::handler()->preparatoryStep(processor) == 1)
+        CHostAccess::handler()->performPreparatoryStep(processor);
+    onPrcWorkModeChanged();
+}
+
+void CLayout::onCurrentProcessorPortCountChanged(const ProcessorTree::ProcessorNode &currentProcessorInfo)
+{
+    setProcessor(currentProcessorInfo);
+    m_editorPage->reload();
+}
+
+void CLayout::OnCurrentSelectedNodeChanged(PrcTreeNodeType type, const ProcessorBoundingRects &)
+{
+    if (type == PrcTreeNodeType::Other)
+        return;
+    m_selectionType = type;
+    showSelection();
+}
+
+void CLayout::onReadbackMappingFinished(const QUuid &processsor, bool same)
+{
+    if (processsor == m_editorPage->processor())
+        m_editorPage->setReadbackResult(same);
+}
+
+void CLayout::onPrcWorkModeChanged()
+{
+    const ProcessorTree::ProcessorNode current = CHostAccess::handler()->currentProcessorNode();
+    if (!CHostAccess::handler()->isFiberTransceiverMode(current.uuid))
+        setProcessor(current);
+    showSelection();
+}
+
+void CLayout::OnCurrentProcessorStateChanged()
+{
+    setProcessor(CHostAccess::handler()->currentProcessorNode());
+    showSelection();
+}
+
+void CLayout::buildUi()
+{
+    setObjectName(QStringLiteral("Layout"));
+    m_background = new QWidget(this);
+    m_background->setObjectName(QStringLiteral("BGTransparent"));
+    auto *whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(m_background);
+
+    auto *waitingPage = new QLabel(tr("Waiting for the processors..."));
+    waitingPage->setAlignment(Qt::AlignCenter);
+    waitingPage->setEnabled(false); // in the dimmed colour of the theme
+    m_editorPage = new CLayoutEditorPage(m_store);
+    m_warningPage = new CWholeModuleWarningWidget;
+    m_pages = new QStackedLayout(m_background);
+    m_pages->addWidget(waitingPage);
+    m_pages->addWidget(m_editorPage);
+    m_pages->addWidget(m_warningPage);
+    m_sidePanel = new CLayoutSidePanel;
+}
+
+void CLayout::connectSignals()
+{
+    m_processorCommands = std::make_unique<CProcessorCommands>(m_store, *this);
+    m_mappingCommands = std::make_unique<CMappingCommands>(m_store, *m_sidePanel, *this);
+    connect(m_warningPage, &CWholeModuleWarningWidget::NotifyVideoProcessorClicked, m_processorCommands.get(),
+            &CProcessorCommands::setVideoProcessorMode);
+    connect(m_warningPage, &CWholeModuleWarningWidget::NotifySetPrcBypassModeEnable,
+            m_processorCommands.get(), &CProcessorCommands::setBypassMode);
+    connect(&m_store, &CLayoutData::notifyProcessorPayloadChanged, m_sidePanel.data(),
+            &CLayoutSidePanel::onNotifyProcessorPayloadChanged);
+    connect(&m_store, &CLayoutData::notifyDetectFinished, m_warningPage, [this] { showSelection(); });
+}
+
+void CLayout::setProcessor(const ProcessorTree::ProcessorNode &processor)
+{
+    const bool another = processor.uuid != m_editorPage->processor();
+    m_editorPage->setProcessor(processor);
+    if (!m_sidePanel)
+        return;
+    if (another)
+        m_sidePanel->onCurrentProcessorChanged(processor);
+    else
+        m_sidePanel->onCurrentProcessorStateChanged(processor);
+}
+
+void CLayout::showSelection()
+{
+    using Node = ProcessorTree::ProcessorNode;
+    const auto handler = CHostAccess::handler();
+    QList<Node> selected = handler->selectedProcessors();
+    const Node current = handler->currentProcessorNode();
+    if (selected.isEmpty() && !current.uuid.isNull())
+        selected << current;
+    for (Node &node : selected)
+        node.fiberTransceiver = handler->isFiberTransceiverMode(node.uuid);
+    const QList<Node> all = handler->processors();
+    const bool anyOnline = std::any_of(all.begin(), all.end(), [](const Node &node) { return node.online; });
+    if (const auto warning = SelectionRules::warningFor(m_selectionType, selected, anyOnline))
+        showWarning(*warning);
+    else
+        m_pages->setCurrentWidget(m_editorPage);
+}
+
+void CLayout::showWarning(WarningState state)
+{
+    m_warningPage->setState(state);
+    m_pages->setCurrentWidget(m_warningPage);
+}

@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/ProcessorTree.h"
+#include "layout/plugin/CWholeModuleWarningWidget.h"
+#include "layout/plugin/ILayoutInterface.h"
+#include "platform/common/CSingleton.h"
+#include "platform/control/CObserver.h"
+
+#include <QPointer>
+#include <QWidget>
+
+class CLayoutData;
+class CLayoutEditorPage;
+class CLayoutSidePanel;
+class CMappingCommands;
+class CProcessorCommands;
+class ILayoutInterfaceHandler;
+class QAbstractButton;
+class QStackedLayout;
+
+/// The module's top widget and the receiver of the host's requests: shows the editor page, the warning page
+/// or, until the host has notified anything, the waiting page. GUI thread.
+class CLayout final : public QWidget, public ILayoutInterface, public CObserver
+{
+    Q_OBJECT
+
+public:
+    CLayout();
+    ~CLayout() override;
+
+    /// Listens to the notifications of @p host from now on and sends calls to its handler.
+    void setHost(IAbstractControlInterface &host);
+    QWidget *rightBarWidget() const; ///< the side panel; the host takes it
+    QAbstractButton &showScreenButton() const;
+    /// The user's wish to see the simulated screen, or not.
+    void showScreen(bool shown);
+
+    QObject *object() override { return this; }
+    std::shared_ptr<IAbstractInterfaceHandler> handler() const override { return nullptr; }
+    CSubject *subject() override { return nullptr; }
+    void stop() override;
+    void fillProcessorMenu(QMenu &menu, const QUuid &processor) override;
+    void setEditingBlocked(bool blocked) override { m_editingBlocked = blocked; }
+    bool isEditingBlocked() const override { return m_editingBlocked; }
+    void setScreenShown(bool shown) override;
+
+    /// Passes a notification on to the store, for a host that attaches the module's object itself.
+    void Update(CSubject &subject) override;
+
+public Q_SLOTS:
+    // Invoked by name, queued, by the store.
+    void OnCurrentProcessorChanged();
+    void onCurrentProcessorPortCountChanged(const ProcessorTree::ProcessorNode &currentProcessorInfo);
+    void OnCurrentSelectedNodeChanged(PrcTreeNodeType type,
+                                      const ProcessorBoundingRects &processorBoundingRects);
+    void onReadbackMappingFinished(const QUuid &processsor, bool same);
+    void onPrcWorkModeChanged();
+    void OnCurrentProcessorStateChanged();
+
+private:
+    void buildUi();
+    void connectSignals();
+    void setProcessor(const ProcessorTree::ProcessorNode &processor);
+    void showSelection();
+    void showWarning(WarningState state);
+
+    CLayoutData &m_store;
+    IAbstractControlInterface *m_host = nullptr;
+    PrcTreeNodeType m_selectionType = PrcTreeNodeType::Processor;
+    bool m_editingBlocked = false;
+    QWidget *m_background = nullptr; // holds the pages; null once stopped
+    QStackedLayout *m_pages = nullptr;
+    CLayoutEditorPage *m_editorPage = nullptr;
+    CWholeModuleWarningWidget *m_warningPage = nullptr;
+    QPointer<CLayoutSidePanel> m_sidePanel; // owned by the host's right bar once it has it
+    std::unique_ptr<CProcessorCommands> m_processorCommands;
+    std::unique_ptr<CMappingCommands> m_mappingCommands;
+};
+
+ORVO_DECLARE_SINGLETON(CLayout)

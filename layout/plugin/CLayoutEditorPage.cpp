@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/plugin/CLayoutEditorPage.h"
+
+#include "layout/data/CLayoutData.h"
+#include "layout/editor/CCabinetGraphicsScene.h"
+#include "layout/editor/CLayoutGraphicsView.h"
+#include "platform/widgets/CPureImageBtn.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+#include <QVariant>
+
+namespace {
+
+constexpr int TitleRowLocation = 3; // of a tool widget
+
+} // namespace
+
+CLayoutEditorPage::CLayoutEditorPage(CLayoutData &store, QWidget *parent)
+    : QWidget(parent)
+    , m_store(store)
+    , m_title(new QLabel)
+    , m_note(new QLabel)
+    , m_showScreen(new CPureImageBtn(QStringLiteral(":/Image/ViewTitle/show-screen")))
+    , m_view(new CLayoutGraphicsView(store))
+{
+    buildUi();
+    connectSignals();
+}
+
+CLayoutEditorPage::~CLayoutEditorPage()
+{
+    m_store.setLayoutSource(nullptr);
+}
+
+QAbstractButton &CLayoutEditorPage::showScreenButton() const
+{
+    return *m_showScreen;
+}
+
+void CLayoutEditorPage::setProcessor(const ProcessorTree::ProcessorNode &processor)
+{
+    const bool another = processor.uuid != m_processor.uuid;
+    m_processor = processor;
+    m_title->setText(processor.uuid.isNull() ? QString() : processor.displayText());
+    if (another)
+        reload();
+}
+
+void CLayoutEditorPage::reload()
+{
+    m_note->clear();
+    const LayoutData layout = m_store.openProcessor(m_processor.uuid);
+    if (m_processor.uuid.isNull())
+        m_view->clearLayout();
+    else
+        m_view->showLayout(m_processor, layout);
+}
+
+void CLayoutEditorPage::setReadbackResult(bool same)
+{
+    m_note->setText(same ? tr("The processor's mapping equals the layout.")
+                         : tr("The layout was replaced by the processor's mapping."));
+}
+
+void CLayoutEditorPage::setScreenShown(bool shown)
+{
+    m_showScreen->setChecked(shown);
+}
+
+void CLayoutEditorPage::buildUi()
+{
+    m_title->setTextFormat(Qt::PlainText);
+    m_note->setEnabled(false); // in the dimmed colour of the theme
+    m_showScreen->setCheckable(true);
+    m_showScreen->setFixedSize(18, 18);
+    m_showScreen->setIconSize(QSize(18, 18));
+    m_showScreen->setToolTip(tr("Show screen"));
+    m_showScreen->setAccessibleName(tr("Show screen"));
+    m_showScreen->setProperty("ToolLocation", TitleRowLocation);
+
+    auto *titleRow = new QHBoxLayout;
+    titleRow->setContentsMargins(12, 6, 12, 6);
+    titleRow->setSpacing(16);
+    titleRow->addWidget(m_title);
+    titleRow->addWidget(m_note, 1);
+    titleRow->addWidget(m_showScreen);
+
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addLayout(titleRow);
+    column->addWidget(m_view, 1);
+}
+
+void CLayoutEditorPage::connectSignals()
+{
+    CCabinetGraphicsScene *scene = &m_view->cabinetScene();
+    m_store.setLayoutSource(scene);
+    connect(&m_store, &CLayoutData::notifyProcessorPortLocked, scene,
+            &CCabinetGraphicsScene::setCabinetLocked);
+    connect(&m_store, &CLayoutData::notifyProcessorPortColorChanged, scene,
+            &CCabinetGraphicsScene::onNotifyCabinetColorChanged);
+    connect(&m_store, &CLayoutData::notifyProcessorCanvasSizeChanged, scene,
+            &CCabinetGraphicsScene::setCanvasSize);
+    connect(&m_store, &CLayoutData::notifyProcessorStateChanged, scene,
+            &CCabinetGraphicsScene::onNotifyProcessorStateChanged);
+    connect(&m_store, &CLayoutData::notifyProcessorPortBackup, scene,
+            &CCabinetGraphicsScene::onNotifyProcessorStateChanged);
+    connect(&m_store, &CLayoutData::notifyLayoutReplaced, this, [this](const QUuid &processor) {
+        if (processor == m_processor.uuid)
+            reload();
+    });
+}

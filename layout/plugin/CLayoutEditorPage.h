@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/ProcessorTree.h"
+
+#include <QWidget>
+
+class CLayoutData;
+class CLayoutGraphicsView;
+class CPureImageBtn;
+class QAbstractButton;
+class QLabel;
+
+/// The module's page with the layout editor of the current processor, below a row with its title. GUI thread.
+class CLayoutEditorPage final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// @p store must outlive the page, whose editor becomes the store's source.
+    explicit CLayoutEditorPage(CLayoutData &store, QWidget *parent = nullptr);
+    ~CLayoutEditorPage() override;
+
+    QAbstractButton &showScreenButton() const;
+    const QUuid &processor() const { return m_processor.uuid; } ///< the one shown; null: none
+
+    /// Shows @p processor; its layout is loaded when another one was shown before.
+    void setProcessor(const ProcessorTree::ProcessorNode &processor);
+    /// Loads the layout of the shown processor again, because the host holds another one.
+    void reload();
+    /// Tells whether the mapping that was read equalled the layout shown before.
+    void setReadbackResult(bool same);
+    /// Brings the button in step with the simulated screen.
+    void setScreenShown(bool shown);
+
+private:
+    void buildUi();
+    void connectSignals();
+
+    CLayoutData &m_store;
+    ProcessorTree::ProcessorNode m_processor;
+    QLabel *m_title = nullptr;
+    QLabel *m_note = nullptr;
+    CPureImageBtn *m_showScreen = nullptr;
+    CLayoutGraphicsView *m_view = nullptr;
+};

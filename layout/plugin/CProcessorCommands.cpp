@@ -1,0 +1,131 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/plugin/CProcessorCommands.h"
+
+#include "layout/data/CLayoutData.h"
+#include "layout/plugin/CHostAccess.h"
+#include "layout/plugin/ILayoutInterfaceHandler.h"
+#include "platform/widgets/CMessageBox.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
+
+#include <algorithm>
+
+CProcessorCommands::CProcessorCommands(CLayoutData &store, QWidget &messageParent)
+    : m_store(store)
+    , m_messageParent(messageParent)
+{
+}
+
+void CProcessorCommands::importMapping(const QUuid &processor)
+{
+    const QString file = QFileDialog::getOpenFileName(
+        &m_messageParent, tr("Import..."), m_store.mappingFolder(), tr("Processor Project File(*.sprj)"));
+    if (file.isEmpty())
+        return;
+    rememberFolder(file);
+    m_store.syncLayoutData(true); // locked ports keep what the editor shows
+    const bool overwrite = mayOverwriteLocked(processor);
+    report(CHostAccess::handler()->importProcessorMapping(processor, file, overwrite),
+           tr("Import mapping successful."), tr("Import mapping failed."));
+}
+
+void CProcessorCommands::exportMapping(const QUuid &processor)
+{
+    QFileDialog dialog(&m_messageParent, tr("Export..."), m_store.mappingFolder(),
+                       tr("Processor Project File(*.sprj)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("sprj"));
+    dialog.selectFile(QStringLiteral("New.sprj"));
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const QString file = dialog.selectedFiles().value(0);
+    rememberFolder(file);
+    m_store.syncLayoutData(true);
+    report(CHostAccess::handler()->exportProcessorMapping(processor, file), tr("Export mapping successful."),
+           tr("Export mapping failed."));
+}
+
+void CProcessorCommands::copyMapping(const QUuid &from, const QUuid &to)
+{
+    m_store.syncLayoutData(true);
+    const bool overwrite = mayOverwriteLocked(to);
+    report(CHostAccess::handler()->copyProcessorMapping(from, to, overwrite),
+           tr("Import mapping successful."), tr("Import mapping failed."));
+}
+
+void CProcessorCommands::setStatusLed(bool on)
+{
+    reportSet(CHostAccess::handler()->setCabinetStatusLed(on));
+}
+
+void CProcessorCommands::setPortCount(const QUuid &processor, int count)
+{
+    m_store.syncLayoutData(true); // the host refuses when a port that would go still holds cabinets
+    reportSet(CHostAccess::handler()->setOutputPortCount(processor, count));
+}
+
+void CProcessorCommands::setRedundancyFor(const QUuid &primary, const QUuid &redundancy)
+{
+    reportSet(CHostAccess::handler()->setProcessorRedundancy(primary, redundancy));
+}
+
+void CProcessorCommands::cancelRedundancy(const QUuid &processor)
+{
+    reportSet(CHostAccess::handler()->cancelProcessorRedundancy(processor));
+}
+
+void CProcessorCommands::setVideoProcessorMode()
+{
+    const auto handler = CHostAccess::handler();
+    reportSet(handler->setWorkMode(handler->currentProcessorNode().uuid, ProcessorWorkMode::VideoProcessor));
+}
+
+void CProcessorCommands::setBypassMode()
+{
+    const auto handler = CHostAccess::handler();
+    reportSet(handler->setWorkMode(handler->currentProcessorNode().uuid, ProcessorWorkMode::Bypass));
+}
+
+void CProcessorCommands::setCustomMarkup(bool on)
+{
+    SLayoutOptions options = m_store.options();
+    options.markupCustomCabinets = on;
+    m_store.setOptions(options);
+}
+
+bool CProcessorCommands::customMarkup() const
+{
+    return m_store.options().markupCustomCabinets;
+}
+
+bool CProcessorCommands::mayOverwriteLocked(const QUuid &processor)
+{
+    const QVector<CabinetLayout::CabinetPort> ports =
+        CHostAccess::handler()->layoutData(processor).layout.ports;
+    const bool locked = std::any_of(ports.begin(), ports.end(),
+                                    [](const CabinetLayout::CabinetPort &port) { return port.locked; });
+    return locked &&
+           CMessageBox::question(
+               &m_messageParent,
+               tr("The output port has been locked in the current layout, want to overwrite?")) == 0;
+}
+
+void CProcessorCommands::rememberFolder(const QString &file)
+{
+    m_store.setMappingFolder(QFileInfo(file).absolutePath());
+}
+
+void CProcessorCommands::report(bool done, const QString &success, const QString &failure)
+{
+    if (done)
+        CMessageBox::information(&m_messageParent, success);
+    else
+        CMessageBox::information(&m_messageParent, failure, CHostAccess::handler()->lastError());
+}
+
+void CProcessorCommands::reportSet(bool done)
+{
+    report(done, tr("Set successful."), tr("Set failed."));
+}

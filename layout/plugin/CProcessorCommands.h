@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QObject>
+
+class CLayoutData;
+class QUuid;
+class QWidget;
+
+/// The commands of one processor that its context menu offers: asks the user for what is missing, has the
+/// host carry the command out, and tells how it ended. GUI thread.
+class CProcessorCommands final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// @p store and @p messageParent must outlive the commands.
+    CProcessorCommands(CLayoutData &store, QWidget &messageParent);
+
+    void importMapping(const QUuid &processor);
+    void exportMapping(const QUuid &processor);
+    void copyMapping(const QUuid &from, const QUuid &to);
+    void setStatusLed(bool on); ///< of the cabinets of the current processor
+    void setPortCount(const QUuid &processor, int count);
+    void setRedundancyFor(const QUuid &primary, const QUuid &redundancy);
+    void cancelRedundancy(const QUuid &processor);
+    void setVideoProcessorMode(); ///< of the current processor
+    void setBypassMode();         ///< of the current processor
+    void setCustomMarkup(bool on);
+    bool customMarkup() const;
+
+private:
+    bool mayOverwriteLocked(const QUuid &processor);
+    void rememberFolder(const QString &file);
+    void report(bool done, const QString &success, const QString &failure);
+    void reportSet(bool done);
+
+    CLayoutData &m_store;
+    QWidget &m_messageParent;
+};

@@ -1,0 +1,169 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/plugin/CProcessorMenu.h"
+
+#include "layout/plugin/CHostAccess.h"
+#include "layout/plugin/CProcessorCommands.h"
+#include "layout/plugin/ILayoutInterfaceHandler.h"
+
+#include <QIcon>
+#include <QMenu>
+
+#include <algorithm>
+
+namespace {
+
+const QString ImportIcon = QStringLiteral(":/Image/Layout/PortList/Menu/import.svg");
+const QString ExportIcon = QStringLiteral(":/Image/Layout/PortList/Menu/export.svg");
+const QString BackupIcon = QStringLiteral(":/Image/Layout/PortList/Menu/backup.svg");
+const QString PlaceholderIcon = QStringLiteral(":/Image/Menu/placeholder.svg");
+
+constexpr int PortCounts[] = {2, 4, 6, 8, 10, 12, 16, 20, 26, 32, 40, 80};
+
+} // namespace
+
+CProcessorMenu::CProcessorMenu(QMenu &menu, CProcessorCommands &commands, const QUuid &processor,
+                               bool editable)
+    : m_menu(menu)
+    , m_commands(commands)
+    , m_processor(CHostAccess::handler()->getProcessorNode(processor))
+    , m_fiber(CHostAccess::handler()->isFiberTransceiverMode(processor))
+    , m_editable(editable && !m_fiber)
+{
+}
+
+void CProcessorMenu::fill()
+{
+    m_menu.setToolTipsVisible(true);
+    addMappingEntries();
+    addStatusLed();
+    m_menu.addSeparator();
+    addPortCounts();
+    addRedundancy();
+    m_menu.addSeparator();
+    addCabinetParameters();
+    m_menu.addSeparator();
+    addLater(m_menu, tr("Cabinet information..."));
+    m_menu.addSeparator();
+    addLater(m_menu, tr("Redundant processor view..."));
+}
+
+void CProcessorMenu::addMappingEntries()
+{
+    CProcessorCommands *commands = &m_commands;
+    const QUuid processor = m_processor.uuid;
+    addEntry(
+        m_menu, tr("Import mapping by processor..."),
+        [commands, processor] { commands->importMapping(processor); }, ImportIcon)
+        ->setEnabled(m_editable);
+    QMenu *copies =
+        addOtherProcessors(tr("Copy mapping from"), ImportIcon, [commands, processor](const QUuid &other) {
+            commands->copyMapping(other, processor);
+        });
+    copies->setEnabled(m_editable && !copies->isEmpty());
+    addEntry(
+        m_menu, tr("Export mapping by processor..."),
+        [commands, processor] { commands->exportMapping(processor); }, ExportIcon)
+        ->setEnabled(!m_fiber);
+}
+
+void CProcessorMenu::addStatusLed()
+{
+    CProcessorCommands *commands = &m_commands;
+    QMenu *led = addSubmenu(m_menu, tr("Cabinet status LED"));
+    addEntry(*led, tr("On"), [commands] { commands->setStatusLed(true); });
+    addEntry(*led, tr("Off"), [commands] { commands->setStatusLed(false); });
+    const bool current = CHostAccess::handler()->currentProcessorNode().uuid == m_processor.uuid;
+    led->setEnabled(current && m_processor.online && !m_fiber);
+}
+
+void CProcessorMenu::addPortCounts()
+{
+    CProcessorCommands *commands = &m_commands;
+    const QUuid processor = m_processor.uuid;
+    const int set = CHostAccess::handler()->outputPortCount(processor);
+    const int maximum = CHostAccess::handler()->maximumPortCount(processor);
+    QMenu *counts = addSubmenu(m_menu, tr("Number of output ports"));
+    for (const int count : PortCounts) {
+        QAction *entry = addEntry(*counts, QString::number(count), [commands, processor, count, set] {
+            if (count != set)
+                commands->setPortCount(processor, count);
+        });
+        entry->setCheckable(true);
+        entry->setChecked(count == set);
+        entry->setEnabled(count <= maximum);
+        if (count > maximum)
+            entry->setToolTip(tr("The processor has %1 output ports.").arg(maximum));
+    }
+    counts->setEnabled(m_editable);
+}
+
+void CProcessorMenu::addRedundancy()
+{
+    CProcessorCommands *commands = &m_commands;
+    const QUuid processor = m_processor.uuid;
+    QMenu *primaries = addOtherProcessors(
+        tr("Set as redundancy for"), BackupIcon,
+        [commands, processor](const QUuid &other) { commands->setRedundancyFor(other, processor); });
+    primaries->setEnabled(!m_fiber && !primaries->isEmpty());
+    const QList<QPair<QUuid, QUuid>> pairs = CHostAccess::handler()->processorRedundancies();
+    const bool paired =
+        std::any_of(pairs.begin(), pairs.end(), [&processor](const QPair<QUuid, QUuid> &pair) {
+            return pair.first == processor || pair.second == processor;
+        });
+    addEntry(m_menu, tr("Cancel redundancy"), [commands, processor] {
+        commands->cancelRedundancy(processor);
+    })->setEnabled(paired && !m_fiber);
+}
+
+void CProcessorMenu::addCabinetParameters()
+{
+    CProcessorCommands *commands = &m_commands;
+    QMenu *parameters = addSubmenu(m_menu, tr("Cabinet parameters"));
+    QAction *markup = parameters->addAction(tr("Markup custom-defined cabinets"));
+    markup->setCheckable(true);
+    markup->setChecked(m_commands.customMarkup());
+    QObject::connect(markup, &QAction::toggled, commands, &CProcessorCommands::setCustomMarkup);
+    addLater(*parameters, tr("Save parameters..."), PlaceholderIcon);
+}
+
+void CProcessorMenu::addLater(QMenu &menu, const QString &text, const QString &icon)
+{
+    QAction *entry = menu.addAction(icon.isEmpty() ? QIcon() : QIcon(icon), text);
+    entry->setEnabled(false);
+    entry->setToolTip(tr("Available in a later version"));
+}
+
+QMenu *CProcessorMenu::addOtherProcessors(const QString &text, const QString &icon,
+                                          const std::function<void(const QUuid &)> &chosen)
+{
+    QMenu *submenu = addSubmenu(m_menu, text, icon);
+    const QList<ProcessorTree::ProcessorNode> processors = CHostAccess::handler()->processors();
+    for (const ProcessorTree::ProcessorNode &other : processors) {
+        if (other.uuid == m_processor.uuid)
+            continue;
+        const bool fiber = CHostAccess::handler()->isFiberTransceiverMode(other.uuid);
+        QAction *entry =
+            addEntry(*submenu, fiber ? tr("Fiber Optic Transceiver Mode is on") : other.displayText(),
+                     [chosen, uuid = other.uuid] { chosen(uuid); });
+        entry->setEnabled(!fiber);
+        if (fiber)
+            entry->setToolTip(other.displayText());
+    }
+    return submenu;
+}
+
+QMenu *CProcessorMenu::addSubmenu(QMenu &menu, const QString &text, const QString &icon)
+{
+    QMenu *submenu = menu.addMenu(icon.isEmpty() ? QIcon() : QIcon(icon), text);
+    submenu->setToolTipsVisible(true);
+    return submenu;
+}
+
+QAction *CProcessorMenu::addEntry(QMenu &menu, const QString &text, const std::function<void()> &chosen,
+                                  const QString &icon)
+{
+    QAction *entry = menu.addAction(icon.isEmpty() ? QIcon() : QIcon(icon), text);
+    QObject::connect(entry, &QAction::triggered, &m_commands, chosen);
+    return entry;
+}

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/ProcessorTree.h"
+
+#include <QCoreApplication>
+
+#include <functional>
+
+class CProcessorCommands;
+class QAction;
+class QMenu;
+
+/// Fills a menu with the commands of one processor. Lives while it fills; the actions live as long as the
+/// menu and call the commands, which must outlive them.
+class CProcessorMenu final
+{
+    Q_DECLARE_TR_FUNCTIONS(CProcessorMenu)
+
+public:
+    /// @p editable is false while the host blocks editing.
+    CProcessorMenu(QMenu &menu, CProcessorCommands &commands, const QUuid &processor, bool editable);
+
+    void fill();
+
+private:
+    void addMappingEntries();
+    void addStatusLed();
+    void addPortCounts();
+    void addRedundancy();
+    void addCabinetParameters();
+    void addLater(QMenu &menu, const QString &text, const QString &icon = {});
+    /// A submenu of all other processors; those in fibre optic transceiver mode cannot be chosen.
+    QMenu *addOtherProcessors(const QString &text, const QString &icon,
+                              const std::function<void(const QUuid &)> &chosen);
+    QMenu *addSubmenu(QMenu &menu, const QString &text, const QString &icon = {});
+    QAction *addEntry(QMenu &menu, const QString &text, const std::function<void()> &chosen,
+                      const QString &icon = {});
+
+    QMenu &m_menu;
+    CProcessorCommands &m_commands;
+    const ProcessorTree::ProcessorNode m_processor;
+    const bool m_fiber;    // nothing but leaving the mode is possible
+    const bool m_editable; // its layout may be replaced
+};

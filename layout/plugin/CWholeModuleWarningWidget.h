@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+class QSvgWidget;
+
+/// What keeps the module from showing a layout.
+enum class WarningState : int {
+    Refresh = 1, ///< no state of its own: shows again what was last set
+    NoProcessorOnline = 2,
+    NoneSelected = 3,
+    SeveralSelected = 4,
+    Offline = 5,
+    FiberTransceiver = 6,
+    FiberTransceiverInGroup = 7,
+    Nothing = 8 ///< an empty page
+};
+
+/// The page that covers the module when there is nothing to edit. All instances share one state; each takes
+/// it over when it is made, changed or refreshed. GUI thread.
+class CWholeModuleWarningWidget final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CWholeModuleWarningWidget(QWidget *parent = nullptr);
+
+    /// Sets the shared state and shows it here; the one that is set already changes nothing.
+    void setState(WarningState state);
+    /// Whether the hints to press "Detect devices" are shown; at first they are.
+    void setDetectHintEnabled(bool enabled);
+
+Q_SIGNALS:
+    void NotifyByPassClicked();
+    void NotifyVideoProcessorClicked();
+    void NotifySetPrcBypassModeEnable(); ///< directly after NotifyByPassClicked()
+
+private:
+    void buildUi();
+    void connectSignals();
+    void applyState();
+    void fill(WarningState state);
+
+    bool m_detectHint = true;
+    QString m_picturePath; // what the picture has loaded
+    QSvgWidget *m_picture = nullptr;
+    QLabel *m_title = nullptr;
+    QLabel *m_hint = nullptr;
+    QPushButton *m_videoMode = nullptr;
+    QPushButton *m_bypassMode = nullptr;
+};

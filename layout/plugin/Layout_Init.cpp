@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/plugin/Layout_Init.h"
+
+#include "layout/plugin/CLayout.h"
+#include "platform/control/UiOrvo.h"
+
+#include <QAbstractButton>
+
+bool Layout_Init(IAbstractControlInterface **out, IAbstractControlInterface *host, QWidget *parent)
+{
+    if (!out)
+        return false;
+    CLayout &layout = CSingleton<CLayout>::instance();
+    *out = &layout;
+    layout.setParent(parent);
+
+    layout.setHost(*host);
+    QObject *hostObject = host->object();
+    const UiOrvo::EnModule module = UiOrvo::ModuleLayout;
+    QMetaObject::invokeMethod(hostObject, "AddRightBarWidget", Q_ARG(UiOrvo::EnModule, module),
+                              Q_ARG(QWidget *, layout.rightBarWidget()));
+    QMetaObject::invokeMethod(hostObject, "AddLock", Q_ARG(UiOrvo::EnModule, module));
+    QMetaObject::invokeMethod(hostObject, "AddCollapse", Q_ARG(UiOrvo::EnModule, module));
+
+    QObject::connect(&layout.showScreenButton(), &QAbstractButton::clicked, &layout, &CLayout::showScreen);
+    return true;
+}
