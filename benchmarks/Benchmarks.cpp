@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "benchmarks/Benchmarks.h"
+
+const QVector<SBenchmark> &Benchmarks::all()
+{
+    static const QVector<SBenchmark> table = {
+        {"B1", "records to scene", measureBuild},
+        {"B2", "a frame with the whole wall in the view", measureWholeWallFrame},
+        {"B3", "a frame at 1:1", measureActualSizeFrame},
+        {"B4", "what is under the cursor", measureLookup},
+        {"B11", "resident memory a cabinet with its line", measureMemory},
+        {"B13", "growth from a tenth to the full size", measureGrowth},
+    };
+    return table;
+}
+
+const QVector<SChildPart> &Benchmarks::childParts()
+{
+    static const QVector<SChildPart> table = {
+        {"editor-memory", memoryOfEditor},
+        {"bare-memory", memoryOfBareScene},
+    };
+    return table;
+}

@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "benchmarks/Benchmarks.h"
+#include "benchmarks/CBareSide.h"
+#include "benchmarks/CEditorSide.h"
+#include "benchmarks/Figures.h"
+
+#include <malloc.h>
+#include <memory>
+
+namespace {
+
+constexpr int BuildRepetitions = 9;
+
+/// A new view without a layout, then the layout.
+SWork editorBuild(const LayoutData &data)
+{
+    const auto side = std::make_shared<std::unique_ptr<CEditorSide>>();
+    SWork work;
+    work.prepare = [side] {
+        *side = std::make_unique<CEditorSide>();
+        malloc_trim(0); // a program that loads its first layout has no memory left from another
+    };
+    work.run = [side, &data] { (*side)->load(data); };
+    work.finish = [side] { side->reset(); };
+    return work;
+}
+
+SWork bareBuild(const LayoutData &data)
+{
+    const auto side = std::make_shared<std::unique_ptr<CBareSide>>();
+    SWork work;
+    work.prepare = [side] {
+        *side = std::make_unique<CBareSide>(CBareScene::OpenPorts);
+        malloc_trim(0);
+    };
+    work.run = [side, &data] { (*side)->load(data.layout); };
+    work.finish = [side] { side->reset(); };
+    return work;
+}
+
+void measureBuildOf(const char *name, const LayoutData &data)
+{
+    const SMedians medians = Figures::compare(BuildRepetitions, editorBuild(data), bareBuild(data));
+    Figures::print({name, data.layout.cabinetCount(), medians.work, "bare scene", medians.reference});
+}
+
+} // namespace
+
+void Benchmarks::measureBuild()
+{
+    measureBuildOf("B1 setLayoutData", Wall::data(Wall::FullPorts));
+    measureBuildOf("B1 setLayoutData, all in nested groups", Wall::data(Wall::FullPorts, true));
+}
+
+void Benchmarks::measureGrowth()
+{
+    const LayoutData full = Wall::data(Wall::FullPorts);
+    const LayoutData tenth = Wall::data(Wall::TenthPorts);
+    const SMedians medians = Figures::compare(BuildRepetitions, editorBuild(full), editorBuild(tenth));
+    Figures::print({"B13 growth of B1", full.layout.cabinetCount(), medians.work, "B1 at 8192 cabinets",
+                    medians.reference});
+}

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "benchmarks/Benchmarks.h"
+#include "benchmarks/CBareSide.h"
+#include "benchmarks/CEditorSide.h"
+#include "benchmarks/CPainterReference.h"
+#include "benchmarks/Figures.h"
+#include "benchmarks/ShownView.h"
+
+namespace {
+
+constexpr int FrameRepetitions = 11;
+
+SWork frameOf(QWidget &surface)
+{
+    SWork work;
+    work.run = [&surface] { surface.repaint(); };
+    return work;
+}
+
+} // namespace
+
+void Benchmarks::measureWholeWallFrame()
+{
+    const LayoutData data = Wall::data(Wall::FullPorts);
+    CEditorSide editor;
+    editor.load(data);
+    editor.view().fitContent();
+    CPainterReference painter(data.layout);
+    ShownView::show(painter);
+    const SMedians medians =
+        Figures::compare(FrameRepetitions, frameOf(*editor.view().viewport()), frameOf(painter));
+    Figures::print({"B2 frame with the whole wall in the view", data.layout.cabinetCount(), medians.work,
+                    "painter", medians.reference});
+}
+
+void Benchmarks::measureActualSizeFrame()
+{
+    const LayoutData data = Wall::data(Wall::FullPorts);
+    CEditorSide editor;
+    editor.load(data);
+    CBareSide bare(CBareScene::ContainedPorts, CBareScene::Outlined);
+    bare.load(data.layout);
+    const QPoint middle = data.bounds.center();
+    editor.view().showActualSize();
+    editor.view().centerOn(middle);
+    bare.view().centerOn(middle);
+    const SMedians medians = Figures::compare(FrameRepetitions, frameOf(*editor.view().viewport()),
+                                              frameOf(*bare.view().viewport()));
+    Figures::print({"B3 frame at 1:1", data.layout.cabinetCount(), medians.work,
+                    "bare scene with contained ports", medians.reference});
+}

@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "benchmarks/Wall.h"
+
+#include "host/projects/CWallBuilder.h"
+#include "layout/drawing/CLayoutPainter.h"
+
+namespace {
+
+using Port = CabinetLayout::CabinetPort;
+using Group = Port::CabinetGroup;
+
+constexpr int GroupSize = 128; ///< cabinets
+constexpr int LockedEvery = 8; ///< ports
+
+Group groupOf(const QVector<Port::Cabinet> &cabinets)
+{
+    Group group;
+    group.uuid = QUuid::createUuid();
+    group.cabinets = cabinets;
+    for (Port::Cabinet &cabinet : group.cabinets)
+        cabinet.group = group.uuid;
+    return group;
+}
+
+/// Follows the chain, so that a group's cabinets lie together.
+QVector<Group> nestedGroups(const QVector<Port::Cabinet> &cabinets)
+{
+    QVector<Group> groups;
+    for (int first = 0; first < cabinets.size(); first += 2 * GroupSize) {
+        Group pair = groupOf({});
+        pair.groups = {groupOf(cabinets.mid(first, GroupSize)),
+                       groupOf(cabinets.mid(first + GroupSize, GroupSize))};
+        groups << pair;
+    }
+    return groups;
+}
+
+} // namespace
+
+LayoutData Wall::data(int ports, bool grouped)
+{
+    LayoutData data;
+    data.layout = CWallBuilder::build(CWallBuilder::plan(CWallBuilder::Full)).value();
+    data.processor = data.layout.processor;
+    data.layout.ports.resize(ports);
+    for (Port &port : data.layout.ports) {
+        port.color = CLayoutPainter::defaultPortColor(port.index);
+        port.locked = port.index % LockedEvery == 0;
+        if (grouped)
+            port.groups = nestedGroups(port.getAllCabinets());
+    }
+    data.bounds = data.layout.boundingRect();
+    data.canvas = data.bounds.size();
+    return data;
+}
+
+ProcessorTree::ProcessorNode Wall::processor(const LayoutData &data)
+{
+    ProcessorTree::ProcessorNode node;
+    node.uuid = data.processor;
+    return node;
+}
+
+QColor CNoPortStates::portColor(int port) const
+{
+    return CLayoutPainter::defaultPortColor(port);
+}

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/IPortStates.h"
+#include "layout/data/records/LayoutData.h"
+#include "layout/data/records/ProcessorTree.h"
+
+/// The walls that are measured: all ports full and all cabinets wired.
+namespace Wall {
+
+constexpr int FullPorts = 80;
+constexpr int TenthPorts = 8;
+constexpr int CabinetsPerPort = 1024;
+
+/// The first @p ports of the largest wall that a processor can hold, every eighth of them locked. With
+/// @p grouped each port's cabinets lie in groups, two of which form a group each.
+LayoutData data(int ports, bool grouped = false);
+
+ProcessorTree::ProcessorNode processor(const LayoutData &data);
+
+} // namespace Wall
+
+/// Port states as a host without any device gives them.
+class CNoPortStates final : public IPortStates
+{
+public:
+    bool isPortLocked(int) const override { return false; }
+    CabinetLayout::CabinetPort::Redundancy portRedundancy(int) const override
+    {
+        return CabinetLayout::CabinetPort::NoRedundancy;
+    }
+    QColor portColor(int port) const override;
+};
