@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <memory>
 
@@ -43,6 +44,15 @@ bool isHelpOption(const QString &argument)
 bool isVersionOption(const QString &argument)
 {
     return argument == QLatin1String("--version");
+}
+
+/// The error output is for what the user must know: not that a session without a login has no runtime folder.
+void passOnMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
+{
+    if (!text.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR not set")))
+        std::fprintf(stderr, "%s\n", qPrintable(qFormatLogMessage(type, context, text)));
+    if (type == QtFatalMsg)
+        std::abort();
 }
 
 QString helpText()
@@ -77,6 +87,7 @@ bool CCommandLine::isCommand(int argc, const char *const *argv)
 
 int CCommandLine::main(int argc, char **argv)
 {
+    qInstallMessageHandler(passOnMessage);
     std::unique_ptr<QCoreApplication> application;
     if (argc > 1 && std::strcmp(argv[1], "export") == 0) {
         qputenv("QT_QPA_PLATFORM", "offscreen"); // a picture needs fonts, but never a display
