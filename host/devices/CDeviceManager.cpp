@@ -158,6 +158,14 @@ CResult<QUuid> CDeviceManager::openDemo()
     return opened;
 }
 
+CResult<QUuid> CDeviceManager::addProject(const SProcessorProject &project)
+{
+    CResult<QUuid> added = m_projects->add(project, {});
+    if (added)
+        Q_EMIT processorsChanged();
+    return added;
+}
+
 CStatus CDeviceManager::saveProject(const QUuid &processor, const QString &file)
 {
     CStatus saved = m_projects->save(processor, file);

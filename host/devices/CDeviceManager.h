@@ -24,6 +24,7 @@ class CSimulatedPark;
 class CSimulatedProcessor;
 class CSubject;
 class CUpdateThread;
+struct SProcessorProject;
 
 /// How the manager reaches its devices.
 struct SDeviceSettings
@@ -77,6 +78,8 @@ public:
     CResult<QUuid> openProject(const QString &file);
     /// Opens the demo wall as a project without file; gives its key.
     CResult<QUuid> openDemo();
+    /// Adds a project without file; gives its key.
+    CResult<QUuid> addProject(const SProcessorProject &project);
     /// Writes a processor's layout and settings; a project is from then on the one of that file.
     CStatus saveProject(const QUuid &processor, const QString &file);
     /// Removes a project processor, saved or not.

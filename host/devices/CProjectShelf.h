@@ -23,12 +23,13 @@ public:
     CResult<QUuid> open(const QString &file);
     /// Puts the demo wall into the table.
     CResult<QUuid> openDemo();
+    /// Puts a project into the table; @p file is empty when it has none.
+    CResult<QUuid> add(const SProcessorProject &project, const QString &file);
     CStatus save(const QUuid &processor, const QString &file);
 
     static SProcessorProject projectOf(const SDevice &device);
 
 private:
-    CResult<QUuid> add(const SProcessorProject &project, const QString &file);
     QUuid openedAs(const QString &file) const;
 
     CDeviceTable &m_table;

@@ -59,8 +59,13 @@ QString helpText()
 {
     return CCommandLine::tr(
         "Usage:\n"
-        "  orvo [FILE.sprj ...]\n"
+        "  orvo [--demo] [--detect] [--state FOLDER] [--simulate KIND=PROCESSOR]... [FILE.sprj ...]\n"
         "      opens the window, with the given projects\n"
+        "      --demo      also with a demo wall of 240 cabinets\n"
+        "      --detect    detects devices at once\n"
+        "      --state     where the simulated processors keep their state\n"
+        "      --simulate  lets a simulated processor show a fault: offline, slow, silent, refuse, drop,\n"
+        "                  damaged or changed\n"
         "  orvo new OUT.sprj --cabinet WxH --columns N --rows N --ports N [--pattern 0..7]\n"
         "      writes a project with a wall of equal cabinets, shared out to ports and wired\n"
         "  orvo export IN.sprj OUT.{png,svg,pdf,csv} [--size WxH]\n"

@@ -1,0 +1,92 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/CAppSettings.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace {
+
+const QString geometryKey = QStringLiteral("window/geometry");
+const QString splitterKey = QStringLiteral("window/splitter");
+const QString collapsedKey = QStringLiteral("window/rightBarCollapsed");
+const QString recentKey = QStringLiteral("projects/recent");
+
+QString identityOf(const QString &file)
+{
+    const QFileInfo info(file);
+    const QString canonical = info.canonicalFilePath();
+    return canonical.isEmpty() ? info.absoluteFilePath() : canonical; // a missing file has no canonical path
+}
+
+} // namespace
+
+QByteArray CAppSettings::windowGeometry() const
+{
+    return m_settings.value(geometryKey).toByteArray();
+}
+
+void CAppSettings::setWindowGeometry(const QByteArray &geometry)
+{
+    m_settings.setValue(geometryKey, geometry);
+}
+
+QByteArray CAppSettings::splitterState() const
+{
+    return m_settings.value(splitterKey).toByteArray();
+}
+
+void CAppSettings::setSplitterState(const QByteArray &state)
+{
+    m_settings.setValue(splitterKey, state);
+}
+
+bool CAppSettings::isRightBarCollapsed() const
+{
+    return m_settings.value(collapsedKey, false).toBool();
+}
+
+void CAppSettings::setRightBarCollapsed(bool collapsed)
+{
+    m_settings.setValue(collapsedKey, collapsed);
+}
+
+QStringList CAppSettings::recentProjects() const
+{
+    QStringList files = m_settings.value(recentKey).toStringList();
+    files.removeAll(QString());
+    return files.mid(0, MaximumRecentProjects); // the file of settings may have been edited by hand
+}
+
+void CAppSettings::addRecentProject(const QString &file)
+{
+    removeRecentProject(file);
+    QStringList files = recentProjects();
+    files.prepend(QFileInfo(file).absoluteFilePath());
+    m_settings.setValue(recentKey, QStringList(files.mid(0, MaximumRecentProjects)));
+}
+
+void CAppSettings::removeRecentProject(const QString &file)
+{
+    const QString identity = identityOf(file);
+    QStringList kept;
+    for (const QString &recent : recentProjects()) {
+        if (identityOf(recent) != identity)
+            kept << recent;
+    }
+    m_settings.setValue(recentKey, kept);
+}
+
+void CAppSettings::clearRecentProjects()
+{
+    m_settings.remove(recentKey);
+}
+
+QString CAppSettings::projectFolder() const
+{
+    const QStringList files = recentProjects();
+    if (!files.isEmpty() && QFileInfo(files.first()).dir().exists())
+        return QFileInfo(files.first()).absolutePath();
+    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}

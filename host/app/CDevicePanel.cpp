@@ -1,0 +1,149 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/CDevicePanel.h"
+
+#include "host/app/AppIcons.h"
+#include "host/devices/CDeviceManager.h"
+#include "host/devices/CDeviceTreeModel.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QToolButton>
+#include <QTreeView>
+#include <QVBoxLayout>
+
+namespace {
+
+PrcTreeNodeType nodeType(const QModelIndex &index)
+{
+    return index.data(CDeviceTreeModel::NodeTypeRole).value<PrcTreeNodeType>();
+}
+
+QUuid nodeUuid(const QModelIndex &index)
+{
+    return index.data(CDeviceTreeModel::UuidRole).toUuid();
+}
+
+} // namespace
+
+CDevicePanel::CDevicePanel(CDeviceManager &manager, QAction &detect, QWidget *parent)
+    : QWidget(parent)
+    , m_manager(manager)
+{
+    buildUi(detect);
+    connectSignals();
+    onRowsReset();
+}
+
+void CDevicePanel::buildUi(QAction &detect)
+{
+    setObjectName(QStringLiteral("DevicePanel"));
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(6, 6, 6, 6);
+    column->setSpacing(6);
+
+    auto *button = new QToolButton;
+    button->setObjectName(QStringLiteral("DetectButton"));
+    button->setDefaultAction(&detect);
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setIconSize({18, 18});
+    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    button->setMinimumHeight(28);
+    column->addWidget(button);
+
+    m_hint = new QLabel(tr("No processors yet.\n\nDetect devices to find those on the network, or open a "
+                           "project from the File menu."));
+    m_hint->setWordWrap(true);
+    m_hint->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
+    m_hint->setEnabled(false);
+    column->addWidget(m_hint, 1);
+
+    m_tree = new QTreeView;
+    m_tree->setObjectName(QStringLiteral("DeviceTree"));
+    m_tree->setAccessibleName(tr("Devices"));
+    m_tree->setModel(&m_manager.treeModel());
+    m_tree->setHeaderHidden(true);
+    m_tree->setUniformRowHeights(true);
+    m_tree->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
+    m_tree->setTextElideMode(Qt::ElideRight);
+    column->addWidget(m_tree, 1);
+}
+
+void CDevicePanel::connectSignals()
+{
+    connect(m_tree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &CDevicePanel::applySelection);
+    connect(m_tree, &QTreeView::customContextMenuRequested, this, &CDevicePanel::onMenuRequested);
+    connect(&m_manager.treeModel(), &QAbstractItemModel::modelReset, this, &CDevicePanel::onRowsReset);
+}
+
+void CDevicePanel::selectProcessor(const QUuid &processor)
+{
+    const QModelIndex index = m_manager.treeModel().indexOf(processor);
+    if (!index.isValid())
+        return;
+    m_tree->setCurrentIndex(index);
+    m_tree->scrollTo(index);
+}
+
+QUuid CDevicePanel::singleProcessor() const
+{
+    const QModelIndexList rows = m_tree->selectionModel()->selectedRows();
+    if (rows.size() != 1 || nodeType(rows.first()) != PrcTreeNodeType::Processor)
+        return {};
+    return nodeUuid(rows.first());
+}
+
+void CDevicePanel::applySelection()
+{
+    QList<QUuid> processors;
+    PrcTreeNodeType type = PrcTreeNodeType::Other;
+    m_selectedNodes.clear();
+    for (const QModelIndex &index : m_tree->selectionModel()->selectedRows()) {
+        if (nodeType(index) == PrcTreeNodeType::Other)
+            continue; // a heading stands for no processor
+        m_selectedNodes << nodeUuid(index);
+        type = m_selectedNodes.size() == 1 ? nodeType(index) : PrcTreeNodeType::Processor;
+        for (const QUuid &member : index.data(CDeviceTreeModel::MembersRole).value<QList<QUuid>>()) {
+            if (!processors.contains(member))
+                processors << member;
+        }
+    }
+    m_manager.select(processors, type);
+    Q_EMIT notifySelectionChanged();
+}
+
+void CDevicePanel::onRowsReset()
+{
+    m_tree->expandAll();
+    QItemSelection selection;
+    for (const QUuid &node : qAsConst(m_selectedNodes)) {
+        const QModelIndex index = m_manager.treeModel().indexOf(node);
+        if (index.isValid())
+            selection.select(index, index);
+    }
+    const bool lost = selection.indexes().size() != m_selectedNodes.size();
+    {
+        const QSignalBlocker blocker(m_tree->selectionModel());
+        m_tree->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    }
+    m_tree->viewport()->update();
+    if (lost)
+        applySelection();
+    updateHint();
+}
+
+void CDevicePanel::onMenuRequested(const QPoint &position)
+{
+    const QModelIndex index = m_tree->indexAt(position);
+    if (index.isValid() && nodeType(index) == PrcTreeNodeType::Processor)
+        Q_EMIT notifyMenuRequested(nodeUuid(index), m_tree->viewport()->mapToGlobal(position));
+}
+
+void CDevicePanel::updateHint()
+{
+    const bool empty = m_manager.table().nodes().isEmpty();
+    m_hint->setVisible(empty);
+    m_tree->setVisible(!empty);
+}

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QList>
+#include <QUuid>
+#include <QWidget>
+
+class CDeviceManager;
+class QAction;
+class QItemSelection;
+class QLabel;
+class QTreeView;
+
+/// The device tree with the button that detects devices above it. What is selected here is what the modules
+/// work on. GUI thread.
+class CDevicePanel final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// @p detect is what the button does.
+    CDevicePanel(CDeviceManager &manager, QAction &detect, QWidget *parent = nullptr);
+
+    /// Selects one processor, nothing else.
+    void selectProcessor(const QUuid &processor);
+    /// The processor that is selected alone; null for none, several or a group.
+    QUuid singleProcessor() const;
+
+Q_SIGNALS:
+    void notifySelectionChanged();
+    /// The user asks for the commands of a processor.
+    void notifyMenuRequested(const QUuid &processor, const QPoint &globalPosition);
+
+private:
+    void buildUi(QAction &detect);
+    void connectSignals();
+    void applySelection();
+    void onRowsReset();
+    void onMenuRequested(const QPoint &position);
+    void updateHint();
+
+    CDeviceManager &m_manager;
+    QTreeView *m_tree = nullptr;
+    QLabel *m_hint = nullptr;     ///< in place of an empty tree
+    QList<QUuid> m_selectedNodes; ///< processors and groups; survives a rebuilt tree
+};

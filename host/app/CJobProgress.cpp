@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/CJobProgress.h"
+
+#include "host/devices/CDeviceJob.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+
+CJobProgress::CJobProgress(QWidget *parent)
+    : QWidget(parent)
+{
+    buildUi();
+    connect(m_cancel, &QPushButton::clicked, this, &CJobProgress::cancel);
+}
+
+void CJobProgress::buildUi()
+{
+    setObjectName(QStringLiteral("JobProgress"));
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    m_text = new QLabel;
+    m_text->setTextFormat(Qt::PlainText);
+    row->addWidget(m_text);
+    m_bar = new QProgressBar;
+    m_bar->setRange(0, 100);
+    m_bar->setFixedWidth(180);
+    row->addWidget(m_bar);
+    m_cancel = new QPushButton(tr("Cancel"));
+    m_cancel->setObjectName(QStringLiteral("CancelJob"));
+    row->addWidget(m_cancel);
+    setVisible(false);
+}
+
+void CJobProgress::follow(CDeviceJob &job)
+{
+    m_job = &job;
+    m_cancel->setEnabled(true);
+    m_cancel->setToolTip(tr("Cancel \"%1\"").arg(job.title()));
+    onProgress(job.progress(), job.progressText());
+    connect(&job, &CDeviceJob::notifyProgress, this, &CJobProgress::onProgress);
+    connect(&job, &CDeviceJob::notifyFinished, this, [this] { setVisible(false); });
+    setVisible(true);
+}
+
+void CJobProgress::cancel()
+{
+    if (!m_job)
+        return;
+    m_cancel->setEnabled(false);
+    m_job->cancel();
+}
+
+void CJobProgress::onProgress(int percent, const QString &text)
+{
+    m_bar->setValue(percent);
+    m_text->setText(text.isEmpty() && m_job ? m_job->title() : text);
+}

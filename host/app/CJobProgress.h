@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+class CDeviceJob;
+class QLabel;
+class QProgressBar;
+class QPushButton;
+
+/// The running device work in the status bar: what it does, how far it is, and a way to cancel it. Hidden
+/// while nothing runs. GUI thread.
+class CJobProgress final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CJobProgress(QWidget *parent = nullptr);
+
+    /// Follows @p job until it has ended.
+    void follow(CDeviceJob &job);
+
+private:
+    void buildUi();
+    void cancel();
+    void onProgress(int percent, const QString &text);
+
+    QLabel *m_text = nullptr;
+    QProgressBar *m_bar = nullptr;
+    QPushButton *m_cancel = nullptr;
+    QPointer<CDeviceJob> m_job;
+};

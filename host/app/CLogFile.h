@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QFile>
+#include <QString>
+
+/// The program's log: every message of the logging system, with time and category, in a file that is put
+/// aside before it grows too large. Warnings also go to the standard error output. One at a time; any thread.
+class CLogFile final
+{
+public:
+    static constexpr qint64 MaximumBytes = 1024 * 1024;
+    static constexpr int OlderFiles = 2; ///< how many full files are kept
+
+    /// Opens "orvo.log" in @p folder, which is made when it is missing, and takes all messages from now on.
+    /// Where the file cannot be written, messages go to the standard error output only.
+    explicit CLogFile(const QString &folder, qint64 maximumBytes = MaximumBytes);
+    ~CLogFile();
+
+    /// Where the application keeps its log.
+    static QString defaultFolder();
+    QString folder() const { return m_folder; }
+    /// The file of that age; 0: the one that is written to.
+    QString fileName(int age = 0) const;
+
+private:
+    static void onMessage(QtMsgType type, const QMessageLogContext &context, const QString &text);
+    void append(const QByteArray &line);
+    void putAside();
+
+    const QString m_folder;
+    const qint64 m_maximumBytes;
+    QFile m_file;
+    QtMessageHandler m_previous = nullptr;
+};

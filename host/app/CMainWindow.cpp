@@ -1,0 +1,335 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/CMainWindow.h"
+
+#include "host/app/AppIcons.h"
+#include "host/app/CDevicePanel.h"
+#include "host/app/CJobProgress.h"
+#include "host/app/CLogFile.h"
+#include "host/app/CModuleFrame.h"
+#include "host/app/CModuleHost.h"
+#include "host/app/CModuleTitleBar.h"
+#include "host/app/CProjectCommands.h"
+#include "host/app/CScreenWindow.h"
+#include "host/app/CSimulationMenu.h"
+#include "host/app/CTypeLibraryDialog.h"
+#include "host/app/SAppOptions.h"
+#include "host/devices/CDeviceJob.h"
+#include "host/devices/CLayoutHandler.h"
+#include "host/devices/CSimulatedPark.h"
+#include "layout/plugin/ILayoutInterface.h"
+#include "layout/resources/LayoutResources.h"
+#include "platform/widgets/CMessageBox.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenu>
+#include <QMimeData>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QUrl>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int MessageMilliseconds = 8000;
+
+QStringList projectFilesOf(const QMimeData &data)
+{
+    QStringList files;
+    for (const QUrl &url : data.urls()) {
+        if (url.isLocalFile() && url.toLocalFile().endsWith(QLatin1String(".sprj"), Qt::CaseInsensitive))
+            files << url.toLocalFile();
+    }
+    return files;
+}
+
+} // namespace
+
+CMainWindow::CMainWindow(const SDeviceSettings &devices)
+    : m_manager(devices)
+    , m_module(std::make_unique<CModuleHost>(
+          std::make_shared<CLayoutHandler>(m_manager, CTypeLibrary::builtIn()), m_manager.subject()))
+    , m_projects(std::make_unique<CProjectCommands>(m_manager, m_settings, *this))
+    , m_screen(std::make_unique<CScreenWindow>(m_manager))
+{
+    initLayoutResources();
+    buildUi();
+    buildStatusBar();
+    connectActions();
+    connectDevices();
+    restoreState();
+    updateActions();
+}
+
+CMainWindow::~CMainWindow()
+{
+    shutDown();
+    delete takeCentralWidget(); // its views use the devices
+}
+
+void CMainWindow::buildUi()
+{
+    setWindowIcon(QIcon(QStringLiteral(":/Image/App/orvo.svg")));
+    setAcceptDrops(true);
+    m_simulation = new CSimulationMenu(m_manager, this);
+    m_actions = SMainActions::create(*this, *m_simulation);
+
+    m_splitter = new QSplitter;
+    m_splitter->setChildrenCollapsible(false);
+    m_devices = new CDevicePanel(m_manager, *m_actions.detect);
+    m_devices->setMinimumWidth(160);
+    m_splitter->addWidget(m_devices);
+    m_splitter->addWidget(m_module->frame());
+    m_splitter->addWidget(m_module->rightBar());
+    m_splitter->setStretchFactor(1, 1);
+    setCentralWidget(m_splitter);
+}
+
+void CMainWindow::buildStatusBar()
+{
+    m_progress = new CJobProgress;
+    statusBar()->addPermanentWidget(m_progress);
+    m_processor = new QLabel;
+    m_processor->setObjectName(QStringLiteral("CurrentProcessor"));
+    m_processor->setTextFormat(Qt::PlainText);
+    statusBar()->addPermanentWidget(m_processor);
+}
+
+void CMainWindow::connectActions()
+{
+    const auto selected = [this] { return m_devices->singleProcessor(); };
+    connect(m_actions.newProject, &QAction::triggered, m_projects.get(), &CProjectCommands::createNew);
+    connect(m_actions.openProject, &QAction::triggered, m_projects.get(), &CProjectCommands::chooseAndOpen);
+    connect(m_actions.openDemo, &QAction::triggered, m_projects.get(), &CProjectCommands::openDemo);
+    connect(m_actions.saveProject, &QAction::triggered, this, [=] { m_projects->save(selected()); });
+    connect(m_actions.saveProjectAs, &QAction::triggered, this, [=] { m_projects->saveAs(selected()); });
+    connect(m_actions.closeProject, &QAction::triggered, this, [=] { m_projects->close(selected()); });
+    connect(m_actions.quit, &QAction::triggered, this, &QWidget::close);
+    connect(m_actions.detect, &QAction::triggered, this, [this] { m_manager.detect(); });
+    connect(m_actions.typeLibrary, &QAction::triggered, this,
+            [this] { CTypeLibraryDialog(CTypeLibrary::builtIn(), this).exec(); });
+    connect(m_actions.about, &QAction::triggered, this, &CMainWindow::showAbout);
+    connect(m_actions.openLogFolder, &QAction::triggered, this, &CMainWindow::openLogFolder);
+    connect(m_actions.recentProjects, &QMenu::aboutToShow, this, &CMainWindow::fillRecentMenu);
+    connect(m_actions.processor, &QMenu::aboutToShow, this, &CMainWindow::fillProcessorMenu);
+    connect(m_projects.get(), &CProjectCommands::notifyOpened, this, [this](const QUuid &project) {
+        m_devices->selectProcessor(project);
+        updateActions();
+    });
+    connect(m_projects.get(), &CProjectCommands::notifySaved, this, [this](const QString &file) {
+        statusBar()->showMessage(tr("Saved \"%1\"").arg(file), MessageMilliseconds);
+        updateActions();
+    });
+}
+
+void CMainWindow::connectDevices()
+{
+    m_manager.setConfirm([this](const QString &text) { return CMessageBox::question(this, text) == 0; });
+    connect(&m_manager, &CDeviceManager::jobStarted, this, &CMainWindow::onJobStarted);
+    connect(&m_manager, &CDeviceManager::jobFinished, this, &CMainWindow::onJobFinished);
+    connect(&m_manager, &CDeviceManager::processorsChanged, this, &CMainWindow::updateActions);
+    connect(&m_manager, &CDeviceManager::layoutCommitted, this, &CMainWindow::updateActions);
+    connect(&m_manager, &CDeviceManager::detectionFinished, this, [this](int online) {
+        statusBar()->showMessage(tr("Detection finished: %n processor(s) online", "", online),
+                                 MessageMilliseconds);
+    });
+    connect(&m_manager, &CDeviceManager::typeLibraryRequested, this,
+            [](QWidget *parent) { CTypeLibraryDialog(CTypeLibrary::builtIn(), parent).exec(); });
+    connect(&m_manager, &CDeviceManager::screenRequested, m_screen.get(), &CScreenWindow::setShown);
+    connect(m_screen.get(), &CScreenWindow::notifyClosedByUser, this, &CMainWindow::onScreenClosed);
+    connect(m_devices, &CDevicePanel::notifySelectionChanged, this, &CMainWindow::updateActions);
+    connect(m_devices, &CDevicePanel::notifyMenuRequested, this, &CMainWindow::showProcessorMenu);
+}
+
+void CMainWindow::loadModule(const QString &file)
+{
+    m_module->load(file);
+    m_module->setCollapsed(m_settings.isRightBarCollapsed());
+    updateActions();
+}
+
+void CMainWindow::start(const SAppOptions &options)
+{
+    for (const SAppOptions::SSimulation &simulation : options.simulations)
+        simulate(simulation.processor, simulation.fault);
+    if (options.demo)
+        m_projects->openDemo();
+    if (!options.files.isEmpty())
+        m_projects->open(options.files);
+    if (options.detect)
+        m_manager.detect();
+}
+
+void CMainWindow::simulate(const QString &name, SimulationFault fault)
+{
+    for (const CSimulatedPark::Processor &processor : m_manager.park().processors()) {
+        if (processor->identity().name == name) {
+            m_manager.simulate(processor->identity().uuid, fault, true);
+            return;
+        }
+    }
+    qWarning("There is no simulated processor \"%s\".", qPrintable(name));
+}
+
+void CMainWindow::shutDown()
+{
+    if (m_shutDown)
+        return;
+    m_shutDown = true;
+    m_screen->setShown(false);
+    m_manager.stop(); // first: what ends now is still told to the module
+    m_module->stop();
+}
+
+void CMainWindow::closeEvent(QCloseEvent *event)
+{
+    if (!m_projects->confirmQuit()) {
+        event->ignore();
+        return;
+    }
+    saveState();
+    event->accept();
+}
+
+void CMainWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!projectFilesOf(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void CMainWindow::dropEvent(QDropEvent *event)
+{
+    event->acceptProposedAction();
+    m_projects->open(projectFilesOf(*event->mimeData()));
+}
+
+void CMainWindow::restoreState()
+{
+    resize(1440, 860);
+    restoreGeometry(m_settings.windowGeometry());
+    if (!m_splitter->restoreState(m_settings.splitterState()))
+        m_splitter->setSizes({220, 860, 360});
+}
+
+void CMainWindow::saveState()
+{
+    m_settings.setWindowGeometry(saveGeometry());
+    m_settings.setSplitterState(m_splitter->saveState());
+    m_settings.setRightBarCollapsed(m_module->isCollapsed());
+}
+
+void CMainWindow::onJobStarted(CDeviceJob *job)
+{
+    m_progress->follow(*job);
+    updateActions();
+}
+
+void CMainWindow::onJobFinished(CDeviceJob *job, const SDeviceOutcome &outcome)
+{
+    if (outcome.result == SDeviceOutcome::Cancelled)
+        statusBar()->showMessage(tr("%1: cancelled").arg(job->title()), MessageMilliseconds);
+    else if (outcome.result == SDeviceOutcome::Failed)
+        statusBar()->showMessage(tr("%1: %2").arg(job->title(), outcome.text), MessageMilliseconds);
+    updateActions();
+}
+
+void CMainWindow::onScreenClosed()
+{
+    if (ILayoutInterface *layout = m_module->layoutModule())
+        layout->setScreenShown(false);
+}
+
+void CMainWindow::showProcessorMenu(const QUuid &processor, const QPoint &position)
+{
+    QMenu menu(this);
+    menu.setToolTipsVisible(true);
+    if (ILayoutInterface *layout = m_module->layoutModule())
+        layout->fillProcessorMenu(menu, processor);
+    if (m_manager.isProject(processor)) {
+        menu.addSeparator();
+        menu.addAction(m_actions.saveProject);
+        menu.addAction(m_actions.saveProjectAs);
+        menu.addAction(m_actions.closeProject);
+    }
+    menu.exec(position);
+}
+
+void CMainWindow::fillProcessorMenu()
+{
+    m_actions.processor->clear();
+    if (ILayoutInterface *layout = m_module->layoutModule())
+        layout->fillProcessorMenu(*m_actions.processor, m_devices->singleProcessor());
+}
+
+void CMainWindow::fillRecentMenu()
+{
+    QMenu &menu = *m_actions.recentProjects;
+    menu.clear();
+    int number = 0;
+    for (const QString &file : m_settings.recentProjects()) {
+        QString name = QFileInfo(file).fileName();
+        name.replace(QLatin1Char('&'), QLatin1String("&&"));
+        QAction *action = menu.addAction(tr("&%1 %2").arg(++number % 10).arg(name));
+        action->setToolTip(QDir::toNativeSeparators(file));
+        connect(action, &QAction::triggered, this, [this, file] { m_projects->open({file}); });
+    }
+    menu.addSeparator();
+    connect(menu.addAction(tr("&Clear list")), &QAction::triggered, this, [this] {
+        m_settings.clearRecentProjects();
+        updateActions();
+    });
+}
+
+void CMainWindow::showAbout()
+{
+    CMessageBox::information(this, tr("Orvo %1").arg(QCoreApplication::applicationVersion()),
+                             tr("Configures LED video processors: cabinet layout, wiring and loads."));
+}
+
+void CMainWindow::openLogFolder()
+{
+    const QString folder = CLogFile::defaultFolder();
+    if (!QDir().mkpath(folder) || !QDesktopServices::openUrl(QUrl::fromLocalFile(folder)))
+        CMessageBox::information(this, tr("The log folder cannot be opened."),
+                                 QDir::toNativeSeparators(folder));
+}
+
+void CMainWindow::updateActions()
+{
+    const QUuid selected = m_devices->singleProcessor();
+    const bool project = m_manager.isProject(selected);
+    m_actions.saveProject->setEnabled(
+        project && (m_manager.isModified(selected) || m_manager.projectFile(selected).isEmpty()));
+    m_actions.saveProjectAs->setEnabled(!selected.isNull());
+    m_actions.closeProject->setEnabled(project);
+    m_actions.detect->setEnabled(!m_manager.currentJob());
+    m_actions.processor->setEnabled(m_module->layoutModule() && !selected.isNull());
+    m_actions.recentProjects->setEnabled(!m_settings.recentProjects().isEmpty());
+    m_simulation->setProcessor(selected);
+    updateTitles();
+}
+
+void CMainWindow::updateTitles()
+{
+    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    if (!device) {
+        setWindowTitle(QStringLiteral("Orvo"));
+        setWindowModified(false);
+        m_processor->setText(tr("No current processor"));
+        m_module->frame()->titleBar().setSubject({});
+        return;
+    }
+    const QString state = device->project       ? tr("project")
+                          : device->node.online ? tr("online")
+                                                : tr("offline");
+    const QString name = device->project ? device->node.name : device->node.displayText();
+    setWindowTitle(tr("%1[*] - Orvo").arg(name));
+    setWindowModified(device->isModified());
+    m_processor->setText(tr("%1, %2").arg(name, state));
+    m_module->frame()->titleBar().setSubject(name);
+}

@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/app/CAppSettings.h"
+#include "host/app/SMainActions.h"
+#include "host/devices/CDeviceManager.h"
+
+#include <QMainWindow>
+
+#include <memory>
+
+class CDevicePanel;
+class CJobProgress;
+class CModuleHost;
+class CProjectCommands;
+class CScreenWindow;
+class CSimulationMenu;
+class QLabel;
+class QSplitter;
+struct SAppOptions;
+
+/// The application's window: devices on the left, the Layout module in the middle, its side panel on the
+/// right. Owns the devices and leads the module from load to stop. GUI thread.
+class CMainWindow final : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit CMainWindow(const SDeviceSettings &devices);
+    ~CMainWindow() override; ///< shuts down first
+
+    CDeviceManager &manager() { return m_manager; }
+    CDevicePanel &devicePanel() { return *m_devices; }
+    CModuleHost &moduleHost() { return *m_module; }
+
+    /// Loads the Layout module; where that fails, the window says why and stays usable. Once.
+    void loadModule(const QString &file);
+    /// Does what the command line asks for.
+    void start(const SAppOptions &options);
+    /// Ends device work, notifications and the module, in this order. A second call does nothing.
+    void shutDown();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    void buildUi();
+    void buildStatusBar();
+    void connectActions();
+    void connectDevices();
+    void restoreState();
+    void saveState();
+
+    void simulate(const QString &name, SimulationFault fault);
+    void onJobStarted(CDeviceJob *job);
+    void onJobFinished(CDeviceJob *job, const SDeviceOutcome &outcome);
+    void onScreenClosed();
+    void showProcessorMenu(const QUuid &processor, const QPoint &position);
+    void fillProcessorMenu();
+    void fillRecentMenu();
+    void showAbout();
+    void openLogFolder();
+    void updateActions();
+    void updateTitles();
+
+    CAppSettings m_settings;
+    CDeviceManager m_manager;
+    const std::unique_ptr<CModuleHost> m_module;
+    const std::unique_ptr<CProjectCommands> m_projects;
+    const std::unique_ptr<CScreenWindow> m_screen;
+    CSimulationMenu *m_simulation = nullptr;
+    SMainActions m_actions;
+    CDevicePanel *m_devices = nullptr;
+    QSplitter *m_splitter = nullptr;
+    QLabel *m_processor = nullptr; ///< in the status bar
+    CJobProgress *m_progress = nullptr;
+    bool m_shutDown = false;
+};

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QWidget>
+
+class CModuleTitleBar;
+class ILayoutInterface;
+class QVBoxLayout;
+
+/// The middle of the window: a module below its title bar, or a text that says why there is none. GUI thread.
+class CModuleFrame final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CModuleFrame(const QString &title, QWidget *parent = nullptr);
+
+    CModuleTitleBar &titleBar() { return *m_titleBar; }
+    /// Shows the module's widget, which must lie under this frame already.
+    void showModule(ILayoutInterface &module);
+    void showProblem(const QString &text);
+    /// Gives the module's widget back: the module owns it.
+    void releaseModule();
+
+private:
+    CModuleTitleBar *m_titleBar = nullptr;
+    QVBoxLayout *m_column = nullptr;
+    QWidget *m_module = nullptr;
+};

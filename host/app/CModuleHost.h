@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/app/CHostControl.h"
+
+class CModuleFrame;
+class ILayoutInterface;
+
+/// Gives the Layout module its place in the window and the facilities that it asks for, and leads it from
+/// load to stop. GUI thread.
+class CModuleHost final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// @p subject outlives this object.
+    CModuleHost(std::shared_ptr<IAbstractInterfaceHandler> handler, CSubject &subject);
+    ~CModuleHost() override;
+
+    /// The widgets to place: the module below its title bar, and its side panel. The caller takes them over.
+    CModuleFrame *frame() const { return m_frame; }
+    QWidget *rightBar() const { return m_rightBar; }
+
+    /// Loads the module; where that fails, the frame says why. Once.
+    void load(const QString &file);
+    ILayoutInterface *layoutModule() const { return m_layout; } ///< null when it is not loaded
+    void setCollapsed(bool collapsed);
+    bool isCollapsed() const { return m_collapsed; }
+
+    /// Stops the module and takes its widget back out of the window. A second call does nothing.
+    void stop();
+
+private:
+    void connectSignals();
+    void onRightBarWidgetAdded(UiOrvo::EnModule module, QWidget *widget);
+    void onLockToggled(bool locked);
+    void onCollapseToggled(bool collapsed);
+
+    CHostControl m_control;
+    CModuleFrame *m_frame = nullptr;
+    QWidget *m_rightBar = nullptr;
+    ILayoutInterface *m_layout = nullptr;
+    bool m_collapsed = false;
+    bool m_stopped = false;
+};

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QFrame>
+
+class QLabel;
+class QToolButton;
+
+/// The bar above a module: its title, what it shows, and the controls that it asked for. GUI thread.
+class CModuleTitleBar final : public QFrame
+{
+    Q_OBJECT
+
+public:
+    explicit CModuleTitleBar(const QString &title, QWidget *parent = nullptr);
+
+    /// What the module shows, beside its title; may be empty.
+    void setSubject(const QString &text);
+    void showLock();     ///< the control that blocks editing
+    void showCollapse(); ///< the control that folds the right bar away
+    void setCollapsed(bool collapsed);
+
+Q_SIGNALS:
+    void notifyLockToggled(bool locked);
+    void notifyCollapseToggled(bool collapsed);
+
+private:
+    void buildUi(const QString &title);
+    void connectSignals();
+    QToolButton *addButton(const char *objectName, const char *icon);
+    void onLockToggled(bool locked);
+    void onCollapseToggled(bool collapsed);
+
+    QLabel *m_subject = nullptr;
+    QToolButton *m_lock = nullptr;
+    QToolButton *m_collapse = nullptr;
+};

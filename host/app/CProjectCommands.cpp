@@ -1,0 +1,161 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/CProjectCommands.h"
+
+#include "host/app/CAppSettings.h"
+#include "host/app/CNewProjectDialog.h"
+#include "host/devices/CDeviceManager.h"
+#include "host/devices/CProcessorKinds.h"
+#include "platform/widgets/CMessageBox.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QMessageBox>
+
+namespace {
+
+QString projectFilter()
+{
+    return CProjectCommands::tr("Processor Project File(*.sprj)");
+}
+
+} // namespace
+
+CProjectCommands::CProjectCommands(CDeviceManager &manager, CAppSettings &settings, QWidget &window)
+    : m_manager(manager)
+    , m_settings(settings)
+    , m_window(window)
+{
+}
+
+void CProjectCommands::createNew()
+{
+    CNewProjectDialog dialog(CProcessorKinds::builtIn(), &m_window);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const CResult<QUuid> added = m_manager.addProject(dialog.project());
+    if (added)
+        Q_EMIT notifyOpened(added.value());
+    else
+        CMessageBox::information(&m_window, tr("The project cannot be made."), added.error());
+}
+
+void CProjectCommands::chooseAndOpen()
+{
+    open(QFileDialog::getOpenFileNames(&m_window, tr("Open project"), m_settings.projectFolder(),
+                                       projectFilter()));
+}
+
+void CProjectCommands::open(const QStringList &files)
+{
+    QUuid last;
+    QStringList failures;
+    for (const QString &file : files) {
+        const CResult<QUuid> opened = m_manager.openProject(file);
+        if (opened) {
+            last = opened.value();
+            m_settings.addRecentProject(file);
+        } else {
+            failures << opened.error();
+            m_settings.removeRecentProject(file);
+        }
+    }
+    if (!last.isNull())
+        Q_EMIT notifyOpened(last);
+    if (!failures.isEmpty()) {
+        const QString text = failures.size() == 1 ? tr("The project cannot be opened.")
+                                                  : tr("%1 projects cannot be opened.").arg(failures.size());
+        CMessageBox::information(&m_window, text, failures.join(QLatin1Char('\n')));
+    }
+}
+
+void CProjectCommands::openDemo()
+{
+    const CResult<QUuid> opened = m_manager.openDemo();
+    if (opened)
+        Q_EMIT notifyOpened(opened.value());
+    else
+        CMessageBox::information(&m_window, tr("The demo wall cannot be opened."), opened.error());
+}
+
+bool CProjectCommands::save(const QUuid &processor)
+{
+    const QString file = m_manager.projectFile(processor);
+    return file.isEmpty() ? saveAs(processor) : saveTo(processor, file);
+}
+
+bool CProjectCommands::saveAs(const QUuid &processor)
+{
+    QString name = nameOf(processor);
+    name.replace(QLatin1Char('/'), QLatin1Char('-'));
+    QFileDialog dialog(&m_window, tr("Save project as"), m_settings.projectFolder(), projectFilter());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("sprj")); // asks before it replaces the file with that ending
+    const QString file = m_manager.projectFile(processor);
+    if (file.isEmpty())
+        dialog.selectFile(name + QStringLiteral(".sprj"));
+    else
+        dialog.selectFile(file);
+    return dialog.exec() == QDialog::Accepted && saveTo(processor, dialog.selectedFiles().value(0));
+}
+
+bool CProjectCommands::saveTo(const QUuid &processor, const QString &file)
+{
+    const CStatus status = m_manager.saveProject(processor, file);
+    if (!status) {
+        CMessageBox::information(&m_window, tr("The project cannot be saved."), status.error());
+        return false;
+    }
+    m_settings.addRecentProject(file);
+    Q_EMIT notifySaved(QDir::toNativeSeparators(file));
+    return true;
+}
+
+bool CProjectCommands::close(const QUuid &project)
+{
+    if (!m_manager.isProject(project) || !askToSave(project))
+        return false;
+    m_manager.closeProject(project);
+    return true;
+}
+
+bool CProjectCommands::askToSave(const QUuid &project)
+{
+    if (!m_manager.isModified(project))
+        return true;
+    QMessageBox box(QMessageBox::Question, QStringLiteral("Orvo"),
+                    tr("Save the changes to the project \"%1\"?").arg(nameOf(project)),
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &m_window);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(tr("What is not saved is lost."));
+    box.setDefaultButton(QMessageBox::Save);
+    switch (box.exec()) {
+    case QMessageBox::Save:
+        return save(project);
+    case QMessageBox::Discard:
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool CProjectCommands::confirmQuit()
+{
+    QStringList edited;
+    for (const SDevice &device : m_manager.table().devices()) {
+        if (device.project && !askToSave(device.node.uuid))
+            return false;
+        if (!device.project && device.isModified())
+            edited << device.node.displayText();
+    }
+    return edited.isEmpty() ||
+           CMessageBox::question(
+               &m_window, tr("There are edits that have not been saved to the processor. Quit all the same?"),
+               edited.join(QLatin1Char('\n'))) == 0;
+}
+
+QString CProjectCommands::nameOf(const QUuid &processor) const
+{
+    const std::optional<SDevice> device = m_manager.table().device(processor);
+    return device ? device->node.name : QString();
+}

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QObject>
+#include <QStringList>
+#include <QUuid>
+
+class CAppSettings;
+class CDeviceManager;
+class QWidget;
+
+/// What the user can do with projects: make, open, save and close them, each with its questions and messages.
+/// GUI thread.
+class CProjectCommands final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// @p window is the parent of all dialogs; all must outlive this object.
+    CProjectCommands(CDeviceManager &manager, CAppSettings &settings, QWidget &window);
+
+    void createNew();
+    void chooseAndOpen();
+    /// Opens every file that can be opened, then tells of those that cannot.
+    void open(const QStringList &files);
+    void openDemo();
+    /// Saves to the project's file; one without file is asked for a name. False: not saved.
+    bool save(const QUuid &processor);
+    /// Saves to a file that the user chooses, also the layout of a device.
+    bool saveAs(const QUuid &processor);
+    /// Closes a project, after asking what becomes of unsaved edits. False: still open.
+    bool close(const QUuid &project);
+    /// Asks about all unsaved edits. False: the user wants to stay.
+    bool confirmQuit();
+
+Q_SIGNALS:
+    void notifyOpened(const QUuid &project);
+    void notifySaved(const QString &file);
+
+private:
+    bool saveTo(const QUuid &processor, const QString &file);
+    bool askToSave(const QUuid &project);
+    QString nameOf(const QUuid &processor) const;
+
+    CDeviceManager &m_manager;
+    CAppSettings &m_settings;
+    QWidget &m_window;
+};

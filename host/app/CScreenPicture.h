@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/LayoutData.h"
+#include "layout/data/records/SBackgroundInfo.h"
+#include "layout/data/records/SHostRecords.h"
+
+#include <QObject>
+#include <QPixmap>
+#include <QTimer>
+
+class QPainter;
+
+/// What the simulated wall shows: the cabinets of one processor, its background, and what makes cabinets
+/// stand out. Draws it on whatever it is given. GUI thread.
+class CScreenPicture final : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit CScreenPicture(QObject *parent = nullptr);
+
+    /// @p background is shown behind the cabinets, within the canvas.
+    void setWall(const LayoutData &data, const SBackgroundInfo &background);
+    void setStatusLed(bool on);
+    void setNumbersShown(bool shown);
+    /// Makes @p cabinets flash, in place of those before.
+    void setHighlight(const QVector<CabinetLayout::CabinetPort::Cabinet> &cabinets,
+                      CabinetHighlight highlight);
+
+    /// The part of the canvas that is shown, in its pixels; empty without a wall.
+    QRect extent() const;
+    void paint(QPainter &painter, const QRect &target);
+
+Q_SIGNALS:
+    void notifyChanged(); ///< must be painted again
+
+private:
+    void invalidate();
+    void onFlash();
+    QTransform transformTo(const QRectF &target) const;
+    void paintWall(QPainter &painter, const QRectF &target);
+    void paintBackground(QPainter &painter) const;
+    void paintStatusLeds(QPainter &painter) const;
+    void paintHighlight(QPainter &painter) const;
+
+    LayoutData m_data;
+    SBackgroundInfo m_background;
+    QImage m_backgroundImage;
+    bool m_statusLed = false;
+    bool m_numbersShown = false;
+    QVector<QRect> m_highlighted;
+    CabinetHighlight m_highlight = CabinetHighlight::Off;
+    bool m_flash = false; ///< the half of the period in which highlighted cabinets stand out
+    QTimer m_flashTimer;
+    QPixmap m_wall; ///< all but what flashes; null: to be painted anew
+};

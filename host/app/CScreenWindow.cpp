@@ -1,0 +1,133 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/CScreenWindow.h"
+
+#include "host/app/CRasterScreen.h"
+#include "host/app/CScreenPicture.h"
+#include "host/app/CSimulateScreen.h"
+#include "host/devices/CDeviceManager.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScreen>
+
+namespace {
+constexpr qreal ScreenShare = 0.6; // of the display, where it has to be shared with the main window
+}
+
+CScreenWindow::CScreenWindow(CDeviceManager &manager, QObject *parent)
+    : QObject(parent)
+    , m_manager(manager)
+    , m_picture(new CScreenPicture(this))
+{
+    connectSignals();
+}
+
+CScreenWindow::~CScreenWindow() = default;
+
+void CScreenWindow::connectSignals()
+{
+    connect(&m_manager, &CDeviceManager::currentProcessorChanged, this, &CScreenWindow::showWall);
+    connect(&m_manager, &CDeviceManager::layoutCommitted, this, &CScreenWindow::showWall);
+    connect(&m_manager, &CDeviceManager::statusLedChanged, this, &CScreenWindow::showWall);
+    connect(&m_manager, &CDeviceManager::numbersShownChanged, this,
+            [this](const QUuid &, bool shown) { m_picture->setNumbersShown(shown); });
+    connect(&m_manager, &CDeviceManager::highlightChanged, this,
+            [this](const QUuid &, const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
+                   CabinetHighlight highlight) { m_picture->setHighlight(cabinets.toVector(), highlight); });
+}
+
+void CScreenWindow::setShown(bool shown)
+{
+    if (shown == isShown())
+        return;
+    if (shown) {
+        open();
+    } else {
+        m_window->removeEventFilter(this);
+        m_window->hide();
+        m_window.release()->deleteLater(); // it may be closed from one of its own events
+    }
+}
+
+void CScreenWindow::open()
+{
+    if (CSimulateScreen::isOpenGlUsable())
+        m_window = std::make_unique<CSimulateScreen>(*m_picture);
+    else
+        m_window = std::make_unique<CRasterScreen>(*m_picture);
+    m_window->setObjectName(QStringLiteral("SimulateScreen"));
+    m_window->setWindowTitle(tr("Orvo - Screen"));
+    m_window->setToolTip(tr("Drag to move, double click or Esc to close"));
+    m_window->installEventFilter(this);
+    showWall();
+    place();
+    m_window->show();
+}
+
+void CScreenWindow::place()
+{
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    const QWidget *main = QApplication::activeWindow();
+    QScreen *own = main ? main->screen() : QGuiApplication::primaryScreen();
+    for (QScreen *screen : screens) {
+        if (screen != own) { // a display of its own is filled
+            m_window->setGeometry(screen->geometry());
+            return;
+        }
+    }
+    const QRect available = own->availableGeometry();
+    const QSize wall = m_picture->extent().isEmpty() ? QSize(16, 9) : m_picture->extent().size();
+    const QSize size = wall.scaled(available.size() * ScreenShare, Qt::KeepAspectRatio).expandedTo({64, 64});
+    const QPoint corner(available.right() - size.width(), available.bottom() - size.height());
+    m_window->setGeometry(QRect(corner, size));
+}
+
+void CScreenWindow::showWall()
+{
+    if (!isShown())
+        return;
+    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    m_picture->setStatusLed(device && device->settings.statusLed);
+    m_picture->setWall(device ? device->data() : LayoutData(),
+                       device ? device->settings.background : SBackgroundInfo());
+}
+
+void CScreenWindow::closeByUser()
+{
+    setShown(false);
+    Q_EMIT notifyClosedByUser();
+}
+
+bool CScreenWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != m_window.get())
+        return QObject::eventFilter(watched, event);
+    switch (event->type()) {
+    case QEvent::KeyPress:
+        if (static_cast<QKeyEvent *>(event)->key() != Qt::Key_Escape)
+            return false;
+        closeByUser();
+        return true;
+    case QEvent::MouseButtonDblClick:
+    case QEvent::Close:
+        closeByUser();
+        return true;
+    case QEvent::MouseButtonPress:
+        m_grip = static_cast<QMouseEvent *>(event)->globalPos() - m_window->frameGeometry().topLeft();
+        return true;
+    case QEvent::MouseMove:
+        return onMouseMove(*static_cast<QMouseEvent *>(event));
+    default:
+        return false;
+    }
+}
+
+bool CScreenWindow::onMouseMove(const QMouseEvent &event)
+{
+    if (!(event.buttons() & Qt::LeftButton))
+        return false;
+    m_window->move(event.globalPos() - m_grip);
+    return true;
+}

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QObject>
+#include <QPoint>
+
+#include <memory>
+
+class CDeviceManager;
+class CScreenPicture;
+class QMouseEvent;
+class QWidget;
+
+/// Shows the wall of the current processor in a window of its own: opens and closes it, keeps it up to date,
+/// and lets the user move it (drag) and close it (double click, Esc). GUI thread.
+class CScreenWindow final : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit CScreenWindow(CDeviceManager &manager, QObject *parent = nullptr);
+    ~CScreenWindow() override;
+
+    void setShown(bool shown);
+    bool isShown() const { return m_window != nullptr; }
+
+Q_SIGNALS:
+    void notifyClosedByUser();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void connectSignals();
+    void open();
+    void place();
+    void showWall();
+    void closeByUser();
+    bool onMouseMove(const QMouseEvent &event);
+
+    CDeviceManager &m_manager;
+    CScreenPicture *m_picture = nullptr;
+    std::unique_ptr<QWidget> m_window; ///< null while it is closed
+    QPoint m_grip;                     ///< where the mouse holds the window, from its corner
+};

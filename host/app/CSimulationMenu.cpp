@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/CSimulationMenu.h"
+
+#include "host/devices/CDeviceManager.h"
+
+#include <QAction>
+#include <QCoreApplication>
+
+CSimulationMenu::CSimulationMenu(CDeviceManager &manager, QWidget *parent)
+    : QMenu(tr("&Simulation"), parent)
+    , m_manager(manager)
+{
+    createActions();
+    connect(this, &QMenu::aboutToShow, this, &CSimulationMenu::updateActions);
+    updateActions();
+}
+
+void CSimulationMenu::createActions()
+{
+    setToolTipsVisible(true);
+    for (const SSimulationFault &fault : SSimulationFault::all()) {
+        QAction *action = addAction(QCoreApplication::translate("SSimulationFault", fault.title));
+        action->setObjectName(QStringLiteral("Simulate.") + QLatin1String(fault.name));
+        action->setCheckable(true);
+        m_faults.insert(action, fault.fault);
+        connect(action, &QAction::triggered, this,
+                [this, kind = fault.fault](bool on) { m_manager.simulate(m_processor, kind, on); });
+    }
+    addSeparator();
+    m_clear = addAction(tr("&No faults"));
+    connect(m_clear, &QAction::triggered, this, &CSimulationMenu::clearFaults);
+}
+
+void CSimulationMenu::setProcessor(const QUuid &processor)
+{
+    m_processor = processor;
+    updateActions();
+}
+
+void CSimulationMenu::updateActions()
+{
+    const bool device = m_manager.device(m_processor) != nullptr;
+    const QString hint =
+        device ? QString() : tr("Select a single processor, not a project, in the device tree");
+    bool any = false;
+    for (auto it = m_faults.constBegin(); it != m_faults.constEnd(); ++it) {
+        const bool on = device && m_manager.isSimulated(m_processor, it.value());
+        it.key()->setChecked(on);
+        it.key()->setEnabled(device);
+        it.key()->setToolTip(hint);
+        any = any || on;
+    }
+    m_clear->setEnabled(any);
+}
+
+void CSimulationMenu::clearFaults()
+{
+    for (const SimulationFault fault : qAsConst(m_faults)) {
+        if (m_manager.isSimulated(m_processor, fault))
+            m_manager.simulate(m_processor, fault, false);
+    }
+}

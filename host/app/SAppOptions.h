@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/devices/SSimulationFault.h"
+#include "platform/common/CResult.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+#include <QVector>
+
+/// What the program with a window was asked to do on its command line.
+struct SAppOptions
+{
+    Q_DECLARE_TR_FUNCTIONS(SAppOptions)
+
+public:
+    /// A fault that a simulated processor begins with.
+    struct SSimulation
+    {
+        SimulationFault fault;
+        QString processor; ///< its name
+    };
+
+    QStringList files; ///< projects to open
+    bool demo = false; ///< opens the demo wall
+    bool detect = false;
+    QString stateFolder; ///< of the simulated processors; empty: the usual place
+    QVector<SSimulation> simulations;
+
+    /// @p arguments as the program got them, its name first. The error says how the program is called.
+    static CResult<SAppOptions> parse(const QStringList &arguments);
+    /// Where simulated processors keep their state unless told otherwise.
+    static QString defaultStateFolder();
+};

@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/SMainActions.h"
+
+#include "host/app/AppIcons.h"
+#include "host/app/CSimulationMenu.h"
+
+#include <QAction>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+
+namespace {
+
+QAction *makeAction(QMainWindow &window, const QString &text, const QKeySequence &shortcut,
+                    const QString &tip)
+{
+    auto *action = new QAction(text, &window);
+    action->setShortcut(shortcut);
+    action->setToolTip(tip);
+    action->setStatusTip(tip);
+    return action;
+}
+
+} // namespace
+
+SMainActions SMainActions::create(QMainWindow &window, CSimulationMenu &simulation)
+{
+    SMainActions actions;
+    actions.createActions(window);
+    actions.buildFileMenu(window);
+    actions.buildDeviceMenu(window);
+    window.menuBar()->addMenu(&simulation);
+    actions.buildHelpMenu(window);
+    return actions;
+}
+
+void SMainActions::createActions(QMainWindow &window)
+{
+    newProject =
+        makeAction(window, tr("&New project..."), QKeySequence::New, tr("Make a project for a new wall"));
+    openProject = makeAction(window, tr("&Open project..."), QKeySequence::Open, tr("Open project files"));
+    openProject->setIcon(AppIcons::icon("open"));
+    openDemo =
+        makeAction(window, tr("Open &demo wall"), {}, tr("Open a wall of 240 cabinets to try things out"));
+    saveProject =
+        makeAction(window, tr("&Save project"), QKeySequence::Save, tr("Save the selected project"));
+    saveProject->setIcon(AppIcons::icon("save"));
+    saveProjectAs =
+        makeAction(window, tr("Save project &as..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
+                   tr("Save the selected processor or project to another file"));
+    closeProject =
+        makeAction(window, tr("&Close project"), QKeySequence::Close, tr("Close the selected project"));
+    quit = makeAction(window, tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), tr("Quit Orvo"));
+    detect = makeAction(window, tr("&Detect devices"), QKeySequence(Qt::Key_F5),
+                        tr("Search for processors and update their status"));
+    detect->setIconText(tr("Detect devices"));
+    detect->setIcon(AppIcons::icon("detect"));
+    typeLibrary = makeAction(window, tr("&Type library..."), {}, tr("Show the known cabinet types"));
+    about = makeAction(window, tr("&About Orvo"), {}, tr("Show the version of the program"));
+    openLogFolder =
+        makeAction(window, tr("Open &log folder"), {}, tr("Show the folder with the program's log"));
+}
+
+void SMainActions::buildFileMenu(QMainWindow &window)
+{
+    QMenu *menu = window.menuBar()->addMenu(tr("&File"));
+    menu->addAction(newProject);
+    menu->addAction(openProject);
+    recentProjects = menu->addMenu(tr("&Recent projects"));
+    recentProjects->setToolTipsVisible(true);
+    menu->addAction(openDemo);
+    menu->addSeparator();
+    menu->addAction(saveProject);
+    menu->addAction(saveProjectAs);
+    menu->addAction(closeProject);
+    menu->addSeparator();
+    menu->addAction(quit);
+}
+
+void SMainActions::buildDeviceMenu(QMainWindow &window)
+{
+    QMenu *menu = window.menuBar()->addMenu(tr("&Device"));
+    menu->addAction(detect);
+    processor = menu->addMenu(tr("Current &processor"));
+    processor->setToolTipsVisible(true);
+    menu->addSeparator();
+    menu->addAction(typeLibrary);
+}
+
+void SMainActions::buildHelpMenu(QMainWindow &window)
+{
+    QMenu *menu = window.menuBar()->addMenu(tr("&Help"));
+    menu->addAction(openLogFolder);
+    menu->addSeparator();
+    menu->addAction(about);
+}

@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/CAppSettings.h"
+#include "tests/harness/CTestBase.h"
+
+#include <QTemporaryDir>
+
+class CAppSettingsTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        CTestBase::init();
+        CAppSettings().clearRecentProjects();
+    }
+
+    void outlivesTheObject()
+    {
+        {
+            CAppSettings settings;
+            settings.setWindowGeometry(QByteArrayLiteral("geometry\0\xff"));
+            settings.setSplitterState(QByteArrayLiteral("splitter"));
+            settings.setRightBarCollapsed(true);
+            settings.addRecentProject(QStringLiteral("/walls/a.sprj"));
+        }
+        const CAppSettings settings;
+        QCOMPARE(settings.windowGeometry(), QByteArrayLiteral("geometry\0\xff"));
+        QCOMPARE(settings.splitterState(), QByteArrayLiteral("splitter"));
+        QVERIFY(settings.isRightBarCollapsed());
+        QCOMPARE(settings.recentProjects(), QStringList(QStringLiteral("/walls/a.sprj")));
+    }
+
+    void theLastProjectUsedStandsFirstAndOnce()
+    {
+        CAppSettings settings;
+        for (const char *name : {"/walls/a.sprj", "/walls/b.sprj", "/walls/a.sprj"})
+            settings.addRecentProject(QLatin1String(name));
+        QCOMPARE(settings.recentProjects(),
+                 QStringList({QStringLiteral("/walls/a.sprj"), QStringLiteral("/walls/b.sprj")}));
+        settings.removeRecentProject(QStringLiteral("/walls/a.sprj"));
+        QCOMPARE(settings.recentProjects(), QStringList(QStringLiteral("/walls/b.sprj")));
+    }
+
+    void oneFileUnderTwoNamesIsOneProject()
+    {
+        const QTemporaryDir folder;
+        QFile file(folder.filePath(QStringLiteral("wall.sprj")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        const QString link = folder.filePath(QStringLiteral("link.sprj"));
+        QVERIFY(file.link(link));
+        CAppSettings settings;
+        settings.addRecentProject(file.fileName());
+        settings.addRecentProject(link);
+        QCOMPARE(settings.recentProjects(), QStringList(link));
+    }
+
+    void keepsNoMoreThanTheMenuShows()
+    {
+        CAppSettings settings;
+        for (int i = 0; i < 2 * CAppSettings::MaximumRecentProjects; ++i)
+            settings.addRecentProject(QStringLiteral("/walls/%1.sprj").arg(i));
+        QCOMPARE(settings.recentProjects().size(), int(CAppSettings::MaximumRecentProjects));
+        QCOMPARE(settings.recentProjects().first(), QStringLiteral("/walls/19.sprj"));
+    }
+
+    void opensDialogsWhereTheLastProjectWas()
+    {
+        const QTemporaryDir folder;
+        CAppSettings settings;
+        settings.addRecentProject(folder.filePath(QStringLiteral("gone.sprj")));
+        QCOMPARE(settings.projectFolder(), folder.path());
+        settings.addRecentProject(QStringLiteral("/no such folder/wall.sprj"));
+        QVERIFY(settings.projectFolder() != QStringLiteral("/no such folder"));
+    }
+};
+
+ORVO_TEST_MAIN(QCoreApplication, CAppSettingsTest)
+#include "tst_app_settings.moc"

@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/CHostControl.h"
+#include "host/app/CModuleLoader.h"
+#include "platform/control/CSubject.h"
+#include "platform/control/IAbstractInterfaceHandler.h"
+#include "tests/harness/CTestBase.h"
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QWidget>
+
+class CModuleLoaderTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void oneMessageTellsWhatIsWrong_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QString>("message");
+        const QString folder = QStringLiteral(ORVO_TEST_MODULES "/lib%1.so");
+        QTest::newRow("missing") << QStringLiteral("/nowhere/libLayout.so")
+                                 << QStringLiteral("does not exist");
+        QTest::newRow("a folder") << QStringLiteral(ORVO_TEST_MODULES) << QStringLiteral("cannot be loaded");
+        QTest::newRow("no entry") << folder.arg(QStringLiteral("NoEntryModule"))
+                                  << QStringLiteral("no entry point");
+        QTest::newRow("refuses") << folder.arg(QStringLiteral("RefusingModule")) << QStringLiteral("refused");
+        QTest::newRow("foreign") << folder.arg(QStringLiteral("ForeignModule"))
+                                 << QStringLiteral("another version");
+    }
+    void oneMessageTellsWhatIsWrong()
+    {
+        QFETCH(QString, file);
+        QFETCH(QString, message);
+        CSubject subject;
+        CHostControl host(nullptr, subject);
+        QWidget parent;
+        const auto loaded = CModuleLoader::loadLayout(file, host, &parent);
+        QVERIFY(!loaded);
+        QVERIFY2(loaded.error().contains(message), qPrintable(loaded.error()));
+        QVERIFY2(loaded.error().contains(QFileInfo(file).fileName()), qPrintable(loaded.error()));
+        QVERIFY(!loaded.error().contains(QLatin1Char('\n')));
+    }
+
+    void aDamagedFileIsNoModule()
+    {
+        const QTemporaryDir folder;
+        QFile file(folder.filePath(QStringLiteral("libLayout.so")));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("this is not a library");
+        file.close();
+        CSubject subject;
+        CHostControl host(nullptr, subject);
+        const auto loaded = CModuleLoader::loadLayout(file.fileName(), host, nullptr);
+        QVERIFY(!loaded);
+        QVERIFY2(loaded.error().contains(file.fileName()), qPrintable(loaded.error()));
+    }
+
+    void facilitiesAreFoundByName()
+    {
+        CSubject subject;
+        CHostControl host(nullptr, subject);
+        QWidget panel;
+        QSignalSpy added(&host, &CHostControl::notifyRightBarWidgetAdded);
+        QSignalSpy locked(&host, &CHostControl::notifyLockAdded);
+        QSignalSpy collapsed(&host, &CHostControl::notifyCollapseAdded);
+        const UiOrvo::EnModule module = UiOrvo::ModuleLayout;
+        QWidget *widget = &panel;
+        const auto moduleArgument = QArgument<UiOrvo::EnModule>("UiOrvo::EnModule", module);
+        QVERIFY(QMetaObject::invokeMethod(host.object(), "AddRightBarWidget", Qt::AutoConnection,
+                                          moduleArgument, QArgument<QWidget *>("QWidget*", widget)));
+        QVERIFY(QMetaObject::invokeMethod(host.object(), "AddLock", Qt::AutoConnection, moduleArgument));
+        QVERIFY(QMetaObject::invokeMethod(host.object(), "AddCollapse", Qt::AutoConnection, moduleArgument));
+        QCOMPARE(added.size(), 1);
+        QCOMPARE(added.first().at(1).value<QWidget *>(), widget);
+        QCOMPARE(locked.size(), 1);
+        QCOMPARE(collapsed.size(), 1);
+    }
+
+    void aStoppedHostHandsOutNoHandler()
+    {
+        class CHandler final : public IAbstractInterfaceHandler
+        {
+        };
+        CSubject subject;
+        CHostControl host(std::make_shared<CHandler>(), subject);
+        QVERIFY(host.handler());
+        host.stop();
+        QVERIFY(!host.handler());
+        QCOMPARE(host.subject(), &subject);
+    }
+};
+
+ORVO_TEST_MAIN(QApplication, CModuleLoaderTest)
+#include "tst_module_loader.moc"

@@ -1,0 +1,194 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/CRasterScreen.h"
+#include "host/app/CScreenPicture.h"
+#include "host/app/CSimulateScreen.h"
+#include "tests/harness/CTestBase.h"
+
+#include <QPainter>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+
+namespace {
+
+const QColor portColor(40, 90, 200);
+
+/// Two cabinets of 100 × 100 beside each other in the left half of a canvas of 400 × 100.
+LayoutData smallWall()
+{
+    LayoutData data;
+    data.processor = QUuid::createUuid();
+    data.canvas = {400, 100};
+    CabinetLayout::CabinetPort port;
+    port.index = 0;
+    port.color = portColor;
+    CabinetLayout::CabinetPort::CabinetGroup loose;
+    for (int i = 0; i < 2; ++i) {
+        CabinetLayout::CabinetPort::Cabinet cabinet;
+        cabinet.uuid = QUuid::createUuid();
+        cabinet.port = 0;
+        cabinet.rank = i;
+        cabinet.rect = {100 * i, 0, 100, 100};
+        loose.cabinets << cabinet;
+    }
+    port.groups << loose;
+    data.layout.processor = data.processor;
+    data.layout.ports << port;
+    return data;
+}
+
+QImage paint(CScreenPicture &picture, const QSize &size = {400, 100})
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::magenta);
+    QPainter painter(&image);
+    picture.paint(painter, image.rect());
+    return image;
+}
+
+bool isDark(const QColor &color)
+{
+    return color.value() < 40;
+}
+
+} // namespace
+
+class CScreenTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void windowFlagsDependOnTheSystem_data()
+    {
+        QTest::addColumn<QString>("type");
+        QTest::addColumn<QString>("version");
+        QTest::addColumn<bool>("subWindow");
+        const auto row = [](const char *name, const char *type, const char *version, bool subWindow) {
+            QTest::newRow(name) << QString::fromLatin1(type) << QString::fromLatin1(version) << subWindow;
+        };
+        row("the one release", "kylin", "4.0.2", true);
+        row("another version", "kylin", "4.0.3", false);
+        row("a longer version", "kylin", "4.0.2.1", false);
+        row("no version", "kylin", "", false);
+        row("capital", "Kylin", "4.0.2", false);
+        row("another system", "debian", "4.0.2", false);
+    }
+    void windowFlagsDependOnTheSystem()
+    {
+        QFETCH(QString, type);
+        QFETCH(QString, version);
+        QFETCH(bool, subWindow);
+        const Qt::WindowFlags flags = CSimulateScreen::flagsFor(type, version);
+        QCOMPARE(flags, (subWindow ? Qt::SubWindow : Qt::Window) | Qt::WindowFlags(Qt::FramelessWindowHint));
+    }
+
+    void closingItNeverEndsTheApplication()
+    {
+        CScreenPicture picture;
+        const CRasterScreen raster(picture);
+        QVERIFY(!raster.testAttribute(Qt::WA_QuitOnClose));
+        QVERIFY(raster.windowFlags() & Qt::FramelessWindowHint);
+        const CSimulateScreen simulated(picture);
+        QVERIFY(!simulated.testAttribute(Qt::WA_QuitOnClose));
+    }
+
+    void theWallIsDarkWhereNoCabinetIs()
+    {
+        CScreenPicture picture;
+        QVERIFY(picture.extent().isEmpty());
+        QVERIFY(isDark(paint(picture).pixelColor(50, 50)));
+        picture.setWall(smallWall(), {});
+        QCOMPARE(picture.extent(), QRect(0, 0, 400, 100));
+        const QImage image = paint(picture);
+        QVERIFY(!isDark(image.pixelColor(50, 30)));
+        QVERIFY(!isDark(image.pixelColor(150, 30)));
+        QVERIFY(isDark(image.pixelColor(300, 50)));
+    }
+
+    void keepsTheWallsProportions()
+    {
+        CScreenPicture picture;
+        picture.setWall(smallWall(), {});
+        const QImage image = paint(picture, {400, 400});
+        QVERIFY(isDark(image.pixelColor(50, 100)));
+        QVERIFY(!isDark(image.pixelColor(50, 180)));
+        QVERIFY(isDark(image.pixelColor(50, 300)));
+    }
+
+    void theBackgroundLiesBehindTheCabinets()
+    {
+        const QTemporaryDir folder;
+        QImage red(8, 8, QImage::Format_RGB32);
+        red.fill(Qt::red);
+        SBackgroundInfo background;
+        background.file = folder.filePath(QStringLiteral("red.png"));
+        background.fit = SBackgroundInfo::ZoomToFit;
+        QVERIFY(red.save(background.file));
+
+        CScreenPicture picture;
+        picture.setWall(smallWall(), background);
+        const QColor off = paint(picture).pixelColor(90, 95);
+        background.enabled = true;
+        background.scale = 100;
+        LayoutData empty = smallWall();
+        empty.layout.ports.clear();
+        picture.setWall(empty, background);
+        QCOMPARE(paint(picture).pixelColor(50, 50), QColor(Qt::red));
+        QVERIFY(isDark(paint(picture).pixelColor(300, 50))); // the square image keeps its shape
+        picture.setWall(smallWall(), background);
+        QCOMPARE(paint(picture).pixelColor(90, 95), off);
+    }
+
+    void statusLedsLightEveryCabinet()
+    {
+        CScreenPicture picture;
+        picture.setWall(smallWall(), {});
+        const QImage off = paint(picture);
+        picture.setStatusLed(true);
+        const QImage on = paint(picture);
+        QVERIFY(off.copy(50, 50, 50, 50) != on.copy(50, 50, 50, 50));
+        QVERIFY(off.copy(150, 50, 50, 50) != on.copy(150, 50, 50, 50));
+        picture.setStatusLed(false);
+        QCOMPARE(paint(picture), off);
+    }
+
+    void highlightedCabinetsFlash_data()
+    {
+        QTest::addColumn<int>("highlight");
+        QTest::newRow("box") << int(CabinetHighlight::FlashingBox);
+        QTest::newRow("LED") << int(CabinetHighlight::LedIndicator);
+    }
+    void highlightedCabinetsFlash()
+    {
+        QFETCH(int, highlight);
+        const LayoutData wall = smallWall();
+        CScreenPicture picture;
+        picture.setWall(wall, {});
+        const QImage calm = paint(picture);
+        QSignalSpy changed(&picture, &CScreenPicture::notifyChanged);
+        picture.setHighlight({wall.layout.ports.first().getAllCabinets().last()},
+                             CabinetHighlight(highlight));
+        const QImage flash = paint(picture);
+        QVERIFY(flash.copy(100, 0, 100, 100) != calm.copy(100, 0, 100, 100));
+        QCOMPARE(flash.copy(0, 0, 100, 100), calm.copy(0, 0, 100, 100));
+        changed.clear();
+        QVERIFY(changed.wait(2000));
+        QCOMPARE(paint(picture), calm);
+        QVERIFY(changed.wait(2000));
+        QCOMPARE(paint(picture), flash);
+        picture.setHighlight({}, CabinetHighlight::Off);
+        QCOMPARE(paint(picture), calm);
+    }
+
+    void numbersAreShownOnDemand()
+    {
+        CScreenPicture picture;
+        picture.setWall(smallWall(), {});
+        const QImage without = paint(picture);
+        picture.setNumbersShown(true);
+        QVERIFY(paint(picture) != without);
+    }
+};
+
+ORVO_TEST_MAIN(QApplication, CScreenTest)
+#include "tst_screen.moc"

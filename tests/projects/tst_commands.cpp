@@ -1,0 +1,248 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/commands/CCommandLine.h"
+#include "host/library/CTypeLibrary.h"
+#include "tests/harness/CTestBase.h"
+#include "tests/projects/ProjectSamples.h"
+
+#include <QImage>
+#include <QProcess>
+#include <QSet>
+#include <QTemporaryDir>
+
+namespace {
+
+/// How a command ended and what it said.
+struct SRun
+{
+    int status = -1;
+    QString out;
+    QString errors;
+};
+
+/// Runs the command in this process.
+SRun runHere(const QStringList &arguments)
+{
+    SRun run;
+    QTextStream out(&run.out);
+    QTextStream errors(&run.errors);
+    run.status = CCommandLine::run(arguments, out, errors);
+    return run;
+}
+
+/// Runs the command as a program of its own, without a display.
+SRun runProgram(const QStringList &arguments)
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        environment.remove(QLatin1String(name));
+    process.setProcessEnvironment(environment);
+    process.start(QCoreApplication::applicationFilePath(), arguments);
+    if (!process.waitForFinished(60000) || process.exitStatus() != QProcess::NormalExit)
+        return {};
+    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+            QString::fromUtf8(process.readAllStandardError())};
+}
+
+QStringList newArguments(const QString &file)
+{
+    return {QStringLiteral("new"),       file,
+            QStringLiteral("--cabinet"), QStringLiteral("64x32"),
+            QStringLiteral("--columns"), QStringLiteral("4"),
+            QStringLiteral("--rows"),    QStringLiteral("2"),
+            QStringLiteral("--ports"),   QStringLiteral("2")};
+}
+
+} // namespace
+
+class CCommandsTest final : public CTestBase
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_folder;
+    QString path(const char *name) const { return m_folder.filePath(QLatin1String(name)); }
+    QString wall() const { return path("wall.sprj"); }
+
+private Q_SLOTS:
+    void initTestCase() { QCOMPARE(runHere(newArguments(wall())).status, 0); }
+
+    void knowsItsCommands_data()
+    {
+        QTest::addColumn<QList<QByteArray>>("arguments");
+        QTest::addColumn<bool>("command");
+        QTest::newRow("nothing") << QList<QByteArray>{"orvo"} << false;
+        QTest::newRow("project") << QList<QByteArray>{"orvo", "wall.sprj"} << false;
+        QTest::newRow("project named like a command")
+            << QList<QByteArray>{"orvo", "wall.sprj", "new"} << false;
+        QTest::newRow("option of the window") << QList<QByteArray>{"orvo", "--demo"} << false;
+        QTest::newRow("check") << QList<QByteArray>{"orvo", "check", "wall.sprj"} << true;
+        QTest::newRow("help behind a file") << QList<QByteArray>{"orvo", "wall.sprj", "--help"} << true;
+        QTest::newRow("version") << QList<QByteArray>{"orvo", "--version"} << true;
+    }
+    void knowsItsCommands()
+    {
+        QFETCH(QList<QByteArray>, arguments);
+        QFETCH(bool, command);
+        QVector<const char *> argv;
+        for (const QByteArray &argument : arguments)
+            argv << argument.constData();
+        QCOMPARE(CCommandLine::isCommand(argv.size(), argv.constData()), command);
+    }
+
+    void makesTheSameProjectEachTime()
+    {
+        const QByteArray first = ProjectSamples::contentOf(wall());
+        QCOMPARE(runHere(newArguments(wall())).status, 0);
+        QCOMPARE(ProjectSamples::contentOf(wall()), first);
+        const auto project = CProcessorProject::read(wall());
+        QVERIFY2(project, qPrintable(project.error()));
+        QCOMPARE(project.value().name, QStringLiteral("wall"));
+        QCOMPARE(project.value().canvas, QSize(256, 64));
+        QCOMPARE(project.value().layout.cabinetCount(), 8);
+        QVERIFY(project.value().portCount >= 2);
+        QVERIFY(!project.value().kind.isEmpty());
+    }
+
+    void refusesWrongUsage_data()
+    {
+        QTest::addColumn<QString>("arguments");
+        QTest::addColumn<int>("status");
+        QTest::addColumn<QString>("said");
+        const auto row = [](const char *arguments, int status, const char *said) {
+            QTest::newRow(arguments) << QString::fromLatin1(arguments) << status << QString::fromLatin1(said);
+        };
+        row("paint a.sprj", 2, "no such command");
+        row("new", 2, "1 file");
+        row("new NEW --cabinet 64x64 --columns 1 --rows 1", 2, "--ports is missing");
+        row("new NEW --cabinet 64 --columns 1 --rows 1 --ports 1", 2, "--cabinet");
+        row("new NEW --cabinet 64x64x64 --columns 1 --rows 1 --ports 1", 2, "--cabinet");
+        row("new NEW --cabinet 64x64 --columns 12abc --rows 1 --ports 1", 2, "12abc");
+        row("new NEW --cabinet 64x64 --columns +1 --rows 1 --ports 1", 2, "+1");
+        row("new NEW --cabinet 64x64 --columns 99999999999 --rows 1 --ports 1", 2, "--columns");
+        row("new NEW --cabinet 64x64 --columns 1 --rows 1 --ports 1 --pattern 8", 2, "0 to 7");
+        row("new NEW --cabinet 64x64 --columns 1 --columns 1 --rows 1 --ports 1", 2, "twice");
+        row("new NEW --cabinet 64x64 --columns 1 --rows 1 --ports", 2, "needs a value");
+        row("new NEW --cabinet 64x64 --columns=60 --rows=60 --ports=1", 1, "up to 1024");
+        row("new NEW.txt --cabinet 64x64 --columns 1 --rows 1 --ports 1", 2, ".sprj");
+        row("export WALL", 2, "2 file");
+        row("export WALL OUT.svg", 2, "SVG is not available in this version");
+        row("export WALL OUT.pdf", 2, "PDF is not available in this version");
+        row("export WALL OUT.jpg", 2, ".png");
+        row("export WALL OUT.csv --size 10x10", 2, "only a picture");
+        row("export WALL OUT.png --size 0x10", 2, "--size");
+        row("export WALL OUT.png --size 16384x16384", 2, "at most");
+        row("export WALL OUT.png --colour red", 2, "--colour");
+        row("export MISSING.sprj OUT.png", 1, "MISSING.sprj\" cannot be read");
+        row("export WALL NOWHERE/OUT.png", 1, "OUT.png\" cannot be written");
+        row("check", 2, "1 file");
+        row("check MISSING.sprj", 1, "MISSING.sprj");
+    }
+    void refusesWrongUsage()
+    {
+        QFETCH(QString, arguments);
+        QFETCH(int, status);
+        QFETCH(QString, said);
+        QStringList list = arguments.split(QLatin1Char(' '));
+        for (QString &argument : list) {
+            if (argument == QLatin1String("WALL"))
+                argument = wall();
+            else if (argument == QLatin1String("NEW"))
+                argument = path("refused.sprj");
+            else if (argument.startsWith(QLatin1String("OUT.")) ||
+                     argument.startsWith(QLatin1String("NOWHERE")))
+                argument = m_folder.filePath(argument);
+        }
+        const SRun run = runHere(list);
+        QCOMPARE(run.status, status);
+        QCOMPARE(run.out, QString());
+        QVERIFY2(run.errors.startsWith(QLatin1String("orvo: ")) && run.errors.contains(said),
+                 qPrintable(run.errors));
+        QVERIFY(
+            QDir(m_folder.path()).entryList({QStringLiteral("OUT*"), QStringLiteral("refused*")}).isEmpty());
+    }
+
+    void exportsATable()
+    {
+        SProcessorProject project = CProcessorProject::read(wall()).value();
+        auto &group = project.layout.ports[1].groups[0];
+        group.uuid = QUuid::createUuidV5(QUuid(), QStringLiteral("group"));
+        group.name = QStringLiteral("B\u00fchne, \"links\"");
+        group.cabinets[0].rank = -1;
+        group.cabinets[1].type = CTypeLibrary::builtIn().findBySize({192, 192})->key;
+        QVERIFY(CProcessorProject::write(path("table.sprj"), project));
+        QCOMPARE(runHere({QStringLiteral("export"), path("table.sprj"), path("table.csv")}).status, 0);
+        const QList<QByteArray> lines = ProjectSamples::contentOf(path("table.csv")).split('\n');
+        QCOMPARE(lines.size(), 10);
+        QCOMPARE(lines.at(0), QByteArray("port,rank,uuid,x,y,width,height,type,group\r"));
+        const auto uuid = [&project](int port, int index) {
+            return project.layout.ports[port].groups[0].cabinets[index].uuid.toByteArray(
+                QUuid::WithoutBraces);
+        };
+        QCOMPARE(lines.at(1), "1,0," + uuid(0, 0) + ",0,0,64,32,,\r");
+        QCOMPARE(lines.at(5),
+                 "2,1," + uuid(1, 1) + ",192,0,64,32,Rental indoor P2.6,\"B\u00fchne, \"\"links\"\"\"\r");
+        QCOMPARE(lines.at(8), "2,," + uuid(1, 0) + ",128,0,64,32,,\"B\u00fchne, \"\"links\"\"\"\r");
+        QCOMPARE(lines.at(9), QByteArray());
+    }
+
+    void exportsAPicture()
+    {
+        QCOMPARE(runHere({QStringLiteral("export"), wall(), path("wall.png")}).status, 0);
+        QCOMPARE(QImage(path("wall.png")).size(), QSize(1920, 480));
+        QCOMPARE(
+            runHere({QStringLiteral("export"), wall(), path("wall.PNG"), QStringLiteral("--size=512x128")})
+                .status,
+            0);
+        const QImage picture(path("wall.PNG"));
+        QCOMPARE(picture.size(), QSize(512, 128));
+        QSet<QRgb> colors; // of cabinets of both ports, beside their wires and numbers
+        for (const QPoint &point : {QPoint(20, 20), QPoint(400, 100)})
+            colors << picture.pixel(point);
+        QCOMPARE(colors.size(), 2);
+    }
+
+    void tellsFindings()
+    {
+        QCOMPARE(runHere({QStringLiteral("check"), wall()}).status, 0);
+        SProcessorProject project = CProcessorProject::read(wall()).value();
+        project.layout.ports[1].groups[0].cabinets[0].rank = -1;
+        project.layout.ports[0].groups[0].cabinets[0].rect = QRect(-2000, 0, 2000, 2000);
+        QVERIFY(CProcessorProject::write(path("wrong.sprj"), project));
+        const SRun run = runHere({QStringLiteral("check"), path("wrong.sprj")});
+        QCOMPARE(run.status, 1);
+        QVERIFY2(run.out.contains(QLatin1String("Port 1: overloaded")), qPrintable(run.out));
+        QVERIFY2(run.out.contains(QLatin1String("Port 1: the cabinet at (-2000, 0) lies outside")),
+                 qPrintable(run.out));
+        QVERIFY2(run.out.contains(QLatin1String("Port 2: the cabinet at (128, 0) is not wired")),
+                 qPrintable(run.out));
+        QVERIFY2(run.errors.contains(path("wrong.sprj")), qPrintable(run.errors));
+    }
+
+    void runsAsAProgramWithoutADisplay()
+    {
+        const SRun help = runProgram({QStringLiteral("--help")});
+        QCOMPARE(help.status, 0);
+        QVERIFY(help.out.contains(QLatin1String("orvo new")) && help.errors.isEmpty());
+        QCOMPARE(runProgram({QStringLiteral("--version")}).out, QStringLiteral("orvo " ORVO_VERSION "\n"));
+        QCOMPARE(runProgram({QStringLiteral("check"), path("missing.sprj")}).status, 1);
+        QCOMPARE(runProgram({QStringLiteral("new")}).status, 2);
+        const SRun picture = runProgram({QStringLiteral("export"), wall(), path("program.png")});
+        QCOMPARE(picture.status, 0);
+        QCOMPARE(picture.errors, QString());
+        QCOMPARE(QImage(path("program.png")).width(), 1920);
+    }
+};
+
+/// The test is the program under test as well: called with a command it runs that.
+int main(int argc, char **argv)
+{
+    if (CCommandLine::isCommand(argc, argv))
+        return CCommandLine::main(argc, argv);
+    const CTestEnvironment environment;
+    QGuiApplication application(argc, argv);
+    CCommandsTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_commands.moc"
