@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CLayout.h"
 
-#include "layout/data/CLayoutData.h"
 #include "layout/panels/CLayoutSidePanel.h"
 #include "layout/plugin/CHostAccess.h"
 #include "layout/plugin/CLayoutEditorPage.h"
@@ -24,8 +23,8 @@
 
 ORVO_DEFINE_SINGLETON(CLayout)
 
-CLayout::CLayout()
-    : m_store(CSingleton<CLayoutData>::instance())
+CLayout::CLayout(CLayoutData &store)
+    : m_store(store)
 {
     initLayoutResources();
     buildUi();

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/data/CLayoutData.h"
 #include "layout/data/records/ProcessorTree.h"
 #include "layout/plugin/CWholeModuleWarningWidget.h"
 #include "layout/plugin/ILayoutInterface.h"
@@ -11,7 +12,6 @@
 #include <QPointer>
 #include <QWidget>
 
-class CLayoutData;
 class CLayoutEditorPage;
 class CLayoutSidePanel;
 class CMappingCommands;
@@ -27,7 +27,8 @@ class CLayout final : public QWidget, public ILayoutInterface, public CObserver
     Q_OBJECT
 
 public:
-    CLayout();
+    /// @p store must outlive the widget.
+    explicit CLayout(CLayoutData &store = CSingleton<CLayoutData>::instance());
     ~CLayout() override;
 
     /// Listens to the notifications of @p host from now on and sends calls to its handler.

@@ -1,0 +1,154 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+// A host in a few lines: loads the module, uses it, stops it and quits. Complains on stderr, and with its
+// exit status, of anything that is not as it should be.
+#include "layout/data/records/RecordMetaTypes.h"
+#include "layout/plugin/ILayoutInterface.h"
+#include "layout/plugin/LayoutNotification.h"
+#include "layout/plugin/Layout_Init.h"
+#include "platform/control/UiOrvo.h"
+#include "platform/widgets/CTheme.h"
+#include "tests/harness/CFakeHost.h"
+#include "tests/harness/CTestBase.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QLibrary>
+#include <QMenu>
+#include <QVBoxLayout>
+
+namespace {
+
+using Entry = decltype(&Layout_Init);
+
+int complaints = 0;
+
+void expect(bool holds, const char *what)
+{
+    if (holds)
+        return;
+    ++complaints;
+    fprintf(stderr, "not as expected: %s\n", what);
+}
+
+QAbstractButton *screenButton(const QWidget &widget)
+{
+    for (QAbstractButton *button : widget.findChildren<QAbstractButton *>()) {
+        if (button->toolTip() == QLatin1String("Show screen"))
+            return button;
+    }
+    return nullptr;
+}
+
+int threadCount()
+{
+    return QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
+}
+
+void waitFor(const std::function<bool()> &holds, const char *what)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (!holds() && timer.elapsed() < 10000)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+    expect(holds(), what);
+}
+
+} // namespace
+
+class CSessionHost final : public QObject
+{
+    Q_OBJECT
+
+public:
+    QStringList registered;
+    QWidget *rightBar = nullptr;
+
+    Q_INVOKABLE void AddRightBarWidget(UiOrvo::EnModule module, QWidget *widget)
+    {
+        registered << QStringLiteral("right bar %1").arg(module);
+        rightBar = widget;
+    }
+    Q_INVOKABLE void AddLock(UiOrvo::EnModule module) { registered << QStringLiteral("lock %1").arg(module); }
+    Q_INVOKABLE void AddCollapse(UiOrvo::EnModule module)
+    {
+        registered << QStringLiteral("collapse %1").arg(module);
+    }
+};
+
+namespace {
+
+void useModule(Entry init)
+{
+    CFakeHost host;
+    CSessionHost object;
+    host.hostObject = &object;
+    const QUuid a = host.addProcessor(QStringLiteral("A"), 16, 20);
+    const int threads = threadCount();
+
+    QWidget window;
+    auto *row = new QHBoxLayout(&window);
+    IAbstractControlInterface *control = nullptr;
+    expect(init(&control, &host, &window), "the entry succeeds");
+    auto *layout = dynamic_cast<ILayoutInterface *>(control);
+    auto *widget = qobject_cast<QWidget *>(control->object());
+    expect(layout && widget && widget->parentWidget() == &window, "the widget is below its parent");
+    expect(object.registered.join(QLatin1Char('|')) == QLatin1String("right bar 2|lock 2|collapse 2"),
+           "the module registers itself");
+    row->addWidget(widget);
+    row->addWidget(object.rightBar);
+    window.resize(1200, 700);
+    window.show();
+    widget->show();
+
+    host.choose(a);
+    host.notify(LayoutNotification::CurrentProcessorChanged, a);
+    host.notify(LayoutNotification::SelectedNodeChanged, SSelectedNodeChange{{}, PrcTreeNodeType::Processor});
+    waitFor([widget] { return screenButton(*widget)->isVisible(); }, "the editor is shown");
+    window.grab();
+    QMenu menu;
+    layout->fillProcessorMenu(menu, a);
+    expect(menu.actions().size() > 10, "the menu is filled");
+    screenButton(*widget)->click();
+    expect(host.answers().count(QStringLiteral("showScreen")) == 1, "the screen is asked for");
+    expect(threadCount() > threads, "workers run");
+
+    host.notify(LayoutNotification::PortCountChanged); // leaves queued work behind
+    menu.clear();
+    control->stop();
+    expect(threadCount() == threads, "no thread is left");
+    expect(!widget->parentWidget(), "the widget has left its parent");
+    control->stop();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const CTestEnvironment environment;
+    if (argc != 3)
+        return 2;
+    QApplication application(argc, argv);
+    CTheme::apply(application);
+    registerRecordMetaTypes();
+    QLibrary library(QString::fromLocal8Bit(argv[1]));
+    const auto init = reinterpret_cast<Entry>(library.resolve("Layout_Init"));
+    expect(init, "the entry is found");
+    if (!init)
+        return 1;
+    if (qstrcmp(argv[2], "null") == 0) {
+        const int threads = threadCount();
+        const int widgets = QApplication::allWidgets().size();
+        CFakeHost host;
+        QWidget parent;
+        expect(!init(nullptr, &host, &parent), "a null out fails");
+        expect(parent.children().isEmpty() && QApplication::allWidgets().size() == widgets + 1, "no widget");
+        expect(threadCount() == threads && host.answers().calls().isEmpty(), "no effect");
+    } else {
+        useModule(init);
+    }
+    return complaints;
+}
+
+#include "module_session.moc"

@@ -1,0 +1,224 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/data/CLayoutData.h"
+#include "layout/editor/CCabinetGraphicsScene.h"
+#include "layout/editor/CLayoutGraphicsView.h"
+#include "layout/panels/CLayoutSidePanel.h"
+#include "layout/plugin/CLayout.h"
+#include "layout/plugin/LayoutNotification.h"
+#include "tests/harness/CFakeHost.h"
+#include "tests/harness/CMessageBoxAnswerer.h"
+#include "tests/harness/CTestBase.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QStackedLayout>
+
+namespace {
+
+struct SModuleScene final
+{
+    CFakeHost host;
+    QUuid a = host.addProcessor(QStringLiteral("A"), 4, 3);
+    QUuid b = host.addProcessor(QStringLiteral("B"), 2, 1);
+    CLayoutData store;
+    CLayout layout{store};
+
+    SModuleScene() { layout.setHost(host); }
+    ~SModuleScene() { layout.stop(); }
+
+    CFakeHandler &answers() { return host.answers(); }
+    void select(const QList<QUuid> &processors, PrcTreeNodeType type = PrcTreeNodeType::Processor)
+    {
+        answers().selected = processors;
+        if (processors.size() == 1) {
+            answers().current = processors.first();
+            host.notify(LayoutNotification::CurrentProcessorChanged, processors.first());
+        }
+        host.notify(LayoutNotification::SelectedNodeChanged, SSelectedNodeChange{{}, type});
+        settle();
+    }
+    /// Delivers what the worker has posted to the pages.
+    void settle()
+    {
+        QSignalSpy done(&store, &CLayoutData::notifyDetectFinished);
+        host.notify(LayoutNotification::DetectFinished);
+        QTRY_COMPARE(done.count(), 1);
+        QCoreApplication::sendPostedEvents();
+    }
+    QStackedLayout &pages() const { return *layout.findChild<QStackedLayout *>(); }
+    QString page() const
+    {
+        const QWidget *current = pages().currentWidget();
+        return QString::fromLatin1(current->metaObject()->className());
+    }
+    QString title() const
+    {
+        const QWidget *current = pages().currentWidget();
+        return current->findChild<QLabel *>()->text();
+    }
+    CCabinetGraphicsScene &scene() const { return layout.findChild<CLayoutGraphicsView *>()->cabinetScene(); }
+    int cabinetsShown(const QUuid &processor) const
+    {
+        CabinetLayout shown;
+        scene().getLayoutData(shown, processor);
+        return shown.cabinetCount();
+    }
+};
+
+const QString Editor = QStringLiteral("CLayoutEditorPage");
+const QString Warning = QStringLiteral("CWholeModuleWarningWidget");
+
+} // namespace
+
+class CLayoutControllerTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void isBuiltUnderItsNames()
+    {
+        SModuleScene module;
+        QCOMPARE(module.layout.objectName(), QStringLiteral("Layout"));
+        QVERIFY(module.layout.findChild<QWidget *>(QStringLiteral("BGTransparent")));
+        QCOMPARE(module.pages().count(), 3);
+        QCOMPARE(module.page(), QStringLiteral("QLabel")); // waits for the host
+        const QAbstractButton &button = module.layout.showScreenButton();
+        QCOMPARE(button.toolTip(), QStringLiteral("Show screen"));
+        QCOMPARE(button.property("ToolLocation"), QVariant(3));
+        QCOMPARE(button.minimumSize(), QSize(18, 18));
+        QCOMPARE(button.maximumSize(), QSize(18, 18));
+        QVERIFY(button.isCheckable());
+    }
+
+    void showsTheCurrentProcessor()
+    {
+        SModuleScene module;
+        module.select({module.a});
+        QCOMPARE(module.page(), Editor);
+        QCOMPARE(module.title(), QStringLiteral("A(127.0.0.1)"));
+        QCOMPARE(module.cabinetsShown(module.a), 12);
+        module.select({module.b});
+        QCOMPARE(module.cabinetsShown(module.a), 0);
+        QCOMPARE(module.cabinetsShown(module.b), 2);
+    }
+
+    void preparesAProcessorThatNeedsIt()
+    {
+        SModuleScene module;
+        module.select({module.a});
+        QCOMPARE(module.answers().count(QStringLiteral("performPreparatoryStep")), 0);
+        module.answers().preparation = 1;
+        module.select({module.b});
+        QCOMPARE(module.answers().count(QStringLiteral("performPreparatoryStep")), 1);
+    }
+
+    void followsTheSelection()
+    {
+        SModuleScene module;
+        module.select({});
+        QCOMPARE(module.page(), Warning);
+        QCOMPARE(module.title(), QStringLiteral("No processor selected"));
+        module.select({module.a});
+        QCOMPARE(module.page(), Editor);
+        module.select({module.a, module.b});
+        QCOMPARE(module.title(), QStringLiteral("Please select a single processor"));
+        module.host.notify(LayoutNotification::SelectedNodeChanged,
+                           SSelectedNodeChange{{}, PrcTreeNodeType::Other});
+        module.answers().selected = {module.a};
+        QCOMPARE(module.page(), Warning); // a heading leaves the page as it is
+        module.answers().nodes[1].online = false;
+        module.select({module.b});
+        QCOMPARE(module.title(), QStringLiteral("The current processor is offline"));
+        module.answers().nodes[1].online = true;
+        module.host.notify(LayoutNotification::ProcessorStateChanged, SProcessorStateChange{module.b, true});
+        QTRY_COMPARE(module.page(), Editor);
+    }
+
+    void offersToLeaveTheFiberMode()
+    {
+        SModuleScene module;
+        module.answers().fiber = {module.a};
+        module.select({module.a});
+        QCOMPARE(module.page(), Warning);
+        QCOMPARE(module.cabinetsShown(module.a), 0);
+        const QString uuid = module.a.toString(QUuid::WithoutBraces);
+        CMessageBoxAnswerer user({QStringLiteral("OK"), QStringLiteral("OK")});
+        const QList<QPushButton *> buttons = module.pages().currentWidget()->findChildren<QPushButton *>();
+        buttons.at(0)->click();
+        module.answers().refused = {QStringLiteral("setWorkMode")};
+        buttons.at(1)->click();
+        QCOMPARE(module.answers().calls().filter(QStringLiteral("setWorkMode")),
+                 (QStringList{QStringLiteral("setWorkMode(%1,0)").arg(uuid),
+                              QStringLiteral("setWorkMode(%1,1)").arg(uuid)}));
+        QCOMPARE(user.texts(),
+                 (QStringList{QStringLiteral("Set successful."), QStringLiteral("Set failed.")}));
+        QCOMPARE(user.boxes().last().details, module.answers().error);
+
+        module.answers().fiber.clear();
+        module.host.notify(LayoutNotification::WorkModeChanged);
+        QTRY_COMPARE(module.page(), Editor);
+        QCOMPARE(module.cabinetsShown(module.a), 12);
+    }
+
+    void loadsAgainWhatTheHostReplaced()
+    {
+        SModuleScene module;
+        module.select({module.a});
+        module.answers().layouts[module.a].layout.ports[0].groups.clear();
+        module.host.notify(LayoutNotification::LayoutReplaced, module.a);
+        QTRY_COMPARE(module.cabinetsShown(module.a), 9);
+        module.answers().layouts[module.a].layout.ports.removeLast();
+        module.host.notify(LayoutNotification::PortCountChanged);
+        QTRY_COMPARE(module.cabinetsShown(module.a), 6);
+    }
+
+    void tellsHowAReadEnded()
+    {
+        SModuleScene module;
+        module.select({module.a});
+        const auto texts = [&module] {
+            QStringList all;
+            for (const QLabel *label : module.pages().currentWidget()->findChildren<QLabel *>())
+                all << label->text();
+            return all.join(QLatin1Char('|'));
+        };
+        module.host.notify(LayoutNotification::ReadbackFinished, SReadbackResult{module.b, true});
+        module.settle();
+        QVERIFY(!texts().contains(QLatin1String("equals")));
+        module.host.notify(LayoutNotification::ReadbackFinished, SReadbackResult{module.a, true});
+        QTRY_VERIFY(texts().contains(QLatin1String("The processor's mapping equals the layout.")));
+    }
+
+    void theScreenButtonFollowsTheHost()
+    {
+        SModuleScene module;
+        module.layout.showScreen(true);
+        QVERIFY(module.layout.showScreenButton().isChecked());
+        module.layout.setScreenShown(false);
+        QVERIFY(!module.layout.showScreenButton().isChecked());
+        QCOMPARE(module.answers().calls().filter(QStringLiteral("showScreen")),
+                 QStringList{QStringLiteral("showScreen(true)")});
+    }
+
+    void stoppingLeavesNothingBehind()
+    {
+        SModuleScene module;
+        QWidget parent;
+        module.layout.setParent(&parent);
+        module.select({module.a});
+        const QPointer<QWidget> panel = module.layout.rightBarWidget();
+        module.layout.OnCurrentProcessorChanged();
+        QMetaObject::invokeMethod(&module.layout, "onPrcWorkModeChanged", Qt::QueuedConnection);
+        module.layout.stop();
+        QVERIFY(!module.layout.parentWidget());
+        QVERIFY(module.layout.findChildren<QWidget *>().isEmpty());
+        QVERIFY(!panel);
+        module.host.notify(LayoutNotification::CurrentProcessorChanged, 'x'); // nobody listens
+        QCoreApplication::sendPostedEvents();
+        module.layout.stop();
+    }
+};
+
+ORVO_TEST_MAIN(QApplication, CLayoutControllerTest)
+#include "tst_layout_controller.moc"

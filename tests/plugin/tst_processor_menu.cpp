@@ -1,0 +1,310 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/data/CLayoutData.h"
+#include "layout/plugin/CProcessorCommands.h"
+#include "layout/plugin/CProcessorMenu.h"
+#include "tests/harness/CFakeHost.h"
+#include "tests/harness/CMessageBoxAnswerer.h"
+#include "tests/harness/CTestBase.h"
+
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMenu>
+
+namespace {
+
+struct SMenuScene final
+{
+    CFakeHost host;
+    QUuid a = host.addProcessor(QStringLiteral("A"), 4);
+    QUuid b = host.addProcessor(QStringLiteral("B"), 2);
+    QWidget window;
+    CLayoutData store;
+    CProcessorCommands commands{store, window};
+    QMenu menu;
+
+    SMenuScene() { host.choose(a); }
+    ~SMenuScene() { store.stop(); }
+
+    CFakeHandler &answers() { return host.answers(); }
+    void fill(bool editable = true)
+    {
+        menu.clear();
+        CProcessorMenu(menu, commands, a, editable).fill();
+    }
+    QAction *entry(const QString &path)
+    {
+        const QMenu *level = &menu;
+        QAction *found = nullptr;
+        const QStringList texts = path.split(QLatin1Char('>'));
+        for (const QString &text : texts) {
+            found = nullptr;
+            for (QAction *action : level->actions())
+                found = action->text() == text ? action : found;
+            if (!found)
+                return nullptr;
+            level = found->menu();
+        }
+        return found;
+    }
+    bool enabled(const char *path) { return entry(QString::fromLatin1(path))->isEnabled(); }
+    void trigger(const char *path) { entry(QString::fromLatin1(path))->trigger(); }
+    QStringList commandCalls()
+    {
+        QStringList calls = answers().calls().filter(
+            QRegularExpression(QStringLiteral("^(import|export|copy|setC|setO|setP|cancel)")));
+        calls.replaceInStrings(a.toString(QUuid::WithoutBraces), QStringLiteral("A"));
+        calls.replaceInStrings(b.toString(QUuid::WithoutBraces), QStringLiteral("B"));
+        return calls;
+    }
+};
+
+/// The texts of a menu; "-" for a line, ">" before a submenu.
+QStringList textsOf(const QMenu &menu)
+{
+    QStringList texts;
+    for (const QAction *action : menu.actions())
+        texts << (action->isSeparator()
+                      ? QStringLiteral("-")
+                      : (action->menu() ? QStringLiteral(">") : QString()) + action->text());
+    return texts;
+}
+
+/// Answers the next file dialog as a user does; an empty name cancels it. Notes its title and proposal.
+class CFileDialogAnswerer final : public QObject
+{
+public:
+    explicit CFileDialogAnswerer(const QString &file)
+        : m_file(file)
+    {
+        startTimer(1);
+    }
+    QString title;
+    QString proposal;
+    QStringList filters;
+
+protected:
+    void timerEvent(QTimerEvent *) override
+    {
+        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+        if (!dialog || !title.isEmpty())
+            return;
+        title = dialog->windowTitle();
+        filters = dialog->nameFilters();
+        auto *name = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        proposal = name->text();
+        name->setText(m_file);
+        if (m_file.isEmpty())
+            dialog->reject();
+        else
+            QMetaObject::invokeMethod(dialog, "accept");
+    }
+
+private:
+    const QString m_file;
+};
+
+const QString Ok = QStringLiteral("OK");
+
+} // namespace
+
+class CProcessorMenuTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void listsItsEntriesInOrder()
+    {
+        SMenuScene scene;
+        scene.fill();
+        const QString wanted = QStringLiteral(
+            "Import mapping by processor...|>Copy mapping from|Export mapping by processor...|"
+            ">Cabinet status LED|-|>Number of output ports|>Set as redundancy for|Cancel redundancy|-|"
+            ">Cabinet parameters|-|Cabinet information...|-|Redundant processor view...");
+        QCOMPARE(textsOf(scene.menu), wanted.split(QLatin1Char('|')));
+        QCOMPARE(
+            textsOf(*scene.entry(QStringLiteral("Number of output ports"))->menu()).join(QLatin1Char(' ')),
+            QStringLiteral("2 4 6 8 10 12 16 20 26 32 40 80"));
+        QCOMPARE(textsOf(*scene.entry(QStringLiteral("Cabinet status LED"))->menu()).join(QLatin1Char(' ')),
+                 QStringLiteral("On Off"));
+        QCOMPARE(textsOf(*scene.entry(QStringLiteral("Cabinet parameters"))->menu()).join(QLatin1Char('|')),
+                 QStringLiteral("Markup custom-defined cabinets|Save parameters..."));
+        QCOMPARE(textsOf(*scene.entry(QStringLiteral("Copy mapping from"))->menu()).join(QLatin1Char('|')),
+                 QStringLiteral("B(127.0.0.1)"));
+    }
+
+    void nothingIsADeadClick()
+    {
+        SMenuScene scene;
+        scene.fill();
+        QVERIFY(scene.menu.toolTipsVisible());
+        for (const char *later : {"Cabinet information...", "Redundant processor view...",
+                                  "Cabinet parameters>Save parameters..."}) {
+            const QAction *entry = scene.entry(QString::fromLatin1(later));
+            QVERIFY2(!entry->isEnabled(), later);
+            QCOMPARE(entry->toolTip(), QStringLiteral("Available in a later version"));
+        }
+        QVERIFY(!scene.enabled("Cancel redundancy")); // not in a pair
+        QVERIFY(scene.entry(QStringLiteral("Number of output ports>4"))->isChecked());
+        QVERIFY(scene.enabled("Number of output ports>16"));
+        QVERIFY(!scene.enabled("Number of output ports>20")); // of at most 16
+    }
+
+    void enablesWhatThePartiesAllow_data()
+    {
+        QTest::addColumn<bool>("fiber");
+        QTest::addColumn<bool>("editable");
+        QTest::addColumn<bool>("online");
+        QTest::addColumn<QString>("enabled"); // import, copy, export, LED, ports, redundancy
+        QTest::newRow("all") << false << true << true << QStringLiteral("111111");
+        QTest::newRow("blocked") << false << false << true << QStringLiteral("001101");
+        QTest::newRow("offline") << false << true << false << QStringLiteral("111011");
+        QTest::newRow("fibre") << true << true << true << QStringLiteral("000000");
+    }
+    void enablesWhatThePartiesAllow()
+    {
+        QFETCH(bool, fiber);
+        QFETCH(bool, editable);
+        QFETCH(bool, online);
+        QFETCH(QString, enabled);
+        SMenuScene scene;
+        scene.answers().nodes[0].online = online;
+        if (fiber)
+            scene.answers().fiber = {scene.a};
+        scene.fill(editable);
+        QString seen;
+        for (const char *path :
+             {"Import mapping by processor...", "Copy mapping from", "Export mapping by processor...",
+              "Cabinet status LED", "Number of output ports", "Set as redundancy for"})
+            seen += scene.enabled(path) ? QLatin1Char('1') : QLatin1Char('0');
+        QCOMPARE(seen, enabled);
+    }
+
+    void othersInFiberModeCannotBeChosen()
+    {
+        SMenuScene scene;
+        scene.answers().fiber = {scene.b};
+        scene.fill();
+        for (const char *path : {"Copy mapping from>Fiber Optic Transceiver Mode is on",
+                                 "Set as redundancy for>Fiber Optic Transceiver Mode is on"}) {
+            QVERIFY2(scene.entry(QString::fromLatin1(path)), path);
+            QVERIFY2(!scene.enabled(path), path);
+        }
+    }
+
+    void callsTheHostAndTellsTheResult_data()
+    {
+        QTest::addColumn<QByteArray>("path");
+        QTest::addColumn<QString>("call");
+        QTest::addColumn<QString>("messages"); // success|failure
+        const QString set = QStringLiteral("Set successful.|Set failed.");
+        QTest::newRow("LED on") << QByteArray("Cabinet status LED>On")
+                                << QStringLiteral("setCabinetStatusLed(true)") << set;
+        QTest::newRow("LED off") << QByteArray("Cabinet status LED>Off")
+                                 << QStringLiteral("setCabinetStatusLed(false)") << set;
+        QTest::newRow("ports") << QByteArray("Number of output ports>12")
+                               << QStringLiteral("setOutputPortCount(A,12)") << set;
+        QTest::newRow("redundancy") << QByteArray("Set as redundancy for>B(127.0.0.1)")
+                                    << QStringLiteral("setProcessorRedundancy(B,A)") << set;
+        QTest::newRow("no redundancy")
+            << QByteArray("Cancel redundancy") << QStringLiteral("cancelProcessorRedundancy(A)") << set;
+        QTest::newRow("copy") << QByteArray("Copy mapping from>B(127.0.0.1)")
+                              << QStringLiteral("copyProcessorMapping(B,A,false)")
+                              << QStringLiteral("Import mapping successful.|Import mapping failed.");
+    }
+    void callsTheHostAndTellsTheResult()
+    {
+        QFETCH(QByteArray, path);
+        QFETCH(QString, call);
+        QFETCH(QString, messages);
+        SMenuScene scene;
+        scene.answers().redundancies = {{scene.b, scene.a}};
+        scene.fill();
+        CMessageBoxAnswerer user({Ok, Ok});
+        scene.trigger(path.constData());
+        scene.answers().refused = {call.section(QLatin1Char('('), 0, 0)};
+        scene.trigger(path.constData());
+        QCOMPARE(scene.commandCalls(), (QStringList{call, call}));
+        QCOMPARE(user.texts().join(QLatin1Char('|')), messages);
+        QCOMPARE(user.boxes().first().details, QString());
+        QCOMPARE(user.boxes().last().details, scene.answers().error);
+    }
+
+    void importAsksForLockedPortsOnly_data()
+    {
+        QTest::addColumn<bool>("locked");
+        QTest::addColumn<QStringList>("answers");
+        QTest::addColumn<QString>("flag");
+        QTest::newRow("unlocked") << false << QStringList{Ok} << QStringLiteral("false");
+        QTest::newRow("overwrite") << true << QStringList{QStringLiteral("Yes"), Ok}
+                                   << QStringLiteral("true");
+        QTest::newRow("keep") << true << QStringList{QStringLiteral("No"), Ok} << QStringLiteral("false");
+    }
+    void importAsksForLockedPortsOnly()
+    {
+        QFETCH(bool, locked);
+        QFETCH(QStringList, answers);
+        QFETCH(QString, flag);
+        QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("wall.sprj"));
+        QVERIFY(QFile(file).open(QIODevice::WriteOnly));
+        SMenuScene scene;
+        scene.answers().layouts[scene.a].layout.ports[2].locked = locked;
+        scene.fill();
+        CFileDialogAnswerer chooser(file);
+        CMessageBoxAnswerer user(answers);
+        scene.trigger("Import mapping by processor...");
+        QCOMPARE(chooser.title, QStringLiteral("Import..."));
+        QCOMPARE(scene.commandCalls(),
+                 QStringList{QStringLiteral("importProcessorMapping(A,%1,%2)").arg(file, flag)});
+        QCOMPARE(user.texts().last(), QStringLiteral("Import mapping successful."));
+        if (locked)
+            QCOMPARE(
+                user.texts().first(),
+                QStringLiteral("The output port has been locked in the current layout, want to overwrite?"));
+        QCOMPARE(scene.store.mappingFolder(), folder.path());
+    }
+
+    void exportProposesANameAndCompletesIt()
+    {
+        QTemporaryDir folder;
+        SMenuScene scene;
+        scene.store.setMappingFolder(folder.path());
+        scene.fill();
+        CFileDialogAnswerer chooser(folder.filePath(QStringLiteral("wall")));
+        CMessageBoxAnswerer user({Ok});
+        scene.trigger("Export mapping by processor...");
+        QCOMPARE(chooser.title, QStringLiteral("Export..."));
+        QCOMPARE(chooser.proposal, QStringLiteral("New.sprj"));
+        QCOMPARE(chooser.filters, QStringList{QStringLiteral("Processor Project File(*.sprj)")});
+        QCOMPARE(scene.commandCalls(), QStringList{QStringLiteral("exportProcessorMapping(A,%1)")
+                                                       .arg(folder.filePath(QStringLiteral("wall.sprj")))});
+        QCOMPARE(user.texts(), QStringList{QStringLiteral("Export mapping successful.")});
+    }
+
+    void aCancelledFileDialogEndsSilently()
+    {
+        SMenuScene scene;
+        scene.fill();
+        for (const char *path : {"Import mapping by processor...", "Export mapping by processor..."}) {
+            CFileDialogAnswerer chooser{QString()};
+            scene.trigger(path);
+            QVERIFY(!chooser.title.isEmpty());
+        }
+        QCOMPARE(scene.commandCalls(), QStringList());
+    }
+
+    void markupIsKeptInTheStore()
+    {
+        SMenuScene scene;
+        scene.fill();
+        scene.trigger("Cabinet parameters>Markup custom-defined cabinets");
+        QVERIFY(scene.store.options().markupCustomCabinets);
+        scene.fill();
+        QVERIFY(
+            scene.entry(QStringLiteral("Cabinet parameters>Markup custom-defined cabinets"))->isChecked());
+    }
+};
+
+ORVO_TEST_MAIN(QApplication, CProcessorMenuTest)
+#include "tst_processor_menu.moc"
