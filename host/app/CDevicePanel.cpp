@@ -43,7 +43,7 @@ void CDevicePanel::buildUi(QAction &detect)
     column->setSpacing(6);
 
     auto *button = new QToolButton;
-    button->setObjectName(QStringLiteral("DetectButton"));
+    button->setObjectName(QStringLiteral("HasBackground"));
     button->setDefaultAction(&detect);
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setIconSize({18, 18});
@@ -56,7 +56,8 @@ void CDevicePanel::buildUi(QAction &detect)
     m_hint->setWordWrap(true);
     m_hint->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     m_hint->setEnabled(false);
-    column->addWidget(m_hint, 1);
+    m_hint->setMargin(6);
+    column->addWidget(m_hint);
 
     m_tree = new QTreeView;
     m_tree->setObjectName(QStringLiteral("DeviceTree"));
@@ -68,12 +69,13 @@ void CDevicePanel::buildUi(QAction &detect)
     m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
     m_tree->setTextElideMode(Qt::ElideRight);
     column->addWidget(m_tree, 1);
+    setFocusProxy(m_tree);
 }
 
 void CDevicePanel::connectSignals()
 {
     connect(m_tree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &CDevicePanel::applySelection);
+            &CDevicePanel::announceSelection);
     connect(m_tree, &QTreeView::customContextMenuRequested, this, &CDevicePanel::onMenuRequested);
     connect(&m_manager.treeModel(), &QAbstractItemModel::modelReset, this, &CDevicePanel::onRowsReset);
 }
@@ -95,14 +97,12 @@ QUuid CDevicePanel::singleProcessor() const
     return nodeUuid(rows.first());
 }
 
-void CDevicePanel::applySelection()
+void CDevicePanel::announceSelection()
 {
     QList<QUuid> processors;
-    PrcTreeNodeType type = PrcTreeNodeType::Other;
+    PrcTreeNodeType type = PrcTreeNodeType::Processor; // also when none is selected
     m_selectedNodes.clear();
     for (const QModelIndex &index : m_tree->selectionModel()->selectedRows()) {
-        if (nodeType(index) == PrcTreeNodeType::Other)
-            continue; // a heading stands for no processor
         m_selectedNodes << nodeUuid(index);
         type = m_selectedNodes.size() == 1 ? nodeType(index) : PrcTreeNodeType::Processor;
         for (const QUuid &member : index.data(CDeviceTreeModel::MembersRole).value<QList<QUuid>>()) {
@@ -130,7 +130,7 @@ void CDevicePanel::onRowsReset()
     }
     m_tree->viewport()->update();
     if (lost)
-        applySelection();
+        announceSelection();
     updateHint();
 }
 
@@ -145,5 +145,4 @@ void CDevicePanel::updateHint()
 {
     const bool empty = m_manager.table().nodes().isEmpty();
     m_hint->setVisible(empty);
-    m_tree->setVisible(!empty);
 }

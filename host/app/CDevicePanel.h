@@ -24,6 +24,8 @@ public:
 
     /// Selects one processor, nothing else.
     void selectProcessor(const QUuid &processor);
+    /// Tells the modules what is selected; also done with each change.
+    void announceSelection();
     /// The processor that is selected alone; null for none, several or a group.
     QUuid singleProcessor() const;
 
@@ -35,13 +37,12 @@ Q_SIGNALS:
 private:
     void buildUi(QAction &detect);
     void connectSignals();
-    void applySelection();
     void onRowsReset();
     void onMenuRequested(const QPoint &position);
     void updateHint();
 
     CDeviceManager &m_manager;
     QTreeView *m_tree = nullptr;
-    QLabel *m_hint = nullptr;     ///< in place of an empty tree
+    QLabel *m_hint = nullptr;     ///< while there is no processor
     QList<QUuid> m_selectedNodes; ///< processors and groups; survives a rebuilt tree
 };

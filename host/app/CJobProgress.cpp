@@ -31,6 +31,7 @@ void CJobProgress::buildUi()
     m_cancel = new QPushButton(tr("Cancel"));
     m_cancel->setObjectName(QStringLiteral("CancelJob"));
     row->addWidget(m_cancel);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     setVisible(false);
 }
 

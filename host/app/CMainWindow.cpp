@@ -8,7 +8,6 @@
 #include "host/app/CLogFile.h"
 #include "host/app/CModuleFrame.h"
 #include "host/app/CModuleHost.h"
-#include "host/app/CModuleTitleBar.h"
 #include "host/app/CProjectCommands.h"
 #include "host/app/CScreenWindow.h"
 #include "host/app/CSimulationMenu.h"
@@ -88,6 +87,7 @@ void CMainWindow::buildUi()
     m_splitter->addWidget(m_module->rightBar());
     m_splitter->setStretchFactor(1, 1);
     setCentralWidget(m_splitter);
+    m_devices->setFocus();
 }
 
 void CMainWindow::buildStatusBar()
@@ -135,7 +135,7 @@ void CMainWindow::connectDevices()
     connect(&m_manager, &CDeviceManager::processorsChanged, this, &CMainWindow::updateActions);
     connect(&m_manager, &CDeviceManager::layoutCommitted, this, &CMainWindow::updateActions);
     connect(&m_manager, &CDeviceManager::detectionFinished, this, [this](int online) {
-        statusBar()->showMessage(tr("Detection finished: %n processor(s) online", "", online),
+        statusBar()->showMessage(tr("Detection finished. Processors online: %1").arg(online),
                                  MessageMilliseconds);
     });
     connect(&m_manager, &CDeviceManager::typeLibraryRequested, this,
@@ -150,7 +150,7 @@ void CMainWindow::loadModule(const QString &file)
 {
     m_module->load(file);
     m_module->setCollapsed(m_settings.isRightBarCollapsed());
-    updateActions();
+    m_devices->announceSelection(); // updates the actions, too
 }
 
 void CMainWindow::start(const SAppOptions &options)
@@ -321,7 +321,6 @@ void CMainWindow::updateTitles()
         setWindowTitle(QStringLiteral("Orvo"));
         setWindowModified(false);
         m_processor->setText(tr("No current processor"));
-        m_module->frame()->titleBar().setSubject({});
         return;
     }
     const QString state = device->project       ? tr("project")
@@ -331,5 +330,4 @@ void CMainWindow::updateTitles()
     setWindowTitle(tr("%1[*] - Orvo").arg(name));
     setWindowModified(device->isModified());
     m_processor->setText(tr("%1, %2").arg(name, state));
-    m_module->frame()->titleBar().setSubject(name);
 }

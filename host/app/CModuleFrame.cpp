@@ -20,11 +20,11 @@ CModuleFrame::CModuleFrame(const QString &title, QWidget *parent)
 
 void CModuleFrame::showModule(ILayoutInterface &module)
 {
-    m_module = qobject_cast<QWidget *>(module.object());
-    if (!m_module)
+    auto *widget = qobject_cast<QWidget *>(module.object());
+    if (!widget)
         return;
-    m_column->addWidget(m_module, 1);
-    m_module->show();
+    m_column->addWidget(widget, 1);
+    widget->show();
 }
 
 void CModuleFrame::showProblem(const QString &text)
@@ -37,13 +37,4 @@ void CModuleFrame::showProblem(const QString &text)
     label->setWordWrap(true);
     label->setMargin(24);
     m_column->addWidget(label, 1);
-}
-
-void CModuleFrame::releaseModule()
-{
-    if (!m_module)
-        return;
-    m_module->hide();
-    m_module->setParent(nullptr);
-    m_module = nullptr;
 }

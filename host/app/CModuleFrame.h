@@ -17,14 +17,11 @@ public:
     explicit CModuleFrame(const QString &title, QWidget *parent = nullptr);
 
     CModuleTitleBar &titleBar() { return *m_titleBar; }
-    /// Shows the module's widget, which must lie under this frame already.
+    /// Shows the module's widget, which lies under this frame until the module is stopped.
     void showModule(ILayoutInterface &module);
     void showProblem(const QString &text);
-    /// Gives the module's widget back: the module owns it.
-    void releaseModule();
 
 private:
     CModuleTitleBar *m_titleBar = nullptr;
     QVBoxLayout *m_column = nullptr;
-    QWidget *m_module = nullptr;
 };

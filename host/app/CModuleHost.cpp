@@ -58,7 +58,6 @@ void CModuleHost::stop()
     if (m_layout)
         m_layout->stop();
     m_control.stop();
-    m_frame->releaseModule();
     m_layout = nullptr;
 }
 

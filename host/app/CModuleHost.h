@@ -28,7 +28,7 @@ public:
     void setCollapsed(bool collapsed);
     bool isCollapsed() const { return m_collapsed; }
 
-    /// Stops the module and takes its widget back out of the window. A second call does nothing.
+    /// Stops the module, which takes its widgets out of the window. A second call does nothing.
     void stop();
 
 private:

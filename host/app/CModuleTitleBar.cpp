@@ -28,10 +28,7 @@ void CModuleTitleBar::buildUi(const QString &title)
     bold.setBold(true);
     name->setFont(bold);
     row->addWidget(name);
-    m_subject = new QLabel;
-    m_subject->setTextFormat(Qt::PlainText);
-    m_subject->setMinimumWidth(1); // a long name is cut off before it widens the window
-    row->addWidget(m_subject, 1);
+    row->addStretch(1);
     m_lock = addButton("LockButton", "lock");
     m_collapse = addButton("CollapseButton", "collapse");
 }
@@ -53,11 +50,6 @@ void CModuleTitleBar::connectSignals()
 {
     connect(m_lock, &QToolButton::toggled, this, &CModuleTitleBar::onLockToggled);
     connect(m_collapse, &QToolButton::toggled, this, &CModuleTitleBar::onCollapseToggled);
-}
-
-void CModuleTitleBar::setSubject(const QString &text)
-{
-    m_subject->setText(text);
 }
 
 void CModuleTitleBar::showLock()

@@ -4,10 +4,9 @@
 
 #include <QFrame>
 
-class QLabel;
 class QToolButton;
 
-/// The bar above a module: its title, what it shows, and the controls that it asked for. GUI thread.
+/// The bar above a module: its title and the controls that it asked for. GUI thread.
 class CModuleTitleBar final : public QFrame
 {
     Q_OBJECT
@@ -15,8 +14,6 @@ class CModuleTitleBar final : public QFrame
 public:
     explicit CModuleTitleBar(const QString &title, QWidget *parent = nullptr);
 
-    /// What the module shows, beside its title; may be empty.
-    void setSubject(const QString &text);
     void showLock();     ///< the control that blocks editing
     void showCollapse(); ///< the control that folds the right bar away
     void setCollapsed(bool collapsed);
@@ -32,7 +29,6 @@ private:
     void onLockToggled(bool locked);
     void onCollapseToggled(bool collapsed);
 
-    QLabel *m_subject = nullptr;
     QToolButton *m_lock = nullptr;
     QToolButton *m_collapse = nullptr;
 };

@@ -18,7 +18,6 @@ QAction *makeAction(QMainWindow &window, const QString &text, const QKeySequence
     auto *action = new QAction(text, &window);
     action->setShortcut(shortcut);
     action->setToolTip(tip);
-    action->setStatusTip(tip);
     return action;
 }
 

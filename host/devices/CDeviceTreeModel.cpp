@@ -200,5 +200,8 @@ QVariant CDeviceTreeModel::data(const QModelIndex &index, int role) const
 
 Qt::ItemFlags CDeviceTreeModel::flags(const QModelIndex &index) const
 {
-    return index.isValid() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable : Qt::NoItemFlags;
+    if (!index.isValid())
+        return Qt::NoItemFlags;
+    const bool heading = node(index)->type == PrcTreeNodeType::Other; // names nothing that could be selected
+    return heading ? Qt::ItemIsEnabled : Qt::ItemIsEnabled | Qt::ItemIsSelectable;
 }
