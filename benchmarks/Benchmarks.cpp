@@ -9,7 +9,9 @@ const QVector<SBenchmark> &Benchmarks::all()
         {"B2", "a frame with the whole wall in the view", measureWholeWallFrame},
         {"B3", "a frame at 1:1", measureActualSizeFrame},
         {"B4", "what is under the cursor", measureLookup},
+        {"B10", "a project file to a picture, whole process", measureExport},
         {"B11", "resident memory a cabinet with its line", measureMemory},
+        {"B12", "start to first frame", measureStart},
         {"B13", "growth from a tenth to the full size", measureGrowth},
     };
     return table;
@@ -20,6 +22,7 @@ const QVector<SChildPart> &Benchmarks::childParts()
     static const QVector<SChildPart> table = {
         {"editor-memory", memoryOfEditor},
         {"bare-memory", memoryOfBareScene},
+        {"editor-start", startOfEditor},
     };
     return table;
 }

@@ -38,6 +38,5 @@ void measureGrowth();
 int memoryOfEditor(int argc, char **argv);
 int memoryOfBareScene(int argc, char **argv);
 int startOfEditor(int argc, char **argv);
-int startOfEmptyWindow(int argc, char **argv);
 
 } // namespace Benchmarks

@@ -27,11 +27,6 @@ void requireSuccess(QProcess &process)
            process.exitCode());
 }
 
-QStringList partArguments(const char *part)
-{
-    return {QStringLiteral("--child"), QLatin1String(part)};
-}
-
 double elapsedMilliseconds(const QElapsedTimer &timer)
 {
     return double(timer.nsecsElapsed()) / 1e6;
@@ -52,17 +47,17 @@ double ChildProcess::wholeRun(const QString &program, const QStringList &argumen
 QByteArray ChildProcess::outputOfPart(const char *part)
 {
     QProcess process;
-    start(process, QCoreApplication::applicationFilePath(), partArguments(part));
+    start(process, QCoreApplication::applicationFilePath(), argumentsOfPart(part));
     requireSuccess(process);
     return process.readAllStandardOutput();
 }
 
-double ChildProcess::timeToFirstOutput(const char *part)
+double ChildProcess::timeToFirstOutput(const QString &program, const QStringList &arguments)
 {
     QProcess process;
     QElapsedTimer timer;
     timer.start();
-    start(process, QCoreApplication::applicationFilePath(), partArguments(part));
+    start(process, program, arguments);
     process.waitForReadyRead(ChildTimeout);
     const double taken = elapsedMilliseconds(timer);
     requireSuccess(process);
@@ -72,4 +67,9 @@ double ChildProcess::timeToFirstOutput(const char *part)
 QString ChildProcess::programOfBuild(const QString &name)
 {
     return QCoreApplication::applicationDirPath() + QLatin1Char('/') + name;
+}
+
+QStringList ChildProcess::argumentsOfPart(const char *part)
+{
+    return {QStringLiteral("--child"), QLatin1String(part)};
 }

@@ -9,14 +9,16 @@
 /// with a message: half a figure is none.
 namespace ChildProcess {
 
-/// Milliseconds from the start of @p program to its end.
-double wholeRun(const QString &program, const QStringList &arguments);
-/// What this program prints when it plays @p part.
-QByteArray outputOfPart(const char *part);
-/// Milliseconds from the start of this program, playing @p part, to its first output.
-double timeToFirstOutput(const char *part);
-
 /// Another program of the same build.
 QString programOfBuild(const QString &name);
+/// What this program is called with to play @p part.
+QStringList argumentsOfPart(const char *part);
+
+/// Milliseconds from the start of @p program to its end.
+double wholeRun(const QString &program, const QStringList &arguments);
+/// Milliseconds from the start of @p program to its first output.
+double timeToFirstOutput(const QString &program, const QStringList &arguments);
+/// What this program prints when it plays @p part.
+QByteArray outputOfPart(const char *part);
 
 } // namespace ChildProcess
