@@ -1,0 +1,329 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/CDevicePanel.h"
+#include "host/app/CMainWindow.h"
+#include "host/app/CModuleHost.h"
+#include "host/app/SAppOptions.h"
+#include "host/devices/CDeviceJob.h"
+#include "host/devices/CDeviceTreeModel.h"
+#include "layout/data/records/RecordMetaTypes.h"
+#include "layout/plugin/ILayoutInterface.h"
+#include "platform/widgets/CTheme.h"
+#include "tests/harness/CMessageBoxAnswerer.h"
+#include "tests/harness/CTestBase.h"
+
+#include <QAction>
+#include <QElapsedTimer>
+#include <QGraphicsView>
+#include <QLabel>
+#include <QMenu>
+#include <QTemporaryDir>
+#include <QToolButton>
+#include <QTreeView>
+
+namespace {
+
+constexpr int PatienceMilliseconds = 20000;
+
+/// A visible widget of that kind for which @p matches holds; null without one.
+template <typename Widget, typename Matches>
+Widget *findVisible(const QWidget &below, Matches matches)
+{
+    for (Widget *widget : below.findChildren<Widget *>()) {
+        if (widget->isVisible() && matches(*widget))
+            return widget;
+    }
+    return nullptr;
+}
+
+template <typename Button = QAbstractButton>
+Button *visibleButton(const QWidget &below, const char *textOrTip)
+{
+    const QString wanted = QLatin1String(textOrTip);
+    return findVisible<Button>(below, [&wanted](const Button &button) {
+        return button.text() == wanted || button.toolTip() == wanted;
+    });
+}
+
+bool showsText(const QWidget &below, const QString &text)
+{
+    return findVisible<QLabel>(below, [&text](const QLabel &label) { return label.text() == text; }) !=
+           nullptr;
+}
+
+} // namespace
+
+/// The whole program in a real window, with the real module, used as a user does.
+class CMainWindowTest final : public CTestBase
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_state;
+    std::unique_ptr<CMainWindow> m_window;
+
+    QAction *action(const char *text) const
+    {
+        for (QAction *action : m_window->findChildren<QAction *>()) {
+            if (action->text().remove(QLatin1Char('&')) == QLatin1String(text))
+                return action;
+        }
+        return nullptr;
+    }
+    QTreeView &tree() const { return *m_window->findChild<QTreeView *>(QStringLiteral("DeviceTree")); }
+    QModelIndex nodeNamed(const QString &name) const
+    {
+        const QModelIndex first = tree().model()->index(0, 0);
+        return tree()
+            .model()
+            ->match(first, Qt::DisplayRole, name, 1, Qt::MatchExactly | Qt::MatchRecursive)
+            .value(0);
+    }
+    void click(const QString &name, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        const QModelIndex index = nodeNamed(name);
+        QVERIFY2(index.isValid(), qPrintable(name));
+        tree().scrollTo(index);
+        QTest::mouseClick(tree().viewport(), Qt::LeftButton, modifiers, tree().visualRect(index).center());
+    }
+    bool showsEditor() const
+    {
+        return findVisible<QGraphicsView>(*m_window, [](const QGraphicsView &) { return true; });
+    }
+    /// The overlay with that title; the editor for an empty one.
+    bool shows(const QString &title) const
+    {
+        return title.isEmpty() ? showsEditor() : showsText(*m_window, title) && !showsEditor();
+    }
+    /// Presses a button of the side panel and gives the message that the module ends with.
+    QString reportOf(const char *button) const
+    {
+        CMessageBoxAnswerer user({QStringLiteral("OK")});
+        QTest::mouseClick(visibleButton(*m_window, button), Qt::LeftButton);
+        [&user] { QTRY_VERIFY_WITH_TIMEOUT(!user.boxes().isEmpty(), PatienceMilliseconds); }();
+        return user.texts().join(QLatin1Char('|'));
+    }
+    static SDeviceSettings devicesIn(const QTemporaryDir &folder)
+    {
+        SDeviceSettings settings;
+        settings.stateFolder = folder.path();
+        settings.delayScale = 0.1;
+        return settings;
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        registerRecordMetaTypes();
+        CTheme::apply(*qApp);
+        m_window = std::make_unique<CMainWindow>(devicesIn(m_state));
+        m_window->loadModule(QStringLiteral(ORVO_LAYOUT_MODULE));
+        QVERIFY(m_window->moduleHost().layoutModule());
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+    }
+
+    void init()
+    {
+        CTestBase::init();
+        // Without a window manager a dialog may lose the focus before it is on the screen.
+        expectWarning(QRegularExpression(QStringLiteral("XCB error: 8 .*SetInputFocus")));
+    }
+
+    void cleanupTestCase() { m_window.reset(); }
+
+    void aMissingModuleLeavesTheWindowUsable()
+    {
+        expectWarning(QRegularExpression(QStringLiteral("does not exist")));
+        const QTemporaryDir state;
+        CMainWindow window(devicesIn(state));
+        window.loadModule(QStringLiteral("/nowhere/libLayout.so"));
+        window.show();
+        QVERIFY(showsText(
+            window,
+            QStringLiteral("The Layout module is missing: \"/nowhere/libLayout.so\" does not exist.")));
+        QSignalSpy detected(&window.manager(), &CDeviceManager::detectionFinished);
+        window.manager().detect();
+        QVERIFY(detected.wait(PatienceMilliseconds));
+    }
+
+    void beforeDetectionThereIsNothingToEdit()
+    {
+        QTRY_VERIFY(shows(QStringLiteral("No online processor found")));
+        for (const char *text : {"Save project", "Save project as...", "Close project", "Offline"})
+            QVERIFY2(!action(text)->isEnabled(), text);
+    }
+
+    void detectionShowsProgressAndProcessors()
+    {
+        QTest::mouseClick(visibleButton(m_window->devicePanel(), "Detect devices"), Qt::LeftButton);
+        QVERIFY(m_window->manager().currentJob());
+        QVERIFY(!action("Detect devices")->isEnabled());
+        const auto *progress = m_window->findChild<QWidget *>(QStringLiteral("JobProgress"));
+        QVERIFY(progress->isVisible());
+        QTRY_VERIFY_WITH_TIMEOUT(!m_window->manager().currentJob(), PatienceMilliseconds);
+        QVERIFY(!progress->isVisible());
+        QVERIFY(action("Detect devices")->isEnabled());
+        for (const char *name :
+             {"Main stage", "Lobby", "Side screens", "Side left", "Arena", "Foyer", "Balcony"})
+            QVERIFY2(nodeNamed(QLatin1String(name)).isValid(), name);
+        QTRY_VERIFY(shows(QStringLiteral("No processor selected")));
+    }
+
+    void theSelectionDecidesWhatTheModuleShows_data()
+    {
+        QTest::addColumn<QStringList>("nodes");
+        QTest::addColumn<QString>("title"); // empty: the editor
+        const auto row = [](const char *name, const char *nodes, const char *title) {
+            QTest::newRow(name) << QString::fromLatin1(nodes).split(QLatin1Char(','), Qt::SkipEmptyParts)
+                                << QString::fromLatin1(title);
+        };
+        row("online", "Lobby", "");
+        row("offline", "Foyer", "The current processor is offline");
+        row("80 ports", "Arena", "");
+        row("fibre", "Balcony", "Fiber Optic Transceiver Mode is on, and no other operations are avaliable.");
+        row("group", "Side screens", "Please select a single processor");
+        row("member", "Side left", "");
+        row("two", "Lobby,Main stage", "Please select a single processor");
+        row("one again", "Main stage", "");
+    }
+    void theSelectionDecidesWhatTheModuleShows()
+    {
+        QFETCH(QStringList, nodes);
+        QFETCH(QString, title);
+        for (int i = 0; i < nodes.size(); ++i)
+            click(nodes.at(i), i == 0 ? Qt::NoModifier : Qt::ControlModifier);
+        QTRY_VERIFY_WITH_TIMEOUT(shows(title), PatienceMilliseconds);
+        const auto device = m_window->manager().table().currentDevice();
+        QCOMPARE(device.has_value(), nodes.size() == 1 && nodes.first() != QStringLiteral("Side screens"));
+        if (device)
+            QCOMPARE(device->node.name, nodes.first());
+    }
+
+    void faultsCanBeSimulatedForASingleDevice()
+    {
+        click(QStringLiteral("Lobby"));
+        QVERIFY(action("Silent")->isEnabled());
+        action("Silent")->trigger();
+        QVERIFY(m_window->manager().isSimulated(m_window->devicePanel().singleProcessor(),
+                                                SimulationFault::Silent));
+        click(QStringLiteral("Main stage"));
+        QVERIFY(!action("Silent")->isChecked());
+        click(QStringLiteral("Lobby"));
+        QVERIFY(action("Silent")->isChecked());
+        action("No faults")->trigger();
+        QVERIFY(!m_window->manager().isSimulated(m_window->devicePanel().singleProcessor(),
+                                                 SimulationFault::Silent));
+    }
+
+    void aModeButtonLeavesTheTransceiverMode()
+    {
+        click(QStringLiteral("Balcony"));
+        QTRY_VERIFY(visibleButton(*m_window, "Video processor mode"));
+        QCOMPARE(reportOf("Video processor mode"), QStringLiteral("Set successful."));
+        QTRY_VERIFY_WITH_TIMEOUT(showsEditor(), PatienceMilliseconds);
+    }
+
+    void aMappingIsSavedAndReadBack()
+    {
+        click(QStringLiteral("Lobby"));
+        QTRY_VERIFY(showsEditor());
+        const QUuid lobby = m_window->devicePanel().singleProcessor();
+        QTRY_VERIFY(visibleButton(*m_window, "Save")->isEnabled());
+        QCOMPARE(reportOf("Save"), QStringLiteral("Save mapping successful."));
+        const CabinetLayout saved = m_window->manager().table().device(lobby)->working.layout();
+        QCOMPARE(reportOf("Read"), QStringLiteral("Read mapping successful."));
+        QCOMPARE(m_window->manager().table().device(lobby)->working.layout(), saved);
+        QVERIFY(!m_window->manager().isModified(lobby));
+        action("Refuse requests")->trigger();
+        QCOMPARE(reportOf("Read"), QStringLiteral("Read mapping failed."));
+        action("No faults")->trigger();
+    }
+
+    void titleBarControlsReachModuleAndRightBar()
+    {
+        auto *lock = m_window->findChild<QToolButton *>(QStringLiteral("LockButton"));
+        auto *collapse = m_window->findChild<QToolButton *>(QStringLiteral("CollapseButton"));
+        const auto *rightBar = m_window->findChild<QWidget *>(QStringLiteral("RightBar"));
+        QVERIFY(lock->isVisible() && collapse->isVisible() && rightBar->isVisible());
+        QTest::mouseClick(lock, Qt::LeftButton);
+        QVERIFY(m_window->moduleHost().layoutModule()->isEditingBlocked());
+        QTest::mouseClick(lock, Qt::LeftButton);
+        QVERIFY(!m_window->moduleHost().layoutModule()->isEditingBlocked());
+        QTest::mouseClick(collapse, Qt::LeftButton);
+        QVERIFY(!rightBar->isVisible());
+        QTest::mouseClick(collapse, Qt::LeftButton);
+        QVERIFY(rightBar->isVisible());
+    }
+
+    void theScreenAndItsButtonStayInStep()
+    {
+        click(QStringLiteral("Lobby"));
+        QTRY_VERIFY(visibleButton(*m_window, "Show screen"));
+        auto *button = visibleButton(*m_window, "Show screen");
+        const auto screen = [] {
+            QWidget *found = nullptr;
+            for (QWidget *window : QApplication::topLevelWidgets()) {
+                if (window->objectName() == QStringLiteral("SimulateScreen") && window->isVisible())
+                    found = window;
+            }
+            return found;
+        };
+        QTest::mouseClick(button, Qt::LeftButton);
+        QTRY_VERIFY(screen());
+        QTest::keyClick(screen(), Qt::Key_Escape);
+        QTRY_VERIFY(!screen());
+        QVERIFY(!button->isChecked());
+        QTest::mouseClick(button, Qt::LeftButton);
+        QTRY_VERIFY(screen());
+        QTest::mouseDClick(screen(), Qt::LeftButton);
+        QTRY_VERIFY(!screen() && !button->isChecked());
+        QTest::mouseClick(button, Qt::LeftButton);
+        QTRY_VERIFY(screen());
+        QTest::mouseClick(button, Qt::LeftButton);
+        QTRY_VERIFY(!screen());
+    }
+
+    void projectsAreOpenedSavedAndClosed()
+    {
+        const QString file = m_state.filePath(QStringLiteral("wall.sprj"));
+        action("Open demo wall")->trigger();
+        QTRY_VERIFY(showsEditor());
+        QVERIFY(m_window->windowTitle().startsWith(QStringLiteral("Demo wall")));
+        const QUuid demo = m_window->devicePanel().singleProcessor();
+        QVERIFY(action("Save project")->isEnabled()); // it has no file yet
+        QVERIFY(!action("Silent")->isEnabled());      // and no device
+        QVERIFY(m_window->manager().saveProject(demo, file));
+        action("Close project")->trigger();
+        QVERIFY(!nodeNamed(QStringLiteral("Demo wall")).isValid());
+        QVERIFY(!action("Close project")->isEnabled());
+
+        SAppOptions options;
+        options.files << file << m_state.filePath(QStringLiteral("missing.sprj"));
+        CMessageBoxAnswerer user({QStringLiteral("OK")});
+        m_window->start(options);
+        QCOMPARE(user.texts(), QStringList(QStringLiteral("The project cannot be opened.")));
+        QVERIFY(user.boxes().first().details.contains(QStringLiteral("missing.sprj")));
+        QVERIFY(nodeNamed(QStringLiteral("Demo wall")).isValid());
+        QCOMPARE(CAppSettings().recentProjects(), QStringList(file));
+    }
+
+    void quitsWhileAJobRuns()
+    {
+        click(QStringLiteral("Arena"));
+        m_window->manager().simulate(m_window->devicePanel().singleProcessor(), SimulationFault::Silent,
+                                     true);
+        action("Detect devices")->trigger();
+        QVERIFY(m_window->manager().currentJob());
+        QElapsedTimer timer;
+        timer.start();
+        QVERIFY(m_window->close());
+        m_window->shutDown();
+        QVERIFY(!m_window->manager().currentJob());
+        QVERIFY2(timer.elapsed() < PatienceMilliseconds / 4, "the job was waited for, not cancelled");
+        m_window.reset();
+    }
+};
+
+ORVO_TEST_MAIN(QApplication, CMainWindowTest)
+#include "tst_main_window.moc"
