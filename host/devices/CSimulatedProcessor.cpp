@@ -13,7 +13,8 @@ using Port = CabinetLayout::CabinetPort;
 
 constexpr int SlowFactor = 10;
 constexpr int TransferSteps = 20;
-constexpr int TransferStep = 30;   // milliseconds
+constexpr int ReadStep = 4;        // milliseconds
+constexpr int SaveStep = 60;       // milliseconds: devices store slowly
 constexpr int ShortestAnswer = 5;  // milliseconds, of a command
 constexpr int CommandTimeOut = 80; // milliseconds: commands are given on the GUI thread
 
@@ -121,12 +122,12 @@ DeviceError CSimulatedProcessor::waitForAnswer(CCancelToken &cancel, const SPati
     return hasFault(SimulationFault::Refuse) ? DeviceError::Refused : DeviceError::None;
 }
 
-DeviceError CSimulatedProcessor::transfer(CCancelToken &cancel, const Progress &progress) const
+DeviceError CSimulatedProcessor::transfer(CCancelToken &cancel, const Progress &progress, int stepTime) const
 {
     for (int step = 0; step < TransferSteps; ++step) {
         progress(100 * step / TransferSteps);
         const bool slow = hasFault(SimulationFault::Slow);
-        if (!cancel.wait(scaled(slow ? TransferStep * SlowFactor : TransferStep)))
+        if (!cancel.wait(scaled(slow ? stepTime * SlowFactor : stepTime)))
             return DeviceError::Cancelled;
         if (hasFault(SimulationFault::Offline))
             return DeviceError::ConnectionLost;
@@ -148,7 +149,7 @@ QByteArray CSimulatedProcessor::damagedWhereTold(QByteArray bytes) const
 
 DeviceError CSimulatedProcessor::identify(CCancelToken &cancel, QByteArray &settings)
 {
-    const DeviceError error = waitForAnswer(cancel, {120, 1200});
+    const DeviceError error = waitForAnswer(cancel, {60, 1200});
     if (error != DeviceError::None)
         return error;
     QByteArray bytes;
@@ -174,7 +175,7 @@ DeviceError CSimulatedProcessor::send(CCancelToken &cancel, const Progress &prog
 {
     DeviceError error = waitForAnswer(cancel, {20, 3000});
     if (error == DeviceError::None)
-        error = transfer(cancel, progress);
+        error = transfer(cancel, progress, ReadStep);
     if (error == DeviceError::None)
         bytes = damagedWhereTold(CProcessorCodec::encode(mapping));
     return error;
@@ -200,7 +201,7 @@ DeviceError CSimulatedProcessor::saveMapping(CCancelToken &cancel, const Progres
 {
     DeviceError error = waitForAnswer(cancel, {20, 3000});
     if (error == DeviceError::None)
-        error = transfer(cancel, progress);
+        error = transfer(cancel, progress, SaveStep);
     if (error != DeviceError::None)
         return error;
     CResult<SProcessorMapping> received =

@@ -63,7 +63,7 @@ private:
         int timeOut; ///< milliseconds after which the caller gives up
     };
     DeviceError waitForAnswer(CCancelToken &cancel, const SPatience &patience) const;
-    DeviceError transfer(CCancelToken &cancel, const Progress &progress) const;
+    DeviceError transfer(CCancelToken &cancel, const Progress &progress, int stepTime) const;
     DeviceError send(CCancelToken &cancel, const Progress &progress, const SProcessorMapping &mapping,
                      QByteArray &bytes) const;
     QByteArray damagedWhereTold(QByteArray bytes) const;

@@ -1,0 +1,165 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/devices/CDeviceFixture.h"
+
+#include "host/library/CTypeLibrary.h"
+
+#include <QtTest>
+
+#include <optional>
+
+namespace {
+
+QString argumentText(CSubject &subject)
+{
+    const auto id = [](const QUuid &uuid) { return uuid.toString(QUuid::WithoutBraces); };
+    switch (static_cast<LayoutNotification>(subject.code())) {
+    case LayoutNotification::PortBackupChanged: {
+        const auto change = subject.GetArgument<SPortBackupChange>();
+        return QStringLiteral(" %1 %2 %3")
+            .arg(change.primary)
+            .arg(change.backup)
+            .arg(change.on ? QStringLiteral("on") : QStringLiteral("off"));
+    }
+    case LayoutNotification::ProcessorRemoved:
+    case LayoutNotification::LayoutReplaced:
+    case LayoutNotification::CurrentProcessorChanged:
+        return QLatin1Char(' ') + id(subject.GetArgument<QUuid>());
+    case LayoutNotification::BackgroundChanged:
+        return QLatin1Char(' ') + id(subject.GetArgument<SBackgroundInfo>().processor);
+    case LayoutNotification::CanvasSizeChanged: {
+        const auto change = subject.GetArgument<SCanvasSizeChange>();
+        return QStringLiteral(" %1 %2x%3")
+            .arg(id(change.processor))
+            .arg(change.size.width())
+            .arg(change.size.height());
+    }
+    case LayoutNotification::ProcessorStateChanged: {
+        const auto change = subject.GetArgument<SProcessorStateChange>();
+        return QStringLiteral(" %1 %2").arg(id(change.processor)).arg(int(change.online));
+    }
+    case LayoutNotification::PortLoadsChanged: {
+        const auto change = subject.GetArgument<SPortLoadChange>();
+        return QStringLiteral(" %1 %2").arg(id(change.processor)).arg(change.port);
+    }
+    case LayoutNotification::SelectedNodeChanged: {
+        const auto change = subject.GetArgument<SSelectedNodeChange>();
+        QString text = QStringLiteral(" %1").arg(static_cast<int>(change.type));
+        for (auto it = change.rects.begin(); it != change.rects.end(); ++it)
+            text += QStringLiteral(" %1:%2,%3,%4,%5")
+                        .arg(id(it.key()))
+                        .arg(it->x())
+                        .arg(it->y())
+                        .arg(it->width())
+                        .arg(it->height());
+        return text;
+    }
+    case LayoutNotification::ReadbackFinished: {
+        const auto result = subject.GetArgument<SReadbackResult>();
+        return QStringLiteral(" %1 %2").arg(id(result.processor)).arg(int(result.same));
+    }
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
+void CNotificationLog::Update(CSubject &subject)
+{
+    const QString text = QString::number(subject.code()) + argumentText(subject);
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_texts << text;
+}
+
+QStringList CNotificationLog::take()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    QStringList texts;
+    texts.swap(m_texts);
+    return texts;
+}
+
+QString CNotificationLog::waitFor(int code)
+{
+    const QString prefix = QString::number(code);
+    QString found;
+    const bool arrived = QTest::qWaitFor([&] {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        while (!m_texts.isEmpty() && found.isEmpty()) {
+            const QString text = m_texts.takeFirst();
+            if (text == prefix || text.startsWith(prefix + QLatin1Char(' ')))
+                found = text;
+        }
+        return !found.isEmpty();
+    });
+    return arrived ? found : QString();
+}
+
+CDeviceFixture::CDeviceFixture(double delayScale, const QString &stateFolder)
+    : manager({stateFolder.isEmpty() ? folder.path() : stateFolder, delayScale})
+    , handler(manager, CTypeLibrary::builtIn())
+{
+    manager.subject().attach(log);
+    if (delayScale <= 0) {
+        detect();
+        log.waitFor(static_cast<int>(LayoutNotification::DetectFinished)); // its last notification
+    }
+}
+
+CDeviceFixture::~CDeviceFixture()
+{
+    manager.stop();
+    manager.subject().detach(log);
+}
+
+QUuid CDeviceFixture::named(const char *name) const
+{
+    for (const SDevice &device : manager.table().devices()) {
+        if (device.node.name == QLatin1String(name))
+            return device.node.uuid;
+    }
+    return {};
+}
+
+void CDeviceFixture::select(const QUuid &processor)
+{
+    manager.select({processor}, PrcTreeNodeType::Processor);
+}
+
+CabinetLayout CDeviceFixture::layoutOf(const QUuid &processor) const
+{
+    return handler.layoutData(processor).layout;
+}
+
+SDeviceOutcome CDeviceFixture::outcomeOf(const std::function<void(CDeviceManager::Done)> &start)
+{
+    std::optional<SDeviceOutcome> ended;
+    start([&ended](const SDeviceOutcome &outcome) { ended = outcome; });
+    if (!QTest::qWaitFor([&ended] { return ended.has_value(); }, 20000))
+        return {SDeviceOutcome::Failed, QStringLiteral("no outcome")};
+    return *ended;
+}
+
+SDeviceOutcome CDeviceFixture::detect()
+{
+    return outcomeOf([this](CDeviceManager::Done done) { manager.detect(std::move(done)); });
+}
+
+SDeviceOutcome CDeviceFixture::save(const QUuid &processor)
+{
+    return outcomeOf([&](CDeviceManager::Done done) { manager.saveMapping({processor}, std::move(done)); });
+}
+
+SDeviceOutcome CDeviceFixture::read(const QUuid &processor)
+{
+    return outcomeOf(
+        [&](CDeviceManager::Done done) { manager.readMapping({processor}, {}, std::move(done)); });
+}
+
+void CDeviceFixture::edit(const QUuid &processor, int port)
+{
+    LayoutData data = handler.layoutData(processor);
+    data.layout.ports[port].groups[0].cabinets[0].rect.translate(8, 8);
+    handler.commitLayoutData(data);
+}

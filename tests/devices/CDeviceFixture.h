@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/devices/CDeviceManager.h"
+#include "host/devices/CLayoutHandler.h"
+#include "platform/control/CObserver.h"
+#include "platform/control/CSubject.h"
+
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <mutex>
+
+/// Keeps what was notified, as text: "26 <uuid>", "11 1 2 on".
+class CNotificationLog final : public CObserver
+{
+public:
+    void Update(CSubject &subject) override;
+    QStringList take();        ///< since the last call
+    QString waitFor(int code); ///< the text of the next notification with that code; empty after five seconds
+
+private:
+    std::mutex m_mutex;
+    QStringList m_texts;
+};
+
+/// A manager of the simulated park without delays, detected, with its handler and a log of its notifications.
+struct CDeviceFixture
+{
+    /// @p stateFolder: where the processors keep their state; empty: a folder of its own.
+    explicit CDeviceFixture(double delayScale = 0, const QString &stateFolder = {});
+    ~CDeviceFixture();
+
+    /// The processor of that name in the park.
+    QUuid named(const char *name) const;
+    void select(const QUuid &processor);
+    CabinetLayout layoutOf(const QUuid &processor) const;
+    /// Lets @p start begin a job and waits for its outcome.
+    SDeviceOutcome outcomeOf(const std::function<void(CDeviceManager::Done)> &start);
+    SDeviceOutcome detect();
+    SDeviceOutcome save(const QUuid &processor);
+    SDeviceOutcome read(const QUuid &processor);
+    /// Commits the processor's layout with one cabinet of @p port moved, as the module would.
+    void edit(const QUuid &processor, int port = 0);
+
+    QTemporaryDir folder;
+    CDeviceManager manager;
+    CLayoutHandler handler;
+    CNotificationLog log;
+};

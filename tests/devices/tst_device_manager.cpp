@@ -1,0 +1,218 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/devices/CDeviceTreeModel.h"
+#include "host/devices/CSimulatedPark.h"
+#include "host/projects/CProcessorProject.h"
+#include "tests/devices/CDeviceFixture.h"
+#include "tests/harness/CTestBase.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+
+namespace {
+
+QString idOf(const QUuid &uuid)
+{
+    return uuid.toString(QUuid::WithoutBraces);
+}
+
+} // namespace
+
+class CDeviceManagerTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void detectionFindsTheProcessorsAndSaysSo()
+    {
+        CDeviceFixture host;
+        QCOMPARE(host.handler.getDetectedProcessorCount(), 6);
+        const ProcessorTree::ProcessorNode stage = host.handler.getProcessorNode(host.named("Main stage"));
+        QCOMPARE(stage.displayText(), QStringLiteral("Main stage(192.168.10.12)"));
+        QCOMPARE(stage.model, QStringLiteral("C16"));
+        QVERIFY(stage.online);
+        QVERIFY(!host.handler.getProcessorNode(host.named("Foyer")).online);
+        QVERIFY(host.handler.isFiberTransceiverMode(host.named("Balcony")));
+        QCOMPARE(host.layoutOf(host.named("Main stage")).cabinetCount(), 240);
+        QVERIFY(!host.manager.isModified(host.named("Main stage")));
+    }
+
+    void detectingAgainKeepsEditsAndTakesChanges()
+    {
+        CDeviceFixture host;
+        const QUuid lobby = host.named("Lobby");
+        const QUuid stage = host.named("Main stage");
+        host.edit(lobby);
+        const CabinetLayout edited = host.layoutOf(lobby);
+        const CabinetLayout before = host.layoutOf(stage);
+        host.manager.simulate(lobby, SimulationFault::Changed, true);
+        host.manager.simulate(stage, SimulationFault::Changed, true);
+        host.manager.simulate(host.named("Foyer"), SimulationFault::Offline, false);
+        host.manager.simulate(host.named("Arena"), SimulationFault::Offline, true);
+        QVERIFY(host.detect().isDone());
+        QVERIFY(host.layoutOf(lobby) == edited);
+        QVERIFY(host.layoutOf(stage) != before);
+        QVERIFY(host.handler.getProcessorNode(host.named("Foyer")).online);
+        QVERIFY(!host.handler.getProcessorNode(host.named("Arena")).online);
+    }
+
+    void detectionAnnouncesStatesAndLayouts()
+    {
+        CDeviceFixture host;
+        const QUuid stage = host.named("Main stage");
+        const QUuid foyer = host.named("Foyer");
+        host.manager.simulate(stage, SimulationFault::Changed, true);
+        host.manager.simulate(foyer, SimulationFault::Offline, false);
+        host.detect();
+        QStringList texts;
+        QTRY_VERIFY((texts << host.log.take()).contains(QStringLiteral("2")));
+        QVERIFY(texts.contains(QStringLiteral("17 ") + idOf(stage)));
+        QVERIFY(texts.contains(QStringLiteral("22 %1 1").arg(idOf(foyer))));
+        QCOMPARE(texts.size(), 3);
+    }
+
+    void aDetectionThatFailsSomewhereSaysWhere()
+    {
+        CDeviceFixture host(0.01);
+        for (const auto &processor : host.manager.park().processors())
+            host.manager.simulate(processor->identity().uuid, SimulationFault::Damaged,
+                                  processor->identity().name == QLatin1String("Lobby"));
+        const SDeviceOutcome outcome = host.detect();
+        QCOMPARE(outcome.result, SDeviceOutcome::Failed);
+        QCOMPARE(outcome.text, QStringLiteral("Lobby(192.168.10.11): The transferred data arrived damaged."));
+        QVERIFY(!host.handler.getProcessorNode(host.named("Lobby")).online);
+        QCOMPARE(host.handler.getDetectedProcessorCount(), 5);
+    }
+
+    void selectingAnnouncesTheCurrentProcessorThenTheAreas()
+    {
+        CDeviceFixture host;
+        const QUuid left = host.named("Side left");
+        const QUuid right = host.named("Side right");
+        const QString leftArea = idOf(left) + QStringLiteral(":0,0,1920,2304");
+        const QString rightArea = idOf(right) + QStringLiteral(":1920,0,1920,2304");
+        QSignalSpy current(&host.manager, &CDeviceManager::currentProcessorChanged);
+
+        host.select(left);
+        QCOMPARE(host.log.waitFor(26), QStringLiteral("26 ") + idOf(left));
+        QCOMPARE(host.log.waitFor(28), QStringLiteral("28 0 ") + leftArea);
+        QCOMPARE(host.handler.currentProcessorNode().uuid, left);
+        QCOMPARE(host.handler.currentProcessorPorts().size(), 20);
+
+        host.manager.select({left, right}, PrcTreeNodeType::Group);
+        QCOMPARE(host.log.waitFor(26), QStringLiteral("26 ") + idOf(QUuid()));
+        QCOMPARE(host.log.waitFor(28), QStringLiteral("28 1 %1 %2").arg(leftArea, rightArea));
+        QCOMPARE(host.handler.selectedProcessors().size(), 2);
+        QVERIFY(host.handler.currentProcessorNode().uuid.isNull());
+        QVERIFY(host.handler.currentProcessorPorts().isEmpty());
+
+        host.manager.select({}, PrcTreeNodeType::Other);
+        QCOMPARE(host.log.waitFor(28), QStringLiteral("28 2"));
+        QCOMPARE(current.size(), 2); // it was null already
+    }
+
+    void theDemoWallIsAProjectThatCanBeSavedAndOpenedAgain()
+    {
+        CDeviceFixture host;
+        const QUuid demo = host.manager.openDemo().value();
+        QCOMPARE(host.layoutOf(demo).cabinetCount(), 240);
+        QCOMPARE(host.handler.outputPortCount(demo), 16);
+        QVERIFY(host.handler.getProcessorNode(demo).online);
+        host.edit(demo);
+        QVERIFY(host.manager.isModified(demo));
+        const QString file = host.folder.filePath(QStringLiteral("wall.sprj"));
+        const CStatus saved = host.manager.saveProject(demo, file);
+        QVERIFY2(bool(saved), qPrintable(saved.error()));
+        QVERIFY(!host.manager.isModified(demo));
+        QCOMPARE(host.manager.projectFile(demo), file);
+        QCOMPARE(host.manager.openProject(file).value(), demo); // it is open
+        const CabinetLayout layout = host.layoutOf(demo);
+
+        host.select(demo);
+        QVERIFY(!host.log.waitFor(28).isEmpty());
+        host.manager.closeProject(demo);
+        QCOMPARE(host.log.waitFor(26), QStringLiteral("26 ") + idOf(QUuid()));
+        QCOMPARE(host.log.waitFor(15), QStringLiteral("15 ") + idOf(demo));
+        QVERIFY(!host.manager.table().contains(demo));
+
+        const CResult<QUuid> again = host.manager.openProject(file);
+        QVERIFY2(bool(again), qPrintable(again.error()));
+        QCOMPARE(host.layoutOf(again.value()).ports.size(), layout.ports.size());
+        for (int port = 0; port < layout.ports.size(); ++port)
+            QVERIFY(LayoutData::comparePortData(host.layoutOf(again.value()).ports.at(port),
+                                                layout.ports.at(port), true));
+        QVERIFY(!host.manager.isModified(again.value()));
+    }
+
+    void aProjectHasNothingToSaveTo()
+    {
+        CDeviceFixture host;
+        const QUuid demo = host.manager.openDemo().value();
+        for (const auto &outcome : {host.save(demo), host.read(demo)}) {
+            QCOMPARE(outcome.result, SDeviceOutcome::Failed);
+            QVERIFY(outcome.text.startsWith(
+                QLatin1String("Demo wall(127.0.0.1): A project has no processor to ")));
+        }
+    }
+
+    void aFileThatCannotBeOpenedChangesNothing()
+    {
+        CDeviceFixture host;
+        const int before = host.manager.table().devices().size();
+        const QString file = host.folder.filePath(QStringLiteral("broken.sprj"));
+        const CResult<QUuid> missing = host.manager.openProject(file);
+        QVERIFY(!missing);
+        QVERIFY(missing.error().contains(file));
+        SProcessorProject project;
+        project.name = QStringLiteral("Wall");
+        project.kind = QStringLiteral("unheard-of");
+        project.portCount = 4;
+        project.canvas = {1920, 1080};
+        project.layout.processor = QUuid::createUuid();
+        const CStatus written = CProcessorProject::write(file, project);
+        QVERIFY2(bool(written), qPrintable(written.error()));
+        const CResult<QUuid> unknown = host.manager.openProject(file);
+        QVERIFY(!unknown);
+        QVERIFY(unknown.error().contains(QLatin1String("unheard-of")));
+        QCOMPARE(host.manager.table().devices().size(), before);
+    }
+
+    void theTreeShowsHeadingsGroupsAndStates()
+    {
+        CDeviceFixture host;
+        CDeviceTreeModel &tree = host.manager.treeModel();
+        QAbstractItemModelTester tester(&tree, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        const QUuid demo = host.manager.openDemo().value();
+        const QModelIndex projects = tree.index(0, 0);
+        const QModelIndex devices = tree.index(1, 0);
+        QCOMPARE(projects.data().toString(), QStringLiteral("Projects"));
+        QCOMPARE(devices.data().toString(), QStringLiteral("Devices"));
+        QCOMPARE(tree.rowCount(), 2);
+        QCOMPARE(tree.rowCount(projects), 1);
+        QCOMPARE(tree.rowCount(devices), 6); // five single ones and a group
+        QCOMPARE(devices.data(CDeviceTreeModel::NodeTypeRole).value<PrcTreeNodeType>(),
+                 PrcTreeNodeType::Other);
+
+        const QModelIndex left = tree.indexOf(host.named("Side left"));
+        const QModelIndex group = left.parent();
+        QCOMPARE(group.data().toString(), QStringLiteral("Side screens"));
+        QCOMPARE(group.data(CDeviceTreeModel::NodeTypeRole).value<PrcTreeNodeType>(), PrcTreeNodeType::Group);
+        QCOMPARE(group.data(CDeviceTreeModel::MembersRole).value<QList<QUuid>>(),
+                 (QList<QUuid>{host.named("Side left"), host.named("Side right")}));
+        QVERIFY(!group.data(CDeviceTreeModel::FiberRole).toBool());
+        QVERIFY(tree.indexOf(host.named("Balcony")).data(CDeviceTreeModel::FiberRole).toBool());
+        QVERIFY(!tree.indexOf(host.named("Foyer")).data(CDeviceTreeModel::OnlineRole).toBool());
+        QVERIFY(left.data(Qt::ToolTipRole).toString().contains(QLatin1String("192.168.10.21")));
+
+        QSignalSpy resets(&tree, &CDeviceTreeModel::modelReset);
+        QCoreApplication::processEvents();
+        host.edit(demo);
+        QTRY_VERIFY(tree.indexOf(demo).data(CDeviceTreeModel::ModifiedRole).toBool());
+        QCOMPARE(resets.size(), 0); // a view keeps its selection
+        host.manager.closeProject(demo);
+        QCOMPARE(resets.size(), 1);
+    }
+};
+
+ORVO_TEST_MAIN(QGuiApplication, CDeviceManagerTest)
+#include "tst_device_manager.moc"

@@ -1,0 +1,400 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/devices/CSimulatedProcessor.h"
+#include "host/library/CTypeLibrary.h"
+#include "host/projects/CCabinetConfig.h"
+#include "host/projects/CCurrentGainFile.h"
+#include "tests/devices/CDeviceFixture.h"
+#include "tests/harness/CTestBase.h"
+
+#include <QSet>
+#include <QSignalSpy>
+
+namespace {
+
+using Cabinet = CabinetLayout::CabinetPort::Cabinet;
+
+QString idOf(const QUuid &uuid)
+{
+    return uuid.toString(QUuid::WithoutBraces);
+}
+
+QSet<QUuid> keysOf(const CabinetLayout &layout)
+{
+    QSet<QUuid> keys;
+    for (const auto &port : layout.ports) {
+        for (const Cabinet &cabinet : port.getAllCabinets())
+            keys.insert(cabinet.uuid);
+    }
+    return keys;
+}
+
+void lockPort(CDeviceFixture &host, const QUuid &processor, int port)
+{
+    LayoutData data = host.handler.layoutData(processor);
+    data.layout.ports[port].locked = true;
+    host.handler.commitLayoutData(data);
+}
+
+} // namespace
+
+class CLayoutHandlerTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        CTestBase::init();
+        m_host = std::make_unique<CDeviceFixture>();
+        m_lobby = m_host->named("Lobby");
+        m_stage = m_host->named("Main stage");
+        m_left = m_host->named("Side left");
+        m_right = m_host->named("Side right");
+        m_host->select(m_stage);
+        QVERIFY(!m_host->log.waitFor(28).isEmpty());
+    }
+
+    void importReplacesTheLayoutButForLockedPorts_data()
+    {
+        QTest::addColumn<bool>("overwrite");
+        QTest::newRow("locked ports stay") << false;
+        QTest::newRow("locked ports are overwritten") << true;
+    }
+    void importReplacesTheLayoutButForLockedPorts()
+    {
+        QFETCH(bool, overwrite);
+        const QString file = m_host->folder.filePath(QStringLiteral("left.sprj"));
+        QVERIFY2(m_host->handler.exportProcessorMapping(m_left, file),
+                 qPrintable(m_host->handler.lastError()));
+        m_host->edit(m_right, 1);
+        lockPort(*m_host, m_right, 1);
+        const CabinetLayout before = m_host->layoutOf(m_right);
+        QVERIFY(m_host->handler.importProcessorMapping(m_right, file, overwrite));
+        QCOMPARE(m_host->log.waitFor(17), QStringLiteral("17 ") + idOf(m_right));
+        const CabinetLayout after = m_host->layoutOf(m_right);
+        QCOMPARE(after.ports.at(1) == before.ports.at(1), !overwrite);
+        QVERIFY(after.ports.at(0) != before.ports.at(0));
+        QCOMPARE(after.cabinetCount(), m_host->layoutOf(m_left).cabinetCount());
+        QVERIFY(!keysOf(after).intersects(keysOf(m_host->layoutOf(m_left))));
+        for (const Cabinet &cabinet : after.ports.at(3).getAllCabinets())
+            QCOMPARE(m_host->handler.processorOfCabinet(cabinet.uuid).uuid, m_right);
+    }
+
+    void anImportThatDoesNotFitChangesNothing()
+    {
+        const QString file = m_host->folder.filePath(QStringLiteral("stage.sprj"));
+        QVERIFY(m_host->handler.exportProcessorMapping(m_stage, file));
+        const CabinetLayout before = m_host->layoutOf(m_lobby);
+        QVERIFY(!m_host->handler.importProcessorMapping(m_lobby, file, true));
+        QCOMPARE(m_host->handler.lastError(), QStringLiteral("Lobby(192.168.10.11): The mapping uses output "
+                                                             "port 5, but only 4 are in use."));
+        QFile damaged(file);
+        QVERIFY(damaged.open(QIODevice::ReadWrite) && damaged.resize(damaged.size() / 2));
+        damaged.close();
+        QVERIFY(!m_host->handler.importProcessorMapping(m_stage, file, true));
+        QVERIFY(m_host->handler.lastError().contains(file));
+        QVERIFY(m_host->layoutOf(m_lobby) == before);
+        QVERIFY(!m_host->handler.importProcessorMapping(QUuid::createUuid(), file, true));
+    }
+
+    void copyingGivesNewKeysAndKeepsGroups()
+    {
+        LayoutData data = m_host->handler.layoutData(m_left);
+        auto &loose = data.layout.ports[0].groups[0];
+        CabinetLayout::CabinetPort::CabinetGroup group;
+        group.uuid = QUuid::createUuid();
+        group.name = QStringLiteral("Row");
+        group.cabinets << loose.cabinets.takeLast();
+        group.cabinets[0].group = group.uuid;
+        data.layout.ports[0].groups << group;
+        m_host->handler.commitLayoutData(data);
+        QVERIFY(m_host->handler.copyProcessorMapping(m_left, m_right, false));
+        const auto copied = m_host->layoutOf(m_right).ports.at(0).groups.last();
+        QCOMPARE(copied.name, group.name);
+        QVERIFY(copied.uuid != group.uuid);
+        QCOMPARE(copied.cabinets.first().group, copied.uuid);
+        QVERIFY(!keysOf(m_host->layoutOf(m_right)).intersects(keysOf(m_host->layoutOf(m_left))));
+        QVERIFY(!m_host->handler.copyProcessorMapping(m_left, m_left, false));
+    }
+
+    void onePortTravelsByItsFile()
+    {
+        const QString file = m_host->folder.filePath(QStringLiteral("port.pprj"));
+        QVERIFY(m_host->handler.exportPortMapping(m_stage, 2, file));
+        QVERIFY(m_host->handler.importPortMapping(m_stage, 15, file, false));
+        const CabinetLayout layout = m_host->layoutOf(m_stage);
+        QCOMPARE(layout.ports.at(15).cabinetCount(), layout.ports.at(2).cabinetCount());
+        for (const Cabinet &cabinet : layout.ports.at(15).getAllCabinets())
+            QCOMPARE(cabinet.port, 15);
+        lockPort(*m_host, m_stage, 14);
+        const CabinetLayout before = m_host->layoutOf(m_stage);
+        QVERIFY(!m_host->handler.importPortMapping(m_stage, 14, file, false));
+        QVERIFY(m_host->handler.lastError().endsWith(QLatin1String("Output port 15 is locked.")));
+        QVERIFY(m_host->layoutOf(m_stage) == before);
+        QVERIFY(m_host->handler.importPortMapping(m_stage, 14, file, true));
+        QVERIFY(m_host->layoutOf(m_stage) != before);
+        QVERIFY(!m_host->handler.exportPortMapping(m_stage, 16, file));
+    }
+
+    void thePortCountNeverCostsCabinets()
+    {
+        QVERIFY(!m_host->handler.setOutputPortCount(m_stage, 12));
+        QCOMPARE(m_host->handler.lastError(),
+                 QStringLiteral("Main stage(192.168.10.12): Output port 13 holds cabinets."));
+        QVERIFY(!m_host->handler.setOutputPortCount(m_stage, 20));
+        m_host->log.take();
+        QVERIFY(m_host->handler.setOutputPortCount(m_stage, 15));
+        QCOMPARE(m_host->log.waitFor(25), QStringLiteral("25"));
+        QCOMPARE(m_host->handler.currentProcessorPorts().size(), 15);
+        QVERIFY(m_host->handler.setOutputPortCount(m_left, 16)); // not in view: another layout
+        QCOMPARE(m_host->log.waitFor(17), QStringLiteral("17 ") + idOf(m_left));
+        QCOMPARE(m_host->handler.maximumPortCount(m_left), 20);
+    }
+
+    void portsArePairedOnlyWhereThatWorks()
+    {
+        QVERIFY(!m_host->handler.setPortRedundancy(0, 1)); // port 2 holds cabinets
+        QVERIFY(!m_host->handler.setPortRedundancy(0, 0));
+        QVERIFY(!m_host->handler.setPortRedundancy(0, 16));
+        m_host->log.take();
+        QVERIFY(m_host->handler.setPortRedundancy(0, 15));
+        QCOMPARE(m_host->log.waitFor(11), QStringLiteral("11 0 15 on"));
+        const auto ports = m_host->handler.currentProcessorPorts();
+        QCOMPARE(ports.at(0).redundancy, CabinetLayout::CabinetPort::Primary);
+        QCOMPARE(ports.at(15).redundancyPort, 0);
+        QVERIFY(!m_host->handler.setPortRedundancy(1, 15));
+        Cabinet onBackup;
+        onBackup.port = 15;
+        QVERIFY(!m_host->handler.areOnPrimaryPorts({onBackup}));
+        lockPort(*m_host, m_stage, 0);
+        QVERIFY(!m_host->handler.cancelPortRedundancy(15));
+        LayoutData data = m_host->handler.layoutData(m_stage);
+        data.layout.ports[0].locked = false;
+        m_host->handler.commitLayoutData(data);
+        QVERIFY(m_host->handler.cancelPortRedundancy(15));
+        QCOMPARE(m_host->log.waitFor(11), QStringLiteral("11 0 15 off"));
+        QVERIFY(!m_host->handler.cancelPortRedundancy(15));
+        m_host->select(m_host->named("Balcony"));
+        QVERIFY(!m_host->handler.isPortRedundancySupported());
+        QVERIFY(m_host->handler.isPortRedundancyBlocked());
+    }
+
+    void processorsArePairedAllOrNone()
+    {
+        using Pairs = QList<QPair<QUuid, QUuid>>;
+        CLayoutHandler &handler = m_host->handler;
+        QVERIFY(handler.setProcessorRedundancy(m_left, m_right));
+        QCOMPARE(handler.processorRedundancies(), (Pairs{{m_left, m_right}}));
+        QVERIFY(!handler.setProcessorRedundancy(m_stage, m_right));
+        QVERIFY(!handler.setProcessorRedundancy(m_stage, m_stage));
+        QVERIFY(!handler.setProcessorRedundancy(m_stage, m_host->named("Balcony")));
+        const QList<QUuid> all{m_left, m_right, m_stage, m_lobby};
+        m_host->manager.simulate(m_lobby, SimulationFault::Refuse, true);
+        QVERIFY(!handler.applyProcessorRedundancy(all, {{m_right, m_left}, {m_stage, m_lobby}}));
+        QCOMPARE(handler.processorRedundancies(), (Pairs{{m_left, m_right}}));
+        m_host->manager.simulate(m_lobby, SimulationFault::Refuse, false);
+        QVERIFY(handler.applyProcessorRedundancy(all, {{m_right, m_left}, {m_stage, m_lobby}}));
+        QCOMPARE(handler.processorRedundancies(), (Pairs{{m_stage, m_lobby}, {m_right, m_left}}));
+        QVERIFY(handler.applyProcessorRedundancy({m_left, m_right}, {}));
+        QCOMPARE(handler.processorRedundancies(), (Pairs{{m_stage, m_lobby}}));
+        QVERIFY(handler.cancelProcessorRedundancy(m_stage));
+        QVERIFY(handler.processorRedundancies().isEmpty());
+    }
+
+    void theCanvasStaysWithinItsLimits()
+    {
+        QVERIFY(!m_host->handler.setCanvasSize({4096, 2161}));
+        QVERIFY(!m_host->handler.setCanvasSize({63, 64}));
+        m_host->log.take();
+        QVERIFY(m_host->handler.setCanvasSize({4096, 2160}));
+        QCOMPARE(m_host->log.waitFor(21), QStringLiteral("21 %1 4096x2160").arg(idOf(m_stage)));
+        QCOMPARE(m_host->handler.getCanvasSize(), QSize(4096, 2160));
+        QVERIFY(m_host->handler.setWorkMode(m_stage, ProcessorWorkMode::Bypass));
+        QCOMPARE(m_host->log.waitFor(6), QStringLiteral("6"));
+        QCOMPARE(m_host->handler.canvasBlock(), CanvasBlock::Bypass);
+        QVERIFY(!m_host->handler.setCanvasSize({1920, 1080}));
+    }
+
+    void loadsFollowFrameRateAndDepth()
+    {
+        const auto ports = m_host->handler.currentProcessorPorts();
+        QCOMPARE(m_host->handler.portLoad(ports.at(0), 0), 90);
+        QCOMPARE(m_host->handler.portLoad(ports.at(15), 15), 0);
+        m_host->log.take();
+        QVERIFY(m_host->handler.setFrameRateAndColorDepth(120, 10));
+        QCOMPARE(m_host->log.waitFor(24), QStringLiteral("24 %1 -1").arg(idOf(m_stage)));
+        QCOMPARE(m_host->handler.portLoad(ports.at(0), 0), 239);
+        QCOMPARE(m_host->handler.currentProcessorNode().colorDepth, 10);
+        QVERIFY(!m_host->handler.setFrameRateAndColorDepth(75, 8));
+        QCOMPARE(m_host->handler.frameRate(), 120);
+    }
+
+    void aCommandThatTheProcessorDoesNotTakeChangesNothing_data()
+    {
+        QTest::addColumn<int>("fault");
+        for (const SimulationFault fault :
+             {SimulationFault::Offline, SimulationFault::Silent, SimulationFault::Refuse})
+            QTest::newRow(SSimulationFault::all().at(static_cast<int>(fault)).name)
+                << static_cast<int>(fault);
+    }
+    void aCommandThatTheProcessorDoesNotTakeChangesNothing()
+    {
+        QFETCH(int, fault);
+        CLayoutHandler &handler = m_host->handler;
+        const SProcessorSettings before = m_host->manager.table().device(m_stage)->settings;
+        m_host->manager.simulate(m_stage, static_cast<SimulationFault>(fault), true);
+        SBackgroundInfo background;
+        background.processor = m_stage;
+        background.enabled = true;
+        QVERIFY(!handler.setCanvasSize({1920, 1080}));
+        QVERIFY(handler.lastError().startsWith(QLatin1String("Main stage(192.168.10.12): The processor ")));
+        QVERIFY(!handler.setFrameRateAndColorDepth(50, 8));
+        QVERIFY(!handler.setBackground(background));
+        QVERIFY(!handler.setOutputPortCount(m_stage, 15));
+        QVERIFY(!handler.setWorkMode(m_stage, ProcessorWorkMode::Bypass));
+        QVERIFY(!handler.setCabinetStatusLed(true));
+        QVERIFY(!handler.setPortAreas({{0, 0, 0, 10, 10}}));
+        QVERIFY(!handler.sendCurrentGains({{0, 0, true, true}}));
+        QVERIFY(!handler.clearCurrentGains());
+        QVERIFY(m_host->manager.table().device(m_stage)->settings == before);
+        QCOMPARE(handler.currentProcessorPorts().size(), 16);
+    }
+
+    void settingsReachTheDevice()
+    {
+        QSignalSpy led(&m_host->manager, &CDeviceManager::statusLedChanged);
+        SBackgroundInfo background;
+        background.processor = m_stage;
+        background.file = QStringLiteral("/pictures/logo.png");
+        QVERIFY(m_host->handler.setBackground(background));
+        QCOMPARE(m_host->log.waitFor(20), QStringLiteral("20 ") + idOf(m_stage));
+        QVERIFY(m_host->handler.setCabinetStatusLed(true));
+        QVERIFY(m_host->handler.setPortAreas({{3, 1, 2, 30, 40}}));
+        QVERIFY(!m_host->handler.setPortAreas({{16, 0, 0, 1, 1}}));
+        QTRY_COMPARE(led.size(), 1);
+        CDeviceFixture again(0, m_host->folder.path()); // a second program on the same devices
+        again.select(m_stage);
+        QCOMPARE(again.handler.background(m_stage).file, background.file);
+        QCOMPARE(again.handler.portAreas(), (QList<SPortArea>{{3, 1, 2, 30, 40}}));
+    }
+
+    void currentGainsAreImportedSentAndCleared()
+    {
+        const QString file = m_host->folder.filePath(QStringLiteral("gain.acr"));
+        QVERIFY(bool(CCurrentGainFile::write(file, {{1, 2, {1, 2, 3}}})));
+        QCOMPARE(m_host->handler.currentGains().size(), 9);
+        QVERIFY2(m_host->handler.importCurrentGain(file), qPrintable(m_host->handler.lastError()));
+        QList<SCurrentGain> gains = m_host->handler.currentGains();
+        int imported = 0;
+        for (SCurrentGain &gain : gains) {
+            imported += gain.imported;
+            QCOMPARE(gain.imported, gain.frameRateCode == 1 && gain.gainLevel == 2);
+            gain.on = gain.imported;
+        }
+        QCOMPARE(imported, 1);
+        QVERIFY(m_host->handler.sendCurrentGains(gains));
+        QCOMPARE(m_host->handler.currentGains(), gains);
+        QVERIFY(m_host->handler.clearCurrentGains());
+        for (const SCurrentGain &gain : m_host->handler.currentGains())
+            QVERIFY(!gain.imported && !gain.on);
+        QVERIFY(!m_host->handler.importCurrentGain(file + QLatin1Char('x')));
+    }
+
+    void cabinetsTakeParametersAndGiveTheirConfiguration()
+    {
+        CLayoutHandler &handler = m_host->handler;
+        const Cabinet cabinet = handler.currentProcessorPorts().at(0).getAllCabinets().first();
+        const auto *type = CTypeLibrary::builtIn().find(cabinet.type);
+        QVERIFY(type);
+        QVERIFY(handler.sendCabinetParameters({cabinet}, type->key, 2.2));
+        QVERIFY(!handler.sendCabinetParameters({cabinet}, type->key, 4.1));
+        QVERIFY(!handler.sendCabinetParameters({cabinet}, SMD5::ofContent("none"), 2.2));
+        Cabinet unknown = cabinet;
+        unknown.uuid = QUuid::createUuid();
+        QVERIFY(!handler.sendCabinetParameters({cabinet, unknown}, type->key, 2.2));
+
+        const QString file = m_host->folder.filePath(QStringLiteral("cabinet.rcvbp"));
+        QVERIFY2(handler.readbackCabinetConfig(0, cabinet, file, QStringLiteral("Left tile")),
+                 qPrintable(handler.lastError()));
+        const auto config = CCabinetConfig::read(file);
+        QVERIFY2(bool(config), qPrintable(config.error()));
+        QCOMPARE(config.value().type.name, QStringLiteral("Left tile"));
+        QCOMPARE(config.value().gamma, 2.2);
+        QVERIFY(!handler.readbackCabinetConfig(0, unknown, file, {}));
+        QVERIFY(handler.exportCabinetConfig(cabinet, file));
+        QCOMPARE(CCabinetConfig::read(file).value().type.name, type->name);
+        Cabinet custom = cabinet;
+        custom.type = SMD5();
+        QVERIFY2(handler.exportCabinetConfig(custom, file), qPrintable(handler.lastError()));
+        m_host->manager.simulate(m_stage, SimulationFault::Offline, true);
+        QVERIFY(!handler.readbackCabinetConfig(0, cabinet, file, {}));
+    }
+
+    void aHighlightIsShownForDevicesOnly()
+    {
+        int shown = 0;
+        connect(&m_host->manager, &CDeviceManager::highlightChanged, &m_host->manager, [&shown] { ++shown; });
+        const QList<Cabinet> cabinets =
+            m_host->handler.currentProcessorPorts().at(0).getAllCabinets().toList();
+        QVERIFY(m_host->handler.setCabinetHighlight(cabinets, CabinetHighlight::FlashingBox));
+        QTRY_COMPARE(shown, 1);
+        m_host->select(m_host->manager.openDemo().value());
+        QVERIFY(!m_host->handler.setCabinetHighlight(cabinets, CabinetHighlight::FlashingBox));
+        QVERIFY(!m_host->handler.setCabinetStatusLed(true));
+        QVERIFY(!m_host->handler.setWorkMode(m_host->manager.table().current(), ProcessorWorkMode::Bypass));
+    }
+
+    void aCommitAsksForItsFollowUpOnce()
+    {
+        QVERIFY(!m_host->handler.layoutFollowUpNeeded());
+        m_host->edit(m_stage);
+        QVERIFY(m_host->handler.layoutFollowUpNeeded());
+        QSignalSpy committed(&m_host->manager, &CDeviceManager::layoutCommitted);
+        m_host->handler.applyLayoutFollowUp(false);
+        QVERIFY(!m_host->handler.layoutFollowUpNeeded());
+        QTRY_COMPARE(committed.size(), 1);
+    }
+
+    void aNewProcessorIsPreparedOnce()
+    {
+        const QUuid balcony = m_host->named("Balcony");
+        QCOMPARE(m_host->handler.preparatoryStep(m_stage), 0);
+        QCOMPARE(m_host->handler.preparatoryStep(QUuid()), 0);
+        QCOMPARE(m_host->handler.preparatoryStep(balcony), 1);
+        m_host->handler.performPreparatoryStep(balcony);
+        QCOMPARE(m_host->handler.preparatoryStep(balcony), 0);
+        QCOMPARE(m_host->layoutOf(balcony).ports.size(), 8);
+        QVERIFY(!m_host->manager.isModified(balcony));
+    }
+
+    void withoutAProcessorNothingIsDone()
+    {
+        CLayoutHandler &handler = m_host->handler;
+        m_host->manager.select({}, PrcTreeNodeType::Other);
+        QVERIFY(!handler.setCanvasSize({1920, 1080}));
+        QVERIFY(!handler.setPortRedundancy(0, 1));
+        QVERIFY(!handler.setCabinetStatusLed(true));
+        QVERIFY(handler.getCanvasSize().isEmpty());
+        QCOMPARE(handler.portLoad({}, 0), 0);
+        const SDeviceOutcome outcome = m_host->outcomeOf(
+            [&](CDeviceManager::Done done) { handler.saveMapping(ReadSaveMappingRole::Current, {}, done); });
+        QCOMPARE(outcome.text, QStringLiteral("No processor is detected."));
+    }
+
+    void cleanup()
+    {
+        m_host.reset();
+        CTestBase::cleanup();
+    }
+
+private:
+    std::unique_ptr<CDeviceFixture> m_host;
+    QUuid m_lobby;
+    QUuid m_stage;
+    QUuid m_left;
+    QUuid m_right;
+};
+
+ORVO_TEST_MAIN(QGuiApplication, CLayoutHandlerTest)
+#include "tst_layout_handler.moc"

@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/devices/CProcessorKinds.h"
+#include "host/devices/CWorkingLayout.h"
+#include "host/projects/CWallBuilder.h"
+#include "tests/harness/CTestBase.h"
+
+namespace {
+
+const SReceiverGeneration &anyGeneration()
+{
+    return CProcessorKinds::builtIn().all().first().generation;
+}
+
+/// What the module hands over after it has edited one port: nothing else is detached.
+CabinetLayout withMovedCabinet(CabinetLayout layout, int port)
+{
+    layout.ports[port].groups[0].cabinets[0].rect.translate(10, 0);
+    return layout;
+}
+
+} // namespace
+
+class CWorkingLayoutTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        CTestBase::init();
+        m_wall = CWallBuilder::build(CWallBuilder::plan(CWallBuilder::Small)).value();
+    }
+
+    void numbersTheMappingByPortAndRank()
+    {
+        CabinetLayout wall = m_wall;
+        wall.ports[0].groups[0].cabinets[0].rank = -1;
+        const CabinetLayout numbered = CWorkingLayout::numbered(wall);
+        int expected = 0;
+        for (const auto &port : numbered.ports) {
+            QMap<int, int> numbers; // by rank
+            for (const auto &cabinet : port.getAllCabinets()) {
+                if (cabinet.rank < 0)
+                    QCOMPARE(cabinet.mappingIndex, -1);
+                else
+                    numbers.insert(cabinet.rank, cabinet.mappingIndex);
+            }
+            for (const int number : numbers)
+                QCOMPARE(number, expected++);
+        }
+        QCOMPARE(expected, m_wall.cabinetCount() - 1);
+    }
+
+    void knowsWhatDiffersFromTheSavedMapping()
+    {
+        CWorkingLayout working;
+        working.setSaved(CWorkingLayout::numbered(m_wall));
+        working.take(m_wall, anyGeneration());
+        QVERIFY(!working.isModified());
+        working.take(withMovedCabinet(m_wall, 3), anyGeneration());
+        QVERIFY(working.isModified());
+        working.take(m_wall, anyGeneration());
+        QVERIFY(!working.isModified());
+
+        CabinetLayout locked = m_wall;
+        locked.ports[1].locked = true;
+        working.take(locked, anyGeneration());
+        QVERIFY(working.isModified());
+        working.setSaved(CWorkingLayout::numbered(locked));
+        QVERIFY(!working.isModified());
+
+        CabinetLayout loaded = locked;
+        loaded.ports[1].load = 77; // a figure, no edit
+        working.take(loaded, anyGeneration());
+        QVERIFY(!working.isModified());
+    }
+
+    void keepsPlacesInTheMappingWhenTheModuleDoesNotKnowThem()
+    {
+        CWorkingLayout working;
+        working.setSaved(CWorkingLayout::numbered(m_wall));
+        CabinetLayout edited = withMovedCabinet(m_wall, 2);
+        auto added = edited.ports[2].groups[0].cabinets[0];
+        added.uuid = QUuid::createUuid();
+        edited.ports[2].groups[0].cabinets << added;
+        working.take(edited, anyGeneration());
+        for (const auto &cabinet : working.layout().ports.at(2).getAllCabinets())
+            QCOMPARE(cabinet.mappingIndex >= 0, cabinet.uuid != added.uuid);
+        QVERIFY(!working.isMapped(added.uuid));
+    }
+
+    void sharesThePortsThatDidNotChange()
+    {
+        CWorkingLayout working;
+        working.take(m_wall, anyGeneration());
+        const CabinetLayout before = working.layout();
+        const quint64 edition = working.edition();
+        working.take(withMovedCabinet(m_wall, 4), anyGeneration());
+        for (int port = 0; port < before.ports.size(); ++port) {
+            const bool shared = before.ports.at(port).groups.constData() ==
+                                working.layout().ports.at(port).groups.constData();
+            QCOMPARE(shared, port != 4);
+        }
+        QVERIFY(working.edition() != edition);
+        QCOMPARE(working.chargedPixels(4), working.chargedPixels(3));
+        QCOMPARE(working.chargedPixels(), qint64(m_wall.cabinetCount()) * 320 * 240);
+    }
+
+private:
+    CabinetLayout m_wall;
+};
+
+ORVO_TEST_MAIN(QCoreApplication, CWorkingLayoutTest)
+#include "tst_working_layout.moc"
