@@ -105,7 +105,6 @@ private:
     friend class CNotificationDispatch; // the part of the store that listens to the host
 
     void updatePortLoads(const QVector<int> &ports);
-    void announceLoad(int port, qint64 load);
 
     CProcessorStates m_states; // first: everything below uses it
     QUndoGroup m_undoGroup;

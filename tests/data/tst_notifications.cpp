@@ -3,6 +3,7 @@
 #include "layout/data/CLayoutData.h"
 #include "layout/plugin/LayoutNotification.h"
 #include "tests/harness/CFakeHost.h"
+#include "tests/harness/CSignalLog.h"
 #include "tests/harness/CTestBase.h"
 
 namespace {
@@ -91,12 +92,16 @@ struct SDispatchScene final
         signalled << name;
         threads[name] = std::this_thread::get_id();
     }
+    bool hasNoted(const QString &name)
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        return signalled.contains(name);
+    }
     /// Waits until the worker has done all that was posted, and delivers what it queued.
     void settle()
     {
-        QSignalSpy done(&store, &CLayoutData::notifyDetectFinished);
         host.notify(LayoutNotification::DetectFinished);
-        QTRY_COMPARE(done.count(), 1);
+        QTRY_VERIFY(hasNoted(QStringLiteral("canvas")));
         QCoreApplication::sendPostedEvents();
         const std::lock_guard<std::mutex> lock(mutex);
         signalled.removeAll(QStringLiteral("detected"));
@@ -111,12 +116,7 @@ struct SDispatchScene final
         settle();
         return last;
     }
-    bool onUpdateThread(const char *signal) const
-    {
-        return threads.value(QString::fromLatin1(signal)) == announcedBy;
-    }
     QStringList last;
-    std::thread::id announcedBy;
 };
 
 class CForwarder final : public CObserver
@@ -204,7 +204,7 @@ private Q_SLOTS:
         SDispatchScene scene;
         scene.store.setCurrentPort(2);
         scene.host.answers().layouts[scene.a].canvas = QSize(640, 480);
-        QSignalSpy canvas(&scene.store, &CLayoutData::notifyProcessorCanvasSizeChanged);
+        CSignalLog canvas(&scene.store, &CLayoutData::notifyProcessorCanvasSizeChanged);
         scene.settle();
         QTRY_COMPARE(canvas.count(), 1);
         QCOMPARE(canvas[0], QVariantList{QSize(640, 480)});
@@ -219,7 +219,7 @@ private Q_SLOTS:
         SDispatchScene scene;
         scene.store.setCurrentPort(1);
         scene.host.answers().layouts[scene.a].layout.ports.clear();
-        QSignalSpy backup(&scene.store, &CLayoutData::notifyProcessorPortBackup);
+        CSignalLog backup(&scene.store, &CLayoutData::notifyProcessorPortBackup);
         scene.host.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{0, 2, true});
         QVERIFY(scene.threads.value(QStringLiteral("backup")) == scene.host.updateThread());
         QVERIFY(scene.host.answers().threadOf(QStringLiteral("currentProcessorPorts")) ==
@@ -269,7 +269,7 @@ private Q_SLOTS:
         SBackgroundInfo info;
         info.processor = b;
         QCOMPARE(scene.led(LayoutNotification::BackgroundChanged, info), QStringList());
-        QSignalSpy canvas(&scene.store, &CLayoutData::notifyProcessorCanvasSizeChanged);
+        CSignalLog canvas(&scene.store, &CLayoutData::notifyProcessorCanvasSizeChanged);
         scene.host.notify(LayoutNotification::CanvasSizeChanged, SCanvasSizeChange{b, QSize(1, 2)});
         scene.host.notify(LayoutNotification::CanvasSizeChanged, SCanvasSizeChange{scene.a, QSize(3, 4)});
         QTRY_COMPARE(canvas.count(), 1);
@@ -285,12 +285,12 @@ private Q_SLOTS:
         SBackgroundInfo second = first;
         second.file = QStringLiteral("two.png");
         scene.led(LayoutNotification::BackgroundChanged, first);
-        QSignalSpy changed(&scene.store, &CLayoutData::notifyProcessorBackgroundChanged);
+        CSignalLog changed(&scene.store, &CLayoutData::notifyProcessorBackgroundChanged);
         scene.led(LayoutNotification::BackgroundChanged, second);
         QTRY_COMPARE(changed.count(), 1);
-        QCOMPARE(changed[0][0].value<SBackgroundInfo>(), first);
-        QCOMPARE(changed[0][1].value<SBackgroundInfo>(), second);
-        QCOMPARE(changed[0][2].toBool(), false);
+        QCOMPARE(changed[0].at(0).value<SBackgroundInfo>(), first);
+        QCOMPARE(changed[0].at(1).value<SBackgroundInfo>(), second);
+        QCOMPARE(changed[0].at(2).toBool(), false);
         QCOMPARE(scene.store.background(), second);
     }
 

@@ -8,6 +8,7 @@
 #include "layout/plugin/LayoutNotification.h"
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
+#include "tests/harness/CSignalLog.h"
 #include "tests/harness/CTestBase.h"
 
 #include <QLabel>
@@ -41,7 +42,7 @@ struct SModuleScene final
     /// Delivers what the worker has posted to the pages.
     void settle()
     {
-        QSignalSpy done(&store, &CLayoutData::notifyDetectFinished);
+        CSignalLog done(&store, &CLayoutData::notifyDetectFinished);
         host.notify(LayoutNotification::DetectFinished);
         QTRY_COMPARE(done.count(), 1);
         QCoreApplication::sendPostedEvents();
