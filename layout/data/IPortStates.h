@@ -14,4 +14,6 @@ public:
     virtual CabinetLayout::CabinetPort::Redundancy portRedundancy(int port) const = 0;
     /// The fill of the port's cabinets; always valid.
     virtual QColor portColor(int port) const = 0;
+    /// Whether grabbing a handle or changing a type ends the highlight of cabinets without a type.
+    virtual bool resetsHighlightOnEdit() const { return false; }
 };

@@ -133,6 +133,17 @@ void CLayoutPainter::paintGroup(QPainter &painter, const QRectF &rect, bool sele
                cosmetic(FrameColor, selected ? 2 : 1, selected ? Qt::SolidLine : Qt::DashLine));
 }
 
+void CLayoutPainter::paintBand(QPainter &painter, const QRectF &rect)
+{
+    paintFrame(painter, rect, cosmetic(FrameColor, 1, Qt::DashLine));
+}
+
+void CLayoutPainter::paintStroke(QPainter &painter, const QPolygonF &path)
+{
+    painter.setPen(cosmetic(HighlightColor, 3));
+    painter.drawPolyline(path);
+}
+
 void CLayoutPainter::paintCanvas(QPainter &painter, const QRectF &canvas)
 {
     // In screen pixels: squares of the canvas would melt into grey from afar.

@@ -4,6 +4,7 @@
 
 #include <QColor>
 #include <QLineF>
+#include <QPolygonF>
 #include <QRectF>
 #include <QString>
 #include <QVector>
@@ -34,6 +35,9 @@ public:
     static void paintWire(QPainter &painter, const QLineF &line, qreal scale);
     /// The frame around a group's members.
     static void paintGroup(QPainter &painter, const QRectF &rect, bool selected, qreal scale);
+    /// The rubber band, and the way of a stroke of the pen.
+    static void paintBand(QPainter &painter, const QRectF &rect);
+    static void paintStroke(QPainter &painter, const QPolygonF &path);
     /// Checkerboard and border of a canvas.
     static void paintCanvas(QPainter &painter, const QRectF &canvas);
 

@@ -4,19 +4,23 @@
 
 #include "layout/data/ILayoutSource.h"
 #include "layout/data/records/LayoutData.h"
-#include "layout/data/records/PasteCache.h"
 #include "layout/data/records/ProcessorTree.h"
+#include "layout/editor/CPendingEdits.h"
+#include "layout/editor/CSceneGestures.h"
+#include "layout/editor/CSceneOperations.h"
+#include "layout/editor/CSceneSelection.h"
+#include "layout/editor/CUndoRecorder.h"
+#include "layout/editor/items/IEditorScene.h"
 #include "platform/widgets/CGraphicsScene.h"
 
-#include <QHash>
+#include <QSet>
 
-class CGraphicsItemBase;
-class CGraphicsPortItem;
 class IPortStates;
 
 /// The scene of the layout editor: a port item for each output port of the processor in view, with its
-/// cabinets, groups and wiring lines. Turns records into items and items back into records. GUI thread.
-class CCabinetGraphicsScene final : public CGraphicsScene, public ILayoutSource
+/// cabinets, groups and wiring lines. Turns records into items and items back into records, and carries out
+/// the user's edits, each as one undo step with one round of signals. GUI thread.
+class CCabinetGraphicsScene final : public CGraphicsScene, public ILayoutSource, public IEditorScene
 {
     Q_OBJECT
 
@@ -26,9 +30,10 @@ public:
     ~CCabinetGraphicsScene() override;
 
     /// Rebuilds all items from @p data, the layout of @p processor, and selects those whose keys are in @p
-    /// selected. A layout of another processor changes nothing.
+    /// selected. A layout of another processor changes nothing. With @p undoable the change is recorded, for
+    /// which the ports must be the same; otherwise what was recorded before stays as it is.
     void setLayoutData(const ProcessorTree::ProcessorNode &processor, const LayoutData &data,
-                       const QList<QUuid> &selected = {});
+                       const QList<QUuid> &selected = {}, bool undoable = false);
     /// Removes all items, for when no processor is in view.
     void clearLayout();
 
@@ -36,27 +41,109 @@ public:
 
     /// In ascending port index.
     const QVector<CGraphicsPortItem *> &portItems() const { return m_ports; }
-    CGraphicsPortItem *portItem(int port) const; ///< null for an unknown index
-    /// The cabinet or group with that identity, or null. O(1).
-    CGraphicsItemBase *itemOf(const QUuid &uuid) const { return m_index.value(uuid, nullptr); }
+    CGraphicsPortItem *portItem(int port) const override;
+    CGraphicsItemBase *editedItem(const QUuid &uuid) const override;
+    const CSceneSelection &selection() const { return m_selection; }
+
+    /// The scene's own stack unless another was set; null after setUndoStack(nullptr).
+    QUndoStack *undoStack() const { return m_recorder.stack(); }
+    /// Records on @p stack, which stays owned by the caller and must outlive its use here; with null edits
+    /// apply but cannot be undone.
+    void setUndoStack(QUndoStack *stack);
+    const QString &operationName() const { return m_recorder.operationName(); }
+    /// The first of the editor's own commands in @p command, which may be a macro; null without one.
+    const CUndoCommandBase *getChildUndoCommand(const QUndoCommand *command) const;
+
+    // Edits of the selection. A locked port among those concerned makes them do nothing.
+    /// Wires the selected cabinets of each port by a snake pattern.
+    void topologyWiring(uint pattern);
+    void breakSelectedWiring();
+    /// Clears the whole topology of a port.
+    void breakPortWiring(int port);
+    void groupSelected();
+    void ungroupSelected();
+    void deleteSelected();
+
+    void setToolMode(EToolMode mode, bool on);
+    bool isToolModeSet(EToolMode mode) const override { return m_toolModes.contains(mode); }
+    /// Puts a drag, a stroke or a rubber band that is in progress back to where it began.
+    void cancelGesture() { m_gestures.cancel(); }
+
+    // IEditorScene
+    void beginBatch() override;
+    void endBatch() override;
+    void enterEdited(CGraphicsItemBase &item) override;
+    void leaveEdited(CGraphicsItemBase &item) override;
+    bool isSingleSelection() const override { return m_selection.count() == 1; }
+    bool hasRubberBand() const override { return m_gestures.hasBand(); }
+    void beginMove(const QPointF &scenePos) override;
+    void beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos) override;
+    void continueDrag(const QPointF &scenePos) override { m_gestures.continueDrag(scenePos); }
+    bool endDrag(const QPointF &scenePos) override { return m_gestures.endDrag(scenePos); }
+    void beginStroke(CGraphicsCabinetItem &cabinet) override { m_gestures.beginStroke(cabinet); }
+    void continueStroke(const QPointF &scenePos) override { m_gestures.continueStroke(scenePos); }
+    void endStroke(const QPointF &scenePos) override { m_gestures.endStroke(scenePos); }
+    void exchangeReceivers(int port, const QUuid &cabinet, int cell) override;
+    void noteCabinetMoved(CGraphicsCabinetItem &cabinet) override;
+    void noteMembersChanged(CGraphicsGroupItem &group) override;
+    void notePortChanged(CGraphicsPortItem &port) override;
+    void noteWiringChanged(CGraphicsPortItem &port) override;
+    void noteSelected(CGraphicsItemBase &item, bool selected) override;
+
+Q_SIGNALS:
+    void notifyExitCurrentOperate();
+    void notifyCanUndoChanged(bool canUndo);
+    void notifyCanRedoChanged(bool canRedo);
+    void notifySelectedItemGeometryChanged();
+    void notifySelectedCabinetInfos(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets);
+    void notifySelectedChanged(const QList<int> &ports, bool canGroup, bool canBreakGroup);
+    void notifySceneChanged();
 
 public Q_SLOTS:
+    void selectAllItem();
+    void undo(QWidget *view);
+    void redo(QWidget *view);
+    void selectedItemMoveUp();
+    void selectedItemMoveDown();
+    void selectedItemMoveLeft();
+    void selectedItemMoveRight();
     void setCabinetLocked(int port, bool locked);
+    void backupPort(int primary, int backup, bool back);
     void setCanvasSize(const QSize &size);
+    void onSelectionChanged();
     void onNotifyProcessorStateChanged();
     void onNotifyCabinetColorChanged(int port, const QColor &color);
 
 protected:
+    void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override;
     void drawBackground(QPainter *painter, const QRectF &rect) override;
+    void drawForeground(QPainter *painter, const QRectF &rect) override;
 
 private:
+    bool hasSamePorts(const CabinetLayout &layout) const;
+    void rebuildUndoable(const LayoutData &data);
+    void buildAnew(const LayoutData &data);
+    void selectOnly(const QList<QUuid> &uuids);
+    void finishBatch();
+    void tellSelection();
     void updateContentRect();
+    void runStep(QWidget *view, bool undoing);
 
     const IPortStates &m_portStates;
+    CSceneSelection m_selection;
+    CUndoRecorder m_recorder;
+    CSceneOperations m_operations;
+    QUndoStack m_ownStack;
     QSize m_canvas;
     QUuid m_processor;
     QVector<CGraphicsPortItem *> m_ports;
-    QHash<QUuid, CGraphicsItemBase *> m_index;
+    qint64 m_nextOrdinal = 0;
+    QSet<EToolMode> m_toolModes;
+    CSceneGestures m_gestures;
+    CPendingEdits m_pending;
+    int m_batchDepth = 0;
     mutable QHash<int, CabinetLayout::CabinetPort>
         m_records; // read from the items and unchanged since, by port index
 };

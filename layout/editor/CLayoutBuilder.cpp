@@ -23,10 +23,10 @@ QRect unitedGroupRect(const CabinetLayout::CabinetPort::CabinetGroup &group)
 
 } // namespace
 
-CGraphicsPortItem *CLayoutBuilder::build(const CabinetLayout::CabinetPort &record, const IPortStates &states)
+CGraphicsPortItem *CLayoutBuilder::build(const CabinetLayout::CabinetPort &record)
 {
     m_ranked.clear();
-    auto *port = new CGraphicsPortItem(record, states);
+    auto *port = new CGraphicsPortItem(record, m_states, m_scene);
     for (const Group &group : record.groups) {
         if (group.isLoose())
             buildMembers(group, *port);
@@ -40,8 +40,8 @@ CGraphicsPortItem *CLayoutBuilder::build(const CabinetLayout::CabinetPort &recor
 
 void CLayoutBuilder::buildGroup(const Group &record, QGraphicsItem &parent)
 {
-    const QUuid uuid = m_index.contains(record.uuid) ? QUuid() : record.uuid;
-    auto *group = new CGraphicsGroupItem(uuid, CCabinetRect::fromRecord(unitedGroupRect(record)), &parent);
+    const QRectF bounds = CCabinetRect::fromRecord(unitedGroupRect(record));
+    auto *group = new CGraphicsGroupItem(freeIdentity(record.uuid), bounds, &parent);
     group->setName(record.name);
     enter(*group);
     buildMembers(record, *group);
@@ -49,28 +49,34 @@ void CLayoutBuilder::buildGroup(const Group &record, QGraphicsItem &parent)
 
 void CLayoutBuilder::buildMembers(const Group &record, QGraphicsItem &parent)
 {
+    const QUuid group =
+        parent.type() == GroupItemKind ? static_cast<CGraphicsItemBase &>(parent).uuid() : QUuid();
     for (const auto &cabinetRecord : record.cabinets) {
         auto cabinet = cabinetRecord;
-        if (m_index.contains(cabinet.uuid))
-            cabinet.uuid = QUuid();
-        cabinet.group =
-            parent.type() == GroupItemKind ? static_cast<CGraphicsItemBase &>(parent).uuid() : QUuid();
+        cabinet.uuid = freeIdentity(cabinet.uuid);
+        cabinet.group = group;
         auto *item = new CGraphicsCabinetItem(cabinet, &parent);
         enter(*item);
         if (cabinet.rank >= 0)
             m_ranked << qMakePair(cabinet.rank, item);
     }
-    for (const Group &group : record.groups)
-        buildGroup(group, parent);
+    for (const Group &child : record.groups)
+        buildGroup(child, parent);
+}
+
+QUuid CLayoutBuilder::freeIdentity(const QUuid &uuid)
+{
+    QUuid free = uuid;
+    while (free.isNull() || m_taken.contains(free))
+        free = QUuid::createUuid();
+    m_taken.insert(free);
+    return free;
 }
 
 void CLayoutBuilder::enter(CGraphicsItemBase &item)
 {
-    const QUuid uuid = item.uuid();
-    m_index.insert(uuid, &item);
     item.setOrdinal(m_ordinal++);
-    if (!m_selected.isEmpty() && m_selected.contains(uuid))
-        m_toSelect << &item;
+    m_items << &item;
 }
 
 void CLayoutBuilder::wire(CGraphicsPortItem &port)

@@ -4,44 +4,48 @@
 
 #include "layout/data/records/CabinetLayout.h"
 
-#include <QHash>
 #include <QSet>
 
-class CCabinetGraphicsScene;
 class CGraphicsItemBase;
 class CGraphicsPortItem;
 class CGraphicsCabinetItem;
+class IEditorScene;
 class IPortStates;
 class QGraphicsItem;
 
 /// Builds a port's items from its record: cabinets in their places, the chain by rank, groups around their
-/// members. Identities that are missing or taken are replaced by new ones.
+/// members. Identities that are missing or given twice are replaced by new ones.
 class CLayoutBuilder final
 {
 public:
-    /// Items are entered in @p index; those in @p selected are to be selected by the caller, see toSelect().
-    CLayoutBuilder(QHash<QUuid, CGraphicsItemBase *> &index, const QSet<QUuid> &selected)
-        : m_index(index)
-        , m_selected(selected)
+    /// Items of a port read back in the order of their records, from @p firstOrdinal on.
+    CLayoutBuilder(IEditorScene &scene, const IPortStates &states, qint64 firstOrdinal)
+        : m_scene(scene)
+        , m_states(states)
+        , m_ordinal(firstOrdinal)
     {
     }
 
     /// The port item with all its children; owned by the caller, not in a scene yet.
-    CGraphicsPortItem *build(const CabinetLayout::CabinetPort &record, const IPortStates &states);
+    CGraphicsPortItem *build(const CabinetLayout::CabinetPort &record);
 
-    const QVector<CGraphicsItemBase *> &toSelect() const { return m_toSelect; }
+    /// All cabinets and groups built so far, in the order of their records.
+    const QVector<CGraphicsItemBase *> &items() const { return m_items; }
+    qint64 nextOrdinal() const { return m_ordinal; }
 
 private:
     using Group = CabinetLayout::CabinetPort::CabinetGroup;
 
     void buildGroup(const Group &record, QGraphicsItem &parent);
     void buildMembers(const Group &record, QGraphicsItem &parent);
+    QUuid freeIdentity(const QUuid &uuid);
     void enter(CGraphicsItemBase &item);
     void wire(CGraphicsPortItem &port);
 
-    QHash<QUuid, CGraphicsItemBase *> &m_index;
-    const QSet<QUuid> &m_selected;
-    QVector<CGraphicsItemBase *> m_toSelect;
+    IEditorScene &m_scene;
+    const IPortStates &m_states;
+    qint64 m_ordinal;
+    QSet<QUuid> m_taken;
+    QVector<CGraphicsItemBase *> m_items;
     QVector<QPair<int, CGraphicsCabinetItem *>> m_ranked; // of the port that is being built
-    qint64 m_ordinal = 0;
 };

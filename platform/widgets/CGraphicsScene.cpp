@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/widgets/CGraphicsScene.h"
 
+#include <QGraphicsItem>
+#include <QVariant>
+
 #include <algorithm>
 
 namespace {
@@ -25,4 +28,14 @@ void CGraphicsScene::setContentRect(const QRectF &content)
     const qreal margin =
         std::max(SceneLeastMargin, SceneMarginShare * std::max(content.width(), content.height()));
     setSceneRect(content.adjusted(-margin, -margin, margin, margin));
+}
+
+void CGraphicsScene::enterItem(QGraphicsItem &item)
+{
+    m_items.insert(item.data(0).toUuid(), &item);
+}
+
+void CGraphicsScene::leaveItem(QGraphicsItem &item)
+{
+    m_items.remove(item.data(0).toUuid());
 }

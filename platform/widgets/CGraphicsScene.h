@@ -3,6 +3,8 @@
 #pragma once
 
 #include <QGraphicsScene>
+#include <QHash>
+#include <QUuid>
 
 /// The widget library's graphics scene: finds items by identity and keeps its rectangle still while items
 /// move.
@@ -18,6 +20,17 @@ public:
     void setContentRect(const QRectF &content);
     QRectF contentRect() const { return m_content; }
 
+    /// The item that was entered under @p uuid, or null. O(1).
+    QGraphicsItem *itemOf(const QUuid &uuid) const { return m_items.value(uuid, nullptr); }
+
+protected:
+    /// Makes an item known by the identity in its data role 0, as long as it is in the scene.
+    void enterItem(QGraphicsItem &item);
+    void leaveItem(QGraphicsItem &item);
+    void reserveItems(int count) { m_items.reserve(count); }
+    void forgetItems() { m_items.clear(); }
+
 private:
     QRectF m_content;
+    QHash<QUuid, QGraphicsItem *> m_items;
 };

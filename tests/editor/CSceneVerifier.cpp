@@ -15,7 +15,7 @@ namespace {
 
 QString faultOfChain(const CGraphicsPortItem &port)
 {
-    const CPortChain &chain = port.chain();
+    const QVector<CGraphicsCabinetItem *> chain = port.chain().order();
     int wired = 0;
     int heads = 0;
     for (const CGraphicsCabinetItem *cabinet : port.cabinets(nullptr)) {
@@ -26,19 +26,19 @@ QString faultOfChain(const CGraphicsPortItem &port)
         if (!cabinet->isInChain() && (cabinet->incoming() || cabinet->outgoing()))
             return QStringLiteral("an unwired cabinet has a line");
     }
-    if (wired != chain.length() || heads != (wired > 0))
+    if (wired != chain.size() || heads != (wired > 0))
         return QStringLiteral("chain of %1 cabinets has %2 wired and %3 heads")
-            .arg(chain.length())
+            .arg(chain.size())
             .arg(wired)
             .arg(heads);
-    for (int i = 0; i < chain.length(); ++i) {
+    for (int i = 0; i < chain.size(); ++i) {
         const CGraphicsCabinetItem *cabinet = chain.at(i);
         const CGraphicsConnectionItem *line = cabinet->outgoing();
         if (cabinet->chainPosition() != i)
             return QStringLiteral("position %1 is held by the cabinet of position %2")
                 .arg(i)
                 .arg(cabinet->chainPosition());
-        if ((i + 1 < chain.length()) != bool(line))
+        if ((i + 1 < chain.size()) != bool(line))
             return QStringLiteral("a line is missing or too many at position %1").arg(i);
         if (line && (line->to() != chain.at(i + 1) || chain.at(i + 1)->incoming() != line ||
                      line->parentItem() != &port))

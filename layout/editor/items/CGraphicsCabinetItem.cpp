@@ -5,10 +5,14 @@
 #include "layout/drawing/CLayoutPainter.h"
 #include "layout/drawing/CLayoutPicture.h"
 #include "layout/editor/items/CGraphicsConnectionItem.h"
+#include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/items/IEditorScene.h"
 #include "layout/geometry/CCabinetRect.h"
 #include "platform/common/Utils.h"
 
+#include <QGraphicsScene>
+#include <QGraphicsSceneMouseEvent>
 #include <QPainter>
 #include <QStyleOptionGraphicsItem>
 
@@ -25,29 +29,29 @@ CGraphicsCabinetItem::CGraphicsCabinetItem(const Cabinet &cabinetRecord, QGraphi
     record() = cabinetRecord;
     record().uuid = uuid();
     record().rank = NoPosition;
-    setRect(QRectF(QPointF(0, 0), CCabinetRect::fromRecord(cabinetRecord.rect).size()));
-    const QPointF corner = cabinetRecord.rect.topLeft();
-    setPos(parent ? parent->mapFromScene(corner) : corner);
+    const QRectF placement = CCabinetRect::fromRecord(cabinetRecord.rect);
+    setSize(placement.size());
+    setPos(parent ? parent->mapFromScene(placement.topLeft()) : placement.topLeft());
     updateInnerLines();
     setParentItem(parent);
 }
 
 void CGraphicsCabinetItem::setCabinet(const Cabinet &cabinetRecord)
 {
+    const Cabinet previous = cabinet();
     record() = cabinetRecord;
-    record().uuid = uuid();
+    record().uuid = previous.uuid;
+    record().port = previous.port;
+    record().group = previous.group;
     record().rank = m_chainPosition;
-    placeByRecord();
-    updateInnerLines();
-    routeWires();
-    update();
-}
-
-void CGraphicsCabinetItem::placeByRecord()
-{
-    const QRectF placement = CCabinetRect::fromRecord(cabinet().rect);
-    setRect(QRectF(QPointF(0, 0), placement.size()));
+    const QRectF placement = CCabinetRect::fromRecord(cabinetRecord.rect);
+    setSize(placement.size());
     setPos(parentItem() ? parentItem()->mapFromScene(placement.topLeft()) : placement.topLeft());
+    record().rect = cabinetRecord.rect;
+    updateInnerLines();
+    update();
+    if (IEditorScene *editing = editor())
+        editing->noteCabinetMoved(*this);
 }
 
 void CGraphicsCabinetItem::updateInnerLines()
@@ -62,20 +66,51 @@ void CGraphicsCabinetItem::setPort(int port)
     record().port = port;
 }
 
+bool CGraphicsCabinetItem::canResize() const
+{
+    const CGraphicsPortItem *item = portItem();
+    return !(item && item->isLocked()) && !isGrouped() && isSelected();
+}
+
+void CGraphicsCabinetItem::followGeometry()
+{
+    record().rect = CCabinetRect::toRecord(mapRectToScene(rect()));
+    if (IEditorScene *editing = editor())
+        editing->noteCabinetMoved(*this);
+}
+
 void CGraphicsCabinetItem::setChainPosition(int position)
 {
+    if (m_chainPosition == position)
+        return;
     m_chainPosition = position;
     record().rank = position;
+    update();
+}
+
+void CGraphicsCabinetItem::setRectFlag(int index, bool on)
+{
+    while (m_rectFlags.size() <= index)
+        m_rectFlags << false;
+    m_rectFlags[index] = on;
+}
+
+void CGraphicsCabinetItem::setRectAnchored(bool anchored)
+{
+    m_rectAnchored = anchored;
+    routeWires();
 }
 
 QPointF CGraphicsCabinetItem::entryPoint() const
 {
-    return SWireAnchors::of(cabinet(), mapRectToScene(rect())).entry;
+    const QRectF placement = mapRectToScene(rect());
+    return m_rectAnchored ? SWireAnchors::of(cabinet(), placement).entry : placement.center();
 }
 
 QPointF CGraphicsCabinetItem::exitPoint() const
 {
-    return SWireAnchors::of(cabinet(), mapRectToScene(rect())).exit;
+    const QRectF placement = mapRectToScene(rect());
+    return m_rectAnchored ? SWireAnchors::of(cabinet(), placement).exit : placement.center();
 }
 
 void CGraphicsCabinetItem::setHighlighted(bool highlighted)
@@ -94,11 +129,57 @@ void CGraphicsCabinetItem::routeWires()
         m_outgoing->route();
 }
 
+int CGraphicsCabinetItem::cellAt(const QPointF &position) const
+{
+    const QPoint rounded(qRound(position.x()), qRound(position.y()));
+    const QVector<QRect> &rects = cabinet().rects;
+    for (int i = 0; i < rects.size(); ++i) {
+        if (rects.at(i).contains(rounded))
+            return i;
+    }
+    return NoCell;
+}
+
+void CGraphicsCabinetItem::mousePressEvent(QGraphicsSceneMouseEvent *event)
+{
+    IEditorScene *editing = editor();
+    if (editing && event->button() == Qt::LeftButton) {
+        if (editing->isToolModeSet(IEditorScene::HeadToTailExchange)) {
+            const int cell = cellAt(event->pos());
+            if (cell != NoCell) {
+                m_selectedCell = cell;
+                editing->exchangeReceivers(port(), uuid(), cell);
+                update();
+            }
+        } else if (editing->isToolModeSet(IEditorScene::DirectExchange)) {
+            editing->exchangeReceivers(port(), uuid(), NoCell);
+        }
+    }
+    CGraphicsItemBase::mousePressEvent(event);
+}
+
+void CGraphicsCabinetItem::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)
+{
+    IEditorScene *editing = editor();
+    if (!editing || editing->isToolModeSet(IEditorScene::HeadToTailExchange) ||
+        event->button() != Qt::LeftButton)
+        return;
+    const CEditBatch batch(*editing);
+    scene()->clearSelection();
+    setSelected(true);
+}
+
 QVariant CGraphicsCabinetItem::itemChange(GraphicsItemChange change, const QVariant &value)
 {
-    if (change == ItemPositionHasChanged && scene()) {
-        record().rect = CCabinetRect::toRecord(mapRectToScene(rect()));
-        routeWires();
+    if (change == ItemSelectedChange && value.toBool() && isGrouped()) {
+        // A rubber band selects whole groups.
+        const IEditorScene *editing = editor();
+        if (editing && editing->hasRubberBand()) {
+            selectOutermost(true);
+            return false;
+        }
+    } else if (change == ItemPositionHasChanged && scene() && !isChangeBlocked()) {
+        followGeometry();
     }
     return CGraphicsItemBase::itemChange(change, value);
 }
@@ -113,9 +194,9 @@ void CGraphicsCabinetItem::paint(QPainter *painter, const QStyleOptionGraphicsIt
         look.number = QString::number(m_chainPosition + 1);
     look.selected = isSelectedWithGroups();
     look.highlighted = m_highlighted;
-    if (const CGraphicsPortItem *port = portItem()) {
-        look.locked = port->isShownLocked();
-        look.redundant = port->isShownRedundant();
+    if (const CGraphicsPortItem *item = portItem()) {
+        look.locked = item->isShownLocked();
+        look.redundant = item->isShownRedundant();
     }
     const QTransform transform = painter->worldTransform();
     CLayoutPainter::paintCabinet(*painter, look, option->levelOfDetailFromTransform(transform));

@@ -2,13 +2,23 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/items/CGraphicsItemBase.h"
 
+#include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/items/IEditorScene.h"
+#include "layout/geometry/CResizeHandles.h"
 
+#include <QCursor>
+#include <QGraphicsScene>
+#include <QGraphicsSceneHoverEvent>
+#include <QGraphicsSceneMouseEvent>
+#include <QGraphicsView>
 #include <QPainterPath>
 #include <QPen>
 
 namespace {
+
+constexpr qreal HandleSide = 9; // pixels of the screen
 
 QGraphicsItem *ancestorOfKind(const QGraphicsItem &item, int kind)
 {
@@ -39,9 +49,23 @@ CGraphicsGroupItem *CGraphicsItemBase::groupItem() const
     return static_cast<CGraphicsGroupItem *>(ancestorOfKind(*this, GroupItemKind));
 }
 
+IEditorScene *CGraphicsItemBase::editor() const
+{
+    const CGraphicsPortItem *item = portItem();
+    return item ? item->editor() : nullptr;
+}
+
 bool CGraphicsItemBase::isGrouped() const
 {
     return type() != GroupItemKind && groupItem();
+}
+
+CGraphicsItemBase &CGraphicsItemBase::outermost()
+{
+    CGraphicsItemBase *item = this;
+    while (CGraphicsGroupItem *group = item->groupItem())
+        item = group;
+    return *item;
 }
 
 bool CGraphicsItemBase::isSelectedWithGroups() const
@@ -52,12 +76,12 @@ bool CGraphicsItemBase::isSelectedWithGroups() const
     return group && group->isSelectedWithGroups();
 }
 
-void CGraphicsItemBase::selectOutermost(bool selected)
+void CGraphicsItemBase::setSize(const QSizeF &size)
 {
-    CGraphicsItemBase *outermost = this;
-    while (CGraphicsGroupItem *group = outermost->groupItem())
-        outermost = group;
-    outermost->setSelected(selected);
+    setRect(QRectF(QPointF(0, 0), size));
+    m_bounds = rect();
+    m_hoveredHandle = NoHandle;
+    m_handles.clear();
 }
 
 QPainterPath CGraphicsItemBase::shape() const
@@ -67,11 +91,151 @@ QPainterPath CGraphicsItemBase::shape() const
     return path;
 }
 
+void CGraphicsItemBase::updateHandles()
+{
+    m_handles.clear();
+    const QList<QGraphicsView *> views = scene() ? scene()->views() : QList<QGraphicsView *>();
+    if (views.isEmpty() || !isSelected() || !editor() || !editor()->isSingleSelection() || !canResize())
+        return;
+    m_handles = CResizeHandles::handles(rect(), HandleSide / views.first()->transform().m11());
+}
+
+int CGraphicsItemBase::handleAt(const QPointF &position) const
+{
+    for (auto handle = m_handles.begin(); handle != m_handles.end(); ++handle) {
+        if (handle.value().contains(position))
+            return handle.key();
+    }
+    return NoHandle;
+}
+
+void CGraphicsItemBase::setHoveredHandle(int handle)
+{
+    // A handle that sticks out stays part of the item while the cursor is on it.
+    const QRectF bounds = handle == NoHandle ? rect() : rect().united(m_handles.value(handle));
+    m_hoveredHandle = handle;
+    if (bounds == m_bounds)
+        return;
+    prepareGeometryChange();
+    m_bounds = bounds;
+}
+
+bool CGraphicsItemBase::sceneEvent(QEvent *event)
+{
+    // The group and the port watch their children; they are asked here, as installed filters would be walked
+    // by every removal from the scene.
+    if (CGraphicsGroupItem *group = groupItem()) {
+        if (group->sceneEventFilter(this, event))
+            return true;
+    }
+    if (CGraphicsPortItem *item = portItem()) {
+        if (item->sceneEventFilter(this, event))
+            return true;
+    }
+    return QGraphicsRectItem::sceneEvent(event);
+}
+
+void CGraphicsItemBase::hoverMoveEvent(QGraphicsSceneHoverEvent *event)
+{
+    updateHandles();
+    const int handle = handleAt(event->pos());
+    setHoveredHandle(handle);
+    if (handle == NoHandle)
+        unsetCursor();
+    else
+        setCursor(CResizeHandles::cursor(handle));
+}
+
+void CGraphicsItemBase::hoverLeaveEvent(QGraphicsSceneHoverEvent *)
+{
+    setHoveredHandle(NoHandle);
+    unsetCursor();
+}
+
+/// The first step of a press: what becomes selected. Gives whether a click of this kind toggles on release.
+bool CGraphicsItemBase::selectByPress(const QGraphicsSceneMouseEvent &event)
+{
+    const bool ctrl = event.modifiers() & Qt::ControlModifier;
+    if (!(flags() & ItemIsSelectable))
+        return false;
+    if (!isSelectedWithGroups()) {
+        if (ctrl && event.button() != Qt::RightButton)
+            return true;
+        scene()->clearSelection();
+    }
+    if (!ctrl && !isSelectedWithGroups())
+        selectOutermost(true);
+    return ctrl;
+}
+
+void CGraphicsItemBase::resetHighlights()
+{
+    const CGraphicsPortItem *item = portItem();
+    if (!item || !item->resetsHighlightOnEdit())
+        return;
+    for (CGraphicsCabinetItem *concerned : concernedCabinets()) {
+        if (concerned->cabinet().type.isNull())
+            concerned->setHighlighted(false);
+    }
+}
+
+void CGraphicsItemBase::mousePressEvent(QGraphicsSceneMouseEvent *event)
+{
+    IEditorScene *editing = editor();
+    if (!editing)
+        return;
+    const CEditBatch batch(*editing);
+    const bool toggles = selectByPress(*event);
+    m_activeHandle = NoHandle;
+    if (event->button() == Qt::LeftButton && editing->isSingleSelection() && isSelected()) {
+        updateHandles();
+        m_activeHandle = handleAt(event->pos());
+        if (m_activeHandle != NoHandle) {
+            editing->beginScale(*this, m_activeHandle, event->scenePos());
+            resetHighlights();
+            return;
+        }
+    }
+    if (event->button() == Qt::LeftButton && !(toggles && !isSelectedWithGroups()))
+        editing->beginMove(event->scenePos());
+}
+
+void CGraphicsItemBase::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
+{
+    if (IEditorScene *editing = editor())
+        editing->continueDrag(event->scenePos());
+}
+
+void CGraphicsItemBase::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
+{
+    m_activeHandle = NoHandle;
+    IEditorScene *editing = editor();
+    if (!editing || event->button() != Qt::LeftButton || editing->endDrag(event->scenePos()))
+        return;
+    const CEditBatch batch(*editing);
+    if (event->modifiers() & Qt::ControlModifier) {
+        outermost().setSelected(!isSelectedWithGroups());
+        return;
+    }
+    // A click on one of several selected items leaves only that one selected.
+    CGraphicsItemBase &clicked = isSelected() ? *this : outermost();
+    if (!clicked.isSelected() || editing->isSingleSelection())
+        return;
+    scene()->clearSelection();
+    clicked.setSelected(true);
+}
+
 QVariant CGraphicsItemBase::itemChange(GraphicsItemChange change, const QVariant &value)
 {
-    // Nothing relies on scene-position changes, and each move of a parent would walk all items that want
-    // them.
-    if (change == ItemSceneHasChanged && scene())
+    if (change == ItemSceneHasChanged && scene()) {
+        // Nothing relies on scene-position changes, and each move of a parent would walk all items that want
+        // them.
         setFlag(ItemSendsScenePositionChanges, false);
+    } else if (change == ItemSelectedHasChanged) {
+        if (IEditorScene *editing = editor())
+            editing->noteSelected(*this, isSelected());
+        setHoveredHandle(NoHandle);
+        m_handles.clear();
+    }
     return QGraphicsRectItem::itemChange(change, value);
 }

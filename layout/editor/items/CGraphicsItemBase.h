@@ -4,19 +4,23 @@
 
 #include "layout/data/records/CabinetLayout.h"
 #include "layout/editor/items/ItemKinds.h"
+#include "platform/widgets/CItemChangeBlocker.h"
 
 #include <QGraphicsRectItem>
 #include <QMap>
 
+class CGraphicsCabinetItem;
 class CGraphicsGroupItem;
 class CGraphicsPortItem;
+class IEditorScene;
 
-/// What cabinets and groups on the canvas share: identity, port, record and how they are selected through
-/// groups.
-class CGraphicsItemBase : public QGraphicsRectItem
+/// What cabinets and groups on the canvas share: identity, port, record, resize handles, and the mouse rules
+/// by which they are selected through groups, moved and resized.
+class CGraphicsItemBase : public QGraphicsRectItem, public CChangeBlockable
 {
 public:
     using Cabinet = CabinetLayout::CabinetPort::Cabinet;
+    static constexpr int NoHandle = -1;
 
     /// The user's name for what the item shows; it ends the texts of its undo steps.
     const QString &name() const { return m_name; }
@@ -41,25 +45,54 @@ public:
     CGraphicsGroupItem *groupItem() const; ///< the nearest group around the item, or null
     /// Whether a group encloses the item; a group itself is not grouped.
     bool isGrouped() const;
+    CGraphicsItemBase &outermost(); ///< the outermost group around the item, or the item itself
 
     /// Whether the item or any group around it is selected.
     bool isSelectedWithGroups() const;
     /// Selects the outermost group around the item; an item outside any group itself.
-    void selectOutermost(bool selected);
+    void selectOutermost(bool selected) { outermost().setSelected(selected); }
 
-    QRectF boundingRect() const override { return rect(); }
+    /// Whether the selected item may be resized through its handles.
+    virtual bool canResize() const = 0;
+    /// The cabinets that a change of the item concerns: itself, or a group's.
+    virtual QVector<CGraphicsCabinetItem *> concernedCabinets() = 0;
+    /// Brings records and wiring lines in step with where the item lies now.
+    virtual void followGeometry() = 0;
+
+    QRectF boundingRect() const override { return m_bounds; }
     QPainterPath shape() const override;
+
+    /// Sets the rectangle to that size at the item's position.
+    void setSize(const QSizeF &size);
 
 protected:
     /// With a null @p uuid the item gets a new identity.
     CGraphicsItemBase(const QUuid &uuid, QGraphicsItem *parent);
 
-    QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
     Cabinet &record() { return m_cabinet; }
+    IEditorScene *editor() const; ///< null outside a port of an editing scene
+
+    bool sceneEvent(QEvent *event) override;
+    void hoverMoveEvent(QGraphicsSceneHoverEvent *event) override;
+    void hoverLeaveEvent(QGraphicsSceneHoverEvent *event) override;
+    void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override;
+    QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
 
 private:
+    void updateHandles();
+    void setHoveredHandle(int handle);
+    int handleAt(const QPointF &position) const;
+    bool selectByPress(const QGraphicsSceneMouseEvent &event);
+    void resetHighlights();
+
     int m_port = 0;
     Cabinet m_cabinet;
+    QMap<int, QRectF> m_handles;    // by handle number, in item coordinates
+    int m_activeHandle = NoHandle;  // grabbed by the current press
+    int m_hoveredHandle = NoHandle; // under the cursor; it belongs to the bounds while it is
+    QRectF m_bounds;
     qint64 m_ordinal = 0;
     QString m_name;
 };

@@ -5,8 +5,13 @@
 #include "layout/data/IPortStates.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
+#include "layout/editor/items/IEditorScene.h"
 
 #include <QBrush>
+#include <QGraphicsScene>
+#include <QGraphicsSceneMouseEvent>
+
+#include <algorithm>
 
 namespace {
 
@@ -21,10 +26,23 @@ void collectPortCabinets(const QGraphicsItem &parent, QVector<CGraphicsCabinetIt
     }
 }
 
+void collectGroups(const QGraphicsItem &parent, bool outermostOnly, QVector<CGraphicsGroupItem *> &groups)
+{
+    const QList<QGraphicsItem *> children = parent.childItems();
+    for (QGraphicsItem *child : children) {
+        if (child->type() != GroupItemKind)
+            continue;
+        groups << static_cast<CGraphicsGroupItem *>(child);
+        if (!outermostOnly)
+            collectGroups(*child, false, groups);
+    }
+}
+
 } // namespace
 
-CGraphicsPortItem::CGraphicsPortItem(const Port &record, const IPortStates &states)
+CGraphicsPortItem::CGraphicsPortItem(const Port &record, const IPortStates &states, IEditorScene &editor)
     : m_states(states)
+    , m_editor(editor)
     , m_state(record)
     , m_chain(*this)
 {
@@ -42,9 +60,46 @@ QVector<CGraphicsCabinetItem *> CGraphicsPortItem::cabinets(const CGraphicsGroup
     return cabinets;
 }
 
+QVector<CGraphicsGroupItem *> CGraphicsPortItem::groups(bool outermostOnly) const
+{
+    QVector<CGraphicsGroupItem *> groups;
+    collectGroups(*this, outermostOnly, groups);
+    return groups;
+}
+
+QVector<CGraphicsGroupItem *> CGraphicsPortItem::selectedGroups(bool outermostOnly) const
+{
+    QVector<CGraphicsGroupItem *> selected = groups(outermostOnly);
+    selected.erase(std::remove_if(selected.begin(), selected.end(),
+                                  [](const CGraphicsGroupItem *group) { return !group->isSelected(); }),
+                   selected.end());
+    return selected;
+}
+
+QVector<CGraphicsItemBase *> CGraphicsPortItem::topItems() const
+{
+    QVector<CGraphicsItemBase *> items;
+    const QList<QGraphicsItem *> children = childItems();
+    for (QGraphicsItem *child : children) {
+        if (child->type() == CabinetItemKind || child->type() == GroupItemKind)
+            items << static_cast<CGraphicsItemBase *>(child);
+    }
+    return items;
+}
+
 bool CGraphicsPortItem::isLocked() const
 {
     return m_states.isPortLocked(port());
+}
+
+bool CGraphicsPortItem::isRedundant() const
+{
+    return m_states.portRedundancy(port()) == Port::Redundant;
+}
+
+bool CGraphicsPortItem::resetsHighlightOnEdit() const
+{
+    return m_states.resetsHighlightOnEdit();
 }
 
 void CGraphicsPortItem::setShownLocked(bool locked)
@@ -82,6 +137,23 @@ void CGraphicsPortItem::colorChildren(const QGraphicsItem &parent)
     }
 }
 
+void CGraphicsPortItem::noteChanged()
+{
+    if (m_changeNoted)
+        return;
+    m_changeNoted = true;
+    m_editor.notePortChanged(*this);
+}
+
+void CGraphicsPortItem::noteWiringChanged()
+{
+    if (m_wiringNoted)
+        return;
+    m_wiringNoted = true;
+    m_editor.noteWiringChanged(*this);
+    noteChanged();
+}
+
 void CGraphicsPortItem::updateBounds()
 {
     const QRectF bounds = childrenBoundingRect();
@@ -89,11 +161,36 @@ void CGraphicsPortItem::updateBounds()
         return;
     prepareGeometryChange();
     m_bounds = bounds;
+    Q_EMIT childItemPosChanged();
+}
+
+bool CGraphicsPortItem::sceneEventFilter(QGraphicsItem *watched, QEvent *event)
+{
+    // A stroke of the pen begins on a cabinet and goes on over the whole canvas: the port takes the mouse.
+    if (event->type() != QEvent::GraphicsSceneMousePress || watched->type() != CabinetItemKind ||
+        !m_editor.isToolModeSet(IEditorScene::ManualWiring))
+        return false;
+    if (static_cast<QGraphicsSceneMouseEvent *>(event)->button() != Qt::LeftButton)
+        return false;
+    m_editor.beginStroke(static_cast<CGraphicsCabinetItem &>(*watched));
+    grabMouse();
+    return true;
+}
+
+void CGraphicsPortItem::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
+{
+    m_editor.continueStroke(event->scenePos());
+}
+
+void CGraphicsPortItem::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
+{
+    ungrabMouse();
+    m_editor.endStroke(event->scenePos());
 }
 
 QVariant CGraphicsPortItem::itemChange(GraphicsItemChange change, const QVariant &value)
 {
-    if (change == ItemChildAddedChange)
+    if (change == ItemChildAddedChange && !isChangeBlocked())
         adopt(*value.value<QGraphicsItem *>());
     return QGraphicsObject::itemChange(change, value);
 }

@@ -5,15 +5,19 @@
 #include "layout/data/records/CabinetLayout.h"
 #include "layout/editor/items/CPortChain.h"
 #include "layout/editor/items/ItemKinds.h"
+#include "platform/widgets/CItemChangeBlocker.h"
 
 #include <QGraphicsObject>
 
+class CGraphicsCabinetItem;
 class CGraphicsGroupItem;
+class CGraphicsItemBase;
+class IEditorScene;
 class IPortStates;
 
 /// An output port on the canvas: parent of its cabinets, groups and wiring lines, and owner of its chain. It
 /// lies at the scene's origin and has no area of its own.
-class CGraphicsPortItem final : public QGraphicsObject
+class CGraphicsPortItem final : public QGraphicsObject, public CChangeBlockable
 {
     Q_OBJECT
 
@@ -22,7 +26,8 @@ public:
 
     /// Shows the port of @p record, whose groups are not built here; colours, locks and redundancy come from
     /// @p states.
-    CGraphicsPortItem(const Port &record, const IPortStates &states);
+    /// @p editor is the scene that the port is edited in.
+    CGraphicsPortItem(const Port &record, const IPortStates &states, IEditorScene &editor);
 
     int type() const override { return PortItemKind; }
     QRectF boundingRect() const override { return m_bounds; }
@@ -32,11 +37,21 @@ public:
     CPortChain &chain() { return m_chain; }
     const CPortChain &chain() const { return m_chain; }
 
+    IEditorScene *editor() const { return &m_editor; }
+
     /// The cabinets inside @p group; with null all of the port, through all groups.
     QVector<CGraphicsCabinetItem *> cabinets(const CGraphicsGroupItem *group) const;
 
+    /// The port's group items; with @p outermostOnly those that lie in no other group.
+    QVector<CGraphicsGroupItem *> groups(bool outermostOnly) const;
+    QVector<CGraphicsGroupItem *> selectedGroups(bool outermostOnly) const;
+    /// The cabinets and groups that lie in the port directly.
+    QVector<CGraphicsItemBase *> topItems() const;
+
     /// Whether the store marks the port as locked.
     bool isLocked() const;
+    bool isRedundant() const;
+    bool resetsHighlightOnEdit() const;
 
     /// What the cabinets show of the port; follows the store when told to.
     bool isShownLocked() const { return m_state.locked; }
@@ -46,16 +61,27 @@ public:
     /// Reads colour, lock and redundancy from the store anew.
     void refreshState();
 
+    /// Tells the scene, once until it has taken note, that children, chain or state differ from what was read
+    /// last.
+    void noteChanged();
+    void noteWiringChanged();
+    void takeNote() { m_changeNoted = m_wiringNoted = false; }
+
     /// Takes the children's rectangle as its own; done once an operation.
     void updateBounds();
 
     /// The port's record without its groups.
     const Port &state() const { return m_state; }
 
+    bool sceneEventFilter(QGraphicsItem *watched, QEvent *event) override;
+
 Q_SIGNALS:
+    /// A child lies elsewhere; once an operation.
     void childItemPosChanged();
 
 protected:
+    void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override;
     QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
 
 private:
@@ -63,8 +89,11 @@ private:
     void colorChildren(const QGraphicsItem &parent);
 
     const IPortStates &m_states;
+    IEditorScene &m_editor;
     Port m_state;
     QColor m_color;
     QRectF m_bounds;
+    bool m_changeNoted = false;
+    bool m_wiringNoted = false;
     CPortChain m_chain;
 };

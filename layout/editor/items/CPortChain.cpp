@@ -4,6 +4,9 @@
 
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsConnectionItem.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -17,71 +20,216 @@ CGraphicsCabinetItem *after(const CGraphicsCabinetItem &cabinet)
     return cabinet.outgoing() ? cabinet.outgoing()->to() : nullptr;
 }
 
+template <typename Predicate>
+CGraphicsCabinetItem *firstWith(const QVector<CGraphicsCabinetItem *> &cabinets, Predicate predicate)
+{
+    const auto found = std::find_if(cabinets.begin(), cabinets.end(), predicate);
+    return found == cabinets.end() ? nullptr : *found;
+}
+
 } // namespace
 
-CGraphicsConnectionItem &CPortChain::link(CGraphicsCabinetItem &from, CGraphicsCabinetItem &to)
+CGraphicsConnectionItem *CPortChain::link(CGraphicsCabinetItem *from, CGraphicsCabinetItem *to)
 {
-    if (after(from) == &to)
-        return *from.outgoing();
-    const bool extendsEnd = !m_order.isEmpty() && m_order.last() == &from && !to.incoming() && !to.outgoing();
+    if (!from || !to || from == to)
+        return nullptr;
+    if (after(*from) == to)
+        return from->outgoing();
+    const bool extends = !m_inPieces && !m_order.isEmpty() && m_order.last() == from && !to->isInChain();
+    const bool begins = !m_inPieces && m_order.isEmpty();
 
-    auto *connection = new CGraphicsConnectionItem(from, to, &m_portItem);
+    joinPair(*from, *to);
+    if (extends)
+        m_order << to;
+    else if (begins)
+        m_order << from << to;
+    else
+        checkOrder();
+    return from->outgoing();
+}
+
+void CPortChain::joinPair(CGraphicsCabinetItem &from, CGraphicsCabinetItem &to)
+{
+    removeConnection(from.outgoing());
+    removeConnection(to.incoming());
+    auto *connection = new CGraphicsConnectionItem(from, to, &m_port);
     from.setOutgoing(connection);
     to.setIncoming(connection);
+
     const CGraphicsCabinetItem *previous = before(from);
     from.setChainRole(previous ? CGraphicsCabinetItem::Middle : CGraphicsCabinetItem::Head);
     from.setChainPosition(previous ? previous->chainPosition() + 1 : 0);
     renumberFrom(to);
+    m_port.noteWiringChanged();
+}
 
-    if (extendsEnd)
-        m_order << &to;
+void CPortChain::unlink(CGraphicsCabinetItem &cabinet, bool reconnect)
+{
+    CGraphicsCabinetItem *previous = before(cabinet);
+    CGraphicsCabinetItem *next = after(cabinet);
+    const bool isEnd = !m_inPieces && !m_order.isEmpty() && m_order.last() == &cabinet;
+    removeConnection(cabinet.incoming());
+    removeConnection(cabinet.outgoing());
+    leave(cabinet);
+
+    if (reconnect && previous && next) {
+        joinPair(*previous, *next);
+    } else if (reconnect && previous && previous->chainRole() == CGraphicsCabinetItem::Middle) {
+        previous->setChainRole(CGraphicsCabinetItem::Tail);
+    } else if (reconnect && next) {
+        makeHead(*next);
+    }
+    if (isEnd && (reconnect || m_order.size() == 1))
+        m_order.removeLast();
     else
-        rebuildOrder(from);
-    return *connection;
+        checkOrder();
+}
+
+void CPortChain::unlinkPair(CGraphicsCabinetItem &from, CGraphicsCabinetItem &to)
+{
+    if (after(from) != &to)
+        return;
+    removeConnection(from.outgoing());
+    leave(from);
+    leave(to);
+    checkOrder();
 }
 
 void CPortChain::append(CGraphicsCabinetItem &cabinet)
 {
     if (cabinet.isInChain())
         return;
-    if (!m_order.isEmpty()) {
-        link(*m_order.last(), cabinet);
+    CGraphicsCabinetItem *end = tail();
+    if (!end)
+        end = head();
+    if (end) {
+        link(end, &cabinet);
         return;
     }
-    cabinet.setChainRole(CGraphicsCabinetItem::Head);
-    cabinet.setChainPosition(0);
-    m_order << &cabinet;
+    makeHead(cabinet);
+    if (m_inPieces)
+        checkOrder();
+    else
+        m_order << &cabinet;
+}
+
+void CPortChain::insert(int position, CGraphicsCabinetItem *cabinet)
+{
+    if (position < 0 || !cabinet || cabinet->isInChain())
+        return;
+    CGraphicsCabinetItem *previous = at(position - 1);
+    CGraphicsCabinetItem *next = at(position);
+    if (!previous && !next) {
+        append(*cabinet);
+        return;
+    }
+    if (previous && next)
+        unlinkPair(*previous, *next);
+    link(previous, cabinet);
+    link(cabinet, next);
 }
 
 CGraphicsCabinetItem *CPortChain::head() const
 {
-    return m_order.isEmpty() ? nullptr : m_order.first();
+    if (!m_inPieces)
+        return m_order.isEmpty() ? nullptr : m_order.first();
+    return firstWith(m_port.cabinets(nullptr), [](const CGraphicsCabinetItem *c) {
+        return c->chainRole() == CGraphicsCabinetItem::Head;
+    });
 }
 
 CGraphicsCabinetItem *CPortChain::tail() const
 {
-    return m_order.size() < 2 ? nullptr : m_order.last();
+    if (!m_inPieces)
+        return m_order.size() < 2 ? nullptr : m_order.last();
+    return firstWith(m_port.cabinets(nullptr), [](const CGraphicsCabinetItem *c) {
+        return c->chainRole() == CGraphicsCabinetItem::Tail;
+    });
 }
 
 CGraphicsCabinetItem *CPortChain::at(int position) const
 {
-    return m_order.value(position, nullptr);
+    if (!m_inPieces)
+        return m_order.value(position, nullptr);
+    const CGraphicsCabinetItem *end = tail();
+    if (position < 0 || (end && position > end->chainPosition()))
+        return nullptr;
+    return firstWith(m_port.cabinets(nullptr),
+                     [position](const CGraphicsCabinetItem *c) { return c->chainPosition() == position; });
+}
+
+QVector<CGraphicsCabinetItem *> CPortChain::order() const
+{
+    if (!m_inPieces)
+        return m_order;
+    QVector<CGraphicsCabinetItem *> wired = wiredCabinets();
+    std::stable_sort(wired.begin(), wired.end(),
+                     [](const CGraphicsCabinetItem *a, const CGraphicsCabinetItem *b) {
+                         return a->chainPosition() < b->chainPosition();
+                     });
+    return wired;
+}
+
+void CPortChain::removeConnection(CGraphicsConnectionItem *connection)
+{
+    if (!connection)
+        return;
+    connection->from()->setOutgoing(nullptr);
+    connection->to()->setIncoming(nullptr);
+    delete connection;
+}
+
+void CPortChain::leave(CGraphicsCabinetItem &cabinet)
+{
+    cabinet.setChainRole(CGraphicsCabinetItem::NotInChain);
+    cabinet.setChainPosition(CGraphicsCabinetItem::NoPosition);
+    cabinet.clearRectFlags();
+    m_port.noteWiringChanged();
+}
+
+void CPortChain::makeHead(CGraphicsCabinetItem &cabinet)
+{
+    cabinet.setChainRole(CGraphicsCabinetItem::Head);
+    cabinet.setChainPosition(0);
+    if (CGraphicsCabinetItem *next = after(cabinet))
+        renumberFrom(*next);
+    m_port.noteWiringChanged();
 }
 
 void CPortChain::renumberFrom(CGraphicsCabinetItem &first)
 {
+    // Ends early in a ring, which two links can make for the moment between them.
     for (CGraphicsCabinetItem *cabinet = &first; cabinet; cabinet = after(*cabinet)) {
         cabinet->setChainPosition(before(*cabinet)->chainPosition() + 1);
         cabinet->setChainRole(after(*cabinet) ? CGraphicsCabinetItem::Middle : CGraphicsCabinetItem::Tail);
+        if (after(*cabinet) == &first)
+            return;
     }
 }
 
-void CPortChain::rebuildOrder(CGraphicsCabinetItem &member)
+QVector<CGraphicsCabinetItem *> CPortChain::wiredCabinets() const
 {
-    CGraphicsCabinetItem *cabinet = &member;
-    while (CGraphicsCabinetItem *previous = before(*cabinet))
-        cabinet = previous;
+    QVector<CGraphicsCabinetItem *> wired = m_port.cabinets(nullptr);
+    wired.erase(std::remove_if(wired.begin(), wired.end(),
+                               [](const CGraphicsCabinetItem *c) { return !c->isInChain(); }),
+                wired.end());
+    return wired;
+}
+
+void CPortChain::checkOrder()
+{
+    // One piece: a single head, from which all wired cabinets are reached at consecutive positions, up to the
+    // tail.
+    const QVector<CGraphicsCabinetItem *> wired = wiredCabinets();
     m_order.clear();
-    for (; cabinet; cabinet = after(*cabinet))
+    CGraphicsCabinetItem *cabinet = firstWith(
+        wired, [](const CGraphicsCabinetItem *c) { return c->chainRole() == CGraphicsCabinetItem::Head; });
+    while (cabinet && cabinet->chainPosition() == m_order.size() && m_order.size() < wired.size()) {
         m_order << cabinet;
+        cabinet = after(*cabinet);
+    }
+    m_inPieces = cabinet || m_order.size() != wired.size() ||
+                 (m_order.size() > 1 && m_order.last()->chainRole() != CGraphicsCabinetItem::Tail);
+    if (m_inPieces)
+        m_order.clear();
 }

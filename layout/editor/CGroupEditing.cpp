@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/CGroupEditing.h"
+
+#include "layout/editor/CUndoRecorder.h"
+#include "layout/editor/CWiringRecorder.h"
+#include "layout/editor/ItemFactories.h"
+#include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/CGraphicsGroupItem.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/undo/CBreakGroupCommand.h"
+#include "layout/editor/undo/CCreateGroupCommand.h"
+#include "layout/editor/undo/CRemoveCommand.h"
+
+#include <QSet>
+
+namespace {
+
+/// Whether every cabinet below @p group is in @p leaving.
+bool losesAllMembers(const CGraphicsGroupItem &group, const QSet<CGraphicsCabinetItem *> &leaving)
+{
+    const QVector<CGraphicsCabinetItem *> members = group.cabinets();
+    return std::all_of(members.begin(), members.end(),
+                       [&leaving](CGraphicsCabinetItem *member) { return leaving.contains(member); });
+}
+
+} // namespace
+
+void CGroupEditing::group(CGraphicsPortItem &port, const QVector<CGraphicsItemBase *> &members,
+                          qint64 ordinal)
+{
+    auto *group = new CGraphicsGroupItem(QUuid(), QRectF(), &port);
+    group->setOrdinal(ordinal);
+    group->gather(members);
+    port.editor()->enterEdited(*group);
+    auto command = std::make_unique<CCreateGroupCommand>(group);
+    command->setFactory(ItemFactories::existingFirst(*group));
+    m_recorder.push(std::move(command));
+}
+
+void CGroupEditing::ungroup(CGraphicsGroupItem &group)
+{
+    auto command = std::make_unique<CBreakGroupCommand>(&group);
+    command->setFactory(ItemFactories::anew(group));
+    m_recorder.push(std::move(command));
+}
+
+void CGroupEditing::ungroupAll(CGraphicsGroupItem &group)
+{
+    const QVector<CGraphicsItemBase *> members = group.members();
+    ungroup(group);
+    for (CGraphicsItemBase *member : members) {
+        if (member->type() == GroupItemKind)
+            ungroupAll(static_cast<CGraphicsGroupItem &>(*member));
+    }
+}
+
+void CGroupEditing::removeCabinet(CGraphicsCabinetItem &cabinet)
+{
+    auto command = std::make_unique<CRemoveCommand>(&cabinet);
+    command->setFactory(ItemFactories::anew(cabinet));
+    m_recorder.push(std::move(command));
+}
+
+void CGroupEditing::remove(CGraphicsPortItem &port, const QVector<CGraphicsCabinetItem *> &cabinets)
+{
+    CWiringRecorder::takeOut(m_recorder, port, cabinets);
+    // Outer groups first: undoing brings the inner ones back before those that gather them.
+    const QSet<CGraphicsCabinetItem *> leaving(cabinets.begin(), cabinets.end());
+    QSet<CGraphicsGroupItem *> touched;
+    for (const CGraphicsCabinetItem *cabinet : cabinets) {
+        for (CGraphicsGroupItem *group = cabinet->groupItem(); group; group = group->groupItem())
+            touched.insert(group);
+    }
+    for (CGraphicsGroupItem *group : port.groups(false)) {
+        if (touched.contains(group) && losesAllMembers(*group, leaving))
+            ungroup(*group);
+    }
+    for (CGraphicsCabinetItem *cabinet : cabinets)
+        removeCabinet(*cabinet);
+}

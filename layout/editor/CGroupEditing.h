@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QVector>
+
+class CGraphicsCabinetItem;
+class CGraphicsGroupItem;
+class CGraphicsItemBase;
+class CGraphicsPortItem;
+class CUndoRecorder;
+
+/// Records how groups are formed and dissolved and how items are removed. Locks are the caller's.
+class CGroupEditing final
+{
+public:
+    explicit CGroupEditing(CUndoRecorder &recorder)
+        : m_recorder(recorder)
+    {
+    }
+
+    /// Forms a group of @p members, which lie directly in @p port.
+    void group(CGraphicsPortItem &port, const QVector<CGraphicsItemBase *> &members, qint64 ordinal);
+    /// Dissolves a group; its members land in the port.
+    void ungroup(CGraphicsGroupItem &group);
+    /// Dissolves the group and every group in it.
+    void ungroupAll(CGraphicsGroupItem &group);
+    /// Removes @p cabinets of a port; groups that lose their last member go too.
+    void remove(CGraphicsPortItem &port, const QVector<CGraphicsCabinetItem *> &cabinets);
+
+private:
+    void removeCabinet(CGraphicsCabinetItem &cabinet);
+
+    CUndoRecorder &m_recorder;
+};

@@ -1,0 +1,160 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/CItemDrag.h"
+
+#include "layout/editor/CUndoRecorder.h"
+#include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/undo/CChangeCabinetTypeCommand.h"
+#include "layout/editor/undo/CMoveCommand.h"
+#include "layout/editor/undo/CReszieCommand.h"
+#include "layout/geometry/CResizeHandles.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+QPointF wholePixels(const QPointF &delta)
+{
+    return QPointF(std::round(delta.x()), std::round(delta.y()));
+}
+
+/// The largest frame in which no part outgrows a cabinet.
+QSizeF largestFrame(const QVector<CGraphicsCabinetItem *> &cabinets, const QSizeF &frame)
+{
+    QSizeF largestPart(1, 1);
+    for (const CGraphicsCabinetItem *cabinet : cabinets)
+        largestPart = largestPart.expandedTo(cabinet->rect().size());
+    const qreal side = CResizeHandles::LargestSide;
+    return QSizeF(std::floor(frame.width() * side / largestPart.width()),
+                  std::floor(frame.height() * side / largestPart.height()));
+}
+
+CabinetLayout::CabinetPort::Cabinet withScaledAreas(CabinetLayout::CabinetPort::Cabinet record,
+                                                    const QSizeF &from, const QSizeF &to)
+{
+    for (QVector<QRect> *areas : {&record.rects, &record.blanks}) {
+        for (QRect &area : *areas)
+            area = CResizeHandles::mapped(area, QRectF(QPointF(), from), QRectF(QPointF(), to)).toRect();
+    }
+    return record;
+}
+
+} // namespace
+
+CItemDrag::CItemDrag(IEditorScene &scene, const QVector<CGraphicsItemBase *> &items, const QPointF &scenePos)
+    : m_scene(scene)
+    , m_operation(Move)
+    , m_press(scenePos)
+{
+    m_starts.reserve(items.size());
+    for (CGraphicsItemBase *item : items)
+        remember(*item);
+}
+
+CItemDrag::CItemDrag(IEditorScene &scene, CGraphicsItemBase &item, int handle, const QPointF &scenePos)
+    : m_scene(scene)
+    , m_operation(Scale)
+    , m_handle(handle)
+    , m_press(scenePos)
+    , m_frame(item.mapRectToScene(item.rect()))
+{
+    const QVector<CGraphicsCabinetItem *> concerned = item.concernedCabinets();
+    m_largest = largestFrame(concerned, m_frame.size());
+    for (CGraphicsCabinetItem *cabinet : concerned)
+        remember(*cabinet);
+}
+
+void CItemDrag::remember(CGraphicsItemBase &item)
+{
+    m_starts << SStart{item.uuid(), item.scenePos(), item.rect().size()};
+}
+
+QVector<QRectF> CItemDrag::rectsAt(const QPointF &scenePos) const
+{
+    const QPointF delta = wholePixels(scenePos - m_press);
+    const QRectF frame =
+        m_operation == Scale ? CResizeHandles::resized(m_frame, m_handle, delta, m_largest) : QRectF();
+    QVector<QRectF> rects;
+    rects.reserve(m_starts.size());
+    for (const SStart &start : m_starts) {
+        const QRectF rect(start.scenePos, start.size);
+        rects << (m_operation == Move ? rect.translated(delta)
+                                      : CResizeHandles::mapped(rect, m_frame, frame));
+    }
+    return rects;
+}
+
+void CItemDrag::apply(const QVector<QRectF> &rects)
+{
+    const CEditBatch batch(m_scene);
+    for (int i = 0; i < m_starts.size(); ++i) {
+        CGraphicsItemBase *item = m_scene.editedItem(m_starts.at(i).uuid);
+        if (!item)
+            continue;
+        {
+            const CItemChangeBlocker blocker(*item);
+            if (m_operation == Scale)
+                item->setSize(rects.at(i).size());
+            item->setPos(item->mapToParent(item->mapFromScene(rects.at(i).topLeft())));
+        }
+        item->followGeometry();
+    }
+}
+
+void CItemDrag::moveTo(const QPointF &scenePos)
+{
+    if (!m_moved && wholePixels(scenePos - m_press).isNull())
+        return;
+    m_moved = true;
+    apply(rectsAt(scenePos));
+}
+
+void CItemDrag::cancel()
+{
+    if (!m_moved)
+        return;
+    QVector<QRectF> rects;
+    for (const SStart &start : qAsConst(m_starts))
+        rects << QRectF(start.scenePos, start.size);
+    apply(rects);
+}
+
+bool CItemDrag::finish(CUndoRecorder &recorder)
+{
+    if (!m_moved)
+        return false;
+    const QString name = m_operation == Move ? QStringLiteral("Move") : QStringLiteral("Scale");
+    const CEditBatch batch(m_scene);
+    const CUndoMacro macro(recorder, name, name);
+    for (const SStart &start : qAsConst(m_starts))
+        recordItem(recorder, start);
+    return recorder.hasRecorded();
+}
+
+void CItemDrag::recordItem(CUndoRecorder &recorder, const SStart &start)
+{
+    CGraphicsItemBase *item = m_scene.editedItem(start.uuid);
+    if (!item)
+        return;
+    const QSizeF size = item->rect().size();
+    if (size != start.size) {
+        auto command = std::make_unique<CReszieCommand>(item);
+        command->setStartValue(start.size);
+        command->setEndValue(size);
+        recorder.push(std::move(command));
+    }
+    if (item->scenePos() != start.scenePos) {
+        auto command = std::make_unique<CMoveCommand>(item);
+        command->setStartValue(start.scenePos);
+        command->setEndValue(item->scenePos());
+        recorder.push(std::move(command));
+    }
+    if (size != start.size && !(item->cabinet().rects.isEmpty() && item->cabinet().blanks.isEmpty())) {
+        auto command = std::make_unique<CChangeCabinetTypeCommand>(item);
+        command->setStartValue(QVariant::fromValue(item->cabinet()));
+        command->setEndValue(QVariant::fromValue(withScaledAreas(item->cabinet(), start.size, size)));
+        recorder.push(std::move(command));
+    }
+}

@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QPointF>
+#include <QRectF>
+#include <QUuid>
+#include <QVector>
+
+class CGraphicsItemBase;
+class CUndoRecorder;
+class IEditorScene;
+
+/// A drag in progress: moves the selected items, or resizes one by a handle, and records it when the mouse is
+/// released. Holds identities only, so that an item may vanish meanwhile.
+class CItemDrag final
+{
+public:
+    enum EOperation { Move, Scale };
+
+    /// Moves @p items, which lie in no selected group.
+    CItemDrag(IEditorScene &scene, const QVector<CGraphicsItemBase *> &items, const QPointF &scenePos);
+    /// Resizes @p item by @p handle: a cabinet, or a group with all cabinets in it.
+    CItemDrag(IEditorScene &scene, CGraphicsItemBase &item, int handle, const QPointF &scenePos);
+
+    EOperation operation() const { return m_operation; }
+    void moveTo(const QPointF &scenePos);
+    /// Puts everything back where it was.
+    void cancel();
+    /// Records what has changed; gives whether anything has.
+    bool finish(CUndoRecorder &recorder);
+
+private:
+    struct SStart
+    {
+        QUuid uuid;
+        QPointF scenePos;
+        QSizeF size;
+    };
+
+    void remember(CGraphicsItemBase &item);
+    void apply(const QVector<QRectF> &rects);
+    QVector<QRectF> rectsAt(const QPointF &scenePos) const;
+    void recordItem(CUndoRecorder &recorder, const SStart &start);
+
+    IEditorScene &m_scene;
+    EOperation m_operation;
+    int m_handle = -1;
+    QPointF m_press;
+    QRectF m_frame;   // of the item that is resized
+    QSizeF m_largest; // it may become
+    QVector<SStart> m_starts;
+    bool m_moved = false;
+};

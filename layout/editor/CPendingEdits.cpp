@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/CPendingEdits.h"
+
+#include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/CGraphicsGroupItem.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/items/IEditorScene.h"
+
+#include <algorithm>
+
+namespace {
+
+int depthOf(const CGraphicsGroupItem &group)
+{
+    int depth = 0;
+    for (const CGraphicsGroupItem *around = group.groupItem(); around; around = around->groupItem())
+        ++depth;
+    return depth;
+}
+
+} // namespace
+
+void CPendingEdits::noteCabinetMoved(const CGraphicsCabinetItem &cabinet)
+{
+    m_cabinets << cabinet.cabinet().uuid;
+}
+
+void CPendingEdits::noteMembersChanged(const CGraphicsGroupItem &group)
+{
+    m_groups.insert(group.uuid());
+}
+
+void CPendingEdits::notePortChanged(const CGraphicsPortItem &port)
+{
+    m_ports << port.port();
+}
+
+bool CPendingEdits::isEmpty() const
+{
+    return m_cabinets.isEmpty() && m_groups.isEmpty() && m_ports.isEmpty() && !m_selectionChanged;
+}
+
+void CPendingEdits::finish(IEditorScene &scene) const
+{
+    fitGroups(scene);
+    for (const QUuid &uuid : m_cabinets) {
+        if (CGraphicsItemBase *item = scene.editedItem(uuid))
+            static_cast<CGraphicsCabinetItem *>(item)->routeWires();
+    }
+    for (const int index : m_ports) {
+        if (CGraphicsPortItem *port = scene.portItem(index))
+            port->updateBounds();
+    }
+}
+
+void CPendingEdits::fitGroups(IEditorScene &scene) const
+{
+    // Each group once, the innermost first: a group's bounds need those of the groups in it.
+    QSet<CGraphicsGroupItem *> groups;
+    for (const QUuid &uuid : m_groups) {
+        auto *group = static_cast<CGraphicsGroupItem *>(scene.editedItem(uuid));
+        for (; group && !groups.contains(group); group = group->groupItem())
+            groups.insert(group);
+    }
+    QVector<QPair<int, CGraphicsGroupItem *>> byDepth;
+    for (CGraphicsGroupItem *group : qAsConst(groups))
+        byDepth << qMakePair(depthOf(*group), group);
+    std::sort(byDepth.begin(), byDepth.end(), [](const auto &a, const auto &b) { return a.first > b.first; });
+    for (const auto &entry : qAsConst(byDepth))
+        entry.second->fitToMembers();
+}

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QSet>
+#include <QUuid>
+#include <QVector>
+
+class CGraphicsCabinetItem;
+class CGraphicsGroupItem;
+class CGraphicsPortItem;
+class IEditorScene;
+
+/// What items have noted since the last batch ended, and the work that follows from it, done once: bounds of
+/// groups, routes of wires, bounds of ports. Holds identities only. GUI thread.
+class CPendingEdits final
+{
+public:
+    void noteCabinetMoved(const CGraphicsCabinetItem &cabinet);
+    void noteMembersChanged(const CGraphicsGroupItem &group);
+    void notePortChanged(const CGraphicsPortItem &port);
+    void noteSelection() { m_selectionChanged = true; }
+    void noteSelectedMoved() { m_selectedMoved = true; }
+
+    bool isEmpty() const;
+    bool isSelectionChanged() const { return m_selectionChanged; }
+    bool isSelectedMoved() const { return m_selectedMoved; }
+    const QVector<int> &ports() const { return m_ports; }
+
+    /// Does the work that is noted. Ports must be known to @p scene still, or are passed over.
+    void finish(IEditorScene &scene) const;
+
+private:
+    void fitGroups(IEditorScene &scene) const;
+
+    QVector<QUuid> m_cabinets;
+    QSet<QUuid> m_groups;
+    QVector<int> m_ports;
+    bool m_selectionChanged = false;
+    bool m_selectedMoved = false;
+};

@@ -1,0 +1,133 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/CSceneGestures.h"
+
+#include "layout/drawing/CLayoutPainter.h"
+#include "layout/editor/CItemDrag.h"
+#include "layout/editor/CPenStroke.h"
+#include "layout/editor/CRubberBand.h"
+#include "layout/editor/CSceneSelection.h"
+#include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/items/IEditorScene.h"
+#include "platform/widgets/CGraphicsScene.h"
+
+#include <QPainter>
+
+CSceneGestures::CSceneGestures(CGraphicsScene &scene, IEditorScene &editor, const CSceneSelection &selection,
+                               CUndoRecorder &recorder)
+    : m_scene(scene)
+    , m_editor(editor)
+    , m_selection(selection)
+    , m_recorder(recorder)
+{
+}
+
+CSceneGestures::~CSceneGestures() = default;
+
+void CSceneGestures::cancel()
+{
+    if (m_drag) {
+        m_drag->cancel();
+        m_drag.reset();
+    }
+    m_stroke.reset();
+    endBand();
+}
+
+void CSceneGestures::beginMove(const QPointF &scenePos)
+{
+    if (!m_selection.isEmpty() && !m_selection.touchesLockedPort())
+        m_drag = std::make_unique<CItemDrag>(m_editor, m_selection.sorted(), scenePos);
+}
+
+void CSceneGestures::beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos)
+{
+    m_drag = std::make_unique<CItemDrag>(m_editor, item, handle, scenePos);
+}
+
+void CSceneGestures::continueDrag(const QPointF &scenePos)
+{
+    if (m_drag)
+        m_drag->moveTo(scenePos);
+}
+
+bool CSceneGestures::endDrag(const QPointF &scenePos)
+{
+    if (!m_drag)
+        return false;
+    m_drag->moveTo(scenePos);
+    const std::unique_ptr<CItemDrag> drag = std::move(m_drag);
+    return drag->finish(m_recorder);
+}
+
+void CSceneGestures::beginStroke(CGraphicsCabinetItem &cabinet)
+{
+    CGraphicsPortItem *port = cabinet.portItem();
+    m_scene.clearSelection();
+    if (port && !port->isLocked())
+        m_stroke = std::make_unique<CPenStroke>(m_editor, *port, cabinet);
+}
+
+void CSceneGestures::continueStroke(const QPointF &scenePos)
+{
+    if (!m_stroke)
+        return;
+    const QList<QGraphicsItem *> under = m_scene.items(scenePos, Qt::IntersectsItemBoundingRect);
+    for (const QGraphicsItem *item : under) {
+        if (item->type() == CabinetItemKind) {
+            m_stroke->enter(static_cast<const CGraphicsCabinetItem &>(*item));
+            break;
+        }
+    }
+    m_scene.update();
+}
+
+void CSceneGestures::endStroke(const QPointF &scenePos)
+{
+    continueStroke(scenePos);
+    if (const std::unique_ptr<CPenStroke> stroke = std::move(m_stroke))
+        stroke->finish(m_recorder);
+}
+
+void CSceneGestures::beginBand(const QPointF &scenePos, bool keepSelection)
+{
+    if (!keepSelection)
+        m_scene.clearSelection();
+    m_band = std::make_unique<CRubberBand>(m_editor, m_scene, scenePos, keepSelection);
+}
+
+void CSceneGestures::continueBand(const QPointF &scenePos)
+{
+    invalidateBand();
+    m_band->moveTo(scenePos);
+    invalidateBand();
+}
+
+void CSceneGestures::endBand()
+{
+    if (!m_band)
+        return;
+    invalidateBand();
+    m_band.reset();
+}
+
+void CSceneGestures::invalidateBand()
+{
+    const QRectF band = m_band->rect();
+    const qreal edge =
+        std::max({4.0, band.width() / 100, band.height() / 100}); // covers a pixel at any useful scale
+    const QPointF half(edge / 2, edge / 2);
+    for (const QPointF &corner : {band.topLeft(), band.bottomLeft()})
+        m_scene.update(QRectF(corner - half, QSizeF(band.width() + edge, edge)));
+    for (const QPointF &corner : {band.topLeft(), band.topRight()})
+        m_scene.update(QRectF(corner - half, QSizeF(edge, band.height() + edge)));
+}
+
+void CSceneGestures::paint(QPainter &painter) const
+{
+    if (m_band)
+        CLayoutPainter::paintBand(painter, m_band->rect());
+    if (m_stroke)
+        CLayoutPainter::paintStroke(painter, m_stroke->path());
+}

@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QPointF>
+
+#include <memory>
+
+class CGraphicsCabinetItem;
+class CGraphicsItemBase;
+class CGraphicsScene;
+class CItemDrag;
+class CPenStroke;
+class CRubberBand;
+class CSceneSelection;
+class CUndoRecorder;
+class IEditorScene;
+class QPainter;
+
+/// What the user is doing with the mouse: dragging items, drawing a stroke of the pen or a rubber band. One
+/// at a time; whatever else happens to the scene cancels it first. GUI thread.
+class CSceneGestures final
+{
+public:
+    CSceneGestures(CGraphicsScene &scene, IEditorScene &editor, const CSceneSelection &selection,
+                   CUndoRecorder &recorder);
+    ~CSceneGestures();
+
+    /// Puts everything back to where the gesture began.
+    void cancel();
+    bool isDragging() const { return m_drag != nullptr; }
+    bool hasBand() const { return m_band != nullptr; }
+
+    void beginMove(const QPointF &scenePos);
+    void beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos);
+    void continueDrag(const QPointF &scenePos);
+    /// Gives whether anything had been dragged.
+    bool endDrag(const QPointF &scenePos);
+
+    void beginStroke(CGraphicsCabinetItem &cabinet);
+    void continueStroke(const QPointF &scenePos);
+    void endStroke(const QPointF &scenePos);
+
+    void beginBand(const QPointF &scenePos, bool keepSelection);
+    void continueBand(const QPointF &scenePos);
+    void endBand();
+
+    /// Draws the band and the stroke.
+    void paint(QPainter &painter) const;
+
+private:
+    void invalidateBand();
+
+    CGraphicsScene &m_scene;
+    IEditorScene &m_editor;
+    const CSceneSelection &m_selection;
+    CUndoRecorder &m_recorder;
+    std::unique_ptr<CItemDrag> m_drag;
+    std::unique_ptr<CPenStroke> m_stroke;
+    std::unique_ptr<CRubberBand> m_band;
+};

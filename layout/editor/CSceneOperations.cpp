@@ -1,0 +1,151 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/CSceneOperations.h"
+
+#include "layout/editor/CGroupEditing.h"
+#include "layout/editor/CSceneSelection.h"
+#include "layout/editor/CTopologyWiring.h"
+#include "layout/editor/CUndoRecorder.h"
+#include "layout/editor/CWiringRecorder.h"
+#include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/CGraphicsGroupItem.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/undo/CChangeCabinetTypeCommand.h"
+#include "layout/editor/undo/CMoveCommand.h"
+#include "layout/geometry/CSnakeOrder.h"
+
+#include <algorithm>
+
+namespace {
+
+/// Where an item comes to lie, in scene coordinates.
+QPointF nudged(const CGraphicsItemBase &item, const QPointF &step)
+{
+    const QPointF place = item.scenePos();
+    const QPointF wanted = item.mapToScene(item.mapFromParent(item.pos() + step));
+    return QPointF(step.x() < 0 ? std::max(place.x() + step.x(), 0.0) : wanted.x(),
+                   step.y() < 0 ? std::max(place.y() + step.y(), 0.0) : wanted.y());
+}
+
+} // namespace
+
+QVector<CGraphicsPortItem *> CSceneOperations::ports() const
+{
+    QVector<CGraphicsPortItem *> items;
+    for (const int index : m_selection.ports())
+        items << m_scene.portItem(index);
+    return items;
+}
+
+void CSceneOperations::wireByPattern(int pattern)
+{
+    if (pattern < 0 || pattern >= CSnakeOrder::PatternCount || m_selection.touchesLockedPort())
+        return;
+    const CEditBatch batch(m_scene);
+    const CUndoMacro macro(m_recorder, QStringLiteral("topologyWiring"), QStringLiteral("topologyWiring"));
+    for (CGraphicsPortItem *port : ports()) {
+        const auto selected = m_selection.cabinetsOf(*port);
+        CWiringRecorder::rechain(m_recorder, *port,
+                                 CTopologyWiring::chainByPattern(*port, selected, pattern));
+    }
+}
+
+void CSceneOperations::breakSelectedWiring()
+{
+    if (m_selection.touchesLockedPort())
+        return;
+    const CEditBatch batch(m_scene);
+    const CUndoMacro macro(m_recorder, QStringLiteral("breakSelectedWiring"),
+                           QStringLiteral("breakSelectedWiring"));
+    for (CGraphicsPortItem *port : ports())
+        CWiringRecorder::takeOut(m_recorder, *port, m_selection.cabinetsOf(*port));
+}
+
+void CSceneOperations::breakPortWiring(CGraphicsPortItem &port)
+{
+    if (port.isLocked())
+        return;
+    const CEditBatch batch(m_scene);
+    const CUndoMacro macro(m_recorder, QStringLiteral("BreakPortWiring"), QStringLiteral("BreakPortWiring"));
+    CWiringRecorder::rechain(m_recorder, port, {});
+}
+
+void CSceneOperations::group(qint64 ordinal)
+{
+    if (!m_selection.canGroup())
+        return;
+    const CEditBatch batch(m_scene);
+    const CUndoMacro macro(m_recorder, QStringLiteral("Group"), QStringLiteral("Group"));
+    CGroupEditing(m_recorder).group(*ports().first(), m_selection.sorted(), ordinal);
+}
+
+void CSceneOperations::ungroup()
+{
+    if (!m_selection.canBreakGroup())
+        return;
+    const CEditBatch batch(m_scene);
+    const CUndoMacro macro(m_recorder, QStringLiteral("Ungroup"), QStringLiteral("Ungroup"));
+    CGroupEditing editing(m_recorder);
+    for (CGraphicsGroupItem *group : m_selection.groups())
+        editing.ungroup(*group);
+}
+
+void CSceneOperations::remove()
+{
+    if (m_selection.touchesLockedPort())
+        return;
+    const CEditBatch batch(m_scene);
+    const CUndoMacro macro(m_recorder, QStringLiteral("Delete"), QStringLiteral("Delete"));
+    CGroupEditing editing(m_recorder);
+    QVector<QPair<CGraphicsPortItem *, QVector<CGraphicsCabinetItem *>>> doomed;
+    for (CGraphicsPortItem *port : ports())
+        doomed << qMakePair(port, m_selection.cabinetsOf(*port));
+    for (const auto &entry : qAsConst(doomed))
+        editing.remove(*entry.first, entry.second);
+}
+
+void CSceneOperations::nudge(const QPointF &step)
+{
+    if (m_selection.touchesLockedPort())
+        return;
+    const CEditBatch batch(m_scene);
+    const CUndoMacro macro(m_recorder, QStringLiteral("ChangePosition"), QStringLiteral("Move"));
+    for (CGraphicsItemBase *item : m_selection.sorted()) {
+        const QPointF target = nudged(*item, step);
+        if (target == item->scenePos())
+            continue;
+        auto command = std::make_unique<CMoveCommand>(item);
+        command->setStartValue(item->scenePos());
+        command->setEndValue(target);
+        m_recorder.push(std::move(command));
+    }
+}
+
+void CSceneOperations::exchangeReceivers(const QUuid &cabinet)
+{
+    CGraphicsItemBase *item = m_scene.editedItem(cabinet);
+    const CGraphicsPortItem *port = item ? item->portItem() : nullptr;
+    if (!port || port->isLocked() || item->cabinet().directionFixed || item->cabinet().rects.size() < 2)
+        return;
+    const CEditBatch batch(m_scene);
+    const CUndoMacro macro(m_recorder, QStringLiteral("ChangeRank"), QStringLiteral("Head-to-tail exchange"));
+    auto reversed = item->cabinet();
+    std::reverse(reversed.rects.begin(), reversed.rects.end());
+    auto command = std::make_unique<CChangeCabinetTypeCommand>(item);
+    command->setStartValue(QVariant::fromValue(item->cabinet()));
+    command->setEndValue(QVariant::fromValue(reversed));
+    m_recorder.push(std::move(command));
+}
+
+void CSceneOperations::prepareBackup(CGraphicsPortItem &port)
+{
+    if (port.isLocked())
+        return;
+    const CEditBatch batch(m_scene);
+    const CUndoMacro macro(m_recorder, QStringLiteral("Backup"), QStringLiteral("Backup"));
+    CGroupEditing editing(m_recorder);
+    for (CGraphicsGroupItem *group : port.groups(true))
+        editing.ungroupAll(*group);
+    CWiringRecorder::rechain(m_recorder, port, {});
+}

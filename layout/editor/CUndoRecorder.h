@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QUndoStack>
+#include <QUuid>
+
+#include <functional>
+#include <memory>
+
+class CUndoCommandBase;
+
+/// Puts commands on the undo stack, those of one operation in one macro, which opens with the first of them.
+/// Without a stack commands are carried out and forgotten. GUI thread.
+class CUndoRecorder final
+{
+public:
+    /// @p selection gives the identities of what is selected.
+    explicit CUndoRecorder(std::function<QList<QUuid>()> selection)
+        : m_selection(std::move(selection))
+    {
+    }
+
+    QUndoStack *stack() const { return m_stack; }
+    /// Replaces the stack, which stays owned by the caller; null: nothing can be undone. Not within an
+    /// operation.
+    void setStack(QUndoStack *stack) { m_stack = stack; }
+
+    /// Name of the running or the last compound edit.
+    const QString &operationName() const { return m_operationName; }
+
+    /// Carries @p command out and records it. Only within an operation, see CUndoMacro.
+    void push(std::unique_ptr<CUndoCommandBase> command);
+    /// Whether the running operation has recorded anything.
+    bool hasRecorded() const { return m_recorded; }
+
+private:
+    friend class CUndoMacro;
+    void begin(const QString &operationName, const QString &text);
+    void end();
+
+    std::function<QList<QUuid>()> m_selection;
+    QUndoStack *m_stack = nullptr;
+    QString m_operationName;
+    QString m_text;
+    QList<QUuid> m_selectionBefore;
+    CUndoCommandBase *m_first = nullptr; // of the open macro; owned by the stack
+    int m_depth = 0;
+    bool m_recorded = false;
+};
+
+/// Makes one undo step of all commands pushed while it lives; within another one it adds to that.
+class CUndoMacro final
+{
+public:
+    /// @p text is what the undo stack shows.
+    CUndoMacro(CUndoRecorder &recorder, const QString &operationName, const QString &text)
+        : m_recorder(recorder)
+    {
+        m_recorder.begin(operationName, text);
+    }
+    ~CUndoMacro() { m_recorder.end(); }
+    CUndoMacro(const CUndoMacro &) = delete;
+    CUndoMacro &operator=(const CUndoMacro &) = delete;
+
+private:
+    CUndoRecorder &m_recorder;
+};

@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QPointF>
+#include <QUuid>
+
+class CGraphicsCabinetItem;
+class CGraphicsGroupItem;
+class CGraphicsItemBase;
+class CGraphicsPortItem;
+
+/// What the items ask of the scene that they are edited in. GUI thread.
+class IEditorScene
+{
+public:
+    /// The tools that change what a press on a cabinet does.
+    enum EToolMode { ManualWiring = 0, HeadToTailExchange = 1, DirectExchange = 2 };
+
+    virtual ~IEditorScene() = default;
+
+    /// Between the two, what items note is collected and acted on once, at the end of the outermost pair.
+    virtual void beginBatch() = 0;
+    virtual void endBatch() = 0;
+
+    /// The port item with that index, or null.
+    virtual CGraphicsPortItem *portItem(int port) const = 0;
+    /// The cabinet or group with that identity, or null. O(1).
+    virtual CGraphicsItemBase *editedItem(const QUuid &uuid) const = 0;
+    /// Makes an item that was put into the scene known by its identity, or forgets one that is about to leave
+    /// it.
+    virtual void enterEdited(CGraphicsItemBase &item) = 0;
+    virtual void leaveEdited(CGraphicsItemBase &item) = 0;
+
+    virtual bool isToolModeSet(EToolMode mode) const = 0;
+    /// Whether exactly one item is selected.
+    virtual bool isSingleSelection() const = 0;
+    /// Whether the user is drawing a rubber band.
+    virtual bool hasRubberBand() const = 0;
+
+    /// Begins, continues and ends the pending operation "Move" of the selection or "Scale" of one item.
+    /// Refused silently where a port is locked.
+    virtual void beginMove(const QPointF &scenePos) = 0;
+    virtual void beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos) = 0;
+    virtual void continueDrag(const QPointF &scenePos) = 0;
+    /// Gives whether anything had been dragged.
+    virtual bool endDrag(const QPointF &scenePos) = 0;
+
+    /// A stroke of the pen tool: through the cabinets of one port.
+    virtual void beginStroke(CGraphicsCabinetItem &cabinet) = 0;
+    virtual void continueStroke(const QPointF &scenePos) = 0;
+    virtual void endStroke(const QPointF &scenePos) = 0;
+
+    /// Reverses the order in which the signal runs through a cabinet's receivers, as an undoable edit. @p
+    /// cell is the receiver that was picked.
+    virtual void exchangeReceivers(int port, const QUuid &cabinet, int cell) = 0;
+
+    /// What an item reports of itself; acted on at the end of the running batch, without one at once.
+    virtual void noteCabinetMoved(CGraphicsCabinetItem &cabinet) = 0;
+    virtual void noteMembersChanged(CGraphicsGroupItem &group) = 0;
+    virtual void notePortChanged(CGraphicsPortItem &port) = 0;
+    /// The chain of a port changed: what depends on wiring is told as for a change of the selection.
+    virtual void noteWiringChanged(CGraphicsPortItem &port) = 0;
+    virtual void noteSelected(CGraphicsItemBase &item, bool selected) = 0;
+};
+
+/// Makes one batch of all that happens while it lives.
+class CEditBatch final
+{
+public:
+    explicit CEditBatch(IEditorScene &scene)
+        : m_scene(scene)
+    {
+        m_scene.beginBatch();
+    }
+    ~CEditBatch() { m_scene.endBatch(); }
+    CEditBatch(const CEditBatch &) = delete;
+    CEditBatch &operator=(const CEditBatch &) = delete;
+
+private:
+    IEditorScene &m_scene;
+};

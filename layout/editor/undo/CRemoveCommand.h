@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/editor/undo/CUndoCommandBase.h"
+
+#include <QCoreApplication>
+
+/// Removes a cabinet; undo brings it back at its recorded place in the scene.
+class CRemoveCommand final : public CUndoCommandBase
+{
+    Q_DECLARE_TR_FUNCTIONS(CRemoveCommand)
+
+public:
+    explicit CRemoveCommand(QGraphicsItem *item, QUndoCommand *parent = nullptr);
+
+    void undo() override;
+    void redo() override;
+};

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QMap>
+#include <QPointF>
+#include <QRectF>
+
+/// The eight handles of a rectangle and what dragging them makes of it. Numbers run clockwise from the top
+/// left corner.
+class CResizeHandles final
+{
+public:
+    enum Handle { TopLeft, Top, TopRight, Right, BottomRight, Bottom, BottomLeft, Left };
+    static constexpr int Count = 8;
+    static constexpr int SmallestSide = 1;   ///< pixels
+    static constexpr int LargestSide = 2048; ///< pixels, of a cabinet
+
+    /// Squares of @p side, centred on corners and edges of @p rect. Edges shorter than three sides get no
+    /// handle of their own, so that the corners stay within reach.
+    static QMap<int, QRectF> handles(const QRectF &rect, qreal side);
+
+    /// @p rect with the handle's edges moved by @p delta, in whole pixels, each side kept from 1 to @p
+    /// largest.
+    static QRectF resized(const QRectF &rect, int handle, const QPointF &delta, const QSizeF &largest);
+
+    static Qt::CursorShape cursor(int handle);
+
+    /// Where @p part of @p from comes to lie when @p from becomes @p to. Edges fall on whole pixels, so that
+    /// what tiles
+    /// @p from without gaps also tiles @p to; no part becomes narrower than a pixel.
+    static QRectF mapped(const QRectF &part, const QRectF &from, const QRectF &to);
+};
