@@ -28,6 +28,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
+#include <QScreen>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QUrl>
@@ -210,7 +211,7 @@ void CMainWindow::dropEvent(QDropEvent *event)
 
 void CMainWindow::restoreState()
 {
-    resize(1440, 860);
+    resize(QSize(1440, 860).boundedTo(screen()->availableSize() * 0.95));
     restoreGeometry(m_settings.windowGeometry());
     if (!m_splitter->restoreState(m_settings.splitterState()))
         m_splitter->setSizes({220, 860, 360});

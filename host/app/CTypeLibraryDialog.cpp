@@ -6,6 +6,10 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+namespace {
+constexpr int ColumnGap = 12;
+}
+
 CTypeLibraryDialog::CTypeLibraryDialog(const CTypeLibrary &library, QWidget *parent)
     : CDialog(tr("Type library"), QDialogButtonBox::Close, parent)
 {
@@ -21,10 +25,12 @@ void CTypeLibraryDialog::buildUi(const CTypeLibrary &library)
     for (const CTypeLibrary::STreeNode &node : library.nodes())
         tree->addTopLevelItem(item(node));
     tree->expandAll();
-    for (int column = 0; column < tree->columnCount(); ++column)
+    for (int column = 0; column < tree->columnCount(); ++column) {
         tree->resizeColumnToContents(column);
+        tree->setColumnWidth(column, tree->columnWidth(column) + ColumnGap);
+    }
     contentLayout()->addWidget(tree);
-    resize(720, 520);
+    resize(800, 520);
 }
 
 QTreeWidgetItem *CTypeLibraryDialog::item(const CTypeLibrary::STreeNode &node)

@@ -161,8 +161,10 @@ CResult<QUuid> CDeviceManager::openDemo()
 CResult<QUuid> CDeviceManager::addProject(const SProcessorProject &project)
 {
     CResult<QUuid> added = m_projects->add(project, {});
-    if (added)
-        Q_EMIT processorsChanged();
+    if (!added)
+        return added;
+    m_table->change(added.value(), [](SDevice &device) { device.takeSaved({}); });
+    Q_EMIT processorsChanged();
     return added;
 }
 

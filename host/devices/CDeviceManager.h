@@ -78,7 +78,7 @@ public:
     CResult<QUuid> openProject(const QString &file);
     /// Opens the demo wall as a project without file; gives its key.
     CResult<QUuid> openDemo();
-    /// Adds a project without file; gives its key.
+    /// Adds a project that is not saved yet; gives its key.
     CResult<QUuid> addProject(const SProcessorProject &project);
     /// Writes a processor's layout and settings; a project is from then on the one of that file.
     CStatus saveProject(const QUuid &processor, const QString &file);
