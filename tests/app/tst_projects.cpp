@@ -1,0 +1,195 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/CAppSettings.h"
+#include "host/app/CNewProjectDialog.h"
+#include "host/app/CProjectCommands.h"
+#include "host/devices/CDeviceManager.h"
+#include "host/devices/CProcessorKinds.h"
+#include "layout/resources/LayoutResources.h"
+#include "tests/harness/CMessageBoxAnswerer.h"
+#include "tests/harness/CTestBase.h"
+
+#include <QComboBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QTemporaryDir>
+
+namespace {
+
+/// The commands with everything that they work on.
+struct SBench
+{
+    QTemporaryDir folder;
+    CDeviceManager manager{SDeviceSettings{folder.path(), 0.0}};
+    CAppSettings settings;
+    QWidget window;
+    CProjectCommands commands{manager, settings, window};
+
+    /// A project in a file, with a change that is not saved.
+    QUuid editedProject(const QString &name)
+    {
+        const QUuid project = manager.openDemo().value();
+        Q_UNUSED(manager.saveProject(project, folder.filePath(name)));
+        manager.table().change(project, [](SDevice &device) { device.settings.frameRate = 50; });
+        return project;
+    }
+};
+
+} // namespace
+
+class CProjectsTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { initLayoutResources(); }
+
+    void closingAsksWhatBecomesOfEdits_data()
+    {
+        QTest::addColumn<QString>("answer");
+        QTest::addColumn<bool>("closed");
+        QTest::addColumn<int>("frameRateInFile");
+        QTest::newRow("save") << QStringLiteral("Save") << true << 50;
+        QTest::newRow("discard") << QStringLiteral("Discard") << true << 60;
+        QTest::newRow("cancel") << QStringLiteral("Cancel") << false << 60;
+    }
+    void closingAsksWhatBecomesOfEdits()
+    {
+        QFETCH(QString, answer);
+        QFETCH(bool, closed);
+        QFETCH(int, frameRateInFile);
+        SBench bench;
+        const QUuid project = bench.editedProject(QStringLiteral("wall.sprj"));
+        CMessageBoxAnswerer user({answer});
+        QCOMPARE(bench.commands.close(project), closed);
+        QCOMPARE(user.boxes().size(), 1);
+        QVERIFY(user.texts().first().contains(QStringLiteral("Demo wall")));
+        QCOMPARE(bench.manager.isProject(project), !closed);
+        const auto saved = CProcessorProject::read(bench.folder.filePath(QStringLiteral("wall.sprj")));
+        QVERIFY(saved);
+        QCOMPARE(saved.value().frameRate, frameRateInFile);
+    }
+
+    void whatCannotBeSavedStaysOpen()
+    {
+        SBench bench;
+        const QUuid project = bench.editedProject(QStringLiteral("wall.sprj"));
+        bench.manager.table().change(
+            project, [](SDevice &device) { device.file = QStringLiteral("/nowhere/wall.sprj"); });
+        CMessageBoxAnswerer user({QStringLiteral("Save"), QStringLiteral("OK")});
+        QVERIFY(!bench.commands.close(project));
+        QCOMPARE(user.texts().last(), QStringLiteral("The project cannot be saved."));
+        QVERIFY(user.boxes().last().details.contains(QStringLiteral("/nowhere/wall.sprj")));
+        QVERIFY(bench.manager.isProject(project));
+        QVERIFY(bench.manager.isModified(project));
+    }
+
+    void quittingAsksForEveryProject()
+    {
+        SBench bench;
+        bench.editedProject(QStringLiteral("a.sprj"));
+        bench.editedProject(QStringLiteral("b.sprj"));
+        Q_UNUSED(bench.manager.openDemo()); // without changes nobody is asked
+        {
+            CMessageBoxAnswerer user({QStringLiteral("Discard"), QStringLiteral("Cancel")});
+            QVERIFY(!bench.commands.confirmQuit());
+            QCOMPARE(user.boxes().size(), 2);
+        }
+        CMessageBoxAnswerer user({QStringLiteral("Save"), QStringLiteral("Discard")});
+        QVERIFY(bench.commands.confirmQuit());
+        QCOMPARE(user.boxes().size(), 2);
+    }
+
+    void oneMessageTellsOfAllFilesThatCannotBeOpened()
+    {
+        SBench bench;
+        const QString good = bench.folder.filePath(QStringLiteral("wall.sprj"));
+        QVERIFY(bench.manager.saveProject(bench.manager.openDemo().value(), good));
+        const QString missing = bench.folder.filePath(QStringLiteral("missing.sprj"));
+        bench.settings.addRecentProject(missing);
+        QSignalSpy opened(&bench.commands, &CProjectCommands::notifyOpened);
+        CMessageBoxAnswerer user({QStringLiteral("OK")});
+        bench.commands.open({missing, good, bench.folder.path()});
+        QCOMPARE(user.texts(), QStringList(QStringLiteral("2 projects cannot be opened.")));
+        QVERIFY(user.boxes().first().details.contains(missing));
+        QCOMPARE(opened.size(), 1);
+        QVERIFY(!bench.settings.recentProjects().contains(missing));
+        QVERIFY(bench.settings.recentProjects().contains(good));
+    }
+
+    void aNewProjectIsWhatWasAskedFor()
+    {
+        CNewProjectDialog dialog(CProcessorKinds::builtIn(), nullptr);
+        dialog.findChild<QSpinBox *>(QStringLiteral("CabinetWidth"))->setValue(128);
+        dialog.findChild<QSpinBox *>(QStringLiteral("CabinetHeight"))->setValue(64);
+        dialog.findChild<QSpinBox *>(QStringLiteral("Columns"))->setValue(6);
+        dialog.findChild<QSpinBox *>(QStringLiteral("Rows"))->setValue(2);
+        dialog.findChild<QSpinBox *>(QStringLiteral("Ports"))->setValue(3);
+        dialog.accept();
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+        const SProcessorProject &project = dialog.project();
+        QCOMPARE(project.canvas, QSize(768, 128));
+        QCOMPARE(project.layout.cabinetCount(), 12);
+        QCOMPARE(project.portCount, 3);
+        QVERIFY(CProcessorKinds::builtIn().find(project.kind)->ports >= 3);
+
+        SBench bench;
+        const auto added = bench.manager.addProject(project);
+        QVERIFY(added);
+        QVERIFY(bench.manager.isModified(added.value())); // nobody has saved it
+    }
+
+    void aTypeSetsTheSizeUntilItIsEdited()
+    {
+        CNewProjectDialog dialog(CProcessorKinds::builtIn(), nullptr);
+        auto *type = dialog.findChild<QComboBox *>(QStringLiteral("CabinetType"));
+        auto *width = dialog.findChild<QSpinBox *>(QStringLiteral("CabinetWidth"));
+        type->setCurrentIndex(type->findText(QStringLiteral("Rental indoor P2.6 tall")));
+        Q_EMIT type->activated(type->currentIndex());
+        QCOMPARE(width->value(), 192);
+        dialog.accept();
+        const auto cabinets = dialog.project().layout.ports.first().getAllCabinets();
+        QVERIFY(!cabinets.first().type.isNull());
+        QCOMPARE(cabinets.first().rect.size(), QSize(192, 384));
+        QCOMPARE(cabinets.first().rects.size(), 2);
+        width->setValue(193);
+        QCOMPARE(type->currentIndex(), 0);
+    }
+
+    void impossibleWallsCannotBeConfirmed_data()
+    {
+        QTest::addColumn<QString>("field");
+        QTest::addColumn<int>("value");
+        QTest::newRow("too wide") << QStringLiteral("Columns") << 171;
+        QTest::newRow("too high") << QStringLiteral("Rows") << 171;
+    }
+    void impossibleWallsCannotBeConfirmed()
+    {
+        QFETCH(QString, field);
+        QFETCH(int, value);
+        CNewProjectDialog dialog(CProcessorKinds::builtIn(), nullptr);
+        const QPushButton *ok = dialog.buttonBox()->button(QDialogButtonBox::Ok);
+        const auto *summary = dialog.findChild<QLabel *>(QStringLiteral("Summary"));
+        auto *box = dialog.findChild<QSpinBox *>(field);
+        box->setValue(value - 1); // 170 × 192 pixels is within 32,768
+        QVERIFY2(ok->isEnabled(), qPrintable(summary->text()));
+        box->setValue(value);
+        QVERIFY(!ok->isEnabled());
+        QVERIFY(summary->text().contains(QString::number(CWallBuilder::MaximumCanvasSide)));
+    }
+
+    void tooManyCabinetsNeedMorePorts()
+    {
+        CNewProjectDialog dialog(CProcessorKinds::builtIn(), nullptr);
+        const QPushButton *ok = dialog.buttonBox()->button(QDialogButtonBox::Ok);
+        dialog.findChild<QSpinBox *>(QStringLiteral("Columns"))->setValue(64);
+        dialog.findChild<QSpinBox *>(QStringLiteral("Rows"))->setValue(65);
+        QVERIFY(!ok->isEnabled()); // 4,160 cabinets on four ports
+        dialog.findChild<QSpinBox *>(QStringLiteral("Ports"))->setValue(5);
+        QVERIFY(ok->isEnabled());
+    }
+};
+
+ORVO_TEST_MAIN(QApplication, CProjectsTest)
+#include "tst_projects.moc"
