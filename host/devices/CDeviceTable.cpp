@@ -28,7 +28,12 @@ bool holdsCabinet(const QVector<CabinetLayout::CabinetPort::CabinetGroup> &group
 QList<SDevice> CDeviceTable::devices() const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_projects + m_devices;
+    QList<SDevice> devices;
+    for (const std::vector<SDevice> *list : {&m_projects, &m_devices}) {
+        for (const SDevice &device : *list)
+            devices << device;
+    }
+    return devices;
 }
 
 std::optional<SDevice> CDeviceTable::device(const QUuid &processor) const
@@ -72,10 +77,10 @@ ProcessorTree::ProcessorNode CDeviceTable::nodeOfCabinet(const QUuid &cabinet) c
 void CDeviceTable::put(const SDevice &device)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    QList<SDevice> &list = device.project ? m_projects : m_devices;
+    std::vector<SDevice> &list = device.project ? m_projects : m_devices;
     const auto found = findByKey(list, device.node.uuid);
     if (found == list.end())
-        list << device;
+        list.push_back(device);
     else
         *found = device;
 }
@@ -83,7 +88,7 @@ void CDeviceTable::put(const SDevice &device)
 void CDeviceTable::remove(const QUuid &processor)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    for (QList<SDevice> *list : {&m_projects, &m_devices}) {
+    for (std::vector<SDevice> *list : {&m_projects, &m_devices}) {
         const auto found = findByKey(*list, processor);
         if (found != list->end())
             list->erase(found);
@@ -171,7 +176,7 @@ SDevice *CDeviceTable::find(const QUuid &processor)
 
 const SDevice *CDeviceTable::find(const QUuid &processor) const
 {
-    for (const QList<SDevice> *list : {&m_projects, &m_devices}) {
+    for (const std::vector<SDevice> *list : {&m_projects, &m_devices}) {
         const auto found = findByKey(*list, processor);
         if (found != list->end())
             return &*found;

@@ -10,6 +10,7 @@
 #include <functional>
 #include <mutex>
 #include <optional>
+#include <vector>
 
 /// The one owner of what the host knows of its processors, their order and the selection. Any thread: values
 /// are copied in and out under a lock; nothing is called under it but the edit given to change().
@@ -58,8 +59,8 @@ private:
     const SDevice *find(const QUuid &processor) const;
 
     mutable std::mutex m_mutex;
-    QList<SDevice> m_projects;
-    QList<SDevice> m_devices;
+    std::vector<SDevice> m_projects; // never shared with what callers were given
+    std::vector<SDevice> m_devices;
     QList<SGroup> m_groups;
     QList<QUuid> m_busy;
     QUuid m_current;

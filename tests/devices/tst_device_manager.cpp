@@ -177,6 +177,16 @@ private Q_SLOTS:
         QCOMPARE(host.manager.table().devices().size(), before);
     }
 
+    void whatWasCopiedOutOfTheTableStays()
+    {
+        CDeviceFixture host;
+        const QList<SDevice> copies = host.manager.table().devices();
+        const bool online = copies.first().node.online;
+        host.manager.setOnline(copies.first().node.uuid, !online);
+        QCOMPARE(copies.first().node.online, online);
+        QCOMPARE(host.handler.getProcessorNode(copies.first().node.uuid).online, !online);
+    }
+
     void theTreeShowsHeadingsGroupsAndStates()
     {
         CDeviceFixture host;
