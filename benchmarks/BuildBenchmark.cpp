@@ -5,6 +5,8 @@
 #include "benchmarks/CEditorSide.h"
 #include "benchmarks/Figures.h"
 
+#include <QCoreApplication>
+
 #include <malloc.h>
 #include <memory>
 
@@ -45,12 +47,32 @@ void measureBuildOf(const char *name, const LayoutData &data)
     Figures::print({name, data.layout.cabinetCount(), medians.work, "bare scene", medians.reference});
 }
 
+/// Both sides replace a layout by itself; the editor before the event loop has turned.
+void measureReload(const LayoutData &data)
+{
+    SWork editor = editorBuild(data);
+    editor.prepare = [prepare = editor.prepare, run = editor.run] {
+        prepare();
+        run();
+    };
+    SWork bare = bareBuild(data);
+    bare.prepare = [prepare = bare.prepare, run = bare.run] {
+        prepare();
+        run();
+        QCoreApplication::processEvents();
+    };
+    const SMedians medians = Figures::compare(BuildRepetitions, editor, bare);
+    Figures::print({"B1 setLayoutData in place of a layout", data.layout.cabinetCount(), medians.work,
+                    "bare scene", medians.reference});
+}
+
 } // namespace
 
 void Benchmarks::measureBuild()
 {
     measureBuildOf("B1 setLayoutData", Wall::data(Wall::FullPorts));
     measureBuildOf("B1 setLayoutData, all in nested groups", Wall::data(Wall::FullPorts, true));
+    measureReload(Wall::data(Wall::FullPorts));
 }
 
 void Benchmarks::measureGrowth()

@@ -7,6 +7,7 @@
 
 void CBareScene::build(const CabinetLayout &layout)
 {
+    clear();
     setSceneRect(layout.boundingRect()); // left to grow it would rebuild its index again and again
     for (const CabinetLayout::CabinetPort &port : layout.ports)
         buildPort(port);

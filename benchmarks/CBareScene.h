@@ -30,6 +30,7 @@ public:
     {
     }
 
+    /// In place of what was built before.
     void build(const CabinetLayout &layout);
 
 private:

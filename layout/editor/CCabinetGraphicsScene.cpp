@@ -322,6 +322,7 @@ void CCabinetGraphicsScene::finishBatch()
         return;
     const CPendingEdits work = std::exchange(m_pending, CPendingEdits());
     work.finish(*this);
+    polishNewItems();
     for (const int index : work.ports()) {
         m_records.remove(index);
         if (CGraphicsPortItem *port = portItem(index))

@@ -39,3 +39,8 @@ void CGraphicsScene::leaveItem(QGraphicsItem &item)
 {
     m_items.remove(item.data(0).toUuid());
 }
+
+void CGraphicsScene::polishNewItems()
+{
+    QMetaObject::invokeMethod(this, "_q_polishItems", Qt::DirectConnection);
+}

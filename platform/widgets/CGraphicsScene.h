@@ -20,6 +20,10 @@ public:
     void setContentRect(const QRectF &content);
     QRectF contentRect() const { return m_content; }
 
+    /// Completes what Qt puts off to the next turn of the event loop for items that were added. Done once an
+    /// operation that adds many: until then Qt walks a list of all of them for each item that goes.
+    void polishNewItems();
+
     /// The item that was entered under @p uuid, or null. O(1).
     QGraphicsItem *itemOf(const QUuid &uuid) const { return m_items.value(uuid, nullptr); }
 
