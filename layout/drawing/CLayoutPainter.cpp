@@ -41,15 +41,17 @@ QColor textOn(const QColor &fill)
 
 void paintNumber(QPainter &painter, const SCabinetLook &look, const QColor &fill, qreal scale)
 {
-    // As wide as three digits may become, and no larger than a third of the height.
-    const qreal size = std::min(look.rect.height() / 3, look.rect.width() / qMax(3, look.number.size()));
+    // In the upper left corner, where no wire runs that leads from centre to centre.
+    const qreal size = std::min(look.rect.height(), look.rect.width()) / 3.5;
     if (look.number.isEmpty() || size * scale < SmallestText)
         return;
     QFont font = painter.font();
     font.setPixelSize(qMax(1, qRound(size)));
     painter.setFont(font);
     painter.setPen(textOn(fill));
-    painter.drawText(look.rect, Qt::AlignCenter, look.number);
+    const qreal margin = size / 3.5;
+    painter.drawText(look.rect.adjusted(margin, margin, 0, 0),
+                     Qt::AlignLeft | Qt::AlignTop | Qt::TextDontClip, look.number);
 }
 
 void paintMark(QPainter &painter, const QString &resource, const QRectF &cabinet, int place, qreal scale)
@@ -58,7 +60,7 @@ void paintMark(QPainter &painter, const QString &resource, const QRectF &cabinet
     if (size * scale < SmallestText)
         return;
     const qreal margin = size * MarkMargin / MarkSize / 2;
-    const QPointF corner(cabinet.left() + margin + place * (size + margin), cabinet.top() + margin);
+    const QPointF corner(cabinet.right() - (place + 1) * (size + margin), cabinet.top() + margin);
     CSvgCache::renderer(resource).render(&painter, QRectF(corner, QSizeF(size, size)));
 }
 

@@ -229,7 +229,7 @@ void CIconsTest::everyNameInTheSourcesExists()
             ++sourcesRead;
             for (const QString &name : names) {
                 const QString message = name + QLatin1String(" in ") + files.filePath();
-                QVERIFY2(resources.indexOf(asPattern(name)) >= 0, qPrintable(message));
+                QVERIFY2(!resources.filter(asPattern(name)).isEmpty(), qPrintable(message));
             }
         }
     }
