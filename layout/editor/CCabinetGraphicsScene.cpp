@@ -87,8 +87,6 @@ void CCabinetGraphicsScene::buildAnew(const LayoutData &data)
     std::stable_sort(
         m_ports.begin(), m_ports.end(),
         [](const CGraphicsPortItem *a, const CGraphicsPortItem *b) { return a->port() < b->port(); });
-    for (CGraphicsItemBase *item : builder.items())
-        enterItem(*item);
     m_nextOrdinal = builder.nextOrdinal();
     for (CGraphicsPortItem *port : qAsConst(m_ports))
         port->takeNote();

@@ -5,6 +5,7 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/items/IEditorScene.h"
 #include "layout/geometry/CCabinetRect.h"
 
 #include <algorithm>
@@ -64,19 +65,18 @@ void CLayoutBuilder::buildMembers(const Group &record, QGraphicsItem &parent)
         buildGroup(child, parent);
 }
 
-QUuid CLayoutBuilder::freeIdentity(const QUuid &uuid)
+QUuid CLayoutBuilder::freeIdentity(const QUuid &uuid) const
 {
     QUuid free = uuid;
-    while (free.isNull() || m_taken.contains(free))
+    while (free.isNull() || m_scene.editedItem(free))
         free = QUuid::createUuid();
-    m_taken.insert(free);
     return free;
 }
 
 void CLayoutBuilder::enter(CGraphicsItemBase &item)
 {
     item.setOrdinal(m_ordinal++);
-    m_items << &item;
+    m_scene.enterEdited(item);
 }
 
 void CLayoutBuilder::wire(CGraphicsPortItem &port)

@@ -4,7 +4,7 @@
 
 #include "layout/data/records/CabinetLayout.h"
 
-#include <QSet>
+#include <QPair>
 
 class CGraphicsItemBase;
 class CGraphicsPortItem;
@@ -13,8 +13,9 @@ class IEditorScene;
 class IPortStates;
 class QGraphicsItem;
 
-/// Builds a port's items from its record: cabinets in their places, the chain by rank, groups around their
-/// members. Identities that are missing or given twice are replaced by new ones.
+/// Builds a port's items from its record and makes them known to the scene: cabinets in their places, the
+/// chain by rank, groups around their members. Identities that are missing or given twice are replaced by new
+/// ones.
 class CLayoutBuilder final
 {
 public:
@@ -29,8 +30,6 @@ public:
     /// The port item with all its children; owned by the caller, not in a scene yet.
     CGraphicsPortItem *build(const CabinetLayout::CabinetPort &record);
 
-    /// All cabinets and groups built so far, in the order of their records.
-    const QVector<CGraphicsItemBase *> &items() const { return m_items; }
     qint64 nextOrdinal() const { return m_ordinal; }
 
 private:
@@ -38,14 +37,12 @@ private:
 
     void buildGroup(const Group &record, QGraphicsItem &parent);
     void buildMembers(const Group &record, QGraphicsItem &parent);
-    QUuid freeIdentity(const QUuid &uuid);
+    QUuid freeIdentity(const QUuid &uuid) const;
     void enter(CGraphicsItemBase &item);
     void wire(CGraphicsPortItem &port);
 
     IEditorScene &m_scene;
     const IPortStates &m_states;
     qint64 m_ordinal;
-    QSet<QUuid> m_taken;
-    QVector<CGraphicsItemBase *> m_items;
     QVector<QPair<int, CGraphicsCabinetItem *>> m_ranked; // of the port that is being built
 };

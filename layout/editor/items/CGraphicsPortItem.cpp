@@ -7,7 +7,6 @@
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/IEditorScene.h"
 
-#include <QBrush>
 #include <QGraphicsScene>
 #include <QGraphicsSceneMouseEvent>
 
@@ -47,7 +46,7 @@ CGraphicsPortItem::CGraphicsPortItem(const Port &record, const IPortStates &stat
     , m_chain(*this)
 {
     m_state.groups.clear();
-    m_color = record.color.isValid() ? record.color : m_states.portColor(record.index);
+    m_fill = record.color.isValid() ? record.color : m_states.portColor(record.index);
     // Lookups pass over a port that they do not touch; its bounds are kept tight for that.
     setFlags(ItemHasNoContents | ItemContainsChildrenInShape);
     setData(IdentityRole, record.index);
@@ -110,7 +109,7 @@ void CGraphicsPortItem::setShownLocked(bool locked)
 
 void CGraphicsPortItem::setColor(const QColor &color)
 {
-    m_color = color;
+    m_fill = color;
     m_state.color = color;
     colorChildren(*this);
 }
@@ -120,8 +119,8 @@ void CGraphicsPortItem::refreshState()
     m_state.locked = m_states.isPortLocked(port());
     m_state.redundancy = m_states.portRedundancy(port());
     const QColor color = m_states.portColor(port());
-    if (color != m_color) {
-        m_color = color;
+    if (color != m_fill.color()) {
+        m_fill = color;
         colorChildren(*this);
     }
 }
@@ -132,7 +131,7 @@ void CGraphicsPortItem::colorChildren(const QGraphicsItem &parent)
     for (QGraphicsItem *child : children) {
         if (child->type() != CabinetItemKind && child->type() != GroupItemKind)
             continue;
-        static_cast<CGraphicsItemBase *>(child)->setBrush(QBrush(m_color));
+        static_cast<CGraphicsItemBase *>(child)->setBrush(m_fill);
         colorChildren(*child);
     }
 }
@@ -202,6 +201,6 @@ void CGraphicsPortItem::adopt(QGraphicsItem &child)
     } else if (child.type() == CabinetItemKind || child.type() == GroupItemKind) {
         auto &item = static_cast<CGraphicsItemBase &>(child);
         item.setPort(port());
-        item.setBrush(QBrush(m_color));
+        item.setBrush(m_fill);
     }
 }

@@ -7,6 +7,7 @@
 #include "layout/editor/items/ItemKinds.h"
 #include "platform/widgets/CItemChangeBlocker.h"
 
+#include <QBrush>
 #include <QGraphicsObject>
 
 class CGraphicsCabinetItem;
@@ -91,7 +92,7 @@ private:
     const IPortStates &m_states;
     IEditorScene &m_editor;
     Port m_state;
-    QColor m_color;
+    QBrush m_fill; // of all its cabinets, which share it
     QRectF m_bounds;
     bool m_changeNoted = false;
     bool m_wiringNoted = false;
