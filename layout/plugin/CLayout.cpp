@@ -124,9 +124,7 @@ void CLayout::onReadbackMappingFinished(const QUuid &processsor, bool same)
 
 void CLayout::onPrcWorkModeChanged()
 {
-    const ProcessorTree::ProcessorNode current = CHostAccess::handler()->currentProcessorNode();
-    if (!CHostAccess::handler()->isFiberTransceiverMode(current.uuid))
-        setProcessor(current);
+    setProcessor(CHostAccess::handler()->currentProcessorNode());
     showSelection();
 }
 
@@ -172,14 +170,17 @@ void CLayout::connectSignals()
 
 void CLayout::setProcessor(const ProcessorTree::ProcessorNode &processor)
 {
-    const bool another = processor.uuid != m_editorPage->processor();
-    m_editorPage->setProcessor(processor);
+    // In fibre optic transceiver mode there is nothing to edit, to read or to save.
+    const bool fiber = CHostAccess::handler()->isFiberTransceiverMode(processor.uuid);
+    const ProcessorTree::ProcessorNode shown = fiber ? ProcessorTree::ProcessorNode() : processor;
+    const bool another = shown.uuid != m_editorPage->processor();
+    m_editorPage->setProcessor(shown);
     if (!m_sidePanel)
         return;
     if (another)
-        m_sidePanel->onCurrentProcessorChanged(processor);
+        m_sidePanel->onCurrentProcessorChanged(shown);
     else
-        m_sidePanel->onCurrentProcessorStateChanged(processor);
+        m_sidePanel->onCurrentProcessorStateChanged(shown);
 }
 
 void CLayout::showSelection()

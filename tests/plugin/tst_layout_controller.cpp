@@ -14,6 +14,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QStackedLayout>
+#include <QToolButton>
 
 namespace {
 
@@ -59,6 +60,13 @@ struct SModuleScene final
         return current->findChild<QLabel *>()->text();
     }
     CCabinetGraphicsScene &scene() const { return layout.findChild<CLayoutGraphicsView *>()->cabinetScene(); }
+    bool mappingEnabled() const
+    {
+        const QList<QToolButton *> buttons = layout.rightBarWidget()->findChildren<QToolButton *>();
+        return std::any_of(buttons.begin(), buttons.end(), [](const QToolButton *button) {
+            return button->text() == QLatin1String("Save") && button->isEnabled();
+        });
+    }
     int cabinetsShown(const QUuid &processor) const
     {
         CabinetLayout shown;
@@ -140,7 +148,10 @@ private Q_SLOTS:
     {
         SModuleScene module;
         module.answers().fiber = {module.a};
+        module.select({module.b});
+        QVERIFY(module.mappingEnabled());
         module.select({module.a});
+        QVERIFY(!module.mappingEnabled());
         QCOMPARE(module.page(), Warning);
         QCOMPARE(module.cabinetsShown(module.a), 0);
         const QString uuid = module.a.toString(QUuid::WithoutBraces);
