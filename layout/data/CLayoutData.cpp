@@ -80,10 +80,11 @@ LayoutData CLayoutData::openProcessor(const QUuid &processor)
 
 void CLayoutData::syncLayoutData(bool atOnce)
 {
-    CabinetLayout edited = m_states.layout(m_states.editable());
-    if (!m_source || edited.processor.isNull())
+    const QUuid processor = m_states.editable();
+    if (!m_source || processor.isNull())
         return;
-    m_source->getLayoutData(edited, edited.processor);
+    CabinetLayout edited = m_states.layout(processor);
+    m_source->getLayoutData(edited, processor);
     const auto edit = m_states.takeEdit(edited);
     if (!edit)
         return;

@@ -50,6 +50,7 @@ public:
     bool isPortLocked(int port) const override { return m_states.port(port).locked; }
     Port::Redundancy portRedundancy(int port) const override { return m_states.port(port).redundancy; }
     QColor portColor(int port) const override;
+    bool resetsHighlightOnEdit() const override { return m_states.options().resetHighlightOnEdit; }
 
     void setCurrentPort(int port) { m_states.setCurrentPort(port); }
     void setMappingFolder(const QString &folder) { m_mappingFolder = folder; }

@@ -15,10 +15,12 @@ struct SLayoutOptions
 {
     bool followUp = true;              ///< handed-over layouts are followed up by the host
     bool markupCustomCabinets = false; ///< custom-defined cabinets are marked
+    bool resetHighlightOnEdit = true;  ///< editing cabinets without a type ends their highlight
 
     friend bool operator==(const SLayoutOptions &a, const SLayoutOptions &b)
     {
-        return a.followUp == b.followUp && a.markupCustomCabinets == b.markupCustomCabinets;
+        return a.followUp == b.followUp && a.markupCustomCabinets == b.markupCustomCabinets &&
+               a.resetHighlightOnEdit == b.resetHighlightOnEdit;
     }
     friend bool operator!=(const SLayoutOptions &a, const SLayoutOptions &b) { return !(a == b); }
 };

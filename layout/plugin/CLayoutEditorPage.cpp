@@ -9,6 +9,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QUndoStack>
 #include <QVBoxLayout>
 #include <QVariant>
 
@@ -57,6 +58,7 @@ void CLayoutEditorPage::reload()
         m_view->clearLayout();
     else
         m_view->showLayout(m_processor, layout);
+    m_view->cabinetScene().undoStack()->clear(); // its steps belong to the layout before
 }
 
 void CLayoutEditorPage::setReadbackResult(bool same)
@@ -99,6 +101,9 @@ void CLayoutEditorPage::connectSignals()
 {
     CCabinetGraphicsScene *scene = &m_view->cabinetScene();
     m_store.setLayoutSource(scene);
+    m_store.undoGroup().addStack(scene->undoStack());
+    connect(scene, &CCabinetGraphicsScene::notifySceneChanged, &m_store,
+            [this] { m_store.syncLayoutData(false); });
     connect(&m_store, &CLayoutData::notifyProcessorPortLocked, scene,
             &CCabinetGraphicsScene::setCabinetLocked);
     connect(&m_store, &CLayoutData::notifyProcessorPortColorChanged, scene,

@@ -17,6 +17,7 @@ class CFakeEditor final : public ILayoutSource
 public:
     void getLayoutData(CabinetLayout &layout, const QUuid &processor) const override
     {
+        layout = CabinetLayout();
         if (processor == shown.processor)
             layout = shown;
     }
@@ -250,7 +251,7 @@ private Q_SLOTS:
         for (int i = 0; i < 2; ++i) {
             scene.store.setPortLocked(2, true);
             scene.store.setPortColor(0, Qt::red);
-            scene.store.setOptions({true, true});
+            scene.store.setOptions({true, true, true});
             scene.store.setPortLocked(9, true);
             scene.store.setPortColor(9, Qt::red);
         }
@@ -283,7 +284,7 @@ private Q_SLOTS:
         scene.answers().onCalled = [&scene](const QString &) { scene.store.setCurrentPort(2); };
         scene.answers().loads[0] = 12;
         scene.store.setPortLocked(0, true);
-        scene.store.setOptions({true, true});
+        scene.store.setOptions({true, true, true});
         scene.store.updatePortLoad(0, true);
         scene.store.cancelCalibrate(-1);
         scene.store.syncLayoutData(true);

@@ -15,6 +15,7 @@
 #include <QPushButton>
 #include <QStackedLayout>
 #include <QToolButton>
+#include <QUndoStack>
 
 namespace {
 
@@ -183,6 +184,18 @@ private Q_SLOTS:
         module.answers().layouts[module.a].layout.ports.removeLast();
         module.host.notify(LayoutNotification::PortCountChanged);
         QTRY_COMPARE(module.cabinetsShown(module.a), 6);
+    }
+
+    void handsEditsToTheHost()
+    {
+        SModuleScene module;
+        module.select({module.a});
+        module.scene().selectAllItem();
+        module.scene().selectedItemMoveDown();
+        QVERIFY(module.scene().undoStack()->canUndo());
+        QTRY_VERIFY(module.answers().layoutData(module.a).layout.boundingRect().top() == 1);
+        module.select({module.b});
+        QVERIFY(!module.scene().undoStack()->canUndo());
     }
 
     void tellsHowAReadEnded()
