@@ -20,7 +20,6 @@ public:
 
     /// Where the application keeps its log.
     static QString defaultFolder();
-    QString folder() const { return m_folder; }
     /// The file of that age; 0: the one that is written to.
     QString fileName(int age = 0) const;
 

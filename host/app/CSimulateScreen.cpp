@@ -16,8 +16,8 @@ bool probeOpenGl()
 {
     const QStringList without = {QStringLiteral("offscreen"), QStringLiteral("minimal"),
                                  QStringLiteral("vnc")};
-    if (without.contains(QGuiApplication::platformName()))
-        return false; // these would only warn
+    if (without.contains(QGuiApplication::platformName()) || qgetenv("QT_XCB_GL_INTEGRATION") == "none")
+        return false; // trying would only bring warnings
     QOffscreenSurface surface;
     surface.create();
     QOpenGLContext context;
