@@ -85,19 +85,18 @@ CMappingTransfer::Step CMappingTransfer::readOne(const SDevice &device, const SM
 
 CMappingTransfer::Step CMappingTransfer::takeOver(const SDevice &device, const SProcessorMapping &mapping)
 {
-    SDevice read = device;
+    SDevice read = device; // worked out aside, so that nobody waits for the table meanwhile
     read.takeSaved(mapping.layout);
     const bool same = !read.isModified();
-    const CabinetLayout layout = same ? CabinetLayout() : withLockedPortsKept(device, read.working.saved());
+    if (!same)
+        read.takeLayout(withLockedPortsKept(device, read.working.saved()));
     bool edited = false;
     m_manager.table().change(device.node.uuid, [&](SDevice &known) {
         edited = known.working.edition() != device.working.edition();
         if (edited)
             return;
         known.revision = mapping.revision;
-        known.takeSaved(mapping.layout);
-        if (!same)
-            known.takeLayout(layout);
+        known.working = read.working;
     });
     if (edited)
         return failed(device, tr("The layout was edited while the mapping was read; the edits were kept."));
@@ -140,9 +139,14 @@ CMappingTransfer::Step CMappingTransfer::saveOne(const SDevice &device)
                                    CProcessorCodec::encode(SProcessorMapping{mapping, revision}), revision);
     if (error != DeviceError::None)
         return failed(device, error);
+    SDevice saved = device;
+    saved.takeSaved(mapping);
     m_manager.table().change(device.node.uuid, [&](SDevice &known) {
         known.revision = revision;
-        known.takeSaved(mapping);
+        if (known.working.edition() == device.working.edition())
+            known.working = saved.working;
+        else
+            known.takeSaved(mapping); // edited meanwhile
     });
     m_manager.announceState();
     return Step::Done;

@@ -50,7 +50,11 @@ void CWorkingLayout::take(const CabinetLayout &layout, const SReceiverGeneration
     for (Port &port : next.ports) {
         const Port *before = m_taken.port(port.index);
         const Port *numberedBefore = m_layout.port(port.index);
-        if (before && numberedBefore && shares(before->groups, port.groups)) {
+        // The module starts from what it was given, layout(), and goes on with what it gave.
+        const bool untouched =
+            before && numberedBefore &&
+            (shares(before->groups, port.groups) || shares(numberedBefore->groups, port.groups));
+        if (untouched) {
             port.groups = numberedBefore->groups;
             chargedPixels.insert(port.index, m_charged.value(port.index));
         } else {
