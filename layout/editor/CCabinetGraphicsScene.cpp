@@ -4,9 +4,6 @@
 
 #include "layout/drawing/CLayoutPainter.h"
 #include "layout/editor/CGuardedUndo.h"
-#include "layout/editor/CLayoutBuilder.h"
-#include "layout/editor/CLayoutReader.h"
-#include "layout/editor/CLayoutRebuild.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
@@ -20,7 +17,7 @@
 
 CCabinetGraphicsScene::CCabinetGraphicsScene(const IPortStates &ports, QObject *parent)
     : CGraphicsScene(parent)
-    , m_portStates(ports)
+    , m_content(*this, *this, ports)
     , m_recorder([this] { return m_selection.uuids(); })
     , m_operations(*this, m_selection, m_recorder)
     , m_gestures(*this, *this, m_selection, m_recorder)
@@ -36,9 +33,6 @@ CCabinetGraphicsScene::~CCabinetGraphicsScene()
     clearLayout();
 }
 
-// ---- records
-// ---------------------------------------------------------------------------------------------------
-
 void CCabinetGraphicsScene::setLayoutData(const ProcessorTree::ProcessorNode &processor,
                                           const LayoutData &data, const QList<QUuid> &selected, bool undoable)
 {
@@ -46,52 +40,17 @@ void CCabinetGraphicsScene::setLayoutData(const ProcessorTree::ProcessorNode &pr
         return;
     cancelGesture();
     const CEditBatch batch(*this);
-    if (undoable && m_processor == data.processor && hasSamePorts(data.layout))
-        rebuildUndoable(data);
-    else
-        buildAnew(data);
-    setCanvasSize(data.canvas);
+    if (undoable && m_content.canRebuild(data)) {
+        m_content.rebuild(data, m_recorder);
+    } else {
+        clearLayout();
+        reserveItems(data.layout.cabinetCount());
+        m_content.build(data);
+        m_pending = CPendingEdits();
+        m_pending.noteSelection();
+    }
     updateContentRect();
     selectOnly(selected);
-}
-
-bool CCabinetGraphicsScene::hasSamePorts(const CabinetLayout &layout) const
-{
-    return std::equal(
-        m_ports.begin(), m_ports.end(), layout.ports.begin(), layout.ports.end(),
-        [](const CGraphicsPortItem *item, const auto &record) { return item->port() == record.index; });
-}
-
-void CCabinetGraphicsScene::rebuildUndoable(const LayoutData &data)
-{
-    const CUndoMacro macro(m_recorder, QStringLiteral("Reset"), QStringLiteral("Reset"));
-    CLayoutRebuild rebuild(*this, m_recorder, m_nextOrdinal);
-    for (CGraphicsPortItem *port : qAsConst(m_ports))
-        rebuild.empty(*port);
-    for (int i = 0; i < m_ports.size(); ++i)
-        rebuild.fill(*m_ports.at(i), data.layout.ports.at(i));
-    m_nextOrdinal = rebuild.nextOrdinal();
-}
-
-void CCabinetGraphicsScene::buildAnew(const LayoutData &data)
-{
-    clearLayout();
-    m_processor = data.processor;
-    reserveItems(data.layout.cabinetCount());
-    CLayoutBuilder builder(*this, m_portStates, m_nextOrdinal);
-    for (const CabinetLayout::CabinetPort &record : data.layout.ports) {
-        CGraphicsPortItem *port = builder.build(record);
-        m_ports << port;
-        addItem(port);
-    }
-    std::stable_sort(
-        m_ports.begin(), m_ports.end(),
-        [](const CGraphicsPortItem *a, const CGraphicsPortItem *b) { return a->port() < b->port(); });
-    m_nextOrdinal = builder.nextOrdinal();
-    for (CGraphicsPortItem *port : qAsConst(m_ports))
-        port->takeNote();
-    m_pending = CPendingEdits(); // what is shown anew is no edit
-    m_pending.noteSelection();
 }
 
 void CCabinetGraphicsScene::clearLayout()
@@ -100,35 +59,9 @@ void CCabinetGraphicsScene::clearLayout()
     const CEditBatch batch(*this);
     clearSelection(); // items that die selected would each announce it
     forgetItems();
-    m_records.clear();
-    m_ports.clear();
-    m_processor = QUuid();
-    m_canvas = QSize();
+    m_content.clear();
     clear();
     updateContentRect();
-}
-
-void CCabinetGraphicsScene::getLayoutData(CabinetLayout &layout, const QUuid &processor) const
-{
-    layout = CabinetLayout();
-    if (processor != m_processor)
-        return;
-    layout.processor = m_processor;
-    layout.ports.reserve(m_ports.size());
-    for (const CGraphicsPortItem *port : m_ports) {
-        auto record = m_records.find(port->port());
-        if (record == m_records.end())
-            record = m_records.insert(port->port(), CLayoutReader::read(*port));
-        layout.ports << *record;
-    }
-}
-
-CGraphicsPortItem *CCabinetGraphicsScene::portItem(int port) const
-{
-    const auto found =
-        std::lower_bound(m_ports.begin(), m_ports.end(), port,
-                         [](const CGraphicsPortItem *item, int index) { return item->port() < index; });
-    return found == m_ports.end() || (*found)->port() != port ? nullptr : *found;
 }
 
 CGraphicsItemBase *CCabinetGraphicsScene::editedItem(const QUuid &uuid) const
@@ -146,9 +79,6 @@ void CCabinetGraphicsScene::leaveEdited(CGraphicsItemBase &item)
     item.setSelected(false); // Qt drops it from the selection without a word otherwise
     leaveItem(item);
 }
-
-// ---- edits
-// -----------------------------------------------------------------------------------------------------
 
 void CCabinetGraphicsScene::setUndoStack(QUndoStack *stack)
 {
@@ -188,7 +118,7 @@ void CCabinetGraphicsScene::breakPortWiring(int port)
 void CCabinetGraphicsScene::groupSelected()
 {
     cancelGesture();
-    m_operations.group(m_nextOrdinal++);
+    m_operations.group(m_content.takeOrdinal());
 }
 
 void CCabinetGraphicsScene::ungroupSelected()
@@ -211,34 +141,16 @@ void CCabinetGraphicsScene::exchangeReceivers(int, const QUuid &cabinet, int)
 void CCabinetGraphicsScene::selectAllItem()
 {
     const CEditBatch batch(*this);
-    for (const CGraphicsPortItem *port : qAsConst(m_ports)) {
+    for (const CGraphicsPortItem *port : portItems()) {
         for (CGraphicsItemBase *item : port->topItems())
             item->setSelected(true);
     }
 }
 
-void CCabinetGraphicsScene::selectedItemMoveUp()
+void CCabinetGraphicsScene::nudge(const QPointF &step)
 {
     cancelGesture();
-    m_operations.nudge(QPointF(0, -1));
-}
-
-void CCabinetGraphicsScene::selectedItemMoveDown()
-{
-    cancelGesture();
-    m_operations.nudge(QPointF(0, 1));
-}
-
-void CCabinetGraphicsScene::selectedItemMoveLeft()
-{
-    cancelGesture();
-    m_operations.nudge(QPointF(-1, 0));
-}
-
-void CCabinetGraphicsScene::selectedItemMoveRight()
-{
-    cancelGesture();
-    m_operations.nudge(QPointF(1, 0));
+    m_operations.nudge(step);
 }
 
 void CCabinetGraphicsScene::backupPort(int, int backup, bool back)
@@ -276,7 +188,7 @@ void CCabinetGraphicsScene::runStep(QWidget *view, bool undoing)
         stack->undo();
     else
         stack->redo();
-    for (CGraphicsPortItem *port : qAsConst(m_ports))
+    for (CGraphicsPortItem *port : portItems())
         port->refreshState();
     if (const CUndoCommandBase *own = getChildUndoCommand(command))
         selectOnly(undoing ? own->selectionBefore() : own->selectionAfter());
@@ -299,9 +211,6 @@ void CCabinetGraphicsScene::selectOnly(const QList<QUuid> &uuids)
         item->setSelected(true);
 }
 
-// ---- batches
-// ---------------------------------------------------------------------------------------------------
-
 void CCabinetGraphicsScene::beginBatch()
 {
     ++m_batchDepth;
@@ -322,7 +231,7 @@ void CCabinetGraphicsScene::finishBatch()
     work.finish(*this);
     polishNewItems();
     for (const int index : work.ports()) {
-        m_records.remove(index);
+        m_content.forgetRecord(index);
         if (CGraphicsPortItem *port = portItem(index))
             port->takeNote();
     }
@@ -385,9 +294,6 @@ void CCabinetGraphicsScene::noteSelected(CGraphicsItemBase &item, bool selected)
     m_selection.note(item, selected);
 }
 
-// ---- gestures
-// --------------------------------------------------------------------------------------------------
-
 void CCabinetGraphicsScene::setToolMode(EToolMode mode, bool on)
 {
     cancelGesture();
@@ -435,15 +341,12 @@ void CCabinetGraphicsScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
         CGraphicsScene::mouseReleaseEvent(event);
 }
 
-// ---- what the host says
-// ----------------------------------------------------------------------------------------
-
 void CCabinetGraphicsScene::setCabinetLocked(int port, bool locked)
 {
     cancelGesture();
     if (CGraphicsPortItem *item = portItem(port)) {
         item->setShownLocked(locked);
-        m_records.remove(port);
+        m_content.forgetRecord(port);
         update(item->boundingRect());
     }
     onSelectionChanged();
@@ -451,16 +354,16 @@ void CCabinetGraphicsScene::setCabinetLocked(int port, bool locked)
 
 void CCabinetGraphicsScene::setCanvasSize(const QSize &size)
 {
-    m_canvas = size;
+    m_content.setCanvas(size);
     updateContentRect();
     update();
 }
 
 void CCabinetGraphicsScene::onNotifyProcessorStateChanged()
 {
-    for (CGraphicsPortItem *port : qAsConst(m_ports))
+    for (CGraphicsPortItem *port : portItems())
         port->refreshState();
-    m_records.clear();
+    m_content.forgetRecords();
     update();
 }
 
@@ -468,24 +371,21 @@ void CCabinetGraphicsScene::onNotifyCabinetColorChanged(int port, const QColor &
 {
     if (CGraphicsPortItem *item = portItem(port)) {
         item->setColor(color);
-        m_records.remove(port);
+        m_content.forgetRecord(port);
         update(item->boundingRect());
     }
 }
 
 void CCabinetGraphicsScene::updateContentRect()
 {
-    QRectF content(QPointF(0, 0), QSizeF(m_canvas));
-    for (const CGraphicsPortItem *port : qAsConst(m_ports))
-        content |= port->boundingRect();
-    setContentRect(content);
+    setContentRect(m_content.bounds());
 }
 
 void CCabinetGraphicsScene::drawBackground(QPainter *painter, const QRectF &rect)
 {
     painter->fillRect(rect, CLayoutPainter::surroundings());
-    if (!m_canvas.isEmpty())
-        CLayoutPainter::paintCanvas(*painter, QRectF(QPointF(0, 0), QSizeF(m_canvas)));
+    if (!m_content.canvas().isEmpty())
+        CLayoutPainter::paintCanvas(*painter, QRectF(QPointF(0, 0), QSizeF(m_content.canvas())));
 }
 
 void CCabinetGraphicsScene::drawForeground(QPainter *painter, const QRectF &)

@@ -6,6 +6,7 @@
 #include "layout/data/records/LayoutData.h"
 #include "layout/data/records/ProcessorTree.h"
 #include "layout/editor/CPendingEdits.h"
+#include "layout/editor/CSceneContent.h"
 #include "layout/editor/CSceneGestures.h"
 #include "layout/editor/CSceneOperations.h"
 #include "layout/editor/CSceneSelection.h"
@@ -37,11 +38,14 @@ public:
     /// Removes all items, for when no processor is in view.
     void clearLayout();
 
-    void getLayoutData(CabinetLayout &layout, const QUuid &processor) const override;
+    void getLayoutData(CabinetLayout &layout, const QUuid &processor) const override
+    {
+        m_content.read(layout, processor);
+    }
 
     /// In ascending port index.
-    const QVector<CGraphicsPortItem *> &portItems() const { return m_ports; }
-    CGraphicsPortItem *portItem(int port) const override;
+    const QVector<CGraphicsPortItem *> &portItems() const { return m_content.ports(); }
+    CGraphicsPortItem *portItem(int port) const override { return m_content.port(port); }
     CGraphicsItemBase *editedItem(const QUuid &uuid) const override;
     const CSceneSelection &selection() const { return m_selection; }
 
@@ -103,10 +107,10 @@ public Q_SLOTS:
     void selectAllItem();
     void undo(QWidget *view);
     void redo(QWidget *view);
-    void selectedItemMoveUp();
-    void selectedItemMoveDown();
-    void selectedItemMoveLeft();
-    void selectedItemMoveRight();
+    void selectedItemMoveUp() { nudge({0, -1}); }
+    void selectedItemMoveDown() { nudge({0, 1}); }
+    void selectedItemMoveLeft() { nudge({-1, 0}); }
+    void selectedItemMoveRight() { nudge({1, 0}); }
     void setCabinetLocked(int port, bool locked);
     void backupPort(int primary, int backup, bool back);
     void setCanvasSize(const QSize &size);
@@ -122,28 +126,20 @@ protected:
     void drawForeground(QPainter *painter, const QRectF &rect) override;
 
 private:
-    bool hasSamePorts(const CabinetLayout &layout) const;
-    void rebuildUndoable(const LayoutData &data);
-    void buildAnew(const LayoutData &data);
+    void nudge(const QPointF &step);
     void selectOnly(const QList<QUuid> &uuids);
     void finishBatch();
     void tellSelection();
     void updateContentRect();
     void runStep(QWidget *view, bool undoing);
 
-    const IPortStates &m_portStates;
+    CSceneContent m_content;
     CSceneSelection m_selection;
     CUndoRecorder m_recorder;
     CSceneOperations m_operations;
     QUndoStack m_ownStack;
-    QSize m_canvas;
-    QUuid m_processor;
-    QVector<CGraphicsPortItem *> m_ports;
-    qint64 m_nextOrdinal = 0;
     QSet<EToolMode> m_toolModes;
     CSceneGestures m_gestures;
     CPendingEdits m_pending;
     int m_batchDepth = 0;
-    mutable QHash<int, CabinetLayout::CabinetPort>
-        m_records; // read from the items and unchanged since, by port index
 };

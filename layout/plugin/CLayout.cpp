@@ -84,6 +84,12 @@ void CLayout::fillProcessorMenu(QMenu &menu, const QUuid &processor)
     CProcessorMenu(menu, *m_processorCommands, processor, !m_editingBlocked).fill();
 }
 
+void CLayout::setEditingBlocked(bool blocked)
+{
+    m_editingBlocked = blocked;
+    m_editorPage->setEditingBlocked(blocked);
+}
+
 void CLayout::setScreenShown(bool shown)
 {
     m_editorPage->setScreenShown(shown);

@@ -5,6 +5,9 @@
 #include "layout/data/CLayoutData.h"
 #include "layout/editor/CCabinetGraphicsScene.h"
 #include "layout/editor/CLayoutGraphicsView.h"
+#include "layout/plugin/CHostAccess.h"
+#include "layout/plugin/ILayoutInterfaceHandler.h"
+#include "platform/widgets/CMessageBox.h"
 #include "platform/widgets/CPureImageBtn.h"
 
 #include <QHBoxLayout>
@@ -72,6 +75,24 @@ void CLayoutEditorPage::setScreenShown(bool shown)
     m_showScreen->setChecked(shown);
 }
 
+void CLayoutEditorPage::setEditingBlocked(bool blocked)
+{
+    m_view->setEditingBlocked(blocked);
+}
+
+void CLayoutEditorPage::lockPorts(const QList<int> &ports, bool locked)
+{
+    for (const int port : ports)
+        m_store.setPortLocked(port, locked);
+}
+
+void CLayoutEditorPage::setPortRedundancy(int primary, int backup)
+{
+    const auto handler = CHostAccess::handler();
+    if (!handler->setPortRedundancy(primary, backup))
+        CMessageBox::information(this, tr("Set failed."), handler->lastError());
+}
+
 void CLayoutEditorPage::buildUi()
 {
     m_title->setTextFormat(Qt::PlainText);
@@ -114,6 +135,12 @@ void CLayoutEditorPage::connectSignals()
             &CCabinetGraphicsScene::onNotifyProcessorStateChanged);
     connect(&m_store, &CLayoutData::notifyProcessorPortBackup, scene,
             &CCabinetGraphicsScene::onNotifyProcessorStateChanged);
+    connect(&m_store, &CLayoutData::notifyProcessorPortBackup, scene, &CCabinetGraphicsScene::backupPort);
+    connect(scene, &CCabinetGraphicsScene::notifySceneChanged, &m_store,
+            [this] { m_store.syncLayoutData(false); });
+    connect(m_view, &CLayoutGraphicsView::notifyLockPorts, this, &CLayoutEditorPage::lockPorts);
+    connect(m_view, &CLayoutGraphicsView::notifySetPortRedundancy, this,
+            &CLayoutEditorPage::setPortRedundancy);
     connect(&m_store, &CLayoutData::notifyLayoutReplaced, this, [this](const QUuid &processor) {
         if (processor == m_processor.uuid)
             reload();

@@ -33,8 +33,12 @@ public:
     void setReadbackResult(bool same);
     /// Brings the button in step with the simulated screen.
     void setScreenShown(bool shown);
+    /// Lets the user look only.
+    void setEditingBlocked(bool blocked);
 
 private:
+    void lockPorts(const QList<int> &ports, bool locked);
+    void setPortRedundancy(int primary, int backup);
     void buildUi();
     void connectSignals();
 

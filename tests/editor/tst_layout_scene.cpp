@@ -200,6 +200,7 @@ private Q_SLOTS:
         view.show();
         view.showLayout(SmallWorlds::node(data), data);
         view.showActualSize();
+        view.setTool(CLayoutGraphicsView::Hand);
         for (const Qt::MouseButton button : {Qt::LeftButton, Qt::MiddleButton}) {
             const int before = view.horizontalScrollBar()->value();
             QTest::mousePress(view.viewport(), button, Qt::NoModifier, QPoint(200, 150));

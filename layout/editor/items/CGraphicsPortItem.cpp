@@ -52,6 +52,17 @@ CGraphicsPortItem::CGraphicsPortItem(const Port &record, const IPortStates &stat
     setData(IdentityRole, record.index);
 }
 
+void CGraphicsPortItem::setState(const Port &record)
+{
+    m_state = record;
+    m_state.groups.clear();
+    if (record.color.isValid() && record.color != m_color) {
+        m_color = record.color;
+        colorChildren(*this);
+    }
+    noteChanged();
+}
+
 QVector<CGraphicsCabinetItem *> CGraphicsPortItem::cabinets(const CGraphicsGroupItem *group) const
 {
     QVector<CGraphicsCabinetItem *> cabinets;

@@ -71,6 +71,8 @@ public:
     /// Takes the children's rectangle as its own; done once an operation.
     void updateBounds();
 
+    /// Takes over what @p record says of the port itself; its groups are left alone.
+    void setState(const Port &record);
     /// The port's record without its groups.
     const Port &state() const { return m_state; }
 

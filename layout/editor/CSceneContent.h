@@ -1,0 +1,64 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/LayoutData.h"
+
+#include <QHash>
+
+class CGraphicsPortItem;
+class CUndoRecorder;
+class IEditorScene;
+class IPortStates;
+class QGraphicsScene;
+
+/// What the scene shows: the port items of one processor and the records that were read from them. GUI
+/// thread.
+class CSceneContent final
+{
+public:
+    CSceneContent(QGraphicsScene &scene, IEditorScene &editor, const IPortStates &states)
+        : m_scene(scene)
+        , m_editor(editor)
+        , m_states(states)
+    {
+    }
+
+    /// Builds all items from @p data; nothing may be shown before.
+    void build(const LayoutData &data);
+    /// Whether @p data is of the processor and the ports that are shown, so that it can be rebuilt in place.
+    bool canRebuild(const LayoutData &data) const;
+    /// Replaces what the ports hold as commands that can be undone.
+    void rebuild(const LayoutData &data, CUndoRecorder &recorder);
+    /// Forgets everything; the scene removes the items.
+    void clear();
+
+    /// The layout of @p processor as the items show it; ports that have not changed are shared with what was
+    /// read before. Empty for a processor that is not shown.
+    void read(CabinetLayout &layout, const QUuid &processor) const;
+    /// The port's items, or all, have changed since they were read.
+    void forgetRecord(int port) { m_records.remove(port); }
+    void forgetRecords() { m_records.clear(); }
+
+    const QUuid &processor() const { return m_processor; }
+    const QVector<CGraphicsPortItem *> &ports() const { return m_ports; } ///< in ascending index
+    CGraphicsPortItem *port(int index) const;                             ///< null for an unknown index
+
+    QSize canvas() const { return m_canvas; }
+    void setCanvas(const QSize &canvas) { m_canvas = canvas; }
+    /// The canvas and all ports.
+    QRectF bounds() const;
+
+    /// A place behind all others in the order of records.
+    qint64 takeOrdinal() { return m_nextOrdinal++; }
+
+private:
+    QGraphicsScene &m_scene;
+    IEditorScene &m_editor;
+    const IPortStates &m_states;
+    QSize m_canvas;
+    QUuid m_processor;
+    QVector<CGraphicsPortItem *> m_ports;
+    qint64 m_nextOrdinal = 0;
+    mutable QHash<int, CabinetLayout::CabinetPort> m_records; // by port index
+};
