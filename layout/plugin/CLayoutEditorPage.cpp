@@ -123,8 +123,6 @@ void CLayoutEditorPage::connectSignals()
     CCabinetGraphicsScene *scene = &m_view->cabinetScene();
     m_store.setLayoutSource(scene);
     m_store.undoGroup().addStack(scene->undoStack());
-    connect(scene, &CCabinetGraphicsScene::notifySceneChanged, &m_store,
-            [this] { m_store.syncLayoutData(false); });
     connect(&m_store, &CLayoutData::notifyProcessorPortLocked, scene,
             &CCabinetGraphicsScene::setCabinetLocked);
     connect(&m_store, &CLayoutData::notifyProcessorPortColorChanged, scene,

@@ -56,8 +56,8 @@ void CGraphicsPortItem::setState(const Port &record)
 {
     m_state = record;
     m_state.groups.clear();
-    if (record.color.isValid() && record.color != m_color) {
-        m_color = record.color;
+    if (record.color.isValid() && record.color != m_fill.color()) {
+        m_fill = record.color;
         colorChildren(*this);
     }
     noteChanged();
