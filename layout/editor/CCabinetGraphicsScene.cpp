@@ -43,6 +43,7 @@ void CCabinetGraphicsScene::setLayoutData(const ProcessorTree::ProcessorNode &pr
     if (undoable && m_content.canRebuild(data)) {
         m_content.rebuild(data, m_recorder);
     } else {
+        m_recorder.setOperationName(QStringLiteral("Reset"));
         clearLayout();
         reserveItems(data.layout.cabinetCount());
         m_content.build(data);

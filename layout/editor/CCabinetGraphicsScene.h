@@ -35,6 +35,8 @@ public:
     /// which the ports must be the same; otherwise what was recorded before stays as it is.
     void setLayoutData(const ProcessorTree::ProcessorNode &processor, const LayoutData &data,
                        const QList<QUuid> &selected = {}, bool undoable = false);
+    /// Whether @p data can be shown as a change that can be undone.
+    bool canRebuild(const LayoutData &data) const { return m_content.canRebuild(data); }
     /// Removes all items, for when no processor is in view.
     void clearLayout();
 

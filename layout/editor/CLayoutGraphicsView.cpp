@@ -84,9 +84,10 @@ void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &process
 {
     const bool another = processor.uuid != m_processor;
     m_processor = processor.uuid;
-    if (another)
-        m_scene->undoStack()->clear();
-    m_scene->setLayoutData(processor, layout, {}, !another);
+    const bool inPlace = !another && m_scene->canRebuild(layout);
+    if (!inPlace)
+        m_scene->undoStack()->clear(); // its steps belong to what is shown no more
+    m_scene->setLayoutData(processor, layout, {}, inPlace);
     QList<int> ports;
     for (const CGraphicsPortItem *port : m_scene->portItems())
         ports << port->port();

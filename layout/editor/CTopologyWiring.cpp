@@ -8,19 +8,35 @@
 
 #include <QSet>
 
+#include <algorithm>
+#include <tuple>
+
 QVector<CGraphicsCabinetItem *> CTopologyWiring::snake(const CGraphicsPortItem &port,
                                                        const QVector<CGraphicsCabinetItem *> &cabinets,
                                                        int pattern)
 {
+    // By place, then identity: among cells of one area the first sets the pitch, and the same wall must
+    // always be wired the same, however it was made.
+    QVector<QPair<CSnakeOrder::SCell, CGraphicsCabinetItem *>> placed;
+    placed.reserve(cabinets.size());
+    for (CGraphicsCabinetItem *cabinet : cabinets) {
+        const QRectF rect = port.mapRectFromScene(cabinet->mapRectToScene(cabinet->rect()));
+        placed << qMakePair(CSnakeOrder::SCell{rect, cabinet->uuid()}, cabinet);
+    }
+    std::sort(placed.begin(), placed.end(), [](const auto &a, const auto &b) {
+        const QPointF first = a.first.rect.topLeft();
+        const QPointF second = b.first.rect.topLeft();
+        return std::make_tuple(first.y(), first.x(), a.first.uuid) <
+               std::make_tuple(second.y(), second.x(), b.first.uuid);
+    });
     QVector<CSnakeOrder::SCell> cells;
-    cells.reserve(cabinets.size());
-    for (const CGraphicsCabinetItem *cabinet : cabinets)
-        cells << CSnakeOrder::SCell{port.mapRectFromScene(cabinet->mapRectToScene(cabinet->rect())),
-                                    cabinet->uuid()};
+    cells.reserve(placed.size());
+    for (const auto &entry : qAsConst(placed))
+        cells << entry.first;
     QVector<CGraphicsCabinetItem *> ordered;
-    ordered.reserve(cabinets.size());
+    ordered.reserve(placed.size());
     for (const int index : CSnakeOrder::order(cells, pattern))
-        ordered << cabinets.at(index);
+        ordered << placed.at(index).second;
     return ordered;
 }
 

@@ -30,6 +30,8 @@ public:
 
     /// Name of the running or the last compound edit.
     const QString &operationName() const { return m_operationName; }
+    /// For an edit that is not recorded.
+    void setOperationName(const QString &name) { m_operationName = name; }
 
     /// Carries @p command out and records it. Only within an operation, see CUndoMacro.
     void push(std::unique_ptr<CUndoCommandBase> command);

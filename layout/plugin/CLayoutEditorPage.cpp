@@ -61,7 +61,6 @@ void CLayoutEditorPage::reload()
         m_view->clearLayout();
     else
         m_view->showLayout(m_processor, layout);
-    m_view->cabinetScene().undoStack()->clear(); // its steps belong to the layout before
 }
 
 void CLayoutEditorPage::setReadbackResult(bool same)

@@ -35,6 +35,15 @@ void collectCabinets(const QGraphicsItem &group, QVector<CGraphicsCabinetItem *>
     }
 }
 
+void deselectMembers(const CGraphicsGroupItem &group)
+{
+    for (CGraphicsItemBase *member : group.members()) {
+        member->setSelected(false);
+        if (member->type() == GroupItemKind)
+            deselectMembers(static_cast<const CGraphicsGroupItem &>(*member));
+    }
+}
+
 void moveToParent(CGraphicsItemBase &member, QGraphicsItem &parent)
 {
     const CItemChangeBlocker blocker(member);
@@ -168,9 +177,8 @@ QVariant CGraphicsGroupItem::itemChange(GraphicsItemChange change, const QVarian
         break;
     case ItemSelectedHasChanged:
         if (value.toBool()) {
-            const QVector<CGraphicsCabinetItem *> all = cabinets();
-            for (CGraphicsCabinetItem *cabinetItem : all)
-                cabinetItem->setSelected(false); // members never show as selected beside their group
+            // Members never show as selected beside their group, and are never edited twice.
+            deselectMembers(*this);
         }
         break;
     case ItemPositionHasChanged:

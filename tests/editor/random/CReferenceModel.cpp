@@ -132,7 +132,7 @@ QVector<QUuid> CReferenceModel::snake(const QVector<QUuid> &cabinets, int patter
 void CReferenceModel::wireByPattern(const QSet<QUuid> &cabinets, int pattern)
 {
     for (auto chain = m_chains.begin(); chain != m_chains.end(); ++chain) {
-        // In the order in which a port lists them it does not matter which of two equal cells is taken.
+        // Of equally small cells the topmost, then leftmost one sets the pitch.
         QVector<QUuid> selected;
         for (auto cabinet = m_cabinets.begin(); cabinet != m_cabinets.end(); ++cabinet) {
             if (cabinet->port == chain.key() && cabinets.contains(cabinet.key()))
@@ -145,6 +145,13 @@ void CReferenceModel::wireByPattern(const QSet<QUuid> &cabinets, int pattern)
                 *chain = selected;
             continue;
         }
+        std::sort(selected.begin(), selected.end(), [this](const QUuid &a, const QUuid &b) {
+            const QPoint first = m_cabinets.value(a).rect.topLeft();
+            const QPoint second = m_cabinets.value(b).rect.topLeft();
+            if (first.y() != second.y())
+                return first.y() < second.y();
+            return first.x() != second.x() ? first.x() < second.x() : a < b;
+        });
         const QVector<QUuid> stretch = snake(selected, pattern);
         QVector<QUuid> result;
         bool placed = false;
