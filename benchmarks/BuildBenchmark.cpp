@@ -79,7 +79,10 @@ void Benchmarks::measureGrowth()
 {
     const LayoutData full = Wall::data(Wall::FullPorts);
     const LayoutData tenth = Wall::data(Wall::TenthPorts);
-    const SMedians medians = Figures::compare(BuildRepetitions, editorBuild(full), editorBuild(tenth));
+    SMedians medians = Figures::compare(BuildRepetitions, editorBuild(full), editorBuild(tenth));
     Figures::print({"B13 growth of B1", full.layout.cabinetCount(), medians.work, "B1 at 8192 cabinets",
                     medians.reference});
+    medians = Figures::compare(BuildRepetitions, bareBuild(full), bareBuild(tenth));
+    Figures::print({"B13 growth of the bare scene, for comparison", full.layout.cabinetCount(), medians.work,
+                    "bare scene at 8192 cabinets", medians.reference});
 }
