@@ -80,6 +80,27 @@ inline Port nestedPort(int index)
     return port(index, {loose(index, 1), outer, empty});
 }
 
+/// Wired cabinets in groups of @p size, each pair of groups in a group of its own.
+inline Port groupedPort(int index, int count, int size)
+{
+    const QVector<Cabinet> cabinets = wiredPort(index, count).groups.first().cabinets;
+    QVector<Group> outers;
+    for (int begin = 0; begin < count; begin += size) {
+        Group group;
+        group.uuid = QUuid::createUuid();
+        group.cabinets = cabinets.mid(begin, size);
+        for (Cabinet &member : group.cabinets)
+            member.group = group.uuid;
+        if (begin / size % 2 == 0) {
+            Group outer;
+            outer.uuid = QUuid::createUuid();
+            outers << outer;
+        }
+        outers.last().groups << group;
+    }
+    return port(index, outers);
+}
+
 /// Two wired cabinets of a type with two receivers each.
 inline Port receiverPort(int index)
 {

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "host/projects/CWallBuilder.h"
 #include "layout/editor/CCabinetGraphicsScene.h"
 #include "layout/editor/CLayoutGraphicsView.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
@@ -43,10 +44,16 @@ private Q_SLOTS:
         special.redundancyPort = 1;
         special.load = 140;
         row("a port's own state", {special});
-        QVector<Port> full;
+        using Builder = CWallBuilder;
+        for (const Builder::Wall wall : {Builder::Small, Builder::Small4K, Builder::Medium, Builder::Ribbon,
+                                         Builder::Stadium, Builder::Full}) {
+            const SWallPlan plan = Builder::plan(wall);
+            row(qPrintable(plan.name), Builder::build(plan).value().ports);
+        }
+        QVector<Port> nested;
         for (int i = 0; i < 80; ++i)
-            full << SmallWorlds::wiredPort(i, 1024);
-        row("80 ports of 1,024", full);
+            nested << SmallWorlds::groupedPort(i, 1024, 16);
+        row("80 ports of 1,024 in nested groups", nested);
     }
     void readsBackWhatItBuilt()
     {
