@@ -35,6 +35,12 @@ CLayoutData::TypeInfo CLayoutData::getTypeInfo(const SMD5 &key) const
     return info;
 }
 
+CanvasBlock CLayoutData::canvasBlock() const
+{
+    const auto handler = CHostAccess::handler();
+    return handler ? handler->canvasBlock() : CanvasBlock::None;
+}
+
 QColor CLayoutData::portColor(int port) const
 {
     const QColor color = m_states.port(port).color;

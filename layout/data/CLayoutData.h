@@ -35,7 +35,6 @@ public:
     QUuid currentProcessor() const { return m_states.current(); } ///< null without one
     QVector<Port> ports() const { return m_states.ports(); }      ///< of the current processor
     Port port(int index) const { return m_states.port(index); }   ///< a default record for an unknown one
-    int currentPort() const { return m_states.currentPort(); }    ///< port index; -1: none
     int processorLoad() const { return m_states.processorLoad(); }
     QSize canvasSize() const { return m_states.canvas(); } ///< of the current processor, pixels
     SBackgroundInfo background() const { return m_states.background(); }
@@ -50,6 +49,8 @@ public:
     bool isPortLocked(int port) const override { return m_states.port(port).locked; }
     Port::Redundancy portRedundancy(int port) const override { return m_states.port(port).redundancy; }
     QColor portColor(int port) const override;
+    int currentPort() const override { return m_states.currentPort(); }
+    CanvasBlock canvasBlock() const override;
     bool resetsHighlightOnEdit() const override { return m_states.options().resetHighlightOnEdit; }
 
     void setCurrentPort(int port) { m_states.setCurrentPort(port); }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "layout/data/records/CabinetLayout.h"
+#include "layout/data/records/SHostRecords.h"
 
 /// What the canvas needs to know of the current processor's ports. Any thread; values are copied out.
 /// A port that does not exist is unlocked, not redundant and of its default colour.
@@ -14,6 +15,10 @@ public:
     virtual CabinetLayout::CabinetPort::Redundancy portRedundancy(int port) const = 0;
     /// The fill of the port's cabinets; always valid.
     virtual QColor portColor(int port) const = 0;
+    /// The port that commands without a selection act on; -1: none.
+    virtual int currentPort() const { return -1; }
+    /// What keeps the canvas size from being changed. GUI thread.
+    virtual CanvasBlock canvasBlock() const { return CanvasBlock::None; }
     /// Whether grabbing a handle or changing a type ends the highlight of cabinets without a type.
     virtual bool resetsHighlightOnEdit() const { return false; }
 };

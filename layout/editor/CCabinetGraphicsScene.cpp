@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/CCabinetGraphicsScene.h"
 
+#include "layout/data/IPortStates.h"
 #include "layout/drawing/CLayoutPainter.h"
+#include "layout/editor/CCanvasMenu.h"
 #include "layout/editor/CGuardedUndo.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
@@ -10,13 +12,16 @@
 #include "layout/editor/undo/CUndoCommandBase.h"
 #include "platform/widgets/CMessageBox.h"
 
+#include <QGraphicsSceneContextMenuEvent>
 #include <QGraphicsSceneMouseEvent>
+#include <QMenu>
 #include <QPainter>
 
 #include <algorithm>
 
 CCabinetGraphicsScene::CCabinetGraphicsScene(const IPortStates &ports, QObject *parent)
     : CGraphicsScene(parent)
+    , m_portStates(ports)
     , m_content(*this, *this, ports)
     , m_recorder([this] { return m_selection.uuids(); })
     , m_operations(*this, m_selection, m_recorder)
@@ -114,6 +119,14 @@ void CCabinetGraphicsScene::breakPortWiring(int port)
     cancelGesture();
     if (CGraphicsPortItem *item = portItem(port))
         m_operations.breakPortWiring(*item);
+}
+
+void CCabinetGraphicsScene::askToClearTopology(QWidget *parent, int port)
+{
+    if (portItem(port) &&
+        CMessageBox::question(parent, tr("Are you sure you want to clear topology for the output port?")) ==
+            0)
+        breakPortWiring(port);
 }
 
 void CCabinetGraphicsScene::groupSelected()
@@ -314,6 +327,23 @@ void CCabinetGraphicsScene::beginScale(CGraphicsItemBase &item, int handle, cons
 {
     if (m_toolModes.isEmpty() && item.canResize())
         m_gestures.beginScale(item, handle, scenePos);
+}
+
+void CCabinetGraphicsScene::contextMenuEvent(QGraphicsSceneContextMenuEvent *event)
+{
+    const QList<QGraphicsItem *> under = items(event->scenePos(), Qt::IntersectsItemBoundingRect);
+    const bool onCabinet = std::any_of(under.begin(), under.end(), [](const QGraphicsItem *item) {
+        return item->type() == CabinetItemKind;
+    });
+    if (!m_toolModes.isEmpty() || onCabinet) {
+        CGraphicsScene::contextMenuEvent(event);
+        return;
+    }
+    cancelGesture();
+    QMenu menu(event->widget());
+    CCanvasMenu::fill(menu, *this, m_portStates.currentPort(), m_portStates.canvasBlock(), event->widget());
+    menu.exec(event->screenPos());
+    event->accept();
 }
 
 void CCabinetGraphicsScene::mousePressEvent(QGraphicsSceneMouseEvent *event)

@@ -49,6 +49,7 @@ public:
     const QVector<CGraphicsPortItem *> &portItems() const { return m_content.ports(); }
     CGraphicsPortItem *portItem(int port) const override { return m_content.port(port); }
     CGraphicsItemBase *editedItem(const QUuid &uuid) const override;
+    const IPortStates &portStates() const { return m_portStates; }
     const CSceneSelection &selection() const { return m_selection; }
 
     /// The scene's own stack unless another was set; null after setUndoStack(nullptr).
@@ -66,6 +67,8 @@ public:
     void breakSelectedWiring();
     /// Clears the whole topology of a port.
     void breakPortWiring(int port);
+    /// Clears it when the user, asked over @p parent, says so.
+    void askToClearTopology(QWidget *parent, int port);
     void groupSelected();
     void ungroupSelected();
     void deleteSelected();
@@ -121,6 +124,7 @@ public Q_SLOTS:
     void onNotifyCabinetColorChanged(int port, const QColor &color);
 
 protected:
+    void contextMenuEvent(QGraphicsSceneContextMenuEvent *event) override;
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
     void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
     void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override;
@@ -135,6 +139,7 @@ private:
     void updateContentRect();
     void runStep(QWidget *view, bool undoing);
 
+    const IPortStates &m_portStates;
     CSceneContent m_content;
     CSceneSelection m_selection;
     CUndoRecorder m_recorder;

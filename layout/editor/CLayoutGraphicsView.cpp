@@ -137,7 +137,9 @@ void CLayoutGraphicsView::applyTool()
 
 void CLayoutGraphicsView::clearTopology()
 {
-    if (!m_scene->selection().isEmpty())
+    if (m_scene->selection().isEmpty())
+        m_scene->askToClearTopology(this, m_scene->portStates().currentPort());
+    else
         m_scene->breakSelectedWiring();
 }
 

@@ -135,6 +135,10 @@ void CLayoutEditorPage::connectSignals()
     connect(&m_store, &CLayoutData::notifyProcessorPortBackup, scene, &CCabinetGraphicsScene::backupPort);
     connect(scene, &CCabinetGraphicsScene::notifySceneChanged, &m_store,
             [this] { m_store.syncLayoutData(false); });
+    connect(scene, &CCabinetGraphicsScene::notifySelectedChanged, &m_store, [this](const QList<int> &ports) {
+        if (ports.size() == 1)
+            m_store.setCurrentPort(ports.first());
+    });
     connect(m_view, &CLayoutGraphicsView::notifyLockPorts, this, &CLayoutEditorPage::lockPorts);
     connect(m_view, &CLayoutGraphicsView::notifySetPortRedundancy, this,
             &CLayoutEditorPage::setPortRedundancy);
