@@ -71,6 +71,17 @@ CResult<SAppOptions> SAppOptions::parse(const QStringList &arguments)
     return options;
 }
 
+CStatus SAppOptions::checkProcessors(const QStringList &known) const
+{
+    for (const SSimulation &simulation : simulations) {
+        if (!known.contains(simulation.processor)) {
+            return CStatus::failure(tr("There is no simulated processor \"%1\"; known are: %2.")
+                                        .arg(simulation.processor, known.join(QStringLiteral(", "))));
+        }
+    }
+    return {};
+}
+
 QString SAppOptions::defaultStateFolder()
 {
     return QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) +

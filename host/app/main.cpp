@@ -5,12 +5,15 @@
 #include "host/app/CModuleLoader.h"
 #include "host/app/SAppOptions.h"
 #include "host/app/commands/CCommandLine.h"
+#include "host/devices/CSimulatedPark.h"
 #include "layout/data/records/RecordMetaTypes.h"
 #include "platform/widgets/CTheme.h"
 
 #include <QApplication>
 
 #include <cstdio>
+#include <cstdlib>
+#include <optional>
 
 namespace {
 
@@ -22,12 +25,39 @@ QStringList argumentsOf(int argc, char **argv)
     return arguments;
 }
 
-/// Without one the application object would abort the process.
-bool hasDisplay()
+/// Watches the application object being made: without a usable display Qt would abort the process; here it
+/// ends with one line that says why, and the exit status of bad input.
+class CDisplayWatch final
 {
-    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
-           !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
-}
+public:
+    CDisplayWatch() { m_previous = qInstallMessageHandler(onMessage); }
+    ~CDisplayWatch()
+    {
+        qInstallMessageHandler(m_previous);
+        if (!m_reason.isEmpty()) // it was a warning only
+            std::fprintf(stderr, "orvo: %s\n", qPrintable(m_reason));
+        m_reason.clear();
+    }
+    Q_DISABLE_COPY(CDisplayWatch)
+
+private:
+    static void onMessage(QtMsgType type, const QMessageLogContext &, const QString &text)
+    {
+        if (type == QtFatalMsg) {
+            std::fprintf(stderr,
+                         "orvo: no display found (%s): run it in a desktop session, or set DISPLAY (see also "
+                         "\"orvo --help\" for the commands that need none)\n",
+                         qPrintable(m_reason.isEmpty() ? text.simplified() : m_reason));
+            std::_Exit(CCommandLine::BadInput);
+        }
+        if (m_reason.isEmpty() && type != QtDebugMsg &&
+            type != QtInfoMsg) // the first names the cause, the others follow from it
+            m_reason = text.simplified();
+    }
+
+    static inline QString m_reason;
+    QtMessageHandler m_previous = nullptr;
+};
 
 void setUpApplication()
 {
@@ -42,10 +72,14 @@ void setUpApplication()
 int runWindow(int argc, char **argv, const SAppOptions &options)
 {
     setUpApplication();
-    QApplication application(argc, argv);
+    std::optional<QApplication> application;
+    {
+        const CDisplayWatch watch;
+        application.emplace(argc, argv);
+    }
     const CLogFile log(CLogFile::defaultFolder());
     registerRecordMetaTypes();
-    CTheme::apply(application);
+    CTheme::apply(*application);
 
     SDeviceSettings devices;
     devices.stateFolder =
@@ -69,9 +103,9 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "orvo: %s\n", qPrintable(options.error()));
         return CCommandLine::Usage;
     }
-    if (!hasDisplay()) {
-        std::fprintf(stderr, "orvo: no display found: run it in a desktop session, or set DISPLAY (see also "
-                             "\"orvo --help\" for the commands that need none)\n");
+    const CStatus known = options.value().checkProcessors(CSimulatedPark({}, 1.0).names());
+    if (!known) {
+        std::fprintf(stderr, "orvo: %s\n", qPrintable(known.error()));
         return CCommandLine::BadInput;
     }
     return runWindow(argc, argv, options.value());

@@ -119,3 +119,11 @@ CSimulatedPark::Processor CSimulatedPark::find(const QUuid &uuid) const
                      [&uuid](const Processor &processor) { return processor->identity().uuid == uuid; });
     return found == m_processors.end() ? nullptr : *found;
 }
+
+QStringList CSimulatedPark::names() const
+{
+    QStringList names;
+    for (const Processor &processor : m_processors)
+        names << processor->identity().name;
+    return names;
+}

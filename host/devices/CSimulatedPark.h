@@ -6,6 +6,7 @@
 #include "host/devices/CSimulatedProcessor.h"
 
 #include <QCoreApplication>
+#include <QStringList>
 
 #include <memory>
 #include <vector>
@@ -26,6 +27,7 @@ public:
 
     const std::vector<Processor> &processors() const { return m_processors; }
     Processor find(const QUuid &uuid) const; ///< null for an unknown key
+    QStringList names() const;               ///< of the processors
     const QList<CDeviceTable::SGroup> &groups() const { return m_groups; }
 
 private:
