@@ -54,7 +54,7 @@ CMainWindow::CMainWindow(const SDeviceSettings &devices)
     : m_manager(devices)
     , m_module(std::make_unique<CModuleHost>(
           std::make_shared<CLayoutHandler>(m_manager, CTypeLibrary::builtIn()), m_manager.subject()))
-    , m_projects(std::make_unique<CProjectCommands>(m_manager, m_settings, *this))
+    , m_projects(std::make_unique<CProjectCommands>(m_manager, m_settings, *this, [this] { flushModule(); }))
     , m_screen(std::make_unique<CScreenWindow>(m_manager))
 {
     initLayoutResources();
@@ -177,12 +177,19 @@ void CMainWindow::simulate(const QString &name, SimulationFault fault)
     qWarning("There is no simulated processor \"%s\".", qPrintable(name));
 }
 
+void CMainWindow::flushModule()
+{
+    if (ILayoutInterface *layout = m_module->layoutModule())
+        layout->flush();
+}
+
 void CMainWindow::shutDown()
 {
     if (m_shutDown)
         return;
     m_shutDown = true;
     m_screen->setShown(false);
+    flushModule();
     m_manager.stop(); // first: what ends now is still told to the module
     m_module->stop();
 }
@@ -304,8 +311,7 @@ void CMainWindow::updateActions()
 {
     const QUuid selected = m_devices->singleProcessor();
     const bool project = m_manager.isProject(selected);
-    m_actions.saveProject->setEnabled(
-        project && (m_manager.isModified(selected) || m_manager.projectFile(selected).isEmpty()));
+    m_actions.saveProject->setEnabled(project); // also without edits: the module may still hold some
     m_actions.saveProjectAs->setEnabled(!selected.isNull());
     m_actions.closeProject->setEnabled(project);
     m_actions.detect->setEnabled(!m_manager.currentJob());

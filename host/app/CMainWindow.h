@@ -54,6 +54,7 @@ private:
     void restoreState();
     void saveState();
 
+    void flushModule(); ///< what the module shows is then what the manager holds
     void simulate(const QString &name, SimulationFault fault);
     void onJobStarted(CDeviceJob *job);
     void onJobFinished(CDeviceJob *job, const SDeviceOutcome &outcome);

@@ -21,10 +21,12 @@ QString projectFilter()
 
 } // namespace
 
-CProjectCommands::CProjectCommands(CDeviceManager &manager, CAppSettings &settings, QWidget &window)
+CProjectCommands::CProjectCommands(CDeviceManager &manager, CAppSettings &settings, QWidget &window,
+                                   Flush flush)
     : m_manager(manager)
     , m_settings(settings)
     , m_window(window)
+    , m_flush(std::move(flush))
 {
 }
 
@@ -101,6 +103,7 @@ bool CProjectCommands::saveAs(const QUuid &processor)
 
 bool CProjectCommands::saveTo(const QUuid &processor, const QString &file)
 {
+    m_flush();
     const CStatus status = m_manager.saveProject(processor, file);
     if (!status) {
         CMessageBox::information(&m_window, tr("The project cannot be saved."), status.error());
@@ -121,6 +124,7 @@ bool CProjectCommands::close(const QUuid &project)
 
 bool CProjectCommands::askToSave(const QUuid &project)
 {
+    m_flush();
     if (!m_manager.isModified(project))
         return true;
     QMessageBox box(QMessageBox::Question, QStringLiteral("Orvo"),
@@ -141,6 +145,7 @@ bool CProjectCommands::askToSave(const QUuid &project)
 
 bool CProjectCommands::confirmQuit()
 {
+    m_flush();
     QStringList edited;
     for (const SDevice &device : m_manager.table().devices()) {
         if (device.project && !askToSave(device.node.uuid))

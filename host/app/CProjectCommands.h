@@ -6,6 +6,8 @@
 #include <QStringList>
 #include <QUuid>
 
+#include <functional>
+
 class CAppSettings;
 class CDeviceManager;
 class QWidget;
@@ -17,8 +19,11 @@ class CProjectCommands final : public QObject
     Q_OBJECT
 
 public:
+    /// Brings the devices up to date with edits that the module has not handed over yet.
+    using Flush = std::function<void()>;
+
     /// @p window is the parent of all dialogs; all must outlive this object.
-    CProjectCommands(CDeviceManager &manager, CAppSettings &settings, QWidget &window);
+    CProjectCommands(CDeviceManager &manager, CAppSettings &settings, QWidget &window, Flush flush);
 
     void createNew();
     void chooseAndOpen();
@@ -46,4 +51,5 @@ private:
     CDeviceManager &m_manager;
     CAppSettings &m_settings;
     QWidget &m_window;
+    const Flush m_flush;
 };

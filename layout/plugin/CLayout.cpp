@@ -84,6 +84,11 @@ void CLayout::fillProcessorMenu(QMenu &menu, const QUuid &processor)
     CProcessorMenu(menu, *m_processorCommands, processor, !m_editingBlocked).fill();
 }
 
+void CLayout::flush()
+{
+    m_store.syncLayoutData(true);
+}
+
 void CLayout::setEditingBlocked(bool blocked)
 {
     m_editingBlocked = blocked;

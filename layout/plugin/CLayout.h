@@ -43,6 +43,7 @@ public:
     CSubject *subject() override { return nullptr; }
     void stop() override;
     void fillProcessorMenu(QMenu &menu, const QUuid &processor) override;
+    void flush() override;
     void setEditingBlocked(bool blocked) override;
     bool isEditingBlocked() const override { return m_editingBlocked; }
     void setScreenShown(bool shown) override;

@@ -14,6 +14,9 @@ public:
     /// Fills @p menu with the commands of @p processor. The actions live as long as the menu.
     virtual void fillProcessorMenu(QMenu &menu, const QUuid &processor) = 0;
 
+    /// Hands pending edits over to the host before it returns.
+    virtual void flush() = 0;
+
     /// Blocks editing by the user, for the host's lock control; viewing stays possible.
     virtual void setEditingBlocked(bool blocked) = 0;
     virtual bool isEditingBlocked() const = 0;

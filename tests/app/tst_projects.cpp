@@ -15,6 +15,9 @@
 #include <QSpinBox>
 #include <QTemporaryDir>
 
+#include <functional>
+#include <utility>
+
 namespace {
 
 /// The commands with everything that they work on.
@@ -24,7 +27,14 @@ struct SBench
     CDeviceManager manager{SDeviceSettings{folder.path(), 0.0}};
     CAppSettings settings;
     QWidget window;
-    CProjectCommands commands{manager, settings, window};
+    std::function<void()> pending; ///< edits that the module has not handed over yet
+    CProjectCommands commands{manager, settings, window, [this] { flush(); }};
+
+    void flush()
+    {
+        if (pending)
+            std::exchange(pending, nullptr)();
+    }
 
     /// A project in a file, with a change that is not saved.
     QUuid editedProject(const QString &name)
@@ -32,6 +42,17 @@ struct SBench
         const QUuid project = manager.openDemo().value();
         Q_UNUSED(manager.saveProject(project, folder.filePath(name)));
         manager.table().change(project, [](SDevice &device) { device.settings.frameRate = 50; });
+        return project;
+    }
+
+    /// A project in a file, with a change that the module still holds.
+    QUuid projectBeingEdited(const QString &name)
+    {
+        const QUuid project = manager.openDemo().value();
+        Q_UNUSED(manager.saveProject(project, folder.filePath(name)));
+        pending = [this, project] {
+            manager.table().change(project, [](SDevice &device) { device.settings.frameRate = 50; });
+        };
         return project;
     }
 };
@@ -83,6 +104,28 @@ private Q_SLOTS:
         QVERIFY(user.boxes().last().details.contains(QStringLiteral("/nowhere/wall.sprj")));
         QVERIFY(bench.manager.isProject(project));
         QVERIFY(bench.manager.isModified(project));
+    }
+
+    void editsThatTheModuleStillHoldsAreSaved_data()
+    {
+        QTest::addColumn<int>("way");
+        QTest::newRow("save") << 0;
+        QTest::newRow("close") << 1;
+        QTest::newRow("quit") << 2;
+    }
+    void editsThatTheModuleStillHoldsAreSaved()
+    {
+        QFETCH(int, way);
+        SBench bench;
+        const QUuid project = bench.projectBeingEdited(QStringLiteral("wall.sprj"));
+        CMessageBoxAnswerer user(way == 0 ? QStringList() : QStringList(QStringLiteral("Save")));
+        QVERIFY(way == 0   ? bench.commands.save(project)
+                : way == 1 ? bench.commands.close(project)
+                           : bench.commands.confirmQuit());
+        QCOMPARE(user.boxes().size(), way == 0 ? 0 : 1);
+        const auto saved = CProcessorProject::read(bench.folder.filePath(QStringLiteral("wall.sprj")));
+        QVERIFY(saved);
+        QCOMPARE(saved.value().frameRate, 50);
     }
 
     void quittingAsksForEveryProject()
