@@ -28,14 +28,33 @@ CScreenWindow::~CScreenWindow() = default;
 
 void CScreenWindow::connectSignals()
 {
-    connect(&m_manager, &CDeviceManager::currentProcessorChanged, this, &CScreenWindow::showWall);
+    connect(&m_manager, &CDeviceManager::currentProcessorChanged, this,
+            &CScreenWindow::onCurrentProcessorChanged);
     connect(&m_manager, &CDeviceManager::layoutCommitted, this, &CScreenWindow::showWall);
     connect(&m_manager, &CDeviceManager::statusLedChanged, this, &CScreenWindow::showWall);
-    connect(&m_manager, &CDeviceManager::numbersShownChanged, this,
-            [this](const QUuid &, bool shown) { m_picture->setNumbersShown(shown); });
+    connect(&m_manager, &CDeviceManager::numbersShownChanged, this, &CScreenWindow::onNumbersShownChanged);
     connect(&m_manager, &CDeviceManager::highlightChanged, this,
-            [this](const QUuid &, const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
-                   CabinetHighlight highlight) { m_picture->setHighlight(cabinets.toVector(), highlight); });
+            [this](const QUuid &processor, const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
+                   CabinetHighlight highlight) {
+                if (processor == m_manager.table().current())
+                    m_picture->setHighlight(cabinets.toVector(), highlight);
+            });
+}
+
+void CScreenWindow::onCurrentProcessorChanged(const QUuid &processor)
+{
+    m_picture->setHighlight({}, CabinetHighlight::Off);
+    m_picture->setNumbersShown(m_numbered.contains(processor));
+    showWall();
+}
+
+void CScreenWindow::onNumbersShownChanged(const QUuid &processor, bool shown)
+{
+    if (shown)
+        m_numbered.insert(processor);
+    else
+        m_numbered.remove(processor);
+    m_picture->setNumbersShown(m_numbered.contains(m_manager.table().current()));
 }
 
 void CScreenWindow::setShown(bool shown)

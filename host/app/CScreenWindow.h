@@ -4,6 +4,8 @@
 
 #include <QObject>
 #include <QPoint>
+#include <QSet>
+#include <QUuid>
 
 #include <memory>
 
@@ -35,6 +37,8 @@ private:
     void connectSignals();
     void open();
     void place();
+    void onCurrentProcessorChanged(const QUuid &processor);
+    void onNumbersShownChanged(const QUuid &processor, bool shown);
     void showWall();
     void closeByUser();
     bool onMouseMove(const QMouseEvent &event);
@@ -42,5 +46,6 @@ private:
     CDeviceManager &m_manager;
     CScreenPicture *m_picture = nullptr;
     std::unique_ptr<QWidget> m_window; ///< null while it is closed
+    QSet<QUuid> m_numbered;            ///< processors whose cabinets show their numbers
     QPoint m_grip;                     ///< where the mouse holds the window, from its corner
 };

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/CRasterScreen.h"
 #include "host/app/CScreenPicture.h"
+#include "host/app/CScreenWindow.h"
 #include "host/app/CSimulateScreen.h"
+#include "host/devices/CDeviceManager.h"
 #include "tests/harness/CTestBase.h"
 
 #include <QPainter>
@@ -187,6 +189,42 @@ private Q_SLOTS:
         const QImage without = paint(picture);
         picture.setNumbersShown(true);
         QVERIFY(paint(picture) != without);
+    }
+
+    void numbersAndHighlightsBelongToOneProcessor()
+    {
+        const QTemporaryDir folder;
+        CDeviceManager manager({folder.path(), 0.0});
+        const QUuid one = manager.openDemo().value();
+        const QUuid other = manager.openDemo().value();
+        const auto select = [&manager](const QUuid &uuid) {
+            manager.select({uuid}, PrcTreeNodeType::Processor);
+        };
+        CScreenWindow screen(manager);
+        auto &picture = *screen.findChild<CScreenPicture *>();
+        select(one);
+        picture.setWall(manager.table().device(one)->data(), {});
+        const QSize size(2304, 960); // large enough for numbers
+        const QImage calm = paint(picture, size);
+        const auto cabinets = manager.table().device(one)->working.layout().ports.first().looseCabinets();
+        const auto highlight = [&](const QUuid &uuid) {
+            Q_EMIT manager.highlightChanged(uuid, {cabinets.first()}, CabinetHighlight::FlashingBox);
+        };
+
+        Q_EMIT manager.numbersShownChanged(other, true);
+        highlight(other);
+        QCOMPARE(paint(picture, size), calm);
+        Q_EMIT manager.numbersShownChanged(one, true);
+        const QImage numbered = paint(picture, size);
+        QVERIFY(numbered != calm);
+        Q_EMIT manager.numbersShownChanged(other, false);
+        QCOMPARE(paint(picture, size), numbered);
+        highlight(one);
+        QVERIFY(paint(picture, size) != numbered);
+        select(other);
+        QCOMPARE(paint(picture, size), calm);
+        select(one);
+        QCOMPARE(paint(picture, size), numbered); // still being read, but nothing stands out
     }
 };
 
