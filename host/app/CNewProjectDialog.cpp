@@ -84,7 +84,7 @@ void CNewProjectDialog::buildWallRows(QFormLayout &form)
     for (const CSnakeOrder::SPattern &pattern : CSnakeOrder::patterns()) {
         const QIcon icon(
             QStringLiteral(":/Image/Layout/SidePanel/Topology/%1.svg").arg(QLatin1String(pattern.iconName)));
-        m_pattern->addItem(icon, QLatin1String(pattern.name));
+        m_pattern->addItem(icon, tr(pattern.name));
     }
     form.addRow(tr("W&iring"), m_pattern);
 }
@@ -179,10 +179,8 @@ void CNewProjectDialog::accept()
         return;
     }
     const SProcessorKind *kind = m_kinds.withPorts(wall.ports);
+    m_project = SProcessorProject::ofPlan(wall, layout.value());
     m_project.name = m_name->text().trimmed();
     m_project.kind = kind ? kind->id : QString();
-    m_project.portCount = wall.ports;
-    m_project.canvas = wall.canvas();
-    m_project.layout = layout.value();
     CDialog::accept();
 }

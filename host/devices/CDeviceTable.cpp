@@ -113,6 +113,24 @@ bool CDeviceTable::change(const QUuid &processor, const std::function<void(SDevi
     return found != nullptr;
 }
 
+bool CDeviceTable::changeLayout(const QUuid &processor, const std::function<void(SDevice &)> &edit)
+{
+    bool taken = false;
+    while (!taken) {
+        std::optional<SDevice> copy = device(processor);
+        if (!copy)
+            return false;
+        const quint64 edition = copy->working.edition();
+        edit(*copy);
+        change(processor, [&](SDevice &now) {
+            taken = now.working.edition() == edition;
+            if (taken)
+                std::swap(now.working, copy->working); // the old one dies without the lock
+        });
+    }
+    return true;
+}
+
 int CDeviceTable::onlineDeviceCount() const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);

@@ -42,6 +42,11 @@ public:
     /// call nothing else of the table.
     bool change(const QUuid &processor, const std::function<void(SDevice &)> &edit);
 
+    /// Lets @p edit change the working layout of a copy, without the lock: for edits that take long. Called
+    /// again when somebody else changed it meanwhile. Only SDevice::working is taken over; false as with
+    /// change().
+    bool changeLayout(const QUuid &processor, const std::function<void(SDevice &)> &edit);
+
     int onlineDeviceCount() const; ///< projects do not count
 
     /// The processors that a job works with.

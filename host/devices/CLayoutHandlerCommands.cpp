@@ -23,8 +23,15 @@ void CLayoutHandler::applyLayoutFollowUp(bool full)
 
 void CLayoutHandler::commitLayoutData(const LayoutData &data)
 {
-    m_manager.table().change(data.processor, [&data](SDevice &device) { device.takeLayout(data.layout); });
+    bool overloaded = false;
+    m_manager.table().changeLayout(data.processor, [&data, &overloaded](SDevice &device) {
+        overloaded = device.isOverloaded();
+        device.takeLayout(data.layout);
+        overloaded = overloaded || device.isOverloaded();
+    });
     m_followUpNeeded = true;
+    if (overloaded) // then the load of each port depends on all the others
+        m_manager.notify(LayoutNotification::PortLoadsChanged, SPortLoadChange{data.processor, -1});
     m_manager.announceState();
 }
 
@@ -78,7 +85,7 @@ void CLayoutHandler::performPreparatoryStep(const QUuid &processor)
 {
     if (preparatoryStep(processor) == 0)
         return;
-    m_manager.table().change(processor, [](SDevice &device) {
+    m_manager.table().changeLayout(processor, [](SDevice &device) {
         device.takeLayout({});
         device.takeSaved({});
     });

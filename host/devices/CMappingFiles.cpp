@@ -132,7 +132,7 @@ CStatus CMappingFiles::replaceLayout(const SDevice &device, const CabinetLayout 
 
 void CMappingFiles::take(const QUuid &processor, const CabinetLayout &layout)
 {
-    m_manager.table().change(processor, [&layout](SDevice &device) { device.takeLayout(layout); });
+    m_manager.table().changeLayout(processor, [&layout](SDevice &device) { device.takeLayout(layout); });
     m_manager.announceLayout(processor);
 }
 

@@ -139,15 +139,9 @@ CMappingTransfer::Step CMappingTransfer::saveOne(const SDevice &device)
                                    CProcessorCodec::encode(SProcessorMapping{mapping, revision}), revision);
     if (error != DeviceError::None)
         return failed(device, error);
-    SDevice saved = device;
-    saved.takeSaved(mapping);
-    m_manager.table().change(device.node.uuid, [&](SDevice &known) {
-        known.revision = revision;
-        if (known.working.edition() == device.working.edition())
-            known.working = saved.working;
-        else
-            known.takeSaved(mapping); // edited meanwhile
-    });
+    const QUuid uuid = device.node.uuid;
+    m_manager.table().change(uuid, [revision](SDevice &known) { known.revision = revision; });
+    m_manager.table().changeLayout(uuid, [&mapping](SDevice &known) { known.takeSaved(mapping); });
     m_manager.announceState();
     return Step::Done;
 }

@@ -58,11 +58,9 @@ CResult<QUuid> CProjectShelf::openDemo()
     const CResult<CabinetLayout> layout = CWallBuilder::build(plan);
     if (!layout)
         return CResult<QUuid>::failure(layout.error());
-    SProcessorProject project;
+    SProcessorProject project = SProcessorProject::ofPlan(plan, layout.value());
     project.name = tr("Demo wall");
-    project.portCount = 16;
-    project.canvas = plan.canvas();
-    project.layout = layout.value();
+    project.portCount = 16; // one without cabinets, to try things out
     return add(project, {});
 }
 
@@ -72,7 +70,7 @@ CResult<QUuid> CProjectShelf::add(const SProcessorProject &project, const QStrin
     if (!kind || kind->ports < portsInUse(project)) {
         return CResult<QUuid>::failure(
             tr("%1 needs a processor of the kind \"%2\" with %3 output ports, which is not known.")
-                .arg(CSafeFile::quoted(file), project.kind)
+                .arg(CSafeFile::quoted(file.isEmpty() ? project.name : file), project.kind)
                 .arg(portsInUse(project)));
     }
     SDevice device;
@@ -123,7 +121,7 @@ CStatus CProjectShelf::save(const QUuid &processor, const QString &file)
     m_table.change(processor, [&](SDevice &known) {
         known.file = file;
         known.savedSettings = device->settings;
-        known.takeSaved(device->working.layout());
     });
+    m_table.changeLayout(processor, [&device](SDevice &known) { known.takeSaved(device->working.layout()); });
     return status;
 }

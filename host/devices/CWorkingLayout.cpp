@@ -92,6 +92,7 @@ void CWorkingLayout::setSaved(const CabinetLayout &mapping)
                 m_places.insert(cabinet.uuid, cabinet.mappingIndex);
         }
     }
+    ++m_edition;
     m_edited.clear();
     for (Port &port : m_layout.ports) {
         renumber(port);

@@ -29,6 +29,8 @@ struct SDevice
     LayoutData data() const;
     /// Load in percent that @p port has in place of the working layout's port @p index.
     int portLoad(const CabinetLayout::CabinetPort &port, int index) const;
+    /// Whether all ports together exceed what the processor can drive.
+    bool isOverloaded() const { return working.chargedPixels() > kind.pixelLimit; }
     /// Takes @p layout as the working layout, with exactly the ports that are in use.
     void takeLayout(const CabinetLayout &layout);
     /// Takes @p mapping as the one that the device or the file holds.

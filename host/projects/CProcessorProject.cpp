@@ -3,6 +3,7 @@
 #include "host/projects/CProcessorProject.h"
 
 #include "host/projects/CStrictFile.h"
+#include "host/projects/CWallBuilder.h"
 #include "layout/data/records/CRecordJson.h"
 #include "platform/json/CStrictObject.h"
 
@@ -52,6 +53,17 @@ bool operator==(const SProcessorProject &a, const SProcessorProject &b)
                         p.layout);
     };
     return tied(a) == tied(b);
+}
+
+SProcessorProject SProcessorProject::ofPlan(const SWallPlan &plan, const CabinetLayout &layout)
+{
+    SProcessorProject project;
+    project.name = plan.name;
+    project.portCount = plan.ports;
+    project.canvas = plan.canvas();
+    project.layout = layout;
+    project.background.processor = layout.processor;
+    return project;
 }
 
 CResult<SProcessorProject> CProcessorProject::read(const QString &file)

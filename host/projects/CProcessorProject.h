@@ -9,6 +9,8 @@
 #include <QCoreApplication>
 #include <QSize>
 
+struct SWallPlan;
+
 /// What a processor project file (*.sprj) holds: one processor's settings and layout.
 struct SProcessorProject
 {
@@ -20,6 +22,9 @@ struct SProcessorProject
     int colorDepth = 8; ///< bits
     SBackgroundInfo background;
     CabinetLayout layout; ///< with the processor's identity
+
+    /// The project of a wall; @p layout is the one built from @p plan, whose ports are all in use.
+    static SProcessorProject ofPlan(const SWallPlan &plan, const CabinetLayout &layout);
 
     friend bool operator==(const SProcessorProject &a, const SProcessorProject &b);
     friend bool operator!=(const SProcessorProject &a, const SProcessorProject &b) { return !(a == b); }

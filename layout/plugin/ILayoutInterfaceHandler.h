@@ -34,11 +34,13 @@ public:
     virtual QSize getCanvasSize() const = 0;
     /// Shows or hides the window that simulates the wall. GUI thread.
     virtual void showScreen(bool shown) = 0;
-    /// Follow-up after a layout was handed over: port loads and the simulated screen are brought up to date.
+    /// Follow-up after a layout was handed over: brings the simulated screen up to date and, with @p full,
+    /// announces LayoutNotification::PortLoadsChanged for all ports of the current processor.
     virtual void applyLayoutFollowUp(bool full) = 0;
     /// The record behind a key; a default record for an unknown one.
     virtual ProcessorTree::ProcessorNode getProcessorNode(const QUuid &processor) const = 0;
     /// Takes the module's layout of one processor as its working layout. Cheap: shares what is unchanged.
+    /// Announces LayoutNotification::PortLoadsChanged where the processor as a whole is or was overloaded.
     virtual void commitLayoutData(const LayoutData &data) = 0;
     /// Writes the processor's mapping to a "*.sprj" file, whole or not at all. GUI thread.
     virtual bool exportProcessorMapping(const QUuid &processor, const QString &file) = 0;

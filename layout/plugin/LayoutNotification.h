@@ -19,7 +19,7 @@ enum class LayoutNotification : int {
     BackgroundChanged = 20,       ///< SBackgroundInfo
     CanvasSizeChanged = 21,       ///< SCanvasSizeChange
     ProcessorStateChanged = 22,   ///< SProcessorStateChange
-    PortLoadsChanged = 24,        ///< SPortLoadChange: capacities changed (frame rate, colour depth)
+    PortLoadsChanged = 24,        ///< SPortLoadChange: loads changed other than by edits of the port
     PortCountChanged = 25,        ///< no argument
     CurrentProcessorChanged = 26, ///< QUuid; null: none
     SelectedNodeChanged = 28,     ///< SSelectedNodeChange

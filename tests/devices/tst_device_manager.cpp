@@ -222,6 +222,69 @@ private Q_SLOTS:
         host.manager.closeProject(demo);
         QCOMPARE(resets.size(), 1);
     }
+
+    void everyLoadIsAskedForWhileTheWholeIsOverloaded_data()
+    {
+        QTest::addColumn<QVector<int>>("widths"); // of one cabinet, in the order of the commits
+        QTest::addColumn<bool>("announced");      // by the last
+        QTest::newRow("stays below") << QVector<int>{64, 128} << false;
+        QTest::newRow("exceeds it") << QVector<int>{64, 20000} << true;
+        QTest::newRow("stays above") << QVector<int>{20000, 20001} << true;
+        QTest::newRow("falls below") << QVector<int>{20000, 64} << true;
+        QTest::newRow("has fallen below") << QVector<int>{20000, 64, 128} << false;
+    }
+    void everyLoadIsAskedForWhileTheWholeIsOverloaded()
+    {
+        QFETCH(QVector<int>, widths);
+        QFETCH(bool, announced);
+        CDeviceFixture host;
+        const QUuid lobby = host.named("Lobby");
+        QStringList told;
+        for (const int width : widths) {
+            host.log.take();
+            LayoutData data = host.handler.layoutData(lobby);
+            data.layout.ports[0].groups[0].cabinets[0].rect.setSize({width, 1000});
+            host.handler.commitLayoutData(data);
+            host.manager.notify(LayoutNotification::PortCountChanged); // comes behind all that a commit sends
+            told.clear();
+            QTRY_VERIFY((told += host.log.take()).contains(QStringLiteral("25")));
+        }
+        const QString all = QStringLiteral("24 %1 -1").arg(lobby.toString(QUuid::WithoutBraces));
+        QCOMPARE(told.contains(all), announced);
+    }
+
+    void anEditBeginsAgainWhenTheLayoutChangedMeanwhile()
+    {
+        CDeviceFixture host;
+        const QUuid lobby = host.named("Lobby");
+        const auto firstCorner = [&] {
+            return host.layoutOf(lobby).ports.at(0).groups.at(0).cabinets.at(0).rect.topLeft();
+        };
+        const QPoint corner = firstCorner();
+        int calls = 0;
+        QVERIFY(host.manager.table().changeLayout(lobby, [&](SDevice &device) {
+            if (++calls == 1)
+                host.edit(lobby); // the table is not locked
+            CabinetLayout layout = device.working.layout();
+            layout.ports[1].locked = true;
+            device.takeLayout(layout);
+        }));
+        QCOMPARE(calls, 2);
+        QVERIFY(host.layoutOf(lobby).ports.at(1).locked);
+        QCOMPARE(firstCorner(), corner + QPoint(8, 8));
+        QVERIFY(!host.manager.table().changeLayout(QUuid::createUuid(), [](SDevice &) {}));
+    }
+
+    void aProjectThatCannotBeAddedIsNamed()
+    {
+        CDeviceFixture host;
+        SProcessorProject project;
+        project.name = QStringLiteral("Foyer wall");
+        project.kind = QStringLiteral("x1");
+        const auto added = host.manager.addProject(project);
+        QVERIFY(!added);
+        QVERIFY2(added.error().startsWith(QStringLiteral("\"Foyer wall\" needs")), qPrintable(added.error()));
+    }
 };
 
 ORVO_TEST_MAIN(QGuiApplication, CDeviceManagerTest)

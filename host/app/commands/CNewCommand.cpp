@@ -42,13 +42,8 @@ CResult<SWallPlan> planFrom(const CCommandArguments &arguments)
 SProcessorProject projectOf(const SWallPlan &plan, const CabinetLayout &layout)
 {
     const SProcessorKind *kind = CProcessorKinds::builtIn().withPorts(plan.ports);
-    SProcessorProject project;
-    project.name = plan.name;
+    SProcessorProject project = SProcessorProject::ofPlan(plan, layout);
     project.kind = kind ? kind->id : QString();
-    project.portCount = kind ? kind->ports : plan.ports;
-    project.canvas = plan.canvas();
-    project.layout = layout;
-    project.background.processor = layout.processor;
     return project;
 }
 
