@@ -13,6 +13,8 @@
 #include "host/devices/CUpdateThread.h"
 #include "layout/data/records/RecordMetaTypes.h"
 
+#include <utility>
+
 CDeviceManager::CDeviceManager(const SDeviceSettings &settings, QObject *parent)
     : QObject(parent)
     , m_mailbox(std::make_unique<CMailbox>())
@@ -122,6 +124,7 @@ void CDeviceManager::onJobFinished(CDeviceJob *job, const SDeviceOutcome &outcom
         for (const QUuid &processor : job->processors())
             Q_EMIT numbersShownChanged(processor, false);
     }
+    post([this] { readWhatIsDue(); }); // once whoever waits for the job has been told
 }
 
 void CDeviceManager::select(const QList<QUuid> &processors, PrcTreeNodeType type)
@@ -218,11 +221,20 @@ void CDeviceManager::simulate(const QUuid &processor, SimulationFault fault, boo
     if (!simulated)
         return;
     simulated->setFault(fault, on);
-    if (on && fault == SimulationFault::Changed && m_realtime.contains(processor) && !currentJob()) {
-        SMappingOptions options;
-        options.realtime = true;
-        readMapping({processor}, options);
-    }
+    if (!on || fault != SimulationFault::Changed)
+        return;
+    m_due.insert(processor);
+    readWhatIsDue();
+}
+
+void CDeviceManager::readWhatIsDue()
+{
+    m_due &= m_realtime;
+    if (m_due.isEmpty() || currentJob())
+        return;
+    SMappingOptions options;
+    options.realtime = true;
+    readMapping(std::exchange(m_due, {}).values(), options);
 }
 
 bool CDeviceManager::isSimulated(const QUuid &processor, SimulationFault fault) const

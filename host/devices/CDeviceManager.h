@@ -95,8 +95,8 @@ public:
     /// The simulated device behind a processor; null for projects and unknown keys. Any thread.
     std::shared_ptr<CSimulatedProcessor> device(const QUuid &processor) const;
 
-    /// Cancels what runs, waits for it and tells its outcome; delivers the notifications that wait. Nothing
-    /// can be started afterwards. A second call does nothing.
+    /// Cancels what runs, waits for it and tells that it was cancelled; delivers the notifications that wait.
+    /// Nothing can be started afterwards. A second call does nothing.
     void stop();
 
     // ---- for handlers and workers, any thread
@@ -128,6 +128,7 @@ private:
     void connectSignals();
     void onJobStarted(CDeviceJob *job);
     void onJobFinished(CDeviceJob *job, const SDeviceOutcome &outcome);
+    void readWhatIsDue();
 
     const std::unique_ptr<CMailbox> m_mailbox;
     const std::unique_ptr<CUpdateThread> m_updates;
@@ -137,4 +138,5 @@ private:
     CDeviceTreeModel *const m_tree;
     CJobRunner *const m_jobs;
     QSet<QUuid> m_realtime; // read again when their mapping changes
+    QSet<QUuid> m_due;      // of these, those whose mapping has changed
 };

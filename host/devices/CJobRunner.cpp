@@ -80,8 +80,10 @@ bool CJobRunner::ask(const QString &text, const std::shared_ptr<CCancelToken> &c
     return answer->yes;
 }
 
-void CJobRunner::finish(const SDeviceOutcome &outcome)
+void CJobRunner::finish(const SDeviceOutcome &ended)
 {
+    // Whoever is told while the program closes must not begin to talk to the user.
+    const SDeviceOutcome outcome = m_stopped ? SDeviceOutcome{SDeviceOutcome::Cancelled, {}} : ended;
     if (m_thread.joinable())
         m_thread.join();
     const std::unique_ptr<CDeviceJob> job = std::move(m_job);

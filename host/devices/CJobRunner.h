@@ -44,7 +44,7 @@ public:
     /// Starts @p work as @p job. While another job runs, or after stop(), only tells @p done why not; false
     /// then.
     bool start(std::unique_ptr<CDeviceJob> job, Work work, Done done);
-    /// Cancels the running job, waits for its end and tells its outcome; starts nothing any more.
+    /// Cancels the running job, waits for its end and tells that it was cancelled; starts nothing any more.
     void stop();
 
 Q_SIGNALS:
@@ -54,7 +54,7 @@ Q_SIGNALS:
 private:
     SJobContext context(CDeviceJob &job);
     bool ask(const QString &text, const std::shared_ptr<CCancelToken> &cancel);
-    void finish(const SDeviceOutcome &outcome);
+    void finish(const SDeviceOutcome &ended);
 
     CMailbox &m_mailbox;
     Confirm m_confirm;

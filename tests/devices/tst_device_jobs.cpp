@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
 #include "host/devices/CDeviceJob.h"
+#include "host/devices/CJobRunner.h"
+#include "host/devices/CMailbox.h"
 #include "tests/devices/CDeviceFixture.h"
 #include "tests/harness/CTestBase.h"
 
@@ -234,6 +236,21 @@ private Q_SLOTS:
         QCOMPARE(results.last(), SDeviceOutcome::Failed); // nothing starts any more
     }
 
+    void whatEndsWhileStoppingCountsAsCancelled()
+    {
+        CMailbox mailbox;
+        CJobRunner jobs(mailbox);
+        QList<SDeviceOutcome::Result> results;
+        const auto fail = [](const SJobContext &) {
+            return SDeviceOutcome{SDeviceOutcome::Failed, QStringLiteral("not worth a message any more")};
+        };
+        jobs.start(
+            std::make_unique<CDeviceJob>(CDeviceJob::SaveMapping, QStringLiteral("Save"), QList<QUuid>()),
+            fail, [&results](const SDeviceOutcome &outcome) { results << outcome.result; });
+        jobs.stop();
+        QCOMPARE(results, QList<SDeviceOutcome::Result>{SDeviceOutcome::Cancelled});
+    }
+
     void theGuiThreadStaysFree()
     {
         CDeviceFixture host(0.2);
@@ -259,6 +276,22 @@ private Q_SLOTS:
         host.outcomeOf(
             [&](CDeviceManager::Done done) { host.manager.readMapping({lobby}, options, std::move(done)); });
         const CabinetLayout before = host.layoutOf(lobby);
+        host.manager.simulate(lobby, SimulationFault::Changed, true);
+        QTRY_VERIFY(host.layoutOf(lobby) != before);
+        QTRY_VERIFY(!host.manager.currentJob());
+    }
+
+    void aRealtimeReadWaitsForTheRunningJob()
+    {
+        CDeviceFixture host;
+        const QUuid lobby = host.named("Lobby");
+        SMappingOptions options;
+        options.realtime = true;
+        host.outcomeOf(
+            [&](CDeviceManager::Done done) { host.manager.readMapping({lobby}, options, std::move(done)); });
+        const CabinetLayout before = host.layoutOf(lobby);
+        host.manager.saveMapping({host.named("Arena")});
+        QVERIFY(host.manager.currentJob());
         host.manager.simulate(lobby, SimulationFault::Changed, true);
         QTRY_VERIFY(host.layoutOf(lobby) != before);
         QTRY_VERIFY(!host.manager.currentJob());
