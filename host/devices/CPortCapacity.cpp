@@ -19,16 +19,6 @@ qint64 pixelSum(const PortGroup &group)
     return sum;
 }
 
-QRect boundsOf(const PortGroup &group)
-{
-    QRect bounds;
-    for (const CabinetLayout::CabinetPort::Cabinet &cabinet : group.cabinets)
-        bounds |= cabinet.rect;
-    for (const PortGroup &inner : group.groups)
-        bounds |= boundsOf(inner);
-    return bounds;
-}
-
 } // namespace
 
 qint64 CPortCapacity::capacity(const SReceiverGeneration &generation, const SSignal &signal)
@@ -42,15 +32,14 @@ qint64 CPortCapacity::capacity(const SReceiverGeneration &generation, const SSig
 
 qint64 CPortCapacity::charged(const SReceiverGeneration &generation, const CabinetLayout::CabinetPort &port)
 {
-    qint64 sum = 0;
-    QRect bounds;
-    for (const PortGroup &group : port.groups) {
-        if (generation.chargesBoundingRect)
-            bounds |= boundsOf(group);
-        else
-            sum += pixelSum(group);
+    if (generation.chargesBoundingRect) {
+        const QRect bounds = CabinetLayout{QUuid(), {port}}.boundingRect();
+        return qint64(bounds.width()) * bounds.height();
     }
-    return generation.chargesBoundingRect ? qint64(bounds.width()) * bounds.height() : sum;
+    qint64 sum = 0;
+    for (const PortGroup &group : port.groups)
+        sum += pixelSum(group);
+    return sum;
 }
 
 int CPortCapacity::percent(qint64 used, qint64 capacity)
