@@ -52,6 +52,7 @@ public:
     int currentPort() const override { return m_states.currentPort(); }
     CanvasBlock canvasBlock() const override;
     bool resetsHighlightOnEdit() const override { return m_states.options().resetHighlightOnEdit; }
+    bool marksCustomCabinets() const override { return m_states.options().markupCustomCabinets; }
 
     void setCurrentPort(int port) { m_states.setCurrentPort(port); }
     void setMappingFolder(const QString &folder) { m_mappingFolder = folder; }

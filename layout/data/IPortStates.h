@@ -21,4 +21,6 @@ public:
     virtual CanvasBlock canvasBlock() const { return CanvasBlock::None; }
     /// Whether grabbing a handle or changing a type ends the highlight of cabinets without a type.
     virtual bool resetsHighlightOnEdit() const { return false; }
+    /// Whether cabinets without a type of the library carry a mark.
+    virtual bool marksCustomCabinets() const { return false; }
 };

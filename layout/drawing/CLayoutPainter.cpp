@@ -25,6 +25,7 @@ const QColor WireColor(255, 252, 225);
 const QColor BorderColor(8, 8, 8);
 const QColor FrameColor(202, 202, 210);
 const QColor HighlightColor(255, 214, 64);
+const QColor CustomColor(190, 163, 25);
 
 QPen cosmetic(const QColor &color, qreal width, Qt::PenStyle style = Qt::SolidLine)
 {
@@ -64,6 +65,17 @@ void paintMark(QPainter &painter, const QString &resource, const QRectF &cabinet
     CSvgCache::renderer(resource).render(&painter, QRectF(corner, QSizeF(size, size)));
 }
 
+/// The lower right corner, where neither the number nor the other marks are.
+void paintCustomMark(QPainter &painter, const QRectF &cabinet)
+{
+    const qreal size = std::min(cabinet.width(), cabinet.height()) / 4;
+    const QPointF corner = cabinet.bottomRight();
+    const QPointF triangle[] = {corner, corner - QPointF(size, 0), corner - QPointF(0, size)};
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(CustomColor);
+    painter.drawConvexPolygon(triangle, 3);
+}
+
 void paintFrame(QPainter &painter, const QRectF &rect, const QPen &pen)
 {
     painter.setPen(pen);
@@ -80,6 +92,8 @@ void CLayoutPainter::paintCabinet(QPainter &painter, const SCabinetLook &look, q
     if (isAfar(look.rect.width(), scale))
         return;
 
+    if (look.custom)
+        paintCustomMark(painter, look.rect);
     paintFrame(painter, look.rect, cosmetic(look.selected ? FrameColor : BorderColor, 1));
     if (!look.innerLines.isEmpty()) {
         painter.setPen(cosmetic(fill.darker(150), 1, Qt::DotLine));

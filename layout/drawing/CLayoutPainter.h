@@ -23,6 +23,7 @@ struct SCabinetLook
     bool highlighted = false;
     bool locked = false;
     bool redundant = false;
+    bool custom = false; ///< carries the mark of a custom-defined cabinet
 };
 
 /// What a cabinet, a wire, a group and a canvas look like, wherever they are drawn. Scales are device pixels

@@ -12,6 +12,7 @@
 #include "tests/harness/CTestBase.h"
 
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 #include <QStackedLayout>
 #include <QToolButton>
@@ -67,6 +68,21 @@ struct SModuleScene final
         return std::any_of(buttons.begin(), buttons.end(), [](const QToolButton *button) {
             return button->text() == QLatin1String("Save") && button->isEnabled();
         });
+    }
+    /// How many cabinets carry the mark of a custom-defined one.
+    int marksShown() const
+    {
+        CabinetLayout shown;
+        scene().getLayoutData(shown, store.currentProcessor());
+        QImage image(shown.boundingRect().size(), QImage::Format_RGB32);
+        QPainter painter(&image);
+        scene().render(&painter, image.rect(), shown.boundingRect());
+        int marks = 0;
+        for (const CabinetLayout::CabinetPort &port : qAsConst(shown.ports)) {
+            for (const auto &cabinet : port.getAllCabinets())
+                marks += image.pixelColor(cabinet.rect.bottomRight() - QPoint(4, 4)) == QColor(190, 163, 25);
+        }
+        return marks;
     }
     int cabinetsShown(const QUuid &processor) const
     {
@@ -172,6 +188,23 @@ private Q_SLOTS:
         module.host.notify(LayoutNotification::WorkModeChanged);
         QTRY_COMPARE(module.page(), Editor);
         QCOMPARE(module.cabinetsShown(module.a), 12);
+    }
+
+    void marksCustomDefinedCabinetsWhenAsked()
+    {
+        SModuleScene module;
+        module.answers().layouts[module.a].layout.ports[1].groups[0].cabinets[2].type =
+            SMD5::ofContent("p2.6");
+        module.select({module.a});
+        QCOMPARE(module.marksShown(), 0);
+        SLayoutOptions options;
+        options.markupCustomCabinets = true;
+        module.store.setOptions(options);
+        QCOMPARE(module.marksShown(), 11); // all but the one with a type
+        module.select({module.b});
+        QCOMPARE(module.marksShown(), 2);
+        module.store.setOptions({});
+        QCOMPARE(module.marksShown(), 0);
     }
 
     void loadsAgainWhatTheHostReplaced()

@@ -47,6 +47,7 @@ CGraphicsPortItem::CGraphicsPortItem(const Port &record, const IPortStates &stat
 {
     m_state.groups.clear();
     m_fill = record.color.isValid() ? record.color : m_states.portColor(record.index);
+    m_marksCustom = m_states.marksCustomCabinets();
     // Lookups pass over a port that they do not touch; its bounds are kept tight for that.
     setFlags(ItemHasNoContents | ItemContainsChildrenInShape);
     setData(IdentityRole, record.index);
@@ -129,6 +130,7 @@ void CGraphicsPortItem::refreshState()
 {
     m_state.locked = m_states.isPortLocked(port());
     m_state.redundancy = m_states.portRedundancy(port());
+    m_marksCustom = m_states.marksCustomCabinets();
     const QColor color = m_states.portColor(port());
     if (color != m_fill.color()) {
         m_fill = color;

@@ -57,9 +57,10 @@ public:
     /// What the cabinets show of the port; follows the store when told to.
     bool isShownLocked() const { return m_state.locked; }
     bool isShownRedundant() const { return m_state.redundancy == Port::Redundant; }
+    bool marksCustomCabinets() const { return m_marksCustom; }
     void setShownLocked(bool locked);
     void setColor(const QColor &color);
-    /// Reads colour, lock and redundancy from the store anew.
+    /// Reads colour, lock, redundancy and options from the store anew.
     void refreshState();
 
     /// Tells the scene, once until it has taken note, that children, chain or state differ from what was read
@@ -95,6 +96,7 @@ private:
     IEditorScene &m_editor;
     Port m_state;
     QBrush m_fill; // of all its cabinets, which share it
+    bool m_marksCustom = false;
     QRectF m_bounds;
     bool m_changeNoted = false;
     bool m_wiringNoted = false;
