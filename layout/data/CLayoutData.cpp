@@ -112,11 +112,11 @@ bool CLayoutData::updatePortLoad(int port, bool withProcessor)
     if (!question || !handler)
         return false;
     const int load = handler->portLoad(question->bearer, question->bearer.index);
-    if (!m_states.setLoad(port, load))
+    if (!m_states.setLoad(question->processor, port, load))
         return false;
     Q_EMIT notifyProcessorPortPayloadChanged(port, load);
     const int follower = m_states.loadFollower(port);
-    if (m_states.setLoad(follower, load))
+    if (m_states.setLoad(question->processor, follower, load))
         Q_EMIT notifyProcessorPortPayloadChanged(follower, load);
     if (withProcessor)
         Q_EMIT notifyProcessorPayloadChanged(m_states.processorLoad());

@@ -99,8 +99,11 @@ void CNotificationDispatch::onDetectFinished(CSubject &)
         const auto handler = CHostAccess::handler();
         if (!handler)
             return;
+        const QUuid current = m_states.current();
         const QSize canvas = handler->getCanvasSize();
-        m_states.setCanvas(m_states.current(), canvas);
+        if (handler->currentProcessorNode().uuid != current)
+            return; // of another processor: its own notification is on the way
+        m_states.setCanvas(current, canvas);
         Q_EMIT m_store.notifyProcessorCanvasSizeChanged(canvas);
     });
 }
@@ -195,7 +198,7 @@ void CNotificationDispatch::onPortCountChanged(CSubject &)
         const auto handler = CHostAccess::handler();
         if (!handler)
             return;
-        const ProcessorTree::ProcessorNode node = handler->currentProcessorNode();
+        const ProcessorTree::ProcessorNode node = handler->getProcessorNode(m_states.current());
         refreshCurrentPorts(*handler);
         updateAllLoads();
         announcePayload();
@@ -268,7 +271,8 @@ void CNotificationDispatch::refreshCurrentPorts(const ILayoutInterfaceHandler &h
     if (current.isNull())
         m_states.setCurrentPort(-1);
     else
-        m_states.takeFromHost(current, handler.currentProcessorPorts(), m_handOver.isPending(current));
+        m_states.takeFromHost(current, handler.layoutData(current).layout.ports,
+                              m_handOver.isPending(current));
 }
 
 void CNotificationDispatch::takeCurrent(const QUuid &processor, const ILayoutInterfaceHandler &handler)

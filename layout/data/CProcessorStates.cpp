@@ -297,16 +297,16 @@ bool CProcessorStates::resetCalibration(int port)
 std::optional<CProcessorStates::SLoadQuestion> CProcessorStates::loadQuestion(int port) const
 {
     const CReadLocker locker(m_lock);
-    const Port *own = currentLayout().port(port);
-    if (!own)
+    const Port *bearer = PortLoads::loadBearer(currentLayout(), port);
+    if (!bearer)
         return std::nullopt;
-    return SLoadQuestion{*PortLoads::loadBearer(currentLayout(), port), own->load};
+    return SLoadQuestion{m_current, *bearer};
 }
 
-bool CProcessorStates::setLoad(int port, qint64 load)
+bool CProcessorStates::setLoad(const QUuid &processor, int port, qint64 load)
 {
     const CWriteLocker locker(m_lock);
-    Port *record = currentPortRecord(port);
+    Port *record = processor == m_current ? currentPortRecord(port) : nullptr;
     if (!record || record->load == load)
         return false;
     record->load = load;

@@ -41,11 +41,11 @@ public:
         LayoutData data;
         QVector<int> changedPorts; ///< those whose cabinets differ from before
     };
-    /// A port's load and where it comes from.
+    /// Where a port's load comes from.
     struct SLoadQuestion
     {
-        Port bearer; ///< the port to ask the host for
-        qint64 stored = 0;
+        QUuid processor; ///< the one current when the question was made
+        Port bearer;     ///< the port to ask the host for
     };
 
     QUuid current() const;
@@ -91,8 +91,10 @@ public:
     /// Ends the highlight numbers of the cabinets of a port (-1: of all). False when no port matches.
     bool resetCalibration(int port);
     std::optional<SLoadQuestion> loadQuestion(int port) const;
-    bool setLoad(int port, qint64 load); ///< false: no such port, or its load already
-    int loadFollower(int port) const;    ///< see PortLoads::loadFollower()
+    /// False: @p processor is no longer the current one, has no such port, or that is the port's load
+    /// already.
+    bool setLoad(const QUuid &processor, int port, qint64 load);
+    int loadFollower(int port) const; ///< see PortLoads::loadFollower()
 
 private:
     CProcessorState &stateOf(const QUuid &processor) ORVO_REQUIRES(m_lock);

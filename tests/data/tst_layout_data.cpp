@@ -291,6 +291,23 @@ private Q_SLOTS:
         QCOMPARE(answered, 16);
     }
 
+    void aLoadThatComesTooLateIsRefused()
+    {
+        SStoreScene scene;
+        CProcessorStates states;
+        states.takeFromHost(scene.a, scene.answers().layoutData(scene.a).layout.ports, false);
+        states.takeFromHost(scene.b, scene.answers().layoutData(scene.b).layout.ports, false);
+        states.setCurrent(scene.a);
+        const auto question = states.loadQuestion(1);
+        QVERIFY(question);
+        states.setCurrent(scene.b); // while the host was asked
+        QVERIFY(!states.setLoad(question->processor, 1, 70));
+        QCOMPARE(states.port(1).load, qint64(0));
+        QVERIFY(states.setLoad(scene.b, 1, 70));
+        QVERIFY(!states.setLoad(scene.b, 2, 70)); // no such port
+        QVERIFY(!states.loadQuestion(2));
+    }
+
     void endsTheHighlightOfItsPorts()
     {
         SStoreScene scene;

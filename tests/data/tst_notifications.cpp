@@ -222,8 +222,7 @@ private Q_SLOTS:
         CSignalLog backup(&scene.store, &CLayoutData::notifyProcessorPortBackup);
         scene.host.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{0, 2, true});
         QVERIFY(scene.threads.value(QStringLiteral("backup")) == scene.host.updateThread());
-        QVERIFY(scene.host.answers().threadOf(QStringLiteral("currentProcessorPorts")) ==
-                scene.host.updateThread());
+        QVERIFY(scene.host.answers().threadOf(QStringLiteral("layoutData")) == scene.host.updateThread());
         QVERIFY(scene.store.ports().isEmpty());
         QCOMPARE(scene.store.currentPort(), -1);
         QTRY_COMPARE(backup.count(), 1);
@@ -240,6 +239,25 @@ private Q_SLOTS:
         QCOMPARE(scene.store.processorLoad(), 15);
     }
 
+    void aHostThatHasSwitchedAlreadyMixesNothingUp()
+    {
+        SDispatchScene scene;
+        const QUuid b = scene.host.addProcessor(QStringLiteral("B"), 1);
+        scene.host.answers().layouts[b].canvas = QSize(640, 480);
+        scene.host.choose(b); // its notification is still to come
+        scene.host.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{0, 2, true});
+        QCOMPARE(scene.store.ports().size(), 3);
+        scene.host.notify(LayoutNotification::PortCountChanged);
+        scene.host.notify(LayoutNotification::DetectFinished);
+        QTRY_VERIFY(scene.hasNoted(QStringLiteral("detected")));
+        QTRY_COMPARE(scene.controller.invoked, QStringList{QStringLiteral("ports of A")});
+        scene.host.notify(LayoutNotification::WorkModeChanged); // behind what was posted before
+        QTRY_COMPARE(scene.controller.invoked.last(), QStringLiteral("work mode"));
+        QCOMPARE(scene.store.ports().size(), 3);
+        QCOMPARE(scene.store.canvasSize(), QSize(1920, 1080));
+        QVERIFY(!scene.hasNoted(QStringLiteral("canvas")));
+    }
+
     void aCurrentProcessorThatDiffersEndsTheHighlight()
     {
         SDispatchScene scene;
@@ -248,6 +266,7 @@ private Q_SLOTS:
         scene.host.answers().layouts[scene.a].layout.ports[1].groups[0].cabinets[0].rank = -1;
         QVERIFY(scene.led(LayoutNotification::CurrentProcessorChanged, scene.a).contains(cancel));
         QVERIFY(scene.threads.value(cancel) != std::this_thread::get_id());
+        scene.host.choose(QUuid());
         QVERIFY(!scene.led(LayoutNotification::CurrentProcessorChanged, QUuid()).contains(cancel));
         QVERIFY(scene.store.currentProcessor().isNull());
         QVERIFY(scene.store.ports().isEmpty());
