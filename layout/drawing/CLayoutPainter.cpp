@@ -112,11 +112,8 @@ void CLayoutPainter::paintCabinet(QPainter &painter, const SCabinetLook &look, q
 
 const QPen &CLayoutPainter::wirePen()
 {
-    static const QPen shared = [] {
-        QPen pen(QBrush(WireColor), 0, Qt::DashLine, Qt::SquareCap, Qt::MiterJoin);
-        pen.setDashPattern({4, 2});
-        return pen;
-    }();
+    // The style's own pattern is 4, 2; setting it by hand would make it another style.
+    static const QPen shared(QBrush(WireColor), 0, Qt::DashLine, Qt::SquareCap, Qt::MiterJoin);
     return shared;
 }
 

@@ -19,6 +19,11 @@ void CLayoutSidePanel::setMappingBusy(bool busy)
     m_mapping->setBusy(busy);
 }
 
+void CLayoutSidePanel::setEditingBlocked(bool blocked)
+{
+    m_mapping->setReadBlocked(blocked);
+}
+
 void CLayoutSidePanel::reportMappingSaved()
 {
     m_mapping->reportMappingSaved();

@@ -21,6 +21,8 @@ public:
 
     /// While a read or save of the mapping runs, no other can be started.
     void setMappingBusy(bool busy);
+    /// Refuses what would replace the layout.
+    void setEditingBlocked(bool blocked);
     /// A save that notifySaveMapping() asked for has succeeded.
     void reportMappingSaved();
 

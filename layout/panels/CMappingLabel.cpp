@@ -33,6 +33,12 @@ void CMappingLabel::setBusy(bool busy)
     updateEnabled();
 }
 
+void CMappingLabel::setReadBlocked(bool blocked)
+{
+    m_readBlocked = blocked;
+    updateEnabled();
+}
+
 void CMappingLabel::reportMappingSaved()
 {
     Q_EMIT notifySaveMappingSuccessed();
@@ -123,10 +129,20 @@ void CMappingLabel::connectSignals()
     connect(m_save, &CMenuToolButton::notifyActionTriggered, this, &CMappingLabel::onSaveTriggered);
 }
 
+/// An empty @p reason enables; any other tells why not.
+void CMappingLabel::enable(CMenuToolButton &button, const QString &reason)
+{
+    button.setEnabled(reason.isEmpty());
+    button.setToolTip(reason.isEmpty() ? button.defaultAction()->toolTip() : reason);
+}
+
 void CMappingLabel::updateEnabled()
 {
-    for (CMenuToolButton *button : {m_read, m_save})
-        button->setEnabled(m_processorReady && !m_busy);
+    const QString reason = !m_processorReady ? tr("Please select a single processor that is online")
+                           : m_busy          ? tr("The mapping is being read or saved")
+                                             : QString();
+    enable(*m_read, reason.isEmpty() && m_readBlocked ? tr("Editing is locked") : reason);
+    enable(*m_save, reason);
     for (QCheckBox *option : {m_numberMapping, m_realtime, m_fromProcessor})
         option->setEnabled(m_processorReady);
 }

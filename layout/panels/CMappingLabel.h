@@ -21,6 +21,8 @@ public:
 
     /// While a read or save runs, no other can be started.
     void setBusy(bool busy);
+    /// A read replaces the layout: it is refused while editing is locked.
+    void setReadBlocked(bool blocked);
     /// A save that this unit asked for has succeeded.
     void reportMappingSaved();
 
@@ -45,6 +47,7 @@ private:
     void addSectionRow(const QString &caption, CMenuToolButton *button);
     QCheckBox *addOption(const QString &text, const QString &toolTip, bool checked);
     void connectSignals();
+    static void enable(CMenuToolButton &button, const QString &reason);
     void updateEnabled();
 
     CMenuToolButton *m_read = nullptr;
@@ -54,4 +57,5 @@ private:
     QCheckBox *m_fromProcessor = nullptr;
     bool m_processorReady = false;
     bool m_busy = false;
+    bool m_readBlocked = false;
 };

@@ -81,7 +81,8 @@ void CLayout::stop()
 
 void CLayout::fillProcessorMenu(QMenu &menu, const QUuid &processor)
 {
-    CProcessorMenu(menu, *m_processorCommands, processor, !m_editingBlocked).fill();
+    if (m_processorCommands) // gone once stopped
+        CProcessorMenu(menu, *m_processorCommands, processor, !m_editingBlocked).fill();
 }
 
 void CLayout::flush()
@@ -92,12 +93,16 @@ void CLayout::flush()
 void CLayout::setEditingBlocked(bool blocked)
 {
     m_editingBlocked = blocked;
+    if (!m_background)
+        return; // stopped
     m_editorPage->setEditingBlocked(blocked);
+    m_sidePanel->setEditingBlocked(blocked);
 }
 
 void CLayout::setScreenShown(bool shown)
 {
-    m_editorPage->setScreenShown(shown);
+    if (m_background)
+        m_editorPage->setScreenShown(shown);
 }
 
 void CLayout::Update(CSubject &subject)
@@ -115,8 +120,10 @@ void CLayout::OnCurrentProcessorChanged()
 
 void CLayout::onCurrentProcessorPortCountChanged(const ProcessorTree::ProcessorNode &currentProcessorInfo)
 {
-    setProcessor(currentProcessorInfo);
-    m_editorPage->reload();
+    const bool sameProcessor = currentProcessorInfo.uuid == m_editorPage->processor();
+    setProcessor(currentProcessorInfo); // loads another one by itself
+    if (sameProcessor)
+        m_editorPage->reload();
 }
 
 void CLayout::OnCurrentSelectedNodeChanged(PrcTreeNodeType type, const ProcessorBoundingRects &)

@@ -66,7 +66,7 @@ void CLayoutEditorPage::reload()
 void CLayoutEditorPage::setReadbackResult(bool same)
 {
     m_note->setText(same ? tr("The processor's mapping equals the layout.")
-                         : tr("The layout was replaced by the processor's mapping."));
+                         : tr("The processor's mapping differed from the layout."));
 }
 
 void CLayoutEditorPage::setScreenShown(bool shown)

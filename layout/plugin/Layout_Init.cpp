@@ -9,7 +9,7 @@
 
 bool Layout_Init(IAbstractControlInterface **out, IAbstractControlInterface *host, QWidget *parent)
 {
-    if (!out)
+    if (!out || !host)
         return false;
     CLayout &layout = CSingleton<CLayout>::instance();
     *out = &layout;

@@ -16,10 +16,7 @@ CMenuToolButton::CMenuToolButton(const QString &caption, QWidget *parent)
     setPopupMode(QToolButton::MenuButtonPopup);
     setMenu(m_menu);
     // The menu also reports an action that was triggered by a click on the button.
-    connect(m_menu, &QMenu::triggered, this, [this](QAction *action) {
-        makeDefault(action);
-        Q_EMIT notifyActionTriggered(action);
-    });
+    connect(m_menu, &QMenu::triggered, this, &CMenuToolButton::notifyActionTriggered);
 }
 
 QAction *CMenuToolButton::addAction(const QString &text, const QVariant &value)
@@ -28,8 +25,10 @@ QAction *CMenuToolButton::addAction(const QString &text, const QVariant &value)
     action->setIconText(m_caption); // the button shows this, the menu the text
     action->setToolTip(text);
     action->setData(value);
-    if (!defaultAction())
-        makeDefault(action);
+    if (!defaultAction()) {
+        setDefaultAction(action);
+        m_menu->setDefaultAction(action);
+    }
     return action;
 }
 
@@ -46,10 +45,4 @@ void CMenuToolButton::changeEvent(QEvent *event)
     QToolButton::changeEvent(event);
     if (event->type() == QEvent::EnabledChange && !isEnabled())
         m_menu->close(); // what the drop-down offers is no longer to be had
-}
-
-void CMenuToolButton::makeDefault(QAction *action)
-{
-    setDefaultAction(action);
-    m_menu->setDefaultAction(action);
 }

@@ -17,11 +17,12 @@ public:
     /// @p caption is what the button shows, whichever variant is the default.
     explicit CMenuToolButton(const QString &caption, QWidget *parent = nullptr);
 
-    /// Adds a variant that carries @p value as its data; the first one is the default. The button owns it.
+    /// Adds a variant that carries @p value as its data; a click on the button itself always means the first
+    /// one. The button owns it.
     QAction *addAction(const QString &text, const QVariant &value);
 
 Q_SIGNALS:
-    /// @p action, one of those added, is to run. Comes after it has become the default.
+    /// @p action, one of those added, is to run.
     void notifyActionTriggered(QAction *action);
 
 protected:
@@ -29,8 +30,6 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    void makeDefault(QAction *action);
-
     QString m_caption;
     QMenu *m_menu = nullptr;
 };

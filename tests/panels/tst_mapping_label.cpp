@@ -95,7 +95,7 @@ private Q_SLOTS:
         QCOMPARE(tool->defaultAction(), tool->menu()->actions().first());
     }
 
-    void aClickRunsWhatWasChosenLast()
+    void aClickMeansTheCurrentProcessorWhateverWasChosenBefore()
     {
         CMappingLabel unit;
         unit.onCurrentProcessorChanged(onlineProcessor());
@@ -107,10 +107,26 @@ private Q_SLOTS:
 
         save->menu()->actions().last()->trigger();
         QTest::mouseClick(save, Qt::LeftButton);
-        QCOMPARE(requests.saves.mid(1), (Roles{ReadSaveMappingRole::All, ReadSaveMappingRole::All}));
+        QCOMPARE(requests.saves.mid(1), (Roles{ReadSaveMappingRole::All, ReadSaveMappingRole::Current}));
         QCOMPARE(save->text(), QStringLiteral("Save"));
-        QCOMPARE(save->toolTip(), QStringLiteral("All processors and cabinets"));
+        QCOMPARE(save->toolTip(), QStringLiteral("Current processor and cabinets"));
         QVERIFY(requests.reads.isEmpty());
+    }
+
+    void saysWhyItCannotBeUsed()
+    {
+        CMappingLabel unit;
+        const CMenuToolButton *read = buttonNamed(unit, QStringLiteral("Read"));
+        const CMenuToolButton *save = buttonNamed(unit, QStringLiteral("Save"));
+        QVERIFY(!save->isEnabled());
+        QCOMPARE(save->toolTip(), QStringLiteral("Please select a single processor that is online"));
+        unit.onCurrentProcessorChanged(onlineProcessor());
+        unit.setReadBlocked(true);
+        QVERIFY(!read->isEnabled() && save->isEnabled());
+        QCOMPARE(read->toolTip(), QStringLiteral("Editing is locked"));
+        unit.setReadBlocked(false);
+        QVERIFY(read->isEnabled());
+        QCOMPARE(read->toolTip(), QStringLiteral("Current processor cabinets"));
     }
 
     void aReadTakesTheOptionsAlong_data()
