@@ -118,6 +118,8 @@ void CGraphicsItemBase::setHoveredHandle(int handle)
         return;
     prepareGeometryChange();
     m_bounds = bounds;
+    if (CGraphicsPortItem *item = portItem())
+        item->updateBounds(); // a port is looked through only where it reaches
 }
 
 bool CGraphicsItemBase::sceneEvent(QEvent *event)
@@ -137,9 +139,10 @@ bool CGraphicsItemBase::sceneEvent(QEvent *event)
 
 void CGraphicsItemBase::hoverMoveEvent(QGraphicsSceneHoverEvent *event)
 {
-    updateHandles();
-    const int handle = handleAt(event->pos());
-    setHoveredHandle(handle);
+    CGraphicsItemBase &target = isSelected() ? *this : outermost();
+    target.updateHandles();
+    const int handle = target.handleAt(mapToItem(&target, event->pos()));
+    target.setHoveredHandle(handle);
     if (handle == NoHandle)
         unsetCursor();
     else
@@ -149,6 +152,7 @@ void CGraphicsItemBase::hoverMoveEvent(QGraphicsSceneHoverEvent *event)
 void CGraphicsItemBase::hoverLeaveEvent(QGraphicsSceneHoverEvent *)
 {
     setHoveredHandle(NoHandle);
+    outermost().setHoveredHandle(NoHandle);
     unsetCursor();
 }
 
@@ -187,12 +191,14 @@ void CGraphicsItemBase::mousePressEvent(QGraphicsSceneMouseEvent *event)
     const CEditBatch batch(*editing);
     const bool toggles = selectByPress(*event);
     m_activeHandle = NoHandle;
-    if (event->button() == Qt::LeftButton && editing->isSingleSelection() && isSelected()) {
-        updateHandles();
-        m_activeHandle = handleAt(event->pos());
+    // Members lie above the handles of their group.
+    CGraphicsItemBase &target = isSelected() ? *this : outermost();
+    if (event->button() == Qt::LeftButton && editing->isSingleSelection() && target.isSelected()) {
+        target.updateHandles();
+        m_activeHandle = target.handleAt(mapToItem(&target, event->pos()));
         if (m_activeHandle != NoHandle) {
-            editing->beginScale(*this, m_activeHandle, event->scenePos());
-            resetHighlights();
+            editing->beginScale(target, m_activeHandle, event->scenePos());
+            target.resetHighlights();
             return;
         }
     }

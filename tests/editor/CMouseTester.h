@@ -1,0 +1,154 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/editor/CCabinetGraphicsScene.h"
+#include "layout/editor/CLayoutGraphicsView.h"
+#include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
+#include "tests/editor/CFixedPortStates.h"
+#include "tests/editor/SmallWorlds.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+
+namespace MouseWorld {
+
+inline CabinetLayout::CabinetPort::Cabinet cabinetAt(int port, const QPoint &place,
+                                                     const char *type = nullptr)
+{
+    auto cabinet = SmallWorlds::cabinet(port, 0, -1);
+    cabinet.rect.moveTopLeft(place);
+    if (type)
+        cabinet.type = SMD5::ofContent(type);
+    return cabinet;
+}
+
+inline CabinetLayout::CabinetPort::CabinetGroup
+groupOf(QVector<CabinetLayout::CabinetPort::Cabinet> cabinets,
+        const QVector<CabinetLayout::CabinetPort::CabinetGroup> &groups = {})
+{
+    CabinetLayout::CabinetPort::CabinetGroup group;
+    group.uuid = QUuid::createUuid();
+    for (auto &cabinet : cabinets)
+        cabinet.group = group.uuid;
+    group.cabinets = cabinets;
+    group.groups = groups;
+    return group;
+}
+
+/// Port 0: three loose cabinets in a row from the origin. Port 1: a pair in a group in another group, which
+/// is an L. Port 2: a pair that tiles a rectangle, and one of two types. Port 3: two cabinets of two
+/// receivers, the second with a fixed direction.
+inline LayoutData mouseWorld()
+{
+    auto receivers = SmallWorlds::receiverPort(3);
+    auto &cabinets = receivers.groups[0].cabinets;
+    cabinets[0].rect.moveTopLeft({400, 0});
+    cabinets[1].rect.moveTopLeft({600, 0});
+    cabinets[1].directionFixed = true;
+    const auto pair = groupOf({cabinetAt(1, {0, 200}), cabinetAt(1, {128, 200})});
+    const auto outer = groupOf({cabinetAt(1, {128, 328})}, {pair});
+    const auto tiles = groupOf({cabinetAt(2, {0, 500}, "a"), cabinetAt(2, {128, 500}, "a")});
+    const auto mixed = groupOf({cabinetAt(2, {400, 500}, "a"), cabinetAt(2, {528, 500}, "b")});
+    return SmallWorlds::data({SmallWorlds::port(0, {SmallWorlds::loose(0, 3)}), SmallWorlds::port(1, {outer}),
+                              SmallWorlds::port(2, {tiles, mixed}), receivers});
+}
+
+} // namespace MouseWorld
+
+/// A view of a small world, and a hand on the mouse. Places are scene coordinates.
+class CMouseTester final
+{
+public:
+    using Items = QSet<CGraphicsItemBase *>;
+
+    CMouseTester()
+        : m_data(MouseWorld::mouseWorld())
+        , m_view(m_states)
+    {
+        m_view.resize(1000, 800);
+        m_view.showLayout(SmallWorlds::node(m_data), m_data);
+        m_view.show();
+    }
+
+    /// Makes scene units and pixels the same; once the view is shown.
+    void showAtActualSize()
+    {
+        m_view.setScaleFactor(1);
+        m_view.centerOn(380, 320);
+    }
+
+    CLayoutGraphicsView &view() { return m_view; }
+    CFixedPortStates &states() { return m_states; }
+    /// The layout as it was at first.
+    const CabinetLayout &original() const { return m_data.layout; }
+
+    CCabinetGraphicsScene &scene() { return m_view.cabinetScene(); }
+    QUndoStack &stack() { return *scene().undoStack(); }
+    CGraphicsCabinetItem &cabinet(int port, int place)
+    {
+        return *scene().portItem(port)->cabinets(nullptr).at(place);
+    }
+    CGraphicsItemBase *at(const QPoint &place)
+    {
+        for (const CGraphicsPortItem *port : scene().portItems()) {
+            for (CGraphicsCabinetItem *cabinet : port->cabinets(nullptr)) {
+                if (cabinet->mapRectToScene(cabinet->rect()).contains(place))
+                    return cabinet;
+            }
+        }
+        return nullptr;
+    }
+    Items selected() { return scene().selection().items(); }
+    CabinetLayout layout()
+    {
+        CabinetLayout layout;
+        scene().getLayoutData(layout, m_data.processor);
+        return layout;
+    }
+
+    void hover(const QPoint &place) { send(QEvent::MouseMove, place, false, {}); }
+    void press(const QPoint &place, Qt::KeyboardModifiers keys = {})
+    {
+        send(QEvent::MouseButtonPress, place, true, keys);
+    }
+    void moveTo(const QPoint &place) { send(QEvent::MouseMove, place, true, {}); }
+    void release(const QPoint &place, Qt::KeyboardModifiers keys = {})
+    {
+        send(QEvent::MouseButtonRelease, place, false, keys);
+    }
+    void click(const QPoint &place, Qt::KeyboardModifiers keys = {})
+    {
+        press(place, keys);
+        release(place, keys);
+    }
+    void doubleClick(const QPoint &place)
+    {
+        click(place);
+        send(QEvent::MouseButtonDblClick, place, true, {});
+        release(place);
+    }
+    void drag(const QPoint &from, const QPoint &delta)
+    {
+        hover(from);
+        press(from);
+        moveTo(from + delta / 2);
+        moveTo(from + delta);
+        release(from + delta);
+    }
+
+private:
+    void send(QEvent::Type type, const QPoint &place, bool down, Qt::KeyboardModifiers keys)
+    {
+        const QPoint local = m_view.mapFromScene(place);
+        const bool moving = type == QEvent::MouseMove;
+        QMouseEvent event(type, local, m_view.viewport()->mapToGlobal(local),
+                          moving ? Qt::NoButton : Qt::LeftButton, down ? Qt::LeftButton : Qt::NoButton, keys);
+        QApplication::sendEvent(m_view.viewport(), &event);
+    }
+
+    CFixedPortStates m_states;
+    LayoutData m_data;
+    CLayoutGraphicsView m_view;
+};

@@ -1,0 +1,312 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/items/CGraphicsGroupItem.h"
+#include "layout/resources/LayoutResources.h"
+#include "tests/editor/CMouseTester.h"
+#include "tests/editor/CSceneVerifier.h"
+#include "tests/harness/CTestBase.h"
+
+#include <memory>
+
+namespace {
+
+using View = CLayoutGraphicsView;
+using Items = CMouseTester::Items;
+
+constexpr QPoint InEmpty(300, 170);
+constexpr QPoint InPair(64, 264);
+
+} // namespace
+
+class CMouseRulesTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { initLayoutResources(); }
+
+    void init()
+    {
+        CTestBase::init();
+        m_mouse = std::make_unique<CMouseTester>();
+        QVERIFY(QTest::qWaitForWindowExposed(&m_mouse->view()));
+        m_mouse->showAtActualSize();
+    }
+    void cleanup()
+    {
+        QCOMPARE(CSceneVerifier::faultIn(m_mouse->scene()), QString());
+        m_mouse.reset();
+        CTestBase::cleanup();
+    }
+
+    void clicksSelect()
+    {
+        CGraphicsItemBase *member = m_mouse->at(InPair);
+        CGraphicsItemBase *outer = &member->outermost();
+        m_mouse->click({64, 64});
+        QCOMPARE(m_mouse->selected(), Items{&m_mouse->cabinet(0, 0)});
+        m_mouse->click(InPair);
+        QCOMPARE(m_mouse->selected(), Items{outer});
+        m_mouse->click({192, 64}, Qt::ControlModifier);
+        QCOMPARE(m_mouse->selected(), (Items{outer, &m_mouse->cabinet(0, 1)}));
+        m_mouse->click({192, 390}, Qt::ControlModifier); // another member of the same outermost group
+        QCOMPARE(m_mouse->selected(), Items{&m_mouse->cabinet(0, 1)});
+        m_mouse->doubleClick(InPair);
+        QCOMPARE(m_mouse->selected(), Items{member});
+        m_mouse->click({192, 264}); // its neighbour
+        QCOMPARE(m_mouse->selected(), Items{outer});
+        m_mouse->click({64, 64}, Qt::ControlModifier);
+        m_mouse->click({64, 64}); // one of several selected
+        QCOMPARE(m_mouse->selected(), Items{&m_mouse->cabinet(0, 0)});
+        m_mouse->click(InEmpty, Qt::ControlModifier);
+        QCOMPARE(m_mouse->selected(), Items{&m_mouse->cabinet(0, 0)});
+        m_mouse->click(InEmpty);
+        QCOMPARE(m_mouse->selected(), Items());
+        QCOMPARE(m_mouse->stack().count(), 0);
+    }
+
+    void aBandSelectsWholeGroups()
+    {
+        CGraphicsItemBase *member = m_mouse->at(InPair);
+        CGraphicsItemBase *outer = &member->outermost();
+        m_mouse->click({192, 64});
+        m_mouse->press({-30, 170});
+        m_mouse->moveTo({40, 240});
+        QCOMPARE(m_mouse->selected(), Items{outer});
+        QVERIFY(!member->isSelected());
+        m_mouse->moveTo({40, 100}); // the group is left, a loose cabinet is entered
+        QCOMPARE(m_mouse->selected(), Items{&m_mouse->cabinet(0, 0)});
+        m_mouse->moveTo({-10, 180});
+        QCOMPARE(m_mouse->selected(), Items());
+        m_mouse->moveTo({300, 100});
+        m_mouse->release({300, 100});
+        QCOMPARE(m_mouse->selected(),
+                 (Items{&m_mouse->cabinet(0, 0), &m_mouse->cabinet(0, 1), &m_mouse->cabinet(0, 2)}));
+
+        m_mouse->press({-30, 480}, Qt::ControlModifier);
+        m_mouse->moveTo({40, 210});
+        QCOMPARE(m_mouse->selected(),
+                 (Items{outer, &m_mouse->cabinet(0, 0), &m_mouse->cabinet(0, 1), &m_mouse->cabinet(0, 2)}));
+        m_mouse->moveTo({40, 110});
+        m_mouse->moveTo({-10, 470}); // what was selected before the band stays, entered or not
+        m_mouse->release({-10, 470});
+        QCOMPARE(m_mouse->selected(),
+                 (Items{&m_mouse->cabinet(0, 0), &m_mouse->cabinet(0, 1), &m_mouse->cabinet(0, 2)}));
+        QVERIFY(!m_mouse->scene().hasRubberBand());
+    }
+
+    void aDragIsOneStep()
+    {
+        m_mouse->drag({64, 64}, {41, -30}); // not selected before
+        QCOMPARE(m_mouse->selected(), Items{&m_mouse->cabinet(0, 0)});
+        QCOMPARE(m_mouse->cabinet(0, 0).cabinet().rect, QRect(41, -30, 128, 128));
+        QCOMPARE(m_mouse->stack().count(), 1);
+        const CabinetLayout afterOne = m_mouse->layout();
+        m_mouse->drag({64, 64}, {5, 5});
+        QCOMPARE(m_mouse->stack().count(), 2);
+        m_mouse->scene().undo(nullptr);
+        QVERIFY(m_mouse->layout() == afterOne);
+        m_mouse->scene().undo(nullptr);
+        QVERIFY(m_mouse->layout() == m_mouse->original());
+
+        m_mouse->drag(InPair, {100, 0}); // a member takes its whole group along
+        for (int place = 0; place < 3; ++place)
+            QCOMPARE(m_mouse->layout().ports[1].getAllCabinets()[place].rect,
+                     m_mouse->original().ports[1].getAllCabinets()[place].rect.translated(100, 0));
+    }
+
+    void lockedPortsKeepStill()
+    {
+        m_mouse->states().locked[0] = true;
+        m_mouse->click({320, 64});
+        QCOMPARE(m_mouse->selected(), Items{&m_mouse->cabinet(0, 2)});
+        m_mouse->drag({320, 64}, {50, 50});
+        m_mouse->drag({382, 126}, {20, 20});
+        m_mouse->view().setTool(View::Pen);
+        m_mouse->drag({64, 64}, {256, 0});
+        QVERIFY(m_mouse->layout() == m_mouse->original());
+        QCOMPARE(m_mouse->stack().count(), 0);
+        m_mouse->states().locked[0] = false;
+    }
+
+    void handlesResize_data()
+    {
+        QTest::addColumn<QPoint>("grab");
+        QTest::addColumn<QPoint>("delta");
+        QTest::addColumn<QRect>("rect"); // of the third cabinet of port 0
+        QTest::newRow("bottom right") << QPoint(382, 126) << QPoint(20, 31) << QRect(256, 0, 148, 159);
+        QTest::newRow("sticking out") << QPoint(386, 130) << QPoint(20, 31) << QRect(256, 0, 148, 159);
+        QTest::newRow("right") << QPoint(382, 64) << QPoint(-28, 99) << QRect(256, 0, 100, 128);
+        QTest::newRow("top") << QPoint(320, 2) << QPoint(7, -10) << QRect(256, -10, 128, 138);
+        QTest::newRow("smallest") << QPoint(382, 126) << QPoint(-900, -900) << QRect(256, 0, 1, 1);
+        QTest::newRow("largest") << QPoint(382, 126) << QPoint(5000, 6000) << QRect(256, 0, 2048, 2048);
+        QTest::newRow("middle") << QPoint(320, 64) << QPoint(10, 10) << QRect(266, 10, 128, 128);
+    }
+    void handlesResize()
+    {
+        QFETCH(QPoint, grab);
+        QFETCH(QPoint, delta);
+        QFETCH(QRect, rect);
+        m_mouse->click({320, 64});
+        m_mouse->hover({382, 126}); // a handle is reached from inside
+        m_mouse->drag(grab, delta);
+        QCOMPARE(m_mouse->cabinet(0, 2).cabinet().rect, rect);
+        QCOMPARE(m_mouse->stack().count(), 1);
+        QTest::keyClick(&m_mouse->view(), Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(m_mouse->layout() == m_mouse->original());
+    }
+
+    void groupsResizeWhenTheyTile_data()
+    {
+        QTest::addColumn<QPoint>("member");
+        QTest::addColumn<QPoint>("corner"); // bottom right, of the group
+        QTest::addColumn<QPoint>("second"); // a second item to select
+        QTest::addColumn<QString>("text");
+        const QPoint none;
+        QTest::newRow("tiling") << QPoint(64, 564) << QPoint(256, 628) << none << "Scale";
+        QTest::newRow("two types") << QPoint(464, 564) << QPoint(656, 628) << none << "Move";
+        QTest::newRow("L shape") << InPair << QPoint(256, 456) << none << "Move";
+        QTest::newRow("two selected") << QPoint(64, 564) << QPoint(256, 628) << QPoint(64, 64) << "Move";
+    }
+    void groupsResizeWhenTheyTile()
+    {
+        QFETCH(QPoint, member);
+        QFETCH(QPoint, corner);
+        QFETCH(QPoint, second);
+        QFETCH(QString, text);
+        m_mouse->click(member);
+        if (!second.isNull())
+            m_mouse->click(second, Qt::ControlModifier);
+        const CGraphicsItemBase &group = m_mouse->at(member)->outermost();
+        const QSizeF before = group.rect().size();
+        m_mouse->drag(corner - QPoint(2, 2), {64, 32});
+        QCOMPARE(m_mouse->stack().count(), 1);
+        QCOMPARE(m_mouse->stack().text(0), text);
+        const QSizeF after = group.rect().size();
+        QCOMPARE(after, text == QLatin1String("Scale") ? before + QSizeF(64, 32) : before);
+        if (text == QLatin1String("Scale"))
+            QCOMPARE(m_mouse->cabinet(2, 1).cabinet().rect, QRect(160, 500, 160, 160));
+    }
+
+    void thePenWiresInItsOrder()
+    {
+        m_mouse->view().setTool(View::Pen);
+        m_mouse->press({192, 64});
+        m_mouse->moveTo({64, 64});
+        m_mouse->moveTo({192, 64}); // going back has no effect
+        m_mouse->moveTo({320, 64});
+        m_mouse->moveTo({464, 64}); // of another port
+        m_mouse->release({464, 64});
+        const QVector<CGraphicsCabinetItem *> order = {&m_mouse->cabinet(0, 1), &m_mouse->cabinet(0, 0),
+                                                       &m_mouse->cabinet(0, 2)};
+        QCOMPARE(m_mouse->scene().portItem(0)->chain().order(), order);
+        QVERIFY(m_mouse->scene().portItem(3)->chain().order().size() == 2);
+        QCOMPARE(m_mouse->stack().count(), 1);
+        QCOMPARE(m_mouse->stack().text(0), QStringLiteral("createTopologyWiring"));
+        QCOMPARE(m_mouse->cabinet(0, 0).cabinet().rect, QRect(0, 0, 128, 128));
+        m_mouse->scene().undo(nullptr);
+        QVERIFY(m_mouse->layout() == m_mouse->original());
+    }
+
+    void clicksExchangeHeadAndTail()
+    {
+        m_mouse->view().setTool(View::HeadToTailExchange);
+        QVector<QRect> reversed = m_mouse->cabinet(3, 0).cabinet().rects;
+        std::swap(reversed[0], reversed[1]);
+        m_mouse->click({420, 64});
+        QCOMPARE(m_mouse->cabinet(3, 0).cabinet().rects, reversed);
+        QCOMPARE(m_mouse->cabinet(3, 0).selectedCell(), 0);
+        m_mouse->click({620, 64}); // its direction is fixed
+        m_mouse->click({64, 64});  // no receivers
+        QCOMPARE(m_mouse->stack().count(), 1);
+        m_mouse->states().locked[3] = true;
+        m_mouse->click({420, 64});
+        QCOMPARE(m_mouse->stack().count(), 1);
+        m_mouse->states().locked[3] = false;
+        m_mouse->scene().undo(nullptr);
+        QVERIFY(m_mouse->layout() == m_mouse->original());
+    }
+
+    void escapePutsBack()
+    {
+        m_mouse->press({64, 64});
+        m_mouse->moveTo({164, 164});
+        QVERIFY(m_mouse->layout() != m_mouse->original());
+        QTest::keyClick(&m_mouse->view(), Qt::Key_Escape);
+        QVERIFY(m_mouse->layout() == m_mouse->original());
+        m_mouse->moveTo({264, 264});
+        m_mouse->release({264, 264});
+        QVERIFY(m_mouse->layout() == m_mouse->original());
+
+        m_mouse->press(InEmpty);
+        m_mouse->moveTo({310, 180});
+        QTest::keyClick(&m_mouse->view(), Qt::Key_Escape);
+        QVERIFY(!m_mouse->scene().hasRubberBand());
+        m_mouse->release({310, 180});
+
+        m_mouse->view().setTool(View::Pen);
+        m_mouse->press({64, 64});
+        m_mouse->moveTo({192, 64});
+        QTest::keyClick(&m_mouse->view(), Qt::Key_Escape);
+        m_mouse->release({192, 64});
+        QCOMPARE(m_mouse->view().tool(), View::Arrow);
+        QVERIFY(m_mouse->layout() == m_mouse->original());
+        QCOMPARE(m_mouse->stack().count(), 0);
+    }
+
+    void keys()
+    {
+        const auto key = [this](Qt::Key code, Qt::KeyboardModifiers modifiers = {}) {
+            QTest::keyClick(&m_mouse->view(), code, modifiers);
+        };
+        m_mouse->click({64, 64});
+        key(Qt::Key_Right);
+        key(Qt::Key_Right);
+        key(Qt::Key_Down);
+        QCOMPARE(m_mouse->cabinet(0, 0).cabinet().rect.topLeft(), QPoint(2, 1));
+        key(Qt::Key_Left);
+        key(Qt::Key_Up);
+        QCOMPARE(m_mouse->cabinet(0, 0).cabinet().rect.topLeft(), QPoint(1, 0));
+        while (m_mouse->stack().canUndo())
+            key(Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(m_mouse->layout() == m_mouse->original());
+        key(Qt::Key_Y, Qt::ControlModifier);
+        QVERIFY(m_mouse->layout() != m_mouse->original());
+        key(Qt::Key_Z, Qt::ControlModifier);
+
+        m_mouse->click({192, 64}, Qt::ControlModifier);
+        key(Qt::Key_G, Qt::ControlModifier);
+        QCOMPARE(m_mouse->selected().size(), 1);
+        QCOMPARE(m_mouse->scene().portItem(0)->groups(true).size(), 1);
+        key(Qt::Key_G, Qt::ControlModifier | Qt::ShiftModifier);
+        QVERIFY(m_mouse->scene().portItem(0)->groups(true).isEmpty());
+        key(Qt::Key_Delete);
+        QCOMPARE(m_mouse->scene().portItem(0)->cabinets(nullptr).size(), 1);
+        key(Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(m_mouse->selected().size(), 1 + 1 + 2 + 2);
+    }
+
+    void blockedEditingOnlyShows()
+    {
+        m_mouse->click({64, 64});
+        m_mouse->view().setEditingBlocked(true);
+        m_mouse->drag({64, 64}, {50, 50});
+        m_mouse->click({192, 64});
+        QCOMPARE(m_mouse->selected(), Items{&m_mouse->cabinet(0, 0)});
+        for (const int key : {Qt::Key_Right, Qt::Key_Delete, Qt::Key_Escape})
+            QTest::keyClick(&m_mouse->view(), Qt::Key(key));
+        for (const int key : {Qt::Key_A, Qt::Key_G, Qt::Key_Z})
+            QTest::keyClick(&m_mouse->view(), Qt::Key(key), Qt::ControlModifier);
+        QVERIFY(m_mouse->layout() == m_mouse->original());
+        QCOMPARE(m_mouse->stack().count(), 0);
+        m_mouse->view().setEditingBlocked(false);
+        m_mouse->drag({64, 64}, {50, 50});
+        QCOMPARE(m_mouse->stack().count(), 1);
+    }
+
+private:
+    std::unique_ptr<CMouseTester> m_mouse;
+};
+
+ORVO_TEST_MAIN(QApplication, CMouseRulesTest)
+#include "tst_mouse_rules.moc"
