@@ -9,10 +9,15 @@ const QVector<SBenchmark> &Benchmarks::all()
         {"B2", "a frame with the whole wall in the view", measureWholeWallFrame},
         {"B3", "a frame at 1:1", measureActualSizeFrame},
         {"B4", "what is under the cursor", measureLookup},
+        {"B5", "wiring by a snake pattern", measureWiring},
+        {"B6", "delete a port's cabinets, and undo", measureRemoval},
+        {"B7", "move everything by an arrow key", measureNudge},
+        {"B8", "select all", measureSelectAll},
         {"B10", "a project file to a picture, whole process", measureExport},
         {"B11", "resident memory a cabinet with its line", measureMemory},
         {"B12", "start to first frame", measureStart},
         {"B13", "growth from a tenth to the full size", measureGrowth},
+        {"B13", "growth of edits from a tenth to the full size", measureEditGrowth},
     };
     return table;
 }

@@ -30,10 +30,15 @@ void measureBuild();
 void measureWholeWallFrame();
 void measureActualSizeFrame();
 void measureLookup();
+void measureWiring();
+void measureRemoval();
+void measureNudge();
+void measureSelectAll();
 void measureExport();
 void measureMemory();
 void measureStart();
 void measureGrowth();
+void measureEditGrowth();
 
 int memoryOfEditor(int argc, char **argv);
 int memoryOfBareScene(int argc, char **argv);

@@ -4,6 +4,7 @@
 #include "benchmarks/CBareSide.h"
 #include "benchmarks/CEditorSide.h"
 #include "benchmarks/Figures.h"
+#include "layout/editor/CCabinetGraphicsScene.h"
 
 #include <QCoreApplication>
 
@@ -66,6 +67,27 @@ void measureReload(const LayoutData &data)
                     "bare scene", medians.reference});
 }
 
+/// As when a processor leaves the view and comes back; both sides have been painted before.
+void measureClearAndReload(const LayoutData &data)
+{
+    CEditorSide editor;
+    editor.load(data);
+    CBareSide bare(CBareScene::OpenPorts);
+    bare.load(data.layout);
+    SWork editorWork;
+    editorWork.run = [&editor, &data] {
+        editor.scene().clearLayout();
+        editor.load(data);
+    };
+    editorWork.finish = [] { QCoreApplication::processEvents(); };
+    SWork bareWork;
+    bareWork.run = [&bare, &data] { bare.load(data.layout); };
+    bareWork.finish = [] { QCoreApplication::processEvents(); };
+    const SMedians medians = Figures::compare(BuildRepetitions, editorWork, bareWork);
+    Figures::print({"B1 clear and setLayoutData", data.layout.cabinetCount(), medians.work, "bare scene",
+                    medians.reference});
+}
+
 } // namespace
 
 void Benchmarks::measureBuild()
@@ -73,6 +95,7 @@ void Benchmarks::measureBuild()
     measureBuildOf("B1 setLayoutData", Wall::data(Wall::FullPorts));
     measureBuildOf("B1 setLayoutData, all in nested groups", Wall::data(Wall::FullPorts, true));
     measureReload(Wall::data(Wall::FullPorts));
+    measureClearAndReload(Wall::data(Wall::FullPorts));
 }
 
 void Benchmarks::measureGrowth()

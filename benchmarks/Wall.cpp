@@ -55,6 +55,18 @@ LayoutData Wall::data(int ports, bool grouped)
     return data;
 }
 
+LayoutData Wall::inGroups(int ports, int size)
+{
+    LayoutData wall = data(ports);
+    for (Port &port : wall.layout.ports) {
+        const QVector<Port::Cabinet> cabinets = port.getAllCabinets();
+        port.groups.clear();
+        for (int first = 0; first < cabinets.size(); first += size)
+            port.groups << groupOf(cabinets.mid(first, size));
+    }
+    return wall;
+}
+
 ProcessorTree::ProcessorNode Wall::processor(const LayoutData &data)
 {
     ProcessorTree::ProcessorNode node;

@@ -17,6 +17,9 @@ constexpr int CabinetsPerPort = 1024;
 /// @p grouped each port's cabinets lie in groups, two of which form a group each.
 LayoutData data(int ports, bool grouped = false);
 
+/// The same, in groups of @p size cabinets each.
+LayoutData inGroups(int ports, int size);
+
 ProcessorTree::ProcessorNode processor(const LayoutData &data);
 
 } // namespace Wall
