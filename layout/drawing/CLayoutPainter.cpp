@@ -94,7 +94,9 @@ void CLayoutPainter::paintCabinet(QPainter &painter, const SCabinetLook &look, q
 
     if (look.custom)
         paintCustomMark(painter, look.rect);
-    paintFrame(painter, look.rect, cosmetic(look.selected ? FrameColor : BorderColor, 1));
+    static const QPen border = cosmetic(BorderColor, 1);
+    static const QPen selectedBorder = cosmetic(FrameColor, 1);
+    paintFrame(painter, look.rect, look.selected ? selectedBorder : border);
     if (!look.innerLines.isEmpty()) {
         painter.setPen(cosmetic(fill.darker(150), 1, Qt::DotLine));
         painter.translate(look.rect.topLeft());
@@ -119,23 +121,22 @@ const QPen &CLayoutPainter::wirePen()
 
 void CLayoutPainter::paintWire(QPainter &painter, const QLineF &line, qreal scale)
 {
-    painter.setPen(wirePen());
-    painter.drawLine(line);
+    static const QPen shortPen = cosmetic(WireColor, 1); // dashes would not be told apart
     const qreal length = line.length();
+    painter.setPen(isAfar(length, scale) ? shortPen : wirePen());
+    painter.drawLine(line);
     if (length * scale < 2 * ArrowLength)
         return;
 
     // The head keeps its size on the screen but never outgrows a quarter of the line.
     const qreal unit = std::min(1 / scale, length * ArrowPlace / ArrowLength);
-    painter.save();
-    painter.translate(line.pointAt(ArrowPlace));
-    painter.rotate(-line.angle());
-    painter.scale(unit, unit);
+    const QPointF along(line.dx() / length, line.dy() / length);
+    const QPointF foot = line.pointAt(ArrowPlace);
+    const QPointF side = QPointF(-along.y(), along.x()) * (unit * ArrowHalfWidth);
+    const QPointF head[] = {foot + along * (unit * ArrowLength), foot - side, foot + side};
     painter.setPen(Qt::NoPen);
     painter.setBrush(WireColor);
-    const QPointF head[] = {{ArrowLength, 0}, {0, -ArrowHalfWidth}, {0, ArrowHalfWidth}};
     painter.drawConvexPolygon(head, 3);
-    painter.restore();
 }
 
 void CLayoutPainter::paintGroup(QPainter &painter, const QRectF &rect, bool selected, qreal scale)
