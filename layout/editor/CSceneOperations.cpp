@@ -44,10 +44,9 @@ void CSceneOperations::wireByPattern(int pattern)
         return;
     const CEditBatch batch(m_scene);
     const CUndoMacro macro(m_recorder, QStringLiteral("topologyWiring"), QStringLiteral("topologyWiring"));
-    for (CGraphicsPortItem *port : ports()) {
-        const auto selected = m_selection.cabinetsOf(*port);
-        CWiringRecorder::rechain(m_recorder, *port,
-                                 CTopologyWiring::chainByPattern(*port, selected, pattern));
+    for (const auto &selected : m_selection.cabinetsByPort()) {
+        CGraphicsPortItem &port = *selected.first()->portItem();
+        CWiringRecorder::rechain(m_recorder, port, CTopologyWiring::chainByPattern(port, selected, pattern));
     }
 }
 
@@ -58,8 +57,8 @@ void CSceneOperations::breakSelectedWiring()
     const CEditBatch batch(m_scene);
     const CUndoMacro macro(m_recorder, QStringLiteral("breakSelectedWiring"),
                            QStringLiteral("breakSelectedWiring"));
-    for (CGraphicsPortItem *port : ports())
-        CWiringRecorder::takeOut(m_recorder, *port, m_selection.cabinetsOf(*port));
+    for (const auto &selected : m_selection.cabinetsByPort())
+        CWiringRecorder::takeOut(m_recorder, *selected.first()->portItem(), selected);
 }
 
 void CSceneOperations::breakPortWiring(CGraphicsPortItem &port)
@@ -98,11 +97,9 @@ void CSceneOperations::remove()
     const CEditBatch batch(m_scene);
     const CUndoMacro macro(m_recorder, QStringLiteral("Delete"), QStringLiteral("Delete"));
     CGroupEditing editing(m_recorder);
-    QVector<QPair<CGraphicsPortItem *, QVector<CGraphicsCabinetItem *>>> doomed;
-    for (CGraphicsPortItem *port : ports())
-        doomed << qMakePair(port, m_selection.cabinetsOf(*port));
-    for (const auto &entry : qAsConst(doomed))
-        editing.remove(*entry.first, entry.second);
+    const QVector<QVector<CGraphicsCabinetItem *>> doomed = m_selection.cabinetsByPort();
+    for (const auto &cabinets : doomed)
+        editing.remove(*cabinets.first()->portItem(), cabinets);
 }
 
 void CSceneOperations::nudge(const QPointF &step)

@@ -57,13 +57,16 @@ QVector<CGraphicsCabinetItem *> CSceneSelection::cabinets() const
     return cabinets;
 }
 
-QVector<CGraphicsCabinetItem *> CSceneSelection::cabinetsOf(const CGraphicsPortItem &port) const
+QVector<QVector<CGraphicsCabinetItem *>> CSceneSelection::cabinetsByPort() const
 {
-    QVector<CGraphicsCabinetItem *> ofPort = cabinets();
-    ofPort.erase(std::remove_if(ofPort.begin(), ofPort.end(),
-                                [&port](const CGraphicsCabinetItem *c) { return c->port() != port.port(); }),
-                 ofPort.end());
-    return ofPort;
+    const QVector<CGraphicsCabinetItem *> all = cabinets(); // those of a port stand together
+    QVector<QVector<CGraphicsCabinetItem *>> byPort;
+    for (CGraphicsCabinetItem *cabinet : all) {
+        if (byPort.isEmpty() || byPort.last().first()->port() != cabinet->port())
+            byPort << QVector<CGraphicsCabinetItem *>();
+        byPort.last() << cabinet;
+    }
+    return byPort;
 }
 
 QSet<CGraphicsPortItem *> CSceneSelection::portItems() const

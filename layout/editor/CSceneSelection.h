@@ -27,9 +27,10 @@ public:
     QVector<CGraphicsItemBase *> sorted() const;
     QVector<CGraphicsGroupItem *> groups() const; ///< the selected groups, sorted
 
-    /// The selected cabinets, those of selected groups included, each once, sorted; all or one port's.
+    /// The selected cabinets, those of selected groups included, each once, sorted; in one list
+    /// or in one a port.
     QVector<CGraphicsCabinetItem *> cabinets() const;
-    QVector<CGraphicsCabinetItem *> cabinetsOf(const CGraphicsPortItem &port) const;
+    QVector<QVector<CGraphicsCabinetItem *>> cabinetsByPort() const;
 
     QList<int> ports() const; ///< that hold selected items, ascending
     QList<QUuid> uuids() const;
