@@ -7,12 +7,23 @@
 #include "layout/editor/items/CGraphicsPortItem.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace {
 
-bool standsBefore(const CGraphicsItemBase *a, const CGraphicsItemBase *b)
+/// By port and ordinal, which are read once: items lie all over the memory.
+template <typename Item>
+void sortByRecords(QVector<Item *> &items)
 {
-    return a->port() != b->port() ? a->port() < b->port() : a->ordinal() < b->ordinal();
+    QVector<std::tuple<int, qint64, Item *>> keyed;
+    keyed.reserve(items.size());
+    for (Item *item : qAsConst(items))
+        keyed.append(std::make_tuple(item->port(), item->ordinal(), item));
+    std::sort(keyed.begin(), keyed.end(), [](const auto &a, const auto &b) {
+        return std::tie(std::get<0>(a), std::get<1>(a)) < std::tie(std::get<0>(b), std::get<1>(b));
+    });
+    std::transform(keyed.cbegin(), keyed.cend(), items.begin(),
+                   [](const auto &entry) { return std::get<2>(entry); });
 }
 
 } // namespace
@@ -28,7 +39,7 @@ void CSceneSelection::note(CGraphicsItemBase &item, bool selected)
 QVector<CGraphicsItemBase *> CSceneSelection::sorted() const
 {
     QVector<CGraphicsItemBase *> items(m_items.begin(), m_items.end());
-    std::sort(items.begin(), items.end(), standsBefore);
+    sortByRecords(items);
     return items;
 }
 
@@ -48,10 +59,14 @@ QVector<CGraphicsCabinetItem *> CSceneSelection::cabinets() const
     cabinets.reserve(m_items.size());
     bool anyGroup = false;
     for (CGraphicsItemBase *item : m_items) {
-        cabinets += item->concernedCabinets();
-        anyGroup = anyGroup || item->type() == GroupItemKind;
+        if (item->type() == CabinetItemKind) {
+            cabinets << static_cast<CGraphicsCabinetItem *>(item);
+        } else {
+            cabinets += item->concernedCabinets();
+            anyGroup = true;
+        }
     }
-    std::sort(cabinets.begin(), cabinets.end(), standsBefore);
+    sortByRecords(cabinets);
     if (anyGroup)
         cabinets.erase(std::unique(cabinets.begin(), cabinets.end()), cabinets.end());
     return cabinets;
@@ -72,9 +87,14 @@ QVector<QVector<CGraphicsCabinetItem *>> CSceneSelection::cabinetsByPort() const
 QSet<CGraphicsPortItem *> CSceneSelection::portItems() const
 {
     QSet<CGraphicsPortItem *> ports;
+    QSet<int> seen;
     for (const CGraphicsItemBase *item : m_items) {
-        if (CGraphicsPortItem *port = item->portItem())
+        if (seen.contains(item->port()))
+            continue;
+        if (CGraphicsPortItem *port = item->portItem()) {
+            seen.insert(item->port());
             ports.insert(port);
+        }
     }
     return ports;
 }
@@ -100,7 +120,9 @@ QList<QUuid> CSceneSelection::uuids() const
 QList<CabinetLayout::CabinetPort::Cabinet> CSceneSelection::records() const
 {
     QList<CabinetLayout::CabinetPort::Cabinet> records;
-    for (const CGraphicsCabinetItem *cabinet : cabinets())
+    const QVector<CGraphicsCabinetItem *> all = cabinets();
+    records.reserve(all.size());
+    for (const CGraphicsCabinetItem *cabinet : all)
         records << cabinet->cabinet();
     return records;
 }
