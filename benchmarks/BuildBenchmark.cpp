@@ -74,6 +74,7 @@ void measureClearAndReload(const LayoutData &data)
     editor.load(data);
     CBareSide bare(CBareScene::OpenPorts);
     bare.load(data.layout);
+    QCoreApplication::processEvents();
     SWork editorWork;
     editorWork.run = [&editor, &data] {
         editor.scene().clearLayout();
