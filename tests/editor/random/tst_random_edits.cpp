@@ -92,7 +92,7 @@ int main(int argc, char **argv)
         const int place = arguments.indexOf(name);
         if (place < 0 || place + 1 >= arguments.size())
             return;
-        value = arguments.at(place + 1).toUInt();
+        value = static_cast<std::decay_t<decltype(value)>>(arguments.at(place + 1).toUInt());
         arguments.erase(arguments.begin() + place, arguments.begin() + place + 2);
     };
     take(QStringLiteral("-seed"), firstSeed);
