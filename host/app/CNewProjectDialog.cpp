@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/CNewProjectDialog.h"
 
-#include "host/devices/CProcessorKinds.h"
+#include "host/devices/simulated/CProcessorKinds.h"
 #include "host/library/CTypeLibrary.h"
 #include "layout/geometry/CSnakeOrder.h"
 

@@ -5,7 +5,7 @@
 #include "host/app/CAppSettings.h"
 #include "host/app/CNewProjectDialog.h"
 #include "host/devices/CDeviceManager.h"
-#include "host/devices/CProcessorKinds.h"
+#include "host/devices/simulated/CProcessorKinds.h"
 #include "platform/widgets/CMessageBox.h"
 
 #include <QDir>

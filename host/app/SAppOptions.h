@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "host/devices/SSimulationFault.h"
+#include "host/devices/simulated/SSimulationFault.h"
 #include "platform/common/CResult.h"
 
 #include <QCoreApplication>

@@ -4,8 +4,8 @@
 
 #include "host/devices/CDeviceManager.h"
 #include "host/devices/CMappingTransfer.h"
-#include "host/devices/CProcessorKinds.h"
 #include "host/devices/CSimulatedPark.h"
+#include "host/devices/simulated/CProcessorKinds.h"
 
 CDetection::CDetection(CDeviceManager &manager, const SJobContext &context)
     : m_manager(manager)

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "host/devices/CJobRunner.h"
-#include "host/devices/CSimulatedProcessor.h"
 #include "host/devices/SDevice.h"
+#include "host/devices/simulated/CSimulatedProcessor.h"
 
 #include <QCoreApplication>
 #include <QStringList>

@@ -4,7 +4,7 @@
 
 #include "host/devices/CDeviceManager.h"
 #include "host/devices/CMappingTransfer.h"
-#include "host/devices/CSimulatedProcessor.h"
+#include "host/devices/simulated/CSimulatedProcessor.h"
 #include "host/library/CTypeLibrary.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "host/devices/CDeviceTable.h"
-#include "host/devices/SSimulationFault.h"
+#include "host/devices/simulated/SSimulationFault.h"
 #include "layout/data/records/SHostRecords.h"
 #include "layout/plugin/LayoutNotification.h"
 #include "platform/common/CResult.h"

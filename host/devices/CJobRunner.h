@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "host/devices/CCancelToken.h"
+#include "host/devices/simulated/CCancelToken.h"
 #include "layout/data/records/SHostRecords.h"
 
 #include <QCoreApplication>

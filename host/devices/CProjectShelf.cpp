@@ -3,7 +3,7 @@
 #include "host/devices/CProjectShelf.h"
 
 #include "host/devices/CDeviceTable.h"
-#include "host/devices/CProcessorKinds.h"
+#include "host/devices/simulated/CProcessorKinds.h"
 #include "host/library/CTypeLibrary.h"
 #include "host/projects/CSafeFile.h"
 #include "host/projects/CWallBuilder.h"

@@ -3,7 +3,7 @@
 #include "host/devices/CSimulatedPark.h"
 
 #include "host/devices/CWorkingLayout.h"
-#include "host/devices/DevicesLog.h"
+#include "host/devices/simulated/DevicesLog.h"
 #include "host/library/CTypeLibrary.h"
 #include "host/projects/CWallBuilder.h"
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "host/devices/CDeviceTable.h"
-#include "host/devices/CSimulatedProcessor.h"
+#include "host/devices/simulated/CSimulatedProcessor.h"
 
 #include <QCoreApplication>
 #include <QStringList>

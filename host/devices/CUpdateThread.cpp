@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/devices/CUpdateThread.h"
 
-#include "host/devices/DevicesLog.h"
+#include "host/devices/simulated/DevicesLog.h"
 #include "layout/plugin/LayoutNotification.h"
 
 CUpdateThread::CUpdateThread()

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/devices/CWorkingLayout.h"
 
-#include "host/devices/CPortCapacity.h"
+#include "host/devices/simulated/CPortCapacity.h"
 #include "layout/data/records/LayoutData.h"
 
 #include <algorithm>

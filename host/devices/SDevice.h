@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "host/devices/CPortCapacity.h"
 #include "host/devices/CWorkingLayout.h"
-#include "host/devices/SProcessorSettings.h"
+#include "host/devices/simulated/CPortCapacity.h"
+#include "host/devices/simulated/SProcessorSettings.h"
 #include "layout/data/records/LayoutData.h"
 #include "layout/data/records/ProcessorTree.h"
 

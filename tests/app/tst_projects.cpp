@@ -4,7 +4,7 @@
 #include "host/app/CNewProjectDialog.h"
 #include "host/app/CProjectCommands.h"
 #include "host/devices/CDeviceManager.h"
-#include "host/devices/CProcessorKinds.h"
+#include "host/devices/simulated/CProcessorKinds.h"
 #include "layout/resources/LayoutResources.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"

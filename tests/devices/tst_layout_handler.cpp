@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/CSimulatedProcessor.h"
+#include "host/devices/simulated/CSimulatedProcessor.h"
 #include "host/library/CTypeLibrary.h"
 #include "host/projects/CCabinetConfig.h"
 #include "host/projects/CCurrentGainFile.h"

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/CPortCapacity.h"
-#include "host/devices/CProcessorKinds.h"
 #include "host/devices/SDevice.h"
+#include "host/devices/simulated/CPortCapacity.h"
+#include "host/devices/simulated/CProcessorKinds.h"
 #include "tests/harness/CTestBase.h"
 
 namespace {

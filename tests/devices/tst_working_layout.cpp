@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/CProcessorKinds.h"
 #include "host/devices/CWorkingLayout.h"
+#include "host/devices/simulated/CProcessorKinds.h"
 #include "host/projects/CWallBuilder.h"
 #include "tests/harness/CTestBase.h"
 

@@ -4,8 +4,8 @@
 
 #include "host/app/commands/CCommandArguments.h"
 #include "host/app/commands/SCommandOutcome.h"
-#include "host/devices/CPortCapacity.h"
-#include "host/devices/CProcessorKinds.h"
+#include "host/devices/simulated/CPortCapacity.h"
+#include "host/devices/simulated/CProcessorKinds.h"
 #include "host/projects/CLayoutCheck.h"
 #include "host/projects/CProcessorProject.h"
 

@@ -4,7 +4,7 @@
 
 #include "host/app/commands/CCommandArguments.h"
 #include "host/app/commands/SCommandOutcome.h"
-#include "host/devices/CProcessorKinds.h"
+#include "host/devices/simulated/CProcessorKinds.h"
 #include "host/projects/CProcessorProject.h"
 #include "host/projects/CWallBuilder.h"
 #include "layout/geometry/CSnakeOrder.h"

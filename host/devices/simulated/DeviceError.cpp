@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/DeviceError.h"
+#include "host/devices/simulated/DeviceError.h"
 
 #include <QCoreApplication>
 

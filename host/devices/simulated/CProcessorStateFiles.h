@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "host/devices/CProcessorCodec.h"
+#include "host/devices/simulated/CProcessorCodec.h"
 
 #include <QCoreApplication>
 #include <QUuid>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "host/devices/SProcessorKind.h"
+#include "host/devices/simulated/SProcessorKind.h"
 #include "platform/common/CResult.h"
 
 #include <QCoreApplication>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "host/devices/SProcessorKind.h"
+#include "host/devices/simulated/SProcessorKind.h"
 #include "layout/data/records/CabinetLayout.h"
 
 /// What output ports can carry and how full they are. Pure arithmetic; any thread.

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "host/devices/CProcessorStateFiles.h"
-#include "host/devices/DeviceError.h"
-#include "host/devices/SSimulationFault.h"
+#include "host/devices/simulated/CProcessorStateFiles.h"
+#include "host/devices/simulated/DeviceError.h"
+#include "host/devices/simulated/SSimulationFault.h"
 
 #include <functional>
 #include <mutex>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/app/CSimulateScreen.h"
+#include "host/app/screen/CSimulateScreen.h"
 
-#include "host/app/CScreenPicture.h"
+#include "host/app/screen/CScreenPicture.h"
 
 #include <QGuiApplication>
 #include <QOffscreenSurface>

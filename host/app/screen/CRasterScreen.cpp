@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/app/CRasterScreen.h"
+#include "host/app/screen/CRasterScreen.h"
 
-#include "host/app/CScreenPicture.h"
-#include "host/app/CSimulateScreen.h"
+#include "host/app/screen/CScreenPicture.h"
+#include "host/app/screen/CSimulateScreen.h"
 
 #include <QPainter>
 

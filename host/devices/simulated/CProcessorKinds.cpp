@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/CProcessorKinds.h"
+#include "host/devices/simulated/CProcessorKinds.h"
 
-#include "host/devices/DevicesLog.h"
+#include "host/devices/simulated/DevicesLog.h"
 
 #include <QFile>
 #include <QHash>

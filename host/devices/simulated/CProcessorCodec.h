@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "host/devices/SProcessorSettings.h"
+#include "host/devices/simulated/SProcessorSettings.h"
 #include "layout/data/records/CabinetLayout.h"
 #include "platform/common/CResult.h"
 

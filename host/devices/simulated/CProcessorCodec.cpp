@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/CProcessorCodec.h"
+#include "host/devices/simulated/CProcessorCodec.h"
 
 #include "host/projects/CStrictFile.h"
 #include "layout/data/records/CRecordJson.h"

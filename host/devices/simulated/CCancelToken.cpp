@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/CCancelToken.h"
+#include "host/devices/simulated/CCancelToken.h"
 
 #include <chrono>
 

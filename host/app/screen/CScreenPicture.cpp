@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/app/CScreenPicture.h"
+#include "host/app/screen/CScreenPicture.h"
 
 #include "layout/drawing/CLayoutPicture.h"
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/SSimulationFault.h"
+#include "host/devices/simulated/SSimulationFault.h"
 
 #include <QtGlobal>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/CSimulatedProcessor.h"
+#include "host/devices/simulated/CSimulatedProcessor.h"
 
-#include "host/devices/CCancelToken.h"
-#include "host/devices/DevicesLog.h"
+#include "host/devices/simulated/CCancelToken.h"
+#include "host/devices/simulated/DevicesLog.h"
 
 #include <cmath>
 

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/CProcessorStateFiles.h"
+#include "host/devices/simulated/CProcessorStateFiles.h"
 
-#include "host/devices/DevicesLog.h"
+#include "host/devices/simulated/DevicesLog.h"
 #include "host/projects/CSafeFile.h"
 #include "host/projects/CStrictFile.h"
 
