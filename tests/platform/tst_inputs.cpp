@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/widgets/CTheme.h"
+#include "platform/widgets/input/CSliderSpinBox.h"
+#include "tests/harness/CTestBase.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QSlider>
+#include <QSpinBox>
+
+class CInputsTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { CTheme::apply(*qApp); }
+
+    void sliderAndSpinBoxFollowEachOther()
+    {
+        CSliderSpinBox input(184, 46);
+        input.setRange(10, 400);
+        input.setSuffix(QStringLiteral("%"));
+        auto *slider = input.findChild<QSlider *>();
+        auto *spinBox = input.findChild<QSpinBox *>();
+        QSignalSpy changed(&input, &CSliderSpinBox::valueChanged);
+
+        input.setValue(120);
+        QCOMPARE(spinBox->text(), QStringLiteral("120%"));
+        QTest::keyClick(slider, Qt::Key_Right);
+        QCOMPARE(spinBox->value(), 121);
+        QTest::keyClick(spinBox, Qt::Key_Up);
+        QCOMPARE(slider->value(), 122);
+        input.setValue(1000);
+        QCOMPARE(input.value(), 400);
+        input.setValue(400);
+        QCOMPARE(changed, (QList<QList<QVariant>>{{120}, {121}, {122}, {400}}));
+    }
+
+    void aNewRangeMovesBothControls()
+    {
+        CSliderSpinBox input(184, 80);
+        input.setValue(80);
+        QSignalSpy changed(&input, &CSliderSpinBox::valueChanged);
+        for (const auto &range : {qMakePair(0, 50), qMakePair(300, 400), qMakePair(-10, 10)}) {
+            input.setRange(range.first, range.second);
+            QCOMPARE(input.findChild<QSlider *>()->value(), input.value());
+            QCOMPARE(input.findChild<QSpinBox *>()->value(), input.value());
+        }
+        QCOMPARE(changed, (QList<QList<QVariant>>{{50}, {300}, {10}}));
+    }
+
+    void aNarrowSpinBoxShowsItsWholeText()
+    {
+        CSliderSpinBox input(184, 46);
+        input.setSuffix(QStringLiteral("%"));
+        input.setValue(100);
+        input.show();
+        const auto *edit = input.findChild<QLineEdit *>();
+        const int margins = 4; // what a line edit keeps free beside its text
+        const int needed = edit->fontMetrics().horizontalAdvance(edit->text()) + margins;
+        QVERIFY2(edit->width() >= needed, qPrintable(QString::number(edit->width() - needed)));
+    }
+};
+
+ORVO_TEST_MAIN(QApplication, CInputsTest)
+#include "tst_inputs.moc"
