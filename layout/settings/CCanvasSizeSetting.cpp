@@ -1,0 +1,118 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/settings/CCanvasSizeSetting.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSpinBox>
+#include <QStandardItemModel>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int SmallestCanvasSide = 64; // pixels
+constexpr int WidestCanvas = 32768;
+constexpr int TallestCanvas = 16384;
+constexpr int CanvasFieldWidth = 188;
+constexpr int CanvasLabelWidth = 33;
+constexpr int CanvasRowSpacing = 8;
+constexpr QSize CanvasPresets[] = {{1920, 1080}, {3840, 2160}, {4096, 2160}};
+
+} // namespace
+
+CCanvasSizeSetting::CCanvasSizeSetting(const SCanvasLimits &limits, const QSize &size, QWidget *parent)
+    : CDialog(tr("Canvas size settings"), QDialogButtonBox::Ok | QDialogButtonBox::Cancel, parent)
+    , m_limits(limits)
+    , m_presets(new QComboBox)
+    , m_width(new QSpinBox)
+    , m_height(new QSpinBox)
+    , m_hint(new QLabel)
+{
+    buildUi();
+    m_width->setValue(size.width());
+    m_height->setValue(size.height());
+    connectSignals();
+    onSizeChanged();
+}
+
+QSize CCanvasSizeSetting::canvasSize() const
+{
+    return {m_width->value(), m_height->value()};
+}
+
+void CCanvasSizeSetting::buildUi()
+{
+    m_width->setRange(SmallestCanvasSide, std::min(m_limits.maximumWidth, WidestCanvas));
+    m_height->setRange(SmallestCanvasSide, std::min(m_limits.maximumHeight, TallestCanvas));
+    m_presets->setFixedWidth(CanvasFieldWidth);
+    m_presets->setPlaceholderText(tr("Custom"));
+    auto *model = qobject_cast<QStandardItemModel *>(m_presets->model());
+    for (const QSize &preset : CanvasPresets) {
+        m_presets->addItem(QStringLiteral("%1\u00D7%2").arg(preset.width()).arg(preset.height()), preset);
+        const bool possible = preset.width() <= m_width->maximum() && preset.height() <= m_height->maximum();
+        model->item(m_presets->count() - 1)->setEnabled(possible);
+    }
+    m_hint->setObjectName(QStringLiteral("Hint"));
+    m_hint->setWordWrap(true);
+    m_hint->setMinimumHeight(2 * m_hint->fontMetrics().lineSpacing()); // or the dialog would jump
+    m_hint->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+
+    auto *grid = new QGridLayout;
+    grid->setHorizontalSpacing(CanvasRowSpacing);
+    grid->setVerticalSpacing(CanvasRowSpacing);
+    addRow(*grid, tr("Size"), m_presets);
+    addRow(*grid, tr("Width"), m_width);
+    addRow(*grid, tr("Height"), m_height);
+    contentLayout()->setSpacing(CanvasRowSpacing);
+    contentLayout()->addLayout(grid);
+    contentLayout()->addWidget(m_hint);
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void CCanvasSizeSetting::addRow(QGridLayout &grid, const QString &text, QWidget *field)
+{
+    auto *label = new QLabel(text);
+    label->setMinimumWidth(CanvasLabelWidth); // rather wider than cut off
+    label->setBuddy(field);
+    field->setAccessibleName(text);
+    const int row = grid.rowCount();
+    grid.addWidget(label, row, 0);
+    grid.addWidget(field, row, 1);
+}
+
+void CCanvasSizeSetting::connectSignals()
+{
+    connect(m_presets, qOverload<int>(&QComboBox::currentIndexChanged), this,
+            &CCanvasSizeSetting::onPresetChosen);
+    for (QSpinBox *box : {m_width, m_height})
+        connect(box, qOverload<int>(&QSpinBox::valueChanged), this, &CCanvasSizeSetting::onSizeChanged);
+}
+
+void CCanvasSizeSetting::onPresetChosen()
+{
+    const QSize preset = m_presets->currentData().toSize();
+    if (!preset.isValid())
+        return; // a size of one's own
+    {
+        const QSignalBlocker blocker(m_width); // half a preset is none
+        m_width->setValue(preset.width());
+    }
+    m_height->setValue(preset.height());
+    onSizeChanged();
+}
+
+void CCanvasSizeSetting::onSizeChanged()
+{
+    const QSize size = canvasSize();
+    m_presets->setCurrentIndex(m_presets->findData(size));
+    const bool fits = qint64(size.width()) * size.height() <= m_limits.maximumArea;
+    m_hint->setText(fits ? QString()
+                         : QStringLiteral("%1 %2")
+                               .arg(tr("The area of the canvas cannot be greater than"))
+                               .arg(m_limits.maximumArea));
+    buttonBox()->button(QDialogButtonBox::Ok)->setEnabled(fits);
+}

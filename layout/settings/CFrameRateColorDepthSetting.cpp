@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/settings/CFrameRateColorDepthSetting.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLocale>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int OfferedFrameRates[] = {50, 60, 120, 240}; // hertz
+constexpr int OfferedColorDepths[] = {8, 10, 12};       // bits
+
+/// Widths of a row's label and box, in pixels.
+struct SSignalRowWidths
+{
+    int label;
+    int box;
+};
+
+SSignalRowWidths signalRowWidths()
+{
+    return QLocale().language() == QLocale::Chinese ? SSignalRowWidths{48, 238} : SSignalRowWidths{70, 216};
+}
+
+} // namespace
+
+CFrameRateColorDepthSetting::CFrameRateColorDepthSetting(int hertz, int bits, QWidget *parent)
+    : CDialog(tr("Max frame rate and color depth settings"), QDialogButtonBox::Ok | QDialogButtonBox::Cancel,
+              parent)
+    , m_frameRate(new QComboBox)
+    , m_colorDepth(new QComboBox)
+{
+    buildUi();
+    m_frameRate->setCurrentIndex(m_frameRate->findData(hertz));
+    m_colorDepth->setCurrentIndex(m_colorDepth->findData(bits));
+    connectSignals();
+    updateEnabled();
+}
+
+int CFrameRateColorDepthSetting::frameRate() const
+{
+    return m_frameRate->currentData().toInt();
+}
+
+int CFrameRateColorDepthSetting::colorDepth() const
+{
+    return m_colorDepth->currentData().toInt();
+}
+
+void CFrameRateColorDepthSetting::buildUi()
+{
+    for (const int hertz : OfferedFrameRates)
+        m_frameRate->addItem(QStringLiteral("%1Hz").arg(hertz), hertz);
+    for (const int bits : OfferedColorDepths)
+        m_colorDepth->addItem(QStringLiteral("%1bit").arg(bits), bits);
+    auto *grid = new QGridLayout;
+    grid->setHorizontalSpacing(8);
+    grid->setVerticalSpacing(8);
+    addRow(*grid, tr("Frame rate"), m_frameRate);
+    addRow(*grid, tr("Color depth"), m_colorDepth);
+    contentLayout()->addLayout(grid);
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void CFrameRateColorDepthSetting::addRow(QGridLayout &grid, const QString &text, QComboBox *box)
+{
+    const SSignalRowWidths widths = signalRowWidths();
+    auto *label = new QLabel(text);
+    label->setFixedWidth(widths.label);
+    label->setBuddy(box);
+    box->setFixedWidth(widths.box);
+    box->setAccessibleName(text);
+    const int row = grid.rowCount();
+    grid.addWidget(label, row, 0);
+    grid.addWidget(box, row, 1);
+}
+
+void CFrameRateColorDepthSetting::connectSignals()
+{
+    for (QComboBox *box : {m_frameRate, m_colorDepth})
+        connect(box, qOverload<int>(&QComboBox::currentIndexChanged), this,
+                &CFrameRateColorDepthSetting::updateEnabled);
+}
+
+void CFrameRateColorDepthSetting::updateEnabled()
+{
+    const bool chosen = m_frameRate->currentIndex() >= 0 && m_colorDepth->currentIndex() >= 0;
+    buttonBox()->button(QDialogButtonBox::Ok)->setEnabled(chosen);
+}
