@@ -132,17 +132,16 @@ void CMappingLabel::connectSignals()
 /// An empty @p reason enables; any other tells why not.
 void CMappingLabel::enable(CMenuToolButton &button, const QString &reason)
 {
+    button.setDefaultBlocked(m_processorReady ? QString()
+                                              : tr("Please select a single processor that is online"));
     button.setEnabled(reason.isEmpty());
-    button.setToolTip(reason.isEmpty() ? button.defaultAction()->toolTip() : reason);
+    if (!reason.isEmpty())
+        button.setToolTip(reason);
 }
 
 void CMappingLabel::updateEnabled()
 {
-    const QString reason = !m_processorReady ? tr("Please select a single processor that is online")
-                           : m_busy          ? tr("The mapping is being read or saved")
-                                             : QString();
+    const QString reason = m_busy ? tr("The mapping is being read or saved") : QString();
     enable(*m_read, reason.isEmpty() && m_readBlocked ? tr("Editing is locked") : reason);
     enable(*m_save, reason);
-    for (QCheckBox *option : {m_numberMapping, m_realtime, m_fromProcessor})
-        option->setEnabled(m_processorReady);
 }

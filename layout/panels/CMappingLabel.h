@@ -32,7 +32,8 @@ Q_SIGNALS:
     void notifySaveMapping(ReadSaveMappingRole role);
 
 public Q_SLOTS:
-    /// A null or offline processor, or one that works as fibre optic transceiver, disables the unit.
+    /// A null or offline processor, or one that works as fibre optic transceiver, leaves only "all" to be
+    /// read and saved.
     void onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor);
     void onCurrentProcessorStateChanged(const ProcessorTree::ProcessorNode &processor);
 
@@ -47,7 +48,7 @@ private:
     void addSectionRow(const QString &caption, CMenuToolButton *button);
     QCheckBox *addOption(const QString &text, const QString &toolTip, bool checked);
     void connectSignals();
-    static void enable(CMenuToolButton &button, const QString &reason);
+    void enable(CMenuToolButton &button, const QString &reason);
     void updateEnabled();
 
     CMenuToolButton *m_read = nullptr;

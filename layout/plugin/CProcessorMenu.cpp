@@ -20,6 +20,19 @@ const QString PlaceholderIcon = QStringLiteral(":/Image/Menu/placeholder.svg");
 
 constexpr int PortCounts[] = {2, 4, 6, 8, 10, 12, 16, 20, 26, 32, 40, 80};
 
+QString fiberText()
+{
+    return CProcessorMenu::tr("Fiber Optic Transceiver Mode is on");
+}
+
+/// An empty @p reason allows the entry; any other is why it cannot be chosen.
+void allowUnless(QAction *entry, const QString &reason)
+{
+    entry->setEnabled(reason.isEmpty());
+    if (!reason.isEmpty())
+        entry->setToolTip(reason);
+}
+
 } // namespace
 
 CProcessorMenu::CProcessorMenu(QMenu &menu, CProcessorCommands &commands, const QUuid &processor,
@@ -27,8 +40,8 @@ CProcessorMenu::CProcessorMenu(QMenu &menu, CProcessorCommands &commands, const 
     : m_menu(menu)
     , m_commands(commands)
     , m_processor(CHostAccess::handler()->getProcessorNode(processor))
-    , m_fiber(CHostAccess::handler()->isFiberTransceiverMode(processor))
-    , m_editable(editable && !m_fiber)
+    , m_modeReason(CHostAccess::handler()->isFiberTransceiverMode(processor) ? fiberText() : QString())
+    , m_editReason(m_modeReason.isEmpty() && !editable ? tr("Editing is locked") : m_modeReason)
 {
 }
 
@@ -52,19 +65,19 @@ void CProcessorMenu::addMappingEntries()
 {
     CProcessorCommands *commands = &m_commands;
     const QUuid processor = m_processor.uuid;
-    addEntry(
-        m_menu, tr("Import mapping by processor..."),
-        [commands, processor] { commands->importMapping(processor); }, ImportIcon)
-        ->setEnabled(m_editable);
+    allowUnless(addEntry(
+                    m_menu, tr("Import mapping by processor..."),
+                    [commands, processor] { commands->importMapping(processor); }, ImportIcon),
+                m_editReason);
     QMenu *copies =
         addOtherProcessors(tr("Copy mapping from"), ImportIcon, [commands, processor](const QUuid &other) {
             commands->copyMapping(other, processor);
         });
-    copies->setEnabled(m_editable && !copies->isEmpty());
-    addEntry(
-        m_menu, tr("Export mapping by processor..."),
-        [commands, processor] { commands->exportMapping(processor); }, ExportIcon)
-        ->setEnabled(!m_fiber);
+    allowUnless(copies->menuAction(), reasonFor(*copies, m_editReason));
+    allowUnless(addEntry(
+                    m_menu, tr("Export mapping by processor..."),
+                    [commands, processor] { commands->exportMapping(processor); }, ExportIcon),
+                m_modeReason);
 }
 
 void CProcessorMenu::addStatusLed()
@@ -74,7 +87,10 @@ void CProcessorMenu::addStatusLed()
     addEntry(*led, tr("On"), [commands] { commands->setStatusLed(true); });
     addEntry(*led, tr("Off"), [commands] { commands->setStatusLed(false); });
     const bool current = CHostAccess::handler()->currentProcessorNode().uuid == m_processor.uuid;
-    led->setEnabled(current && m_processor.online && !m_fiber);
+    const QString reason = !current              ? tr("The processor is not the current one")
+                           : !m_processor.online ? tr("The processor is offline")
+                                                 : QString();
+    allowUnless(led->menuAction(), m_modeReason.isEmpty() ? reason : m_modeReason);
 }
 
 void CProcessorMenu::addPortCounts()
@@ -91,11 +107,10 @@ void CProcessorMenu::addPortCounts()
         });
         entry->setCheckable(true);
         entry->setChecked(count == set);
-        entry->setEnabled(count <= maximum);
         if (count > maximum)
-            entry->setToolTip(tr("The processor has %1 output ports.").arg(maximum));
+            allowUnless(entry, tr("The processor has %1 output ports").arg(maximum));
     }
-    counts->setEnabled(m_editable);
+    allowUnless(counts->menuAction(), m_editReason);
 }
 
 void CProcessorMenu::addRedundancy()
@@ -105,15 +120,16 @@ void CProcessorMenu::addRedundancy()
     QMenu *primaries = addOtherProcessors(
         tr("Set as redundancy for"), BackupIcon,
         [commands, processor](const QUuid &other) { commands->setRedundancyFor(other, processor); });
-    primaries->setEnabled(!m_fiber && !primaries->isEmpty());
+    allowUnless(primaries->menuAction(), reasonFor(*primaries, m_modeReason));
     const QList<QPair<QUuid, QUuid>> pairs = CHostAccess::handler()->processorRedundancies();
     const bool paired =
         std::any_of(pairs.begin(), pairs.end(), [&processor](const QPair<QUuid, QUuid> &pair) {
             return pair.first == processor || pair.second == processor;
         });
-    addEntry(m_menu, tr("Cancel redundancy"), [commands, processor] {
-        commands->cancelRedundancy(processor);
-    })->setEnabled(paired && !m_fiber);
+    QAction *cancel = addEntry(m_menu, tr("Cancel redundancy"),
+                               [commands, processor] { commands->cancelRedundancy(processor); });
+    const QString reason = paired ? QString() : tr("The processor is not in a redundancy pair");
+    allowUnless(cancel, m_modeReason.isEmpty() ? reason : m_modeReason);
 }
 
 void CProcessorMenu::addCabinetParameters()
@@ -130,8 +146,7 @@ void CProcessorMenu::addCabinetParameters()
 void CProcessorMenu::addLater(QMenu &menu, const QString &text, const QString &icon)
 {
     QAction *entry = menu.addAction(icon.isEmpty() ? QIcon() : QIcon(icon), text);
-    entry->setEnabled(false);
-    entry->setToolTip(tr("Available in a later version"));
+    allowUnless(entry, tr("Available in a later version"));
 }
 
 QMenu *CProcessorMenu::addOtherProcessors(const QString &text, const QString &icon,
@@ -143,14 +158,17 @@ QMenu *CProcessorMenu::addOtherProcessors(const QString &text, const QString &ic
         if (other.uuid == m_processor.uuid)
             continue;
         const bool fiber = CHostAccess::handler()->isFiberTransceiverMode(other.uuid);
-        QAction *entry =
-            addEntry(*submenu, fiber ? tr("Fiber Optic Transceiver Mode is on") : other.displayText(),
-                     [chosen, uuid = other.uuid] { chosen(uuid); });
-        entry->setEnabled(!fiber);
-        if (fiber)
-            entry->setToolTip(other.displayText());
+        QAction *entry = addEntry(*submenu, fiber ? fiberText() : other.displayText(),
+                                  [chosen, uuid = other.uuid] { chosen(uuid); });
+        if (fiber) // the entry says why, the tip which one
+            allowUnless(entry, other.displayText());
     }
     return submenu;
+}
+
+QString CProcessorMenu::reasonFor(const QMenu &others, const QString &reason)
+{
+    return reason.isEmpty() && others.isEmpty() ? tr("There is no other processor") : reason;
 }
 
 QMenu *CProcessorMenu::addSubmenu(QMenu &menu, const QString &text, const QString &icon)

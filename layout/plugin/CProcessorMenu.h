@@ -34,6 +34,8 @@ private:
     /// A submenu of all other processors; those in fibre optic transceiver mode cannot be chosen.
     QMenu *addOtherProcessors(const QString &text, const QString &icon,
                               const std::function<void(const QUuid &)> &chosen);
+    /// @p reason, or that @p others is empty, or nothing.
+    static QString reasonFor(const QMenu &others, const QString &reason);
     QMenu *addSubmenu(QMenu &menu, const QString &text, const QString &icon = {});
     QAction *addEntry(QMenu &menu, const QString &text, const std::function<void()> &chosen,
                       const QString &icon = {});
@@ -41,6 +43,6 @@ private:
     QMenu &m_menu;
     CProcessorCommands &m_commands;
     const ProcessorTree::ProcessorNode m_processor;
-    const bool m_fiber;    // nothing but leaving the mode is possible
-    const bool m_editable; // its layout may be replaced
+    const QString m_modeReason; // why nothing can be done but leaving the mode; empty: it can
+    const QString m_editReason; // why its layout cannot be replaced; empty: it can
 };

@@ -5,16 +5,18 @@
 #include <QAction>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QStyleOptionToolButton>
+#include <QStylePainter>
 
 CMenuToolButton::CMenuToolButton(const QString &caption, QWidget *parent)
     : QToolButton(parent)
-    , m_caption(caption)
     , m_menu(new QMenu(this))
 {
     setText(caption);
     setFocusPolicy(Qt::StrongFocus);
     setPopupMode(QToolButton::MenuButtonPopup);
     setMenu(m_menu);
+    m_menu->setToolTipsVisible(true);
     // The menu also reports an action that was triggered by a click on the button.
     connect(m_menu, &QMenu::triggered, this, &CMenuToolButton::notifyActionTriggered);
 }
@@ -22,14 +24,42 @@ CMenuToolButton::CMenuToolButton(const QString &caption, QWidget *parent)
 QAction *CMenuToolButton::addAction(const QString &text, const QVariant &value)
 {
     QAction *action = m_menu->addAction(text);
-    action->setIconText(m_caption); // the button shows this, the menu the text
-    action->setToolTip(text);
     action->setData(value);
-    if (!defaultAction()) {
-        setDefaultAction(action);
+    if (!m_menu->defaultAction()) {
+        // Not the button's own default action: that one would disable the drop-down with it.
         m_menu->setDefaultAction(action);
+        setToolTip(text);
+        connect(this, &QToolButton::clicked, action, [action] {
+            if (action->isEnabled())
+                action->trigger();
+        });
     }
     return action;
+}
+
+void CMenuToolButton::setDefaultBlocked(const QString &reason)
+{
+    QAction &action = *m_menu->defaultAction();
+    action.setEnabled(reason.isEmpty());
+    action.setToolTip(reason.isEmpty() ? action.text() : reason);
+    setToolTip(action.toolTip());
+    update();
+}
+
+void CMenuToolButton::paintEvent(QPaintEvent *)
+{
+    QStylePainter painter(this);
+    QStyleOptionToolButton option;
+    initStyleOption(&option);
+    painter.drawComplexControl(QStyle::CC_ToolButton, option);
+    const QAction *action = m_menu->defaultAction();
+    if (!isEnabled() || !action || action->isEnabled())
+        return;
+    const QRect arrow =
+        style()->subControlRect(QStyle::CC_ToolButton, &option, QStyle::SC_ToolButtonMenu, this);
+    painter.setClipRegion(QRegion(rect()) - arrow);
+    option.state &= ~(QStyle::State_Enabled | QStyle::State_MouseOver | QStyle::State_Sunken);
+    painter.drawComplexControl(QStyle::CC_ToolButton, option);
 }
 
 void CMenuToolButton::keyPressEvent(QKeyEvent *event)

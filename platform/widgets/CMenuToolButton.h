@@ -7,8 +7,8 @@
 
 class QMenu;
 
-/// A button with a drop-down of variants of one operation: a click runs the default variant, choosing another
-/// runs that and makes it the default. Down or F4 opens the drop-down from the keyboard.
+/// A button with a drop-down of variants of one operation: a click runs the default variant, the first one.
+/// Down or F4 opens the drop-down from the keyboard.
 class CMenuToolButton final : public QToolButton
 {
     Q_OBJECT
@@ -21,15 +21,19 @@ public:
     /// one. The button owns it.
     QAction *addAction(const QString &text, const QVariant &value);
 
+    /// Blocks the default variant, of which there must be one: a click does nothing then, the others can
+    /// still be chosen. @p reason is shown as tool tip; an empty one lifts the block.
+    void setDefaultBlocked(const QString &reason);
+
 Q_SIGNALS:
     /// @p action, one of those added, is to run.
     void notifyActionTriggered(QAction *action);
 
 protected:
+    void paintEvent(QPaintEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void changeEvent(QEvent *event) override;
 
 private:
-    QString m_caption;
     QMenu *m_menu = nullptr;
 };

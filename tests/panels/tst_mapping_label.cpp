@@ -30,6 +30,11 @@ CMenuToolButton *buttonNamed(const QWidget &parent, const QString &text)
     return nullptr;
 }
 
+bool takesAClick(const CMenuToolButton &button)
+{
+    return button.isEnabled() && button.menu()->defaultAction()->isEnabled();
+}
+
 QCheckBox *optionNamed(const QWidget &parent, const QString &text)
 {
     for (QCheckBox *option : parent.findChildren<QCheckBox *>()) {
@@ -92,7 +97,7 @@ private Q_SLOTS:
         }
         QCOMPARE(texts.join(QLatin1Char('|')), entries);
         QCOMPARE(roles, (Roles{ReadSaveMappingRole::Current, ReadSaveMappingRole::All}));
-        QCOMPARE(tool->defaultAction(), tool->menu()->actions().first());
+        QCOMPARE(tool->menu()->defaultAction(), tool->menu()->actions().first());
     }
 
     void aClickMeansTheCurrentProcessorWhateverWasChosenBefore()
@@ -118,7 +123,7 @@ private Q_SLOTS:
         CMappingLabel unit;
         const CMenuToolButton *read = buttonNamed(unit, QStringLiteral("Read"));
         const CMenuToolButton *save = buttonNamed(unit, QStringLiteral("Save"));
-        QVERIFY(!save->isEnabled());
+        QVERIFY(!takesAClick(*save));
         QCOMPARE(save->toolTip(), QStringLiteral("Please select a single processor that is online"));
         unit.onCurrentProcessorChanged(onlineProcessor());
         unit.setReadBlocked(true);
@@ -127,6 +132,60 @@ private Q_SLOTS:
         unit.setReadBlocked(false);
         QVERIFY(read->isEnabled());
         QCOMPARE(read->toolTip(), QStringLiteral("Current processor cabinets"));
+        unit.setBusy(true);
+        QCOMPARE(save->toolTip(), QStringLiteral("The mapping is being read or saved"));
+    }
+
+    void allCanBeChosenWithoutACurrentProcessor_data()
+    {
+        QTest::addColumn<bool>("known");
+        QTest::newRow("none") << false;
+        QTest::newRow("offline") << true;
+    }
+
+    void allCanBeChosenWithoutACurrentProcessor()
+    {
+        QFETCH(bool, known);
+        ProcessorTree::ProcessorNode processor = onlineProcessor();
+        processor.online = false;
+        CMappingLabel unit;
+        if (known)
+            unit.onCurrentProcessorChanged(processor);
+        unit.show();
+        SRequests requests(unit);
+        for (const char *name : {"Read", "Save"}) {
+            CMenuToolButton *button = buttonNamed(unit, QString::fromLatin1(name));
+            QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(20, 12));
+            QTest::keyClick(button, Qt::Key_Space);
+            bool wasOpen = false;
+            QTimer::singleShot(0, button, [menu = button->menu(), &wasOpen] {
+                wasOpen = menu->isVisible();
+                menu->setActiveAction(menu->actions().last());
+                QTest::keyClick(menu, Qt::Key_Return);
+                menu->close();
+            });
+            QTest::keyClick(button, Qt::Key_Down); // returns once the drop-down is closed
+            QVERIFY2(wasOpen, name);
+        }
+        QCOMPARE(requests.reads, Roles{ReadSaveMappingRole::All});
+        QCOMPARE(requests.saves, Roles{ReadSaveMappingRole::All});
+    }
+
+    void aBlockedDefaultLooksIt()
+    {
+        CMenuToolButton button(QStringLiteral("Read"));
+        button.addAction(QStringLiteral("One"), 1);
+        button.setFixedSize(96, 24);
+        const auto differs = [&button](const QImage &before) {
+            const QImage now = button.grab().toImage();
+            return qMakePair(now.copy(0, 0, 70, 24) != before.copy(0, 0, 70, 24),
+                             now.copy(85, 4, 8, 16) != before.copy(85, 4, 8, 16));
+        };
+        const QImage usual = button.grab().toImage();
+        button.setDefaultBlocked(QStringLiteral("No"));
+        QCOMPARE(differs(usual), qMakePair(true, false)); // the arrow still can be used
+        button.setEnabled(false);
+        QCOMPARE(differs(usual), qMakePair(true, true));
     }
 
     void aReadTakesTheOptionsAlong_data()
@@ -182,12 +241,12 @@ private Q_SLOTS:
         CMappingLabel unit;
         const CMenuToolButton *read = buttonNamed(unit, QStringLiteral("Read"));
         const CMenuToolButton *save = buttonNamed(unit, QStringLiteral("Save"));
-        QVERIFY(!read->isEnabled() && !save->isEnabled());
+        QVERIFY(!takesAClick(*read) && !takesAClick(*save));
         unit.onCurrentProcessorChanged(processor);
-        QCOMPARE(read->isEnabled(), usable);
-        QCOMPARE(save->isEnabled(), usable);
+        QCOMPARE(takesAClick(*read), usable);
+        QCOMPARE(takesAClick(*save), usable);
         unit.onCurrentProcessorStateChanged(onlineProcessor());
-        QVERIFY(read->isEnabled() && save->isEnabled());
+        QVERIFY(takesAClick(*read) && takesAClick(*save));
     }
 
     void runsOneOperationAtATime()
@@ -201,12 +260,12 @@ private Q_SLOTS:
         QVERIFY(!read->isEnabled() && !save->isEnabled());
         unit.onCurrentProcessorStateChanged({});
         unit.setBusy(false);
-        QVERIFY(!read->isEnabled() && !save->isEnabled());
+        QVERIFY(!takesAClick(*read) && !takesAClick(*save));
         unit.onCurrentProcessorStateChanged(onlineProcessor());
-        QVERIFY(read->isEnabled() && save->isEnabled());
+        QVERIFY(takesAClick(*read) && takesAClick(*save));
     }
 
-    void theDropDownClosesWhenTheProcessorGoes()
+    void theDropDownClosesWhenAnOperationBegins()
     {
         CMappingLabel unit;
         unit.onCurrentProcessorChanged(onlineProcessor());
@@ -215,7 +274,7 @@ private Q_SLOTS:
         bool wasOpen = false;
         QTimer::singleShot(0, &unit, [&] {
             wasOpen = read->menu()->isVisible();
-            unit.onCurrentProcessorStateChanged({});
+            unit.setBusy(true);
         });
         QTest::keyClick(read, Qt::Key_Down); // returns once the drop-down is closed
         QVERIFY(wasOpen);

@@ -12,6 +12,7 @@
 #include "tests/harness/CTestBase.h"
 
 #include <QLabel>
+#include <QMenu>
 #include <QPainter>
 #include <QPushButton>
 #include <QStackedLayout>
@@ -66,7 +67,8 @@ struct SModuleScene final
     {
         const QList<QToolButton *> buttons = layout.rightBarWidget()->findChildren<QToolButton *>();
         return std::any_of(buttons.begin(), buttons.end(), [](const QToolButton *button) {
-            return button->text() == QLatin1String("Save") && button->isEnabled();
+            return button->text() == QLatin1String("Save") && button->isEnabled() &&
+                   button->menu()->defaultAction()->isEnabled();
         });
     }
     /// How many cabinets carry the mark of a custom-defined one.

@@ -70,6 +70,20 @@ QStringList textsOf(const QMenu &menu)
     return texts;
 }
 
+/// The texts of the disabled entries of a menu and its submenus that do not tell why they are.
+QStringList withoutReason(const QMenu &menu)
+{
+    QStringList texts = menu.toolTipsVisible() ? QStringList() : QStringList{menu.title()};
+    for (const QAction *action : menu.actions()) {
+        const bool told = action->toolTip() != action->text() && !action->toolTip().isEmpty();
+        if (!action->isSeparator() && !action->isEnabled() && !told)
+            texts << action->text();
+        if (action->menu())
+            texts << withoutReason(*action->menu());
+    }
+    return texts;
+}
+
 /// Answers the next file dialog as a user does; an empty name cancels it. Notes its title and proposal.
 class CFileDialogAnswerer final : public QObject
 {
@@ -144,7 +158,9 @@ private Q_SLOTS:
             QVERIFY2(!entry->isEnabled(), later);
             QCOMPARE(entry->toolTip(), QStringLiteral("Available in a later version"));
         }
-        QVERIFY(!scene.enabled("Cancel redundancy")); // not in a pair
+        QVERIFY(!scene.enabled("Cancel redundancy"));
+        QCOMPARE(scene.entry(QStringLiteral("Cancel redundancy"))->toolTip(),
+                 QStringLiteral("The processor is not in a redundancy pair"));
         QVERIFY(scene.entry(QStringLiteral("Number of output ports>4"))->isChecked());
         QVERIFY(scene.enabled("Number of output ports>16"));
         QVERIFY(!scene.enabled("Number of output ports>20")); // of at most 16
@@ -155,28 +171,54 @@ private Q_SLOTS:
         QTest::addColumn<bool>("fiber");
         QTest::addColumn<bool>("editable");
         QTest::addColumn<bool>("online");
+        QTest::addColumn<bool>("alone");
+        QTest::addColumn<bool>("current");
         QTest::addColumn<QString>("enabled"); // import, copy, export, LED, ports, redundancy
-        QTest::newRow("all") << false << true << true << QStringLiteral("111111");
-        QTest::newRow("blocked") << false << false << true << QStringLiteral("001101");
-        QTest::newRow("offline") << false << true << false << QStringLiteral("111011");
-        QTest::newRow("fibre") << true << true << true << QStringLiteral("000000");
+        QTest::addColumn<QString>("reason");
+        const auto row = [](const char *name, std::initializer_list<bool> state, const char *enabled,
+                            const char *reason) {
+            QTestData &data = QTest::newRow(name);
+            for (const bool is : state)
+                data << is;
+            data << QString::fromLatin1(enabled) << QString::fromLatin1(reason);
+        };
+        row("all", {false, true, true, false, true}, "111111", "");
+        row("blocked", {false, false, true, false, true}, "001101", "Editing is locked");
+        row("offline", {false, true, false, false, true}, "111011", "The processor is offline");
+        row("fibre", {true, true, true, false, true}, "000000", "Fiber Optic Transceiver Mode is on");
+        row("fibre and blocked", {true, false, true, true, true}, "000000",
+            "Fiber Optic Transceiver Mode is on");
+        row("alone", {false, true, true, true, true}, "101110", "There is no other processor");
+        row("not current", {false, true, true, false, false}, "111011",
+            "The processor is not the current one");
     }
     void enablesWhatThePartiesAllow()
     {
         QFETCH(bool, fiber);
         QFETCH(bool, editable);
         QFETCH(bool, online);
+        QFETCH(bool, alone);
+        QFETCH(bool, current);
         QFETCH(QString, enabled);
+        QFETCH(QString, reason);
         SMenuScene scene;
         scene.answers().nodes[0].online = online;
         if (fiber)
             scene.answers().fiber = {scene.a};
+        if (alone)
+            scene.answers().nodes.removeLast();
+        if (!current)
+            scene.answers().current = scene.b;
         scene.fill(editable);
+        QCOMPARE(withoutReason(scene.menu), QStringList());
         QString seen;
         for (const char *path :
              {"Import mapping by processor...", "Copy mapping from", "Export mapping by processor...",
-              "Cabinet status LED", "Number of output ports", "Set as redundancy for"})
-            seen += scene.enabled(path) ? QLatin1Char('1') : QLatin1Char('0');
+              "Cabinet status LED", "Number of output ports", "Set as redundancy for"}) {
+            const QAction *entry = scene.entry(QString::fromLatin1(path));
+            seen += entry->isEnabled() ? QLatin1Char('1') : QLatin1Char('0');
+            QVERIFY2(entry->isEnabled() || entry->toolTip() == reason, path);
+        }
         QCOMPARE(seen, enabled);
     }
 
