@@ -103,6 +103,16 @@ void CLayoutData::syncLayoutData(bool atOnce)
                          [this, ports = edit->changedPorts] { updatePortLoads(ports); });
 }
 
+void CLayoutData::takeSavedMapping()
+{
+    const QUuid processor = m_states.editable();
+    const auto handler = CHostAccess::handler();
+    if (!handler || processor.isNull())
+        return;
+    Q_EMIT notifyMappingSaved(handler->layoutData(processor).layout);
+    syncLayoutData(false);
+}
+
 bool CLayoutData::updatePortLoad(int port, bool withProcessor)
 {
     if (port < 0 || port >= m_states.ports().size())

@@ -73,6 +73,9 @@ public:
     /// that changed follow. GUI thread.
     void syncLayoutData(bool atOnce);
 
+    /// The host has saved the mapping: the edited layout takes the cabinets' places in it over. GUI thread.
+    void takeSavedMapping();
+
     /// Asks the host for a port's load and announces it, when it differs, for the port and for its redundancy
     /// port; with @p withProcessor also the processor's. True when it differed.
     bool updatePortLoad(int port, bool withProcessor);
@@ -103,6 +106,8 @@ Q_SIGNALS:
     /// The host holds another layout of @p processor than the editor shows: the editor must load it again,
     /// its edits no longer count.
     void notifyLayoutReplaced(const QUuid &processor);
+    /// The processor in the editor has saved @p mapping, the cabinets' places in it included.
+    void notifyMappingSaved(const CabinetLayout &mapping);
 
 private:
     friend class CNotificationDispatch; // the part of the store that listens to the host

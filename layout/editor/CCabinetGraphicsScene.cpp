@@ -78,6 +78,7 @@ CGraphicsItemBase *CCabinetGraphicsScene::editedItem(const QUuid &uuid) const
 void CCabinetGraphicsScene::enterEdited(CGraphicsItemBase &item)
 {
     enterItem(item);
+    m_content.updateMappingIndex(item);
 }
 
 void CCabinetGraphicsScene::leaveEdited(CGraphicsItemBase &item)

@@ -44,6 +44,8 @@ public:
     {
         m_content.read(layout, processor);
     }
+    /// The processor has saved @p mapping: the cabinets take their places in it. No edit.
+    void takeMappingIndices(const CabinetLayout &mapping) { m_content.takeMappingIndices(mapping); }
 
     /// In ascending port index.
     const QVector<CGraphicsPortItem *> &portItems() const { return m_content.ports(); }

@@ -6,6 +6,7 @@
 #include "layout/editor/CLayoutReader.h"
 #include "layout/editor/CLayoutRebuild.h"
 #include "layout/editor/CUndoRecorder.h"
+#include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IEditorScene.h"
 
@@ -17,6 +18,7 @@ void CSceneContent::build(const LayoutData &data)
 {
     m_processor = data.processor;
     m_canvas = data.canvas;
+    m_mappingIndices.reset();
     CLayoutBuilder builder(m_editor, m_states, m_nextOrdinal);
     for (const CabinetLayout::CabinetPort &record : data.layout.ports) {
         CGraphicsPortItem *item = builder.build(record);
@@ -53,6 +55,30 @@ void CSceneContent::rebuild(const LayoutData &data, CUndoRecorder &recorder)
         rebuild.fill(*m_ports.at(i), record);
     }
     m_nextOrdinal = rebuild.nextOrdinal();
+    takeMappingIndices(data.layout); // also of what undo of the reset brings back
+}
+
+void CSceneContent::takeMappingIndices(const CabinetLayout &mapping)
+{
+    m_mappingIndices.emplace();
+    for (const CabinetLayout::CabinetPort &port : mapping.ports) {
+        for (const CabinetLayout::CabinetPort::Cabinet &cabinet : port.getAllCabinets())
+            m_mappingIndices->insert(cabinet.uuid, cabinet.mappingIndex);
+    }
+    for (CGraphicsPortItem *port : qAsConst(m_ports)) {
+        for (CGraphicsCabinetItem *cabinet : port->cabinets(nullptr)) {
+            const int before = cabinet->cabinet().mappingIndex;
+            updateMappingIndex(*cabinet);
+            if (cabinet->cabinet().mappingIndex != before)
+                m_records.remove(port->port());
+        }
+    }
+}
+
+void CSceneContent::updateMappingIndex(CGraphicsItemBase &item) const
+{
+    if (m_mappingIndices && item.type() == CabinetItemKind)
+        static_cast<CGraphicsCabinetItem &>(item).setMappingIndex(m_mappingIndices->value(item.uuid(), -1));
 }
 
 void CSceneContent::clear()

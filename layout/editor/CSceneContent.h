@@ -6,6 +6,9 @@
 
 #include <QHash>
 
+#include <optional>
+
+class CGraphicsItemBase;
 class CGraphicsPortItem;
 class CUndoRecorder;
 class IEditorScene;
@@ -30,6 +33,11 @@ public:
     bool canRebuild(const LayoutData &data) const;
     /// Replaces what the ports hold as commands that can be undone.
     void rebuild(const LayoutData &data, CUndoRecorder &recorder);
+    /// The cabinets' places in the mapping become those of @p mapping, which the processor has saved. No
+    /// edit: undo neither sees it nor brings older places back.
+    void takeMappingIndices(const CabinetLayout &mapping);
+    /// Brings an item that an edit puts in up to date with takeMappingIndices().
+    void updateMappingIndex(CGraphicsItemBase &item) const;
     /// Forgets everything; the scene removes the items.
     void clear();
 
@@ -60,5 +68,6 @@ private:
     QUuid m_processor;
     QVector<CGraphicsPortItem *> m_ports;
     qint64 m_nextOrdinal = 0;
+    std::optional<QHash<QUuid, int>> m_mappingIndices;        // once saved since the layout was loaded
     mutable QHash<int, CabinetLayout::CabinetPort> m_records; // by port index
 };

@@ -135,6 +135,7 @@ void CLayoutEditorPage::connectSignals()
     connect(&m_store, &CLayoutData::notifyProcessorPortBackup, scene, &CCabinetGraphicsScene::backupPort);
     connect(&m_store, &CLayoutData::notifyLayoutOptionChanged, scene,
             &CCabinetGraphicsScene::onNotifyProcessorStateChanged);
+    connect(&m_store, &CLayoutData::notifyMappingSaved, scene, &CCabinetGraphicsScene::takeMappingIndices);
     connect(scene, &CCabinetGraphicsScene::notifySceneChanged, &m_store,
             [this] { m_store.syncLayoutData(false); });
     connect(scene, &CCabinetGraphicsScene::notifySelectedChanged, &m_store, [this](const QList<int> &ports) {

@@ -50,6 +50,7 @@ void CMappingCommands::endRead(const SDeviceOutcome &outcome)
 void CMappingCommands::endSave(const SDeviceOutcome &outcome)
 {
     m_panel.setMappingBusy(false);
+    m_store.takeSavedMapping(); // also of a failure, of which the current processor may not be part
     if (outcome.isDone())
         m_panel.reportMappingSaved();
     report(outcome, tr("Save mapping successful."), tr("Save mapping failed."));

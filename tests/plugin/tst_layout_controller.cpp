@@ -233,6 +233,46 @@ private Q_SLOTS:
         QVERIFY(!module.scene().undoStack()->canUndo());
     }
 
+    void aSavedMappingReachesTheEditorsRecords()
+    {
+        using Cabinet = CabinetLayout::CabinetPort::Cabinet;
+        SModuleScene module;
+        module.select({module.a});
+        const auto indices = [&module] {
+            QMap<QUuid, int> byKey;
+            CabinetLayout shown;
+            module.scene().getLayoutData(shown, module.a);
+            for (const CabinetLayout::CabinetPort &port : shown.ports) {
+                for (const Cabinet &cabinet : port.getAllCabinets())
+                    byKey.insert(cabinet.uuid, cabinet.mappingIndex);
+            }
+            return byKey;
+        };
+        module.scene().selectAllItem();
+        module.scene().selectedItemMoveDown();
+        module.answers().answerLater = true;
+        auto *panel = static_cast<CLayoutSidePanel *>(module.layout.rightBarWidget());
+        Q_EMIT panel->notifySaveMapping(ReadSaveMappingRole::Current);
+        QCOMPARE(indices().values().count(-1), 12);
+        QMap<QUuid, int> saved;
+        for (CabinetLayout::CabinetPort &port : module.answers().layouts[module.a].layout.ports) {
+            for (Cabinet &cabinet : port.groups[0].cabinets)
+                saved.insert(cabinet.uuid, cabinet.mappingIndex = saved.size());
+        }
+        CMessageBoxAnswerer user({QStringLiteral("OK")});
+        module.answers().waiting.front()({SDeviceOutcome::Done, {}});
+        QCOMPARE(indices(), saved);
+        QCOMPARE(module.scene().undoStack()->count(), 1);
+
+        module.scene().deleteSelected();
+        module.scene().undoStack()->undo();
+        module.scene().undoStack()->undo(); // to before the save
+        QCOMPARE(indices(), saved);
+        module.store.syncLayoutData(true);
+        for (const CabinetLayout::CabinetPort &port : module.answers().layoutData(module.a).layout.ports)
+            QVERIFY(port.getAllCabinets().first().mappingIndex >= 0);
+    }
+
     void tellsHowAReadEnded()
     {
         SModuleScene module;

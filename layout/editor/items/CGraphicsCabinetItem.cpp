@@ -43,6 +43,7 @@ void CGraphicsCabinetItem::setCabinet(const Cabinet &cabinetRecord)
     record().uuid = previous.uuid;
     record().port = previous.port;
     record().group = previous.group;
+    record().mappingIndex = previous.mappingIndex;
     record().rank = m_chainPosition;
     const QRectF placement = CCabinetRect::fromRecord(cabinetRecord.rect);
     setSize(placement.size());
