@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/CabinetLayout.h"
+#include "layout/data/records/SSettings.h"
+#include "platform/widgets/CDialog.h"
+
+#include <functional>
+
+class QAction;
+class QFormLayout;
+class QLabel;
+class QMenu;
+class QPushButton;
+
+/// Asks which type of the library the selected cabinets are to have, and whether they may be resized to it.
+/// GUI thread.
+class CCabinetTypeSetting final : public CDialog
+{
+    Q_OBJECT
+
+public:
+    using Cabinets = QList<CabinetLayout::CabinetPort::Cabinet>;
+    using RcvTypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
+    /// Gives the type library as it is now; asked each time that the menu opens.
+    using Library = std::function<QVector<SSettings::TypeLibrary::STreeNode>()>;
+
+    CCabinetTypeSetting(const Cabinets &selected, Library library, QWidget *parent);
+
+    /// The chosen type; an accepted dialog always has one, and the cabinets then take its size.
+    const RcvTypeInfo &type() const { return m_type; }
+
+    /// Asks first when a cabinet is not of the type's size; "No" leaves the dialog open.
+    void accept() override;
+
+private:
+    void buildUi();
+    void connectSignals();
+    void fillMenu();
+    void onActionTriggered(const QAction *action);
+    void showTypeLibrary();
+    bool fitsAllCabinets() const;
+
+    Cabinets m_selected;
+    Library m_library;
+    RcvTypeInfo m_type;
+    QMenu *m_menu = nullptr;
+    QPushButton *m_typeButton = nullptr;
+    QLabel *m_typeSize = nullptr;
+};

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/SSettings.h"
+
+#include <QCoreApplication>
+
+class QWidget;
+
+/// The sizes that a cabinet type must have so that cabinets can be made from it. GUI thread.
+class CTypeSizeRule final
+{
+    Q_DECLARE_TR_FUNCTIONS(CTypeSizeRule)
+
+public:
+    using RcvTypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
+
+    static constexpr int MinimumSide = 1; ///< pixels
+    static constexpr int MaximumSide = 2048;
+
+    /// Whether a cabinet can have the type's size; if not, the user is told why.
+    static bool check(const RcvTypeInfo &type, QWidget *messageParent);
+    /// The same for a type from the list of recent ones, whose message names the limits of custom cabinets.
+    static bool checkRecent(const RcvTypeInfo &type, QWidget *messageParent);
+
+private:
+    static bool isUsable(const RcvTypeInfo &type);
+    static void refuse(const RcvTypeInfo &type, const QString &text, QWidget *messageParent);
+};
