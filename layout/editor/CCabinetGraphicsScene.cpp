@@ -56,7 +56,7 @@ void CCabinetGraphicsScene::setLayoutData(const ProcessorTree::ProcessorNode &pr
         m_pending.noteSelection();
     }
     updateContentRect();
-    selectOnly(selected);
+    selectOnly(selected.toVector());
 }
 
 void CCabinetGraphicsScene::clearLayout()
@@ -77,14 +77,14 @@ CGraphicsItemBase *CCabinetGraphicsScene::editedItem(const QUuid &uuid) const
 
 void CCabinetGraphicsScene::enterEdited(CGraphicsItemBase &item)
 {
-    enterItem(item);
+    enterItem(item.uuid(), item);
     m_content.updateMappingIndex(item);
 }
 
 void CCabinetGraphicsScene::leaveEdited(CGraphicsItemBase &item)
 {
     item.setSelected(false); // Qt drops it from the selection without a word otherwise
-    leaveItem(item);
+    leaveItem(item.uuid());
 }
 
 void CCabinetGraphicsScene::setUndoStack(QUndoStack *stack)
@@ -156,10 +156,14 @@ void CCabinetGraphicsScene::exchangeReceivers(int, const QUuid &cabinet, int)
 void CCabinetGraphicsScene::selectAllItem()
 {
     const CEditBatch batch(*this);
-    for (const CGraphicsPortItem *port : portItems()) {
-        for (CGraphicsItemBase *item : port->topItems())
-            item->setSelected(true);
+    {
+        const QSignalBlocker silent(this); // Qt tells of every single item
+        for (const CGraphicsPortItem *port : portItems()) {
+            for (CGraphicsItemBase *item : port->topItems())
+                item->setSelected(true);
+        }
     }
+    Q_EMIT selectionChanged();
 }
 
 void CCabinetGraphicsScene::nudge(const QPointF &step)
@@ -209,7 +213,7 @@ void CCabinetGraphicsScene::runStep(QWidget *view, bool undoing)
         selectOnly(undoing ? own->selectionBefore() : own->selectionAfter());
 }
 
-void CCabinetGraphicsScene::selectOnly(const QList<QUuid> &uuids)
+void CCabinetGraphicsScene::selectOnly(const QVector<QUuid> &uuids)
 {
     QSet<CGraphicsItemBase *> wanted;
     for (const QUuid &uuid : uuids) {

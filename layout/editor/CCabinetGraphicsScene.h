@@ -135,7 +135,7 @@ protected:
 
 private:
     void nudge(const QPointF &step);
-    void selectOnly(const QList<QUuid> &uuids);
+    void selectOnly(const QVector<QUuid> &uuids);
     void finishBatch();
     void tellSelection();
     void updateContentRect();

@@ -7,40 +7,81 @@
 #include "layout/editor/items/CGraphicsPortItem.h"
 
 #include <algorithm>
-#include <tuple>
 
 namespace {
 
-/// By port and ordinal, which are read once: items lie all over the memory.
+/// By ordinal, which is read once: items lie all over the memory.
 template <typename Item>
-void sortByRecords(QVector<Item *> &items)
+void sortByOrdinal(QVector<Item *> &items)
 {
-    QVector<std::tuple<int, qint64, Item *>> keyed;
+    QVector<QPair<qint64, Item *>> keyed;
     keyed.reserve(items.size());
     for (Item *item : qAsConst(items))
-        keyed.append(std::make_tuple(item->port(), item->ordinal(), item));
-    std::sort(keyed.begin(), keyed.end(), [](const auto &a, const auto &b) {
-        return std::tie(std::get<0>(a), std::get<1>(a)) < std::tie(std::get<0>(b), std::get<1>(b));
-    });
+        keyed.append(qMakePair(item->ordinal(), item));
+    std::sort(keyed.begin(), keyed.end());
     std::transform(keyed.cbegin(), keyed.cend(), items.begin(),
-                   [](const auto &entry) { return std::get<2>(entry); });
+                   [](const auto &entry) { return entry.second; });
+}
+
+/// The cabinets among @p items and those of groups among them, each once, sorted.
+QVector<CGraphicsCabinetItem *> cabinetsOf(const QSet<CGraphicsItemBase *> &items)
+{
+    QVector<CGraphicsCabinetItem *> cabinets;
+    cabinets.reserve(items.size());
+    bool anyGroup = false;
+    for (CGraphicsItemBase *item : items) {
+        if (item->type() == CabinetItemKind) {
+            cabinets << static_cast<CGraphicsCabinetItem *>(item);
+        } else {
+            cabinets += item->concernedCabinets();
+            anyGroup = true;
+        }
+    }
+    sortByOrdinal(cabinets);
+    if (anyGroup)
+        cabinets.erase(std::unique(cabinets.begin(), cabinets.end()), cabinets.end());
+    return cabinets;
 }
 
 } // namespace
 
 void CSceneSelection::note(CGraphicsItemBase &item, bool selected)
 {
+    QSet<CGraphicsItemBase *> &ofPort = m_items[item.port()];
+    const int before = ofPort.size();
     if (selected)
-        m_items.insert(&item);
+        ofPort.insert(&item);
     else
-        m_items.remove(&item);
+        ofPort.remove(&item);
+    const int change = ofPort.size() - before;
+    m_count += change;
+    if (item.type() == GroupItemKind)
+        m_groupCount += change;
+    if (ofPort.isEmpty())
+        m_items.remove(item.port());
+}
+
+QSet<CGraphicsItemBase *> CSceneSelection::items() const
+{
+    QSet<CGraphicsItemBase *> all;
+    all.reserve(m_count);
+    for (const QSet<CGraphicsItemBase *> &ofPort : m_items) {
+        for (CGraphicsItemBase *item : ofPort)
+            all.insert(item);
+    }
+    return all;
 }
 
 QVector<CGraphicsItemBase *> CSceneSelection::sorted() const
 {
-    QVector<CGraphicsItemBase *> items(m_items.begin(), m_items.end());
-    sortByRecords(items);
-    return items;
+    QVector<CGraphicsItemBase *> all;
+    all.reserve(m_count);
+    for (const QSet<CGraphicsItemBase *> &ofPort : m_items) {
+        QVector<CGraphicsItemBase *> items(ofPort.begin(), ofPort.end());
+        sortByOrdinal(items);
+        all += items;
+    }
+    return all;
 }
 
 QVector<CGraphicsGroupItem *> CSceneSelection::groups() const
@@ -55,65 +96,32 @@ QVector<CGraphicsGroupItem *> CSceneSelection::groups() const
 
 QVector<CGraphicsCabinetItem *> CSceneSelection::cabinets() const
 {
-    QVector<CGraphicsCabinetItem *> cabinets;
-    cabinets.reserve(m_items.size());
-    bool anyGroup = false;
-    for (CGraphicsItemBase *item : m_items) {
-        if (item->type() == CabinetItemKind) {
-            cabinets << static_cast<CGraphicsCabinetItem *>(item);
-        } else {
-            cabinets += item->concernedCabinets();
-            anyGroup = true;
-        }
-    }
-    sortByRecords(cabinets);
-    if (anyGroup)
-        cabinets.erase(std::unique(cabinets.begin(), cabinets.end()), cabinets.end());
-    return cabinets;
+    QVector<CGraphicsCabinetItem *> all;
+    all.reserve(m_count);
+    for (const QSet<CGraphicsItemBase *> &ofPort : m_items)
+        all += cabinetsOf(ofPort);
+    return all;
 }
 
 QVector<QVector<CGraphicsCabinetItem *>> CSceneSelection::cabinetsByPort() const
 {
-    const QVector<CGraphicsCabinetItem *> all = cabinets(); // those of a port stand together
     QVector<QVector<CGraphicsCabinetItem *>> byPort;
-    for (CGraphicsCabinetItem *cabinet : all) {
-        if (byPort.isEmpty() || byPort.last().first()->port() != cabinet->port())
-            byPort << QVector<CGraphicsCabinetItem *>();
-        byPort.last() << cabinet;
+    for (const QSet<CGraphicsItemBase *> &ofPort : m_items) {
+        const QVector<CGraphicsCabinetItem *> cabinets = cabinetsOf(ofPort);
+        if (!cabinets.isEmpty())
+            byPort << cabinets;
     }
     return byPort;
 }
 
-QSet<CGraphicsPortItem *> CSceneSelection::portItems() const
+QVector<QUuid> CSceneSelection::uuids() const
 {
-    QSet<CGraphicsPortItem *> ports;
-    QSet<int> seen;
-    for (const CGraphicsItemBase *item : m_items) {
-        if (seen.contains(item->port()))
-            continue;
-        if (CGraphicsPortItem *port = item->portItem()) {
-            seen.insert(item->port());
-            ports.insert(port);
-        }
+    QVector<QUuid> uuids;
+    uuids.reserve(m_count);
+    for (const QSet<CGraphicsItemBase *> &ofPort : m_items) {
+        for (const CGraphicsItemBase *item : ofPort)
+            uuids << item->uuid();
     }
-    return ports;
-}
-
-QList<int> CSceneSelection::ports() const
-{
-    QList<int> indices;
-    for (const CGraphicsPortItem *port : portItems())
-        indices << port->port();
-    std::sort(indices.begin(), indices.end());
-    return indices;
-}
-
-QList<QUuid> CSceneSelection::uuids() const
-{
-    QList<QUuid> uuids;
-    uuids.reserve(m_items.size());
-    for (const CGraphicsItemBase *item : m_items)
-        uuids << item->uuid();
     return uuids;
 }
 
@@ -129,24 +137,23 @@ QList<CabinetLayout::CabinetPort::Cabinet> CSceneSelection::records() const
 
 bool CSceneSelection::canGroup() const
 {
-    if (m_items.size() < 2)
+    if (m_count < 2 || m_items.size() != 1 || touchesLockedPort())
         return false;
-    const QGraphicsItem *parent = (*m_items.begin())->parentItem();
-    if (!parent || parent->type() != PortItemKind || touchesLockedPort())
-        return false;
-    return std::all_of(m_items.begin(), m_items.end(),
-                       [parent](const CGraphicsItemBase *item) { return item->parentItem() == parent; });
+    const QSet<CGraphicsItemBase *> &items = m_items.first();
+    return std::all_of(items.begin(), items.end(), [](const CGraphicsItemBase *item) {
+        return item->parentItem() && item->parentItem()->type() == PortItemKind;
+    });
 }
 
 bool CSceneSelection::canBreakGroup() const
 {
-    const auto isGroup = [](const CGraphicsItemBase *item) { return item->type() == GroupItemKind; };
-    return std::any_of(m_items.begin(), m_items.end(), isGroup) && !touchesLockedPort();
+    return m_groupCount > 0 && !touchesLockedPort();
 }
 
 bool CSceneSelection::touchesLockedPort() const
 {
-    const QSet<CGraphicsPortItem *> ports = portItems();
-    return std::any_of(ports.begin(), ports.end(),
-                       [](const CGraphicsPortItem *port) { return port->isLocked(); });
+    return std::any_of(m_items.begin(), m_items.end(), [](const QSet<CGraphicsItemBase *> &ofPort) {
+        const CGraphicsPortItem *port = (*ofPort.begin())->portItem();
+        return port && port->isLocked();
+    });
 }

@@ -5,24 +5,23 @@
 #include "layout/data/records/CabinetLayout.h"
 
 #include <QList>
+#include <QMap>
 #include <QSet>
 #include <QVector>
 
 class CGraphicsCabinetItem;
 class CGraphicsGroupItem;
 class CGraphicsItemBase;
-class CGraphicsPortItem;
 
 /// Keeps what is selected in the scene, so that nobody has to walk or copy Qt's own list. GUI thread.
 class CSceneSelection final
 {
 public:
     void note(CGraphicsItemBase &item, bool selected);
-    void clear() { m_items.clear(); }
 
-    int count() const { return m_items.size(); }
-    bool isEmpty() const { return m_items.isEmpty(); }
-    const QSet<CGraphicsItemBase *> &items() const { return m_items; }
+    int count() const { return m_count; }
+    bool isEmpty() const { return m_count == 0; }
+    QSet<CGraphicsItemBase *> items() const;
     /// In the order of their records, so that results never depend on the order of selecting.
     QVector<CGraphicsItemBase *> sorted() const;
     QVector<CGraphicsGroupItem *> groups() const; ///< the selected groups, sorted
@@ -32,8 +31,8 @@ public:
     QVector<CGraphicsCabinetItem *> cabinets() const;
     QVector<QVector<CGraphicsCabinetItem *>> cabinetsByPort() const;
 
-    QList<int> ports() const; ///< that hold selected items, ascending
-    QList<QUuid> uuids() const;
+    QList<int> ports() const { return m_items.keys(); } ///< that hold selected items, ascending
+    QVector<QUuid> uuids() const;
     QList<CabinetLayout::CabinetPort::Cabinet> records() const;
 
     /// Two or more items that lie directly in one port, which is not locked.
@@ -44,7 +43,7 @@ public:
     bool touchesLockedPort() const;
 
 private:
-    QSet<CGraphicsPortItem *> portItems() const;
-
-    QSet<CGraphicsItemBase *> m_items;
+    QMap<int, QSet<CGraphicsItemBase *>> m_items; // by port; none is empty
+    int m_count = 0;
+    int m_groupCount = 0;
 };

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QList>
 #include <QString>
 #include <QUndoStack>
 #include <QUuid>
+#include <QVector>
 
 #include <functional>
 #include <memory>
@@ -18,7 +18,7 @@ class CUndoRecorder final
 {
 public:
     /// @p selection gives the identities of what is selected.
-    explicit CUndoRecorder(std::function<QList<QUuid>()> selection)
+    explicit CUndoRecorder(std::function<QVector<QUuid>()> selection)
         : m_selection(std::move(selection))
     {
     }
@@ -43,11 +43,11 @@ private:
     void begin(const QString &operationName, const QString &text);
     void end();
 
-    std::function<QList<QUuid>()> m_selection;
+    std::function<QVector<QUuid>()> m_selection;
     QUndoStack *m_stack = nullptr;
     QString m_operationName;
     QString m_text;
-    QList<QUuid> m_selectionBefore;
+    QVector<QUuid> m_selectionBefore;
     CUndoCommandBase *m_first = nullptr; // of the open macro; owned by the stack
     int m_depth = 0;
     bool m_recorded = false;

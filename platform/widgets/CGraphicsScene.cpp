@@ -2,9 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/widgets/CGraphicsScene.h"
 
-#include <QGraphicsItem>
-#include <QVariant>
-
 #include <algorithm>
 
 namespace {
@@ -28,16 +25,6 @@ void CGraphicsScene::setContentRect(const QRectF &content)
     const qreal margin =
         std::max(SceneLeastMargin, SceneMarginShare * std::max(content.width(), content.height()));
     setSceneRect(content.adjusted(-margin, -margin, margin, margin));
-}
-
-void CGraphicsScene::enterItem(QGraphicsItem &item)
-{
-    m_items.insert(item.data(0).toUuid(), &item);
-}
-
-void CGraphicsScene::leaveItem(QGraphicsItem &item)
-{
-    m_items.remove(item.data(0).toUuid());
 }
 
 void CGraphicsScene::polishNewItems()

@@ -28,9 +28,9 @@ public:
     QGraphicsItem *itemOf(const QUuid &uuid) const { return m_items.value(uuid, nullptr); }
 
 protected:
-    /// Makes an item known by the identity in its data role 0, as long as it is in the scene.
-    void enterItem(QGraphicsItem &item);
-    void leaveItem(QGraphicsItem &item);
+    /// Makes an item of the scene known by its identity, or forgets it.
+    void enterItem(const QUuid &uuid, QGraphicsItem &item) { m_items.insert(uuid, &item); }
+    void leaveItem(const QUuid &uuid) { m_items.remove(uuid); }
     void reserveItems(int count) { m_items.reserve(count); }
     void forgetItems() { m_items.clear(); }
 

@@ -20,14 +20,6 @@ namespace {
 
 constexpr qreal HandleSide = 9; // pixels of the screen
 
-QGraphicsItem *ancestorOfKind(const QGraphicsItem &item, int kind)
-{
-    QGraphicsItem *ancestor = item.parentItem();
-    while (ancestor && ancestor->type() != kind)
-        ancestor = ancestor->parentItem();
-    return ancestor;
-}
-
 } // namespace
 
 CGraphicsItemBase::CGraphicsItemBase(const QUuid &uuid, QGraphicsItem *parent)
@@ -39,14 +31,24 @@ CGraphicsItemBase::CGraphicsItemBase(const QUuid &uuid, QGraphicsItem *parent)
     setFlags(ItemIsMovable | ItemIsSelectable | ItemSendsGeometryChanges | ItemSendsScenePositionChanges);
 }
 
+void CGraphicsItemBase::setUuid(const QUuid &uuid)
+{
+    m_uuid = uuid;
+    setData(IdentityRole, uuid);
+}
+
 CGraphicsPortItem *CGraphicsItemBase::portItem() const
 {
-    return static_cast<CGraphicsPortItem *>(ancestorOfKind(*this, PortItemKind));
+    QGraphicsItem *ancestor = parentItem();
+    while (ancestor && ancestor->type() != PortItemKind)
+        ancestor = ancestor->parentItem();
+    return static_cast<CGraphicsPortItem *>(ancestor);
 }
 
 CGraphicsGroupItem *CGraphicsItemBase::groupItem() const
 {
-    return static_cast<CGraphicsGroupItem *>(ancestorOfKind(*this, GroupItemKind));
+    QGraphicsItem *parent = parentItem(); // between an item and its group nothing stands
+    return parent && parent->type() == GroupItemKind ? static_cast<CGraphicsGroupItem *>(parent) : nullptr;
 }
 
 IEditorScene *CGraphicsItemBase::editor() const
@@ -240,7 +242,8 @@ QVariant CGraphicsItemBase::itemChange(GraphicsItemChange change, const QVariant
     } else if (change == ItemSelectedHasChanged) {
         if (IEditorScene *editing = editor())
             editing->noteSelected(*this, isSelected());
-        setHoveredHandle(NoHandle);
+        if (m_hoveredHandle != NoHandle)
+            setHoveredHandle(NoHandle);
         m_handles.clear();
     }
     return QGraphicsRectItem::itemChange(change, value);

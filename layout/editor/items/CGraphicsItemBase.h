@@ -26,8 +26,8 @@ public:
     const QString &name() const { return m_name; }
     void setName(const QString &name) { m_name = name; }
 
-    QUuid uuid() const { return data(IdentityRole).toUuid(); }
-    void setUuid(const QUuid &uuid) { setData(IdentityRole, QVariant::fromValue(uuid)); }
+    const QUuid &uuid() const { return m_uuid; }
+    void setUuid(const QUuid &uuid);
 
     /// Output-port index of the item.
     int port() const { return m_port; }
@@ -87,6 +87,7 @@ private:
     bool selectByPress(const QGraphicsSceneMouseEvent &event);
     void resetHighlights();
 
+    QUuid m_uuid; // the same as in the data role, for which Qt searches a table of all items
     int m_port = 0;
     Cabinet m_cabinet;
     QMap<int, QRectF> m_handles;    // by handle number, in item coordinates

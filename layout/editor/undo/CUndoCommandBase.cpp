@@ -33,13 +33,14 @@ CUndoCommandBase::CUndoCommandBase(ECommandId id, QGraphicsItem *item, const QSt
     if (const CGraphicsPortItem *owner = base->portItem())
         m_editor = owner->editor();
     m_port = base->port();
-    m_parentUuid = item->parentItem() ? item->parentItem()->data(IdentityRole).toUuid() : QUuid();
+    if (const CGraphicsGroupItem *group = base->groupItem())
+        m_parentUuid = group->uuid();
     m_uuid = base->uuid();
     m_itemType = item->type();
     m_pos = item->pos();
     m_scenePos = item->scenePos();
     m_rect = base->rect();
-    for (int role = 0; role <= 2; ++role) {
+    for (int role = 1; role <= 2; ++role) {
         const QVariant value = item->data(role);
         if (value.isValid())
             m_data.insert(role, value);
@@ -110,6 +111,7 @@ CGraphicsItemBase *CUndoCommandBase::makeItem()
     CGraphicsItemBase *base = m_factory ? m_factory() : nullptr;
     if (!base)
         return nullptr;
+    base->setUuid(m_uuid);
     for (auto role = m_data.begin(); role != m_data.end(); ++role)
         base->setData(role.key(), role.value());
     base->setSize(m_rect.size());

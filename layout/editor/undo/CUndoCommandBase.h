@@ -4,7 +4,6 @@
 
 #include "platform/widgets/CUndoCommand.h"
 
-#include <QList>
 #include <QMap>
 #include <QPointF>
 #include <QRectF>
@@ -49,10 +48,10 @@ public:
     void setFactory(const Factory &factory) { m_factory = factory; }
 
     /// What was selected before and after the operation whose first command this is.
-    void setSelectionBefore(const QList<QUuid> &uuids) { m_selectionBefore = uuids; }
-    void setSelectionAfter(const QList<QUuid> &uuids) { m_selectionAfter = uuids; }
-    const QList<QUuid> &selectionBefore() const { return m_selectionBefore; }
-    const QList<QUuid> &selectionAfter() const { return m_selectionAfter; }
+    void setSelectionBefore(const QVector<QUuid> &uuids) { m_selectionBefore = uuids; }
+    void setSelectionAfter(const QVector<QUuid> &uuids) { m_selectionAfter = uuids; }
+    const QVector<QUuid> &selectionBefore() const { return m_selectionBefore; }
+    const QVector<QUuid> &selectionAfter() const { return m_selectionAfter; }
 
 protected:
     /// Records @p item as it is. The text is @p word and the item's name, if @p named, separated by a blank.
@@ -92,8 +91,8 @@ private:
     QPointF m_pos;
     QPointF m_scenePos;
     QRectF m_rect;
-    QMap<int, QVariant> m_data;
+    QMap<int, QVariant> m_data; // by role, without the identity
     Factory m_factory;
-    QList<QUuid> m_selectionBefore;
-    QList<QUuid> m_selectionAfter;
+    QVector<QUuid> m_selectionBefore;
+    QVector<QUuid> m_selectionAfter;
 };

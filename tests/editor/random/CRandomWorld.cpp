@@ -122,7 +122,7 @@ CabinetLayout CRandomWorld::layout() const
 
 QSet<QUuid> CRandomWorld::selected() const
 {
-    const QList<QUuid> uuids = m_scene.selection().uuids();
+    const QVector<QUuid> uuids = m_scene.selection().uuids();
     return QSet<QUuid>(uuids.begin(), uuids.end());
 }
 
