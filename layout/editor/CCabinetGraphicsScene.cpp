@@ -237,15 +237,13 @@ void CCabinetGraphicsScene::beginBatch()
 
 void CCabinetGraphicsScene::endBatch()
 {
-    if (m_batchDepth == 1)
-        finishBatch();
+    while (m_batchDepth == 1 && !m_pending.isEmpty())
+        finishBatch(); // who is told of the batch may edit in turn
     --m_batchDepth;
 }
 
 void CCabinetGraphicsScene::finishBatch()
 {
-    if (m_pending.isEmpty())
-        return;
     const CPendingEdits work = std::exchange(m_pending, CPendingEdits());
     work.finish(*this);
     polishNewItems();
@@ -324,14 +322,31 @@ void CCabinetGraphicsScene::setToolMode(EToolMode mode, bool on)
 
 void CCabinetGraphicsScene::beginMove(const QPointF &scenePos)
 {
-    if (m_toolModes.isEmpty())
-        m_gestures.beginMove(scenePos);
+    if (!m_toolModes.isEmpty())
+        return;
+    m_gestures.beginMove(scenePos);
+    if (m_gestures.isDragging())
+        m_content.holdCabinets(m_selection.ports());
 }
 
 void CCabinetGraphicsScene::beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos)
 {
-    if (m_toolModes.isEmpty() && item.canResize())
-        m_gestures.beginScale(item, handle, scenePos);
+    if (!m_toolModes.isEmpty() || !item.canResize())
+        return;
+    m_gestures.beginScale(item, handle, scenePos);
+    m_content.holdCabinets({item.port()});
+}
+
+bool CCabinetGraphicsScene::endDrag(const QPointF &scenePos)
+{
+    m_content.releaseCabinets();
+    return m_gestures.endDrag(scenePos);
+}
+
+void CCabinetGraphicsScene::cancelGesture()
+{
+    m_gestures.cancel();
+    m_content.releaseCabinets();
 }
 
 void CCabinetGraphicsScene::contextMenuEvent(QGraphicsSceneContextMenuEvent *event)
@@ -354,6 +369,8 @@ void CCabinetGraphicsScene::contextMenuEvent(QGraphicsSceneContextMenuEvent *eve
 void CCabinetGraphicsScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     cancelGesture();
+    if (event->buttons() == event->button())
+        m_gestures.beginPress();
     CGraphicsScene::mousePressEvent(event);
     if (event->isAccepted() || event->button() != Qt::LeftButton || !m_toolModes.isEmpty())
         return;

@@ -40,6 +40,7 @@ public:
     /// Removes all items, for when no processor is in view.
     void clearLayout();
 
+    /// What is being dragged lies where the drag began.
     void getLayoutData(CabinetLayout &layout, const QUuid &processor) const override
     {
         m_content.read(layout, processor);
@@ -78,7 +79,7 @@ public:
     void setToolMode(EToolMode mode, bool on);
     bool isToolModeSet(EToolMode mode) const override { return m_toolModes.contains(mode); }
     /// Puts a drag, a stroke or a rubber band that is in progress back to where it began.
-    void cancelGesture() { m_gestures.cancel(); }
+    void cancelGesture();
 
     // IEditorScene
     void beginBatch() override;
@@ -90,7 +91,7 @@ public:
     void beginMove(const QPointF &scenePos) override;
     void beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos) override;
     void continueDrag(const QPointF &scenePos) override { m_gestures.continueDrag(scenePos); }
-    bool endDrag(const QPointF &scenePos) override { return m_gestures.endDrag(scenePos); }
+    bool endDrag(const QPointF &scenePos) override;
     void beginStroke(CGraphicsCabinetItem &cabinet) override { m_gestures.beginStroke(cabinet); }
     void continueStroke(const QPointF &scenePos) override { m_gestures.continueStroke(scenePos); }
     void endStroke(const QPointF &scenePos) override { m_gestures.endStroke(scenePos); }

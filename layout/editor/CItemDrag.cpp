@@ -4,6 +4,7 @@
 
 #include "layout/editor/CUndoRecorder.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IEditorScene.h"
 #include "layout/editor/undo/CChangeCabinetTypeCommand.h"
 #include "layout/editor/undo/CMoveCommand.h"
@@ -69,6 +70,15 @@ CItemDrag::CItemDrag(IEditorScene &scene, CGraphicsItemBase &item, int handle, c
 void CItemDrag::remember(CGraphicsItemBase &item)
 {
     m_starts << SStart{item.uuid(), item.scenePos(), item.rect().size()};
+    m_ports.insert(item.port());
+}
+
+void CItemDrag::setRaised(bool raised)
+{
+    for (const int index : qAsConst(m_ports)) {
+        if (CGraphicsPortItem *port = m_scene.portItem(index))
+            port->setZValue(raised ? DraggedPortHeight : PortHeight);
+    }
 }
 
 QVector<QRectF> CItemDrag::rectsAt(const QPointF &scenePos) const
@@ -108,6 +118,7 @@ void CItemDrag::moveTo(const QPointF &scenePos)
     if (!m_moved && wholePixels(scenePos - m_press).isNull())
         return;
     m_moved = true;
+    setRaised(true);
     apply(rectsAt(scenePos));
 }
 
@@ -119,18 +130,21 @@ void CItemDrag::cancel()
     for (const SStart &start : qAsConst(m_starts))
         rects << QRectF(start.scenePos, start.size);
     apply(rects);
+    setRaised(false);
 }
 
 bool CItemDrag::finish(CUndoRecorder &recorder)
 {
     if (!m_moved)
         return false;
-    const QString name = m_operation == Move ? QStringLiteral("Move") : QStringLiteral("Scale");
+    setRaised(false);
     const CEditBatch batch(m_scene);
-    const CUndoMacro macro(recorder, name, name);
+    const CUndoMacro macro(
+        recorder, m_operation == Move ? QStringLiteral("ChangePosition") : QStringLiteral("ChangeSize"),
+        m_operation == Move ? QStringLiteral("Move") : QStringLiteral("Scale"));
     for (const SStart &start : qAsConst(m_starts))
         recordItem(recorder, start);
-    return recorder.hasRecorded();
+    return true;
 }
 
 void CItemDrag::recordItem(CUndoRecorder &recorder, const SStart &start)

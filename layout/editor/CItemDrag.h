@@ -4,6 +4,7 @@
 
 #include <QPointF>
 #include <QRectF>
+#include <QSet>
 #include <QUuid>
 #include <QVector>
 
@@ -27,7 +28,7 @@ public:
     void moveTo(const QPointF &scenePos);
     /// Puts everything back where it was.
     void cancel();
-    /// Records what has changed; gives whether anything has.
+    /// Records what has changed; gives whether the mouse has moved at all.
     bool finish(CUndoRecorder &recorder);
 
 private:
@@ -39,6 +40,8 @@ private:
     };
 
     void remember(CGraphicsItemBase &item);
+    /// Lifts the ports concerned above the others, or puts them back.
+    void setRaised(bool raised);
     void apply(const QVector<QRectF> &rects);
     QVector<QRectF> rectsAt(const QPointF &scenePos) const;
     void recordItem(CUndoRecorder &recorder, const SStart &start);
@@ -50,5 +53,6 @@ private:
     QRectF m_frame;   // of the item that is resized
     QSizeF m_largest; // it may become
     QVector<SStart> m_starts;
+    QSet<int> m_ports;
     bool m_moved = false;
 };

@@ -12,17 +12,36 @@
 
 namespace {
 
-QRect unitedGroupRect(const CabinetLayout::CabinetPort::CabinetGroup &group)
+using GroupRecord = CabinetLayout::CabinetPort::CabinetGroup;
+
+bool hasEmptyGroup(const QVector<GroupRecord> &groups)
 {
-    QRect united;
-    for (const auto &cabinet : group.cabinets)
-        united |= cabinet.rect;
-    for (const auto &child : group.groups)
-        united |= unitedGroupRect(child);
-    return united;
+    return std::any_of(groups.begin(), groups.end(), [](const GroupRecord &group) {
+        return (group.cabinets.isEmpty() && group.cabinetCount() == 0) || hasEmptyGroup(group.groups);
+    });
+}
+
+void dropEmptyGroups(QVector<GroupRecord> &groups)
+{
+    for (GroupRecord &group : groups)
+        dropEmptyGroups(group.groups);
+    groups.erase(std::remove_if(groups.begin(), groups.end(),
+                                [](const GroupRecord &group) {
+                                    return group.cabinets.isEmpty() && group.groups.isEmpty();
+                                }),
+                 groups.end());
 }
 
 } // namespace
+
+CabinetLayout::CabinetPort CLayoutBuilder::withoutEmptyGroups(const CabinetLayout::CabinetPort &record)
+{
+    if (!hasEmptyGroup(record.groups))
+        return record;
+    CabinetLayout::CabinetPort shown = record;
+    dropEmptyGroups(shown.groups);
+    return shown;
+}
 
 CGraphicsPortItem *CLayoutBuilder::build(const CabinetLayout::CabinetPort &record)
 {
@@ -41,7 +60,7 @@ CGraphicsPortItem *CLayoutBuilder::build(const CabinetLayout::CabinetPort &recor
 
 void CLayoutBuilder::buildGroup(const Group &record, QGraphicsItem &parent)
 {
-    const QRectF bounds = CCabinetRect::fromRecord(unitedGroupRect(record));
+    const QRectF bounds = CCabinetRect::fromRecord(record.boundingRect());
     auto *group = new CGraphicsGroupItem(freeIdentity(record.uuid), bounds, &parent);
     group->setName(record.name);
     enter(*group);

@@ -27,6 +27,9 @@ public:
     {
     }
 
+    /// @p record as it can be shown: a group without cabinets would be an item that nobody sees.
+    static CabinetLayout::CabinetPort withoutEmptyGroups(const CabinetLayout::CabinetPort &record);
+
     /// The port item with all its children; owned by the caller, not in a scene yet.
     CGraphicsPortItem *build(const CabinetLayout::CabinetPort &record);
 

@@ -14,6 +14,20 @@
 
 #include <algorithm>
 
+namespace {
+
+void setMappingIndices(QVector<CabinetLayout::CabinetPort::CabinetGroup> &groups,
+                       const QHash<QUuid, int> &indices)
+{
+    for (auto &group : groups) {
+        for (auto &cabinet : group.cabinets)
+            cabinet.mappingIndex = indices.value(cabinet.uuid, -1);
+        setMappingIndices(group.groups, indices);
+    }
+}
+
+} // namespace
+
 void CSceneContent::build(const LayoutData &data)
 {
     m_processor = data.processor;
@@ -21,7 +35,7 @@ void CSceneContent::build(const LayoutData &data)
     m_mappingIndices.reset();
     CLayoutBuilder builder(m_editor, m_states, m_nextOrdinal);
     for (const CabinetLayout::CabinetPort &record : data.layout.ports) {
-        CGraphicsPortItem *item = builder.build(record);
+        CGraphicsPortItem *item = builder.build(CLayoutBuilder::withoutEmptyGroups(record));
         m_ports << item;
         m_scene.addItem(item);
     }
@@ -45,17 +59,24 @@ bool CSceneContent::canRebuild(const LayoutData &data) const
 void CSceneContent::rebuild(const LayoutData &data, CUndoRecorder &recorder)
 {
     m_canvas = data.canvas;
+    takeMappingIndices(data.layout); // also of what undo of the reset brings back
     const CUndoMacro macro(recorder, QStringLiteral("Reset"), QStringLiteral("Reset"));
     CLayoutRebuild rebuild(m_editor, recorder, m_nextOrdinal);
-    for (CGraphicsPortItem *item : qAsConst(m_ports))
-        rebuild.empty(*item);
+    QVector<QPair<CGraphicsPortItem *, Port>> changed;
     for (int i = 0; i < m_ports.size(); ++i) {
-        const CabinetLayout::CabinetPort &record = data.layout.ports.at(i);
-        m_ports.at(i)->setState(record);
-        rebuild.fill(*m_ports.at(i), record);
+        const Port wanted = CLayoutBuilder::withoutEmptyGroups(data.layout.ports.at(i));
+        const Port shown = record(*m_ports.at(i));
+        if (wanted == shown)
+            continue;
+        m_ports.at(i)->setState(wanted);
+        if (wanted.groups != shown.groups)
+            changed << qMakePair(m_ports.at(i), wanted);
     }
+    for (const auto &port : qAsConst(changed))
+        rebuild.empty(*port.first);
+    for (const auto &port : qAsConst(changed))
+        rebuild.fill(*port.first, port.second);
     m_nextOrdinal = rebuild.nextOrdinal();
-    takeMappingIndices(data.layout); // also of what undo of the reset brings back
 }
 
 void CSceneContent::takeMappingIndices(const CabinetLayout &mapping)
@@ -73,6 +94,8 @@ void CSceneContent::takeMappingIndices(const CabinetLayout &mapping)
                 m_records.remove(port->port());
         }
     }
+    for (QVector<Port::CabinetGroup> &groups : m_held)
+        setMappingIndices(groups, *m_mappingIndices);
 }
 
 void CSceneContent::updateMappingIndex(CGraphicsItemBase &item) const
@@ -84,6 +107,7 @@ void CSceneContent::updateMappingIndex(CGraphicsItemBase &item) const
 void CSceneContent::clear()
 {
     m_records.clear();
+    m_held.clear();
     m_ports.clear();
     m_processor = QUuid();
     m_canvas = QSize();
@@ -96,11 +120,28 @@ void CSceneContent::read(CabinetLayout &layout, const QUuid &processor) const
         return;
     layout.processor = m_processor;
     layout.ports.reserve(m_ports.size());
-    for (const CGraphicsPortItem *item : m_ports) {
-        auto record = m_records.find(item->port());
-        if (record == m_records.end())
-            record = m_records.insert(item->port(), CLayoutReader::read(*item));
-        layout.ports << *record;
+    for (const CGraphicsPortItem *item : m_ports)
+        layout.ports << record(*item);
+}
+
+const CabinetLayout::CabinetPort &CSceneContent::record(const CGraphicsPortItem &port) const
+{
+    const auto known = m_records.find(port.port());
+    if (known != m_records.end())
+        return *known;
+    const auto held = m_held.find(port.port());
+    if (held == m_held.end())
+        return *m_records.insert(port.port(), CLayoutReader::read(port));
+    Port asHeld = port.state();
+    asHeld.groups = *held;
+    return *m_records.insert(port.port(), asHeld);
+}
+
+void CSceneContent::holdCabinets(const QList<int> &ports)
+{
+    for (const int index : ports) {
+        if (const CGraphicsPortItem *item = port(index))
+            m_held.insert(index, record(*item).groups);
     }
 }
 

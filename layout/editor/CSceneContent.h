@@ -31,7 +31,7 @@ public:
     void build(const LayoutData &data);
     /// Whether @p data is of the processor and the ports that are shown, so that it can be rebuilt in place.
     bool canRebuild(const LayoutData &data) const;
-    /// Replaces what the ports hold as commands that can be undone.
+    /// Replaces what the ports hold as commands that can be undone; a port that holds the same is left alone.
     void rebuild(const LayoutData &data, CUndoRecorder &recorder);
     /// The cabinets' places in the mapping become those of @p mapping, which the processor has saved. No
     /// edit: undo neither sees it nor brings older places back.
@@ -44,6 +44,10 @@ public:
     /// The layout of @p processor as the items show it; ports that have not changed are shared with what was
     /// read before. Empty for a processor that is not shown.
     void read(CabinetLayout &layout, const QUuid &processor) const;
+    /// From now on the cabinets of @p ports are read as they lie now, until they are released: a drag is no
+    /// edit before it ends.
+    void holdCabinets(const QList<int> &ports);
+    void releaseCabinets() { m_held.clear(); }
     /// The port's items, or all, have changed since they were read.
     void forgetRecord(int port) { m_records.remove(port); }
     void forgetRecords() { m_records.clear(); }
@@ -61,6 +65,10 @@ public:
     qint64 takeOrdinal() { return m_nextOrdinal++; }
 
 private:
+    using Port = CabinetLayout::CabinetPort;
+
+    const Port &record(const CGraphicsPortItem &port) const;
+
     QGraphicsScene &m_scene;
     IEditorScene &m_editor;
     const IPortStates &m_states;
@@ -68,6 +76,7 @@ private:
     QUuid m_processor;
     QVector<CGraphicsPortItem *> m_ports;
     qint64 m_nextOrdinal = 0;
-    std::optional<QHash<QUuid, int>> m_mappingIndices;        // once saved since the layout was loaded
-    mutable QHash<int, CabinetLayout::CabinetPort> m_records; // by port index
+    std::optional<QHash<QUuid, int>> m_mappingIndices; // once saved since the layout was loaded
+    mutable QHash<int, Port> m_records;                // by port index
+    QHash<int, QVector<Port::CabinetGroup>> m_held;
 };

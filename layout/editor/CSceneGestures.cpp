@@ -14,6 +14,8 @@
 
 #include <QPainter>
 
+#include <utility>
+
 CSceneGestures::CSceneGestures(CGraphicsScene &scene, IEditorScene &editor, const CSceneSelection &selection,
                                CUndoRecorder &recorder)
     : m_scene(scene)
@@ -30,6 +32,7 @@ void CSceneGestures::cancel()
     if (m_drag) {
         m_drag->cancel();
         m_drag.reset();
+        m_dragCancelled = true;
     }
     m_stroke.reset();
     endBand();
@@ -55,7 +58,7 @@ void CSceneGestures::continueDrag(const QPointF &scenePos)
 bool CSceneGestures::endDrag(const QPointF &scenePos)
 {
     if (!m_drag)
-        return false;
+        return std::exchange(m_dragCancelled, false);
     m_drag->moveTo(scenePos);
     const std::unique_ptr<CItemDrag> drag = std::move(m_drag);
     return drag->finish(m_recorder);

@@ -28,13 +28,15 @@ public:
 
     /// Puts everything back to where the gesture began.
     void cancel();
+    /// A first button goes down: what was cancelled before does not concern its release.
+    void beginPress() { m_dragCancelled = false; }
     bool isDragging() const { return m_drag != nullptr; }
     bool hasBand() const { return m_band != nullptr; }
 
     void beginMove(const QPointF &scenePos);
     void beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos);
     void continueDrag(const QPointF &scenePos);
-    /// Gives whether anything had been dragged.
+    /// Gives whether the press was a drag, cancelled or not, and no click.
     bool endDrag(const QPointF &scenePos);
 
     void beginStroke(CGraphicsCabinetItem &cabinet);
@@ -58,4 +60,5 @@ private:
     std::unique_ptr<CItemDrag> m_drag;
     std::unique_ptr<CPenStroke> m_stroke;
     std::unique_ptr<CRubberBand> m_band;
+    bool m_dragCancelled = false;
 };

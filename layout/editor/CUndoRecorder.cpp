@@ -10,13 +10,11 @@ void CUndoRecorder::begin(const QString &operationName, const QString &text)
         return;
     m_operationName = operationName;
     m_text = text;
-    m_recorded = false;
     m_selectionBefore = m_selection();
 }
 
 void CUndoRecorder::push(std::unique_ptr<CUndoCommandBase> command)
 {
-    m_recorded = true;
     if (!m_stack) {
         command->redo();
         return;

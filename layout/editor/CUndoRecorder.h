@@ -35,8 +35,6 @@ public:
 
     /// Carries @p command out and records it. Only within an operation, see CUndoMacro.
     void push(std::unique_ptr<CUndoCommandBase> command);
-    /// Whether the running operation has recorded anything.
-    bool hasRecorded() const { return m_recorded; }
 
 private:
     friend class CUndoMacro;
@@ -50,7 +48,6 @@ private:
     QVector<QUuid> m_selectionBefore;
     CUndoCommandBase *m_first = nullptr; // of the open macro; owned by the stack
     int m_depth = 0;
-    bool m_recorded = false;
 };
 
 /// Makes one undo step of all commands pushed while it lives; within another one it adds to that.

@@ -56,6 +56,7 @@ void CLayoutEditorPage::setProcessor(const ProcessorTree::ProcessorNode &process
 void CLayoutEditorPage::reload()
 {
     m_note->clear();
+    m_view->cabinetScene().cancelGesture();
     const LayoutData layout = m_store.openProcessor(m_processor.uuid);
     if (m_processor.uuid.isNull())
         m_view->clearLayout();

@@ -113,6 +113,14 @@ public:
     {
         send(QEvent::MouseButtonPress, place, true, keys);
     }
+    /// The right button, alone or beside the left one.
+    void pressRight(const QPoint &place, bool besideLeft = false, Qt::KeyboardModifiers keys = {})
+    {
+        sendButton(QEvent::MouseButtonPress, place, Qt::RightButton,
+                   besideLeft ? Qt::LeftButton | Qt::RightButton : Qt::RightButton, keys);
+        sendButton(QEvent::MouseButtonRelease, place, Qt::RightButton,
+                   besideLeft ? Qt::LeftButton : Qt::NoButton, keys);
+    }
     void moveTo(const QPoint &place) { send(QEvent::MouseMove, place, true, {}); }
     void release(const QPoint &place, Qt::KeyboardModifiers keys = {})
     {
@@ -141,10 +149,14 @@ public:
 private:
     void send(QEvent::Type type, const QPoint &place, bool down, Qt::KeyboardModifiers keys)
     {
+        sendButton(type, place, type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                   down ? Qt::LeftButton : Qt::NoButton, keys);
+    }
+    void sendButton(QEvent::Type type, const QPoint &place, Qt::MouseButton button, Qt::MouseButtons buttons,
+                    Qt::KeyboardModifiers keys)
+    {
         const QPoint local = m_view.mapFromScene(place);
-        const bool moving = type == QEvent::MouseMove;
-        QMouseEvent event(type, local, m_view.viewport()->mapToGlobal(local),
-                          moving ? Qt::NoButton : Qt::LeftButton, down ? Qt::LeftButton : Qt::NoButton, keys);
+        QMouseEvent event(type, local, m_view.viewport()->mapToGlobal(local), button, buttons, keys);
         QApplication::sendEvent(m_view.viewport(), &event);
     }
 

@@ -70,7 +70,6 @@ private:
         outer.cabinets[0].rank = -1;
         for (Record &record : outer.groups[0].cabinets)
             record.rank = -1;
-        port.groups.removeLast(); // an empty group
         return port;
     }
 

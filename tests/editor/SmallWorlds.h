@@ -61,7 +61,7 @@ inline Port partlyWiredPort(int index)
     return port(index, {group});
 }
 
-/// A loose cabinet, a group that holds a cabinet and a group of two, and an empty group.
+/// A loose cabinet, and a group that holds a cabinet and a group of two.
 inline Port nestedPort(int index)
 {
     Group inner;
@@ -75,9 +75,7 @@ inline Port nestedPort(int index)
         member.group = inner.uuid;
     outer.cabinets[0].group = outer.uuid;
     outer.groups = {inner};
-    Group empty;
-    empty.uuid = QUuid::createUuid();
-    return port(index, {loose(index, 1), outer, empty});
+    return port(index, {loose(index, 1), outer});
 }
 
 /// Wired cabinets in groups of @p size, each pair of groups in a group of its own.

@@ -166,6 +166,7 @@ private Q_SLOTS:
 
         row("unlink a pair", "+A +B +C A/B", "C3@2 | B>C");
         row("unlink a chain of a pair", "+A +B A/B", "|");
+        row("append beside a rest", "+A +B +C +D C/D A/B +E +B", "B2@1 C3@2 E1@0 | B>C E>B");
         row("unlink a pair backwards", "+A +B B/A", "A1@0 B3@1 | A>B");
         row("unlink a distant pair", "+A +B +C A/C", "A1@0 B2@1 C3@2 | A>B B>C");
     }

@@ -33,16 +33,6 @@ void appendAll(const Port::CabinetGroup &group, QVector<Port::Cabinet> &cabinets
         appendAll(child, cabinets);
 }
 
-QRect unitedRect(const Port::CabinetGroup &group)
-{
-    QRect rect;
-    for (const Port::Cabinet &cabinet : group.cabinets)
-        rect |= cabinet.rect;
-    for (const Port::CabinetGroup &child : group.groups)
-        rect |= unitedRect(child);
-    return rect;
-}
-
 } // namespace
 
 bool operator==(const Port::Cabinet &a, const Port::Cabinet &b)
@@ -81,6 +71,16 @@ int CabinetLayout::CabinetPort::CabinetGroup::cabinetCount() const
     for (const CabinetGroup &child : groups)
         count += child.cabinetCount();
     return count;
+}
+
+QRect CabinetLayout::CabinetPort::CabinetGroup::boundingRect() const
+{
+    QRect rect;
+    for (const Cabinet &cabinet : cabinets)
+        rect |= cabinet.rect;
+    for (const CabinetGroup &child : groups)
+        rect |= child.boundingRect();
+    return rect;
 }
 
 QVector<Port::Cabinet> CabinetLayout::CabinetPort::getAllCabinets() const
@@ -132,7 +132,7 @@ QRect CabinetLayout::boundingRect() const
     QRect rect;
     for (const CabinetPort &port : ports) {
         for (const CabinetPort::CabinetGroup &group : port.groups)
-            rect |= unitedRect(group);
+            rect |= group.boundingRect();
     }
     return rect;
 }

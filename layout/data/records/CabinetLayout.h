@@ -52,6 +52,8 @@ struct CabinetLayout
             /// Every cabinet below the group: its own, then its sub-groups', depth first.
             QVector<Cabinet> allCabinets() const;
             int cabinetCount() const;
+            /// The union of the rectangles of all cabinets below the group; null without one.
+            QRect boundingRect() const;
 
             friend bool operator==(const CabinetGroup &a, const CabinetGroup &b);
             friend bool operator!=(const CabinetGroup &a, const CabinetGroup &b) { return !(a == b); }

@@ -35,8 +35,9 @@ CGraphicsConnectionItem *CPortChain::link(CGraphicsCabinetItem *from, CGraphicsC
         return nullptr;
     if (after(*from) == to)
         return from->outgoing();
-    const bool extends = !m_inPieces && !m_order.isEmpty() && m_order.last() == from && !to->isInChain();
-    const bool begins = !m_inPieces && m_order.isEmpty();
+    const bool extends =
+        !m_inPieces && !m_order.isEmpty() && m_order.last() == from && !to->isInChain() && !to->outgoing();
+    const bool begins = !m_inPieces && m_order.isEmpty() && !from->incoming() && !to->outgoing();
 
     joinPair(*from, *to);
     if (extends)
@@ -107,7 +108,7 @@ void CPortChain::append(CGraphicsCabinetItem &cabinet)
         return;
     }
     makeHead(cabinet);
-    if (m_inPieces)
+    if (m_inPieces || cabinet.outgoing()) // the rest of a pair that was unlinked
         checkOrder();
     else
         m_order << &cabinet;

@@ -43,7 +43,7 @@ public:
     virtual void beginMove(const QPointF &scenePos) = 0;
     virtual void beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos) = 0;
     virtual void continueDrag(const QPointF &scenePos) = 0;
-    /// Gives whether anything had been dragged.
+    /// Gives whether the press was a drag, cancelled or not, and no click.
     virtual bool endDrag(const QPointF &scenePos) = 0;
 
     /// A stroke of the pen tool: through the cabinets of one port.

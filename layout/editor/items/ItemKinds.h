@@ -17,5 +17,5 @@ enum EItemRole : int {
     IdentityRole = 0 ///< QUuid of a cabinet or group; of a port item its port index
 };
 
-/// Heights of a port item's children above each other.
-enum EItemHeight : int { CabinetHeight = 0, ConnectionHeight = 900 };
+/// Heights of a port item's children above each other, and of ports.
+enum EItemHeight : int { CabinetHeight = 0, ConnectionHeight = 900, PortHeight = 0, DraggedPortHeight = 1 };
