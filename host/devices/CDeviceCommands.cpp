@@ -84,7 +84,10 @@ CStatus CDeviceCommands::setPortCount(const QUuid &processor, int count)
     CStatus status = apply(processor, [count](SProcessorSettings &settings) { settings.portCount = count; });
     if (!status)
         return status;
-    m_manager.table().change(processor, [](SDevice &known) { known.takeLayout(known.working.layout()); });
+    m_manager.table().change(processor, [](SDevice &known) {
+        if (known.isLoaded())
+            known.takeLayout(known.working.layout());
+    });
     m_manager.announceCommit(processor);
     if (processor == m_manager.table().current())
         m_manager.notify(LayoutNotification::PortCountChanged);

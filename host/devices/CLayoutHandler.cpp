@@ -92,7 +92,7 @@ LayoutData CLayoutHandler::layoutData(const QUuid &processor) const
 int CLayoutHandler::preparatoryStep(const QUuid &processor) const
 {
     const std::optional<SDevice> device = m_manager.table().device(processor);
-    return device && device->working.layout().ports.isEmpty() ? 1 : 0;
+    return device && !device->isLoaded() ? 1 : 0;
 }
 
 QList<ProcessorTree::ProcessorNode> CLayoutHandler::selectedProcessors() const

@@ -23,8 +23,12 @@ void CLayoutHandler::applyLayoutFollowUp(bool full)
 
 void CLayoutHandler::commitLayoutData(const LayoutData &data)
 {
+    if (data.layout.ports.isEmpty())
+        return; // nothing was shown that could have been edited
     bool overloaded = false;
     m_manager.table().changeLayout(data.processor, [&data, &overloaded](SDevice &device) {
+        if (!device.isLoaded())
+            return;
         overloaded = device.isOverloaded();
         device.takeLayout(data.layout);
         overloaded = overloaded || device.isOverloaded();

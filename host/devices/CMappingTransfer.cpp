@@ -128,6 +128,8 @@ CMappingTransfer::Step CMappingTransfer::saveOne(const SDevice &device)
     if (!processor)
         return failed(device, tr("A project has no processor to save to. Save it to a file, or copy its "
                                  "mapping to a processor."));
+    if (!device.isLoaded())
+        return Step::Done; // nothing was read or edited: the processor keeps what it has
     quint64 revision = 0;
     DeviceError error = processor->revision(*m_context.cancel, revision);
     if (error != DeviceError::None)

@@ -24,6 +24,8 @@ struct SDevice
     quint64 revision = 0;              ///< of the mapping on the device when it was last read or saved
     QVector<SCurrentGainRow> gainRows; ///< current-gain parameters that were imported
 
+    /// Whether the working layout was read, made or imported; before that it has no ports.
+    bool isLoaded() const { return !working.layout().ports.isEmpty(); }
     bool isModified() const { return working.isModified() || (project && settings != savedSettings); }
     QRect area() const { return {settings.offset, settings.canvas}; } ///< on the shared canvas
     LayoutData data() const;

@@ -3,6 +3,7 @@
 #include "host/devices/CDeviceJob.h"
 #include "host/devices/CJobRunner.h"
 #include "host/devices/CMailbox.h"
+#include "host/devices/simulated/CSimulatedProcessor.h"
 #include "tests/devices/CDeviceFixture.h"
 #include "tests/harness/CTestBase.h"
 
@@ -165,6 +166,44 @@ private Q_SLOTS:
         QCOMPARE(outcome.text, QStringLiteral("Lobby(192.168.10.11): The processor refused the request."));
         QVERIFY(host.manager.isModified(lobby));
         QVERIFY(!host.manager.isModified(stage));
+    }
+
+    void savingAllLeavesWhatWasNeverOpenedAlone()
+    {
+        CDeviceFixture host;
+        const QUuid balcony = host.named("Balcony");
+        const QUuid foyer = host.named("Foyer");
+        QVERIFY(host.handler.setWorkMode(balcony, ProcessorWorkMode::VideoProcessor));
+        QVERIFY(host.handler.setOutputPortCount(balcony, 6));
+        host.select(foyer); // offline, so the module has nothing of it
+        LayoutData nothing;
+        nothing.processor = foyer;
+        const quint64 revision = host.manager.table().device(balcony)->revision;
+        const SDeviceOutcome outcome = host.outcomeOf([&](CDeviceManager::Done done) {
+            host.handler.saveMapping(ReadSaveMappingRole::All, nothing, done);
+        });
+        QVERIFY2(outcome.isDone(), qPrintable(outcome.text));
+        for (const SDevice &device : host.manager.table().devices())
+            QVERIFY2(!device.isModified(), qPrintable(device.node.name));
+        CCancelToken token;
+        quint64 kept = 0;
+        QCOMPARE(host.manager.device(balcony)->revision(token, kept), DeviceError::None);
+        QCOMPARE(kept, revision);
+    }
+
+    void whatTheModuleDoesNotKnowIsNotCommitted()
+    {
+        CDeviceFixture host;
+        const QUuid lobby = host.named("Lobby");
+        const CabinetLayout before = host.layoutOf(lobby);
+        LayoutData nothing;
+        nothing.processor = lobby;
+        host.handler.commitLayoutData(nothing);
+        QVERIFY(host.layoutOf(lobby) == before);
+        LayoutData foreign = host.handler.layoutData(lobby);
+        foreign.processor = host.named("Balcony");
+        host.handler.commitLayoutData(foreign);
+        QVERIFY(!host.manager.isModified(foreign.processor));
     }
 
     void runsOneJobAtATime()
