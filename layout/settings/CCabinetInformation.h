@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/CabinetLayout.h"
+#include "layout/data/records/SSettings.h"
+#include "platform/widgets/CDialog.h"
+
+#include <functional>
+
+/// Shows what is known of the selected cabinets: what they have in common, for one of them. GUI thread.
+class CCabinetInformation final : public CDialog
+{
+    Q_OBJECT
+
+public:
+    using Cabinets = QList<CabinetLayout::CabinetPort::Cabinet>;
+    using RcvTypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
+    /// Gives the library's record of a type; an empty one for an unknown key.
+    using TypeLookup = std::function<RcvTypeInfo(const SMD5 &key)>;
+
+    /// @p typeOf is asked while the dialog is being made.
+    CCabinetInformation(const Cabinets &selected, const TypeLookup &typeOf, QWidget *parent);
+
+private:
+    void buildUi(const QStringList &values);
+    static QStringList valuesOf(const RcvTypeInfo &type);
+    static QStringList commonValues(const Cabinets &selected, const TypeLookup &typeOf);
+};

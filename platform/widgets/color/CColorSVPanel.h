@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "platform/widgets/color/CHsvColor.h"
+
+#include <QWidget>
+
+/// A square of all colours of one hue, saturation growing to the right and value upwards, from which one is
+/// picked with the mouse or the arrow keys (with Shift in wider steps).
+class CColorSVPanel final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CColorSVPanel(QWidget *parent = nullptr);
+
+    /// Shows @p color without announcing it.
+    void setColor(const CHsvColor &color);
+    /// Where in the panel the colour lies that is shown.
+    QPoint marker() const;
+
+Q_SIGNALS:
+    /// The user picked another colour; both are 0 to 255.
+    void saturationValueChanged(int saturation, int value);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void pickAt(const QPoint &position);
+    void pick(int saturation, int value);
+
+    CHsvColor m_color;
+};
