@@ -130,7 +130,7 @@ void CMainWindow::connectActions()
 
 void CMainWindow::connectDevices()
 {
-    m_manager.setConfirm([this](const QString &text) { return CMessageBox::question(this, text) == 0; });
+    m_manager.setConfirm([this](const QString &text) { return CMessageBox::confirm(this, text); });
     connect(&m_manager, &CDeviceManager::jobStarted, this, &CMainWindow::onJobStarted);
     connect(&m_manager, &CDeviceManager::jobFinished, this, &CMainWindow::onJobFinished);
     connect(&m_manager, &CDeviceManager::processorsChanged, this, &CMainWindow::updateActions);
@@ -194,12 +194,30 @@ void CMainWindow::shutDown()
     m_module->stop();
 }
 
+bool CMainWindow::confirmStop()
+{
+    const CDeviceJob *job = m_manager.currentJob();
+    if (!job || job->kind() == CDeviceJob::Detect)
+        return true; // nobody misses a search
+    QStringList names;
+    for (const QUuid &processor : job->processors()) {
+        if (const std::optional<SDevice> device = m_manager.table().device(processor))
+            names << device->node.displayText();
+    }
+    const QString question = job->kind() == CDeviceJob::SaveMapping
+                                 ? tr("The mapping is still being saved to %1. Quit and stop it?")
+                                 : tr("The mapping is still being read from %1. Quit and stop it?");
+    return CMessageBox::confirm(this, question.arg(names.join(QStringLiteral(", "))));
+}
+
 void CMainWindow::closeEvent(QCloseEvent *event)
 {
-    if (!m_projects->confirmQuit()) {
+    if (!confirmStop() || !m_projects->confirmQuit()) {
         event->ignore();
         return;
     }
+    if (CDeviceJob *job = m_manager.currentJob())
+        job->cancel();
     saveState();
     event->accept();
 }
@@ -303,8 +321,7 @@ void CMainWindow::openLogFolder()
 {
     const QString folder = CLogFile::defaultFolder();
     if (!QDir().mkpath(folder) || !QDesktopServices::openUrl(QUrl::fromLocalFile(folder)))
-        CMessageBox::information(this, tr("The log folder cannot be opened."),
-                                 QDir::toNativeSeparators(folder));
+        CMessageBox::warning(this, tr("The log folder cannot be opened."), QDir::toNativeSeparators(folder));
 }
 
 void CMainWindow::updateActions()

@@ -39,7 +39,7 @@ void CProjectCommands::createNew()
     if (added)
         Q_EMIT notifyOpened(added.value());
     else
-        CMessageBox::information(&m_window, tr("The project cannot be made."), added.error());
+        CMessageBox::warning(&m_window, tr("The project cannot be made."), added.error());
 }
 
 void CProjectCommands::chooseAndOpen()
@@ -67,7 +67,7 @@ void CProjectCommands::open(const QStringList &files)
     if (!failures.isEmpty()) {
         const QString text = failures.size() == 1 ? tr("The project cannot be opened.")
                                                   : tr("%1 projects cannot be opened.").arg(failures.size());
-        CMessageBox::information(&m_window, text, failures.join(QLatin1Char('\n')));
+        CMessageBox::warning(&m_window, text, failures.join(QLatin1Char('\n')));
     }
 }
 
@@ -77,7 +77,7 @@ void CProjectCommands::openDemo()
     if (opened)
         Q_EMIT notifyOpened(opened.value());
     else
-        CMessageBox::information(&m_window, tr("The demo wall cannot be opened."), opened.error());
+        CMessageBox::warning(&m_window, tr("The demo wall cannot be opened."), opened.error());
 }
 
 bool CProjectCommands::save(const QUuid &processor)
@@ -106,7 +106,7 @@ bool CProjectCommands::saveTo(const QUuid &processor, const QString &file)
     m_flush();
     const CStatus status = m_manager.saveProject(processor, file);
     if (!status) {
-        CMessageBox::information(&m_window, tr("The project cannot be saved."), status.error());
+        CMessageBox::warning(&m_window, tr("The project cannot be saved."), status.error());
         return false;
     }
     m_settings.addRecentProject(file);
@@ -154,9 +154,9 @@ bool CProjectCommands::confirmQuit()
             edited << device.node.displayText();
     }
     return edited.isEmpty() ||
-           CMessageBox::question(
+           CMessageBox::confirm(
                &m_window, tr("There are edits that have not been saved to the processor. Quit all the same?"),
-               edited.join(QLatin1Char('\n'))) == 0;
+               edited.join(QLatin1Char('\n')));
 }
 
 QString CProjectCommands::nameOf(const QUuid &processor) const

@@ -17,27 +17,48 @@ void widen(QMessageBox &box)
     grid->addItem(new QSpacerItem(MessageMinimumWidth, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
-int show(QMessageBox::Icon icon, QMessageBox::StandardButtons buttons, QWidget *parent, const QString &text,
-         const QString &details)
+/// Shows a box and gives the button pressed.
+int show(QMessageBox &box, const QString &details)
 {
-    QMessageBox box(icon, QStringLiteral("Orvo"), text, buttons, parent);
+    box.setWindowTitle(QStringLiteral("Orvo"));
     box.setTextFormat(Qt::PlainText); // a file name may look like markup
     box.setInformativeText(details);
-    if (buttons & QMessageBox::Yes)
-        box.setDefaultButton(QMessageBox::Yes);
     widen(box);
     return box.exec();
+}
+
+void tell(QMessageBox::Icon icon, QWidget *parent, const QString &text, const QString &details)
+{
+    QMessageBox box(icon, {}, text, QMessageBox::Ok, parent);
+    show(box, details);
+}
+
+bool isAnsweredWithYes(QMessageBox::StandardButton byDefault, QWidget *parent, const QString &text,
+                       const QString &details)
+{
+    QMessageBox box(QMessageBox::Question, {}, text, QMessageBox::Yes | QMessageBox::No, parent);
+    box.setDefaultButton(byDefault);
+    return show(box, details) == QMessageBox::Yes;
 }
 
 } // namespace
 
 void CMessageBox::information(QWidget *parent, const QString &text, const QString &details)
 {
-    show(QMessageBox::Information, QMessageBox::Ok, parent, text, details);
+    tell(QMessageBox::Information, parent, text, details);
+}
+
+void CMessageBox::warning(QWidget *parent, const QString &text, const QString &details)
+{
+    tell(QMessageBox::Warning, parent, text, details);
 }
 
 int CMessageBox::question(QWidget *parent, const QString &text, const QString &details)
 {
-    const int answer = show(QMessageBox::Question, QMessageBox::Yes | QMessageBox::No, parent, text, details);
-    return answer == QMessageBox::Yes ? 0 : 1;
+    return isAnsweredWithYes(QMessageBox::Yes, parent, text, details) ? 0 : 1;
+}
+
+bool CMessageBox::confirm(QWidget *parent, const QString &text, const QString &details)
+{
+    return isAnsweredWithYes(QMessageBox::No, parent, text, details);
 }

@@ -145,6 +145,8 @@ private Q_SLOTS:
         QSignalSpy detected(&window.manager(), &CDeviceManager::detectionFinished);
         window.manager().detect();
         QVERIFY(detected.wait(PatienceMilliseconds));
+        window.manager().detect();
+        QVERIFY(window.close()); // nobody is asked whether a search may end
     }
 
     void beforeDetectionThereIsNothingToEdit()
@@ -308,16 +310,26 @@ private Q_SLOTS:
         QCOMPARE(CAppSettings().recentProjects(), QStringList(file));
     }
 
-    void quitsWhileAJobRuns()
+    void quittingStopsWhatRunsIfTheUserAgrees()
     {
         click(QStringLiteral("Arena"));
-        m_window->manager().simulate(m_window->devicePanel().singleProcessor(), SimulationFault::Silent,
-                                     true);
-        action("Detect devices")->trigger();
+        QTRY_VERIFY(showsEditor());
+        const QUuid arena = m_window->devicePanel().singleProcessor();
+        m_window->manager().simulate(arena, SimulationFault::Slow, true);
+        QTRY_VERIFY(visibleButton(*m_window, "Save")->isEnabled());
+        QTest::mouseClick(visibleButton(*m_window, "Save"), Qt::LeftButton);
         QVERIFY(m_window->manager().currentJob());
+        const CMessageBoxAnswerer user({QStringLiteral("No"), QStringLiteral("Yes")});
+        QVERIFY(!m_window->close());
+        QVERIFY(m_window->manager().currentJob());
+        QCOMPARE(
+            user.texts().first(),
+            QStringLiteral("The mapping is still being saved to Arena(192.168.10.80). Quit and stop it?"));
+        QCOMPARE(user.boxes().first().defaultButton, QStringLiteral("No"));
         QElapsedTimer timer;
         timer.start();
         QVERIFY(m_window->close());
+        QCOMPARE(user.boxes().size(), 2);
         m_window->shutDown();
         QVERIFY(!m_window->manager().currentJob());
         QVERIFY2(timer.elapsed() < PatienceMilliseconds / 4, "the job was waited for, not cancelled");

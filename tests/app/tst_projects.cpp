@@ -144,6 +144,22 @@ private Q_SLOTS:
         QCOMPARE(user.boxes().size(), 2);
     }
 
+    void quittingOverEditsOfADeviceIsNoAccident()
+    {
+        SBench bench;
+        SDevice device;
+        device.node.uuid = QUuid::createUuid();
+        device.node.name = QStringLiteral("Foyer");
+        device.settings.portCount = 1;
+        device.takeLayout({}); // while the device holds nothing
+        bench.manager.table().put(device);
+        const CMessageBoxAnswerer user({QStringLiteral("No"), QStringLiteral("Yes")});
+        QVERIFY(!bench.commands.confirmQuit());
+        QVERIFY(bench.commands.confirmQuit());
+        QVERIFY(user.boxes().first().details.contains(QStringLiteral("Foyer")));
+        QCOMPARE(user.boxes().first().defaultButton, QStringLiteral("No"));
+    }
+
     void oneMessageTellsOfAllFilesThatCannotBeOpened()
     {
         SBench bench;
@@ -156,6 +172,7 @@ private Q_SLOTS:
         bench.commands.open({missing, good, bench.folder.path()});
         QCOMPARE(user.texts(), QStringList(QStringLiteral("2 projects cannot be opened.")));
         QVERIFY(user.boxes().first().details.contains(missing));
+        QCOMPARE(user.boxes().first().icon, QMessageBox::Warning);
         QCOMPARE(opened.size(), 1);
         QVERIFY(!bench.settings.recentProjects().contains(missing));
         QVERIFY(bench.settings.recentProjects().contains(good));

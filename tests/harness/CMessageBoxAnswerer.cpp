@@ -3,7 +3,6 @@
 #include "tests/harness/CMessageBoxAnswerer.h"
 
 #include <QApplication>
-#include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
 #include <QTimer>
@@ -19,6 +18,7 @@ QString plainText(const QAbstractButton *button)
 CMessageBoxAnswerer::SBox describe(const QMessageBox &box)
 {
     CMessageBoxAnswerer::SBox seen;
+    seen.icon = box.icon();
     seen.title = box.windowTitle();
     seen.text = box.text();
     seen.details = box.informativeText();

@@ -2,11 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QMessageBox>
 #include <QObject>
 #include <QStringList>
 #include <QVector>
-
-class QMessageBox;
 
 /// Answers message boxes while it lives, as a user does: waits for a box to be on screen, finds the button by
 /// its text and clicks it. A box that no answer was given for, or that lacks the button, is closed with a
@@ -19,6 +18,7 @@ public:
     /// What a user saw.
     struct SBox
     {
+        QMessageBox::Icon icon = QMessageBox::NoIcon;
         QString title;
         QString text;
         QString details;

@@ -27,6 +27,17 @@ private Q_SLOTS:
         QCOMPARE(box.buttons, QStringList{QStringLiteral("OK")});
     }
 
+    void aFailureHasAnotherSignThanASuccess()
+    {
+        const CMessageBoxAnswerer user({QStringLiteral("OK"), QStringLiteral("OK")});
+        CMessageBox::information(nullptr, QStringLiteral("Done."));
+        CMessageBox::warning(nullptr, QStringLiteral("Failed."), QStringLiteral("why"));
+        QCOMPARE(user.boxes().at(0).icon, QMessageBox::Information);
+        QCOMPARE(user.boxes().at(1).icon, QMessageBox::Warning);
+        QCOMPARE(user.boxes().at(1).title, QStringLiteral("Orvo"));
+        QCOMPARE(user.boxes().at(1).details, QStringLiteral("why"));
+    }
+
     void asksWithYesAsTheDefault()
     {
         const CMessageBoxAnswerer user({QStringLiteral("Yes"), QStringLiteral("No")});
@@ -40,18 +51,23 @@ private Q_SLOTS:
     void theKeyboardAnswers_data()
     {
         QTest::addColumn<int>("key");
-        QTest::addColumn<int>("answer");
-        QTest::newRow("enter") << int(Qt::Key_Return) << 0;
-        QTest::newRow("escape") << int(Qt::Key_Escape) << 1;
+        QTest::addColumn<bool>("loss");
+        QTest::addColumn<bool>("yes");
+        QTest::newRow("enter") << int(Qt::Key_Return) << false << true;
+        QTest::newRow("escape") << int(Qt::Key_Escape) << false << false;
+        QTest::newRow("enter, something would be lost") << int(Qt::Key_Return) << true << false;
+        QTest::newRow("escape, something would be lost") << int(Qt::Key_Escape) << true << false;
     }
 
     void theKeyboardAnswers()
     {
         QFETCH(int, key);
-        QFETCH(int, answer);
+        QFETCH(bool, loss);
+        QFETCH(bool, yes);
         QTimer::singleShot(0, this,
                            [key] { QTest::keyClick(QApplication::activeModalWidget(), Qt::Key(key)); });
-        QCOMPARE(CMessageBox::question(nullptr, QStringLiteral("Sure?")), answer);
+        const QString text = QStringLiteral("Sure?");
+        QCOMPARE(loss ? CMessageBox::confirm(nullptr, text) : CMessageBox::question(nullptr, text) == 0, yes);
     }
 
     void fitsItsText_data()
