@@ -88,15 +88,17 @@ void paintFrame(QPainter &painter, const QRectF &rect, const QPen &pen)
 void CLayoutPainter::paintCabinet(QPainter &painter, const SCabinetLook &look, qreal scale)
 {
     const QColor fill = look.selected ? selectedFill(look.fill) : look.fill;
-    painter.fillRect(look.rect, fill);
-    if (isAfar(look.rect.width(), scale))
+    if (isAfar(look.rect.width(), scale)) {
+        painter.fillRect(look.rect, fill);
         return;
+    }
 
+    // The border is what the fill leaves of a rectangle behind it: a pen would be walked pixel by pixel.
+    const qreal hairline = 1 / scale;
+    painter.fillRect(look.rect.adjusted(0, 0, hairline, hairline), look.selected ? FrameColor : BorderColor);
+    painter.fillRect(look.rect.adjusted(hairline, hairline, 0, 0), fill);
     if (look.custom)
         paintCustomMark(painter, look.rect);
-    static const QPen border = cosmetic(BorderColor, 1);
-    static const QPen selectedBorder = cosmetic(FrameColor, 1);
-    paintFrame(painter, look.rect, look.selected ? selectedBorder : border);
     if (!look.innerLines.isEmpty()) {
         painter.setPen(cosmetic(fill.darker(150), 1, Qt::DotLine));
         painter.translate(look.rect.topLeft());
@@ -134,8 +136,9 @@ void CLayoutPainter::paintWire(QPainter &painter, const QLineF &line, qreal scal
     const QPointF foot = line.pointAt(ArrowPlace);
     const QPointF side = QPointF(-along.y(), along.x()) * (unit * ArrowHalfWidth);
     const QPointF head[] = {foot + along * (unit * ArrowLength), foot - side, foot + side};
+    static const QBrush fill(WireColor);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(WireColor);
+    painter.setBrush(fill);
     painter.drawConvexPolygon(head, 3);
 }
 
