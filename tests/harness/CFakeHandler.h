@@ -19,7 +19,7 @@ public:
     using Port = CabinetLayout::CabinetPort;
     using Cabinets = QList<Port::Cabinet>;
 
-    // ---- answers
+    // Answers.
     QList<ProcessorTree::ProcessorNode> nodes; ///< all processors of the tree
     QUuid current;                             ///< key of the processor in view
     QList<QUuid> selected;
@@ -56,7 +56,7 @@ public:
     bool answerLater = false;              ///< reads and saves end when the test calls what waits
     std::function<void(QString)> onCalled; ///< told each call's text, on the calling thread
 
-    // ---- what was called
+    // What was called.
     /// The calls so far, each as "name" or "name(arguments)", in order.
     QStringList calls() const;
     /// How many calls there were of the operation @p name.
@@ -65,7 +65,7 @@ public:
     std::thread::id threadOf(const QString &name) const;
     void forgetCalls();
 
-    // ---- ILayoutInterfaceHandler
+    // ILayoutInterfaceHandler
     QSize getCanvasSize() const override;
     void showScreen(bool shown) override;
     void applyLayoutFollowUp(bool full) override;
@@ -139,6 +139,9 @@ private:
     void note(const char *name, const QStringList &arguments = {}) const;
     bool answer(const char *name, const QStringList &arguments = {}) const;
     void end(Done done);
+    static QString text(const QUuid &uuid);
+    static QString text(bool value);
+    static QString text(int value);
 
     mutable std::mutex m_mutex; // guards what was called, and the layouts
     mutable QStringList m_calls;

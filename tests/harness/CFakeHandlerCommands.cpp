@@ -1,0 +1,186 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+// What the module tells the host to do.
+#include "tests/harness/CFakeHandler.h"
+
+#include <QPoint>
+
+void CFakeHandler::showScreen(bool shown)
+{
+    note("showScreen", {text(shown)});
+}
+
+void CFakeHandler::applyLayoutFollowUp(bool full)
+{
+    note("applyLayoutFollowUp", {text(full)});
+}
+
+void CFakeHandler::commitLayoutData(const LayoutData &data)
+{
+    note("commitLayoutData", {text(data.processor)});
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    layouts[data.processor] = data;
+}
+
+bool CFakeHandler::exportProcessorMapping(const QUuid &processor, const QString &file)
+{
+    return answer("exportProcessorMapping", {text(processor), file});
+}
+
+bool CFakeHandler::importProcessorMapping(const QUuid &processor, const QString &file, bool overwriteLocked)
+{
+    return answer("importProcessorMapping", {text(processor), file, text(overwriteLocked)});
+}
+
+bool CFakeHandler::setCabinetStatusLed(bool on)
+{
+    return answer("setCabinetStatusLed", {text(on)});
+}
+
+void CFakeHandler::performPreparatoryStep(const QUuid &processor)
+{
+    note("performPreparatoryStep", {text(processor)});
+}
+
+bool CFakeHandler::copyProcessorMapping(const QUuid &from, const QUuid &to, bool overwriteLocked)
+{
+    return answer("copyProcessorMapping", {text(from), text(to), text(overwriteLocked)});
+}
+
+bool CFakeHandler::setOutputPortCount(const QUuid &processor, int count)
+{
+    return answer("setOutputPortCount", {text(processor), text(count)});
+}
+
+bool CFakeHandler::setProcessorRedundancy(const QUuid &primary, const QUuid &redundancy)
+{
+    return answer("setProcessorRedundancy", {text(primary), text(redundancy)});
+}
+
+bool CFakeHandler::cancelProcessorRedundancy(const QUuid &processor)
+{
+    return answer("cancelProcessorRedundancy", {text(processor)});
+}
+
+bool CFakeHandler::setWorkMode(const QUuid &processor, ProcessorWorkMode mode)
+{
+    return answer("setWorkMode", {text(processor), text(static_cast<int>(mode))});
+}
+
+bool CFakeHandler::setCabinetHighlight(const Cabinets &cabinets, CabinetHighlight highlight)
+{
+    return answer("setCabinetHighlight", {text(cabinets.size()), text(static_cast<int>(highlight))});
+}
+
+bool CFakeHandler::exportCabinetConfig(const Port::Cabinet &cabinet, const QString &file)
+{
+    return answer("exportCabinetConfig", {text(cabinet.uuid), file});
+}
+
+bool CFakeHandler::readbackCabinetConfig(int port, const Port::Cabinet &cabinet, const QString &file,
+                                         const QString &typeName)
+{
+    return answer("readbackCabinetConfig", {text(port), text(cabinet.uuid), file, typeName});
+}
+
+bool CFakeHandler::setPortRedundancy(int primary, int backup)
+{
+    return answer("setPortRedundancy", {text(primary), text(backup)});
+}
+
+bool CFakeHandler::cancelPortRedundancy(int port)
+{
+    return answer("cancelPortRedundancy", {text(port)});
+}
+
+bool CFakeHandler::exportPortMapping(const QUuid &processor, int port, const QString &file)
+{
+    return answer("exportPortMapping", {text(processor), text(port), file});
+}
+
+bool CFakeHandler::importPortMapping(const QUuid &processor, int port, const QString &file,
+                                     bool overwriteLocked)
+{
+    return answer("importPortMapping", {text(processor), text(port), file, text(overwriteLocked)});
+}
+
+void CFakeHandler::readMapping(ReadSaveMappingRole wanted, const SMappingOptions &options, Done done)
+{
+    role = wanted;
+    readOptions = options;
+    note("readMapping");
+    end(std::move(done));
+}
+
+void CFakeHandler::saveMapping(ReadSaveMappingRole wanted, const LayoutData &data, Done done)
+{
+    role = wanted;
+    saved = data;
+    note("saveMapping");
+    end(std::move(done));
+}
+
+bool CFakeHandler::setPortAreas(const QList<SPortArea> &changed)
+{
+    if (!answer("setPortAreas"))
+        return false;
+    areas = changed;
+    return true;
+}
+
+bool CFakeHandler::applyProcessorRedundancy(const QList<QUuid> &, const QList<QPair<QUuid, QUuid>> &pairs)
+{
+    if (!answer("applyProcessorRedundancy"))
+        return false;
+    redundancies = pairs;
+    return true;
+}
+
+void CFakeHandler::showTypeLibrary(QWidget *)
+{
+    note("showTypeLibrary");
+}
+
+bool CFakeHandler::sendCabinetParameters(const Cabinets &cabinets, const SMD5 &type, double gamma)
+{
+    return answer("sendCabinetParameters",
+                  {text(cabinets.size()), QString::fromLatin1(type.toText()), QString::number(gamma)});
+}
+
+bool CFakeHandler::importCurrentGain(const QString &file)
+{
+    return answer("importCurrentGain", {file});
+}
+
+bool CFakeHandler::clearCurrentGains()
+{
+    return answer("clearCurrentGains");
+}
+
+bool CFakeHandler::sendCurrentGains(const QList<SCurrentGain> &sent)
+{
+    if (!answer("sendCurrentGains"))
+        return false;
+    gains = sent;
+    return true;
+}
+
+bool CFakeHandler::setCanvasSize(const QSize &size)
+{
+    return answer("setCanvasSize", {text(size.width()), text(size.height())});
+}
+
+bool CFakeHandler::setFrameRateAndColorDepth(int rate, int depth)
+{
+    return answer("setFrameRateAndColorDepth", {text(rate), text(depth)});
+}
+
+bool CFakeHandler::setBackground(const SBackgroundInfo &info)
+{
+    return answer("setBackground", {text(info.processor), info.file});
+}
+
+bool CFakeHandler::setProcessorOffset(const QUuid &processor, const QPoint &offset)
+{
+    return answer("setProcessorOffset", {text(processor), text(offset.x()), text(offset.y())});
+}
