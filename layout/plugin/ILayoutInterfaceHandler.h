@@ -28,8 +28,7 @@ public:
     /// Told once, on the GUI thread, how an operation ended that was carried out in the background.
     using Done = std::function<void(const SDeviceOutcome &)>;
 
-    // ---- the controller's and the store's
-    // --------------------------------------------------------------------
+    // Controller and store.
     /// Canvas size of the current processor in pixels; empty without one.
     virtual QSize getCanvasSize() const = 0;
     /// Shows or hides the window that simulates the wall. GUI thread.
@@ -50,84 +49,86 @@ public:
                                         bool overwriteLocked) = 0;
     /// Switches the status LED of all cabinets of the current processor. GUI thread.
     virtual bool setCabinetStatusLed(bool on) = 0;
+    /// How many processors answered the last detection; projects do not count.
     virtual int getDetectedProcessorCount() const = 0;
     /// Whether the host wants applyLayoutFollowUp() right after the layout just handed over.
     virtual bool layoutFollowUpNeeded() const = 0;
+    /// Whether the processor works as fibre optic transceiver, so that there is nothing to edit.
     virtual bool isFiberTransceiverMode(const QUuid &processor) const = 0;
 
-    // ---- notifications
-    // ---------------------------------------------------------------------------------------
+    // Notifications.
     /// The processor in view; a default record (null uuid) without one.
     virtual ProcessorTree::ProcessorNode currentProcessorNode() const = 0;
     /// The ports of the current processor as the host holds them, in ascending index; empty without one.
     virtual QVector<CabinetLayout::CabinetPort> currentProcessorPorts() const = 0;
-    /// The working layout of a processor.
+    /// The working layout of a processor, with the cabinets' places in the saved mapping.
     virtual LayoutData layoutData(const QUuid &processor) const = 0;
     /// 1 when the processor must be prepared before it is edited (its first layout is made), 0 otherwise.
     virtual int preparatoryStep(const QUuid &processor) const = 0;
+    /// Makes the first layout, without cabinets. Announced by LayoutNotification::LayoutReplaced.
     virtual void performPreparatoryStep(const QUuid &processor) = 0;
     /// The processors of the selection in the device tree, a group's members included.
     virtual QList<ProcessorTree::ProcessorNode> selectedProcessors() const = 0;
 
-    // ---- processor commands
-    // ----------------------------------------------------------------------------------
+    // Processor commands.
     /// Why the last operation that gave false did so: what and where, for the user. GUI thread.
     virtual QString lastError() const = 0;
     /// All processors that the device tree shows, in its order.
     virtual QList<ProcessorTree::ProcessorNode> processors() const = 0;
     /// Replaces the layout of @p to by a copy of that of @p from, with new cabinet keys; see
-    /// importProcessorMapping().
+    /// importProcessorMapping(). GUI thread.
     virtual bool copyProcessorMapping(const QUuid &from, const QUuid &to, bool overwriteLocked) = 0;
+    /// How many ports are in use.
     virtual int outputPortCount(const QUuid &processor) const = 0;
     /// The most ports that the processor can drive.
     virtual int maximumPortCount(const QUuid &processor) const = 0;
     /// Refused when a port that would go still holds cabinets. Announced by
     /// LayoutNotification::PortCountChanged.
     virtual bool setOutputPortCount(const QUuid &processor, int count) = 0;
+    /// Makes @p redundancy stand in for @p primary when that fails; refused when one of them is in a pair.
     virtual bool setProcessorRedundancy(const QUuid &primary, const QUuid &redundancy) = 0;
+    /// Ends the pair that the processor belongs to.
     virtual bool cancelProcessorRedundancy(const QUuid &processor) = 0;
     /// The pairs (primary, redundancy).
     virtual QList<QPair<QUuid, QUuid>> processorRedundancies() const = 0;
-    /// The processor whose layout holds the cabinet.
+    /// The processor whose layout holds the cabinet; a default record for an unknown one.
     virtual ProcessorTree::ProcessorNode processorOfCabinet(const QUuid &cabinet) const = 0;
     /// Announced by LayoutNotification::WorkModeChanged.
     virtual bool setWorkMode(const QUuid &processor, ProcessorWorkMode mode) = 0;
 
-    // ---- store
-    // -----------------------------------------------------------------------------------------------
+    // Store.
     /// The cabinet type library.
     virtual QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const = 0;
 
-    // ---- view and cabinet menu
-    // -------------------------------------------------------------------------------
+    // View and cabinet menu.
     /// Makes cabinets of the current processor stand out on the wall, in place of those before. GUI thread.
     virtual bool setCabinetHighlight(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
                                      CabinetHighlight highlight) = 0;
-    /// Writes the configuration of a cabinet to a "*.rcvbp" file. GUI thread.
+    /// Writes the configuration of a cabinet to a "*.rcvbp" file, whole or not at all. GUI thread.
     virtual bool exportCabinetConfig(const CabinetLayout::CabinetPort::Cabinet &cabinet,
                                      const QString &file) = 0;
-    /// Reads the configuration of a connected cabinet into a file. @p typeName may be empty. GUI thread.
+    /// Reads the configuration of a connected cabinet into a file, under the name @p typeName; with an empty
+    /// one under the type's own. The cabinet must be in the saved mapping. GUI thread.
     virtual bool readbackCabinetConfig(int port, const CabinetLayout::CabinetPort::Cabinet &cabinet,
                                        const QString &file, const QString &typeName) = 0;
 
-    // ---- port list
-    // -------------------------------------------------------------------------------------------
+    // Port list.
     /// The current processor's state forbids port redundancy now.
     virtual bool isPortRedundancyBlocked() const = 0;
+    /// Whether the kind of the current processor has port redundancy at all.
     virtual bool isPortRedundancySupported() const = 0;
     /// Makes @p backup the redundancy of @p primary, both of the current processor. Announced by
     /// LayoutNotification::PortBackupChanged.
     virtual bool setPortRedundancy(int primary, int backup) = 0;
-    /// Ends the pair that @p port belongs to.
+    /// Ends the pair that @p port belongs to. Announced by LayoutNotification::PortBackupChanged.
     virtual bool cancelPortRedundancy(int port) = 0;
-    /// Writes one port to a "*.pprj" file. GUI thread.
+    /// Writes one port to a "*.pprj" file, whole or not at all. GUI thread.
     virtual bool exportPortMapping(const QUuid &processor, int port, const QString &file) = 0;
     /// Replaces one port's cabinets by a file's; see importProcessorMapping(). GUI thread.
     virtual bool importPortMapping(const QUuid &processor, int port, const QString &file,
                                    bool overwriteLocked) = 0;
 
-    // ---- side panel
-    // ------------------------------------------------------------------------------------------
+    // Side panel.
     /// Load of a port of the current processor in percent of its capacity; above 100: overloaded.
     virtual int portLoad(const CabinetLayout::CabinetPort &port, int index) const = 0;
     /// Reads the mapping of the current or of all processors in the background, with progress and cancel. A
@@ -137,17 +138,19 @@ public:
     /// Saves @p data (the current processor), or the working layouts of all, to the processors. GUI thread.
     virtual void saveMapping(ReadSaveMappingRole role, const LayoutData &data, Done done) = 0;
 
-    // ---- port areas of the current processor
-    // -----------------------------------------------------------------
+    // Port areas of the current processor.
+    /// The parts of the display that were set, at most one a port.
     virtual QList<SPortArea> portAreas() const = 0;
+    /// Replaces all areas. Refused when one is of a port that is not in use.
     virtual bool setPortAreas(const QList<SPortArea> &areas) = 0;
     /// Pixels; 0 or less: no limit.
     virtual int lowLatencyWidthLimit() const = 0;
+    /// Whether the processor shows stereoscopic pictures, with which its ports carry less.
     virtual bool isThreeDEnabled() const = 0;
 
-    // ---- processor redundancy dialog
-    // -------------------------------------------------------------------------
-    /// Replaces all pairs among @p processors by @p pairs (primary, redundancy).
+    // Processor redundancy dialog.
+    /// Replaces all pairs among @p processors by @p pairs (primary, redundancy). See
+    /// setProcessorRedundancy().
     virtual bool applyProcessorRedundancy(const QList<QUuid> &processors,
                                           const QList<QPair<QUuid, QUuid>> &pairs) = 0;
     /// Whether all of @p processors are online.
@@ -155,41 +158,49 @@ public:
     /// Whether a device operation on any of @p processors is running.
     virtual bool areProcessorsBusy(const QList<QUuid> &processors) const = 0;
 
-    // ---- cabinet dialogs
-    // -------------------------------------------------------------------------------------
+    // Cabinet dialogs.
     /// Opens the host's type library. GUI thread.
     virtual void showTypeLibrary(QWidget *parent) = 0;
     /// Whether none of the ports that hold @p cabinets is a redundancy port.
     virtual bool areOnPrimaryPorts(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets) const = 0;
-    /// Sends a type's parameters to cabinets of the current processor; @p gamma 1.0 to 4.0. GUI thread.
+    /// Sends a type's parameters to cabinets of any detected processors, which must be in their saved
+    /// mappings; @p gamma 1.0 to 4.0. Processor by processor: those before one that fails have taken them.
+    /// GUI thread.
     virtual bool sendCabinetParameters(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
                                        const SMD5 &type, double gamma) = 0;
 
-    // ---- current gain of the current processor
-    // ---------------------------------------------------------------
+    // Current gain of the current processor.
+    /// One set a frame rate and gain level, imported or not.
     virtual QList<SCurrentGain> currentGains() const = 0;
-    /// Imports a "*.acr" file. GUI thread.
+    /// Takes the sets of a "*.acr" file in place of those of the same frame rate and level; sends nothing.
+    /// GUI thread.
     virtual bool importCurrentGain(const QString &file) = 0;
+    /// Forgets all sets, also on the processor.
     virtual bool clearCurrentGains() = 0;
+    /// Sends what was imported to the processor, switched on and off as @p gains say.
     virtual bool sendCurrentGains(const QList<SCurrentGain> &gains) = 0;
 
-    // ---- canvas of the current processor
-    // ---------------------------------------------------------------------
+    // Canvas of the current processor.
+    /// Zero without a current processor: then no size is allowed.
     virtual SCanvasLimits canvasLimits() const = 0;
+    /// What keeps the canvas size from being changed now.
     virtual CanvasBlock canvasBlock() const = 0;
-    /// Announced by LayoutNotification::CanvasSizeChanged.
+    /// Pixels. Refused beyond canvasLimits() and while canvasBlock() tells a reason. Announced by
+    /// LayoutNotification::CanvasSizeChanged.
     virtual bool setCanvasSize(const QSize &size) = 0;
     virtual int frameRate() const = 0;  ///< hertz: 50, 60, 120 or 240
     virtual int colorDepth() const = 0; ///< bits: 8, 10 or 12
-    /// Announced by LayoutNotification::PortLoadsChanged.
+    /// Refused where the kind of the processor does not offer it. Announced by
+    /// LayoutNotification::PortLoadsChanged.
     virtual bool setFrameRateAndColorDepth(int hertz, int bits) = 0;
+    /// The picture behind a processor's canvas, with the processor's key.
     virtual SBackgroundInfo background(const QUuid &processor) const = 0;
-    /// Announced by LayoutNotification::BackgroundChanged.
+    /// Of the processor that @p info names. Announced by LayoutNotification::BackgroundChanged.
     virtual bool setBackground(const SBackgroundInfo &info) = 0;
 
-    // ---- summary
-    // ---------------------------------------------------------------------------------------------
+    // Summary.
     /// Area and offset of each given processor on the shared canvas, in pixels.
     virtual ProcessorBoundingRects processorBoundingRects(const QList<QUuid> &processors) const = 0;
+    /// Moves a processor's area on the shared canvas; pixels.
     virtual bool setProcessorOffset(const QUuid &processor, const QPoint &offset) = 0;
 };
