@@ -118,6 +118,8 @@ void CMainWindow::connectActions()
     connect(m_actions.openLogFolder, &QAction::triggered, this, &CMainWindow::openLogFolder);
     connect(m_actions.recentProjects, &QMenu::aboutToShow, this, &CMainWindow::fillRecentMenu);
     connect(m_actions.processor, &QMenu::aboutToShow, this, &CMainWindow::fillProcessorMenu);
+    connect(m_projects.get(), &CProjectCommands::notifyWorking, statusBar(),
+            [this](const QString &text) { statusBar()->showMessage(text); });
     connect(m_projects.get(), &CProjectCommands::notifyOpened, this, [this](const QUuid &project) {
         m_devices->selectProcessor(project);
         updateActions();

@@ -53,6 +53,7 @@ void CProjectCommands::open(const QStringList &files)
     QUuid last;
     QStringList failures;
     for (const QString &file : files) {
+        Q_EMIT notifyWorking(tr("Opening \"%1\"...").arg(QDir::toNativeSeparators(file)));
         const CResult<QUuid> opened = m_manager.openProject(file);
         if (opened) {
             last = opened.value();
@@ -61,6 +62,7 @@ void CProjectCommands::open(const QStringList &files)
             failures << opened.error();
             m_settings.removeRecentProject(file);
         }
+        Q_EMIT notifyWorking({});
     }
     if (!last.isNull())
         Q_EMIT notifyOpened(last);
@@ -104,7 +106,9 @@ bool CProjectCommands::saveAs(const QUuid &processor)
 bool CProjectCommands::saveTo(const QUuid &processor, const QString &file)
 {
     m_flush();
+    Q_EMIT notifyWorking(tr("Saving \"%1\"...").arg(QDir::toNativeSeparators(file)));
     const CStatus status = m_manager.saveProject(processor, file);
+    Q_EMIT notifyWorking({});
     if (!status) {
         CMessageBox::warning(&m_window, tr("The project cannot be saved."), status.error());
         return false;

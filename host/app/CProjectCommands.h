@@ -40,6 +40,8 @@ public:
     bool confirmQuit();
 
 Q_SIGNALS:
+    /// What is being done, for the status bar; empty: it has ended.
+    void notifyWorking(const QString &text);
     void notifyOpened(const QUuid &project);
     void notifySaved(const QString &file);
 

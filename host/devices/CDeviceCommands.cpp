@@ -7,6 +7,8 @@
 #include "host/devices/simulated/CSimulatedProcessor.h"
 #include "host/library/CTypeLibrary.h"
 
+#include <QSet>
+
 #include <algorithm>
 
 namespace {
@@ -84,7 +86,7 @@ CStatus CDeviceCommands::setPortCount(const QUuid &processor, int count)
     CStatus status = apply(processor, [count](SProcessorSettings &settings) { settings.portCount = count; });
     if (!status)
         return status;
-    m_manager.table().change(processor, [](SDevice &known) {
+    m_manager.table().changeLayout(processor, [](SDevice &known) {
         if (known.isLoaded())
             known.takeLayout(known.working.layout());
     });
@@ -274,20 +276,34 @@ CStatus CDeviceCommands::sendGains(const QList<SCurrentGain> &gains)
 
 CStatus CDeviceCommands::sendParameters(const Cabinets &cabinets, const SMD5 &type, double gamma)
 {
-    const std::optional<SDevice> device = m_manager.table().currentDevice();
-    if (!device)
-        return CStatus::failure(unknownProcessor());
-    if (device->project)
-        return failure(*device, tr("A project has no cabinets that are connected."));
     if (!m_library.find(type) || !(gamma >= 1.0 && gamma <= 4.0))
-        return failure(*device, tr("The cabinet type or the gamma value is not valid."));
-    const bool mapped = std::all_of(cabinets.begin(), cabinets.end(), [&device](const auto &cabinet) {
-        return device->working.isMapped(cabinet.uuid);
+        return CStatus::failure(tr("The cabinet type or the gamma value is not valid."));
+    const QList<SDevice> devices = m_manager.table().devices();
+    QSet<QUuid> receivers;
+    for (const CabinetLayout::CabinetPort::Cabinet &cabinet : cabinets) {
+        const SDevice *holder = holderOf(devices, cabinet);
+        if (!holder)
+            return CStatus::failure(tr("There are cabinets that are in no processor's saved mapping."));
+        if (holder->project)
+            return failure(*holder, tr("A project has no cabinets that are connected."));
+        receivers << holder->node.uuid;
+    }
+    for (const QUuid &processor : qAsConst(receivers)) {
+        CStatus status = apply(
+            processor, [&type, gamma](SProcessorSettings &settings) { settings.gammas.insert(type, gamma); });
+        if (!status)
+            return status;
+    }
+    return receivers.isEmpty() ? CStatus::failure(tr("There are no cabinets to send to.")) : CStatus::done();
+}
+
+const SDevice *CDeviceCommands::holderOf(const QList<SDevice> &devices,
+                                         const CabinetLayout::CabinetPort::Cabinet &cabinet)
+{
+    const auto found = std::find_if(devices.begin(), devices.end(), [&cabinet](const SDevice &device) {
+        return device.working.isMapped(cabinet.uuid);
     });
-    if (cabinets.isEmpty() || !mapped)
-        return failure(*device, tr("There are cabinets that are not in its saved mapping."));
-    return apply(device->node.uuid,
-                 [&type, gamma](SProcessorSettings &settings) { settings.gammas.insert(type, gamma); });
+    return found == devices.end() ? nullptr : &*found;
 }
 
 CStatus CDeviceCommands::highlight(const Cabinets &cabinets, CabinetHighlight highlight)

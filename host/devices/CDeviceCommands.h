@@ -39,8 +39,13 @@ public:
     CStatus importGains(const QString &file);
     CStatus clearGains();
     CStatus sendGains(const QList<SCurrentGain> &gains);
-    CStatus sendParameters(const Cabinets &cabinets, const SMD5 &type, double gamma);
     CStatus highlight(const Cabinets &cabinets, CabinetHighlight highlight);
+
+    /// To the processors that have @p cabinets in their saved mapping, one after the other.
+    CStatus sendParameters(const Cabinets &cabinets, const SMD5 &type, double gamma);
+    /// The one of @p devices that has @p cabinet in its saved mapping; null: none.
+    static const SDevice *holderOf(const QList<SDevice> &devices,
+                                   const CabinetLayout::CabinetPort::Cabinet &cabinet);
 
     /// What keeps the canvas size of a processor from being changed.
     static CanvasBlock canvasBlock(const SDevice &device);

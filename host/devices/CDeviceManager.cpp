@@ -12,6 +12,7 @@
 #include "host/devices/CSimulatedPark.h"
 #include "host/devices/CUpdateThread.h"
 #include "layout/data/records/RecordMetaTypes.h"
+#include "platform/common/CBackgroundCall.h"
 
 #include <utility>
 
@@ -147,7 +148,7 @@ void CDeviceManager::select(const QList<QUuid> &processors, PrcTreeNodeType type
 
 CResult<QUuid> CDeviceManager::openProject(const QString &file)
 {
-    CResult<QUuid> opened = m_projects->open(file);
+    CResult<QUuid> opened = CBackgroundCall::result([&] { return m_projects->open(file); });
     if (opened)
         Q_EMIT processorsChanged();
     return opened;
@@ -155,7 +156,7 @@ CResult<QUuid> CDeviceManager::openProject(const QString &file)
 
 CResult<QUuid> CDeviceManager::openDemo()
 {
-    CResult<QUuid> opened = m_projects->openDemo();
+    CResult<QUuid> opened = CBackgroundCall::result([&] { return m_projects->openDemo(); });
     if (opened)
         Q_EMIT processorsChanged();
     return opened;
@@ -163,17 +164,15 @@ CResult<QUuid> CDeviceManager::openDemo()
 
 CResult<QUuid> CDeviceManager::addProject(const SProcessorProject &project)
 {
-    CResult<QUuid> added = m_projects->add(project, {});
-    if (!added)
-        return added;
-    m_table->change(added.value(), [](SDevice &device) { device.takeSaved({}); });
-    Q_EMIT processorsChanged();
+    CResult<QUuid> added = CBackgroundCall::result([&] { return m_projects->addUnsaved(project); });
+    if (added)
+        Q_EMIT processorsChanged();
     return added;
 }
 
 CStatus CDeviceManager::saveProject(const QUuid &processor, const QString &file)
 {
-    CStatus saved = m_projects->save(processor, file);
+    CStatus saved = CBackgroundCall::result([&] { return m_projects->save(processor, file); });
     if (saved)
         Q_EMIT processorsChanged();
     return saved;

@@ -73,6 +73,8 @@ public:
     /// Sets what is selected in the device tree. A single processor becomes the current one.
     void select(const QList<QUuid> &processors, PrcTreeNodeType type);
 
+    // Projects are read, made and written in the background; until that is done, painting and notifications
+    // go on, and the user's input waits.
     /// Opens a "*.sprj" file as a processor without device; gives its key. A file that is open is found
     /// again.
     CResult<QUuid> openProject(const QString &file);
@@ -99,7 +101,7 @@ public:
     /// Nothing can be started afterwards. A second call does nothing.
     void stop();
 
-    // ---- for handlers and workers, any thread
+    // For handlers and workers, any thread.
     /// Runs @p work on the GUI thread, later; dropped once stopped.
     void post(std::function<void()> work);
     const CSimulatedPark &park() const { return *m_park; }

@@ -178,9 +178,12 @@ bool CLayoutHandler::areProcessorsBusy(const QList<QUuid> &processors) const
 
 bool CLayoutHandler::areOnPrimaryPorts(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets) const
 {
-    const SDevice device = current();
-    return std::all_of(cabinets.begin(), cabinets.end(), [&device](const auto &cabinet) {
-        const CabinetLayout::CabinetPort *port = device.working.layout().port(cabinet.port);
+    const SDevice inView = current();
+    const QList<SDevice> devices = m_manager.table().devices();
+    return std::all_of(cabinets.begin(), cabinets.end(), [&](const auto &cabinet) {
+        const SDevice *holder = CDeviceCommands::holderOf(devices, cabinet);
+        const CabinetLayout::CabinetPort *port =
+            (holder ? *holder : inView).working.layout().port(cabinet.port);
         return port && port->redundancy != CabinetLayout::CabinetPort::Redundant;
     });
 }

@@ -6,6 +6,7 @@
 #include "host/devices/CLayoutHandler.h"
 #include "host/devices/CMappingFiles.h"
 #include "host/devices/CRedundancyPairs.h"
+#include "platform/common/CBackgroundCall.h"
 
 void CLayoutHandler::showScreen(bool shown)
 {
@@ -41,28 +42,30 @@ void CLayoutHandler::commitLayoutData(const LayoutData &data)
 
 bool CLayoutHandler::exportProcessorMapping(const QUuid &processor, const QString &file)
 {
-    return told(m_files->exportProcessor(processor, file));
+    return told(CBackgroundCall::result([&] { return m_files->exportProcessor(processor, file); }));
 }
 
 bool CLayoutHandler::importProcessorMapping(const QUuid &processor, const QString &file, bool overwriteLocked)
 {
-    return told(m_files->importProcessor(processor, file, overwriteLocked));
+    return told(
+        CBackgroundCall::result([&] { return m_files->importProcessor(processor, file, overwriteLocked); }));
 }
 
 bool CLayoutHandler::copyProcessorMapping(const QUuid &from, const QUuid &to, bool overwriteLocked)
 {
-    return told(m_files->copyProcessor(from, to, overwriteLocked));
+    return told(CBackgroundCall::result([&] { return m_files->copyProcessor(from, to, overwriteLocked); }));
 }
 
 bool CLayoutHandler::exportPortMapping(const QUuid &processor, int port, const QString &file)
 {
-    return told(m_files->exportPort(processor, port, file));
+    return told(CBackgroundCall::result([&] { return m_files->exportPort(processor, port, file); }));
 }
 
 bool CLayoutHandler::importPortMapping(const QUuid &processor, int port, const QString &file,
                                        bool overwriteLocked)
 {
-    return told(m_files->importPort(processor, port, file, overwriteLocked));
+    return told(
+        CBackgroundCall::result([&] { return m_files->importPort(processor, port, file, overwriteLocked); }));
 }
 
 bool CLayoutHandler::exportCabinetConfig(const CabinetLayout::CabinetPort::Cabinet &cabinet,

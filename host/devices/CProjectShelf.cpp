@@ -49,7 +49,8 @@ CResult<QUuid> CProjectShelf::open(const QString &file)
     if (!opened.isNull())
         return opened;
     const CResult<SProcessorProject> project = CProcessorProject::read(file);
-    return project ? add(project.value(), file) : CResult<QUuid>::failure(project.error());
+    return project ? add(project.value(), file, project.value().layout)
+                   : CResult<QUuid>::failure(project.error());
 }
 
 CResult<QUuid> CProjectShelf::openDemo()
@@ -61,10 +62,16 @@ CResult<QUuid> CProjectShelf::openDemo()
     SProcessorProject project = SProcessorProject::ofPlan(plan, layout.value());
     project.name = tr("Demo wall");
     project.portCount = 16; // one without cabinets, to try things out
-    return add(project, {});
+    return add(project, {}, project.layout);
 }
 
-CResult<QUuid> CProjectShelf::add(const SProcessorProject &project, const QString &file)
+CResult<QUuid> CProjectShelf::addUnsaved(const SProcessorProject &project)
+{
+    return add(project, {}, {});
+}
+
+CResult<QUuid> CProjectShelf::add(const SProcessorProject &project, const QString &file,
+                                  const CabinetLayout &saved)
 {
     const SProcessorKind *kind = kindFor(project);
     if (!kind || kind->ports < portsInUse(project)) {
@@ -90,7 +97,7 @@ CResult<QUuid> CProjectShelf::add(const SProcessorProject &project, const QStrin
     device.settings.background.processor = device.node.uuid;
     device.savedSettings = device.settings;
     device.takeLayout(project.layout);
-    device.takeSaved(project.layout);
+    device.takeSaved(saved);
     m_table.put(device);
     return device.node.uuid;
 }

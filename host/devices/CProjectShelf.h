@@ -11,7 +11,7 @@
 
 class CDeviceTable;
 
-/// Opens and saves project files as processors without device. GUI thread.
+/// Opens and saves project files as processors without device. Any thread.
 class CProjectShelf final
 {
     Q_DECLARE_TR_FUNCTIONS(CProjectShelf)
@@ -23,13 +23,14 @@ public:
     CResult<QUuid> open(const QString &file);
     /// Puts the demo wall into the table.
     CResult<QUuid> openDemo();
-    /// Puts a project into the table; @p file is empty when it has none.
-    CResult<QUuid> add(const SProcessorProject &project, const QString &file);
+    /// Puts a project without file into the table, all of it unsaved edits.
+    CResult<QUuid> addUnsaved(const SProcessorProject &project);
     CStatus save(const QUuid &processor, const QString &file);
 
     static SProcessorProject projectOf(const SDevice &device);
 
 private:
+    CResult<QUuid> add(const SProcessorProject &project, const QString &file, const CabinetLayout &saved);
     QUuid openedAs(const QString &file) const;
 
     CDeviceTable &m_table;

@@ -9,6 +9,8 @@
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 
+#include <QTimer>
+
 namespace {
 
 QString idOf(const QUuid &uuid)
@@ -109,6 +111,23 @@ private Q_SLOTS:
         host.manager.select({}, PrcTreeNodeType::Other);
         QCOMPARE(host.log.waitFor(28), QStringLiteral("28 2"));
         QCOMPARE(current.size(), 2); // it was null already
+    }
+
+    void filesAreReadAndWrittenWhileTheWindowGoesOn()
+    {
+        CDeviceFixture host;
+        int served = 0;
+        const auto serve = [&] { QTimer::singleShot(0, &host.manager, [&served] { ++served; }); };
+        serve();
+        const QUuid demo = host.manager.openDemo().value();
+        QCOMPARE(served, 1);
+        serve();
+        const QString file = host.folder.filePath(QStringLiteral("wall.sprj"));
+        QVERIFY(bool(host.manager.saveProject(demo, file)));
+        QCOMPARE(served, 2);
+        serve();
+        QVERIFY(host.handler.importProcessorMapping(demo, file, false));
+        QCOMPARE(served, 3);
     }
 
     void theDemoWallIsAProjectThatCanBeSavedAndOpenedAgain()

@@ -313,6 +313,10 @@ private Q_SLOTS:
         Cabinet unknown = cabinet;
         unknown.uuid = QUuid::createUuid();
         QVERIFY(!handler.sendCabinetParameters({cabinet, unknown}, type->key, 2.2));
+        const Cabinet elsewhere = handler.layoutData(m_left).layout.ports.at(0).getAllCabinets().first();
+        QVERIFY(handler.sendCabinetParameters({cabinet, elsewhere}, type->key, 2.2));
+        QCOMPARE(m_host->manager.table().device(m_left)->settings.gammas.value(type->key), 2.2);
+        QVERIFY(handler.areOnPrimaryPorts({cabinet, elsewhere}));
 
         const QString file = m_host->folder.filePath(QStringLiteral("cabinet.rcvbp"));
         QVERIFY2(handler.readbackCabinetConfig(0, cabinet, file, QStringLiteral("Left tile")),

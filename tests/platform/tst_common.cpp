@@ -1,13 +1,16 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "platform/common/CBackgroundCall.h"
 #include "platform/common/CCustomPaint.h"
 #include "platform/common/CReadWriteLock.h"
 #include "platform/common/CSingleton.h"
 #include "platform/common/Utils.h"
 #include "tests/harness/CTestBase.h"
 
+#include <QDeadlineTimer>
 #include <QImage>
 #include <QPainter>
+#include <QTimer>
 
 #include <atomic>
 #include <thread>
@@ -46,6 +49,31 @@ private Q_SLOTS:
             thread.join();
         QCOMPARE(slowlyMade.load(), 1);
         QCOMPARE(std::count(seen.begin(), seen.end(), &CSingleton<SSlowlyMade>::instance()), 8);
+    }
+
+    void aBackgroundCallLetsQueuedWorkGoOn()
+    {
+        std::atomic<bool> served{false};
+        QTimer::singleShot(5, this, [&served] { served = true; });
+        const std::thread::id caller = std::this_thread::get_id();
+        const bool elsewhere = CBackgroundCall::result([&] {
+            QDeadlineTimer patience(5000);
+            while (!served && !patience.hasExpired())
+                std::this_thread::yield();
+            return std::this_thread::get_id() != caller;
+        });
+        QVERIFY(served);
+        QVERIFY(elsewhere);
+    }
+
+    void aBackgroundCallOfAWorkerIsAPlainCall()
+    {
+        bool same = false;
+        std::thread([&same] {
+            const std::thread::id caller = std::this_thread::get_id();
+            CBackgroundCall::run([&] { same = std::this_thread::get_id() == caller; });
+        }).join();
+        QVERIFY(same);
     }
 
     void theLockKeepsWritersFromReaders()
