@@ -48,6 +48,8 @@ public:
     /// The processor has saved @p mapping: the cabinets take their places in it. No edit.
     void takeMappingIndices(const CabinetLayout &mapping) { m_content.takeMappingIndices(mapping); }
 
+    /// The records of the selected cabinets, those in selected groups included.
+    QList<CabinetLayout::CabinetPort::Cabinet> selectedCabinets() const { return m_selection.records(); }
     /// In ascending port index.
     const QVector<CGraphicsPortItem *> &portItems() const { return m_content.ports(); }
     CGraphicsPortItem *portItem(int port) const override { return m_content.port(port); }

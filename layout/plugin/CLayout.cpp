@@ -82,7 +82,9 @@ void CLayout::stop()
 void CLayout::fillProcessorMenu(QMenu &menu, const QUuid &processor)
 {
     if (m_processorCommands) // gone once stopped
-        CProcessorMenu(menu, *m_processorCommands, processor, !m_editingBlocked).fill();
+        CProcessorMenu(menu, *m_processorCommands, processor, !m_editingBlocked,
+                       m_editorPage->selectedCabinets())
+            .fill();
 }
 
 void CLayout::flush()

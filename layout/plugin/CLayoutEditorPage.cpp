@@ -44,6 +44,11 @@ QAbstractButton &CLayoutEditorPage::showScreenButton() const
     return *m_showScreen;
 }
 
+QList<CabinetLayout::CabinetPort::Cabinet> CLayoutEditorPage::selectedCabinets() const
+{
+    return m_view->cabinetScene().selectedCabinets();
+}
+
 void CLayoutEditorPage::setProcessor(const ProcessorTree::ProcessorNode &processor)
 {
     const bool another = processor.uuid != m_processor.uuid;

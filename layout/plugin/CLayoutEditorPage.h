@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/data/records/CabinetLayout.h"
 #include "layout/data/records/ProcessorTree.h"
 
 #include <QWidget>
@@ -24,6 +25,8 @@ public:
 
     QAbstractButton &showScreenButton() const;
     const QUuid &processor() const { return m_processor.uuid; } ///< the one shown; null: none
+
+    QList<CabinetLayout::CabinetPort::Cabinet> selectedCabinets() const;
 
     /// Shows @p processor; its layout is loaded when another one was shown before.
     void setProcessor(const ProcessorTree::ProcessorNode &processor);

@@ -4,7 +4,10 @@
 
 #include "layout/data/CLayoutData.h"
 #include "layout/plugin/CHostAccess.h"
+#include "layout/plugin/CParameterCheck.h"
 #include "layout/plugin/ILayoutInterfaceHandler.h"
+#include "layout/settings/CCabinetInformation.h"
+#include "layout/settings/CCabinetParaSave.h"
 #include "platform/widgets/CMessageBox.h"
 
 #include <QFileDialog>
@@ -74,6 +77,22 @@ void CProcessorCommands::setRedundancyFor(const QUuid &primary, const QUuid &red
 void CProcessorCommands::cancelRedundancy(const QUuid &processor)
 {
     reportSet(CHostAccess::handler()->cancelProcessorRedundancy(processor));
+}
+
+void CProcessorCommands::saveParameters()
+{
+    m_store.syncLayoutData(true); // the check takes the host's cabinets
+    const CResult<QList<CParameterCheck::Cabinet>> checked = CParameterCheck(m_store).run();
+    if (checked)
+        CCabinetParaSave(checked.value(), m_store.typeLibrary(), &m_messageParent).exec();
+    else
+        CMessageBox::information(&m_messageParent, checked.error());
+}
+
+void CProcessorCommands::showInformation(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets)
+{
+    const auto typeOf = [this](const SMD5 &key) { return m_store.getTypeInfo(key); };
+    CCabinetInformation(cabinets, typeOf, &m_messageParent).exec();
 }
 
 void CProcessorCommands::setVideoProcessorMode()

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/data/records/CabinetLayout.h"
+
 #include <QObject>
 
 class CLayoutData;
@@ -25,6 +27,9 @@ public:
     void setPortCount(const QUuid &processor, int count);
     void setRedundancyFor(const QUuid &primary, const QUuid &redundancy);
     void cancelRedundancy(const QUuid &processor);
+    /// Sends parameters to the cabinets of all detected processors, after a check of each.
+    void saveParameters();
+    void showInformation(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets);
     void setVideoProcessorMode(); ///< of the current processor
     void setBypassMode();         ///< of the current processor
     void setCustomMarkup(bool on);

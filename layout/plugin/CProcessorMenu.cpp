@@ -36,10 +36,11 @@ void allowUnless(QAction *entry, const QString &reason)
 } // namespace
 
 CProcessorMenu::CProcessorMenu(QMenu &menu, CProcessorCommands &commands, const QUuid &processor,
-                               bool editable)
+                               bool editable, const Cabinets &selected)
     : m_menu(menu)
     , m_commands(commands)
     , m_processor(CHostAccess::handler()->getProcessorNode(processor))
+    , m_selected(selected)
     , m_modeReason(CHostAccess::handler()->isFiberTransceiverMode(processor) ? fiberText() : QString())
     , m_editReason(m_modeReason.isEmpty() && !editable ? tr("Editing is locked") : m_modeReason)
 {
@@ -56,7 +57,7 @@ void CProcessorMenu::fill()
     m_menu.addSeparator();
     addCabinetParameters();
     m_menu.addSeparator();
-    addLater(m_menu, tr("Cabinet information..."));
+    addCabinetInformation();
     m_menu.addSeparator();
     addLater(m_menu, tr("Redundant processor view..."));
 }
@@ -86,11 +87,9 @@ void CProcessorMenu::addStatusLed()
     QMenu *led = addSubmenu(m_menu, tr("Cabinet status LED"));
     addEntry(*led, tr("On"), [commands] { commands->setStatusLed(true); });
     addEntry(*led, tr("Off"), [commands] { commands->setStatusLed(false); });
-    const bool current = CHostAccess::handler()->currentProcessorNode().uuid == m_processor.uuid;
-    const QString reason = !current              ? tr("The processor is not the current one")
-                           : !m_processor.online ? tr("The processor is offline")
-                                                 : QString();
-    allowUnless(led->menuAction(), m_modeReason.isEmpty() ? reason : m_modeReason);
+    const QString reason = currentReason();
+    allowUnless(led->menuAction(),
+                reason.isEmpty() && !m_processor.online ? tr("The processor is offline") : reason);
 }
 
 void CProcessorMenu::addPortCounts()
@@ -140,7 +139,26 @@ void CProcessorMenu::addCabinetParameters()
     markup->setCheckable(true);
     markup->setChecked(m_commands.customMarkup());
     QObject::connect(markup, &QAction::toggled, commands, &CProcessorCommands::setCustomMarkup);
-    addLater(*parameters, tr("Save parameters..."), PlaceholderIcon);
+    allowUnless(addEntry(
+                    *parameters, tr("Save parameters..."), [commands] { commands->saveParameters(); },
+                    PlaceholderIcon),
+                m_modeReason);
+}
+
+void CProcessorMenu::addCabinetInformation()
+{
+    CProcessorCommands *commands = &m_commands;
+    QAction *entry = addEntry(m_menu, tr("Cabinet information..."),
+                              [commands, selected = m_selected] { commands->showInformation(selected); });
+    const QString reason = currentReason();
+    allowUnless(entry, reason.isEmpty() && m_selected.isEmpty() ? tr("No cabinet is selected") : reason);
+}
+
+QString CProcessorMenu::currentReason() const
+{
+    const bool current = CHostAccess::handler()->currentProcessorNode().uuid == m_processor.uuid;
+    const QString reason = current ? QString() : tr("The processor is not the current one");
+    return m_modeReason.isEmpty() ? reason : m_modeReason;
 }
 
 void CProcessorMenu::addLater(QMenu &menu, const QString &text, const QString &icon)

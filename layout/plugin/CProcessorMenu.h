@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/data/records/CabinetLayout.h"
 #include "layout/data/records/ProcessorTree.h"
 
 #include <QCoreApplication>
@@ -19,8 +20,11 @@ class CProcessorMenu final
     Q_DECLARE_TR_FUNCTIONS(CProcessorMenu)
 
 public:
-    /// @p editable is false while the host blocks editing.
-    CProcessorMenu(QMenu &menu, CProcessorCommands &commands, const QUuid &processor, bool editable);
+    using Cabinets = QList<CabinetLayout::CabinetPort::Cabinet>;
+
+    /// @p editable is false while the host blocks editing; @p selected are cabinets of the current processor.
+    CProcessorMenu(QMenu &menu, CProcessorCommands &commands, const QUuid &processor, bool editable,
+                   const Cabinets &selected);
 
     void fill();
 
@@ -30,6 +34,9 @@ private:
     void addPortCounts();
     void addRedundancy();
     void addCabinetParameters();
+    void addCabinetInformation();
+    /// Why what is done with the current processor cannot be done with this one; empty: it can.
+    QString currentReason() const;
     void addLater(QMenu &menu, const QString &text, const QString &icon = {});
     /// A submenu of all other processors; those in fibre optic transceiver mode cannot be chosen.
     QMenu *addOtherProcessors(const QString &text, const QString &icon,
@@ -43,6 +50,7 @@ private:
     QMenu &m_menu;
     CProcessorCommands &m_commands;
     const ProcessorTree::ProcessorNode m_processor;
+    const Cabinets m_selected;
     const QString m_modeReason; // why nothing can be done but leaving the mode; empty: it can
     const QString m_editReason; // why its layout cannot be replaced; empty: it can
 };

@@ -3,8 +3,8 @@
 #include "platform/common/CBackgroundCall.h"
 
 #include <QCoreApplication>
-#include <QEventLoop>
 #include <QCursor>
+#include <QEventLoop>
 #include <QGuiApplication>
 #include <QThread>
 

@@ -3,6 +3,7 @@
 #include "layout/data/CLayoutData.h"
 #include "layout/plugin/CProcessorCommands.h"
 #include "layout/plugin/CProcessorMenu.h"
+#include "layout/plugin/LayoutNotification.h"
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
@@ -22,6 +23,7 @@ struct SMenuScene final
     CLayoutData store;
     CProcessorCommands commands{store, window};
     QMenu menu;
+    CProcessorMenu::Cabinets selected;
 
     SMenuScene() { host.choose(a); }
     ~SMenuScene() { store.stop(); }
@@ -30,7 +32,7 @@ struct SMenuScene final
     void fill(bool editable = true)
     {
         menu.clear();
-        CProcessorMenu(menu, commands, a, editable).fill();
+        CProcessorMenu(menu, commands, a, editable, selected).fill();
     }
     QAction *entry(const QString &path)
     {
@@ -118,6 +120,30 @@ private:
     const QString m_file;
 };
 
+/// Closes the next dialog and notes its title.
+class CDialogCloser final : public QObject
+{
+public:
+    explicit CDialogCloser(QString &title)
+        : m_title(title)
+    {
+        startTimer(1);
+    }
+
+protected:
+    void timerEvent(QTimerEvent *) override
+    {
+        auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        if (!dialog)
+            return;
+        m_title = dialog->windowTitle();
+        dialog->reject();
+    }
+
+private:
+    QString &m_title;
+};
+
 const QString Ok = QStringLiteral("OK");
 
 } // namespace
@@ -152,12 +178,9 @@ private Q_SLOTS:
         SMenuScene scene;
         scene.fill();
         QVERIFY(scene.menu.toolTipsVisible());
-        for (const char *later : {"Cabinet information...", "Redundant processor view...",
-                                  "Cabinet parameters>Save parameters..."}) {
-            const QAction *entry = scene.entry(QString::fromLatin1(later));
-            QVERIFY2(!entry->isEnabled(), later);
-            QCOMPARE(entry->toolTip(), QStringLiteral("Available in a later version"));
-        }
+        const QAction *later = scene.entry(QStringLiteral("Redundant processor view..."));
+        QVERIFY(!later->isEnabled());
+        QCOMPARE(later->toolTip(), QStringLiteral("Available in a later version"));
         QVERIFY(!scene.enabled("Cancel redundancy"));
         QCOMPARE(scene.entry(QStringLiteral("Cancel redundancy"))->toolTip(),
                  QStringLiteral("The processor is not in a redundancy pair"));
@@ -334,6 +357,49 @@ private Q_SLOTS:
             QVERIFY(!chooser.title.isEmpty());
         }
         QCOMPARE(scene.commandCalls(), QStringList());
+    }
+
+    void describesTheSelectedCabinets()
+    {
+        SMenuScene scene;
+        scene.fill();
+        const QString path = QStringLiteral("Cabinet information...");
+        QVERIFY(!scene.entry(path)->isEnabled());
+        QCOMPARE(scene.entry(path)->toolTip(), QStringLiteral("No cabinet is selected"));
+        scene.selected << CabinetLayout::CabinetPort::Cabinet();
+        scene.fill();
+        QString title;
+        CDialogCloser closer(title);
+        scene.entry(path)->trigger();
+        QCOMPARE(title, QStringLiteral("Cabinet information"));
+    }
+
+    void parametersAreSavedOnceTheCabinetsAreChecked()
+    {
+        SMenuScene scene;
+        const char *path = "Cabinet parameters>Save parameters...";
+        scene.fill();
+        CMessageBoxAnswerer user({Ok});
+        scene.trigger(path);
+        QCOMPARE(user.texts(), QStringList{QStringLiteral("There is no cabinet detected.")});
+
+        SSettings::TypeLibrary::STreeNode type;
+        type.key = type.info.key = SMD5::ofContent("P2");
+        scene.answers().library = {type};
+        scene.host.subject()->attach(scene.store);
+        scene.host.notify(LayoutNotification::TypeLibraryChanged);
+        scene.host.subject()->detach(scene.store);
+        CabinetLayout::CabinetPort::Cabinet cabinet;
+        cabinet.type = type.key;
+        cabinet.mappingIndex = 0;
+        CabinetLayout::CabinetPort::CabinetGroup group;
+        group.cabinets << cabinet;
+        scene.answers().layouts[scene.a].layout.ports[0].groups << group;
+        QString title;
+        CDialogCloser closer(title);
+        scene.trigger(path);
+        QCOMPARE(title, QStringLiteral("Save parameters"));
+        QCOMPARE(user.texts().size(), 1);
     }
 
     void markupIsKeptInTheStore()
