@@ -11,6 +11,7 @@
 #include <QtMath>
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -76,6 +77,20 @@ void paintCustomMark(QPainter &painter, const QRectF &cabinet)
     painter.drawConvexPolygon(triangle, 3);
 }
 
+/// Length of a unit in which an arrow head is as large as it gets on a line of that length.
+qreal largestArrowUnit(qreal length)
+{
+    return length * ArrowPlace / ArrowLength;
+}
+
+std::array<QPointF, 3> arrowHead(const QLineF &line, qreal unit)
+{
+    const QPointF along = QPointF(line.dx(), line.dy()) / line.length();
+    const QPointF foot = line.pointAt(ArrowPlace);
+    const QPointF side = QPointF(-along.y(), along.x()) * (unit * ArrowHalfWidth);
+    return {foot + along * (unit * ArrowLength), foot - side, foot + side};
+}
+
 void paintFrame(QPainter &painter, const QRectF &rect, const QPen &pen)
 {
     painter.setPen(pen);
@@ -131,15 +146,21 @@ void CLayoutPainter::paintWire(QPainter &painter, const QLineF &line, qreal scal
         return;
 
     // The head keeps its size on the screen but never outgrows a quarter of the line.
-    const qreal unit = std::min(1 / scale, length * ArrowPlace / ArrowLength);
-    const QPointF along(line.dx() / length, line.dy() / length);
-    const QPointF foot = line.pointAt(ArrowPlace);
-    const QPointF side = QPointF(-along.y(), along.x()) * (unit * ArrowHalfWidth);
-    const QPointF head[] = {foot + along * (unit * ArrowLength), foot - side, foot + side};
+    const auto head = arrowHead(line, std::min(1 / scale, largestArrowUnit(length)));
     static const QBrush fill(WireColor);
     painter.setPen(Qt::NoPen);
     painter.setBrush(fill);
-    painter.drawConvexPolygon(head, 3);
+    painter.drawConvexPolygon(head.data(), int(head.size()));
+}
+
+QRectF CLayoutPainter::wireBounds(const QLineF &line)
+{
+    QRectF bounds = QRectF(line.p1(), line.p2()).normalized().adjusted(-1, -1, 1, 1); // the pen's width
+    if (line.length() > 0) {
+        const auto head = arrowHead(line, largestArrowUnit(line.length()));
+        bounds |= QPolygonF({head[0], head[1], head[2]}).boundingRect();
+    }
+    return bounds;
 }
 
 void CLayoutPainter::paintGroup(QPainter &painter, const QRectF &rect, bool selected, qreal scale)
@@ -159,6 +180,13 @@ void CLayoutPainter::paintStroke(QPainter &painter, const QPolygonF &path)
 {
     painter.setPen(cosmetic(HighlightColor, 3));
     painter.drawPolyline(path);
+}
+
+void CLayoutPainter::paintHandles(QPainter &painter, const QVector<QRectF> &marks)
+{
+    painter.setPen(cosmetic(BorderColor, 1));
+    painter.setBrush(FrameColor);
+    painter.drawRects(marks);
 }
 
 void CLayoutPainter::paintCanvas(QPainter &painter, const QRectF &canvas)

@@ -34,11 +34,15 @@ public:
     static void paintCabinet(QPainter &painter, const SCabinetLook &look, qreal scale);
     /// A wiring line with its arrow head, from exit to entry point.
     static void paintWire(QPainter &painter, const QLineF &line, qreal scale);
+    /// What paintWire() covers at any scale.
+    static QRectF wireBounds(const QLineF &line);
     /// The frame around a group's members.
     static void paintGroup(QPainter &painter, const QRectF &rect, bool selected, qreal scale);
     /// The rubber band, and the way of a stroke of the pen.
     static void paintBand(QPainter &painter, const QRectF &rect);
     static void paintStroke(QPainter &painter, const QPolygonF &path);
+    /// The marks of resize handles.
+    static void paintHandles(QPainter &painter, const QVector<QRectF> &marks);
     /// Checkerboard and border of a canvas.
     static void paintCanvas(QPainter &painter, const QRectF &canvas);
 

@@ -52,6 +52,9 @@ void CCabinetGraphicsScene::setLayoutData(const ProcessorTree::ProcessorNode &pr
         clearLayout();
         reserveItems(data.layout.cabinetCount());
         m_content.build(data);
+        for (const CGraphicsPortItem *port : portItems())
+            connect(port, &CGraphicsPortItem::childItemPosChanged, this,
+                    [this] { m_portAreaChanged = true; });
         m_pending = CPendingEdits();
         m_pending.noteSelection();
     }
@@ -124,7 +127,8 @@ void CCabinetGraphicsScene::breakPortWiring(int port)
 
 void CCabinetGraphicsScene::askToClearTopology(QWidget *parent, int port)
 {
-    if (portItem(port) &&
+    const CGraphicsPortItem *item = portItem(port);
+    if (item && !item->isLocked() &&
         CMessageBox::question(parent, tr("Are you sure you want to clear topology for the output port?")) ==
             0)
         breakPortWiring(port);
@@ -253,7 +257,8 @@ void CCabinetGraphicsScene::finishBatch()
             port->takeNote();
     }
     m_pending = CPendingEdits(); // what finishing noted has been done with it
-    updateContentRect();
+    if (std::exchange(m_portAreaChanged, false))
+        updateContentRect();
     if (work.isSelectedMoved())
         Q_EMIT notifySelectedItemGeometryChanged();
     const bool edited = !work.ports().isEmpty() && !m_gestures.isDragging(); // a drag is an edit when it ends
@@ -308,6 +313,10 @@ void CCabinetGraphicsScene::noteWiringChanged(CGraphicsPortItem &)
 
 void CCabinetGraphicsScene::noteSelected(CGraphicsItemBase &item, bool selected)
 {
+    if (m_selection.count() <= 2) { // handles come or go with the only one
+        for (CGraphicsItemBase *other : m_selection.items())
+            other->update();
+    }
     m_selection.note(item, selected);
 }
 
@@ -318,6 +327,7 @@ void CCabinetGraphicsScene::setToolMode(EToolMode mode, bool on)
         m_toolModes.insert(mode);
     else
         m_toolModes.remove(mode);
+    update(); // handles come or go
 }
 
 void CCabinetGraphicsScene::beginMove(const QPointF &scenePos)
@@ -351,11 +361,7 @@ void CCabinetGraphicsScene::cancelGesture()
 
 void CCabinetGraphicsScene::contextMenuEvent(QGraphicsSceneContextMenuEvent *event)
 {
-    const QList<QGraphicsItem *> under = items(event->scenePos(), Qt::IntersectsItemBoundingRect);
-    const bool onCabinet = std::any_of(under.begin(), under.end(), [](const QGraphicsItem *item) {
-        return item->type() == CabinetItemKind;
-    });
-    if (!m_toolModes.isEmpty() || onCabinet) {
+    if (!m_toolModes.isEmpty() || isOn(event->scenePos(), CabinetItemKind)) {
         CGraphicsScene::contextMenuEvent(event);
         return;
     }
@@ -371,11 +377,42 @@ void CCabinetGraphicsScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
     cancelGesture();
     if (event->buttons() == event->button())
         m_gestures.beginPress();
-    CGraphicsScene::mousePressEvent(event);
-    if (event->isAccepted() || event->button() != Qt::LeftButton || !m_toolModes.isEmpty())
+    const bool onItem = isOn(event->scenePos(), CabinetItemKind) || isOn(event->scenePos(), GroupItemKind);
+    if (onItem || event->button() != Qt::LeftButton || !m_toolModes.isEmpty()) {
+        CGraphicsScene::mousePressEvent(event);
         return;
+    }
     m_gestures.beginBand(event->scenePos(), event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier));
     event->accept();
+}
+
+void CCabinetGraphicsScene::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton && m_toolModes.isEmpty() &&
+        isOn(event->scenePos(), CabinetItemKind)) {
+        m_gestures.beginPress();
+        CGraphicsScene::mouseDoubleClickEvent(event);
+        return;
+    }
+    // Everything else that takes clicks takes quick ones as well.
+    QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
+    press.setWidget(event->widget());
+    press.setScenePos(event->scenePos());
+    press.setScreenPos(event->screenPos());
+    press.setLastScenePos(event->lastScenePos());
+    press.setLastScreenPos(event->lastScreenPos());
+    press.setButton(event->button());
+    press.setButtons(event->buttons());
+    press.setModifiers(event->modifiers());
+    mousePressEvent(&press);
+    event->setAccepted(press.isAccepted());
+}
+
+bool CCabinetGraphicsScene::isOn(const QPointF &scenePos, int kind) const
+{
+    const QList<QGraphicsItem *> under = items(scenePos, Qt::IntersectsItemBoundingRect);
+    return std::any_of(under.begin(), under.end(),
+                       [kind](const QGraphicsItem *item) { return item->type() == kind; });
 }
 
 void CCabinetGraphicsScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)

@@ -89,12 +89,16 @@ public:
     void enterEdited(CGraphicsItemBase &item) override;
     void leaveEdited(CGraphicsItemBase &item) override;
     bool isSingleSelection() const override { return m_selection.count() == 1; }
+    bool offersHandles() const override { return isSingleSelection() && m_toolModes.isEmpty(); }
     bool hasRubberBand() const override { return m_gestures.hasBand(); }
     void beginMove(const QPointF &scenePos) override;
     void beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos) override;
     void continueDrag(const QPointF &scenePos) override { m_gestures.continueDrag(scenePos); }
     bool endDrag(const QPointF &scenePos) override;
-    void beginStroke(CGraphicsCabinetItem &cabinet) override { m_gestures.beginStroke(cabinet); }
+    void beginStroke(CGraphicsCabinetItem &cabinet, const QPointF &scenePos) override
+    {
+        m_gestures.beginStroke(cabinet, scenePos);
+    }
     void continueStroke(const QPointF &scenePos) override { m_gestures.continueStroke(scenePos); }
     void endStroke(const QPointF &scenePos) override { m_gestures.endStroke(scenePos); }
     void exchangeReceivers(int port, const QUuid &cabinet, int cell) override;
@@ -133,10 +137,12 @@ protected:
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
     void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
     void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event) override;
     void drawBackground(QPainter *painter, const QRectF &rect) override;
     void drawForeground(QPainter *painter, const QRectF &rect) override;
 
 private:
+    bool isOn(const QPointF &scenePos, int kind) const;
     void nudge(const QPointF &step);
     void selectOnly(const QVector<QUuid> &uuids);
     void finishBatch();
@@ -154,4 +160,5 @@ private:
     CSceneGestures m_gestures;
     CPendingEdits m_pending;
     int m_batchDepth = 0;
+    bool m_portAreaChanged = false;
 };

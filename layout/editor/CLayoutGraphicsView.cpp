@@ -85,8 +85,9 @@ void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &process
     const bool another = processor.uuid != m_processor;
     m_processor = processor.uuid;
     const bool inPlace = !another && m_scene->canRebuild(layout);
-    if (!inPlace)
-        m_scene->undoStack()->clear(); // its steps belong to what is shown no more
+    QUndoStack *stack = m_scene->undoStack();
+    if (!inPlace && stack)
+        stack->clear(); // its steps belong to what is shown no more
     m_scene->setLayoutData(processor, layout, {}, inPlace);
     QList<int> ports;
     for (const CGraphicsPortItem *port : m_scene->portItems())
@@ -99,7 +100,8 @@ void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &process
 void CLayoutGraphicsView::clearLayout()
 {
     m_processor = QUuid();
-    m_scene->undoStack()->clear();
+    if (QUndoStack *stack = m_scene->undoStack())
+        stack->clear();
     m_scene->clearLayout();
 }
 

@@ -8,19 +8,72 @@
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IEditorScene.h"
 
+#include <QLineF>
 #include <QSet>
 
-CPenStroke::CPenStroke(IEditorScene &scene, CGraphicsPortItem &port, const CGraphicsCabinetItem &first)
+#include <algorithm>
+#include <tuple>
+
+namespace {
+
+/// Narrows the part of a way that lies from @p low on and before @p high on one axis.
+void clipWay(qreal from, qreal distance, qreal low, qreal high, qreal &enters, qreal &leaves)
+{
+    if (qFuzzyIsNull(distance)) {
+        if (from < low || from >= high)
+            leaves = enters;
+        return;
+    }
+    const auto cuts = std::minmax({(low - from) / distance, (high - from) / distance});
+    enters = std::max(enters, cuts.first);
+    leaves = std::min(leaves, cuts.second);
+}
+
+/// The share of the way after which it enters @p rect; above 1 when it does not.
+qreal entryInto(const QRectF &rect, const QLineF &way)
+{
+    qreal enters = 0;
+    qreal leaves = 1;
+    clipWay(way.x1(), way.dx(), rect.left(), rect.right(), enters, leaves);
+    clipWay(way.y1(), way.dy(), rect.top(), rect.bottom(), enters, leaves);
+    if (enters < leaves)
+        return enters;
+    const bool endsOnEdge = way.x2() >= rect.left() && way.x2() < rect.right() && way.y2() >= rect.top() &&
+                            way.y2() < rect.bottom();
+    return endsOnEdge ? 1 : 2;
+}
+
+} // namespace
+
+CPenStroke::CPenStroke(IEditorScene &scene, CGraphicsPortItem &port, const CGraphicsCabinetItem &first,
+                       const QPointF &scenePos)
     : m_scene(scene)
     , m_port(port.port())
+    , m_place(scenePos)
     , m_stroke({first.uuid()})
 {
 }
 
-void CPenStroke::enter(const CGraphicsCabinetItem &cabinet)
+void CPenStroke::moveTo(const QPointF &scenePos)
 {
-    if (cabinet.port() == m_port && !m_stroke.contains(cabinet.uuid()))
-        m_stroke << cabinet.uuid();
+    const QLineF way(m_place, scenePos);
+    m_place = scenePos;
+    const CGraphicsPortItem *owner = m_scene.portItem(m_port);
+    if (!owner || way.p1() == way.p2()) // a mere click enters nothing that lies below
+        return;
+    QVector<std::tuple<qreal, qreal, qreal, QUuid>> entered;
+    for (const CGraphicsCabinetItem *cabinet : owner->cabinets(nullptr)) {
+        const QRectF rect = cabinet->mapRectToScene(cabinet->rect());
+        const qreal entry = entryInto(rect, way);
+        if (entry <= 1)
+            entered << std::make_tuple(entry, rect.top(), rect.left(), cabinet->uuid());
+    }
+    std::sort(entered.begin(), entered.end());
+    for (const auto &entry : qAsConst(entered)) {
+        const QUuid &uuid = std::get<3>(entry);
+        if (!m_stroke.contains(uuid))
+            m_stroke << uuid;
+    }
 }
 
 QVector<CGraphicsCabinetItem *> CPenStroke::drawnCabinets() const

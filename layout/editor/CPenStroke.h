@@ -18,11 +18,15 @@ class IEditorScene;
 class CPenStroke final
 {
 public:
-    CPenStroke(IEditorScene &scene, CGraphicsPortItem &port, const CGraphicsCabinetItem &first);
+    /// Begins at @p scenePos on @p first.
+    CPenStroke(IEditorScene &scene, CGraphicsPortItem &port, const CGraphicsCabinetItem &first,
+               const QPointF &scenePos);
 
     int port() const { return m_port; }
-    /// Adds a cabinet that the stroke has entered; cabinets of other ports are passed over.
-    void enter(const CGraphicsCabinetItem &cabinet);
+    /// Adds the cabinets that lie on the straight way to @p scenePos, in the order in which it enters them;
+    /// of those that it enters at once, the upper, then the left one first. Those of other ports are passed
+    /// over.
+    void moveTo(const QPointF &scenePos);
     /// The chain that the stroke makes of the port's present one.
     QVector<CGraphicsCabinetItem *> chain() const;
     /// The way of the stroke so far, through the middles of its cabinets, in scene coordinates.
@@ -35,5 +39,6 @@ private:
 
     IEditorScene &m_scene;
     int m_port;
+    QPointF m_place;
     QVector<QUuid> m_stroke;
 };

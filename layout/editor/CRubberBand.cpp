@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/CRubberBand.h"
 
-#include "layout/editor/items/CGraphicsItemBase.h"
+#include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/IEditorScene.h"
 
 #include <QGraphicsScene>
@@ -74,6 +74,21 @@ void CRubberBand::count(CGraphicsItemBase &cabinet, int amount)
     CGraphicsItemBase &outermost = cabinet.outermost();
     int &touched = m_counts[outermost.uuid()];
     touched += amount;
-    if ((touched == 1 && amount > 0) || touched == 0)
-        outermost.setSelected(touched > 0 || m_kept.contains(outermost.uuid()));
+    if (touched == 0)
+        restore(outermost);
+    else if (touched == 1 && amount > 0)
+        outermost.setSelected(true);
+}
+
+void CRubberBand::restore(CGraphicsItemBase &outermost)
+{
+    outermost.setSelected(m_kept.contains(outermost.uuid()));
+    if (m_kept.isEmpty() || outermost.isSelected())
+        return;
+    // A member that was selected alone gave way to its group.
+    for (CGraphicsCabinetItem *member : outermost.concernedCabinets()) {
+        const CItemChangeBlocker blocker(*member); // or the band would select the group again
+        if (m_kept.contains(member->uuid()))
+            member->setSelected(true);
+    }
 }

@@ -26,6 +26,7 @@ public:
 private:
     void visit(const QRectF &strip, const QRectF &before, const QRectF &after);
     void count(CGraphicsItemBase &cabinet, int amount);
+    void restore(CGraphicsItemBase &outermost);
 
     IEditorScene &m_editor;
     QGraphicsScene &m_scene;

@@ -10,6 +10,7 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IEditorScene.h"
+#include "layout/geometry/CResizeHandles.h"
 #include "platform/widgets/CGraphicsScene.h"
 
 #include <QPainter>
@@ -64,25 +65,19 @@ bool CSceneGestures::endDrag(const QPointF &scenePos)
     return drag->finish(m_recorder);
 }
 
-void CSceneGestures::beginStroke(CGraphicsCabinetItem &cabinet)
+void CSceneGestures::beginStroke(CGraphicsCabinetItem &cabinet, const QPointF &scenePos)
 {
     CGraphicsPortItem *port = cabinet.portItem();
     m_scene.clearSelection();
     if (port && !port->isLocked())
-        m_stroke = std::make_unique<CPenStroke>(m_editor, *port, cabinet);
+        m_stroke = std::make_unique<CPenStroke>(m_editor, *port, cabinet, scenePos);
 }
 
 void CSceneGestures::continueStroke(const QPointF &scenePos)
 {
     if (!m_stroke)
         return;
-    const QList<QGraphicsItem *> under = m_scene.items(scenePos, Qt::IntersectsItemBoundingRect);
-    for (const QGraphicsItem *item : under) {
-        if (item->type() == CabinetItemKind) {
-            m_stroke->enter(static_cast<const CGraphicsCabinetItem &>(*item));
-            break;
-        }
-    }
+    m_stroke->moveTo(scenePos);
     m_scene.update();
 }
 
@@ -127,8 +122,20 @@ void CSceneGestures::invalidateBand()
         m_scene.update(QRectF(corner - half, QSizeF(edge, band.height() + edge)));
 }
 
+void CSceneGestures::paintHandles(QPainter &painter) const
+{
+    if (!m_editor.offersHandles())
+        return;
+    const CGraphicsItemBase &item = **m_selection.items().begin();
+    if (!item.canResize())
+        return;
+    const qreal side = CResizeHandles::ScreenSide / painter.worldTransform().m11();
+    CLayoutPainter::paintHandles(painter, CResizeHandles::marks(item.mapRectToScene(item.rect()), side));
+}
+
 void CSceneGestures::paint(QPainter &painter) const
 {
+    paintHandles(painter);
     if (m_band)
         CLayoutPainter::paintBand(painter, m_band->rect());
     if (m_stroke)

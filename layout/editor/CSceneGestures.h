@@ -39,7 +39,7 @@ public:
     /// Gives whether the press was a drag, cancelled or not, and no click.
     bool endDrag(const QPointF &scenePos);
 
-    void beginStroke(CGraphicsCabinetItem &cabinet);
+    void beginStroke(CGraphicsCabinetItem &cabinet, const QPointF &scenePos);
     void continueStroke(const QPointF &scenePos);
     void endStroke(const QPointF &scenePos);
 
@@ -47,10 +47,11 @@ public:
     void continueBand(const QPointF &scenePos);
     void endBand();
 
-    /// Draws the band and the stroke.
+    /// Draws the band and the stroke, and the handles of an item that can be resized.
     void paint(QPainter &painter) const;
 
 private:
+    void paintHandles(QPainter &painter) const;
     void invalidateBand();
 
     CGraphicsScene &m_scene;

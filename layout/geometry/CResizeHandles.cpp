@@ -60,6 +60,20 @@ QMap<int, QRectF> CResizeHandles::handles(const QRectF &rect, qreal side)
     return handles;
 }
 
+QVector<QRectF> CResizeHandles::marks(const QRectF &rect, qreal side)
+{
+    QVector<QRectF> marks;
+    if (std::min(rect.width(), rect.height()) < 2 * side)
+        return marks;
+    const qreal half = side / 2;
+    for (const QRectF &handle : handles(rect, side)) {
+        const QPointF corner = handle.center() - QPointF(half / 2, half / 2);
+        marks << QRectF(qBound(rect.left(), corner.x(), rect.right() - half),
+                        qBound(rect.top(), corner.y(), rect.bottom() - half), half, half);
+    }
+    return marks;
+}
+
 QRectF CResizeHandles::resized(const QRectF &rect, int handle, const QPointF &delta, const QSizeF &largest)
 {
     qreal left = rect.left();

@@ -5,6 +5,7 @@
 #include <QMap>
 #include <QPointF>
 #include <QRectF>
+#include <QVector>
 
 /// The eight handles of a rectangle and what dragging them makes of it. Numbers run clockwise from the top
 /// left corner.
@@ -15,10 +16,15 @@ public:
     static constexpr int Count = 8;
     static constexpr int SmallestSide = 1;   ///< pixels
     static constexpr int LargestSide = 2048; ///< pixels, of a cabinet
+    static constexpr int ScreenSide = 12;    ///< of a handle, in pixels of the screen
 
     /// Squares of @p side, centred on corners and edges of @p rect. Edges shorter than three sides get no
     /// handle of their own, so that the corners stay within reach.
     static QMap<int, QRectF> handles(const QRectF &rect, qreal side);
+
+    /// Where the handles are shown: squares inside of @p rect, so that what repaints it repaints them. None
+    /// on a rectangle that is too small for two of them.
+    static QVector<QRectF> marks(const QRectF &rect, qreal side);
 
     /// @p rect with the handle's edges moved by @p delta, in whole pixels, each side kept from 1 to @p
     /// largest.

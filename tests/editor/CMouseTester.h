@@ -134,9 +134,11 @@ public:
     void doubleClick(const QPoint &place)
     {
         click(place);
-        send(QEvent::MouseButtonDblClick, place, true, {});
+        pressAgain(place);
         release(place);
     }
+    /// A press soon after a click at the same place.
+    void pressAgain(const QPoint &place) { send(QEvent::MouseButtonDblClick, place, true, {}); }
     void drag(const QPoint &from, const QPoint &delta)
     {
         hover(from);

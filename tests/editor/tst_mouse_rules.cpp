@@ -208,6 +208,91 @@ private Q_SLOTS:
         QVERIFY(m_mouse->layout() == m_mouse->original());
     }
 
+    void aFastPenLeavesNothingOut()
+    {
+        m_mouse->drag({192, 64}, {40, 50}); // the second lies above the others and above the next port
+        m_mouse->scene().undo(nullptr);
+        m_mouse->view().setTool(View::Pen);
+        m_mouse->press({10, 10});
+        m_mouse->moveTo({380, 120}); // in one go
+        m_mouse->release({500, 400});
+        const QVector<CGraphicsCabinetItem *> order = {&m_mouse->cabinet(0, 0), &m_mouse->cabinet(0, 1),
+                                                       &m_mouse->cabinet(0, 2)};
+        QCOMPARE(m_mouse->scene().portItem(0)->chain().order(), order);
+    }
+
+    void thePenPassesBelowOtherPorts()
+    {
+        m_mouse->drag({420, 64}, {-292, 0}); // a cabinet of port 3 onto the second of port 0
+        QCOMPARE(m_mouse->scene().itemAt(QPointF(192, 64), QTransform())->parentItem(),
+                 m_mouse->scene().portItem(3));
+        m_mouse->view().setTool(View::Pen);
+        m_mouse->press({64, 64});
+        m_mouse->moveTo({192, 64});
+        m_mouse->release({192, 64});
+        const QVector<CGraphicsCabinetItem *> order = {&m_mouse->cabinet(0, 0), &m_mouse->cabinet(0, 1)};
+        QCOMPARE(m_mouse->scene().portItem(0)->chain().order(), order);
+    }
+
+    void quickClicksCount()
+    {
+        m_mouse->click({64, 64});
+        m_mouse->pressAgain({64, 64});
+        m_mouse->moveTo({74, 70});
+        m_mouse->release({74, 70});
+        QCOMPARE(m_mouse->cabinet(0, 0).scenePos(), QPointF(10, 6));
+        m_mouse->scene().undo(nullptr);
+        m_mouse->click({382, 126});
+        m_mouse->pressAgain({382, 126}); // on a handle
+        m_mouse->moveTo({392, 126});
+        m_mouse->release({392, 126});
+        QCOMPARE(m_mouse->cabinet(0, 2).rect().size(), QSizeF(138, 128));
+        m_mouse->scene().undo(nullptr);
+        m_mouse->click(InEmpty);
+        m_mouse->pressAgain(InEmpty);
+        QVERIFY(m_mouse->scene().hasRubberBand());
+        m_mouse->release(InEmpty);
+
+        m_mouse->view().setTool(View::Pen);
+        m_mouse->click({192, 64});
+        m_mouse->pressAgain({192, 64});
+        m_mouse->moveTo({320, 64});
+        m_mouse->release({320, 64});
+        QCOMPARE(m_mouse->scene().portItem(0)->chain().order().size(), 2);
+        QCOMPARE(m_mouse->selected(), Items());
+        m_mouse->view().setTool(View::HeadToTailExchange);
+        const QVector<QRect> receivers = m_mouse->cabinet(3, 0).cabinet().rects;
+        m_mouse->click({420, 64});
+        m_mouse->pressAgain({420, 64});
+        m_mouse->release({420, 64});
+        QCOMPARE(m_mouse->cabinet(3, 0).cabinet().rects, receivers); // exchanged twice
+        QCOMPARE(m_mouse->stack().count(), 4);
+    }
+
+    void aBandAddsToWhatWasSelected_data()
+    {
+        QTest::addColumn<int>("key");
+        QTest::newRow("control") << int(Qt::ControlModifier);
+        QTest::newRow("shift") << int(Qt::ShiftModifier);
+    }
+    void aBandAddsToWhatWasSelected()
+    {
+        QFETCH(int, key);
+        CGraphicsItemBase *member = m_mouse->at(InPair);
+        m_mouse->click({320, 64});
+        m_mouse->doubleClick(InPair);
+        m_mouse->cabinet(0, 2).setSelected(true);
+        const Items before = m_mouse->selected();
+        m_mouse->press(QPoint(-30, 480), Qt::KeyboardModifiers(key));
+        QCOMPARE(m_mouse->selected(), before);
+        m_mouse->moveTo({40, 210});
+        QCOMPARE(m_mouse->selected(), (Items{&member->outermost(), &m_mouse->cabinet(0, 2)}));
+        m_mouse->moveTo({-20, 470}); // the member that gave way to its group is selected again
+        QCOMPARE(m_mouse->selected(), before);
+        m_mouse->release({-20, 470});
+        QCOMPARE(m_mouse->selected(), before);
+    }
+
     void clicksExchangeHeadAndTail()
     {
         m_mouse->view().setTool(View::HeadToTailExchange);

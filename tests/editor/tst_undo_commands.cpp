@@ -209,6 +209,18 @@ private Q_SLOTS:
         QCOMPARE(cabinet.cabinet().rect, expected);
     }
 
+    void aGroupLeavesWithItsMembers()
+    {
+        World world;
+        const QUuid member = World::group(world.scene, "inner").cabinets().first()->uuid();
+        Group &outer = World::group(world.scene, "outer");
+        outer.setSelected(true);
+        world.stack().push(makeWith<CRemoveCommand>(outer, ItemFactories::anew(outer)));
+        QVERIFY(!world.scene.editedItem(member));
+        QVERIFY(world.scene.selection().isEmpty());
+        QCOMPARE(CSceneVerifier::faultIn(world.scene), QString());
+    }
+
     void aRemovedItemComesBackWithoutItsGroup()
     {
         World world;

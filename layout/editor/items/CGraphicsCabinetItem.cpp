@@ -144,7 +144,10 @@ int CGraphicsCabinetItem::cellAt(const QPointF &position) const
 void CGraphicsCabinetItem::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     IEditorScene *editing = editor();
-    if (editing && event->button() == Qt::LeftButton) {
+    if (!editing)
+        return;
+    const CEditBatch batch(*editing);
+    if (event->button() == Qt::LeftButton) {
         if (editing->isToolModeSet(IEditorScene::HeadToTailExchange)) {
             const int cell = cellAt(event->pos());
             if (cell != NoCell) {
@@ -168,6 +171,7 @@ void CGraphicsCabinetItem::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event
     const CEditBatch batch(*editing);
     scene()->clearSelection();
     setSelected(true);
+    CGraphicsItemBase::mousePressEvent(event); // a quick click may be followed by a drag
 }
 
 QVariant CGraphicsCabinetItem::itemChange(GraphicsItemChange change, const QVariant &value)
@@ -175,7 +179,7 @@ QVariant CGraphicsCabinetItem::itemChange(GraphicsItemChange change, const QVari
     if (change == ItemSelectedChange && value.toBool() && isGrouped()) {
         // A rubber band selects whole groups.
         const IEditorScene *editing = editor();
-        if (editing && editing->hasRubberBand()) {
+        if (editing && editing->hasRubberBand() && !isChangeBlocked()) {
             selectOutermost(true);
             return false;
         }

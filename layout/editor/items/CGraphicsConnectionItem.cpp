@@ -8,10 +8,6 @@
 #include <QPainter>
 #include <QStyleOptionGraphicsItem>
 
-namespace {
-constexpr qreal ArrowRoom = 8; // by which an arrow head may stick out of the line's own rectangle
-}
-
 CGraphicsConnectionItem::CGraphicsConnectionItem(CGraphicsCabinetItem &from, CGraphicsCabinetItem &to,
                                                  QGraphicsItem *portItem)
     : m_from(&from)
@@ -30,8 +26,7 @@ void CGraphicsConnectionItem::route()
         return;
     prepareGeometryChange();
     setLine(routed);
-    m_bounds =
-        QRectF(routed.p1(), routed.p2()).normalized().adjusted(-ArrowRoom, -ArrowRoom, ArrowRoom, ArrowRoom);
+    m_bounds = CLayoutPainter::wireBounds(routed);
 }
 
 QPainterPath CGraphicsConnectionItem::shape() const

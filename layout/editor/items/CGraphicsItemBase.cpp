@@ -18,8 +18,6 @@
 
 namespace {
 
-constexpr qreal HandleSide = 9; // pixels of the screen
-
 } // namespace
 
 CGraphicsItemBase::CGraphicsItemBase(const QUuid &uuid, QGraphicsItem *parent)
@@ -97,9 +95,10 @@ void CGraphicsItemBase::updateHandles()
 {
     m_handles.clear();
     const QList<QGraphicsView *> views = scene() ? scene()->views() : QList<QGraphicsView *>();
-    if (views.isEmpty() || !isSelected() || !editor() || !editor()->isSingleSelection() || !canResize())
+    if (views.isEmpty() || !isSelected() || !editor() || !editor()->offersHandles() || !canResize())
         return;
-    m_handles = CResizeHandles::handles(rect(), HandleSide / views.first()->transform().m11());
+    m_handles =
+        CResizeHandles::handles(rect(), CResizeHandles::ScreenSide / views.first()->transform().m11());
 }
 
 int CGraphicsItemBase::handleAt(const QPointF &position) const
@@ -195,7 +194,7 @@ void CGraphicsItemBase::mousePressEvent(QGraphicsSceneMouseEvent *event)
     m_activeHandle = NoHandle;
     // Members lie above the handles of their group.
     CGraphicsItemBase &target = isSelected() ? *this : outermost();
-    if (event->button() == Qt::LeftButton && editing->isSingleSelection() && target.isSelected()) {
+    if (event->button() == Qt::LeftButton && editing->offersHandles() && target.isSelected()) {
         target.updateHandles();
         m_activeHandle = target.handleAt(mapToItem(&target, event->pos()));
         if (m_activeHandle != NoHandle) {

@@ -182,9 +182,10 @@ bool CGraphicsPortItem::sceneEventFilter(QGraphicsItem *watched, QEvent *event)
     if (event->type() != QEvent::GraphicsSceneMousePress || watched->type() != CabinetItemKind ||
         !m_editor.isToolModeSet(IEditorScene::ManualWiring))
         return false;
-    if (static_cast<QGraphicsSceneMouseEvent *>(event)->button() != Qt::LeftButton)
+    const auto &press = static_cast<const QGraphicsSceneMouseEvent &>(*event);
+    if (press.button() != Qt::LeftButton)
         return false;
-    m_editor.beginStroke(static_cast<CGraphicsCabinetItem &>(*watched));
+    m_editor.beginStroke(static_cast<CGraphicsCabinetItem &>(*watched), press.scenePos());
     grabMouse();
     return true;
 }

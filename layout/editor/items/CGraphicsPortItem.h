@@ -80,7 +80,7 @@ public:
     bool sceneEventFilter(QGraphicsItem *watched, QEvent *event) override;
 
 Q_SIGNALS:
-    /// A child lies elsewhere; once an operation.
+    /// Children lie elsewhere, so that they cover another area; at most once an operation.
     void childItemPosChanged();
 
 protected:

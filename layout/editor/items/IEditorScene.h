@@ -35,6 +35,8 @@ public:
     virtual bool isToolModeSet(EToolMode mode) const = 0;
     /// Whether exactly one item is selected.
     virtual bool isSingleSelection() const = 0;
+    /// Whether the selected item is offered to be resized: it is the only one, and no tool is in use.
+    virtual bool offersHandles() const = 0;
     /// Whether the user is drawing a rubber band.
     virtual bool hasRubberBand() const = 0;
 
@@ -47,7 +49,7 @@ public:
     virtual bool endDrag(const QPointF &scenePos) = 0;
 
     /// A stroke of the pen tool: through the cabinets of one port.
-    virtual void beginStroke(CGraphicsCabinetItem &cabinet) = 0;
+    virtual void beginStroke(CGraphicsCabinetItem &cabinet, const QPointF &scenePos) = 0;
     virtual void continueStroke(const QPointF &scenePos) = 0;
     virtual void endStroke(const QPointF &scenePos) = 0;
 

@@ -86,17 +86,26 @@ void CUndoCommandBase::finishGeometry(CGraphicsItemBase &base)
     repaint();
 }
 
+void CUndoCommandBase::leaveWithMembers(CGraphicsItemBase &base)
+{
+    if (base.type() == GroupItemKind) {
+        for (CGraphicsItemBase *member : static_cast<CGraphicsGroupItem &>(base).members())
+            leaveWithMembers(*member);
+    } else if (CGraphicsPortItem *owner = base.portItem()) {
+        owner->chain().unlink(static_cast<CGraphicsCabinetItem &>(base),
+                              true); // no line may outlive its cabinet
+    }
+    m_editor->leaveEdited(base);
+}
+
 void CUndoCommandBase::takeOut()
 {
     CGraphicsItemBase *base = resolvedItem();
     if (!base || !m_editor)
         return;
     CGraphicsPortItem *owner = base->portItem();
-    if (owner && base->type() == CabinetItemKind)
-        owner->chain().unlink(static_cast<CGraphicsCabinetItem &>(*base),
-                              true); // no line may outlive its cabinet
     CGraphicsGroupItem *group = base->groupItem();
-    m_editor->leaveEdited(*base);
+    leaveWithMembers(*base);
     scene()->removeItem(base);
     delete base;
     if (group)

@@ -82,6 +82,8 @@ protected:
 private:
     CGraphicsItemBase *makeItem();
     void putIntoScene(CGraphicsItemBase &item);
+    /// The scene forgets the item and all below it, which are about to be deleted.
+    void leaveWithMembers(CGraphicsItemBase &item);
 
     IEditorScene *m_editor = nullptr;
     int m_port = 0;

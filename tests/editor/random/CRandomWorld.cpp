@@ -315,24 +315,20 @@ bool CRandomWorld::drawStroke(QRandomGenerator &random, CReferenceModel &expecte
     if (cabinets.isEmpty())
         return false;
     CGraphicsCabinetItem *first = cabinets.at(random.bounded(cabinets.size()));
-    QVector<QUuid> stroke = {first->uuid()};
-    m_scene.beginStroke(*first);
+    QVector<QPointF> way = {first->sceneBoundingRect().center()};
+    const QUuid begin = first->uuid();
+    m_scene.beginStroke(*first, way.first());
     m_selectionSignals = 0; // a stroke first takes the selection away, which is told by itself
     for (int i = random.bounded(6); i > 0; --i) {
-        // What lies on top there is entered, whatever port it belongs to.
-        const QPointF place = cabinets.at(random.bounded(cabinets.size()))->sceneBoundingRect().center();
-        for (const QGraphicsItem *item : m_scene.items(place, Qt::IntersectsItemBoundingRect)) {
-            if (item->type() == CabinetItemKind) {
-                stroke << static_cast<const CGraphicsItemBase *>(item)->uuid();
-                break;
-            }
-        }
-        m_scene.continueStroke(place);
+        const bool wild = random.bounded(3) == 0;
+        way << (wild ? QPointF(random.bounded(600), random.bounded(600))
+                     : cabinets.at(random.bounded(cabinets.size()))->sceneBoundingRect().center());
+        m_scene.continueStroke(way.last());
     }
-    m_scene.endStroke(QPointF(-10000, -10000));
+    m_scene.endStroke(way.last());
     if (port->isLocked())
         return false;
-    expected.drawStroke(port->port(), stroke);
+    expected.drawStroke(port->port(), begin, way);
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include "tests/editor/random/CReferenceModel.h"
 
 #include <algorithm>
+#include <tuple>
 
 CReferenceModel::CReferenceModel(const CabinetLayout &layout)
 {
@@ -175,12 +176,59 @@ void CReferenceModel::unwire(const QSet<QUuid> &cabinets)
     }
 }
 
-void CReferenceModel::drawStroke(int port, const QVector<QUuid> &stroke)
+QVector<QUuid> CReferenceModel::crossedBy(int port, const QPointF &from, const QPointF &to) const
 {
-    QVector<QUuid> once;
-    for (const QUuid &cabinet : stroke) {
-        if (portOf(cabinet) == port && !once.contains(cabinet))
-            once << cabinet;
+    // The lines on which edges lie cut the way into pieces; each piece is in a cabinet or it is not.
+    const QPointF step = to - from;
+    QVector<QUuid> byPlace;
+    QVector<qreal> cuts = {0, 1};
+    const auto cut = [&cuts](qreal distance, qreal length) {
+        if (length != 0 && distance / length > 0 && distance / length < 1)
+            cuts << distance / length;
+    };
+    for (auto cabinet = m_cabinets.begin(); cabinet != m_cabinets.end(); ++cabinet) {
+        if (cabinet->port != port)
+            continue;
+        byPlace << cabinet.key();
+        const QRectF rect(cabinet->rect);
+        cut(rect.left() - from.x(), step.x());
+        cut(rect.right() - from.x(), step.x());
+        cut(rect.top() - from.y(), step.y());
+        cut(rect.bottom() - from.y(), step.y());
+    }
+    std::sort(cuts.begin(), cuts.end());
+    cuts.erase(std::unique(cuts.begin(), cuts.end()), cuts.end());
+    std::sort(byPlace.begin(), byPlace.end(), [this](const QUuid &a, const QUuid &b) {
+        const QPoint first = m_cabinets.value(a).rect.topLeft();
+        const QPoint second = m_cabinets.value(b).rect.topLeft();
+        return std::make_tuple(first.y(), first.x(), a) < std::make_tuple(second.y(), second.x(), b);
+    });
+    QVector<QPointF> places;
+    for (int i = 0; i + 1 < cuts.size(); ++i)
+        places << from + step * ((cuts.at(i) + cuts.at(i + 1)) / 2);
+    if (step.isNull())
+        return {};
+    places << to;
+    QVector<QUuid> crossed;
+    for (const QPointF &middle : qAsConst(places)) {
+        for (const QUuid &cabinet : qAsConst(byPlace)) {
+            const QRectF rect(m_cabinets.value(cabinet).rect);
+            if (middle.x() >= rect.left() && middle.x() < rect.right() && middle.y() >= rect.top() &&
+                middle.y() < rect.bottom())
+                crossed << cabinet;
+        }
+    }
+    return crossed;
+}
+
+void CReferenceModel::drawStroke(int port, const QUuid &first, const QVector<QPointF> &way)
+{
+    QVector<QUuid> once = {first};
+    for (int i = 0; i + 1 < way.size(); ++i) {
+        for (const QUuid &cabinet : crossedBy(port, way.at(i), way.at(i + 1))) {
+            if (!once.contains(cabinet))
+                once << cabinet;
+        }
     }
     QVector<QUuid> &chain = m_chains[port];
     const bool goesOn = chain.contains(once.first());

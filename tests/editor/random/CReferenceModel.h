@@ -5,6 +5,7 @@
 #include "layout/data/records/CabinetLayout.h"
 
 #include <QMap>
+#include <QPointF>
 #include <QSet>
 
 /// What edits mean, written plainly on maps and lists: no items, no undo, nothing shared with the editor.
@@ -32,7 +33,8 @@ public:
     void resize(const QUuid &cabinet, const QSize &size);
     void wireByPattern(const QSet<QUuid> &cabinets, int pattern);
     void unwire(const QSet<QUuid> &cabinets);
-    void drawStroke(int port, const QVector<QUuid> &stroke);
+    /// A stroke from @p first along the straight lines of @p way.
+    void drawStroke(int port, const QUuid &first, const QVector<QPointF> &way);
     void group(const QSet<QUuid> &items, const QUuid &newGroup);
     void ungroup(const QUuid &group);
     void remove(const QSet<QUuid> &cabinets);
@@ -57,6 +59,7 @@ private:
     };
 
     void read(int port, const CabinetLayout::CabinetPort::CabinetGroup &group, const QUuid &parent);
+    QVector<QUuid> crossedBy(int port, const QPointF &from, const QPointF &to) const;
     QVector<QUuid> snake(const QVector<QUuid> &cabinets, int pattern) const;
     void dropEmptyGroups(const QSet<QUuid> &candidates);
 

@@ -1,0 +1,103 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/drawing/CLayoutPainter.h"
+#include "layout/resources/LayoutResources.h"
+#include "tests/editor/CMouseTester.h"
+#include "tests/harness/CTestBase.h"
+
+#include <QPainter>
+
+#include <memory>
+
+namespace {
+
+/// Whether the painter leaves all pixels alone that lie farther than a pixel outside of a wire's bounds.
+bool staysInBounds(const QLineF &line, qreal scale)
+{
+    QImage image(600, 600, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::black);
+    const QRectF bounds = CLayoutPainter::wireBounds(line);
+    QTransform transform;
+    transform.translate(300, 300);
+    transform.scale(scale, scale);
+    transform.translate(-line.center().x(), -line.center().y());
+    QPainter painter(&image);
+    painter.setTransform(transform);
+    CLayoutPainter::paintWire(painter, line, scale);
+    const QRect covered = transform.mapRect(bounds).toAlignedRect().adjusted(-1, -1, 1, 1);
+    painter.resetTransform();
+    painter.fillRect(covered, Qt::black);
+    painter.end();
+    QImage black(image.size(), image.format());
+    black.fill(Qt::black);
+    return image == black;
+}
+
+} // namespace
+
+class CCanvasLookTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { initLayoutResources(); }
+
+    void wiresStayInTheirBounds_data()
+    {
+        QTest::addColumn<QLineF>("line");
+        QTest::newRow("level") << QLineF(0, 0, 64, 0);
+        QTest::newRow("back") << QLineF(500, 0, 0, 0);
+        QTest::newRow("upright") << QLineF(0, 0, 0, 128);
+        QTest::newRow("slanted") << QLineF(0, 0, 300, -20);
+        QTest::newRow("nowhere") << QLineF(5, 5, 5, 5);
+    }
+    void wiresStayInTheirBounds()
+    {
+        QFETCH(QLineF, line);
+        for (const qreal scale : {0.05, 0.1, 0.25, 0.5, 0.69, 1.0})
+            QVERIFY2(staysInBounds(line, scale), qPrintable(QString::number(scale)));
+    }
+
+    void handlesAreShownWhereTheyWork_data()
+    {
+        QTest::addColumn<QPoint>("click");
+        QTest::addColumn<QPoint>("corner"); // bottom right, of what is selected
+        QTest::addColumn<bool>("shown");
+        QTest::newRow("a cabinet") << QPoint(320, 64) << QPoint(384, 128) << true;
+        QTest::newRow("a tiling group") << QPoint(64, 564) << QPoint(256, 628) << true;
+        QTest::newRow("a group of two types") << QPoint(464, 564) << QPoint(656, 628) << false;
+    }
+    void handlesAreShownWhereTheyWork()
+    {
+        QFETCH(QPoint, click);
+        QFETCH(QPoint, corner);
+        QFETCH(bool, shown);
+        CMouseTester mouse;
+        QVERIFY(QTest::qWaitForWindowExposed(&mouse.view()));
+        mouse.showAtActualSize();
+        const auto picture = [&] {
+            const QPoint place = mouse.view().mapFromScene(corner);
+            return mouse.view().viewport()->grab(QRect(place - QPoint(5, 5), QSize(4, 4))).toImage();
+        };
+        mouse.click(click);
+        const QImage selected = picture();
+        CCabinetGraphicsScene &scene = mouse.scene();
+        scene.setToolMode(IEditorScene::HeadToTailExchange, true); // the cabinet looks the same
+        const QImage without = picture();
+        QCOMPARE(selected != without, shown);
+        scene.setToolMode(IEditorScene::HeadToTailExchange, false);
+        QCOMPARE(picture(), selected);
+        mouse.click({64, 64}, Qt::ControlModifier); // a second item
+        QCOMPARE(picture(), without);
+        mouse.click({64, 64}, Qt::ControlModifier);
+        QCOMPARE(picture(), selected);
+        for (const int port : {0, 2})
+            mouse.states().locked[port] = true; // the lock's own mark lies elsewhere
+        QCOMPARE(picture(), without);
+        mouse.states().locked.clear();
+        QCOMPARE(mouse.stack().count(), 0);
+    }
+};
+
+ORVO_TEST_MAIN(QApplication, CCanvasLookTest)
+#include "tst_canvas_look.moc"
