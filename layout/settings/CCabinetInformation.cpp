@@ -14,6 +14,7 @@ namespace {
 
 constexpr QSize InformationDialogSize(351, 318);
 constexpr int InformationFieldWidth = 210;
+constexpr QMargins InformationMargins(8, 12, 8, 12);
 
 QString unknownValue()
 {
@@ -43,6 +44,7 @@ void CCabinetInformation::buildUi(const QStringList &values)
     const QStringList names{tr("Count"),           tr("Cabinet type"),      tr("Resolution"), tr("Size"),
                             tr("Working voltage"), tr("Power consumption"), tr("Weight")};
     auto *form = new QFormLayout;
+    form->setHorizontalSpacing(6);
     form->setVerticalSpacing(12);
     for (int row = 0; row < names.size(); ++row)
         form->addRow(names[row], informationField(names[row], values[row]));
@@ -50,6 +52,7 @@ void CCabinetInformation::buildUi(const QStringList &values)
     contentLayout()->addStretch();
     setDefaultButton(QDialogButtonBox::Ok);
     buttonBox()->button(QDialogButtonBox::Ok)->setFocus();
+    layout()->setContentsMargins(InformationMargins); // the longest name needs the room
     setFixedSize(InformationDialogSize);
 }
 

@@ -52,6 +52,7 @@ void CCabinetTypeSetting::buildUi()
     contentLayout()->addLayout(form);
     setDefaultButton(QDialogButtonBox::Ok);
     buttonBox()->button(QDialogButtonBox::Ok)->setEnabled(false);
+    m_typeButton->setFocus();
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 }
 

@@ -33,6 +33,7 @@ void CCustomCabinet::buildUi(const QSize &size)
     m_height = customSideBox(size.height());
     auto *form = new QFormLayout;
     form->setLabelAlignment(Qt::AlignRight);
+    form->setHorizontalSpacing(4);
     form->setVerticalSpacing(8);
     form->addRow(tr("Width"), m_width);
     form->addRow(tr("Height"), m_height);

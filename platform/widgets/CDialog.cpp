@@ -37,3 +37,25 @@ void CDialog::connectSignals()
     connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }
+
+void CDialog::showEvent(QShowEvent *event)
+{
+    putButtonsLast();
+    QDialog::showEvent(event);
+}
+
+void CDialog::putButtonsLast()
+{
+    // The row of buttons is older than the content, and the Tab key follows age unless told otherwise.
+    QWidget *last = nullptr;
+    for (QWidget *widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {
+        if (widget->focusPolicy() & Qt::TabFocus && !widget->focusProxy() && !m_buttons->isAncestorOf(widget))
+            last = widget;
+    }
+    if (!last)
+        return;
+    m_buttons->setFocusProxy(nullptr); // for setTabOrder(), a proxy's owner stands in the proxy's place
+    const QList<QAbstractButton *> buttons = m_buttons->buttons();
+    for (auto it = buttons.crbegin(); it != buttons.crend(); ++it)
+        setTabOrder(last, *it);
+}

@@ -8,7 +8,7 @@
 class QVBoxLayout;
 
 /// Base of all dialogs: a title, a content area and a row of standard buttons below it. It may be resized
-/// unless its owner calls setFixedSize().
+/// unless its owner calls setFixedSize(). The Tab key goes through the content first, then the buttons.
 class CDialog : public QDialog
 {
     Q_OBJECT
@@ -24,9 +24,13 @@ public:
     /// Makes @p button, which must be one of the dialog's, the one that Enter presses.
     void setDefaultButton(QDialogButtonBox::StandardButton button);
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     void buildUi();
     void connectSignals();
+    void putButtonsLast();
 
     QVBoxLayout *m_content = nullptr;
     QDialogButtonBox *m_buttons = nullptr;

@@ -9,8 +9,10 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QSpinBox>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -114,6 +116,24 @@ private Q_SLOTS:
         QTest::keyClick(&dialog, Qt::Key(key));
         QCOMPARE(finished.size(), 1);
         QCOMPARE(dialog.result(), result);
+    }
+
+    void aDialogsButtonsComeAfterItsContent()
+    {
+        CDialog dialog(QStringLiteral("Type"), QDialogButtonBox::Ok | QDialogButtonBox::Cancel, nullptr);
+        dialog.setDefaultButton(QDialogButtonBox::Ok);
+        QVector<QWidget *> order{new QLineEdit, new QSpinBox};
+        for (QWidget *field : qAsConst(order))
+            dialog.contentLayout()->addWidget(field);
+        dialog.contentLayout()->addWidget(new QLabel(QStringLiteral("Note")));
+        order << dialog.buttonBox()->button(QDialogButtonBox::Ok)
+              << dialog.buttonBox()->button(QDialogButtonBox::Cancel) << order.first();
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        for (QWidget *expected : qAsConst(order)) {
+            QCOMPARE(dialog.focusWidget(), expected);
+            QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        }
     }
 
     void anImageButtonShowsItsState()

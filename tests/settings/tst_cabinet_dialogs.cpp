@@ -189,6 +189,8 @@ private Q_SLOTS:
             above = area.bottom();
             QVERIFY(field->isReadOnly());
         }
+        for (const QLabel *name : dialog.findChildren<QLabel *>())
+            QVERIFY2(name->width() >= name->sizeHint().width(), qPrintable(name->text()));
         QTest::keyClick(&dialog, Qt::Key_Return);
         QVERIFY(!dialog.isVisible());
     }
