@@ -3,6 +3,7 @@
 #include "host/app/SAppOptions.h"
 
 #include <QCommandLineParser>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 namespace {
@@ -69,6 +70,16 @@ CResult<SAppOptions> SAppOptions::parse(const QStringList &arguments)
         options.simulations << parsed.value();
     }
     return options;
+}
+
+QStringList SAppOptions::missingFiles() const
+{
+    QStringList missing;
+    for (const QString &file : files) {
+        if (!QFileInfo::exists(file))
+            missing << file;
+    }
+    return missing;
 }
 
 CStatus SAppOptions::checkProcessors(const QStringList &known) const

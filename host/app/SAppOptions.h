@@ -30,6 +30,7 @@ public:
 
     /// @p arguments as the program got them, its name first. The error says how the program is called.
     static CResult<SAppOptions> parse(const QStringList &arguments);
+    QStringList missingFiles() const; ///< of files, those that do not exist
     /// Fails when a fault is asked for of a processor that is none of @p known.
     CStatus checkProcessors(const QStringList &known) const;
     /// Where simulated processors keep their state unless told otherwise.

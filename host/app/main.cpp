@@ -2,11 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/CLogFile.h"
 #include "host/app/CMainWindow.h"
+#include "host/app/CModuleHost.h"
 #include "host/app/CModuleLoader.h"
+#include "host/app/CSignalWatch.h"
 #include "host/app/SAppOptions.h"
 #include "host/app/commands/CCommandLine.h"
 #include "host/devices/CSimulatedPark.h"
 #include "layout/data/records/RecordMetaTypes.h"
+#include "layout/plugin/ILayoutInterface.h"
 #include "platform/widgets/CTheme.h"
 
 #include <QApplication>
@@ -69,6 +72,35 @@ void setUpApplication()
     QApplication::setApplicationVersion(QStringLiteral(ORVO_VERSION));
 }
 
+/// Ends the program without asking, as whoever sends a signal expects; the log keeps what was lost.
+void endBySignal(CMainWindow &window, int number)
+{
+    if (ILayoutInterface *layout = window.moduleHost().layoutModule())
+        layout->flush();
+    QStringList edited;
+    for (const SDevice &device : window.manager().table().devices()) {
+        if (device.isModified())
+            edited << device.node.name;
+    }
+    const QString lost =
+        edited.isEmpty()
+            ? QStringLiteral("nothing was unsaved")
+            : QStringLiteral("unsaved edits are lost: %1").arg(edited.join(QStringLiteral(", ")));
+    qWarning("Ended by signal %d; %s.", number, qUtf8Printable(lost));
+    QCoreApplication::exit(128 + number);
+}
+
+/// Tells of projects on the command line that are not there. False: one is not even named like a project.
+bool reportMissingFiles(const SAppOptions &options)
+{
+    bool named = true;
+    for (const QString &file : options.missingFiles()) {
+        std::fprintf(stderr, "orvo: there is no command and no file \"%s\"\n", qPrintable(file));
+        named = named && file.endsWith(QLatin1String(".sprj"), Qt::CaseInsensitive);
+    }
+    return named;
+}
+
 int runWindow(int argc, char **argv, const SAppOptions &options)
 {
     setUpApplication();
@@ -77,6 +109,7 @@ int runWindow(int argc, char **argv, const SAppOptions &options)
         const CDisplayWatch watch;
         application.emplace(argc, argv);
     }
+    const CSignalWatch signalWatch;
     const CLogFile log(CLogFile::defaultFolder());
     registerRecordMetaTypes();
     CTheme::apply(*application);
@@ -86,6 +119,8 @@ int runWindow(int argc, char **argv, const SAppOptions &options)
         options.stateFolder.isEmpty() ? SAppOptions::defaultStateFolder() : options.stateFolder;
     CMainWindow window(devices);
     window.loadModule(CModuleLoader::layoutFile());
+    QObject::connect(&signalWatch, &CSignalWatch::notifySignal, &window,
+                     [&window](int number) { endBySignal(window, number); });
     window.show();
     QMetaObject::invokeMethod(
         &window, [&window, &options] { window.start(options); }, Qt::QueuedConnection); // its messages block
@@ -108,5 +143,7 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "orvo: %s\n", qPrintable(known.error()));
         return CCommandLine::BadInput;
     }
+    if (!reportMissingFiles(options.value()))
+        return CCommandLine::Usage;
     return runWindow(argc, argv, options.value());
 }

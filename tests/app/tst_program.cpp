@@ -5,6 +5,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include <csignal>
+
 /// What the program says and gives when it cannot open its window.
 class CProgramTest final : public CTestBase
 {
@@ -16,9 +18,10 @@ private Q_SLOTS:
         QTest::addColumn<QStringList>("environment");
         QTest::addColumn<QStringList>("arguments");
         QTest::addColumn<QStringList>("said");
+        QTest::addColumn<int>("status");
         const auto row = [](const char *name, const QStringList &environment, const QStringList &arguments,
-                            const QStringList &said) {
-            QTest::newRow(name) << environment << arguments << said;
+                            const QStringList &said, int status = 1) {
+            QTest::newRow(name) << environment << arguments << said << status;
         };
         const QStringList noDisplay{QStringLiteral("no display found"), QStringLiteral("orvo --help")};
         row("no variable", {}, {}, noDisplay);
@@ -27,6 +30,7 @@ private Q_SLOTS:
         row("platform without display", {QStringLiteral("QT_QPA_PLATFORM=xcb")}, {}, noDisplay);
         row("unknown platform", {QStringLiteral("QT_QPA_PLATFORM=bogus")}, {},
             noDisplay + QStringList(QStringLiteral("bogus")));
+        row("neither command nor file", {}, {QStringLiteral("bogus")}, {QStringLiteral("\"bogus\"")}, 2);
         row("unknown processor", {QStringLiteral("QT_QPA_PLATFORM=offscreen")},
             {QStringLiteral("--simulate"), QStringLiteral("slow=Lobby"), QStringLiteral("--simulate"),
              QStringLiteral("slow=Nowhere")},
@@ -37,6 +41,7 @@ private Q_SLOTS:
         QFETCH(QStringList, environment);
         QFETCH(QStringList, arguments);
         QFETCH(QStringList, said);
+        QFETCH(int, status);
         const QTemporaryDir home;
         QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
         for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
@@ -49,13 +54,42 @@ private Q_SLOTS:
         process.start(QStringLiteral(ORVO_PROGRAM), arguments);
         QVERIFY(process.waitForFinished(20000));
         QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(process.exitCode(), 1);
+        QCOMPARE(process.exitCode(), status);
         const QString errors = QString::fromLocal8Bit(process.readAllStandardError());
         QVERIFY2(errors.startsWith(QLatin1String("orvo: ")), qPrintable(errors));
         QVERIFY2(errors.count(QLatin1Char('\n')) == 1 && errors.endsWith(QLatin1Char('\n')),
                  qPrintable(errors));
         for (const QString &text : said)
             QVERIFY2(errors.contains(text), qPrintable(errors));
+    }
+
+    void aSignalEndsItInOrder_data()
+    {
+        QTest::addColumn<int>("number");
+        QTest::newRow("terminate") << SIGTERM;
+        QTest::newRow("interrupt") << SIGINT;
+    }
+    void aSignalEndsItInOrder()
+    {
+        QFETCH(int, number);
+        const QTemporaryDir home;
+        QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+        variables.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR"})
+            variables.insert(QLatin1String(name), home.path());
+        QProcess process;
+        process.setProcessEnvironment(variables);
+        process.start(QStringLiteral(ORVO_PROGRAM), {QStringLiteral("--demo"), QStringLiteral("--detect")});
+        QVERIFY(process.waitForStarted(20000));
+        const QString log = home.filePath(QStringLiteral("Velmarinth/Orvo/log/orvo.log"));
+        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(log), 20000);
+        QCOMPARE(::kill(static_cast<pid_t>(process.processId()), number), 0);
+        QVERIFY(process.waitForFinished(20000));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), 128 + number);
+        QFile file(log);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QVERIFY(file.readAll().contains("Ended by signal " + QByteArray::number(number)));
     }
 };
 

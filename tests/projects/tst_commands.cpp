@@ -114,19 +114,24 @@ private Q_SLOTS:
             QTest::newRow(arguments) << QString::fromLatin1(arguments) << status << QString::fromLatin1(said);
         };
         row("paint a.sprj", 2, "no such command");
-        row("new", 2, "1 file");
+        row("new", 2, "one file");
         row("new NEW --cabinet 64x64 --columns 1 --rows 1", 2, "--ports is missing");
         row("new NEW --cabinet 64 --columns 1 --rows 1 --ports 1", 2, "--cabinet");
         row("new NEW --cabinet 64x64x64 --columns 1 --rows 1 --ports 1", 2, "--cabinet");
         row("new NEW --cabinet 64x64 --columns 12abc --rows 1 --ports 1", 2, "12abc");
         row("new NEW --cabinet 64x64 --columns +1 --rows 1 --ports 1", 2, "+1");
+        row("new NEW --cabinet 64x64 --columns -8 --rows 1 --ports 1", 2, "from 1 to 32768, not \"-8\"");
+        row("new NEW --cabinet 0x0 --columns 1 --rows 1 --ports 1", 2, "from 1 to 2048, not \"0x0\"");
+        row("new NEW --cabinet 2049x1 --columns 1 --rows 1 --ports 1", 2, "from 1 to 2048");
+        row("new NEW --cabinet 64x64 --columns 1 --rows 32769 --ports 1", 2, "from 1 to 32768");
+        row("new NEW --cabinet 64x64 --columns 1 --rows 1 --ports 99999", 2, "from 1 to 80");
         row("new NEW --cabinet 64x64 --columns 99999999999 --rows 1 --ports 1", 2, "--columns");
         row("new NEW --cabinet 64x64 --columns 1 --rows 1 --ports 1 --pattern 8", 2, "0 to 7");
         row("new NEW --cabinet 64x64 --columns 1 --columns 1 --rows 1 --ports 1", 2, "twice");
         row("new NEW --cabinet 64x64 --columns 1 --rows 1 --ports", 2, "needs a value");
         row("new NEW --cabinet 64x64 --columns=60 --rows=60 --ports=1", 1, "up to 1024");
         row("new NEW.txt --cabinet 64x64 --columns 1 --rows 1 --ports 1", 2, ".sprj");
-        row("export WALL", 2, "2 file");
+        row("export WALL", 2, "2 files");
         row("export WALL OUT.svg", 2, "SVG is not available in this version");
         row("export WALL OUT.pdf", 2, "PDF is not available in this version");
         row("export WALL OUT.jpg", 2, ".png");
@@ -136,7 +141,7 @@ private Q_SLOTS:
         row("export WALL OUT.png --colour red", 2, "--colour");
         row("export MISSING.sprj OUT.png", 1, "MISSING.sprj\" cannot be read");
         row("export WALL NOWHERE/OUT.png", 1, "OUT.png\" cannot be written");
-        row("check", 2, "1 file");
+        row("check", 2, "Usage: orvo check FILE");
         row("check MISSING.sprj", 1, "MISSING.sprj");
     }
     void refusesWrongUsage()
@@ -218,6 +223,24 @@ private Q_SLOTS:
         QVERIFY2(run.out.contains(QLatin1String("Port 2: the cabinet at (128, 0) is not wired")),
                  qPrintable(run.out));
         QVERIFY2(run.errors.contains(path("wrong.sprj")), qPrintable(run.errors));
+    }
+
+    void tellsWhenItsOutputIsLost_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::newRow("help") << QStringList(QStringLiteral("--help"));
+        QTest::newRow("check") << QStringList({QStringLiteral("check"), wall()});
+    }
+    void tellsWhenItsOutputIsLost()
+    {
+        QFETCH(QStringList, arguments);
+        QProcess process;
+        process.setStandardOutputFile(QStringLiteral("/dev/full"));
+        process.start(QCoreApplication::applicationFilePath(), arguments);
+        QVERIFY(process.waitForFinished(60000));
+        QCOMPARE(process.exitCode(), 1);
+        QCOMPARE(QString::fromUtf8(process.readAllStandardError()),
+                 QStringLiteral("orvo: the output could not be written\n"));
     }
 
     void runsAsAProgramWithoutADisplay()

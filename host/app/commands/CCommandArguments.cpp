@@ -44,7 +44,8 @@ CResult<CCommandArguments> CCommandArguments::parse(const QStringList &arguments
         parsed.m_values.insert(option, joined ? argument.section(QLatin1Char('='), 1) : arguments.at(++i));
     }
     if (parsed.m_files.size() != fileCount || parsed.m_files.contains(QString()))
-        return Arguments::failure(tr("%n file(s) must be named", nullptr, fileCount));
+        return Arguments::failure(fileCount == 1 ? tr("exactly one file must be named")
+                                                 : tr("exactly %1 files must be named").arg(fileCount));
     return parsed;
 }
 

@@ -22,11 +22,14 @@ namespace {
 struct SCommand
 {
     const char *name;
+    const char *arguments; ///< how it is called, without the program's name
     SCommandOutcome (*run)(const QStringList &arguments, QTextStream &out);
 };
 
 constexpr SCommand commandTable[] = {
-    {"new", CNewCommand::run}, {"export", CExportCommand::run}, {"check", CCheckCommand::run}};
+    {"new", "OUT.sprj --cabinet WxH --columns N --rows N --ports N [--pattern 0..7]", CNewCommand::run},
+    {"export", "IN.sprj OUT.{png,svg,pdf,csv} [--size WxH]", CExportCommand::run},
+    {"check", "FILE", CCheckCommand::run}};
 
 const SCommand *commandNamed(const QString &name)
 {
@@ -104,7 +107,12 @@ int CCommandLine::main(int argc, char **argv)
     QTextStream errors(stderr);
     out.setCodec("UTF-8");
     errors.setCodec("UTF-8");
-    return run(QCoreApplication::arguments().mid(1), out, errors);
+    const int status = run(QCoreApplication::arguments().mid(1), out, errors);
+    out.flush();
+    if (out.status() == QTextStream::Ok && std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
+        return status;
+    errors << tr("orvo: the output could not be written\n");
+    return BadInput;
 }
 
 int CCommandLine::run(const QStringList &arguments, QTextStream &out, QTextStream &errors)
@@ -122,6 +130,9 @@ int CCommandLine::run(const QStringList &arguments, QTextStream &out, QTextStrea
                                             : SCommandOutcome::usage(tr("there is no such command"));
     if (!outcome.error.isEmpty())
         errors << QStringLiteral("orvo: %1\n").arg(outcome.error);
+    if (outcome.status == Usage && command)
+        errors
+            << tr("Usage: orvo %1 %2\n").arg(QLatin1String(command->name), QLatin1String(command->arguments));
     if (outcome.status == Usage)
         errors << tr("\"orvo --help\" tells how it is called.\n");
     return outcome.status;

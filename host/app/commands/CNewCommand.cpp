@@ -20,18 +20,16 @@ const QString rowsOption = QStringLiteral("--rows");
 const QString portsOption = QStringLiteral("--ports");
 const QString patternOption = QStringLiteral("--pattern");
 
-constexpr int LargestPlanNumber = 999999999; // the wall builder tells what is possible
-
 /// The plan that the options describe; the error is one of usage.
 CResult<SWallPlan> planFrom(const CCommandArguments &arguments)
 {
     QString error;
     SWallPlan plan;
     plan.name = QFileInfo(arguments.file(0)).completeBaseName();
-    plan.cabinet = arguments.size(cabinetOption, LargestPlanNumber, error);
-    plan.columns = arguments.number(columnsOption, 1, LargestPlanNumber, error);
-    plan.rows = arguments.number(rowsOption, 1, LargestPlanNumber, error);
-    plan.ports = arguments.number(portsOption, 1, LargestPlanNumber, error);
+    plan.cabinet = arguments.size(cabinetOption, CWallBuilder::MaximumCabinetSide, error);
+    plan.columns = arguments.number(columnsOption, 1, CWallBuilder::MaximumCanvasSide, error);
+    plan.rows = arguments.number(rowsOption, 1, CWallBuilder::MaximumCanvasSide, error);
+    plan.ports = arguments.number(portsOption, 1, CWallBuilder::MaximumPorts, error);
     if (arguments.has(patternOption))
         plan.pattern = arguments.number(patternOption, 0, CSnakeOrder::PatternCount - 1, error);
     if (!error.isEmpty())
