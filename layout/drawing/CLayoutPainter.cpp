@@ -18,6 +18,7 @@ namespace {
 constexpr qreal SmallestText = 7; // device pixels
 constexpr qreal MarkSize = 20;    // of the lock and redundancy marks, in canvas pixels
 constexpr qreal MarkMargin = 8;
+constexpr qreal SmallestCustomMark = 2.5; // device pixels
 constexpr qreal ArrowLength = 8;
 constexpr qreal ArrowHalfWidth = 5.5;
 constexpr qreal ArrowPlace = 0.25; // of the way from the exit to the entry point
@@ -66,11 +67,17 @@ void paintMark(QPainter &painter, const QString &resource, const QRectF &cabinet
     CSvgCache::renderer(resource).render(&painter, QRectF(corner, QSizeF(size, size)));
 }
 
-/// The lower right corner, where neither the number nor the other marks are.
-void paintCustomMark(QPainter &painter, const QRectF &cabinet)
+/// The lower right corner, where neither the number nor the other marks are; of a small cabinet as much as is
+/// needed to see it.
+void paintCustomMark(QPainter &painter, const QRectF &cabinet, qreal scale)
 {
-    const qreal size = std::min(cabinet.width(), cabinet.height()) / 4;
+    const qreal side = std::min(cabinet.width(), cabinet.height());
+    const qreal size = std::max(side / 4, std::min(side / 2, SmallestCustomMark / scale));
     const QPointF corner = cabinet.bottomRight();
+    if (CLayoutPainter::isAfar(cabinet.width(), scale)) { // a triangle could not be told from a square
+        painter.fillRect(QRectF(corner - QPointF(size, size), corner), CustomColor);
+        return;
+    }
     const QPointF triangle[] = {corner, corner - QPointF(size, 0), corner - QPointF(0, size)};
     painter.setPen(Qt::NoPen);
     painter.setBrush(CustomColor);
@@ -105,6 +112,8 @@ void CLayoutPainter::paintCabinet(QPainter &painter, const SCabinetLook &look, q
     const QColor fill = look.selected ? selectedFill(look.fill) : look.fill;
     if (isAfar(look.rect.width(), scale)) {
         painter.fillRect(look.rect, fill);
+        if (look.custom)
+            paintCustomMark(painter, look.rect, scale);
         return;
     }
 
@@ -113,7 +122,7 @@ void CLayoutPainter::paintCabinet(QPainter &painter, const SCabinetLook &look, q
     painter.fillRect(look.rect.adjusted(0, 0, hairline, hairline), look.selected ? FrameColor : BorderColor);
     painter.fillRect(look.rect.adjusted(hairline, hairline, 0, 0), fill);
     if (look.custom)
-        paintCustomMark(painter, look.rect);
+        paintCustomMark(painter, look.rect, scale);
     if (!look.innerLines.isEmpty()) {
         painter.setPen(cosmetic(fill.darker(150), 1, Qt::DotLine));
         painter.translate(look.rect.topLeft());
@@ -211,6 +220,12 @@ void CLayoutPainter::paintCabinetsFromAfar(QPainter &painter, const QVector<QRec
     else
         painter.setPen(Qt::NoPen); // borders would be all that is seen
     painter.drawRects(rects);
+}
+
+void CLayoutPainter::paintCustomMarksFromAfar(QPainter &painter, const QVector<QRectF> &rects, qreal scale)
+{
+    for (const QRectF &rect : rects)
+        paintCustomMark(painter, rect, scale);
 }
 
 void CLayoutPainter::paintWiresFromAfar(QPainter &painter, const QVector<QLineF> &lines)

@@ -50,6 +50,8 @@ public:
     /// seen.
     static void paintCabinetsFromAfar(QPainter &painter, const QVector<QRectF> &rects, const QColor &fill,
                                       qreal scale);
+    /// The marks of custom-defined cabinets among them.
+    static void paintCustomMarksFromAfar(QPainter &painter, const QVector<QRectF> &rects, qreal scale);
     static void paintWiresFromAfar(QPainter &painter, const QVector<QLineF> &lines);
     /// The pen of wiring lines.
     static const QPen &wirePen();

@@ -48,17 +48,19 @@ QVector<QLineF> wiresOf(const QVector<Cabinet> &cabinets)
     return wires;
 }
 
-SCabinetLook lookOf(const Cabinet &cabinet, const Port &port, const QColor &fill, bool withNumber)
+SCabinetLook lookOf(const Cabinet &cabinet, const Port &port, const QColor &fill,
+                    const SLayoutDrawOptions &options)
 {
     SCabinetLook look;
     look.rect = CCabinetRect::fromRecord(cabinet.rect);
     if (cabinet.rects.size() > 1)
         look.innerLines = Utils::calculateAdjacentLines(cabinet.rects);
     look.fill = fill;
-    if (withNumber && cabinet.rank >= 0)
+    if (options.numbers && cabinet.rank >= 0)
         look.number = QString::number(cabinet.rank + 1);
     look.locked = port.locked;
     look.redundant = port.redundancy == Port::Redundant;
+    look.custom = options.customMarks && cabinet.isCustomDefined();
     return look;
 }
 
@@ -76,14 +78,19 @@ QRect paintGroupFrames(QPainter &painter, const Group &group, qreal scale)
 }
 
 void paintPortFromAfar(QPainter &painter, const QVector<Cabinet> &cabinets, const QColor &fill,
-                       bool withWires, qreal scale)
+                       const SLayoutDrawOptions &options, qreal scale)
 {
     QVector<QRectF> rects;
+    QVector<QRectF> custom;
     rects.reserve(cabinets.size());
-    for (const Cabinet &cabinet : cabinets)
+    for (const Cabinet &cabinet : cabinets) {
         rects << CCabinetRect::fromRecord(cabinet.rect);
+        if (options.customMarks && cabinet.isCustomDefined())
+            custom << rects.last();
+    }
     CLayoutPainter::paintCabinetsFromAfar(painter, rects, fill, scale);
-    if (withWires)
+    CLayoutPainter::paintCustomMarksFromAfar(painter, custom, scale);
+    if (options.wires)
         CLayoutPainter::paintWiresFromAfar(painter, wiresOf(cabinets));
 }
 
@@ -94,10 +101,10 @@ void paintPort(QPainter &painter, const Port &port, const SLayoutDrawOptions &op
     if (cabinets.isEmpty())
         return;
     if (CLayoutPainter::isAfar(cabinets.first().rect.width(), scale)) {
-        paintPortFromAfar(painter, cabinets, fill, options.wires, scale);
+        paintPortFromAfar(painter, cabinets, fill, options, scale);
     } else {
         for (const Cabinet &cabinet : cabinets)
-            CLayoutPainter::paintCabinet(painter, lookOf(cabinet, port, fill, options.numbers), scale);
+            CLayoutPainter::paintCabinet(painter, lookOf(cabinet, port, fill, options), scale);
         const QVector<QLineF> wires = options.wires ? wiresOf(cabinets) : QVector<QLineF>();
         for (const QLineF &wire : wires)
             CLayoutPainter::paintWire(painter, wire, scale);

@@ -27,6 +27,7 @@ struct SLayoutDrawOptions
     bool wires = true;
     bool numbers = true;
     bool groups = true;
+    bool customMarks = true; ///< at custom-defined cabinets
 };
 
 /// Draws a layout from its records alone, for pictures, the simulated screen and prints. GUI thread.

@@ -140,6 +140,7 @@ void CScreenPicture::paintWall(QPainter &painter, const QRectF &target)
     painter.restore();
 
     SLayoutDrawOptions options;
+    options.customMarks = false; // the wall shows none
     options.canvas = false;
     options.wires = false;
     options.groups = false;

@@ -35,6 +35,9 @@ struct CabinetLayout
             QVector<int> receivers;    ///< numbers of the receiver cards that answered, in wiring order
             QVector<QRect> blanks;     ///< parts of the cabinet without LEDs, in the cabinet's own pixels
 
+            /// Whether the cabinet has a size of its own instead of a type of the library.
+            bool isCustomDefined() const { return type.isNull(); }
+
             friend bool operator==(const Cabinet &a, const Cabinet &b);
             friend bool operator!=(const Cabinet &a, const Cabinet &b) { return !(a == b); }
         };

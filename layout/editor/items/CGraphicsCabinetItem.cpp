@@ -202,7 +202,7 @@ void CGraphicsCabinetItem::paint(QPainter *painter, const QStyleOptionGraphicsIt
     if (const CGraphicsPortItem *item = portItem()) {
         look.locked = item->isShownLocked();
         look.redundant = item->isShownRedundant();
-        look.custom = cabinet().type.isNull() && item->marksCustomCabinets();
+        look.custom = item->marksCustomCabinets() && cabinet().isCustomDefined();
     }
     const QTransform transform = painter->worldTransform();
     CLayoutPainter::paintCabinet(*painter, look, option->levelOfDetailFromTransform(transform));
