@@ -134,8 +134,3 @@ CabinetLayout CWorkingLayout::numbered(CabinetLayout layout)
     }
     return layout;
 }
-
-bool CWorkingLayout::sameMapping(const CabinetLayout &a, const CabinetLayout &b)
-{
-    return std::equal(a.ports.begin(), a.ports.end(), b.ports.begin(), b.ports.end(), samePort);
-}

@@ -33,8 +33,6 @@ public:
 
     /// The layout with each wired cabinet's place in the mapping: by port, then by rank.
     static CabinetLayout numbered(CabinetLayout layout);
-    /// Whether two layouts give the same mapping and look the same; loads and highlights do not count.
-    static bool sameMapping(const CabinetLayout &a, const CabinetLayout &b);
 
 private:
     void renumber(CabinetLayout::CabinetPort &port) const;

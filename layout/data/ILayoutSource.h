@@ -10,7 +10,9 @@ class ILayoutSource
 {
 public:
     virtual ~ILayoutSource() = default;
-    /// Writes the edited layout of @p processor to @p layout; ports that did not change are shared with the
-    /// layout given before. GUI thread.
+    /// Writes the edited layout of @p processor to @p layout, empty for one that is not shown. The records
+    /// are implicitly shared: a port that did not change since the call before has the same groups in memory,
+    /// so that whoever compares or keeps layouts pays for the edited ports only. The caller may change what
+    /// it got. GUI thread.
     virtual void getLayoutData(CabinetLayout &layout, const QUuid &processor) const = 0;
 };

@@ -15,7 +15,6 @@
 #define ORVO_GUARDED_BY(lock) ORVO_THREAD_ATTRIBUTE(guarded_by(lock))
 #define ORVO_REQUIRES(lock) ORVO_THREAD_ATTRIBUTE(requires_capability(lock))
 #define ORVO_REQUIRES_SHARED(lock) ORVO_THREAD_ATTRIBUTE(requires_shared_capability(lock))
-#define ORVO_EXCLUDES(...) ORVO_THREAD_ATTRIBUTE(locks_excluded(__VA_ARGS__))
 #define ORVO_ACQUIRE(...) ORVO_THREAD_ATTRIBUTE(acquire_capability(__VA_ARGS__))
 #define ORVO_ACQUIRE_SHARED(...) ORVO_THREAD_ATTRIBUTE(acquire_shared_capability(__VA_ARGS__))
 #define ORVO_RELEASE(...) ORVO_THREAD_ATTRIBUTE(release_capability(__VA_ARGS__))
