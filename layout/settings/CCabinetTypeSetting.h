@@ -9,7 +9,6 @@
 #include <functional>
 
 class QAction;
-class QFormLayout;
 class QLabel;
 class QMenu;
 class QPushButton;
