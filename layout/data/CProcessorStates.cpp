@@ -244,9 +244,12 @@ std::optional<CProcessorStates::SEdit> CProcessorStates::takeEdit(const CabinetL
     CProcessorState &state = stateOf(m_edited);
     for (Port &port : state.layout.ports) {
         const Port *changed = edited.port(port.index);
-        if (!changed || changed->groups == port.groups)
+        if (!changed)
             continue;
-        port.groups = changed->groups;
+        const bool differs = changed->groups != port.groups;
+        port.groups = changed->groups; // equal ones too: what is shared is compared at once the next time
+        if (!differs)
+            continue;
         state.portBounds[port.index] = areaOf(port);
         edit.changedPorts << port.index;
     }
