@@ -13,11 +13,13 @@ const QVector<SBenchmark> &Benchmarks::all()
         {"B6", "delete a port's cabinets, and undo", measureRemoval},
         {"B7", "move everything by an arrow key", measureNudge},
         {"B8", "select all", measureSelectAll},
+        {"B9", "move one cabinet, until the host has the layout", measureHandOver},
         {"B10", "a project file to a picture, whole process", measureExport},
         {"B11", "resident memory a cabinet with its line", measureMemory},
         {"B12", "start to first frame", measureStart},
         {"B13", "growth from a tenth to the full size", measureGrowth},
         {"B13", "growth of edits from a tenth to the full size", measureEditGrowth},
+        {"B14", "the slowest frame while the mouse works", measureGestures},
     };
     return table;
 }

@@ -34,11 +34,13 @@ void measureWiring();
 void measureRemoval();
 void measureNudge();
 void measureSelectAll();
+void measureHandOver();
 void measureExport();
 void measureMemory();
 void measureStart();
 void measureGrowth();
 void measureEditGrowth();
+void measureGestures();
 
 int memoryOfEditor(int argc, char **argv);
 int memoryOfBareScene(int argc, char **argv);
