@@ -3,7 +3,7 @@
 #pragma once
 
 #include "benchmarks/Wall.h"
-#include "layout/editor/CLayoutGraphicsView.h"
+#include "layout/editor/view/CLayoutGraphicsView.h"
 
 class CCabinetGraphicsScene;
 

@@ -198,6 +198,15 @@ void CLayoutPainter::paintHandles(QPainter &painter, const QVector<QRectF> &mark
     painter.drawRects(marks);
 }
 
+void CLayoutPainter::paintGhosts(QPainter &painter, const QVector<QRect> &cells, const QColor &fill)
+{
+    QColor glass = fill;
+    glass.setAlphaF(0.45);
+    painter.setPen(cosmetic(FrameColor, 1, Qt::DashLine));
+    painter.setBrush(glass);
+    painter.drawRects(cells);
+}
+
 void CLayoutPainter::paintCanvas(QPainter &painter, const QRectF &canvas)
 {
     // In screen pixels: squares of the canvas would melt into grey from afar.

@@ -43,6 +43,8 @@ public:
     static void paintStroke(QPainter &painter, const QPolygonF &path);
     /// The marks of resize handles.
     static void paintHandles(QPainter &painter, const QVector<QRectF> &marks);
+    /// Cabinets that are about to be placed, filled with @p fill once they are.
+    static void paintGhosts(QPainter &painter, const QVector<QRect> &cells, const QColor &fill);
     /// Checkerboard and border of a canvas.
     static void paintCanvas(QPainter &painter, const QRectF &canvas);
 

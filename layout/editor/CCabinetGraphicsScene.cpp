@@ -4,11 +4,12 @@
 
 #include "layout/data/IPortStates.h"
 #include "layout/drawing/CLayoutPainter.h"
-#include "layout/editor/CCanvasMenu.h"
 #include "layout/editor/CGuardedUndo.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/menus/CCabinetMenu.h"
+#include "layout/editor/menus/CCanvasMenu.h"
 #include "layout/editor/undo/CUndoCommandBase.h"
 #include "platform/widgets/CMessageBox.h"
 
@@ -16,6 +17,7 @@
 #include <QGraphicsSceneMouseEvent>
 #include <QMenu>
 #include <QPainter>
+#include <QPointer>
 
 #include <algorithm>
 
@@ -25,6 +27,8 @@ CCabinetGraphicsScene::CCabinetGraphicsScene(const IPortStates &ports, QObject *
     , m_content(*this, *this, ports)
     , m_recorder([this] { return m_selection.uuids(); })
     , m_operations(*this, m_selection, m_recorder)
+    , m_shape(*this, m_selection, m_recorder)
+    , m_placing(*this, *this, ports, m_content, m_selection, m_recorder)
     , m_gestures(*this, *this, m_selection, m_recorder)
 {
     setUndoStack(&m_ownStack);
@@ -65,8 +69,10 @@ void CCabinetGraphicsScene::setLayoutData(const ProcessorTree::ProcessorNode &pr
 void CCabinetGraphicsScene::clearLayout()
 {
     cancelGesture();
+    leaveOperation();
     const CEditBatch batch(*this);
     clearSelection(); // items that die selected would each announce it
+    m_highlights.clear();
     forgetItems();
     m_content.clear();
     clear();
@@ -87,6 +93,8 @@ void CCabinetGraphicsScene::enterEdited(CGraphicsItemBase &item)
 void CCabinetGraphicsScene::leaveEdited(CGraphicsItemBase &item)
 {
     item.setSelected(false); // Qt drops it from the selection without a word otherwise
+    if (item.type() == CabinetItemKind)
+        static_cast<CGraphicsCabinetItem &>(item).setHighlighted(false);
     leaveItem(item.uuid());
 }
 
@@ -150,6 +158,56 @@ void CCabinetGraphicsScene::deleteSelected()
 {
     cancelGesture();
     m_operations.remove();
+}
+
+void CCabinetGraphicsScene::cutSelected()
+{
+    if (m_selection.touchesLockedPort())
+        return;
+    copySelected();
+    cancelGesture();
+    m_operations.remove();
+}
+
+CSelectionShape &CCabinetGraphicsScene::selectionShape()
+{
+    cancelGesture();
+    return m_shape;
+}
+
+void CCabinetGraphicsScene::selectSameType(const QUuid &uuid)
+{
+    CGraphicsItemBase *item = editedItem(uuid);
+    const QVector<CGraphicsCabinetItem *> concerned =
+        item ? item->concernedCabinets() : QVector<CGraphicsCabinetItem *>();
+    if (concerned.isEmpty())
+        return;
+    const auto model = concerned.first()->cabinet();
+    QVector<QUuid> same;
+    for (const CGraphicsCabinetItem *cabinet : item->portItem()->cabinets(nullptr)) {
+        const auto &record = cabinet->cabinet();
+        if (record.type == model.type && (!model.type.isNull() || record.rect.size() == model.rect.size()))
+            same << record.uuid;
+    }
+    selectOnly(same);
+}
+
+void CCabinetGraphicsScene::pasteItems(const QPointF &scenePos, QWidget *parent)
+{
+    cancelGesture();
+    m_placing.paste(scenePos, parent);
+}
+
+void CCabinetGraphicsScene::beginAppend(const CScenePlacing::TypeInfo &type, int port, const QSize &size)
+{
+    cancelGesture();
+    m_placing.beginAppend(type, port, size);
+}
+
+void CCabinetGraphicsScene::endAppend()
+{
+    if (isAppending())
+        m_placing.endAppend();
 }
 
 void CCabinetGraphicsScene::exchangeReceivers(int, const QUuid &cabinet, int)
@@ -266,6 +324,8 @@ void CCabinetGraphicsScene::finishBatch()
         tellSelection();
     if (edited)
         Q_EMIT notifySceneChanged();
+    if (work.isHighlightChanged())
+        Q_EMIT notifyHighlightChanged();
 }
 
 void CCabinetGraphicsScene::tellSelection()
@@ -320,6 +380,41 @@ void CCabinetGraphicsScene::noteSelected(CGraphicsItemBase &item, bool selected)
     m_selection.note(item, selected);
 }
 
+void CCabinetGraphicsScene::noteHighlighted(CGraphicsCabinetItem &cabinet, bool highlighted)
+{
+    const CEditBatch batch(*this);
+    m_highlights.note(cabinet, highlighted);
+    m_pending.noteHighlight();
+}
+
+void CCabinetGraphicsScene::pressHighlight(CGraphicsCabinetItem &cabinet, bool adding)
+{
+    const CEditBatch batch(*this);
+    m_highlights.press(cabinet, adding);
+}
+
+void CCabinetGraphicsScene::clearHighlights()
+{
+    const CEditBatch batch(*this);
+    m_highlights.clear();
+}
+
+void CCabinetGraphicsScene::selectPort(int port, bool selected)
+{
+    const CEditBatch batch(*this);
+    if (const CGraphicsPortItem *item = portItem(port)) {
+        for (CGraphicsItemBase *top : item->topItems())
+            top->setSelected(selected);
+    }
+}
+
+void CCabinetGraphicsScene::leaveOperation()
+{
+    cancelGesture();
+    endAppend();
+    Q_EMIT notifyExitCurrentOperate();
+}
+
 void CCabinetGraphicsScene::setToolMode(EToolMode mode, bool on)
 {
     cancelGesture();
@@ -361,20 +456,42 @@ void CCabinetGraphicsScene::cancelGesture()
 
 void CCabinetGraphicsScene::contextMenuEvent(QGraphicsSceneContextMenuEvent *event)
 {
+    if (isAppending())
+        return;
     if (!m_toolModes.isEmpty() || isOn(event->scenePos(), CabinetItemKind)) {
         CGraphicsScene::contextMenuEvent(event);
         return;
     }
     cancelGesture();
-    QMenu menu(event->widget());
-    CCanvasMenu::fill(menu, *this, m_portStates.currentPort(), m_portStates.canvasBlock(), event->widget());
-    menu.exec(event->screenPos());
+    const QPointer<QMenu> menu = new QMenu(event->widget());
+    CCanvasMenu::fill(*menu, *this, event->scenePos(), event->widget());
+    menu->exec(event->screenPos());
+    delete menu;
     event->accept();
+}
+
+void CCabinetGraphicsScene::showCabinetMenu(CGraphicsItemBase &item, QWidget *widget, const QPoint &screenPos)
+{
+    if (!m_toolModes.isEmpty() || isAppending())
+        return;
+    cancelGesture();
+    const QPointer<QMenu> menu = new QMenu(widget);
+    CCabinetMenu(*menu, *this, item, widget).fill();
+    menu->exec(screenPos);
+    delete menu;
 }
 
 void CCabinetGraphicsScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     cancelGesture();
+    if (isAppending()) {
+        if (event->button() == Qt::LeftButton)
+            m_placing.press(*event);
+        else
+            leaveOperation();
+        event->accept();
+        return;
+    }
     if (event->buttons() == event->button())
         m_gestures.beginPress();
     const bool onItem = isOn(event->scenePos(), CabinetItemKind) || isOn(event->scenePos(), GroupItemKind);
@@ -388,7 +505,7 @@ void CCabinetGraphicsScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
 
 void CCabinetGraphicsScene::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)
 {
-    if (event->button() == Qt::LeftButton && m_toolModes.isEmpty() &&
+    if (event->button() == Qt::LeftButton && m_toolModes.isEmpty() && !isAppending() &&
         isOn(event->scenePos(), CabinetItemKind)) {
         m_gestures.beginPress();
         CGraphicsScene::mouseDoubleClickEvent(event);
@@ -417,7 +534,9 @@ bool CCabinetGraphicsScene::isOn(const QPointF &scenePos, int kind) const
 
 void CCabinetGraphicsScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 {
-    if (m_gestures.hasBand())
+    if (isAppending())
+        m_placing.move(*event);
+    else if (m_gestures.hasBand())
         m_gestures.continueBand(event->scenePos());
     else
         CGraphicsScene::mouseMoveEvent(event);
@@ -425,7 +544,10 @@ void CCabinetGraphicsScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 
 void CCabinetGraphicsScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 {
-    if (m_gestures.hasBand())
+    if (isAppending()) {
+        if (event->button() == Qt::LeftButton && m_placing.release(*event))
+            Q_EMIT notifyExitCurrentOperate();
+    } else if (m_gestures.hasBand())
         m_gestures.endBand();
     else
         CGraphicsScene::mouseReleaseEvent(event);
@@ -481,4 +603,5 @@ void CCabinetGraphicsScene::drawBackground(QPainter *painter, const QRectF &rect
 void CCabinetGraphicsScene::drawForeground(QPainter *painter, const QRectF &)
 {
     m_gestures.paint(*painter);
+    m_placing.paint(*painter);
 }

@@ -5,17 +5,22 @@
 #include "layout/data/ILayoutSource.h"
 #include "layout/data/records/LayoutData.h"
 #include "layout/data/records/ProcessorTree.h"
+#include "layout/editor/CHighlights.h"
 #include "layout/editor/CPendingEdits.h"
 #include "layout/editor/CSceneContent.h"
 #include "layout/editor/CSceneGestures.h"
 #include "layout/editor/CSceneOperations.h"
 #include "layout/editor/CSceneSelection.h"
+#include "layout/editor/CSelectionShape.h"
 #include "layout/editor/CUndoRecorder.h"
 #include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/placing/CPasteContent.h"
+#include "layout/editor/placing/CScenePlacing.h"
 #include "platform/widgets/CGraphicsScene.h"
 
 #include <QSet>
 
+class IEditorCommands;
 class IPortStates;
 
 /// The scene of the layout editor: a port item for each output port of the processor in view, with its
@@ -57,6 +62,11 @@ public:
     const IPortStates &portStates() const { return m_portStates; }
     const CSceneSelection &selection() const { return m_selection; }
 
+    /// What the menus offer beyond the scene's own edits; null: nothing. @p commands stays owned by the
+    /// caller.
+    void setCommands(IEditorCommands *commands) { m_commands = commands; }
+    IEditorCommands *commands() const { return m_commands; }
+
     /// The scene's own stack unless another was set; null after setUndoStack(nullptr).
     QUndoStack *undoStack() const { return m_recorder.stack(); }
     /// Records on @p stack, which stays owned by the caller and must outlive its use here; with null edits
@@ -77,9 +87,38 @@ public:
     void groupSelected();
     void ungroupSelected();
     void deleteSelected();
+    void cutSelected();
+    /// Gives the selection a place, a size, an arrangement or a type in figures.
+    CSelectionShape &selectionShape();
+    /// Selects all cabinets of its port that have the type of the given one; without a type, those of its
+    /// size that have none either. Of a group the first cabinet counts.
+    void selectSameType(const QUuid &uuid);
+
+    /// Keeps the selection for pasting, also for other programs.
+    void copySelected() { m_placing.copy(); }
+    void getPasteCache(PasteCache &cache) const { cache = CPasteContent::copyOf(m_selection); }
+    /// What is pasted.
+    const PasteCache &pasteCache() const { return m_placing.cache(); }
+    /// Pastes into the current port, its corner at @p scenePos or, when that is exactly the origin, under the
+    /// cursor. Refusals are told over @p parent.
+    void pasteItems(const QPointF &scenePos, QWidget *parent);
+    /// From now on the next press places cabinets of @p size in @p port, as many as a drag covers; they are
+    /// wired on. @p type may be empty.
+    void beginAppend(const CScenePlacing::TypeInfo &type, int port, const QSize &size);
+    void endAppend();
+    bool isAppending() const { return m_placing.isAppending(); }
+
+    /// Selects what a port holds, or no longer.
+    void selectPort(int port, bool selected);
+
+    /// The cabinets that the user has made stand out.
+    QList<CabinetLayout::CabinetPort::Cabinet> highlightedCabinets() const { return m_highlights.records(); }
+    void clearHighlights();
 
     void setToolMode(EToolMode mode, bool on);
     bool isToolModeSet(EToolMode mode) const override { return m_toolModes.contains(mode); }
+    /// Leaves the mode that the view has set, and an append that waits.
+    void leaveOperation();
     /// Puts a drag, a stroke or a rubber band that is in progress back to where it began.
     void cancelGesture();
 
@@ -102,11 +141,14 @@ public:
     void continueStroke(const QPointF &scenePos) override { m_gestures.continueStroke(scenePos); }
     void endStroke(const QPointF &scenePos) override { m_gestures.endStroke(scenePos); }
     void exchangeReceivers(int port, const QUuid &cabinet, int cell) override;
+    void showCabinetMenu(CGraphicsItemBase &item, QWidget *widget, const QPoint &screenPos) override;
     void noteCabinetMoved(CGraphicsCabinetItem &cabinet) override;
     void noteMembersChanged(CGraphicsGroupItem &group) override;
     void notePortChanged(CGraphicsPortItem &port) override;
     void noteWiringChanged(CGraphicsPortItem &port) override;
     void noteSelected(CGraphicsItemBase &item, bool selected) override;
+    void noteHighlighted(CGraphicsCabinetItem &cabinet, bool highlighted) override;
+    void pressHighlight(CGraphicsCabinetItem &cabinet, bool adding) override;
 
 Q_SIGNALS:
     void notifyExitCurrentOperate();
@@ -116,6 +158,7 @@ Q_SIGNALS:
     void notifySelectedCabinetInfos(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets);
     void notifySelectedChanged(const QList<int> &ports, bool canGroup, bool canBreakGroup);
     void notifySceneChanged();
+    void notifyHighlightChanged(); ///< other cabinets stand out now
 
 public Q_SLOTS:
     void selectAllItem();
@@ -155,10 +198,14 @@ private:
     CSceneSelection m_selection;
     CUndoRecorder m_recorder;
     CSceneOperations m_operations;
+    CSelectionShape m_shape;
+    CScenePlacing m_placing;
     QUndoStack m_ownStack;
     QSet<EToolMode> m_toolModes;
     CSceneGestures m_gestures;
     CPendingEdits m_pending;
+    CHighlights m_highlights;
+    IEditorCommands *m_commands = nullptr;
     int m_batchDepth = 0;
     bool m_portAreaChanged = false;
 };

@@ -30,20 +30,26 @@ QVector<CGraphicsItemBase *> membersOf(const QGraphicsItem &parent)
     return members;
 }
 
-Group readGroup(const QGraphicsItem &parent)
+Group readMembers(const QGraphicsItem &parent);
+
+Group readGroup(const CGraphicsItemBase &item)
+{
+    Group group = readMembers(item);
+    group.uuid = item.uuid();
+    group.name = item.name();
+    return group;
+}
+
+Group readMembers(const QGraphicsItem &parent)
 {
     Group group;
     const QVector<CGraphicsItemBase *> members = membersOf(parent);
     group.cabinets.reserve(members.size());
     for (const CGraphicsItemBase *member : members) {
-        if (member->type() == CabinetItemKind) {
+        if (member->type() == CabinetItemKind)
             group.cabinets << member->cabinet();
-            continue;
-        }
-        Group child = readGroup(*member);
-        child.uuid = member->uuid();
-        child.name = member->name();
-        group.groups << child;
+        else
+            group.groups << readGroup(*member);
     }
     return group;
 }
@@ -53,10 +59,15 @@ Group readGroup(const QGraphicsItem &parent)
 CabinetLayout::CabinetPort CLayoutReader::read(const CGraphicsPortItem &port)
 {
     CabinetLayout::CabinetPort record = port.state();
-    Group loose = readGroup(port);
+    Group loose = readMembers(port);
     record.groups = loose.groups;
     loose.groups.clear();
     if (!loose.cabinets.isEmpty())
         record.groups.prepend(loose);
     return record;
+}
+
+CabinetLayout::CabinetPort::CabinetGroup CLayoutReader::read(const CGraphicsGroupItem &group)
+{
+    return readGroup(group);
 }

@@ -4,13 +4,15 @@
 
 #include "layout/data/records/CabinetLayout.h"
 
+class CGraphicsGroupItem;
 class CGraphicsPortItem;
 
-/// Reads a port's items back into a record, the reverse of CLayoutBuilder.
+/// Reads items back into records, the reverse of CLayoutBuilder.
 class CLayoutReader final
 {
 public:
     /// Groups and cabinets stand in the order in which they were built; ungrouped cabinets form the loose
     /// group.
     static CabinetLayout::CabinetPort read(const CGraphicsPortItem &port);
+    static CabinetLayout::CabinetPort::CabinetGroup read(const CGraphicsGroupItem &group);
 };

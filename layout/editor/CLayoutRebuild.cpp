@@ -23,22 +23,24 @@ void CLayoutRebuild::empty(CGraphicsPortItem &port)
     editing.remove(port, port.cabinets(nullptr));
 }
 
-void CLayoutRebuild::fill(CGraphicsPortItem &port, const CabinetLayout::CabinetPort &record)
+QVector<CGraphicsItemBase *> CLayoutRebuild::fill(CGraphicsPortItem &port,
+                                                  const CabinetLayout::CabinetPort &record)
 {
     m_ranked.clear();
+    QVector<CGraphicsItemBase *> items;
     for (const Group &group : record.groups) {
-        QVector<CGraphicsItemBase *> loose;
         if (group.isLoose())
-            fillMembers(port, group, loose);
+            fillMembers(port, group, items);
         else
-            fillGroup(port, group);
+            items << fillGroup(port, group);
     }
     std::stable_sort(m_ranked.begin(), m_ranked.end(),
                      [](const auto &a, const auto &b) { return a.first < b.first; });
-    QVector<CGraphicsCabinetItem *> chain;
+    QVector<CGraphicsCabinetItem *> chain = port.chain().order();
     for (const auto &ranked : qAsConst(m_ranked))
         chain << ranked.second;
     CWiringRecorder::rechain(m_recorder, port, chain);
+    return items;
 }
 
 void CLayoutRebuild::fillMembers(CGraphicsPortItem &port, const Group &record,

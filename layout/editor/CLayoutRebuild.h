@@ -6,11 +6,12 @@
 
 class CGraphicsCabinetItem;
 class CGraphicsGroupItem;
+class CGraphicsItemBase;
 class CGraphicsPortItem;
 class CUndoRecorder;
 class IEditorScene;
 
-/// Replaces what a port holds by another record of it, as commands that can be undone.
+/// Empties ports and fills them from records, as commands that can be undone.
 class CLayoutRebuild final
 {
 public:
@@ -24,9 +25,10 @@ public:
 
     /// Empties @p port: wiring, groups, cabinets.
     void empty(CGraphicsPortItem &port);
-    /// Fills the empty @p port with the cabinets, groups and wiring of @p record. An identity that another
-    /// item of the scene has is replaced by a new one.
-    void fill(CGraphicsPortItem &port, const CabinetLayout::CabinetPort &record);
+    /// Adds the cabinets, groups and wiring of @p record to @p port, whose chain they continue. An identity
+    /// that is missing or that another item of the scene has is replaced by a new one. Gives the new items
+    /// that lie in the port directly.
+    QVector<CGraphicsItemBase *> fill(CGraphicsPortItem &port, const CabinetLayout::CabinetPort &record);
 
     qint64 nextOrdinal() const { return m_ordinal; }
 
@@ -34,8 +36,7 @@ private:
     using Group = CabinetLayout::CabinetPort::CabinetGroup;
 
     CGraphicsGroupItem *fillGroup(CGraphicsPortItem &port, const Group &record);
-    void fillMembers(CGraphicsPortItem &port, const Group &record,
-                     QVector<class CGraphicsItemBase *> &members);
+    void fillMembers(CGraphicsPortItem &port, const Group &record, QVector<CGraphicsItemBase *> &members);
     QUuid freeIdentity(const QUuid &uuid) const;
 
     IEditorScene &m_scene;

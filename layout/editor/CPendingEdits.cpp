@@ -38,7 +38,8 @@ void CPendingEdits::notePortChanged(const CGraphicsPortItem &port)
 
 bool CPendingEdits::isEmpty() const
 {
-    return m_cabinets.isEmpty() && m_groups.isEmpty() && m_ports.isEmpty() && !m_selectionChanged;
+    return m_cabinets.isEmpty() && m_groups.isEmpty() && m_ports.isEmpty() && !m_selectionChanged &&
+           !m_highlightChanged;
 }
 
 void CPendingEdits::finish(IEditorScene &scene) const

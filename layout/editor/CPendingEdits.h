@@ -21,10 +21,12 @@ public:
     void notePortChanged(const CGraphicsPortItem &port);
     void noteSelection() { m_selectionChanged = true; }
     void noteSelectedMoved() { m_selectedMoved = true; }
+    void noteHighlight() { m_highlightChanged = true; }
 
     bool isEmpty() const;
     bool isSelectionChanged() const { return m_selectionChanged; }
     bool isSelectedMoved() const { return m_selectedMoved; }
+    bool isHighlightChanged() const { return m_highlightChanged; }
     const QVector<int> &ports() const { return m_ports; }
 
     /// Does the work that is noted. Ports must be known to @p scene still, or are passed over.
@@ -38,4 +40,5 @@ private:
     QVector<int> m_ports;
     bool m_selectionChanged = false;
     bool m_selectedMoved = false;
+    bool m_highlightChanged = false;
 };

@@ -104,6 +104,15 @@ void CSceneContent::updateMappingIndex(CGraphicsItemBase &item) const
         static_cast<CGraphicsCabinetItem &>(item).setMappingIndex(m_mappingIndices->value(item.uuid(), -1));
 }
 
+QVector<CGraphicsItemBase *>
+CSceneContent::add(CGraphicsPortItem &port, const CabinetLayout::CabinetPort &record, CUndoRecorder &recorder)
+{
+    CLayoutRebuild rebuild(m_editor, recorder, m_nextOrdinal);
+    const QVector<CGraphicsItemBase *> items = rebuild.fill(port, record);
+    m_nextOrdinal = rebuild.nextOrdinal();
+    return items;
+}
+
 void CSceneContent::clear()
 {
     m_records.clear();

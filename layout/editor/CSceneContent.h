@@ -38,6 +38,9 @@ public:
     void takeMappingIndices(const CabinetLayout &mapping);
     /// Brings an item that an edit puts in up to date with takeMappingIndices().
     void updateMappingIndex(CGraphicsItemBase &item) const;
+    /// Adds what @p record holds to @p port, as commands that can be undone; see CLayoutRebuild::fill().
+    QVector<CGraphicsItemBase *> add(CGraphicsPortItem &port, const CabinetLayout::CabinetPort &record,
+                                     CUndoRecorder &recorder);
     /// Forgets everything; the scene removes the items.
     void clear();
 

@@ -5,6 +5,7 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/geometry/CCabinetRect.h"
 
 #include <algorithm>
 
@@ -133,6 +134,16 @@ QList<CabinetLayout::CabinetPort::Cabinet> CSceneSelection::records() const
     for (const CGraphicsCabinetItem *cabinet : all)
         records << cabinet->cabinet();
     return records;
+}
+
+QRect CSceneSelection::extent() const
+{
+    QRectF extent;
+    for (const QSet<CGraphicsItemBase *> &items : m_items) {
+        for (const CGraphicsItemBase *item : items)
+            extent |= item->mapRectToScene(item->rect());
+    }
+    return CCabinetRect::toRecord(extent);
 }
 
 bool CSceneSelection::canGroup() const

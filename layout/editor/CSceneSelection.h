@@ -34,6 +34,7 @@ public:
     QList<int> ports() const { return m_items.keys(); } ///< that hold selected items, ascending
     QVector<QUuid> uuids() const;
     QList<CabinetLayout::CabinetPort::Cabinet> records() const;
+    QRect extent() const; ///< of all selected items, canvas pixels; empty without any
 
     /// Two or more items that lie directly in one port, which is not locked.
     bool canGroup() const;

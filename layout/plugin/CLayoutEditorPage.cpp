@@ -4,7 +4,7 @@
 
 #include "layout/data/CLayoutData.h"
 #include "layout/editor/CCabinetGraphicsScene.h"
-#include "layout/editor/CLayoutGraphicsView.h"
+#include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/plugin/CHostAccess.h"
 #include "layout/plugin/ILayoutInterfaceHandler.h"
 #include "platform/widgets/CMessageBox.h"
@@ -85,12 +85,6 @@ void CLayoutEditorPage::setEditingBlocked(bool blocked)
     m_view->setEditingBlocked(blocked);
 }
 
-void CLayoutEditorPage::lockPorts(const QList<int> &ports, bool locked)
-{
-    for (const int port : ports)
-        m_store.setPortLocked(port, locked);
-}
-
 void CLayoutEditorPage::setPortRedundancy(int primary, int backup)
 {
     const auto handler = CHostAccess::handler();
@@ -127,7 +121,6 @@ void CLayoutEditorPage::connectSignals()
 {
     CCabinetGraphicsScene *scene = &m_view->cabinetScene();
     m_store.setLayoutSource(scene);
-    m_store.undoGroup().addStack(scene->undoStack());
     connect(&m_store, &CLayoutData::notifyProcessorPortLocked, scene,
             &CCabinetGraphicsScene::setCabinetLocked);
     connect(&m_store, &CLayoutData::notifyProcessorPortColorChanged, scene,
@@ -148,7 +141,15 @@ void CLayoutEditorPage::connectSignals()
         if (ports.size() == 1)
             m_store.setCurrentPort(ports.first());
     });
-    connect(m_view, &CLayoutGraphicsView::notifyLockPorts, this, &CLayoutEditorPage::lockPorts);
+    connect(m_view, &CLayoutGraphicsView::notifyUndoStackChanged, this, [this](QUndoStack *stack) {
+        m_store.undoGroup().addStack(stack); // once is enough, more does no harm
+        m_store.undoGroup().setActiveStack(stack);
+    });
+    connect(m_view, &CLayoutGraphicsView::notifyCurrentPortChosen, this,
+            [this](int port) { m_store.setCurrentPort(port); });
+    connect(m_view, &CLayoutGraphicsView::notifyLockPort, this,
+            [this](int port, bool locked) { m_store.setPortLocked(port, locked); });
+    connect(&m_store, &CLayoutData::notifyCancelCalibrate, m_view, &CLayoutGraphicsView::cancelCalibrate);
     connect(m_view, &CLayoutGraphicsView::notifySetPortRedundancy, this,
             &CLayoutEditorPage::setPortRedundancy);
     connect(&m_store, &CLayoutData::notifyLayoutReplaced, this, [this](const QUuid &processor) {

@@ -40,7 +40,6 @@ public:
     void setEditingBlocked(bool blocked);
 
 private:
-    void lockPorts(const QList<int> &ports, bool locked);
     void setPortRedundancy(int primary, int backup);
     void buildUi();
     void connectSignals();

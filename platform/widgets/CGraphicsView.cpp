@@ -4,6 +4,7 @@
 
 #include "platform/widgets/CGraphicsScene.h"
 #include "platform/widgets/CZoomStrip.h"
+#include "platform/widgets/view/CAerialView.h"
 
 #include <QAction>
 #include <QMouseEvent>
@@ -19,11 +20,13 @@ constexpr qreal FitMargin = 24; // pixels of the view around what is fitted
 CGraphicsView::CGraphicsView(QWidget *parent)
     : QGraphicsView(parent)
     , m_strip(new CZoomStrip(this))
+    , m_aerialView(new CAerialView(*this))
 {
     setFrameShape(QFrame::NoFrame);
     setTransformationAnchor(NoAnchor); // a zoom keeps a point of its own choice in place
     setResizeAnchor(AnchorViewCenter);
     setOptimizationFlags(DontSavePainterState | DontAdjustForAntialiasing);
+    m_aerialView->hide();
     createActions();
 }
 
@@ -45,6 +48,7 @@ void CGraphicsView::createActions()
     connect(m_strip, &CZoomStrip::zoomInClicked, this, &CGraphicsView::zoomIn);
     connect(m_strip, &CZoomStrip::zoomOutClicked, this, &CGraphicsView::zoomOut);
     connect(this, &CGraphicsView::scaleChanged, m_strip, &CZoomStrip::showScale);
+    connect(this, &CGraphicsView::scaleChanged, m_aerialView, QOverload<>::of(&QWidget::update));
 }
 
 void CGraphicsView::setScaleFactor(qreal factor)
@@ -79,13 +83,14 @@ void CGraphicsView::fit(const QRectF &content)
 
 void CGraphicsView::applyFit()
 {
-    const QSizeF room = QSizeF(viewport()->size()) - QSizeF(2 * FitMargin, 2 * FitMargin);
+    const int stripRoom = m_strip->height() + StripMargin; // kept free of what is fitted
+    const QSizeF room = QSizeF(viewport()->size()) - QSizeF(2 * FitMargin, 2 * FitMargin + stripRoom);
     if (m_fitRect.isEmpty() || room.isEmpty())
         return;
     const qreal factor = qMin(room.width() / m_fitRect.width(), room.height() / m_fitRect.height());
     const qreal wanted = qBound(SmallestScale, factor, LargestScale);
     setTransform(QTransform::fromScale(wanted, wanted));
-    centerOn(m_fitRect.center());
+    centerOn(m_fitRect.center() + QPointF(0, stripRoom / (2 * wanted)));
     Q_EMIT scaleChanged(wanted);
 }
 
@@ -158,7 +163,7 @@ void CGraphicsView::mouseReleaseEvent(QMouseEvent *event)
 void CGraphicsView::resizeEvent(QResizeEvent *event)
 {
     QGraphicsView::resizeEvent(event);
-    placeStrip();
+    placeChildren();
     if (m_fitted)
         applyFit();
 }
@@ -166,15 +171,44 @@ void CGraphicsView::resizeEvent(QResizeEvent *event)
 void CGraphicsView::showEvent(QShowEvent *event)
 {
     QGraphicsView::showEvent(event);
-    placeStrip();
+    placeChildren();
     if (m_fitted)
         applyFit();
 }
 
-void CGraphicsView::placeStrip()
+void CGraphicsView::scrollContentsBy(int dx, int dy)
 {
-    m_strip->adjustSize();
+    QGraphicsView::scrollContentsBy(dx, dy);
+    m_aerialView->update();
+}
+
+void CGraphicsView::showPlace(const QPointF &place)
+{
+    m_fitted = false;
+    centerOn(place);
+}
+
+void CGraphicsView::setToolBar(QWidget *toolBar)
+{
+    m_toolBar = toolBar;
+    m_toolBar->setParent(this);
+    setViewportMargins(0, m_toolBar->sizeHint().height(), 0, 0);
+    placeChildren();
+}
+
+void CGraphicsView::SetAerialViewVisible(bool visible)
+{
+    m_aerialView->setVisible(visible);
+    placeChildren();
+}
+
+void CGraphicsView::placeChildren()
+{
     const QRect room = viewport()->geometry();
-    m_strip->move(room.right() - m_strip->width() - StripMargin,
+    if (m_toolBar)
+        m_toolBar->setGeometry(0, 0, width(), m_toolBar->sizeHint().height());
+    m_strip->adjustSize();
+    m_strip->move(qMax(room.right() - m_strip->width() - StripMargin, room.left()),
                   room.bottom() - m_strip->height() - StripMargin);
+    m_aerialView->move(room.left() + StripMargin, room.bottom() - m_aerialView->height() - StripMargin);
 }

@@ -4,10 +4,12 @@
 
 #include <QGraphicsView>
 
+class CAerialView;
 class CZoomStrip;
 
 /// The widget library's graphics view: zooms at the cursor with the wheel, pans with the middle button, and
-/// carries a strip with the scale and the buttons that change it. A scale of 1 shows a scene unit as a pixel
+/// carries a tool bar above the scene, an aerial view, and a strip with the scale and the buttons that change
+/// it. A scale of 1 shows a scene unit as a pixel
 /// of the screen.
 class CGraphicsView : public QGraphicsView
 {
@@ -26,6 +28,14 @@ public:
     /// pans.
     void fit(const QRectF &content);
     bool isFitted() const { return m_fitted; }
+    /// Brings @p place of the scene into the middle.
+    void showPlace(const QPointF &place);
+
+    /// Puts @p toolBar, which the view then owns, above the scene.
+    void setToolBar(QWidget *toolBar);
+    /// Shows or hides the whole scene in small.
+    void SetAerialViewVisible(bool visible);
+    CAerialView &aerialView() { return *m_aerialView; }
 
 public Q_SLOTS:
     void fitContent();     ///< the scene's content rectangle
@@ -43,15 +53,18 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
 
 private:
     void createActions();
-    void placeStrip();
+    void placeChildren();
     void zoomBy(qreal factor, const QPoint &fixedPoint);
     void scrollBy(const QPoint &step);
     void applyFit();
 
     CZoomStrip *m_strip;
+    CAerialView *m_aerialView;
+    QWidget *m_toolBar = nullptr;
     QRectF m_fitRect;
     bool m_fitted = false;
     bool m_panning = false;

@@ -17,6 +17,13 @@ public:
     }
     QColor portColor(int port) const override { return colors.value(port, Qt::darkCyan); }
 
+    int currentPort() const override { return current; }
+    CanvasBlock canvasBlock() const override { return block; }
+    bool marksCustomCabinets() const override { return marksCustom; }
+
+    int current = -1;
+    CanvasBlock block = CanvasBlock::None;
+    bool marksCustom = false;
     QHash<int, bool> locked;
     QHash<int, CabinetLayout::CabinetPort::Redundancy> redundancy;
     QHash<int, QColor> colors;

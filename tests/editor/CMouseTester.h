@@ -3,9 +3,10 @@
 #pragma once
 
 #include "layout/editor/CCabinetGraphicsScene.h"
-#include "layout/editor/CLayoutGraphicsView.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/view/CEditorToolBar.h"
+#include "layout/editor/view/CLayoutGraphicsView.h"
 #include "tests/editor/CFixedPortStates.h"
 #include "tests/editor/SmallWorlds.h"
 

@@ -94,7 +94,7 @@ private Q_SLOTS:
         row("redo", [](CMouseTester &m) { m.scene().redo(nullptr); });
         row("lock", [](CMouseTester &m) { m.scene().setCabinetLocked(2, false); });
         row("pattern", [](CMouseTester &m) { m.scene().topologyWiring(8); });
-        row("another tool", [](CMouseTester &m) { m.view().setTool(CLayoutGraphicsView::Pen); });
+        row("another tool", [](CMouseTester &m) { m.view().toolBar().chooseMode(CEditorToolBar::Pen); });
         row("redundancy", [](CMouseTester &m) { m.scene().backupPort(0, 0, false); });
         row("reload", [](CMouseTester &m) { showAgain(m, false, true); });
         row("reload for good", [](CMouseTester &m) { showAgain(m, false, false); });
@@ -116,7 +116,7 @@ private Q_SLOTS:
         QCOMPARE(m_mouse->stack().count(), 0);
         QCOMPARE(m_mouse->scene().portItem(0)->zValue(), m_mouse->scene().portItem(1)->zValue());
 
-        m_mouse->view().setTool(CLayoutGraphicsView::Arrow);
+        m_mouse->view().toolBar().chooseMode(CEditorToolBar::Arrow);
         m_mouse->drag({64, 64}, {7, 9}); // begins where it is pressed
         QCOMPARE(m_mouse->cabinet(0, 0).scenePos(), QPointF(7, 9));
     }

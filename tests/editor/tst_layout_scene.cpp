@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/projects/CWallBuilder.h"
 #include "layout/editor/CCabinetGraphicsScene.h"
-#include "layout/editor/CLayoutGraphicsView.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/view/CEditorToolBar.h"
+#include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/resources/LayoutResources.h"
 #include "tests/editor/CFixedPortStates.h"
 #include "tests/editor/CSceneVerifier.h"
@@ -207,7 +208,7 @@ private Q_SLOTS:
         view.show();
         view.showLayout(SmallWorlds::node(data), data);
         view.showActualSize();
-        view.setTool(CLayoutGraphicsView::Hand);
+        view.toolBar().chooseMode(CEditorToolBar::Hand);
         for (const Qt::MouseButton button : {Qt::LeftButton, Qt::MiddleButton}) {
             const int before = view.horizontalScrollBar()->value();
             QTest::mousePress(view.viewport(), button, Qt::NoModifier, QPoint(200, 150));

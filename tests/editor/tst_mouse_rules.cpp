@@ -122,7 +122,7 @@ private Q_SLOTS:
         QCOMPARE(m_mouse->selected(), Items{&m_mouse->cabinet(0, 2)});
         m_mouse->drag({320, 64}, {50, 50});
         m_mouse->drag({382, 126}, {20, 20});
-        m_mouse->view().setTool(View::Pen);
+        m_mouse->view().toolBar().chooseMode(CEditorToolBar::Pen);
         m_mouse->drag({64, 64}, {256, 0});
         QVERIFY(m_mouse->layout() == m_mouse->original());
         QCOMPARE(m_mouse->stack().count(), 0);
@@ -190,7 +190,7 @@ private Q_SLOTS:
 
     void thePenWiresInItsOrder()
     {
-        m_mouse->view().setTool(View::Pen);
+        m_mouse->view().toolBar().chooseMode(CEditorToolBar::Pen);
         m_mouse->press({192, 64});
         m_mouse->moveTo({64, 64});
         m_mouse->moveTo({192, 64}); // going back has no effect
@@ -295,7 +295,7 @@ private Q_SLOTS:
 
     void clicksExchangeHeadAndTail()
     {
-        m_mouse->view().setTool(View::HeadToTailExchange);
+        m_mouse->view().toolBar().chooseMode(CEditorToolBar::HeadToTailExchange);
         QVector<QRect> reversed = m_mouse->cabinet(3, 0).cabinet().rects;
         std::swap(reversed[0], reversed[1]);
         m_mouse->click({420, 64});
@@ -329,12 +329,12 @@ private Q_SLOTS:
         QVERIFY(!m_mouse->scene().hasRubberBand());
         m_mouse->release({310, 180});
 
-        m_mouse->view().setTool(View::Pen);
+        m_mouse->view().toolBar().chooseMode(CEditorToolBar::Pen);
         m_mouse->press({64, 64});
         m_mouse->moveTo({192, 64});
         QTest::keyClick(&m_mouse->view(), Qt::Key_Escape);
         m_mouse->release({192, 64});
-        QCOMPARE(m_mouse->view().tool(), View::Arrow);
+        QVERIFY(m_mouse->view().toolBar().tool(CEditorToolBar::Arrow)->isChecked());
         QVERIFY(m_mouse->layout() == m_mouse->original());
         QCOMPARE(m_mouse->stack().count(), 0);
     }

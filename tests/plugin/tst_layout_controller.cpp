@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/data/CLayoutData.h"
 #include "layout/editor/CCabinetGraphicsScene.h"
-#include "layout/editor/CLayoutGraphicsView.h"
+#include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/panels/CLayoutSidePanel.h"
 #include "layout/plugin/CLayout.h"
 #include "layout/plugin/LayoutNotification.h"

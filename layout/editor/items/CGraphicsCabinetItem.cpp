@@ -44,6 +44,7 @@ void CGraphicsCabinetItem::setCabinet(const Cabinet &cabinetRecord)
     record().port = previous.port;
     record().group = previous.group;
     record().mappingIndex = previous.mappingIndex;
+    record().calibrationIndex = previous.calibrationIndex;
     record().rank = m_chainPosition;
     const QRectF placement = CCabinetRect::fromRecord(cabinetRecord.rect);
     setSize(placement.size());
@@ -119,7 +120,12 @@ void CGraphicsCabinetItem::setHighlighted(bool highlighted)
     if (m_highlighted == highlighted)
         return;
     m_highlighted = highlighted;
+    record().calibrationIndex = highlighted ? 0 : -1;
     update();
+    if (IEditorScene *editing = editor())
+        editing->noteHighlighted(*this, highlighted);
+    if (CGraphicsPortItem *item = portItem())
+        item->noteChanged();
 }
 
 void CGraphicsCabinetItem::routeWires()
@@ -148,6 +154,10 @@ void CGraphicsCabinetItem::mousePressEvent(QGraphicsSceneMouseEvent *event)
         return;
     const CEditBatch batch(*editing);
     if (event->button() == Qt::LeftButton) {
+        if (editing->isToolModeSet(IEditorScene::Highlighting)) {
+            editing->pressHighlight(*this, event->modifiers() & Qt::ControlModifier);
+            return;
+        }
         if (editing->isToolModeSet(IEditorScene::HeadToTailExchange)) {
             const int cell = cellAt(event->pos());
             if (cell != NoCell) {

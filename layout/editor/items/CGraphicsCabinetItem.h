@@ -61,6 +61,8 @@ public:
 
     bool isHighlighted() const { return m_highlighted; }
     void setHighlighted(bool highlighted);
+    /// For a cabinet that comes back: its highlight ended when it went.
+    void forgetHighlight() { record().calibrationIndex = -1; }
 
     /// The receiver area that the last press picked while picking is on; NoCell without one.
     int selectedCell() const { return m_selectedCell; }

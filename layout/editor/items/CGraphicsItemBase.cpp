@@ -10,6 +10,7 @@
 
 #include <QCursor>
 #include <QGraphicsScene>
+#include <QGraphicsSceneContextMenuEvent>
 #include <QGraphicsSceneHoverEvent>
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsView>
@@ -187,7 +188,7 @@ void CGraphicsItemBase::resetHighlights()
 void CGraphicsItemBase::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     IEditorScene *editing = editor();
-    if (!editing)
+    if (!editing || editing->isToolModeSet(IEditorScene::Highlighting))
         return;
     const CEditBatch batch(*editing);
     const bool toggles = selectByPress(*event);
@@ -207,6 +208,15 @@ void CGraphicsItemBase::mousePressEvent(QGraphicsSceneMouseEvent *event)
         editing->beginMove(event->scenePos());
 }
 
+void CGraphicsItemBase::contextMenuEvent(QGraphicsSceneContextMenuEvent *event)
+{
+    const CGraphicsPortItem *item = portItem();
+    if (!item || item->isRedundant() || !editor())
+        return; // a redundancy port follows its primary
+    editor()->showCabinetMenu(*this, event->widget(), event->screenPos());
+    event->accept();
+}
+
 void CGraphicsItemBase::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 {
     if (IEditorScene *editing = editor())
@@ -217,7 +227,8 @@ void CGraphicsItemBase::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 {
     m_activeHandle = NoHandle;
     IEditorScene *editing = editor();
-    if (!editing || event->button() != Qt::LeftButton || editing->endDrag(event->scenePos()))
+    if (!editing || event->button() != Qt::LeftButton || editing->endDrag(event->scenePos()) ||
+        editing->isToolModeSet(IEditorScene::Highlighting))
         return;
     const CEditBatch batch(*editing);
     if (event->modifiers() & Qt::ControlModifier) {

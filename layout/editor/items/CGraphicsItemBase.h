@@ -73,6 +73,7 @@ protected:
     IEditorScene *editor() const; ///< null outside a port of an editing scene
 
     bool sceneEvent(QEvent *event) override;
+    void contextMenuEvent(QGraphicsSceneContextMenuEvent *event) override;
     void hoverMoveEvent(QGraphicsSceneHoverEvent *event) override;
     void hoverLeaveEvent(QGraphicsSceneHoverEvent *event) override;
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;

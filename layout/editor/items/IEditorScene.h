@@ -9,13 +9,14 @@ class CGraphicsCabinetItem;
 class CGraphicsGroupItem;
 class CGraphicsItemBase;
 class CGraphicsPortItem;
+class QWidget;
 
 /// What the items ask of the scene that they are edited in. GUI thread.
 class IEditorScene
 {
 public:
     /// The tools that change what a press on a cabinet does.
-    enum EToolMode { ManualWiring = 0, HeadToTailExchange = 1, DirectExchange = 2 };
+    enum EToolMode { ManualWiring = 0, HeadToTailExchange = 1, DirectExchange = 2, Highlighting = 3 };
 
     virtual ~IEditorScene() = default;
 
@@ -57,6 +58,12 @@ public:
     /// cell is the receiver that was picked.
     virtual void exchangeReceivers(int port, const QUuid &cabinet, int cell) = 0;
 
+    /// A press on a cabinet while the tool that highlights is in use.
+    virtual void pressHighlight(CGraphicsCabinetItem &cabinet, bool adding) = 0;
+
+    /// Opens the menu of a cabinet or a group, unless a tool is in use.
+    virtual void showCabinetMenu(CGraphicsItemBase &item, QWidget *widget, const QPoint &screenPos) = 0;
+
     /// What an item reports of itself; acted on at the end of the running batch, without one at once.
     virtual void noteCabinetMoved(CGraphicsCabinetItem &cabinet) = 0;
     virtual void noteMembersChanged(CGraphicsGroupItem &group) = 0;
@@ -64,6 +71,7 @@ public:
     /// The chain of a port changed: what depends on wiring is told as for a change of the selection.
     virtual void noteWiringChanged(CGraphicsPortItem &port) = 0;
     virtual void noteSelected(CGraphicsItemBase &item, bool selected) = 0;
+    virtual void noteHighlighted(CGraphicsCabinetItem &cabinet, bool highlighted) = 0;
 };
 
 /// Makes one batch of all that happens while it lives.

@@ -5,6 +5,7 @@
 #include "layout/data/records/SHostRecords.h"
 
 #include <QCoreApplication>
+#include <QPointF>
 
 class CCabinetGraphicsScene;
 class QMenu;
@@ -16,15 +17,13 @@ class CCanvasMenu final
     Q_DECLARE_TR_FUNCTIONS(CCanvasMenu)
 
 public:
-    /// The commands act on @p scene; @p currentPort (-1: none) is the one whose topology can be cleared, and
-    /// @p block what keeps the canvas size from being changed. @p parent is for questions.
-    static void fill(QMenu &menu, CCabinetGraphicsScene &scene, int currentPort, CanvasBlock block,
-                     QWidget *parent);
+    /// The entries act on @p scene and its current port; what is pasted comes to lie at @p scenePos. Without
+    /// commands of the scene there are no entries that open dialogs. @p parent is for questions.
+    static void fill(QMenu &menu, CCabinetGraphicsScene &scene, const QPointF &scenePos, QWidget *parent);
 
     /// Why the canvas size cannot be changed, in brackets; empty when it can.
     static QString reason(CanvasBlock block);
 
 private:
-    static void addHistory(QMenu &menu, CCabinetGraphicsScene &scene, QWidget *parent);
-    static void addDialogEntry(QMenu &menu, const QString &text);
+    static void addDialogs(QMenu &menu, CCabinetGraphicsScene &scene, QWidget *parent);
 };

@@ -1,0 +1,109 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/CSelectionShape.h"
+
+#include "layout/editor/CSceneSelection.h"
+#include "layout/editor/CUndoRecorder.h"
+#include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/undo/CChangeCabinetTypeCommand.h"
+#include "layout/editor/undo/CMoveCommand.h"
+#include "layout/editor/undo/CReszieCommand.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace {
+
+QRectF placeOf(const CGraphicsItemBase &item)
+{
+    return item.mapRectToScene(item.rect());
+}
+
+} // namespace
+
+void CSelectionShape::move(CGraphicsItemBase &item, const QPointF &target)
+{
+    if (item.scenePos() == target)
+        return;
+    auto command = std::make_unique<CMoveCommand>(&item);
+    command->setStartValue(item.scenePos());
+    command->setEndValue(target);
+    m_recorder.push(std::move(command));
+}
+
+void CSelectionShape::moveTo(const QPoint &corner)
+{
+    if (m_selection.isEmpty() || m_selection.touchesLockedPort())
+        return;
+    const QVector<CGraphicsItemBase *> items = m_selection.sorted();
+    QRectF extent;
+    for (const CGraphicsItemBase *item : items)
+        extent |= placeOf(*item);
+    const CEditBatch batch(m_scene);
+    const CUndoMacro macro(m_recorder, QStringLiteral("ChangePosition"), QStringLiteral("ChangePosition"));
+    for (CGraphicsItemBase *item : items)
+        move(*item, item->scenePos() + corner - extent.topLeft());
+}
+
+void CSelectionShape::resizeTo(const QSize &size)
+{
+    if (size.isEmpty() || m_selection.touchesLockedPort())
+        return;
+    const CEditBatch batch(m_scene);
+    const CUndoMacro macro(m_recorder, QStringLiteral("ChangeSize"), QStringLiteral("ChangeSize"));
+    for (CGraphicsItemBase *item : m_selection.sorted()) {
+        if (item->type() != CabinetItemKind || item->isGrouped() || item->rect().size() == QSizeF(size))
+            continue;
+        auto command = std::make_unique<CReszieCommand>(item);
+        command->setStartValue(item->rect().size());
+        command->setEndValue(QSizeF(size));
+        m_recorder.push(std::move(command));
+    }
+}
+
+void CSelectionShape::arrange(int columns)
+{
+    if (columns < 1 || m_selection.isEmpty() || m_selection.touchesLockedPort())
+        return;
+    QVector<CGraphicsItemBase *> items = m_selection.sorted();
+    QRectF extent;
+    QSizeF pitch;
+    for (const CGraphicsItemBase *item : qAsConst(items)) {
+        extent |= placeOf(*item);
+        pitch = pitch.expandedTo(item->rect().size());
+    }
+    std::stable_sort(items.begin(), items.end(), [](const CGraphicsItemBase *a, const CGraphicsItemBase *b) {
+        const QPointF first = a->scenePos();
+        const QPointF second = b->scenePos();
+        return std::make_tuple(first.y(), first.x()) < std::make_tuple(second.y(), second.x());
+    });
+    const CEditBatch batch(m_scene);
+    const CUndoMacro macro(m_recorder, QStringLiteral("ChangeRank"), QStringLiteral("ChangeRank"));
+    for (int i = 0; i < items.size(); ++i) {
+        const QPointF offset((i % columns) * pitch.width(), (i / columns) * pitch.height());
+        move(*items.at(i), extent.topLeft() + offset);
+    }
+}
+
+void CSelectionShape::applyType(const TypeInfo &type)
+{
+    if (!type.isValid() || m_selection.touchesLockedPort())
+        return;
+    const CEditBatch batch(m_scene);
+    const QString text = QStringLiteral("Change cabinet type");
+    const CUndoMacro macro(m_recorder, text, text);
+    for (CGraphicsCabinetItem *cabinet : m_selection.cabinets()) {
+        auto record = cabinet->cabinet();
+        record.type = type.key;
+        record.rects = type.receivers;
+        record.blanks.clear();
+        record.rect.setSize(QSize(type.width, type.height));
+        if (record == cabinet->cabinet())
+            continue;
+        auto command = std::make_unique<CChangeCabinetTypeCommand>(cabinet);
+        command->setStartValue(QVariant::fromValue(cabinet->cabinet()));
+        command->setEndValue(QVariant::fromValue(record));
+        m_recorder.push(std::move(command));
+    }
+}

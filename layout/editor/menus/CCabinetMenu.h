@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QCoreApplication>
+#include <QUuid>
+
+class CCabinetGraphicsScene;
+class CGraphicsItemBase;
+class QMenu;
+class QWidget;
+
+/// Fills the menu that a right click on a cabinet or a group opens. The entries find the clicked item again
+/// by its identity, as it may be gone when one of them is chosen. GUI thread.
+class CCabinetMenu final
+{
+    Q_DECLARE_TR_FUNCTIONS(CCabinetMenu)
+
+public:
+    static constexpr int Width = 240; ///< pixels
+
+    /// @p parent is for questions and dialogs.
+    CCabinetMenu(QMenu &menu, CCabinetGraphicsScene &scene, const CGraphicsItemBase &clicked,
+                 QWidget *parent);
+
+    /// Adds the entries that apply; without commands of the scene only those that edit the layout.
+    void fill();
+
+private:
+    void addGrouping();
+    void addClipboard();
+    void addFill();
+    void addParameters();
+    void addFiles(QMenu &parameters);
+
+    QMenu &m_menu;
+    CCabinetGraphicsScene &m_scene;
+    const CGraphicsItemBase &m_clicked;
+    QWidget *m_parent;
+    bool m_onePort;
+    bool m_locked; // the clicked item's port
+};

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/PasteCache.h"
+
+#include <QMimeData>
+
+class IPortStates;
+
+/// What other programs get from copied cabinets: a picture of them, and a table as text. Made when it is
+/// asked for.
+class CCopyMime final : public QMimeData
+{
+    Q_OBJECT
+
+public:
+    /// Drawn in the colours that the ports have in @p states now.
+    CCopyMime(const PasteCache &cache, const IPortStates &states);
+
+    QStringList formats() const override;
+    bool hasFormat(const QString &format) const override { return formats().contains(format); }
+
+protected:
+    QVariant retrieveData(const QString &format, QVariant::Type type) const override;
+
+private:
+    QString table() const;
+    QImage picture() const;
+
+    CabinetLayout m_layout; // a port record for each port that cabinets were copied from
+};

@@ -1,0 +1,215 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/placing/CScenePlacing.h"
+
+#include "layout/data/IPortStates.h"
+#include "layout/drawing/CLayoutPainter.h"
+#include "layout/editor/CSceneContent.h"
+#include "layout/editor/CSceneSelection.h"
+#include "layout/editor/CUndoRecorder.h"
+#include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/placing/CCopyMime.h"
+#include "layout/editor/placing/CPasteContent.h"
+#include "layout/geometry/CAppendPlan.h"
+#include "layout/geometry/CSnakeOrder.h"
+#include "platform/widgets/CGraphicsScene.h"
+#include "platform/widgets/CMessageBox.h"
+
+#include <QClipboard>
+#include <QCursor>
+#include <QGraphicsSceneMouseEvent>
+#include <QGraphicsView>
+#include <QGuiApplication>
+
+namespace {
+
+constexpr char PendingType[] = "pendingAppendCabinet";
+constexpr char PendingPort[] = "pendingAppendCabinetPort";
+constexpr char PendingSize[] = "pendingAppendCabinetSize";
+const QString TypeKey = QStringLiteral("rcvTypeInfo");
+constexpr int SnapReach = 10; // pixels of the screen
+
+QPointF underCursor(const QGraphicsScene &scene)
+{
+    QPointF position;
+    for (const QGraphicsView *view : scene.views())
+        position = view->mapToScene(view->mapFromGlobal(QCursor::pos()));
+    return position;
+}
+
+} // namespace
+
+CScenePlacing::CScenePlacing(CGraphicsScene &scene, IEditorScene &editor, const IPortStates &states,
+                             CSceneContent &content, const CSceneSelection &selection,
+                             CUndoRecorder &recorder)
+    : m_scene(scene)
+    , m_editor(editor)
+    , m_states(states)
+    , m_content(content)
+    , m_selection(selection)
+    , m_recorder(recorder)
+{
+}
+
+QString CScenePlacing::refusal(int count, int more)
+{
+    if (count + more <= LargestPort)
+        return {};
+    return tr("The number of cabinet in a single output port can not be over 1024.");
+}
+
+void CScenePlacing::copy()
+{
+    if (m_selection.isEmpty())
+        return;
+    m_cache = CPasteContent::copyOf(m_selection);
+    QGuiApplication::clipboard()->setMimeData(new CCopyMime(m_cache, m_states));
+}
+
+void CScenePlacing::paste(const QPointF &position, QWidget *parent)
+{
+    CGraphicsPortItem *port = m_content.port(m_states.currentPort());
+    if (!port || port->isLocked() || m_cache.isEmpty())
+        return;
+    if (port->cabinets(nullptr).size() + CPasteContent::cabinetCount(m_cache) > LargestPort) {
+        CMessageBox::information(parent,
+                                 tr("The number of receivers in a single output port can not be over 1024."));
+        return;
+    }
+    const QPointF corner = position == QPointF(0, 0) ? underCursor(m_scene) : position;
+    place(*port, CPasteContent::placed(m_cache, corner.toPoint()), QStringLiteral("Paste"));
+}
+
+/// New cabinets and groups of a port, and nothing else, are selected afterwards.
+void CScenePlacing::place(CGraphicsPortItem &port, const Port &record, const QString &text)
+{
+    const CEditBatch batch(m_editor);
+    const CUndoMacro macro(m_recorder, text, text);
+    m_scene.clearSelection();
+    const QVector<CGraphicsItemBase *> placed = m_content.add(port, record, m_recorder);
+    m_scene.clearSelection(); // commands select what they make, members of groups included
+    for (CGraphicsItemBase *item : placed)
+        item->setSelected(true);
+}
+
+bool CScenePlacing::isAppending() const
+{
+    return m_scene.property(PendingType).isValid();
+}
+
+int CScenePlacing::pendingPort() const
+{
+    return m_scene.property(PendingPort).toInt();
+}
+
+void CScenePlacing::beginAppend(const TypeInfo &type, int port, const QSize &size)
+{
+    m_scene.setProperty(PendingType, QVariantMap{{TypeKey, QVariant::fromValue(type)}});
+    m_scene.setProperty(PendingPort, port);
+    m_scene.setProperty(PendingSize, size);
+    if (!m_scene.views().isEmpty())
+        showCells({ghostAt(underCursor(m_scene))});
+}
+
+void CScenePlacing::endAppend()
+{
+    for (const char *property : {PendingType, PendingPort, PendingSize})
+        m_scene.setProperty(property, QVariant());
+    m_pressed = false;
+    showCells({});
+}
+
+/// The place of a single cabinet whose middle is at @p scenePos: on the canvas, in line with its neighbours.
+QRect CScenePlacing::ghostAt(const QPointF &scenePos) const
+{
+    const QSize size = m_scene.property(PendingSize).toSize();
+    QRect ghost(QPoint(), size);
+    ghost.moveTopLeft((scenePos - QPointF(size.width() / 2.0, size.height() / 2.0)).toPoint());
+    const QList<QGraphicsView *> views = m_scene.views();
+    const qreal scale = views.isEmpty() ? 1 : views.first()->transform().m11();
+    const int reach = qMin(qRound(SnapReach / scale), qMin(size.width(), size.height()) / 2);
+    QVector<QRect> neighbours;
+    const QList<QGraphicsItem *> near =
+        m_scene.items(QRectF(ghost.adjusted(-reach, -reach, reach, reach)), Qt::IntersectsItemBoundingRect);
+    for (const QGraphicsItem *item : near) {
+        if (item->type() == CabinetItemKind)
+            neighbours << static_cast<const CGraphicsCabinetItem *>(item)->cabinet().rect;
+    }
+    ghost = CAppendPlan::snapped(ghost, neighbours, reach);
+    ghost.moveTopLeft(QPoint(qMax(ghost.left(), 0), qMax(ghost.top(), 0)));
+    return ghost;
+}
+
+void CScenePlacing::showCells(const QVector<QRect> &cells)
+{
+    m_cells = cells;
+    m_scene.update();
+}
+
+void CScenePlacing::press(const QGraphicsSceneMouseEvent &event)
+{
+    showCells({ghostAt(event.scenePos())});
+    m_pressed = true;
+}
+
+void CScenePlacing::move(const QGraphicsSceneMouseEvent &event)
+{
+    if (!m_pressed) {
+        showCells({ghostAt(event.scenePos())});
+        return;
+    }
+    const CGraphicsPortItem *port = m_content.port(pendingPort());
+    const int room = port ? LargestPort - port->cabinets(nullptr).size() : 1;
+    QVector<QRect> cells = CAppendPlan::cells(m_cells.first(), event.scenePos().toPoint(), room);
+    const auto outside = [](const QRect &cell) { return cell.left() < 0 || cell.top() < 0; };
+    cells.erase(std::remove_if(cells.begin(), cells.end(), outside), cells.end());
+    showCells(cells);
+}
+
+bool CScenePlacing::release(const QGraphicsSceneMouseEvent &event)
+{
+    if (!m_pressed)
+        return false;
+    CGraphicsPortItem *port = m_content.port(pendingPort());
+    if (port && !port->isLocked()) {
+        const QString refused = refusal(port->cabinets(nullptr).size(), m_cells.size());
+        if (refused.isEmpty())
+            place(*port, recordOf(m_cells, *port), QStringLiteral("Append"));
+        else
+            CMessageBox::information(event.widget(), refused);
+    }
+    endAppend();
+    return true;
+}
+
+CScenePlacing::Port CScenePlacing::recordOf(const QVector<QRect> &cells, const CGraphicsPortItem &port) const
+{
+    const TypeInfo type = m_scene.property(PendingType).toMap().value(TypeKey).value<TypeInfo>();
+    const QVector<CGraphicsCabinetItem *> chain = port.chain().order();
+    const QRect tail = chain.isEmpty() ? QRect() : chain.last()->cabinet().rect;
+    Port::CabinetGroup loose;
+    QVector<CSnakeOrder::SCell> places;
+    for (const QRect &cell : cells) {
+        Port::Cabinet cabinet;
+        cabinet.rect = cell;
+        cabinet.type = type.key;
+        if (cell.size() == QSize(type.width, type.height))
+            cabinet.rects = type.receivers;
+        loose.cabinets << cabinet;
+        places << CSnakeOrder::SCell{QRectF(cell), QUuid()};
+    }
+    int rank = 0;
+    for (const int index : CSnakeOrder::order(places, CAppendPlan::patternAfter(tail, cells)))
+        loose.cabinets[index].rank = rank++;
+    Port record;
+    record.groups << loose;
+    return record;
+}
+
+void CScenePlacing::paint(QPainter &painter) const
+{
+    if (isAppending())
+        CLayoutPainter::paintGhosts(painter, m_cells, m_states.portColor(pendingPort()));
+}

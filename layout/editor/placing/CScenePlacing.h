@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/PasteCache.h"
+#include "layout/data/records/SSettings.h"
+
+#include <QCoreApplication>
+#include <QPointF>
+
+class CGraphicsPortItem;
+class CSceneContent;
+class CSceneSelection;
+class CUndoRecorder;
+class CGraphicsScene;
+class IEditorScene;
+class IPortStates;
+class QGraphicsSceneMouseEvent;
+class QPainter;
+class QWidget;
+
+/// Brings new cabinets into the scene: pasted ones, and appended ones that wait for the press that places
+/// them, shown as ghosts under the cursor until then. What is waited for stands in the scene's properties
+/// "pendingAppendCabinet" (a map with the type under "rcvTypeInfo"), "pendingAppendCabinetPort" and
+/// "pendingAppendCabinetSize". GUI thread.
+class CScenePlacing final
+{
+    Q_DECLARE_TR_FUNCTIONS(CScenePlacing)
+
+public:
+    using Port = CabinetLayout::CabinetPort;
+    using TypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
+    static constexpr int LargestPort = 1024; ///< cabinets of one output port
+
+    CScenePlacing(CGraphicsScene &scene, IEditorScene &editor, const IPortStates &states,
+                  CSceneContent &content, const CSceneSelection &selection, CUndoRecorder &recorder);
+
+    const PasteCache &cache() const { return m_cache; }
+    void setCache(const PasteCache &cache) { m_cache = cache; }
+    /// Keeps the selection for pasting, and offers it to other programs.
+    void copy();
+    /// Pastes into the current port, the corner of the copy at @p position; refusals are told over @p parent.
+    void paste(const QPointF &position, QWidget *parent);
+
+    /// Whether cabinets wait to be placed.
+    bool isAppending() const;
+    /// From now on the next press places cabinets of @p size in @p port; @p type may be empty.
+    void beginAppend(const TypeInfo &type, int port, const QSize &size);
+    void endAppend();
+
+    // The mouse while cabinets wait. A drag places as many as fit on its way.
+    void press(const QGraphicsSceneMouseEvent &event);
+    void move(const QGraphicsSceneMouseEvent &event);
+    /// Gives whether the cabinets were placed or refused, so that nothing waits any more.
+    bool release(const QGraphicsSceneMouseEvent &event);
+    /// Draws the ghosts.
+    void paint(QPainter &painter) const;
+
+    /// Why @p more cabinets cannot come into a port that holds @p count; empty when they can.
+    static QString refusal(int count, int more);
+
+private:
+    int pendingPort() const;
+    QRect ghostAt(const QPointF &scenePos) const;
+    void showCells(const QVector<QRect> &cells);
+    Port recordOf(const QVector<QRect> &cells, const CGraphicsPortItem &port) const;
+    void place(CGraphicsPortItem &port, const Port &record, const QString &text);
+
+    CGraphicsScene &m_scene;
+    IEditorScene &m_editor;
+    const IPortStates &m_states;
+    CSceneContent &m_content;
+    const CSceneSelection &m_selection;
+    CUndoRecorder &m_recorder;
+    PasteCache m_cache;
+    QVector<QRect> m_cells; // the ghosts
+    bool m_pressed = false; // the first of them stays where it is
+};

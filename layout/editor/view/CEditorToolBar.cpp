@@ -1,0 +1,122 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/view/CEditorToolBar.h"
+
+#include <QActionGroup>
+#include <QIcon>
+#include <QMenu>
+#include <QToolButton>
+
+namespace {
+
+constexpr int ToolIconSide = 20;
+
+QString layoutIcon(const char *name)
+{
+    return QStringLiteral(":/Image/Layout/ToolBar/") + QLatin1String(name);
+}
+
+QIcon toolIcon(const QString &base)
+{
+    QIcon icon(base + QStringLiteral("_normal.svg"));
+    icon.addFile(base + QStringLiteral("_checked.svg"), {}, QIcon::Normal, QIcon::On);
+    icon.addFile(base + QStringLiteral("_disabled.svg"), {}, QIcon::Disabled);
+    return icon;
+}
+
+} // namespace
+
+CEditorToolBar::CEditorToolBar(QWidget *parent)
+    : QToolBar(parent)
+{
+    buildUi();
+}
+
+void CEditorToolBar::buildUi()
+{
+    setObjectName(QStringLiteral("EditorToolBar"));
+    setIconSize(QSize(ToolIconSide, ToolIconSide));
+    m_modes = new QActionGroup(this);
+    m_modes->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
+
+    addTool(Undo, QStringLiteral(":/Image/ToolBar/undo"), tr("Undo(Ctrl+Z)"));
+    addTool(Redo, QStringLiteral(":/Image/ToolBar/redo"), tr("Redo(Ctrl+Y)"));
+    addTool(Arrow, QStringLiteral(":/Image/ToolBar/arrow"), tr("Arrow"));
+    addTool(Hand, QStringLiteral(":/Image/ToolBar/open-hand"), tr("Hand"));
+    addTool(TypeLibrary, layoutIcon("type-library"), tr("Type library"));
+    addTool(ClearTopology, layoutIcon("break-wiring"), tr("Clear topology"));
+    addTool(Pen, layoutIcon("manual-wiring"), tr("Pen tool(Custom topology)"));
+    addTool(HeadToTailExchange, layoutIcon("head-to-tail-exchange"),
+            tr("Reverse signal in an out for multi-receivers cabinet"));
+    addTool(Group, layoutIcon("create-group"), tr("Group(Ctrl+G)"));
+    addTool(Ungroup, layoutIcon("break-group"), tr("Ungroup(Ctrl+Shift+G)"));
+    addTool(Calibrate, layoutIcon("calibrate"), tr("Highlight cabinet with flashing box"));
+    addTool(Print, layoutIcon("print"), tr("Print(Ctrl+P)"));
+    addTool(Navigator, QStringLiteral(":/Image/ToolBar/aerial-view"), tr("Navigator"));
+
+    for (const ETool mode : {Arrow, Hand, Pen, HeadToTailExchange, Calibrate}) {
+        makeCheckable(mode);
+        m_modes->addAction(tool(mode));
+    }
+    makeCheckable(Navigator);
+    addHighlightMenu();
+    button(Navigator)->setObjectName(QStringLiteral("AeriaToolButton"));
+    for (const ETool disabled : {Undo, Redo, Group, Ungroup, Print})
+        tool(disabled)->setEnabled(false);
+    tool(Print)->setToolTip(tr("Print(Ctrl+P)") + QLatin1Char('\n') + tr("Available in a later version"));
+    chooseMode(Arrow);
+}
+
+QToolButton *CEditorToolBar::button(ETool tool) const
+{
+    return qobject_cast<QToolButton *>(widgetForAction(m_actions.at(tool)));
+}
+
+void CEditorToolBar::addTool(ETool tool, const QString &iconBase, const QString &toolTip)
+{
+    QAction *action = addAction(toolIcon(iconBase), toolTip);
+    action->setToolTip(toolTip);
+    m_actions << action;
+    QToolButton *button = this->button(tool);
+    button->setProperty("action", int(tool));
+    button->setProperty("ToolLocation", int(tool));
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setAccessibleName(toolTip);
+    connect(action, &QAction::triggered, this, [this, tool] { Q_EMIT toolClicked(tool); });
+}
+
+void CEditorToolBar::makeCheckable(ETool tool)
+{
+    m_actions.at(tool)->setCheckable(true);
+    connect(m_actions.at(tool), &QAction::toggled, this,
+            [this, tool](bool checked) { Q_EMIT toolToggled(tool, checked); });
+}
+
+void CEditorToolBar::addHighlightMenu()
+{
+    auto *menu = new QMenu(this);
+    const auto addKind = [this, menu](const QString &name, const QString &text, const char *icon,
+                                      bool frameless) {
+        QAction *kind = menu->addAction(toolIcon(layoutIcon(icon)), text);
+        kind->setObjectName(name);
+        kind->setProperty("frameless", frameless);
+        connect(kind, &QAction::triggered, this, [this, frameless] { setFrameless(frameless); });
+    };
+    addKind(QStringLiteral("CalibrateFrame"), tr("Highlight cabinet with flashing box"), "calibrate", false);
+    addKind(QStringLiteral("CalibrateFrameless"), tr("Highlight cabinet with LED indicator"),
+            "calibrate-frameless", true);
+    button(Calibrate)->setMenu(menu);
+    button(Calibrate)->setPopupMode(QToolButton::MenuButtonPopup);
+}
+
+void CEditorToolBar::setFrameless(bool frameless)
+{
+    m_frameless = frameless;
+    QAction *highlight = tool(Calibrate);
+    highlight->setIcon(toolIcon(layoutIcon(frameless ? "calibrate-frameless" : "calibrate")));
+    highlight->setToolTip(frameless ? tr("Highlight cabinet with LED indicator")
+                                    : tr("Highlight cabinet with flashing box"));
+    button(Calibrate)->setAccessibleName(highlight->toolTip());
+    Q_EMIT highlightKindChanged(frameless);
+    highlight->setChecked(true);
+}

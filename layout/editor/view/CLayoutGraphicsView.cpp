@@ -1,0 +1,439 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/view/CLayoutGraphicsView.h"
+
+#include "layout/data/IPortStates.h"
+#include "layout/editor/CCabinetGraphicsScene.h"
+#include "layout/editor/IEditorCommands.h"
+#include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/view/CEditorToolBar.h"
+#include "layout/editor/view/CPortStrip.h"
+#include "platform/widgets/view/CAerialView.h"
+
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMetaMethod>
+#include <QPointer>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace {
+
+using Bar = CEditorToolBar;
+using Scene = CCabinetGraphicsScene;
+
+/// The keys of the commands that no button of another window takes.
+struct SCanvasKey
+{
+    QKeySequence key;
+    void (CCabinetGraphicsScene::*command)();
+};
+
+const QVector<SCanvasKey> &canvasKeys()
+{
+    static const QVector<SCanvasKey> keys = {
+        {Qt::Key_Up, &Scene::selectedItemMoveUp},
+        {Qt::Key_Down, &Scene::selectedItemMoveDown},
+        {Qt::Key_Left, &Scene::selectedItemMoveLeft},
+        {Qt::Key_Right, &Scene::selectedItemMoveRight},
+        {Qt::Key_Delete, &Scene::deleteSelected},
+        {QKeySequence(Qt::CTRL | Qt::Key_A), &Scene::selectAllItem},
+        {QKeySequence(Qt::CTRL | Qt::Key_X), &Scene::cutSelected},
+        {QKeySequence(Qt::CTRL | Qt::Key_C), &Scene::copySelected},
+        {QKeySequence(Qt::CTRL | Qt::Key_G), &Scene::groupSelected},
+        {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_G), &Scene::ungroupSelected},
+    };
+    return keys;
+}
+
+QCursor pictureCursor(const char *name)
+{
+    return QCursor(QPixmap(QStringLiteral(":/Image/Layout/ToolBar/%1.svg").arg(QLatin1String(name))));
+}
+
+} // namespace
+
+CLayoutGraphicsView::CLayoutGraphicsView(const IPortStates &ports, QWidget *parent)
+    : CGraphicsView(parent)
+    , m_scene(new CCabinetGraphicsScene(ports, this))
+    , m_toolBar(new CEditorToolBar)
+    , m_ports(new CPortStrip(*m_toolBar, ports))
+{
+    buildUi();
+    connectTools();
+    connectScene();
+    applyModes();
+}
+
+CLayoutGraphicsView::~CLayoutGraphicsView()
+{
+    delete m_scene; // while the view can still be told of what goes, and before the stacks it records on
+}
+
+void CLayoutGraphicsView::buildUi()
+{
+    setScene(m_scene);
+    setAccessibleName(tr("Layout canvas"));
+    setToolBar(m_toolBar);
+    viewport()->setMouseTracking(true); // ghosts follow the cursor over an empty canvas, too
+}
+
+void CLayoutGraphicsView::connectTools()
+{
+    connect(m_toolBar, &Bar::toolClicked, this, &CLayoutGraphicsView::onToolButtonClicked);
+    connect(m_toolBar, &Bar::toolToggled, this, &CLayoutGraphicsView::onToolButtonToggled);
+    connect(m_toolBar, &Bar::highlightKindChanged, this, &CLayoutGraphicsView::highlight);
+    connect(m_ports, &CPortStrip::portChosen, this, &CLayoutGraphicsView::choosePort);
+    connect(m_ports, &CPortStrip::patternClicked, this, &CLayoutGraphicsView::onTopologyButtonClicked);
+    connect(m_ports, &CPortStrip::appendClicked, this, &CLayoutGraphicsView::openAppendMenu);
+    connect(m_ports, &CPortStrip::lockToggled, this, &CLayoutGraphicsView::notifyLockPort);
+    connect(m_ports, &CPortStrip::redundancyChosen, this, &CLayoutGraphicsView::notifySetPortRedundancy);
+    connect(m_ports, &CPortStrip::currentGainClicked, this, &CLayoutGraphicsView::ShowEleCurrentAdjustDialog);
+    connect(this, &CGraphicsView::scaleChanged, this, &CLayoutGraphicsView::onScaleChanged);
+    for (const QScrollBar *bar : {horizontalScrollBar(), verticalScrollBar()})
+        connect(bar, &QScrollBar::rangeChanged, this, &CLayoutGraphicsView::onScorllBarRangeChanged);
+}
+
+void CLayoutGraphicsView::connectScene()
+{
+    connect(m_scene, &Scene::notifyExitCurrentOperate, this,
+            [this] { m_toolBar->chooseMode(isBlocked() ? Bar::Hand : Bar::Arrow); });
+    connect(m_scene, &Scene::notifyCanUndoChanged, this, &CLayoutGraphicsView::onNotifyCanUndoChanged);
+    connect(m_scene, &Scene::notifyCanRedoChanged, this, &CLayoutGraphicsView::onNotifyCanRedoChanged);
+    connect(m_scene, &Scene::notifySelectedItemGeometryChanged, this,
+            &CLayoutGraphicsView::onNotifySelectedItemGeometryChanged);
+    connect(m_scene, &Scene::notifySelectedCabinetInfos, this,
+            &CLayoutGraphicsView::notifySelectedCabinetInfos);
+    connect(m_scene, &Scene::notifySelectedChanged, this, &CLayoutGraphicsView::onNotifySelectedChanged);
+    connect(m_scene, &Scene::notifySceneChanged, this, &CLayoutGraphicsView::onNotifySceneChanged);
+    connect(m_scene, &Scene::notifyHighlightChanged, this, &CLayoutGraphicsView::highlight);
+}
+
+void CLayoutGraphicsView::setCommands(IEditorCommands *commands)
+{
+    m_commands = commands;
+    m_scene->setCommands(commands);
+}
+
+void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout)
+{
+    const bool another = processor.uuid != m_processor;
+    if (another) {
+        CabinetLayout left;
+        m_scene->getLayoutData(left, m_processor);
+        m_histories.leave(m_processor, left);
+        m_processor = processor.uuid;
+        m_scene->clearLayout(); // nothing is recorded of it on the other's stack
+        QUndoStack &stack = m_histories.enter(m_processor, layout.layout);
+        m_scene->setUndoStack(&stack);
+        onNotifyCanUndoChanged(stack.canUndo());
+        onNotifyCanRedoChanged(stack.canRedo());
+        Q_EMIT notifyUndoStackChanged(&stack);
+    }
+    const bool inPlace = !another && m_scene->canRebuild(layout);
+    if (!another && !inPlace && m_scene->undoStack())
+        m_scene->undoStack()->clear(); // its steps belong to ports that are there no more
+    m_scene->setLayoutData(processor, layout, {}, inPlace);
+    QList<int> ports;
+    for (const CGraphicsPortItem *port : m_scene->portItems())
+        ports << port->port();
+    m_ports->setPorts(ports, m_scene->portStates().currentPort());
+    aerialView().scheduleRefresh();
+    if (another)
+        fitContent();
+}
+
+void CLayoutGraphicsView::clearLayout()
+{
+    CabinetLayout left;
+    m_scene->getLayoutData(left, m_processor);
+    m_histories.leave(m_processor, left);
+    m_processor = QUuid();
+    m_scene->clearLayout();
+    m_scene->setUndoStack(nullptr);
+    onNotifyCanUndoChanged(false);
+    onNotifyCanRedoChanged(false);
+    m_ports->setPorts({}, -1);
+    aerialView().scheduleRefresh();
+}
+
+void CLayoutGraphicsView::setEditingBlocked(bool blocked)
+{
+    m_blocked = blocked;
+    m_toolBar->setVisible(!isBlocked());
+    m_scene->leaveOperation();
+}
+
+void CLayoutGraphicsView::onCurrentProcessorBackupChanged(bool isBackup)
+{
+    m_backup = isBackup;
+    m_toolBar->setVisible(!isBlocked());
+    m_scene->leaveOperation();
+}
+
+void CLayoutGraphicsView::onToolButtonClicked(int id)
+{
+    switch (id) {
+    case Bar::Undo:
+        m_scene->undo(this);
+        break;
+    case Bar::Redo:
+        m_scene->redo(this);
+        break;
+    case Bar::TypeLibrary:
+        if (m_commands)
+            m_commands->openTypeLibrary(this);
+        break;
+    case Bar::ClearTopology:
+        clearTopology();
+        break;
+    case Bar::Group:
+        m_scene->groupSelected();
+        break;
+    case Bar::Ungroup:
+        m_scene->ungroupSelected();
+        break;
+    default:
+        break; // the modes act when they are toggled
+    }
+}
+
+void CLayoutGraphicsView::onToolButtonToggled(int id, bool checked)
+{
+    if (id == Bar::Navigator)
+        SetAerialViewVisible(checked);
+    else if (id < Bar::ToolCount)
+        applyModes();
+}
+
+/// Brings scene, drag mode and cursor in step with the mode that is checked; without one it is the arrow.
+void CLayoutGraphicsView::applyModes()
+{
+    const auto isOn = [this](Bar::ETool tool) { return m_toolBar->tool(tool)->isChecked(); };
+    const QVector<Bar::ETool> modes = {Bar::Arrow, Bar::Hand, Bar::Pen, Bar::HeadToTailExchange,
+                                       Bar::Calibrate};
+    if (std::none_of(modes.begin(), modes.end(), isOn)) {
+        m_toolBar->chooseMode(Bar::Arrow);
+        return;
+    }
+    if (!isOn(Bar::Arrow))
+        m_scene->endAppend();
+    m_scene->setToolMode(IEditorScene::ManualWiring, isOn(Bar::Pen));
+    m_scene->setToolMode(IEditorScene::HeadToTailExchange, isOn(Bar::HeadToTailExchange));
+    m_scene->setToolMode(IEditorScene::Highlighting, isOn(Bar::Calibrate));
+    if (isOn(Bar::Pen))
+        m_scene->clearSelection();
+    if (!isOn(Bar::Calibrate))
+        m_scene->clearHighlights();
+    setDragMode(isOn(Bar::Hand) ? ScrollHandDrag : NoDrag); // the scene draws its own rubber band
+    setInteractive(!isOn(Bar::Hand) && !isBlocked());
+    if (isOn(Bar::Pen))
+        viewport()->setCursor(pictureCursor("manual-wiring-mouse"));
+    else if (isOn(Bar::HeadToTailExchange))
+        viewport()->setCursor(pictureCursor("head-to-tail-exchange_mouse"));
+    else if (isOn(Bar::Calibrate))
+        viewport()->setCursor(Qt::PointingHandCursor);
+    else if (isOn(Bar::Arrow))
+        viewport()->setCursor(Qt::ArrowCursor);
+}
+
+void CLayoutGraphicsView::clearTopology()
+{
+    if (m_scene->selection().isEmpty())
+        m_scene->askToClearTopology(this, m_scene->portStates().currentPort());
+    else
+        m_scene->breakSelectedWiring();
+}
+
+void CLayoutGraphicsView::onTopologyButtonClicked(int pattern)
+{
+    m_scene->topologyWiring(uint(pattern));
+}
+
+void CLayoutGraphicsView::onNotifyAppendCabinet(const TypeInfo &type, int port, const QSize &size)
+{
+    m_toolBar->chooseMode(Bar::Arrow);
+    m_scene->beginAppend(type, port, size);
+    setFocus();
+}
+
+void CLayoutGraphicsView::openAppendMenu(const QPoint &globalPos)
+{
+    if (!m_commands)
+        return;
+    const QPointer<QMenu> menu = new QMenu(this);
+    m_commands->fillAppendMenu(*menu, this);
+    if (!menu->isEmpty())
+        menu->exec(globalPos);
+    delete menu;
+}
+
+void CLayoutGraphicsView::choosePort(int port)
+{
+    Q_EMIT notifyCurrentPortChosen(port);
+    const QList<int> selected = m_scene->selection().ports();
+    if (!selected.isEmpty() && selected != QList<int>{port})
+        m_scene->clearSelection(); // or what is selected would not be what commands act on
+}
+
+void CLayoutGraphicsView::onPortClicked(int port, bool selected)
+{
+    m_scene->selectPort(port, selected);
+}
+
+void CLayoutGraphicsView::onNotifySelectedCabinetRankChanged(int columns)
+{
+    m_scene->selectionShape().arrange(columns);
+}
+
+void CLayoutGraphicsView::onNotifySelectedCabinetPositionChanged(const QPoint &corner)
+{
+    m_scene->selectionShape().moveTo(corner);
+}
+
+void CLayoutGraphicsView::onNotifySelectedCabinetSizeChanged(const QSize &size)
+{
+    m_scene->selectionShape().resizeTo(size);
+}
+
+void CLayoutGraphicsView::onNotifySelectedChanged(const QList<int> &ports, bool canGroup, bool canBreakGroup)
+{
+    m_toolBar->tool(Bar::Group)->setEnabled(canGroup);
+    m_toolBar->tool(Bar::Ungroup)->setEnabled(canBreakGroup);
+    m_ports->showSelection(ports);
+    aerialView().scheduleRefresh();
+    Q_EMIT notifySelectedPort(ports);
+    onNotifySelectedItemGeometryChanged();
+}
+
+void CLayoutGraphicsView::onNotifySelectedItemGeometryChanged()
+{
+    static const QMetaMethod signal =
+        QMetaMethod::fromSignal(&CLayoutGraphicsView::notifySelectedCabinetGeometryChanged);
+    if (isSignalConnected(signal)) // the extent costs a walk over the selection
+        Q_EMIT notifySelectedCabinetGeometryChanged(m_scene->selection().extent());
+}
+
+void CLayoutGraphicsView::onNotifySceneChanged()
+{
+    aerialView().scheduleRefresh();
+}
+
+void CLayoutGraphicsView::cancelCalibrate()
+{
+    m_scene->clearHighlights();
+    m_toolBar->tool(Bar::Calibrate)->setChecked(false);
+}
+
+/// Shows on the wall what is highlighted on the canvas; what the processor refuses is taken back.
+void CLayoutGraphicsView::highlight()
+{
+    const CabinetHighlight kind =
+        m_toolBar->isFrameless() ? CabinetHighlight::LedIndicator : CabinetHighlight::FlashingBox;
+    const QList<Cabinet> cabinets = m_scene->highlightedCabinets();
+    if (m_commands &&
+        !m_commands->highlight(cabinets, cabinets.isEmpty() ? CabinetHighlight::Off : kind, this) &&
+        !cabinets.isEmpty())
+        m_scene->clearHighlights();
+}
+
+void CLayoutGraphicsView::clearSelected()
+{
+    m_scene->clearSelection();
+}
+
+QList<CLayoutGraphicsView::Cabinet> CLayoutGraphicsView::cabinetsOf(int port) const
+{
+    QList<Cabinet> cabinets;
+    if (const CGraphicsPortItem *item = m_scene->portItem(port)) {
+        for (const CGraphicsCabinetItem *cabinet : item->cabinets(nullptr))
+            cabinets << cabinet->cabinet();
+    }
+    return cabinets;
+}
+
+void CLayoutGraphicsView::showCabinetInfo(int port)
+{
+    if (m_commands)
+        m_commands->showInformation(cabinetsOf(port), this);
+}
+
+void CLayoutGraphicsView::saveCabinetPara(int port)
+{
+    if (m_commands)
+        m_commands->saveParameters(cabinetsOf(port), this);
+}
+
+void CLayoutGraphicsView::ShowEleCurrentAdjustDialog()
+{
+    if (m_commands)
+        m_commands->adjustCurrentGain(this);
+}
+
+void CLayoutGraphicsView::markupCustomCabinet(bool markup)
+{
+    if (m_commands)
+        m_commands->markCustomCabinets(markup);
+}
+
+void CLayoutGraphicsView::onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processorInfo)
+{
+    if (processorInfo.uuid != m_processor)
+        m_scene->leaveOperation(); // what is under way belongs to the processor that was in view
+}
+
+void CLayoutGraphicsView::onScaleChanged()
+{
+    aerialView().update();
+}
+
+void CLayoutGraphicsView::onScorllBarRangeChanged()
+{
+    aerialView().update();
+}
+
+void CLayoutGraphicsView::onNotifyCanUndoChanged(bool canUndo)
+{
+    m_toolBar->tool(Bar::Undo)->setEnabled(canUndo);
+}
+
+void CLayoutGraphicsView::onNotifyCanRedoChanged(bool canRedo)
+{
+    m_toolBar->tool(Bar::Redo)->setEnabled(canRedo);
+}
+
+bool CLayoutGraphicsView::viewportEvent(QEvent *event)
+{
+    if (event->type() == QEvent::WindowDeactivate)
+        m_scene->cancelGesture(); // its release may go to another window
+    return CGraphicsView::viewportEvent(event);
+}
+
+void CLayoutGraphicsView::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape) {
+        m_scene->leaveOperation();
+        return;
+    }
+    if (isBlocked()) {
+        CGraphicsView::keyPressEvent(event);
+        return;
+    }
+    const QKeySequence pressed(event->key() | int(event->modifiers() & ~Qt::KeypadModifier));
+    const auto key = std::find_if(canvasKeys().begin(), canvasKeys().end(),
+                                  [&pressed](const SCanvasKey &k) { return k.key == pressed; });
+    if (key != canvasKeys().end())
+        (m_scene->*key->command)();
+    else if (event->matches(QKeySequence::Undo))
+        m_scene->undo(this);
+    else if (event->matches(QKeySequence::Redo) || pressed == QKeySequence(Qt::CTRL | Qt::Key_Y))
+        m_scene->redo(this);
+    else if (event->matches(QKeySequence::Paste))
+        m_scene->pasteItems({}, this);
+    else if (pressed == QKeySequence(Qt::CTRL | Qt::Key_T))
+        openAppendMenu(QCursor::pos());
+    else
+        CGraphicsView::keyPressEvent(event);
+}

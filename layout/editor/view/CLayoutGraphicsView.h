@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/LayoutData.h"
+#include "layout/data/records/ProcessorTree.h"
+#include "layout/data/records/SSettings.h"
+#include "layout/editor/view/CEditHistories.h"
+#include "platform/widgets/CGraphicsView.h"
+
+class CCabinetGraphicsScene;
+class CEditorToolBar;
+class CPortStrip;
+class IEditorCommands;
+class IPortStates;
+
+/// Shows the cabinet scene, which it owns, and carries the tools by which it is edited. GUI thread.
+class CLayoutGraphicsView final : public CGraphicsView
+{
+    Q_OBJECT
+
+public:
+    using Cabinet = CabinetLayout::CabinetPort::Cabinet;
+    using TypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
+
+    /// @p ports must outlive the view.
+    explicit CLayoutGraphicsView(const IPortStates &ports, QWidget *parent = nullptr);
+    ~CLayoutGraphicsView() override;
+
+    CCabinetGraphicsScene &cabinetScene() { return *m_scene; }
+    CEditorToolBar &toolBar() { return *m_toolBar; }
+
+    /// What tools and menus offer beyond edits; null: nothing. Stays owned by the caller.
+    void setCommands(IEditorCommands *commands);
+    /// Shows @p layout, the layout of @p processor: fitted when another processor was shown before, with the
+    /// history that it had if it has not been changed elsewhere since; else as it was, and as a change that
+    /// can be undone.
+    void showLayout(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout);
+    /// Shows nothing.
+    void clearLayout();
+    /// Lets the user look only.
+    void setEditingBlocked(bool blocked);
+
+Q_SIGNALS:
+    /// The ports that hold the selection.
+    void notifySelectedPort(const QList<int> &ports);
+    void notifySelectedCabinetInfos(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets);
+    /// The extent of the selection, canvas pixels; empty without one.
+    void notifySelectedCabinetGeometryChanged(const QRect &extent);
+    /// The user wants @p port to be the one that commands act on.
+    void notifyCurrentPortChosen(int port);
+    /// The user wants @p port locked, or unlocked.
+    void notifyLockPort(int port, bool locked);
+    /// The user wants @p backup to become the redundancy of @p primary.
+    void notifySetPortRedundancy(int primary, int backup);
+    /// Steps are recorded on another stack from now on.
+    void notifyUndoStackChanged(QUndoStack *stack);
+
+public Q_SLOTS:
+    void onTopologyButtonClicked(int pattern);
+    /// The next press in the scene places cabinets of the type in @p port, of @p size.
+    void onNotifyAppendCabinet(const SSettings::TypeLibrary::STreeNode::RcvTypeInfo &type, int port,
+                               const QSize &size);
+    /// Selects what @p port holds, or with @p selected off no longer.
+    void onPortClicked(int port, bool selected);
+    /// Arranges the selection in so many columns; the rows follow.
+    void onNotifySelectedCabinetRankChanged(int columns);
+    void onNotifySelectedCabinetPositionChanged(const QPoint &corner);
+    void onNotifySelectedCabinetSizeChanged(const QSize &size);
+    void onNotifySelectedChanged(const QList<int> &ports, bool canGroup, bool canBreakGroup);
+    void onNotifySceneChanged();
+    /// Ends the highlight of cabinets, and the mode that makes it.
+    void cancelCalibrate();
+    void clearSelected();
+    void showCabinetInfo(int port);
+    void ShowEleCurrentAdjustDialog();
+    void markupCustomCabinet(bool markup);
+    void saveCabinetPara(int port);
+    /// The processor in view is another one, or has another state.
+    void onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processorInfo);
+    /// A redundancy processor follows its primary and can be looked at only.
+    void onCurrentProcessorBackupChanged(bool isBackup);
+    void onToolButtonClicked(int id);
+    void onToolButtonToggled(int id, bool checked);
+    void onScaleChanged();
+    void onScorllBarRangeChanged();
+    void onNotifyCanUndoChanged(bool canUndo);
+    void onNotifyCanRedoChanged(bool canRedo);
+    void onNotifySelectedItemGeometryChanged();
+
+protected:
+    bool viewportEvent(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void buildUi();
+    void connectTools();
+    void connectScene();
+    bool isBlocked() const { return m_blocked || m_backup; }
+    void applyModes();
+    void choosePort(int port);
+    void clearTopology();
+    void openAppendMenu(const QPoint &globalPos);
+    void highlight();
+    QList<Cabinet> cabinetsOf(int port) const;
+
+    CCabinetGraphicsScene *m_scene;
+    CEditHistories m_histories;
+    CEditorToolBar *m_toolBar;
+    CPortStrip *m_ports;
+    IEditorCommands *m_commands = nullptr;
+    QUuid m_processor;
+    bool m_blocked = false; // by the controller
+    bool m_backup = false;  // the processor in view follows another one
+};

@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/view/CPortStrip.h"
+
+#include "layout/data/IPortStates.h"
+#include "layout/geometry/CSnakeOrder.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QMenu>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace {
+
+QIcon portIcon(const char *name)
+{
+    const QString base = QStringLiteral(":/Image/Layout/PortList/") + QLatin1String(name);
+    QIcon icon(base + QStringLiteral("_normal.svg"));
+    icon.addFile(base + QStringLiteral("_disabled.svg"), {}, QIcon::Disabled);
+    return icon;
+}
+
+} // namespace
+
+CPortStrip::CPortStrip(QToolBar &bar, const IPortStates &states)
+    : QObject(&bar)
+    , m_bar(bar)
+    , m_states(states)
+{
+    m_bar.addSeparator();
+    addPorts();
+    addPatterns();
+    addPortMenu();
+    setPorts({}, -1);
+}
+
+QToolButton *CPortStrip::addButton(const QIcon &icon, const QString &toolTip)
+{
+    QAction *action = m_bar.addAction(icon, toolTip);
+    auto *button = qobject_cast<QToolButton *>(m_bar.widgetForAction(action));
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setAccessibleName(toolTip);
+    return button;
+}
+
+void CPortStrip::addPorts()
+{
+    m_ports = new QComboBox;
+    m_ports->setToolTip(tr("Output port that append and paste act on"));
+    m_ports->setAccessibleName(tr("Output port"));
+    m_ports->setFocusPolicy(Qt::TabFocus);
+    m_ports->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    m_bar.addWidget(m_ports);
+    connect(m_ports, QOverload<int>::of(&QComboBox::activated), this, [this] { Q_EMIT portChosen(port()); });
+    m_append = addButton(portIcon("append"), tr("Append(Ctrl+T)"));
+    connect(m_append, &QToolButton::clicked, this,
+            [this] { Q_EMIT appendClicked(m_append->mapToGlobal(m_append->rect().bottomLeft())); });
+}
+
+void CPortStrip::addPatterns()
+{
+    auto *menu = new QMenu(&m_bar);
+    for (int i = 0; i < CSnakeOrder::PatternCount; ++i) {
+        const CSnakeOrder::SPattern &pattern = CSnakeOrder::patterns().at(i);
+        const QString icon = QStringLiteral(":/Image/Layout/SidePanel/Topology/%1.svg");
+        QAction *action = menu->addAction(QIcon(icon.arg(QLatin1String(pattern.iconName))), tr(pattern.name));
+        connect(action, &QAction::triggered, this, [this, i] { Q_EMIT patternClicked(i); });
+    }
+    m_patterns = addButton(menu->actions().first()->icon(), tr("Topology"));
+    m_patterns->setMenu(menu);
+    m_patterns->setPopupMode(QToolButton::InstantPopup);
+}
+
+void CPortStrip::addPortMenu()
+{
+    m_portMenu = new QMenu(&m_bar);
+    m_portButton = addButton(portIcon("lock"), tr("Lock and redundancy of the output port"));
+    m_portButton->setMenu(m_portMenu);
+    m_portButton->setPopupMode(QToolButton::InstantPopup);
+    connect(m_portMenu, &QMenu::aboutToShow, this, &CPortStrip::fillPortMenu);
+}
+
+void CPortStrip::fillPortMenu()
+{
+    m_portMenu->clear();
+    const int chosen = port();
+    QAction *lock = m_portMenu->addAction(tr("Lock current output port"));
+    lock->setCheckable(true);
+    lock->setChecked(m_states.isPortLocked(chosen));
+    connect(lock, &QAction::toggled, this,
+            [this, chosen](bool locked) { Q_EMIT lockToggled(chosen, locked); });
+    QMenu *redundancy = m_portMenu->addMenu(tr("Set as redundancy for"));
+    for (int i = 0; i < m_ports->count(); ++i) {
+        const int primary = m_ports->itemData(i).toInt();
+        if (primary == chosen || m_states.portRedundancy(primary) == CabinetLayout::CabinetPort::Redundant)
+            continue;
+        QAction *action = redundancy->addAction(m_ports->itemText(i));
+        connect(action, &QAction::triggered, this,
+                [this, primary, chosen] { Q_EMIT redundancyChosen(primary, chosen); });
+    }
+    redundancy->setEnabled(!redundancy->isEmpty());
+    m_portMenu->addSeparator();
+    connect(m_portMenu->addAction(tr("Current gain parameter settings...")), &QAction::triggered, this,
+            &CPortStrip::currentGainClicked);
+}
+
+int CPortStrip::port() const
+{
+    return m_ports->currentIndex() < 0 ? -1 : m_ports->currentData().toInt();
+}
+
+void CPortStrip::setPorts(const QList<int> &ports, int current)
+{
+    m_ports->clear();
+    for (const int port : ports)
+        m_ports->addItem(tr("Port %1").arg(port + 1), port);
+    m_ports->setCurrentIndex(ports.indexOf(current));
+    showSelection({});
+}
+
+void CPortStrip::showSelection(const QList<int> &ports)
+{
+    if (ports.size() == 1)
+        m_ports->setCurrentIndex(m_ports->findData(ports.first()));
+    m_patterns->setEnabled(!ports.isEmpty());
+    m_append->setEnabled(port() >= 0);
+    m_portButton->setEnabled(port() >= 0);
+}

@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/geometry/CAppendPlan.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+
+namespace {
+
+/// The place of the cell that holds @p cursor, counted from the first one; negative: before it.
+int cellIndex(int nearEdge, int size, int cursor)
+{
+    const int offset = cursor - nearEdge;
+    return offset >= 0 ? offset / size : -1 - (-1 - offset) / size;
+}
+
+/// The shift, of at most @p reach, that brings an edge of [low, high] to one of @p edges; 0 without one.
+int shiftToEdge(int low, int high, const QVector<int> &edges, int reach)
+{
+    int best = reach + 1;
+    for (const int edge : edges) {
+        for (const int shift : {edge - low, edge - high}) {
+            if (std::abs(shift) < std::abs(best))
+                best = shift;
+        }
+    }
+    return std::abs(best) <= reach ? best : 0;
+}
+
+} // namespace
+
+QVector<QRect> CAppendPlan::cells(const QRect &first, const QPoint &cursor, int limit)
+{
+    const int across = cellIndex(first.left(), first.width(), cursor.x());
+    const int down = cellIndex(first.top(), first.height(), cursor.y());
+    const int columns = std::max(std::min(std::abs(across) + 1, limit), 1);
+    const int rows = std::max(std::min(std::abs(down) + 1, limit / columns), 1);
+    const QPoint step(across < 0 ? -first.width() : first.width(),
+                      down < 0 ? -first.height() : first.height());
+    QVector<QRect> cells;
+    cells.reserve(columns * rows);
+    for (int row = 0; row < rows; ++row) {
+        for (int column = 0; column < columns; ++column)
+            cells << first.translated(column * step.x(), row * step.y());
+    }
+    return cells;
+}
+
+int CAppendPlan::pattern(EDirection direction, bool reverse)
+{
+    static constexpr std::array<int, 4> plain = {1, 6, 0, 5};
+    static constexpr std::array<int, 4> reversed = {2, 7, 3, 4};
+    return (reverse ? reversed : plain).at(direction);
+}
+
+int CAppendPlan::patternAfter(const QRect &tail, const QVector<QRect> &cells)
+{
+    QRect block;
+    for (const QRect &cell : cells)
+        block |= cell;
+    if (tail.isEmpty()) {
+        const bool toLeft = cells.first().left() > block.left();
+        const bool upward = cells.first().top() > block.top();
+        if (block.width() == cells.first().width())
+            return pattern(upward ? Upward : Downward, true);
+        return pattern(toLeft ? Leftward : Rightward, upward);
+    }
+    const QPoint away = block.center() - tail.center();
+    if (std::abs(away.x()) >= std::abs(away.y()))
+        return pattern(away.x() < 0 ? Leftward : Rightward, away.y() < 0);
+    return pattern(away.y() < 0 ? Upward : Downward, away.x() > 0);
+}
+
+QRect CAppendPlan::snapped(const QRect &rect, const QVector<QRect> &neighbours, int reach)
+{
+    QVector<int> across;
+    QVector<int> down;
+    for (const QRect &neighbour : neighbours) {
+        across << neighbour.left() << neighbour.left() + neighbour.width();
+        down << neighbour.top() << neighbour.top() + neighbour.height();
+    }
+    return rect.translated(shiftToEdge(rect.left(), rect.left() + rect.width(), across, reach),
+                           shiftToEdge(rect.top(), rect.top() + rect.height(), down, reach));
+}

@@ -1,0 +1,273 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/CCabinetGraphicsScene.h"
+#include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/view/CEditorToolBar.h"
+#include "layout/resources/LayoutResources.h"
+#include "tests/editor/CMouseTester.h"
+#include "tests/editor/CSceneVerifier.h"
+#include "tests/harness/CMessageBoxAnswerer.h"
+#include "tests/harness/CTestBase.h"
+
+#include <QClipboard>
+#include <QMimeData>
+#include <QSignalSpy>
+
+namespace {
+
+using Port = CabinetLayout::CabinetPort;
+
+/// Port 0 nested groups, 1 partly wired, 2 empty, 3 with @p full cabinets.
+struct SCopyWorld
+{
+    explicit SCopyWorld(int full = 0)
+        : data(SmallWorlds::data({SmallWorlds::nestedPort(0), SmallWorlds::partlyWiredPort(1),
+                                  SmallWorlds::port(2, {}),
+                                  SmallWorlds::port(3, {SmallWorlds::loose(3, full)})}))
+    {
+        scene.setLayoutData(SmallWorlds::node(data), data);
+    }
+
+    Port port(int index) const
+    {
+        CabinetLayout layout;
+        scene.getLayoutData(layout, data.processor);
+        return *layout.port(index);
+    }
+    void copyPort(int index)
+    {
+        scene.clearSelection();
+        scene.selectPort(index, true);
+        scene.copySelected();
+    }
+    void pasteInto(int index, const QPointF &place)
+    {
+        states.current = index;
+        scene.pasteItems(place, nullptr);
+    }
+
+    CFixedPortStates states;
+    LayoutData data;
+    CCabinetGraphicsScene scene{states};
+};
+
+QVector<QPair<QRect, int>> placesAndRanks(const Port &port, const QPoint &shift = {})
+{
+    QVector<QPair<QRect, int>> all;
+    for (const Port::Cabinet &cabinet : port.getAllCabinets())
+        all << qMakePair(cabinet.rect.translated(shift), cabinet.rank);
+    return all;
+}
+
+int depthOf(const QVector<Port::CabinetGroup> &groups)
+{
+    int depth = 0;
+    for (const Port::CabinetGroup &group : groups)
+        depth = std::max(depth, (group.isLoose() ? 0 : 1) + depthOf(group.groups));
+    return depth;
+}
+
+} // namespace
+
+class CClipboardTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { initLayoutResources(); }
+
+    void keepsOffsetsGroupsAndWiring_data()
+    {
+        QTest::addColumn<int>("source");
+        QTest::newRow("nested groups") << 0;
+        QTest::newRow("partly wired") << 1;
+    }
+    void keepsOffsetsGroupsAndWiring()
+    {
+        QFETCH(int, source);
+        SCopyWorld world;
+        const Port copied = world.port(source);
+        world.copyPort(source);
+        const CabinetLayout before = world.data.layout;
+        QSignalSpy selections(&world.scene, &CCabinetGraphicsScene::notifySelectedChanged);
+        QSignalSpy changes(&world.scene, &CCabinetGraphicsScene::notifySceneChanged);
+        world.pasteInto(2, QPointF(700, 900));
+        QCOMPARE(selections.count(), 1);
+        QCOMPARE(changes.count(), 1);
+
+        const Port pasted = world.port(2);
+        const QPoint corner = CabinetLayout{QUuid(), {copied}}.boundingRect().topLeft();
+        QCOMPARE(placesAndRanks(pasted), placesAndRanks(copied, QPoint(700, 900) - corner));
+        QCOMPARE(depthOf(pasted.groups), depthOf(copied.groups));
+        QSet<QUuid> identities;
+        for (const Port::Cabinet &cabinet : copied.getAllCabinets() + pasted.getAllCabinets())
+            identities.insert(cabinet.uuid);
+        QCOMPARE(identities.size(), 2 * copied.cabinetCount());
+        const auto tops = world.scene.portItem(2)->topItems();
+        QCOMPARE(world.scene.selection().items(), QSet<CGraphicsItemBase *>(tops.begin(), tops.end()));
+        QCOMPARE(CSceneVerifier::faultIn(world.scene), QString());
+
+        QCOMPARE(world.scene.undoStack()->undoText(), QStringLiteral("Paste"));
+        QCOMPARE(world.scene.undoStack()->count(), 1);
+        world.scene.undo(nullptr);
+        QCOMPARE(world.port(2), *before.port(2));
+        world.scene.redo(nullptr);
+        QCOMPARE(world.port(2), pasted);
+        QCOMPARE(CSceneVerifier::faultIn(world.scene), QString());
+    }
+
+    void continuesTheChainOfThePort()
+    {
+        SCopyWorld world;
+        world.copyPort(1);
+        world.pasteInto(1, QPointF(2000, 2000));
+        QVector<int> ranks;
+        for (const CGraphicsCabinetItem *cabinet : world.scene.portItem(1)->chain().order())
+            ranks << int(world.scene.portItem(1)->cabinets(nullptr).indexOf(
+                const_cast<CGraphicsCabinetItem *>(cabinet)));
+        QCOMPARE(ranks, (QVector<int>{5, 3, 0, 11, 9, 6}));
+    }
+
+    void survivesAnotherProcessor()
+    {
+        SCopyWorld world;
+        world.copyPort(0);
+        const LayoutData other = SmallWorlds::data({SmallWorlds::port(0, {})});
+        world.scene.setLayoutData(SmallWorlds::node(other), other);
+        world.pasteInto(0, QPointF(10, 10));
+        QCOMPARE(world.scene.portItem(0)->cabinets(nullptr).size(), 4);
+    }
+
+    void countsBeforeItPastes()
+    {
+        SCopyWorld world(1000);
+        const auto copyFirst = [&world](int count) {
+            world.scene.clearSelection();
+            for (int i = 0; i < count; ++i)
+                world.scene.portItem(3)->topItems().at(i)->setSelected(true);
+            world.scene.copySelected();
+        };
+        copyFirst(25);
+        const QSet<CGraphicsItemBase *> selected = world.scene.selection().items();
+        {
+            CMessageBoxAnswerer user({QStringLiteral("OK")});
+            world.pasteInto(3, QPointF(10, 10));
+            QCOMPARE(user.texts(), QStringList{QStringLiteral(
+                                       "The number of receivers in a single output port can not be over 1024.")});
+            QCOMPARE(user.boxes().first().title, QStringLiteral("Orvo"));
+        }
+        QCOMPARE(world.scene.portItem(3)->cabinets(nullptr).size(), 1000);
+        QCOMPARE(world.scene.selection().items(), selected);
+        QCOMPARE(world.scene.undoStack()->count(), 0);
+        copyFirst(24);
+        world.pasteInto(3, QPointF(10, 10));
+        QCOMPARE(world.scene.portItem(3)->cabinets(nullptr).size(), 1024);
+    }
+
+    void locksAndMissingPortsRefuseSilently()
+    {
+        SCopyWorld world;
+        world.copyPort(1);
+        world.pasteInto(-1, QPointF(10, 10));
+        world.states.locked[2] = true;
+        world.pasteInto(2, QPointF(10, 10));
+        world.states.locked[1] = true;
+        const PasteCache before = world.scene.pasteCache();
+        world.scene.cutSelected();
+        QCOMPARE(world.scene.pasteCache(), before);
+        QCOMPARE(world.scene.undoStack()->count(), 0);
+        world.states.locked[1] = false;
+        world.scene.cutSelected();
+        QVERIFY(world.scene.portItem(1)->cabinets(nullptr).isEmpty());
+        QCOMPARE(world.scene.pasteCache(), before);
+        world.scene.undo(nullptr);
+        QCOMPARE(world.port(1), *world.data.layout.port(1));
+    }
+
+    void otherProgramsGetPictureAndTable()
+    {
+        SCopyWorld world;
+        world.copyPort(1);
+        const QMimeData *copied = QApplication::clipboard()->mimeData();
+        const QStringList lines = copied->text().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        QCOMPARE(lines.size(), 7);
+        QCOMPARE(lines.at(1), QStringLiteral("2\t3\t0\t4096\t128\t128"));
+        QVERIFY(copied->hasImage());
+        const QImage picture = qvariant_cast<QImage>(copied->imageData());
+        QCOMPARE(picture.size(), QSize(6 * 128, 128));
+        QCOMPARE(picture.pixelColor(200, 100), QColor(Qt::darkCyan)); // the second cabinet is not wired
+    }
+
+    void appendsUnderTheCursor()
+    {
+        CMouseTester mouse;
+        mouse.showAtActualSize();
+        CScenePlacing::TypeInfo type;
+        type.key = SMD5::ofContent("type");
+        type.width = 64;
+        type.height = 32;
+        type.receivers = {QRect(0, 0, 32, 32), QRect(32, 0, 32, 32)};
+        mouse.view().onNotifyAppendCabinet(type, 2, QSize(64, 32));
+        QVERIFY(mouse.scene().isAppending());
+        QCOMPARE(mouse.scene().property("pendingAppendCabinetSize").toSize(), QSize(64, 32));
+        mouse.hover({700, 300});
+        mouse.drag({332, 316}, {64, 32}); // two columns, two rows
+        QVERIFY(!mouse.scene().isAppending());
+        const auto cabinets = mouse.scene().selection().cabinets();
+        QVector<QRect> places;
+        for (const CGraphicsCabinetItem *cabinet : mouse.scene().portItem(2)->chain().order()) {
+            QCOMPARE(cabinet->cabinet().type, type.key);
+            QCOMPARE(cabinet->cabinet().rects, type.receivers);
+            places << cabinet->cabinet().rect;
+        }
+        QCOMPARE(places, (QVector<QRect>{QRect(300, 300, 64, 32), QRect(364, 300, 64, 32),
+                                         QRect(364, 332, 64, 32), QRect(300, 332, 64, 32)}));
+        QCOMPARE(cabinets.size(), 4);
+        QCOMPARE(mouse.stack().undoText(), QStringLiteral("Append"));
+        mouse.scene().undo(nullptr);
+        QCOMPARE(mouse.layout(), mouse.original());
+    }
+
+    void anAppendCanBeLeft_data()
+    {
+        QTest::addColumn<int>("way");
+        QTest::newRow("Escape") << 0;
+        QTest::newRow("right button") << 1;
+        QTest::newRow("another tool") << 2;
+        QTest::newRow("locked meanwhile") << 3;
+        QTest::newRow("another processor") << 4;
+    }
+    void anAppendCanBeLeft()
+    {
+        QFETCH(int, way);
+        CMouseTester mouse;
+        mouse.showAtActualSize();
+        mouse.view().onNotifyAppendCabinet({}, 2, QSize(64, 64));
+        const LayoutData other = SmallWorlds::data({SmallWorlds::port(0, {})});
+        switch (way) {
+        case 0:
+            QTest::keyClick(&mouse.view(), Qt::Key_Escape);
+            break;
+        case 1:
+            mouse.pressRight({300, 300});
+            break;
+        case 2:
+            mouse.view().toolBar().chooseMode(CEditorToolBar::Pen);
+            break;
+        case 3:
+            mouse.states().locked[2] = true;
+            mouse.click({300, 300});
+            break;
+        default:
+            mouse.view().showLayout(SmallWorlds::node(other), other);
+        }
+        QVERIFY(!mouse.scene().isAppending());
+        QCOMPARE(mouse.stack().count(), 0);
+        if (way < 4)
+            QCOMPARE(mouse.layout(), mouse.original());
+    }
+};
+
+ORVO_TEST_MAIN(QApplication, CClipboardTest)
+#include "tst_clipboard.moc"

@@ -1,0 +1,278 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/view/CEditorToolBar.h"
+#include "layout/resources/LayoutResources.h"
+#include "platform/widgets/view/CAerialView.h"
+#include "tests/editor/CMouseTester.h"
+#include "tests/editor/CNotedCommands.h"
+#include "tests/harness/CMessageBoxAnswerer.h"
+#include "tests/harness/CTestBase.h"
+
+#include <QMenu>
+#include <QSignalSpy>
+#include <QToolButton>
+
+namespace {
+
+using Bar = CEditorToolBar;
+using Modes = QVector<int>;
+
+} // namespace
+
+class CEditorToolsTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { initLayoutResources(); }
+    void init()
+    {
+        m_mouse = std::make_unique<CMouseTester>();
+        m_mouse->view().setCommands(&m_commands);
+        m_mouse->showAtActualSize();
+    }
+    void cleanup()
+    {
+        m_mouse.reset();
+        m_commands = CNotedCommands();
+    }
+
+    void toolsStandInTheirOrder()
+    {
+        const QStringList tips = {QStringLiteral("Undo(Ctrl+Z)"),
+                                  QStringLiteral("Redo(Ctrl+Y)"),
+                                  QStringLiteral("Arrow"),
+                                  QStringLiteral("Hand"),
+                                  QStringLiteral("Type library"),
+                                  QStringLiteral("Clear topology"),
+                                  QStringLiteral("Pen tool(Custom topology)"),
+                                  QStringLiteral("Reverse signal in an out for multi-receivers cabinet"),
+                                  QStringLiteral("Group(Ctrl+G)"),
+                                  QStringLiteral("Ungroup(Ctrl+Shift+G)"),
+                                  QStringLiteral("Highlight cabinet with flashing box"),
+                                  QStringLiteral("Print(Ctrl+P)\nAvailable in a later version"),
+                                  QStringLiteral("Navigator")};
+        const QSet<int> checkable = {2, 3, 6, 7, 10, 12};
+        for (int id = 0; id < tips.size(); ++id) {
+            const QToolButton *button = bar().button(Bar::ETool(id));
+            QCOMPARE(button->toolTip(), tips.at(id));
+            QCOMPARE(button->property("action").toInt(), id);
+            QCOMPARE(button->isCheckable(), checkable.contains(id));
+            QVERIFY(!button->icon().isNull());
+        }
+        QCOMPARE(bar().button(Bar::Navigator)->objectName(), QStringLiteral("AeriaToolButton"));
+    }
+
+    void modesSetTheSceneAndTheCursor_data()
+    {
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<Modes>("flags");
+        QTest::addColumn<bool>("interactive");
+        QTest::newRow("hand") << int(Bar::Hand) << Modes{} << false;
+        QTest::newRow("pen") << int(Bar::Pen) << Modes{IEditorScene::ManualWiring} << true;
+        QTest::newRow("exchange") << int(Bar::HeadToTailExchange) << Modes{IEditorScene::HeadToTailExchange}
+                                  << true;
+        QTest::newRow("highlight") << int(Bar::Calibrate) << Modes{IEditorScene::Highlighting} << true;
+    }
+    void modesSetTheSceneAndTheCursor()
+    {
+        QFETCH(int, mode);
+        QFETCH(Modes, flags);
+        const auto flagsOf = [this] {
+            Modes set;
+            for (const auto flag : {IEditorScene::ManualWiring, IEditorScene::HeadToTailExchange,
+                                    IEditorScene::DirectExchange, IEditorScene::Highlighting}) {
+                if (m_mouse->scene().isToolModeSet(flag))
+                    set << flag;
+            }
+            return set;
+        };
+        QToolButton *button = bar().button(Bar::ETool(mode));
+        button->click();
+        QCOMPARE(flagsOf(), flags);
+        QTEST(m_mouse->view().isInteractive(), "interactive");
+        QVERIFY(!bar().tool(Bar::Arrow)->isChecked());
+        button->click(); // the arrow comes back when the tool is put down
+        QVERIFY(bar().tool(Bar::Arrow)->isChecked());
+        QCOMPARE(flagsOf(), Modes{});
+        QCOMPARE(m_mouse->view().viewport()->cursor().shape(), Qt::ArrowCursor);
+        button->click();
+        QTest::keyClick(&m_mouse->view(), Qt::Key_Escape);
+        QVERIFY(bar().tool(Bar::Arrow)->isChecked());
+        QVERIFY(m_mouse->view().isInteractive());
+        m_mouse->view().setEditingBlocked(true);
+        QVERIFY(!m_mouse->view().isInteractive());
+    }
+
+    void plainButtonsAct()
+    {
+        bar().button(Bar::TypeLibrary)->click();
+        QCOMPARE(m_commands.calls, QStringList{QStringLiteral("library")});
+        QVERIFY(!bar().button(Bar::Undo)->isEnabled() && !bar().button(Bar::Group)->isEnabled());
+        m_mouse->scene().selectPort(0, true);
+        bar().button(Bar::Group)->click();
+        QCOMPARE(m_mouse->scene().selection().groups().size(), 1);
+        bar().button(Bar::Ungroup)->click();
+        bar().button(Bar::Undo)->click();
+        bar().button(Bar::Undo)->click();
+        QCOMPARE(m_mouse->layout(), m_mouse->original());
+        bar().button(Bar::Redo)->click();
+        QVERIFY(m_mouse->layout() != m_mouse->original());
+    }
+
+    void clearTopologyAsksForAPortOnly()
+    {
+        m_mouse->scene().selectPort(3, true);
+        bar().button(Bar::ClearTopology)->click();
+        QVERIFY(m_mouse->scene().portItem(3)->chain().order().isEmpty());
+        m_mouse->scene().undo(nullptr);
+        m_mouse->scene().clearSelection();
+        bar().button(Bar::ClearTopology)->click(); // no port is current
+        m_mouse->states().current = 3;
+        CMessageBoxAnswerer user({QStringLiteral("No"), QStringLiteral("Yes")});
+        bar().button(Bar::ClearTopology)->click();
+        QCOMPARE(m_mouse->scene().portItem(3)->chain().order().size(), 2);
+        bar().button(Bar::ClearTopology)->click();
+        QVERIFY(m_mouse->scene().portItem(3)->chain().order().isEmpty());
+        QCOMPARE(user.boxes().size(), 2);
+        QCOMPARE(user.boxes().first().defaultButton, QStringLiteral("Yes"));
+    }
+
+    void highlightsWhatIsClicked()
+    {
+        bar().button(Bar::Calibrate)->click();
+        m_mouse->click({450, 60});
+        QCOMPARE(m_commands.highlighted, CabinetHighlight::FlashingBox);
+        QCOMPARE(m_commands.cabinets.size(), 1);
+        m_mouse->click({650, 60}, Qt::ControlModifier);
+        QCOMPARE(m_commands.cabinets.size(), 2);
+        QVERIFY(m_mouse->cabinet(3, 0).isHighlighted());
+        QVERIFY(m_mouse->scene().selection().isEmpty());
+        bar().findChild<QAction *>(QStringLiteral("CalibrateFrameless"))->trigger();
+        QCOMPARE(m_commands.highlighted, CabinetHighlight::LedIndicator);
+        QCOMPARE(bar().button(Bar::Calibrate)->toolTip(),
+                 QStringLiteral("Highlight cabinet with LED indicator"));
+        m_mouse->click({450, 60});
+        m_mouse->click({450, 60}); // once more: off
+        QCOMPARE(m_commands.highlighted, CabinetHighlight::Off);
+        m_mouse->click({450, 60});
+        bar().button(Bar::Calibrate)->click();
+        QCOMPARE(m_commands.highlighted, CabinetHighlight::Off);
+        QVERIFY(!m_mouse->cabinet(3, 0).isHighlighted());
+        m_commands.highlights = false;
+        bar().button(Bar::Calibrate)->click();
+        m_mouse->click({450, 60}); // the processor refuses
+        QVERIFY(!m_mouse->cabinet(3, 0).isHighlighted());
+        QCOMPARE(m_mouse->stack().count(), 0);
+    }
+
+    void highlightsGoWithTheirCabinets()
+    {
+        bar().button(Bar::Calibrate)->click();
+        m_mouse->click({450, 60});
+        bar().chooseMode(Bar::Arrow);
+        bar().chooseMode(Bar::Calibrate);
+        m_mouse->click({450, 60});
+        m_mouse->cabinet(3, 0).setSelected(true);
+        m_mouse->scene().deleteSelected();
+        QVERIFY(m_mouse->scene().highlightedCabinets().isEmpty());
+        m_mouse->scene().undo(nullptr);
+        QCOMPARE(m_mouse->layout(), m_mouse->original());
+    }
+
+    void figuresShapeTheSelection()
+    {
+        CLayoutGraphicsView &view = m_mouse->view();
+        QSignalSpy extents(&view, &CLayoutGraphicsView::notifySelectedCabinetGeometryChanged);
+        m_mouse->scene().selectPort(0, true); // three in a row from the origin on
+        QCOMPARE(extents.last().first().toRect(), QRect(0, 0, 384, 128));
+        view.onNotifySelectedCabinetRankChanged(2);
+        QCOMPARE(extents.last().first().toRect(), QRect(0, 0, 256, 256));
+        QCOMPARE(m_mouse->cabinet(0, 2).cabinet().rect.topLeft(), QPoint(0, 128));
+        view.onNotifySelectedCabinetPositionChanged(QPoint(50, 60));
+        QCOMPARE(extents.last().first().toRect(), QRect(50, 60, 256, 256));
+        view.onNotifySelectedCabinetSizeChanged(QSize(100, 128));
+        QCOMPARE(m_mouse->cabinet(0, 1).cabinet().rect, QRect(178, 60, 100, 128));
+        QCOMPARE(m_mouse->stack().count(), 3);
+        QCOMPARE(m_mouse->stack().text(0), QStringLiteral("ChangeRank"));
+        QCOMPARE(m_mouse->scene().operationName(), QStringLiteral("ChangeSize"));
+        for (int i = 0; i < 3; ++i)
+            m_mouse->scene().undo(nullptr);
+        QCOMPARE(m_mouse->layout(), m_mouse->original());
+        m_mouse->states().locked[0] = true;
+        view.onNotifySelectedCabinetRankChanged(1);
+        view.onNotifySelectedCabinetPositionChanged(QPoint(9, 9));
+        view.onNotifySelectedCabinetSizeChanged(QSize(9, 9));
+        QCOMPARE(m_mouse->layout(), m_mouse->original());
+    }
+
+    void aTypeIsAppliedAsOneStep()
+    {
+        CSelectionShape::TypeInfo type;
+        type.key = SMD5::ofContent("wide");
+        type.width = 256;
+        type.height = 64;
+        type.receivers = {QRect(0, 0, 256, 64)};
+        m_mouse->scene().selectPort(0, true);
+        m_mouse->scene().selectionShape().applyType(type);
+        for (int i = 0; i < 3; ++i) {
+            QCOMPARE(m_mouse->cabinet(0, i).cabinet().type, type.key);
+            QCOMPARE(m_mouse->cabinet(0, i).cabinet().rect, QRect(128 * i, 0, 256, 64));
+        }
+        QCOMPARE(m_mouse->stack().count(), 1);
+        m_mouse->scene().undo(nullptr);
+        QCOMPARE(m_mouse->layout(), m_mouse->original());
+    }
+
+    void historyOutlivesALookAtAnotherProcessor()
+    {
+        CLayoutGraphicsView &view = m_mouse->view();
+        LayoutData first = SmallWorlds::data({SmallWorlds::port(0, {SmallWorlds::loose(0, 3)})});
+        const LayoutData second = SmallWorlds::data({SmallWorlds::wiredPort(0, 2)});
+        view.showLayout(SmallWorlds::node(first), first);
+        const CabinetLayout original = first.layout;
+        m_mouse->scene().selectAllItem();
+        m_mouse->scene().selectedItemMoveDown();
+        m_mouse->scene().getLayoutData(first.layout, first.processor);
+        view.showLayout(SmallWorlds::node(second), second);
+        QVERIFY(!bar().button(Bar::Undo)->isEnabled());
+        view.showLayout(SmallWorlds::node(first), first);
+        QVERIFY(bar().button(Bar::Undo)->isEnabled());
+        m_mouse->scene().undo(nullptr);
+        CabinetLayout undone;
+        m_mouse->scene().getLayoutData(undone, first.processor);
+        QCOMPARE(undone, original);
+
+        m_mouse->scene().redo(nullptr);
+        view.showLayout(SmallWorlds::node(second), second);
+        first.layout.ports[0].groups[0].cabinets[0].rect.translate(1, 0); // changed elsewhere
+        view.showLayout(SmallWorlds::node(first), first);
+        QVERIFY(!bar().button(Bar::Undo)->isEnabled());
+    }
+
+    void navigatorTakesTheViewThere()
+    {
+        CAerialView &aerial = m_mouse->view().aerialView();
+        QVERIFY(!aerial.isVisible());
+        bar().button(Bar::Navigator)->click();
+        QVERIFY(aerial.isVisible());
+        m_mouse->view().setScaleFactor(4);
+        QTest::mouseClick(&aerial, Qt::LeftButton, {}, aerial.rect().center());
+        const QPointF middle =
+            m_mouse->view().mapToScene(m_mouse->view().viewport()->rect()).boundingRect().center();
+        const QPointF content = m_mouse->scene().contentRect().center();
+        QVERIFY((middle - content).manhattanLength() < 60); // two pixels of the small picture
+        bar().button(Bar::Navigator)->click();
+        QVERIFY(!aerial.isVisible());
+    }
+
+private:
+    CEditorToolBar &bar() { return m_mouse->view().toolBar(); }
+
+    CNotedCommands m_commands;
+    std::unique_ptr<CMouseTester> m_mouse;
+};
+
+ORVO_TEST_MAIN(QApplication, CEditorToolsTest)
+#include "tst_editor_tools.moc"
