@@ -12,8 +12,8 @@ class CNotedCommands final : public IEditorCommands
 {
 public:
     QStringList calls;
-    QString refusal;              ///< of reading a configuration back
-    QList<Cabinet> cabinets;      ///< of the last call
+    QString refusal;         ///< of reading a configuration back
+    QList<Cabinet> cabinets; ///< of the last call
     CabinetHighlight highlighted = CabinetHighlight::Off;
     bool highlights = true; ///< whether the processor does
 

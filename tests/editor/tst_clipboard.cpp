@@ -153,8 +153,9 @@ private Q_SLOTS:
         {
             CMessageBoxAnswerer user({QStringLiteral("OK")});
             world.pasteInto(3, QPointF(10, 10));
-            QCOMPARE(user.texts(), QStringList{QStringLiteral(
-                                       "The number of receivers in a single output port can not be over 1024.")});
+            QCOMPARE(user.texts(),
+                     QStringList{QStringLiteral(
+                         "The number of receivers in a single output port can not be over 1024.")});
             QCOMPARE(user.boxes().first().title, QStringLiteral("Orvo"));
         }
         QCOMPARE(world.scene.portItem(3)->cabinets(nullptr).size(), 1000);

@@ -212,7 +212,7 @@ private Q_SLOTS:
     {
         m_mouse->drag({192, 64}, {40, 50}); // the second lies above the others and above the next port
         m_mouse->scene().undo(nullptr);
-        m_mouse->view().setTool(View::Pen);
+        m_mouse->view().toolBar().chooseMode(CEditorToolBar::Pen);
         m_mouse->press({10, 10});
         m_mouse->moveTo({380, 120}); // in one go
         m_mouse->release({500, 400});
@@ -226,7 +226,7 @@ private Q_SLOTS:
         m_mouse->drag({420, 64}, {-292, 0}); // a cabinet of port 3 onto the second of port 0
         QCOMPARE(m_mouse->scene().itemAt(QPointF(192, 64), QTransform())->parentItem(),
                  m_mouse->scene().portItem(3));
-        m_mouse->view().setTool(View::Pen);
+        m_mouse->view().toolBar().chooseMode(CEditorToolBar::Pen);
         m_mouse->press({64, 64});
         m_mouse->moveTo({192, 64});
         m_mouse->release({192, 64});
@@ -253,14 +253,14 @@ private Q_SLOTS:
         QVERIFY(m_mouse->scene().hasRubberBand());
         m_mouse->release(InEmpty);
 
-        m_mouse->view().setTool(View::Pen);
+        m_mouse->view().toolBar().chooseMode(CEditorToolBar::Pen);
         m_mouse->click({192, 64});
         m_mouse->pressAgain({192, 64});
         m_mouse->moveTo({320, 64});
         m_mouse->release({320, 64});
         QCOMPARE(m_mouse->scene().portItem(0)->chain().order().size(), 2);
         QCOMPARE(m_mouse->selected(), Items());
-        m_mouse->view().setTool(View::HeadToTailExchange);
+        m_mouse->view().toolBar().chooseMode(CEditorToolBar::HeadToTailExchange);
         const QVector<QRect> receivers = m_mouse->cabinet(3, 0).cabinet().rects;
         m_mouse->click({420, 64});
         m_mouse->pressAgain({420, 64});
