@@ -88,5 +88,6 @@ QString CAppSettings::projectFolder() const
     const QStringList files = recentProjects();
     if (!files.isEmpty() && QFileInfo(files.first()).dir().exists())
         return QFileInfo(files.first()).absolutePath();
-    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(documents).isDir() ? documents : QDir::homePath(); // a file dialog takes it for a file
 }

@@ -25,7 +25,8 @@ public:
     void addRecentProject(const QString &file);
     void removeRecentProject(const QString &file);
     void clearRecentProjects();
-    /// The folder of the project used last; the user's documents when there is none.
+    /// The folder of the project used last; the user's documents when there is none, or
+    /// home.
     QString projectFolder() const;
 
 private:

@@ -14,6 +14,7 @@
 #include "host/app/SAppOptions.h"
 #include "host/app/screen/CScreenWindow.h"
 #include "host/devices/CDeviceJob.h"
+#include "host/devices/CDeviceTreeModel.h"
 #include "host/devices/CLayoutHandler.h"
 #include "host/devices/CSimulatedPark.h"
 #include "layout/plugin/ILayoutInterface.h"
@@ -37,6 +38,7 @@
 namespace {
 
 constexpr int MessageMilliseconds = 8000;
+constexpr QSize SmallestWindow(900, 560);
 
 QStringList projectFilesOf(const QMimeData &data)
 {
@@ -76,6 +78,7 @@ void CMainWindow::buildUi()
 {
     setWindowIcon(QIcon(QStringLiteral(":/Image/App/orvo.svg")));
     setAcceptDrops(true);
+    setMinimumSize(SmallestWindow);
     m_simulation = new CSimulationMenu(m_manager, this);
     m_actions = SMainActions::create(*this, *m_simulation);
 
@@ -352,7 +355,9 @@ void CMainWindow::updateTitles()
     const QString state = device->project       ? tr("project")
                           : device->node.online ? tr("online")
                                                 : tr("offline");
-    const QString name = device->project ? device->node.name : device->node.displayText();
+    const QModelIndex row = m_manager.treeModel().indexOf(device->node.uuid);
+    const QString name =
+        device->project ? row.data(CDeviceTreeModel::NameRole).toString() : device->node.displayText();
     setWindowTitle(tr("%1[*] - Orvo").arg(name));
     setWindowModified(device->isModified());
     m_processor->setText(tr("%1, %2").arg(name, state));

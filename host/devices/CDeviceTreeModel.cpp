@@ -4,6 +4,8 @@
 
 #include "host/devices/CDeviceTable.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QIcon>
 
 #include <algorithm>
@@ -53,6 +55,26 @@ CDeviceTreeModel::SNode CDeviceTreeModel::nodeOf(const SDevice &device)
     return node;
 }
 
+/// A project's name; where others have the same one with its file, and with the folder where even that is
+/// equal.
+QString CDeviceTreeModel::nameAmong(const QList<SDevice> &devices, const SDevice &project)
+{
+    const QFileInfo file(project.file);
+    bool sameName = false;
+    bool sameFile = false;
+    for (const SDevice &other : devices) {
+        if (!other.project || other.node.uuid == project.node.uuid || other.node.name != project.node.name)
+            continue;
+        sameName = true;
+        sameFile = sameFile || QFileInfo(other.file).fileName() == file.fileName();
+    }
+    if (!sameName || project.file.isEmpty())
+        return project.node.name;
+    const QString shown =
+        sameFile ? file.dir().dirName() + QLatin1Char('/') + file.fileName() : file.fileName();
+    return tr("%1 [%2]").arg(project.node.name, shown);
+}
+
 CDeviceTreeModel::Nodes CDeviceTreeModel::build() const
 {
     Nodes nodes;
@@ -81,7 +103,10 @@ CDeviceTreeModel::Nodes CDeviceTreeModel::build() const
             parentNode.online = parentNode.online || device.node.online;
             parentNode.fiber = parentNode.fiber || device.node.fiberTransceiver;
         }
-        append(nodes, parent, nodeOf(device));
+        SNode node = nodeOf(device);
+        if (device.project)
+            node.text = nameAmong(known, device);
+        append(nodes, parent, node);
     }
     return nodes;
 }
@@ -175,6 +200,8 @@ QVariant CDeviceTreeModel::data(const QModelIndex &index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return shown->modified ? shown->text + QStringLiteral(" *") : shown->text;
+    case NameRole:
+        return shown->text;
     case Qt::ToolTipRole:
         return shown->toolTip.isEmpty() ? QVariant() : shown->toolTip;
     case Qt::DecorationRole:

@@ -20,6 +20,7 @@ class CDeviceTreeModel final : public QAbstractItemModel
 public:
     enum Role {
         UuidRole = Qt::UserRole + 1, ///< QUuid of a processor or group; null for a heading
+        NameRole,                    ///< QString: the display text without the mark of edits
         NodeTypeRole,                ///< PrcTreeNodeType
         OnlineRole,                  ///< bool
         FiberRole,                   ///< bool: in fibre optic transceiver mode
@@ -62,6 +63,7 @@ private:
 
     Nodes build() const;
     static SNode nodeOf(const SDevice &device);
+    static QString nameAmong(const QList<SDevice> &devices, const SDevice &project);
     static int parentOf(const Nodes &nodes, const QUuid &group, int fallback);
     static int append(Nodes &nodes, int parent, SNode node);
     static bool sameShape(const Nodes &a, const Nodes &b);

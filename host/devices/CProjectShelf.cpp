@@ -86,6 +86,7 @@ CResult<QUuid> CProjectShelf::add(const SProcessorProject &project, const QStrin
     device.kind = *kind;
     device.node.uuid = QUuid::createUuid(); // the file may come from a processor that is on the network
     device.node.name = project.name.isEmpty() ? QFileInfo(file).completeBaseName() : project.name;
+    device.node.address = 0;
     device.node.model = kind->name;
     device.node.colorDepth = project.colorDepth;
     device.node.online = true;

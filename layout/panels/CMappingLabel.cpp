@@ -29,8 +29,17 @@ CMappingLabel::CMappingLabel(QWidget *parent)
 
 void CMappingLabel::setBusy(bool busy)
 {
+    QWidget *focused = window()->focusWidget();
+    if (busy && !m_busy)
+        m_focusBefore = focused == m_read || focused == m_save ? focused : nullptr;
     m_busy = busy;
     updateEnabled();
+    if (busy) {
+        m_focusMeanwhile = window()->focusWidget(); // a disabled button passes the focus on
+    } else if (m_focusBefore && focused == m_focusMeanwhile) {
+        m_focusBefore->setFocus();
+        m_focusBefore = nullptr;
+    }
 }
 
 void CMappingLabel::setReadBlocked(bool blocked)

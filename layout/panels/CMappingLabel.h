@@ -56,6 +56,8 @@ private:
     QCheckBox *m_numberMapping = nullptr;
     QCheckBox *m_realtime = nullptr;
     QCheckBox *m_fromProcessor = nullptr;
+    QWidget *m_focusBefore = nullptr;    ///< the button that had the focus when the work began
+    QWidget *m_focusMeanwhile = nullptr; ///< what had it then; only compared
     bool m_processorReady = false;
     bool m_busy = false;
     bool m_readBlocked = false;

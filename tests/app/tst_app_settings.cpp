@@ -73,6 +73,7 @@ private Q_SLOTS:
         QCOMPARE(settings.projectFolder(), folder.path());
         settings.addRecentProject(QStringLiteral("/no such folder/wall.sprj"));
         QVERIFY(settings.projectFolder() != QStringLiteral("/no such folder"));
+        QVERIFY2(QFileInfo(settings.projectFolder()).isDir(), qPrintable(settings.projectFolder()));
     }
 };
 

@@ -169,8 +169,7 @@ private Q_SLOTS:
         const QUuid demo = host.manager.openDemo().value();
         for (const auto &outcome : {host.save(demo), host.read(demo)}) {
             QCOMPARE(outcome.result, SDeviceOutcome::Failed);
-            QVERIFY(outcome.text.startsWith(
-                QLatin1String("Demo wall(127.0.0.1): A project has no processor to ")));
+            QVERIFY(outcome.text.startsWith(QLatin1String("Demo wall: A project has no processor to ")));
         }
     }
 
@@ -204,6 +203,32 @@ private Q_SLOTS:
         host.manager.setOnline(copies.first().node.uuid, !online);
         QCOMPARE(copies.first().node.online, online);
         QCOMPARE(host.handler.getProcessorNode(copies.first().node.uuid).online, !online);
+    }
+
+    void projectsOfTheSameNameAreToldApart()
+    {
+        CDeviceFixture host;
+        const auto nameOf = [&host](const QUuid &project) {
+            return host.manager.treeModel().indexOf(project).data(CDeviceTreeModel::NameRole).toString();
+        };
+        const QUuid first = host.manager.openDemo().value();
+        const auto save = [&host](const QUuid &project, const char *name) {
+            QVERIFY(QDir(host.folder.path()).mkpath(QStringLiteral("a")));
+            QVERIFY(host.manager.saveProject(project, host.folder.filePath(QLatin1String(name))));
+        };
+        save(first, "wall.sprj");
+        QCOMPARE(nameOf(first), QStringLiteral("Demo wall"));
+        const QUuid second = host.manager.openDemo().value();
+        save(second, "copy.sprj");
+        QCOMPARE(nameOf(first), QStringLiteral("Demo wall [wall.sprj]"));
+        QCOMPARE(nameOf(second), QStringLiteral("Demo wall [copy.sprj]"));
+        save(second, "a/wall.sprj");
+        QCOMPARE(nameOf(first),
+                 QStringLiteral("Demo wall [%1/wall.sprj]").arg(QDir(host.folder.path()).dirName()));
+        QCOMPARE(nameOf(second), QStringLiteral("Demo wall [a/wall.sprj]"));
+        QCOMPARE(host.handler.getProcessorNode(second).displayText(), QStringLiteral("Demo wall"));
+        host.manager.closeProject(first);
+        QCOMPARE(nameOf(second), QStringLiteral("Demo wall"));
     }
 
     void theTreeShowsHeadingsGroupsAndStates()

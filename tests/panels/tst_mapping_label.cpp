@@ -8,6 +8,8 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QMenu>
+#include <QPushButton>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -263,6 +265,34 @@ private Q_SLOTS:
         QVERIFY(!takesAClick(*read) && !takesAClick(*save));
         unit.onCurrentProcessorStateChanged(onlineProcessor());
         QVERIFY(takesAClick(*read) && takesAClick(*save));
+    }
+
+    void theFocusComesBackAfterAnOperation_data()
+    {
+        QTest::addColumn<bool>("moved");
+        QTest::newRow("left alone") << false;
+        QTest::newRow("moved by the user") << true;
+    }
+    void theFocusComesBackAfterAnOperation()
+    {
+        QFETCH(bool, moved);
+        QWidget window;
+        auto *column = new QVBoxLayout(&window);
+        auto *unit = new CMappingLabel;
+        auto *next = new QPushButton;
+        column->addWidget(unit);
+        column->addWidget(next);
+        unit->onCurrentProcessorChanged(onlineProcessor());
+        window.show();
+        CMenuToolButton *save = buttonNamed(*unit, QStringLiteral("Save"));
+        save->setFocus();
+        unit->setBusy(true);
+        QVERIFY(window.focusWidget() != save);
+        auto *option = unit->findChild<QCheckBox *>();
+        if (moved)
+            option->setFocus();
+        unit->setBusy(false);
+        QCOMPARE(window.focusWidget(), moved ? static_cast<QWidget *>(option) : save);
     }
 
     void theDropDownClosesWhenAnOperationBegins()

@@ -25,7 +25,7 @@ QString ProcessorTree::ProcessorNode::addressText() const
 
 QString ProcessorTree::ProcessorNode::displayText() const
 {
-    return QStringLiteral("%1(%2)").arg(name, addressText());
+    return address == 0 ? name : QStringLiteral("%1(%2)").arg(name, addressText());
 }
 
 bool operator==(const ProcessorTree::ProcessorNode &a, const ProcessorTree::ProcessorNode &b)

@@ -26,13 +26,13 @@ struct ProcessorTree
         int brightness = 100; ///< percent
         QString model;        ///< name of the processor kind
         QString serialNumber;
-        quint32 address = 0x7F000001; ///< IPv4, most significant byte first
+        quint32 address = 0x7F000001; ///< IPv4, most significant byte first; 0: none
         bool online = false;
         bool fiberTransceiver = false; ///< in fibre optic transceiver mode
 
         /// The dotted address, most significant byte first.
         QString addressText() const;
-        /// How a processor is shown to the user: "name(address)".
+        /// How a processor is shown to the user: "name(address)", without address the name alone.
         QString displayText() const;
 
         friend bool operator==(const ProcessorNode &a, const ProcessorNode &b);
