@@ -61,6 +61,7 @@ struct SDispatchScene final
         host.notify(LayoutNotification::CurrentProcessorChanged, a);
         settle();
         controller.invoked.clear();
+        threads.clear();
         host.answers().forgetCalls();
     }
     ~SDispatchScene()
@@ -113,9 +114,23 @@ struct SDispatchScene final
     QStringList led(LayoutNotification code, const std::any &argument = {})
     {
         host.notify(code, argument);
+        ranOn = host.updateThread();
         settle();
         return last;
     }
+    /// The thread from which a signal came or the host was asked.
+    QString threadOf(const QString &what)
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        const std::thread::id id =
+            threads.contains(what) ? threads.value(what) : host.answers().threadOf(what);
+        if (id == std::thread::id())
+            return QStringLiteral("none");
+        if (id == std::this_thread::get_id())
+            return QStringLiteral("GUI");
+        return id == ranOn ? QStringLiteral("Update") : QStringLiteral("worker");
+    }
+    std::thread::id ranOn; // the Update thread of the last led()
     QStringList last;
 };
 
@@ -154,30 +169,42 @@ private Q_SLOTS:
         QTest::addColumn<int>("code");
         QTest::addColumn<QStringList>("emitted");
         QTest::addColumn<QStringList>("slots_");
+        QTest::addColumn<QString>("thread"); // of the signals, or of what the host is asked
+        QTest::addColumn<QString>("asked");  // of the host, where there is no signal
         using N = LayoutNotification;
-        const auto row = [](const char *name, N code, const QStringList &emitted, const QStringList &slots_) {
-            QTest::newRow(name) << static_cast<int>(code) << emitted << slots_;
+        const auto row = [](const char *name, N code, const char *emitted, const char *slot,
+                            const char *thread, const char *asked = "") {
+            const auto listed = [](const char *text) {
+                return QString::fromLatin1(text).split(QLatin1Char('|'), Qt::SkipEmptyParts);
+            };
+            QTest::newRow(name) << static_cast<int>(code) << listed(emitted) << listed(slot)
+                                << QString::fromLatin1(thread) << QString::fromLatin1(asked);
         };
-        const QString load = QStringLiteral("load");
-        row("work mode", N::WorkModeChanged, {}, {QStringLiteral("work mode")});
-        row("state", N::ProcessorStateChanged, {QStringLiteral("state"), load}, {QStringLiteral("state")});
-        row("port count", N::PortCountChanged, {load}, {QStringLiteral("ports of A")});
-        row("current", N::CurrentProcessorChanged, {load}, {QStringLiteral("current")});
-        row("selection", N::SelectedNodeChanged, {QStringLiteral("cancel")},
-            {QStringLiteral("selected 1 1")});
-        row("read-back", N::ReadbackFinished, {}, {QStringLiteral("readback 0 1")});
-        row("background", N::BackgroundChanged, {QStringLiteral("background")}, {});
-        row("loads", N::PortLoadsChanged, {QStringLiteral("port load"), load}, {});
-        row("unknown", static_cast<N>(3), {}, {});
-        row("beyond", static_cast<N>(30), {}, {});
+        row("work mode", N::WorkModeChanged, "", "work mode", "");
+        row("type library", N::TypeLibraryChanged, "", "", "Update", "typeLibrary");
+        row("removed", N::ProcessorRemoved, "state|load", "", "Update");
+        row("replaced", N::LayoutReplaced, "replaced", "", "Update");
+        row("state", N::ProcessorStateChanged, "state|load", "state", "worker");
+        row("port count", N::PortCountChanged, "load", "ports of A", "worker");
+        row("current", N::CurrentProcessorChanged, "load", "current", "worker");
+        row("selection", N::SelectedNodeChanged, "cancel", "selected 1 1", "Update");
+        row("read-back", N::ReadbackFinished, "", "readback 0 1", "");
+        row("background", N::BackgroundChanged, "background", "", "worker");
+        row("loads", N::PortLoadsChanged, "port load|load", "", "worker");
+        row("unknown", static_cast<N>(3), "", "", "");
+        row("beyond", static_cast<N>(30), "", "", "");
     }
     void leadsEachCodeToItsSignalsAndSlots()
     {
         QFETCH(int, code);
         QFETCH(QStringList, emitted);
         QFETCH(QStringList, slots_);
+        QFETCH(QString, thread);
+        QFETCH(QString, asked);
         SDispatchScene scene;
         const QMap<LayoutNotification, std::any> arguments{
+            {LayoutNotification::ProcessorRemoved, scene.a},
+            {LayoutNotification::LayoutReplaced, scene.a},
             {LayoutNotification::ProcessorStateChanged, SProcessorStateChange{scene.a, true}},
             {LayoutNotification::CurrentProcessorChanged, scene.a},
             {LayoutNotification::SelectedNodeChanged,
@@ -194,7 +221,13 @@ private Q_SLOTS:
         if (code == static_cast<int>(LayoutNotification::PortLoadsChanged))
             scene.host.answers().loads[1] = 30;
         const auto wanted = static_cast<LayoutNotification>(code);
+        if (wanted == LayoutNotification::ProcessorRemoved)
+            scene.host.choose(QUuid());
         QCOMPARE(scene.led(wanted, arguments.value(wanted)), emitted);
+        for (const QString &signal : emitted)
+            QCOMPARE(signal + scene.threadOf(signal), signal + thread);
+        if (!asked.isEmpty())
+            QCOMPARE(scene.threadOf(asked), thread);
         QTRY_COMPARE(scene.controller.invoked, slots_);
         QVERIFY(scene.controller.onOwnThread);
     }

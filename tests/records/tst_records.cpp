@@ -85,17 +85,53 @@ private Q_SLOTS:
         QCOMPARE(data(copy, 4), data(layout, 4));
     }
 
+    void startsWithTheStatedDefaults_data()
+    {
+        QTest::addColumn<QVariant>("value");
+        QTest::addColumn<QVariant>("wanted");
+        const auto row = [](const char *name, const QVariant &value, const QVariant &wanted) {
+            QTest::newRow(name) << value << wanted;
+        };
+        const ProcessorTree::ProcessorNode node;
+        row("processor: key", node.uuid, QUuid());
+        row("processor: name", node.name, QString());
+        row("processor: index", node.index, -1);
+        row("processor: index in group", node.groupIndex, -1);
+        row("processor: color depth", node.colorDepth, 8);
+        row("processor: brightness", node.brightness, 100);
+        row("processor: model", node.model, QString());
+        row("processor: serial number", node.serialNumber, QString());
+        row("processor: address", node.address, 0x7F000001u);
+        row("processor: flags", node.online || node.fiberTransceiver, false);
+        row("processor: text", node.displayText(), QStringLiteral("(127.0.0.1)"));
+        const Cabinet cabinet;
+        row("cabinet: port", cabinet.port, -1);
+        row("cabinet: rank", cabinet.rank, -1);
+        row("cabinet: type", cabinet.type.isNull(), true);
+        row("cabinet: mapping index", cabinet.mappingIndex, -1);
+        row("cabinet: highlight number", cabinet.calibrationIndex, -1);
+        row("cabinet: group", cabinet.group, QUuid());
+        row("cabinet: lists", cabinet.rects.size() + cabinet.receivers.size() + cabinet.blanks.size(), 0);
+        row("cabinet: flags", cabinet.directionFixed || cabinet.custom, false);
+        const Port port;
+        row("port: index", port.index, -1);
+        row("port: groups", port.groups.size(), 0);
+        const SPrjPort project;
+        row("port file: processor", project.processor, QUuid());
+        row("port file: index", project.index, -1);
+        row("port file: numbers", project.cabinetCount + project.load, 0);
+        row("port file: area", project.area == std::array<quint32, 4>{}, true);
+        row("port file: redundancy", project.redundancyPort, -1);
+        row("port file: version", project.version, 1);
+        row("port file: brightness", project.brightness, 65535);
+        row("port file: key", project.uuid.isNull() || project.uuid == SPrjPort().uuid, false);
+        row("type: key length", int(SMD5().bytes.size()), 32);
+    }
     void startsWithTheStatedDefaults()
     {
-        const ProcessorTree::ProcessorNode node;
-        QCOMPARE(node.displayText(), QStringLiteral("(127.0.0.1)"));
-        QCOMPARE(node.index, -1);
-        QCOMPARE(node.colorDepth, 8);
-        QCOMPARE(node.brightness, 100);
-        const SPrjPort port;
-        QCOMPARE(port.brightness, 65535);
-        QVERIFY(port.uuid != SPrjPort().uuid);
-        QVERIFY(Cabinet().type.isNull());
+        QFETCH(QVariant, value);
+        QFETCH(QVariant, wanted);
+        QCOMPARE(value, wanted);
     }
 
     void registersMetaTypesUnderTheirFullNames()
