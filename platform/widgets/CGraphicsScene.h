@@ -26,6 +26,7 @@ public:
 
     /// The item that was entered under @p uuid, or null. O(1).
     QGraphicsItem *itemOf(const QUuid &uuid) const { return m_items.value(uuid, nullptr); }
+    int knownItemCount() const { return m_items.size(); }
 
 protected:
     /// Makes an item of the scene known by its identity, or forgets it.

@@ -16,6 +16,7 @@ public:
         return redundancy.value(port, CabinetLayout::CabinetPort::NoRedundancy);
     }
     QColor portColor(int port) const override { return colors.value(port, Qt::darkCyan); }
+    bool resetsHighlightOnEdit() const override { return resetsHighlight; }
 
     int currentPort() const override { return current; }
     CanvasBlock canvasBlock() const override { return block; }
@@ -24,6 +25,7 @@ public:
     int current = -1;
     CanvasBlock block = CanvasBlock::None;
     bool marksCustom = false;
+    bool resetsHighlight = false;
     QHash<int, bool> locked;
     QHash<int, CabinetLayout::CabinetPort::Redundancy> redundancy;
     QHash<int, QColor> colors;

@@ -78,6 +78,50 @@ QString faultOfItem(const CCabinetGraphicsScene &scene, const CGraphicsItemBase 
     return {};
 }
 
+QString faultOfLine(const CGraphicsConnectionItem &line)
+{
+    return line.from()->outgoing() == &line && line.to()->incoming() == &line
+               ? QString()
+               : QStringLiteral("a line is not known to its cabinets");
+}
+
+QString faultOfItems(const CCabinetGraphicsScene &scene)
+{
+    int known = 0;
+    const QList<QGraphicsItem *> items = scene.items();
+    for (const QGraphicsItem *item : items) {
+        QString fault;
+        if (item->type() == ConnectionItemKind) {
+            fault = faultOfLine(static_cast<const CGraphicsConnectionItem &>(*item));
+        } else if (item->type() == CabinetItemKind || item->type() == GroupItemKind) {
+            ++known;
+            fault = faultOfItem(scene, static_cast<const CGraphicsItemBase &>(*item));
+        }
+        if (!fault.isEmpty())
+            return fault;
+    }
+    if (known != scene.knownItemCount())
+        return QStringLiteral("the index holds %1 items of %2").arg(scene.knownItemCount()).arg(known);
+    return {};
+}
+
+QString faultOfSelection(const CCabinetGraphicsScene &scene)
+{
+    const QList<QGraphicsItem *> selected = scene.selectedItems();
+    const QSet<CGraphicsItemBase *> kept = scene.selection().items();
+    if (kept.size() != selected.size() || kept.size() != scene.selection().count())
+        return QStringLiteral("the selection is not Qt's");
+    for (QGraphicsItem *item : selected) {
+        auto *base = static_cast<CGraphicsItemBase *>(item);
+        if (!kept.contains(base))
+            return QStringLiteral("a selected item is not in the selection");
+        const CGraphicsGroupItem *group = base->groupItem();
+        if (group && group->isSelectedWithGroups())
+            return QStringLiteral("a member is selected beside its group");
+    }
+    return {};
+}
+
 } // namespace
 
 QString CSceneVerifier::faultIn(const CCabinetGraphicsScene &scene)
@@ -89,13 +133,6 @@ QString CSceneVerifier::faultIn(const CCabinetGraphicsScene &scene)
         if (port->boundingRect() != port->childrenBoundingRect())
             return QStringLiteral("port %1 has other bounds than its children").arg(port->port());
     }
-    const QList<QGraphicsItem *> items = scene.items();
-    for (const QGraphicsItem *item : items) {
-        if (item->type() != CabinetItemKind && item->type() != GroupItemKind)
-            continue;
-        const QString fault = faultOfItem(scene, static_cast<const CGraphicsItemBase &>(*item));
-        if (!fault.isEmpty())
-            return fault;
-    }
-    return {};
+    const QString fault = faultOfSelection(scene);
+    return fault.isEmpty() ? faultOfItems(scene) : fault;
 }

@@ -43,6 +43,12 @@ CabinetLayout layoutOf(const Scene &scene, const LayoutData &data)
     return layout;
 }
 
+QSet<QUuid> selectedIn(const Scene &scene)
+{
+    const QVector<QUuid> uuids = scene.selection().uuids();
+    return QSet<QUuid>(uuids.begin(), uuids.end());
+}
+
 CGraphicsGroupItem *outerGroup(const Scene &scene)
 {
     for (CGraphicsGroupItem *group : scene.portItem(1)->groups(true)) {
@@ -156,7 +162,7 @@ private Q_SLOTS:
         if (prepare)
             prepare(scene);
         const CabinetLayout before = layoutOf(scene, data);
-        const QSet<CGraphicsItemBase *> selectedBefore = scene.selection().items();
+        const QSet<QUuid> selectedBefore = selectedIn(scene);
         QVERIFY(before == data.layout);
 
         QSignalSpy selectionSpy(&scene, &Scene::notifySelectedChanged);
@@ -164,6 +170,7 @@ private Q_SLOTS:
         edit(scene);
         QCOMPARE(selectionSpy.count(), 1);
         QCOMPARE(sceneSpy.count(), 1);
+        const QSet<QUuid> selectedAfter = selectedIn(scene);
         const CabinetLayout after = layoutOf(scene, data);
         QVERIFY(!(after == before));
         QCOMPARE(CSceneVerifier::faultIn(scene), QString());
@@ -175,9 +182,10 @@ private Q_SLOTS:
         QCOMPARE(selectionSpy.count(), 2);
         QVERIFY(layoutOf(scene, data) == before);
         QCOMPARE(CSceneVerifier::faultIn(scene), QString());
-        QCOMPARE(scene.selection().count(), selectedBefore.size());
+        QCOMPARE(selectedIn(scene), selectedBefore);
 
         scene.redo(nullptr);
+        QCOMPARE(selectedIn(scene), selectedAfter);
         QVERIFY(layoutOf(scene, data) == after);
         QCOMPARE(CSceneVerifier::faultIn(scene), QString());
 
@@ -209,6 +217,35 @@ private Q_SLOTS:
         QCOMPARE(scene.undoStack()->count(), 0);
         QCOMPARE(sceneSpy.count(), 0);
         QCOMPARE(CSceneVerifier::faultIn(scene), QString());
+    }
+
+    void oneLockedPortRefusesForAll_data() { addEdits(); }
+    void oneLockedPortRefusesForAll()
+    {
+        QFETCH(Edit, prepare);
+        QFETCH(Edit, edit);
+        for (int locked = 0; locked < 3; ++locked) {
+            const LayoutData data = world();
+            CFixedPortStates states;
+            Scene scene(states);
+            scene.setLayoutData(SmallWorlds::node(data), data);
+            if (prepare)
+                prepare(scene);
+            const bool selected = scene.selection().ports().contains(locked);
+            edit(scene);
+            const bool concerned =
+                selected || layoutOf(scene, data).ports[locked] != data.layout.ports[locked];
+            scene.undo(nullptr);
+            scene.undoStack()->clear();
+            scene.clearSelection();
+            if (prepare)
+                prepare(scene);
+            states.locked[locked] = true;
+            edit(scene);
+            QCOMPARE(scene.undoStack()->count(), concerned ? 0 : 1);
+            states.locked[locked] = false;
+            QCOMPARE(layoutOf(scene, data) == data.layout, concerned);
+        }
     }
 
     void undoAndRedoAreRefusedWithAMessage_data()

@@ -82,8 +82,10 @@ QVector<CGraphicsItemBase *> CGraphicsGroupItem::members() const
 
 void CGraphicsGroupItem::gather(const QVector<CGraphicsItemBase *> &members)
 {
-    for (CGraphicsItemBase *member : members)
+    for (CGraphicsItemBase *member : members) {
+        member->setSelected(false); // a group that is selected already takes them in as well
         moveToParent(*member, *this);
+    }
     recomputeBounds(false);
 }
 

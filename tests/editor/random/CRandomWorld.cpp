@@ -8,81 +8,15 @@
 #include "layout/geometry/CResizeHandles.h"
 #include "tests/editor/CSceneVerifier.h"
 #include "tests/editor/SmallWorlds.h"
+#include "tests/editor/random/RandomKinds.h"
+#include "tests/editor/random/RandomLayout.h"
 
 #include <QCoreApplication>
 
+using namespace RandomKinds;
+using RandomLayout::PortCount;
+
 namespace {
-
-enum EKind {
-    NudgeUp,
-    NudgeDown,
-    NudgeLeft,
-    NudgeRight,
-    Drag,
-    Resize,
-    Group,
-    Ungroup,
-    Pattern,
-    Break,
-    ClearPort,
-    Pen,
-    Delete,
-    Lock,
-    History,
-    Reload,
-    ReloadUndoably,
-    HostNews,
-    InterruptDrag,
-    Backup
-};
-
-const char *const kindNames[CRandomWorld::KindCount] = {"nudge up",
-                                                        "nudge down",
-                                                        "nudge left",
-                                                        "nudge right",
-                                                        "drag",
-                                                        "resize",
-                                                        "group",
-                                                        "ungroup",
-                                                        "pattern",
-                                                        "break",
-                                                        "clear port",
-                                                        "pen",
-                                                        "delete",
-                                                        "lock",
-                                                        "history",
-                                                        "reload",
-                                                        "reload undoably",
-                                                        "host news",
-                                                        "interrupt drag",
-                                                        "backup"};
-
-constexpr int PortCount = 3;
-
-QUuid numberedIdentity(quint32 seed, int number)
-{
-    return QUuid(seed, quint16(number), 0x4000, 0x80, 0, 0, 0, 0, 0, 0, 1);
-}
-
-LayoutData randomWorld(QRandomGenerator &random)
-{
-    const quint32 seed = random.generate();
-    QVector<CabinetLayout::CabinetPort> ports;
-    int number = 0;
-    for (int port = 0; port < PortCount; ++port) {
-        auto group = SmallWorlds::loose(port, random.bounded(21));
-        int rank = 0;
-        for (auto &cabinet : group.cabinets) {
-            cabinet.uuid = numberedIdentity(seed, ++number);
-            cabinet.rank = random.bounded(4) ? rank++ : -1;
-            cabinet.rect = QRect(random.bounded(8) * 64, random.bounded(8) * 64, 32 * (1 + random.bounded(4)),
-                                 32 * (1 + random.bounded(4)));
-        }
-        ports << SmallWorlds::port(port, group.cabinets.isEmpty() ? QVector<SmallWorlds::Group>{}
-                                                                  : QVector<SmallWorlds::Group>{group});
-    }
-    return SmallWorlds::data(ports);
-}
 
 /// Locks and colours are no part of the history.
 CabinetLayout withoutStates(CabinetLayout layout)
@@ -105,7 +39,7 @@ CRandomWorld::CRandomWorld(quint32 seed)
     : m_scene(m_states)
 {
     QRandomGenerator random(seed);
-    m_data = randomWorld(random);
+    m_data = RandomLayout::randomWorld(random);
     m_scene.setLayoutData(SmallWorlds::node(m_data), m_data);
     m_history << layout();
     QObject::connect(&m_scene, &CCabinetGraphicsScene::notifySelectedChanged,
@@ -168,9 +102,9 @@ QString CRandomWorld::run(const SRandomOperation &operation)
 
     switch (operation.kind) {
     case Reload:
-        return reload(false);
+        return reload(false, random);
     case ReloadUndoably:
-        return reload(true);
+        return reload(true, random);
     case History:
         stepHistory(random);
         return check(m_scene.undoStack()->index(), false,
@@ -178,7 +112,12 @@ QString CRandomWorld::run(const SRandomOperation &operation)
     default:
         break;
     }
+    m_fault.clear();
     const bool edited = carryOut(operation.kind, random, expected);
+    if (!m_fault.isEmpty())
+        return m_fault;
+    if (!edited && (m_scene.undoStack()->index() != indexBefore || m_sceneSignals > 0))
+        return QStringLiteral("what does nothing has recorded a step or announced a change");
     return check(indexBefore, edited, expected);
 }
 
@@ -189,7 +128,9 @@ bool CRandomWorld::carryOut(int kind, QRandomGenerator &random, CReferenceModel 
     case Drag:
         return dragSelection(random, expected);
     case Resize:
-        return resizeCabinet(random, expected);
+        return resizeSelected(random, expected);
+    case Exchange:
+        return exchangeReceivers(random);
     case Pen:
         return drawStroke(random, expected);
     case Group:
@@ -288,24 +229,40 @@ bool CRandomWorld::dragSelection(QRandomGenerator &random, CReferenceModel &expe
     return true;
 }
 
-bool CRandomWorld::resizeCabinet(QRandomGenerator &random, CReferenceModel &expected)
+bool CRandomWorld::resizeSelected(QRandomGenerator &random, CReferenceModel &expected)
 {
     const QSet<QUuid> items = selected();
-    if (items.size() != 1 || expected.isGroup(*items.begin()))
+    if (items.size() != 1)
         return false;
     CGraphicsItemBase *item = m_scene.editedItem(*items.begin());
     const QPointF press = item->scenePos();
     const QPoint step(random.bounded(-60, 61), random.bounded(-60, 61));
     const bool refused = !item->canResize();
-    const QSize size = item->cabinet().rect.size();
     m_scene.beginScale(*item, CResizeHandles::BottomRight, press);
     m_scene.continueDrag(press + step);
     m_scene.endDrag(press + step);
     if (refused)
         return false;
-    expected.resize(*items.begin(), QSize(qBound(1, size.width() + step.x(), 2048),
-                                          qBound(1, size.height() + step.y(), 2048)));
+    expected.resize(*items.begin(), step, CResizeHandles::LargestSide);
     return true;
+}
+
+bool CRandomWorld::exchangeReceivers(QRandomGenerator &random)
+{
+    const int port = random.bounded(PortCount);
+    const QVector<CGraphicsCabinetItem *> cabinets = m_scene.portItem(port)->cabinets(nullptr);
+    if (cabinets.isEmpty())
+        return false;
+    const CGraphicsCabinetItem *cabinet = cabinets.at(random.bounded(cabinets.size()));
+    QVector<QRect> wanted = cabinet->cabinet().rects;
+    const bool refused =
+        m_states.isPortLocked(port) || cabinet->cabinet().directionFixed || wanted.size() < 2;
+    if (!refused)
+        std::reverse(wanted.begin(), wanted.end());
+    m_scene.exchangeReceivers(port, cabinet->uuid(), 0);
+    if (cabinet->cabinet().rects != wanted)
+        m_fault = QStringLiteral("the receivers are not in the wanted order");
+    return !refused;
 }
 
 bool CRandomWorld::drawStroke(QRandomGenerator &random, CReferenceModel &expected)
@@ -367,13 +324,21 @@ void CRandomWorld::stepHistory(QRandomGenerator &random)
     }
 }
 
-QString CRandomWorld::reload(bool undoable)
+QString CRandomWorld::reload(bool undoable, QRandomGenerator &random)
 {
-    const CabinetLayout before = layout();
+    CabinetLayout before = layout();
     int index = m_scene.undoStack()->index();
     LayoutData data = m_data;
     data.layout = before;
+    if (undoable && random.bounded(2)) {
+        data.layout = m_history.at(random.bounded(m_history.size()));
+        before = data.layout;
+    }
+    const bool same = withoutStates(layout()) == withoutStates(before);
     m_scene.setLayoutData(SmallWorlds::node(data), data, {}, undoable);
+    if (undoable && (m_scene.undoStack()->index() == index) != same)
+        return QStringLiteral("a reload of %1 layout")
+            .arg(same ? QStringLiteral("an equal") : QStringLiteral("another"));
     if (!undoable) {
         m_scene.undoStack()->clear();
         m_history = {withoutStates(layout())};

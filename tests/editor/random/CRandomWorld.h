@@ -5,6 +5,7 @@
 #include "layout/editor/CCabinetGraphicsScene.h"
 #include "tests/editor/CFixedPortStates.h"
 #include "tests/editor/random/CReferenceModel.h"
+#include "tests/editor/random/RandomKinds.h"
 
 #include <QRandomGenerator>
 
@@ -20,7 +21,7 @@ struct SRandomOperation
 class CRandomWorld final
 {
 public:
-    static constexpr int KindCount = 20;
+    static constexpr int KindCount = RandomKinds::Count;
     static QString kindName(int kind);
 
     explicit CRandomWorld(quint32 seed);
@@ -37,12 +38,13 @@ private:
     bool carryOut(int kind, QRandomGenerator &random, CReferenceModel &expected);
     bool editSelection(int kind, QRandomGenerator &random, CReferenceModel &expected);
     bool dragSelection(QRandomGenerator &random, CReferenceModel &expected);
-    bool resizeCabinet(QRandomGenerator &random, CReferenceModel &expected);
+    bool resizeSelected(QRandomGenerator &random, CReferenceModel &expected);
+    bool exchangeReceivers(QRandomGenerator &random);
     bool drawStroke(QRandomGenerator &random, CReferenceModel &expected);
     bool groupSelection(CReferenceModel &expected);
     void interruptDrag(QRandomGenerator &random);
     void stepHistory(QRandomGenerator &random);
-    QString reload(bool undoable);
+    QString reload(bool undoable, QRandomGenerator &random);
     QString check(int indexBefore, bool edited, const CReferenceModel &expected);
     CabinetLayout layout() const;
 
@@ -50,6 +52,7 @@ private:
     CCabinetGraphicsScene m_scene;
     LayoutData m_data;
     QVector<CabinetLayout> m_history; // by undo index
+    QString m_fault; // of the running operation, where the reference model knows nothing of it
     int m_selectionSignals = 0;
     int m_sceneSignals = 0;
 };

@@ -77,9 +77,28 @@ void CReferenceModel::nudge(const QSet<QUuid> &items, const QPoint &step)
     }
 }
 
-void CReferenceModel::resize(const QUuid &cabinet, const QSize &size)
+void CReferenceModel::resize(const QUuid &item, const QPoint &step, int largest)
 {
-    m_cabinets[cabinet].rect.setSize(size);
+    const QRect from = rectOf(item);
+    QSize part(1, 1);
+    for (const QUuid &cabinet : cabinetsBelow({item}))
+        part = part.expandedTo(m_cabinets.value(cabinet).rect.size());
+    const QSize to(qBound(1, from.width() + step.x(), int(qint64(from.width()) * largest / part.width())),
+                   qBound(1, from.height() + step.y(), int(qint64(from.height()) * largest / part.height())));
+    // An edge keeps its share of the way, rounded to a pixel.
+    const auto share = [](int distance, int newSide, int side) {
+        return int((2 * qint64(distance) * newSide + side) / (2 * side));
+    };
+    for (const QUuid &cabinet : cabinetsBelow({item})) {
+        QRect &rect = m_cabinets[cabinet].rect;
+        const QPoint near = rect.topLeft() - from.topLeft();
+        const QPoint far = near + QPoint(rect.width(), rect.height());
+        const QPoint corner(share(near.x(), to.width(), from.width()),
+                            share(near.y(), to.height(), from.height()));
+        const QSize size(share(far.x(), to.width(), from.width()) - corner.x(),
+                         share(far.y(), to.height(), from.height()) - corner.y());
+        rect = QRect(from.topLeft() + corner, size.expandedTo(QSize(1, 1)));
+    }
 }
 
 QVector<QUuid> CReferenceModel::snake(const QVector<QUuid> &cabinets, int pattern) const

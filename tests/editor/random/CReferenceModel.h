@@ -30,7 +30,9 @@ public:
 
     void translate(const QSet<QUuid> &items, const QPoint &step);
     void nudge(const QSet<QUuid> &items, const QPoint &step);
-    void resize(const QUuid &cabinet, const QSize &size);
+    /// Moves the lower right corner of a cabinet or a group by @p step; no cabinet's side grows beyond @p
+    /// largest or below a pixel.
+    void resize(const QUuid &item, const QPoint &step, int largest);
     void wireByPattern(const QSet<QUuid> &cabinets, int pattern);
     void unwire(const QSet<QUuid> &cabinets);
     /// A stroke from @p first along the straight lines of @p way.

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+/// The operations of random runs and their names in reports.
+namespace RandomKinds {
+
+enum EKind {
+    NudgeUp,
+    NudgeDown,
+    NudgeLeft,
+    NudgeRight,
+    Drag,
+    Resize,
+    Group,
+    Ungroup,
+    Pattern,
+    Break,
+    ClearPort,
+    Pen,
+    Delete,
+    Lock,
+    History,
+    Reload,
+    ReloadUndoably,
+    HostNews,
+    InterruptDrag,
+    Backup,
+    Exchange
+};
+
+constexpr const char *kindNames[] = {"nudge up",
+                                     "nudge down",
+                                     "nudge left",
+                                     "nudge right",
+                                     "drag",
+                                     "resize",
+                                     "group",
+                                     "ungroup",
+                                     "pattern",
+                                     "break",
+                                     "clear port",
+                                     "pen",
+                                     "delete",
+                                     "lock",
+                                     "history",
+                                     "reload",
+                                     "reload undoably",
+                                     "host news",
+                                     "interrupt drag",
+                                     "backup",
+                                     "exchange"};
+
+constexpr int Count = int(sizeof(kindNames) / sizeof(*kindNames));
+
+} // namespace RandomKinds
