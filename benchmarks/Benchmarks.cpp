@@ -28,6 +28,7 @@ const QVector<SChildPart> &Benchmarks::childParts()
 {
     static const QVector<SChildPart> table = {
         {"editor-memory", memoryOfEditor},
+        {"undo-memory", memoryOfUndo},
         {"bare-memory", memoryOfBareScene},
         {"editor-start", startOfEditor},
     };

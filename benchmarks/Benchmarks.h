@@ -43,6 +43,7 @@ void measureEditGrowth();
 void measureGestures();
 
 int memoryOfEditor(int argc, char **argv);
+int memoryOfUndo(int argc, char **argv);
 int memoryOfBareScene(int argc, char **argv);
 int startOfEditor(int argc, char **argv);
 

@@ -5,6 +5,7 @@
 #include "benchmarks/CEditorSide.h"
 #include "benchmarks/ChildProcess.h"
 #include "benchmarks/Figures.h"
+#include "layout/editor/CCabinetGraphicsScene.h"
 #include "layout/resources/LayoutResources.h"
 
 #include <QApplication>
@@ -17,6 +18,7 @@
 namespace {
 
 constexpr int MemoryRepetitions = 3;
+constexpr int RecordedSteps = 4;
 
 /// Bytes of this process that are in memory.
 qint64 residentBytes()
@@ -56,6 +58,10 @@ void Benchmarks::measureMemory()
     Figures::print({"B11 resident bytes a cabinet with its line (not ms)",
                     Wall::FullPorts * Wall::CabinetsPerPort, medians.work, "bare scene (bytes)",
                     medians.reference});
+    const SMedians undo = Figures::compare(MemoryRepetitions, bytesOf("undo-memory"), bytesOf("bare-memory"));
+    Figures::print({"B11 resident bytes a cabinet of an undo step that moves all (not ms)",
+                    Wall::FullPorts * Wall::CabinetsPerPort, undo.work, "bare scene (bytes)",
+                    undo.reference});
 }
 
 int Benchmarks::memoryOfEditor(int argc, char **argv)
@@ -64,6 +70,26 @@ int Benchmarks::memoryOfEditor(int argc, char **argv)
     initLayoutResources();
     CEditorSide side;
     return printGrowth(side, [](CEditorSide &editor, const LayoutData &data) { editor.load(data); });
+}
+
+int Benchmarks::memoryOfUndo(int argc, char **argv)
+{
+    const QApplication application(argc, argv);
+    initLayoutResources();
+    const LayoutData data = Wall::data(Wall::FullPorts);
+    CEditorSide side;
+    side.load(data);
+    side.scene().selectAllItem();
+    side.scene().selectedItemMoveRight(); // what the first step alone needs does not count
+    QCoreApplication::processEvents();
+    malloc_trim(0);
+    const qint64 before = residentBytes();
+    for (int i = 0; i < RecordedSteps; ++i)
+        side.scene().selectedItemMoveRight();
+    QCoreApplication::processEvents();
+    malloc_trim(0);
+    std::printf("%f\n", double(residentBytes() - before) / RecordedSteps / data.layout.cabinetCount());
+    return 0;
 }
 
 int Benchmarks::memoryOfBareScene(int argc, char **argv)
