@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/editor/CPenStroke.h"
+#include "layout/editor/gestures/CPenStroke.h"
 
 #include "layout/editor/CUndoRecorder.h"
 #include "layout/editor/CWiringRecorder.h"

@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/editor/CSceneGestures.h"
+#include "layout/editor/gestures/CSceneGestures.h"
 
 #include "layout/drawing/CLayoutPainter.h"
-#include "layout/editor/CItemDrag.h"
-#include "layout/editor/CPenStroke.h"
-#include "layout/editor/CRubberBand.h"
 #include "layout/editor/CSceneSelection.h"
+#include "layout/editor/gestures/CItemDrag.h"
+#include "layout/editor/gestures/CPenStroke.h"
+#include "layout/editor/gestures/CRubberBand.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IEditorScene.h"

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/editor/CItemDrag.h"
+#include "layout/editor/gestures/CItemDrag.h"
 
 #include "layout/editor/CUndoRecorder.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
