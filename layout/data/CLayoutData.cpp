@@ -81,6 +81,7 @@ LayoutData CLayoutData::openProcessor(const QUuid &processor)
     const LayoutData data = handler->layoutData(processor);
     m_states.takeFromHost(processor, data.layout.ports, false);
     m_states.setCanvas(processor, data.canvas);
+    m_states.setBackground(processor, handler->background(processor));
     return m_states.data(processor);
 }
 

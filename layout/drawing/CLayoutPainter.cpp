@@ -207,7 +207,7 @@ void CLayoutPainter::paintGhosts(QPainter &painter, const QVector<QRect> &cells,
     painter.drawRects(cells);
 }
 
-void CLayoutPainter::paintCanvas(QPainter &painter, const QRectF &canvas)
+void CLayoutPainter::paintCanvas(QPainter &painter, const QRectF &canvas, const CCanvasFill &fill)
 {
     // In screen pixels: squares of the canvas would melt into grey from afar.
     const QRect onScreen = painter.worldTransform().mapRect(canvas).toAlignedRect();
@@ -215,6 +215,7 @@ void CLayoutPainter::paintCanvas(QPainter &painter, const QRectF &canvas)
     painter.resetTransform();
     CCustomPaint::paintCheckerBoard(painter, onScreen);
     painter.restore();
+    fill.paint(painter, canvas);
     paintFrame(painter, canvas, cosmetic(QColor(136, 136, 146), 1));
 }
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/drawing/CCanvasFill.h"
+
 #include <QColor>
 #include <QLineF>
 #include <QPolygonF>
@@ -45,8 +47,8 @@ public:
     static void paintHandles(QPainter &painter, const QVector<QRectF> &marks);
     /// Cabinets that are about to be placed, filled with @p fill once they are.
     static void paintGhosts(QPainter &painter, const QVector<QRect> &cells, const QColor &fill);
-    /// Checkerboard and border of a canvas.
-    static void paintCanvas(QPainter &painter, const QRectF &canvas);
+    /// Checkerboard, fill image and border of a canvas.
+    static void paintCanvas(QPainter &painter, const QRectF &canvas, const CCanvasFill &fill = {});
 
     /// Many cabinets of one colour and their wires at a scale at which numbers and arrow heads could not be
     /// seen.

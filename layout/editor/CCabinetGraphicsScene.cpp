@@ -579,6 +579,15 @@ void CCabinetGraphicsScene::onNotifyProcessorStateChanged()
     update();
 }
 
+void CCabinetGraphicsScene::onBackgroundChanged(const SBackgroundInfo &newInfo, const SBackgroundInfo &,
+                                                bool sceneSizeChange)
+{
+    m_fill.set(newInfo);
+    if (sceneSizeChange)
+        updateContentRect();
+    update();
+}
+
 void CCabinetGraphicsScene::onNotifyCabinetColorChanged(int port, const QColor &color)
 {
     if (CGraphicsPortItem *item = portItem(port)) {
@@ -597,7 +606,7 @@ void CCabinetGraphicsScene::drawBackground(QPainter *painter, const QRectF &rect
 {
     painter->fillRect(rect, CLayoutPainter::surroundings());
     if (!m_content.canvas().isEmpty())
-        CLayoutPainter::paintCanvas(*painter, QRectF(QPointF(0, 0), QSizeF(m_content.canvas())));
+        CLayoutPainter::paintCanvas(*painter, QRectF(QPointF(0, 0), QSizeF(m_content.canvas())), m_fill);
 }
 
 void CCabinetGraphicsScene::drawForeground(QPainter *painter, const QRectF &)

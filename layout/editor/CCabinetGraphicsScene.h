@@ -5,6 +5,7 @@
 #include "layout/data/ILayoutSource.h"
 #include "layout/data/records/LayoutData.h"
 #include "layout/data/records/ProcessorTree.h"
+#include "layout/drawing/CCanvasFill.h"
 #include "layout/editor/CHighlights.h"
 #include "layout/editor/CPendingEdits.h"
 #include "layout/editor/CSceneContent.h"
@@ -171,6 +172,9 @@ public Q_SLOTS:
     void setCabinetLocked(int port, bool locked);
     void backupPort(int primary, int backup, bool back);
     void setCanvasSize(const QSize &size);
+    /// Shows the fill image of @p newInfo; with @p sceneSizeChange the canvas has another size, too.
+    void onBackgroundChanged(const SBackgroundInfo &newInfo, const SBackgroundInfo &oldInfo,
+                             bool sceneSizeChange = false);
     void onSelectionChanged();
     void onNotifyProcessorStateChanged();
     void onNotifyCabinetColorChanged(int port, const QColor &color);
@@ -195,6 +199,7 @@ private:
 
     const IPortStates &m_portStates;
     CSceneContent m_content;
+    CCanvasFill m_fill;
     CSceneSelection m_selection;
     CUndoRecorder m_recorder;
     CSceneOperations m_operations;

@@ -67,6 +67,7 @@ void CLayoutEditorPage::reload()
         m_view->clearLayout();
     else
         m_view->showLayout(m_processor, layout);
+    m_view->cabinetScene().onBackgroundChanged(m_store.background(), {});
 }
 
 void CLayoutEditorPage::setReadbackResult(bool same)
@@ -127,6 +128,8 @@ void CLayoutEditorPage::connectSignals()
             &CCabinetGraphicsScene::onNotifyCabinetColorChanged);
     connect(&m_store, &CLayoutData::notifyProcessorCanvasSizeChanged, scene,
             &CCabinetGraphicsScene::setCanvasSize);
+    connect(&m_store, &CLayoutData::notifyProcessorBackgroundChanged, scene,
+            &CCabinetGraphicsScene::onBackgroundChanged);
     connect(&m_store, &CLayoutData::notifyProcessorStateChanged, scene,
             &CCabinetGraphicsScene::onNotifyProcessorStateChanged);
     connect(&m_store, &CLayoutData::notifyProcessorPortBackup, scene,

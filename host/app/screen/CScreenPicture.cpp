@@ -4,7 +4,6 @@
 
 #include "layout/drawing/CLayoutPicture.h"
 
-#include <QImageReader>
 #include <QPainter>
 
 #include <algorithm>
@@ -36,12 +35,7 @@ CScreenPicture::CScreenPicture(QObject *parent)
 void CScreenPicture::setWall(const LayoutData &data, const SBackgroundInfo &background)
 {
     m_data = data;
-    if (background != m_background) {
-        m_background = background;
-        QImageReader reader(background.file);
-        reader.setAutoTransform(true);
-        m_backgroundImage = background.enabled ? reader.read() : QImage();
-    }
+    m_fill.set(background);
     invalidate();
 }
 
@@ -136,7 +130,7 @@ void CScreenPicture::paintWall(QPainter &painter, const QRectF &target)
 
     painter.save();
     painter.setTransform(canvas, true);
-    paintBackground(painter);
+    m_fill.paint(painter, QRectF(QPointF(0, 0), QSizeF(m_data.canvas)));
     painter.restore();
 
     SLayoutDrawOptions options;
@@ -151,19 +145,6 @@ void CScreenPicture::paintWall(QPainter &painter, const QRectF &target)
         painter.setTransform(canvas, true);
         paintStatusLeds(painter);
     }
-}
-
-void CScreenPicture::paintBackground(QPainter &painter) const
-{
-    if (m_backgroundImage.isNull())
-        return;
-    const QRectF canvas(QPointF(), m_data.canvas);
-    QSizeF size = QSizeF(m_backgroundImage.size()) * m_background.scale / 100.0;
-    if (m_background.fit == SBackgroundInfo::ZoomToFit)
-        size.scale(canvas.size(), Qt::KeepAspectRatio);
-    painter.setClipRect(canvas);
-    painter.setOpacity(m_background.opacity / 100.0);
-    painter.drawImage(QRectF(QPointF(), size), m_backgroundImage);
 }
 
 void CScreenPicture::paintStatusLeds(QPainter &painter) const

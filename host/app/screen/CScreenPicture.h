@@ -3,8 +3,8 @@
 #pragma once
 
 #include "layout/data/records/LayoutData.h"
-#include "layout/data/records/SBackgroundInfo.h"
 #include "layout/data/records/SHostRecords.h"
+#include "layout/drawing/CCanvasFill.h"
 
 #include <QObject>
 #include <QPixmap>
@@ -41,13 +41,11 @@ private:
     void onFlash();
     QTransform transformTo(const QRectF &target) const;
     void paintWall(QPainter &painter, const QRectF &target);
-    void paintBackground(QPainter &painter) const;
     void paintStatusLeds(QPainter &painter) const;
     void paintHighlight(QPainter &painter) const;
 
     LayoutData m_data;
-    SBackgroundInfo m_background;
-    QImage m_backgroundImage;
+    CCanvasFill m_fill;
     bool m_statusLed = false;
     bool m_numbersShown = false;
     QVector<QRect> m_highlighted;

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/SBackgroundInfo.h"
+#include "platform/common/CResult.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QImage>
+
+class QPainter;
+class QRectF;
+
+/// The fill image behind the cabinets of a canvas: reads its file and draws it. GUI thread.
+class CCanvasFill final
+{
+    Q_DECLARE_TR_FUNCTIONS(CCanvasFill)
+
+public:
+    static constexpr int LargestSide = 16384;                 ///< pixels
+    static constexpr qint64 LargestArea = 64LL * 1024 * 1024; ///< pixels
+
+    /// The image of a PNG or JPEG file. Fails, with a text that names the file, for one that is missing, no
+    /// such image, damaged, or larger than the limits.
+    static CResult<QImage> load(const QString &file);
+
+    /// Takes another background; the file is read only when it is another one, or has changed. An image that
+    /// cannot be read is left out, with a line in the log.
+    void set(const SBackgroundInfo &info);
+    const SBackgroundInfo &info() const { return m_info; }
+
+    /// Draws the image from the upper left corner of @p canvas, whose edges cut it off: in its natural size,
+    /// an image pixel a unit of the painter's coordinates, or as large as fits the canvas, and of that the
+    /// percentage asked for.
+    void paint(QPainter &painter, const QRectF &canvas) const;
+
+private:
+    SBackgroundInfo m_info;
+    QImage m_image; // null: nothing to be drawn
+    QString m_file; // that was read, or could not be
+    QDateTime m_fileTime;
+};
