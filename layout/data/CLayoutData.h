@@ -4,6 +4,7 @@
 
 #include "layout/data/CLayoutHandOver.h"
 #include "layout/data/CProcessorStates.h"
+#include "layout/data/CRecentCabinets.h"
 #include "layout/data/IPortStates.h"
 #include "platform/common/CSingleton.h"
 #include "platform/common/CWorkThread.h"
@@ -56,6 +57,7 @@ public:
 
     void setCurrentPort(int port) { m_states.setCurrentPort(port); }
     void setMappingFolder(const QString &folder) { m_mappingFolder = folder; }
+    CRecentCabinets &recentCabinets() { return m_recentCabinets; } ///< GUI thread
     void setOptions(const SLayoutOptions &options);
     /// Locks or unlocks a port of the current processor (-1: every port). GUI thread.
     void setPortLocked(int port, bool locked);
@@ -117,6 +119,7 @@ private:
     CProcessorStates m_states; // first: everything below uses it
     QUndoGroup m_undoGroup;
     QString m_mappingFolder;
+    CRecentCabinets m_recentCabinets;
     const ILayoutSource *m_source = nullptr;
     std::atomic<QObject *> m_controller{nullptr};
     std::unique_ptr<CNotificationDispatch> m_dispatch;

@@ -5,6 +5,7 @@
 #include "layout/data/CLayoutData.h"
 #include "layout/editor/CCabinetGraphicsScene.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
+#include "layout/plugin/CEditorCommands.h"
 #include "layout/plugin/CHostAccess.h"
 #include "layout/plugin/ILayoutInterfaceHandler.h"
 #include "platform/widgets/CMessageBox.h"
@@ -29,7 +30,9 @@ CLayoutEditorPage::CLayoutEditorPage(CLayoutData &store, QWidget *parent)
     , m_note(new QLabel)
     , m_showScreen(new CPureImageBtn(QStringLiteral(":/Image/ViewTitle/show-screen")))
     , m_view(new CLayoutGraphicsView(store))
+    , m_commands(std::make_unique<CEditorCommands>(store, *m_view))
 {
+    m_view->setCommands(m_commands.get());
     buildUi();
     connectSignals();
 }
@@ -37,6 +40,7 @@ CLayoutEditorPage::CLayoutEditorPage(CLayoutData &store, QWidget *parent)
 CLayoutEditorPage::~CLayoutEditorPage()
 {
     m_store.setLayoutSource(nullptr);
+    m_view->setCommands(nullptr);
 }
 
 QAbstractButton &CLayoutEditorPage::showScreenButton() const
@@ -129,7 +133,11 @@ void CLayoutEditorPage::connectSignals()
     connect(&m_store, &CLayoutData::notifyProcessorCanvasSizeChanged, scene,
             &CCabinetGraphicsScene::setCanvasSize);
     connect(&m_store, &CLayoutData::notifyProcessorBackgroundChanged, scene,
-            &CCabinetGraphicsScene::onBackgroundChanged);
+            [scene](const SBackgroundInfo &before, const SBackgroundInfo &now, bool sizeChanged) {
+                scene->onBackgroundChanged(now, before, sizeChanged);
+            });
+    connect(&m_commands->canvas(), &CCanvasCommands::previewed, scene,
+            [scene](const SBackgroundInfo &shown) { scene->onBackgroundChanged(shown, shown); });
     connect(&m_store, &CLayoutData::notifyProcessorStateChanged, scene,
             &CCabinetGraphicsScene::onNotifyProcessorStateChanged);
     connect(&m_store, &CLayoutData::notifyProcessorPortBackup, scene,

@@ -7,6 +7,9 @@
 
 #include <QWidget>
 
+#include <memory>
+
+class CEditorCommands;
 class CLayoutData;
 class CLayoutGraphicsView;
 class CPureImageBtn;
@@ -50,4 +53,5 @@ private:
     QLabel *m_note = nullptr;
     CPureImageBtn *m_showScreen = nullptr;
     CLayoutGraphicsView *m_view = nullptr;
+    std::unique_ptr<CEditorCommands> m_commands;
 };

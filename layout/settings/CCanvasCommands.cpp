@@ -4,6 +4,7 @@
 
 #include "layout/plugin/CHostAccess.h"
 #include "layout/plugin/ILayoutInterfaceHandler.h"
+#include "layout/settings/CCanvasBackgroundSetting.h"
 #include "layout/settings/CCanvasSizeSetting.h"
 #include "layout/settings/CFrameRateColorDepthSetting.h"
 #include "platform/widgets/CMessageBox.h"
@@ -49,6 +50,26 @@ void CCanvasCommands::setCanvasSize()
         return;
     if (const auto handler = handlerOf(processor))
         report(*handler, handler->setCanvasSize(dialog.canvasSize()));
+}
+
+void CCanvasCommands::setCanvasFill()
+{
+    const QUuid processor = processorInView();
+    if (processor.isNull())
+        return;
+    SBackgroundInfo before = CHostAccess::handler()->background(processor);
+    before.processor = processor;
+    CCanvasBackgroundSetting dialog(before, &m_window);
+    connect(&dialog, &CCanvasBackgroundSetting::changed, this, &CCanvasCommands::previewed);
+    bool done = false;
+    if (dialog.exec() == QDialog::Accepted) {
+        if (const auto handler = handlerOf(processor)) {
+            done = handler->setBackground(dialog.info());
+            report(*handler, done);
+        }
+    }
+    if (!done && processorInView() == processor)
+        Q_EMIT previewed(before);
 }
 
 void CCanvasCommands::report(const ILayoutInterfaceHandler &handler, bool done)

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/data/records/SBackgroundInfo.h"
+
 #include <QObject>
 
 #include <memory>
@@ -23,6 +25,13 @@ public:
 
     void setFrameRateAndColorDepth();
     void setCanvasSize();
+    /// The canvas follows the dialog while it is open, see previewed(); what was before comes back unless the
+    /// user says OK and the host agrees.
+    void setCanvasFill();
+
+Q_SIGNALS:
+    /// The canvas is to show this fill for now.
+    void previewed(const SBackgroundInfo &info);
 
 private:
     void report(const ILayoutInterfaceHandler &handler, bool done);

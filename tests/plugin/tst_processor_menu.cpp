@@ -5,11 +5,10 @@
 #include "layout/plugin/CProcessorMenu.h"
 #include "layout/plugin/LayoutNotification.h"
 #include "tests/harness/CFakeHost.h"
+#include "tests/harness/CFileDialogAnswerer.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
 
-#include <QFileDialog>
-#include <QLineEdit>
 #include <QMenu>
 
 namespace {
@@ -85,40 +84,6 @@ QStringList withoutReason(const QMenu &menu)
     }
     return texts;
 }
-
-/// Answers the next file dialog as a user does; an empty name cancels it. Notes its title and proposal.
-class CFileDialogAnswerer final : public QObject
-{
-public:
-    explicit CFileDialogAnswerer(const QString &file)
-        : m_file(file)
-    {
-        startTimer(1);
-    }
-    QString title;
-    QString proposal;
-    QStringList filters;
-
-protected:
-    void timerEvent(QTimerEvent *) override
-    {
-        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-        if (!dialog || !title.isEmpty())
-            return;
-        title = dialog->windowTitle();
-        filters = dialog->nameFilters();
-        auto *name = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-        proposal = name->text();
-        name->setText(m_file);
-        if (m_file.isEmpty())
-            dialog->reject();
-        else
-            QMetaObject::invokeMethod(dialog, "accept");
-    }
-
-private:
-    const QString m_file;
-};
 
 /// Closes the next dialog and notes its title.
 class CDialogCloser final : public QObject

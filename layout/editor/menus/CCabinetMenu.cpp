@@ -32,6 +32,7 @@ CCabinetMenu::CCabinetMenu(QMenu &menu, CCabinetGraphicsScene &scene, const CGra
 
 void CCabinetMenu::fill()
 {
+    m_menu.setObjectName(QStringLiteral("CabinetMenu"));
     m_menu.setFixedWidth(Width);
     m_menu.setToolTipsVisible(true);
     CEditEntries::addHistory(m_menu, m_scene, m_parent);

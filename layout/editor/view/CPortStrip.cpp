@@ -50,6 +50,7 @@ void CPortStrip::addPorts()
     m_ports->setToolTip(tr("Output port that append and paste act on"));
     m_ports->setAccessibleName(tr("Output port"));
     m_ports->setFocusPolicy(Qt::TabFocus);
+    m_ports->setPlaceholderText(tr("Output port"));
     m_ports->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_bar.addWidget(m_ports);
     connect(m_ports, QOverload<int>::of(&QComboBox::activated), this, [this] { Q_EMIT portChosen(port()); });
@@ -100,9 +101,6 @@ void CPortStrip::fillPortMenu()
                 [this, primary, chosen] { Q_EMIT redundancyChosen(primary, chosen); });
     }
     redundancy->setEnabled(!redundancy->isEmpty());
-    m_portMenu->addSeparator();
-    connect(m_portMenu->addAction(tr("Current gain parameter settings...")), &QAction::triggered, this,
-            &CPortStrip::currentGainClicked);
 }
 
 int CPortStrip::port() const

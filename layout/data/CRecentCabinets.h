@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/SMD5.h"
+
+#include <QSettings>
+#include <QSize>
+#include <QVector>
+
+/// The cabinet types that were used last and the last custom size, kept between runs. GUI thread.
+class CRecentCabinets final
+{
+public:
+    static constexpr int Limit = 10;
+
+    QVector<SMD5> types() const; ///< the last one first
+    void noteType(const SMD5 &key);
+
+    /// Pixels; 192 x 192 until one was set.
+    QSize customSize() const;
+    void setCustomSize(const QSize &size);
+
+private:
+    QSettings m_settings{QStringLiteral("Velmarinth"), QStringLiteral("Orvo")};
+};

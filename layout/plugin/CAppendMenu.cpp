@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/plugin/CAppendMenu.h"
+
+#include "layout/data/CLayoutData.h"
+#include "layout/settings/CCustomCabinet.h"
+#include "layout/settings/CTypeSizeRule.h"
+#include "layout/settings/TypeMenu.h"
+
+#include <QMenu>
+
+namespace {
+
+QString sizedText(const QString &name, const QSize &size)
+{
+    return QStringLiteral("%1(%2x%3)").arg(name).arg(size.width()).arg(size.height());
+}
+
+} // namespace
+
+void CAppendMenu::fill(QMenu &menu) const
+{
+    addRecent(menu);
+    addCustom(menu);
+}
+
+void CAppendMenu::addRecent(QMenu &menu) const
+{
+    QVector<TypeInfo> types;
+    for (const SMD5 &key : m_store.recentCabinets().types()) {
+        const TypeInfo type = m_store.getTypeInfo(key);
+        if (type.isValid()) // one that has left the library is of no use
+            types << type;
+    }
+    if (types.isEmpty())
+        return;
+    QMenu *recent = menu.addMenu(tr("Use recent"));
+    for (const TypeInfo &type : qAsConst(types)) {
+        const QSize size(type.width, type.height);
+        QAction *action = TypeMenu::addType(*recent, type, sizedText(type.name, size));
+        action->setProperty("append", QVariant::fromValue(type));
+        action->setProperty("appendSize", size);
+        QObject::connect(action, &QAction::triggered, recent,
+                         [chosen = m_chosen, parent = m_parent, type, size] {
+                             if (CTypeSizeRule::check(type, parent))
+                                 chosen(type, size);
+                         });
+    }
+    menu.addSeparator();
+}
+
+void CAppendMenu::addCustom(QMenu &menu) const
+{
+    const QSize size = m_store.recentCabinets().customSize();
+    QAction *last = menu.addAction(sizedText(tr("Custom"), size));
+    last->setProperty("append", QVariant::fromValue(TypeInfo()));
+    last->setProperty("appendSize", size);
+    QObject::connect(last, &QAction::triggered, &menu, [chosen = m_chosen, size] { chosen({}, size); });
+    QAction *other = menu.addAction(QStringLiteral("%1...").arg(tr("Custom")));
+    QObject::connect(other, &QAction::triggered, &menu,
+                     [&store = m_store, chosen = m_chosen, parent = m_parent, size] {
+                         CCustomCabinet dialog(size, parent);
+                         if (dialog.exec() != QDialog::Accepted)
+                             return;
+                         store.recentCabinets().setCustomSize(dialog.cabinetSize());
+                         chosen({}, dialog.cabinetSize());
+                     });
+}

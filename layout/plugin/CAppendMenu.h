@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/SSettings.h"
+
+#include <QCoreApplication>
+#include <QSize>
+
+#include <functional>
+
+class CLayoutData;
+class QMenu;
+class QWidget;
+
+/// Fills the menu whose entries append cabinets to an output port: recent types and a custom size. The
+/// property "append" of an entry holds its type, "appendSize" its size. GUI thread.
+class CAppendMenu final
+{
+    Q_DECLARE_TR_FUNCTIONS(CAppendMenu)
+
+public:
+    using TypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
+    /// Told the type, which is empty for a custom size, and the size in pixels.
+    using Chosen = std::function<void(const TypeInfo &, const QSize &)>;
+
+    /// @p store and @p parent, over which the user is told and asked, must outlive the menu.
+    CAppendMenu(CLayoutData &store, Chosen chosen, QWidget *parent)
+        : m_store(store)
+        , m_chosen(std::move(chosen))
+        , m_parent(parent)
+    {
+    }
+
+    void fill(QMenu &menu) const;
+
+private:
+    void addRecent(QMenu &menu) const;
+    void addCustom(QMenu &menu) const;
+
+    CLayoutData &m_store;
+    Chosen m_chosen;
+    QWidget *m_parent;
+};

@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/plugin/CCabinetFiles.h"
+
+#include "layout/data/CLayoutData.h"
+#include "layout/plugin/CHostAccess.h"
+#include "layout/plugin/ILayoutInterfaceHandler.h"
+#include "platform/widgets/CMessageBox.h"
+
+#include <QDateTime>
+#include <QFileDialog>
+#include <QFileInfo>
+
+namespace {
+
+const QString ConfigSuffix = QStringLiteral(".rcvbp");
+
+} // namespace
+
+/// Empty when the user does not want to. A name without a suffix gets that of configurations.
+QString CCabinetFiles::askForFile(const QString &title, const QString &filter, const QString &proposed)
+{
+    QFileDialog dialog(m_parent, title, m_store.mappingFolder(), filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite); // asked in words of our own
+    dialog.selectFile(proposed);
+    if (dialog.exec() != QDialog::Accepted)
+        return {};
+    QString file = dialog.selectedFiles().value(0);
+    if (file.isEmpty())
+        return {};
+    if (QFileInfo(file).suffix().isEmpty())
+        file += ConfigSuffix;
+    m_store.setMappingFolder(QFileInfo(file).absolutePath());
+    const QString question = tr("The file already exists in the current path. Do you want to overwrite it?");
+    if (QFileInfo::exists(file) && CMessageBox::question(m_parent, question) != 0)
+        return {};
+    return file;
+}
+
+void CCabinetFiles::exportConfiguration(const Cabinet &cabinet)
+{
+    const QString file =
+        askForFile(tr("Export..."), QStringLiteral("*.rcvbp"), m_store.getTypeInfo(cabinet.type).name);
+    if (file.isEmpty())
+        return;
+    const auto handler = CHostAccess::handler();
+    if (handler->exportCabinetConfig(cabinet, file))
+        CMessageBox::information(m_parent, tr("Export Success."));
+    else
+        CMessageBox::information(m_parent, tr("Export failed."), handler->lastError());
+}
+
+void CCabinetFiles::readBack(const Cabinet &cabinet)
+{
+    const QString now = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd-hh-mm-ss"));
+    const QString file = askForFile(tr("Readback..."), QStringLiteral("*.rcvbp;;*.rcvp"), now);
+    if (file.isEmpty())
+        return;
+    const QString type = cabinet.type.isNull() ? QString() : m_store.getTypeInfo(cabinet.type).name;
+    const auto handler = CHostAccess::handler();
+    if (handler->readbackCabinetConfig(cabinet.port, cabinet, file, type))
+        CMessageBox::information(m_parent, tr("Readback successful."));
+    else
+        CMessageBox::information(m_parent, tr("Readback failed."), handler->lastError());
+}

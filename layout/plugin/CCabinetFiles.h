@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/records/CabinetLayout.h"
+
+#include <QCoreApplication>
+
+class CLayoutData;
+class QWidget;
+
+/// Has the host write a cabinet's configuration to a file, as the library knows it or as the cabinet tells.
+/// GUI thread.
+class CCabinetFiles final
+{
+    Q_DECLARE_TR_FUNCTIONS(CCabinetFiles)
+
+public:
+    using Cabinet = CabinetLayout::CabinetPort::Cabinet;
+
+    CCabinetFiles(CLayoutData &store, QWidget *parent)
+        : m_store(store)
+        , m_parent(parent)
+    {
+    }
+
+    void exportConfiguration(const Cabinet &cabinet);
+    void readBack(const Cabinet &cabinet);
+
+private:
+    QString askForFile(const QString &title, const QString &filter, const QString &proposed);
+
+    CLayoutData &m_store;
+    QWidget *m_parent;
+};

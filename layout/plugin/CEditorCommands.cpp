@@ -1,0 +1,157 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/plugin/CEditorCommands.h"
+
+#include "layout/data/CLayoutData.h"
+#include "layout/drawing/CLayoutPainter.h"
+#include "layout/editor/CCabinetGraphicsScene.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/view/CLayoutGraphicsView.h"
+#include "layout/plugin/CAppendMenu.h"
+#include "layout/plugin/CCabinetFiles.h"
+#include "layout/plugin/CHostAccess.h"
+#include "layout/plugin/ILayoutInterfaceHandler.h"
+#include "layout/settings/CCabinetFillSetting.h"
+#include "layout/settings/CCabinetInformation.h"
+#include "layout/settings/CCabinetParaSave.h"
+#include "layout/settings/CCabinetTypeSetting.h"
+#include "platform/widgets/CMessageBox.h"
+
+#include <QMenu>
+
+CEditorCommands::CEditorCommands(CLayoutData &store, CLayoutGraphicsView &view)
+    : m_store(store)
+    , m_view(view)
+    , m_canvas(view)
+{
+}
+
+void CEditorCommands::fillAllPorts(const QColor &color)
+{
+    for (const CabinetLayout::CabinetPort &port : m_store.ports())
+        m_store.setPortColor(port.index, color);
+}
+
+void CEditorCommands::fillCurrentPort(QWidget *parent)
+{
+    const int port = m_store.currentPort();
+    if (port < 0)
+        return;
+    CCabinetFillSetting dialog(m_store.port(port).color, CLayoutPainter::defaultPortColor(port), parent);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    const SCabinetFill fill = dialog.fill();
+    if (fill.allPorts)
+        fillAllPorts(fill.color);
+    else
+        m_store.setPortColor(port, fill.color);
+}
+
+void CEditorCommands::resetFills(QWidget *)
+{
+    fillAllPorts(QColor());
+}
+
+void CEditorCommands::markCustomCabinets(bool marked)
+{
+    SLayoutOptions options = m_store.options();
+    options.markupCustomCabinets = marked;
+    m_store.setOptions(options);
+}
+
+void CEditorCommands::chooseType(QWidget *parent)
+{
+    CCabinetGraphicsScene &scene = m_view.cabinetScene();
+    for (const int port : scene.selection().ports()) {
+        if (m_store.isPortLocked(port)) {
+            CMessageBox::information(parent, tr("Port %1 is locked.").arg(port + 1));
+            return;
+        }
+    }
+    CCabinetTypeSetting dialog(
+        scene.selection().records(), [&store = m_store] { return store.typeLibrary(); }, parent);
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    m_store.recentCabinets().noteType(dialog.type().key);
+    scene.selectionShape().applyType(dialog.type());
+}
+
+void CEditorCommands::saveParameters(const QList<Cabinet> &cabinets, QWidget *parent)
+{
+    CCabinetParaSave(cabinets, m_store.typeLibrary(), parent).exec();
+}
+
+void CEditorCommands::showInformation(const QList<Cabinet> &cabinets, QWidget *parent)
+{
+    const auto typeOf = [&store = m_store](const SMD5 &key) { return store.getTypeInfo(key); };
+    CCabinetInformation(cabinets, typeOf, parent).exec();
+}
+
+void CEditorCommands::exportConfiguration(const Cabinet &cabinet, QWidget *parent)
+{
+    CCabinetFiles(m_store, parent).exportConfiguration(cabinet);
+}
+
+QString CEditorCommands::readbackRefusal() const
+{
+    const auto handler = CHostAccess::handler();
+    return handler->currentProcessorNode().online ? QString() : tr("The processor is offline.");
+}
+
+void CEditorCommands::readBackConfiguration(const Cabinet &cabinet, QWidget *parent)
+{
+    CCabinetFiles(m_store, parent).readBack(cabinet);
+}
+
+void CEditorCommands::setFrameRateAndColorDepth(QWidget *)
+{
+    m_canvas.setFrameRateAndColorDepth();
+}
+
+void CEditorCommands::setCanvasSize(QWidget *)
+{
+    m_canvas.setCanvasSize();
+}
+
+void CEditorCommands::setCanvasFill(QWidget *)
+{
+    m_canvas.setCanvasFill();
+}
+
+void CEditorCommands::adjustCurrentGain(QWidget *)
+{
+    // gain m_canvas.adjustCurrentGain();
+}
+
+void CEditorCommands::openTypeLibrary(QWidget *parent)
+{
+    CHostAccess::handler()->showTypeLibrary(parent);
+}
+
+void CEditorCommands::fillAppendMenu(QMenu &menu, QWidget *parent)
+{
+    const int port = m_store.currentPort();
+    const CGraphicsPortItem *item = m_view.cabinetScene().portItem(port);
+    if (!item || item->isLocked())
+        return;
+    const QString refused = CScenePlacing::refusal(item->cabinets(nullptr).size(), 1);
+    if (!refused.isEmpty()) {
+        CMessageBox::information(parent, refused);
+        return;
+    }
+    const auto append = [this, port](const CAppendMenu::TypeInfo &type, const QSize &size) {
+        if (!type.key.isNull())
+            m_store.recentCabinets().noteType(type.key);
+        m_view.onNotifyAppendCabinet(type, port, size);
+    };
+    CAppendMenu(m_store, append, parent).fill(menu);
+}
+
+bool CEditorCommands::highlight(const QList<Cabinet> &cabinets, CabinetHighlight kind, QWidget *parent)
+{
+    const auto handler = CHostAccess::handler();
+    const bool done = handler && handler->setCabinetHighlight(cabinets, kind);
+    if (!done && handler && !cabinets.isEmpty())
+        CMessageBox::information(parent, tr("Set failed."), handler->lastError());
+    return done;
+}

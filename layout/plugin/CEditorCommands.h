@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/editor/IEditorCommands.h"
+#include "layout/settings/CCanvasCommands.h"
+
+#include <QCoreApplication>
+
+class CLayoutData;
+class CLayoutGraphicsView;
+
+/// Carries out what menus and tools of the canvas ask for beyond edits: brings the editor, the store, the
+/// dialogs and the host together. GUI thread.
+class CEditorCommands final : public IEditorCommands
+{
+    Q_DECLARE_TR_FUNCTIONS(CEditorCommands)
+
+public:
+    /// @p store and @p view must outlive the commands.
+    CEditorCommands(CLayoutData &store, CLayoutGraphicsView &view);
+
+    CCanvasCommands &canvas() { return m_canvas; }
+
+    void fillCurrentPort(QWidget *parent) override;
+    void resetFills(QWidget *parent) override;
+    void markCustomCabinets(bool marked) override;
+    void chooseType(QWidget *parent) override;
+    void saveParameters(const QList<Cabinet> &cabinets, QWidget *parent) override;
+    void showInformation(const QList<Cabinet> &cabinets, QWidget *parent) override;
+    void exportConfiguration(const Cabinet &cabinet, QWidget *parent) override;
+    QString readbackRefusal() const override;
+    void readBackConfiguration(const Cabinet &cabinet, QWidget *parent) override;
+    void setFrameRateAndColorDepth(QWidget *parent) override;
+    void setCanvasSize(QWidget *parent) override;
+    void setCanvasFill(QWidget *parent) override;
+    void adjustCurrentGain(QWidget *parent) override;
+    void openTypeLibrary(QWidget *parent) override;
+    void fillAppendMenu(QMenu &menu, QWidget *parent) override;
+    bool highlight(const QList<Cabinet> &cabinets, CabinetHighlight kind, QWidget *parent) override;
+
+private:
+    void fillAllPorts(const QColor &color);
+
+    CLayoutData &m_store;
+    CLayoutGraphicsView &m_view;
+    CCanvasCommands m_canvas;
+};
