@@ -195,7 +195,8 @@ private Q_SLOTS:
         });
         m_world->commands.chooseType(nullptr);
         QCOMPARE(m_world->cabinet(0, 0).cabinet().type, SMD5::ofContent("Flat"));
-        QCOMPARE(m_world->store.recentCabinets().types(), QVector<SMD5>{SMD5::ofContent("Flat")});
+        QCOMPARE(m_world->store.recentCabinets().types().size(), 1);
+        QCOMPARE(m_world->store.recentCabinets().types().first(), SMD5::ofContent("Flat"));
     }
 
     void fillsOneOrAllPorts()
