@@ -43,10 +43,12 @@ CCabinetGraphicsScene::~CCabinetGraphicsScene()
 }
 
 void CCabinetGraphicsScene::setLayoutData(const ProcessorTree::ProcessorNode &processor,
-                                          const LayoutData &data, const QList<QUuid> &selected, bool undoable)
+                                          const LayoutData &data, const PasteCache &pasteCache,
+                                          const QList<QUuid> &selected, bool undoable)
 {
     if (processor.uuid.isNull() || data.processor != processor.uuid)
         return;
+    m_placing.setCache(pasteCache);
     cancelGesture();
     const CEditBatch batch(*this);
     if (undoable && m_content.canRebuild(data)) {

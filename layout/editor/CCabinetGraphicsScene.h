@@ -36,11 +36,13 @@ public:
     explicit CCabinetGraphicsScene(const IPortStates &ports, QObject *parent = nullptr);
     ~CCabinetGraphicsScene() override;
 
-    /// Rebuilds all items from @p data, the layout of @p processor, and selects those whose keys are in @p
-    /// selected. A layout of another processor changes nothing. With @p undoable the change is recorded, for
-    /// which the ports must be the same; otherwise what was recorded before stays as it is.
+    /// Rebuilds all items from @p data, the layout of @p processor, keeps @p pasteCache for pasting, and
+    /// selects the items whose keys are in @p selected. A layout of another processor changes nothing. With
+    /// @p undoable the change is recorded, for which the ports must be the same; otherwise what was recorded
+    /// before stays as it is.
     void setLayoutData(const ProcessorTree::ProcessorNode &processor, const LayoutData &data,
-                       const QList<QUuid> &selected = {}, bool undoable = false);
+                       const PasteCache &pasteCache = {}, const QList<QUuid> &selected = {},
+                       bool undoable = false);
     /// Whether @p data can be shown as a change that can be undone.
     bool canRebuild(const LayoutData &data) const { return m_content.canRebuild(data); }
     /// Removes all items, for when no processor is in view.

@@ -134,7 +134,7 @@ private Q_SLOTS:
         SCopyWorld world;
         world.copyPort(0);
         const LayoutData other = SmallWorlds::data({SmallWorlds::port(0, {})});
-        world.scene.setLayoutData(SmallWorlds::node(other), other);
+        world.scene.setLayoutData(SmallWorlds::node(other), other, world.scene.pasteCache());
         world.pasteInto(0, QPointF(10, 10));
         QCOMPARE(world.scene.portItem(0)->cabinets(nullptr).size(), 4);
     }

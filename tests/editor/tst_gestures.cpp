@@ -21,7 +21,7 @@ void showAgain(CMouseTester &mouse, bool otherProcessor, bool undoable)
     LayoutData data = SmallWorlds::data(mouse.original().ports);
     if (!otherProcessor)
         data.processor = data.layout.processor = mouse.original().processor;
-    mouse.scene().setLayoutData(SmallWorlds::node(data), data, {}, undoable);
+    mouse.scene().setLayoutData(SmallWorlds::node(data), data, {}, {}, undoable);
 }
 
 } // namespace

@@ -113,7 +113,7 @@ private Q_SLOTS:
         const auto all = data.layout.ports.at(0).getAllCabinets();
         CFixedPortStates states;
         CCabinetGraphicsScene scene(states);
-        scene.setLayoutData(SmallWorlds::node(data), data,
+        scene.setLayoutData(SmallWorlds::node(data), data, {},
                             {all.at(1).uuid, all.at(5).uuid, QUuid::createUuid()});
         const QList<QGraphicsItem *> selected = scene.selectedItems();
         QCOMPARE(selected.size(), 2);

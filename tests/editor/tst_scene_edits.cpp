@@ -293,7 +293,7 @@ private Q_SLOTS:
         scene.setLayoutData(SmallWorlds::node(data), data);
         LayoutData other = data;
         other.layout.ports = world().layout.ports;
-        scene.setLayoutData(SmallWorlds::node(other), other, {}, true);
+        scene.setLayoutData(SmallWorlds::node(other), other, {}, {}, true);
         QVERIFY(layoutOf(scene, data) == other.layout);
         QCOMPARE(scene.operationName(), QStringLiteral("Reset"));
         scene.undo(nullptr);
@@ -303,7 +303,7 @@ private Q_SLOTS:
         LayoutData same = data;
         same.layout.ports[0].groups << CabinetLayout::CabinetPort::CabinetGroup();
         same.layout.ports[0].groups.last().uuid = QUuid::createUuid(); // an empty group is not shown
-        scene.setLayoutData(SmallWorlds::node(same), same, {}, true);
+        scene.setLayoutData(SmallWorlds::node(same), same, {}, {}, true);
         QVERIFY(layoutOf(scene, data) == data.layout);
         QCOMPARE(sceneSpy.count(), 0);
         QVERIFY(scene.undoStack()->canRedo());
@@ -312,7 +312,7 @@ private Q_SLOTS:
 
         CGraphicsCabinetItem *kept = scene.portItem(0)->cabinets(nullptr).first();
         other.layout.ports[2].groups.clear();
-        scene.setLayoutData(SmallWorlds::node(other), other, {}, true);
+        scene.setLayoutData(SmallWorlds::node(other), other, {}, {}, true);
         QVERIFY(layoutOf(scene, data) == other.layout);
         QCOMPARE(scene.portItem(0)->cabinets(nullptr).first(), kept); // its port has not changed
         QCOMPARE(CSceneVerifier::faultIn(scene), QString());

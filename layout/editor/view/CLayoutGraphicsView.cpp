@@ -135,7 +135,7 @@ void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &process
     const bool inPlace = !another && m_scene->canRebuild(layout);
     if (!another && !inPlace && m_scene->undoStack())
         m_scene->undoStack()->clear(); // its steps belong to ports that are there no more
-    m_scene->setLayoutData(processor, layout, {}, inPlace);
+    m_scene->setLayoutData(processor, layout, m_scene->pasteCache(), {}, inPlace);
     QList<int> ports;
     for (const CGraphicsPortItem *port : m_scene->portItems())
         ports << port->port();

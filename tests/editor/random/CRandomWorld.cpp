@@ -335,7 +335,7 @@ QString CRandomWorld::reload(bool undoable, QRandomGenerator &random)
         before = data.layout;
     }
     const bool same = withoutStates(layout()) == withoutStates(before);
-    m_scene.setLayoutData(SmallWorlds::node(data), data, {}, undoable);
+    m_scene.setLayoutData(SmallWorlds::node(data), data, {}, {}, undoable);
     if (undoable && (m_scene.undoStack()->index() == index) != same)
         return QStringLiteral("a reload of %1 layout")
             .arg(same ? QStringLiteral("an equal") : QStringLiteral("another"));
