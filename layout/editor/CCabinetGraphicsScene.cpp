@@ -613,6 +613,8 @@ void CCabinetGraphicsScene::drawBackground(QPainter *painter, const QRectF &rect
 
 void CCabinetGraphicsScene::drawForeground(QPainter *painter, const QRectF &)
 {
+    if (isPicturing())
+        return;
     m_gestures.paint(*painter);
     m_placing.paint(*painter);
 }

@@ -58,8 +58,10 @@ void CLayoutEditorPage::setProcessor(const ProcessorTree::ProcessorNode &process
     const bool another = processor.uuid != m_processor.uuid;
     m_processor = processor;
     m_title->setText(processor.uuid.isNull() ? QString() : processor.displayText());
-    if (another)
+    if (another) {
+        m_store.setCurrentPort(-1);
         reload();
+    }
 }
 
 void CLayoutEditorPage::reload()
@@ -70,8 +72,16 @@ void CLayoutEditorPage::reload()
     if (m_processor.uuid.isNull())
         m_view->clearLayout();
     else
-        m_view->showLayout(m_processor, layout);
+        showLayout(layout);
     m_view->cabinetScene().onBackgroundChanged(m_store.background(), {});
+}
+
+/// Commands always have a port to act on, where the processor has one.
+void CLayoutEditorPage::showLayout(const LayoutData &layout)
+{
+    if (!layout.layout.port(m_store.currentPort()))
+        m_store.setCurrentPort(layout.layout.ports.isEmpty() ? -1 : layout.layout.ports.first().index);
+    m_view->showLayout(m_processor, layout);
 }
 
 void CLayoutEditorPage::setReadbackResult(bool same)

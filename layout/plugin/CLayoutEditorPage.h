@@ -3,6 +3,7 @@
 #pragma once
 
 #include "layout/data/records/CabinetLayout.h"
+#include "layout/data/records/LayoutData.h"
 #include "layout/data/records/ProcessorTree.h"
 
 #include <QWidget>
@@ -43,6 +44,7 @@ public:
     void setEditingBlocked(bool blocked);
 
 private:
+    void showLayout(const LayoutData &layout);
     void setPortRedundancy(int primary, int backup);
     void buildUi();
     void connectSignals();

@@ -31,3 +31,10 @@ void CGraphicsScene::polishNewItems()
 {
     QMetaObject::invokeMethod(this, "_q_polishItems", Qt::DirectConnection);
 }
+
+void CGraphicsScene::renderPicture(QPainter &painter, const QRectF &target, const QRectF &source)
+{
+    m_picturing = true;
+    render(&painter, target, source);
+    m_picturing = false;
+}

@@ -20,6 +20,9 @@ public:
     void setContentRect(const QRectF &content);
     QRectF contentRect() const { return m_content; }
 
+    /// Draws what lies in @p source into @p target, without what only the user of a view sees.
+    void renderPicture(QPainter &painter, const QRectF &target, const QRectF &source);
+
     /// Completes what Qt puts off to the next turn of the event loop for items that were added. Done once an
     /// operation that adds many: until then Qt walks a list of all of them for each item that goes.
     void polishNewItems();
@@ -35,7 +38,11 @@ protected:
     void reserveItems(int count) { m_items.reserve(count); }
     void forgetItems() { m_items.clear(); }
 
+    /// Whether a picture is drawn, not a view.
+    bool isPicturing() const { return m_picturing; }
+
 private:
+    bool m_picturing = false;
     QRectF m_content;
     QHash<QUuid, QGraphicsItem *> m_items;
 };

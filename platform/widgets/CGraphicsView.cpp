@@ -25,7 +25,7 @@ CGraphicsView::CGraphicsView(QWidget *parent)
     setFrameShape(QFrame::NoFrame);
     setTransformationAnchor(NoAnchor); // a zoom keeps a point of its own choice in place
     setResizeAnchor(AnchorViewCenter);
-    setOptimizationFlags(DontSavePainterState | DontAdjustForAntialiasing);
+    setOptimizationFlags(DontSavePainterState); // cosmetic pens reach a little beyond their items
     m_aerialView->hide();
     createActions();
 }

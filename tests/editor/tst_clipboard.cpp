@@ -230,6 +230,20 @@ private Q_SLOTS:
         QCOMPARE(mouse.layout(), mouse.original());
     }
 
+    void pastesUnderTheCursorByKey()
+    {
+        CMouseTester mouse;
+        mouse.showAtActualSize();
+        mouse.states().current = 2;
+        mouse.scene().selectPort(0, true);
+        mouse.scene().copySelected();
+        const QPoint place(700, 300);
+        QCursor::setPos(mouse.view().viewport()->mapToGlobal(mouse.view().mapFromScene(place)));
+        QTest::keyClick(&mouse.view(), Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(mouse.scene().selection().extent().topLeft(), place);
+        QCOMPARE(mouse.scene().selection().ports(), QList<int>{2});
+    }
+
     void anAppendCanBeLeft_data()
     {
         QTest::addColumn<int>("way");

@@ -35,7 +35,7 @@ QPointF underCursor(const QGraphicsScene &scene)
 {
     QPointF position;
     for (const QGraphicsView *view : scene.views())
-        position = view->mapToScene(view->mapFromGlobal(QCursor::pos()));
+        position = view->mapToScene(view->viewport()->mapFromGlobal(QCursor::pos()));
     return position;
 }
 

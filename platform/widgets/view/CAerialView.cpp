@@ -65,7 +65,8 @@ void CAerialView::refresh()
     const QRectF source = content();
     if (!source.isEmpty()) {
         QPainter painter(&m_picture);
-        m_view.scene()->render(&painter, toPicture().mapRect(source), source);
+        auto *scene = qobject_cast<CGraphicsScene *>(m_view.scene());
+        scene->renderPicture(painter, toPicture().mapRect(source), source);
     }
     update();
 }
