@@ -120,7 +120,7 @@ void CEditorCommands::setCanvasFill(QWidget *)
 
 void CEditorCommands::adjustCurrentGain(QWidget *)
 {
-    // gain m_canvas.adjustCurrentGain();
+    m_canvas.adjustCurrentGain();
 }
 
 void CEditorCommands::openTypeLibrary(QWidget *parent)

@@ -6,6 +6,7 @@
 #include "layout/plugin/ILayoutInterfaceHandler.h"
 #include "layout/settings/CCanvasBackgroundSetting.h"
 #include "layout/settings/CCanvasSizeSetting.h"
+#include "layout/settings/CEleCurrentAdjustDialog.h"
 #include "layout/settings/CFrameRateColorDepthSetting.h"
 #include "platform/widgets/CMessageBox.h"
 
@@ -70,6 +71,13 @@ void CCanvasCommands::setCanvasFill()
     }
     if (!done && processorInView() == processor)
         Q_EMIT previewed(before);
+}
+
+void CCanvasCommands::adjustCurrentGain()
+{
+    const QUuid processor = processorInView();
+    if (!processor.isNull())
+        CEleCurrentAdjustDialog(processor, &m_window).exec();
 }
 
 void CCanvasCommands::report(const ILayoutInterfaceHandler &handler, bool done)

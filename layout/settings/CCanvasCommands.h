@@ -28,6 +28,7 @@ public:
     /// The canvas follows the dialog while it is open, see previewed(); what was before comes back unless the
     /// user says OK and the host agrees.
     void setCanvasFill();
+    void adjustCurrentGain();
 
 Q_SIGNALS:
     /// The canvas is to show this fill for now.
