@@ -69,7 +69,7 @@ void CSceneContent::rebuild(const LayoutData &data, CUndoRecorder &recorder)
         if (wanted == shown)
             continue;
         m_ports.at(i)->setState(wanted);
-        if (wanted.groups != shown.groups)
+        if (!LayoutData::comparePortData(wanted, shown, true))
             changed << qMakePair(m_ports.at(i), wanted);
     }
     for (const auto &port : qAsConst(changed))

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/CSelectionShape.h"
 
+#include "layout/editor/CAreaRecorder.h"
 #include "layout/editor/CSceneSelection.h"
 #include "layout/editor/CUndoRecorder.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
@@ -55,10 +56,12 @@ void CSelectionShape::resizeTo(const QSize &size)
     for (CGraphicsItemBase *item : m_selection.sorted()) {
         if (item->type() != CabinetItemKind || item->isGrouped() || item->rect().size() == QSizeF(size))
             continue;
+        const QSizeF before = item->rect().size();
         auto command = std::make_unique<CReszieCommand>(item);
-        command->setStartValue(item->rect().size());
+        command->setStartValue(before);
         command->setEndValue(QSizeF(size));
         m_recorder.push(std::move(command));
+        CAreaRecorder::scale(m_recorder, *item, before, size);
     }
 }
 

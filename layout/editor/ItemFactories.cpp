@@ -23,7 +23,6 @@ CUndoCommandBase::Factory ItemFactories::anew(const CGraphicsCabinetItem &cabine
     return [record = cabinet.cabinet(), name = cabinet.name(),
             ordinal = cabinet.ordinal()]() -> CGraphicsItemBase * {
         auto *item = new CGraphicsCabinetItem(record, nullptr);
-        item->forgetHighlight();
         item->setName(name);
         item->setOrdinal(ordinal);
         return item;

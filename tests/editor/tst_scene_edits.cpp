@@ -318,6 +318,37 @@ private Q_SLOTS:
         QCOMPARE(CSceneVerifier::faultIn(scene), QString());
     }
 
+    void aHighlightIsNoDifferenceOfTheLayout()
+    {
+        LayoutData data = world();
+        CFixedPortStates states;
+        Scene scene(states);
+        scene.setLayoutData(SmallWorlds::node(data), data);
+        scene.pressHighlight(*scene.portItem(0)->cabinets(nullptr).first(), false);
+        LayoutData marked = data;
+        marked.layout = layoutOf(scene, data);
+        QCOMPARE(marked.layout.ports[0].getAllCabinets().first().calibrationIndex, 0);
+        scene.setLayoutData(SmallWorlds::node(data), data, {}, {}, true);
+        QCOMPARE(scene.undoStack()->count(), 0);
+        QCOMPARE(scene.highlightedCabinets().size(), 1);
+        scene.setLayoutData(SmallWorlds::node(marked), marked);
+        QVERIFY(layoutOf(scene, data) == data.layout); // anew, and no cabinet stands out
+    }
+
+    void receiversFollowASizeInFigures()
+    {
+        const LayoutData data = world();
+        CFixedPortStates states;
+        Scene scene(states);
+        scene.setLayoutData(SmallWorlds::node(data), data);
+        selectCabinets(scene, 2, {0});
+        scene.selectionShape().resizeTo(QSize(60, 30));
+        const auto resized = layoutOf(scene, data).ports[2].getAllCabinets().first();
+        QCOMPARE(resized.rects, (QVector<QRect>{QRect(0, 0, 30, 30), QRect(30, 0, 30, 30)}));
+        scene.undo(nullptr);
+        QVERIFY(layoutOf(scene, data) == data.layout);
+    }
+
     void withoutAStackEditsStillApply()
     {
         const LayoutData data = world();

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/gestures/CItemDrag.h"
 
+#include "layout/editor/CAreaRecorder.h"
 #include "layout/editor/CUndoRecorder.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IEditorScene.h"
-#include "layout/editor/undo/CChangeCabinetTypeCommand.h"
 #include "layout/editor/undo/CMoveCommand.h"
 #include "layout/editor/undo/CReszieCommand.h"
 #include "layout/geometry/CResizeHandles.h"
@@ -30,16 +30,6 @@ QSizeF largestFrame(const QVector<CGraphicsCabinetItem *> &cabinets, const QSize
     const qreal side = CResizeHandles::LargestSide;
     return QSizeF(std::floor(frame.width() * side / largestPart.width()),
                   std::floor(frame.height() * side / largestPart.height()));
-}
-
-CabinetLayout::CabinetPort::Cabinet withScaledAreas(CabinetLayout::CabinetPort::Cabinet record,
-                                                    const QSizeF &from, const QSizeF &to)
-{
-    for (QVector<QRect> *areas : {&record.rects, &record.blanks}) {
-        for (QRect &area : *areas)
-            area = CResizeHandles::mapped(area, QRectF(QPointF(), from), QRectF(QPointF(), to)).toRect();
-    }
-    return record;
 }
 
 } // namespace
@@ -165,10 +155,5 @@ void CItemDrag::recordItem(CUndoRecorder &recorder, const SStart &start)
         command->setEndValue(item->scenePos());
         recorder.push(std::move(command));
     }
-    if (size != start.size && !(item->cabinet().rects.isEmpty() && item->cabinet().blanks.isEmpty())) {
-        auto command = std::make_unique<CChangeCabinetTypeCommand>(item);
-        command->setStartValue(QVariant::fromValue(item->cabinet()));
-        command->setEndValue(QVariant::fromValue(withScaledAreas(item->cabinet(), start.size, size)));
-        recorder.push(std::move(command));
-    }
+    CAreaRecorder::scale(recorder, *item, start.size, size);
 }

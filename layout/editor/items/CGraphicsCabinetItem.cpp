@@ -29,6 +29,7 @@ CGraphicsCabinetItem::CGraphicsCabinetItem(const Cabinet &cabinetRecord, QGraphi
     record() = cabinetRecord;
     record().uuid = uuid();
     record().rank = NoPosition;
+    record().calibrationIndex = -1; // a highlight ends with the item that showed it
     const QRectF placement = CCabinetRect::fromRecord(cabinetRecord.rect);
     setSize(placement.size());
     setPos(parent ? parent->mapFromScene(placement.topLeft()) : placement.topLeft());

@@ -17,8 +17,8 @@ public:
 
     /// A cabinet with a new identity and an empty record.
     explicit CGraphicsCabinetItem(QGraphicsItem *parent);
-    /// A cabinet that shows @p record, at its place below @p parent. The chain is not touched: it starts
-    /// unwired.
+    /// A cabinet that shows @p record, at its place below @p parent. It starts unwired, whatever its rank,
+    /// and without highlight.
     CGraphicsCabinetItem(const Cabinet &record, QGraphicsItem *parent);
 
     int type() const override { return CabinetItemKind; }
@@ -61,8 +61,6 @@ public:
 
     bool isHighlighted() const { return m_highlighted; }
     void setHighlighted(bool highlighted);
-    /// For a cabinet that comes back: its highlight ended when it went.
-    void forgetHighlight() { record().calibrationIndex = -1; }
 
     /// The receiver area that the last press picked while picking is on; NoCell without one.
     int selectedCell() const { return m_selectedCell; }

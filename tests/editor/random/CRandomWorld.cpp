@@ -5,9 +5,10 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
-#include "layout/geometry/CResizeHandles.h"
+#include "layout/editor/menus/CCabinetMenu.h"
 #include "tests/editor/CSceneVerifier.h"
 #include "tests/editor/SmallWorlds.h"
+#include "tests/editor/random/CRandomEdits.h"
 #include "tests/editor/random/RandomKinds.h"
 #include "tests/editor/random/RandomLayout.h"
 
@@ -18,14 +19,13 @@ using RandomLayout::PortCount;
 
 namespace {
 
-/// Locks and colours are no part of the history.
-CabinetLayout withoutStates(CabinetLayout layout)
+void forgetHighlights(QVector<CabinetLayout::CabinetPort::CabinetGroup> &groups)
 {
-    for (auto &port : layout.ports) {
-        port.locked = false;
-        port.color = QColor();
+    for (auto &group : groups) {
+        for (auto &cabinet : group.cabinets)
+            cabinet.calibrationIndex = -1;
+        forgetHighlights(group.groups);
     }
-    return layout;
 }
 
 } // namespace
@@ -36,35 +36,30 @@ QString CRandomWorld::kindName(int kind)
 }
 
 CRandomWorld::CRandomWorld(quint32 seed)
-    : m_scene(m_states)
+    : m_scene(m_world.scene)
 {
+    m_scene.setCommands(&m_world.commands);
     QRandomGenerator random(seed);
-    m_data = RandomLayout::randomWorld(random);
-    m_scene.setLayoutData(SmallWorlds::node(m_data), m_data);
-    m_history << layout();
+    m_world.data = RandomLayout::randomWorld(random);
+    m_scene.setLayoutData(SmallWorlds::node(m_world.data), m_world.data);
+    m_history << comparable();
     QObject::connect(&m_scene, &CCabinetGraphicsScene::notifySelectedChanged,
-                     [this] { ++m_selectionSignals; });
-    QObject::connect(&m_scene, &CCabinetGraphicsScene::notifySceneChanged, [this] { ++m_sceneSignals; });
+                     [this] { ++m_world.selectionSignals; });
+    QObject::connect(&m_scene, &CCabinetGraphicsScene::notifySceneChanged,
+                     [this] { ++m_world.sceneSignals; });
 }
 
-CabinetLayout CRandomWorld::layout() const
+/// The layout without what is no part of the history: locks, colours and highlights.
+CabinetLayout CRandomWorld::comparable() const
 {
-    CabinetLayout layout;
-    m_scene.getLayoutData(layout, m_data.processor);
+    CabinetLayout layout = m_world.layout();
+    for (auto &port : layout.ports) {
+        port.locked = false;
+        port.color = QColor();
+        if (!m_scene.highlightedCabinets().isEmpty())
+            forgetHighlights(port.groups);
+    }
     return layout;
-}
-
-QSet<QUuid> CRandomWorld::selected() const
-{
-    const QVector<QUuid> uuids = m_scene.selection().uuids();
-    return QSet<QUuid>(uuids.begin(), uuids.end());
-}
-
-bool CRandomWorld::touchesLocked(const QSet<QUuid> &items) const
-{
-    const CReferenceModel model(layout());
-    return std::any_of(items.begin(), items.end(),
-                       [&](const QUuid &item) { return m_states.isPortLocked(model.portOf(item)); });
 }
 
 void CRandomWorld::select(QRandomGenerator &random)
@@ -96,10 +91,7 @@ QString CRandomWorld::run(const SRandomOperation &operation)
     if (random.bounded(2))
         QCoreApplication::processEvents();
     select(random);
-    m_selectionSignals = m_sceneSignals = 0;
-    const int indexBefore = m_scene.undoStack()->index();
-    CReferenceModel expected(layout());
-
+    m_world.selectionSignals = m_world.sceneSignals = 0;
     switch (operation.kind) {
     case Reload:
         return reload(false, random);
@@ -110,241 +102,95 @@ QString CRandomWorld::run(const SRandomOperation &operation)
         return check(m_scene.undoStack()->index(), false,
                      CReferenceModel(m_history.at(m_scene.undoStack()->index())));
     default:
-        break;
+        return edit(operation.kind, random);
     }
-    m_fault.clear();
-    const bool edited = carryOut(operation.kind, random, expected);
-    if (!m_fault.isEmpty())
-        return m_fault;
-    if (!edited && (m_scene.undoStack()->index() != indexBefore || m_sceneSignals > 0))
+}
+
+QString CRandomWorld::edit(int kind, QRandomGenerator &random)
+{
+    const int indexBefore = m_scene.undoStack()->index();
+    CReferenceModel expected(m_world.layout());
+    CRandomEdits edits(m_world, random, expected);
+    const bool edited = edits.carryOut(kind);
+    if (!edited &&
+        (m_scene.undoStack()->index() != indexBefore || (m_world.sceneSignals > 0 && !edits.isHighlight())))
         return QStringLiteral("what does nothing has recorded a step or announced a change");
+    if (m_world.selectionSignals > 1 || m_world.sceneSignals > 1)
+        return QStringLiteral("more than one signal for one operation");
+    if (edits.selection() && m_world.selected() != *edits.selection())
+        return QStringLiteral("another selection than wanted");
+    if (m_scene.isAppending() || m_scene.pasteCache() != m_world.cache)
+        return QStringLiteral("an append goes on, or the copy is another");
     return check(indexBefore, edited, expected);
 }
 
-bool CRandomWorld::carryOut(int kind, QRandomGenerator &random, CReferenceModel &expected)
+QSet<QUuid> CRandomWorld::highlighted() const
 {
-    const int port = random.bounded(PortCount);
-    switch (kind) {
-    case Drag:
-        return dragSelection(random, expected);
-    case Resize:
-        return resizeSelected(random, expected);
-    case Exchange:
-        return exchangeReceivers(random);
-    case Pen:
-        return drawStroke(random, expected);
-    case Group:
-        return groupSelection(expected);
-    case ClearPort: {
-        const QVector<QUuid> chain = expected.chain(port);
-        m_scene.breakPortWiring(port);
-        if (m_states.isPortLocked(port))
-            return false;
-        expected.unwire(QSet<QUuid>(chain.begin(), chain.end()));
-        return true;
+    QSet<QUuid> now;
+    for (const auto &cabinet : m_scene.highlightedCabinets())
+        now.insert(cabinet.uuid);
+    return now;
+}
+
+/// Those that are gone stand out no more.
+QString CRandomWorld::checkHighlights()
+{
+    QSet<QUuid> wanted;
+    for (const QUuid &cabinet : qAsConst(m_world.highlighted)) {
+        if (m_scene.editedItem(cabinet))
+            wanted.insert(cabinet);
     }
-    case Backup: {
-        const bool back = random.bounded(2);
-        m_scene.backupPort((port + 1) % PortCount, port, back);
-        if (!back || m_states.isPortLocked(port))
-            return false;
-        expected.prepareBackup(port);
-        return true;
-    }
-    case Lock:
-        m_states.locked[port] = random.bounded(3) == 0;
-        m_scene.setCabinetLocked(port, m_states.locked[port]);
-        return false;
-    case HostNews:
-        m_scene.onNotifyCabinetColorChanged(port, QColor::fromHsv(random.bounded(360), 200, 200));
-        m_scene.onNotifyProcessorStateChanged();
-        return false;
-    case InterruptDrag:
-        interruptDrag(random);
-        return false;
-    default:
-        return editSelection(kind, random, expected);
-    }
-}
-
-bool CRandomWorld::editSelection(int kind, QRandomGenerator &random, CReferenceModel &expected)
-{
-    const QSet<QUuid> items = selected();
-    const bool refused = touchesLocked(items);
-    const int pattern = random.bounded(8);
-    const QSet<QUuid> cabinets = expected.cabinetsBelow(items);
-    switch (kind) {
-    case NudgeUp:
-        m_scene.selectedItemMoveUp();
-        expected.nudge(items, {0, -1});
-        break;
-    case NudgeDown:
-        m_scene.selectedItemMoveDown();
-        expected.nudge(items, {0, 1});
-        break;
-    case NudgeLeft:
-        m_scene.selectedItemMoveLeft();
-        expected.nudge(items, {-1, 0});
-        break;
-    case NudgeRight:
-        m_scene.selectedItemMoveRight();
-        expected.nudge(items, {1, 0});
-        break;
-    case Ungroup:
-        m_scene.ungroupSelected();
-        for (const QUuid &item : items) {
-            if (expected.isGroup(item))
-                expected.ungroup(item);
-        }
-        break;
-    case Pattern:
-        m_scene.topologyWiring(uint(pattern));
-        expected.wireByPattern(cabinets, pattern);
-        break;
-    case Break:
-        m_scene.breakSelectedWiring();
-        expected.unwire(cabinets);
-        break;
-    default:
-        m_scene.deleteSelected();
-        expected.remove(cabinets);
-        break;
-    }
-    if (refused)
-        expected = CReferenceModel(m_history.at(m_scene.undoStack()->index()));
-    return !refused;
-}
-
-bool CRandomWorld::dragSelection(QRandomGenerator &random, CReferenceModel &expected)
-{
-    const QSet<QUuid> items = selected();
-    const QPoint step(random.bounded(-90, 91), random.bounded(-90, 91));
-    const QPointF press(random.bounded(500), random.bounded(500));
-    m_scene.beginMove(press);
-    m_scene.continueDrag(press + QPointF(step) / 3);
-    m_scene.endDrag(press + step);
-    if (items.isEmpty() || touchesLocked(items))
-        return false;
-    expected.translate(items, step);
-    return true;
-}
-
-bool CRandomWorld::resizeSelected(QRandomGenerator &random, CReferenceModel &expected)
-{
-    const QSet<QUuid> items = selected();
-    if (items.size() != 1)
-        return false;
-    CGraphicsItemBase *item = m_scene.editedItem(*items.begin());
-    const QPointF press = item->scenePos();
-    const QPoint step(random.bounded(-60, 61), random.bounded(-60, 61));
-    const bool refused = !item->canResize();
-    m_scene.beginScale(*item, CResizeHandles::BottomRight, press);
-    m_scene.continueDrag(press + step);
-    m_scene.endDrag(press + step);
-    if (refused)
-        return false;
-    expected.resize(*items.begin(), step, CResizeHandles::LargestSide);
-    return true;
-}
-
-bool CRandomWorld::exchangeReceivers(QRandomGenerator &random)
-{
-    const int port = random.bounded(PortCount);
-    const QVector<CGraphicsCabinetItem *> cabinets = m_scene.portItem(port)->cabinets(nullptr);
-    if (cabinets.isEmpty())
-        return false;
-    const CGraphicsCabinetItem *cabinet = cabinets.at(random.bounded(cabinets.size()));
-    QVector<QRect> wanted = cabinet->cabinet().rects;
-    const bool refused =
-        m_states.isPortLocked(port) || cabinet->cabinet().directionFixed || wanted.size() < 2;
-    if (!refused)
-        std::reverse(wanted.begin(), wanted.end());
-    m_scene.exchangeReceivers(port, cabinet->uuid(), 0);
-    if (cabinet->cabinet().rects != wanted)
-        m_fault = QStringLiteral("the receivers are not in the wanted order");
-    return !refused;
-}
-
-bool CRandomWorld::drawStroke(QRandomGenerator &random, CReferenceModel &expected)
-{
-    const CGraphicsPortItem *port = m_scene.portItem(random.bounded(PortCount));
-    const QVector<CGraphicsCabinetItem *> cabinets = port->cabinets(nullptr);
-    if (cabinets.isEmpty())
-        return false;
-    CGraphicsCabinetItem *first = cabinets.at(random.bounded(cabinets.size()));
-    QVector<QPointF> way = {first->sceneBoundingRect().center()};
-    const QUuid begin = first->uuid();
-    m_scene.beginStroke(*first, way.first());
-    m_selectionSignals = 0; // a stroke first takes the selection away, which is told by itself
-    for (int i = random.bounded(6); i > 0; --i) {
-        const bool wild = random.bounded(3) == 0;
-        way << (wild ? QPointF(random.bounded(600), random.bounded(600))
-                     : cabinets.at(random.bounded(cabinets.size()))->sceneBoundingRect().center());
-        m_scene.continueStroke(way.last());
-    }
-    m_scene.endStroke(way.last());
-    if (port->isLocked())
-        return false;
-    expected.drawStroke(port->port(), begin, way);
-    return true;
-}
-
-bool CRandomWorld::groupSelection(CReferenceModel &expected)
-{
-    const QSet<QUuid> items = selected();
-    const bool possible = m_scene.selection().canGroup();
-    m_scene.groupSelected();
-    if (!possible)
-        return false;
-    expected.group(items, *selected().begin());
-    return true;
-}
-
-void CRandomWorld::interruptDrag(QRandomGenerator &random)
-{
-    m_scene.beginMove(QPointF(0, 0));
-    m_scene.continueDrag(QPointF(40, 50));
-    if (random.bounded(2))
-        m_scene.setCabinetLocked(0, m_states.isPortLocked(0));
-    else
-        m_scene.cancelGesture();
-    m_scene.endDrag(QPointF(90, 90));
+    m_world.highlighted = wanted;
+    return highlighted() == wanted ? QString() : QStringLiteral("other cabinets stand out than wanted");
 }
 
 void CRandomWorld::stepHistory(QRandomGenerator &random)
 {
+    const QHash<int, bool> locked = m_world.states.locked;
+    m_world.states.locked.clear(); // refusals show a box and are tested elsewhere
     for (int i = 1 + random.bounded(4); i > 0; --i) {
-        const QHash<int, bool> locked = m_states.locked;
-        m_states.locked.clear(); // refusals show a box and are tested elsewhere
-        if (random.bounded(3))
+        const bool undoing = random.bounded(3);
+        if (!m_scene.selection().isEmpty() && random.bounded(4) == 0)
+            stepByMenu(undoing ? QStringLiteral("Undo") : QStringLiteral("Redo"));
+        else if (undoing)
             m_scene.undo(nullptr);
         else
             m_scene.redo(nullptr);
-        m_states.locked = locked;
+        m_world.highlighted = highlighted(); // an item may have been away meanwhile
+    }
+    m_world.states.locked = locked;
+}
+
+void CRandomWorld::stepByMenu(const QString &text)
+{
+    QMenu menu;
+    CCabinetMenu(menu, m_scene, *m_scene.selection().sorted().first(), nullptr).fill();
+    for (QAction *action : menu.actions()) {
+        if (action->text() == text)
+            action->trigger();
     }
 }
 
 QString CRandomWorld::reload(bool undoable, QRandomGenerator &random)
 {
-    CabinetLayout before = layout();
     int index = m_scene.undoStack()->index();
-    LayoutData data = m_data;
-    data.layout = before;
-    if (undoable && random.bounded(2)) {
+    LayoutData data = m_world.data;
+    data.layout = m_world.layout();
+    if (undoable && random.bounded(2))
         data.layout = m_history.at(random.bounded(m_history.size()));
-        before = data.layout;
-    }
-    const bool same = withoutStates(layout()) == withoutStates(before);
-    m_scene.setLayoutData(SmallWorlds::node(data), data, {}, {}, undoable);
+    const CReferenceModel wanted(data.layout);
+    const bool same = wanted.matches(CReferenceModel(m_world.layout()));
+    m_scene.setLayoutData(SmallWorlds::node(data), data, m_world.cache, {}, undoable);
     if (undoable && (m_scene.undoStack()->index() == index) != same)
         return QStringLiteral("a reload of %1 layout")
             .arg(same ? QStringLiteral("an equal") : QStringLiteral("another"));
     if (!undoable) {
         m_scene.undoStack()->clear();
-        m_history = {withoutStates(layout())};
+        m_history = {comparable()};
         index = 0;
     }
-    return check(index, true, CReferenceModel(before));
+    m_world.highlighted.intersect(highlighted()); // a reload ends those of what it makes anew
+    return check(index, true, wanted);
 }
 
 QString CRandomWorld::check(int indexBefore, bool edited, const CReferenceModel &expected)
@@ -352,30 +198,28 @@ QString CRandomWorld::check(int indexBefore, bool edited, const CReferenceModel 
     const QString fault = CSceneVerifier::faultIn(m_scene);
     if (!fault.isEmpty())
         return fault;
-    const CabinetLayout now = layout();
+    const CabinetLayout now = comparable();
     const int index = m_scene.undoStack()->index();
-    const CabinetLayout comparable = withoutStates(now);
     if (index > indexBefore || m_history.size() <= index) {
         m_history.resize(index);
-        m_history << comparable;
-        if (m_sceneSignals != 1 || m_selectionSignals != 1)
+        m_history << now;
+        if (m_world.sceneSignals != 1 || m_world.selectionSignals != 1)
             return QStringLiteral("%1 scene and %2 selection signals for one edit")
-                .arg(m_sceneSignals)
-                .arg(m_selectionSignals);
-    } else if (!(m_history.at(index) == comparable)) {
+                .arg(m_world.sceneSignals)
+                .arg(m_world.selectionSignals);
+    } else if (m_history.at(index) != now) {
         return QStringLiteral("the layout at undo index %1 is not the one seen there first").arg(index);
     }
-    if (edited && !(CReferenceModel(now) == expected))
-        return QStringLiteral("the reference model has another layout");
-    if (!edited && index == indexBefore && !(CReferenceModel(now) == expected))
-        return QStringLiteral("an operation without effect has changed the layout");
-    return {};
+    if (!expected.matches(CReferenceModel(now)))
+        return edited ? QStringLiteral("the reference model has another layout")
+                      : QStringLiteral("an operation without effect has changed the layout");
+    return checkHighlights();
 }
 
 QString CRandomWorld::checkHistory()
 {
-    m_states.locked.clear();
-    const auto comparesAt = [this](int index) { return m_history.at(index) == withoutStates(layout()); };
+    m_world.states.locked.clear();
+    const auto comparesAt = [this](int index) { return m_history.at(index) == comparable(); };
     while (m_scene.undoStack()->canUndo()) {
         m_scene.undo(nullptr);
         if (!comparesAt(m_scene.undoStack()->index()))

@@ -2,10 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/editor/CCabinetGraphicsScene.h"
-#include "tests/editor/CFixedPortStates.h"
-#include "tests/editor/random/CReferenceModel.h"
 #include "tests/editor/random/RandomKinds.h"
+#include "tests/editor/random/SRandomScene.h"
 
 #include <QRandomGenerator>
 
@@ -33,26 +31,16 @@ public:
 
 private:
     void select(QRandomGenerator &random);
-    QSet<QUuid> selected() const;
-    bool touchesLocked(const QSet<QUuid> &items) const;
-    bool carryOut(int kind, QRandomGenerator &random, CReferenceModel &expected);
-    bool editSelection(int kind, QRandomGenerator &random, CReferenceModel &expected);
-    bool dragSelection(QRandomGenerator &random, CReferenceModel &expected);
-    bool resizeSelected(QRandomGenerator &random, CReferenceModel &expected);
-    bool exchangeReceivers(QRandomGenerator &random);
-    bool drawStroke(QRandomGenerator &random, CReferenceModel &expected);
-    bool groupSelection(CReferenceModel &expected);
-    void interruptDrag(QRandomGenerator &random);
+    QString edit(int kind, QRandomGenerator &random);
     void stepHistory(QRandomGenerator &random);
+    void stepByMenu(const QString &text);
     QString reload(bool undoable, QRandomGenerator &random);
     QString check(int indexBefore, bool edited, const CReferenceModel &expected);
-    CabinetLayout layout() const;
+    QString checkHighlights();
+    QSet<QUuid> highlighted() const;
+    CabinetLayout comparable() const;
 
-    CFixedPortStates m_states;
-    CCabinetGraphicsScene m_scene;
-    LayoutData m_data;
+    SRandomScene m_world;
+    CCabinetGraphicsScene &m_scene;
     QVector<CabinetLayout> m_history; // by undo index
-    QString m_fault; // of the running operation, where the reference model knows nothing of it
-    int m_selectionSignals = 0;
-    int m_sceneSignals = 0;
 };

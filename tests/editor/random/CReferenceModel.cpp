@@ -2,61 +2,26 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/editor/random/CReferenceModel.h"
 
+#include "tests/editor/random/CPlainStroke.h"
+
 #include <algorithm>
-#include <tuple>
 
-CReferenceModel::CReferenceModel(const CabinetLayout &layout)
+namespace {
+
+/// An edge keeps its share of the way, rounded to a pixel; a pixel at least is left.
+QRect scaled(const QRect &rect, const QSize &from, const QSize &to)
 {
-    for (const auto &port : layout.ports) {
-        m_chains[port.index] = {};
-        for (const auto &group : port.groups)
-            read(port.index, group, QUuid());
-        QMap<int, QUuid> byRank;
-        for (const auto &cabinet : port.getAllCabinets()) {
-            if (cabinet.rank >= 0)
-                byRank.insert(cabinet.rank, cabinet.uuid);
-        }
-        m_chains[port.index] = byRank.values().toVector();
-    }
+    const auto share = [](int distance, int newSide, int side) {
+        return int((2 * qint64(distance) * newSide + side) / (2 * side));
+    };
+    const QPoint corner(share(rect.left(), to.width(), from.width()),
+                        share(rect.top(), to.height(), from.height()));
+    const QSize size(share(rect.left() + rect.width(), to.width(), from.width()) - corner.x(),
+                     share(rect.top() + rect.height(), to.height(), from.height()) - corner.y());
+    return QRect(corner, size.expandedTo(QSize(1, 1)));
 }
 
-void CReferenceModel::read(int port, const CabinetLayout::CabinetPort::CabinetGroup &group,
-                           const QUuid &parent)
-{
-    if (!group.uuid.isNull())
-        m_groups.insert(group.uuid, {port, parent});
-    for (const auto &cabinet : group.cabinets)
-        m_cabinets.insert(cabinet.uuid, {port, cabinet.rect, group.uuid});
-    for (const auto &child : group.groups)
-        read(port, child, group.uuid);
-}
-
-int CReferenceModel::portOf(const QUuid &item) const
-{
-    return isGroup(item) ? m_groups.value(item).port : m_cabinets.value(item).port;
-}
-
-QRect CReferenceModel::rectOf(const QUuid &item) const
-{
-    QRect rect;
-    for (const QUuid &cabinet : cabinetsBelow({item}))
-        rect |= m_cabinets.value(cabinet).rect;
-    return rect;
-}
-
-QSet<QUuid> CReferenceModel::cabinetsBelow(const QSet<QUuid> &items) const
-{
-    QSet<QUuid> below;
-    for (auto cabinet = m_cabinets.begin(); cabinet != m_cabinets.end(); ++cabinet) {
-        if (items.contains(cabinet.key()))
-            below.insert(cabinet.key());
-        for (QUuid group = cabinet->group; !group.isNull(); group = m_groups.value(group).parent) {
-            if (items.contains(group))
-                below.insert(cabinet.key());
-        }
-    }
-    return below;
-}
+} // namespace
 
 void CReferenceModel::translate(const QSet<QUuid> &items, const QPoint &step)
 {
@@ -85,68 +50,77 @@ void CReferenceModel::resize(const QUuid &item, const QPoint &step, int largest)
         part = part.expandedTo(m_cabinets.value(cabinet).rect.size());
     const QSize to(qBound(1, from.width() + step.x(), int(qint64(from.width()) * largest / part.width())),
                    qBound(1, from.height() + step.y(), int(qint64(from.height()) * largest / part.height())));
-    // An edge keeps its share of the way, rounded to a pixel.
-    const auto share = [](int distance, int newSide, int side) {
-        return int((2 * qint64(distance) * newSide + side) / (2 * side));
-    };
     for (const QUuid &cabinet : cabinetsBelow({item})) {
-        QRect &rect = m_cabinets[cabinet].rect;
-        const QPoint near = rect.topLeft() - from.topLeft();
-        const QPoint far = near + QPoint(rect.width(), rect.height());
-        const QPoint corner(share(near.x(), to.width(), from.width()),
-                            share(near.y(), to.height(), from.height()));
-        const QSize size(share(far.x(), to.width(), from.width()) - corner.x(),
-                         share(far.y(), to.height(), from.height()) - corner.y());
-        rect = QRect(from.topLeft() + corner, size.expandedTo(QSize(1, 1)));
+        SCabinet &changed = m_cabinets[cabinet];
+        const QRect rect = scaled(changed.rect.translated(-from.topLeft()), from.size(), to);
+        giveSize(changed, rect.size());
+        changed.rect.moveTopLeft(from.topLeft() + rect.topLeft());
     }
 }
 
-QVector<QUuid> CReferenceModel::snake(const QVector<QUuid> &cabinets, int pattern) const
+/// The receivers share the new size.
+void CReferenceModel::giveSize(SCabinet &cabinet, const QSize &size)
 {
-    // The scan lines as they are told: a strip for each line, and whatever it touches first belongs to it.
-    const bool rows = pattern < 4;
-    const bool firstForward = pattern == 0 || pattern == 3 || pattern == 4 || pattern == 5;
-    const bool advanceForward = pattern == 0 || pattern == 1 || pattern == 4 || pattern == 7;
-    QRect bounds;
-    QSize cell(INT_MAX, INT_MAX);
+    for (QRect &receiver : cabinet.receivers)
+        receiver = scaled(receiver, cabinet.rect.size(), size);
+    cabinet.rect.setSize(size);
+}
+
+bool CReferenceModel::arrange(const QSet<QUuid> &items, int columns)
+{
+    QMap<QPair<int, int>, QUuid> byPlace;
+    QSize pitch;
+    QRect extent;
+    for (const QUuid &item : items) {
+        const QRect rect = rectOf(item);
+        byPlace.insert({rect.top(), rect.left()}, item);
+        pitch = pitch.expandedTo(rect.size());
+        extent |= rect;
+    }
+    if (byPlace.size() != items.size())
+        return false;
+    int place = 0;
+    for (const QUuid &item : qAsConst(byPlace)) {
+        const QPoint corner =
+            extent.topLeft() + QPoint(place % columns * pitch.width(), place / columns * pitch.height());
+        translate({item}, corner - rectOf(item).topLeft());
+        ++place;
+    }
+    return true;
+}
+
+void CReferenceModel::moveTo(const QSet<QUuid> &items, const QPoint &corner)
+{
+    QRect extent;
+    for (const QUuid &item : items)
+        extent |= rectOf(item);
+    translate(items, corner - extent.topLeft());
+}
+
+void CReferenceModel::resizeTo(const QSet<QUuid> &items, const QSize &size)
+{
+    for (const QUuid &item : items) {
+        if (!isGroup(item) && groupOf(item).isNull())
+            giveSize(m_cabinets[item], size);
+    }
+}
+
+void CReferenceModel::setType(const QSet<QUuid> &cabinets, const TypeInfo &type)
+{
     for (const QUuid &cabinet : cabinets) {
-        const QRect rect = m_cabinets.value(cabinet).rect;
-        bounds |= rect;
-        if (qint64(rect.width()) * rect.height() < qint64(cell.width()) * cell.height())
-            cell = rect.size();
+        m_cabinets[cabinet].type = type.key;
+        m_cabinets[cabinet].receivers = type.receivers;
+        m_cabinets[cabinet].rect.setSize(QSize(type.width, type.height));
     }
-    const int pitch = rows ? cell.height() : cell.width();
-    const int extent = rows ? bounds.height() : bounds.width();
-    const int begin = rows ? bounds.top() : bounds.left();
-    QVector<QUuid> left = cabinets;
-    QVector<QUuid> order;
-    for (int i = 0; i * pitch < extent; ++i) {
-        const int place =
-            advanceForward ? begin + pitch / 2 + i * pitch : begin + extent - pitch / 2 - i * pitch;
-        const QRectF strip = rows ? QRectF(bounds.left(), place, bounds.width(), 1)
-                                  : QRectF(place, bounds.top(), 1, bounds.height());
-        QVector<QUuid> line;
-        for (const QUuid &cabinet : qAsConst(left)) {
-            if (QRectF(m_cabinets.value(cabinet).rect).intersects(strip))
-                line << cabinet;
-        }
-        const bool ascending = (i % 2 == 0) == firstForward;
-        std::sort(line.begin(), line.end(), [&](const QUuid &a, const QUuid &b) {
-            const QPointF ca = QRectF(m_cabinets.value(a).rect).center();
-            const QPointF cb = QRectF(m_cabinets.value(b).rect).center();
-            const qreal alongA = rows ? ca.x() : ca.y();
-            const qreal alongB = rows ? cb.x() : cb.y();
-            if (alongA != alongB)
-                return ascending ? alongA < alongB : alongA > alongB;
-            const qreal acrossA = rows ? ca.y() : ca.x();
-            const qreal acrossB = rows ? cb.y() : cb.x();
-            return acrossA != acrossB ? acrossA < acrossB : a < b;
-        });
-        for (const QUuid &cabinet : qAsConst(line))
-            left.removeOne(cabinet);
-        order += line;
-    }
-    return order;
+}
+
+bool CReferenceModel::exchangeReceivers(const QUuid &cabinet)
+{
+    SCabinet &changed = m_cabinets[cabinet];
+    if (changed.fixed || changed.receivers.size() < 2)
+        return false;
+    std::reverse(changed.receivers.begin(), changed.receivers.end());
+    return true;
 }
 
 void CReferenceModel::wireByPattern(const QSet<QUuid> &cabinets, int pattern)
@@ -154,9 +128,9 @@ void CReferenceModel::wireByPattern(const QSet<QUuid> &cabinets, int pattern)
     for (auto chain = m_chains.begin(); chain != m_chains.end(); ++chain) {
         // Of equally small cells the topmost, then leftmost one sets the pitch.
         QVector<QUuid> selected;
-        for (auto cabinet = m_cabinets.begin(); cabinet != m_cabinets.end(); ++cabinet) {
-            if (cabinet->port == chain.key() && cabinets.contains(cabinet.key()))
-                selected << cabinet.key();
+        for (const QUuid &cabinet : cabinetsIn(chain.key())) {
+            if (cabinets.contains(cabinet))
+                selected << cabinet;
         }
         if (selected.isEmpty())
             continue;
@@ -172,7 +146,7 @@ void CReferenceModel::wireByPattern(const QSet<QUuid> &cabinets, int pattern)
                 return first.y() < second.y();
             return first.x() != second.x() ? first.x() < second.x() : a < b;
         });
-        const QVector<QUuid> stretch = snake(selected, pattern);
+        const QVector<QUuid> stretch = CPlainSnake::ofPattern(pattern).order(cellsOf(selected));
         QVector<QUuid> result;
         bool placed = false;
         for (const QUuid &cabinet : qAsConst(*chain)) {
@@ -195,56 +169,12 @@ void CReferenceModel::unwire(const QSet<QUuid> &cabinets)
     }
 }
 
-QVector<QUuid> CReferenceModel::crossedBy(int port, const QPointF &from, const QPointF &to) const
-{
-    // The lines on which edges lie cut the way into pieces; each piece is in a cabinet or it is not.
-    const QPointF step = to - from;
-    QVector<QUuid> byPlace;
-    QVector<qreal> cuts = {0, 1};
-    const auto cut = [&cuts](qreal distance, qreal length) {
-        if (length != 0 && distance / length > 0 && distance / length < 1)
-            cuts << distance / length;
-    };
-    for (auto cabinet = m_cabinets.begin(); cabinet != m_cabinets.end(); ++cabinet) {
-        if (cabinet->port != port)
-            continue;
-        byPlace << cabinet.key();
-        const QRectF rect(cabinet->rect);
-        cut(rect.left() - from.x(), step.x());
-        cut(rect.right() - from.x(), step.x());
-        cut(rect.top() - from.y(), step.y());
-        cut(rect.bottom() - from.y(), step.y());
-    }
-    std::sort(cuts.begin(), cuts.end());
-    cuts.erase(std::unique(cuts.begin(), cuts.end()), cuts.end());
-    std::sort(byPlace.begin(), byPlace.end(), [this](const QUuid &a, const QUuid &b) {
-        const QPoint first = m_cabinets.value(a).rect.topLeft();
-        const QPoint second = m_cabinets.value(b).rect.topLeft();
-        return std::make_tuple(first.y(), first.x(), a) < std::make_tuple(second.y(), second.x(), b);
-    });
-    QVector<QPointF> places;
-    for (int i = 0; i + 1 < cuts.size(); ++i)
-        places << from + step * ((cuts.at(i) + cuts.at(i + 1)) / 2);
-    if (step.isNull())
-        return {};
-    places << to;
-    QVector<QUuid> crossed;
-    for (const QPointF &middle : qAsConst(places)) {
-        for (const QUuid &cabinet : qAsConst(byPlace)) {
-            const QRectF rect(m_cabinets.value(cabinet).rect);
-            if (middle.x() >= rect.left() && middle.x() < rect.right() && middle.y() >= rect.top() &&
-                middle.y() < rect.bottom())
-                crossed << cabinet;
-        }
-    }
-    return crossed;
-}
-
 void CReferenceModel::drawStroke(int port, const QUuid &first, const QVector<QPointF> &way)
 {
+    const CPlainSnake::Cells cells = cellsOf(cabinetsIn(port));
     QVector<QUuid> once = {first};
     for (int i = 0; i + 1 < way.size(); ++i) {
-        for (const QUuid &cabinet : crossedBy(port, way.at(i), way.at(i + 1))) {
+        for (const QUuid &cabinet : CPlainStroke::crossed(cells, way.at(i), way.at(i + 1))) {
             if (!once.contains(cabinet))
                 once << cabinet;
         }
@@ -315,4 +245,82 @@ void CReferenceModel::prepareBackup(int port)
     }
     for (auto group = m_groups.begin(); group != m_groups.end();)
         group = group->port == port ? m_groups.erase(group) : std::next(group);
+}
+
+CReferenceModel CReferenceModel::part(const QSet<QUuid> &items) const
+{
+    CReferenceModel part;
+    const QSet<QUuid> cabinets = cabinetsBelow(items);
+    for (auto group = m_groups.begin(); group != m_groups.end(); ++group) {
+        for (QUuid around = group.key(); !around.isNull(); around = m_groups.value(around).parent) {
+            if (items.contains(around))
+                part.m_groups.insert(group.key(), *group);
+        }
+    }
+    for (SGroup &group : part.m_groups) {
+        if (!part.m_groups.contains(group.parent))
+            group.parent = QUuid();
+    }
+    for (const QUuid &cabinet : cabinets) {
+        part.m_cabinets.insert(cabinet, m_cabinets.value(cabinet));
+        if (!part.m_groups.contains(groupOf(cabinet)))
+            part.m_cabinets[cabinet].group = QUuid();
+    }
+    for (auto chain = m_chains.begin(); chain != m_chains.end(); ++chain) {
+        for (const QUuid &cabinet : *chain) {
+            if (cabinets.contains(cabinet))
+                part.m_chains[chain.key()] << cabinet;
+        }
+    }
+    return part;
+}
+
+QUuid CReferenceModel::invent()
+{
+    const QUuid uuid = QUuid::createUuid();
+    m_invented.insert(uuid);
+    return uuid;
+}
+
+void CReferenceModel::paste(const CReferenceModel &copy, int port, const QPoint &corner)
+{
+    QRect extent;
+    QMap<QUuid, QUuid> names = {{QUuid(), QUuid()}};
+    for (auto cabinet = copy.m_cabinets.begin(); cabinet != copy.m_cabinets.end(); ++cabinet) {
+        extent |= cabinet->rect;
+        names.insert(cabinet.key(), invent());
+    }
+    for (const QUuid &group : copy.m_groups.keys())
+        names.insert(group, invent());
+    for (auto group = copy.m_groups.begin(); group != copy.m_groups.end(); ++group)
+        m_groups.insert(names.value(group.key()), {port, names.value(group->parent)});
+    for (auto cabinet = copy.m_cabinets.begin(); cabinet != copy.m_cabinets.end(); ++cabinet) {
+        SCabinet pasted = *cabinet;
+        pasted.port = port;
+        pasted.rect.translate(corner - extent.topLeft());
+        pasted.group = names.value(cabinet->group);
+        m_cabinets.insert(names.value(cabinet.key()), pasted);
+    }
+    for (const QVector<QUuid> &chain : copy.m_chains) { // in ascending source port
+        for (const QUuid &cabinet : chain)
+            m_chains[port] << names.value(cabinet);
+    }
+}
+
+void CReferenceModel::append(int port, const QVector<QRect> &cells, const TypeInfo &type)
+{
+    CPlainSnake::Cells placed;
+    QRect block;
+    for (const QRect &cell : cells) {
+        const bool fits = cell.size() == QSize(type.width, type.height);
+        const QUuid cabinet = invent();
+        m_cabinets.insert(cabinet,
+                          {port, cell, QUuid(), type.key, fits ? type.receivers : QVector<QRect>(), false});
+        placed << qMakePair(cabinet, cell);
+        block |= cell;
+    }
+    QVector<QUuid> &chain = m_chains[port];
+    chain += (chain.isEmpty() ? CPlainSnake::beginningAt(cells.first(), block)
+                              : CPlainSnake::runningOn(m_cabinets.value(chain.last()).rect, block))
+                 .order(placed);
 }

@@ -26,7 +26,19 @@ enum EKind {
     HostNews,
     InterruptDrag,
     Backup,
-    Exchange
+    Exchange,
+    Cut,
+    Copy,
+    Paste,
+    Append,
+    SetType,
+    Arrange,
+    MoveTo,
+    ResizeTo,
+    SameType,
+    SelectAll,
+    Highlight,
+    Menu
 };
 
 constexpr const char *kindNames[] = {"nudge up",
@@ -49,7 +61,19 @@ constexpr const char *kindNames[] = {"nudge up",
                                      "host news",
                                      "interrupt drag",
                                      "backup",
-                                     "exchange"};
+                                     "exchange",
+                                     "cut",
+                                     "copy",
+                                     "paste",
+                                     "append",
+                                     "set type",
+                                     "arrange",
+                                     "move to",
+                                     "resize to",
+                                     "same type",
+                                     "select all",
+                                     "highlight",
+                                     "menu"};
 
 constexpr int Count = int(sizeof(kindNames) / sizeof(*kindNames));
 

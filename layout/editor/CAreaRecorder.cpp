@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/CAreaRecorder.h"
+
+#include "layout/editor/CUndoRecorder.h"
+#include "layout/editor/items/CGraphicsItemBase.h"
+#include "layout/editor/undo/CChangeCabinetTypeCommand.h"
+#include "layout/geometry/CResizeHandles.h"
+
+void CAreaRecorder::scale(CUndoRecorder &recorder, CGraphicsItemBase &item, const QSizeF &from,
+                          const QSizeF &to)
+{
+    auto scaled = item.cabinet();
+    if (from == to || (scaled.rects.isEmpty() && scaled.blanks.isEmpty()))
+        return;
+    for (QVector<QRect> *areas : {&scaled.rects, &scaled.blanks}) {
+        for (QRect &area : *areas)
+            area = CResizeHandles::mapped(area, QRectF(QPointF(), from), QRectF(QPointF(), to)).toRect();
+    }
+    auto command = std::make_unique<CChangeCabinetTypeCommand>(&item);
+    command->setStartValue(QVariant::fromValue(item.cabinet()));
+    command->setEndValue(QVariant::fromValue(scaled));
+    recorder.push(std::move(command));
+}

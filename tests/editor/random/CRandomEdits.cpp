@@ -1,0 +1,413 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/editor/random/CRandomEdits.h"
+
+#include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/menus/CCabinetMenu.h"
+#include "layout/geometry/CResizeHandles.h"
+#include "tests/editor/random/RandomKinds.h"
+#include "tests/editor/random/RandomLayout.h"
+#include "tests/harness/CMessageBoxAnswerer.h"
+
+using namespace RandomKinds;
+using RandomLayout::PortCount;
+
+namespace {
+
+/// What entries of the cabinet menu do.
+const QHash<QString, int> &entryKinds()
+{
+    static const QHash<QString, int> kinds = {{QStringLiteral("Group"), Group},
+                                              {QStringLiteral("Ungroup"), Ungroup},
+                                              {QStringLiteral("Select all"), SelectAll},
+                                              {QStringLiteral("Cut"), Cut},
+                                              {QStringLiteral("Copy"), Copy},
+                                              {QStringLiteral("Delete cabinet"), Delete},
+                                              {QStringLiteral("Clear topology"), ClearPort},
+                                              {QStringLiteral("Select the same type"), SameType}};
+    return kinds;
+}
+
+QVector<QAction *> editingEntries(const QMenu &menu)
+{
+    QVector<QAction *> entries;
+    for (QAction *action : menu.actions()) {
+        if (action->menu())
+            entries += editingEntries(*action->menu());
+        else if (action->isEnabled() && entryKinds().contains(action->text()))
+            entries << action;
+    }
+    return entries;
+}
+
+} // namespace
+
+CRandomEdits::CRandomEdits(SRandomScene &world, QRandomGenerator &random, CReferenceModel &expected)
+    : m_world(world)
+    , m_scene(world.scene)
+    , m_random(random)
+    , m_before(expected)
+    , m_expected(expected)
+    , m_placing(world, random, expected)
+    , m_items(world.selected())
+    , m_selection(m_items)
+{
+    m_refused = std::any_of(m_items.begin(), m_items.end(), [this](const QUuid &item) {
+        return m_world.states.isPortLocked(m_before.portOf(item));
+    });
+}
+
+bool CRandomEdits::carryOut(int kind)
+{
+    switch (kind) {
+    case Drag:
+        return dragSelection();
+    case Resize:
+        return resizeSelected();
+    case Group:
+        return groupSelection();
+    case Cut:
+    case Delete:
+        return removeSelection(kind == Cut);
+    case Copy:
+        act([this] { m_scene.copySelected(); });
+        m_placing.takeCopy(m_before, m_items);
+        return false;
+    case Paste:
+    case Append: {
+        const bool placed = kind == Paste ? m_placing.paste() : m_placing.append();
+        if (placed)
+            m_selection = CReferenceModel(m_world.layout()).topItems() - m_before.topItems();
+        return placed;
+    }
+    case SelectAll:
+        act([this] { m_scene.selectAllItem(); });
+        m_selection = m_before.topItems();
+        return false;
+    case SameType:
+        selectSameType();
+        return false;
+    case Highlight:
+        highlight();
+        return false;
+    case InterruptDrag:
+        interruptDrag();
+        return false;
+    case Menu:
+        return chooseEntry();
+    case SetType:
+    case MoveTo:
+    case ResizeTo:
+        return changeShape(kind);
+    case Arrange:
+        return arrange();
+    case HostNews:
+    case Lock:
+        changeState(kind);
+        return false;
+    default:
+        return editPort(kind);
+    }
+}
+
+/// Triggers an entry of the menu of a selected item.
+bool CRandomEdits::chooseEntry()
+{
+    if (m_items.isEmpty())
+        return false;
+    const QVector<CGraphicsItemBase *> items = m_scene.selection().sorted();
+    const CGraphicsItemBase &clicked = *items.at(m_random.bounded(items.size()));
+    m_clicked = clicked.uuid();
+    QMenu menu;
+    CCabinetMenu(menu, m_scene, clicked, nullptr).fill();
+    const QVector<QAction *> entries = editingEntries(menu);
+    m_entry = entries.at(m_random.bounded(entries.size()));
+    const bool edited = carryOut(entryKinds().value(m_entry->text()));
+    m_entry = nullptr;
+    return edited;
+}
+
+void CRandomEdits::act(const std::function<void()> &directly)
+{
+    if (m_entry)
+        m_entry->trigger();
+    else
+        directly();
+}
+
+bool CRandomEdits::editPort(int kind)
+{
+    const int port = m_random.bounded(PortCount);
+    switch (kind) {
+    case Exchange:
+        return exchangeReceivers();
+    case Pen:
+        return drawStroke();
+    case ClearPort:
+        return clearPort(m_entry ? m_before.portOf(m_clicked) : port);
+    case Backup: {
+        const bool back = m_random.bounded(2);
+        m_scene.backupPort((port + 1) % PortCount, port, back);
+        if (!back || m_world.states.isPortLocked(port))
+            return false;
+        m_expected.prepareBackup(port);
+        m_selection.reset();
+        return true;
+    }
+    default:
+        return editSelection(kind);
+    }
+}
+
+bool CRandomEdits::editSelection(int kind)
+{
+    const int pattern = m_random.bounded(8);
+    CReferenceModel edited = m_before;
+    switch (kind) {
+    case NudgeUp:
+    case NudgeDown:
+    case NudgeLeft:
+    case NudgeRight:
+        nudge(kind, edited);
+        break;
+    case Ungroup:
+        act([this] { m_scene.ungroupSelected(); });
+        for (const QUuid &item : qAsConst(m_items)) {
+            if (edited.isGroup(item))
+                edited.ungroup(item);
+        }
+        if (!m_refused)
+            m_selection.reset();
+        break;
+    case Pattern:
+        m_scene.topologyWiring(uint(pattern));
+        edited.wireByPattern(m_before.cabinetsBelow(m_items), pattern);
+        break;
+    default:
+        m_scene.breakSelectedWiring();
+        edited.unwire(m_before.cabinetsBelow(m_items));
+        break;
+    }
+    if (!m_refused)
+        m_expected = edited;
+    return !m_refused;
+}
+
+void CRandomEdits::nudge(int kind, CReferenceModel &edited)
+{
+    using Scene = CCabinetGraphicsScene;
+    static const QHash<int, QPair<void (Scene::*)(), QPoint>> steps = {
+        {NudgeUp, {&Scene::selectedItemMoveUp, {0, -1}}},
+        {NudgeDown, {&Scene::selectedItemMoveDown, {0, 1}}},
+        {NudgeLeft, {&Scene::selectedItemMoveLeft, {-1, 0}}},
+        {NudgeRight, {&Scene::selectedItemMoveRight, {1, 0}}}};
+    (m_scene.*steps.value(kind).first)();
+    edited.nudge(m_items, steps.value(kind).second);
+}
+
+bool CRandomEdits::changeShape(int kind)
+{
+    CReferenceModel edited = m_before;
+    if (kind == MoveTo) {
+        const QPoint corner(m_random.bounded(600), m_random.bounded(600));
+        m_scene.selectionShape().moveTo(corner);
+        edited.moveTo(m_items, corner);
+    } else if (kind == ResizeTo) {
+        const QSize size(m_random.bounded(8) * 24, 16 + m_random.bounded(128)); // now and then empty
+        m_scene.selectionShape().resizeTo(size);
+        if (!size.isEmpty())
+            edited.resizeTo(m_items, size);
+    } else {
+        const CReferenceModel::TypeInfo type = CRandomPlacing::randomType(m_random);
+        m_scene.selectionShape().applyType(type);
+        if (type.isValid())
+            edited.setType(m_before.cabinetsBelow(m_items), type);
+    }
+    if (!m_refused)
+        m_expected = edited;
+    return !m_refused;
+}
+
+bool CRandomEdits::arrange()
+{
+    const int columns = m_random.bounded(5);
+    CReferenceModel arranged = m_before;
+    if (columns > 0 && !arranged.arrange(m_items, columns))
+        return false;
+    m_scene.selectionShape().arrange(columns);
+    if (!m_refused)
+        m_expected = arranged;
+    return !m_refused;
+}
+
+bool CRandomEdits::removeSelection(bool cut)
+{
+    if (cut)
+        act([this] { m_scene.cutSelected(); });
+    else
+        act([this] { m_scene.deleteSelected(); });
+    if (m_refused)
+        return false;
+    if (cut)
+        m_placing.takeCopy(m_before, m_items);
+    m_expected.remove(m_before.cabinetsBelow(m_items));
+    m_selection = QSet<QUuid>();
+    return true;
+}
+
+bool CRandomEdits::clearPort(int port)
+{
+    const bool sure = !m_entry || m_random.bounded(2);
+    {
+        const CMessageBoxAnswerer user({sure ? QStringLiteral("Yes") : QStringLiteral("No")});
+        act([this, port] { m_scene.breakPortWiring(port); });
+    }
+    if (!sure || m_world.states.isPortLocked(port))
+        return false;
+    const QVector<QUuid> chain = m_before.chain(port);
+    m_expected.unwire(QSet<QUuid>(chain.begin(), chain.end()));
+    return true;
+}
+
+QUuid CRandomEdits::randomCabinet()
+{
+    const QVector<QUuid> cabinets = m_before.cabinetsIn(m_random.bounded(PortCount));
+    return cabinets.isEmpty() ? QUuid() : cabinets.at(m_random.bounded(cabinets.size()));
+}
+
+void CRandomEdits::selectSameType()
+{
+    const QUuid clicked = m_entry ? m_clicked : randomCabinet();
+    act([this, clicked] { m_scene.selectSameType(clicked); });
+    if (clicked.isNull())
+        return;
+    for (const QUuid &cabinet : m_before.cabinetsBelow({clicked})) { // of a group one decides
+        m_selection = m_before.sameType(cabinet);
+        if (m_selection == m_world.selected())
+            break;
+    }
+}
+
+/// Presses a cabinet as the tool does that highlights, or ends all highlights.
+void CRandomEdits::highlight()
+{
+    m_highlights = true;
+    const QUuid cabinet = randomCabinet();
+    const bool adding = m_random.bounded(2);
+    if (cabinet.isNull() || m_random.bounded(5) == 0) {
+        m_scene.clearHighlights();
+        m_world.highlighted.clear();
+        return;
+    }
+    m_scene.pressHighlight(static_cast<CGraphicsCabinetItem &>(*m_scene.editedItem(cabinet)), adding);
+    const bool on = !(m_world.highlighted.contains(cabinet) && (adding || m_world.highlighted.size() == 1));
+    if (!adding)
+        m_world.highlighted.clear();
+    if (on)
+        m_world.highlighted.insert(cabinet);
+    else
+        m_world.highlighted.remove(cabinet);
+}
+
+void CRandomEdits::changeState(int kind)
+{
+    const int port = m_random.bounded(PortCount);
+    if (kind == Lock) {
+        m_world.states.locked[port] = m_random.bounded(3) == 0;
+        m_scene.setCabinetLocked(port, m_world.states.locked[port]);
+        return;
+    }
+    m_scene.onNotifyCabinetColorChanged(port, QColor::fromHsv(m_random.bounded(360), 200, 200));
+    m_scene.onNotifyProcessorStateChanged();
+}
+
+bool CRandomEdits::dragSelection()
+{
+    const QPoint step(m_random.bounded(-90, 91), m_random.bounded(-90, 91));
+    const QPointF press(m_random.bounded(500), m_random.bounded(500));
+    m_scene.beginMove(press);
+    m_scene.continueDrag(press + QPointF(step) / 3);
+    m_scene.endDrag(press + step);
+    if (m_items.isEmpty() || m_refused)
+        return false;
+    m_expected.translate(m_items, step);
+    return true;
+}
+
+bool CRandomEdits::resizeSelected()
+{
+    if (m_items.size() != 1)
+        return false;
+    CGraphicsItemBase *item = m_scene.editedItem(*m_items.begin());
+    const QPointF press = item->scenePos();
+    const QPoint step(m_random.bounded(-60, 61), m_random.bounded(-60, 61));
+    const bool refused = !item->canResize();
+    m_scene.beginScale(*item, CResizeHandles::BottomRight, press);
+    m_scene.continueDrag(press + step);
+    m_scene.endDrag(press + step);
+    if (refused)
+        return false;
+    m_expected.resize(*m_items.begin(), step, CResizeHandles::LargestSide);
+    return true;
+}
+
+bool CRandomEdits::exchangeReceivers()
+{
+    const int port = m_random.bounded(PortCount);
+    const QVector<CGraphicsCabinetItem *> cabinets = m_scene.portItem(port)->cabinets(nullptr);
+    if (cabinets.isEmpty())
+        return false;
+    const CGraphicsCabinetItem *cabinet = cabinets.at(m_random.bounded(cabinets.size()));
+    m_scene.exchangeReceivers(port, cabinet->uuid(), 0);
+    return !m_world.states.isPortLocked(port) && m_expected.exchangeReceivers(cabinet->uuid());
+}
+
+bool CRandomEdits::drawStroke()
+{
+    const CGraphicsPortItem *port = m_scene.portItem(m_random.bounded(PortCount));
+    const QVector<CGraphicsCabinetItem *> cabinets = port->cabinets(nullptr);
+    if (cabinets.isEmpty())
+        return false;
+    CGraphicsCabinetItem *first = cabinets.at(m_random.bounded(cabinets.size()));
+    QVector<QPointF> way = {first->sceneBoundingRect().center()};
+    const QUuid begin = first->uuid();
+    m_scene.beginStroke(*first, way.first());
+    m_selection = QSet<QUuid>();
+    m_world.selectionSignals = 0; // a stroke first takes the selection away, which is told by itself
+    for (int i = m_random.bounded(6); i > 0; --i) {
+        const bool wild = m_random.bounded(3) == 0;
+        way << (wild ? QPointF(m_random.bounded(600), m_random.bounded(600))
+                     : cabinets.at(m_random.bounded(cabinets.size()))->sceneBoundingRect().center());
+        m_scene.continueStroke(way.last());
+    }
+    m_scene.endStroke(way.last());
+    if (port->isLocked())
+        return false;
+    m_expected.drawStroke(port->port(), begin, way);
+    return true;
+}
+
+bool CRandomEdits::groupSelection()
+{
+    const bool possible = m_scene.selection().canGroup();
+    act([this] { m_scene.groupSelected(); });
+    if (!possible)
+        return false;
+    m_selection = m_world.selected();
+    if (m_selection->size() != 1)
+        return false;
+    m_expected.group(m_items, *m_selection->begin());
+    return true;
+}
+
+void CRandomEdits::interruptDrag()
+{
+    m_scene.beginMove(QPointF(0, 0));
+    m_scene.continueDrag(QPointF(40, 50));
+    if (m_random.bounded(2))
+        m_scene.setCabinetLocked(0, m_world.states.isPortLocked(0));
+    else
+        m_scene.cancelGesture();
+    m_scene.endDrag(QPointF(90, 90));
+}

@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "tests/editor/random/CRandomPlacing.h"
+
+#include <functional>
+
+class QAction;
+
+/// One random edit of the selection or of a port, by call, by mouse or by an entry of a menu.
+class CRandomEdits final
+{
+public:
+    /// @p expected is told what the edit means.
+    CRandomEdits(SRandomScene &world, QRandomGenerator &random, CReferenceModel &expected);
+
+    /// Gives whether the edit may change the layout.
+    bool carryOut(int kind);
+    /// What must be selected afterwards; nothing where that is open.
+    const std::optional<QSet<QUuid>> &selection() const { return m_selection; }
+    bool isHighlight() const { return m_highlights; }
+
+private:
+    void act(const std::function<void()> &directly);
+    bool chooseEntry();
+    bool editPort(int kind);
+    bool editSelection(int kind);
+    void nudge(int kind, CReferenceModel &edited);
+    bool changeShape(int kind);
+    bool arrange();
+    bool removeSelection(bool cut);
+    bool dragSelection();
+    bool resizeSelected();
+    bool exchangeReceivers();
+    bool drawStroke();
+    bool groupSelection();
+    bool clearPort(int port);
+    void selectSameType();
+    void highlight();
+    void interruptDrag();
+    void changeState(int kind);
+    QUuid randomCabinet();
+
+    SRandomScene &m_world;
+    CCabinetGraphicsScene &m_scene;
+    QRandomGenerator &m_random;
+    const CReferenceModel m_before;
+    CReferenceModel &m_expected;
+    CRandomPlacing m_placing;
+    QSet<QUuid> m_items; // selected at the beginning
+    bool m_refused;      // a port of theirs is locked
+    bool m_highlights = false;
+    std::optional<QSet<QUuid>> m_selection;
+    QAction *m_entry = nullptr; // acts in place of the scene
+    QUuid m_clicked;            // its menu belongs to
+};

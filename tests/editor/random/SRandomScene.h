@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/editor/CCabinetGraphicsScene.h"
+#include "tests/editor/CFixedPortStates.h"
+#include "tests/editor/CNotedCommands.h"
+#include "tests/editor/random/CReferenceModel.h"
+
+/// What random edits act on, and what must be known of those before.
+struct SRandomScene
+{
+    CFixedPortStates states;
+    CNotedCommands commands;
+    CCabinetGraphicsScene scene{states};
+    LayoutData data;          // that the scene was last loaded with
+    CReferenceModel copied;   // what a paste brings
+    PasteCache cache;         // its records
+    QSet<QUuid> highlighted;  // cabinets
+    int selectionSignals = 0; // since the operation began
+    int sceneSignals = 0;
+
+    CabinetLayout layout() const
+    {
+        CabinetLayout layout;
+        scene.getLayoutData(layout, data.processor);
+        return layout;
+    }
+    QSet<QUuid> selected() const
+    {
+        const QVector<QUuid> uuids = scene.selection().uuids();
+        return QSet<QUuid>(uuids.begin(), uuids.end());
+    }
+};
