@@ -115,10 +115,12 @@ void CDetection::take(const SDevice &before, const SDevice &device, bool read)
     const QUuid uuid = device.node.uuid;
     bool replaced = false;
     const bool known = m_manager.table().change(uuid, [&](SDevice &now) {
+        const bool gainsWait = now.gainRows != now.settings.gainRows; // imported, but not sent
         // What the user edited while the processor was read stays.
         if (now.settings == before.settings)
             now.settings = device.settings;
-        now.gainRows = device.gainRows;
+        if (!gainsWait)
+            now.gainRows = now.settings.gainRows;
         if (read && now.working.edition() == before.working.edition()) {
             now.working = device.working;
             now.revision = device.revision;

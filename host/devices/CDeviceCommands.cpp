@@ -268,6 +268,12 @@ CStatus CDeviceCommands::sendGains(const QList<SCurrentGain> &gains)
         return CStatus::failure(unknownProcessor());
     if (device->project)
         return failure(*device, tr("A project has no cabinets that are connected."));
+    const bool known = std::all_of(gains.begin(), gains.end(), [](const SCurrentGain &gain) {
+        return gain.frameRateCode >= 0 && gain.frameRateCode < GainFrameRates && gain.gainLevel >= 0 &&
+               gain.gainLevel < GainLevels;
+    });
+    if (!known)
+        return failure(*device, tr("It has three frame rates with three gain levels each."));
     return apply(device->node.uuid, [&](SProcessorSettings &settings) {
         settings.gains = gains;
         settings.gainRows = device->gainRows;

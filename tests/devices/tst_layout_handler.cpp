@@ -3,7 +3,6 @@
 #include "host/devices/simulated/CSimulatedProcessor.h"
 #include "host/library/CTypeLibrary.h"
 #include "host/projects/CCabinetConfig.h"
-#include "host/projects/CCurrentGainFile.h"
 #include "tests/devices/CDeviceFixture.h"
 #include "tests/harness/CTestBase.h"
 
@@ -277,28 +276,6 @@ private Q_SLOTS:
         again.select(m_stage);
         QCOMPARE(again.handler.background(m_stage).file, background.file);
         QCOMPARE(again.handler.portAreas(), (QList<SPortArea>{{3, 1, 2, 30, 40}}));
-    }
-
-    void currentGainsAreImportedSentAndCleared()
-    {
-        const QString file = m_host->folder.filePath(QStringLiteral("gain.acr"));
-        QVERIFY(bool(CCurrentGainFile::write(file, {{1, 2, {1, 2, 3}}})));
-        QCOMPARE(m_host->handler.currentGains().size(), 9);
-        QVERIFY2(m_host->handler.importCurrentGain(file), qPrintable(m_host->handler.lastError()));
-        QList<SCurrentGain> gains = m_host->handler.currentGains();
-        int imported = 0;
-        for (SCurrentGain &gain : gains) {
-            imported += gain.imported;
-            QCOMPARE(gain.imported, gain.frameRateCode == 1 && gain.gainLevel == 2);
-            gain.on = gain.imported;
-        }
-        QCOMPARE(imported, 1);
-        QVERIFY(m_host->handler.sendCurrentGains(gains));
-        QCOMPARE(m_host->handler.currentGains(), gains);
-        QVERIFY(m_host->handler.clearCurrentGains());
-        for (const SCurrentGain &gain : m_host->handler.currentGains())
-            QVERIFY(!gain.imported && !gain.on);
-        QVERIFY(!m_host->handler.importCurrentGain(file + QLatin1Char('x')));
     }
 
     void cabinetsTakeParametersAndGiveTheirConfiguration()

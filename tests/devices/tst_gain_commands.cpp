@@ -1,0 +1,202 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/devices/simulated/SSimulationFault.h"
+#include "host/projects/CCurrentGainFile.h"
+#include "host/projects/CStrictFile.h"
+#include "tests/devices/CDeviceFixture.h"
+#include "tests/harness/CTestBase.h"
+
+namespace {
+
+const SFileFormat GainFormat{"orvo-current-gain", "a file of current-gain parameters", 1};
+
+QByteArray fileWithRows(const char *rows)
+{
+    return CStrictFile::encode(GainFormat, QJsonDocument::fromJson(rows).object());
+}
+
+/// The sets that are imported, "*" behind those that are on: "0/2 1/0*".
+QString importedBy(const CLayoutHandler &handler)
+{
+    QStringList texts;
+    for (const SCurrentGain &gain : handler.currentGains()) {
+        const QString on = gain.on ? QStringLiteral("*") : QString();
+        if (gain.imported || gain.on)
+            texts << QStringLiteral("%1/%2%3").arg(gain.frameRateCode).arg(gain.gainLevel).arg(on);
+    }
+    return texts.join(QLatin1Char(' '));
+}
+
+} // namespace
+
+class CGainCommandsTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        CTestBase::init();
+        m_host = std::make_unique<CDeviceFixture>();
+        m_stage = m_host->named("Main stage");
+        m_host->select(m_stage);
+        m_file = m_host->folder.filePath(QStringLiteral("gain.acr"));
+        QVERIFY(bool(CCurrentGainFile::write(m_file, {{1, 2, {1, 2, 3}}, {0, 0, {9, 9, 9}}})));
+    }
+    void cleanup()
+    {
+        m_host.reset();
+        CTestBase::cleanup();
+    }
+
+    void whatIsImportedWaitsUntilItIsSent()
+    {
+        CLayoutHandler &handler = m_host->handler;
+        QCOMPARE(handler.currentGains().size(), 9);
+        QVERIFY2(handler.importCurrentGain(m_file), qPrintable(handler.lastError()));
+        QCOMPARE(importedBy(handler), QStringLiteral("0/0 1/2"));
+        QCOMPARE(onDevice(), QString());
+        QVERIFY(m_host->detect().isDone());
+        QCOMPARE(importedBy(handler), QStringLiteral("0/0 1/2"));
+
+        QVERIFY2(sendWithOn(1, 2), qPrintable(handler.lastError()));
+        QCOMPARE(importedBy(handler), QStringLiteral("0/0 1/2*"));
+        QCOMPARE(onDevice(), QStringLiteral("0/0 1/2*"));
+        QVERIFY2(handler.clearCurrentGains(), qPrintable(handler.lastError()));
+        QCOMPARE(importedBy(handler), QString());
+        QCOMPARE(onDevice(), QString());
+    }
+
+    void anImportReplacesItsOwnSetsOnly()
+    {
+        QVERIFY(m_host->handler.importCurrentGain(m_file));
+        QVERIFY(bool(CCurrentGainFile::write(m_file, {{1, 2, {7, 8, 9}}, {2, 1, {4, 5, 6}}})));
+        QVERIFY(m_host->handler.importCurrentGain(m_file));
+        QCOMPARE(importedBy(m_host->handler), QStringLiteral("0/0 1/2 2/1"));
+        const QVector<SCurrentGainRow> rows{{0, 0, {9, 9, 9}}, {1, 2, {7, 8, 9}}, {2, 1, {4, 5, 6}}};
+        QCOMPARE(m_host->manager.table().device(m_stage)->gainRows, rows);
+    }
+
+    void aFileThatIsWrongIsRefusedWithItsPlace_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QString>("place");
+        const auto row = [](const char *name, const QByteArray &content, const char *place) {
+            QTest::newRow(name) << content << QString::fromLatin1(place);
+        };
+        const QByteArray good = fileWithRows(R"({"rows":[{"frameRate":0,"gainLevel":1,"values":[1,2,3]}]})");
+        row("empty", {}, "is empty");
+        row("cut", good.left(good.size() - 5), "cut off: it ends at byte");
+        row("altered", QByteArray(good).replace("[1,2,3]", "[1,2,4]"), "line 2 and below");
+        row("of another kind", CStrictFile::encode({"orvo-port-project", "a port project", 1}, {}),
+            "orvo-port-project");
+        row("newer", CStrictFile::encode({GainFormat.id, GainFormat.article, 2}, {}), "newer version");
+        row("without rows", fileWithRows("{}"), "\"rows\"");
+        row("unknown frame rate",
+            fileWithRows(R"({"rows":[{"frameRate":3,"gainLevel":1,"values":[1,2,3]}]})"),
+            "rows[0].frameRate: 3");
+        row("two colours", fileWithRows(R"({"rows":[{"frameRate":0,"gainLevel":1,"values":[1,2]}]})"),
+            "rows[0].values: the gains");
+        row("gain too large", fileWithRows(R"({"rows":[{"frameRate":0,"gainLevel":1,"values":[1,2,256]}]})"),
+            "rows[0].values[2]");
+        row("set twice",
+            fileWithRows(R"({"rows":[{"frameRate":0,"gainLevel":1,"values":[1,2,3]},)"
+                         R"({"frameRate":0,"gainLevel":1,"values":[1,2,3]}]})"),
+            "rows[1].gainLevel");
+    }
+    void aFileThatIsWrongIsRefusedWithItsPlace()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(QString, place);
+        CLayoutHandler &handler = m_host->handler;
+        QVERIFY(handler.importCurrentGain(m_file));
+        const QString wrong = m_host->folder.filePath(QStringLiteral("wrong.acr"));
+        QFile file(wrong);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+        file.close();
+        QVERIFY(!handler.importCurrentGain(wrong));
+        QVERIFY2(handler.lastError().contains(wrong), qPrintable(handler.lastError()));
+        QVERIFY2(handler.lastError().contains(place), qPrintable(handler.lastError()));
+        QCOMPARE(handler.lastError().count(QLatin1Char('\n')), 0);
+        QCOMPARE(importedBy(handler), QStringLiteral("0/0 1/2"));
+    }
+
+    void aFileThatIsMissingIsNamed()
+    {
+        const QString missing = m_file + QLatin1Char('x');
+        QVERIFY(!m_host->handler.importCurrentGain(missing));
+        QVERIFY(m_host->handler.lastError().contains(missing));
+    }
+
+    void aProcessorThatDoesNotTakeThemKeepsWhatItHas_data()
+    {
+        QTest::addColumn<int>("fault");
+        for (const SimulationFault fault :
+             {SimulationFault::Offline, SimulationFault::Silent, SimulationFault::Refuse})
+            QTest::newRow(SSimulationFault::all().at(static_cast<int>(fault)).name)
+                << static_cast<int>(fault);
+    }
+    void aProcessorThatDoesNotTakeThemKeepsWhatItHas()
+    {
+        QFETCH(int, fault);
+        CLayoutHandler &handler = m_host->handler;
+        QVERIFY(handler.importCurrentGain(m_file) && sendWithOn(0, 0));
+        m_host->manager.simulate(m_stage, static_cast<SimulationFault>(fault), true);
+        const QString name = QStringLiteral("Main stage(192.168.10.12): ");
+        QVERIFY(!sendWithOn(1, 2));
+        QVERIFY2(handler.lastError().startsWith(name), qPrintable(handler.lastError()));
+        QVERIFY(!handler.clearCurrentGains());
+        QVERIFY2(handler.lastError().startsWith(name), qPrintable(handler.lastError()));
+        QVERIFY(handler.importCurrentGain(m_file)); // needs no processor
+        QCOMPARE(importedBy(handler), QStringLiteral("0/0* 1/2"));
+        QCOMPARE(onDevice(), QStringLiteral("0/0* 1/2"));
+    }
+
+    void setsThatNoProcessorHasAreNotSent()
+    {
+        QVERIFY(m_host->handler.importCurrentGain(m_file) && sendWithOn(0, 0));
+        for (const SCurrentGain &wrong : {SCurrentGain{3, 0, true, true}, SCurrentGain{0, -1, true, true}})
+            QVERIFY(!m_host->handler.sendCurrentGains({wrong}));
+        QCOMPARE(onDevice(), QStringLiteral("0/0* 1/2")); // and it can still read its state
+    }
+
+    void aProjectHasNobodyToSendTo()
+    {
+        CLayoutHandler &handler = m_host->handler;
+        m_host->select(m_host->manager.openDemo().value());
+        QVERIFY(handler.importCurrentGain(m_file));
+        QVERIFY(!sendWithOn(0, 0));
+        QVERIFY(handler.lastError().endsWith(QLatin1String("A project has no cabinets that are connected.")));
+        QVERIFY(handler.clearCurrentGains());
+        QCOMPARE(importedBy(handler), QString());
+        m_host->manager.select({}, PrcTreeNodeType::Other);
+        QVERIFY(!handler.importCurrentGain(m_file));
+        QVERIFY(!handler.lastError().isEmpty());
+        QVERIFY(!handler.clearCurrentGains());
+        QVERIFY(handler.currentGains().isEmpty());
+    }
+
+private:
+    /// Sends all sets, with that one switched on.
+    bool sendWithOn(int frameRate, int level)
+    {
+        QList<SCurrentGain> gains = m_host->handler.currentGains();
+        for (SCurrentGain &gain : gains)
+            gain.on = gain.frameRateCode == frameRate && gain.gainLevel == level;
+        return m_host->handler.sendCurrentGains(gains);
+    }
+    /// What a second program on the same devices finds.
+    QString onDevice()
+    {
+        CDeviceFixture again(0, m_host->folder.path());
+        again.select(m_stage);
+        return importedBy(again.handler);
+    }
+
+    std::unique_ptr<CDeviceFixture> m_host;
+    QUuid m_stage;
+    QString m_file;
+};
+
+ORVO_TEST_MAIN(QCoreApplication, CGainCommandsTest)
+#include "tst_gain_commands.moc"
