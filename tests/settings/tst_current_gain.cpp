@@ -10,7 +10,6 @@
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QLabel>
 #include <QPushButton>
 #include <QTimer>
 
@@ -21,22 +20,9 @@ using Gains = QList<SCurrentGain>;
 const Gains NoneImported{{0, 0, false, false}, {0, 1, false, false}, {1, 2, false, false}};
 const Gains TwoImported{{0, 0, true, false}, {0, 1, true, true}, {1, 2, false, false}};
 
-QString statusOf(const CEleCurrentAdjustTable &table, int row)
-{
-    return qobject_cast<QLabel *>(table.cellWidget(row, 2))->text();
-}
-
 QCheckBox *switchOf(const CEleCurrentAdjustTable &table, int row)
 {
     return table.cellWidget(row, 3)->findChild<QCheckBox *>();
-}
-
-/// A row as "60Hz|Low|Imported|on".
-QString rowOf(const CEleCurrentAdjustTable &table, int row)
-{
-    const QStringList texts{table.item(row, 0)->text(), table.item(row, 1)->text(), statusOf(table, row),
-                            switchOf(table, row)->isChecked() ? QStringLiteral("on") : QStringLiteral("off")};
-    return texts.join(QLatin1Char('|'));
 }
 
 /// A host that imports and clears, with the dialog open on its processor.
@@ -132,70 +118,6 @@ private Q_SLOTS:
         }
     }
 
-    void theTableIsLaidOutAsItsColumnsNeed()
-    {
-        const SGainDialog opened(NoneImported);
-        const CEleCurrentAdjustTable &table = opened.table();
-        QCOMPARE(table.objectName(), QStringLiteral("VideoInputMonitorTable"));
-        QCOMPARE(table.size(), QSize(556, 282));
-        QStringList columns;
-        for (int column = 0; column < table.columnCount(); ++column)
-            columns << QStringLiteral("%1=%2")
-                           .arg(table.horizontalHeaderItem(column)->text())
-                           .arg(table.columnWidth(column));
-        QCOMPARE(columns.join(QLatin1Char(' ')),
-                 QStringLiteral("Frame rate=110 Gain level=110 Parameter status=110 Switch=220"));
-    }
-
-    void showsASetARow_data()
-    {
-        QTest::addColumn<int>("frameRate");
-        QTest::addColumn<int>("gainLevel");
-        QTest::addColumn<bool>("imported");
-        QTest::addColumn<QString>("row");
-        QTest::newRow("60 Hz") << 0 << 0 << true << "60Hz|Low|Imported|off";
-        QTest::newRow("50 Hz") << 1 << 1 << false << "50Hz|Medium|Not imported|off";
-        QTest::newRow("30 Hz") << 2 << 2 << true << "30Hz|High|Imported|off";
-        QTest::newRow("unknown frame rate") << 3 << 2 << true << "|High|Imported|off";
-        QTest::newRow("unknown level") << 0 << 3 << true << "60Hz||Imported|off";
-        QTest::newRow("negative") << -1 << -1 << false << "||Not imported|off";
-    }
-    void showsASetARow()
-    {
-        QFETCH(int, frameRate);
-        QFETCH(int, gainLevel);
-        QFETCH(bool, imported);
-        QFETCH(QString, row);
-        CEleCurrentAdjustTable table;
-        table.setGains({{frameRate, gainLevel, imported, false}});
-        QCOMPARE(rowOf(table, 0), row);
-        QCOMPARE(table.cellWidget(0, 2)->styleSheet(),
-                 imported ? QStringLiteral("color: #B5B5C1") : QStringLiteral("color: #737380"));
-        QCOMPARE(switchOf(table, 0)->isEnabled(), imported);
-    }
-
-    void ordersByFrameRateThenLevel()
-    {
-        CEleCurrentAdjustTable table;
-        table.setGains({{1, 0, true, true}, {0, 2, false, false}, {2, 1, true, false}, {0, 1, true, false}});
-        const Gains ordered{
-            {0, 1, true, false}, {0, 2, false, false}, {1, 0, true, true}, {2, 1, true, false}};
-        QCOMPARE(table.gains(), ordered);
-        QVERIFY(!table.isSwitched());
-        QCOMPARE(rowOf(table, 2), QStringLiteral("50Hz|Low|Imported|on"));
-    }
-
-    void aSetThatIsOnCanBeSwitchedOffWithoutParameters()
-    {
-        CEleCurrentAdjustTable table;
-        table.setGains({{0, 0, false, true}});
-        QVERIFY(switchOf(table, 0)->isEnabled());
-        switchOf(table, 0)->click();
-        QVERIFY(table.isSwitched());
-        switchOf(table, 0)->click();
-        QVERIFY(!table.isSwitched());
-    }
-
     void theTabKeyGoesFromTopToBottom()
     {
         const SGainDialog opened(TwoImported);
@@ -229,8 +151,8 @@ private Q_SLOTS:
                  QStringList{QStringLiteral("importCurrentGain(%1)").arg(m_file.fileName())});
         const Gains shown{{0, 0, true, true}, {0, 1, true, true}, {1, 2, true, false}}; // the switch stays
         QCOMPARE(opened.table().gains(), shown);
-        QCOMPARE(rowOf(opened.table(), 0), QStringLiteral("60Hz|Low|Imported|on"));
-        QCOMPARE(opened.table().isSwitched(), true);
+        QVERIFY(switchOf(opened.table(), 0)->isChecked());
+        QVERIFY(opened.table().isSwitched());
     }
 
     void aFirstImportMakesClearingAndSavingPossible()
