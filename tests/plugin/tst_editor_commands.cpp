@@ -1,94 +1,25 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/data/CLayoutData.h"
-#include "layout/editor/CCabinetGraphicsScene.h"
-#include "layout/editor/items/CGraphicsCabinetItem.h"
-#include "layout/editor/items/CGraphicsPortItem.h"
-#include "layout/editor/view/CLayoutGraphicsView.h"
-#include "layout/plugin/CEditorCommands.h"
-#include "layout/plugin/LayoutNotification.h"
 #include "layout/resources/LayoutResources.h"
 #include "layout/settings/CCabinetFillSetting.h"
+#include "layout/settings/CCabinetInformation.h"
+#include "layout/settings/CCabinetParaSave.h"
 #include "layout/settings/CCabinetTypeSetting.h"
 #include "layout/settings/CCustomCabinet.h"
-#include "tests/harness/CFakeHost.h"
-#include "tests/harness/CFileDialogAnswerer.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/plugin/SCommandWorld.h"
 
 #include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QSpinBox>
-#include <QTemporaryDir>
-#include <QTimer>
 
 namespace {
 
 using TypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
-
-SSettings::TypeLibrary::STreeNode typeNode(const char *name, int width, int height)
-{
-    SSettings::TypeLibrary::STreeNode node;
-    node.name = QString::fromLatin1(name);
-    node.key = SMD5::ofContent(name);
-    node.info.key = node.key;
-    node.info.name = node.name;
-    node.info.width = width;
-    node.info.height = height;
-    node.info.receivers = {QRect(0, 0, width, height)};
-    return node;
-}
-
-/// A host, and the editor with its commands.
-struct SCommandWorld
-{
-    SCommandWorld()
-    {
-        host.answers().library = {typeNode("Flat", 100, 100), typeNode("Huge", 2049, 100)};
-        host.subject()->attach(store);
-        view.setCommands(&commands);
-        store.setLayoutSource(&view.cabinetScene());
-    }
-    ~SCommandWorld()
-    {
-        view.setCommands(nullptr);
-        store.setLayoutSource(nullptr);
-        host.subject()->detach(store);
-        store.stop();
-    }
-
-    /// Brings a processor with so many ports and cabinets a port into view.
-    void open(int ports, int cabinets)
-    {
-        const QUuid processor = host.addProcessor(QStringLiteral("Main"), ports, cabinets);
-        host.choose(processor);
-        host.notify(LayoutNotification::CurrentProcessorChanged, processor);
-        QTRY_COMPARE(store.currentProcessor(), processor);
-        view.showLayout(host.answers().getProcessorNode(processor), store.openProcessor(processor));
-        store.setCurrentPort(ports - 1);
-    }
-    CCabinetGraphicsScene &scene() { return view.cabinetScene(); }
-    CGraphicsCabinetItem &cabinet(int port, int place)
-    {
-        return *scene().portItem(port)->cabinets(nullptr).at(place);
-    }
-
-    CFakeHost host;
-    CLayoutData store;
-    CLayoutGraphicsView view{store};
-    CEditorCommands commands{store, view};
-};
-
-template <typename Dialog>
-void inNext(const std::function<void(Dialog &)> &act)
-{
-    QTimer::singleShot(0, qApp, [act] {
-        auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
-        QVERIFY(dialog);
-        act(*dialog);
-    });
-}
 
 QStringList textsOf(const QMenu &menu)
 {
@@ -151,6 +82,21 @@ private Q_SLOTS:
         recent.actions().last()->trigger();
         QVERIFY(m_world->scene().isAppending());
         QCOMPARE(m_world->store.recentCabinets().types().first(), SMD5::ofContent("Flat"));
+    }
+
+    void appendEntriesCarryTypeAndSize()
+    {
+        m_world->store.recentCabinets().noteType(SMD5::ofContent("Flat"));
+        m_world->store.recentCabinets().setCustomSize(QSize(64, 32));
+        QMenu menu;
+        m_world->commands.fillAppendMenu(menu, nullptr);
+        QAction *flat = menu.actions().first()->menu()->actions().first();
+        QCOMPARE(flat->property("append").value<TypeInfo>(), typeNode("Flat", 100, 100).info);
+        QCOMPARE(flat->property("appendSize").toSize(), QSize(100, 100));
+        QAction *custom = menu.actions().at(2);
+        QVERIFY(custom->property("append").isValid());
+        QCOMPARE(custom->property("append").value<TypeInfo>(), TypeInfo());
+        QCOMPARE(custom->property("appendSize").toSize(), QSize(64, 32));
     }
 
     void appendIsRefusedBeforeItBegins()
@@ -222,69 +168,51 @@ private Q_SLOTS:
         QVERIFY(!m_world->store.port(0).color.isValid() && !m_world->store.port(1).color.isValid());
     }
 
-    void filesTellHowTheyEnded_data()
+    void customCabinetsAreMarkedAndNothingElse()
     {
-        QTest::addColumn<bool>("readback");
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<bool>("exists");
-        QTest::addColumn<bool>("refused");
-        QTest::addColumn<QString>("written");
-        QTest::addColumn<QStringList>("told");
-        const QString overwrite =
-            QStringLiteral("The file already exists in the current path. Do you want to overwrite it?");
-        QTest::newRow("export") << false << "a.rcvbp" << false << false << "a.rcvbp"
-                                << QStringList{QStringLiteral("Export Success.")};
-        QTest::newRow("export over a file") << false << "a.rcvbp" << true << false << "a.rcvbp"
-                                            << QStringList{overwrite, QStringLiteral("Export Success.")};
-        QTest::newRow("export refused") << false << "a.rcvbp" << false << true << "a.rcvbp"
-                                        << QStringList{QStringLiteral("Export failed.")};
-        QTest::newRow("export cancelled") << false << "" << false << false << "" << QStringList();
-        QTest::newRow("readback without a suffix") << true << "b" << false << false << "b.rcvbp"
-                                                   << QStringList{QStringLiteral("Readback successful.")};
-        QTest::newRow("readback of another kind") << true << "b.rcvp" << false << false << "b.rcvp"
-                                                  << QStringList{QStringLiteral("Readback successful.")};
-        QTest::newRow("readback refused")
-            << true << "b" << false << true << "b.rcvbp" << QStringList{QStringLiteral("Readback failed.")};
-        QTest::newRow("readback cancelled") << true << "" << false << false << "" << QStringList();
+        SLayoutOptions expected;
+        expected.followUp = false;
+        m_world->store.setOptions(expected);
+        for (const bool marked : {true, false}) {
+            expected.markupCustomCabinets = marked;
+            m_world->commands.markCustomCabinets(marked);
+            QCOMPARE(m_world->store.options(), expected);
+            QCOMPARE(m_world->scene().portStates().marksCustomCabinets(), marked);
+        }
     }
-    void filesTellHowTheyEnded()
+
+    void onlyProcessorsThatAnswerAreReadBack()
     {
-        QFETCH(bool, readback);
-        QFETCH(QString, typed);
-        QFETCH(QString, written);
-        QFETCH(bool, exists);
-        QFETCH(bool, refused);
-        const QTemporaryDir folder;
-        const auto inFolder = [&folder](const QString &name) {
-            return name.isEmpty() ? QString() : folder.filePath(name);
-        };
-        if (exists) {
-            QFile file(inFolder(typed));
-            QVERIFY(file.open(QIODevice::WriteOnly));
-        }
-        if (refused)
-            m_world->host.answers().refused = {QStringLiteral("exportCabinetConfig"),
-                                               QStringLiteral("readbackCabinetConfig")};
-        CFileDialogAnswerer files(inFolder(typed));
-        CMessageBoxAnswerer user(exists ? QStringList{QStringLiteral("Yes"), QStringLiteral("OK")}
-                                        : QStringList{QStringLiteral("OK")});
-        const auto cabinet = m_world->cabinet(0, 1).cabinet();
-        if (readback)
-            m_world->commands.readBackConfiguration(cabinet, nullptr);
-        else
-            m_world->commands.exportConfiguration(cabinet, nullptr);
-        QTEST(user.texts(), "told");
-        QCOMPARE(files.title, readback ? QStringLiteral("Readback...") : QStringLiteral("Export..."));
-        const QString call =
-            readback ? QStringLiteral("readbackCabinetConfig") : QStringLiteral("exportCabinetConfig");
-        QCOMPARE(m_world->host.answers().count(call), written.isEmpty() ? 0 : 1);
-        if (!written.isEmpty())
-            QVERIFY(m_world->host.answers().calls().last().contains(inFolder(written)) ||
-                    m_world->host.answers().calls().filter(call).last().contains(inFolder(written)));
-        if (readback) {
-            QCOMPARE(files.filters, (QStringList{QStringLiteral("*.rcvbp"), QStringLiteral("*.rcvp")}));
-            QVERIFY(QDateTime::fromString(files.proposal, QStringLiteral("yyyy-MM-dd-hh-mm-ss")).isValid());
-        }
+        QCOMPARE(m_world->commands.readbackRefusal(), QString());
+        m_world->host.answers().nodes[0].online = false;
+        QCOMPARE(m_world->commands.readbackRefusal(), QStringLiteral("The processor is offline."));
+    }
+
+    void theDialogsAreAboutTheCabinetsThatWereGiven()
+    {
+        QStringList shown;
+        inNext<CCabinetInformation>([&shown](CCabinetInformation &dialog) {
+            for (const QLineEdit *field : dialog.findChildren<QLineEdit *>())
+                shown << field->text();
+            dialog.accept();
+        });
+        m_world->commands.showInformation(typedCabinets(), nullptr);
+        QCOMPARE(shown.mid(0, 3),
+                 (QStringList{QStringLiteral("2"), QStringLiteral("Flat"), QStringLiteral("100x100")}));
+
+        QStringList offered;
+        inNext<CCabinetParaSave>([&offered](CCabinetParaSave &dialog) {
+            const auto *types = dialog.findChild<QComboBox *>();
+            for (int i = 0; i < types->count(); ++i)
+                offered << types->itemText(i);
+            dialog.accept();
+        });
+        const CMessageBoxAnswerer user({QStringLiteral("OK")});
+        m_world->commands.saveParameters(typedCabinets(), nullptr);
+        QCOMPARE(offered, (QStringList{QStringLiteral("Flat"), QStringLiteral("Huge")}));
+        QCOMPARE(m_world->host.answers().calls().filter(QStringLiteral("sendCabinetParameters")),
+                 QStringList{QStringLiteral("sendCabinetParameters(2,%1,2.8)")
+                                 .arg(QString::fromLatin1(SMD5::ofContent("Flat").toText()))});
     }
 
     void aRefusedHighlightIsTold()
@@ -300,6 +228,17 @@ private Q_SLOTS:
     }
 
 private:
+    /// Two cabinets of the second port, of a type that the library knows.
+    QList<CEditorCommands::Cabinet> typedCabinets()
+    {
+        QList<CEditorCommands::Cabinet> cabinets;
+        for (const int place : {0, 2}) {
+            cabinets << m_world->cabinet(1, place).cabinet();
+            cabinets.last().type = SMD5::ofContent("Flat");
+        }
+        return cabinets;
+    }
+
     std::unique_ptr<SCommandWorld> m_world;
 };
 

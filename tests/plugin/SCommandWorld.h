@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/CLayoutData.h"
+#include "layout/editor/CCabinetGraphicsScene.h"
+#include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/view/CLayoutGraphicsView.h"
+#include "layout/plugin/CEditorCommands.h"
+#include "layout/plugin/LayoutNotification.h"
+#include "tests/harness/CFakeHost.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <QtTest>
+
+/// A type of the library, of one receiver.
+inline SSettings::TypeLibrary::STreeNode typeNode(const char *name, int width, int height)
+{
+    SSettings::TypeLibrary::STreeNode node;
+    node.name = QString::fromLatin1(name);
+    node.key = SMD5::ofContent(name);
+    node.info.key = node.key;
+    node.info.name = node.name;
+    node.info.width = width;
+    node.info.height = height;
+    node.info.receivers = {QRect(0, 0, width, height)};
+    return node;
+}
+
+/// A host, and the editor with its commands.
+struct SCommandWorld
+{
+    SCommandWorld()
+    {
+        host.answers().library = {typeNode("Flat", 100, 100), typeNode("Huge", 2049, 100)};
+        host.subject()->attach(store);
+        view.setCommands(&commands);
+        store.setLayoutSource(&view.cabinetScene());
+    }
+    ~SCommandWorld()
+    {
+        view.setCommands(nullptr);
+        store.setLayoutSource(nullptr);
+        host.subject()->detach(store);
+        store.stop();
+    }
+
+    /// Brings a processor with so many ports and cabinets a port into view.
+    void open(int ports, int cabinets)
+    {
+        const QUuid processor = host.addProcessor(QStringLiteral("Main"), ports, cabinets);
+        host.choose(processor);
+        host.notify(LayoutNotification::CurrentProcessorChanged, processor);
+        QTRY_COMPARE(store.currentProcessor(), processor);
+        view.showLayout(host.answers().getProcessorNode(processor), store.openProcessor(processor));
+        store.setCurrentPort(ports - 1);
+    }
+    CCabinetGraphicsScene &scene() { return view.cabinetScene(); }
+    CGraphicsCabinetItem &cabinet(int port, int place)
+    {
+        return *scene().portItem(port)->cabinets(nullptr).at(place);
+    }
+
+    CFakeHost host;
+    CLayoutData store;
+    CLayoutGraphicsView view{store};
+    CEditorCommands commands{store, view};
+};
+
+/// Acts in the next dialog once it is on screen.
+template <typename Dialog>
+void inNext(const std::function<void(Dialog &)> &act)
+{
+    QTimer::singleShot(0, qApp, [act] {
+        auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        act(*dialog);
+    });
+}
