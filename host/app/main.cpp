@@ -13,6 +13,7 @@
 #include "platform/widgets/CTheme.h"
 
 #include <QApplication>
+#include <QLocale>
 
 #include <cstdio>
 #include <cstdlib>
@@ -112,6 +113,7 @@ int runWindow(int argc, char **argv, const SAppOptions &options)
     const CSignalWatch signalWatch;
     const CLogFile log(CLogFile::defaultFolder());
     registerRecordMetaTypes();
+    QLocale::setDefault(QLocale(QLocale::English)); // the language of all texts so far; numbers go with them
     CTheme::apply(*application);
 
     SDeviceSettings devices;

@@ -321,7 +321,10 @@ CStatus CDeviceCommands::highlight(const Cabinets &cabinets, CabinetHighlight hi
     if (!status)
         return status;
     const QUuid processor = device->node.uuid;
-    m_manager.post([this, processor, cabinets, highlight] {
+    const QUuid before = std::exchange(m_highlighted, cabinets.isEmpty() ? QUuid() : processor);
+    m_manager.post([this, before, processor, cabinets, highlight] {
+        if (!before.isNull() && before != processor)
+            Q_EMIT m_manager.highlightChanged(before, {}, CabinetHighlight::Off);
         Q_EMIT m_manager.highlightChanged(processor, cabinets, highlight);
     });
     return status;

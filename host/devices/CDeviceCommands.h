@@ -62,5 +62,6 @@ private:
 
     CDeviceManager &m_manager;
     const CTypeLibrary &m_library;
-    std::mutex m_mutex; // one change of settings after the other
+    QUuid m_highlighted; // the processor whose cabinets stand out; null: none; GUI thread
+    std::mutex m_mutex;  // one change of settings after the other
 };

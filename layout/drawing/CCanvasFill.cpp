@@ -54,6 +54,7 @@ void CCanvasFill::set(const SBackgroundInfo &info)
     m_info = info;
     if (!info.enabled || info.file.isEmpty()) {
         m_image = QImage();
+        m_problem.clear();
         m_file.clear();
         return;
     }
@@ -64,6 +65,7 @@ void CCanvasFill::set(const SBackgroundInfo &info)
     m_fileTime = time;
     const CResult<QImage> image = load(info.file);
     m_image = image ? image.value() : QImage();
+    m_problem = image ? QString() : image.error();
     if (!image)
         qCWarning(drawingLog, "The canvas has no fill. %s", qUtf8Printable(image.error()));
 }

@@ -29,6 +29,8 @@ public:
     /// cannot be read is left out, with a line in the log.
     void set(const SBackgroundInfo &info);
     const SBackgroundInfo &info() const { return m_info; }
+    /// Why the image that was asked for is not drawn; empty when it is.
+    const QString &problem() const { return m_problem; }
 
     /// Draws the image from the upper left corner of @p canvas, whose edges cut it off: in its natural size,
     /// an image pixel a unit of the painter's coordinates, or as large as fits the canvas, and of that the
@@ -38,6 +40,7 @@ public:
 private:
     SBackgroundInfo m_info;
     QImage m_image; // null: nothing to be drawn
+    QString m_problem;
     QString m_file; // that was read, or could not be
     QDateTime m_fileTime;
 };

@@ -458,9 +458,13 @@ void CCabinetGraphicsScene::cancelGesture()
 
 void CCabinetGraphicsScene::contextMenuEvent(QGraphicsSceneContextMenuEvent *event)
 {
-    if (isAppending())
+    if (isAppending()) {
+        leaveOperation(); // here, as the press comes first and must not make way for a menu
+        event->accept();
         return;
-    if (!m_toolModes.isEmpty() || isOn(event->scenePos(), CabinetItemKind)) {
+    }
+    if (!m_toolModes.isEmpty() || isOn(event->scenePos(), CabinetItemKind) ||
+        isOn(event->scenePos(), GroupItemKind)) {
         CGraphicsScene::contextMenuEvent(event);
         return;
     }
@@ -489,8 +493,6 @@ void CCabinetGraphicsScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
     if (isAppending()) {
         if (event->button() == Qt::LeftButton)
             m_placing.press(*event);
-        else
-            leaveOperation();
         event->accept();
         return;
     }

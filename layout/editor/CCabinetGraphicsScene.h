@@ -64,6 +64,8 @@ public:
     CGraphicsItemBase *editedItem(const QUuid &uuid) const override;
     const IPortStates &portStates() const { return m_portStates; }
     const CSceneSelection &selection() const { return m_selection; }
+    /// Why the fill image of the canvas is not drawn; empty when it is.
+    const QString &fillProblem() const { return m_fill.problem(); }
 
     /// What the menus offer beyond the scene's own edits; null: nothing. @p commands stays owned by the
     /// caller.

@@ -31,10 +31,10 @@ QString CCabinetFiles::askForFile(const QString &title, const QString &filter, c
         return {};
     if (QFileInfo(file).suffix().isEmpty())
         file += ConfigSuffix;
-    m_store.setMappingFolder(QFileInfo(file).absolutePath());
     const QString question = tr("The file already exists in the current path. Do you want to overwrite it?");
     if (QFileInfo::exists(file) && CMessageBox::question(m_parent, question) != 0)
         return {};
+    m_store.setMappingFolder(QFileInfo(file).absolutePath());
     return file;
 }
 

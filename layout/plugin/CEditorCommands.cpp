@@ -26,6 +26,15 @@ CEditorCommands::CEditorCommands(CLayoutData &store, CLayoutGraphicsView &view)
 {
 }
 
+/// What was chosen for a processor is not for another one that came into view meanwhile.
+bool CEditorCommands::isStillInView(const QUuid &processor, QWidget *parent) const
+{
+    if (m_store.currentProcessor() == processor)
+        return true;
+    CMessageBox::information(parent, tr("Set failed."), tr("The processor is no longer in view."));
+    return false;
+}
+
 void CEditorCommands::fillAllPorts(const QColor &color)
 {
     for (const CabinetLayout::CabinetPort &port : m_store.ports())
@@ -34,11 +43,12 @@ void CEditorCommands::fillAllPorts(const QColor &color)
 
 void CEditorCommands::fillCurrentPort(QWidget *parent)
 {
+    const QUuid processor = m_store.currentProcessor();
     const int port = m_store.currentPort();
     if (port < 0)
         return;
     CCabinetFillSetting dialog(m_store.port(port).color, CLayoutPainter::defaultPortColor(port), parent);
-    if (dialog.exec() != QDialog::Accepted)
+    if (dialog.exec() != QDialog::Accepted || !isStillInView(processor, parent))
         return;
     const SCabinetFill fill = dialog.fill();
     if (fill.allPorts)
@@ -61,6 +71,7 @@ void CEditorCommands::markCustomCabinets(bool marked)
 
 void CEditorCommands::chooseType(QWidget *parent)
 {
+    const QUuid processor = m_store.currentProcessor();
     CCabinetGraphicsScene &scene = m_view.cabinetScene();
     for (const int port : scene.selection().ports()) {
         if (m_store.isPortLocked(port)) {
@@ -70,7 +81,7 @@ void CEditorCommands::chooseType(QWidget *parent)
     }
     CCabinetTypeSetting dialog(
         scene.selection().records(), [&store = m_store] { return store.typeLibrary(); }, parent);
-    if (dialog.exec() != QDialog::Accepted)
+    if (dialog.exec() != QDialog::Accepted || !isStillInView(processor, parent))
         return;
     m_store.recentCabinets().noteType(dialog.type().key);
     scene.selectionShape().applyType(dialog.type());
@@ -94,8 +105,10 @@ void CEditorCommands::exportConfiguration(const Cabinet &cabinet, QWidget *paren
 
 QString CEditorCommands::readbackRefusal() const
 {
-    const auto handler = CHostAccess::handler();
-    return handler->currentProcessorNode().online ? QString() : tr("The processor is offline.");
+    const ProcessorTree::ProcessorNode node = CHostAccess::handler()->currentProcessorNode();
+    if (!node.online)
+        return tr("The processor is offline.");
+    return node.address == 0 ? tr("A project has no cabinets that are connected.") : QString();
 }
 
 void CEditorCommands::readBackConfiguration(const Cabinet &cabinet, QWidget *parent)

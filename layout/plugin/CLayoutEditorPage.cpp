@@ -17,9 +17,19 @@
 #include <QVBoxLayout>
 #include <QVariant>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int TitleRowLocation = 3; // of a tool widget
+
+/// Whether another processor's redundancy is @p processor.
+bool isRedundancy(const QUuid &processor)
+{
+    const auto pairs = CHostAccess::handler()->processorRedundancies();
+    return std::any_of(pairs.begin(), pairs.end(),
+                       [&processor](const QPair<QUuid, QUuid> &pair) { return pair.second == processor; });
+}
 
 } // namespace
 
@@ -58,6 +68,8 @@ void CLayoutEditorPage::setProcessor(const ProcessorTree::ProcessorNode &process
     const bool another = processor.uuid != m_processor.uuid;
     m_processor = processor;
     m_title->setText(processor.uuid.isNull() ? QString() : processor.displayText());
+    m_view->onCurrentProcessorChanged(processor);
+    m_view->onCurrentProcessorBackupChanged(isRedundancy(processor.uuid));
     if (another) {
         m_store.setCurrentPort(-1);
         reload();
@@ -73,7 +85,16 @@ void CLayoutEditorPage::reload()
         m_view->clearLayout();
     else
         showLayout(layout);
-    m_view->cabinetScene().onBackgroundChanged(m_store.background(), {});
+    showBackground(m_store.background());
+}
+
+/// A fill image that cannot be read is told beside the title, not in a box with each look at the processor.
+void CLayoutEditorPage::showBackground(const SBackgroundInfo &info)
+{
+    CCabinetGraphicsScene &scene = m_view->cabinetScene();
+    scene.onBackgroundChanged(info, info);
+    if (!scene.fillProblem().isEmpty())
+        m_note->setText(scene.fillProblem());
 }
 
 /// Commands always have a port to act on, where the processor has one.
@@ -143,8 +164,9 @@ void CLayoutEditorPage::connectSignals()
     connect(&m_store, &CLayoutData::notifyProcessorCanvasSizeChanged, scene,
             &CCabinetGraphicsScene::setCanvasSize);
     connect(&m_store, &CLayoutData::notifyProcessorBackgroundChanged, scene,
-            [scene](const SBackgroundInfo &before, const SBackgroundInfo &now, bool sizeChanged) {
+            [this, scene](const SBackgroundInfo &before, const SBackgroundInfo &now, bool sizeChanged) {
                 scene->onBackgroundChanged(now, before, sizeChanged);
+                showBackground(now);
             });
     connect(&m_commands->canvas(), &CCanvasCommands::previewed, scene,
             [scene](const SBackgroundInfo &shown) { scene->onBackgroundChanged(shown, shown); });

@@ -5,6 +5,7 @@
 #include "layout/data/records/CabinetLayout.h"
 #include "layout/data/records/LayoutData.h"
 #include "layout/data/records/ProcessorTree.h"
+#include "layout/data/records/SBackgroundInfo.h"
 
 #include <QWidget>
 
@@ -45,6 +46,7 @@ public:
 
 private:
     void showLayout(const LayoutData &layout);
+    void showBackground(const SBackgroundInfo &info);
     void setPortRedundancy(int primary, int backup);
     void buildUi();
     void connectSignals();

@@ -133,6 +133,7 @@ void CGraphicsView::mousePressEvent(QMouseEvent *event)
         return;
     }
     m_panning = true;
+    m_cursorBefore = viewport()->cursor();
     m_panPosition = event->pos();
     viewport()->setCursor(Qt::ClosedHandCursor);
 }
@@ -157,7 +158,7 @@ void CGraphicsView::mouseReleaseEvent(QMouseEvent *event)
         return;
     }
     m_panning = false;
-    viewport()->unsetCursor();
+    viewport()->setCursor(m_cursorBefore);
 }
 
 void CGraphicsView::resizeEvent(QResizeEvent *event)

@@ -68,5 +68,6 @@ private:
     QRectF m_fitRect;
     bool m_fitted = false;
     bool m_panning = false;
-    QPoint m_panPosition; // of the cursor at the last step of the pan
+    QCursor m_cursorBefore; // the pan
+    QPoint m_panPosition;   // of the cursor at the last step of the pan
 };

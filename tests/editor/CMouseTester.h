@@ -11,6 +11,7 @@
 #include "tests/editor/SmallWorlds.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QMouseEvent>
 
 namespace MouseWorld {
@@ -121,6 +122,13 @@ public:
                    besideLeft ? Qt::LeftButton | Qt::RightButton : Qt::RightButton, keys);
         sendButton(QEvent::MouseButtonRelease, place, Qt::RightButton,
                    besideLeft ? Qt::LeftButton : Qt::NoButton, keys);
+    }
+    /// What follows a press of the right button.
+    void contextMenu(const QPoint &place)
+    {
+        const QPoint local = m_view.mapFromScene(place);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, local, m_view.viewport()->mapToGlobal(local));
+        QApplication::sendEvent(m_view.viewport(), &event);
     }
     void moveTo(const QPoint &place) { send(QEvent::MouseMove, place, true, {}); }
     void release(const QPoint &place, Qt::KeyboardModifiers keys = {})

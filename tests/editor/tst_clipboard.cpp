@@ -171,6 +171,11 @@ private Q_SLOTS:
         SCopyWorld world;
         world.copyPort(1);
         world.pasteInto(-1, QPointF(10, 10));
+        QVERIFY(world.scene.pasteCache().isEmpty()); // without a port nothing is kept for pasting
+        world.copyPort(1);
+        world.states.redundancy[2] = Port::Redundant;
+        world.pasteInto(2, QPointF(10, 10));
+        world.states.redundancy.clear();
         world.states.locked[2] = true;
         world.pasteInto(2, QPointF(10, 10));
         world.states.locked[1] = true;
@@ -266,6 +271,7 @@ private Q_SLOTS:
             break;
         case 1:
             mouse.pressRight({300, 300});
+            mouse.contextMenu({300, 300}); // no menu opens, or the test would wait for it
             break;
         case 2:
             mouse.view().toolBar().chooseMode(CEditorToolBar::Pen);

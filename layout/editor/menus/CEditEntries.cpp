@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/menus/CEditEntries.h"
 
+#include "layout/data/IPortStates.h"
 #include "layout/editor/CCabinetGraphicsScene.h"
 
 #include <QMenu>
@@ -38,6 +39,11 @@ void CEditEntries::addSelectAll(QMenu &menu, CCabinetGraphicsScene &scene)
 
 void CEditEntries::addClearTopology(QMenu &menu, CCabinetGraphicsScene &scene, int port, QWidget *parent)
 {
-    add(menu, scene, tr("Clear topology"), QStringLiteral(":/Image/Layout/Menu/clear_topology.svg"),
-        [&scene, port, parent] { scene.askToClearTopology(parent, port); });
+    QAction *clear =
+        add(menu, scene, tr("Clear topology"), QStringLiteral(":/Image/Layout/Menu/clear_topology.svg"),
+            [&scene, port, parent] { scene.askToClearTopology(parent, port); });
+    if (!scene.portStates().isPortLocked(port))
+        return;
+    clear->setEnabled(false);
+    clear->setToolTip(tr("Port %1 is locked.").arg(port + 1));
 }

@@ -53,6 +53,12 @@ CScenePlacing::CScenePlacing(CGraphicsScene &scene, IEditorScene &editor, const 
 {
 }
 
+/// A redundancy port follows its primary: what went in could not be undone.
+bool CScenePlacing::canTake(const CGraphicsPortItem &port)
+{
+    return !port.isLocked() && !port.isRedundant();
+}
+
 QString CScenePlacing::refusal(int count, int more)
 {
     if (count + more <= LargestPort)
@@ -71,7 +77,9 @@ void CScenePlacing::copy()
 void CScenePlacing::paste(const QPointF &position, QWidget *parent)
 {
     CGraphicsPortItem *port = m_content.port(m_states.currentPort());
-    if (!port || port->isLocked() || m_cache.isEmpty())
+    if (m_states.currentPort() < 0)
+        m_cache = PasteCache(); // there is nothing that it could go into
+    if (!port || !canTake(*port) || m_cache.isEmpty())
         return;
     if (port->cabinets(nullptr).size() + CPasteContent::cabinetCount(m_cache) > LargestPort) {
         CMessageBox::information(parent,
@@ -106,6 +114,11 @@ int CScenePlacing::pendingPort() const
 
 void CScenePlacing::beginAppend(const TypeInfo &type, int port, const QSize &size)
 {
+    const CGraphicsPortItem *item = m_content.port(port);
+    const QRect sides(QPoint(1, 1), QPoint(LargestSide, LargestSide));
+    if (!item || !canTake(*item) || item->cabinets(nullptr).size() >= LargestPort ||
+        !sides.contains(size.width(), size.height()))
+        return;
     m_scene.setProperty(PendingType, QVariantMap{{TypeKey, QVariant::fromValue(type)}});
     m_scene.setProperty(PendingPort, port);
     m_scene.setProperty(PendingSize, size);
@@ -173,7 +186,7 @@ bool CScenePlacing::release(const QGraphicsSceneMouseEvent &event)
     if (!m_pressed)
         return false;
     CGraphicsPortItem *port = m_content.port(pendingPort());
-    if (port && !port->isLocked()) {
+    if (port && canTake(*port)) {
         const QString refused = refusal(port->cabinets(nullptr).size(), m_cells.size());
         if (refused.isEmpty())
             place(*port, recordOf(m_cells, *port), QStringLiteral("Append"));

@@ -31,6 +31,7 @@ public:
     using Port = CabinetLayout::CabinetPort;
     using TypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
     static constexpr int LargestPort = 1024; ///< cabinets of one output port
+    static constexpr int LargestSide = 2048; ///< pixels of a cabinet
 
     CScenePlacing(CGraphicsScene &scene, IEditorScene &editor, const IPortStates &states,
                   CSceneContent &content, const CSceneSelection &selection, CUndoRecorder &recorder);
@@ -44,7 +45,8 @@ public:
 
     /// Whether cabinets wait to be placed.
     bool isAppending() const;
-    /// From now on the next press places cabinets of @p size in @p port; @p type may be empty.
+    /// From now on the next press places cabinets of @p size in @p port; @p type may be empty. Does nothing
+    /// for a port that takes no more, or a size outside 1 to LargestSide.
     void beginAppend(const TypeInfo &type, int port, const QSize &size);
     void endAppend();
 
@@ -60,6 +62,7 @@ public:
     static QString refusal(int count, int more);
 
 private:
+    static bool canTake(const CGraphicsPortItem &port);
     int pendingPort() const;
     QRect ghostAt(const QPointF &scenePos) const;
     void showCells(const QVector<QRect> &cells);

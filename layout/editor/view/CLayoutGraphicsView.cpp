@@ -168,6 +168,8 @@ void CLayoutGraphicsView::setEditingBlocked(bool blocked)
 
 void CLayoutGraphicsView::onCurrentProcessorBackupChanged(bool isBackup)
 {
+    if (m_backup == isBackup)
+        return;
     m_backup = isBackup;
     m_toolBar->setVisible(!isBlocked());
     m_scene->leaveOperation();
@@ -202,9 +204,14 @@ void CLayoutGraphicsView::onToolButtonClicked(int id)
 
 void CLayoutGraphicsView::onToolButtonToggled(int id, bool checked)
 {
-    if (id == Bar::Navigator)
+    if (id < 0 || id >= Bar::ToolCount || !m_toolBar->tool(Bar::ETool(id))->isCheckable())
+        return;
+    QAction *tool = m_toolBar->tool(Bar::ETool(id));
+    if (tool->isChecked() != checked)
+        tool->setChecked(checked); // comes back here
+    else if (id == Bar::Navigator)
         SetAerialViewVisible(checked);
-    else if (id < Bar::ToolCount)
+    else
         applyModes();
 }
 

@@ -101,6 +101,9 @@ void CPortStrip::fillPortMenu()
                 [this, primary, chosen] { Q_EMIT redundancyChosen(primary, chosen); });
     }
     redundancy->setEnabled(!redundancy->isEmpty());
+    m_portMenu->addSeparator();
+    connect(m_portMenu->addAction(tr("Current gain parameter settings...")), &QAction::triggered, this,
+            &CPortStrip::currentGainClicked);
 }
 
 int CPortStrip::port() const
