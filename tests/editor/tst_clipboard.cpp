@@ -217,9 +217,15 @@ private Q_SLOTS:
         mouse.view().onNotifyAppendCabinet(type, 2, QSize(64, 32));
         QVERIFY(mouse.scene().isAppending());
         QCOMPARE(mouse.scene().property("pendingAppendCabinetSize").toSize(), QSize(64, 32));
+        QCOMPARE(mouse.scene().property("pendingAppendCabinetPort").toInt(), 2);
+        const QVariantMap pending = mouse.scene().property("pendingAppendCabinet").toMap();
+        QCOMPARE(pending.value(QStringLiteral("rcvTypeInfo")).value<CScenePlacing::TypeInfo>(), type);
         mouse.hover({700, 300});
         mouse.drag({332, 316}, {64, 32}); // two columns, two rows
         QVERIFY(!mouse.scene().isAppending());
+        for (const char *property :
+             {"pendingAppendCabinet", "pendingAppendCabinetPort", "pendingAppendCabinetSize"})
+            QVERIFY2(!mouse.scene().property(property).isValid(), property);
         const auto cabinets = mouse.scene().selection().cabinets();
         QVector<QRect> places;
         for (const CGraphicsCabinetItem *cabinet : mouse.scene().portItem(2)->chain().order()) {

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void initTestCase() { initLayoutResources(); }
     void init()
     {
+        CTestBase::init();
         m_mouse = std::make_unique<CMouseTester>();
         m_mouse->view().setCommands(&m_commands);
         m_mouse->showAtActualSize();
@@ -36,6 +37,7 @@ private Q_SLOTS:
     {
         m_mouse.reset();
         m_commands = CNotedCommands();
+        CTestBase::cleanup();
     }
 
     void toolsStandInTheirOrder()
@@ -57,7 +59,8 @@ private Q_SLOTS:
         for (int id = 0; id < tips.size(); ++id) {
             const QToolButton *button = bar().button(Bar::ETool(id));
             QCOMPARE(button->toolTip(), tips.at(id));
-            QCOMPARE(button->property("action").toInt(), id);
+            QCOMPARE(button->property("action"), QVariant(id));
+            QCOMPARE(button->property("ToolLocation"), QVariant(id));
             QCOMPARE(button->isCheckable(), checkable.contains(id));
             QVERIFY(!button->icon().isNull());
         }
@@ -103,6 +106,44 @@ private Q_SLOTS:
         QVERIFY(m_mouse->view().isInteractive());
         m_mouse->view().setEditingBlocked(true);
         QVERIFY(!m_mouse->view().isInteractive());
+    }
+
+    void modesHaveACursor_data()
+    {
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<int>("shape");
+        QTest::addColumn<QString>("picture");
+        QTest::newRow("hand") << int(Bar::Hand) << int(Qt::OpenHandCursor) << "";
+        QTest::newRow("pen") << int(Bar::Pen) << int(Qt::BitmapCursor)
+                             << ":/Image/Layout/ToolBar/manual-wiring-mouse.svg";
+        QTest::newRow("exchange") << int(Bar::HeadToTailExchange) << int(Qt::BitmapCursor)
+                                  << ":/Image/Layout/ToolBar/head-to-tail-exchange_mouse.svg";
+        QTest::newRow("highlight") << int(Bar::Calibrate) << int(Qt::PointingHandCursor) << "";
+    }
+    void modesHaveACursor()
+    {
+        QFETCH(int, mode);
+        QFETCH(QString, picture);
+        const auto cursor = [this] { return m_mouse->view().viewport()->cursor(); };
+        bar().button(Bar::ETool(mode))->click();
+        QTEST(int(cursor().shape()), "shape");
+        if (!picture.isEmpty()) {
+            const QImage expected = QPixmap(picture).toImage();
+            QVERIFY(!expected.isNull());
+            QCOMPARE(cursor().pixmap().toImage(), expected);
+            QCOMPARE(cursor().hotSpot(), QPoint(expected.width() / 2, expected.height() / 2));
+        }
+        bar().chooseMode(Bar::Arrow); // another tool puts it down
+        QCOMPARE(cursor().shape(), Qt::ArrowCursor);
+    }
+
+    void thePenTakesTheSelectionAway()
+    {
+        m_mouse->scene().selectPort(0, true);
+        bar().button(Bar::HeadToTailExchange)->click();
+        QCOMPARE(m_mouse->scene().selection().count(), 3);
+        bar().button(Bar::Pen)->click();
+        QVERIFY(m_mouse->scene().selection().isEmpty());
     }
 
     void plainButtonsAct()
@@ -165,6 +206,50 @@ private Q_SLOTS:
         m_mouse->click({450, 60}); // the processor refuses
         QVERIFY(!m_mouse->cabinet(3, 0).isHighlighted());
         QCOMPARE(m_mouse->stack().count(), 0);
+    }
+
+    void theButtonShowsTheKindOfHighlight_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("frameless");
+        QTest::addColumn<QString>("icon");
+        QTest::addColumn<QString>("tip");
+        QTest::newRow("flashing box") << "CalibrateFrame" << false << "calibrate"
+                                      << "Highlight cabinet with flashing box";
+        QTest::newRow("LED") << "CalibrateFrameless" << true << "calibrate-frameless"
+                             << "Highlight cabinet with LED indicator";
+    }
+    void theButtonShowsTheKindOfHighlight()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, frameless);
+        QFETCH(QString, icon);
+        const QToolButton *button = bar().button(Bar::Calibrate);
+        const auto drawn = [](const QIcon &from, QIcon::State state) {
+            return from.pixmap(20, 20, QIcon::Normal, state).toImage();
+        };
+        const auto file = [&icon](const char *state) {
+            return QIcon(QStringLiteral(":/Image/Layout/ToolBar/%1_%2.svg").arg(icon, QLatin1String(state)));
+        };
+        QStringList names;
+        for (const QAction *kind : button->menu()->actions())
+            names << kind->objectName();
+        QCOMPARE(names,
+                 (QStringList{QStringLiteral("CalibrateFrame"), QStringLiteral("CalibrateFrameless")}));
+
+        button->menu()->actions().at(frameless ? 0 : 1)->trigger(); // the other kind first
+        QVERIFY(drawn(button->icon(), QIcon::Off) != drawn(file("normal"), QIcon::Off));
+        auto *kind = bar().findChild<QAction *>(name);
+        QCOMPARE(kind->property("frameless"), QVariant(frameless));
+        QTEST(kind->text(), "tip");
+        kind->trigger();
+        QTEST(button->toolTip(), "tip");
+        QCOMPARE(drawn(button->icon(), QIcon::Off), drawn(file("normal"), QIcon::Off));
+        QCOMPARE(drawn(button->icon(), QIcon::On), drawn(file("checked"), QIcon::Off));
+        QVERIFY(button->isChecked());
+        m_mouse->click({450, 60});
+        QCOMPARE(m_commands.highlighted,
+                 frameless ? CabinetHighlight::LedIndicator : CabinetHighlight::FlashingBox);
     }
 
     void highlightsGoWithTheirCabinets()

@@ -39,6 +39,7 @@ private Q_SLOTS:
     void initTestCase() { initLayoutResources(); }
     void init()
     {
+        CTestBase::init();
         m_world = std::make_unique<SCommandWorld>();
         m_world->open(2, 3);
     }
@@ -46,6 +47,7 @@ private Q_SLOTS:
     {
         m_world.reset();
         QSettings(QStringLiteral("Velmarinth"), QStringLiteral("Orvo")).clear();
+        CTestBase::cleanup();
     }
 
     void appendOffersRecentTypesAndTheLastSize()

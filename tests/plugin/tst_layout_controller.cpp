@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/data/CLayoutData.h"
 #include "layout/editor/CCabinetGraphicsScene.h"
+#include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/view/CEditorToolBar.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/panels/CLayoutSidePanel.h"
 #include "layout/plugin/CLayout.h"
@@ -288,6 +291,25 @@ private Q_SLOTS:
         QVERIFY(!texts().contains(QLatin1String("equals")));
         module.host.notify(LayoutNotification::ReadbackFinished, SReadbackResult{module.a, true});
         QTRY_VERIFY(texts().contains(QLatin1String("The processor's mapping equals the layout.")));
+    }
+
+    void anotherChoiceInTheTreeEndsTheHighlight()
+    {
+        SModuleScene module;
+        module.select({module.a});
+        auto &bar = *module.layout.findChild<CEditorToolBar *>();
+        bar.chooseMode(CEditorToolBar::Calibrate);
+        CGraphicsCabinetItem *cabinet = module.scene().portItem(1)->cabinets(nullptr).first();
+        cabinet->setHighlighted(true);
+        const QString call = QStringLiteral("setCabinetHighlight");
+        QTRY_COMPARE(module.answers().calls().filter(call),
+                     QStringList{QStringLiteral("setCabinetHighlight(1,1)")});
+        module.host.notify(LayoutNotification::SelectedNodeChanged,
+                           SSelectedNodeChange{{}, PrcTreeNodeType::Processor});
+        module.settle();
+        QVERIFY(!cabinet->isHighlighted());
+        QVERIFY(bar.tool(CEditorToolBar::Arrow)->isChecked());
+        QCOMPARE(module.answers().calls().filter(call).last(), QStringLiteral("setCabinetHighlight(0,0)"));
     }
 
     void theScreenButtonFollowsTheHost()

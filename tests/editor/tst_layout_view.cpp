@@ -1,0 +1,121 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/resources/LayoutResources.h"
+#include "tests/editor/CMouseTester.h"
+#include "tests/editor/CNotedCommands.h"
+#include "tests/harness/CSignalLog.h"
+#include "tests/harness/CTestBase.h"
+
+#include <QToolButton>
+
+namespace {
+
+using Bar = CEditorToolBar;
+using Cabinet = CabinetLayout::CabinetPort::Cabinet;
+
+} // namespace
+
+/// The view as the rest of the module uses it.
+class CLayoutViewTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { initLayoutResources(); }
+    void init()
+    {
+        CTestBase::init();
+        m_mouse = std::make_unique<CMouseTester>();
+        m_mouse->view().setCommands(&m_commands);
+        m_mouse->showAtActualSize();
+    }
+    void cleanup()
+    {
+        m_mouse.reset();
+        m_commands = CNotedCommands();
+        CTestBase::cleanup();
+    }
+
+    void tellsWhatIsSelected()
+    {
+        CLayoutGraphicsView &view = m_mouse->view();
+        const CSignalLog ports(&view, &CLayoutGraphicsView::notifySelectedPort);
+        const CSignalLog infos(&view, &CLayoutGraphicsView::notifySelectedCabinetInfos);
+        const auto told = [&ports, &infos] {
+            return qMakePair(ports[ports.count() - 1].first().value<QList<int>>(),
+                             uuidsOf(infos[infos.count() - 1].first().value<QList<Cabinet>>()));
+        };
+        view.onPortClicked(0, true);
+        QCOMPARE(told(), qMakePair(QList<int>{0}, uuidsOfPorts({0})));
+        view.onPortClicked(1, true); // a group: told are its cabinets
+        QCOMPARE(told(), qMakePair(QList<int>{0, 1}, uuidsOfPorts({0, 1})));
+        view.onPortClicked(0, false);
+        QCOMPARE(told(), qMakePair(QList<int>{1}, uuidsOfPorts({1})));
+        view.clearSelected();
+        QCOMPARE(told(), qMakePair(QList<int>{}, QSet<QUuid>{}));
+        QCOMPARE(ports.count(), 4);
+        QCOMPARE(infos.count(), 4);
+        QVERIFY(m_mouse->scene().selection().isEmpty());
+        QCOMPARE(m_mouse->layout(), m_mouse->original());
+    }
+
+    void commandsConcernAllCabinetsOfAPort()
+    {
+        CLayoutGraphicsView &view = m_mouse->view();
+        m_mouse->scene().selectPort(0, true); // what is selected elsewhere is not meant
+        view.showCabinetInfo(1);
+        QCOMPARE(m_commands.calls, QStringList{QStringLiteral("information")});
+        QCOMPARE(uuidsOf(m_commands.cabinets), uuidsOfPorts({1}));
+        view.saveCabinetPara(3);
+        QCOMPARE(m_commands.calls.last(), QStringLiteral("parameters"));
+        QCOMPARE(uuidsOf(m_commands.cabinets), uuidsOfPorts({3}));
+        view.markupCustomCabinet(true);
+        QCOMPARE(m_commands.calls.last(), QStringLiteral("mark"));
+        view.markupCustomCabinet(false);
+        QCOMPARE(m_commands.calls.last(), QStringLiteral("unmark"));
+        view.ShowEleCurrentAdjustDialog();
+        QCOMPARE(m_commands.calls.last(), QStringLiteral("gain"));
+    }
+
+    void aHighlightEndsFromOutside()
+    {
+        Bar &bar = m_mouse->view().toolBar();
+        bar.button(Bar::Calibrate)->click();
+        m_mouse->click({450, 60});
+        QCOMPARE(m_commands.highlighted, CabinetHighlight::FlashingBox);
+        m_mouse->view().cancelCalibrate();
+        QVERIFY(!m_mouse->cabinet(3, 0).isHighlighted());
+        QCOMPARE(m_commands.highlighted, CabinetHighlight::Off);
+        QVERIFY(bar.tool(Bar::Arrow)->isChecked());
+        m_mouse->click({450, 60}); // selects again
+        QCOMPARE(m_commands.highlighted, CabinetHighlight::Off);
+        QVERIFY(m_mouse->cabinet(3, 0).isSelected());
+        bar.button(Bar::Pen)->click();
+        m_mouse->view().cancelCalibrate(); // nothing to end
+        QVERIFY(bar.tool(Bar::Pen)->isChecked());
+    }
+
+private:
+    static QSet<QUuid> uuidsOf(const QList<Cabinet> &cabinets)
+    {
+        QSet<QUuid> uuids;
+        for (const Cabinet &cabinet : cabinets)
+            uuids << cabinet.uuid;
+        return uuids;
+    }
+    QSet<QUuid> uuidsOfPorts(const QList<int> &ports)
+    {
+        QSet<QUuid> uuids;
+        for (const int port : ports) {
+            for (const Cabinet &cabinet : m_mouse->original().port(port)->getAllCabinets())
+                uuids << cabinet.uuid;
+        }
+        return uuids;
+    }
+
+    CNotedCommands m_commands;
+    std::unique_ptr<CMouseTester> m_mouse;
+};
+
+ORVO_TEST_MAIN(QApplication, CLayoutViewTest)
+#include "tst_layout_view.moc"
