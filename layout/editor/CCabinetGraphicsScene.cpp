@@ -4,32 +4,26 @@
 
 #include "layout/data/IPortStates.h"
 #include "layout/drawing/CLayoutPainter.h"
-#include "layout/editor/CGuardedUndo.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
-#include "layout/editor/menus/CCabinetMenu.h"
-#include "layout/editor/menus/CCanvasMenu.h"
 #include "layout/editor/undo/CUndoCommandBase.h"
 #include "platform/widgets/CMessageBox.h"
 
-#include <QGraphicsSceneContextMenuEvent>
-#include <QGraphicsSceneMouseEvent>
-#include <QMenu>
 #include <QPainter>
-#include <QPointer>
-
-#include <algorithm>
 
 CCabinetGraphicsScene::CCabinetGraphicsScene(const IPortStates &ports, QObject *parent)
     : CGraphicsScene(parent)
     , m_portStates(ports)
     , m_content(*this, *this, ports)
+    , m_batches(*this, [this](const CPendingEdits &work) { finishBatch(work); })
+    , m_picks(*this, *this, m_content, m_selection)
     , m_recorder([this] { return m_selection.uuids(); })
     , m_operations(*this, m_selection, m_recorder)
     , m_shape(*this, m_selection, m_recorder)
     , m_placing(*this, *this, ports, m_content, m_selection, m_recorder)
     , m_gestures(*this, *this, m_selection, m_recorder)
+    , m_input(*this, m_gestures, m_placing)
 {
     setUndoStack(&m_ownStack);
     connect(this, &QGraphicsScene::selectionChanged, this, &CCabinetGraphicsScene::onSelectionChanged);
@@ -61,11 +55,11 @@ void CCabinetGraphicsScene::setLayoutData(const ProcessorTree::ProcessorNode &pr
         for (const CGraphicsPortItem *port : portItems())
             connect(port, &CGraphicsPortItem::childItemPosChanged, this,
                     [this] { m_portAreaChanged = true; });
-        m_pending = CPendingEdits();
-        m_pending.noteSelection();
+        m_batches.forget();
+        m_batches.noteSelection();
     }
     updateContentRect();
-    selectOnly(selected.toVector());
+    m_picks.only(selected.toVector());
 }
 
 void CCabinetGraphicsScene::clearLayout()
@@ -111,28 +105,22 @@ void CCabinetGraphicsScene::setUndoStack(QUndoStack *stack)
     connect(stack, &QUndoStack::canRedoChanged, this, &CCabinetGraphicsScene::notifyCanRedoChanged);
 }
 
-const CUndoCommandBase *CCabinetGraphicsScene::getChildUndoCommand(const QUndoCommand *command) const
-{
-    return CGuardedUndo::ownCommand(command);
-}
-
-void CCabinetGraphicsScene::topologyWiring(uint pattern)
+CSceneOperations &CCabinetGraphicsScene::operations()
 {
     cancelGesture();
-    m_operations.wireByPattern(pattern > uint(INT_MAX) ? -1 : int(pattern));
+    return m_operations;
 }
 
-void CCabinetGraphicsScene::breakSelectedWiring()
+CSelectionShape &CCabinetGraphicsScene::selectionShape()
 {
     cancelGesture();
-    m_operations.breakSelectedWiring();
+    return m_shape;
 }
 
 void CCabinetGraphicsScene::breakPortWiring(int port)
 {
-    cancelGesture();
     if (CGraphicsPortItem *item = portItem(port))
-        m_operations.breakPortWiring(*item);
+        operations().breakPortWiring(*item);
 }
 
 void CCabinetGraphicsScene::askToClearTopology(QWidget *parent, int port)
@@ -144,54 +132,12 @@ void CCabinetGraphicsScene::askToClearTopology(QWidget *parent, int port)
         breakPortWiring(port);
 }
 
-void CCabinetGraphicsScene::groupSelected()
-{
-    cancelGesture();
-    m_operations.group(m_content.takeOrdinal());
-}
-
-void CCabinetGraphicsScene::ungroupSelected()
-{
-    cancelGesture();
-    m_operations.ungroup();
-}
-
-void CCabinetGraphicsScene::deleteSelected()
-{
-    cancelGesture();
-    m_operations.remove();
-}
-
 void CCabinetGraphicsScene::cutSelected()
 {
     if (m_selection.touchesLockedPort())
         return;
     copySelected();
-    cancelGesture();
-    m_operations.remove();
-}
-
-CSelectionShape &CCabinetGraphicsScene::selectionShape()
-{
-    cancelGesture();
-    return m_shape;
-}
-
-void CCabinetGraphicsScene::selectSameType(const QUuid &uuid)
-{
-    CGraphicsItemBase *item = editedItem(uuid);
-    const QVector<CGraphicsCabinetItem *> concerned =
-        item ? item->concernedCabinets() : QVector<CGraphicsCabinetItem *>();
-    if (concerned.isEmpty())
-        return;
-    const auto model = concerned.first()->cabinet();
-    QVector<QUuid> same;
-    for (const CGraphicsCabinetItem *cabinet : item->portItem()->cabinets(nullptr)) {
-        const auto &record = cabinet->cabinet();
-        if (record.type == model.type && (!model.type.isNull() || record.rect.size() == model.rect.size()))
-            same << record.uuid;
-    }
-    selectOnly(same);
+    deleteSelected();
 }
 
 void CCabinetGraphicsScene::pasteItems(const QPointF &scenePos, QWidget *parent)
@@ -212,46 +158,12 @@ void CCabinetGraphicsScene::endAppend()
         m_placing.endAppend();
 }
 
-void CCabinetGraphicsScene::exchangeReceivers(int, const QUuid &cabinet, int)
-{
-    m_operations.exchangeReceivers(cabinet);
-}
-
-void CCabinetGraphicsScene::selectAllItem()
-{
-    const CEditBatch batch(*this);
-    {
-        const QSignalBlocker silent(this); // Qt tells of every single item
-        for (const CGraphicsPortItem *port : portItems()) {
-            for (CGraphicsItemBase *item : port->topItems())
-                item->setSelected(true);
-        }
-    }
-    Q_EMIT selectionChanged();
-}
-
-void CCabinetGraphicsScene::nudge(const QPointF &step)
-{
-    cancelGesture();
-    m_operations.nudge(step);
-}
-
 void CCabinetGraphicsScene::backupPort(int, int backup, bool back)
 {
-    cancelGesture();
+    cancelGesture(); // the state of ports has changed
     CGraphicsPortItem *item = portItem(backup);
     if (item && back)
         m_operations.prepareBackup(*item);
-}
-
-void CCabinetGraphicsScene::undo(QWidget *view)
-{
-    runStep(view, true);
-}
-
-void CCabinetGraphicsScene::redo(QWidget *view)
-{
-    runStep(view, false);
 }
 
 void CCabinetGraphicsScene::runStep(QWidget *view, bool undoing)
@@ -274,41 +186,11 @@ void CCabinetGraphicsScene::runStep(QWidget *view, bool undoing)
     for (CGraphicsPortItem *port : portItems())
         port->refreshState();
     if (const CUndoCommandBase *own = getChildUndoCommand(command))
-        selectOnly(undoing ? own->selectionBefore() : own->selectionAfter());
+        m_picks.only(undoing ? own->selectionBefore() : own->selectionAfter());
 }
 
-void CCabinetGraphicsScene::selectOnly(const QVector<QUuid> &uuids)
+void CCabinetGraphicsScene::finishBatch(const CPendingEdits &work)
 {
-    QSet<CGraphicsItemBase *> wanted;
-    for (const QUuid &uuid : uuids) {
-        if (CGraphicsItemBase *item = editedItem(uuid))
-            wanted.insert(item);
-    }
-    const CEditBatch batch(*this);
-    const QSet<CGraphicsItemBase *> before = m_selection.items();
-    for (CGraphicsItemBase *item : before) {
-        if (!wanted.contains(item))
-            item->setSelected(false);
-    }
-    for (CGraphicsItemBase *item : qAsConst(wanted))
-        item->setSelected(true);
-}
-
-void CCabinetGraphicsScene::beginBatch()
-{
-    ++m_batchDepth;
-}
-
-void CCabinetGraphicsScene::endBatch()
-{
-    while (m_batchDepth == 1 && !m_pending.isEmpty())
-        finishBatch(); // who is told of the batch may edit in turn
-    --m_batchDepth;
-}
-
-void CCabinetGraphicsScene::finishBatch()
-{
-    const CPendingEdits work = std::exchange(m_pending, CPendingEdits());
     work.finish(*this);
     polishNewItems();
     for (const int index : work.ports()) {
@@ -316,7 +198,7 @@ void CCabinetGraphicsScene::finishBatch()
         if (CGraphicsPortItem *port = portItem(index))
             port->takeNote();
     }
-    m_pending = CPendingEdits(); // what finishing noted has been done with it
+    m_batches.forget(); // what finishing noted has been done with it
     if (std::exchange(m_portAreaChanged, false))
         updateContentRect();
     if (work.isSelectedMoved())
@@ -336,43 +218,6 @@ void CCabinetGraphicsScene::tellSelection()
     Q_EMIT notifySelectedCabinetInfos(m_selection.records());
 }
 
-void CCabinetGraphicsScene::onSelectionChanged()
-{
-    const CEditBatch batch(*this);
-    m_pending.noteSelection();
-}
-
-void CCabinetGraphicsScene::noteCabinetMoved(CGraphicsCabinetItem &cabinet)
-{
-    const CEditBatch batch(*this);
-    m_pending.noteCabinetMoved(cabinet);
-    if (CGraphicsGroupItem *group = cabinet.groupItem())
-        m_pending.noteMembersChanged(*group);
-    if (CGraphicsPortItem *port = cabinet.portItem())
-        port->noteChanged();
-    if (cabinet.isSelectedWithGroups())
-        m_pending.noteSelectedMoved();
-}
-
-void CCabinetGraphicsScene::noteMembersChanged(CGraphicsGroupItem &group)
-{
-    const CEditBatch batch(*this);
-    m_pending.noteMembersChanged(group);
-    if (CGraphicsPortItem *port = group.portItem())
-        port->noteChanged();
-}
-
-void CCabinetGraphicsScene::notePortChanged(CGraphicsPortItem &port)
-{
-    const CEditBatch batch(*this);
-    m_pending.notePortChanged(port);
-}
-
-void CCabinetGraphicsScene::noteWiringChanged(CGraphicsPortItem &)
-{
-    onSelectionChanged();
-}
-
 void CCabinetGraphicsScene::noteSelected(CGraphicsItemBase &item, bool selected)
 {
     if (m_selection.count() <= 2) { // handles come or go with the only one
@@ -384,9 +229,8 @@ void CCabinetGraphicsScene::noteSelected(CGraphicsItemBase &item, bool selected)
 
 void CCabinetGraphicsScene::noteHighlighted(CGraphicsCabinetItem &cabinet, bool highlighted)
 {
-    const CEditBatch batch(*this);
     m_highlights.note(cabinet, highlighted);
-    m_pending.noteHighlight();
+    m_batches.noteHighlight();
 }
 
 void CCabinetGraphicsScene::pressHighlight(CGraphicsCabinetItem &cabinet, bool adding)
@@ -399,15 +243,6 @@ void CCabinetGraphicsScene::clearHighlights()
 {
     const CEditBatch batch(*this);
     m_highlights.clear();
-}
-
-void CCabinetGraphicsScene::selectPort(int port, bool selected)
-{
-    const CEditBatch batch(*this);
-    if (const CGraphicsPortItem *item = portItem(port)) {
-        for (CGraphicsItemBase *top : item->topItems())
-            top->setSelected(selected);
-    }
 }
 
 void CCabinetGraphicsScene::leaveOperation()
@@ -458,103 +293,32 @@ void CCabinetGraphicsScene::cancelGesture()
 
 void CCabinetGraphicsScene::contextMenuEvent(QGraphicsSceneContextMenuEvent *event)
 {
-    if (isAppending()) {
-        leaveOperation(); // here, as the press comes first and must not make way for a menu
-        event->accept();
-        return;
-    }
-    if (!m_toolModes.isEmpty() || isOn(event->scenePos(), CabinetItemKind) ||
-        isOn(event->scenePos(), GroupItemKind)) {
+    if (!m_input.openMenu(*event))
         CGraphicsScene::contextMenuEvent(event);
-        return;
-    }
-    cancelGesture();
-    const QPointer<QMenu> menu = new QMenu(event->widget());
-    CCanvasMenu::fill(*menu, *this, event->scenePos(), event->widget());
-    menu->exec(event->screenPos());
-    delete menu;
-    event->accept();
-}
-
-void CCabinetGraphicsScene::showCabinetMenu(CGraphicsItemBase &item, QWidget *widget, const QPoint &screenPos)
-{
-    if (!m_toolModes.isEmpty() || isAppending())
-        return;
-    cancelGesture();
-    const QPointer<QMenu> menu = new QMenu(widget);
-    CCabinetMenu(*menu, *this, item, widget).fill();
-    menu->exec(screenPos);
-    delete menu;
 }
 
 void CCabinetGraphicsScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
-    cancelGesture();
-    if (isAppending()) {
-        if (event->button() == Qt::LeftButton)
-            m_placing.press(*event);
-        event->accept();
-        return;
-    }
-    if (event->buttons() == event->button())
-        m_gestures.beginPress();
-    const bool onItem = isOn(event->scenePos(), CabinetItemKind) || isOn(event->scenePos(), GroupItemKind);
-    if (onItem || event->button() != Qt::LeftButton || !m_toolModes.isEmpty()) {
+    if (!m_input.press(*event))
         CGraphicsScene::mousePressEvent(event);
-        return;
-    }
-    m_gestures.beginBand(event->scenePos(), event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier));
-    event->accept();
-}
-
-void CCabinetGraphicsScene::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)
-{
-    if (event->button() == Qt::LeftButton && m_toolModes.isEmpty() && !isAppending() &&
-        isOn(event->scenePos(), CabinetItemKind)) {
-        m_gestures.beginPress();
-        CGraphicsScene::mouseDoubleClickEvent(event);
-        return;
-    }
-    // Everything else that takes clicks takes quick ones as well.
-    QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
-    press.setWidget(event->widget());
-    press.setScenePos(event->scenePos());
-    press.setScreenPos(event->screenPos());
-    press.setLastScenePos(event->lastScenePos());
-    press.setLastScreenPos(event->lastScreenPos());
-    press.setButton(event->button());
-    press.setButtons(event->buttons());
-    press.setModifiers(event->modifiers());
-    mousePressEvent(&press);
-    event->setAccepted(press.isAccepted());
-}
-
-bool CCabinetGraphicsScene::isOn(const QPointF &scenePos, int kind) const
-{
-    const QList<QGraphicsItem *> under = items(scenePos, Qt::IntersectsItemBoundingRect);
-    return std::any_of(under.begin(), under.end(),
-                       [kind](const QGraphicsItem *item) { return item->type() == kind; });
 }
 
 void CCabinetGraphicsScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 {
-    if (isAppending())
-        m_placing.move(*event);
-    else if (m_gestures.hasBand())
-        m_gestures.continueBand(event->scenePos());
-    else
+    if (!m_input.move(*event))
         CGraphicsScene::mouseMoveEvent(event);
 }
 
 void CCabinetGraphicsScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 {
-    if (isAppending()) {
-        if (event->button() == Qt::LeftButton && m_placing.release(*event))
-            Q_EMIT notifyExitCurrentOperate();
-    } else if (m_gestures.hasBand())
-        m_gestures.endBand();
-    else
+    if (!m_input.release(*event))
         CGraphicsScene::mouseReleaseEvent(event);
+}
+
+void CCabinetGraphicsScene::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)
+{
+    if (!m_input.doubleClick(*event))
+        CGraphicsScene::mouseDoubleClickEvent(event);
 }
 
 void CCabinetGraphicsScene::setCabinetLocked(int port, bool locked)

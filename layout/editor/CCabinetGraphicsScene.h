@@ -6,14 +6,17 @@
 #include "layout/data/records/LayoutData.h"
 #include "layout/data/records/ProcessorTree.h"
 #include "layout/drawing/CCanvasFill.h"
+#include "layout/editor/CEditBatches.h"
+#include "layout/editor/CGuardedUndo.h"
 #include "layout/editor/CHighlights.h"
-#include "layout/editor/CPendingEdits.h"
 #include "layout/editor/CSceneContent.h"
 #include "layout/editor/CSceneOperations.h"
 #include "layout/editor/CSceneSelection.h"
+#include "layout/editor/CSelectionPicks.h"
 #include "layout/editor/CSelectionShape.h"
 #include "layout/editor/CUndoRecorder.h"
 #include "layout/editor/gestures/CSceneGestures.h"
+#include "layout/editor/gestures/CSceneInput.h"
 #include "layout/editor/items/IEditorScene.h"
 #include "layout/editor/placing/CPasteContent.h"
 #include "layout/editor/placing/CScenePlacing.h"
@@ -79,25 +82,28 @@ public:
     void setUndoStack(QUndoStack *stack);
     const QString &operationName() const { return m_recorder.operationName(); }
     /// The first of the editor's own commands in @p command, which may be a macro; null without one.
-    const CUndoCommandBase *getChildUndoCommand(const QUndoCommand *command) const;
+    const CUndoCommandBase *getChildUndoCommand(const QUndoCommand *command) const
+    {
+        return CGuardedUndo::ownCommand(command);
+    }
 
     // Edits of the selection. A locked port among those concerned makes them do nothing.
     /// Wires the selected cabinets of each port by a snake pattern.
-    void topologyWiring(uint pattern);
-    void breakSelectedWiring();
+    void topologyWiring(uint pattern) { operations().wireByPattern(pattern); }
+    void breakSelectedWiring() { operations().breakSelectedWiring(); }
     /// Clears the whole topology of a port.
     void breakPortWiring(int port);
     /// Clears it when the user, asked over @p parent, says so.
     void askToClearTopology(QWidget *parent, int port);
-    void groupSelected();
-    void ungroupSelected();
-    void deleteSelected();
+    void groupSelected() { operations().group(m_content.takeOrdinal()); }
+    void ungroupSelected() { operations().ungroup(); }
+    void deleteSelected() { operations().remove(); }
     void cutSelected();
     /// Gives the selection a place, a size, an arrangement or a type in figures.
     CSelectionShape &selectionShape();
     /// Selects all cabinets of its port that have the type of the given one; without a type, those of its
     /// size that have none either. Of a group the first cabinet counts.
-    void selectSameType(const QUuid &uuid);
+    void selectSameType(const QUuid &uuid) { m_picks.sameType(uuid); }
 
     /// Keeps the selection for pasting, also for other programs.
     void copySelected() { m_placing.copy(); }
@@ -114,7 +120,7 @@ public:
     bool isAppending() const { return m_placing.isAppending(); }
 
     /// Selects what a port holds, or no longer.
-    void selectPort(int port, bool selected);
+    void selectPort(int port, bool selected) { m_picks.port(port, selected); }
 
     /// The cabinets that the user has made stand out.
     QList<CabinetLayout::CabinetPort::Cabinet> highlightedCabinets() const { return m_highlights.records(); }
@@ -122,14 +128,15 @@ public:
 
     void setToolMode(EToolMode mode, bool on);
     bool isToolModeSet(EToolMode mode) const override { return m_toolModes.contains(mode); }
+    bool isToolInUse() const { return !m_toolModes.isEmpty(); }
     /// Leaves the mode that the view has set, and an append that waits.
     void leaveOperation();
     /// Puts a drag, a stroke or a rubber band that is in progress back to where it began.
     void cancelGesture();
 
     // IEditorScene
-    void beginBatch() override;
-    void endBatch() override;
+    void beginBatch() override { m_batches.begin(); }
+    void endBatch() override { m_batches.end(); }
     void enterEdited(CGraphicsItemBase &item) override;
     void leaveEdited(CGraphicsItemBase &item) override;
     bool isSingleSelection() const override { return m_selection.count() == 1; }
@@ -145,12 +152,18 @@ public:
     }
     void continueStroke(const QPointF &scenePos) override { m_gestures.continueStroke(scenePos); }
     void endStroke(const QPointF &scenePos) override { m_gestures.endStroke(scenePos); }
-    void exchangeReceivers(int port, const QUuid &cabinet, int cell) override;
-    void showCabinetMenu(CGraphicsItemBase &item, QWidget *widget, const QPoint &screenPos) override;
-    void noteCabinetMoved(CGraphicsCabinetItem &cabinet) override;
-    void noteMembersChanged(CGraphicsGroupItem &group) override;
-    void notePortChanged(CGraphicsPortItem &port) override;
-    void noteWiringChanged(CGraphicsPortItem &port) override;
+    void exchangeReceivers(int, const QUuid &cabinet, int) override
+    {
+        m_operations.exchangeReceivers(cabinet);
+    }
+    void showCabinetMenu(CGraphicsItemBase &item, QWidget *widget, const QPoint &screenPos) override
+    {
+        m_input.openCabinetMenu(item, widget, screenPos);
+    }
+    void noteCabinetMoved(CGraphicsCabinetItem &cabinet) override { m_batches.noteCabinetMoved(cabinet); }
+    void noteMembersChanged(CGraphicsGroupItem &group) override { m_batches.noteMembersChanged(group); }
+    void notePortChanged(CGraphicsPortItem &port) override { m_batches.notePortChanged(port); }
+    void noteWiringChanged(CGraphicsPortItem &) override { m_batches.noteSelection(); }
     void noteSelected(CGraphicsItemBase &item, bool selected) override;
     void noteHighlighted(CGraphicsCabinetItem &cabinet, bool highlighted) override;
     void pressHighlight(CGraphicsCabinetItem &cabinet, bool adding) override;
@@ -166,20 +179,20 @@ Q_SIGNALS:
     void notifyHighlightChanged(); ///< other cabinets stand out now
 
 public Q_SLOTS:
-    void selectAllItem();
-    void undo(QWidget *view);
-    void redo(QWidget *view);
-    void selectedItemMoveUp() { nudge({0, -1}); }
-    void selectedItemMoveDown() { nudge({0, 1}); }
-    void selectedItemMoveLeft() { nudge({-1, 0}); }
-    void selectedItemMoveRight() { nudge({1, 0}); }
+    void selectAllItem() { m_picks.all(); }
+    void undo(QWidget *view) { runStep(view, true); }
+    void redo(QWidget *view) { runStep(view, false); }
+    void selectedItemMoveUp() { operations().nudge({0, -1}); }
+    void selectedItemMoveDown() { operations().nudge({0, 1}); }
+    void selectedItemMoveLeft() { operations().nudge({-1, 0}); }
+    void selectedItemMoveRight() { operations().nudge({1, 0}); }
     void setCabinetLocked(int port, bool locked);
     void backupPort(int primary, int backup, bool back);
     void setCanvasSize(const QSize &size);
     /// Shows the fill image of @p newInfo; with @p sceneSizeChange the canvas has another size, too.
     void onBackgroundChanged(const SBackgroundInfo &newInfo, const SBackgroundInfo &oldInfo,
                              bool sceneSizeChange = false);
-    void onSelectionChanged();
+    void onSelectionChanged() { m_batches.noteSelection(); }
     void onNotifyProcessorStateChanged();
     void onNotifyCabinetColorChanged(int port, const QColor &color);
 
@@ -193,10 +206,9 @@ protected:
     void drawForeground(QPainter *painter, const QRectF &rect) override;
 
 private:
-    bool isOn(const QPointF &scenePos, int kind) const;
-    void nudge(const QPointF &step);
-    void selectOnly(const QVector<QUuid> &uuids);
-    void finishBatch();
+    /// With no gesture in progress any more.
+    CSceneOperations &operations();
+    void finishBatch(const CPendingEdits &work);
     void tellSelection();
     void updateContentRect();
     void runStep(QWidget *view, bool undoing);
@@ -204,7 +216,9 @@ private:
     const IPortStates &m_portStates;
     CSceneContent m_content;
     CCanvasFill m_fill;
+    CEditBatches m_batches;
     CSceneSelection m_selection;
+    CSelectionPicks m_picks;
     CUndoRecorder m_recorder;
     CSceneOperations m_operations;
     CSelectionShape m_shape;
@@ -212,9 +226,8 @@ private:
     QUndoStack m_ownStack;
     QSet<EToolMode> m_toolModes;
     CSceneGestures m_gestures;
-    CPendingEdits m_pending;
+    CSceneInput m_input;
     CHighlights m_highlights;
     IEditorCommands *m_commands = nullptr;
-    int m_batchDepth = 0;
     bool m_portAreaChanged = false;
 };

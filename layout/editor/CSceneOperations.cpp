@@ -38,15 +38,16 @@ QVector<CGraphicsPortItem *> CSceneOperations::ports() const
     return items;
 }
 
-void CSceneOperations::wireByPattern(int pattern)
+void CSceneOperations::wireByPattern(uint pattern)
 {
-    if (pattern < 0 || pattern >= CSnakeOrder::PatternCount || m_selection.touchesLockedPort())
+    if (pattern >= uint(CSnakeOrder::PatternCount) || m_selection.touchesLockedPort())
         return;
     const CEditBatch batch(m_scene);
     const CUndoMacro macro(m_recorder, QStringLiteral("topologyWiring"), QStringLiteral("topologyWiring"));
     for (const auto &selected : m_selection.cabinetsByPort()) {
         CGraphicsPortItem &port = *selected.first()->portItem();
-        CWiringRecorder::rechain(m_recorder, port, CTopologyWiring::chainByPattern(port, selected, pattern));
+        CWiringRecorder::rechain(m_recorder, port,
+                                 CTopologyWiring::chainByPattern(port, selected, int(pattern)));
     }
 }
 

@@ -24,7 +24,7 @@ public:
     {
     }
 
-    void wireByPattern(int pattern);
+    void wireByPattern(uint pattern);
     void breakSelectedWiring();
     void breakPortWiring(CGraphicsPortItem &port);
     /// The new group stands at @p ordinal among the records.

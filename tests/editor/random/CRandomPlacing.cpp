@@ -5,6 +5,7 @@
 #include "tests/editor/random/RandomLayout.h"
 
 #include <QCoreApplication>
+#include <QGraphicsSceneContextMenuEvent>
 #include <QGraphicsSceneMouseEvent>
 
 #include <algorithm>
@@ -89,6 +90,10 @@ bool CRandomPlacing::paste()
     const QPointF place(m_random.bounded(12) * 50.25, m_random.bounded(12) * 50);
     m_world.states.current = port;
     m_world.scene.pasteItems(place, nullptr);
+    if (port < 0) {
+        m_world.copied = CReferenceModel(); // the copy is given up
+        m_world.cache = PasteCache();
+    }
     if (port < 0 || m_world.states.isPortLocked(port) || m_world.copied.isEmpty())
         return false;
     m_expected.paste(m_world.copied, port, QPoint(qRound(place.x()), qRound(place.y())));
@@ -132,6 +137,8 @@ bool CRandomPlacing::append()
         return false;
     CCabinetGraphicsScene &scene = m_world.scene;
     scene.beginAppend(type, port, size);
+    if (port == PortCount || m_world.states.isPortLocked(port))
+        return false; // the run looks whether anything waits
     send(QEvent::GraphicsSceneMouseMove, cursor, Qt::NoButton);
     send(QEvent::GraphicsSceneMousePress, press, Qt::LeftButton);
     send(QEvent::GraphicsSceneMouseMove, press + QPoint(300, -300), Qt::LeftButton);
@@ -142,12 +149,11 @@ bool CRandomPlacing::append()
         return false;
     case 1:
         send(QEvent::GraphicsSceneMousePress, cursor, Qt::RightButton);
+        askForMenu(cursor);
         return false;
     default:
         send(QEvent::GraphicsSceneMouseRelease, cursor, Qt::LeftButton);
     }
-    if (port == PortCount || m_world.states.isPortLocked(port))
-        return false;
     m_expected.append(port, covered(*first, cursor), type);
     return true;
 }
@@ -158,5 +164,12 @@ void CRandomPlacing::send(QEvent::Type type, const QPointF &scenePos, Qt::MouseB
     event.setScenePos(scenePos);
     event.setButton(type == QEvent::GraphicsSceneMouseMove ? Qt::NoButton : button);
     event.setButtons(type == QEvent::GraphicsSceneMouseRelease ? Qt::NoButton : button);
+    QCoreApplication::sendEvent(&m_world.scene, &event);
+}
+
+void CRandomPlacing::askForMenu(const QPointF &scenePos)
+{
+    QGraphicsSceneContextMenuEvent event(QEvent::GraphicsSceneContextMenu);
+    event.setScenePos(scenePos);
     QCoreApplication::sendEvent(&m_world.scene, &event);
 }

@@ -30,6 +30,7 @@ public:
 private:
     std::optional<QRect> snapped(QRect ghost) const;
     void send(QEvent::Type type, const QPointF &scenePos, Qt::MouseButton button);
+    void askForMenu(const QPointF &scenePos);
     bool hasRoom(int port) const;
 
     SRandomScene &m_world;

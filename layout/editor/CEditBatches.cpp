@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/CEditBatches.h"
+
+#include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/CGraphicsGroupItem.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/items/IEditorScene.h"
+
+void CEditBatches::end()
+{
+    while (m_depth == 1 && !m_pending.isEmpty())
+        m_finish(std::exchange(m_pending, CPendingEdits())); // who is told of the batch may edit in turn
+    --m_depth;
+}
+
+void CEditBatches::noteCabinetMoved(CGraphicsCabinetItem &cabinet)
+{
+    const CEditBatch batch(m_scene);
+    m_pending.noteCabinetMoved(cabinet);
+    if (CGraphicsGroupItem *group = cabinet.groupItem())
+        m_pending.noteMembersChanged(*group);
+    if (CGraphicsPortItem *port = cabinet.portItem())
+        port->noteChanged();
+    if (cabinet.isSelectedWithGroups())
+        m_pending.noteSelectedMoved();
+}
+
+void CEditBatches::noteMembersChanged(CGraphicsGroupItem &group)
+{
+    const CEditBatch batch(m_scene);
+    m_pending.noteMembersChanged(group);
+    if (CGraphicsPortItem *port = group.portItem())
+        port->noteChanged();
+}
+
+void CEditBatches::notePortChanged(const CGraphicsPortItem &port)
+{
+    const CEditBatch batch(m_scene);
+    m_pending.notePortChanged(port);
+}
+
+void CEditBatches::noteSelection()
+{
+    const CEditBatch batch(m_scene);
+    m_pending.noteSelection();
+}
+
+void CEditBatches::noteHighlight()
+{
+    const CEditBatch batch(m_scene);
+    m_pending.noteHighlight();
+}

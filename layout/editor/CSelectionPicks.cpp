@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/CSelectionPicks.h"
+
+#include "layout/editor/CSceneContent.h"
+#include "layout/editor/CSceneSelection.h"
+#include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/items/IEditorScene.h"
+#include "platform/widgets/CGraphicsScene.h"
+
+#include <QSignalBlocker>
+
+void CSelectionPicks::all()
+{
+    const CEditBatch batch(m_editor);
+    {
+        const QSignalBlocker silent(&m_scene); // Qt tells of every single item
+        for (const CGraphicsPortItem *item : m_content.ports()) {
+            for (CGraphicsItemBase *top : item->topItems())
+                top->setSelected(true);
+        }
+    }
+    Q_EMIT m_scene.selectionChanged();
+}
+
+void CSelectionPicks::port(int port, bool selected)
+{
+    const CEditBatch batch(m_editor);
+    if (const CGraphicsPortItem *item = m_content.port(port)) {
+        for (CGraphicsItemBase *top : item->topItems())
+            top->setSelected(selected);
+    }
+}
+
+void CSelectionPicks::only(const QVector<QUuid> &uuids)
+{
+    QSet<CGraphicsItemBase *> wanted;
+    for (const QUuid &uuid : uuids) {
+        if (CGraphicsItemBase *item = m_editor.editedItem(uuid))
+            wanted.insert(item);
+    }
+    const CEditBatch batch(m_editor);
+    const QSet<CGraphicsItemBase *> before = m_selection.items();
+    for (CGraphicsItemBase *item : before) {
+        if (!wanted.contains(item))
+            item->setSelected(false);
+    }
+    for (CGraphicsItemBase *item : qAsConst(wanted))
+        item->setSelected(true);
+}
+
+void CSelectionPicks::sameType(const QUuid &uuid)
+{
+    CGraphicsItemBase *item = m_editor.editedItem(uuid);
+    const QVector<CGraphicsCabinetItem *> concerned =
+        item ? item->concernedCabinets() : QVector<CGraphicsCabinetItem *>();
+    if (concerned.isEmpty())
+        return;
+    const auto model = concerned.first()->cabinet();
+    QVector<QUuid> same;
+    for (const CGraphicsCabinetItem *cabinet : item->portItem()->cabinets(nullptr)) {
+        const auto &record = cabinet->cabinet();
+        if (record.type == model.type && (!model.type.isNull() || record.rect.size() == model.rect.size()))
+            same << record.uuid;
+    }
+    only(same);
+}
