@@ -46,6 +46,7 @@ public:
         return layout;
     }
 
+    CFixedPortStates &states() { return m_states; }
     QUndoStack &stack() const { return *scene.undoStack(); }
 
     static Cabinet &cabinet(const Scene &scene, int port, int place)

@@ -303,6 +303,30 @@ private Q_SLOTS:
         QCOMPARE(world.stack().index(), 0);
         QCOMPARE(CSceneVerifier::faultIn(world.scene), QString());
     }
+
+    void theFirstCommandWhosePortRefusesIsTold_data()
+    {
+        QTest::addColumn<QVector<int>>("ports"); // of the commands of a step, in their order
+        QTest::addColumn<QString>("undo");
+        QTest::addColumn<QString>("redo");
+        QTest::newRow("locked first") << QVector<int>{1, 0, 2} << "Port 1 is locked and cannot be undone."
+                                      << "Port 1 is locked and cannot be redone.";
+        QTest::newRow("redundancy first")
+            << QVector<int>{2, 0} << "Port 3 is redundancy and cannot be undone."
+            << "Port 3 is redundancy and cannot be redone.";
+    }
+    void theFirstCommandWhosePortRefusesIsTold()
+    {
+        QFETCH(QVector<int>, ports);
+        World world;
+        QUndoCommand step;
+        for (const int port : ports)
+            new CMoveCommand(&World::cabinet(world.scene, port, 0), &step); // lives with the step
+        world.states().locked[0] = true;
+        world.states().redundancy[2] = CabinetLayout::CabinetPort::Redundant;
+        QTEST(CGuardedUndo::refusal(world.scene, step, true), "undo");
+        QTEST(CGuardedUndo::refusal(world.scene, step, false), "redo");
+    }
 };
 
 ORVO_TEST_MAIN(QApplication, CUndoCommandsTest)

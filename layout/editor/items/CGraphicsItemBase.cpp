@@ -17,10 +17,6 @@
 #include <QPainterPath>
 #include <QPen>
 
-namespace {
-
-} // namespace
-
 CGraphicsItemBase::CGraphicsItemBase(const QUuid &uuid, QGraphicsItem *parent)
     : QGraphicsRectItem(parent)
 {

@@ -6,42 +6,12 @@
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/menus/CCabinetMenu.h"
 #include "layout/geometry/CResizeHandles.h"
-#include "tests/editor/random/RandomKinds.h"
+#include "tests/editor/random/MenuEntries.h"
 #include "tests/editor/random/RandomLayout.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 
 using namespace RandomKinds;
 using RandomLayout::PortCount;
-
-namespace {
-
-/// What entries of the cabinet menu do.
-const QHash<QString, int> &entryKinds()
-{
-    static const QHash<QString, int> kinds = {{QStringLiteral("Group"), Group},
-                                              {QStringLiteral("Ungroup"), Ungroup},
-                                              {QStringLiteral("Select all"), SelectAll},
-                                              {QStringLiteral("Cut"), Cut},
-                                              {QStringLiteral("Copy"), Copy},
-                                              {QStringLiteral("Delete cabinet"), Delete},
-                                              {QStringLiteral("Clear topology"), ClearPort},
-                                              {QStringLiteral("Select the same type"), SameType}};
-    return kinds;
-}
-
-QVector<QAction *> editingEntries(const QMenu &menu)
-{
-    QVector<QAction *> entries;
-    for (QAction *action : menu.actions()) {
-        if (action->menu())
-            entries += editingEntries(*action->menu());
-        else if (action->isEnabled() && entryKinds().contains(action->text()))
-            entries << action;
-    }
-    return entries;
-}
-
-} // namespace
 
 CRandomEdits::CRandomEdits(SRandomScene &world, QRandomGenerator &random, CReferenceModel &expected)
     : m_world(world)
@@ -121,9 +91,9 @@ bool CRandomEdits::chooseEntry()
     m_clicked = clicked.uuid();
     QMenu menu;
     CCabinetMenu(menu, m_scene, clicked, nullptr).fill();
-    const QVector<QAction *> entries = editingEntries(menu);
+    const QVector<QAction *> entries = MenuEntries::editing(menu);
     m_entry = entries.at(m_random.bounded(entries.size()));
-    const bool edited = carryOut(entryKinds().value(m_entry->text()));
+    const bool edited = carryOut(MenuEntries::kinds().value(m_entry->text()));
     m_entry = nullptr;
     return edited;
 }

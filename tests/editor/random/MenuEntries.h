@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "tests/editor/random/RandomKinds.h"
+
+#include <QAction>
+#include <QHash>
+#include <QMenu>
+
+/// The entries of the cabinet menu that edit or select.
+namespace MenuEntries {
+
+/// What entries of the cabinet menu do.
+inline const QHash<QString, int> &kinds()
+{
+    using namespace RandomKinds;
+    static const QHash<QString, int> byText = {{QStringLiteral("Group"), Group},
+                                               {QStringLiteral("Ungroup"), Ungroup},
+                                               {QStringLiteral("Select all"), SelectAll},
+                                               {QStringLiteral("Cut"), Cut},
+                                               {QStringLiteral("Copy"), Copy},
+                                               {QStringLiteral("Delete cabinet"), Delete},
+                                               {QStringLiteral("Clear topology"), ClearPort},
+                                               {QStringLiteral("Select the same type"), SameType}};
+    return byText;
+}
+
+inline QVector<QAction *> editing(const QMenu &menu)
+{
+    QVector<QAction *> entries;
+    for (QAction *action : menu.actions()) {
+        if (action->menu())
+            entries += editing(*action->menu());
+        else if (action->isEnabled() && kinds().contains(action->text()))
+            entries << action;
+    }
+    return entries;
+}
+
+} // namespace MenuEntries
