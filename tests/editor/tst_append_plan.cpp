@@ -35,6 +35,23 @@ private Q_SLOTS:
         QTEST(corners, "corners");
     }
 
+    void directionsAreTurnedIntoPatterns_data()
+    {
+        QTest::addColumn<int>("direction");
+        QTest::addColumn<int>("plain");
+        QTest::addColumn<int>("reversed");
+        QTest::newRow("leftward") << int(CAppendPlan::Leftward) << 1 << 2;
+        QTest::newRow("upward") << int(CAppendPlan::Upward) << 6 << 7;
+        QTest::newRow("rightward") << int(CAppendPlan::Rightward) << 0 << 3;
+        QTest::newRow("downward") << int(CAppendPlan::Downward) << 5 << 4;
+    }
+    void directionsAreTurnedIntoPatterns()
+    {
+        QFETCH(int, direction);
+        QTEST(CAppendPlan::pattern(CAppendPlan::EDirection(direction), false), "plain");
+        QTEST(CAppendPlan::pattern(CAppendPlan::EDirection(direction), true), "reversed");
+    }
+
     void wiresOnFromTheSideOfTheChain_data()
     {
         QTest::addColumn<QRect>("tail");
@@ -53,6 +70,10 @@ private Q_SLOTS:
             << QRect(170, 90, 10, 10) << QPoint(125, 115) << "RTL TTB snake";
         QTest::newRow("above the block, at its left")
             << QRect(90, 40, 10, 10) << QPoint(125, 115) << "TTB LTR snake";
+        QTest::newRow("above the block, level")
+            << QRect(105, 40, 10, 10) << QPoint(115, 115) << "TTB RTL snake";
+        QTest::newRow("below the block, at its left")
+            << QRect(90, 190, 10, 10) << QPoint(125, 115) << "BTT LTR snake";
         QTest::newRow("below the block, at its right")
             << QRect(130, 190, 10, 10) << QPoint(125, 115) << "BTT RTL snake";
     }

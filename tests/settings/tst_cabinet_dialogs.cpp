@@ -233,6 +233,31 @@ private Q_SLOTS:
         }
     }
 
+    void gammaIsTypedWithOneDecimal_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("one decimal") << "2.2"
+                                     << "2.2";
+        QTest::newRow("no decimal") << "3"
+                                    << "3.0";
+        QTest::newRow("two decimals") << "3.45"
+                                      << "3.4"; // the last key does nothing
+        QTest::newRow("too large") << "4.1"
+                                   << "4.0";
+    }
+    void gammaIsTypedWithOneDecimal()
+    {
+        QFETCH(QString, typed);
+        const SSaveDialog opened({QStringLiteral("A")});
+        QDoubleSpinBox *gamma = opened.gamma();
+        gamma->selectAll();
+        QTest::keyClicks(gamma, typed);
+        gamma->interpretText();
+        QTEST(gamma->text(), "shown");
+        QCOMPARE(gamma->value(), gamma->text().toDouble());
+    }
+
     void aGammaTableOfItsOwnForbidsAValue()
     {
         const SSaveDialog opened({QStringLiteral("A")});

@@ -132,6 +132,7 @@ private Q_SLOTS:
     {
         const SFillDialog opened(PortBlue);
         for (const char *name : {"Hue", "Brightness"}) {
+            QCOMPARE(opened.slider(name)->height(), 16);
             QTest::keyClick(opened.slider(name), Qt::Key_End);
             QTest::keyClick(opened.slider(name), Qt::Key_Right);
         }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/settings/CCanvasBackgroundSetting.h"
 #include "layout/settings/CCanvasCommands.h"
+#include "platform/widgets/CTheme.h"
 #include "platform/widgets/input/CSliderSpinBox.h"
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CFileDialogAnswerer.h"
@@ -15,6 +16,7 @@
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QSlider>
+#include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -47,6 +49,8 @@ class CCanvasBackgroundTest final : public CTestBase
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { CTheme::apply(*qApp); }
+
     void showsWhatItIsGiven()
     {
         CCanvasBackgroundSetting dialog(filled(), nullptr);
@@ -66,6 +70,28 @@ private Q_SLOTS:
                      control->metaObject()->className());
         dialog.findChild<QCheckBox *>()->setChecked(false);
         QVERIFY(!sliders.at(0)->isEnabled() && !browseOf(dialog)->isEnabled());
+    }
+
+    void controlsHaveTheirWidthsAndTexts()
+    {
+        CCanvasBackgroundSetting dialog(filled(), nullptr);
+        dialog.show();
+        QCOMPARE(dialog.findChild<QCheckBox *>()->text(), QStringLiteral("Enable"));
+        QStringList fits;
+        for (const QRadioButton *fit : dialog.findChildren<QRadioButton *>())
+            fits << fit->text() + QLatin1Char(fit->isChecked() ? '*' : ' ');
+        QCOMPARE(fits, (QStringList{QStringLiteral("1:1 "), QStringLiteral("Zoom to fit*")}));
+        for (const QSlider *slider : dialog.findChildren<QSlider *>())
+            QCOMPARE(slider->width(), 184);
+        QStringList percents;
+        for (const QSpinBox *box : dialog.findChildren<QSpinBox *>()) {
+            QCOMPARE(box->width(), 46);
+            const auto *edit = box->findChild<QLineEdit *>();
+            QVERIFY(edit->width() >= edit->fontMetrics().horizontalAdvance(QStringLiteral("100%")) + 4);
+            percents << box->text();
+        }
+        QCOMPARE(percents, (QStringList{QStringLiteral("50%"), QStringLiteral("30%")}));
+        QCOMPARE(dialog.findChild<QLineEdit *>()->width(), 238);
     }
 
     void announcesEachChangeAtOnce()
