@@ -46,7 +46,9 @@ void CCabinetGraphicsScene::setLayoutData(const ProcessorTree::ProcessorNode &pr
     cancelGesture();
     const CEditBatch batch(*this);
     if (undoable && m_content.canRebuild(data)) {
+        const CUndoMacro macro(m_recorder, QStringLiteral("Reset"), QStringLiteral("Reset"));
         m_content.rebuild(data, m_recorder);
+        m_picks.only(selected.toVector()); // what redo selects, too
     } else {
         m_recorder.setOperationName(QStringLiteral("Reset"));
         clearLayout();
@@ -57,9 +59,9 @@ void CCabinetGraphicsScene::setLayoutData(const ProcessorTree::ProcessorNode &pr
                     [this] { m_portAreaChanged = true; });
         m_batches.forget();
         m_batches.noteSelection();
+        m_picks.only(selected.toVector());
     }
     updateContentRect();
-    m_picks.only(selected.toVector());
 }
 
 void CCabinetGraphicsScene::clearLayout()

@@ -60,7 +60,6 @@ void CSceneContent::rebuild(const LayoutData &data, CUndoRecorder &recorder)
 {
     m_canvas = data.canvas;
     takeMappingIndices(data.layout); // also of what undo of the reset brings back
-    const CUndoMacro macro(recorder, QStringLiteral("Reset"), QStringLiteral("Reset"));
     CLayoutRebuild rebuild(m_editor, recorder, m_nextOrdinal);
     QVector<QPair<CGraphicsPortItem *, Port>> changed;
     for (int i = 0; i < m_ports.size(); ++i) {

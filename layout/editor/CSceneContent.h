@@ -31,7 +31,8 @@ public:
     void build(const LayoutData &data);
     /// Whether @p data is of the processor and the ports that are shown, so that it can be rebuilt in place.
     bool canRebuild(const LayoutData &data) const;
-    /// Replaces what the ports hold as commands that can be undone; a port that holds the same is left alone.
+    /// Replaces what the ports hold by commands of the running operation; a port that holds the same is left
+    /// alone.
     void rebuild(const LayoutData &data, CUndoRecorder &recorder);
     /// The cabinets' places in the mapping become those of @p mapping, which the processor has saved. No
     /// edit: undo neither sees it nor brings older places back.

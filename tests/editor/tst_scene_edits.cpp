@@ -293,7 +293,8 @@ private Q_SLOTS:
         scene.setLayoutData(SmallWorlds::node(data), data);
         LayoutData other = data;
         other.layout.ports = world().layout.ports;
-        scene.setLayoutData(SmallWorlds::node(other), other, {}, {}, true);
+        const QUuid chosen = other.layout.ports[0].getAllCabinets().first().uuid;
+        scene.setLayoutData(SmallWorlds::node(other), other, {}, {chosen}, true);
         QVERIFY(layoutOf(scene, data) == other.layout);
         QCOMPARE(scene.operationName(), QStringLiteral("Reset"));
         scene.undo(nullptr);
@@ -309,6 +310,7 @@ private Q_SLOTS:
         QVERIFY(scene.undoStack()->canRedo());
         scene.redo(nullptr);
         QVERIFY(layoutOf(scene, data) == other.layout);
+        QCOMPARE(selectedIn(scene), QSet<QUuid>{chosen});
 
         CGraphicsCabinetItem *kept = scene.portItem(0)->cabinets(nullptr).first();
         other.layout.ports[2].groups.clear();

@@ -343,6 +343,7 @@ bool CRandomEdits::drawStroke()
     QVector<QPointF> way = {first->sceneBoundingRect().center()};
     const QUuid begin = first->uuid();
     m_scene.beginStroke(*first, way.first());
+    m_world.selectedBefore.clear();
     m_selection = QSet<QUuid>();
     m_world.selectionSignals = 0; // a stroke first takes the selection away, which is told by itself
     for (int i = m_random.bounded(6); i > 0; --i) {

@@ -43,6 +43,7 @@ CRandomWorld::CRandomWorld(quint32 seed)
     m_world.data = RandomLayout::randomWorld(random);
     m_scene.setLayoutData(SmallWorlds::node(m_world.data), m_world.data);
     m_history << comparable();
+    m_selections.resize(1); // of no step
     QObject::connect(&m_scene, &CCabinetGraphicsScene::notifySelectedChanged,
                      [this] { ++m_world.selectionSignals; });
     QObject::connect(&m_scene, &CCabinetGraphicsScene::notifySceneChanged,
@@ -91,6 +92,7 @@ QString CRandomWorld::run(const SRandomOperation &operation)
     if (random.bounded(2))
         QCoreApplication::processEvents();
     select(random);
+    m_world.selectedBefore = m_world.selected();
     m_world.selectionSignals = m_world.sceneSignals = 0;
     switch (operation.kind) {
     case Reload:
@@ -98,7 +100,8 @@ QString CRandomWorld::run(const SRandomOperation &operation)
     case ReloadUndoably:
         return reload(true, random);
     case History:
-        stepHistory(random);
+        if (!stepHistory(random))
+            return QStringLiteral("another selection than beside the step");
         return check(m_scene.undoStack()->index(), false,
                      CReferenceModel(m_history.at(m_scene.undoStack()->index())));
     default:
@@ -144,11 +147,14 @@ QString CRandomWorld::checkHighlights()
     return highlighted() == wanted ? QString() : QStringLiteral("other cabinets stand out than wanted");
 }
 
-void CRandomWorld::stepHistory(QRandomGenerator &random)
+/// Gives whether each step selects what was selected before or after it.
+bool CRandomWorld::stepHistory(QRandomGenerator &random)
 {
     const QHash<int, bool> locked = m_world.states.locked;
     m_world.states.locked.clear(); // refusals show a box and are tested elsewhere
+    bool selects = true;
     for (int i = 1 + random.bounded(4); i > 0; --i) {
+        const int index = m_scene.undoStack()->index();
         const bool undoing = random.bounded(3);
         if (!m_scene.selection().isEmpty() && random.bounded(4) == 0)
             stepByMenu(undoing ? QStringLiteral("Undo") : QStringLiteral("Redo"));
@@ -156,9 +162,14 @@ void CRandomWorld::stepHistory(QRandomGenerator &random)
             m_scene.undo(nullptr);
         else
             m_scene.redo(nullptr);
+        const int now = m_scene.undoStack()->index();
+        if (now != index)
+            selects = selects && m_world.selected() == (now < index ? m_selections.at(index).first
+                                                                    : m_selections.at(now).second);
         m_world.highlighted = highlighted(); // an item may have been away meanwhile
     }
     m_world.states.locked = locked;
+    return selects;
 }
 
 void CRandomWorld::stepByMenu(const QString &text)
@@ -187,6 +198,7 @@ QString CRandomWorld::reload(bool undoable, QRandomGenerator &random)
     if (!undoable) {
         m_scene.undoStack()->clear();
         m_history = {comparable()};
+        m_selections.resize(1);
         index = 0;
     }
     m_world.highlighted.intersect(highlighted()); // a reload ends those of what it makes anew
@@ -203,6 +215,8 @@ QString CRandomWorld::check(int indexBefore, bool edited, const CReferenceModel 
     if (index > indexBefore || m_history.size() <= index) {
         m_history.resize(index);
         m_history << now;
+        m_selections.resize(index);
+        m_selections << qMakePair(m_world.selectedBefore, m_world.selected());
         if (m_world.sceneSignals != 1 || m_world.selectionSignals != 1)
             return QStringLiteral("%1 scene and %2 selection signals for one edit")
                 .arg(m_world.sceneSignals)

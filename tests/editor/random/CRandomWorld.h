@@ -32,7 +32,7 @@ public:
 private:
     void select(QRandomGenerator &random);
     QString edit(int kind, QRandomGenerator &random);
-    void stepHistory(QRandomGenerator &random);
+    bool stepHistory(QRandomGenerator &random);
     void stepByMenu(const QString &text);
     QString reload(bool undoable, QRandomGenerator &random);
     QString check(int indexBefore, bool edited, const CReferenceModel &expected);
@@ -42,5 +42,6 @@ private:
 
     SRandomScene m_world;
     CCabinetGraphicsScene &m_scene;
-    QVector<CabinetLayout> m_history; // by undo index
+    QVector<CabinetLayout> m_history;                      // by undo index
+    QVector<QPair<QSet<QUuid>, QSet<QUuid>>> m_selections; // before and after the step to that index
 };

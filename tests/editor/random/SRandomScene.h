@@ -13,11 +13,12 @@ struct SRandomScene
     CFixedPortStates states;
     CNotedCommands commands;
     CCabinetGraphicsScene scene{states};
-    LayoutData data;          // that the scene was last loaded with
-    CReferenceModel copied;   // what a paste brings
-    PasteCache cache;         // its records
-    QSet<QUuid> highlighted;  // cabinets
-    int selectionSignals = 0; // since the operation began
+    LayoutData data;            // that the scene was last loaded with
+    CReferenceModel copied;     // what a paste brings
+    PasteCache cache;           // its records
+    QSet<QUuid> highlighted;    // cabinets
+    QSet<QUuid> selectedBefore; // when the operation began
+    int selectionSignals = 0;   // since the operation began
     int sceneSignals = 0;
 
     CabinetLayout layout() const
