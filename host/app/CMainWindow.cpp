@@ -38,7 +38,7 @@
 namespace {
 
 constexpr int MessageMilliseconds = 8000;
-constexpr QSize SmallestWindow(900, 560);
+constexpr QSize SmallestWindow(900, 480);
 
 QStringList projectFilesOf(const QMimeData &data)
 {

@@ -40,6 +40,7 @@ CCanvasBackgroundSetting::CCanvasBackgroundSetting(const SBackgroundInfo &info, 
 {
     buildUi();
     connectSignals();
+    updateEnabled();
 }
 
 void CCanvasBackgroundSetting::buildUi()
@@ -107,6 +108,13 @@ void CCanvasBackgroundSetting::connectSignals()
     connect(m_opacity, &CSliderSpinBox::valueChanged, this, &CCanvasBackgroundSetting::change);
 }
 
+/// A fill without an image would be none.
+void CCanvasBackgroundSetting::updateEnabled()
+{
+    const bool sensible = !m_info.enabled || !m_info.file.isEmpty();
+    buttonBox()->button(QDialogButtonBox::Ok)->setEnabled(sensible);
+}
+
 void CCanvasBackgroundSetting::browse()
 {
     const QString file = QFileDialog::getOpenFileName(
@@ -130,5 +138,6 @@ void CCanvasBackgroundSetting::change()
     m_info.fit = m_zoom->isChecked() ? SBackgroundInfo::ZoomToFit : SBackgroundInfo::NaturalSize;
     m_info.scale = m_scale->value();
     m_info.opacity = m_opacity->value();
+    updateEnabled();
     Q_EMIT changed(m_info);
 }

@@ -38,6 +38,7 @@ private:
     void connectSignals();
     void browse();
     void change();
+    void updateEnabled();
 
     SBackgroundInfo m_info;
     QCheckBox *m_enabled;

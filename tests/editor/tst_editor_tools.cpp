@@ -232,12 +232,13 @@ private Q_SLOTS:
             return QIcon(QStringLiteral(":/Image/Layout/ToolBar/%1_%2.svg").arg(icon, QLatin1String(state)));
         };
         QStringList names;
-        for (const QAction *kind : button->menu()->actions())
+        for (const QAction *kind : bar().tool(Bar::Calibrate)->menu()->actions())
             names << kind->objectName();
         QCOMPARE(names,
                  (QStringList{QStringLiteral("CalibrateFrame"), QStringLiteral("CalibrateFrameless")}));
 
-        button->menu()->actions().at(frameless ? 0 : 1)->trigger(); // the other kind first
+        bar().tool(Bar::Calibrate)->menu()->actions().at(frameless ? 0 : 1)->trigger(); // the other kind
+                                                                                        // first
         QVERIFY(drawn(button->icon(), QIcon::Off) != drawn(file("normal"), QIcon::Off));
         auto *kind = bar().findChild<QAction *>(name);
         QCOMPARE(kind->property("frameless"), QVariant(frameless));

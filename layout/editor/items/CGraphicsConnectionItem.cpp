@@ -8,6 +8,12 @@
 #include <QPainter>
 #include <QStyleOptionGraphicsItem>
 
+namespace {
+
+constexpr qreal ShortestWire = 2; // pixels; shorter ones would cover the cabinets that they join
+
+} // namespace
+
 CGraphicsConnectionItem::CGraphicsConnectionItem(CGraphicsCabinetItem &from, CGraphicsCabinetItem &to,
                                                  QGraphicsItem *portItem)
     : m_from(&from)
@@ -41,6 +47,7 @@ bool CGraphicsConnectionItem::contains(const QPointF &) const
 
 void CGraphicsConnectionItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *)
 {
-    const QTransform transform = painter->worldTransform();
-    CLayoutPainter::paintWire(*painter, line(), option->levelOfDetailFromTransform(transform));
+    const qreal scale = option->levelOfDetailFromTransform(painter->worldTransform());
+    if (line().length() * scale >= ShortestWire)
+        CLayoutPainter::paintWire(*painter, line(), scale);
 }

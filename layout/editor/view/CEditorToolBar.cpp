@@ -61,6 +61,12 @@ void CEditorToolBar::buildUi()
     makeCheckable(Navigator);
     addHighlightMenu();
     button(Navigator)->setObjectName(QStringLiteral("AeriaToolButton"));
+    tool(Undo)->setShortcuts(QKeySequence::Undo);
+    QList<QKeySequence> redoKeys = QKeySequence::keyBindings(QKeySequence::Redo);
+    const QKeySequence named(Qt::CTRL | Qt::Key_Y); // by the tool tip, everywhere
+    if (!redoKeys.contains(named))
+        redoKeys << named;
+    tool(Redo)->setShortcuts(redoKeys);
     for (const ETool disabled : {Undo, Redo, Group, Ungroup, Print})
         tool(disabled)->setEnabled(false);
     tool(Print)->setToolTip(tr("Print(Ctrl+P)") + QLatin1Char('\n') + tr("Available in a later version"));
@@ -105,7 +111,7 @@ void CEditorToolBar::addHighlightMenu()
     addKind(QStringLiteral("CalibrateFrame"), tr("Highlight cabinet with flashing box"), "calibrate", false);
     addKind(QStringLiteral("CalibrateFrameless"), tr("Highlight cabinet with LED indicator"),
             "calibrate-frameless", true);
-    button(Calibrate)->setMenu(menu);
+    tool(Calibrate)->setMenu(menu); // of the action, so that a bar without room for the button has it, too
     button(Calibrate)->setPopupMode(QToolButton::MenuButtonPopup);
 }
 

@@ -7,6 +7,7 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QCursor>
 #include <QMenu>
 #include <QToolBar>
 #include <QToolButton>
@@ -55,8 +56,13 @@ void CPortStrip::addPorts()
     m_bar.addWidget(m_ports);
     connect(m_ports, QOverload<int>::of(&QComboBox::activated), this, [this] { Q_EMIT portChosen(port()); });
     m_append = addButton(portIcon("append"), tr("Append(Ctrl+T)"));
-    connect(m_append, &QToolButton::clicked, this,
-            [this] { Q_EMIT appendClicked(m_append->mapToGlobal(m_append->rect().bottomLeft())); });
+    connect(m_append->defaultAction(), &QAction::triggered, this, &CPortStrip::append);
+}
+
+void CPortStrip::append()
+{
+    const bool shown = m_append->isVisible(); // not when there is no room for the whole bar
+    Q_EMIT appendClicked(shown ? m_append->mapToGlobal(m_append->rect().bottomLeft()) : QCursor::pos());
 }
 
 void CPortStrip::addPatterns()
@@ -69,7 +75,7 @@ void CPortStrip::addPatterns()
         connect(action, &QAction::triggered, this, [this, i] { Q_EMIT patternClicked(i); });
     }
     m_patterns = addButton(menu->actions().first()->icon(), tr("Topology"));
-    m_patterns->setMenu(menu);
+    m_patterns->defaultAction()->setMenu(menu);
     m_patterns->setPopupMode(QToolButton::InstantPopup);
 }
 
@@ -77,7 +83,7 @@ void CPortStrip::addPortMenu()
 {
     m_portMenu = new QMenu(&m_bar);
     m_portButton = addButton(portIcon("lock"), tr("Lock and redundancy of the output port"));
-    m_portButton->setMenu(m_portMenu);
+    m_portButton->defaultAction()->setMenu(m_portMenu);
     m_portButton->setPopupMode(QToolButton::InstantPopup);
     connect(m_portMenu, &QMenu::aboutToShow, this, &CPortStrip::fillPortMenu);
 }
@@ -85,6 +91,7 @@ void CPortStrip::addPortMenu()
 void CPortStrip::fillPortMenu()
 {
     m_portMenu->clear();
+    addPortChoice();
     const int chosen = port();
     QAction *lock = m_portMenu->addAction(tr("Lock current output port"));
     lock->setCheckable(true);
@@ -104,6 +111,21 @@ void CPortStrip::fillPortMenu()
     m_portMenu->addSeparator();
     connect(m_portMenu->addAction(tr("Current gain parameter settings...")), &QAction::triggered, this,
             &CPortStrip::currentGainClicked);
+}
+
+/// The same as the box, for a bar that has no room for it.
+void CPortStrip::addPortChoice()
+{
+    QMenu *choice = m_portMenu->addMenu(tr("Output port"));
+    for (int i = 0; i < m_ports->count(); ++i) {
+        QAction *action = choice->addAction(m_ports->itemText(i));
+        action->setCheckable(true);
+        action->setChecked(i == m_ports->currentIndex());
+        connect(action, &QAction::triggered, this, [this, i] {
+            m_ports->setCurrentIndex(i);
+            Q_EMIT portChosen(port());
+        });
+    }
 }
 
 int CPortStrip::port() const
@@ -127,4 +149,7 @@ void CPortStrip::showSelection(const QList<int> &ports)
     m_patterns->setEnabled(!ports.isEmpty());
     m_append->setEnabled(port() >= 0);
     m_portButton->setEnabled(port() >= 0);
+    const bool locked = m_states.isPortLocked(port());
+    m_portButton->defaultAction()->setIcon(
+        locked ? QIcon(QStringLiteral(":/Image/Layout/PortList/lock_checked.svg")) : portIcon("lock"));
 }

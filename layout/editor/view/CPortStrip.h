@@ -38,6 +38,8 @@ Q_SIGNALS:
 
 private:
     QToolButton *addButton(const QIcon &icon, const QString &toolTip);
+    void append();
+    void addPortChoice();
     void addPorts();
     void addPatterns();
     void addPortMenu();
