@@ -286,6 +286,9 @@ void CRandomEdits::changeState(int kind)
     if (kind == Lock) {
         m_world.states.locked[port] = m_random.bounded(3) == 0;
         m_scene.setCabinetLocked(port, m_world.states.locked[port]);
+        m_world.states.redundancy[port] = m_random.bounded(4) ? CabinetLayout::CabinetPort::NoRedundancy
+                                                              : CabinetLayout::CabinetPort::Redundant;
+        m_scene.onNotifyProcessorStateChanged();
         return;
     }
     m_scene.onNotifyCabinetColorChanged(port, QColor::fromHsv(m_random.bounded(360), 200, 200));

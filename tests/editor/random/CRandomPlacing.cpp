@@ -94,7 +94,7 @@ bool CRandomPlacing::paste()
         m_world.copied = CReferenceModel(); // the copy is given up
         m_world.cache = PasteCache();
     }
-    if (port < 0 || m_world.states.isPortLocked(port) || m_world.copied.isEmpty())
+    if (port < 0 || m_world.isClosed(port) || m_world.copied.isEmpty())
         return false;
     m_expected.paste(m_world.copied, port, QPoint(qRound(place.x()), qRound(place.y())));
     return true;
@@ -137,7 +137,7 @@ bool CRandomPlacing::append()
         return false;
     CCabinetGraphicsScene &scene = m_world.scene;
     scene.beginAppend(type, port, size);
-    if (port == PortCount || m_world.states.isPortLocked(port))
+    if (port == PortCount || m_world.isClosed(port))
         return false; // the run looks whether anything waits
     send(QEvent::GraphicsSceneMouseMove, cursor, Qt::NoButton);
     send(QEvent::GraphicsSceneMousePress, press, Qt::LeftButton);

@@ -57,6 +57,7 @@ CabinetLayout CRandomWorld::comparable() const
     for (auto &port : layout.ports) {
         port.locked = false;
         port.color = QColor();
+        port.redundancy = CabinetLayout::CabinetPort::NoRedundancy;
         if (!m_scene.highlightedCabinets().isEmpty())
             forgetHighlights(port.groups);
     }
@@ -150,7 +151,9 @@ QString CRandomWorld::checkHighlights()
 /// Gives whether each step selects what was selected before or after it.
 bool CRandomWorld::stepHistory(QRandomGenerator &random)
 {
-    const QHash<int, bool> locked = m_world.states.locked;
+    const auto locked = m_world.states.locked;
+    const auto redundancy = m_world.states.redundancy;
+    m_world.states.redundancy.clear();
     m_world.states.locked.clear(); // refusals show a box and are tested elsewhere
     bool selects = true;
     for (int i = 1 + random.bounded(4); i > 0; --i) {
@@ -169,6 +172,7 @@ bool CRandomWorld::stepHistory(QRandomGenerator &random)
         m_world.highlighted = highlighted(); // an item may have been away meanwhile
     }
     m_world.states.locked = locked;
+    m_world.states.redundancy = redundancy;
     return selects;
 }
 
@@ -233,6 +237,7 @@ QString CRandomWorld::check(int indexBefore, bool edited, const CReferenceModel 
 QString CRandomWorld::checkHistory()
 {
     m_world.states.locked.clear();
+    m_world.states.redundancy.clear();
     const auto comparesAt = [this](int index) { return m_history.at(index) == comparable(); };
     while (m_scene.undoStack()->canUndo()) {
         m_scene.undo(nullptr);

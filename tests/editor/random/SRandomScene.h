@@ -27,6 +27,12 @@ struct SRandomScene
         scene.getLayoutData(layout, data.processor);
         return layout;
     }
+    /// Whether nothing new may come into a port.
+    bool isClosed(int port) const
+    {
+        return states.isPortLocked(port) ||
+               states.portRedundancy(port) == CabinetLayout::CabinetPort::Redundant;
+    }
     QSet<QUuid> selected() const
     {
         const QVector<QUuid> uuids = scene.selection().uuids();
