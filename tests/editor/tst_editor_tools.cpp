@@ -133,7 +133,12 @@ private Q_SLOTS:
             QCOMPARE(cursor().pixmap().toImage(), expected);
             QCOMPARE(cursor().hotSpot(), QPoint(expected.width() / 2, expected.height() / 2));
         }
-        bar().chooseMode(Bar::Arrow); // another tool puts it down
+        QWidget *viewport = m_mouse->view().viewport();
+        QTest::mousePress(viewport, Qt::MiddleButton);
+        QCOMPARE(cursor().shape(), Qt::ClosedHandCursor);
+        QTest::mouseRelease(viewport, Qt::MiddleButton);
+        QTEST(int(cursor().shape()), "shape"); // the tool is still in use
+        bar().chooseMode(Bar::Arrow);          // another tool puts it down
         QCOMPARE(cursor().shape(), Qt::ArrowCursor);
     }
 

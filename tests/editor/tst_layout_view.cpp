@@ -95,6 +95,61 @@ private Q_SLOTS:
         QVERIFY(bar.tool(Bar::Pen)->isChecked());
     }
 
+    void toolsAreToggledByTheirNumbers()
+    {
+        CLayoutGraphicsView &view = m_mouse->view();
+        Bar &bar = view.toolBar();
+        view.onToolButtonToggled(Bar::Pen, true);
+        QVERIFY(bar.tool(Bar::Pen)->isChecked());
+        QVERIFY(m_mouse->scene().isToolModeSet(IEditorScene::ManualWiring));
+        for (const int id : {-1, int(Bar::Undo), int(Bar::ToolCount)}) {
+            view.onToolButtonToggled(id, true); // not a mode
+            QVERIFY(bar.tool(Bar::Pen)->isChecked());
+        }
+        view.onToolButtonToggled(Bar::Pen, false);
+        QVERIFY(bar.tool(Bar::Arrow)->isChecked());
+        QVERIFY(!m_mouse->scene().isToolModeSet(IEditorScene::ManualWiring));
+    }
+
+    void appendsOnlyWhatCanBePlaced_data()
+    {
+        QTest::addColumn<int>("port");
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<bool>("begins");
+        QTest::newRow("smallest") << 2 << QSize(1, 1) << true;
+        QTest::newRow("largest") << 2 << QSize(2048, 2048) << true;
+        QTest::newRow("too wide") << 2 << QSize(2049, 100) << false;
+        QTest::newRow("too high") << 2 << QSize(100, 2049) << false;
+        QTest::newRow("no size") << 2 << QSize(0, 100) << false;
+        QTest::newRow("no port") << -1 << QSize(100, 100) << false;
+        QTest::newRow("port that is not there") << 9 << QSize(100, 100) << false;
+        QTest::newRow("locked port") << 0 << QSize(100, 100) << false;
+        QTest::newRow("redundancy port") << 1 << QSize(100, 100) << false;
+    }
+    void appendsOnlyWhatCanBePlaced()
+    {
+        QFETCH(int, port);
+        QFETCH(QSize, size);
+        m_mouse->states().locked[0] = true;
+        m_mouse->states().redundancy[1] = CabinetLayout::CabinetPort::Redundant;
+        m_mouse->view().onNotifyAppendCabinet({}, port, size);
+        QTEST(m_mouse->scene().isAppending(), "begins");
+    }
+
+    void aRedundancyProcessorIsLookedAtOnly()
+    {
+        CLayoutGraphicsView &view = m_mouse->view();
+        m_mouse->scene().selectPort(0, true);
+        view.onCurrentProcessorBackupChanged(true);
+        QVERIFY(!view.isInteractive() && view.toolBar().isHidden());
+        QTest::keyClick(&view, Qt::Key_Delete);
+        QCOMPARE(m_mouse->layout(), m_mouse->original());
+        view.onCurrentProcessorBackupChanged(false);
+        QVERIFY(view.isInteractive() && !view.toolBar().isHidden());
+        QTest::keyClick(&view, Qt::Key_Delete);
+        QCOMPARE(m_mouse->stack().undoText(), QStringLiteral("Delete"));
+    }
+
 private:
     static QSet<QUuid> uuidsOf(const QList<Cabinet> &cabinets)
     {

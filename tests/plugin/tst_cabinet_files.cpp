@@ -93,6 +93,8 @@ private Q_SLOTS:
         QTEST(user.texts(), "told");
         for (const CMessageBoxAnswerer::SBox &box : user.boxes())
             QCOMPARE(box.title, QStringLiteral("Orvo"));
+        QCOMPARE(m_world->store.mappingFolder() == QFileInfo(folder.path()).absoluteFilePath(),
+                 !written.isEmpty()); // the next dialog opens there
         QCOMPARE(callsOf(readback), written.isEmpty()
                                         ? QStringList()
                                         : QStringList{callText(readback, folder.filePath(written))});

@@ -29,6 +29,16 @@ QStringList textsOf(const QMenu &menu)
     return texts;
 }
 
+void chooseFirstType(CCabinetTypeSetting &dialog)
+{
+    QMenu *menu = dialog.findChild<QPushButton *>()->menu();
+    if (!menu)
+        menu = dialog.findChild<QMenu *>();
+    QVERIFY(menu);
+    Q_EMIT menu->aboutToShow();
+    menu->actions().first()->trigger();
+}
+
 } // namespace
 
 class CEditorCommandsTest final : public CTestBase
@@ -133,12 +143,7 @@ private Q_SLOTS:
         }
         m_world->store.setPortLocked(0, false);
         inNext<CCabinetTypeSetting>([](CCabinetTypeSetting &dialog) {
-            QMenu *menu = dialog.findChild<QPushButton *>()->menu();
-            if (!menu)
-                menu = dialog.findChild<QMenu *>();
-            QVERIFY(menu);
-            Q_EMIT menu->aboutToShow();
-            menu->actions().first()->trigger();
+            chooseFirstType(dialog);
             dialog.accept();
         });
         m_world->commands.chooseType(nullptr);
@@ -170,6 +175,43 @@ private Q_SLOTS:
         QVERIFY(!m_world->store.port(0).color.isValid() && !m_world->store.port(1).color.isValid());
     }
 
+    void whatWasChosenForAnotherProcessorIsDropped_data()
+    {
+        QTest::addColumn<bool>("type");
+        QTest::newRow("fill") << false;
+        QTest::newRow("type") << true;
+    }
+    void whatWasChosenForAnotherProcessorIsDropped()
+    {
+        QFETCH(bool, type);
+        const QUuid before = m_world->store.currentProcessor();
+        const auto leave = [this] { m_world->open(2, 3); };
+        const CMessageBoxAnswerer user({QStringLiteral("OK")});
+        if (type) {
+            m_world->scene().selectPort(0, true);
+            inNext<CCabinetTypeSetting>([&leave](CCabinetTypeSetting &dialog) {
+                chooseFirstType(dialog);
+                leave();
+                dialog.accept();
+            });
+            m_world->commands.chooseType(nullptr);
+        } else {
+            inNext<CCabinetFillSetting>([&leave](CCabinetFillSetting &dialog) {
+                for (QSpinBox *box : dialog.findChildren<QSpinBox *>())
+                    box->setValue(10);
+                leave();
+                dialog.accept();
+            });
+            m_world->commands.fillCurrentPort(nullptr);
+        }
+        QVERIFY(m_world->store.currentProcessor() != before);
+        QCOMPARE(user.texts(), QStringList{QStringLiteral("Set failed.")});
+        QCOMPARE(user.boxes().first().details, QStringLiteral("The processor is no longer in view."));
+        QVERIFY(!m_world->store.port(1).color.isValid());
+        QVERIFY(m_world->store.recentCabinets().types().isEmpty());
+        QCOMPARE(m_world->scene().undoStack()->count(), 0);
+    }
+
     void customCabinetsAreMarkedAndNothingElse()
     {
         SLayoutOptions expected;
@@ -186,7 +228,13 @@ private Q_SLOTS:
     void onlyProcessorsThatAnswerAreReadBack()
     {
         QCOMPARE(m_world->commands.readbackRefusal(), QString());
-        m_world->host.answers().nodes[0].online = false;
+        ProcessorTree::ProcessorNode &node = m_world->host.answers().nodes[0];
+        const quint32 address = node.address;
+        node.address = 0; // a project
+        QCOMPARE(m_world->commands.readbackRefusal(),
+                 QStringLiteral("A project has no cabinets that are connected."));
+        node.address = address;
+        node.online = false;
         QCOMPARE(m_world->commands.readbackRefusal(), QStringLiteral("The processor is offline."));
     }
 
