@@ -7,6 +7,7 @@
 #include "layout/editor/IEditorCommands.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/view/CCanvasKeys.h"
 #include "layout/editor/view/CEditorToolBar.h"
 #include "layout/editor/view/CPortStrip.h"
 #include "platform/widgets/view/CAerialView.h"
@@ -23,30 +24,6 @@ namespace {
 
 using Bar = CEditorToolBar;
 using Scene = CCabinetGraphicsScene;
-
-/// The keys of the commands that no button of another window takes.
-struct SCanvasKey
-{
-    QKeySequence key;
-    void (CCabinetGraphicsScene::*command)();
-};
-
-const QVector<SCanvasKey> &canvasKeys()
-{
-    static const QVector<SCanvasKey> keys = {
-        {Qt::Key_Up, &Scene::selectedItemMoveUp},
-        {Qt::Key_Down, &Scene::selectedItemMoveDown},
-        {Qt::Key_Left, &Scene::selectedItemMoveLeft},
-        {Qt::Key_Right, &Scene::selectedItemMoveRight},
-        {Qt::Key_Delete, &Scene::deleteSelected},
-        {QKeySequence(Qt::CTRL | Qt::Key_A), &Scene::selectAllItem},
-        {QKeySequence(Qt::CTRL | Qt::Key_X), &Scene::cutSelected},
-        {QKeySequence(Qt::CTRL | Qt::Key_C), &Scene::copySelected},
-        {QKeySequence(Qt::CTRL | Qt::Key_G), &Scene::groupSelected},
-        {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_G), &Scene::ungroupSelected},
-    };
-    return keys;
-}
 
 QCursor pictureCursor(const char *name)
 {
@@ -420,27 +397,12 @@ bool CLayoutGraphicsView::viewportEvent(QEvent *event)
 
 void CLayoutGraphicsView::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape) {
+    if (event->key() == Qt::Key_Escape)
         m_scene->leaveOperation();
-        return;
-    }
-    if (isBlocked()) {
+    else if (isBlocked())
         CGraphicsView::keyPressEvent(event);
-        return;
-    }
-    const QKeySequence pressed(event->key() | int(event->modifiers() & ~Qt::KeypadModifier));
-    const auto key = std::find_if(canvasKeys().begin(), canvasKeys().end(),
-                                  [&pressed](const SCanvasKey &k) { return k.key == pressed; });
-    if (key != canvasKeys().end())
-        (m_scene->*key->command)();
-    else if (event->matches(QKeySequence::Undo))
-        m_scene->undo(this);
-    else if (event->matches(QKeySequence::Redo) || pressed == QKeySequence(Qt::CTRL | Qt::Key_Y))
-        m_scene->redo(this);
-    else if (event->matches(QKeySequence::Paste))
-        m_scene->pasteItems({}, this);
-    else if (pressed == QKeySequence(Qt::CTRL | Qt::Key_T))
+    else if (CCanvasKeys::isAppend(*event))
         openAppendMenu(QCursor::pos());
-    else
+    else if (!CCanvasKeys::carryOut(*event, *m_scene, this))
         CGraphicsView::keyPressEvent(event);
 }

@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+class CCabinetGraphicsScene;
+class QKeyEvent;
+class QWidget;
+
+/// The keys of the canvas. GUI thread.
+class CCanvasKeys final
+{
+public:
+    /// Carries out the edit of @p scene that the key stands for; messages appear over @p parent. False for a
+    /// key without one.
+    static bool carryOut(const QKeyEvent &event, CCabinetGraphicsScene &scene, QWidget *parent);
+    /// Whether the key opens the menu that appends cabinets.
+    static bool isAppend(const QKeyEvent &event);
+};
