@@ -271,8 +271,8 @@ private Q_SLOTS:
         QTest::addColumn<QList<QKeySequence>>("keys");
         QTest::addColumn<QString>("picture");
         const QString one = QStringLiteral("one");
-        const auto row = [&one](const char *text, const QList<QKeySequence> &keys, const char *picture,
-                                const QString &clicked) {
+        const auto row = [](const char *text, const QList<QKeySequence> &keys, const char *picture,
+                            const QString &clicked) {
             QTest::newRow(qPrintable(QLatin1String(text) + QLatin1Char(' ') + clicked))
                 << clicked << text << keys << picture;
         };
