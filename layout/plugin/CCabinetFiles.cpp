@@ -11,9 +11,18 @@
 #include <QFileDialog>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace {
 
 const QString ConfigSuffix = QStringLiteral(".rcvbp");
+
+/// The 9 of "Rental P1.9" belongs to the name.
+bool hasSuffix(const QString &file)
+{
+    const QString suffix = QFileInfo(file).suffix();
+    return std::any_of(suffix.begin(), suffix.end(), [](QChar c) { return c.isLetter(); });
+}
 
 } // namespace
 
@@ -29,7 +38,7 @@ QString CCabinetFiles::askForFile(const QString &title, const QString &filter, c
     QString file = dialog.selectedFiles().value(0);
     if (file.isEmpty())
         return {};
-    if (QFileInfo(file).suffix().isEmpty())
+    if (!hasSuffix(file))
         file += ConfigSuffix;
     const QString question = tr("The file already exists in the current path. Do you want to overwrite it?");
     if (QFileInfo::exists(file) && CMessageBox::question(m_parent, question) != 0)

@@ -54,6 +54,9 @@ private Q_SLOTS:
                                 << "" << words("OK") << "a.rcvbp" << QStringList{exported};
         QTest::newRow("export without a suffix") << false << "a"
                                                  << "" << words("OK") << "a.rcvbp" << QStringList{exported};
+        QTest::newRow("export of a name with a point")
+            << false << "Rental P1.9"
+            << "" << words("OK") << "Rental P1.9.rcvbp" << QStringList{exported};
         QTest::newRow("export over a file")
             << false << "a.rcvbp"
             << "a.rcvbp" << words("Yes|OK") << "a.rcvbp" << QStringList{overwrite, exported};
