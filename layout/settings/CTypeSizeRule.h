@@ -21,10 +21,4 @@ public:
 
     /// Whether a cabinet can have the type's size; if not, the user is told why.
     static bool check(const RcvTypeInfo &type, QWidget *messageParent);
-    /// The same for a type from the list of recent ones, whose message names the limits of custom cabinets.
-    static bool checkRecent(const RcvTypeInfo &type, QWidget *messageParent);
-
-private:
-    static bool isUsable(const RcvTypeInfo &type);
-    static void refuse(const RcvTypeInfo &type, const QString &text, QWidget *messageParent);
 };
