@@ -5,13 +5,13 @@
 #include "host/devices/simulated/CProcessorKinds.h"
 #include "host/library/CTypeLibrary.h"
 #include "layout/geometry/CSnakeOrder.h"
+#include "platform/widgets/input/CClampedSpinBox.h"
 
 #include <QComboBox>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSpinBox>
 #include <QVBoxLayout>
 
 namespace {
@@ -92,7 +92,7 @@ void CNewProjectDialog::buildWallRows(QFormLayout &form)
 QSpinBox *CNewProjectDialog::addNumber(QFormLayout &form, const QString &label, const char *objectName,
                                        int minimum, int maximum, int value)
 {
-    auto *box = new QSpinBox;
+    auto *box = new CSpinBox;
     box->setObjectName(QLatin1String(objectName));
     box->setRange(minimum, maximum);
     box->setValue(value);

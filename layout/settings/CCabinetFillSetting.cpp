@@ -4,13 +4,13 @@
 
 #include "platform/widgets/color/CColorSVPanel.h"
 #include "platform/widgets/color/CColorSlider.h"
+#include "platform/widgets/input/CClampedSpinBox.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalBlocker>
-#include <QSpinBox>
 #include <QVBoxLayout>
 
 namespace {
@@ -95,7 +95,7 @@ void CCabinetFillSetting::buildChannelRow(QGridLayout &grid)
 
 QSpinBox *CCabinetFillSetting::createNumber(const QString &name, int maximum) const
 {
-    auto *box = new QSpinBox;
+    auto *box = new CSpinBox;
     box->setRange(0, maximum);
     box->setFixedWidth(FillNumberWidth);
     box->setButtonSymbols(QAbstractSpinBox::NoButtons); // three digits would not fit beside them

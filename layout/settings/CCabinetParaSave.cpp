@@ -6,9 +6,9 @@
 #include "layout/plugin/ILayoutInterfaceHandler.h"
 #include "layout/settings/TypeMenu.h"
 #include "platform/widgets/CMessageBox.h"
+#include "platform/widgets/input/CClampedSpinBox.h"
 
 #include <QComboBox>
-#include <QDoubleSpinBox>
 #include <QFormLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -25,7 +25,7 @@ CCabinetParaSave::CCabinetParaSave(const Cabinets &cabinets, const Nodes &librar
     : CDialog(tr("Save parameters"), QDialogButtonBox::Save | QDialogButtonBox::Cancel, parent)
     , m_cabinets(cabinets)
     , m_type(new QComboBox)
-    , m_gamma(new QDoubleSpinBox)
+    , m_gamma(new CDoubleSpinBox)
     , m_note(new QLabel(tr("With a custom gamma table, the gamma value cannot be set.")))
 {
     buildUi(library);

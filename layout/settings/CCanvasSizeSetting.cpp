@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/settings/CCanvasSizeSetting.h"
 
+#include "platform/widgets/input/CClampedSpinBox.h"
+
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QSpinBox>
 #include <QStandardItemModel>
 #include <QVBoxLayout>
 
@@ -28,8 +29,8 @@ CCanvasSizeSetting::CCanvasSizeSetting(const SCanvasLimits &limits, const QSize 
     : CDialog(tr("Canvas size settings"), QDialogButtonBox::Ok | QDialogButtonBox::Cancel, parent)
     , m_limits(limits)
     , m_presets(new QComboBox)
-    , m_width(new QSpinBox)
-    , m_height(new QSpinBox)
+    , m_width(new CSpinBox)
+    , m_height(new CSpinBox)
     , m_hint(new QLabel)
 {
     buildUi();

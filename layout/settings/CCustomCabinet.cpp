@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/settings/CCustomCabinet.h"
 
+#include "platform/widgets/input/CClampedSpinBox.h"
+
 #include <QFormLayout>
-#include <QSpinBox>
 #include <QVBoxLayout>
 
 namespace {
@@ -12,7 +13,7 @@ constexpr QSize CustomCabinetDialogSize(208, 151);
 
 QSpinBox *customSideBox(int pixels)
 {
-    auto *box = new QSpinBox;
+    auto *box = new CSpinBox;
     box->setRange(8, 2048);
     box->setValue(pixels);
     box->setFixedWidth(140);

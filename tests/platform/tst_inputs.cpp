@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/widgets/CTheme.h"
+#include "platform/widgets/input/CClampedSpinBox.h"
 #include "platform/widgets/input/CSliderSpinBox.h"
 #include "tests/harness/CTestBase.h"
 
 #include <QApplication>
 #include <QLineEdit>
 #include <QSlider>
-#include <QSpinBox>
 
 class CInputsTest final : public CTestBase
 {
@@ -60,6 +60,46 @@ private Q_SLOTS:
         const int margins = 4; // what a line edit keeps free beside its text
         const int needed = edit->fontMetrics().horizontalAdvance(edit->text()) + margins;
         QVERIFY2(edit->width() >= needed, qPrintable(QString::number(edit->width() - needed)));
+    }
+
+    void whatIsTypedBeyondTheRangeEndsAtItsLimit_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<int>("meanwhile");
+        QTest::addColumn<QString>("shown");
+        QTest::newRow("within") << "2000" << 2000 << "2000 px";
+        QTest::newRow("too large") << "4000" << 2048 << "2048 px";
+        QTest::newRow("larger than any number") << "99999999999" << 2048 << "2048 px";
+        QTest::newRow("too small") << "7" << 100 << "8 px"; // a second digit may follow
+        QTest::newRow("no digit") << "x-" << 100 << "100 px";
+    }
+    void whatIsTypedBeyondTheRangeEndsAtItsLimit()
+    {
+        QFETCH(QString, typed);
+        QFETCH(int, meanwhile);
+        CSpinBox box;
+        box.setRange(8, 2048);
+        box.setSuffix(QStringLiteral(" px"));
+        box.setValue(100);
+        box.selectAll();
+        QTest::keyClicks(&box, typed);
+        QCOMPARE(box.value(), meanwhile);
+        QTest::keyClick(&box, Qt::Key_Return);
+        QTEST(box.text(), "shown");
+        QCOMPARE(box.value(), box.cleanText().toInt());
+    }
+
+    void aNumberBeyondTheRangeCanBeCorrected()
+    {
+        CDoubleSpinBox box;
+        box.setDecimals(1);
+        box.setRange(1, 4);
+        box.selectAll();
+        QTest::keyClicks(&box, QStringLiteral("22"));
+        QCOMPARE(box.value(), 4.0);
+        QTest::keyClick(&box, Qt::Key_Backspace);
+        QTest::keyClicks(&box, QStringLiteral(".5"));
+        QCOMPARE(box.value(), 2.5);
     }
 };
 

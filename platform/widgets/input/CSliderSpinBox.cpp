@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/widgets/input/CSliderSpinBox.h"
 
+#include "platform/widgets/input/CClampedSpinBox.h"
+
 #include <QHBoxLayout>
 #include <QSlider>
-#include <QSpinBox>
 
 namespace {
 constexpr int SliderSpinBoxMaximum = 100;
@@ -14,7 +15,7 @@ constexpr int RoomForArrowButtons = 60; // pixels: the buttons and three digits 
 CSliderSpinBox::CSliderSpinBox(int sliderWidth, int spinBoxWidth, QWidget *parent)
     : QWidget(parent)
     , m_slider(new QSlider(Qt::Horizontal))
-    , m_spinBox(new QSpinBox)
+    , m_spinBox(new CSpinBox)
 {
     buildUi(sliderWidth, spinBoxWidth);
     connectSignals();

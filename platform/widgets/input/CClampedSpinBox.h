@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QDoubleSpinBox>
+#include <QSpinBox>
+
+#include <limits>
+
+/// A spin box that takes a typed number beyond its range as the nearest limit, and shows that limit when the
+/// input ends. Qt's own swallow the digit that leads beyond the maximum, so that 4000 becomes 400, and go
+/// back to the value before when the number is too small.
+template <typename SpinBox>
+class CClampedSpinBox final : public SpinBox
+{
+public:
+    using SpinBox::SpinBox;
+
+protected:
+    using Number = decltype(std::declval<SpinBox>().value());
+
+    QValidator::State validate(QString &text, int &position) const override
+    {
+        const QValidator::State state = SpinBox::validate(text, position);
+        return state == QValidator::Invalid && isAboveRange(text) ? QValidator::Acceptable : state;
+    }
+
+    Number valueFromText(const QString &text) const override
+    {
+        return isAboveRange(text) ? this->maximum() : SpinBox::valueFromText(text);
+    }
+
+    /// More digits may follow a number that is too small, so it is not taken before the input ends.
+    void fixup(QString &text) const override
+    {
+        SpinBox::fixup(text);
+        if (numberIn(text) < this->minimum())
+            text = this->prefix() + this->textFromValue(this->minimum()) + this->suffix();
+    }
+
+private:
+    bool isAboveRange(const QString &text) const { return numberIn(text) > this->maximum(); }
+
+    /// Not a number, and so neither above nor below anything, where @p text is none.
+    double numberIn(QString text) const
+    {
+        if (text.startsWith(this->prefix()))
+            text.remove(0, this->prefix().size());
+        if (text.endsWith(this->suffix()))
+            text.chop(this->suffix().size());
+        bool isNumber = false;
+        const double number = this->locale().toDouble(text.trimmed(), &isNumber);
+        return isNumber ? number : std::numeric_limits<double>::quiet_NaN();
+    }
+};
+
+using CSpinBox = CClampedSpinBox<QSpinBox>;
+using CDoubleSpinBox = CClampedSpinBox<QDoubleSpinBox>;
