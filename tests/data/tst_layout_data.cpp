@@ -55,10 +55,20 @@ struct SStoreScene final
         editor.load(store.openProcessor(processor));
         QTRY_VERIFY(told.count() > 0); // the worker has asked for the loads
     }
-    CFakeHandler &answers() { return host.answers(); }
+    CFakeAnswers answers() { return host.answers(); }
+    /// The host's port @p backup carries the cabinets of @p primary.
+    void makeRedundant(int primary, int backup)
+    {
+        const auto locked = answers();
+        QVector<Port> &ports = locked->layouts[a].layout.ports;
+        ports[primary].redundancy = Port::Primary;
+        ports[primary].redundancyPort = backup;
+        ports[backup].redundancy = Port::Redundant;
+        ports[backup].redundancyPort = primary;
+    }
     QStringList handOverCalls()
     {
-        return answers().calls().filter(QRegularExpression(
+        return answers()->calls().filter(QRegularExpression(
             QStringLiteral("^(commitLayoutData|layoutFollowUpNeeded|applyLayoutFollowUp)")));
     }
     QString commitOf(const QUuid &processor) const
@@ -98,17 +108,17 @@ private Q_SLOTS:
         SLayoutOptions options;
         options.followUp = optionOn;
         scene.store.setOptions(options);
-        scene.answers().followUpNeeded = needed;
+        scene.answers()->followUpNeeded = needed;
         scene.editor.move(1);
-        scene.answers().forgetCalls();
+        scene.answers()->forgetCalls();
 
         scene.store.syncLayoutData(true);
-        QVERIFY(scene.answers().threadOf(QStringLiteral("commitLayoutData")) == std::this_thread::get_id());
+        QVERIFY(scene.answers()->threadOf(QStringLiteral("commitLayoutData")) == std::this_thread::get_id());
         QTRY_COMPARE(scene.handOverCalls(), QStringList{scene.commitOf(scene.a)} + later);
-        QCOMPARE(scene.answers().layouts[scene.a].layout, scene.editor.shown);
-        QCOMPARE(scene.answers().layouts[scene.a].bounds, scene.editor.shown.boundingRect());
+        QCOMPARE(scene.answers()->layouts[scene.a].layout, scene.editor.shown);
+        QCOMPARE(scene.answers()->layouts[scene.a].bounds, scene.editor.shown.boundingRect());
         if (optionOn)
-            QCOMPARE(scene.answers().threadOf(QStringLiteral("applyLayoutFollowUp")) !=
+            QCOMPARE(scene.answers()->threadOf(QStringLiteral("applyLayoutFollowUp")) !=
                          std::this_thread::get_id(),
                      byWorker);
     }
@@ -116,7 +126,7 @@ private Q_SLOTS:
     void handsOverLaterTheLastLayoutOnly()
     {
         SStoreScene scene;
-        scene.answers().forgetCalls();
+        scene.answers()->forgetCalls();
         for (int i = 0; i < 5; ++i) {
             scene.editor.move(0);
             scene.store.syncLayoutData(false);
@@ -124,14 +134,14 @@ private Q_SLOTS:
         QCOMPARE(scene.handOverCalls(), QStringList());
         const QStringList expected{scene.commitOf(scene.a), FollowUp};
         QTRY_COMPARE(scene.handOverCalls(), expected);
-        QVERIFY(scene.answers().threadOf(QStringLiteral("commitLayoutData")) != std::this_thread::get_id());
-        QCOMPARE(scene.answers().layoutData(scene.a).layout, scene.editor.shown);
+        QVERIFY(scene.answers()->threadOf(QStringLiteral("commitLayoutData")) != std::this_thread::get_id());
+        QCOMPARE(scene.answers()->layoutData(scene.a).layout, scene.editor.shown);
     }
 
     void atOnceTakesThePlaceOfWhatIsDeferred()
     {
         SStoreScene scene;
-        scene.answers().forgetCalls();
+        scene.answers()->forgetCalls();
         scene.editor.move(0);
         scene.store.syncLayoutData(false);
         scene.editor.move(0);
@@ -148,7 +158,7 @@ private Q_SLOTS:
         scene.store.syncLayoutData(false);
         const CabinetLayout edited = scene.editor.shown;
         scene.show(scene.b);
-        QCOMPARE(scene.answers().layoutData(scene.a).layout, edited);
+        QCOMPARE(scene.answers()->layoutData(scene.a).layout, edited);
         QCOMPARE(scene.store.layoutData().processor, scene.b);
         scene.show(scene.a);
         QCOMPARE(scene.editor.shown, edited);
@@ -160,7 +170,7 @@ private Q_SLOTS:
         scene.editor.move(2);
         scene.store.syncLayoutData(false);
         scene.store.stop();
-        QCOMPARE(scene.answers().layouts[scene.a].layout, scene.editor.shown);
+        QCOMPARE(scene.answers()->layouts[scene.a].layout, scene.editor.shown);
         scene.store.stop();
     }
 
@@ -170,28 +180,28 @@ private Q_SLOTS:
         scene.editor.move(0);
         scene.store.syncLayoutData(false);
         CSignalLog replaced(&scene.store, &CLayoutData::notifyLayoutReplaced);
-        LayoutData imported = scene.answers().layoutData(scene.a);
+        LayoutData imported = scene.answers()->layoutData(scene.a);
         imported.layout.ports[3].groups.clear();
-        scene.answers().commitLayoutData(imported);
+        scene.answers()->commitLayoutData(imported);
         scene.host.notify(LayoutNotification::LayoutReplaced, scene.a);
         scene.editor.move(1); // the editor still shows the layout before
         scene.store.syncLayoutData(true);
         QTest::qWait(300);
-        QCOMPARE(scene.answers().layoutData(scene.a), imported);
+        QCOMPARE(scene.answers()->layoutData(scene.a), imported);
         QTRY_COMPARE(replaced.count(), 1);
 
         scene.editor.load(scene.store.openProcessor(scene.a));
         QCOMPARE(scene.editor.shown, imported.layout);
         scene.editor.move(1);
         scene.store.syncLayoutData(true);
-        QCOMPARE(scene.answers().layoutData(scene.a).layout, scene.editor.shown);
+        QCOMPARE(scene.answers()->layoutData(scene.a).layout, scene.editor.shown);
     }
 
     void aBackupChangeKeepsPendingEdits()
     {
         SStoreScene scene;
         scene.store.setPortLocked(1, true);
-        scene.answers().layouts[scene.a].layout.ports[0].redundancy = Port::Primary;
+        scene.answers()->layouts[scene.a].layout.ports[0].redundancy = Port::Primary;
         scene.host.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{0, 3, true});
         QVERIFY(scene.store.isPortLocked(1));
         QCOMPARE(scene.store.portRedundancy(0), Port::Primary);
@@ -200,9 +210,9 @@ private Q_SLOTS:
     void asksForTheLoadsOfChangedPortsOnly()
     {
         SStoreScene scene;
-        QCOMPARE(scene.answers().count(QStringLiteral("portLoad")), 4);
-        scene.answers().forgetCalls();
-        scene.answers().loads[2] = 90;
+        QCOMPARE(scene.answers()->count(QStringLiteral("portLoad")), 4);
+        scene.answers()->forgetCalls();
+        scene.answers()->loads[2] = 90;
         CSignalLog port(&scene.store, &CLayoutData::notifyProcessorPortPayloadChanged);
         CSignalLog processor(&scene.store, &CLayoutData::notifyProcessorPayloadChanged);
         scene.editor.move(2);
@@ -211,20 +221,16 @@ private Q_SLOTS:
         QCOMPARE(processor[0], QVariantList{23});
         QCOMPARE(port.count(), 1);
         QCOMPARE(port[0], (QVariantList{2, 90}));
-        QCOMPARE(scene.answers().calls().filter(QStringLiteral("portLoad")),
+        QCOMPARE(scene.answers()->calls().filter(QStringLiteral("portLoad")),
                  QStringList{QStringLiteral("portLoad(2,2)")});
     }
 
     void aRedundancyPortCarriesThePrimarysLoad()
     {
         SStoreScene scene;
-        QVector<Port> &ports = scene.answers().layouts[scene.a].layout.ports;
-        ports[1].redundancy = Port::Primary;
-        ports[1].redundancyPort = 3;
-        ports[3].redundancy = Port::Redundant;
-        ports[3].redundancyPort = 1;
+        scene.makeRedundant(1, 3);
         scene.show(scene.a);
-        scene.answers().loads = {{1, 70}, {3, 5}};
+        scene.answers()->loads = {{1, 70}, {3, 5}};
         CSignalLog port(&scene.store, &CLayoutData::notifyProcessorPortPayloadChanged);
         CSignalLog processor(&scene.store, &CLayoutData::notifyProcessorPayloadChanged);
         processor.clear();
@@ -263,7 +269,7 @@ private Q_SLOTS:
         QVERIFY(scene.store.isPortLocked(0));
         QVERIFY(scene.store.portColor(1).isValid());
         scene.store.syncLayoutData(true);
-        const CabinetLayout handedOver = scene.answers().layouts[scene.a].layout;
+        const CabinetLayout handedOver = scene.answers()->layouts[scene.a].layout;
         QVERIFY(handedOver.ports[3].locked);
         QCOMPARE(handedOver.ports[0].color, QColor(Qt::red));
     }
@@ -281,8 +287,8 @@ private Q_SLOTS:
         connect(&scene.store, &CLayoutData::notifyProcessorPortPayloadChanged, this, useStore,
                 Qt::DirectConnection);
         connect(&scene.store, &CLayoutData::notifyCancelCalibrate, this, useStore);
-        scene.answers().onCalled = [&scene](const QString &) { scene.store.setCurrentPort(2); };
-        scene.answers().loads[0] = 12;
+        scene.answers()->onCalled = [&scene](const QString &) { scene.store.setCurrentPort(2); };
+        scene.answers()->loads[0] = 12;
         scene.store.setPortLocked(0, true);
         scene.store.setOptions({true, true, true});
         scene.store.updatePortLoad(0, true);
@@ -295,8 +301,8 @@ private Q_SLOTS:
     {
         SStoreScene scene;
         CProcessorStates states;
-        states.takeFromHost(scene.a, scene.answers().layoutData(scene.a).layout.ports, false);
-        states.takeFromHost(scene.b, scene.answers().layoutData(scene.b).layout.ports, false);
+        states.takeFromHost(scene.a, scene.answers()->layoutData(scene.a).layout.ports, false);
+        states.takeFromHost(scene.b, scene.answers()->layoutData(scene.b).layout.ports, false);
         states.setCurrent(scene.a);
         const auto question = states.loadQuestion(1);
         QVERIFY(question);
@@ -311,9 +317,9 @@ private Q_SLOTS:
     void endsTheHighlightOfItsPorts()
     {
         SStoreScene scene;
-        QVector<Port> &ports = scene.answers().layouts[scene.a].layout.ports;
-        for (Port &port : ports)
-            port.groups[0].cabinets[1].calibrationIndex = port.index;
+        for (int port = 0; port < 4; ++port)
+            scene.answers()->layouts[scene.a].layout.ports[port].groups[0].cabinets[1].calibrationIndex =
+                port;
         scene.show(scene.a);
         CSignalLog cancelled(&scene.store, &CLayoutData::notifyCancelCalibrate);
         const auto highlightOf = [&scene](int port) {

@@ -62,7 +62,7 @@ struct SDispatchScene final
         settle();
         controller.invoked.clear();
         threads.clear();
-        host.answers().forgetCalls();
+        host.answers()->forgetCalls();
     }
     ~SDispatchScene()
     {
@@ -123,7 +123,7 @@ struct SDispatchScene final
     {
         const std::lock_guard<std::mutex> lock(mutex);
         const std::thread::id id =
-            threads.contains(what) ? threads.value(what) : host.answers().threadOf(what);
+            threads.contains(what) ? threads.value(what) : host.answers()->threadOf(what);
         if (id == std::thread::id())
             return QStringLiteral("none");
         if (id == std::this_thread::get_id())
@@ -219,7 +219,7 @@ private Q_SLOTS:
             {LayoutNotification::PortLoadsChanged, SPortLoadChange{scene.a, 1}},
         };
         if (code == static_cast<int>(LayoutNotification::PortLoadsChanged))
-            scene.host.answers().loads[1] = 30;
+            scene.host.answers()->loads[1] = 30;
         const auto wanted = static_cast<LayoutNotification>(code);
         if (wanted == LayoutNotification::ProcessorRemoved)
             scene.host.choose(QUuid());
@@ -236,7 +236,7 @@ private Q_SLOTS:
     {
         SDispatchScene scene;
         scene.store.setCurrentPort(2);
-        scene.host.answers().layouts[scene.a].canvas = QSize(640, 480);
+        scene.host.answers()->layouts[scene.a].canvas = QSize(640, 480);
         CSignalLog canvas(&scene.store, &CLayoutData::notifyProcessorCanvasSizeChanged);
         scene.settle();
         QTRY_COMPARE(canvas.count(), 1);
@@ -251,11 +251,11 @@ private Q_SLOTS:
     {
         SDispatchScene scene;
         scene.store.setCurrentPort(1);
-        scene.host.answers().layouts[scene.a].layout.ports.clear();
+        scene.host.answers()->layouts[scene.a].layout.ports.clear();
         CSignalLog backup(&scene.store, &CLayoutData::notifyProcessorPortBackup);
         scene.host.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{0, 2, true});
         QVERIFY(scene.threads.value(QStringLiteral("backup")) == scene.host.updateThread());
-        QVERIFY(scene.host.answers().threadOf(QStringLiteral("layoutData")) == scene.host.updateThread());
+        QVERIFY(scene.host.answers()->threadOf(QStringLiteral("layoutData")) == scene.host.updateThread());
         QVERIFY(scene.store.ports().isEmpty());
         QCOMPARE(scene.store.currentPort(), -1);
         QTRY_COMPARE(backup.count(), 1);
@@ -265,8 +265,8 @@ private Q_SLOTS:
     void aChangedPortCountRefreshesPortsAndLoads()
     {
         SDispatchScene scene;
-        scene.host.answers().layouts[scene.a].layout.ports.removeLast();
-        scene.host.answers().loads = {{0, 10}, {1, 20}};
+        scene.host.answers()->layouts[scene.a].layout.ports.removeLast();
+        scene.host.answers()->loads = {{0, 10}, {1, 20}};
         QCOMPARE(scene.led(LayoutNotification::PortCountChanged).count(QStringLiteral("port load")), 2);
         QCOMPARE(scene.store.ports().size(), 2);
         QCOMPARE(scene.store.processorLoad(), 15);
@@ -276,7 +276,7 @@ private Q_SLOTS:
     {
         SDispatchScene scene;
         const QUuid b = scene.host.addProcessor(QStringLiteral("B"), 1);
-        scene.host.answers().layouts[b].canvas = QSize(640, 480);
+        scene.host.answers()->layouts[b].canvas = QSize(640, 480);
         scene.host.choose(b); // its notification is still to come
         scene.host.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{0, 2, true});
         QCOMPARE(scene.store.ports().size(), 3);
@@ -296,7 +296,7 @@ private Q_SLOTS:
         SDispatchScene scene;
         const QString cancel = QStringLiteral("cancel");
         QVERIFY(!scene.led(LayoutNotification::CurrentProcessorChanged, scene.a).contains(cancel));
-        scene.host.answers().layouts[scene.a].layout.ports[1].groups[0].cabinets[0].rank = -1;
+        scene.host.answers()->layouts[scene.a].layout.ports[1].groups[0].cabinets[0].rank = -1;
         QVERIFY(scene.led(LayoutNotification::CurrentProcessorChanged, scene.a).contains(cancel));
         QVERIFY(scene.threads.value(cancel) != std::this_thread::get_id());
         scene.host.choose(QUuid());
@@ -349,7 +349,7 @@ private Q_SLOTS:
     void aReplacedLayoutIsTakenOverOnTheUpdateThread()
     {
         SDispatchScene scene;
-        scene.host.answers().layouts[scene.a].layout.ports[0].groups.clear();
+        scene.host.answers()->layouts[scene.a].layout.ports[0].groups.clear();
         scene.host.notify(LayoutNotification::LayoutsReplaced, QList<QUuid>{scene.a});
         QCOMPARE(scene.store.port(0).cabinetCount(), 0);
         QVERIFY(scene.threads.value(QStringLiteral("replaced")) == scene.host.updateThread());
@@ -372,7 +372,7 @@ private Q_SLOTS:
         SSettings::TypeLibrary::STreeNode node;
         node.key = node.info.key = SMD5::ofContent("p2.6");
         node.info.name = QStringLiteral("P2.6");
-        scene.host.answers().library = {node};
+        scene.host.answers()->library = {node};
         scene.host.notify(LayoutNotification::TypeLibraryChanged);
         QCOMPARE(scene.store.getTypeInfo(node.key), node.info);
         QVERIFY(!scene.store.getTypeInfo(SMD5()).isValid());

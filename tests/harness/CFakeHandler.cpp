@@ -7,7 +7,7 @@
 
 QStringList CFakeHandler::calls() const
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const Lock lock(m_mutex);
     return m_calls;
 }
 
@@ -21,44 +21,58 @@ int CFakeHandler::count(const QString &name) const
 
 std::thread::id CFakeHandler::threadOf(const QString &name) const
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const Lock lock(m_mutex);
     return m_threads.value(name);
 }
 
 void CFakeHandler::forgetCalls()
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const Lock lock(m_mutex);
     m_calls.clear();
     m_threads.clear();
 }
 
-void CFakeHandler::note(const char *name, const QStringList &arguments) const
+CFakeHandler::Lock CFakeHandler::note(const char *name, const QStringList &arguments) const
 {
-    QString call = QString::fromLatin1(name);
-    const QString operation = call;
+    const QString operation = QString::fromLatin1(name);
+    QString call = operation;
     if (!arguments.isEmpty())
         call += QLatin1Char('(') + arguments.join(QLatin1Char(',')) + QLatin1Char(')');
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_calls << call;
-        m_threads[operation] = std::this_thread::get_id();
+    Lock lock(m_mutex);
+    m_calls << call;
+    m_threads[operation] = std::this_thread::get_id();
+    if (const auto told = onCalled) {
+        lock.unlock();
+        told(call);
+        lock.lock();
     }
-    if (onCalled)
-        onCalled(call);
+    return lock;
 }
 
 bool CFakeHandler::answer(const char *name, const QStringList &arguments) const
 {
-    note(name, arguments);
+    const auto lock = note(name, arguments);
     return !refused.contains(QString::fromLatin1(name));
 }
 
-void CFakeHandler::end(Done done)
+void CFakeHandler::end(Lock lock, Done done)
 {
-    if (answerLater)
-        waiting.push_back(std::move(done));
-    else
-        done(outcome);
+    if (answerLater) {
+        m_waiting.push_back(std::move(done));
+        return;
+    }
+    const SDeviceOutcome ended = outcome;
+    lock.unlock();
+    done(ended);
+}
+
+void CFakeHandler::endWaiting(const SDeviceOutcome &ended)
+{
+    Lock lock(m_mutex);
+    const Done done = m_waiting.front();
+    m_waiting.erase(m_waiting.begin());
+    lock.unlock();
+    done(ended);
 }
 
 QString CFakeHandler::text(const QUuid &uuid)

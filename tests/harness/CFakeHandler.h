@@ -11,8 +11,8 @@
 #include <mutex>
 #include <thread>
 
-/// A handler for tests: notes every call and gives the answers that the test has put into its members.
-/// Members are set while nobody calls.
+/// A handler for tests: notes every call and gives the answers that the test has put into its members. Any
+/// thread may call it at any time; a test gets at its members by CFakeHost::answers() only.
 class CFakeHandler final : public ILayoutInterfaceHandler
 {
 public:
@@ -52,8 +52,7 @@ public:
     LayoutData saved;                      ///< what saveMapping() was given
     SMappingOptions readOptions;           ///< what readMapping() was given
     ReadSaveMappingRole role{};            ///< of the last read or save
-    std::vector<Done> waiting;             ///< of reads and saves, when @ref answerLater
-    bool answerLater = false;              ///< reads and saves end when the test calls what waits
+    bool answerLater = false;              ///< reads and saves wait for CFakeHost::endWaiting()
     std::function<void(QString)> onCalled; ///< told each call's text, on the calling thread
 
     // What was called.
@@ -136,14 +135,40 @@ public:
     bool setProcessorOffset(const QUuid &processor, const QPoint &offset) override;
 
 private:
-    void note(const char *name, const QStringList &arguments = {}) const;
+    friend class CFakeAnswers;
+    friend class CFakeHost;
+    using Lock = std::unique_lock<std::recursive_mutex>;
+
+    /// Notes the call; the members are safe as long as the lock lives.
+    [[nodiscard]] Lock note(const char *name, const QStringList &arguments = {}) const;
     bool answer(const char *name, const QStringList &arguments = {}) const;
-    void end(Done done);
+    template <typename Value>
+    bool take(const char *name, Value &member, const Value &value);
+    void end(Lock lock, Done done);
+    void endWaiting(const SDeviceOutcome &ended);
     static QString text(const QUuid &uuid);
     static QString text(bool value);
     static QString text(int value);
 
-    mutable std::mutex m_mutex; // guards what was called, and the layouts
+    mutable std::recursive_mutex m_mutex; // guards all members; nobody is called back under it
     mutable QStringList m_calls;
     mutable QMap<QString, std::thread::id> m_threads;
+    std::vector<Done> m_waiting;
+};
+
+/// The members of a fake handler, which no other thread sees or changes as long as this lives: for one
+/// expression, answers()->current, or for a scope when it has a name. A range of a loop takes a name.
+class CFakeAnswers final
+{
+public:
+    explicit CFakeAnswers(CFakeHandler &handler)
+        : m_lock(handler.m_mutex)
+        , m_handler(handler)
+    {
+    }
+    CFakeHandler *operator->() const { return &m_handler; }
+
+private:
+    CFakeHandler::Lock m_lock;
+    CFakeHandler &m_handler;
 };

@@ -20,63 +20,61 @@ FakeNode nodeOf(const QList<FakeNode> &nodes, const QUuid &processor)
 
 QSize CFakeHandler::getCanvasSize() const
 {
-    note("getCanvasSize");
-    return layoutData(current).canvas;
+    const auto lock = note("getCanvasSize");
+    return layouts.value(current).canvas;
 }
 
 ProcessorTree::ProcessorNode CFakeHandler::getProcessorNode(const QUuid &processor) const
 {
-    note("getProcessorNode");
+    const auto lock = note("getProcessorNode");
     return nodeOf(nodes, processor);
 }
 
 int CFakeHandler::getDetectedProcessorCount() const
 {
-    note("getDetectedProcessorCount");
+    const auto lock = note("getDetectedProcessorCount");
     return detected;
 }
 
 bool CFakeHandler::layoutFollowUpNeeded() const
 {
-    note("layoutFollowUpNeeded");
+    const auto lock = note("layoutFollowUpNeeded");
     return followUpNeeded;
 }
 
 bool CFakeHandler::isFiberTransceiverMode(const QUuid &processor) const
 {
-    note("isFiberTransceiverMode");
+    const auto lock = note("isFiberTransceiverMode");
     return fiber.contains(processor);
 }
 
 ProcessorTree::ProcessorNode CFakeHandler::currentProcessorNode() const
 {
-    note("currentProcessorNode");
+    const auto lock = note("currentProcessorNode");
     return nodeOf(nodes, current);
 }
 
 QVector<CFakeHandler::Port> CFakeHandler::currentProcessorPorts() const
 {
-    note("currentProcessorPorts");
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const auto lock = note("currentProcessorPorts");
     return layouts.value(current).layout.ports;
 }
 
 LayoutData CFakeHandler::layoutData(const QUuid &processor) const
 {
-    note("layoutData");
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const auto lock = note("layoutData");
     return layouts.value(processor);
 }
 
 int CFakeHandler::preparatoryStep(const QUuid &processor) const
 {
-    note("preparatoryStep", {text(processor)});
+    const auto lock = note("preparatoryStep", {text(processor)});
     return preparation;
 }
 
 QList<ProcessorTree::ProcessorNode> CFakeHandler::selectedProcessors() const
 {
-    note("selectedProcessors");
+    const auto lock = note("selectedProcessors");
     QList<FakeNode> chosen;
     for (const QUuid &processor : selected)
         chosen << nodeOf(nodes, processor);
@@ -85,37 +83,37 @@ QList<ProcessorTree::ProcessorNode> CFakeHandler::selectedProcessors() const
 
 QString CFakeHandler::lastError() const
 {
-    note("lastError");
+    const auto lock = note("lastError");
     return error;
 }
 
 QList<ProcessorTree::ProcessorNode> CFakeHandler::processors() const
 {
-    note("processors");
+    const auto lock = note("processors");
     return nodes;
 }
 
 int CFakeHandler::outputPortCount(const QUuid &processor) const
 {
-    note("outputPortCount");
-    return layoutData(processor).layout.ports.size();
+    const auto lock = note("outputPortCount");
+    return layouts.value(processor).layout.ports.size();
 }
 
 int CFakeHandler::maximumPortCount(const QUuid &) const
 {
-    note("maximumPortCount");
+    const auto lock = note("maximumPortCount");
     return maximumPorts;
 }
 
 QList<QPair<QUuid, QUuid>> CFakeHandler::processorRedundancies() const
 {
-    note("processorRedundancies");
+    const auto lock = note("processorRedundancies");
     return redundancies;
 }
 
 ProcessorTree::ProcessorNode CFakeHandler::processorOfCabinet(const QUuid &cabinet) const
 {
-    note("processorOfCabinet");
+    const auto lock = note("processorOfCabinet");
     for (const LayoutData &data : layouts) {
         for (const Port &port : data.layout.ports) {
             const QVector<Port::Cabinet> cabinets = port.getAllCabinets();
@@ -130,103 +128,103 @@ ProcessorTree::ProcessorNode CFakeHandler::processorOfCabinet(const QUuid &cabin
 
 QVector<SSettings::TypeLibrary::STreeNode> CFakeHandler::typeLibrary() const
 {
-    note("typeLibrary");
+    const auto lock = note("typeLibrary");
     return library;
 }
 
 bool CFakeHandler::isPortRedundancyBlocked() const
 {
-    note("isPortRedundancyBlocked");
+    const auto lock = note("isPortRedundancyBlocked");
     return portRedundancyBlocked;
 }
 
 bool CFakeHandler::isPortRedundancySupported() const
 {
-    note("isPortRedundancySupported");
+    const auto lock = note("isPortRedundancySupported");
     return portRedundancySupported;
 }
 
 int CFakeHandler::portLoad(const Port &port, int index) const
 {
-    note("portLoad", {text(port.index), text(index)});
+    const auto lock = note("portLoad", {text(port.index), text(index)});
     return loads.value(index);
 }
 
 QList<SPortArea> CFakeHandler::portAreas() const
 {
-    note("portAreas");
+    const auto lock = note("portAreas");
     return areas;
 }
 
 int CFakeHandler::lowLatencyWidthLimit() const
 {
-    note("lowLatencyWidthLimit");
+    const auto lock = note("lowLatencyWidthLimit");
     return latencyWidth;
 }
 
 bool CFakeHandler::isThreeDEnabled() const
 {
-    note("isThreeDEnabled");
+    const auto lock = note("isThreeDEnabled");
     return threeD;
 }
 
 bool CFakeHandler::areProcessorsOnline(const QList<QUuid> &processors) const
 {
-    note("areProcessorsOnline");
+    const auto lock = note("areProcessorsOnline");
     return std::all_of(processors.begin(), processors.end(),
                        [this](const QUuid &processor) { return nodeOf(nodes, processor).online; });
 }
 
 bool CFakeHandler::areProcessorsBusy(const QList<QUuid> &) const
 {
-    note("areProcessorsBusy");
+    const auto lock = note("areProcessorsBusy");
     return busy;
 }
 
 bool CFakeHandler::areOnPrimaryPorts(const Cabinets &) const
 {
-    note("areOnPrimaryPorts");
+    const auto lock = note("areOnPrimaryPorts");
     return primaryPorts;
 }
 
 QList<SCurrentGain> CFakeHandler::currentGains() const
 {
-    note("currentGains");
+    const auto lock = note("currentGains");
     return gains;
 }
 
 SCanvasLimits CFakeHandler::canvasLimits() const
 {
-    note("canvasLimits");
+    const auto lock = note("canvasLimits");
     return limits;
 }
 
 CanvasBlock CFakeHandler::canvasBlock() const
 {
-    note("canvasBlock");
+    const auto lock = note("canvasBlock");
     return block;
 }
 
 int CFakeHandler::frameRate() const
 {
-    note("frameRate");
+    const auto lock = note("frameRate");
     return hertz;
 }
 
 int CFakeHandler::colorDepth() const
 {
-    note("colorDepth");
+    const auto lock = note("colorDepth");
     return bits;
 }
 
 SBackgroundInfo CFakeHandler::background(const QUuid &processor) const
 {
-    note("background");
+    const auto lock = note("background");
     return backgrounds.value(processor);
 }
 
 ProcessorBoundingRects CFakeHandler::processorBoundingRects(const QList<QUuid> &) const
 {
-    note("processorBoundingRects");
+    const auto lock = note("processorBoundingRects");
     return rects;
 }

@@ -5,20 +5,30 @@
 
 #include <QPoint>
 
+/// Answers, and takes @p value over where it accepts.
+template <typename Value>
+bool CFakeHandler::take(const char *name, Value &member, const Value &value)
+{
+    if (!answer(name))
+        return false;
+    const Lock lock(m_mutex);
+    member = value;
+    return true;
+}
+
 void CFakeHandler::showScreen(bool shown)
 {
-    note("showScreen", {text(shown)});
+    const auto lock = note("showScreen", {text(shown)});
 }
 
 void CFakeHandler::applyLayoutFollowUp(bool full)
 {
-    note("applyLayoutFollowUp", {text(full)});
+    const auto lock = note("applyLayoutFollowUp", {text(full)});
 }
 
 void CFakeHandler::commitLayoutData(const LayoutData &data)
 {
-    note("commitLayoutData", {text(data.processor)});
-    const std::lock_guard<std::mutex> lock(m_mutex);
+    const auto lock = note("commitLayoutData", {text(data.processor)});
     layouts[data.processor] = data;
 }
 
@@ -39,7 +49,7 @@ bool CFakeHandler::setCabinetStatusLed(bool on)
 
 void CFakeHandler::performPreparatoryStep(const QUuid &processor)
 {
-    note("performPreparatoryStep", {text(processor)});
+    const auto lock = note("performPreparatoryStep", {text(processor)});
 }
 
 bool CFakeHandler::copyProcessorMapping(const QUuid &from, const QUuid &to, bool overwriteLocked)
@@ -106,39 +116,33 @@ bool CFakeHandler::importPortMapping(const QUuid &processor, int port, const QSt
 
 void CFakeHandler::readMapping(ReadSaveMappingRole wanted, const SMappingOptions &options, Done done)
 {
+    auto lock = note("readMapping");
     role = wanted;
     readOptions = options;
-    note("readMapping");
-    end(std::move(done));
+    end(std::move(lock), std::move(done));
 }
 
 void CFakeHandler::saveMapping(ReadSaveMappingRole wanted, const LayoutData &data, Done done)
 {
+    auto lock = note("saveMapping");
     role = wanted;
     saved = data;
-    note("saveMapping");
-    end(std::move(done));
+    end(std::move(lock), std::move(done));
 }
 
 bool CFakeHandler::setPortAreas(const QList<SPortArea> &changed)
 {
-    if (!answer("setPortAreas"))
-        return false;
-    areas = changed;
-    return true;
+    return take("setPortAreas", areas, changed);
 }
 
 bool CFakeHandler::applyProcessorRedundancy(const QList<QUuid> &, const QList<QPair<QUuid, QUuid>> &pairs)
 {
-    if (!answer("applyProcessorRedundancy"))
-        return false;
-    redundancies = pairs;
-    return true;
+    return take("applyProcessorRedundancy", redundancies, pairs);
 }
 
 void CFakeHandler::showTypeLibrary(QWidget *)
 {
-    note("showTypeLibrary");
+    const auto lock = note("showTypeLibrary");
 }
 
 bool CFakeHandler::sendCabinetParameters(const Cabinets &cabinets, const SMD5 &type, double gamma)
@@ -159,10 +163,7 @@ bool CFakeHandler::clearCurrentGains()
 
 bool CFakeHandler::sendCurrentGains(const QList<SCurrentGain> &sent)
 {
-    if (!answer("sendCurrentGains"))
-        return false;
-    gains = sent;
-    return true;
+    return take("sendCurrentGains", gains, sent);
 }
 
 bool CFakeHandler::setCanvasSize(const QSize &size)

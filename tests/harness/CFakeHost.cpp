@@ -45,9 +45,7 @@ QUuid CFakeHost::addProcessor(const QString &name, int ports, int cabinets)
     ProcessorTree::ProcessorNode node;
     node.uuid = QUuid::createUuid();
     node.name = name;
-    node.index = m_handler->nodes.size();
     node.online = true;
-    m_handler->nodes << node;
 
     LayoutData data;
     data.processor = data.layout.processor = node.uuid;
@@ -55,14 +53,19 @@ QUuid CFakeHost::addProcessor(const QString &name, int ports, int cabinets)
     for (int i = 0; i < ports; ++i)
         data.layout.ports << fakePort(i, cabinets);
     data.bounds = data.layout.boundingRect();
-    m_handler->layouts[node.uuid] = data;
+
+    const auto lock = answers();
+    node.index = lock->nodes.size();
+    lock->nodes << node;
+    lock->layouts[node.uuid] = data;
     return node.uuid;
 }
 
 void CFakeHost::choose(const QUuid &processor)
 {
-    m_handler->current = processor;
-    m_handler->selected = processor.isNull() ? QList<QUuid>() : QList<QUuid>{processor};
+    const auto lock = answers();
+    lock->current = processor;
+    lock->selected = processor.isNull() ? QList<QUuid>() : QList<QUuid>{processor};
 }
 
 void CFakeHost::notify(LayoutNotification code, std::any argument)

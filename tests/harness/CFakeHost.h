@@ -23,12 +23,16 @@ public:
     CSubject *subject() override { return &m_subject; }
     void stop() override {}
 
-    CFakeHandler &answers() { return *m_handler; }
+    /// What the handler answers and was called, locked for the expression or scope.
+    CFakeAnswers answers() { return CFakeAnswers(*m_handler); }
     /// Adds an online processor with @p ports ports, each with @p cabinets wired cabinets of 100 x 100 pixels
     /// in a row, to the tree; gives its key.
     QUuid addProcessor(const QString &name, int ports, int cabinets = 0);
     /// Makes @p processor the selected and the current one, without telling anybody.
     void choose(const QUuid &processor);
+
+    /// Ends the read or save that waits longest.
+    void endWaiting(const SDeviceOutcome &outcome) { m_handler->endWaiting(outcome); }
 
     /// Notifies on a thread of its own and waits for the end. What the update throws leaves this call.
     void notify(LayoutNotification code, std::any argument = {});

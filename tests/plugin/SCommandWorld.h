@@ -34,7 +34,7 @@ struct SCommandWorld
 {
     SCommandWorld()
     {
-        host.answers().library = {typeNode("Flat", 100, 100), typeNode("Huge", 2049, 100)};
+        host.answers()->library = {typeNode("Flat", 100, 100), typeNode("Huge", 2049, 100)};
         host.subject()->attach(store);
         view.setCommands(&commands);
         store.setLayoutSource(&view.cabinetScene());
@@ -54,7 +54,8 @@ struct SCommandWorld
         host.choose(processor);
         host.notify(LayoutNotification::CurrentProcessorChanged, processor);
         QTRY_COMPARE(store.currentProcessor(), processor);
-        view.showLayout(host.answers().getProcessorNode(processor), store.openProcessor(processor));
+        const ProcessorTree::ProcessorNode node = host.answers()->getProcessorNode(processor);
+        view.showLayout(node, store.openProcessor(processor));
         store.setCurrentPort(ports - 1);
     }
     CCabinetGraphicsScene &scene() { return view.cabinetScene(); }

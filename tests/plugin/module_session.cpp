@@ -112,7 +112,7 @@ void useModule(Entry init)
     layout->fillProcessorMenu(menu, a);
     expect(menu.actions().size() > 10, "the menu is filled");
     screenButton(*widget)->click();
-    expect(host.answers().count(QStringLiteral("showScreen")) == 1, "the screen is asked for");
+    expect(host.answers()->count(QStringLiteral("showScreen")) == 1, "the screen is asked for");
     expect(threadCount() > threads, "workers run");
 
     host.notify(LayoutNotification::PortCountChanged); // leaves queued work behind
@@ -145,7 +145,7 @@ int main(int argc, char **argv)
         QWidget parent;
         expect(!init(nullptr, &host, &parent), "a null out fails");
         expect(parent.children().isEmpty() && QApplication::allWidgets().size() == widgets + 1, "no widget");
-        expect(threadCount() == threads && host.answers().calls().isEmpty(), "no effect");
+        expect(threadCount() == threads && host.answers()->calls().isEmpty(), "no effect");
     } else {
         useModule(init);
     }

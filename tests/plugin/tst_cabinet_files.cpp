@@ -120,13 +120,14 @@ private Q_SLOTS:
     {
         QFETCH(bool, readback);
         const QTemporaryDir folder;
-        CFakeHandler &handler = m_world->host.answers();
-        handler.refused = {QStringLiteral("exportCabinetConfig"), QStringLiteral("readbackCabinetConfig")};
+        CFakeHost &host = m_world->host;
+        host.answers()->refused = {QStringLiteral("exportCabinetConfig"),
+                                   QStringLiteral("readbackCabinetConfig")};
         const CFileDialogAnswerer files(folder.filePath(QStringLiteral("a.rcvbp")));
         const CMessageBoxAnswerer user({QStringLiteral("OK")});
         runCommand(readback, typedCabinet());
         QTEST(user.texts().join(QLatin1Char('|')), "told");
-        QCOMPARE(user.boxes().first().details, handler.error);
+        QCOMPARE(user.boxes().first().details, host.answers()->error);
         QCOMPARE(callsOf(readback).size(), 1);
     }
 
@@ -161,8 +162,8 @@ private:
 
     QStringList callsOf(bool readback) const
     {
-        return m_world->host.answers().calls().filter(readback ? QStringLiteral("readbackCabinetConfig")
-                                                               : QStringLiteral("exportCabinetConfig"));
+        return m_world->host.answers()->calls().filter(readback ? QStringLiteral("readbackCabinetConfig")
+                                                                : QStringLiteral("exportCabinetConfig"));
     }
 
     /// What the host is told of the typed cabinet and @p file.

@@ -228,13 +228,13 @@ private Q_SLOTS:
     void onlyProcessorsThatAnswerAreReadBack()
     {
         QCOMPARE(m_world->commands.readbackRefusal(), QString());
-        ProcessorTree::ProcessorNode &node = m_world->host.answers().nodes[0];
-        const quint32 address = node.address;
-        node.address = 0; // a project
+        CFakeHost &host = m_world->host;
+        const quint32 address = host.answers()->nodes[0].address;
+        host.answers()->nodes[0].address = 0; // a project
         QCOMPARE(m_world->commands.readbackRefusal(),
                  QStringLiteral("A project has no cabinets that are connected."));
-        node.address = address;
-        node.online = false;
+        host.answers()->nodes[0].address = address;
+        host.answers()->nodes[0].online = false;
         QCOMPARE(m_world->commands.readbackRefusal(), QStringLiteral("The processor is offline."));
     }
 
@@ -260,7 +260,7 @@ private Q_SLOTS:
         const CMessageBoxAnswerer user({QStringLiteral("OK")});
         m_world->commands.saveParameters(typedCabinets(), nullptr);
         QCOMPARE(offered, (QStringList{QStringLiteral("Flat"), QStringLiteral("Huge")}));
-        QCOMPARE(m_world->host.answers().calls().filter(QStringLiteral("sendCabinetParameters")),
+        QCOMPARE(m_world->host.answers()->calls().filter(QStringLiteral("sendCabinetParameters")),
                  QStringList{QStringLiteral("sendCabinetParameters(2,%1,2.8)")
                                  .arg(QString::fromLatin1(SMD5::ofContent("Flat").toText()))});
     }
@@ -269,12 +269,12 @@ private Q_SLOTS:
     {
         const QList<CabinetLayout::CabinetPort::Cabinet> one = {m_world->cabinet(0, 1).cabinet()};
         QVERIFY(m_world->commands.highlight(one, CabinetHighlight::FlashingBox, nullptr));
-        m_world->host.answers().refused = {QStringLiteral("setCabinetHighlight")};
+        m_world->host.answers()->refused = {QStringLiteral("setCabinetHighlight")};
         CMessageBoxAnswerer user({QStringLiteral("OK")});
         QVERIFY(!m_world->commands.highlight(one, CabinetHighlight::FlashingBox, nullptr));
         QVERIFY(!m_world->commands.highlight({}, CabinetHighlight::Off, nullptr)); // silently
         QCOMPARE(user.boxes().size(), 1);
-        QCOMPARE(user.boxes().first().details, m_world->host.answers().error);
+        QCOMPARE(user.boxes().first().details, m_world->host.answers()->error);
     }
 
 private:

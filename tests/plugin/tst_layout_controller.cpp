@@ -35,12 +35,12 @@ struct SModuleScene final
     SModuleScene() { layout.setHost(host); }
     ~SModuleScene() { layout.stop(); }
 
-    CFakeHandler &answers() { return host.answers(); }
+    CFakeAnswers answers() { return host.answers(); }
     void select(const QList<QUuid> &processors, PrcTreeNodeType type = PrcTreeNodeType::Processor)
     {
-        answers().selected = processors;
+        answers()->selected = processors;
         if (processors.size() == 1) {
-            answers().current = processors.first();
+            answers()->current = processors.first();
             host.notify(LayoutNotification::CurrentProcessorChanged, processors.first());
         }
         host.notify(LayoutNotification::SelectedNodeChanged, SSelectedNodeChange{{}, type});
@@ -88,6 +88,17 @@ struct SModuleScene final
                 marks += image.pixelColor(cabinet.rect.bottomRight() - QPoint(4, 4)) == QColor(190, 163, 25);
         }
         return marks;
+    }
+    /// Gives the host's cabinets of @p processor their places in a mapping.
+    QMap<QUuid, int> numberCabinets(const QUuid &processor)
+    {
+        QMap<QUuid, int> places;
+        const auto answers = host.answers();
+        for (CabinetLayout::CabinetPort &port : answers->layouts[processor].layout.ports) {
+            for (auto &cabinet : port.groups[0].cabinets)
+                places.insert(cabinet.uuid, cabinet.mappingIndex = places.size());
+        }
+        return places;
     }
     int cabinetsShown(const QUuid &processor) const
     {
@@ -138,10 +149,10 @@ private Q_SLOTS:
     {
         SModuleScene module;
         module.select({module.a});
-        QCOMPARE(module.answers().count(QStringLiteral("performPreparatoryStep")), 0);
-        module.answers().preparation = 1;
+        QCOMPARE(module.answers()->count(QStringLiteral("performPreparatoryStep")), 0);
+        module.answers()->preparation = 1;
         module.select({module.b});
-        QCOMPARE(module.answers().count(QStringLiteral("performPreparatoryStep")), 1);
+        QCOMPARE(module.answers()->count(QStringLiteral("performPreparatoryStep")), 1);
     }
 
     void followsTheSelection()
@@ -156,12 +167,12 @@ private Q_SLOTS:
         QCOMPARE(module.title(), QStringLiteral("Please select a single processor"));
         module.host.notify(LayoutNotification::SelectedNodeChanged,
                            SSelectedNodeChange{{}, PrcTreeNodeType::Other});
-        module.answers().selected = {module.a};
+        module.answers()->selected = {module.a};
         QCOMPARE(module.page(), Warning); // a heading leaves the page as it is
-        module.answers().nodes[1].online = false;
+        module.answers()->nodes[1].online = false;
         module.select({module.b});
         QCOMPARE(module.title(), QStringLiteral("The current processor is offline"));
-        module.answers().nodes[1].online = true;
+        module.answers()->nodes[1].online = true;
         module.host.notify(LayoutNotification::ProcessorStateChanged, SProcessorStateChange{module.b, true});
         QTRY_COMPARE(module.page(), Editor);
     }
@@ -169,7 +180,7 @@ private Q_SLOTS:
     void offersToLeaveTheFiberMode()
     {
         SModuleScene module;
-        module.answers().fiber = {module.a};
+        module.answers()->fiber = {module.a};
         module.select({module.b});
         QVERIFY(module.mappingEnabled());
         module.select({module.a});
@@ -180,16 +191,16 @@ private Q_SLOTS:
         CMessageBoxAnswerer user({QStringLiteral("OK"), QStringLiteral("OK")});
         const QList<QPushButton *> buttons = module.pages().currentWidget()->findChildren<QPushButton *>();
         buttons.at(0)->click();
-        module.answers().refused = {QStringLiteral("setWorkMode")};
+        module.answers()->refused = {QStringLiteral("setWorkMode")};
         buttons.at(1)->click();
-        QCOMPARE(module.answers().calls().filter(QStringLiteral("setWorkMode")),
+        QCOMPARE(module.answers()->calls().filter(QStringLiteral("setWorkMode")),
                  (QStringList{QStringLiteral("setWorkMode(%1,0)").arg(uuid),
                               QStringLiteral("setWorkMode(%1,1)").arg(uuid)}));
         QCOMPARE(user.texts(),
                  (QStringList{QStringLiteral("Set successful."), QStringLiteral("Set failed.")}));
-        QCOMPARE(user.boxes().last().details, module.answers().error);
+        QCOMPARE(user.boxes().last().details, module.answers()->error);
 
-        module.answers().fiber.clear();
+        module.answers()->fiber.clear();
         module.host.notify(LayoutNotification::WorkModeChanged);
         QTRY_COMPARE(module.page(), Editor);
         QCOMPARE(module.cabinetsShown(module.a), 12);
@@ -198,7 +209,7 @@ private Q_SLOTS:
     void marksCustomDefinedCabinetsWhenAsked()
     {
         SModuleScene module;
-        module.answers().layouts[module.a].layout.ports[1].groups[0].cabinets[2].type =
+        module.answers()->layouts[module.a].layout.ports[1].groups[0].cabinets[2].type =
             SMD5::ofContent("p2.6");
         module.select({module.a});
         QCOMPARE(module.marksShown(), 0);
@@ -216,10 +227,10 @@ private Q_SLOTS:
     {
         SModuleScene module;
         module.select({module.a});
-        module.answers().layouts[module.a].layout.ports[0].groups.clear();
+        module.answers()->layouts[module.a].layout.ports[0].groups.clear();
         module.host.notify(LayoutNotification::LayoutReplaced, module.a);
         QTRY_COMPARE(module.cabinetsShown(module.a), 9);
-        module.answers().layouts[module.a].layout.ports.removeLast();
+        module.answers()->layouts[module.a].layout.ports.removeLast();
         module.host.notify(LayoutNotification::PortCountChanged);
         QTRY_COMPARE(module.cabinetsShown(module.a), 6);
     }
@@ -231,14 +242,13 @@ private Q_SLOTS:
         module.scene().selectAllItem();
         module.scene().selectedItemMoveDown();
         QVERIFY(module.scene().undoStack()->canUndo());
-        QTRY_VERIFY(module.answers().layoutData(module.a).layout.boundingRect().top() == 1);
+        QTRY_VERIFY(module.answers()->layoutData(module.a).layout.boundingRect().top() == 1);
         module.select({module.b});
         QVERIFY(!module.scene().undoStack()->canUndo());
     }
 
     void aSavedMappingReachesTheEditorsRecords()
     {
-        using Cabinet = CabinetLayout::CabinetPort::Cabinet;
         SModuleScene module;
         module.select({module.a});
         const auto indices = [&module] {
@@ -246,24 +256,20 @@ private Q_SLOTS:
             CabinetLayout shown;
             module.scene().getLayoutData(shown, module.a);
             for (const CabinetLayout::CabinetPort &port : shown.ports) {
-                for (const Cabinet &cabinet : port.getAllCabinets())
+                for (const auto &cabinet : port.getAllCabinets())
                     byKey.insert(cabinet.uuid, cabinet.mappingIndex);
             }
             return byKey;
         };
         module.scene().selectAllItem();
         module.scene().selectedItemMoveDown();
-        module.answers().answerLater = true;
+        module.answers()->answerLater = true;
         auto *panel = static_cast<CLayoutSidePanel *>(module.layout.rightBarWidget());
         Q_EMIT panel->notifySaveMapping(ReadSaveMappingRole::Current);
         QCOMPARE(indices().values().count(-1), 12);
-        QMap<QUuid, int> saved;
-        for (CabinetLayout::CabinetPort &port : module.answers().layouts[module.a].layout.ports) {
-            for (Cabinet &cabinet : port.groups[0].cabinets)
-                saved.insert(cabinet.uuid, cabinet.mappingIndex = saved.size());
-        }
+        const QMap<QUuid, int> saved = module.numberCabinets(module.a);
         CMessageBoxAnswerer user({QStringLiteral("OK")});
-        module.answers().waiting.front()({SDeviceOutcome::Done, {}});
+        module.host.endWaiting({SDeviceOutcome::Done, {}});
         QCOMPARE(indices(), saved);
         QCOMPARE(module.scene().undoStack()->count(), 1);
 
@@ -272,7 +278,8 @@ private Q_SLOTS:
         module.scene().undoStack()->undo(); // to before the save
         QCOMPARE(indices(), saved);
         module.store.syncLayoutData(true);
-        for (const CabinetLayout::CabinetPort &port : module.answers().layoutData(module.a).layout.ports)
+        const LayoutData handedOver = module.answers()->layoutData(module.a);
+        for (const CabinetLayout::CabinetPort &port : handedOver.layout.ports)
             QVERIFY(port.getAllCabinets().first().mappingIndex >= 0);
     }
 
@@ -302,14 +309,14 @@ private Q_SLOTS:
         CGraphicsCabinetItem *cabinet = module.scene().portItem(1)->cabinets(nullptr).first();
         cabinet->setHighlighted(true);
         const QString call = QStringLiteral("setCabinetHighlight");
-        QTRY_COMPARE(module.answers().calls().filter(call),
+        QTRY_COMPARE(module.answers()->calls().filter(call),
                      QStringList{QStringLiteral("setCabinetHighlight(1,1)")});
         module.host.notify(LayoutNotification::SelectedNodeChanged,
                            SSelectedNodeChange{{}, PrcTreeNodeType::Processor});
         module.settle();
         QVERIFY(!cabinet->isHighlighted());
         QVERIFY(bar.tool(CEditorToolBar::Arrow)->isChecked());
-        QCOMPARE(module.answers().calls().filter(call).last(), QStringLiteral("setCabinetHighlight(0,0)"));
+        QCOMPARE(module.answers()->calls().filter(call).last(), QStringLiteral("setCabinetHighlight(0,0)"));
     }
 
     void theScreenButtonFollowsTheHost()
@@ -319,7 +326,7 @@ private Q_SLOTS:
         QVERIFY(module.layout.showScreenButton().isChecked());
         module.layout.setScreenShown(false);
         QVERIFY(!module.layout.showScreenButton().isChecked());
-        QCOMPARE(module.answers().calls().filter(QStringLiteral("showScreen")),
+        QCOMPARE(module.answers()->calls().filter(QStringLiteral("showScreen")),
                  QStringList{QStringLiteral("showScreen(true)")});
     }
 

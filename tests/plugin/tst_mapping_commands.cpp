@@ -26,14 +26,15 @@ struct SMappingScene final
         host.choose(a);
         host.subject()->attach(store);
         host.notify(LayoutNotification::CurrentProcessorChanged, a);
-        panel.onCurrentProcessorChanged(host.answers().currentProcessorNode());
+        const ProcessorTree::ProcessorNode node = host.answers()->currentProcessorNode();
+        panel.onCurrentProcessorChanged(node);
     }
     ~SMappingScene()
     {
         host.subject()->detach(store);
         store.stop();
     }
-    CFakeHandler &answers() { return host.answers(); }
+    CFakeAnswers answers() { return host.answers(); }
     void run(bool save)
     {
         if (save)
@@ -81,32 +82,32 @@ private Q_SLOTS:
         QFETCH(SDeviceOutcome::Result, result);
         QFETCH(QStringList, messages);
         SMappingScene scene;
-        scene.answers().outcome.result = result;
+        scene.answers()->outcome.result = result;
         if (result == SDeviceOutcome::Failed)
-            scene.answers().outcome.text = QStringLiteral("A does not answer.");
+            scene.answers()->outcome.text = QStringLiteral("A does not answer.");
         QSignalSpy saved(&scene.panel, &CLayoutSidePanel::notifySaveMappingSuccessed);
         CMessageBoxAnswerer user({QStringLiteral("OK")});
         scene.run(save);
         QCOMPARE(user.texts(), messages);
         if (!messages.isEmpty())
-            QCOMPARE(user.boxes().first().details, scene.answers().outcome.text);
+            QCOMPARE(user.boxes().first().details, scene.answers()->outcome.text);
         QCOMPARE(saved.count(), save && result == SDeviceOutcome::Done ? 1 : 0);
-        QCOMPARE(scene.answers().role, save ? ReadSaveMappingRole::All : ReadSaveMappingRole::Current);
+        QCOMPARE(scene.answers()->role, save ? ReadSaveMappingRole::All : ReadSaveMappingRole::Current);
         if (save)
-            QCOMPARE(scene.answers().saved, scene.answers().layouts[scene.a]);
+            QCOMPARE(scene.answers()->saved, scene.answers()->layouts[scene.a]);
         else
-            QVERIFY(scene.answers().readOptions.numberMapping);
+            QVERIFY(scene.answers()->readOptions.numberMapping);
     }
 
     void nothingElseIsStartedMeanwhile()
     {
         SMappingScene scene;
-        scene.answers().answerLater = true;
+        scene.answers()->answerLater = true;
         QVERIFY(scene.mappingEnabled());
         scene.run(false);
         QVERIFY(!scene.mappingEnabled());
         CMessageBoxAnswerer user({QStringLiteral("OK")});
-        scene.answers().waiting.front()({SDeviceOutcome::Done, {}});
+        scene.host.endWaiting({SDeviceOutcome::Done, {}});
         QVERIFY(scene.mappingEnabled());
         QCOMPARE(user.texts().size(), 1);
     }
@@ -114,10 +115,10 @@ private Q_SLOTS:
     void anEndThatComesTooLateIsIgnored()
     {
         SMappingScene scene;
-        scene.answers().answerLater = true;
+        scene.answers()->answerLater = true;
         scene.run(true);
         scene.commands.reset();
-        scene.answers().waiting.front()({SDeviceOutcome::Done, {}}); // a message would fail the test
+        scene.host.endWaiting({SDeviceOutcome::Done, {}}); // a message would fail the test
     }
 };
 

@@ -31,17 +31,7 @@ struct SParameterScene final
 
     SParameterScene()
     {
-        host.answers().nodes[2].index = -1;
-        host.answers().library = {typeNode("P2", false), typeNode("broken", true)};
-        int index = 0;
-        for (const QUuid &processor : {a, b}) {
-            for (CabinetLayout::CabinetPort &port : host.answers().layouts[processor].layout.ports) {
-                for (Cabinet &cabinet : port.groups[0].cabinets) {
-                    cabinet.type = SMD5::ofContent("P2");
-                    cabinet.mappingIndex = index++;
-                }
-            }
-        }
+        prepareProcessors();
         host.choose(a);
         host.subject()->attach(store);
         host.notify(LayoutNotification::CurrentProcessorChanged, a);
@@ -51,9 +41,28 @@ struct SParameterScene final
         host.subject()->detach(store);
         store.stop();
     }
-    Cabinet &cabinet(const QUuid &processor, int port, int place)
+    void prepareProcessors()
     {
-        return host.answers().layouts[processor].layout.ports[port].groups[0].cabinets[place];
+        const auto answers = host.answers();
+        answers->nodes[2].index = -1;
+        answers->library = {typeNode("P2", false), typeNode("broken", true)};
+        int index = 0;
+        for (const QUuid &processor : {a, b}) {
+            for (CabinetLayout::CabinetPort &port : answers->layouts[processor].layout.ports) {
+                for (Cabinet &cabinet : port.groups[0].cabinets) {
+                    cabinet.type = SMD5::ofContent("P2");
+                    cabinet.mappingIndex = index++;
+                }
+            }
+        }
+    }
+    Cabinet cabinet(const QUuid &processor, int port, int place)
+    {
+        return host.answers()->layouts[processor].layout.ports[port].groups[0].cabinets[place];
+    }
+    void replace(const QUuid &processor, int port, int place, const Cabinet &cabinet)
+    {
+        host.answers()->layouts[processor].layout.ports[port].groups[0].cabinets[place] = cabinet;
     }
     CResult<QList<Cabinet>> run() const { return CParameterCheck(store).run(); }
 };
@@ -79,9 +88,9 @@ private Q_SLOTS:
     {
         SParameterScene scene;
         for (const QUuid &processor : {scene.a, scene.b})
-            scene.host.answers().layouts[processor].layout.ports.clear();
+            scene.host.answers()->layouts[processor].layout.ports.clear();
         QCOMPARE(scene.run().error(), QStringLiteral("There is no cabinet detected."));
-        scene.host.answers().detected = 0;
+        scene.host.answers()->detected = 0;
         QCOMPARE(scene.run().error(), QStringLiteral("No processor is detected."));
     }
 
@@ -109,10 +118,13 @@ private Q_SLOTS:
         QFETCH(bool, mapped);
         QFETCH(QString, text);
         SParameterScene scene;
-        Cabinet &faulty = scene.cabinet(scene.b, 0, 0);
+        Cabinet faulty = scene.cabinet(scene.b, 0, 0);
         faulty.type = type.isEmpty() ? SMD5() : SMD5::ofContent(type.toLatin1());
         faulty.mappingIndex = mapped ? 7 : -1;
-        scene.cabinet(scene.b, 0, 1).type = SMD5(); // comes later
+        scene.replace(scene.b, 0, 0, faulty);
+        faulty = scene.cabinet(scene.b, 0, 1);
+        faulty.type = SMD5();
+        scene.replace(scene.b, 0, 1, faulty); // comes later
         QCOMPARE(scene.run().error(), text);
     }
 };

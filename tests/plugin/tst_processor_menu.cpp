@@ -27,7 +27,7 @@ struct SMenuScene final
     SMenuScene() { host.choose(a); }
     ~SMenuScene() { store.stop(); }
 
-    CFakeHandler &answers() { return host.answers(); }
+    CFakeAnswers answers() { return host.answers(); }
     void fill(bool editable = true)
     {
         menu.clear();
@@ -52,7 +52,7 @@ struct SMenuScene final
     void trigger(const char *path) { entry(QString::fromLatin1(path))->trigger(); }
     QStringList commandCalls()
     {
-        QStringList calls = answers().calls().filter(
+        QStringList calls = answers()->calls().filter(
             QRegularExpression(QStringLiteral("^(import|export|copy|setC|setO|setP|cancel)")));
         calls.replaceInStrings(a.toString(QUuid::WithoutBraces), QStringLiteral("A"));
         calls.replaceInStrings(b.toString(QUuid::WithoutBraces), QStringLiteral("B"));
@@ -190,13 +190,13 @@ private Q_SLOTS:
         QFETCH(QString, enabled);
         QFETCH(QString, reason);
         SMenuScene scene;
-        scene.answers().nodes[0].online = online;
+        scene.answers()->nodes[0].online = online;
         if (fiber)
-            scene.answers().fiber = {scene.a};
+            scene.answers()->fiber = {scene.a};
         if (alone)
-            scene.answers().nodes.removeLast();
+            scene.answers()->nodes.removeLast();
         if (!current)
-            scene.answers().current = scene.b;
+            scene.answers()->current = scene.b;
         scene.fill(editable);
         QCOMPARE(withoutReason(scene.menu), QStringList());
         QString seen;
@@ -213,7 +213,7 @@ private Q_SLOTS:
     void othersInFiberModeCannotBeChosen()
     {
         SMenuScene scene;
-        scene.answers().fiber = {scene.b};
+        scene.answers()->fiber = {scene.b};
         scene.fill();
         for (const char *path : {"Copy mapping from>Fiber Optic Transceiver Mode is on",
                                  "Set as redundancy for>Fiber Optic Transceiver Mode is on"}) {
@@ -248,16 +248,16 @@ private Q_SLOTS:
         QFETCH(QString, call);
         QFETCH(QString, messages);
         SMenuScene scene;
-        scene.answers().redundancies = {{scene.b, scene.a}};
+        scene.answers()->redundancies = {{scene.b, scene.a}};
         scene.fill();
         CMessageBoxAnswerer user({Ok, Ok});
         scene.trigger(path.constData());
-        scene.answers().refused = {call.section(QLatin1Char('('), 0, 0)};
+        scene.answers()->refused = {call.section(QLatin1Char('('), 0, 0)};
         scene.trigger(path.constData());
         QCOMPARE(scene.commandCalls(), (QStringList{call, call}));
         QCOMPARE(user.texts().join(QLatin1Char('|')), messages);
         QCOMPARE(user.boxes().first().details, QString());
-        QCOMPARE(user.boxes().last().details, scene.answers().error);
+        QCOMPARE(user.boxes().last().details, scene.answers()->error);
     }
 
     void importAsksForLockedPortsOnly_data()
@@ -279,7 +279,7 @@ private Q_SLOTS:
         const QString file = folder.filePath(QStringLiteral("wall.sprj"));
         QVERIFY(QFile(file).open(QIODevice::WriteOnly));
         SMenuScene scene;
-        scene.answers().layouts[scene.a].layout.ports[2].locked = locked;
+        scene.answers()->layouts[scene.a].layout.ports[2].locked = locked;
         scene.fill();
         CFileDialogAnswerer chooser(file);
         CMessageBoxAnswerer user(answers);
@@ -350,7 +350,7 @@ private Q_SLOTS:
 
         SSettings::TypeLibrary::STreeNode type;
         type.key = type.info.key = SMD5::ofContent("P2");
-        scene.answers().library = {type};
+        scene.answers()->library = {type};
         scene.host.subject()->attach(scene.store);
         scene.host.notify(LayoutNotification::TypeLibraryChanged);
         scene.host.subject()->detach(scene.store);
@@ -359,7 +359,7 @@ private Q_SLOTS:
         cabinet.mappingIndex = 0;
         CabinetLayout::CabinetPort::CabinetGroup group;
         group.cabinets << cabinet;
-        scene.answers().layouts[scene.a].layout.ports[0].groups << group;
+        scene.answers()->layouts[scene.a].layout.ports[0].groups << group;
         QString title;
         CDialogCloser closer(title);
         scene.trigger(path);

@@ -290,9 +290,9 @@ private Q_SLOTS:
         QFETCH(bool, refused);
         QFETCH(QString, message);
         CFakeHost host;
-        host.answers().primaryPorts = primary;
+        host.answers()->primaryPorts = primary;
         if (refused)
-            host.answers().refused << QStringLiteral("sendCabinetParameters");
+            host.answers()->refused << QStringLiteral("sendCabinetParameters");
         SSaveDialog opened({QStringLiteral("A"), QStringLiteral("A")});
         opened.gamma()->setValue(2.2);
         const CMessageBoxAnswerer user({QStringLiteral("OK")});
@@ -303,8 +303,8 @@ private Q_SLOTS:
         QCOMPARE(user.boxes()[0].text + QLatin1Char('|') + user.boxes()[0].details, message);
         const QString sent = QStringLiteral("sendCabinetParameters(2,%1,2.2)")
                                  .arg(QString::fromLatin1(SMD5::ofContent("A").toText()));
-        QCOMPARE(host.answers().calls().contains(sent), primary);
-        QCOMPARE(host.answers().count(QStringLiteral("sendCabinetParameters")), primary ? 1 : 0);
+        QCOMPARE(host.answers()->calls().contains(sent), primary);
+        QCOMPARE(host.answers()->count(QStringLiteral("sendCabinetParameters")), primary ? 1 : 0);
         QCOMPARE(opened.dialog.isVisible(), !primary || refused);
     }
 
@@ -336,7 +336,7 @@ private Q_SLOTS:
         else
             opened.dialog.close();
         QVERIFY(!opened.dialog.isVisible());
-        QVERIFY(host.answers().calls().isEmpty());
+        QVERIFY(host.answers()->calls().isEmpty());
     }
 };
 

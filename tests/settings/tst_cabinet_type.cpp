@@ -282,7 +282,7 @@ private Q_SLOTS:
     {
         QVector<Node> library{leaf(type("Old", 64, 64))};
         CFakeHost host;
-        host.answers().onCalled = [&](const QString &call) {
+        host.answers()->onCalled = [&](const QString &call) {
             if (call.startsWith(QLatin1String("showTypeLibrary")))
                 library = {leaf(type("New", 64, 64))};
         };
@@ -291,7 +291,7 @@ private Q_SLOTS:
         dialog.show();
         choose(dialog, {QStringLiteral("Old")});
         choose(dialog, {QStringLiteral("Type library...")});
-        QCOMPARE(host.answers().count(QStringLiteral("showTypeLibrary")), 1);
+        QCOMPARE(host.answers()->count(QStringLiteral("showTypeLibrary")), 1);
         QCOMPARE(dialog.type().name, QStringLiteral("Old"));
         choose(dialog, {QStringLiteral("New")});
         QCOMPARE(dialog.type().name, QStringLiteral("New"));

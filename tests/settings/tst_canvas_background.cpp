@@ -157,9 +157,9 @@ private Q_SLOTS:
         host.choose(processor);
         SBackgroundInfo before = filled();
         before.processor = processor;
-        host.answers().backgrounds[processor] = before;
+        host.answers()->backgrounds[processor] = before;
         if (refused)
-            host.answers().refused = {QStringLiteral("setBackground")};
+            host.answers()->refused = {QStringLiteral("setBackground")};
         QWidget window;
         CCanvasCommands commands(window);
         QVector<SBackgroundInfo> shown;
@@ -176,7 +176,7 @@ private Q_SLOTS:
         QCOMPARE(shown.first().scale, 60);
         QCOMPARE(shown.last() == before, comesBack);
         QCOMPARE(user.boxes().size(), refused ? 1 : 0);
-        QCOMPARE(host.answers().count(QStringLiteral("setBackground")), accepted ? 1 : 0);
+        QCOMPARE(host.answers()->count(QStringLiteral("setBackground")), accepted ? 1 : 0);
     }
 };
 

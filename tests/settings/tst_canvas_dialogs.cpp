@@ -181,7 +181,7 @@ private Q_SLOTS:
             leave(dialog, way);
         });
         commands.setCanvasSize();
-        QCOMPARE(m_host->answers().calls().contains(QStringLiteral("setCanvasSize(2000,1080)")), accepted);
+        QCOMPARE(m_host->answers()->calls().contains(QStringLiteral("setCanvasSize(2000,1080)")), accepted);
     }
 
     void frameRateAndDepthReachTheHost_data() { addWays(); }
@@ -189,8 +189,8 @@ private Q_SLOTS:
     {
         QFETCH(QString, way);
         QFETCH(bool, accepted);
-        m_host->answers().hertz = 120;
-        m_host->answers().bits = 10;
+        m_host->answers()->hertz = 120;
+        m_host->answers()->bits = 10;
         QWidget window;
         CCanvasCommands commands(window);
         inNext<CFrameRateColorDepthSetting>([&way](CFrameRateColorDepthSetting &dialog) {
@@ -201,7 +201,7 @@ private Q_SLOTS:
             leave(dialog, way);
         });
         commands.setFrameRateAndColorDepth();
-        QCOMPARE(m_host->answers().calls().contains(QStringLiteral("setFrameRateAndColorDepth(240,8)")),
+        QCOMPARE(m_host->answers()->calls().contains(QStringLiteral("setFrameRateAndColorDepth(240,8)")),
                  accepted);
     }
 
@@ -245,8 +245,8 @@ private Q_SLOTS:
 
     void theUserIsToldWhatTheHostRefused()
     {
-        CFakeHandler &answers = m_host->answers();
-        answers.refused = {QStringLiteral("setCanvasSize"), QStringLiteral("setFrameRateAndColorDepth")};
+        m_host->answers()->refused = {QStringLiteral("setCanvasSize"),
+                                      QStringLiteral("setFrameRateAndColorDepth")};
         QWidget window;
         CCanvasCommands commands(window);
         CMessageBoxAnswerer user({QStringLiteral("OK"), QStringLiteral("OK")});
@@ -258,7 +258,7 @@ private Q_SLOTS:
         QCOMPARE(user.texts(), (QStringList{SetFailed, SetFailed}));
         for (const auto &box : user.boxes()) {
             QCOMPARE(box.title, QStringLiteral("Orvo"));
-            QCOMPARE(box.details, answers.error);
+            QCOMPARE(box.details, m_host->answers()->error);
         }
     }
 
@@ -273,7 +273,7 @@ private Q_SLOTS:
         });
         commands.setCanvasSize();
         QCOMPARE(user.texts(), QStringList{SetFailed});
-        QCOMPARE(m_host->answers().count(QStringLiteral("setCanvasSize")), 0);
+        QCOMPARE(m_host->answers()->count(QStringLiteral("setCanvasSize")), 0);
     }
 
     void withoutAProcessorNothingOpens()

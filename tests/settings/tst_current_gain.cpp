@@ -35,12 +35,12 @@ struct SGainDialog final
     explicit SGainDialog(const Gains &gains)
     {
         host.choose(processor);
-        host.answers().gains = gains;
-        host.answers().onCalled = [this](const QString &call) { carryOut(call); };
+        host.answers()->gains = gains;
+        host.answers()->onCalled = [this](const QString &call) { carryOut(call); };
         dialog = std::make_unique<CEleCurrentAdjustDialog>(processor, nullptr);
         dialog->show();
         QCoreApplication::processEvents();
-        host.answers().forgetCalls();
+        host.answers()->forgetCalls();
     }
 
     CEleCurrentAdjustTable &table() const { return *dialog->findChild<CEleCurrentAdjustTable *>(); }
@@ -69,15 +69,15 @@ struct SGainDialog final
     /// The calls that change something.
     QStringList commands()
     {
-        return host.answers().calls().filter(QRegularExpression(QStringLiteral("^(import|clear|send)")));
+        return host.answers()->calls().filter(QRegularExpression(QStringLiteral("^(import|clear|send)")));
     }
     void carryOut(const QString &call)
     {
-        CFakeHandler &answers = host.answers();
-        if (call.startsWith(QLatin1String("import")) && answers.refused.isEmpty())
-            answers.gains[2].imported = true;
-        if (call.startsWith(QLatin1String("clear")) && answers.refused.isEmpty())
-            answers.gains = NoneImported;
+        const auto answers = host.answers();
+        if (call.startsWith(QLatin1String("import")) && answers->refused.isEmpty())
+            answers->gains[2].imported = true;
+        if (call.startsWith(QLatin1String("clear")) && answers->refused.isEmpty())
+            answers->gains = NoneImported;
     }
 };
 
@@ -167,15 +167,15 @@ private Q_SLOTS:
     void aRefusedImportChangesNothing()
     {
         SGainDialog opened(NoneImported);
-        opened.host.answers().refused << QStringLiteral("importCurrentGain");
-        opened.host.answers().error = QStringLiteral("left.acr is damaged at line 2.");
+        opened.host.answers()->refused << QStringLiteral("importCurrentGain");
+        opened.host.answers()->error = QStringLiteral("left.acr is damaged at line 2.");
         CFileDialogAnswerer chooser(m_file.fileName());
         const CMessageBoxAnswerer user({Ok});
         opened.press("Import...");
         QCOMPARE(user.boxes().size(), 1);
         QCOMPARE(user.boxes()[0].title, QStringLiteral("Orvo"));
         QCOMPARE(user.boxes()[0].text, QStringLiteral("Import failed."));
-        QCOMPARE(user.boxes()[0].details, opened.host.answers().error);
+        QCOMPARE(user.boxes()[0].details, opened.host.answers()->error);
         QCOMPARE(opened.table().gains(), NoneImported);
         QCOMPARE(opened.possible(), QString());
     }
@@ -191,19 +191,19 @@ private Q_SLOTS:
         QFETCH(bool, refused);
         SGainDialog opened(TwoImported);
         if (refused)
-            opened.host.answers().refused << QStringLiteral("sendCurrentGains");
+            opened.host.answers()->refused << QStringLiteral("sendCurrentGains");
         switchOf(opened.table(), 0)->click();
         switchOf(opened.table(), 1)->click();
         const CMessageBoxAnswerer user(refused ? QStringList{Ok} : QStringList());
         opened.press("Save");
         const Gains switched{{0, 0, true, true}, {0, 1, true, false}, {1, 2, false, false}};
         QCOMPARE(opened.commands(), QStringList{QStringLiteral("sendCurrentGains")});
-        QCOMPARE(opened.host.answers().gains, refused ? TwoImported : switched);
+        QCOMPARE(opened.host.answers()->gains, refused ? TwoImported : switched);
         QCOMPARE(opened.table().gains(), switched);
         QCOMPARE(opened.dialog->isVisible(), refused);
         if (refused) {
             QCOMPARE(user.texts(), QStringList{QStringLiteral("Save failed.")});
-            QCOMPARE(user.boxes()[0].details, opened.host.answers().error);
+            QCOMPARE(user.boxes()[0].details, opened.host.answers()->error);
         }
     }
 
@@ -223,7 +223,7 @@ private Q_SLOTS:
         QFETCH(bool, cleared);
         SGainDialog opened(TwoImported);
         if (refused)
-            opened.host.answers().refused << QStringLiteral("clearCurrentGains");
+            opened.host.answers()->refused << QStringLiteral("clearCurrentGains");
         const CMessageBoxAnswerer user(answers);
         opened.press("Clear");
         QCOMPARE(user.boxes().size(), answers.size());
@@ -252,11 +252,11 @@ private Q_SLOTS:
         if (switched)
             switchOf(opened.table(), 0)->click();
         const Gains before = opened.table().gains();
-        opened.host.answers().gains[2].imported = true;
+        opened.host.answers()->gains[2].imported = true;
         const CMessageBoxAnswerer user(answer.isEmpty() ? QStringList() : QStringList{answer});
         opened.press("Refresh");
         QCOMPARE(user.boxes().size(), int(switched));
-        QCOMPARE(opened.table().gains(), readAgain ? opened.host.answers().gains : before);
+        QCOMPARE(opened.table().gains(), readAgain ? opened.host.answers()->gains : before);
         QCOMPARE(opened.commands(), QStringList());
     }
 
@@ -319,7 +319,7 @@ private Q_SLOTS:
     {
         CFakeHost host;
         host.choose(host.addProcessor(QStringLiteral("Stage"), 2));
-        host.answers().gains = TwoImported;
+        host.answers()->gains = TwoImported;
         QWidget window;
         CCanvasCommands commands(window);
         bool opened = false;
@@ -334,9 +334,9 @@ private Q_SLOTS:
         QVERIFY(opened);
 
         host.choose({});
-        host.answers().forgetCalls();
+        host.answers()->forgetCalls();
         commands.adjustCurrentGain();
-        QVERIFY(!host.answers().calls().contains(QStringLiteral("currentGains")));
+        QVERIFY(!host.answers()->calls().contains(QStringLiteral("currentGains")));
     }
 
     void aHostThatIsGoneIsTold()
