@@ -168,9 +168,10 @@ CStatus CDeviceCommands::setSignal(int hertz, int bits)
     const std::optional<SDevice> device = m_manager.table().currentDevice();
     if (!device)
         return CStatus::failure(unknownProcessor());
-    if (!device->kind.frameRates.contains(hertz))
+    const SSignalModes modes = device->kind.signalModes();
+    if (!modes.frameRates.contains(hertz))
         return failure(*device, tr("It does not offer a frame rate of %1 Hz.").arg(hertz));
-    if (!device->kind.supportsDepth(bits))
+    if (!modes.colorDepths.contains(bits))
         return failure(*device, tr("It does not offer a color depth of %1 bit.").arg(bits));
     const QUuid processor = device->node.uuid;
     CStatus status = apply(processor, [hertz, bits](SProcessorSettings &settings) {

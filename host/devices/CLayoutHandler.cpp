@@ -214,6 +214,11 @@ int CLayoutHandler::colorDepth() const
     return current().settings.colorDepth;
 }
 
+SSignalModes CLayoutHandler::signalModes() const
+{
+    return current().kind.signalModes();
+}
+
 SBackgroundInfo CLayoutHandler::background(const QUuid &processor) const
 {
     SBackgroundInfo info = known(processor).settings.background;

@@ -105,6 +105,7 @@ public:
     bool setCanvasSize(const QSize &size) override;
     int frameRate() const override;
     int colorDepth() const override;
+    SSignalModes signalModes() const override;
     bool setFrameRateAndColorDepth(int hertz, int bits) override;
     SBackgroundInfo background(const QUuid &processor) const override;
     bool setBackground(const SBackgroundInfo &info) override;

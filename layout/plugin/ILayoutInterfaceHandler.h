@@ -190,8 +190,10 @@ public:
     virtual bool setCanvasSize(const QSize &size) = 0;
     virtual int frameRate() const = 0;  ///< hertz: 50, 60, 120 or 240
     virtual int colorDepth() const = 0; ///< bits: 8, 10 or 12
-    /// Refused where the kind of the processor does not offer it. Announced by
-    /// LayoutNotification::PortLoadsChanged.
+    /// The frame rates and colour depths that the kind of the processor offers; each rate goes with each
+    /// depth.
+    virtual SSignalModes signalModes() const = 0;
+    /// Refused beyond signalModes(). Announced by LayoutNotification::PortLoadsChanged.
     virtual bool setFrameRateAndColorDepth(int hertz, int bits) = 0;
     /// The picture behind a processor's canvas, with the processor's key.
     virtual SBackgroundInfo background(const QUuid &processor) const = 0;

@@ -33,7 +33,8 @@ void CCanvasCommands::setFrameRateAndColorDepth()
     if (processor.isNull())
         return;
     const auto before = CHostAccess::handler();
-    CFrameRateColorDepthSetting dialog(before->frameRate(), before->colorDepth(), &m_window);
+    CFrameRateColorDepthSetting dialog(before->signalModes(), before->frameRate(), before->colorDepth(),
+                                       &m_window);
     if (dialog.exec() != QDialog::Accepted)
         return;
     if (const auto handler = handlerOf(processor))

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLocale>
 #include <QPushButton>
+#include <QStandardItemModel>
 #include <QVBoxLayout>
 
 namespace {
@@ -28,13 +29,14 @@ SSignalRowWidths signalRowWidths()
 
 } // namespace
 
-CFrameRateColorDepthSetting::CFrameRateColorDepthSetting(int hertz, int bits, QWidget *parent)
+CFrameRateColorDepthSetting::CFrameRateColorDepthSetting(const SSignalModes &possible, int hertz, int bits,
+                                                         QWidget *parent)
     : CDialog(tr("Max frame rate and color depth settings"), QDialogButtonBox::Ok | QDialogButtonBox::Cancel,
               parent)
     , m_frameRate(new QComboBox)
     , m_colorDepth(new QComboBox)
 {
-    buildUi();
+    buildUi(possible);
     m_frameRate->setCurrentIndex(m_frameRate->findData(hertz));
     m_colorDepth->setCurrentIndex(m_colorDepth->findData(bits));
     connectSignals();
@@ -51,12 +53,12 @@ int CFrameRateColorDepthSetting::colorDepth() const
     return m_colorDepth->currentData().toInt();
 }
 
-void CFrameRateColorDepthSetting::buildUi()
+void CFrameRateColorDepthSetting::buildUi(const SSignalModes &possible)
 {
     for (const int hertz : OfferedFrameRates)
-        m_frameRate->addItem(QStringLiteral("%1Hz").arg(hertz), hertz);
+        addEntry(*m_frameRate, QStringLiteral("%1Hz").arg(hertz), hertz, possible.frameRates.contains(hertz));
     for (const int bits : OfferedColorDepths)
-        m_colorDepth->addItem(QStringLiteral("%1bit").arg(bits), bits);
+        addEntry(*m_colorDepth, QStringLiteral("%1bit").arg(bits), bits, possible.colorDepths.contains(bits));
     auto *grid = new QGridLayout;
     grid->setHorizontalSpacing(8);
     grid->setVerticalSpacing(8);
@@ -64,6 +66,17 @@ void CFrameRateColorDepthSetting::buildUi()
     addRow(*grid, tr("Color depth"), m_colorDepth);
     contentLayout()->addLayout(grid);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
+}
+
+void CFrameRateColorDepthSetting::addEntry(QComboBox &box, const QString &text, int value,
+                                           bool possible) const
+{
+    box.addItem(text, value);
+    if (possible)
+        return;
+    auto *entry = qobject_cast<QStandardItemModel *>(box.model())->item(box.count() - 1);
+    entry->setEnabled(false);
+    entry->setToolTip(tr("The processor does not offer this."));
 }
 
 void CFrameRateColorDepthSetting::addRow(QGridLayout &grid, const QString &text, QComboBox *box)

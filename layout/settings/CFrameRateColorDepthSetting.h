@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/data/records/SHostRecords.h"
 #include "platform/widgets/CDialog.h"
 
 class QComboBox;
@@ -13,14 +14,16 @@ class CFrameRateColorDepthSetting final : public CDialog
     Q_OBJECT
 
 public:
-    /// @p hertz and @p bits are preselected; a value that is not offered leaves the choice open.
-    CFrameRateColorDepthSetting(int hertz, int bits, QWidget *parent = nullptr);
+    /// @p hertz and @p bits are preselected; a value that is not listed leaves the choice open. Those that
+    /// are not among @p possible are listed, too, but cannot be chosen.
+    CFrameRateColorDepthSetting(const SSignalModes &possible, int hertz, int bits, QWidget *parent = nullptr);
 
     int frameRate() const;  ///< hertz
     int colorDepth() const; ///< bits
 
 private:
-    void buildUi();
+    void buildUi(const SSignalModes &possible);
+    void addEntry(QComboBox &box, const QString &text, int value, bool possible) const;
     void addRow(QGridLayout &grid, const QString &text, QComboBox *box);
     void connectSignals();
     void updateEnabled();

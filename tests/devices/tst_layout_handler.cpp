@@ -229,6 +229,20 @@ private Q_SLOTS:
         QCOMPARE(m_host->handler.frameRate(), 120);
     }
 
+    void exactlyTheSignalsThatAreOfferedAreTaken()
+    {
+        m_host->select(m_lobby);
+        const SSignalModes modes = m_host->handler.signalModes();
+        for (const int hertz : {50, 60, 75, 120}) {
+            for (const int bits : {8, 9, 12}) {
+                const bool offered = modes.frameRates.contains(hertz) && modes.colorDepths.contains(bits);
+                QCOMPARE(m_host->handler.setFrameRateAndColorDepth(hertz, bits), offered);
+            }
+        }
+        QCOMPARE(m_host->handler.frameRate(), 60);
+        QCOMPARE(m_host->handler.colorDepth(), 12);
+    }
+
     void aCommandThatTheProcessorDoesNotTakeChangesNothing_data()
     {
         QTest::addColumn<int>("fault");

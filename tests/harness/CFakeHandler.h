@@ -45,6 +45,7 @@ public:
     int hertz = 60;
     int bits = 8;
     SCanvasLimits limits{16384, 16384, 16384LL * 8192};
+    SSignalModes modes{{50, 60, 120, 240}, {8, 10, 12}};
     CanvasBlock block = CanvasBlock::None;
     QList<SPortArea> areas;
     QList<SCurrentGain> gains;
@@ -128,6 +129,7 @@ public:
     bool setCanvasSize(const QSize &size) override;
     int frameRate() const override;
     int colorDepth() const override;
+    SSignalModes signalModes() const override;
     bool setFrameRateAndColorDepth(int hertz, int bits) override;
     SBackgroundInfo background(const QUuid &processor) const override;
     bool setBackground(const SBackgroundInfo &info) override;

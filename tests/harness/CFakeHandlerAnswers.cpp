@@ -217,6 +217,12 @@ int CFakeHandler::colorDepth() const
     return bits;
 }
 
+SSignalModes CFakeHandler::signalModes() const
+{
+    note("signalModes");
+    return modes;
+}
+
 SBackgroundInfo CFakeHandler::background(const QUuid &processor) const
 {
     const auto lock = note("background");

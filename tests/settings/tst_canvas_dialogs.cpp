@@ -219,7 +219,7 @@ private Q_SLOTS:
         QFETCH(int, label);
         QFETCH(int, box);
         QLocale::setDefault(locale);
-        CFrameRateColorDepthSetting dialog(60, 12);
+        CFrameRateColorDepthSetting dialog(m_host->answers().modes, 60, 12);
         QStringList rows;
         for (const QComboBox *combo : dialog.findChildren<QComboBox *>()) {
             QCOMPARE(combo->width(), box);
@@ -236,11 +236,23 @@ private Q_SLOTS:
 
     void aValueThatIsNotOfferedMustBeChosenFirst()
     {
-        CFrameRateColorDepthSetting dialog(75, 8);
+        CFrameRateColorDepthSetting dialog(m_host->answers().modes, 75, 8);
         QVERIFY(!okOf(dialog)->isEnabled());
         named<QComboBox>(dialog, "Frame rate")->setCurrentIndex(3);
         QVERIFY(okOf(dialog)->isEnabled());
         QCOMPARE(dialog.frameRate(), 240);
+    }
+
+    void whatTheProcessorLacksCannotBeChosen()
+    {
+        CFrameRateColorDepthSetting dialog({{50, 60}, {8, 12}}, 50, 8);
+        for (const char *name : {"Frame rate", "Color depth"}) {
+            auto *box = named<QComboBox>(dialog, name);
+            QTest::keyClick(box, Qt::Key_Down);
+            QTest::keyClick(box, Qt::Key_Down);
+        }
+        QCOMPARE(dialog.frameRate(), 60);
+        QCOMPARE(dialog.colorDepth(), 12);
     }
 
     void theUserIsToldWhatTheHostRefused()

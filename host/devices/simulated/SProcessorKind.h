@@ -6,7 +6,6 @@
 
 #include <QMap>
 #include <QString>
-#include <QVector>
 
 /// What the receivers of one generation accept on a 1 Gbit port.
 struct SReceiverGeneration
@@ -27,8 +26,8 @@ struct SProcessorKind
     SCanvasLimits canvas;
     int lowLatencyWidth = 0; ///< pixels; 0: no limit
     bool portRedundancy = false;
-    QVector<int> frameRates; ///< hertz
+    QList<int> frameRates; ///< hertz
     SReceiverGeneration generation;
 
-    bool supportsDepth(int bits) const { return generation.wireBits.contains(bits); }
+    SSignalModes signalModes() const { return {frameRates, generation.wireBits.keys()}; }
 };

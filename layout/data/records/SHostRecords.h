@@ -15,6 +15,13 @@ struct SCanvasLimits
     qint64 maximumArea = 0;
 };
 
+/// The signals that a processor's ports can carry.
+struct SSignalModes
+{
+    QList<int> frameRates;  ///< hertz
+    QList<int> colorDepths; ///< bits
+};
+
 /// The part of the display that an output port carries, in pixels.
 struct SPortArea
 {
