@@ -219,7 +219,7 @@ int CFakeHandler::colorDepth() const
 
 SSignalModes CFakeHandler::signalModes() const
 {
-    note("signalModes");
+    const auto lock = note("signalModes");
     return modes;
 }
 

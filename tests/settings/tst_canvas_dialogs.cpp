@@ -219,7 +219,7 @@ private Q_SLOTS:
         QFETCH(int, label);
         QFETCH(int, box);
         QLocale::setDefault(locale);
-        CFrameRateColorDepthSetting dialog(m_host->answers().modes, 60, 12);
+        CFrameRateColorDepthSetting dialog(m_host->answers()->modes, 60, 12);
         QStringList rows;
         for (const QComboBox *combo : dialog.findChildren<QComboBox *>()) {
             QCOMPARE(combo->width(), box);
@@ -236,7 +236,7 @@ private Q_SLOTS:
 
     void aValueThatIsNotOfferedMustBeChosenFirst()
     {
-        CFrameRateColorDepthSetting dialog(m_host->answers().modes, 75, 8);
+        CFrameRateColorDepthSetting dialog(m_host->answers()->modes, 75, 8);
         QVERIFY(!okOf(dialog)->isEnabled());
         named<QComboBox>(dialog, "Frame rate")->setCurrentIndex(3);
         QVERIFY(okOf(dialog)->isEnabled());
