@@ -62,6 +62,7 @@ void CFrameRateColorDepthSetting::buildUi(const SSignalModes &possible)
     auto *grid = new QGridLayout;
     grid->setHorizontalSpacing(8);
     grid->setVerticalSpacing(8);
+    grid->setColumnStretch(2, 1); // the title may need more room than the boxes
     addRow(*grid, tr("Frame rate"), m_frameRate);
     addRow(*grid, tr("Color depth"), m_colorDepth);
     contentLayout()->addLayout(grid);

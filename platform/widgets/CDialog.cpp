@@ -2,8 +2,23 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/widgets/CDialog.h"
 
+#include <QFontMetrics>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+namespace {
+
+constexpr int DialogMargin = 12;
+constexpr int RoomBesideTitle = 100; // pixels: what window managers put beside it
+
+/// Width of a window that shows its whole @p title; window managers like to write it in bold.
+int widthForTitle(const QString &title, QFont font)
+{
+    font.setBold(true);
+    return QFontMetrics(font).horizontalAdvance(title) + RoomBesideTitle;
+}
+
+} // namespace
 
 CDialog::CDialog(const QString &title, QDialogButtonBox::StandardButtons buttons, QWidget *parent)
     : QDialog(parent)
@@ -26,10 +41,11 @@ void CDialog::setDefaultButton(QDialogButtonBox::StandardButton button)
 void CDialog::buildUi()
 {
     auto *outer = new QVBoxLayout(this);
-    outer->setContentsMargins(12, 12, 12, 12);
+    outer->setContentsMargins(DialogMargin, DialogMargin, DialogMargin, DialogMargin);
     outer->setSpacing(12);
     outer->addLayout(m_content, 1);
     outer->addWidget(m_buttons);
+    outer->addStrut(widthForTitle(windowTitle(), font()) - 2 * DialogMargin);
 }
 
 void CDialog::connectSignals()

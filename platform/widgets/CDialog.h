@@ -8,7 +8,8 @@
 class QVBoxLayout;
 
 /// Base of all dialogs: a title, a content area and a row of standard buttons below it. It may be resized
-/// unless its owner calls setFixedSize(). The Tab key goes through the content first, then the buttons.
+/// unless its owner calls setFixedSize(), and is wide enough for its title unless that is too narrow. The Tab
+/// key goes through the content first, then the buttons.
 class CDialog : public QDialog
 {
     Q_OBJECT

@@ -8,9 +8,12 @@
 #include <QFile>
 #include <QFont>
 #include <QHash>
+#include <QIcon>
 #include <QPalette>
 #include <QProxyStyle>
+#include <QPushButton>
 #include <QRegularExpression>
+#include <QStyleOption>
 #include <QToolTip>
 
 #include <cmath>
@@ -25,9 +28,12 @@ namespace {
 
 constexpr int ThemeFontPixels = 12;
 constexpr int RowPadding = 3;
+constexpr int MenuArrowSide = 10;
+constexpr int RoomBehindMenuArrow = 5;
 
-/// The base style, with rows of lists and trees that are easy to hit. The style sheet cannot do this: views
-/// that lay out their rows before they are shown do not ask it.
+/// The base style, with what the style sheet cannot do: rows of lists and trees that are easy to hit (views
+/// that lay out their rows before they are shown do not ask it), and the arrow of a button with a menu beside
+/// the text instead of in the corner (a rule for it takes the button's padding away).
 class CThemeStyle final : public QProxyStyle
 {
 public:
@@ -41,6 +47,22 @@ public:
     {
         const QSize needed = QProxyStyle::sizeFromContents(type, option, size, widget);
         return type == CT_ItemViewItem ? needed + QSize(0, 2 * RowPadding) : needed;
+    }
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                       const QWidget *widget) const override
+    {
+        if (element != PE_IndicatorArrowDown || !qobject_cast<const QPushButton *>(widget)) {
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
+            return;
+        }
+        const QRect arrow =
+            alignedRect(option->direction, Qt::AlignRight | Qt::AlignVCenter, {MenuArrowSide, MenuArrowSide},
+                        widget->rect().adjusted(RoomBehindMenuArrow, 0, -RoomBehindMenuArrow, 0));
+        const bool enabled = option->state & State_Enabled;
+        QIcon(
+            QStringLiteral(":/Theme/arrow-down%1.svg").arg(enabled ? QString() : QStringLiteral("-disabled")))
+            .paint(painter, arrow);
     }
 };
 

@@ -136,6 +136,24 @@ private Q_SLOTS:
         }
     }
 
+    void aDialogHasRoomForItsTitle()
+    {
+        const QString title(60, QLatin1Char('m'));
+        CDialog growing(title, QDialogButtonBox::Ok, nullptr);
+        CDialog shrunk(title, QDialogButtonBox::Ok, nullptr);
+        shrunk.layout()->setSizeConstraint(QLayout::SetFixedSize);
+        for (CDialog *dialog : {&growing, &shrunk}) {
+            dialog->show();
+            dialog->resize(10, 10);
+            QVERIFY(dialog->width() > dialog->fontMetrics().horizontalAdvance(title));
+        }
+        CDialog fixed(title, QDialogButtonBox::Ok, nullptr);
+        fixed.setFixedSize(208, 151);
+        fixed.show();
+        QCOMPARE(fixed.size(), QSize(208, 151));
+        QVERIFY(fixed.rect().contains(fixed.buttonBox()->geometry()));
+    }
+
     void anImageButtonShowsItsState()
     {
         const QTemporaryDir folder;
