@@ -124,6 +124,14 @@ private Q_SLOTS:
         QVERIFY(CCurrentGainFile::read(path("gain.acr")).value() == rows);
     }
 
+    void theSampleOfCurrentGainsHoldsAllSets()
+    {
+        const QString file = QStringLiteral(ORVO_SOURCE_DIR "/docs/samples/current-gain.acr");
+        const auto rows = CCurrentGainFile::read(file);
+        QVERIFY2(rows, qPrintable(rows.error()));
+        QCOMPARE(rows.value().size(), 9);
+    }
+
     void refusesEveryCutAndEveryFlippedBit()
     {
         const QString file = path("small.sprj");
