@@ -73,6 +73,8 @@ void CLayoutEditorPage::setProcessor(const ProcessorTree::ProcessorNode &process
     if (another) {
         m_store.setCurrentPort(-1);
         reload();
+    } else {
+        keepCurrentPort();
     }
 }
 
@@ -103,6 +105,14 @@ void CLayoutEditorPage::showLayout(const LayoutData &layout)
     if (!layout.layout.port(m_store.currentPort()))
         m_store.setCurrentPort(layout.layout.ports.isEmpty() ? -1 : layout.layout.ports.first().index);
     m_view->showLayout(m_processor, layout);
+}
+
+/// A detection, or a short look at another processor, leaves the store without a current port while the wall
+/// in view and its tool bar stay.
+void CLayoutEditorPage::keepCurrentPort()
+{
+    if (m_store.currentPort() < 0)
+        m_store.setCurrentPort(m_view->shownPort());
 }
 
 void CLayoutEditorPage::setReadbackResult(bool same)
@@ -195,8 +205,11 @@ void CLayoutEditorPage::connectSignals()
     connect(&m_store, &CLayoutData::notifyCancelCalibrate, m_view, &CLayoutGraphicsView::cancelCalibrate);
     connect(m_view, &CLayoutGraphicsView::notifySetPortRedundancy, this,
             &CLayoutEditorPage::setPortRedundancy);
+    connect(&m_store, &CLayoutData::notifyDetectFinished, this, &CLayoutEditorPage::keepCurrentPort);
     connect(&m_store, &CLayoutData::notifyLayoutReplaced, this, [this](const QUuid &processor) {
-        if (processor == m_processor.uuid)
-            reload();
+        if (processor != m_processor.uuid)
+            return;
+        keepCurrentPort();
+        reload();
     });
 }

@@ -46,6 +46,7 @@ public:
 
 private:
     void showLayout(const LayoutData &layout);
+    void keepCurrentPort();
     void showBackground(const SBackgroundInfo &info);
     void setPortRedundancy(int primary, int backup);
     void buildUi();

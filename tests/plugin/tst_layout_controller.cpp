@@ -235,6 +235,34 @@ private Q_SLOTS:
         QTRY_COMPARE(module.cabinetsShown(module.a), 6);
     }
 
+    void theCurrentPortStaysAsLongAsTheWall_data()
+    {
+        QTest::addColumn<QString>("news");
+        for (const char *news : {"detected", "replaced", "another one for a moment"})
+            QTest::newRow(news) << QString::fromLatin1(news);
+    }
+    void theCurrentPortStaysAsLongAsTheWall()
+    {
+        QFETCH(QString, news);
+        SModuleScene module;
+        module.select({module.a});
+        module.scene().selectPort(2, true);
+        module.scene().copySelected();
+        QCOMPARE(module.store.currentPort(), 2);
+        if (news == QLatin1String("replaced")) {
+            module.store.setCurrentPort(-1);
+            module.host.notify(LayoutNotification::LayoutReplaced, module.a);
+        } else if (news == QLatin1String("detected")) {
+            module.settle();
+        } else {
+            module.host.notify(LayoutNotification::CurrentProcessorChanged, module.b);
+            module.host.notify(LayoutNotification::CurrentProcessorChanged, module.a);
+        }
+        QTRY_COMPARE(module.store.currentPort(), 2);
+        module.scene().pasteItems({500, 500}, nullptr);
+        QCOMPARE(module.scene().portItem(2)->cabinets(nullptr).size(), 6);
+    }
+
     void handsEditsToTheHost()
     {
         SModuleScene module;

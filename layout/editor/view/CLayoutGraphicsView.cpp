@@ -88,6 +88,11 @@ void CLayoutGraphicsView::connectScene()
     connect(m_scene, &Scene::notifyHighlightChanged, this, &CLayoutGraphicsView::highlight);
 }
 
+int CLayoutGraphicsView::shownPort() const
+{
+    return m_ports->port();
+}
+
 void CLayoutGraphicsView::setCommands(IEditorCommands *commands)
 {
     m_commands = commands;

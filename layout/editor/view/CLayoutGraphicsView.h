@@ -29,6 +29,7 @@ public:
 
     CCabinetGraphicsScene &cabinetScene() { return *m_scene; }
     CEditorToolBar &toolBar() { return *m_toolBar; }
+    int shownPort() const; ///< the output port that the tool bar shows as the current one; -1: none
 
     /// What tools and menus offer beyond edits; null: nothing. Stays owned by the caller.
     void setCommands(IEditorCommands *commands);

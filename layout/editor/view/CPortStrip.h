@@ -27,6 +27,7 @@ public:
     void setPorts(const QList<int> &ports, int current);
     /// Follows a selection that lies in @p ports.
     void showSelection(const QList<int> &ports);
+    int port() const; ///< the chosen one; -1: none
 
 Q_SIGNALS:
     void portChosen(int port);
@@ -44,7 +45,6 @@ private:
     void addPatterns();
     void addPortMenu();
     void fillPortMenu();
-    int port() const; ///< the chosen one; -1: none
 
     QToolBar &m_bar;
     const IPortStates &m_states;
