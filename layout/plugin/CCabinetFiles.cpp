@@ -10,6 +10,7 @@
 #include <QDateTime>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -17,19 +18,28 @@ namespace {
 
 const QString ConfigSuffix = QStringLiteral(".rcvbp");
 
-/// The 9 of "Rental P1.9" belongs to the name.
+/// A single word behind the last point; the "6 tall" of "Rental P2.6 tall" belongs to the name.
 bool hasSuffix(const QString &file)
 {
     const QString suffix = QFileInfo(file).suffix();
-    return std::any_of(suffix.begin(), suffix.end(), [](QChar c) { return c.isLetter(); });
+    const auto isWordPart = [](QChar c) { return c.isLetterOrNumber(); };
+    return !suffix.isEmpty() && suffix.front().isLetter() &&
+           std::all_of(suffix.begin(), suffix.end(), isWordPart);
+}
+
+/// @p name without what would be a folder of its own, or what some systems refuse.
+QString fileNameOf(QString name)
+{
+    static const QRegularExpression unfit(QStringLiteral("[/\\\\:*?\"<>|]"));
+    return name.replace(unfit, QStringLiteral("-"));
 }
 
 } // namespace
 
 /// Empty when the user does not want to. A name without a suffix gets that of configurations.
-QString CCabinetFiles::askForFile(const QString &title, const QString &filter, const QString &proposed)
+QString CCabinetFiles::askForFile(const QString &title, const QString &proposed)
 {
-    QFileDialog dialog(m_parent, title, m_store.mappingFolder(), filter);
+    QFileDialog dialog(m_parent, title, m_store.mappingFolder(), QStringLiteral("*.rcvbp;;*.rcvp"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::DontConfirmOverwrite); // asked in words of our own
     dialog.selectFile(proposed);
@@ -49,8 +59,8 @@ QString CCabinetFiles::askForFile(const QString &title, const QString &filter, c
 
 void CCabinetFiles::exportConfiguration(const Cabinet &cabinet)
 {
-    const QString file =
-        askForFile(tr("Export..."), QStringLiteral("*.rcvbp"), m_store.getTypeInfo(cabinet.type).name);
+    const QString proposed = fileNameOf(m_store.getTypeInfo(cabinet.type).name);
+    const QString file = askForFile(tr("Export..."), proposed);
     if (file.isEmpty())
         return;
     const auto handler = CHostAccess::handler();
@@ -63,7 +73,7 @@ void CCabinetFiles::exportConfiguration(const Cabinet &cabinet)
 void CCabinetFiles::readBack(const Cabinet &cabinet)
 {
     const QString now = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd-hh-mm-ss"));
-    const QString file = askForFile(tr("Readback..."), QStringLiteral("*.rcvbp;;*.rcvp"), now);
+    const QString file = askForFile(tr("Readback..."), now);
     if (file.isEmpty())
         return;
     const QString type = cabinet.type.isNull() ? QString() : m_store.getTypeInfo(cabinet.type).name;

@@ -28,7 +28,7 @@ public:
     void readBack(const Cabinet &cabinet);
 
 private:
-    QString askForFile(const QString &title, const QString &filter, const QString &proposed);
+    QString askForFile(const QString &title, const QString &proposed);
 
     CLayoutData &m_store;
     QWidget *m_parent;

@@ -57,6 +57,12 @@ private Q_SLOTS:
         QTest::newRow("export of a name with a point")
             << false << "Rental P1.9"
             << "" << words("OK") << "Rental P1.9.rcvbp" << QStringList{exported};
+        QTest::newRow("export of a name with words behind a point")
+            << false << "Rental indoor P2.6 tall"
+            << "" << words("OK") << "Rental indoor P2.6 tall.rcvbp" << QStringList{exported};
+        QTest::newRow("export with a suffix of one's own")
+            << false << "a.v2"
+            << "" << words("OK") << "a.v2" << QStringList{exported};
         QTest::newRow("export over a file")
             << false << "a.rcvbp"
             << "a.rcvbp" << words("Yes|OK") << "a.rcvbp" << QStringList{overwrite, exported};
@@ -102,11 +108,23 @@ private Q_SLOTS:
                                         ? QStringList()
                                         : QStringList{callText(readback, folder.filePath(written))});
         QCOMPARE(files.title, readback ? QStringLiteral("Readback...") : QStringLiteral("Export..."));
-        QCOMPARE(files.filters, readback ? words("*.rcvbp|*.rcvp") : words("*.rcvbp"));
+        QCOMPARE(files.filters, words("*.rcvbp|*.rcvp"));
         if (readback)
             QVERIFY(QDateTime::fromString(files.proposal, QStringLiteral("yyyy-MM-dd-hh-mm-ss")).isValid());
         else
             QCOMPARE(files.proposal, QStringLiteral("Flat"));
+    }
+
+    void theProposedNameIsThatOfAFile()
+    {
+        const auto node = typeNode("Rental in/outdoor: P2.6 tall", 100, 100);
+        m_world->host.answers()->library = {node};
+        m_world->host.notify(LayoutNotification::TypeLibraryChanged);
+        const CFileDialogAnswerer files{QString()};
+        auto cabinet = typedCabinet();
+        cabinet.type = node.key;
+        runCommand(false, cabinet);
+        QCOMPARE(files.proposal, QStringLiteral("Rental in-outdoor- P2.6 tall"));
     }
 
     void refusalsAreToldWithTheirReason_data()
