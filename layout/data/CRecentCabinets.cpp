@@ -7,6 +7,8 @@ namespace {
 const QString TypesKey = QStringLiteral("client/recentTypes");
 const QString CustomSizeKey = QStringLiteral("client/customCabinet");
 constexpr QSize FirstCustomSize(192, 192);
+constexpr QSize SmallestCustomSize(8, 8);
+constexpr QSize LargestCustomSize(2048, 2048);
 
 } // namespace
 
@@ -33,7 +35,9 @@ void CRecentCabinets::noteType(const SMD5 &key)
 QSize CRecentCabinets::customSize() const
 {
     const QSize size = m_settings.value(CustomSizeKey).toSize();
-    return size.isEmpty() ? FirstCustomSize : size;
+    if (size.isEmpty())
+        return FirstCustomSize;
+    return size.expandedTo(SmallestCustomSize).boundedTo(LargestCustomSize); // the file may hold anything
 }
 
 void CRecentCabinets::setCustomSize(const QSize &size)

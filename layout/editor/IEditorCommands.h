@@ -35,8 +35,8 @@ public:
     virtual void adjustCurrentGain(QWidget *parent) = 0;
 
     virtual void openTypeLibrary(QWidget *parent) = 0;
-    /// Fills the menu whose entries append cabinets to the current port; without a port, or with one that is
-    /// full, the user is told and the menu stays empty.
+    /// Fills the menu whose entries append cabinets to the current port. It stays empty without a port that
+    /// takes some; of a full one the user is told.
     virtual void fillAppendMenu(QMenu &menu, QWidget *parent) = 0;
     /// Makes @p cabinets, and no others, stand out on the wall. Gives whether the processor does so.
     virtual bool highlight(const QList<Cabinet> &cabinets, CabinetHighlight kind, QWidget *parent) = 0;

@@ -13,7 +13,8 @@ namespace {
 
 QString sizedText(const QString &name, const QSize &size)
 {
-    return QStringLiteral("%1(%2x%3)").arg(name).arg(size.width()).arg(size.height());
+    return QStringLiteral("%1(%2x%3)")
+        .arg(name, QString::number(size.width()), QString::number(size.height()));
 }
 
 } // namespace

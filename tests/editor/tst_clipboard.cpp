@@ -255,6 +255,28 @@ private Q_SLOTS:
         QCOMPARE(mouse.scene().selection().ports(), QList<int>{2});
     }
 
+    void aPortThatIsFullByNowTakesNoMore()
+    {
+        const LayoutData wall = SmallWorlds::data(
+            {SmallWorlds::wiredPort(0, CScenePlacing::LargestPort - 1), SmallWorlds::wiredPort(1, 1)});
+        CMouseTester mouse;
+        mouse.view().showLayout(SmallWorlds::node(wall), wall);
+        mouse.showAtActualSize();
+        mouse.states().current = 0;
+        mouse.scene().selectPort(1, true);
+        mouse.scene().copySelected();
+        mouse.view().onNotifyAppendCabinet({}, 0, QSize(64, 64));
+        mouse.scene().pasteItems({5000, 5000}, nullptr);
+        QVERIFY(mouse.scene().isAppending());
+        const CMessageBoxAnswerer user({QStringLiteral("OK")});
+        mouse.click({300, 300});
+        QCOMPARE(user.texts(), QStringList{QStringLiteral(
+                                   "The number of cabinet in a single output port can not be over 1024.")});
+        QVERIFY(!mouse.scene().isAppending());
+        QCOMPARE(mouse.scene().portItem(0)->cabinets(nullptr).size(), CScenePlacing::LargestPort);
+        QCOMPARE(mouse.stack().undoText(), QStringLiteral("Paste"));
+    }
+
     void anAppendCanBeLeft_data()
     {
         QTest::addColumn<int>("way");

@@ -111,14 +111,42 @@ private Q_SLOTS:
         QCOMPARE(custom->property("appendSize").toSize(), QSize(64, 32));
     }
 
-    void appendIsRefusedBeforeItBegins()
+    void appendIsOfferedWhereItFitsOnly_data()
     {
+        QTest::addColumn<QString>("state");
+        QTest::addColumn<bool>("offered");
+        QTest::newRow("a port with room") << QString() << true;
+        for (const char *state : {"no port", "locked", "redundancy"})
+            QTest::newRow(state) << QString::fromLatin1(state) << false;
+    }
+    void appendIsOfferedWhereItFitsOnly()
+    {
+        QFETCH(QString, state);
+        if (state == QLatin1String("no port"))
+            m_world->store.setCurrentPort(-1);
+        m_world->store.setPortLocked(1, state == QLatin1String("locked"));
+        if (state == QLatin1String("redundancy")) {
+            auto &layout = m_world->host.answers()->layouts[m_world->store.currentProcessor()].layout;
+            layout.ports[1].redundancy = CabinetLayout::CabinetPort::Redundant;
+            m_world->host.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{0, 1, true});
+            m_world->scene().onNotifyProcessorStateChanged();
+        }
         QMenu menu;
-        m_world->store.setPortLocked(1, true);
         m_world->commands.fillAppendMenu(menu, nullptr);
-        m_world->store.setCurrentPort(-1);
+        QTEST(!menu.isEmpty(), "offered");
+    }
+
+    void appendNamesTypesAndSizesAsTheyAre()
+    {
+        const auto odd = typeNode("P%2 %3 wide", 10, 20);
+        m_world->host.answers()->library = {odd};
+        m_world->host.notify(LayoutNotification::TypeLibraryChanged);
+        m_world->store.recentCabinets().noteType(odd.key);
+        m_world->store.recentCabinets().setCustomSize({5000, 4}); // as a damaged settings file may hold it
+        QMenu menu;
         m_world->commands.fillAppendMenu(menu, nullptr);
-        QVERIFY(menu.isEmpty());
+        QCOMPARE(textsOf(*menu.actions().first()->menu()), QStringList{QStringLiteral("P%2 %3 wide(10x20)")});
+        QCOMPARE(textsOf(menu).at(2), QStringLiteral("Custom(2048x8)"));
     }
 
     void aFullPortTakesNoMore()

@@ -58,11 +58,12 @@ public:
     /// Draws the ghosts.
     void paint(QPainter &painter) const;
 
+    /// Whether @p port is open to new cabinets, if it has room.
+    static bool canTake(const CGraphicsPortItem &port);
     /// Why @p more cabinets cannot come into a port that holds @p count; empty when they can.
     static QString refusal(int count, int more);
 
 private:
-    static bool canTake(const CGraphicsPortItem &port);
     int pendingPort() const;
     QRect ghostAt(const QPointF &scenePos) const;
     void showCells(const QVector<QRect> &cells);
