@@ -128,10 +128,15 @@ void CCabinetGraphicsScene::breakPortWiring(int port)
 void CCabinetGraphicsScene::askToClearTopology(QWidget *parent, int port)
 {
     const CGraphicsPortItem *item = portItem(port);
-    if (item && !item->isLocked() &&
-        CMessageBox::question(parent, tr("Are you sure you want to clear topology for the output port?")) ==
+    const QUuid asked = m_content.processor();
+    if (!item || item->isLocked() ||
+        CMessageBox::question(parent, tr("Are you sure you want to clear topology for the output port?")) !=
             0)
+        return;
+    if (m_content.processor() == asked)
         breakPortWiring(port);
+    else
+        CMessageBox::information(parent, tr("Set failed."), tr("The processor is no longer in view."));
 }
 
 void CCabinetGraphicsScene::cutSelected()

@@ -158,6 +158,22 @@ private Q_SLOTS:
         QCOMPARE(user.texts(), (QStringList{question, question}));
     }
 
+    void aYesForAnotherProcessorClearsNothing()
+    {
+        SMenuWorld world;
+        world.states.current = 0;
+        const LayoutData other = SmallWorlds::data({SmallWorlds::wiredPort(0, 3)});
+        CMessageBoxAnswerer user({QStringLiteral("Yes"), QStringLiteral("OK")});
+        QTimer::singleShot(0, &world.scene, [&world, &other] {
+            QVERIFY(QApplication::activeModalWidget()); // asked, and not answered yet
+            world.scene.setLayoutData(SmallWorlds::node(other), other);
+        });
+        world.scene.askToClearTopology(nullptr, 0);
+        QCOMPARE(world.scene.portItem(0)->chain().order().size(), 3);
+        QCOMPARE(user.texts().last(), QStringLiteral("Set failed."));
+        QCOMPARE(user.boxes().last().details, QStringLiteral("The processor is no longer in view."));
+    }
+
     void cabinetMenuFollowsTheSelection()
     {
         SMenuWorld world;
