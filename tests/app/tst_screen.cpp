@@ -182,6 +182,26 @@ private Q_SLOTS:
         QCOMPARE(paint(picture), calm);
     }
 
+    void aHighlightFollowsItsCabinet()
+    {
+        LayoutData wall = smallWall();
+        const auto highlight = [&wall](CScreenPicture &picture) {
+            picture.setHighlight({wall.layout.ports.first().getAllCabinets().last()},
+                                 CabinetHighlight::FlashingBox);
+        };
+        CScreenPicture picture;
+        highlight(picture);
+        picture.setWall(wall, {});
+        wall.layout.ports[0].groups[0].cabinets[1].rect.translate(150, 0);
+        picture.setWall(wall, {});
+        CScreenPicture expected;
+        expected.setWall(wall, {});
+        const QImage calm = paint(expected);
+        highlight(expected);
+        QVERIFY(paint(expected) != calm);
+        QCOMPARE(paint(picture), paint(expected));
+    }
+
     void numbersAreShownOnDemand()
     {
         CScreenPicture picture;

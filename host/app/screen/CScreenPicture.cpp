@@ -36,6 +36,7 @@ void CScreenPicture::setWall(const LayoutData &data, const SBackgroundInfo &back
 {
     m_data = data;
     m_fill.set(background);
+    placeHighlight();
     invalidate();
 }
 
@@ -61,8 +62,9 @@ void CScreenPicture::setHighlight(const QVector<CabinetLayout::CabinetPort::Cabi
     m_highlighted.clear();
     if (highlight != CabinetHighlight::Off) {
         for (const CabinetLayout::CabinetPort::Cabinet &cabinet : cabinets)
-            m_highlighted << cabinet.rect;
+            m_highlighted << cabinet.uuid;
     }
+    placeHighlight();
     m_highlight = highlight;
     m_flash = !m_highlighted.isEmpty();
     if (m_flash)
@@ -70,6 +72,19 @@ void CScreenPicture::setHighlight(const QVector<CabinetLayout::CabinetPort::Cabi
     else
         m_flashTimer.stop();
     Q_EMIT notifyChanged();
+}
+
+void CScreenPicture::placeHighlight()
+{
+    m_highlightRects.clear();
+    if (m_highlighted.isEmpty())
+        return;
+    for (const CabinetLayout::CabinetPort &port : qAsConst(m_data.layout.ports)) {
+        for (const CabinetLayout::CabinetPort::Cabinet &cabinet : port.getAllCabinets()) {
+            if (m_highlighted.contains(cabinet.uuid))
+                m_highlightRects << cabinet.rect;
+        }
+    }
 }
 
 QRect CScreenPicture::extent() const
@@ -163,7 +178,7 @@ void CScreenPicture::paintStatusLeds(QPainter &painter) const
 void CScreenPicture::paintHighlight(QPainter &painter) const
 {
     painter.setRenderHint(QPainter::Antialiasing);
-    for (const QRect &cabinet : m_highlighted) {
+    for (const QRect &cabinet : m_highlightRects) {
         if (m_highlight == CabinetHighlight::LedIndicator) {
             painter.setPen(Qt::NoPen);
             painter.setBrush(indicatorColor);

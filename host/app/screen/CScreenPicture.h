@@ -8,6 +8,7 @@
 
 #include <QObject>
 #include <QPixmap>
+#include <QSet>
 #include <QTimer>
 
 class QPainter;
@@ -25,7 +26,7 @@ public:
     void setWall(const LayoutData &data, const SBackgroundInfo &background);
     void setStatusLed(bool on);
     void setNumbersShown(bool shown);
-    /// Makes @p cabinets flash, in place of those before.
+    /// Makes @p cabinets flash, in place of those before, wherever the wall has them.
     void setHighlight(const QVector<CabinetLayout::CabinetPort::Cabinet> &cabinets,
                       CabinetHighlight highlight);
 
@@ -38,6 +39,7 @@ Q_SIGNALS:
 
 private:
     void invalidate();
+    void placeHighlight();
     void onFlash();
     QTransform transformTo(const QRectF &target) const;
     void paintWall(QPainter &painter, const QRectF &target);
@@ -48,7 +50,8 @@ private:
     CCanvasFill m_fill;
     bool m_statusLed = false;
     bool m_numbersShown = false;
-    QVector<QRect> m_highlighted;
+    QSet<QUuid> m_highlighted;
+    QVector<QRect> m_highlightRects; ///< where these are on the wall
     CabinetHighlight m_highlight = CabinetHighlight::Off;
     bool m_flash = false; ///< the half of the period in which highlighted cabinets stand out
     QTimer m_flashTimer;
