@@ -15,6 +15,7 @@
 #include "layout/settings/CCabinetInformation.h"
 #include "layout/settings/CCabinetParaSave.h"
 #include "layout/settings/CCabinetTypeSetting.h"
+#include "layout/settings/CProcessorInView.h"
 #include "platform/widgets/CMessageBox.h"
 
 #include <QMenu>
@@ -24,15 +25,6 @@ CEditorCommands::CEditorCommands(CLayoutData &store, CLayoutGraphicsView &view)
     , m_view(view)
     , m_canvas(view)
 {
-}
-
-/// What was chosen for a processor is not for another one that came into view meanwhile.
-bool CEditorCommands::isStillInView(const QUuid &processor, QWidget *parent) const
-{
-    if (m_store.currentProcessor() == processor)
-        return true;
-    CMessageBox::information(parent, tr("Set failed."), tr("The processor is no longer in view."));
-    return false;
 }
 
 void CEditorCommands::fillAllPorts(const QColor &color)
@@ -48,7 +40,7 @@ void CEditorCommands::fillCurrentPort(QWidget *parent)
     if (port < 0)
         return;
     CCabinetFillSetting dialog(m_store.port(port).color, CLayoutPainter::defaultPortColor(port), parent);
-    if (dialog.exec() != QDialog::Accepted || !isStillInView(processor, parent))
+    if (dialog.exec() != QDialog::Accepted || !CProcessorInView::isStill(processor, parent))
         return;
     const SCabinetFill fill = dialog.fill();
     if (fill.allPorts)
@@ -81,7 +73,7 @@ void CEditorCommands::chooseType(QWidget *parent)
     }
     CCabinetTypeSetting dialog(
         scene.selection().records(), [&store = m_store] { return store.typeLibrary(); }, parent);
-    if (dialog.exec() != QDialog::Accepted || !isStillInView(processor, parent))
+    if (dialog.exec() != QDialog::Accepted || !CProcessorInView::isStill(processor, parent))
         return;
     m_store.recentCabinets().noteType(dialog.type().key);
     scene.selectionShape().applyType(dialog.type());

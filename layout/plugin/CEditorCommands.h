@@ -40,7 +40,6 @@ public:
     bool highlight(const QList<Cabinet> &cabinets, CabinetHighlight kind, QWidget *parent) override;
 
 private:
-    bool isStillInView(const QUuid &processor, QWidget *parent) const;
     void fillAllPorts(const QColor &color);
 
     CLayoutData &m_store;

@@ -8,18 +8,7 @@
 #include "layout/settings/CCanvasSizeSetting.h"
 #include "layout/settings/CEleCurrentAdjustDialog.h"
 #include "layout/settings/CFrameRateColorDepthSetting.h"
-#include "platform/widgets/CMessageBox.h"
-
-namespace {
-
-/// The processor in view; null: none.
-QUuid processorInView()
-{
-    const auto handler = CHostAccess::handler();
-    return handler ? handler->currentProcessorNode().uuid : QUuid();
-}
-
-} // namespace
+#include "layout/settings/CProcessorInView.h"
 
 CCanvasCommands::CCanvasCommands(QWidget &window, QObject *parent)
     : QObject(parent)
@@ -29,71 +18,50 @@ CCanvasCommands::CCanvasCommands(QWidget &window, QObject *parent)
 
 void CCanvasCommands::setFrameRateAndColorDepth()
 {
-    const QUuid processor = processorInView();
+    const QUuid processor = CProcessorInView::key();
     if (processor.isNull())
         return;
     const auto before = CHostAccess::handler();
     CFrameRateColorDepthSetting dialog(before->signalModes(), before->frameRate(), before->colorDepth(),
                                        &m_window);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    if (const auto handler = handlerOf(processor))
-        report(*handler, handler->setFrameRateAndColorDepth(dialog.frameRate(), dialog.colorDepth()));
+    if (dialog.exec() == QDialog::Accepted)
+        CProcessorInView::carryOut(processor, &m_window, [&dialog](ILayoutInterfaceHandler &host) {
+            return host.setFrameRateAndColorDepth(dialog.frameRate(), dialog.colorDepth());
+        });
 }
 
 void CCanvasCommands::setCanvasSize()
 {
-    const QUuid processor = processorInView();
+    const QUuid processor = CProcessorInView::key();
     if (processor.isNull())
         return;
     const auto before = CHostAccess::handler();
     CCanvasSizeSetting dialog(before->canvasLimits(), before->getCanvasSize(), &m_window);
-    if (dialog.exec() != QDialog::Accepted)
-        return;
-    if (const auto handler = handlerOf(processor))
-        report(*handler, handler->setCanvasSize(dialog.canvasSize()));
+    if (dialog.exec() == QDialog::Accepted)
+        CProcessorInView::carryOut(processor, &m_window, [&dialog](ILayoutInterfaceHandler &host) {
+            return host.setCanvasSize(dialog.canvasSize());
+        });
 }
 
 void CCanvasCommands::setCanvasFill()
 {
-    const QUuid processor = processorInView();
+    const QUuid processor = CProcessorInView::key();
     if (processor.isNull())
         return;
     SBackgroundInfo before = CHostAccess::handler()->background(processor);
     before.processor = processor;
     CCanvasBackgroundSetting dialog(before, &m_window);
     connect(&dialog, &CCanvasBackgroundSetting::changed, this, &CCanvasCommands::previewed);
-    bool done = false;
-    if (dialog.exec() == QDialog::Accepted) {
-        if (const auto handler = handlerOf(processor)) {
-            done = handler->setBackground(dialog.info());
-            report(*handler, done);
-        }
-    }
-    if (!done && processorInView() == processor)
+    const auto send = [&dialog](ILayoutInterfaceHandler &host) { return host.setBackground(dialog.info()); };
+    const bool done =
+        dialog.exec() == QDialog::Accepted && CProcessorInView::carryOut(processor, &m_window, send);
+    if (!done && CProcessorInView::key() == processor)
         Q_EMIT previewed(before);
 }
 
 void CCanvasCommands::adjustCurrentGain()
 {
-    const QUuid processor = processorInView();
+    const QUuid processor = CProcessorInView::key();
     if (!processor.isNull())
         CEleCurrentAdjustDialog(processor, &m_window).exec();
-}
-
-void CCanvasCommands::report(const ILayoutInterfaceHandler &handler, bool done)
-{
-    if (!done)
-        CMessageBox::information(&m_window, tr("Set failed."), handler.lastError());
-}
-
-/// The host, while it still shows the processor that the user was asked about; else null, and the user is
-/// told.
-std::shared_ptr<ILayoutInterfaceHandler> CCanvasCommands::handlerOf(const QUuid &processor)
-{
-    const auto handler = CHostAccess::handler();
-    if (handler && processorInView() == processor)
-        return handler;
-    CMessageBox::information(&m_window, tr("Set failed."), tr("The processor is no longer in view."));
-    return nullptr;
 }

@@ -6,10 +6,6 @@
 
 #include <QObject>
 
-#include <memory>
-
-class ILayoutInterfaceHandler;
-class QUuid;
 class QWidget;
 
 /// The commands that set what belongs to the canvas of the current processor: each runs its dialog, has the
@@ -35,8 +31,5 @@ Q_SIGNALS:
     void previewed(const SBackgroundInfo &info);
 
 private:
-    void report(const ILayoutInterfaceHandler &handler, bool done);
-    std::shared_ptr<ILayoutInterfaceHandler> handlerOf(const QUuid &processor);
-
     QWidget &m_window;
 };

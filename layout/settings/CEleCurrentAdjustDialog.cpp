@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/settings/CEleCurrentAdjustDialog.h"
 
-#include "layout/plugin/CHostAccess.h"
 #include "layout/plugin/ILayoutInterfaceHandler.h"
 #include "layout/settings/CEleCurrentAdjustTable.h"
 #include "platform/widgets/CMessageBox.h"
@@ -148,17 +147,10 @@ bool CEleCurrentAdjustDialog::mayLoseSwitches(const QString &question)
     return !m_table->isSwitched() || CMessageBox::confirm(this, question);
 }
 
-/// Has the host carry out @p operation while it still shows the processor that the dialog is for, and tells
-/// the user of the @p failure. Gives whether it was carried out.
-bool CEleCurrentAdjustDialog::carryOut(const QString &failure, const Operation &operation)
+bool CEleCurrentAdjustDialog::carryOut(const QString &failure, const CProcessorInView::Operation &operation)
 {
-    const auto host = CHostAccess::handler();
-    const bool inView = host && host->currentProcessorNode().uuid == m_processor;
-    const bool done = inView && operation(*host);
+    const bool done = CProcessorInView::carryOut(m_processor, this, operation, failure);
     updateButtons();
     orderTabs();
-    if (!done)
-        CMessageBox::information(this, failure,
-                                 inView ? host->lastError() : tr("The processor is no longer in view."));
     return done;
 }

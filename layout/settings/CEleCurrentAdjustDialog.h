@@ -2,14 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/settings/CProcessorInView.h"
 #include "platform/widgets/CDialog.h"
 
 #include <QUuid>
 
-#include <functional>
-
 class CEleCurrentAdjustTable;
-class ILayoutInterfaceHandler;
 class QPushButton;
 
 /// Loads current-gain parameter files for the processor in view, switches their sets on and off, and sends
@@ -28,8 +26,6 @@ public:
     void reject() override;
 
 private:
-    using Operation = std::function<bool(ILayoutInterfaceHandler &)>;
-
     void buildUi();
     QPushButton *addButton(const QString &text);
     void connectSignals();
@@ -40,7 +36,7 @@ private:
     void updateButtons();
     void orderTabs();
     bool mayLoseSwitches(const QString &question);
-    bool carryOut(const QString &failure, const Operation &operation);
+    bool carryOut(const QString &failure, const CProcessorInView::Operation &operation);
 
     const QUuid m_processor;
     CEleCurrentAdjustTable *m_table = nullptr;
