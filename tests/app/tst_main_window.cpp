@@ -23,8 +23,6 @@
 
 namespace {
 
-constexpr int PatienceMilliseconds = 20000;
-
 /// A visible widget of that kind for which @p matches holds; null without one.
 template <typename Widget, typename Matches>
 Widget *findVisible(const QWidget &below, Matches matches)

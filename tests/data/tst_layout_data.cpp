@@ -6,6 +6,7 @@
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CSignalLog.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/harness/StoreBarrier.h"
 
 namespace {
 
@@ -27,6 +28,9 @@ public:
     void move(int port) { shown.ports[port].groups[0].cabinets[0].rect.translate(10, 0); }
 };
 
+const QString FollowUpNeeded = QStringLiteral("layoutFollowUpNeeded");
+const QString FollowUp = QStringLiteral("applyLayoutFollowUp(false)");
+
 /// A store with a host and an editor that shows the processor "A" of four ports.
 struct SStoreScene final
 {
@@ -44,16 +48,36 @@ struct SStoreScene final
     }
     ~SStoreScene()
     {
+        closed = {};
         host.subject()->detach(store);
         store.stop();
     }
     void show(const QUuid &processor)
     {
-        CSignalLog told(&store, &CLayoutData::notifyProcessorPayloadChanged);
         host.choose(processor);
         host.notify(LayoutNotification::CurrentProcessorChanged, processor);
         editor.load(store.openProcessor(processor));
-        QTRY_VERIFY(told.count() > 0); // the worker has asked for the loads
+        settle(host, store);
+    }
+    /// Keeps the hand-over worker busy in the host until letGo(): meanwhile nothing that is deferred begins.
+    void holdHandOver()
+    {
+        closed = std::unique_lock<std::mutex>(gate);
+        answers()->onCalled = [this](const QString &call) {
+            if (call == FollowUp)
+                const std::lock_guard<std::mutex> passed(gate);
+        };
+        editor.move(3);
+        store.syncLayoutData(false);
+        QTRY_VERIFY(answers()->calls().contains(FollowUp));
+        answers()->onCalled = nullptr;
+        answers()->forgetCalls();
+    }
+    /// Lets the worker go on when all that was deferred until now is due.
+    void letGo()
+    {
+        QTest::qWait(250);
+        closed.unlock();
     }
     CFakeAnswers answers() { return host.answers(); }
     /// The host's port @p backup carries the cabinets of @p primary.
@@ -75,10 +99,11 @@ struct SStoreScene final
     {
         return QStringLiteral("commitLayoutData(%1)").arg(processor.toString(QUuid::WithoutBraces));
     }
-};
 
-const QString FollowUpNeeded = QStringLiteral("layoutFollowUpNeeded");
-const QString FollowUp = QStringLiteral("applyLayoutFollowUp(false)");
+private:
+    std::mutex gate;
+    std::unique_lock<std::mutex> closed;
+};
 
 } // namespace
 
@@ -126,12 +151,13 @@ private Q_SLOTS:
     void handsOverLaterTheLastLayoutOnly()
     {
         SStoreScene scene;
-        scene.answers()->forgetCalls();
+        scene.holdHandOver();
         for (int i = 0; i < 5; ++i) {
             scene.editor.move(0);
             scene.store.syncLayoutData(false);
         }
         QCOMPARE(scene.handOverCalls(), QStringList());
+        scene.letGo();
         const QStringList expected{scene.commitOf(scene.a), FollowUp};
         QTRY_COMPARE(scene.handOverCalls(), expected);
         QVERIFY(scene.answers()->threadOf(QStringLiteral("commitLayoutData")) != std::this_thread::get_id());
@@ -141,14 +167,15 @@ private Q_SLOTS:
     void atOnceTakesThePlaceOfWhatIsDeferred()
     {
         SStoreScene scene;
-        scene.answers()->forgetCalls();
+        scene.holdHandOver();
         scene.editor.move(0);
         scene.store.syncLayoutData(false);
         scene.editor.move(0);
         scene.store.syncLayoutData(true);
         scene.show(scene.b);
-        QTest::qWait(300);
-        QCOMPARE(scene.handOverCalls().count(scene.commitOf(scene.a)), 1);
+        scene.letGo();
+        const QStringList expected{scene.commitOf(scene.a), FollowUpNeeded, FollowUp};
+        QTRY_COMPARE(scene.handOverCalls(), expected);
     }
 
     void anotherProcessorDoesNotLoseTheEditsBefore()
@@ -177,6 +204,7 @@ private Q_SLOTS:
     void editsOfAReplacedLayoutDoNotCount()
     {
         SStoreScene scene;
+        scene.holdHandOver();
         scene.editor.move(0);
         scene.store.syncLayoutData(false);
         CSignalLog replaced(&scene.store, &CLayoutData::notifyLayoutReplaced);
@@ -186,7 +214,8 @@ private Q_SLOTS:
         scene.host.notify(LayoutNotification::LayoutReplaced, scene.a);
         scene.editor.move(1); // the editor still shows the layout before
         scene.store.syncLayoutData(true);
-        QTest::qWait(300);
+        scene.letGo();
+        QTRY_COMPARE(scene.handOverCalls().last(), FollowUp); // of the edit before
         QCOMPARE(scene.answers()->layoutData(scene.a), imported);
         QTRY_COMPARE(replaced.count(), 1);
 
@@ -200,6 +229,7 @@ private Q_SLOTS:
     void aBackupChangeKeepsPendingEdits()
     {
         SStoreScene scene;
+        scene.holdHandOver();
         scene.store.setPortLocked(1, true);
         scene.answers()->layouts[scene.a].layout.ports[0].redundancy = Port::Primary;
         scene.host.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{0, 3, true});

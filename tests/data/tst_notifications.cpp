@@ -5,6 +5,7 @@
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CSignalLog.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/harness/StoreBarrier.h"
 
 namespace {
 
@@ -98,12 +99,10 @@ struct SDispatchScene final
         const std::lock_guard<std::mutex> lock(mutex);
         return signalled.contains(name);
     }
-    /// Waits until the worker has done all that was posted, and delivers what it queued.
+    /// Waits for the worker, and takes what was signalled until then.
     void settle()
     {
-        host.notify(LayoutNotification::DetectFinished);
-        QTRY_VERIFY(hasNoted(QStringLiteral("canvas")));
-        QCoreApplication::sendPostedEvents();
+        ::settle(host, store);
         const std::lock_guard<std::mutex> lock(mutex);
         signalled.removeAll(QStringLiteral("detected"));
         signalled.removeAll(QStringLiteral("canvas"));
@@ -228,7 +227,7 @@ private Q_SLOTS:
             QCOMPARE(signal + scene.threadOf(signal), signal + thread);
         if (!asked.isEmpty())
             QCOMPARE(scene.threadOf(asked), thread);
-        QTRY_COMPARE(scene.controller.invoked, slots_);
+        QCOMPARE(scene.controller.invoked, slots_);
         QVERIFY(scene.controller.onOwnThread);
     }
 
@@ -239,12 +238,12 @@ private Q_SLOTS:
         scene.host.answers()->layouts[scene.a].canvas = QSize(640, 480);
         CSignalLog canvas(&scene.store, &CLayoutData::notifyProcessorCanvasSizeChanged);
         scene.settle();
-        QTRY_COMPARE(canvas.count(), 1);
+        QCOMPARE(canvas.count(), 1);
         QCOMPARE(canvas[0], QVariantList{QSize(640, 480)});
         QCOMPARE(scene.store.canvasSize(), QSize(640, 480));
         QCOMPARE(scene.store.currentPort(), -1);
-        QVERIFY(scene.threads.value(QStringLiteral("detected")) != scene.host.updateThread());
-        QVERIFY(scene.threads.value(QStringLiteral("detected")) != std::this_thread::get_id());
+        scene.ranOn = scene.host.updateThread();
+        QCOMPARE(scene.threadOf(QStringLiteral("detected")), QStringLiteral("worker"));
     }
 
     void aBackupChangeRefreshesThePortsOnTheUpdateThread()
@@ -253,12 +252,12 @@ private Q_SLOTS:
         scene.store.setCurrentPort(1);
         scene.host.answers()->layouts[scene.a].layout.ports.clear();
         CSignalLog backup(&scene.store, &CLayoutData::notifyProcessorPortBackup);
-        scene.host.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{0, 2, true});
-        QVERIFY(scene.threads.value(QStringLiteral("backup")) == scene.host.updateThread());
-        QVERIFY(scene.host.answers()->threadOf(QStringLiteral("layoutData")) == scene.host.updateThread());
+        scene.led(LayoutNotification::PortBackupChanged, SPortBackupChange{0, 2, true});
+        QCOMPARE(scene.threadOf(QStringLiteral("backup")), QStringLiteral("Update"));
+        QCOMPARE(scene.threadOf(QStringLiteral("layoutData")), QStringLiteral("Update"));
         QVERIFY(scene.store.ports().isEmpty());
         QCOMPARE(scene.store.currentPort(), -1);
-        QTRY_COMPARE(backup.count(), 1);
+        QCOMPARE(backup.count(), 1);
         QCOMPARE(backup[0], (QVariantList{0, 2, true}));
     }
 
@@ -298,7 +297,7 @@ private Q_SLOTS:
         QVERIFY(!scene.led(LayoutNotification::CurrentProcessorChanged, scene.a).contains(cancel));
         scene.host.answers()->layouts[scene.a].layout.ports[1].groups[0].cabinets[0].rank = -1;
         QVERIFY(scene.led(LayoutNotification::CurrentProcessorChanged, scene.a).contains(cancel));
-        QVERIFY(scene.threads.value(cancel) != std::this_thread::get_id());
+        QCOMPARE(scene.threadOf(cancel), QStringLiteral("Update"));
         scene.host.choose(QUuid());
         QVERIFY(!scene.led(LayoutNotification::CurrentProcessorChanged, QUuid()).contains(cancel));
         QVERIFY(scene.store.currentProcessor().isNull());
@@ -311,7 +310,7 @@ private Q_SLOTS:
         QCOMPARE(scene.led(LayoutNotification::SelectedNodeChanged,
                            SSelectedNodeChange{{}, PrcTreeNodeType::Other}),
                  QStringList());
-        QTRY_COMPARE(scene.controller.invoked, QStringList{QStringLiteral("selected 2 0")});
+        QCOMPARE(scene.controller.invoked, QStringList{QStringLiteral("selected 2 0")});
     }
 
     void backgroundAndCanvasOfOthersAreKeptQuietly()
@@ -324,7 +323,8 @@ private Q_SLOTS:
         CSignalLog canvas(&scene.store, &CLayoutData::notifyProcessorCanvasSizeChanged);
         scene.host.notify(LayoutNotification::CanvasSizeChanged, SCanvasSizeChange{b, QSize(1, 2)});
         scene.host.notify(LayoutNotification::CanvasSizeChanged, SCanvasSizeChange{scene.a, QSize(3, 4)});
-        QTRY_COMPARE(canvas.count(), 1);
+        scene.settle();
+        QCOMPARE(canvas.count(), 2); // the second is that of the detection
         QCOMPARE(canvas[0], QVariantList{QSize(3, 4)});
     }
 
@@ -339,7 +339,7 @@ private Q_SLOTS:
         scene.led(LayoutNotification::BackgroundChanged, first);
         CSignalLog changed(&scene.store, &CLayoutData::notifyProcessorBackgroundChanged);
         scene.led(LayoutNotification::BackgroundChanged, second);
-        QTRY_COMPARE(changed.count(), 1);
+        QCOMPARE(changed.count(), 1);
         QCOMPARE(changed[0].at(0).value<SBackgroundInfo>(), first);
         QCOMPARE(changed[0].at(1).value<SBackgroundInfo>(), second);
         QCOMPARE(changed[0].at(2).toBool(), false);
@@ -352,7 +352,8 @@ private Q_SLOTS:
         scene.host.answers()->layouts[scene.a].layout.ports[0].groups.clear();
         scene.host.notify(LayoutNotification::LayoutsReplaced, QList<QUuid>{scene.a});
         QCOMPARE(scene.store.port(0).cabinetCount(), 0);
-        QVERIFY(scene.threads.value(QStringLiteral("replaced")) == scene.host.updateThread());
+        scene.ranOn = scene.host.updateThread();
+        QCOMPARE(scene.threadOf(QStringLiteral("replaced")), QStringLiteral("Update"));
     }
 
     void aRemovedProcessorIsForgotten()

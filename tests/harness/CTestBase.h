@@ -6,6 +6,13 @@
 #include <QRegularExpression>
 #include <QtTest>
 
+/// How long a test waits for what must come, before it fails: enough for a sanitizer on a slow, busy machine.
+constexpr int PatienceMilliseconds = 30000;
+#undef QTRY_VERIFY
+#define QTRY_VERIFY(condition) QTRY_VERIFY_WITH_TIMEOUT(condition, PatienceMilliseconds)
+#undef QTRY_COMPARE
+#define QTRY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, PatienceMilliseconds)
+
 /// Base of all test classes: a warning that was not announced with expectWarning() fails the test.
 /// A test class that has init() or cleanup() of its own calls these first.
 class CTestBase : public QObject

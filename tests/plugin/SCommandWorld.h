@@ -10,6 +10,7 @@
 #include "layout/plugin/CEditorCommands.h"
 #include "layout/plugin/LayoutNotification.h"
 #include "tests/harness/CFakeHost.h"
+#include "tests/harness/StoreBarrier.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -53,7 +54,7 @@ struct SCommandWorld
         const QUuid processor = host.addProcessor(QStringLiteral("Main"), ports, cabinets);
         host.choose(processor);
         host.notify(LayoutNotification::CurrentProcessorChanged, processor);
-        QTRY_COMPARE(store.currentProcessor(), processor);
+        settle(host, store);
         const ProcessorTree::ProcessorNode node = host.answers()->getProcessorNode(processor);
         view.showLayout(node, store.openProcessor(processor));
         store.setCurrentPort(ports - 1);

@@ -11,8 +11,8 @@
 #include "layout/plugin/LayoutNotification.h"
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
-#include "tests/harness/CSignalLog.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/harness/StoreBarrier.h"
 
 #include <QLabel>
 #include <QMenu>
@@ -44,15 +44,7 @@ struct SModuleScene final
             host.notify(LayoutNotification::CurrentProcessorChanged, processors.first());
         }
         host.notify(LayoutNotification::SelectedNodeChanged, SSelectedNodeChange{{}, type});
-        settle();
-    }
-    /// Delivers what the worker has posted to the pages.
-    void settle()
-    {
-        CSignalLog done(&store, &CLayoutData::notifyDetectFinished);
-        host.notify(LayoutNotification::DetectFinished);
-        QTRY_COMPARE(done.count(), 1);
-        QCoreApplication::sendPostedEvents();
+        settle(host, store);
     }
     QStackedLayout &pages() const { return *layout.findChild<QStackedLayout *>(); }
     QString page() const
@@ -322,7 +314,7 @@ private Q_SLOTS:
             return all.join(QLatin1Char('|'));
         };
         module.host.notify(LayoutNotification::ReadbackFinished, SReadbackResult{module.b, true});
-        module.settle();
+        settle(module.host, module.store);
         QVERIFY(!texts().contains(QLatin1String("equals")));
         module.host.notify(LayoutNotification::ReadbackFinished, SReadbackResult{module.a, true});
         QTRY_VERIFY(texts().contains(QLatin1String("The processor's mapping equals the layout.")));
@@ -341,7 +333,7 @@ private Q_SLOTS:
                      QStringList{QStringLiteral("setCabinetHighlight(1,1)")});
         module.host.notify(LayoutNotification::SelectedNodeChanged,
                            SSelectedNodeChange{{}, PrcTreeNodeType::Processor});
-        module.settle();
+        settle(module.host, module.store);
         QVERIFY(!cabinet->isHighlighted());
         QVERIFY(bar.tool(CEditorToolBar::Arrow)->isChecked());
         QCOMPARE(module.answers()->calls().filter(call).last(), QStringLiteral("setCabinetHighlight(0,0)"));

@@ -7,6 +7,7 @@
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/harness/StoreBarrier.h"
 
 #include <QToolButton>
 
@@ -26,6 +27,7 @@ struct SMappingScene final
         host.choose(a);
         host.subject()->attach(store);
         host.notify(LayoutNotification::CurrentProcessorChanged, a);
+        settle(host, store);
         const ProcessorTree::ProcessorNode node = host.answers()->currentProcessorNode();
         panel.onCurrentProcessorChanged(node);
     }

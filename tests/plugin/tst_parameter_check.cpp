@@ -5,6 +5,7 @@
 #include "layout/plugin/LayoutNotification.h"
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/harness/StoreBarrier.h"
 
 namespace {
 
@@ -35,6 +36,7 @@ struct SParameterScene final
         host.choose(a);
         host.subject()->attach(store);
         host.notify(LayoutNotification::CurrentProcessorChanged, a);
+        settle(host, store);
     }
     ~SParameterScene()
     {

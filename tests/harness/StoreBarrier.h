@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/data/CLayoutData.h"
+#include "layout/plugin/LayoutNotification.h"
+#include "tests/harness/CFakeHost.h"
+#include "tests/harness/CTestBase.h"
+
+#include <QEventLoop>
+#include <QTimer>
+
+/// Returns when the notification worker of @p store, which is attached to @p host, has done all that was
+/// posted to it, and what it queued for this thread has been delivered. Both must hold the same processor for
+/// current. It takes a finished detection for that: what the store does then begins with one signal and ends
+/// with another.
+inline void settle(CFakeHost &host, CLayoutData &store)
+{
+    QEventLoop loop;
+    bool begun = false;
+    QObject::connect(&store, &CLayoutData::notifyDetectFinished, &loop, [&begun] { begun = true; });
+    QObject::connect(&store, &CLayoutData::notifyProcessorCanvasSizeChanged, &loop, [&] {
+        if (begun)
+            loop.quit();
+    });
+    QTimer::singleShot(PatienceMilliseconds, &loop,
+                       [] { qFatal("The store's worker does not come to an end"); });
+    host.notify(LayoutNotification::DetectFinished);
+    loop.exec();
+}
