@@ -6,6 +6,7 @@
 #include "host/app/SAppOptions.h"
 #include "host/devices/CDeviceJob.h"
 #include "host/devices/CDeviceTreeModel.h"
+#include "host/devices/simulated/CSimulatedProcessor.h"
 #include "layout/data/records/RecordMetaTypes.h"
 #include "layout/plugin/ILayoutInterface.h"
 #include "platform/widgets/CTheme.h"
@@ -13,7 +14,6 @@
 #include "tests/harness/CTestBase.h"
 
 #include <QAction>
-#include <QElapsedTimer>
 #include <QGraphicsView>
 #include <QLabel>
 #include <QMenu>
@@ -84,6 +84,13 @@ private:
         tree().scrollTo(index);
         QTest::mouseClick(tree().viewport(), Qt::LeftButton, modifiers, tree().visualRect(index).center());
     }
+    /// Chooses a processor and waits until the module is ready to read and save it.
+    void open(const QString &name, const QString &title)
+    {
+        click(name);
+        QTRY_VERIFY(showsEditor() && showsText(*m_window, title));
+        QTRY_VERIFY(visibleButton<QToolButton>(*m_window, "Save")->menu()->defaultAction()->isEnabled());
+    }
     bool showsEditor() const
     {
         return findVisible<QGraphicsView>(*m_window, [](const QGraphicsView &) { return true; });
@@ -98,14 +105,14 @@ private:
     {
         CMessageBoxAnswerer user({QStringLiteral("OK")});
         QTest::mouseClick(visibleButton(*m_window, button), Qt::LeftButton);
-        [&user] { QTRY_VERIFY_WITH_TIMEOUT(!user.boxes().isEmpty(), PatienceMilliseconds); }();
+        [&user] { QTRY_VERIFY(!user.boxes().isEmpty()); }();
         return user.texts().join(QLatin1Char('|'));
     }
     static SDeviceSettings devicesIn(const QTemporaryDir &folder)
     {
         SDeviceSettings settings;
         settings.stateFolder = folder.path();
-        settings.delayScale = 0.1;
+        settings.delayScale = 0.5;
         return settings;
     }
 
@@ -118,7 +125,7 @@ private Q_SLOTS:
         m_window->loadModule(QStringLiteral(ORVO_LAYOUT_MODULE));
         QVERIFY(m_window->moduleHost().layoutModule());
         m_window->show();
-        QVERIFY(QTest::qWaitForWindowExposed(m_window.get()));
+        QVERIFY(QTest::qWaitForWindowExposed(m_window.get(), PatienceMilliseconds));
     }
 
     void init()
@@ -161,7 +168,7 @@ private Q_SLOTS:
         QVERIFY(!action("Detect devices")->isEnabled());
         const auto *progress = m_window->findChild<QWidget *>(QStringLiteral("JobProgress"));
         QVERIFY(progress->isVisible());
-        QTRY_VERIFY_WITH_TIMEOUT(!m_window->manager().currentJob(), PatienceMilliseconds);
+        QTRY_VERIFY(!m_window->manager().currentJob());
         QVERIFY(!progress->isVisible());
         QVERIFY(action("Detect devices")->isEnabled());
         for (const char *name :
@@ -193,7 +200,7 @@ private Q_SLOTS:
         QFETCH(QString, title);
         for (int i = 0; i < nodes.size(); ++i)
             click(nodes.at(i), i == 0 ? Qt::NoModifier : Qt::ControlModifier);
-        QTRY_VERIFY_WITH_TIMEOUT(shows(title), PatienceMilliseconds);
+        QTRY_VERIFY(shows(title));
         const auto device = m_window->manager().table().currentDevice();
         QCOMPARE(device.has_value(), nodes.size() == 1 && nodes.first() != QStringLiteral("Side screens"));
         if (device)
@@ -221,19 +228,19 @@ private Q_SLOTS:
         click(QStringLiteral("Balcony"));
         QTRY_VERIFY(visibleButton(*m_window, "Video processor mode"));
         QCOMPARE(reportOf("Video processor mode"), QStringLiteral("Set successful."));
-        QTRY_VERIFY_WITH_TIMEOUT(showsEditor(), PatienceMilliseconds);
+        QTRY_VERIFY(showsEditor());
     }
 
     void aMappingIsSavedAndReadBack()
     {
-        click(QStringLiteral("Lobby"));
-        QTRY_VERIFY(showsEditor());
+        open(QStringLiteral("Lobby"), QStringLiteral("Lobby(192.168.10.11)"));
         const QUuid lobby = m_window->devicePanel().singleProcessor();
-        QTRY_VERIFY(visibleButton(*m_window, "Save")->isEnabled());
         QCOMPARE(reportOf("Save"), QStringLiteral("Save mapping successful."));
         const CabinetLayout saved = m_window->manager().table().device(lobby)->working.layout();
         QCOMPARE(reportOf("Read"), QStringLiteral("Read mapping successful."));
-        QCOMPARE(m_window->manager().table().device(lobby)->working.layout(), saved);
+        const CabinetLayout read = m_window->manager().table().device(lobby)->working.layout();
+        for (int port = 0; port < saved.ports.size(); ++port)
+            QVERIFY(LayoutData::comparePortData(read.ports.at(port), saved.ports.at(port), true));
         QVERIFY(!m_window->manager().isModified(lobby));
         action("Refuse requests")->trigger();
         QCOMPARE(reportOf("Read"), QStringLiteral("Read mapping failed."));
@@ -310,11 +317,10 @@ private Q_SLOTS:
 
     void quittingStopsWhatRunsIfTheUserAgrees()
     {
-        click(QStringLiteral("Arena"));
-        QTRY_VERIFY(showsEditor());
+        open(QStringLiteral("Arena"), QStringLiteral("Arena(192.168.10.80)"));
         const QUuid arena = m_window->devicePanel().singleProcessor();
+        const quint64 before = m_window->manager().table().device(arena)->revision;
         m_window->manager().simulate(arena, SimulationFault::Slow, true);
-        QTRY_VERIFY(visibleButton(*m_window, "Save")->isEnabled());
         QTest::mouseClick(visibleButton(*m_window, "Save"), Qt::LeftButton);
         QVERIFY(m_window->manager().currentJob());
         const CMessageBoxAnswerer user({QStringLiteral("No"), QStringLiteral("Yes")});
@@ -324,13 +330,14 @@ private Q_SLOTS:
             user.texts().first(),
             QStringLiteral("The mapping is still being saved to Arena(192.168.10.80). Quit and stop it?"));
         QCOMPARE(user.boxes().first().defaultButton, QStringLiteral("No"));
-        QElapsedTimer timer;
-        timer.start();
         QVERIFY(m_window->close());
         QCOMPARE(user.boxes().size(), 2);
         m_window->shutDown();
         QVERIFY(!m_window->manager().currentJob());
-        QVERIFY2(timer.elapsed() < PatienceMilliseconds / 4, "the job was waited for, not cancelled");
+        CCancelToken token;
+        quint64 kept = 0;
+        QCOMPARE(m_window->manager().device(arena)->revision(token, kept), DeviceError::None);
+        QCOMPARE(kept, before); // the job was cancelled, not waited for
         m_window.reset();
     }
 };

@@ -52,7 +52,7 @@ private Q_SLOTS:
         QProcess process;
         process.setProcessEnvironment(variables);
         process.start(QStringLiteral(ORVO_PROGRAM), arguments);
-        QVERIFY(process.waitForFinished(20000));
+        QVERIFY(process.waitForFinished(PatienceMilliseconds));
         QCOMPARE(process.exitStatus(), QProcess::NormalExit);
         QCOMPARE(process.exitCode(), status);
         const QString errors = QString::fromLocal8Bit(process.readAllStandardError());
@@ -80,11 +80,11 @@ private Q_SLOTS:
         QProcess process;
         process.setProcessEnvironment(variables);
         process.start(QStringLiteral(ORVO_PROGRAM), {QStringLiteral("--demo"), QStringLiteral("--detect")});
-        QVERIFY(process.waitForStarted(20000));
+        QVERIFY(process.waitForStarted(PatienceMilliseconds));
         const QString log = home.filePath(QStringLiteral("Velmarinth/Orvo/log/orvo.log"));
-        QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(log), 20000);
+        QTRY_VERIFY(QFile::exists(log));
         QCOMPARE(::kill(static_cast<pid_t>(process.processId()), number), 0);
-        QVERIFY(process.waitForFinished(20000));
+        QVERIFY(process.waitForFinished(PatienceMilliseconds));
         QCOMPARE(process.exitStatus(), QProcess::NormalExit);
         QCOMPARE(process.exitCode(), 128 + number);
         QFile file(log);

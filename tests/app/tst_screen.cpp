@@ -174,9 +174,9 @@ private Q_SLOTS:
         QVERIFY(flash.copy(100, 0, 100, 100) != calm.copy(100, 0, 100, 100));
         QCOMPARE(flash.copy(0, 0, 100, 100), calm.copy(0, 0, 100, 100));
         changed.clear();
-        QVERIFY(changed.wait(2000));
+        QVERIFY(changed.wait(PatienceMilliseconds));
         QCOMPARE(paint(picture), calm);
-        QVERIFY(changed.wait(2000));
+        QVERIFY(changed.wait(PatienceMilliseconds));
         QCOMPARE(paint(picture), flash);
         picture.setHighlight({}, CabinetHighlight::Off);
         QCOMPARE(paint(picture), calm);

@@ -40,7 +40,7 @@ private Q_SLOTS:
         CSimulateScreen window(picture);
         window.resize(200, 100);
         window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QVERIFY(QTest::qWaitForWindowExposed(&window, PatienceMilliseconds));
         const auto colorAt = [&window](int x) { return window.grabFramebuffer().pixelColor(x, 60); };
         QTRY_VERIFY(colorAt(50).blue() > 100 && colorAt(50).red() < 100);
         QVERIFY(colorAt(150).value() < 40);

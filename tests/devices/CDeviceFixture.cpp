@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/devices/CDeviceFixture.h"
 
+#include "host/devices/CSimulatedPark.h"
 #include "host/library/CTypeLibrary.h"
-
-#include <QtTest>
+#include "tests/harness/CTestBase.h"
 
 #include <optional>
 
@@ -84,15 +84,17 @@ QString CNotificationLog::waitFor(int code)
 {
     const QString prefix = QString::number(code);
     QString found;
-    const bool arrived = QTest::qWaitFor([&] {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        while (!m_texts.isEmpty() && found.isEmpty()) {
-            const QString text = m_texts.takeFirst();
-            if (text == prefix || text.startsWith(prefix + QLatin1Char(' ')))
-                found = text;
-        }
-        return !found.isEmpty();
-    });
+    const bool arrived = QTest::qWaitFor(
+        [&] {
+            const std::lock_guard<std::mutex> lock(m_mutex);
+            while (!m_texts.isEmpty() && found.isEmpty()) {
+                const QString text = m_texts.takeFirst();
+                if (text == prefix || text.startsWith(prefix + QLatin1Char(' ')))
+                    found = text;
+            }
+            return !found.isEmpty();
+        },
+        PatienceMilliseconds);
     return arrived ? found : QString();
 }
 
@@ -136,7 +138,7 @@ SDeviceOutcome CDeviceFixture::outcomeOf(const std::function<void(CDeviceManager
 {
     std::optional<SDeviceOutcome> ended;
     start([&ended](const SDeviceOutcome &outcome) { ended = outcome; });
-    if (!QTest::qWaitFor([&ended] { return ended.has_value(); }, 20000))
+    if (!QTest::qWaitFor([&ended] { return ended.has_value(); }, PatienceMilliseconds))
         return {SDeviceOutcome::Failed, QStringLiteral("no outcome")};
     return *ended;
 }
@@ -144,6 +146,16 @@ SDeviceOutcome CDeviceFixture::outcomeOf(const std::function<void(CDeviceManager
 SDeviceOutcome CDeviceFixture::detect()
 {
     return outcomeOf([this](CDeviceManager::Done done) { manager.detect(std::move(done)); });
+}
+
+QUuid CDeviceFixture::detectAlone(const char *name)
+{
+    for (const auto &processor : manager.park().processors()) {
+        const bool wanted = processor->identity().name == QLatin1String(name);
+        manager.simulate(processor->identity().uuid, SimulationFault::Offline, !wanted);
+    }
+    detect();
+    return named(name);
 }
 
 SDeviceOutcome CDeviceFixture::save(const QUuid &processor)

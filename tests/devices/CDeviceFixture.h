@@ -18,7 +18,7 @@ class CNotificationLog final : public CObserver
 public:
     void Update(CSubject &subject) override;
     QStringList take();        ///< since the last call
-    QString waitFor(int code); ///< the text of the next notification with that code; empty after five seconds
+    QString waitFor(int code); ///< the text of the next notification with that code; empty when none comes
 
 private:
     std::mutex m_mutex;
@@ -39,6 +39,8 @@ struct CDeviceFixture
     /// Lets @p start begin a job and waits for its outcome.
     SDeviceOutcome outcomeOf(const std::function<void(CDeviceManager::Done)> &start);
     SDeviceOutcome detect();
+    /// Switches all processors of the park off but that one, and detects it: quick although delays are long.
+    QUuid detectAlone(const char *name);
     SDeviceOutcome save(const QUuid &processor);
     SDeviceOutcome read(const QUuid &processor);
     /// Commits the processor's layout with one cabinet of @p port moved, as the module would.

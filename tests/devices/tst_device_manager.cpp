@@ -9,8 +9,6 @@
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
 
-#include <QTimer>
-
 namespace {
 
 QString idOf(const QUuid &uuid)
@@ -117,7 +115,10 @@ private Q_SLOTS:
     {
         CDeviceFixture host;
         int served = 0;
-        const auto serve = [&] { QTimer::singleShot(0, &host.manager, [&served] { ++served; }); };
+        const auto serve = [&] {
+            QMetaObject::invokeMethod(
+                &host.manager, [&served] { ++served; }, Qt::QueuedConnection);
+        };
         serve();
         const QUuid demo = host.manager.openDemo().value();
         QCOMPARE(served, 1);

@@ -8,8 +8,8 @@
 #include <QUuid>
 
 #include <atomic>
-#include <chrono>
 #include <future>
+#include <memory>
 
 namespace {
 
@@ -65,9 +65,12 @@ private Q_SLOTS:
         updates.subject().attach(observer);
         updates.post(LayoutNotification::DetectFinished);
         QTRY_VERIFY(observer.entered);
-        updates.post(LayoutNotification::WorkModeChanged);
-        std::thread gate([&observer] {
-            std::this_thread::sleep_for(std::chrono::milliseconds(50)); // until stop() has cleared the queue
+        auto argument = std::make_shared<int>();
+        const std::weak_ptr<int> waiting = argument;
+        updates.post(LayoutNotification::WorkModeChanged, std::move(argument));
+        std::thread gate([&observer, &waiting] {
+            while (!waiting.expired()) // until stop() has cleared the queue
+                std::this_thread::yield();
             observer.letGo();
         });
         updates.stop(CUpdateThread::Drop);

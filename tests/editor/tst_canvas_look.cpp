@@ -73,7 +73,7 @@ private Q_SLOTS:
         QFETCH(QPoint, corner);
         QFETCH(bool, shown);
         CMouseTester mouse;
-        QVERIFY(QTest::qWaitForWindowExposed(&mouse.view()));
+        QVERIFY(QTest::qWaitForWindowExposed(&mouse.view(), PatienceMilliseconds));
         mouse.showAtActualSize();
         const auto picture = [&] {
             const QPoint place = mouse.view().mapFromScene(corner);

@@ -34,7 +34,7 @@ private Q_SLOTS:
     {
         CTestBase::init();
         m_mouse = std::make_unique<CMouseTester>();
-        QVERIFY(QTest::qWaitForWindowExposed(&m_mouse->view()));
+        QVERIFY(QTest::qWaitForWindowExposed(&m_mouse->view(), PatienceMilliseconds));
         m_mouse->showAtActualSize();
     }
     void cleanup()
@@ -185,17 +185,18 @@ private:
     bool menuShownAt(const QPoint &place)
     {
         bool shown = false;
-        QTimer::singleShot(0, this, [&shown] {
+        QTimer watch;
+        connect(&watch, &QTimer::timeout, this, [&shown] {
             if (QWidget *popup = QApplication::activePopupWidget()) {
                 shown = true;
                 popup->close();
             }
         });
+        watch.start(1);
         QWidget *viewport = m_mouse->view().viewport();
         const QPoint local = m_mouse->view().mapFromScene(place);
         QContextMenuEvent event(QContextMenuEvent::Mouse, local, viewport->mapToGlobal(local));
-        QApplication::sendEvent(viewport, &event);
-        QCoreApplication::processEvents();
+        QApplication::sendEvent(viewport, &event); // returns once the menu is closed
         return shown;
     }
 

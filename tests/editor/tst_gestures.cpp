@@ -40,7 +40,7 @@ private Q_SLOTS:
     {
         CTestBase::init();
         m_mouse = std::make_unique<CMouseTester>();
-        QVERIFY(QTest::qWaitForWindowExposed(&m_mouse->view()));
+        QVERIFY(QTest::qWaitForWindowExposed(&m_mouse->view(), PatienceMilliseconds));
         m_mouse->showAtActualSize();
     }
     void cleanup()

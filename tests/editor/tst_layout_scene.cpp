@@ -175,7 +175,7 @@ private Q_SLOTS:
         view.resize(800, 600);
         view.show();
         view.showLayout(SmallWorlds::node(data), data);
-        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        QVERIFY(QTest::qWaitForWindowExposed(&view, PatienceMilliseconds));
         const QRectF content = view.cabinetScene().contentRect();
         const QRectF shown = view.mapToScene(view.viewport()->rect()).boundingRect();
         QVERIFY(shown.contains(content));

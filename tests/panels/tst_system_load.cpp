@@ -90,7 +90,7 @@ private Q_SLOTS:
         CSystemLoadProgressBar bar;
         bar.onNotifyProcessorPayloadChanged(100);
         bar.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&bar));
+        QVERIFY(QTest::qWaitForWindowExposed(&bar, PatienceMilliseconds));
         QCoreApplication::processEvents();
         CPaintCounter paints;
         bar.installEventFilter(&paints);

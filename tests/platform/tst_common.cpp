@@ -57,7 +57,7 @@ private Q_SLOTS:
         QTimer::singleShot(5, this, [&served] { served = true; });
         const std::thread::id caller = std::this_thread::get_id();
         const bool elsewhere = CBackgroundCall::result([&] {
-            QDeadlineTimer patience(5000);
+            QDeadlineTimer patience(PatienceMilliseconds);
             while (!served && !patience.hasExpired())
                 std::this_thread::yield();
             return std::this_thread::get_id() != caller;

@@ -129,7 +129,7 @@ private Q_SLOTS:
         order << dialog.buttonBox()->button(QDialogButtonBox::Ok)
               << dialog.buttonBox()->button(QDialogButtonBox::Cancel) << order.first();
         dialog.show();
-        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QVERIFY(QTest::qWaitForWindowActive(&dialog, PatienceMilliseconds));
         for (QWidget *expected : qAsConst(order)) {
             QCOMPARE(dialog.focusWidget(), expected);
             QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);

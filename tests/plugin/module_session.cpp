@@ -18,6 +18,8 @@
 #include <QMenu>
 #include <QVBoxLayout>
 
+#include <unistd.h>
+
 namespace {
 
 using Entry = decltype(&Layout_Init);
@@ -46,11 +48,16 @@ int threadCount()
     return QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
 }
 
+bool threadLives(pid_t thread)
+{
+    return QDir(QStringLiteral("/proc/self/task/%1").arg(thread)).exists();
+}
+
 void waitFor(const std::function<bool()> &holds, const char *what)
 {
     QElapsedTimer timer;
     timer.start();
-    while (!holds() && timer.elapsed() < 10000)
+    while (!holds() && timer.elapsed() < PatienceMilliseconds)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
     expect(holds(), what);
 }
@@ -85,7 +92,9 @@ void useModule(Entry init)
     CSessionHost object;
     host.hostObject = &object;
     const QUuid a = host.addProcessor(QStringLiteral("A"), 16, 20);
-    std::thread([] {}).join(); // with the first thread a sanitizer starts one of its own
+    pid_t first = 0;
+    std::thread([&first] { first = gettid(); }).join(); // with it a sanitizer starts one of its own
+    waitFor([first] { return !threadLives(first); }, "a thread that was joined ends"); // a moment later
     const int threads = threadCount();
 
     QWidget window;

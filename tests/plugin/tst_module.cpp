@@ -12,7 +12,8 @@ struct SRun final
     {
         QProcess process;
         process.start(program, arguments);
-        ended = process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit;
+        ended =
+            process.waitForFinished(2 * PatienceMilliseconds) && process.exitStatus() == QProcess::NormalExit;
         status = process.exitCode();
         output = QString::fromLocal8Bit(process.readAllStandardOutput());
         errors = QString::fromLocal8Bit(process.readAllStandardError());
