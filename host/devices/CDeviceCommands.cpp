@@ -315,18 +315,19 @@ const SDevice *CDeviceCommands::holderOf(const QList<SDevice> &devices,
 
 CStatus CDeviceCommands::highlight(const Cabinets &cabinets, CabinetHighlight highlight)
 {
+    const auto show = [this](const QUuid &processor, const Cabinets &shown, CabinetHighlight kind) {
+        m_manager.post(
+            [this, processor, shown, kind] { Q_EMIT m_manager.highlightChanged(processor, shown, kind); });
+    };
+    if (!m_highlighted.isNull() && m_highlighted != m_manager.table().current()) // whatever is in view now
+        show(std::exchange(m_highlighted, QUuid()), {}, CabinetHighlight::Off);
     const std::optional<SDevice> device = m_manager.table().currentDevice();
     if (!device)
         return CStatus::failure(unknownProcessor());
     CStatus status = reach(*device);
     if (!status)
         return status;
-    const QUuid processor = device->node.uuid;
-    const QUuid before = std::exchange(m_highlighted, cabinets.isEmpty() ? QUuid() : processor);
-    m_manager.post([this, before, processor, cabinets, highlight] {
-        if (!before.isNull() && before != processor)
-            Q_EMIT m_manager.highlightChanged(before, {}, CabinetHighlight::Off);
-        Q_EMIT m_manager.highlightChanged(processor, cabinets, highlight);
-    });
+    m_highlighted = cabinets.isEmpty() ? QUuid() : device->node.uuid;
+    show(device->node.uuid, cabinets, highlight);
     return status;
 }

@@ -95,8 +95,9 @@ void CLayoutEditorPage::showBackground(const SBackgroundInfo &info)
 {
     CCabinetGraphicsScene &scene = m_view->cabinetScene();
     scene.onBackgroundChanged(info, info);
-    if (!scene.fillProblem().isEmpty())
+    if (!scene.fillProblem().isEmpty() || m_note->text() == m_fillProblem)
         m_note->setText(scene.fillProblem());
+    m_fillProblem = scene.fillProblem();
 }
 
 /// Commands always have a port to act on, where the processor has one.
@@ -178,8 +179,7 @@ void CLayoutEditorPage::connectSignals()
                 scene->onBackgroundChanged(now, before, sizeChanged);
                 showBackground(now);
             });
-    connect(&m_commands->canvas(), &CCanvasCommands::previewed, scene,
-            [scene](const SBackgroundInfo &shown) { scene->onBackgroundChanged(shown, shown); });
+    connect(&m_commands->canvas(), &CCanvasCommands::previewed, this, &CLayoutEditorPage::showBackground);
     connect(&m_store, &CLayoutData::notifyProcessorStateChanged, scene,
             &CCabinetGraphicsScene::onNotifyProcessorStateChanged);
     connect(&m_store, &CLayoutData::notifyProcessorPortBackup, scene,

@@ -56,6 +56,7 @@ private:
     ProcessorTree::ProcessorNode m_processor;
     QLabel *m_title = nullptr;
     QLabel *m_note = nullptr;
+    QString m_fillProblem; ///< the last one, which the note may show
     CPureImageBtn *m_showScreen = nullptr;
     CLayoutGraphicsView *m_view = nullptr;
     std::unique_ptr<CEditorCommands> m_commands;

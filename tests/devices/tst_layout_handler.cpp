@@ -326,16 +326,9 @@ private Q_SLOTS:
         QVERIFY(!handler.readbackCabinetConfig(0, cabinet, file, {}));
     }
 
-    void aHighlightIsShownForDevicesOnly()
+    void aProjectHasNoHardware()
     {
-        int shown = 0;
-        connect(&m_host->manager, &CDeviceManager::highlightChanged, &m_host->manager, [&shown] { ++shown; });
-        const QList<Cabinet> cabinets =
-            m_host->handler.currentProcessorPorts().at(0).getAllCabinets().toList();
-        QVERIFY(m_host->handler.setCabinetHighlight(cabinets, CabinetHighlight::FlashingBox));
-        QTRY_COMPARE(shown, 1);
         m_host->select(m_host->manager.openDemo().value());
-        QVERIFY(!m_host->handler.setCabinetHighlight(cabinets, CabinetHighlight::FlashingBox));
         QVERIFY(!m_host->handler.setCabinetStatusLed(true));
         QVERIFY(!m_host->handler.setWorkMode(m_host->manager.table().current(), ProcessorWorkMode::Bypass));
     }
