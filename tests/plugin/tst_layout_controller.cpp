@@ -245,7 +245,7 @@ private Q_SLOTS:
             module.store.setCurrentPort(-1);
             module.host.notify(LayoutNotification::LayoutReplaced, module.a);
         } else if (news == QLatin1String("detected")) {
-            module.settle();
+            settle(module.host, module.store);
         } else {
             module.host.notify(LayoutNotification::CurrentProcessorChanged, module.b);
             module.host.notify(LayoutNotification::CurrentProcessorChanged, module.a);
