@@ -18,7 +18,9 @@
 #include "layout/settings/CProcessorInView.h"
 #include "platform/widgets/CMessageBox.h"
 
+#include <QApplication>
 #include <QMenu>
+#include <QTimer>
 
 CEditorCommands::CEditorCommands(CLayoutData &store, CLayoutGraphicsView &view)
     : m_store(store)
@@ -156,7 +158,12 @@ bool CEditorCommands::highlight(const QList<Cabinet> &cabinets, CabinetHighlight
 {
     const auto handler = CHostAccess::handler();
     const bool done = handler && handler->setCabinetHighlight(cabinets, kind);
-    if (!done && handler && !cabinets.isEmpty())
-        CMessageBox::information(parent, tr("Set failed."), handler->lastError());
+    if (!done && handler && !cabinets.isEmpty()) {
+        // Asked for in the middle of a press on an item, which a box would keep from its end.
+        QObject *context = parent ? static_cast<QObject *>(parent) : qApp;
+        QTimer::singleShot(0, context, [parent, details = handler->lastError()] {
+            CMessageBox::information(parent, tr("Set failed."), details);
+        });
+    }
     return done;
 }
