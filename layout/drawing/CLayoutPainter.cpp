@@ -6,6 +6,7 @@
 #include "platform/common/CCustomPaint.h"
 
 #include <QFont>
+#include <QMap>
 #include <QPainter>
 #include <QSvgRenderer>
 #include <QtMath>
@@ -19,15 +20,27 @@ constexpr qreal SmallestText = 7; // device pixels
 constexpr qreal MarkSize = 20;    // of the lock and redundancy marks, in canvas pixels
 constexpr qreal MarkMargin = 8;
 constexpr qreal SmallestCustomMark = 2.5; // device pixels
+constexpr qreal AfarWidth = 10;           // device pixels
+constexpr qreal SmallestBorder = 3;       // device pixels; of a smaller cabinet it would be all that is seen
+constexpr qreal ShortestWire = 2; // device pixels; shorter ones would cover the cabinets that they join
 constexpr qreal ArrowLength = 8;
 constexpr qreal ArrowHalfWidth = 5.5;
 constexpr qreal ArrowPlace = 0.25; // of the way from the exit to the entry point
+
+const QString LockPicture = QStringLiteral(":/Image/Layout/PortList/lock_checked.svg");
+const QString RedundancyPicture = QStringLiteral(":/Image/Layout/PortList/Menu/backup.svg");
 
 const QColor WireColor(255, 252, 225);
 const QColor BorderColor(8, 8, 8);
 const QColor FrameColor(202, 202, 210);
 const QColor HighlightColor(255, 214, 64);
 const QColor CustomColor(190, 163, 25);
+
+/// How far @p pixels has come from @p none to what is drawn whole.
+qreal shareOfFull(qreal pixels, qreal none)
+{
+    return qBound(0.0, (pixels - none) / (AfarWidth - none), 1.0);
+}
 
 QPen cosmetic(const QColor &color, qreal width, Qt::PenStyle style = Qt::SolidLine)
 {
@@ -84,6 +97,15 @@ void paintCustomMark(QPainter &painter, const QRectF &cabinet, qreal scale)
     painter.drawConvexPolygon(triangle, 3);
 }
 
+/// For lines of which dashes could not be told apart, so many whole device pixels long. Fades with them: of
+/// ten thousand lines nothing else would be seen.
+QPen shortWirePen(int length)
+{
+    QColor color = WireColor;
+    color.setAlphaF(0.25 + 0.55 * shareOfFull(length, ShortestWire));
+    return cosmetic(color, 1);
+}
+
 /// Length of a unit in which an arrow head is as large as it gets on a line of that length.
 qreal largestArrowUnit(qreal length)
 {
@@ -98,6 +120,26 @@ std::array<QPointF, 3> arrowHead(const QLineF &line, qreal unit)
     return {foot + along * (unit * ArrowLength), foot - side, foot + side};
 }
 
+/// The border is what the fill leaves of a rectangle behind it: a pen would be walked pixel by pixel.
+void paintArea(QPainter &painter, const QRectF &rect, const QColor &fill, const QColor &border, qreal scale)
+{
+    if (!border.isValid()) {
+        painter.fillRect(rect, fill);
+        return;
+    }
+    const qreal hairline = 1 / scale;
+    painter.fillRect(rect.adjusted(0, 0, hairline, hairline), border);
+    painter.fillRect(rect.adjusted(hairline, hairline, 0, 0), fill);
+}
+
+/// @p share of @p over, the rest of @p under.
+QColor blended(const QColor &under, const QColor &over, qreal share)
+{
+    const auto mix = [share](qreal a, qreal b) { return a + (b - a) * share; };
+    return QColor::fromRgbF(mix(under.redF(), over.redF()), mix(under.greenF(), over.greenF()),
+                            mix(under.blueF(), over.blueF()));
+}
+
 void paintFrame(QPainter &painter, const QRectF &rect, const QPen &pen)
 {
     painter.setPen(pen);
@@ -107,20 +149,29 @@ void paintFrame(QPainter &painter, const QRectF &rect, const QPen &pen)
 
 } // namespace
 
+SFarColors SFarColors::of(const QColor &fill, bool selected, bool highlighted, qreal width)
+{
+    SFarColors colors;
+    colors.fill = selected ? CLayoutPainter::selectedFill(fill) : fill;
+    if (highlighted)
+        colors.fill = HighlightColor; // a frame would leave nothing to be framed
+    const qreal share = shareOfFull(width, SmallestBorder);
+    if (share > 0)
+        colors.border = blended(colors.fill, selected ? FrameColor : BorderColor, share);
+    return colors;
+}
+
 void CLayoutPainter::paintCabinet(QPainter &painter, const SCabinetLook &look, qreal scale)
 {
     const QColor fill = look.selected ? selectedFill(look.fill) : look.fill;
     if (isAfar(look.rect.width(), scale)) {
-        painter.fillRect(look.rect, fill);
-        if (look.custom)
-            paintCustomMark(painter, look.rect, scale);
+        const SFarColors colors =
+            SFarColors::of(look.fill, look.selected, look.highlighted, look.rect.width() * scale);
+        paintCabinetFromAfar(painter, look.rect, colors, look.custom, scale);
         return;
     }
 
-    // The border is what the fill leaves of a rectangle behind it: a pen would be walked pixel by pixel.
-    const qreal hairline = 1 / scale;
-    painter.fillRect(look.rect.adjusted(0, 0, hairline, hairline), look.selected ? FrameColor : BorderColor);
-    painter.fillRect(look.rect.adjusted(hairline, hairline, 0, 0), fill);
+    paintArea(painter, look.rect, fill, look.selected ? FrameColor : BorderColor, scale);
     if (look.custom)
         paintCustomMark(painter, look.rect, scale);
     if (!look.innerLines.isEmpty()) {
@@ -131,11 +182,19 @@ void CLayoutPainter::paintCabinet(QPainter &painter, const SCabinetLook &look, q
     }
     paintNumber(painter, look, fill, scale);
     if (look.locked)
-        paintMark(painter, QStringLiteral(":/Image/Layout/PortList/lock_checked.svg"), look.rect, 0, scale);
+        paintMark(painter, LockPicture, look.rect, 0, scale);
     if (look.redundant)
-        paintMark(painter, QStringLiteral(":/Image/Layout/PortList/Menu/backup.svg"), look.rect, 1, scale);
+        paintMark(painter, RedundancyPicture, look.rect, 1, scale);
     if (look.highlighted)
         paintFrame(painter, look.rect, cosmetic(HighlightColor, 3));
+}
+
+void CLayoutPainter::paintCabinetFromAfar(QPainter &painter, const QRectF &rect, const SFarColors &colors,
+                                          bool custom, qreal scale)
+{
+    paintArea(painter, rect, colors.fill, colors.border, scale);
+    if (custom)
+        paintCustomMark(painter, rect, scale);
 }
 
 const QPen &CLayoutPainter::wirePen()
@@ -147,9 +206,10 @@ const QPen &CLayoutPainter::wirePen()
 
 void CLayoutPainter::paintWire(QPainter &painter, const QLineF &line, qreal scale)
 {
-    static const QPen shortPen = cosmetic(WireColor, 1); // dashes would not be told apart
     const qreal length = line.length();
-    painter.setPen(isAfar(length, scale) ? shortPen : wirePen());
+    if (length * scale < ShortestWire)
+        return;
+    painter.setPen(isAfar(length, scale) ? shortWirePen(int(length * scale)) : wirePen());
     painter.drawLine(line);
     if (length * scale < 2 * ArrowLength)
         return;
@@ -160,6 +220,42 @@ void CLayoutPainter::paintWire(QPainter &painter, const QLineF &line, qreal scal
     painter.setPen(Qt::NoPen);
     painter.setBrush(fill);
     painter.drawConvexPolygon(head.data(), int(head.size()));
+}
+
+void CLayoutPainter::paintWires(QPainter &painter, const QVector<QLineF> &lines, qreal scale)
+{
+    QMap<int, QVector<QLineF>> shortLines; // by device pixels; they have no arrow head
+    for (const QLineF &line : lines) {
+        const qreal length = line.length();
+        if (!isAfar(length, scale))
+            paintWire(painter, line, scale);
+        else if (length * scale >= ShortestWire)
+            shortLines[int(length * scale)] << line;
+    }
+    for (auto same = shortLines.cbegin(); same != shortLines.cend(); ++same) {
+        painter.setPen(shortWirePen(same.key()));
+        painter.drawLines(same.value());
+    }
+}
+
+void CLayoutPainter::paintPortMarks(QPainter &painter, const QRectF &bounds, qreal cabinetSide, bool locked,
+                                    bool redundant, qreal scale)
+{
+    if (std::min(MarkSize, cabinetSide / 4) * scale >= SmallestText)
+        return; // each cabinet carries its own
+    const bool both = locked && redundant;
+    const qreal room = std::min(bounds.width() / (both ? 4 : 2), bounds.height() / 2);
+    const qreal size = std::min(MarkSize / scale, room);
+    QRectF place(QPointF(), QSizeF(size, size));
+    place.moveCenter(bounds.center() - QPointF(both ? size : 0, 0));
+    if (size * scale < SmallestText)
+        return;
+    if (locked) {
+        CSvgCache::renderer(LockPicture).render(&painter, place);
+        place.translate(2 * size, 0);
+    }
+    if (redundant)
+        CSvgCache::renderer(RedundancyPicture).render(&painter, place);
 }
 
 QRectF CLayoutPainter::wireBounds(const QLineF &line)
@@ -219,29 +315,9 @@ void CLayoutPainter::paintCanvas(QPainter &painter, const QRectF &canvas, const 
     paintFrame(painter, canvas, cosmetic(QColor(136, 136, 146), 1));
 }
 
-void CLayoutPainter::paintCabinetsFromAfar(QPainter &painter, const QVector<QRectF> &rects,
-                                           const QColor &fill, qreal scale)
+bool CLayoutPainter::isAfar(qreal width, qreal scale)
 {
-    if (rects.isEmpty())
-        return;
-    painter.setBrush(fill);
-    if (rects.first().width() * scale >= 4)
-        painter.setPen(cosmetic(BorderColor, 1));
-    else
-        painter.setPen(Qt::NoPen); // borders would be all that is seen
-    painter.drawRects(rects);
-}
-
-void CLayoutPainter::paintCustomMarksFromAfar(QPainter &painter, const QVector<QRectF> &rects, qreal scale)
-{
-    for (const QRectF &rect : rects)
-        paintCustomMark(painter, rect, scale);
-}
-
-void CLayoutPainter::paintWiresFromAfar(QPainter &painter, const QVector<QLineF> &lines)
-{
-    painter.setPen(cosmetic(QColor(255, 252, 225, 110), 1)); // dashes would be shorter than a pixel
-    painter.drawLines(lines);
+    return width * scale < AfarWidth;
 }
 
 QColor CLayoutPainter::defaultPortColor(int port)

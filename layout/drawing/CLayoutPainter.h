@@ -28,14 +28,30 @@ struct SCabinetLook
     bool custom = false; ///< carries the mark of a custom-defined cabinet
 };
 
+/// The colours of a cabinet that is drawn from afar. Its border fades with its size, so that nothing jumps
+/// while somebody zooms.
+struct SFarColors
+{
+    QColor fill;
+    QColor border; ///< invalid for none
+
+    /// @p width is the cabinet's on the screen, device pixels.
+    static SFarColors of(const QColor &fill, bool selected, bool highlighted, qreal width);
+};
+
 /// What a cabinet, a wire, a group and a canvas look like, wherever they are drawn. Scales are device pixels
 /// a unit of the painter's coordinates; what would be too small to be told apart is left out. GUI thread.
 class CLayoutPainter final
 {
 public:
     static void paintCabinet(QPainter &painter, const SCabinetLook &look, qreal scale);
+    /// What paintCabinet() draws of a cabinet of which isAfar() is true.
+    static void paintCabinetFromAfar(QPainter &painter, const QRectF &rect, const SFarColors &colors,
+                                     bool custom, qreal scale);
     /// A wiring line with its arrow head, from exit to entry point.
     static void paintWire(QPainter &painter, const QLineF &line, qreal scale);
+    /// The same for many of them, which costs less than one by one.
+    static void paintWires(QPainter &painter, const QVector<QLineF> &lines, qreal scale);
     /// What paintWire() covers at any scale.
     static QRectF wireBounds(const QLineF &line);
     /// The frame around a group's members.
@@ -50,18 +66,16 @@ public:
     /// Checkerboard, fill image and border of a canvas.
     static void paintCanvas(QPainter &painter, const QRectF &canvas, const CCanvasFill &fill = {});
 
-    /// Many cabinets of one colour and their wires at a scale at which numbers and arrow heads could not be
-    /// seen.
-    static void paintCabinetsFromAfar(QPainter &painter, const QVector<QRectF> &rects, const QColor &fill,
-                                      qreal scale);
-    /// The marks of custom-defined cabinets among them.
-    static void paintCustomMarksFromAfar(QPainter &painter, const QVector<QRectF> &rects, qreal scale);
-    static void paintWiresFromAfar(QPainter &painter, const QVector<QLineF> &lines);
+    /// The marks of a port that is locked, or a redundancy, where its cabinets are too small to carry their
+    /// own: once, in the middle of @p bounds. @p cabinetSide is the width of its widest cabinet.
+    static void paintPortMarks(QPainter &painter, const QRectF &bounds, qreal cabinetSide, bool locked,
+                               bool redundant, qreal scale);
+
     /// The pen of wiring lines.
     static const QPen &wirePen();
 
     /// Whether cabinets of that width are drawn from afar.
-    static bool isAfar(qreal cabinetWidth, qreal scale) { return cabinetWidth * scale < 10; }
+    static bool isAfar(qreal width, qreal scale);
 
     /// What lies around the canvas.
     static QColor surroundings();

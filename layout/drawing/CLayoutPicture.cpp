@@ -77,42 +77,27 @@ QRect paintGroupFrames(QPainter &painter, const Group &group, qreal scale)
     return rect;
 }
 
-void paintPortFromAfar(QPainter &painter, const QVector<Cabinet> &cabinets, const QColor &fill,
-                       const SLayoutDrawOptions &options, qreal scale)
-{
-    QVector<QRectF> rects;
-    QVector<QRectF> custom;
-    rects.reserve(cabinets.size());
-    for (const Cabinet &cabinet : cabinets) {
-        rects << CCabinetRect::fromRecord(cabinet.rect);
-        if (options.customMarks && cabinet.isCustomDefined())
-            custom << rects.last();
-    }
-    CLayoutPainter::paintCabinetsFromAfar(painter, rects, fill, scale);
-    CLayoutPainter::paintCustomMarksFromAfar(painter, custom, scale);
-    if (options.wires)
-        CLayoutPainter::paintWiresFromAfar(painter, wiresOf(cabinets));
-}
-
 void paintPort(QPainter &painter, const Port &port, const SLayoutDrawOptions &options, qreal scale)
 {
     const QVector<Cabinet> cabinets = port.getAllCabinets();
     const QColor fill = port.color.isValid() ? port.color : CLayoutPainter::defaultPortColor(port.index);
     if (cabinets.isEmpty())
         return;
-    if (CLayoutPainter::isAfar(cabinets.first().rect.width(), scale)) {
-        paintPortFromAfar(painter, cabinets, fill, options, scale);
-    } else {
-        for (const Cabinet &cabinet : cabinets)
-            CLayoutPainter::paintCabinet(painter, lookOf(cabinet, port, fill, options), scale);
-        const QVector<QLineF> wires = options.wires ? wiresOf(cabinets) : QVector<QLineF>();
-        for (const QLineF &wire : wires)
-            CLayoutPainter::paintWire(painter, wire, scale);
+    QRect bounds;
+    int widest = 0;
+    for (const Cabinet &cabinet : cabinets) {
+        CLayoutPainter::paintCabinet(painter, lookOf(cabinet, port, fill, options), scale);
+        bounds |= cabinet.rect;
+        widest = std::max(widest, cabinet.rect.width());
     }
+    if (options.wires)
+        CLayoutPainter::paintWires(painter, wiresOf(cabinets), scale);
     if (options.groups) {
         for (const Group &group : port.groups)
             paintGroupFrames(painter, group, scale);
     }
+    CLayoutPainter::paintPortMarks(painter, CCabinetRect::fromRecord(bounds), widest, port.locked,
+                                   port.redundancy == Port::Redundant, scale);
 }
 
 } // namespace

@@ -4,6 +4,7 @@
 
 #include "layout/data/IPortStates.h"
 #include "layout/drawing/CLayoutPainter.h"
+#include "layout/editor/items/CFarPorts.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
@@ -225,15 +226,6 @@ void CCabinetGraphicsScene::tellSelection()
     Q_EMIT notifySelectedCabinetInfos(m_selection.records());
 }
 
-void CCabinetGraphicsScene::noteSelected(CGraphicsItemBase &item, bool selected)
-{
-    if (m_selection.count() <= 2) { // handles come or go with the only one
-        for (CGraphicsItemBase *other : m_selection.items())
-            other->update();
-    }
-    m_selection.note(item, selected);
-}
-
 void CCabinetGraphicsScene::noteHighlighted(CGraphicsCabinetItem &cabinet, bool highlighted)
 {
     m_highlights.note(cabinet, highlighted);
@@ -337,6 +329,7 @@ void CCabinetGraphicsScene::setCabinetLocked(int port, bool locked)
         update(item->boundingRect());
     }
     onSelectionChanged();
+    Q_EMIT notifyLookChanged();
 }
 
 void CCabinetGraphicsScene::setCanvasSize(const QSize &size)
@@ -344,6 +337,7 @@ void CCabinetGraphicsScene::setCanvasSize(const QSize &size)
     m_content.setCanvas(size);
     updateContentRect();
     update();
+    Q_EMIT notifyLookChanged();
 }
 
 void CCabinetGraphicsScene::onNotifyProcessorStateChanged()
@@ -352,6 +346,7 @@ void CCabinetGraphicsScene::onNotifyProcessorStateChanged()
         port->refreshState();
     m_content.forgetRecords();
     update();
+    Q_EMIT notifyLookChanged();
 }
 
 void CCabinetGraphicsScene::onBackgroundChanged(const SBackgroundInfo &newInfo, const SBackgroundInfo &,
@@ -361,6 +356,7 @@ void CCabinetGraphicsScene::onBackgroundChanged(const SBackgroundInfo &newInfo, 
     if (sceneSizeChange)
         updateContentRect();
     update();
+    Q_EMIT notifyLookChanged();
 }
 
 void CCabinetGraphicsScene::onNotifyCabinetColorChanged(int port, const QColor &color)
@@ -369,12 +365,20 @@ void CCabinetGraphicsScene::onNotifyCabinetColorChanged(int port, const QColor &
         item->setColor(color);
         m_content.forgetRecord(port);
         update(item->boundingRect());
+        Q_EMIT notifyLookChanged();
     }
 }
 
 void CCabinetGraphicsScene::updateContentRect()
 {
     setContentRect(m_content.bounds());
+}
+
+void CCabinetGraphicsScene::renderPicture(QPainter &painter, const QRectF &target, const QRectF &source)
+{
+    const auto drawUnder = [this, &painter, &source] { drawBackground(&painter, source); };
+    if (!CFarPorts::drawPicture(portItems(), painter, target, source, drawUnder))
+        CGraphicsScene::renderPicture(painter, target, source);
 }
 
 void CCabinetGraphicsScene::drawBackground(QPainter *painter, const QRectF &rect)

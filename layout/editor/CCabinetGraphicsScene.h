@@ -62,7 +62,7 @@ public:
     /// The records of the selected cabinets, those in selected groups included.
     QList<CabinetLayout::CabinetPort::Cabinet> selectedCabinets() const { return m_selection.records(); }
     /// In ascending port index.
-    const QVector<CGraphicsPortItem *> &portItems() const { return m_content.ports(); }
+    const QVector<CGraphicsPortItem *> &portItems() const override { return m_content.ports(); }
     CGraphicsPortItem *portItem(int port) const override { return m_content.port(port); }
     CGraphicsItemBase *editedItem(const QUuid &uuid) const override;
     const IPortStates &portStates() const { return m_portStates; }
@@ -117,6 +117,7 @@ public:
     /// wired on. @p type may be empty.
     void beginAppend(const CScenePlacing::TypeInfo &type, int port, const QSize &size);
     void endAppend();
+    void renderPicture(QPainter &painter, const QRectF &target, const QRectF &source) override;
     bool isAppending() const { return m_placing.isAppending(); }
 
     /// Selects what a port holds, or no longer.
@@ -164,7 +165,7 @@ public:
     void noteMembersChanged(CGraphicsGroupItem &group) override { m_batches.noteMembersChanged(group); }
     void notePortChanged(CGraphicsPortItem &port) override { m_batches.notePortChanged(port); }
     void noteWiringChanged(CGraphicsPortItem &) override { m_batches.noteSelection(); }
-    void noteSelected(CGraphicsItemBase &item, bool selected) override;
+    void noteSelected(CGraphicsItemBase &item, bool selected) override { m_selection.note(item, selected); }
     void noteHighlighted(CGraphicsCabinetItem &cabinet, bool highlighted) override;
     void pressHighlight(CGraphicsCabinetItem &cabinet, bool adding) override;
 
@@ -177,6 +178,7 @@ Q_SIGNALS:
     void notifySelectedChanged(const QList<int> &ports, bool canGroup, bool canBreakGroup);
     void notifySceneChanged();
     void notifyHighlightChanged(); ///< other cabinets stand out now
+    void notifyLookChanged();      ///< the same is there, but looks otherwise
 
 public Q_SLOTS:
     void selectAllItem() { m_picks.all(); }

@@ -48,6 +48,10 @@ QVector<CGraphicsCabinetItem *> cabinetsOf(const QSet<CGraphicsItemBase *> &item
 
 void CSceneSelection::note(CGraphicsItemBase &item, bool selected)
 {
+    if (m_count <= 2) { // handles come or go with the only one
+        for (CGraphicsItemBase *other : items())
+            other->update();
+    }
     QSet<CGraphicsItemBase *> &ofPort = m_items[item.port()];
     const int before = ofPort.size();
     if (selected)

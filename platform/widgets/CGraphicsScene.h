@@ -21,7 +21,7 @@ public:
     QRectF contentRect() const { return m_content; }
 
     /// Draws what lies in @p source into @p target, without what only the user of a view sees.
-    void renderPicture(QPainter &painter, const QRectF &target, const QRectF &source);
+    virtual void renderPicture(QPainter &painter, const QRectF &target, const QRectF &source);
 
     /// Completes what Qt puts off to the next turn of the event loop for items that were added. Done once an
     /// operation that adds many: until then Qt walks a list of all of them for each item that goes.

@@ -78,6 +78,15 @@ QString faultOfItem(const CCabinetGraphicsScene &scene, const CGraphicsItemBase 
     return {};
 }
 
+QString faultOfOverview(const CGraphicsPortItem &port)
+{
+    CPortOverview now;
+    now.read(port);
+    return now.isSameAs(port.overview())
+               ? QString()
+               : QStringLiteral("the overview of port %1 shows what was there before").arg(port.port());
+}
+
 QString faultOfLine(const CGraphicsConnectionItem &line)
 {
     return line.from()->outgoing() == &line && line.to()->incoming() == &line
@@ -132,6 +141,9 @@ QString CSceneVerifier::faultIn(const CCabinetGraphicsScene &scene)
             return fault;
         if (port->boundingRect() != port->childrenBoundingRect())
             return QStringLiteral("port %1 has other bounds than its children").arg(port->port());
+        const QString overviewFault = faultOfOverview(*port);
+        if (!overviewFault.isEmpty())
+            return overviewFault;
     }
     const QString fault = faultOfSelection(scene);
     return fault.isEmpty() ? faultOfItems(scene) : fault;

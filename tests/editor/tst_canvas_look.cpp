@@ -11,6 +11,8 @@
 
 namespace {
 
+constexpr QPoint InPair(64, 264); // in a group of a group
+
 /// Whether the painter leaves all pixels alone that lie farther than a pixel outside of a wire's bounds.
 bool staysInBounds(const QLineF &line, qreal scale)
 {
@@ -31,6 +33,26 @@ bool staysInBounds(const QLineF &line, qreal scale)
     QImage black(image.size(), image.format());
     black.fill(Qt::black);
     return image == black;
+}
+
+int differentPixels(const QImage &a, const QImage &b)
+{
+    int different = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x)
+            different += a.pixel(x, y) != b.pixel(x, y);
+    }
+    return different;
+}
+
+QSet<QRgb> colorsIn(const QImage &image)
+{
+    QSet<QRgb> colors;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            colors << image.pixel(x, y);
+    }
+    return colors;
 }
 
 } // namespace
@@ -56,6 +78,59 @@ private Q_SLOTS:
         QFETCH(QLineF, line);
         for (const qreal scale : {0.05, 0.1, 0.25, 0.5, 0.69, 1.0})
             QVERIFY2(staysInBounds(line, scale), qPrintable(QString::number(scale)));
+    }
+
+    /// From afar a view draws lists in place of items.
+    void aFrameFromAfarIsWhatTheItemsDraw_data()
+    {
+        QTest::addColumn<qreal>("scale"); // cabinets have 128 pixels
+        QTest::newRow("items") << 0.1;
+        QTest::newRow("lists with borders") << 0.07;
+        QTest::newRow("lists with faint borders") << 0.04;
+        QTest::newRow("lists of dots") << 0.015;
+    }
+    void aFrameFromAfarIsWhatTheItemsDraw()
+    {
+        QFETCH(qreal, scale);
+        CMouseTester mouse;
+        QVERIFY(QTest::qWaitForWindowExposed(&mouse.view()));
+        CCabinetGraphicsScene &scene = mouse.scene();
+        mouse.states().marksCustom = true;
+        scene.onNotifyProcessorStateChanged();
+        for (const CGraphicsPortItem *port : scene.portItems()) {
+            scene.onNotifyCabinetColorChanged(port->port(), QColor::fromHsv(90 * port->port(), 200, 150));
+            scene.selectPort(port->port(), true);
+            scene.topologyWiring(0);
+        }
+        scene.clearSelection();
+        mouse.cabinet(0, 1).setHighlighted(true);
+        mouse.cabinet(0, 2).setSelected(true);
+        mouse.at(InPair)->outermost().setSelected(true);
+        mouse.view().setScaleFactor(scale);
+
+        const QImage frame = mouse.view().viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        QImage items(frame.size(), frame.format());
+        QPainter painter(&items);
+        mouse.view().render(&painter, QRectF(), mouse.view().viewport()->rect());
+        painter.end();
+        QVERIFY(differentPixels(frame, items) <= 2); // where wires of several lengths meet
+        QVERIFY(colorsIn(frame).size() >
+                8); // canvas and border, ports, what is selected, what is highlighted
+    }
+
+    void lockedPortsAreMarkedAtAnyScale()
+    {
+        CMouseTester mouse;
+        QVERIFY(QTest::qWaitForWindowExposed(&mouse.view()));
+        const auto picture = [&mouse] { return mouse.view().viewport()->grab().toImage(); };
+        for (const qreal scale : {1.0, 0.2, 0.1, 0.07}) {
+            mouse.view().setScaleFactor(scale);
+            mouse.view().centerOn(InPair);
+            mouse.scene().setCabinetLocked(1, false);
+            const QImage open = picture();
+            mouse.scene().setCabinetLocked(1, true);
+            QVERIFY2(picture() != open, qPrintable(QString::number(scale)));
+        }
     }
 
     void handlesAreShownWhereTheyWork_data()

@@ -354,6 +354,9 @@ private Q_SLOTS:
             m_mouse->view().mapToScene(m_mouse->view().viewport()->rect()).boundingRect().center();
         const QPointF content = m_mouse->scene().contentRect().center();
         QVERIFY((middle - content).manhattanLength() < 60); // two pixels of the small picture
+        const QImage before = aerial.grab().toImage();
+        m_mouse->scene().onNotifyCabinetColorChanged(0, Qt::yellow);
+        QTRY_VERIFY(aerial.grab().toImage() != before);
         bar().button(Bar::Navigator)->click();
         QVERIFY(!aerial.isVisible());
     }

@@ -165,6 +165,13 @@ private Q_SLOTS:
         states.colors[0] = Qt::darkYellow;
         scene.onNotifyProcessorStateChanged();
         QCOMPARE(cabinet->brush().color(), QColor(Qt::darkYellow));
+
+        LayoutData changed = data; // shown in place
+        changed.layout.ports[0].color = Qt::darkRed;
+        scene.setLayoutData(SmallWorlds::node(data), changed, {}, {}, true);
+        QCOMPARE(scene.portItem(0)->fill(), QColor(Qt::darkRed));
+        scene.setLayoutData(SmallWorlds::node(data), data, {}, {}, true); // has no colour of its own
+        QCOMPARE(scene.portItem(0)->fill(), QColor(Qt::darkYellow));
     }
 
     void zoomsAtTheCursorAndFits()

@@ -3,29 +3,21 @@
 #include "layout/editor/gestures/CRubberBand.h"
 
 #include "layout/editor/items/CGraphicsCabinetItem.h"
-#include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/items/CGraphicsGroupItem.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
 
 #include <QGraphicsScene>
 
 namespace {
 
-/// The parts of @p whole outside @p hole: at most four rectangles around it.
-QVector<QRectF> partsOutside(const QRectF &whole, const QRectF &hole)
-{
-    const QRectF inner = whole & hole;
-    if (inner.isEmpty())
-        return {whole};
-    return {QRectF(whole.topLeft(), QPointF(whole.right(), inner.top())),
-            QRectF(QPointF(whole.left(), inner.bottom()), whole.bottomRight()),
-            QRectF(QPointF(whole.left(), inner.top()), QPointF(inner.left(), inner.bottom())),
-            QRectF(QPointF(inner.right(), inner.top()), QPointF(whole.right(), inner.bottom()))};
-}
+constexpr int ManyChanges = 1000; // repainted one by one they cost more than the whole view does
 
 } // namespace
 
 CRubberBand::CRubberBand(IEditorScene &editor, QGraphicsScene &scene, const QPointF &scenePos,
                          bool keepSelection)
-    : m_editor(editor)
+    : m_batch(editor)
+    , m_editor(editor)
     , m_scene(scene)
     , m_press(scenePos)
     , m_rect(scenePos, QSizeF())
@@ -42,42 +34,38 @@ void CRubberBand::moveTo(const QPointF &scenePos)
     const QRectF before = m_rect;
     const QRectF after = QRectF(m_press, scenePos).normalized();
     m_rect = after;
-    const CEditBatch batch(m_editor);
-    for (const QRectF &strip : partsOutside(after, before))
-        visit(strip, before, after);
-    for (const QRectF &strip : partsOutside(before, after))
-        visit(strip, before, after);
-}
-
-void CRubberBand::visit(const QRectF &strip, const QRectF &before, const QRectF &after)
-{
-    if (strip.isEmpty() && strip != before && strip != after)
-        return;
-    const QList<QGraphicsItem *> items = m_scene.items(strip, Qt::IntersectsItemBoundingRect);
-    for (QGraphicsItem *item : items) {
-        if (item->type() != CabinetItemKind)
+    Places entered;
+    Places left;
+    for (const CGraphicsPortItem *port : m_editor.portItems()) {
+        if (!port->bounds().intersects(before) && !port->bounds().intersects(after))
             continue;
-        auto &cabinet = static_cast<CGraphicsItemBase &>(*item);
-        const bool touches = cabinet.mapRectToScene(cabinet.rect()).intersects(after);
-        const bool touched = m_touched.contains(cabinet.uuid());
-        if (touches != touched)
-            count(cabinet, touches ? 1 : -1);
+        for (const CPortOverview::SPlace &place : port->overview().places()) {
+            const bool touched = place.rect.intersects(after);
+            if (place.cabinet && touched != place.rect.intersects(before))
+                (touched ? entered : left) << &place;
+        }
     }
+    if (entered.size() + left.size() > ManyChanges)
+        m_scene.update();
+    for (const CPortOverview::SPlace *place : qAsConst(left))
+        change(*place, false);
+    for (const CPortOverview::SPlace *place : qAsConst(entered))
+        change(*place, true);
 }
 
-void CRubberBand::count(CGraphicsItemBase &cabinet, int amount)
+void CRubberBand::change(const CPortOverview::SPlace &place, bool touched)
 {
-    if (amount > 0)
-        m_touched.insert(cabinet.uuid());
-    else
-        m_touched.remove(cabinet.uuid());
-    CGraphicsItemBase &outermost = cabinet.outermost();
-    int &touched = m_counts[outermost.uuid()];
-    touched += amount;
-    if (touched == 0)
-        restore(outermost);
-    else if (touched == 1 && amount > 0)
+    if (place.group) {
+        int &count = m_counts[place.group->outermost().uuid()];
+        count += touched ? 1 : -1;
+        if (count != (touched ? 1 : 0))
+            return; // others of the group are touched as well
+    }
+    CGraphicsItemBase &outermost = place.cabinet->outermost();
+    if (touched)
         outermost.setSelected(true);
+    else
+        restore(outermost);
 }
 
 void CRubberBand::restore(CGraphicsItemBase &outermost)

@@ -2,18 +2,20 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/editor/items/CPortOverview.h"
+#include "layout/editor/items/IEditorScene.h"
+
 #include <QHash>
 #include <QPointF>
 #include <QRectF>
 #include <QSet>
 #include <QUuid>
 
-class CGraphicsItemBase;
-class IEditorScene;
 class QGraphicsScene;
 
 /// The rubber band: selects the outermost groups and ungrouped cabinets of which it touches a cabinet. Each
-/// step looks only at what has entered or left.
+/// step changes only what has entered or left; what follows from the selection is done once, when the band
+/// ends.
 class CRubberBand final
 {
 public:
@@ -24,15 +26,16 @@ public:
     void moveTo(const QPointF &scenePos);
 
 private:
-    void visit(const QRectF &strip, const QRectF &before, const QRectF &after);
-    void count(CGraphicsItemBase &cabinet, int amount);
+    using Places = QVector<const CPortOverview::SPlace *>;
+
+    void change(const CPortOverview::SPlace &place, bool touched);
     void restore(CGraphicsItemBase &outermost);
 
+    CEditBatch m_batch;
     IEditorScene &m_editor;
     QGraphicsScene &m_scene;
     QPointF m_press;
     QRectF m_rect;
-    QSet<QUuid> m_touched;      // cabinets
-    QHash<QUuid, int> m_counts; // of touched cabinets, by what is selected with them
+    QHash<QUuid, int> m_counts; // of touched cabinets, by outermost group
     QSet<QUuid> m_kept;         // selected before the band
 };

@@ -8,12 +8,6 @@
 #include <QPainter>
 #include <QStyleOptionGraphicsItem>
 
-namespace {
-
-constexpr qreal ShortestWire = 2; // pixels; shorter ones would cover the cabinets that they join
-
-} // namespace
-
 CGraphicsConnectionItem::CGraphicsConnectionItem(CGraphicsCabinetItem &from, CGraphicsCabinetItem &to,
                                                  QGraphicsItem *portItem)
     : m_from(&from)
@@ -47,7 +41,6 @@ bool CGraphicsConnectionItem::contains(const QPointF &) const
 
 void CGraphicsConnectionItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *)
 {
-    const qreal scale = option->levelOfDetailFromTransform(painter->worldTransform());
-    if (line().length() * scale >= ShortestWire)
-        CLayoutPainter::paintWire(*painter, line(), scale);
+    CLayoutPainter::paintWire(*painter, line(),
+                              option->levelOfDetailFromTransform(painter->worldTransform()));
 }

@@ -48,17 +48,32 @@ CGraphicsPortItem::CGraphicsPortItem(const Port &record, const IPortStates &stat
     m_state.groups.clear();
     m_fill = record.color.isValid() ? record.color : m_states.portColor(record.index);
     m_marksCustom = m_states.marksCustomCabinets();
-    // Lookups pass over a port that they do not touch; its bounds are kept tight for that.
-    setFlags(ItemHasNoContents | ItemContainsChildrenInShape);
+    // Lookups and frames pass over a port that they do not touch; its bounds are kept tight for that. A frame
+    // asks only an item that has contents where it lies.
+    setFlags(ItemContainsChildrenInShape);
     setData(IdentityRole, record.index);
+}
+
+QRectF CGraphicsPortItem::boundingRect() const
+{
+    static const QRectF nowhere(-1e9, -1e9, 1, 1);
+    return m_passedOver ? nowhere : m_bounds;
+}
+
+const CPortOverview &CGraphicsPortItem::overview() const
+{
+    if (!m_overview.isRead())
+        m_overview.read(*this);
+    return m_overview;
 }
 
 void CGraphicsPortItem::setState(const Port &record)
 {
     m_state = record;
     m_state.groups.clear();
-    if (record.color.isValid() && record.color != m_fill.color()) {
-        m_fill = record.color;
+    const QColor color = record.color.isValid() ? record.color : m_states.portColor(record.index);
+    if (color != m_fill.color()) {
+        m_fill = color;
         colorChildren(*this);
     }
     noteChanged();
@@ -149,8 +164,15 @@ void CGraphicsPortItem::colorChildren(const QGraphicsItem &parent)
     }
 }
 
+void CGraphicsPortItem::takeNote()
+{
+    m_overview.forget();
+    m_changeNoted = m_wiringNoted = false;
+}
+
 void CGraphicsPortItem::noteChanged()
 {
+    m_overview.forget();
     if (m_changeNoted)
         return;
     m_changeNoted = true;

@@ -4,6 +4,7 @@
 
 #include "layout/data/records/CabinetLayout.h"
 #include "layout/editor/items/CPortChain.h"
+#include "layout/editor/items/CPortOverview.h"
 #include "layout/editor/items/ItemKinds.h"
 #include "platform/widgets/CItemChangeBlocker.h"
 
@@ -31,7 +32,9 @@ public:
     CGraphicsPortItem(const Port &record, const IPortStates &states, IEditorScene &editor);
 
     int type() const override { return PortItemKind; }
-    QRectF boundingRect() const override { return m_bounds; }
+    QRectF boundingRect() const override;
+    /// Where its children lie, also while the port is passed over.
+    const QRectF &bounds() const { return m_bounds; }
     void paint(QPainter *, const QStyleOptionGraphicsItem *, QWidget *) override {}
 
     int port() const { return m_state.index; }
@@ -59,6 +62,7 @@ public:
     bool isShownRedundant() const { return m_state.redundancy == Port::Redundant; }
     bool marksCustomCabinets() const { return m_marksCustom; }
     void setShownLocked(bool locked);
+    QColor fill() const { return m_fill.color(); } ///< of its cabinets
     void setColor(const QColor &color);
     /// Reads colour, lock, redundancy and options from the store anew.
     void refreshState();
@@ -67,7 +71,12 @@ public:
     /// last.
     void noteChanged();
     void noteWiringChanged();
-    void takeNote() { m_changeNoted = m_wiringNoted = false; }
+    void takeNote();
+
+    /// The port as a compact list, brought up to date with its items. Valid until the next edit.
+    const CPortOverview &overview() const;
+    /// While it is passed over, a view that draws its frame leaves out the port with all that it holds.
+    void setPassedOver(bool passedOver) { m_passedOver = passedOver; }
 
     /// Takes the children's rectangle as its own; done once an operation.
     void updateBounds();
@@ -101,4 +110,6 @@ private:
     bool m_changeNoted = false;
     bool m_wiringNoted = false;
     CPortChain m_chain;
+    mutable CPortOverview m_overview;
+    bool m_passedOver = false;
 };

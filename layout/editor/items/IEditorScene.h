@@ -4,6 +4,7 @@
 
 #include <QPointF>
 #include <QUuid>
+#include <QVector>
 
 class CGraphicsCabinetItem;
 class CGraphicsGroupItem;
@@ -24,6 +25,8 @@ public:
     virtual void beginBatch() = 0;
     virtual void endBatch() = 0;
 
+    /// In ascending index.
+    virtual const QVector<CGraphicsPortItem *> &portItems() const = 0;
     /// The port item with that index, or null.
     virtual CGraphicsPortItem *portItem(int port) const = 0;
     /// The cabinet or group with that identity, or null. O(1).

@@ -5,30 +5,26 @@
 #include "layout/data/IPortStates.h"
 #include "layout/editor/CCabinetGraphicsScene.h"
 #include "layout/editor/IEditorCommands.h"
+#include "layout/editor/items/CFarPorts.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/view/CCanvasKeys.h"
 #include "layout/editor/view/CEditorToolBar.h"
 #include "layout/editor/view/CPortStrip.h"
+#include "layout/editor/view/CToolModes.h"
 #include "platform/widgets/view/CAerialView.h"
 
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMetaMethod>
+#include <QPaintEvent>
 #include <QPointer>
 #include <QScrollBar>
-
-#include <algorithm>
 
 namespace {
 
 using Bar = CEditorToolBar;
 using Scene = CCabinetGraphicsScene;
-
-QCursor pictureCursor(const char *name)
-{
-    return QCursor(QPixmap(QStringLiteral(":/Image/Layout/ToolBar/%1.svg").arg(QLatin1String(name))));
-}
 
 } // namespace
 
@@ -41,7 +37,7 @@ CLayoutGraphicsView::CLayoutGraphicsView(const IPortStates &ports, QWidget *pare
     buildUi();
     connectTools();
     connectScene();
-    applyModes();
+    CToolModes::apply(*this, *m_scene, *m_toolBar, isBlocked());
 }
 
 CLayoutGraphicsView::~CLayoutGraphicsView()
@@ -85,6 +81,7 @@ void CLayoutGraphicsView::connectScene()
             &CLayoutGraphicsView::notifySelectedCabinetInfos);
     connect(m_scene, &Scene::notifySelectedChanged, this, &CLayoutGraphicsView::onNotifySelectedChanged);
     connect(m_scene, &Scene::notifySceneChanged, this, &CLayoutGraphicsView::onNotifySceneChanged);
+    connect(m_scene, &Scene::notifyLookChanged, &aerialView(), &CAerialView::scheduleRefresh);
     connect(m_scene, &Scene::notifyHighlightChanged, this, &CLayoutGraphicsView::highlight);
 }
 
@@ -194,38 +191,7 @@ void CLayoutGraphicsView::onToolButtonToggled(int id, bool checked)
     else if (id == Bar::Navigator)
         SetAerialViewVisible(checked);
     else
-        applyModes();
-}
-
-/// Brings scene, drag mode and cursor in step with the mode that is checked; without one it is the arrow.
-void CLayoutGraphicsView::applyModes()
-{
-    const auto isOn = [this](Bar::ETool tool) { return m_toolBar->tool(tool)->isChecked(); };
-    const QVector<Bar::ETool> modes = {Bar::Arrow, Bar::Hand, Bar::Pen, Bar::HeadToTailExchange,
-                                       Bar::Calibrate};
-    if (std::none_of(modes.begin(), modes.end(), isOn)) {
-        m_toolBar->chooseMode(Bar::Arrow);
-        return;
-    }
-    if (!isOn(Bar::Arrow))
-        m_scene->endAppend();
-    m_scene->setToolMode(IEditorScene::ManualWiring, isOn(Bar::Pen));
-    m_scene->setToolMode(IEditorScene::HeadToTailExchange, isOn(Bar::HeadToTailExchange));
-    m_scene->setToolMode(IEditorScene::Highlighting, isOn(Bar::Calibrate));
-    if (isOn(Bar::Pen))
-        m_scene->clearSelection();
-    if (!isOn(Bar::Calibrate))
-        m_scene->clearHighlights();
-    setDragMode(isOn(Bar::Hand) ? ScrollHandDrag : NoDrag); // the scene draws its own rubber band
-    setInteractive(!isOn(Bar::Hand) && !isBlocked());
-    if (isOn(Bar::Pen))
-        viewport()->setCursor(pictureCursor("manual-wiring-mouse"));
-    else if (isOn(Bar::HeadToTailExchange))
-        viewport()->setCursor(pictureCursor("head-to-tail-exchange_mouse"));
-    else if (isOn(Bar::Calibrate))
-        viewport()->setCursor(Qt::PointingHandCursor);
-    else if (isOn(Bar::Arrow))
-        viewport()->setCursor(Qt::ArrowCursor);
+        CToolModes::apply(*this, *m_scene, *m_toolBar, isBlocked());
 }
 
 void CLayoutGraphicsView::clearTopology()
@@ -398,6 +364,23 @@ bool CLayoutGraphicsView::viewportEvent(QEvent *event)
     if (event->type() == QEvent::WindowDeactivate)
         m_scene->cancelGesture(); // its release may go to another window
     return CGraphicsView::viewportEvent(event);
+}
+
+void CLayoutGraphicsView::paintEvent(QPaintEvent *event)
+{
+    CFarPorts farPorts(m_scene->portItems(), viewportTransform().m11(),
+                       CFarPorts::exposed(*this, event->region()));
+    farPorts.passOver(*m_scene);
+    m_farPorts = &farPorts;
+    CGraphicsView::paintEvent(event);
+    m_farPorts = nullptr;
+}
+
+void CLayoutGraphicsView::drawForeground(QPainter *painter, const QRectF &rect)
+{
+    if (m_farPorts) // not where somebody else has the view rendered
+        m_farPorts->paint(*painter);
+    CGraphicsView::drawForeground(painter, rect);
 }
 
 void CLayoutGraphicsView::keyPressEvent(QKeyEvent *event)

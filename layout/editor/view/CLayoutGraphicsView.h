@@ -10,6 +10,7 @@
 
 class CCabinetGraphicsScene;
 class CEditorToolBar;
+class CFarPorts;
 class CPortStrip;
 class IEditorCommands;
 class IPortStates;
@@ -91,6 +92,8 @@ public Q_SLOTS:
 
 protected:
     bool viewportEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void drawForeground(QPainter *painter, const QRectF &rect) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
@@ -98,7 +101,6 @@ private:
     void connectTools();
     void connectScene();
     bool isBlocked() const { return m_blocked || m_backup; }
-    void applyModes();
     void choosePort(int port);
     void clearTopology();
     void openAppendMenu(const QPoint &globalPos);
@@ -110,6 +112,7 @@ private:
     CEditorToolBar *m_toolBar;
     CPortStrip *m_ports;
     IEditorCommands *m_commands = nullptr;
+    const CFarPorts *m_farPorts = nullptr; // during a frame
     QUuid m_processor;
     bool m_blocked = false; // by the controller
     bool m_backup = false;  // the processor in view follows another one

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/view/CToolModes.h"
+
+#include "layout/editor/CCabinetGraphicsScene.h"
+#include "layout/editor/view/CEditorToolBar.h"
+
+#include <QGraphicsView>
+
+#include <algorithm>
+
+namespace {
+
+using Bar = CEditorToolBar;
+
+QCursor pictureCursor(const char *name)
+{
+    return QCursor(QPixmap(QStringLiteral(":/Image/Layout/ToolBar/%1.svg").arg(QLatin1String(name))));
+}
+
+void showCursor(QWidget &viewport, const CEditorToolBar &toolBar)
+{
+    if (toolBar.tool(Bar::Pen)->isChecked())
+        viewport.setCursor(pictureCursor("manual-wiring-mouse"));
+    else if (toolBar.tool(Bar::HeadToTailExchange)->isChecked())
+        viewport.setCursor(pictureCursor("head-to-tail-exchange_mouse"));
+    else if (toolBar.tool(Bar::Calibrate)->isChecked())
+        viewport.setCursor(Qt::PointingHandCursor);
+    else if (toolBar.tool(Bar::Arrow)->isChecked())
+        viewport.setCursor(Qt::ArrowCursor);
+}
+
+} // namespace
+
+void CToolModes::apply(QGraphicsView &view, CCabinetGraphicsScene &scene, CEditorToolBar &toolBar,
+                       bool blocked)
+{
+    const auto isOn = [&toolBar](Bar::ETool tool) { return toolBar.tool(tool)->isChecked(); };
+    const QVector<Bar::ETool> modes = {Bar::Arrow, Bar::Hand, Bar::Pen, Bar::HeadToTailExchange,
+                                       Bar::Calibrate};
+    if (std::none_of(modes.begin(), modes.end(), isOn)) {
+        toolBar.chooseMode(Bar::Arrow);
+        return;
+    }
+    if (!isOn(Bar::Arrow))
+        scene.endAppend();
+    scene.setToolMode(IEditorScene::ManualWiring, isOn(Bar::Pen));
+    scene.setToolMode(IEditorScene::HeadToTailExchange, isOn(Bar::HeadToTailExchange));
+    scene.setToolMode(IEditorScene::Highlighting, isOn(Bar::Calibrate));
+    if (isOn(Bar::Pen))
+        scene.clearSelection();
+    if (!isOn(Bar::Calibrate))
+        scene.clearHighlights();
+    // The scene draws its own rubber band.
+    view.setDragMode(isOn(Bar::Hand) ? QGraphicsView::ScrollHandDrag : QGraphicsView::NoDrag);
+    view.setInteractive(!isOn(Bar::Hand) && !blocked);
+    showCursor(*view.viewport(), toolBar);
+}
