@@ -146,7 +146,7 @@ void CNewProjectDialog::updateSummary()
                       .arg(wall.cabinetCount())
                       .arg(CWallBuilder::MaximumCabinetsPerPort);
     const SProcessorKind *kind = m_kinds.withPorts(wall.ports);
-    const QString summary = tr("%1 cabinets, %2 × %3 pixels, processor %4")
+    const QString summary = tr("Cabinets: %1, canvas: %2 × %3 pixels, processor: %4")
                                 .arg(wall.cabinetCount())
                                 .arg(canvas.width())
                                 .arg(canvas.height())

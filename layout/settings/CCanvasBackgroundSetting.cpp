@@ -65,6 +65,7 @@ void CCanvasBackgroundSetting::buildUi()
 void CCanvasBackgroundSetting::buildImageRow(QGridLayout &grid)
 {
     m_file->setReadOnly(true); // only what could be read is taken
+    m_file->setPlaceholderText(tr("Please choose an image"));
     m_file->setFixedWidth(FileFieldWidth);
     m_file->setAccessibleName(tr("Image"));
     m_file->setToolTip(m_info.file);

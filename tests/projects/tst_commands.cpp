@@ -105,6 +105,16 @@ private Q_SLOTS:
         QVERIFY(!project.value().kind.isEmpty());
     }
 
+    void namesFilesAsTheyAre()
+    {
+        const QString project = path("a%2 %1.sprj");
+        const QString table = path("a%2 %1.csv");
+        QCOMPARE(runHere(newArguments(project)).out,
+                 project + QStringLiteral(": cabinets: 8, ports: 2, canvas: 256x64\n"));
+        QCOMPARE(runHere({QStringLiteral("export"), project, table}).out,
+                 table + QStringLiteral(": cabinets: 8\n"));
+    }
+
     void refusesWrongUsage_data()
     {
         QTest::addColumn<QString>("arguments");

@@ -170,7 +170,7 @@ private Q_SLOTS:
             auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
             QVERIFY(dialog);
             dialog->findChildren<QSlider *>().at(0)->setValue(60);
-            dialog->done(accepted ? QDialog::Accepted : QDialog::Rejected);
+            QTest::keyClick(dialog, accepted ? Qt::Key_Return : Qt::Key_Escape);
         });
         commands.setCanvasFill();
         QCOMPARE(shown.first().scale, 60);

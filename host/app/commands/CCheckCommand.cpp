@@ -56,5 +56,5 @@ SCommandOutcome CCheckCommand::run(const QStringList &arguments, QTextStream &ou
         out << tr("%1: nothing is wrong\n").arg(file);
         return {};
     }
-    return SCommandOutcome::badInput(tr("%1: %n finding(s)", nullptr, findings.size()).arg(file));
+    return SCommandOutcome::badInput(tr("%1: findings: %2").arg(file, QString::number(findings.size())));
 }

@@ -106,6 +106,6 @@ SCommandOutcome CExportCommand::run(const QStringList &arguments, QTextStream &o
     const CStatus written = CSafeFile::write(target, content, CSafeFile::DropPrevious);
     if (!written)
         return SCommandOutcome::badInput(written.error());
-    out << tr("%1: %n cabinet(s)\n", nullptr, data.layout.cabinetCount()).arg(target);
+    out << tr("%1: cabinets: %2\n").arg(target, QString::number(data.layout.cabinetCount()));
     return {};
 }

@@ -67,11 +67,9 @@ SCommandOutcome CNewCommand::run(const QStringList &arguments, QTextStream &out)
     const CStatus written = CProcessorProject::write(file, project);
     if (!written)
         return SCommandOutcome::badInput(written.error());
-    out << tr("%1: %2 cabinets, %3 ports, %4x%5 pixels\n")
-               .arg(file)
-               .arg(plan.value().cabinetCount())
-               .arg(plan.value().ports)
-               .arg(project.canvas.width())
-               .arg(project.canvas.height());
+    const QSize canvas = project.canvas;
+    out << tr("%1: cabinets: %2, ports: %3, canvas: %4\n")
+               .arg(file, QString::number(plan.value().cabinetCount()), QString::number(plan.value().ports),
+                    QStringLiteral("%1x%2").arg(canvas.width()).arg(canvas.height()));
     return {};
 }
