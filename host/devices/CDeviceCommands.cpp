@@ -7,8 +7,6 @@
 #include "host/devices/simulated/CSimulatedProcessor.h"
 #include "host/library/CTypeLibrary.h"
 
-#include <QSet>
-
 #include <algorithm>
 
 namespace {
@@ -286,14 +284,15 @@ CStatus CDeviceCommands::sendParameters(const Cabinets &cabinets, const SMD5 &ty
     if (!m_library.find(type) || !(gamma >= 1.0 && gamma <= 4.0))
         return CStatus::failure(tr("The cabinet type or the gamma value is not valid."));
     const QList<SDevice> devices = m_manager.table().devices();
-    QSet<QUuid> receivers;
+    QVector<QUuid> receivers; // in the order of their cabinets
     for (const CabinetLayout::CabinetPort::Cabinet &cabinet : cabinets) {
         const SDevice *holder = holderOf(devices, cabinet);
         if (!holder)
             return CStatus::failure(tr("There are cabinets that are in no processor's saved mapping."));
         if (holder->project)
             return failure(*holder, tr("A project has no cabinets that are connected."));
-        receivers << holder->node.uuid;
+        if (!receivers.contains(holder->node.uuid))
+            receivers << holder->node.uuid;
     }
     for (const QUuid &processor : qAsConst(receivers)) {
         CStatus status = apply(

@@ -1,8 +1,5 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/simulated/CSimulatedProcessor.h"
-#include "host/library/CTypeLibrary.h"
-#include "host/projects/CCabinetConfig.h"
 #include "tests/devices/CDeviceFixture.h"
 #include "tests/harness/CTestBase.h"
 
@@ -290,40 +287,6 @@ private Q_SLOTS:
         again.select(m_stage);
         QCOMPARE(again.handler.background(m_stage).file, background.file);
         QCOMPARE(again.handler.portAreas(), (QList<SPortArea>{{3, 1, 2, 30, 40}}));
-    }
-
-    void cabinetsTakeParametersAndGiveTheirConfiguration()
-    {
-        CLayoutHandler &handler = m_host->handler;
-        const Cabinet cabinet = handler.currentProcessorPorts().at(0).getAllCabinets().first();
-        const auto *type = CTypeLibrary::builtIn().find(cabinet.type);
-        QVERIFY(type);
-        QVERIFY(handler.sendCabinetParameters({cabinet}, type->key, 2.2));
-        QVERIFY(!handler.sendCabinetParameters({cabinet}, type->key, 4.1));
-        QVERIFY(!handler.sendCabinetParameters({cabinet}, SMD5::ofContent("none"), 2.2));
-        Cabinet unknown = cabinet;
-        unknown.uuid = QUuid::createUuid();
-        QVERIFY(!handler.sendCabinetParameters({cabinet, unknown}, type->key, 2.2));
-        const Cabinet elsewhere = handler.layoutData(m_left).layout.ports.at(0).getAllCabinets().first();
-        QVERIFY(handler.sendCabinetParameters({cabinet, elsewhere}, type->key, 2.2));
-        QCOMPARE(m_host->manager.table().device(m_left)->settings.gammas.value(type->key), 2.2);
-        QVERIFY(handler.areOnPrimaryPorts({cabinet, elsewhere}));
-
-        const QString file = m_host->folder.filePath(QStringLiteral("cabinet.rcvbp"));
-        QVERIFY2(handler.readbackCabinetConfig(0, cabinet, file, QStringLiteral("Left tile")),
-                 qPrintable(handler.lastError()));
-        const auto config = CCabinetConfig::read(file);
-        QVERIFY2(bool(config), qPrintable(config.error()));
-        QCOMPARE(config.value().type.name, QStringLiteral("Left tile"));
-        QCOMPARE(config.value().gamma, 2.2);
-        QVERIFY(!handler.readbackCabinetConfig(0, unknown, file, {}));
-        QVERIFY(handler.exportCabinetConfig(cabinet, file));
-        QCOMPARE(CCabinetConfig::read(file).value().type.name, type->name);
-        Cabinet custom = cabinet;
-        custom.type = SMD5();
-        QVERIFY2(handler.exportCabinetConfig(custom, file), qPrintable(handler.lastError()));
-        m_host->manager.simulate(m_stage, SimulationFault::Offline, true);
-        QVERIFY(!handler.readbackCabinetConfig(0, cabinet, file, {}));
     }
 
     void aProjectHasNoHardware()

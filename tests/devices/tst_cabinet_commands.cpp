@@ -1,0 +1,181 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/devices/simulated/CSimulatedProcessor.h"
+#include "host/library/CTypeLibrary.h"
+#include "host/projects/CCabinetConfig.h"
+#include "tests/devices/CDeviceFixture.h"
+#include "tests/harness/CTestBase.h"
+
+#include <QFile>
+
+namespace {
+
+using Cabinet = CabinetLayout::CabinetPort::Cabinet;
+
+QByteArray contentOf(const QString &file)
+{
+    QFile content(file);
+    return content.open(QIODevice::ReadOnly) ? content.readAll() : QByteArray();
+}
+
+} // namespace
+
+class CCabinetCommandsTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        CTestBase::init();
+        m_host = std::make_unique<CDeviceFixture>();
+        m_stage = m_host->named("Main stage");
+        m_left = m_host->named("Side left");
+        m_host->select(m_stage);
+        QVERIFY(!m_host->log.waitFor(28).isEmpty());
+        m_file = m_host->folder.filePath(QStringLiteral("cabinet.rcvbp"));
+        m_highlights = 0;
+        connect(&m_host->manager, &CDeviceManager::highlightChanged, this, [this] { ++m_highlights; });
+    }
+    void cleanup()
+    {
+        m_host.reset();
+        CTestBase::cleanup();
+    }
+
+    void cabinetsTakeParameters()
+    {
+        CLayoutHandler &handler = m_host->handler;
+        const Cabinet cabinet = firstCabinet(m_stage);
+        Cabinet unknown = cabinet;
+        unknown.uuid = QUuid::createUuid();
+        QVERIFY(CTypeLibrary::builtIn().find(cabinet.type));
+        QVERIFY(!handler.sendCabinetParameters({cabinet}, cabinet.type, 4.1));
+        QVERIFY(!handler.sendCabinetParameters({cabinet}, SMD5::ofContent("none"), 2.2));
+        QVERIFY(!handler.sendCabinetParameters({cabinet, unknown}, cabinet.type, 2.2));
+        QVERIFY(!handler.sendCabinetParameters({}, cabinet.type, 2.2));
+        QCOMPARE(gammaOf(m_stage, cabinet.type), 0.0);
+        const QList<Cabinet> both = {cabinet, firstCabinet(m_left)};
+        QVERIFY(handler.areOnPrimaryPorts(both));
+        QVERIFY(handler.sendCabinetParameters(both, cabinet.type, 2.2));
+        QCOMPARE(gammaOf(m_stage, cabinet.type), 2.2);
+        QCOMPARE(gammaOf(m_left, cabinet.type), 2.2);
+    }
+
+    void parametersStopAtTheProcessorThatRefuses_data()
+    {
+        QTest::addColumn<bool>("refusesFirst");
+        QTest::newRow("the first") << true;
+        QTest::newRow("the second") << false;
+    }
+    void parametersStopAtTheProcessorThatRefuses()
+    {
+        QFETCH(bool, refusesFirst);
+        const Cabinet refusing = firstCabinet(m_left);
+        const Cabinet taking = firstCabinet(m_stage);
+        const QList<Cabinet> cabinets =
+            refusesFirst ? QList<Cabinet>{refusing, taking} : QList<Cabinet>{taking, refusing};
+        m_host->manager.simulate(m_left, SimulationFault::Refuse, true);
+        QVERIFY(!m_host->handler.sendCabinetParameters(cabinets, taking.type, 2.2));
+        QVERIFY(m_host->handler.lastError().startsWith(QLatin1String("Side left(")));
+        QCOMPARE(gammaOf(m_left, taking.type), 0.0);
+        QCOMPARE(gammaOf(m_stage, taking.type), refusesFirst ? 0.0 : 2.2);
+    }
+
+    void cabinetsGiveTheirConfiguration()
+    {
+        CLayoutHandler &handler = m_host->handler;
+        const Cabinet cabinet = firstCabinet(m_stage);
+        QVERIFY(handler.sendCabinetParameters({cabinet}, cabinet.type, 2.2));
+        QVERIFY2(handler.readbackCabinetConfig(0, cabinet, m_file, QStringLiteral("Left tile")),
+                 qPrintable(handler.lastError()));
+        const auto config = CCabinetConfig::read(m_file);
+        QVERIFY2(bool(config), qPrintable(config.error()));
+        QCOMPARE(config.value().type.name, QStringLiteral("Left tile"));
+        QCOMPARE(config.value().gamma, 2.2);
+        QVERIFY(handler.exportCabinetConfig(cabinet, m_file));
+        QCOMPARE(CCabinetConfig::read(m_file).value().type.name,
+                 CTypeLibrary::builtIn().find(cabinet.type)->name);
+        Cabinet custom = cabinet;
+        custom.type = SMD5();
+        QVERIFY2(handler.exportCabinetConfig(custom, m_file), qPrintable(handler.lastError()));
+    }
+
+    void filesThatCannotBeMadeLeaveNothing_data()
+    {
+        QTest::addColumn<bool>("readback");
+        QTest::addColumn<QString>("obstacle");
+        for (const char *obstacle : {"type", "folder"}) {
+            QTest::addRow("export, %s", obstacle) << false << QString::fromLatin1(obstacle);
+            QTest::addRow("readback, %s", obstacle) << true << QString::fromLatin1(obstacle);
+        }
+        QTest::newRow("readback, cabinet") << true << QStringLiteral("cabinet");
+        QTest::newRow("readback, port") << true << QStringLiteral("port");
+    }
+    void filesThatCannotBeMadeLeaveNothing()
+    {
+        QFETCH(bool, readback);
+        QFETCH(QString, obstacle);
+        Cabinet cabinet = firstCabinet(m_stage);
+        if (obstacle == QLatin1String("type"))
+            cabinet.type = SMD5::ofContent("none");
+        if (obstacle == QLatin1String("cabinet"))
+            cabinet.uuid = QUuid::createUuid();
+        if (obstacle == QLatin1String("folder"))
+            m_file = m_host->folder.filePath(QStringLiteral("none/cabinet.rcvbp"));
+        const int port = obstacle == QLatin1String("port") ? 1 : 0;
+        QVERIFY(!(readback ? m_host->handler.readbackCabinetConfig(port, cabinet, m_file, {})
+                           : m_host->handler.exportCabinetConfig(cabinet, m_file)));
+        QVERIFY(!m_host->handler.lastError().isEmpty());
+        QVERIFY(!QFile::exists(m_file));
+    }
+
+    void aProcessorThatDoesNotServeChangesNothing_data()
+    {
+        QTest::addColumn<int>("fault");
+        for (const SimulationFault fault :
+             {SimulationFault::Offline, SimulationFault::Silent, SimulationFault::Refuse})
+            QTest::newRow(SSimulationFault::all().at(static_cast<int>(fault)).name)
+                << static_cast<int>(fault);
+    }
+    void aProcessorThatDoesNotServeChangesNothing()
+    {
+        QFETCH(int, fault);
+        CLayoutHandler &handler = m_host->handler;
+        const Cabinet cabinet = firstCabinet(m_stage);
+        QVERIFY(handler.exportCabinetConfig(cabinet, m_file));
+        const QByteArray before = contentOf(m_file);
+        QVERIFY(!before.isEmpty());
+        const auto told = [&handler] {
+            return handler.lastError().startsWith(QLatin1String("Main stage(192.168.10.12): The processor "));
+        };
+        m_host->manager.simulate(m_stage, static_cast<SimulationFault>(fault), true);
+        QVERIFY(!handler.sendCabinetParameters({cabinet}, cabinet.type, 2.2) && told());
+        QVERIFY(!handler.setCabinetHighlight({cabinet}, CabinetHighlight::FlashingBox) && told());
+        QVERIFY(!handler.readbackCabinetConfig(0, cabinet, m_file, QStringLiteral("another")) && told());
+        QCOMPARE(gammaOf(m_stage, cabinet.type), 0.0);
+        QCOMPARE(contentOf(m_file), before);
+        QCoreApplication::processEvents();
+        QCOMPARE(m_highlights, 0);
+    }
+
+private:
+    Cabinet firstCabinet(const QUuid &processor) const
+    {
+        return m_host->layoutOf(processor).ports.at(0).getAllCabinets().first();
+    }
+    /// What the processor was sent for the type; 0: nothing.
+    double gammaOf(const QUuid &processor, const SMD5 &type) const
+    {
+        return m_host->manager.table().device(processor)->settings.gammas.value(type);
+    }
+
+    std::unique_ptr<CDeviceFixture> m_host;
+    QUuid m_stage;
+    QUuid m_left;
+    QString m_file;
+    int m_highlights = 0; // shown so far
+};
+
+ORVO_TEST_MAIN(QGuiApplication, CCabinetCommandsTest)
+#include "tst_cabinet_commands.moc"
