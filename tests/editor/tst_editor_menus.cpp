@@ -8,7 +8,6 @@
 #include "layout/editor/menus/CCanvasMenu.h"
 #include "layout/resources/LayoutResources.h"
 #include "tests/editor/CFixedPortStates.h"
-#include "tests/editor/CMouseTester.h"
 #include "tests/editor/CNotedCommands.h"
 #include "tests/editor/SmallWorlds.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
@@ -337,44 +336,6 @@ private Q_SLOTS:
         if (picture.contains(QLatin1String("readback")))
             QVERIFY(drawn(QIcon(QStringLiteral(":/Image/Layout/Menu/readback.svg"))) !=
                     drawn(QIcon(QStringLiteral(":/Image/Layout/Menu/readback_disabled.svg"))));
-    }
-
-    void rightClicksOpenTheMenuOfWhatIsThere_data()
-    {
-        QTest::addColumn<QPoint>("place");
-        QTest::addColumn<int>("state"); // 1: redundancy port, 2: a tool is in use
-        QTest::addColumn<QString>("menu");
-        const QString cabinet = QStringLiteral("CabinetMenu");
-        QTest::newRow("cabinet") << QPoint(64, 64) << 0 << cabinet;
-        QTest::newRow("gap of a group") << QPoint(64, 392) << 0 << cabinet;
-        QTest::newRow("canvas") << QPoint(700, 400) << 0 << QString();
-        QTest::newRow("redundancy port") << QPoint(64, 64) << 1 << QStringLiteral("none");
-        QTest::newRow("tool in use") << QPoint(64, 64) << 2 << QStringLiteral("none");
-    }
-    void rightClicksOpenTheMenuOfWhatIsThere()
-    {
-        QFETCH(QPoint, place);
-        QFETCH(int, state);
-        CMouseTester mouse;
-        mouse.showAtActualSize();
-        if (state == 1)
-            mouse.states().redundancy[0] = CabinetLayout::CabinetPort::Redundant;
-        if (state == 2)
-            mouse.view().toolBar().chooseMode(CEditorToolBar::Pen);
-        QString seen = QStringLiteral("none");
-        QTimer watch;
-        connect(&watch, &QTimer::timeout, this, [&seen] {
-            if (auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget())) {
-                seen = menu->objectName();
-                menu->close();
-            }
-        });
-        watch.start(1);
-        mouse.pressRight(place);
-        mouse.contextMenu(place);
-        QTEST(seen, "menu");
-        if (seen == QLatin1String("CabinetMenu"))
-            QCOMPARE(mouse.selected().size(), 1); // the press has selected what the menu is for
     }
 
     void untypedCabinetsAreAlikeWhenOfOneSize()
