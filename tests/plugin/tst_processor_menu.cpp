@@ -4,6 +4,7 @@
 #include "layout/plugin/CProcessorCommands.h"
 #include "layout/plugin/CProcessorMenu.h"
 #include "layout/plugin/LayoutNotification.h"
+#include "layout/resources/LayoutResources.h"
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CFileDialogAnswerer.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
@@ -127,15 +128,32 @@ private Q_SLOTS:
             ">Cabinet status LED|-|>Number of output ports|>Set as redundancy for|Cancel redundancy|-|"
             ">Cabinet parameters|-|Cabinet information...|-|Redundant processor view...");
         QCOMPARE(textsOf(scene.menu), wanted.split(QLatin1Char('|')));
-        QCOMPARE(
-            textsOf(*scene.entry(QStringLiteral("Number of output ports"))->menu()).join(QLatin1Char(' ')),
-            QStringLiteral("2 4 6 8 10 12 16 20 26 32 40 80"));
-        QCOMPARE(textsOf(*scene.entry(QStringLiteral("Cabinet status LED"))->menu()).join(QLatin1Char(' ')),
-                 QStringLiteral("On Off"));
-        QCOMPARE(textsOf(*scene.entry(QStringLiteral("Cabinet parameters"))->menu()).join(QLatin1Char('|')),
-                 QStringLiteral("Markup custom-defined cabinets|Save parameters..."));
-        QCOMPARE(textsOf(*scene.entry(QStringLiteral("Copy mapping from"))->menu()).join(QLatin1Char('|')),
-                 QStringLiteral("B(127.0.0.1)"));
+        const auto in = [&scene](const char *entry) {
+            return textsOf(*scene.entry(QString::fromLatin1(entry))->menu()).join(QLatin1Char(' '));
+        };
+        QCOMPARE(in("Number of output ports"), QStringLiteral("2 4 6 8 10 12 16 20 26 32 40 80"));
+        QCOMPARE(in("Cabinet status LED"), QStringLiteral("On Off"));
+        QCOMPARE(in("Cabinet parameters"),
+                 QStringLiteral("Markup custom-defined cabinets Save parameters..."));
+        QCOMPARE(in("Copy mapping from"), QStringLiteral("B(127.0.0.1)"));
+    }
+
+    void entriesHaveTheirPictures()
+    {
+        initLayoutResources();
+        SMenuScene scene;
+        scene.fill();
+        const auto drawn = [](const QIcon &icon) { return icon.pixmap(16, 16).toImage(); };
+        const QVector<QPair<const char *, const char *>> pictures = {
+            {"Import mapping by processor...", "Layout/PortList/Menu/import"},
+            {"Copy mapping from", "Layout/PortList/Menu/import"},
+            {"Export mapping by processor...", "Layout/PortList/Menu/export"},
+            {"Set as redundancy for", "Layout/PortList/Menu/backup"},
+            {"Cabinet parameters>Save parameters...", "Menu/placeholder"}};
+        for (const auto &[path, picture] : pictures) {
+            const QImage image = drawn(QIcon(QStringLiteral(":/Image/%1.svg").arg(QLatin1String(picture))));
+            QVERIFY2(!image.isNull() && drawn(scene.entry(QLatin1String(path))->icon()) == image, path);
+        }
     }
 
     void nothingIsADeadClick()
