@@ -32,6 +32,7 @@ const QString RedundancyPicture = QStringLiteral(":/Image/Layout/PortList/Menu/b
 
 const QColor WireColor(255, 252, 225);
 const QColor BorderColor(8, 8, 8);
+const QColor MarkPlate(22, 22, 26, 200);
 const QColor FrameColor(202, 202, 210);
 const QColor HighlightColor(255, 214, 64);
 const QColor CustomColor(190, 163, 25);
@@ -78,6 +79,14 @@ void paintMark(QPainter &painter, const QString &resource, const QRectF &cabinet
     const qreal margin = size * MarkMargin / MarkSize / 2;
     const QPointF corner(cabinet.right() - (place + 1) * (size + margin), cabinet.top() + margin);
     CSvgCache::renderer(resource).render(&painter, QRectF(corner, QSizeF(size, size)));
+}
+
+/// On a dark plate: a port may have the colour of the mark.
+void paintBackedMark(QPainter &painter, const QString &resource, const QRectF &place)
+{
+    const qreal margin = place.width() / 5;
+    painter.fillRect(place.adjusted(-margin, -margin, margin, margin), MarkPlate);
+    CSvgCache::renderer(resource).render(&painter, place);
 }
 
 /// The lower right corner, where neither the number nor the other marks are; of a small cabinet as much as is
@@ -251,11 +260,11 @@ void CLayoutPainter::paintPortMarks(QPainter &painter, const QRectF &bounds, qre
     if (size * scale < SmallestText)
         return;
     if (locked) {
-        CSvgCache::renderer(LockPicture).render(&painter, place);
+        paintBackedMark(painter, LockPicture, place);
         place.translate(2 * size, 0);
     }
     if (redundant)
-        CSvgCache::renderer(RedundancyPicture).render(&painter, place);
+        paintBackedMark(painter, RedundancyPicture, place);
 }
 
 QRectF CLayoutPainter::wireBounds(const QLineF &line)
