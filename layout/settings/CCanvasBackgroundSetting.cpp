@@ -25,6 +25,7 @@ constexpr int FileFieldWidth = 238;
 constexpr int PercentSliderWidth = 184;
 constexpr int PercentBoxWidth = 46;
 constexpr int FillRowSpacing = 3;
+constexpr int FileButtonSpacing = 6;
 
 } // namespace
 
@@ -70,6 +71,7 @@ void CCanvasBackgroundSetting::buildImageRow(QGridLayout &grid)
     m_file->setAccessibleName(tr("Image"));
     m_file->setToolTip(m_info.file);
     auto *row = new QHBoxLayout;
+    row->setSpacing(FileButtonSpacing);
     row->addWidget(m_file);
     row->addWidget(m_browse, 1);
     grid.addLayout(row, grid.rowCount(), 0, 1, 2);
@@ -95,7 +97,7 @@ CSliderSpinBox *CCanvasBackgroundSetting::buildPercentRow(QGridLayout &grid, con
     percent->setValue(value);
     const int row = grid.rowCount();
     grid.addWidget(new QLabel(text), row, 0);
-    grid.addWidget(percent, row, 1);
+    grid.addWidget(percent, row, 1, Qt::AlignRight);
     return percent;
 }
 
