@@ -10,10 +10,9 @@
 #include "layout/plugin/CEditorCommands.h"
 #include "layout/plugin/LayoutNotification.h"
 #include "tests/harness/CFakeHost.h"
+#include "tests/harness/DialogUser.h"
 #include "tests/harness/StoreBarrier.h"
 
-#include <QApplication>
-#include <QTimer>
 #include <QtTest>
 
 /// A type of the library, of one receiver.
@@ -70,14 +69,3 @@ struct SCommandWorld
     CLayoutGraphicsView view{store};
     CEditorCommands commands{store, view};
 };
-
-/// Acts in the next dialog once it is on screen.
-template <typename Dialog>
-void inNext(const std::function<void(Dialog &)> &act)
-{
-    QTimer::singleShot(0, qApp, [act] {
-        auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
-        QVERIFY(dialog);
-        act(*dialog);
-    });
-}

@@ -9,6 +9,7 @@
 #include "tests/harness/CFileDialogAnswerer.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/harness/DialogUser.h"
 
 #include <QMenu>
 
@@ -86,29 +87,14 @@ QStringList withoutReason(const QMenu &menu)
     return texts;
 }
 
-/// Closes the next dialog and notes its title.
-class CDialogCloser final : public QObject
+/// Closes the next dialog and notes its @p title.
+void closeNext(QString &title)
 {
-public:
-    explicit CDialogCloser(QString &title)
-        : m_title(title)
-    {
-        startTimer(1);
-    }
-
-protected:
-    void timerEvent(QTimerEvent *) override
-    {
-        auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-        if (!dialog)
-            return;
-        m_title = dialog->windowTitle();
-        dialog->reject();
-    }
-
-private:
-    QString &m_title;
-};
+    inNext<QDialog>([&title](QDialog &dialog) {
+        title = dialog.windowTitle();
+        dialog.reject();
+    });
+}
 
 const QString Ok = QStringLiteral("OK");
 
@@ -352,7 +338,7 @@ private Q_SLOTS:
         scene.selected << CabinetLayout::CabinetPort::Cabinet();
         scene.fill();
         QString title;
-        CDialogCloser closer(title);
+        closeNext(title);
         scene.entry(path)->trigger();
         QCOMPARE(title, QStringLiteral("Cabinet information"));
     }
@@ -379,7 +365,7 @@ private Q_SLOTS:
         group.cabinets << cabinet;
         scene.answers()->layouts[scene.a].layout.ports[0].groups << group;
         QString title;
-        CDialogCloser closer(title);
+        closeNext(title);
         scene.trigger(path);
         QCOMPARE(title, QStringLiteral("Save parameters"));
         QCOMPARE(user.texts().size(), 1);

@@ -5,11 +5,10 @@
 #include "platform/widgets/color/CColorSVPanel.h"
 #include "platform/widgets/color/CColorSlider.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/harness/DialogUser.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QSpinBox>
 
 namespace {
@@ -25,27 +24,10 @@ struct SFillDialog
         dialog.show();
     }
 
-    template <typename Control>
-    Control *named(const char *name) const
-    {
-        for (Control *control : dialog.findChildren<Control *>()) {
-            if (control->accessibleName() == QLatin1String(name))
-                return control;
-        }
-        return nullptr;
-    }
     CColorSVPanel *panel() const { return dialog.findChild<CColorSVPanel *>(); }
-    QSlider *slider(const char *name) const { return named<CColorSlider>(name); }
-    QSpinBox *number(const char *name) const { return named<QSpinBox>(name); }
+    QSlider *slider(const char *name) const { return named<CColorSlider>(dialog, name); }
+    QSpinBox *number(const char *name) const { return named<QSpinBox>(dialog, name); }
     QCheckBox *allPorts() const { return dialog.findChild<QCheckBox *>(); }
-    QPushButton *restore() const
-    {
-        for (QPushButton *button : dialog.findChildren<QPushButton *>()) {
-            if (button->text() == QLatin1String("Default"))
-                return button;
-        }
-        return nullptr;
-    }
     /// Everything that the controls show: red, green, blue, hue, brightness, percent.
     QVector<int> shown() const
     {
@@ -158,7 +140,7 @@ private Q_SLOTS:
     {
         const SFillDialog opened(QColor(200, 100, 50));
         QCOMPARE(opened.dialog.fill().color, QColor(200, 100, 50));
-        QTest::mouseClick(opened.restore(), Qt::LeftButton);
+        QTest::mouseClick(buttonOf(opened.dialog, QStringLiteral("Default")), Qt::LeftButton);
         QCOMPARE(opened.shown().mid(0, 3), (Values{PortBlue.red(), PortBlue.green(), PortBlue.blue()}));
         QVERIFY2(!opened.dialog.fill().color.isValid(), "every port has a default of its own");
         opened.number("Red")->setValue(65);

@@ -8,17 +8,15 @@
 #include "tests/harness/CFileDialogAnswerer.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/harness/DialogUser.h"
 
 #include <QCheckBox>
 #include <QImage>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QSignalSpy>
 #include <QSlider>
 #include <QSpinBox>
 #include <QTemporaryDir>
-#include <QTimer>
 
 namespace {
 
@@ -35,11 +33,7 @@ SBackgroundInfo filled()
 
 QPushButton *browseOf(const QWidget &dialog)
 {
-    for (QPushButton *button : dialog.findChildren<QPushButton *>()) {
-        if (button->text() == QLatin1String("Browse..."))
-            return button;
-    }
-    return nullptr;
+    return buttonOf(dialog, QStringLiteral("Browse..."));
 }
 
 } // namespace
@@ -166,11 +160,9 @@ private Q_SLOTS:
         connect(&commands, &CCanvasCommands::previewed, this,
                 [&shown](const SBackgroundInfo &info) { shown << info; });
         CMessageBoxAnswerer user({QStringLiteral("OK")});
-        QTimer::singleShot(0, this, [accepted] {
-            auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-            QVERIFY(dialog);
-            dialog->findChildren<QSlider *>().at(0)->setValue(60);
-            QTest::keyClick(dialog, accepted ? Qt::Key_Return : Qt::Key_Escape);
+        inNext<QDialog>([accepted](QDialog &dialog) {
+            dialog.findChildren<QSlider *>().at(0)->setValue(60);
+            QTest::keyClick(&dialog, accepted ? Qt::Key_Return : Qt::Key_Escape);
         });
         commands.setCanvasFill();
         QCOMPARE(shown.first().scale, 60);

@@ -6,44 +6,15 @@
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/harness/DialogUser.h"
 
-#include <QApplication>
 #include <QComboBox>
-#include <QLabel>
-#include <QPushButton>
 #include <QSpinBox>
 #include <QStandardItemModel>
-#include <QTimer>
 
 namespace {
 
 const QString SetFailed = QStringLiteral("Set failed.");
-
-/// Lets a user act on the dialog that is about to open.
-template <typename Dialog>
-void inNext(const std::function<void(Dialog &)> &act)
-{
-    QTimer::singleShot(0, qApp, [act] {
-        auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
-        QVERIFY(dialog);
-        act(*dialog);
-    });
-}
-
-QPushButton *okOf(const CDialog &dialog)
-{
-    return dialog.buttonBox()->button(QDialogButtonBox::Ok);
-}
-
-template <typename Control>
-Control *named(const QWidget &dialog, const char *name)
-{
-    for (Control *control : dialog.findChildren<Control *>()) {
-        if (control->accessibleName() == QLatin1String(name))
-            return control;
-    }
-    return nullptr;
-}
 
 QString hintOf(const QWidget &dialog)
 {

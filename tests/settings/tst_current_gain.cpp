@@ -7,11 +7,9 @@
 #include "tests/harness/CFileDialogAnswerer.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/harness/DialogUser.h"
 
-#include <QApplication>
 #include <QCheckBox>
-#include <QPushButton>
-#include <QTimer>
 
 namespace {
 
@@ -44,14 +42,7 @@ struct SGainDialog final
     }
 
     CEleCurrentAdjustTable &table() const { return *dialog->findChild<CEleCurrentAdjustTable *>(); }
-    QPushButton *button(const QString &text) const
-    {
-        for (QPushButton *button : dialog->findChildren<QPushButton *>()) {
-            if (button->text() == text)
-                return button;
-        }
-        return nullptr;
-    }
+    QPushButton *button(const QString &text) const { return buttonOf(*dialog, text); }
     void press(const char *text) const
     {
         QTest::mouseClick(button(QString::fromLatin1(text)), Qt::LeftButton);
@@ -323,11 +314,9 @@ private Q_SLOTS:
         QWidget window;
         CCanvasCommands commands(window);
         bool opened = false;
-        QTimer::singleShot(0, qApp, [&opened] {
-            QWidget *dialog = QApplication::activeModalWidget();
-            QVERIFY(dialog);
-            QTRY_COMPARE(dialog->findChild<CEleCurrentAdjustTable *>()->rowCount(), 3);
-            QTest::keyClick(dialog, Qt::Key_Escape);
+        inNext<QDialog>([&opened](QDialog &dialog) {
+            QTRY_COMPARE(dialog.findChild<CEleCurrentAdjustTable *>()->rowCount(), 3);
+            QTest::keyClick(&dialog, Qt::Key_Escape);
             opened = true;
         });
         commands.adjustCurrentGain();

@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "platform/widgets/CDialog.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QTimer>
+#include <QtTest>
+
+#include <functional>
+
+/// Acts in the next dialog once it is on screen.
+template <typename Dialog>
+void inNext(const std::function<void(Dialog &)> &act)
+{
+    QTimer::singleShot(0, qApp, [act] {
+        auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        act(*dialog);
+    });
+}
+
+inline QPushButton *okOf(const CDialog &dialog)
+{
+    return dialog.buttonBox()->button(QDialogButtonBox::Ok);
+}
+
+/// The button with that text; null: none.
+inline QPushButton *buttonOf(const QWidget &dialog, const QString &text)
+{
+    for (QPushButton *button : dialog.findChildren<QPushButton *>()) {
+        if (button->text() == text)
+            return button;
+    }
+    return nullptr;
+}
+
+/// The control that assistive tools know by @p name; null: none.
+template <typename Control>
+Control *named(const QWidget &dialog, const char *name)
+{
+    for (Control *control : dialog.findChildren<Control *>()) {
+        if (control->accessibleName() == QLatin1String(name))
+            return control;
+    }
+    return nullptr;
+}
+
+/// The control that the label of that text belongs to; null: none.
+template <typename Control>
+Control *labelled(const QWidget &dialog, const char *text)
+{
+    for (const QLabel *label : dialog.findChildren<QLabel *>()) {
+        if (label->text() == QLatin1String(text))
+            return qobject_cast<Control *>(label->buddy());
+    }
+    return nullptr;
+}
