@@ -2,16 +2,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/CLayoutData.h"
 #include "layout/editor/CCabinetGraphicsScene.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/plugin/CEditorCommands.h"
-#include "layout/plugin/LayoutNotification.h"
-#include "tests/harness/CFakeHost.h"
 #include "tests/harness/DialogUser.h"
-#include "tests/harness/StoreBarrier.h"
+#include "tests/plugin/SStoreWorld.h"
 
 #include <QtTest>
 
@@ -30,12 +27,11 @@ inline SSettings::TypeLibrary::STreeNode typeNode(const char *name, int width, i
 }
 
 /// A host, and the editor with its commands.
-struct SCommandWorld
+struct SCommandWorld final : SStoreWorld
 {
     SCommandWorld()
     {
         host.answers()->library = {typeNode("Flat", 100, 100), typeNode("Huge", 2049, 100)};
-        host.subject()->attach(store);
         view.setCommands(&commands);
         store.setLayoutSource(&view.cabinetScene());
     }
@@ -43,17 +39,13 @@ struct SCommandWorld
     {
         view.setCommands(nullptr);
         store.setLayoutSource(nullptr);
-        host.subject()->detach(store);
-        store.stop();
     }
 
     /// Brings a processor with so many ports and cabinets a port into view.
     void open(int ports, int cabinets)
     {
         const QUuid processor = host.addProcessor(QStringLiteral("Main"), ports, cabinets);
-        host.choose(processor);
-        host.notify(LayoutNotification::CurrentProcessorChanged, processor);
-        settle(host, store);
+        show(processor);
         const ProcessorTree::ProcessorNode node = host.answers()->getProcessorNode(processor);
         view.showLayout(node, store.openProcessor(processor));
         store.setCurrentPort(ports - 1);
@@ -64,8 +56,6 @@ struct SCommandWorld
         return *scene().portItem(port)->cabinets(nullptr).at(place);
     }
 
-    CFakeHost host;
-    CLayoutData store;
     CLayoutGraphicsView view{store};
     CEditorCommands commands{store, view};
 };

@@ -1,10 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/data/CLayoutData.h"
 #include "layout/plugin/CLayoutEditorPage.h"
-#include "layout/plugin/LayoutNotification.h"
-#include "tests/harness/CFakeHost.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/plugin/SStoreWorld.h"
 
 #include <QApplication>
 #include <QImage>
@@ -18,46 +16,38 @@ class CEditorPageTest final : public CTestBase
 private Q_SLOTS:
     void aFillThatCannotBeReadIsToldBesideTheTitle()
     {
-        CFakeHost host;
-        CLayoutData store;
-        host.subject()->attach(store);
-        {
-            CLayoutEditorPage page(store);
-            const auto show = [&](const QUuid &processor) {
-                host.choose(processor);
-                host.notify(LayoutNotification::CurrentProcessorChanged, processor);
-                QTRY_COMPARE(store.currentProcessor(), processor);
-                page.setProcessor(host.answers()->getProcessorNode(processor));
-            };
-            const QString damaged = fileOf("damaged.png", "no picture");
-            const QString readable = m_folder.filePath(QStringLiteral("blue.png"));
-            QVERIFY(QImage(4, 4, QImage::Format_RGB32).save(readable));
-            SBackgroundInfo info;
-            info.enabled = true;
-            info.file = damaged;
-            info.processor = host.addProcessor(QStringLiteral("Stage"), 1);
-            host.answers()->backgrounds[info.processor] = info;
+        SStoreWorld world;
+        CLayoutEditorPage page(world.store);
+        const auto show = [&](const QUuid &processor) {
+            world.show(processor);
+            page.setProcessor(world.answers()->getProcessorNode(processor));
+        };
+        const QString damaged = fileOf("damaged.png", "no picture");
+        const QString readable = m_folder.filePath(QStringLiteral("blue.png"));
+        QVERIFY(QImage(4, 4, QImage::Format_RGB32).save(readable));
+        SBackgroundInfo info;
+        info.enabled = true;
+        info.file = damaged;
+        info.processor = world.host.addProcessor(QStringLiteral("Stage"), 1);
+        world.answers()->backgrounds[info.processor] = info;
 
-            expectWarning(QRegularExpression(QStringLiteral("The canvas has no fill")));
-            show(info.processor);
-            QVERIFY2(noteOf(page).contains(damaged), qPrintable(noteOf(page)));
-            show(host.addProcessor(QStringLiteral("Lobby"), 1));
-            QCOMPARE(noteOf(page), QString());
+        expectWarning(QRegularExpression(QStringLiteral("The canvas has no fill")));
+        show(info.processor);
+        QVERIFY2(noteOf(page).contains(damaged), qPrintable(noteOf(page)));
+        show(world.host.addProcessor(QStringLiteral("Lobby"), 1));
+        QCOMPARE(noteOf(page), QString());
 
-            expectWarning(QRegularExpression(QStringLiteral("The canvas has no fill")));
-            show(info.processor);
-            info.file = readable;
-            host.notify(LayoutNotification::BackgroundChanged, info);
-            QTRY_COMPARE(noteOf(page), QString());
-            page.setReadbackResult(true);
-            info.opacity = 50;
-            host.notify(LayoutNotification::BackgroundChanged, info);
-            QTRY_COMPARE(store.background(), info);
-            QCoreApplication::sendPostedEvents();
-            QVERIFY(!noteOf(page).isEmpty()); // is about something else
-        }
-        host.subject()->detach(store);
-        store.stop();
+        expectWarning(QRegularExpression(QStringLiteral("The canvas has no fill")));
+        show(info.processor);
+        info.file = readable;
+        world.host.notify(LayoutNotification::BackgroundChanged, info);
+        settle(world.host, world.store);
+        QCOMPARE(noteOf(page), QString());
+        page.setReadbackResult(true);
+        info.opacity = 50;
+        world.host.notify(LayoutNotification::BackgroundChanged, info);
+        settle(world.host, world.store);
+        QVERIFY(!noteOf(page).isEmpty()); // is about something else
     }
 
 private:

@@ -1,42 +1,28 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/data/CLayoutData.h"
 #include "layout/panels/CLayoutSidePanel.h"
 #include "layout/plugin/CMappingCommands.h"
-#include "layout/plugin/LayoutNotification.h"
-#include "tests/harness/CFakeHost.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
-#include "tests/harness/StoreBarrier.h"
+#include "tests/plugin/SStoreWorld.h"
 
 #include <QToolButton>
 
 namespace {
 
-struct SMappingScene final
+struct SMappingScene final : SStoreWorld
 {
-    CFakeHost host;
     QUuid a = host.addProcessor(QStringLiteral("A"), 4, 2);
     QWidget window;
-    CLayoutData store;
     CLayoutSidePanel panel;
     std::unique_ptr<CMappingCommands> commands = std::make_unique<CMappingCommands>(store, panel, window);
 
     SMappingScene()
     {
-        host.choose(a);
-        host.subject()->attach(store);
-        host.notify(LayoutNotification::CurrentProcessorChanged, a);
-        settle(host, store);
+        show(a);
         const ProcessorTree::ProcessorNode node = host.answers()->currentProcessorNode();
         panel.onCurrentProcessorChanged(node);
     }
-    ~SMappingScene()
-    {
-        host.subject()->detach(store);
-        store.stop();
-    }
-    CFakeAnswers answers() { return host.answers(); }
     void run(bool save)
     {
         if (save)

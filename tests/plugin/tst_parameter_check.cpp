@@ -1,11 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/data/CLayoutData.h"
 #include "layout/plugin/CParameterCheck.h"
-#include "layout/plugin/LayoutNotification.h"
-#include "tests/harness/CFakeHost.h"
 #include "tests/harness/CTestBase.h"
-#include "tests/harness/StoreBarrier.h"
+#include "tests/plugin/SStoreWorld.h"
 
 namespace {
 
@@ -22,26 +19,16 @@ Node typeNode(const char *name, bool damaged)
 }
 
 /// Two detected processors with two good cabinets each, and a project that does not count.
-struct SParameterScene final
+struct SParameterScene final : SStoreWorld
 {
-    CFakeHost host;
     QUuid a = host.addProcessor(QStringLiteral("A"), 2, 1);
     QUuid b = host.addProcessor(QStringLiteral("B"), 1, 2);
     QUuid project = host.addProcessor(QStringLiteral("P"), 1, 1);
-    CLayoutData store;
 
     SParameterScene()
     {
         prepareProcessors();
-        host.choose(a);
-        host.subject()->attach(store);
-        host.notify(LayoutNotification::CurrentProcessorChanged, a);
-        settle(host, store);
-    }
-    ~SParameterScene()
-    {
-        host.subject()->detach(store);
-        store.stop();
+        show(a);
     }
     void prepareProcessors()
     {

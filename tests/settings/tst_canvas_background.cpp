@@ -80,8 +80,6 @@ private Q_SLOTS:
         QStringList percents;
         for (const QSpinBox *box : dialog.findChildren<QSpinBox *>()) {
             QCOMPARE(box->width(), 46);
-            const auto *edit = box->findChild<QLineEdit *>();
-            QVERIFY(edit->width() >= edit->fontMetrics().horizontalAdvance(QStringLiteral("100%")) + 4);
             percents << box->text();
         }
         QCOMPARE(percents, (QStringList{QStringLiteral("50%"), QStringLiteral("30%")}));
