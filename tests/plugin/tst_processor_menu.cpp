@@ -118,7 +118,6 @@ private Q_SLOTS:
             return textsOf(*scene.entry(QString::fromLatin1(entry))->menu()).join(QLatin1Char(' '));
         };
         QCOMPARE(in("Number of output ports"), QStringLiteral("2 4 6 8 10 12 16 20 26 32 40 80"));
-        QCOMPARE(in("Cabinet status LED"), QStringLiteral("On Off"));
         QCOMPARE(in("Cabinet parameters"),
                  QStringLiteral("Markup custom-defined cabinets Save parameters..."));
         QCOMPARE(in("Copy mapping from"), QStringLiteral("B(127.0.0.1)"));
