@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/resources/LayoutResources.h"
+#include "platform/widgets/view/CAerialView.h"
 #include "tests/editor/CMouseTester.h"
 #include "tests/editor/CNotedCommands.h"
 #include "tests/harness/CSignalLog.h"
@@ -136,21 +137,63 @@ private Q_SLOTS:
         QTEST(m_mouse->scene().isAppending(), "begins");
     }
 
-    void aRedundancyProcessorIsLookedAtOnly()
+    void aBlockedEditorIsLookedAtOnly_data()
     {
+        QTest::addColumn<bool>("backup");
+        QTest::newRow("by the controller") << false;
+        QTest::newRow("as a redundancy processor") << true;
+    }
+    void aBlockedEditorIsLookedAtOnly()
+    {
+        QFETCH(bool, backup);
         CLayoutGraphicsView &view = m_mouse->view();
+        const auto block = [&view, backup](bool blocked) {
+            if (backup)
+                view.onCurrentProcessorBackupChanged(blocked);
+            else
+                view.setEditingBlocked(blocked);
+        };
         m_mouse->scene().selectPort(0, true);
-        view.onCurrentProcessorBackupChanged(true);
-        QVERIFY(!view.isInteractive() && view.toolBar().isHidden());
+        m_mouse->scene().selectedItemMoveDown();
+        m_mouse->scene().selectedItemMoveDown();
+        m_mouse->scene().undo(nullptr);
+        const CabinetLayout moved = m_mouse->layout();
+        const QStringList before = enabledTools();
+        QVERIFY(before.contains(QLatin1String("Undo(Ctrl+Z)")) && before.contains(QLatin1String("Topology")));
+        block(true);
+        const QStringList looking = {QStringLiteral("Hand"), QStringLiteral("Type library"),
+                                     QStringLiteral("Navigator")};
+        QCOMPARE(enabledTools(), looking);
+        QVERIFY(!view.isInteractive());
+        m_mouse->scene().clearSelection();
+        m_mouse->scene().selectPort(0, true); // does not bring them back
+        QCOMPARE(enabledTools(), looking);
         QTest::keyClick(&view, Qt::Key_Delete);
-        QCOMPARE(m_mouse->layout(), m_mouse->original());
-        view.onCurrentProcessorBackupChanged(false);
-        QVERIFY(view.isInteractive() && !view.toolBar().isHidden());
+        QTest::keyClick(&view, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(m_mouse->layout(), moved);
+        view.toolBar().button(CEditorToolBar::Navigator)->click();
+        QVERIFY(view.aerialView().isVisible());
+        view.toolBar().button(CEditorToolBar::Hand)->click(); // there is no other mode to go to
+        QVERIFY(view.toolBar().tool(CEditorToolBar::Hand)->isChecked());
+        block(false);
+        QVERIFY(view.isInteractive());
+        QCOMPARE(enabledTools(), before);
         QTest::keyClick(&view, Qt::Key_Delete);
         QCOMPARE(m_mouse->stack().undoText(), QStringLiteral("Delete"));
     }
 
 private:
+    /// What the enabled buttons of the tool bar are called.
+    QStringList enabledTools()
+    {
+        QStringList names;
+        for (QAction *action : m_mouse->view().toolBar().actions()) {
+            const QWidget *button = m_mouse->view().toolBar().widgetForAction(action);
+            if (button && button->isEnabled() && !button->accessibleName().isEmpty())
+                names << button->accessibleName();
+        }
+        return names;
+    }
     static QSet<QUuid> uuidsOf(const QList<Cabinet> &cabinets)
     {
         QSet<QUuid> uuids;

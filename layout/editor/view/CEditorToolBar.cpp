@@ -67,10 +67,31 @@ void CEditorToolBar::buildUi()
     if (!redoKeys.contains(named))
         redoKeys << named;
     tool(Redo)->setShortcuts(redoKeys);
-    for (const ETool disabled : {Undo, Redo, Group, Ungroup, Print})
-        tool(disabled)->setEnabled(false);
+    enableTools();
     tool(Print)->setToolTip(tr("Print(Ctrl+P)") + QLatin1Char('\n') + tr("Available in a later version"));
     chooseMode(Arrow);
+}
+
+void CEditorToolBar::setUseful(ETool tool, bool useful)
+{
+    if (useful)
+        m_useless.remove(tool);
+    else
+        m_useless.insert(tool);
+    enableTools();
+}
+
+void CEditorToolBar::setEditingBlocked(bool blocked)
+{
+    m_blocked = blocked;
+    enableTools();
+}
+
+void CEditorToolBar::enableTools()
+{
+    static const QSet<int> looking = {Hand, TypeLibrary, Navigator};
+    for (int tool = 0; tool < ToolCount; ++tool)
+        m_actions.at(tool)->setEnabled(!m_useless.contains(tool) && (!m_blocked || looking.contains(tool)));
 }
 
 QToolButton *CEditorToolBar::button(ETool tool) const

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QSet>
 #include <QToolBar>
 #include <QVector>
 
@@ -39,6 +40,10 @@ public:
     QToolButton *button(ETool tool) const;
     /// Makes @p tool the one mode that is in use, without a signal if it is already.
     void chooseMode(ETool tool) { m_actions.at(tool)->setChecked(true); }
+    /// Whether there is something that @p tool could do.
+    void setUseful(ETool tool, bool useful);
+    /// Disables all tools but those for looking.
+    void setEditingBlocked(bool blocked);
     /// Whether a highlight is to be shown by the LED of the cabinets in place of a flashing box.
     bool isFrameless() const { return m_frameless; }
 
@@ -53,8 +58,11 @@ private:
     void makeCheckable(ETool tool);
     void addHighlightMenu();
     void setFrameless(bool frameless);
+    void enableTools();
 
     QVector<QAction *> m_actions;
+    QSet<int> m_useless = {Undo, Redo, Group, Ungroup, Print}; // tools with nothing to do
+    bool m_blocked = false;
     QActionGroup *m_modes = nullptr; // one of them at most is checked
     bool m_frameless = false;
 };

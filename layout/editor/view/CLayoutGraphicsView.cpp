@@ -140,17 +140,21 @@ void CLayoutGraphicsView::clearLayout()
 
 void CLayoutGraphicsView::setEditingBlocked(bool blocked)
 {
-    m_blocked = blocked;
-    m_toolBar->setVisible(!isBlocked());
-    m_scene->leaveOperation();
+    setBlocked(blocked, m_backup);
 }
 
 void CLayoutGraphicsView::onCurrentProcessorBackupChanged(bool isBackup)
 {
-    if (m_backup == isBackup)
-        return;
-    m_backup = isBackup;
-    m_toolBar->setVisible(!isBlocked());
+    if (m_backup != isBackup)
+        setBlocked(m_blocked, isBackup);
+}
+
+void CLayoutGraphicsView::setBlocked(bool byController, bool asBackup)
+{
+    m_blocked = byController;
+    m_backup = asBackup;
+    m_toolBar->setEditingBlocked(isBlocked());
+    m_ports->setEditingBlocked(isBlocked());
     m_scene->leaveOperation();
 }
 
@@ -255,8 +259,8 @@ void CLayoutGraphicsView::onNotifySelectedCabinetSizeChanged(const QSize &size)
 
 void CLayoutGraphicsView::onNotifySelectedChanged(const QList<int> &ports, bool canGroup, bool canBreakGroup)
 {
-    m_toolBar->tool(Bar::Group)->setEnabled(canGroup);
-    m_toolBar->tool(Bar::Ungroup)->setEnabled(canBreakGroup);
+    m_toolBar->setUseful(Bar::Group, canGroup);
+    m_toolBar->setUseful(Bar::Ungroup, canBreakGroup);
     m_ports->showSelection(ports);
     aerialView().scheduleRefresh();
     Q_EMIT notifySelectedPort(ports);
@@ -351,12 +355,12 @@ void CLayoutGraphicsView::onScorllBarRangeChanged()
 
 void CLayoutGraphicsView::onNotifyCanUndoChanged(bool canUndo)
 {
-    m_toolBar->tool(Bar::Undo)->setEnabled(canUndo);
+    m_toolBar->setUseful(Bar::Undo, canUndo);
 }
 
 void CLayoutGraphicsView::onNotifyCanRedoChanged(bool canRedo)
 {
-    m_toolBar->tool(Bar::Redo)->setEnabled(canRedo);
+    m_toolBar->setUseful(Bar::Redo, canRedo);
 }
 
 bool CLayoutGraphicsView::viewportEvent(QEvent *event)

@@ -101,6 +101,7 @@ private:
     void connectTools();
     void connectScene();
     bool isBlocked() const { return m_blocked || m_backup; }
+    void setBlocked(bool byController, bool asBackup);
     void choosePort(int port);
     void clearTopology();
     void openAppendMenu(const QPoint &globalPos);

@@ -133,6 +133,22 @@ int CPortStrip::port() const
     return m_ports->currentIndex() < 0 ? -1 : m_ports->currentData().toInt();
 }
 
+void CPortStrip::setEditingBlocked(bool blocked)
+{
+    m_blocked = blocked;
+    enableEntries();
+}
+
+/// The actions, which a bar without room for the buttons shows in their place.
+void CPortStrip::enableEntries()
+{
+    const bool hasPort = port() >= 0;
+    m_ports->setEnabled(!m_blocked);
+    m_patterns->defaultAction()->setEnabled(m_hasSelection && !m_blocked);
+    m_append->defaultAction()->setEnabled(hasPort && !m_blocked);
+    m_portButton->defaultAction()->setEnabled(hasPort && !m_blocked);
+}
+
 void CPortStrip::setPorts(const QList<int> &ports, int current)
 {
     m_ports->clear();
@@ -146,9 +162,8 @@ void CPortStrip::showSelection(const QList<int> &ports)
 {
     if (ports.size() == 1)
         m_ports->setCurrentIndex(m_ports->findData(ports.first()));
-    m_patterns->setEnabled(!ports.isEmpty());
-    m_append->setEnabled(port() >= 0);
-    m_portButton->setEnabled(port() >= 0);
+    m_hasSelection = !ports.isEmpty();
+    enableEntries();
     const bool locked = m_states.isPortLocked(port());
     m_portButton->defaultAction()->setIcon(
         locked ? QIcon(QStringLiteral(":/Image/Layout/PortList/lock_checked.svg")) : portIcon("lock"));

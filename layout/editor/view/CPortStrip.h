@@ -27,6 +27,8 @@ public:
     void setPorts(const QList<int> &ports, int current);
     /// Follows a selection that lies in @p ports.
     void showSelection(const QList<int> &ports);
+    /// Disables everything.
+    void setEditingBlocked(bool blocked);
     int port() const; ///< the chosen one; -1: none
 
 Q_SIGNALS:
@@ -45,6 +47,7 @@ private:
     void addPatterns();
     void addPortMenu();
     void fillPortMenu();
+    void enableEntries();
 
     QToolBar &m_bar;
     const IPortStates &m_states;
@@ -53,4 +56,6 @@ private:
     QToolButton *m_patterns = nullptr;
     QToolButton *m_portButton = nullptr;
     QMenu *m_portMenu = nullptr;
+    bool m_hasSelection = false;
+    bool m_blocked = false;
 };

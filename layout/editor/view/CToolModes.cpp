@@ -39,7 +39,7 @@ void CToolModes::apply(QGraphicsView &view, CCabinetGraphicsScene &scene, CEdito
     const QVector<Bar::ETool> modes = {Bar::Arrow, Bar::Hand, Bar::Pen, Bar::HeadToTailExchange,
                                        Bar::Calibrate};
     if (std::none_of(modes.begin(), modes.end(), isOn)) {
-        toolBar.chooseMode(Bar::Arrow);
+        toolBar.chooseMode(blocked ? Bar::Hand : Bar::Arrow);
         return;
     }
     if (!isOn(Bar::Arrow))
