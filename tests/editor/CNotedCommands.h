@@ -7,6 +7,8 @@
 #include <QMenu>
 #include <QStringList>
 
+#include <functional>
+
 /// Commands for tests: notes what is asked for.
 class CNotedCommands final : public IEditorCommands
 {
@@ -15,12 +17,18 @@ public:
     QString refusal;         ///< of reading a configuration back
     QList<Cabinet> cabinets; ///< of the last call
     CabinetHighlight highlighted = CabinetHighlight::Off;
-    bool highlights = true; ///< whether the processor does
+    bool highlights = true;         ///< whether the processor does
+    std::function<void()> choosing; ///< is done when a type is to be chosen, in place of a dialog
 
     void fillCurrentPort(QWidget *) override { note("fill"); }
     void resetFills(QWidget *) override { note("reset fills"); }
     void markCustomCabinets(bool marked) override { note(marked ? "mark" : "unmark"); }
-    void chooseType(QWidget *) override { note("type"); }
+    void chooseType(QWidget *) override
+    {
+        note("type");
+        if (choosing)
+            choosing();
+    }
     void saveParameters(const QList<Cabinet> &records, QWidget *) override { note("parameters", records); }
     void showInformation(const QList<Cabinet> &records, QWidget *) override { note("information", records); }
     void exportConfiguration(const Cabinet &cabinet, QWidget *) override { note("export", {cabinet}); }

@@ -46,7 +46,7 @@ bool CRandomEdits::carryOut(int kind)
         return false;
     case Paste:
     case Append: {
-        const bool placed = kind == Paste ? m_placing.paste() : m_placing.append();
+        const bool placed = kind == Paste ? m_placing.paste(m_entry) : m_placing.append();
         if (placed)
             m_selection = CReferenceModel(m_world.layout()).topItems() - m_before.topItems();
         return placed;
@@ -81,16 +81,19 @@ bool CRandomEdits::carryOut(int kind)
     }
 }
 
-/// Triggers an entry of the menu of a selected item.
+/// Triggers an entry of the menu of a selected item, or of the canvas.
 bool CRandomEdits::chooseEntry()
 {
-    if (m_items.isEmpty())
-        return false;
-    const QVector<CGraphicsItemBase *> items = m_scene.selection().sorted();
-    const CGraphicsItemBase &clicked = *items.at(m_random.bounded(items.size()));
-    m_clicked = clicked.uuid();
     QMenu menu;
-    CCabinetMenu(menu, m_scene, clicked, nullptr).fill();
+    const QVector<CGraphicsItemBase *> items = m_scene.selection().sorted();
+    if (items.isEmpty() || m_random.bounded(4) == 0) {
+        m_entryPort = m_placing.fillCanvasMenu(menu);
+    } else {
+        const CGraphicsItemBase &clicked = *items.at(m_random.bounded(items.size()));
+        m_clicked = clicked.uuid();
+        m_entryPort = clicked.port();
+        CCabinetMenu(menu, m_scene, clicked, nullptr).fill();
+    }
     const QVector<QAction *> entries = MenuEntries::editing(menu);
     m_entry = entries.at(m_random.bounded(entries.size()));
     const bool edited = carryOut(MenuEntries::kinds().value(m_entry->text()));
@@ -115,7 +118,7 @@ bool CRandomEdits::editPort(int kind)
     case Pen:
         return drawStroke();
     case ClearPort:
-        return clearPort(m_entry ? m_before.portOf(m_clicked) : port);
+        return clearPort(m_entry ? m_entryPort : port);
     case Backup: {
         const bool back = m_random.bounded(2);
         m_scene.backupPort((port + 1) % PortCount, port, back);
@@ -190,7 +193,8 @@ bool CRandomEdits::changeShape(int kind)
             edited.resizeTo(m_items, size);
     } else {
         const CReferenceModel::TypeInfo type = CRandomPlacing::randomType(m_random);
-        m_scene.selectionShape().applyType(type);
+        m_world.commands.choosing = [this, &type] { m_scene.selectionShape().applyType(type); };
+        act([this] { m_world.commands.chooseType(nullptr); });
         if (type.isValid())
             edited.setType(m_before.cabinetsBelow(m_items), type);
     }
@@ -291,8 +295,10 @@ void CRandomEdits::changeState(int kind)
         m_scene.onNotifyProcessorStateChanged();
         return;
     }
-    m_scene.onNotifyCabinetColorChanged(port, QColor::fromHsv(m_random.bounded(360), 200, 200));
-    m_scene.onNotifyProcessorStateChanged();
+    m_world.chooseColor(port, m_random);
+    m_scene.onNotifyCabinetColorChanged(port, m_world.states.portColor(port));
+    if (m_random.bounded(2))
+        m_scene.onNotifyProcessorStateChanged();
 }
 
 bool CRandomEdits::dragSelection()

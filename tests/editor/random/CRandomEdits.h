@@ -53,5 +53,6 @@ private:
     bool m_highlights = false;
     std::optional<QSet<QUuid>> m_selection;
     QAction *m_entry = nullptr; // acts in place of the scene
-    QUuid m_clicked;            // its menu belongs to
+    QUuid m_clicked;            // the item that its menu belongs to; null: the canvas
+    int m_entryPort = -1;       // that its menu is about
 };

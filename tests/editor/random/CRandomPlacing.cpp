@@ -2,8 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/editor/random/CRandomPlacing.h"
 
+#include "layout/editor/menus/CCanvasMenu.h"
 #include "tests/editor/random/RandomLayout.h"
 
+#include <QAction>
 #include <QCoreApplication>
 #include <QGraphicsSceneContextMenuEvent>
 #include <QGraphicsSceneMouseEvent>
@@ -82,21 +84,37 @@ void CRandomPlacing::takeCopy(const CReferenceModel &before, const QSet<QUuid> &
     m_world.cache = m_world.scene.pasteCache();
 }
 
-bool CRandomPlacing::paste()
+void CRandomPlacing::choosePlace()
 {
-    const int port = m_random.bounded(PortCount + 1) - 1; // one of them is none
+    m_place = {m_random.bounded(12) * 50.25, m_random.bounded(12) * 50.0};
+    m_world.states.current = m_random.bounded(PortCount + 1) - 1; // one of them is none
+}
+
+int CRandomPlacing::fillCanvasMenu(QMenu &menu)
+{
+    choosePlace();
+    CCanvasMenu::fill(menu, m_world.scene, m_place, nullptr);
+    return m_world.states.current;
+}
+
+bool CRandomPlacing::paste(QAction *entry)
+{
+    if (!entry)
+        choosePlace();
+    const int port = m_world.states.current;
     if (!hasRoom(port))
         return false;
-    const QPointF place(m_random.bounded(12) * 50.25, m_random.bounded(12) * 50);
-    m_world.states.current = port;
-    m_world.scene.pasteItems(place, nullptr);
+    if (entry)
+        entry->trigger();
+    else
+        m_world.scene.pasteItems(m_place, nullptr);
     if (port < 0) {
         m_world.copied = CReferenceModel(); // the copy is given up
         m_world.cache = PasteCache();
     }
     if (port < 0 || m_world.isClosed(port) || m_world.copied.isEmpty())
         return false;
-    m_expected.paste(m_world.copied, port, QPoint(qRound(place.x()), qRound(place.y())));
+    m_expected.paste(m_world.copied, port, QPoint(qRound(m_place.x()), qRound(m_place.y())));
     return true;
 }
 

@@ -8,6 +8,9 @@
 
 #include <optional>
 
+class QAction;
+class QMenu;
+
 /// Copies, pastes and appends at random, and tells a reference model what that means. Each gives whether it
 /// has changed the layout.
 class CRandomPlacing final
@@ -24,10 +27,14 @@ public:
 
     /// The scene has copied @p items.
     void takeCopy(const CReferenceModel &before, const QSet<QUuid> &items);
-    bool paste();
+    /// Pastes at a place, or by @p entry of the menu that was filled last.
+    bool paste(QAction *entry);
     bool append();
+    /// What a right click beside all items opens; gives the current port, -1: none.
+    int fillCanvasMenu(QMenu &menu);
 
 private:
+    void choosePlace();
     std::optional<QRect> snapped(QRect ghost) const;
     void send(QEvent::Type type, const QPointF &scenePos, Qt::MouseButton button);
     void askForMenu(const QPointF &scenePos);
@@ -36,4 +43,5 @@ private:
     SRandomScene &m_world;
     QRandomGenerator &m_random;
     CReferenceModel &m_expected;
+    QPointF m_place; // of a paste
 };

@@ -50,7 +50,7 @@ CRandomWorld::CRandomWorld(quint32 seed)
                      [this] { ++m_world.sceneSignals; });
 }
 
-/// The layout without what is no part of the history: locks, colours and highlights.
+/// The layout without what is no part of the history: locks, colors and highlights.
 CabinetLayout CRandomWorld::comparable() const
 {
     CabinetLayout layout = m_world.layout();
@@ -148,6 +148,20 @@ QString CRandomWorld::checkHighlights()
     return highlighted() == wanted ? QString() : QStringLiteral("other cabinets stand out than wanted");
 }
 
+QString CRandomWorld::checkColors() const
+{
+    for (const CGraphicsPortItem *port : m_scene.portItems()) {
+        const QColor wanted = m_world.states.portColor(port->port());
+        const auto cabinets = port->cabinets(nullptr);
+        const bool right = std::all_of(cabinets.begin(), cabinets.end(), [&](const auto *cabinet) {
+            return cabinet->brush().color() == wanted;
+        });
+        if (!right || port->fill() != wanted)
+            return QStringLiteral("port %1 has another color than was chosen").arg(port->port());
+    }
+    return {};
+}
+
 /// Gives whether each step selects what was selected before or after it.
 bool CRandomWorld::stepHistory(QRandomGenerator &random)
 {
@@ -193,6 +207,10 @@ QString CRandomWorld::reload(bool undoable, QRandomGenerator &random)
     data.layout = m_world.layout();
     if (undoable && random.bounded(2))
         data.layout = m_history.at(random.bounded(m_history.size()));
+    if (random.bounded(3) == 0)
+        m_world.chooseColor(random.bounded(PortCount), random); // as an import does
+    for (auto &port : data.layout.ports)
+        port.color = m_world.states.colors.value(port.index);
     const CReferenceModel wanted(data.layout);
     const bool same = wanted.matches(CReferenceModel(m_world.layout()));
     m_scene.setLayoutData(SmallWorlds::node(data), data, m_world.cache, {}, undoable);
@@ -231,7 +249,8 @@ QString CRandomWorld::check(int indexBefore, bool edited, const CReferenceModel 
     if (!expected.matches(CReferenceModel(now)))
         return edited ? QStringLiteral("the reference model has another layout")
                       : QStringLiteral("an operation without effect has changed the layout");
-    return checkHighlights();
+    const QString color = checkColors();
+    return color.isEmpty() ? checkHighlights() : color;
 }
 
 QString CRandomWorld::checkHistory()
@@ -249,5 +268,6 @@ QString CRandomWorld::checkHistory()
         if (!comparesAt(m_scene.undoStack()->index()))
             return QStringLiteral("redoing everything does not pass through what was seen");
     }
-    return CSceneVerifier::faultIn(m_scene);
+    const QString color = checkColors();
+    return color.isEmpty() ? CSceneVerifier::faultIn(m_scene) : color;
 }

@@ -37,6 +37,7 @@ private:
     QString reload(bool undoable, QRandomGenerator &random);
     QString check(int indexBefore, bool edited, const CReferenceModel &expected);
     QString checkHighlights();
+    QString checkColors() const;
     QSet<QUuid> highlighted() const;
     CabinetLayout comparable() const;
 

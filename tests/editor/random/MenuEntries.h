@@ -8,10 +8,10 @@
 #include <QHash>
 #include <QMenu>
 
-/// The entries of the cabinet menu that edit or select.
+/// The entries of the canvas' menus that edit or select.
 namespace MenuEntries {
 
-/// What entries of the cabinet menu do.
+/// What entries do.
 inline const QHash<QString, int> &kinds()
 {
     using namespace RandomKinds;
@@ -20,7 +20,9 @@ inline const QHash<QString, int> &kinds()
                                                {QStringLiteral("Select all"), SelectAll},
                                                {QStringLiteral("Cut"), Cut},
                                                {QStringLiteral("Copy"), Copy},
+                                               {QStringLiteral("Paste"), Paste},
                                                {QStringLiteral("Delete cabinet"), Delete},
+                                               {QStringLiteral("Set type..."), SetType},
                                                {QStringLiteral("Clear topology"), ClearPort},
                                                {QStringLiteral("Select the same type"), SameType}};
     return byText;

@@ -7,6 +7,8 @@
 #include "tests/editor/CNotedCommands.h"
 #include "tests/editor/random/CReferenceModel.h"
 
+#include <QRandomGenerator>
+
 /// What random edits act on, and what must be known of those before.
 struct SRandomScene
 {
@@ -26,6 +28,14 @@ struct SRandomScene
         CabinetLayout layout;
         scene.getLayoutData(layout, data.processor);
         return layout;
+    }
+    /// Gives a port a colour of its own, or its default back, without telling anybody.
+    void chooseColor(int port, QRandomGenerator &random)
+    {
+        if (random.bounded(3))
+            states.colors[port] = QColor::fromHsv(random.bounded(360), 200, 200);
+        else
+            states.colors.remove(port);
     }
     /// Whether nothing new may come into a port.
     bool isClosed(int port) const
