@@ -125,11 +125,14 @@ public:
 
     /// The cabinets that the user has made stand out.
     QList<CabinetLayout::CabinetPort::Cabinet> highlightedCabinets() const { return m_highlights.records(); }
+    /// As a press on @p cabinet does with the tool that highlights; with @p adding others stand out as well.
+    void pressHighlight(CGraphicsCabinetItem &cabinet, bool adding);
     void clearHighlights();
+    /// Reverses the order in which the signal runs through a cabinet's receivers.
+    void exchangeReceivers(const QUuid &cabinet) { m_operations.exchangeReceivers(cabinet); }
 
     void setToolMode(EToolMode mode, bool on);
-    bool isToolModeSet(EToolMode mode) const override { return m_toolModes.contains(mode); }
-    bool isToolInUse() const { return !m_toolModes.isEmpty(); }
+    bool isToolModeSet(EToolMode mode) const { return m_toolModes.contains(mode); }
     /// Leaves the mode that the view has set, and an append that waits.
     void leaveOperation();
     /// Puts a drag, a stroke or a rubber band that is in progress back to where it began.
@@ -143,20 +146,11 @@ public:
     bool isSingleSelection() const override { return m_selection.count() == 1; }
     bool offersHandles() const override { return isSingleSelection() && m_toolModes.isEmpty(); }
     bool hasRubberBand() const override { return m_gestures.hasBand(); }
+    IMouseMode &mouseMode() override { return m_input.mode(); }
     void beginMove(const QPointF &scenePos) override;
     void beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos) override;
     void continueDrag(const QPointF &scenePos) override { m_gestures.continueDrag(scenePos); }
     bool endDrag(const QPointF &scenePos) override;
-    void beginStroke(CGraphicsCabinetItem &cabinet, const QPointF &scenePos) override
-    {
-        m_gestures.beginStroke(cabinet, scenePos);
-    }
-    void continueStroke(const QPointF &scenePos) override { m_gestures.continueStroke(scenePos); }
-    void endStroke(const QPointF &scenePos) override { m_gestures.endStroke(scenePos); }
-    void exchangeReceivers(int, const QUuid &cabinet, int) override
-    {
-        m_operations.exchangeReceivers(cabinet);
-    }
     void showCabinetMenu(CGraphicsItemBase &item, QWidget *widget, const QPoint &screenPos) override
     {
         m_input.openCabinetMenu(item, widget, screenPos);
@@ -167,7 +161,6 @@ public:
     void noteWiringChanged(CGraphicsPortItem &) override { m_batches.noteSelection(); }
     void noteSelected(CGraphicsItemBase &item, bool selected) override { m_selection.note(item, selected); }
     void noteHighlighted(CGraphicsCabinetItem &cabinet, bool highlighted) override;
-    void pressHighlight(CGraphicsCabinetItem &cabinet, bool adding) override;
 
 Q_SIGNALS:
     void notifyExitCurrentOperate();

@@ -132,7 +132,7 @@ private:
             "Move");
         row(
             "exchange receivers", {},
-            [](Scene &s) { s.exchangeReceivers(2, s.portItem(2)->cabinets(nullptr).first()->uuid(), 0); },
+            [](Scene &s) { s.exchangeReceivers(s.portItem(2)->cabinets(nullptr).first()->uuid()); },
             "Head-to-tail exchange");
         row(
             "redundancy", {}, [](Scene &s) { s.backupPort(0, 1, true); }, "Backup");

@@ -3,6 +3,8 @@
 #include "layout/editor/gestures/CSceneInput.h"
 
 #include "layout/editor/CCabinetGraphicsScene.h"
+#include "layout/editor/gestures/CItemLookup.h"
+#include "layout/editor/gestures/CSceneGestures.h"
 #include "layout/editor/items/CGraphicsItemBase.h"
 #include "layout/editor/menus/CCabinetMenu.h"
 #include "layout/editor/menus/CCanvasMenu.h"
@@ -13,66 +15,45 @@
 #include <QMenu>
 #include <QPointer>
 
-#include <algorithm>
-
-bool CSceneInput::isOn(const QPointF &scenePos, int kind) const
+CSceneInput::CSceneInput(CCabinetGraphicsScene &scene, CSceneGestures &gestures, CScenePlacing &placing)
+    : m_scene(scene)
+    , m_gestures(gestures)
+    , m_select(scene, gestures)
+    , m_pen(gestures)
+    , m_exchange(scene, CExchangeMode::Receiver)
+    , m_directExchange(scene, CExchangeMode::Anywhere)
+    , m_highlight(scene)
+    , m_append(scene, placing)
 {
-    const QList<QGraphicsItem *> under = m_scene.items(scenePos, Qt::IntersectsItemBoundingRect);
-    return std::any_of(under.begin(), under.end(),
-                       [kind](const QGraphicsItem *item) { return item->type() == kind; });
 }
 
-bool CSceneInput::isOnItem(const QPointF &scenePos) const
+IMouseMode &CSceneInput::mode()
 {
-    return isOn(scenePos, CabinetItemKind) || isOn(scenePos, GroupItemKind);
+    if (m_scene.isAppending())
+        return m_append;
+    if (m_scene.isToolModeSet(IEditorScene::Highlighting))
+        return m_highlight;
+    if (m_scene.isToolModeSet(IEditorScene::ManualWiring))
+        return m_pen;
+    if (m_scene.isToolModeSet(IEditorScene::HeadToTailExchange))
+        return m_exchange;
+    if (m_scene.isToolModeSet(IEditorScene::DirectExchange))
+        return m_directExchange;
+    return m_select;
 }
 
 bool CSceneInput::press(QGraphicsSceneMouseEvent &event)
 {
     m_scene.cancelGesture();
-    if (m_scene.isAppending()) {
-        if (event.button() == Qt::LeftButton)
-            m_placing.press(event);
-        event.accept();
-        return true;
-    }
-    if (event.buttons() == event.button())
+    if (event.buttons() == event.button() && !m_scene.isAppending())
         m_gestures.beginPress();
-    if (isOnItem(event.scenePos()) || event.button() != Qt::LeftButton || m_scene.isToolInUse())
-        return false;
-    m_gestures.beginBand(event.scenePos(), event.modifiers() & (Qt::ControlModifier | Qt::ShiftModifier));
-    event.accept();
-    return true;
-}
-
-bool CSceneInput::move(const QGraphicsSceneMouseEvent &event)
-{
-    if (m_scene.isAppending())
-        m_placing.move(event);
-    else if (m_gestures.hasBand())
-        m_gestures.continueBand(event.scenePos());
-    else
-        return false;
-    return true;
-}
-
-bool CSceneInput::release(const QGraphicsSceneMouseEvent &event)
-{
-    if (m_scene.isAppending()) {
-        if (event.button() == Qt::LeftButton && m_placing.release(event))
-            Q_EMIT m_scene.notifyExitCurrentOperate();
-    } else if (m_gestures.hasBand()) {
-        m_gestures.endBand();
-    } else {
-        return false;
-    }
-    return true;
+    return mode().press(event);
 }
 
 bool CSceneInput::doubleClick(QGraphicsSceneMouseEvent &event)
 {
-    if (event.button() == Qt::LeftButton && !m_scene.isToolInUse() && !m_scene.isAppending() &&
-        isOn(event.scenePos(), CabinetItemKind)) {
+    if (event.button() == Qt::LeftButton && mode().edits() &&
+        CItemLookup::isOnCabinet(m_scene, event.scenePos())) {
         m_gestures.beginPress();
         return false;
     }
@@ -98,7 +79,7 @@ bool CSceneInput::openMenu(QGraphicsSceneContextMenuEvent &event)
         event.accept();
         return true;
     }
-    if (m_scene.isToolInUse() || isOnItem(event.scenePos()))
+    if (!mode().edits() || CItemLookup::isOnItem(m_scene, event.scenePos()))
         return false;
     m_scene.cancelGesture();
     const QPointer<QMenu> menu = new QMenu(event.widget());
@@ -111,7 +92,7 @@ bool CSceneInput::openMenu(QGraphicsSceneContextMenuEvent &event)
 
 void CSceneInput::openCabinetMenu(const CGraphicsItemBase &item, QWidget *widget, const QPoint &screenPos)
 {
-    if (m_scene.isToolInUse() || m_scene.isAppending())
+    if (!mode().edits())
         return;
     m_scene.cancelGesture();
     const QPointer<QMenu> menu = new QMenu(widget);

@@ -2,6 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/editor/gestures/CAppendMode.h"
+#include "layout/editor/gestures/CExchangeMode.h"
+#include "layout/editor/gestures/CHighlightMode.h"
+#include "layout/editor/gestures/CPenMode.h"
+#include "layout/editor/gestures/CSelectMode.h"
+
 #include <QPoint>
 
 class CCabinetGraphicsScene;
@@ -18,17 +24,15 @@ class QWidget;
 class CSceneInput final
 {
 public:
-    CSceneInput(CCabinetGraphicsScene &scene, CSceneGestures &gestures, CScenePlacing &placing)
-        : m_scene(scene)
-        , m_gestures(gestures)
-        , m_placing(placing)
-    {
-    }
+    CSceneInput(CCabinetGraphicsScene &scene, CSceneGestures &gestures, CScenePlacing &placing);
+
+    /// Of the tool that is in use.
+    IMouseMode &mode();
 
     // Each gives whether the event is taken.
     bool press(QGraphicsSceneMouseEvent &event);
-    bool move(const QGraphicsSceneMouseEvent &event);
-    bool release(const QGraphicsSceneMouseEvent &event);
+    bool move(const QGraphicsSceneMouseEvent &event) { return mode().move(event); }
+    bool release(const QGraphicsSceneMouseEvent &event) { return mode().release(event); }
     /// Only a double click with the left button on a cabinet, without a tool, is one; others are presses.
     bool doubleClick(QGraphicsSceneMouseEvent &event);
     /// Opens the menu of the canvas; a cabinet or a group opens its own. While cabinets wait to be placed
@@ -38,10 +42,12 @@ public:
     void openCabinetMenu(const CGraphicsItemBase &item, QWidget *widget, const QPoint &screenPos);
 
 private:
-    bool isOn(const QPointF &scenePos, int kind) const;
-    bool isOnItem(const QPointF &scenePos) const;
-
     CCabinetGraphicsScene &m_scene;
     CSceneGestures &m_gestures;
-    CScenePlacing &m_placing;
+    CSelectMode m_select;
+    CPenMode m_pen;
+    CExchangeMode m_exchange;
+    CExchangeMode m_directExchange;
+    CHighlightMode m_highlight;
+    CAppendMode m_append;
 };

@@ -8,6 +8,7 @@
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/items/IMouseMode.h"
 #include "layout/geometry/CCabinetRect.h"
 #include "platform/common/Utils.h"
 
@@ -148,36 +149,30 @@ int CGraphicsCabinetItem::cellAt(const QPointF &position) const
     return NoCell;
 }
 
+bool CGraphicsCabinetItem::pickCell(const QPointF &position)
+{
+    const int cell = cellAt(position);
+    if (cell == NoCell)
+        return false;
+    m_selectedCell = cell;
+    update();
+    return true;
+}
+
 void CGraphicsCabinetItem::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     IEditorScene *editing = editor();
     if (!editing)
         return;
     const CEditBatch batch(*editing);
-    if (event->button() == Qt::LeftButton) {
-        if (editing->isToolModeSet(IEditorScene::Highlighting)) {
-            editing->pressHighlight(*this, event->modifiers() & Qt::ControlModifier);
-            return;
-        }
-        if (editing->isToolModeSet(IEditorScene::HeadToTailExchange)) {
-            const int cell = cellAt(event->pos());
-            if (cell != NoCell) {
-                m_selectedCell = cell;
-                editing->exchangeReceivers(port(), uuid(), cell);
-                update();
-            }
-        } else if (editing->isToolModeSet(IEditorScene::DirectExchange)) {
-            editing->exchangeReceivers(port(), uuid(), NoCell);
-        }
-    }
-    CGraphicsItemBase::mousePressEvent(event);
+    if (event->button() != Qt::LeftButton || !editing->mouseMode().pressCabinet(*this, *event))
+        CGraphicsItemBase::mousePressEvent(event);
 }
 
 void CGraphicsCabinetItem::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)
 {
     IEditorScene *editing = editor();
-    if (!editing || editing->isToolModeSet(IEditorScene::HeadToTailExchange) ||
-        event->button() != Qt::LeftButton)
+    if (!editing || !editing->mouseMode().edits() || event->button() != Qt::LeftButton)
         return;
     const CEditBatch batch(*editing);
     scene()->clearSelection();

@@ -64,6 +64,9 @@ public:
 
     /// The receiver area that the last press picked while picking is on; NoCell without one.
     int selectedCell() const { return m_selectedCell; }
+    /// Makes the receiver at @p position, in the item's own pixels, the selected cell; gives whether there is
+    /// one.
+    bool pickCell(const QPointF &position);
 
     /// Draws both wiring lines anew.
     void routeWires();

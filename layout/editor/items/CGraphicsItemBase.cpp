@@ -6,6 +6,7 @@
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/items/IMouseMode.h"
 #include "layout/geometry/CResizeHandles.h"
 
 #include <QCursor>
@@ -184,7 +185,7 @@ void CGraphicsItemBase::resetHighlights()
 void CGraphicsItemBase::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     IEditorScene *editing = editor();
-    if (!editing || editing->isToolModeSet(IEditorScene::Highlighting))
+    if (!editing || !editing->mouseMode().selects())
         return;
     const CEditBatch batch(*editing);
     const bool toggles = selectByPress(*event);
@@ -224,7 +225,7 @@ void CGraphicsItemBase::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
     m_activeHandle = NoHandle;
     IEditorScene *editing = editor();
     if (!editing || event->button() != Qt::LeftButton || editing->endDrag(event->scenePos()) ||
-        editing->isToolModeSet(IEditorScene::Highlighting))
+        !editing->mouseMode().selects())
         return;
     const CEditBatch batch(*editing);
     if (event->modifiers() & Qt::ControlModifier) {

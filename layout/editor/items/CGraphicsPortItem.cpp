@@ -6,6 +6,7 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/items/IMouseMode.h"
 
 #include <QGraphicsScene>
 #include <QGraphicsSceneMouseEvent>
@@ -201,26 +202,25 @@ void CGraphicsPortItem::updateBounds()
 bool CGraphicsPortItem::sceneEventFilter(QGraphicsItem *watched, QEvent *event)
 {
     // A stroke of the pen begins on a cabinet and goes on over the whole canvas: the port takes the mouse.
-    if (event->type() != QEvent::GraphicsSceneMousePress || watched->type() != CabinetItemKind ||
-        !m_editor.isToolModeSet(IEditorScene::ManualWiring))
+    if (event->type() != QEvent::GraphicsSceneMousePress || watched->type() != CabinetItemKind)
         return false;
     const auto &press = static_cast<const QGraphicsSceneMouseEvent &>(*event);
-    if (press.button() != Qt::LeftButton)
+    if (press.button() != Qt::LeftButton ||
+        !m_editor.mouseMode().beginStroke(static_cast<CGraphicsCabinetItem &>(*watched), press.scenePos()))
         return false;
-    m_editor.beginStroke(static_cast<CGraphicsCabinetItem &>(*watched), press.scenePos());
     grabMouse();
     return true;
 }
 
 void CGraphicsPortItem::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 {
-    m_editor.continueStroke(event->scenePos());
+    m_editor.mouseMode().continueStroke(event->scenePos());
 }
 
 void CGraphicsPortItem::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 {
     ungrabMouse();
-    m_editor.endStroke(event->scenePos());
+    m_editor.mouseMode().endStroke(event->scenePos());
 }
 
 QVariant CGraphicsPortItem::itemChange(GraphicsItemChange change, const QVariant &value)

@@ -10,6 +10,7 @@ class CGraphicsCabinetItem;
 class CGraphicsGroupItem;
 class CGraphicsItemBase;
 class CGraphicsPortItem;
+class IMouseMode;
 class QWidget;
 
 /// What the items ask of the scene that they are edited in. GUI thread.
@@ -36,7 +37,8 @@ public:
     virtual void enterEdited(CGraphicsItemBase &item) = 0;
     virtual void leaveEdited(CGraphicsItemBase &item) = 0;
 
-    virtual bool isToolModeSet(EToolMode mode) const = 0;
+    /// What the mouse does now.
+    virtual IMouseMode &mouseMode() = 0;
     /// Whether exactly one item is selected.
     virtual bool isSingleSelection() const = 0;
     /// Whether the selected item is offered to be resized: it is the only one, and no tool is in use.
@@ -51,18 +53,6 @@ public:
     virtual void continueDrag(const QPointF &scenePos) = 0;
     /// Gives whether the press was a drag, cancelled or not, and no click.
     virtual bool endDrag(const QPointF &scenePos) = 0;
-
-    /// A stroke of the pen tool: through the cabinets of one port.
-    virtual void beginStroke(CGraphicsCabinetItem &cabinet, const QPointF &scenePos) = 0;
-    virtual void continueStroke(const QPointF &scenePos) = 0;
-    virtual void endStroke(const QPointF &scenePos) = 0;
-
-    /// Reverses the order in which the signal runs through a cabinet's receivers, as an undoable edit. @p
-    /// cell is the receiver that was picked.
-    virtual void exchangeReceivers(int port, const QUuid &cabinet, int cell) = 0;
-
-    /// A press on a cabinet while the tool that highlights is in use.
-    virtual void pressHighlight(CGraphicsCabinetItem &cabinet, bool adding) = 0;
 
     /// Opens the menu of a cabinet or a group, unless a tool is in use.
     virtual void showCabinetMenu(CGraphicsItemBase &item, QWidget *widget, const QPoint &screenPos) = 0;

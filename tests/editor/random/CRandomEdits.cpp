@@ -4,6 +4,7 @@
 
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/items/IMouseMode.h"
 #include "layout/editor/menus/CCabinetMenu.h"
 #include "layout/geometry/CResizeHandles.h"
 #include "tests/editor/random/MenuEntries.h"
@@ -338,7 +339,7 @@ bool CRandomEdits::exchangeReceivers()
     if (cabinets.isEmpty())
         return false;
     const CGraphicsCabinetItem *cabinet = cabinets.at(m_random.bounded(cabinets.size()));
-    m_scene.exchangeReceivers(port, cabinet->uuid(), 0);
+    m_scene.exchangeReceivers(cabinet->uuid());
     return !m_world.states.isPortLocked(port) && m_expected.exchangeReceivers(cabinet->uuid());
 }
 
@@ -351,7 +352,9 @@ bool CRandomEdits::drawStroke()
     CGraphicsCabinetItem *first = cabinets.at(m_random.bounded(cabinets.size()));
     QVector<QPointF> way = {first->sceneBoundingRect().center()};
     const QUuid begin = first->uuid();
-    m_scene.beginStroke(*first, way.first());
+    m_scene.setToolMode(IEditorScene::ManualWiring, true);
+    IMouseMode &pen = m_scene.mouseMode();
+    pen.beginStroke(*first, way.first());
     m_world.selectedBefore.clear();
     m_selection = QSet<QUuid>();
     m_world.selectionSignals = 0; // a stroke first takes the selection away, which is told by itself
@@ -359,9 +362,10 @@ bool CRandomEdits::drawStroke()
         const bool wild = m_random.bounded(3) == 0;
         way << (wild ? QPointF(m_random.bounded(600), m_random.bounded(600))
                      : cabinets.at(m_random.bounded(cabinets.size()))->sceneBoundingRect().center());
-        m_scene.continueStroke(way.last());
+        pen.continueStroke(way.last());
     }
-    m_scene.endStroke(way.last());
+    pen.endStroke(way.last());
+    m_scene.setToolMode(IEditorScene::ManualWiring, false);
     if (port->isLocked())
         return false;
     m_expected.drawStroke(port->port(), begin, way);

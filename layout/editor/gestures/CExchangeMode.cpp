@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/gestures/CExchangeMode.h"
+
+#include "layout/editor/CCabinetGraphicsScene.h"
+#include "layout/editor/items/CGraphicsCabinetItem.h"
+
+#include <QGraphicsSceneMouseEvent>
+
+bool CExchangeMode::pressCabinet(CGraphicsCabinetItem &cabinet, const QGraphicsSceneMouseEvent &event)
+{
+    if (m_pick == Anywhere || cabinet.pickCell(event.pos()))
+        m_scene.exchangeReceivers(cabinet.uuid());
+    return false;
+}

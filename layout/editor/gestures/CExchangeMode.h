@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/editor/items/IMouseMode.h"
+
+class CCabinetGraphicsScene;
+
+/// Head-to-tail exchange: a press on a cabinet reverses the order in which the signal runs through its
+/// receivers, and selects it.
+class CExchangeMode final : public IMouseMode
+{
+public:
+    enum EPick {
+        Receiver, ///< only a press on a receiver counts; it becomes the picked one
+        Anywhere
+    };
+
+    CExchangeMode(CCabinetGraphicsScene &scene, EPick pick)
+        : m_scene(scene)
+        , m_pick(pick)
+    {
+    }
+
+    bool pressCabinet(CGraphicsCabinetItem &cabinet, const QGraphicsSceneMouseEvent &event) override;
+
+private:
+    CCabinetGraphicsScene &m_scene;
+    EPick m_pick;
+};

@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/editor/items/IMouseMode.h"
+
+class CCabinetGraphicsScene;
+
+/// A press on a cabinet makes it stand out, on the canvas and on the wall, and does nothing else.
+class CHighlightMode final : public IMouseMode
+{
+public:
+    explicit CHighlightMode(CCabinetGraphicsScene &scene)
+        : m_scene(scene)
+    {
+    }
+
+    bool pressCabinet(CGraphicsCabinetItem &cabinet, const QGraphicsSceneMouseEvent &event) override;
+    bool selects() const override { return false; }
+
+private:
+    CCabinetGraphicsScene &m_scene;
+};
