@@ -4,9 +4,12 @@
 #include "platform/widgets/ThemeColors.h"
 #include "tests/harness/CTestBase.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QFile>
 #include <QPalette>
+#include <QStandardItemModel>
 
 class CThemeTest final : public CTestBase
 {
@@ -91,6 +94,25 @@ private Q_SLOTS:
             const QColor paper = palette.color(group, QPalette::ColorRole(background));
             QVERIFY2(CTheme::contrast(ink, paper) >= 4.5, qPrintable(ink.name() + paper.name()));
         }
+    }
+
+    void disabledEntriesOfAListAreDimmed()
+    {
+        QComboBox box;
+        for (int i = 0; i < 3; ++i)
+            box.addItem(QStringLiteral("240Hz")); // the first is current and highlighted
+        qobject_cast<QStandardItemModel *>(box.model())->item(2)->setEnabled(false);
+        box.show();
+        box.showPopup();
+        const QImage list = box.view()->viewport()->grab().toImage();
+        const auto brightest = [&](int row) {
+            const QImage entry = list.copy(box.view()->visualRect(box.model()->index(row, 0)));
+            int most = 0;
+            for (int i = 0; i < entry.width() * entry.height(); ++i)
+                most = qMax(most, qGray(entry.pixel(i % entry.width(), i / entry.width())));
+            return most;
+        };
+        QVERIFY(brightest(2) < brightest(1));
     }
 
     void edgesAndFocusMarksCanBeSeen()
