@@ -64,8 +64,9 @@ struct SStoreScene final
     {
         closed = std::unique_lock<std::mutex>(gate);
         answers()->onCalled = [this](const QString &call) {
-            if (call == FollowUp)
+            if (call == FollowUp) {
                 const std::lock_guard<std::mutex> passed(gate);
+            }
         };
         editor.move(3);
         store.syncLayoutData(false);
