@@ -42,7 +42,7 @@ public:
     {
         if (!qFuzzyCompare(m_width, place.rect.width())) {
             m_width = place.rect.width();
-            for (int look = 0; look < LookCount; ++look)
+            for (unsigned look = 0; look < LookCount; ++look)
                 m_colors[look] =
                     SFarColors::of(m_fill, look & Selected, look & Highlighted, m_width * m_scale);
         }
