@@ -222,6 +222,10 @@ void CCabinetGraphicsScene::finishBatch(const CPendingEdits &work)
 
 void CCabinetGraphicsScene::tellSelection()
 {
+    if (!m_gestures.isDragging()) {
+        for (CGraphicsPortItem *port : portItems())
+            port->setZValue(m_selection.isIn(port->port()) ? SelectedPortHeight : PortHeight);
+    }
     Q_EMIT notifySelectedChanged(m_selection.ports(), m_selection.canGroup(), m_selection.canBreakGroup());
     Q_EMIT notifySelectedCabinetInfos(m_selection.records());
 }

@@ -21,6 +21,7 @@ public:
 
     int count() const { return m_count; }
     bool isEmpty() const { return m_count == 0; }
+    bool isIn(int port) const { return m_items.contains(port); }
     QSet<CGraphicsItemBase *> items() const;
     /// In the order of their records, so that results never depend on the order of selecting.
     QVector<CGraphicsItemBase *> sorted() const;

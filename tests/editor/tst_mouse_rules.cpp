@@ -289,9 +289,28 @@ private Q_SLOTS:
         QCOMPARE(m_mouse->selected(), (Items{&member->outermost(), &m_mouse->cabinet(0, 2)}));
         m_mouse->moveTo({-20, 470}); // the member that gave way to its group is selected again
         QCOMPARE(m_mouse->selected(), before);
-        m_mouse->release({-20, 470});
+        m_mouse->moveTo({400, 600});
+        QVERIFY(m_mouse->selected() != before);
+        m_mouse->scene().leaveOperation(); // Escape
+        QCOMPARE(m_mouse->selected(), before);
+        m_mouse->release({400, 600});
         QCOMPARE(m_mouse->selected(), before);
     }
+
+    void anInterruptedBandPutsTheSelectionBack()
+    {
+        m_mouse->doubleClick(InPair); // a member alone
+        const Items before = m_mouse->selected();
+        m_mouse->press({-30, 480});
+        QCOMPARE(m_mouse->selected(), Items());
+        m_mouse->moveTo({40, 210});
+        m_mouse->pressRight({40, 210}, true);
+        QVERIFY(!QApplication::activePopupWidget());
+        QCOMPARE(m_mouse->selected(), before);
+        m_mouse->release({40, 210});
+        QCOMPARE(m_mouse->selected(), before);
+    }
+
 
     void clicksExchangeHeadAndTail()
     {

@@ -67,7 +67,7 @@ void CItemDrag::setRaised(bool raised)
 {
     for (const int index : qAsConst(m_ports)) {
         if (CGraphicsPortItem *port = m_scene.portItem(index))
-            port->setZValue(raised ? DraggedPortHeight : PortHeight);
+            port->setZValue(raised ? DraggedPortHeight : SelectedPortHeight);
     }
 }
 

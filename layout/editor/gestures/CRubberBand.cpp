@@ -12,21 +12,26 @@ namespace {
 
 constexpr int ManyChanges = 1000; // repainted one by one they cost more than the whole view does
 
+/// Also a member of a group, for which the band would select the group.
+void selectAlone(CGraphicsItemBase &item)
+{
+    const CItemChangeBlocker blocker(item);
+    item.setSelected(true);
+}
+
 } // namespace
 
 CRubberBand::CRubberBand(IEditorScene &editor, QGraphicsScene &scene, const QPointF &scenePos,
-                         bool keepSelection)
+                         const QSet<QUuid> &before, bool keepSelection)
     : m_batch(editor)
     , m_editor(editor)
     , m_scene(scene)
     , m_press(scenePos)
     , m_rect(scenePos, QSizeF())
+    , m_before(before)
 {
-    if (!keepSelection)
-        return;
-    const QList<QGraphicsItem *> selected = scene.selectedItems();
-    for (const QGraphicsItem *item : selected)
-        m_kept.insert(item->data(IdentityRole).toUuid());
+    if (keepSelection)
+        m_kept = before;
 }
 
 void CRubberBand::moveTo(const QPointF &scenePos)
@@ -53,6 +58,15 @@ void CRubberBand::moveTo(const QPointF &scenePos)
         change(*place, true);
 }
 
+void CRubberBand::cancel()
+{
+    moveTo(m_press);
+    for (const QUuid &uuid : qAsConst(m_before)) {
+        if (CGraphicsItemBase *item = m_editor.editedItem(uuid))
+            selectAlone(*item);
+    }
+}
+
 void CRubberBand::change(const CPortOverview::SPlace &place, bool touched)
 {
     if (place.group) {
@@ -75,8 +89,7 @@ void CRubberBand::restore(CGraphicsItemBase &outermost)
         return;
     // A member that was selected alone gave way to its group.
     for (CGraphicsCabinetItem *member : outermost.concernedCabinets()) {
-        const CItemChangeBlocker blocker(*member); // or the band would select the group again
         if (m_kept.contains(member->uuid()))
-            member->setSelected(true);
+            selectAlone(*member);
     }
 }

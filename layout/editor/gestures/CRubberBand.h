@@ -19,11 +19,15 @@ class QGraphicsScene;
 class CRubberBand final
 {
 public:
-    /// @p keepSelection adds to what is selected; otherwise the selection has been cleared by the caller.
-    CRubberBand(IEditorScene &editor, QGraphicsScene &scene, const QPointF &scenePos, bool keepSelection);
+    /// @p before was selected before the band. @p keepSelection adds to it; otherwise the caller has cleared
+    /// it.
+    CRubberBand(IEditorScene &editor, QGraphicsScene &scene, const QPointF &scenePos,
+                const QSet<QUuid> &before, bool keepSelection);
 
     const QRectF &rect() const { return m_rect; }
     void moveTo(const QPointF &scenePos);
+    /// Selects what was selected before.
+    void cancel();
 
 private:
     using Places = QVector<const CPortOverview::SPlace *>;
@@ -37,5 +41,6 @@ private:
     QPointF m_press;
     QRectF m_rect;
     QHash<QUuid, int> m_counts; // of touched cabinets, by outermost group
-    QSet<QUuid> m_kept;         // selected before the band
+    QSet<QUuid> m_before;       // selected before the band
+    QSet<QUuid> m_kept;         // of these, what stays selected beside the band's
 };

@@ -36,6 +36,8 @@ void CSceneGestures::cancel()
         m_dragCancelled = true;
     }
     m_stroke.reset();
+    if (m_band)
+        m_band->cancel();
     endBand();
 }
 
@@ -90,9 +92,11 @@ void CSceneGestures::endStroke(const QPointF &scenePos)
 
 void CSceneGestures::beginBand(const QPointF &scenePos, bool keepSelection)
 {
+    const QVector<QUuid> selected = m_selection.uuids();
     if (!keepSelection)
         m_scene.clearSelection();
-    m_band = std::make_unique<CRubberBand>(m_editor, m_scene, scenePos, keepSelection);
+    m_band = std::make_unique<CRubberBand>(m_editor, m_scene, scenePos,
+                                           QSet<QUuid>(selected.begin(), selected.end()), keepSelection);
 }
 
 void CSceneGestures::continueBand(const QPointF &scenePos)

@@ -44,7 +44,13 @@ IMouseMode &CSceneInput::mode()
 
 bool CSceneInput::press(QGraphicsSceneMouseEvent &event)
 {
+    // Another button puts back what the first one has begun, and does nothing else.
+    m_interrupted = event.buttons() != event.button() && (m_gestures.hasBand() || m_gestures.isDragging());
     m_scene.cancelGesture();
+    if (m_interrupted) {
+        event.accept();
+        return true;
+    }
     if (event.buttons() == event.button() && !m_scene.isAppending())
         m_gestures.beginPress();
     return mode().press(event);
@@ -74,6 +80,10 @@ bool CSceneInput::doubleClick(QGraphicsSceneMouseEvent &event)
 
 bool CSceneInput::openMenu(QGraphicsSceneContextMenuEvent &event)
 {
+    if (m_interrupted) {
+        event.accept();
+        return true;
+    }
     if (m_scene.isAppending()) {
         m_scene.leaveOperation(); // here, as the press comes first and must not make way for a menu
         event.accept();

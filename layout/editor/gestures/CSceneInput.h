@@ -50,4 +50,5 @@ private:
     CExchangeMode m_directExchange;
     CHighlightMode m_highlight;
     CAppendMode m_append;
+    bool m_interrupted = false; // by the last press
 };

@@ -18,4 +18,10 @@ enum EItemRole : int {
 };
 
 /// Heights of a port item's children above each other, and of ports.
-enum EItemHeight : int { CabinetHeight = 0, ConnectionHeight = 900, PortHeight = 0, DraggedPortHeight = 1 };
+enum EItemHeight : int {
+    CabinetHeight = 0,
+    ConnectionHeight = 900,
+    PortHeight = 0,
+    SelectedPortHeight = 1, ///< nothing that is selected lies hidden under another port
+    DraggedPortHeight = 2
+};

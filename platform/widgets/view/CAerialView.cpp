@@ -77,8 +77,11 @@ void CAerialView::paintEvent(QPaintEvent *event)
     painter.drawPixmap(0, 0, m_picture);
     if (!content().isEmpty()) {
         const QRectF shown = m_view.mapToScene(m_view.viewport()->rect()).boundingRect();
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-        painter.drawRect(toPicture().mapRect(shown).intersected(QRectF(rect()).adjusted(1, 1, -1, -1)));
+        const QRectF frame = toPicture().mapRect(shown).intersected(QRectF(rect()).adjusted(2, 2, -2, -2));
+        painter.setPen(QPen(Qt::black, 4)); // on a picture of any colour
+        painter.drawRect(frame);
+        painter.setPen(QPen(Qt::white, 2));
+        painter.drawRect(frame);
     }
     painter.end();
     QFrame::paintEvent(event);
