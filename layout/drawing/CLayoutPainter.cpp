@@ -21,6 +21,7 @@ constexpr qreal MarkSize = 20;    // of the lock and redundancy marks, in canvas
 constexpr qreal MarkMargin = 8;
 constexpr qreal SmallestCustomMark = 2.5; // device pixels
 constexpr qreal AfarWidth = 10;           // device pixels
+constexpr qreal HighlightWidth = 3;       // device pixels
 constexpr qreal SmallestBorder = 3;       // device pixels; of a smaller cabinet it would be all that is seen
 constexpr qreal ShortestWire = 2; // device pixels; shorter ones would cover the cabinets that they join
 constexpr qreal ArrowLength = 8;
@@ -129,16 +130,19 @@ std::array<QPointF, 3> arrowHead(const QLineF &line, qreal unit)
     return {foot + along * (unit * ArrowLength), foot - side, foot + side};
 }
 
-/// The border is what the fill leaves of a rectangle behind it: a pen would be walked pixel by pixel.
-void paintArea(QPainter &painter, const QRectF &rect, const QColor &fill, const QColor &border, qreal scale)
+/// The border is what the fill leaves of a rectangle behind it: a pen would be walked pixel by pixel. It
+/// stays inside, as what an item draws outside its bounds is not repainted with it; left and top are enough
+/// between neighbours, a frame has all sides.
+void paintArea(QPainter &painter, const QRectF &rect, const SCabinetColors &colors, qreal scale)
 {
-    if (!border.isValid()) {
-        painter.fillRect(rect, fill);
+    if (!colors.border.isValid()) {
+        painter.fillRect(rect, colors.fill);
         return;
     }
     const qreal hairline = 1 / scale;
-    painter.fillRect(rect.adjusted(0, 0, hairline, hairline), border);
-    painter.fillRect(rect.adjusted(hairline, hairline, 0, 0), fill);
+    const qreal far = colors.framed ? hairline : 0;
+    painter.fillRect(rect, colors.border);
+    painter.fillRect(rect.adjusted(hairline, hairline, -far, -far), colors.fill);
 }
 
 /// @p share of @p over, the rest of @p under.
@@ -158,11 +162,12 @@ void paintFrame(QPainter &painter, const QRectF &rect, const QPen &pen)
 
 } // namespace
 
-SFarColors SFarColors::of(const QColor &fill, bool selected, bool highlighted, qreal width)
+SCabinetColors SCabinetColors::of(const QColor &fill, bool selected, bool highlighted, qreal width)
 {
-    SFarColors colors;
+    SCabinetColors colors;
     colors.fill = selected ? CLayoutPainter::selectedFill(fill) : fill;
-    if (highlighted)
+    colors.framed = selected;
+    if (highlighted && width < AfarWidth)
         colors.fill = HighlightColor; // a frame would leave nothing to be framed
     const qreal share = shareOfFull(width, SmallestBorder);
     if (share > 0)
@@ -172,36 +177,38 @@ SFarColors SFarColors::of(const QColor &fill, bool selected, bool highlighted, q
 
 void CLayoutPainter::paintCabinet(QPainter &painter, const SCabinetLook &look, qreal scale)
 {
-    const QColor fill = look.selected ? selectedFill(look.fill) : look.fill;
+    const SCabinetColors colors =
+        SCabinetColors::of(look.fill, look.selected, look.highlighted, look.rect.width() * scale);
     if (isAfar(look.rect.width(), scale)) {
-        const SFarColors colors =
-            SFarColors::of(look.fill, look.selected, look.highlighted, look.rect.width() * scale);
         paintCabinetFromAfar(painter, look.rect, colors, look.custom, scale);
         return;
     }
 
-    paintArea(painter, look.rect, fill, look.selected ? FrameColor : BorderColor, scale);
+    paintArea(painter, look.rect, colors, scale);
     if (look.custom)
         paintCustomMark(painter, look.rect, scale);
     if (!look.innerLines.isEmpty()) {
-        painter.setPen(cosmetic(fill.darker(150), 1, Qt::DotLine));
+        painter.setPen(cosmetic(colors.fill.darker(150), 1, Qt::DotLine));
         painter.translate(look.rect.topLeft());
         painter.drawLines(look.innerLines);
         painter.translate(-look.rect.topLeft());
     }
-    paintNumber(painter, look, fill, scale);
+    paintNumber(painter, look, colors.fill, scale);
     if (look.locked)
         paintMark(painter, LockPicture, look.rect, 0, scale);
     if (look.redundant)
         paintMark(painter, RedundancyPicture, look.rect, 1, scale);
-    if (look.highlighted)
-        paintFrame(painter, look.rect, cosmetic(HighlightColor, 3));
+    if (look.highlighted) {
+        const qreal half = HighlightWidth / 2 / scale;
+        paintFrame(painter, look.rect.adjusted(half, half, -half, -half),
+                   cosmetic(HighlightColor, HighlightWidth));
+    }
 }
 
-void CLayoutPainter::paintCabinetFromAfar(QPainter &painter, const QRectF &rect, const SFarColors &colors,
+void CLayoutPainter::paintCabinetFromAfar(QPainter &painter, const QRectF &rect, const SCabinetColors &colors,
                                           bool custom, qreal scale)
 {
-    paintArea(painter, rect, colors.fill, colors.border, scale);
+    paintArea(painter, rect, colors, scale);
     if (custom)
         paintCustomMark(painter, rect, scale);
 }

@@ -28,15 +28,16 @@ struct SCabinetLook
     bool custom = false; ///< carries the mark of a custom-defined cabinet
 };
 
-/// The colours of a cabinet that is drawn from afar. Its border fades with its size, so that nothing jumps
-/// while somebody zooms.
-struct SFarColors
+/// The colours of a cabinet. From afar its border fades with its size, so that nothing jumps while somebody
+/// zooms.
+struct SCabinetColors
 {
     QColor fill;
-    QColor border; ///< invalid for none
+    QColor border;       ///< invalid for none
+    bool framed = false; ///< the border has all four sides
 
     /// @p width is the cabinet's on the screen, device pixels.
-    static SFarColors of(const QColor &fill, bool selected, bool highlighted, qreal width);
+    static SCabinetColors of(const QColor &fill, bool selected, bool highlighted, qreal width);
 };
 
 /// What a cabinet, a wire, a group and a canvas look like, wherever they are drawn. Scales are device pixels
@@ -46,7 +47,7 @@ class CLayoutPainter final
 public:
     static void paintCabinet(QPainter &painter, const SCabinetLook &look, qreal scale);
     /// What paintCabinet() draws of a cabinet of which isAfar() is true.
-    static void paintCabinetFromAfar(QPainter &painter, const QRectF &rect, const SFarColors &colors,
+    static void paintCabinetFromAfar(QPainter &painter, const QRectF &rect, const SCabinetColors &colors,
                                      bool custom, qreal scale);
     /// A wiring line with its arrow head, from exit to entry point.
     static void paintWire(QPainter &painter, const QLineF &line, qreal scale);

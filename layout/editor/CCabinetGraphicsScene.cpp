@@ -160,12 +160,6 @@ void CCabinetGraphicsScene::beginAppend(const CScenePlacing::TypeInfo &type, int
     m_placing.beginAppend(type, port, size);
 }
 
-void CCabinetGraphicsScene::endAppend()
-{
-    if (isAppending())
-        m_placing.endAppend();
-}
-
 void CCabinetGraphicsScene::backupPort(int, int backup, bool back)
 {
     cancelGesture(); // the state of ports has changed
@@ -203,8 +197,10 @@ void CCabinetGraphicsScene::finishBatch(const CPendingEdits &work)
     polishNewItems();
     for (const int index : work.ports()) {
         m_content.forgetRecord(index);
-        if (CGraphicsPortItem *port = portItem(index))
+        if (CGraphicsPortItem *port = portItem(index)) {
             port->takeNote();
+            port->updateEdges();
+        }
     }
     m_batches.forget(); // what finishing noted has been done with it
     if (std::exchange(m_portAreaChanged, false))
@@ -222,10 +218,8 @@ void CCabinetGraphicsScene::finishBatch(const CPendingEdits &work)
 
 void CCabinetGraphicsScene::tellSelection()
 {
-    if (!m_gestures.isDragging()) {
-        for (CGraphicsPortItem *port : portItems())
-            port->setZValue(m_selection.isIn(port->port()) ? SelectedPortHeight : PortHeight);
-    }
+    if (!m_gestures.isDragging())
+        m_selection.raise(portItems());
     Q_EMIT notifySelectedChanged(m_selection.ports(), m_selection.canGroup(), m_selection.canBreakGroup());
     Q_EMIT notifySelectedCabinetInfos(m_selection.records());
 }
@@ -262,7 +256,7 @@ void CCabinetGraphicsScene::setToolMode(EToolMode mode, bool on)
         m_toolModes.insert(mode);
     else
         m_toolModes.remove(mode);
-    update(); // handles come or go
+    updateViews(); // handles come or go
 }
 
 void CCabinetGraphicsScene::beginMove(const QPointF &scenePos)
@@ -340,7 +334,7 @@ void CCabinetGraphicsScene::setCanvasSize(const QSize &size)
 {
     m_content.setCanvas(size);
     updateContentRect();
-    update();
+    updateViews();
     Q_EMIT notifyLookChanged();
 }
 
@@ -349,7 +343,7 @@ void CCabinetGraphicsScene::onNotifyProcessorStateChanged()
     for (CGraphicsPortItem *port : portItems())
         port->refreshState();
     m_content.forgetRecords();
-    update();
+    updateViews();
     Q_EMIT notifyLookChanged();
 }
 
@@ -359,7 +353,7 @@ void CCabinetGraphicsScene::onBackgroundChanged(const SBackgroundInfo &newInfo, 
     m_fill.set(newInfo);
     if (sceneSizeChange)
         updateContentRect();
-    update();
+    updateViews();
     Q_EMIT notifyLookChanged();
 }
 

@@ -116,7 +116,13 @@ public:
     /// From now on the next press places cabinets of @p size in @p port, as many as a drag covers; they are
     /// wired on. @p type may be empty.
     void beginAppend(const CScenePlacing::TypeInfo &type, int port, const QSize &size);
-    void endAppend();
+    void endAppend()
+    {
+        if (isAppending())
+            m_placing.endAppend();
+    }
+    /// Cabinets that wait to be placed come into @p port instead.
+    void moveAppendTo(int port) { m_placing.moveAppendTo(port); }
     void renderPicture(QPainter &painter, const QRectF &target, const QRectF &source) override;
     bool isAppending() const { return m_placing.isAppending(); }
 

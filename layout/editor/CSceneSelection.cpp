@@ -150,6 +150,16 @@ QRect CSceneSelection::extent() const
     return CCabinetRect::toRecord(extent);
 }
 
+void CSceneSelection::raise(const QVector<CGraphicsPortItem *> &ports) const
+{
+    for (CGraphicsPortItem *port : ports) {
+        const bool selected = m_items.contains(port->port());
+        if (selected || port->zValue() > PortHeight)
+            port->updateEdges();
+        port->setZValue(selected ? SelectedPortHeight : PortHeight);
+    }
+}
+
 bool CSceneSelection::canGroup() const
 {
     if (m_count < 2 || m_items.size() != 1 || touchesLockedPort())

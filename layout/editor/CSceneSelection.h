@@ -12,6 +12,7 @@
 class CGraphicsCabinetItem;
 class CGraphicsGroupItem;
 class CGraphicsItemBase;
+class CGraphicsPortItem;
 
 /// Keeps what is selected in the scene, so that nobody has to walk or copy Qt's own list. GUI thread.
 class CSceneSelection final
@@ -21,7 +22,6 @@ public:
 
     int count() const { return m_count; }
     bool isEmpty() const { return m_count == 0; }
-    bool isIn(int port) const { return m_items.contains(port); }
     QSet<CGraphicsItemBase *> items() const;
     /// In the order of their records, so that results never depend on the order of selecting.
     QVector<CGraphicsItemBase *> sorted() const;
@@ -36,6 +36,9 @@ public:
     QVector<QUuid> uuids() const;
     QList<CabinetLayout::CabinetPort::Cabinet> records() const;
     QRect extent() const; ///< of all selected items, canvas pixels; empty without any
+
+    /// Lifts those of @p ports that hold selected items above the others.
+    void raise(const QVector<CGraphicsPortItem *> &ports) const;
 
     /// Two or more items that lie directly in one port, which is not locked.
     bool canGroup() const;

@@ -15,7 +15,7 @@ void CSelectionPicks::all()
 {
     const CEditBatch batch(m_editor);
     {
-        m_scene.update();                      // all that is shown; each item would ask for itself
+        m_scene.updateViews();                 // all that is shown; each item would ask for itself
         const QSignalBlocker silent(&m_scene); // Qt tells of every single item
         for (const CGraphicsPortItem *item : m_content.ports()) {
             for (CGraphicsItemBase *top : item->topItems())

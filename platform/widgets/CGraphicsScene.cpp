@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/widgets/CGraphicsScene.h"
 
+#include <QGraphicsView>
+
 #include <algorithm>
 
 namespace {
@@ -25,6 +27,14 @@ void CGraphicsScene::setContentRect(const QRectF &content)
     const qreal margin =
         std::max(SceneLeastMargin, SceneMarginShare * std::max(content.width(), content.height()));
     setSceneRect(content.adjusted(-margin, -margin, margin, margin));
+}
+
+void CGraphicsScene::updateViews()
+{
+    update();
+    const QList<QGraphicsView *> all = views();
+    for (const QGraphicsView *view : all)
+        view->viewport()->update();
 }
 
 void CGraphicsScene::polishNewItems()

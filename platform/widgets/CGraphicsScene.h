@@ -23,6 +23,10 @@ public:
     /// Draws what lies in @p source into @p target, without what only the user of a view sees.
     virtual void renderPicture(QPainter &painter, const QRectF &target, const QRectF &source);
 
+    /// Has all views drawn anew. An update() alone is forgotten when a view paints something else before Qt
+    /// gets to it, and with it what items asked for in between.
+    void updateViews();
+
     /// Completes what Qt puts off to the next turn of the event loop for items that were added. Done once an
     /// operation that adds many: until then Qt walks a list of all of them for each item that goes.
     void polishNewItems();

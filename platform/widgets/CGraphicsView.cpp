@@ -6,7 +6,10 @@
 #include "platform/widgets/CZoomStrip.h"
 #include "platform/widgets/view/CAerialView.h"
 
+#include <QAbstractSpinBox>
 #include <QAction>
+#include <QApplication>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QtMath>
@@ -159,6 +162,16 @@ void CGraphicsView::mouseReleaseEvent(QMouseEvent *event)
     }
     m_panning = false;
     viewport()->setCursor(m_cursorBefore);
+}
+
+bool CGraphicsView::viewportEvent(QEvent *event)
+{
+    // Its keys work where the mouse is, unless a text is being typed.
+    const QWidget *focus = QApplication::focusWidget();
+    if (event->type() == QEvent::Enter && isActiveWindow() && QApplication::mouseButtons() == Qt::NoButton &&
+        !qobject_cast<const QLineEdit *>(focus) && !qobject_cast<const QAbstractSpinBox *>(focus))
+        setFocus(Qt::OtherFocusReason);
+    return QGraphicsView::viewportEvent(event);
 }
 
 void CGraphicsView::resizeEvent(QResizeEvent *event)

@@ -47,6 +47,7 @@ Q_SIGNALS:
     void scaleChanged(qreal factor);
 
 protected:
+    bool viewportEvent(QEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;

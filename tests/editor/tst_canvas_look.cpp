@@ -6,6 +6,7 @@
 #include "tests/harness/CTestBase.h"
 
 #include <QPainter>
+#include <QScreen>
 
 #include <memory>
 
@@ -116,6 +117,42 @@ private Q_SLOTS:
         QVERIFY(differentPixels(frame, items) <= 2); // where wires of several lengths meet
         QVERIFY(colorsIn(frame).size() >
                 8); // canvas and border, ports, what is selected, what is highlighted
+    }
+
+    void repaintsLeaveNothingBehind_data()
+    {
+        QTest::addColumn<qreal>("scale");
+        for (const int percent : {100, 52, 41, 33, 17, 9, 4})
+            QTest::newRow(qPrintable(QString::number(percent))) << percent / 100.0;
+    }
+    void repaintsLeaveNothingBehind()
+    {
+        QFETCH(qreal, scale);
+        CMouseTester mouse;
+        QVERIFY(QTest::qWaitForWindowExposed(&mouse.view()));
+        mouse.view().setScaleFactor(scale);
+        mouse.view().centerOn(InPair);
+        const auto shown = [&mouse] {
+            QCoreApplication::processEvents();
+            QEvent frame(QEvent::UpdateRequest);
+            QCoreApplication::sendEvent(&mouse.view(), &frame); // by itself it would come with the next tick
+            return mouse.view().screen()->grabWindow(mouse.view().winId()).toImage();
+        };
+        shown();
+        for (CGraphicsItemBase *item :
+             {mouse.at({64, 64}), mouse.at({192, 64}), mouse.at(InPair), mouse.at({64, 564})}) {
+            for (const bool selected : {true, false}) {
+                {
+                    const CEditBatch batch(mouse.scene());
+                    item->outermost().setSelected(selected);
+                }
+                const QImage part = shown();
+                mouse.view().viewport()->update();
+                const QImage whole = shown();
+                QVERIFY(!part.isNull());
+                QCOMPARE(differentPixels(part, whole), 0);
+            }
+        }
     }
 
     void lockedPortsAreMarkedAtAnyScale()

@@ -11,6 +11,7 @@
 #include "tests/harness/CTestBase.h"
 
 #include <QClipboard>
+#include <QComboBox>
 #include <QMimeData>
 #include <QSignalSpy>
 
@@ -220,6 +221,12 @@ private Q_SLOTS:
         QCOMPARE(mouse.scene().property("pendingAppendCabinetPort").toInt(), 2);
         const QVariantMap pending = mouse.scene().property("pendingAppendCabinet").toMap();
         QCOMPARE(pending.value(QStringLiteral("rcvTypeInfo")).value<CScenePlacing::TypeInfo>(), type);
+        for (const int port : {0, 2}) { // chosen meanwhile
+            auto *ports = mouse.view().toolBar().findChild<QComboBox *>();
+            ports->setCurrentIndex(port);
+            Q_EMIT ports->activated(port);
+            QCOMPARE(mouse.scene().property("pendingAppendCabinetPort").toInt(), port);
+        }
         mouse.hover({700, 300});
         mouse.drag({332, 316}, {64, 32}); // two columns, two rows
         QVERIFY(!mouse.scene().isAppending());

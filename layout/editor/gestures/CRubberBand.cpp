@@ -5,8 +5,7 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
-
-#include <QGraphicsScene>
+#include "platform/widgets/CGraphicsScene.h"
 
 namespace {
 
@@ -21,7 +20,7 @@ void selectAlone(CGraphicsItemBase &item)
 
 } // namespace
 
-CRubberBand::CRubberBand(IEditorScene &editor, QGraphicsScene &scene, const QPointF &scenePos,
+CRubberBand::CRubberBand(IEditorScene &editor, CGraphicsScene &scene, const QPointF &scenePos,
                          const QSet<QUuid> &before, bool keepSelection)
     : m_batch(editor)
     , m_editor(editor)
@@ -51,7 +50,7 @@ void CRubberBand::moveTo(const QPointF &scenePos)
         }
     }
     if (entered.size() + left.size() > ManyChanges)
-        m_scene.update();
+        m_scene.updateViews();
     for (const CPortOverview::SPlace *place : qAsConst(left))
         change(*place, false);
     for (const CPortOverview::SPlace *place : qAsConst(entered))

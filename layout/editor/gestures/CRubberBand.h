@@ -11,7 +11,7 @@
 #include <QSet>
 #include <QUuid>
 
-class QGraphicsScene;
+class CGraphicsScene;
 
 /// The rubber band: selects the outermost groups and ungrouped cabinets of which it touches a cabinet. Each
 /// step changes only what has entered or left; what follows from the selection is done once, when the band
@@ -21,7 +21,7 @@ class CRubberBand final
 public:
     /// @p before was selected before the band. @p keepSelection adds to it; otherwise the caller has cleared
     /// it.
-    CRubberBand(IEditorScene &editor, QGraphicsScene &scene, const QPointF &scenePos,
+    CRubberBand(IEditorScene &editor, CGraphicsScene &scene, const QPointF &scenePos,
                 const QSet<QUuid> &before, bool keepSelection);
 
     const QRectF &rect() const { return m_rect; }
@@ -37,7 +37,7 @@ private:
 
     CEditBatch m_batch;
     IEditorScene &m_editor;
-    QGraphicsScene &m_scene;
+    CGraphicsScene &m_scene;
     QPointF m_press;
     QRectF m_rect;
     QHash<QUuid, int> m_counts; // of touched cabinets, by outermost group

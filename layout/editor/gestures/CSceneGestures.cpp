@@ -80,7 +80,7 @@ void CSceneGestures::continueStroke(const QPointF &scenePos)
     if (!m_stroke)
         return;
     m_stroke->moveTo(scenePos);
-    m_scene.update();
+    m_scene.updateViews();
 }
 
 void CSceneGestures::endStroke(const QPointF &scenePos)

@@ -10,10 +10,13 @@
 
 #include <QGraphicsScene>
 #include <QGraphicsSceneMouseEvent>
+#include <QGraphicsView>
 
 #include <algorithm>
 
 namespace {
+
+constexpr qreal EdgeReach = 3; // device pixels
 
 void collectPortCabinets(const QGraphicsItem &parent, QVector<CGraphicsCabinetItem *> &cabinets)
 {
@@ -197,6 +200,19 @@ void CGraphicsPortItem::updateBounds()
     prepareGeometryChange();
     m_bounds = bounds;
     Q_EMIT childItemPosChanged();
+}
+
+void CGraphicsPortItem::updateEdges()
+{
+    const QList<QGraphicsView *> views = scene() ? scene()->views() : QList<QGraphicsView *>();
+    if (views.isEmpty() || m_bounds.isEmpty())
+        return;
+    const qreal reach = EdgeReach / views.first()->transform().m11();
+    const QRectF around = m_bounds.adjusted(-reach, -reach, reach, reach);
+    scene()->update(QRectF(around.topLeft(), QSizeF(around.width(), reach)));
+    scene()->update(QRectF(QPointF(around.left(), m_bounds.bottom()), QSizeF(around.width(), reach)));
+    scene()->update(QRectF(around.topLeft(), QSizeF(reach, around.height())));
+    scene()->update(QRectF(QPointF(m_bounds.right(), around.top()), QSizeF(reach, around.height())));
 }
 
 bool CGraphicsPortItem::sceneEventFilter(QGraphicsItem *watched, QEvent *event)

@@ -81,6 +81,9 @@ public:
     /// Takes the children's rectangle as its own; done once an operation.
     void updateBounds();
 
+    /// Has redrawn what pens leave just outside the bounds, where Qt redraws nothing for the children.
+    void updateEdges();
+
     /// Takes over what @p record says of the port itself; its groups are left alone.
     void setState(const Port &record);
     /// The port's record without its groups.

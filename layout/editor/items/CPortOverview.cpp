@@ -38,13 +38,13 @@ public:
     {
     }
 
-    const SFarColors &colors(const CPortOverview::SPlace &place)
+    const SCabinetColors &colors(const CPortOverview::SPlace &place)
     {
         if (!qFuzzyCompare(m_width, place.rect.width())) {
             m_width = place.rect.width();
             for (unsigned look = 0; look < LookCount; ++look)
                 m_colors[look] =
-                    SFarColors::of(m_fill, look & Selected, look & Highlighted, m_width * m_scale);
+                    SCabinetColors::of(m_fill, look & Selected, look & Highlighted, m_width * m_scale);
         }
         return m_colors[(isSelected(place) ? Selected : 0) | (place.highlighted ? Highlighted : 0)];
     }
@@ -55,7 +55,7 @@ private:
     QColor m_fill;
     qreal m_scale;
     qreal m_width = -1;
-    std::array<SFarColors, LookCount> m_colors;
+    std::array<SCabinetColors, LookCount> m_colors;
 };
 
 } // namespace

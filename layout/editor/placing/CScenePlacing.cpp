@@ -126,6 +126,16 @@ void CScenePlacing::beginAppend(const TypeInfo &type, int port, const QSize &siz
         showCells({ghostAt(underCursor(m_scene))});
 }
 
+void CScenePlacing::moveAppendTo(int port)
+{
+    if (!isAppending())
+        return;
+    const auto type = m_scene.property(PendingType).toMap().value(TypeKey).value<TypeInfo>();
+    const QSize size = m_scene.property(PendingSize).toSize();
+    endAppend();
+    beginAppend(type, port, size);
+}
+
 void CScenePlacing::endAppend()
 {
     for (const char *property : {PendingType, PendingPort, PendingSize})
@@ -158,7 +168,7 @@ QRect CScenePlacing::ghostAt(const QPointF &scenePos) const
 void CScenePlacing::showCells(const QVector<QRect> &cells)
 {
     m_cells = cells;
-    m_scene.update();
+    m_scene.updateViews();
 }
 
 void CScenePlacing::press(const QGraphicsSceneMouseEvent &event)

@@ -48,6 +48,8 @@ public:
     /// From now on the next press places cabinets of @p size in @p port; @p type may be empty. Does nothing
     /// for a port that takes no more, or a size outside 1 to LargestSide.
     void beginAppend(const TypeInfo &type, int port, const QSize &size);
+    /// What waits is for @p port now; nothing waits any more when that takes no more.
+    void moveAppendTo(int port);
     void endAppend();
 
     // The mouse while cabinets wait. A drag places as many as fit on its way.

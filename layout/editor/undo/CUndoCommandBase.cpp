@@ -72,7 +72,7 @@ CGraphicsPortItem *CUndoCommandBase::portItem() const
 void CUndoCommandBase::repaint()
 {
     if (scene())
-        scene()->update();
+        scene()->updateViews();
 }
 
 void CUndoCommandBase::finishGeometry(CGraphicsItemBase &base)

@@ -232,6 +232,7 @@ void CLayoutGraphicsView::openAppendMenu(const QPoint &globalPos)
 void CLayoutGraphicsView::choosePort(int port)
 {
     Q_EMIT notifyCurrentPortChosen(port);
+    m_scene->moveAppendTo(port);
     const QList<int> selected = m_scene->selection().ports();
     if (!selected.isEmpty() && selected != QList<int>{port})
         m_scene->clearSelection(); // or what is selected would not be what commands act on
