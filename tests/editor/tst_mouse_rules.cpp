@@ -311,7 +311,6 @@ private Q_SLOTS:
         QCOMPARE(m_mouse->selected(), before);
     }
 
-
     void clicksExchangeHeadAndTail()
     {
         m_mouse->view().toolBar().chooseMode(CEditorToolBar::HeadToTailExchange);
