@@ -8,7 +8,7 @@
 #include "layout/settings/CCanvasSizeSetting.h"
 #include "layout/settings/CEleCurrentAdjustDialog.h"
 #include "layout/settings/CFrameRateColorDepthSetting.h"
-#include "layout/settings/CProcessorInView.h"
+#include "platform/widgets/CMessageBox.h"
 
 CCanvasCommands::CCanvasCommands(QWidget &window, QObject *parent)
     : QObject(parent)
@@ -25,7 +25,7 @@ void CCanvasCommands::setFrameRateAndColorDepth()
     CFrameRateColorDepthSetting dialog(before->signalModes(), before->frameRate(), before->colorDepth(),
                                        &m_window);
     if (dialog.exec() == QDialog::Accepted)
-        CProcessorInView::carryOut(processor, &m_window, [&dialog](ILayoutInterfaceHandler &host) {
+        set(processor, [&dialog](ILayoutInterfaceHandler &host) {
             return host.setFrameRateAndColorDepth(dialog.frameRate(), dialog.colorDepth());
         });
 }
@@ -38,9 +38,8 @@ void CCanvasCommands::setCanvasSize()
     const auto before = CHostAccess::handler();
     CCanvasSizeSetting dialog(before->canvasLimits(), before->getCanvasSize(), &m_window);
     if (dialog.exec() == QDialog::Accepted)
-        CProcessorInView::carryOut(processor, &m_window, [&dialog](ILayoutInterfaceHandler &host) {
-            return host.setCanvasSize(dialog.canvasSize());
-        });
+        set(processor,
+            [&dialog](ILayoutInterfaceHandler &host) { return host.setCanvasSize(dialog.canvasSize()); });
 }
 
 void CCanvasCommands::setCanvasFill()
@@ -51,12 +50,23 @@ void CCanvasCommands::setCanvasFill()
     SBackgroundInfo before = CHostAccess::handler()->background(processor);
     before.processor = processor;
     CCanvasBackgroundSetting dialog(before, &m_window);
-    connect(&dialog, &CCanvasBackgroundSetting::changed, this, &CCanvasCommands::previewed);
+    connect(&dialog, &CCanvasBackgroundSetting::changed, this,
+            [this, processor](const SBackgroundInfo &info) {
+                if (CProcessorInView::key() == processor)
+                    Q_EMIT previewed(info);
+            });
     const auto send = [&dialog](ILayoutInterfaceHandler &host) { return host.setBackground(dialog.info()); };
-    const bool done =
-        dialog.exec() == QDialog::Accepted && CProcessorInView::carryOut(processor, &m_window, send);
+    const bool done = dialog.exec() == QDialog::Accepted && set(processor, send);
     if (!done && CProcessorInView::key() == processor)
         Q_EMIT previewed(before);
+}
+
+bool CCanvasCommands::set(const QUuid &processor, const CProcessorInView::Operation &operation)
+{
+    const bool done = CProcessorInView::carryOut(processor, &m_window, operation);
+    if (done)
+        CMessageBox::information(&m_window, tr("Set successful."));
+    return done;
 }
 
 void CCanvasCommands::adjustCurrentGain()

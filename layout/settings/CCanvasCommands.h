@@ -3,13 +3,14 @@
 #pragma once
 
 #include "layout/data/records/SBackgroundInfo.h"
+#include "layout/settings/CProcessorInView.h"
 
 #include <QObject>
 
 class QWidget;
 
 /// The commands that set what belongs to the canvas of the current processor: each runs its dialog, has the
-/// host carry out what was chosen, and tells when that failed. Without a processor they do nothing. GUI
+/// host carry out what was chosen, and tells how that ended. Without a processor they do nothing. GUI
 /// thread.
 class CCanvasCommands final : public QObject
 {
@@ -31,5 +32,7 @@ Q_SIGNALS:
     void previewed(const SBackgroundInfo &info);
 
 private:
+    bool set(const QUuid &processor, const CProcessorInView::Operation &operation);
+
     QWidget &m_window;
 };

@@ -6,8 +6,11 @@
 #include "tests/harness/CTestBase.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSlider>
+#include <QVBoxLayout>
 
 class CInputsTest final : public CTestBase
 {
@@ -87,6 +90,27 @@ private Q_SLOTS:
         QTest::keyClick(&box, Qt::Key_Return);
         QTEST(box.text(), "shown");
         QCOMPARE(box.value(), box.cleanText().toInt());
+    }
+
+    void returnShowsACorrectedNumberBeforeItConfirms()
+    {
+        QDialog dialog;
+        auto *box = new CSpinBox;
+        auto *ok = new QPushButton;
+        auto *rows = new QVBoxLayout(&dialog);
+        rows->addWidget(box);
+        rows->addWidget(ok);
+        ok->setDefault(true);
+        connect(ok, &QPushButton::clicked, &dialog, &QDialog::accept);
+        box->setRange(8, 2048);
+        dialog.show();
+        box->selectAll();
+        QTest::keyClicks(box, QStringLiteral("4000"));
+        QTest::keyClick(box, Qt::Key_Return);
+        QCOMPARE(box->text(), QStringLiteral("2048"));
+        QVERIFY(dialog.isVisible());
+        QTest::keyClick(box, Qt::Key_Return);
+        QVERIFY(!dialog.isVisible());
     }
 
     void aNumberBeyondTheRangeCanBeCorrected()

@@ -165,8 +165,28 @@ private Q_SLOTS:
         commands.setCanvasFill();
         QCOMPARE(shown.first().scale, 60);
         QCOMPARE(shown.last() == before, comesBack);
-        QCOMPARE(user.boxes().size(), refused ? 1 : 0);
+        QCOMPARE(user.boxes().size(), accepted ? 1 : 0);
+        if (accepted)
+            QCOMPARE(user.texts().first(),
+                     refused ? QStringLiteral("Set failed.") : QStringLiteral("Set successful."));
         QCOMPARE(host.answers()->count(QStringLiteral("setBackground")), accepted ? 1 : 0);
+    }
+
+    void anotherProcessorsCanvasFollowsNothing()
+    {
+        CFakeHost host;
+        host.choose(host.addProcessor(QStringLiteral("Main"), 1));
+        QWidget window;
+        CCanvasCommands commands(window);
+        int shown = 0;
+        connect(&commands, &CCanvasCommands::previewed, this, [&shown] { ++shown; });
+        inNext<QDialog>([&host](QDialog &dialog) {
+            host.choose(host.addProcessor(QStringLiteral("Lobby"), 1));
+            dialog.findChildren<QSlider *>().at(0)->setValue(60);
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        });
+        commands.setCanvasFill();
+        QCOMPARE(shown, 0);
     }
 };
 

@@ -15,6 +15,7 @@
 namespace {
 
 const QString SetFailed = QStringLiteral("Set failed.");
+const QString SetSuccessful = QStringLiteral("Set successful.");
 
 QString hintOf(const QWidget &dialog)
 {
@@ -151,7 +152,9 @@ private Q_SLOTS:
             named<QSpinBox>(dialog, "Width")->setValue(2000);
             leave(dialog, way);
         });
+        const CMessageBoxAnswerer user(QVector<QString>(accepted, QStringLiteral("OK")).toList());
         commands.setCanvasSize();
+        QCOMPARE(user.texts(), QVector<QString>(accepted, SetSuccessful).toList());
         QCOMPARE(m_host->answers()->calls().contains(QStringLiteral("setCanvasSize(2000,1080)")), accepted);
     }
 
@@ -171,7 +174,9 @@ private Q_SLOTS:
             QTest::keyClick(named<QComboBox>(dialog, "Color depth"), Qt::Key_Up);
             leave(dialog, way);
         });
+        const CMessageBoxAnswerer user(QVector<QString>(accepted, QStringLiteral("OK")).toList());
         commands.setFrameRateAndColorDepth();
+        QCOMPARE(user.texts(), QVector<QString>(accepted, SetSuccessful).toList());
         QCOMPARE(m_host->answers()->calls().contains(QStringLiteral("setFrameRateAndColorDepth(240,8)")),
                  accepted);
     }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QDoubleSpinBox>
+#include <QKeyEvent>
 #include <QSpinBox>
 
 #include <limits>
@@ -36,6 +37,15 @@ protected:
         SpinBox::fixup(text);
         if (numberIn(text) < this->minimum())
             text = this->prefix() + this->textFromValue(this->minimum()) + this->suffix();
+    }
+
+    /// Return confirms a dialog only once what was typed stands there as it is taken.
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        const QString typed = this->text();
+        SpinBox::keyPressEvent(event);
+        if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && this->text() != typed)
+            event->accept();
     }
 
 private:
