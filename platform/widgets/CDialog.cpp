@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/widgets/CDialog.h"
 
+#include "platform/widgets/input/CMnemonics.h"
+
 #include <QFontMetrics>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -57,6 +59,7 @@ void CDialog::connectSignals()
 void CDialog::showEvent(QShowEvent *event)
 {
     putButtonsLast();
+    CMnemonics::assign(*this);
     QDialog::showEvent(event);
 }
 

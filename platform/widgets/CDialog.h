@@ -9,7 +9,7 @@ class QVBoxLayout;
 
 /// Base of all dialogs: a title, a content area and a row of standard buttons below it. It may be resized
 /// unless its owner calls setFixedSize(), and is wide enough for its title unless that is too narrow. The Tab
-/// key goes through the content first, then the buttons.
+/// key goes through the content first, then the buttons; Alt with an underlined letter leads to a field.
 class CDialog : public QDialog
 {
     Q_OBJECT

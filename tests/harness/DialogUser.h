@@ -28,11 +28,17 @@ inline QPushButton *okOf(const CDialog &dialog)
     return dialog.buttonBox()->button(QDialogButtonBox::Ok);
 }
 
+/// A text as it is read, without the mark of its mnemonic.
+inline QString withoutMnemonic(QString text)
+{
+    return text.remove(QLatin1Char('&'));
+}
+
 /// The button with that text; null: none.
 inline QPushButton *buttonOf(const QWidget &dialog, const QString &text)
 {
     for (QPushButton *button : dialog.findChildren<QPushButton *>()) {
-        if (button->text() == text)
+        if (withoutMnemonic(button->text()) == text)
             return button;
     }
     return nullptr;
@@ -54,7 +60,7 @@ template <typename Control>
 Control *labelled(const QWidget &dialog, const char *text)
 {
     for (const QLabel *label : dialog.findChildren<QLabel *>()) {
-        if (label->text() == QLatin1String(text))
+        if (withoutMnemonic(label->text()) == QLatin1String(text))
             return qobject_cast<Control *>(label->buddy());
     }
     return nullptr;

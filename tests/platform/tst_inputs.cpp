@@ -1,12 +1,14 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "platform/widgets/CDialog.h"
 #include "platform/widgets/CTheme.h"
 #include "platform/widgets/input/CClampedSpinBox.h"
 #include "platform/widgets/input/CSliderSpinBox.h"
 #include "tests/harness/CTestBase.h"
 
 #include <QApplication>
-#include <QDialog>
+#include <QCheckBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSlider>
@@ -90,6 +92,32 @@ private Q_SLOTS:
         QTest::keyClick(&box, Qt::Key_Return);
         QTEST(box.text(), "shown");
         QCOMPARE(box.value(), box.cleanText().toInt());
+    }
+
+    void fieldsAreReachedByTheirLetters()
+    {
+        CDialog dialog(QStringLiteral("Size"), QDialogButtonBox::Ok | QDialogButtonBox::Cancel, nullptr);
+        auto *width = new QSpinBox;
+        auto *widthLabel = new QLabel(QStringLiteral("Width"));
+        widthLabel->setBuddy(width);
+        auto *white = new QCheckBox(QStringLiteral("White"));
+        auto *free = new QCheckBox(QStringLiteral("&Free"));
+        auto *ratio = new QCheckBox(QStringLiteral("1:1"));
+        for (QWidget *widget : QVector<QWidget *>{widthLabel, width, white, free, ratio})
+            dialog.contentLayout()->addWidget(widget);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QCOMPARE(widthLabel->text(), QStringLiteral("&Width"));
+        QCOMPARE(white->text(), QStringLiteral("W&hite"));
+        QCOMPARE(ratio->text(), QStringLiteral("1:1"));
+        free->setFocus();
+        QTest::keyClick(&dialog, Qt::Key_W, Qt::AltModifier);
+        QVERIFY(width->hasFocus());
+        QTest::keyClick(&dialog, Qt::Key_H, Qt::AltModifier);
+        QTRY_VERIFY(white->isChecked());
+        dialog.hide();
+        dialog.show(); // they stay as they are
+        QCOMPARE(white->text(), QStringLiteral("W&hite"));
     }
 
     void returnShowsACorrectedNumberBeforeItConfirms()

@@ -175,7 +175,7 @@ private Q_SLOTS:
         QCOMPARE(dialog.findChild<QLabel *>(QStringLiteral("Highlight-NormalFont"))->text(),
                  QStringLiteral("Type selection"));
         QCOMPARE(labelled<QPushButton>(dialog, "Type"), button);
-        QCOMPARE(button->text(), QStringLiteral("Please select type"));
+        QCOMPARE(withoutMnemonic(button->text()), QStringLiteral("Please select type"));
         QCOMPARE(button->size(), QSize(236, 24));
         QCOMPARE(button->styleSheet(), QStringLiteral("QPushButton{text-align: left;}"));
         QCOMPARE(typeSize(dialog), QStringLiteral("-"));

@@ -70,10 +70,10 @@ private Q_SLOTS:
     {
         CCanvasBackgroundSetting dialog(filled(), nullptr);
         dialog.show();
-        QCOMPARE(dialog.findChild<QCheckBox *>()->text(), QStringLiteral("Enable"));
+        QCOMPARE(withoutMnemonic(dialog.findChild<QCheckBox *>()->text()), QStringLiteral("Enable"));
         QStringList fits;
         for (const QRadioButton *fit : dialog.findChildren<QRadioButton *>())
-            fits << fit->text() + QLatin1Char(fit->isChecked() ? '*' : ' ');
+            fits << withoutMnemonic(fit->text()) + QLatin1Char(fit->isChecked() ? '*' : ' ');
         QCOMPARE(fits, (QStringList{QStringLiteral("1:1 "), QStringLiteral("Zoom to fit*")}));
         for (const QSlider *slider : dialog.findChildren<QSlider *>())
             QCOMPARE(slider->width(), 184);

@@ -120,7 +120,7 @@ private Q_SLOTS:
         do {
             const auto *button = qobject_cast<QAbstractButton *>(widget);
             if (button && button->isEnabled() && button->isVisible())
-                texts << button->text();
+                texts << withoutMnemonic(button->text());
             widget = widget->nextInFocusChain();
         } while (widget != first);
         QCOMPARE(texts.join(QLatin1Char(' ')), QStringLiteral("Import... Refresh On On Clear Save"));
