@@ -199,6 +199,20 @@ private Q_SLOTS:
         QCOMPARE(topmost(), 1);
     }
 
+    void anInterruptedBandPutsTheSelectionBack()
+    {
+        m_mouse->doubleClick(QPoint(64, 264)); // a member alone
+        const Items before = m_mouse->selected();
+        m_mouse->press({-30, 480});
+        QCOMPARE(m_mouse->selected(), Items());
+        m_mouse->moveTo({40, 210});
+        m_mouse->pressRight({40, 210}, true);
+        QVERIFY(!QApplication::activePopupWidget());
+        QCOMPARE(m_mouse->selected(), before);
+        m_mouse->release({40, 210});
+        QCOMPARE(m_mouse->selected(), before);
+    }
+
     void whoIsToldMayEdit()
     {
         CCabinetGraphicsScene &scene = m_mouse->scene();

@@ -297,20 +297,6 @@ private Q_SLOTS:
         QCOMPARE(m_mouse->selected(), before);
     }
 
-    void anInterruptedBandPutsTheSelectionBack()
-    {
-        m_mouse->doubleClick(InPair); // a member alone
-        const Items before = m_mouse->selected();
-        m_mouse->press({-30, 480});
-        QCOMPARE(m_mouse->selected(), Items());
-        m_mouse->moveTo({40, 210});
-        m_mouse->pressRight({40, 210}, true);
-        QVERIFY(!QApplication::activePopupWidget());
-        QCOMPARE(m_mouse->selected(), before);
-        m_mouse->release({40, 210});
-        QCOMPARE(m_mouse->selected(), before);
-    }
-
     void clicksExchangeHeadAndTail()
     {
         m_mouse->view().toolBar().chooseMode(CEditorToolBar::HeadToTailExchange);

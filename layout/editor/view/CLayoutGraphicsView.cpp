@@ -160,7 +160,7 @@ void CLayoutGraphicsView::setBlocked(bool byController, bool asBackup)
 
 void CLayoutGraphicsView::onToolButtonClicked(int id)
 {
-    switch (id) {
+    switch (id) { // the modes act when they are toggled
     case Bar::Undo:
         m_scene->undo(this);
         break;
@@ -180,8 +180,6 @@ void CLayoutGraphicsView::onToolButtonClicked(int id)
     case Bar::Ungroup:
         m_scene->ungroupSelected();
         break;
-    default:
-        break; // the modes act when they are toggled
     }
 }
 
