@@ -73,6 +73,8 @@ bool CFarPorts::drawPicture(const QVector<CGraphicsPortItem *> &ports, QPainter 
 
 void CFarPorts::passOver(const QGraphicsScene &scene)
 {
+    if (m_ports.isEmpty())
+        return;
     // An item that is new to the scene is sorted into its index by where it says that it lies: done before
     // the ports say otherwise.
     scene.items(QPointF());
