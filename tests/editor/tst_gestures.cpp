@@ -114,7 +114,7 @@ private Q_SLOTS:
         m_mouse->release({190, 180});
         QCOMPARE(m_mouse->cabinet(0, 1).scenePos(), QPointF(128, 0));
         QCOMPARE(m_mouse->stack().count(), 0);
-        QVERIFY(m_mouse->scene().portItem(0)->zValue() < DraggedPortHeight);
+        QVERIFY(m_mouse->scene().portItem(0)->zValue() < qreal(DraggedPortHeight));
 
         m_mouse->view().toolBar().chooseMode(CEditorToolBar::Arrow);
         m_mouse->drag({64, 64}, {7, 9}); // begins where it is pressed
