@@ -25,7 +25,7 @@ void sortByOrdinal(QVector<Item *> &items)
 }
 
 /// The cabinets among @p items and those of groups among them, each once, sorted.
-QVector<CGraphicsCabinetItem *> cabinetsOf(const QSet<CGraphicsItemBase *> &items)
+QVector<CGraphicsCabinetItem *> cabinetsOf(const QVector<CGraphicsItemBase *> &items)
 {
     QVector<CGraphicsCabinetItem *> cabinets;
     cabinets.reserve(items.size());
@@ -52,25 +52,37 @@ void CSceneSelection::note(CGraphicsItemBase &item, bool selected)
         for (CGraphicsItemBase *other : items())
             other->update();
     }
-    QSet<CGraphicsItemBase *> &ofPort = m_items[item.port()];
-    const int before = ofPort.size();
-    if (selected)
-        ofPort.insert(&item);
-    else
-        ofPort.remove(&item);
-    const int change = ofPort.size() - before;
+    QVector<CGraphicsItemBase *> &ofPort = m_items[item.port()];
+    const int place = item.selectionPlace();
+    if (selected && place == CGraphicsItemBase::NotSelected) {
+        item.setSelectionPlace(ofPort.size());
+        ofPort << &item;
+        count(item, 1);
+    } else if (!selected && ofPort.value(place) == &item) {
+        CGraphicsItemBase *last = ofPort.takeLast();
+        if (last != &item) {
+            ofPort[place] = last;
+            last->setSelectionPlace(place);
+        }
+        item.setSelectionPlace(CGraphicsItemBase::NotSelected);
+        count(item, -1);
+    }
+    if (ofPort.isEmpty())
+        m_items.remove(item.port());
+}
+
+void CSceneSelection::count(const CGraphicsItemBase &item, int change)
+{
     m_count += change;
     if (item.type() == GroupItemKind)
         m_groupCount += change;
-    if (ofPort.isEmpty())
-        m_items.remove(item.port());
 }
 
 QSet<CGraphicsItemBase *> CSceneSelection::items() const
 {
     QSet<CGraphicsItemBase *> all;
     all.reserve(m_count);
-    for (const QSet<CGraphicsItemBase *> &ofPort : m_items) {
+    for (const QVector<CGraphicsItemBase *> &ofPort : m_items) {
         for (CGraphicsItemBase *item : ofPort)
             all.insert(item);
     }
@@ -81,8 +93,8 @@ QVector<CGraphicsItemBase *> CSceneSelection::sorted() const
 {
     QVector<CGraphicsItemBase *> all;
     all.reserve(m_count);
-    for (const QSet<CGraphicsItemBase *> &ofPort : m_items) {
-        QVector<CGraphicsItemBase *> items(ofPort.begin(), ofPort.end());
+    for (const QVector<CGraphicsItemBase *> &ofPort : m_items) {
+        QVector<CGraphicsItemBase *> items = ofPort;
         sortByOrdinal(items);
         all += items;
     }
@@ -103,7 +115,7 @@ QVector<CGraphicsCabinetItem *> CSceneSelection::cabinets() const
 {
     QVector<CGraphicsCabinetItem *> all;
     all.reserve(m_count);
-    for (const QSet<CGraphicsItemBase *> &ofPort : m_items)
+    for (const QVector<CGraphicsItemBase *> &ofPort : m_items)
         all += cabinetsOf(ofPort);
     return all;
 }
@@ -111,7 +123,7 @@ QVector<CGraphicsCabinetItem *> CSceneSelection::cabinets() const
 QVector<QVector<CGraphicsCabinetItem *>> CSceneSelection::cabinetsByPort() const
 {
     QVector<QVector<CGraphicsCabinetItem *>> byPort;
-    for (const QSet<CGraphicsItemBase *> &ofPort : m_items) {
+    for (const QVector<CGraphicsItemBase *> &ofPort : m_items) {
         const QVector<CGraphicsCabinetItem *> cabinets = cabinetsOf(ofPort);
         if (!cabinets.isEmpty())
             byPort << cabinets;
@@ -123,7 +135,7 @@ QVector<QUuid> CSceneSelection::uuids() const
 {
     QVector<QUuid> uuids;
     uuids.reserve(m_count);
-    for (const QSet<CGraphicsItemBase *> &ofPort : m_items) {
+    for (const QVector<CGraphicsItemBase *> &ofPort : m_items) {
         for (const CGraphicsItemBase *item : ofPort)
             uuids << item->uuid();
     }
@@ -143,7 +155,7 @@ QList<CabinetLayout::CabinetPort::Cabinet> CSceneSelection::records() const
 QRect CSceneSelection::extent() const
 {
     QRectF extent;
-    for (const QSet<CGraphicsItemBase *> &items : m_items) {
+    for (const QVector<CGraphicsItemBase *> &items : m_items) {
         for (const CGraphicsItemBase *item : items)
             extent |= item->mapRectToScene(item->rect());
     }
@@ -164,7 +176,7 @@ bool CSceneSelection::canGroup() const
 {
     if (m_count < 2 || m_items.size() != 1 || touchesLockedPort())
         return false;
-    const QSet<CGraphicsItemBase *> &items = m_items.first();
+    const QVector<CGraphicsItemBase *> &items = m_items.first();
     return std::all_of(items.begin(), items.end(), [](const CGraphicsItemBase *item) {
         return item->parentItem() && item->parentItem()->type() == PortItemKind;
     });
@@ -177,7 +189,7 @@ bool CSceneSelection::canBreakGroup() const
 
 bool CSceneSelection::touchesLockedPort() const
 {
-    return std::any_of(m_items.begin(), m_items.end(), [](const QSet<CGraphicsItemBase *> &ofPort) {
+    return std::any_of(m_items.begin(), m_items.end(), [](const QVector<CGraphicsItemBase *> &ofPort) {
         const CGraphicsPortItem *port = (*ofPort.begin())->portItem();
         return port && port->isLocked();
     });

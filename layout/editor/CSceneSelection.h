@@ -48,7 +48,9 @@ public:
     bool touchesLockedPort() const;
 
 private:
-    QMap<int, QSet<CGraphicsItemBase *>> m_items; // by port; none is empty
+    void count(const CGraphicsItemBase &item, int change);
+
+    QMap<int, QVector<CGraphicsItemBase *>> m_items; // by port; none is empty
     int m_count = 0;
     int m_groupCount = 0;
 };

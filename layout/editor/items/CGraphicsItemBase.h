@@ -21,6 +21,7 @@ class CGraphicsItemBase : public QGraphicsRectItem, public CChangeBlockable
 public:
     using Cabinet = CabinetLayout::CabinetPort::Cabinet;
     static constexpr int NoHandle = -1;
+    static constexpr int NotSelected = -1;
 
     /// The user's name for what the item shows; it ends the texts of its undo steps.
     const QString &name() const { return m_name; }
@@ -40,6 +41,10 @@ public:
     /// ascending ordinals.
     qint64 ordinal() const { return m_ordinal; }
     void setOrdinal(qint64 ordinal) { m_ordinal = ordinal; }
+
+    /// Where the scene's selection keeps the item, so that it finds it at once.
+    int selectionPlace() const { return m_selectionPlace; }
+    void setSelectionPlace(int place) { m_selectionPlace = place; }
 
     CGraphicsPortItem *portItem() const;   ///< null outside a port
     CGraphicsGroupItem *groupItem() const; ///< the nearest group around the item, or null
@@ -96,5 +101,6 @@ private:
     int m_hoveredHandle = NoHandle; // under the cursor; it belongs to the bounds while it is
     QRectF m_bounds;
     qint64 m_ordinal = 0;
+    int m_selectionPlace = NotSelected;
     QString m_name;
 };
