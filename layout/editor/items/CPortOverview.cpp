@@ -74,6 +74,8 @@ bool CPortOverview::isSameAs(const CPortOverview &other) const
 
 void CPortOverview::forget()
 {
+    if (!m_read)
+        return;
     m_read = false;
     m_places.clear();
     m_wires.clear();
