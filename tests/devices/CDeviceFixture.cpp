@@ -169,6 +169,14 @@ SDeviceOutcome CDeviceFixture::read(const QUuid &processor)
         [&](CDeviceManager::Done done) { manager.readMapping({processor}, {}, std::move(done)); });
 }
 
+void CDeviceFixture::addFaultRows()
+{
+    QTest::addColumn<int>("fault");
+    for (const SimulationFault fault :
+         {SimulationFault::Offline, SimulationFault::Silent, SimulationFault::Refuse})
+        QTest::newRow(SSimulationFault::all().at(static_cast<int>(fault)).name) << static_cast<int>(fault);
+}
+
 void CDeviceFixture::edit(const QUuid &processor, int port)
 {
     LayoutData data = handler.layoutData(processor);

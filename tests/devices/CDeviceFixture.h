@@ -43,6 +43,8 @@ struct CDeviceFixture
     QUuid detectAlone(const char *name);
     SDeviceOutcome save(const QUuid &processor);
     SDeviceOutcome read(const QUuid &processor);
+    /// A row a fault by which a processor does not carry out a command, as number in the column "fault".
+    static void addFaultRows();
     /// Commits the processor's layout with one cabinet of @p port moved, as the module would.
     void edit(const QUuid &processor, int port = 0);
 

@@ -130,14 +130,7 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(m_file));
     }
 
-    void aProcessorThatDoesNotServeChangesNothing_data()
-    {
-        QTest::addColumn<int>("fault");
-        for (const SimulationFault fault :
-             {SimulationFault::Offline, SimulationFault::Silent, SimulationFault::Refuse})
-            QTest::newRow(SSimulationFault::all().at(static_cast<int>(fault)).name)
-                << static_cast<int>(fault);
-    }
+    void aProcessorThatDoesNotServeChangesNothing_data() { CDeviceFixture::addFaultRows(); }
     void aProcessorThatDoesNotServeChangesNothing()
     {
         QFETCH(int, fault);

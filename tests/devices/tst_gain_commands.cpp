@@ -128,14 +128,7 @@ private Q_SLOTS:
         QVERIFY(m_host->handler.lastError().contains(missing));
     }
 
-    void aProcessorThatDoesNotTakeThemKeepsWhatItHas_data()
-    {
-        QTest::addColumn<int>("fault");
-        for (const SimulationFault fault :
-             {SimulationFault::Offline, SimulationFault::Silent, SimulationFault::Refuse})
-            QTest::newRow(SSimulationFault::all().at(static_cast<int>(fault)).name)
-                << static_cast<int>(fault);
-    }
+    void aProcessorThatDoesNotTakeThemKeepsWhatItHas_data() { CDeviceFixture::addFaultRows(); }
     void aProcessorThatDoesNotTakeThemKeepsWhatItHas()
     {
         QFETCH(int, fault);

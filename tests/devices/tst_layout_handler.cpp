@@ -240,14 +240,7 @@ private Q_SLOTS:
         QCOMPARE(m_host->handler.colorDepth(), 12);
     }
 
-    void aCommandThatTheProcessorDoesNotTakeChangesNothing_data()
-    {
-        QTest::addColumn<int>("fault");
-        for (const SimulationFault fault :
-             {SimulationFault::Offline, SimulationFault::Silent, SimulationFault::Refuse})
-            QTest::newRow(SSimulationFault::all().at(static_cast<int>(fault)).name)
-                << static_cast<int>(fault);
-    }
+    void aCommandThatTheProcessorDoesNotTakeChangesNothing_data() { CDeviceFixture::addFaultRows(); }
     void aCommandThatTheProcessorDoesNotTakeChangesNothing()
     {
         QFETCH(int, fault);
