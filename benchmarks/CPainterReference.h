@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/records/CabinetLayout.h"
+#include "layout/api/records/CabinetLayout.h"
 
 #include <QLineF>
 #include <QRectF>

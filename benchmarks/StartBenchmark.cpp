@@ -8,7 +8,7 @@
 #include "host/app/CMainWindow.h"
 #include "host/app/CModuleLoader.h"
 #include "host/app/SAppOptions.h"
-#include "layout/data/records/RecordMetaTypes.h"
+#include "layout/api/records/RecordMetaTypes.h"
 #include "platform/widgets/CTheme.h"
 
 #include <QApplication>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/IPortStates.h"
-#include "layout/data/records/LayoutData.h"
-#include "layout/data/records/ProcessorTree.h"
+#include "layout/api/access/IPortStates.h"
+#include "layout/api/records/LayoutData.h"
+#include "layout/api/records/ProcessorTree.h"
 
 /// The walls that are measured: all ports full and all cabinets wired.
 namespace Wall {

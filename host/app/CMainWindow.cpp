@@ -17,7 +17,7 @@
 #include "host/devices/CDeviceTreeModel.h"
 #include "host/devices/CLayoutHandler.h"
 #include "host/devices/CSimulatedPark.h"
-#include "layout/plugin/ILayoutInterface.h"
+#include "layout/api/ILayoutInterface.h"
 #include "layout/resources/LayoutResources.h"
 #include "platform/widgets/CMessageBox.h"
 

@@ -5,7 +5,7 @@
 #include "host/app/CModuleFrame.h"
 #include "host/app/CModuleLoader.h"
 #include "host/app/CModuleTitleBar.h"
-#include "layout/plugin/ILayoutInterface.h"
+#include "layout/api/ILayoutInterface.h"
 
 #include <QVBoxLayout>
 

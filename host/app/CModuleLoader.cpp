@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/CModuleLoader.h"
 
-#include "layout/plugin/ILayoutInterface.h"
-#include "layout/plugin/Layout_Init.h"
+#include "layout/api/ILayoutInterface.h"
+#include "layout/api/Layout_Init.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -8,8 +8,8 @@
 #include "host/app/SAppOptions.h"
 #include "host/app/commands/CCommandLine.h"
 #include "host/devices/CSimulatedPark.h"
-#include "layout/data/records/RecordMetaTypes.h"
-#include "layout/plugin/ILayoutInterface.h"
+#include "layout/api/ILayoutInterface.h"
+#include "layout/api/records/RecordMetaTypes.h"
 #include "platform/widgets/CTheme.h"
 
 #include <QApplication>

@@ -11,7 +11,7 @@
 #include "host/devices/CProjectShelf.h"
 #include "host/devices/CSimulatedPark.h"
 #include "host/devices/CUpdateThread.h"
-#include "layout/data/records/RecordMetaTypes.h"
+#include "layout/api/records/RecordMetaTypes.h"
 #include "platform/common/CBackgroundCall.h"
 
 #include <utility>

@@ -4,8 +4,8 @@
 
 #include "host/devices/CDeviceTable.h"
 #include "host/devices/simulated/SSimulationFault.h"
-#include "layout/data/records/SHostRecords.h"
-#include "layout/plugin/LayoutNotification.h"
+#include "layout/api/LayoutNotification.h"
+#include "layout/api/records/SHostRecords.h"
 #include "platform/common/CResult.h"
 
 #include <QObject>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/records/ProcessorTree.h"
+#include "layout/api/records/ProcessorTree.h"
 
 #include <QAbstractItemModel>
 

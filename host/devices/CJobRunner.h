@@ -3,7 +3,7 @@
 #pragma once
 
 #include "host/devices/simulated/CCancelToken.h"
-#include "layout/data/records/SHostRecords.h"
+#include "layout/api/records/SHostRecords.h"
 
 #include <QCoreApplication>
 #include <QObject>

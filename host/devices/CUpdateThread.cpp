@@ -3,7 +3,7 @@
 #include "host/devices/CUpdateThread.h"
 
 #include "host/devices/simulated/DevicesLog.h"
-#include "layout/plugin/LayoutNotification.h"
+#include "layout/api/LayoutNotification.h"
 
 CUpdateThread::CUpdateThread()
     : m_thread([this] { run(); })

@@ -3,7 +3,7 @@
 #include "host/devices/CWorkingLayout.h"
 
 #include "host/devices/simulated/CPortCapacity.h"
-#include "layout/data/records/LayoutData.h"
+#include "layout/api/records/LayoutData.h"
 
 #include <algorithm>
 #include <numeric>

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "host/devices/simulated/SProcessorKind.h"
-#include "layout/data/records/CabinetLayout.h"
+#include "layout/api/records/CabinetLayout.h"
 
 #include <QHash>
 #include <QSet>

@@ -5,8 +5,8 @@
 #include "host/devices/CWorkingLayout.h"
 #include "host/devices/simulated/CPortCapacity.h"
 #include "host/devices/simulated/SProcessorSettings.h"
-#include "layout/data/records/LayoutData.h"
-#include "layout/data/records/ProcessorTree.h"
+#include "layout/api/records/LayoutData.h"
+#include "layout/api/records/ProcessorTree.h"
 
 #include <QRect>
 

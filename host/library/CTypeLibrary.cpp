@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/library/CTypeLibrary.h"
 
-#include "layout/data/records/CRecordJson.h"
+#include "layout/api/records/CRecordJson.h"
 #include "platform/json/CStrictJson.h"
 #include "platform/json/CStrictObject.h"
 

@@ -3,7 +3,7 @@
 #include "host/projects/CPortProject.h"
 
 #include "host/projects/CStrictFile.h"
-#include "layout/data/records/CRecordJson.h"
+#include "layout/api/records/CRecordJson.h"
 
 namespace {
 

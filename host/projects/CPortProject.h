@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/records/SPrjPort.h"
+#include "layout/api/records/SPrjPort.h"
 #include "platform/common/CResult.h"
 
 #include <QString>

@@ -4,7 +4,7 @@
 
 #include "host/projects/CStrictFile.h"
 #include "host/projects/CWallBuilder.h"
-#include "layout/data/records/CRecordJson.h"
+#include "layout/api/records/CRecordJson.h"
 #include "platform/json/CStrictObject.h"
 
 #include <tuple>

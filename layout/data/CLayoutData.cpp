@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/data/CLayoutData.h"
 
+#include "layout/api/ILayoutInterfaceHandler.h"
+#include "layout/api/access/CHostAccess.h"
+#include "layout/api/access/ILayoutSource.h"
+#include "layout/api/records/RecordMetaTypes.h"
 #include "layout/data/CNotificationDispatch.h"
-#include "layout/data/ILayoutSource.h"
 #include "layout/data/PortLoads.h"
 #include "layout/data/TypeLibrarySearch.h"
-#include "layout/data/records/RecordMetaTypes.h"
 #include "layout/drawing/CLayoutPainter.h"
-#include "layout/plugin/CHostAccess.h"
-#include "layout/plugin/ILayoutInterfaceHandler.h"
 
 ORVO_DEFINE_SINGLETON(CLayoutData)
 

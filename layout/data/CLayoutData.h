@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/api/access/IPortStates.h"
 #include "layout/data/CLayoutHandOver.h"
 #include "layout/data/CProcessorStates.h"
 #include "layout/data/CRecentCabinets.h"
-#include "layout/data/IPortStates.h"
 #include "platform/common/CSingleton.h"
 #include "platform/common/CWorkThread.h"
 #include "platform/control/CObserver.h"

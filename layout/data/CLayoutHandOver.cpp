@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/data/CLayoutHandOver.h"
 
-#include "layout/plugin/CHostAccess.h"
-#include "layout/plugin/ILayoutInterfaceHandler.h"
+#include "layout/api/ILayoutInterfaceHandler.h"
+#include "layout/api/access/CHostAccess.h"
 
 #include <algorithm>
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/data/CNotificationDispatch.h"
 
+#include "layout/api/ILayoutInterfaceHandler.h"
+#include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
-#include "layout/plugin/CHostAccess.h"
-#include "layout/plugin/ILayoutInterfaceHandler.h"
 #include "platform/control/CSubject.h"
 
 #include <QMetaObject>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/plugin/LayoutNotification.h"
+#include "layout/api/LayoutNotification.h"
 #include "platform/common/CWorkThread.h"
 
 #include <QGenericArgument>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/api/records/SSettings.h"
 #include "layout/data/CProcessorState.h"
-#include "layout/data/records/SSettings.h"
 #include "platform/common/CReadWriteLock.h"
 
 #include <map>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/records/SMD5.h"
+#include "layout/api/records/SMD5.h"
 
 #include <QSettings>
 #include <QSize>

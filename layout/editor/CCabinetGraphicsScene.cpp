@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/CCabinetGraphicsScene.h"
 
-#include "layout/data/IPortStates.h"
+#include "layout/api/access/IPortStates.h"
 #include "layout/drawing/CLayoutPainter.h"
 #include "layout/editor/items/CFarPorts.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/ILayoutSource.h"
-#include "layout/data/records/LayoutData.h"
-#include "layout/data/records/ProcessorTree.h"
+#include "layout/api/access/ILayoutSource.h"
+#include "layout/api/records/LayoutData.h"
+#include "layout/api/records/ProcessorTree.h"
 #include "layout/drawing/CCanvasFill.h"
 #include "layout/editor/CEditBatches.h"
 #include "layout/editor/CGuardedUndo.h"

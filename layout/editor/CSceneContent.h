@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/records/LayoutData.h"
+#include "layout/api/records/LayoutData.h"
 
 #include <QHash>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/records/CabinetLayout.h"
-#include "layout/data/records/SHostRecords.h"
+#include "layout/api/records/CabinetLayout.h"
+#include "layout/api/records/SHostRecords.h"
 
 class QMenu;
 class QWidget;

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/records/ProcessorTree.h"
-#include "layout/data/records/ReadSaveMappingRole.h"
-#include "layout/data/records/SHostRecords.h"
+#include "layout/api/records/ProcessorTree.h"
+#include "layout/api/records/ReadSaveMappingRole.h"
+#include "layout/api/records/SHostRecords.h"
 #include "platform/widgets/CUnitLabel.h"
 
 class CMenuToolButton;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CEditorCommands.h"
 
+#include "layout/api/ILayoutInterfaceHandler.h"
+#include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/drawing/CLayoutPainter.h"
 #include "layout/editor/CCabinetGraphicsScene.h"
@@ -9,8 +11,6 @@
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/plugin/CAppendMenu.h"
 #include "layout/plugin/CCabinetFiles.h"
-#include "layout/plugin/CHostAccess.h"
-#include "layout/plugin/ILayoutInterfaceHandler.h"
 #include "layout/settings/CCabinetFillSetting.h"
 #include "layout/settings/CCabinetInformation.h"
 #include "layout/settings/CCabinetParaSave.h"

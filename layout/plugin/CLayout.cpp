@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CLayout.h"
 
+#include "layout/api/ILayoutInterfaceHandler.h"
+#include "layout/api/access/CHostAccess.h"
 #include "layout/panels/CLayoutSidePanel.h"
-#include "layout/plugin/CHostAccess.h"
 #include "layout/plugin/CLayoutEditorPage.h"
 #include "layout/plugin/CMappingCommands.h"
 #include "layout/plugin/CProcessorCommands.h"
 #include "layout/plugin/CProcessorMenu.h"
-#include "layout/plugin/ILayoutInterfaceHandler.h"
 #include "layout/plugin/SelectionRules.h"
 #include "layout/resources/LayoutResources.h"
 #include "platform/control/CSubject.h"

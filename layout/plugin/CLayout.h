@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/api/ILayoutInterface.h"
+#include "layout/api/records/ProcessorTree.h"
 #include "layout/data/CLayoutData.h"
-#include "layout/data/records/ProcessorTree.h"
 #include "layout/plugin/CWholeModuleWarningWidget.h"
-#include "layout/plugin/ILayoutInterface.h"
 #include "platform/common/CSingleton.h"
 #include "platform/control/CObserver.h"
 

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CLayoutEditorPage.h"
 
+#include "layout/api/ILayoutInterfaceHandler.h"
+#include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/editor/CCabinetGraphicsScene.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/plugin/CEditorCommands.h"
-#include "layout/plugin/CHostAccess.h"
-#include "layout/plugin/ILayoutInterfaceHandler.h"
 #include "platform/widgets/CMessageBox.h"
 #include "platform/widgets/CPureImageBtn.h"
 

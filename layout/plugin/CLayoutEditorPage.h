@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/records/CabinetLayout.h"
-#include "layout/data/records/LayoutData.h"
-#include "layout/data/records/ProcessorTree.h"
-#include "layout/data/records/SBackgroundInfo.h"
+#include "layout/api/records/CabinetLayout.h"
+#include "layout/api/records/LayoutData.h"
+#include "layout/api/records/ProcessorTree.h"
+#include "layout/api/records/SBackgroundInfo.h"
 
 #include <QWidget>
 

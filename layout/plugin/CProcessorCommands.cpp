@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CProcessorCommands.h"
 
+#include "layout/api/ILayoutInterfaceHandler.h"
+#include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
-#include "layout/plugin/CHostAccess.h"
 #include "layout/plugin/CParameterCheck.h"
-#include "layout/plugin/ILayoutInterfaceHandler.h"
 #include "layout/settings/CCabinetInformation.h"
 #include "layout/settings/CCabinetParaSave.h"
 #include "platform/widgets/CMessageBox.h"

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CProcessorMenu.h"
 
-#include "layout/plugin/CHostAccess.h"
+#include "layout/api/ILayoutInterfaceHandler.h"
+#include "layout/api/access/CHostAccess.h"
 #include "layout/plugin/CProcessorCommands.h"
-#include "layout/plugin/ILayoutInterfaceHandler.h"
 
 #include <QIcon>
 #include <QMenu>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/plugin/Layout_Init.h"
+#include "layout/api/Layout_Init.h"
 
 #include "layout/plugin/CLayout.h"
 #include "platform/control/UiOrvo.h"

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/settings/CCabinetParaSave.h"
 
-#include "layout/plugin/CHostAccess.h"
-#include "layout/plugin/ILayoutInterfaceHandler.h"
+#include "layout/api/ILayoutInterfaceHandler.h"
+#include "layout/api/access/CHostAccess.h"
 #include "layout/settings/TypeMenu.h"
 #include "platform/widgets/CMessageBox.h"
 #include "platform/widgets/input/CClampedSpinBox.h"

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/settings/CCanvasCommands.h"
 
-#include "layout/plugin/CHostAccess.h"
-#include "layout/plugin/ILayoutInterfaceHandler.h"
+#include "layout/api/ILayoutInterfaceHandler.h"
+#include "layout/api/access/CHostAccess.h"
 #include "layout/settings/CCanvasBackgroundSetting.h"
 #include "layout/settings/CCanvasSizeSetting.h"
 #include "layout/settings/CEleCurrentAdjustDialog.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/settings/CEleCurrentAdjustDialog.h"
 
-#include "layout/plugin/ILayoutInterfaceHandler.h"
+#include "layout/api/ILayoutInterfaceHandler.h"
 #include "layout/settings/CEleCurrentAdjustTable.h"
 #include "platform/widgets/CMessageBox.h"
 

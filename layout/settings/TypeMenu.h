@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/records/SSettings.h"
+#include "layout/api/records/SSettings.h"
 
 class QAction;
 class QIcon;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/api/LayoutNotification.h"
+#include "layout/api/access/ILayoutSource.h"
 #include "layout/data/CLayoutData.h"
-#include "layout/data/ILayoutSource.h"
-#include "layout/plugin/LayoutNotification.h"
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CSignalLog.h"
 #include "tests/harness/CTestBase.h"

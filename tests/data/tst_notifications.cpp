@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/api/LayoutNotification.h"
 #include "layout/data/CLayoutData.h"
-#include "layout/plugin/LayoutNotification.h"
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CSignalLog.h"
 #include "tests/harness/CTestBase.h"

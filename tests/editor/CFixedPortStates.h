@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/IPortStates.h"
+#include "layout/api/access/IPortStates.h"
 
 #include <QHash>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/records/LayoutData.h"
-#include "layout/data/records/ProcessorTree.h"
+#include "layout/api/records/LayoutData.h"
+#include "layout/api/records/ProcessorTree.h"
 
 /// Small layouts for tests of the editor, in the form in which the editor reads layouts back.
 namespace SmallWorlds {

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/harness/CFakeHost.h"
 
-#include "layout/plugin/CHostAccess.h"
-#include "layout/plugin/LayoutNotification.h"
+#include "layout/api/LayoutNotification.h"
+#include "layout/api/access/CHostAccess.h"
 
 #include <exception>
 

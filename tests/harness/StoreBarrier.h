@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/api/LayoutNotification.h"
 #include "layout/data/CLayoutData.h"
-#include "layout/plugin/LayoutNotification.h"
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CTestBase.h"
 

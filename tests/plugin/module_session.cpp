@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 // A host in a few lines: loads the module, uses it, stops it and quits. Complains on stderr, and with its
 // exit status, of anything that is not as it should be.
-#include "layout/data/records/RecordMetaTypes.h"
-#include "layout/plugin/ILayoutInterface.h"
-#include "layout/plugin/LayoutNotification.h"
-#include "layout/plugin/Layout_Init.h"
+#include "layout/api/ILayoutInterface.h"
+#include "layout/api/LayoutNotification.h"
+#include "layout/api/Layout_Init.h"
+#include "layout/api/records/RecordMetaTypes.h"
 #include "platform/control/UiOrvo.h"
 #include "platform/widgets/CTheme.h"
 #include "tests/harness/CFakeHost.h"

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/api/LayoutNotification.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/plugin/CProcessorCommands.h"
 #include "layout/plugin/CProcessorMenu.h"
-#include "layout/plugin/LayoutNotification.h"
 #include "layout/resources/LayoutResources.h"
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CFileDialogAnswerer.h"

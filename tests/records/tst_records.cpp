@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/data/records/LayoutData.h"
-#include "layout/data/records/ProcessorTree.h"
-#include "layout/data/records/RecordMetaTypes.h"
-#include "layout/data/records/SPrjPort.h"
+#include "layout/api/records/LayoutData.h"
+#include "layout/api/records/ProcessorTree.h"
+#include "layout/api/records/RecordMetaTypes.h"
+#include "layout/api/records/SPrjPort.h"
 #include "tests/harness/CTestBase.h"
 
 using Port = CabinetLayout::CabinetPort;

@@ -3,7 +3,7 @@
 #include "host/devices/simulated/CProcessorCodec.h"
 
 #include "host/projects/CStrictFile.h"
-#include "layout/data/records/CRecordJson.h"
+#include "layout/api/records/CRecordJson.h"
 #include "platform/json/CStrictObject.h"
 
 #include <algorithm>

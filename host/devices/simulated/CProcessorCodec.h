@@ -3,7 +3,7 @@
 #pragma once
 
 #include "host/devices/simulated/SProcessorSettings.h"
-#include "layout/data/records/CabinetLayout.h"
+#include "layout/api/records/CabinetLayout.h"
 #include "platform/common/CResult.h"
 
 #include <QByteArray>

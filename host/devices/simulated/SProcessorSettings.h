@@ -3,9 +3,9 @@
 #pragma once
 
 #include "host/projects/CCurrentGainFile.h"
-#include "layout/data/records/SBackgroundInfo.h"
-#include "layout/data/records/SHostRecords.h"
-#include "layout/data/records/SMD5.h"
+#include "layout/api/records/SBackgroundInfo.h"
+#include "layout/api/records/SHostRecords.h"
+#include "layout/api/records/SMD5.h"
 
 #include <QMap>
 #include <QPoint>

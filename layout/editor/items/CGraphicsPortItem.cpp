@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/items/CGraphicsPortItem.h"
 
-#include "layout/data/IPortStates.h"
+#include "layout/api/access/IPortStates.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/IEditorScene.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/menus/CCanvasMenu.h"
 
-#include "layout/data/IPortStates.h"
+#include "layout/api/access/IPortStates.h"
 #include "layout/editor/CCabinetGraphicsScene.h"
 #include "layout/editor/IEditorCommands.h"
 #include "layout/editor/items/CGraphicsPortItem.h"

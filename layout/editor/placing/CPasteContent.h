@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/records/PasteCache.h"
+#include "layout/api/records/PasteCache.h"
 
 class CSceneSelection;
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/placing/CScenePlacing.h"
 
-#include "layout/data/IPortStates.h"
+#include "layout/api/access/IPortStates.h"
 #include "layout/drawing/CLayoutPainter.h"
 #include "layout/editor/CSceneContent.h"
 #include "layout/editor/CSceneSelection.h"

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/records/PasteCache.h"
-#include "layout/data/records/SSettings.h"
+#include "layout/api/records/PasteCache.h"
+#include "layout/api/records/SSettings.h"
 
 #include <QCoreApplication>
 #include <QPointF>

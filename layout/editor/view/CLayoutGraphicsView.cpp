@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/view/CLayoutGraphicsView.h"
 
-#include "layout/data/IPortStates.h"
+#include "layout/api/access/IPortStates.h"
 #include "layout/editor/CCabinetGraphicsScene.h"
 #include "layout/editor/IEditorCommands.h"
 #include "layout/editor/items/CFarPorts.h"

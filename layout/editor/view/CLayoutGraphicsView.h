@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/records/LayoutData.h"
-#include "layout/data/records/ProcessorTree.h"
-#include "layout/data/records/SSettings.h"
+#include "layout/api/records/LayoutData.h"
+#include "layout/api/records/ProcessorTree.h"
+#include "layout/api/records/SSettings.h"
 #include "layout/editor/view/CEditHistories.h"
 #include "platform/widgets/CGraphicsView.h"
 

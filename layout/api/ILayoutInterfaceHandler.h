@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/records/LayoutData.h"
-#include "layout/data/records/ProcessorTree.h"
-#include "layout/data/records/ReadSaveMappingRole.h"
-#include "layout/data/records/SBackgroundInfo.h"
-#include "layout/data/records/SHostRecords.h"
-#include "layout/data/records/SSettings.h"
+#include "layout/api/records/LayoutData.h"
+#include "layout/api/records/ProcessorTree.h"
+#include "layout/api/records/ReadSaveMappingRole.h"
+#include "layout/api/records/SBackgroundInfo.h"
+#include "layout/api/records/SHostRecords.h"
+#include "layout/api/records/SSettings.h"
 #include "platform/control/IAbstractInterfaceHandler.h"
 
 #include <QList>

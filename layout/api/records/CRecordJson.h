@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/records/CabinetLayout.h"
-#include "layout/data/records/SBackgroundInfo.h"
-#include "layout/data/records/SPrjPort.h"
-#include "layout/data/records/SSettings.h"
+#include "layout/api/records/CabinetLayout.h"
+#include "layout/api/records/SBackgroundInfo.h"
+#include "layout/api/records/SPrjPort.h"
+#include "layout/api/records/SSettings.h"
 #include "platform/common/CResult.h"
 
 #include <QCoreApplication>

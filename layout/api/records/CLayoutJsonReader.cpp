@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/data/records/CLayoutJsonReader.h"
+#include "layout/api/records/CLayoutJsonReader.h"
 
-#include "layout/data/records/CRecordJson.h"
+#include "layout/api/records/CRecordJson.h"
 #include "platform/json/CStrictObject.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/plugin/CHostAccess.h"
+#include "layout/api/access/CHostAccess.h"
 
-#include "layout/plugin/ILayoutInterfaceHandler.h"
+#include "layout/api/ILayoutInterfaceHandler.h"
 #include "platform/control/IAbstractControlInterface.h"
 
 #include <atomic>

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/data/records/RecordMetaTypes.h"
+#include "layout/api/records/RecordMetaTypes.h"
 
-#include "layout/data/records/LayoutData.h"
-#include "layout/data/records/PrintConfig.h"
-#include "layout/data/records/ProcessorTree.h"
-#include "layout/data/records/ReadSaveMappingRole.h"
-#include "layout/data/records/SBackgroundInfo.h"
-#include "layout/data/records/SPrjPort.h"
-#include "layout/data/records/SSettings.h"
+#include "layout/api/records/LayoutData.h"
+#include "layout/api/records/PrintConfig.h"
+#include "layout/api/records/ProcessorTree.h"
+#include "layout/api/records/ReadSaveMappingRole.h"
+#include "layout/api/records/SBackgroundInfo.h"
+#include "layout/api/records/SPrjPort.h"
+#include "layout/api/records/SSettings.h"
 #include "platform/control/UiOrvo.h"
 
 #include <QPair>

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/records/CabinetLayout.h"
+#include "layout/api/records/CabinetLayout.h"
 
 /// What was last copied: the loose cabinets as one loose group, then the copied groups.
 struct PasteCache

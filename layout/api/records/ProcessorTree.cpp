@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/data/records/ProcessorTree.h"
+#include "layout/api/records/ProcessorTree.h"
 
 #include <tuple>
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/data/records/CabinetLayout.h"
+#include "layout/api/records/CabinetLayout.h"
 
 #include <algorithm>
 #include <tuple>

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/data/records/CabinetLayout.h"
-#include "layout/data/records/SHostRecords.h"
+#include "layout/api/records/CabinetLayout.h"
+#include "layout/api/records/SHostRecords.h"
 
 /// What the canvas needs to know of the current processor's ports. Any thread; values are copied out.
 /// A port that does not exist is unlocked, not redundant and of its default colour.

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/data/records/SMD5.h"
+#include "layout/api/records/SMD5.h"
 
 #include <QCryptographicHash>
 
