@@ -4,7 +4,7 @@
 #include "benchmarks/CBareSide.h"
 #include "benchmarks/CEditorSide.h"
 #include "benchmarks/Figures.h"
-#include "layout/editor/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
 
 #include <QCoreApplication>
 

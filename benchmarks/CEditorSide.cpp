@@ -3,7 +3,7 @@
 #include "benchmarks/CEditorSide.h"
 
 #include "benchmarks/ShownView.h"
-#include "layout/editor/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
 
 #include <QCoreApplication>
 

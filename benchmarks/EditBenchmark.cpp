@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "benchmarks/Benchmarks.h"
 #include "benchmarks/EditSides.h"
-#include "layout/editor/CCabinetGraphicsScene.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
 
 #include <QGraphicsLineItem>
 

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "benchmarks/EditSides.h"
 
-#include "layout/editor/CCabinetGraphicsScene.h"
 #include "layout/editor/items/CGraphicsItemBase.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
 
 #include <QCoreApplication>
 #include <QGraphicsItem>

@@ -3,8 +3,8 @@
 #include "benchmarks/Benchmarks.h"
 #include "benchmarks/CBareSide.h"
 #include "benchmarks/EditSides.h"
-#include "layout/editor/CCabinetGraphicsScene.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
 
 #include <QCoreApplication>
 #include <QMouseEvent>

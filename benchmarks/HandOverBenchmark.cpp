@@ -4,9 +4,9 @@
 #include "benchmarks/EditSides.h"
 #include "host/devices/CWorkingLayout.h"
 #include "layout/data/CProcessorStates.h"
-#include "layout/editor/CCabinetGraphicsScene.h"
 #include "layout/editor/items/CGraphicsItemBase.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
 
 namespace {
 

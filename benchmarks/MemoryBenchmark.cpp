@@ -5,7 +5,7 @@
 #include "benchmarks/CEditorSide.h"
 #include "benchmarks/ChildProcess.h"
 #include "benchmarks/Figures.h"
-#include "layout/editor/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/resources/LayoutResources.h"
 
 #include <QApplication>

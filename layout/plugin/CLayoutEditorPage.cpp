@@ -5,7 +5,7 @@
 #include "layout/api/ILayoutInterfaceHandler.h"
 #include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
-#include "layout/editor/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/plugin/CEditorCommands.h"
 #include "platform/widgets/CMessageBox.h"

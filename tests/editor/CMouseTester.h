@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/editor/CCabinetGraphicsScene.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/view/CEditorToolBar.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "tests/editor/CFixedPortStates.h"

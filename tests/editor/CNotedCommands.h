@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/editor/IEditorCommands.h"
+#include "layout/editor/menus/IEditorCommands.h"
 
 #include <QMenu>
 #include <QStringList>

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/editor/CSceneVerifier.h"
 
-#include "layout/editor/CCabinetGraphicsScene.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsConnectionItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/geometry/CCabinetRect.h"
 
 #include <QSet>

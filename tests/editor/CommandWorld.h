@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/editor/CCabinetGraphicsScene.h"
-#include "layout/editor/ItemFactories.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/recording/ItemFactories.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/undo/CAppendCommand.h"
 #include "layout/editor/undo/CBreakGroupCommand.h"
 #include "layout/editor/undo/CBreakWiringCommand.h"

@@ -1,11 +1,11 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/editor/CCabinetGraphicsScene.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/menus/CCabinetMenu.h"
 #include "layout/editor/menus/CCanvasMenu.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/resources/LayoutResources.h"
 #include "tests/editor/CFixedPortStates.h"
 #include "tests/editor/CNotedCommands.h"

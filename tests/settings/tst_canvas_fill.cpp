@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/drawing/CCanvasFill.h"
 #include "layout/drawing/CLayoutPainter.h"
-#include "layout/editor/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "tests/editor/CFixedPortStates.h"
 #include "tests/harness/CTestBase.h"
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/gestures/CExchangeMode.h"
 
-#include "layout/editor/CCabinetGraphicsScene.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
 
 #include <QGraphicsSceneMouseEvent>
 

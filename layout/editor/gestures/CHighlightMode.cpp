@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/gestures/CHighlightMode.h"
 
-#include "layout/editor/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
 
 #include <QGraphicsSceneMouseEvent>
 

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/gestures/CItemDrag.h"
 
-#include "layout/editor/CAreaRecorder.h"
-#include "layout/editor/CUndoRecorder.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/recording/CAreaRecorder.h"
+#include "layout/editor/recording/CUndoRecorder.h"
 #include "layout/editor/undo/CMoveCommand.h"
 #include "layout/editor/undo/CReszieCommand.h"
 #include "layout/geometry/CResizeHandles.h"

@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/gestures/CPenStroke.h"
 
-#include "layout/editor/CUndoRecorder.h"
-#include "layout/editor/CWiringRecorder.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/recording/CUndoRecorder.h"
+#include "layout/editor/recording/CWiringRecorder.h"
 
 #include <QLineF>
 #include <QSet>

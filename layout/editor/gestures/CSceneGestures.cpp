@@ -3,7 +3,7 @@
 #include "layout/editor/gestures/CSceneGestures.h"
 
 #include "layout/drawing/CLayoutPainter.h"
-#include "layout/editor/CSceneSelection.h"
+#include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/gestures/CItemDrag.h"
 #include "layout/editor/gestures/CPenStroke.h"
 #include "layout/editor/gestures/CRubberBand.h"

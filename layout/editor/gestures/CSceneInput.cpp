@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/gestures/CSceneInput.h"
 
-#include "layout/editor/CCabinetGraphicsScene.h"
 #include "layout/editor/gestures/CItemLookup.h"
 #include "layout/editor/gestures/CSceneGestures.h"
 #include "layout/editor/items/CGraphicsItemBase.h"
 #include "layout/editor/menus/CCabinetMenu.h"
 #include "layout/editor/menus/CCanvasMenu.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
 
 #include <QCoreApplication>
 #include <QGraphicsSceneContextMenuEvent>

@@ -3,10 +3,10 @@
 #include "layout/editor/menus/CCanvasMenu.h"
 
 #include "layout/api/access/IPortStates.h"
-#include "layout/editor/CCabinetGraphicsScene.h"
-#include "layout/editor/IEditorCommands.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/menus/CEditEntries.h"
+#include "layout/editor/menus/IEditorCommands.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
 
 #include <QMenu>
 

@@ -3,7 +3,7 @@
 #include "layout/editor/menus/CEditEntries.h"
 
 #include "layout/api/access/IPortStates.h"
-#include "layout/editor/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
 
 #include <QMenu>
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/placing/CPasteContent.h"
 
-#include "layout/editor/CLayoutReader.h"
-#include "layout/editor/CSceneSelection.h"
+#include "layout/editor/content/CLayoutReader.h"
+#include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 

@@ -3,11 +3,11 @@
 #include "layout/editor/view/CLayoutGraphicsView.h"
 
 #include "layout/api/access/IPortStates.h"
-#include "layout/editor/CCabinetGraphicsScene.h"
-#include "layout/editor/IEditorCommands.h"
 #include "layout/editor/items/CFarPorts.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/menus/IEditorCommands.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/view/CCanvasKeys.h"
 #include "layout/editor/view/CEditorToolBar.h"
 #include "layout/editor/view/CPortStrip.h"

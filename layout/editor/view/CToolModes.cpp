@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/view/CToolModes.h"
 
-#include "layout/editor/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/view/CEditorToolBar.h"
 
 #include <QGraphicsView>

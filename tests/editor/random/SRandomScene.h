@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/editor/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "tests/editor/CFixedPortStates.h"
 #include "tests/editor/CNotedCommands.h"
 #include "tests/editor/random/CReferenceModel.h"

@@ -1,16 +1,16 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/editor/CSceneOperations.h"
+#include "layout/editor/operations/CSceneOperations.h"
 
-#include "layout/editor/CGroupEditing.h"
-#include "layout/editor/CSceneSelection.h"
-#include "layout/editor/CTopologyWiring.h"
-#include "layout/editor/CUndoRecorder.h"
-#include "layout/editor/CWiringRecorder.h"
+#include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/operations/CTopologyWiring.h"
+#include "layout/editor/recording/CGroupEditing.h"
+#include "layout/editor/recording/CUndoRecorder.h"
+#include "layout/editor/recording/CWiringRecorder.h"
 #include "layout/editor/undo/CChangeCabinetTypeCommand.h"
 #include "layout/editor/undo/CMoveCommand.h"
 #include "layout/geometry/CSnakeOrder.h"

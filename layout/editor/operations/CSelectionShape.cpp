@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/editor/CSelectionShape.h"
+#include "layout/editor/operations/CSelectionShape.h"
 
-#include "layout/editor/CAreaRecorder.h"
-#include "layout/editor/CSceneSelection.h"
-#include "layout/editor/CUndoRecorder.h"
+#include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/recording/CAreaRecorder.h"
+#include "layout/editor/recording/CUndoRecorder.h"
 #include "layout/editor/undo/CChangeCabinetTypeCommand.h"
 #include "layout/editor/undo/CMoveCommand.h"
 #include "layout/editor/undo/CReszieCommand.h"

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/editor/CSelectionPicks.h"
+#include "layout/editor/content/CSelectionPicks.h"
 
-#include "layout/editor/CSceneContent.h"
-#include "layout/editor/CSceneSelection.h"
+#include "layout/editor/content/CSceneContent.h"
+#include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IEditorScene.h"

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/editor/CGroupEditing.h"
+#include "layout/editor/recording/CGroupEditing.h"
 
-#include "layout/editor/CUndoRecorder.h"
-#include "layout/editor/CWiringRecorder.h"
-#include "layout/editor/ItemFactories.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/recording/CUndoRecorder.h"
+#include "layout/editor/recording/CWiringRecorder.h"
+#include "layout/editor/recording/ItemFactories.h"
 #include "layout/editor/undo/CBreakGroupCommand.h"
 #include "layout/editor/undo/CCreateGroupCommand.h"
 #include "layout/editor/undo/CRemoveCommand.h"

@@ -1,14 +1,14 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/editor/CSceneContent.h"
+#include "layout/editor/content/CSceneContent.h"
 
-#include "layout/editor/CLayoutBuilder.h"
-#include "layout/editor/CLayoutReader.h"
-#include "layout/editor/CLayoutRebuild.h"
-#include "layout/editor/CUndoRecorder.h"
+#include "layout/editor/content/CLayoutBuilder.h"
+#include "layout/editor/content/CLayoutReader.h"
+#include "layout/editor/content/CLayoutRebuild.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/recording/CUndoRecorder.h"
 
 #include <QGraphicsScene>
 

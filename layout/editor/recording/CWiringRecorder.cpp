@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/editor/CWiringRecorder.h"
+#include "layout/editor/recording/CWiringRecorder.h"
 
-#include "layout/editor/CUndoRecorder.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/recording/CUndoRecorder.h"
 #include "layout/editor/undo/CBreakWiringCommand.h"
 #include "layout/editor/undo/CCreateWiringCommand.h"
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/editor/CPendingEdits.h"
+#include "layout/editor/content/CPendingEdits.h"
 
 #include <functional>
 

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/editor/CAreaRecorder.h"
+#include "layout/editor/recording/CAreaRecorder.h"
 
-#include "layout/editor/CUndoRecorder.h"
 #include "layout/editor/items/CGraphicsItemBase.h"
+#include "layout/editor/recording/CUndoRecorder.h"
 #include "layout/editor/undo/CChangeCabinetTypeCommand.h"
 #include "layout/geometry/CResizeHandles.h"
 
