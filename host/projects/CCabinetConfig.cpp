@@ -31,23 +31,16 @@ SCabinetConfig readConfig(const QJsonObject &body, QString &error)
 
 CResult<SCabinetConfig> CCabinetConfig::read(const QString &file)
 {
-    const CResult<QJsonObject> body = CStrictFile::read(file, cabinetFormat);
-    if (!body)
-        return CResult<SCabinetConfig>::failure(body.error());
-    QString error;
-    SCabinetConfig config = readConfig(body.value(), error);
-    return error.isEmpty() ? CResult<SCabinetConfig>(std::move(config))
-                           : CResult<SCabinetConfig>::failure(CStrictFile::wrongContent(file, error));
+    return CStrictFile::readRecord<SCabinetConfig>(file, cabinetFormat, readConfig);
 }
 
 CStatus CCabinetConfig::write(const QString &file, const SCabinetConfig &config)
 {
-    QJsonObject body{{QStringLiteral("type"), CRecordJson::toJson(config.type)},
-                     {QStringLiteral("gamma"), config.gamma}};
-    if (!config.rects.isEmpty())
-        body.insert(QStringLiteral("receivers"), CStrictObject::fromRects(config.rects));
-    QString error;
-    readConfig(body, error);
-    return error.isEmpty() ? CStrictFile::write(file, cabinetFormat, body)
-                           : CStatus::failure(CStrictFile::notWritable(file, error));
+    return CStrictFile::writeRecord(file, cabinetFormat, readConfig, [&config] {
+        QJsonObject body{{QStringLiteral("type"), CRecordJson::toJson(config.type)},
+                         {QStringLiteral("gamma"), config.gamma}};
+        if (!config.rects.isEmpty())
+            body.insert(QStringLiteral("receivers"), CStrictObject::fromRects(config.rects));
+        return body;
+    });
 }

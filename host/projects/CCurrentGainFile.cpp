@@ -52,29 +52,21 @@ QVector<SCurrentGainRow> readRows(const QJsonObject &body, QString &error)
 
 CResult<QVector<SCurrentGainRow>> CCurrentGainFile::read(const QString &file)
 {
-    using Rows = CResult<QVector<SCurrentGainRow>>;
-    const CResult<QJsonObject> body = CStrictFile::read(file, gainFormat);
-    if (!body)
-        return Rows::failure(body.error());
-    QString error;
-    QVector<SCurrentGainRow> rows = readRows(body.value(), error);
-    return error.isEmpty() ? Rows(std::move(rows)) : Rows::failure(CStrictFile::wrongContent(file, error));
+    return CStrictFile::readRecord<QVector<SCurrentGainRow>>(file, gainFormat, readRows);
 }
 
 CStatus CCurrentGainFile::write(const QString &file, const QVector<SCurrentGainRow> &rows)
 {
-    QJsonArray items;
-    for (const SCurrentGainRow &row : rows) {
-        QJsonArray values;
-        for (const int value : row.values)
-            values.append(value);
-        items.append(QJsonObject{{QStringLiteral("frameRate"), row.frameRateCode},
-                                 {QStringLiteral("gainLevel"), row.gainLevel},
-                                 {QStringLiteral("values"), values}});
-    }
-    const QJsonObject body{{QStringLiteral("rows"), items}};
-    QString error;
-    readRows(body, error);
-    return error.isEmpty() ? CStrictFile::write(file, gainFormat, body)
-                           : CStatus::failure(CStrictFile::notWritable(file, error));
+    return CStrictFile::writeRecord(file, gainFormat, readRows, [&rows] {
+        QJsonArray items;
+        for (const SCurrentGainRow &row : rows) {
+            QJsonArray values;
+            for (const int value : row.values)
+                values.append(value);
+            items.append(QJsonObject{{QStringLiteral("frameRate"), row.frameRateCode},
+                                     {QStringLiteral("gainLevel"), row.gainLevel},
+                                     {QStringLiteral("values"), values}});
+        }
+        return QJsonObject{{QStringLiteral("rows"), items}};
+    });
 }

@@ -9,21 +9,24 @@ namespace {
 
 constexpr SFileFormat portFormat{"orvo-port-project", QT_TRANSLATE_NOOP("SFileFormat", "a port project"), 1};
 
+SPrjPort readPort(const QJsonObject &body, QString &error)
+{
+    const CResult<SPrjPort> port = CRecordJson::projectPort(body);
+    if (port)
+        return port.value();
+    error = port.error();
+    return {};
+}
+
 } // namespace
 
 CResult<SPrjPort> CPortProject::read(const QString &file)
 {
-    const CResult<QJsonObject> body = CStrictFile::read(file, portFormat);
-    if (!body)
-        return CResult<SPrjPort>::failure(body.error());
-    CResult<SPrjPort> port = CRecordJson::projectPort(body.value());
-    return port ? port : CResult<SPrjPort>::failure(CStrictFile::wrongContent(file, port.error()));
+    return CStrictFile::readRecord<SPrjPort>(file, portFormat, readPort);
 }
 
 CStatus CPortProject::write(const QString &file, const SPrjPort &port)
 {
-    const QJsonObject body = CRecordJson::toJson(port);
-    const CResult<SPrjPort> readBack = CRecordJson::projectPort(body);
-    return readBack ? CStrictFile::write(file, portFormat, body)
-                    : CStatus::failure(CStrictFile::notWritable(file, readBack.error()));
+    return CStrictFile::writeRecord(file, portFormat, readPort,
+                                    [&port] { return CRecordJson::toJson(port); });
 }

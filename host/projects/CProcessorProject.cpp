@@ -68,28 +68,20 @@ SProcessorProject SProcessorProject::ofPlan(const SWallPlan &plan, const Cabinet
 
 CResult<SProcessorProject> CProcessorProject::read(const QString &file)
 {
-    const CResult<QJsonObject> body = CStrictFile::read(file, processorFormat);
-    if (!body)
-        return CResult<SProcessorProject>::failure(body.error());
-    QString error;
-    SProcessorProject project = readProject(body.value(), error);
-    return error.isEmpty() ? CResult<SProcessorProject>(std::move(project))
-                           : CResult<SProcessorProject>::failure(CStrictFile::wrongContent(file, error));
+    return CStrictFile::readRecord<SProcessorProject>(file, processorFormat, readProject);
 }
 
 CStatus CProcessorProject::write(const QString &file, const SProcessorProject &project)
 {
-    const QJsonObject body{
-        {QStringLiteral("name"), project.name},
-        {QStringLiteral("kind"), project.kind},
-        {QStringLiteral("portCount"), project.portCount},
-        {QStringLiteral("canvas"), QJsonArray{project.canvas.width(), project.canvas.height()}},
-        {QStringLiteral("frameRate"), project.frameRate},
-        {QStringLiteral("colorDepth"), project.colorDepth},
-        {QStringLiteral("background"), CRecordJson::toJson(project.background)},
-        {QStringLiteral("layout"), CRecordJson::toJson(project.layout)}};
-    QString error;
-    readProject(body, error);
-    return error.isEmpty() ? CStrictFile::write(file, processorFormat, body)
-                           : CStatus::failure(CStrictFile::notWritable(file, error));
+    return CStrictFile::writeRecord(file, processorFormat, readProject, [&project] {
+        return QJsonObject{
+            {QStringLiteral("name"), project.name},
+            {QStringLiteral("kind"), project.kind},
+            {QStringLiteral("portCount"), project.portCount},
+            {QStringLiteral("canvas"), QJsonArray{project.canvas.width(), project.canvas.height()}},
+            {QStringLiteral("frameRate"), project.frameRate},
+            {QStringLiteral("colorDepth"), project.colorDepth},
+            {QStringLiteral("background"), CRecordJson::toJson(project.background)},
+            {QStringLiteral("layout"), CRecordJson::toJson(project.layout)}};
+    });
 }

@@ -2,39 +2,74 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/projects/CSafeFile.h"
 
+#include "host/projects/CFileHandle.h"
+#include "host/projects/CSafeWrite.h"
+#include "host/projects/CStrayFiles.h"
+
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
-#include <filesystem>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
-std::filesystem::path systemPath(const QString &file)
+/// The content of an open file, or why there is none.
+QString readInto(QByteArray &content, const CFileHandle &file, qint64 limit)
 {
-    return {QFile::encodeName(file).toStdString()};
+    struct stat status = {};
+    if (fstat(file.descriptor(), &status) != 0)
+        return CSafeFile::systemReason();
+    if (S_ISDIR(status.st_mode))
+        return CSafeFile::tr("it is a folder");
+    if (!S_ISREG(status.st_mode))
+        return CSafeFile::tr("it is not a regular file");
+    if (status.st_size > limit)
+        return CSafeFile::tr("it is larger than %1 bytes").arg(limit);
+    content.resize(int(status.st_size) + 1); // one more: the end must be met
+    const qint64 found = file.read(content, 0);
+    if (found < 0)
+        return CSafeFile::systemReason();
+    if (found != status.st_size)
+        return CSafeFile::tr("it changed while it was read");
+    content.chop(1);
+    return {};
 }
 
-/// Makes @p backup a second name of what is in @p file, atomically; the caller then replaces the first name.
-bool keepGeneration(const QString &file, const QString &backup)
+/// Why @p target cannot be replaced; empty when it can.
+QString replaceProblem(const QByteArray &target)
 {
-    const std::filesystem::path link = systemPath(backup + QStringLiteral("new"));
-    std::error_code error;
-    std::filesystem::remove(link, error);
-    std::filesystem::create_hard_link(systemPath(file), link, error);
-    if (error) // a file system without links
-        std::filesystem::copy_file(systemPath(file), link, error);
-    if (!error)
-        std::filesystem::rename(link, systemPath(backup), error);
-    return !error;
+    struct stat status = {};
+    if (stat(target.constData(), &status) != 0)
+        return errno == ENOENT ? QString() : CSafeFile::systemReason();
+    if (S_ISDIR(status.st_mode))
+        return CSafeFile::tr("it is a folder");
+    if (!S_ISREG(status.st_mode))
+        return CSafeFile::tr("it is not a regular file");
+    // The folder's permissions would do, but a file that is read only is so on purpose.
+    return faccessat(AT_FDCWD, target.constData(), W_OK, AT_EACCESS) == 0 ? QString()
+                                                                          : CSafeFile::systemReason();
 }
 
-/// Why the last operation on a device failed, when the device knows.
-QString deviceReason(const QFileDevice &device)
+/// The file itself where @p file is a link.
+QString withoutLinks(const QString &file)
 {
-    const QString text = device.errorString();
-    return text.isEmpty() || text == QLatin1String("Unknown error") ? CSafeFile::tr("the disk may be full")
-                                                                    : text;
+    const QFileInfo info(file);
+    if (info.exists())
+        return info.canonicalFilePath();
+    return info.isSymLink() ? info.symLinkTarget() : file;
+}
+
+CStatus confirmFolder(const QString &folder)
+{
+    CFileHandle handle(QFile::encodeName(folder), O_RDONLY | O_DIRECTORY);
+    if (handle.isOpen() && handle.sync())
+        return CStatus::done();
+    return CStatus::failure(CSafeFile::tr("The disk has not confirmed a change of the folder %1: %2.")
+                                .arg(CSafeFile::quoted(folder), CSafeFile::systemReason()));
 }
 
 } // namespace
@@ -44,59 +79,76 @@ QString CSafeFile::quoted(const QString &file)
     return QStringLiteral("\"%1\"").arg(file);
 }
 
-CResult<QByteArray> CSafeFile::read(const QString &file, qint64 limit)
+QString CSafeFile::systemReason()
 {
-    const auto failure = [&file](const QString &why) {
+    return qt_error_string(errno);
+}
+
+QString CSafeFile::memoryText(const QString &file)
+{
+    return tr("%1 needs more memory than there is.").arg(quoted(file));
+}
+
+CResult<QByteArray> CSafeFile::read(const QString &file, qint64 limit, Found *found)
+{
+    const auto failure = [&](Found how, const QString &why) {
+        if (found)
+            *found = how;
         return CResult<QByteArray>::failure(tr("%1 cannot be read: %2.").arg(quoted(file), why));
     };
-    const QFileInfo info(file);
-    if (!info.exists())
-        return failure(tr("there is no such file"));
-    if (info.isDir())
-        return failure(tr("it is a folder"));
-    if (!info.isFile())
-        return failure(tr("it is not a regular file"));
-    QFile source(file);
-    if (!source.open(QIODevice::ReadOnly))
-        return failure(deviceReason(source));
-    const QByteArray content = source.read(limit + 1);
-    if (source.error() != QFileDevice::NoError)
-        return failure(deviceReason(source));
-    if (content.size() > limit)
-        return failure(tr("it is larger than %1 bytes").arg(limit));
+    const CFileHandle handle(QFile::encodeName(file), O_RDONLY | O_NONBLOCK | O_NOCTTY);
+    if (!handle.isOpen())
+        return errno == ENOENT ? failure(Nothing, tr("there is no such file"))
+                               : failure(Unreadable, systemReason());
+    QByteArray content;
+    const QString problem = readInto(content, handle, limit);
+    if (!problem.isEmpty())
+        return failure(Unreadable, problem);
+    if (found)
+        *found = Content;
     return content;
 }
 
 CStatus CSafeFile::write(const QString &file, const QByteArray &content, Previous previous)
 {
-    const auto failure = [&file](const QString &why) {
-        return CStatus::failure(tr("%1 cannot be written: %2.").arg(quoted(file), why));
-    };
-    const QFileInfo info(file);
+    const QString target = withoutLinks(file);
+    const QString problem = replaceProblem(QFile::encodeName(target));
+    if (!problem.isEmpty())
+        return CStatus::failure(tr("%1 cannot be written: %2.").arg(quoted(file), problem));
+    return withMemory(file, [&] { return CSafeWrite(target, content).run(previous == KeepPrevious); });
+}
+
+CStatus CSafeFile::makeFolder(const QString &folder)
+{
+    const QFileInfo info(folder);
     if (info.isDir())
-        return failure(tr("it is a folder"));
-    if (info.exists() && !info.isFile())
-        return failure(tr("it is not a regular file"));
-    const QString target = info.exists() ? info.canonicalFilePath() : file;
-    QSaveFile saved(target);
-    if (!saved.open(QIODevice::WriteOnly))
-        return failure(deviceReason(saved));
-    // commit() does not notice that the last buffer could not be written: ask before it replaces the file.
-    const bool written = saved.write(content) == content.size() && saved.flush();
-    if (!written || saved.error() != QFileDevice::NoError) {
-        const QString why = deviceReason(saved);
-        saved.cancelWriting();
-        return failure(why);
-    }
-    const QString backup = target + QLatin1Char('~');
-    const bool kept = previous == KeepPrevious && info.exists() && keepGeneration(target, backup);
-    if (!saved.commit())
-        return failure(deviceReason(saved));
-    const CResult<QByteArray> readBack = read(target, content.size());
-    if (readBack && readBack.value() == content)
         return CStatus::done();
-    std::error_code ignored;
-    if (kept)
-        std::filesystem::rename(systemPath(backup), systemPath(target), ignored);
-    return failure(tr("what was read back differs from what was written"));
+    const QString parent = info.absolutePath();
+    const CStatus above = makeFolder(parent);
+    if (!above)
+        return above;
+    if (mkdir(QFile::encodeName(info.absoluteFilePath()).constData(), 0777) != 0 && errno != EEXIST)
+        return CStatus::failure(tr("The folder %1 cannot be made: %2.").arg(quoted(folder), systemReason()));
+    return confirmFolder(parent);
+}
+
+CStatus CSafeFile::putAside(const QString &file, const QString &name)
+{
+    const QByteArray from = QFile::encodeName(file);
+    const QByteArray to = QFile::encodeName(name);
+    const auto failure = [&] {
+        return CStatus::failure(
+            tr("%1 cannot be renamed to %2: %3.").arg(quoted(file), quoted(name), systemReason()));
+    };
+    struct stat taken = {};
+    if (lstat(to.constData(), &taken) == 0)
+        errno = EEXIST;
+    if (errno == EEXIST || CFileSystem::current().rename(from, to) < 0)
+        return failure();
+    return confirmFolder(QFileInfo(file).absolutePath());
+}
+
+void CSafeFile::cleanAround(const QString &file)
+{
+    CStrayFiles::cleanUnlessUsed(QFile::encodeName(withoutLinks(file)));
 }

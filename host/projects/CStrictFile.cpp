@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/projects/CStrictFile.h"
 
-#include "host/projects/CSafeFile.h"
 #include "platform/json/CStrictJson.h"
 #include "platform/json/CStrictObject.h"
 
@@ -115,7 +114,8 @@ CResult<QJsonObject> CStrictFile::decode(const QByteArray &content, const SFileF
     const CResult<SFileHeader> header = readHeader(content.left(headerBytes), format);
     if (!header)
         return failure(header.error());
-    const QByteArray body = content.mid(headerBytes);
+    const QByteArray body =
+        QByteArray::fromRawData(content.constData() + headerBytes, content.size() - headerBytes);
     const QString damage = bodyDamage(header.value(), body, headerBytes);
     if (!damage.isEmpty())
         return failure(damage);
@@ -135,6 +135,7 @@ CStatus CStrictFile::write(const QString &file, const SFileFormat &format, const
 
 CResult<QJsonObject> CStrictFile::read(const QString &file, const SFileFormat &format)
 {
+    CSafeFile::cleanAround(file);
     const CResult<QByteArray> content = CSafeFile::read(file, MaximumBytes);
     return content ? decode(content.value(), format, file) : CResult<QJsonObject>::failure(content.error());
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "host/projects/CSafeFile.h"
 #include "platform/common/CResult.h"
 
 #include <QCoreApplication>
@@ -26,9 +27,15 @@ class CStrictFile final
 public:
     static constexpr qint64 MaximumBytes = 128 * 1024 * 1024;
 
-    /// Writes atomically and keeps the previous generation as "file~".
-    static CStatus write(const QString &file, const SFileFormat &format, const QJsonObject &body);
-    static CResult<QJsonObject> read(const QString &file, const SFileFormat &format);
+    /// The record in a file. @p make turns the body into it, as Record(const QJsonObject &, QString &error);
+    /// its error begins with the place.
+    template <typename Record, typename Make>
+    static CResult<Record> readRecord(const QString &file, const SFileFormat &format, const Make &make);
+    /// Writes the body that @p body gives, unless @p make, as above, could not read it again. Keeps the
+    /// previous generation as "file~".
+    template <typename Make, typename Body>
+    static CStatus writeRecord(const QString &file, const SFileFormat &format, const Make &make,
+                               const Body &body);
     /// What write() puts into the file.
     static QByteArray encode(const SFileFormat &format, const QJsonObject &body);
     /// The body of a file's content; @p file is for the error text.
@@ -36,6 +43,36 @@ public:
                                        const QString &file);
     /// The error text of a sound file whose content is wrong; @p what begins with the place.
     static QString wrongContent(const QString &file, const QString &what);
+
+private:
+    static CStatus write(const QString &file, const SFileFormat &format, const QJsonObject &body);
+    static CResult<QJsonObject> read(const QString &file, const SFileFormat &format);
     /// The error text when a record cannot be written because it could not be read again.
     static QString notWritable(const QString &file, const QString &what);
 };
+
+template <typename Record, typename Make>
+CResult<Record> CStrictFile::readRecord(const QString &file, const SFileFormat &format, const Make &make)
+{
+    return CSafeFile::withMemory(file, [&] {
+        const CResult<QJsonObject> body = read(file, format);
+        if (!body)
+            return CResult<Record>::failure(body.error());
+        QString error;
+        Record record = make(body.value(), error);
+        return error.isEmpty() ? CResult<Record>(std::move(record))
+                               : CResult<Record>::failure(wrongContent(file, error));
+    });
+}
+
+template <typename Make, typename Body>
+CStatus CStrictFile::writeRecord(const QString &file, const SFileFormat &format, const Make &make,
+                                 const Body &body)
+{
+    return CSafeFile::withMemory(file, [&] {
+        const QJsonObject written = body();
+        QString error;
+        make(written, error);
+        return error.isEmpty() ? write(file, format, written) : CStatus::failure(notWritable(file, error));
+    });
+}

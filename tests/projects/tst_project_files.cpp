@@ -55,6 +55,7 @@ private:
     QString refusalOf(const QByteArray &content)
     {
         const QString file = path("refused.sprj");
+        QFile::remove(file); // file systems put on the disk at once what replaces the content of a file
         ProjectSamples::setContent(file, content);
         const auto project = CProcessorProject::read(file);
         const bool named = project.error().contains(file) && !project.error().contains(QLatin1Char('\n'));

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "host/projects/CFileHandle.h"
 #include "host/projects/CSafeFile.h"
+#include "host/projects/CStrayFiles.h"
 #include "tests/harness/CTestBase.h"
 #include "tests/projects/ProjectSamples.h"
 
@@ -11,6 +13,8 @@
 #include <csignal>
 #include <functional>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -142,11 +146,53 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(file + QLatin1Char('~')));
     }
 
+    void tidiesUpAfterTheDeadOnly_data()
+    {
+        QTest::addColumn<QByteArray>("pending");
+        QTest::addColumn<QByteArray>("previous");
+        QTest::newRow("killed before the file was replaced") << QByteArray("two") << QByteArray("zero");
+        QTest::newRow("killed after it") << QByteArray("one") << QByteArray("one");
+    }
+    void tidiesUpAfterTheDeadOnly()
+    {
+        QFETCH(QByteArray, pending);
+        QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("wall"));
+        ProjectSamples::setContent(file, "two");
+        ProjectSamples::setContent(file + QStringLiteral("~"), "zero");
+        ProjectSamples::setContent(file + QStringLiteral("~new"), pending);
+        ProjectSamples::setContent(QFile::decodeName(CStrayFiles::newFile(QFile::encodeName(file))), "part");
+        const auto names = [&folder] { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden); };
+        {
+            CFileHandle writer(QFile::encodeName(folder.path()), O_RDONLY | O_DIRECTORY);
+            QVERIFY(writer.lock(LOCK_EX));
+            CSafeFile::cleanAround(file);
+            QCOMPARE(names().size(), 4);
+        }
+        CSafeFile::cleanAround(file);
+        QCOMPARE(names(), QStringList({QStringLiteral("wall"), QStringLiteral("wall~")}));
+        QCOMPARE(ProjectSamples::contentOf(file), QByteArray("two"));
+        QTEST(ProjectSamples::contentOf(file + QStringLiteral("~")), "previous");
+    }
+
+    void keepsPermissions()
+    {
+        const QString file = path("permissions");
+        QVERIFY(CSafeFile::write(file, "old", CSafeFile::DropPrevious));
+        QVERIFY(chmod(QFile::encodeName(file).constData(), 0640) == 0);
+        QVERIFY(CSafeFile::write(file, "new", CSafeFile::DropPrevious));
+        struct stat status = {};
+        QVERIFY(stat(QFile::encodeName(file).constData(), &status) == 0);
+        QCOMPARE(int(status.st_mode & 07777), 0640);
+    }
+
     void leavesTheOldOrTheNewFileWhenKilled()
     {
-        const QString file = path("killed");
+        const QString file = path("kills/file");
+        QVERIFY(QDir(m_folder.path()).mkdir(QStringLiteral("kills")));
         const QByteArray contents[] = {QByteArray(300000, 'a'), QByteArray(200000, 'b')};
-        QVERIFY(CSafeFile::write(file, contents[0], CSafeFile::DropPrevious));
+        QVERIFY(CSafeFile::write(file, contents[0], CSafeFile::KeepPrevious));
+        QVERIFY(CSafeFile::write(file, contents[1], CSafeFile::KeepPrevious));
         QRandomGenerator random(1);
         for (int round = 0; round < 40; ++round) {
             const pid_t child = startChild([&] {
@@ -160,8 +206,13 @@ private Q_SLOTS:
             int status = 0;
             QCOMPARE(waitpid(child, &status, 0), child);
             QVERIFY(WIFSIGNALED(status));
-            const QByteArray found = ProjectSamples::contentOf(file);
-            QVERIFY2(found == contents[0] || found == contents[1], qPrintable(QString::number(round)));
+            CSafeFile::cleanAround(file);
+            for (const QString &generation : {file, file + QLatin1Char('~')}) {
+                const QByteArray found = ProjectSamples::contentOf(generation);
+                QVERIFY2(found == contents[0] || found == contents[1], qPrintable(QString::number(round)));
+            }
+            QCOMPARE(QDir(path("kills")).entryList(QDir::Files | QDir::Hidden),
+                     QStringList({QStringLiteral("file"), QStringLiteral("file~")}));
         }
     }
 };

@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/projects/CFileSystem.h"
+
+#include <QByteArray>
+
+/// An open file or folder, closed at the end of its life. What fails leaves its reason in errno.
+class CFileHandle final
+{
+public:
+    CFileHandle(const QByteArray &path, int flags, mode_t mode = 0);
+    ~CFileHandle();
+    Q_DISABLE_COPY(CFileHandle)
+
+    bool isOpen() const { return m_file >= 0; }
+    int descriptor() const { return m_file; }
+
+    bool write(const QByteArray &content); ///< all of it, at the file's position
+    /// Fills @p block from that place on; gives the number of bytes, which is less at the end of the file, or
+    /// -1.
+    qint64 read(QByteArray &block, qint64 place) const;
+    /// Whether the file holds exactly @p content. False with errno 0: it holds something else.
+    bool holds(const QByteArray &content) const;
+    /// True: everything that was written is on the disk.
+    bool sync();
+    /// Takes or gives back the lock of the file, see flock(2).
+    bool lock(int operation);
+    bool close();
+
+private:
+    CFileSystem &m_system;
+    int m_file;
+};

@@ -1,0 +1,140 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/projects/CSafeWrite.h"
+
+#include "host/projects/CSafeFile.h"
+#include "host/projects/CStrayFiles.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <chrono>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <thread>
+
+namespace {
+
+constexpr int TakenNames = 100; // of strays that could not be removed
+constexpr int LockTries = 250;
+constexpr std::chrono::milliseconds LockPause(20);
+constexpr qint64 LargestCopy = 128 * 1024 * 1024; // bytes, of a previous generation
+constexpr mode_t PermissionBits = 07777;
+
+/// Waits a while for who else writes in the folder. False: it is written without the lock.
+bool takeLock(CFileHandle &folder)
+{
+    for (int i = 0; i < LockTries; ++i) {
+        if (folder.lock(LOCK_EX | LOCK_NB))
+            return true;
+        if (errno != EWOULDBLOCK)
+            return false; // a file system without locks
+        std::this_thread::sleep_for(LockPause);
+    }
+    return false;
+}
+
+/// Whether the names in the folder are on the disk; some file systems cannot be asked and need not be.
+bool confirmNames(CFileHandle &folder)
+{
+    return folder.sync() || errno == EINVAL || errno == ENOTSUP;
+}
+
+} // namespace
+
+CSafeWrite::CSafeWrite(const QString &file, const QByteArray &content)
+    : m_file(file)
+    , m_target(QFile::encodeName(file))
+    , m_content(content)
+{
+}
+
+CStatus CSafeWrite::failure(const QString &why) const
+{
+    return CStatus::failure(tr("%1 cannot be written: %2.").arg(CSafeFile::quoted(m_file), why));
+}
+
+CStatus CSafeWrite::run(bool keepPrevious)
+{
+    CFileSystem &system = CFileSystem::current();
+    CFileHandle folder(CStrayFiles::folderOf(m_target), O_RDONLY | O_DIRECTORY);
+    if (!folder.isOpen())
+        return failure(CSafeFile::systemReason());
+    if (takeLock(folder))
+        CStrayFiles::clean(m_target);
+    const QString problem = writeNew();
+    if (!problem.isEmpty())
+        return failure(problem);
+    const QByteArray pending = CStrayFiles::pending(m_target);
+    const bool kept = keepPrevious && keepPending();
+    if (system.rename(m_new, m_target) < 0) {
+        const QString why = CSafeFile::systemReason();
+        system.unlink(m_new);
+        if (kept)
+            system.unlink(pending);
+        return failure(why);
+    }
+    if (kept)
+        system.rename(pending, CStrayFiles::previous(m_target)); // else whoever cleans next does it
+    if (confirmNames(folder))
+        return CStatus::done();
+    return CStatus::failure(tr("%1 holds the new content, but the disk has not confirmed it: %2.")
+                                .arg(CSafeFile::quoted(m_file), CSafeFile::systemReason()));
+}
+
+/// Writes the new file, or gives the reason why it is not there.
+QString CSafeWrite::writeNew()
+{
+    for (int i = 0; i < TakenNames; ++i) {
+        m_new = CStrayFiles::newFile(m_target);
+        CFileHandle file(m_new, O_RDWR | O_CREAT | O_EXCL, 0666);
+        if (file.isOpen()) {
+            const QString problem = fill(file);
+            if (!problem.isEmpty())
+                CFileSystem::current().unlink(m_new);
+            return problem;
+        }
+        if (errno != EEXIST)
+            break;
+    }
+    return CSafeFile::systemReason();
+}
+
+QString CSafeWrite::fill(CFileHandle &file) const
+{
+    struct stat replaced = {};
+    if (stat(m_target.constData(), &replaced) == 0 &&
+        fchmod(file.descriptor(), replaced.st_mode & PermissionBits) != 0)
+        return CSafeFile::systemReason();
+    if (!file.write(m_content) || !file.sync())
+        return CSafeFile::systemReason();
+    if (!file.holds(m_content))
+        return errno == 0 ? tr("what was read back differs from what was written")
+                          : CSafeFile::systemReason();
+    return file.close() ? QString() : CSafeFile::systemReason();
+}
+
+/// Gives what is in the file a second name. False: there is nothing, or it is lost when it is replaced, which
+/// is no reason not to save.
+bool CSafeWrite::keepPending() const
+{
+    const QByteArray pending = CStrayFiles::pending(m_target);
+    if (CFileSystem::current().link(m_target, pending) == 0)
+        return true;
+    return errno != ENOENT && errno != EEXIST && copyPending(); // a file system without links
+}
+
+bool CSafeWrite::copyPending() const
+{
+    const QByteArray pending = CStrayFiles::pending(m_target);
+    const CResult<QByteArray> content = CSafeFile::read(m_file, LargestCopy);
+    if (!content)
+        return false;
+    CFileHandle copy(pending, O_WRONLY | O_CREAT | O_EXCL, 0666);
+    if (copy.isOpen() && copy.write(content.value()) && copy.sync() && copy.close())
+        return true;
+    if (copy.isOpen() || errno != EEXIST)
+        CFileSystem::current().unlink(pending);
+    return false;
+}

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/projects/CFileSystem.h"
+
+#include <QByteArrayList>
+
+/// Stands in for the operating system as long as it lives: notes the calls, and lets one or all from one on
+/// fail. What fails is not done, but for close().
+class CFaultyFileSystem final : public CFileSystem
+{
+public:
+    /// Which calls fail.
+    struct SFault
+    {
+        QByteArray call;     ///< e.g. "open"; empty: none
+        int number = 1;      ///< of the call of that name, from 1
+        int reason = 0;      ///< the value of errno
+        bool onward = false; ///< all later ones, too
+    };
+
+    CFaultyFileSystem(); ///< nothing fails
+    explicit CFaultyFileSystem(SFault fault);
+    ~CFaultyFileSystem() override;
+
+    bool hasFailed() const { return m_failed; }
+    const QByteArrayList &calls() const { return m_calls; }
+
+    int open(const QByteArray &path, int flags, mode_t mode) override;
+    qint64 read(int file, char *data, qint64 size, qint64 place) override;
+    qint64 write(int file, const char *data, qint64 size) override;
+    int sync(int file) override;
+    int lock(int file, int operation) override;
+    int close(int file) override;
+    int rename(const QByteArray &from, const QByteArray &to) override;
+    int link(const QByteArray &from, const QByteArray &to) override;
+    int unlink(const QByteArray &path) override;
+
+private:
+    bool fails(const char *call);
+
+    const SFault m_fault;
+    QByteArrayList m_calls;
+    bool m_failed = false;
+};
