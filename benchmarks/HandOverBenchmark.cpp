@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "benchmarks/Benchmarks.h"
 #include "benchmarks/EditSides.h"
-#include "host/devices/CWorkingLayout.h"
+#include "host/devices/services/CWorkingLayout.h"
 #include "layout/data/CProcessorStates.h"
 #include "layout/editor/items/CGraphicsItemBase.h"
 #include "layout/editor/items/CGraphicsPortItem.h"

@@ -3,8 +3,8 @@
 #include "host/app/CDevicePanel.h"
 
 #include "host/app/AppIcons.h"
-#include "host/devices/CDeviceManager.h"
 #include "host/devices/CDeviceTreeModel.h"
+#include "host/devices/services/CDeviceServices.h"
 
 #include <QAction>
 #include <QLabel>
@@ -26,9 +26,11 @@ QUuid nodeUuid(const QModelIndex &index)
 
 } // namespace
 
-CDevicePanel::CDevicePanel(CDeviceManager &manager, QAction &detect, QWidget *parent)
+CDevicePanel::CDevicePanel(CDeviceServices &services, CDeviceTreeModel &model, QAction &detect,
+                           QWidget *parent)
     : QWidget(parent)
-    , m_manager(manager)
+    , m_services(services)
+    , m_model(model)
 {
     buildUi(detect);
     connectSignals();
@@ -62,7 +64,7 @@ void CDevicePanel::buildUi(QAction &detect)
     m_tree = new QTreeView;
     m_tree->setObjectName(QStringLiteral("DeviceTree"));
     m_tree->setAccessibleName(tr("Devices"));
-    m_tree->setModel(&m_manager.treeModel());
+    m_tree->setModel(&m_model);
     m_tree->setHeaderHidden(true);
     m_tree->setUniformRowHeights(true);
     m_tree->setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -77,12 +79,12 @@ void CDevicePanel::connectSignals()
     connect(m_tree->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &CDevicePanel::announceSelection);
     connect(m_tree, &QTreeView::customContextMenuRequested, this, &CDevicePanel::onMenuRequested);
-    connect(&m_manager.treeModel(), &QAbstractItemModel::modelReset, this, &CDevicePanel::onRowsReset);
+    connect(&m_model, &QAbstractItemModel::modelReset, this, &CDevicePanel::onRowsReset);
 }
 
 void CDevicePanel::selectProcessor(const QUuid &processor)
 {
-    const QModelIndex index = m_manager.treeModel().indexOf(processor);
+    const QModelIndex index = m_model.indexOf(processor);
     if (!index.isValid())
         return;
     m_tree->setCurrentIndex(index);
@@ -110,7 +112,7 @@ void CDevicePanel::announceSelection()
                 processors << member;
         }
     }
-    m_manager.select(processors, type);
+    m_services.select(processors, type);
     Q_EMIT notifySelectionChanged();
 }
 
@@ -119,7 +121,7 @@ void CDevicePanel::onRowsReset()
     m_tree->expandAll();
     QItemSelection selection;
     for (const QUuid &node : qAsConst(m_selectedNodes)) {
-        const QModelIndex index = m_manager.treeModel().indexOf(node);
+        const QModelIndex index = m_model.indexOf(node);
         if (index.isValid())
             selection.select(index, index);
     }
@@ -143,6 +145,6 @@ void CDevicePanel::onMenuRequested(const QPoint &position)
 
 void CDevicePanel::updateHint()
 {
-    const bool empty = m_manager.table().nodes().isEmpty();
+    const bool empty = m_services.table().nodes().isEmpty();
     m_hint->setVisible(empty);
 }

@@ -6,7 +6,8 @@
 #include <QUuid>
 #include <QWidget>
 
-class CDeviceManager;
+class CDeviceServices;
+class CDeviceTreeModel;
 class QAction;
 class QItemSelection;
 class QLabel;
@@ -19,8 +20,9 @@ class CDevicePanel final : public QWidget
     Q_OBJECT
 
 public:
-    /// @p detect is what the button does.
-    CDevicePanel(CDeviceManager &manager, QAction &detect, QWidget *parent = nullptr);
+    /// @p detect is what the button does; the other two outlive the panel.
+    CDevicePanel(CDeviceServices &services, CDeviceTreeModel &model, QAction &detect,
+                 QWidget *parent = nullptr);
 
     /// Selects one processor, nothing else.
     void selectProcessor(const QUuid &processor);
@@ -41,7 +43,8 @@ private:
     void onMenuRequested(const QPoint &position);
     void updateHint();
 
-    CDeviceManager &m_manager;
+    CDeviceServices &m_services;
+    CDeviceTreeModel &m_model;
     QTreeView *m_tree = nullptr;
     QLabel *m_hint = nullptr;     ///< while there is no processor
     QList<QUuid> m_selectedNodes; ///< processors and groups; survives a rebuilt tree

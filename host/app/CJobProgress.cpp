@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/CJobProgress.h"
 
-#include "host/devices/CDeviceJob.h"
+#include "host/devices/jobs/CDeviceJob.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

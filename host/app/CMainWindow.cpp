@@ -13,10 +13,10 @@
 #include "host/app/CTypeLibraryDialog.h"
 #include "host/app/SAppOptions.h"
 #include "host/app/screen/CScreenWindow.h"
-#include "host/devices/CDeviceJob.h"
 #include "host/devices/CDeviceTreeModel.h"
 #include "host/devices/CLayoutHandler.h"
-#include "host/devices/CSimulatedPark.h"
+#include "host/devices/jobs/CDeviceJob.h"
+#include "host/devices/services/CSimulatedPark.h"
 #include "layout/api/ILayoutInterface.h"
 #include "layout/resources/LayoutResources.h"
 #include "platform/widgets/CMessageBox.h"
@@ -55,9 +55,11 @@ QStringList projectFilesOf(const QMimeData &data)
 CMainWindow::CMainWindow(const SDeviceSettings &devices)
     : m_manager(devices)
     , m_module(std::make_unique<CModuleHost>(
-          std::make_shared<CLayoutHandler>(m_manager, CTypeLibrary::builtIn()), m_manager.subject()))
-    , m_projects(std::make_unique<CProjectCommands>(m_manager, m_settings, *this, [this] { flushModule(); }))
-    , m_screen(std::make_unique<CScreenWindow>(m_manager))
+          std::make_shared<CLayoutHandler>(m_manager.services(), m_manager.jobs(), CTypeLibrary::builtIn()),
+          m_manager.announcer().subject()))
+    , m_projects(
+          std::make_unique<CProjectCommands>(m_manager.services(), m_manager.projects(), m_settings, *this))
+    , m_screen(std::make_unique<CScreenWindow>(m_manager.services()))
 {
     initLayoutResources();
     buildUi();
@@ -84,7 +86,7 @@ void CMainWindow::buildUi()
 
     m_splitter = new QSplitter;
     m_splitter->setChildrenCollapsible(false);
-    m_devices = new CDevicePanel(m_manager, *m_actions.detect);
+    m_devices = new CDevicePanel(m_manager.services(), m_manager.treeModel(), *m_actions.detect);
     m_devices->setMinimumWidth(160);
     m_splitter->addWidget(m_devices);
     m_splitter->addWidget(m_module->frame());
@@ -114,7 +116,7 @@ void CMainWindow::connectActions()
     connect(m_actions.saveProjectAs, &QAction::triggered, this, [=] { m_projects->saveAs(selected()); });
     connect(m_actions.closeProject, &QAction::triggered, this, [=] { m_projects->close(selected()); });
     connect(m_actions.quit, &QAction::triggered, this, &QWidget::close);
-    connect(m_actions.detect, &QAction::triggered, this, [this] { m_manager.detect(); });
+    connect(m_actions.detect, &QAction::triggered, this, [this] { m_manager.jobs().detect(); });
     connect(m_actions.typeLibrary, &QAction::triggered, this,
             [this] { CTypeLibraryDialog(CTypeLibrary::builtIn(), this).exec(); });
     connect(m_actions.about, &QAction::triggered, this, &CMainWindow::showAbout);
@@ -135,18 +137,19 @@ void CMainWindow::connectActions()
 
 void CMainWindow::connectDevices()
 {
-    m_manager.setConfirm([this](const QString &text) { return CMessageBox::confirm(this, text); });
-    connect(&m_manager, &CDeviceManager::jobStarted, this, &CMainWindow::onJobStarted);
-    connect(&m_manager, &CDeviceManager::jobFinished, this, &CMainWindow::onJobFinished);
-    connect(&m_manager, &CDeviceManager::processorsChanged, this, &CMainWindow::updateActions);
-    connect(&m_manager, &CDeviceManager::layoutCommitted, this, &CMainWindow::updateActions);
-    connect(&m_manager, &CDeviceManager::detectionFinished, this, [this](int online) {
+    CDeviceJobs *jobs = &m_manager.jobs();
+    const CDeviceAnnouncer *announcer = &m_manager.announcer();
+    m_manager.services().setFlush([this] { flushModule(); });
+    jobs->setConfirm([this](const QString &text) { return CMessageBox::confirm(this, text); });
+    connect(jobs, &CDeviceJobs::notifyStarted, this, &CMainWindow::onJobStarted);
+    connect(jobs, &CDeviceJobs::notifyFinished, this, &CMainWindow::onJobFinished);
+    connect(jobs, &CDeviceJobs::notifyDetected, this, [this](int online) {
         statusBar()->showMessage(tr("Detection finished. Processors online: %1").arg(online),
                                  MessageMilliseconds);
     });
-    connect(&m_manager, &CDeviceManager::typeLibraryRequested, this,
+    connect(announcer, &CDeviceAnnouncer::notifyProcessorsChanged, this, &CMainWindow::updateActions);
+    connect(announcer, &CDeviceAnnouncer::notifyTypeLibraryRequested, this,
             [](QWidget *parent) { CTypeLibraryDialog(CTypeLibrary::builtIn(), parent).exec(); });
-    connect(&m_manager, &CDeviceManager::screenRequested, m_screen.get(), &CScreenWindow::setShown);
     connect(m_screen.get(), &CScreenWindow::notifyClosedByUser, this, &CMainWindow::onScreenClosed);
     connect(m_devices, &CDevicePanel::notifySelectionChanged, this, &CMainWindow::updateActions);
     connect(m_devices, &CDevicePanel::notifyMenuRequested, this, &CMainWindow::showProcessorMenu);
@@ -168,12 +171,12 @@ void CMainWindow::start(const SAppOptions &options)
     if (!options.files.isEmpty())
         m_projects->open(options.files);
     if (options.detect)
-        m_manager.detect();
+        m_manager.jobs().detect();
 }
 
 void CMainWindow::simulate(const QString &name, SimulationFault fault)
 {
-    for (const CSimulatedPark::Processor &processor : m_manager.park().processors()) {
+    for (const CSimulatedPark::Processor &processor : m_manager.services().park().processors()) {
         if (processor->identity().name == name) {
             m_manager.simulate(processor->identity().uuid, fault, true);
             return;
@@ -194,14 +197,14 @@ void CMainWindow::shutDown()
         return;
     m_shutDown = true;
     m_screen->setShown(false);
-    flushModule();
+    m_manager.services().flush();
     m_manager.stop(); // first: what ends now is still told to the module
     m_module->stop();
 }
 
 bool CMainWindow::confirmStop()
 {
-    const CDeviceJob *job = m_manager.currentJob();
+    const CDeviceJob *job = m_manager.jobs().current();
     if (!job || job->kind() == CDeviceJob::Detect)
         return true; // nobody misses a search
     QStringList names;
@@ -221,7 +224,7 @@ void CMainWindow::closeEvent(QCloseEvent *event)
         event->ignore();
         return;
     }
-    if (CDeviceJob *job = m_manager.currentJob())
+    if (CDeviceJob *job = m_manager.jobs().current())
         job->cancel();
     saveState();
     event->accept();
@@ -281,7 +284,7 @@ void CMainWindow::showProcessorMenu(const QUuid &processor, const QPoint &positi
     menu.setToolTipsVisible(true);
     if (ILayoutInterface *layout = m_module->layoutModule())
         layout->fillProcessorMenu(menu, processor);
-    if (m_manager.isProject(processor)) {
+    if (m_manager.table().isProject(processor)) {
         menu.addSeparator();
         menu.addAction(m_actions.saveProject);
         menu.addAction(m_actions.saveProjectAs);
@@ -332,11 +335,11 @@ void CMainWindow::openLogFolder()
 void CMainWindow::updateActions()
 {
     const QUuid selected = m_devices->singleProcessor();
-    const bool project = m_manager.isProject(selected);
+    const bool project = m_manager.table().isProject(selected);
     m_actions.saveProject->setEnabled(project); // also without edits: the module may still hold some
     m_actions.saveProjectAs->setEnabled(!selected.isNull());
     m_actions.closeProject->setEnabled(project);
-    m_actions.detect->setEnabled(!m_manager.currentJob());
+    m_actions.detect->setEnabled(!m_manager.jobs().current());
     m_actions.processor->setEnabled(m_module->layoutModule() && !selected.isNull());
     m_actions.recentProjects->setEnabled(!m_settings.recentProjects().isEmpty());
     m_simulation->setProcessor(selected);

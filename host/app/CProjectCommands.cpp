@@ -4,7 +4,8 @@
 
 #include "host/app/CAppSettings.h"
 #include "host/app/CNewProjectDialog.h"
-#include "host/devices/CDeviceManager.h"
+#include "host/devices/CProjectShelf.h"
+#include "host/devices/services/CDeviceServices.h"
 #include "host/devices/simulated/CProcessorKinds.h"
 #include "platform/widgets/CMessageBox.h"
 
@@ -21,12 +22,12 @@ QString projectFilter()
 
 } // namespace
 
-CProjectCommands::CProjectCommands(CDeviceManager &manager, CAppSettings &settings, QWidget &window,
-                                   Flush flush)
-    : m_manager(manager)
+CProjectCommands::CProjectCommands(CDeviceServices &services, CProjectShelf &projects, CAppSettings &settings,
+                                   QWidget &window)
+    : m_services(services)
+    , m_projects(projects)
     , m_settings(settings)
     , m_window(window)
-    , m_flush(std::move(flush))
 {
 }
 
@@ -35,7 +36,7 @@ void CProjectCommands::createNew()
     CNewProjectDialog dialog(CProcessorKinds::builtIn(), &m_window);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    const CResult<QUuid> added = m_manager.addProject(dialog.project());
+    const CResult<QUuid> added = m_projects.add(dialog.project());
     if (added)
         Q_EMIT notifyOpened(added.value());
     else
@@ -54,7 +55,7 @@ void CProjectCommands::open(const QStringList &files)
     QStringList failures;
     for (const QString &file : files) {
         Q_EMIT notifyWorking(tr("Opening \"%1\"...").arg(QDir::toNativeSeparators(file)));
-        const CResult<QUuid> opened = m_manager.openProject(file);
+        const CResult<QUuid> opened = m_projects.open(file);
         if (opened) {
             last = opened.value();
             m_settings.addRecentProject(file);
@@ -75,7 +76,7 @@ void CProjectCommands::open(const QStringList &files)
 
 void CProjectCommands::openDemo()
 {
-    const CResult<QUuid> opened = m_manager.openDemo();
+    const CResult<QUuid> opened = m_projects.openDemo();
     if (opened)
         Q_EMIT notifyOpened(opened.value());
     else
@@ -84,7 +85,7 @@ void CProjectCommands::openDemo()
 
 bool CProjectCommands::save(const QUuid &processor)
 {
-    const QString file = m_manager.projectFile(processor);
+    const QString file = m_projects.fileOf(processor);
     return file.isEmpty() ? saveAs(processor) : saveTo(processor, file);
 }
 
@@ -95,7 +96,7 @@ bool CProjectCommands::saveAs(const QUuid &processor)
     QFileDialog dialog(&m_window, tr("Save project as"), m_settings.projectFolder(), projectFilter());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("sprj")); // asks before it replaces the file with that ending
-    const QString file = m_manager.projectFile(processor);
+    const QString file = m_projects.fileOf(processor);
     if (file.isEmpty())
         dialog.selectFile(name + QStringLiteral(".sprj"));
     else
@@ -105,9 +106,8 @@ bool CProjectCommands::saveAs(const QUuid &processor)
 
 bool CProjectCommands::saveTo(const QUuid &processor, const QString &file)
 {
-    m_flush();
     Q_EMIT notifyWorking(tr("Saving \"%1\"...").arg(QDir::toNativeSeparators(file)));
-    const CStatus status = m_manager.saveProject(processor, file);
+    const CStatus status = m_projects.save(processor, file);
     Q_EMIT notifyWorking({});
     if (!status) {
         CMessageBox::warning(&m_window, tr("The project cannot be saved."), status.error());
@@ -120,16 +120,16 @@ bool CProjectCommands::saveTo(const QUuid &processor, const QString &file)
 
 bool CProjectCommands::close(const QUuid &project)
 {
-    if (!m_manager.isProject(project) || !askToSave(project))
+    if (!m_services.table().isProject(project) || !askToSave(project))
         return false;
-    m_manager.closeProject(project);
+    m_projects.close(project);
     return true;
 }
 
 bool CProjectCommands::askToSave(const QUuid &project)
 {
-    m_flush();
-    if (!m_manager.isModified(project))
+    m_services.flush();
+    if (!m_services.table().isModified(project))
         return true;
     QMessageBox box(QMessageBox::Question, QStringLiteral("Orvo"),
                     tr("Save the changes to the project \"%1\"?").arg(nameOf(project)),
@@ -149,9 +149,9 @@ bool CProjectCommands::askToSave(const QUuid &project)
 
 bool CProjectCommands::confirmQuit()
 {
-    m_flush();
+    m_services.flush();
     QStringList edited;
-    for (const SDevice &device : m_manager.table().devices()) {
+    for (const SDevice &device : m_services.table().devices()) {
         if (device.project && !askToSave(device.node.uuid))
             return false;
         if (!device.project && device.isModified())
@@ -165,6 +165,6 @@ bool CProjectCommands::confirmQuit()
 
 QString CProjectCommands::nameOf(const QUuid &processor) const
 {
-    const std::optional<SDevice> device = m_manager.table().device(processor);
+    const std::optional<SDevice> device = m_services.table().device(processor);
     return device ? device->node.name : QString();
 }

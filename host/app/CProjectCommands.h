@@ -6,10 +6,9 @@
 #include <QStringList>
 #include <QUuid>
 
-#include <functional>
-
 class CAppSettings;
-class CDeviceManager;
+class CDeviceServices;
+class CProjectShelf;
 class QWidget;
 
 /// What the user can do with projects: make, open, save and close them, each with its questions and messages.
@@ -19,11 +18,9 @@ class CProjectCommands final : public QObject
     Q_OBJECT
 
 public:
-    /// Brings the devices up to date with edits that the module has not handed over yet.
-    using Flush = std::function<void()>;
-
     /// @p window is the parent of all dialogs; all must outlive this object.
-    CProjectCommands(CDeviceManager &manager, CAppSettings &settings, QWidget &window, Flush flush);
+    CProjectCommands(CDeviceServices &services, CProjectShelf &projects, CAppSettings &settings,
+                     QWidget &window);
 
     void createNew();
     void chooseAndOpen();
@@ -50,8 +47,8 @@ private:
     bool askToSave(const QUuid &project);
     QString nameOf(const QUuid &processor) const;
 
-    CDeviceManager &m_manager;
+    CDeviceServices &m_services;
+    CProjectShelf &m_projects;
     CAppSettings &m_settings;
     QWidget &m_window;
-    const Flush m_flush;
 };

@@ -40,7 +40,7 @@ void CSimulationMenu::setProcessor(const QUuid &processor)
 
 void CSimulationMenu::updateActions()
 {
-    const bool device = m_manager.device(m_processor) != nullptr;
+    const bool device = m_manager.services().device(m_processor) != nullptr;
     const QString hint =
         device ? QString() : tr("Select a single processor, not a project, in the device tree");
     bool any = false;

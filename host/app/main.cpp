@@ -7,7 +7,7 @@
 #include "host/app/CSignalWatch.h"
 #include "host/app/SAppOptions.h"
 #include "host/app/commands/CCommandLine.h"
-#include "host/devices/CSimulatedPark.h"
+#include "host/devices/services/CSimulatedPark.h"
 #include "layout/api/ILayoutInterface.h"
 #include "layout/api/records/RecordMetaTypes.h"
 #include "platform/widgets/CTheme.h"

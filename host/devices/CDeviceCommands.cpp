@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/devices/CDeviceCommands.h"
 
-#include "host/devices/CDeviceManager.h"
-#include "host/devices/CMappingTransfer.h"
+#include "host/devices/services/CDeviceServices.h"
 #include "host/devices/simulated/CSimulatedProcessor.h"
 #include "host/library/CTypeLibrary.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -22,51 +22,51 @@ QString unknownProcessor()
 
 } // namespace
 
-CDeviceCommands::CDeviceCommands(CDeviceManager &manager, const CTypeLibrary &library)
-    : m_manager(manager)
+CDeviceCommands::CDeviceCommands(CDeviceServices &services, const CTypeLibrary &library)
+    : m_services(services)
     , m_library(library)
 {
 }
 
 CStatus CDeviceCommands::failure(const SDevice &device, const QString &reason) const
 {
-    return CStatus::failure(CMappingTransfer::failureText(device, reason));
+    return CStatus::failure(device.failureText(reason));
 }
 
 CStatus CDeviceCommands::apply(const QUuid &processor, const Edit &edit)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    const std::optional<SDevice> device = m_manager.table().device(processor);
+    const std::optional<SDevice> device = m_services.table().device(processor);
     if (!device)
         return CStatus::failure(unknownProcessor());
     SProcessorSettings settings = device->settings;
     edit(settings);
-    if (const auto simulated = m_manager.device(processor)) {
+    if (const auto simulated = m_services.device(processor)) {
         const DeviceError error = simulated->apply(settings);
         if (error == DeviceError::Offline || error == DeviceError::NoAnswer)
-            m_manager.setOnline(processor, false);
+            m_services.setOnline(processor, false);
         if (error != DeviceError::None)
             return failure(*device, deviceErrorText(error));
     }
-    m_manager.table().change(processor, [&settings](SDevice &known) { known.settings = settings; });
-    m_manager.announceState();
+    m_services.table().change(processor, [&settings](SDevice &known) { known.settings = settings; });
+    m_services.announcer().announceState();
     return CStatus::done();
 }
 
 CStatus CDeviceCommands::reach(const SDevice &device) const
 {
-    const auto simulated = m_manager.device(device.node.uuid);
+    const auto simulated = m_services.device(device.node.uuid);
     if (!simulated)
         return failure(device, tr("A project has no cabinets that are connected."));
     const DeviceError error = simulated->probe();
     if (error == DeviceError::Offline || error == DeviceError::NoAnswer)
-        m_manager.setOnline(device.node.uuid, false);
+        m_services.setOnline(device.node.uuid, false);
     return error == DeviceError::None ? CStatus::done() : failure(device, deviceErrorText(error));
 }
 
 CStatus CDeviceCommands::setPortCount(const QUuid &processor, int count)
 {
-    const std::optional<SDevice> device = m_manager.table().device(processor);
+    const std::optional<SDevice> device = m_services.table().device(processor);
     if (!device)
         return CStatus::failure(unknownProcessor());
     if (count < 1 || count > device->kind.ports)
@@ -84,30 +84,30 @@ CStatus CDeviceCommands::setPortCount(const QUuid &processor, int count)
     CStatus status = apply(processor, [count](SProcessorSettings &settings) { settings.portCount = count; });
     if (!status)
         return status;
-    m_manager.table().changeLayout(processor, [](SDevice &known) {
+    m_services.table().changeLayout(processor, [](SDevice &known) {
         if (known.isLoaded())
             known.takeLayout(known.working.layout());
     });
-    m_manager.announceCommit(processor);
-    if (processor == m_manager.table().current())
-        m_manager.notify(LayoutNotification::PortCountChanged);
+    m_services.announcer().announceCommit(processor);
+    if (processor == m_services.table().current())
+        m_services.announcer().notify(LayoutNotification::PortCountChanged);
     else
-        m_manager.notify(LayoutNotification::LayoutReplaced, processor);
+        m_services.announcer().notify(LayoutNotification::LayoutReplaced, processor);
     return status;
 }
 
 CStatus CDeviceCommands::setWorkMode(const QUuid &processor, ProcessorWorkMode mode)
 {
-    const std::optional<SDevice> device = m_manager.table().device(processor);
+    const std::optional<SDevice> device = m_services.table().device(processor);
     if (device && device->project)
         return failure(*device, tr("A project has no work mode."));
     CStatus status = apply(processor, [mode](SProcessorSettings &settings) { settings.workMode = mode; });
     if (!status)
         return status;
-    m_manager.table().change(processor, [mode](SDevice &known) {
+    m_services.table().change(processor, [mode](SDevice &known) {
         known.node.fiberTransceiver = mode == ProcessorWorkMode::FiberTransceiver;
     });
-    m_manager.notify(LayoutNotification::WorkModeChanged);
+    m_services.announcer().notify(LayoutNotification::WorkModeChanged);
     return status;
 }
 
@@ -126,7 +126,7 @@ CStatus CDeviceCommands::setBackground(const SBackgroundInfo &info)
     CStatus status =
         apply(info.processor, [&info](SProcessorSettings &settings) { settings.background = info; });
     if (status)
-        m_manager.notify(LayoutNotification::BackgroundChanged, info);
+        m_services.announcer().notify(LayoutNotification::BackgroundChanged, info);
     return status;
 }
 
@@ -139,7 +139,7 @@ CanvasBlock CDeviceCommands::canvasBlock(const SDevice &device)
 
 CStatus CDeviceCommands::setCanvasSize(const QSize &size)
 {
-    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    const std::optional<SDevice> device = m_services.table().currentDevice();
     if (!device)
         return CStatus::failure(unknownProcessor());
     if (canvasBlock(*device) != CanvasBlock::None)
@@ -156,14 +156,14 @@ CStatus CDeviceCommands::setCanvasSize(const QSize &size)
     CStatus status = apply(processor, [&size](SProcessorSettings &settings) { settings.canvas = size; });
     if (!status)
         return status;
-    m_manager.notify(LayoutNotification::CanvasSizeChanged, SCanvasSizeChange{processor, size});
-    m_manager.announceCommit(processor);
+    m_services.announcer().notify(LayoutNotification::CanvasSizeChanged, SCanvasSizeChange{processor, size});
+    m_services.announcer().announceCommit(processor);
     return status;
 }
 
 CStatus CDeviceCommands::setSignal(int hertz, int bits)
 {
-    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    const std::optional<SDevice> device = m_services.table().currentDevice();
     if (!device)
         return CStatus::failure(unknownProcessor());
     const SSignalModes modes = device->kind.signalModes();
@@ -178,14 +178,14 @@ CStatus CDeviceCommands::setSignal(int hertz, int bits)
     });
     if (!status)
         return status;
-    m_manager.table().change(processor, [bits](SDevice &known) { known.node.colorDepth = bits; });
-    m_manager.notify(LayoutNotification::PortLoadsChanged, SPortLoadChange{processor, -1});
+    m_services.table().change(processor, [bits](SDevice &known) { known.node.colorDepth = bits; });
+    m_services.announcer().notify(LayoutNotification::PortLoadsChanged, SPortLoadChange{processor, -1});
     return status;
 }
 
 CStatus CDeviceCommands::setPortAreas(const QList<SPortArea> &areas)
 {
-    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    const std::optional<SDevice> device = m_services.table().currentDevice();
     if (!device)
         return CStatus::failure(unknownProcessor());
     const int count = device->settings.portCount;
@@ -198,7 +198,7 @@ CStatus CDeviceCommands::setPortAreas(const QList<SPortArea> &areas)
 
 CStatus CDeviceCommands::setStatusLed(bool on)
 {
-    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    const std::optional<SDevice> device = m_services.table().currentDevice();
     if (!device)
         return CStatus::failure(unknownProcessor());
     if (device->project)
@@ -206,7 +206,7 @@ CStatus CDeviceCommands::setStatusLed(bool on)
     const QUuid processor = device->node.uuid;
     CStatus status = apply(processor, [on](SProcessorSettings &settings) { settings.statusLed = on; });
     if (status)
-        m_manager.post([this, processor, on] { Q_EMIT m_manager.statusLedChanged(processor, on); });
+        m_services.announcer().announceStatusLed(processor, on);
     return status;
 }
 
@@ -235,7 +235,7 @@ CStatus CDeviceCommands::importGains(const QString &file)
     const CResult<QVector<SCurrentGainRow>> rows = CCurrentGainFile::read(file);
     if (!rows)
         return CStatus::failure(rows.error());
-    const bool known = m_manager.table().change(m_manager.table().current(), [&rows](SDevice &device) {
+    const bool known = m_services.table().change(m_services.table().current(), [&rows](SDevice &device) {
         for (const SCurrentGainRow &row : rows.value()) {
             const auto same = [&row](const SCurrentGainRow &old) {
                 return old.frameRateCode == row.frameRateCode && old.gainLevel == row.gainLevel;
@@ -250,19 +250,19 @@ CStatus CDeviceCommands::importGains(const QString &file)
 
 CStatus CDeviceCommands::clearGains()
 {
-    const QUuid processor = m_manager.table().current();
+    const QUuid processor = m_services.table().current();
     CStatus status = apply(processor, [](SProcessorSettings &settings) {
         settings.gains.clear();
         settings.gainRows.clear();
     });
     if (status)
-        m_manager.table().change(processor, [](SDevice &known) { known.gainRows.clear(); });
+        m_services.table().change(processor, [](SDevice &known) { known.gainRows.clear(); });
     return status;
 }
 
 CStatus CDeviceCommands::sendGains(const QList<SCurrentGain> &gains)
 {
-    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    const std::optional<SDevice> device = m_services.table().currentDevice();
     if (!device)
         return CStatus::failure(unknownProcessor());
     if (device->project)
@@ -283,7 +283,7 @@ CStatus CDeviceCommands::sendParameters(const Cabinets &cabinets, const SMD5 &ty
 {
     if (!m_library.find(type) || !(gamma >= 1.0 && gamma <= 4.0))
         return CStatus::failure(tr("The cabinet type or the gamma value is not valid."));
-    const QList<SDevice> devices = m_manager.table().devices();
+    const QList<SDevice> devices = m_services.table().devices();
     QVector<QUuid> receivers; // in the order of their cabinets
     for (const CabinetLayout::CabinetPort::Cabinet &cabinet : cabinets) {
         const SDevice *holder = holderOf(devices, cabinet);
@@ -314,19 +314,16 @@ const SDevice *CDeviceCommands::holderOf(const QList<SDevice> &devices,
 
 CStatus CDeviceCommands::highlight(const Cabinets &cabinets, CabinetHighlight highlight)
 {
-    const auto show = [this](const QUuid &processor, const Cabinets &shown, CabinetHighlight kind) {
-        m_manager.post(
-            [this, processor, shown, kind] { Q_EMIT m_manager.highlightChanged(processor, shown, kind); });
-    };
-    if (!m_highlighted.isNull() && m_highlighted != m_manager.table().current()) // whatever is in view now
-        show(std::exchange(m_highlighted, QUuid()), {}, CabinetHighlight::Off);
-    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    CDeviceAnnouncer &announcer = m_services.announcer();
+    if (!m_highlighted.isNull() && m_highlighted != m_services.table().current()) // whatever is in view now
+        announcer.announceHighlight(std::exchange(m_highlighted, QUuid()), {}, CabinetHighlight::Off);
+    const std::optional<SDevice> device = m_services.table().currentDevice();
     if (!device)
         return CStatus::failure(unknownProcessor());
     CStatus status = reach(*device);
     if (!status)
         return status;
     m_highlighted = cabinets.isEmpty() ? QUuid() : device->node.uuid;
-    show(device->node.uuid, cabinets, highlight);
+    announcer.announceHighlight(device->node.uuid, cabinets, highlight);
     return status;
 }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "host/devices/SDevice.h"
+#include "host/devices/services/SDevice.h"
 #include "platform/common/CResult.h"
 
 #include <QCoreApplication>
@@ -11,7 +11,7 @@
 #include <functional>
 #include <mutex>
 
-class CDeviceManager;
+class CDeviceServices;
 class CTypeLibrary;
 
 /// Sets what processors keep beside their mapping: checks it, sends it to the device, announces it. A project
@@ -23,7 +23,7 @@ class CDeviceCommands final
 public:
     using Cabinets = QList<CabinetLayout::CabinetPort::Cabinet>;
 
-    CDeviceCommands(CDeviceManager &manager, const CTypeLibrary &library);
+    CDeviceCommands(CDeviceServices &services, const CTypeLibrary &library);
 
     CStatus setPortCount(const QUuid &processor, int count);
     CStatus setWorkMode(const QUuid &processor, ProcessorWorkMode mode);
@@ -60,7 +60,7 @@ private:
     CStatus apply(const QUuid &processor, const Edit &edit);
     CStatus failure(const SDevice &device, const QString &reason) const;
 
-    CDeviceManager &m_manager;
+    CDeviceServices &m_services;
     const CTypeLibrary &m_library;
     QUuid m_highlighted; // the processor whose cabinets stand out; null: none; GUI thread
     std::mutex m_mutex;  // one change of settings after the other

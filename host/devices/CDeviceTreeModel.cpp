@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/devices/CDeviceTreeModel.h"
 
-#include "host/devices/CDeviceTable.h"
+#include "host/devices/services/CDeviceTable.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -126,6 +126,12 @@ bool CDeviceTreeModel::sameShape(const Nodes &a, const Nodes &b)
     });
 }
 
+bool CDeviceTreeModel::sameLook(const SNode &a, const SNode &b)
+{
+    return a.text == b.text && a.toolTip == b.toolTip && a.members == b.members && a.online == b.online &&
+           a.fiber == b.fiber && a.modified == b.modified && a.project == b.project;
+}
+
 void CDeviceTreeModel::refresh()
 {
     Nodes next = build();
@@ -135,8 +141,10 @@ void CDeviceTreeModel::refresh()
         endResetModel();
         return;
     }
-    m_nodes = std::move(next);
+    m_nodes.swap(next);
     for (size_t i = 0; i < m_nodes.size(); ++i) {
+        if (sameLook(m_nodes[i], next[i]))
+            continue;
         const QModelIndex changed = createIndex(m_nodes[i].row, 0, static_cast<quintptr>(i));
         Q_EMIT dataChanged(changed, changed);
     }

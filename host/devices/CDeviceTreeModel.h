@@ -67,6 +67,7 @@ private:
     static int parentOf(const Nodes &nodes, const QUuid &group, int fallback);
     static int append(Nodes &nodes, int parent, SNode node);
     static bool sameShape(const Nodes &a, const Nodes &b);
+    static bool sameLook(const SNode &a, const SNode &b);
     const SNode *node(const QModelIndex &index) const;
     static QVariant decoration(const SNode &node);
 

@@ -3,20 +3,20 @@
 #include "host/devices/CLayoutHandler.h"
 
 #include "host/devices/CDeviceCommands.h"
-#include "host/devices/CDeviceJob.h"
-#include "host/devices/CDeviceManager.h"
 #include "host/devices/CMappingFiles.h"
 #include "host/devices/CRedundancyPairs.h"
+#include "host/devices/services/CDeviceServices.h"
 #include "host/library/CTypeLibrary.h"
 
 #include <algorithm>
 
-CLayoutHandler::CLayoutHandler(CDeviceManager &manager, const CTypeLibrary &library)
-    : m_manager(manager)
+CLayoutHandler::CLayoutHandler(CDeviceServices &services, CDeviceJobs &jobs, const CTypeLibrary &library)
+    : m_services(services)
+    , m_jobs(jobs)
     , m_library(library)
-    , m_commands(std::make_unique<CDeviceCommands>(manager, library))
-    , m_files(std::make_unique<CMappingFiles>(manager, library))
-    , m_redundancy(std::make_unique<CRedundancyPairs>(manager, *m_commands))
+    , m_commands(std::make_unique<CDeviceCommands>(services, library))
+    , m_files(std::make_unique<CMappingFiles>(services, library))
+    , m_redundancy(std::make_unique<CRedundancyPairs>(services, *m_commands))
 {
 }
 
@@ -24,12 +24,12 @@ CLayoutHandler::~CLayoutHandler() = default;
 
 SDevice CLayoutHandler::current() const
 {
-    return m_manager.table().currentDevice().value_or(SDevice());
+    return m_services.table().currentDevice().value_or(SDevice());
 }
 
 SDevice CLayoutHandler::known(const QUuid &processor) const
 {
-    return m_manager.table().device(processor).value_or(SDevice());
+    return m_services.table().device(processor).value_or(SDevice());
 }
 
 bool CLayoutHandler::told(const CStatus &status)
@@ -49,7 +49,7 @@ QString CLayoutHandler::lastError() const
 
 QSize CLayoutHandler::getCanvasSize() const
 {
-    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    const std::optional<SDevice> device = m_services.table().currentDevice();
     return device ? device->settings.canvas : QSize();
 }
 
@@ -65,7 +65,7 @@ bool CLayoutHandler::layoutFollowUpNeeded() const
 
 int CLayoutHandler::getDetectedProcessorCount() const
 {
-    return m_manager.table().onlineDeviceCount();
+    return m_services.table().onlineDeviceCount();
 }
 
 bool CLayoutHandler::isFiberTransceiverMode(const QUuid &processor) const
@@ -85,27 +85,27 @@ QVector<CabinetLayout::CabinetPort> CLayoutHandler::currentProcessorPorts() cons
 
 LayoutData CLayoutHandler::layoutData(const QUuid &processor) const
 {
-    const std::optional<SDevice> device = m_manager.table().device(processor);
+    const std::optional<SDevice> device = m_services.table().device(processor);
     return device ? device->data() : LayoutData();
 }
 
 int CLayoutHandler::preparatoryStep(const QUuid &processor) const
 {
-    const std::optional<SDevice> device = m_manager.table().device(processor);
+    const std::optional<SDevice> device = m_services.table().device(processor);
     return device && !device->isLoaded() ? 1 : 0;
 }
 
 QList<ProcessorTree::ProcessorNode> CLayoutHandler::selectedProcessors() const
 {
     QList<ProcessorTree::ProcessorNode> nodes;
-    for (const QUuid &processor : m_manager.table().selection())
+    for (const QUuid &processor : m_services.table().selection())
         nodes << known(processor).node;
     return nodes;
 }
 
 QList<ProcessorTree::ProcessorNode> CLayoutHandler::processors() const
 {
-    return m_manager.table().nodes();
+    return m_services.table().nodes();
 }
 
 int CLayoutHandler::outputPortCount(const QUuid &processor) const
@@ -125,7 +125,7 @@ QList<QPair<QUuid, QUuid>> CLayoutHandler::processorRedundancies() const
 
 ProcessorTree::ProcessorNode CLayoutHandler::processorOfCabinet(const QUuid &cabinet) const
 {
-    return m_manager.table().nodeOfCabinet(cabinet);
+    return m_services.table().nodeOfCabinet(cabinet);
 }
 
 QVector<SSettings::TypeLibrary::STreeNode> CLayoutHandler::typeLibrary() const
@@ -145,7 +145,7 @@ bool CLayoutHandler::isPortRedundancySupported() const
 
 int CLayoutHandler::portLoad(const CabinetLayout::CabinetPort &port, int index) const
 {
-    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    const std::optional<SDevice> device = m_services.table().currentDevice();
     return device ? device->portLoad(port, index) : 0;
 }
 
@@ -173,13 +173,13 @@ bool CLayoutHandler::areProcessorsOnline(const QList<QUuid> &processors) const
 bool CLayoutHandler::areProcessorsBusy(const QList<QUuid> &processors) const
 {
     return std::any_of(processors.begin(), processors.end(),
-                       [this](const QUuid &processor) { return m_manager.table().isBusy(processor); });
+                       [this](const QUuid &processor) { return m_services.table().isBusy(processor); });
 }
 
 bool CLayoutHandler::areOnPrimaryPorts(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets) const
 {
     const SDevice inView = current();
-    const QList<SDevice> devices = m_manager.table().devices();
+    const QList<SDevice> devices = m_services.table().devices();
     return std::all_of(cabinets.begin(), cabinets.end(), [&](const auto &cabinet) {
         const SDevice *holder = CDeviceCommands::holderOf(devices, cabinet);
         const CabinetLayout::CabinetPort *port =
@@ -190,7 +190,7 @@ bool CLayoutHandler::areOnPrimaryPorts(const QList<CabinetLayout::CabinetPort::C
 
 QList<SCurrentGain> CLayoutHandler::currentGains() const
 {
-    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    const std::optional<SDevice> device = m_services.table().currentDevice();
     return device ? CDeviceCommands::gains(*device) : QList<SCurrentGain>();
 }
 
@@ -228,5 +228,5 @@ SBackgroundInfo CLayoutHandler::background(const QUuid &processor) const
 
 ProcessorBoundingRects CLayoutHandler::processorBoundingRects(const QList<QUuid> &processors) const
 {
-    return m_manager.table().areas(processors);
+    return m_services.table().areas(processors);
 }

@@ -11,21 +11,22 @@
 #include <mutex>
 
 class CDeviceCommands;
-class CDeviceManager;
+class CDeviceJobs;
+class CDeviceServices;
 class CMappingFiles;
 class CRedundancyPairs;
 class CStatus;
 class CTypeLibrary;
 struct SDevice;
 
-/// What the Layout module asks of the host, answered from the device manager.
+/// Answers what the Layout module asks of the host, and does what it tells the host to do.
 class CLayoutHandler final : public ILayoutInterfaceHandler
 {
     Q_DECLARE_TR_FUNCTIONS(CLayoutHandler)
 
 public:
-    /// Both must outlive the handler.
-    CLayoutHandler(CDeviceManager &manager, const CTypeLibrary &library);
+    /// All must outlive the handler.
+    CLayoutHandler(CDeviceServices &services, CDeviceJobs &jobs, const CTypeLibrary &library);
     ~CLayoutHandler() override;
 
     QSize getCanvasSize() const override;
@@ -120,7 +121,8 @@ private:
     static void tellNobody(const Done &done); ///< that there is no processor to work with
     bool told(const CStatus &status);         ///< remembers why it failed
 
-    CDeviceManager &m_manager;
+    CDeviceServices &m_services;
+    CDeviceJobs &m_jobs;
     const CTypeLibrary &m_library;
     const std::unique_ptr<CDeviceCommands> m_commands;
     const std::unique_ptr<CMappingFiles> m_files;

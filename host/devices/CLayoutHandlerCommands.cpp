@@ -2,24 +2,25 @@
 // SPDX-License-Identifier: Apache-2.0
 // What the module tells the host to do; the questions that it asks are answered in CLayoutHandler.cpp.
 #include "host/devices/CDeviceCommands.h"
-#include "host/devices/CDeviceManager.h"
 #include "host/devices/CLayoutHandler.h"
 #include "host/devices/CMappingFiles.h"
 #include "host/devices/CRedundancyPairs.h"
+#include "host/devices/jobs/CDeviceJobs.h"
+#include "host/devices/services/CDeviceServices.h"
 #include "platform/common/CBackgroundCall.h"
 
 void CLayoutHandler::showScreen(bool shown)
 {
-    Q_EMIT m_manager.screenRequested(shown);
+    m_services.announcer().requestScreen(shown);
 }
 
 void CLayoutHandler::applyLayoutFollowUp(bool full)
 {
     m_followUpNeeded = false;
-    const QUuid processor = m_manager.table().current();
+    const QUuid processor = m_services.table().current();
     if (full && !processor.isNull())
-        m_manager.notify(LayoutNotification::PortLoadsChanged, SPortLoadChange{processor, -1});
-    m_manager.announceCommit(processor);
+        m_services.announcer().notify(LayoutNotification::PortLoadsChanged, SPortLoadChange{processor, -1});
+    m_services.announcer().announceCommit(processor);
 }
 
 void CLayoutHandler::commitLayoutData(const LayoutData &data)
@@ -27,7 +28,7 @@ void CLayoutHandler::commitLayoutData(const LayoutData &data)
     if (data.layout.ports.isEmpty())
         return; // nothing was shown that could have been edited
     bool overloaded = false;
-    m_manager.table().changeLayout(data.processor, [&data, &overloaded](SDevice &device) {
+    m_services.table().changeLayout(data.processor, [&data, &overloaded](SDevice &device) {
         if (!device.isLoaded())
             return;
         overloaded = device.isOverloaded();
@@ -36,8 +37,9 @@ void CLayoutHandler::commitLayoutData(const LayoutData &data)
     });
     m_followUpNeeded = true;
     if (overloaded) // then the load of each port depends on all the others
-        m_manager.notify(LayoutNotification::PortLoadsChanged, SPortLoadChange{data.processor, -1});
-    m_manager.announceState();
+        m_services.announcer().notify(LayoutNotification::PortLoadsChanged,
+                                      SPortLoadChange{data.processor, -1});
+    m_services.announcer().announceState();
 }
 
 bool CLayoutHandler::exportProcessorMapping(const QUuid &processor, const QString &file)
@@ -92,11 +94,11 @@ void CLayoutHandler::performPreparatoryStep(const QUuid &processor)
 {
     if (preparatoryStep(processor) == 0)
         return;
-    m_manager.table().changeLayout(processor, [](SDevice &device) {
+    m_services.table().changeLayout(processor, [](SDevice &device) {
         device.takeLayout({});
         device.takeSaved({});
     });
-    m_manager.announceLayout(processor);
+    m_services.announcer().announceLayout(processor);
 }
 
 bool CLayoutHandler::setOutputPortCount(const QUuid &processor, int count)
@@ -144,10 +146,10 @@ bool CLayoutHandler::cancelPortRedundancy(int port)
 QList<QUuid> CLayoutHandler::concerned(ReadSaveMappingRole role) const
 {
     QList<QUuid> processors;
-    const QUuid current = m_manager.table().current();
+    const QUuid current = m_services.table().current();
     if (role == ReadSaveMappingRole::Current && !current.isNull())
         processors << current;
-    for (const SDevice &device : m_manager.table().devices()) {
+    for (const SDevice &device : m_services.table().devices()) {
         if (role == ReadSaveMappingRole::All && !device.project && device.node.online &&
             !device.node.fiberTransceiver)
             processors << device.node.uuid;
@@ -167,7 +169,7 @@ void CLayoutHandler::readMapping(ReadSaveMappingRole role, const SMappingOptions
     if (processors.isEmpty())
         tellNobody(done);
     else
-        m_manager.readMapping(processors, options, std::move(done));
+        m_jobs.readMapping(processors, options, std::move(done));
 }
 
 void CLayoutHandler::saveMapping(ReadSaveMappingRole role, const LayoutData &data, Done done)
@@ -177,7 +179,7 @@ void CLayoutHandler::saveMapping(ReadSaveMappingRole role, const LayoutData &dat
     if (processors.isEmpty())
         tellNobody(done);
     else
-        m_manager.saveMapping(processors, std::move(done));
+        m_jobs.saveMapping(processors, std::move(done));
 }
 
 bool CLayoutHandler::setPortAreas(const QList<SPortArea> &areas)
@@ -187,7 +189,7 @@ bool CLayoutHandler::setPortAreas(const QList<SPortArea> &areas)
 
 void CLayoutHandler::showTypeLibrary(QWidget *parent)
 {
-    Q_EMIT m_manager.typeLibraryRequested(parent);
+    m_services.announcer().requestTypeLibrary(parent);
 }
 
 bool CLayoutHandler::sendCabinetParameters(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,

@@ -2,9 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/devices/CMappingFiles.h"
 
-#include "host/devices/CDeviceManager.h"
-#include "host/devices/CMappingTransfer.h"
 #include "host/devices/CProjectShelf.h"
+#include "host/devices/services/CDeviceServices.h"
 #include "host/library/CTypeLibrary.h"
 #include "host/projects/CCabinetConfig.h"
 #include "host/projects/CPortProject.h"
@@ -77,21 +76,21 @@ SSettings::TypeLibrary::STreeNode::RcvTypeInfo customType(const Port::Cabinet &c
 
 } // namespace
 
-CMappingFiles::CMappingFiles(CDeviceManager &manager, const CTypeLibrary &library)
-    : m_manager(manager)
+CMappingFiles::CMappingFiles(CDeviceServices &services, const CTypeLibrary &library)
+    : m_services(services)
     , m_library(library)
 {
 }
 
 CStatus CMappingFiles::exportProcessor(const QUuid &processor, const QString &file) const
 {
-    const std::optional<SDevice> device = m_manager.table().device(processor);
+    const std::optional<SDevice> device = m_services.table().device(processor);
     return device ? CProcessorProject::write(file, CProjectShelf::projectOf(*device)) : noSuchProcessor();
 }
 
 CStatus CMappingFiles::importProcessor(const QUuid &processor, const QString &file, bool overwriteLocked)
 {
-    const std::optional<SDevice> device = m_manager.table().device(processor);
+    const std::optional<SDevice> device = m_services.table().device(processor);
     if (!device)
         return noSuchProcessor();
     const CResult<SProcessorProject> project = CProcessorProject::read(file);
@@ -101,8 +100,8 @@ CStatus CMappingFiles::importProcessor(const QUuid &processor, const QString &fi
 
 CStatus CMappingFiles::copyProcessor(const QUuid &from, const QUuid &to, bool overwriteLocked)
 {
-    const std::optional<SDevice> source = m_manager.table().device(from);
-    const std::optional<SDevice> target = m_manager.table().device(to);
+    const std::optional<SDevice> source = m_services.table().device(from);
+    const std::optional<SDevice> target = m_services.table().device(to);
     if (!source || !target || from == to)
         return noSuchProcessor();
     return replaceLayout(*target, source->working.layout(), overwriteLocked);
@@ -113,10 +112,10 @@ CStatus CMappingFiles::replaceLayout(const SDevice &device, const CabinetLayout 
 {
     for (const Port &port : incoming.ports) {
         if (port.index >= device.settings.portCount && port.cabinetCount() > 0)
-            return CStatus::failure(CMappingTransfer::failureText(
-                device, tr("The mapping uses output port %1, but only %2 are in use.")
-                            .arg(port.index + 1)
-                            .arg(device.settings.portCount)));
+            return CStatus::failure(
+                device.failureText(tr("The mapping uses output port %1, but only %2 are in use.")
+                                       .arg(port.index + 1)
+                                       .arg(device.settings.portCount)));
     }
     CabinetLayout layout = device.withPortsInUse(device.working.layout());
     for (Port &port : layout.ports) {
@@ -132,13 +131,13 @@ CStatus CMappingFiles::replaceLayout(const SDevice &device, const CabinetLayout 
 
 void CMappingFiles::take(const QUuid &processor, const CabinetLayout &layout)
 {
-    m_manager.table().changeLayout(processor, [&layout](SDevice &device) { device.takeLayout(layout); });
-    m_manager.announceLayout(processor);
+    m_services.table().changeLayout(processor, [&layout](SDevice &device) { device.takeLayout(layout); });
+    m_services.announcer().announceLayout(processor);
 }
 
 CStatus CMappingFiles::exportPort(const QUuid &processor, int port, const QString &file) const
 {
-    const std::optional<SDevice> device = m_manager.table().device(processor);
+    const std::optional<SDevice> device = m_services.table().device(processor);
     const Port *exported = device ? device->working.layout().port(port) : nullptr;
     if (!exported)
         return device ? CStatus::failure(tr("There is no output port %1.").arg(port + 1)) : noSuchProcessor();
@@ -158,16 +157,15 @@ CStatus CMappingFiles::exportPort(const QUuid &processor, int port, const QStrin
 
 CStatus CMappingFiles::importPort(const QUuid &processor, int port, const QString &file, bool overwriteLocked)
 {
-    const std::optional<SDevice> device = m_manager.table().device(processor);
+    const std::optional<SDevice> device = m_services.table().device(processor);
     const Port *replaced = device ? device->working.layout().port(port) : nullptr;
     if (!replaced)
         return device ? CStatus::failure(tr("There is no output port %1.").arg(port + 1)) : noSuchProcessor();
     if (replaced->redundancy == Port::Redundant)
         return CStatus::failure(
-            CMappingTransfer::failureText(*device, tr("Output port %1 is a redundancy port.").arg(port + 1)));
+            device->failureText(tr("Output port %1 is a redundancy port.").arg(port + 1)));
     if (replaced->locked && !overwriteLocked)
-        return CStatus::failure(
-            CMappingTransfer::failureText(*device, tr("Output port %1 is locked.").arg(port + 1)));
+        return CStatus::failure(device->failureText(tr("Output port %1 is locked.").arg(port + 1)));
     const CResult<SPrjPort> record = CPortProject::read(file);
     if (!record)
         return CStatus::failure(record.error());
@@ -194,8 +192,8 @@ CStatus CMappingFiles::exportCabinet(const Cabinet &cabinet, const QString &file
     if (!typeName.isEmpty())
         config.type.name = typeName;
     config.rects = cabinet.rects;
-    const ProcessorTree::ProcessorNode node = m_manager.table().nodeOfCabinet(cabinet.uuid);
-    if (const std::optional<SDevice> device = m_manager.table().device(node.uuid))
+    const ProcessorTree::ProcessorNode node = m_services.table().nodeOfCabinet(cabinet.uuid);
+    if (const std::optional<SDevice> device = m_services.table().device(node.uuid))
         config.gamma = device->settings.gammas.value(cabinet.type, config.gamma);
     return CCabinetConfig::write(file, config);
 }

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "host/devices/SDevice.h"
+#include "host/devices/services/SDevice.h"
 #include "platform/common/CResult.h"
 
 #include <QCoreApplication>
 #include <QUuid>
 
-class CDeviceManager;
+class CDeviceServices;
 class CTypeLibrary;
 
 /// Exports, imports and copies mappings and cabinet configurations. An import replaces the working layout and
@@ -20,7 +20,7 @@ class CMappingFiles final
 public:
     using Cabinet = CabinetLayout::CabinetPort::Cabinet;
 
-    CMappingFiles(CDeviceManager &manager, const CTypeLibrary &library);
+    CMappingFiles(CDeviceServices &services, const CTypeLibrary &library);
 
     CStatus exportProcessor(const QUuid &processor, const QString &file) const;
     CStatus importProcessor(const QUuid &processor, const QString &file, bool overwriteLocked);
@@ -34,6 +34,6 @@ private:
     CStatus replaceLayout(const SDevice &device, const CabinetLayout &incoming, bool overwriteLocked);
     void take(const QUuid &processor, const CabinetLayout &layout);
 
-    CDeviceManager &m_manager;
+    CDeviceServices &m_services;
     const CTypeLibrary &m_library;
 };

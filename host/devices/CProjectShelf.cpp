@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/devices/CProjectShelf.h"
 
-#include "host/devices/CDeviceTable.h"
+#include "host/devices/services/CDeviceServices.h"
 #include "host/devices/simulated/CProcessorKinds.h"
 #include "host/library/CTypeLibrary.h"
 #include "host/projects/CSafeFile.h"
 #include "host/projects/CWallBuilder.h"
+#include "platform/common/CBackgroundCall.h"
 
 #include <QFileInfo>
 
@@ -28,9 +29,60 @@ const SProcessorKind *kindFor(const SProcessorProject &project)
 
 } // namespace
 
-CProjectShelf::CProjectShelf(CDeviceTable &table)
-    : m_table(table)
+CProjectShelf::CProjectShelf(CDeviceServices &services)
+    : m_services(services)
+    , m_table(services.table())
 {
+}
+
+CProjectShelf::Opened CProjectShelf::announced(const Opened &opened)
+{
+    if (opened)
+        m_services.announcer().announceProcessors();
+    return opened;
+}
+
+CProjectShelf::Opened CProjectShelf::open(const QString &file)
+{
+    return announced(CBackgroundCall::result([&] { return read(file); }));
+}
+
+CProjectShelf::Opened CProjectShelf::openDemo()
+{
+    return announced(CBackgroundCall::result([&] { return makeDemo(); }));
+}
+
+CProjectShelf::Opened CProjectShelf::add(const SProcessorProject &project)
+{
+    return announced(CBackgroundCall::result([&] { return put(project, {}, {}); }));
+}
+
+CStatus CProjectShelf::save(const QUuid &processor, const QString &file)
+{
+    m_services.flush();
+    CStatus saved = CBackgroundCall::result([&] { return write(processor, file); });
+    if (saved)
+        m_services.announcer().announceProcessors();
+    return saved;
+}
+
+void CProjectShelf::close(const QUuid &project)
+{
+    if (!m_table.isProject(project))
+        return;
+    QList<QUuid> selection = m_table.selection();
+    if (selection.removeAll(project) > 0)
+        m_services.select(selection,
+                          selection.isEmpty() ? PrcTreeNodeType::Other : PrcTreeNodeType::Processor);
+    m_table.remove(project);
+    m_services.announcer().notify(LayoutNotification::ProcessorRemoved, project);
+    m_services.announcer().announceProcessors();
+}
+
+QString CProjectShelf::fileOf(const QUuid &project) const
+{
+    const std::optional<SDevice> device = m_table.device(project);
+    return device ? device->file : QString();
 }
 
 QUuid CProjectShelf::openedAs(const QString &file) const
@@ -43,39 +95,33 @@ QUuid CProjectShelf::openedAs(const QString &file) const
     return {};
 }
 
-CResult<QUuid> CProjectShelf::open(const QString &file)
+CProjectShelf::Opened CProjectShelf::read(const QString &file)
 {
     const QUuid opened = openedAs(file);
     if (!opened.isNull())
         return opened;
     const CResult<SProcessorProject> project = CProcessorProject::read(file);
-    return project ? add(project.value(), file, project.value().layout)
-                   : CResult<QUuid>::failure(project.error());
+    return project ? put(project.value(), file, project.value().layout) : Opened::failure(project.error());
 }
 
-CResult<QUuid> CProjectShelf::openDemo()
+CProjectShelf::Opened CProjectShelf::makeDemo()
 {
     SWallPlan plan = CWallBuilder::plan(CWallBuilder::Medium);
     const CResult<CabinetLayout> layout = CWallBuilder::build(plan);
     if (!layout)
-        return CResult<QUuid>::failure(layout.error());
+        return Opened::failure(layout.error());
     SProcessorProject project = SProcessorProject::ofPlan(plan, layout.value());
     project.name = tr("Demo wall");
     project.portCount = 16; // one without cabinets, to try things out
-    return add(project, {}, project.layout);
+    return put(project, {}, project.layout);
 }
 
-CResult<QUuid> CProjectShelf::addUnsaved(const SProcessorProject &project)
-{
-    return add(project, {}, {});
-}
-
-CResult<QUuid> CProjectShelf::add(const SProcessorProject &project, const QString &file,
-                                  const CabinetLayout &saved)
+CProjectShelf::Opened CProjectShelf::put(const SProcessorProject &project, const QString &file,
+                                         const CabinetLayout &saved)
 {
     const SProcessorKind *kind = kindFor(project);
     if (!kind || kind->ports < portsInUse(project)) {
-        return CResult<QUuid>::failure(
+        return Opened::failure(
             tr("%1 needs a processor of the kind \"%2\" with %3 output ports, which is not known.")
                 .arg(CSafeFile::quoted(file.isEmpty() ? project.name : file), project.kind)
                 .arg(portsInUse(project)));
@@ -118,7 +164,7 @@ SProcessorProject CProjectShelf::projectOf(const SDevice &device)
     return project;
 }
 
-CStatus CProjectShelf::save(const QUuid &processor, const QString &file)
+CStatus CProjectShelf::write(const QUuid &processor, const QString &file)
 {
     const std::optional<SDevice> device = m_table.device(processor);
     if (!device)

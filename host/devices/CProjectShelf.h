@@ -2,36 +2,52 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "host/devices/SDevice.h"
 #include "host/projects/CProcessorProject.h"
 #include "platform/common/CResult.h"
 
 #include <QCoreApplication>
 #include <QUuid>
 
+class CDeviceServices;
 class CDeviceTable;
+struct SDevice;
 
-/// Opens and saves project files as processors without device. Any thread.
+/// Opens, makes, saves and closes projects: processors without a device. Files are read, made and written in
+/// the background; until that is done, painting and notifications go on and the user's input waits. GUI
+/// thread.
 class CProjectShelf final
 {
     Q_DECLARE_TR_FUNCTIONS(CProjectShelf)
 
 public:
-    explicit CProjectShelf(CDeviceTable &table);
+    /// @p services outlives this object.
+    explicit CProjectShelf(CDeviceServices &services);
 
-    /// Puts the file's processor into the table; gives its key, also when the file is open already.
+    /// Opens a "*.sprj" file; gives the project's key, also when the file is open already.
     CResult<QUuid> open(const QString &file);
-    /// Puts the demo wall into the table.
+    /// Opens the demo wall as a project without a file; gives its key.
     CResult<QUuid> openDemo();
-    /// Puts a project without file into the table, all of it unsaved edits.
-    CResult<QUuid> addUnsaved(const SProcessorProject &project);
+    /// Adds a project without a file, all of it unsaved edits; gives its key.
+    CResult<QUuid> add(const SProcessorProject &project);
+    /// Writes a processor's layout and settings, with what a module still held; a project belongs to that
+    /// file from then on.
     CStatus save(const QUuid &processor, const QString &file);
+    /// Removes a project, saved or not; does nothing to a device.
+    void close(const QUuid &project);
+    QString fileOf(const QUuid &project) const; ///< empty: none yet, or not a project
 
     static SProcessorProject projectOf(const SDevice &device);
 
 private:
-    CResult<QUuid> add(const SProcessorProject &project, const QString &file, const CabinetLayout &saved);
+    using Opened = CResult<QUuid>;
+
+    Opened announced(const Opened &opened);
+    Opened read(const QString &file);
+    Opened makeDemo();
+    Opened put(const SProcessorProject &project, const QString &file, const CabinetLayout &saved);
+    CStatus write(const QUuid &processor, const QString &file);
     QUuid openedAs(const QString &file) const;
 
+    CDeviceServices &m_services;
     CDeviceTable &m_table;
 };

@@ -3,8 +3,7 @@
 #include "host/devices/CRedundancyPairs.h"
 
 #include "host/devices/CDeviceCommands.h"
-#include "host/devices/CDeviceManager.h"
-#include "host/devices/CMappingTransfer.h"
+#include "host/devices/services/CDeviceServices.h"
 
 #include <QSet>
 
@@ -31,8 +30,8 @@ void setPortPair(SDevice &device, int primary, int backup, bool paired)
 
 } // namespace
 
-CRedundancyPairs::CRedundancyPairs(CDeviceManager &manager, CDeviceCommands &commands)
-    : m_manager(manager)
+CRedundancyPairs::CRedundancyPairs(CDeviceServices &services, CDeviceCommands &commands)
+    : m_services(services)
     , m_commands(commands)
 {
 }
@@ -45,7 +44,7 @@ bool CRedundancyPairs::arePortsBlocked(const SDevice &device)
 CStatus CRedundancyPairs::portObstacle(const SDevice &device, int primary, int backup) const
 {
     const auto failure = [&device](const QString &reason) {
-        return CStatus::failure(CMappingTransfer::failureText(device, reason));
+        return CStatus::failure(device.failureText(reason));
     };
     if (!device.kind.portRedundancy)
         return failure(tr("It does not support port redundancy."));
@@ -67,22 +66,23 @@ CStatus CRedundancyPairs::portObstacle(const SDevice &device, int primary, int b
 
 CStatus CRedundancyPairs::pairPorts(int primary, int backup)
 {
-    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    const std::optional<SDevice> device = m_services.table().currentDevice();
     if (!device)
         return CStatus::failure(tr("There is no current processor."));
     CStatus status = portObstacle(*device, primary, backup);
     if (!status)
         return status;
-    m_manager.table().change(
+    m_services.table().change(
         device->node.uuid, [primary, backup](SDevice &known) { setPortPair(known, primary, backup, true); });
-    m_manager.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{primary, backup, true});
-    m_manager.announceCommit(device->node.uuid);
+    m_services.announcer().notify(LayoutNotification::PortBackupChanged,
+                                  SPortBackupChange{primary, backup, true});
+    m_services.announcer().announceCommit(device->node.uuid);
     return status;
 }
 
 CStatus CRedundancyPairs::separatePort(int port)
 {
-    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    const std::optional<SDevice> device = m_services.table().currentDevice();
     const RedundantPort *own = device ? device->working.layout().port(port) : nullptr;
     if (!own || own->redundancy == RedundantPort::NoRedundancy)
         return CStatus::failure(tr("Output port %1 has no redundancy.").arg(port + 1));
@@ -92,20 +92,20 @@ CStatus CRedundancyPairs::separatePort(int port)
     for (const int index : {primary, backup}) {
         const RedundantPort *member = device->working.layout().port(index);
         if (member && member->locked)
-            return CStatus::failure(
-                CMappingTransfer::failureText(*device, tr("Output port %1 is locked.").arg(index + 1)));
+            return CStatus::failure(device->failureText(tr("Output port %1 is locked.").arg(index + 1)));
     }
-    m_manager.table().change(
+    m_services.table().change(
         device->node.uuid, [primary, backup](SDevice &known) { setPortPair(known, primary, backup, false); });
-    m_manager.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{primary, backup, false});
-    m_manager.announceCommit(device->node.uuid);
+    m_services.announcer().notify(LayoutNotification::PortBackupChanged,
+                                  SPortBackupChange{primary, backup, false});
+    m_services.announcer().announceCommit(device->node.uuid);
     return CStatus::done();
 }
 
 QList<CRedundancyPairs::Pair> CRedundancyPairs::processors() const
 {
     QList<Pair> pairs;
-    for (const SDevice &device : m_manager.table().devices()) {
+    for (const SDevice &device : m_services.table().devices()) {
         if (!device.settings.primary.isNull())
             pairs << Pair(device.settings.primary, device.node.uuid);
     }
@@ -117,15 +117,13 @@ CStatus CRedundancyPairs::pairObstacle(const QList<Pair> &pairs) const
     QSet<QUuid> used;
     for (const Pair &pair : pairs) {
         for (const QUuid &member : {pair.first, pair.second}) {
-            const std::optional<SDevice> device = m_manager.table().device(member);
+            const std::optional<SDevice> device = m_services.table().device(member);
             if (!device || device->project || pair.first == pair.second)
                 return CStatus::failure(tr("A pair needs two processors of the network."));
             if (device->node.fiberTransceiver)
-                return CStatus::failure(
-                    CMappingTransfer::failureText(*device, tr("Fiber Optic Transceiver Mode is on")));
+                return CStatus::failure(device->failureText(tr("Fiber Optic Transceiver Mode is on")));
             if (used.contains(member))
-                return CStatus::failure(
-                    CMappingTransfer::failureText(*device, tr("It belongs to a pair already.")));
+                return CStatus::failure(device->failureText(tr("It belongs to a pair already.")));
             used.insert(member);
         }
     }
@@ -165,7 +163,7 @@ CStatus CRedundancyPairs::setPrimaries(const QList<Pair> &changes)
 {
     QList<Pair> undo;
     for (const Pair &change : changes) {
-        const std::optional<SDevice> device = m_manager.table().device(change.second);
+        const std::optional<SDevice> device = m_services.table().device(change.second);
         if (!device || device->settings.primary == change.first)
             continue;
         CStatus status = m_commands.setPrimary(change.second, change.first);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "host/devices/SDevice.h"
+#include "host/devices/services/SDevice.h"
 #include "platform/common/CResult.h"
 
 #include <QCoreApplication>
@@ -11,7 +11,7 @@
 #include <QUuid>
 
 class CDeviceCommands;
-class CDeviceManager;
+class CDeviceServices;
 
 /// Pairs that carry the same signal: output ports of the current processor, and whole processors. Any thread.
 class CRedundancyPairs final
@@ -22,7 +22,7 @@ public:
     /// (primary, redundancy)
     using Pair = QPair<QUuid, QUuid>;
 
-    CRedundancyPairs(CDeviceManager &manager, CDeviceCommands &commands);
+    CRedundancyPairs(CDeviceServices &services, CDeviceCommands &commands);
 
     CStatus pairPorts(int primary, int backup);
     CStatus separatePort(int port);
@@ -40,6 +40,6 @@ private:
     CStatus pairObstacle(const QList<Pair> &pairs) const;
     CStatus setPrimaries(const QList<Pair> &changes); ///< all or none
 
-    CDeviceManager &m_manager;
+    CDeviceServices &m_services;
     CDeviceCommands &m_commands;
 };

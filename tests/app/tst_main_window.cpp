@@ -4,8 +4,8 @@
 #include "host/app/CMainWindow.h"
 #include "host/app/CModuleHost.h"
 #include "host/app/SAppOptions.h"
-#include "host/devices/CDeviceJob.h"
 #include "host/devices/CDeviceTreeModel.h"
+#include "host/devices/jobs/CDeviceJob.h"
 #include "host/devices/simulated/CSimulatedProcessor.h"
 #include "layout/api/ILayoutInterface.h"
 #include "layout/api/records/RecordMetaTypes.h"
@@ -147,10 +147,10 @@ private Q_SLOTS:
         QVERIFY(showsText(
             window,
             QStringLiteral("The Layout module is missing: \"/nowhere/libLayout.so\" does not exist.")));
-        QSignalSpy detected(&window.manager(), &CDeviceManager::detectionFinished);
-        window.manager().detect();
+        QSignalSpy detected(&window.manager().jobs(), &CDeviceJobs::notifyDetected);
+        window.manager().jobs().detect();
         QVERIFY(detected.wait(PatienceMilliseconds));
-        window.manager().detect();
+        window.manager().jobs().detect();
         QVERIFY(window.close()); // nobody is asked whether a search may end
     }
 
@@ -164,11 +164,11 @@ private Q_SLOTS:
     void detectionShowsProgressAndProcessors()
     {
         QTest::mouseClick(visibleButton(m_window->devicePanel(), "Detect devices"), Qt::LeftButton);
-        QVERIFY(m_window->manager().currentJob());
+        QVERIFY(m_window->manager().jobs().current());
         QVERIFY(!action("Detect devices")->isEnabled());
         const auto *progress = m_window->findChild<QWidget *>(QStringLiteral("JobProgress"));
         QVERIFY(progress->isVisible());
-        QTRY_VERIFY(!m_window->manager().currentJob());
+        QTRY_VERIFY(!m_window->manager().jobs().current());
         QVERIFY(!progress->isVisible());
         QVERIFY(action("Detect devices")->isEnabled());
         for (const char *name :
@@ -241,7 +241,7 @@ private Q_SLOTS:
         const CabinetLayout read = m_window->manager().table().device(lobby)->working.layout();
         for (int port = 0; port < saved.ports.size(); ++port)
             QVERIFY(LayoutData::comparePortData(read.ports.at(port), saved.ports.at(port), true));
-        QVERIFY(!m_window->manager().isModified(lobby));
+        QVERIFY(!m_window->manager().table().isModified(lobby));
         action("Refuse requests")->trigger();
         QCOMPARE(reportOf("Read"), QStringLiteral("Read mapping failed."));
         action("No faults")->trigger();
@@ -300,7 +300,7 @@ private Q_SLOTS:
         const QUuid demo = m_window->devicePanel().singleProcessor();
         QVERIFY(action("Save project")->isEnabled()); // it has no file yet
         QVERIFY(!action("Silent")->isEnabled());      // and no device
-        QVERIFY(m_window->manager().saveProject(demo, file));
+        QVERIFY(m_window->manager().projects().save(demo, file));
         action("Close project")->trigger();
         QVERIFY(!nodeNamed(QStringLiteral("Demo wall")).isValid());
         QVERIFY(!action("Close project")->isEnabled());
@@ -322,10 +322,10 @@ private Q_SLOTS:
         const quint64 before = m_window->manager().table().device(arena)->revision;
         m_window->manager().simulate(arena, SimulationFault::Slow, true);
         QTest::mouseClick(visibleButton(*m_window, "Save"), Qt::LeftButton);
-        QVERIFY(m_window->manager().currentJob());
+        QVERIFY(m_window->manager().jobs().current());
         const CMessageBoxAnswerer user({QStringLiteral("No"), QStringLiteral("Yes")});
         QVERIFY(!m_window->close());
-        QVERIFY(m_window->manager().currentJob());
+        QVERIFY(m_window->manager().jobs().current());
         QCOMPARE(
             user.texts().first(),
             QStringLiteral("The mapping is still being saved to Arena(192.168.10.80). Quit and stop it?"));
@@ -333,10 +333,10 @@ private Q_SLOTS:
         QVERIFY(m_window->close());
         QCOMPARE(user.boxes().size(), 2);
         m_window->shutDown();
-        QVERIFY(!m_window->manager().currentJob());
+        QVERIFY(!m_window->manager().jobs().current());
         CCancelToken token;
         quint64 kept = 0;
-        QCOMPARE(m_window->manager().device(arena)->revision(token, kept), DeviceError::None);
+        QCOMPARE(m_window->manager().services().device(arena)->revision(token, kept), DeviceError::None);
         QCOMPARE(kept, before); // the job was cancelled, not waited for
         m_window.reset();
     }

@@ -28,19 +28,21 @@ struct SBench
     CAppSettings settings;
     QWidget window;
     std::function<void()> pending; ///< edits that the module has not handed over yet
-    CProjectCommands commands{manager, settings, window, [this] { flush(); }};
+    CProjectCommands commands{manager.services(), manager.projects(), settings, window};
 
-    void flush()
+    SBench()
     {
-        if (pending)
-            std::exchange(pending, nullptr)();
+        manager.services().setFlush([this] {
+            if (pending)
+                std::exchange(pending, nullptr)();
+        });
     }
 
     /// A project in a file, with a change that is not saved.
     QUuid editedProject(const QString &name)
     {
-        const QUuid project = manager.openDemo().value();
-        Q_UNUSED(manager.saveProject(project, folder.filePath(name)));
+        const QUuid project = manager.projects().openDemo().value();
+        Q_UNUSED(manager.projects().save(project, folder.filePath(name)));
         manager.table().change(project, [](SDevice &device) { device.settings.frameRate = 50; });
         return project;
     }
@@ -48,8 +50,8 @@ struct SBench
     /// A project in a file, with a change that the module still holds.
     QUuid projectBeingEdited(const QString &name)
     {
-        const QUuid project = manager.openDemo().value();
-        Q_UNUSED(manager.saveProject(project, folder.filePath(name)));
+        const QUuid project = manager.projects().openDemo().value();
+        Q_UNUSED(manager.projects().save(project, folder.filePath(name)));
         pending = [this, project] {
             manager.table().change(project, [](SDevice &device) { device.settings.frameRate = 50; });
         };
@@ -86,7 +88,7 @@ private Q_SLOTS:
         QCOMPARE(bench.commands.close(project), closed);
         QCOMPARE(user.boxes().size(), 1);
         QVERIFY(user.texts().first().contains(QStringLiteral("Demo wall")));
-        QCOMPARE(bench.manager.isProject(project), !closed);
+        QCOMPARE(bench.manager.table().isProject(project), !closed);
         const auto saved = CProcessorProject::read(bench.folder.filePath(QStringLiteral("wall.sprj")));
         QVERIFY(saved);
         QCOMPARE(saved.value().frameRate, frameRateInFile);
@@ -102,8 +104,8 @@ private Q_SLOTS:
         QVERIFY(!bench.commands.close(project));
         QCOMPARE(user.texts().last(), QStringLiteral("The project cannot be saved."));
         QVERIFY(user.boxes().last().details.contains(QStringLiteral("/nowhere/wall.sprj")));
-        QVERIFY(bench.manager.isProject(project));
-        QVERIFY(bench.manager.isModified(project));
+        QVERIFY(bench.manager.table().isProject(project));
+        QVERIFY(bench.manager.table().isModified(project));
     }
 
     void editsThatTheModuleStillHoldsAreSaved_data()
@@ -133,7 +135,7 @@ private Q_SLOTS:
         SBench bench;
         bench.editedProject(QStringLiteral("a.sprj"));
         bench.editedProject(QStringLiteral("b.sprj"));
-        Q_UNUSED(bench.manager.openDemo()); // without changes nobody is asked
+        Q_UNUSED(bench.manager.projects().openDemo()); // without changes nobody is asked
         {
             CMessageBoxAnswerer user({QStringLiteral("Discard"), QStringLiteral("Cancel")});
             QVERIFY(!bench.commands.confirmQuit());
@@ -164,7 +166,7 @@ private Q_SLOTS:
     {
         SBench bench;
         const QString good = bench.folder.filePath(QStringLiteral("wall.sprj"));
-        QVERIFY(bench.manager.saveProject(bench.manager.openDemo().value(), good));
+        QVERIFY(bench.manager.projects().save(bench.manager.projects().openDemo().value(), good));
         const QString missing = bench.folder.filePath(QStringLiteral("missing.sprj"));
         bench.settings.addRecentProject(missing);
         QSignalSpy opened(&bench.commands, &CProjectCommands::notifyOpened);
@@ -195,9 +197,9 @@ private Q_SLOTS:
         QVERIFY(CProcessorKinds::builtIn().find(project.kind)->ports >= 3);
 
         SBench bench;
-        const auto added = bench.manager.addProject(project);
+        const auto added = bench.manager.projects().add(project);
         QVERIFY(added);
-        QVERIFY(bench.manager.isModified(added.value())); // nobody has saved it
+        QVERIFY(bench.manager.table().isModified(added.value())); // nobody has saved it
     }
 
     void aTypeSetsTheSizeUntilItIsEdited()

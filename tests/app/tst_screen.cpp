@@ -215,12 +215,12 @@ private Q_SLOTS:
     {
         const QTemporaryDir folder;
         CDeviceManager manager({folder.path(), 0.0});
-        const QUuid one = manager.openDemo().value();
-        const QUuid other = manager.openDemo().value();
+        const QUuid one = manager.projects().openDemo().value();
+        const QUuid other = manager.projects().openDemo().value();
         const auto select = [&manager](const QUuid &uuid) {
-            manager.select({uuid}, PrcTreeNodeType::Processor);
+            manager.services().select({uuid}, PrcTreeNodeType::Processor);
         };
-        CScreenWindow screen(manager);
+        CScreenWindow screen(manager.services());
         auto &picture = *screen.findChild<CScreenPicture *>();
         select(one);
         picture.setWall(manager.table().device(one)->data(), {});
@@ -228,16 +228,17 @@ private Q_SLOTS:
         const QImage calm = paint(picture, size);
         const auto cabinets = manager.table().device(one)->working.layout().ports.first().looseCabinets();
         const auto highlight = [&](const QUuid &uuid) {
-            Q_EMIT manager.highlightChanged(uuid, {cabinets.first()}, CabinetHighlight::FlashingBox);
+            manager.announcer().announceHighlight(uuid, {cabinets.first()}, CabinetHighlight::FlashingBox);
+            QCoreApplication::processEvents(); // it is announced later
         };
 
-        Q_EMIT manager.numbersShownChanged(other, true);
+        manager.announcer().announceNumbersShown(other, true);
         highlight(other);
         QCOMPARE(paint(picture, size), calm);
-        Q_EMIT manager.numbersShownChanged(one, true);
+        manager.announcer().announceNumbersShown(one, true);
         const QImage numbered = paint(picture, size);
         QVERIFY(numbered != calm);
-        Q_EMIT manager.numbersShownChanged(other, false);
+        manager.announcer().announceNumbersShown(other, false);
         QCOMPARE(paint(picture, size), numbered);
         highlight(one);
         QVERIFY(paint(picture, size) != numbered);

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/devices/CDeviceFixture.h"
 
-#include "host/devices/CSimulatedPark.h"
+#include "host/devices/services/CSimulatedPark.h"
 #include "host/library/CTypeLibrary.h"
 #include "tests/harness/CTestBase.h"
 
@@ -100,9 +100,9 @@ QString CNotificationLog::waitFor(int code)
 
 CDeviceFixture::CDeviceFixture(double delayScale, const QString &stateFolder)
     : manager({stateFolder.isEmpty() ? folder.path() : stateFolder, delayScale})
-    , handler(manager, CTypeLibrary::builtIn())
+    , handler(manager.services(), manager.jobs(), CTypeLibrary::builtIn())
 {
-    manager.subject().attach(log);
+    manager.announcer().subject().attach(log);
     if (delayScale <= 0) {
         detect();
         log.waitFor(static_cast<int>(LayoutNotification::DetectFinished)); // its last notification
@@ -112,7 +112,7 @@ CDeviceFixture::CDeviceFixture(double delayScale, const QString &stateFolder)
 CDeviceFixture::~CDeviceFixture()
 {
     manager.stop();
-    manager.subject().detach(log);
+    manager.announcer().subject().detach(log);
 }
 
 QUuid CDeviceFixture::named(const char *name) const
@@ -126,7 +126,7 @@ QUuid CDeviceFixture::named(const char *name) const
 
 void CDeviceFixture::select(const QUuid &processor)
 {
-    manager.select({processor}, PrcTreeNodeType::Processor);
+    manager.services().select({processor}, PrcTreeNodeType::Processor);
 }
 
 CabinetLayout CDeviceFixture::layoutOf(const QUuid &processor) const
@@ -134,7 +134,7 @@ CabinetLayout CDeviceFixture::layoutOf(const QUuid &processor) const
     return handler.layoutData(processor).layout;
 }
 
-SDeviceOutcome CDeviceFixture::outcomeOf(const std::function<void(CDeviceManager::Done)> &start)
+SDeviceOutcome CDeviceFixture::outcomeOf(const std::function<void(CDeviceJobs::Done)> &start)
 {
     std::optional<SDeviceOutcome> ended;
     start([&ended](const SDeviceOutcome &outcome) { ended = outcome; });
@@ -145,12 +145,12 @@ SDeviceOutcome CDeviceFixture::outcomeOf(const std::function<void(CDeviceManager
 
 SDeviceOutcome CDeviceFixture::detect()
 {
-    return outcomeOf([this](CDeviceManager::Done done) { manager.detect(std::move(done)); });
+    return outcomeOf([this](CDeviceJobs::Done done) { manager.jobs().detect(std::move(done)); });
 }
 
 QUuid CDeviceFixture::detectAlone(const char *name)
 {
-    for (const auto &processor : manager.park().processors()) {
+    for (const auto &processor : manager.services().park().processors()) {
         const bool wanted = processor->identity().name == QLatin1String(name);
         manager.simulate(processor->identity().uuid, SimulationFault::Offline, !wanted);
     }
@@ -160,13 +160,14 @@ QUuid CDeviceFixture::detectAlone(const char *name)
 
 SDeviceOutcome CDeviceFixture::save(const QUuid &processor)
 {
-    return outcomeOf([&](CDeviceManager::Done done) { manager.saveMapping({processor}, std::move(done)); });
+    return outcomeOf(
+        [&](CDeviceJobs::Done done) { manager.jobs().saveMapping({processor}, std::move(done)); });
 }
 
 SDeviceOutcome CDeviceFixture::read(const QUuid &processor)
 {
     return outcomeOf(
-        [&](CDeviceManager::Done done) { manager.readMapping({processor}, {}, std::move(done)); });
+        [&](CDeviceJobs::Done done) { manager.jobs().readMapping({processor}, {}, std::move(done)); });
 }
 
 void CDeviceFixture::addFaultRows()

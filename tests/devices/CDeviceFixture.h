@@ -37,7 +37,7 @@ struct CDeviceFixture
     void select(const QUuid &processor);
     CabinetLayout layoutOf(const QUuid &processor) const;
     /// Lets @p start begin a job and waits for its outcome.
-    SDeviceOutcome outcomeOf(const std::function<void(CDeviceManager::Done)> &start);
+    SDeviceOutcome outcomeOf(const std::function<void(CDeviceJobs::Done)> &start);
     SDeviceOutcome detect();
     /// Switches all processors of the park off but that one, and detects it: quick although delays are long.
     QUuid detectAlone(const char *name);

@@ -35,7 +35,8 @@ private Q_SLOTS:
         QVERIFY(!m_host->log.waitFor(28).isEmpty());
         m_file = m_host->folder.filePath(QStringLiteral("cabinet.rcvbp"));
         m_highlights = 0;
-        connect(&m_host->manager, &CDeviceManager::highlightChanged, this, [this] { ++m_highlights; });
+        connect(&m_host->manager.announcer(), &CDeviceAnnouncer::notifyHighlightChanged, this,
+                [this] { ++m_highlights; });
     }
     void cleanup()
     {

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/CDeviceJob.h"
-#include "host/devices/CJobRunner.h"
-#include "host/devices/CMailbox.h"
+#include "host/devices/jobs/CDeviceJob.h"
+#include "host/devices/jobs/CJobRunner.h"
+#include "host/devices/services/CMailbox.h"
 #include "host/devices/simulated/CSimulatedProcessor.h"
 #include "tests/devices/CDeviceFixture.h"
 #include "tests/harness/CTestBase.h"
@@ -52,14 +52,14 @@ private Q_SLOTS:
         QCOMPARE(saved.result, SDeviceOutcome::Failed);
         QCOMPARE(saved.text, QStringLiteral("Lobby(192.168.10.11): ") + saving);
         QVERIFY(host.layoutOf(lobby) == edited);
-        QVERIFY(host.manager.isModified(lobby));
+        QVERIFY(host.manager.table().isModified(lobby));
         QCOMPARE(host.handler.getProcessorNode(lobby).online, online);
         if (!online)
             QVERIFY(host.log.waitFor(22).endsWith(QLatin1String(" 0")));
 
         host.manager.simulate(lobby, static_cast<SimulationFault>(fault), false);
         QVERIFY(host.save(lobby).isDone());
-        QVERIFY(!host.manager.isModified(lobby));
+        QVERIFY(!host.manager.table().isModified(lobby));
     }
 
     void aSavedMappingIsThereAfterARestart()
@@ -74,7 +74,7 @@ private Q_SLOTS:
         }
         CDeviceFixture host(0, folder.path());
         QVERIFY(host.layoutOf(host.named("Main stage")) == saved);
-        QVERIFY(!host.manager.isModified(host.named("Main stage")));
+        QVERIFY(!host.manager.table().isModified(host.named("Main stage")));
     }
 
     void asksBeforeItOverwritesAChangeFromElsewhere()
@@ -86,16 +86,16 @@ private Q_SLOTS:
         QStringList questions;
         bool onGuiThread = true;
         bool answer = false;
-        host.manager.setConfirm([&](const QString &text) {
+        host.manager.jobs().setConfirm([&](const QString &text) {
             onGuiThread = onGuiThread && QThread::currentThread() == qApp->thread();
             questions << text;
             return answer;
         });
         QCOMPARE(host.save(lobby).result, SDeviceOutcome::Cancelled);
-        QVERIFY(host.manager.isModified(lobby));
+        QVERIFY(host.manager.table().isModified(lobby));
         answer = true;
         QCOMPARE(host.save(lobby).result, SDeviceOutcome::Done);
-        QVERIFY(!host.manager.isModified(lobby));
+        QVERIFY(!host.manager.table().isModified(lobby));
         QVERIFY(onGuiThread);
         QCOMPARE(questions.size(), 2);
         QVERIFY(questions.first().startsWith(QLatin1String("Lobby(192.168.10.11): The mapping was changed")));
@@ -132,9 +132,9 @@ private Q_SLOTS:
         QVERIFY(host.read(lobby).isDone()); // nobody to ask: No
         QVERIFY(host.layoutOf(lobby).ports.at(1) == edited.ports.at(1));
         QVERIFY(host.layoutOf(lobby).ports.at(2) != edited.ports.at(2));
-        host.manager.setConfirm([](const QString &) { return true; });
+        host.manager.jobs().setConfirm([](const QString &) { return true; });
         QVERIFY(host.read(lobby).isDone());
-        QVERIFY(!host.manager.isModified(lobby));
+        QVERIFY(!host.manager.table().isModified(lobby));
     }
 
     void anEditDuringAReadIsKept()
@@ -145,14 +145,14 @@ private Q_SLOTS:
         data.layout.ports[1].locked = true;
         host.handler.commitLayoutData(data);
         host.edit(lobby, 1); // so that the read stops for a question
-        host.manager.setConfirm([&host, lobby](const QString &) {
+        host.manager.jobs().setConfirm([&host, lobby](const QString &) {
             host.edit(lobby, 2);
             return true;
         });
         const SDeviceOutcome outcome = host.read(lobby);
         QCOMPARE(outcome.result, SDeviceOutcome::Failed);
         QVERIFY(outcome.text.contains(QLatin1String("was edited while the mapping was read")));
-        QVERIFY(host.manager.isModified(lobby));
+        QVERIFY(host.manager.table().isModified(lobby));
     }
 
     void savingAllGoesOnWhereOneFails()
@@ -164,12 +164,12 @@ private Q_SLOTS:
         host.edit(stage);
         host.select(lobby);
         host.manager.simulate(lobby, SimulationFault::Refuse, true);
-        const SDeviceOutcome outcome = host.outcomeOf([&](CDeviceManager::Done done) {
+        const SDeviceOutcome outcome = host.outcomeOf([&](CDeviceJobs::Done done) {
             host.handler.saveMapping(ReadSaveMappingRole::All, host.handler.layoutData(lobby), done);
         });
         QCOMPARE(outcome.text, QStringLiteral("Lobby(192.168.10.11): The processor refused the request."));
-        QVERIFY(host.manager.isModified(lobby));
-        QVERIFY(!host.manager.isModified(stage));
+        QVERIFY(host.manager.table().isModified(lobby));
+        QVERIFY(!host.manager.table().isModified(stage));
     }
 
     void savingAllLeavesWhatWasNeverOpenedAlone()
@@ -183,7 +183,7 @@ private Q_SLOTS:
         LayoutData nothing;
         nothing.processor = foyer;
         const quint64 revision = host.manager.table().device(balcony)->revision;
-        const SDeviceOutcome outcome = host.outcomeOf([&](CDeviceManager::Done done) {
+        const SDeviceOutcome outcome = host.outcomeOf([&](CDeviceJobs::Done done) {
             host.handler.saveMapping(ReadSaveMappingRole::All, nothing, done);
         });
         QVERIFY2(outcome.isDone(), qPrintable(outcome.text));
@@ -191,7 +191,7 @@ private Q_SLOTS:
             QVERIFY2(!device.isModified(), qPrintable(device.node.name));
         CCancelToken token;
         quint64 kept = 0;
-        QCOMPARE(host.manager.device(balcony)->revision(token, kept), DeviceError::None);
+        QCOMPARE(host.manager.services().device(balcony)->revision(token, kept), DeviceError::None);
         QCOMPARE(kept, revision);
     }
 
@@ -207,21 +207,22 @@ private Q_SLOTS:
         LayoutData foreign = host.handler.layoutData(lobby);
         foreign.processor = host.named("Balcony");
         host.handler.commitLayoutData(foreign);
-        QVERIFY(!host.manager.isModified(foreign.processor));
+        QVERIFY(!host.manager.table().isModified(foreign.processor));
     }
 
     void runsOneJobAtATime()
     {
         CDeviceFixture host(0.2);
         int started = 0;
-        connect(&host.manager, &CDeviceManager::jobStarted, &host.manager, [&started] { ++started; });
-        host.manager.detect();
-        QVERIFY(host.manager.currentJob());
+        connect(&host.manager.jobs(), &CDeviceJobs::notifyStarted, &host.manager.jobs(),
+                [&started] { ++started; });
+        host.manager.jobs().detect();
+        QVERIFY(host.manager.jobs().current());
         const SDeviceOutcome second = host.detect();
         QCOMPARE(second.result, SDeviceOutcome::Failed);
         QCOMPARE(second.text,
                  QStringLiteral("\"Detect devices\" is running. Wait until it has ended, or cancel it."));
-        QTRY_VERIFY(!host.manager.currentJob());
+        QTRY_VERIFY(!host.manager.jobs().current());
         QCOMPARE(started, 1);
     }
 
@@ -232,7 +233,7 @@ private Q_SLOTS:
         host.edit(arena);
         const CabinetLayout edited = host.layoutOf(arena);
         host.manager.simulate(arena, SimulationFault::Slow, true);
-        connect(&host.manager, &CDeviceManager::jobStarted, &host.manager, [](CDeviceJob *job) {
+        connect(&host.manager.jobs(), &CDeviceJobs::notifyStarted, &host.manager.jobs(), [](CDeviceJob *job) {
             connect(job, &CDeviceJob::notifyProgress, job, [job](int percent) {
                 if (percent >= 10)
                     job->cancel();
@@ -243,7 +244,7 @@ private Q_SLOTS:
             QVERIFY(outcome.text.isEmpty());
         }
         QVERIFY(host.layoutOf(arena) == edited);
-        QVERIFY(host.manager.isModified(arena));
+        QVERIFY(host.manager.table().isModified(arena));
     }
 
     void stoppingEndsARunningJob_data()
@@ -261,19 +262,19 @@ private Q_SLOTS:
         host.edit(lobby);
         host.manager.simulate(lobby, static_cast<SimulationFault>(fault), true);
         int asked = 0;
-        host.manager.setConfirm([&asked](const QString &) { return ++asked > 0; });
+        host.manager.jobs().setConfirm([&asked](const QString &) { return ++asked > 0; });
         QList<SDeviceOutcome::Result> results;
-        host.manager.saveMapping({lobby},
-                                 [&results](const SDeviceOutcome &outcome) { results << outcome.result; });
+        host.manager.jobs().saveMapping(
+            {lobby}, [&results](const SDeviceOutcome &outcome) { results << outcome.result; });
         QElapsedTimer timer;
         timer.start();
         host.manager.stop();
         QVERIFY(timer.elapsed() < 5000); // the job would take longer
         QCOMPARE(results, QList<SDeviceOutcome::Result>{SDeviceOutcome::Cancelled});
         QCOMPARE(asked, 0);
-        QVERIFY(!host.manager.currentJob());
-        host.manager.saveMapping({lobby},
-                                 [&results](const SDeviceOutcome &outcome) { results << outcome.result; });
+        QVERIFY(!host.manager.jobs().current());
+        host.manager.jobs().saveMapping(
+            {lobby}, [&results](const SDeviceOutcome &outcome) { results << outcome.result; });
         QCOMPARE(results.last(), SDeviceOutcome::Failed); // nothing starts any more
     }
 
@@ -301,8 +302,8 @@ private Q_SLOTS:
         int beats = 0;
         QTimer heart;
         connect(&heart, &QTimer::timeout, &heart, [&beats, &host] {
-            if (++beats % 10 == 0 && host.manager.currentJob())
-                host.manager.currentJob()->cancel();
+            if (++beats % 10 == 0 && host.manager.jobs().current())
+                host.manager.jobs().current()->cancel();
         });
         heart.start(1);
         QCOMPARE(host.detect().result, SDeviceOutcome::Cancelled);
@@ -315,12 +316,13 @@ private Q_SLOTS:
         const QUuid lobby = host.named("Lobby");
         SMappingOptions options;
         options.realtime = true;
-        host.outcomeOf(
-            [&](CDeviceManager::Done done) { host.manager.readMapping({lobby}, options, std::move(done)); });
+        host.outcomeOf([&](CDeviceJobs::Done done) {
+            host.manager.jobs().readMapping({lobby}, options, std::move(done));
+        });
         const CabinetLayout before = host.layoutOf(lobby);
         host.manager.simulate(lobby, SimulationFault::Changed, true);
         QTRY_VERIFY(host.layoutOf(lobby) != before);
-        QTRY_VERIFY(!host.manager.currentJob());
+        QTRY_VERIFY(!host.manager.jobs().current());
     }
 
     void aRealtimeReadWaitsForTheRunningJob()
@@ -329,14 +331,15 @@ private Q_SLOTS:
         const QUuid lobby = host.named("Lobby");
         SMappingOptions options;
         options.realtime = true;
-        host.outcomeOf(
-            [&](CDeviceManager::Done done) { host.manager.readMapping({lobby}, options, std::move(done)); });
+        host.outcomeOf([&](CDeviceJobs::Done done) {
+            host.manager.jobs().readMapping({lobby}, options, std::move(done));
+        });
         const CabinetLayout before = host.layoutOf(lobby);
-        host.manager.saveMapping({host.named("Arena")});
-        QVERIFY(host.manager.currentJob());
+        host.manager.jobs().saveMapping({host.named("Arena")});
+        QVERIFY(host.manager.jobs().current());
         host.manager.simulate(lobby, SimulationFault::Changed, true);
         QTRY_VERIFY(host.layoutOf(lobby) != before);
-        QTRY_VERIFY(!host.manager.currentJob());
+        QTRY_VERIFY(!host.manager.jobs().current());
     }
 };
 

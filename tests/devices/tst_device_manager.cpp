@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
 #include "host/devices/CDeviceTreeModel.h"
-#include "host/devices/CSimulatedPark.h"
+#include "host/devices/services/CSimulatedPark.h"
 #include "host/projects/CProcessorProject.h"
 #include "tests/devices/CDeviceFixture.h"
 #include "tests/harness/CTestBase.h"
@@ -34,7 +34,7 @@ private Q_SLOTS:
         QVERIFY(!host.handler.getProcessorNode(host.named("Foyer")).online);
         QVERIFY(host.handler.isFiberTransceiverMode(host.named("Balcony")));
         QCOMPARE(host.layoutOf(host.named("Main stage")).cabinetCount(), 240);
-        QVERIFY(!host.manager.isModified(host.named("Main stage")));
+        QVERIFY(!host.manager.table().isModified(host.named("Main stage")));
     }
 
     void detectingAgainKeepsEditsAndTakesChanges()
@@ -74,7 +74,7 @@ private Q_SLOTS:
     void aDetectionThatFailsSomewhereSaysWhere()
     {
         CDeviceFixture host(0.01);
-        for (const auto &processor : host.manager.park().processors())
+        for (const auto &processor : host.manager.services().park().processors())
             host.manager.simulate(processor->identity().uuid, SimulationFault::Damaged,
                                   processor->identity().name == QLatin1String("Lobby"));
         const SDeviceOutcome outcome = host.detect();
@@ -91,7 +91,7 @@ private Q_SLOTS:
         const QUuid right = host.named("Side right");
         const QString leftArea = idOf(left) + QStringLiteral(":0,0,1920,2304");
         const QString rightArea = idOf(right) + QStringLiteral(":1920,0,1920,2304");
-        QSignalSpy current(&host.manager, &CDeviceManager::currentProcessorChanged);
+        QSignalSpy current(&host.manager.announcer(), &CDeviceAnnouncer::notifyCurrentProcessorChanged);
 
         host.select(left);
         QCOMPARE(host.log.waitFor(26), QStringLiteral("26 ") + idOf(left));
@@ -99,14 +99,14 @@ private Q_SLOTS:
         QCOMPARE(host.handler.currentProcessorNode().uuid, left);
         QCOMPARE(host.handler.currentProcessorPorts().size(), 20);
 
-        host.manager.select({left, right}, PrcTreeNodeType::Group);
+        host.manager.services().select({left, right}, PrcTreeNodeType::Group);
         QCOMPARE(host.log.waitFor(26), QStringLiteral("26 ") + idOf(QUuid()));
         QCOMPARE(host.log.waitFor(28), QStringLiteral("28 1 %1 %2").arg(leftArea, rightArea));
         QCOMPARE(host.handler.selectedProcessors().size(), 2);
         QVERIFY(host.handler.currentProcessorNode().uuid.isNull());
         QVERIFY(host.handler.currentProcessorPorts().isEmpty());
 
-        host.manager.select({}, PrcTreeNodeType::Other);
+        host.manager.services().select({}, PrcTreeNodeType::Other);
         QCOMPARE(host.log.waitFor(28), QStringLiteral("28 2"));
         QCOMPARE(current.size(), 2); // it was null already
     }
@@ -117,14 +117,14 @@ private Q_SLOTS:
         int served = 0;
         const auto serve = [&] {
             QMetaObject::invokeMethod(
-                &host.manager, [&served] { ++served; }, Qt::QueuedConnection);
+                qApp, [&served] { ++served; }, Qt::QueuedConnection);
         };
         serve();
-        const QUuid demo = host.manager.openDemo().value();
+        const QUuid demo = host.manager.projects().openDemo().value();
         QCOMPARE(served, 1);
         serve();
         const QString file = host.folder.filePath(QStringLiteral("wall.sprj"));
-        QVERIFY(bool(host.manager.saveProject(demo, file)));
+        QVERIFY(bool(host.manager.projects().save(demo, file)));
         QCOMPARE(served, 2);
         serve();
         QVERIFY(host.handler.importProcessorMapping(demo, file, false));
@@ -134,40 +134,40 @@ private Q_SLOTS:
     void theDemoWallIsAProjectThatCanBeSavedAndOpenedAgain()
     {
         CDeviceFixture host;
-        const QUuid demo = host.manager.openDemo().value();
+        const QUuid demo = host.manager.projects().openDemo().value();
         QCOMPARE(host.layoutOf(demo).cabinetCount(), 240);
         QCOMPARE(host.handler.outputPortCount(demo), 16);
         QVERIFY(host.handler.getProcessorNode(demo).online);
         host.edit(demo);
-        QVERIFY(host.manager.isModified(demo));
+        QVERIFY(host.manager.table().isModified(demo));
         const QString file = host.folder.filePath(QStringLiteral("wall.sprj"));
-        const CStatus saved = host.manager.saveProject(demo, file);
+        const CStatus saved = host.manager.projects().save(demo, file);
         QVERIFY2(bool(saved), qPrintable(saved.error()));
-        QVERIFY(!host.manager.isModified(demo));
-        QCOMPARE(host.manager.projectFile(demo), file);
-        QCOMPARE(host.manager.openProject(file).value(), demo); // it is open
+        QVERIFY(!host.manager.table().isModified(demo));
+        QCOMPARE(host.manager.projects().fileOf(demo), file);
+        QCOMPARE(host.manager.projects().open(file).value(), demo); // it is open
         const CabinetLayout layout = host.layoutOf(demo);
 
         host.select(demo);
         QVERIFY(!host.log.waitFor(28).isEmpty());
-        host.manager.closeProject(demo);
+        host.manager.projects().close(demo);
         QCOMPARE(host.log.waitFor(26), QStringLiteral("26 ") + idOf(QUuid()));
         QCOMPARE(host.log.waitFor(15), QStringLiteral("15 ") + idOf(demo));
         QVERIFY(!host.manager.table().contains(demo));
 
-        const CResult<QUuid> again = host.manager.openProject(file);
+        const CResult<QUuid> again = host.manager.projects().open(file);
         QVERIFY2(bool(again), qPrintable(again.error()));
         QCOMPARE(host.layoutOf(again.value()).ports.size(), layout.ports.size());
         for (int port = 0; port < layout.ports.size(); ++port)
             QVERIFY(LayoutData::comparePortData(host.layoutOf(again.value()).ports.at(port),
                                                 layout.ports.at(port), true));
-        QVERIFY(!host.manager.isModified(again.value()));
+        QVERIFY(!host.manager.table().isModified(again.value()));
     }
 
     void aProjectHasNothingToSaveTo()
     {
         CDeviceFixture host;
-        const QUuid demo = host.manager.openDemo().value();
+        const QUuid demo = host.manager.projects().openDemo().value();
         for (const auto &outcome : {host.save(demo), host.read(demo)}) {
             QCOMPARE(outcome.result, SDeviceOutcome::Failed);
             QVERIFY(outcome.text.startsWith(QLatin1String("Demo wall: A project has no processor to ")));
@@ -179,7 +179,7 @@ private Q_SLOTS:
         CDeviceFixture host;
         const int before = host.manager.table().devices().size();
         const QString file = host.folder.filePath(QStringLiteral("broken.sprj"));
-        const CResult<QUuid> missing = host.manager.openProject(file);
+        const CResult<QUuid> missing = host.manager.projects().open(file);
         QVERIFY(!missing);
         QVERIFY(missing.error().contains(file));
         SProcessorProject project;
@@ -190,7 +190,7 @@ private Q_SLOTS:
         project.layout.processor = QUuid::createUuid();
         const CStatus written = CProcessorProject::write(file, project);
         QVERIFY2(bool(written), qPrintable(written.error()));
-        const CResult<QUuid> unknown = host.manager.openProject(file);
+        const CResult<QUuid> unknown = host.manager.projects().open(file);
         QVERIFY(!unknown);
         QVERIFY(unknown.error().contains(QLatin1String("unheard-of")));
         QCOMPARE(host.manager.table().devices().size(), before);
@@ -201,7 +201,7 @@ private Q_SLOTS:
         CDeviceFixture host;
         const QList<SDevice> copies = host.manager.table().devices();
         const bool online = copies.first().node.online;
-        host.manager.setOnline(copies.first().node.uuid, !online);
+        host.manager.services().setOnline(copies.first().node.uuid, !online);
         QCOMPARE(copies.first().node.online, online);
         QCOMPARE(host.handler.getProcessorNode(copies.first().node.uuid).online, !online);
     }
@@ -212,14 +212,14 @@ private Q_SLOTS:
         const auto nameOf = [&host](const QUuid &project) {
             return host.manager.treeModel().indexOf(project).data(CDeviceTreeModel::NameRole).toString();
         };
-        const QUuid first = host.manager.openDemo().value();
+        const QUuid first = host.manager.projects().openDemo().value();
         const auto save = [&host](const QUuid &project, const char *name) {
             QVERIFY(QDir(host.folder.path()).mkpath(QStringLiteral("a")));
-            QVERIFY(host.manager.saveProject(project, host.folder.filePath(QLatin1String(name))));
+            QVERIFY(host.manager.projects().save(project, host.folder.filePath(QLatin1String(name))));
         };
         save(first, "wall.sprj");
         QCOMPARE(nameOf(first), QStringLiteral("Demo wall"));
-        const QUuid second = host.manager.openDemo().value();
+        const QUuid second = host.manager.projects().openDemo().value();
         save(second, "copy.sprj");
         QCOMPARE(nameOf(first), QStringLiteral("Demo wall [wall.sprj]"));
         QCOMPARE(nameOf(second), QStringLiteral("Demo wall [copy.sprj]"));
@@ -228,7 +228,7 @@ private Q_SLOTS:
                  QStringLiteral("Demo wall [%1/wall.sprj]").arg(QDir(host.folder.path()).dirName()));
         QCOMPARE(nameOf(second), QStringLiteral("Demo wall [a/wall.sprj]"));
         QCOMPARE(host.handler.getProcessorNode(second).displayText(), QStringLiteral("Demo wall"));
-        host.manager.closeProject(first);
+        host.manager.projects().close(first);
         QCOMPARE(nameOf(second), QStringLiteral("Demo wall"));
     }
 
@@ -237,7 +237,7 @@ private Q_SLOTS:
         CDeviceFixture host;
         CDeviceTreeModel &tree = host.manager.treeModel();
         QAbstractItemModelTester tester(&tree, QAbstractItemModelTester::FailureReportingMode::QtTest);
-        const QUuid demo = host.manager.openDemo().value();
+        const QUuid demo = host.manager.projects().openDemo().value();
         const QModelIndex projects = tree.index(0, 0);
         const QModelIndex devices = tree.index(1, 0);
         QCOMPARE(projects.data().toString(), QStringLiteral("Projects"));
@@ -264,7 +264,7 @@ private Q_SLOTS:
         host.edit(demo);
         QTRY_VERIFY(tree.indexOf(demo).data(CDeviceTreeModel::ModifiedRole).toBool());
         QCOMPARE(resets.size(), 0); // a view keeps its selection
-        host.manager.closeProject(demo);
+        host.manager.projects().close(demo);
         QCOMPARE(resets.size(), 1);
     }
 
@@ -290,7 +290,8 @@ private Q_SLOTS:
             LayoutData data = host.handler.layoutData(lobby);
             data.layout.ports[0].groups[0].cabinets[0].rect.setSize({width, 1000});
             host.handler.commitLayoutData(data);
-            host.manager.notify(LayoutNotification::PortCountChanged); // comes behind all that a commit sends
+            host.manager.announcer().notify(
+                LayoutNotification::PortCountChanged); // comes behind all that a commit sends
             told.clear();
             QTRY_VERIFY((told += host.log.take()).contains(QStringLiteral("25")));
         }
@@ -326,7 +327,7 @@ private Q_SLOTS:
         SProcessorProject project;
         project.name = QStringLiteral("Foyer wall");
         project.kind = QStringLiteral("x1");
-        const auto added = host.manager.addProject(project);
+        const auto added = host.manager.projects().add(project);
         QVERIFY(!added);
         QVERIFY2(added.error().startsWith(QStringLiteral("\"Foyer wall\" needs")), qPrintable(added.error()));
     }

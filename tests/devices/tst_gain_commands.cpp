@@ -156,13 +156,13 @@ private Q_SLOTS:
     void aProjectHasNobodyToSendTo()
     {
         CLayoutHandler &handler = m_host->handler;
-        m_host->select(m_host->manager.openDemo().value());
+        m_host->select(m_host->manager.projects().openDemo().value());
         QVERIFY(handler.importCurrentGain(m_file));
         QVERIFY(!sendWithOn(0, 0));
         QVERIFY(handler.lastError().endsWith(QLatin1String("A project has no cabinets that are connected.")));
         QVERIFY(handler.clearCurrentGains());
         QCOMPARE(importedBy(handler), QString());
-        m_host->manager.select({}, PrcTreeNodeType::Other);
+        m_host->manager.services().select({}, PrcTreeNodeType::Other);
         QVERIFY(!handler.importCurrentGain(m_file));
         QVERIFY(!handler.lastError().isEmpty());
         QVERIFY(!handler.clearCurrentGains());

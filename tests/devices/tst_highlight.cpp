@@ -21,7 +21,7 @@ private Q_SLOTS:
         m_host->select(m_stage);
         QVERIFY(!m_host->log.waitFor(28).isEmpty());
         m_cabinets = m_host->handler.currentProcessorPorts().at(0).getAllCabinets().toList();
-        connect(&m_host->manager, &CDeviceManager::highlightChanged, &m_host->manager,
+        connect(&m_host->manager.announcer(), &CDeviceAnnouncer::notifyHighlightChanged, this,
                 [this](const QUuid &processor, const Cabinets &shown) { m_shown[processor] = shown.size(); });
     }
 
@@ -38,7 +38,7 @@ private Q_SLOTS:
         QVERIFY(m_host->handler.setCabinetHighlight(m_cabinets, CabinetHighlight::FlashingBox));
         QTRY_COMPARE(m_shown.value(m_stage), m_cabinets.size());
         if (next.isEmpty())
-            m_host->manager.select({}, PrcTreeNodeType::Other);
+            m_host->manager.services().select({}, PrcTreeNodeType::Other);
         else
             m_host->select(m_host->named(next.constData()));
         m_host->handler.setCabinetHighlight({}, CabinetHighlight::Off);
@@ -47,7 +47,7 @@ private Q_SLOTS:
 
     void isShownForDevicesOnly()
     {
-        m_host->select(m_host->manager.openDemo().value());
+        m_host->select(m_host->manager.projects().openDemo().value());
         QVERIFY(!m_host->handler.setCabinetHighlight(m_cabinets, CabinetHighlight::FlashingBox));
     }
 

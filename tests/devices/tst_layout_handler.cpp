@@ -266,7 +266,7 @@ private Q_SLOTS:
 
     void settingsReachTheDevice()
     {
-        QSignalSpy led(&m_host->manager, &CDeviceManager::statusLedChanged);
+        QSignalSpy led(&m_host->manager.announcer(), &CDeviceAnnouncer::notifyStatusLedChanged);
         SBackgroundInfo background;
         background.processor = m_stage;
         background.file = QStringLiteral("/pictures/logo.png");
@@ -284,7 +284,7 @@ private Q_SLOTS:
 
     void aProjectHasNoHardware()
     {
-        m_host->select(m_host->manager.openDemo().value());
+        m_host->select(m_host->manager.projects().openDemo().value());
         QVERIFY(!m_host->handler.setCabinetStatusLed(true));
         QVERIFY(!m_host->handler.setWorkMode(m_host->manager.table().current(), ProcessorWorkMode::Bypass));
     }
@@ -294,7 +294,7 @@ private Q_SLOTS:
         QVERIFY(!m_host->handler.layoutFollowUpNeeded());
         m_host->edit(m_stage);
         QVERIFY(m_host->handler.layoutFollowUpNeeded());
-        QSignalSpy committed(&m_host->manager, &CDeviceManager::layoutCommitted);
+        QSignalSpy committed(&m_host->manager.announcer(), &CDeviceAnnouncer::notifyLayoutCommitted);
         m_host->handler.applyLayoutFollowUp(false);
         QVERIFY(!m_host->handler.layoutFollowUpNeeded());
         QTRY_COMPARE(committed.size(), 1);
@@ -309,20 +309,20 @@ private Q_SLOTS:
         m_host->handler.performPreparatoryStep(balcony);
         QCOMPARE(m_host->handler.preparatoryStep(balcony), 0);
         QCOMPARE(m_host->layoutOf(balcony).ports.size(), 8);
-        QVERIFY(!m_host->manager.isModified(balcony));
+        QVERIFY(!m_host->manager.table().isModified(balcony));
     }
 
     void withoutAProcessorNothingIsDone()
     {
         CLayoutHandler &handler = m_host->handler;
-        m_host->manager.select({}, PrcTreeNodeType::Other);
+        m_host->manager.services().select({}, PrcTreeNodeType::Other);
         QVERIFY(!handler.setCanvasSize({1920, 1080}));
         QVERIFY(!handler.setPortRedundancy(0, 1));
         QVERIFY(!handler.setCabinetStatusLed(true));
         QVERIFY(handler.getCanvasSize().isEmpty());
         QCOMPARE(handler.portLoad({}, 0), 0);
         const SDeviceOutcome outcome = m_host->outcomeOf(
-            [&](CDeviceManager::Done done) { handler.saveMapping(ReadSaveMappingRole::Current, {}, done); });
+            [&](CDeviceJobs::Done done) { handler.saveMapping(ReadSaveMappingRole::Current, {}, done); });
         QCOMPARE(outcome.text, QStringLiteral("No processor is detected."));
     }
 

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/SDevice.h"
+#include "host/devices/services/SDevice.h"
 #include "host/devices/simulated/CPortCapacity.h"
 #include "host/devices/simulated/CProcessorKinds.h"
 #include "tests/harness/CTestBase.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/CSimulatedPark.h"
-#include "host/devices/CWorkingLayout.h"
+#include "host/devices/services/CSimulatedPark.h"
+#include "host/devices/services/CWorkingLayout.h"
 #include "host/devices/simulated/CCancelToken.h"
 #include "host/devices/simulated/CSimulatedProcessor.h"
 #include "host/projects/CWallBuilder.h"

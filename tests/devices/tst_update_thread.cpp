@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/CUpdateThread.h"
+#include "host/devices/services/CUpdateThread.h"
 #include "layout/api/LayoutNotification.h"
 #include "platform/control/CObserver.h"
 #include "tests/harness/CTestBase.h"

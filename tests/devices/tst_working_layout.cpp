@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/CWorkingLayout.h"
+#include "host/devices/services/CWorkingLayout.h"
 #include "host/devices/simulated/CProcessorKinds.h"
 #include "host/projects/CWallBuilder.h"
 #include "tests/harness/CTestBase.h"

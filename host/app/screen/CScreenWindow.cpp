@@ -5,7 +5,7 @@
 #include "host/app/screen/CRasterScreen.h"
 #include "host/app/screen/CScreenPicture.h"
 #include "host/app/screen/CSimulateScreen.h"
-#include "host/devices/CDeviceManager.h"
+#include "host/devices/services/CDeviceServices.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -16,9 +16,9 @@ namespace {
 constexpr qreal ScreenShare = 0.6; // of the display, where it has to be shared with the main window
 }
 
-CScreenWindow::CScreenWindow(CDeviceManager &manager, QObject *parent)
+CScreenWindow::CScreenWindow(CDeviceServices &services, QObject *parent)
     : QObject(parent)
-    , m_manager(manager)
+    , m_services(services)
     , m_picture(new CScreenPicture(this))
 {
     connectSignals();
@@ -28,17 +28,23 @@ CScreenWindow::~CScreenWindow() = default;
 
 void CScreenWindow::connectSignals()
 {
-    connect(&m_manager, &CDeviceManager::currentProcessorChanged, this,
+    const CDeviceAnnouncer *announcer = &m_services.announcer();
+    connect(announcer, &CDeviceAnnouncer::notifyCurrentProcessorChanged, this,
             &CScreenWindow::onCurrentProcessorChanged);
-    connect(&m_manager, &CDeviceManager::layoutCommitted, this, &CScreenWindow::showWall);
-    connect(&m_manager, &CDeviceManager::statusLedChanged, this, &CScreenWindow::showWall);
-    connect(&m_manager, &CDeviceManager::numbersShownChanged, this, &CScreenWindow::onNumbersShownChanged);
-    connect(&m_manager, &CDeviceManager::highlightChanged, this,
-            [this](const QUuid &processor, const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
-                   CabinetHighlight highlight) {
-                if (processor == m_manager.table().current())
-                    m_picture->setHighlight(cabinets.toVector(), highlight);
-            });
+    connect(announcer, &CDeviceAnnouncer::notifyLayoutCommitted, this, &CScreenWindow::showWall);
+    connect(announcer, &CDeviceAnnouncer::notifyStatusLedChanged, this, &CScreenWindow::showWall);
+    connect(announcer, &CDeviceAnnouncer::notifyNumbersShownChanged, this,
+            &CScreenWindow::onNumbersShownChanged);
+    connect(announcer, &CDeviceAnnouncer::notifyHighlightChanged, this, &CScreenWindow::onHighlightChanged);
+    connect(announcer, &CDeviceAnnouncer::notifyScreenRequested, this, &CScreenWindow::setShown);
+}
+
+void CScreenWindow::onHighlightChanged(const QUuid &processor,
+                                       const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
+                                       CabinetHighlight highlight)
+{
+    if (processor == m_services.table().current())
+        m_picture->setHighlight(cabinets.toVector(), highlight);
 }
 
 void CScreenWindow::onCurrentProcessorChanged(const QUuid &processor)
@@ -54,7 +60,7 @@ void CScreenWindow::onNumbersShownChanged(const QUuid &processor, bool shown)
         m_numbered.insert(processor);
     else
         m_numbered.remove(processor);
-    m_picture->setNumbersShown(m_numbered.contains(m_manager.table().current()));
+    m_picture->setNumbersShown(m_numbered.contains(m_services.table().current()));
 }
 
 void CScreenWindow::setShown(bool shown)
@@ -107,7 +113,7 @@ void CScreenWindow::showWall()
 {
     if (!isShown())
         return;
-    const std::optional<SDevice> device = m_manager.table().currentDevice();
+    const std::optional<SDevice> device = m_services.table().currentDevice();
     m_picture->setStatusLed(device && device->settings.statusLed);
     m_picture->setWall(device ? device->data() : LayoutData(),
                        device ? device->settings.background : SBackgroundInfo());

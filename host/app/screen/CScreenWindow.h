@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/api/records/CabinetLayout.h"
+#include "layout/api/records/SHostRecords.h"
+
 #include <QObject>
 #include <QPoint>
 #include <QSet>
@@ -9,7 +12,7 @@
 
 #include <memory>
 
-class CDeviceManager;
+class CDeviceServices;
 class CScreenPicture;
 class QMouseEvent;
 class QWidget;
@@ -21,7 +24,8 @@ class CScreenWindow final : public QObject
     Q_OBJECT
 
 public:
-    explicit CScreenWindow(CDeviceManager &manager, QObject *parent = nullptr);
+    /// @p services outlives this object.
+    explicit CScreenWindow(CDeviceServices &services, QObject *parent = nullptr);
     ~CScreenWindow() override;
 
     void setShown(bool shown);
@@ -38,12 +42,15 @@ private:
     void open();
     void place();
     void onCurrentProcessorChanged(const QUuid &processor);
+    void onHighlightChanged(const QUuid &processor,
+                            const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
+                            CabinetHighlight highlight);
     void onNumbersShownChanged(const QUuid &processor, bool shown);
     void showWall();
     void closeByUser();
     bool onMouseMove(const QMouseEvent &event);
 
-    CDeviceManager &m_manager;
+    CDeviceServices &m_services;
     CScreenPicture *m_picture = nullptr;
     std::unique_ptr<QWidget> m_window; ///< null while it is closed
     QSet<QUuid> m_numbered;            ///< processors whose cabinets show their numbers

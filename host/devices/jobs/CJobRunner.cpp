@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/CJobRunner.h"
+#include "host/devices/jobs/CJobRunner.h"
 
-#include "host/devices/CDeviceJob.h"
-#include "host/devices/CMailbox.h"
+#include "host/devices/jobs/CDeviceJob.h"
+#include "host/devices/services/CMailbox.h"
 
 #include <atomic>
 
@@ -43,7 +43,7 @@ bool CJobRunner::start(std::unique_ptr<CDeviceJob> job, Work work, Done done)
     }
     m_job = std::move(job);
     m_done = std::move(done);
-    Q_EMIT started(m_job.get());
+    Q_EMIT notifyStarted(m_job.get());
     m_thread = std::thread([this, work = std::move(work), context = context(*m_job)] {
         const SDeviceOutcome outcome = work(context);
         m_mailbox.post([this, outcome] { finish(outcome); });
@@ -91,7 +91,7 @@ void CJobRunner::finish(const SDeviceOutcome &ended)
     m_done = nullptr;
     job->setProgress(100, job->progressText());
     job->finish(outcome);
-    Q_EMIT finished(job.get(), outcome);
+    Q_EMIT notifyFinished(job.get(), outcome);
     if (done)
         done(outcome);
 }

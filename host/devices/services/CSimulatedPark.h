@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "host/devices/CDeviceTable.h"
+#include "host/devices/services/CDeviceTable.h"
 #include "host/devices/simulated/CSimulatedProcessor.h"
 
 #include <QCoreApplication>

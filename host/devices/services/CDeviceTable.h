@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "host/devices/SDevice.h"
+#include "host/devices/services/SDevice.h"
 
 #include <QList>
 #include <QUuid>
@@ -28,6 +28,9 @@ public:
     QList<SDevice> devices() const;
     std::optional<SDevice> device(const QUuid &processor) const;
     bool contains(const QUuid &processor) const;
+    bool isProject(const QUuid &processor) const;
+    /// Whether the working layout, or a project's settings, differ from what was last read or saved.
+    bool isModified(const QUuid &processor) const;
     QList<SGroup> groups() const;
     QList<ProcessorTree::ProcessorNode> nodes() const;
 

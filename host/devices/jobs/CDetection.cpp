@@ -1,22 +1,21 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/CDetection.h"
+#include "host/devices/jobs/CDetection.h"
 
-#include "host/devices/CDeviceManager.h"
-#include "host/devices/CMappingTransfer.h"
-#include "host/devices/CSimulatedPark.h"
+#include "host/devices/services/CDeviceServices.h"
+#include "host/devices/services/CSimulatedPark.h"
 #include "host/devices/simulated/CProcessorKinds.h"
 
-CDetection::CDetection(CDeviceManager &manager, const SJobContext &context)
-    : m_manager(manager)
+CDetection::CDetection(CDeviceServices &services, const SJobContext &context)
+    : m_services(services)
     , m_context(context)
 {
 }
 
 SDeviceOutcome CDetection::run()
 {
-    const CSimulatedPark &park = m_manager.park();
-    m_manager.table().setGroups(park.groups());
+    const CSimulatedPark &park = m_services.park();
+    m_services.table().setGroups(park.groups());
     m_count = static_cast<int>(park.processors().size());
     for (const CSimulatedPark::Processor &processor : park.processors()) {
         m_context.report(100 * m_index / m_count, tr("Searching for processors"));
@@ -25,7 +24,7 @@ SDeviceOutcome CDetection::run()
             break;
         ++m_index;
     }
-    m_manager.notify(LayoutNotification::DetectFinished);
+    m_services.announcer().notify(LayoutNotification::DetectFinished);
     if (m_context.cancel->isCancelled())
         return {SDeviceOutcome::Cancelled, {}};
     if (m_failures.isEmpty())
@@ -36,7 +35,7 @@ SDeviceOutcome CDetection::run()
 SDevice CDetection::knownOrNew(const CSimulatedProcessor &processor) const
 {
     const CSimulatedProcessor::SIdentity &identity = processor.identity();
-    if (const std::optional<SDevice> known = m_manager.table().device(identity.uuid))
+    if (const std::optional<SDevice> known = m_services.table().device(identity.uuid))
         return *known;
     SDevice device;
     if (const SProcessorKind *kind = CProcessorKinds::builtIn().find(identity.kind))
@@ -65,7 +64,7 @@ void CDetection::detectOne(CSimulatedProcessor &processor)
     device.node.index = device.node.online ? m_online++ : -1;
     const bool silent = error == DeviceError::Offline || error == DeviceError::NoAnswer;
     if (!device.node.online && !silent)
-        m_failures << CMappingTransfer::failureText(device, deviceErrorText(error));
+        m_failures << device.failureText(deviceErrorText(error));
     take(before, device, read);
 }
 
@@ -90,7 +89,7 @@ DeviceError CDetection::readMapping(CSimulatedProcessor &processor, SDevice &dev
 {
     quint64 revision = 0;
     DeviceError error = processor.revision(*m_context.cancel, revision);
-    const bool isNew = !m_manager.table().contains(device.node.uuid);
+    const bool isNew = !m_services.table().contains(device.node.uuid);
     if (error != DeviceError::None || (!isNew && (revision == device.revision || device.isModified())))
         return error;
     QByteArray bytes;
@@ -114,7 +113,7 @@ void CDetection::take(const SDevice &before, const SDevice &device, bool read)
 {
     const QUuid uuid = device.node.uuid;
     bool replaced = false;
-    const bool known = m_manager.table().change(uuid, [&](SDevice &now) {
+    const bool known = m_services.table().change(uuid, [&](SDevice &now) {
         const bool gainsWait = now.gainRows != now.settings.gainRows; // imported, but not sent
         // What the user edited while the processor was read stays.
         if (now.settings == before.settings)
@@ -129,11 +128,11 @@ void CDetection::take(const SDevice &before, const SDevice &device, bool read)
         now.node = device.node;
     });
     if (!known)
-        m_manager.table().put(device);
+        m_services.table().put(device);
     if (replaced)
-        m_manager.announceLayout(uuid);
+        m_services.announcer().announceLayout(uuid);
     if (known && before.node.online != device.node.online)
-        m_manager.notify(LayoutNotification::ProcessorStateChanged,
-                         SProcessorStateChange{uuid, device.node.online});
-    m_manager.announceState();
+        m_services.announcer().notify(LayoutNotification::ProcessorStateChanged,
+                                      SProcessorStateChange{uuid, device.node.online});
+    m_services.announcer().announceState();
 }

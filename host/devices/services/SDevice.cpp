@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/SDevice.h"
+#include "host/devices/services/SDevice.h"
 
 LayoutData SDevice::data() const
 {
@@ -31,6 +31,11 @@ CabinetLayout SDevice::withPortsInUse(const CabinetLayout &layout) const
         complete.ports.last().index = i;
     }
     return complete;
+}
+
+QString SDevice::failureText(const QString &reason) const
+{
+    return QStringLiteral("%1: %2").arg(node.displayText(), reason);
 }
 
 void SDevice::takeLayout(const CabinetLayout &layout)

@@ -48,8 +48,8 @@ public:
     void stop();
 
 Q_SIGNALS:
-    void started(CDeviceJob *job);
-    void finished(CDeviceJob *job, const SDeviceOutcome &outcome);
+    void notifyStarted(CDeviceJob *job);
+    void notifyFinished(CDeviceJob *job, const SDeviceOutcome &outcome);
 
 private:
     SJobContext context(CDeviceJob &job);

@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "host/devices/CJobRunner.h"
-#include "host/devices/SDevice.h"
+#include "host/devices/jobs/CJobRunner.h"
+#include "host/devices/services/SDevice.h"
 #include "host/devices/simulated/CSimulatedProcessor.h"
 
 #include <QCoreApplication>
 #include <QStringList>
 
-class CDeviceManager;
+class CDeviceServices;
 
 /// Reads and saves mappings: the work of a job, on its thread. Processors that fail do not keep the others
 /// from being done; on every failure the working layout stays.
@@ -18,13 +18,10 @@ class CMappingTransfer final
     Q_DECLARE_TR_FUNCTIONS(CMappingTransfer)
 
 public:
-    CMappingTransfer(CDeviceManager &manager, const SJobContext &context);
+    CMappingTransfer(CDeviceServices &services, const SJobContext &context);
 
     SDeviceOutcome read(const QList<QUuid> &processors, const SMappingOptions &options);
     SDeviceOutcome save(const QList<QUuid> &processors);
-
-    /// "name(address): reason", for the user.
-    static QString failureText(const SDevice &device, const QString &reason);
 
 private:
     enum class Step { Done, Skipped, Cancelled, Failed };
@@ -40,7 +37,7 @@ private:
     Step failed(const SDevice &device, DeviceError error);
     CSimulatedProcessor::Progress progressOf() const;
 
-    CDeviceManager &m_manager;
+    CDeviceServices &m_services;
     const SJobContext &m_context;
     QStringList m_failures;
     QString m_progressText;

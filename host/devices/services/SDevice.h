@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "host/devices/CWorkingLayout.h"
+#include "host/devices/services/CWorkingLayout.h"
 #include "host/devices/simulated/CPortCapacity.h"
 #include "host/devices/simulated/SProcessorSettings.h"
 #include "layout/api/records/LayoutData.h"
@@ -38,4 +38,6 @@ struct SDevice
     /// Takes @p mapping as the one that the device or the file holds.
     void takeSaved(const CabinetLayout &mapping);
     CabinetLayout withPortsInUse(const CabinetLayout &layout) const;
+    /// "name(address): reason", for the user.
+    QString failureText(const QString &reason) const;
 };

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/CDeviceTable.h"
+#include "host/devices/services/CDeviceTable.h"
 
 #include <algorithm>
 #include <utility>
@@ -47,6 +47,20 @@ bool CDeviceTable::contains(const QUuid &processor) const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     return find(processor) != nullptr;
+}
+
+bool CDeviceTable::isProject(const QUuid &processor) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const SDevice *found = find(processor);
+    return found && found->project;
+}
+
+bool CDeviceTable::isModified(const QUuid &processor) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const SDevice *found = find(processor);
+    return found && found->isModified();
 }
 
 QList<CDeviceTable::SGroup> CDeviceTable::groups() const

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/CDeviceJob.h"
+#include "host/devices/jobs/CDeviceJob.h"
 
 CDeviceJob::CDeviceJob(Kind kind, QString title, QList<QUuid> processors, QObject *parent)
     : QObject(parent)

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/CMailbox.h"
+#include "host/devices/services/CMailbox.h"
 
 #include <QCoreApplication>
 #include <QEvent>

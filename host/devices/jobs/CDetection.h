@@ -2,14 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "host/devices/CJobRunner.h"
-#include "host/devices/SDevice.h"
+#include "host/devices/jobs/CJobRunner.h"
+#include "host/devices/services/SDevice.h"
 #include "host/devices/simulated/CSimulatedProcessor.h"
 
 #include <QCoreApplication>
 #include <QStringList>
 
-class CDeviceManager;
+class CDeviceServices;
 
 /// Searches the network for processors: the work of a job, on its thread. Each processor that answers is
 /// read; a working layout with unsaved edits stays.
@@ -18,7 +18,7 @@ class CDetection final
     Q_DECLARE_TR_FUNCTIONS(CDetection)
 
 public:
-    CDetection(CDeviceManager &manager, const SJobContext &context);
+    CDetection(CDeviceServices &services, const SJobContext &context);
 
     SDeviceOutcome run();
 
@@ -29,7 +29,7 @@ private:
     DeviceError readMapping(CSimulatedProcessor &processor, SDevice &device, bool &read);
     void take(const SDevice &before, const SDevice &device, bool read);
 
-    CDeviceManager &m_manager;
+    CDeviceServices &m_services;
     const SJobContext &m_context;
     QStringList m_failures;
     int m_online = 0;

@@ -1,18 +1,13 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/CMappingTransfer.h"
+#include "host/devices/jobs/CMappingTransfer.h"
 
-#include "host/devices/CDeviceManager.h"
+#include "host/devices/services/CDeviceServices.h"
 
-CMappingTransfer::CMappingTransfer(CDeviceManager &manager, const SJobContext &context)
-    : m_manager(manager)
+CMappingTransfer::CMappingTransfer(CDeviceServices &services, const SJobContext &context)
+    : m_services(services)
     , m_context(context)
 {
-}
-
-QString CMappingTransfer::failureText(const SDevice &device, const QString &reason)
-{
-    return QStringLiteral("%1: %2").arg(device.node.displayText(), reason);
 }
 
 SDeviceOutcome CMappingTransfer::read(const QList<QUuid> &processors, const SMappingOptions &options)
@@ -33,7 +28,7 @@ SDeviceOutcome CMappingTransfer::each(const QList<QUuid> &processors, const QStr
     bool skipped = false;
     m_count = processors.size();
     for (m_index = 0; m_index < m_count; ++m_index) {
-        const std::optional<SDevice> device = m_manager.table().device(processors.at(m_index));
+        const std::optional<SDevice> device = m_services.table().device(processors.at(m_index));
         if (!device)
             continue; // removed meanwhile
         m_progressText = progressText.arg(device->node.displayText());
@@ -55,7 +50,7 @@ CSimulatedProcessor::Progress CMappingTransfer::progressOf() const
 
 CMappingTransfer::Step CMappingTransfer::failed(const SDevice &device, const QString &reason)
 {
-    m_failures << failureText(device, reason);
+    m_failures << device.failureText(reason);
     return Step::Failed;
 }
 
@@ -64,13 +59,13 @@ CMappingTransfer::Step CMappingTransfer::failed(const SDevice &device, DeviceErr
     if (error == DeviceError::Cancelled)
         return Step::Cancelled;
     if (error == DeviceError::Offline || error == DeviceError::NoAnswer)
-        m_manager.setOnline(device.node.uuid, false);
+        m_services.setOnline(device.node.uuid, false);
     return failed(device, deviceErrorText(error));
 }
 
 CMappingTransfer::Step CMappingTransfer::readOne(const SDevice &device, const SMappingOptions &options)
 {
-    const auto processor = m_manager.device(device.node.uuid);
+    const auto processor = m_services.device(device.node.uuid);
     if (!processor)
         return failed(device, tr("A project has no processor to read from."));
     QByteArray bytes;
@@ -91,7 +86,7 @@ CMappingTransfer::Step CMappingTransfer::takeOver(const SDevice &device, const S
     if (!same)
         read.takeLayout(withLockedPortsKept(device, read.working.saved()));
     bool edited = false;
-    m_manager.table().change(device.node.uuid, [&](SDevice &known) {
+    m_services.table().change(device.node.uuid, [&](SDevice &known) {
         edited = known.working.edition() != device.working.edition();
         if (edited)
             return;
@@ -101,8 +96,9 @@ CMappingTransfer::Step CMappingTransfer::takeOver(const SDevice &device, const S
     if (edited)
         return failed(device, tr("The layout was edited while the mapping was read; the edits were kept."));
     if (!same)
-        m_manager.announceLayout(device.node.uuid);
-    m_manager.notify(LayoutNotification::ReadbackFinished, SReadbackResult{device.node.uuid, same});
+        m_services.announcer().announceLayout(device.node.uuid);
+    m_services.announcer().notify(LayoutNotification::ReadbackFinished,
+                                  SReadbackResult{device.node.uuid, same});
     return Step::Done;
 }
 
@@ -124,7 +120,7 @@ CabinetLayout CMappingTransfer::withLockedPortsKept(const SDevice &device, const
 
 CMappingTransfer::Step CMappingTransfer::saveOne(const SDevice &device)
 {
-    const auto processor = m_manager.device(device.node.uuid);
+    const auto processor = m_services.device(device.node.uuid);
     if (!processor)
         return failed(device, tr("A project has no processor to save to. Save it to a file, or copy its "
                                  "mapping to a processor."));
@@ -142,9 +138,9 @@ CMappingTransfer::Step CMappingTransfer::saveOne(const SDevice &device)
     if (error != DeviceError::None)
         return failed(device, error);
     const QUuid uuid = device.node.uuid;
-    m_manager.table().change(uuid, [revision](SDevice &known) { known.revision = revision; });
-    m_manager.table().changeLayout(uuid, [&mapping](SDevice &known) { known.takeSaved(mapping); });
-    m_manager.announceState();
+    m_services.table().change(uuid, [revision](SDevice &known) { known.revision = revision; });
+    m_services.table().changeLayout(uuid, [&mapping](SDevice &known) { known.takeSaved(mapping); });
+    m_services.announcer().announceState();
     return Step::Done;
 }
 
@@ -152,6 +148,6 @@ bool CMappingTransfer::mayOverwrite(const SDevice &device, quint64 revision) con
 {
     if (revision == device.revision)
         return true;
-    return m_context.ask(failureText(device, tr("The mapping was changed from elsewhere since it was last "
-                                                "read. Overwrite it?")));
+    return m_context.ask(device.failureText(tr("The mapping was changed from elsewhere since it was last "
+                                               "read. Overwrite it?")));
 }

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/CSimulatedPark.h"
+#include "host/devices/services/CSimulatedPark.h"
 
-#include "host/devices/CWorkingLayout.h"
+#include "host/devices/services/CWorkingLayout.h"
 #include "host/devices/simulated/DevicesLog.h"
 #include "host/library/CTypeLibrary.h"
 #include "host/projects/CWallBuilder.h"

@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/devices/services/CUpdateThread.h"
+#include "layout/api/LayoutNotification.h"
+#include "layout/api/records/CabinetLayout.h"
+#include "layout/api/records/SHostRecords.h"
+
+#include <QObject>
+
+#include <atomic>
+
+class CMailbox;
+
+/// Tells what changes with the devices: the modules by notifications from the Update thread, the host's own
+/// windows by signals on the GUI thread. Nobody else sends either.
+class CDeviceAnnouncer final : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Cabinets = QList<CabinetLayout::CabinetPort::Cabinet>;
+
+    /// @p mailbox carries the signals to the GUI thread and outlives the announcer.
+    explicit CDeviceAnnouncer(CMailbox &mailbox, QObject *parent = nullptr);
+
+    /// Sends the notifications; the modules attach to it.
+    CSubject &subject() { return m_updates.subject(); }
+
+    // Any thread; the signals follow later, in the order of the calls.
+    /// Queues a notification; @p argument is of the code's type.
+    void notify(LayoutNotification code, std::any argument = {});
+    /// Names, states or marks of edits have changed; several calls in a row give one signal.
+    void announceState();
+    void announceCommit(const QUuid &processor); ///< another working layout, canvas or background
+    void announceLayout(const QUuid &processor); ///< the host has replaced the working layout
+    void announceStatusLed(const QUuid &processor, bool on);
+    void announceHighlight(const QUuid &processor, const Cabinets &cabinets, CabinetHighlight highlight);
+
+    // GUI thread; the signals are sent at once.
+    void announceProcessors(); ///< processors were added or removed
+    void announceCurrentProcessor(const QUuid &processor);
+    void announceNumbersShown(const QUuid &processor, bool shown);
+    void requestScreen(bool shown);
+    void requestTypeLibrary(QWidget *parent);
+
+    /// Sends the notifications that wait, and none after. A second call does nothing.
+    void stop();
+
+Q_SIGNALS:
+    void notifyProcessorsChanged(); ///< added, removed, renamed, or in another state
+    void notifyCurrentProcessorChanged(const QUuid &processor); ///< null: none
+    void notifyLayoutCommitted(const QUuid &processor);
+    void notifyScreenRequested(bool shown);
+    void notifyTypeLibraryRequested(QWidget *parent);
+    /// Cabinets that stand out on the wall, in place of those before.
+    void notifyHighlightChanged(const QUuid &processor,
+                                const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
+                                CabinetHighlight highlight);
+    void notifyNumbersShownChanged(const QUuid &processor, bool shown); ///< on the cabinets
+    void notifyStatusLedChanged(const QUuid &processor, bool on);
+
+private:
+    CMailbox &m_mailbox;
+    CUpdateThread m_updates;
+    std::atomic<bool> m_stateWaits{false}; // announceState() was called and the signal not sent yet
+};
