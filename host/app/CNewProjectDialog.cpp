@@ -4,6 +4,7 @@
 
 #include "host/devices/simulated/CProcessorKinds.h"
 #include "host/library/CTypeLibrary.h"
+#include "layout/api/records/LayoutLimits.h"
 #include "layout/geometry/CSnakeOrder.h"
 #include "platform/widgets/input/CClampedSpinBox.h"
 
@@ -66,17 +67,17 @@ void CNewProjectDialog::buildCabinetRows(QFormLayout &form)
     addTypes(*m_type, CTypeLibrary::builtIn().nodes());
     form.addRow(tr("Cabinet &type"), m_type);
     m_width = addNumber(form, tr("Cabinet &width"), "CabinetWidth", SmallestCabinetSide,
-                        CWallBuilder::MaximumCabinetSide, 192);
+                        LayoutLimits::LargestSide, 192);
     m_height = addNumber(form, tr("Cabinet &height"), "CabinetHeight", SmallestCabinetSide,
-                         CWallBuilder::MaximumCabinetSide, 192);
+                         LayoutLimits::LargestSide, 192);
     m_width->setSuffix(tr(" px"));
     m_height->setSuffix(tr(" px"));
 }
 
 void CNewProjectDialog::buildWallRows(QFormLayout &form)
 {
-    m_columns = addNumber(form, tr("&Columns"), "Columns", 1, CWallBuilder::MaximumCanvasSide, 8);
-    m_rows = addNumber(form, tr("&Rows"), "Rows", 1, CWallBuilder::MaximumCanvasSide, 6);
+    m_columns = addNumber(form, tr("&Columns"), "Columns", 1, LayoutLimits::LargestCanvasSide, 8);
+    m_rows = addNumber(form, tr("&Rows"), "Rows", 1, LayoutLimits::LargestCanvasSide, 6);
     m_ports = addNumber(form, tr("Output &ports"), "Ports", 1, CWallBuilder::MaximumPorts, 4);
     m_pattern = new QComboBox;
     m_pattern->setObjectName(QStringLiteral("Pattern"));
@@ -135,16 +136,16 @@ void CNewProjectDialog::updateSummary()
     QString problem;
     if (m_name->text().trimmed().isEmpty())
         problem = tr("The project needs a name.");
-    else if (canvas.width() > CWallBuilder::MaximumCanvasSide ||
-             canvas.height() > CWallBuilder::MaximumCanvasSide)
+    else if (canvas.width() > LayoutLimits::LargestCanvasSide ||
+             canvas.height() > LayoutLimits::LargestCanvasSide)
         problem = tr("The wall would be %1 × %2 pixels, no side may be longer than %3.")
                       .arg(canvas.width())
                       .arg(canvas.height())
-                      .arg(CWallBuilder::MaximumCanvasSide);
-    else if (wall.cabinetCount() > qint64(wall.ports) * CWallBuilder::MaximumCabinetsPerPort)
+                      .arg(LayoutLimits::LargestCanvasSide);
+    else if (wall.cabinetCount() > qint64(wall.ports) * LayoutLimits::CabinetsPerPort)
         problem = tr("%1 cabinets need more ports: one carries %2 at the most.")
                       .arg(wall.cabinetCount())
-                      .arg(CWallBuilder::MaximumCabinetsPerPort);
+                      .arg(LayoutLimits::CabinetsPerPort);
     const SProcessorKind *kind = m_kinds.withPorts(wall.ports);
     const QString summary = tr("Cabinets: %1, canvas: %2 × %3 pixels, processor: %4")
                                 .arg(wall.cabinetCount())

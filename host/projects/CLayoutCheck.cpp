@@ -3,6 +3,7 @@
 #include "host/projects/CLayoutCheck.h"
 
 #include "host/projects/COverlapSweep.h"
+#include "layout/api/records/LayoutLimits.h"
 
 #include <algorithm>
 
@@ -41,10 +42,10 @@ void checkLoad(const Port &port, int cabinetCount, const SLayoutLimits &limits, 
     if (limits.portCount > 0 && port.index >= limits.portCount && cabinetCount > 0)
         findings.add(SLayoutFinding::PortBeyondCount,
                      CLayoutCheck::tr("the processor uses only %1 output ports.").arg(limits.portCount));
-    if (cabinetCount > CLayoutCheck::MaximumCabinetsPerPort)
+    if (cabinetCount > LayoutLimits::CabinetsPerPort)
         findings.add(SLayoutFinding::TooManyCabinets, CLayoutCheck::tr("%1 cabinets, the most is %2.")
                                                           .arg(cabinetCount)
-                                                          .arg(CLayoutCheck::MaximumCabinetsPerPort));
+                                                          .arg(LayoutLimits::CabinetsPerPort));
     const int load = limits.portLoad ? limits.portLoad(port) : 0;
     if (load > 100)
         findings.add(SLayoutFinding::PortOverCapacity,
@@ -56,14 +57,14 @@ void checkPlacement(const QVector<Cabinet> &cabinets, const QRect &canvas, CPort
     for (const Cabinet &cabinet : cabinets) {
         const QString where = checkedPlace(cabinet.rect);
         const QSize size = cabinet.rect.size();
-        const int largest = CLayoutCheck::MaximumCabinetSide;
-        if (size.isEmpty() || size.width() > largest || size.height() > largest)
+        if (!LayoutLimits::isCabinetSize(size))
             findings.add(SLayoutFinding::BadSize,
-                         CLayoutCheck::tr("the cabinet at %1 is %2x%3 pixels, each side must be 1 to %4.")
+                         CLayoutCheck::tr("the cabinet at %1 is %2x%3 pixels, each side must be %4 to %5.")
                              .arg(where)
                              .arg(size.width())
                              .arg(size.height())
-                             .arg(largest),
+                             .arg(LayoutLimits::SmallestSide)
+                             .arg(LayoutLimits::LargestSide),
                          cabinet.uuid);
         if (!canvas.isEmpty() && !canvas.contains(cabinet.rect))
             findings.add(SLayoutFinding::OutsideCanvas,

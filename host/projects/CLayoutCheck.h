@@ -47,9 +47,6 @@ class CLayoutCheck final
     Q_DECLARE_TR_FUNCTIONS(CLayoutCheck)
 
 public:
-    static constexpr int MaximumCabinetsPerPort = 1024;
-    static constexpr int MaximumCabinetSide = 2048; ///< pixels
-
     /// In ascending port order, within a port by kind. O(n log n) but for cabinets that overlap.
     static QVector<SLayoutFinding> findings(const LayoutData &data, const SLayoutLimits &limits = {});
 };

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/projects/CWallBuilder.h"
 
+#include "layout/api/records/LayoutLimits.h"
 #include "layout/geometry/CSnakeOrder.h"
 
 #include <algorithm>
@@ -143,22 +144,23 @@ QString gridProblem(const SWallPlan &plan)
 {
     using B = CWallBuilder;
     const auto inRange = [](int value, int maximum) { return value >= 1 && value <= maximum; };
-    if (!inRange(plan.cabinet.width(), B::MaximumCabinetSide) ||
-        !inRange(plan.cabinet.height(), B::MaximumCabinetSide))
+    if (!LayoutLimits::isCabinetSize(plan.cabinet))
         return B::tr("The width and the height of a cabinet must be between 1 and %1 pixels, not %2x%3.")
-            .arg(B::MaximumCabinetSide)
+            .arg(LayoutLimits::LargestSide)
             .arg(plan.cabinet.width())
             .arg(plan.cabinet.height());
-    if (!inRange(plan.columns, B::MaximumCanvasSide) || !inRange(plan.rows, B::MaximumCanvasSide))
+    if (!inRange(plan.columns, LayoutLimits::LargestCanvasSide) ||
+        !inRange(plan.rows, LayoutLimits::LargestCanvasSide))
         return B::tr("A wall needs between 1 and %1 columns and rows, not %2 columns and %3 rows.")
-            .arg(B::MaximumCanvasSide)
+            .arg(LayoutLimits::LargestCanvasSide)
             .arg(plan.columns)
             .arg(plan.rows);
-    if (plan.canvas().width() > B::MaximumCanvasSide || plan.canvas().height() > B::MaximumCanvasSide)
+    if (plan.canvas().width() > LayoutLimits::LargestCanvasSide ||
+        plan.canvas().height() > LayoutLimits::LargestCanvasSide)
         return B::tr("The canvas would be %1x%2 pixels, the most is %3 to either side.")
             .arg(plan.canvas().width())
             .arg(plan.canvas().height())
-            .arg(B::MaximumCanvasSide);
+            .arg(LayoutLimits::LargestCanvasSide);
     return {};
 }
 
@@ -176,11 +178,11 @@ QString sharingProblem(const SWallPlan &plan)
             .arg(plan.pattern);
     if (plan.cabinetCount() < plan.ports)
         return B::tr("%1 cabinets are too few for %2 ports.").arg(plan.cabinetCount()).arg(plan.ports);
-    if (plan.cabinetCount() > qint64(plan.ports) * B::MaximumCabinetsPerPort)
+    if (plan.cabinetCount() > qint64(plan.ports) * LayoutLimits::CabinetsPerPort)
         return B::tr("%1 cabinets are too many for %2 ports: a port takes up to %3.")
             .arg(plan.cabinetCount())
             .arg(plan.ports)
-            .arg(B::MaximumCabinetsPerPort);
+            .arg(LayoutLimits::CabinetsPerPort);
     const QSize grid = plan.portGrid;
     if (!grid.isEmpty() && (qint64(grid.width()) * grid.height() != plan.ports ||
                             plan.columns % grid.width() || plan.rows % grid.height()))

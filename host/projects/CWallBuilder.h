@@ -38,9 +38,6 @@ public:
     enum Wall { Small, Small4K, Medium, Ribbon, Stadium, Full };
     static constexpr int WallCount = 6;
 
-    static constexpr int MaximumCabinetsPerPort = 1024;
-    static constexpr int MaximumCabinetSide = 2048; ///< pixels
-    static constexpr int MaximumCanvasSide = 32768; ///< pixels
     static constexpr int MaximumPorts = 80;
 
     static SWallPlan plan(Wall wall);

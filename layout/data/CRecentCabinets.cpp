@@ -2,13 +2,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/data/CRecentCabinets.h"
 
+#include "layout/api/records/LayoutLimits.h"
+
 namespace {
 
 const QString TypesKey = QStringLiteral("client/recentTypes");
 const QString CustomSizeKey = QStringLiteral("client/customCabinet");
 constexpr QSize FirstCustomSize(192, 192);
-constexpr QSize SmallestCustomSize(8, 8);
-constexpr QSize LargestCustomSize(2048, 2048);
+constexpr QSize SmallestCustomSize(LayoutLimits::SmallestCustomSide, LayoutLimits::SmallestCustomSide);
+constexpr QSize LargestCustomSize(LayoutLimits::LargestSide, LayoutLimits::LargestSide);
 
 } // namespace
 

@@ -17,7 +17,7 @@ public:
     QVector<SMD5> types() const; ///< the last one first
     void noteType(const SMD5 &key);
 
-    /// Pixels, 8 to 2048 a side; 192 x 192 until one was set.
+    /// Pixels, within the limits of a size that the user enters; 192 x 192 until one was set.
     QSize customSize() const;
     void setCustomSize(const QSize &size);
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/geometry/CResizeHandles.h"
 
+#include "layout/api/records/LayoutLimits.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -29,7 +31,7 @@ bool movesBottom(int handle)
 /// One axis: the edge that moves, kept so that the side stays from 1 to @p largest.
 void moveEdges(qreal &low, qreal &high, bool movesLow, bool movesHigh, qreal delta, qreal largest)
 {
-    const qreal least = CResizeHandles::SmallestSide;
+    const qreal least = LayoutLimits::SmallestSide;
     if (movesLow)
         low = std::min(std::max(std::round(low + delta), high - largest), high - least);
     if (movesHigh)
@@ -112,6 +114,6 @@ QRectF CResizeHandles::mapped(const QRectF &part, const QRectF &from, const QRec
     };
     const QPointF corner(horizontal(part.left()), vertical(part.top()));
     const QPointF far(horizontal(part.right()), vertical(part.bottom()));
-    return QRectF(corner, QPointF(std::max(far.x(), corner.x() + SmallestSide),
-                                  std::max(far.y(), corner.y() + SmallestSide)));
+    return QRectF(corner, QPointF(std::max(far.x(), corner.x() + LayoutLimits::SmallestSide),
+                                  std::max(far.y(), corner.y() + LayoutLimits::SmallestSide)));
 }

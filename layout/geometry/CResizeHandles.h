@@ -14,9 +14,7 @@ class CResizeHandles final
 public:
     enum Handle { TopLeft, Top, TopRight, Right, BottomRight, Bottom, BottomLeft, Left };
     static constexpr int Count = 8;
-    static constexpr int SmallestSide = 1;   ///< pixels
-    static constexpr int LargestSide = 2048; ///< pixels, of a cabinet
-    static constexpr int ScreenSide = 12;    ///< of a handle, in pixels of the screen
+    static constexpr int ScreenSide = 12; ///< of a handle, in pixels of the screen
 
     /// Squares of @p side, centred on corners and edges of @p rect. Edges shorter than three sides get no
     /// handle of their own, so that the corners stay within reach.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/settings/CCustomCabinet.h"
 
+#include "layout/api/records/LayoutLimits.h"
 #include "platform/widgets/input/CClampedSpinBox.h"
 
 #include <QFormLayout>
@@ -14,7 +15,7 @@ constexpr QSize CustomCabinetDialogSize(208, 151);
 QSpinBox *customSideBox(int pixels)
 {
     auto *box = new CSpinBox;
-    box->setRange(8, 2048);
+    box->setRange(LayoutLimits::SmallestCustomSide, LayoutLimits::LargestSide);
     box->setValue(pixels);
     box->setFixedWidth(140);
     return box;

@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/settings/CTypeSizeRule.h"
 
+#include "layout/api/records/LayoutLimits.h"
 #include "platform/widgets/CMessageBox.h"
+
+static_assert(LayoutLimits::SmallestSide == 1 && LayoutLimits::LargestSide == 2048, "the text names them");
 
 bool CTypeSizeRule::check(const RcvTypeInfo &type, QWidget *messageParent)
 {
-    if (type.width >= MinimumSide && type.width <= MaximumSide && type.height >= MinimumSide &&
-        type.height <= MaximumSide)
+    if (LayoutLimits::isCabinetSize(QSize(type.width, type.height)))
         return true;
     CMessageBox::information(messageParent,
                              tr("Cabinet height or width must be between 1-2048, the WxH (%1x%2) of this "

@@ -16,9 +16,6 @@ class CTypeSizeRule final
 public:
     using RcvTypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
 
-    static constexpr int MinimumSide = 1; ///< pixels
-    static constexpr int MaximumSide = 2048;
-
     /// Whether a cabinet can have the type's size; if not, the user is told why.
     static bool check(const RcvTypeInfo &type, QWidget *messageParent);
 };

@@ -5,6 +5,7 @@
 #include "host/app/CProjectCommands.h"
 #include "host/devices/CDeviceManager.h"
 #include "host/devices/simulated/CProcessorKinds.h"
+#include "layout/api/records/LayoutLimits.h"
 #include "layout/resources/LayoutResources.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
@@ -238,7 +239,7 @@ private Q_SLOTS:
         QVERIFY2(ok->isEnabled(), qPrintable(summary->text()));
         box->setValue(value);
         QVERIFY(!ok->isEnabled());
-        QVERIFY(summary->text().contains(QString::number(CWallBuilder::MaximumCanvasSide)));
+        QVERIFY(summary->text().contains(QString::number(LayoutLimits::LargestCanvasSide)));
     }
 
     void tooManyCabinetsNeedMorePorts()

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/api/records/LayoutLimits.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
@@ -265,7 +266,7 @@ private Q_SLOTS:
     void aPortThatIsFullByNowTakesNoMore()
     {
         const LayoutData wall = SmallWorlds::data(
-            {SmallWorlds::wiredPort(0, CScenePlacing::LargestPort - 1), SmallWorlds::wiredPort(1, 1)});
+            {SmallWorlds::wiredPort(0, LayoutLimits::CabinetsPerPort - 1), SmallWorlds::wiredPort(1, 1)});
         CMouseTester mouse;
         mouse.view().showLayout(SmallWorlds::node(wall), wall);
         mouse.showAtActualSize();
@@ -280,7 +281,7 @@ private Q_SLOTS:
         QCOMPARE(user.texts(), QStringList{QStringLiteral(
                                    "The number of cabinet in a single output port can not be over 1024.")});
         QVERIFY(!mouse.scene().isAppending());
-        QCOMPARE(mouse.scene().portItem(0)->cabinets(nullptr).size(), CScenePlacing::LargestPort);
+        QCOMPARE(mouse.scene().portItem(0)->cabinets(nullptr).size(), LayoutLimits::CabinetsPerPort);
         QCOMPARE(mouse.stack().undoText(), QStringLiteral("Paste"));
     }
 

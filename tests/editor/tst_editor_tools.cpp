@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/api/records/LayoutLimits.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/view/CEditorToolBar.h"
 #include "layout/resources/LayoutResources.h"
@@ -285,6 +286,8 @@ private Q_SLOTS:
         QCOMPARE(extents.last().first().toRect(), QRect(50, 60, 256, 256));
         view.onNotifySelectedCabinetSizeChanged(QSize(100, 128));
         QCOMPARE(m_mouse->cabinet(0, 1).cabinet().rect, QRect(178, 60, 100, 128));
+        view.onNotifySelectedCabinetSizeChanged(QSize(LayoutLimits::LargestSide + 1, 128));
+        view.onNotifySelectedCabinetSizeChanged(QSize(100, LayoutLimits::SmallestSide - 1));
         QCOMPARE(m_mouse->stack().count(), 3);
         QCOMPARE(m_mouse->stack().text(0), QStringLiteral("ChangeRank"));
         QCOMPARE(m_mouse->scene().operationName(), QStringLiteral("ChangeSize"));

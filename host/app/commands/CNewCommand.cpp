@@ -7,6 +7,7 @@
 #include "host/devices/simulated/CProcessorKinds.h"
 #include "host/projects/CProcessorProject.h"
 #include "host/projects/CWallBuilder.h"
+#include "layout/api/records/LayoutLimits.h"
 #include "layout/geometry/CSnakeOrder.h"
 
 #include <QFileInfo>
@@ -26,9 +27,9 @@ CResult<SWallPlan> planFrom(const CCommandArguments &arguments)
     QString error;
     SWallPlan plan;
     plan.name = QFileInfo(arguments.file(0)).completeBaseName();
-    plan.cabinet = arguments.size(cabinetOption, CWallBuilder::MaximumCabinetSide, error);
-    plan.columns = arguments.number(columnsOption, 1, CWallBuilder::MaximumCanvasSide, error);
-    plan.rows = arguments.number(rowsOption, 1, CWallBuilder::MaximumCanvasSide, error);
+    plan.cabinet = arguments.size(cabinetOption, LayoutLimits::LargestSide, error);
+    plan.columns = arguments.number(columnsOption, 1, LayoutLimits::LargestCanvasSide, error);
+    plan.rows = arguments.number(rowsOption, 1, LayoutLimits::LargestCanvasSide, error);
     plan.ports = arguments.number(portsOption, 1, CWallBuilder::MaximumPorts, error);
     if (arguments.has(patternOption))
         plan.pattern = arguments.number(patternOption, 0, CSnakeOrder::PatternCount - 1, error);

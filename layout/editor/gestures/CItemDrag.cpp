@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/gestures/CItemDrag.h"
 
+#include "layout/api/records/LayoutLimits.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IEditorScene.h"
@@ -27,7 +28,7 @@ QSizeF largestFrame(const QVector<CGraphicsCabinetItem *> &cabinets, const QSize
     QSizeF largestPart(1, 1);
     for (const CGraphicsCabinetItem *cabinet : cabinets)
         largestPart = largestPart.expandedTo(cabinet->rect().size());
-    const qreal side = CResizeHandles::LargestSide;
+    const qreal side = LayoutLimits::LargestSide;
     return QSizeF(std::floor(frame.width() * side / largestPart.width()),
                   std::floor(frame.height() * side / largestPart.height()));
 }

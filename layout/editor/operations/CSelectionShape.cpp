@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/operations/CSelectionShape.h"
 
+#include "layout/api/records/LayoutLimits.h"
 #include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/IEditorScene.h"
@@ -49,7 +50,7 @@ void CSelectionShape::moveTo(const QPoint &corner)
 
 void CSelectionShape::resizeTo(const QSize &size)
 {
-    if (size.isEmpty() || m_selection.touchesLockedPort())
+    if (!LayoutLimits::isCabinetSize(size) || m_selection.touchesLockedPort())
         return;
     const CEditBatch batch(m_scene);
     const CUndoMacro macro(m_recorder, QStringLiteral("ChangeSize"), QStringLiteral("ChangeSize"));
@@ -91,7 +92,8 @@ void CSelectionShape::arrange(int columns)
 
 void CSelectionShape::applyType(const TypeInfo &type)
 {
-    if (!type.isValid() || m_selection.touchesLockedPort())
+    if (!type.isValid() || !LayoutLimits::isCabinetSize(QSize(type.width, type.height)) ||
+        m_selection.touchesLockedPort())
         return;
     const CEditBatch batch(m_scene);
     const QString text = QStringLiteral("Change cabinet type");

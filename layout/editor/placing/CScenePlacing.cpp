@@ -3,6 +3,7 @@
 #include "layout/editor/placing/CScenePlacing.h"
 
 #include "layout/api/access/IPortStates.h"
+#include "layout/api/records/LayoutLimits.h"
 #include "layout/drawing/CLayoutPainter.h"
 #include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/content/CSceneSelection.h"
@@ -53,6 +54,8 @@ CScenePlacing::CScenePlacing(CGraphicsScene &scene, IEditorScene &editor, const 
 {
 }
 
+static_assert(LayoutLimits::CabinetsPerPort == 1024, "two texts name it");
+
 /// A redundancy port follows its primary: what went in could not be undone.
 bool CScenePlacing::canTake(const CGraphicsPortItem &port)
 {
@@ -61,7 +64,7 @@ bool CScenePlacing::canTake(const CGraphicsPortItem &port)
 
 QString CScenePlacing::refusal(int count, int more)
 {
-    if (count + more <= LargestPort)
+    if (count + more <= LayoutLimits::CabinetsPerPort)
         return {};
     return tr("The number of cabinet in a single output port can not be over 1024.");
 }
@@ -81,7 +84,8 @@ void CScenePlacing::paste(const QPointF &position, QWidget *parent)
         m_cache = PasteCache(); // there is nothing that it could go into
     if (!port || !canTake(*port) || m_cache.isEmpty())
         return;
-    if (port->cabinets(nullptr).size() + CPasteContent::cabinetCount(m_cache) > LargestPort) {
+    if (port->cabinets(nullptr).size() + CPasteContent::cabinetCount(m_cache) >
+        LayoutLimits::CabinetsPerPort) {
         CMessageBox::information(parent,
                                  tr("The number of receivers in a single output port can not be over 1024."));
         return;
@@ -115,9 +119,8 @@ int CScenePlacing::pendingPort() const
 void CScenePlacing::beginAppend(const TypeInfo &type, int port, const QSize &size)
 {
     const CGraphicsPortItem *item = m_content.port(port);
-    const QRect sides(QPoint(1, 1), QPoint(LargestSide, LargestSide));
-    if (!item || !canTake(*item) || item->cabinets(nullptr).size() >= LargestPort ||
-        !sides.contains(size.width(), size.height()))
+    if (!item || !canTake(*item) || item->cabinets(nullptr).size() >= LayoutLimits::CabinetsPerPort ||
+        !LayoutLimits::isCabinetSize(size))
         return;
     m_scene.setProperty(PendingType, QVariantMap{{TypeKey, QVariant::fromValue(type)}});
     m_scene.setProperty(PendingPort, port);
@@ -184,7 +187,7 @@ void CScenePlacing::move(const QGraphicsSceneMouseEvent &event)
         return;
     }
     const CGraphicsPortItem *port = m_content.port(pendingPort());
-    const int room = port ? LargestPort - port->cabinets(nullptr).size() : 1;
+    const int room = port ? LayoutLimits::CabinetsPerPort - port->cabinets(nullptr).size() : 1;
     QVector<QRect> cells = CAppendPlan::cells(m_cells.first(), event.scenePos().toPoint(), room);
     const auto outside = [](const QRect &cell) { return cell.left() < 0 || cell.top() < 0; };
     cells.erase(std::remove_if(cells.begin(), cells.end(), outside), cells.end());

@@ -30,8 +30,6 @@ class CScenePlacing final
 public:
     using Port = CabinetLayout::CabinetPort;
     using TypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
-    static constexpr int LargestPort = 1024; ///< cabinets of one output port
-    static constexpr int LargestSide = 2048; ///< pixels of a cabinet
 
     CScenePlacing(CGraphicsScene &scene, IEditorScene &editor, const IPortStates &states,
                   CSceneContent &content, const CSceneSelection &selection, CUndoRecorder &recorder);
@@ -46,7 +44,7 @@ public:
     /// Whether cabinets wait to be placed.
     bool isAppending() const;
     /// From now on the next press places cabinets of @p size in @p port; @p type may be empty. Does nothing
-    /// for a port that takes no more, or a size outside 1 to LargestSide.
+    /// for a port that takes no more, or a size that no cabinet may have.
     void beginAppend(const TypeInfo &type, int port, const QSize &size);
     /// What waits is for @p port now; nothing waits any more when that takes no more.
     void moveAppendTo(int port);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/editor/random/CRandomEdits.h"
 
+#include "layout/api/records/LayoutLimits.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IMouseMode.h"
@@ -328,7 +329,7 @@ bool CRandomEdits::resizeSelected()
     m_scene.endDrag(press + step);
     if (refused)
         return false;
-    m_expected.resize(*m_items.begin(), step, CResizeHandles::LargestSide);
+    m_expected.resize(*m_items.begin(), step, LayoutLimits::LargestSide);
     return true;
 }
 

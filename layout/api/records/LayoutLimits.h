@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QSize>
+
+/// What a layout may hold. Operations and readers refuse what lies beyond; dialogs offer only what lies
+/// within.
+namespace LayoutLimits {
+
+constexpr int CabinetsPerPort = 1024;
+constexpr int SmallestSide = 1;          ///< of a cabinet, pixels
+constexpr int LargestSide = 2048;        ///< of a cabinet, pixels
+constexpr int SmallestCustomSide = 8;    ///< of a cabinet whose size the user enters, pixels
+constexpr int LargestCanvasSide = 32768; ///< of a canvas that is made here, pixels
+
+inline bool isSide(int pixels)
+{
+    return pixels >= SmallestSide && pixels <= LargestSide;
+}
+inline bool isCabinetSize(const QSize &size)
+{
+    return isSide(size.width()) && isSide(size.height());
+}
+
+} // namespace LayoutLimits
