@@ -11,6 +11,7 @@
 #include "host/app/CProjectCommands.h"
 #include "host/app/CSimulationMenu.h"
 #include "host/app/CTypeLibraryDialog.h"
+#include "host/app/CWorkModeMenu.h"
 #include "host/app/SAppOptions.h"
 #include "host/app/screen/CScreenWindow.h"
 #include "host/devices/CDeviceTreeModel.h"
@@ -55,7 +56,8 @@ QStringList projectFilesOf(const QMimeData &data)
 CMainWindow::CMainWindow(const SDeviceSettings &devices)
     : m_manager(devices)
     , m_module(std::make_unique<CModuleHost>(
-          std::make_shared<CLayoutHandler>(m_manager.services(), m_manager.jobs(), CTypeLibrary::builtIn()),
+          std::make_shared<CLayoutHandler>(m_manager.services(), m_manager.jobs(), m_manager.commands(),
+                                           CTypeLibrary::builtIn()),
           m_manager.announcer().subject()))
     , m_projects(
           std::make_unique<CProjectCommands>(m_manager.services(), m_manager.projects(), m_settings, *this))
@@ -81,8 +83,9 @@ void CMainWindow::buildUi()
     setWindowIcon(QIcon(QStringLiteral(":/Image/App/orvo.svg")));
     setAcceptDrops(true);
     setMinimumSize(SmallestWindow);
+    m_workMode = new CWorkModeMenu(m_manager.table(), m_manager.commands(), this);
     m_simulation = new CSimulationMenu(m_manager, this);
-    m_actions = SMainActions::create(*this, *m_simulation);
+    m_actions = SMainActions::create(*this, *m_workMode, *m_simulation);
 
     m_splitter = new QSplitter;
     m_splitter->setChildrenCollapsible(false);
@@ -165,7 +168,7 @@ void CMainWindow::loadModule(const QString &file)
 void CMainWindow::start(const SAppOptions &options)
 {
     for (const SAppOptions::SSimulation &simulation : options.simulations)
-        simulate(simulation.processor, simulation.fault);
+        simulate(simulation.processor, simulation.fault, simulation.on);
     if (options.demo)
         m_projects->openDemo();
     if (!options.files.isEmpty())
@@ -174,11 +177,11 @@ void CMainWindow::start(const SAppOptions &options)
         m_manager.jobs().detect();
 }
 
-void CMainWindow::simulate(const QString &name, SimulationFault fault)
+void CMainWindow::simulate(const QString &name, SimulationFault fault, bool on)
 {
     for (const CSimulatedPark::Processor &processor : m_manager.services().park().processors()) {
         if (processor->identity().name == name) {
-            m_manager.simulate(processor->identity().uuid, fault, true);
+            m_manager.simulate(processor->identity().uuid, fault, on);
             return;
         }
     }
@@ -342,6 +345,7 @@ void CMainWindow::updateActions()
     m_actions.detect->setEnabled(!m_manager.jobs().current());
     m_actions.processor->setEnabled(m_module->layoutModule() && !selected.isNull());
     m_actions.recentProjects->setEnabled(!m_settings.recentProjects().isEmpty());
+    m_workMode->setProcessor(selected);
     m_simulation->setProcessor(selected);
     updateTitles();
 }

@@ -16,6 +16,7 @@ class CModuleHost;
 class CProjectCommands;
 class CScreenWindow;
 class CSimulationMenu;
+class CWorkModeMenu;
 class QLabel;
 class QSplitter;
 struct SAppOptions;
@@ -55,7 +56,7 @@ private:
     void saveState();
 
     void flushModule(); ///< what the module shows is then what the manager holds
-    void simulate(const QString &name, SimulationFault fault);
+    void simulate(const QString &name, SimulationFault fault, bool on);
     bool confirmStop(); ///< false: the user wants what is being read or saved to end first
     void onJobStarted(CDeviceJob *job);
     void onJobFinished(CDeviceJob *job, const SDeviceOutcome &outcome);
@@ -73,6 +74,7 @@ private:
     const std::unique_ptr<CModuleHost> m_module;
     const std::unique_ptr<CProjectCommands> m_projects;
     const std::unique_ptr<CScreenWindow> m_screen;
+    CWorkModeMenu *m_workMode = nullptr;
     CSimulationMenu *m_simulation = nullptr;
     SMainActions m_actions;
     CDevicePanel *m_devices = nullptr;

@@ -3,6 +3,7 @@
 #include "host/app/CSimulationMenu.h"
 
 #include "host/devices/CDeviceManager.h"
+#include "host/devices/simulated/ProcessorStates.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -20,6 +21,8 @@ void CSimulationMenu::createActions()
 {
     setToolTipsVisible(true);
     for (const SSimulationFault &fault : SSimulationFault::all()) {
+        if (fault.fault == SimulationFault::Bypass)
+            addSeparator(); // states follow
         QAction *action = addAction(QCoreApplication::translate("SSimulationFault", fault.title));
         action->setObjectName(QStringLiteral("Simulate.") + QLatin1String(fault.name));
         action->setCheckable(true);
@@ -49,7 +52,7 @@ void CSimulationMenu::updateActions()
         it.key()->setChecked(on);
         it.key()->setEnabled(device);
         it.key()->setToolTip(hint);
-        any = any || on;
+        any = any || (on && !ProcessorStates::contains(it.value()));
     }
     m_clear->setEnabled(any);
 }
@@ -57,7 +60,7 @@ void CSimulationMenu::updateActions()
 void CSimulationMenu::clearFaults()
 {
     for (const SimulationFault fault : qAsConst(m_faults)) {
-        if (m_manager.isSimulated(m_processor, fault))
+        if (!ProcessorStates::contains(fault) && m_manager.isSimulated(m_processor, fault))
             m_manager.simulate(m_processor, fault, false);
     }
 }

@@ -9,7 +9,7 @@
 class CDeviceManager;
 enum class SimulationFault : int;
 
-/// The faults that the selected processor can be told to show. GUI thread.
+/// The faults and states that the selected processor can be told to show. GUI thread.
 class CSimulationMenu final : public QMenu
 {
     Q_OBJECT

@@ -22,7 +22,7 @@ CResult<SAppOptions> usageError(const QString &text)
         text + QLatin1Char('\n') +
         SAppOptions::tr("Usage: orvo [--demo] [--detect] [--state FOLDER] [--simulate KIND=PROCESSOR]... "
                         "[FILE.sprj ...]\n"
-                        "KIND is one of: %1.\n"
+                        "KIND is one of: %1; \"no-\" before it ends what began earlier.\n"
                         "\"orvo --help\" tells more.")
             .arg(faultNames().join(QStringLiteral(", "))));
 }
@@ -34,9 +34,12 @@ CResult<SAppOptions::SSimulation> simulation(const QString &text)
     const QString processor = text.mid(separator + 1);
     if (separator < 1 || processor.isEmpty())
         return Result::failure(SAppOptions::tr("\"--simulate %1\" names no fault and processor.").arg(text));
+    const QString kind = text.left(separator);
     for (const SSimulationFault &fault : SSimulationFault::all()) {
-        if (text.left(separator) == QLatin1String(fault.name))
-            return SAppOptions::SSimulation{fault.fault, processor};
+        for (const bool on : {true, false}) {
+            if (kind == QLatin1String(on ? "" : "no-") + QLatin1String(fault.name))
+                return SAppOptions::SSimulation{fault.fault, on, processor};
+        }
     }
     return Result::failure(
         SAppOptions::tr("\"%1\" is no fault that can be simulated.").arg(text.left(separator)));

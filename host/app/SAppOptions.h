@@ -15,10 +15,11 @@ struct SAppOptions
     Q_DECLARE_TR_FUNCTIONS(SAppOptions)
 
 public:
-    /// A fault that a simulated processor begins with.
+    /// A fault or state that a simulated processor begins with.
     struct SSimulation
     {
         SimulationFault fault;
+        bool on;           ///< false: it is ended
         QString processor; ///< its name
     };
 

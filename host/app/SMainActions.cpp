@@ -4,6 +4,7 @@
 
 #include "host/app/AppIcons.h"
 #include "host/app/CSimulationMenu.h"
+#include "host/app/CWorkModeMenu.h"
 
 #include <QAction>
 #include <QMainWindow>
@@ -23,12 +24,12 @@ QAction *makeAction(QMainWindow &window, const QString &text, const QKeySequence
 
 } // namespace
 
-SMainActions SMainActions::create(QMainWindow &window, CSimulationMenu &simulation)
+SMainActions SMainActions::create(QMainWindow &window, CWorkModeMenu &workMode, CSimulationMenu &simulation)
 {
     SMainActions actions;
     actions.createActions(window);
     actions.buildFileMenu(window);
-    actions.buildDeviceMenu(window);
+    actions.buildDeviceMenu(window, workMode);
     window.menuBar()->addMenu(&simulation);
     actions.buildHelpMenu(window);
     return actions;
@@ -77,12 +78,13 @@ void SMainActions::buildFileMenu(QMainWindow &window)
     menu->addAction(quit);
 }
 
-void SMainActions::buildDeviceMenu(QMainWindow &window)
+void SMainActions::buildDeviceMenu(QMainWindow &window, CWorkModeMenu &workMode)
 {
     QMenu *menu = window.menuBar()->addMenu(tr("&Device"));
     menu->addAction(detect);
     processor = menu->addMenu(tr("Current &processor"));
     processor->setToolTipsVisible(true);
+    menu->addMenu(&workMode);
     menu->addSeparator();
     menu->addAction(typeLibrary);
 }

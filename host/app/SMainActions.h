@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 
 class CSimulationMenu;
+class CWorkModeMenu;
 class QAction;
 class QMainWindow;
 class QMenu;
@@ -29,12 +30,13 @@ public:
     QMenu *recentProjects = nullptr;
     QMenu *processor = nullptr; ///< the module's commands of the current processor
 
-    /// Makes the actions and @p window's menu bar; @p simulation stands between the device and help menus.
-    static SMainActions create(QMainWindow &window, CSimulationMenu &simulation);
+    /// Makes the actions and @p window's menu bar; @p workMode goes into the device menu, @p simulation
+    /// between device and help menus.
+    static SMainActions create(QMainWindow &window, CWorkModeMenu &workMode, CSimulationMenu &simulation);
 
 private:
     void createActions(QMainWindow &window);
     void buildFileMenu(QMainWindow &window);
-    void buildDeviceMenu(QMainWindow &window);
+    void buildDeviceMenu(QMainWindow &window, CWorkModeMenu &workMode);
     void buildHelpMenu(QMainWindow &window);
 };

@@ -48,8 +48,7 @@ CStatus CDeviceCommands::apply(const QUuid &processor, const Edit &edit)
         if (error != DeviceError::None)
             return failure(*device, deviceErrorText(error));
     }
-    m_services.table().change(processor, [&settings](SDevice &known) { known.settings = settings; });
-    m_services.announcer().announceState();
+    m_services.takeSettings(processor, settings);
     return CStatus::done();
 }
 
@@ -101,14 +100,17 @@ CStatus CDeviceCommands::setWorkMode(const QUuid &processor, ProcessorWorkMode m
     const std::optional<SDevice> device = m_services.table().device(processor);
     if (device && device->project)
         return failure(*device, tr("A project has no work mode."));
-    CStatus status = apply(processor, [mode](SProcessorSettings &settings) { settings.workMode = mode; });
-    if (!status)
-        return status;
-    m_services.table().change(processor, [mode](SDevice &known) {
-        known.node.fiberTransceiver = mode == ProcessorWorkMode::FiberTransceiver;
-    });
-    m_services.announcer().notify(LayoutNotification::WorkModeChanged);
-    return status;
+    return apply(processor, [mode](SProcessorSettings &settings) { settings.workMode = mode; });
+}
+
+CStatus CDeviceCommands::setThreeD(const QUuid &processor, bool on)
+{
+    return apply(processor, [on](SProcessorSettings &settings) { settings.threeD = on; });
+}
+
+CStatus CDeviceCommands::setLowLatency(const QUuid &processor, bool on)
+{
+    return apply(processor, [on](SProcessorSettings &settings) { settings.lowLatency = on; });
 }
 
 CStatus CDeviceCommands::setPrimary(const QUuid &processor, const QUuid &primary)
@@ -123,18 +125,22 @@ CStatus CDeviceCommands::setOffset(const QUuid &processor, const QPoint &offset)
 
 CStatus CDeviceCommands::setBackground(const SBackgroundInfo &info)
 {
-    CStatus status =
-        apply(info.processor, [&info](SProcessorSettings &settings) { settings.background = info; });
-    if (status)
-        m_services.announcer().notify(LayoutNotification::BackgroundChanged, info);
-    return status;
+    return apply(info.processor, [&info](SProcessorSettings &settings) { settings.background = info; });
 }
 
 CanvasBlock CDeviceCommands::canvasBlock(const SDevice &device)
 {
+    const SProcessorSettings &settings = device.settings;
+    if (settings.frozen)
+        return CanvasBlock::Frozen;
+    if (settings.lowLatency)
+        return CanvasBlock::ZeroFrameDelay;
     // In both other modes the processor passes its input through.
-    const bool processing = device.settings.workMode == ProcessorWorkMode::VideoProcessor;
-    return processing ? CanvasBlock::None : CanvasBlock::Bypass;
+    if (settings.workMode != ProcessorWorkMode::VideoProcessor)
+        return CanvasBlock::Bypass;
+    if (settings.polling)
+        return CanvasBlock::Polling;
+    return settings.hdmiOutput ? CanvasBlock::HdmiOutput : CanvasBlock::None;
 }
 
 CStatus CDeviceCommands::setCanvasSize(const QSize &size)
@@ -143,7 +149,7 @@ CStatus CDeviceCommands::setCanvasSize(const QSize &size)
     if (!device)
         return CStatus::failure(unknownProcessor());
     if (canvasBlock(*device) != CanvasBlock::None)
-        return failure(*device, tr("In its present work mode the canvas cannot be changed."));
+        return failure(*device, tr("In its present state the canvas cannot be changed."));
     const SCanvasLimits &limits = device->kind.canvas;
     const bool fits = size.width() >= SmallestCanvasSide && size.height() >= SmallestCanvasSide &&
                       size.width() <= limits.maximumWidth && size.height() <= limits.maximumHeight &&
@@ -152,13 +158,7 @@ CStatus CDeviceCommands::setCanvasSize(const QSize &size)
         return failure(
             *device,
             tr("A canvas of %1×%2 pixels is beyond its limits.").arg(size.width()).arg(size.height()));
-    const QUuid processor = device->node.uuid;
-    CStatus status = apply(processor, [&size](SProcessorSettings &settings) { settings.canvas = size; });
-    if (!status)
-        return status;
-    m_services.announcer().notify(LayoutNotification::CanvasSizeChanged, SCanvasSizeChange{processor, size});
-    m_services.announcer().announceCommit(processor);
-    return status;
+    return apply(device->node.uuid, [&size](SProcessorSettings &settings) { settings.canvas = size; });
 }
 
 CStatus CDeviceCommands::setSignal(int hertz, int bits)
@@ -171,16 +171,10 @@ CStatus CDeviceCommands::setSignal(int hertz, int bits)
         return failure(*device, tr("It does not offer a frame rate of %1 Hz.").arg(hertz));
     if (!modes.colorDepths.contains(bits))
         return failure(*device, tr("It does not offer a color depth of %1 bit.").arg(bits));
-    const QUuid processor = device->node.uuid;
-    CStatus status = apply(processor, [hertz, bits](SProcessorSettings &settings) {
+    return apply(device->node.uuid, [hertz, bits](SProcessorSettings &settings) {
         settings.frameRate = hertz;
         settings.colorDepth = bits;
     });
-    if (!status)
-        return status;
-    m_services.table().change(processor, [bits](SDevice &known) { known.node.colorDepth = bits; });
-    m_services.announcer().notify(LayoutNotification::PortLoadsChanged, SPortLoadChange{processor, -1});
-    return status;
 }
 
 CStatus CDeviceCommands::setPortAreas(const QList<SPortArea> &areas)

@@ -27,6 +27,8 @@ public:
 
     CStatus setPortCount(const QUuid &processor, int count);
     CStatus setWorkMode(const QUuid &processor, ProcessorWorkMode mode);
+    CStatus setThreeD(const QUuid &processor, bool on);
+    CStatus setLowLatency(const QUuid &processor, bool on);
     CStatus setPrimary(const QUuid &processor, const QUuid &primary); ///< null: stands in for none
     CStatus setOffset(const QUuid &processor, const QPoint &offset);
     CStatus setBackground(const SBackgroundInfo &info);

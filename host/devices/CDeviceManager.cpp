@@ -2,9 +2,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/devices/CDeviceManager.h"
 
+#include "host/devices/simulated/ProcessorStates.h"
+#include "host/library/CTypeLibrary.h"
+
 CDeviceManager::CDeviceManager(const SDeviceSettings &settings)
     : m_services(settings)
     , m_tree(m_services.table())
+    , m_commands(m_services, CTypeLibrary::builtIn())
     , m_projects(m_services)
     , m_jobs(m_services)
 {
@@ -22,6 +26,12 @@ void CDeviceManager::simulate(const QUuid &processor, SimulationFault fault, boo
     const auto simulated = m_services.device(processor);
     if (!simulated)
         return;
+    if (ProcessorStates::contains(fault)) {
+        simulated->setState(fault, on);
+        if (m_services.table().isOnline(processor))
+            m_services.takeSettings(processor, simulated->settings());
+        return;
+    }
     simulated->setFault(fault, on);
     if (on && fault == SimulationFault::Changed)
         m_jobs.onMappingChanged(processor);
@@ -30,6 +40,8 @@ void CDeviceManager::simulate(const QUuid &processor, SimulationFault fault, boo
 bool CDeviceManager::isSimulated(const QUuid &processor, SimulationFault fault) const
 {
     const auto simulated = m_services.device(processor);
+    if (simulated && ProcessorStates::contains(fault))
+        return ProcessorStates::isOn(simulated->settings(), fault);
     return simulated && simulated->hasFault(fault);
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "host/devices/CDeviceCommands.h"
 #include "host/devices/CDeviceTreeModel.h"
 #include "host/devices/CProjectShelf.h"
 #include "host/devices/jobs/CDeviceJobs.h"
@@ -21,10 +22,12 @@ public:
     const CDeviceTable &table() const { return m_services.table(); }
     CDeviceAnnouncer &announcer() { return m_services.announcer(); }
     CDeviceJobs &jobs() { return m_jobs; }
+    CDeviceCommands &commands() { return m_commands; }
     CProjectShelf &projects() { return m_projects; }
     CDeviceTreeModel &treeModel() { return m_tree; }
 
-    /// Switches a fault of a simulated processor; the host learns of it at the next exchange.
+    /// Switches what a simulated processor is told to show. The host learns of a fault at the next exchange;
+    /// a state is announced by the processor itself.
     void simulate(const QUuid &processor, SimulationFault fault, bool on);
     bool isSimulated(const QUuid &processor, SimulationFault fault) const;
 
@@ -35,6 +38,7 @@ public:
 private:
     CDeviceServices m_services;
     CDeviceTreeModel m_tree;
+    CDeviceCommands m_commands;
     CProjectShelf m_projects;
     CDeviceJobs m_jobs; // last: stops before what it works with goes
 };

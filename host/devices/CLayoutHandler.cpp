@@ -10,13 +10,14 @@
 
 #include <algorithm>
 
-CLayoutHandler::CLayoutHandler(CDeviceServices &services, CDeviceJobs &jobs, const CTypeLibrary &library)
+CLayoutHandler::CLayoutHandler(CDeviceServices &services, CDeviceJobs &jobs, CDeviceCommands &commands,
+                               const CTypeLibrary &library)
     : m_services(services)
     , m_jobs(jobs)
+    , m_commands(commands)
     , m_library(library)
-    , m_commands(std::make_unique<CDeviceCommands>(services, library))
     , m_files(std::make_unique<CMappingFiles>(services, library))
-    , m_redundancy(std::make_unique<CRedundancyPairs>(services, *m_commands))
+    , m_redundancy(std::make_unique<CRedundancyPairs>(services, commands))
 {
 }
 

@@ -26,7 +26,8 @@ class CLayoutHandler final : public ILayoutInterfaceHandler
 
 public:
     /// All must outlive the handler.
-    CLayoutHandler(CDeviceServices &services, CDeviceJobs &jobs, const CTypeLibrary &library);
+    CLayoutHandler(CDeviceServices &services, CDeviceJobs &jobs, CDeviceCommands &commands,
+                   const CTypeLibrary &library);
     ~CLayoutHandler() override;
 
     QSize getCanvasSize() const override;
@@ -123,8 +124,8 @@ private:
 
     CDeviceServices &m_services;
     CDeviceJobs &m_jobs;
+    CDeviceCommands &m_commands;
     const CTypeLibrary &m_library;
-    const std::unique_ptr<CDeviceCommands> m_commands;
     const std::unique_ptr<CMappingFiles> m_files;
     const std::unique_ptr<CRedundancyPairs> m_redundancy;
     std::atomic<bool> m_followUpNeeded{false};

@@ -82,12 +82,12 @@ bool CLayoutHandler::readbackCabinetConfig(int port, const CabinetLayout::Cabine
     const SDevice device = current();
     if (cabinet.port != port || !device.working.isMapped(cabinet.uuid))
         return told(CStatus::failure(tr("The cabinet is not in the processor's saved mapping.")));
-    return told(m_commands->reach(device)) && told(m_files->exportCabinet(cabinet, file, typeName));
+    return told(m_commands.reach(device)) && told(m_files->exportCabinet(cabinet, file, typeName));
 }
 
 bool CLayoutHandler::setCabinetStatusLed(bool on)
 {
-    return told(m_commands->setStatusLed(on));
+    return told(m_commands.setStatusLed(on));
 }
 
 void CLayoutHandler::performPreparatoryStep(const QUuid &processor)
@@ -103,7 +103,7 @@ void CLayoutHandler::performPreparatoryStep(const QUuid &processor)
 
 bool CLayoutHandler::setOutputPortCount(const QUuid &processor, int count)
 {
-    return told(m_commands->setPortCount(processor, count));
+    return told(m_commands.setPortCount(processor, count));
 }
 
 bool CLayoutHandler::setProcessorRedundancy(const QUuid &primary, const QUuid &redundancy)
@@ -119,18 +119,18 @@ bool CLayoutHandler::cancelProcessorRedundancy(const QUuid &processor)
 bool CLayoutHandler::applyProcessorRedundancy(const QList<QUuid> &processors,
                                               const QList<QPair<QUuid, QUuid>> &pairs)
 {
-    return told(m_redundancy->replaceProcessors(processors, pairs));
+    return told(CBackgroundCall::result([&] { return m_redundancy->replaceProcessors(processors, pairs); }));
 }
 
 bool CLayoutHandler::setWorkMode(const QUuid &processor, ProcessorWorkMode mode)
 {
-    return told(m_commands->setWorkMode(processor, mode));
+    return told(m_commands.setWorkMode(processor, mode));
 }
 
 bool CLayoutHandler::setCabinetHighlight(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
                                          CabinetHighlight highlight)
 {
-    return told(m_commands->highlight(cabinets, highlight));
+    return told(m_commands.highlight(cabinets, highlight));
 }
 
 bool CLayoutHandler::setPortRedundancy(int primary, int backup)
@@ -184,7 +184,7 @@ void CLayoutHandler::saveMapping(ReadSaveMappingRole role, const LayoutData &dat
 
 bool CLayoutHandler::setPortAreas(const QList<SPortArea> &areas)
 {
-    return told(m_commands->setPortAreas(areas));
+    return told(m_commands.setPortAreas(areas));
 }
 
 void CLayoutHandler::showTypeLibrary(QWidget *parent)
@@ -195,40 +195,40 @@ void CLayoutHandler::showTypeLibrary(QWidget *parent)
 bool CLayoutHandler::sendCabinetParameters(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
                                            const SMD5 &type, double gamma)
 {
-    return told(m_commands->sendParameters(cabinets, type, gamma));
+    return told(CBackgroundCall::result([&] { return m_commands.sendParameters(cabinets, type, gamma); }));
 }
 
 bool CLayoutHandler::importCurrentGain(const QString &file)
 {
-    return told(m_commands->importGains(file));
+    return told(m_commands.importGains(file));
 }
 
 bool CLayoutHandler::clearCurrentGains()
 {
-    return told(m_commands->clearGains());
+    return told(m_commands.clearGains());
 }
 
 bool CLayoutHandler::sendCurrentGains(const QList<SCurrentGain> &gains)
 {
-    return told(m_commands->sendGains(gains));
+    return told(m_commands.sendGains(gains));
 }
 
 bool CLayoutHandler::setCanvasSize(const QSize &size)
 {
-    return told(m_commands->setCanvasSize(size));
+    return told(m_commands.setCanvasSize(size));
 }
 
 bool CLayoutHandler::setFrameRateAndColorDepth(int hertz, int bits)
 {
-    return told(m_commands->setSignal(hertz, bits));
+    return told(m_commands.setSignal(hertz, bits));
 }
 
 bool CLayoutHandler::setBackground(const SBackgroundInfo &info)
 {
-    return told(m_commands->setBackground(info));
+    return told(m_commands.setBackground(info));
 }
 
 bool CLayoutHandler::setProcessorOffset(const QUuid &processor, const QPoint &offset)
 {
-    return told(m_commands->setOffset(processor, offset));
+    return told(m_commands.setOffset(processor, offset));
 }

@@ -48,10 +48,19 @@ private Q_SLOTS:
         QCOMPARE(options.value().simulations.value(0).processor, QStringLiteral("Side left = 2"));
     }
 
-    void everyFaultHasAName()
+    void everythingThatCanBeSimulatedHasANameAndAnEnd()
     {
-        for (const char *name : {"offline", "slow", "silent", "refuse", "drop", "damaged", "changed"})
-            QVERIFY2(parse(QStringLiteral("--simulate %1=Lobby").arg(QLatin1String(name))), name);
+        for (const char *name : {"offline", "slow", "silent", "refuse", "drop", "damaged", "changed",
+                                 "bypass", "fiber", "3d", "low-latency", "frozen", "polling", "hdmi"}) {
+            for (const bool on : {true, false}) {
+                const QString text = QLatin1String(on ? "" : "no-") + QLatin1String(name);
+                const auto options = parse(QStringLiteral("--simulate %1=Lobby").arg(text));
+                QVERIFY2(options, name);
+                const SAppOptions::SSimulation simulation = options.value().simulations.first();
+                QCOMPARE(simulation.on, on);
+                QCOMPARE(SSimulationFault::all().at(int(simulation.fault)).name, name);
+            }
+        }
     }
 
     void refusesWhatItDoesNotKnow_data()

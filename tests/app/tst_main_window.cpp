@@ -223,6 +223,35 @@ private Q_SLOTS:
                                                  SimulationFault::Silent));
     }
 
+    void theWorkModeMenuShowsAndChangesTheState()
+    {
+        const auto entry = [this](const char *name) {
+            return m_window->findChild<QAction *>(QStringLiteral("WorkMode.") + QLatin1String(name));
+        };
+        click(QStringLiteral("Lobby"));
+        QVERIFY(entry("video")->isChecked() && entry("3d")->isChecked());
+        entry("fiber")->trigger();
+        QTRY_VERIFY(!showsEditor());
+        QVERIFY(entry("fiber")->isChecked() && !entry("video")->isChecked());
+        entry("bypass")->trigger();
+        QVERIFY(entry("bypass")->isChecked());
+        entry("video")->trigger();
+        QTRY_VERIFY(showsEditor());
+        for (const char *name : {"3d", "low-latency"}) {
+            const bool before = entry(name)->isChecked();
+            entry(name)->trigger();
+            QCOMPARE(entry(name)->isChecked(), !before);
+        }
+        action("Refuse requests")->trigger();
+        const CMessageBoxAnswerer user({QStringLiteral("OK")});
+        entry("bypass")->trigger();
+        QCOMPARE(user.boxes().size(), 1);
+        QVERIFY(entry("video")->isChecked() && !entry("bypass")->isChecked());
+        action("No faults")->trigger();
+        click(QStringLiteral("Foyer")); // offline
+        QVERIFY(!entry("bypass")->isEnabled() && !entry("bypass")->toolTip().isEmpty());
+    }
+
     void aModeButtonLeavesTheTransceiverMode()
     {
         click(QStringLiteral("Balcony"));

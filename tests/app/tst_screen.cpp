@@ -141,6 +141,23 @@ private Q_SLOTS:
         QCOMPARE(paint(picture).pixelColor(90, 95), off);
     }
 
+    void aNewFillOfTheCanvasIsShownAtOnce()
+    {
+        const QTemporaryDir folder;
+        CDeviceManager manager({folder.path(), 0.0});
+        SBackgroundInfo background;
+        background.processor = manager.projects().openDemo().value();
+        background.file = QStringLiteral("/pictures/red.png");
+        manager.services().select({background.processor}, PrcTreeNodeType::Processor);
+        CScreenWindow screen(manager.services());
+        screen.setShown(true);
+        QCoreApplication::processEvents();
+        QSignalSpy painted(screen.findChild<CScreenPicture *>(), &CScreenPicture::notifyChanged);
+        QVERIFY(bool(manager.commands().setBackground(background)));
+        QTRY_COMPARE(painted.size(), 1);
+        screen.setShown(false);
+    }
+
     void statusLedsLightEveryCabinet()
     {
         CScreenPicture picture;

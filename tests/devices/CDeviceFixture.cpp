@@ -100,7 +100,7 @@ QString CNotificationLog::waitFor(int code)
 
 CDeviceFixture::CDeviceFixture(double delayScale, const QString &stateFolder)
     : manager({stateFolder.isEmpty() ? folder.path() : stateFolder, delayScale})
-    , handler(manager.services(), manager.jobs(), CTypeLibrary::builtIn())
+    , handler(manager.services(), manager.jobs(), manager.commands(), CTypeLibrary::builtIn())
 {
     manager.announcer().subject().attach(log);
     if (delayScale <= 0) {

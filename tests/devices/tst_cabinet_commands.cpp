@@ -61,6 +61,40 @@ private Q_SLOTS:
         QVERIFY(handler.sendCabinetParameters(both, cabinet.type, 2.2));
         QCOMPARE(gammaOf(m_stage, cabinet.type), 2.2);
         QCOMPARE(gammaOf(m_left, cabinet.type), 2.2);
+
+        bool served = false; // while the processors take their time
+        QMetaObject::invokeMethod(
+            qApp, [&served] { served = true; }, Qt::QueuedConnection);
+        QVERIFY(handler.sendCabinetParameters(both, cabinet.type, 2.4));
+        QVERIFY(served);
+    }
+
+    void highlightsEndOnAProcessorThatLeftTheView_data()
+    {
+        QTest::addColumn<QByteArray>("next");
+        QTest::newRow("for another one") << QByteArray("Lobby");
+        QTest::newRow("for one that is offline") << QByteArray("Foyer");
+        QTest::newRow("for none") << QByteArray();
+        QTest::newRow("for a project") << QByteArray("project");
+    }
+    void highlightsEndOnAProcessorThatLeftTheView()
+    {
+        QFETCH(QByteArray, next);
+        QMap<QUuid, int> shown; // how many cabinets stand out, by processor
+        connect(&m_host->manager.announcer(), &CDeviceAnnouncer::notifyHighlightChanged, this,
+                [&shown](const QUuid &processor, const QList<Cabinet> &cabinets) {
+                    shown[processor] = cabinets.size();
+                });
+        const QList<Cabinet> cabinets = m_host->layoutOf(m_stage).ports.at(0).getAllCabinets().toList();
+        QVERIFY(m_host->handler.setCabinetHighlight(cabinets, CabinetHighlight::FlashingBox));
+        QTRY_COMPARE(shown.value(m_stage), cabinets.size());
+        if (next.isEmpty())
+            m_host->manager.services().select({}, PrcTreeNodeType::Other);
+        else
+            m_host->select(next == "project" ? m_host->manager.projects().openDemo().value()
+                                             : m_host->named(next.constData()));
+        QCOMPARE(m_host->handler.setCabinetHighlight({}, CabinetHighlight::Off), next == "Lobby");
+        QTRY_COMPARE(shown.value(m_stage), 0);
     }
 
     void parametersStopAtTheProcessorThatRefuses_data()

@@ -210,6 +210,29 @@ private Q_SLOTS:
         QVERIFY(!host.manager.table().isModified(foreign.processor));
     }
 
+    void whatTheModuleHoldsIsFlushedBeforeAJob_data()
+    {
+        QTest::addColumn<QByteArray>("job");
+        for (const char *job : {"read", "save", "detect"})
+            QTest::newRow(job) << QByteArray(job);
+    }
+    void whatTheModuleHoldsIsFlushedBeforeAJob()
+    {
+        QFETCH(QByteArray, job);
+        CDeviceFixture host;
+        const QUuid lobby = host.named("Lobby");
+        int flushed = 0;
+        host.manager.services().setFlush([&] {
+            ++flushed;
+            QVERIFY(!host.manager.jobs().current()); // else the job does not see what was edited
+        });
+        QVERIFY((job == "read"   ? host.read(lobby)
+                 : job == "save" ? host.save(lobby)
+                                 : host.detect())
+                    .isDone());
+        QCOMPARE(flushed, 1);
+    }
+
     void runsOneJobAtATime()
     {
         CDeviceFixture host(0.2);
@@ -310,21 +333,6 @@ private Q_SLOTS:
         QCOMPARE(host.save(arena).result, SDeviceOutcome::Cancelled);
     }
 
-    void readsAgainInRealtimeMode()
-    {
-        CDeviceFixture host;
-        const QUuid lobby = host.named("Lobby");
-        SMappingOptions options;
-        options.realtime = true;
-        host.outcomeOf([&](CDeviceJobs::Done done) {
-            host.manager.jobs().readMapping({lobby}, options, std::move(done));
-        });
-        const CabinetLayout before = host.layoutOf(lobby);
-        host.manager.simulate(lobby, SimulationFault::Changed, true);
-        QTRY_VERIFY(host.layoutOf(lobby) != before);
-        QTRY_VERIFY(!host.manager.jobs().current());
-    }
-
     void aRealtimeReadWaitsForTheRunningJob()
     {
         CDeviceFixture host;
@@ -340,6 +348,25 @@ private Q_SLOTS:
         host.manager.simulate(lobby, SimulationFault::Changed, true);
         QTRY_VERIFY(host.layoutOf(lobby) != before);
         QTRY_VERIFY(!host.manager.jobs().current());
+    }
+
+    void aRealtimeReadLeavesUnsavedEditsAlone()
+    {
+        CDeviceFixture host;
+        const QUuid lobby = host.named("Lobby");
+        SMappingOptions options;
+        options.realtime = true;
+        host.outcomeOf([&](CDeviceJobs::Done done) {
+            host.manager.jobs().readMapping({lobby}, options, std::move(done));
+        });
+        bool held = true; // by the module
+        host.manager.services().setFlush([&] {
+            if (std::exchange(held, false))
+                host.edit(lobby);
+        });
+        host.manager.simulate(lobby, SimulationFault::Changed, true);
+        QVERIFY(!host.manager.jobs().current());
+        QVERIFY(host.manager.table().isModified(lobby));
     }
 };
 

@@ -23,65 +23,56 @@ class CDeviceManagerTest final : public CTestBase
     Q_OBJECT
 
 private Q_SLOTS:
-    void detectionFindsTheProcessorsAndSaysSo()
+    void everyStateCanBeReachedAndLeft_data()
     {
-        CDeviceFixture host;
-        QCOMPARE(host.handler.getDetectedProcessorCount(), 6);
-        const ProcessorTree::ProcessorNode stage = host.handler.getProcessorNode(host.named("Main stage"));
-        QCOMPARE(stage.displayText(), QStringLiteral("Main stage(192.168.10.12)"));
-        QCOMPARE(stage.model, QStringLiteral("C16"));
-        QVERIFY(stage.online);
-        QVERIFY(!host.handler.getProcessorNode(host.named("Foyer")).online);
-        QVERIFY(host.handler.isFiberTransceiverMode(host.named("Balcony")));
-        QCOMPARE(host.layoutOf(host.named("Main stage")).cabinetCount(), 240);
-        QVERIFY(!host.manager.table().isModified(host.named("Main stage")));
+        QTest::addColumn<int>("state");
+        QTest::addColumn<int>("block");
+        QTest::addColumn<bool>("kept"); // without power
+        const auto row = [](SimulationFault state, CanvasBlock block, bool kept = true) {
+            QTest::newRow(SSimulationFault::all().at(int(state)).name) << int(state) << int(block) << kept;
+        };
+        row(SimulationFault::Bypass, CanvasBlock::Bypass);
+        row(SimulationFault::FiberTransceiver, CanvasBlock::Bypass);
+        row(SimulationFault::ThreeD, CanvasBlock::None);
+        row(SimulationFault::LowLatency, CanvasBlock::ZeroFrameDelay);
+        row(SimulationFault::Frozen, CanvasBlock::Frozen, false);
+        row(SimulationFault::Polling, CanvasBlock::Polling);
+        row(SimulationFault::HdmiOutput, CanvasBlock::HdmiOutput);
     }
-
-    void detectingAgainKeepsEditsAndTakesChanges()
+    void everyStateCanBeReachedAndLeft()
     {
-        CDeviceFixture host;
-        const QUuid lobby = host.named("Lobby");
-        const QUuid stage = host.named("Main stage");
-        host.edit(lobby);
-        const CabinetLayout edited = host.layoutOf(lobby);
-        const CabinetLayout before = host.layoutOf(stage);
-        host.manager.simulate(lobby, SimulationFault::Changed, true);
-        host.manager.simulate(stage, SimulationFault::Changed, true);
-        host.manager.simulate(host.named("Foyer"), SimulationFault::Offline, false);
-        host.manager.simulate(host.named("Arena"), SimulationFault::Offline, true);
-        QVERIFY(host.detect().isDone());
-        QVERIFY(host.layoutOf(lobby) == edited);
-        QVERIFY(host.layoutOf(stage) != before);
-        QVERIFY(host.handler.getProcessorNode(host.named("Foyer")).online);
-        QVERIFY(!host.handler.getProcessorNode(host.named("Arena")).online);
-    }
-
-    void detectionAnnouncesStatesAndLayouts()
-    {
+        QFETCH(int, state);
+        QFETCH(int, block);
+        QFETCH(bool, kept);
+        const auto simulated = static_cast<SimulationFault>(state);
         CDeviceFixture host;
         const QUuid stage = host.named("Main stage");
-        const QUuid foyer = host.named("Foyer");
-        host.manager.simulate(stage, SimulationFault::Changed, true);
-        host.manager.simulate(foyer, SimulationFault::Offline, false);
-        host.detect();
-        QStringList texts;
-        QTRY_VERIFY((texts << host.log.take()).contains(QStringLiteral("2")));
-        QVERIFY(texts.contains(QStringLiteral("17 ") + idOf(stage)));
-        QVERIFY(texts.contains(QStringLiteral("22 %1 1").arg(idOf(foyer))));
-        QCOMPARE(texts.size(), 3);
+        host.select(stage);
+        QCOMPARE(host.handler.canvasBlock(), CanvasBlock::None);
+        host.manager.simulate(stage, simulated, true);
+        QVERIFY(host.manager.isSimulated(stage, simulated));
+        QCOMPARE(int(host.handler.canvasBlock()), block);
+        QCOMPARE(host.handler.isThreeDEnabled(), simulated == SimulationFault::ThreeD);
+        QCOMPARE(host.handler.isFiberTransceiverMode(stage), simulated == SimulationFault::FiberTransceiver);
+        {
+            CDeviceFixture again(0, host.folder.path());
+            QCOMPARE(again.manager.isSimulated(stage, simulated), kept);
+        }
+        host.manager.simulate(stage, simulated, false);
+        QVERIFY(!host.manager.isSimulated(stage, simulated));
+        QCOMPARE(host.handler.canvasBlock(), CanvasBlock::None);
+        QVERIFY(!host.handler.isThreeDEnabled() && !host.handler.isFiberTransceiverMode(stage));
     }
 
-    void aDetectionThatFailsSomewhereSaysWhere()
+    void aStateThatEndsLeavesOthersAlone()
     {
-        CDeviceFixture host(0.01);
-        for (const auto &processor : host.manager.services().park().processors())
-            host.manager.simulate(processor->identity().uuid, SimulationFault::Damaged,
-                                  processor->identity().name == QLatin1String("Lobby"));
-        const SDeviceOutcome outcome = host.detect();
-        QCOMPARE(outcome.result, SDeviceOutcome::Failed);
-        QCOMPARE(outcome.text, QStringLiteral("Lobby(192.168.10.11): The transferred data arrived damaged."));
-        QVERIFY(!host.handler.getProcessorNode(host.named("Lobby")).online);
-        QCOMPARE(host.handler.getDetectedProcessorCount(), 5);
+        CDeviceFixture host;
+        const QUuid stage = host.named("Main stage");
+        host.manager.simulate(stage, SimulationFault::Bypass, true);
+        host.manager.simulate(stage, SimulationFault::FiberTransceiver, false); // it is not in that mode
+        QVERIFY(host.manager.isSimulated(stage, SimulationFault::Bypass));
+        host.manager.simulate(stage, SimulationFault::FiberTransceiver, true);
+        QVERIFY(!host.manager.isSimulated(stage, SimulationFault::Bypass));
     }
 
     void selectingAnnouncesTheCurrentProcessorThenTheAreas()

@@ -77,34 +77,27 @@ private Q_SLOTS:
         QCOMPARE(m_host->manager.table().device(m_stage)->gainRows, rows);
     }
 
-    void aFileThatIsWrongIsRefusedWithItsPlace_data()
+    void aFileThatIsWrongChangesNothing_data()
     {
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<QString>("place");
-        const auto row = [](const char *name, const QByteArray &content, const char *place) {
-            QTest::newRow(name) << content << QString::fromLatin1(place);
+        const auto row = [](const char *name, const char *rows, const char *place) {
+            QTest::newRow(name) << fileWithRows(rows) << QString::fromLatin1(place);
         };
-        const QByteArray good = fileWithRows(R"({"rows":[{"frameRate":0,"gainLevel":1,"values":[1,2,3]}]})");
-        row("empty", {}, "is empty");
-        row("cut", good.left(good.size() - 5), "cut off: it ends at byte");
-        row("altered", QByteArray(good).replace("[1,2,3]", "[1,2,4]"), "line 2 and below");
-        row("of another kind", CStrictFile::encode({"orvo-port-project", "a port project", 1}, {}),
-            "orvo-port-project");
-        row("newer", CStrictFile::encode({GainFormat.id, GainFormat.article, 2}, {}), "newer version");
-        row("without rows", fileWithRows("{}"), "\"rows\"");
-        row("unknown frame rate",
-            fileWithRows(R"({"rows":[{"frameRate":3,"gainLevel":1,"values":[1,2,3]}]})"),
+        QTest::newRow("empty") << QByteArray() << QStringLiteral("is empty");
+        row("without rows", "{}", "\"rows\"");
+        row("unknown frame rate", R"({"rows":[{"frameRate":3,"gainLevel":1,"values":[1,2,3]}]})",
             "rows[0].frameRate: 3");
-        row("two colours", fileWithRows(R"({"rows":[{"frameRate":0,"gainLevel":1,"values":[1,2]}]})"),
+        row("two colours", R"({"rows":[{"frameRate":0,"gainLevel":1,"values":[1,2]}]})",
             "rows[0].values: the gains");
-        row("gain too large", fileWithRows(R"({"rows":[{"frameRate":0,"gainLevel":1,"values":[1,2,256]}]})"),
+        row("gain too large", R"({"rows":[{"frameRate":0,"gainLevel":1,"values":[1,2,256]}]})",
             "rows[0].values[2]");
         row("set twice",
-            fileWithRows(R"({"rows":[{"frameRate":0,"gainLevel":1,"values":[1,2,3]},)"
-                         R"({"frameRate":0,"gainLevel":1,"values":[1,2,3]}]})"),
+            R"({"rows":[{"frameRate":0,"gainLevel":1,"values":[1,2,3]},)"
+            R"({"frameRate":0,"gainLevel":1,"values":[1,2,3]}]})",
             "rows[1].gainLevel");
     }
-    void aFileThatIsWrongIsRefusedWithItsPlace()
+    void aFileThatIsWrongChangesNothing()
     {
         QFETCH(QByteArray, content);
         QFETCH(QString, place);
@@ -115,17 +108,11 @@ private Q_SLOTS:
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
         file.close();
         QVERIFY(!handler.importCurrentGain(wrong));
-        QVERIFY2(handler.lastError().contains(wrong), qPrintable(handler.lastError()));
-        QVERIFY2(handler.lastError().contains(place), qPrintable(handler.lastError()));
-        QCOMPARE(handler.lastError().count(QLatin1Char('\n')), 0);
+        QVERIFY2(handler.lastError().contains(wrong) && handler.lastError().contains(place),
+                 qPrintable(handler.lastError()));
+        QVERIFY(!handler.importCurrentGain(m_file + QLatin1Char('x'))); // not there
+        QVERIFY(handler.lastError().contains(m_file + QLatin1Char('x')));
         QCOMPARE(importedBy(handler), QStringLiteral("0/0 1/2"));
-    }
-
-    void aFileThatIsMissingIsNamed()
-    {
-        const QString missing = m_file + QLatin1Char('x');
-        QVERIFY(!m_host->handler.importCurrentGain(missing));
-        QVERIFY(m_host->handler.lastError().contains(missing));
     }
 
     void aProcessorThatDoesNotTakeThemKeepsWhatItHas_data() { CDeviceFixture::addFaultRows(); }

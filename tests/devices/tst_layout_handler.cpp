@@ -25,10 +25,10 @@ QSet<QUuid> keysOf(const CabinetLayout &layout)
     return keys;
 }
 
-void lockPort(CDeviceFixture &host, const QUuid &processor, int port)
+void lockPort(CDeviceFixture &host, const QUuid &processor, int port, bool locked = true)
 {
     LayoutData data = host.handler.layoutData(processor);
-    data.layout.ports[port].locked = true;
+    data.layout.ports[port].locked = locked;
     host.handler.commitLayoutData(data);
 }
 
@@ -114,6 +114,31 @@ private Q_SLOTS:
         QVERIFY(!m_host->handler.copyProcessorMapping(m_left, m_left, false));
     }
 
+    void portsArrivePairedOrNotAtAll_data()
+    {
+        QTest::addColumn<int>("locked"); // port that does not come
+        QTest::addColumn<bool>("paired");
+        QTest::newRow("both come") << -1 << true;
+        QTest::newRow("the redundancy port stays") << 15 << false;
+        QTest::newRow("the primary port stays") << 0 << false;
+    }
+    void portsArrivePairedOrNotAtAll()
+    {
+        QFETCH(int, locked);
+        QFETCH(bool, paired);
+        m_host->select(m_left);
+        QVERIFY2(m_host->handler.setPortRedundancy(0, 15), qPrintable(m_host->handler.lastError()));
+        if (locked >= 0)
+            lockPort(*m_host, m_right, locked);
+        QVERIFY(m_host->handler.copyProcessorMapping(m_left, m_right, false));
+        using Port = CabinetLayout::CabinetPort;
+        const QVector<Port> ports = m_host->layoutOf(m_right).ports;
+        QCOMPARE(ports.at(0).redundancy, paired ? Port::Primary : Port::NoRedundancy);
+        QCOMPARE(ports.at(0).redundancyPort, paired ? 15 : -1);
+        QCOMPARE(ports.at(15).redundancy, paired ? Port::Redundant : Port::NoRedundancy);
+        QCOMPARE(ports.at(15).redundancyPort, paired ? 0 : -1);
+    }
+
     void onePortTravelsByItsFile()
     {
         const QString file = m_host->folder.filePath(QStringLiteral("port.pprj"));
@@ -139,6 +164,17 @@ private Q_SLOTS:
         QCOMPARE(m_host->handler.lastError(),
                  QStringLiteral("Main stage(192.168.10.12): Output port 13 holds cabinets."));
         QVERIFY(!m_host->handler.setOutputPortCount(m_stage, 20));
+        QVERIFY(!m_host->handler.setOutputPortCount(m_stage, 0));
+        lockPort(*m_host, m_stage, 15);
+        QVERIFY(!m_host->handler.setOutputPortCount(m_stage, 15));
+        QVERIFY(m_host->handler.lastError().endsWith(QLatin1String("Output port 16 is locked.")));
+        lockPort(*m_host, m_stage, 15, false);
+        QVERIFY(m_host->handler.setPortRedundancy(3, 15));
+        QVERIFY(!m_host->handler.setOutputPortCount(m_stage, 15));
+        QVERIFY(m_host->handler.lastError().endsWith(
+            QLatin1String("Output port 4 has its redundancy on a port that would go.")));
+        QVERIFY(m_host->handler.cancelPortRedundancy(3));
+        QCOMPARE(m_host->handler.currentProcessorPorts().size(), 16);
         m_host->log.take();
         QVERIFY(m_host->handler.setOutputPortCount(m_stage, 15));
         QCOMPARE(m_host->log.waitFor(25), QStringLiteral("25"));
@@ -160,14 +196,17 @@ private Q_SLOTS:
         QCOMPARE(ports.at(0).redundancy, CabinetLayout::CabinetPort::Primary);
         QCOMPARE(ports.at(15).redundancyPort, 0);
         QVERIFY(!m_host->handler.setPortRedundancy(1, 15));
+        const QString file = m_host->folder.filePath(QStringLiteral("port.pprj"));
+        QVERIFY(m_host->handler.exportPortMapping(m_stage, 2, file));
+        QVERIFY(!m_host->handler.importPortMapping(m_stage, 15, file, true));
+        QVERIFY(m_host->handler.lastError().endsWith(QLatin1String("Output port 16 is a redundancy port.")));
+        QCOMPARE(m_host->layoutOf(m_stage).ports.at(15).cabinetCount(), 0);
         Cabinet onBackup;
         onBackup.port = 15;
         QVERIFY(!m_host->handler.areOnPrimaryPorts({onBackup}));
         lockPort(*m_host, m_stage, 0);
         QVERIFY(!m_host->handler.cancelPortRedundancy(15));
-        LayoutData data = m_host->handler.layoutData(m_stage);
-        data.layout.ports[0].locked = false;
-        m_host->handler.commitLayoutData(data);
+        lockPort(*m_host, m_stage, 0, false);
         QVERIFY(m_host->handler.cancelPortRedundancy(15));
         QCOMPARE(m_host->log.waitFor(11), QStringLiteral("11 0 15 off"));
         QVERIFY(!m_host->handler.cancelPortRedundancy(15));
@@ -180,7 +219,9 @@ private Q_SLOTS:
     {
         using Pairs = QList<QPair<QUuid, QUuid>>;
         CLayoutHandler &handler = m_host->handler;
+        m_host->log.take();
         QVERIFY(handler.setProcessorRedundancy(m_left, m_right));
+        QCOMPARE(m_host->log.waitFor(22), QStringLiteral("22 %1 1").arg(idOf(m_right)));
         QCOMPARE(handler.processorRedundancies(), (Pairs{{m_left, m_right}}));
         QVERIFY(!handler.setProcessorRedundancy(m_stage, m_right));
         QVERIFY(!handler.setProcessorRedundancy(m_stage, m_stage));
@@ -194,7 +235,9 @@ private Q_SLOTS:
         QCOMPARE(handler.processorRedundancies(), (Pairs{{m_stage, m_lobby}, {m_right, m_left}}));
         QVERIFY(handler.applyProcessorRedundancy({m_left, m_right}, {}));
         QCOMPARE(handler.processorRedundancies(), (Pairs{{m_stage, m_lobby}}));
+        m_host->log.take();
         QVERIFY(handler.cancelProcessorRedundancy(m_stage));
+        QCOMPARE(m_host->log.waitFor(22), QStringLiteral("22 %1 1").arg(idOf(m_lobby)));
         QVERIFY(handler.processorRedundancies().isEmpty());
     }
 

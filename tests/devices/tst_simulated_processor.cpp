@@ -35,7 +35,8 @@ SProcessorSettings unusualSettings()
     settings.background.enabled = true;
     settings.frameRate = 50;
     settings.colorDepth = 12;
-    settings.threeD = settings.statusLed = true;
+    settings.threeD = settings.lowLatency = settings.polling = settings.hdmiOutput = true;
+    settings.statusLed = settings.frozen = true;
     settings.workMode = ProcessorWorkMode::Bypass;
     settings.primary = QUuid::createUuid();
     settings.portAreas = {{0, 1, 2, 3, 4}, {5, 65535, 0, 1, 1}};

@@ -18,7 +18,7 @@ SDeviceOutcome CDetection::run()
     m_services.table().setGroups(park.groups());
     m_count = static_cast<int>(park.processors().size());
     for (const CSimulatedPark::Processor &processor : park.processors()) {
-        m_context.report(100 * m_index / m_count, tr("Searching for processors"));
+        report(0);
         detectOne(*processor);
         if (m_context.cancel->isCancelled())
             break;
@@ -30,6 +30,11 @@ SDeviceOutcome CDetection::run()
     if (m_failures.isEmpty())
         return {};
     return {SDeviceOutcome::Failed, m_failures.join(QLatin1Char('\n'))};
+}
+
+void CDetection::report(int percent) const
+{
+    m_context.report((100 * m_index + percent) / m_count, tr("Searching for processors"));
 }
 
 SDevice CDetection::knownOrNew(const CSimulatedProcessor &processor) const
@@ -77,10 +82,8 @@ DeviceError CDetection::ask(CSimulatedProcessor &processor, SDevice &device)
     const auto settings = CProcessorCodec::settings(bytes, device.node.displayText());
     if (!settings)
         return DeviceError::Damaged;
-    device.settings = settings.value();
+    device.takeSettings(settings.value());
     device.settings.portCount = std::min(device.settings.portCount, device.kind.ports);
-    device.node.colorDepth = device.settings.colorDepth;
-    device.node.fiberTransceiver = device.settings.workMode == ProcessorWorkMode::FiberTransceiver;
     device.gainRows = device.settings.gainRows;
     return DeviceError::None;
 }
@@ -93,8 +96,8 @@ DeviceError CDetection::readMapping(CSimulatedProcessor &processor, SDevice &dev
     if (error != DeviceError::None || (!isNew && (revision == device.revision || device.isModified())))
         return error;
     QByteArray bytes;
-    error = processor.readMapping(
-        *m_context.cancel, [](int) {}, bytes);
+    const auto progress = [this](int percent) { report(percent); };
+    error = processor.readMapping(*m_context.cancel, progress, bytes);
     if (error != DeviceError::None)
         return error;
     const auto mapping = CProcessorCodec::mapping(bytes, device.node.displayText());
@@ -112,27 +115,21 @@ DeviceError CDetection::readMapping(CSimulatedProcessor &processor, SDevice &dev
 void CDetection::take(const SDevice &before, const SDevice &device, bool read)
 {
     const QUuid uuid = device.node.uuid;
-    bool replaced = false;
-    const bool known = m_services.table().change(uuid, [&](SDevice &now) {
-        const bool gainsWait = now.gainRows != now.settings.gainRows; // imported, but not sent
-        // What the user edited while the processor was read stays.
-        if (now.settings == before.settings)
-            now.settings = device.settings;
-        if (!gainsWait)
-            now.gainRows = now.settings.gainRows;
-        if (read && now.working.edition() == before.working.edition()) {
-            now.working = device.working;
-            now.revision = device.revision;
-            replaced = true;
-        }
-        now.node = device.node;
-    });
-    if (!known)
+    if (!m_services.table().contains(uuid)) {
         m_services.table().put(device);
+        m_services.announcer().announceState();
+        return;
+    }
+    bool replaced = false;
+    m_services.table().change(uuid, [&](SDevice &now) {
+        // What the user edited while the processor was read stays.
+        replaced = read && now.working.edition() == before.working.edition();
+        if (!replaced)
+            return;
+        now.working = device.working;
+        now.revision = device.revision;
+    });
+    m_services.takeAnswer(before, device);
     if (replaced)
         m_services.announcer().announceLayout(uuid);
-    if (known && before.node.online != device.node.online)
-        m_services.announcer().notify(LayoutNotification::ProcessorStateChanged,
-                                      SProcessorStateChange{uuid, device.node.online});
-    m_services.announcer().announceState();
 }

@@ -23,6 +23,7 @@ public:
     SDeviceOutcome run();
 
 private:
+    void report(int percent) const; ///< of the processor that is asked now
     void detectOne(CSimulatedProcessor &processor);
     SDevice knownOrNew(const CSimulatedProcessor &processor) const;
     DeviceError ask(CSimulatedProcessor &processor, SDevice &device);

@@ -106,7 +106,16 @@ void CDeviceJobs::readWhatIsDue()
     m_due &= m_realtime;
     if (m_due.isEmpty() || current())
         return;
+    m_services.flush();
+    QList<QUuid> unedited; // the others wait for the end of the job that saves or reads them
+    for (const QUuid &processor : qAsConst(m_due)) {
+        if (!m_services.table().isModified(processor))
+            unedited << processor;
+    }
+    if (unedited.isEmpty())
+        return;
+    m_due.subtract(QSet<QUuid>(unedited.begin(), unedited.end()));
     SMappingOptions options;
     options.realtime = true;
-    readMapping(std::exchange(m_due, {}).values(), options);
+    readMapping(unedited, options);
 }

@@ -24,11 +24,74 @@ void CDeviceServices::setOnline(const QUuid &processor, bool online)
     m_table.change(processor, [&](SDevice &device) {
         changed = device.node.online != online;
         device.node.online = online;
+        device.changes += changed ? 1 : 0;
     });
     if (!changed)
         return;
     m_announcer.notify(LayoutNotification::ProcessorStateChanged, SProcessorStateChange{processor, online});
     m_announcer.announceState();
+}
+
+void CDeviceServices::takeSettings(const QUuid &processor, const SProcessorSettings &settings)
+{
+    std::optional<SProcessorSettings> before;
+    bool online = false;
+    m_table.change(processor, [&](SDevice &device) {
+        before = device.settings;
+        online = device.node.online;
+        device.takeSettings(settings);
+    });
+    if (before)
+        announceSettings(processor, *before, settings, online);
+}
+
+void CDeviceServices::takeAnswer(const SDevice &before, const SDevice &answer)
+{
+    const QUuid uuid = answer.node.uuid;
+    bool asAsked = false;
+    m_table.change(uuid, [&](SDevice &now) {
+        asAsked = now.changes == before.changes;
+        now.node.index = answer.node.index;
+        if (!asAsked)
+            return;
+        const bool gainsWait = now.gainRows != now.settings.gainRows; // imported, but not sent
+        now.takeSettings(answer.settings);
+        now.node.online = answer.node.online;
+        if (!gainsWait)
+            now.gainRows = now.settings.gainRows;
+    });
+    if (!asAsked)
+        return;
+    if (before.node.online != answer.node.online)
+        m_announcer.notify(LayoutNotification::ProcessorStateChanged,
+                           SProcessorStateChange{uuid, answer.node.online});
+    announceSettings(uuid, before.settings, answer.settings, answer.node.online);
+}
+
+void CDeviceServices::announceSettings(const QUuid &processor, const SProcessorSettings &before,
+                                       const SProcessorSettings &after, bool online)
+{
+    const bool newCanvas = after.canvas != before.canvas;
+    const bool newBackground = after.background != before.background;
+    if (newCanvas)
+        m_announcer.notify(LayoutNotification::CanvasSizeChanged, SCanvasSizeChange{processor, after.canvas});
+    if (newBackground) {
+        SBackgroundInfo background = after.background;
+        background.processor = processor;
+        m_announcer.notify(LayoutNotification::BackgroundChanged, background);
+    }
+    if (after.workMode != before.workMode)
+        m_announcer.notify(LayoutNotification::WorkModeChanged);
+    if (after.frameRate != before.frameRate || after.colorDepth != before.colorDepth ||
+        after.threeD != before.threeD)
+        m_announcer.notify(LayoutNotification::PortLoadsChanged, SPortLoadChange{processor, -1});
+    if (after.primary != before.primary) // the module asks anew who stands in for whom
+        m_announcer.notify(LayoutNotification::ProcessorStateChanged,
+                           SProcessorStateChange{processor, online});
+    if (newCanvas || newBackground)
+        m_announcer.announceCommit(processor);
+    else
+        m_announcer.announceState();
 }
 
 void CDeviceServices::select(const QList<QUuid> &processors, PrcTreeNodeType type)

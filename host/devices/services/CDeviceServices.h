@@ -33,8 +33,13 @@ public:
 
     /// The simulated device behind a processor; null for projects and unknown keys.
     std::shared_ptr<CSimulatedProcessor> device(const QUuid &processor) const;
+    /// Takes over what a processor now keeps, and announces what follows from it.
+    void takeSettings(const QUuid &processor, const SProcessorSettings &settings);
     /// Takes note of whether a processor answers.
     void setOnline(const QUuid &processor, bool online);
+    /// Takes over what a processor answered to a search; @p before is what was known of it when it was asked.
+    /// Settings and state that were changed in between are newer than the answer and stay.
+    void takeAnswer(const SDevice &before, const SDevice &answer);
     /// Sets what is selected in the device tree. A single processor becomes the current one. GUI thread.
     void select(const QList<QUuid> &processors, PrcTreeNodeType type);
 
@@ -47,6 +52,9 @@ public:
     void stop();
 
 private:
+    void announceSettings(const QUuid &processor, const SProcessorSettings &before,
+                          const SProcessorSettings &after, bool online);
+
     CMailbox m_mailbox;
     CDeviceTable m_table;
     CSimulatedPark m_park;

@@ -49,6 +49,13 @@ bool CDeviceTable::contains(const QUuid &processor) const
     return find(processor) != nullptr;
 }
 
+bool CDeviceTable::isOnline(const QUuid &processor) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const SDevice *found = find(processor);
+    return found && found->node.online;
+}
+
 bool CDeviceTable::isProject(const QUuid &processor) const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);

@@ -28,6 +28,7 @@ public:
     QList<SDevice> devices() const;
     std::optional<SDevice> device(const QUuid &processor) const;
     bool contains(const QUuid &processor) const;
+    bool isOnline(const QUuid &processor) const;
     bool isProject(const QUuid &processor) const;
     /// Whether the working layout, or a project's settings, differ from what was last read or saved.
     bool isModified(const QUuid &processor) const;

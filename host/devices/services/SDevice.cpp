@@ -38,6 +38,14 @@ QString SDevice::failureText(const QString &reason) const
     return QStringLiteral("%1: %2").arg(node.displayText(), reason);
 }
 
+void SDevice::takeSettings(const SProcessorSettings &taken)
+{
+    settings = taken;
+    node.colorDepth = settings.colorDepth;
+    node.fiberTransceiver = settings.workMode == ProcessorWorkMode::FiberTransceiver;
+    ++changes;
+}
+
 void SDevice::takeLayout(const CabinetLayout &layout)
 {
     working.take(withPortsInUse(layout), kind.generation);

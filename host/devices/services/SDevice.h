@@ -21,6 +21,7 @@ struct SDevice
     SProcessorSettings settings;
     SProcessorSettings savedSettings; ///< of a project: as in its file
     CWorkingLayout working;
+    quint64 changes = 0;               ///< counts what commands and failures changed in settings and state
     quint64 revision = 0;              ///< of the mapping on the device when it was last read or saved
     QVector<SCurrentGainRow> gainRows; ///< current-gain parameters that were imported
 
@@ -33,6 +34,8 @@ struct SDevice
     int portLoad(const CabinetLayout::CabinetPort &port, int index) const;
     /// Whether all ports together exceed what the processor can drive.
     bool isOverloaded() const { return working.chargedPixels() > kind.pixelLimit; }
+    /// Takes @p taken as the settings, and what the node shows of them.
+    void takeSettings(const SProcessorSettings &taken);
     /// Takes @p layout as the working layout, with exactly the ports that are in use.
     void takeLayout(const CabinetLayout &layout);
     /// Takes @p mapping as the one that the device or the file holds.

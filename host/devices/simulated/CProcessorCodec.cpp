@@ -115,6 +115,10 @@ SProcessorSettings readSettings(const QJsonObject &body, QString &error)
     settings.frameRate = object.smallInteger("frameRate", 1, 1000);
     settings.colorDepth = object.smallInteger("colorDepth", 1, 64);
     settings.threeD = object.flagOr(false, "threeD");
+    settings.lowLatency = object.flagOr(false, "lowLatency");
+    settings.frozen = object.flagOr(false, "frozen");
+    settings.polling = object.flagOr(false, "polling");
+    settings.hdmiOutput = object.flagOr(false, "hdmiOutput");
     settings.statusLed = object.flagOr(false, "statusLed");
     settings.workMode = static_cast<ProcessorWorkMode>(object.smallInteger("workMode", 0, 2));
     settings.primary = object.uuidOr({}, "primary");
@@ -151,7 +155,8 @@ bool operator==(const SProcessorSettings &a, const SProcessorSettings &b)
 {
     const auto tied = [](const SProcessorSettings &s) {
         return std::tie(s.portCount, s.canvas, s.offset, s.background, s.frameRate, s.colorDepth, s.threeD,
-                        s.statusLed, s.workMode, s.primary, s.portAreas, s.gainRows, s.gains, s.gammas);
+                        s.lowLatency, s.frozen, s.polling, s.hdmiOutput, s.statusLed, s.workMode, s.primary,
+                        s.portAreas, s.gainRows, s.gains, s.gammas);
     };
     return tied(a) == tied(b);
 }
@@ -167,6 +172,10 @@ QByteArray CProcessorCodec::encode(const SProcessorSettings &settings)
         {QStringLiteral("frameRate"), settings.frameRate},
         {QStringLiteral("colorDepth"), settings.colorDepth},
         {QStringLiteral("threeD"), settings.threeD},
+        {QStringLiteral("lowLatency"), settings.lowLatency},
+        {QStringLiteral("frozen"), settings.frozen},
+        {QStringLiteral("polling"), settings.polling},
+        {QStringLiteral("hdmiOutput"), settings.hdmiOutput},
         {QStringLiteral("statusLed"), settings.statusLed},
         {QStringLiteral("workMode"), static_cast<int>(settings.workMode)},
         {QStringLiteral("portAreas"), areasToJson(settings.portAreas)},

@@ -4,6 +4,7 @@
 
 #include "host/devices/simulated/CCancelToken.h"
 #include "host/devices/simulated/DevicesLog.h"
+#include "host/devices/simulated/ProcessorStates.h"
 
 #include <cmath>
 
@@ -74,8 +75,10 @@ int CSimulatedProcessor::scaled(int milliseconds) const
 
 SProcessorState &CSimulatedProcessor::state()
 {
-    if (!m_state)
+    if (!m_state) {
         m_state = m_files.load(m_factory);
+        m_state->settings.frozen = false;
+    }
     return *m_state;
 }
 
@@ -247,13 +250,31 @@ DeviceError CSimulatedProcessor::apply(const SProcessorSettings &settings)
     if (error != DeviceError::None)
         return error;
     const std::lock_guard<std::mutex> lock(m_mutex);
+    return keep(settings) ? DeviceError::None : DeviceError::NotStored;
+}
+
+bool CSimulatedProcessor::keep(const SProcessorSettings &settings)
+{
     const CStatus stored = m_files.save(settings);
-    if (!stored) {
+    if (stored)
+        state().settings = settings;
+    else
         qCWarning(devicesLog, "%s", qPrintable(stored.error()));
-        return DeviceError::NotStored;
-    }
-    state().settings = settings;
-    return DeviceError::None;
+    return bool(stored);
+}
+
+void CSimulatedProcessor::setState(SimulationFault state, bool on)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    SProcessorSettings settings = this->state().settings;
+    ProcessorStates::set(settings, state, on);
+    keep(settings);
+}
+
+SProcessorSettings CSimulatedProcessor::settings()
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return state().settings;
 }
 
 DeviceError CSimulatedProcessor::probe()

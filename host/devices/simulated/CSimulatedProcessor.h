@@ -53,6 +53,10 @@ public:
     /// A short command that changes nothing.
     DeviceError probe();
 
+    /// Somebody switches a state at the processor itself, see ProcessorStates.
+    void setState(SimulationFault state, bool on);
+    SProcessorSettings settings();
+
     void setFault(SimulationFault fault, bool on);
     bool hasFault(SimulationFault fault) const;
 
@@ -68,7 +72,8 @@ private:
                      QByteArray &bytes) const;
     QByteArray damagedWhereTold(QByteArray bytes) const;
     DeviceError command();
-    SProcessorState &state(); ///< loaded at first use; with the mutex held
+    bool keep(const SProcessorSettings &settings); ///< with the mutex held
+    SProcessorState &state();                      ///< loaded at first use; with the mutex held
     SProcessorMapping keptMapping();
     bool keep(SProcessorMapping &mapping); ///< stores it as the next revision; with the mapping mutex held
     void changeFromElsewhere();

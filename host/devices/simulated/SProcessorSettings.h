@@ -21,7 +21,11 @@ struct SProcessorSettings
     int frameRate = 60; ///< hertz
     int colorDepth = 8; ///< bits
     bool threeD = false;
-    bool statusLed = false; ///< the status LEDs of the cabinets are on
+    bool lowLatency = false; ///< shows each frame without delay
+    bool frozen = false;     ///< the picture stands still; forgotten without power
+    bool polling = false;    ///< shows its inputs in turn
+    bool hdmiOutput = false; ///< sends the canvas to its HDMI output, too
+    bool statusLed = false;  ///< the status LEDs of the cabinets are on
     ProcessorWorkMode workMode = ProcessorWorkMode::VideoProcessor;
     QUuid primary; ///< the processor that it stands in for; null: none
     QList<SPortArea> portAreas;

@@ -16,6 +16,14 @@ const QVector<SSimulationFault> &SSimulationFault::all()
         {SimulationFault::Damaged, "damaged", QT_TRANSLATE_NOOP("SSimulationFault", "Damage the answers")},
         {SimulationFault::Changed, "changed",
          QT_TRANSLATE_NOOP("SSimulationFault", "Change the mapping from elsewhere")},
+        {SimulationFault::Bypass, "bypass", QT_TRANSLATE_NOOP("SSimulationFault", "Bypass mode")},
+        {SimulationFault::FiberTransceiver, "fiber",
+         QT_TRANSLATE_NOOP("SSimulationFault", "Fiber optic transceiver mode")},
+        {SimulationFault::ThreeD, "3d", QT_TRANSLATE_NOOP("SSimulationFault", "3D")},
+        {SimulationFault::LowLatency, "low-latency", QT_TRANSLATE_NOOP("SSimulationFault", "Low latency")},
+        {SimulationFault::Frozen, "frozen", QT_TRANSLATE_NOOP("SSimulationFault", "Frozen screen")},
+        {SimulationFault::Polling, "polling", QT_TRANSLATE_NOOP("SSimulationFault", "Input polling")},
+        {SimulationFault::HdmiOutput, "hdmi", QT_TRANSLATE_NOOP("SSimulationFault", "HDMI video output")},
     };
     return faults;
 }
