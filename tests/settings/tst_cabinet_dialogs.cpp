@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/settings/CCabinetInformation.h"
 #include "layout/settings/CCabinetParaSave.h"
-#include "platform/widgets/CTheme.h"
+#include "layout/settings/CCustomCabinet.h"
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
 #include "tests/harness/DialogUser.h"
+#include "tests/settings/TypeSamples.h"
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
@@ -14,75 +15,12 @@
 
 namespace {
 
-using Node = SSettings::TypeLibrary::STreeNode;
-using Type = Node::RcvTypeInfo;
-using Cabinets = QList<CabinetLayout::CabinetPort::Cabinet>;
-
-Type rental(const char *name)
+/// A library that also has a damaged type, in a folder.
+QVector<TypeNode> library()
 {
-    Type type;
-    type.key = SMD5::ofContent(name);
-    type.name = QLatin1String(name);
-    type.width = 192;
-    type.height = 384;
-    type.millimetres = {500, 1000.5};
-    type.kilograms = 11.8;
-    type.wattsMaximum = 320;
-    type.wattsAverage = 130;
-    type.voltsMinimum = 100;
-    type.voltsMaximum = 240;
-    return type;
-}
-
-/// What the library knows of "A", "B" (as A, but lighter) and "Bare" (nothing but its pixels).
-Type typeOf(const SMD5 &key)
-{
-    Type bare;
-    bare.key = SMD5::ofContent("Bare");
-    bare.name = QStringLiteral("Bare");
-    bare.width = 64;
-    bare.height = 32;
-    Type lighter = rental("B");
-    lighter.kilograms = 7;
-    lighter.customGamma = true;
-    for (const Type &type : {rental("A"), lighter, bare}) {
-        if (type.key == key)
-            return type;
-    }
-    return {};
-}
-
-/// Cabinets of 128 x 96 pixels on the canvas; "" is one without a type.
-Cabinets cabinets(const QStringList &types)
-{
-    Cabinets result;
-    for (const QString &type : types) {
-        CabinetLayout::CabinetPort::Cabinet cabinet;
-        cabinet.rect = QRect(500, 300, 128, 96);
-        if (!type.isEmpty())
-            cabinet.type = SMD5::ofContent(type.toUtf8());
-        result << cabinet;
-    }
-    return result;
-}
-
-CCabinetParaSave::Nodes library()
-{
-    CCabinetParaSave::Nodes types;
-    for (const char *name : {"A", "B"}) {
-        Node node;
-        node.info = typeOf(SMD5::ofContent(name));
-        node.key = node.info.key;
-        types << node;
-    }
-    Node damaged;
-    damaged.info = rental("Damaged");
-    damaged.info.damaged = true;
-    Node folder;
-    folder.name = QStringLiteral("Rental");
-    folder.kind = Node::Folder;
-    folder.children = {types[0], damaged};
-    return {folder, types[1]};
+    TypeInfo damaged = typeOf("Damaged");
+    damaged.damaged = true;
+    return {folder("Rental", {leaf(typeOf("A")), leaf(damaged)}), leaf(typeOf("Table"))};
 }
 
 /// The names in @p list, which are separated by commas.
@@ -95,20 +33,15 @@ QStringList names(const char *list)
 struct SSaveDialog
 {
     explicit SSaveDialog(const QStringList &types)
-        : dialog(cabinets(types), library(), nullptr)
+        : dialog(cabinetsOf(types), library(), nullptr)
     {
         dialog.show();
     }
 
     QComboBox *type() const { return dialog.findChild<QComboBox *>(); }
     QDoubleSpinBox *gamma() const { return dialog.findChild<QDoubleSpinBox *>(); }
-    QPushButton *save() const { return dialog.buttonBox()->button(QDialogButtonBox::Save); }
-    /// The text below the gamma value; empty while there is none.
-    QString note() const
-    {
-        const auto *label = dialog.findChild<QLabel *>(QStringLiteral("Note"));
-        return label->isVisible() ? label->text() : QString();
-    }
+    bool canSave() const { return dialog.buttonBox()->button(QDialogButtonBox::Save)->isEnabled(); }
+    bool showsNote() const { return dialog.findChild<QLabel *>(QStringLiteral("Note"))->isVisible(); }
 
     CCabinetParaSave dialog;
 };
@@ -120,8 +53,6 @@ class CCabinetDialogsTest final : public CTestBase
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { CTheme::apply(*qApp); }
-
     void tellsWhatCabinetsHaveInCommon_data()
     {
         QTest::addColumn<QStringList>("types");
@@ -130,9 +61,10 @@ private Q_SLOTS:
         QTest::newRow("one") << names("A") << "1|A|192x384|500mm x 1000.5mm|100V ~ 240V|320W|11.8Kg";
         QTest::newRow("equal") << names("A,A,A") << "3|A|192x384|500mm x 1000.5mm|100V ~ 240V|320W|11.8Kg";
         QTest::newRow("types that differ in weight")
-            << names("A,B,A") << "3|Multiple Type|192x384|500mm x 1000.5mm|100V ~ 240V|320W|-";
-        QTest::newRow("types that differ in everything") << names("Bare,A,A") << "3|Multiple Type|-|-|-|-|-";
-        QTest::newRow("little known") << names("Bare") << "1|Bare|64x32|-|-|-|-";
+            << names("A,Lighter,A") << "3|Multiple Type|192x384|500mm x 1000.5mm|100V ~ 240V|320W|-";
+        QTest::newRow("types that differ in everything")
+            << names("Bare,A,A") << "3|Multiple Type|192x384|-|-|-|-";
+        QTest::newRow("little known") << names("Bare") << "1|Bare|192x384|-|-|-|-";
         QTest::newRow("custom") << names(",") << "2|-|128x96|-|-|-|-";
         QTest::newRow("custom and type") << names("A,") << "2|Multiple Type|-|-|-|-|-";
         QTest::newRow("not in the library") << names("Lost") << "1|-|128x96|-|-|-|-";
@@ -142,7 +74,7 @@ private Q_SLOTS:
     {
         QFETCH(QStringList, types);
         QFETCH(QString, values);
-        const CCabinetInformation dialog(cabinets(types), typeOf, nullptr);
+        const CCabinetInformation dialog(cabinetsOf(types), typeOfKey, nullptr);
         QStringList shown;
         for (const char *row : {"Count", "Cabinet type", "Resolution", "Size", "Working voltage",
                                 "Power consumption", "Weight"})
@@ -152,153 +84,98 @@ private Q_SLOTS:
 
     void halfARangeOfVoltsIsUnknown()
     {
-        const CCabinetInformation dialog(
-            cabinets({QStringLiteral("A")}),
-            [](const SMD5 &key) {
-                Type type = typeOf(key);
-                type.voltsMaximum = 0;
+        for (const bool lower : {true, false}) {
+            const auto typeOfHalf = [lower](const SMD5 &key) {
+                TypeInfo type = typeOfKey(key);
+                (lower ? type.voltsMinimum : type.voltsMaximum) = 0;
                 return type;
-            },
-            nullptr);
-        QCOMPARE(labelled<QLineEdit>(dialog, "Working voltage")->text(), QStringLiteral("-"));
-    }
-
-    void theInformationFitsItsWindow()
-    {
-        CCabinetInformation dialog(cabinets({QStringLiteral("A")}), typeOf, nullptr);
-        dialog.show();
-        QCOMPARE(dialog.windowTitle(), QStringLiteral("Cabinet information"));
-        QCOMPARE(dialog.size(), QSize(351, 318));
-        QCOMPARE(dialog.buttonBox()->buttons().size(), 1);
-        int above = 0;
-        for (const QLineEdit *field : dialog.findChildren<QLineEdit *>()) {
-            const QRect area(field->mapTo(&dialog, QPoint()), field->size());
-            QCOMPARE(area.width(), 210);
-            QVERIFY(area.top() > above && dialog.rect().contains(area));
-            above = area.bottom();
-            QVERIFY(field->isReadOnly());
+            };
+            const CCabinetInformation dialog(cabinetsOf({"A"}), typeOfHalf, nullptr);
+            QCOMPARE(labelled<QLineEdit>(dialog, "Working voltage")->text(), QStringLiteral("-"));
         }
-        for (const QLabel *name : dialog.findChildren<QLabel *>())
-            QVERIFY2(name->width() >= name->sizeHint().width(), qPrintable(name->text()));
-        QTest::keyClick(&dialog, Qt::Key_Return);
-        QVERIFY(!dialog.isVisible());
     }
 
-    void startsWithTheCabinetsOwnType_data()
+    void savingStartsWithTheCabinetsOwnType_data()
     {
         QTest::addColumn<QStringList>("cabinetTypes");
         QTest::addColumn<QString>("chosen");
-        QTest::newRow("of one type") << names("B,B") << "B";
-        QTest::newRow("of two types") << names("A,B") << "";
+        QTest::newRow("of one type") << names("Table,Table") << "Table";
+        QTest::newRow("of two types") << names("A,Table") << "";
         QTest::newRow("custom") << names("") << "";
         QTest::newRow("damaged") << names("Damaged") << "";
         QTest::newRow("none") << QStringList{} << "";
     }
 
-    void startsWithTheCabinetsOwnType()
+    void savingStartsWithTheCabinetsOwnType()
     {
         QFETCH(QStringList, cabinetTypes);
         QFETCH(QString, chosen);
-        const SSaveDialog opened(cabinetTypes);
+        CFakeHost host;
+        SSaveDialog opened(cabinetTypes);
         QCOMPARE(opened.type()->count(), 2);
-        QCOMPARE(opened.type()->width(), 238);
         QCOMPARE(opened.type()->currentText(), chosen);
-        QCOMPARE(opened.save()->isEnabled(), !chosen.isEmpty());
+        QCOMPARE(opened.gamma()->value(), 2.8);
+        QCOMPARE(opened.canSave(), !chosen.isEmpty());
+        if (chosen.isEmpty())
+            QTest::keyClick(&opened.dialog, Qt::Key_Return); // there is nothing to be saved
+        QCOMPARE(opened.dialog.isVisible(), true);
+        QVERIFY(host.answers()->calls().isEmpty());
     }
 
     void gammaIsTypedWithOneDecimal_data()
     {
         QTest::addColumn<QString>("typed");
-        QTest::addColumn<QString>("shown");
-        QTest::newRow("one decimal") << "2.2"
-                                     << "2.2";
-        QTest::newRow("no decimal") << "3"
-                                    << "3.0";
-        QTest::newRow("two decimals") << "3.45"
-                                      << "3.4"; // the last key does nothing
-        QTest::newRow("too large") << "4.1"
-                                   << "4.0";
-        QTest::newRow("too small") << "0.9"
-                                   << "1.0";
+        QTest::addColumn<double>("value");
+        QTest::newRow("one decimal") << "2.2" << 2.2;
+        QTest::newRow("two decimals") << "3.45" << 3.4; // the last key does nothing
+        QTest::newRow("too large") << "4.1" << 4.0;
+        QTest::newRow("too small") << "0.9" << 1.0;
     }
     void gammaIsTypedWithOneDecimal()
     {
         QFETCH(QString, typed);
         const SSaveDialog opened({QStringLiteral("A")});
-        QDoubleSpinBox *gamma = opened.gamma();
-        gamma->selectAll();
-        QTest::keyClicks(gamma, typed);
-        gamma->interpretText();
-        QTEST(gamma->text(), "shown");
-        QCOMPARE(gamma->value(), gamma->text().toDouble());
+        opened.gamma()->selectAll();
+        QTest::keyClicks(opened.gamma(), typed);
+        opened.gamma()->interpretText();
+        QTEST(opened.gamma()->value(), "value");
     }
 
     void aGammaTableOfItsOwnForbidsAValue()
     {
         const SSaveDialog opened({QStringLiteral("A")});
         const QSize size = opened.dialog.size();
-        QVERIFY(opened.gamma()->isEnabled() && opened.note().isEmpty());
-        opened.type()->setCurrentIndex(1);
-        QVERIFY(!opened.gamma()->isEnabled());
-        QCOMPARE(opened.note(), QStringLiteral("With a custom gamma table, the gamma value cannot be set."));
-        QTest::qWait(0);
-        QCOMPARE(opened.dialog.size(), size);
-        opened.type()->setCurrentIndex(0);
-        QVERIFY(opened.gamma()->isEnabled() && opened.note().isEmpty());
+        for (const int type : {0, 1, 0}) {
+            opened.type()->setCurrentIndex(type);
+            QCoreApplication::processEvents();
+            QCOMPARE(opened.gamma()->isEnabled(), type == 0);
+            QCOMPARE(opened.showsNote(), type == 1);
+            QCOMPARE(opened.dialog.size(), size);
+        }
     }
 
-    void tellsHowTheSaveEnded_data()
+    void nothingIsSavedToARedundancyPort()
     {
-        QTest::addColumn<bool>("primary");
-        QTest::addColumn<bool>("refused");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("saved") << true << false << "Save successful.|";
-        QTest::newRow("refused") << true << true << "Save failed.|The processor does not answer.";
-        QTest::newRow("on a redundancy port")
-            << false << false
-            << "Unable to save, please make sure the cabinets are connected to primary output ports.|";
-    }
-
-    void tellsHowTheSaveEnded()
-    {
-        QFETCH(bool, primary);
-        QFETCH(bool, refused);
-        QFETCH(QString, message);
         CFakeHost host;
-        host.answers()->primaryPorts = primary;
-        if (refused)
-            host.answers()->refused << QStringLiteral("sendCabinetParameters");
-        SSaveDialog opened({QStringLiteral("A"), QStringLiteral("A")});
-        opened.gamma()->setValue(2.2);
-        const CMessageBoxAnswerer user({QStringLiteral("OK")});
-        QTest::mouseClick(opened.save(), Qt::LeftButton);
-
-        QCOMPARE(user.boxes().size(), 1);
-        QCOMPARE(user.boxes()[0].title, QStringLiteral("Orvo"));
-        QCOMPARE(user.boxes()[0].text + QLatin1Char('|') + user.boxes()[0].details, message);
-        const QString sent = QStringLiteral("sendCabinetParameters(2,%1,2.2)")
-                                 .arg(QString::fromLatin1(SMD5::ofContent("A").toText()));
-        QCOMPARE(host.answers()->calls().contains(sent), primary);
-        QCOMPARE(host.answers()->count(QStringLiteral("sendCabinetParameters")), primary ? 1 : 0);
-        QCOMPARE(opened.dialog.isVisible(), !primary || refused);
-    }
-
-    void withoutAHostNothingIsSaved()
-    {
+        host.answers()->primaryPorts = false;
         SSaveDialog opened({QStringLiteral("A")});
         const CMessageBoxAnswerer user({QStringLiteral("OK")});
         QTest::keyClick(&opened.dialog, Qt::Key_Return);
-        QCOMPARE(user.texts(), QStringList(QStringLiteral("Save failed.")));
+        QCOMPARE(user.texts(), QStringList{QStringLiteral("Unable to save, please make sure the cabinets are "
+                                                          "connected to primary output ports.")});
+        QCOMPARE(host.answers()->count(QStringLiteral("sendCabinetParameters")), 0);
         QVERIFY(opened.dialog.isVisible());
     }
 
-    void cancellingSendsNothing()
+    void aCustomCabinetHasTheSizeThatWasTyped()
     {
-        CFakeHost host;
-        SSaveDialog opened({QStringLiteral("A")});
-        QTest::keyClick(&opened.dialog, Qt::Key_Escape);
-        QVERIFY(!opened.dialog.isVisible());
-        QVERIFY(host.answers()->calls().isEmpty());
+        CCustomCabinet dialog({192, 5000}, nullptr);
+        dialog.show();
+        QCOMPARE(dialog.cabinetSize(), QSize(192, 2048));
+        QTest::keyClicks(labelled<QSpinBox>(dialog, "Width"),
+                         QStringLiteral("320")); // replaces what was there
+        labelled<QSpinBox>(dialog, "Height")->setValue(7);
+        QCOMPARE(dialog.cabinetSize(), QSize(320, 8));
     }
 };
 

@@ -1,51 +1,18 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/settings/CCabinetTypeSetting.h"
-#include "layout/settings/CCustomCabinet.h"
 #include "platform/widgets/CTheme.h"
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
 #include "tests/harness/DialogUser.h"
+#include "tests/settings/TypeSamples.h"
 
 #include <QMenu>
-#include <QSpinBox>
 
 namespace {
 
-using Node = SSettings::TypeLibrary::STreeNode;
-using Type = Node::RcvTypeInfo;
-
-Type type(const char *name, int width, int height, int kind = Type::SingleReceiver)
-{
-    Type info;
-    info.key = SMD5::ofContent(name);
-    info.name = QLatin1String(name);
-    info.kind = kind;
-    info.width = width;
-    info.height = height;
-    return info;
-}
-
-Node leaf(const Type &info)
-{
-    Node node;
-    node.name = info.name;
-    node.key = info.key;
-    node.info = info;
-    return node;
-}
-
-Node folder(const char *name, const QVector<Node> &children)
-{
-    Node node;
-    node.name = QLatin1String(name);
-    node.kind = Node::Folder;
-    node.children = children;
-    return node;
-}
-
-CCabinetTypeSetting::Library libraryOf(const QVector<Node> &nodes)
+CCabinetTypeSetting::Library libraryOf(const QVector<TypeNode> &nodes)
 {
     return [nodes] { return nodes; };
 }
@@ -124,6 +91,7 @@ QImage picture(const QAction *action)
     return action->icon().pixmap(16, 16).toImage();
 }
 
+const QString ProductPictures = QStringLiteral(":/Image/SettingArea/TypeLibrary/product-%1.svg");
 const QString SizeQuestion = QStringLiteral("The size of the cabinet and the selected type does not match. "
                                             "Do you want to change the size of cabinet?");
 
@@ -138,60 +106,45 @@ private Q_SLOTS:
 
     void theMenuIsTheLibrary()
     {
-        Type damaged = type("Broken", 0, 0);
+        TypeInfo damaged = typeOf("Broken");
         damaged.damaged = true;
+        TypeInfo several = typeOf("Tall");
+        several.kind = TypeInfo::MultiReceiver;
+        TypeInfo unknownKind = typeOf("Plain");
+        unknownKind.kind = 7;
         CCabinetTypeSetting dialog(
             cabinets({}),
-            libraryOf({folder("Rental", {folder("Indoor", {leaf(type("R & D", 192, 192))}),
-                                         leaf(type("Tall", 192, 384, Type::MultiReceiver))}),
-                       folder("Empty", {}), leaf(damaged), leaf(type("Plain", 64, 64, 7))}),
+            libraryOf({folder("Rental", {folder("Indoor", {leaf(typeOf("R & D"))}), leaf(several)}),
+                       folder("Empty", {}), leaf(damaged), leaf(unknownKind)}),
             nullptr);
         dialog.show();
+        QVERIFY(!okOf(dialog)->isEnabled());
         inMenu(dialog, [](QMenu &menu) {
             QCOMPARE(outline(menu), QStringLiteral("Rental[Indoor[R && D],Tall],!Empty[],!Broken,Plain,-,"
                                                    "Type library..."));
-            const QAction *several = entry(menu, {QStringLiteral("Rental"), QStringLiteral("Tall")});
-            const QAction *plain = entry(menu, {QStringLiteral("Plain")});
-            QVERIFY(!picture(plain).isNull());
-            QVERIFY(picture(several) != picture(plain));
-            QCOMPARE(picture(entry(menu, {QStringLiteral("Rental"), QStringLiteral("Indoor"),
-                                          QStringLiteral("R && D")})),
-                     picture(plain));
-            QCOMPARE(QString::fromLatin1(several->data().typeName()),
-                     QStringLiteral("SSettings::TypeLibrary::STreeNode::RcvTypeInfo"));
+            const QImage tall = picture(entry(menu, {QStringLiteral("Rental"), QStringLiteral("Tall")}));
+            const QImage plain = picture(entry(menu, {QStringLiteral("Plain")}));
+            QCOMPARE(tall, QIcon(ProductPictures.arg(QStringLiteral("multi"))).pixmap(16, 16).toImage());
+            QCOMPARE(plain, QIcon(ProductPictures.arg(QStringLiteral("single"))).pixmap(16, 16).toImage());
+            QVERIFY(!plain.isNull() && tall != plain);
         });
     }
 
     void showsWhatWasChosen()
     {
+        const QString longName = QStringLiteral("A name that is far too long for a button of this width");
         CCabinetTypeSetting dialog(
-            cabinets({{128, 256}}),
-            libraryOf({folder("Rental", {leaf(type("A & B", 128, 256))}),
-                       leaf(type("A name that is far too long for a button of this width", 64, 64))}),
-            nullptr);
+            cabinets({{192, 384}}),
+            libraryOf({folder("Rental", {leaf(typeOf("A & B"))}), leaf(typeOf(longName))}), nullptr);
         dialog.show();
-        QPushButton *button = typeButton(dialog);
-        QVERIFY(dialog.isModal());
-        QCOMPARE(dialog.findChild<QLabel *>(QStringLiteral("Highlight-NormalFont"))->text(),
-                 QStringLiteral("Type selection"));
-        QCOMPARE(labelled<QPushButton>(dialog, "Type"), button);
-        QCOMPARE(withoutMnemonic(button->text()), QStringLiteral("Please select type"));
-        QCOMPARE(button->size(), QSize(236, 24));
-        QCOMPARE(button->styleSheet(), QStringLiteral("QPushButton{text-align: left;}"));
-        QCOMPARE(typeSize(dialog), QStringLiteral("-"));
-        QVERIFY2(!okOf(dialog)->isEnabled(), "there is nothing yet to say OK to");
-
+        const QPushButton *button = typeButton(dialog);
         choose(dialog, {QStringLiteral("Rental"), QStringLiteral("A && B")});
         QCOMPARE(button->text(), QStringLiteral("A && B"));
-        QCOMPARE(typeSize(dialog), QStringLiteral("128x256"));
-        QTest::mouseClick(okOf(dialog), Qt::LeftButton);
-        QCOMPARE(dialog.result(), int(QDialog::Accepted));
-        QCOMPARE(dialog.type(), type("A & B", 128, 256));
-
-        const QString longName = QStringLiteral("A name that is far too long for a button of this width");
-        dialog.show();
+        QCOMPARE(typeSize(dialog), QStringLiteral("192x384"));
+        QCOMPARE(dialog.type(), typeOf("A & B"));
         choose(dialog, {longName});
         QVERIFY(button->text().endsWith(QChar(0x2026)));
+        QVERIFY(button->fontMetrics().horizontalAdvance(button->text()) < button->width() - 30);
         QCOMPARE(button->toolTip(), longName);
     }
 
@@ -211,9 +164,9 @@ private Q_SLOTS:
     {
         QFETCH(QSize, size);
         QFETCH(bool, usable);
-        const Type tried = type("Tried", size.width(), size.height());
+        const TypeInfo tried = typeOfSize("Tried", {size.width(), size.height()});
         CCabinetTypeSetting dialog(cabinets({{64, 64}}),
-                                   libraryOf({leaf(type("Before", 64, 64)), leaf(tried)}), nullptr);
+                                   libraryOf({leaf(typeOfSize("Before", {64, 64})), leaf(tried)}), nullptr);
         dialog.show();
         choose(dialog, {QStringLiteral("Before")});
         const CMessageBoxAnswerer user(usable ? QStringList() : QStringList{QStringLiteral("OK")});
@@ -246,7 +199,8 @@ private Q_SLOTS:
         QFETCH(QVector<QSize>, sizes);
         QFETCH(QString, answer);
         QFETCH(bool, accepted);
-        CCabinetTypeSetting dialog(cabinets(sizes), libraryOf({leaf(type("Tall", 128, 256))}), nullptr);
+        CCabinetTypeSetting dialog(cabinets(sizes), libraryOf({leaf(typeOfSize("Tall", {128, 256}))}),
+                                   nullptr);
         dialog.show();
         choose(dialog, {QStringLiteral("Tall")});
         const CMessageBoxAnswerer user(answer.isEmpty() ? QStringList() : QStringList{answer});
@@ -262,11 +216,11 @@ private Q_SLOTS:
 
     void theMenuFollowsTheLibrary()
     {
-        QVector<Node> library{leaf(type("Old", 64, 64))};
+        QVector<TypeNode> library{leaf(typeOfSize("Old", {64, 64}))};
         CFakeHost host;
         host.answers()->onCalled = [&](const QString &call) {
             if (call.startsWith(QLatin1String("showTypeLibrary")))
-                library = {leaf(type("New", 64, 64))};
+                library = {leaf(typeOfSize("New", {64, 64}))};
         };
         CCabinetTypeSetting dialog(
             cabinets({{64, 64}}), [&library] { return library; }, nullptr);
@@ -277,46 +231,6 @@ private Q_SLOTS:
         QCOMPARE(dialog.type().name, QStringLiteral("Old"));
         choose(dialog, {QStringLiteral("New")});
         QCOMPARE(dialog.type().name, QStringLiteral("New"));
-    }
-
-    void withoutAHostThereIsNoLibraryToShow()
-    {
-        CCabinetTypeSetting dialog(cabinets({{64, 64}}), libraryOf({}), nullptr);
-        dialog.show();
-        choose(dialog, {QStringLiteral("Type library...")});
-        QVERIFY(dialog.isVisible());
-        QVERIFY(!okOf(dialog)->isEnabled());
-    }
-
-    void leavingAsksNothing()
-    {
-        CCabinetTypeSetting dialog(cabinets({{128, 128}}), libraryOf({leaf(type("Tall", 128, 256))}),
-                                   nullptr);
-        dialog.show();
-        choose(dialog, {QStringLiteral("Tall")});
-        QTest::keyClick(&dialog, Qt::Key_Escape);
-        QVERIFY(!dialog.isVisible());
-        QCOMPARE(dialog.result(), int(QDialog::Rejected));
-    }
-
-    void aCustomCabinetHasTheSizeThatWasTyped()
-    {
-        CCustomCabinet dialog({192, 5000}, nullptr);
-        dialog.show();
-        QCOMPARE(dialog.windowTitle(), QStringLiteral("Custom cabinet information"));
-        QCOMPARE(dialog.size(), QSize(208, 151));
-        auto *width = labelled<QSpinBox>(dialog, "Width");
-        auto *height = labelled<QSpinBox>(dialog, "Height");
-        for (const QSpinBox *box : {width, height}) {
-            QCOMPARE(box->width(), 140);
-            QVERIFY(dialog.rect().contains(QRect(box->mapTo(&dialog, QPoint()), box->size())));
-        }
-        QCOMPARE(dialog.cabinetSize(), QSize(192, 2048));
-        QTest::keyClicks(width, QStringLiteral("320"));
-        height->setValue(7);
-        QTest::keyClick(&dialog, Qt::Key_Return);
-        QCOMPARE(dialog.result(), int(QDialog::Accepted));
-        QCOMPARE(dialog.cabinetSize(), QSize(320, 8));
     }
 };
 

@@ -1,74 +1,28 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/settings/CCanvasBackgroundSetting.h"
 #include "layout/settings/CCanvasCommands.h"
 #include "layout/settings/CCanvasSizeSetting.h"
 #include "layout/settings/CFrameRateColorDepthSetting.h"
 #include "tests/harness/CFakeHost.h"
+#include "tests/harness/CFileDialogAnswerer.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
 #include "tests/harness/DialogUser.h"
 
+#include <QCheckBox>
 #include <QComboBox>
+#include <QImage>
+#include <QRadioButton>
+#include <QSlider>
 #include <QSpinBox>
-#include <QStandardItemModel>
-
-namespace {
-
-const QString SetFailed = QStringLiteral("Set failed.");
-const QString SetSuccessful = QStringLiteral("Set successful.");
-
-QString hintOf(const QWidget &dialog)
-{
-    return dialog.findChild<QLabel *>(QStringLiteral("Hint"))->text();
-}
-
-/// The ways to leave a dialog.
-void leave(CDialog &dialog, const QString &way)
-{
-    if (way == QLatin1String("OK"))
-        QTest::mouseClick(okOf(dialog), Qt::LeftButton);
-    else if (way == QLatin1String("Enter"))
-        QTest::keyClick(&dialog, Qt::Key_Return);
-    else if (way == QLatin1String("Cancel"))
-        QTest::mouseClick(dialog.buttonBox()->button(QDialogButtonBox::Cancel), Qt::LeftButton);
-    else if (way == QLatin1String("Escape"))
-        QTest::keyClick(&dialog, Qt::Key_Escape);
-    else
-        dialog.close();
-}
-
-void addWays()
-{
-    QTest::addColumn<QString>("way");
-    QTest::addColumn<bool>("accepted");
-    QTest::newRow("OK") << "OK" << true;
-    QTest::newRow("Enter") << "Enter" << true;
-    QTest::newRow("Cancel") << "Cancel" << false;
-    QTest::newRow("Escape") << "Escape" << false;
-    QTest::newRow("close button") << "close" << false;
-}
-
-} // namespace
+#include <QTemporaryDir>
 
 class CCanvasDialogsTest final : public CTestBase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        CTestBase::init();
-        m_host = std::make_unique<CFakeHost>();
-        m_processor = m_host->addProcessor(QStringLiteral("Stage"), 2);
-        m_host->choose(m_processor);
-    }
-    void cleanup()
-    {
-        m_host.reset();
-        QLocale::setDefault(QLocale::c());
-        CTestBase::cleanup();
-    }
-
     void theCanvasStaysWithinItsSides_data()
     {
         QTest::addColumn<QSize>("most");
@@ -96,43 +50,39 @@ private Q_SLOTS:
         QCOMPARE(dialog.canvasSize(), range);
     }
 
+    void theAreaDecidesWhetherItCanBeConfirmed_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<qint64>("most");
+        QTest::addColumn<bool>("fits");
+        QTest::newRow("as large as possible") << QSize(1920, 1080) << qint64(1920 * 1080) << true;
+        QTest::newRow("a column more") << QSize(1921, 1080) << qint64(1920 * 1080) << false;
+        QTest::newRow("all that the fields take") << QSize(32768, 16384) << qint64(141000000) << false;
+        QTest::newRow("more than an int holds") << QSize(32768, 16384) << (qint64(1) << 40) << true;
+    }
     void theAreaDecidesWhetherItCanBeConfirmed()
     {
-        CCanvasSizeSetting dialog({16384, 8192, 1920 * 1080}, {1920, 1080});
-        QCOMPARE(dialog.windowTitle(), QStringLiteral("Canvas size settings"));
-        QVERIFY(okOf(dialog)->isEnabled());
-        QCOMPARE(hintOf(dialog), QString());
-        named<QSpinBox>(dialog, "Width")->setValue(1921);
-        QVERIFY(!okOf(dialog)->isEnabled());
-        QCOMPARE(hintOf(dialog), QStringLiteral("The area of the canvas cannot be greater than 2073600"));
-        dialog.show();
-        leave(dialog, QStringLiteral("Enter"));
-        QVERIFY(dialog.isVisible());
-        named<QSpinBox>(dialog, "Height")->setValue(1079);
-        QVERIFY(okOf(dialog)->isEnabled());
-        QCOMPARE(hintOf(dialog), QString());
-    }
-
-    void theLargestCanvasDoesNotOverflow()
-    {
-        CCanvasSizeSetting dialog({40000, 40000, 141000000}, {32768, 16384});
-        QVERIFY(!okOf(dialog)->isEnabled());
-        QCOMPARE(hintOf(dialog), QStringLiteral("The area of the canvas cannot be greater than 141000000"));
+        QFETCH(QSize, size);
+        QFETCH(qint64, most);
+        QFETCH(bool, fits);
+        CCanvasSizeSetting dialog({40000, 40000, most}, {64, 64});
+        named<QSpinBox>(dialog, "Width")->setValue(size.width());
+        named<QSpinBox>(dialog, "Height")->setValue(size.height());
+        QCOMPARE(dialog.canvasSize(), size);
+        QCOMPARE(okOf(dialog)->isEnabled(), fits);
+        const QString hint = dialog.findChild<QLabel *>(QStringLiteral("Hint"))->text();
+        QCOMPARE(hint.isEmpty(), fits);
+        QVERIFY(fits || hint.endsWith(QStringLiteral(" %1").arg(most)));
     }
 
     void aPresetSetsBothSides()
     {
-        CCanvasSizeSetting dialog({4000, 4000, 1LL << 30}, {1920, 1080});
+        CCanvasSizeSetting dialog({4000, 4000, 3840 * 2160}, {1920, 1080});
         auto *presets = named<QComboBox>(dialog, "Size");
-        QCOMPARE(presets->width(), 188);
-        QStringList texts;
-        for (int i = 0; i < presets->count(); ++i)
-            texts << presets->itemText(i);
-        QCOMPARE(texts.join(QLatin1Char(' ')),
-                 QStringLiteral("1920\u00D71080 3840\u00D72160 4096\u00D72160"));
-        QCOMPARE(presets->currentIndex(), 0);
+        QCOMPARE(presets->currentText(), QStringLiteral("1920\u00D71080"));
         presets->setCurrentIndex(1);
         QCOMPARE(dialog.canvasSize(), QSize(3840, 2160));
+        QVERIFY(okOf(dialog)->isEnabled());
         named<QSpinBox>(dialog, "Height")->setValue(2000);
         QCOMPARE(presets->currentIndex(), -1);
         QCOMPARE(dialog.canvasSize(), QSize(3840, 2000));
@@ -140,79 +90,9 @@ private Q_SLOTS:
         QCOMPARE(dialog.canvasSize(), QSize(3840, 2160));
     }
 
-    void aNewCanvasSizeReachesTheHost_data() { addWays(); }
-    void aNewCanvasSizeReachesTheHost()
+    void aValueThatIsNotListedMustBeChosenFirst()
     {
-        QFETCH(QString, way);
-        QFETCH(bool, accepted);
-        QWidget window;
-        CCanvasCommands commands(window);
-        inNext<CCanvasSizeSetting>([&way](CCanvasSizeSetting &dialog) {
-            QCOMPARE(dialog.canvasSize(), QSize(1920, 1080));
-            named<QSpinBox>(dialog, "Width")->setValue(2000);
-            leave(dialog, way);
-        });
-        const CMessageBoxAnswerer user(QVector<QString>(accepted, QStringLiteral("OK")).toList());
-        commands.setCanvasSize();
-        QCOMPARE(user.texts(), QVector<QString>(accepted, SetSuccessful).toList());
-        QCOMPARE(m_host->answers()->calls().contains(QStringLiteral("setCanvasSize(2000,1080)")), accepted);
-    }
-
-    void frameRateAndDepthReachTheHost_data() { addWays(); }
-    void frameRateAndDepthReachTheHost()
-    {
-        QFETCH(QString, way);
-        QFETCH(bool, accepted);
-        m_host->answers()->hertz = 120;
-        m_host->answers()->bits = 10;
-        QWidget window;
-        CCanvasCommands commands(window);
-        inNext<CFrameRateColorDepthSetting>([&way](CFrameRateColorDepthSetting &dialog) {
-            QCOMPARE(named<QComboBox>(dialog, "Frame rate")->currentText(), QStringLiteral("120Hz"));
-            QCOMPARE(named<QComboBox>(dialog, "Color depth")->currentText(), QStringLiteral("10bit"));
-            QTest::keyClick(named<QComboBox>(dialog, "Frame rate"), Qt::Key_Down);
-            QTest::keyClick(named<QComboBox>(dialog, "Color depth"), Qt::Key_Up);
-            leave(dialog, way);
-        });
-        const CMessageBoxAnswerer user(QVector<QString>(accepted, QStringLiteral("OK")).toList());
-        commands.setFrameRateAndColorDepth();
-        QCOMPARE(user.texts(), QVector<QString>(accepted, SetSuccessful).toList());
-        QCOMPARE(m_host->answers()->calls().contains(QStringLiteral("setFrameRateAndColorDepth(240,8)")),
-                 accepted);
-    }
-
-    void offersTheFrameRatesAndDepthsInTheirOrder_data()
-    {
-        QTest::addColumn<QLocale>("locale");
-        QTest::addColumn<int>("label");
-        QTest::addColumn<int>("box");
-        QTest::newRow("English") << QLocale(QLocale::English) << 70 << 216;
-        QTest::newRow("Chinese") << QLocale(QLocale::Chinese) << 48 << 238;
-    }
-    void offersTheFrameRatesAndDepthsInTheirOrder()
-    {
-        QFETCH(QLocale, locale);
-        QFETCH(int, label);
-        QFETCH(int, box);
-        QLocale::setDefault(locale);
-        CFrameRateColorDepthSetting dialog(m_host->answers()->modes, 60, 12);
-        QStringList rows;
-        for (const QComboBox *combo : dialog.findChildren<QComboBox *>()) {
-            QCOMPARE(combo->width(), box);
-            for (int i = 0; i < combo->count(); ++i)
-                rows << QStringLiteral("%1=%2").arg(combo->itemText(i)).arg(combo->itemData(i).toInt());
-        }
-        QCOMPARE(rows.join(QLatin1Char(' ')),
-                 QStringLiteral("50Hz=50 60Hz=60 120Hz=120 240Hz=240 8bit=8 10bit=10 12bit=12"));
-        for (const QLabel *caption : dialog.findChildren<QLabel *>())
-            QCOMPARE(caption->width(), label);
-        QCOMPARE(dialog.frameRate(), 60);
-        QCOMPARE(dialog.colorDepth(), 12);
-    }
-
-    void aValueThatIsNotOfferedMustBeChosenFirst()
-    {
-        CFrameRateColorDepthSetting dialog(m_host->answers()->modes, 75, 8);
+        CFrameRateColorDepthSetting dialog({{50, 60, 120, 240}, {8, 10, 12}}, 75, 8);
         QVERIFY(!okOf(dialog)->isEnabled());
         named<QComboBox>(dialog, "Frame rate")->setCurrentIndex(3);
         QVERIFY(okOf(dialog)->isEnabled());
@@ -231,54 +111,151 @@ private Q_SLOTS:
         QCOMPARE(dialog.colorDepth(), 12);
     }
 
-    void theUserIsToldWhatTheHostRefused()
+    void thereIsRoomForTheChineseTexts()
     {
-        m_host->answers()->refused = {QStringLiteral("setCanvasSize"),
-                                      QStringLiteral("setFrameRateAndColorDepth")};
-        QWidget window;
-        CCanvasCommands commands(window);
-        CMessageBoxAnswerer user({QStringLiteral("OK"), QStringLiteral("OK")});
-        const auto confirm = [](CDialog &dialog) { leave(dialog, QStringLiteral("OK")); };
-        inNext<CDialog>(confirm);
-        commands.setCanvasSize();
-        inNext<CDialog>(confirm);
-        commands.setFrameRateAndColorDepth();
-        QCOMPARE(user.texts(), (QStringList{SetFailed, SetFailed}));
-        for (const auto &box : user.boxes()) {
-            QCOMPARE(box.title, QStringLiteral("Orvo"));
-            QCOMPARE(box.details, m_host->answers()->error);
-        }
+        const CFrameRateColorDepthSetting usual({}, 60, 8);
+        QLocale::setDefault(QLocale(QLocale::Chinese));
+        const CFrameRateColorDepthSetting chinese({}, 60, 8);
+        QLocale::setDefault(QLocale::c());
+        const auto widths = [](const CDialog &dialog) {
+            const auto *box = named<QComboBox>(dialog, "Frame rate");
+            const auto *label =
+                labelled<QComboBox>(dialog, "Frame rate") ? dialog.findChild<QLabel *>() : nullptr;
+            return QVector<int>{label ? label->width() : 0, box->width()};
+        };
+        QCOMPARE(widths(usual), (QVector<int>{70, 216}));
+        QCOMPARE(widths(chinese), (QVector<int>{48, 238}));
     }
 
-    void aProcessorThatLeftTheViewIsNotMistakenForTheNext()
+    void theFillIsAnnouncedAtEachChange()
     {
+        CCanvasBackgroundSetting dialog(filled(), nullptr);
+        QCOMPARE(dialog.info(), filled());
+        QSignalSpy changes(&dialog, &CCanvasBackgroundSetting::changed);
+        SBackgroundInfo expected = filled();
+        const auto sliders = dialog.findChildren<QSlider *>();
+        const auto isAnnounced = [&] {
+            return changes.size() == 1 && changes.takeFirst().first().value<SBackgroundInfo>() == expected &&
+                   dialog.info() == expected;
+        };
+        QCOMPARE(sliders.at(0)->value(), 50);
+        QCOMPARE(sliders.at(1)->value(), 30);
+        sliders.at(0)->setValue(expected.scale = 200);
+        QVERIFY(isAnnounced());
+        sliders.at(1)->setValue(-1);
+        expected.opacity = 0;
+        QVERIFY(isAnnounced());
+        sliders.at(1)->setValue(101);
+        expected.opacity = 100;
+        QVERIFY(isAnnounced());
+        dialog.findChildren<QRadioButton *>().at(0)->setChecked(true);
+        expected.fit = SBackgroundInfo::NaturalSize;
+        QVERIFY(isAnnounced());
+        CFileDialogAnswerer files(imageFile());
+        browse(dialog);
+        expected.file = imageFile();
+        QVERIFY(isAnnounced());
+        QCOMPARE(files.filters, QStringList{QStringLiteral("Image File(*.png *.jpg *.jpeg)")});
+        dialog.findChild<QCheckBox *>()->setChecked(false);
+        expected.enabled = false;
+        QVERIFY(isAnnounced());
+        QVERIFY(!sliders.at(0)->isEnabled() && !buttonOf(dialog, QStringLiteral("Browse..."))->isEnabled());
+    }
+
+    void aFillNeedsAnImageThatCanBeRead()
+    {
+        CCanvasBackgroundSetting dialog({}, nullptr);
+        QSignalSpy changes(&dialog, &CCanvasBackgroundSetting::changed);
+        QVERIFY(okOf(dialog)->isEnabled());
+        dialog.findChild<QCheckBox *>()->setChecked(true);
+        QVERIFY(!okOf(dialog)->isEnabled());
+        const QString bad = m_folder.filePath(QStringLiteral("bad.png"));
+        QFile damaged(bad);
+        QVERIFY(damaged.open(QIODevice::WriteOnly) && damaged.write("no image") > 0);
+        damaged.close();
+        CFileDialogAnswerer files(bad);
+        const CMessageBoxAnswerer user({QStringLiteral("OK")});
+        browse(dialog);
+        QCOMPARE(user.boxes().size(), 1);
+        QVERIFY(user.texts().first().contains(bad));
+        CFileDialogAnswerer cancelled(QString{});
+        browse(dialog);
+        QCOMPARE(changes.size(), 1);
+        QVERIFY(!okOf(dialog)->isEnabled());
+        CFileDialogAnswerer better(imageFile());
+        browse(dialog);
+        QVERIFY(okOf(dialog)->isEnabled());
+    }
+
+    void theCanvasFollowsTheFillUntilItIsDecided_data()
+    {
+        QTest::addColumn<QString>("end");
+        QTest::addColumn<int>("shown"); // percent at last; 0: nothing was shown
+        QTest::newRow("OK") << "OK" << 60;
+        QTest::newRow("Cancel") << "Cancel" << 50;
+        QTest::newRow("refused") << "refused" << 50;
+        QTest::newRow("left meanwhile") << "left" << 0;
+    }
+    void theCanvasFollowsTheFillUntilItIsDecided()
+    {
+        QFETCH(QString, end);
+        QFETCH(int, shown);
+        CFakeHost host;
+        const QUuid processor = host.addProcessor(QStringLiteral("Main"), 1);
+        host.choose(processor);
+        host.answers()->backgrounds[processor] = filled();
+        if (end == QLatin1String("refused"))
+            host.answers()->refused = {QStringLiteral("setBackground")};
         QWidget window;
         CCanvasCommands commands(window);
-        CMessageBoxAnswerer user({QStringLiteral("OK")});
-        inNext<CDialog>([this](CDialog &dialog) {
-            m_host->choose(m_host->addProcessor(QStringLiteral("Lobby"), 2));
-            leave(dialog, QStringLiteral("OK"));
+        QVector<SBackgroundInfo> previews;
+        connect(&commands, &CCanvasCommands::previewed, this,
+                [&previews](const SBackgroundInfo &info) { previews << info; });
+        const CMessageBoxAnswerer user({QStringLiteral("OK")});
+        CFileDialogAnswerer files(imageFile());
+        inNext<CDialog>([&](CDialog &dialog) {
+            if (end == QLatin1String("left"))
+                host.choose(host.addProcessor(QStringLiteral("Lobby"), 1));
+            browse(dialog);
+            dialog.findChild<QSlider *>()->setValue(60);
+            const bool accepted = end == QLatin1String("OK") || end == QLatin1String("refused");
+            QTest::keyClick(&dialog, accepted ? Qt::Key_Return : Qt::Key_Escape);
         });
-        commands.setCanvasSize();
-        QCOMPARE(user.texts(), QStringList{SetFailed});
-        QCOMPARE(m_host->answers()->count(QStringLiteral("setCanvasSize")), 0);
-    }
-
-    void withoutAProcessorNothingOpens()
-    {
-        m_host->choose({});
-        QWidget window;
-        CCanvasCommands commands(window);
-        commands.setCanvasSize();
-        commands.setFrameRateAndColorDepth();
-        m_host.reset();
-        commands.setCanvasSize();
-        QVERIFY(!QApplication::activeModalWidget());
+        commands.setCanvasFill();
+        QCOMPARE(previews.isEmpty(), shown == 0);
+        if (previews.isEmpty())
+            return;
+        QCOMPARE(previews[1].scale, 60);
+        QCOMPARE(previews.last().scale, shown);
+        QCOMPARE(previews.last().processor, processor);
+        QCOMPARE(previews.last().file, shown == 60 ? imageFile() : filled().file);
+        if (shown == 60)
+            QVERIFY(host.answers()->calls().contains(
+                QStringLiteral("setBackground(%1,%2)")
+                    .arg(processor.toString(QUuid::WithoutBraces), imageFile())));
     }
 
 private:
-    std::unique_ptr<CFakeHost> m_host;
-    QUuid m_processor;
+    static SBackgroundInfo filled()
+    {
+        SBackgroundInfo info;
+        info.enabled = true;
+        info.file = QStringLiteral("/wall.png");
+        info.scale = 50;
+        info.opacity = 30;
+        info.fit = SBackgroundInfo::ZoomToFit;
+        return info;
+    }
+    static void browse(const QWidget &dialog) { buttonOf(dialog, QStringLiteral("Browse..."))->click(); }
+    QString imageFile() const
+    {
+        const QString file = m_folder.filePath(QStringLiteral("good.png"));
+        if (!QFile::exists(file))
+            QImage(4, 4, QImage::Format_RGB32).save(file);
+        return file;
+    }
+
+    QTemporaryDir m_folder;
 };
 
 ORVO_TEST_MAIN(QApplication, CCanvasDialogsTest)

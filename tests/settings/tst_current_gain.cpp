@@ -1,6 +1,5 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/settings/CCanvasCommands.h"
 #include "layout/settings/CEleCurrentAdjustDialog.h"
 #include "layout/settings/CEleCurrentAdjustTable.h"
 #include "tests/harness/CFakeHost.h"
@@ -10,6 +9,7 @@
 #include "tests/harness/DialogUser.h"
 
 #include <QCheckBox>
+#include <QLabel>
 
 namespace {
 
@@ -85,28 +85,64 @@ class CCurrentGainTest final : public CTestBase
 private Q_SLOTS:
     void initTestCase() { QVERIFY(m_file.open()); }
 
-    void opensWithNothingToClearOrSave()
+    void showsASetARow_data()
     {
-        const SGainDialog opened(NoneImported);
-        QCOMPARE(opened.dialog->windowTitle(), QStringLiteral("Current gain parameter settings"));
-        QCOMPARE(opened.dialog->size(), QSize(580, 411));
-        QCOMPARE(opened.dialog->minimumSize(), opened.dialog->maximumSize());
-        for (const char *text : {"Import...", "Refresh", "Clear", "Save"})
-            QCOMPARE(opened.button(QString::fromLatin1(text))->size(), QSize(72, 24));
-        QCOMPARE(opened.button(QStringLiteral("Save"))->objectName(), QStringLiteral("BlueButton"));
-        QCOMPARE(opened.possible(), QString());
-        QCOMPARE(opened.table().rowCount(), 3);
+        QTest::addColumn<int>("frameRate");
+        QTest::addColumn<int>("gainLevel");
+        QTest::addColumn<bool>("imported");
+        QTest::addColumn<QString>("row");
+        QTest::newRow("60 Hz") << 0 << 0 << true << "60Hz|Low|Imported";
+        QTest::newRow("50 Hz") << 1 << 1 << false << "50Hz|Medium|Not imported";
+        QTest::newRow("30 Hz") << 2 << 2 << true << "30Hz|High|Imported";
+        QTest::newRow("unknown") << 3 << 3 << true << "||Imported";
+        QTest::newRow("negative") << -1 << -1 << false << "||Not imported";
+    }
+    void showsASetARow()
+    {
+        QFETCH(int, frameRate);
+        QFETCH(int, gainLevel);
+        QFETCH(bool, imported);
+        QFETCH(QString, row);
+        CEleCurrentAdjustTable table;
+        table.setGains({{frameRate, gainLevel, imported, false}});
+        const QStringList texts{table.item(0, 0)->text(), table.item(0, 1)->text(),
+                                qobject_cast<QLabel *>(table.cellWidget(0, 2))->text()};
+        QCOMPARE(texts.join(QLatin1Char('|')), row);
+        QCOMPARE(switchOf(table, 0)->isEnabled(), imported);
     }
 
-    void whatIsImportedCanBeClearedOnceItIsRead()
+    void ordersByFrameRateThenLevel()
     {
-        SGainDialog opened(TwoImported);
-        QCOMPARE(opened.possible(), QStringLiteral("Clear Save"));
-        CEleCurrentAdjustDialog next(opened.processor, nullptr);
-        for (const char *text : {"Clear", "Save"}) {
-            for (const QPushButton *button : next.findChildren<QPushButton *>())
-                QVERIFY(button->text() != QLatin1String(text) || !button->isEnabled());
-        }
+        CEleCurrentAdjustTable table;
+        table.setGains({{1, 0, true, true}, {0, 2, false, false}, {2, 1, true, false}, {0, 1, true, false}});
+        const Gains ordered{
+            {0, 1, true, false}, {0, 2, false, false}, {1, 0, true, true}, {2, 1, true, false}};
+        QCOMPARE(table.gains(), ordered);
+        QVERIFY(!table.isSwitched());
+        QVERIFY(!switchOf(table, 0)->isChecked() && switchOf(table, 2)->isChecked());
+    }
+
+    void aSetThatIsOnCanBeSwitchedOffWithoutParameters()
+    {
+        CEleCurrentAdjustTable table;
+        table.setGains({{0, 0, false, true}});
+        QVERIFY(switchOf(table, 0)->isEnabled());
+        switchOf(table, 0)->click();
+        QVERIFY(table.isSwitched() && !table.gains()[0].on);
+        switchOf(table, 0)->click();
+        QVERIFY(!table.isSwitched());
+    }
+
+    void onlyWhatIsImportedCanBeCleared()
+    {
+        QCOMPARE(SGainDialog(NoneImported).possible(), QString());
+        QCOMPARE(SGainDialog(TwoImported).possible(), QStringLiteral("Clear Save"));
+        const SGainDialog opened({{0, 0, false, true}});
+        switchOf(opened.table(), 0)->click();
+        QCOMPARE(opened.possible(), QStringLiteral("Save"));
+        const CEleCurrentAdjustDialog unread(opened.processor, nullptr);
+        for (const char *text : {"Clear", "Save"})
+            QVERIFY(!buttonOf(unread, QString::fromLatin1(text))->isEnabled());
     }
 
     void theTabKeyGoesFromTopToBottom()
@@ -146,83 +182,43 @@ private Q_SLOTS:
         QVERIFY(opened.table().isSwitched());
     }
 
-    void aFirstImportMakesClearingAndSavingPossible()
+    void aFirstImportMakesClearingPossible()
     {
         const SGainDialog opened(NoneImported);
         CFileDialogAnswerer chooser(m_file.fileName());
         opened.press("Import...");
         QCOMPARE(opened.possible(), QStringLiteral("Clear Save"));
-        QVERIFY(switchOf(opened.table(), 2)->isEnabled());
     }
 
-    void aRefusedImportChangesNothing()
-    {
-        SGainDialog opened(NoneImported);
-        opened.host.answers()->refused << QStringLiteral("importCurrentGain");
-        opened.host.answers()->error = QStringLiteral("left.acr is damaged at line 2.");
-        CFileDialogAnswerer chooser(m_file.fileName());
-        const CMessageBoxAnswerer user({Ok});
-        opened.press("Import...");
-        QCOMPARE(user.boxes().size(), 1);
-        QCOMPARE(user.boxes()[0].title, QStringLiteral("Orvo"));
-        QCOMPARE(user.boxes()[0].text, QStringLiteral("Import failed."));
-        QCOMPARE(user.boxes()[0].details, opened.host.answers()->error);
-        QCOMPARE(opened.table().gains(), NoneImported);
-        QCOMPARE(opened.possible(), QString());
-    }
-
-    void savesTheSwitchesAsTheyStand_data()
-    {
-        QTest::addColumn<bool>("refused");
-        QTest::newRow("taken") << false;
-        QTest::newRow("refused") << true;
-    }
     void savesTheSwitchesAsTheyStand()
     {
-        QFETCH(bool, refused);
         SGainDialog opened(TwoImported);
-        if (refused)
-            opened.host.answers()->refused << QStringLiteral("sendCurrentGains");
         switchOf(opened.table(), 0)->click();
         switchOf(opened.table(), 1)->click();
-        const CMessageBoxAnswerer user(refused ? QStringList{Ok} : QStringList());
         opened.press("Save");
         const Gains switched{{0, 0, true, true}, {0, 1, true, false}, {1, 2, false, false}};
-        QCOMPARE(opened.commands(), QStringList{QStringLiteral("sendCurrentGains")});
-        QCOMPARE(opened.host.answers()->gains, refused ? TwoImported : switched);
-        QCOMPARE(opened.table().gains(), switched);
-        QCOMPARE(opened.dialog->isVisible(), refused);
-        if (refused) {
-            QCOMPARE(user.texts(), QStringList{QStringLiteral("Save failed.")});
-            QCOMPARE(user.boxes()[0].details, opened.host.answers()->error);
-        }
+        QCOMPARE(opened.host.answers()->gains, switched);
+        QVERIFY(!opened.dialog->isVisible());
     }
 
     void clearsOnceTheUserAgrees_data()
     {
-        QTest::addColumn<QStringList>("answers");
-        QTest::addColumn<bool>("refused");
-        QTest::addColumn<bool>("cleared");
-        QTest::newRow("yes") << QStringList{Yes} << false << true;
-        QTest::newRow("no") << QStringList{No} << false << false;
-        QTest::newRow("refused") << QStringList{Yes, Ok} << true << false;
+        QTest::addColumn<QString>("answer");
+        QTest::newRow("yes") << Yes;
+        QTest::newRow("no") << No;
     }
     void clearsOnceTheUserAgrees()
     {
-        QFETCH(QStringList, answers);
-        QFETCH(bool, refused);
-        QFETCH(bool, cleared);
+        QFETCH(QString, answer);
+        const bool agreed = answer == Yes;
         SGainDialog opened(TwoImported);
-        if (refused)
-            opened.host.answers()->refused << QStringLiteral("clearCurrentGains");
-        const CMessageBoxAnswerer user(answers);
+        const CMessageBoxAnswerer user({answer});
         opened.press("Clear");
-        QCOMPARE(user.boxes().size(), answers.size());
+        QCOMPARE(user.boxes().size(), 1);
         QCOMPARE(user.boxes()[0].defaultButton, No);
-        QCOMPARE(user.texts().contains(QStringLiteral("Clear failed.")), refused);
-        QCOMPARE(opened.commands().isEmpty(), answers.contains(No));
-        QCOMPARE(opened.table().gains(), cleared ? NoneImported : TwoImported);
-        QCOMPARE(opened.possible(), cleared ? QString() : QStringLiteral("Clear Save"));
+        QCOMPARE(opened.commands().isEmpty(), !agreed);
+        QCOMPARE(opened.table().gains(), agreed ? NoneImported : TwoImported);
+        QCOMPARE(opened.possible(), agreed ? QString() : QStringLiteral("Clear Save"));
     }
 
     void refreshAsksBeforeItDropsSwitches_data()
@@ -251,91 +247,56 @@ private Q_SLOTS:
         QCOMPARE(opened.commands(), QStringList());
     }
 
-    void leavingSendsNothing_data()
+    void asksBeforeItClosesWithoutSaving()
     {
-        QTest::addColumn<bool>("byKey");
-        QTest::addColumn<bool>("switched");
-        QTest::addColumn<QString>("answer");
-        QTest::newRow("Escape") << true << false << QString();
-        QTest::newRow("close button") << false << false << QString();
-        QTest::newRow("Escape, switches dropped") << true << true << Yes;
-        QTest::newRow("Escape, switches kept") << true << true << No;
-        QTest::newRow("close button, switches kept") << false << true << No;
-    }
-    void leavingSendsNothing()
-    {
-        QFETCH(bool, byKey);
-        QFETCH(bool, switched);
-        QFETCH(QString, answer);
         SGainDialog opened(TwoImported);
-        if (switched)
-            switchOf(opened.table(), 1)->click();
-        const CMessageBoxAnswerer user(switched ? QStringList{answer} : QStringList());
-        if (byKey)
-            QTest::keyClick(opened.dialog.get(), Qt::Key_Escape);
-        else
-            opened.dialog->close();
-        QCOMPARE(user.boxes().size(), int(switched));
-        QCOMPARE(opened.dialog->isVisible(), answer == No);
+        switchOf(opened.table(), 1)->click();
+        const CMessageBoxAnswerer user({No, No, Yes});
+        opened.dialog->close();
+        QVERIFY(opened.dialog->isVisible());
+        QTest::keyClick(opened.dialog.get(), Qt::Key_Escape);
+        QVERIFY(opened.dialog->isVisible());
+        QTest::keyClick(opened.dialog.get(), Qt::Key_Escape);
+        QVERIFY(!opened.dialog->isVisible());
         QCOMPARE(opened.commands(), QStringList());
     }
 
-    void aProcessorThatLeftTheViewIsNotMistakenForTheNext_data()
+    void aFailureChangesNothing_data()
     {
         QTest::addColumn<QString>("button");
-        QTest::addColumn<QStringList>("boxes");
-        const QString clear = QStringLiteral("Remove all current gain parameters, also from the processor?");
-        QTest::newRow("import") << "Import..." << QStringList{QStringLiteral("Import failed.")};
-        QTest::newRow("refresh") << "Refresh" << QStringList{QStringLiteral("Refresh failed.")};
-        QTest::newRow("clear") << "Clear" << QStringList{clear, QStringLiteral("Clear failed.")};
-        QTest::newRow("save") << "Save" << QStringList{QStringLiteral("Save failed.")};
+        QTest::addColumn<QString>("failure");
+        QTest::addColumn<bool>("left"); // or refused
+        for (const bool left : {true, false}) {
+            QTest::addRow("import, %d", left) << "Import..."
+                                              << "Import failed." << left;
+            QTest::addRow("clear, %d", left) << "Clear"
+                                             << "Clear failed." << left;
+        }
+        QTest::newRow("refresh") << "Refresh"
+                                 << "Refresh failed." << true;
     }
-    void aProcessorThatLeftTheViewIsNotMistakenForTheNext()
+    void aFailureChangesNothing()
     {
         QFETCH(QString, button);
-        QFETCH(QStringList, boxes);
+        QFETCH(QString, failure);
+        QFETCH(bool, left);
         SGainDialog opened(TwoImported);
-        opened.host.choose(opened.host.addProcessor(QStringLiteral("Lobby"), 2));
+        if (left)
+            opened.host.choose(opened.host.addProcessor(QStringLiteral("Lobby"), 2));
+        else
+            opened.host.answers()->refused << QStringLiteral("importCurrentGain")
+                                           << QStringLiteral("clearCurrentGains");
         CFileDialogAnswerer chooser(m_file.fileName());
-        const CMessageBoxAnswerer user(boxes.size() == 2 ? QStringList{Yes, Ok} : QStringList{Ok});
-        QTest::mouseClick(opened.button(button), Qt::LeftButton);
-        QCOMPARE(user.texts(), boxes);
-        QCOMPARE(user.boxes().last().details, QStringLiteral("The processor is no longer in view."));
-        QCOMPARE(opened.commands(), QStringList());
+        const CMessageBoxAnswerer user(button == QLatin1String("Clear") ? QStringList{Yes, Ok}
+                                                                        : QStringList{Ok});
+        opened.press(qPrintable(button));
+        QCOMPARE(user.texts().last(), failure);
+        QCOMPARE(user.boxes().last().details,
+                 left ? QStringLiteral("The processor is no longer in view.") : opened.host.answers()->error);
+        QCOMPARE(opened.commands().isEmpty(), left);
         QCOMPARE(opened.table().gains(), TwoImported);
+        QCOMPARE(opened.possible(), QStringLiteral("Clear Save"));
         QVERIFY(opened.dialog->isVisible());
-    }
-
-    void theCommandRunsForTheProcessorInView()
-    {
-        CFakeHost host;
-        host.choose(host.addProcessor(QStringLiteral("Stage"), 2));
-        host.answers()->gains = TwoImported;
-        QWidget window;
-        CCanvasCommands commands(window);
-        bool opened = false;
-        inNext<QDialog>([&opened](QDialog &dialog) {
-            QTRY_COMPARE(dialog.findChild<CEleCurrentAdjustTable *>()->rowCount(), 3);
-            QTest::keyClick(&dialog, Qt::Key_Escape);
-            opened = true;
-        });
-        commands.adjustCurrentGain();
-        QVERIFY(opened);
-
-        host.choose({});
-        host.answers()->forgetCalls();
-        commands.adjustCurrentGain();
-        QVERIFY(!host.answers()->calls().contains(QStringLiteral("currentGains")));
-    }
-
-    void aHostThatIsGoneIsTold()
-    {
-        const CMessageBoxAnswerer user({Ok});
-        CEleCurrentAdjustDialog dialog(QUuid::createUuid(), nullptr);
-        dialog.show();
-        QTRY_COMPARE(user.texts(), QStringList{QStringLiteral("Refresh failed.")});
-        QTest::keyClick(&dialog, Qt::Key_Escape);
-        QVERIFY(!dialog.isVisible());
     }
 
 private:

@@ -1,0 +1,353 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+// What holds for every dialog; what only one of them does is tested with that dialog.
+#include "layout/settings/CCabinetFillSetting.h"
+#include "layout/settings/CCabinetInformation.h"
+#include "layout/settings/CCabinetParaSave.h"
+#include "layout/settings/CCabinetTypeSetting.h"
+#include "layout/settings/CCanvasBackgroundSetting.h"
+#include "layout/settings/CCanvasCommands.h"
+#include "layout/settings/CCanvasSizeSetting.h"
+#include "layout/settings/CCustomCabinet.h"
+#include "layout/settings/CEleCurrentAdjustDialog.h"
+#include "layout/settings/CFrameRateColorDepthSetting.h"
+#include "platform/widgets/CTheme.h"
+#include "tests/harness/CFakeHost.h"
+#include "tests/harness/CMessageBoxAnswerer.h"
+#include "tests/harness/CTestBase.h"
+#include "tests/harness/DialogUser.h"
+#include "tests/settings/TypeSamples.h"
+
+#include <QAbstractSlider>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLayout>
+#include <QLineEdit>
+#include <QSpinBox>
+#include <QTableWidget>
+
+namespace {
+
+using Make = std::function<std::unique_ptr<CDialog>()>;
+
+/// A dialog whose result goes to the host.
+struct SHostDialog
+{
+    std::function<void(CCanvasCommands &)> run;
+    std::function<void(CDialog &)> edit; ///< as a user does
+    const char *call;                    ///< the host's operation
+    const char *arguments;               ///< what it is given after the edit
+    const char *success;                 ///< what the user is told; empty: nothing
+    const char *failure;
+    bool asksBeforeItCloses;
+};
+
+QMap<QString, SHostDialog> hostDialogs()
+{
+    QMap<QString, SHostDialog> dialogs;
+    dialogs[QStringLiteral("canvas size")] = {&CCanvasCommands::setCanvasSize,
+                                              [](CDialog &dialog) {
+                                                  named<QSpinBox>(dialog, "Width")->setValue(2000);
+                                                  named<QSpinBox>(dialog, "Height")->setValue(1000);
+                                              },
+                                              "setCanvasSize",
+                                              "(2000,1000)",
+                                              "Set successful.",
+                                              "Set failed.",
+                                              false};
+    dialogs[QStringLiteral("frame rate")] = {
+        &CCanvasCommands::setFrameRateAndColorDepth,
+        [](CDialog &dialog) {
+            QCOMPARE(named<QComboBox>(dialog, "Frame rate")->currentText(), QStringLiteral("120Hz"));
+            QCOMPARE(named<QComboBox>(dialog, "Color depth")->currentText(), QStringLiteral("10bit"));
+            QTest::keyClick(named<QComboBox>(dialog, "Frame rate"), Qt::Key_Down);
+            QTest::keyClick(named<QComboBox>(dialog, "Color depth"), Qt::Key_Up);
+        },
+        "setFrameRateAndColorDepth",
+        "(240,8)",
+        "Set successful.",
+        "Set failed.",
+        false};
+    dialogs[QStringLiteral("canvas fill")] = {
+        &CCanvasCommands::setCanvasFill,
+        [](CDialog &dialog) { dialog.findChild<QAbstractSlider *>()->setValue(60); },
+        "setBackground",
+        "",
+        "Set successful.",
+        "Set failed.",
+        false};
+    dialogs[QStringLiteral("current gain")] = {&CCanvasCommands::adjustCurrentGain,
+                                               [](CDialog &dialog) {
+                                                   QTRY_VERIFY(
+                                                       dialog.findChild<QTableWidget *>()->rowCount());
+                                                   dialog.findChild<QCheckBox *>()->click();
+                                               },
+                                               "sendCurrentGains",
+                                               "",
+                                               "",
+                                               "Save failed.",
+                                               true};
+    dialogs[QStringLiteral("parameters")] = {
+        [](CCanvasCommands &) {
+            CCabinetParaSave(cabinetsOf({"A", "A"}), {leaf(typeOf("A"))}, nullptr).exec();
+        },
+        [](CDialog &dialog) { dialog.findChild<QDoubleSpinBox *>()->setValue(2.2); },
+        "sendCabinetParameters",
+        "(2,7fc56270e7a70fa81a5935b72eacbe29,2.2)",
+        "Save successful.",
+        "Save failed.",
+        false};
+    return dialogs;
+}
+
+QMap<QString, Make> allDialogs()
+{
+    QMap<QString, Make> dialogs;
+    dialogs[QStringLiteral("cabinet type")] = [] {
+        return std::make_unique<CCabinetTypeSetting>(
+            cabinetsOf({"A"}), [] { return QVector<TypeNode>{leaf(typeOf("A"))}; }, nullptr);
+    };
+    dialogs[QStringLiteral("cabinet fill")] = [] {
+        return std::make_unique<CCabinetFillSetting>(Qt::white, Qt::blue, nullptr);
+    };
+    dialogs[QStringLiteral("information")] = [] {
+        return std::make_unique<CCabinetInformation>(cabinetsOf({"A"}), typeOfKey, nullptr);
+    };
+    dialogs[QStringLiteral("parameters")] = [] {
+        return std::make_unique<CCabinetParaSave>(cabinetsOf({"Table"}),
+                                                  QVector<TypeNode>{leaf(typeOf("Table"))}, nullptr);
+    };
+    dialogs[QStringLiteral("current gain")] = [] {
+        return std::make_unique<CEleCurrentAdjustDialog>(CProcessorInView::key(), nullptr);
+    };
+    dialogs[QStringLiteral("canvas size")] = [] {
+        return std::make_unique<CCanvasSizeSetting>(SCanvasLimits{40000, 20000, 100}, QSize(1920, 1080));
+    };
+    dialogs[QStringLiteral("frame rate")] = [] {
+        return std::make_unique<CFrameRateColorDepthSetting>(SSignalModes{{60}, {8}}, 60, 8);
+    };
+    dialogs[QStringLiteral("canvas fill")] = [] {
+        return std::make_unique<CCanvasBackgroundSetting>(SBackgroundInfo(), nullptr);
+    };
+    dialogs[QStringLiteral("custom cabinet")] = [] {
+        return std::make_unique<CCustomCabinet>(QSize(2048, 2048), nullptr);
+    };
+    return dialogs;
+}
+
+void leave(CDialog &dialog, const QString &way)
+{
+    if (way == QLatin1String("accept"))
+        (okOf(dialog) ? okOf(dialog) : buttonOf(dialog, QStringLiteral("Save")))->click();
+    else if (way == QLatin1String("Enter"))
+        QTest::keyClick(&dialog, Qt::Key_Return);
+    else if (way == QLatin1String("Escape"))
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    else if (way == QLatin1String("Cancel") && dialog.buttonBox()->button(QDialogButtonBox::Cancel))
+        dialog.buttonBox()->button(QDialogButtonBox::Cancel)->click();
+    else
+        dialog.close();
+}
+
+const QString Ok = QStringLiteral("OK");
+const QString NoLongerInView = QStringLiteral("The processor is no longer in view.");
+
+} // namespace
+
+class CDialogLawsTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { CTheme::apply(*qApp); }
+    void init()
+    {
+        CTestBase::init();
+        m_host = std::make_unique<CFakeHost>();
+        const QUuid processor = m_host->addProcessor(QStringLiteral("Stage"), 2);
+        m_host->choose(processor);
+        const auto answers = m_host->answers();
+        answers->hertz = 120;
+        answers->bits = 10;
+        answers->gains = {{0, 0, true, false}};
+    }
+    void cleanup()
+    {
+        m_host.reset();
+        CTestBase::cleanup();
+    }
+
+    void whatWasSetReachesTheHost_data() { addHostDialogs({"accept", "Escape", "Cancel", "close"}); }
+    void whatWasSetReachesTheHost()
+    {
+        QFETCH(QString, way);
+        const SHostDialog dialog = current();
+        const bool accepted = way == QLatin1String("accept");
+        QStringList answers;
+        if (accepted ? dialog.success[0] != 0 : dialog.asksBeforeItCloses)
+            answers << (accepted ? Ok : QStringLiteral("Yes"));
+        const CMessageBoxAnswerer user(answers);
+        run(dialog, [way](CDialog &opened) { leave(opened, way); });
+
+        const QStringList sent = sentCalls();
+        const QString call = QLatin1String(dialog.call) + QLatin1String(dialog.arguments);
+        QCOMPARE(sent.size(), accepted ? 1 : 0);
+        QVERIFY2(sent.isEmpty() || sent.first().startsWith(call), qPrintable(sent.join(QLatin1Char(' '))));
+        QCOMPARE(user.boxes().size(), answers.size());
+        if (accepted && !answers.isEmpty())
+            QCOMPARE(user.texts(), QStringList{QLatin1String(dialog.success)});
+    }
+
+    void failureIsToldWithItsReason_data() { addHostDialogs({"refused", "left", "no host"}); }
+    void failureIsToldWithItsReason()
+    {
+        QFETCH(QString, way);
+        QFETCH(QString, name);
+        // The cabinets themselves tell the host whose parameters are saved.
+        const bool left = way == QLatin1String("left") && name != QLatin1String("parameters");
+        const bool gone = way == QLatin1String("no host");
+        const SHostDialog dialog = current();
+        const QString error = m_host->answers()->error;
+        m_host->answers()->refused << QString::fromLatin1(dialog.call);
+        QStringList answers{Ok};
+        if (dialog.asksBeforeItCloses)
+            answers << QStringLiteral("Yes");
+        const CMessageBoxAnswerer user(answers);
+        run(dialog, [&](CDialog &opened) {
+            if (left)
+                m_host->choose(m_host->addProcessor(QStringLiteral("Lobby"), 2));
+            if (gone)
+                m_host.reset();
+            leave(opened, QStringLiteral("accept"));
+            if (opened.isVisible())
+                leave(opened, QStringLiteral("Escape"));
+        });
+        QVERIFY(!user.boxes().isEmpty());
+        QCOMPARE(user.boxes().first().title, QStringLiteral("Orvo"));
+        QCOMPARE(user.texts().first(), QLatin1String(dialog.failure));
+        const QString reason = name == QLatin1String("parameters") && gone ? QString()
+                               : left || gone                              ? NoLongerInView
+                                                                           : error;
+        QCOMPARE(user.boxes().first().details, reason);
+        if (m_host)
+            QCOMPARE(sentCalls().size(), left ? 0 : 1);
+    }
+
+    void withoutAProcessorNothingOpens()
+    {
+        QWidget window;
+        CCanvasCommands commands(window);
+        for (const bool hosted : {true, false}) {
+            if (hosted)
+                m_host->choose({});
+            else
+                m_host.reset();
+            commands.setCanvasSize();
+            commands.setFrameRateAndColorDepth();
+            commands.setCanvasFill();
+            commands.adjustCurrentGain(); // each would wait here for ever
+        }
+        QVERIFY(!QApplication::activeModalWidget());
+    }
+
+    void keysAnswer_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const QString &name : allDialogs().keys())
+            QTest::newRow(qPrintable(name)) << name;
+    }
+    void keysAnswer()
+    {
+        QFETCH(QString, name);
+        const std::unique_ptr<CDialog> dialog = allDialogs()[name]();
+        for (const char *way : {"Enter", "Escape", "close"}) {
+            dialog->show();
+            QCoreApplication::processEvents();
+            dialog->setResult(-1);
+            const QPushButton *button = defaultOf(*dialog);
+            QVERIFY(button);
+            // An own message tells what was saved, and nothing may be said OK to that is not possible.
+            const bool entered = qstrcmp(way, "Enter") == 0;
+            if (entered && (name == QLatin1String("parameters") || name == QLatin1String("current gain")))
+                continue;
+            const bool possible = !entered || button->isEnabled();
+            leave(*dialog, QLatin1String(way));
+            QCOMPARE(dialog->isVisible(), !possible);
+            QCOMPARE(dialog->result(), !possible ? -1 : int(entered ? QDialog::Accepted : QDialog::Rejected));
+        }
+    }
+
+    void everythingIsShownWhole_data() { keysAnswer_data(); }
+    void everythingIsShownWhole()
+    {
+        QFETCH(QString, name);
+        const std::unique_ptr<CDialog> dialog = allDialogs()[name]();
+        dialog->show();
+        QCoreApplication::processEvents();
+        QVERIFY(dialog->minimumSize() == dialog->maximumSize() ||
+                dialog->layout()->sizeConstraint() == QLayout::SetFixedSize);
+        for (const QWidget *part : dialog->findChildren<QWidget *>()) {
+            if (!part->isVisible() || part->parentWidget()->inherits("QAbstractScrollArea"))
+                continue;
+            const QRect area(part->mapTo(dialog.get(), QPoint()), part->size());
+            QVERIFY2(dialog->rect().contains(area), part->metaObject()->className());
+            const auto *label = qobject_cast<const QLabel *>(part);
+            if (label && !label->wordWrap())
+                QVERIFY2(label->width() >= label->sizeHint().width(), qPrintable(label->text()));
+            if (const auto *box = qobject_cast<const QAbstractSpinBox *>(part))
+                QVERIFY2(room(*box) >= box->fontMetrics().horizontalAdvance(box->text()),
+                         qPrintable(box->accessibleName()));
+        }
+    }
+
+private:
+    static int room(const QAbstractSpinBox &box) { return box.findChild<QLineEdit *>()->width() - 4; }
+
+    static QPushButton *defaultOf(const CDialog &dialog)
+    {
+        for (QPushButton *button : dialog.findChildren<QPushButton *>()) {
+            if (button->isDefault())
+                return button;
+        }
+        return nullptr;
+    }
+
+    static void addHostDialogs(const QVector<const char *> &ways)
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("way");
+        for (const QString &name : hostDialogs().keys()) {
+            for (const char *way : ways)
+                QTest::addRow("%s, %s", qPrintable(name), way) << name << QString::fromLatin1(way);
+        }
+    }
+    static SHostDialog current()
+    {
+        QFETCH(QString, name);
+        return hostDialogs()[name];
+    }
+
+    /// Runs the dialog and ends it as @p end does after an edit.
+    static void run(const SHostDialog &dialog, const std::function<void(CDialog &)> &end)
+    {
+        QWidget window;
+        CCanvasCommands commands(window);
+        inNext<CDialog>([&](CDialog &opened) {
+            dialog.edit(opened);
+            end(opened);
+        });
+        dialog.run(commands);
+    }
+
+    /// The calls that change something.
+    QStringList sentCalls() const
+    {
+        return m_host->answers()->calls().filter(
+            QRegularExpression(QStringLiteral("^(set|send|import|clear)")));
+    }
+
+    std::unique_ptr<CFakeHost> m_host;
+};
+
+ORVO_TEST_MAIN(QApplication, CDialogLawsTest)
+#include "tst_dialog_laws.moc"
