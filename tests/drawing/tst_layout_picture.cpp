@@ -1,11 +1,14 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/drawing/CLayoutPainter.h"
 #include "layout/drawing/CLayoutPicture.h"
+#include "layout/resources/LayoutResources.h"
 #include "tests/harness/CTestBase.h"
 
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
+#include <QPen>
 
 namespace {
 
@@ -13,22 +16,60 @@ using Port = CabinetLayout::CabinetPort;
 
 const QColor PortFill(60, 90, 160);
 
-/// A typed cabinet and a custom-defined one beside it, 100 x 100 pixels each.
-LayoutData twoCabinets()
+/// A wired group of two typed cabinets and a custom-defined one that is not wired, 200 x 200 pixels each,
+/// with a gap of 100 between the first two. The first has its receivers left and right.
+LayoutData wall()
 {
+    Port::CabinetGroup group;
+    group.uuid = QUuid::createUuid();
+    group.cabinets.resize(2);
+    for (int i = 0; i < 2; ++i) {
+        group.cabinets[i].rect = QRect(i * 300, 0, 200, 200);
+        group.cabinets[i].type = SMD5::ofContent("P2");
+        group.cabinets[i].rank = i;
+    }
+    group.cabinets[0].rects = {QRect(0, 0, 100, 200), QRect(100, 0, 100, 200)};
     Port::CabinetGroup loose;
-    loose.cabinets.resize(2);
-    loose.cabinets[0].rect = QRect(0, 0, 100, 100);
-    loose.cabinets[0].type = SMD5::ofContent("P2");
-    loose.cabinets[1].rect = QRect(100, 0, 100, 100);
+    loose.cabinets.resize(1);
+    loose.cabinets[0].rect = QRect(500, 0, 200, 200);
     Port port;
     port.index = 0;
     port.color = PortFill;
-    port.groups << loose;
+    port.groups = {loose, group};
     LayoutData data;
-    data.canvas = QSize(200, 100);
+    data.canvas = QSize(700, 200);
     data.layout.ports << port;
     return data;
+}
+
+/// A picture of @p data, @p scale pixels a pixel of the canvas; black where nothing is drawn.
+QImage pictureOf(const LayoutData &data, const SLayoutDrawOptions &options = {}, qreal scale = 1)
+{
+    QImage image(CLayoutPicture::extent(data).size() * scale, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    CLayoutPicture::paint(painter, data, QRectF(image.rect()), options);
+    return image;
+}
+
+/// Where two pictures differ, as a rectangle.
+QRect difference(const QImage &a, const QImage &b)
+{
+    QRect rect;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            if (a.pixel(x, y) != b.pixel(x, y))
+                rect |= QRect(x, y, 1, 1);
+        }
+    }
+    return rect;
+}
+
+QRect differenceWithout(bool SLayoutDrawOptions::*part)
+{
+    SLayoutDrawOptions options;
+    options.*part = false;
+    return difference(pictureOf(wall()), pictureOf(wall(), options));
 }
 
 } // namespace
@@ -38,33 +79,204 @@ class CLayoutPictureTest final : public CTestBase
     Q_OBJECT
 
 private Q_SLOTS:
-    void marksCustomDefinedCabinetsAtEveryScale_data()
+    void initTestCase() { initLayoutResources(); }
+
+    void wiresAreDashedAndPointTheWayOfTheSignal()
     {
-        QTest::addColumn<int>("side"); // of a cabinet, in pixels of the picture
-        QTest::addColumn<bool>("wanted");
-        for (const int side : {100, 12, 8, 3}) {
-            QTest::addRow("%d pixels", side) << side << true;
-            QTest::addRow("%d pixels, not wanted", side) << side << false;
+        SLayoutDrawOptions bare;
+        bare.canvas = bare.numbers = bare.groups = false;
+        const QImage image = pictureOf(wall(), bare);
+        const int y = 99; // from the second receiver's centre to the other cabinet's, a little downward
+        QVector<int> thickness;
+        int gaps = 0;
+        for (int x = 160; x < 390; ++x) {
+            int lit = 0;
+            for (int dy = -8; dy <= 8; ++dy)
+                lit += qRed(image.pixel(x, y + dy)) > 200;
+            thickness << lit;
+            gaps += lit == 0;
+        }
+        QVERIFY(gaps > 40 && gaps < 160);
+        // The head: thickest at its foot, a quarter of the way along, and pointing at the next cabinet.
+        const int widest = *std::max_element(thickness.begin(), thickness.end());
+        const int foot = 160 + thickness.indexOf(widest);
+        QVERIFY2(widest >= 9, "there is no head");
+        QVERIFY2(qAbs(foot - (149 + 250 / 4)) <= 2, qPrintable(QString::number(foot)));
+        QVERIFY(thickness[foot - 160 + 4] >= 4);
+        QVERIFY(thickness[foot - 160 - 3] <= 2);
+    }
+
+    void wiresLeaveTheLastReceiverAndReachTheFirst()
+    {
+        Port::Cabinet cabinet = wall().layout.ports[0].groups[1].cabinets[0];
+        const QRectF place(10.5, 20, 200, 200);
+        QCOMPARE(SWireAnchors::of(cabinet, place).entry, QPointF(59.5, 119));
+        QCOMPARE(SWireAnchors::of(cabinet, place).exit, QPointF(159.5, 119));
+        cabinet.type = {};
+        QCOMPARE(SWireAnchors::of(cabinet, place).exit, place.center());
+        cabinet.type = SMD5::ofContent("P2");
+        cabinet.rects.resize(1);
+        QCOMPARE(SWireAnchors::of(cabinet, place).entry, place.center());
+    }
+
+    void eachPartOfThePictureCanBeLeftOut()
+    {
+        // The frame goes around both members.
+        const QRect frame = differenceWithout(&SLayoutDrawOptions::groups);
+        QVERIFY(frame.left() <= 1 && frame.top() <= 1 && frame.bottom() >= 198);
+        QVERIFY(qAbs(frame.right() - 500) <= 2);
+        const QRect wire = differenceWithout(&SLayoutDrawOptions::wires);
+        QVERIFY(wire.left() > 140 && wire.right() < 410 && wire.top() > 85 && wire.bottom() < 115);
+        // The third cabinet is not wired and has no number.
+        const QRect numbers = differenceWithout(&SLayoutDrawOptions::numbers);
+        QVERIFY(numbers.left() < 60 && numbers.right() > 310 && numbers.right() < 400 &&
+                numbers.bottom() < 100);
+        const QRect canvas = differenceWithout(&SLayoutDrawOptions::canvas);
+        QVERIFY(canvas.left() <= 200 && canvas.right() >= 299);
+    }
+
+    void numbersCountFromOne()
+    {
+        LayoutData later = wall();
+        later.layout.ports[0].groups[1].cabinets[0].rank = 1; // the numbers 2 and 2
+        const QImage image = pictureOf(later);
+        SLayoutDrawOptions plain;
+        plain.numbers = false;
+        const QImage without = pictureOf(later, plain);
+        const QRect corner(0, 0, 100, 100);
+        QImage expected(100, 100, QImage::Format_RGB32);
+        expected.fill(PortFill);
+        SCabinetLook look;
+        look.rect = QRectF(0, 0, 200, 200);
+        look.fill = PortFill;
+        look.number = QStringLiteral("2");
+        QPainter painter(&expected);
+        CLayoutPainter::paintCabinet(painter, look, 1);
+        painter.end();
+        QImage unnumbered(expected);
+        unnumbered.fill(PortFill);
+        look.number.clear();
+        painter.begin(&unnumbered);
+        CLayoutPainter::paintCabinet(painter, look, 1);
+        painter.end();
+        QVERIFY(!difference(expected, unnumbered).isEmpty());
+        QCOMPARE(difference(image.copy(corner), without.copy(corner)), difference(expected, unnumbered));
+    }
+
+    void bordersOfReceiversAreDrawn()
+    {
+        LayoutData plain = wall();
+        for (LayoutData *data : {&plain}) {
+            Port::CabinetGroup &group = data->layout.ports[0].groups[1];
+            group.cabinets[0].rects = {QRect(0, 0, 100, 200)};
+        }
+        SLayoutDrawOptions options;
+        options.wires = false;
+        const QRect border = difference(pictureOf(wall(), options), pictureOf(plain, options));
+        QVERIFY(border.width() >= 1 && border.width() <= 2 && qAbs(border.center().x() - 100) <= 1);
+        QVERIFY(border.height() > 180);
+    }
+
+    void portsThatAreLockedOrARedundancyAreMarked_data()
+    {
+        QTest::addColumn<qreal>("scale");
+        QTest::newRow("at each cabinet") << 1.0;
+        QTest::newRow("once") << 0.2;
+    }
+    void portsThatAreLockedOrARedundancyAreMarked()
+    {
+        QFETCH(qreal, scale);
+        QVector<QImage> pictures;
+        for (const bool redundant : {false, true}) {
+            for (const bool locked : {false, true}) {
+                LayoutData data = wall();
+                data.layout.ports[0].locked = locked;
+                data.layout.ports[0].redundancy = redundant ? Port::Redundant : Port::Primary;
+                pictures << pictureOf(data, {}, scale);
+            }
+        }
+        const QRect lock = difference(pictures[0], pictures[1]);
+        const QRect redundancy = difference(pictures[0], pictures[2]);
+        QVERIFY(!lock.isEmpty() && !redundancy.isEmpty());
+        if (scale < 1) { // alone in the middle, together side by side
+            QVERIFY(QRect(60, 10, 20, 20).contains(lock.center()) && lock.width() < 30);
+            QVERIFY(QRect(60, 10, 20, 20).contains(redundancy.center()) && redundancy.width() < 30);
+            QVERIFY(difference(pictures[0], pictures[3]).width() > lock.width() + redundancy.width() / 2);
+        } else {
+            QVERIFY(lock.right() > redundancy.right() && lock.left() > redundancy.left());
+            QVERIFY(lock.bottom() < 50 && redundancy.bottom() < 50);
         }
     }
+
+    void whatIsSelectedOrHighlightedStandsOut()
+    {
+        QVector<QColor> middles;
+        QVector<QColor> edges;
+        for (const qreal side : {100.0, 6.0}) {
+            for (const int state : {0, 1, 2}) {
+                QImage image(100, 100, QImage::Format_RGB32);
+                image.fill(Qt::black);
+                SCabinetLook look;
+                look.rect = QRectF(0, 0, side, side);
+                look.fill = PortFill;
+                look.selected = state == 1;
+                look.highlighted = state == 2;
+                QPainter painter(&image);
+                CLayoutPainter::paintCabinet(painter, look, 1);
+                middles << image.pixelColor(QPoint(int(side / 2), int(side / 2)));
+                edges << image.pixelColor(QPoint(int(side) - 1, int(side / 2)));
+            }
+        }
+        QCOMPARE(middles[0], PortFill);
+        QCOMPARE(middles[1], CLayoutPainter::selectedFill(PortFill));
+        QCOMPARE(middles[2], PortFill); // within its frame
+        QVERIFY(edges[0] == PortFill && edges[1] != middles[1] && edges[2].red() > 200);
+        QVERIFY(middles[4].lightness() > PortFill.lightness() && middles[5].red() > 200);
+        QVERIFY(PortFill.lightness() < middles[1].lightness());
+    }
+
+    void neighbouringPortsDifferInColor()
+    {
+        for (int port = 0; port < 80; ++port) {
+            const QColor color = CLayoutPainter::defaultPortColor(port);
+            QCOMPARE(color, CLayoutPainter::defaultPortColor(port));
+            for (int step = 1; step <= 3; ++step) {
+                const int turn = qAbs(color.hue() - CLayoutPainter::defaultPortColor(port + step).hue());
+                QVERIFY(qMin(turn, 360 - turn) > 40);
+            }
+        }
+    }
+
+    void wireBoundsHoldWhatIsDrawn()
+    {
+        for (const QLineF &line : {QLineF(20, 50, 80, 50), QLineF(80, 80, 20, 30), QLineF(50, 90, 50, 10)}) {
+            for (const qreal scale : {1.0, 4.0}) {
+                QImage image(QSize(100, 100) * scale, QImage::Format_RGB32);
+                image.fill(Qt::black);
+                QPainter painter(&image);
+                painter.scale(scale, scale);
+                CLayoutPainter::paintWire(painter, line, scale);
+                painter.fillRect(CLayoutPainter::wireBounds(line), Qt::black);
+                painter.end();
+                QImage empty(image);
+                empty.fill(Qt::black);
+                QVERIFY(difference(image, empty).isEmpty());
+            }
+        }
+    }
+
     void marksCustomDefinedCabinetsAtEveryScale()
     {
-        QFETCH(int, side);
-        QFETCH(bool, wanted);
-        QImage image(2 * side, side, QImage::Format_RGB32);
-        QPainter painter(&image);
-        SLayoutDrawOptions options;
-        options.customMarks = wanted;
-        CLayoutPicture::paint(painter, twoCabinets(), QRectF(image.rect()), options);
-        painter.end();
-        // Gold in the lower right corner: more red than blue, unlike the fill.
-        const auto isMarked = [&image, side](int cabinet) {
-            const int inset = side > 20 ? 3 : 1;
-            const QRgb corner = image.pixel((cabinet + 1) * side - inset, side - inset);
-            return qRed(corner) > qBlue(corner);
-        };
-        QVERIFY(!isMarked(0));
-        QCOMPARE(isMarked(1), wanted);
+        for (const qreal scale : {1.0, 0.06, 0.04, 0.015}) {
+            SLayoutDrawOptions options;
+            options.canvas = options.wires = options.groups = false;
+            const QImage marked = pictureOf(wall(), options, scale);
+            options.customMarks = false;
+            const QRect mark = difference(marked, pictureOf(wall(), options, scale));
+            QVERIFY2(mark.left() >= int(500 * scale), "a typed cabinet is marked");
+            QVERIFY(mark.bottomRight() == marked.rect().bottomRight());
+            QVERIFY(mark.width() <= qMax(3.0, 60 * scale));
+        }
     }
 };
 

@@ -1,10 +1,12 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/view/CEditorToolBar.h"
 #include "layout/geometry/CSnakeOrder.h"
 #include "layout/resources/LayoutResources.h"
 #include "tests/harness/CTestBase.h"
 
-#include <QGuiApplication>
+#include <QAction>
+#include <QApplication>
 #include <QImage>
 #include <QPainter>
 #include <QSvgRenderer>
@@ -39,26 +41,25 @@ QVector<QStringList> tableLines()
     return lines;
 }
 
-/// The resources of each family that the table names.
-QMap<QString, QStringList> tableFamilies()
+/// A resource that the table names.
+struct SResource
 {
-    QMap<QString, QStringList> families;
+    QString name; ///< the whole path
+    QString family;
+    QString picture; ///< that it is made from
+};
+
+QVector<SResource> tableResources()
+{
+    QVector<SResource> resources;
     const QVector<QStringList> lines = tableLines();
     for (const QStringList &fields : lines) {
         for (const QString &state : fields.mid(2)) {
             const QString suffix = state == QLatin1String("-") ? QString() : QLatin1Char('_') + state;
-            families[fields.first()] << imageRoot + fields.first() + suffix + QLatin1String(".svg");
+            resources << SResource{imageRoot + fields.first() + suffix + QLatin1String(".svg"),
+                                   fields.first(), fields.at(1)};
         }
     }
-    return families;
-}
-
-QStringList tableResources()
-{
-    QStringList resources;
-    const QMap<QString, QStringList> families = tableFamilies();
-    for (const QStringList &family : families)
-        resources << family;
     return resources;
 }
 
@@ -142,23 +143,20 @@ SSnakePicture snakePicture(const QString &resource)
 
 } // namespace
 
-/// All pictures: there under the names the program uses, visible, unlike each other, and drawn only with what
-/// Qt can draw.
+/// All pictures: there under the names that the program uses, visible, unlike each other, and drawn only with
+/// what Qt can draw.
 class CIconsTest final : public CTestBase
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase();
-    void rendersVisiblyAtEverySize_data();
-    void rendersVisiblyAtEverySize();
-    void staysInsideItsFrame_data();
-    void staysInsideItsFrame();
-    void statesOfOnePictureDiffer();
+    void isVisibleAtEverySizeAndStaysInItsFrame();
+    void noTwoLookAlike();
     void everyNameInTheSourcesExists();
+    void toolsShowTheirOwnPicture();
     void topologyPicturesShowTheirPattern_data();
     void topologyPicturesShowTheirPattern();
-    void topologyPicturesDiffer();
     void picturesUseOnlyWhatQtDraws();
     void everyPictureIsUsed();
 };
@@ -169,71 +167,82 @@ void CIconsTest::initTestCase()
     QVERIFY(tableResources().size() > 100);
 }
 
-void CIconsTest::rendersVisiblyAtEverySize_data()
+void CIconsTest::isVisibleAtEverySizeAndStaysInItsFrame()
 {
-    QTest::addColumn<QString>("resource");
-    const QStringList resources = tableResources();
-    for (const QString &resource : resources)
-        QTest::newRow(qPrintable(resource)) << resource;
-}
-
-void CIconsTest::rendersVisiblyAtEverySize()
-{
-    QFETCH(QString, resource);
-    QVERIFY(QFile::exists(resource));
-    QVERIFY(QSvgRenderer(resource).isValid());
-    for (const int size : {16, 24, 48})
-        QVERIFY2(visiblePixels(rendered(resource, size)) >= size / 4, qPrintable(QString::number(size)));
-}
-
-void CIconsTest::staysInsideItsFrame_data()
-{
-    rendersVisiblyAtEverySize_data();
-}
-
-void CIconsTest::staysInsideItsFrame()
-{
-    QFETCH(QString, resource);
-    constexpr int size = 96;
     constexpr int margin = 8;
-    QImage image = rendered(resource, size, margin);
-    QPainter painter(&image);
-    painter.setCompositionMode(QPainter::CompositionMode_Clear);
-    painter.fillRect(margin, margin, size, size, Qt::transparent);
-    painter.end();
-    QCOMPARE(visiblePixels(image), 0);
+    for (const SResource &resource : tableResources()) {
+        QVERIFY2(QSvgRenderer(resource.name).isValid(), qPrintable(resource.name));
+        for (const int size : {16, 24, 48, 96}) {
+            const QImage image = rendered(resource.name, size, margin);
+            const int inside = visiblePixels(image.copy(margin, margin, size, size));
+            QVERIFY2(inside >= size / 4 && visiblePixels(image) == inside, qPrintable(resource.name));
+        }
+    }
 }
 
-void CIconsTest::statesOfOnePictureDiffer()
+void CIconsTest::noTwoLookAlike()
 {
-    const QMap<QString, QStringList> families = tableFamilies();
-    for (const QStringList &family : families) {
-        for (int i = 0; i < family.size(); ++i) {
-            for (int j = 0; j < i; ++j) {
-                const QString pair = family.at(j) + QLatin1String(" is like ") + family.at(i);
-                QVERIFY2(rendered(family.at(i), 24) != rendered(family.at(j), 24), qPrintable(pair));
-            }
-        }
+    QMap<QByteArray, SResource> seen;
+    for (const SResource &resource : tableResources()) {
+        const QImage image = rendered(resource.name, 24);
+        const QByteArray bits(reinterpret_cast<const char *>(image.constBits()), int(image.sizeInBytes()));
+        const SResource &other = seen.value(bits);
+        QVERIFY2(other.name.isEmpty() ||
+                     (other.picture == resource.picture && other.family != resource.family),
+                 qPrintable(other.name + QLatin1String(" is like ") + resource.name));
+        seen[bits] = resource;
     }
 }
 
 void CIconsTest::everyNameInTheSourcesExists()
 {
-    const QStringList resources = tableResources();
-    int sourcesRead = 0;
+    QStringList resources;
+    for (const SResource &resource : tableResources())
+        resources << resource.name;
     for (const char *folder : {"layout", "host", "platform"}) {
         QDirIterator files(inSource(QLatin1String(folder)), {QStringLiteral("*.cpp"), QStringLiteral("*.h")},
                            QDir::Files, QDirIterator::Subdirectories);
+        QVERIFY(files.hasNext());
         while (files.hasNext()) {
-            const QStringList names = imageNames(QString::fromUtf8(contentOf(files.next())));
-            ++sourcesRead;
-            for (const QString &name : names) {
+            for (const QString &name : imageNames(QString::fromUtf8(contentOf(files.next())))) {
                 const QString message = name + QLatin1String(" in ") + files.filePath();
                 QVERIFY2(!resources.filter(asPattern(name)).isEmpty(), qPrintable(message));
             }
         }
     }
-    QVERIFY(sourcesRead > 0);
+}
+
+void CIconsTest::toolsShowTheirOwnPicture()
+{
+    const CEditorToolBar bar;
+    const QVector<QPair<CEditorToolBar::ETool, QString>> pictures{
+        {CEditorToolBar::Undo, QStringLiteral("ToolBar/undo")},
+        {CEditorToolBar::Redo, QStringLiteral("ToolBar/redo")},
+        {CEditorToolBar::Arrow, QStringLiteral("ToolBar/arrow")},
+        {CEditorToolBar::Hand, QStringLiteral("ToolBar/open-hand")},
+        {CEditorToolBar::TypeLibrary, QStringLiteral("Layout/ToolBar/type-library")},
+        {CEditorToolBar::ClearTopology, QStringLiteral("Layout/ToolBar/break-wiring")},
+        {CEditorToolBar::Pen, QStringLiteral("Layout/ToolBar/manual-wiring")},
+        {CEditorToolBar::HeadToTailExchange, QStringLiteral("Layout/ToolBar/head-to-tail-exchange")},
+        {CEditorToolBar::Group, QStringLiteral("Layout/ToolBar/create-group")},
+        {CEditorToolBar::Ungroup, QStringLiteral("Layout/ToolBar/break-group")},
+        {CEditorToolBar::Calibrate, QStringLiteral("Layout/ToolBar/calibrate")},
+        {CEditorToolBar::Print, QStringLiteral("Layout/ToolBar/print")},
+        {CEditorToolBar::Navigator, QStringLiteral("ToolBar/aerial-view")}};
+    QCOMPARE(pictures.size(), int(CEditorToolBar::ToolCount));
+    const auto drawn = [](const QIcon &icon, QIcon::Mode mode, QIcon::State state) {
+        return icon.pixmap(24, mode, state).toImage();
+    };
+    for (const auto &[tool, name] : pictures) {
+        const QIcon shown = bar.tool(tool)->icon();
+        const QString file = imageRoot + name + QStringLiteral("_%1.svg");
+        const auto of = [&](const char *state) {
+            return drawn(QIcon(file.arg(QLatin1String(state))), QIcon::Normal, QIcon::Off);
+        };
+        QVERIFY2(drawn(shown, QIcon::Normal, QIcon::Off) == of("normal"), qPrintable(name));
+        QVERIFY2(drawn(shown, QIcon::Normal, QIcon::On) == of("checked"), qPrintable(name));
+        QVERIFY2(drawn(shown, QIcon::Disabled, QIcon::Off) == of("disabled"), qPrintable(name));
+    }
 }
 
 void CIconsTest::topologyPicturesShowTheirPattern_data()
@@ -257,16 +266,6 @@ void CIconsTest::topologyPicturesShowTheirPattern()
     QCOMPARE((p.rows ? way.x() : way.y()) > 0, p.firstForward); // the third line runs like the first
     QVERIFY(QRectF(2, 2, 36, 24).contains(snake.start));
     QVERIFY(QRectF(2, 2, 36, 24).contains(snake.tip));
-}
-
-void CIconsTest::topologyPicturesDiffer()
-{
-    QVector<QImage> pictures;
-    for (const CSnakeOrder::SPattern &p : CSnakeOrder::patterns()) {
-        const QImage picture = rendered(topologyRoot + QLatin1String(p.iconName) + QLatin1String(".svg"), 40);
-        QVERIFY2(!pictures.contains(picture), p.iconName);
-        pictures << picture;
-    }
 }
 
 void CIconsTest::picturesUseOnlyWhatQtDraws()
@@ -309,5 +308,5 @@ void CIconsTest::everyPictureIsUsed()
         QVERIFY2(used.contains(file), qPrintable(file));
 }
 
-ORVO_TEST_MAIN(QGuiApplication, CIconsTest)
+ORVO_TEST_MAIN(QApplication, CIconsTest)
 #include "tst_icons.moc"
