@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/api/records/CRecordJson.h"
 #include "layout/api/records/LayoutData.h"
 #include "layout/api/records/ProcessorTree.h"
 #include "layout/api/records/RecordMetaTypes.h"
@@ -9,6 +10,7 @@
 using Port = CabinetLayout::CabinetPort;
 using Cabinet = Port::Cabinet;
 using Group = Port::CabinetGroup;
+using TypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
 
 namespace {
 
@@ -35,6 +37,31 @@ Group group(const QVector<Cabinet> &cabinets, const QVector<Group> &groups = {})
     result.cabinets = cabinets;
     result.groups = groups;
     return result;
+}
+
+Cabinet cabinetIn(int port)
+{
+    Cabinet cabinet = cabinetNamed(-1);
+    cabinet.port = port;
+    cabinet.rect = QRect(0, 0, 1, 1);
+    return cabinet;
+}
+
+/// Each of @p changes makes a record that differs, and that comes back from its file as it was.
+template <typename Record>
+void checkFields(const Record &original, CResult<Record> (*read)(const QJsonValue &, const char *),
+                 const QVector<std::function<void(Record &)>> &changes)
+{
+    for (int i = 0; i < changes.size(); ++i) {
+        Record changed = original;
+        changes[i](changed);
+        const QByteArray which =
+            QByteArray(QMetaType::typeName(qMetaTypeId<Record>())) + ", field " + QByteArray::number(i);
+        QVERIFY2(!(changed == original), which);
+        const CResult<Record> back = read(CRecordJson::toJson(changed), nullptr);
+        QVERIFY2(back, back ? which : which + ": " + back.error().toUtf8());
+        QVERIFY2(back.value() == changed, which);
+    }
 }
 
 } // namespace
@@ -85,53 +112,91 @@ private Q_SLOTS:
         QCOMPARE(data(copy, 4), data(layout, 4));
     }
 
-    void startsWithTheStatedDefaults_data()
+    void eachFieldCountsAndIsWritten()
     {
-        QTest::addColumn<QVariant>("value");
-        QTest::addColumn<QVariant>("wanted");
-        const auto row = [](const char *name, const QVariant &value, const QVariant &wanted) {
-            QTest::newRow(name) << value << wanted;
-        };
-        const ProcessorTree::ProcessorNode node;
-        row("processor: key", node.uuid, QUuid());
-        row("processor: name", node.name, QString());
-        row("processor: index", node.index, -1);
-        row("processor: index in group", node.groupIndex, -1);
-        row("processor: color depth", node.colorDepth, 8);
-        row("processor: brightness", node.brightness, 100);
-        row("processor: model", node.model, QString());
-        row("processor: serial number", node.serialNumber, QString());
-        row("processor: address", node.address, 0x7F000001u);
-        row("processor: flags", node.online || node.fiberTransceiver, false);
-        row("processor: text", node.displayText(), QStringLiteral("(127.0.0.1)"));
-        const Cabinet cabinet;
-        row("cabinet: port", cabinet.port, -1);
-        row("cabinet: rank", cabinet.rank, -1);
-        row("cabinet: type", cabinet.type.isNull(), true);
-        row("cabinet: mapping index", cabinet.mappingIndex, -1);
-        row("cabinet: highlight number", cabinet.calibrationIndex, -1);
-        row("cabinet: group", cabinet.group, QUuid());
-        row("cabinet: lists", cabinet.rects.size() + cabinet.receivers.size() + cabinet.blanks.size(), 0);
-        row("cabinet: flags", cabinet.directionFixed || cabinet.custom, false);
-        const Port port;
-        row("port: index", port.index, -1);
-        row("port: groups", port.groups.size(), 0);
-        const SPrjPort project;
-        row("port file: processor", project.processor, QUuid());
-        row("port file: index", project.index, -1);
-        row("port file: numbers", project.cabinetCount + project.load, 0);
-        row("port file: area", project.area == std::array<quint32, 4>{}, true);
-        row("port file: redundancy", project.redundancyPort, -1);
-        row("port file: version", project.version, 1);
-        row("port file: brightness", project.brightness, 65535);
-        row("port file: key", project.uuid.isNull() || project.uuid == SPrjPort().uuid, false);
-        row("type: key length", int(SMD5().bytes.size()), 32);
+        const QUuid key = QUuid::createUuid();
+        Cabinet cabinet = cabinetNamed(-1);
+        cabinet.rect = QRect(-1, 2, 3, 4);
+        checkFields<Cabinet>(
+            cabinet, &CRecordJson::cabinet,
+            {[](Cabinet &c) { c.uuid = QUuid::createUuid(); }, [](Cabinet &c) { c.port = 3; },
+             [](Cabinet &c) { c.rect.setRight(9); }, [](Cabinet &c) { c.rank = 0; },
+             [](Cabinet &c) { c.type = SMD5::ofContent("P2"); }, [](Cabinet &c) { c.directionFixed = true; },
+             [](Cabinet &c) { c.custom = true; },
+             [](Cabinet &c) { c.rects << QRect(0, 0, 1, 2) << QRect(1, 0, 2, 2); },
+             [](Cabinet &c) { c.mappingIndex = 0; }, [](Cabinet &c) { c.calibrationIndex = 0; },
+             [key](Cabinet &c) { c.group = key; }, [](Cabinet &c) { c.receivers << 0 << 7; },
+             [](Cabinet &c) { c.blanks << QRect(0, 0, 1, 1); }});
+        Port plain;
+        plain.index = 0;
+        checkFields<Port>(
+            plain, &CRecordJson::port,
+            {[](Port &p) { p.index = 1023; }, [](Port &p) { p.groups << group({cabinetIn(0)}); },
+             [key](Port &p) { p.groups << group({}, {group({})}); },
+             [](Port &p) {
+                 p.groups.resize(1);
+                 p.groups[0].name = QStringLiteral("left");
+             },
+             [](Port &p) { p.color = QColor(1, 2, 3, 4); }, [](Port &p) { p.locked = true; },
+             [](Port &p) { p.redundancy = Port::Primary; }, [](Port &p) { p.redundancyPort = 0; },
+             [key](Port &p) { p.redundancyProcessor = key; }, [](Port &p) { p.load = 1; }});
+        SPrjPort project;
+        project.port.index = 0;
+        checkFields<SPrjPort>(project, &CRecordJson::projectPort,
+                              {[key](SPrjPort &p) { p.processor = key; }, [](SPrjPort &p) { p.index = 0; },
+                               [](SPrjPort &p) { p.cabinetCount = 1; }, [](SPrjPort &p) { p.load = 1; },
+                               [](SPrjPort &p) {
+                                   p.area = {1, 2, 3, 0xFFFFFFFFu};
+                               },
+                               [](SPrjPort &p) { p.redundancyPort = 0; }, [](SPrjPort &p) { p.version = 2; },
+                               [](SPrjPort &p) { p.brightness = 0; }, [key](SPrjPort &p) { p.uuid = key; },
+                               [](SPrjPort &p) { p.port.locked = true; }});
+        TypeInfo type;
+        type.width = 2;
+        type.height = 1;
+        checkFields<TypeInfo>(
+            type, &CRecordJson::typeInfo,
+            {[](TypeInfo &t) { t.key = SMD5::ofContent("P2"); },
+             [](TypeInfo &t) { t.name = QStringLiteral("P2"); },
+             [](TypeInfo &t) { t.kind = TypeInfo::MultiReceiver; }, [](TypeInfo &t) { t.width = 1; },
+             [](TypeInfo &t) { t.height = 2; }, [](TypeInfo &t) { t.receivers << QRect(0, 0, 1, 1); },
+             [](TypeInfo &t) {
+                 t.millimetres = {0.5, 1};
+             },
+             [](TypeInfo &t) { t.kilograms = 0.5; }, [](TypeInfo &t) { t.wattsMaximum = 1; },
+             [](TypeInfo &t) { t.wattsAverage = 1; }, [](TypeInfo &t) { t.voltsMinimum = 1; },
+             [](TypeInfo &t) { t.voltsMaximum = 1; }, [](TypeInfo &t) { t.customGamma = true; },
+             [](TypeInfo &t) { t.damaged = true; }});
+        checkFields<SBackgroundInfo>({}, &CRecordJson::background,
+                                     {[](SBackgroundInfo &i) { i.enabled = !i.enabled; },
+                                      [](SBackgroundInfo &i) { i.file = QStringLiteral("a.png"); },
+                                      [](SBackgroundInfo &i) { i.scale = 10000; },
+                                      [](SBackgroundInfo &i) { i.opacity = 0; },
+                                      [](SBackgroundInfo &i) { i.fit = SBackgroundInfo::ZoomToFit; },
+                                      [key](SBackgroundInfo &i) { i.processor = key; }});
     }
-    void startsWithTheStatedDefaults()
+
+    void aProcessorIsShownWithItsAddress()
     {
-        QFETCH(QVariant, value);
-        QFETCH(QVariant, wanted);
-        QCOMPARE(value, wanted);
+        ProcessorTree::ProcessorNode node;
+        node.name = QStringLiteral("Stage");
+        node.address = 0xC0A80102u;
+        QCOMPARE(node.displayText(), QStringLiteral("Stage(192.168.1.2)"));
+        node.address = 0;
+        QCOMPARE(node.displayText(), QStringLiteral("Stage"));
+    }
+
+    void aHighlightIsNoDifferenceOfTheLayout()
+    {
+        Port a;
+        a.groups << group({}, {group({cabinetNamed(0)})});
+        Port b = a;
+        b.groups[0].groups[0].cabinets[0].calibrationIndex = 1;
+        QVERIFY(LayoutData::comparePortData(a, b, true));
+        b.groups[0].groups[0].cabinets[0].mappingIndex = 1;
+        QVERIFY(!LayoutData::comparePortData(a, b, true) && LayoutData::comparePortData(a, b, false));
+        b.groups[0].groups[0].cabinets[0].rect = QRect(1, 1, 1, 1);
+        QVERIFY(!LayoutData::comparePortData(a, b, false));
     }
 
     void registersMetaTypesUnderTheirFullNames()
