@@ -19,13 +19,13 @@
 
 class QWidget;
 
-/// What the module asks of the host: its only road to devices and files. Any thread unless an operation says
-/// GUI thread. An operation that gives false has changed nothing, and lastError() then tells why. A key that
-/// names no processor is answered with an empty value or false. "Current" is the processor in view.
+/// What the module asks of the host: its only access to devices and files. Any thread unless an operation
+/// says GUI thread. An operation that returns false has changed nothing, and lastError() then tells why. A
+/// key that names no processor is answered with an empty value or false. "Current" is the processor in view.
 class ILayoutInterfaceHandler : public IAbstractInterfaceHandler
 {
 public:
-    /// Told once, on the GUI thread, how an operation ended that was carried out in the background.
+    /// Called once, on the GUI thread, with the outcome of an operation that ran in the background.
     using Done = std::function<void(const SDeviceOutcome &)>;
 
     // Controller and store.
@@ -33,7 +33,7 @@ public:
     virtual QSize getCanvasSize() const = 0;
     /// Shows or hides the window that simulates the wall. GUI thread.
     virtual void showScreen(bool shown) = 0;
-    /// Follow-up after a layout was handed over: brings the simulated screen up to date and, with @p full,
+    /// Completes a hand-over of a layout: brings the simulated screen up to date and, with @p full,
     /// announces LayoutNotification::PortLoadsChanged for all ports of the current processor.
     virtual void applyLayoutFollowUp(bool full) = 0;
     /// The record behind a key; a default record for an unknown one.
@@ -43,7 +43,7 @@ public:
     virtual void commitLayoutData(const LayoutData &data) = 0;
     /// Writes the processor's mapping to a "*.sprj" file, whole or not at all. GUI thread.
     virtual bool exportProcessorMapping(const QUuid &processor, const QString &file) = 0;
-    /// Replaces the processor's layout by a file's. Locked ports keep theirs unless @p overwriteLocked.
+    /// Replaces the processor's layout by that of a file. Locked ports keep theirs unless @p overwriteLocked.
     /// Announced by LayoutNotification::LayoutReplaced. GUI thread.
     virtual bool importProcessorMapping(const QUuid &processor, const QString &file,
                                         bool overwriteLocked) = 0;
@@ -51,9 +51,9 @@ public:
     virtual bool setCabinetStatusLed(bool on) = 0;
     /// How many processors answered the last detection; projects do not count.
     virtual int getDetectedProcessorCount() const = 0;
-    /// Whether the host wants applyLayoutFollowUp() right after the layout just handed over.
+    /// Returns whether the host wants applyLayoutFollowUp() right after the layout just handed over.
     virtual bool layoutFollowUpNeeded() const = 0;
-    /// Whether the processor works as fibre optic transceiver, so that there is nothing to edit.
+    /// Returns whether the processor works as a fibre optic transceiver, so that there is nothing to edit.
     virtual bool isFiberTransceiverMode(const QUuid &processor) const = 0;
 
     // Notifications.
@@ -63,7 +63,7 @@ public:
     virtual QVector<CabinetLayout::CabinetPort> currentProcessorPorts() const = 0;
     /// The working layout of a processor, with the cabinets' places in the saved mapping.
     virtual LayoutData layoutData(const QUuid &processor) const = 0;
-    /// 1 when the processor must be prepared before it is edited (its first layout is made), 0 otherwise.
+    /// 1 if the processor must be prepared before it is edited (its first layout must be made), else 0.
     virtual int preparatoryStep(const QUuid &processor) const = 0;
     /// Makes the first layout, without cabinets. Announced by LayoutNotification::LayoutReplaced.
     virtual void performPreparatoryStep(const QUuid &processor) = 0;
@@ -71,7 +71,7 @@ public:
     virtual QList<ProcessorTree::ProcessorNode> selectedProcessors() const = 0;
 
     // Processor commands.
-    /// Why the last operation that gave false did so: what and where, for the user. GUI thread.
+    /// Why the last operation that returned false did so: what failed and where, for the user. GUI thread.
     virtual QString lastError() const = 0;
     /// All processors that the device tree shows, in its order.
     virtual QList<ProcessorTree::ProcessorNode> processors() const = 0;
@@ -85,7 +85,7 @@ public:
     /// Refused when a port that would go still holds cabinets. Announced by
     /// LayoutNotification::PortCountChanged.
     virtual bool setOutputPortCount(const QUuid &processor, int count) = 0;
-    /// Makes @p redundancy stand in for @p primary when that fails; refused when one of them is in a pair.
+    /// Makes @p redundancy take over when @p primary fails; refused if one of them is already in a pair.
     virtual bool setProcessorRedundancy(const QUuid &primary, const QUuid &redundancy) = 0;
     /// Ends the pair that the processor belongs to.
     virtual bool cancelProcessorRedundancy(const QUuid &processor) = 0;
@@ -101,21 +101,22 @@ public:
     virtual QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const = 0;
 
     // View and cabinet menu.
-    /// Makes cabinets of the current processor stand out on the wall, in place of those before. GUI thread.
+    /// Makes cabinets of the current processor stand out on the wall instead of those of the call before. GUI
+    /// thread.
     virtual bool setCabinetHighlight(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
                                      CabinetHighlight highlight) = 0;
     /// Writes the configuration of a cabinet to a "*.rcvbp" file, whole or not at all. GUI thread.
     virtual bool exportCabinetConfig(const CabinetLayout::CabinetPort::Cabinet &cabinet,
                                      const QString &file) = 0;
-    /// Reads the configuration of a connected cabinet into a file, under the name @p typeName; with an empty
-    /// one under the type's own. The cabinet must be in the saved mapping. GUI thread.
+    /// Reads the configuration of a connected cabinet into a file, under the name @p typeName or, if that is
+    /// empty, the type's own. The cabinet must be in the saved mapping. GUI thread.
     virtual bool readbackCabinetConfig(int port, const CabinetLayout::CabinetPort::Cabinet &cabinet,
                                        const QString &file, const QString &typeName) = 0;
 
     // Port list.
-    /// The current processor's state forbids port redundancy now.
+    /// Returns whether the current processor's state forbids port redundancy now.
     virtual bool isPortRedundancyBlocked() const = 0;
-    /// Whether the kind of the current processor has port redundancy at all.
+    /// Returns whether the kind of the current processor supports port redundancy at all.
     virtual bool isPortRedundancySupported() const = 0;
     /// Makes @p backup the redundancy of @p primary, both of the current processor. Announced by
     /// LayoutNotification::PortBackupChanged.
@@ -124,7 +125,7 @@ public:
     virtual bool cancelPortRedundancy(int port) = 0;
     /// Writes one port to a "*.pprj" file, whole or not at all. GUI thread.
     virtual bool exportPortMapping(const QUuid &processor, int port, const QString &file) = 0;
-    /// Replaces one port's cabinets by a file's; see importProcessorMapping(). GUI thread.
+    /// Replaces one port's cabinets by those of a file; see importProcessorMapping(). GUI thread.
     virtual bool importPortMapping(const QUuid &processor, int port, const QString &file,
                                    bool overwriteLocked) = 0;
 
@@ -139,13 +140,13 @@ public:
     virtual void saveMapping(ReadSaveMappingRole role, const LayoutData &data, Done done) = 0;
 
     // Port areas of the current processor.
-    /// The parts of the display that were set, at most one a port.
+    /// The parts of the display that were set, at most one for each port.
     virtual QList<SPortArea> portAreas() const = 0;
-    /// Replaces all areas. Refused when one is of a port that is not in use.
+    /// Replaces all areas. Refused if one belongs to a port that is not in use.
     virtual bool setPortAreas(const QList<SPortArea> &areas) = 0;
     /// Pixels; 0 or less: no limit.
     virtual int lowLatencyWidthLimit() const = 0;
-    /// Whether the processor shows stereoscopic pictures, with which its ports carry less.
+    /// Returns whether the processor shows stereoscopic pictures; its ports then carry less.
     virtual bool isThreeDEnabled() const = 0;
 
     // Processor redundancy dialog.
@@ -153,31 +154,31 @@ public:
     /// setProcessorRedundancy().
     virtual bool applyProcessorRedundancy(const QList<QUuid> &processors,
                                           const QList<QPair<QUuid, QUuid>> &pairs) = 0;
-    /// Whether all of @p processors are online.
+    /// Returns whether all of @p processors are online.
     virtual bool areProcessorsOnline(const QList<QUuid> &processors) const = 0;
-    /// Whether a device operation on any of @p processors is running.
+    /// Returns whether a device operation on any of @p processors is running.
     virtual bool areProcessorsBusy(const QList<QUuid> &processors) const = 0;
 
     // Cabinet dialogs.
     /// Opens the host's type library. GUI thread.
     virtual void showTypeLibrary(QWidget *parent) = 0;
-    /// Whether none of the ports that hold @p cabinets is a redundancy port.
+    /// Returns whether none of the ports that hold @p cabinets is a redundancy port.
     virtual bool areOnPrimaryPorts(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets) const = 0;
     /// Sends a type's parameters to cabinets of any detected processors, which must be in their saved
-    /// mappings; @p gamma 1.0 to 4.0. Processor by processor: those before one that fails have taken them.
-    /// GUI thread.
+    /// mappings; @p gamma 1.0 to 4.0. They go to one processor after the other; if one fails, those before it
+    /// keep what they got. GUI thread.
     virtual bool sendCabinetParameters(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
                                        const SMD5 &type, double gamma) = 0;
 
     // Current gain of the current processor.
-    /// One set a frame rate and gain level, imported or not.
+    /// One set for each frame rate and gain level, imported or not.
     virtual QList<SCurrentGain> currentGains() const = 0;
     /// Takes the sets of a "*.acr" file in place of those of the same frame rate and level; sends nothing.
     /// GUI thread.
     virtual bool importCurrentGain(const QString &file) = 0;
     /// Forgets all sets, also on the processor.
     virtual bool clearCurrentGains() = 0;
-    /// Sends what was imported to the processor, switched on and off as @p gains say.
+    /// Sends what was imported to the processor, each set switched on or off as in @p gains.
     virtual bool sendCurrentGains(const QList<SCurrentGain> &gains) = 0;
 
     // Canvas of the current processor.

@@ -21,26 +21,26 @@ public:
     static constexpr int LargestSide = 16384;                 ///< pixels
     static constexpr qint64 LargestArea = 64LL * 1024 * 1024; ///< pixels
 
-    /// The image of a PNG or JPEG file. Fails, with a text that names the file, for one that is missing, no
+    /// The image of a PNG or JPEG file. Fails, with a text that names the file, if the file is missing, no
     /// such image, damaged, or larger than the limits.
     static CResult<QImage> load(const QString &file);
 
-    /// Takes another background; the file is read only when it is another one, or has changed. An image that
-    /// cannot be read is left out, with a line in the log.
+    /// Takes another background. The file is read only if it is another one or has changed. An image that
+    /// cannot be read is left out, and the log says so.
     void set(const SBackgroundInfo &info);
     const SBackgroundInfo &info() const { return m_info; }
     /// Why the image that was asked for is not drawn; empty when it is.
     const QString &problem() const { return m_problem; }
 
-    /// Draws the image from the upper left corner of @p canvas, whose edges cut it off: in its natural size,
-    /// an image pixel a unit of the painter's coordinates, or as large as fits the canvas, and of that the
-    /// percentage asked for.
+    /// Draws the image from the upper left corner of @p canvas, whose edges cut it off: in its natural size
+    /// (one image pixel to one unit of the painter's coordinates) or as large as fits the canvas, scaled by
+    /// the percentage of the background.
     void paint(QPainter &painter, const QRectF &canvas) const;
 
 private:
     SBackgroundInfo m_info;
     QImage m_image; // null: nothing to be drawn
     QString m_problem;
-    QString m_file; // that was read, or could not be
+    QString m_file; // the file that was read last, or could not be read
     QDateTime m_fileTime;
 };

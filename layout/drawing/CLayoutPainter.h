@@ -28,8 +28,8 @@ struct SCabinetLook
     bool custom = false; ///< carries the mark of a custom-defined cabinet
 };
 
-/// The colours of a cabinet. From afar its border fades with its size, so that nothing jumps while somebody
-/// zooms.
+/// The colours of a cabinet. The border of a small cabinet fades with its size, so that nothing jumps while
+/// the user zooms.
 struct SCabinetColors
 {
     QColor fill;
@@ -41,12 +41,12 @@ struct SCabinetColors
 };
 
 /// What a cabinet, a wire, a group and a canvas look like, wherever they are drawn. Scales are device pixels
-/// a unit of the painter's coordinates; what would be too small to be told apart is left out. GUI thread.
+/// per unit of the painter's coordinates; what would be too small to be told apart is left out. GUI thread.
 class CLayoutPainter final
 {
 public:
     static void paintCabinet(QPainter &painter, const SCabinetLook &look, qreal scale);
-    /// What paintCabinet() draws of a cabinet of which isAfar() is true.
+    /// What paintCabinet() draws if isAfar() is true for the cabinet.
     static void paintCabinetFromAfar(QPainter &painter, const QRectF &rect, const SCabinetColors &colors,
                                      bool custom, qreal scale);
     /// A wiring line with its arrow head, from exit to entry point.
@@ -57,28 +57,28 @@ public:
     static QRectF wireBounds(const QLineF &line);
     /// The frame around a group's members.
     static void paintGroup(QPainter &painter, const QRectF &rect, bool selected, qreal scale);
-    /// The rubber band, and the way of a stroke of the pen.
+    /// The rubber band, and the path of a stroke of the pen.
     static void paintBand(QPainter &painter, const QRectF &rect);
     static void paintStroke(QPainter &painter, const QPolygonF &path);
     /// The marks of resize handles.
     static void paintHandles(QPainter &painter, const QVector<QRectF> &marks);
-    /// Cabinets that are about to be placed, filled with @p fill once they are.
+    /// Cabinets that are about to be placed; once they are, they are filled with @p fill.
     static void paintGhosts(QPainter &painter, const QVector<QRect> &cells, const QColor &fill);
     /// Checkerboard, fill image and border of a canvas.
     static void paintCanvas(QPainter &painter, const QRectF &canvas, const CCanvasFill &fill = {});
 
-    /// The marks of a port that is locked, or a redundancy, where its cabinets are too small to carry their
-    /// own: once, in the middle of @p bounds. @p cabinetSide is the width of its widest cabinet.
+    /// The marks of a port that is locked or a redundancy port and whose cabinets are too small to carry
+    /// them: once, in the middle of @p bounds. @p cabinetSide is the width of its widest cabinet.
     static void paintPortMarks(QPainter &painter, const QRectF &bounds, qreal cabinetSide, bool locked,
                                bool redundant, qreal scale);
 
     /// The pen of wiring lines.
     static const QPen &wirePen();
 
-    /// Whether cabinets of that width are drawn from afar.
+    /// Returns whether cabinets of that width are drawn from afar.
     static bool isAfar(qreal width, qreal scale);
 
-    /// What lies around the canvas.
+    /// The colour around the canvas.
     static QColor surroundings();
     /// The colour of a port whose record names none: stable for a port index, distinct for neighbours.
     static QColor defaultPortColor(int port);

@@ -10,8 +10,7 @@
 class CAppendPlan final
 {
 public:
-    /// The side of the port's last cabinet on which the new ones lie, which is the way that the signal runs
-    /// on.
+    /// The side of the port's last cabinet on which the new ones lie; the signal continues in that direction.
     enum EDirection { Leftward = 0, Upward = 1, Rightward = 2, Downward = 3 };
 
     /// The grid of cabinets of @p size that covers the way from @p first, a cell of it, to @p cursor: row by
@@ -25,6 +24,7 @@ public:
     /// side nearest to it. Without a chain (empty @p tail) it begins at the first cell.
     static int patternAfter(const QRect &tail, const QVector<QRect> &cells);
 
-    /// Moves @p rect by at most @p reach either way, so that an edge of it lies at an edge of a neighbour.
+    /// Moves @p rect by at most @p reach in each direction so that one of its edges meets an edge of a
+    /// neighbour.
     static QRect snapped(const QRect &rect, const QVector<QRect> &neighbours, int reach);
 };

@@ -5,10 +5,10 @@
 #include <QRectF>
 #include <QVector>
 
-/// Whether rectangles leave a part of another one free.
+/// Tells whether rectangles cover another one.
 class CCoverage final
 {
 public:
-    /// Whether the union of @p rects leaves no part of @p area uncovered. O(n log n).
+    /// Returns whether the union of @p rects leaves no part of @p area uncovered. O(n log n).
     static bool covers(const QVector<QRectF> &rects, const QRectF &area);
 };

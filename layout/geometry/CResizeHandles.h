@@ -20,8 +20,8 @@ public:
     /// handle of their own, so that the corners stay within reach.
     static QMap<int, QRectF> handles(const QRectF &rect, qreal side);
 
-    /// Where the handles are shown: squares inside of @p rect, so that what repaints it repaints them. None
-    /// on a rectangle that is too small for two of them.
+    /// Where the handles are shown: squares inside @p rect, so that repainting it repaints them. None on a
+    /// rectangle that is too small for two of them.
     static QVector<QRectF> marks(const QRectF &rect, qreal side);
 
     /// @p rect with the handle's edges moved by @p delta, in whole pixels, each side kept from 1 to @p
@@ -30,8 +30,7 @@ public:
 
     static Qt::CursorShape cursor(int handle);
 
-    /// Where @p part of @p from comes to lie when @p from becomes @p to. Edges fall on whole pixels, so that
-    /// what tiles
-    /// @p from without gaps also tiles @p to; no part becomes narrower than a pixel.
+    /// The place of @p part of @p from after @p from has become @p to. Edges fall on whole pixels, so that
+    /// parts that tile @p from without gaps also tile @p to; no part becomes narrower than a pixel.
     static QRectF mapped(const QRectF &part, const QRectF &from, const QRectF &to);
 };

@@ -15,7 +15,7 @@ public:
     struct SPattern
     {
         const char *name;     ///< tool tip, e.g. "LTR TTB snake"
-        const char *iconName; ///< file name of its picture, without path and ending
+        const char *iconName; ///< file name of its picture, without path and suffix
         bool rows;            ///< its lines are rows; otherwise columns
         bool firstForward;    ///< the first line runs to the right (rows) or downward (columns)
         bool advanceForward;  ///< the lines advance downward (rows) or to the right (columns)

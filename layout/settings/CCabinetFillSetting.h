@@ -17,7 +17,7 @@ class QSpinBox;
 /// How the cabinets of a port are filled on the canvas.
 struct SCabinetFill
 {
-    QColor color; ///< invalid: the default, which each port has its own of
+    QColor color; ///< invalid: the port's default colour
     bool allPorts = false;
 };
 
@@ -27,8 +27,7 @@ class CCabinetFillSetting final : public CDialog
     Q_OBJECT
 
 public:
-    /// @p color is the port's own colour, invalid when it has none; @p defaultColor the one that it then
-    /// shows.
+    /// @p color is the port's own colour, invalid if it has none; @p defaultColor is what is shown then.
     CCabinetFillSetting(const QColor &color, const QColor &defaultColor, QWidget *parent);
 
     /// What the user has set.
@@ -52,7 +51,7 @@ private:
 
     QColor m_defaultColor;
     CHsvColor m_color;
-    bool m_isDefault = false; ///< shown is the port's default, and not a colour of its own
+    bool m_isDefault = false; ///< the port's default is shown, not a colour of its own
     CColorSVPanel *m_panel = nullptr;
     CColorSlider *m_hue = nullptr;
     CColorSlider *m_brightness = nullptr;

@@ -8,7 +8,7 @@
 
 #include <functional>
 
-/// Shows what is known of the selected cabinets: what they have in common, for one of them. GUI thread.
+/// Shows what is known of the selected cabinets, for each value one that all of them share. GUI thread.
 class CCabinetInformation final : public CDialog
 {
     Q_OBJECT

@@ -20,10 +20,10 @@ public:
     using Nodes = QVector<SSettings::TypeLibrary::STreeNode>;
     using RcvTypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
 
-    /// Starts with the type of @p cabinets, if they have one in common that @p library knows.
+    /// Starts with the type of @p cabinets if all have the same one and @p library contains it.
     CCabinetParaSave(const Cabinets &cabinets, const Nodes &library, QWidget *parent);
 
-    /// Saves. The dialog stays open when the host could not.
+    /// Saves. The dialog stays open if the host fails to.
     void accept() override;
 
 private:

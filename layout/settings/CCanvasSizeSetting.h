@@ -18,7 +18,7 @@ class CCanvasSizeSetting final : public CDialog
     Q_OBJECT
 
 public:
-    /// Shows @p size, or what of it lies within @p limits.
+    /// Shows @p size, cut down to @p limits.
     CCanvasSizeSetting(const SCanvasLimits &limits, const QSize &size, QWidget *parent = nullptr);
 
     QSize canvasSize() const; ///< as it stands in the fields

@@ -20,7 +20,7 @@ public:
     /// For @p processor, the one in view. It reads the sets as soon as the event loop runs.
     CEleCurrentAdjustDialog(const QUuid &processor, QWidget *parent);
 
-    /// Saves. The dialog stays open when the host could not.
+    /// Saves. The dialog stays open if the host fails to.
     void accept() override;
     /// Closes, unless the user wants to keep switches that were not saved.
     void reject() override;

@@ -6,8 +6,8 @@
 
 #include <QTableWidget>
 
-/// Lists current-gain parameter sets, one a row, by frame rate, then gain level, each with a switch. GUI
-/// thread.
+/// Lists current-gain parameter sets, one in each row, ordered by frame rate and gain level, each with a
+/// switch. GUI thread.
 class CEleCurrentAdjustTable final : public QTableWidget
 {
     Q_OBJECT
@@ -15,14 +15,14 @@ class CEleCurrentAdjustTable final : public QTableWidget
 public:
     explicit CEleCurrentAdjustTable(QWidget *parent = nullptr);
 
-    /// Shows @p gains, whatever was switched before.
+    /// Shows @p gains and forgets what was switched before.
     void setGains(const QList<SCurrentGain> &gains);
     /// Shows @p gains, but leaves the switches that the user has changed as they are.
     void updateGains(QList<SCurrentGain> gains);
 
     /// What is shown, with the switches as the user left them.
     const QList<SCurrentGain> &gains() const { return m_shown; }
-    /// Whether a switch differs from what was last set or updated.
+    /// Returns whether a switch differs from what was last set or updated.
     bool isSwitched() const { return m_shown != m_given; }
     bool hasImported() const; ///< whether parameters of any row are imported
 

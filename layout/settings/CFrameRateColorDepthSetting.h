@@ -15,7 +15,7 @@ class CFrameRateColorDepthSetting final : public CDialog
 
 public:
     /// @p hertz and @p bits are preselected; a value that is not listed leaves the choice open. Those that
-    /// are not among @p possible are listed, too, but cannot be chosen.
+    /// are not among @p possible are listed as well but cannot be chosen.
     CFrameRateColorDepthSetting(const SSignalModes &possible, int hertz, int bits, QWidget *parent = nullptr);
 
     int frameRate() const;  ///< hertz

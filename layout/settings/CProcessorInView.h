@@ -10,24 +10,24 @@ class ILayoutInterfaceHandler;
 class QUuid;
 class QWidget;
 
-/// Sees to it that what a user chose in a dialog reaches the processor that the dialog was opened for, not
-/// one that came into view meanwhile. GUI thread.
+/// Makes sure that what a user chose in a dialog reaches the processor for which the dialog was opened, not
+/// one that came into view later. GUI thread.
 class CProcessorInView final
 {
     Q_DECLARE_TR_FUNCTIONS(CProcessorInView)
 
 public:
-    /// Gives whether it succeeded; why not, the host's lastError() says.
+    /// Returns whether it succeeded; if not, the host's lastError() tells why.
     using Operation = std::function<bool(ILayoutInterfaceHandler &)>;
 
     /// The processor in view; null: none.
     static QUuid key();
 
-    /// Whether @p processor is still in view; if not, the user is told of @p failure.
+    /// Returns whether @p processor is still in view; if not, the user is told of @p failure.
     static bool isStill(const QUuid &processor, QWidget *window, const QString &failure = tr("Set failed."));
 
     /// Carries out @p operation if @p processor is still in view, and tells the user of @p failure and its
-    /// reason when that could not be done. Gives whether it was.
+    /// reason when that could not be done. Returns whether it was done.
     static bool carryOut(const QUuid &processor, QWidget *window, const Operation &operation,
                          const QString &failure = tr("Set failed."));
 };

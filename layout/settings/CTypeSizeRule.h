@@ -8,7 +8,7 @@
 
 class QWidget;
 
-/// The sizes that a cabinet type must have so that cabinets can be made from it. GUI thread.
+/// Checks that cabinets can have the size of a cabinet type. GUI thread.
 class CTypeSizeRule final
 {
     Q_DECLARE_TR_FUNCTIONS(CTypeSizeRule)
@@ -16,6 +16,6 @@ class CTypeSizeRule final
 public:
     using RcvTypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
 
-    /// Whether a cabinet can have the type's size; if not, the user is told why.
+    /// Returns whether a cabinet can have the type's size; if not, the user is told why.
     static bool check(const RcvTypeInfo &type, QWidget *messageParent);
 };

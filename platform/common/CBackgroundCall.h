@@ -14,7 +14,7 @@ public:
     /// Runs @p work and returns when it has ended. On any thread but the GUI thread it is just called.
     static void run(const std::function<void()> &work);
 
-    /// What @p work gives; see run().
+    /// Returns what @p work returns; see run().
     template <typename Work>
     static auto result(const Work &work)
     {

@@ -7,7 +7,7 @@
 #include <optional>
 #include <utility>
 
-/// What a call that can fail gives: a value, or a text for the user that names what failed and where.
+/// The result of a call that can fail: a value, or a text for the user that names what failed and where.
 template <typename T>
 class [[nodiscard]] CResult final
 {

@@ -12,15 +12,15 @@
 #include <vector>
 
 /// Runs closures one after the other on a thread of its own. An event is a key and a closure; keys are chosen
-/// by the user and need not be unique. What a closure throws is logged. All operations may be called from any
-/// thread, also from a closure, except wait() and the destructor.
+/// by the caller and need not be unique. What a closure throws is logged. All operations may be called from
+/// any thread, also from a closure, except wait() and the destructor.
 class CWorkThread final
 {
 public:
     using Event = std::pair<int, std::function<void()>>;
 
     CWorkThread() = default;
-    /// Drops what has not begun and waits for what is running.
+    /// Drops the events that have not begun and waits for the running one.
     ~CWorkThread();
     CWorkThread(const CWorkThread &) = delete;
     CWorkThread &operator=(const CWorkThread &) = delete;
@@ -30,7 +30,7 @@ public:
     /// takes the earlier one's place without a new delay. Dropped after ThreadExit().
     void AppendEvent(Event event, bool atOnce = true);
 
-    /// Drops all events of @p key that have not begun. True when there were any.
+    /// Drops all events of @p key that have not begun. Returns whether there were any.
     bool RemoveEvent(int key);
 
     /// Starts the thread, or wakes it: every event queued before this call runs, waiting ones when they are

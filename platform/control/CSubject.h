@@ -29,7 +29,7 @@ public:
     void detach(CObserver &observer);
 
     /// Calls every observer with @p code and @p argument, on the calling thread. Notifications of several
-    /// threads wait for each other. What an observer throws leaves this call.
+    /// threads wait for each other. What an observer throws is passed on to the caller.
     void notify(int code, std::any argument = {});
 
     /// The code of the running notification; meaningful inside an update only.

@@ -9,7 +9,7 @@ class IAbstractInterfaceHandler;
 class QObject;
 
 /// The control interface of one side (host or module): how the other side reaches its object, its handler and
-/// its notifications, and how it is stopped. Nobody deletes a side through this interface.
+/// its notifications, and how it is stopped. A side is never deleted through this interface.
 class IAbstractControlInterface
 {
 public:

@@ -7,8 +7,8 @@
 #include <QString>
 #include <QVector>
 
-/// Checks JSON text in one pass without building anything: grammar, doubled members, numbers that would lose
-/// digits, depth. The cheap guard before the real parser.
+/// Checks JSON text in one pass without building anything: grammar, repeated members, numbers that would lose
+/// digits, depth. It runs before the real parser.
 class CJsonScanner final
 {
     Q_DECLARE_TR_FUNCTIONS(CJsonScanner)

@@ -68,7 +68,7 @@ public:
     SJsonPlace placeOf(const char *key) const { return {&m_place, key, -1}; }
     /// Reports @p what at the member; for rules that this class does not know.
     void fail(const char *key, const QString &what);
-    /// Reports the members that nobody read. True when the document has no error so far.
+    /// Reports the members that were not read. Returns whether the document has no error so far.
     bool finish();
 
     /// The JSON of a rectangle: [x, y, width, height].

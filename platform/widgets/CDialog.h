@@ -15,14 +15,14 @@ class CDialog : public QDialog
     Q_OBJECT
 
 public:
-    /// A dialog with @p buttons, of which the accepting ones accept and the rejecting ones reject it; what
-    /// Apply and Reset do, the owner connects.
+    /// A dialog with @p buttons: the accepting ones accept and the rejecting ones reject it; the owner
+    /// connects Apply and Reset.
     CDialog(const QString &title, QDialogButtonBox::StandardButtons buttons, QWidget *parent);
 
     QVBoxLayout *contentLayout() const { return m_content; }
     QDialogButtonBox *buttonBox() const { return m_buttons; }
 
-    /// Makes @p button, which must be one of the dialog's, the one that Enter presses.
+    /// Makes @p button, which must belong to the dialog, the one that Enter presses.
     void setDefaultButton(QDialogButtonBox::StandardButton button);
 
 protected:

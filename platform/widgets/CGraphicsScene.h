@@ -15,20 +15,21 @@ class CGraphicsScene : public QGraphicsScene
 public:
     explicit CGraphicsScene(QObject *parent = nullptr);
 
-    /// Sets the scene rectangle to @p content with a margin on which it can be scrolled. Done once an
-    /// operation: a rectangle left to grow by itself rebuilds the index with every item.
+    /// Sets the scene rectangle to @p content with a margin for scrolling. Called once per operation: a
+    /// rectangle that grows by itself rebuilds the index with every item.
     void setContentRect(const QRectF &content);
     QRectF contentRect() const { return m_content; }
 
-    /// Draws what lies in @p source into @p target, without what only the user of a view sees.
+    /// Draws what lies in @p source into @p target, without what is shown in views only.
     virtual void renderPicture(QPainter &painter, const QRectF &target, const QRectF &source);
 
-    /// Has all views drawn anew. An update() alone is forgotten when a view paints something else before Qt
-    /// gets to it, and with it what items asked for in between.
+    /// Makes all views paint themselves again. An update() alone is lost if a view paints something else
+    /// before Qt processes it, and so are the repaints that items asked for in between.
     void updateViews();
 
-    /// Completes what Qt puts off to the next turn of the event loop for items that were added. Done once an
-    /// operation that adds many: until then Qt walks a list of all of them for each item that goes.
+    /// Completes what Qt puts off to the next turn of the event loop for items that were added. Called
+    /// once per operation that adds many: until then Qt walks a list of all of them for each item that is
+    /// removed.
     void polishNewItems();
 
     /// The item that was entered under @p uuid, or null. O(1).
@@ -36,13 +37,13 @@ public:
     int knownItemCount() const { return m_items.size(); }
 
 protected:
-    /// Makes an item of the scene known by its identity, or forgets it.
+    /// Enters an item of the scene under its identity, or removes it.
     void enterItem(const QUuid &uuid, QGraphicsItem &item) { m_items.insert(uuid, &item); }
     void leaveItem(const QUuid &uuid) { m_items.remove(uuid); }
     void reserveItems(int count) { m_items.reserve(count); }
     void forgetItems() { m_items.clear(); }
 
-    /// Whether a picture is drawn, not a view.
+    /// Returns whether a picture is being drawn, not a view.
     bool isPicturing() const { return m_picturing; }
 
 private:

@@ -9,8 +9,7 @@ class CZoomStrip;
 
 /// The widget library's graphics view: zooms at the cursor with the wheel, pans with the middle button, and
 /// carries a tool bar above the scene, an aerial view, and a strip with the scale and the buttons that change
-/// it. A scale of 1 shows a scene unit as a pixel
-/// of the screen.
+/// it. A scale of 1 shows one scene unit as one pixel of the screen.
 class CGraphicsView : public QGraphicsView
 {
     Q_OBJECT

@@ -21,12 +21,12 @@ public:
     /// one. The button owns it.
     QAction *addAction(const QString &text, const QVariant &value);
 
-    /// Blocks the default variant, of which there must be one: a click does nothing then, the others can
+    /// Blocks the default variant, which must exist: a click then does nothing, the others can
     /// still be chosen. @p reason is shown as tool tip; an empty one lifts the block.
     void setDefaultBlocked(const QString &reason);
 
 Q_SIGNALS:
-    /// @p action, one of those added, is to run.
+    /// The user chose @p action, one of those added.
     void notifyActionTriggered(QAction *action);
 
 protected:

@@ -10,13 +10,13 @@ class QWidget;
 class CMessageBox final
 {
 public:
-    /// A text with the single button OK; @p details, in smaller type below it, says what and where.
+    /// Shows a text with the button OK; @p details, in smaller type below it, says what and where.
     static void information(QWidget *parent, const QString &text, const QString &details = {});
-    /// The same for what failed, with the sign of a warning.
+    /// The same for a failure, with the icon of a warning.
     static void warning(QWidget *parent, const QString &text, const QString &details = {});
 
-    /// A text with the buttons Yes and No, Yes being the default. 0: Yes, 1: No (also when closed).
+    /// Shows a text with the buttons Yes, the default, and No. Returns 0 for Yes, 1 for No or a closed box.
     static int question(QWidget *parent, const QString &text, const QString &details = {});
-    /// Asks before something is lost: Yes and No, No being the default. True: Yes.
+    /// Asks before something is lost: Yes and No, with No as the default. Returns whether the answer is Yes.
     static bool confirm(QWidget *parent, const QString &text, const QString &details = {});
 };

@@ -6,7 +6,7 @@
 
 #include <array>
 
-/// A button that is nothing but a picture, one for each of its states.
+/// A button that is only a picture, with one for each of its states.
 class CPureImageBtn final : public QAbstractButton
 {
     Q_OBJECT

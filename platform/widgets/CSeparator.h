@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-/// A thin line across a column, between what does not belong together.
+/// A thin line across a column that separates what does not belong together.
 class CSeparator final : public QWidget
 {
     Q_OBJECT

@@ -15,7 +15,7 @@ class CSidePanel : public CScrollArea
 public:
     explicit CSidePanel(QWidget *parent = nullptr);
 
-    /// Puts @p unit below those already there and takes it over.
+    /// Puts @p unit below the others and takes ownership of it.
     void addUnit(CUnitLabel *unit);
 
 private:

@@ -22,7 +22,7 @@ public:
     void setCollapsed(bool collapsed);
     bool isCollapsed() const;
 
-    /// Where a unit puts what it shows.
+    /// The layout of what the unit shows.
     QVBoxLayout *contentLayout() const { return m_contentLayout; }
 
 protected:

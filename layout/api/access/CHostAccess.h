@@ -7,12 +7,12 @@
 class IAbstractControlInterface;
 class ILayoutInterfaceHandler;
 
-/// The one road from the module to the host. Knows interfaces only, so that a dialog can be built and tested
+/// The only way from the module to the host. Knows interfaces only, so that a dialog can be built and tested
 /// alone.
 class CHostAccess final
 {
 public:
-    /// The host, or null when there is none (any more). Set by the controller, and by tests.
+    /// The host, or null if there is none or it has gone. Set by the controller, and by tests.
     static void setHost(IAbstractControlInterface *host);
 
     /// The host's handler, fetched afresh; kept by the caller for one call. Null without a host or handler.

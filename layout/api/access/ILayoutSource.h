@@ -12,7 +12,7 @@ public:
     virtual ~ILayoutSource() = default;
     /// Writes the edited layout of @p processor to @p layout, empty for one that is not shown. The records
     /// are implicitly shared: a port that did not change since the call before has the same groups in memory,
-    /// so that whoever compares or keeps layouts pays for the edited ports only. The caller may change what
-    /// it got. GUI thread.
+    /// so that comparing or keeping layouts costs the edited ports only. The caller may change its copy. GUI
+    /// thread.
     virtual void getLayoutData(CabinetLayout &layout, const QUuid &processor) const = 0;
 };

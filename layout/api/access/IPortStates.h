@@ -19,8 +19,8 @@ public:
     virtual int currentPort() const { return -1; }
     /// What keeps the canvas size from being changed. GUI thread.
     virtual CanvasBlock canvasBlock() const { return CanvasBlock::None; }
-    /// Whether grabbing a handle or changing a type ends the highlight of cabinets without a type.
+    /// Returns whether grabbing a handle or changing a type ends the highlight of cabinets without a type.
     virtual bool resetsHighlightOnEdit() const { return false; }
-    /// Whether cabinets without a type of the library carry a mark.
+    /// Returns whether cabinets without a type of the library carry a mark.
     virtual bool marksCustomCabinets() const { return false; }
 };

@@ -12,8 +12,8 @@ class CStrictObject;
 class QJsonValue;
 struct SJsonPlace;
 
-/// One strict reading of a layout or a part of one from JSON; remembers its first error and the identities
-/// that it has met. Used through CRecordJson.
+/// Reads a layout, or a part of one, strictly from JSON; remembers the first error and the identities that it
+/// has met. Used through CRecordJson.
 class CLayoutJsonReader final
 {
     Q_DECLARE_TR_FUNCTIONS(CLayoutJsonReader)
@@ -37,7 +37,7 @@ public:
     Cabinet cabinet(const QJsonValue &json, const SJsonPlace &place, const SHolder &holder);
     SPrjPort projectPort(const QJsonValue &json, const SJsonPlace &place);
 
-    /// Empty as long as all that was read is right; begins with the place.
+    /// Empty as long as everything that was read is right; begins with the place.
     const QString &error() const { return m_error; }
 
     /// The type key in a member that may be left out.

@@ -38,7 +38,8 @@ public:
     static QJsonObject toJson(const RcvTypeInfo &info);
     static QJsonObject toJson(const SPrjPort &port);
 
-    /// @p place is where the value stands in its document, the begin of each error text; empty: the document.
+    /// @p place is where the value stands in its document and begins each error text; empty: the document
+    /// itself.
     static CResult<CabinetLayout> layout(const QJsonValue &json, const char *place = nullptr);
     static CResult<Port> port(const QJsonValue &json, const char *place = nullptr);
     static CResult<Group> group(const QJsonValue &json, const char *place = nullptr);

@@ -28,14 +28,14 @@ struct CabinetLayout
             bool directionFixed = false; ///< the order of @ref rects must not be reversed
             bool custom = false;         ///< marked by the user as custom-defined
             QVector<QRect>
-                rects; ///< a rectangle a receiver area in wiring order, in the cabinet's own pixels
+                rects; ///< one rectangle for each receiver area, in wiring order, in the cabinet's own pixels
             int mappingIndex = -1;     ///< place in the processor's saved mapping; -1: not in it
             int calibrationIndex = -1; ///< number under which a highlight runs on the processor; -1: none
             QUuid group;               ///< the group that holds it; null: it lies in the port directly
             QVector<int> receivers;    ///< numbers of the receiver cards that answered, in wiring order
             QVector<QRect> blanks;     ///< parts of the cabinet without LEDs, in the cabinet's own pixels
 
-            /// Whether the cabinet has a size of its own instead of a type of the library.
+            /// Returns whether the cabinet has a size of its own instead of a type of the library.
             bool isCustomDefined() const { return type.isNull(); }
 
             friend bool operator==(const Cabinet &a, const Cabinet &b);

@@ -14,9 +14,9 @@ struct LayoutData
     QSize canvas; ///< canvas size in pixels
     QRect bounds; ///< union of all ports' areas on the canvas, in pixels
 
-    /// Whether two versions of a port hold the same data: their groups are compared pair by pair, in order.
-    /// Identities, placement, types and grouping always count; with @p withMapping also wiring ranks and
-    /// mapping indices.
+    /// Returns whether two versions of a port hold the same data: their groups are compared pair by pair, in
+    /// order. Identities, placement, types and grouping always count; with @p withMapping also wiring ranks
+    /// and mapping indices.
     static bool comparePortData(const CabinetLayout::CabinetPort &a, const CabinetLayout::CabinetPort &b,
                                 bool withMapping);
 

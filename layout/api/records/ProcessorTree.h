@@ -21,8 +21,8 @@ struct ProcessorTree
         QUuid uuid;
         QString name;
         int index = -1;       ///< place among the detected processors, from 0; -1: not detected
-        int groupIndex = -1;  ///< place in its group, from 0; -1: in no group
-        int colorDepth = 8;   ///< bits a colour
+        int groupIndex = -1;  ///< place in its group, from 0; -1: not in a group
+        int colorDepth = 8;   ///< bits per colour
         int brightness = 100; ///< percent
         QString model;        ///< name of the processor kind
         QString serialNumber;
@@ -32,7 +32,7 @@ struct ProcessorTree
 
         /// The dotted address, most significant byte first.
         QString addressText() const;
-        /// How a processor is shown to the user: "name(address)", without address the name alone.
+        /// How a processor is shown to the user: "name(address)", or the name alone if there is no address.
         QString displayText() const;
 
         friend bool operator==(const ProcessorNode &a, const ProcessorNode &b);

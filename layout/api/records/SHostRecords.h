@@ -54,7 +54,7 @@ struct SCurrentGain
     friend bool operator!=(const SCurrentGain &a, const SCurrentGain &b) { return !(a == b); }
 };
 
-/// What a read of the mapping takes along.
+/// How the mapping is read.
 struct SMappingOptions
 {
     bool numberMapping = false;       ///< the cabinets show their numbers on the wall while they are read
@@ -85,5 +85,5 @@ enum class CanvasBlock : int {
 /// How a processor works.
 enum class ProcessorWorkMode : int { VideoProcessor = 0, Bypass = 1, FiberTransceiver = 2 };
 
-/// How a cabinet is made to stand out on the wall.
+/// The ways in which a cabinet can stand out on the wall.
 enum class CabinetHighlight : int { Off = 0, FlashingBox = 1, LedIndicator = 2 };

@@ -28,16 +28,16 @@ struct SSettings
                 SMD5 key;
                 QString name;
                 int kind = SingleReceiver;
-                int width = 0;  ///< pixels
-                int height = 0; ///< pixels
-                QVector<QRect>
-                    receivers;        ///< a rectangle a receiver in wiring order, in the cabinet's own pixels
-                QSizeF millimetres;   ///< empty: unknown
-                double kilograms = 0; ///< 0: unknown
-                int wattsMaximum = 0; ///< 0: unknown
-                int wattsAverage = 0; ///< 0: unknown
-                int voltsMinimum = 0; ///< 0: unknown
-                int voltsMaximum = 0; ///< 0: unknown
+                int width = 0;            ///< pixels
+                int height = 0;           ///< pixels
+                QVector<QRect> receivers; ///< one rectangle for each receiver, in wiring order, in the
+                                          ///< cabinet's own pixels
+                QSizeF millimetres;       ///< empty: unknown
+                double kilograms = 0;     ///< 0: unknown
+                int wattsMaximum = 0;     ///< 0: unknown
+                int wattsAverage = 0;     ///< 0: unknown
+                int voltsMinimum = 0;     ///< 0: unknown
+                int voltsMaximum = 0;     ///< 0: unknown
                 bool customGamma = false; ///< carries a gamma table of its own
                 bool damaged = false;     ///< its file could not be read
 

@@ -6,8 +6,8 @@
 
 #include <QWidget>
 
-/// A square of all colours of one hue, saturation growing to the right and value upwards, from which one is
-/// picked with the mouse or the arrow keys (with Shift in wider steps).
+/// A square of all colours of one hue; saturation grows to the right, value upwards. A colour is picked with
+/// the mouse or the arrow keys (with Shift in wider steps).
 class CColorSVPanel final : public QWidget
 {
     Q_OBJECT

@@ -13,7 +13,7 @@ class CColorSlider final : public QSlider
 public:
     explicit CColorSlider(QWidget *parent = nullptr);
 
-    /// The colours from the least (0) to the greatest value (1).
+    /// The colours from the smallest (0) to the largest value (1).
     void setStops(const QGradientStops &stops);
     /// The colours of all hues.
     static QGradientStops rainbow();

@@ -16,7 +16,7 @@ public:
     void setRgb(const QColor &rgb);
     void setHsv(int hue, int saturation, int value);
 
-    QColor rgb() const { return m_rgb; } ///< exactly as set, if it was set as such
+    QColor rgb() const { return m_rgb; } ///< exactly as set, if it was set as RGB
     int hue() const { return m_hue; }
     int saturation() const { return m_saturation; }
     int value() const { return m_value; }

@@ -9,8 +9,8 @@
 #include <limits>
 
 /// A spin box that takes a typed number beyond its range as the nearest limit, and shows that limit when the
-/// input ends. Qt's own swallow the digit that leads beyond the maximum, so that 4000 becomes 400, and go
-/// back to the value before when the number is too small.
+/// input ends. Qt's own drop the digit that leads beyond the maximum, so that 4000 becomes 400, and
+/// restore the value before if the number is too small.
 template <typename SpinBox>
 class CClampedSpinBox final : public SpinBox
 {
@@ -39,7 +39,7 @@ protected:
             text = this->prefix() + this->textFromValue(this->minimum()) + this->suffix();
     }
 
-    /// Return confirms a dialog only once what was typed stands there as it is taken.
+    /// Return confirms a dialog only when the text shows the value that is taken.
     void keyPressEvent(QKeyEvent *event) override
     {
         const QString typed = this->text();
@@ -51,7 +51,7 @@ protected:
 private:
     bool isAboveRange(const QString &text) const { return numberIn(text) > this->maximum(); }
 
-    /// Not a number, and so neither above nor below anything, where @p text is none.
+    /// NaN, which is neither above nor below anything, if @p text is not a number.
     double numberIn(QString text) const
     {
         if (text.startsWith(this->prefix()))

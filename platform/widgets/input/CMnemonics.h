@@ -8,8 +8,8 @@ class QDialog;
 class CMnemonics final
 {
 public:
-    /// Gives each label of a field and each button of @p dialog that has none the first letter of a word,
-    /// failing that any letter, that no other has. Texts without a letter left, and the row of standard
-    /// buttons, for which there are Return and Escape, stay as they are.
+    /// Gives a letter to each field label and each button of @p dialog that has none: the first letter of a
+    /// word, or else any letter, that is still free. Texts without a free letter stay as they are, and so
+    /// does the row of standard buttons, which Return and Escape reach.
     static void assign(QDialog &dialog);
 };

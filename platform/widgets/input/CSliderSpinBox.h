@@ -7,15 +7,15 @@
 class QSlider;
 class QSpinBox;
 
-/// A whole number to be set by a slider or in a spin box beside it, whichever is handier; both always show
-/// the same value.
+/// A whole number to be set by a slider or in a spin box beside it, whichever is more convenient; both always
+/// show the same value.
 class CSliderSpinBox final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// The widths are pixels. A spin box too narrow for arrow buttons goes without: arrow keys and wheel
-    /// work.
+    /// The widths are pixels. A spin box that is too narrow for arrow buttons has none; arrow keys and
+    /// wheel work.
     CSliderSpinBox(int sliderWidth, int spinBoxWidth, QWidget *parent = nullptr);
 
     /// At first 0 to 100.
@@ -26,7 +26,7 @@ public:
     void setName(const QString &name);
 
     int value() const;
-    /// Moves @p value into the range. Announced like the user's own change.
+    /// Sets @p value, moved into the range; announced like a change by the user.
     void setValue(int value);
 
 Q_SIGNALS:

@@ -19,7 +19,7 @@ public:
     /// @p view is its parent and must show a CGraphicsScene.
     explicit CAerialView(CGraphicsView &view);
 
-    /// The content has changed: it is drawn anew in a moment, once for many changes.
+    /// Tells that the content has changed: it is drawn again in a moment, once for many changes.
     void scheduleRefresh();
 
 protected:
