@@ -58,7 +58,7 @@ private Q_SLOTS:
         QTest::newRow("as large as possible") << QSize(1920, 1080) << qint64(1920 * 1080) << true;
         QTest::newRow("a column more") << QSize(1921, 1080) << qint64(1920 * 1080) << false;
         QTest::newRow("all that the fields take") << QSize(32768, 16384) << qint64(141000000) << false;
-        QTest::newRow("more than an int holds") << QSize(32768, 16384) << (qint64(1) << 40) << true;
+        QTest::newRow("a limit beyond all") << QSize(32768, 16384) << (qint64(1) << 40) << true;
     }
     void theAreaDecidesWhetherItCanBeConfirmed()
     {
