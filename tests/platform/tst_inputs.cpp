@@ -9,7 +9,6 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QSlider>
 #include <QVBoxLayout>
@@ -53,18 +52,6 @@ private Q_SLOTS:
             QCOMPARE(input.findChild<QSpinBox *>()->value(), input.value());
         }
         QCOMPARE(changed, (QList<QList<QVariant>>{{50}, {300}, {10}}));
-    }
-
-    void aNarrowSpinBoxShowsItsWholeText()
-    {
-        CSliderSpinBox input(184, 46);
-        input.setSuffix(QStringLiteral("%"));
-        input.setValue(100);
-        input.show();
-        const auto *edit = input.findChild<QLineEdit *>();
-        const int margins = 4; // what a line edit keeps free beside its text
-        const int needed = edit->fontMetrics().horizontalAdvance(edit->text()) + margins;
-        QVERIFY2(edit->width() >= needed, qPrintable(QString::number(edit->width() - needed)));
     }
 
     void whatIsTypedBeyondTheRangeEndsAtItsLimit_data()

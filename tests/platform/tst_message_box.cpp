@@ -15,37 +15,26 @@ class CMessageBoxTest final : public CTestBase
 private Q_SLOTS:
     void initTestCase() { CTheme::apply(*qApp); }
 
-    void informsWithOneButton()
+    void showsWhatItIsGiven()
     {
-        const CMessageBoxAnswerer user({QStringLiteral("OK")});
-        CMessageBox::information(nullptr, QStringLiteral("Set failed."), QStringLiteral("<b>wall</b>.sprj"));
-        QCOMPARE(user.boxes().size(), 1);
-        const CMessageBoxAnswerer::SBox box = user.boxes().first();
-        QCOMPARE(box.title, QStringLiteral("Orvo"));
-        QCOMPARE(box.text, QStringLiteral("Set failed."));
-        QCOMPARE(box.details, QStringLiteral("<b>wall</b>.sprj"));
-        QCOMPARE(box.buttons, QStringList{QStringLiteral("OK")});
-    }
-
-    void aFailureHasAnotherSignThanASuccess()
-    {
-        const CMessageBoxAnswerer user({QStringLiteral("OK"), QStringLiteral("OK")});
-        CMessageBox::information(nullptr, QStringLiteral("Done."));
+        const QString ok = QStringLiteral("OK");
+        const QString yes = QStringLiteral("Yes");
+        const QString no = QStringLiteral("No");
+        const CMessageBoxAnswerer user({ok, ok, yes, no, yes});
+        CMessageBox::information(nullptr, QStringLiteral("Done."), QStringLiteral("<b>wall</b>.sprj"));
         CMessageBox::warning(nullptr, QStringLiteral("Failed."), QStringLiteral("why"));
-        QCOMPARE(user.boxes().at(0).icon, QMessageBox::Information);
-        QCOMPARE(user.boxes().at(1).icon, QMessageBox::Warning);
-        QCOMPARE(user.boxes().at(1).title, QStringLiteral("Orvo"));
-        QCOMPARE(user.boxes().at(1).details, QStringLiteral("why"));
-    }
-
-    void asksWithYesAsTheDefault()
-    {
-        const CMessageBoxAnswerer user({QStringLiteral("Yes"), QStringLiteral("No")});
         QCOMPARE(CMessageBox::question(nullptr, QStringLiteral("First?")), 0);
         QCOMPARE(CMessageBox::question(nullptr, QStringLiteral("Second?")), 1);
-        QCOMPARE(user.texts(), (QStringList{QStringLiteral("First?"), QStringLiteral("Second?")}));
-        QCOMPARE(user.boxes().first().buttons, (QStringList{QStringLiteral("Yes"), QStringLiteral("No")}));
-        QCOMPARE(user.boxes().first().defaultButton, QStringLiteral("Yes"));
+        QVERIFY(CMessageBox::confirm(nullptr, QStringLiteral("Lose it?")));
+        QCOMPARE(user.texts().join(QLatin1Char(' ')),
+                 QStringLiteral("Done. Failed. First? Second? Lose it?"));
+        const auto &boxes = user.boxes();
+        for (const auto &box : boxes)
+            QCOMPARE(box.title, QStringLiteral("Orvo"));
+        QCOMPARE(boxes[0].details, QStringLiteral("<b>wall</b>.sprj"));
+        QVERIFY(boxes[0].icon == QMessageBox::Information && boxes[1].icon == QMessageBox::Warning);
+        QVERIFY(boxes[0].buttons == QStringList{ok} && boxes[2].buttons == (QStringList{yes, no}));
+        QVERIFY(boxes[2].defaultButton == yes && boxes[4].defaultButton == no);
     }
 
     void theKeyboardAnswers_data()

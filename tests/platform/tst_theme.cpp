@@ -40,60 +40,32 @@ private Q_SLOTS:
         QVERIFY(qAbs(CTheme::contrast(QColor(0x76, 0x76, 0x76), Qt::white) - 4.54) < 0.01);
     }
 
-    void textCanBeRead_data()
-    {
-        using namespace ThemeColors;
-        QTest::addColumn<QColor>("text");
-        QTest::addColumn<QColor>("background");
-        const auto row = [](const char *name, const QColor &text, const QColor &background) {
-            QTest::newRow(name) << text << background;
-        };
-        row("window", Text, Frame);
-        row("field", Text, Base);
-        row("button", Text, Raised);
-        row("button under the mouse", Text, RaisedHover);
-        row("main button, selection", Text, Accent);
-        row("main button under the mouse", Text, AccentHover);
-        row("main button pressed", Text, AccentDown);
-        row("caption in a window", SoftText, Frame);
-        row("caption on a button", SoftText, Raised);
-        row("disabled in a window", DimText, Frame);
-        row("hint in a field", DimText, Base);
-        row("load", CTheme::textOn(LoadGood), LoadGood);
-        row("overload", CTheme::textOn(LoadOver), LoadOver);
-        row("link", Focus, Frame);
-    }
-
     void textCanBeRead()
     {
-        QFETCH(QColor, text);
-        QFETCH(QColor, background);
-        QVERIFY2(CTheme::contrast(text, background) >= 4.5,
-                 qPrintable(QString::number(CTheme::contrast(text, background))));
-    }
-
-    void thePaletteCanBeReadInEachState_data()
-    {
-        QTest::addColumn<int>("text");
-        QTest::addColumn<int>("background");
-        QTest::newRow("window") << int(QPalette::WindowText) << int(QPalette::Window);
-        QTest::newRow("field") << int(QPalette::Text) << int(QPalette::Base);
-        QTest::newRow("other row") << int(QPalette::Text) << int(QPalette::AlternateBase);
-        QTest::newRow("button") << int(QPalette::ButtonText) << int(QPalette::Button);
-        QTest::newRow("selection") << int(QPalette::HighlightedText) << int(QPalette::Highlight);
-        QTest::newRow("tool tip") << int(QPalette::ToolTipText) << int(QPalette::ToolTipBase);
-    }
-
-    void thePaletteCanBeReadInEachState()
-    {
-        QFETCH(int, text);
-        QFETCH(int, background);
+        using namespace ThemeColors;
+        QVector<QPair<QColor, QColor>> pairs;
+        for (const QRgb background : {Frame, Base, Raised, RaisedHover, Accent, AccentHover, AccentDown})
+            pairs << qMakePair(QColor(Text), QColor(background));
+        for (const QRgb background : {LoadGood, LoadOver})
+            pairs << qMakePair(CTheme::textOn(background), QColor(background));
+        for (const QRgb background : {Frame, Base})
+            pairs << qMakePair(QColor(DimText), QColor(background));
+        pairs << qMakePair(QColor(SoftText), QColor(Raised)) << qMakePair(QColor(Focus), QColor(Frame));
         const QPalette palette = QApplication::palette();
-        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
-            const QColor ink = palette.color(group, QPalette::ColorRole(text));
-            const QColor paper = palette.color(group, QPalette::ColorRole(background));
-            QVERIFY2(CTheme::contrast(ink, paper) >= 4.5, qPrintable(ink.name() + paper.name()));
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            const auto add = [&](QPalette::ColorRole text, QPalette::ColorRole background) {
+                pairs << qMakePair(palette.color(group, text), palette.color(group, background));
+            };
+            add(QPalette::WindowText, QPalette::Window);
+            add(QPalette::Text, QPalette::Base);
+            add(QPalette::Text, QPalette::AlternateBase);
+            add(QPalette::ButtonText, QPalette::Button);
+            add(QPalette::HighlightedText, QPalette::Highlight);
+            add(QPalette::ToolTipText, QPalette::ToolTipBase);
         }
+        for (const auto &[text, background] : qAsConst(pairs))
+            QVERIFY2(CTheme::contrast(text, background) >= 4.5,
+                     qPrintable(text.name() + QLatin1String(" on ") + background.name()));
     }
 
     void disabledEntriesOfAListAreDimmed()

@@ -96,28 +96,6 @@ private Q_SLOTS:
         }
     }
 
-    void aDialogAnswersByItsButtons_data()
-    {
-        QTest::addColumn<int>("key");
-        QTest::addColumn<int>("result");
-        QTest::newRow("enter") << int(Qt::Key_Return) << int(QDialog::Accepted);
-        QTest::newRow("escape") << int(Qt::Key_Escape) << int(QDialog::Rejected);
-    }
-
-    void aDialogAnswersByItsButtons()
-    {
-        QFETCH(int, key);
-        QFETCH(int, result);
-        CDialog dialog(QStringLiteral("Type"), QDialogButtonBox::Ok | QDialogButtonBox::Cancel, nullptr);
-        dialog.setDefaultButton(QDialogButtonBox::Ok);
-        QCOMPARE(dialog.windowTitle(), QStringLiteral("Type"));
-        QSignalSpy finished(&dialog, &QDialog::finished);
-        dialog.show();
-        QTest::keyClick(&dialog, Qt::Key(key));
-        QCOMPARE(finished.size(), 1);
-        QCOMPARE(dialog.result(), result);
-    }
-
     void aDialogsButtonsComeAfterItsContent()
     {
         CDialog dialog(QStringLiteral("Type"), QDialogButtonBox::Ok | QDialogButtonBox::Cancel, nullptr);
