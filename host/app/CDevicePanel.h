@@ -26,7 +26,7 @@ public:
 
     /// Selects one processor, nothing else.
     void selectProcessor(const QUuid &processor);
-    /// Tells the modules what is selected; also done with each change.
+    /// Tells the modules what is selected; each change does so by itself.
     void announceSelection();
     /// The processor that is selected alone; null for none, several or a group.
     QUuid singleProcessor() const;

@@ -153,6 +153,10 @@ void CMainWindow::connectDevices()
     connect(announcer, &CDeviceAnnouncer::notifyProcessorsChanged, this, &CMainWindow::updateActions);
     connect(announcer, &CDeviceAnnouncer::notifyTypeLibraryRequested, this,
             [](QWidget *parent) { CTypeLibraryDialog(CTypeLibrary::builtIn(), parent).exec(); });
+    connect(announcer, &CDeviceAnnouncer::notifyScreenRequested, this, [this](bool shown) {
+        if (shown)
+            statusBar()->showMessage(tr("Esc or a double click closes the screen."), MessageMilliseconds);
+    });
     connect(m_screen.get(), &CScreenWindow::notifyClosedByUser, this, &CMainWindow::onScreenClosed);
     connect(m_devices, &CDevicePanel::notifySelectionChanged, this, &CMainWindow::updateActions);
     connect(m_devices, &CDevicePanel::notifyMenuRequested, this, &CMainWindow::showProcessorMenu);

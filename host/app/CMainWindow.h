@@ -57,7 +57,7 @@ private:
 
     void flushModule(); ///< what the module shows is then what the manager holds
     void simulate(const QString &name, SimulationFault fault, bool on);
-    bool confirmStop(); ///< false: the user wants what is being read or saved to end first
+    bool confirmStop(); ///< false: the user wants to let the running job end first
     void onJobStarted(CDeviceJob *job);
     void onJobFinished(CDeviceJob *job, const SDeviceOutcome &outcome);
     void onScreenClosed();

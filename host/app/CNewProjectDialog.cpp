@@ -47,6 +47,8 @@ void CNewProjectDialog::buildUi()
     m_name = new QLineEdit(tr("New wall"));
     m_name->setObjectName(QStringLiteral("Name"));
     m_name->setMaxLength(64);
+    m_name->setFocus();
+    m_name->selectAll();
     form->addRow(tr("&Name"), m_name);
     buildCabinetRows(*form);
     buildWallRows(*form);

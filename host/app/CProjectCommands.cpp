@@ -11,7 +11,9 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
+#include <QPushButton>
 
 namespace {
 
@@ -101,13 +103,16 @@ bool CProjectCommands::saveAs(const QUuid &processor)
         dialog.selectFile(name + QStringLiteral(".sprj"));
     else
         dialog.selectFile(file);
-    return dialog.exec() == QDialog::Accepted && saveTo(processor, dialog.selectedFiles().value(0));
+    if (dialog.exec() != QDialog::Accepted)
+        return false;
+    const QString chosen = dialog.selectedFiles().value(0);
+    return saveTo(processor, chosen, chosen == file ? QString() : QFileInfo(chosen).completeBaseName());
 }
 
-bool CProjectCommands::saveTo(const QUuid &processor, const QString &file)
+bool CProjectCommands::saveTo(const QUuid &processor, const QString &file, const QString &newName)
 {
     Q_EMIT notifyWorking(tr("Saving \"%1\"...").arg(QDir::toNativeSeparators(file)));
-    const CStatus status = m_projects.save(processor, file);
+    const CStatus status = m_projects.save(processor, file, newName);
     Q_EMIT notifyWorking({});
     if (!status) {
         CMessageBox::warning(&m_window, tr("The project cannot be saved."), status.error());
@@ -137,6 +142,9 @@ bool CProjectCommands::askToSave(const QUuid &project)
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(tr("What is not saved is lost."));
     box.setDefaultButton(QMessageBox::Save);
+    box.button(QMessageBox::Save)->setText(tr("&Save"));
+    box.button(QMessageBox::Discard)->setText(tr("&Discard"));
+    box.button(QMessageBox::Cancel)->setText(tr("&Cancel"));
     switch (box.exec()) {
     case QMessageBox::Save:
         return save(project);

@@ -29,7 +29,8 @@ public:
     void openDemo();
     /// Saves to the project's file; one without file is asked for a name. False: not saved.
     bool save(const QUuid &processor);
-    /// Saves to a file that the user chooses, also the layout of a device.
+    /// Saves to a file that the user chooses, also the layout of a device. A project takes the name of
+    /// another file.
     bool saveAs(const QUuid &processor);
     /// Closes a project, after asking what becomes of unsaved edits. False: still open.
     bool close(const QUuid &project);
@@ -43,7 +44,8 @@ Q_SIGNALS:
     void notifySaved(const QString &file);
 
 private:
-    bool saveTo(const QUuid &processor, const QString &file);
+    /// A project gets @p newName unless that is empty.
+    bool saveTo(const QUuid &processor, const QString &file, const QString &newName = {});
     bool askToSave(const QUuid &project);
     QString nameOf(const QUuid &processor) const;
 

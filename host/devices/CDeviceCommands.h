@@ -51,7 +51,7 @@ public:
 
     /// What keeps the canvas size of a processor from being changed.
     static CanvasBlock canvasBlock(const SDevice &device);
-    /// A row a frame rate and gain level, whether parameters of it are imported and switched on.
+    /// One entry per frame rate and gain level: whether its parameters are imported and switched on.
     static QList<SCurrentGain> gains(const SDevice &device);
     /// Whether the device answers; a failure for a project.
     CStatus reach(const SDevice &device) const;

@@ -119,7 +119,7 @@ private:
     SDevice current() const;                     ///< a default record without one
     SDevice known(const QUuid &processor) const; ///< a default record for an unknown key
     QList<QUuid> concerned(ReadSaveMappingRole role) const;
-    static void tellNobody(const Done &done); ///< that there is no processor to work with
+    static void tellNobody(const Done &done); ///< tells @p done that there is no processor to work with
     bool told(const CStatus &status);         ///< remembers why it failed
 
     CDeviceServices &m_services;

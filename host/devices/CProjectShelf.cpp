@@ -57,12 +57,16 @@ CProjectShelf::Opened CProjectShelf::add(const SProcessorProject &project)
     return announced(CBackgroundCall::result([&] { return put(project, {}, {}); }));
 }
 
-CStatus CProjectShelf::save(const QUuid &processor, const QString &file)
+CStatus CProjectShelf::save(const QUuid &processor, const QString &file, const QString &newName)
 {
     m_services.flush();
-    CStatus saved = CBackgroundCall::result([&] { return write(processor, file); });
-    if (saved)
-        m_services.announcer().announceProcessors();
+    CStatus saved = CBackgroundCall::result([&] { return write(processor, file, newName); });
+    if (!saved)
+        return saved;
+    m_services.announcer().announceProcessors();
+    if (!newName.isEmpty()) // the module shows it, too
+        m_services.announcer().notify(LayoutNotification::ProcessorStateChanged,
+                                      SProcessorStateChange{processor, m_table.isOnline(processor)});
     return saved;
 }
 
@@ -164,16 +168,19 @@ SProcessorProject CProjectShelf::projectOf(const SDevice &device)
     return project;
 }
 
-CStatus CProjectShelf::write(const QUuid &processor, const QString &file)
+CStatus CProjectShelf::write(const QUuid &processor, const QString &file, const QString &newName)
 {
-    const std::optional<SDevice> device = m_table.device(processor);
+    std::optional<SDevice> device = m_table.device(processor);
     if (!device)
         return CStatus::failure(tr("There is no such processor."));
+    if (device->project && !newName.isEmpty())
+        device->node.name = newName;
     const CStatus status = CProcessorProject::write(file, projectOf(*device));
     if (!status || !device->project)
         return status;
     m_table.change(processor, [&](SDevice &known) {
         known.file = file;
+        known.node.name = device->node.name;
         known.savedSettings = device->settings;
     });
     m_table.changeLayout(processor, [&device](SDevice &known) { known.takeSaved(device->working.layout()); });

@@ -29,9 +29,9 @@ public:
     CResult<QUuid> openDemo();
     /// Adds a project without a file, all of it unsaved edits; gives its key.
     CResult<QUuid> add(const SProcessorProject &project);
-    /// Writes a processor's layout and settings, with what a module still held; a project belongs to that
-    /// file from then on.
-    CStatus save(const QUuid &processor, const QString &file);
+    /// Writes a processor's layout and settings, with what a module still held. A project belongs to that
+    /// file from then on, under @p newName unless that is empty.
+    CStatus save(const QUuid &processor, const QString &file, const QString &newName = {});
     /// Removes a project, saved or not; does nothing to a device.
     void close(const QUuid &project);
     QString fileOf(const QUuid &project) const; ///< empty: none yet, or not a project
@@ -45,7 +45,7 @@ private:
     Opened read(const QString &file);
     Opened makeDemo();
     Opened put(const SProcessorProject &project, const QString &file, const CabinetLayout &saved);
-    CStatus write(const QUuid &processor, const QString &file);
+    CStatus write(const QUuid &processor, const QString &file, const QString &newName);
     QUuid openedAs(const QString &file) const;
 
     CDeviceServices &m_services;

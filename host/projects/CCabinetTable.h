@@ -10,7 +10,7 @@
 class CCabinetTable final
 {
 public:
-    /// CSV (RFC 4180, UTF-8): a heading, then a row a cabinet, by port, place in the wiring (cabinets that
-    /// are not wired last), position and identity. Ports count from 1, ranks from 0.
+    /// CSV (RFC 4180, UTF-8): a heading, then one row per cabinet, sorted by port, place in the wiring
+    /// (cabinets that are not wired last), position and identity. Ports count from 1, ranks from 0.
     static QByteArray toCsv(const CabinetLayout &layout);
 };

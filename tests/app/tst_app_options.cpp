@@ -32,14 +32,6 @@ private Q_SLOTS:
         QCOMPARE(options.value().simulations.at(1).processor, QStringLiteral("Arena"));
     }
 
-    void nothingIsAskedForWithoutArguments()
-    {
-        const auto options = parse({});
-        QVERIFY(options);
-        QVERIFY(options.value().files.isEmpty() && options.value().simulations.isEmpty());
-        QVERIFY(!options.value().demo && !options.value().detect && options.value().stateFolder.isEmpty());
-    }
-
     void aProcessorNameMayHoldAnything()
     {
         const auto options =

@@ -245,7 +245,10 @@ private Q_SLOTS:
         QCOMPARE(second.result, SDeviceOutcome::Failed);
         QCOMPARE(second.text,
                  QStringLiteral("\"Detect devices\" is running. Wait until it has ended, or cancel it."));
+        const QList<QUuid> searched = host.manager.jobs().current()->processors();
+        QVERIFY(host.handler.areProcessorsBusy(searched));
         QTRY_VERIFY(!host.manager.jobs().current());
+        QVERIFY(!host.handler.areProcessorsBusy(searched));
         QCOMPARE(started, 1);
     }
 
@@ -314,23 +317,6 @@ private Q_SLOTS:
             fail, [&results](const SDeviceOutcome &outcome) { results << outcome.result; });
         jobs.stop();
         QCOMPARE(results, QList<SDeviceOutcome::Result>{SDeviceOutcome::Cancelled});
-    }
-
-    void theGuiThreadStaysFree()
-    {
-        CDeviceFixture host(2);
-        const QUuid arena = host.detectAlone("Arena");
-        host.edit(arena);
-        host.manager.simulate(arena, SimulationFault::Silent, true); // nothing but a cancel ends a job soon
-        int beats = 0;
-        QTimer heart;
-        connect(&heart, &QTimer::timeout, &heart, [&beats, &host] {
-            if (++beats % 10 == 0 && host.manager.jobs().current())
-                host.manager.jobs().current()->cancel();
-        });
-        heart.start(1);
-        QCOMPARE(host.detect().result, SDeviceOutcome::Cancelled);
-        QCOMPARE(host.save(arena).result, SDeviceOutcome::Cancelled);
     }
 
     void aRealtimeReadWaitsForTheRunningJob()

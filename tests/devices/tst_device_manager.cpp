@@ -155,6 +155,21 @@ private Q_SLOTS:
         QVERIFY(!host.manager.table().isModified(again.value()));
     }
 
+    void aProjectSavedAsAnotherFileTakesItsName()
+    {
+        CDeviceFixture host;
+        const QUuid demo = host.manager.projects().openDemo().value();
+        const QString file = host.folder.filePath(QStringLiteral("Tour 2.sprj"));
+        host.log.take();
+        QVERIFY(bool(host.manager.projects().save(demo, file, QStringLiteral("Tour 2"))));
+        QCOMPARE(host.manager.treeModel().indexOf(demo).data().toString(), QStringLiteral("Tour 2"));
+        QCOMPARE(host.log.waitFor(22), QStringLiteral("22 %1 1").arg(idOf(demo))); // the module asks for it
+        QCOMPARE(CProcessorProject::read(file).value().name, QStringLiteral("Tour 2"));
+        const QUuid lobby = host.named("Lobby");
+        QVERIFY(bool(host.manager.projects().save(lobby, file, QStringLiteral("Tour 2"))));
+        QCOMPARE(host.handler.getProcessorNode(lobby).name, QStringLiteral("Lobby"));
+    }
+
     void aProjectHasNothingToSaveTo()
     {
         CDeviceFixture host;
@@ -184,6 +199,9 @@ private Q_SLOTS:
         const CResult<QUuid> unknown = host.manager.projects().open(file);
         QVERIFY(!unknown);
         QVERIFY(unknown.error().contains(QLatin1String("unheard-of")));
+        project.name = QStringLiteral("Foyer wall");
+        QVERIFY(
+            host.manager.projects().add(project).error().startsWith(QLatin1String("\"Foyer wall\" needs")));
         QCOMPARE(host.manager.table().devices().size(), before);
     }
 
@@ -310,17 +328,6 @@ private Q_SLOTS:
         QVERIFY(host.layoutOf(lobby).ports.at(1).locked);
         QCOMPARE(firstCorner(), corner + QPoint(8, 8));
         QVERIFY(!host.manager.table().changeLayout(QUuid::createUuid(), [](SDevice &) {}));
-    }
-
-    void aProjectThatCannotBeAddedIsNamed()
-    {
-        CDeviceFixture host;
-        SProcessorProject project;
-        project.name = QStringLiteral("Foyer wall");
-        project.kind = QStringLiteral("x1");
-        const auto added = host.manager.projects().add(project);
-        QVERIFY(!added);
-        QVERIFY2(added.error().startsWith(QStringLiteral("\"Foyer wall\" needs")), qPrintable(added.error()));
     }
 };
 

@@ -38,7 +38,7 @@ private:
     void renumber(CabinetLayout::CabinetPort &port) const;
     bool differsFromSaved(const CabinetLayout::CabinetPort &port) const;
 
-    CabinetLayout m_taken; // as given, to find what is shared with the next
+    CabinetLayout m_taken; // as it was given; shows which ports the next layout shares with it
     CabinetLayout m_layout;
     CabinetLayout m_saved;
     QHash<QUuid, int> m_places;   // of cabinets in the saved mapping

@@ -83,7 +83,7 @@ private:
     const Factory m_factory;
     const CProcessorStateFiles m_files;
     const double m_delayScale;
-    std::mutex m_mappingMutex;  // held by who replaces the mapping, while it is written to disk
+    std::mutex m_mappingMutex;  // held while the mapping is replaced and written to disk
     mutable std::mutex m_mutex; // guards the members below
     std::optional<SProcessorState> m_state;
     std::set<SimulationFault> m_faults;
