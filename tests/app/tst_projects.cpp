@@ -231,14 +231,14 @@ private Q_SLOTS:
         QVERIFY(!ok->isEnabled()); // 4,160 cabinets on four ports
         dialog.findChild<QSpinBox *>(QStringLiteral("Ports"))->setValue(5);
         QVERIFY(ok->isEnabled());
-        for (const char *field : {"Columns", "Rows"}) {
-            auto *box = dialog.findChild<QSpinBox *>(QLatin1String(field));
-            dialog.findChild<QSpinBox *>(QLatin1String(field == QLatin1String("Rows") ? "Columns" : "Rows"))
-                ->setValue(1);
-            box->setValue(170); // × 192 pixels is within 32,768
-            QVERIFY2(ok->isEnabled(), field);
-            box->setValue(171);
-            QVERIFY2(!ok->isEnabled(), field);
+        auto *columns = dialog.findChild<QSpinBox *>(QStringLiteral("Columns"));
+        auto *rows = dialog.findChild<QSpinBox *>(QStringLiteral("Rows"));
+        for (const auto &sides : {std::pair(columns, rows), std::pair(rows, columns)}) {
+            sides.second->setValue(1);
+            sides.first->setValue(170); // × 192 pixels is within 32,768
+            QVERIFY(ok->isEnabled());
+            sides.first->setValue(171);
+            QVERIFY(!ok->isEnabled());
         }
     }
 };
