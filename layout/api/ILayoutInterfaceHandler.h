@@ -38,7 +38,8 @@ public:
     virtual void applyLayoutFollowUp(bool full) = 0;
     /// The record behind a key; a default record for an unknown one.
     virtual ProcessorTree::ProcessorNode getProcessorNode(const QUuid &processor) const = 0;
-    /// Takes the module's layout of one processor as its working layout. Cheap: shares what is unchanged.
+    /// Takes the module's layout of one processor as its working layout, but for the cabinets' places in the
+    /// saved mapping, which are the host's. Cheap: shares what is unchanged.
     /// Announces LayoutNotification::PortLoadsChanged where the processor as a whole is or was overloaded.
     virtual void commitLayoutData(const LayoutData &data) = 0;
     /// Writes the processor's mapping to a "*.sprj" file, whole or not at all. GUI thread.

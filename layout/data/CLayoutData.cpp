@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/data/CLayoutData.h"
 
-#include "layout/api/ILayoutInterfaceHandler.h"
 #include "layout/api/access/CHostAccess.h"
 #include "layout/api/access/ILayoutSource.h"
 #include "layout/api/records/RecordMetaTypes.h"
@@ -11,17 +10,25 @@
 #include "layout/data/TypeLibrarySearch.h"
 #include "layout/drawing/CLayoutPainter.h"
 
+namespace {
+using Host = ILayoutInterfaceHandler;
+}
+
 ORVO_DEFINE_SINGLETON(CLayoutData)
 
 CLayoutData::CLayoutData()
-    : m_dispatch(std::make_unique<CNotificationDispatch>(*this, m_states, m_handOver))
+    : m_dispatch(
+          std::make_unique<CNotificationDispatch>(static_cast<IStoreEvents &>(*this), m_states, m_handOver))
     , m_handOver([this] { return m_states.options().followUp; })
 {
     registerRecordMetaTypes();
+    CHostAccess::setEdits(this);
 }
 
 CLayoutData::~CLayoutData()
 {
+    if (CHostAccess::edits() == this)
+        CHostAccess::setEdits(nullptr);
     m_states.clear();
     m_dispatch->stop();
     m_dispatch.reset();
@@ -37,14 +44,25 @@ CLayoutData::TypeInfo CLayoutData::getTypeInfo(const SMD5 &key) const
 
 CanvasBlock CLayoutData::canvasBlock() const
 {
-    const auto handler = CHostAccess::handler();
-    return handler ? handler->canvasBlock() : CanvasBlock::None;
+    return CHostAccess::call(&Host::canvasBlock);
 }
 
 QColor CLayoutData::portColor(int port) const
 {
     const QColor color = m_states.port(port).color;
     return color.isValid() ? color : CLayoutPainter::defaultPortColor(port);
+}
+
+void CLayoutData::setCurrentPort(int port)
+{
+    m_states.choosePort(port);
+    currentPortMayDiffer();
+}
+
+void CLayoutData::resumeCurrentPort()
+{
+    m_states.showWall(false);
+    currentPortMayDiffer();
 }
 
 void CLayoutData::setOptions(const SLayoutOptions &options)
@@ -74,14 +92,18 @@ LayoutData CLayoutData::openProcessor(const QUuid &processor)
 {
     if (m_handOver.isPending(m_states.edited()))
         syncLayoutData(true);
-    m_states.setEdited(processor); // before the host is asked: what it announces from now on counts
-    const auto handler = CHostAccess::handler();
-    if (!handler || processor.isNull())
-        return {};
-    const LayoutData data = handler->layoutData(processor);
-    m_states.takeFromHost(processor, data.layout.ports, false);
-    m_states.setCanvas(processor, data.canvas);
-    m_states.setBackground(processor, handler->background(processor));
+    const bool another = processor != m_states.edited();
+    // Before the host is asked: what it announces from now on counts. And it is asked, whatever the store
+    // knows: what it has announced until now may still be on the way.
+    m_states.setEdited(processor);
+    if (!processor.isNull()) {
+        const LayoutData data = CHostAccess::call(&Host::layoutData, processor);
+        m_states.takeFromHost(processor, data.layout.ports, false);
+        m_states.setCanvas(processor, data.canvas);
+        m_states.setBackground(processor, CHostAccess::call(&Host::background, processor));
+    }
+    m_states.showWall(another);
+    currentPortMayDiffer();
     return m_states.data(processor);
 }
 
@@ -90,7 +112,7 @@ void CLayoutData::syncLayoutData(bool atOnce)
     const QUuid processor = m_states.editable();
     if (!m_source || processor.isNull())
         return;
-    CabinetLayout edited = m_states.layout(processor);
+    CabinetLayout edited;
     m_source->getLayoutData(edited, processor);
     const auto edit = m_states.takeEdit(edited);
     if (!edit)
@@ -101,17 +123,7 @@ void CLayoutData::syncLayoutData(bool atOnce)
         m_handOver.handOverLater(edit->data);
     if (!edit->changedPorts.isEmpty())
         m_dispatch->post(CNotificationDispatch::PortLoadsKey,
-                         [this, ports = edit->changedPorts] { updatePortLoads(ports); });
-}
-
-void CLayoutData::takeSavedMapping()
-{
-    const QUuid processor = m_states.editable();
-    const auto handler = CHostAccess::handler();
-    if (!handler || processor.isNull())
-        return;
-    Q_EMIT notifyMappingSaved(handler->layoutData(processor).layout);
-    syncLayoutData(false);
+                         [this, ports = edit->changedPorts] { loadsMayDiffer(ports); });
 }
 
 bool CLayoutData::updatePortLoad(int port, bool withProcessor)
@@ -119,10 +131,9 @@ bool CLayoutData::updatePortLoad(int port, bool withProcessor)
     if (port < 0 || port >= m_states.ports().size())
         return false;
     const auto question = m_states.loadQuestion(port);
-    const auto handler = CHostAccess::handler();
-    if (!question || !handler)
+    if (!question)
         return false;
-    const int load = handler->portLoad(question->bearer, question->bearer.index);
+    const int load = CHostAccess::call(&Host::portLoad, question->bearer, question->bearer.index);
     if (!m_states.setLoad(question->processor, port, load))
         return false;
     Q_EMIT notifyProcessorPortPayloadChanged(port, load);
@@ -132,15 +143,6 @@ bool CLayoutData::updatePortLoad(int port, bool withProcessor)
     if (withProcessor)
         Q_EMIT notifyProcessorPayloadChanged(m_states.processorLoad());
     return true;
-}
-
-void CLayoutData::updatePortLoads(const QVector<int> &ports)
-{
-    bool changed = false;
-    for (const int port : ports)
-        changed = updatePortLoad(port, false) || changed;
-    if (changed)
-        Q_EMIT notifyProcessorPayloadChanged(m_states.processorLoad());
 }
 
 void CLayoutData::cancelCalibrate(int port)
@@ -162,4 +164,55 @@ void CLayoutData::stop()
     m_dispatch->stop();
     m_handOver.stop();
     m_controller = nullptr;
+}
+
+void CLayoutData::detectFinished()
+{
+    Q_EMIT notifyDetectFinished();
+}
+
+void CLayoutData::processorStateChanged()
+{
+    Q_EMIT notifyProcessorStateChanged();
+}
+
+void CLayoutData::canvasSizeChanged(const QSize &size)
+{
+    Q_EMIT notifyProcessorCanvasSizeChanged(size);
+}
+
+void CLayoutData::backgroundChanged(const SBackgroundInfo &before, const SBackgroundInfo &now)
+{
+    Q_EMIT notifyProcessorBackgroundChanged(before, now, false);
+}
+
+void CLayoutData::portBackupChanged(int primary, int backup, bool on)
+{
+    Q_EMIT notifyProcessorPortBackup(primary, backup, on);
+}
+
+void CLayoutData::layoutReplaced(const QUuid &processor)
+{
+    Q_EMIT notifyLayoutReplaced(processor);
+}
+
+void CLayoutData::currentPortMayDiffer()
+{
+    const int port = m_states.currentPort();
+    if (m_announcedPort.exchange(port) != port)
+        Q_EMIT notifyCurrentPortChanged(port);
+}
+
+void CLayoutData::loadsMayDiffer(const QVector<int> &ports)
+{
+    bool changed = false;
+    for (const int port : ports)
+        changed = updatePortLoad(port, false) || changed;
+    if (changed)
+        processorLoadKnown();
+}
+
+void CLayoutData::processorLoadKnown()
+{
+    Q_EMIT notifyProcessorPayloadChanged(m_states.processorLoad());
 }

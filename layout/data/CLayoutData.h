@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/api/access/IEditSource.h"
 #include "layout/api/access/IPortStates.h"
 #include "layout/data/CLayoutHandOver.h"
 #include "layout/data/CProcessorStates.h"
 #include "layout/data/CRecentCabinets.h"
+#include "layout/data/IStoreEvents.h"
 #include "platform/common/CSingleton.h"
 #include "platform/common/CWorkThread.h"
 #include "platform/control/CObserver.h"
@@ -22,7 +24,11 @@ class ILayoutSource;
 /// The module's store of the layouts' state and its one observer of the host. Readers copy values out and may
 /// be called from any thread, as may operations that do not say otherwise; signals come from the thread that
 /// made the change. Neither the host nor a receiver is ever called under the lock.
-class CLayoutData final : public QObject, public CObserver, public IPortStates
+class CLayoutData final : public QObject,
+                          public CObserver,
+                          public IPortStates,
+                          public IEditSource,
+                          private IStoreEvents
 {
     Q_OBJECT
 
@@ -55,7 +61,10 @@ public:
     bool resetsHighlightOnEdit() const override { return m_states.options().resetHighlightOnEdit; }
     bool marksCustomCabinets() const override { return m_states.options().markupCustomCabinets; }
 
-    void setCurrentPort(int port) { m_states.setCurrentPort(port); }
+    /// Makes @p port of the wall in the editor the current one; one that does not exist changes nothing.
+    void setCurrentPort(int port);
+    /// The editor goes on showing its wall: the port that was current there is so again. GUI thread.
+    void resumeCurrentPort();
     void setMappingFolder(const QString &folder) { m_mappingFolder = folder; }
     CRecentCabinets &recentCabinets() { return m_recentCabinets; } ///< GUI thread
     void setOptions(const SLayoutOptions &options);
@@ -74,9 +83,7 @@ public:
     /// Hands the edited layout to the host, before this returns or a moment later on a worker. Loads of ports
     /// that changed follow. GUI thread.
     void syncLayoutData(bool atOnce);
-
-    /// The host has saved the mapping: the edited layout takes the cabinets' places in it over. GUI thread.
-    void takeSavedMapping();
+    void flushEdits() override { syncLayoutData(true); }
 
     /// Asks the host for a port's load and announces it, when it differs, for the port and for its redundancy
     /// port; with @p withProcessor also the processor's. True when it differed.
@@ -108,13 +115,23 @@ Q_SIGNALS:
     /// The host holds another layout of @p processor than the editor shows: the editor must load it again,
     /// its edits no longer count.
     void notifyLayoutReplaced(const QUuid &processor);
-    /// The processor in the editor has saved @p mapping, the cabinets' places in it included.
-    void notifyMappingSaved(const CabinetLayout &mapping);
+    /// Another port is current. When two threads change it at a time, @p port may be outdated: whoever keeps
+    /// something of it asks currentPort().
+    void notifyCurrentPortChanged(int port);
 
 private:
-    friend class CNotificationDispatch; // the part of the store that listens to the host
-
-    void updatePortLoads(const QVector<int> &ports);
+    // IStoreEvents, for what listens to the host
+    void detectFinished() override;
+    void processorStateChanged() override;
+    void canvasSizeChanged(const QSize &size) override;
+    void backgroundChanged(const SBackgroundInfo &before, const SBackgroundInfo &now) override;
+    void portBackupChanged(int primary, int backup, bool on) override;
+    void layoutReplaced(const QUuid &processor) override;
+    void currentPortMayDiffer() override;
+    void highlightEnded() override { cancelCalibrate(-1); }
+    void loadsMayDiffer(const QVector<int> &ports) override;
+    void processorLoadKnown() override;
+    QObject *controller() const override { return m_controller; }
 
     CProcessorStates m_states; // first: everything below uses it
     QUndoGroup m_undoGroup;
@@ -122,6 +139,7 @@ private:
     CRecentCabinets m_recentCabinets;
     const ILayoutSource *m_source = nullptr;
     std::atomic<QObject *> m_controller{nullptr};
+    std::atomic<int> m_announcedPort{-1};
     std::unique_ptr<CNotificationDispatch> m_dispatch;
     CLayoutHandOver m_handOver;
 };

@@ -2,12 +2,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/data/CLayoutHandOver.h"
 
-#include "layout/api/ILayoutInterfaceHandler.h"
 #include "layout/api/access/CHostAccess.h"
 
 #include <algorithm>
 
 namespace {
+
+using Host = ILayoutInterfaceHandler;
 
 constexpr int SyncKey = 0;
 constexpr std::chrono::milliseconds SyncDelay(200); // edits in quick succession travel as one
@@ -27,9 +28,8 @@ void CLayoutHandOver::handOverNow(const LayoutData &data)
     commit(data, newest);
     if (!m_followUpWanted())
         return;
-    const auto handler = CHostAccess::handler();
-    if (handler && handler->layoutFollowUpNeeded())
-        handler->applyLayoutFollowUp(false);
+    if (CHostAccess::call(&Host::layoutFollowUpNeeded))
+        CHostAccess::call(&Host::applyLayoutFollowUp, false);
     else
         post(data, newest, true);
 }
@@ -72,7 +72,7 @@ void CLayoutHandOver::post(const LayoutData &data, quint64 number, bool committe
         if (!committed)
             commit(data, number);
         if (m_followUpWanted())
-            followUp();
+            CHostAccess::call(&Host::applyLayoutFollowUp, false);
     };
     m_worker.AppendEvent({SyncKey, closure}, committed);
     m_worker.ActivateThread();
@@ -86,14 +86,7 @@ void CLayoutHandOver::commit(const LayoutData &data, quint64 number)
         if (number <= m_handedOver.value(data.processor))
             return;
     }
-    if (const auto handler = CHostAccess::handler())
-        handler->commitLayoutData(data);
+    CHostAccess::call(&Host::commitLayoutData, data);
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_handedOver[data.processor] = std::max(m_handedOver.value(data.processor), number);
-}
-
-void CLayoutHandOver::followUp() const
-{
-    if (const auto handler = CHostAccess::handler())
-        handler->applyLayoutFollowUp(false);
 }

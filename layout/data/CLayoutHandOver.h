@@ -35,7 +35,6 @@ private:
     quint64 number(const QUuid &processor);
     void post(const LayoutData &data, quint64 number, bool committed);
     void commit(const LayoutData &data, quint64 number);
-    void followUp() const;
 
     const std::function<bool()> m_followUpWanted;
     mutable std::mutex m_mutex;         // guards the numbers

@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/data/CNotificationDispatch.h"
 
-#include "layout/api/ILayoutInterfaceHandler.h"
 #include "layout/api/access/CHostAccess.h"
-#include "layout/data/CLayoutData.h"
+#include "layout/data/CLayoutHandOver.h"
+#include "layout/data/CProcessorStates.h"
+#include "layout/data/IStoreEvents.h"
 #include "platform/control/CSubject.h"
 
 #include <QMetaObject>
@@ -13,6 +14,7 @@
 
 namespace {
 
+using Host = ILayoutInterfaceHandler;
 using StorePort = CabinetLayout::CabinetPort;
 
 bool sameCabinets(const QVector<StorePort> &a, const QVector<StorePort> &b)
@@ -24,9 +26,9 @@ bool sameCabinets(const QVector<StorePort> &a, const QVector<StorePort> &b)
 
 } // namespace
 
-CNotificationDispatch::CNotificationDispatch(CLayoutData &store, CProcessorStates &states,
+CNotificationDispatch::CNotificationDispatch(IStoreEvents &events, CProcessorStates &states,
                                              CLayoutHandOver &handOver)
-    : m_store(store)
+    : m_events(events)
     , m_states(states)
     , m_handOver(handOver)
 {
@@ -94,17 +96,15 @@ CNotificationDispatch::Handling CNotificationDispatch::handlingOf(int code)
 void CNotificationDispatch::onDetectFinished(CSubject &)
 {
     post(LayoutNotification::DetectFinished, [this] {
-        m_states.setCurrentPort(-1);
-        Q_EMIT m_store.notifyDetectFinished();
-        const auto handler = CHostAccess::handler();
-        if (!handler)
-            return;
+        m_states.suspendCurrentPort();
+        m_events.currentPortMayDiffer();
+        m_events.detectFinished();
         const QUuid current = m_states.current();
-        const QSize canvas = handler->getCanvasSize();
-        if (handler->currentProcessorNode().uuid != current)
+        const QSize canvas = CHostAccess::call(&Host::getCanvasSize);
+        if (CHostAccess::call(&Host::currentProcessorNode).uuid != current)
             return; // of another processor: its own notification is on the way
         m_states.setCanvas(current, canvas);
-        Q_EMIT m_store.notifyProcessorCanvasSizeChanged(canvas);
+        m_events.canvasSizeChanged(canvas);
     });
 }
 
@@ -116,16 +116,14 @@ void CNotificationDispatch::onWorkModeChanged(CSubject &)
 void CNotificationDispatch::onPortBackupChanged(CSubject &subject)
 {
     const auto change = subject.GetArgument<SPortBackupChange>();
-    if (const auto handler = CHostAccess::handler())
-        refreshCurrentPorts(*handler);
-    Q_EMIT m_store.notifyProcessorPortBackup(change.primary, change.backup, change.on);
+    refreshCurrentPorts();
+    m_events.portBackupChanged(change.primary, change.backup, change.on);
     post(LayoutNotification::PortBackupChanged, [this] { updateAllLoads(); });
 }
 
 void CNotificationDispatch::onTypeLibraryChanged(CSubject &)
 {
-    if (const auto handler = CHostAccess::handler())
-        m_states.setTypeLibrary(handler->typeLibrary());
+    m_states.setTypeLibrary(CHostAccess::call(&Host::typeLibrary));
 }
 
 void CNotificationDispatch::onProcessorRemoved(CSubject &subject)
@@ -157,7 +155,7 @@ void CNotificationDispatch::onBackgroundChanged(CSubject &subject)
     post(LayoutNotification::BackgroundChanged, [this, info = subject.GetArgument<SBackgroundInfo>()] {
         const SBackgroundInfo before = m_states.setBackground(info.processor, info);
         if (info.processor == m_states.current())
-            Q_EMIT m_store.notifyProcessorBackgroundChanged(before, info, false);
+            m_events.backgroundChanged(before, info);
     });
 }
 
@@ -166,7 +164,7 @@ void CNotificationDispatch::onCanvasSizeChanged(CSubject &subject)
     post(LayoutNotification::CanvasSizeChanged, [this, change = subject.GetArgument<SCanvasSizeChange>()] {
         m_states.setCanvas(change.processor, change.size);
         if (change.processor == m_states.current())
-            Q_EMIT m_store.notifyProcessorCanvasSizeChanged(change.size);
+            m_events.canvasSizeChanged(change.size);
     });
 }
 
@@ -174,8 +172,8 @@ void CNotificationDispatch::onProcessorStateChanged(CSubject &subject)
 {
     subject.GetArgument<SProcessorStateChange>(); // the pages ask the host for what they need
     post(LayoutNotification::ProcessorStateChanged, [this] {
-        Q_EMIT m_store.notifyProcessorStateChanged();
-        announcePayload();
+        m_events.processorStateChanged();
+        m_events.processorLoadKnown();
         invoke("OnCurrentProcessorStateChanged");
     });
 }
@@ -188,20 +186,18 @@ void CNotificationDispatch::onPortLoadsChanged(CSubject &subject)
         if (change.port == -1)
             updateAllLoads();
         else
-            m_store.updatePortLoad(change.port, true);
+            m_events.loadsMayDiffer({change.port});
     });
 }
 
 void CNotificationDispatch::onPortCountChanged(CSubject &)
 {
     post(LayoutNotification::PortCountChanged, [this] {
-        const auto handler = CHostAccess::handler();
-        if (!handler)
-            return;
-        const ProcessorTree::ProcessorNode node = handler->getProcessorNode(m_states.current());
-        refreshCurrentPorts(*handler);
+        const ProcessorTree::ProcessorNode node =
+            CHostAccess::call(&Host::getProcessorNode, m_states.current());
+        refreshCurrentPorts();
         updateAllLoads();
-        announcePayload();
+        m_events.processorLoadKnown();
         invoke("onCurrentProcessorPortCountChanged", Q_ARG(ProcessorTree::ProcessorNode, node));
     });
 }
@@ -209,14 +205,14 @@ void CNotificationDispatch::onPortCountChanged(CSubject &)
 void CNotificationDispatch::onCurrentProcessorChanged(CSubject &subject)
 {
     const auto processor = subject.GetArgument<QUuid>();
-    const auto handler = CHostAccess::handler();
-    if (processor.isNull() || !handler)
+    if (processor.isNull())
         m_states.setCurrent(QUuid());
     else
-        takeCurrent(processor, *handler);
+        takeCurrent(processor);
+    m_events.currentPortMayDiffer();
     post(LayoutNotification::CurrentProcessorChanged, [this] {
         updateAllLoads();
-        announcePayload();
+        m_events.processorLoadKnown();
         invoke("OnCurrentProcessorChanged");
     });
 }
@@ -225,7 +221,7 @@ void CNotificationDispatch::onSelectedNodeChanged(CSubject &subject)
 {
     const auto change = subject.GetArgument<SSelectedNodeChange>();
     if (change.type != PrcTreeNodeType::Other)
-        m_store.cancelCalibrate(-1);
+        m_events.highlightEnded();
     post(LayoutNotification::SelectedNodeChanged, [this, change] {
         invoke("OnCurrentSelectedNodeChanged", Q_ARG(PrcTreeNodeType, change.type),
                Q_ARG(ProcessorBoundingRects, change.rects));
@@ -246,48 +242,44 @@ void CNotificationDispatch::removeProcessor(const QUuid &processor)
     m_states.remove(processor);
     if (!current)
         return;
-    Q_EMIT m_store.notifyProcessorStateChanged();
-    announcePayload();
+    m_events.currentPortMayDiffer();
+    m_events.processorStateChanged();
+    m_events.processorLoadKnown();
 }
 
 void CNotificationDispatch::replaceLayout(const QUuid &processor)
 {
-    const auto handler = CHostAccess::handler();
-    if (!handler)
-        return;
-    m_states.outdateEdits(processor);
+    m_states.outdateEdits(processor); // before the host is asked: what is edited meanwhile is of the old one
     m_handOver.drop(processor);
-    const LayoutData data = handler->layoutData(processor);
+    const LayoutData data = CHostAccess::call(&Host::layoutData, processor);
     m_states.takeFromHost(processor, data.layout.ports, false);
     m_states.setCanvas(processor, data.canvas);
-    Q_EMIT m_store.notifyLayoutReplaced(processor);
+    m_events.currentPortMayDiffer();
+    m_events.layoutReplaced(processor);
     if (processor == m_states.current())
         post(LayoutNotification::LayoutReplaced, [this] { updateAllLoads(); });
 }
 
-void CNotificationDispatch::refreshCurrentPorts(const ILayoutInterfaceHandler &handler)
+void CNotificationDispatch::refreshCurrentPorts()
 {
     const QUuid current = m_states.current();
-    if (current.isNull())
-        m_states.setCurrentPort(-1);
-    else
-        m_states.takeFromHost(current, handler.layoutData(current).layout.ports,
-                              m_handOver.isPending(current));
+    m_states.takeFromHost(current, CHostAccess::call(&Host::layoutData, current).layout.ports,
+                          m_handOver.isPending(current));
+    m_events.currentPortMayDiffer();
 }
 
-void CNotificationDispatch::takeCurrent(const QUuid &processor, const ILayoutInterfaceHandler &handler)
+void CNotificationDispatch::takeCurrent(const QUuid &processor)
 {
-    const LayoutData data = handler.layoutData(processor);
-    const bool pending = m_handOver.isPending(processor);
-    const bool differs = !sameCabinets(m_states.layout(processor).ports, data.layout.ports);
+    const LayoutData data = CHostAccess::call(&Host::layoutData, processor);
+    const bool differs = !sameCabinets(m_states.portsOf(processor), data.layout.ports);
     m_states.setCurrent(processor);
-    m_states.takeFromHost(processor, data.layout.ports, pending);
+    m_states.takeFromHost(processor, data.layout.ports, m_handOver.isPending(processor));
     m_states.setCanvas(processor, data.canvas);
-    m_states.setBackground(processor, handler.background(processor));
+    m_states.setBackground(processor, CHostAccess::call(&Host::background, processor));
     if (m_states.typeLibrary().isEmpty()) // the host's first processor; changes are announced
-        m_states.setTypeLibrary(handler.typeLibrary());
+        m_states.setTypeLibrary(CHostAccess::call(&Host::typeLibrary));
     if (differs)
-        m_store.cancelCalibrate(-1);
+        m_events.highlightEnded();
 }
 
 void CNotificationDispatch::updateAllLoads()
@@ -296,16 +288,11 @@ void CNotificationDispatch::updateAllLoads()
     const QVector<StorePort> ports = m_states.ports();
     for (const StorePort &port : ports)
         indices << port.index;
-    m_store.updatePortLoads(indices);
-}
-
-void CNotificationDispatch::announcePayload()
-{
-    Q_EMIT m_store.notifyProcessorPayloadChanged(m_states.processorLoad());
+    m_events.loadsMayDiffer(indices);
 }
 
 void CNotificationDispatch::invoke(const char *slot, QGenericArgument first, QGenericArgument second)
 {
-    if (QObject *controller = m_store.m_controller)
+    if (QObject *controller = m_events.controller())
         QMetaObject::invokeMethod(controller, slot, Qt::QueuedConnection, first, second);
 }

@@ -9,21 +9,20 @@
 
 #include <functional>
 
-class CLayoutData;
 class CLayoutHandOver;
 class CProcessorStates;
 class CSubject;
-class ILayoutInterfaceHandler;
+class IStoreEvents;
 
-/// Turns the host's notifications into what the store does and announces. Arguments are read on the Update
-/// thread; what takes time runs on the notification worker.
+/// Brings the store's data up to date when the host notifies, and tells the store what to announce. Arguments
+/// are read on the Update thread; what takes time runs on the notification worker.
 class CNotificationDispatch final
 {
 public:
     /// A key of the worker beside the notification codes.
     static constexpr int PortLoadsKey = 100;
 
-    CNotificationDispatch(CLayoutData &store, CProcessorStates &states, CLayoutHandOver &handOver);
+    CNotificationDispatch(IStoreEvents &events, CProcessorStates &states, CLayoutHandOver &handOver);
 
     /// Handles the running notification of @p subject; a code without an entry is ignored. What reading its
     /// argument throws leaves this call. Update thread.
@@ -56,14 +55,13 @@ private:
     void post(LayoutNotification code, std::function<void()> work) { post(static_cast<int>(code), work); }
     void removeProcessor(const QUuid &processor);
     void replaceLayout(const QUuid &processor);
-    void refreshCurrentPorts(const ILayoutInterfaceHandler &handler);
-    void takeCurrent(const QUuid &processor, const ILayoutInterfaceHandler &handler);
+    void refreshCurrentPorts();
+    void takeCurrent(const QUuid &processor);
     void updateAllLoads();
-    void announcePayload();
     void invoke(const char *slot, QGenericArgument first = QGenericArgument(nullptr),
                 QGenericArgument second = QGenericArgument(nullptr));
 
-    CLayoutData &m_store;
+    IStoreEvents &m_events;
     CProcessorStates &m_states;
     CLayoutHandOver &m_handOver;
     CWorkThread m_worker;

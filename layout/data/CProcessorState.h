@@ -5,7 +5,14 @@
 #include "layout/api/records/LayoutData.h"
 #include "layout/api/records/SBackgroundInfo.h"
 
-#include <QMap>
+#include <QHash>
+
+/// What a walk over the cabinets of a port has given.
+struct SPortFacts
+{
+    QRect area;               ///< of its cabinets on the canvas
+    bool highlighted = false; ///< one of them carries the number of a running highlight
+};
 
 /// What the store remembers of one processor.
 class CProcessorState
@@ -16,5 +23,5 @@ public:
     CabinetLayout layout; ///< as last taken from the host or from the editor
     QSize canvas;         ///< pixels
     SBackgroundInfo background;
-    QMap<int, QRect> portBounds; ///< area of each port's cabinets on the canvas, by port index
+    QHash<int, SPortFacts> facts; ///< by port index
 };

@@ -11,6 +11,11 @@ namespace {
 using Port = CabinetLayout::CabinetPort;
 using Group = CabinetLayout::CabinetPort::CabinetGroup;
 
+bool shares(const QVector<Group> &a, const QVector<Group> &b)
+{
+    return a.constData() == b.constData() && a.size() == b.size();
+}
+
 bool hasCalibration(const Group &group)
 {
     return std::any_of(group.cabinets.begin(), group.cabinets.end(),
@@ -27,16 +32,25 @@ void clearCalibration(QVector<Group> &groups)
     }
 }
 
-QRect areaOf(const Port &port)
+SPortFacts factsOf(const Port &port)
 {
-    return CabinetLayout{QUuid(), {port}}.boundingRect();
+    return {CabinetLayout{QUuid(), {port}}.boundingRect(),
+            std::any_of(port.groups.begin(), port.groups.end(), hasCalibration)};
+}
+
+QVector<int> indicesOf(const QVector<Port> &ports)
+{
+    QVector<int> indices;
+    for (const Port &port : ports)
+        indices << port.index;
+    return indices;
 }
 
 QRect unitedBounds(const CProcessorState &state)
 {
     QRect bounds;
-    for (const QRect &area : state.portBounds)
-        bounds |= area;
+    for (const SPortFacts &facts : state.facts)
+        bounds |= facts.area;
     return bounds;
 }
 
@@ -86,11 +100,11 @@ SBackgroundInfo CProcessorStates::background() const
     return state ? state->background : SBackgroundInfo();
 }
 
-CabinetLayout CProcessorStates::layout(const QUuid &processor) const
+QVector<Port> CProcessorStates::portsOf(const QUuid &processor) const
 {
     const CReadLocker locker(m_lock);
     const CProcessorState *state = find(processor);
-    return state ? state->layout : CabinetLayout();
+    return state ? state->layout.ports : QVector<Port>();
 }
 
 LayoutData CProcessorStates::data(const QUuid &processor) const
@@ -103,13 +117,26 @@ LayoutData CProcessorStates::data(const QUuid &processor) const
 int CProcessorStates::currentPort() const
 {
     const CReadLocker locker(m_lock);
-    return m_currentPort;
+    return m_currentPort.port;
 }
 
-void CProcessorStates::setCurrentPort(int port)
+void CProcessorStates::choosePort(int port)
 {
     const CWriteLocker locker(m_lock);
-    m_currentPort = port;
+    m_currentPort = CurrentPortRule::after(m_currentPort, PortEvent::Chosen, wallPorts(), port);
+}
+
+void CProcessorStates::suspendCurrentPort()
+{
+    const CWriteLocker locker(m_lock);
+    m_currentPort = CurrentPortRule::after(m_currentPort, PortEvent::Suspended, {});
+}
+
+void CProcessorStates::showWall(bool another)
+{
+    const CWriteLocker locker(m_lock);
+    m_currentPort = CurrentPortRule::after(m_currentPort, another ? PortEvent::NewWall : PortEvent::WallShown,
+                                           wallPorts());
 }
 
 SLayoutOptions CProcessorStates::options() const
@@ -143,7 +170,7 @@ void CProcessorStates::setCurrent(const QUuid &processor)
 {
     const CWriteLocker locker(m_lock);
     if (m_current != processor)
-        m_currentPort = -1;
+        m_currentPort = CurrentPortRule::after(m_currentPort, PortEvent::Suspended, {});
     m_current = processor;
 }
 
@@ -154,10 +181,12 @@ void CProcessorStates::takeFromHost(const QUuid &processor, const QVector<Port> 
     const CWriteLocker locker(m_lock);
     CProcessorState &state = stateOf(processor);
     const CabinetLayout known = state.layout;
+    const QHash<int, SPortFacts> knownFacts = state.facts;
     state.layout.ports = ports;
-    state.portBounds.clear();
+    state.facts.clear();
     for (Port &port : state.layout.ports) {
-        if (const Port *before = known.port(port.index)) {
+        const Port *before = known.port(port.index);
+        if (before) {
             port.load = before->load;
             if (keepEdits) {
                 port.groups = before->groups;
@@ -165,10 +194,11 @@ void CProcessorStates::takeFromHost(const QUuid &processor, const QVector<Port> 
                 port.color = before->color;
             }
         }
-        state.portBounds.insert(port.index, areaOf(port));
+        const bool same = before && shares(before->groups, port.groups);
+        state.facts.insert(port.index, same ? knownFacts.value(port.index) : factsOf(port));
     }
-    if (processor == m_current && ports.isEmpty())
-        m_currentPort = -1;
+    if (processor == m_current)
+        m_currentPort = CurrentPortRule::after(m_currentPort, PortEvent::PortsChanged, indicesOf(ports));
 }
 
 void CProcessorStates::setCanvas(const QUuid &processor, const QSize &canvas)
@@ -199,7 +229,7 @@ void CProcessorStates::remove(const QUuid &processor)
     if (processor != m_current)
         return;
     m_current = QUuid();
-    m_currentPort = -1;
+    m_currentPort = {};
 }
 
 void CProcessorStates::clear()
@@ -207,7 +237,7 @@ void CProcessorStates::clear()
     const CWriteLocker locker(m_lock);
     m_states.clear();
     m_current = m_edited = QUuid();
-    m_currentPort = -1;
+    m_currentPort = {};
 }
 
 QUuid CProcessorStates::edited() const
@@ -246,12 +276,12 @@ std::optional<CProcessorStates::SEdit> CProcessorStates::takeEdit(const CabinetL
         const Port *changed = edited.port(port.index);
         if (!changed)
             continue;
-        const bool differs = changed->groups != port.groups;
-        port.groups = changed->groups; // equal ones too: what is shared is compared at once the next time
-        if (!differs)
+        if (shares(changed->groups, port.groups))
             continue;
-        state.portBounds[port.index] = areaOf(port);
-        edit.changedPorts << port.index;
+        if (!LayoutData::comparePortData(*changed, port, true))
+            edit.changedPorts << port.index;
+        port.groups = changed->groups; // equal ones too: what is shared is compared at once the next time
+        state.facts[port.index] = factsOf(port);
     }
     edit.data = dataOf(state);
     return edit;
@@ -285,14 +315,18 @@ bool CProcessorStates::setColor(int port, const QColor &color)
 bool CProcessorStates::resetCalibration(int port)
 {
     const CWriteLocker locker(m_lock);
+    if (!find(m_current))
+        return false;
+    CProcessorState &state = stateOf(m_current);
     bool matched = false;
-    const QVector<Port> ports = currentLayout().ports;
-    for (const Port &record : ports) {
+    for (Port &record : state.layout.ports) {
         if (port != -1 && record.index != port)
             continue;
         matched = true;
-        if (std::any_of(record.groups.begin(), record.groups.end(), hasCalibration))
-            clearCalibration(currentPortRecord(record.index)->groups);
+        SPortFacts &facts = state.facts[record.index];
+        if (facts.highlighted)
+            clearCalibration(record.groups);
+        facts.highlighted = false;
     }
     return matched;
 }
@@ -352,4 +386,10 @@ Port *CProcessorStates::currentPortRecord(int index)
         return nullptr;
     QVector<Port> &ports = stateOf(m_current).layout.ports;
     return std::find_if(ports.begin(), ports.end(), [index](const Port &p) { return p.index == index; });
+}
+
+QVector<int> CProcessorStates::wallPorts() const
+{
+    const CProcessorState *state = find(m_edited);
+    return state ? indicesOf(state->layout.ports) : QVector<int>();
 }

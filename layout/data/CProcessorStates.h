@@ -4,6 +4,7 @@
 
 #include "layout/api/records/SSettings.h"
 #include "layout/data/CProcessorState.h"
+#include "layout/data/CurrentPortRule.h"
 #include "platform/common/CReadWriteLock.h"
 
 #include <map>
@@ -54,11 +55,14 @@ public:
     int processorLoad() const;   ///< of the current processor, percent
     QSize canvas() const;        ///< of the current processor
     SBackgroundInfo background() const;
-    CabinetLayout layout(const QUuid &processor) const; ///< empty for an unknown processor
-    LayoutData data(const QUuid &processor) const;      ///< empty for an unknown processor
+    QVector<Port> portsOf(const QUuid &processor) const; ///< empty for an unknown processor
+    LayoutData data(const QUuid &processor) const;       ///< empty for an unknown processor
 
     int currentPort() const;
-    void setCurrentPort(int port);
+    void choosePort(int port); ///< a port of the wall in the editor; others are left alone
+    void suspendCurrentPort(); ///< until the editor tells that it shows its wall
+    /// The editor shows the wall of its processor, @p another one than before or the same.
+    void showWall(bool another);
     SLayoutOptions options() const;
     bool setOptions(const SLayoutOptions &options); ///< false: they were set already
     QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const;
@@ -88,7 +92,8 @@ public:
     /// The indices of the ports that match @p port (-1: all) and whose lock was another one.
     QVector<int> setLocked(int port, bool locked);
     bool setColor(int port, const QColor &color); ///< false: no such port, or its colour already
-    /// Ends the highlight numbers of the cabinets of a port (-1: of all). False when no port matches.
+    /// Ends the highlight numbers of the cabinets of a port (-1: of all); costs the ports that have some.
+    /// False when no port matches.
     bool resetCalibration(int port);
     std::optional<SLoadQuestion> loadQuestion(int port) const;
     /// False: @p processor is no longer the current one, has no such port, or that is the port's load
@@ -101,6 +106,8 @@ private:
     const CProcessorState *find(const QUuid &processor) const ORVO_REQUIRES_SHARED(m_lock);
     const CabinetLayout &currentLayout() const ORVO_REQUIRES_SHARED(m_lock);
     Port *currentPortRecord(int index) ORVO_REQUIRES(m_lock);
+    /// The indices of the ports of the wall in the editor.
+    QVector<int> wallPorts() const ORVO_REQUIRES_SHARED(m_lock);
 
     mutable CReadWriteLock m_lock;
     QVector<SSettings::TypeLibrary::STreeNode> m_typeLibrary ORVO_GUARDED_BY(m_lock);
@@ -108,6 +115,6 @@ private:
     QUuid m_current ORVO_GUARDED_BY(m_lock);
     QUuid m_edited ORVO_GUARDED_BY(m_lock);
     bool m_editsOutdated ORVO_GUARDED_BY(m_lock) = false;
-    int m_currentPort ORVO_GUARDED_BY(m_lock) = -1;
+    SCurrentPort m_currentPort ORVO_GUARDED_BY(m_lock);
     SLayoutOptions m_options ORVO_GUARDED_BY(m_lock);
 };

@@ -5,55 +5,40 @@
 #include "layout/panels/CMappingLabel.h"
 #include "layout/panels/CSystemLoadLabel.h"
 
-CLayoutSidePanel::CLayoutSidePanel(QWidget *parent)
+CLayoutSidePanel::CLayoutSidePanel(const SUnitServices &services, QWidget *parent)
     : CSidePanel(parent)
-    , m_mapping(new CMappingLabel)
-    , m_systemLoad(new CSystemLoadLabel)
 {
-    buildUi();
-    connectSignals();
+    // From top to bottom, a line a unit.
+    const auto *mapping = add<CMappingLabel>(services);
+    add<CSystemLoadLabel>(services);
+
+    connect(mapping, &CMappingLabel::notifySaveMappingSuccessed, this,
+            &CLayoutSidePanel::notifySaveMappingSuccessed);
 }
 
-void CLayoutSidePanel::setMappingBusy(bool busy)
+template <typename Unit>
+Unit *CLayoutSidePanel::add(const SUnitServices &services)
 {
-    m_mapping->setBusy(busy);
+    auto *unit = new Unit(services);
+    addUnit(unit);
+    m_units.push_back(unit);
+    return unit;
 }
 
 void CLayoutSidePanel::setEditingBlocked(bool blocked)
 {
-    m_mapping->setReadBlocked(blocked);
-}
-
-void CLayoutSidePanel::reportMappingSaved()
-{
-    m_mapping->reportMappingSaved();
+    for (ISidePanelUnit *unit : m_units)
+        unit->setEditingBlocked(blocked);
 }
 
 void CLayoutSidePanel::onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor)
 {
-    m_mapping->onCurrentProcessorChanged(processor);
+    for (ISidePanelUnit *unit : m_units)
+        unit->onCurrentProcessorChanged(processor);
 }
 
 void CLayoutSidePanel::onCurrentProcessorStateChanged(const ProcessorTree::ProcessorNode &processor)
 {
-    m_mapping->onCurrentProcessorStateChanged(processor);
-}
-
-void CLayoutSidePanel::onNotifyProcessorPayloadChanged(int load)
-{
-    m_systemLoad->onNotifyProcessorPayloadChanged(load);
-}
-
-void CLayoutSidePanel::buildUi()
-{
-    addUnit(m_mapping);
-    addUnit(m_systemLoad);
-}
-
-void CLayoutSidePanel::connectSignals()
-{
-    connect(m_mapping, &CMappingLabel::notifySaveMappingSuccessed, this,
-            &CLayoutSidePanel::notifySaveMappingSuccessed);
-    connect(m_mapping, &CMappingLabel::notifyReadMapping, this, &CLayoutSidePanel::notifyReadMapping);
-    connect(m_mapping, &CMappingLabel::notifySaveMapping, this, &CLayoutSidePanel::notifySaveMapping);
+    for (ISidePanelUnit *unit : m_units)
+        unit->onCurrentProcessorStateChanged(processor);
 }

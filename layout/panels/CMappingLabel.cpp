@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/panels/CMappingLabel.h"
 
+#include "layout/panels/IMappingCommands.h"
 #include "platform/widgets/CMenuToolButton.h"
 #include "platform/widgets/CSeparator.h"
 
@@ -9,6 +10,7 @@
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPointer>
 
 namespace {
 
@@ -17,8 +19,8 @@ constexpr QSize MappingButtonSize(96, 24);
 
 } // namespace
 
-CMappingLabel::CMappingLabel(QWidget *parent)
-    : CUnitLabel(parent)
+CMappingLabel::CMappingLabel(const SUnitServices &services)
+    : m_commands(services.mapping)
     , m_read(new CMenuToolButton(tr("Read")))
     , m_save(new CMenuToolButton(tr("Save")))
 {
@@ -42,15 +44,10 @@ void CMappingLabel::setBusy(bool busy)
     }
 }
 
-void CMappingLabel::setReadBlocked(bool blocked)
+void CMappingLabel::setEditingBlocked(bool blocked)
 {
     m_readBlocked = blocked;
     updateEnabled();
-}
-
-void CMappingLabel::reportMappingSaved()
-{
-    Q_EMIT notifySaveMappingSuccessed();
 }
 
 void CMappingLabel::onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor)
@@ -70,12 +67,25 @@ void CMappingLabel::onReadTriggered(QAction *action)
     options.numberMapping = m_numberMapping->isChecked();
     options.realtime = m_realtime->isChecked();
     options.mappingFromProcessor = m_fromProcessor->isChecked();
-    Q_EMIT notifyReadMapping(action->data().value<ReadSaveMappingRole>(), options);
+    setBusy(true);
+    m_commands.readMapping(action->data().value<ReadSaveMappingRole>(), options,
+                           [self = QPointer<CMappingLabel>(this)](bool) {
+                               if (self)
+                                   self->setBusy(false);
+                           });
 }
 
 void CMappingLabel::onSaveTriggered(QAction *action)
 {
-    Q_EMIT notifySaveMapping(action->data().value<ReadSaveMappingRole>());
+    setBusy(true);
+    m_commands.saveMapping(action->data().value<ReadSaveMappingRole>(),
+                           [self = QPointer<CMappingLabel>(this)](bool done) {
+                               if (!self)
+                                   return;
+                               self->setBusy(false);
+                               if (done)
+                                   Q_EMIT self->notifySaveMappingSuccessed();
+                           });
 }
 
 void CMappingLabel::buildUi()

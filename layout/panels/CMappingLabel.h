@@ -2,40 +2,33 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/api/records/ProcessorTree.h"
-#include "layout/api/records/ReadSaveMappingRole.h"
-#include "layout/api/records/SHostRecords.h"
+#include "layout/panels/ISidePanelUnit.h"
 #include "platform/widgets/CUnitLabel.h"
 
 class CMenuToolButton;
 class QCheckBox;
 
-/// The unit "Mapping": asks for the mapping to be read from, or saved to, the current or all processors. Who
-/// carries that out reports back with setBusy() and reportMappingSaved(). GUI thread.
-class CMappingLabel final : public CUnitLabel
+/// The unit "Mapping": has the mapping read from, or saved to, the current or all processors. Until that has
+/// ended it starts nothing else. GUI thread.
+class CMappingLabel final : public CUnitLabel, public ISidePanelUnit
 {
     Q_OBJECT
 
 public:
-    explicit CMappingLabel(QWidget *parent = nullptr);
+    explicit CMappingLabel(const SUnitServices &services);
 
-    /// While a read or save runs, no other can be started.
-    void setBusy(bool busy);
-    /// A read replaces the layout: it is refused while editing is locked.
-    void setReadBlocked(bool blocked);
-    /// A save that this unit asked for has succeeded.
-    void reportMappingSaved();
+    /// A read replaces the layout: it is refused while editing is blocked.
+    void setEditingBlocked(bool blocked) override;
 
 Q_SIGNALS:
+    /// A save that this unit asked for has succeeded.
     void notifySaveMappingSuccessed();
-    void notifyReadMapping(ReadSaveMappingRole role, const SMappingOptions &options);
-    void notifySaveMapping(ReadSaveMappingRole role);
 
 public Q_SLOTS:
     /// A null or offline processor, or one that works as fibre optic transceiver, leaves only "all" to be
     /// read and saved.
-    void onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor);
-    void onCurrentProcessorStateChanged(const ProcessorTree::ProcessorNode &processor);
+    void onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor) override;
+    void onCurrentProcessorStateChanged(const ProcessorTree::ProcessorNode &processor) override;
 
 private Q_SLOTS:
     void onReadTriggered(QAction *action);
@@ -48,9 +41,11 @@ private:
     void addSectionRow(const QString &caption, CMenuToolButton *button);
     QCheckBox *addOption(const QString &text, const QString &toolTip, bool checked);
     void connectSignals();
+    void setBusy(bool busy);
     void enable(CMenuToolButton &button, const QString &reason);
     void updateEnabled();
 
+    IMappingCommands &m_commands;
     CMenuToolButton *m_read = nullptr;
     CMenuToolButton *m_save = nullptr;
     QCheckBox *m_numberMapping = nullptr;

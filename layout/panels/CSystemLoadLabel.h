@@ -2,17 +2,18 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/panels/ISidePanelUnit.h"
 #include "platform/widgets/CUnitLabel.h"
 
 class CSystemLoadProgressBar;
 
 /// The unit "System load": how much of the current processor's capacity is used.
-class CSystemLoadLabel final : public CUnitLabel
+class CSystemLoadLabel final : public CUnitLabel, public ISidePanelUnit
 {
     Q_OBJECT
 
 public:
-    explicit CSystemLoadLabel(QWidget *parent = nullptr);
+    explicit CSystemLoadLabel(const SUnitServices &services);
 
 public Q_SLOTS:
     /// @p load: percent, above 100 when the processor is overloaded.

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CCabinetFiles.h"
 
-#include "layout/api/ILayoutInterfaceHandler.h"
 #include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
 #include "platform/widgets/CMessageBox.h"
@@ -15,6 +14,8 @@
 #include <algorithm>
 
 namespace {
+
+using Host = ILayoutInterfaceHandler;
 
 const QString ConfigSuffix = QStringLiteral(".rcvbp");
 
@@ -63,11 +64,10 @@ void CCabinetFiles::exportConfiguration(const Cabinet &cabinet)
     const QString file = askForFile(tr("Export..."), proposed);
     if (file.isEmpty())
         return;
-    const auto handler = CHostAccess::handler();
-    if (handler->exportCabinetConfig(cabinet, file))
+    if (CHostAccess::flushAndCall(&Host::exportCabinetConfig, cabinet, file))
         CMessageBox::information(m_parent, tr("Export Success."));
     else
-        CMessageBox::information(m_parent, tr("Export failed."), handler->lastError());
+        CMessageBox::information(m_parent, tr("Export failed."), CHostAccess::call(&Host::lastError));
 }
 
 void CCabinetFiles::readBack(const Cabinet &cabinet)
@@ -77,9 +77,8 @@ void CCabinetFiles::readBack(const Cabinet &cabinet)
     if (file.isEmpty())
         return;
     const QString type = cabinet.type.isNull() ? QString() : m_store.getTypeInfo(cabinet.type).name;
-    const auto handler = CHostAccess::handler();
-    if (handler->readbackCabinetConfig(cabinet.port, cabinet, file, type))
+    if (CHostAccess::flushAndCall(&Host::readbackCabinetConfig, cabinet.port, cabinet, file, type))
         CMessageBox::information(m_parent, tr("Readback successful."));
     else
-        CMessageBox::information(m_parent, tr("Readback failed."), handler->lastError());
+        CMessageBox::information(m_parent, tr("Readback failed."), CHostAccess::call(&Host::lastError));
 }

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CEditorCommands.h"
 
-#include "layout/api/ILayoutInterfaceHandler.h"
 #include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/drawing/CLayoutPainter.h"
@@ -21,6 +20,10 @@
 #include <QApplication>
 #include <QMenu>
 #include <QTimer>
+
+namespace {
+using Host = ILayoutInterfaceHandler;
+}
 
 CEditorCommands::CEditorCommands(CLayoutData &store, CLayoutGraphicsView &view)
     : m_store(store)
@@ -99,7 +102,7 @@ void CEditorCommands::exportConfiguration(const Cabinet &cabinet, QWidget *paren
 
 QString CEditorCommands::readbackRefusal() const
 {
-    const ProcessorTree::ProcessorNode node = CHostAccess::handler()->currentProcessorNode();
+    const ProcessorTree::ProcessorNode node = CHostAccess::call(&Host::currentProcessorNode);
     if (!node.online)
         return tr("The processor is offline.");
     return node.address == 0 ? tr("A project has no cabinets that are connected.") : QString();
@@ -132,7 +135,7 @@ void CEditorCommands::adjustCurrentGain(QWidget *)
 
 void CEditorCommands::openTypeLibrary(QWidget *parent)
 {
-    CHostAccess::handler()->showTypeLibrary(parent);
+    CHostAccess::call(&Host::showTypeLibrary, parent);
 }
 
 void CEditorCommands::fillAppendMenu(QMenu &menu, QWidget *parent)
@@ -156,12 +159,11 @@ void CEditorCommands::fillAppendMenu(QMenu &menu, QWidget *parent)
 
 bool CEditorCommands::highlight(const QList<Cabinet> &cabinets, CabinetHighlight kind, QWidget *parent)
 {
-    const auto handler = CHostAccess::handler();
-    const bool done = handler && handler->setCabinetHighlight(cabinets, kind);
-    if (!done && handler && !cabinets.isEmpty()) {
+    const bool done = CHostAccess::flushAndCall(&Host::setCabinetHighlight, cabinets, kind);
+    if (!done && !cabinets.isEmpty()) {
         // Asked for in the middle of a press on an item, which a box would keep from its end.
         QObject *context = parent ? static_cast<QObject *>(parent) : qApp;
-        QTimer::singleShot(0, context, [parent, details = handler->lastError()] {
+        QTimer::singleShot(0, context, [parent, details = CHostAccess::call(&Host::lastError)] {
             CMessageBox::information(parent, tr("Set failed."), details);
         });
     }

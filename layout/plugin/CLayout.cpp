@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CLayout.h"
 
-#include "layout/api/ILayoutInterfaceHandler.h"
 #include "layout/api/access/CHostAccess.h"
 #include "layout/panels/CLayoutSidePanel.h"
 #include "layout/plugin/CLayoutEditorPage.h"
@@ -20,6 +19,10 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+
+namespace {
+using Host = ILayoutInterfaceHandler;
+}
 
 ORVO_DEFINE_SINGLETON(CLayout)
 
@@ -58,7 +61,7 @@ QAbstractButton &CLayout::showScreenButton() const
 void CLayout::showScreen(bool shown)
 {
     m_editorPage->setScreenShown(shown);
-    CHostAccess::handler()->showScreen(shown);
+    CHostAccess::call(&Host::showScreen, shown);
 }
 
 void CLayout::stop()
@@ -69,9 +72,9 @@ void CLayout::stop()
         m_host->subject()->detach(m_store);
     m_store.stop();
     QCoreApplication::removePostedEvents(this); // what the store has invoked finds no page any more
+    delete m_sidePanel;
     m_mappingCommands.reset();
     m_processorCommands.reset();
-    delete m_sidePanel;
     delete m_background;
     m_background = nullptr;
     setParent(nullptr);
@@ -114,9 +117,9 @@ void CLayout::Update(CSubject &subject)
 
 void CLayout::OnCurrentProcessorChanged()
 {
-    const QUuid processor = CHostAccess::handler()->currentProcessorNode().uuid;
-    if (!processor.isNull() && CHostAccess::handler()->preparatoryStep(processor) == 1)
-        CHostAccess::handler()->performPreparatoryStep(processor);
+    const QUuid processor = CHostAccess::call(&Host::currentProcessorNode).uuid;
+    if (!processor.isNull() && CHostAccess::call(&Host::preparatoryStep, processor) == 1)
+        CHostAccess::call(&Host::performPreparatoryStep, processor);
     onPrcWorkModeChanged();
 }
 
@@ -144,13 +147,13 @@ void CLayout::onReadbackMappingFinished(const QUuid &processsor, bool same)
 
 void CLayout::onPrcWorkModeChanged()
 {
-    setProcessor(CHostAccess::handler()->currentProcessorNode());
+    setProcessor(CHostAccess::call(&Host::currentProcessorNode));
     showSelection();
 }
 
 void CLayout::OnCurrentProcessorStateChanged()
 {
-    setProcessor(CHostAccess::handler()->currentProcessorNode());
+    setProcessor(CHostAccess::call(&Host::currentProcessorNode));
     showSelection();
 }
 
@@ -172,26 +175,24 @@ void CLayout::buildUi()
     m_pages->addWidget(waitingPage);
     m_pages->addWidget(m_editorPage);
     m_pages->addWidget(m_warningPage);
-    m_sidePanel = new CLayoutSidePanel;
+    m_mappingCommands = std::make_unique<CMappingCommands>(m_store, *this);
+    m_sidePanel = new CLayoutSidePanel({m_store, *m_mappingCommands});
 }
 
 void CLayout::connectSignals()
 {
     m_processorCommands = std::make_unique<CProcessorCommands>(m_store, *this);
-    m_mappingCommands = std::make_unique<CMappingCommands>(m_store, *m_sidePanel, *this);
     connect(m_warningPage, &CWholeModuleWarningWidget::NotifyVideoProcessorClicked, m_processorCommands.get(),
             &CProcessorCommands::setVideoProcessorMode);
     connect(m_warningPage, &CWholeModuleWarningWidget::NotifySetPrcBypassModeEnable,
             m_processorCommands.get(), &CProcessorCommands::setBypassMode);
-    connect(&m_store, &CLayoutData::notifyProcessorPayloadChanged, m_sidePanel.data(),
-            &CLayoutSidePanel::onNotifyProcessorPayloadChanged);
     connect(&m_store, &CLayoutData::notifyDetectFinished, m_warningPage, [this] { showSelection(); });
 }
 
 void CLayout::setProcessor(const ProcessorTree::ProcessorNode &processor)
 {
     // In fibre optic transceiver mode there is nothing to edit, to read or to save.
-    const bool fiber = CHostAccess::handler()->isFiberTransceiverMode(processor.uuid);
+    const bool fiber = CHostAccess::call(&Host::isFiberTransceiverMode, processor.uuid);
     const ProcessorTree::ProcessorNode shown = fiber ? ProcessorTree::ProcessorNode() : processor;
     const bool another = shown.uuid != m_editorPage->processor();
     m_editorPage->setProcessor(shown);
@@ -206,14 +207,13 @@ void CLayout::setProcessor(const ProcessorTree::ProcessorNode &processor)
 void CLayout::showSelection()
 {
     using Node = ProcessorTree::ProcessorNode;
-    const auto handler = CHostAccess::handler();
-    QList<Node> selected = handler->selectedProcessors();
-    const Node current = handler->currentProcessorNode();
+    QList<Node> selected = CHostAccess::call(&Host::selectedProcessors);
+    const Node current = CHostAccess::call(&Host::currentProcessorNode);
     if (selected.isEmpty() && !current.uuid.isNull())
         selected << current;
     for (Node &node : selected)
-        node.fiberTransceiver = handler->isFiberTransceiverMode(node.uuid);
-    const QList<Node> all = handler->processors();
+        node.fiberTransceiver = CHostAccess::call(&Host::isFiberTransceiverMode, node.uuid);
+    const QList<Node> all = CHostAccess::call(&Host::processors);
     const bool anyOnline = std::any_of(all.begin(), all.end(), [](const Node &node) { return node.online; });
     if (const auto warning = SelectionRules::warningFor(m_selectionType, selected, anyOnline))
         showWarning(*warning);

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CLayoutEditorPage.h"
 
-#include "layout/api/ILayoutInterfaceHandler.h"
 #include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
@@ -21,12 +20,14 @@
 
 namespace {
 
+using Host = ILayoutInterfaceHandler;
+
 constexpr int TitleRowLocation = 3; // of a tool widget
 
 /// Whether another processor's redundancy is @p processor.
 bool isRedundancy(const QUuid &processor)
 {
-    const auto pairs = CHostAccess::handler()->processorRedundancies();
+    const auto pairs = CHostAccess::call(&Host::processorRedundancies);
     return std::any_of(pairs.begin(), pairs.end(),
                        [&processor](const QPair<QUuid, QUuid> &pair) { return pair.second == processor; });
 }
@@ -70,12 +71,10 @@ void CLayoutEditorPage::setProcessor(const ProcessorTree::ProcessorNode &process
     m_title->setText(processor.uuid.isNull() ? QString() : processor.displayText());
     m_view->onCurrentProcessorChanged(processor);
     m_view->onCurrentProcessorBackupChanged(isRedundancy(processor.uuid));
-    if (another) {
-        m_store.setCurrentPort(-1);
+    if (another)
         reload();
-    } else {
-        keepCurrentPort();
-    }
+    else
+        m_store.resumeCurrentPort();
 }
 
 void CLayoutEditorPage::reload()
@@ -86,7 +85,7 @@ void CLayoutEditorPage::reload()
     if (m_processor.uuid.isNull())
         m_view->clearLayout();
     else
-        showLayout(layout);
+        m_view->showLayout(m_processor, layout);
     showBackground(m_store.background());
 }
 
@@ -98,22 +97,6 @@ void CLayoutEditorPage::showBackground(const SBackgroundInfo &info)
     if (!scene.fillProblem().isEmpty() || m_note->text() == m_fillProblem)
         m_note->setText(scene.fillProblem());
     m_fillProblem = scene.fillProblem();
-}
-
-/// Commands always have a port to act on, where the processor has one.
-void CLayoutEditorPage::showLayout(const LayoutData &layout)
-{
-    if (!layout.layout.port(m_store.currentPort()))
-        m_store.setCurrentPort(layout.layout.ports.isEmpty() ? -1 : layout.layout.ports.first().index);
-    m_view->showLayout(m_processor, layout);
-}
-
-/// A detection, or a short look at another processor, leaves the store without a current port while the wall
-/// in view and its tool bar stay.
-void CLayoutEditorPage::keepCurrentPort()
-{
-    if (m_store.currentPort() < 0)
-        m_store.setCurrentPort(m_view->shownPort());
 }
 
 void CLayoutEditorPage::setReadbackResult(bool same)
@@ -134,9 +117,8 @@ void CLayoutEditorPage::setEditingBlocked(bool blocked)
 
 void CLayoutEditorPage::setPortRedundancy(int primary, int backup)
 {
-    const auto handler = CHostAccess::handler();
-    if (!handler->setPortRedundancy(primary, backup))
-        CMessageBox::information(this, tr("Set failed."), handler->lastError());
+    if (!CHostAccess::flushAndCall(&Host::setPortRedundancy, primary, backup))
+        CMessageBox::information(this, tr("Set failed."), CHostAccess::call(&Host::lastError));
 }
 
 void CLayoutEditorPage::buildUi()
@@ -170,15 +152,14 @@ void CLayoutEditorPage::connectSignals()
     m_store.setLayoutSource(scene);
     connect(&m_store, &CLayoutData::notifyProcessorPortLocked, scene,
             &CCabinetGraphicsScene::setCabinetLocked);
+    connect(&m_store, &CLayoutData::notifyProcessorPortLocked, m_view,
+            &CLayoutGraphicsView::onCurrentPortChanged);
     connect(&m_store, &CLayoutData::notifyProcessorPortColorChanged, scene,
             &CCabinetGraphicsScene::onNotifyCabinetColorChanged);
     connect(&m_store, &CLayoutData::notifyProcessorCanvasSizeChanged, scene,
             &CCabinetGraphicsScene::setCanvasSize);
     connect(&m_store, &CLayoutData::notifyProcessorBackgroundChanged, scene,
-            [this, scene](const SBackgroundInfo &before, const SBackgroundInfo &now, bool sizeChanged) {
-                scene->onBackgroundChanged(now, before, sizeChanged);
-                showBackground(now);
-            });
+            [this](const SBackgroundInfo &, const SBackgroundInfo &now) { showBackground(now); });
     connect(&m_commands->canvas(), &CCanvasCommands::previewed, this, &CLayoutEditorPage::showBackground);
     connect(&m_store, &CLayoutData::notifyProcessorStateChanged, scene,
             &CCabinetGraphicsScene::onNotifyProcessorStateChanged);
@@ -187,7 +168,6 @@ void CLayoutEditorPage::connectSignals()
     connect(&m_store, &CLayoutData::notifyProcessorPortBackup, scene, &CCabinetGraphicsScene::backupPort);
     connect(&m_store, &CLayoutData::notifyLayoutOptionChanged, scene,
             &CCabinetGraphicsScene::onNotifyProcessorStateChanged);
-    connect(&m_store, &CLayoutData::notifyMappingSaved, scene, &CCabinetGraphicsScene::takeMappingIndices);
     connect(scene, &CCabinetGraphicsScene::notifySceneChanged, &m_store,
             [this] { m_store.syncLayoutData(false); });
     connect(scene, &CCabinetGraphicsScene::notifySelectedChanged, &m_store, [this](const QList<int> &ports) {
@@ -198,18 +178,16 @@ void CLayoutEditorPage::connectSignals()
         m_store.undoGroup().addStack(stack); // once is enough, more does no harm
         m_store.undoGroup().setActiveStack(stack);
     });
-    connect(m_view, &CLayoutGraphicsView::notifyCurrentPortChosen, this,
-            [this](int port) { m_store.setCurrentPort(port); });
-    connect(m_view, &CLayoutGraphicsView::notifyLockPort, this,
-            [this](int port, bool locked) { m_store.setPortLocked(port, locked); });
+    connect(m_view, &CLayoutGraphicsView::notifyCurrentPortChosen, &m_store, &CLayoutData::setCurrentPort);
+    connect(&m_store, &CLayoutData::notifyCurrentPortChanged, m_view,
+            &CLayoutGraphicsView::onCurrentPortChanged);
+    connect(m_view, &CLayoutGraphicsView::notifyLockPort, &m_store, &CLayoutData::setPortLocked);
     connect(&m_store, &CLayoutData::notifyCancelCalibrate, m_view, &CLayoutGraphicsView::cancelCalibrate);
     connect(m_view, &CLayoutGraphicsView::notifySetPortRedundancy, this,
             &CLayoutEditorPage::setPortRedundancy);
-    connect(&m_store, &CLayoutData::notifyDetectFinished, this, &CLayoutEditorPage::keepCurrentPort);
+    connect(&m_store, &CLayoutData::notifyDetectFinished, &m_store, &CLayoutData::resumeCurrentPort);
     connect(&m_store, &CLayoutData::notifyLayoutReplaced, this, [this](const QUuid &processor) {
-        if (processor != m_processor.uuid)
-            return;
-        keepCurrentPort();
-        reload();
+        if (processor == m_processor.uuid)
+            reload();
     });
 }

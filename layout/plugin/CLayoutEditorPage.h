@@ -45,8 +45,6 @@ public:
     void setEditingBlocked(bool blocked);
 
 private:
-    void showLayout(const LayoutData &layout);
-    void keepCurrentPort();
     void showBackground(const SBackgroundInfo &info);
     void setPortRedundancy(int primary, int backup);
     void buildUi();

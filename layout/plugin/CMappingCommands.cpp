@@ -2,58 +2,47 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CMappingCommands.h"
 
-#include "layout/api/ILayoutInterfaceHandler.h"
 #include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
-#include "layout/panels/CLayoutSidePanel.h"
 #include "platform/widgets/CMessageBox.h"
 
 #include <QPointer>
 
-CMappingCommands::CMappingCommands(CLayoutData &store, CLayoutSidePanel &panel, QWidget &messageParent)
+namespace {
+using Host = ILayoutInterfaceHandler;
+}
+
+CMappingCommands::CMappingCommands(CLayoutData &store, QWidget &messageParent)
     : m_store(store)
-    , m_panel(panel)
     , m_messageParent(messageParent)
 {
-    connect(&panel, &CLayoutSidePanel::notifyReadMapping, this, &CMappingCommands::read);
-    connect(&panel, &CLayoutSidePanel::notifySaveMapping, this, &CMappingCommands::save);
 }
 
-void CMappingCommands::read(ReadSaveMappingRole role, const SMappingOptions &options)
+void CMappingCommands::readMapping(ReadSaveMappingRole role, const SMappingOptions &options, Ended ended)
 {
-    m_store.syncLayoutData(true); // the host compares what it reads with what the editor shows
-    m_panel.setMappingBusy(true);
-    CHostAccess::handler()->readMapping(
-        role, options, [self = QPointer<CMappingCommands>(this)](const SDeviceOutcome &outcome) {
-            if (self)
-                self->endRead(outcome);
-        });
+    const auto done = whenDone(ended, tr("Read mapping successful."), tr("Read mapping failed."));
+    // The host compares what it reads with what the editor shows.
+    if (!CHostAccess::flushAndCall(&Host::readMapping, role, options, done))
+        done({SDeviceOutcome::Failed, {}});
 }
 
-void CMappingCommands::save(ReadSaveMappingRole role)
+void CMappingCommands::saveMapping(ReadSaveMappingRole role, Ended ended)
 {
-    m_store.syncLayoutData(true);
-    m_panel.setMappingBusy(true);
-    CHostAccess::handler()->saveMapping(
-        role, m_store.layoutData(), [self = QPointer<CMappingCommands>(this)](const SDeviceOutcome &outcome) {
-            if (self)
-                self->endSave(outcome);
-        });
+    const auto done = whenDone(ended, tr("Save mapping successful."), tr("Save mapping failed."));
+    const auto save = [this, role, done](Host &host) { host.saveMapping(role, m_store.layoutData(), done); };
+    if (!CHostAccess::flushAndCall(save))
+        done({SDeviceOutcome::Failed, {}});
 }
 
-void CMappingCommands::endRead(const SDeviceOutcome &outcome)
+std::function<void(const SDeviceOutcome &)>
+CMappingCommands::whenDone(const Ended &ended, const QString &success, const QString &failure)
 {
-    m_panel.setMappingBusy(false);
-    report(outcome, tr("Read mapping successful."), tr("Read mapping failed."));
-}
-
-void CMappingCommands::endSave(const SDeviceOutcome &outcome)
-{
-    m_panel.setMappingBusy(false);
-    m_store.takeSavedMapping(); // also of a failure, of which the current processor may not be part
-    if (outcome.isDone())
-        m_panel.reportMappingSaved();
-    report(outcome, tr("Save mapping successful."), tr("Save mapping failed."));
+    return [self = QPointer<CMappingCommands>(this), ended, success, failure](const SDeviceOutcome &outcome) {
+        if (!self)
+            return;
+        ended(outcome.isDone());
+        self->report(outcome, success, failure);
+    };
 }
 
 void CMappingCommands::report(const SDeviceOutcome &outcome, const QString &success, const QString &failure)

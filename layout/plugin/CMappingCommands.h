@@ -2,33 +2,32 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/api/records/ReadSaveMappingRole.h"
-#include "layout/api/records/SHostRecords.h"
+#include "layout/panels/IMappingCommands.h"
 
 #include <QObject>
 
 class CLayoutData;
-class CLayoutSidePanel;
 class QWidget;
 
-/// Reads and saves the mapping when the side panel asks for it, and tells how it ended. The host works in the
-/// background; until it has ended, the panel starts nothing else. GUI thread.
-class CMappingCommands final : public QObject
+/// Has the host read and save the mapping, in the background, and tells the user how that ended. Once this is
+/// gone, an end that is still to come is told nobody. GUI thread.
+class CMappingCommands final : public QObject, public IMappingCommands
 {
     Q_OBJECT
 
 public:
-    /// All must outlive the commands.
-    CMappingCommands(CLayoutData &store, CLayoutSidePanel &panel, QWidget &messageParent);
+    /// Both must outlive the commands.
+    CMappingCommands(CLayoutData &store, QWidget &messageParent);
+
+    void readMapping(ReadSaveMappingRole role, const SMappingOptions &options, Ended ended) override;
+    void saveMapping(ReadSaveMappingRole role, Ended ended) override;
 
 private:
-    void read(ReadSaveMappingRole role, const SMappingOptions &options);
-    void save(ReadSaveMappingRole role);
-    void endRead(const SDeviceOutcome &outcome);
-    void endSave(const SDeviceOutcome &outcome);
+    /// What the host is to call at the end.
+    std::function<void(const SDeviceOutcome &)> whenDone(const Ended &ended, const QString &success,
+                                                         const QString &failure);
     void report(const SDeviceOutcome &outcome, const QString &success, const QString &failure);
 
     CLayoutData &m_store;
-    CLayoutSidePanel &m_panel;
     QWidget &m_messageParent;
 };

@@ -2,9 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CParameterCheck.h"
 
-#include "layout/api/ILayoutInterfaceHandler.h"
 #include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
+
+namespace {
+using Host = ILayoutInterfaceHandler;
+}
 
 CParameterCheck::CParameterCheck(const CLayoutData &store)
     : m_store(store)
@@ -14,7 +17,7 @@ CParameterCheck::CParameterCheck(const CLayoutData &store)
 CResult<QList<CParameterCheck::Cabinet>> CParameterCheck::run() const
 {
     using Result = CResult<QList<Cabinet>>;
-    if (CHostAccess::handler()->getDetectedProcessorCount() == 0)
+    if (CHostAccess::call(&Host::getDetectedProcessorCount) == 0)
         return Result::failure(tr("No processor is detected."));
     const QList<Cabinet> cabinets = detectedCabinets();
     if (cabinets.isEmpty())
@@ -30,12 +33,12 @@ CResult<QList<CParameterCheck::Cabinet>> CParameterCheck::run() const
 QList<CParameterCheck::Cabinet> CParameterCheck::detectedCabinets()
 {
     QList<Cabinet> cabinets;
-    const auto handler = CHostAccess::handler();
-    const QList<ProcessorTree::ProcessorNode> processors = handler->processors();
+    const QList<ProcessorTree::ProcessorNode> processors = CHostAccess::flushAndCall(&Host::processors);
     for (const ProcessorTree::ProcessorNode &processor : processors) {
         if (processor.index < 0)
             continue;
-        const QVector<CabinetLayout::CabinetPort> ports = handler->layoutData(processor.uuid).layout.ports;
+        const QVector<CabinetLayout::CabinetPort> ports =
+            CHostAccess::call(&Host::layoutData, processor.uuid).layout.ports;
         for (const CabinetLayout::CabinetPort &port : ports) {
             for (const Cabinet &cabinet : port.getAllCabinets())
                 cabinets << cabinet;
@@ -46,7 +49,7 @@ QList<CParameterCheck::Cabinet> CParameterCheck::detectedCabinets()
 
 QString CParameterCheck::processorOf(const Cabinet &cabinet)
 {
-    return CHostAccess::handler()->processorOfCabinet(cabinet.uuid).displayText();
+    return CHostAccess::call(&Host::processorOfCabinet, cabinet.uuid).displayText();
 }
 
 QString CParameterCheck::faultOf(const Cabinet &cabinet) const

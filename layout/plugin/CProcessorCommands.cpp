@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CProcessorCommands.h"
 
-#include "layout/api/ILayoutInterfaceHandler.h"
 #include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/plugin/CParameterCheck.h"
@@ -14,6 +13,10 @@
 #include <QFileInfo>
 
 #include <algorithm>
+
+namespace {
+using Host = ILayoutInterfaceHandler;
+}
 
 CProcessorCommands::CProcessorCommands(CLayoutData &store, QWidget &messageParent)
     : m_store(store)
@@ -28,9 +31,8 @@ void CProcessorCommands::importMapping(const QUuid &processor)
     if (file.isEmpty())
         return;
     rememberFolder(file);
-    m_store.syncLayoutData(true); // locked ports keep what the editor shows
     const bool overwrite = mayOverwriteLocked(processor);
-    report(CHostAccess::handler()->importProcessorMapping(processor, file, overwrite),
+    report(CHostAccess::flushAndCall(&Host::importProcessorMapping, processor, file, overwrite),
            tr("Import mapping successful."), tr("Import mapping failed."));
 }
 
@@ -45,43 +47,40 @@ void CProcessorCommands::exportMapping(const QUuid &processor)
         return;
     const QString file = dialog.selectedFiles().value(0);
     rememberFolder(file);
-    m_store.syncLayoutData(true);
-    report(CHostAccess::handler()->exportProcessorMapping(processor, file), tr("Export mapping successful."),
-           tr("Export mapping failed."));
+    report(CHostAccess::flushAndCall(&Host::exportProcessorMapping, processor, file),
+           tr("Export mapping successful."), tr("Export mapping failed."));
 }
 
 void CProcessorCommands::copyMapping(const QUuid &from, const QUuid &to)
 {
-    m_store.syncLayoutData(true);
     const bool overwrite = mayOverwriteLocked(to);
-    report(CHostAccess::handler()->copyProcessorMapping(from, to, overwrite),
+    report(CHostAccess::flushAndCall(&Host::copyProcessorMapping, from, to, overwrite),
            tr("Import mapping successful."), tr("Import mapping failed."));
 }
 
 void CProcessorCommands::setStatusLed(bool on)
 {
-    reportSet(CHostAccess::handler()->setCabinetStatusLed(on));
+    reportSet(CHostAccess::flushAndCall(&Host::setCabinetStatusLed, on));
 }
 
 void CProcessorCommands::setPortCount(const QUuid &processor, int count)
 {
-    m_store.syncLayoutData(true); // the host refuses when a port that would go still holds cabinets
-    reportSet(CHostAccess::handler()->setOutputPortCount(processor, count));
+    // The host refuses when a port that would go still holds cabinets.
+    reportSet(CHostAccess::flushAndCall(&Host::setOutputPortCount, processor, count));
 }
 
 void CProcessorCommands::setRedundancyFor(const QUuid &primary, const QUuid &redundancy)
 {
-    reportSet(CHostAccess::handler()->setProcessorRedundancy(primary, redundancy));
+    reportSet(CHostAccess::flushAndCall(&Host::setProcessorRedundancy, primary, redundancy));
 }
 
 void CProcessorCommands::cancelRedundancy(const QUuid &processor)
 {
-    reportSet(CHostAccess::handler()->cancelProcessorRedundancy(processor));
+    reportSet(CHostAccess::flushAndCall(&Host::cancelProcessorRedundancy, processor));
 }
 
 void CProcessorCommands::saveParameters()
 {
-    m_store.syncLayoutData(true); // the check takes the host's cabinets
     const CResult<QList<CParameterCheck::Cabinet>> checked = CParameterCheck(m_store).run();
     if (checked)
         CCabinetParaSave(checked.value(), m_store.typeLibrary(), &m_messageParent).exec();
@@ -97,14 +96,18 @@ void CProcessorCommands::showInformation(const QList<CabinetLayout::CabinetPort:
 
 void CProcessorCommands::setVideoProcessorMode()
 {
-    const auto handler = CHostAccess::handler();
-    reportSet(handler->setWorkMode(handler->currentProcessorNode().uuid, ProcessorWorkMode::VideoProcessor));
+    setWorkMode(ProcessorWorkMode::VideoProcessor);
 }
 
 void CProcessorCommands::setBypassMode()
 {
-    const auto handler = CHostAccess::handler();
-    reportSet(handler->setWorkMode(handler->currentProcessorNode().uuid, ProcessorWorkMode::Bypass));
+    setWorkMode(ProcessorWorkMode::Bypass);
+}
+
+void CProcessorCommands::setWorkMode(ProcessorWorkMode mode)
+{
+    const QUuid current = CHostAccess::call(&Host::currentProcessorNode).uuid;
+    reportSet(CHostAccess::call(&Host::setWorkMode, current, mode));
 }
 
 void CProcessorCommands::setCustomMarkup(bool on)
@@ -122,7 +125,7 @@ bool CProcessorCommands::customMarkup() const
 bool CProcessorCommands::mayOverwriteLocked(const QUuid &processor)
 {
     const QVector<CabinetLayout::CabinetPort> ports =
-        CHostAccess::handler()->layoutData(processor).layout.ports;
+        CHostAccess::flushAndCall(&Host::layoutData, processor).layout.ports;
     const bool locked = std::any_of(ports.begin(), ports.end(),
                                     [](const CabinetLayout::CabinetPort &port) { return port.locked; });
     return locked &&
@@ -141,7 +144,7 @@ void CProcessorCommands::report(bool done, const QString &success, const QString
     if (done)
         CMessageBox::information(&m_messageParent, success);
     else
-        CMessageBox::information(&m_messageParent, failure, CHostAccess::handler()->lastError());
+        CMessageBox::information(&m_messageParent, failure, CHostAccess::call(&Host::lastError));
 }
 
 void CProcessorCommands::reportSet(bool done)

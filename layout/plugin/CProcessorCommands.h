@@ -3,6 +3,7 @@
 #pragma once
 
 #include "layout/api/records/CabinetLayout.h"
+#include "layout/api/records/SHostRecords.h"
 
 #include <QObject>
 
@@ -40,6 +41,7 @@ private:
     void rememberFolder(const QString &file);
     void report(bool done, const QString &success, const QString &failure);
     void reportSet(bool done);
+    void setWorkMode(ProcessorWorkMode mode);
 
     CLayoutData &m_store;
     QWidget &m_messageParent;

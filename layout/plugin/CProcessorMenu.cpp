@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CProcessorMenu.h"
 
-#include "layout/api/ILayoutInterfaceHandler.h"
 #include "layout/api/access/CHostAccess.h"
 #include "layout/plugin/CProcessorCommands.h"
 
@@ -12,6 +11,8 @@
 #include <algorithm>
 
 namespace {
+
+using Host = ILayoutInterfaceHandler;
 
 const QString ImportIcon = QStringLiteral(":/Image/Layout/PortList/Menu/import.svg");
 const QString ExportIcon = QStringLiteral(":/Image/Layout/PortList/Menu/export.svg");
@@ -39,9 +40,9 @@ CProcessorMenu::CProcessorMenu(QMenu &menu, CProcessorCommands &commands, const 
                                bool editable, const Cabinets &selected)
     : m_menu(menu)
     , m_commands(commands)
-    , m_processor(CHostAccess::handler()->getProcessorNode(processor))
+    , m_processor(CHostAccess::call(&Host::getProcessorNode, processor))
     , m_selected(selected)
-    , m_modeReason(CHostAccess::handler()->isFiberTransceiverMode(processor) ? fiberText() : QString())
+    , m_modeReason(CHostAccess::call(&Host::isFiberTransceiverMode, processor) ? fiberText() : QString())
     , m_editReason(m_modeReason.isEmpty() && !editable ? tr("Editing is locked") : m_modeReason)
 {
 }
@@ -96,8 +97,8 @@ void CProcessorMenu::addPortCounts()
 {
     CProcessorCommands *commands = &m_commands;
     const QUuid processor = m_processor.uuid;
-    const int set = CHostAccess::handler()->outputPortCount(processor);
-    const int maximum = CHostAccess::handler()->maximumPortCount(processor);
+    const int set = CHostAccess::call(&Host::outputPortCount, processor);
+    const int maximum = CHostAccess::call(&Host::maximumPortCount, processor);
     QMenu *counts = addSubmenu(m_menu, tr("Number of output ports"));
     for (const int count : PortCounts) {
         QAction *entry = addEntry(*counts, QString::number(count), [commands, processor, count, set] {
@@ -120,7 +121,7 @@ void CProcessorMenu::addRedundancy()
         tr("Set as redundancy for"), BackupIcon,
         [commands, processor](const QUuid &other) { commands->setRedundancyFor(other, processor); });
     allowUnless(primaries->menuAction(), reasonFor(*primaries, m_modeReason));
-    const QList<QPair<QUuid, QUuid>> pairs = CHostAccess::handler()->processorRedundancies();
+    const QList<QPair<QUuid, QUuid>> pairs = CHostAccess::call(&Host::processorRedundancies);
     const bool paired =
         std::any_of(pairs.begin(), pairs.end(), [&processor](const QPair<QUuid, QUuid> &pair) {
             return pair.first == processor || pair.second == processor;
@@ -156,7 +157,7 @@ void CProcessorMenu::addCabinetInformation()
 
 QString CProcessorMenu::currentReason() const
 {
-    const bool current = CHostAccess::handler()->currentProcessorNode().uuid == m_processor.uuid;
+    const bool current = CHostAccess::call(&Host::currentProcessorNode).uuid == m_processor.uuid;
     const QString reason = current ? QString() : tr("The processor is not the current one");
     return m_modeReason.isEmpty() ? reason : m_modeReason;
 }
@@ -171,11 +172,11 @@ QMenu *CProcessorMenu::addOtherProcessors(const QString &text, const QString &ic
                                           const std::function<void(const QUuid &)> &chosen)
 {
     QMenu *submenu = addSubmenu(m_menu, text, icon);
-    const QList<ProcessorTree::ProcessorNode> processors = CHostAccess::handler()->processors();
+    const QList<ProcessorTree::ProcessorNode> processors = CHostAccess::call(&Host::processors);
     for (const ProcessorTree::ProcessorNode &other : processors) {
         if (other.uuid == m_processor.uuid)
             continue;
-        const bool fiber = CHostAccess::handler()->isFiberTransceiverMode(other.uuid);
+        const bool fiber = CHostAccess::call(&Host::isFiberTransceiverMode, other.uuid);
         QAction *entry = addEntry(*submenu, fiber ? fiberText() : other.displayText(),
                                   [chosen, uuid = other.uuid] { chosen(uuid); });
         if (fiber) // the entry says why, the tip which one

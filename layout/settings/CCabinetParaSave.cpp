@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/settings/CCabinetParaSave.h"
 
-#include "layout/api/ILayoutInterfaceHandler.h"
 #include "layout/api/access/CHostAccess.h"
 #include "layout/settings/TypeMenu.h"
 #include "platform/widgets/CMessageBox.h"
@@ -98,15 +97,17 @@ void CCabinetParaSave::onTypeChanged()
 
 void CCabinetParaSave::accept()
 {
-    const auto handler = CHostAccess::handler();
-    if (handler && !handler->areOnPrimaryPorts(m_cabinets)) {
+    using Host = ILayoutInterfaceHandler;
+    const bool onBackup =
+        CHostAccess::flushAndCall([this](const Host &host) { return !host.areOnPrimaryPorts(m_cabinets); });
+    if (onBackup) {
         CMessageBox::information(this, tr("Unable to save, please make sure the cabinets are connected to "
                                           "primary output ports."));
         return;
     }
     const SMD5 type = m_type->currentData().value<RcvTypeInfo>().key;
-    if (!handler || !handler->sendCabinetParameters(m_cabinets, type, m_gamma->value())) {
-        CMessageBox::information(this, tr("Save failed."), handler ? handler->lastError() : QString());
+    if (!CHostAccess::flushAndCall(&Host::sendCabinetParameters, m_cabinets, type, m_gamma->value())) {
+        CMessageBox::information(this, tr("Save failed."), CHostAccess::call(&Host::lastError));
         return;
     }
     CMessageBox::information(this, tr("Save successful."));

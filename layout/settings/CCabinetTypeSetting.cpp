@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/settings/CCabinetTypeSetting.h"
 
-#include "layout/api/ILayoutInterfaceHandler.h"
 #include "layout/api/access/CHostAccess.h"
 #include "layout/settings/CTypeSizeRule.h"
 #include "layout/settings/TypeMenu.h"
@@ -91,8 +90,7 @@ void CCabinetTypeSetting::onActionTriggered(const QAction *action)
 
 void CCabinetTypeSetting::showTypeLibrary()
 {
-    if (const auto handler = CHostAccess::handler())
-        handler->showTypeLibrary(this);
+    CHostAccess::call(&ILayoutInterfaceHandler::showTypeLibrary, this);
 }
 
 bool CCabinetTypeSetting::fitsAllCabinets() const

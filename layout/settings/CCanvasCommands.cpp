@@ -2,13 +2,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/settings/CCanvasCommands.h"
 
-#include "layout/api/ILayoutInterfaceHandler.h"
 #include "layout/api/access/CHostAccess.h"
 #include "layout/settings/CCanvasBackgroundSetting.h"
 #include "layout/settings/CCanvasSizeSetting.h"
 #include "layout/settings/CEleCurrentAdjustDialog.h"
 #include "layout/settings/CFrameRateColorDepthSetting.h"
 #include "platform/widgets/CMessageBox.h"
+
+namespace {
+using Host = ILayoutInterfaceHandler;
+}
 
 CCanvasCommands::CCanvasCommands(QWidget &window, QObject *parent)
     : QObject(parent)
@@ -21,9 +24,9 @@ void CCanvasCommands::setFrameRateAndColorDepth()
     const QUuid processor = CProcessorInView::key();
     if (processor.isNull())
         return;
-    const auto before = CHostAccess::handler();
-    CFrameRateColorDepthSetting dialog(before->signalModes(), before->frameRate(), before->colorDepth(),
-                                       &m_window);
+    CFrameRateColorDepthSetting dialog(CHostAccess::call(&Host::signalModes),
+                                       CHostAccess::call(&Host::frameRate),
+                                       CHostAccess::call(&Host::colorDepth), &m_window);
     if (dialog.exec() == QDialog::Accepted)
         set(processor, [&dialog](ILayoutInterfaceHandler &host) {
             return host.setFrameRateAndColorDepth(dialog.frameRate(), dialog.colorDepth());
@@ -35,8 +38,8 @@ void CCanvasCommands::setCanvasSize()
     const QUuid processor = CProcessorInView::key();
     if (processor.isNull())
         return;
-    const auto before = CHostAccess::handler();
-    CCanvasSizeSetting dialog(before->canvasLimits(), before->getCanvasSize(), &m_window);
+    CCanvasSizeSetting dialog(CHostAccess::call(&Host::canvasLimits), CHostAccess::call(&Host::getCanvasSize),
+                              &m_window);
     if (dialog.exec() == QDialog::Accepted)
         set(processor,
             [&dialog](ILayoutInterfaceHandler &host) { return host.setCanvasSize(dialog.canvasSize()); });
@@ -47,7 +50,7 @@ void CCanvasCommands::setCanvasFill()
     const QUuid processor = CProcessorInView::key();
     if (processor.isNull())
         return;
-    SBackgroundInfo before = CHostAccess::handler()->background(processor);
+    SBackgroundInfo before = CHostAccess::call(&Host::background, processor);
     before.processor = processor;
     CCanvasBackgroundSetting dialog(before, &m_window);
     connect(&dialog, &CCanvasBackgroundSetting::changed, this,

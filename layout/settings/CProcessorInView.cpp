@@ -2,14 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/settings/CProcessorInView.h"
 
-#include "layout/api/ILayoutInterfaceHandler.h"
 #include "layout/api/access/CHostAccess.h"
 #include "platform/widgets/CMessageBox.h"
 
 QUuid CProcessorInView::key()
 {
-    const auto handler = CHostAccess::handler();
-    return handler ? handler->currentProcessorNode().uuid : QUuid();
+    return CHostAccess::call(&ILayoutInterfaceHandler::currentProcessorNode).uuid;
 }
 
 bool CProcessorInView::isStill(const QUuid &processor, QWidget *window, const QString &failure)
@@ -25,9 +23,8 @@ bool CProcessorInView::carryOut(const QUuid &processor, QWidget *window, const O
 {
     if (!isStill(processor, window, failure))
         return false;
-    const auto handler = CHostAccess::handler();
-    if (handler && operation(*handler))
+    if (CHostAccess::flushAndCall(operation))
         return true;
-    CMessageBox::information(window, failure, handler ? handler->lastError() : QString());
+    CMessageBox::information(window, failure, CHostAccess::call(&ILayoutInterfaceHandler::lastError));
     return false;
 }

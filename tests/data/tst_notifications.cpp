@@ -2,10 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/api/LayoutNotification.h"
 #include "layout/data/CLayoutData.h"
-#include "tests/harness/CFakeHost.h"
 #include "tests/harness/CSignalLog.h"
 #include "tests/harness/CTestBase.h"
-#include "tests/harness/StoreBarrier.h"
+#include "tests/harness/SStoreWorld.h"
 
 namespace {
 
@@ -43,12 +42,10 @@ private:
     }
 };
 
-struct SDispatchScene final
+struct SDispatchScene final : SStoreWorld
 {
-    CFakeHost host;
     QUuid a = host.addProcessor(QStringLiteral("A"), 3, 1);
     CFakeController controller;
-    CLayoutData store;
     std::mutex mutex;
     QStringList signalled;
     QMap<QString, std::thread::id> threads;
@@ -56,20 +53,15 @@ struct SDispatchScene final
     SDispatchScene()
     {
         connectSignals();
-        host.subject()->attach(store);
         store.setController(&controller);
-        host.choose(a);
-        host.notify(LayoutNotification::CurrentProcessorChanged, a);
+        show(a);
+        store.openProcessor(a);
         settle();
         controller.invoked.clear();
         threads.clear();
         host.answers()->forgetCalls();
     }
-    ~SDispatchScene()
-    {
-        host.subject()->detach(store);
-        store.stop();
-    }
+    ~SDispatchScene() { store.stop(); } // before what the signals use goes
     template <typename Signal>
     void noteSignal(Signal signal, const char *name)
     {
@@ -237,7 +229,12 @@ private Q_SLOTS:
         scene.store.setCurrentPort(2);
         scene.host.answers()->layouts[scene.a].canvas = QSize(640, 480);
         CSignalLog canvas(&scene.store, &CLayoutData::notifyProcessorCanvasSizeChanged);
+        std::atomic<int> portWhenTold{2};
+        connect(
+            &scene.store, &CLayoutData::notifyDetectFinished, &scene.store,
+            [&] { portWhenTold = scene.store.currentPort(); }, Qt::DirectConnection);
         scene.settle();
+        QCOMPARE(portWhenTold.load(), -1);
         QCOMPARE(canvas.count(), 1);
         QCOMPARE(canvas[0], QVariantList{QSize(640, 480)});
         QCOMPARE(scene.store.canvasSize(), QSize(640, 480));

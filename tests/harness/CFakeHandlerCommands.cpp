@@ -3,6 +3,7 @@
 // What the module tells the host to do.
 #include "tests/harness/CFakeHandler.h"
 
+#include <QHash>
 #include <QPoint>
 
 /// Answers, and takes @p value over where it accepts.
@@ -29,7 +30,18 @@ void CFakeHandler::applyLayoutFollowUp(bool full)
 void CFakeHandler::commitLayoutData(const LayoutData &data)
 {
     const auto lock = note("commitLayoutData", {text(data.processor)});
-    layouts[data.processor] = data;
+    QHash<QUuid, int> places; // the host's own, see ILayoutInterfaceHandler
+    for (const Port &port : layouts.value(data.processor).layout.ports) {
+        for (const Port::Cabinet &cabinet : port.getAllCabinets())
+            places.insert(cabinet.uuid, cabinet.mappingIndex);
+    }
+    LayoutData &kept = layouts[data.processor] = data;
+    for (Port &port : kept.layout.ports) {
+        for (Port::CabinetGroup &group : port.groups) {
+            for (Port::Cabinet &cabinet : group.cabinets)
+                cabinet.mappingIndex = places.value(cabinet.uuid, -1);
+        }
+    }
 }
 
 bool CFakeHandler::exportProcessorMapping(const QUuid &processor, const QString &file)

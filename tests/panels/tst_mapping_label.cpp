@@ -4,16 +4,17 @@
 #include "layout/panels/CMappingLabel.h"
 #include "platform/widgets/CMenuToolButton.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/panels/SUnitWorld.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QMenu>
-#include <QPushButton>
-#include <QVBoxLayout>
 
 namespace {
 
 using Roles = QVector<ReadSaveMappingRole>;
+constexpr auto Current = ReadSaveMappingRole::Current;
+constexpr auto All = ReadSaveMappingRole::All;
 
 ProcessorTree::ProcessorNode onlineProcessor()
 {
@@ -23,47 +24,32 @@ ProcessorTree::ProcessorNode onlineProcessor()
     return node;
 }
 
-CMenuToolButton *buttonNamed(const QWidget &parent, const QString &text)
-{
-    for (CMenuToolButton *button : parent.findChildren<CMenuToolButton *>()) {
-        if (button->text() == text)
-            return button;
-    }
-    return nullptr;
-}
-
 bool takesAClick(const CMenuToolButton &button)
 {
     return button.isEnabled() && button.menu()->defaultAction()->isEnabled();
 }
 
-QCheckBox *optionNamed(const QWidget &parent, const QString &text)
+/// The side panel with its mapping unit, shown; the processor in view is online.
+struct SMappingPanel final : SUnitWorld
 {
-    for (QCheckBox *option : parent.findChildren<QCheckBox *>()) {
-        if (option->text() == text)
-            return option;
-    }
-    return nullptr;
-}
-
-/// Keeps what a mapping unit asked for.
-struct SRequests
-{
-    template <typename Sender>
-    explicit SRequests(Sender &sender)
+    SMappingPanel()
     {
-        QObject::connect(&sender, &Sender::notifyReadMapping, &sender,
-                         [this](ReadSaveMappingRole role, const SMappingOptions &wanted) {
-                             reads << role;
-                             options = wanted;
-                         });
-        QObject::connect(&sender, &Sender::notifySaveMapping, &sender,
-                         [this](ReadSaveMappingRole role) { saves << role; });
+        panel.onCurrentProcessorChanged(onlineProcessor());
+        panel.show();
     }
+    CMenuToolButton &button(const char *text) const
+    {
+        for (CMenuToolButton *button : panel.findChildren<CMenuToolButton *>()) {
+            if (button->text() == QLatin1String(text))
+                return *button;
+        }
+        qFatal("There is no button %s", text);
+    }
+    void click(const char *text) const { QTest::mouseClick(&button(text), Qt::LeftButton); }
 
-    Roles reads;
-    Roles saves;
-    SMappingOptions options;
+    CLayoutSidePanel panel{services};
+    CMenuToolButton &read = button("Read");
+    CMenuToolButton &save = button("Save");
 };
 
 } // namespace
@@ -73,92 +59,44 @@ class CMappingLabelTest final : public CTestBase
     Q_OBJECT
 
 private Q_SLOTS:
-    void offersTheCurrentProcessorFirst_data()
-    {
-        QTest::addColumn<QString>("button");
-        QTest::addColumn<QString>("entries");
-        QTest::newRow("read") << "Read"
-                              << "Current processor cabinets|All cabinets";
-        QTest::newRow("save") << "Save"
-                              << "Current processor and cabinets|All processors and cabinets";
-    }
-
-    void offersTheCurrentProcessorFirst()
-    {
-        QFETCH(QString, button);
-        QFETCH(QString, entries);
-        CMappingLabel unit;
-        QCOMPARE(unit.title(), QStringLiteral("Mapping"));
-        const CMenuToolButton *tool = buttonNamed(unit, button);
-        QVERIFY(tool);
-        QStringList texts;
-        Roles roles;
-        for (const QAction *action : tool->menu()->actions()) {
-            texts << action->text();
-            roles << action->data().value<ReadSaveMappingRole>();
-        }
-        QCOMPARE(texts.join(QLatin1Char('|')), entries);
-        QCOMPARE(roles, (Roles{ReadSaveMappingRole::Current, ReadSaveMappingRole::All}));
-        QCOMPARE(tool->menu()->defaultAction(), tool->menu()->actions().first());
-    }
-
     void aClickMeansTheCurrentProcessorWhateverWasChosenBefore()
     {
-        CMappingLabel unit;
-        unit.onCurrentProcessorChanged(onlineProcessor());
-        unit.show();
-        const SRequests requests(unit);
-        CMenuToolButton *save = buttonNamed(unit, QStringLiteral("Save"));
-        QTest::mouseClick(save, Qt::LeftButton);
-        QCOMPARE(requests.saves, Roles{ReadSaveMappingRole::Current});
-
-        save->menu()->actions().last()->trigger();
-        QTest::mouseClick(save, Qt::LeftButton);
-        QCOMPARE(requests.saves.mid(1), (Roles{ReadSaveMappingRole::All, ReadSaveMappingRole::Current}));
-        QCOMPARE(save->text(), QStringLiteral("Save"));
-        QCOMPARE(save->toolTip(), QStringLiteral("Current processor and cabinets"));
-        QVERIFY(requests.reads.isEmpty());
+        SMappingPanel unit;
+        for (const char *text : {"Read", "Save"}) {
+            unit.click(text);
+            unit.mapping.end(true);
+            unit.button(text).menu()->actions().last()->trigger();
+            unit.mapping.end(true);
+            unit.click(text);
+            unit.mapping.end(true);
+        }
+        QCOMPARE(unit.mapping.reads, (Roles{Current, All, Current}));
+        QCOMPARE(unit.mapping.saves, (Roles{Current, All, Current}));
     }
 
     void saysWhyItCannotBeUsed()
     {
-        CMappingLabel unit;
-        const CMenuToolButton *read = buttonNamed(unit, QStringLiteral("Read"));
-        const CMenuToolButton *save = buttonNamed(unit, QStringLiteral("Save"));
-        QVERIFY(!takesAClick(*save));
-        QCOMPARE(save->toolTip(), QStringLiteral("Please select a single processor that is online"));
-        unit.onCurrentProcessorChanged(onlineProcessor());
-        unit.setReadBlocked(true);
-        QVERIFY(!read->isEnabled() && save->isEnabled());
-        QCOMPARE(read->toolTip(), QStringLiteral("Editing is locked"));
-        unit.setReadBlocked(false);
-        QVERIFY(read->isEnabled());
-        QCOMPARE(read->toolTip(), QStringLiteral("Current processor cabinets"));
-        unit.setBusy(true);
-        QCOMPARE(save->toolTip(), QStringLiteral("The mapping is being read or saved"));
-    }
-
-    void allCanBeChosenWithoutACurrentProcessor_data()
-    {
-        QTest::addColumn<bool>("known");
-        QTest::newRow("none") << false;
-        QTest::newRow("offline") << true;
+        SMappingPanel unit;
+        QCOMPARE(unit.read.toolTip(), QStringLiteral("Current processor cabinets"));
+        unit.panel.setEditingBlocked(true);
+        QVERIFY(!unit.read.isEnabled() && unit.save.isEnabled());
+        QCOMPARE(unit.read.toolTip(), QStringLiteral("Editing is locked"));
+        unit.panel.setEditingBlocked(false);
+        QVERIFY(unit.read.isEnabled());
+        unit.panel.onCurrentProcessorChanged({});
+        QCOMPARE(unit.save.toolTip(), QStringLiteral("Please select a single processor that is online"));
+        unit.save.menu()->actions().last()->trigger();
+        QCOMPARE(unit.read.toolTip(), QStringLiteral("The mapping is being read or saved"));
     }
 
     void allCanBeChosenWithoutACurrentProcessor()
     {
-        QFETCH(bool, known);
-        ProcessorTree::ProcessorNode processor = onlineProcessor();
-        processor.online = false;
-        CMappingLabel unit;
-        if (known)
-            unit.onCurrentProcessorChanged(processor);
-        unit.show();
-        SRequests requests(unit);
-        for (const char *name : {"Read", "Save"}) {
-            CMenuToolButton *button = buttonNamed(unit, QString::fromLatin1(name));
+        SMappingPanel unit;
+        unit.panel.onCurrentProcessorChanged({});
+        for (CMenuToolButton *button : {&unit.read, &unit.save}) {
             QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(20, 12));
             QTest::keyClick(button, Qt::Key_Space);
+            QVERIFY(unit.mapping.running.empty());
             bool wasOpen = false;
             QTimer::singleShot(0, button, [menu = button->menu(), &wasOpen] {
                 wasOpen = menu->isVisible();
@@ -167,10 +105,11 @@ private Q_SLOTS:
                 menu->close();
             });
             QTest::keyClick(button, Qt::Key_Down); // returns once the drop-down is closed
-            QVERIFY2(wasOpen, name);
+            QVERIFY(wasOpen);
+            unit.mapping.end(true);
         }
-        QCOMPARE(requests.reads, Roles{ReadSaveMappingRole::All});
-        QCOMPARE(requests.saves, Roles{ReadSaveMappingRole::All});
+        QCOMPARE(unit.mapping.reads, Roles{All});
+        QCOMPARE(unit.mapping.saves, Roles{All});
     }
 
     void aBlockedDefaultLooksIt()
@@ -198,26 +137,20 @@ private Q_SLOTS:
         QTest::newRow("realtime") << "Realtime mapping" << 1;
         QTest::newRow("from processor") << "Mapping from processor" << 2;
     }
-
     void aReadTakesTheOptionsAlong()
     {
         QFETCH(QString, option);
         QFETCH(int, changed);
-        CMappingLabel unit;
-        unit.onCurrentProcessorChanged(onlineProcessor());
-        unit.show();
-        const SRequests requests(unit);
-        QCheckBox *box = optionNamed(unit, option);
-        QVERIFY(box);
-        QCOMPARE(box->width(), 284);
-        QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
-        QTest::mouseClick(buttonNamed(unit, QStringLiteral("Read")), Qt::LeftButton);
-
-        QCOMPARE(requests.reads, Roles{ReadSaveMappingRole::Current});
+        SMappingPanel unit;
+        for (QCheckBox *box : unit.panel.findChildren<QCheckBox *>()) {
+            if (box->text() == option)
+                box->toggle();
+        }
+        unit.click("Read");
         const SMappingOptions initial;
-        QCOMPARE(requests.options.numberMapping != initial.numberMapping, changed == 0);
-        QCOMPARE(requests.options.realtime != initial.realtime, changed == 1);
-        QCOMPARE(requests.options.mappingFromProcessor != initial.mappingFromProcessor, changed == 2);
+        QCOMPARE(unit.mapping.options.numberMapping != initial.numberMapping, changed == 0);
+        QCOMPARE(unit.mapping.options.realtime != initial.realtime, changed == 1);
+        QCOMPARE(unit.mapping.options.mappingFromProcessor != initial.mappingFromProcessor, changed == 2);
     }
 
     void needsAProcessorThatAnswers_data()
@@ -235,36 +168,53 @@ private Q_SLOTS:
         node.online = true;
         QTest::newRow("none") << node << false;
     }
-
     void needsAProcessorThatAnswers()
     {
         QFETCH(ProcessorTree::ProcessorNode, processor);
         QFETCH(bool, usable);
-        CMappingLabel unit;
-        const CMenuToolButton *read = buttonNamed(unit, QStringLiteral("Read"));
-        const CMenuToolButton *save = buttonNamed(unit, QStringLiteral("Save"));
-        QVERIFY(!takesAClick(*read) && !takesAClick(*save));
-        unit.onCurrentProcessorChanged(processor);
-        QCOMPARE(takesAClick(*read), usable);
-        QCOMPARE(takesAClick(*save), usable);
-        unit.onCurrentProcessorStateChanged(onlineProcessor());
-        QVERIFY(takesAClick(*read) && takesAClick(*save));
+        SMappingPanel unit;
+        unit.panel.onCurrentProcessorChanged(processor);
+        QCOMPARE(takesAClick(unit.read), usable);
+        QCOMPARE(takesAClick(unit.save), usable);
+        unit.panel.onCurrentProcessorStateChanged(onlineProcessor());
+        QVERIFY(takesAClick(unit.read) && takesAClick(unit.save));
     }
 
     void runsOneOperationAtATime()
     {
-        CMappingLabel unit;
-        unit.onCurrentProcessorChanged(onlineProcessor());
-        const CMenuToolButton *read = buttonNamed(unit, QStringLiteral("Read"));
-        const CMenuToolButton *save = buttonNamed(unit, QStringLiteral("Save"));
-        unit.setBusy(true);
-        unit.onCurrentProcessorStateChanged(onlineProcessor());
-        QVERIFY(!read->isEnabled() && !save->isEnabled());
-        unit.onCurrentProcessorStateChanged({});
-        unit.setBusy(false);
-        QVERIFY(!takesAClick(*read) && !takesAClick(*save));
-        unit.onCurrentProcessorStateChanged(onlineProcessor());
-        QVERIFY(takesAClick(*read) && takesAClick(*save));
+        SMappingPanel unit;
+        unit.click("Read");
+        unit.panel.onCurrentProcessorStateChanged(onlineProcessor());
+        QVERIFY(!unit.read.isEnabled() && !unit.save.isEnabled());
+        unit.mapping.end(true);
+        QVERIFY(takesAClick(unit.read) && takesAClick(unit.save));
+    }
+
+    void aSaveThatSucceededIsAnnounced()
+    {
+        SMappingPanel unit;
+        QSignalSpy saved(&unit.panel, &CLayoutSidePanel::notifySaveMappingSuccessed);
+        unit.click("Read");
+        unit.mapping.end(true);
+        unit.click("Save");
+        unit.mapping.end(false);
+        QCOMPARE(saved.size(), 0);
+        unit.click("Save");
+        unit.mapping.end(true);
+        QCOMPARE(saved.size(), 1);
+    }
+
+    void anEndThatComesTooLateIsIgnored()
+    {
+        SUnitWorld world;
+        {
+            CMappingLabel unit(world.services);
+            for (const CMenuToolButton *button : unit.findChildren<CMenuToolButton *>())
+                button->menu()->actions().last()->trigger();
+        }
+        QCOMPARE(world.mapping.running.size(), size_t(2));
+        world.mapping.end(true);
+        world.mapping.end(true);
     }
 
     void theFocusComesBackAfterAnOperation_data()
@@ -276,58 +226,29 @@ private Q_SLOTS:
     void theFocusComesBackAfterAnOperation()
     {
         QFETCH(bool, moved);
-        QWidget window;
-        auto *column = new QVBoxLayout(&window);
-        auto *unit = new CMappingLabel;
-        auto *next = new QPushButton;
-        column->addWidget(unit);
-        column->addWidget(next);
-        unit->onCurrentProcessorChanged(onlineProcessor());
-        window.show();
-        CMenuToolButton *save = buttonNamed(*unit, QStringLiteral("Save"));
-        save->setFocus();
-        unit->setBusy(true);
-        QVERIFY(window.focusWidget() != save);
-        auto *option = unit->findChild<QCheckBox *>();
+        SMappingPanel unit;
+        unit.save.setFocus();
+        unit.click("Save");
+        QVERIFY(unit.panel.window()->focusWidget() != &unit.save);
+        auto *option = unit.panel.findChild<QCheckBox *>();
         if (moved)
             option->setFocus();
-        unit->setBusy(false);
-        QCOMPARE(window.focusWidget(), moved ? static_cast<QWidget *>(option) : save);
+        unit.mapping.end(true);
+        QCOMPARE(unit.panel.window()->focusWidget(), moved ? static_cast<QWidget *>(option) : &unit.save);
     }
 
     void theDropDownClosesWhenAnOperationBegins()
     {
-        CMappingLabel unit;
-        unit.onCurrentProcessorChanged(onlineProcessor());
-        unit.show();
-        CMenuToolButton *read = buttonNamed(unit, QStringLiteral("Read"));
+        SMappingPanel unit;
         bool wasOpen = false;
-        QTimer::singleShot(0, &unit, [&] {
-            wasOpen = read->menu()->isVisible();
-            unit.setBusy(true);
+        QTimer::singleShot(0, &unit.panel, [&] {
+            wasOpen = unit.read.menu()->isVisible();
+            unit.save.menu()->defaultAction()->trigger();
         });
-        QTest::keyClick(read, Qt::Key_Down); // returns once the drop-down is closed
+        QTest::keyClick(&unit.read, Qt::Key_Down); // returns once the drop-down is closed
         QVERIFY(wasOpen);
-        QVERIFY(!read->menu()->isVisible());
-        QVERIFY(!read->isEnabled());
-    }
-
-    void thePanelPassesEverythingOn()
-    {
-        CLayoutSidePanel panel;
-        panel.onCurrentProcessorChanged(onlineProcessor());
-        panel.show();
-        const SRequests requests(panel);
-        QSignalSpy saved(&panel, &CLayoutSidePanel::notifySaveMappingSuccessed);
-        QTest::mouseClick(buttonNamed(panel, QStringLiteral("Read")), Qt::LeftButton);
-        QTest::mouseClick(buttonNamed(panel, QStringLiteral("Save")), Qt::LeftButton);
-        QCOMPARE(requests.reads.size(), 1);
-        QCOMPARE(requests.saves.size(), 1);
-        QCOMPARE(saved.size(), 0);
-        panel.reportMappingSaved();
-        QCOMPARE(saved.size(), 1);
-        panel.setMappingBusy(true);
-        QVERIFY(!buttonNamed(panel, QStringLiteral("Save"))->isEnabled());
+        QVERIFY(!unit.read.menu()->isVisible());
+        QVERIFY(!unit.read.isEnabled());
     }
 };
 

@@ -8,7 +8,7 @@
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/plugin/CEditorCommands.h"
 #include "tests/harness/DialogUser.h"
-#include "tests/plugin/SStoreWorld.h"
+#include "tests/harness/SStoreWorld.h"
 
 #include <QtTest>
 

@@ -123,7 +123,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, state);
         if (state == QLatin1String("no port"))
-            m_world->store.setCurrentPort(-1);
+            settle(m_world->host, m_world->store); // a detection that the page does not know of
         m_world->store.setPortLocked(1, state == QLatin1String("locked"));
         if (state == QLatin1String("redundancy")) {
             auto &layout = m_world->host.answers()->layouts[m_world->store.currentProcessor()].layout;

@@ -1,13 +1,79 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/view/CEditorToolBar.h"
+#include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/plugin/CLayoutEditorPage.h"
+#include "tests/harness/CMessageBoxAnswerer.h"
+#include "tests/harness/CSignalLog.h"
 #include "tests/harness/CTestBase.h"
-#include "tests/plugin/SStoreWorld.h"
+#include "tests/harness/SStoreWorld.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QImage>
 #include <QLabel>
+#include <QMenu>
 #include <QTemporaryDir>
+#include <QUndoStack>
+
+namespace {
+
+/// The page with processor A, of three ports with four cabinets each, in a square.
+struct SPageWorld final : SStoreWorld
+{
+    QUuid a = host.addProcessor(QStringLiteral("A"), 3, 4);
+    QUuid b = host.addProcessor(QStringLiteral("B"), 3, 1);
+    CLayoutEditorPage page{store};
+
+    SPageWorld()
+    {
+        for (CabinetLayout::CabinetPort &port : host.answers()->layouts[a].layout.ports) {
+            for (int i = 0; i < 4; ++i)
+                port.groups[0].cabinets[i].rect.moveTo(100 * (i % 2), 200 * port.index + 100 * (i / 2));
+        }
+        open(a);
+    }
+    void open(const QUuid &processor)
+    {
+        show(processor);
+        page.setProcessor(answers()->getProcessorNode(processor));
+    }
+    CLayoutGraphicsView &view() const { return *page.findChild<CLayoutGraphicsView *>(); }
+    CCabinetGraphicsScene &scene() const { return view().cabinetScene(); }
+    QComboBox &ports() const { return *view().toolBar().findChild<QComboBox *>(); }
+    /// The menu behind the button of that name at the end of the tool bar, filled.
+    QMenu &menu(const char *name) const
+    {
+        for (const QAction *action : view().toolBar().actions()) {
+            if (action->text() == QLatin1String(name) && action->menu()) {
+                Q_EMIT action->menu()->aboutToShow();
+                return *action->menu();
+            }
+        }
+        qFatal("There is no button %s", name);
+    }
+    QMenu &portMenu() const { return menu("Lock and redundancy of the output port"); }
+    static QAction &entry(const QMenu &menu, const char *text)
+    {
+        for (QAction *action : menu.actions()) {
+            if (action->text() == QLatin1String(text))
+                return *action;
+        }
+        qFatal("There is no entry %s", text);
+    }
+    QVector<int> ranks(int port) const
+    {
+        QMap<QPair<int, int>, int> byPlace;
+        for (const CGraphicsCabinetItem *item : scene().portItem(port)->cabinets(nullptr))
+            byPlace.insert({item->cabinet().rect.y(), item->cabinet().rect.x()}, item->cabinet().rank);
+        return byPlace.values().toVector();
+    }
+};
+
+} // namespace
 
 class CEditorPageTest final : public CTestBase
 {
@@ -48,6 +114,110 @@ private Q_SLOTS:
         world.host.notify(LayoutNotification::BackgroundChanged, info);
         settle(world.host, world.store);
         QVERIFY(!noteOf(page).isEmpty()); // is about something else
+    }
+
+    void aFillIsShownOnce()
+    {
+        SPageWorld world;
+        CSignalLog looks(&world.scene(), &CCabinetGraphicsScene::notifyLookChanged);
+        SBackgroundInfo info;
+        info.processor = world.a;
+        world.host.notify(LayoutNotification::BackgroundChanged, info);
+        QTRY_COMPARE(looks.count(), 1);
+        QCoreApplication::processEvents();
+        QCOMPARE(looks.count(), 1);
+    }
+
+    void aRedundancyProcessorIsLookedAtOnly()
+    {
+        SPageWorld world;
+        world.answers()->redundancies = {{world.b, world.a}};
+        world.open(world.a);
+        QVERIFY(!world.ports().isEnabled());
+        world.open(world.b);
+        QVERIFY(world.ports().isEnabled());
+    }
+
+    void theStripFollowsTheStore()
+    {
+        SPageWorld world;
+        QCOMPARE(world.ports().currentIndex(), 0);
+        world.store.setCurrentPort(2);
+        QCOMPARE(world.ports().currentIndex(), 2);
+        world.scene().selectPort(1, true);
+        QCOMPARE(world.store.currentPort(), 1);
+        QCOMPARE(world.ports().currentIndex(), 1);
+        settle(world.host, world.store); // a detection
+        QTRY_COMPARE(world.store.currentPort(), 1);
+        QCOMPARE(world.ports().currentIndex(), 1);
+        world.ports().setCurrentIndex(2); // without the user, the store knows nothing of it
+        QVERIFY(world.portMenu().actions().size() > 0);
+        world.store.setPortLocked(0, true);
+        QCOMPARE(world.ports().currentIndex(), 1);
+    }
+
+    void choosingAPortEndsASelectionElsewhere()
+    {
+        SPageWorld world;
+        world.scene().selectPort(1, true);
+        world.ports().setCurrentIndex(2);
+        Q_EMIT world.ports().activated(2);
+        QCOMPARE(world.store.currentPort(), 2);
+        QVERIFY(world.scene().selection().isEmpty());
+        world.scene().selectPort(1, true);
+        SPageWorld::entry(*SPageWorld::entry(world.portMenu(), "Output port").menu(), "Port 2").trigger();
+        QVERIFY(!world.scene().selection().isEmpty()); // it lies in that port
+        SPageWorld::entry(*SPageWorld::entry(world.portMenu(), "Output port").menu(), "Port 1").trigger();
+        QCOMPARE(world.store.currentPort(), 0);
+        QVERIFY(world.scene().selection().isEmpty());
+    }
+
+    void theStripsMenuIsAboutTheCurrentPort()
+    {
+        SPageWorld world;
+        world.store.setCurrentPort(2);
+        const auto lock = [&]() -> QAction & {
+            return SPageWorld::entry(world.portMenu(), "Lock current output port");
+        };
+        QVERIFY(!lock().isChecked());
+        lock().trigger();
+        QVERIFY(world.store.isPortLocked(2) && !world.store.isPortLocked(0));
+        QVERIFY(lock().isChecked());
+        lock().trigger();
+        QVERIFY(!world.store.isPortLocked(2));
+
+        const QMenu &primaries = *SPageWorld::entry(world.portMenu(), "Set as redundancy for").menu();
+        QCOMPARE(primaries.actions().size(), 2);
+        world.answers()->refused = {QStringLiteral("setPortRedundancy")};
+        const CMessageBoxAnswerer user({QStringLiteral("OK")});
+        SPageWorld::entry(primaries, "Port 1").trigger();
+        QCOMPARE(world.answers()->calls().filter(QStringLiteral("setPortRedundancy")),
+                 QStringList{QStringLiteral("setPortRedundancy(0,2)")});
+        QCOMPARE(user.texts(), QStringList{QStringLiteral("Set failed.")});
+    }
+
+    void theStripsPatternsAreThoseOfTheScene()
+    {
+        SPageWorld world;
+        world.scene().selectPort(1, true);
+        QSet<QVector<int>> all;
+        for (int i = 0; i < 8; ++i) {
+            world.menu("Topology").actions().at(i)->trigger();
+            const QVector<int> chosen = world.ranks(1);
+            world.scene().topologyWiring(uint(i));
+            QCOMPARE(world.ranks(1), chosen);
+            all << chosen;
+        }
+        QCOMPARE(all.size(), 8);
+    }
+
+    void aPortThatBecomesARedundancyIsPrepared()
+    {
+        SPageWorld world;
+        QCOMPARE(world.ranks(1), (QVector<int>{0, 1, 2, 3}));
+        world.host.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{0, 1, true});
+        QTRY_COMPARE(world.ranks(1), QVector<int>(4, -1));
+        QCOMPARE(world.ranks(0), (QVector<int>{0, 1, 2, 3}));
     }
 
 private:

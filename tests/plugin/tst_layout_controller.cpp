@@ -81,17 +81,6 @@ struct SModuleScene final
         }
         return marks;
     }
-    /// Gives the host's cabinets of @p processor their places in a mapping.
-    QMap<QUuid, int> numberCabinets(const QUuid &processor)
-    {
-        QMap<QUuid, int> places;
-        const auto answers = host.answers();
-        for (CabinetLayout::CabinetPort &port : answers->layouts[processor].layout.ports) {
-            for (auto &cabinet : port.groups[0].cabinets)
-                places.insert(cabinet.uuid, cabinet.mappingIndex = places.size());
-        }
-        return places;
-    }
     int cabinetsShown(const QUuid &processor) const
     {
         CabinetLayout shown;
@@ -242,7 +231,6 @@ private Q_SLOTS:
         module.scene().copySelected();
         QCOMPARE(module.store.currentPort(), 2);
         if (news == QLatin1String("replaced")) {
-            module.store.setCurrentPort(-1);
             module.host.notify(LayoutNotification::LayoutReplaced, module.a);
         } else if (news == QLatin1String("detected")) {
             settle(module.host, module.store);
@@ -265,42 +253,6 @@ private Q_SLOTS:
         QTRY_VERIFY(module.answers()->layoutData(module.a).layout.boundingRect().top() == 1);
         module.select({module.b});
         QVERIFY(!module.scene().undoStack()->canUndo());
-    }
-
-    void aSavedMappingReachesTheEditorsRecords()
-    {
-        SModuleScene module;
-        module.select({module.a});
-        const auto indices = [&module] {
-            QMap<QUuid, int> byKey;
-            CabinetLayout shown;
-            module.scene().getLayoutData(shown, module.a);
-            for (const CabinetLayout::CabinetPort &port : shown.ports) {
-                for (const auto &cabinet : port.getAllCabinets())
-                    byKey.insert(cabinet.uuid, cabinet.mappingIndex);
-            }
-            return byKey;
-        };
-        module.scene().selectAllItem();
-        module.scene().selectedItemMoveDown();
-        module.answers()->answerLater = true;
-        auto *panel = static_cast<CLayoutSidePanel *>(module.layout.rightBarWidget());
-        Q_EMIT panel->notifySaveMapping(ReadSaveMappingRole::Current);
-        QCOMPARE(indices().values().count(-1), 12);
-        const QMap<QUuid, int> saved = module.numberCabinets(module.a);
-        CMessageBoxAnswerer user({QStringLiteral("OK")});
-        module.host.endWaiting({SDeviceOutcome::Done, {}});
-        QCOMPARE(indices(), saved);
-        QCOMPARE(module.scene().undoStack()->count(), 1);
-
-        module.scene().deleteSelected();
-        module.scene().undoStack()->undo();
-        module.scene().undoStack()->undo(); // to before the save
-        QCOMPARE(indices(), saved);
-        module.store.syncLayoutData(true);
-        const LayoutData handedOver = module.answers()->layoutData(module.a);
-        for (const CabinetLayout::CabinetPort &port : handedOver.layout.ports)
-            QVERIFY(port.getAllCabinets().first().mappingIndex >= 0);
     }
 
     void tellsHowAReadEnded()

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CParameterCheck.h"
 #include "tests/harness/CTestBase.h"
-#include "tests/plugin/SStoreWorld.h"
+#include "tests/harness/SStoreWorld.h"
 
 namespace {
 

@@ -9,24 +9,21 @@ namespace {
 using Cabinet = CabinetLayout::CabinetPort::Cabinet;
 using Group = CabinetLayout::CabinetPort::CabinetGroup;
 
-bool sameCabinet(Cabinet a, Cabinet b, bool withMapping)
+bool sameCabinet(Cabinet a, Cabinet b, bool withRanks)
 {
-    if (!withMapping) {
+    if (!withRanks)
         a.rank = b.rank = -1;
-        a.mappingIndex = b.mappingIndex = -1;
-    }
+    a.mappingIndex = b.mappingIndex = -1;         // places are the processor's
     a.calibrationIndex = b.calibrationIndex = -1; // a running highlight is no difference of the layout
     return a == b;
 }
 
-bool sameGroup(const Group &a, const Group &b, bool withMapping)
+bool sameGroup(const Group &a, const Group &b, bool withRanks)
 {
-    const auto cabinets = [withMapping](const Cabinet &x, const Cabinet &y) {
-        return sameCabinet(x, y, withMapping);
+    const auto cabinets = [withRanks](const Cabinet &x, const Cabinet &y) {
+        return sameCabinet(x, y, withRanks);
     };
-    const auto groups = [withMapping](const Group &x, const Group &y) {
-        return sameGroup(x, y, withMapping);
-    };
+    const auto groups = [withRanks](const Group &x, const Group &y) { return sameGroup(x, y, withRanks); };
     return a.uuid == b.uuid && a.name == b.name &&
            std::equal(a.cabinets.begin(), a.cabinets.end(), b.cabinets.begin(), b.cabinets.end(), cabinets) &&
            std::equal(a.groups.begin(), a.groups.end(), b.groups.begin(), b.groups.end(), groups);
@@ -35,10 +32,10 @@ bool sameGroup(const Group &a, const Group &b, bool withMapping)
 } // namespace
 
 bool LayoutData::comparePortData(const CabinetLayout::CabinetPort &a, const CabinetLayout::CabinetPort &b,
-                                 bool withMapping)
+                                 bool withRanks)
 {
-    const auto groups = [withMapping](const Group &x, const Group &y) {
-        return sameGroup(x, y, withMapping);
-    };
+    if (a.groups.constData() == b.groups.constData() && a.groups.size() == b.groups.size())
+        return true; // shared
+    const auto groups = [withRanks](const Group &x, const Group &y) { return sameGroup(x, y, withRanks); };
     return std::equal(a.groups.begin(), a.groups.end(), b.groups.begin(), b.groups.end(), groups);
 }

@@ -15,10 +15,11 @@ struct LayoutData
     QRect bounds; ///< union of all ports' areas on the canvas, in pixels
 
     /// Returns whether two versions of a port hold the same data: their groups are compared pair by pair, in
-    /// order. Identities, placement, types and grouping always count; with @p withMapping also wiring ranks
-    /// and mapping indices.
+    /// order. Identities, placement, types and grouping always count, with @p withRanks also wiring ranks; a
+    /// running highlight and the places in the saved mapping are no difference. Ports that share their groups
+    /// in memory are compared at once.
     static bool comparePortData(const CabinetLayout::CabinetPort &a, const CabinetLayout::CabinetPort &b,
-                                bool withMapping);
+                                bool withRanks);
 
     friend bool operator==(const LayoutData &a, const LayoutData &b)
     {

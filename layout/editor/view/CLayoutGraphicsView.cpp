@@ -58,12 +58,14 @@ void CLayoutGraphicsView::connectTools()
     connect(m_toolBar, &Bar::toolClicked, this, &CLayoutGraphicsView::onToolButtonClicked);
     connect(m_toolBar, &Bar::toolToggled, this, &CLayoutGraphicsView::onToolButtonToggled);
     connect(m_toolBar, &Bar::highlightKindChanged, this, &CLayoutGraphicsView::highlight);
-    connect(m_ports, &CPortStrip::portChosen, this, &CLayoutGraphicsView::choosePort);
-    connect(m_ports, &CPortStrip::patternClicked, this, &CLayoutGraphicsView::onTopologyButtonClicked);
-    connect(m_ports, &CPortStrip::appendClicked, this, &CLayoutGraphicsView::openAppendMenu);
-    connect(m_ports, &CPortStrip::lockToggled, this, &CLayoutGraphicsView::notifyLockPort);
-    connect(m_ports, &CPortStrip::redundancyChosen, this, &CLayoutGraphicsView::notifySetPortRedundancy);
-    connect(m_ports, &CPortStrip::currentGainClicked, this, &CLayoutGraphicsView::ShowEleCurrentAdjustDialog);
+    connect(m_ports, &CPortStrip::notifyPortChosen, this, &CLayoutGraphicsView::choosePort);
+    connect(m_ports, &CPortStrip::notifyPatternChosen, this, &CLayoutGraphicsView::onTopologyButtonClicked);
+    connect(m_ports, &CPortStrip::notifyAppendClicked, this, &CLayoutGraphicsView::openAppendMenu);
+    connect(m_ports, &CPortStrip::notifyLockToggled, this, &CLayoutGraphicsView::notifyLockPort);
+    connect(m_ports, &CPortStrip::notifyRedundancyChosen, this,
+            &CLayoutGraphicsView::notifySetPortRedundancy);
+    connect(m_ports, &CPortStrip::notifyCurrentGainClicked, this,
+            &CLayoutGraphicsView::ShowEleCurrentAdjustDialog);
     connect(this, &CGraphicsView::scaleChanged, this, &CLayoutGraphicsView::onScaleChanged);
     for (const QScrollBar *bar : {horizontalScrollBar(), verticalScrollBar()})
         connect(bar, &QScrollBar::rangeChanged, this, &CLayoutGraphicsView::onScorllBarRangeChanged);
@@ -85,9 +87,9 @@ void CLayoutGraphicsView::connectScene()
     connect(m_scene, &Scene::notifyHighlightChanged, this, &CLayoutGraphicsView::highlight);
 }
 
-int CLayoutGraphicsView::shownPort() const
+void CLayoutGraphicsView::onCurrentPortChanged()
 {
-    return m_ports->port();
+    m_ports->showCurrentPort();
 }
 
 void CLayoutGraphicsView::setCommands(IEditorCommands *commands)
@@ -118,7 +120,7 @@ void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &process
     QList<int> ports;
     for (const CGraphicsPortItem *port : m_scene->portItems())
         ports << port->port();
-    m_ports->setPorts(ports, m_scene->portStates().currentPort());
+    m_ports->setPorts(ports);
     aerialView().scheduleRefresh();
     if (another)
         fitContent();
@@ -134,7 +136,7 @@ void CLayoutGraphicsView::clearLayout()
     m_scene->setUndoStack(nullptr);
     onNotifyCanUndoChanged(false);
     onNotifyCanRedoChanged(false);
-    m_ports->setPorts({}, -1);
+    m_ports->setPorts({});
     aerialView().scheduleRefresh();
 }
 
@@ -260,7 +262,7 @@ void CLayoutGraphicsView::onNotifySelectedChanged(const QList<int> &ports, bool 
 {
     m_toolBar->setUseful(Bar::Group, canGroup);
     m_toolBar->setUseful(Bar::Ungroup, canBreakGroup);
-    m_ports->showSelection(ports);
+    m_ports->setHasSelection(!ports.isEmpty());
     aerialView().scheduleRefresh();
     Q_EMIT notifySelectedPort(ports);
     onNotifySelectedItemGeometryChanged();

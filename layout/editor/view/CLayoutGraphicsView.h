@@ -30,7 +30,6 @@ public:
 
     CCabinetGraphicsScene &cabinetScene() { return *m_scene; }
     CEditorToolBar &toolBar() { return *m_toolBar; }
-    int shownPort() const; ///< the output port that the tool bar shows as the current one; -1: none
 
     /// What tools and menus offer beyond edits; null: nothing. Stays owned by the caller.
     void setCommands(IEditorCommands *commands);
@@ -71,6 +70,8 @@ public Q_SLOTS:
     void onNotifySelectedCabinetSizeChanged(const QSize &size);
     void onNotifySelectedChanged(const QList<int> &ports, bool canGroup, bool canBreakGroup);
     void onNotifySceneChanged();
+    /// Another output port is the one that commands act on, or its lock has changed.
+    void onCurrentPortChanged();
     /// Ends the highlight of cabinets, and the mode that makes it.
     void cancelCalibrate();
     void clearSelected();

@@ -33,7 +33,7 @@ CPortStrip::CPortStrip(QToolBar &bar, const IPortStates &states)
     addPorts();
     addPatterns();
     addPortMenu();
-    setPorts({}, -1);
+    setPorts({});
 }
 
 QToolButton *CPortStrip::addButton(const QIcon &icon, const QString &toolTip)
@@ -54,7 +54,8 @@ void CPortStrip::addPorts()
     m_ports->setPlaceholderText(tr("Output port"));
     m_ports->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_bar.addWidget(m_ports);
-    connect(m_ports, QOverload<int>::of(&QComboBox::activated), this, [this] { Q_EMIT portChosen(port()); });
+    connect(m_ports, QOverload<int>::of(&QComboBox::activated), this,
+            [this](int place) { choose(m_ports->itemData(place).toInt()); });
     m_append = addButton(portIcon("append"), tr("Append(Ctrl+T)"));
     connect(m_append->defaultAction(), &QAction::triggered, this, &CPortStrip::append);
 }
@@ -62,7 +63,7 @@ void CPortStrip::addPorts()
 void CPortStrip::append()
 {
     const bool shown = m_append->isVisible(); // not when there is no room for the whole bar
-    Q_EMIT appendClicked(shown ? m_append->mapToGlobal(m_append->rect().bottomLeft()) : QCursor::pos());
+    Q_EMIT notifyAppendClicked(shown ? m_append->mapToGlobal(m_append->rect().bottomLeft()) : QCursor::pos());
 }
 
 void CPortStrip::addPatterns()
@@ -72,7 +73,7 @@ void CPortStrip::addPatterns()
         const CSnakeOrder::SPattern &pattern = CSnakeOrder::patterns().at(i);
         const QString icon = QStringLiteral(":/Image/Layout/SidePanel/Topology/%1.svg");
         QAction *action = menu->addAction(QIcon(icon.arg(QLatin1String(pattern.iconName))), tr(pattern.name));
-        connect(action, &QAction::triggered, this, [this, i] { Q_EMIT patternClicked(i); });
+        connect(action, &QAction::triggered, this, [this, i] { Q_EMIT notifyPatternChosen(i); });
     }
     m_patterns = addButton(menu->actions().first()->icon(), tr("Topology"));
     m_patterns->defaultAction()->setMenu(menu);
@@ -92,12 +93,12 @@ void CPortStrip::fillPortMenu()
 {
     m_portMenu->clear();
     addPortChoice();
-    const int chosen = port();
+    const int chosen = m_states.currentPort();
     QAction *lock = m_portMenu->addAction(tr("Lock current output port"));
     lock->setCheckable(true);
     lock->setChecked(m_states.isPortLocked(chosen));
     connect(lock, &QAction::toggled, this,
-            [this, chosen](bool locked) { Q_EMIT lockToggled(chosen, locked); });
+            [this, chosen](bool locked) { Q_EMIT notifyLockToggled(chosen, locked); });
     QMenu *redundancy = m_portMenu->addMenu(tr("Set as redundancy for"));
     for (int i = 0; i < m_ports->count(); ++i) {
         const int primary = m_ports->itemData(i).toInt();
@@ -105,12 +106,12 @@ void CPortStrip::fillPortMenu()
             continue;
         QAction *action = redundancy->addAction(m_ports->itemText(i));
         connect(action, &QAction::triggered, this,
-                [this, primary, chosen] { Q_EMIT redundancyChosen(primary, chosen); });
+                [this, primary, chosen] { Q_EMIT notifyRedundancyChosen(primary, chosen); });
     }
     redundancy->setEnabled(!redundancy->isEmpty());
     m_portMenu->addSeparator();
     connect(m_portMenu->addAction(tr("Current gain parameter settings...")), &QAction::triggered, this,
-            &CPortStrip::currentGainClicked);
+            &CPortStrip::notifyCurrentGainClicked);
 }
 
 /// The same as the box, for a bar that has no room for it.
@@ -121,16 +122,15 @@ void CPortStrip::addPortChoice()
         QAction *action = choice->addAction(m_ports->itemText(i));
         action->setCheckable(true);
         action->setChecked(i == m_ports->currentIndex());
-        connect(action, &QAction::triggered, this, [this, i] {
-            m_ports->setCurrentIndex(i);
-            Q_EMIT portChosen(port());
-        });
+        connect(action, &QAction::triggered, this,
+                [this, port = m_ports->itemData(i).toInt()] { choose(port); });
     }
 }
 
-int CPortStrip::port() const
+void CPortStrip::choose(int port)
 {
-    return m_ports->currentIndex() < 0 ? -1 : m_ports->currentData().toInt();
+    Q_EMIT notifyPortChosen(port);
+    showCurrentPort(); // which may not be the one that was chosen
 }
 
 void CPortStrip::setEditingBlocked(bool blocked)
@@ -142,29 +142,33 @@ void CPortStrip::setEditingBlocked(bool blocked)
 /// The actions, which a bar without room for the buttons shows in their place.
 void CPortStrip::enableEntries()
 {
-    const bool hasPort = port() >= 0;
+    const bool hasPort = m_ports->currentIndex() >= 0;
     m_ports->setEnabled(!m_blocked);
     m_patterns->defaultAction()->setEnabled(m_hasSelection && !m_blocked);
     m_append->defaultAction()->setEnabled(hasPort && !m_blocked);
     m_portButton->defaultAction()->setEnabled(hasPort && !m_blocked);
 }
 
-void CPortStrip::setPorts(const QList<int> &ports, int current)
+void CPortStrip::setPorts(const QList<int> &ports)
 {
     m_ports->clear();
     for (const int port : ports)
         m_ports->addItem(tr("Port %1").arg(port + 1), port);
-    m_ports->setCurrentIndex(ports.indexOf(current));
-    showSelection({});
+    m_hasSelection = false;
+    showCurrentPort();
 }
 
-void CPortStrip::showSelection(const QList<int> &ports)
+void CPortStrip::setHasSelection(bool hasSelection)
 {
-    if (ports.size() == 1)
-        m_ports->setCurrentIndex(m_ports->findData(ports.first()));
-    m_hasSelection = !ports.isEmpty();
+    m_hasSelection = hasSelection;
     enableEntries();
-    const bool locked = m_states.isPortLocked(port());
+}
+
+void CPortStrip::showCurrentPort()
+{
+    m_ports->setCurrentIndex(m_ports->findData(m_states.currentPort()));
+    enableEntries();
+    const bool locked = m_states.isPortLocked(m_states.currentPort());
     m_portButton->defaultAction()->setIcon(
         locked ? QIcon(QStringLiteral(":/Image/Layout/PortList/lock_checked.svg")) : portIcon("lock"));
 }

@@ -14,7 +14,7 @@ class QToolBar;
 class QToolButton;
 
 /// The end of the editor's tool bar: the output port that commands act on, what can be done with it, and the
-/// snake patterns. GUI thread.
+/// snake patterns. Which port that is, the store knows; the strip shows it. GUI thread.
 class CPortStrip final : public QObject
 {
     Q_OBJECT
@@ -23,25 +23,26 @@ public:
     /// Adds itself to the end of @p bar, which becomes its parent. @p states must outlive it.
     CPortStrip(QToolBar &bar, const IPortStates &states);
 
-    /// The ports of the processor in view; @p current is chosen, -1: none.
-    void setPorts(const QList<int> &ports, int current);
-    /// Follows a selection that lies in @p ports.
-    void showSelection(const QList<int> &ports);
+    /// The ports of the processor in view, without a selection.
+    void setPorts(const QList<int> &ports);
+    /// Shows which port is current now, and whether it is locked.
+    void showCurrentPort();
+    void setHasSelection(bool hasSelection);
     /// Disables everything.
     void setEditingBlocked(bool blocked);
-    int port() const; ///< the chosen one; -1: none
 
 Q_SIGNALS:
-    void portChosen(int port);
-    void patternClicked(int pattern);
-    void appendClicked(const QPoint &globalPos);
-    void lockToggled(int port, bool locked);
-    void redundancyChosen(int primary, int backup);
-    void currentGainClicked();
+    void notifyPortChosen(int port);
+    void notifyPatternChosen(int pattern);
+    void notifyAppendClicked(const QPoint &globalPos);
+    void notifyLockToggled(int port, bool locked);
+    void notifyRedundancyChosen(int primary, int backup);
+    void notifyCurrentGainClicked();
 
 private:
     QToolButton *addButton(const QIcon &icon, const QString &toolTip);
     void append();
+    void choose(int port);
     void addPortChoice();
     void addPorts();
     void addPatterns();

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/api/records/ProcessorTree.h"
+#include "layout/api/records/SBackgroundInfo.h"
+
+#include <QVector>
+
+/// What the host's notifications have the store announce, once its data are up to date. Any thread; never
+/// called under the lock.
+class IStoreEvents
+{
+public:
+    virtual ~IStoreEvents() = default;
+
+    virtual void detectFinished() = 0;
+    virtual void processorStateChanged() = 0;
+    virtual void canvasSizeChanged(const QSize &size) = 0;
+    virtual void backgroundChanged(const SBackgroundInfo &before, const SBackgroundInfo &now) = 0;
+    virtual void portBackupChanged(int primary, int backup, bool on) = 0;
+    virtual void layoutReplaced(const QUuid &processor) = 0;
+    /// Another port may be current than was announced last.
+    virtual void currentPortMayDiffer() = 0;
+    /// What is highlighted on the wall is so no longer.
+    virtual void highlightEnded() = 0;
+    /// The loads of @p ports may differ: asks the host, and announces those that do.
+    virtual void loadsMayDiffer(const QVector<int> &ports) = 0;
+    /// The processor's load, whether it differs or not.
+    virtual void processorLoadKnown() = 0;
+    /// The object whose slots are invoked by name; null: none.
+    virtual QObject *controller() const = 0;
+};

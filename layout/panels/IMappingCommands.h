@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/api/records/ReadSaveMappingRole.h"
+#include "layout/api/records/SHostRecords.h"
+
+#include <functional>
+
+/// Reads and saves the mapping, and tells the user how that ended. GUI thread.
+class IMappingCommands
+{
+public:
+    /// Told once whether it succeeded, before the user is.
+    using Ended = std::function<void(bool done)>;
+
+    virtual ~IMappingCommands() = default;
+    virtual void readMapping(ReadSaveMappingRole role, const SMappingOptions &options, Ended ended) = 0;
+    virtual void saveMapping(ReadSaveMappingRole role, Ended ended) = 0;
+};
