@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/api/ILayoutInterfaceHandler.h"
+#include "tests/harness/CUncalledOperations.h"
 
 #include <QMap>
 #include <QSet>
@@ -13,7 +13,7 @@
 
 /// A handler for tests: notes every call and gives the answers that the test has put into its members. Any
 /// thread may call it at any time; a test gets at its members by CFakeHost::answers() only.
-class CFakeHandler final : public ILayoutInterfaceHandler
+class CFakeHandler final : public CUncalledOperations
 {
 public:
     using Port = CabinetLayout::CabinetPort;
@@ -36,20 +36,13 @@ public:
     int maximumPorts = 16;
     int detected = 1;
     bool followUpNeeded = false;
-    bool portRedundancyBlocked = false;
-    bool portRedundancySupported = true;
-    bool threeD = false;
-    bool busy = false;
     bool primaryPorts = true;
-    int latencyWidth = 0;
     int hertz = 60;
     int bits = 8;
     SCanvasLimits limits{16384, 16384, 16384LL * 8192};
     SSignalModes modes{{50, 60, 120, 240}, {8, 10, 12}};
     CanvasBlock block = CanvasBlock::None;
-    QList<SPortArea> areas;
     QList<SCurrentGain> gains;
-    ProcessorBoundingRects rects;
     LayoutData saved;                      ///< what saveMapping() was given
     SMappingOptions readOptions;           ///< what readMapping() was given
     ReadSaveMappingRole role{};            ///< of the last read or save
@@ -78,7 +71,6 @@ public:
     bool layoutFollowUpNeeded() const override;
     bool isFiberTransceiverMode(const QUuid &processor) const override;
     ProcessorTree::ProcessorNode currentProcessorNode() const override;
-    QVector<Port> currentProcessorPorts() const override;
     LayoutData layoutData(const QUuid &processor) const override;
     int preparatoryStep(const QUuid &processor) const override;
     void performPreparatoryStep(const QUuid &processor) override;
@@ -99,24 +91,10 @@ public:
     bool exportCabinetConfig(const Port::Cabinet &cabinet, const QString &file) override;
     bool readbackCabinetConfig(int port, const Port::Cabinet &cabinet, const QString &file,
                                const QString &typeName) override;
-    bool isPortRedundancyBlocked() const override;
-    bool isPortRedundancySupported() const override;
     bool setPortRedundancy(int primary, int backup) override;
-    bool cancelPortRedundancy(int port) override;
-    bool exportPortMapping(const QUuid &processor, int port, const QString &file) override;
-    bool importPortMapping(const QUuid &processor, int port, const QString &file,
-                           bool overwriteLocked) override;
     int portLoad(const Port &port, int index) const override;
     void readMapping(ReadSaveMappingRole role, const SMappingOptions &options, Done done) override;
     void saveMapping(ReadSaveMappingRole role, const LayoutData &data, Done done) override;
-    QList<SPortArea> portAreas() const override;
-    bool setPortAreas(const QList<SPortArea> &areas) override;
-    int lowLatencyWidthLimit() const override;
-    bool isThreeDEnabled() const override;
-    bool applyProcessorRedundancy(const QList<QUuid> &processors,
-                                  const QList<QPair<QUuid, QUuid>> &pairs) override;
-    bool areProcessorsOnline(const QList<QUuid> &processors) const override;
-    bool areProcessorsBusy(const QList<QUuid> &processors) const override;
     void showTypeLibrary(QWidget *parent) override;
     bool areOnPrimaryPorts(const Cabinets &cabinets) const override;
     bool sendCabinetParameters(const Cabinets &cabinets, const SMD5 &type, double gamma) override;
@@ -133,8 +111,6 @@ public:
     bool setFrameRateAndColorDepth(int hertz, int bits) override;
     SBackgroundInfo background(const QUuid &processor) const override;
     bool setBackground(const SBackgroundInfo &info) override;
-    ProcessorBoundingRects processorBoundingRects(const QList<QUuid> &processors) const override;
-    bool setProcessorOffset(const QUuid &processor, const QPoint &offset) override;
 
 private:
     friend class CFakeAnswers;

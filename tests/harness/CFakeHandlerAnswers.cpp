@@ -54,12 +54,6 @@ ProcessorTree::ProcessorNode CFakeHandler::currentProcessorNode() const
     return nodeOf(nodes, current);
 }
 
-QVector<CFakeHandler::Port> CFakeHandler::currentProcessorPorts() const
-{
-    const auto lock = note("currentProcessorPorts");
-    return layouts.value(current).layout.ports;
-}
-
 LayoutData CFakeHandler::layoutData(const QUuid &processor) const
 {
     const auto lock = note("layoutData");
@@ -132,53 +126,10 @@ QVector<SSettings::TypeLibrary::STreeNode> CFakeHandler::typeLibrary() const
     return library;
 }
 
-bool CFakeHandler::isPortRedundancyBlocked() const
-{
-    const auto lock = note("isPortRedundancyBlocked");
-    return portRedundancyBlocked;
-}
-
-bool CFakeHandler::isPortRedundancySupported() const
-{
-    const auto lock = note("isPortRedundancySupported");
-    return portRedundancySupported;
-}
-
 int CFakeHandler::portLoad(const Port &port, int index) const
 {
     const auto lock = note("portLoad", {text(port.index), text(index)});
     return loads.value(index);
-}
-
-QList<SPortArea> CFakeHandler::portAreas() const
-{
-    const auto lock = note("portAreas");
-    return areas;
-}
-
-int CFakeHandler::lowLatencyWidthLimit() const
-{
-    const auto lock = note("lowLatencyWidthLimit");
-    return latencyWidth;
-}
-
-bool CFakeHandler::isThreeDEnabled() const
-{
-    const auto lock = note("isThreeDEnabled");
-    return threeD;
-}
-
-bool CFakeHandler::areProcessorsOnline(const QList<QUuid> &processors) const
-{
-    const auto lock = note("areProcessorsOnline");
-    return std::all_of(processors.begin(), processors.end(),
-                       [this](const QUuid &processor) { return nodeOf(nodes, processor).online; });
-}
-
-bool CFakeHandler::areProcessorsBusy(const QList<QUuid> &) const
-{
-    const auto lock = note("areProcessorsBusy");
-    return busy;
 }
 
 bool CFakeHandler::areOnPrimaryPorts(const Cabinets &) const
@@ -227,10 +178,4 @@ SBackgroundInfo CFakeHandler::background(const QUuid &processor) const
 {
     const auto lock = note("background");
     return backgrounds.value(processor);
-}
-
-ProcessorBoundingRects CFakeHandler::processorBoundingRects(const QList<QUuid> &) const
-{
-    const auto lock = note("processorBoundingRects");
-    return rects;
 }

@@ -110,22 +110,6 @@ bool CFakeHandler::setPortRedundancy(int primary, int backup)
     return answer("setPortRedundancy", {text(primary), text(backup)});
 }
 
-bool CFakeHandler::cancelPortRedundancy(int port)
-{
-    return answer("cancelPortRedundancy", {text(port)});
-}
-
-bool CFakeHandler::exportPortMapping(const QUuid &processor, int port, const QString &file)
-{
-    return answer("exportPortMapping", {text(processor), text(port), file});
-}
-
-bool CFakeHandler::importPortMapping(const QUuid &processor, int port, const QString &file,
-                                     bool overwriteLocked)
-{
-    return answer("importPortMapping", {text(processor), text(port), file, text(overwriteLocked)});
-}
-
 void CFakeHandler::readMapping(ReadSaveMappingRole wanted, const SMappingOptions &options, Done done)
 {
     auto lock = note("readMapping");
@@ -140,16 +124,6 @@ void CFakeHandler::saveMapping(ReadSaveMappingRole wanted, const LayoutData &dat
     role = wanted;
     saved = data;
     end(std::move(lock), std::move(done));
-}
-
-bool CFakeHandler::setPortAreas(const QList<SPortArea> &changed)
-{
-    return take("setPortAreas", areas, changed);
-}
-
-bool CFakeHandler::applyProcessorRedundancy(const QList<QUuid> &, const QList<QPair<QUuid, QUuid>> &pairs)
-{
-    return take("applyProcessorRedundancy", redundancies, pairs);
 }
 
 void CFakeHandler::showTypeLibrary(QWidget *)
@@ -191,9 +165,4 @@ bool CFakeHandler::setFrameRateAndColorDepth(int rate, int depth)
 bool CFakeHandler::setBackground(const SBackgroundInfo &info)
 {
     return answer("setBackground", {text(info.processor), info.file});
-}
-
-bool CFakeHandler::setProcessorOffset(const QUuid &processor, const QPoint &offset)
-{
-    return answer("setProcessorOffset", {text(processor), text(offset.x()), text(offset.y())});
 }

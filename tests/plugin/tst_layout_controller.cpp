@@ -24,6 +24,7 @@
 
 namespace {
 
+/// The whole module and its host, which attaches the store itself.
 struct SModuleScene final
 {
     CFakeHost host;
@@ -99,21 +100,6 @@ class CLayoutControllerTest final : public CTestBase
     Q_OBJECT
 
 private Q_SLOTS:
-    void isBuiltUnderItsNames()
-    {
-        SModuleScene module;
-        QCOMPARE(module.layout.objectName(), QStringLiteral("Layout"));
-        QVERIFY(module.layout.findChild<QWidget *>(QStringLiteral("BGTransparent")));
-        QCOMPARE(module.pages().count(), 3);
-        QCOMPARE(module.page(), QStringLiteral("QLabel")); // waits for the host
-        const QAbstractButton &button = module.layout.showScreenButton();
-        QCOMPARE(button.toolTip(), QStringLiteral("Show screen"));
-        QCOMPARE(button.property("ToolLocation"), QVariant(3));
-        QCOMPARE(button.minimumSize(), QSize(18, 18));
-        QCOMPARE(button.maximumSize(), QSize(18, 18));
-        QVERIFY(button.isCheckable());
-    }
-
     void showsTheCurrentProcessor()
     {
         SModuleScene module;

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/api/ILayoutInterfaceHandler.h"
+
+#include <QtGlobal>
+
+/// The operations that nothing in the module calls yet. An answer moves to CFakeHandler with the first call.
+class CUncalledOperations : public ILayoutInterfaceHandler
+{
+public:
+    QVector<CabinetLayout::CabinetPort> currentProcessorPorts() const override { return none(); }
+    bool isPortRedundancyBlocked() const override { return none(); }
+    bool isPortRedundancySupported() const override { return none(); }
+    bool cancelPortRedundancy(int) override { return none(); }
+    bool exportPortMapping(const QUuid &, int, const QString &) override { return none(); }
+    bool importPortMapping(const QUuid &, int, const QString &, bool) override { return none(); }
+    QList<SPortArea> portAreas() const override { return none(); }
+    bool setPortAreas(const QList<SPortArea> &) override { return none(); }
+    int lowLatencyWidthLimit() const override { return none(); }
+    bool isThreeDEnabled() const override { return none(); }
+    bool applyProcessorRedundancy(const QList<QUuid> &, const QList<QPair<QUuid, QUuid>> &) override
+    {
+        return none();
+    }
+    bool areProcessorsOnline(const QList<QUuid> &) const override { return none(); }
+    bool areProcessorsBusy(const QList<QUuid> &) const override { return none(); }
+    ProcessorBoundingRects processorBoundingRects(const QList<QUuid> &) const override { return none(); }
+    bool setProcessorOffset(const QUuid &, const QPoint &) override { return none(); }
+
+private:
+    struct SNone
+    {
+        template <typename Answer>
+        operator Answer() const
+        {
+            return {};
+        }
+    };
+    static SNone none()
+    {
+        qWarning("An operation was called that the fake handler does not know"); // fails the test
+        return {};
+    }
+};
