@@ -185,7 +185,7 @@ void CLayoutEditorPage::connectSignals()
     connect(&m_store, &CLayoutData::notifyCancelCalibrate, m_view, &CLayoutGraphicsView::cancelCalibrate);
     connect(m_view, &CLayoutGraphicsView::notifySetPortRedundancy, this,
             &CLayoutEditorPage::setPortRedundancy);
-    connect(&m_store, &CLayoutData::notifyDetectFinished, &m_store, &CLayoutData::resumeCurrentPort);
+    connect(&m_store, &CLayoutData::notifyDetectFinished, this, [this] { m_store.resumeCurrentPort(); });
     connect(&m_store, &CLayoutData::notifyLayoutReplaced, this, [this](const QUuid &processor) {
         if (processor == m_processor.uuid)
             reload();
