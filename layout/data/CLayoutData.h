@@ -80,13 +80,13 @@ public:
     /// Hands over what is pending, then gives the host's layout of @p processor for the editor to load; from
     /// now on the editor's layout is that processor's. GUI thread.
     LayoutData openProcessor(const QUuid &processor);
-    /// Hands the edited layout to the host, before this returns or a moment later on a worker. Loads of ports
-    /// that changed follow. GUI thread.
+    /// Hands the edited layout to the host: at once, or a moment later on a worker. The loads of the ports
+    /// that changed are asked for afterwards, on a worker. GUI thread.
     void syncLayoutData(bool atOnce);
     void flushEdits() override { syncLayoutData(true); }
 
     /// Asks the host for a port's load and announces it, when it differs, for the port and for its redundancy
-    /// port; with @p withProcessor also the processor's. True when it differed.
+    /// port; with @p withProcessor also the processor's. Returns whether it differed.
     bool updatePortLoad(int port, bool withProcessor);
     /// Ends the highlight of the cabinets of a port of the current processor (-1: every port).
     void cancelCalibrate(int port);

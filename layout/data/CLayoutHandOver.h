@@ -15,7 +15,7 @@
 class CLayoutHandOver final
 {
 public:
-    /// @p followUpWanted tells, on any thread, whether the host shall follow up what it was handed.
+    /// @p followUpWanted returns, on any thread, whether the host is to follow up each layout.
     explicit CLayoutHandOver(std::function<bool()> followUpWanted);
 
     /// Hands @p data over before it returns, in place of what is deferred. GUI thread.

@@ -24,8 +24,8 @@ public:
 
     CNotificationDispatch(IStoreEvents &events, CProcessorStates &states, CLayoutHandOver &handOver);
 
-    /// Handles the running notification of @p subject; a code without an entry is ignored. What reading its
-    /// argument throws leaves this call. Update thread.
+    /// Handles the running notification of @p subject; ignores codes that it does not know. An exception from
+    /// reading the argument reaches the caller. Update thread.
     void dispatch(CSubject &subject);
     /// Runs @p work on the worker, behind what is queued. Any thread.
     void post(int key, std::function<void()> work);

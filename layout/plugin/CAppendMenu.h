@@ -21,7 +21,7 @@ class CAppendMenu final
 
 public:
     using TypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
-    /// Told the type, which is empty for a custom size, and the size in pixels.
+    /// Receives the chosen type (empty for a custom size) and its size in pixels.
     using Chosen = std::function<void(const TypeInfo &, const QSize &)>;
 
     /// @p store and @p parent, over which the user is told and asked, must outlive the menu.

@@ -34,7 +34,7 @@ public:
     /// Ends the read or save that waits longest.
     void endWaiting(const SDeviceOutcome &outcome) { m_handler->endWaiting(outcome); }
 
-    /// Notifies on a thread of its own and waits for the end. What the update throws leaves this call.
+    /// Notifies on a thread of its own and waits for its end. Throws what the update has thrown.
     void notify(LayoutNotification code, std::any argument = {});
     /// The thread of the last notification.
     std::thread::id updateThread() const { return m_updateThread; }
