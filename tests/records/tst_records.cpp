@@ -193,8 +193,8 @@ private Q_SLOTS:
         Port b = a;
         b.groups[0].groups[0].cabinets[0].calibrationIndex = 1;
         QVERIFY(LayoutData::comparePortData(a, b, true));
-        b.groups[0].groups[0].cabinets[0].mappingIndex = 1;
-        QVERIFY(!LayoutData::comparePortData(a, b, true) && LayoutData::comparePortData(a, b, false));
+        b.groups[0].groups[0].cabinets[0].mappingIndex = 1; // the processor's
+        QVERIFY(LayoutData::comparePortData(a, b, true) && LayoutData::comparePortData(a, b, false));
         b.groups[0].groups[0].cabinets[0].rect = QRect(1, 1, 1, 1);
         QVERIFY(!LayoutData::comparePortData(a, b, false));
     }
