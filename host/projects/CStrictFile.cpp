@@ -123,6 +123,14 @@ CResult<QJsonObject> CStrictFile::decode(const QByteArray &content, const SFileF
     return json ? json : CResult<QJsonObject>::failure(wrongContent(file, json.error()));
 }
 
+bool CStrictFile::isNewer(const QByteArray &content, const SFileFormat &format)
+{
+    const QByteArray start = content.left(LongestHeader);
+    const CResult<QJsonObject> header = CStrictJson::parse(start.left(start.indexOf('\n') + 1));
+    return header && header.value().value(QLatin1String("format")).toString() == QLatin1String(format.id) &&
+           header.value().value(QLatin1String("version")).toInt() > format.version;
+}
+
 QString CStrictFile::wrongContent(const QString &file, const QString &what)
 {
     return tr("%1 cannot be read: %2.").arg(CSafeFile::quoted(file), what);

@@ -41,6 +41,8 @@ public:
     /// The body of a file's content; @p file is for the error text.
     static CResult<QJsonObject> decode(const QByteArray &content, const SFileFormat &format,
                                        const QString &file);
+    /// Whether the content names the format in a version that this program does not know.
+    static bool isNewer(const QByteArray &content, const SFileFormat &format);
     /// The error text of a sound file whose content is wrong; @p what begins with the place.
     static QString wrongContent(const QString &file, const QString &what);
 

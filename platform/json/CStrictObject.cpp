@@ -133,12 +133,26 @@ QString CStrictObject::textOr(const QString &fallback, const char *key, int long
 
 QString CStrictObject::toText(const QJsonValue &value, const SJsonPlace &place, int longest)
 {
+    const QString text = toPath(value, place, longest);
+    if (hasControlCharacter(text))
+        failAt(place, tr("the text holds characters that are not allowed"));
+    return text;
+}
+
+QString CStrictObject::pathOr(const QString &fallback, const char *key, int longest)
+{
+    const QJsonValue value = take(key, false);
+    return value.isUndefined() ? fallback : toPath(value, placeOf(key), longest);
+}
+
+QString CStrictObject::toPath(const QJsonValue &value, const SJsonPlace &place, int longest)
+{
     const QString text = value.toString();
     if (!value.isString())
         failAt(place, tr("a text is expected"));
     else if (text.size() > longest)
         failAt(place, tr("the text is longer than %1 characters").arg(longest));
-    else if (!text.isValidUtf16() || hasControlCharacter(text))
+    else if (!text.isValidUtf16() || text.contains(QChar::Null))
         failAt(place, tr("the text holds characters that are not allowed"));
     return text;
 }

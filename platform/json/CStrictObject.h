@@ -47,6 +47,8 @@ public:
     /// Well-formed Unicode without control characters, of at most @p longest characters.
     QString text(const char *key, int longest);
     QString textOr(const QString &fallback, const char *key, int longest);
+    /// The path of a file, in which control characters are allowed.
+    QString pathOr(const QString &fallback, const char *key, int longest);
     /// 36 characters, without braces; never null.
     QUuid uuid(const char *key);
     /// The value null stands for no identity.
@@ -82,6 +84,7 @@ private:
     qint64 toInteger(const QJsonValue &value, const SJsonPlace &place, qint64 minimum, qint64 maximum);
     double toNumber(const QJsonValue &value, const SJsonPlace &place, double minimum, double maximum);
     QString toText(const QJsonValue &value, const SJsonPlace &place, int longest);
+    QString toPath(const QJsonValue &value, const SJsonPlace &place, int longest);
     QUuid toUuid(const QJsonValue &value, const SJsonPlace &place);
     QRect toRect(const QJsonValue &value, const SJsonPlace &place);
     QJsonArray pair(const QJsonValue &value, const char *key);

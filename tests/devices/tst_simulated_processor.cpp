@@ -126,40 +126,6 @@ private Q_SLOTS:
         QVERIFY(CProcessorCodec::settings(bytes, {}).value().canvas == QSize(3840, 2160));
     }
 
-    void startsAsFromTheFactoryWhenItsFileIsDamaged_data()
-    {
-        QTest::addColumn<bool>("mapping");
-        QTest::newRow("settings") << false;
-        QTest::newRow("mapping") << true;
-    }
-    void startsAsFromTheFactoryWhenItsFileIsDamaged()
-    {
-        QFETCH(bool, mapping);
-        CabinetLayout layout = factory().mapping.layout;
-        layout.ports[2].locked = true;
-        {
-            const auto first = processor();
-            QCOMPARE(save(*first, layout), DeviceError::None);
-            QCOMPARE(first->apply(unusualSettings()), DeviceError::None);
-        }
-        const CProcessorStateFiles files(m_folder->path(), m_uuid);
-        const QString name = mapping ? files.mappingFile() : files.settingsFile();
-        QFile file(name);
-        QVERIFY(file.open(QIODevice::ReadWrite));
-        QVERIFY(file.resize(file.size() - 7));
-        file.close();
-
-        expectWarning(QRegularExpression(QRegularExpression::escape(name) +
-                                         QStringLiteral(".*starts as from the factory")));
-        const auto second = processor();
-        QCOMPARE(mappingOf(*second).layout.ports.at(2).locked, !mapping);
-        QByteArray bytes;
-        QCOMPARE(second->identify(*m_token, bytes), DeviceError::None);
-        QCOMPARE(CProcessorCodec::settings(bytes, {}).value().portCount, mapping ? 6 : 8);
-        QVERIFY(QFile::exists(name + QStringLiteral(".damaged")));
-        QVERIFY(!QFile::exists(name));
-    }
-
     void everyFaultGivesItsError_data()
     {
         QTest::addColumn<int>("fault");

@@ -217,3 +217,8 @@ CResult<SProcessorMapping> CProcessorCodec::mapping(const QByteArray &bytes, con
     return error.isEmpty() ? Result(std::move(mapping))
                            : Result::failure(CStrictFile::wrongContent(source, error));
 }
+
+bool CProcessorCodec::isNewer(const QByteArray &bytes)
+{
+    return CStrictFile::isNewer(bytes, settingsFormat) || CStrictFile::isNewer(bytes, mappingFormat);
+}

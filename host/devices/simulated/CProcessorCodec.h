@@ -32,4 +32,6 @@ public:
     static QByteArray encode(const SProcessorMapping &mapping);
     static CResult<SProcessorSettings> settings(const QByteArray &bytes, const QString &source);
     static CResult<SProcessorMapping> mapping(const QByteArray &bytes, const QString &source);
+    /// Whether the bytes say that a newer version wrote them.
+    static bool isNewer(const QByteArray &bytes);
 };

@@ -7,15 +7,17 @@
 #include "host/projects/CStrictFile.h"
 
 #include <QDir>
-#include <QFile>
+#include <QFileInfo>
 
 namespace {
 
-void keepAside(const QString &file)
+constexpr int MostDamaged = 99; // files kept
+
+/// Where the damaged file goes that is the @p number-th of its name.
+QString damagedName(const QString &file, int number)
 {
-    const QString aside = file + QStringLiteral(".damaged");
-    QFile::remove(aside);
-    QFile::rename(file, aside);
+    const QString name = file + QStringLiteral(".damaged");
+    return number == 1 ? name : name + QString::number(number);
 }
 
 } // namespace
@@ -26,44 +28,85 @@ CProcessorStateFiles::CProcessorStateFiles(QString folder, const QUuid &processo
 {
 }
 
-SProcessorState CProcessorStateFiles::load(const Factory &factory) const
+SProcessorState CProcessorStateFiles::load(const Factory &factory)
 {
     const SProcessorState made = factory();
-    return {loadPart(settingsFile(), made.settings, &CProcessorCodec::settings),
-            loadPart(mappingFile(), made.mapping, &CProcessorCodec::mapping)};
+    return {loadPart(Settings, settingsFile(), made.settings, &CProcessorCodec::settings),
+            loadPart(Mapping, mappingFile(), made.mapping, &CProcessorCodec::mapping)};
 }
 
-template <typename Part, typename Decode>
-Part CProcessorStateFiles::loadPart(const QString &file, const Part &factory, const Decode &decode) const
+template <typename Record, typename Decode>
+Record CProcessorStateFiles::loadPart(Part part, const QString &file, const Record &factory,
+                                      const Decode &decode)
 {
-    if (!QFile::exists(file))
-        return factory;
-    const CResult<QByteArray> content = CSafeFile::read(file, CStrictFile::MaximumBytes);
-    const auto part = content ? decode(content.value(), file)
-                              : decltype(decode(QByteArray(), file))::failure(content.error());
-    if (part)
-        return part.value();
-    keepAside(file);
-    qCWarning(devicesLog, "%s",
-              qPrintable(tr("%1 The simulated processor starts as from the factory; the file is kept as "
-                            "\"%2.damaged\".")
-                             .arg(part.error(), file)));
+    CSafeFile::cleanAround(file);
+    CSafeFile::Found found = CSafeFile::Unreadable;
+    bool damaged = false;
+    const CResult<Record> record = CSafeFile::withMemory(file, [&] {
+        const CResult<QByteArray> content = CSafeFile::read(file, CStrictFile::MaximumBytes, &found);
+        if (!content)
+            return CResult<Record>::failure(content.error());
+        CResult<Record> decoded = decode(content.value(), file);
+        damaged = !decoded && !CProcessorCodec::isNewer(content.value());
+        return decoded;
+    });
+    if (record)
+        return record.value();
+    if (damaged)
+        setAside(part, file, record.error());
+    else if (found != CSafeFile::Nothing)
+        close(part, record.error());
     return factory;
+}
+
+void CProcessorStateFiles::close(Part part, const QString &reason)
+{
+    m_closed[part] = true;
+    qCWarning(devicesLog, "%s",
+              qPrintable(tr("%1 The simulated processor starts as from the factory, and stores nothing in "
+                            "the place of this file.")
+                             .arg(reason)));
+}
+
+void CProcessorStateFiles::setAside(Part part, const QString &file, const QString &reason)
+{
+    int number = 1;
+    while (number < MostDamaged && QFileInfo::exists(damagedName(file, number)))
+        ++number;
+    const QString name = damagedName(file, number);
+    const CStatus moved = CSafeFile::putAside(file, name);
+    if (!moved) {
+        close(part, reason + QLatin1Char(' ') + moved.error());
+        return;
+    }
+    qCWarning(devicesLog, "%s",
+              qPrintable(tr("%1 The simulated processor starts as from the factory; the file is kept as %2.")
+                             .arg(reason, CSafeFile::quoted(name))));
 }
 
 CStatus CProcessorStateFiles::save(const SProcessorSettings &settings) const
 {
-    return write(settingsFile(), CProcessorCodec::encode(settings));
+    return savePart(Settings, settingsFile(), settings, &CProcessorCodec::settings);
 }
 
 CStatus CProcessorStateFiles::save(const SProcessorMapping &mapping) const
 {
-    return write(mappingFile(), CProcessorCodec::encode(mapping));
+    return savePart(Mapping, mappingFile(), mapping, &CProcessorCodec::mapping);
 }
 
-CStatus CProcessorStateFiles::write(const QString &file, const QByteArray &content) const
+template <typename Record, typename Decode>
+CStatus CProcessorStateFiles::savePart(Part part, const QString &file, const Record &record,
+                                       const Decode &decode) const
 {
-    if (!QDir().mkpath(m_folder))
-        return CStatus::failure(tr("The folder \"%1\" cannot be made.").arg(m_folder));
-    return CSafeFile::write(file, content, CSafeFile::DropPrevious);
+    if (m_closed[part])
+        return CStatus::failure(
+            tr("%1 is not written: what it holds could not be read.").arg(CSafeFile::quoted(file)));
+    return CSafeFile::withMemory(file, [&] {
+        const QByteArray content = CProcessorCodec::encode(record);
+        const auto readBack = decode(content, file);
+        if (!readBack)
+            return CStatus::failure(readBack.error());
+        const CStatus made = CSafeFile::makeFolder(m_folder);
+        return made ? CSafeFile::write(file, content, CSafeFile::DropPrevious) : made;
+    });
 }

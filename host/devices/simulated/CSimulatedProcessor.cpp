@@ -76,7 +76,7 @@ int CSimulatedProcessor::scaled(int milliseconds) const
 SProcessorState &CSimulatedProcessor::state()
 {
     if (!m_state) {
-        m_state = m_files.load(m_factory);
+        m_state = m_files.load(m_factory); // once: what is closed stays so
         m_state->settings.frozen = false;
     }
     return *m_state;
@@ -212,23 +212,29 @@ DeviceError CSimulatedProcessor::saveMapping(CCancelToken &cancel, const Progres
     if (!received)
         return DeviceError::Damaged;
     const std::lock_guard<std::mutex> writing(m_mappingMutex);
-    if (!keep(received.value()))
-        return DeviceError::NotStored;
-    revision = received.value().revision;
+    error = keep(received.value());
+    if (error == DeviceError::None)
+        revision = received.value().revision;
+    return error;
+}
+
+DeviceError CSimulatedProcessor::keep(SProcessorMapping &mapping)
+{
+    mapping.revision = keptMapping().revision + 1;
+    const DeviceError error = stored(CProcessorStateFiles::Mapping, m_files.save(mapping));
+    if (error != DeviceError::None)
+        return error;
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    state().mapping = mapping;
     return DeviceError::None;
 }
 
-bool CSimulatedProcessor::keep(SProcessorMapping &mapping)
+DeviceError CSimulatedProcessor::stored(CProcessorStateFiles::Part part, const CStatus &status) const
 {
-    mapping.revision = keptMapping().revision + 1;
-    const CStatus stored = m_files.save(mapping);
-    if (!stored) {
-        qCWarning(devicesLog, "%s", qPrintable(stored.error()));
-        return false;
-    }
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    state().mapping = mapping;
-    return true;
+    if (status)
+        return DeviceError::None;
+    qCWarning(devicesLog, "%s", qPrintable(status.error()));
+    return m_files.isClosed(part) ? DeviceError::Unread : DeviceError::NotStored;
 }
 
 SProcessorMapping CSimulatedProcessor::keptMapping()
@@ -250,17 +256,16 @@ DeviceError CSimulatedProcessor::apply(const SProcessorSettings &settings)
     if (error != DeviceError::None)
         return error;
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return keep(settings) ? DeviceError::None : DeviceError::NotStored;
+    return keep(settings);
 }
 
-bool CSimulatedProcessor::keep(const SProcessorSettings &settings)
+DeviceError CSimulatedProcessor::keep(const SProcessorSettings &settings)
 {
-    const CStatus stored = m_files.save(settings);
-    if (stored)
-        state().settings = settings;
-    else
-        qCWarning(devicesLog, "%s", qPrintable(stored.error()));
-    return bool(stored);
+    SProcessorState &kept = state(); // what could not be read must be known before anything is written
+    const DeviceError error = stored(CProcessorStateFiles::Settings, m_files.save(settings));
+    if (error == DeviceError::None)
+        kept.settings = settings;
+    return error;
 }
 
 void CSimulatedProcessor::setState(SimulationFault state, bool on)

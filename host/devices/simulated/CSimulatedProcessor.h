@@ -72,16 +72,18 @@ private:
                      QByteArray &bytes) const;
     QByteArray damagedWhereTold(QByteArray bytes) const;
     DeviceError command();
-    bool keep(const SProcessorSettings &settings); ///< with the mutex held
+    DeviceError keep(const SProcessorSettings &settings); ///< with the mutex held
     SProcessorState &state();                      ///< loaded at first use; with the mutex held
     SProcessorMapping keptMapping();
-    bool keep(SProcessorMapping &mapping); ///< stores it as the next revision; with the mapping mutex held
+    DeviceError
+    keep(SProcessorMapping &mapping); ///< stores it as the next revision; with the mapping mutex held
+    DeviceError stored(CProcessorStateFiles::Part part, const CStatus &status) const;
     void changeFromElsewhere();
     int scaled(int milliseconds) const;
 
     const SIdentity m_identity;
     const Factory m_factory;
-    const CProcessorStateFiles m_files;
+    CProcessorStateFiles m_files;
     const double m_delayScale;
     std::mutex m_mappingMutex;  // held while the mapping is replaced and written to disk
     mutable std::mutex m_mutex; // guards the members below

@@ -31,6 +31,9 @@ QString deviceErrorText(DeviceError error)
         return translatedReason("The transferred data arrived damaged.");
     case DeviceError::NotStored:
         return translatedReason("The processor could not store the data.");
+    case DeviceError::Unread:
+        return translatedReason(
+            "The processor could not read what it has stored, and stores nothing in its place.");
     }
     return {};
 }

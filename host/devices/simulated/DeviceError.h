@@ -13,7 +13,8 @@ enum class DeviceError {
     Refused,
     ConnectionLost,
     Damaged,
-    NotStored ///< the device could not keep what it was sent
+    NotStored, ///< the device could not keep what it was sent
+    Unread     ///< the device stores nothing over what it could not read itself
 };
 
 /// The reason for the user, a whole sentence; empty for None and Cancelled.

@@ -83,7 +83,7 @@ SBackgroundInfo readBackground(const QJsonValue &json, const SJsonPlace &place, 
     CStrictObject object(json, place, error);
     SBackgroundInfo info;
     info.enabled = object.flagOr(info.enabled, "enabled");
-    info.file = object.textOr(info.file, "file", 4096);
+    info.file = object.pathOr(info.file, "file", 4096);
     info.scale = object.smallIntegerOr(info.scale, "scale", 0, 10000);
     info.opacity = object.smallIntegerOr(info.opacity, "opacity", 0, 100);
     info.fit =
