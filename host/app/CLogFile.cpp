@@ -6,8 +6,11 @@
 #include <QDir>
 #include <QStandardPaths>
 
-#include <cstdio>
+#include <algorithm>
+#include <limits.h>
 #include <mutex>
+#include <poll.h>
+#include <unistd.h>
 
 namespace {
 
@@ -29,6 +32,18 @@ const char *levelName(QtMsgType type)
         return "fatal";
     }
     return "message";
+}
+
+/// Writes to the standard error output unless nobody takes it: a message must neither end nor stop the
+/// program.
+void tellErrorOutput(const QByteArray &line)
+{
+    pollfd output{STDERR_FILENO, POLLOUT, 0};
+    if (poll(&output, 1, 0) != 1 || output.revents != POLLOUT)
+        return;
+    // What a pipe takes at once when it takes anything.
+    const ssize_t written = write(STDERR_FILENO, line.constData(), size_t(std::min(line.size(), PIPE_BUF)));
+    Q_UNUSED(written) // there is nobody to tell
 }
 
 } // namespace
@@ -67,13 +82,14 @@ QString CLogFile::fileName(int age) const
 void CLogFile::onMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     const QByteArray message = QByteArray(levelName(type)) + ' ' +
-                               (context.category ? context.category : "default") + ": " + text.toUtf8();
-    if (type != QtDebugMsg && type != QtInfoMsg)
-        std::fprintf(stderr, "orvo: %s\n", message.constData());
+                               (context.category ? context.category : "default") + ": " + text.toUtf8() +
+                               '\n';
     const QByteArray time = QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs).toLatin1();
     const std::lock_guard<std::mutex> lock(activeLogMutex);
     if (activeLog)
-        activeLog->append(time + ' ' + message + '\n');
+        activeLog->append(time + ' ' + message);
+    if (type != QtDebugMsg && type != QtInfoMsg)
+        tellErrorOutput("orvo: " + message);
 }
 
 void CLogFile::append(const QByteArray &line)

@@ -6,7 +6,8 @@
 #include <QString>
 
 /// The program's log: every message of the logging system, with time and category, in a file that is put
-/// aside before it grows too large. Warnings also go to the standard error output. One at a time; any thread.
+/// aside before it grows too large. Warnings then also go to the standard error output, as long as somebody
+/// takes them there. One at a time; any thread.
 class CLogFile final
 {
 public:

@@ -59,6 +59,11 @@ CSignalWatch::~CSignalWatch()
     }
 }
 
+void CSignalWatch::ignoreBrokenPipes()
+{
+    std::signal(SIGPIPE, SIG_IGN);
+}
+
 void CSignalWatch::onReadable()
 {
     unsigned char byte = 0;

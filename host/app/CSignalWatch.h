@@ -14,6 +14,9 @@ public:
     CSignalWatch();
     ~CSignalWatch() override;
 
+    /// From now on writing to a pipe that nobody reads fails instead of ending the program.
+    static void ignoreBrokenPipes();
+
 Q_SIGNALS:
     void notifySignal(int number);
 

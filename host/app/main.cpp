@@ -133,6 +133,7 @@ int runWindow(int argc, char **argv, const SAppOptions &options)
 
 int main(int argc, char **argv)
 {
+    CSignalWatch::ignoreBrokenPipes();
     if (CCommandLine::isCommand(argc, argv))
         return CCommandLine::main(argc, argv);
     const CResult<SAppOptions> options = SAppOptions::parse(argumentsOf(argc, argv));

@@ -1,11 +1,50 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "host/devices/CSimulatedPark.h"
 #include "tests/harness/CTestBase.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
 
 #include <csignal>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+const QString logName = QStringLiteral("Velmarinth/Orvo/log/orvo.log");
+
+QProcessEnvironment offscreenIn(const QString &home)
+{
+    QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+    variables.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR"})
+        variables.insert(QLatin1String(name), home);
+    return variables;
+}
+
+QByteArray contentOf(const QString &name)
+{
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// A process that writes its output to a pipe without a reader.
+class CUnreadProcess final : public QProcess
+{
+protected:
+    void setupChildProcess() override
+    {
+        int ends[2];
+        if (pipe(ends) != 0 || dup2(ends[1], STDOUT_FILENO) < 0)
+            _exit(127);
+        ::close(ends[0]);
+        ::close(ends[1]);
+    }
+};
+
+} // namespace
 
 /// What the program says and gives when it cannot open its window.
 class CProgramTest final : public CTestBase
@@ -73,23 +112,66 @@ private Q_SLOTS:
     {
         QFETCH(int, number);
         const QTemporaryDir home;
-        QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
-        variables.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-        for (const char *name : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_RUNTIME_DIR"})
-            variables.insert(QLatin1String(name), home.path());
         QProcess process;
-        process.setProcessEnvironment(variables);
+        process.setProcessEnvironment(offscreenIn(home.path()));
         process.start(QStringLiteral(ORVO_PROGRAM), {QStringLiteral("--demo"), QStringLiteral("--detect")});
         QVERIFY(process.waitForStarted(PatienceMilliseconds));
-        const QString log = home.filePath(QStringLiteral("Velmarinth/Orvo/log/orvo.log"));
+        const QString log = home.filePath(logName);
         QTRY_VERIFY(QFile::exists(log));
         QCOMPARE(::kill(static_cast<pid_t>(process.processId()), number), 0);
         QVERIFY(process.waitForFinished(PatienceMilliseconds));
         QCOMPARE(process.exitStatus(), QProcess::NormalExit);
         QCOMPARE(process.exitCode(), 128 + number);
-        QFile file(log);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QVERIFY(file.readAll().contains("Ended by signal " + QByteArray::number(number)));
+        QVERIFY(contentOf(log).contains("Ended by signal " + QByteArray::number(number)));
+    }
+
+    void aCommandTellsThatNobodyReadsItsOutput()
+    {
+        CUnreadProcess process;
+        process.start(QStringLiteral(ORVO_PROGRAM), {QStringLiteral("--help")});
+        QVERIFY(process.waitForFinished(PatienceMilliseconds));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), 1);
+        QCOMPARE(process.readAllStandardError(), QByteArray("orvo: the output could not be written\n"));
+    }
+
+    void aWarningThatNobodyReadsHarmsNothing_data()
+    {
+        QTest::addColumn<bool>("closed");
+        QTest::newRow("the pipe has no reader") << true;
+        QTest::newRow("the pipe is full") << false;
+    }
+    void aWarningThatNobodyReadsHarmsNothing()
+    {
+        QFETCH(bool, closed);
+        const QTemporaryDir home;
+        for (const CSimulatedPark::Processor &processor : CSimulatedPark(home.path(), 0).processors()) {
+            QFile state(CProcessorStateFiles(home.path(), processor->identity().uuid).settingsFile());
+            QVERIFY(state.open(QIODevice::WriteOnly)); // empty is damaged, and a warning tells so
+        }
+        const QString errors = home.filePath(QStringLiteral("errors"));
+        QCOMPARE(mkfifo(QFile::encodeName(errors).constData(), 0600), 0);
+        const int reader = ::open(QFile::encodeName(errors).constData(), O_RDWR | O_CLOEXEC | O_NONBLOCK);
+        const QByteArray block(4096, 'x');
+        while (!closed && ::write(reader, block.constData(), size_t(block.size())) > 0) {
+        }
+        QProcess process;
+        process.setProcessEnvironment(offscreenIn(home.path()));
+        process.setStandardErrorFile(errors);
+        process.start(QStringLiteral(ORVO_PROGRAM),
+                      {QStringLiteral("--detect"), QStringLiteral("--state"), home.path()});
+        QVERIFY(process.waitForStarted(PatienceMilliseconds));
+        if (closed)
+            ::close(reader);
+        const QString log = home.filePath(logName);
+        QTRY_VERIFY(contentOf(log).count("is kept as") > 1);
+        QCOMPARE(::kill(static_cast<pid_t>(process.processId()), SIGTERM), 0);
+        QVERIFY(process.waitForFinished(PatienceMilliseconds));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), 128 + SIGTERM);
+        QVERIFY(contentOf(log).contains("Ended by signal"));
+        if (!closed)
+            ::close(reader);
     }
 };
 
