@@ -3,7 +3,6 @@
 #include "host/library/CTypeLibrary.h"
 
 #include "layout/api/records/CRecordJson.h"
-#include "layout/api/records/LayoutLimits.h"
 #include "platform/json/CStrictJson.h"
 #include "platform/json/CStrictObject.h"
 
@@ -47,8 +46,6 @@ QString typeProblem(const TypeInfo &info)
 {
     if (!info.key.isNull() || info.damaged)
         return CTypeLibrary::tr("a type has no key and no damage of its own");
-    if (info.width > LayoutLimits::LargestSide || info.height > LayoutLimits::LargestSide)
-        return CTypeLibrary::tr("the size is above %1 pixels").arg(LayoutLimits::LargestSide);
     if (!fillsType(info.receivers, QRect(0, 0, info.width, info.height)))
         return CTypeLibrary::tr("the receiver areas do not fill the type");
     if ((info.receivers.size() > 1) != (info.kind == TypeInfo::MultiReceiver))

@@ -21,7 +21,7 @@ SCabinetConfig readConfig(const QJsonObject &body, QString &error)
         config.type = type.value();
     else if (error.isEmpty())
         error = type.error();
-    config.rects = object.rectsOr("receivers");
+    config.rects = object.rectsOr("receivers", CRecordJson::MaximumReceivers);
     config.gamma = object.number("gamma", 1.0, 4.0);
     object.finish();
     return config;

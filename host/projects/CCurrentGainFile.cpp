@@ -20,7 +20,7 @@ SCurrentGainRow readRow(const QJsonValue &json, const SJsonPlace &place, QString
     SCurrentGainRow row;
     row.frameRateCode = object.smallInteger("frameRate", 0, LargestGainCode);
     row.gainLevel = object.smallInteger("gainLevel", 0, LargestGainCode);
-    row.values = object.integersOr<int>("values", 0, 255);
+    row.values = object.integersOr<int>("values", 0, 255, GainColors);
     if (row.values.size() != GainColors)
         object.fail("values", CStrictFile::tr("the gains of red, green and blue are expected"));
     object.finish();

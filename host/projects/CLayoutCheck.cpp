@@ -76,6 +76,32 @@ void checkPlacement(const QVector<Cabinet> &cabinets, const QRect &canvas, CPort
     }
 }
 
+/// What is wrong with the receiver areas of a cabinet, as the end of a sentence; empty: nothing.
+QString receiverProblem(const Cabinet &cabinet)
+{
+    const QRect whole({0, 0}, cabinet.rect.size());
+    for (const QRect &area : cabinet.rects) {
+        if (area.isEmpty())
+            return CLayoutCheck::tr("is empty");
+        if (!whole.contains(area))
+            return CLayoutCheck::tr("lies outside the cabinet");
+    }
+    return COverlapSweep::pairs(cabinet.rects).isEmpty() ? QString()
+                                                         : CLayoutCheck::tr("overlaps another one");
+}
+
+void checkReceivers(const QVector<Cabinet> &cabinets, CPortFindings &findings)
+{
+    for (const Cabinet &cabinet : cabinets) {
+        const QString problem = receiverProblem(cabinet);
+        if (!problem.isEmpty())
+            findings.add(SLayoutFinding::BadReceivers,
+                         CLayoutCheck::tr("a receiver area of the cabinet at %1 %2.")
+                             .arg(checkedPlace(cabinet.rect), problem),
+                         cabinet.uuid);
+    }
+}
+
 /// The chain must hold each place from 0 once.
 void checkChain(QVector<Cabinet> cabinets, CPortFindings &findings)
 {
@@ -151,6 +177,7 @@ QVector<SLayoutFinding> CLayoutCheck::findings(const LayoutData &data, const SLa
         CPortFindings findings(port.index, found);
         checkLoad(port, cabinets.size(), limits, findings);
         checkPlacement(cabinets, QRect({0, 0}, data.canvas), findings);
+        checkReceivers(cabinets, findings);
         checkChain(cabinets, findings);
         for (Cabinet &cabinet : cabinets)
             cabinet.port = port.index;

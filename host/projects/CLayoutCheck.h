@@ -25,7 +25,8 @@ struct SLayoutFinding
         SamePosition,
         Overlap,
         OutsideCanvas,
-        BadSize
+        BadSize,
+        BadReceivers
     };
     Kind kind = Unwired;
     int port = -1; ///< output-port index, from 0; -1: the whole processor
@@ -47,6 +48,6 @@ class CLayoutCheck final
     Q_DECLARE_TR_FUNCTIONS(CLayoutCheck)
 
 public:
-    /// In ascending port order, within a port by kind. O(n log n) but for cabinets that overlap.
+    /// In ascending port order, within a port by kind. O(n log n).
     static QVector<SLayoutFinding> findings(const LayoutData &data, const SLayoutLimits &limits = {});
 };

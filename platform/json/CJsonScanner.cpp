@@ -45,6 +45,8 @@ bool CJsonScanner::value(int depth)
     skipSpace();
     if (m_at == m_end)
         return fail(tr("the end is missing"));
+    if (++m_values > CStrictJson::MaximumValues)
+        return fail(tr("there are more than %1 values").arg(CStrictJson::MaximumValues));
     SName content{};
     switch (*m_at) {
     case '{':
@@ -158,6 +160,8 @@ bool CJsonScanner::string(SName &content, bool escapesAllowed)
     }
     if (m_at == m_end)
         return fail(tr("the end is missing"));
+    if (m_at - content.begin > CStrictJson::MaximumTextBytes)
+        return fail(tr("a text is too long"));
     content.length = int(m_at - content.begin);
     ++m_at;
     return true;

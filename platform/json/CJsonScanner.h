@@ -8,7 +8,7 @@
 #include <QVector>
 
 /// Checks JSON text in one pass without building anything: grammar, repeated members, numbers that would lose
-/// digits, depth. It runs before the real parser.
+/// digits, depth, amounts. It runs before the real parser, which takes many times the memory of the text.
 class CJsonScanner final
 {
     Q_DECLARE_TR_FUNCTIONS(CJsonScanner)
@@ -20,6 +20,7 @@ public:
     bool scan();
     const QString &error() const { return m_error; }
     int offset() const { return int(m_at - m_begin); } ///< bytes
+    int values() const { return m_values; }            ///< that were met
 
 private:
     /// The name of a member, as it stands in the text.
@@ -47,5 +48,6 @@ private:
     const char *m_at;
     const char *m_end;
     QVector<SName> m_names; ///< of the open objects, the innermost last
+    int m_values = 0;
     QString m_error;
 };

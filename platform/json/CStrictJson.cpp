@@ -7,8 +7,18 @@
 #include <QJsonDocument>
 
 #include <algorithm>
+#include <new>
 
 namespace {
+
+constexpr size_t ValueBytes = 128; // of memory at most, for a parsed value and what is made of it
+constexpr size_t TextFactor = 4;   // of memory for the texts, to the bytes of the document
+
+/// Throws bad_alloc here when the memory does not suffice: in the midst of QJsonDocument it ends the program.
+void requireMemory(const QByteArray &text, int values)
+{
+    ::operator delete(::operator new(size_t(values) * ValueBytes + size_t(text.size()) * TextFactor));
+}
 
 /// "line 3, column 17" of a byte offset, both from 1; columns count bytes.
 QString textPlace(const QByteArray &text, int offset, int firstLine)
@@ -29,6 +39,7 @@ CResult<QJsonObject> CStrictJson::parse(const QByteArray &text, int firstLine)
     CJsonScanner scanner(text);
     if (!scanner.scan())
         return failure(scanner.offset(), scanner.error());
+    requireMemory(text, scanner.values());
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
     if (error.error == QJsonParseError::IllegalUTF8String)

@@ -230,9 +230,9 @@ QRect CStrictObject::toRect(const QJsonValue &value, const SJsonPlace &place)
     return {numbers[0], numbers[1], numbers[2], numbers[3]};
 }
 
-QVector<QRect> CStrictObject::rectsOr(const char *key)
+QVector<QRect> CStrictObject::rectsOr(const char *key, int most)
 {
-    const QJsonArray items = arrayOr(key);
+    const QJsonArray items = shortArrayOr(key, most);
     const SJsonPlace place = placeOf(key);
     QVector<QRect> rects;
     rects.reserve(items.size());
@@ -249,6 +249,15 @@ QJsonArray CStrictObject::array(const char *key)
 QJsonArray CStrictObject::arrayOr(const char *key)
 {
     return toArray(take(key, false), key);
+}
+
+QJsonArray CStrictObject::shortArrayOr(const char *key, int most)
+{
+    const QJsonArray items = arrayOr(key);
+    if (items.size() <= most)
+        return items;
+    failAt(placeOf(key), tr("there are %1 entries, the most is %2").arg(items.size()).arg(most));
+    return {};
 }
 
 QJsonArray CStrictObject::toArray(const QJsonValue &value, const char *key)

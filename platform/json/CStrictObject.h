@@ -59,9 +59,11 @@ public:
     QSizeF sizeFOr(const QSizeF &fallback, const char *key, double largest);
     /// Written [x, y, width, height].
     QRect rect(const char *key);
-    QVector<QRect> rectsOr(const char *key);
+    /// At most @p most rectangles.
+    QVector<QRect> rectsOr(const char *key, int most);
+    /// At most @p most whole numbers.
     template <typename Number>
-    QVector<Number> integersOr(const char *key, qint64 minimum, qint64 maximum);
+    QVector<Number> integersOr(const char *key, qint64 minimum, qint64 maximum, int most);
     QJsonArray array(const char *key);
     QJsonArray arrayOr(const char *key);
     QJsonValue value(const char *key);
@@ -89,6 +91,7 @@ private:
     QRect toRect(const QJsonValue &value, const SJsonPlace &place);
     QJsonArray pair(const QJsonValue &value, const char *key);
     QJsonArray toArray(const QJsonValue &value, const char *key);
+    QJsonArray shortArrayOr(const char *key, int most);
 
     QJsonObject m_object;
     const SJsonPlace &m_place;
@@ -97,9 +100,9 @@ private:
 };
 
 template <typename Number>
-QVector<Number> CStrictObject::integersOr(const char *key, qint64 minimum, qint64 maximum)
+QVector<Number> CStrictObject::integersOr(const char *key, qint64 minimum, qint64 maximum, int most)
 {
-    const QJsonArray items = arrayOr(key);
+    const QJsonArray items = shortArrayOr(key, most);
     const SJsonPlace place = placeOf(key);
     QVector<Number> numbers;
     numbers.reserve(items.size());

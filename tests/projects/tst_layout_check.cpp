@@ -94,6 +94,22 @@ private Q_SLOTS:
         QCOMPARE(findings.at(1).cabinet, cabinetOf(data, 0, 0).uuid);
     }
 
+    void findsWrongReceivers()
+    {
+        LayoutData data = soundWall();
+        cabinetOf(data, 0, 0).rects = {{0, 0, 50, 100}, {50, 0, 50, 90}}; // a gap is nothing wrong
+        cabinetOf(data, 0, 1).rects = {{0, 0, 51, 100}, {50, 0, 50, 100}};
+        cabinetOf(data, 0, 2).rects = {{0, 0, 100, 101}};
+        cabinetOf(data, 1, 0).rects = {{0, 0, 100, 100}, {0, 0, 0, 100}};
+        QCOMPARE(
+            texts(CLayoutCheck::findings(data)),
+            (QStringList{
+                QStringLiteral("Port 1: a receiver area of the cabinet at (100, 0) overlaps another one."),
+                QStringLiteral(
+                    "Port 1: a receiver area of the cabinet at (200, 0) lies outside the cabinet."),
+                QStringLiteral("Port 2: a receiver area of the cabinet at (300, 0) is empty.")}));
+    }
+
     void findsWhatIsTooMuch()
     {
         LayoutData data = soundWall();

@@ -4,11 +4,20 @@
 #include "host/projects/CCurrentGainFile.h"
 #include "host/projects/CPortProject.h"
 #include "host/projects/CStrictFile.h"
+#include "platform/json/CStrictJson.h"
 #include "tests/harness/CTestBase.h"
 #include "tests/projects/ProjectSamples.h"
 
 #include <QCryptographicHash>
 #include <QTemporaryDir>
+
+#include <cstdlib>
+#include <functional>
+#include <vector>
+
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -39,7 +48,32 @@ QByteArray nestedGroups(int depth)
     return bodyWithPorts("[{\"index\":0,\"groups\":[" + groups + "]}]");
 }
 
+/// @p count elements that differ in a number, which takes the place of "%1".
+QByteArray listOf(int count, const char *element)
+{
+    QByteArrayList list;
+    for (int i = 0; i < count; ++i)
+        list << QByteArray(element).replace("%1", QByteArray::number(i).rightJustified(4, '0'));
+    return list.join(',');
+}
+
+QByteArray groupsOf(const QByteArray &cabinets)
+{
+    return "\"groups\":[{\"cabinets\":[" + cabinets + "]}]";
+}
+
+const char *const numberedCabinet = R"({"uuid":"6f727677-616c-4c77-8a11-5f0d3b6a%1","rect":[0,0,2048,1]})";
 const char *const oneCabinet = R"({"uuid":"6f727677-616c-4c77-8a11-5f0d3b6a7702","rect":[0,0,32,32]})";
+
+/// Runs @p work in a process of its own.
+bool trueInChild(const std::function<bool()> &work)
+{
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(work() ? 0 : 1);
+    int status = 0;
+    return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
 
 } // namespace
 
@@ -65,6 +99,34 @@ private:
     }
 
 private Q_SLOTS:
+    void aLackOfMemoryIsAMessage()
+    {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+        QSKIP("sanitizers end a program that gets no memory");
+#endif
+        const QString file = path("full.sprj");
+        QVERIFY(trueInChild([&] {
+            return bool(CProcessorProject::write(file, ProjectSamples::ofWall(CWallBuilder::Full)));
+        }));
+        for (const int megabytes : {0, 40}) { // it runs out at once, or while the content is parsed
+            QVERIFY(trueInChild([&] {
+                std::vector<void *> kept;
+                for (int i = 0; i < megabytes * 16; ++i)
+                    kept.push_back(std::malloc(1 << 16));
+                const rlimit none{1 << 20, 1 << 20}; // less than is in use: nothing more from now on
+                const bool limited = setrlimit(RLIMIT_AS, &none) == 0;
+                for (size_t size = size_t(1) << 26; limited && size > 1 << 16; size /= 2) {
+                    while (std::malloc(size)) {
+                    } // what was given back before
+                }
+                for (void *block : kept)
+                    std::free(block);
+                const QString error = CProcessorProject::read(file).error();
+                return error.contains(file) && error.contains(QLatin1String("memory"));
+            }));
+        }
+    }
+
     void bringsBackEveryWall_data()
     {
         QTest::addColumn<int>("wall");
@@ -198,6 +260,30 @@ private Q_SLOTS:
         row("rectangle", cabinets(QByteArray(cabinet).replace("32]", "32,1]")), "cabinets[0].rect: [x, y");
         row("no identity", cabinets(QByteArray(cabinet).replace("6f727677", "6f72767g")), "cabinets[0].uuid");
         row("no colour", sealed(bodyWithPorts("[{\"index\":0,\"color\":\"pink\"}]")), "ports[0].color");
+        row("no width", cabinets(QByteArray(cabinet).replace("32,32]", "0,32]")),
+            "cabinets[0].rect: the size is 0x32 pixels");
+        row("too high", cabinets(QByteArray(cabinet).replace("32,32]", "32,2049]")),
+            "cabinets[0].rect: the size");
+        row("too many receivers",
+            cabinets(QByteArray(cabinet).replace("}", ",\"receivers\":[" + listOf(257, "[0,0,1,1]") + "]}")),
+            "cabinets[0].receivers: there are 257 entries, the most is 256");
+        row("too many receiver cards",
+            cabinets(QByteArray(cabinet).replace("}", ",\"cards\":[" + listOf(257, "1") + "]}")),
+            "cabinets[0].cards: there are 257 entries");
+        row("too many cabinets",
+            sealed(bodyWithPorts("[{\"index\":0},{\"index\":3,\"groups\":[{\"cabinets\":[" +
+                                 listOf(1024, numberedCabinet) + "],\"groups\":[{\"cabinets\":[" + cabinet +
+                                 "]}]}]}]")),
+            "layout.ports[1].groups[0].groups[0].cabinets: the output port has 1025 or more");
+        row("too many groups",
+            sealed(bodyWithPorts("[{\"index\":0,\"groups\":[" + listOf(2049, "{}") + "]}]")),
+            "layout.ports[0].groups: the output port has 2049 or more, the most is 2048");
+        row("too many values",
+            sealed("{\"name\":[" + QByteArray("[],").repeated(CStrictJson::MaximumValues) + "0]}"),
+            "more than 4000000 values");
+        row("too long a text",
+            sealed("{\"name\":\"" + QByteArray(CStrictJson::MaximumTextBytes + 1, 'x') + "\"}"),
+            "line 2, column");
         row("half a character", sealed(QByteArray(bodyWithPorts("[]")).replace("\"n\"", "\"\\ud800\"")),
             "name: the text");
     }
@@ -214,6 +300,19 @@ private Q_SLOTS:
         const QString file = path("nested.sprj");
         ProjectSamples::setContent(file, sealed(nestedGroups(64)));
         QVERIFY(CProcessorProject::read(file));
+    }
+
+    void readsAsManyAsAPortTakes()
+    {
+        QByteArray cabinets = listOf(1024, numberedCabinet);
+        cabinets.insert(cabinets.indexOf('}'), ",\"receivers\":[" + listOf(256, "[0,0,1,1]") + "]");
+        const QByteArray others = QByteArray(cabinets).replace("3b6a", "3b6b");
+        const QString file = path("most.sprj");
+        ProjectSamples::setContent(file, sealed(bodyWithPorts("[{\"index\":0," + groupsOf(cabinets) +
+                                                              "},{\"index\":1," + groupsOf(others) + "}]")));
+        const auto project = CProcessorProject::read(file);
+        QVERIFY2(project, qPrintable(project.error()));
+        QCOMPARE(project.value().layout.cabinetCount(), 2048);
     }
 
     void refusesRowsThatContradictEachOther()

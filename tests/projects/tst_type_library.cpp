@@ -61,7 +61,7 @@ private Q_SLOTS:
         QTest::newRow("no size") << QByteArray(R"({"name":"a"})")
                                  << QStringLiteral("folders[0].types[0]: the member \"size\"");
         QTest::newRow("too large") << QByteArray(R"({"name":"a","size":[2049,1]})")
-                                   << QStringLiteral("types[0]: the size");
+                                   << QStringLiteral("types[0].size[0]: 2049");
         QTest::newRow("twice") << QByteArray(R"({"name":"a","size":[8,8]},{"name":"a","size":[8,8]})")
                                << QStringLiteral("types[1]: the same");
         QTest::newRow("gap") << QByteArray(

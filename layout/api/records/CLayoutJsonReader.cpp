@@ -3,7 +3,10 @@
 #include "layout/api/records/CLayoutJsonReader.h"
 
 #include "layout/api/records/CRecordJson.h"
+#include "layout/api/records/LayoutLimits.h"
 #include "platform/json/CStrictObject.h"
+
+#include <QJsonArray>
 
 #include <algorithm>
 #include <limits>
@@ -19,7 +22,29 @@ QColor readArgb(CStrictObject &object, const char *key)
     return {};
 }
 
+QRect readPlacement(CStrictObject &object, const char *key)
+{
+    const QRect rect = object.rect(key);
+    if (!LayoutLimits::isCabinetSize(rect.size()))
+        object.fail(key, CLayoutJsonReader::tr("the size is %1x%2 pixels, each side must be %3 to %4")
+                             .arg(rect.width())
+                             .arg(rect.height())
+                             .arg(LayoutLimits::SmallestSide)
+                             .arg(LayoutLimits::LargestSide));
+    return rect;
+}
+
 } // namespace
+
+QJsonArray CLayoutJsonReader::counted(CStrictObject &object, const char *key, int &count, int most)
+{
+    const QJsonArray items = object.arrayOr(key);
+    count += items.size();
+    if (count <= most)
+        return items;
+    object.fail(key, tr("the output port has %1 or more, the most is %2").arg(count).arg(most));
+    return {};
+}
 
 SMD5 CLayoutJsonReader::typeKey(CStrictObject &object, const char *key)
 {
@@ -37,18 +62,19 @@ CLayoutJsonReader::Cabinet CLayoutJsonReader::cabinet(const QJsonValue &json, co
     CStrictObject object(json, place, m_error);
     Cabinet read;
     read.uuid = object.uuid("uuid");
-    read.rect = object.rect("rect");
+    read.rect = readPlacement(object, "rect");
     read.rank = object.smallIntegerOr(-1, "rank", -1, CRecordJson::MaximumNumber);
     read.port = object.smallIntegerOr(holder.port, "port", -1, CRecordJson::MaximumPortIndex);
     read.group = object.uuidOr(holder.group, "group");
     read.type = typeKey(object, "type");
     read.directionFixed = object.flagOr(false, "directionFixed");
     read.custom = object.flagOr(false, "custom");
-    read.rects = object.rectsOr("receivers");
+    read.rects = object.rectsOr("receivers", CRecordJson::MaximumReceivers);
     read.mappingIndex = object.smallIntegerOr(-1, "mapping", -1, CRecordJson::MaximumNumber);
     read.calibrationIndex = object.smallIntegerOr(-1, "calibration", -1, CRecordJson::MaximumNumber);
-    read.receivers = object.integersOr<int>("cards", 0, CRecordJson::MaximumNumber);
-    read.blanks = object.rectsOr("blanks");
+    read.receivers =
+        object.integersOr<int>("cards", 0, CRecordJson::MaximumNumber, CRecordJson::MaximumReceivers);
+    read.blanks = object.rectsOr("blanks", CRecordJson::MaximumReceivers);
     const int before = m_cabinets.size();
     m_cabinets.insert(read.uuid);
     if (m_cabinets.size() == before)
@@ -70,14 +96,14 @@ CLayoutJsonReader::Group CLayoutJsonReader::group(const QJsonValue &json, const 
     }
     read.name = object.textOr({}, "name", CRecordJson::MaximumTextLength);
 
-    const QJsonArray cabinets = object.arrayOr("cabinets");
+    const QJsonArray cabinets = counted(object, "cabinets", m_portCabinets, LayoutLimits::CabinetsPerPort);
     const SJsonPlace cabinetsPlace = object.placeOf("cabinets");
     const SHolder holder{port, read.uuid};
     read.cabinets.reserve(cabinets.size());
     for (int i = 0; i < cabinets.size() && m_error.isEmpty(); ++i)
         read.cabinets.append(cabinet(cabinets.at(i), {&cabinetsPlace, nullptr, i}, holder));
 
-    const QJsonArray groups = object.arrayOr("groups");
+    const QJsonArray groups = counted(object, "groups", m_portGroups, CRecordJson::MaximumGroups);
     const SJsonPlace groupsPlace = object.placeOf("groups");
     if (!groups.isEmpty() && depth >= CRecordJson::MaximumGroupDepth)
         object.fail("groups", tr("groups are nested deeper than %1").arg(CRecordJson::MaximumGroupDepth));
@@ -90,6 +116,7 @@ CLayoutJsonReader::Group CLayoutJsonReader::group(const QJsonValue &json, const 
 
 CLayoutJsonReader::Port CLayoutJsonReader::port(const QJsonValue &json, const SJsonPlace &place)
 {
+    m_portCabinets = m_portGroups = 0;
     CStrictObject object(json, place, m_error);
     Port read;
     read.index = object.smallInteger("index", 0, CRecordJson::MaximumPortIndex);
@@ -101,7 +128,7 @@ CLayoutJsonReader::Port CLayoutJsonReader::port(const QJsonValue &json, const SJ
     read.redundancyProcessor = object.uuidOr({}, "redundancyProcessor");
     read.load = object.integerOr(0, "load", 0, CRecordJson::MaximumNumber);
 
-    const QJsonArray groups = object.arrayOr("groups");
+    const QJsonArray groups = counted(object, "groups", m_portGroups, CRecordJson::MaximumGroups);
     const SJsonPlace groupsPlace = object.placeOf("groups");
     read.groups.reserve(groups.size());
     for (int i = 0; i < groups.size() && m_error.isEmpty(); ++i)
@@ -137,7 +164,8 @@ SPrjPort CLayoutJsonReader::projectPort(const QJsonValue &json, const SJsonPlace
     read.index = object.smallIntegerOr(-1, "index", -1, CRecordJson::MaximumPortIndex);
     read.cabinetCount = object.smallIntegerOr(0, "cabinetCount", 0, CRecordJson::MaximumNumber);
     read.load = object.smallIntegerOr(0, "load", 0, CRecordJson::MaximumNumber);
-    const QVector<qint64> area = object.integersOr<qint64>("area", 0, std::numeric_limits<quint32>::max());
+    const QVector<qint64> area =
+        object.integersOr<qint64>("area", 0, std::numeric_limits<quint32>::max(), int(read.area.size()));
     if (object.has("area") && area.size() != int(read.area.size()))
         object.fail("area", tr("[x, y, width, height] is expected"));
     else

@@ -9,6 +9,7 @@
 #include <QString>
 
 class CStrictObject;
+class QJsonArray;
 class QJsonValue;
 struct SJsonPlace;
 
@@ -44,7 +45,12 @@ public:
     static SMD5 typeKey(CStrictObject &object, const char *key);
 
 private:
+    /// The members of an array in a group; none when the output port then has more than @p most of them.
+    QJsonArray counted(CStrictObject &object, const char *key, int &count, int most);
+
     QString m_error;
     QSet<QUuid> m_cabinets;
     QSet<QUuid> m_groups;
+    int m_portCabinets = 0; ///< of the output port that is being read
+    int m_portGroups = 0;   ///< of it
 };

@@ -3,6 +3,7 @@
 #include "layout/api/records/CRecordJson.h"
 
 #include "layout/api/records/CLayoutJsonReader.h"
+#include "layout/api/records/LayoutLimits.h"
 #include "platform/json/CStrictObject.h"
 
 namespace {
@@ -101,10 +102,10 @@ CRecordJson::RcvTypeInfo readTypeInfo(const QJsonValue &json, const SJsonPlace &
     info.name = object.text("name", CRecordJson::MaximumTextLength);
     info.kind = object.smallIntegerOr(info.kind, "kind", CRecordJson::RcvTypeInfo::SingleReceiver,
                                       CRecordJson::RcvTypeInfo::MultiReceiver);
-    const QSize size = object.size("size", CStrictObject::LargestPixel);
+    const QSize size = object.size("size", LayoutLimits::LargestSide);
     info.width = size.width();
     info.height = size.height();
-    info.receivers = object.rectsOr("receivers");
+    info.receivers = object.rectsOr("receivers", CRecordJson::MaximumReceivers);
     info.millimetres = object.sizeFOr({}, "millimetres", 100000);
     info.kilograms = object.numberOr(0, "kilograms", 0, 100000);
     info.wattsMaximum = object.smallIntegerOr(0, "wattsMaximum", 0, CRecordJson::MaximumNumber);
