@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/devices/CSimulatedPark.h"
+#include "host/devices/services/CSimulatedPark.h"
 #include "tests/harness/CTestBase.h"
 
 #include <QProcess>
