@@ -129,6 +129,8 @@ private Q_SLOTS:
                     break;
                 }
             }
+            const bool unconfirmed = call == "sync" || (call == "close" && number == 1 && subject != Export);
+            QVERIFY2(!saved || !unconfirmed, QByteArray::number(number));
             const QByteArray found = ProjectSamples::contentOf(file);
             QVERIFY2(found == contents[2] || (found == contents[1] && !saved), QByteArray::number(number));
             CSafeFile::cleanAround(file); // as the next start does
