@@ -4,6 +4,7 @@
 #include "benchmarks/EditSides.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 
 #include <QGraphicsLineItem>
 
@@ -23,9 +24,9 @@ constexpr int SmallGroup = 64; ///< cabinets
 constexpr int UngroupedPorts = 8;
 
 const Edit wireUp = [](CCabinetGraphicsScene &scene) { scene.topologyWiring(Pattern); };
-const Edit removeSelected = [](CCabinetGraphicsScene &scene) { scene.deleteSelected(); };
+const Edit removeSelected = [](CCabinetGraphicsScene &scene) { scene.backend().operations().remove(); };
 const Edit nudge = [](CCabinetGraphicsScene &scene) { scene.selectedItemMoveRight(); };
-const Edit ungroup = [](CCabinetGraphicsScene &scene) { scene.ungroupSelected(); };
+const Edit ungroup = [](CCabinetGraphicsScene &scene) { scene.backend().operations().ungroup(); };
 const Edit measuredPort = [](CCabinetGraphicsScene &scene) {
     EditSides::selectPort(scene, scene.portItems().at(MeasuredPort)->port());
 };

@@ -5,6 +5,7 @@
 #include "layout/editor/items/CGraphicsItemBase.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 
 #include <QCoreApplication>
 #include <QGraphicsItem>
@@ -47,7 +48,7 @@ SWork onBareChildren(CBareSide &side, void (*change)(QGraphicsItem &))
 
 void EditSides::selectPort(CCabinetGraphicsScene &scene, int port)
 {
-    const CEditBatch batch(scene);
+    const CEditBatch batch(scene.backend().batches());
     for (CGraphicsItemBase *item : scene.portItem(port)->topItems())
         item->setSelected(true);
 }
@@ -63,7 +64,7 @@ SWork EditSides::work(CEditorSide &side, const Edit &select, const Edit &edit, E
     SWork work;
     work.prepare = [&scene, select, edit, step] {
         {
-            const CEditBatch batch(scene);
+            const CEditBatch batch(scene.backend().batches());
             scene.clearSelection();
             select(scene);
         }

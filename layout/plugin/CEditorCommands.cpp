@@ -7,6 +7,7 @@
 #include "layout/drawing/CLayoutPainter.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/plugin/CAppendMenu.h"
 #include "layout/plugin/CCabinetFiles.h"
@@ -81,7 +82,7 @@ void CEditorCommands::chooseType(QWidget *parent)
     if (dialog.exec() != QDialog::Accepted || !CProcessorInView::isStill(processor, parent))
         return;
     m_store.recentCabinets().noteType(dialog.type().key);
-    scene.selectionShape().applyType(dialog.type());
+    scene.backend().shape().applyType(dialog.type());
 }
 
 void CEditorCommands::saveParameters(const QList<Cabinet> &cabinets, QWidget *parent)

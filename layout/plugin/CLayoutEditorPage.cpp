@@ -5,6 +5,7 @@
 #include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/plugin/CEditorCommands.h"
 #include "platform/widgets/CMessageBox.h"
@@ -61,7 +62,7 @@ QAbstractButton &CLayoutEditorPage::showScreenButton() const
 
 QList<CabinetLayout::CabinetPort::Cabinet> CLayoutEditorPage::selectedCabinets() const
 {
-    return m_view->cabinetScene().selectedCabinets();
+    return m_view->cabinetScene().selection().records();
 }
 
 void CLayoutEditorPage::setProcessor(const ProcessorTree::ProcessorNode &processor)
@@ -80,7 +81,7 @@ void CLayoutEditorPage::setProcessor(const ProcessorTree::ProcessorNode &process
 void CLayoutEditorPage::reload()
 {
     m_note->clear();
-    m_view->cabinetScene().cancelGesture();
+    m_view->cabinetScene().backend().batches().cancelGesture();
     const LayoutData layout = m_store.openProcessor(m_processor.uuid);
     if (m_processor.uuid.isNull())
         m_view->clearLayout();

@@ -36,13 +36,13 @@ public:
     QGraphicsItem *itemOf(const QUuid &uuid) const { return m_items.value(uuid, nullptr); }
     int knownItemCount() const { return m_items.size(); }
 
-protected:
     /// Enters an item of the scene under its identity, or removes it.
     void enterItem(const QUuid &uuid, QGraphicsItem &item) { m_items.insert(uuid, &item); }
     void leaveItem(const QUuid &uuid) { m_items.remove(uuid); }
     void reserveItems(int count) { m_items.reserve(count); }
     void forgetItems() { m_items.clear(); }
 
+protected:
     /// Returns whether a picture is being drawn, not a view.
     bool isPicturing() const { return m_picturing; }
 

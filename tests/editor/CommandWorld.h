@@ -7,6 +7,7 @@
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/recording/ItemFactories.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/undo/CAppendCommand.h"
 #include "layout/editor/undo/CBreakGroupCommand.h"
 #include "layout/editor/undo/CBreakWiringCommand.h"
@@ -117,7 +118,7 @@ inline CUndoCommandBase *append(Scene &scene, int port, QGraphicsItem *parent)
 {
     auto *item = new Cabinet(SmallWorlds::cabinet(port, 90, -1), parent);
     item->setOrdinal(1'000'000);
-    scene.enterEdited(*item);
+    scene.backend().content().enterEdited(*item);
     return makeWith<CAppendCommand>(*item, ItemFactories::existingFirst(*item));
 }
 
@@ -136,7 +137,7 @@ inline CUndoCommandBase *createGroup(Scene &scene)
     auto *group = new Group(QUuid(), QRectF(), scene.portItem(1));
     group->setOrdinal(1'000'000);
     group->gather({&World::cabinet(scene, 1, 0), &World::group(scene, "outer")});
-    scene.enterEdited(*group);
+    scene.backend().content().enterEdited(*group);
     return makeWith<CCreateGroupCommand>(*group, ItemFactories::existingFirst(*group));
 }
 
@@ -149,8 +150,8 @@ inline CUndoCommandBase *breakGroup(Group &group)
 inline void vanish(Scene &scene, CGraphicsItemBase &item)
 {
     for (Cabinet *concerned : item.concernedCabinets())
-        scene.leaveEdited(*concerned);
-    scene.leaveEdited(item);
+        scene.backend().content().leaveEdited(*concerned);
+    scene.backend().content().leaveEdited(item);
     scene.removeItem(&item);
     delete &item;
 }

@@ -100,7 +100,7 @@ private Q_SLOTS:
         scene.onNotifyProcessorStateChanged();
         for (const CGraphicsPortItem *port : scene.portItems()) {
             scene.onNotifyCabinetColorChanged(port->port(), QColor::fromHsv(90 * port->port(), 200, 150));
-            scene.selectPort(port->port(), true);
+            scene.backend().picks().port(port->port(), true);
             scene.topologyWiring(0);
         }
         scene.clearSelection();
@@ -143,7 +143,7 @@ private Q_SLOTS:
              {mouse.at({64, 64}), mouse.at({192, 64}), mouse.at(InPair), mouse.at({64, 564})}) {
             for (const bool selected : {true, false}) {
                 {
-                    const CEditBatch batch(mouse.scene());
+                    const CEditBatch batch(mouse.scene().backend().batches());
                     item->outermost().setSelected(selected);
                 }
                 const QImage part = shown();
@@ -194,10 +194,10 @@ private Q_SLOTS:
         mouse.click(click);
         const QImage selected = picture();
         CCabinetGraphicsScene &scene = mouse.scene();
-        scene.setToolMode(IEditorScene::HeadToTailExchange, true); // the cabinet looks the same
+        scene.setToolMode(ToolMode::HeadToTailExchange, true); // the cabinet looks the same
         const QImage without = picture();
         QCOMPARE(selected != without, shown);
-        scene.setToolMode(IEditorScene::HeadToTailExchange, false);
+        scene.setToolMode(ToolMode::HeadToTailExchange, false);
         QCOMPARE(picture(), selected);
         mouse.click({64, 64}, Qt::ControlModifier); // a second item
         QCOMPARE(picture(), without);

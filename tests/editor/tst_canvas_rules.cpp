@@ -101,7 +101,7 @@ private Q_SLOTS:
 
     void directExchangeNeedsNoPick()
     {
-        m_mouse->scene().setToolMode(IEditorScene::DirectExchange, true);
+        m_mouse->scene().setToolMode(ToolMode::DirectExchange, true);
         QVector<QRect> reversed = m_mouse->cabinet(3, 0).cabinet().rects;
         std::reverse(reversed.begin(), reversed.end());
         QSignalSpy selectionSpy(&m_mouse->scene(), &CCabinetGraphicsScene::notifySelectedChanged);
@@ -133,7 +133,7 @@ private Q_SLOTS:
     void aToolHidesTheMenu()
     {
         QCOMPARE(menuShownAt(InEmpty), true);
-        m_mouse->scene().setToolMode(IEditorScene::DirectExchange, true);
+        m_mouse->scene().setToolMode(ToolMode::DirectExchange, true);
         QCOMPARE(menuShownAt(InEmpty), false);
     }
 

@@ -4,6 +4,7 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CEditorToolBar.h"
 #include "layout/resources/LayoutResources.h"
 #include "tests/editor/CMouseTester.h"
@@ -40,8 +41,8 @@ struct SCopyWorld
     void copyPort(int index)
     {
         scene.clearSelection();
-        scene.selectPort(index, true);
-        scene.copySelected();
+        scene.backend().picks().port(index, true);
+        scene.backend().placing().copy();
     }
     void pasteInto(int index, const QPointF &place)
     {
@@ -136,7 +137,7 @@ private Q_SLOTS:
         SCopyWorld world;
         world.copyPort(0);
         const LayoutData other = SmallWorlds::data({SmallWorlds::port(0, {})});
-        world.scene.setLayoutData(SmallWorlds::node(other), other, world.scene.pasteCache());
+        world.scene.setLayoutData(SmallWorlds::node(other), other, world.scene.backend().placing().cache());
         world.pasteInto(0, QPointF(10, 10));
         QCOMPARE(world.scene.portItem(0)->cabinets(nullptr).size(), 4);
     }
@@ -148,7 +149,7 @@ private Q_SLOTS:
             world.scene.clearSelection();
             for (int i = 0; i < count; ++i)
                 world.scene.portItem(3)->topItems().at(i)->setSelected(true);
-            world.scene.copySelected();
+            world.scene.backend().placing().copy();
         };
         copyFirst(25);
         const QSet<CGraphicsItemBase *> selected = world.scene.selection().items();
@@ -173,7 +174,8 @@ private Q_SLOTS:
         SCopyWorld world;
         world.copyPort(1);
         world.pasteInto(-1, QPointF(10, 10));
-        QVERIFY(world.scene.pasteCache().isEmpty()); // without a port nothing is kept for pasting
+        QVERIFY(
+            world.scene.backend().placing().cache().isEmpty()); // without a port nothing is kept for pasting
         world.copyPort(1);
         world.states.redundancy[2] = Port::Redundant;
         world.pasteInto(2, QPointF(10, 10));
@@ -181,14 +183,14 @@ private Q_SLOTS:
         world.states.locked[2] = true;
         world.pasteInto(2, QPointF(10, 10));
         world.states.locked[1] = true;
-        const PasteCache before = world.scene.pasteCache();
-        world.scene.cutSelected();
-        QCOMPARE(world.scene.pasteCache(), before);
+        const PasteCache before = world.scene.backend().placing().cache();
+        world.scene.backend().placing().cut(world.scene.backend().operations());
+        QCOMPARE(world.scene.backend().placing().cache(), before);
         QCOMPARE(world.scene.undoStack()->count(), 0);
         world.states.locked[1] = false;
-        world.scene.cutSelected();
+        world.scene.backend().placing().cut(world.scene.backend().operations());
         QVERIFY(world.scene.portItem(1)->cabinets(nullptr).isEmpty());
-        QCOMPARE(world.scene.pasteCache(), before);
+        QCOMPARE(world.scene.backend().placing().cache(), before);
         world.scene.undo(nullptr);
         QCOMPARE(world.port(1), *world.data.layout.port(1));
     }
@@ -217,7 +219,7 @@ private Q_SLOTS:
         type.height = 32;
         type.receivers = {QRect(0, 0, 32, 32), QRect(32, 0, 32, 32)};
         mouse.view().onNotifyAppendCabinet(type, 2, QSize(64, 32));
-        QVERIFY(mouse.scene().isAppending());
+        QVERIFY(mouse.scene().backend().placing().isAppending());
         QCOMPARE(mouse.scene().property("pendingAppendCabinetSize").toSize(), QSize(64, 32));
         QCOMPARE(mouse.scene().property("pendingAppendCabinetPort").toInt(), 2);
         const QVariantMap pending = mouse.scene().property("pendingAppendCabinet").toMap();
@@ -230,7 +232,7 @@ private Q_SLOTS:
         }
         mouse.hover({700, 300});
         mouse.drag({332, 316}, {64, 32}); // two columns, two rows
-        QVERIFY(!mouse.scene().isAppending());
+        QVERIFY(!mouse.scene().backend().placing().isAppending());
         for (const char *property :
              {"pendingAppendCabinet", "pendingAppendCabinetPort", "pendingAppendCabinetSize"})
             QVERIFY2(!mouse.scene().property(property).isValid(), property);
@@ -254,8 +256,8 @@ private Q_SLOTS:
         CMouseTester mouse;
         mouse.showAtActualSize();
         mouse.states().current = 2;
-        mouse.scene().selectPort(0, true);
-        mouse.scene().copySelected();
+        mouse.scene().backend().picks().port(0, true);
+        mouse.scene().backend().placing().copy();
         const QPoint place(700, 300);
         QCursor::setPos(mouse.view().viewport()->mapToGlobal(mouse.view().mapFromScene(place)));
         QTest::keyClick(&mouse.view(), Qt::Key_V, Qt::ControlModifier);
@@ -271,16 +273,16 @@ private Q_SLOTS:
         mouse.view().showLayout(SmallWorlds::node(wall), wall);
         mouse.showAtActualSize();
         mouse.states().current = 0;
-        mouse.scene().selectPort(1, true);
-        mouse.scene().copySelected();
+        mouse.scene().backend().picks().port(1, true);
+        mouse.scene().backend().placing().copy();
         mouse.view().onNotifyAppendCabinet({}, 0, QSize(64, 64));
         mouse.scene().pasteItems({5000, 5000}, nullptr);
-        QVERIFY(mouse.scene().isAppending());
+        QVERIFY(mouse.scene().backend().placing().isAppending());
         const CMessageBoxAnswerer user({QStringLiteral("OK")});
         mouse.click({300, 300});
         QCOMPARE(user.texts(), QStringList{QStringLiteral(
                                    "The number of cabinet in a single output port can not be over 1024.")});
-        QVERIFY(!mouse.scene().isAppending());
+        QVERIFY(!mouse.scene().backend().placing().isAppending());
         QCOMPARE(mouse.scene().portItem(0)->cabinets(nullptr).size(), LayoutLimits::CabinetsPerPort);
         QCOMPARE(mouse.stack().undoText(), QStringLiteral("Paste"));
     }
@@ -319,7 +321,7 @@ private Q_SLOTS:
         default:
             mouse.view().showLayout(SmallWorlds::node(other), other);
         }
-        QVERIFY(!mouse.scene().isAppending());
+        QVERIFY(!mouse.scene().backend().placing().isAppending());
         QCOMPARE(mouse.stack().count(), 0);
         if (way < 4)
             QCOMPARE(mouse.layout(), mouse.original());

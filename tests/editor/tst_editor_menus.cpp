@@ -5,7 +5,9 @@
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/menus/CCabinetMenu.h"
 #include "layout/editor/menus/CCanvasMenu.h"
+#include "layout/editor/menus/CClearTopology.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 #include "layout/resources/LayoutResources.h"
 #include "tests/editor/CFixedPortStates.h"
 #include "tests/editor/CNotedCommands.h"
@@ -53,7 +55,6 @@ struct SMenuWorld
                                                    SmallWorlds::receiverPort(2), SmallWorlds::port(3, {})});
         processor = data.processor;
         scene.setLayoutData(SmallWorlds::node(data), data);
-        scene.setCommands(&commands);
     }
 
     CGraphicsItemBase &top(int port, int place) { return *scene.portItem(port)->topItems().at(place); }
@@ -69,7 +70,7 @@ struct SMenuWorld
         for (CGraphicsItemBase *one : selected)
             one->setSelected(true);
         menu = std::make_unique<QMenu>();
-        CCabinetMenu(*menu, scene, item, nullptr).fill();
+        CCabinetMenu(*menu, scene.backend(), &commands, item, nullptr).fill();
     }
     /// Right-clicks the first of @p selected and chooses the entry.
     void choose(const QVector<CGraphicsItemBase *> &selected, const char *text)
@@ -115,7 +116,7 @@ private Q_SLOTS:
         SMenuWorld world;
         world.states.current = 3;
         QMenu unwired;
-        CCanvasMenu::fill(unwired, world.scene, {}, nullptr);
+        CCanvasMenu(unwired, world.scene.backend(), &world.commands, nullptr).fill({});
         QCOMPARE(entriesOf(unwired),
                  words("Undo|Redo|-|Select all|Max frame rate and color depth settings...|"
                        "Canvas size settings...|Canvas fill settings..."));
@@ -127,17 +128,17 @@ private Q_SLOTS:
 
         world.scene.selectAllItem();
         world.scene.selectedItemMoveDown();
-        world.scene.copySelected();
+        world.scene.backend().placing().copy();
         world.states.current = 0;
         world.states.block = CanvasBlock::Polling;
         QMenu wired;
-        CCanvasMenu::fill(wired, world.scene, {}, nullptr);
+        CCanvasMenu(wired, world.scene.backend(), &world.commands, nullptr).fill({});
         QVERIFY(entry(wired, "Clear topology") && entry(wired, "Paste"));
         QVERIFY(!entry(wired, "Canvas size settings... (Polling is enabled)")->isEnabled());
         QVERIFY(entry(wired, "Undo")->isEnabled());
         world.states.current = -1;
         QMenu portless;
-        CCanvasMenu::fill(portless, world.scene, {}, nullptr);
+        CCanvasMenu(portless, world.scene.backend(), &world.commands, nullptr).fill({});
         QVERIFY(!entry(portless, "Clear topology") && !entry(portless, "Paste"));
     }
 
@@ -146,7 +147,7 @@ private Q_SLOTS:
         SMenuWorld world;
         world.states.current = 0;
         QMenu menu;
-        CCanvasMenu::fill(menu, world.scene, {}, nullptr);
+        CCanvasMenu(menu, world.scene.backend(), &world.commands, nullptr).fill({});
         CMessageBoxAnswerer user({QStringLiteral("No"), QStringLiteral("Yes")});
         entry(menu, "Clear topology")->trigger();
         QCOMPARE(world.scene.portItem(0)->chain().order().size(), 3);
@@ -167,7 +168,7 @@ private Q_SLOTS:
             QVERIFY(QApplication::activeModalWidget()); // asked, and not answered yet
             world.scene.setLayoutData(SmallWorlds::node(other), other);
         });
-        world.scene.askToClearTopology(nullptr, 0);
+        CClearTopology::ask(nullptr, world.scene.backend().content(), world.scene.backend().operations(), 0);
         QCOMPARE(world.scene.portItem(0)->chain().order().size(), 3);
         QCOMPARE(user.texts().last(), QStringLiteral("Set failed."));
         QCOMPARE(user.boxes().last().details, QStringLiteral("The processor is no longer in view."));
@@ -251,7 +252,7 @@ private Q_SLOTS:
         QCOMPARE(world.layout(), original);
 
         world.choose({&world.top(0, 1), &world.top(0, 2)}, "Copy");
-        const PasteCache copied = world.scene.pasteCache();
+        const PasteCache copied = world.scene.backend().placing().cache();
         QCOMPARE(copied.groups.first().cabinets.size(), 2);
         QCOMPARE(world.layout(), original);
         world.choose({&world.top(0, 1)}, "Select all");
@@ -259,7 +260,7 @@ private Q_SLOTS:
         world.choose({&world.top(0, 0), &world.top(0, 1)}, "Delete cabinet");
         QCOMPARE(port.cabinets(nullptr).size(), 1);
         QCOMPARE(world.scene.undoStack()->undoText(), QStringLiteral("Delete"));
-        QCOMPARE(world.scene.pasteCache(), copied); // deleting is no cutting
+        QCOMPARE(world.scene.backend().placing().cache(), copied); // deleting is no cutting
         world.choose({&world.top(0, 0)}, "Undo");
         QCOMPARE(world.layout(), original);
     }
@@ -342,8 +343,8 @@ private Q_SLOTS:
     {
         SMenuWorld world;
         world.top(0, 0).setSelected(true);
-        world.scene.selectionShape().resizeTo(QSize(64, 64));
-        world.scene.selectSameType(world.top(0, 1).uuid());
+        world.scene.backend().shape().resizeTo(QSize(64, 64));
+        world.scene.backend().picks().sameType(world.top(0, 1).uuid());
         QCOMPARE(world.scene.selection().items(),
                  (QSet<CGraphicsItemBase *>{&world.top(0, 1), &world.top(0, 2)}));
     }

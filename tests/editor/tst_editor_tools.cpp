@@ -17,9 +17,11 @@
 namespace {
 
 using Bar = CEditorToolBar;
-using Modes = QVector<int>;
+using Modes = QVector<ToolMode>;
 
 } // namespace
+
+Q_DECLARE_METATYPE(ToolMode)
 
 class CEditorToolsTest final : public CTestBase
 {
@@ -74,10 +76,10 @@ private Q_SLOTS:
         QTest::addColumn<Modes>("flags");
         QTest::addColumn<bool>("interactive");
         QTest::newRow("hand") << int(Bar::Hand) << Modes{} << false;
-        QTest::newRow("pen") << int(Bar::Pen) << Modes{IEditorScene::ManualWiring} << true;
-        QTest::newRow("exchange") << int(Bar::HeadToTailExchange) << Modes{IEditorScene::HeadToTailExchange}
+        QTest::newRow("pen") << int(Bar::Pen) << Modes{ToolMode::ManualWiring} << true;
+        QTest::newRow("exchange") << int(Bar::HeadToTailExchange) << Modes{ToolMode::HeadToTailExchange}
                                   << true;
-        QTest::newRow("highlight") << int(Bar::Calibrate) << Modes{IEditorScene::Highlighting} << true;
+        QTest::newRow("highlight") << int(Bar::Calibrate) << Modes{ToolMode::Highlighting} << true;
     }
     void modesSetTheSceneAndTheCursor()
     {
@@ -85,8 +87,8 @@ private Q_SLOTS:
         QFETCH(Modes, flags);
         const auto flagsOf = [this] {
             Modes set;
-            for (const auto flag : {IEditorScene::ManualWiring, IEditorScene::HeadToTailExchange,
-                                    IEditorScene::DirectExchange, IEditorScene::Highlighting}) {
+            for (const auto flag : {ToolMode::ManualWiring, ToolMode::HeadToTailExchange,
+                                    ToolMode::DirectExchange, ToolMode::Highlighting}) {
                 if (m_mouse->scene().isToolModeSet(flag))
                     set << flag;
             }
@@ -145,7 +147,7 @@ private Q_SLOTS:
 
     void thePenTakesTheSelectionAway()
     {
-        m_mouse->scene().selectPort(0, true);
+        m_mouse->scene().backend().picks().port(0, true);
         bar().button(Bar::HeadToTailExchange)->click();
         QCOMPARE(m_mouse->scene().selection().count(), 3);
         bar().button(Bar::Pen)->click();
@@ -157,7 +159,7 @@ private Q_SLOTS:
         bar().button(Bar::TypeLibrary)->click();
         QCOMPARE(m_commands.calls, QStringList{QStringLiteral("library")});
         QVERIFY(!bar().button(Bar::Undo)->isEnabled() && !bar().button(Bar::Group)->isEnabled());
-        m_mouse->scene().selectPort(0, true);
+        m_mouse->scene().backend().picks().port(0, true);
         bar().button(Bar::Group)->click();
         QCOMPARE(m_mouse->scene().selection().groups().size(), 1);
         bar().button(Bar::Ungroup)->click();
@@ -170,7 +172,7 @@ private Q_SLOTS:
 
     void clearTopologyAsksForAPortOnly()
     {
-        m_mouse->scene().selectPort(3, true);
+        m_mouse->scene().backend().picks().port(3, true);
         bar().button(Bar::ClearTopology)->click();
         QVERIFY(m_mouse->scene().portItem(3)->chain().order().isEmpty());
         m_mouse->scene().undo(nullptr);
@@ -267,8 +269,8 @@ private Q_SLOTS:
         bar().chooseMode(Bar::Calibrate);
         m_mouse->click({450, 60});
         m_mouse->cabinet(3, 0).setSelected(true);
-        m_mouse->scene().deleteSelected();
-        QVERIFY(m_mouse->scene().highlightedCabinets().isEmpty());
+        m_mouse->scene().backend().operations().remove();
+        QVERIFY(m_mouse->scene().backend().highlights().records().isEmpty());
         m_mouse->scene().undo(nullptr);
         QCOMPARE(m_mouse->layout(), m_mouse->original());
     }
@@ -277,7 +279,7 @@ private Q_SLOTS:
     {
         CLayoutGraphicsView &view = m_mouse->view();
         QSignalSpy extents(&view, &CLayoutGraphicsView::notifySelectedCabinetGeometryChanged);
-        m_mouse->scene().selectPort(0, true); // three in a row from the origin on
+        m_mouse->scene().backend().picks().port(0, true); // three in a row from the origin on
         QCOMPARE(extents.last().first().toRect(), QRect(0, 0, 384, 128));
         view.onNotifySelectedCabinetRankChanged(2);
         QCOMPARE(extents.last().first().toRect(), QRect(0, 0, 256, 256));
@@ -290,7 +292,7 @@ private Q_SLOTS:
         view.onNotifySelectedCabinetSizeChanged(QSize(100, LayoutLimits::SmallestSide - 1));
         QCOMPARE(m_mouse->stack().count(), 3);
         QCOMPARE(m_mouse->stack().text(0), QStringLiteral("ChangeRank"));
-        QCOMPARE(m_mouse->scene().operationName(), QStringLiteral("ChangeSize"));
+        QCOMPARE(m_mouse->scene().backend().recorder().operationName(), QStringLiteral("ChangeSize"));
         for (int i = 0; i < 3; ++i)
             m_mouse->scene().undo(nullptr);
         QCOMPARE(m_mouse->layout(), m_mouse->original());
@@ -308,8 +310,8 @@ private Q_SLOTS:
         type.width = 256;
         type.height = 64;
         type.receivers = {QRect(0, 0, 256, 64)};
-        m_mouse->scene().selectPort(0, true);
-        m_mouse->scene().selectionShape().applyType(type);
+        m_mouse->scene().backend().picks().port(0, true);
+        m_mouse->scene().backend().shape().applyType(type);
         for (int i = 0; i < 3; ++i) {
             QCOMPARE(m_mouse->cabinet(0, i).cabinet().type, type.key);
             QCOMPARE(m_mouse->cabinet(0, i).cabinet().rect, QRect(128 * i, 0, 256, 64));

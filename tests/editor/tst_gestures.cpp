@@ -127,7 +127,7 @@ private Q_SLOTS:
         const auto row = [](const char *name, const Interruption &removal) {
             QTest::newRow(name) << removal;
         };
-        row("deleted", [](CMouseTester &m) { m.scene().deleteSelected(); });
+        row("deleted", [](CMouseTester &m) { m.scene().backend().operations().remove(); });
         row("undone", [](CMouseTester &m) { m.scene().undo(nullptr); });
         row("cleared", [](CMouseTester &m) { m.scene().clearLayout(); });
     }
@@ -137,7 +137,7 @@ private Q_SLOTS:
         // A group that was made by the last step, pressed and hovered at a member's handle.
         m_mouse->click({64, 64});
         m_mouse->click({192, 64}, Qt::ControlModifier);
-        m_mouse->scene().groupSelected();
+        m_mouse->scene().backend().operations().group();
         m_mouse->hover({2, 64});
         m_mouse->press({2, 64});
         m_mouse->moveTo({-20, 64});

@@ -63,7 +63,7 @@ private Q_SLOTS:
     void commandsConcernAllCabinetsOfAPort()
     {
         CLayoutGraphicsView &view = m_mouse->view();
-        m_mouse->scene().selectPort(0, true); // what is selected elsewhere is not meant
+        m_mouse->scene().backend().picks().port(0, true); // what is selected elsewhere is not meant
         view.showCabinetInfo(1);
         QCOMPARE(m_commands.calls, QStringList{QStringLiteral("information")});
         QCOMPARE(uuidsOf(m_commands.cabinets), uuidsOfPorts({1}));
@@ -102,14 +102,14 @@ private Q_SLOTS:
         Bar &bar = view.toolBar();
         view.onToolButtonToggled(Bar::Pen, true);
         QVERIFY(bar.tool(Bar::Pen)->isChecked());
-        QVERIFY(m_mouse->scene().isToolModeSet(IEditorScene::ManualWiring));
+        QVERIFY(m_mouse->scene().isToolModeSet(ToolMode::ManualWiring));
         for (const int id : {-1, int(Bar::Undo), int(Bar::ToolCount)}) {
             view.onToolButtonToggled(id, true); // not a mode
             QVERIFY(bar.tool(Bar::Pen)->isChecked());
         }
         view.onToolButtonToggled(Bar::Pen, false);
         QVERIFY(bar.tool(Bar::Arrow)->isChecked());
-        QVERIFY(!m_mouse->scene().isToolModeSet(IEditorScene::ManualWiring));
+        QVERIFY(!m_mouse->scene().isToolModeSet(ToolMode::ManualWiring));
     }
 
     void appendsOnlyWhatCanBePlaced_data()
@@ -134,7 +134,7 @@ private Q_SLOTS:
         m_mouse->states().locked[0] = true;
         m_mouse->states().redundancy[1] = CabinetLayout::CabinetPort::Redundant;
         m_mouse->view().onNotifyAppendCabinet({}, port, size);
-        QTEST(m_mouse->scene().isAppending(), "begins");
+        QTEST(m_mouse->scene().backend().placing().isAppending(), "begins");
     }
 
     void aBlockedEditorIsLookedAtOnly_data()
@@ -153,7 +153,7 @@ private Q_SLOTS:
             else
                 view.setEditingBlocked(blocked);
         };
-        m_mouse->scene().selectPort(0, true);
+        m_mouse->scene().backend().picks().port(0, true);
         m_mouse->scene().selectedItemMoveDown();
         m_mouse->scene().selectedItemMoveDown();
         m_mouse->scene().undo(nullptr);
@@ -166,7 +166,7 @@ private Q_SLOTS:
         QCOMPARE(enabledTools(), looking);
         QVERIFY(!view.isInteractive());
         m_mouse->scene().clearSelection();
-        m_mouse->scene().selectPort(0, true); // does not bring them back
+        m_mouse->scene().backend().picks().port(0, true); // does not bring them back
         QCOMPARE(enabledTools(), looking);
         QTest::keyClick(&view, Qt::Key_Delete);
         QTest::keyClick(&view, Qt::Key_Z, Qt::ControlModifier);

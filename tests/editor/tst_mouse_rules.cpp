@@ -92,7 +92,7 @@ private Q_SLOTS:
         m_mouse->release({-10, 470});
         QCOMPARE(m_mouse->selected(),
                  (Items{&m_mouse->cabinet(0, 0), &m_mouse->cabinet(0, 1), &m_mouse->cabinet(0, 2)}));
-        QVERIFY(!m_mouse->scene().hasRubberBand());
+        QVERIFY(!m_mouse->scene().backend().mouse()->hasRubberBand());
     }
 
     void aDragIsOneStep()
@@ -250,7 +250,7 @@ private Q_SLOTS:
         m_mouse->scene().undo(nullptr);
         m_mouse->click(InEmpty);
         m_mouse->pressAgain(InEmpty);
-        QVERIFY(m_mouse->scene().hasRubberBand());
+        QVERIFY(m_mouse->scene().backend().mouse()->hasRubberBand());
         m_mouse->release(InEmpty);
 
         m_mouse->view().toolBar().chooseMode(CEditorToolBar::Pen);
@@ -330,7 +330,7 @@ private Q_SLOTS:
         m_mouse->press(InEmpty);
         m_mouse->moveTo({310, 180});
         QTest::keyClick(&m_mouse->view(), Qt::Key_Escape);
-        QVERIFY(!m_mouse->scene().hasRubberBand());
+        QVERIFY(!m_mouse->scene().backend().mouse()->hasRubberBand());
         m_mouse->release({310, 180});
 
         m_mouse->view().toolBar().chooseMode(CEditorToolBar::Pen);

@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/gestures/CSceneInput.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 #include "layout/resources/LayoutResources.h"
 #include "tests/editor/CFixedPortStates.h"
 #include "tests/editor/CSceneVerifier.h"
@@ -29,7 +31,7 @@ LayoutData world()
 
 void selectCabinets(Scene &scene, int port, const QVector<int> &places)
 {
-    const CEditBatch batch(scene);
+    const CEditBatch batch(scene.backend().batches());
     scene.clearSelection();
     const QVector<CGraphicsCabinetItem *> cabinets = scene.portItem(port)->cabinets(nullptr);
     for (const int place : places)
@@ -60,9 +62,10 @@ CGraphicsGroupItem *outerGroup(const Scene &scene)
 
 void drag(Scene &scene, const QPointF &from, const QPointF &to)
 {
-    scene.beginMove(from);
-    scene.continueDrag((from + to) / 2);
-    scene.endDrag(to);
+    CSceneInput input(scene);
+    input.beginMove(from);
+    input.continueDrag((from + to) / 2);
+    input.endDrag(to);
 }
 
 } // namespace
@@ -96,18 +99,18 @@ private:
         row(
             "clear a port", {}, [](Scene &s) { s.breakPortWiring(1); }, "BreakPortWiring");
         row(
-            "group", some, [](Scene &s) { s.groupSelected(); }, "Group");
+            "group", some, [](Scene &s) { s.backend().operations().group(); }, "Group");
         row(
-            "ungroup nested", outer, [](Scene &s) { s.ungroupSelected(); }, "Ungroup");
+            "ungroup nested", outer, [](Scene &s) { s.backend().operations().ungroup(); }, "Ungroup");
         row(
-            "delete wired", some, [](Scene &s) { s.deleteSelected(); }, "Delete");
+            "delete wired", some, [](Scene &s) { s.backend().operations().remove(); }, "Delete");
         row(
-            "delete a group", outer, [](Scene &s) { s.deleteSelected(); }, "Delete");
+            "delete a group", outer, [](Scene &s) { s.backend().operations().remove(); }, "Delete");
         row(
-            "delete all", all, [](Scene &s) { s.deleteSelected(); }, "Delete");
+            "delete all", all, [](Scene &s) { s.backend().operations().remove(); }, "Delete");
         row(
             "delete a member", [](Scene &s) { selectCabinets(s, 1, {1}); },
-            [](Scene &s) { s.deleteSelected(); }, "Delete");
+            [](Scene &s) { s.backend().operations().remove(); }, "Delete");
         row(
             "nudge all", all, [](Scene &s) { s.selectedItemMoveRight(); }, "Move");
         row(
@@ -132,7 +135,9 @@ private:
             "Move");
         row(
             "exchange receivers", {},
-            [](Scene &s) { s.exchangeReceivers(s.portItem(2)->cabinets(nullptr).first()->uuid()); },
+            [](Scene &s) {
+                s.backend().operations().exchangeReceivers(s.portItem(2)->cabinets(nullptr).first()->uuid());
+            },
             "Head-to-tail exchange");
         row(
             "redundancy", {}, [](Scene &s) { s.backupPort(0, 1, true); }, "Backup");
@@ -140,8 +145,9 @@ private:
             "resize", [](Scene &s) { selectCabinets(s, 2, {0}); },
             [](Scene &s) {
                 auto *cabinet = s.portItem(2)->cabinets(nullptr).first();
-                s.beginScale(*cabinet, 0, cabinet->scenePos());
-                s.endDrag(cabinet->scenePos() + QPointF(-33, 20));
+                CSceneInput input(s);
+                input.beginScale(*cabinet, 0, cabinet->scenePos());
+                input.endDrag(cabinet->scenePos() + QPointF(-33, 20));
             },
             "Scale");
     }
@@ -296,7 +302,7 @@ private Q_SLOTS:
         const QUuid chosen = other.layout.ports[0].getAllCabinets().first().uuid;
         scene.setLayoutData(SmallWorlds::node(other), other, {}, {chosen}, true);
         QVERIFY(layoutOf(scene, data) == other.layout);
-        QCOMPARE(scene.operationName(), QStringLiteral("Reset"));
+        QCOMPARE(scene.backend().recorder().operationName(), QStringLiteral("Reset"));
         scene.undo(nullptr);
         QVERIFY(layoutOf(scene, data) == data.layout);
 
@@ -326,13 +332,13 @@ private Q_SLOTS:
         CFixedPortStates states;
         Scene scene(states);
         scene.setLayoutData(SmallWorlds::node(data), data);
-        scene.pressHighlight(*scene.portItem(0)->cabinets(nullptr).first(), false);
+        scene.backend().highlights().press(*scene.portItem(0)->cabinets(nullptr).first(), false);
         LayoutData marked = data;
         marked.layout = layoutOf(scene, data);
         QCOMPARE(marked.layout.ports[0].getAllCabinets().first().calibrationIndex, 0);
         scene.setLayoutData(SmallWorlds::node(data), data, {}, {}, true);
         QCOMPARE(scene.undoStack()->count(), 0);
-        QCOMPARE(scene.highlightedCabinets().size(), 1);
+        QCOMPARE(scene.backend().highlights().records().size(), 1);
         scene.setLayoutData(SmallWorlds::node(marked), marked);
         QVERIFY(layoutOf(scene, data) == data.layout); // anew, and no cabinet stands out
     }
@@ -344,7 +350,7 @@ private Q_SLOTS:
         Scene scene(states);
         scene.setLayoutData(SmallWorlds::node(data), data);
         selectCabinets(scene, 2, {0});
-        scene.selectionShape().resizeTo(QSize(60, 30));
+        scene.backend().shape().resizeTo(QSize(60, 30));
         const auto resized = layoutOf(scene, data).ports[2].getAllCabinets().first();
         QCOMPARE(resized.rects, (QVector<QRect>{QRect(0, 0, 30, 30), QRect(30, 0, 30, 30)}));
         scene.undo(nullptr);
@@ -359,7 +365,7 @@ private Q_SLOTS:
         scene.setUndoStack(nullptr);
         scene.setLayoutData(SmallWorlds::node(data), data);
         scene.selectAllItem();
-        scene.deleteSelected();
+        scene.backend().operations().remove();
         QVERIFY(layoutOf(scene, data).cabinetCount() == 0);
         scene.undo(nullptr);
         QVERIFY(layoutOf(scene, data).cabinetCount() == 0);

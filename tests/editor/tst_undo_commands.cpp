@@ -216,7 +216,7 @@ private Q_SLOTS:
         Group &outer = World::group(world.scene, "outer");
         outer.setSelected(true);
         world.stack().push(makeWith<CRemoveCommand>(outer, ItemFactories::anew(outer)));
-        QVERIFY(!world.scene.editedItem(member));
+        QVERIFY(!world.scene.backend().content().editedItem(member));
         QVERIFY(world.scene.selection().isEmpty());
         QCOMPARE(CSceneVerifier::faultIn(world.scene), QString());
     }
@@ -230,17 +230,17 @@ private Q_SLOTS:
         const QPointF place = member.scenePos();
         CUndoCommandBase *command = remove(member);
         world.stack().push(command);
-        QVERIFY(!world.scene.editedItem(uuid));
+        QVERIFY(!world.scene.backend().content().editedItem(uuid));
         QCOMPARE(command->parentItem(), static_cast<QGraphicsItem *>(&inner));
         vanish(world.scene, inner);
         QVERIFY(!command->parentItem());
         world.stack().undo();
-        const CGraphicsItemBase *back = world.scene.editedItem(uuid);
+        const CGraphicsItemBase *back = world.scene.backend().content().editedItem(uuid);
         QVERIFY(back && back->scene() == &world.scene);
         QVERIFY(!back->parentItem());
         QCOMPARE(back->scenePos(), place);
         world.stack().redo();
-        QVERIFY(!world.scene.editedItem(uuid));
+        QVERIFY(!world.scene.backend().content().editedItem(uuid));
     }
 
     void aRemovedItemComesBackToItsPortSelected()
@@ -252,7 +252,7 @@ private Q_SLOTS:
         loose.setName(QStringLiteral("A1"));
         world.stack().push(remove(loose));
         world.stack().undo();
-        const CGraphicsItemBase *back = world.scene.editedItem(uuid);
+        const CGraphicsItemBase *back = world.scene.backend().content().editedItem(uuid);
         QCOMPARE(back->parentItem(), static_cast<QGraphicsItem *>(world.scene.portItem(1)));
         QVERIFY(back->isSelected());
         QCOMPARE(back->data(2).toInt(), 42);
@@ -266,7 +266,7 @@ private Q_SLOTS:
         const auto vanished = [](const std::function<CUndoCommandBase *(Cabinet &)> &of) {
             return [of](Scene &s) {
                 auto *cabinet = new Cabinet(SmallWorlds::cabinet(1, 90, -1), s.portItem(1));
-                s.enterEdited(*cabinet);
+                s.backend().content().enterEdited(*cabinet);
                 CUndoCommandBase *command = of(*cabinet);
                 vanish(s, *cabinet);
                 return command;
@@ -324,8 +324,8 @@ private Q_SLOTS:
             new CMoveCommand(&World::cabinet(world.scene, port, 0), &step); // lives with the step
         world.states().locked[0] = true;
         world.states().redundancy[2] = CabinetLayout::CabinetPort::Redundant;
-        QTEST(CGuardedUndo::refusal(world.scene, step, true), "undo");
-        QTEST(CGuardedUndo::refusal(world.scene, step, false), "redo");
+        QTEST(world.scene.backend().history().refusal(step, true), "undo");
+        QTEST(world.scene.backend().history().refusal(step, false), "redo");
     }
 };
 

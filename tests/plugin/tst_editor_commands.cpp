@@ -71,7 +71,7 @@ private Q_SLOTS:
             dialog.accept();
         });
         first.actions().last()->trigger();
-        QVERIFY(m_world->scene().isAppending());
+        QVERIFY(m_world->scene().backend().placing().isAppending());
         QCOMPARE(m_world->scene().property("pendingAppendCabinetSize").toSize(), QSize(64, 192));
         QCOMPARE(m_world->scene().property("pendingAppendCabinetPort").toInt(), 1);
         m_world->scene().leaveOperation();
@@ -87,12 +87,12 @@ private Q_SLOTS:
                  (QStringList{QStringLiteral("Huge(2049x100)"), QStringLiteral("Flat(100x100)")}));
         CMessageBoxAnswerer user({QStringLiteral("OK")});
         recent.actions().first()->trigger();
-        QVERIFY(!m_world->scene().isAppending());
+        QVERIFY(!m_world->scene().backend().placing().isAppending());
         QCOMPARE(user.texts(), QStringList{QStringLiteral(
                                    "Cabinet height or width must be between 1-2048, the WxH (2049x100) of "
                                    "this cabinet type already exceeds the limit.")});
         recent.actions().last()->trigger();
-        QVERIFY(m_world->scene().isAppending());
+        QVERIFY(m_world->scene().backend().placing().isAppending());
         QCOMPARE(m_world->store.recentCabinets().types().first(), SMD5::ofContent("Flat"));
     }
 
@@ -162,7 +162,7 @@ private Q_SLOTS:
 
     void aTypeIsAskedForAndApplied()
     {
-        m_world->scene().selectPort(0, true);
+        m_world->scene().backend().picks().port(0, true);
         m_world->store.setPortLocked(0, true);
         {
             CMessageBoxAnswerer user({QStringLiteral("OK")});
@@ -216,7 +216,7 @@ private Q_SLOTS:
         const auto leave = [this] { m_world->open(2, 3); };
         const CMessageBoxAnswerer user({QStringLiteral("OK")});
         if (type) {
-            m_world->scene().selectPort(0, true);
+            m_world->scene().backend().picks().port(0, true);
             inNext<CCabinetTypeSetting>([&leave](CCabinetTypeSetting &dialog) {
                 chooseFirstType(dialog);
                 leave();
@@ -249,7 +249,7 @@ private Q_SLOTS:
             expected.markupCustomCabinets = marked;
             m_world->commands.markCustomCabinets(marked);
             QCOMPARE(m_world->store.options(), expected);
-            QCOMPARE(m_world->scene().portStates().marksCustomCabinets(), marked);
+            QCOMPARE(m_world->scene().backend().states().marksCustomCabinets(), marked);
         }
     }
 

@@ -3,6 +3,7 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CEditorToolBar.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/plugin/CLayoutEditorPage.h"
@@ -144,7 +145,7 @@ private Q_SLOTS:
         QCOMPARE(world.ports().currentIndex(), 0);
         world.store.setCurrentPort(2);
         QCOMPARE(world.ports().currentIndex(), 2);
-        world.scene().selectPort(1, true);
+        world.scene().backend().picks().port(1, true);
         QCOMPARE(world.store.currentPort(), 1);
         QCOMPARE(world.ports().currentIndex(), 1);
         settle(world.host, world.store); // a detection
@@ -159,12 +160,12 @@ private Q_SLOTS:
     void choosingAPortEndsASelectionElsewhere()
     {
         SPageWorld world;
-        world.scene().selectPort(1, true);
+        world.scene().backend().picks().port(1, true);
         world.ports().setCurrentIndex(2);
         Q_EMIT world.ports().activated(2);
         QCOMPARE(world.store.currentPort(), 2);
         QVERIFY(world.scene().selection().isEmpty());
-        world.scene().selectPort(1, true);
+        world.scene().backend().picks().port(1, true);
         SPageWorld::entry(*SPageWorld::entry(world.portMenu(), "Output port").menu(), "Port 2").trigger();
         QVERIFY(!world.scene().selection().isEmpty()); // it lies in that port
         SPageWorld::entry(*SPageWorld::entry(world.portMenu(), "Output port").menu(), "Port 1").trigger();
@@ -199,7 +200,7 @@ private Q_SLOTS:
     void theStripsPatternsAreThoseOfTheScene()
     {
         SPageWorld world;
-        world.scene().selectPort(1, true);
+        world.scene().backend().picks().port(1, true);
         QSet<QVector<int>> all;
         for (int i = 0; i < 8; ++i) {
             world.menu("Topology").actions().at(i)->trigger();

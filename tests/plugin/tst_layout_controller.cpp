@@ -5,6 +5,7 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CEditorToolBar.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/panels/CLayoutSidePanel.h"
@@ -213,8 +214,8 @@ private Q_SLOTS:
         QFETCH(QString, news);
         SModuleScene module;
         module.select({module.a});
-        module.scene().selectPort(2, true);
-        module.scene().copySelected();
+        module.scene().backend().picks().port(2, true);
+        module.scene().backend().placing().copy();
         QCOMPARE(module.store.currentPort(), 2);
         if (news == QLatin1String("replaced")) {
             module.host.notify(LayoutNotification::LayoutReplaced, module.a);

@@ -5,9 +5,8 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
-#include "layout/editor/items/IEditorScene.h"
 
-void CEditBatches::end()
+void CEditBatches::endBatch()
 {
     while (m_depth == 1 && !m_pending.isEmpty())
         m_finish(std::exchange(m_pending, CPendingEdits())); // who is told of the batch may edit in turn
@@ -16,7 +15,7 @@ void CEditBatches::end()
 
 void CEditBatches::noteCabinetMoved(CGraphicsCabinetItem &cabinet)
 {
-    const CEditBatch batch(m_scene);
+    const CEditBatch batch(*this);
     m_pending.noteCabinetMoved(cabinet);
     if (CGraphicsGroupItem *group = cabinet.groupItem())
         m_pending.noteMembersChanged(*group);
@@ -28,7 +27,7 @@ void CEditBatches::noteCabinetMoved(CGraphicsCabinetItem &cabinet)
 
 void CEditBatches::noteMembersChanged(CGraphicsGroupItem &group)
 {
-    const CEditBatch batch(m_scene);
+    const CEditBatch batch(*this);
     m_pending.noteMembersChanged(group);
     if (CGraphicsPortItem *port = group.portItem())
         port->noteChanged();
@@ -36,18 +35,18 @@ void CEditBatches::noteMembersChanged(CGraphicsGroupItem &group)
 
 void CEditBatches::notePortChanged(const CGraphicsPortItem &port)
 {
-    const CEditBatch batch(m_scene);
+    const CEditBatch batch(*this);
     m_pending.notePortChanged(port);
 }
 
 void CEditBatches::noteSelection()
 {
-    const CEditBatch batch(m_scene);
+    const CEditBatch batch(*this);
     m_pending.noteSelection();
 }
 
 void CEditBatches::noteHighlight()
 {
-    const CEditBatch batch(m_scene);
+    const CEditBatch batch(*this);
     m_pending.noteHighlight();
 }

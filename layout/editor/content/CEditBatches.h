@@ -3,23 +3,26 @@
 #pragma once
 
 #include "layout/editor/content/CPendingEdits.h"
+#include "layout/editor/items/IEditing.h"
 
 #include <functional>
 
 /// Collects what items note while a batch runs, and has the work that follows done once, when the outermost
 /// batch ends. What is noted without a batch makes one of its own. GUI thread.
-class CEditBatches final
+class CEditBatches final : public IEditing
 {
 public:
-    /// @p finish does the work; what it causes to be noted makes for another round.
-    CEditBatches(IEditorScene &scene, std::function<void(const CPendingEdits &)> finish)
-        : m_scene(scene)
-        , m_finish(std::move(finish))
+    /// @p finish does the work; what it causes to be noted makes for another round. @p cancel puts back the
+    /// gesture that is in progress.
+    CEditBatches(std::function<void(const CPendingEdits &)> finish, std::function<void()> cancel)
+        : m_finish(std::move(finish))
+        , m_cancel(std::move(cancel))
     {
     }
 
-    void begin() { ++m_depth; }
-    void end();
+    void beginBatch() override { ++m_depth; }
+    void endBatch() override;
+    void cancelGesture() override { m_cancel(); }
     void forget() { m_pending = CPendingEdits(); }
 
     void noteCabinetMoved(CGraphicsCabinetItem &cabinet);
@@ -29,8 +32,8 @@ public:
     void noteHighlight();
 
 private:
-    IEditorScene &m_scene;
     std::function<void(const CPendingEdits &)> m_finish;
+    std::function<void()> m_cancel;
     CPendingEdits m_pending;
     int m_depth = 0;
 };

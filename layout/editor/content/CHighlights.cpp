@@ -17,6 +17,7 @@ void CHighlights::note(CGraphicsCabinetItem &cabinet, bool highlighted)
 
 void CHighlights::clear()
 {
+    const CEditBatch batch(m_editing);
     const QSet<CGraphicsCabinetItem *> before = m_cabinets; // each leaves the set as it is told
     for (CGraphicsCabinetItem *cabinet : before)
         cabinet->setHighlighted(false);
@@ -24,6 +25,7 @@ void CHighlights::clear()
 
 void CHighlights::press(CGraphicsCabinetItem &cabinet, bool adding)
 {
+    const CEditBatch batch(m_editing);
     const bool wasAlone = cabinet.isHighlighted() && m_cabinets.size() == 1;
     const bool on = adding ? !cabinet.isHighlighted() : !wasAlone;
     if (!adding)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "layout/api/records/CabinetLayout.h"
+#include "layout/editor/items/IEditing.h"
 
 #include <QSet>
 
@@ -14,10 +15,14 @@ class CHighlights final
 public:
     using Cabinet = CabinetLayout::CabinetPort::Cabinet;
 
+    explicit CHighlights(IEditing &editing)
+        : m_editing(editing)
+    {
+    }
+
     /// What an item reports of itself; one that leaves the scene is highlighted no more.
     void note(CGraphicsCabinetItem &cabinet, bool highlighted);
     void clear();
-    bool isEmpty() const { return m_cabinets.isEmpty(); }
 
     /// A press on @p cabinet: it alone stands out, or none when it did so already; with @p adding it joins or
     /// leaves the others.
@@ -27,5 +32,6 @@ public:
     QList<Cabinet> records() const;
 
 private:
+    IEditing &m_editing;
     QSet<CGraphicsCabinetItem *> m_cabinets;
 };

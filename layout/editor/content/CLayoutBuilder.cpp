@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/content/CLayoutBuilder.h"
 
+#include "layout/editor/content/ILayoutEntry.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
-#include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/items/IItemIndex.h"
 #include "layout/geometry/CCabinetRect.h"
 
 #include <algorithm>
@@ -43,65 +44,69 @@ CabinetLayout::CabinetPort CLayoutBuilder::withoutEmptyGroups(const CabinetLayou
     return shown;
 }
 
-CGraphicsPortItem *CLayoutBuilder::build(const CabinetLayout::CabinetPort &record)
+QVector<CGraphicsItemBase *> CLayoutBuilder::fill(CGraphicsPortItem &port, const Port &record)
 {
     m_ranked.clear();
-    auto *port = new CGraphicsPortItem(record, m_states, m_scene);
+    Items items;
     for (const Group &group : record.groups) {
         if (group.isLoose())
-            buildMembers(group, *port);
+            addMembers(port, group, port, items);
         else
-            buildGroup(group, *port);
+            items << addGroup(port, group, port);
     }
-    wire(*port);
-    port->updateBounds();
-    return port;
+    wire(port);
+    return items;
 }
 
-void CLayoutBuilder::buildGroup(const Group &record, QGraphicsItem &parent)
+CGraphicsGroupItem *CLayoutBuilder::addGroup(CGraphicsPortItem &port, const Group &record,
+                                             QGraphicsItem &parent)
 {
     const QRectF bounds = CCabinetRect::fromRecord(record.boundingRect());
     auto *group = new CGraphicsGroupItem(freeIdentity(record.uuid), bounds, &parent);
     group->setName(record.name);
     enter(*group);
-    buildMembers(record, *group);
+    Items members;
+    addMembers(port, record, m_entry.membersParent(*group, port), members);
+    m_entry.enterGroup(*group, members);
+    return group;
 }
 
-void CLayoutBuilder::buildMembers(const Group &record, QGraphicsItem &parent)
+void CLayoutBuilder::addMembers(CGraphicsPortItem &port, const Group &record, QGraphicsItem &parent,
+                                Items &members)
 {
-    const QUuid group =
-        parent.type() == GroupItemKind ? static_cast<CGraphicsItemBase &>(parent).uuid() : QUuid();
     for (const auto &cabinetRecord : record.cabinets) {
         auto cabinet = cabinetRecord;
         cabinet.uuid = freeIdentity(cabinet.uuid);
-        cabinet.group = group;
+        cabinet.group = QUuid(); // the group that takes it in says so
         auto *item = new CGraphicsCabinetItem(cabinet, &parent);
         enter(*item);
+        m_entry.enterCabinet(*item);
+        members << item;
         if (cabinet.rank >= 0)
             m_ranked << qMakePair(cabinet.rank, item);
     }
     for (const Group &child : record.groups)
-        buildGroup(child, parent);
-}
-
-QUuid CLayoutBuilder::freeIdentity(const QUuid &uuid) const
-{
-    QUuid free = uuid;
-    while (free.isNull() || m_scene.editedItem(free))
-        free = QUuid::createUuid();
-    return free;
+        members << addGroup(port, child, parent);
 }
 
 void CLayoutBuilder::enter(CGraphicsItemBase &item)
 {
     item.setOrdinal(m_ordinal++);
-    m_scene.enterEdited(item);
+    m_items.enterEdited(item);
+}
+
+QUuid CLayoutBuilder::freeIdentity(const QUuid &uuid) const
+{
+    return uuid.isNull() || m_items.editedItem(uuid) ? QUuid::createUuid() : uuid;
 }
 
 void CLayoutBuilder::wire(CGraphicsPortItem &port)
 {
     std::stable_sort(m_ranked.begin(), m_ranked.end(),
                      [](const auto &a, const auto &b) { return a.first < b.first; });
+    QVector<CGraphicsCabinetItem *> cabinets;
+    cabinets.reserve(m_ranked.size());
     for (const auto &ranked : qAsConst(m_ranked))
-        port.chain().append(*ranked.second);
+        cabinets << ranked.second;
+    m_entry.wire(port, cabinets);
 }

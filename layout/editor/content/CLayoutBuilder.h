@@ -6,46 +6,50 @@
 
 #include <QPair>
 
+class CGraphicsCabinetItem;
+class CGraphicsGroupItem;
 class CGraphicsItemBase;
 class CGraphicsPortItem;
-class CGraphicsCabinetItem;
-class IEditorScene;
-class IPortStates;
+class IItemIndex;
+class ILayoutEntry;
 class QGraphicsItem;
 
-/// Builds a port's items from its record and makes them known to the scene: cabinets in their places, the
-/// chain by rank, groups around their members. Identities that are missing or given twice are replaced by new
-/// ones.
+/// Makes the items of a port from its record: cabinets in their places, groups around their members, the
+/// chain by rank. Identities that are missing or given twice are replaced by new ones.
 class CLayoutBuilder final
 {
 public:
-    /// Items of a port read back in the order of their records, from @p firstOrdinal on.
-    CLayoutBuilder(IEditorScene &scene, const IPortStates &states, qint64 firstOrdinal)
-        : m_scene(scene)
-        , m_states(states)
+    using Port = CabinetLayout::CabinetPort;
+
+    /// Items of a port are read back in the order of their records, from @p firstOrdinal on.
+    CLayoutBuilder(IItemIndex &items, ILayoutEntry &entry, qint64 firstOrdinal)
+        : m_items(items)
+        , m_entry(entry)
         , m_ordinal(firstOrdinal)
     {
     }
 
     /// @p record as it can be shown: a group without cabinets would be an item that nobody sees.
-    static CabinetLayout::CabinetPort withoutEmptyGroups(const CabinetLayout::CabinetPort &record);
+    static Port withoutEmptyGroups(const Port &record);
 
-    /// The port item with all its children; owned by the caller, not in a scene yet.
-    CGraphicsPortItem *build(const CabinetLayout::CabinetPort &record);
+    /// Adds what @p record holds to @p port, whose chain its ranked cabinets continue. Returns the new items
+    /// that lie in the port directly.
+    QVector<CGraphicsItemBase *> fill(CGraphicsPortItem &port, const Port &record);
 
     qint64 nextOrdinal() const { return m_ordinal; }
 
 private:
-    using Group = CabinetLayout::CabinetPort::CabinetGroup;
+    using Group = Port::CabinetGroup;
+    using Items = QVector<CGraphicsItemBase *>;
 
-    void buildGroup(const Group &record, QGraphicsItem &parent);
-    void buildMembers(const Group &record, QGraphicsItem &parent);
-    QUuid freeIdentity(const QUuid &uuid) const;
+    CGraphicsGroupItem *addGroup(CGraphicsPortItem &port, const Group &record, QGraphicsItem &parent);
+    void addMembers(CGraphicsPortItem &port, const Group &record, QGraphicsItem &parent, Items &members);
     void enter(CGraphicsItemBase &item);
+    QUuid freeIdentity(const QUuid &uuid) const;
     void wire(CGraphicsPortItem &port);
 
-    IEditorScene &m_scene;
-    const IPortStates &m_states;
+    IItemIndex &m_items;
+    ILayoutEntry &m_entry;
     qint64 m_ordinal;
-    QVector<QPair<int, CGraphicsCabinetItem *>> m_ranked; // of the port that is being built
+    QVector<QPair<int, CGraphicsCabinetItem *>> m_ranked; // of the port that is being filled
 };

@@ -5,7 +5,7 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
-#include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/items/IItemIndex.h"
 
 #include <algorithm>
 
@@ -42,25 +42,25 @@ bool CPendingEdits::isEmpty() const
            !m_highlightChanged;
 }
 
-void CPendingEdits::finish(IEditorScene &scene) const
+void CPendingEdits::finish(IItemIndex &items) const
 {
-    fitGroups(scene);
+    fitGroups(items);
     for (const QUuid &uuid : m_cabinets) {
-        if (CGraphicsItemBase *item = scene.editedItem(uuid))
+        if (CGraphicsItemBase *item = items.editedItem(uuid))
             static_cast<CGraphicsCabinetItem *>(item)->routeWires();
     }
     for (const int index : m_ports) {
-        if (CGraphicsPortItem *port = scene.portItem(index))
+        if (CGraphicsPortItem *port = items.portItem(index))
             port->updateBounds();
     }
 }
 
-void CPendingEdits::fitGroups(IEditorScene &scene) const
+void CPendingEdits::fitGroups(IItemIndex &items) const
 {
     // Each group once, the innermost first: a group's bounds need those of the groups in it.
     QSet<CGraphicsGroupItem *> groups;
     for (const QUuid &uuid : m_groups) {
-        auto *group = static_cast<CGraphicsGroupItem *>(scene.editedItem(uuid));
+        auto *group = static_cast<CGraphicsGroupItem *>(items.editedItem(uuid));
         for (; group && !groups.contains(group); group = group->groupItem())
             groups.insert(group);
     }

@@ -9,7 +9,7 @@
 class CGraphicsCabinetItem;
 class CGraphicsGroupItem;
 class CGraphicsPortItem;
-class IEditorScene;
+class IItemIndex;
 
 /// What items have noted since the last batch ended, and the work that follows from it, done once: bounds of
 /// groups, routes of wires, bounds of ports. Holds identities only. GUI thread.
@@ -29,11 +29,11 @@ public:
     bool isHighlightChanged() const { return m_highlightChanged; }
     const QVector<int> &ports() const { return m_ports; }
 
-    /// Does the work that is noted. Ports must be known to @p scene still, or are passed over.
-    void finish(IEditorScene &scene) const;
+    /// Does the work that is noted. Ports must be known to @p items still, or are passed over.
+    void finish(IItemIndex &items) const;
 
 private:
-    void fitGroups(IEditorScene &scene) const;
+    void fitGroups(IItemIndex &items) const;
 
     QVector<QUuid> m_cabinets;
     QSet<QUuid> m_groups;

@@ -2,15 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/content/CSceneContent.h"
 
+#include "layout/editor/content/CDirectEntry.h"
 #include "layout/editor/content/CLayoutBuilder.h"
 #include "layout/editor/content/CLayoutReader.h"
-#include "layout/editor/content/CLayoutRebuild.h"
+#include "layout/editor/content/CRecordedEntry.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
-#include "layout/editor/items/IEditorScene.h"
-#include "layout/editor/recording/CUndoRecorder.h"
-
-#include <QGraphicsScene>
+#include "layout/editor/recording/CGroupEditing.h"
+#include "platform/widgets/CGraphicsScene.h"
 
 #include <algorithm>
 
@@ -33,9 +32,13 @@ void CSceneContent::build(const LayoutData &data)
     m_processor = data.processor;
     m_canvas = data.canvas;
     m_mappingIndices.reset();
-    CLayoutBuilder builder(m_editor, m_states, m_nextOrdinal);
-    for (const CabinetLayout::CabinetPort &record : data.layout.ports) {
-        CGraphicsPortItem *item = builder.build(CLayoutBuilder::withoutEmptyGroups(record));
+    m_scene.reserveItems(data.layout.cabinetCount());
+    CDirectEntry entry;
+    CLayoutBuilder builder(*this, entry, m_nextOrdinal);
+    for (const Port &record : data.layout.ports) {
+        auto *item = new CGraphicsPortItem(record, m_states, m_editor);
+        builder.fill(*item, CLayoutBuilder::withoutEmptyGroups(record));
+        item->updateBounds();
         m_ports << item;
         m_scene.addItem(item);
     }
@@ -60,7 +63,6 @@ void CSceneContent::rebuild(const LayoutData &data, CUndoRecorder &recorder)
 {
     m_canvas = data.canvas;
     takeMappingIndices(data.layout); // also of what undo of the reset brings back
-    CLayoutRebuild rebuild(m_editor, recorder, m_nextOrdinal);
     QVector<QPair<CGraphicsPortItem *, Port>> changed;
     for (int i = 0; i < m_ports.size(); ++i) {
         const Port wanted = CLayoutBuilder::withoutEmptyGroups(data.layout.ports.at(i));
@@ -72,10 +74,9 @@ void CSceneContent::rebuild(const LayoutData &data, CUndoRecorder &recorder)
             changed << qMakePair(m_ports.at(i), wanted);
     }
     for (const auto &port : qAsConst(changed))
-        rebuild.empty(*port.first);
+        CGroupEditing(recorder).empty(*port.first);
     for (const auto &port : qAsConst(changed))
-        rebuild.fill(*port.first, port.second);
-    m_nextOrdinal = rebuild.nextOrdinal();
+        add(*port.first, port.second, recorder);
 }
 
 void CSceneContent::takeMappingIndices(const CabinetLayout &mapping)
@@ -106,9 +107,10 @@ void CSceneContent::updateMappingIndex(CGraphicsItemBase &item) const
 QVector<CGraphicsItemBase *>
 CSceneContent::add(CGraphicsPortItem &port, const CabinetLayout::CabinetPort &record, CUndoRecorder &recorder)
 {
-    CLayoutRebuild rebuild(m_editor, recorder, m_nextOrdinal);
-    const QVector<CGraphicsItemBase *> items = rebuild.fill(port, record);
-    m_nextOrdinal = rebuild.nextOrdinal();
+    CRecordedEntry entry(recorder);
+    CLayoutBuilder builder(*this, entry, m_nextOrdinal);
+    const QVector<CGraphicsItemBase *> items = builder.fill(port, record);
+    m_nextOrdinal = builder.nextOrdinal();
     return items;
 }
 
@@ -119,6 +121,8 @@ void CSceneContent::clear()
     m_ports.clear();
     m_processor = QUuid();
     m_canvas = QSize();
+    m_scene.forgetItems();
+    m_scene.clear();
 }
 
 void CSceneContent::read(CabinetLayout &layout, const QUuid &processor) const
@@ -148,17 +152,36 @@ const CabinetLayout::CabinetPort &CSceneContent::record(const CGraphicsPortItem 
 void CSceneContent::holdCabinets(const QList<int> &ports)
 {
     for (const int index : ports) {
-        if (const CGraphicsPortItem *item = port(index))
+        if (const CGraphicsPortItem *item = portItem(index))
             m_held.insert(index, record(*item).groups);
     }
 }
 
-CGraphicsPortItem *CSceneContent::port(int index) const
+CGraphicsPortItem *CSceneContent::portItem(int index) const
 {
     const auto found =
         std::lower_bound(m_ports.begin(), m_ports.end(), index,
                          [](const CGraphicsPortItem *item, int wanted) { return item->port() < wanted; });
     return found == m_ports.end() || (*found)->port() != index ? nullptr : *found;
+}
+
+CGraphicsItemBase *CSceneContent::editedItem(const QUuid &uuid) const
+{
+    return static_cast<CGraphicsItemBase *>(m_scene.itemOf(uuid)); // only cabinets and groups are entered
+}
+
+void CSceneContent::enterEdited(CGraphicsItemBase &item)
+{
+    m_scene.enterItem(item.uuid(), item);
+    updateMappingIndex(item);
+}
+
+void CSceneContent::leaveEdited(CGraphicsItemBase &item)
+{
+    item.setSelected(false); // Qt drops it from the selection without a word otherwise
+    if (item.type() == CabinetItemKind)
+        static_cast<CGraphicsCabinetItem &>(item).setHighlighted(false);
+    m_scene.leaveItem(item.uuid());
 }
 
 QRectF CSceneContent::bounds() const

@@ -3,24 +3,23 @@
 #pragma once
 
 #include "layout/api/records/LayoutData.h"
+#include "layout/editor/items/IItemIndex.h"
 
 #include <QHash>
 
 #include <optional>
 
-class CGraphicsItemBase;
-class CGraphicsPortItem;
+class CGraphicsScene;
 class CUndoRecorder;
 class IEditorScene;
 class IPortStates;
-class QGraphicsScene;
 
 /// What the scene shows: the port items of one processor and the records that were read from them. GUI
 /// thread.
-class CSceneContent final
+class CSceneContent final : public IItemIndex
 {
 public:
-    CSceneContent(QGraphicsScene &scene, IEditorScene &editor, const IPortStates &states)
+    CSceneContent(CGraphicsScene &scene, IEditorScene &editor, const IPortStates &states)
         : m_scene(scene)
         , m_editor(editor)
         , m_states(states)
@@ -39,10 +38,10 @@ public:
     void takeMappingIndices(const CabinetLayout &mapping);
     /// Brings an item that an edit puts in up to date with takeMappingIndices().
     void updateMappingIndex(CGraphicsItemBase &item) const;
-    /// Adds what @p record holds to @p port, as commands that can be undone; see CLayoutRebuild::fill().
+    /// Adds what @p record holds to @p port, as commands that can be undone; see CLayoutBuilder::fill().
     QVector<CGraphicsItemBase *> add(CGraphicsPortItem &port, const CabinetLayout::CabinetPort &record,
                                      CUndoRecorder &recorder);
-    /// Forgets everything; the scene removes the items.
+    /// Removes all items.
     void clear();
 
     /// The layout of @p processor as the items show it; ports that have not changed are shared with what was
@@ -57,8 +56,6 @@ public:
     void forgetRecords() { m_records.clear(); }
 
     const QUuid &processor() const { return m_processor; }
-    const QVector<CGraphicsPortItem *> &ports() const { return m_ports; } ///< in ascending index
-    CGraphicsPortItem *port(int index) const;                             ///< null for an unknown index
 
     QSize canvas() const { return m_canvas; }
     void setCanvas(const QSize &canvas) { m_canvas = canvas; }
@@ -68,12 +65,19 @@ public:
     /// A place behind all others in the order of records.
     qint64 takeOrdinal() { return m_nextOrdinal++; }
 
+    // IItemIndex
+    const QVector<CGraphicsPortItem *> &portItems() const override { return m_ports; }
+    CGraphicsPortItem *portItem(int index) const override;
+    CGraphicsItemBase *editedItem(const QUuid &uuid) const override;
+    void enterEdited(CGraphicsItemBase &item) override;
+    void leaveEdited(CGraphicsItemBase &item) override;
+
 private:
     using Port = CabinetLayout::CabinetPort;
 
     const Port &record(const CGraphicsPortItem &port) const;
 
-    QGraphicsScene &m_scene;
+    CGraphicsScene &m_scene;
     IEditorScene &m_editor;
     const IPortStates &m_states;
     QSize m_canvas;

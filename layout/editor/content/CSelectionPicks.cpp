@@ -2,33 +2,33 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/content/CSelectionPicks.h"
 
+#include "layout/editor/content/CEditBatches.h"
 #include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
-#include "layout/editor/items/IEditorScene.h"
 #include "platform/widgets/CGraphicsScene.h"
 
 #include <QSignalBlocker>
 
 void CSelectionPicks::all()
 {
-    const CEditBatch batch(m_editor);
+    const CEditBatch batch(m_batches);
     {
         m_scene.updateViews();                 // all that is shown; each item would ask for itself
         const QSignalBlocker silent(&m_scene); // Qt tells of every single item
-        for (const CGraphicsPortItem *item : m_content.ports()) {
+        for (const CGraphicsPortItem *item : m_content.portItems()) {
             for (CGraphicsItemBase *top : item->topItems())
                 top->setSelected(true);
         }
     }
-    Q_EMIT m_scene.selectionChanged();
+    m_batches.noteSelection();
 }
 
 void CSelectionPicks::port(int port, bool selected)
 {
-    const CEditBatch batch(m_editor);
-    if (const CGraphicsPortItem *item = m_content.port(port)) {
+    const CEditBatch batch(m_batches);
+    if (const CGraphicsPortItem *item = m_content.portItem(port)) {
         for (CGraphicsItemBase *top : item->topItems())
             top->setSelected(selected);
     }
@@ -38,10 +38,10 @@ void CSelectionPicks::only(const QVector<QUuid> &uuids)
 {
     QSet<CGraphicsItemBase *> wanted;
     for (const QUuid &uuid : uuids) {
-        if (CGraphicsItemBase *item = m_editor.editedItem(uuid))
+        if (CGraphicsItemBase *item = m_content.editedItem(uuid))
             wanted.insert(item);
     }
-    const CEditBatch batch(m_editor);
+    const CEditBatch batch(m_batches);
     const QSet<CGraphicsItemBase *> before = m_selection.items();
     for (CGraphicsItemBase *item : before) {
         if (!wanted.contains(item))
@@ -53,7 +53,7 @@ void CSelectionPicks::only(const QVector<QUuid> &uuids)
 
 void CSelectionPicks::sameType(const QUuid &uuid)
 {
-    CGraphicsItemBase *item = m_editor.editedItem(uuid);
+    CGraphicsItemBase *item = m_content.editedItem(uuid);
     const QVector<CGraphicsCabinetItem *> concerned =
         item ? item->concernedCabinets() : QVector<CGraphicsCabinetItem *>();
     if (concerned.isEmpty())

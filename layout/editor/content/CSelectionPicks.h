@@ -5,19 +5,19 @@
 #include <QUuid>
 #include <QVector>
 
+class CEditBatches;
 class CGraphicsScene;
 class CSceneContent;
 class CSceneSelection;
-class IEditorScene;
 
 /// Selects many items at once, told as one change. GUI thread.
 class CSelectionPicks final
 {
 public:
-    CSelectionPicks(CGraphicsScene &scene, IEditorScene &editor, const CSceneContent &content,
+    CSelectionPicks(CGraphicsScene &scene, CEditBatches &batches, const CSceneContent &content,
                     const CSceneSelection &selection)
         : m_scene(scene)
-        , m_editor(editor)
+        , m_batches(batches)
         , m_content(content)
         , m_selection(selection)
     {
@@ -35,7 +35,7 @@ public:
 
 private:
     CGraphicsScene &m_scene;
-    IEditorScene &m_editor;
+    CEditBatches &m_batches;
     const CSceneContent &m_content;
     const CSceneSelection &m_selection;
 };

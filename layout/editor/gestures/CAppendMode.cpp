@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/gestures/CAppendMode.h"
 
-#include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/placing/CScenePlacing.h"
 
 #include <QGraphicsSceneMouseEvent>
 
@@ -23,6 +23,6 @@ bool CAppendMode::move(const QGraphicsSceneMouseEvent &event)
 bool CAppendMode::release(const QGraphicsSceneMouseEvent &event)
 {
     if (event.button() == Qt::LeftButton && m_placing.release(event))
-        Q_EMIT m_scene.notifyExitCurrentOperate();
+        m_placed();
     return true;
 }

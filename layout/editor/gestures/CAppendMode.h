@@ -4,16 +4,18 @@
 
 #include "layout/editor/items/IMouseMode.h"
 
-class CCabinetGraphicsScene;
+#include <functional>
+
 class CScenePlacing;
 
 /// Cabinets wait to be placed: nothing else gets the mouse.
 class CAppendMode final : public IMouseMode
 {
 public:
-    CAppendMode(CCabinetGraphicsScene &scene, CScenePlacing &placing)
-        : m_scene(scene)
-        , m_placing(placing)
+    /// @p placed is called when nothing waits any more.
+    CAppendMode(CScenePlacing &placing, std::function<void()> placed)
+        : m_placing(placing)
+        , m_placed(std::move(placed))
     {
     }
 
@@ -22,6 +24,6 @@ public:
     bool release(const QGraphicsSceneMouseEvent &event) override;
 
 private:
-    CCabinetGraphicsScene &m_scene;
     CScenePlacing &m_placing;
+    std::function<void()> m_placed;
 };

@@ -3,13 +3,13 @@
 #include "layout/editor/gestures/CExchangeMode.h"
 
 #include "layout/editor/items/CGraphicsCabinetItem.h"
-#include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/operations/CSceneOperations.h"
 
 #include <QGraphicsSceneMouseEvent>
 
 bool CExchangeMode::pressCabinet(CGraphicsCabinetItem &cabinet, const QGraphicsSceneMouseEvent &event)
 {
     if (m_pick == Anywhere || cabinet.pickCell(event.pos()))
-        m_scene.exchangeReceivers(cabinet.uuid());
+        m_operations.exchangeReceivers(cabinet.uuid());
     return false;
 }

@@ -4,7 +4,7 @@
 
 #include "layout/editor/items/IMouseMode.h"
 
-class CCabinetGraphicsScene;
+class CSceneOperations;
 
 /// Head-to-tail exchange: a press on a cabinet reverses the order in which the signal runs through its
 /// receivers, and selects it.
@@ -16,8 +16,8 @@ public:
         Anywhere
     };
 
-    CExchangeMode(CCabinetGraphicsScene &scene, EPick pick)
-        : m_scene(scene)
+    CExchangeMode(CSceneOperations &operations, EPick pick)
+        : m_operations(operations)
         , m_pick(pick)
     {
     }
@@ -25,6 +25,6 @@ public:
     bool pressCabinet(CGraphicsCabinetItem &cabinet, const QGraphicsSceneMouseEvent &event) override;
 
 private:
-    CCabinetGraphicsScene &m_scene;
+    CSceneOperations &m_operations;
     EPick m_pick;
 };

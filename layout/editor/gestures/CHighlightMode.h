@@ -4,14 +4,14 @@
 
 #include "layout/editor/items/IMouseMode.h"
 
-class CCabinetGraphicsScene;
+class CHighlights;
 
 /// A press on a cabinet makes it stand out, on the canvas and on the wall, and does nothing else.
 class CHighlightMode final : public IMouseMode
 {
 public:
-    explicit CHighlightMode(CCabinetGraphicsScene &scene)
-        : m_scene(scene)
+    explicit CHighlightMode(CHighlights &highlights)
+        : m_highlights(highlights)
     {
     }
 
@@ -19,5 +19,5 @@ public:
     bool selects() const override { return false; }
 
 private:
-    CCabinetGraphicsScene &m_scene;
+    CHighlights &m_highlights;
 };

@@ -5,7 +5,8 @@
 #include "layout/api/records/LayoutLimits.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
-#include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/items/IEditing.h"
+#include "layout/editor/items/IItemIndex.h"
 #include "layout/editor/recording/CAreaRecorder.h"
 #include "layout/editor/recording/CUndoRecorder.h"
 #include "layout/editor/undo/CMoveCommand.h"
@@ -35,8 +36,10 @@ QSizeF largestFrame(const QVector<CGraphicsCabinetItem *> &cabinets, const QSize
 
 } // namespace
 
-CItemDrag::CItemDrag(IEditorScene &scene, const QVector<CGraphicsItemBase *> &items, const QPointF &scenePos)
-    : m_scene(scene)
+CItemDrag::CItemDrag(IEditing &editing, const IItemIndex &index, const QVector<CGraphicsItemBase *> &items,
+                     const QPointF &scenePos)
+    : m_editing(editing)
+    , m_index(index)
     , m_operation(Move)
     , m_press(scenePos)
 {
@@ -45,8 +48,10 @@ CItemDrag::CItemDrag(IEditorScene &scene, const QVector<CGraphicsItemBase *> &it
         remember(*item);
 }
 
-CItemDrag::CItemDrag(IEditorScene &scene, CGraphicsItemBase &item, int handle, const QPointF &scenePos)
-    : m_scene(scene)
+CItemDrag::CItemDrag(IEditing &editing, const IItemIndex &index, CGraphicsItemBase &item, int handle,
+                     const QPointF &scenePos)
+    : m_editing(editing)
+    , m_index(index)
     , m_operation(Scale)
     , m_handle(handle)
     , m_press(scenePos)
@@ -67,7 +72,7 @@ void CItemDrag::remember(CGraphicsItemBase &item)
 void CItemDrag::setRaised(bool raised)
 {
     for (const int index : qAsConst(m_ports)) {
-        if (CGraphicsPortItem *port = m_scene.portItem(index))
+        if (CGraphicsPortItem *port = m_index.portItem(index))
             port->setZValue(raised ? DraggedPortHeight : SelectedPortHeight);
     }
 }
@@ -89,9 +94,9 @@ QVector<QRectF> CItemDrag::rectsAt(const QPointF &scenePos) const
 
 void CItemDrag::apply(const QVector<QRectF> &rects)
 {
-    const CEditBatch batch(m_scene);
+    const CEditBatch batch(m_editing);
     for (int i = 0; i < m_starts.size(); ++i) {
-        CGraphicsItemBase *item = m_scene.editedItem(m_starts.at(i).uuid);
+        CGraphicsItemBase *item = m_index.editedItem(m_starts.at(i).uuid);
         if (!item)
             continue;
         {
@@ -129,7 +134,7 @@ bool CItemDrag::finish(CUndoRecorder &recorder)
     if (!m_moved)
         return false;
     setRaised(false);
-    const CEditBatch batch(m_scene);
+    const CEditBatch batch(m_editing);
     const CUndoMacro macro(
         recorder, m_operation == Move ? QStringLiteral("ChangePosition") : QStringLiteral("ChangeSize"),
         m_operation == Move ? QStringLiteral("Move") : QStringLiteral("Scale"));
@@ -140,21 +145,13 @@ bool CItemDrag::finish(CUndoRecorder &recorder)
 
 void CItemDrag::recordItem(CUndoRecorder &recorder, const SStart &start)
 {
-    CGraphicsItemBase *item = m_scene.editedItem(start.uuid);
+    CGraphicsItemBase *item = m_index.editedItem(start.uuid);
     if (!item)
         return;
     const QSizeF size = item->rect().size();
-    if (size != start.size) {
-        auto command = std::make_unique<CReszieCommand>(item);
-        command->setStartValue(start.size);
-        command->setEndValue(size);
-        recorder.push(std::move(command));
-    }
-    if (item->scenePos() != start.scenePos) {
-        auto command = std::make_unique<CMoveCommand>(item);
-        command->setStartValue(start.scenePos);
-        command->setEndValue(item->scenePos());
-        recorder.push(std::move(command));
-    }
+    if (size != start.size)
+        recorder.record<CReszieCommand>(*item, start.size, size);
+    if (item->scenePos() != start.scenePos)
+        recorder.record<CMoveCommand>(*item, start.scenePos, item->scenePos());
     CAreaRecorder::scale(recorder, *item, start.size, size);
 }

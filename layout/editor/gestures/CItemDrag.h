@@ -10,7 +10,8 @@
 
 class CGraphicsItemBase;
 class CUndoRecorder;
-class IEditorScene;
+class IEditing;
+class IItemIndex;
 
 /// A drag in progress: moves the selected items, or resizes one by a handle, and records it when the mouse is
 /// released. Holds identities only, so that an item may vanish meanwhile.
@@ -20,9 +21,11 @@ public:
     enum EOperation { Move, Scale };
 
     /// Moves @p items, which lie in no selected group.
-    CItemDrag(IEditorScene &scene, const QVector<CGraphicsItemBase *> &items, const QPointF &scenePos);
+    CItemDrag(IEditing &editing, const IItemIndex &index, const QVector<CGraphicsItemBase *> &items,
+              const QPointF &scenePos);
     /// Resizes @p item by @p handle: a cabinet, or a group with all cabinets in it.
-    CItemDrag(IEditorScene &scene, CGraphicsItemBase &item, int handle, const QPointF &scenePos);
+    CItemDrag(IEditing &editing, const IItemIndex &index, CGraphicsItemBase &item, int handle,
+              const QPointF &scenePos);
 
     EOperation operation() const { return m_operation; }
     void moveTo(const QPointF &scenePos);
@@ -46,7 +49,8 @@ private:
     QVector<QRectF> rectsAt(const QPointF &scenePos) const;
     void recordItem(CUndoRecorder &recorder, const SStart &start);
 
-    IEditorScene &m_scene;
+    IEditing &m_editing;
+    const IItemIndex &m_index;
     EOperation m_operation;
     int m_handle = -1;
     QPointF m_press;

@@ -4,7 +4,8 @@
 
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
-#include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/items/IEditing.h"
+#include "layout/editor/items/IItemIndex.h"
 #include "layout/editor/recording/CUndoRecorder.h"
 #include "layout/editor/recording/CWiringRecorder.h"
 
@@ -45,9 +46,10 @@ qreal entryInto(const QRectF &rect, const QLineF &way)
 
 } // namespace
 
-CPenStroke::CPenStroke(IEditorScene &scene, CGraphicsPortItem &port, const CGraphicsCabinetItem &first,
-                       const QPointF &scenePos)
-    : m_scene(scene)
+CPenStroke::CPenStroke(IEditing &editing, const IItemIndex &index, CGraphicsPortItem &port,
+                       const CGraphicsCabinetItem &first, const QPointF &scenePos)
+    : m_editing(editing)
+    , m_index(index)
     , m_port(port.port())
     , m_place(scenePos)
     , m_stroke({first.uuid()})
@@ -58,7 +60,7 @@ void CPenStroke::moveTo(const QPointF &scenePos)
 {
     const QLineF way(m_place, scenePos);
     m_place = scenePos;
-    const CGraphicsPortItem *owner = m_scene.portItem(m_port);
+    const CGraphicsPortItem *owner = m_index.portItem(m_port);
     if (!owner || way.p1() == way.p2()) // a mere click enters nothing that lies below
         return;
     QVector<std::tuple<qreal, qreal, qreal, QUuid>> entered;
@@ -80,7 +82,7 @@ QVector<CGraphicsCabinetItem *> CPenStroke::drawnCabinets() const
 {
     QVector<CGraphicsCabinetItem *> cabinets;
     for (const QUuid &uuid : m_stroke) {
-        CGraphicsItemBase *item = m_scene.editedItem(uuid);
+        CGraphicsItemBase *item = m_index.editedItem(uuid);
         if (item && item->type() == CabinetItemKind)
             cabinets << static_cast<CGraphicsCabinetItem *>(item);
     }
@@ -97,7 +99,7 @@ QPolygonF CPenStroke::path() const
 
 QVector<CGraphicsCabinetItem *> CPenStroke::chain() const
 {
-    const CGraphicsPortItem *owner = m_scene.portItem(m_port);
+    const CGraphicsPortItem *owner = m_index.portItem(m_port);
     if (!owner)
         return {};
     const QVector<CGraphicsCabinetItem *> stroke = drawnCabinets();
@@ -117,11 +119,10 @@ QVector<CGraphicsCabinetItem *> CPenStroke::chain() const
 
 void CPenStroke::finish(CUndoRecorder &recorder) const
 {
-    CGraphicsPortItem *owner = m_scene.portItem(m_port);
+    CGraphicsPortItem *owner = m_index.portItem(m_port);
     if (!owner)
         return;
-    const CEditBatch batch(m_scene);
-    const CUndoMacro macro(recorder, QStringLiteral("createTopologyWiring"),
-                           QStringLiteral("createTopologyWiring"));
+    const CEditBatch batch(m_editing);
+    const CUndoMacro macro(recorder, QStringLiteral("createTopologyWiring"));
     CWiringRecorder::rechain(recorder, *owner, chain());
 }

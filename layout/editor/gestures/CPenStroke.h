@@ -9,7 +9,8 @@
 class CGraphicsCabinetItem;
 class CGraphicsPortItem;
 class CUndoRecorder;
-class IEditorScene;
+class IEditing;
+class IItemIndex;
 
 /// A stroke of the pen tool through the cabinets of one port. It begins at a cabinet: one of the chain goes
 /// on from its place, an unwired one continues the chain at its end. Each further cabinet that the stroke
@@ -19,8 +20,8 @@ class CPenStroke final
 {
 public:
     /// Begins at @p scenePos on @p first.
-    CPenStroke(IEditorScene &scene, CGraphicsPortItem &port, const CGraphicsCabinetItem &first,
-               const QPointF &scenePos);
+    CPenStroke(IEditing &editing, const IItemIndex &index, CGraphicsPortItem &port,
+               const CGraphicsCabinetItem &first, const QPointF &scenePos);
 
     int port() const { return m_port; }
     /// Adds the cabinets that lie on the straight way to @p scenePos, in the order in which it enters them;
@@ -37,7 +38,8 @@ public:
 private:
     QVector<CGraphicsCabinetItem *> drawnCabinets() const;
 
-    IEditorScene &m_scene;
+    IEditing &m_editing;
+    const IItemIndex &m_index;
     int m_port;
     QPointF m_place;
     QVector<QUuid> m_stroke;

@@ -5,6 +5,7 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/items/IItemIndex.h"
 #include "platform/widgets/CGraphicsScene.h"
 
 namespace {
@@ -20,10 +21,10 @@ void selectAlone(CGraphicsItemBase &item)
 
 } // namespace
 
-CRubberBand::CRubberBand(IEditorScene &editor, CGraphicsScene &scene, const QPointF &scenePos,
-                         const QSet<QUuid> &before, bool keepSelection)
-    : m_batch(editor)
-    , m_editor(editor)
+CRubberBand::CRubberBand(IEditing &editing, const IItemIndex &index, CGraphicsScene &scene,
+                         const QPointF &scenePos, const QSet<QUuid> &before, bool keepSelection)
+    : m_batch(editing)
+    , m_index(index)
     , m_scene(scene)
     , m_press(scenePos)
     , m_rect(scenePos, QSizeF())
@@ -40,7 +41,7 @@ void CRubberBand::moveTo(const QPointF &scenePos)
     m_rect = after;
     Places entered;
     Places left;
-    for (const CGraphicsPortItem *port : m_editor.portItems()) {
+    for (const CGraphicsPortItem *port : m_index.portItems()) {
         if (!port->bounds().intersects(before) && !port->bounds().intersects(after))
             continue;
         for (const CPortOverview::SPlace &place : port->overview().places()) {
@@ -61,7 +62,7 @@ void CRubberBand::cancel()
 {
     moveTo(m_press);
     for (const QUuid &uuid : qAsConst(m_before)) {
-        if (CGraphicsItemBase *item = m_editor.editedItem(uuid))
+        if (CGraphicsItemBase *item = m_index.editedItem(uuid))
             selectAlone(*item);
     }
 }

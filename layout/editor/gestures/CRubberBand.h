@@ -3,7 +3,7 @@
 #pragma once
 
 #include "layout/editor/items/CPortOverview.h"
-#include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/items/IEditing.h"
 
 #include <QHash>
 #include <QPointF>
@@ -11,7 +11,9 @@
 #include <QSet>
 #include <QUuid>
 
+class CGraphicsItemBase;
 class CGraphicsScene;
+class IItemIndex;
 
 /// The rubber band: selects the outermost groups and ungrouped cabinets of which it touches a cabinet. Each
 /// step changes only what has entered or left; what follows from the selection is done once, when the band
@@ -21,7 +23,7 @@ class CRubberBand final
 public:
     /// @p before was selected before the band. @p keepSelection adds to it; otherwise the caller has cleared
     /// it.
-    CRubberBand(IEditorScene &editor, CGraphicsScene &scene, const QPointF &scenePos,
+    CRubberBand(IEditing &editing, const IItemIndex &index, CGraphicsScene &scene, const QPointF &scenePos,
                 const QSet<QUuid> &before, bool keepSelection);
 
     const QRectF &rect() const { return m_rect; }
@@ -36,7 +38,7 @@ private:
     void restore(CGraphicsItemBase &outermost);
 
     CEditBatch m_batch;
-    IEditorScene &m_editor;
+    const IItemIndex &m_index;
     CGraphicsScene &m_scene;
     QPointF m_press;
     QRectF m_rect;

@@ -3,13 +3,13 @@
 #include "layout/editor/gestures/CSceneGestures.h"
 
 #include "layout/drawing/CLayoutPainter.h"
+#include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/gestures/CItemDrag.h"
 #include "layout/editor/gestures/CPenStroke.h"
 #include "layout/editor/gestures/CRubberBand.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
-#include "layout/editor/items/IEditorScene.h"
 #include "layout/geometry/CResizeHandles.h"
 #include "platform/widgets/CGraphicsScene.h"
 
@@ -17,10 +17,11 @@
 
 #include <utility>
 
-CSceneGestures::CSceneGestures(CGraphicsScene &scene, IEditorScene &editor, const CSceneSelection &selection,
-                               CUndoRecorder &recorder)
+CSceneGestures::CSceneGestures(CGraphicsScene &scene, IEditing &editing, CSceneContent &content,
+                               const CSceneSelection &selection, CUndoRecorder &recorder)
     : m_scene(scene)
-    , m_editor(editor)
+    , m_editing(editing)
+    , m_content(content)
     , m_selection(selection)
     , m_recorder(recorder)
 {
@@ -33,6 +34,7 @@ void CSceneGestures::cancel()
     if (m_drag) {
         m_drag->cancel();
         m_drag.reset();
+        m_content.releaseCabinets();
         m_dragCancelled = true;
     }
     m_stroke.reset();
@@ -43,13 +45,16 @@ void CSceneGestures::cancel()
 
 void CSceneGestures::beginMove(const QPointF &scenePos)
 {
-    if (!m_selection.isEmpty() && !m_selection.touchesLockedPort())
-        m_drag = std::make_unique<CItemDrag>(m_editor, m_selection.sorted(), scenePos);
+    if (m_selection.isEmpty() || m_selection.touchesLockedPort())
+        return;
+    m_drag = std::make_unique<CItemDrag>(m_editing, m_content, m_selection.sorted(), scenePos);
+    m_content.holdCabinets(m_selection.ports());
 }
 
 void CSceneGestures::beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos)
 {
-    m_drag = std::make_unique<CItemDrag>(m_editor, item, handle, scenePos);
+    m_drag = std::make_unique<CItemDrag>(m_editing, m_content, item, handle, scenePos);
+    m_content.holdCabinets({item.port()});
 }
 
 void CSceneGestures::continueDrag(const QPointF &scenePos)
@@ -62,6 +67,7 @@ bool CSceneGestures::endDrag(const QPointF &scenePos)
 {
     if (!m_drag)
         return std::exchange(m_dragCancelled, false);
+    m_content.releaseCabinets();
     m_drag->moveTo(scenePos);
     const std::unique_ptr<CItemDrag> drag = std::move(m_drag);
     return drag->finish(m_recorder);
@@ -72,7 +78,7 @@ void CSceneGestures::beginStroke(CGraphicsCabinetItem &cabinet, const QPointF &s
     CGraphicsPortItem *port = cabinet.portItem();
     m_scene.clearSelection();
     if (port && !port->isLocked())
-        m_stroke = std::make_unique<CPenStroke>(m_editor, *port, cabinet, scenePos);
+        m_stroke = std::make_unique<CPenStroke>(m_editing, m_content, *port, cabinet, scenePos);
 }
 
 void CSceneGestures::continueStroke(const QPointF &scenePos)
@@ -95,7 +101,7 @@ void CSceneGestures::beginBand(const QPointF &scenePos, bool keepSelection)
     const QVector<QUuid> selected = m_selection.uuids();
     if (!keepSelection)
         m_scene.clearSelection();
-    m_band = std::make_unique<CRubberBand>(m_editor, m_scene, scenePos,
+    m_band = std::make_unique<CRubberBand>(m_editing, m_content, m_scene, scenePos,
                                            QSet<QUuid>(selected.begin(), selected.end()), keepSelection);
 }
 
@@ -128,8 +134,6 @@ void CSceneGestures::invalidateBand()
 
 void CSceneGestures::paintHandles(QPainter &painter) const
 {
-    if (!m_editor.offersHandles())
-        return;
     const CGraphicsItemBase &item = **m_selection.items().begin();
     if (!item.canResize())
         return;
@@ -139,7 +143,6 @@ void CSceneGestures::paintHandles(QPainter &painter) const
 
 void CSceneGestures::paint(QPainter &painter) const
 {
-    paintHandles(painter);
     if (m_band)
         CLayoutPainter::paintBand(painter, m_band->rect());
     if (m_stroke)

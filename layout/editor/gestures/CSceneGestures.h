@@ -12,9 +12,10 @@ class CGraphicsScene;
 class CItemDrag;
 class CPenStroke;
 class CRubberBand;
+class CSceneContent;
 class CSceneSelection;
 class CUndoRecorder;
-class IEditorScene;
+class IEditing;
 class QPainter;
 
 /// What the user is doing with the mouse: dragging items, drawing a stroke of the pen or a rubber band. One
@@ -22,8 +23,8 @@ class QPainter;
 class CSceneGestures final
 {
 public:
-    CSceneGestures(CGraphicsScene &scene, IEditorScene &editor, const CSceneSelection &selection,
-                   CUndoRecorder &recorder);
+    CSceneGestures(CGraphicsScene &scene, IEditing &editing, CSceneContent &content,
+                   const CSceneSelection &selection, CUndoRecorder &recorder);
     ~CSceneGestures();
 
     /// Puts everything back to where the gesture began.
@@ -47,15 +48,17 @@ public:
     void continueBand(const QPointF &scenePos);
     void endBand();
 
-    /// Draws the band and the stroke, and the handles of an item that can be resized.
+    /// Draws the band and the stroke.
     void paint(QPainter &painter) const;
+    /// Draws the handles of the selected item when it can be resized.
+    void paintHandles(QPainter &painter) const;
 
 private:
-    void paintHandles(QPainter &painter) const;
     void invalidateBand();
 
     CGraphicsScene &m_scene;
-    IEditorScene &m_editor;
+    IEditing &m_editing;
+    CSceneContent &m_content;
     const CSceneSelection &m_selection;
     CUndoRecorder &m_recorder;
     std::unique_ptr<CItemDrag> m_drag;

@@ -3,11 +3,11 @@
 #include "layout/editor/gestures/CSceneInput.h"
 
 #include "layout/editor/gestures/CItemLookup.h"
-#include "layout/editor/gestures/CSceneGestures.h"
 #include "layout/editor/items/CGraphicsItemBase.h"
 #include "layout/editor/menus/CCabinetMenu.h"
 #include "layout/editor/menus/CCanvasMenu.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 
 #include <QCoreApplication>
 #include <QGraphicsSceneContextMenuEvent>
@@ -15,29 +15,66 @@
 #include <QMenu>
 #include <QPointer>
 
-CSceneInput::CSceneInput(CCabinetGraphicsScene &scene, CSceneGestures &gestures, CScenePlacing &placing)
+CSceneInput::CSceneInput(CCabinetGraphicsScene &scene)
     : m_scene(scene)
-    , m_gestures(gestures)
-    , m_select(scene, gestures)
-    , m_pen(gestures)
-    , m_exchange(scene, CExchangeMode::Receiver)
-    , m_directExchange(scene, CExchangeMode::Anywhere)
-    , m_highlight(scene)
-    , m_append(scene, placing)
+    , m_backend(scene.backend())
+    , m_gestures(scene, m_backend.batches(), m_backend.content(), m_backend.selection(), m_backend.recorder())
+    , m_select(scene, m_gestures)
+    , m_pen(m_gestures)
+    , m_exchange(m_backend.operations(), CExchangeMode::Receiver)
+    , m_directExchange(m_backend.operations(), CExchangeMode::Anywhere)
+    , m_highlight(m_backend.highlights())
+    , m_append(m_backend.placing(), [&scene] { scene.leaveOperation(); })
 {
+    m_backend.setInput(this);
 }
 
-IMouseMode &CSceneInput::mode()
+CSceneInput::~CSceneInput()
 {
-    if (m_scene.isAppending())
+    m_gestures.cancel();
+    m_backend.setInput(nullptr);
+}
+
+bool CSceneInput::isSingleSelection() const
+{
+    return m_backend.selection().count() == 1;
+}
+
+bool CSceneInput::offersHandles() const
+{
+    return isSingleSelection() && m_backend.toolModes().isEmpty();
+}
+
+void CSceneInput::beginMove(const QPointF &scenePos)
+{
+    if (m_backend.toolModes().isEmpty())
+        m_gestures.beginMove(scenePos);
+}
+
+void CSceneInput::beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos)
+{
+    if (m_backend.toolModes().isEmpty() && item.canResize())
+        m_gestures.beginScale(item, handle, scenePos);
+}
+
+void CSceneInput::paint(QPainter &painter) const
+{
+    if (offersHandles())
+        m_gestures.paintHandles(painter);
+    m_gestures.paint(painter);
+}
+
+IMouseMode &CSceneInput::mouseMode()
+{
+    if (m_backend.placing().isAppending())
         return m_append;
-    if (m_scene.isToolModeSet(IEditorScene::Highlighting))
+    if (m_backend.toolModes().contains(ToolMode::Highlighting))
         return m_highlight;
-    if (m_scene.isToolModeSet(IEditorScene::ManualWiring))
+    if (m_backend.toolModes().contains(ToolMode::ManualWiring))
         return m_pen;
-    if (m_scene.isToolModeSet(IEditorScene::HeadToTailExchange))
+    if (m_backend.toolModes().contains(ToolMode::HeadToTailExchange))
         return m_exchange;
-    if (m_scene.isToolModeSet(IEditorScene::DirectExchange))
+    if (m_backend.toolModes().contains(ToolMode::DirectExchange))
         return m_directExchange;
     return m_select;
 }
@@ -46,19 +83,19 @@ bool CSceneInput::press(QGraphicsSceneMouseEvent &event)
 {
     // Another button puts back what the first one has begun, and does nothing else.
     m_interrupted = event.buttons() != event.button() && (m_gestures.hasBand() || m_gestures.isDragging());
-    m_scene.cancelGesture();
+    m_gestures.cancel();
     if (m_interrupted) {
         event.accept();
         return true;
     }
-    if (event.buttons() == event.button() && !m_scene.isAppending())
+    if (event.buttons() == event.button() && !m_backend.placing().isAppending())
         m_gestures.beginPress();
-    return mode().press(event);
+    return mouseMode().press(event);
 }
 
 bool CSceneInput::doubleClick(QGraphicsSceneMouseEvent &event)
 {
-    if (event.button() == Qt::LeftButton && mode().edits() &&
+    if (event.button() == Qt::LeftButton && mouseMode().edits() &&
         CItemLookup::isOnCabinet(m_scene, event.scenePos())) {
         m_gestures.beginPress();
         return false;
@@ -84,29 +121,29 @@ bool CSceneInput::openMenu(QGraphicsSceneContextMenuEvent &event)
         event.accept();
         return true;
     }
-    if (m_scene.isAppending()) {
+    if (m_backend.placing().isAppending()) {
         m_scene.leaveOperation(); // here, as the press comes first and must not make way for a menu
         event.accept();
         return true;
     }
-    if (!mode().edits() || CItemLookup::isOnItem(m_scene, event.scenePos()))
+    if (!mouseMode().edits() || CItemLookup::isOnItem(m_scene, event.scenePos()))
         return false;
-    m_scene.cancelGesture();
+    m_gestures.cancel();
     const QPointer<QMenu> menu = new QMenu(event.widget());
-    CCanvasMenu::fill(*menu, m_scene, event.scenePos(), event.widget());
+    CCanvasMenu(*menu, m_backend, m_commands, event.widget()).fill(event.scenePos());
     menu->exec(event.screenPos());
     delete menu;
     event.accept();
     return true;
 }
 
-void CSceneInput::openCabinetMenu(const CGraphicsItemBase &item, QWidget *widget, const QPoint &screenPos)
+void CSceneInput::openCabinetMenu(CGraphicsItemBase &item, QWidget *widget, const QPoint &screenPos)
 {
-    if (!mode().edits())
+    if (!mouseMode().edits())
         return;
-    m_scene.cancelGesture();
+    m_gestures.cancel();
     const QPointer<QMenu> menu = new QMenu(widget);
-    CCabinetMenu(*menu, m_scene, item, widget).fill();
+    CCabinetMenu(*menu, m_backend, m_commands, item, widget).fill();
     menu->exec(screenPos);
     delete menu;
 }

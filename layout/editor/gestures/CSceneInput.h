@@ -6,44 +6,54 @@
 #include "layout/editor/gestures/CExchangeMode.h"
 #include "layout/editor/gestures/CHighlightMode.h"
 #include "layout/editor/gestures/CPenMode.h"
+#include "layout/editor/gestures/CSceneGestures.h"
 #include "layout/editor/gestures/CSelectMode.h"
-
-#include <QPoint>
+#include "layout/editor/scene/ISceneInput.h"
 
 class CCabinetGraphicsScene;
-class CGraphicsItemBase;
-class CSceneGestures;
-class CScenePlacing;
-class QGraphicsSceneContextMenuEvent;
-class QGraphicsSceneMouseEvent;
-class QPointF;
-class QWidget;
+class CSceneBackend;
+class IEditorCommands;
 
 /// Decides who takes the mouse: cabinets that wait to be placed, the rubber band, a menu, or the items of the
-/// scene. Each event is taken, or handed on to the items by the caller. GUI thread.
-class CSceneInput final
+/// scene. GUI thread.
+class CSceneInput final : public ISceneInput
 {
 public:
-    CSceneInput(CCabinetGraphicsScene &scene, CSceneGestures &gestures, CScenePlacing &placing);
+    /// Installs itself in @p scene, for as long as it lives; it must go before the scene.
+    explicit CSceneInput(CCabinetGraphicsScene &scene);
+    ~CSceneInput() override;
 
-    /// Of the tool that is in use.
-    IMouseMode &mode();
+    /// What the menus offer beyond edits; null: nothing. @p commands stays owned by the caller.
+    void setCommands(IEditorCommands *commands) { m_commands = commands; }
 
-    // Each gives whether the event is taken.
-    bool press(QGraphicsSceneMouseEvent &event);
-    bool move(const QGraphicsSceneMouseEvent &event) { return mode().move(event); }
-    bool release(const QGraphicsSceneMouseEvent &event) { return mode().release(event); }
+    // ISceneInput
+    bool press(QGraphicsSceneMouseEvent &event) override;
+    bool move(const QGraphicsSceneMouseEvent &event) override { return mouseMode().move(event); }
+    bool release(const QGraphicsSceneMouseEvent &event) override { return mouseMode().release(event); }
     /// Only a double click with the left button on a cabinet, without a tool, is one; others are presses.
-    bool doubleClick(QGraphicsSceneMouseEvent &event);
-    /// Opens the menu of the canvas; a cabinet or a group opens its own. While cabinets wait to be placed
-    /// they do so no longer.
-    bool openMenu(QGraphicsSceneContextMenuEvent &event);
-    /// Opens the menu of a cabinet or a group, unless a tool is in use.
-    void openCabinetMenu(const CGraphicsItemBase &item, QWidget *widget, const QPoint &screenPos);
+    bool doubleClick(QGraphicsSceneMouseEvent &event) override;
+    /// Opens the menu of the canvas; a cabinet or a group opens its own. Ends an append that waits.
+    bool openMenu(QGraphicsSceneContextMenuEvent &event) override;
+    void cancel() override { m_gestures.cancel(); }
+    bool isDragging() const override { return m_gestures.isDragging(); }
+    void paint(QPainter &painter) const override;
+
+    // IItemMouse
+    IMouseMode &mouseMode() override;
+    bool isSingleSelection() const override;
+    bool offersHandles() const override;
+    bool hasRubberBand() const override { return m_gestures.hasBand(); }
+    void beginMove(const QPointF &scenePos) override;
+    void beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos) override;
+    void continueDrag(const QPointF &scenePos) override { m_gestures.continueDrag(scenePos); }
+    bool endDrag(const QPointF &scenePos) override { return m_gestures.endDrag(scenePos); }
+    void openCabinetMenu(CGraphicsItemBase &item, QWidget *widget, const QPoint &screenPos) override;
 
 private:
     CCabinetGraphicsScene &m_scene;
-    CSceneGestures &m_gestures;
+    CSceneBackend &m_backend;
+    IEditorCommands *m_commands = nullptr;
+    CSceneGestures m_gestures;
     CSelectMode m_select;
     CPenMode m_pen;
     CExchangeMode m_exchange;

@@ -55,7 +55,7 @@ void CGraphicsCabinetItem::setCabinet(const Cabinet &cabinetRecord)
     updateInnerLines();
     update();
     if (IEditorScene *editing = editor())
-        editing->noteCabinetMoved(*this);
+        editing->notes().noteCabinetMoved(*this);
 }
 
 void CGraphicsCabinetItem::updateInnerLines()
@@ -80,7 +80,7 @@ void CGraphicsCabinetItem::followGeometry()
 {
     record().rect = CCabinetRect::toRecord(mapRectToScene(rect()));
     if (IEditorScene *editing = editor())
-        editing->noteCabinetMoved(*this);
+        editing->notes().noteCabinetMoved(*this);
 }
 
 void CGraphicsCabinetItem::setChainPosition(int position)
@@ -125,7 +125,7 @@ void CGraphicsCabinetItem::setHighlighted(bool highlighted)
     record().calibrationIndex = highlighted ? 0 : -1;
     update();
     if (IEditorScene *editing = editor())
-        editing->noteHighlighted(*this, highlighted);
+        editing->notes().noteHighlighted(*this, highlighted);
     if (CGraphicsPortItem *item = portItem())
         item->noteChanged();
 }
@@ -161,20 +161,20 @@ bool CGraphicsCabinetItem::pickCell(const QPointF &position)
 
 void CGraphicsCabinetItem::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
-    IEditorScene *editing = editor();
-    if (!editing)
+    IItemMouse *mouse = itemMouse();
+    if (!mouse)
         return;
-    const CEditBatch batch(*editing);
-    if (event->button() != Qt::LeftButton || !editing->mouseMode().pressCabinet(*this, *event))
+    const CEditBatch batch(editor()->editing());
+    if (event->button() != Qt::LeftButton || !mouse->mouseMode().pressCabinet(*this, *event))
         CGraphicsItemBase::mousePressEvent(event);
 }
 
 void CGraphicsCabinetItem::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)
 {
-    IEditorScene *editing = editor();
-    if (!editing || !editing->mouseMode().edits() || event->button() != Qt::LeftButton)
+    IItemMouse *mouse = itemMouse();
+    if (!mouse || !mouse->mouseMode().edits() || event->button() != Qt::LeftButton)
         return;
-    const CEditBatch batch(*editing);
+    const CEditBatch batch(editor()->editing());
     scene()->clearSelection();
     setSelected(true);
     CGraphicsItemBase::mousePressEvent(event); // a quick click may be followed by a drag
@@ -184,8 +184,8 @@ QVariant CGraphicsCabinetItem::itemChange(GraphicsItemChange change, const QVari
 {
     if (change == ItemSelectedChange && value.toBool() && isGrouped()) {
         // A rubber band selects whole groups.
-        const IEditorScene *editing = editor();
-        if (editing && editing->hasRubberBand() && !isChangeBlocked()) {
+        const IItemMouse *mouse = itemMouse();
+        if (mouse && mouse->hasRubberBand() && !isChangeBlocked()) {
             selectOutermost(true);
             return false;
         }

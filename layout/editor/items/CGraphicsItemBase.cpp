@@ -50,7 +50,13 @@ CGraphicsGroupItem *CGraphicsItemBase::groupItem() const
 IEditorScene *CGraphicsItemBase::editor() const
 {
     const CGraphicsPortItem *item = portItem();
-    return item ? item->editor() : nullptr;
+    return item ? &item->editor() : nullptr;
+}
+
+IItemMouse *CGraphicsItemBase::itemMouse() const
+{
+    IEditorScene *editing = editor();
+    return editing ? editing->mouse() : nullptr;
 }
 
 bool CGraphicsItemBase::isGrouped() const
@@ -93,7 +99,8 @@ void CGraphicsItemBase::updateHandles()
 {
     m_handles.clear();
     const QList<QGraphicsView *> views = scene() ? scene()->views() : QList<QGraphicsView *>();
-    if (views.isEmpty() || !isSelected() || !editor() || !editor()->offersHandles() || !canResize())
+    const IItemMouse *mouse = itemMouse();
+    if (views.isEmpty() || !isSelected() || !mouse || !mouse->offersHandles() || !canResize())
         return;
     m_handles =
         CResizeHandles::handles(rect(), CResizeHandles::ScreenSide / views.first()->transform().m11());
@@ -184,57 +191,58 @@ void CGraphicsItemBase::resetHighlights()
 
 void CGraphicsItemBase::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
-    IEditorScene *editing = editor();
-    if (!editing || !editing->mouseMode().selects())
+    IItemMouse *mouse = itemMouse();
+    if (!mouse || !mouse->mouseMode().selects())
         return;
-    const CEditBatch batch(*editing);
+    const CEditBatch batch(editor()->editing());
     const bool toggles = selectByPress(*event);
     m_activeHandle = NoHandle;
     // Members lie above the handles of their group.
     CGraphicsItemBase &target = isSelected() ? *this : outermost();
-    if (event->button() == Qt::LeftButton && editing->offersHandles() && target.isSelected()) {
+    if (event->button() == Qt::LeftButton && mouse->offersHandles() && target.isSelected()) {
         target.updateHandles();
         m_activeHandle = target.handleAt(mapToItem(&target, event->pos()));
         if (m_activeHandle != NoHandle) {
-            editing->beginScale(target, m_activeHandle, event->scenePos());
+            mouse->beginScale(target, m_activeHandle, event->scenePos());
             target.resetHighlights();
             return;
         }
     }
     if (event->button() == Qt::LeftButton && !(toggles && !isSelectedWithGroups()))
-        editing->beginMove(event->scenePos());
+        mouse->beginMove(event->scenePos());
 }
 
 void CGraphicsItemBase::contextMenuEvent(QGraphicsSceneContextMenuEvent *event)
 {
     const CGraphicsPortItem *item = portItem();
-    if (!item || item->isRedundant() || !editor())
+    IItemMouse *mouse = itemMouse();
+    if (!item || item->isRedundant() || !mouse)
         return; // a redundancy port follows its primary
-    editor()->showCabinetMenu(*this, event->widget(), event->screenPos());
+    mouse->openCabinetMenu(*this, event->widget(), event->screenPos());
     event->accept();
 }
 
 void CGraphicsItemBase::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 {
-    if (IEditorScene *editing = editor())
-        editing->continueDrag(event->scenePos());
+    if (IItemMouse *mouse = itemMouse())
+        mouse->continueDrag(event->scenePos());
 }
 
 void CGraphicsItemBase::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 {
     m_activeHandle = NoHandle;
-    IEditorScene *editing = editor();
-    if (!editing || event->button() != Qt::LeftButton || editing->endDrag(event->scenePos()) ||
-        !editing->mouseMode().selects())
+    IItemMouse *mouse = itemMouse();
+    if (!mouse || event->button() != Qt::LeftButton || mouse->endDrag(event->scenePos()) ||
+        !mouse->mouseMode().selects())
         return;
-    const CEditBatch batch(*editing);
+    const CEditBatch batch(editor()->editing());
     if (event->modifiers() & Qt::ControlModifier) {
         outermost().setSelected(!isSelectedWithGroups());
         return;
     }
     // A click on one of several selected items leaves only that one selected.
     CGraphicsItemBase &clicked = isSelected() ? *this : outermost();
-    if (!clicked.isSelected() || editing->isSingleSelection())
+    if (!clicked.isSelected() || mouse->isSingleSelection())
         return;
     scene()->clearSelection();
     clicked.setSelected(true);
@@ -248,7 +256,7 @@ QVariant CGraphicsItemBase::itemChange(GraphicsItemChange change, const QVariant
         setFlag(ItemSendsScenePositionChanges, false);
     } else if (change == ItemSelectedHasChanged) {
         if (IEditorScene *editing = editor())
-            editing->noteSelected(*this, isSelected());
+            editing->notes().noteSelected(*this, isSelected());
         if (m_hoveredHandle != NoHandle)
             setHoveredHandle(NoHandle);
         m_handles.clear();

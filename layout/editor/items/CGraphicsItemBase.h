@@ -13,6 +13,7 @@ class CGraphicsCabinetItem;
 class CGraphicsGroupItem;
 class CGraphicsPortItem;
 class IEditorScene;
+class IItemMouse;
 
 /// What cabinets and groups on the canvas share: identity, port, record, resize handles, and the mouse rules
 /// by which they are selected through groups, moved and resized.
@@ -75,7 +76,8 @@ protected:
     CGraphicsItemBase(const QUuid &uuid, QGraphicsItem *parent);
 
     Cabinet &record() { return m_cabinet; }
-    IEditorScene *editor() const; ///< null outside a port of an editing scene
+    IEditorScene *editor() const;  ///< null outside a port of an editing scene
+    IItemMouse *itemMouse() const; ///< null also while nobody follows the mouse
 
     bool sceneEvent(QEvent *event) override;
     void contextMenuEvent(QGraphicsSceneContextMenuEvent *event) override;

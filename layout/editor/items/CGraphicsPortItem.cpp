@@ -180,7 +180,7 @@ void CGraphicsPortItem::noteChanged()
     if (m_changeNoted)
         return;
     m_changeNoted = true;
-    m_editor.notePortChanged(*this);
+    m_editor.notes().notePortChanged(*this);
 }
 
 void CGraphicsPortItem::noteWiringChanged()
@@ -188,7 +188,7 @@ void CGraphicsPortItem::noteWiringChanged()
     if (m_wiringNoted)
         return;
     m_wiringNoted = true;
-    m_editor.noteWiringChanged(*this);
+    m_editor.notes().noteWiringChanged(*this);
     noteChanged();
 }
 
@@ -221,8 +221,9 @@ bool CGraphicsPortItem::sceneEventFilter(QGraphicsItem *watched, QEvent *event)
     if (event->type() != QEvent::GraphicsSceneMousePress || watched->type() != CabinetItemKind)
         return false;
     const auto &press = static_cast<const QGraphicsSceneMouseEvent &>(*event);
-    if (press.button() != Qt::LeftButton ||
-        !m_editor.mouseMode().beginStroke(static_cast<CGraphicsCabinetItem &>(*watched), press.scenePos()))
+    IItemMouse *mouse = m_editor.mouse();
+    if (press.button() != Qt::LeftButton || !mouse ||
+        !mouse->mouseMode().beginStroke(static_cast<CGraphicsCabinetItem &>(*watched), press.scenePos()))
         return false;
     grabMouse();
     return true;
@@ -230,13 +231,15 @@ bool CGraphicsPortItem::sceneEventFilter(QGraphicsItem *watched, QEvent *event)
 
 void CGraphicsPortItem::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 {
-    m_editor.mouseMode().continueStroke(event->scenePos());
+    if (IItemMouse *mouse = m_editor.mouse())
+        mouse->mouseMode().continueStroke(event->scenePos());
 }
 
 void CGraphicsPortItem::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 {
     ungrabMouse();
-    m_editor.mouseMode().endStroke(event->scenePos());
+    if (IItemMouse *mouse = m_editor.mouse())
+        mouse->mouseMode().endStroke(event->scenePos());
 }
 
 QVariant CGraphicsPortItem::itemChange(GraphicsItemChange change, const QVariant &value)

@@ -41,7 +41,7 @@ public:
     CPortChain &chain() { return m_chain; }
     const CPortChain &chain() const { return m_chain; }
 
-    IEditorScene *editor() const { return &m_editor; }
+    IEditorScene &editor() const { return m_editor; }
 
     /// The cabinets inside @p group; with null all of the port, through all groups.
     QVector<CGraphicsCabinetItem *> cabinets(const CGraphicsGroupItem *group) const;

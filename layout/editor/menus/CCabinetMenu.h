@@ -5,8 +5,9 @@
 #include <QCoreApplication>
 #include <QUuid>
 
-class CCabinetGraphicsScene;
 class CGraphicsItemBase;
+class CSceneBackend;
+class IEditorCommands;
 class QMenu;
 class QWidget;
 
@@ -19,11 +20,11 @@ class CCabinetMenu final
 public:
     static constexpr int Width = 240; ///< pixels
 
-    /// @p parent is for questions and dialogs.
-    CCabinetMenu(QMenu &menu, CCabinetGraphicsScene &scene, const CGraphicsItemBase &clicked,
-                 QWidget *parent);
+    /// @p parent is for questions and dialogs; @p commands may be null.
+    CCabinetMenu(QMenu &menu, CSceneBackend &backend, IEditorCommands *commands,
+                 const CGraphicsItemBase &clicked, QWidget *parent);
 
-    /// Adds the entries that apply; without commands of the scene only those that edit the layout.
+    /// Adds the entries that apply; without commands only those that edit the layout.
     void fill();
 
 private:
@@ -34,7 +35,8 @@ private:
     void addFiles(QMenu &parameters);
 
     QMenu &m_menu;
-    CCabinetGraphicsScene &m_scene;
+    CSceneBackend &m_backend;
+    IEditorCommands *m_commands;
     const CGraphicsItemBase &m_clicked;
     QWidget *m_parent;
     bool m_onePort;

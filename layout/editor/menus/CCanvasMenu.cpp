@@ -6,40 +6,42 @@
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/menus/CEditEntries.h"
 #include "layout/editor/menus/IEditorCommands.h"
-#include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 
 #include <QMenu>
 
-void CCanvasMenu::fill(QMenu &menu, CCabinetGraphicsScene &scene, const QPointF &scenePos, QWidget *parent)
+void CCanvasMenu::fill(const QPointF &scenePos)
 {
-    menu.setToolTipsVisible(true);
-    CEditEntries::addHistory(menu, scene, parent);
-    menu.addSeparator();
-    CEditEntries::addSelectAll(menu, scene);
-    const int current = scene.portStates().currentPort();
-    const CGraphicsPortItem *port = scene.portItem(current);
-    if (port && !scene.pasteCache().isEmpty())
-        CEditEntries::add(menu, scene, tr("Paste"), QString(), [&scene, scenePos, parent] {
-            scene.pasteItems(scenePos, parent);
+    m_menu.setToolTipsVisible(true);
+    CEditEntries::addHistory(m_menu, m_backend.history(), m_parent);
+    m_menu.addSeparator();
+    CEditEntries::addSelectAll(m_menu, m_backend.picks());
+    const int current = m_backend.states().currentPort();
+    const CGraphicsPortItem *port = m_backend.content().portItem(current);
+    CScenePlacing &placing = m_backend.placing();
+    if (port && !placing.cache().isEmpty())
+        CEditEntries::add(m_menu, tr("Paste"), QString(), [&placing, scenePos, parent = m_parent] {
+            placing.paste(scenePos, parent);
         })->setShortcuts(QKeySequence::Paste);
     if (port && port->chain().head())
-        CEditEntries::addClearTopology(menu, scene, current, parent);
-    if (scene.commands())
-        addDialogs(menu, scene, parent);
+        CEditEntries::addClearTopology(m_menu, m_backend, current, m_parent);
+    if (m_commands)
+        addDialogs();
 }
 
-void CCanvasMenu::addDialogs(QMenu &menu, CCabinetGraphicsScene &scene, QWidget *parent)
+void CCanvasMenu::addDialogs()
 {
-    IEditorCommands *commands = scene.commands();
-    CEditEntries::add(menu, scene, tr("Max frame rate and color depth settings..."), QString(),
+    IEditorCommands *commands = m_commands;
+    QWidget *parent = m_parent;
+    CEditEntries::add(m_menu, tr("Max frame rate and color depth settings..."), QString(),
                       [commands, parent] { commands->setFrameRateAndColorDepth(parent); });
-    const CanvasBlock block = scene.portStates().canvasBlock();
-    QAction *size = CEditEntries::add(menu, scene, tr("Canvas size settings...") + reason(block), QString(),
+    const CanvasBlock block = m_backend.states().canvasBlock();
+    QAction *size = CEditEntries::add(m_menu, tr("Canvas size settings...") + reason(block), QString(),
                                       [commands, parent] { commands->setCanvasSize(parent); });
     size->setEnabled(block == CanvasBlock::None);
     if (!size->isEnabled())
         size->setToolTip(size->text());
-    CEditEntries::add(menu, scene, tr("Canvas fill settings..."), QString(),
+    CEditEntries::add(m_menu, tr("Canvas fill settings..."), QString(),
                       [commands, parent] { commands->setCanvasFill(parent); });
 }
 

@@ -7,7 +7,8 @@
 #include <QCoreApplication>
 #include <QPointF>
 
-class CCabinetGraphicsScene;
+class CSceneBackend;
+class IEditorCommands;
 class QMenu;
 class QWidget;
 
@@ -17,13 +18,26 @@ class CCanvasMenu final
     Q_DECLARE_TR_FUNCTIONS(CCanvasMenu)
 
 public:
-    /// The entries act on @p scene and its current port; what is pasted comes to lie at @p scenePos. Without
-    /// commands of the scene there are no entries that open dialogs. @p parent is for questions.
-    static void fill(QMenu &menu, CCabinetGraphicsScene &scene, const QPointF &scenePos, QWidget *parent);
+    /// @p parent is for questions and dialogs. Without @p commands there are no entries that open dialogs.
+    CCanvasMenu(QMenu &menu, CSceneBackend &backend, IEditorCommands *commands, QWidget *parent)
+        : m_menu(menu)
+        , m_backend(backend)
+        , m_commands(commands)
+        , m_parent(parent)
+    {
+    }
+
+    /// Adds the entries that apply. They act on the current port; what is pasted comes to lie at @p scenePos.
+    void fill(const QPointF &scenePos);
 
     /// Why the canvas size cannot be changed, in brackets; empty when it can.
     static QString reason(CanvasBlock block);
 
 private:
-    static void addDialogs(QMenu &menu, CCabinetGraphicsScene &scene, QWidget *parent);
+    void addDialogs();
+
+    QMenu &m_menu;
+    CSceneBackend &m_backend;
+    IEditorCommands *m_commands;
+    QWidget *m_parent;
 };

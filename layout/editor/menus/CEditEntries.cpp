@@ -3,46 +3,45 @@
 #include "layout/editor/menus/CEditEntries.h"
 
 #include "layout/api/access/IPortStates.h"
-#include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/menus/CClearTopology.h"
+#include "layout/editor/scene/CSceneBackend.h"
 
 #include <QMenu>
 
-QAction *CEditEntries::add(QMenu &menu, CCabinetGraphicsScene &scene, const QString &text,
-                           const QString &icon, const std::function<void()> &triggered)
+QAction *CEditEntries::add(QMenu &menu, const QString &text, const QString &icon,
+                           const std::function<void()> &triggered)
 {
     QAction *action = menu.addAction(text);
     if (!icon.isEmpty())
         action->setIcon(QIcon(icon));
-    QObject::connect(action, &QAction::triggered, &scene, triggered);
+    QObject::connect(action, &QAction::triggered, action, triggered);
     return action;
 }
 
-void CEditEntries::addHistory(QMenu &menu, CCabinetGraphicsScene &scene, QWidget *parent)
+void CEditEntries::addHistory(QMenu &menu, CGuardedUndo &history, QWidget *parent)
 {
-    const QUndoStack *stack = scene.undoStack();
-    QAction *undo = add(menu, scene, tr("Undo"), QStringLiteral(":/Image/Layout/Menu/undo.svg"),
-                        [&scene, parent] { scene.undo(parent); });
+    QAction *undo = add(menu, tr("Undo"), QStringLiteral(":/Image/Layout/Menu/undo.svg"),
+                        [&history, parent] { history.undo(parent); });
     undo->setShortcuts(QKeySequence::Undo);
-    undo->setEnabled(stack && stack->canUndo());
-    QAction *redo = add(menu, scene, tr("Redo"), QStringLiteral(":/Image/Layout/Menu/redo.svg"),
-                        [&scene, parent] { scene.redo(parent); });
+    undo->setEnabled(history.canUndo());
+    QAction *redo = add(menu, tr("Redo"), QStringLiteral(":/Image/Layout/Menu/redo.svg"),
+                        [&history, parent] { history.redo(parent); });
     redo->setShortcuts(QKeySequence::Redo);
-    redo->setEnabled(stack && stack->canRedo());
+    redo->setEnabled(history.canRedo());
 }
 
-void CEditEntries::addSelectAll(QMenu &menu, CCabinetGraphicsScene &scene)
+void CEditEntries::addSelectAll(QMenu &menu, CSelectionPicks &picks)
 {
-    add(menu, scene, tr("Select all"), QString(), [&scene] {
-        scene.selectAllItem();
-    })->setShortcuts(QKeySequence::SelectAll);
+    add(menu, tr("Select all"), QString(), [&picks] { picks.all(); })->setShortcuts(QKeySequence::SelectAll);
 }
 
-void CEditEntries::addClearTopology(QMenu &menu, CCabinetGraphicsScene &scene, int port, QWidget *parent)
+void CEditEntries::addClearTopology(QMenu &menu, CSceneBackend &backend, int port, QWidget *parent)
 {
-    QAction *clear =
-        add(menu, scene, tr("Clear topology"), QStringLiteral(":/Image/Layout/Menu/clear_topology.svg"),
-            [&scene, port, parent] { scene.askToClearTopology(parent, port); });
-    if (!scene.portStates().isPortLocked(port))
+    QAction *clear = add(menu, tr("Clear topology"), QStringLiteral(":/Image/Layout/Menu/clear_topology.svg"),
+                         [&backend, port, parent] {
+                             CClearTopology::ask(parent, backend.content(), backend.operations(), port);
+                         });
+    if (!backend.states().isPortLocked(port))
         return;
     clear->setEnabled(false);
     clear->setToolTip(tr("Port %1 is locked.").arg(port + 1));

@@ -7,7 +7,9 @@
 
 #include <functional>
 
-class CCabinetGraphicsScene;
+class CGuardedUndo;
+class CSceneBackend;
+class CSelectionPicks;
 class QAction;
 class QMenu;
 class QWidget;
@@ -18,12 +20,12 @@ class CEditEntries final
     Q_DECLARE_TR_FUNCTIONS(CEditEntries)
 
 public:
-    /// An entry of @p menu that runs @p triggered for as long as @p scene lives; @p icon may be empty.
-    static QAction *add(QMenu &menu, CCabinetGraphicsScene &scene, const QString &text, const QString &icon,
+    /// An entry of @p menu that runs @p triggered; @p icon may be empty.
+    static QAction *add(QMenu &menu, const QString &text, const QString &icon,
                         const std::function<void()> &triggered);
     /// "Undo" and "Redo", enabled where they can run; questions and messages appear over @p parent.
-    static void addHistory(QMenu &menu, CCabinetGraphicsScene &scene, QWidget *parent);
-    static void addSelectAll(QMenu &menu, CCabinetGraphicsScene &scene);
+    static void addHistory(QMenu &menu, CGuardedUndo &history, QWidget *parent);
+    static void addSelectAll(QMenu &menu, CSelectionPicks &picks);
     /// "Clear topology" of a port, which asks first.
-    static void addClearTopology(QMenu &menu, CCabinetGraphicsScene &scene, int port, QWidget *parent);
+    static void addClearTopology(QMenu &menu, CSceneBackend &backend, int port, QWidget *parent);
 };

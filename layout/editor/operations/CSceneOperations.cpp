@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/operations/CSceneOperations.h"
 
+#include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
-#include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/items/IEditing.h"
 #include "layout/editor/operations/CTopologyWiring.h"
 #include "layout/editor/recording/CGroupEditing.h"
 #include "layout/editor/recording/CUndoRecorder.h"
@@ -34,16 +35,17 @@ QVector<CGraphicsPortItem *> CSceneOperations::ports() const
 {
     QVector<CGraphicsPortItem *> items;
     for (const int index : m_selection.ports())
-        items << m_scene.portItem(index);
+        items << m_content.portItem(index);
     return items;
 }
 
 void CSceneOperations::wireByPattern(uint pattern)
 {
+    m_editing.cancelGesture();
     if (pattern >= uint(CSnakeOrder::PatternCount) || m_selection.touchesLockedPort())
         return;
-    const CEditBatch batch(m_scene);
-    const CUndoMacro macro(m_recorder, QStringLiteral("topologyWiring"), QStringLiteral("topologyWiring"));
+    const CEditBatch batch(m_editing);
+    const CUndoMacro macro(m_recorder, QStringLiteral("topologyWiring"));
     for (const auto &selected : m_selection.cabinetsByPort()) {
         CGraphicsPortItem &port = *selected.first()->portItem();
         CWiringRecorder::rechain(m_recorder, port,
@@ -53,39 +55,43 @@ void CSceneOperations::wireByPattern(uint pattern)
 
 void CSceneOperations::breakSelectedWiring()
 {
+    m_editing.cancelGesture();
     if (m_selection.touchesLockedPort())
         return;
-    const CEditBatch batch(m_scene);
-    const CUndoMacro macro(m_recorder, QStringLiteral("breakSelectedWiring"),
-                           QStringLiteral("breakSelectedWiring"));
+    const CEditBatch batch(m_editing);
+    const CUndoMacro macro(m_recorder, QStringLiteral("breakSelectedWiring"));
     for (const auto &selected : m_selection.cabinetsByPort())
         CWiringRecorder::takeOut(m_recorder, *selected.first()->portItem(), selected);
 }
 
-void CSceneOperations::breakPortWiring(CGraphicsPortItem &port)
+void CSceneOperations::breakPortWiring(int port)
 {
-    if (port.isLocked())
+    m_editing.cancelGesture();
+    CGraphicsPortItem *item = m_content.portItem(port);
+    if (!item || item->isLocked())
         return;
-    const CEditBatch batch(m_scene);
-    const CUndoMacro macro(m_recorder, QStringLiteral("BreakPortWiring"), QStringLiteral("BreakPortWiring"));
-    CWiringRecorder::rechain(m_recorder, port, {});
+    const CEditBatch batch(m_editing);
+    const CUndoMacro macro(m_recorder, QStringLiteral("BreakPortWiring"));
+    CWiringRecorder::rechain(m_recorder, *item, {});
 }
 
-void CSceneOperations::group(qint64 ordinal)
+void CSceneOperations::group()
 {
+    m_editing.cancelGesture();
     if (!m_selection.canGroup())
         return;
-    const CEditBatch batch(m_scene);
-    const CUndoMacro macro(m_recorder, QStringLiteral("Group"), QStringLiteral("Group"));
-    CGroupEditing(m_recorder).group(*ports().first(), m_selection.sorted(), ordinal);
+    const CEditBatch batch(m_editing);
+    const CUndoMacro macro(m_recorder, QStringLiteral("Group"));
+    CGroupEditing(m_recorder).group(*ports().first(), m_selection.sorted(), m_content.takeOrdinal());
 }
 
 void CSceneOperations::ungroup()
 {
+    m_editing.cancelGesture();
     if (!m_selection.canBreakGroup())
         return;
-    const CEditBatch batch(m_scene);
-    const CUndoMacro macro(m_recorder, QStringLiteral("Ungroup"), QStringLiteral("Ungroup"));
+    const CEditBatch batch(m_editing);
+    const CUndoMacro macro(m_recorder, QStringLiteral("Ungroup"));
     CGroupEditing editing(m_recorder);
     for (CGraphicsGroupItem *group : m_selection.groups())
         editing.ungroup(*group);
@@ -93,10 +99,11 @@ void CSceneOperations::ungroup()
 
 void CSceneOperations::remove()
 {
+    m_editing.cancelGesture();
     if (m_selection.touchesLockedPort())
         return;
-    const CEditBatch batch(m_scene);
-    const CUndoMacro macro(m_recorder, QStringLiteral("Delete"), QStringLiteral("Delete"));
+    const CEditBatch batch(m_editing);
+    const CUndoMacro macro(m_recorder, QStringLiteral("Delete"));
     CGroupEditing editing(m_recorder);
     const QVector<QVector<CGraphicsCabinetItem *>> doomed = m_selection.cabinetsByPort();
     for (const auto &cabinets : doomed)
@@ -105,45 +112,42 @@ void CSceneOperations::remove()
 
 void CSceneOperations::nudge(const QPointF &step)
 {
+    m_editing.cancelGesture();
     if (m_selection.touchesLockedPort())
         return;
-    const CEditBatch batch(m_scene);
+    const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("ChangePosition"), QStringLiteral("Move"));
     for (CGraphicsItemBase *item : m_selection.sorted()) {
         const QPointF target = nudged(*item, step);
-        if (target == item->scenePos())
-            continue;
-        auto command = std::make_unique<CMoveCommand>(item);
-        command->setStartValue(item->scenePos());
-        command->setEndValue(target);
-        m_recorder.push(std::move(command));
+        if (target != item->scenePos())
+            m_recorder.record<CMoveCommand>(*item, item->scenePos(), target);
     }
 }
 
 void CSceneOperations::exchangeReceivers(const QUuid &cabinet)
 {
-    CGraphicsItemBase *item = m_scene.editedItem(cabinet);
+    CGraphicsItemBase *item = m_content.editedItem(cabinet);
     const CGraphicsPortItem *port = item ? item->portItem() : nullptr;
     if (!port || port->isLocked() || item->cabinet().directionFixed || item->cabinet().rects.size() < 2)
         return;
-    const CEditBatch batch(m_scene);
+    const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("ChangeRank"), QStringLiteral("Head-to-tail exchange"));
     auto reversed = item->cabinet();
     std::reverse(reversed.rects.begin(), reversed.rects.end());
-    auto command = std::make_unique<CChangeCabinetTypeCommand>(item);
-    command->setStartValue(QVariant::fromValue(item->cabinet()));
-    command->setEndValue(QVariant::fromValue(reversed));
-    m_recorder.push(std::move(command));
+    m_recorder.record<CChangeCabinetTypeCommand>(*item, QVariant::fromValue(item->cabinet()),
+                                                 QVariant::fromValue(reversed));
 }
 
-void CSceneOperations::prepareBackup(CGraphicsPortItem &port)
+void CSceneOperations::prepareBackup(int port)
 {
-    if (port.isLocked())
+    m_editing.cancelGesture(); // the state of ports has changed
+    CGraphicsPortItem *item = m_content.portItem(port);
+    if (!item || item->isLocked())
         return;
-    const CEditBatch batch(m_scene);
-    const CUndoMacro macro(m_recorder, QStringLiteral("Backup"), QStringLiteral("Backup"));
+    const CEditBatch batch(m_editing);
+    const CUndoMacro macro(m_recorder, QStringLiteral("Backup"));
     CGroupEditing editing(m_recorder);
-    for (CGraphicsGroupItem *group : port.groups(true))
+    for (CGraphicsGroupItem *group : item->groups(true))
         editing.ungroupAll(*group);
-    CWiringRecorder::rechain(m_recorder, port, {});
+    CWiringRecorder::rechain(m_recorder, *item, {});
 }

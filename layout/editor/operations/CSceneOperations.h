@@ -7,18 +7,20 @@
 #include <QVector>
 
 class CGraphicsPortItem;
+class CSceneContent;
 class CSceneSelection;
 class CUndoRecorder;
-class IEditorScene;
-struct LayoutData;
+class IEditing;
 
-/// The edits of the scene's selection. Each makes one undo step, and does nothing at all when a port that it
-/// would change is locked. GUI thread.
+/// The edits of the scene's selection. Each puts a gesture in progress back and makes one undo step; it does
+/// nothing at all when a port that it would change is locked. GUI thread.
 class CSceneOperations final
 {
 public:
-    CSceneOperations(IEditorScene &scene, const CSceneSelection &selection, CUndoRecorder &recorder)
-        : m_scene(scene)
+    CSceneOperations(IEditing &editing, CSceneContent &content, const CSceneSelection &selection,
+                     CUndoRecorder &recorder)
+        : m_editing(editing)
+        , m_content(content)
         , m_selection(selection)
         , m_recorder(recorder)
     {
@@ -26,9 +28,9 @@ public:
 
     void wireByPattern(uint pattern);
     void breakSelectedWiring();
-    void breakPortWiring(CGraphicsPortItem &port);
-    /// The new group stands at @p ordinal among the records.
-    void group(qint64 ordinal);
+    /// Clears the whole topology of a port.
+    void breakPortWiring(int port);
+    void group();
     void ungroup();
     void remove();
     /// Moves by a step in parent coordinates; towards the top and the left not beyond the scene's origin.
@@ -36,12 +38,13 @@ public:
     /// Reverses the receivers of a cabinet, unless its direction is fixed.
     void exchangeReceivers(const QUuid &cabinet);
     /// Takes grouping and wiring from a port that becomes the redundancy of another.
-    void prepareBackup(CGraphicsPortItem &port);
+    void prepareBackup(int port);
 
 private:
     QVector<CGraphicsPortItem *> ports() const;
 
-    IEditorScene &m_scene;
+    IEditing &m_editing;
+    CSceneContent &m_content;
     const CSceneSelection &m_selection;
     CUndoRecorder &m_recorder;
 };

@@ -5,7 +5,7 @@
 #include "layout/api/records/LayoutLimits.h"
 #include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
-#include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/items/IEditing.h"
 #include "layout/editor/recording/CAreaRecorder.h"
 #include "layout/editor/recording/CUndoRecorder.h"
 #include "layout/editor/undo/CChangeCabinetTypeCommand.h"
@@ -26,48 +26,44 @@ QRectF placeOf(const CGraphicsItemBase &item)
 
 void CSelectionShape::move(CGraphicsItemBase &item, const QPointF &target)
 {
-    if (item.scenePos() == target)
-        return;
-    auto command = std::make_unique<CMoveCommand>(&item);
-    command->setStartValue(item.scenePos());
-    command->setEndValue(target);
-    m_recorder.push(std::move(command));
+    if (item.scenePos() != target)
+        m_recorder.record<CMoveCommand>(item, item.scenePos(), target);
 }
 
 void CSelectionShape::moveTo(const QPoint &corner)
 {
+    m_editing.cancelGesture();
     if (m_selection.isEmpty() || m_selection.touchesLockedPort())
         return;
     const QVector<CGraphicsItemBase *> items = m_selection.sorted();
     QRectF extent;
     for (const CGraphicsItemBase *item : items)
         extent |= placeOf(*item);
-    const CEditBatch batch(m_scene);
-    const CUndoMacro macro(m_recorder, QStringLiteral("ChangePosition"), QStringLiteral("ChangePosition"));
+    const CEditBatch batch(m_editing);
+    const CUndoMacro macro(m_recorder, QStringLiteral("ChangePosition"));
     for (CGraphicsItemBase *item : items)
         move(*item, item->scenePos() + corner - extent.topLeft());
 }
 
 void CSelectionShape::resizeTo(const QSize &size)
 {
+    m_editing.cancelGesture();
     if (!LayoutLimits::isCabinetSize(size) || m_selection.touchesLockedPort())
         return;
-    const CEditBatch batch(m_scene);
-    const CUndoMacro macro(m_recorder, QStringLiteral("ChangeSize"), QStringLiteral("ChangeSize"));
+    const CEditBatch batch(m_editing);
+    const CUndoMacro macro(m_recorder, QStringLiteral("ChangeSize"));
     for (CGraphicsItemBase *item : m_selection.sorted()) {
         if (item->type() != CabinetItemKind || item->isGrouped() || item->rect().size() == QSizeF(size))
             continue;
         const QSizeF before = item->rect().size();
-        auto command = std::make_unique<CReszieCommand>(item);
-        command->setStartValue(before);
-        command->setEndValue(QSizeF(size));
-        m_recorder.push(std::move(command));
+        m_recorder.record<CReszieCommand>(*item, before, QSizeF(size));
         CAreaRecorder::scale(m_recorder, *item, before, size);
     }
 }
 
 void CSelectionShape::arrange(int columns)
 {
+    m_editing.cancelGesture();
     if (columns < 1 || m_selection.isEmpty() || m_selection.touchesLockedPort())
         return;
     QVector<CGraphicsItemBase *> items = m_selection.sorted();
@@ -82,8 +78,8 @@ void CSelectionShape::arrange(int columns)
         const QPointF second = b->scenePos();
         return std::make_tuple(first.y(), first.x()) < std::make_tuple(second.y(), second.x());
     });
-    const CEditBatch batch(m_scene);
-    const CUndoMacro macro(m_recorder, QStringLiteral("ChangeRank"), QStringLiteral("ChangeRank"));
+    const CEditBatch batch(m_editing);
+    const CUndoMacro macro(m_recorder, QStringLiteral("ChangeRank"));
     for (int i = 0; i < items.size(); ++i) {
         const QPointF offset((i % columns) * pitch.width(), (i / columns) * pitch.height());
         move(*items.at(i), extent.topLeft() + offset);
@@ -92,12 +88,12 @@ void CSelectionShape::arrange(int columns)
 
 void CSelectionShape::applyType(const TypeInfo &type)
 {
+    m_editing.cancelGesture();
     if (!type.isValid() || !LayoutLimits::isCabinetSize(QSize(type.width, type.height)) ||
         m_selection.touchesLockedPort())
         return;
-    const CEditBatch batch(m_scene);
-    const QString text = QStringLiteral("Change cabinet type");
-    const CUndoMacro macro(m_recorder, text, text);
+    const CEditBatch batch(m_editing);
+    const CUndoMacro macro(m_recorder, QStringLiteral("Change cabinet type"));
     for (CGraphicsCabinetItem *cabinet : m_selection.cabinets()) {
         auto record = cabinet->cabinet();
         record.type = type.key;
@@ -106,9 +102,7 @@ void CSelectionShape::applyType(const TypeInfo &type)
         record.rect.setSize(QSize(type.width, type.height));
         if (record == cabinet->cabinet())
             continue;
-        auto command = std::make_unique<CChangeCabinetTypeCommand>(cabinet);
-        command->setStartValue(QVariant::fromValue(cabinet->cabinet()));
-        command->setEndValue(QVariant::fromValue(record));
-        m_recorder.push(std::move(command));
+        m_recorder.record<CChangeCabinetTypeCommand>(*cabinet, QVariant::fromValue(cabinet->cabinet()),
+                                                     QVariant::fromValue(record));
     }
 }

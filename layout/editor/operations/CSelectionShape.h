@@ -10,17 +10,18 @@
 class CGraphicsItemBase;
 class CSceneSelection;
 class CUndoRecorder;
-class IEditorScene;
+class IEditing;
 
-/// Gives the selection a place, a size, an arrangement or a type in figures. Each makes one undo step, and
-/// does nothing when a port that it would change is locked. GUI thread.
+/// Gives the selection a place, a size, an arrangement or a type in figures. Each puts a gesture in
+/// progress back and makes one undo step; it does nothing when a port that it would change is locked. GUI
+/// thread.
 class CSelectionShape final
 {
 public:
     using TypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
 
-    CSelectionShape(IEditorScene &scene, const CSceneSelection &selection, CUndoRecorder &recorder)
-        : m_scene(scene)
+    CSelectionShape(IEditing &editing, const CSceneSelection &selection, CUndoRecorder &recorder)
+        : m_editing(editing)
         , m_selection(selection)
         , m_recorder(recorder)
     {
@@ -40,7 +41,7 @@ public:
 private:
     void move(CGraphicsItemBase &item, const QPointF &target);
 
-    IEditorScene &m_scene;
+    IEditing &m_editing;
     const CSceneSelection &m_selection;
     CUndoRecorder &m_recorder;
 };

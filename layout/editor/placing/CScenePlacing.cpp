@@ -9,7 +9,8 @@
 #include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
-#include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/items/IEditing.h"
+#include "layout/editor/operations/CSceneOperations.h"
 #include "layout/editor/placing/CCopyMime.h"
 #include "layout/editor/placing/CPasteContent.h"
 #include "layout/editor/recording/CUndoRecorder.h"
@@ -42,11 +43,11 @@ QPointF underCursor(const QGraphicsScene &scene)
 
 } // namespace
 
-CScenePlacing::CScenePlacing(CGraphicsScene &scene, IEditorScene &editor, const IPortStates &states,
+CScenePlacing::CScenePlacing(CGraphicsScene &scene, IEditing &editing, const IPortStates &states,
                              CSceneContent &content, const CSceneSelection &selection,
                              CUndoRecorder &recorder)
     : m_scene(scene)
-    , m_editor(editor)
+    , m_editing(editing)
     , m_states(states)
     , m_content(content)
     , m_selection(selection)
@@ -77,9 +78,19 @@ void CScenePlacing::copy()
     QGuiApplication::clipboard()->setMimeData(new CCopyMime(m_cache, m_states));
 }
 
+void CScenePlacing::cut(CSceneOperations &operations)
+{
+    m_editing.cancelGesture();
+    if (m_selection.touchesLockedPort())
+        return;
+    copy();
+    operations.remove();
+}
+
 void CScenePlacing::paste(const QPointF &position, QWidget *parent)
 {
-    CGraphicsPortItem *port = m_content.port(m_states.currentPort());
+    m_editing.cancelGesture();
+    CGraphicsPortItem *port = m_content.portItem(m_states.currentPort());
     if (m_states.currentPort() < 0)
         m_cache = PasteCache(); // there is nothing that it could go into
     if (!port || !canTake(*port) || m_cache.isEmpty())
@@ -97,8 +108,8 @@ void CScenePlacing::paste(const QPointF &position, QWidget *parent)
 /// New cabinets and groups of a port, and nothing else, are selected afterwards.
 void CScenePlacing::place(CGraphicsPortItem &port, const Port &record, const QString &text)
 {
-    const CEditBatch batch(m_editor);
-    const CUndoMacro macro(m_recorder, text, text);
+    const CEditBatch batch(m_editing);
+    const CUndoMacro macro(m_recorder, text);
     m_scene.clearSelection();
     const QVector<CGraphicsItemBase *> placed = m_content.add(port, record, m_recorder);
     m_scene.clearSelection(); // commands select what they make, members of groups included
@@ -118,7 +129,8 @@ int CScenePlacing::pendingPort() const
 
 void CScenePlacing::beginAppend(const TypeInfo &type, int port, const QSize &size)
 {
-    const CGraphicsPortItem *item = m_content.port(port);
+    m_editing.cancelGesture();
+    const CGraphicsPortItem *item = m_content.portItem(port);
     if (!item || !canTake(*item) || item->cabinets(nullptr).size() >= LayoutLimits::CabinetsPerPort ||
         !LayoutLimits::isCabinetSize(size))
         return;
@@ -141,6 +153,8 @@ void CScenePlacing::moveAppendTo(int port)
 
 void CScenePlacing::endAppend()
 {
+    if (!isAppending())
+        return;
     for (const char *property : {PendingType, PendingPort, PendingSize})
         m_scene.setProperty(property, QVariant());
     m_pressed = false;
@@ -186,7 +200,7 @@ void CScenePlacing::move(const QGraphicsSceneMouseEvent &event)
         showCells({ghostAt(event.scenePos())});
         return;
     }
-    const CGraphicsPortItem *port = m_content.port(pendingPort());
+    const CGraphicsPortItem *port = m_content.portItem(pendingPort());
     const int room = port ? LayoutLimits::CabinetsPerPort - port->cabinets(nullptr).size() : 1;
     QVector<QRect> cells = CAppendPlan::cells(m_cells.first(), event.scenePos().toPoint(), room);
     const auto outside = [](const QRect &cell) { return cell.left() < 0 || cell.top() < 0; };
@@ -198,7 +212,7 @@ bool CScenePlacing::release(const QGraphicsSceneMouseEvent &event)
 {
     if (!m_pressed)
         return false;
-    CGraphicsPortItem *port = m_content.port(pendingPort());
+    CGraphicsPortItem *port = m_content.portItem(pendingPort());
     if (port && canTake(*port)) {
         const QString refused = refusal(port->cabinets(nullptr).size(), m_cells.size());
         if (refused.isEmpty())

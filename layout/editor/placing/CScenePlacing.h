@@ -10,10 +10,11 @@
 
 class CGraphicsPortItem;
 class CSceneContent;
+class CSceneOperations;
 class CSceneSelection;
 class CUndoRecorder;
 class CGraphicsScene;
-class IEditorScene;
+class IEditing;
 class IPortStates;
 class QGraphicsSceneMouseEvent;
 class QPainter;
@@ -31,13 +32,15 @@ public:
     using Port = CabinetLayout::CabinetPort;
     using TypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
 
-    CScenePlacing(CGraphicsScene &scene, IEditorScene &editor, const IPortStates &states,
-                  CSceneContent &content, const CSceneSelection &selection, CUndoRecorder &recorder);
+    CScenePlacing(CGraphicsScene &scene, IEditing &editing, const IPortStates &states, CSceneContent &content,
+                  const CSceneSelection &selection, CUndoRecorder &recorder);
 
     const PasteCache &cache() const { return m_cache; }
     void setCache(const PasteCache &cache) { m_cache = cache; }
     /// Keeps the selection for pasting, and offers it to other programs.
     void copy();
+    /// Copies, then removes the selection; nothing when a port that holds some of it is locked.
+    void cut(CSceneOperations &operations);
     /// Pastes into the current port, the corner of the copy at @p position; refusals are told over @p parent.
     void paste(const QPointF &position, QWidget *parent);
 
@@ -48,7 +51,7 @@ public:
     void beginAppend(const TypeInfo &type, int port, const QSize &size);
     /// What waits is for @p port now; nothing waits any more when that takes no more.
     void moveAppendTo(int port);
-    void endAppend();
+    void endAppend(); ///< nothing waits any more
 
     // The mouse while cabinets wait. A drag places as many as fit on its way.
     void press(const QGraphicsSceneMouseEvent &event);
@@ -71,7 +74,7 @@ private:
     void place(CGraphicsPortItem &port, const Port &record, const QString &text);
 
     CGraphicsScene &m_scene;
-    IEditorScene &m_editor;
+    IEditing &m_editing;
     const IPortStates &m_states;
     CSceneContent &m_content;
     const CSceneSelection &m_selection;

@@ -17,8 +17,6 @@ void CAreaRecorder::scale(CUndoRecorder &recorder, CGraphicsItemBase &item, cons
         for (QRect &area : *areas)
             area = CResizeHandles::mapped(area, QRectF(QPointF(), from), QRectF(QPointF(), to)).toRect();
     }
-    auto command = std::make_unique<CChangeCabinetTypeCommand>(&item);
-    command->setStartValue(QVariant::fromValue(item.cabinet()));
-    command->setEndValue(QVariant::fromValue(scaled));
-    recorder.push(std::move(command));
+    recorder.record<CChangeCabinetTypeCommand>(item, QVariant::fromValue(item.cabinet()),
+                                               QVariant::fromValue(scaled));
 }

@@ -33,17 +33,13 @@ void CGroupEditing::group(CGraphicsPortItem &port, const QVector<CGraphicsItemBa
     auto *group = new CGraphicsGroupItem(QUuid(), QRectF(), &port);
     group->setOrdinal(ordinal);
     group->gather(members);
-    port.editor()->enterEdited(*group);
-    auto command = std::make_unique<CCreateGroupCommand>(group);
-    command->setFactory(ItemFactories::existingFirst(*group));
-    m_recorder.push(std::move(command));
+    port.editor().items().enterEdited(*group);
+    m_recorder.recordWith<CCreateGroupCommand>(*group, ItemFactories::existingFirst(*group));
 }
 
 void CGroupEditing::ungroup(CGraphicsGroupItem &group)
 {
-    auto command = std::make_unique<CBreakGroupCommand>(&group);
-    command->setFactory(ItemFactories::anew(group));
-    m_recorder.push(std::move(command));
+    m_recorder.recordWith<CBreakGroupCommand>(group, ItemFactories::anew(group));
 }
 
 void CGroupEditing::ungroupAll(CGraphicsGroupItem &group)
@@ -56,11 +52,11 @@ void CGroupEditing::ungroupAll(CGraphicsGroupItem &group)
     }
 }
 
-void CGroupEditing::removeCabinet(CGraphicsCabinetItem &cabinet)
+void CGroupEditing::empty(CGraphicsPortItem &port)
 {
-    auto command = std::make_unique<CRemoveCommand>(&cabinet);
-    command->setFactory(ItemFactories::anew(cabinet));
-    m_recorder.push(std::move(command));
+    for (CGraphicsGroupItem *group : port.groups(true))
+        ungroupAll(*group);
+    remove(port, port.cabinets(nullptr));
 }
 
 void CGroupEditing::remove(CGraphicsPortItem &port, const QVector<CGraphicsCabinetItem *> &cabinets)
@@ -78,5 +74,5 @@ void CGroupEditing::remove(CGraphicsPortItem &port, const QVector<CGraphicsCabin
             ungroup(*group);
     }
     for (CGraphicsCabinetItem *cabinet : cabinets)
-        removeCabinet(*cabinet);
+        m_recorder.recordWith<CRemoveCommand>(*cabinet, ItemFactories::anew(*cabinet));
 }

@@ -27,9 +27,9 @@ public:
     void ungroupAll(CGraphicsGroupItem &group);
     /// Removes @p cabinets of a port; groups that lose their last member go too.
     void remove(CGraphicsPortItem &port, const QVector<CGraphicsCabinetItem *> &cabinets);
+    /// Takes everything out of @p port: wiring, groups, cabinets.
+    void empty(CGraphicsPortItem &port);
 
 private:
-    void removeCabinet(CGraphicsCabinetItem &cabinet);
-
     CUndoRecorder &m_recorder;
 };

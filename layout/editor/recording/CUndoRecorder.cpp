@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/recording/CUndoRecorder.h"
 
-#include "layout/editor/undo/CUndoCommandBase.h"
-
 void CUndoRecorder::begin(const QString &operationName, const QString &text)
 {
     if (m_depth++ > 0)
@@ -15,6 +13,7 @@ void CUndoRecorder::begin(const QString &operationName, const QString &text)
 
 void CUndoRecorder::push(std::unique_ptr<CUndoCommandBase> command)
 {
+    command->setOperationName(m_operationName);
     if (!m_stack) {
         command->redo();
         return;

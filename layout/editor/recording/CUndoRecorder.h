@@ -10,7 +10,7 @@
 #include <functional>
 #include <memory>
 
-class CUndoCommandBase;
+#include "layout/editor/undo/CUndoCommandBase.h"
 
 /// Puts commands on the undo stack, those of one operation in one macro, which opens with the first of them.
 /// Without a stack commands are carried out and forgotten. GUI thread.
@@ -33,13 +33,31 @@ public:
     /// For an edit that is not recorded.
     void setOperationName(const QString &name) { m_operationName = name; }
 
-    /// Carries @p command out and records it. Only within an operation, see CUndoMacro.
-    void push(std::unique_ptr<CUndoCommandBase> command);
+    // Both make a command on @p item, carry it out and record it. Only within an operation, see CUndoMacro.
+
+    /// A command that changes @p item from one value to another.
+    template <typename Command>
+    void record(CGraphicsItemBase &item, const QVariant &start = {}, const QVariant &end = {})
+    {
+        auto command = std::make_unique<Command>(&item);
+        command->setStartValue(start);
+        command->setEndValue(end);
+        push(std::move(command));
+    }
+    /// A command that makes @p item again by @p factory.
+    template <typename Command>
+    void recordWith(CGraphicsItemBase &item, const CUndoCommandBase::Factory &factory)
+    {
+        auto command = std::make_unique<Command>(&item);
+        command->setFactory(factory);
+        push(std::move(command));
+    }
 
 private:
     friend class CUndoMacro;
     void begin(const QString &operationName, const QString &text);
     void end();
+    void push(std::unique_ptr<CUndoCommandBase> command);
 
     std::function<QVector<QUuid>()> m_selection;
     QUndoStack *m_stack = nullptr;
@@ -54,11 +72,15 @@ private:
 class CUndoMacro final
 {
 public:
-    /// @p text is what the undo stack shows.
+    /// @p text is what the undo stack shows: the name of the operation, unless another is given.
     CUndoMacro(CUndoRecorder &recorder, const QString &operationName, const QString &text)
         : m_recorder(recorder)
     {
         m_recorder.begin(operationName, text);
+    }
+    CUndoMacro(CUndoRecorder &recorder, const QString &operationName)
+        : CUndoMacro(recorder, operationName, operationName)
+    {
     }
     ~CUndoMacro() { m_recorder.end(); }
     CUndoMacro(const CUndoMacro &) = delete;

@@ -18,13 +18,10 @@ void CWiringRecorder::rechain(CUndoRecorder &recorder, CGraphicsPortItem &port,
     const QVector<CGraphicsCabinetItem *> before = port.chain().order();
     const auto differ = std::mismatch(before.begin(), before.end(), order.begin(), order.end());
     const int common = int(differ.first - before.begin());
-    for (int i = before.size() - 1; i >= common; --i) {
-        auto command = std::make_unique<CBreakWiringCommand>(before.at(i));
-        command->setStartValue(i);
-        recorder.push(std::move(command));
-    }
+    for (int i = before.size() - 1; i >= common; --i)
+        recorder.record<CBreakWiringCommand>(*before.at(i), i);
     for (int i = common; i < order.size(); ++i)
-        recorder.push(std::make_unique<CCreateWiringCommand>(order.at(i)));
+        recorder.record<CCreateWiringCommand>(*order.at(i));
 }
 
 void CWiringRecorder::takeOut(CUndoRecorder &recorder, CGraphicsPortItem &port,

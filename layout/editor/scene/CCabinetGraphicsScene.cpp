@@ -2,29 +2,21 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 
-#include "layout/api/access/IPortStates.h"
 #include "layout/drawing/CLayoutPainter.h"
 #include "layout/editor/items/CFarPorts.h"
-#include "layout/editor/items/CGraphicsCabinetItem.h"
-#include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/placing/CPasteContent.h"
+#include "layout/editor/scene/CSceneBackend.h"
+#include "layout/editor/scene/ISceneInput.h"
 #include "layout/editor/undo/CUndoCommandBase.h"
-#include "platform/widgets/CMessageBox.h"
 
+#include <QMetaMethod>
 #include <QPainter>
 
 CCabinetGraphicsScene::CCabinetGraphicsScene(const IPortStates &ports, QObject *parent)
     : CGraphicsScene(parent)
-    , m_portStates(ports)
-    , m_content(*this, *this, ports)
-    , m_batches(*this, [this](const CPendingEdits &work) { finishBatch(work); })
-    , m_picks(*this, *this, m_content, m_selection)
-    , m_recorder([this] { return m_selection.uuids(); })
-    , m_operations(*this, m_selection, m_recorder)
-    , m_shape(*this, m_selection, m_recorder)
-    , m_placing(*this, *this, ports, m_content, m_selection, m_recorder)
-    , m_gestures(*this, *this, m_selection, m_recorder)
-    , m_input(*this, m_gestures, m_placing)
+    , m_backend(std::make_unique<CSceneBackend>(*this, ports,
+                                                [this](const CPendingEdits &work) { finishBatch(work); }))
 {
     setUndoStack(&m_ownStack);
     connect(this, &QGraphicsScene::selectionChanged, this, &CCabinetGraphicsScene::onSelectionChanged);
@@ -43,171 +35,142 @@ void CCabinetGraphicsScene::setLayoutData(const ProcessorTree::ProcessorNode &pr
 {
     if (processor.uuid.isNull() || data.processor != processor.uuid)
         return;
-    m_placing.setCache(pasteCache);
-    cancelGesture();
-    const CEditBatch batch(*this);
-    if (undoable && m_content.canRebuild(data)) {
-        const CUndoMacro macro(m_recorder, QStringLiteral("Reset"), QStringLiteral("Reset"));
-        m_content.rebuild(data, m_recorder);
-        m_picks.only(selected.toVector()); // what redo selects, too
+    CSceneContent &content = m_backend->content();
+    CUndoRecorder &recorder = m_backend->recorder();
+    m_backend->placing().setCache(pasteCache);
+    m_backend->batches().cancelGesture();
+    const CEditBatch batch(m_backend->batches());
+    if (undoable && content.canRebuild(data)) {
+        const CUndoMacro macro(recorder, QStringLiteral("Reset"));
+        content.rebuild(data, recorder);
+        m_backend->picks().only(selected.toVector()); // what redo selects, too
     } else {
-        m_recorder.setOperationName(QStringLiteral("Reset"));
+        recorder.setOperationName(QStringLiteral("Reset"));
         clearLayout();
-        reserveItems(data.layout.cabinetCount());
-        m_content.build(data);
+        content.build(data);
         for (const CGraphicsPortItem *port : portItems())
             connect(port, &CGraphicsPortItem::childItemPosChanged, this,
                     [this] { m_portAreaChanged = true; });
-        m_batches.forget();
-        m_batches.noteSelection();
-        m_picks.only(selected.toVector());
+        m_backend->batches().forget();
+        m_backend->batches().noteSelection();
+        m_backend->picks().only(selected.toVector());
     }
     updateContentRect();
 }
 
 void CCabinetGraphicsScene::clearLayout()
 {
-    cancelGesture();
     leaveOperation();
-    const CEditBatch batch(*this);
+    const CEditBatch batch(m_backend->batches());
     clearSelection(); // items that die selected would each announce it
-    m_highlights.clear();
-    forgetItems();
-    m_content.clear();
-    clear();
+    m_backend->highlights().clear();
+    m_backend->content().clear();
     updateContentRect();
 }
 
-CGraphicsItemBase *CCabinetGraphicsScene::editedItem(const QUuid &uuid) const
+void CCabinetGraphicsScene::getLayoutData(CabinetLayout &layout, const QUuid &processor) const
 {
-    return static_cast<CGraphicsItemBase *>(itemOf(uuid)); // only cabinets and groups are entered
+    m_backend->content().read(layout, processor);
 }
 
-void CCabinetGraphicsScene::enterEdited(CGraphicsItemBase &item)
+const QVector<CGraphicsPortItem *> &CCabinetGraphicsScene::portItems() const
 {
-    enterItem(item.uuid(), item);
-    m_content.updateMappingIndex(item);
+    return m_backend->content().portItems();
 }
 
-void CCabinetGraphicsScene::leaveEdited(CGraphicsItemBase &item)
+CGraphicsPortItem *CCabinetGraphicsScene::portItem(int port) const
 {
-    item.setSelected(false); // Qt drops it from the selection without a word otherwise
-    if (item.type() == CabinetItemKind)
-        static_cast<CGraphicsCabinetItem &>(item).setHighlighted(false);
-    leaveItem(item.uuid());
+    return m_backend->content().portItem(port);
+}
+
+const CSceneSelection &CCabinetGraphicsScene::selection() const
+{
+    return m_backend->selection();
+}
+
+QUndoStack *CCabinetGraphicsScene::undoStack() const
+{
+    return m_backend->recorder().stack();
 }
 
 void CCabinetGraphicsScene::setUndoStack(QUndoStack *stack)
 {
     if (undoStack())
         undoStack()->disconnect(this);
-    m_recorder.setStack(stack);
+    m_backend->recorder().setStack(stack);
     if (!stack)
         return;
     connect(stack, &QUndoStack::canUndoChanged, this, &CCabinetGraphicsScene::notifyCanUndoChanged);
     connect(stack, &QUndoStack::canRedoChanged, this, &CCabinetGraphicsScene::notifyCanRedoChanged);
 }
 
-CSceneOperations &CCabinetGraphicsScene::operations()
+const CUndoCommandBase *CCabinetGraphicsScene::getChildUndoCommand(const QUndoCommand *command) const
 {
-    cancelGesture();
-    return m_operations;
+    return CGuardedUndo::ownCommand(command);
 }
 
-CSelectionShape &CCabinetGraphicsScene::selectionShape()
+void CCabinetGraphicsScene::topologyWiring(uint pattern)
 {
-    cancelGesture();
-    return m_shape;
+    m_backend->operations().wireByPattern(pattern);
+}
+
+void CCabinetGraphicsScene::breakSelectedWiring()
+{
+    m_backend->operations().breakSelectedWiring();
 }
 
 void CCabinetGraphicsScene::breakPortWiring(int port)
 {
-    if (CGraphicsPortItem *item = portItem(port))
-        operations().breakPortWiring(*item);
+    m_backend->operations().breakPortWiring(port);
 }
 
-void CCabinetGraphicsScene::askToClearTopology(QWidget *parent, int port)
+void CCabinetGraphicsScene::getPasteCache(PasteCache &cache) const
 {
-    const CGraphicsPortItem *item = portItem(port);
-    const QUuid asked = m_content.processor();
-    if (!item || item->isLocked() ||
-        CMessageBox::question(parent, tr("Are you sure you want to clear topology for the output port?")) !=
-            0)
-        return;
-    if (m_content.processor() == asked)
-        breakPortWiring(port);
-    else
-        CMessageBox::information(parent, tr("Set failed."), tr("The processor is no longer in view."));
-}
-
-void CCabinetGraphicsScene::cutSelected()
-{
-    if (m_selection.touchesLockedPort())
-        return;
-    copySelected();
-    deleteSelected();
+    cache = CPasteContent::copyOf(selection());
 }
 
 void CCabinetGraphicsScene::pasteItems(const QPointF &scenePos, QWidget *parent)
 {
-    cancelGesture();
-    m_placing.paste(scenePos, parent);
+    m_backend->placing().paste(scenePos, parent);
 }
 
-void CCabinetGraphicsScene::beginAppend(const CScenePlacing::TypeInfo &type, int port, const QSize &size)
+void CCabinetGraphicsScene::setToolMode(ToolMode mode, bool on)
 {
-    cancelGesture();
-    m_placing.beginAppend(type, port, size);
+    m_backend->setToolMode(mode, on);
+    updateViews(); // handles come or go
 }
 
-void CCabinetGraphicsScene::backupPort(int, int backup, bool back)
+bool CCabinetGraphicsScene::isToolModeSet(ToolMode mode) const
 {
-    cancelGesture(); // the state of ports has changed
-    CGraphicsPortItem *item = portItem(backup);
-    if (item && back)
-        m_operations.prepareBackup(*item);
+    return m_backend->toolModes().contains(mode);
 }
 
-void CCabinetGraphicsScene::runStep(QWidget *view, bool undoing)
+void CCabinetGraphicsScene::leaveOperation()
 {
-    cancelGesture();
-    QUndoStack *stack = undoStack();
-    if (!stack || !(undoing ? stack->canUndo() : stack->canRedo()))
-        return;
-    const QUndoCommand *command = stack->command(undoing ? stack->index() - 1 : stack->index());
-    const QString refused = CGuardedUndo::refusal(*this, *command, undoing);
-    if (!refused.isEmpty()) {
-        CMessageBox::information(view, refused);
-        return;
-    }
-    const CEditBatch batch(*this);
-    if (undoing)
-        stack->undo();
-    else
-        stack->redo();
-    for (CGraphicsPortItem *port : portItems())
-        port->refreshState();
-    if (const CUndoCommandBase *own = getChildUndoCommand(command))
-        m_picks.only(undoing ? own->selectionBefore() : own->selectionAfter());
+    m_backend->batches().cancelGesture();
+    m_backend->placing().endAppend();
+    Q_EMIT notifyExitCurrentOperate();
 }
 
 void CCabinetGraphicsScene::finishBatch(const CPendingEdits &work)
 {
-    work.finish(*this);
+    CSceneContent &content = m_backend->content();
+    work.finish(content);
     polishNewItems();
     for (const int index : work.ports()) {
-        m_content.forgetRecord(index);
+        content.forgetRecord(index);
         if (CGraphicsPortItem *port = portItem(index)) {
             port->takeNote();
             port->updateEdges();
         }
     }
-    m_batches.forget(); // what finishing noted has been done with it
+    m_backend->batches().forget(); // what finishing noted has been done with it
     if (std::exchange(m_portAreaChanged, false))
         updateContentRect();
     if (work.isSelectedMoved())
         Q_EMIT notifySelectedItemGeometryChanged();
-    const bool edited = !work.ports().isEmpty() && !m_gestures.isDragging(); // a drag is an edit when it ends
+    // A drag is an edit when it ends.
+    const bool edited = !work.ports().isEmpty() && !m_backend->isDragging();
     if (work.isSelectionChanged() || edited)
         tellSelection();
     if (edited)
@@ -218,133 +181,68 @@ void CCabinetGraphicsScene::finishBatch(const CPendingEdits &work)
 
 void CCabinetGraphicsScene::tellSelection()
 {
-    if (!m_gestures.isDragging())
-        m_selection.raise(portItems());
-    Q_EMIT notifySelectedChanged(m_selection.ports(), m_selection.canGroup(), m_selection.canBreakGroup());
-    Q_EMIT notifySelectedCabinetInfos(m_selection.records());
+    const CSceneSelection &selected = selection();
+    if (!m_backend->isDragging())
+        selected.raise(portItems());
+    Q_EMIT notifySelectedChanged(selected.ports(), selected.canGroup(), selected.canBreakGroup());
+    static const QMetaMethod infos =
+        QMetaMethod::fromSignal(&CCabinetGraphicsScene::notifySelectedCabinetInfos);
+    if (isSignalConnected(infos)) // the records cost a walk over the selection
+        Q_EMIT notifySelectedCabinetInfos(selected.records());
 }
 
-void CCabinetGraphicsScene::noteHighlighted(CGraphicsCabinetItem &cabinet, bool highlighted)
+void CCabinetGraphicsScene::selectAllItem()
 {
-    m_highlights.note(cabinet, highlighted);
-    m_batches.noteHighlight();
+    m_backend->picks().all();
 }
 
-void CCabinetGraphicsScene::pressHighlight(CGraphicsCabinetItem &cabinet, bool adding)
+void CCabinetGraphicsScene::undo(QWidget *view)
 {
-    const CEditBatch batch(*this);
-    m_highlights.press(cabinet, adding);
+    m_backend->history().undo(view);
 }
 
-void CCabinetGraphicsScene::clearHighlights()
+void CCabinetGraphicsScene::redo(QWidget *view)
 {
-    const CEditBatch batch(*this);
-    m_highlights.clear();
+    m_backend->history().redo(view);
 }
 
-void CCabinetGraphicsScene::leaveOperation()
+void CCabinetGraphicsScene::selectedItemMoveUp()
 {
-    cancelGesture();
-    endAppend();
-    Q_EMIT notifyExitCurrentOperate();
+    m_backend->operations().nudge({0, -1});
 }
 
-void CCabinetGraphicsScene::setToolMode(EToolMode mode, bool on)
+void CCabinetGraphicsScene::selectedItemMoveDown()
 {
-    cancelGesture();
-    if (on)
-        m_toolModes.insert(mode);
-    else
-        m_toolModes.remove(mode);
-    updateViews(); // handles come or go
+    m_backend->operations().nudge({0, 1});
 }
 
-void CCabinetGraphicsScene::beginMove(const QPointF &scenePos)
+void CCabinetGraphicsScene::selectedItemMoveLeft()
 {
-    if (!m_toolModes.isEmpty())
-        return;
-    m_gestures.beginMove(scenePos);
-    if (m_gestures.isDragging())
-        m_content.holdCabinets(m_selection.ports());
+    m_backend->operations().nudge({-1, 0});
 }
 
-void CCabinetGraphicsScene::beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos)
+void CCabinetGraphicsScene::selectedItemMoveRight()
 {
-    if (!m_toolModes.isEmpty() || !item.canResize())
-        return;
-    m_gestures.beginScale(item, handle, scenePos);
-    m_content.holdCabinets({item.port()});
-}
-
-bool CCabinetGraphicsScene::endDrag(const QPointF &scenePos)
-{
-    m_content.releaseCabinets();
-    return m_gestures.endDrag(scenePos);
-}
-
-void CCabinetGraphicsScene::cancelGesture()
-{
-    m_gestures.cancel();
-    m_content.releaseCabinets();
-}
-
-void CCabinetGraphicsScene::contextMenuEvent(QGraphicsSceneContextMenuEvent *event)
-{
-    if (!m_input.openMenu(*event))
-        CGraphicsScene::contextMenuEvent(event);
-}
-
-void CCabinetGraphicsScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
-{
-    if (!m_input.press(*event))
-        CGraphicsScene::mousePressEvent(event);
-}
-
-void CCabinetGraphicsScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
-{
-    if (!m_input.move(*event))
-        CGraphicsScene::mouseMoveEvent(event);
-}
-
-void CCabinetGraphicsScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
-{
-    if (!m_input.release(*event))
-        CGraphicsScene::mouseReleaseEvent(event);
-}
-
-void CCabinetGraphicsScene::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)
-{
-    if (!m_input.doubleClick(*event))
-        CGraphicsScene::mouseDoubleClickEvent(event);
+    m_backend->operations().nudge({1, 0});
 }
 
 void CCabinetGraphicsScene::setCabinetLocked(int port, bool locked)
 {
-    cancelGesture();
+    m_backend->batches().cancelGesture();
     if (CGraphicsPortItem *item = portItem(port)) {
         item->setShownLocked(locked);
-        m_content.forgetRecord(port);
+        m_backend->content().forgetRecord(port);
         update(item->boundingRect());
     }
     onSelectionChanged();
     Q_EMIT notifyLookChanged();
 }
 
-void CCabinetGraphicsScene::setCanvasSize(const QSize &size)
+void CCabinetGraphicsScene::backupPort(int, int backup, bool back)
 {
-    m_content.setCanvas(size);
-    updateContentRect();
-    updateViews();
-    Q_EMIT notifyLookChanged();
-}
-
-void CCabinetGraphicsScene::onNotifyProcessorStateChanged()
-{
-    for (CGraphicsPortItem *port : portItems())
-        port->refreshState();
-    m_content.forgetRecords();
-    updateViews();
-    Q_EMIT notifyLookChanged();
+    m_backend->batches().cancelGesture(); // the state of ports has changed
+    if (back)
+        m_backend->operations().prepareBackup(backup);
 }
 
 void CCabinetGraphicsScene::onBackgroundChanged(const SBackgroundInfo &newInfo, const SBackgroundInfo &,
@@ -357,19 +255,76 @@ void CCabinetGraphicsScene::onBackgroundChanged(const SBackgroundInfo &newInfo, 
     Q_EMIT notifyLookChanged();
 }
 
+void CCabinetGraphicsScene::onSelectionChanged()
+{
+    m_backend->batches().noteSelection();
+}
+
+void CCabinetGraphicsScene::onNotifyProcessorStateChanged()
+{
+    for (CGraphicsPortItem *port : portItems())
+        port->refreshState();
+    m_backend->content().forgetRecords();
+    updateViews();
+    Q_EMIT notifyLookChanged();
+}
+
 void CCabinetGraphicsScene::onNotifyCabinetColorChanged(int port, const QColor &color)
 {
     if (CGraphicsPortItem *item = portItem(port)) {
         item->setColor(color);
-        m_content.forgetRecord(port);
+        m_backend->content().forgetRecord(port);
         update(item->boundingRect());
         Q_EMIT notifyLookChanged();
     }
 }
 
+void CCabinetGraphicsScene::setCanvasSize(const QSize &size)
+{
+    m_backend->content().setCanvas(size);
+    updateContentRect();
+    updateViews();
+    Q_EMIT notifyLookChanged();
+}
+
+ISceneInput *CCabinetGraphicsScene::input() const
+{
+    return m_backend->input();
+}
+
+void CCabinetGraphicsScene::contextMenuEvent(QGraphicsSceneContextMenuEvent *event)
+{
+    if (!input() || !input()->openMenu(*event))
+        CGraphicsScene::contextMenuEvent(event);
+}
+
+void CCabinetGraphicsScene::mousePressEvent(QGraphicsSceneMouseEvent *event)
+{
+    if (!input() || !input()->press(*event))
+        CGraphicsScene::mousePressEvent(event);
+}
+
+void CCabinetGraphicsScene::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
+{
+    if (!input() || !input()->move(*event))
+        CGraphicsScene::mouseMoveEvent(event);
+}
+
+void CCabinetGraphicsScene::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
+{
+    if (!input() || !input()->release(*event))
+        CGraphicsScene::mouseReleaseEvent(event);
+}
+
+void CCabinetGraphicsScene::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)
+{
+    if (!input() || !input()->doubleClick(*event))
+        CGraphicsScene::mouseDoubleClickEvent(event);
+}
+
 void CCabinetGraphicsScene::updateContentRect()
 {
-    setContentRect(m_content.bounds());
+    setContentRect(m_backend->content().bounds());
 }
 
 void CCabinetGraphicsScene::renderPicture(QPainter &painter, const QRectF &target, const QRectF &source)
@@ -382,14 +337,16 @@ void CCabinetGraphicsScene::renderPicture(QPainter &painter, const QRectF &targe
 void CCabinetGraphicsScene::drawBackground(QPainter *painter, const QRectF &rect)
 {
     painter->fillRect(rect, CLayoutPainter::surroundings());
-    if (!m_content.canvas().isEmpty())
-        CLayoutPainter::paintCanvas(*painter, QRectF(QPointF(0, 0), QSizeF(m_content.canvas())), m_fill);
+    const QSize canvas = m_backend->content().canvas();
+    if (!canvas.isEmpty())
+        CLayoutPainter::paintCanvas(*painter, QRectF(QPointF(0, 0), QSizeF(canvas)), m_fill);
 }
 
 void CCabinetGraphicsScene::drawForeground(QPainter *painter, const QRectF &)
 {
     if (isPicturing())
         return;
-    m_gestures.paint(*painter);
-    m_placing.paint(*painter);
+    if (input())
+        input()->paint(*painter);
+    m_backend->placing().paint(*painter);
 }

@@ -31,7 +31,7 @@ CUndoCommandBase::CUndoCommandBase(ECommandId id, QGraphicsItem *item, const QSt
     if (!base)
         return;
     if (const CGraphicsPortItem *owner = base->portItem())
-        m_editor = owner->editor();
+        m_editor = &owner->editor();
     m_port = base->port();
     if (const CGraphicsGroupItem *group = base->groupItem())
         m_parentUuid = group->uuid();
@@ -49,24 +49,25 @@ CUndoCommandBase::CUndoCommandBase(ECommandId id, QGraphicsItem *item, const QSt
 
 CGraphicsItemBase *CUndoCommandBase::resolvedItem() const
 {
-    return asItemBase(item(m_uuid));
+    CGraphicsItemBase *base = asItemBase(item(m_uuid));
+    return base && base->type() == m_itemType ? base : nullptr;
 }
 
 CGraphicsCabinetItem *CUndoCommandBase::resolvedCabinet() const
 {
-    CGraphicsItemBase *base = resolvedItem();
-    return base && base->type() == CabinetItemKind ? static_cast<CGraphicsCabinetItem *>(base) : nullptr;
+    CGraphicsItemBase *base = m_itemType == CabinetItemKind ? resolvedItem() : nullptr;
+    return base ? static_cast<CGraphicsCabinetItem *>(base) : nullptr;
 }
 
 CGraphicsGroupItem *CUndoCommandBase::resolvedGroup() const
 {
-    CGraphicsItemBase *base = resolvedItem();
-    return base && base->type() == GroupItemKind ? static_cast<CGraphicsGroupItem *>(base) : nullptr;
+    CGraphicsItemBase *base = m_itemType == GroupItemKind ? resolvedItem() : nullptr;
+    return base ? static_cast<CGraphicsGroupItem *>(base) : nullptr;
 }
 
 CGraphicsPortItem *CUndoCommandBase::portItem() const
 {
-    return m_editor ? m_editor->portItem(m_port) : nullptr;
+    return m_editor ? m_editor->items().portItem(m_port) : nullptr;
 }
 
 void CUndoCommandBase::repaint()
@@ -79,9 +80,9 @@ void CUndoCommandBase::finishGeometry(CGraphicsItemBase &base)
 {
     if (m_editor) {
         if (base.type() == GroupItemKind)
-            m_editor->noteMembersChanged(static_cast<CGraphicsGroupItem &>(base));
+            m_editor->notes().noteMembersChanged(static_cast<CGraphicsGroupItem &>(base));
         else if (CGraphicsGroupItem *group = base.groupItem())
-            m_editor->noteMembersChanged(*group);
+            m_editor->notes().noteMembersChanged(*group);
     }
     repaint();
 }
@@ -95,7 +96,7 @@ void CUndoCommandBase::leaveWithMembers(CGraphicsItemBase &base)
         owner->chain().unlink(static_cast<CGraphicsCabinetItem &>(base),
                               true); // no line may outlive its cabinet
     }
-    m_editor->leaveEdited(base);
+    m_editor->items().leaveEdited(base);
 }
 
 void CUndoCommandBase::takeOut()
@@ -109,7 +110,7 @@ void CUndoCommandBase::takeOut()
     scene()->removeItem(base);
     delete base;
     if (group)
-        m_editor->noteMembersChanged(*group);
+        m_editor->notes().noteMembersChanged(*group);
     if (owner)
         owner->noteChanged();
     repaint();
@@ -135,7 +136,7 @@ void CUndoCommandBase::putIntoScene(CGraphicsItemBase &base)
         base.setParentItem(parent);
     else if (base.scene() != scene())
         scene()->addItem(&base);
-    m_editor->enterEdited(base);
+    m_editor->items().enterEdited(base);
 }
 
 void CUndoCommandBase::recreate(EPlace place)
@@ -162,12 +163,12 @@ void CUndoCommandBase::dissolveGroup(EDissolveTo target)
     CGraphicsPortItem *owner = group->portItem();
     QGraphicsItem *newParent = target == ToRecordedParent ? parentItem() : nullptr;
     CGraphicsGroupItem *around = group->groupItem();
-    m_editor->leaveEdited(*group);
+    m_editor->items().leaveEdited(*group);
     group->dissolve(newParent ? *newParent : *owner);
     scene()->removeItem(group);
     delete group;
     if (around)
-        m_editor->noteMembersChanged(*around);
+        m_editor->notes().noteMembersChanged(*around);
     owner->noteChanged();
     repaint();
 }
@@ -190,7 +191,7 @@ void CUndoCommandBase::recreateGroup(const QVector<QUuid> &members)
     }
     group->gather(found);
     group->selectOutermost(true);
-    m_editor->noteMembersChanged(*group);
+    m_editor->notes().noteMembersChanged(*group);
     if (CGraphicsPortItem *owner = group->portItem())
         owner->noteChanged();
     repaint();

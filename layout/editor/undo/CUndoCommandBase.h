@@ -47,6 +47,10 @@ public:
 
     void setFactory(const Factory &factory) { m_factory = factory; }
 
+    /// Name of the compound edit that the command was made in.
+    const QString &operationName() const { return m_operationName; }
+    void setOperationName(const QString &name) { m_operationName = name; }
+
     /// What was selected before and after the operation whose first command this is.
     void setSelectionBefore(const QVector<QUuid> &uuids) { m_selectionBefore = uuids; }
     void setSelectionAfter(const QVector<QUuid> &uuids) { m_selectionAfter = uuids; }
@@ -77,8 +81,6 @@ protected:
     void finishGeometry(CGraphicsItemBase &item);
     void repaint();
 
-    IEditorScene *editor() const { return m_editor; }
-
 private:
     CGraphicsItemBase *makeItem();
     void putIntoScene(CGraphicsItemBase &item);
@@ -95,6 +97,7 @@ private:
     QRectF m_rect;
     QMap<int, QVariant> m_data; // by role, without the identity
     Factory m_factory;
+    QString m_operationName;
     QVector<QUuid> m_selectionBefore;
     QVector<QUuid> m_selectionAfter;
 };

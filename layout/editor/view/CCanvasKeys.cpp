@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/view/CCanvasKeys.h"
 
-#include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 
 #include <QKeyEvent>
 
@@ -10,28 +10,40 @@
 
 namespace {
 
-using Scene = CCabinetGraphicsScene;
-
 /// A key and the edit that it stands for.
 struct SCanvasKey
 {
     QKeySequence key;
-    void (CCabinetGraphicsScene::*command)();
+    void (*edit)(CSceneBackend &);
 };
 
 const QVector<SCanvasKey> &canvasKeys()
 {
     static const QVector<SCanvasKey> keys = {
-        {Qt::Key_Up, &Scene::selectedItemMoveUp},
-        {Qt::Key_Down, &Scene::selectedItemMoveDown},
-        {Qt::Key_Left, &Scene::selectedItemMoveLeft},
-        {Qt::Key_Right, &Scene::selectedItemMoveRight},
-        {Qt::Key_Delete, &Scene::deleteSelected},
-        {QKeySequence(Qt::CTRL | Qt::Key_A), &Scene::selectAllItem},
-        {QKeySequence(Qt::CTRL | Qt::Key_X), &Scene::cutSelected},
-        {QKeySequence(Qt::CTRL | Qt::Key_C), &Scene::copySelected},
-        {QKeySequence(Qt::CTRL | Qt::Key_G), &Scene::groupSelected},
-        {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_G), &Scene::ungroupSelected},
+        {Qt::Key_Up,
+         [](CSceneBackend &backend) {
+             backend.operations().nudge({0, -1});
+         }},
+        {Qt::Key_Down,
+         [](CSceneBackend &backend) {
+             backend.operations().nudge({0, 1});
+         }},
+        {Qt::Key_Left,
+         [](CSceneBackend &backend) {
+             backend.operations().nudge({-1, 0});
+         }},
+        {Qt::Key_Right,
+         [](CSceneBackend &backend) {
+             backend.operations().nudge({1, 0});
+         }},
+        {Qt::Key_Delete, [](CSceneBackend &backend) { backend.operations().remove(); }},
+        {QKeySequence(Qt::CTRL | Qt::Key_A), [](CSceneBackend &backend) { backend.picks().all(); }},
+        {QKeySequence(Qt::CTRL | Qt::Key_X),
+         [](CSceneBackend &backend) { backend.placing().cut(backend.operations()); }},
+        {QKeySequence(Qt::CTRL | Qt::Key_C), [](CSceneBackend &backend) { backend.placing().copy(); }},
+        {QKeySequence(Qt::CTRL | Qt::Key_G), [](CSceneBackend &backend) { backend.operations().group(); }},
+        {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_G),
+         [](CSceneBackend &backend) { backend.operations().ungroup(); }},
     };
     return keys;
 }
@@ -43,19 +55,19 @@ QKeySequence pressedKey(const QKeyEvent &event)
 
 } // namespace
 
-bool CCanvasKeys::carryOut(const QKeyEvent &event, CCabinetGraphicsScene &scene, QWidget *parent)
+bool CCanvasKeys::carryOut(const QKeyEvent &event, CSceneBackend &backend, QWidget *parent)
 {
     const QKeySequence pressed = pressedKey(event);
     const auto key = std::find_if(canvasKeys().begin(), canvasKeys().end(),
                                   [&pressed](const SCanvasKey &k) { return k.key == pressed; });
     if (key != canvasKeys().end())
-        (scene.*key->command)();
+        key->edit(backend);
     else if (event.matches(QKeySequence::Undo))
-        scene.undo(parent);
+        backend.history().undo(parent);
     else if (event.matches(QKeySequence::Redo) || pressed == QKeySequence(Qt::CTRL | Qt::Key_Y))
-        scene.redo(parent);
+        backend.history().redo(parent);
     else if (event.matches(QKeySequence::Paste))
-        scene.pasteItems({}, parent);
+        backend.placing().paste({}, parent);
     else
         return false;
     return true;

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-class CCabinetGraphicsScene;
+class CSceneBackend;
 class QKeyEvent;
 class QWidget;
 
@@ -10,9 +10,9 @@ class QWidget;
 class CCanvasKeys final
 {
 public:
-    /// Carries out the edit of @p scene that the key stands for; messages appear over @p parent. False for a
+    /// Carries out the edit that the key stands for; messages appear over @p parent. False for a
     /// key without one.
-    static bool carryOut(const QKeyEvent &event, CCabinetGraphicsScene &scene, QWidget *parent);
+    static bool carryOut(const QKeyEvent &event, CSceneBackend &backend, QWidget *parent);
     /// Whether the key opens the menu that appends cabinets.
     static bool isAppend(const QKeyEvent &event);
 };

@@ -3,11 +3,14 @@
 #include "layout/editor/view/CLayoutGraphicsView.h"
 
 #include "layout/api/access/IPortStates.h"
+#include "layout/editor/gestures/CSceneInput.h"
 #include "layout/editor/items/CFarPorts.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/menus/CClearTopology.h"
 #include "layout/editor/menus/IEditorCommands.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CCanvasKeys.h"
 #include "layout/editor/view/CEditorToolBar.h"
 #include "layout/editor/view/CPortStrip.h"
@@ -31,6 +34,7 @@ using Scene = CCabinetGraphicsScene;
 CLayoutGraphicsView::CLayoutGraphicsView(const IPortStates &ports, QWidget *parent)
     : CGraphicsView(parent)
     , m_scene(new CCabinetGraphicsScene(ports, this))
+    , m_input(std::make_unique<CSceneInput>(*m_scene))
     , m_toolBar(new CEditorToolBar)
     , m_ports(new CPortStrip(*m_toolBar, ports))
 {
@@ -42,6 +46,7 @@ CLayoutGraphicsView::CLayoutGraphicsView(const IPortStates &ports, QWidget *pare
 
 CLayoutGraphicsView::~CLayoutGraphicsView()
 {
+    m_input.reset();
     delete m_scene; // while the view can still be told of what goes, and before the stacks it records on
 }
 
@@ -95,7 +100,7 @@ void CLayoutGraphicsView::onCurrentPortChanged()
 void CLayoutGraphicsView::setCommands(IEditorCommands *commands)
 {
     m_commands = commands;
-    m_scene->setCommands(commands);
+    m_input->setCommands(commands);
 }
 
 void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout)
@@ -113,10 +118,10 @@ void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &process
         onNotifyCanRedoChanged(stack.canRedo());
         Q_EMIT notifyUndoStackChanged(&stack);
     }
-    const bool inPlace = !another && m_scene->canRebuild(layout);
+    const bool inPlace = !another && m_scene->backend().content().canRebuild(layout);
     if (!another && !inPlace && m_scene->undoStack())
         m_scene->undoStack()->clear(); // its steps belong to ports that are there no more
-    m_scene->setLayoutData(processor, layout, m_scene->pasteCache(), {}, inPlace);
+    m_scene->setLayoutData(processor, layout, m_scene->backend().placing().cache(), {}, inPlace);
     QList<int> ports;
     for (const CGraphicsPortItem *port : m_scene->portItems())
         ports << port->port();
@@ -177,10 +182,10 @@ void CLayoutGraphicsView::onToolButtonClicked(int id)
         clearTopology();
         break;
     case Bar::Group:
-        m_scene->groupSelected();
+        m_scene->backend().operations().group();
         break;
     case Bar::Ungroup:
-        m_scene->ungroupSelected();
+        m_scene->backend().operations().ungroup();
         break;
     }
 }
@@ -201,7 +206,8 @@ void CLayoutGraphicsView::onToolButtonToggled(int id, bool checked)
 void CLayoutGraphicsView::clearTopology()
 {
     if (m_scene->selection().isEmpty())
-        m_scene->askToClearTopology(this, m_scene->portStates().currentPort());
+        CClearTopology::ask(this, m_scene->backend().content(), m_scene->backend().operations(),
+                            m_scene->backend().states().currentPort());
     else
         m_scene->breakSelectedWiring();
 }
@@ -214,7 +220,7 @@ void CLayoutGraphicsView::onTopologyButtonClicked(int pattern)
 void CLayoutGraphicsView::onNotifyAppendCabinet(const TypeInfo &type, int port, const QSize &size)
 {
     m_toolBar->chooseMode(Bar::Arrow);
-    m_scene->beginAppend(type, port, size);
+    m_scene->backend().placing().beginAppend(type, port, size);
     setFocus();
 }
 
@@ -232,7 +238,7 @@ void CLayoutGraphicsView::openAppendMenu(const QPoint &globalPos)
 void CLayoutGraphicsView::choosePort(int port)
 {
     Q_EMIT notifyCurrentPortChosen(port);
-    m_scene->moveAppendTo(port);
+    m_scene->backend().placing().moveAppendTo(port);
     const QList<int> selected = m_scene->selection().ports();
     if (!selected.isEmpty() && selected != QList<int>{port})
         m_scene->clearSelection(); // or what is selected would not be what commands act on
@@ -240,22 +246,22 @@ void CLayoutGraphicsView::choosePort(int port)
 
 void CLayoutGraphicsView::onPortClicked(int port, bool selected)
 {
-    m_scene->selectPort(port, selected);
+    m_scene->backend().picks().port(port, selected);
 }
 
 void CLayoutGraphicsView::onNotifySelectedCabinetRankChanged(int columns)
 {
-    m_scene->selectionShape().arrange(columns);
+    m_scene->backend().shape().arrange(columns);
 }
 
 void CLayoutGraphicsView::onNotifySelectedCabinetPositionChanged(const QPoint &corner)
 {
-    m_scene->selectionShape().moveTo(corner);
+    m_scene->backend().shape().moveTo(corner);
 }
 
 void CLayoutGraphicsView::onNotifySelectedCabinetSizeChanged(const QSize &size)
 {
-    m_scene->selectionShape().resizeTo(size);
+    m_scene->backend().shape().resizeTo(size);
 }
 
 void CLayoutGraphicsView::onNotifySelectedChanged(const QList<int> &ports, bool canGroup, bool canBreakGroup)
@@ -283,7 +289,7 @@ void CLayoutGraphicsView::onNotifySceneChanged()
 
 void CLayoutGraphicsView::cancelCalibrate()
 {
-    m_scene->clearHighlights();
+    m_scene->backend().highlights().clear();
     m_toolBar->tool(Bar::Calibrate)->setChecked(false);
 }
 
@@ -292,11 +298,11 @@ void CLayoutGraphicsView::highlight()
 {
     const CabinetHighlight kind =
         m_toolBar->isFrameless() ? CabinetHighlight::LedIndicator : CabinetHighlight::FlashingBox;
-    const QList<Cabinet> cabinets = m_scene->highlightedCabinets();
+    const QList<Cabinet> cabinets = m_scene->backend().highlights().records();
     if (m_commands &&
         !m_commands->highlight(cabinets, cabinets.isEmpty() ? CabinetHighlight::Off : kind, this) &&
         !cabinets.isEmpty())
-        m_scene->clearHighlights();
+        m_scene->backend().highlights().clear();
 }
 
 void CLayoutGraphicsView::clearSelected()
@@ -367,7 +373,7 @@ void CLayoutGraphicsView::onNotifyCanRedoChanged(bool canRedo)
 bool CLayoutGraphicsView::viewportEvent(QEvent *event)
 {
     if (event->type() == QEvent::WindowDeactivate)
-        m_scene->cancelGesture(); // its release may go to another window
+        m_scene->backend().batches().cancelGesture(); // its release may go to another window
     return CGraphicsView::viewportEvent(event);
 }
 
@@ -396,6 +402,6 @@ void CLayoutGraphicsView::keyPressEvent(QKeyEvent *event)
         CGraphicsView::keyPressEvent(event);
     else if (CCanvasKeys::isAppend(*event))
         openAppendMenu(QCursor::pos());
-    else if (!CCanvasKeys::carryOut(*event, *m_scene, this))
+    else if (!CCanvasKeys::carryOut(*event, m_scene->backend(), this))
         CGraphicsView::keyPressEvent(event);
 }

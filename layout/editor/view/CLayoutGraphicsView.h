@@ -12,6 +12,7 @@ class CCabinetGraphicsScene;
 class CEditorToolBar;
 class CFarPorts;
 class CPortStrip;
+class CSceneInput;
 class IEditorCommands;
 class IPortStates;
 
@@ -110,6 +111,7 @@ private:
     QList<Cabinet> cabinetsOf(int port) const;
 
     CCabinetGraphicsScene *m_scene;
+    std::unique_ptr<CSceneInput> m_input;
     CEditHistories m_histories;
     CEditorToolBar *m_toolBar;
     CPortStrip *m_ports;

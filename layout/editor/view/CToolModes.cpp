@@ -3,6 +3,7 @@
 #include "layout/editor/view/CToolModes.h"
 
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CEditorToolBar.h"
 
 #include <QGraphicsView>
@@ -43,14 +44,14 @@ void CToolModes::apply(QGraphicsView &view, CCabinetGraphicsScene &scene, CEdito
         return;
     }
     if (!isOn(Bar::Arrow))
-        scene.endAppend();
-    scene.setToolMode(IEditorScene::ManualWiring, isOn(Bar::Pen));
-    scene.setToolMode(IEditorScene::HeadToTailExchange, isOn(Bar::HeadToTailExchange));
-    scene.setToolMode(IEditorScene::Highlighting, isOn(Bar::Calibrate));
+        scene.backend().placing().endAppend();
+    scene.setToolMode(ToolMode::ManualWiring, isOn(Bar::Pen));
+    scene.setToolMode(ToolMode::HeadToTailExchange, isOn(Bar::HeadToTailExchange));
+    scene.setToolMode(ToolMode::Highlighting, isOn(Bar::Calibrate));
     if (isOn(Bar::Pen))
         scene.clearSelection();
     if (!isOn(Bar::Calibrate))
-        scene.clearHighlights();
+        scene.backend().highlights().clear();
     // The scene draws its own rubber band.
     view.setDragMode(isOn(Bar::Hand) ? QGraphicsView::ScrollHandDrag : QGraphicsView::NoDrag);
     view.setInteractive(!isOn(Bar::Hand) && !blocked);

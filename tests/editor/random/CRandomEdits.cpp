@@ -43,7 +43,7 @@ bool CRandomEdits::carryOut(int kind)
     case Delete:
         return removeSelection(kind == Cut);
     case Copy:
-        act([this] { m_scene.copySelected(); });
+        act([this] { m_scene.backend().placing().copy(); });
         m_placing.takeCopy(m_before, m_items);
         return false;
     case Paste:
@@ -94,7 +94,7 @@ bool CRandomEdits::chooseEntry()
         const CGraphicsItemBase &clicked = *items.at(m_random.bounded(items.size()));
         m_clicked = clicked.uuid();
         m_entryPort = clicked.port();
-        CCabinetMenu(menu, m_scene, clicked, nullptr).fill();
+        CCabinetMenu(menu, m_scene.backend(), &m_world.commands, clicked, nullptr).fill();
     }
     const QVector<QAction *> entries = MenuEntries::editing(menu);
     m_entry = entries.at(m_random.bounded(entries.size()));
@@ -147,7 +147,7 @@ bool CRandomEdits::editSelection(int kind)
         nudge(kind, edited);
         break;
     case Ungroup:
-        act([this] { m_scene.ungroupSelected(); });
+        act([this] { m_scene.backend().operations().ungroup(); });
         for (const QUuid &item : qAsConst(m_items)) {
             if (edited.isGroup(item))
                 edited.ungroup(item);
@@ -186,16 +186,16 @@ bool CRandomEdits::changeShape(int kind)
     CReferenceModel edited = m_before;
     if (kind == MoveTo) {
         const QPoint corner(m_random.bounded(600), m_random.bounded(600));
-        m_scene.selectionShape().moveTo(corner);
+        m_scene.backend().shape().moveTo(corner);
         edited.moveTo(m_items, corner);
     } else if (kind == ResizeTo) {
         const QSize size(m_random.bounded(8) * 24, 16 + m_random.bounded(128)); // now and then empty
-        m_scene.selectionShape().resizeTo(size);
+        m_scene.backend().shape().resizeTo(size);
         if (!size.isEmpty())
             edited.resizeTo(m_items, size);
     } else {
         const CReferenceModel::TypeInfo type = CRandomPlacing::randomType(m_random);
-        m_world.commands.choosing = [this, &type] { m_scene.selectionShape().applyType(type); };
+        m_world.commands.choosing = [this, &type] { m_scene.backend().shape().applyType(type); };
         act([this] { m_world.commands.chooseType(nullptr); });
         if (type.isValid())
             edited.setType(m_before.cabinetsBelow(m_items), type);
@@ -211,7 +211,7 @@ bool CRandomEdits::arrange()
     CReferenceModel arranged = m_before;
     if (columns > 0 && !arranged.arrange(m_items, columns))
         return false;
-    m_scene.selectionShape().arrange(columns);
+    m_scene.backend().shape().arrange(columns);
     if (!m_refused)
         m_expected = arranged;
     return !m_refused;
@@ -220,9 +220,9 @@ bool CRandomEdits::arrange()
 bool CRandomEdits::removeSelection(bool cut)
 {
     if (cut)
-        act([this] { m_scene.cutSelected(); });
+        act([this] { m_scene.backend().placing().cut(m_scene.backend().operations()); });
     else
-        act([this] { m_scene.deleteSelected(); });
+        act([this] { m_scene.backend().operations().remove(); });
     if (m_refused)
         return false;
     if (cut)
@@ -255,7 +255,7 @@ QUuid CRandomEdits::randomCabinet()
 void CRandomEdits::selectSameType()
 {
     const QUuid clicked = m_entry ? m_clicked : randomCabinet();
-    act([this, clicked] { m_scene.selectSameType(clicked); });
+    act([this, clicked] { m_scene.backend().picks().sameType(clicked); });
     if (clicked.isNull())
         return;
     for (const QUuid &cabinet : m_before.cabinetsBelow({clicked})) { // of a group one decides
@@ -272,11 +272,12 @@ void CRandomEdits::highlight()
     const QUuid cabinet = randomCabinet();
     const bool adding = m_random.bounded(2);
     if (cabinet.isNull() || m_random.bounded(5) == 0) {
-        m_scene.clearHighlights();
+        m_scene.backend().highlights().clear();
         m_world.highlighted.clear();
         return;
     }
-    m_scene.pressHighlight(static_cast<CGraphicsCabinetItem &>(*m_scene.editedItem(cabinet)), adding);
+    m_scene.backend().highlights().press(
+        static_cast<CGraphicsCabinetItem &>(*m_scene.backend().content().editedItem(cabinet)), adding);
     const bool on = !(m_world.highlighted.contains(cabinet) && (adding || m_world.highlighted.size() == 1));
     if (!adding)
         m_world.highlighted.clear();
@@ -307,9 +308,9 @@ bool CRandomEdits::dragSelection()
 {
     const QPoint step(m_random.bounded(-90, 91), m_random.bounded(-90, 91));
     const QPointF press(m_random.bounded(500), m_random.bounded(500));
-    m_scene.beginMove(press);
-    m_scene.continueDrag(press + QPointF(step) / 3);
-    m_scene.endDrag(press + step);
+    m_scene.backend().mouse()->beginMove(press);
+    m_scene.backend().mouse()->continueDrag(press + QPointF(step) / 3);
+    m_scene.backend().mouse()->endDrag(press + step);
     if (m_items.isEmpty() || m_refused)
         return false;
     m_expected.translate(m_items, step);
@@ -320,13 +321,13 @@ bool CRandomEdits::resizeSelected()
 {
     if (m_items.size() != 1)
         return false;
-    CGraphicsItemBase *item = m_scene.editedItem(*m_items.begin());
+    CGraphicsItemBase *item = m_scene.backend().content().editedItem(*m_items.begin());
     const QPointF press = item->scenePos();
     const QPoint step(m_random.bounded(-60, 61), m_random.bounded(-60, 61));
     const bool refused = !item->canResize();
-    m_scene.beginScale(*item, CResizeHandles::BottomRight, press);
-    m_scene.continueDrag(press + step);
-    m_scene.endDrag(press + step);
+    m_scene.backend().mouse()->beginScale(*item, CResizeHandles::BottomRight, press);
+    m_scene.backend().mouse()->continueDrag(press + step);
+    m_scene.backend().mouse()->endDrag(press + step);
     if (refused)
         return false;
     m_expected.resize(*m_items.begin(), step, LayoutLimits::LargestSide);
@@ -340,7 +341,7 @@ bool CRandomEdits::exchangeReceivers()
     if (cabinets.isEmpty())
         return false;
     const CGraphicsCabinetItem *cabinet = cabinets.at(m_random.bounded(cabinets.size()));
-    m_scene.exchangeReceivers(cabinet->uuid());
+    m_scene.backend().operations().exchangeReceivers(cabinet->uuid());
     return !m_world.states.isPortLocked(port) && m_expected.exchangeReceivers(cabinet->uuid());
 }
 
@@ -353,8 +354,8 @@ bool CRandomEdits::drawStroke()
     CGraphicsCabinetItem *first = cabinets.at(m_random.bounded(cabinets.size()));
     QVector<QPointF> way = {first->sceneBoundingRect().center()};
     const QUuid begin = first->uuid();
-    m_scene.setToolMode(IEditorScene::ManualWiring, true);
-    IMouseMode &pen = m_scene.mouseMode();
+    m_scene.setToolMode(ToolMode::ManualWiring, true);
+    IMouseMode &pen = m_scene.backend().mouse()->mouseMode();
     pen.beginStroke(*first, way.first());
     m_world.selectedBefore.clear();
     m_selection = QSet<QUuid>();
@@ -366,7 +367,7 @@ bool CRandomEdits::drawStroke()
         pen.continueStroke(way.last());
     }
     pen.endStroke(way.last());
-    m_scene.setToolMode(IEditorScene::ManualWiring, false);
+    m_scene.setToolMode(ToolMode::ManualWiring, false);
     if (port->isLocked())
         return false;
     m_expected.drawStroke(port->port(), begin, way);
@@ -376,7 +377,7 @@ bool CRandomEdits::drawStroke()
 bool CRandomEdits::groupSelection()
 {
     const bool possible = m_scene.selection().canGroup();
-    act([this] { m_scene.groupSelected(); });
+    act([this] { m_scene.backend().operations().group(); });
     if (!possible)
         return false;
     m_selection = m_world.selected();
@@ -388,11 +389,11 @@ bool CRandomEdits::groupSelection()
 
 void CRandomEdits::interruptDrag()
 {
-    m_scene.beginMove(QPointF(0, 0));
-    m_scene.continueDrag(QPointF(40, 50));
+    m_scene.backend().mouse()->beginMove(QPointF(0, 0));
+    m_scene.backend().mouse()->continueDrag(QPointF(40, 50));
     if (m_random.bounded(2))
         m_scene.setCabinetLocked(0, m_world.states.isPortLocked(0));
     else
-        m_scene.cancelGesture();
-    m_scene.endDrag(QPointF(90, 90));
+        m_scene.backend().batches().cancelGesture();
+    m_scene.backend().mouse()->endDrag(QPointF(90, 90));
 }

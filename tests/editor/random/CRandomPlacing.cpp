@@ -81,7 +81,7 @@ void CRandomPlacing::takeCopy(const CReferenceModel &before, const QSet<QUuid> &
     if (items.isEmpty())
         return;
     m_world.copied = before.part(items);
-    m_world.cache = m_world.scene.pasteCache();
+    m_world.cache = m_world.scene.backend().placing().cache();
 }
 
 void CRandomPlacing::choosePlace()
@@ -93,7 +93,7 @@ void CRandomPlacing::choosePlace()
 int CRandomPlacing::fillCanvasMenu(QMenu &menu)
 {
     choosePlace();
-    CCanvasMenu::fill(menu, m_world.scene, m_place, nullptr);
+    CCanvasMenu(menu, m_world.scene.backend(), &m_world.commands, nullptr).fill(m_place);
     return m_world.states.current;
 }
 
@@ -154,7 +154,7 @@ bool CRandomPlacing::append()
     if (!first || !hasRoom(port))
         return false;
     CCabinetGraphicsScene &scene = m_world.scene;
-    scene.beginAppend(type, port, size);
+    scene.backend().placing().beginAppend(type, port, size);
     if (port == PortCount || m_world.isClosed(port))
         return false; // the run looks whether anything waits
     send(QEvent::GraphicsSceneMouseMove, cursor, Qt::NoButton);

@@ -38,7 +38,6 @@ QString CRandomWorld::kindName(int kind)
 CRandomWorld::CRandomWorld(quint32 seed)
     : m_scene(m_world.scene)
 {
-    m_scene.setCommands(&m_world.commands);
     QRandomGenerator random(seed);
     m_world.data = RandomLayout::randomWorld(random);
     m_scene.setLayoutData(SmallWorlds::node(m_world.data), m_world.data);
@@ -58,7 +57,7 @@ CabinetLayout CRandomWorld::comparable() const
         port.locked = false;
         port.color = QColor();
         port.redundancy = CabinetLayout::CabinetPort::NoRedundancy;
-        if (!m_scene.highlightedCabinets().isEmpty())
+        if (!m_scene.backend().highlights().records().isEmpty())
             forgetHighlights(port.groups);
     }
     return layout;
@@ -66,7 +65,7 @@ CabinetLayout CRandomWorld::comparable() const
 
 void CRandomWorld::select(QRandomGenerator &random)
 {
-    const CEditBatch batch(m_scene);
+    const CEditBatch batch(m_scene.backend().batches());
     if (random.bounded(3) == 0)
         return; // goes on with what is selected
     m_scene.clearSelection();
@@ -123,7 +122,7 @@ QString CRandomWorld::edit(int kind, QRandomGenerator &random)
         return QStringLiteral("more than one signal for one operation");
     if (edits.selection() && m_world.selected() != *edits.selection())
         return QStringLiteral("another selection than wanted");
-    if (m_scene.isAppending() || m_scene.pasteCache() != m_world.cache)
+    if (m_scene.backend().placing().isAppending() || m_scene.backend().placing().cache() != m_world.cache)
         return QStringLiteral("an append goes on, or the copy is another");
     return check(indexBefore, edited, expected);
 }
@@ -131,7 +130,7 @@ QString CRandomWorld::edit(int kind, QRandomGenerator &random)
 QSet<QUuid> CRandomWorld::highlighted() const
 {
     QSet<QUuid> now;
-    for (const auto &cabinet : m_scene.highlightedCabinets())
+    for (const auto &cabinet : m_scene.backend().highlights().records())
         now.insert(cabinet.uuid);
     return now;
 }
@@ -141,7 +140,7 @@ QString CRandomWorld::checkHighlights()
 {
     QSet<QUuid> wanted;
     for (const QUuid &cabinet : qAsConst(m_world.highlighted)) {
-        if (m_scene.editedItem(cabinet))
+        if (m_scene.backend().content().editedItem(cabinet))
             wanted.insert(cabinet);
     }
     m_world.highlighted = wanted;
@@ -193,7 +192,8 @@ bool CRandomWorld::stepHistory(QRandomGenerator &random)
 void CRandomWorld::stepByMenu(const QString &text)
 {
     QMenu menu;
-    CCabinetMenu(menu, m_scene, *m_scene.selection().sorted().first(), nullptr).fill();
+    CCabinetMenu(menu, m_scene.backend(), &m_world.commands, *m_scene.selection().sorted().first(), nullptr)
+        .fill();
     for (QAction *action : menu.actions()) {
         if (action->text() == text)
             action->trigger();

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/editor/gestures/CSceneInput.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 #include "tests/editor/CFixedPortStates.h"
 #include "tests/editor/CNotedCommands.h"
 #include "tests/editor/random/CReferenceModel.h"
@@ -15,6 +17,7 @@ struct SRandomScene
     CFixedPortStates states;
     CNotedCommands commands;
     CCabinetGraphicsScene scene{states};
+    CSceneInput input{scene};
     LayoutData data;            // that the scene was last loaded with
     CReferenceModel copied;     // what a paste brings
     PasteCache cache;           // its records

@@ -1,10 +1,15 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/editor/recording/CGuardedUndo.h"
+#include "layout/editor/operations/CGuardedUndo.h"
 
+#include "layout/editor/content/CSceneContent.h"
+#include "layout/editor/content/CSelectionPicks.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
-#include "layout/editor/items/IEditorScene.h"
+#include "layout/editor/items/IEditing.h"
+#include "layout/editor/recording/CUndoRecorder.h"
 #include "layout/editor/undo/CUndoCommandBase.h"
+
+#include "platform/widgets/CMessageBox.h"
 
 #include <QVector>
 
@@ -22,12 +27,45 @@ void collectPorts(const QUndoCommand &command, QVector<int> &ports)
 
 } // namespace
 
-QString CGuardedUndo::refusal(const IEditorScene &scene, const QUndoCommand &command, bool undoing)
+bool CGuardedUndo::canUndo() const
+{
+    return m_recorder.stack() && m_recorder.stack()->canUndo();
+}
+
+bool CGuardedUndo::canRedo() const
+{
+    return m_recorder.stack() && m_recorder.stack()->canRedo();
+}
+
+void CGuardedUndo::run(QWidget *parent, bool undoing)
+{
+    m_editing.cancelGesture();
+    if (!(undoing ? canUndo() : canRedo()))
+        return;
+    QUndoStack *stack = m_recorder.stack();
+    const QUndoCommand *command = stack->command(undoing ? stack->index() - 1 : stack->index());
+    const QString refused = refusal(*command, undoing);
+    if (!refused.isEmpty()) {
+        CMessageBox::information(parent, refused);
+        return;
+    }
+    const CEditBatch batch(m_editing);
+    if (undoing)
+        stack->undo();
+    else
+        stack->redo();
+    for (CGraphicsPortItem *port : m_content.portItems())
+        port->refreshState();
+    if (const CUndoCommandBase *own = ownCommand(command))
+        m_picks.only(undoing ? own->selectionBefore() : own->selectionAfter());
+}
+
+QString CGuardedUndo::refusal(const QUndoCommand &command, bool undoing) const
 {
     QVector<int> ports;
     collectPorts(command, ports);
     for (const int index : qAsConst(ports)) {
-        const CGraphicsPortItem *port = scene.portItem(index);
+        const CGraphicsPortItem *port = m_content.portItem(index);
         if (!port)
             continue;
         if (port->isLocked()) {

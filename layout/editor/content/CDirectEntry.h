@@ -1,0 +1,15 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/editor/content/ILayoutEntry.h"
+
+/// Items are there at once, as when a layout is loaded.
+class CDirectEntry final : public ILayoutEntry
+{
+public:
+    void enterCabinet(CGraphicsCabinetItem &) override {}
+    QGraphicsItem &membersParent(CGraphicsGroupItem &group, CGraphicsPortItem &port) override;
+    void enterGroup(CGraphicsGroupItem &, const QVector<CGraphicsItemBase *> &) override {}
+    void wire(CGraphicsPortItem &port, const QVector<CGraphicsCabinetItem *> &cabinets) override;
+};

@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QVector>
+
+class CGraphicsCabinetItem;
+class CGraphicsGroupItem;
+class CGraphicsItemBase;
+class CGraphicsPortItem;
+class QGraphicsItem;
+
+/// How items that a CLayoutBuilder makes enter their port: directly, or by commands that can be undone. GUI
+/// thread.
+class ILayoutEntry
+{
+public:
+    virtual ~ILayoutEntry() = default;
+
+    /// A cabinet was made, below what membersParent() gave.
+    virtual void enterCabinet(CGraphicsCabinetItem &cabinet) = 0;
+    /// Below which item the members of @p group are made.
+    virtual QGraphicsItem &membersParent(CGraphicsGroupItem &group, CGraphicsPortItem &port) = 0;
+    /// All @p members of @p group have entered.
+    virtual void enterGroup(CGraphicsGroupItem &group, const QVector<CGraphicsItemBase *> &members) = 0;
+    /// @p cabinets continue the chain of @p port.
+    virtual void wire(CGraphicsPortItem &port, const QVector<CGraphicsCabinetItem *> &cabinets) = 0;
+};

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/scene/CSceneBackend.h"
+
+#include "layout/editor/scene/ISceneInput.h"
+
+CSceneBackend::CSceneBackend(CGraphicsScene &scene, const IPortStates &states,
+                             std::function<void(const CPendingEdits &)> finish)
+    : m_states(states)
+    , m_content(scene, *this, states)
+    , m_batches(std::move(finish), [this] { cancelGesture(); })
+    , m_picks(scene, m_batches, m_content, m_selection)
+    , m_recorder([this] { return m_selection.uuids(); })
+    , m_history(m_batches, m_content, m_recorder, m_picks)
+    , m_operations(m_batches, m_content, m_selection, m_recorder)
+    , m_shape(m_batches, m_selection, m_recorder)
+    , m_placing(scene, m_batches, states, m_content, m_selection, m_recorder)
+    , m_highlights(m_batches)
+{
+}
+
+IItemMouse *CSceneBackend::mouse()
+{
+    return m_input;
+}
+
+bool CSceneBackend::isDragging() const
+{
+    return m_input && m_input->isDragging();
+}
+
+void CSceneBackend::cancelGesture()
+{
+    if (m_input)
+        m_input->cancel();
+}
+
+void CSceneBackend::setToolMode(ToolMode mode, bool on)
+{
+    cancelGesture();
+    if (on)
+        m_toolModes.insert(mode);
+    else
+        m_toolModes.remove(mode);
+}
+
+void CSceneBackend::noteHighlighted(CGraphicsCabinetItem &cabinet, bool highlighted)
+{
+    m_highlights.note(cabinet, highlighted);
+    m_batches.noteHighlight();
+}
