@@ -13,25 +13,10 @@
 
 #include <algorithm>
 
-namespace {
-
-void setMappingIndices(QVector<CabinetLayout::CabinetPort::CabinetGroup> &groups,
-                       const QHash<QUuid, int> &indices)
-{
-    for (auto &group : groups) {
-        for (auto &cabinet : group.cabinets)
-            cabinet.mappingIndex = indices.value(cabinet.uuid, -1);
-        setMappingIndices(group.groups, indices);
-    }
-}
-
-} // namespace
-
 void CSceneContent::build(const LayoutData &data)
 {
     m_processor = data.processor;
     m_canvas = data.canvas;
-    m_mappingIndices.reset();
     m_scene.reserveItems(data.layout.cabinetCount());
     CDirectEntry entry;
     CLayoutBuilder builder(*this, entry, m_nextOrdinal);
@@ -62,7 +47,6 @@ bool CSceneContent::canRebuild(const LayoutData &data) const
 void CSceneContent::rebuild(const LayoutData &data, CUndoRecorder &recorder)
 {
     m_canvas = data.canvas;
-    takeMappingIndices(data.layout); // also of what undo of the reset brings back
     QVector<QPair<CGraphicsPortItem *, Port>> changed;
     for (int i = 0; i < m_ports.size(); ++i) {
         const Port wanted = CLayoutBuilder::withoutEmptyGroups(data.layout.ports.at(i));
@@ -77,31 +61,6 @@ void CSceneContent::rebuild(const LayoutData &data, CUndoRecorder &recorder)
         CGroupEditing(recorder).empty(*port.first);
     for (const auto &port : qAsConst(changed))
         add(*port.first, port.second, recorder);
-}
-
-void CSceneContent::takeMappingIndices(const CabinetLayout &mapping)
-{
-    m_mappingIndices.emplace();
-    for (const CabinetLayout::CabinetPort &port : mapping.ports) {
-        for (const CabinetLayout::CabinetPort::Cabinet &cabinet : port.getAllCabinets())
-            m_mappingIndices->insert(cabinet.uuid, cabinet.mappingIndex);
-    }
-    for (CGraphicsPortItem *port : qAsConst(m_ports)) {
-        for (CGraphicsCabinetItem *cabinet : port->cabinets(nullptr)) {
-            const int before = cabinet->cabinet().mappingIndex;
-            updateMappingIndex(*cabinet);
-            if (cabinet->cabinet().mappingIndex != before)
-                m_records.remove(port->port());
-        }
-    }
-    for (QVector<Port::CabinetGroup> &groups : m_held)
-        setMappingIndices(groups, *m_mappingIndices);
-}
-
-void CSceneContent::updateMappingIndex(CGraphicsItemBase &item) const
-{
-    if (m_mappingIndices && item.type() == CabinetItemKind)
-        static_cast<CGraphicsCabinetItem &>(item).setMappingIndex(m_mappingIndices->value(item.uuid(), -1));
 }
 
 QVector<CGraphicsItemBase *>
@@ -173,7 +132,6 @@ CGraphicsItemBase *CSceneContent::editedItem(const QUuid &uuid) const
 void CSceneContent::enterEdited(CGraphicsItemBase &item)
 {
     m_scene.enterItem(item.uuid(), item);
-    updateMappingIndex(item);
 }
 
 void CSceneContent::leaveEdited(CGraphicsItemBase &item)

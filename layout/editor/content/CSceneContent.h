@@ -7,8 +7,6 @@
 
 #include <QHash>
 
-#include <optional>
-
 class CGraphicsScene;
 class CUndoRecorder;
 class IEditorScene;
@@ -33,11 +31,6 @@ public:
     /// Replaces what the ports hold by commands of the running operation; a port that holds the same is left
     /// alone.
     void rebuild(const LayoutData &data, CUndoRecorder &recorder);
-    /// The cabinets' places in the mapping become those of @p mapping, which the processor has saved. No
-    /// edit: undo neither sees it nor brings older places back.
-    void takeMappingIndices(const CabinetLayout &mapping);
-    /// Brings an item that an edit puts in up to date with takeMappingIndices().
-    void updateMappingIndex(CGraphicsItemBase &item) const;
     /// Adds what @p record holds to @p port, as commands that can be undone; see CLayoutBuilder::fill().
     QVector<CGraphicsItemBase *> add(CGraphicsPortItem &port, const CabinetLayout::CabinetPort &record,
                                      CUndoRecorder &recorder);
@@ -84,7 +77,6 @@ private:
     QUuid m_processor;
     QVector<CGraphicsPortItem *> m_ports;
     qint64 m_nextOrdinal = 0;
-    std::optional<QHash<QUuid, int>> m_mappingIndices; // once saved since the layout was loaded
-    mutable QHash<int, Port> m_records;                // by port index
+    mutable QHash<int, Port> m_records; // by port index
     QHash<int, QVector<Port::CabinetGroup>> m_held;
 };

@@ -27,8 +27,6 @@ public:
     /// Takes over @p record, its rectangle included; the wiring lines follow. Identity, port, group, rank and
     /// place in the saved mapping stay.
     void setCabinet(const Cabinet &record);
-    /// The cabinet's place in the saved mapping; of the processor's making, so no edit.
-    void setMappingIndex(int index) { record().mappingIndex = index; }
     void setPort(int port) override;
     /// The group that holds the cabinet, as its record names it.
     void setGroup(const QUuid &group) { record().group = group; }

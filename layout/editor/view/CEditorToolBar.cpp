@@ -109,14 +109,14 @@ void CEditorToolBar::addTool(ETool tool, const QString &iconBase, const QString 
     button->setProperty("ToolLocation", int(tool));
     button->setFocusPolicy(Qt::TabFocus);
     button->setAccessibleName(toolTip);
-    connect(action, &QAction::triggered, this, [this, tool] { Q_EMIT toolClicked(tool); });
+    connect(action, &QAction::triggered, this, [this, tool] { Q_EMIT notifyToolClicked(tool); });
 }
 
 void CEditorToolBar::makeCheckable(ETool tool)
 {
     m_actions.at(tool)->setCheckable(true);
     connect(m_actions.at(tool), &QAction::toggled, this,
-            [this, tool](bool checked) { Q_EMIT toolToggled(tool, checked); });
+            [this, tool](bool checked) { Q_EMIT notifyToolToggled(tool, checked); });
 }
 
 void CEditorToolBar::addHighlightMenu()
@@ -144,6 +144,6 @@ void CEditorToolBar::setFrameless(bool frameless)
     highlight->setToolTip(frameless ? tr("Highlight cabinet with LED indicator")
                                     : tr("Highlight cabinet with flashing box"));
     button(Calibrate)->setAccessibleName(highlight->toolTip());
-    Q_EMIT highlightKindChanged(frameless);
+    Q_EMIT notifyHighlightKindChanged(frameless);
     highlight->setChecked(true);
 }

@@ -48,9 +48,9 @@ public:
     bool isFrameless() const { return m_frameless; }
 
 Q_SIGNALS:
-    void toolClicked(int tool);
-    void toolToggled(int tool, bool checked);
-    void highlightKindChanged(bool frameless);
+    void notifyToolClicked(int tool);
+    void notifyToolToggled(int tool, bool checked);
+    void notifyHighlightKindChanged(bool frameless);
 
 private:
     void buildUi();

@@ -60,9 +60,9 @@ void CLayoutGraphicsView::buildUi()
 
 void CLayoutGraphicsView::connectTools()
 {
-    connect(m_toolBar, &Bar::toolClicked, this, &CLayoutGraphicsView::onToolButtonClicked);
-    connect(m_toolBar, &Bar::toolToggled, this, &CLayoutGraphicsView::onToolButtonToggled);
-    connect(m_toolBar, &Bar::highlightKindChanged, this, &CLayoutGraphicsView::highlight);
+    connect(m_toolBar, &Bar::notifyToolClicked, this, &CLayoutGraphicsView::onToolButtonClicked);
+    connect(m_toolBar, &Bar::notifyToolToggled, this, &CLayoutGraphicsView::onToolButtonToggled);
+    connect(m_toolBar, &Bar::notifyHighlightKindChanged, this, &CLayoutGraphicsView::highlight);
     connect(m_ports, &CPortStrip::notifyPortChosen, this, &CLayoutGraphicsView::choosePort);
     connect(m_ports, &CPortStrip::notifyPatternChosen, this, &CLayoutGraphicsView::onTopologyButtonClicked);
     connect(m_ports, &CPortStrip::notifyAppendClicked, this, &CLayoutGraphicsView::openAppendMenu);
