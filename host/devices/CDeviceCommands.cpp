@@ -5,6 +5,7 @@
 #include "host/devices/services/CDeviceServices.h"
 #include "host/devices/simulated/CSimulatedProcessor.h"
 #include "host/library/CTypeLibrary.h"
+#include "layout/api/records/LayoutLimits.h"
 
 #include <algorithm>
 #include <utility>
@@ -118,9 +119,42 @@ CStatus CDeviceCommands::setPrimary(const QUuid &processor, const QUuid &primary
     return apply(processor, [&primary](SProcessorSettings &settings) { settings.primary = primary; });
 }
 
-CStatus CDeviceCommands::setOffset(const QUuid &processor, const QPoint &offset)
+CStatus CDeviceCommands::setOffsets(const ProcessorOffsets &offsets)
 {
-    return apply(processor, [&offset](SProcessorSettings &settings) { settings.offset = offset; });
+    for (auto it = offsets.begin(); it != offsets.end(); ++it) {
+        const std::optional<SDevice> device = m_services.table().device(it.key());
+        if (!device)
+            return CStatus::failure(unknownProcessor());
+        if (!device->node.online)
+            return failure(*device, deviceErrorText(DeviceError::Offline));
+        if (!LayoutLimits::isOffset(it.value()))
+            return failure(*device, tr("An offset has at most %1 pixels.").arg(LayoutLimits::LargestOffset));
+    }
+    return moveAreas(offsets);
+}
+
+CStatus CDeviceCommands::moveAreas(const ProcessorOffsets &offsets)
+{
+    const auto move = [this](const QUuid &processor, const QPoint &offset) {
+        return apply(processor, [&offset](SProcessorSettings &settings) { settings.offset = offset; });
+    };
+    ProcessorOffsets before; // of those that were moved
+    for (auto it = offsets.begin(); it != offsets.end(); ++it) {
+        const SDevice device = m_services.table().device(it.key()).value_or(SDevice());
+        const CStatus status = move(it.key(), it.value());
+        if (status) {
+            before.insert(it.key(), device.settings.offset);
+            continue;
+        }
+        QStringList problems{status.error()};
+        for (auto moved = before.begin(); moved != before.end(); ++moved) {
+            const CStatus back = move(moved.key(), moved.value());
+            if (!back)
+                problems << tr("%1 It has its new offset already.").arg(back.error());
+        }
+        return CStatus::failure(problems.join(QLatin1Char('\n')));
+    }
+    return CStatus::done();
 }
 
 CStatus CDeviceCommands::setBackground(const SBackgroundInfo &info)

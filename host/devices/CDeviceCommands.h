@@ -30,7 +30,7 @@ public:
     CStatus setThreeD(const QUuid &processor, bool on);
     CStatus setLowLatency(const QUuid &processor, bool on);
     CStatus setPrimary(const QUuid &processor, const QUuid &primary); ///< null: stands in for none
-    CStatus setOffset(const QUuid &processor, const QPoint &offset);
+    CStatus setOffsets(const ProcessorOffsets &offsets); ///< all or none
     CStatus setBackground(const SBackgroundInfo &info);
 
     // of the current processor
@@ -60,6 +60,7 @@ private:
     using Edit = std::function<void(SProcessorSettings &)>;
 
     CStatus apply(const QUuid &processor, const Edit &edit);
+    CStatus moveAreas(const ProcessorOffsets &offsets);
     CStatus failure(const SDevice &device, const QString &reason) const;
 
     CDeviceServices &m_services;

@@ -113,7 +113,7 @@ public:
     bool setBackground(const SBackgroundInfo &info) override;
 
     ProcessorBoundingRects processorBoundingRects(const QList<QUuid> &processors) const override;
-    bool setProcessorOffset(const QUuid &processor, const QPoint &offset) override;
+    bool setProcessorOffsets(const ProcessorOffsets &offsets) override;
 
 private:
     SDevice current() const;                     ///< a default record without one

@@ -228,7 +228,7 @@ bool CLayoutHandler::setBackground(const SBackgroundInfo &info)
     return told(m_commands.setBackground(info));
 }
 
-bool CLayoutHandler::setProcessorOffset(const QUuid &processor, const QPoint &offset)
+bool CLayoutHandler::setProcessorOffsets(const ProcessorOffsets &offsets)
 {
-    return told(m_commands.setOffset(processor, offset));
+    return told(m_commands.setOffsets(offsets));
 }

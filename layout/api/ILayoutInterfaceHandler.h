@@ -205,6 +205,8 @@ public:
     // Summary.
     /// Area and offset of each given processor on the shared canvas, in pixels.
     virtual ProcessorBoundingRects processorBoundingRects(const QList<QUuid> &processors) const = 0;
-    /// Moves a processor's area on the shared canvas; pixels.
-    virtual bool setProcessorOffset(const QUuid &processor, const QPoint &offset) = 0;
+    /// Moves processors' areas on the shared canvas, all of them or none; a device keeps its offset. Refused
+    /// when one of them is offline, or an offset beyond LayoutLimits::LargestOffset. Announced by
+    /// LayoutNotification::SelectedNodeChanged where several processors are selected.
+    virtual bool setProcessorOffsets(const ProcessorOffsets &offsets) = 0;
 };

@@ -15,19 +15,6 @@ int cellIndex(int nearEdge, int size, int cursor)
     return offset >= 0 ? offset / size : -1 - (-1 - offset) / size;
 }
 
-/// The shift, of at most @p reach, that brings an edge of [low, high] to one of @p edges; 0 without one.
-int shiftToEdge(int low, int high, const QVector<int> &edges, int reach)
-{
-    int best = reach + 1;
-    for (const int edge : edges) {
-        for (const int shift : {edge - low, edge - high}) {
-            if (std::abs(shift) < std::abs(best))
-                best = shift;
-        }
-    }
-    return std::abs(best) <= reach ? best : 0;
-}
-
 } // namespace
 
 QVector<QRect> CAppendPlan::cells(const QRect &first, const QPoint &cursor, int limit)
@@ -70,16 +57,4 @@ int CAppendPlan::patternAfter(const QRect &tail, const QVector<QRect> &cells)
     if (std::abs(away.x()) >= std::abs(away.y()))
         return pattern(away.x() < 0 ? Leftward : Rightward, away.y() < 0);
     return pattern(away.y() < 0 ? Upward : Downward, away.x() > 0);
-}
-
-QRect CAppendPlan::snapped(const QRect &rect, const QVector<QRect> &neighbours, int reach)
-{
-    QVector<int> across;
-    QVector<int> down;
-    for (const QRect &neighbour : neighbours) {
-        across << neighbour.left() << neighbour.left() + neighbour.width();
-        down << neighbour.top() << neighbour.top() + neighbour.height();
-    }
-    return rect.translated(shiftToEdge(rect.left(), rect.left() + rect.width(), across, reach),
-                           shiftToEdge(rect.top(), rect.top() + rect.height(), down, reach));
 }

@@ -23,8 +23,4 @@ public:
     /// The pattern that runs on from @p tail, the last cabinet of a chain, into @p cells, which begins at the
     /// side nearest to it. Without a chain (empty @p tail) it begins at the first cell.
     static int patternAfter(const QRect &tail, const QVector<QRect> &cells);
-
-    /// Moves @p rect by at most @p reach in each direction so that one of its edges meets an edge of a
-    /// neighbour.
-    static QRect snapped(const QRect &rect, const QVector<QRect> &neighbours, int reach);
 };

@@ -10,6 +10,7 @@
 #include "layout/plugin/CProcessorMenu.h"
 #include "layout/plugin/SelectionRules.h"
 #include "layout/resources/LayoutResources.h"
+#include "layout/summary/CLayoutSummaryWidget.h"
 #include "platform/control/CSubject.h"
 
 #include <QAbstractButton>
@@ -101,6 +102,7 @@ void CLayout::setEditingBlocked(bool blocked)
     if (!m_background)
         return; // stopped
     m_editorPage->setEditingBlocked(blocked);
+    m_summaryPage->setEditingBlocked(blocked);
     m_sidePanel->setEditingBlocked(blocked);
 }
 
@@ -170,10 +172,12 @@ void CLayout::buildUi()
     waitingPage->setAlignment(Qt::AlignCenter);
     waitingPage->setEnabled(false); // in the dimmed colour of the theme
     m_editorPage = new CLayoutEditorPage(m_store);
+    m_summaryPage = new CLayoutSummaryWidget;
     m_warningPage = new CWholeModuleWarningWidget;
     m_pages = new QStackedLayout(m_background);
     m_pages->addWidget(waitingPage);
     m_pages->addWidget(m_editorPage);
+    m_pages->addWidget(m_summaryPage);
     m_pages->addWidget(m_warningPage);
     m_mappingCommands = std::make_unique<CMappingCommands>(m_store, *this);
     m_sidePanel = new CLayoutSidePanel({m_store, *m_mappingCommands});
@@ -215,10 +219,14 @@ void CLayout::showSelection()
         node.fiberTransceiver = CHostAccess::call(&Host::isFiberTransceiverMode, node.uuid);
     const QList<Node> all = CHostAccess::call(&Host::processors);
     const bool anyOnline = std::any_of(all.begin(), all.end(), [](const Node &node) { return node.online; });
-    if (const auto warning = SelectionRules::warningFor(m_selectionType, selected, anyOnline))
+    if (const auto warning = SelectionRules::warningFor(m_selectionType, selected, anyOnline)) {
         showWarning(*warning);
-    else
+    } else if (selected.size() > 1) {
+        m_summaryPage->showProcessors(selected);
+        m_pages->setCurrentWidget(m_summaryPage);
+    } else {
         m_pages->setCurrentWidget(m_editorPage);
+    }
 }
 
 void CLayout::showWarning(WarningState state)

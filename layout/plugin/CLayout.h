@@ -14,14 +14,16 @@
 
 class CLayoutEditorPage;
 class CLayoutSidePanel;
+class CLayoutSummaryWidget;
 class CMappingCommands;
 class CProcessorCommands;
 class ILayoutInterfaceHandler;
 class QAbstractButton;
 class QStackedLayout;
 
-/// The module's top widget and the receiver of the host's requests: shows the editor page, the warning page
-/// or, until the host has notified anything, the waiting page. GUI thread.
+/// The module's top widget and the receiver of the host's requests: shows the editor page, the summary of
+/// several processors, the warning page or, until the host has notified anything, the waiting page. GUI
+/// thread.
 class CLayout final : public QWidget, public ILayoutInterface, public CObserver
 {
     Q_OBJECT
@@ -75,6 +77,7 @@ private:
     QWidget *m_background = nullptr; // holds the pages; null once stopped
     QStackedLayout *m_pages = nullptr;
     CLayoutEditorPage *m_editorPage = nullptr;
+    CLayoutSummaryWidget *m_summaryPage = nullptr;
     CWholeModuleWarningWidget *m_warningPage = nullptr;
     QPointer<CLayoutSidePanel> m_sidePanel; // owned by the host's right bar once it has it
     std::unique_ptr<CProcessorCommands> m_processorCommands;

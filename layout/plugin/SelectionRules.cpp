@@ -11,13 +11,15 @@ std::optional<WarningState> SelectionRules::warningFor(PrcTreeNodeType type,
     using Node = ProcessorTree::ProcessorNode;
     if (processors.isEmpty())
         return anyOnline ? WarningState::NoneSelected : WarningState::NoProcessorOnline;
-    if (type == PrcTreeNodeType::Group) {
-        const bool fiber = std::any_of(processors.begin(), processors.end(),
-                                       [](const Node &node) { return node.fiberTransceiver; });
-        return fiber ? WarningState::FiberTransceiverInGroup : WarningState::SeveralSelected;
+    const auto withoutArea = std::count_if(processors.begin(), processors.end(),
+                                           [](const Node &node) { return node.fiberTransceiver; });
+    const bool group = type == PrcTreeNodeType::Group;
+    if (group && withoutArea > 0)
+        return WarningState::FiberTransceiverInGroup;
+    if (group || processors.size() > 1) {
+        const bool several = processors.size() - withoutArea > 1;
+        return several ? std::nullopt : std::optional(WarningState::SeveralSelected);
     }
-    if (processors.size() > 1)
-        return WarningState::SeveralSelected;
     if (!processors.first().online)
         return WarningState::Offline;
     if (processors.first().fiberTransceiver)

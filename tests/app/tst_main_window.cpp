@@ -93,7 +93,8 @@ private:
     }
     bool showsEditor() const
     {
-        return findVisible<QGraphicsView>(*m_window, [](const QGraphicsView &) { return true; });
+        return findVisible<QGraphicsView>(
+            *m_window, [](const QGraphicsView &view) { return view.inherits("CLayoutGraphicsView"); });
     }
     /// The overlay with that title; the editor for an empty one.
     bool shows(const QString &title) const
@@ -189,9 +190,9 @@ private Q_SLOTS:
         row("offline", "Foyer", "The current processor is offline");
         row("80 ports", "Arena", "");
         row("fibre", "Balcony", "Fiber Optic Transceiver Mode is on, and no other operations are avaliable.");
-        row("group", "Side screens", "Please select a single processor");
+        row("group", "Side screens", "Summary");
         row("member", "Side left", "");
-        row("two", "Lobby,Main stage", "Please select a single processor");
+        row("two", "Lobby,Main stage", "Summary");
         row("one again", "Main stage", "");
     }
     void theSelectionDecidesWhatTheModuleShows()
@@ -205,6 +206,25 @@ private Q_SLOTS:
         QCOMPARE(device.has_value(), nodes.size() == 1 && nodes.first() != QStringLiteral("Side screens"));
         if (device)
             QCOMPARE(device->node.name, nodes.first());
+    }
+
+    void severalProcessorsAreMovedInTheSummary()
+    {
+        click(QStringLiteral("Side screens"));
+        QTRY_VERIFY(shows(QStringLiteral("Summary")));
+        const CDeviceTable &table = m_window->manager().table();
+        const QUuid left = table.selection().first();
+        QCOMPARE(table.device(left)->settings.offset, QPoint(0, 0));
+        auto *view = findVisible<QGraphicsView>(*m_window, [](const QGraphicsView &) { return true; });
+        view->setFocus();
+        QTest::keyClick(view, Qt::Key_Down, Qt::ShiftModifier);
+        QCOMPARE(table.device(left)->settings.offset, QPoint(0, 10));
+        click(QStringLiteral("Lobby"));
+        QTRY_VERIFY(showsEditor());
+        click(QStringLiteral("Side screens"));
+        QTRY_VERIFY(shows(QStringLiteral("Summary")));
+        QTest::mouseClick(visibleButton(*m_window, "Undo(Ctrl+Z)"), Qt::LeftButton);
+        QCOMPARE(table.device(left)->settings.offset, QPoint(0, 0));
     }
 
     void faultsCanBeSimulatedForASingleDevice()

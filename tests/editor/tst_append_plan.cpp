@@ -85,14 +85,6 @@ private Q_SLOTS:
         const int pattern = CAppendPlan::patternAfter(tail, cells);
         QTEST(QString::fromLatin1(CSnakeOrder::patterns().at(pattern).name), "pattern");
     }
-
-    void edgesAttractWithinReachOnly()
-    {
-        const QVector<QRect> neighbours = {QRect(0, 0, 100, 100)};
-        QCOMPARE(CAppendPlan::snapped(QRect(104, 3, 50, 50), neighbours, 5), QRect(100, 0, 50, 50));
-        QCOMPARE(CAppendPlan::snapped(QRect(106, 6, 50, 50), neighbours, 5), QRect(106, 6, 50, 50));
-        QCOMPARE(CAppendPlan::snapped(QRect(48, 103, 50, 50), neighbours, 5), QRect(50, 100, 50, 50));
-    }
 };
 
 ORVO_TEST_MAIN(QCoreApplication, CAppendPlanTest)

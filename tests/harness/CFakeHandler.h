@@ -28,6 +28,7 @@ public:
     QMap<int, int> loads;            ///< percent by port index
     QVector<SSettings::TypeLibrary::STreeNode> library;
     QMap<QUuid, SBackgroundInfo> backgrounds;
+    ProcessorBoundingRects rects;
     QList<QPair<QUuid, QUuid>> redundancies;
     QSet<QString> refused; ///< names of the operations that give false
     QString error = QStringLiteral("The processor does not answer.");
@@ -111,6 +112,8 @@ public:
     bool setFrameRateAndColorDepth(int hertz, int bits) override;
     SBackgroundInfo background(const QUuid &processor) const override;
     bool setBackground(const SBackgroundInfo &info) override;
+    ProcessorBoundingRects processorBoundingRects(const QList<QUuid> &processors) const override;
+    bool setProcessorOffsets(const ProcessorOffsets &offsets) override;
 
 private:
     friend class CFakeAnswers;

@@ -179,3 +179,9 @@ SBackgroundInfo CFakeHandler::background(const QUuid &processor) const
     const auto lock = note("background");
     return backgrounds.value(processor);
 }
+
+ProcessorBoundingRects CFakeHandler::processorBoundingRects(const QList<QUuid> &) const
+{
+    const auto lock = note("processorBoundingRects");
+    return rects;
+}

@@ -166,3 +166,15 @@ bool CFakeHandler::setBackground(const SBackgroundInfo &info)
 {
     return answer("setBackground", {text(info.processor), info.file});
 }
+
+bool CFakeHandler::setProcessorOffsets(const ProcessorOffsets &offsets)
+{
+    QStringList arguments;
+    for (auto it = offsets.begin(); it != offsets.end(); ++it)
+        arguments << text(it.key()) << text(it.value().x()) << text(it.value().y());
+    const bool done = answer("setProcessorOffsets", arguments);
+    const Lock lock(m_mutex);
+    for (auto it = offsets.begin(); done && it != offsets.end(); ++it)
+        rects[it.key()].moveTo(it.value());
+    return done;
+}

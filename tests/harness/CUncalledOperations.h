@@ -26,8 +26,6 @@ public:
     }
     bool areProcessorsOnline(const QList<QUuid> &) const override { return none(); }
     bool areProcessorsBusy(const QList<QUuid> &) const override { return none(); }
-    ProcessorBoundingRects processorBoundingRects(const QList<QUuid> &) const override { return none(); }
-    bool setProcessorOffset(const QUuid &, const QPoint &) override { return none(); }
 
 private:
     struct SNone

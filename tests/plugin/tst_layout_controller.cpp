@@ -92,6 +92,7 @@ struct SModuleScene final
 };
 
 const QString Editor = QStringLiteral("CLayoutEditorPage");
+const QString Summary = QStringLiteral("CLayoutSummaryWidget");
 const QString Warning = QStringLiteral("CWholeModuleWarningWidget");
 
 } // namespace
@@ -132,7 +133,12 @@ private Q_SLOTS:
         module.select({module.a});
         QCOMPARE(module.page(), Editor);
         module.select({module.a, module.b});
+        QCOMPARE(module.page(), Summary);
+        QCOMPARE(module.title(), QStringLiteral("Summary"));
+        module.answers()->fiber = {module.b}; // which leaves one with an area
+        module.select({module.a, module.b});
         QCOMPARE(module.title(), QStringLiteral("Please select a single processor"));
+        module.answers()->fiber.clear();
         module.host.notify(LayoutNotification::SelectedNodeChanged,
                            SSelectedNodeChange{{}, PrcTreeNodeType::Other});
         module.answers()->selected = {module.a};

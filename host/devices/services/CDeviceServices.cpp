@@ -88,6 +88,8 @@ void CDeviceServices::announceSettings(const QUuid &processor, const SProcessorS
     if (after.primary != before.primary) // the module asks anew who stands in for whom
         m_announcer.notify(LayoutNotification::ProcessorStateChanged,
                            SProcessorStateChange{processor, online});
+    if (newCanvas || after.offset != before.offset)
+        announceArea(processor);
     if (newCanvas || newBackground)
         m_announcer.announceCommit(processor);
     else
@@ -104,11 +106,20 @@ void CDeviceServices::select(const QList<QUuid> &processors, PrcTreeNodeType typ
     const QUuid before = m_table.current();
     const bool single = type == PrcTreeNodeType::Processor && known.size() == 1;
     const QUuid current = single ? known.first() : QUuid();
+    m_selectionType = type;
     m_table.setSelection(current, known);
     if (current != before)
         m_announcer.announceCurrentProcessor(current);
     m_announcer.notify(LayoutNotification::SelectedNodeChanged,
                        SSelectedNodeChange{m_table.areas(known), type});
+}
+
+void CDeviceServices::announceArea(const QUuid &processor)
+{
+    const QList<QUuid> selection = m_table.selection();
+    if (selection.size() > 1 && selection.contains(processor))
+        m_announcer.notify(LayoutNotification::SelectedNodeChanged,
+                           SSelectedNodeChange{m_table.areas(selection), m_selectionType});
 }
 
 void CDeviceServices::setFlush(std::function<void()> flush)

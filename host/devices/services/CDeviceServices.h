@@ -7,6 +7,7 @@
 #include "host/devices/services/CMailbox.h"
 #include "host/devices/services/CSimulatedPark.h"
 
+#include <atomic>
 #include <functional>
 
 /// How devices are reached.
@@ -54,10 +55,13 @@ public:
 private:
     void announceSettings(const QUuid &processor, const SProcessorSettings &before,
                           const SProcessorSettings &after, bool online);
+    /// Announces a selection of several again when @p processor, whose area has changed, is one of them.
+    void announceArea(const QUuid &processor);
 
     CMailbox m_mailbox;
     CDeviceTable m_table;
     CSimulatedPark m_park;
     CDeviceAnnouncer m_announcer;
+    std::atomic<PrcTreeNodeType> m_selectionType{PrcTreeNodeType::Processor};
     std::function<void()> m_flush;
 };

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QPoint>
 #include <QSize>
 
 /// What a layout may hold. Operations and readers refuse what lies beyond; dialogs offer only what lies
@@ -13,6 +14,7 @@ constexpr int SmallestSide = 1;          ///< of a cabinet, pixels
 constexpr int LargestSide = 2048;        ///< of a cabinet, pixels
 constexpr int SmallestCustomSide = 8;    ///< of a cabinet whose size the user enters, pixels
 constexpr int LargestCanvasSide = 32768; ///< of a canvas that is made here, pixels
+constexpr int LargestOffset = 1 << 20;   ///< of a processor on the shared canvas, either way, pixels
 
 inline bool isSide(int pixels)
 {
@@ -21,6 +23,12 @@ inline bool isSide(int pixels)
 inline bool isCabinetSize(const QSize &size)
 {
     return isSide(size.width()) && isSide(size.height());
+}
+
+inline bool isOffset(const QPoint &offset)
+{
+    const auto within = [](int pixels) { return pixels >= -LargestOffset && pixels <= LargestOffset; };
+    return within(offset.x()) && within(offset.y());
 }
 
 } // namespace LayoutLimits

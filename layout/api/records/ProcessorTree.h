@@ -56,6 +56,8 @@ struct ProcessorTree
 
 /// Processors' bounding rectangles, in pixels of the shared canvas of a selection.
 using ProcessorBoundingRects = QMap<QUuid, QRect>;
+/// Where processors' areas lie on the shared canvas, in pixels.
+using ProcessorOffsets = QMap<QUuid, QPoint>;
 
 Q_DECLARE_METATYPE(PrcTreeNodeType)
 Q_DECLARE_METATYPE(ProcessorTree::ProcessorNode)

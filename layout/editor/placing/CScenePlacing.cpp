@@ -15,6 +15,7 @@
 #include "layout/editor/placing/CPasteContent.h"
 #include "layout/editor/recording/CUndoRecorder.h"
 #include "layout/geometry/CAppendPlan.h"
+#include "layout/geometry/CEdgeSnap.h"
 #include "layout/geometry/CSnakeOrder.h"
 #include "platform/widgets/CGraphicsScene.h"
 #include "platform/widgets/CMessageBox.h"
@@ -177,7 +178,7 @@ QRect CScenePlacing::ghostAt(const QPointF &scenePos) const
         if (item->type() == CabinetItemKind)
             neighbours << static_cast<const CGraphicsCabinetItem *>(item)->cabinet().rect;
     }
-    ghost = CAppendPlan::snapped(ghost, neighbours, reach);
+    ghost = CEdgeSnap::snapped(ghost, neighbours, reach);
     ghost.moveTopLeft(QPoint(qMax(ghost.left(), 0), qMax(ghost.top(), 0)));
     return ghost;
 }

@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/summary/CGraphicsProcessorItem.h"
+
+#include "platform/widgets/ThemeColors.h"
+
+#include <QPainter>
+#include <QPen>
+
+namespace {
+
+constexpr int TextPixels = 12; // on the screen, at every zoom
+constexpr int TextMargin = 8;
+constexpr int FillOpacity = 150; // what lies below an area shines through
+
+QColor translucent(QRgb rgb)
+{
+    QColor color(rgb);
+    color.setAlpha(FillOpacity);
+    return color;
+}
+
+} // namespace
+
+CGraphicsProcessorItem::CGraphicsProcessorItem(const QUuid &processor, const QString &text, const QRect &area)
+    : QGraphicsRectItem(area)
+    , m_text(text)
+{
+    setFlags(ItemIsMovable | ItemIsSelectable | ItemSendsScenePositionChanges);
+    QPen edge(QColor(ThemeColors::Outline), 0);
+    edge.setCosmetic(true);
+    setPen(edge);
+    setData(KeyRole, processor);
+    setData(AreaRole, area);
+    setToolTip(text);
+}
+
+void CGraphicsProcessorItem::setOnline(bool online)
+{
+    m_online = online;
+    QPen edge = pen();
+    edge.setStyle(online ? Qt::SolidLine : Qt::DashLine);
+    setPen(edge);
+}
+
+QVariant CGraphicsProcessorItem::itemChange(GraphicsItemChange change, const QVariant &value)
+{
+    if (change == ItemScenePositionHasChanged) {
+        Q_EMIT geometryChanged(mapRectToScene(rect()));
+        Q_EMIT offsetChanged(offset());
+    }
+    return QGraphicsRectItem::itemChange(change, value);
+}
+
+void CGraphicsProcessorItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *, QWidget *)
+{
+    painter->setPen(pen());
+    painter->setBrush(translucent(isSelected() ? ThemeColors::Accent : ThemeColors::Raised));
+    painter->drawRect(rect());
+    painter->save();
+    paintText(*painter);
+    painter->restore();
+}
+
+/// In pixels of the screen: a font of 12 pixels divided by the scale would be rounded when it is scaled back.
+void CGraphicsProcessorItem::paintText(QPainter &painter) const
+{
+    const qreal scale = painter.worldTransform().m11();
+    painter.scale(1 / scale, 1 / scale);
+    const QRectF room =
+        QRectF(rect().topLeft() * scale, rect().size() * scale).adjusted(TextMargin, 0, -TextMargin, 0);
+    QFont font = painter.font();
+    font.setWeight(QFont::DemiBold); // 600
+    font.setPixelSize(TextPixels);
+    painter.setFont(font);
+    const QFontMetricsF metrics(font, painter.device());
+    if (room.width() < metrics.horizontalAdvance(QChar(0x2026)) || room.height() < metrics.height())
+        return; // not even the dots would lie inside
+    painter.setPen(QColor(m_online ? ThemeColors::Text : ThemeColors::SoftText));
+    const QString name = metrics.elidedText(m_text, Qt::ElideMiddle, room.width());
+    const bool hasState = !m_online && room.height() >= 2 * metrics.lineSpacing();
+    painter.drawText(room, Qt::AlignCenter, hasState ? name + QLatin1Char('\n') + tr("offline") : name);
+}

@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/api/records/ProcessorTree.h"
+#include "layout/summary/SSummaryProcessor.h"
+
+#include <QWidget>
+
+#include <memory>
+
+class COffsetHistory;
+class CSummaryGraphicsView;
+class CSummaryLabel;
+class QAction;
+class QHBoxLayout;
+class QLabel;
+
+/// The page for several processors: shows their areas on the shared canvas, has the host keep the offsets
+/// that the user gives them, and takes these back. GUI thread.
+class CLayoutSummaryWidget final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CLayoutSummaryWidget(QWidget *parent = nullptr);
+    ~CLayoutSummaryWidget() override;
+
+    /// Shows @p processors as the host has them now; those in fibre optic transceiver mode have no area.
+    void showProcessors(const QList<ProcessorTree::ProcessorNode> &processors);
+    /// Lets the user look only.
+    void setEditingBlocked(bool blocked);
+
+private:
+    void buildUi();
+    QHBoxLayout *titleRow();
+    QAction *addStep(QHBoxLayout &row, const QString &icon, const QString &text,
+                     const QList<QKeySequence> &keys);
+    void connectSignals();
+    void onMoved(const ProcessorOffsets &before, const ProcessorOffsets &after);
+    void undo();
+    void redo();
+    bool place(const ProcessorOffsets &offsets);
+    static bool write(const ProcessorOffsets &offsets);
+    void tellProblem();
+    void updateLabel();
+    void updateSteps();
+    QString noteOn(const QVector<SSummaryProcessor> &selection) const;
+
+    QLabel *m_count = nullptr;
+    CSummaryGraphicsView *m_view = nullptr;
+    CSummaryLabel *m_label = nullptr;
+    QAction *m_undo = nullptr;
+    QAction *m_redo = nullptr;
+    const std::unique_ptr<COffsetHistory> m_history;
+    bool m_blocked = false;
+};

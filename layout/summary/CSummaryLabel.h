@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QWidget>
+
+class QFormLayout;
+class QLabel;
+class QSpinBox;
+class QVBoxLayout;
+
+/// The figures of what is selected in the summary: its area, and its offset, which can be typed. An offset is
+/// taken with Return or when its field is left, and put back with Escape. GUI thread.
+class CSummaryLabel final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CSummaryLabel(QWidget *parent = nullptr);
+
+    /// What the figures belong to, and what there is to say of it. An empty @p title: nothing; then the
+    /// figures are 0.
+    void setSubject(const QString &title, const QString &note);
+    /// Whether offsets may be entered.
+    void setEditable(bool editable);
+
+Q_SIGNALS:
+    void notifyItemOffsetChanged(const QPoint &offset);
+
+public Q_SLOTS:
+    void onItemGeometryChanged(const QRectF &geometry);
+    void onItemOffsetChanged(const QPoint &offset);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void buildUi();
+    void connectSignals();
+    QFormLayout *addSection(QVBoxLayout &column, const QString &heading);
+    QSpinBox *addField(QFormLayout &form, const QString &heading, const QString &name);
+
+    QLabel *m_title = nullptr;
+    QLabel *m_note = nullptr;
+    QSpinBox *m_width = nullptr;
+    QSpinBox *m_height = nullptr;
+    QSpinBox *m_x = nullptr;
+    QSpinBox *m_y = nullptr;
+};

@@ -1,0 +1,227 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/resources/LayoutResources.h"
+#include "layout/summary/CLayoutSummaryWidget.h"
+#include "layout/summary/CSummaryGraphicsView.h"
+#include "layout/summary/CSummaryLabel.h"
+#include "tests/harness/CFakeHost.h"
+#include "tests/harness/CMessageBoxAnswerer.h"
+#include "tests/harness/CTestBase.h"
+
+#include <QLabel>
+#include <QSpinBox>
+#include <QToolButton>
+
+namespace {
+
+const QString Write = QStringLiteral("setProcessorOffsets");
+
+struct SPageWorld
+{
+    SPageWorld()
+    {
+        host.answers()->rects = {
+            {a, QRect(0, 0, 400, 300)}, {b, QRect(500, 0, 200, 200)}, {c, QRect(0, 500, 100, 100)}};
+        page.resize(900, 600);
+        page.show();
+        QApplication::setActiveWindow(&page);
+        show({a, b});
+    }
+
+    void show(const QList<QUuid> &processors)
+    {
+        QList<ProcessorTree::ProcessorNode> nodes;
+        for (const QUuid &processor : processors)
+            nodes << host.answers()->getProcessorNode(processor);
+        page.showProcessors(nodes);
+    }
+    CSummaryGraphicsView &view() const { return *page.findChild<CSummaryGraphicsView *>(); }
+    ProcessorOffsets offsets() const { return view().offsets(); }
+    ProcessorOffsets kept()
+    {
+        ProcessorOffsets kept;
+        const auto answers = host.answers();
+        for (const QUuid &processor : {a, b})
+            kept.insert(processor, answers->rects.value(processor).topLeft());
+        return kept;
+    }
+    void key(int key, Qt::KeyboardModifiers modifiers = {}) const
+    {
+        QApplication::setActiveWindow(view().window()); // after a message box, too
+        view().setFocus();
+        QTest::keyClick(&view(), Qt::Key(key), modifiers);
+    }
+    QSpinBox &field(const char *name) const
+    {
+        for (QSpinBox *field : page.findChildren<QSpinBox *>()) {
+            if (field->accessibleName() == QLatin1String(name))
+                return *field;
+        }
+        qFatal("There is no such field");
+    }
+    void typeX(const char *text) const
+    {
+        QSpinBox &x = field("Offset, X");
+        x.setFocus();
+        x.selectAll();
+        QTest::keyClicks(&x, QString::fromLatin1(text));
+        QTest::keyClick(&x, Qt::Key_Return);
+    }
+    QToolButton &button(int place) const { return *page.findChildren<QToolButton *>().at(place); }
+    bool says(const char *text) const
+    {
+        const auto labels = page.findChildren<QLabel *>();
+        return std::any_of(labels.begin(), labels.end(), [text](const QLabel *label) {
+            return label->text().contains(QLatin1String(text));
+        });
+    }
+
+    CFakeHost host;
+    QUuid a = host.addProcessor(QStringLiteral("A"), 1);
+    QUuid b = host.addProcessor(QStringLiteral("B"), 1);
+    QUuid c = host.addProcessor(QStringLiteral("C"), 1);
+    CLayoutSummaryWidget page;
+};
+
+} // namespace
+
+class CSummaryPageTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        initLayoutResources();
+    }
+
+    void theHostKeepsWhatTheUserMoves()
+    {
+        SPageWorld world;
+        world.key(Qt::Key_Right, Qt::ShiftModifier);
+        QCOMPARE(world.kept().value(world.a), QPoint(10, 0));
+        world.typeX("1234");
+        QCOMPARE(world.kept().value(world.a), QPoint(1234, 0));
+        QCOMPARE(world.host.answers()->count(Write), 2);
+        QCOMPARE(world.offsets(), world.kept());
+        QCOMPARE(world.field("Offset, X").value(), 1234);
+        QCOMPARE(world.field("Processor area, Height").value(), 300);
+    }
+
+    void undoAndRedoAreExact()
+    {
+        SPageWorld world;
+        QVector<ProcessorOffsets> states{world.offsets()};
+        const auto note = [&] { states << world.offsets(); };
+        world.key(Qt::Key_Down);
+        note();
+        world.key(Qt::Key_A, Qt::ControlModifier);
+        world.key(Qt::Key_Left, Qt::ShiftModifier);
+        note();
+        world.typeX("-777"); // the outline of both
+        note();
+        QCOMPARE(world.offsets().value(world.b).x() - world.offsets().value(world.a).x(), 500);
+        for (int round = 0; round < 2; ++round) {
+            for (int i = states.size() - 2; i >= 0; --i) {
+                QVERIFY(world.button(0).isEnabled());
+                world.key(Qt::Key_Z, Qt::ControlModifier);
+                QCOMPARE(world.offsets(), states.at(i));
+                QCOMPARE(world.kept(), states.at(i));
+            }
+            QVERIFY(!world.button(0).isEnabled());
+            for (int i = 1; i < states.size(); ++i) {
+                world.key(Qt::Key_Y, Qt::ControlModifier);
+                QCOMPARE(world.offsets(), states.at(i));
+                QCOMPARE(world.kept(), states.at(i));
+            }
+            QVERIFY(!world.button(1).isEnabled());
+        }
+    }
+
+    void stepsAreUndoneFromAFieldThatIsNotTypedIn()
+    {
+        SPageWorld world;
+        world.typeX("80");
+        QSpinBox &x = world.field("Offset, X");
+        QTest::keyClicks(&x, QStringLiteral("9"));
+        QTest::keyClick(&x, Qt::Key_Z, Qt::ControlModifier); // what was typed
+        QCOMPARE(world.kept().value(world.a), QPoint(80, 0));
+        QTest::keyClick(&x, Qt::Key_Escape);
+        QTest::keyClick(&x, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(world.kept().value(world.a), QPoint(0, 0));
+        QCOMPARE(x.value(), 0);
+    }
+
+    void aRefusalChangesNothingAndSaysWhy()
+    {
+        SPageWorld world;
+        world.key(Qt::Key_Right);
+        const ProcessorOffsets before = world.kept();
+        world.host.answers()->refused = {Write};
+        CMessageBoxAnswerer user({QStringLiteral("OK"), QStringLiteral("OK"), QStringLiteral("OK")});
+        world.key(Qt::Key_Down);
+        world.typeX("55");
+        QCOMPARE(world.field("Offset, X").value(), 1);
+        world.key(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(user.boxes().size(), 3);
+        QCOMPARE(user.texts().first(), QStringLiteral("Set failed."));
+        QCOMPARE(user.boxes().first().details, world.host.answers()->error);
+        QCOMPARE(world.offsets(), before);
+        world.host.answers()->refused.clear();
+        world.key(Qt::Key_Z, Qt::ControlModifier); // the step was not lost
+        QCOMPARE(world.offsets().value(world.a), QPoint(0, 0));
+        QVERIFY(!world.button(0).isEnabled());
+    }
+
+    void theHistoryIsThatOfTheProcessorsInView_data()
+    {
+        QTest::addColumn<QString>("meanwhile");
+        QTest::addColumn<bool>("kept");
+        QTest::newRow("nothing") << QString() << true;
+        QTest::newRow("another name") << QStringLiteral("name") << true;
+        QTest::newRow("others shown") << QStringLiteral("others") << false;
+        QTest::newRow("moved elsewhere") << QStringLiteral("moved") << false;
+    }
+    void theHistoryIsThatOfTheProcessorsInView()
+    {
+        QFETCH(QString, meanwhile);
+        SPageWorld world;
+        world.key(Qt::Key_Right);
+        if (meanwhile == QLatin1String("name"))
+            world.host.answers()->nodes[0].name = QStringLiteral("Alpha");
+        else if (meanwhile == QLatin1String("others"))
+            world.show({world.a, world.c});
+        else if (meanwhile == QLatin1String("moved"))
+            world.host.answers()->rects[world.b].moveTo(3, 3);
+        world.show({world.a, world.b});
+        QTEST(world.button(0).isEnabled(), "kept");
+        QCOMPARE(world.offsets(), world.kept());
+    }
+
+    void whatStandsInTheWayIsTold()
+    {
+        SPageWorld world;
+        QVERIFY(world.says("Drag to move"));
+        world.page.setEditingBlocked(true);
+        QVERIFY(world.says("Editing is locked"));
+        QVERIFY(!world.field("Offset, X").isEnabled());
+        world.page.setEditingBlocked(false);
+        QVERIFY(world.field("Offset, X").isEnabled());
+        world.host.answers()->nodes[0].online = false;
+        world.show({world.a, world.b});
+        QVERIFY(world.says("The processor is offline"));
+        QVERIFY(!world.field("Offset, X").isEnabled());
+        world.key(Qt::Key_Right);
+        QCOMPARE(world.host.answers()->count(Write), 0);
+        world.key(Qt::Key_A, Qt::ControlModifier);
+        QVERIFY(world.says("2 processors selected"));
+        QVERIFY(world.says("Those that are offline stay"));
+        world.host.answers()->nodes[2].fiberTransceiver = true;
+        world.show({world.a, world.b, world.c});
+        QVERIFY(world.says("2 processors; in Fiber Optic Transceiver Mode, without an area: C(127.0.0.1)"));
+        QCOMPARE(world.offsets().size(), 2);
+    }
+};
+
+ORVO_TEST_MAIN(QApplication, CSummaryPageTest)
+#include "tst_summary_page.moc"

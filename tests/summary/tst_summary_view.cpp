@@ -1,0 +1,402 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/resources/LayoutResources.h"
+#include "layout/summary/CGraphicsProcessorItem.h"
+#include "layout/summary/CSummaryGraphicsView.h"
+#include "layout/summary/CSummaryLabel.h"
+#include "platform/widgets/CGraphicsScene.h"
+#include "tests/harness/CTestBase.h"
+
+#include <QLineEdit>
+#include <QPen>
+#include <QSpinBox>
+
+#include <limits>
+
+namespace {
+
+/// Two processors side by side with a gap, and one that is offline below them; a screen pixel is one of the
+/// canvas.
+struct SViewWorld
+{
+    SViewWorld()
+    {
+        view.resize(700, 600);
+        view.show();
+        view.setProcessors({a, b, off});
+        view.setScaleFactor(1);
+        moved.clear();
+    }
+
+    CGraphicsProcessorItem &item(const SSummaryProcessor &processor) const
+    {
+        for (QGraphicsItem *item : view.scene()->items()) {
+            if (item->data(CGraphicsProcessorItem::KeyRole).toUuid() == processor.uuid)
+                return *dynamic_cast<CGraphicsProcessorItem *>(item);
+        }
+        qFatal("There is no such item");
+    }
+    QPoint middleOf(const SSummaryProcessor &processor) const
+    {
+        return view.mapFromScene(item(processor).sceneBoundingRect().center());
+    }
+    void click(const SSummaryProcessor &processor, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, modifiers, middleOf(processor));
+    }
+    void press(const SSummaryProcessor &processor)
+    {
+        pressed = middleOf(processor);
+        QTest::mousePress(view.viewport(), Qt::LeftButton, {}, pressed);
+    }
+    void moveBy(const QPoint &way, Qt::KeyboardModifiers modifiers = {})
+    {
+        QMouseEvent move(QEvent::MouseMove, pressed + way, view.viewport()->mapToGlobal(pressed + way),
+                         Qt::NoButton, Qt::LeftButton, modifiers);
+        QApplication::sendEvent(view.viewport(), &move);
+    }
+    void release(const QPoint &way, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::mouseRelease(view.viewport(), Qt::LeftButton, modifiers, pressed + way);
+    }
+    void drag(const SSummaryProcessor &processor, const QPoint &way, Qt::KeyboardModifiers modifiers = {})
+    {
+        press(processor);
+        moveBy(way, modifiers);
+        release(way, modifiers);
+    }
+    QStringList selected() const
+    {
+        QStringList texts;
+        for (const SSummaryProcessor &processor : view.selection())
+            texts << processor.text.left(1);
+        return texts;
+    }
+    QPoint offsetOf(const SSummaryProcessor &processor) const { return view.offsets().value(processor.uuid); }
+
+    const SSummaryProcessor a{QUuid::createUuid(), QStringLiteral("A(10.0.0.1)"), {200, 100}, {0, 0}, true};
+    const SSummaryProcessor b{QUuid::createUuid(), QStringLiteral("B(10.0.0.2)"), {100, 150}, {260, 0}, true};
+    const SSummaryProcessor off{
+        QUuid::createUuid(), QStringLiteral("Off(10.0.0.3)"), {120, 80}, {0, 200}, false};
+    CSummaryGraphicsView view;
+    QSignalSpy moved{&view, &CSummaryGraphicsView::notifyMoved};
+    QPoint pressed;
+};
+
+using SpinBoxes = QMap<QString, QSpinBox *>;
+
+SpinBoxes fieldsOf(const CSummaryLabel &label)
+{
+    SpinBoxes fields;
+    for (QSpinBox *field : label.findChildren<QSpinBox *>())
+        fields.insert(field->accessibleName(), field);
+    return fields;
+}
+
+const QString X = QStringLiteral("Offset, X");
+const QString Y = QStringLiteral("Offset, Y");
+const QString Width = QStringLiteral("Processor area, Width");
+const QString Height = QStringLiteral("Processor area, Height");
+
+} // namespace
+
+class CSummaryViewTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        initLayoutResources();
+        qRegisterMetaType<ProcessorOffsets>("ProcessorOffsets");
+    }
+
+    void aProcessorIsAnItemOfItsAreaAtItsOffset()
+    {
+        const SViewWorld world;
+        const CGraphicsProcessorItem &item = world.item(world.b);
+        QCOMPARE(item.data(0).toUuid(), world.b.uuid);
+        QCOMPARE(item.data(2).toRect(), QRect(0, 0, 100, 150));
+        QCOMPARE(item.rect(), QRectF(0, 0, 100, 150));
+        QCOMPARE(item.pos(), QPointF(260, 0));
+        QCOMPARE(item.toolTip(), world.b.text);
+        QCOMPARE(int(item.flags()), int(QGraphicsItem::ItemIsMovable | QGraphicsItem::ItemIsSelectable |
+                                        QGraphicsItem::ItemSendsScenePositionChanges));
+        QVERIFY(item.pen().isCosmetic() && item.pen().width() == 0);
+        QVERIFY(world.view.sceneRect().contains(QRectF(0, 0, 360, 280)));
+        QCOMPARE(world.selected(), QStringList{QStringLiteral("A")});
+    }
+
+    void anItemTellsWhereItWasMoved()
+    {
+        SViewWorld world;
+        CGraphicsProcessorItem &item = world.item(world.a);
+        const QSignalSpy geometry(&item, &CGraphicsProcessorItem::geometryChanged);
+        const QSignalSpy offset(&item, &CGraphicsProcessorItem::offsetChanged);
+        const QSignalSpy viewGeometry(&world.view, &CSummaryGraphicsView::itemGeometryChanged);
+        const QSignalSpy viewOffset(&world.view, &CSummaryGraphicsView::itemOffsetChanged);
+        item.setPos(30, -40);
+        QCOMPARE(geometry.last().first().toRectF(), QRectF(30, -40, 200, 100));
+        QCOMPARE(offset.last().first().toPoint(), QPoint(30, -40));
+        QCOMPARE(viewGeometry.last().first().toRectF(), QRectF(30, -40, 200, 100));
+        QCOMPARE(viewOffset.last().first().toPoint(), QPoint(30, -40));
+    }
+
+    void clicksSelect()
+    {
+        SViewWorld world;
+        const QSignalSpy selection(&world.view, &CSummaryGraphicsView::selectionChanged);
+        world.click(world.b);
+        QCOMPARE(selection.count(), 1);
+        QCOMPARE(selection.last().first().toUuid(), world.b.uuid);
+        world.click(world.off, Qt::ControlModifier);
+        QCOMPARE(world.selected(), (QStringList{QStringLiteral("B"), QStringLiteral("O")}));
+        world.click(world.off); // out of both
+        QCOMPARE(world.selected(), QStringList{QStringLiteral("O")});
+        world.click(world.off, Qt::ControlModifier);
+        QCOMPARE(selection.last().first().toUuid(), QUuid());
+        QTest::keyClick(&world.view, Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(world.selected().size(), 3);
+        QCOMPARE(world.moved.count(), 0);
+    }
+
+    void aDragCatchesAtEdges_data()
+    {
+        QTest::addColumn<QPoint>("way");
+        QTest::addColumn<bool>("alt");
+        QTest::addColumn<qreal>("scale");
+        QTest::addColumn<QPoint>("expected");
+        QTest::newRow("at an edge") << QPoint(-53, 30) << false << 1.0 << QPoint(200, 30);
+        QTest::newRow("beyond reach") << QPoint(-40, 30) << false << 1.0 << QPoint(220, 30);
+        QTest::newRow("Alt") << QPoint(-53, 30) << true << 1.0 << QPoint(207, 30);
+        QTest::newRow("from afar it reaches further") << QPoint(-21, 60) << false << 0.5 << QPoint(200, 130);
+        QTest::newRow("close by less far") << QPoint(-106, 60) << false << 2.0 << QPoint(207, 30);
+    }
+    void aDragCatchesAtEdges()
+    {
+        QFETCH(QPoint, way);
+        QFETCH(bool, alt);
+        QFETCH(qreal, scale);
+        SViewWorld world;
+        world.view.setScaleFactor(scale);
+        world.drag(world.b, way, alt ? Qt::AltModifier : Qt::NoModifier);
+        QTEST(world.offsetOf(world.b), "expected");
+        QTEST(world.item(world.b).offset(), "expected");
+        QCOMPARE(world.moved.count(), 1);
+        QCOMPARE(world.moved.first().at(0).value<ProcessorOffsets>(),
+                 (ProcessorOffsets{{world.b.uuid, world.b.offset}}));
+        QCOMPARE(world.moved.first().at(1).value<ProcessorOffsets>(),
+                 (ProcessorOffsets{{world.b.uuid, world.offsetOf(world.b)}}));
+    }
+
+    void severalMoveTogetherAndThoseOfflineStay()
+    {
+        SViewWorld world;
+        QTest::keyClick(&world.view, Qt::Key_A, Qt::ControlModifier);
+        world.drag(world.a, {60, 400}, Qt::AltModifier);
+        QCOMPARE(world.offsetOf(world.a), QPoint(60, 400));
+        QCOMPARE(world.offsetOf(world.b), QPoint(320, 400));
+        QCOMPARE(world.offsetOf(world.off), QPoint(0, 200));
+        QCOMPARE(world.moved.count(), 1);
+    }
+
+    void whatCannotBeMovedIsNot()
+    {
+        SViewWorld world;
+        world.drag(world.off, {100, 100});
+        QTest::keyClick(&world.view, Qt::Key_Right);
+        QVERIFY(!world.view.canMove());
+        world.view.setEditingBlocked(true);
+        world.drag(world.a, {100, 100});
+        QTest::keyClick(&world.view, Qt::Key_Right);
+        QVERIFY(!world.view.canMove());
+        world.view.onItemOffsetChanged({5, 5});
+        QCOMPARE(world.moved.count(), 0);
+        QCOMPARE(world.offsetOf(world.a), QPoint(0, 0));
+        world.view.setEditingBlocked(false);
+        QVERIFY(world.view.canMove());
+    }
+
+    void aDragIsGivenUp_data()
+    {
+        QTest::addColumn<QString>("by");
+        for (const char *by : {"Escape", "other offsets", "the lock", "the focus"})
+            QTest::newRow(by) << QString::fromLatin1(by);
+    }
+    void aDragIsGivenUp()
+    {
+        QFETCH(QString, by);
+        SViewWorld world;
+        world.press(world.b);
+        world.moveBy({50, 50});
+        QCOMPARE(world.item(world.b).offset(), QPoint(310, 50));
+        QCOMPARE(world.offsetOf(world.b), QPoint(260, 0)); // not before it ends
+        if (by == QLatin1String("Escape")) {
+            QTest::keyClick(&world.view, Qt::Key_Escape);
+        } else if (by == QLatin1String("other offsets")) {
+            world.view.setOffsets({{world.a.uuid, {0, 0}}});
+        } else if (by == QLatin1String("the lock")) {
+            world.view.setEditingBlocked(true);
+        } else {
+            QFocusEvent out(QEvent::FocusOut);
+            QApplication::sendEvent(&world.view, &out);
+        }
+        world.moveBy({70, 70});
+        world.release({70, 70});
+        QCOMPARE(world.item(world.b).offset(), QPoint(260, 0));
+        QCOMPARE(world.moved.count(), 0);
+    }
+
+    void arrowKeysMoveOnceForEachPress()
+    {
+        SViewWorld world;
+        QTest::keyClick(&world.view, Qt::Key_Right);
+        QCOMPARE(world.offsetOf(world.a), QPoint(1, 0));
+        QTest::keyClick(&world.view, Qt::Key_Down, Qt::ShiftModifier);
+        QCOMPARE(world.offsetOf(world.a), QPoint(1, 10));
+        QTest::keyPress(&world.view, Qt::Key_Left); // held
+        QTest::keyPress(&world.view, Qt::Key_Left);
+        QTest::keyPress(&world.view, Qt::Key_Up);
+        QCOMPARE(world.moved.count(), 2);
+        QTest::keyRelease(&world.view, Qt::Key_Up);
+        QCOMPARE(world.moved.count(), 3);
+        QCOMPARE(world.offsetOf(world.a), QPoint(-1, 9));
+    }
+
+    void tabGoesFromProcessorToProcessorAndOn()
+    {
+        QWidget window;
+        auto *world = new SViewWorld;
+        const std::unique_ptr<SViewWorld> owner(world);
+        QLineEdit after(&window);
+        world->view.setParent(&window);
+        QWidget::setTabOrder(&world->view, &after);
+        window.show();
+        QApplication::setActiveWindow(&window);
+        world->view.show();
+        world->view.setFocus();
+        QTRY_VERIFY(world->view.hasFocus());
+        QStringList order{world->selected()};
+        for (int i = 0; i < 2; ++i) {
+            QTest::keyClick(&world->view, Qt::Key_Tab);
+            order << world->selected();
+        }
+        QCOMPARE(order.join(QString()), QStringLiteral("ABO"));
+        QVERIFY(world->view.accessibleDescription().contains(
+            QStringLiteral("Off(10.0.0.3), 120 by 80 pixels at X 0, Y 200, offline")));
+        QTest::keyClick(&world->view, Qt::Key_Tab);
+        QVERIFY(after.hasFocus());
+        world->view.setFocus();
+        QTest::keyClick(&world->view, Qt::Key_Backtab);
+        QCOMPARE(world->selected(), QStringList{QStringLiteral("B")});
+        world->view.setParent(nullptr);
+    }
+
+    void newsKeepSelectionAndZoomOthersDoNot()
+    {
+        SViewWorld world;
+        world.click(world.b);
+        const qreal scale = world.view.scaleFactor();
+        SSummaryProcessor renamed = world.b;
+        renamed.text = QStringLiteral("Beta(10.0.0.2)");
+        renamed.area = {300, 10};
+        renamed.offset = {-7, 8};
+        world.view.setProcessors({world.a, renamed, world.off});
+        QCOMPARE(world.item(world.b).text(), renamed.text);
+        QCOMPARE(world.item(world.b).place(), QRect(-7, 8, 300, 10));
+        QCOMPARE(world.selected(), QStringList{QStringLiteral("B")});
+        QCOMPARE(world.view.scaleFactor(), scale);
+        world.view.setProcessors({world.a, world.off});
+        QCOMPARE(world.selected(), QStringList{QStringLiteral("A")});
+        QVERIFY(world.view.isFitted());
+        world.press(world.a);
+        world.moveBy({50, 50});
+        world.view.setProcessors({world.a, world.off}); // nothing new
+        world.release({50, 50});
+        QCOMPARE(world.moved.count(), 1);
+        world.view.setProcessors({});
+        QVERIFY(world.selected().isEmpty());
+    }
+
+    void theViewPlacesTheSelectedItem()
+    {
+        SViewWorld world;
+        world.view.onItemOffsetChanged({-20, 1500});
+        QCOMPARE(world.item(world.a).pos(), QPointF(-20, 1500));
+        QCOMPARE(world.moved.count(), 1);
+        const int largest = std::numeric_limits<int>::max();
+        world.view.onItemOffsetChanged({largest, -largest});
+        QCOMPARE(world.offsetOf(world.a), QPoint(1 << 20, -(1 << 20)));
+        QTest::keyClick(&world.view, Qt::Key_Right);
+        QCOMPARE(world.offsetOf(world.a), QPoint(1 << 20, -(1 << 20)));
+    }
+
+    void textsKeepTheirSizeOnTheScreen()
+    {
+        SViewWorld world;
+        const auto lightRows = [&world](qreal scale) {
+            world.view.setScaleFactor(scale);
+            world.view.centerOn(&world.item(world.a));
+            const QImage image = world.view.viewport()->grab().toImage();
+            const QPoint middle = world.middleOf(world.a);
+            int rows = 0;
+            for (int y = middle.y() - 20; y < middle.y() + 20; ++y) {
+                bool light = false;
+                for (int x = middle.x() - 25; x < middle.x() + 25; ++x)
+                    light = light || image.pixelColor(x, y).lightness() > 180;
+                rows += light;
+            }
+            return rows;
+        };
+        const int rows = lightRows(1);
+        QVERIFY2(rows >= 8 && rows <= 16, qPrintable(QString::number(rows)));
+        QCOMPARE(lightRows(0.5), rows);
+        QCOMPARE(lightRows(3), rows);
+    }
+
+    void theLabelShowsAndTakesFigures()
+    {
+        CSummaryLabel label;
+        label.show();
+        const SpinBoxes fields = fieldsOf(label);
+        QCOMPARE(fields.keys(), (QStringList{X, Y, Height, Width}));
+        for (const QString &name : {X, Y, Width, Height}) {
+            const bool offset = name == X || name == Y;
+            QCOMPARE(fields[name]->value(), 0);
+            QCOMPARE(fields[name]->maximum(), 2147483647);
+            QCOMPARE(fields[name]->minimum(), offset ? -2147483647 : 0);
+            QCOMPARE(fields[name]->width(), 100);
+            QVERIFY(offset ? !fields[name]->isEnabled() : fields[name]->isReadOnly());
+        }
+        label.setSubject(QStringLiteral("A"), {});
+        label.setEditable(true);
+        label.onItemGeometryChanged(QRectF(5, 6, 1920, 1080));
+        label.onItemOffsetChanged({5, 6000});
+        QCOMPARE(fields[Width]->value(), 1920);
+        QCOMPARE(fields[Height]->value(), 1080);
+        const QSignalSpy changed(&label, &CSummaryLabel::notifyItemOffsetChanged);
+        const auto type = [&fields](const QString &name, const char *text) {
+            fields[name]->setFocus();
+            fields[name]->selectAll();
+            QTest::keyClicks(fields[name], QString::fromLatin1(text));
+        };
+        type(X, "1920");
+        label.onItemOffsetChanged({5, 6000}); // no news
+        QCOMPARE(fields[X]->text(), QStringLiteral("1920"));
+        QCOMPARE(changed.count(), 0);
+        QTest::keyClick(fields[X], Qt::Key_Return);
+        QCOMPARE(changed.count(), 1);
+        QCOMPARE(changed.last().first().toPoint(), QPoint(1920, 6000));
+        type(Y, "-7");
+        QTest::keyClick(fields[Y], Qt::Key_Escape);
+        QCOMPARE(fields[Y]->text(), QStringLiteral("6000"));
+        QTest::keyClick(fields[Y], Qt::Key_Tab);
+        QCOMPARE(changed.count(), 1);
+        label.setSubject({}, {});
+        QCOMPARE(fields[Y]->value() + fields[Height]->value(), 0);
+        QCOMPARE(changed.count(), 1);
+    }
+};
+
+ORVO_TEST_MAIN(QApplication, CSummaryViewTest)
+#include "tst_summary_view.moc"
