@@ -233,6 +233,10 @@ private Q_SLOTS:
         QCOMPARE(port[0], (QVariantList{2, 90}));
         QCOMPARE(scene.answers()->calls().filter(QStringLiteral("portLoad")),
                  QStringList{QStringLiteral("portLoad(2,2)")});
+        scene.editor.move(2); // for a load as before
+        scene.store.syncLayoutData(true);
+        settle(scene.host, scene.store);
+        QCOMPARE(processor.count(), 1);
     }
 
     void aRedundancyPortCarriesThePrimarysLoad()

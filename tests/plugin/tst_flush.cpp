@@ -87,6 +87,8 @@ private Q_SLOTS:
         bool asked = false;
         bool knew = false;
         world.answers()->onCalled = [&](const QString &call) {
+            if (call == QLatin1String("layoutData") && !asked)
+                world.editor.move(0); // while the user is asked about locked ports
             if (asked || call.section(QLatin1Char('('), 0, 0) != operation)
                 return;
             asked = true;
