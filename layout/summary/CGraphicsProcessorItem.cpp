@@ -11,7 +11,7 @@ namespace {
 
 constexpr int TextPixels = 12; // on the screen, at every zoom
 constexpr int TextMargin = 8;
-constexpr int FillOpacity = 150; // what lies below an area shines through
+constexpr int FillOpacity = 225; // the edges of what lies below shine through
 
 QColor translucent(QRgb rgb)
 {

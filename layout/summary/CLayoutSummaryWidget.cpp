@@ -62,12 +62,11 @@ void CLayoutSummaryWidget::showProcessors(const QList<ProcessorTree::ProcessorNo
     }
     m_view->setProcessors(shown);
     m_history->enter(m_view->offsets());
-    m_count->setText(leftOut.isEmpty()
-                         ? tr("%1 processors").arg(shown.size())
-                         : tr("%1 processors; in Fiber Optic Transceiver Mode, without an area: %2")
-                               .arg(shown.size())
-                               .arg(leftOut.join(QStringLiteral(", "))));
-    m_count->setToolTip(m_count->text());
+    const QString count = tr("%1 processors").arg(shown.size());
+    const QString without = tr("%1, in Fiber Optic Transceiver Mode and without an area: %2");
+    m_count->setText(leftOut.isEmpty() ? count : tr("%1, %2 without an area").arg(count).arg(leftOut.size()));
+    m_count->setToolTip(leftOut.isEmpty() ? QString()
+                                          : without.arg(count, leftOut.join(QStringLiteral(", "))));
     updateSteps();
     updateLabel();
 }
