@@ -142,6 +142,7 @@ CProjectShelf::Opened CProjectShelf::put(const SProcessorProject &project, const
     device.node.online = true;
     device.settings.portCount = portsInUse(project);
     device.settings.canvas = project.canvas;
+    device.settings.offset = project.offset;
     device.settings.frameRate = project.frameRate;
     device.settings.colorDepth = project.colorDepth;
     device.settings.background = project.background;
@@ -160,6 +161,7 @@ SProcessorProject CProjectShelf::projectOf(const SDevice &device)
     project.kind = device.kind.id;
     project.portCount = device.settings.portCount;
     project.canvas = device.settings.canvas;
+    project.offset = device.settings.offset;
     project.frameRate = device.settings.frameRate;
     project.colorDepth = device.settings.colorDepth;
     project.background = device.settings.background;

@@ -5,6 +5,7 @@
 #include "host/projects/CStrictFile.h"
 #include "host/projects/CWallBuilder.h"
 #include "layout/api/records/CRecordJson.h"
+#include "layout/api/records/LayoutLimits.h"
 #include "platform/json/CStrictObject.h"
 
 #include <tuple>
@@ -12,7 +13,8 @@
 namespace {
 
 constexpr SFileFormat processorFormat{"orvo-processor-project",
-                                      QT_TRANSLATE_NOOP("SFileFormat", "a processor project"), 1};
+                                      QT_TRANSLATE_NOOP("SFileFormat", "a processor project"), 2};
+constexpr int VersionWithoutOffset = 1;
 constexpr int LargestCanvasSide = 1 << 20; // pixels
 constexpr int LongestName = 256;
 
@@ -36,6 +38,9 @@ SProcessorProject readProject(const QJsonObject &body, QString &error)
     project.kind = object.textOr({}, "kind", LongestName);
     project.portCount = object.smallInteger("portCount", 0, CRecordJson::MaximumPortIndex + 1);
     project.canvas = object.size("canvas", LargestCanvasSide);
+    const int furthest = LayoutLimits::LargestOffset;
+    project.offset.setX(object.smallIntegerOr(0, "offsetX", -furthest, furthest));
+    project.offset.setY(object.smallIntegerOr(0, "offsetY", -furthest, furthest));
     project.frameRate = object.smallInteger("frameRate", 1, 1000);
     project.colorDepth = object.smallInteger("colorDepth", 1, 64);
     project.background = partOf(CRecordJson::background(object.value("background"), "background"), error);
@@ -49,8 +54,8 @@ SProcessorProject readProject(const QJsonObject &body, QString &error)
 bool operator==(const SProcessorProject &a, const SProcessorProject &b)
 {
     const auto tied = [](const SProcessorProject &p) {
-        return std::tie(p.name, p.kind, p.portCount, p.canvas, p.frameRate, p.colorDepth, p.background,
-                        p.layout);
+        return std::tie(p.name, p.kind, p.portCount, p.canvas, p.offset, p.frameRate, p.colorDepth,
+                        p.background, p.layout);
     };
     return tied(a) == tied(b);
 }
@@ -71,10 +76,14 @@ CResult<SProcessorProject> CProcessorProject::read(const QString &file)
     return CStrictFile::readRecord<SProcessorProject>(file, processorFormat, readProject);
 }
 
+/// Without an offset it is a file that older programs read, too.
 CStatus CProcessorProject::write(const QString &file, const SProcessorProject &project)
 {
-    return CStrictFile::writeRecord(file, processorFormat, readProject, [&project] {
-        return QJsonObject{
+    SFileFormat format = processorFormat;
+    if (project.offset.isNull())
+        format.version = VersionWithoutOffset;
+    return CStrictFile::writeRecord(file, format, readProject, [&project] {
+        QJsonObject body{
             {QStringLiteral("name"), project.name},
             {QStringLiteral("kind"), project.kind},
             {QStringLiteral("portCount"), project.portCount},
@@ -83,5 +92,10 @@ CStatus CProcessorProject::write(const QString &file, const SProcessorProject &p
             {QStringLiteral("colorDepth"), project.colorDepth},
             {QStringLiteral("background"), CRecordJson::toJson(project.background)},
             {QStringLiteral("layout"), CRecordJson::toJson(project.layout)}};
+        if (!project.offset.isNull()) {
+            body.insert(QStringLiteral("offsetX"), project.offset.x());
+            body.insert(QStringLiteral("offsetY"), project.offset.y());
+        }
+        return body;
     });
 }

@@ -7,6 +7,7 @@
 #include "platform/common/CResult.h"
 
 #include <QCoreApplication>
+#include <QPoint>
 #include <QSize>
 
 struct SWallPlan;
@@ -18,6 +19,7 @@ struct SProcessorProject
     QString kind;       ///< id of the processor kind; empty: any kind with enough ports
     int portCount = 0;  ///< output ports in use
     QSize canvas;       ///< pixels
+    QPoint offset;      ///< of its area on the canvas that several processors share, pixels
     int frameRate = 60; ///< hertz
     int colorDepth = 8; ///< bits
     SBackgroundInfo background;

@@ -6,7 +6,28 @@
 #include "layout/geometry/CEdgeSnap.h"
 #include "layout/summary/CGraphicsProcessorItem.h"
 
+#include <QKeyEvent>
+
 namespace {
+
+constexpr int KeyStep = 1; // pixels of the canvas
+constexpr int LargeKeyStep = 10;
+
+QPoint directionOf(int key)
+{
+    switch (key) {
+    case Qt::Key_Left:
+        return {-1, 0};
+    case Qt::Key_Right:
+        return {1, 0};
+    case Qt::Key_Up:
+        return {0, -1};
+    case Qt::Key_Down:
+        return {0, 1};
+    default:
+        return {};
+    }
+}
 
 /// Those of @p edges at which [low, high] begins or ends.
 QVector<int> shared(int low, int high, const QVector<int> &edges)
@@ -26,6 +47,19 @@ int boundedStep(int step, int from)
 }
 
 } // namespace
+
+bool CProcessorMove::isArrow(int key)
+{
+    return !directionOf(key).isNull();
+}
+
+QPoint CProcessorMove::stepOf(const QKeyEvent &event)
+{
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    if (modifiers & ~Qt::ShiftModifier)
+        return {};
+    return directionOf(event.key()) * (modifiers & Qt::ShiftModifier ? LargeKeyStep : KeyStep);
+}
 
 CProcessorMove::CProcessorMove(const Items &moved, const Items &others)
     : m_moved(moved)

@@ -8,6 +8,7 @@
 #include <QVector>
 
 class CGraphicsProcessorItem;
+class QKeyEvent;
 
 /// Moves processors together on the shared canvas, from where they lay when the move began. The items must
 /// outlive it.
@@ -15,6 +16,10 @@ class CProcessorMove final
 {
 public:
     using Items = QVector<CGraphicsProcessorItem *>;
+
+    static bool isArrow(int key);
+    /// The step that an arrow key stands for, with Shift a large one; null for any other key.
+    static QPoint stepOf(const QKeyEvent &event);
 
     /// Moves @p moved; @p others are those at whose edges they catch.
     CProcessorMove(const Items &moved, const Items &others);

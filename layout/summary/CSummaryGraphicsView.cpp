@@ -5,12 +5,11 @@
 #include "layout/api/records/LayoutLimits.h"
 #include "layout/summary/CGraphicsProcessorItem.h"
 #include "layout/summary/CProcessorMove.h"
+#include "layout/summary/CSummaryPainter.h"
 #include "platform/widgets/CGraphicsScene.h"
-#include "platform/widgets/ThemeColors.h"
 
 #include <QApplication>
 #include <QKeyEvent>
-#include <QPainter>
 
 #include <algorithm>
 #include <iterator>
@@ -19,9 +18,6 @@
 namespace {
 
 constexpr int CatchReach = 10; // pixels of the screen
-constexpr int KeyStep = 1;     // pixels of the canvas
-constexpr int LargeKeyStep = 10;
-constexpr int FrameWidth = 2; // of what is selected, pixels of the screen
 
 ProcessorOffsets offsetsOf(const QVector<SSummaryProcessor> &processors)
 {
@@ -29,22 +25,6 @@ ProcessorOffsets offsetsOf(const QVector<SSummaryProcessor> &processors)
     for (const SSummaryProcessor &processor : processors)
         offsets.insert(processor.uuid, processor.offset);
     return offsets;
-}
-
-QPoint directionOf(int key)
-{
-    switch (key) {
-    case Qt::Key_Left:
-        return {-1, 0};
-    case Qt::Key_Right:
-        return {1, 0};
-    case Qt::Key_Up:
-        return {0, -1};
-    case Qt::Key_Down:
-        return {0, 1};
-    default:
-        return {};
-    }
 }
 
 template <typename Items>
@@ -225,14 +205,10 @@ void CSummaryGraphicsView::dragTo(const QPoint &position, bool catching)
 /// Begins or goes on with a move by the arrow keys; whether the event is one of these.
 bool CSummaryGraphicsView::stepBy(const QKeyEvent &event)
 {
-    const QPoint direction = directionOf(event.key());
-    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
-    if (direction.isNull() || (modifiers & ~Qt::ShiftModifier) || m_pressed)
+    const QPoint step = CProcessorMove::stepOf(event);
+    if (step.isNull() || m_pressed || (!m_move && !beginMove()))
         return false;
-    if (!m_move && !beginMove())
-        return false;
-    const int step = modifiers & Qt::ShiftModifier ? LargeKeyStep : KeyStep;
-    m_move->moveTo(m_move->distance() + direction * step, 0);
+    m_move->moveTo(m_move->distance() + step, 0);
     return true;
 }
 
@@ -320,7 +296,7 @@ void CSummaryGraphicsView::keyPressEvent(QKeyEvent *event)
 
 void CSummaryGraphicsView::keyReleaseEvent(QKeyEvent *event)
 {
-    if (!event->isAutoRepeat() && !m_pressed && !directionOf(event->key()).isNull())
+    if (!event->isAutoRepeat() && !m_pressed && CProcessorMove::isArrow(event->key()))
         endMove(); // however long the key was held
     CGraphicsView::keyReleaseEvent(event);
 }
@@ -403,28 +379,15 @@ void CSummaryGraphicsView::describeSelection()
 
 void CSummaryGraphicsView::drawBackground(QPainter *painter, const QRectF &rect)
 {
-    painter->fillRect(rect, QColor(ThemeColors::Base));
-    painter->setPen(QPen(QColor(ThemeColors::RaisedHover), 0)); // where offsets count from
-    painter->drawLine(QLineF(rect.left(), 0, rect.right(), 0));
-    painter->drawLine(QLineF(0, rect.top(), 0, rect.bottom()));
+    CSummaryPainter::paintBackground(*painter, rect);
 }
 
 void CSummaryGraphicsView::drawForeground(QPainter *painter, const QRectF &rect)
 {
-    QPen pen(QColor(hasFocus() ? ThemeColors::Focus : ThemeColors::SoftText), FrameWidth);
-    pen.setCosmetic(true);
-    pen.setJoinStyle(Qt::MiterJoin);
-    painter->setBrush(Qt::NoBrush);
-    painter->setPen(pen);
+    QVector<QRectF> selected;
     for (const CGraphicsProcessorItem *item : selectedItems())
-        painter->drawRect(item->mapRectToScene(item->rect()));
-    if (!m_move || !m_pressed)
-        return;
-    pen.setWidth(0);
-    pen.setStyle(Qt::DashLine);
-    painter->setPen(pen);
-    for (const int x : m_move->linesAcross())
-        painter->drawLine(QLineF(x, rect.top(), x, rect.bottom()));
-    for (const int y : m_move->linesDown())
-        painter->drawLine(QLineF(rect.left(), y, rect.right(), y));
+        selected << item->sceneBoundingRect();
+    CSummaryPainter::paintFrames(*painter, selected, hasFocus());
+    if (m_move && m_pressed)
+        CSummaryPainter::paintEdges(*painter, rect, m_move->linesAcross(), m_move->linesDown());
 }

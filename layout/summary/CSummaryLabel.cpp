@@ -17,6 +17,7 @@ namespace {
 
 constexpr int LabelWidth = 200;
 constexpr int FieldWidth = 100;
+constexpr int CaptionWidth = 52;
 constexpr int LargestFigure = std::numeric_limits<int>::max();
 
 /// What a field shows that nobody types in.
@@ -167,7 +168,9 @@ QSpinBox *CSummaryLabel::addField(QFormLayout &form, const QString &heading, con
     auto *field = new CSpinBox;
     field->setFixedWidth(FieldWidth);
     field->setAccessibleName(QStringLiteral("%1, %2").arg(heading, name));
-    form.addRow(name, field);
+    auto *caption = new QLabel(name);
+    caption->setMinimumWidth(CaptionWidth); // the fields of all sections stand below each other
+    form.addRow(caption, field);
     return field;
 }
 

@@ -56,6 +56,7 @@ SProcessorProject ProjectSamples::withEverything()
     project.kind = QStringLiteral("kind");
     project.portCount = 4;
     project.canvas = {1920, 1080};
+    project.offset = {-1920, 30};
     project.frameRate = 50;
     project.colorDepth = 12;
     project.background = {true,         QStringLiteral("/pictures/a.png"), 80, 40,

@@ -233,7 +233,7 @@ private Q_SLOTS:
             return sealed(bodyWithPorts("[{\"index\":0,\"groups\":[{\"cabinets\":[" + list + "]}]}]"));
         };
         row("empty", "", "is empty");
-        row("newer version", sealed("{}", 2), "newer version");
+        row("newer version", sealed("{}", 3), "newer version");
         row("other format", CStrictFile::encode({"orvo-port-project", "a port project", 1}, {}),
             "\"orvo-port-project\"");
         row("doubled member", sealed(R"({"name":"a","name":"b"})"),
