@@ -30,7 +30,7 @@ public:
     CStatus setThreeD(const QUuid &processor, bool on);
     CStatus setLowLatency(const QUuid &processor, bool on);
     CStatus setPrimary(const QUuid &processor, const QUuid &primary); ///< null: stands in for none
-    CStatus setOffsets(const ProcessorOffsets &offsets); ///< all or none
+    CStatus setOffsets(const ProcessorOffsets &offsets);              ///< all or none
     CStatus setBackground(const SBackgroundInfo &info);
 
     // of the current processor

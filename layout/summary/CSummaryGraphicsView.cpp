@@ -18,6 +18,7 @@
 namespace {
 
 constexpr int CatchReach = 10; // pixels of the screen
+constexpr int VisibleMargin = 8;
 
 ProcessorOffsets offsetsOf(const QVector<SSummaryProcessor> &processors)
 {
@@ -328,7 +329,7 @@ bool CSummaryGraphicsView::focusNextPrevChild(bool next)
     if (to < 0 || to >= m_items.size())
         return CGraphicsView::focusNextPrevChild(next);
     select({m_items.at(to)->processor()});
-    ensureVisible(m_items.at(to));
+    ensureVisible(m_items.at(to), VisibleMargin, VisibleMargin);
     return true;
 }
 

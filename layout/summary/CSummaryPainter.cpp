@@ -29,9 +29,9 @@ void CSummaryPainter::paintBackground(QPainter &painter, const QRectF &exposed)
 
 void CSummaryPainter::paintFrames(QPainter &painter, const QVector<QRectF> &selected, bool focused)
 {
+    const int width = FrameWidth * painter.device()->devicePixelRatio(); // cosmetic pens count device pixels
     painter.setBrush(Qt::NoBrush);
-    painter.setPen(
-        cosmeticPen(focused ? ThemeColors::Focus : ThemeColors::SoftText, FrameWidth, Qt::SolidLine));
+    painter.setPen(cosmeticPen(focused ? ThemeColors::Focus : ThemeColors::SoftText, width, Qt::SolidLine));
     painter.drawRects(selected);
 }
 

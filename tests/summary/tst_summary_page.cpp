@@ -90,10 +90,7 @@ class CSummaryPageTest final : public CTestBase
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        initLayoutResources();
-    }
+    void initTestCase() { initLayoutResources(); }
 
     void theHostKeepsWhatTheUserMoves()
     {
@@ -201,9 +198,11 @@ private Q_SLOTS:
     void whatStandsInTheWayIsTold()
     {
         SPageWorld world;
-        QVERIFY(world.says("Drag to move"));
+        world.key(Qt::Key_Right);
+        world.host.answers()->forgetCalls();
+        QVERIFY(world.says("Drag to move") && world.button(0).isEnabled());
         world.page.setEditingBlocked(true);
-        QVERIFY(world.says("Editing is locked"));
+        QVERIFY(world.says("Editing is locked") && !world.button(0).isEnabled());
         QVERIFY(!world.field("Offset, X").isEnabled());
         world.page.setEditingBlocked(false);
         QVERIFY(world.field("Offset, X").isEnabled());

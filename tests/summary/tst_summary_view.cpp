@@ -254,6 +254,7 @@ private Q_SLOTS:
         QCOMPARE(world.offsetOf(world.a), QPoint(1, 0));
         QTest::keyClick(&world.view, Qt::Key_Down, Qt::ShiftModifier);
         QCOMPARE(world.offsetOf(world.a), QPoint(1, 10));
+        QVERIFY(world.view.accessibleDescription().endsWith(QStringLiteral("X 1, Y 10")));
         QTest::keyPress(&world.view, Qt::Key_Left); // held
         QTest::keyPress(&world.view, Qt::Key_Left);
         QTest::keyPress(&world.view, Qt::Key_Up);
