@@ -9,7 +9,7 @@
 namespace {
 
 constexpr SFileFormat cabinetFormat{"orvo-cabinet-configuration",
-                                    QT_TRANSLATE_NOOP("SFileFormat", "a cabinet configuration"), 1};
+                                    QT_TRANSLATE_NOOP("SFileFormat", "a cabinet configuration"), 2};
 
 SCabinetConfig readConfig(const QJsonObject &body, QString &error)
 {

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr SFileFormat portFormat{"orvo-port-project", QT_TRANSLATE_NOOP("SFileFormat", "a port project"), 1};
+constexpr SFileFormat portFormat{"orvo-port-project", QT_TRANSLATE_NOOP("SFileFormat", "a port project"), 2};
 
 SPrjPort readPort(const QJsonObject &body, QString &error)
 {

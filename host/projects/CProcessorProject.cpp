@@ -14,7 +14,6 @@ namespace {
 
 constexpr SFileFormat processorFormat{"orvo-processor-project",
                                       QT_TRANSLATE_NOOP("SFileFormat", "a processor project"), 2};
-constexpr int VersionWithoutOffset = 1;
 constexpr int LargestCanvasSide = 1 << 20; // pixels
 constexpr int LongestName = 256;
 
@@ -76,13 +75,9 @@ CResult<SProcessorProject> CProcessorProject::read(const QString &file)
     return CStrictFile::readRecord<SProcessorProject>(file, processorFormat, readProject);
 }
 
-/// Without an offset it is a file that older programs read, too.
 CStatus CProcessorProject::write(const QString &file, const SProcessorProject &project)
 {
-    SFileFormat format = processorFormat;
-    if (project.offset.isNull())
-        format.version = VersionWithoutOffset;
-    return CStrictFile::writeRecord(file, format, readProject, [&project] {
+    return CStrictFile::writeRecord(file, processorFormat, readProject, [&project] {
         QJsonObject body{
             {QStringLiteral("name"), project.name},
             {QStringLiteral("kind"), project.kind},

@@ -28,10 +28,10 @@ bool movesBottom(int handle)
     return handle >= CResizeHandles::BottomRight && handle <= CResizeHandles::BottomLeft;
 }
 
-/// One axis: the edge that moves, kept so that the side stays from 1 to @p largest.
-void moveEdges(qreal &low, qreal &high, bool movesLow, bool movesHigh, qreal delta, qreal largest)
+/// One axis: the edge that moves, kept so that the side stays from @p least to @p largest.
+void moveEdges(qreal &low, qreal &high, bool movesLow, bool movesHigh, qreal delta, qreal least,
+               qreal largest)
 {
-    const qreal least = LayoutLimits::SmallestSide;
     if (movesLow)
         low = std::min(std::max(std::round(low + delta), high - largest), high - least);
     if (movesHigh)
@@ -76,14 +76,17 @@ QVector<QRectF> CResizeHandles::marks(const QRectF &rect, qreal side)
     return marks;
 }
 
-QRectF CResizeHandles::resized(const QRectF &rect, int handle, const QPointF &delta, const QSizeF &largest)
+QRectF CResizeHandles::resized(const QRectF &rect, int handle, const QPointF &delta, const QSizeF &smallest,
+                               const QSizeF &largest)
 {
     qreal left = rect.left();
     qreal right = rect.right();
     qreal top = rect.top();
     qreal bottom = rect.bottom();
-    moveEdges(left, right, movesLeft(handle), movesRight(handle), delta.x(), largest.width());
-    moveEdges(top, bottom, movesTop(handle), movesBottom(handle), delta.y(), largest.height());
+    moveEdges(left, right, movesLeft(handle), movesRight(handle), delta.x(), smallest.width(),
+              largest.width());
+    moveEdges(top, bottom, movesTop(handle), movesBottom(handle), delta.y(), smallest.height(),
+              largest.height());
     return QRectF(QPointF(left, top), QPointF(right, bottom));
 }
 

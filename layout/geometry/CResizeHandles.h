@@ -24,9 +24,10 @@ public:
     /// rectangle that is too small for two of them.
     static QVector<QRectF> marks(const QRectF &rect, qreal side);
 
-    /// @p rect with the handle's edges moved by @p delta, in whole pixels, each side kept from 1 to @p
-    /// largest.
-    static QRectF resized(const QRectF &rect, int handle, const QPointF &delta, const QSizeF &largest);
+    /// @p rect with the handle's edges moved by @p delta, in whole pixels, each side kept from @p
+    /// smallest to @p largest.
+    static QRectF resized(const QRectF &rect, int handle, const QPointF &delta, const QSizeF &smallest,
+                          const QSizeF &largest);
 
     static Qt::CursorShape cursor(int handle);
 

@@ -2,15 +2,19 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/geometry/CCabinetRect.h"
 #include "layout/geometry/CCoverage.h"
+#include "layout/geometry/CReceiverAreas.h"
 #include "layout/geometry/CResizeHandles.h"
 #include "tests/harness/CTestBase.h"
 
 #include <QCoreApplication>
+#include <QRegion>
 
 #include <algorithm>
 
 namespace {
 
+using Areas = QVector<QRect>;
+using Areas = QVector<QRect>;
 using Rects = QVector<QRectF>;
 
 /// Strips of uneven widths, side by side, and below each other.
@@ -139,14 +143,15 @@ private Q_SLOTS:
         QFETCH(int, handle);
         QFETCH(QRectF, byDrag);
         const QRectF rect(0, 0, 100, 50);
+        const QSizeF smallest(1, 2);
         const QSizeF largest(2048, 2048);
-        QCOMPARE(CResizeHandles::resized(rect, handle, {7.4, 5.6}, largest), byDrag);
-        QCOMPARE(CResizeHandles::resized(rect, handle, {0, 0}, largest), rect);
+        QCOMPARE(CResizeHandles::resized(rect, handle, {7.4, 5.6}, smallest, largest), byDrag);
+        QCOMPARE(CResizeHandles::resized(rect, handle, {0, 0}, smallest, largest), rect);
         // However far it is dragged: the sides keep within their limits, and what does not move stays.
         for (const QPointF &far : {QPointF(9e4, 9e4), QPointF(-9e4, -9e4), QPointF(9e4, -9e4)}) {
-            const QRectF limited = CResizeHandles::resized(rect, handle, far, largest);
+            const QRectF limited = CResizeHandles::resized(rect, handle, far, smallest, largest);
             QVERIFY(limited.width() >= 1 && limited.width() <= 2048);
-            QVERIFY(limited.height() >= 1 && limited.height() <= 2048);
+            QVERIFY(limited.height() >= 2 && limited.height() <= 2048);
             QCOMPARE(limited.left() == rect.left(), byDrag.left() == rect.left());
             QCOMPARE(limited.right() == rect.right(), byDrag.right() == rect.right());
             QCOMPARE(limited.top() == rect.top(), byDrag.top() == rect.top());
@@ -157,15 +162,17 @@ private Q_SLOTS:
     void limitsAreReachedExactly()
     {
         const QRectF rect(300, 400, 100, 50);
+        const QSizeF smallest(3, 2);
         const QSizeF largest(2048, 1000);
-        QCOMPARE(CResizeHandles::resized(rect, CResizeHandles::TopLeft, {-9999, -9999}, largest),
+        QCOMPARE(CResizeHandles::resized(rect, CResizeHandles::TopLeft, {-9999, -9999}, smallest, largest),
                  QRectF(400 - 2048, 450 - 1000, 2048, 1000));
-        QCOMPARE(CResizeHandles::resized(rect, CResizeHandles::TopLeft, {9999, 9999}, largest),
-                 QRectF(399, 449, 1, 1));
-        QCOMPARE(CResizeHandles::resized(rect, CResizeHandles::BottomRight, {9999, 9999}, largest),
+        QCOMPARE(CResizeHandles::resized(rect, CResizeHandles::TopLeft, {9999, 9999}, smallest, largest),
+                 QRectF(397, 448, 3, 2));
+        QCOMPARE(CResizeHandles::resized(rect, CResizeHandles::BottomRight, {9999, 9999}, smallest, largest),
                  QRectF(300, 400, 2048, 1000));
-        QCOMPARE(CResizeHandles::resized(rect, CResizeHandles::BottomRight, {-9999, -9999}, largest),
-                 QRectF(300, 400, 1, 1));
+        QCOMPARE(
+            CResizeHandles::resized(rect, CResizeHandles::BottomRight, {-9999, -9999}, smallest, largest),
+            QRectF(300, 400, 3, 2));
     }
 
     void tilingsStayGapless_data()
@@ -198,6 +205,56 @@ private Q_SLOTS:
             const QRectF mapped = CResizeHandles::mapped(tile, from, QRectF(0, 0, 3, 2));
             QVERIFY(mapped.width() >= 1 && mapped.height() >= 1);
         }
+    }
+
+    void areasAreAFunctionOfTheSize_data()
+    {
+        QTest::addColumn<Areas>("areas");
+        QTest::addColumn<QSize>("smallest");
+        QTest::newRow("none") << Areas() << QSize(1, 1);
+        QTest::newRow("one") << Areas{{0, 0, 128, 96}} << QSize(1, 1);
+        QTest::newRow("halves") << Areas{{0, 0, 64, 96}, {64, 0, 64, 96}} << QSize(2, 1);
+        QTest::newRow("slivers") << Areas{{0, 0, 126, 96}, {126, 0, 1, 96}, {127, 0, 1, 96}} << QSize(3, 1);
+        QTest::newRow("slivers first") << Areas{{0, 0, 1, 96}, {1, 0, 1, 96}, {2, 0, 126, 96}} << QSize(3, 1);
+        QTest::newRow("a T") << Areas{{0, 0, 128, 40}, {0, 40, 50, 56}, {50, 40, 78, 56}} << QSize(2, 2);
+    }
+    void areasAreAFunctionOfTheSize()
+    {
+        QFETCH(Areas, areas);
+        QFETCH(QSize, smallest);
+        CReceiverAreas::Cabinet original;
+        original.rect = QRect(10, 20, 128, 96);
+        original.rects = areas;
+        CReceiverAreas::Cabinet cabinet = original;
+        const auto resizeTo = [&cabinet](const QSize &size) {
+            CReceiverAreas::resize(cabinet, cabinet.rect.size(), size);
+            cabinet.rect.setSize(size);
+        };
+        QCOMPARE(CReceiverAreas::smallest(cabinet, cabinet.rect.size()), smallest);
+        for (const QSize &size : {QSize(3, 2), QSize(257, 95), smallest, QSize(2048, 1), QSize(97, 2047)}) {
+            resizeTo(size.expandedTo(smallest));
+            QRegion covered;
+            for (const QRect &area : qAsConst(cabinet.rects)) {
+                QVERIFY(!area.isEmpty() && !covered.intersects(area));
+                covered += area;
+            }
+            QCOMPARE(covered, areas.isEmpty() ? QRegion() : QRegion(QRect(QPoint(), cabinet.rect.size())));
+            CReceiverAreas::Cabinet direct = original;
+            CReceiverAreas::resize(direct, original.rect.size(), cabinet.rect.size());
+            QCOMPARE(cabinet.rects, direct.rects); // whatever sizes it had between
+        }
+        CReceiverAreas::reverse(cabinet);
+        resizeTo(original.rect.size());
+        std::reverse(original.rects.begin(), original.rects.end());
+        QCOMPARE(cabinet, original);
+    }
+
+    void areasThatBreakTheRulesSurviveAResize()
+    {
+        CReceiverAreas::Cabinet cabinet;
+        cabinet.rects = {{-9, 0, 64, 96}, {500, 500, 64, 96}, {3, 3, 0, 0}};
+        CReceiverAreas::resize(cabinet, {128, 96}, {3, 3});
+        QCOMPARE(cabinet.rects.size(), 3);
     }
 
     void recordsHoldInclusiveWholePixels_data()

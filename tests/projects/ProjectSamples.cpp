@@ -32,6 +32,8 @@ SProcessorProject ProjectSamples::withEverything()
     cabinet.group = QUuid::createUuidV5(QUuid(), QStringLiteral("elsewhere"));
     cabinet.receivers = {9, 10};
     cabinet.blanks = {{1, 2, 3, 4}};
+    cabinet.original = std::make_shared<const Port::SOriginalAreas>(
+        Port::SOriginalAreas{QSize(384, 100), {{0, 0, 192, 100}, {192, 0, 192, 100}}, {{2, 2, 5, 4}}});
 
     Port::CabinetGroup inner;
     inner.uuid = QUuid::createUuidV5(QUuid(), QStringLiteral("inner"));

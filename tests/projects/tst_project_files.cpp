@@ -202,7 +202,7 @@ private Q_SLOTS:
         project.layout.ports.resize(1);
         QVERIFY(CProcessorProject::write(file, project));
         const QByteArray content = ProjectSamples::contentOf(file);
-        const SFileFormat format{"orvo-processor-project", "a processor project", 1};
+        const SFileFormat format{"orvo-processor-project", "a processor project", 2};
         QVERIFY(CStrictFile::decode(content, format, file));
         for (int length = 0; length < content.size(); ++length) {
             const QString refusal = refusalOf(content.left(length));
@@ -258,6 +258,10 @@ private Q_SLOTS:
         row("cabinet twice", cabinets(cabinet + "," + cabinet),
             "layout.ports[0].groups[0].cabinets[1].uuid: the same");
         row("rectangle", cabinets(QByteArray(cabinet).replace("32]", "32,1]")), "cabinets[0].rect: [x, y");
+        row("areas lost",
+            cabinets(QByteArray(cabinet).replace("32]",
+                                                 "32],\"original\":{\"size\":[9,9],\"blanks\":[[0,0,1,1]]}")),
+            "cabinets[0].original.receivers");
         row("no identity", cabinets(QByteArray(cabinet).replace("6f727677", "6f72767g")), "cabinets[0].uuid");
         row("no colour", sealed(bodyWithPorts("[{\"index\":0,\"color\":\"pink\"}]")), "ports[0].color");
         row("no width", cabinets(QByteArray(cabinet).replace("32,32]", "0,32]")),

@@ -14,7 +14,7 @@ namespace {
 constexpr SFileFormat settingsFormat{"orvo-processor-settings",
                                      QT_TRANSLATE_NOOP("SFileFormat", "a processor's settings"), 1};
 constexpr SFileFormat mappingFormat{"orvo-processor-mapping",
-                                    QT_TRANSLATE_NOOP("SFileFormat", "a processor's mapping"), 1};
+                                    QT_TRANSLATE_NOOP("SFileFormat", "a processor's mapping"), 2};
 constexpr int LargestOffset = 1 << 20; // pixels
 constexpr int LargestCoordinate = 0xFFFF;
 constexpr qint64 LargestRevision = qint64(1) << 53; // what JSON numbers hold exactly

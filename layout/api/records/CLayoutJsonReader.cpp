@@ -75,12 +75,28 @@ CLayoutJsonReader::Cabinet CLayoutJsonReader::cabinet(const QJsonValue &json, co
     read.receivers =
         object.integersOr<int>("cards", 0, CRecordJson::MaximumNumber, CRecordJson::MaximumReceivers);
     read.blanks = object.rectsOr("blanks", CRecordJson::MaximumReceivers);
+    if (object.has("original"))
+        read.original = originalAreas(read, object.value("original"), object.placeOf("original"));
     const int before = m_cabinets.size();
     m_cabinets.insert(read.uuid);
     if (m_cabinets.size() == before)
         object.fail("uuid", tr("the same cabinet occurs twice"));
     object.finish();
     return read;
+}
+
+std::shared_ptr<const CLayoutJsonReader::Port::SOriginalAreas>
+CLayoutJsonReader::originalAreas(const Cabinet &cabinet, const QJsonValue &json, const SJsonPlace &place)
+{
+    CStrictObject object(json, place, m_error);
+    Port::SOriginalAreas original;
+    original.size = object.size("size", LayoutLimits::LargestSide);
+    original.rects = object.rectsOr("receivers", CRecordJson::MaximumReceivers);
+    original.blanks = object.rectsOr("blanks", CRecordJson::MaximumReceivers);
+    if (original.rects.size() != cabinet.rects.size() || original.blanks.size() != cabinet.blanks.size())
+        object.fail("receivers", tr("there are as many original areas as areas"));
+    object.finish();
+    return std::make_shared<const Port::SOriginalAreas>(std::move(original));
 }
 
 CLayoutJsonReader::Group CLayoutJsonReader::group(const QJsonValue &json, const SJsonPlace &place, int port,

@@ -47,6 +47,8 @@ public:
 private:
     /// The members of an array in a group; none when the output port then has more than @p most of them.
     QJsonArray counted(CStrictObject &object, const char *key, int &count, int most);
+    std::shared_ptr<const Port::SOriginalAreas> originalAreas(const Cabinet &cabinet, const QJsonValue &json,
+                                                              const SJsonPlace &place);
 
     QString m_error;
     QSet<QUuid> m_cabinets;

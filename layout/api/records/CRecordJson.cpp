@@ -31,6 +31,14 @@ void insertRects(QJsonObject &json, const char *key, const QVector<QRect> &rects
         json.insert(QLatin1String(key), CStrictObject::fromRects(rects));
 }
 
+QJsonObject originalJson(const Port::SOriginalAreas &original)
+{
+    QJsonObject json{{QStringLiteral("size"), QJsonArray{original.size.width(), original.size.height()}}};
+    insertRects(json, "receivers", original.rects);
+    insertRects(json, "blanks", original.blanks);
+    return json;
+}
+
 QJsonObject cabinetJson(const Cabinet &cabinet, const CLayoutJsonReader::SHolder &holder)
 {
     QJsonObject json{{QStringLiteral("uuid"), CStrictObject::fromUuid(cabinet.uuid)},
@@ -56,6 +64,8 @@ QJsonObject cabinetJson(const Cabinet &cabinet, const CLayoutJsonReader::SHolder
         json.insert(QStringLiteral("cards"), cards);
     }
     insertRects(json, "blanks", cabinet.blanks);
+    if (cabinet.original)
+        json.insert(QStringLiteral("original"), originalJson(*cabinet.original));
     return json;
 }
 

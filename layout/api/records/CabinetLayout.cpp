@@ -15,6 +15,14 @@ auto tied(const Port::Cabinet &c)
                     c.mappingIndex, c.calibrationIndex, c.group, c.receivers, c.blanks);
 }
 
+bool sameOriginal(const Port::Cabinet &a, const Port::Cabinet &b)
+{
+    if (a.original == b.original)
+        return true;
+    return a.original && b.original && a.original->size == b.original->size &&
+           a.original->rects == b.original->rects && a.original->blanks == b.original->blanks;
+}
+
 auto tied(const Port::CabinetGroup &g)
 {
     return std::tie(g.uuid, g.name, g.cabinets, g.groups);
@@ -37,7 +45,7 @@ void appendAll(const Port::CabinetGroup &group, QVector<Port::Cabinet> &cabinets
 
 bool operator==(const Port::Cabinet &a, const Port::Cabinet &b)
 {
-    return tied(a) == tied(b);
+    return tied(a) == tied(b) && sameOriginal(a, b);
 }
 
 bool operator==(const Port::CabinetGroup &a, const Port::CabinetGroup &b)

@@ -10,6 +10,8 @@
 #include <QUuid>
 #include <QVector>
 
+#include <memory>
+
 /// The whole layout of one processor: its output ports. All containers are implicitly shared, so a copy costs
 /// nothing and an edit costs the port that it touches.
 struct CabinetLayout
@@ -17,6 +19,15 @@ struct CabinetLayout
     /// One output port: its cabinets, organised as groups, and what the editor shows of the port.
     struct CabinetPort
     {
+        /// The areas of a resized cabinet as they were before, in the pixels of that size. Those of every
+        /// other size follow from them, so that a size that comes back brings its areas back.
+        struct SOriginalAreas
+        {
+            QSize size;
+            QVector<QRect> rects;
+            QVector<QRect> blanks;
+        };
+
         /// One cabinet (LED panel with its receiver cards) placed on the canvas.
         struct Cabinet
         {
@@ -34,6 +45,7 @@ struct CabinetLayout
             QUuid group;               ///< the group that holds it; null: it lies in the port directly
             QVector<int> receivers;    ///< numbers of the receiver cards that answered, in wiring order
             QVector<QRect> blanks;     ///< parts of the cabinet without LEDs, in the cabinet's own pixels
+            std::shared_ptr<const SOriginalAreas> original; ///< null: @ref rects and @ref blanks themselves
 
             /// Returns whether the cabinet has a size of its own instead of a type of the library.
             bool isCustomDefined() const { return type.isNull(); }

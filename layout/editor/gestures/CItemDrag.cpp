@@ -11,6 +11,7 @@
 #include "layout/editor/recording/CUndoRecorder.h"
 #include "layout/editor/undo/CMoveCommand.h"
 #include "layout/editor/undo/CReszieCommand.h"
+#include "layout/geometry/CReceiverAreas.h"
 #include "layout/geometry/CResizeHandles.h"
 
 #include <algorithm>
@@ -32,6 +33,19 @@ QSizeF largestFrame(const QVector<CGraphicsCabinetItem *> &cabinets, const QSize
     const qreal side = LayoutLimits::LargestSide;
     return QSizeF(std::floor(frame.width() * side / largestPart.width()),
                   std::floor(frame.height() * side / largestPart.height()));
+}
+
+/// The smallest frame in which every receiver keeps a pixel.
+QSizeF smallestFrame(const QVector<CGraphicsCabinetItem *> &cabinets, const QSizeF &frame)
+{
+    QSizeF smallest(LayoutLimits::SmallestSide, LayoutLimits::SmallestSide);
+    for (const CGraphicsCabinetItem *cabinet : cabinets) {
+        const QSizeF size = cabinet->rect().size();
+        const QSize least = CReceiverAreas::smallest(cabinet->cabinet(), size.toSize());
+        smallest = smallest.expandedTo(QSizeF(std::ceil(frame.width() * least.width() / size.width()),
+                                              std::ceil(frame.height() * least.height() / size.height())));
+    }
+    return smallest;
 }
 
 } // namespace
@@ -58,6 +72,7 @@ CItemDrag::CItemDrag(IEditing &editing, const IItemIndex &index, CGraphicsItemBa
     , m_frame(item.mapRectToScene(item.rect()))
 {
     const QVector<CGraphicsCabinetItem *> concerned = item.concernedCabinets();
+    m_smallest = smallestFrame(concerned, m_frame.size());
     m_largest = largestFrame(concerned, m_frame.size());
     for (CGraphicsCabinetItem *cabinet : concerned)
         remember(*cabinet);
@@ -80,8 +95,9 @@ void CItemDrag::setRaised(bool raised)
 QVector<QRectF> CItemDrag::rectsAt(const QPointF &scenePos) const
 {
     const QPointF delta = wholePixels(scenePos - m_press);
-    const QRectF frame =
-        m_operation == Scale ? CResizeHandles::resized(m_frame, m_handle, delta, m_largest) : QRectF();
+    const QRectF frame = m_operation == Scale
+                             ? CResizeHandles::resized(m_frame, m_handle, delta, m_smallest, m_largest)
+                             : QRectF();
     QVector<QRectF> rects;
     rects.reserve(m_starts.size());
     for (const SStart &start : m_starts) {

@@ -54,8 +54,9 @@ private:
     EOperation m_operation;
     int m_handle = -1;
     QPointF m_press;
-    QRectF m_frame;   // of the item that is resized
-    QSizeF m_largest; // it may become
+    QRectF m_frame;    // of the item that is resized
+    QSizeF m_smallest; // it may become
+    QSizeF m_largest;
     QVector<SStart> m_starts;
     QSet<int> m_ports;
     bool m_moved = false;

@@ -14,6 +14,7 @@
 #include "layout/editor/recording/CWiringRecorder.h"
 #include "layout/editor/undo/CChangeCabinetTypeCommand.h"
 #include "layout/editor/undo/CMoveCommand.h"
+#include "layout/geometry/CReceiverAreas.h"
 #include "layout/geometry/CSnakeOrder.h"
 
 #include <algorithm>
@@ -133,7 +134,7 @@ void CSceneOperations::exchangeReceivers(const QUuid &cabinet)
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("ChangeRank"), QStringLiteral("Head-to-tail exchange"));
     auto reversed = item->cabinet();
-    std::reverse(reversed.rects.begin(), reversed.rects.end());
+    CReceiverAreas::reverse(reversed);
     m_recorder.record<CChangeCabinetTypeCommand>(*item, QVariant::fromValue(item->cabinet()),
                                                  QVariant::fromValue(reversed));
 }

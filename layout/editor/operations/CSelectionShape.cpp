@@ -11,6 +11,7 @@
 #include "layout/editor/undo/CChangeCabinetTypeCommand.h"
 #include "layout/editor/undo/CMoveCommand.h"
 #include "layout/editor/undo/CReszieCommand.h"
+#include "layout/geometry/CReceiverAreas.h"
 
 #include <algorithm>
 #include <tuple>
@@ -53,11 +54,14 @@ void CSelectionShape::resizeTo(const QSize &size)
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("ChangeSize"));
     for (CGraphicsItemBase *item : m_selection.sorted()) {
-        if (item->type() != CabinetItemKind || item->isGrouped() || item->rect().size() == QSizeF(size))
+        if (item->type() != CabinetItemKind || item->isGrouped())
             continue;
         const QSizeF before = item->rect().size();
-        m_recorder.record<CReszieCommand>(*item, before, QSizeF(size));
-        CAreaRecorder::scale(m_recorder, *item, before, size);
+        const QSize fitting = size.expandedTo(CReceiverAreas::smallest(item->cabinet(), before.toSize()));
+        if (before == QSizeF(fitting))
+            continue;
+        m_recorder.record<CReszieCommand>(*item, before, QSizeF(fitting));
+        CAreaRecorder::scale(m_recorder, *item, before, fitting);
     }
 }
 
@@ -99,6 +103,7 @@ void CSelectionShape::applyType(const TypeInfo &type)
         record.type = type.key;
         record.rects = type.receivers;
         record.blanks.clear();
+        record.original.reset();
         record.rect.setSize(QSize(type.width, type.height));
         if (record == cabinet->cabinet())
             continue;

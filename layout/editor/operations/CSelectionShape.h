@@ -29,8 +29,8 @@ public:
 
     /// Moves the selection as a whole, so that the corner of its extent lies at @p corner, canvas pixels.
     void moveTo(const QPoint &corner);
-    /// Gives each selected cabinet that lies in no group @p size; the upper left corners stay, what is
-    /// known of receivers follows.
+    /// Gives each selected cabinet that lies in no group @p size; the upper left corners stay, the
+    /// receivers follow, and each of them keeps a pixel.
     void resizeTo(const QSize &size);
     /// Puts the selected items side by side in rows of @p columns, in the order in which they lie now, from
     /// the corner of their extent on. The largest item sets the pitch.

@@ -19,13 +19,23 @@ CReferenceLayout::CReferenceLayout(const CabinetLayout &layout)
     }
 }
 
+/// Nothing but the areas of a cabinet.
+static CabinetLayout::CabinetPort::Cabinet areasOf(const CabinetLayout::CabinetPort::Cabinet &cabinet)
+{
+    CabinetLayout::CabinetPort::Cabinet areas;
+    areas.rects = cabinet.rects;
+    areas.blanks = cabinet.blanks;
+    areas.original = cabinet.original;
+    return areas;
+}
+
 void CReferenceLayout::read(int port, const CabinetLayout::CabinetPort::CabinetGroup &group,
                             const QUuid &parent)
 {
     if (!group.uuid.isNull())
         m_groups.insert(group.uuid, {port, parent});
     for (const auto &cabinet : group.cabinets)
-        m_cabinets.insert(cabinet.uuid, {port, cabinet.rect, group.uuid, cabinet.type, cabinet.rects,
+        m_cabinets.insert(cabinet.uuid, {port, cabinet.rect, group.uuid, cabinet.type, areasOf(cabinet),
                                          cabinet.directionFixed});
     for (const auto &child : group.groups)
         read(port, child, group.uuid);
@@ -129,7 +139,7 @@ QStringList CReferenceLayout::described(const CReferenceLayout &model, const QUu
         if (cabinet->group != parent)
             continue;
         QString line;
-        QDebug(&line) << cabinet->port << cabinet->rect << cabinet->type.toText() << cabinet->receivers
+        QDebug(&line) << cabinet->port << cabinet->rect << cabinet->type.toText() << cabinet->areas.rects
                       << cabinet->fixed << m_chains.value(cabinet->port).indexOf(cabinet.key())
                       << name(cabinet.key());
         lines << line;

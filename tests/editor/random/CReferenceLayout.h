@@ -41,12 +41,12 @@ protected:
         QRect rect;
         QUuid group;
         SMD5 type;
-        QVector<QRect> receivers;
+        CabinetLayout::CabinetPort::Cabinet areas; // its receivers, and what they were
         bool fixed = false;
         bool operator==(const SCabinet &o) const
         {
             return port == o.port && rect == o.rect && group == o.group && type == o.type &&
-                   receivers == o.receivers && fixed == o.fixed;
+                   areas == o.areas && fixed == o.fixed;
         }
     };
     struct SGroup

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/editor/random/CReferenceModel.h"
+#include "layout/geometry/CReceiverAreas.h"
 
 #include "tests/editor/random/CPlainStroke.h"
 
@@ -46,10 +47,18 @@ void CReferenceModel::resize(const QUuid &item, const QPoint &step, int largest)
 {
     const QRect from = rectOf(item);
     QSize part(1, 1);
-    for (const QUuid &cabinet : cabinetsBelow({item}))
-        part = part.expandedTo(m_cabinets.value(cabinet).rect.size());
-    const QSize to(qBound(1, from.width() + step.x(), int(qint64(from.width()) * largest / part.width())),
-                   qBound(1, from.height() + step.y(), int(qint64(from.height()) * largest / part.height())));
+    QSize least(1, 1);
+    for (const QUuid &uuid : cabinetsBelow({item})) {
+        const SCabinet &cabinet = m_cabinets[uuid];
+        const QSize own = cabinet.rect.size();
+        const QSize kept = CReceiverAreas::smallest(cabinet.areas, own);
+        part = part.expandedTo(own);
+        least = least.expandedTo(QSize((from.width() * kept.width() + own.width() - 1) / own.width(),
+                                       (from.height() * kept.height() + own.height() - 1) / own.height()));
+    }
+    const QSize most(int(qint64(from.width()) * largest / part.width()),
+                     int(qint64(from.height()) * largest / part.height()));
+    const QSize to = (from.size() + QSize(step.x(), step.y())).boundedTo(most).expandedTo(least);
     for (const QUuid &cabinet : cabinetsBelow({item})) {
         SCabinet &changed = m_cabinets[cabinet];
         const QRect rect = scaled(changed.rect.translated(-from.topLeft()), from.size(), to);
@@ -61,9 +70,9 @@ void CReferenceModel::resize(const QUuid &item, const QPoint &step, int largest)
 /// The receivers share the new size.
 void CReferenceModel::giveSize(SCabinet &cabinet, const QSize &size)
 {
-    for (QRect &receiver : cabinet.receivers)
-        receiver = scaled(receiver, cabinet.rect.size(), size);
-    cabinet.rect.setSize(size);
+    const QSize fitting = size.expandedTo(CReceiverAreas::smallest(cabinet.areas, cabinet.rect.size()));
+    CReceiverAreas::resize(cabinet.areas, cabinet.rect.size(), fitting);
+    cabinet.rect.setSize(fitting);
 }
 
 bool CReferenceModel::arrange(const QSet<QUuid> &items, int columns)
@@ -109,7 +118,8 @@ void CReferenceModel::setType(const QSet<QUuid> &cabinets, const TypeInfo &type)
 {
     for (const QUuid &cabinet : cabinets) {
         m_cabinets[cabinet].type = type.key;
-        m_cabinets[cabinet].receivers = type.receivers;
+        m_cabinets[cabinet].areas = {};
+        m_cabinets[cabinet].areas.rects = type.receivers;
         m_cabinets[cabinet].rect.setSize(QSize(type.width, type.height));
     }
 }
@@ -117,9 +127,9 @@ void CReferenceModel::setType(const QSet<QUuid> &cabinets, const TypeInfo &type)
 bool CReferenceModel::exchangeReceivers(const QUuid &cabinet)
 {
     SCabinet &changed = m_cabinets[cabinet];
-    if (changed.fixed || changed.receivers.size() < 2)
+    if (changed.fixed || changed.areas.rects.size() < 2)
         return false;
-    std::reverse(changed.receivers.begin(), changed.receivers.end());
+    CReceiverAreas::reverse(changed.areas);
     return true;
 }
 
@@ -314,8 +324,9 @@ void CReferenceModel::append(int port, const QVector<QRect> &cells, const TypeIn
     for (const QRect &cell : cells) {
         const bool fits = cell.size() == QSize(type.width, type.height);
         const QUuid cabinet = invent();
-        m_cabinets.insert(cabinet,
-                          {port, cell, QUuid(), type.key, fits ? type.receivers : QVector<QRect>(), false});
+        CabinetLayout::CabinetPort::Cabinet areas;
+        areas.rects = fits ? type.receivers : QVector<QRect>();
+        m_cabinets.insert(cabinet, {port, cell, QUuid(), type.key, areas, false});
         placed << qMakePair(cabinet, cell);
         block |= cell;
     }
