@@ -4,7 +4,7 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/view/CEditorToolBar.h"
 #include "layout/resources/LayoutResources.h"
-#include "platform/widgets/view/CAerialView.h"
+#include "platform/graphics/CAerialView.h"
 #include "tests/editor/CMouseTester.h"
 #include "tests/editor/CNotedCommands.h"
 #include "tests/harness/CMessageBoxAnswerer.h"

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/resources/LayoutResources.h"
-#include "platform/widgets/view/CAerialView.h"
+#include "platform/graphics/CAerialView.h"
 #include "tests/editor/CMouseTester.h"
 #include "tests/editor/CNotedCommands.h"
 #include "tests/harness/CSignalLog.h"

@@ -9,7 +9,7 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/recording/CGroupEditing.h"
-#include "platform/widgets/CGraphicsScene.h"
+#include "platform/graphics/CGraphicsScene.h"
 
 #include <algorithm>
 

@@ -7,7 +7,7 @@
 #include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
-#include "platform/widgets/CGraphicsScene.h"
+#include "platform/graphics/CGraphicsScene.h"
 
 #include <QSignalBlocker>
 

@@ -6,7 +6,7 @@
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IItemIndex.h"
-#include "platform/widgets/CGraphicsScene.h"
+#include "platform/graphics/CGraphicsScene.h"
 
 namespace {
 

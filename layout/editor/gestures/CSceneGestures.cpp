@@ -11,7 +11,7 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/geometry/CResizeHandles.h"
-#include "platform/widgets/CGraphicsScene.h"
+#include "platform/graphics/CGraphicsScene.h"
 
 #include <QPainter>
 

@@ -4,7 +4,7 @@
 
 #include "layout/api/records/CabinetLayout.h"
 #include "layout/editor/items/ItemKinds.h"
-#include "platform/widgets/CItemChangeBlocker.h"
+#include "platform/graphics/CItemChangeBlocker.h"
 
 #include <QGraphicsRectItem>
 #include <QMap>

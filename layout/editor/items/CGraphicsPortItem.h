@@ -6,7 +6,7 @@
 #include "layout/editor/items/CPortChain.h"
 #include "layout/editor/items/CPortOverview.h"
 #include "layout/editor/items/ItemKinds.h"
-#include "platform/widgets/CItemChangeBlocker.h"
+#include "platform/graphics/CItemChangeBlocker.h"
 
 #include <QBrush>
 #include <QGraphicsObject>

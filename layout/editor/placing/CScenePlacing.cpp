@@ -17,7 +17,7 @@
 #include "layout/geometry/CAppendPlan.h"
 #include "layout/geometry/CEdgeSnap.h"
 #include "layout/geometry/CSnakeOrder.h"
-#include "platform/widgets/CGraphicsScene.h"
+#include "platform/graphics/CGraphicsScene.h"
 #include "platform/widgets/CMessageBox.h"
 
 #include <QClipboard>

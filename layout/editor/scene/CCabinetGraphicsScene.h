@@ -9,7 +9,7 @@
 #include "layout/api/records/SBackgroundInfo.h"
 #include "layout/drawing/CCanvasFill.h"
 #include "layout/editor/scene/ToolMode.h"
-#include "platform/widgets/CGraphicsScene.h"
+#include "platform/graphics/CGraphicsScene.h"
 
 #include <QUndoStack>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "platform/widgets/CUndoCommand.h"
+#include "platform/graphics/CUndoCommand.h"
 
 #include <QMap>
 #include <QPointF>

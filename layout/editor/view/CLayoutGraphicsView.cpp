@@ -15,7 +15,7 @@
 #include "layout/editor/view/CEditorToolBar.h"
 #include "layout/editor/view/CPortStrip.h"
 #include "layout/editor/view/CToolModes.h"
-#include "platform/widgets/view/CAerialView.h"
+#include "platform/graphics/CAerialView.h"
 
 #include <QKeyEvent>
 #include <QMenu>

@@ -6,7 +6,7 @@
 #include "layout/api/records/ProcessorTree.h"
 #include "layout/api/records/SSettings.h"
 #include "layout/editor/view/CEditHistories.h"
-#include "platform/widgets/CGraphicsView.h"
+#include "platform/graphics/CGraphicsView.h"
 
 class CCabinetGraphicsScene;
 class CEditorToolBar;

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "platform/widgets/CUndoCommand.h"
+#include "platform/graphics/CUndoCommand.h"
 
-#include "platform/widgets/CGraphicsScene.h"
+#include "platform/graphics/CGraphicsScene.h"
 
 #include <QGraphicsItem>
 

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "platform/widgets/CGraphicsView.h"
+#include "platform/graphics/CGraphicsView.h"
 
-#include "platform/widgets/CGraphicsScene.h"
-#include "platform/widgets/CZoomStrip.h"
-#include "platform/widgets/view/CAerialView.h"
+#include "platform/graphics/CAerialView.h"
+#include "platform/graphics/CGraphicsScene.h"
+#include "platform/graphics/CZoomStrip.h"
 
 #include <QAbstractSpinBox>
 #include <QAction>

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "platform/widgets/CZoomStrip.h"
+#include "platform/graphics/CZoomStrip.h"
 
 #include <QHBoxLayout>
 #include <QIcon>
