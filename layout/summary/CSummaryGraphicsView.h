@@ -3,7 +3,7 @@
 #pragma once
 
 #include "layout/summary/SSummaryProcessor.h"
-#include "platform/widgets/CGraphicsView.h"
+#include "platform/graphics/CGraphicsView.h"
 
 #include <QVector>
 

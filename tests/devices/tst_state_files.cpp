@@ -88,9 +88,9 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("call");
         QTest::addColumn<int>("reason");
         QTest::addColumn<int>("version");
-        QTest::newRow("too many files are open") << QByteArray("open") << EMFILE << 1;
-        QTest::newRow("the disk fails") << QByteArray("read") << EIO << 1;
-        QTest::newRow("newer") << QByteArray() << 0 << 2;
+        QTest::newRow("too many files are open") << QByteArray("open") << EMFILE << 2;
+        QTest::newRow("the disk fails") << QByteArray("read") << EIO << 2;
+        QTest::newRow("newer") << QByteArray() << 0 << 3;
     }
     void neverOverwritesWhatItCouldNotRead()
     {
@@ -100,7 +100,7 @@ private Q_SLOTS:
         QByteArray contents[2];
         for (const bool mapping : {false, true}) {
             contents[mapping] = ProjectSamples::contentOf(fileOf(mapping))
-                                    .replace("\"version\":1", "\"version\":" + QByteArray::number(version));
+                                    .replace("\"version\":2", "\"version\":" + QByteArray::number(version));
             ProjectSamples::setContent(fileOf(mapping), contents[mapping]);
         }
         const auto device = processor();
@@ -116,7 +116,7 @@ private Q_SLOTS:
         for (const bool mapping : {false, true})
             QCOMPARE(ProjectSamples::contentOf(fileOf(mapping)), contents[mapping]);
         QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden).size(), 2);
-        if (version == 1) { // all is well again at the next start
+        if (version == 2) { // all is well again at the next start
             const auto next = processor();
             QCOMPARE(portsOf(*next), KeptPorts);
             QCOMPARE(revisionOf(*next), KeptPorts);
@@ -125,7 +125,7 @@ private Q_SLOTS:
 
     void aCommandBeforeTheFirstLookOverwritesNothing()
     {
-        const QByteArray content = ProjectSamples::contentOf(fileOf(false)).replace("ion\":1", "ion\":2");
+        const QByteArray content = ProjectSamples::contentOf(fileOf(false)).replace("ion\":2", "ion\":3");
         ProjectSamples::setContent(fileOf(false), content);
         expectWarning(QRegularExpression(QStringLiteral("newer version|what it holds")));
         QCOMPARE(processor()->apply(factory().settings), DeviceError::Unread);

@@ -4,7 +4,7 @@
 #include "layout/summary/CGraphicsProcessorItem.h"
 #include "layout/summary/CSummaryGraphicsView.h"
 #include "layout/summary/CSummaryLabel.h"
-#include "platform/widgets/CGraphicsScene.h"
+#include "platform/graphics/CGraphicsScene.h"
 #include "tests/harness/CTestBase.h"
 
 #include <QLineEdit>

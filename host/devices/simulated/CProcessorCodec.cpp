@@ -12,7 +12,7 @@
 namespace {
 
 constexpr SFileFormat settingsFormat{"orvo-processor-settings",
-                                     QT_TRANSLATE_NOOP("SFileFormat", "a processor's settings"), 1};
+                                     QT_TRANSLATE_NOOP("SFileFormat", "a processor's settings"), 2};
 constexpr SFileFormat mappingFormat{"orvo-processor-mapping",
                                     QT_TRANSLATE_NOOP("SFileFormat", "a processor's mapping"), 2};
 constexpr int LargestOffset = 1 << 20; // pixels
