@@ -84,8 +84,6 @@ void CLayoutGraphicsView::connectScene()
     connect(m_scene, &Scene::notifyCanRedoChanged, this, &CLayoutGraphicsView::onNotifyCanRedoChanged);
     connect(m_scene, &Scene::notifySelectedItemGeometryChanged, this,
             &CLayoutGraphicsView::onNotifySelectedItemGeometryChanged);
-    connect(m_scene, &Scene::notifySelectedCabinetInfos, this,
-            &CLayoutGraphicsView::notifySelectedCabinetInfos);
     connect(m_scene, &Scene::notifySelectedChanged, this, &CLayoutGraphicsView::onNotifySelectedChanged);
     connect(m_scene, &Scene::notifySceneChanged, this, &CLayoutGraphicsView::onNotifySceneChanged);
     connect(m_scene, &Scene::notifyLookChanged, &aerialView(), &CAerialView::scheduleRefresh);
@@ -107,11 +105,8 @@ void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &process
 {
     const bool another = processor.uuid != m_processor;
     if (another) {
-        CabinetLayout left;
-        m_scene->getLayoutData(left, m_processor);
-        m_histories.leave(m_processor, left);
+        leaveProcessor(); // nothing is recorded of it on the other's stack
         m_processor = processor.uuid;
-        m_scene->clearLayout(); // nothing is recorded of it on the other's stack
         QUndoStack &stack = m_histories.enter(m_processor, layout.layout);
         m_scene->setUndoStack(&stack);
         onNotifyCanUndoChanged(stack.canUndo());
@@ -131,13 +126,18 @@ void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &process
         fitContent();
 }
 
-void CLayoutGraphicsView::clearLayout()
+void CLayoutGraphicsView::leaveProcessor()
 {
     CabinetLayout left;
     m_scene->getLayoutData(left, m_processor);
     m_histories.leave(m_processor, left);
     m_processor = QUuid();
     m_scene->clearLayout();
+}
+
+void CLayoutGraphicsView::clearLayout()
+{
+    leaveProcessor();
     m_scene->setUndoStack(nullptr);
     onNotifyCanUndoChanged(false);
     onNotifyCanRedoChanged(false);
@@ -271,6 +271,9 @@ void CLayoutGraphicsView::onNotifySelectedChanged(const QList<int> &ports, bool 
     m_ports->setHasSelection(!ports.isEmpty());
     aerialView().scheduleRefresh();
     Q_EMIT notifySelectedPort(ports);
+    static const auto infos = QMetaMethod::fromSignal(&CLayoutGraphicsView::notifySelectedCabinetInfos);
+    if (isSignalConnected(infos)) // a connection to the scene's own signal would have it build them each time
+        Q_EMIT notifySelectedCabinetInfos(m_scene->selection().records());
     onNotifySelectedItemGeometryChanged();
 }
 

@@ -104,6 +104,7 @@ private:
     void connectScene();
     bool isBlocked() const { return m_blocked || m_backup; }
     void setBlocked(bool byController, bool asBackup);
+    void leaveProcessor();
     void choosePort(int port);
     void clearTopology();
     void openAppendMenu(const QPoint &globalPos);
