@@ -5,13 +5,8 @@
 #include "layout/api/records/LayoutLimits.h"
 #include "layout/summary/CGraphicsProcessorItem.h"
 #include "layout/summary/CProcessorMove.h"
-<<<<<<< HEAD
 #include "layout/summary/CSummaryPainter.h"
-#include "platform/widgets/CGraphicsScene.h"
-=======
 #include "platform/graphics/CGraphicsScene.h"
-#include "platform/widgets/ThemeColors.h"
->>>>>>> dcf7aa3 (Hold every include against the table of who may know whom)
 
 #include <QApplication>
 #include <QKeyEvent>
