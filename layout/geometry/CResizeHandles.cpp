@@ -52,12 +52,15 @@ QMap<int, QRectF> CResizeHandles::handles(const QRectF &rect, qreal side)
         rect.topLeft(),     {centre.x(), rect.top()},    rect.topRight(),   {rect.right(), centre.y()},
         rect.bottomRight(), {centre.x(), rect.bottom()}, rect.bottomLeft(), {rect.left(), centre.y()}};
     QMap<int, QRectF> handles;
+    if (std::min(rect.width(), rect.height()) < side)
+        return handles;
+    const QSizeF size(std::min(side, rect.width() * 2 / 3), std::min(side, rect.height() * 2 / 3));
     for (int i = 0; i < Count; ++i) {
         const bool onHorizontalEdge = i == Top || i == Bottom;
         const bool onVerticalEdge = i == Left || i == Right;
         if ((onHorizontalEdge && rect.width() < 3 * side) || (onVerticalEdge && rect.height() < 3 * side))
             continue;
-        handles.insert(i, QRectF(places[i] - QPointF(side / 2, side / 2), QSizeF(side, side)));
+        handles.insert(i, QRectF(places[i] - QPointF(size.width() / 2, size.height() / 2), size));
     }
     return handles;
 }
@@ -65,13 +68,12 @@ QMap<int, QRectF> CResizeHandles::handles(const QRectF &rect, qreal side)
 QVector<QRectF> CResizeHandles::marks(const QRectF &rect, qreal side)
 {
     QVector<QRectF> marks;
-    if (std::min(rect.width(), rect.height()) < 2 * side)
-        return marks;
-    const qreal half = side / 2;
     for (const QRectF &handle : handles(rect, side)) {
-        const QPointF corner = handle.center() - QPointF(half / 2, half / 2);
-        marks << QRectF(qBound(rect.left(), corner.x(), rect.right() - half),
-                        qBound(rect.top(), corner.y(), rect.bottom() - half), half, half);
+        QRectF mark(QPointF(), handle.size() / 2);
+        mark.moveCenter(handle.center());
+        marks << QRectF(QPointF(qBound(rect.left(), mark.x(), rect.right() - mark.width()),
+                                qBound(rect.top(), mark.y(), rect.bottom() - mark.height())),
+                        mark.size());
     }
     return marks;
 }

@@ -16,12 +16,12 @@ public:
     static constexpr int Count = 8;
     static constexpr int ScreenSide = 12; ///< of a handle, in pixels of the screen
 
-    /// Squares of @p side, centred on corners and edges of @p rect. Edges shorter than three sides get no
-    /// handle of their own, so that the corners stay within reach.
+    /// Rectangles of @p side, centred on corners and edges of @p rect; on a small one they are narrower, so
+    /// that a third of it stays free in its middle. Edges shorter than three sides get no handle of their
+    /// own, so that the corners stay within reach; what is shorter than one side gets none at all.
     static QMap<int, QRectF> handles(const QRectF &rect, qreal side);
 
-    /// Where the handles are shown: squares inside @p rect, so that repainting it repaints them. None on a
-    /// rectangle that is too small for two of them.
+    /// Where the handles are shown: half as large, inside @p rect, so that repainting it repaints them.
     static QVector<QRectF> marks(const QRectF &rect, qreal side);
 
     /// @p rect with the handle's edges moved by @p delta, in whole pixels, each side kept from @p

@@ -66,7 +66,7 @@ private Q_SLOTS:
             all += port->cabinets(nullptr);
         for (CGraphicsCabinetItem *cabinet : qAsConst(all))
             cabinet->setHighlighted(true);
-        m_mouse->drag(click, {3, 3}); // a move leaves highlights alone
+        m_mouse->drag(click, {13, 3}); // a move leaves highlights alone
         m_mouse->scene().undo(nullptr);
         m_mouse->click(click);
         m_mouse->drag(corner - QPoint(2, 2), {10, 0});

@@ -123,6 +123,9 @@ private Q_SLOTS:
         const QMap<int, QRectF> narrow = CResizeHandles::handles({0, 0, 23, 24}, 8);
         QVERIFY(narrow.contains(CResizeHandles::Left) && narrow.contains(CResizeHandles::Right));
         QVERIFY(!narrow.contains(CResizeHandles::Top) && !narrow.contains(CResizeHandles::Bottom));
+        const QMap<int, QRectF> small = CResizeHandles::handles({0, 0, 9, 9}, 8);
+        QCOMPARE(small.value(CResizeHandles::TopLeft), QRectF(-3, -3, 6, 6)); // the middle third is free
+        QVERIFY(CResizeHandles::handles({0, 0, 7, 90}, 8).isEmpty());
     }
 
     void aHandleMovesItsEdgesOnly_data()

@@ -156,6 +156,32 @@ private Q_SLOTS:
         QVERIFY(m_mouse->layout() == m_mouse->original());
     }
 
+    void clicksChangeNothing()
+    {
+        m_mouse->view().setScaleFactor(0.14);
+        m_mouse->drag({192, 64}, {28, 14}); // trembles by a few pixels of the screen
+        m_mouse->drag({64, 10}, {28, 14});  // now on a handle, too
+        QVERIFY(m_mouse->layout() == m_mouse->original());
+        QCOMPARE(m_mouse->stack().count(), 0);
+    }
+
+    void onlyAHandleThatIsShownIsGrabbed()
+    {
+        m_mouse->press({382, 126}); // in the corner, not selected before
+        m_mouse->moveTo({402, 136});
+        m_mouse->release({402, 136});
+        QCOMPARE(m_mouse->cabinet(0, 2).cabinet().rect, QRect(276, 10, 128, 128));
+        m_mouse->press({408, 142}); // beside the cabinet, on the outer half of its handle
+        m_mouse->moveTo({428, 142});
+        m_mouse->release({428, 142});
+        QCOMPARE(m_mouse->cabinet(0, 2).cabinet().rect, QRect(276, 10, 148, 128));
+        m_mouse->click({192, 64});
+        m_mouse->drag({260, 64}, {20, 0}); // the outer half lies over its neighbour
+        QCOMPARE(m_mouse->cabinet(0, 1).cabinet().rect, QRect(128, 0, 148, 128));
+        m_mouse->click({270, 64}, Qt::ControlModifier);
+        QCOMPARE(m_mouse->selected(), Items());
+    }
+
     void groupsResizeWhenTheyTile_data()
     {
         QTest::addColumn<QPoint>("member");

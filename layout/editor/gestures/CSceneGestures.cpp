@@ -10,9 +10,11 @@
 #include "layout/editor/gestures/CRubberBand.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/items/ViewScale.h"
 #include "layout/geometry/CResizeHandles.h"
 #include "platform/graphics/CGraphicsScene.h"
 
+#include <QApplication>
 #include <QPainter>
 
 #include <utility>
@@ -37,38 +39,68 @@ void CSceneGestures::cancel()
         m_content.releaseCabinets();
         m_dragCancelled = true;
     }
+    if (std::exchange(m_press, std::nullopt))
+        m_dragCancelled = true;
     m_stroke.reset();
     if (m_band)
         m_band->cancel();
     endBand();
 }
 
-void CSceneGestures::beginMove(const QPointF &scenePos)
+void CSceneGestures::beginMove(const QPointF &scenePos, const CGraphicsItemBase *joining)
 {
-    if (m_selection.isEmpty() || m_selection.touchesLockedPort())
-        return;
-    m_drag = std::make_unique<CItemDrag>(m_editing, m_content, m_selection.sorted(), scenePos);
-    m_content.holdCabinets(m_selection.ports());
+    m_press = SPress{scenePos, joining ? joining->uuid() : QUuid(), CGraphicsItemBase::NoHandle};
 }
 
 void CSceneGestures::beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos)
 {
-    m_drag = std::make_unique<CItemDrag>(m_editing, m_content, item, handle, scenePos);
-    m_content.holdCabinets({item.port()});
+    m_press = SPress{scenePos, item.uuid(), handle};
+}
+
+void CSceneGestures::beginDrag(const SPress &press)
+{
+    CGraphicsItemBase *item = m_content.editedItem(press.item);
+    if (press.handle != CGraphicsItemBase::NoHandle) {
+        if (!item || !item->canResize())
+            return;
+        m_drag = std::make_unique<CItemDrag>(m_editing, m_content, *item, press.handle, press.place);
+        m_content.holdCabinets({item->port()});
+        return;
+    }
+    const CGraphicsPortItem *joined = item ? item->portItem() : nullptr;
+    if (m_selection.touchesLockedPort() || (joined && joined->isLocked()))
+        return;
+    if (item) {
+        const CEditBatch batch(m_editing);
+        item->selectOutermost(true);
+    }
+    if (m_selection.isEmpty())
+        return;
+    m_drag = std::make_unique<CItemDrag>(m_editing, m_content, m_selection.sorted(), press.place);
+    m_content.holdCabinets(m_selection.ports());
 }
 
 void CSceneGestures::continueDrag(const QPointF &scenePos)
 {
+    if (m_press) {
+        const QPointF way = (scenePos - m_press->place) * viewScale(m_scene);
+        if (way.manhattanLength() < QApplication::startDragDistance())
+            return;
+        beginDrag(*std::exchange(m_press, std::nullopt));
+    }
     if (m_drag)
         m_drag->moveTo(scenePos);
 }
 
 bool CSceneGestures::endDrag(const QPointF &scenePos)
 {
-    if (!m_drag)
+    if (!isDragging())
         return std::exchange(m_dragCancelled, false);
+    continueDrag(scenePos);
+    m_press.reset();
+    if (!m_drag)
+        return false;
     m_content.releaseCabinets();
-    m_drag->moveTo(scenePos);
     const std::unique_ptr<CItemDrag> drag = std::move(m_drag);
     return drag->finish(m_recorder);
 }

@@ -3,8 +3,10 @@
 #pragma once
 
 #include <QPointF>
+#include <QUuid>
 
 #include <memory>
+#include <optional>
 
 class CGraphicsCabinetItem;
 class CGraphicsItemBase;
@@ -31,10 +33,12 @@ public:
     void cancel();
     /// A first button goes down: what was cancelled before does not concern its release.
     void beginPress() { m_dragCancelled = false; }
-    bool isDragging() const { return m_drag != nullptr; }
+    /// Whether items are dragged, or a press on one may still become a drag.
+    bool isDragging() const { return m_drag || m_press; }
     bool hasBand() const { return m_band != nullptr; }
 
-    void beginMove(const QPointF &scenePos);
+    // A press becomes a drag when it has gone farther than a click does.
+    void beginMove(const QPointF &scenePos, const CGraphicsItemBase *joining);
     void beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos);
     void continueDrag(const QPointF &scenePos);
     /// Gives whether the press was a drag, cancelled or not, and no click.
@@ -54,6 +58,14 @@ public:
     void paintHandles(QPainter &painter) const;
 
 private:
+    struct SPress
+    {
+        QPointF place;
+        QUuid item; // that is resized, or joins the move; null: the selection moves
+        int handle;
+    };
+
+    void beginDrag(const SPress &press);
     void invalidateBand();
 
     CGraphicsScene &m_scene;
@@ -61,6 +73,7 @@ private:
     CSceneContent &m_content;
     const CSceneSelection &m_selection;
     CUndoRecorder &m_recorder;
+    std::optional<SPress> m_press;
     std::unique_ptr<CItemDrag> m_drag;
     std::unique_ptr<CPenStroke> m_stroke;
     std::unique_ptr<CRubberBand> m_band;

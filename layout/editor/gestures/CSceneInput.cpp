@@ -19,7 +19,7 @@ CSceneInput::CSceneInput(CCabinetGraphicsScene &scene)
     : m_scene(scene)
     , m_backend(scene.backend())
     , m_gestures(scene, m_backend.batches(), m_backend.content(), m_backend.selection(), m_backend.recorder())
-    , m_select(scene, m_gestures)
+    , m_select(scene, m_backend.batches(), m_backend.selection(), *this, m_gestures)
     , m_pen(m_gestures)
     , m_exchange(m_backend.operations(), CExchangeMode::Receiver)
     , m_directExchange(m_backend.operations(), CExchangeMode::Anywhere)
@@ -45,10 +45,17 @@ bool CSceneInput::offersHandles() const
     return isSingleSelection() && m_backend.toolModes().isEmpty();
 }
 
-void CSceneInput::beginMove(const QPointF &scenePos)
+int CSceneInput::handleAt(const QPointF &scenePos) const
+{
+    if (!offersHandles())
+        return CGraphicsItemBase::NoHandle;
+    return (*m_backend.selection().items().begin())->handleAt(scenePos);
+}
+
+void CSceneInput::beginMove(const QPointF &scenePos, CGraphicsItemBase *joining)
 {
     if (m_backend.toolModes().isEmpty())
-        m_gestures.beginMove(scenePos);
+        m_gestures.beginMove(scenePos, joining);
 }
 
 void CSceneInput::beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos)
@@ -96,7 +103,8 @@ bool CSceneInput::press(QGraphicsSceneMouseEvent &event)
 bool CSceneInput::doubleClick(QGraphicsSceneMouseEvent &event)
 {
     if (event.button() == Qt::LeftButton && mouseMode().edits() &&
-        CItemLookup::isOnCabinet(m_scene, event.scenePos())) {
+        CItemLookup::isOnCabinet(m_scene, event.scenePos()) &&
+        !m_select.isOnCabinetHandle(event.scenePos())) {
         m_gestures.beginPress();
         return false;
     }

@@ -42,8 +42,9 @@ public:
     IMouseMode &mouseMode() override;
     bool isSingleSelection() const override;
     bool offersHandles() const override;
+    int handleAt(const QPointF &scenePos) const override;
     bool hasRubberBand() const override { return m_gestures.hasBand(); }
-    void beginMove(const QPointF &scenePos) override;
+    void beginMove(const QPointF &scenePos, CGraphicsItemBase *joining = nullptr) override;
     void beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos) override;
     void continueDrag(const QPointF &scenePos) override { m_gestures.continueDrag(scenePos); }
     bool endDrag(const QPointF &scenePos) override { return m_gestures.endDrag(scenePos); }

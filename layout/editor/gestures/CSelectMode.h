@@ -4,15 +4,23 @@
 
 #include "layout/editor/items/IMouseMode.h"
 
+class CGraphicsItemBase;
 class CSceneGestures;
+class CSceneSelection;
+class IEditing;
+class IItemMouse;
 class QGraphicsScene;
 
 /// Without a tool: items are selected, moved and resized; a press beside them begins a rubber band.
 class CSelectMode final : public IMouseMode
 {
 public:
-    CSelectMode(const QGraphicsScene &scene, CSceneGestures &gestures)
+    CSelectMode(const QGraphicsScene &scene, IEditing &editing, const CSceneSelection &selection,
+                IItemMouse &mouse, CSceneGestures &gestures)
         : m_scene(scene)
+        , m_editing(editing)
+        , m_selection(selection)
+        , m_mouse(mouse)
         , m_gestures(gestures)
     {
     }
@@ -22,7 +30,17 @@ public:
     bool release(const QGraphicsSceneMouseEvent &event) override;
     bool edits() const override { return true; }
 
+    /// Whether a handle of a cabinet is shown at a place, not one of a group.
+    bool isOnCabinetHandle(const QPointF &scenePos) const;
+
 private:
+    CGraphicsItemBase *selectedItem() const; ///< null unless exactly one is selected
+    bool pressHandle(const QGraphicsSceneMouseEvent &event);
+
     const QGraphicsScene &m_scene;
+    IEditing &m_editing;
+    const CSceneSelection &m_selection;
+    IItemMouse &m_mouse;
     CSceneGestures &m_gestures;
+    bool m_onHandle = false; // the button went down on one
 };

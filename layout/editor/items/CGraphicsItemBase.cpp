@@ -7,6 +7,7 @@
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IEditorScene.h"
 #include "layout/editor/items/IMouseMode.h"
+#include "layout/editor/items/ViewScale.h"
 #include "layout/geometry/CResizeHandles.h"
 
 #include <QCursor>
@@ -14,7 +15,6 @@
 #include <QGraphicsSceneContextMenuEvent>
 #include <QGraphicsSceneHoverEvent>
 #include <QGraphicsSceneMouseEvent>
-#include <QGraphicsView>
 #include <QPainterPath>
 #include <QPen>
 
@@ -98,16 +98,16 @@ QPainterPath CGraphicsItemBase::shape() const
 void CGraphicsItemBase::updateHandles()
 {
     m_handles.clear();
-    const QList<QGraphicsView *> views = scene() ? scene()->views() : QList<QGraphicsView *>();
     const IItemMouse *mouse = itemMouse();
-    if (views.isEmpty() || !isSelected() || !mouse || !mouse->offersHandles() || !canResize())
+    if (!scene() || !isSelected() || !mouse || !mouse->offersHandles() || !canResize())
         return;
-    m_handles =
-        CResizeHandles::handles(rect(), CResizeHandles::ScreenSide / views.first()->transform().m11());
+    m_handles = CResizeHandles::handles(rect(), CResizeHandles::ScreenSide / viewScale(*scene()));
 }
 
-int CGraphicsItemBase::handleAt(const QPointF &position) const
+int CGraphicsItemBase::handleAt(const QPointF &scenePos)
 {
+    updateHandles();
+    const QPointF position = mapFromScene(scenePos);
     for (auto handle = m_handles.begin(); handle != m_handles.end(); ++handle) {
         if (handle.value().contains(position))
             return handle.key();
@@ -117,7 +117,6 @@ int CGraphicsItemBase::handleAt(const QPointF &position) const
 
 void CGraphicsItemBase::setHoveredHandle(int handle)
 {
-    // A handle that sticks out stays part of the item while the cursor is on it.
     const QRectF bounds = handle == NoHandle ? rect() : rect().united(m_handles.value(handle));
     m_hoveredHandle = handle;
     if (bounds == m_bounds)
@@ -145,10 +144,9 @@ bool CGraphicsItemBase::sceneEvent(QEvent *event)
 
 void CGraphicsItemBase::hoverMoveEvent(QGraphicsSceneHoverEvent *event)
 {
-    CGraphicsItemBase &target = isSelected() ? *this : outermost();
-    target.updateHandles();
-    const int handle = target.handleAt(mapToItem(&target, event->pos()));
-    target.setHoveredHandle(handle);
+    const IItemMouse *mouse = itemMouse();
+    // Also a handle of another item, which sticks out over this one.
+    const int handle = mouse ? mouse->handleAt(event->scenePos()) : NoHandle;
     if (handle == NoHandle)
         unsetCursor();
     else
@@ -157,8 +155,6 @@ void CGraphicsItemBase::hoverMoveEvent(QGraphicsSceneHoverEvent *event)
 
 void CGraphicsItemBase::hoverLeaveEvent(QGraphicsSceneHoverEvent *)
 {
-    setHoveredHandle(NoHandle);
-    outermost().setHoveredHandle(NoHandle);
     unsetCursor();
 }
 
@@ -196,20 +192,8 @@ void CGraphicsItemBase::mousePressEvent(QGraphicsSceneMouseEvent *event)
         return;
     const CEditBatch batch(editor()->editing());
     const bool toggles = selectByPress(*event);
-    m_activeHandle = NoHandle;
-    // Members lie above the handles of their group.
-    CGraphicsItemBase &target = isSelected() ? *this : outermost();
-    if (event->button() == Qt::LeftButton && mouse->offersHandles() && target.isSelected()) {
-        target.updateHandles();
-        m_activeHandle = target.handleAt(mapToItem(&target, event->pos()));
-        if (m_activeHandle != NoHandle) {
-            mouse->beginScale(target, m_activeHandle, event->scenePos());
-            target.resetHighlights();
-            return;
-        }
-    }
-    if (event->button() == Qt::LeftButton && !(toggles && !isSelectedWithGroups()))
-        mouse->beginMove(event->scenePos());
+    if (event->button() == Qt::LeftButton)
+        mouse->beginMove(event->scenePos(), toggles && !isSelectedWithGroups() ? this : nullptr);
 }
 
 void CGraphicsItemBase::contextMenuEvent(QGraphicsSceneContextMenuEvent *event)
@@ -230,7 +214,6 @@ void CGraphicsItemBase::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 
 void CGraphicsItemBase::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 {
-    m_activeHandle = NoHandle;
     IItemMouse *mouse = itemMouse();
     if (!mouse || event->button() != Qt::LeftButton || mouse->endDrag(event->scenePos()) ||
         !mouse->mouseMode().selects())

@@ -68,6 +68,13 @@ public:
     QRectF boundingRect() const override { return m_bounds; }
     QPainterPath shape() const override;
 
+    /// The handle that is shown at a place while the item is selected; NoHandle without one.
+    int handleAt(const QPointF &scenePos);
+    /// A handle that sticks out is part of the item while the cursor is on it.
+    void setHoveredHandle(int handle);
+    /// A press on a handle ends highlights of untyped cabinets, where the user wants that.
+    void resetHighlights();
+
     /// Sets the rectangle to that size at the item's position.
     void setSize(const QSizeF &size);
 
@@ -90,16 +97,12 @@ protected:
 
 private:
     void updateHandles();
-    void setHoveredHandle(int handle);
-    int handleAt(const QPointF &position) const;
     bool selectByPress(const QGraphicsSceneMouseEvent &event);
-    void resetHighlights();
 
     QUuid m_uuid; // the same as in the data role, for which Qt searches a table of all items
     int m_port = 0;
     Cabinet m_cabinet;
     QMap<int, QRectF> m_handles;    // by handle number, in item coordinates
-    int m_activeHandle = NoHandle;  // grabbed by the current press
     int m_hoveredHandle = NoHandle; // under the cursor; it belongs to the bounds while it is
     QRectF m_bounds;
     qint64 m_ordinal = 0;

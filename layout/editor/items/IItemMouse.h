@@ -20,12 +20,16 @@ public:
     virtual bool isSingleSelection() const = 0;
     /// Whether the selected item can be resized with the mouse: it is the only one, and no tool is in use.
     virtual bool offersHandles() const = 0;
+    /// The resize handle of the selected item that is shown at a place; CGraphicsItemBase::NoHandle without
+    /// one.
+    virtual int handleAt(const QPointF &scenePos) const = 0;
     /// Whether the user is drawing a rubber band.
     virtual bool hasRubberBand() const = 0;
 
-    /// Begins, continues and ends the pending operation "Move" of the selection or "Scale" of one item.
-    /// Refused silently where a port is locked.
-    virtual void beginMove(const QPointF &scenePos) = 0;
+    /// Begins, continues and ends the pending operation "Move" of the selection or "Scale" of one item. What
+    /// stays within the distance of a click changes nothing. Refused silently where a port is locked. With
+    /// @p joining that item, or the group that it is in, becomes selected as well when the move begins.
+    virtual void beginMove(const QPointF &scenePos, CGraphicsItemBase *joining = nullptr) = 0;
     virtual void beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos) = 0;
     virtual void continueDrag(const QPointF &scenePos) = 0;
     /// Returns whether the press was a drag, cancelled or not, and no click.

@@ -10,6 +10,7 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IEditing.h"
+#include "layout/editor/items/ViewScale.h"
 #include "layout/editor/operations/CSceneOperations.h"
 #include "layout/editor/placing/CCopyMime.h"
 #include "layout/editor/placing/CPasteContent.h"
@@ -168,9 +169,7 @@ QRect CScenePlacing::ghostAt(const QPointF &scenePos) const
     const QSize size = m_scene.property(PendingSize).toSize();
     QRect ghost(QPoint(), size);
     ghost.moveTopLeft((scenePos - QPointF(size.width() / 2.0, size.height() / 2.0)).toPoint());
-    const QList<QGraphicsView *> views = m_scene.views();
-    const qreal scale = views.isEmpty() ? 1 : views.first()->transform().m11();
-    const int reach = qMin(qRound(SnapReach / scale), qMin(size.width(), size.height()) / 2);
+    const int reach = qMin(qRound(SnapReach / viewScale(m_scene)), qMin(size.width(), size.height()) / 2);
     QVector<QRect> neighbours;
     const QList<QGraphicsItem *> near =
         m_scene.items(QRectF(ghost.adjusted(-reach, -reach, reach, reach)), Qt::IntersectsItemBoundingRect);

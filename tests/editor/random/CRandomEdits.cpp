@@ -12,6 +12,8 @@
 #include "tests/editor/random/RandomLayout.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 
+#include <QApplication>
+
 using namespace RandomKinds;
 using RandomLayout::PortCount;
 
@@ -311,7 +313,7 @@ bool CRandomEdits::dragSelection()
     m_scene.backend().mouse()->beginMove(press);
     m_scene.backend().mouse()->continueDrag(press + QPointF(step) / 3);
     m_scene.backend().mouse()->endDrag(press + step);
-    if (m_items.isEmpty() || m_refused)
+    if (m_items.isEmpty() || m_refused || step.manhattanLength() < QApplication::startDragDistance())
         return false;
     m_expected.translate(m_items, step);
     return true;
@@ -324,7 +326,7 @@ bool CRandomEdits::resizeSelected()
     CGraphicsItemBase *item = m_scene.backend().content().editedItem(*m_items.begin());
     const QPointF press = item->scenePos();
     const QPoint step(m_random.bounded(-60, 61), m_random.bounded(-60, 61));
-    const bool refused = !item->canResize();
+    const bool refused = !item->canResize() || step.manhattanLength() < QApplication::startDragDistance();
     m_scene.backend().mouse()->beginScale(*item, CResizeHandles::BottomRight, press);
     m_scene.backend().mouse()->continueDrag(press + step);
     m_scene.backend().mouse()->endDrag(press + step);
