@@ -125,19 +125,6 @@ struct SDispatchScene final : SStoreWorld
     QStringList last;
 };
 
-class CForwarder final : public CObserver
-{
-public:
-    explicit CForwarder(std::function<void(CSubject &)> forward)
-        : m_forward(std::move(forward))
-    {
-    }
-    void Update(CSubject &subject) override { m_forward(subject); }
-
-private:
-    std::function<void(CSubject &)> m_forward;
-};
-
 QByteArray thrownBy(const std::function<void()> &call)
 {
     try {
@@ -155,72 +142,56 @@ class CNotificationsTest final : public CTestBase
     Q_OBJECT
 
 private Q_SLOTS:
-    void leadsEachCodeToItsSignalsAndSlots_data()
-    {
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QStringList>("emitted");
-        QTest::addColumn<QStringList>("slots_");
-        QTest::addColumn<QString>("thread"); // of the signals, or of what the host is asked
-        QTest::addColumn<QString>("asked");  // of the host, where there is no signal
-        using N = LayoutNotification;
-        const auto row = [](const char *name, N code, const char *emitted, const char *slot,
-                            const char *thread, const char *asked = "") {
-            const auto listed = [](const char *text) {
-                return QString::fromLatin1(text).split(QLatin1Char('|'), Qt::SkipEmptyParts);
-            };
-            QTest::newRow(name) << static_cast<int>(code) << listed(emitted) << listed(slot)
-                                << QString::fromLatin1(thread) << QString::fromLatin1(asked);
-        };
-        row("work mode", N::WorkModeChanged, "", "work mode", "");
-        row("type library", N::TypeLibraryChanged, "", "", "Update", "typeLibrary");
-        row("removed", N::ProcessorRemoved, "state|load", "", "Update");
-        row("replaced", N::LayoutReplaced, "replaced", "", "Update");
-        row("state", N::ProcessorStateChanged, "state|load", "state", "worker");
-        row("port count", N::PortCountChanged, "load", "ports of A", "worker");
-        row("current", N::CurrentProcessorChanged, "load", "current", "worker");
-        row("selection", N::SelectedNodeChanged, "cancel", "selected 1 1", "Update");
-        row("read-back", N::ReadbackFinished, "", "readback 0 1", "");
-        row("background", N::BackgroundChanged, "background", "", "worker");
-        row("loads", N::PortLoadsChanged, "port load|load", "", "worker");
-        row("unknown", static_cast<N>(3), "", "", "");
-        row("beyond", static_cast<N>(30), "", "", "");
-    }
     void leadsEachCodeToItsSignalsAndSlots()
     {
-        QFETCH(int, code);
-        QFETCH(QStringList, emitted);
-        QFETCH(QStringList, slots_);
-        QFETCH(QString, thread);
-        QFETCH(QString, asked);
-        SDispatchScene scene;
-        const QMap<LayoutNotification, std::any> arguments{
-            {LayoutNotification::ProcessorRemoved, scene.a},
-            {LayoutNotification::LayoutReplaced, scene.a},
-            {LayoutNotification::ProcessorStateChanged, SProcessorStateChange{scene.a, true}},
-            {LayoutNotification::CurrentProcessorChanged, scene.a},
-            {LayoutNotification::SelectedNodeChanged,
-             SSelectedNodeChange{{{scene.a, QRect(0, 0, 9, 9)}}, PrcTreeNodeType::Group}},
-            {LayoutNotification::ReadbackFinished, SReadbackResult{scene.a, true}},
-            {LayoutNotification::BackgroundChanged,
-             [&scene] {
-                 SBackgroundInfo info;
-                 info.processor = scene.a;
-                 return info;
-             }()},
-            {LayoutNotification::PortLoadsChanged, SPortLoadChange{scene.a, 1}},
+        using N = LayoutNotification;
+        struct SCase
+        {
+            N code;
+            std::any argument;
+            QString emitted;
+            QString slot;
+            QString thread; // of the signals, or of what the host is asked
         };
-        if (code == static_cast<int>(LayoutNotification::PortLoadsChanged))
-            scene.host.answers()->loads[1] = 30;
-        const auto wanted = static_cast<LayoutNotification>(code);
-        if (wanted == LayoutNotification::ProcessorRemoved)
-            scene.host.choose(QUuid());
-        QCOMPARE(scene.led(wanted, arguments.value(wanted)), emitted);
-        for (const QString &signal : emitted)
-            QCOMPARE(signal + scene.threadOf(signal), signal + thread);
-        if (!asked.isEmpty())
-            QCOMPARE(scene.threadOf(asked), thread);
-        QCOMPARE(scene.controller.invoked, slots_);
-        QVERIFY(scene.controller.onOwnThread);
+        const auto text = [](const char *latin) { return QString::fromLatin1(latin); };
+        for (int i = 0; i < 13; ++i) {
+            SDispatchScene scene;
+            SBackgroundInfo info;
+            info.processor = scene.a;
+            const SSelectedNodeChange selection{{{scene.a, QRect(0, 0, 9, 9)}}, PrcTreeNodeType::Group};
+            const SCase cases[13] = {
+                {N::WorkModeChanged, {}, {}, text("work mode"), {}},
+                {N::TypeLibraryChanged, {}, {}, {}, text("Update")},
+                {N::ProcessorRemoved, scene.a, text("state|load"), {}, text("Update")},
+                {N::LayoutReplaced, scene.a, text("replaced"), {}, text("Update")},
+                {N::ProcessorStateChanged, SProcessorStateChange{scene.a, true}, text("state|load"),
+                 text("state"), text("worker")},
+                {N::PortCountChanged, {}, text("load"), text("ports of A"), text("worker")},
+                {N::CurrentProcessorChanged, scene.a, text("load"), text("current"), text("worker")},
+                {N::SelectedNodeChanged, selection, text("cancel"), text("selected 1 1"), text("Update")},
+                {N::ReadbackFinished, SReadbackResult{scene.a, true}, {}, text("readback 0 1"), {}},
+                {N::BackgroundChanged, info, text("background"), {}, text("worker")},
+                {N::PortLoadsChanged,
+                 SPortLoadChange{scene.a, 1},
+                 text("port load|load"),
+                 {},
+                 text("worker")},
+                {static_cast<N>(3), {}, {}, {}, {}},
+                {static_cast<N>(30), {}, {}, {}, {}}};
+            const SCase &one = cases[i];
+            if (one.code == N::PortLoadsChanged)
+                scene.host.answers()->loads[1] = 30;
+            if (one.code == N::ProcessorRemoved)
+                scene.host.choose(QUuid());
+            const QStringList emitted = scene.led(one.code, one.argument);
+            QCOMPARE(emitted.join(QLatin1Char('|')), one.emitted);
+            for (const QString &signal : emitted)
+                QCOMPARE(signal + scene.threadOf(signal), signal + one.thread);
+            if (one.code == N::TypeLibraryChanged)
+                QCOMPARE(scene.threadOf(text("typeLibrary")), one.thread);
+            QCOMPARE(scene.controller.invoked.join(QLatin1Char('|')), one.slot);
+            QVERIFY(scene.controller.onOwnThread);
+        }
     }
 
     void aFinishedDetectionResetsThePortAndReadsTheCanvas()
@@ -301,15 +272,6 @@ private Q_SLOTS:
         QVERIFY(scene.store.ports().isEmpty());
     }
 
-    void aHeadingInTheTreeLeavesTheHighlight()
-    {
-        SDispatchScene scene;
-        QCOMPARE(scene.led(LayoutNotification::SelectedNodeChanged,
-                           SSelectedNodeChange{{}, PrcTreeNodeType::Other}),
-                 QStringList());
-        QCOMPARE(scene.controller.invoked, QStringList{QStringLiteral("selected 2 0")});
-    }
-
     void backgroundAndCanvasOfOthersAreKeptQuietly()
     {
         SDispatchScene scene;
@@ -343,16 +305,6 @@ private Q_SLOTS:
         QCOMPARE(scene.store.background(), second);
     }
 
-    void aReplacedLayoutIsTakenOverOnTheUpdateThread()
-    {
-        SDispatchScene scene;
-        scene.host.answers()->layouts[scene.a].layout.ports[0].groups.clear();
-        scene.host.notify(LayoutNotification::LayoutsReplaced, QList<QUuid>{scene.a});
-        QCOMPARE(scene.store.port(0).cabinetCount(), 0);
-        scene.ranOn = scene.host.updateThread();
-        QCOMPARE(scene.threadOf(QStringLiteral("replaced")), QStringLiteral("Update"));
-    }
-
     void aRemovedProcessorIsForgotten()
     {
         SDispatchScene scene;
@@ -376,35 +328,16 @@ private Q_SLOTS:
         QVERIFY(!scene.store.getTypeInfo(SMD5()).isValid());
     }
 
-    void aWrongArgumentThrowsItsTextAndChangesNothing_data()
-    {
-        QTest::addColumn<int>("code");
-        for (const int code : {11, 15, 16, 17, 18, 20, 21, 22, 24, 26, 28, 29})
-            QTest::addRow("code %d", code) << code;
-    }
     void aWrongArgumentThrowsItsTextAndChangesNothing()
     {
-        QFETCH(int, code);
         SDispatchScene scene;
-        const auto notify = [&] { scene.host.notify(static_cast<LayoutNotification>(code), 'x'); };
-        QCOMPARE(thrownBy(notify), QByteArray("CSubject::GetArgument:bad type cast!"));
+        for (const int code : {11, 15, 16, 17, 18, 20, 21, 22, 24, 26, 28, 29}) {
+            const auto notify = [&] { scene.host.notify(static_cast<LayoutNotification>(code), 'x'); };
+            QCOMPARE(thrownBy(notify), QByteArray("CSubject::GetArgument:bad type cast!"));
+        }
         scene.settle();
         QCOMPARE(scene.last, QStringList());
         QCOMPARE(scene.store.currentProcessor(), scene.a);
-    }
-
-    void anArgumentReadOnAnotherThreadThrowsItsText()
-    {
-        SDispatchScene scene;
-        QByteArray thrown;
-        CForwarder forwarder([&](CSubject &subject) {
-            std::thread([&] { thrown = thrownBy([&] { scene.store.Update(subject); }); }).join();
-        });
-        CSubject subject;
-        subject.attach(forwarder);
-        subject.notify(static_cast<int>(LayoutNotification::CurrentProcessorChanged), 'x'); // thread first
-        QCOMPARE(thrown, QByteArray("CSubject::GetArgument:can not get argument from another thread,must "
-                                    "call this function from Update thread!"));
     }
 };
 

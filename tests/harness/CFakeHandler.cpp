@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-// What was called; the answers are in CFakeHandlerAnswers.cpp and CFakeHandlerCommands.cpp.
 #include "tests/harness/CFakeHandler.h"
+
+#include <QHash>
+#include <QPoint>
 
 #include <algorithm>
 
@@ -32,7 +34,7 @@ void CFakeHandler::forgetCalls()
     m_threads.clear();
 }
 
-CFakeHandler::Lock CFakeHandler::note(const char *name, const QStringList &arguments) const
+CFakeHandler::Lock CFakeHandler::noted(const char *name, const QStringList &arguments) const
 {
     const QString operation = QString::fromLatin1(name);
     QString call = operation;
@@ -49,10 +51,12 @@ CFakeHandler::Lock CFakeHandler::note(const char *name, const QStringList &argum
     return lock;
 }
 
-bool CFakeHandler::answer(const char *name, const QStringList &arguments) const
+CFakeHandler::Node CFakeHandler::node(const char *name, const QUuid &key) const
 {
-    const auto lock = note(name, arguments);
-    return !refused.contains(QString::fromLatin1(name));
+    const auto lock = note(name);
+    const auto found =
+        std::find_if(nodes.begin(), nodes.end(), [&key](const Node &one) { return one.uuid == key; });
+    return found == nodes.end() ? Node() : *found;
 }
 
 void CFakeHandler::end(Lock lock, Done done)
@@ -75,17 +79,82 @@ void CFakeHandler::endWaiting(const SDeviceOutcome &ended)
     done(ended);
 }
 
-QString CFakeHandler::text(const QUuid &uuid)
+QList<CFakeHandler::Node> CFakeHandler::selectedProcessors() const
 {
-    return uuid.toString(QUuid::WithoutBraces);
+    const auto lock = note(__func__);
+    QList<Node> chosen;
+    for (const Node &one : nodes) {
+        if (selected.contains(one.uuid))
+            chosen << one;
+    }
+    return chosen;
 }
 
-QString CFakeHandler::text(bool value)
+CFakeHandler::Node CFakeHandler::processorOfCabinet(const QUuid &cabinet) const
 {
-    return value ? QStringLiteral("true") : QStringLiteral("false");
+    const auto lock = note(__func__);
+    for (const LayoutData &data : layouts) {
+        for (const Port &port : data.layout.ports) {
+            const QVector<Port::Cabinet> cabinets = port.getAllCabinets();
+            for (const Port::Cabinet &one : cabinets) {
+                if (one.uuid == cabinet)
+                    return node("getProcessorNode", data.processor);
+            }
+        }
+    }
+    return {};
 }
 
-QString CFakeHandler::text(int value)
+void CFakeHandler::commitLayoutData(const LayoutData &data)
 {
-    return QString::number(value);
+    const auto lock = note(__func__, data.processor);
+    QHash<QUuid, int> places; // the host's own, see ILayoutInterfaceHandler
+    for (const Port &port : layouts.value(data.processor).layout.ports) {
+        for (const Port::Cabinet &cabinet : port.getAllCabinets())
+            places.insert(cabinet.uuid, cabinet.mappingIndex);
+    }
+    LayoutData &kept = layouts[data.processor] = data;
+    for (Port &port : kept.layout.ports) {
+        for (Port::CabinetGroup &group : port.groups) {
+            for (Port::Cabinet &cabinet : group.cabinets)
+                cabinet.mappingIndex = places.value(cabinet.uuid, -1);
+        }
+    }
+}
+
+void CFakeHandler::readMapping(ReadSaveMappingRole wanted, const SMappingOptions &options, Done done)
+{
+    auto lock = note(__func__);
+    role = wanted;
+    readOptions = options;
+    end(std::move(lock), std::move(done));
+}
+
+void CFakeHandler::saveMapping(ReadSaveMappingRole wanted, const LayoutData &data, Done done)
+{
+    auto lock = note(__func__);
+    role = wanted;
+    saved = data;
+    end(std::move(lock), std::move(done));
+}
+
+bool CFakeHandler::sendCurrentGains(const QList<SCurrentGain> &sent)
+{
+    const auto lock = note(__func__);
+    const bool taken = !refused.contains(QLatin1String(__func__));
+    if (taken)
+        gains = sent;
+    return taken;
+}
+
+bool CFakeHandler::setProcessorOffsets(const ProcessorOffsets &offsets)
+{
+    QStringList arguments;
+    for (auto it = offsets.begin(); it != offsets.end(); ++it)
+        arguments << text(it.key()) << text(it.value().x()) << text(it.value().y());
+    const auto lock = noted(__func__, arguments);
+    const bool done = !refused.contains(QLatin1String(__func__));
+    for (auto it = offsets.begin(); done && it != offsets.end(); ++it)
+        rects[it.key()].moveTo(it.value());
+    return done;
 }

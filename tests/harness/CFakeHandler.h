@@ -7,6 +7,7 @@
 #include <QMap>
 #include <QSet>
 #include <QStringList>
+#include <QVariant>
 
 #include <mutex>
 #include <thread>
@@ -17,16 +18,19 @@ class CFakeHandler final : public CUncalledOperations
 {
 public:
     using Port = CabinetLayout::CabinetPort;
-    using Cabinets = QList<Port::Cabinet>;
+    using Cabinet = Port::Cabinet;
+    using Cabinets = QList<Cabinet>;
+    using Library = QVector<SSettings::TypeLibrary::STreeNode>;
+    using Node = ProcessorTree::ProcessorNode;
 
     // Answers.
-    QList<ProcessorTree::ProcessorNode> nodes; ///< all processors of the tree
-    QUuid current;                             ///< key of the processor in view
+    QList<Node> nodes; ///< all processors of the tree
+    QUuid current;     ///< key of the processor in view
     QList<QUuid> selected;
     QMap<QUuid, LayoutData> layouts; ///< working layouts; commitLayoutData() replaces them
     QSet<QUuid> fiber;               ///< processors in fibre optic transceiver mode
     QMap<int, int> loads;            ///< percent by port index
-    QVector<SSettings::TypeLibrary::STreeNode> library;
+    Library library;
     QMap<QUuid, SBackgroundInfo> backgrounds;
     ProcessorBoundingRects rects;
     QList<QPair<QUuid, QUuid>> redundancies;
@@ -60,59 +64,99 @@ public:
     void forgetCalls();
 
     // ILayoutInterfaceHandler
-    QSize getCanvasSize() const override;
-    void showScreen(bool shown) override;
-    void applyLayoutFollowUp(bool full) override;
-    ProcessorTree::ProcessorNode getProcessorNode(const QUuid &processor) const override;
+    QSize getCanvasSize() const override { return given(__func__, layouts, current).canvas; }
+    void showScreen(bool shown) override { note(__func__, shown); }
+    void applyLayoutFollowUp(bool full) override { note(__func__, full); }
+    Node getProcessorNode(const QUuid &key) const override { return node(__func__, key); }
     void commitLayoutData(const LayoutData &data) override;
-    bool exportProcessorMapping(const QUuid &processor, const QString &file) override;
-    bool importProcessorMapping(const QUuid &processor, const QString &file, bool overwriteLocked) override;
-    bool setCabinetStatusLed(bool on) override;
-    int getDetectedProcessorCount() const override;
-    bool layoutFollowUpNeeded() const override;
-    bool isFiberTransceiverMode(const QUuid &processor) const override;
-    ProcessorTree::ProcessorNode currentProcessorNode() const override;
-    LayoutData layoutData(const QUuid &processor) const override;
-    int preparatoryStep(const QUuid &processor) const override;
-    void performPreparatoryStep(const QUuid &processor) override;
-    QList<ProcessorTree::ProcessorNode> selectedProcessors() const override;
-    QString lastError() const override;
-    QList<ProcessorTree::ProcessorNode> processors() const override;
-    bool copyProcessorMapping(const QUuid &from, const QUuid &to, bool overwriteLocked) override;
-    int outputPortCount(const QUuid &processor) const override;
-    int maximumPortCount(const QUuid &processor) const override;
-    bool setOutputPortCount(const QUuid &processor, int count) override;
-    bool setProcessorRedundancy(const QUuid &primary, const QUuid &redundancy) override;
-    bool cancelProcessorRedundancy(const QUuid &processor) override;
-    QList<QPair<QUuid, QUuid>> processorRedundancies() const override;
-    ProcessorTree::ProcessorNode processorOfCabinet(const QUuid &cabinet) const override;
-    bool setWorkMode(const QUuid &processor, ProcessorWorkMode mode) override;
-    QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const override;
-    bool setCabinetHighlight(const Cabinets &cabinets, CabinetHighlight highlight) override;
-    bool exportCabinetConfig(const Port::Cabinet &cabinet, const QString &file) override;
+    bool exportProcessorMapping(const QUuid &key, const QString &to) override
+    {
+        return answer(__func__, key, to);
+    }
+    bool importProcessorMapping(const QUuid &to, const QString &file, bool all) override
+    {
+        return answer(__func__, to, file, all);
+    }
+    bool setCabinetStatusLed(bool on) override { return answer(__func__, on); }
+    int getDetectedProcessorCount() const override { return given(__func__, detected); }
+    bool layoutFollowUpNeeded() const override { return given(__func__, followUpNeeded); }
+    bool isFiberTransceiverMode(const QUuid &key) const override
+    {
+        return given(__func__, fiber).contains(key);
+    }
+    Node currentProcessorNode() const override { return node(__func__, current); }
+    LayoutData layoutData(const QUuid &key) const override { return given(__func__, layouts, key); }
+    int preparatoryStep(const QUuid &) const override { return given(__func__, preparation); }
+    void performPreparatoryStep(const QUuid &key) override { note(__func__, key); }
+    QList<Node> selectedProcessors() const override;
+    QString lastError() const override { return given(__func__, error); }
+    QList<Node> processors() const override { return given(__func__, nodes); }
+    bool copyProcessorMapping(const QUuid &from, const QUuid &to, bool all) override
+    {
+        return answer(__func__, from, to, all);
+    }
+    int outputPortCount(const QUuid &key) const override
+    {
+        return given(__func__, layouts, key).layout.ports.size();
+    }
+    int maximumPortCount(const QUuid &) const override { return given(__func__, maximumPorts); }
+    bool setOutputPortCount(const QUuid &key, int count) override { return answer(__func__, key, count); }
+    bool setProcessorRedundancy(const QUuid &a, const QUuid &b) override { return answer(__func__, a, b); }
+    bool cancelProcessorRedundancy(const QUuid &key) override { return answer(__func__, key); }
+    QList<QPair<QUuid, QUuid>> processorRedundancies() const override
+    {
+        return given(__func__, redundancies);
+    }
+    Node processorOfCabinet(const QUuid &cabinet) const override;
+    bool setWorkMode(const QUuid &key, ProcessorWorkMode to) override
+    {
+        return answer(__func__, key, static_cast<int>(to));
+    }
+    Library typeLibrary() const override { return given(__func__, library); }
+    bool setCabinetHighlight(const Cabinets &all, CabinetHighlight how) override
+    {
+        return answer(__func__, all.size(), static_cast<int>(how));
+    }
+    bool exportCabinetConfig(const Cabinet &one, const QString &file) override
+    {
+        return answer(__func__, one.uuid, file);
+    }
     bool readbackCabinetConfig(int port, const Port::Cabinet &cabinet, const QString &file,
-                               const QString &typeName) override;
-    bool setPortRedundancy(int primary, int backup) override;
-    int portLoad(const Port &port, int index) const override;
+                               const QString &typeName) override
+    {
+        return answer(__func__, port, cabinet.uuid, file, typeName);
+    }
+    bool setPortRedundancy(int primary, int backup) override { return answer(__func__, primary, backup); }
+    int portLoad(const Port &port, int index) const override
+    {
+        const auto lock = note(__func__, port.index, index);
+        return loads.value(index);
+    }
     void readMapping(ReadSaveMappingRole role, const SMappingOptions &options, Done done) override;
     void saveMapping(ReadSaveMappingRole role, const LayoutData &data, Done done) override;
-    void showTypeLibrary(QWidget *parent) override;
-    bool areOnPrimaryPorts(const Cabinets &cabinets) const override;
-    bool sendCabinetParameters(const Cabinets &cabinets, const SMD5 &type, double gamma) override;
-    QList<SCurrentGain> currentGains() const override;
-    bool importCurrentGain(const QString &file) override;
-    bool clearCurrentGains() override;
-    bool sendCurrentGains(const QList<SCurrentGain> &gains) override;
-    SCanvasLimits canvasLimits() const override;
-    CanvasBlock canvasBlock() const override;
-    bool setCanvasSize(const QSize &size) override;
-    int frameRate() const override;
-    int colorDepth() const override;
-    SSignalModes signalModes() const override;
-    bool setFrameRateAndColorDepth(int hertz, int bits) override;
-    SBackgroundInfo background(const QUuid &processor) const override;
-    bool setBackground(const SBackgroundInfo &info) override;
-    ProcessorBoundingRects processorBoundingRects(const QList<QUuid> &processors) const override;
+    void showTypeLibrary(QWidget *) override { note(__func__); }
+    bool areOnPrimaryPorts(const Cabinets &) const override { return given(__func__, primaryPorts); }
+    bool sendCabinetParameters(const Cabinets &cabinets, const SMD5 &type, double gamma) override
+    {
+        return answer(__func__, cabinets.size(), QString::fromLatin1(type.toText()), QString::number(gamma));
+    }
+    QList<SCurrentGain> currentGains() const override { return given(__func__, gains); }
+    bool importCurrentGain(const QString &file) override { return answer(__func__, file); }
+    bool clearCurrentGains() override { return answer(__func__); }
+    bool sendCurrentGains(const QList<SCurrentGain> &sent) override;
+    SCanvasLimits canvasLimits() const override { return given(__func__, limits); }
+    CanvasBlock canvasBlock() const override { return given(__func__, block); }
+    bool setCanvasSize(const QSize &s) override { return answer(__func__, s.width(), s.height()); }
+    int frameRate() const override { return given(__func__, hertz); }
+    int colorDepth() const override { return given(__func__, bits); }
+    SSignalModes signalModes() const override { return given(__func__, modes); }
+    bool setFrameRateAndColorDepth(int rate, int depth) override { return answer(__func__, rate, depth); }
+    SBackgroundInfo background(const QUuid &key) const override { return given(__func__, backgrounds, key); }
+    bool setBackground(const SBackgroundInfo &b) override { return answer(__func__, b.processor, b.file); }
+    ProcessorBoundingRects processorBoundingRects(const QList<QUuid> &) const override
+    {
+        return given(__func__, rects);
+    }
     bool setProcessorOffsets(const ProcessorOffsets &offsets) override;
 
 private:
@@ -121,15 +165,37 @@ private:
     using Lock = std::unique_lock<std::recursive_mutex>;
 
     /// Notes the call; the members are safe as long as the lock lives.
-    [[nodiscard]] Lock note(const char *name, const QStringList &arguments = {}) const;
-    bool answer(const char *name, const QStringList &arguments = {}) const;
+    template <typename... Arguments>
+    Lock note(const char *name, const Arguments &...arguments) const
+    {
+        return noted(name, QStringList{text(arguments)...});
+    }
+    Lock noted(const char *name, const QStringList &arguments) const;
+    template <typename... Arguments>
+    bool answer(const char *name, const Arguments &...arguments) const
+    {
+        const auto lock = note(name, arguments...);
+        return !refused.contains(QLatin1String(name));
+    }
     template <typename Value>
-    bool take(const char *name, Value &member, const Value &value);
+    Value given(const char *name, const Value &member) const
+    {
+        const auto lock = note(name);
+        return member;
+    }
+    template <typename Value>
+    Value given(const char *name, const QMap<QUuid, Value> &members, const QUuid &key) const
+    {
+        const auto lock = note(name);
+        return members.value(key);
+    }
+    Node node(const char *name, const QUuid &key) const;
     void end(Lock lock, Done done);
     void endWaiting(const SDeviceOutcome &ended);
-    static QString text(const QUuid &uuid);
-    static QString text(bool value);
-    static QString text(int value);
+    static QString text(const QUuid &uuid) { return uuid.toString(QUuid::WithoutBraces); }
+    static QString text(bool value) { return QVariant(value).toString(); }
+    static QString text(int value) { return QString::number(value); }
+    static QString text(const QString &value) { return value; }
 
     mutable std::recursive_mutex m_mutex; // guards all members; nobody is called back under it
     mutable QStringList m_calls;

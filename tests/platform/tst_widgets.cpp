@@ -1,18 +1,15 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "platform/widgets/CDialog.h"
+#include "platform/widgets/CMessageBox.h"
 #include "platform/widgets/CPureImageBtn.h"
-#include "platform/widgets/CSidePanel.h"
 #include "platform/widgets/CTheme.h"
 #include "platform/widgets/CUnitLabel.h"
+#include "platform/widgets/ThemeColors.h"
+#include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
 
 #include <QApplication>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QSpinBox>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -51,7 +48,6 @@ private Q_SLOTS:
     void aUnitFoldsByMouseAndKeyboard()
     {
         CUnitLabel unit;
-        unit.SetTitle(QStringLiteral("Mapping"));
         auto *content = new QLabel(QStringLiteral("content"));
         unit.contentLayout()->addWidget(content);
         unit.show();
@@ -69,67 +65,6 @@ private Q_SLOTS:
         QVERIFY(unit.isCollapsed());
         unit.setCollapsed(false);
         QVERIFY(content->isVisible());
-        QCOMPARE(unit.title(), QStringLiteral("Mapping"));
-    }
-
-    void aSidePanelScrollsWithoutCuttingItsUnits()
-    {
-        CSidePanel panel;
-        QVector<CUnitLabel *> units;
-        for (int i = 0; i < 3; ++i) {
-            auto *unit = new CUnitLabel;
-            auto *block = new QWidget;
-            block->setFixedSize(340, 200);
-            unit->contentLayout()->addWidget(block);
-            units << unit;
-            panel.addUnit(unit);
-        }
-        panel.resize(panel.minimumWidth(), 300);
-        panel.show();
-        QVERIFY(panel.minimumWidth() <= 364);
-        QTRY_VERIFY(panel.verticalScrollBar()->isVisible());
-        QVERIFY(!panel.horizontalScrollBar()->isVisible());
-        for (int i = 0; i < units.size(); ++i) {
-            const int right = units[i]->mapTo(&panel, QPoint(units[i]->width(), 0)).x();
-            QVERIFY(right <= panel.viewport()->width());
-            QVERIFY(i == 0 || units[i]->y() >= units[i - 1]->geometry().bottom());
-        }
-    }
-
-    void aDialogsButtonsComeAfterItsContent()
-    {
-        CDialog dialog(QStringLiteral("Type"), QDialogButtonBox::Ok | QDialogButtonBox::Cancel, nullptr);
-        dialog.setDefaultButton(QDialogButtonBox::Ok);
-        QVector<QWidget *> order{new QLineEdit, new QSpinBox};
-        for (QWidget *field : qAsConst(order))
-            dialog.contentLayout()->addWidget(field);
-        dialog.contentLayout()->addWidget(new QLabel(QStringLiteral("Note")));
-        order << dialog.buttonBox()->button(QDialogButtonBox::Ok)
-              << dialog.buttonBox()->button(QDialogButtonBox::Cancel) << order.first();
-        dialog.show();
-        QVERIFY(QTest::qWaitForWindowActive(&dialog, PatienceMilliseconds));
-        for (QWidget *expected : qAsConst(order)) {
-            QCOMPARE(dialog.focusWidget(), expected);
-            QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
-        }
-    }
-
-    void aDialogHasRoomForItsTitle()
-    {
-        const QString title(60, QLatin1Char('m'));
-        CDialog growing(title, QDialogButtonBox::Ok, nullptr);
-        CDialog shrunk(title, QDialogButtonBox::Ok, nullptr);
-        shrunk.layout()->setSizeConstraint(QLayout::SetFixedSize);
-        for (CDialog *dialog : {&growing, &shrunk}) {
-            dialog->show();
-            dialog->resize(10, 10);
-            QVERIFY(dialog->width() > dialog->fontMetrics().horizontalAdvance(title));
-        }
-        CDialog fixed(title, QDialogButtonBox::Ok, nullptr);
-        fixed.setFixedSize(208, 151);
-        fixed.show();
-        QCOMPARE(fixed.size(), QSize(208, 151));
-        QVERIFY(fixed.rect().contains(fixed.buttonBox()->geometry()));
     }
 
     void anImageButtonShowsItsState()
@@ -163,6 +98,87 @@ private Q_SLOTS:
         QCOMPARE(button.accessibleName(), QStringLiteral("Show screen"));
         button.setEnabled(false);
         QVERIFY2(middleOf(button) != QColor(Qt::red), "a disabled button looks enabled");
+    }
+
+    void showsWhatItIsGiven()
+    {
+        const QString ok = QStringLiteral("OK");
+        const QString yes = QStringLiteral("Yes");
+        const QString no = QStringLiteral("No");
+        const CMessageBoxAnswerer user({ok, ok, yes, no, yes});
+        CMessageBox::information(nullptr, QStringLiteral("Done."), QStringLiteral("<b>wall</b>.sprj"));
+        CMessageBox::warning(nullptr, QStringLiteral("Failed."), QStringLiteral("why"));
+        QCOMPARE(CMessageBox::question(nullptr, QStringLiteral("First?")), 0);
+        QCOMPARE(CMessageBox::question(nullptr, QStringLiteral("Second?")), 1);
+        QVERIFY(CMessageBox::confirm(nullptr, QStringLiteral("Lose it?")));
+        const auto &boxes = user.boxes();
+        for (const auto &box : boxes)
+            QCOMPARE(box.title, QStringLiteral("Orvo"));
+        QCOMPARE(boxes[0].details, QStringLiteral("<b>wall</b>.sprj"));
+        QVERIFY(boxes[0].icon == QMessageBox::Information && boxes[1].icon == QMessageBox::Warning);
+        QVERIFY(boxes[0].buttons == QStringList{ok} && boxes[2].buttons == (QStringList{yes, no}));
+        QVERIFY(boxes[2].defaultButton == yes && boxes[4].defaultButton == no);
+    }
+
+    void theKeyboardAnswers()
+    {
+        const QString text = QStringLiteral("Sure?");
+        for (const bool loss : {false, true}) {
+            for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+                QTimer::singleShot(0, this,
+                                   [key] { QTest::keyClick(QApplication::activeModalWidget(), key); });
+                const bool yes =
+                    loss ? CMessageBox::confirm(nullptr, text) : CMessageBox::question(nullptr, text) == 0;
+                QCOMPARE(yes, key == Qt::Key_Return && !loss);
+            }
+        }
+    }
+
+    void theStyleSheetIsComplete()
+    {
+        const QString sheet = qApp->styleSheet();
+        QVERIFY(!sheet.isEmpty());
+        const QString rules = QString(sheet).remove(QRegularExpression(QStringLiteral("/\\*.*?\\*/")));
+        QVERIFY2(!rules.contains(QLatin1Char('@')), "a colour without a name in the theme");
+        QRegularExpressionMatchIterator pictures =
+            QRegularExpression(QStringLiteral("url\\(([^)]*)\\)")).globalMatch(rules);
+        QVERIFY(pictures.hasNext());
+        while (pictures.hasNext()) {
+            const QString file = pictures.next().captured(1);
+            QVERIFY2(QFile::exists(file), qPrintable(file));
+        }
+    }
+
+    void measuresContrastAsTheGuidelineDoes()
+    {
+        QCOMPARE(CTheme::contrast(Qt::black, Qt::white), 21.0);
+        QVERIFY(qAbs(CTheme::contrast(QColor(0x76, 0x76, 0x76), Qt::white) - 4.54) < 0.01);
+    }
+
+    void textCanBeRead()
+    {
+        using namespace ThemeColors;
+        QVector<QPair<QColor, QColor>> pairs;
+        for (const QRgb background : {Frame, Base, Raised, RaisedHover, Accent, AccentHover, AccentDown})
+            pairs << qMakePair(QColor(Text), QColor(background));
+        for (const QRgb background : {LoadGood, LoadOver})
+            pairs << qMakePair(CTheme::textOn(background), QColor(background));
+        pairs << qMakePair(QColor(DimText), QColor(Base)) << qMakePair(QColor(SoftText), QColor(Raised));
+        const QPalette palette = QApplication::palette();
+        for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+            const auto add = [&](QPalette::ColorRole text, QPalette::ColorRole background) {
+                pairs << qMakePair(palette.color(group, text), palette.color(group, background));
+            };
+            add(QPalette::WindowText, QPalette::Window);
+            add(QPalette::Text, QPalette::Base);
+            add(QPalette::Text, QPalette::AlternateBase);
+            add(QPalette::ButtonText, QPalette::Button);
+            add(QPalette::HighlightedText, QPalette::Highlight);
+            add(QPalette::ToolTipText, QPalette::ToolTipBase);
+        }
+        for (const auto &[text, background] : qAsConst(pairs))
+            QVERIFY2(CTheme::contrast(text, background) >= 4.5,
+                     qPrintable(text.name() + QLatin1String(" on ") + background.name()));
     }
 };
 

@@ -139,15 +139,6 @@ private Q_SLOTS:
         QCOMPARE(log.written(), QByteArray("a"));
     }
 
-    void aWorkerThatNeverRanEndsAtOnce()
-    {
-        SWorkLog log;
-        log.worker.AppendEvent(log.event(0, 'a'));
-        log.worker.ThreadExit();
-        log.worker.wait();
-        QCOMPARE(log.written(), QByteArray());
-    }
-
     void aClosureMayQueueAndRemove()
     {
         SWorkLog log;

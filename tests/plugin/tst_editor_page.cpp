@@ -83,38 +83,30 @@ class CEditorPageTest final : public CTestBase
 private Q_SLOTS:
     void aFillThatCannotBeReadIsToldBesideTheTitle()
     {
-        SStoreWorld world;
-        CLayoutEditorPage page(world.store);
-        const auto show = [&](const QUuid &processor) {
-            world.show(processor);
-            page.setProcessor(world.answers()->getProcessorNode(processor));
-        };
-        const QString damaged = fileOf("damaged.png", "no picture");
-        const QString readable = m_folder.filePath(QStringLiteral("blue.png"));
-        QVERIFY(QImage(4, 4, QImage::Format_RGB32).save(readable));
+        const QTemporaryDir folder;
+        SPageWorld world;
+        const auto note = [&world] { return world.page.findChildren<QLabel *>().at(1)->text(); };
         SBackgroundInfo info;
         info.enabled = true;
-        info.file = damaged;
-        info.processor = world.host.addProcessor(QStringLiteral("Stage"), 1);
-        world.answers()->backgrounds[info.processor] = info;
-
+        info.file = folder.filePath(QStringLiteral("missing.png"));
+        info.processor = world.b;
+        world.answers()->backgrounds[world.b] = info;
         expectWarning(QRegularExpression(QStringLiteral("The canvas has no fill")));
-        show(info.processor);
-        QVERIFY2(noteOf(page).contains(damaged), qPrintable(noteOf(page)));
-        show(world.host.addProcessor(QStringLiteral("Lobby"), 1));
-        QCOMPARE(noteOf(page), QString());
-
-        expectWarning(QRegularExpression(QStringLiteral("The canvas has no fill")));
-        show(info.processor);
-        info.file = readable;
+        world.open(world.b);
+        QVERIFY2(note().contains(info.file), qPrintable(note()));
+        world.open(world.a);
+        QCOMPARE(note(), QString());
+        world.open(world.b);
+        QVERIFY(!note().isEmpty());
+        QVERIFY(QImage(4, 4, QImage::Format_RGB32).save(info.file));
         world.host.notify(LayoutNotification::BackgroundChanged, info);
         settle(world.host, world.store);
-        QCOMPARE(noteOf(page), QString());
-        page.setReadbackResult(true);
+        QCOMPARE(note(), QString());
+        world.page.setReadbackResult(true);
         info.opacity = 50;
         world.host.notify(LayoutNotification::BackgroundChanged, info);
         settle(world.host, world.store);
-        QVERIFY(!noteOf(page).isEmpty()); // is about something else
+        QVERIFY(!note().isEmpty()); // is about something else
     }
 
     void aFillIsShownOnce()
@@ -220,21 +212,6 @@ private Q_SLOTS:
         QTRY_COMPARE(world.ranks(1), QVector<int>(4, -1));
         QCOMPARE(world.ranks(0), (QVector<int>{0, 1, 2, 3}));
     }
-
-private:
-    QString fileOf(const char *name, const QByteArray &content) const
-    {
-        QFile file(m_folder.filePath(QLatin1String(name)));
-        file.open(QIODevice::WriteOnly);
-        file.write(content);
-        return file.fileName();
-    }
-    static QString noteOf(const CLayoutEditorPage &page)
-    {
-        return page.findChildren<QLabel *>().at(1)->text();
-    }
-
-    const QTemporaryDir m_folder;
 };
 
 ORVO_TEST_MAIN(QApplication, CEditorPageTest)

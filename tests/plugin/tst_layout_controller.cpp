@@ -17,7 +17,6 @@
 
 #include <QLabel>
 #include <QMenu>
-#include <QPainter>
 #include <QPushButton>
 #include <QStackedLayout>
 #include <QToolButton>
@@ -68,21 +67,6 @@ struct SModuleScene final
                    button->menu()->defaultAction()->isEnabled();
         });
     }
-    /// How many cabinets carry the mark of a custom-defined one.
-    int marksShown() const
-    {
-        CabinetLayout shown;
-        scene().getLayoutData(shown, store.currentProcessor());
-        QImage image(shown.boundingRect().size(), QImage::Format_RGB32);
-        QPainter painter(&image);
-        scene().render(&painter, image.rect(), shown.boundingRect());
-        int marks = 0;
-        for (const CabinetLayout::CabinetPort &port : qAsConst(shown.ports)) {
-            for (const auto &cabinet : port.getAllCabinets())
-                marks += image.pixelColor(cabinet.rect.bottomRight() - QPoint(4, 4)) == QColor(190, 163, 25);
-        }
-        return marks;
-    }
     int cabinetsShown(const QUuid &processor) const
     {
         CabinetLayout shown;
@@ -102,26 +86,19 @@ class CLayoutControllerTest final : public CTestBase
     Q_OBJECT
 
 private Q_SLOTS:
-    void showsTheCurrentProcessor()
+    void showsTheCurrentProcessorAndPreparesItWhereNeeded()
     {
         SModuleScene module;
         module.select({module.a});
         QCOMPARE(module.page(), Editor);
         QCOMPARE(module.title(), QStringLiteral("A(127.0.0.1)"));
         QCOMPARE(module.cabinetsShown(module.a), 12);
-        module.select({module.b});
-        QCOMPARE(module.cabinetsShown(module.a), 0);
-        QCOMPARE(module.cabinetsShown(module.b), 2);
-    }
-
-    void preparesAProcessorThatNeedsIt()
-    {
-        SModuleScene module;
-        module.select({module.a});
         QCOMPARE(module.answers()->count(QStringLiteral("performPreparatoryStep")), 0);
         module.answers()->preparation = 1;
         module.select({module.b});
         QCOMPARE(module.answers()->count(QStringLiteral("performPreparatoryStep")), 1);
+        QCOMPARE(module.cabinetsShown(module.a), 0);
+        QCOMPARE(module.cabinetsShown(module.b), 2);
     }
 
     void followsTheSelection()
@@ -162,7 +139,7 @@ private Q_SLOTS:
         QCOMPARE(module.page(), Warning);
         QCOMPARE(module.cabinetsShown(module.a), 0);
         const QString uuid = module.a.toString(QUuid::WithoutBraces);
-        CMessageBoxAnswerer user({QStringLiteral("OK"), QStringLiteral("OK")});
+        const CMessageBoxAnswerer user({QStringLiteral("OK"), QStringLiteral("OK")});
         const QList<QPushButton *> buttons = module.pages().currentWidget()->findChildren<QPushButton *>();
         buttons.at(0)->click();
         module.answers()->refused = {QStringLiteral("setWorkMode")};
@@ -180,23 +157,6 @@ private Q_SLOTS:
         QCOMPARE(module.cabinetsShown(module.a), 12);
     }
 
-    void marksCustomDefinedCabinetsWhenAsked()
-    {
-        SModuleScene module;
-        module.answers()->layouts[module.a].layout.ports[1].groups[0].cabinets[2].type =
-            SMD5::ofContent("p2.6");
-        module.select({module.a});
-        QCOMPARE(module.marksShown(), 0);
-        SLayoutOptions options;
-        options.markupCustomCabinets = true;
-        module.store.setOptions(options);
-        QCOMPARE(module.marksShown(), 11); // all but the one with a type
-        module.select({module.b});
-        QCOMPARE(module.marksShown(), 2);
-        module.store.setOptions({});
-        QCOMPARE(module.marksShown(), 0);
-    }
-
     void loadsAgainWhatTheHostReplaced()
     {
         SModuleScene module;
@@ -209,31 +169,25 @@ private Q_SLOTS:
         QTRY_COMPARE(module.cabinetsShown(module.a), 6);
     }
 
-    void theCurrentPortStaysAsLongAsTheWall_data()
-    {
-        QTest::addColumn<QString>("news");
-        for (const char *news : {"detected", "replaced", "another one for a moment"})
-            QTest::newRow(news) << QString::fromLatin1(news);
-    }
     void theCurrentPortStaysAsLongAsTheWall()
     {
-        QFETCH(QString, news);
         SModuleScene module;
         module.select({module.a});
         module.scene().backend().picks().port(2, true);
         module.scene().backend().placing().copy();
-        QCOMPARE(module.store.currentPort(), 2);
-        if (news == QLatin1String("replaced")) {
-            module.host.notify(LayoutNotification::LayoutReplaced, module.a);
-        } else if (news == QLatin1String("detected")) {
+        const auto isKept = [&module](int cabinets) {
             settle(module.host, module.store);
-        } else {
-            module.host.notify(LayoutNotification::CurrentProcessorChanged, module.b);
-            module.host.notify(LayoutNotification::CurrentProcessorChanged, module.a);
-        }
-        QTRY_COMPARE(module.store.currentPort(), 2);
-        module.scene().pasteItems({500, 500}, nullptr);
-        QCOMPARE(module.scene().portItem(2)->cabinets(nullptr).size(), 6);
+            QTRY_COMPARE(module.store.currentPort(), 2);
+            module.scene().pasteItems({500, 500}, nullptr);
+            QCOMPARE(module.scene().portItem(2)->cabinets(nullptr).size(), cabinets);
+        };
+        isKept(6);
+        module.host.notify(LayoutNotification::CurrentProcessorChanged, module.b);
+        module.host.notify(LayoutNotification::CurrentProcessorChanged, module.a);
+        isKept(9);
+        module.answers()->layouts[module.a].layout.ports[2].groups[0].cabinets.removeLast();
+        module.host.notify(LayoutNotification::LayoutReplaced, module.a);
+        isKept(5);
     }
 
     void handsEditsToTheHost()
@@ -252,17 +206,17 @@ private Q_SLOTS:
     {
         SModuleScene module;
         module.select({module.a});
-        const auto texts = [&module] {
-            QStringList all;
-            for (const QLabel *label : module.pages().currentWidget()->findChildren<QLabel *>())
-                all << label->text();
-            return all.join(QLatin1Char('|'));
+        const auto told = [&module] {
+            const auto labels = module.pages().currentWidget()->findChildren<QLabel *>();
+            return std::any_of(labels.begin(), labels.end(), [](const QLabel *label) {
+                return label->text() == QLatin1String("The processor's mapping equals the layout.");
+            });
         };
         module.host.notify(LayoutNotification::ReadbackFinished, SReadbackResult{module.b, true});
         settle(module.host, module.store);
-        QVERIFY(!texts().contains(QLatin1String("equals")));
+        QVERIFY(!told());
         module.host.notify(LayoutNotification::ReadbackFinished, SReadbackResult{module.a, true});
-        QTRY_VERIFY(texts().contains(QLatin1String("The processor's mapping equals the layout.")));
+        QTRY_VERIFY(told());
     }
 
     void anotherChoiceInTheTreeEndsTheHighlight()
@@ -282,17 +236,6 @@ private Q_SLOTS:
         QVERIFY(!cabinet->isHighlighted());
         QVERIFY(bar.tool(CEditorToolBar::Arrow)->isChecked());
         QCOMPARE(module.answers()->calls().filter(call).last(), QStringLiteral("setCabinetHighlight(0,0)"));
-    }
-
-    void theScreenButtonFollowsTheHost()
-    {
-        SModuleScene module;
-        module.layout.showScreen(true);
-        QVERIFY(module.layout.showScreenButton().isChecked());
-        module.layout.setScreenShown(false);
-        QVERIFY(!module.layout.showScreenButton().isChecked());
-        QCOMPARE(module.answers()->calls().filter(QStringLiteral("showScreen")),
-                 QStringList{QStringLiteral("showScreen(true)")});
     }
 
     void stoppingLeavesNothingBehind()

@@ -28,44 +28,37 @@ struct SMappingScene final : SStoreWorld
 };
 
 } // namespace
-Q_DECLARE_METATYPE(SDeviceOutcome::Result)
 
 class CMappingCommandsTest final : public CTestBase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void tellsHowItEnded_data()
-    {
-        QTest::addColumn<bool>("save");
-        QTest::addColumn<SDeviceOutcome::Result>("result");
-        QTest::addColumn<QString>("message");
-        QTest::newRow("read") << false << SDeviceOutcome::Done << "Read mapping successful.";
-        QTest::newRow("read, failed") << false << SDeviceOutcome::Failed << "Read mapping failed.";
-        QTest::newRow("read, cancelled") << false << SDeviceOutcome::Cancelled << "";
-        QTest::newRow("save") << true << SDeviceOutcome::Done << "Save mapping successful.";
-        QTest::newRow("save, failed") << true << SDeviceOutcome::Failed << "Save mapping failed.";
-        QTest::newRow("save, cancelled") << true << SDeviceOutcome::Cancelled << "";
-    }
     void tellsHowItEnded()
     {
-        QFETCH(bool, save);
-        QFETCH(SDeviceOutcome::Result, result);
-        QFETCH(QString, message);
-        SMappingScene scene;
-        const bool failed = result == SDeviceOutcome::Failed;
-        scene.answers()->outcome = {result, failed ? QStringLiteral("A is silent.") : QString()};
-        CMessageBoxAnswerer user({QStringLiteral("OK")});
-        scene.run(save);
-        QCOMPARE(user.texts().join(QLatin1Char('|')), message);
-        if (!message.isEmpty())
-            QCOMPARE(user.boxes().first().details, scene.answers()->outcome.text);
-        QCOMPARE(scene.ends, QVector<bool>{result == SDeviceOutcome::Done});
-        QCOMPARE(scene.answers()->role, save ? ReadSaveMappingRole::All : ReadSaveMappingRole::Current);
-        if (save)
-            QCOMPARE(scene.answers()->saved, scene.answers()->layouts[scene.a]);
-        else
-            QVERIFY(scene.answers()->readOptions.numberMapping);
+        using R = SDeviceOutcome::Result;
+        for (const bool save : {false, true}) {
+            const QString what = save ? QStringLiteral("Save") : QStringLiteral("Read");
+            const QVector<QPair<R, QString>> ends{{R::Done, what + QStringLiteral(" mapping successful.")},
+                                                  {R::Failed, what + QStringLiteral(" mapping failed.")},
+                                                  {R::Cancelled, QString()}};
+            for (const auto &[result, message] : ends) {
+                SMappingScene scene;
+                scene.answers()->outcome = {result, QStringLiteral("A is silent.")};
+                const CMessageBoxAnswerer user({QStringLiteral("OK")});
+                scene.run(save);
+                QCOMPARE(user.texts().join(QLatin1Char('|')), message);
+                if (result == R::Failed)
+                    QCOMPARE(user.boxes().first().details, scene.answers()->outcome.text);
+                QCOMPARE(scene.ends, QVector<bool>{result == R::Done});
+                QCOMPARE(scene.answers()->role,
+                         save ? ReadSaveMappingRole::All : ReadSaveMappingRole::Current);
+                if (save)
+                    QCOMPARE(scene.answers()->saved, scene.answers()->layouts[scene.a]);
+                else
+                    QVERIFY(scene.answers()->readOptions.numberMapping);
+            }
+        }
     }
 
     void anEndThatComesTooLateIsIgnored()

@@ -49,10 +49,6 @@ struct SParameterScene final : SStoreWorld
     {
         return host.answers()->layouts[processor].layout.ports[port].groups[0].cabinets[place];
     }
-    void replace(const QUuid &processor, int port, int place, const Cabinet &cabinet)
-    {
-        host.answers()->layouts[processor].layout.ports[port].groups[0].cabinets[place] = cabinet;
-    }
     CResult<QList<Cabinet>> run() const { return CParameterCheck(store).run(); }
 };
 
@@ -83,38 +79,34 @@ private Q_SLOTS:
         QCOMPARE(scene.run().error(), QStringLiteral("No processor is detected."));
     }
 
-    void tellsTheFirstFault_data()
+    void tellsTheFirstFault()
     {
-        QTest::addColumn<QString>("type");
-        QTest::addColumn<bool>("mapped");
-        QTest::addColumn<QString>("text");
+        const auto damaged = [](const QString &type) {
+            return QStringLiteral("Type file %1 is damaged.").arg(type);
+        };
         const QString noType = QStringLiteral(
             "Unable to save processor B(127.0.0.1)'s cabinet, please use cabinet type from type library or "
             "associate custom cabinet with a type.");
-        QTest::newRow("neither type nor mapping") << QString() << false << noType;
-        QTest::newRow("no type") << QString() << true << noType;
-        QTest::newRow("not mapped") << QStringLiteral("broken") << false
-                                    << QStringLiteral("Please setup processor B(127.0.0.1)'s mapping first.");
-        QTest::newRow("damaged") << QStringLiteral("broken") << true
-                                 << QStringLiteral("Type file broken is damaged.");
-        QTest::newRow("unknown") << QStringLiteral("elsewhere") << true
-                                 << QStringLiteral("Type file %1 is damaged.")
-                                        .arg(QLatin1String(SMD5::ofContent("elsewhere").toText()));
-    }
-    void tellsTheFirstFault()
-    {
-        QFETCH(QString, type);
-        QFETCH(bool, mapped);
-        QFETCH(QString, text);
-        SParameterScene scene;
-        Cabinet faulty = scene.cabinet(scene.b, 0, 0);
-        faulty.type = type.isEmpty() ? SMD5() : SMD5::ofContent(type.toLatin1());
-        faulty.mappingIndex = mapped ? 7 : -1;
-        scene.replace(scene.b, 0, 0, faulty);
-        faulty = scene.cabinet(scene.b, 0, 1);
-        faulty.type = SMD5();
-        scene.replace(scene.b, 0, 1, faulty); // comes later
-        QCOMPARE(scene.run().error(), text);
+        const QString notMapped = QStringLiteral("Please setup processor B(127.0.0.1)'s mapping first.");
+        const SMD5 broken = SMD5::ofContent("broken");
+        const SMD5 unknown = SMD5::ofContent("elsewhere");
+        const QVector<std::tuple<SMD5, int, QString>> faults{
+            {SMD5(), -1, noType},
+            {SMD5(), 7, noType},
+            {broken, -1, notMapped},
+            {broken, 7, damaged(QStringLiteral("broken"))},
+            {unknown, 7, damaged(QLatin1String(unknown.toText()))}};
+        for (const auto &[type, place, text] : faults) {
+            SParameterScene scene;
+            {
+                const auto answers = scene.answers();
+                auto &cabinets = answers->layouts[scene.b].layout.ports[0].groups[0].cabinets;
+                cabinets[0].type = type;
+                cabinets[0].mappingIndex = place;
+                cabinets[1].type = SMD5(); // comes later
+            }
+            QCOMPARE(scene.run().error(), text);
+        }
     }
 };
 

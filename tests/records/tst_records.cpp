@@ -3,7 +3,6 @@
 #include "layout/api/records/CRecordJson.h"
 #include "layout/api/records/LayoutData.h"
 #include "layout/api/records/ProcessorTree.h"
-#include "layout/api/records/RecordMetaTypes.h"
 #include "layout/api/records/SPrjPort.h"
 #include "tests/harness/CTestBase.h"
 
@@ -97,21 +96,6 @@ private Q_SLOTS:
         QVERIFY(!LayoutData::comparePortData(a, b, false));
     }
 
-    void editsCostTheirOwnPortOnly()
-    {
-        CabinetLayout layout;
-        layout.ports.resize(80);
-        for (Port &port : layout.ports)
-            port.groups << group(QVector<Cabinet>(1024));
-        CabinetLayout copy = layout;
-        copy.ports[3].groups[0].cabinets[7].rank = 7;
-        const auto data = [](const CabinetLayout &l, int i) {
-            return l.ports.at(i).groups.at(0).cabinets.constData();
-        };
-        QVERIFY(data(copy, 3) != data(layout, 3));
-        QCOMPARE(data(copy, 4), data(layout, 4));
-    }
-
     void eachFieldCountsAndIsWritten()
     {
         const QUuid key = QUuid::createUuid();
@@ -197,19 +181,6 @@ private Q_SLOTS:
         QVERIFY(LayoutData::comparePortData(a, b, true) && LayoutData::comparePortData(a, b, false));
         b.groups[0].groups[0].cabinets[0].rect = QRect(1, 1, 1, 1);
         QVERIFY(!LayoutData::comparePortData(a, b, false));
-    }
-
-    void registersMetaTypesUnderTheirFullNames()
-    {
-        registerRecordMetaTypes();
-        for (const char *name :
-             {"ProcessorTree::ProcessorNode", "PrcTreeNodeType", "CabinetLayout::CabinetPort::Cabinet",
-              "CabinetLayout::CabinetPort::CabinetGroup", "QList<CabinetLayout::CabinetPort::Cabinet>",
-              "QList<QPair<ProcessorTree::ProcessorNode,CabinetLayout> >",
-              "SSettings::TypeLibrary::STreeNode::RcvTypeInfo", "SBackgroundInfo", "SBackgroundInfo::FitType",
-              "SPrjPort", "PrintConfig", "QUuid", "ProcessorBoundingRects", "ReadSaveMappingRole",
-              "UiOrvo::EnModule"})
-            QVERIFY2(QMetaType::type(name) != QMetaType::UnknownType, name);
     }
 };
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/settings/CCabinetInformation.h"
 #include "layout/settings/CCabinetParaSave.h"
+#include "layout/settings/CCabinetTypeSetting.h"
 #include "layout/settings/CCustomCabinet.h"
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
@@ -12,6 +13,7 @@
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QLineEdit>
+#include <QMenu>
 
 namespace {
 
@@ -46,6 +48,66 @@ struct SSaveDialog
     CCabinetParaSave dialog;
 };
 
+CCabinetTypeSetting::Library libraryOf(const QVector<TypeNode> &nodes)
+{
+    return [nodes] { return nodes; };
+}
+
+CCabinetTypeSetting::Cabinets cabinetsOfSize(const QVector<QSize> &sizes)
+{
+    CCabinetTypeSetting::Cabinets selected;
+    for (const QSize &size : sizes) {
+        CabinetLayout::CabinetPort::Cabinet cabinet;
+        cabinet.rect = QRect(QPoint(640, 0), size);
+        selected << cabinet;
+    }
+    return selected;
+}
+
+QPushButton *typeButton(const CCabinetTypeSetting &dialog)
+{
+    for (QPushButton *button : dialog.findChildren<QPushButton *>()) {
+        if (button->menu())
+            return button;
+    }
+    return nullptr;
+}
+
+QAction *entry(const QMenu &menu, const QStringList &path)
+{
+    for (QAction *action : menu.actions()) {
+        if (action->text() == path.first())
+            return path.size() == 1 ? action : entry(*action->menu(), path.mid(1));
+    }
+    return nullptr;
+}
+
+/// Lets a user act on the type menu while it is open.
+void inMenu(CCabinetTypeSetting &dialog, const std::function<void(QMenu &)> &act)
+{
+    QPushButton *button = typeButton(dialog);
+    QTimer::singleShot(0, button, [button, act] {
+        act(*button->menu());
+        button->menu()->close();
+    });
+    QTest::mouseClick(button, Qt::LeftButton); // returns once the menu is closed
+}
+
+void choose(CCabinetTypeSetting &dialog, const QStringList &path)
+{
+    QAction *action = nullptr;
+    inMenu(dialog, [&](QMenu &menu) { action = entry(menu, path); });
+    QVERIFY2(action && action->isEnabled(), qPrintable(path.join(QLatin1Char('/'))));
+    action->trigger();
+}
+
+QImage picture(const QAction *action)
+{
+    return action->icon().pixmap(16, 16).toImage();
+}
+
+const QString ProductPictures = QStringLiteral(":/Image/SettingArea/TypeLibrary/product-%1.svg");
+
 } // namespace
 
 class CCabinetDialogsTest final : public CTestBase
@@ -57,17 +119,13 @@ private Q_SLOTS:
     {
         QTest::addColumn<QStringList>("types");
         QTest::addColumn<QString>("values");
-        QTest::newRow("nothing") << QStringList() << "0|-|-|-|-|-|-";
         QTest::newRow("one") << names("A") << "1|A|192x384|500mm x 1000.5mm|100V ~ 240V|320W|11.8Kg";
-        QTest::newRow("equal") << names("A,A,A") << "3|A|192x384|500mm x 1000.5mm|100V ~ 240V|320W|11.8Kg";
         QTest::newRow("types that differ in weight")
             << names("A,Lighter,A") << "3|Multiple Type|192x384|500mm x 1000.5mm|100V ~ 240V|320W|-";
         QTest::newRow("types that differ in everything")
             << names("Bare,A,A") << "3|Multiple Type|192x384|-|-|-|-";
-        QTest::newRow("little known") << names("Bare") << "1|Bare|192x384|-|-|-|-";
         QTest::newRow("custom") << names(",") << "2|-|128x96|-|-|-|-";
         QTest::newRow("custom and type") << names("A,") << "2|Multiple Type|-|-|-|-|-";
-        QTest::newRow("not in the library") << names("Lost") << "1|-|128x96|-|-|-|-";
     }
 
     void tellsWhatCabinetsHaveInCommon()
@@ -95,50 +153,34 @@ private Q_SLOTS:
         }
     }
 
-    void savingStartsWithTheCabinetsOwnType_data()
-    {
-        QTest::addColumn<QStringList>("cabinetTypes");
-        QTest::addColumn<QString>("chosen");
-        QTest::newRow("of one type") << names("Table,Table") << "Table";
-        QTest::newRow("of two types") << names("A,Table") << "";
-        QTest::newRow("custom") << names("") << "";
-        QTest::newRow("damaged") << names("Damaged") << "";
-        QTest::newRow("none") << QStringList{} << "";
-    }
-
     void savingStartsWithTheCabinetsOwnType()
     {
-        QFETCH(QStringList, cabinetTypes);
-        QFETCH(QString, chosen);
         CFakeHost host;
-        SSaveDialog opened(cabinetTypes);
-        QCOMPARE(opened.type()->count(), 2);
-        QCOMPARE(opened.type()->currentText(), chosen);
-        QCOMPARE(opened.gamma()->value(), 2.8);
-        QCOMPARE(opened.canSave(), !chosen.isEmpty());
-        if (chosen.isEmpty())
-            QTest::keyClick(&opened.dialog, Qt::Key_Return); // there is nothing to be saved
-        QCOMPARE(opened.dialog.isVisible(), true);
+        for (const auto &[types, chosen] :
+             {std::make_pair("Table,Table", "Table"), std::make_pair("A,Table", ""),
+              std::make_pair("Damaged", ""), std::make_pair("", "")}) {
+            SSaveDialog opened(names(types));
+            QCOMPARE(opened.type()->count(), 2);
+            QCOMPARE(opened.type()->currentText(), QLatin1String(chosen));
+            QCOMPARE(opened.gamma()->value(), 2.8);
+            QCOMPARE(opened.canSave(), *chosen != 0);
+            if (!*chosen)
+                QTest::keyClick(&opened.dialog, Qt::Key_Return); // there is nothing to be saved
+            QVERIFY(opened.dialog.isVisible());
+        }
         QVERIFY(host.answers()->calls().isEmpty());
     }
 
-    void gammaIsTypedWithOneDecimal_data()
-    {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<double>("value");
-        QTest::newRow("one decimal") << "2.2" << 2.2;
-        QTest::newRow("two decimals") << "3.45" << 3.4; // the last key does nothing
-        QTest::newRow("too large") << "4.1" << 4.0;
-        QTest::newRow("too small") << "0.9" << 1.0;
-    }
     void gammaIsTypedWithOneDecimal()
     {
-        QFETCH(QString, typed);
-        const SSaveDialog opened({QStringLiteral("A")});
-        opened.gamma()->selectAll();
-        QTest::keyClicks(opened.gamma(), typed);
-        opened.gamma()->interpretText();
-        QTEST(opened.gamma()->value(), "value");
+        for (const auto &[typed, value] :
+             {std::make_pair("3.45", 3.4), std::make_pair("4.1", 4.0), std::make_pair("0.9", 1.0)}) {
+            const SSaveDialog opened({QStringLiteral("A")});
+            opened.gamma()->selectAll();
+            QTest::keyClicks(opened.gamma(), QLatin1String(typed));
+            opened.gamma()->interpretText();
+            QCOMPARE(opened.gamma()->value(), value);
+        }
     }
 
     void aGammaTableOfItsOwnForbidsAValue()
@@ -176,6 +218,98 @@ private Q_SLOTS:
                          QStringLiteral("320")); // replaces what was there
         labelled<QSpinBox>(dialog, "Height")->setValue(7);
         QCOMPARE(dialog.cabinetSize(), QSize(320, 8));
+    }
+
+    void theMenuIsTheLibrary()
+    {
+        TypeInfo several = typeOf("Tall");
+        several.kind = TypeInfo::MultiReceiver;
+        TypeInfo unknownKind = typeOf("Plain");
+        unknownKind.kind = 7;
+        auto nodes = library();
+        nodes << folder("Empty", {}) << leaf(several) << leaf(unknownKind);
+        CCabinetTypeSetting dialog(cabinetsOfSize({}), libraryOf(nodes), nullptr);
+        dialog.show();
+        QVERIFY(!okOf(dialog)->isEnabled());
+        inMenu(dialog, [](QMenu &menu) {
+            const auto at = [&menu](const char *path) { return entry(menu, names(path)); };
+            QVERIFY(at("Rental")->isEnabled() && at("Rental,A")->isEnabled());
+            QVERIFY(!at("Rental,Damaged")->isEnabled() && !at("Empty")->isEnabled());
+            const QIcon multi(ProductPictures.arg(QStringLiteral("multi")));
+            QCOMPARE(picture(at("Tall")), multi.pixmap(16, 16).toImage());
+            QVERIFY(!picture(at("Plain")).isNull() && picture(at("Tall")) != picture(at("Plain")));
+        });
+    }
+
+    void showsWhatWasChosen()
+    {
+        CCabinetTypeSetting dialog(cabinetsOfSize({{192, 384}}),
+                                   libraryOf({folder("Rental", {leaf(typeOf("A & B"))})}), nullptr);
+        dialog.show();
+        choose(dialog, {QStringLiteral("Rental"), QStringLiteral("A && B")});
+        QCOMPARE(typeButton(dialog)->text(), QStringLiteral("A && B"));
+        QCOMPARE(labelled<QLabel>(dialog, "Type size")->text(), QStringLiteral("192x384"));
+        QCOMPARE(dialog.type(), typeOf("A & B"));
+    }
+
+    void refusesATypeWhoseSizeNoCabinetCanHave()
+    {
+        const QVector<QPair<QSize, bool>> sizes{{{2048, 2048}, true}, {{1, 1}, true},    {{2049, 100}, false},
+                                                {{100, 2049}, false}, {{0, 100}, false}, {{100, -1}, false}};
+        for (const auto &[size, usable] : sizes) {
+            CCabinetTypeSetting dialog(
+                cabinetsOfSize({{64, 64}}),
+                libraryOf({leaf(typeOfSize("Before", {64, 64})), leaf(typeOfSize("Tried", size))}), nullptr);
+            dialog.show();
+            choose(dialog, {QStringLiteral("Before")});
+            const CMessageBoxAnswerer user(usable ? QStringList() : QStringList{QStringLiteral("OK")});
+            choose(dialog, {QStringLiteral("Tried")});
+            QCOMPARE(dialog.type().name, usable ? QStringLiteral("Tried") : QStringLiteral("Before"));
+            QCOMPARE(typeButton(dialog)->text(), dialog.type().name);
+            const QString text = QStringLiteral("(%1x%2)").arg(size.width()).arg(size.height());
+            QVERIFY(usable ? user.boxes().isEmpty() : user.texts().first().contains(text));
+        }
+    }
+
+    void asksBeforeCabinetsAreResized()
+    {
+        const QVector<QPair<QVector<QSize>, QString>> cases{{{{128, 256}, {128, 256}}, QString()},
+                                                            {{{128, 128}, {128, 128}}, QStringLiteral("Yes")},
+                                                            {{{128, 128}, {128, 128}}, QStringLiteral("No")},
+                                                            {{{128, 256}, {127, 256}}, QStringLiteral("No")}};
+        for (const auto &[sizes, answer] : cases) {
+            CCabinetTypeSetting dialog(cabinetsOfSize(sizes),
+                                       libraryOf({leaf(typeOfSize("Tall", {128, 256}))}), nullptr);
+            dialog.show();
+            choose(dialog, {QStringLiteral("Tall")});
+            const CMessageBoxAnswerer user(answer.isEmpty() ? QStringList() : QStringList{answer});
+            QTest::keyClick(&dialog, Qt::Key_Return);
+            const bool accepted = answer != QLatin1String("No");
+            QCOMPARE(dialog.isVisible(), !accepted);
+            QCOMPARE(dialog.result() == QDialog::Accepted, accepted);
+            QCOMPARE(user.boxes().isEmpty(), answer.isEmpty());
+            if (!answer.isEmpty())
+                QCOMPARE(user.boxes().first().defaultButton, QStringLiteral("Yes"));
+        }
+    }
+
+    void theMenuFollowsTheLibrary()
+    {
+        QVector<TypeNode> library{leaf(typeOfSize("Old", {64, 64}))};
+        CFakeHost host;
+        host.answers()->onCalled = [&](const QString &call) {
+            if (call.startsWith(QLatin1String("showTypeLibrary")))
+                library = {leaf(typeOfSize("New", {64, 64}))};
+        };
+        CCabinetTypeSetting dialog(
+            cabinetsOfSize({{64, 64}}), [&library] { return library; }, nullptr);
+        dialog.show();
+        choose(dialog, {QStringLiteral("Old")});
+        choose(dialog, {QStringLiteral("Type library...")});
+        QCOMPARE(host.answers()->count(QStringLiteral("showTypeLibrary")), 1);
+        QCOMPARE(dialog.type().name, QStringLiteral("Old"));
+        choose(dialog, {QStringLiteral("New")});
+        QCOMPARE(dialog.type().name, QStringLiteral("New"));
     }
 };
 
