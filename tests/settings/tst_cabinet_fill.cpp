@@ -143,6 +143,7 @@ private Q_SLOTS:
         QTest::keyClick(panel, Qt::Key_Right);
         QTest::keyClick(panel, Qt::Key_Up);
         QTest::keyClick(panel, Qt::Key_Left, Qt::ShiftModifier);
+        QTest::keyClick(panel, Qt::Key_Left); // is at its end
         QTest::keyClick(panel, Qt::Key_Down, Qt::ShiftModifier);
         QCOMPARE(picked, (QList<QList<QVariant>>{{1, 100}, {1, 101}, {0, 101}, {0, 85}}));
     }
