@@ -32,33 +32,19 @@ private Q_SLOTS:
         QCOMPARE(settings.recentProjects(), QStringList(QStringLiteral("/walls/a.sprj")));
     }
 
-    void theLastProjectUsedStandsFirstAndOnce()
-    {
-        CAppSettings settings;
-        for (const char *name : {"/walls/a.sprj", "/walls/b.sprj", "/walls/a.sprj"})
-            settings.addRecentProject(QLatin1String(name));
-        QCOMPARE(settings.recentProjects(),
-                 QStringList({QStringLiteral("/walls/a.sprj"), QStringLiteral("/walls/b.sprj")}));
-        settings.removeRecentProject(QStringLiteral("/walls/a.sprj"));
-        QCOMPARE(settings.recentProjects(), QStringList(QStringLiteral("/walls/b.sprj")));
-    }
-
-    void oneFileUnderTwoNamesIsOneProject()
+    void keepsRecentProjectsOnceTheLastOneFirst()
     {
         const QTemporaryDir folder;
         QFile file(folder.filePath(QStringLiteral("wall.sprj")));
         QVERIFY(file.open(QIODevice::WriteOnly));
-        const QString link = folder.filePath(QStringLiteral("link.sprj"));
+        const QString link = folder.filePath(QStringLiteral("link.sprj")); // one file under two names
         QVERIFY(file.link(link));
         CAppSettings settings;
-        settings.addRecentProject(file.fileName());
-        settings.addRecentProject(link);
-        QCOMPARE(settings.recentProjects(), QStringList(link));
-    }
-
-    void keepsNoMoreThanTheMenuShows()
-    {
-        CAppSettings settings;
+        for (const QString &name : {file.fileName(), QStringLiteral("/walls/b.sprj"), link})
+            settings.addRecentProject(name);
+        QCOMPARE(settings.recentProjects(), QStringList({link, QStringLiteral("/walls/b.sprj")}));
+        settings.removeRecentProject(link);
+        QCOMPARE(settings.recentProjects(), QStringList(QStringLiteral("/walls/b.sprj")));
         for (int i = 0; i < 2 * CAppSettings::MaximumRecentProjects; ++i)
             settings.addRecentProject(QStringLiteral("/walls/%1.sprj").arg(i));
         QCOMPARE(settings.recentProjects().size(), int(CAppSettings::MaximumRecentProjects));

@@ -30,19 +30,13 @@ QByteArray contentOf(const QString &name)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// A process that writes its output to a pipe without a reader.
-class CUnreadProcess final : public QProcess
+bool endsBySignal(QProcess &process, int number, const QString &log)
 {
-protected:
-    void setupChildProcess() override
-    {
-        int ends[2];
-        if (pipe(ends) != 0 || dup2(ends[1], STDOUT_FILENO) < 0)
-            _exit(127);
-        ::close(ends[0]);
-        ::close(ends[1]);
-    }
-};
+    return ::kill(static_cast<pid_t>(process.processId()), number) == 0 &&
+           process.waitForFinished(PatienceMilliseconds) && process.exitStatus() == QProcess::NormalExit &&
+           process.exitCode() == 128 + number &&
+           contentOf(log).contains("Ended by signal " + QByteArray::number(number));
+}
 
 } // namespace
 
@@ -66,7 +60,6 @@ private Q_SLOTS:
         row("no variable", {}, {}, noDisplay);
         row("nobody answers", {QStringLiteral("DISPLAY=:nonexistent")}, {},
             noDisplay + QStringList(QStringLiteral(":nonexistent")));
-        row("platform without display", {QStringLiteral("QT_QPA_PLATFORM=xcb")}, {}, noDisplay);
         row("unknown platform", {QStringLiteral("QT_QPA_PLATFORM=bogus")}, {},
             noDisplay + QStringList(QStringLiteral("bogus")));
         row("neither command nor file", {}, {QStringLiteral("bogus")}, {QStringLiteral("\"bogus\"")}, 2);
@@ -102,37 +95,15 @@ private Q_SLOTS:
             QVERIFY2(errors.contains(text), qPrintable(errors));
     }
 
-    void aSignalEndsItInOrder_data()
+    void anInterruptEndsItInOrder()
     {
-        QTest::addColumn<int>("number");
-        QTest::newRow("terminate") << SIGTERM;
-        QTest::newRow("interrupt") << SIGINT;
-    }
-    void aSignalEndsItInOrder()
-    {
-        QFETCH(int, number);
         const QTemporaryDir home;
         QProcess process;
         process.setProcessEnvironment(offscreenIn(home.path()));
         process.start(QStringLiteral(ORVO_PROGRAM), {QStringLiteral("--demo"), QStringLiteral("--detect")});
         QVERIFY(process.waitForStarted(PatienceMilliseconds));
-        const QString log = home.filePath(logName);
-        QTRY_VERIFY(QFile::exists(log));
-        QCOMPARE(::kill(static_cast<pid_t>(process.processId()), number), 0);
-        QVERIFY(process.waitForFinished(PatienceMilliseconds));
-        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(process.exitCode(), 128 + number);
-        QVERIFY(contentOf(log).contains("Ended by signal " + QByteArray::number(number)));
-    }
-
-    void aCommandTellsThatNobodyReadsItsOutput()
-    {
-        CUnreadProcess process;
-        process.start(QStringLiteral(ORVO_PROGRAM), {QStringLiteral("--help")});
-        QVERIFY(process.waitForFinished(PatienceMilliseconds));
-        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(process.exitCode(), 1);
-        QCOMPARE(process.readAllStandardError(), QByteArray("orvo: the output could not be written\n"));
+        QTRY_VERIFY(QFile::exists(home.filePath(logName)));
+        QVERIFY(endsBySignal(process, SIGINT, home.filePath(logName)));
     }
 
     void aWarningThatNobodyReadsHarmsNothing_data()
@@ -165,11 +136,7 @@ private Q_SLOTS:
             ::close(reader);
         const QString log = home.filePath(logName);
         QTRY_VERIFY(contentOf(log).count("is kept as") > 1);
-        QCOMPARE(::kill(static_cast<pid_t>(process.processId()), SIGTERM), 0);
-        QVERIFY(process.waitForFinished(PatienceMilliseconds));
-        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(process.exitCode(), 128 + SIGTERM);
-        QVERIFY(contentOf(log).contains("Ended by signal"));
+        QVERIFY(endsBySignal(process, SIGTERM, log));
         if (!closed)
             ::close(reader);
     }

@@ -6,57 +6,56 @@
 #include "host/library/CTypeLibrary.h"
 #include "tests/harness/CTestBase.h"
 
+#include <QVariant>
+
 #include <optional>
 
 namespace {
 
+QString joined(std::initializer_list<QVariant> parts)
+{
+    QString text;
+    for (const QVariant &part : parts)
+        text += QLatin1Char(' ') +
+                (part.userType() == QMetaType::QUuid ? CDeviceFixture::idOf(part.toUuid()) : part.toString());
+    return text;
+}
+
 QString argumentText(CSubject &subject)
 {
-    const auto id = [](const QUuid &uuid) { return uuid.toString(QUuid::WithoutBraces); };
     switch (static_cast<LayoutNotification>(subject.code())) {
     case LayoutNotification::PortBackupChanged: {
         const auto change = subject.GetArgument<SPortBackupChange>();
-        return QStringLiteral(" %1 %2 %3")
-            .arg(change.primary)
-            .arg(change.backup)
-            .arg(change.on ? QStringLiteral("on") : QStringLiteral("off"));
+        return joined({change.primary, change.backup, QLatin1String(change.on ? "on" : "off")});
     }
     case LayoutNotification::ProcessorRemoved:
     case LayoutNotification::LayoutReplaced:
     case LayoutNotification::CurrentProcessorChanged:
-        return QLatin1Char(' ') + id(subject.GetArgument<QUuid>());
+        return joined({subject.GetArgument<QUuid>()});
     case LayoutNotification::BackgroundChanged:
-        return QLatin1Char(' ') + id(subject.GetArgument<SBackgroundInfo>().processor);
+        return joined({subject.GetArgument<SBackgroundInfo>().processor});
     case LayoutNotification::CanvasSizeChanged: {
         const auto change = subject.GetArgument<SCanvasSizeChange>();
-        return QStringLiteral(" %1 %2x%3")
-            .arg(id(change.processor))
-            .arg(change.size.width())
-            .arg(change.size.height());
+        return joined({change.processor, change.size.width(), change.size.height()});
     }
     case LayoutNotification::ProcessorStateChanged: {
         const auto change = subject.GetArgument<SProcessorStateChange>();
-        return QStringLiteral(" %1 %2").arg(id(change.processor)).arg(int(change.online));
+        return joined({change.processor, int(change.online)});
     }
     case LayoutNotification::PortLoadsChanged: {
         const auto change = subject.GetArgument<SPortLoadChange>();
-        return QStringLiteral(" %1 %2").arg(id(change.processor)).arg(change.port);
+        return joined({change.processor, change.port});
     }
     case LayoutNotification::SelectedNodeChanged: {
         const auto change = subject.GetArgument<SSelectedNodeChange>();
-        QString text = QStringLiteral(" %1").arg(static_cast<int>(change.type));
+        QString text = joined({int(change.type)});
         for (auto it = change.rects.begin(); it != change.rects.end(); ++it)
-            text += QStringLiteral(" %1:%2,%3,%4,%5")
-                        .arg(id(it.key()))
-                        .arg(it->x())
-                        .arg(it->y())
-                        .arg(it->width())
-                        .arg(it->height());
+            text += joined({it.key(), it->x(), it->y(), it->width(), it->height()});
         return text;
     }
     case LayoutNotification::ReadbackFinished: {
         const auto result = subject.GetArgument<SReadbackResult>();
-        return QStringLiteral(" %1 %2").arg(id(result.processor)).arg(int(result.same));
+        return joined({result.processor, int(result.same)});
     }
     default:
         return {};
@@ -105,7 +104,11 @@ CDeviceFixture::CDeviceFixture(double delayScale, const QString &stateFolder)
     manager.announcer().subject().attach(log);
     if (delayScale <= 0) {
         detect();
-        log.waitFor(static_cast<int>(LayoutNotification::DetectFinished)); // its last notification
+        notifiedUpToDetection(); // its last notification
+        lobby = named("Lobby");
+        stage = named("Main stage");
+        left = named("Side left");
+        right = named("Side right");
     }
 }
 
@@ -170,17 +173,25 @@ SDeviceOutcome CDeviceFixture::read(const QUuid &processor)
         [&](CDeviceJobs::Done done) { manager.jobs().readMapping({processor}, {}, std::move(done)); });
 }
 
-void CDeviceFixture::addFaultRows()
-{
-    QTest::addColumn<int>("fault");
-    for (const SimulationFault fault :
-         {SimulationFault::Offline, SimulationFault::Silent, SimulationFault::Refuse})
-        QTest::newRow(SSimulationFault::all().at(static_cast<int>(fault)).name) << static_cast<int>(fault);
-}
-
 void CDeviceFixture::edit(const QUuid &processor, int port)
 {
     LayoutData data = handler.layoutData(processor);
     data.layout.ports[port].groups[0].cabinets[0].rect.translate(8, 8);
     handler.commitLayoutData(data);
+}
+
+void CDeviceFixture::lockPort(const QUuid &processor, int port, bool locked)
+{
+    LayoutData data = handler.layoutData(processor);
+    data.layout.ports[port].locked = locked;
+    handler.commitLayoutData(data);
+}
+
+QStringList CDeviceFixture::notifiedUpToDetection()
+{
+    QStringList texts;
+    if (!QTest::qWaitFor([&] { return (texts << log.take()).contains(QStringLiteral("2")); },
+                         PatienceMilliseconds))
+        return {};
+    return texts;
 }

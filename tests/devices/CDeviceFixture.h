@@ -32,6 +32,7 @@ struct CDeviceFixture
     explicit CDeviceFixture(double delayScale = 0, const QString &stateFolder = {});
     ~CDeviceFixture();
 
+    static QString idOf(const QUuid &uuid) { return uuid.toString(QUuid::WithoutBraces); }
     /// The processor of that name in the park.
     QUuid named(const char *name) const;
     void select(const QUuid &processor);
@@ -43,13 +44,15 @@ struct CDeviceFixture
     QUuid detectAlone(const char *name);
     SDeviceOutcome save(const QUuid &processor);
     SDeviceOutcome read(const QUuid &processor);
-    /// A row a fault by which a processor does not carry out a command, as number in the column "fault".
-    static void addFaultRows();
     /// Commits the processor's layout with one cabinet of @p port moved, as the module would.
     void edit(const QUuid &processor, int port = 0);
+    void lockPort(const QUuid &processor, int port, bool locked = true);
+    /// What was notified up to now, and that with the code 2, which is waited for.
+    QStringList notifiedUpToDetection();
 
     QTemporaryDir folder;
     CDeviceManager manager;
     CLayoutHandler handler;
     CNotificationLog log;
+    QUuid lobby, stage, left, right; ///< the processors of these names, when all were detected
 };

@@ -12,12 +12,6 @@ namespace {
 
 using Cabinet = CabinetLayout::CabinetPort::Cabinet;
 
-QByteArray contentOf(const QString &file)
-{
-    QFile content(file);
-    return content.open(QIODevice::ReadOnly) ? content.readAll() : QByteArray();
-}
-
 } // namespace
 
 class CCabinetCommandsTest final : public CTestBase
@@ -29,14 +23,11 @@ private Q_SLOTS:
     {
         CTestBase::init();
         m_host = std::make_unique<CDeviceFixture>();
-        m_stage = m_host->named("Main stage");
-        m_left = m_host->named("Side left");
+        m_stage = m_host->stage;
+        m_left = m_host->left;
         m_host->select(m_stage);
         QVERIFY(!m_host->log.waitFor(28).isEmpty());
         m_file = m_host->folder.filePath(QStringLiteral("cabinet.rcvbp"));
-        m_highlights = 0;
-        connect(&m_host->manager.announcer(), &CDeviceAnnouncer::notifyHighlightChanged, this,
-                [this] { ++m_highlights; });
     }
     void cleanup()
     {
@@ -72,10 +63,8 @@ private Q_SLOTS:
     void highlightsEndOnAProcessorThatLeftTheView_data()
     {
         QTest::addColumn<QByteArray>("next");
-        QTest::newRow("for another one") << QByteArray("Lobby");
-        QTest::newRow("for one that is offline") << QByteArray("Foyer");
-        QTest::newRow("for none") << QByteArray();
-        QTest::newRow("for a project") << QByteArray("project");
+        for (const char *next : {"Lobby", "Foyer", "", "project"}) // online, offline, none
+            QTest::addRow("for \"%s\"", next) << QByteArray(next);
     }
     void highlightsEndOnAProcessorThatLeftTheView()
     {
@@ -97,24 +86,22 @@ private Q_SLOTS:
         QTRY_COMPARE(shown.value(m_stage), 0);
     }
 
-    void parametersStopAtTheProcessorThatRefuses_data()
-    {
-        QTest::addColumn<bool>("refusesFirst");
-        QTest::newRow("the first") << true;
-        QTest::newRow("the second") << false;
-    }
     void parametersStopAtTheProcessorThatRefuses()
     {
-        QFETCH(bool, refusesFirst);
-        const Cabinet refusing = firstCabinet(m_left);
-        const Cabinet taking = firstCabinet(m_stage);
-        const QList<Cabinet> cabinets =
-            refusesFirst ? QList<Cabinet>{refusing, taking} : QList<Cabinet>{taking, refusing};
+        Cabinet cabinet = firstCabinet(m_left);
         m_host->manager.simulate(m_left, SimulationFault::Refuse, true);
-        QVERIFY(!m_host->handler.sendCabinetParameters(cabinets, taking.type, 2.2));
-        QVERIFY(m_host->handler.lastError().startsWith(QLatin1String("Side left(")));
-        QCOMPARE(gammaOf(m_left, taking.type), 0.0);
-        QCOMPARE(gammaOf(m_stage, taking.type), refusesFirst ? 0.0 : 2.2);
+        for (const bool first : {true, false}) { // it refuses
+            QList<Cabinet> cabinets{firstCabinet(m_stage)};
+            cabinets.insert(first ? 0 : 1, cabinet);
+            QVERIFY(!m_host->handler.sendCabinetParameters(cabinets, cabinet.type, 2.2));
+            QVERIFY(m_host->handler.lastError().startsWith(QLatin1String("Side left(")));
+            QCOMPARE(gammaOf(m_left, cabinet.type), 0.0);
+            QCOMPARE(gammaOf(m_stage, cabinet.type), first ? 0.0 : 2.2);
+        }
+        cabinet = firstCabinet(m_stage);
+        m_host->manager.simulate(m_stage, SimulationFault::Refuse, true);
+        QVERIFY(!m_host->handler.readbackCabinetConfig(0, cabinet, m_file, {}));
+        QVERIFY(!QFile::exists(m_file));
     }
 
     void cabinetsGiveTheirConfiguration()
@@ -136,55 +123,22 @@ private Q_SLOTS:
         QVERIFY2(handler.exportCabinetConfig(custom, m_file), qPrintable(handler.lastError()));
     }
 
-    void filesThatCannotBeMadeLeaveNothing_data()
-    {
-        QTest::addColumn<bool>("readback");
-        QTest::addColumn<QString>("obstacle");
-        for (const char *obstacle : {"type", "folder"}) {
-            QTest::addRow("export, %s", obstacle) << false << QString::fromLatin1(obstacle);
-            QTest::addRow("readback, %s", obstacle) << true << QString::fromLatin1(obstacle);
-        }
-        QTest::newRow("readback, cabinet") << true << QStringLiteral("cabinet");
-        QTest::newRow("readback, port") << true << QStringLiteral("port");
-    }
     void filesThatCannotBeMadeLeaveNothing()
     {
-        QFETCH(bool, readback);
-        QFETCH(QString, obstacle);
-        Cabinet cabinet = firstCabinet(m_stage);
-        if (obstacle == QLatin1String("type"))
-            cabinet.type = SMD5::ofContent("none");
-        if (obstacle == QLatin1String("cabinet"))
-            cabinet.uuid = QUuid::createUuid();
-        if (obstacle == QLatin1String("folder"))
-            m_file = m_host->folder.filePath(QStringLiteral("none/cabinet.rcvbp"));
-        const int port = obstacle == QLatin1String("port") ? 1 : 0;
-        QVERIFY(!(readback ? m_host->handler.readbackCabinetConfig(port, cabinet, m_file, {})
-                           : m_host->handler.exportCabinetConfig(cabinet, m_file)));
-        QVERIFY(!m_host->handler.lastError().isEmpty());
-        QVERIFY(!QFile::exists(m_file));
-    }
-
-    void aProcessorThatDoesNotServeChangesNothing_data() { CDeviceFixture::addFaultRows(); }
-    void aProcessorThatDoesNotServeChangesNothing()
-    {
-        QFETCH(int, fault);
         CLayoutHandler &handler = m_host->handler;
         const Cabinet cabinet = firstCabinet(m_stage);
-        QVERIFY(handler.exportCabinetConfig(cabinet, m_file));
-        const QByteArray before = contentOf(m_file);
-        QVERIFY(!before.isEmpty());
-        const auto told = [&handler] {
-            return handler.lastError().startsWith(QLatin1String("Main stage(192.168.10.12): The processor "));
-        };
-        m_host->manager.simulate(m_stage, static_cast<SimulationFault>(fault), true);
-        QVERIFY(!handler.sendCabinetParameters({cabinet}, cabinet.type, 2.2) && told());
-        QVERIFY(!handler.setCabinetHighlight({cabinet}, CabinetHighlight::FlashingBox) && told());
-        QVERIFY(!handler.readbackCabinetConfig(0, cabinet, m_file, QStringLiteral("another")) && told());
-        QCOMPARE(gammaOf(m_stage, cabinet.type), 0.0);
-        QCOMPARE(contentOf(m_file), before);
-        QCoreApplication::processEvents();
-        QCOMPARE(m_highlights, 0);
+        Cabinet unknown = cabinet;
+        unknown.type = SMD5::ofContent("none");
+        Cabinet foreign = cabinet;
+        foreign.uuid = QUuid::createUuid();
+        const QString nowhere = m_host->folder.filePath(QStringLiteral("none/cabinet.rcvbp"));
+        QVERIFY(!handler.exportCabinetConfig(unknown, m_file) && !handler.lastError().isEmpty());
+        QVERIFY(!handler.exportCabinetConfig(cabinet, nowhere) && !handler.lastError().isEmpty());
+        QVERIFY(!handler.readbackCabinetConfig(0, unknown, m_file, {}) && !handler.lastError().isEmpty());
+        QVERIFY(!handler.readbackCabinetConfig(0, cabinet, nowhere, {}) && !handler.lastError().isEmpty());
+        QVERIFY(!handler.readbackCabinetConfig(0, foreign, m_file, {}) && !handler.lastError().isEmpty());
+        QVERIFY(!handler.readbackCabinetConfig(1, cabinet, m_file, {}) && !handler.lastError().isEmpty());
+        QVERIFY(!QFile::exists(m_file));
     }
 
 private:
@@ -202,7 +156,6 @@ private:
     QUuid m_stage;
     QUuid m_left;
     QString m_file;
-    int m_highlights = 0; // shown so far
 };
 
 ORVO_TEST_MAIN(QGuiApplication, CCabinetCommandsTest)

@@ -79,7 +79,7 @@ private Q_SLOTS:
         const QPoint corner = offsets().value(m_left) + QPoint(5, 6);
         QVERIFY(m_host->handler.setProcessorOffsets({{m_left, corner}}));
         const QString after = m_host->log.waitFor(28);
-        QVERIFY2(after.contains(QStringLiteral(":%1,%2,").arg(corner.x()).arg(corner.y())),
+        QVERIFY2(after.contains(QStringLiteral(" %1 %2 ").arg(corner.x()).arg(corner.y())),
                  qPrintable(after));
         QCOMPARE(after.left(4), before.left(4));                                          // still a group
         QVERIFY(m_host->handler.setProcessorOffsets({{m_host->named("Arena"), {7, 7}}})); // not among them

@@ -126,24 +126,6 @@ private Q_SLOTS:
             }));
         }
     }
-
-    void bringsBackEveryWall_data()
-    {
-        QTest::addColumn<int>("wall");
-        for (int wall = 0; wall < CWallBuilder::WallCount; ++wall)
-            QTest::newRow(qPrintable(CWallBuilder::plan(CWallBuilder::Wall(wall)).name)) << wall;
-    }
-    void bringsBackEveryWall()
-    {
-        QFETCH(int, wall);
-        const SProcessorProject project = ProjectSamples::ofWall(CWallBuilder::Wall(wall));
-        const QString file = path("wall.sprj");
-        QVERIFY(CProcessorProject::write(file, project));
-        const auto read = CProcessorProject::read(file);
-        QVERIFY2(read, qPrintable(read.error()));
-        QVERIFY(read.value() == project);
-    }
-
     void bringsBackEveryMember()
     {
         SProcessorProject project = ProjectSamples::withEverything();
@@ -241,9 +223,7 @@ private Q_SLOTS:
         row("member doubled by an escape", sealed(R"({"name":"a","n\u0061me":"b"})"), "line 2, column 15");
         row("endless number", sealed("{\"name\":\n 1e400}"), "line 3, column 2: a number is too large");
         row("integer that loses digits", sealed("{\"name\":9007199254740993}"), "line 2, column 9");
-        row("no JSON number", sealed("{\"name\":01}"), "line 2, column 9");
         row("deep nesting", sealed("{\"name\":" + QByteArray(100000, '[')), "nested too deep");
-        row("no object", sealed("[]"), "line 2, column 1");
         row("no UTF-8", sealed("{\"name\":\"\xff\"}"), "UTF-8");
         row("text behind the end", sealed("{} {}"), "line 2, column 4");
         row("missing member", sealed("{}"), "the member \"name\" is missing");
@@ -251,9 +231,15 @@ private Q_SLOTS:
             "layout: the member \"more\" is not known");
         row("wrong type", sealed(bodyWithPorts("[{\"index\":\"1\"}]")),
             "layout.ports[0].index: a whole number");
-        row("fraction", sealed(bodyWithPorts("[{\"index\":1.5}]")), "layout.ports[0].index: a whole number");
         row("out of range", sealed(bodyWithPorts("[{\"index\":-1}]")), "layout.ports[0].index: -1");
         row("port twice", sealed(bodyWithPorts("[{\"index\":1},{\"index\":1}]")), "layout.ports[1].index");
+        QByteArray most = listOf(1024, numberedCabinet);
+        most.insert(most.indexOf('}'), ",\"receivers\":[" + listOf(256, "[0,0,1,1]") + "]");
+        row("as many as a port takes",
+            sealed(bodyWithPorts("[{\"index\":0," + groupsOf(most) + "},{\"index\":1," +
+                                 groupsOf(QByteArray(most).replace("3b6a", "3b6b")) + "}]")),
+            "accepted");
+        row("groups as deep as they go", sealed(nestedGroups(64)), "accepted");
         row("groups too deep", sealed(nestedGroups(65)), "nested deeper than 64");
         row("cabinet twice", cabinets(cabinet + "," + cabinet),
             "layout.ports[0].groups[0].cabinets[1].uuid: the same");
@@ -266,8 +252,6 @@ private Q_SLOTS:
         row("no colour", sealed(bodyWithPorts("[{\"index\":0,\"color\":\"pink\"}]")), "ports[0].color");
         row("no width", cabinets(QByteArray(cabinet).replace("32,32]", "0,32]")),
             "cabinets[0].rect: the size is 0x32 pixels");
-        row("too high", cabinets(QByteArray(cabinet).replace("32,32]", "32,2049]")),
-            "cabinets[0].rect: the size");
         row("too many receivers",
             cabinets(QByteArray(cabinet).replace("}", ",\"receivers\":[" + listOf(257, "[0,0,1,1]") + "]}")),
             "cabinets[0].receivers: there are 257 entries, the most is 256");
@@ -299,46 +283,16 @@ private Q_SLOTS:
         QVERIFY2(refusal.contains(place), qPrintable(refusal));
     }
 
-    void readsGroupsUpToTheLimit()
-    {
-        const QString file = path("nested.sprj");
-        ProjectSamples::setContent(file, sealed(nestedGroups(64)));
-        QVERIFY(CProcessorProject::read(file));
-    }
-
-    void readsAsManyAsAPortTakes()
-    {
-        QByteArray cabinets = listOf(1024, numberedCabinet);
-        cabinets.insert(cabinets.indexOf('}'), ",\"receivers\":[" + listOf(256, "[0,0,1,1]") + "]");
-        const QByteArray others = QByteArray(cabinets).replace("3b6a", "3b6b");
-        const QString file = path("most.sprj");
-        ProjectSamples::setContent(file, sealed(bodyWithPorts("[{\"index\":0," + groupsOf(cabinets) +
-                                                              "},{\"index\":1," + groupsOf(others) + "}]")));
-        const auto project = CProcessorProject::read(file);
-        QVERIFY2(project, qPrintable(project.error()));
-        QCOMPARE(project.value().layout.cabinetCount(), 2048);
-    }
-
-    void refusesRowsThatContradictEachOther()
-    {
-        const QString file = path("twice.acr");
-        const CStatus written = CCurrentGainFile::write(file, {{0, 1, {1, 2, 3}}, {0, 1, {4, 5, 6}}});
-        QVERIFY(!written);
-        QVERIFY2(written.error().contains(QLatin1String("rows[1]")), qPrintable(written.error()));
-        QVERIFY(!QFile::exists(file));
-    }
-
     void neverWritesWhatItCouldNotRead()
     {
         const QString file = path("kept.sprj");
-        QVERIFY(CProcessorProject::write(file, ProjectSamples::ofWall(CWallBuilder::Small)));
+        SProcessorProject project = ProjectSamples::ofWall(CWallBuilder::Small);
+        QVERIFY(CProcessorProject::write(file, project));
         const QByteArray before = ProjectSamples::contentOf(file);
-        SProcessorProject wrong = ProjectSamples::ofWall(CWallBuilder::Small);
-        wrong.layout.ports[1].groups[0].cabinets[0].uuid = wrong.layout.ports[0].groups[0].cabinets[0].uuid;
-        const CStatus written = CProcessorProject::write(file, wrong);
-        QVERIFY(!written);
-        QVERIFY2(written.error().contains(QLatin1String("ports[1].groups[0].cabinets[0].uuid")),
-                 qPrintable(written.error()));
+        auto &ports = project.layout.ports;
+        ports[1].groups[0].cabinets[0].uuid = ports[0].groups[0].cabinets[0].uuid;
+        const QString error = CProcessorProject::write(file, project).error();
+        QVERIFY2(error.contains(QLatin1String("ports[1].groups[0].cabinets[0].uuid")), qPrintable(error));
         QCOMPARE(ProjectSamples::contentOf(file), before);
     }
 };

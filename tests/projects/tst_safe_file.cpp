@@ -7,38 +7,15 @@
 #include "tests/projects/ProjectSamples.h"
 
 #include <QDir>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
-
-#include <csignal>
-#include <functional>
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
 
 constexpr int ManyBytes = 1 << 20;
-
-/// Runs @p work in a process of its own.
-pid_t startChild(const std::function<bool()> &work)
-{
-    const pid_t child = fork();
-    if (child == 0)
-        _exit(work() ? 0 : 1);
-    return child;
-}
-
-bool trueInChild(const std::function<bool()> &work)
-{
-    int status = 0;
-    const pid_t child = startChild(work);
-    return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
-}
 
 bool refusesToWrite(const QString &file, const QByteArray &content)
 {
@@ -52,13 +29,6 @@ bool refusesToRead(const QString &file)
     return !read && read.error().contains(file) && read.error().endsWith(QLatin1Char('.'));
 }
 
-/// In a child: what an ordinary user may not do fails, also where the tests run as root.
-void becomeOrdinary()
-{
-    if (geteuid() == 0 && seteuid(65534) != 0)
-        _exit(2);
-}
-
 } // namespace
 
 class CSafeFileTest final : public CTestBase
@@ -70,8 +40,6 @@ private:
     QString path(const char *name) const { return m_folder.filePath(QLatin1String(name)); }
 
 private Q_SLOTS:
-    void initTestCase() { QVERIFY(chmod(QFile::encodeName(m_folder.path()).constData(), 0755) == 0); }
-
     void keepsThePreviousGeneration()
     {
         const QString file = path("generations");
@@ -107,45 +75,6 @@ private Q_SLOTS:
         QVERIFY(CSafeFile::write(path("large"), QByteArray(11, 'x'), CSafeFile::DropPrevious));
         QVERIFY(!CSafeFile::read(path("large"), 10));
     }
-
-    void refusesWhatIsNotAllowed()
-    {
-        const QString file = path("closed/file");
-        QVERIFY(QDir(m_folder.path()).mkdir(QStringLiteral("closed")));
-        ProjectSamples::setContent(file, "old");
-        QVERIFY(chmod(QFile::encodeName(file).constData(), 0) == 0);
-        QVERIFY(chmod(QFile::encodeName(path("closed")).constData(), 0555) == 0);
-        QVERIFY(trueInChild([&] {
-            becomeOrdinary();
-            return refusesToRead(file) && refusesToWrite(file, "new") &&
-                   refusesToWrite(path("closed/new"), "new");
-        }));
-        QVERIFY(chmod(QFile::encodeName(path("closed")).constData(), 0755) == 0);
-        QVERIFY(chmod(QFile::encodeName(file).constData(), 0644) == 0);
-        QCOMPARE(ProjectSamples::contentOf(file), QByteArray("old"));
-        QCOMPARE(QDir(path("closed")).entryList(QDir::Files), QStringList{QStringLiteral("file")});
-    }
-
-    void keepsTheFileWhenTheDiskIsFull_data()
-    {
-        QTest::addColumn<int>("size");
-        QTest::newRow("fails in the last buffer") << 6000;
-        QTest::newRow("fails on the way") << 200000;
-    }
-    void keepsTheFileWhenTheDiskIsFull()
-    {
-        QFETCH(int, size);
-        const QString file = path("full");
-        QVERIFY(CSafeFile::write(file, "old", CSafeFile::DropPrevious));
-        QVERIFY(trueInChild([&] {
-            const rlimit limit{4096, 4096};
-            std::signal(SIGXFSZ, SIG_IGN);
-            return setrlimit(RLIMIT_FSIZE, &limit) == 0 && refusesToWrite(file, QByteArray(size, 'x'));
-        }));
-        QCOMPARE(ProjectSamples::contentOf(file), QByteArray("old"));
-        QVERIFY(!QFile::exists(file + QLatin1Char('~')));
-    }
-
     void tidiesUpAfterTheDeadOnly_data()
     {
         QTest::addColumn<QByteArray>("pending");
@@ -184,36 +113,6 @@ private Q_SLOTS:
         struct stat status = {};
         QVERIFY(stat(QFile::encodeName(file).constData(), &status) == 0);
         QCOMPARE(int(status.st_mode & 07777), 0640);
-    }
-
-    void leavesTheOldOrTheNewFileWhenKilled()
-    {
-        const QString file = path("kills/file");
-        QVERIFY(QDir(m_folder.path()).mkdir(QStringLiteral("kills")));
-        const QByteArray contents[] = {QByteArray(300000, 'a'), QByteArray(200000, 'b')};
-        QVERIFY(CSafeFile::write(file, contents[0], CSafeFile::KeepPrevious));
-        QVERIFY(CSafeFile::write(file, contents[1], CSafeFile::KeepPrevious));
-        QRandomGenerator random(1);
-        for (int round = 0; round < 40; ++round) {
-            const pid_t child = startChild([&] {
-                for (int i = 0;; ++i) {
-                    if (!CSafeFile::write(file, contents[i % 2], CSafeFile::KeepPrevious))
-                        return false;
-                }
-            });
-            usleep(random.bounded(1000u, 25000u));
-            kill(child, SIGKILL);
-            int status = 0;
-            QCOMPARE(waitpid(child, &status, 0), child);
-            QVERIFY(WIFSIGNALED(status));
-            CSafeFile::cleanAround(file);
-            for (const QString &generation : {file, file + QLatin1Char('~')}) {
-                const QByteArray found = ProjectSamples::contentOf(generation);
-                QVERIFY2(found == contents[0] || found == contents[1], qPrintable(QString::number(round)));
-            }
-            QCOMPARE(QDir(path("kills")).entryList(QDir::Files | QDir::Hidden),
-                     QStringList({QStringLiteral("file"), QStringLiteral("file~")}));
-        }
     }
 };
 
