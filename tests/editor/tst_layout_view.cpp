@@ -137,6 +137,20 @@ private Q_SLOTS:
         QTEST(m_mouse->scene().backend().placing().isAppending(), "begins");
     }
 
+    void undoIsExactAfterALookAtAnotherProcessor()
+    {
+        m_mouse->cabinet(0, 2).setSelected(true);
+        m_mouse->scene().backend().operations().remove();
+        LayoutData left;
+        left.layout = m_mouse->layout();
+        left.processor = left.layout.processor;
+        const LayoutData other = SmallWorlds::data({SmallWorlds::wiredPort(0, 2)});
+        m_mouse->view().showLayout(SmallWorlds::node(other), other);
+        m_mouse->view().showLayout(SmallWorlds::node(left), left);
+        m_mouse->scene().undo(nullptr);
+        QVERIFY(m_mouse->layout() == m_mouse->original());
+    }
+
     void aBlockedEditorIsLookedAtOnly_data()
     {
         QTest::addColumn<bool>("backup");

@@ -31,6 +31,7 @@ void CSceneContent::build(const LayoutData &data)
         m_ports.begin(), m_ports.end(),
         [](const CGraphicsPortItem *a, const CGraphicsPortItem *b) { return a->port() < b->port(); });
     m_nextOrdinal = builder.nextOrdinal();
+    m_order.restore(m_processor, m_ports);
     for (CGraphicsPortItem *item : qAsConst(m_ports))
         item->takeNote(); // what is shown anew is no edit
 }
@@ -75,6 +76,7 @@ CSceneContent::add(CGraphicsPortItem &port, const CabinetLayout::CabinetPort &re
 
 void CSceneContent::clear()
 {
+    m_order.remember(m_processor, m_ports);
     m_records.clear();
     m_held.clear();
     m_ports.clear();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "layout/api/records/LayoutData.h"
+#include "layout/editor/content/CRecordOrder.h"
 #include "layout/editor/items/IItemIndex.h"
 
 #include <QHash>
@@ -77,6 +78,7 @@ private:
     QUuid m_processor;
     QVector<CGraphicsPortItem *> m_ports;
     qint64 m_nextOrdinal = 0;
+    CRecordOrder m_order;
     mutable QHash<int, Port> m_records; // by port index
     QHash<int, QVector<Port::CabinetGroup>> m_held;
 };

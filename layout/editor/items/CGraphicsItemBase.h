@@ -39,7 +39,7 @@ public:
     const Cabinet &cabinet() const { return m_cabinet; }
 
     /// Keeps records in their order when they are read back: members of a group, and of a port, stand in
-    /// ascending ordinals.
+    /// ascending ordinals. They stay the same while the processor is out of view.
     qint64 ordinal() const { return m_ordinal; }
     void setOrdinal(qint64 ordinal) { m_ordinal = ordinal; }
 

@@ -99,6 +99,8 @@ QString CRandomWorld::run(const SRandomOperation &operation)
         return reload(false, random);
     case ReloadUndoably:
         return reload(true, random);
+    case LookAway:
+        return lookAway(random);
     case History:
         if (!stepHistory(random))
             return QStringLiteral("another selection than beside the step");
@@ -225,6 +227,23 @@ QString CRandomWorld::reload(bool undoable, QRandomGenerator &random)
     }
     m_world.highlighted.intersect(highlighted()); // a reload ends those of what it makes anew
     return check(index, true, wanted);
+}
+
+/// Shows another processor for a moment; the history must fit what is built anew.
+QString CRandomWorld::lookAway(QRandomGenerator &random)
+{
+    LayoutData data = m_world.data;
+    data.layout = m_world.layout();
+    QUndoStack *stack = m_scene.undoStack();
+    m_scene.clearLayout();
+    m_scene.setUndoStack(nullptr);
+    const LayoutData other = RandomLayout::randomWorld(random);
+    m_scene.setLayoutData(SmallWorlds::node(other), other);
+    m_scene.clearLayout();
+    m_scene.setUndoStack(stack);
+    m_scene.setLayoutData(SmallWorlds::node(data), data, m_world.cache);
+    m_world.highlighted.clear();
+    return check(stack->index(), true, CReferenceModel(data.layout));
 }
 
 QString CRandomWorld::check(int indexBefore, bool edited, const CReferenceModel &expected)

@@ -35,6 +35,7 @@ private:
     bool stepHistory(QRandomGenerator &random);
     void stepByMenu(const QString &text);
     QString reload(bool undoable, QRandomGenerator &random);
+    QString lookAway(QRandomGenerator &random);
     QString check(int indexBefore, bool edited, const CReferenceModel &expected);
     QString checkHighlights();
     QString checkColors() const;

@@ -38,7 +38,8 @@ enum EKind {
     SameType,
     SelectAll,
     Highlight,
-    Menu
+    Menu,
+    LookAway
 };
 
 constexpr const char *kindNames[] = {"nudge up",
@@ -73,7 +74,8 @@ constexpr const char *kindNames[] = {"nudge up",
                                      "same type",
                                      "select all",
                                      "highlight",
-                                     "menu"};
+                                     "menu",
+                                     "look away"};
 
 constexpr int Count = int(sizeof(kindNames) / sizeof(*kindNames));
 
