@@ -121,6 +121,17 @@ private Q_SLOTS:
         QVERIFY(selected.contains(scene.itemOf(all.at(5).uuid)));
     }
 
+    void aGroupIsNeverSelectedWithItsMember()
+    {
+        const LayoutData data = SmallWorlds::data({SmallWorlds::nestedPort(0)});
+        CFixedPortStates states;
+        CCabinetGraphicsScene scene(states);
+        const auto &outer = data.layout.ports.at(0).groups.at(1);
+        const QList<QUuid> both = {outer.uuid, outer.cabinets.at(0).uuid, outer.groups.at(0).uuid};
+        scene.setLayoutData(SmallWorlds::node(data), data, {}, both);
+        QCOMPARE(scene.selectedItems(), QList<QGraphicsItem *>{scene.itemOf(outer.uuid)});
+    }
+
     void anotherProcessorsLayoutChangesNothing()
     {
         const LayoutData data = SmallWorlds::data({SmallWorlds::wiredPort(0, 4)});

@@ -6,6 +6,7 @@
 #include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "platform/graphics/CGraphicsScene.h"
 
@@ -47,8 +48,10 @@ void CSelectionPicks::only(const QVector<QUuid> &uuids)
         if (!wanted.contains(item))
             item->setSelected(false);
     }
-    for (CGraphicsItemBase *item : qAsConst(wanted))
-        item->setSelected(true);
+    for (CGraphicsItemBase *item : qAsConst(wanted)) {
+        if (!item->groupItem() || !item->groupItem()->isSelectedWithGroups())
+            item->setSelected(true); // a group takes its members out of the selection
+    }
 }
 
 void CSelectionPicks::sameType(const QUuid &uuid)
