@@ -143,7 +143,7 @@ void CEditorCommands::fillAppendMenu(QMenu &menu, QWidget *parent)
 {
     const int port = m_store.currentPort();
     const CGraphicsPortItem *item = m_view.cabinetScene().portItem(port);
-    if (!item || !CScenePlacing::canTake(*item))
+    if (!item || item->isClosed())
         return;
     const QString refused = CScenePlacing::refusal(item->cabinets(nullptr).size(), 1);
     if (!refused.isEmpty()) {

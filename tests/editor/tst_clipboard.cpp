@@ -231,6 +231,11 @@ private Q_SLOTS:
             QCOMPARE(mouse.scene().property("pendingAppendCabinetPort").toInt(), port);
         }
         mouse.hover({700, 300});
+        mouse.press({332, 316});
+        QEvent lost(QEvent::WindowDeactivate); // another window gets the release, or none
+        QApplication::sendEvent(mouse.view().viewport(), &lost);
+        mouse.release({332, 316});
+        QVERIFY(mouse.scene().backend().placing().isAppending());
         mouse.drag({332, 316}, {64, 32}); // two columns, two rows
         QVERIFY(!mouse.scene().backend().placing().isAppending());
         for (const char *property :

@@ -52,7 +52,7 @@ private Q_SLOTS:
     void rightClicksOpenTheMenuOfWhatIsThere_data()
     {
         QTest::addColumn<QPoint>("place");
-        QTest::addColumn<int>("state"); // 1: redundancy port, 2: a tool is in use
+        QTest::addColumn<int>("state"); // 1: redundancy port, 2: a tool is in use, 3: the one that highlights
         QTest::addColumn<QString>("menu");
         const QString cabinet = QStringLiteral("CabinetMenu");
         QTest::newRow("cabinet") << QPoint(64, 64) << 0 << cabinet;
@@ -60,6 +60,7 @@ private Q_SLOTS:
         QTest::newRow("canvas") << QPoint(700, 400) << 0 << QString();
         QTest::newRow("redundancy port") << QPoint(64, 64) << 1 << QStringLiteral("none");
         QTest::newRow("tool in use") << QPoint(64, 64) << 2 << QStringLiteral("none");
+        QTest::newRow("highlighting") << QPoint(64, 64) << 3 << QStringLiteral("CabinetMenu");
     }
     void rightClicksOpenTheMenuOfWhatIsThere()
     {
@@ -71,6 +72,8 @@ private Q_SLOTS:
             mouse.states().redundancy[0] = CabinetLayout::CabinetPort::Redundant;
         if (state == 2)
             mouse.view().toolBar().chooseMode(CEditorToolBar::Pen);
+        if (state == 3)
+            mouse.view().toolBar().chooseMode(CEditorToolBar::Calibrate);
         QString seen = QStringLiteral("none");
         QTimer watch;
         connect(&watch, &QTimer::timeout, this, [&seen] {

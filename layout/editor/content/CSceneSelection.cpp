@@ -174,7 +174,7 @@ void CSceneSelection::raise(const QVector<CGraphicsPortItem *> &ports) const
 
 bool CSceneSelection::canGroup() const
 {
-    if (m_count < 2 || m_items.size() != 1 || touchesLockedPort())
+    if (m_count < 2 || m_items.size() != 1 || touchesClosedPort())
         return false;
     const QVector<CGraphicsItemBase *> &items = m_items.first();
     return std::all_of(items.begin(), items.end(), [](const CGraphicsItemBase *item) {
@@ -184,13 +184,13 @@ bool CSceneSelection::canGroup() const
 
 bool CSceneSelection::canBreakGroup() const
 {
-    return m_groupCount > 0 && !touchesLockedPort();
+    return m_groupCount > 0 && !touchesClosedPort();
 }
 
-bool CSceneSelection::touchesLockedPort() const
+bool CSceneSelection::touchesClosedPort() const
 {
     return std::any_of(m_items.begin(), m_items.end(), [](const QVector<CGraphicsItemBase *> &ofPort) {
         const CGraphicsPortItem *port = (*ofPort.begin())->portItem();
-        return port && port->isLocked();
+        return port && port->isClosed();
     });
 }

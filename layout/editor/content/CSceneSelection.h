@@ -40,12 +40,12 @@ public:
     /// Lifts those of @p ports that hold selected items above the others.
     void raise(const QVector<CGraphicsPortItem *> &ports) const;
 
-    /// Two or more items that lie directly in one port, which is not locked.
+    /// Two or more items that lie directly in one port, which takes edits.
     bool canGroup() const;
-    /// A selected group, and no port with a selected item is locked.
+    /// A selected group, and no port with a selected item refuses edits.
     bool canBreakGroup() const;
-    /// Whether any port that holds a selected item is locked.
-    bool touchesLockedPort() const;
+    /// Whether any port that holds a selected item refuses edits.
+    bool touchesClosedPort() const;
 
 private:
     void count(const CGraphicsItemBase &item, int change);

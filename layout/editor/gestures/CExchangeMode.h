@@ -22,6 +22,10 @@ public:
     {
     }
 
+    bool takesQuickClicks() const override
+    {
+        return false;
+    } // it would reverse what the first one has reversed
     bool pressCabinet(CGraphicsCabinetItem &cabinet, const QGraphicsSceneMouseEvent &event) override;
 
 private:

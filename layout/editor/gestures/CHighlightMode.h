@@ -17,6 +17,7 @@ public:
 
     bool pressCabinet(CGraphicsCabinetItem &cabinet, const QGraphicsSceneMouseEvent &event) override;
     bool selects() const override { return false; }
+    bool opensMenus() const override { return true; }
 
 private:
     CHighlights &m_highlights;

@@ -68,7 +68,7 @@ void CSceneGestures::beginDrag(const SPress &press)
         return;
     }
     const CGraphicsPortItem *joined = item ? item->portItem() : nullptr;
-    if (m_selection.touchesLockedPort() || (joined && joined->isLocked()))
+    if (m_selection.touchesClosedPort() || (joined && joined->isClosed()))
         return;
     if (item) {
         const CEditBatch batch(m_editing);
@@ -109,7 +109,7 @@ void CSceneGestures::beginStroke(CGraphicsCabinetItem &cabinet, const QPointF &s
 {
     CGraphicsPortItem *port = cabinet.portItem();
     m_scene.clearSelection();
-    if (port && !port->isLocked())
+    if (port && !port->isClosed())
         m_stroke = std::make_unique<CPenStroke>(m_editing, m_content, *port, cabinet, scenePos);
 }
 

@@ -35,6 +35,12 @@ CSceneInput::~CSceneInput()
     m_backend.setInput(nullptr);
 }
 
+void CSceneInput::cancel()
+{
+    m_gestures.cancel();
+    m_backend.placing().cancelPress();
+}
+
 bool CSceneInput::isSingleSelection() const
 {
     return m_backend.selection().count() == 1;
@@ -108,7 +114,10 @@ bool CSceneInput::doubleClick(QGraphicsSceneMouseEvent &event)
         m_gestures.beginPress();
         return false;
     }
-    // Everything else that takes clicks takes quick ones as well.
+    if (!mouseMode().takesQuickClicks()) {
+        event.accept();
+        return true;
+    }
     QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
     press.setWidget(event.widget());
     press.setScenePos(event.scenePos());
@@ -134,7 +143,7 @@ bool CSceneInput::openMenu(QGraphicsSceneContextMenuEvent &event)
         event.accept();
         return true;
     }
-    if (!mouseMode().edits() || CItemLookup::isOnItem(m_scene, event.scenePos()))
+    if (!mouseMode().opensMenus() || CItemLookup::isOnItem(m_scene, event.scenePos()))
         return false;
     m_gestures.cancel();
     const QPointer<QMenu> menu = new QMenu(event.widget());
@@ -147,7 +156,7 @@ bool CSceneInput::openMenu(QGraphicsSceneContextMenuEvent &event)
 
 void CSceneInput::openCabinetMenu(CGraphicsItemBase &item, QWidget *widget, const QPoint &screenPos)
 {
-    if (!mouseMode().edits())
+    if (!mouseMode().opensMenus())
         return;
     m_gestures.cancel();
     const QPointer<QMenu> menu = new QMenu(widget);

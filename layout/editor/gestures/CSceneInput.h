@@ -34,7 +34,7 @@ public:
     bool doubleClick(QGraphicsSceneMouseEvent &event) override;
     /// Opens the menu of the canvas; a cabinet or a group opens its own. Ends an append that waits.
     bool openMenu(QGraphicsSceneContextMenuEvent &event) override;
-    void cancel() override { m_gestures.cancel(); }
+    void cancel() override;
     bool isDragging() const override { return m_gestures.isDragging(); }
     void paint(QPainter &painter) const override;
 

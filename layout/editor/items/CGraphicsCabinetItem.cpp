@@ -73,7 +73,7 @@ void CGraphicsCabinetItem::setPort(int port)
 bool CGraphicsCabinetItem::canResize() const
 {
     const CGraphicsPortItem *item = portItem();
-    return !(item && item->isLocked()) && !isGrouped() && isSelected();
+    return !(item && item->isClosed()) && !isGrouped() && isSelected();
 }
 
 void CGraphicsCabinetItem::followGeometry()

@@ -133,7 +133,7 @@ void CGraphicsGroupItem::recomputeBounds(bool repaint)
 bool CGraphicsGroupItem::canResize() const
 {
     const CGraphicsPortItem *item = portItem();
-    if (item && item->isLocked())
+    if (item && item->isClosed())
         return false;
     if (m_hoverState == Unknown)
         m_hoverState = tilesItsRectangle() ? Resizable : NotResizable;

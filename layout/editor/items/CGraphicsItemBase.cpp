@@ -188,7 +188,7 @@ void CGraphicsItemBase::resetHighlights()
 void CGraphicsItemBase::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     IItemMouse *mouse = itemMouse();
-    if (!mouse || !mouse->mouseMode().selects())
+    if (!mouse || (event->button() == Qt::LeftButton && !mouse->mouseMode().selects()))
         return;
     const CEditBatch batch(editor()->editing());
     const bool toggles = selectByPress(*event);
@@ -219,12 +219,12 @@ void CGraphicsItemBase::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
         !mouse->mouseMode().selects())
         return;
     const CEditBatch batch(editor()->editing());
+    CGraphicsItemBase &clicked = isSelected() ? *this : outermost();
     if (event->modifiers() & Qt::ControlModifier) {
-        outermost().setSelected(!isSelectedWithGroups());
+        clicked.setSelected(!isSelectedWithGroups());
         return;
     }
     // A click on one of several selected items leaves only that one selected.
-    CGraphicsItemBase &clicked = isSelected() ? *this : outermost();
     if (!clicked.isSelected() || mouse->isSingleSelection())
         return;
     scene()->clearSelection();

@@ -55,6 +55,8 @@ public:
     /// Whether the store marks the port as locked.
     bool isLocked() const;
     bool isRedundant() const;
+    /// Whether the port refuses edits: it is locked, or follows its primary as a redundancy port.
+    bool isClosed() const { return isLocked() || isRedundant(); }
     bool resetsHighlightOnEdit() const;
 
     /// What the cabinets show of the port; follows the store when told to.

@@ -26,9 +26,12 @@ public:
     virtual void continueStroke(const QPointF &) {}
     virtual void endStroke(const QPointF &) {}
 
-    /// Whether presses select.
+    /// Whether presses with the left button select.
     virtual bool selects() const { return true; }
-    /// Whether what is selected is moved and resized with the mouse, double clicks count, and right clicks
-    /// open menus.
+    /// Whether what is selected is moved and resized with the mouse, and double clicks count.
     virtual bool edits() const { return false; }
+    /// Whether right clicks open menus.
+    virtual bool opensMenus() const { return edits(); }
+    /// Whether the second click of a double click, where double clicks do not count, is one more click.
+    virtual bool takesQuickClicks() const { return true; }
 };

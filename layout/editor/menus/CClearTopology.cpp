@@ -12,7 +12,7 @@ void CClearTopology::ask(QWidget *parent, const CSceneContent &content, CSceneOp
 {
     const CGraphicsPortItem *item = content.portItem(port);
     const QUuid asked = content.processor();
-    if (!item || item->isLocked() ||
+    if (!item || item->isClosed() ||
         CMessageBox::question(parent, tr("Are you sure you want to clear topology for the output port?")) !=
             0)
         return;

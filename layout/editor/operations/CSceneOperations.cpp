@@ -43,7 +43,7 @@ QVector<CGraphicsPortItem *> CSceneOperations::ports() const
 void CSceneOperations::wireByPattern(uint pattern)
 {
     m_editing.cancelGesture();
-    if (pattern >= uint(CSnakeOrder::PatternCount) || m_selection.touchesLockedPort())
+    if (pattern >= uint(CSnakeOrder::PatternCount) || m_selection.touchesClosedPort())
         return;
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("topologyWiring"));
@@ -57,7 +57,7 @@ void CSceneOperations::wireByPattern(uint pattern)
 void CSceneOperations::breakSelectedWiring()
 {
     m_editing.cancelGesture();
-    if (m_selection.touchesLockedPort())
+    if (m_selection.touchesClosedPort())
         return;
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("breakSelectedWiring"));
@@ -69,7 +69,7 @@ void CSceneOperations::breakPortWiring(int port)
 {
     m_editing.cancelGesture();
     CGraphicsPortItem *item = m_content.portItem(port);
-    if (!item || item->isLocked())
+    if (!item || item->isClosed())
         return;
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("BreakPortWiring"));
@@ -101,7 +101,7 @@ void CSceneOperations::ungroup()
 void CSceneOperations::remove()
 {
     m_editing.cancelGesture();
-    if (m_selection.touchesLockedPort())
+    if (m_selection.touchesClosedPort())
         return;
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("Delete"));
@@ -114,7 +114,7 @@ void CSceneOperations::remove()
 void CSceneOperations::nudge(const QPointF &step)
 {
     m_editing.cancelGesture();
-    if (m_selection.touchesLockedPort())
+    if (m_selection.touchesClosedPort())
         return;
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("ChangePosition"), QStringLiteral("Move"));
@@ -129,7 +129,7 @@ void CSceneOperations::exchangeReceivers(const QUuid &cabinet)
 {
     CGraphicsItemBase *item = m_content.editedItem(cabinet);
     const CGraphicsPortItem *port = item ? item->portItem() : nullptr;
-    if (!port || port->isLocked() || item->cabinet().directionFixed || item->cabinet().rects.size() < 2)
+    if (!port || port->isClosed() || item->cabinet().directionFixed || item->cabinet().rects.size() < 2)
         return;
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("ChangeRank"), QStringLiteral("Head-to-tail exchange"));

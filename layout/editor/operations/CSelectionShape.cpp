@@ -34,7 +34,7 @@ void CSelectionShape::move(CGraphicsItemBase &item, const QPointF &target)
 void CSelectionShape::moveTo(const QPoint &corner)
 {
     m_editing.cancelGesture();
-    if (m_selection.isEmpty() || m_selection.touchesLockedPort())
+    if (m_selection.isEmpty() || m_selection.touchesClosedPort())
         return;
     const QVector<CGraphicsItemBase *> items = m_selection.sorted();
     QRectF extent;
@@ -49,7 +49,7 @@ void CSelectionShape::moveTo(const QPoint &corner)
 void CSelectionShape::resizeTo(const QSize &size)
 {
     m_editing.cancelGesture();
-    if (!LayoutLimits::isCabinetSize(size) || m_selection.touchesLockedPort())
+    if (!LayoutLimits::isCabinetSize(size) || m_selection.touchesClosedPort())
         return;
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("ChangeSize"));
@@ -68,7 +68,7 @@ void CSelectionShape::resizeTo(const QSize &size)
 void CSelectionShape::arrange(int columns)
 {
     m_editing.cancelGesture();
-    if (columns < 1 || m_selection.isEmpty() || m_selection.touchesLockedPort())
+    if (columns < 1 || m_selection.isEmpty() || m_selection.touchesClosedPort())
         return;
     QVector<CGraphicsItemBase *> items = m_selection.sorted();
     QRectF extent;
@@ -94,7 +94,7 @@ void CSelectionShape::applyType(const TypeInfo &type)
 {
     m_editing.cancelGesture();
     if (!type.isValid() || !LayoutLimits::isCabinetSize(QSize(type.width, type.height)) ||
-        m_selection.touchesLockedPort())
+        m_selection.touchesClosedPort())
         return;
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("Change cabinet type"));

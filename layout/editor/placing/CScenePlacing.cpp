@@ -27,6 +27,8 @@
 #include <QGraphicsView>
 #include <QGuiApplication>
 
+#include <utility>
+
 namespace {
 
 constexpr char PendingType[] = "pendingAppendCabinet";
@@ -59,12 +61,6 @@ CScenePlacing::CScenePlacing(CGraphicsScene &scene, IEditing &editing, const IPo
 
 static_assert(LayoutLimits::CabinetsPerPort == 1024, "two texts name it");
 
-/// A redundancy port follows its primary: what went in could not be undone.
-bool CScenePlacing::canTake(const CGraphicsPortItem &port)
-{
-    return !port.isLocked() && !port.isRedundant();
-}
-
 QString CScenePlacing::refusal(int count, int more)
 {
     if (count + more <= LayoutLimits::CabinetsPerPort)
@@ -83,7 +79,7 @@ void CScenePlacing::copy()
 void CScenePlacing::cut(CSceneOperations &operations)
 {
     m_editing.cancelGesture();
-    if (m_selection.touchesLockedPort())
+    if (m_selection.touchesClosedPort())
         return;
     copy();
     operations.remove();
@@ -95,7 +91,7 @@ void CScenePlacing::paste(const QPointF &position, QWidget *parent)
     CGraphicsPortItem *port = m_content.portItem(m_states.currentPort());
     if (m_states.currentPort() < 0)
         m_cache = PasteCache(); // there is nothing that it could go into
-    if (!port || !canTake(*port) || m_cache.isEmpty())
+    if (!port || port->isClosed() || m_cache.isEmpty())
         return;
     if (port->cabinets(nullptr).size() + CPasteContent::cabinetCount(m_cache) >
         LayoutLimits::CabinetsPerPort) {
@@ -133,7 +129,7 @@ void CScenePlacing::beginAppend(const TypeInfo &type, int port, const QSize &siz
 {
     m_editing.cancelGesture();
     const CGraphicsPortItem *item = m_content.portItem(port);
-    if (!item || !canTake(*item) || item->cabinets(nullptr).size() >= LayoutLimits::CabinetsPerPort ||
+    if (!item || item->isClosed() || item->cabinets(nullptr).size() >= LayoutLimits::CabinetsPerPort ||
         !LayoutLimits::isCabinetSize(size))
         return;
     m_scene.setProperty(PendingType, QVariantMap{{TypeKey, QVariant::fromValue(type)}});
@@ -161,6 +157,12 @@ void CScenePlacing::endAppend()
         m_scene.setProperty(property, QVariant());
     m_pressed = false;
     showCells({});
+}
+
+void CScenePlacing::cancelPress()
+{
+    if (std::exchange(m_pressed, false))
+        showCells({m_cells.first()});
 }
 
 /// The place of a single cabinet whose middle is at @p scenePos: on the canvas, in line with its neighbours.
@@ -213,7 +215,7 @@ bool CScenePlacing::release(const QGraphicsSceneMouseEvent &event)
     if (!m_pressed)
         return false;
     CGraphicsPortItem *port = m_content.portItem(pendingPort());
-    if (port && canTake(*port)) {
+    if (port && !port->isClosed()) {
         const QString refused = refusal(port->cabinets(nullptr).size(), m_cells.size());
         if (refused.isEmpty())
             place(*port, recordOf(m_cells, *port), QStringLiteral("Append"));

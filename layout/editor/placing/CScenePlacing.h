@@ -39,7 +39,7 @@ public:
     void setCache(const PasteCache &cache) { m_cache = cache; }
     /// Keeps the selection for pasting, and offers it to other programs.
     void copy();
-    /// Copies, then removes the selection; nothing when a port that holds some of it is locked.
+    /// Copies, then removes the selection; nothing when a port that holds some of it refuses edits.
     void cut(CSceneOperations &operations);
     /// Pastes into the current port, the corner of the copy at @p position; refusals are told over @p parent.
     void paste(const QPointF &position, QWidget *parent);
@@ -51,7 +51,8 @@ public:
     void beginAppend(const TypeInfo &type, int port, const QSize &size);
     /// What waits is for @p port now; nothing waits any more when that takes no more.
     void moveAppendTo(int port);
-    void endAppend(); ///< nothing waits any more
+    void endAppend();   ///< nothing waits any more
+    void cancelPress(); ///< the cabinets wait for another press
 
     // The mouse while cabinets wait. A drag places as many as fit on its way.
     void press(const QGraphicsSceneMouseEvent &event);
@@ -61,8 +62,6 @@ public:
     /// Draws the ghosts.
     void paint(QPainter &painter) const;
 
-    /// Whether @p port is open to new cabinets, if it has room.
-    static bool canTake(const CGraphicsPortItem &port);
     /// Why @p more cabinets cannot come into a port that holds @p count; empty when they can.
     static QString refusal(int count, int more);
 

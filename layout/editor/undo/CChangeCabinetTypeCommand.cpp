@@ -30,7 +30,11 @@ void CChangeCabinetTypeCommand::apply(const QVariant &value)
     const CItemChangeBlocker blocker(*cabinet);
     cabinet->setCabinet(qvariant_cast<CabinetLayout::CabinetPort::Cabinet>(value));
     const CGraphicsPortItem *owner = cabinet->portItem();
-    if (owner && owner->resetsHighlightOnEdit())
+    const auto typeOf = [](const QVariant &record) {
+        return qvariant_cast<CabinetLayout::CabinetPort::Cabinet>(record).type;
+    };
+    // Receivers that are reversed or scaled leave the type as it is.
+    if (owner && owner->resetsHighlightOnEdit() && typeOf(startValue()) != typeOf(endValue()))
         cabinet->setHighlighted(false);
     finishGeometry(*cabinet);
 }

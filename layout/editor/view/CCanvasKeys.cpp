@@ -64,13 +64,19 @@ bool CCanvasKeys::carryOut(const QKeyEvent &event, CSceneBackend &backend, QWidg
         key->edit(backend);
     else if (event.matches(QKeySequence::Undo))
         backend.history().undo(parent);
-    else if (event.matches(QKeySequence::Redo) || pressed == QKeySequence(Qt::CTRL | Qt::Key_Y))
+    else if (isHistory(event))
         backend.history().redo(parent);
     else if (event.matches(QKeySequence::Paste))
         backend.placing().paste({}, parent);
     else
         return false;
     return true;
+}
+
+bool CCanvasKeys::isHistory(const QKeyEvent &event)
+{
+    return event.matches(QKeySequence::Undo) || event.matches(QKeySequence::Redo) ||
+           pressedKey(event) == QKeySequence(Qt::CTRL | Qt::Key_Y);
 }
 
 bool CCanvasKeys::isAppend(const QKeyEvent &event)

@@ -14,5 +14,7 @@ public:
     /// key without one.
     static bool carryOut(const QKeyEvent &event, CSceneBackend &backend, QWidget *parent);
     /// Whether the key opens the menu that appends cabinets.
+    /// Whether the key steps through the history, which needs no tool that edits.
+    static bool isHistory(const QKeyEvent &event);
     static bool isAppend(const QKeyEvent &event);
 };

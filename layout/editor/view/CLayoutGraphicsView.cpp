@@ -405,6 +405,8 @@ void CLayoutGraphicsView::keyPressEvent(QKeyEvent *event)
         CGraphicsView::keyPressEvent(event);
     else if (CCanvasKeys::isAppend(*event))
         openAppendMenu(QCursor::pos());
+    else if (!isInteractive() && !CCanvasKeys::isHistory(*event)) // the hand edits nothing
+        CGraphicsView::keyPressEvent(event);
     else if (!CCanvasKeys::carryOut(*event, m_scene->backend(), this))
         CGraphicsView::keyPressEvent(event);
 }

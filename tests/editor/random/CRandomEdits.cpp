@@ -27,9 +27,8 @@ CRandomEdits::CRandomEdits(SRandomScene &world, QRandomGenerator &random, CRefer
     , m_items(world.selected())
     , m_selection(m_items)
 {
-    m_refused = std::any_of(m_items.begin(), m_items.end(), [this](const QUuid &item) {
-        return m_world.states.isPortLocked(m_before.portOf(item));
-    });
+    m_refused = std::any_of(m_items.begin(), m_items.end(),
+                            [this](const QUuid &item) { return m_world.isClosed(m_before.portOf(item)); });
 }
 
 bool CRandomEdits::carryOut(int kind)
@@ -241,7 +240,7 @@ bool CRandomEdits::clearPort(int port)
         const CMessageBoxAnswerer user({sure ? QStringLiteral("Yes") : QStringLiteral("No")});
         act([this, port] { m_scene.breakPortWiring(port); });
     }
-    if (!sure || m_world.states.isPortLocked(port))
+    if (!sure || m_world.isClosed(port))
         return false;
     const QVector<QUuid> chain = m_before.chain(port);
     m_expected.unwire(QSet<QUuid>(chain.begin(), chain.end()));
@@ -344,7 +343,7 @@ bool CRandomEdits::exchangeReceivers()
         return false;
     const CGraphicsCabinetItem *cabinet = cabinets.at(m_random.bounded(cabinets.size()));
     m_scene.backend().operations().exchangeReceivers(cabinet->uuid());
-    return !m_world.states.isPortLocked(port) && m_expected.exchangeReceivers(cabinet->uuid());
+    return !m_world.isClosed(port) && m_expected.exchangeReceivers(cabinet->uuid());
 }
 
 bool CRandomEdits::drawStroke()
@@ -370,7 +369,7 @@ bool CRandomEdits::drawStroke()
     }
     pen.endStroke(way.last());
     m_scene.setToolMode(ToolMode::ManualWiring, false);
-    if (port->isLocked())
+    if (port->isClosed())
         return false;
     m_expected.drawStroke(port->port(), begin, way);
     return true;
