@@ -303,6 +303,12 @@ void CLayoutPainter::paintStroke(QPainter &painter, const QPolygonF &path)
     painter.drawPolyline(path);
 }
 
+void CLayoutPainter::paintGuides(QPainter &painter, const QVector<QLine> &lines)
+{
+    painter.setPen(cosmetic(HighlightColor, 1));
+    painter.drawLines(lines);
+}
+
 void CLayoutPainter::paintHandles(QPainter &painter, const QVector<QRectF> &marks)
 {
     painter.setPen(cosmetic(BorderColor, 1));

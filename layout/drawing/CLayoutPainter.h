@@ -60,6 +60,8 @@ public:
     /// The rubber band, and the path of a stroke of the pen.
     static void paintBand(QPainter &painter, const QRectF &rect);
     static void paintStroke(QPainter &painter, const QPolygonF &path);
+    /// The lines that show what a drag has caught at.
+    static void paintGuides(QPainter &painter, const QVector<QLine> &lines);
     /// The marks of resize handles.
     static void paintHandles(QPainter &painter, const QVector<QRectF> &marks);
     /// Cabinets that are about to be placed; once they are, they are filled with @p fill.

@@ -21,6 +21,32 @@ int shiftToEdge(int low, int high, const QVector<int> &edges, int reach)
 
 } // namespace
 
+QVector<QLine> CEdgeSnap::guides(const QRect &rect, const QVector<QRect> &neighbours)
+{
+    const auto right = [](const QRect &r) { return r.left() + r.width(); };
+    const auto bottom = [](const QRect &r) { return r.top() + r.height(); };
+    QVector<QLine> lines;
+    for (const int x : {rect.left(), right(rect)}) {
+        QRect along;
+        for (const QRect &neighbour : neighbours) {
+            if (neighbour.left() == x || right(neighbour) == x)
+                along |= neighbour;
+        }
+        if (!along.isNull())
+            lines << QLine(x, (along | rect).top(), x, bottom(along | rect));
+    }
+    for (const int y : {rect.top(), bottom(rect)}) {
+        QRect along;
+        for (const QRect &neighbour : neighbours) {
+            if (neighbour.top() == y || bottom(neighbour) == y)
+                along |= neighbour;
+        }
+        if (!along.isNull())
+            lines << QLine((along | rect).left(), y, right(along | rect), y);
+    }
+    return lines;
+}
+
 QRect CEdgeSnap::snapped(const QRect &rect, const QVector<QRect> &neighbours, int reach)
 {
     QVector<int> across;

@@ -131,7 +131,11 @@ public:
         QContextMenuEvent event(QContextMenuEvent::Mouse, local, m_view.viewport()->mapToGlobal(local));
         QApplication::sendEvent(m_view.viewport(), &event);
     }
-    void moveTo(const QPoint &place) { send(QEvent::MouseMove, place, true, {}); }
+    /// With Alt nothing catches at edges.
+    void moveTo(const QPoint &place, Qt::KeyboardModifiers keys = Qt::AltModifier)
+    {
+        send(QEvent::MouseMove, place, true, keys);
+    }
     void release(const QPoint &place, Qt::KeyboardModifiers keys = {})
     {
         send(QEvent::MouseButtonRelease, place, false, keys);

@@ -102,6 +102,8 @@ private Q_SLOTS:
     void directExchangeNeedsNoPick()
     {
         m_mouse->scene().setToolMode(ToolMode::DirectExchange, true);
+        m_mouse->states().resetsHighlight = true;
+        m_mouse->cabinet(3, 0).setHighlighted(true);
         QVector<QRect> reversed = m_mouse->cabinet(3, 0).cabinet().rects;
         std::reverse(reversed.begin(), reversed.end());
         QSignalSpy selectionSpy(&m_mouse->scene(), &CCabinetGraphicsScene::notifySelectedChanged);
@@ -109,6 +111,8 @@ private Q_SLOTS:
         QCOMPARE(selectionSpy.count(), 1);
         QCOMPARE(m_mouse->cabinet(3, 0).cabinet().rects, reversed);
         QCOMPARE(m_mouse->cabinet(3, 0).selectedCell(), -1);
+        QVERIFY(m_mouse->cabinet(3, 0).isHighlighted()); // its type is the same
+        m_mouse->cabinet(3, 0).setHighlighted(false);
         m_mouse->click({620, 64}); // its direction is fixed
         QCOMPARE(m_mouse->stack().count(), 1);
         m_mouse->scene().undo(nullptr);

@@ -181,6 +181,25 @@ private Q_SLOTS:
         QCOMPARE(m_mouse->cabinet(0, 1).scenePos(), QPointF(128, 40));
     }
 
+    void aMoveCatchesAtEdges_data()
+    {
+        QTest::addColumn<int>("keys");
+        QTest::addColumn<QPoint>("place");
+        QTest::newRow("neighbour and canvas") << 0 << QPoint(256, 128);
+        QTest::newRow("alt") << int(Qt::AltModifier) << QPoint(249, 121);
+        QTest::newRow("shift") << int(Qt::ShiftModifier) << QPoint(256, 0);
+    }
+    void aMoveCatchesAtEdges()
+    {
+        QFETCH(int, keys);
+        m_mouse->press({64, 64});
+        m_mouse->moveTo({313, 185}, Qt::KeyboardModifiers(keys)); // by 249, 121
+        m_mouse->release({313, 185}, Qt::KeyboardModifiers(keys));
+        QTEST(m_mouse->cabinet(0, 0).cabinet().rect.topLeft(), "place");
+        m_mouse->scene().undo(nullptr);
+        QVERIFY(m_mouse->layout() == m_mouse->original());
+    }
+
     void theHandEditsNothingByKeys()
     {
         m_mouse->click({64, 64});

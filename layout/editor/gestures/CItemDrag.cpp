@@ -11,6 +11,7 @@
 #include "layout/editor/recording/CUndoRecorder.h"
 #include "layout/editor/undo/CMoveCommand.h"
 #include "layout/editor/undo/CReszieCommand.h"
+#include "layout/geometry/CEdgeSnap.h"
 #include "layout/geometry/CReceiverAreas.h"
 #include "layout/geometry/CResizeHandles.h"
 
@@ -92,9 +93,8 @@ void CItemDrag::setRaised(bool raised)
     }
 }
 
-QVector<QRectF> CItemDrag::rectsAt(const QPointF &scenePos) const
+QVector<QRectF> CItemDrag::rectsAt(const QPointF &delta) const
 {
-    const QPointF delta = wholePixels(scenePos - m_press);
     const QRectF frame = m_operation == Scale
                              ? CResizeHandles::resized(m_frame, m_handle, delta, m_smallest, m_largest)
                              : QRectF();
@@ -125,13 +125,40 @@ void CItemDrag::apply(const QVector<QRectF> &rects)
     }
 }
 
-void CItemDrag::moveTo(const QPointF &scenePos)
+void CItemDrag::catchAt(const QVector<QRect> &still, int reach)
 {
-    if (!m_moved && wholePixels(scenePos - m_press).isNull())
+    for (const SStart &start : qAsConst(m_starts))
+        m_frame |= QRectF(start.scenePos, start.size);
+    m_still = still;
+    m_reach = qMin(reach, qRound(qMin(m_frame.width(), m_frame.height()) / 2));
+}
+
+QPointF CItemDrag::caught(const QPointF &delta, Qt::KeyboardModifiers keys)
+{
+    m_guides.clear();
+    if (m_operation != Move)
+        return delta;
+    const bool oneAxis = keys & Qt::ShiftModifier;
+    const bool across = std::abs(delta.x()) >= std::abs(delta.y());
+    const QPointF wanted = !oneAxis ? delta : across ? QPointF(delta.x(), 0) : QPointF(0, delta.y());
+    if (keys & Qt::AltModifier)
+        return wanted;
+    const QRect frame = m_frame.translated(wanted).toRect();
+    QRect placed = CEdgeSnap::snapped(frame, m_still, m_reach);
+    if (oneAxis)
+        placed.moveTopLeft(across ? QPoint(placed.left(), frame.top()) : QPoint(frame.left(), placed.top()));
+    m_guides = CEdgeSnap::guides(placed, m_still);
+    return wanted + QPointF(placed.topLeft() - frame.topLeft());
+}
+
+void CItemDrag::moveTo(const QPointF &scenePos, Qt::KeyboardModifiers keys)
+{
+    const QPointF delta = caught(wholePixels(scenePos - m_press), keys);
+    if (!m_moved && delta.isNull())
         return;
     m_moved = true;
     setRaised(true);
-    apply(rectsAt(scenePos));
+    apply(rectsAt(delta));
 }
 
 void CItemDrag::cancel()

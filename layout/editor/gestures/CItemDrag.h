@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QLine>
 #include <QPointF>
 #include <QRectF>
 #include <QSet>
@@ -28,7 +29,11 @@ public:
               const QPointF &scenePos);
 
     EOperation operation() const { return m_operation; }
-    void moveTo(const QPointF &scenePos);
+    /// From now on a move catches at edges of @p still that are at most @p reach away.
+    void catchAt(const QVector<QRect> &still, int reach);
+    void moveTo(const QPointF &scenePos, Qt::KeyboardModifiers keys);
+    /// Along the edges that the move has caught at.
+    const QVector<QLine> &guides() const { return m_guides; }
     /// Puts everything back where it was.
     void cancel();
     /// Records what has changed; gives whether the mouse has moved at all.
@@ -46,7 +51,8 @@ private:
     /// Lifts the ports concerned above the others, or puts them back.
     void setRaised(bool raised);
     void apply(const QVector<QRectF> &rects);
-    QVector<QRectF> rectsAt(const QPointF &scenePos) const;
+    QPointF caught(const QPointF &delta, Qt::KeyboardModifiers keys);
+    QVector<QRectF> rectsAt(const QPointF &delta) const;
     void recordItem(CUndoRecorder &recorder, const SStart &start);
 
     IEditing &m_editing;
@@ -58,6 +64,9 @@ private:
     QSizeF m_smallest; // it may become
     QSizeF m_largest;
     QVector<SStart> m_starts;
+    QVector<QRect> m_still;
+    int m_reach = 0;
+    QVector<QLine> m_guides;
     QSet<int> m_ports;
     bool m_moved = false;
 };

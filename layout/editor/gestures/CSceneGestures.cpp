@@ -11,6 +11,7 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/ViewScale.h"
+#include "layout/geometry/CEdgeSnap.h"
 #include "layout/geometry/CResizeHandles.h"
 #include "platform/graphics/CGraphicsScene.h"
 
@@ -34,6 +35,7 @@ CSceneGestures::~CSceneGestures() = default;
 void CSceneGestures::cancel()
 {
     if (m_drag) {
+        invalidateGuides();
         m_drag->cancel();
         m_drag.reset();
         m_content.releaseCabinets();
@@ -77,10 +79,11 @@ void CSceneGestures::beginDrag(const SPress &press)
     if (m_selection.isEmpty())
         return;
     m_drag = std::make_unique<CItemDrag>(m_editing, m_content, m_selection.sorted(), press.place);
+    m_drag->catchAt(still(), qRound(CEdgeSnap::ScreenReach / viewScale(m_scene)));
     m_content.holdCabinets(m_selection.ports());
 }
 
-void CSceneGestures::continueDrag(const QPointF &scenePos)
+void CSceneGestures::continueDrag(const QPointF &scenePos, Qt::KeyboardModifiers keys)
 {
     if (m_press) {
         const QPointF way = (scenePos - m_press->place) * viewScale(m_scene);
@@ -88,18 +91,42 @@ void CSceneGestures::continueDrag(const QPointF &scenePos)
             return;
         beginDrag(*std::exchange(m_press, std::nullopt));
     }
-    if (m_drag)
-        m_drag->moveTo(scenePos);
+    m_keys = keys;
+    if (!m_drag)
+        return;
+    invalidateGuides();
+    m_drag->moveTo(scenePos, keys);
+    invalidateGuides();
+}
+
+QVector<QRect> CSceneGestures::still() const
+{
+    QVector<QRect> rects = {QRect(QPoint(), m_content.canvas())};
+    for (const CGraphicsPortItem *port : m_content.portItems()) {
+        for (const CPortOverview::SPlace &place : port->overview().places()) {
+            if (place.cabinet && !place.cabinet->isSelectedWithGroups())
+                rects << place.rect.toRect();
+        }
+    }
+    return rects;
+}
+
+void CSceneGestures::invalidateGuides()
+{
+    const qreal edge = 2 / viewScale(m_scene);
+    for (const QLine &line : m_drag->guides())
+        m_scene.update(QRectF(line.p1(), line.p2()).adjusted(-edge, -edge, edge, edge));
 }
 
 bool CSceneGestures::endDrag(const QPointF &scenePos)
 {
     if (!isDragging())
         return std::exchange(m_dragCancelled, false);
-    continueDrag(scenePos);
+    continueDrag(scenePos, m_keys);
     m_press.reset();
     if (!m_drag)
         return false;
+    invalidateGuides();
     m_content.releaseCabinets();
     const std::unique_ptr<CItemDrag> drag = std::move(m_drag);
     return drag->finish(m_recorder);
@@ -175,6 +202,8 @@ void CSceneGestures::paintHandles(QPainter &painter) const
 
 void CSceneGestures::paint(QPainter &painter) const
 {
+    if (m_drag)
+        CLayoutPainter::paintGuides(painter, m_drag->guides());
     if (m_band)
         CLayoutPainter::paintBand(painter, m_band->rect());
     if (m_stroke)

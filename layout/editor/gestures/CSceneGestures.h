@@ -3,7 +3,9 @@
 #pragma once
 
 #include <QPointF>
+#include <QRect>
 #include <QUuid>
+#include <QVector>
 
 #include <memory>
 #include <optional>
@@ -40,7 +42,7 @@ public:
     // A press becomes a drag when it has gone farther than a click does.
     void beginMove(const QPointF &scenePos, const CGraphicsItemBase *joining);
     void beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos);
-    void continueDrag(const QPointF &scenePos);
+    void continueDrag(const QPointF &scenePos, Qt::KeyboardModifiers keys);
     /// Gives whether the press was a drag, cancelled or not, and no click.
     bool endDrag(const QPointF &scenePos);
 
@@ -66,6 +68,9 @@ private:
     };
 
     void beginDrag(const SPress &press);
+    /// What a move can catch at: the canvas, and the cabinets that do not move.
+    QVector<QRect> still() const;
+    void invalidateGuides();
     void invalidateBand();
 
     CGraphicsScene &m_scene;
@@ -74,6 +79,7 @@ private:
     const CSceneSelection &m_selection;
     CUndoRecorder &m_recorder;
     std::optional<SPress> m_press;
+    Qt::KeyboardModifiers m_keys; // of the drag's last step
     std::unique_ptr<CItemDrag> m_drag;
     std::unique_ptr<CPenStroke> m_stroke;
     std::unique_ptr<CRubberBand> m_band;

@@ -46,7 +46,10 @@ public:
     bool hasRubberBand() const override { return m_gestures.hasBand(); }
     void beginMove(const QPointF &scenePos, CGraphicsItemBase *joining = nullptr) override;
     void beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos) override;
-    void continueDrag(const QPointF &scenePos) override { m_gestures.continueDrag(scenePos); }
+    void continueDrag(const QPointF &scenePos, Qt::KeyboardModifiers keys = {}) override
+    {
+        m_gestures.continueDrag(scenePos, keys);
+    }
     bool endDrag(const QPointF &scenePos) override { return m_gestures.endDrag(scenePos); }
     void openCabinetMenu(CGraphicsItemBase &item, QWidget *widget, const QPoint &screenPos) override;
 

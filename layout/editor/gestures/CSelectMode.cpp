@@ -54,7 +54,7 @@ bool CSelectMode::move(const QGraphicsSceneMouseEvent &event)
 {
     m_onHandle = m_onHandle && event.buttons() & Qt::LeftButton;
     if (m_onHandle) {
-        m_gestures.continueDrag(event.scenePos());
+        m_gestures.continueDrag(event.scenePos(), event.modifiers());
         return true;
     }
     if (!m_gestures.hasBand()) {

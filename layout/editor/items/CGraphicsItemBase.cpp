@@ -209,7 +209,7 @@ void CGraphicsItemBase::contextMenuEvent(QGraphicsSceneContextMenuEvent *event)
 void CGraphicsItemBase::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 {
     if (IItemMouse *mouse = itemMouse())
-        mouse->continueDrag(event->scenePos());
+        mouse->continueDrag(event->scenePos(), event->modifiers());
 }
 
 void CGraphicsItemBase::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)

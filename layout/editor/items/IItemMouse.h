@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <Qt>
+
 class CGraphicsItemBase;
 class IMouseMode;
 class QPoint;
@@ -31,7 +33,8 @@ public:
     /// @p joining that item, or the group that it is in, becomes selected as well when the move begins.
     virtual void beginMove(const QPointF &scenePos, CGraphicsItemBase *joining = nullptr) = 0;
     virtual void beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos) = 0;
-    virtual void continueDrag(const QPointF &scenePos) = 0;
+    /// A move catches at edges that are near; Alt suspends that, and Shift keeps to one axis.
+    virtual void continueDrag(const QPointF &scenePos, Qt::KeyboardModifiers keys = {}) = 0;
     /// Returns whether the press was a drag, cancelled or not, and no click.
     virtual bool endDrag(const QPointF &scenePos) = 0;
 

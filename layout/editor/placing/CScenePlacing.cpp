@@ -35,7 +35,6 @@ constexpr char PendingType[] = "pendingAppendCabinet";
 constexpr char PendingPort[] = "pendingAppendCabinetPort";
 constexpr char PendingSize[] = "pendingAppendCabinetSize";
 const QString TypeKey = QStringLiteral("rcvTypeInfo");
-constexpr int SnapReach = 10; // pixels of the screen
 
 QPointF underCursor(const QGraphicsScene &scene)
 {
@@ -171,7 +170,8 @@ QRect CScenePlacing::ghostAt(const QPointF &scenePos) const
     const QSize size = m_scene.property(PendingSize).toSize();
     QRect ghost(QPoint(), size);
     ghost.moveTopLeft((scenePos - QPointF(size.width() / 2.0, size.height() / 2.0)).toPoint());
-    const int reach = qMin(qRound(SnapReach / viewScale(m_scene)), qMin(size.width(), size.height()) / 2);
+    const int reach =
+        qMin(qRound(CEdgeSnap::ScreenReach / viewScale(m_scene)), qMin(size.width(), size.height()) / 2);
     QVector<QRect> neighbours;
     const QList<QGraphicsItem *> near =
         m_scene.items(QRectF(ghost.adjusted(-reach, -reach, reach, reach)), Qt::IntersectsItemBoundingRect);

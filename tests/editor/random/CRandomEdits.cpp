@@ -310,7 +310,7 @@ bool CRandomEdits::dragSelection()
     const QPoint step(m_random.bounded(-90, 91), m_random.bounded(-90, 91));
     const QPointF press(m_random.bounded(500), m_random.bounded(500));
     m_scene.backend().mouse()->beginMove(press);
-    m_scene.backend().mouse()->continueDrag(press + QPointF(step) / 3);
+    m_scene.backend().mouse()->continueDrag(press + QPointF(step) / 3, Qt::AltModifier);
     m_scene.backend().mouse()->endDrag(press + step);
     if (m_items.isEmpty() || m_refused || step.manhattanLength() < QApplication::startDragDistance())
         return false;
