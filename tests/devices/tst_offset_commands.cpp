@@ -56,16 +56,10 @@ private Q_SLOTS:
         CProjectShelf &shelf = m_host->manager.projects();
         const QString file = m_state.filePath(QStringLiteral("wall.sprj"));
         const QUuid wall = shelf.openDemo().value();
-        const auto versionInFile = [&] {
-            QFile content(file);
-            return content.open(QIODevice::ReadOnly) ? content.readLine().split(',').value(1) : QByteArray();
-        };
         QVERIFY(shelf.save(wall, file));
-        QCOMPARE(versionInFile(), QByteArray("\"version\":1"));
         QVERIFY(m_host->handler.setProcessorOffsets({{wall, {40, -50}}}));
         QVERIFY(m_host->manager.table().isModified(wall));
         QVERIFY(shelf.save(wall, file));
-        QCOMPARE(versionInFile(), QByteArray("\"version\":2"));
         QVERIFY(!m_host->manager.table().isModified(wall));
         shelf.close(wall);
         const QUuid again = shelf.open(file).value();
