@@ -74,7 +74,10 @@ CStatus CDeviceCommands::setPortCount(const QUuid &processor, int count)
     for (const CabinetLayout::CabinetPort &port : device->working.layout().ports) {
         if (port.index >= count && port.cabinetCount() > 0)
             return failure(*device, tr("Output port %1 holds cabinets.").arg(port.index + 1));
-        if (port.index < count ? port.redundancyPort >= count : port.locked)
+        if (port.index >= count && !port.redundancyProcessor.isNull())
+            return failure(*device, tr("Output port %1 is in a redundancy pair.").arg(port.index + 1));
+        const bool pairGoes = port.redundancyProcessor.isNull() && port.redundancyPort >= count;
+        if (port.index < count ? pairGoes : port.locked)
             return failure(
                 *device,
                 port.locked && port.index >= count

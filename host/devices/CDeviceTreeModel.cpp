@@ -39,6 +39,7 @@ CDeviceTreeModel::SNode CDeviceTreeModel::nodeOf(const SDevice &device)
     node.uuid = device.node.uuid;
     node.members = {device.node.uuid};
     node.online = device.node.online;
+    node.backup = !device.settings.primary.isNull();
     node.fiber = device.node.fiberTransceiver;
     node.modified = device.isModified();
     node.project = device.project;
@@ -129,7 +130,7 @@ bool CDeviceTreeModel::sameShape(const Nodes &a, const Nodes &b)
 bool CDeviceTreeModel::sameLook(const SNode &a, const SNode &b)
 {
     return a.text == b.text && a.toolTip == b.toolTip && a.members == b.members && a.online == b.online &&
-           a.fiber == b.fiber && a.modified == b.modified && a.project == b.project;
+           a.backup == b.backup && a.fiber == b.fiber && a.modified == b.modified && a.project == b.project;
 }
 
 void CDeviceTreeModel::refresh()
@@ -196,8 +197,9 @@ QVariant CDeviceTreeModel::decoration(const SNode &node)
 {
     if (node.type != PrcTreeNodeType::Processor)
         return {};
-    return QIcon(node.online ? QStringLiteral(":/Image/Target/Processor/online_normal.svg")
-                             : QStringLiteral(":/Image/Target/Processor/offline_normal.svg"));
+    return QIcon(QStringLiteral(":/Image/Target/Processor/%1%2_normal.svg")
+                     .arg(node.backup ? QStringLiteral("backup-") : QString(),
+                          node.online ? QStringLiteral("online") : QStringLiteral("offline")));
 }
 
 QVariant CDeviceTreeModel::data(const QModelIndex &index, int role) const

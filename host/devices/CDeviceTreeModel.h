@@ -55,6 +55,7 @@ private:
         QVector<int> children;
         QList<QUuid> members;
         bool online = false;
+        bool backup = false; // stands in for another processor
         bool fiber = false;
         bool modified = false;
         bool project = false;

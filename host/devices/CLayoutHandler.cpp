@@ -4,6 +4,7 @@
 
 #include "host/devices/CDeviceCommands.h"
 #include "host/devices/CMappingFiles.h"
+#include "host/devices/CPortPairs.h"
 #include "host/devices/CRedundancyPairs.h"
 #include "host/devices/services/CDeviceServices.h"
 #include "host/library/CTypeLibrary.h"
@@ -18,6 +19,7 @@ CLayoutHandler::CLayoutHandler(CDeviceServices &services, CDeviceJobs &jobs, CDe
     , m_library(library)
     , m_files(std::make_unique<CMappingFiles>(services, library))
     , m_redundancy(std::make_unique<CRedundancyPairs>(services, commands))
+    , m_portPairs(std::make_unique<CPortPairs>(services))
 {
 }
 
@@ -136,7 +138,17 @@ QVector<SSettings::TypeLibrary::STreeNode> CLayoutHandler::typeLibrary() const
 
 bool CLayoutHandler::isPortRedundancyBlocked() const
 {
-    return CRedundancyPairs::arePortsBlocked(current());
+    return CPortPairs::isBlocked(current());
+}
+
+QString CLayoutHandler::portPairRefusal(const SPortKey &port) const
+{
+    return m_portPairs->refusal(port);
+}
+
+QList<SPortPair> CLayoutHandler::portRedundancies() const
+{
+    return m_portPairs->pairs();
 }
 
 bool CLayoutHandler::isPortRedundancySupported() const

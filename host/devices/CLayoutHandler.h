@@ -14,6 +14,7 @@ class CDeviceCommands;
 class CDeviceJobs;
 class CDeviceServices;
 class CMappingFiles;
+class CPortPairs;
 class CRedundancyPairs;
 class CStatus;
 class CTypeLibrary;
@@ -92,6 +93,10 @@ public:
     bool areProcessorsOnline(const QList<QUuid> &processors) const override;
     bool areProcessorsBusy(const QList<QUuid> &processors) const override;
 
+    QString portPairRefusal(const SPortKey &port) const override;
+    QList<SPortPair> portRedundancies() const override;
+    bool applyPortRedundancy(const QList<QUuid> &processors, const QList<SPortPair> &pairs) override;
+
     void showTypeLibrary(QWidget *parent) override;
     bool areOnPrimaryPorts(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets) const override;
     bool sendCabinetParameters(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets, const SMD5 &type,
@@ -128,6 +133,7 @@ private:
     const CTypeLibrary &m_library;
     const std::unique_ptr<CMappingFiles> m_files;
     const std::unique_ptr<CRedundancyPairs> m_redundancy;
+    const std::unique_ptr<CPortPairs> m_portPairs;
     std::atomic<bool> m_followUpNeeded{false};
     mutable std::mutex m_mutex; // guards the text
     QString m_lastError;

@@ -4,6 +4,7 @@
 #include "host/devices/CDeviceCommands.h"
 #include "host/devices/CLayoutHandler.h"
 #include "host/devices/CMappingFiles.h"
+#include "host/devices/CPortPairs.h"
 #include "host/devices/CRedundancyPairs.h"
 #include "host/devices/jobs/CDeviceJobs.h"
 #include "host/devices/services/CDeviceServices.h"
@@ -32,7 +33,7 @@ void CLayoutHandler::commitLayoutData(const LayoutData &data)
         if (!device.isLoaded())
             return;
         overloaded = device.isOverloaded();
-        device.takeLayout(data.layout);
+        device.takeLayout(PortPairs::withPairsOf(data.layout, device.working.layout()));
         overloaded = overloaded || device.isOverloaded();
     });
     m_followUpNeeded = true;
@@ -135,12 +136,17 @@ bool CLayoutHandler::setCabinetHighlight(const QList<CabinetLayout::CabinetPort:
 
 bool CLayoutHandler::setPortRedundancy(int primary, int backup)
 {
-    return told(m_redundancy->pairPorts(primary, backup));
+    return told(m_portPairs->pair(primary, backup));
 }
 
 bool CLayoutHandler::cancelPortRedundancy(int port)
 {
-    return told(m_redundancy->separatePort(port));
+    return told(m_portPairs->separate(port));
+}
+
+bool CLayoutHandler::applyPortRedundancy(const QList<QUuid> &processors, const QList<SPortPair> &pairs)
+{
+    return told(m_portPairs->replace(processors, pairs));
 }
 
 QList<QUuid> CLayoutHandler::concerned(ReadSaveMappingRole role) const

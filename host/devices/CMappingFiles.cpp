@@ -38,28 +38,18 @@ void renewKeys(PortGroup &group, int port)
 Port renewed(Port port, int index)
 {
     port.index = index;
-    port.redundancyProcessor = QUuid();
     for (PortGroup &group : port.groups)
         renewKeys(group, index);
     return port;
 }
 
-bool isPairedWith(const CabinetLayout &layout, const Port &port)
-{
-    const Port *other = layout.port(port.redundancyPort);
-    return other && other->redundancyPort == port.index && other->redundancy != port.redundancy &&
-           other->redundancy != Port::NoRedundancy;
-}
-
-/// Ends pairs of ports of which one came and the other did not.
-void dropHalfPairs(CabinetLayout &layout, bool supported)
+/// Ends pairs of ports of which one came and the other did not, or knows nothing of it.
+void dropHalfPairs(CabinetLayout &layout, bool supported, const PortPairs::LayoutOf &layoutOf)
 {
     const CabinetLayout before = layout;
     for (Port &port : layout.ports) {
-        if (port.redundancy == Port::NoRedundancy || (supported && isPairedWith(before, port)))
-            continue;
-        port.redundancy = Port::NoRedundancy;
-        port.redundancyPort = -1;
+        if (!supported || !PortPairs::partner(before, port, layoutOf))
+            PortPairs::setPair(port, layout.processor, Port::NoRedundancy, {});
     }
 }
 
@@ -124,7 +114,7 @@ CStatus CMappingFiles::replaceLayout(const SDevice &device, const CabinetLayout 
         const Port *other = incoming.port(port.index);
         port = renewed(other ? *other : Port(), port.index);
     }
-    dropHalfPairs(layout, device.kind.portRedundancy);
+    dropHalfPairs(layout, device.kind.portRedundancy, m_services.layoutOf());
     take(device.node.uuid, layout);
     return CStatus::done();
 }

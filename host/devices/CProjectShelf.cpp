@@ -177,7 +177,9 @@ CStatus CProjectShelf::write(const QUuid &processor, const QString &file, const 
         return CStatus::failure(tr("There is no such processor."));
     if (device->project && !newName.isEmpty())
         device->node.name = newName;
-    const CStatus status = CProcessorProject::write(file, projectOf(*device));
+    SProcessorProject project = projectOf(*device);
+    const QVector<int> mirrors = PortPairs::giveMirrors(project.layout, m_services.layoutOf());
+    const CStatus status = CProcessorProject::write(file, project);
     if (!status || !device->project)
         return status;
     m_table.change(processor, [&](SDevice &known) {
@@ -185,6 +187,7 @@ CStatus CProjectShelf::write(const QUuid &processor, const QString &file, const 
         known.node.name = device->node.name;
         known.savedSettings = device->settings;
     });
-    m_table.changeLayout(processor, [&device](SDevice &known) { known.takeSaved(device->working.layout()); });
+    m_table.changeLayout(processor, [&project](SDevice &known) { known.takeSaved(project.layout); });
+    m_services.takeMirrors(processor, project.layout, mirrors);
     return status;
 }

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "host/devices/services/SDevice.h"
 #include "platform/common/CResult.h"
 
 #include <QCoreApplication>
@@ -13,7 +12,7 @@
 class CDeviceCommands;
 class CDeviceServices;
 
-/// Pairs that carry the same signal: output ports of the current processor, and whole processors. Any thread.
+/// Pairs of processors, of which one stands in for the other. Any thread.
 class CRedundancyPairs final
 {
     Q_DECLARE_TR_FUNCTIONS(CRedundancyPairs)
@@ -24,11 +23,6 @@ public:
 
     CRedundancyPairs(CDeviceServices &services, CDeviceCommands &commands);
 
-    CStatus pairPorts(int primary, int backup);
-    CStatus separatePort(int port);
-    /// Whether the state of a processor forbids port redundancy now.
-    static bool arePortsBlocked(const SDevice &device);
-
     QList<Pair> processors() const;
     CStatus pairProcessors(const QUuid &primary, const QUuid &redundancy);
     CStatus separateProcessor(const QUuid &processor);
@@ -36,7 +30,6 @@ public:
     CStatus replaceProcessors(const QList<QUuid> &processors, const QList<Pair> &pairs);
 
 private:
-    CStatus portObstacle(const SDevice &device, int primary, int backup) const;
     CStatus pairObstacle(const QList<Pair> &pairs) const;
     CStatus setPrimaries(const QList<Pair> &changes); ///< all or none
 

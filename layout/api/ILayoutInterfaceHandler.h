@@ -3,6 +3,7 @@
 #pragma once
 
 #include "layout/api/records/LayoutData.h"
+#include "layout/api/records/PortPairs.h"
 #include "layout/api/records/ProcessorTree.h"
 #include "layout/api/records/ReadSaveMappingRole.h"
 #include "layout/api/records/SBackgroundInfo.h"
@@ -119,10 +120,11 @@ public:
     virtual bool isPortRedundancyBlocked() const = 0;
     /// Returns whether the kind of the current processor supports port redundancy at all.
     virtual bool isPortRedundancySupported() const = 0;
-    /// Makes @p backup the redundancy of @p primary, both of the current processor. Announced by
-    /// LayoutNotification::PortBackupChanged.
+    /// Makes @p backup the redundancy of @p primary, both of the current processor. Who shows them takes
+    /// grouping and wiring from @p backup. Announced by LayoutNotification::PortBackupChanged.
     virtual bool setPortRedundancy(int primary, int backup) = 0;
-    /// Ends the pair that @p port belongs to. Announced by LayoutNotification::PortBackupChanged.
+    /// Ends the pair that @p port belongs to, also one that is broken or locked. Announced by
+    /// LayoutNotification::PortBackupChanged.
     virtual bool cancelPortRedundancy(int port) = 0;
     /// Writes one port to a "*.pprj" file, whole or not at all. GUI thread.
     virtual bool exportPortMapping(const QUuid &processor, int port, const QString &file) = 0;
@@ -159,6 +161,16 @@ public:
     virtual bool areProcessorsOnline(const QList<QUuid> &processors) const = 0;
     /// Returns whether a device operation on any of @p processors is running.
     virtual bool areProcessorsBusy(const QList<QUuid> &processors) const = 0;
+
+    // Port redundancy dialog.
+    /// Why the port can be in no pair, for the user; empty: it can.
+    virtual QString portPairRefusal(const SPortKey &port) const = 0;
+    /// The whole pairs of output ports, of all processors.
+    virtual QList<SPortPair> portRedundancies() const = 0;
+    /// Makes @p pairs the only ones among the ports of @p processors, all or none, and ends what is left of
+    /// broken ones. Announced by LayoutNotification::PortBackupChanged where the current processor is
+    /// concerned, with -1 for a port of another one.
+    virtual bool applyPortRedundancy(const QList<QUuid> &processors, const QList<SPortPair> &pairs) = 0;
 
     // Cabinet dialogs.
     /// Opens the host's type library. GUI thread.

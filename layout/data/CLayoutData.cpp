@@ -71,6 +71,12 @@ void CLayoutData::setOptions(const SLayoutOptions &options)
         Q_EMIT notifyLayoutOptionChanged();
 }
 
+void CLayoutData::setProcessorRedundancies(const QList<QPair<QUuid, QUuid>> &pairs)
+{
+    if (m_states.setProcessorRedundancies(pairs))
+        Q_EMIT notifyProcessorBackupChanged();
+}
+
 void CLayoutData::setPortLocked(int port, bool locked)
 {
     const QVector<int> changed = m_states.setLocked(port, locked);

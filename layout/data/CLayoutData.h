@@ -46,6 +46,8 @@ public:
     QSize canvasSize() const { return m_states.canvas(); } ///< of the current processor, pixels
     SBackgroundInfo background() const { return m_states.background(); }
     SLayoutOptions options() const { return m_states.options(); }
+    /// The pairs (primary, redundancy) of processors.
+    QList<QPair<QUuid, QUuid>> processorRedundancies() const { return m_states.processorRedundancies(); }
     /// The current processor's layout as it was last handed over or loaded.
     LayoutData layoutData() const { return m_states.data(m_states.current()); }
     QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const { return m_states.typeLibrary(); }
@@ -68,6 +70,8 @@ public:
     void setMappingFolder(const QString &folder) { m_mappingFolder = folder; }
     CRecentCabinets &recentCabinets() { return m_recentCabinets; } ///< GUI thread
     void setOptions(const SLayoutOptions &options);
+    /// Takes the pairs that the host now has.
+    void setProcessorRedundancies(const QList<QPair<QUuid, QUuid>> &pairs);
     /// Locks or unlocks a port of the current processor (-1: every port). GUI thread.
     void setPortLocked(int port, bool locked);
     /// Gives a port of the current processor its colour; an invalid one restores the default. GUI thread.
@@ -105,6 +109,7 @@ Q_SIGNALS:
     void notifyProcessorBackgroundChanged(const SBackgroundInfo &oldInfo, const SBackgroundInfo &newInfo,
                                           bool bcanvasSizeChanged = false);
     void notifyProcessorPortBackup(int primary, int backup, bool on);
+    void notifyProcessorBackupChanged(); ///< other pairs of processors
     void notifyProcessorPortLocked(int port, bool locked);
     void notifyProcessorPortPayloadChanged(int port, int payload); ///< percent
     void notifyProcessorPayloadChanged(int payload);               ///< percent

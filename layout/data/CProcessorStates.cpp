@@ -154,6 +154,21 @@ bool CProcessorStates::setOptions(const SLayoutOptions &options)
     return true;
 }
 
+QList<QPair<QUuid, QUuid>> CProcessorStates::processorRedundancies() const
+{
+    const CReadLocker locker(m_lock);
+    return m_processorPairs;
+}
+
+bool CProcessorStates::setProcessorRedundancies(const QList<QPair<QUuid, QUuid>> &pairs)
+{
+    const CWriteLocker locker(m_lock);
+    if (m_processorPairs == pairs)
+        return false;
+    m_processorPairs = pairs;
+    return true;
+}
+
 QVector<SSettings::TypeLibrary::STreeNode> CProcessorStates::typeLibrary() const
 {
     const CReadLocker locker(m_lock);

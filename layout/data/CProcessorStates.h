@@ -65,6 +65,8 @@ public:
     void showWall(bool another);
     SLayoutOptions options() const;
     bool setOptions(const SLayoutOptions &options); ///< false: they were set already
+    QList<QPair<QUuid, QUuid>> processorRedundancies() const;
+    bool setProcessorRedundancies(const QList<QPair<QUuid, QUuid>> &pairs); ///< false: they were known
     QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const;
     void setTypeLibrary(QVector<SSettings::TypeLibrary::STreeNode> library);
 
@@ -117,4 +119,5 @@ private:
     bool m_editsOutdated ORVO_GUARDED_BY(m_lock) = false;
     SCurrentPort m_currentPort ORVO_GUARDED_BY(m_lock);
     SLayoutOptions m_options ORVO_GUARDED_BY(m_lock);
+    QList<QPair<QUuid, QUuid>> m_processorPairs ORVO_GUARDED_BY(m_lock);
 };

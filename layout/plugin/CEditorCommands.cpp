@@ -11,6 +11,7 @@
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/plugin/CAppendMenu.h"
 #include "layout/plugin/CCabinetFiles.h"
+#include "layout/redundancy/CPortBackupDialog.h"
 #include "layout/settings/CCabinetFillSetting.h"
 #include "layout/settings/CCabinetInformation.h"
 #include "layout/settings/CCabinetParaSave.h"
@@ -132,6 +133,16 @@ void CEditorCommands::setCanvasFill(QWidget *)
 void CEditorCommands::adjustCurrentGain(QWidget *)
 {
     m_canvas.adjustCurrentGain();
+}
+
+void CEditorCommands::pairPorts(QWidget *parent)
+{
+    CPortBackupDialog dialog(parent);
+    QObject::connect(&dialog, &CBackupDialog::notifyApplied, &dialog, [&dialog](const QString &refusal) {
+        if (!refusal.isEmpty())
+            CMessageBox::information(&dialog, tr("Set failed."), refusal);
+    });
+    dialog.exec();
 }
 
 void CEditorCommands::openTypeLibrary(QWidget *parent)

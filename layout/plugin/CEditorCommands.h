@@ -35,6 +35,7 @@ public:
     void setCanvasSize(QWidget *parent) override;
     void setCanvasFill(QWidget *parent) override;
     void adjustCurrentGain(QWidget *parent) override;
+    void pairPorts(QWidget *parent) override;
     void openTypeLibrary(QWidget *parent) override;
     void fillAppendMenu(QMenu &menu, QWidget *parent) override;
     bool highlight(const QList<Cabinet> &cabinets, CabinetHighlight kind, QWidget *parent) override;

@@ -8,6 +8,7 @@
 #include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/plugin/CEditorCommands.h"
+#include "layout/redundancy/CPortBackupDialog.h"
 #include "platform/widgets/CMessageBox.h"
 #include "platform/widgets/CPureImageBtn.h"
 
@@ -24,14 +25,6 @@ namespace {
 using Host = ILayoutInterfaceHandler;
 
 constexpr int TitleRowLocation = 3; // of a tool widget
-
-/// Whether another processor's redundancy is @p processor.
-bool isRedundancy(const QUuid &processor)
-{
-    const auto pairs = CHostAccess::call(&Host::processorRedundancies);
-    return std::any_of(pairs.begin(), pairs.end(),
-                       [&processor](const QPair<QUuid, QUuid> &pair) { return pair.second == processor; });
-}
 
 } // namespace
 
@@ -71,7 +64,8 @@ void CLayoutEditorPage::setProcessor(const ProcessorTree::ProcessorNode &process
     m_processor = processor;
     m_title->setText(processor.uuid.isNull() ? QString() : processor.displayText());
     m_view->onCurrentProcessorChanged(processor);
-    m_view->onCurrentProcessorBackupChanged(isRedundancy(processor.uuid));
+    m_store.setProcessorRedundancies(CHostAccess::call(&Host::processorRedundancies));
+    showRedundancy();
     if (another)
         reload();
     else
@@ -118,8 +112,29 @@ void CLayoutEditorPage::setEditingBlocked(bool blocked)
 
 void CLayoutEditorPage::setPortRedundancy(int primary, int backup)
 {
+    const QUuid asked = m_processor.uuid;
+    const bool holdsCabinets = m_store.port(backup).cabinetCount() > 0;
+    if (!CPortBackupDialog::mayDissolve(this, holdsCabinets ? QStringList{tr("Port %1").arg(backup + 1)}
+                                                            : QStringList()) ||
+        m_processor.uuid != asked)
+        return;
     if (!CHostAccess::flushAndCall(&Host::setPortRedundancy, primary, backup))
         CMessageBox::information(this, tr("Set failed."), CHostAccess::call(&Host::lastError));
+}
+
+void CLayoutEditorPage::cancelPortRedundancy(int port)
+{
+    if (!CHostAccess::flushAndCall(&Host::cancelPortRedundancy, port))
+        CMessageBox::information(this, tr("Set failed."), CHostAccess::call(&Host::lastError));
+}
+
+/// A processor that stands in for another one follows it, and is looked at only.
+void CLayoutEditorPage::showRedundancy()
+{
+    const auto pairs = m_store.processorRedundancies();
+    m_view->onCurrentProcessorBackupChanged(
+        std::any_of(pairs.begin(), pairs.end(),
+                    [this](const QPair<QUuid, QUuid> &pair) { return pair.second == m_processor.uuid; }));
 }
 
 void CLayoutEditorPage::buildUi()
@@ -186,6 +201,9 @@ void CLayoutEditorPage::connectSignals()
     connect(&m_store, &CLayoutData::notifyCancelCalibrate, m_view, &CLayoutGraphicsView::cancelCalibrate);
     connect(m_view, &CLayoutGraphicsView::notifySetPortRedundancy, this,
             &CLayoutEditorPage::setPortRedundancy);
+    connect(m_view, &CLayoutGraphicsView::notifyCancelPortRedundancy, this,
+            &CLayoutEditorPage::cancelPortRedundancy);
+    connect(&m_store, &CLayoutData::notifyProcessorBackupChanged, this, &CLayoutEditorPage::showRedundancy);
     connect(&m_store, &CLayoutData::notifyDetectFinished, this, [this] { m_store.resumeCurrentPort(); });
     connect(&m_store, &CLayoutData::notifyLayoutReplaced, this, [this](const QUuid &processor) {
         if (processor == m_processor.uuid)

@@ -47,6 +47,8 @@ public:
 private:
     void showBackground(const SBackgroundInfo &info);
     void setPortRedundancy(int primary, int backup);
+    void cancelPortRedundancy(int port);
+    void showRedundancy();
     void buildUi();
     void connectSignals();
 

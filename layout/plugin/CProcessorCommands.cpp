@@ -5,6 +5,7 @@
 #include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/plugin/CParameterCheck.h"
+#include "layout/redundancy/CProcessorBackupDialog.h"
 #include "layout/settings/CCabinetInformation.h"
 #include "layout/settings/CCabinetParaSave.h"
 #include "platform/widgets/CMessageBox.h"
@@ -79,6 +80,17 @@ void CProcessorCommands::cancelRedundancy(const QUuid &processor)
     reportSet(CHostAccess::flushAndCall(&Host::cancelProcessorRedundancy, processor));
 }
 
+void CProcessorCommands::showRedundancy()
+{
+    CProcessorBackupDialog dialog(&m_messageParent);
+    connect(&dialog, &CBackupDialog::notifyApplied, this, [this, &dialog](const QString &refusal) {
+        takeRedundancies();
+        if (!refusal.isEmpty())
+            CMessageBox::information(&dialog, tr("Set failed."), refusal);
+    });
+    dialog.exec();
+}
+
 void CProcessorCommands::saveParameters()
 {
     const CResult<QList<CParameterCheck::Cabinet>> checked = CParameterCheck(m_store).run();
@@ -145,6 +157,11 @@ void CProcessorCommands::report(bool done, const QString &success, const QString
         CMessageBox::information(&m_messageParent, success);
     else
         CMessageBox::information(&m_messageParent, failure, CHostAccess::call(&Host::lastError));
+}
+
+void CProcessorCommands::takeRedundancies()
+{
+    m_store.setProcessorRedundancies(CHostAccess::call(&Host::processorRedundancies));
 }
 
 void CProcessorCommands::reportSet(bool done)

@@ -28,6 +28,7 @@ public:
     void setPortCount(const QUuid &processor, int count);
     void setRedundancyFor(const QUuid &primary, const QUuid &redundancy);
     void cancelRedundancy(const QUuid &processor);
+    void showRedundancy(); ///< opens the dialog that pairs processors
     /// Sends parameters to the cabinets of all detected processors, after a check of each.
     void saveParameters();
     void showInformation(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets);
@@ -42,6 +43,7 @@ private:
     void report(bool done, const QString &success, const QString &failure);
     void reportSet(bool done);
     void setWorkMode(ProcessorWorkMode mode);
+    void takeRedundancies(); ///< into the store
 
     CLayoutData &m_store;
     QWidget &m_messageParent;

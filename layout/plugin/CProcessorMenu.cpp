@@ -60,7 +60,7 @@ void CProcessorMenu::fill()
     m_menu.addSeparator();
     addCabinetInformation();
     m_menu.addSeparator();
-    addLater(m_menu, tr("Redundant processor view..."));
+    addRedundancyView();
 }
 
 void CProcessorMenu::addMappingEntries()
@@ -162,10 +162,10 @@ QString CProcessorMenu::currentReason() const
     return m_modeReason.isEmpty() ? reason : m_modeReason;
 }
 
-void CProcessorMenu::addLater(QMenu &menu, const QString &text, const QString &icon)
+void CProcessorMenu::addRedundancyView()
 {
-    QAction *entry = menu.addAction(icon.isEmpty() ? QIcon() : QIcon(icon), text);
-    allowUnless(entry, tr("Available in a later version"));
+    CProcessorCommands *commands = &m_commands;
+    addEntry(m_menu, tr("Redundant processor view..."), [commands] { commands->showRedundancy(); });
 }
 
 QMenu *CProcessorMenu::addOtherProcessors(const QString &text, const QString &icon,

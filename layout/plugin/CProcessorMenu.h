@@ -37,7 +37,7 @@ private:
     void addCabinetInformation();
     /// Why what is done with the current processor cannot be done with this one; empty: it can.
     QString currentReason() const;
-    void addLater(QMenu &menu, const QString &text, const QString &icon = {});
+    void addRedundancyView();
     /// A submenu of all other processors; those in fibre optic transceiver mode cannot be chosen.
     QMenu *addOtherProcessors(const QString &text, const QString &icon,
                               const std::function<void(const QUuid &)> &chosen);

@@ -164,7 +164,6 @@ private Q_SLOTS:
     void portsArePairedOnlyWhereThatWorks()
     {
         CLayoutHandler &handler = m_host->handler;
-        QVERIFY(!handler.setPortRedundancy(0, 1)); // port 2 holds cabinets
         QVERIFY(!handler.setPortRedundancy(0, 0));
         QVERIFY(!handler.setPortRedundancy(0, 16));
         m_host->lockPort(m_stage, 15);
@@ -185,9 +184,6 @@ private Q_SLOTS:
         Cabinet onBackup;
         onBackup.port = 15;
         QVERIFY(!handler.areOnPrimaryPorts({onBackup}));
-        m_host->lockPort(m_stage, 0);
-        QVERIFY(!handler.cancelPortRedundancy(15));
-        m_host->lockPort(m_stage, 0, false);
         QVERIFY(handler.cancelPortRedundancy(15));
         QCOMPARE(m_host->log.waitFor(11), QStringLiteral("11 0 15 off"));
         QVERIFY(!handler.cancelPortRedundancy(15));

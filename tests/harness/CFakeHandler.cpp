@@ -79,6 +79,32 @@ void CFakeHandler::endWaiting(const SDeviceOutcome &ended)
     done(ended);
 }
 
+bool CFakeHandler::applyProcessorRedundancy(const QList<QUuid> &, const QList<QPair<QUuid, QUuid>> &pairs)
+{
+    const auto lock = note(__func__);
+    const bool taken = !refused.contains(QLatin1String(__func__));
+    if (taken)
+        redundancies = pairs;
+    return taken;
+}
+
+bool CFakeHandler::applyPortRedundancy(const QList<QUuid> &, const QList<SPortPair> &pairs)
+{
+    const auto lock = note(__func__);
+    const bool taken = !refused.contains(QLatin1String(__func__));
+    if (taken)
+        portPairs = pairs;
+    return taken;
+}
+
+bool CFakeHandler::areProcessorsOnline(const QList<QUuid> &processors) const
+{
+    const auto lock = note(__func__);
+    return std::all_of(nodes.begin(), nodes.end(), [&processors](const Node &one) {
+        return one.online || !processors.contains(one.uuid);
+    });
+}
+
 QList<CFakeHandler::Node> CFakeHandler::selectedProcessors() const
 {
     const auto lock = note(__func__);

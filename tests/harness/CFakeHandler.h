@@ -34,6 +34,8 @@ public:
     QMap<QUuid, SBackgroundInfo> backgrounds;
     ProcessorBoundingRects rects;
     QList<QPair<QUuid, QUuid>> redundancies;
+    QList<SPortPair> portPairs;
+    QHash<SPortKey, QString> portRefusals;
     QSet<QString> refused; ///< names of the operations that give false
     QString error = QStringLiteral("The processor does not answer.");
     SDeviceOutcome outcome; ///< how background operations end
@@ -41,6 +43,7 @@ public:
     int maximumPorts = 16;
     int detected = 1;
     bool followUpNeeded = false;
+    bool busy = false; ///< all processors
     bool primaryPorts = true;
     int hertz = 60;
     int bits = 8;
@@ -127,6 +130,7 @@ public:
         return answer(__func__, port, cabinet.uuid, file, typeName);
     }
     bool setPortRedundancy(int primary, int backup) override { return answer(__func__, primary, backup); }
+    bool cancelPortRedundancy(int port) override { return answer(__func__, port); }
     int portLoad(const Port &port, int index) const override
     {
         const auto lock = note(__func__, port.index, index);
@@ -134,6 +138,15 @@ public:
     }
     void readMapping(ReadSaveMappingRole role, const SMappingOptions &options, Done done) override;
     void saveMapping(ReadSaveMappingRole role, const LayoutData &data, Done done) override;
+    bool applyProcessorRedundancy(const QList<QUuid> &, const QList<QPair<QUuid, QUuid>> &pairs) override;
+    bool areProcessorsOnline(const QList<QUuid> &processors) const override;
+    bool areProcessorsBusy(const QList<QUuid> &) const override { return given(__func__, busy); }
+    QString portPairRefusal(const SPortKey &port) const override
+    {
+        return given(__func__, portRefusals).value(port);
+    }
+    QList<SPortPair> portRedundancies() const override { return given(__func__, portPairs); }
+    bool applyPortRedundancy(const QList<QUuid> &, const QList<SPortPair> &pairs) override;
     void showTypeLibrary(QWidget *) override { note(__func__); }
     bool areOnPrimaryPorts(const Cabinets &) const override { return given(__func__, primaryPorts); }
     bool sendCabinetParameters(const Cabinets &cabinets, const SMD5 &type, double gamma) override

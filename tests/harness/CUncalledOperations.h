@@ -13,19 +13,12 @@ public:
     QVector<CabinetLayout::CabinetPort> currentProcessorPorts() const override { return none(); }
     bool isPortRedundancyBlocked() const override { return none(); }
     bool isPortRedundancySupported() const override { return none(); }
-    bool cancelPortRedundancy(int) override { return none(); }
     bool exportPortMapping(const QUuid &, int, const QString &) override { return none(); }
     bool importPortMapping(const QUuid &, int, const QString &, bool) override { return none(); }
     QList<SPortArea> portAreas() const override { return none(); }
     bool setPortAreas(const QList<SPortArea> &) override { return none(); }
     int lowLatencyWidthLimit() const override { return none(); }
     bool isThreeDEnabled() const override { return none(); }
-    bool applyProcessorRedundancy(const QList<QUuid> &, const QList<QPair<QUuid, QUuid>> &) override
-    {
-        return none();
-    }
-    bool areProcessorsOnline(const QList<QUuid> &) const override { return none(); }
-    bool areProcessorsBusy(const QList<QUuid> &) const override { return none(); }
 
 private:
     struct SNone

@@ -7,9 +7,11 @@
 #include "layout/editor/view/CEditorToolBar.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/plugin/CLayoutEditorPage.h"
+#include "layout/redundancy/CPortBackupDialog.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CSignalLog.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/harness/DialogUser.h"
 #include "tests/harness/SStoreWorld.h"
 
 #include <QApplication>
@@ -182,11 +184,33 @@ private Q_SLOTS:
         const QMenu &primaries = *SPageWorld::entry(world.portMenu(), "Set as redundancy for").menu();
         QCOMPARE(primaries.actions().size(), 2);
         world.answers()->refused = {QStringLiteral("setPortRedundancy")};
-        const CMessageBoxAnswerer user({QStringLiteral("OK")});
+        const CMessageBoxAnswerer user({QStringLiteral("No"), QStringLiteral("Yes"), QStringLiteral("OK")});
+        SPageWorld::entry(primaries, "Port 1").trigger();
+        QVERIFY(world.answers()->calls().filter(QStringLiteral("setPortRedundancy")).isEmpty());
         SPageWorld::entry(primaries, "Port 1").trigger();
         QCOMPARE(world.answers()->calls().filter(QStringLiteral("setPortRedundancy")),
                  QStringList{QStringLiteral("setPortRedundancy(0,2)")});
-        QCOMPARE(user.texts(), QStringList{QStringLiteral("Set failed.")});
+        QCOMPARE(user.boxes().first().details, QStringLiteral("These output ports hold cabinets:\nPort 3"));
+        QCOMPARE(user.texts().last(), QStringLiteral("Set failed."));
+    }
+
+    void theStripsMenuEndsAndShowsPairs()
+    {
+        SPageWorld world;
+        world.store.setCurrentPort(2);
+        QVERIFY(!SPageWorld::entry(world.portMenu(), "Cancel redundancy").isEnabled());
+        bool shown = false;
+        inNext<CPortBackupDialog>([&shown](CPortBackupDialog &dialog) {
+            shown = true;
+            dialog.reject();
+        });
+        SPageWorld::entry(world.portMenu(), "Port redundancy...").trigger();
+        QVERIFY(shown);
+        world.answers()->layouts[world.a].layout.ports[2].redundancy = CabinetLayout::CabinetPort::Redundant;
+        world.page.reload();
+        QVERIFY(!SPageWorld::entry(world.portMenu(), "Set as redundancy for").isEnabled());
+        SPageWorld::entry(world.portMenu(), "Cancel redundancy").trigger();
+        QCOMPARE(world.answers()->count(QStringLiteral("cancelPortRedundancy")), 1);
     }
 
     void theStripsPatternsAreThoseOfTheScene()

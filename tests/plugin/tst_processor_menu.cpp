@@ -4,6 +4,7 @@
 #include "layout/data/CLayoutData.h"
 #include "layout/plugin/CProcessorCommands.h"
 #include "layout/plugin/CProcessorMenu.h"
+#include "layout/redundancy/CProcessorBackupDialog.h"
 #include "tests/harness/CFileDialogAnswerer.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
@@ -89,6 +90,22 @@ private Q_SLOTS:
         QVERIFY(scene.entry(QStringLiteral("Number of output ports>4"))->isChecked());
         QVERIFY(scene.enabled("Number of output ports>16"));
         QVERIFY(!scene.enabled("Number of output ports>20")); // of at most 16
+    }
+
+    void opensTheRedundancyDialogAndTellsRefusals()
+    {
+        SMenuScene scene;
+        scene.fill();
+        scene.host.answers()->refused << QStringLiteral("applyProcessorRedundancy");
+        CMessageBoxAnswerer user({QStringLiteral("OK")});
+        inNext<CProcessorBackupDialog>([](CProcessorBackupDialog &dialog) {
+            QTest::mouseClick(dialog.buttonBox()->button(QDialogButtonBox::Apply), Qt::LeftButton);
+            dialog.reject();
+        });
+        scene.entry(QStringLiteral("Redundant processor view..."))->trigger();
+        QCOMPARE(user.boxes().size(), 1);
+        QCOMPARE(user.boxes().first().text, QStringLiteral("Set failed."));
+        QCOMPARE(user.boxes().first().details, QStringLiteral("The processor does not answer."));
     }
 
     void enablesWhatThePartiesAllow()

@@ -51,6 +51,7 @@ SProcessorProject ProjectSamples::withEverything()
     port.redundancy = Port::Redundant;
     port.redundancyPort = 7;
     port.redundancyProcessor = QUuid::createUuidV5(QUuid(), QStringLiteral("other"));
+    port.mirrored = inner.cabinets; // keys that occur elsewhere in the layout
     port.load = 123;
 
     SProcessorProject project;

@@ -123,7 +123,12 @@ private Q_SLOTS:
              },
              [](Port &p) { p.color = QColor(1, 2, 3, 4); }, [](Port &p) { p.locked = true; },
              [](Port &p) { p.redundancy = Port::Primary; }, [](Port &p) { p.redundancyPort = 0; },
-             [key](Port &p) { p.redundancyProcessor = key; }, [](Port &p) { p.load = 1; }});
+             [key](Port &p) { p.redundancyProcessor = key; }, [](Port &p) { p.load = 1; },
+             [key](Port &p) {
+                 p.mirrored.resize(1);
+                 p.mirrored[0].uuid = key;
+                 p.mirrored[0].rect = QRect(0, 0, 1, 1);
+             }});
         SPrjPort project;
         project.port.index = 0;
         checkFields<SPrjPort>(project, &CRecordJson::projectPort,

@@ -132,7 +132,8 @@ CMappingTransfer::Step CMappingTransfer::saveOne(const SDevice &device)
         return failed(device, error);
     if (!mayOverwrite(device, revision))
         return m_context.cancel->isCancelled() ? Step::Cancelled : Step::Skipped;
-    const CabinetLayout &mapping = device.working.layout();
+    CabinetLayout mapping = device.working.layout();
+    const QVector<int> mirrors = PortPairs::giveMirrors(mapping, m_services.layoutOf());
     error = processor->saveMapping(*m_context.cancel, progressOf(),
                                    CProcessorCodec::encode(SProcessorMapping{mapping, revision}), revision);
     if (error != DeviceError::None)
@@ -140,6 +141,7 @@ CMappingTransfer::Step CMappingTransfer::saveOne(const SDevice &device)
     const QUuid uuid = device.node.uuid;
     m_services.table().change(uuid, [revision](SDevice &known) { known.revision = revision; });
     m_services.table().changeLayout(uuid, [&mapping](SDevice &known) { known.takeSaved(mapping); });
+    m_services.takeMirrors(uuid, mapping, mirrors);
     m_services.announcer().announceState();
     return Step::Done;
 }

@@ -18,6 +18,37 @@ std::shared_ptr<CSimulatedProcessor> CDeviceServices::device(const QUuid &proces
     return m_park.find(processor);
 }
 
+PortPairs::LayoutOf CDeviceServices::layoutOf() const
+{
+    return [this](const QUuid &processor) {
+        const std::optional<SDevice> device = m_table.device(processor);
+        return device ? device->working.layout() : CabinetLayout();
+    };
+}
+
+void CDeviceServices::takeMirrors(const QUuid &processor, const CabinetLayout &saved,
+                                  const QVector<int> &ports)
+{
+    if (ports.isEmpty())
+        return;
+    m_table.changeLayout(processor, [&saved, &ports](SDevice &device) {
+        CabinetLayout layout = device.working.layout();
+        for (CabinetLayout::CabinetPort &port : layout.ports) {
+            const CabinetLayout::CabinetPort *given = saved.port(port.index);
+            if (given && ports.contains(port.index) && port.redundancy == given->redundancy)
+                port.mirrored = given->mirrored;
+        }
+        device.takeLayout(layout);
+    });
+    if (processor != m_table.current())
+        return;
+    for (const int port : ports) {
+        const CabinetLayout::CabinetPort *given = saved.port(port);
+        const int primary = given->redundancyProcessor.isNull() ? given->redundancyPort : -1;
+        m_announcer.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{primary, port, true});
+    }
+}
+
 void CDeviceServices::setOnline(const QUuid &processor, bool online)
 {
     bool changed = false;

@@ -6,6 +6,7 @@
 #include "host/devices/services/CDeviceTable.h"
 #include "host/devices/services/CMailbox.h"
 #include "host/devices/services/CSimulatedPark.h"
+#include "layout/api/records/PortPairs.h"
 
 #include <atomic>
 #include <functional>
@@ -36,6 +37,10 @@ public:
     std::shared_ptr<CSimulatedProcessor> device(const QUuid &processor) const;
     /// Takes over what a processor now keeps, and announces what follows from it.
     void takeSettings(const QUuid &processor, const SProcessorSettings &settings);
+    /// Gives the working layout of a processor.
+    PortPairs::LayoutOf layoutOf() const;
+    /// Redundancy ports @p ports of a processor hold, now that it was saved, what @p saved tells of them.
+    void takeMirrors(const QUuid &processor, const CabinetLayout &saved, const QVector<int> &ports);
     /// Takes note of whether a processor answers.
     void setOnline(const QUuid &processor, bool online);
     /// Takes over what a processor answered to a search; @p before is what was known of it when it was asked.

@@ -33,7 +33,8 @@ bool shares(const Groups &a, const Groups &b)
 bool sameLook(const Port &a, const Port &b)
 {
     return a.index == b.index && a.color == b.color && a.locked == b.locked && a.redundancy == b.redundancy &&
-           a.redundancyPort == b.redundancyPort && a.redundancyProcessor == b.redundancyProcessor;
+           a.redundancyPort == b.redundancyPort && a.redundancyProcessor == b.redundancyProcessor &&
+           a.mirrored == b.mirrored;
 }
 
 bool samePort(const Port &a, const Port &b)
@@ -54,13 +55,16 @@ void CWorkingLayout::take(const CabinetLayout &layout, const SReceiverGeneration
         const bool untouched =
             before && numberedBefore &&
             (shares(before->groups, port.groups) || shares(numberedBefore->groups, port.groups));
+        const bool sameRole = numberedBefore && numberedBefore->redundancy == port.redundancy;
         if (untouched) {
             port.groups = numberedBefore->groups;
-            chargedPixels.insert(port.index, m_charged.value(port.index));
         } else {
             renumber(port);
-            chargedPixels.insert(port.index, CPortCapacity::charged(generation, port));
         }
+        chargedPixels.insert(port.index, untouched && sameRole ? m_charged.value(port.index)
+                                         : port.redundancy == Port::Redundant
+                                             ? 0 // what it carries, its primary is charged for
+                                             : CPortCapacity::charged(generation, port));
     }
     QSet<int> edited;
     for (const Port &port : std::as_const(next).ports) {

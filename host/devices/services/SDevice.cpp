@@ -15,7 +15,12 @@ LayoutData SDevice::data() const
 
 int SDevice::portLoad(const CabinetLayout::CabinetPort &port, int index) const
 {
-    const qint64 used = CPortCapacity::charged(kind.generation, port);
+    CabinetLayout::CabinetPort carried = port;
+    if (port.redundancy == CabinetLayout::CabinetPort::Redundant) {
+        carried.groups = {CabinetLayout::CabinetPort::CabinetGroup()};
+        carried.groups.first().cabinets = port.mirrored;
+    }
+    const qint64 used = CPortCapacity::charged(kind.generation, carried);
     const qint64 total = working.chargedPixels() - working.chargedPixels(index) + used;
     return CPortCapacity::load(kind, {settings.frameRate, settings.colorDepth, settings.threeD}, used, total);
 }

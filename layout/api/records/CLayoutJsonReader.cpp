@@ -143,6 +143,8 @@ CLayoutJsonReader::Port CLayoutJsonReader::port(const QJsonValue &json, const SJ
     read.redundancyPort = object.smallIntegerOr(-1, "redundancyPort", -1, CRecordJson::MaximumPortIndex);
     read.redundancyProcessor = object.uuidOr({}, "redundancyProcessor");
     read.load = object.integerOr(0, "load", 0, CRecordJson::MaximumNumber);
+    if (object.has("mirrored"))
+        read.mirrored = mirrored(object.value("mirrored"), object.placeOf("mirrored"), read.redundancyPort);
 
     const QJsonArray groups = counted(object, "groups", m_portGroups, CRecordJson::MaximumGroups);
     const SJsonPlace groupsPlace = object.placeOf("groups");
@@ -151,6 +153,17 @@ CLayoutJsonReader::Port CLayoutJsonReader::port(const QJsonValue &json, const SJ
         read.groups.append(group(groups.at(i), {&groupsPlace, nullptr, i}, read.index, 1));
     object.finish();
     return read;
+}
+
+/// They are the primary's, whose keys another part of the file may hold, too.
+QVector<CLayoutJsonReader::Cabinet> CLayoutJsonReader::mirrored(const QJsonValue &json,
+                                                                const SJsonPlace &place, int primary)
+{
+    CLayoutJsonReader reader;
+    const Group read = reader.group(json, place, primary, 1);
+    if (m_error.isEmpty())
+        m_error = reader.error();
+    return read.cabinets;
 }
 
 CabinetLayout CLayoutJsonReader::layout(const QJsonValue &json, const SJsonPlace &place)

@@ -49,6 +49,7 @@ private:
     QJsonArray counted(CStrictObject &object, const char *key, int &count, int most);
     std::shared_ptr<const Port::SOriginalAreas> originalAreas(const Cabinet &cabinet, const QJsonValue &json,
                                                               const SJsonPlace &place);
+    QVector<Cabinet> mirrored(const QJsonValue &json, const SJsonPlace &place, int primary);
 
     QString m_error;
     QSet<QUuid> m_cabinets;

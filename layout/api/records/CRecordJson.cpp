@@ -182,6 +182,11 @@ QJsonObject CRecordJson::toJson(const Port &port)
     insertUnless(0, json, "redundancy", int(port.redundancy));
     insertUnless(-1, json, "redundancyPort", port.redundancyPort);
     insertUuid(json, "redundancyProcessor", port.redundancyProcessor);
+    if (!port.mirrored.isEmpty()) {
+        Group mirror;
+        mirror.cabinets = port.mirrored;
+        json.insert(QStringLiteral("mirrored"), groupJson(mirror, port.redundancyPort));
+    }
     insertUnless(qint64(0), json, "load", port.load);
     return json;
 }

@@ -31,7 +31,7 @@ auto tied(const Port::CabinetGroup &g)
 auto tied(const Port &p)
 {
     return std::tie(p.index, p.groups, p.color, p.locked, p.redundancy, p.redundancyPort,
-                    p.redundancyProcessor, p.load);
+                    p.redundancyProcessor, p.mirrored, p.load);
 }
 
 void appendAll(const Port::CabinetGroup &group, QVector<Port::Cabinet> &cabinets)

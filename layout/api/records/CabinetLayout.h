@@ -84,7 +84,10 @@ struct CabinetLayout
         Redundancy redundancy = NoRedundancy;
         int redundancyPort = -1;   ///< the other port of the pair; -1: none
         QUuid redundancyProcessor; ///< processor of the other port; null: the same processor
-        qint64 load = 0;           ///< percent of the port's capacity; above 100: overloaded
+        /// Of a redundancy port: the wired cabinets of its primary, in order, as they were when it was last
+        /// given them. Its own cabinets, in the groups, wait without wiring until the pair ends.
+        QVector<Cabinet> mirrored;
+        qint64 load = 0; ///< percent of the port's capacity; above 100: overloaded
 
         /// Every cabinet of the port: a group's own cabinets, then its sub-groups', depth first in stored
         /// order.

@@ -46,7 +46,9 @@ void CGuardedUndo::run(QWidget *parent, bool undoing)
     const QUndoCommand *command = stack->command(undoing ? stack->index() - 1 : stack->index());
     const QString refused = refusal(*command, undoing);
     if (!refused.isEmpty()) {
-        CMessageBox::information(parent, refused);
+        CMessageBox::information(parent, refused,
+                                 tr("Unlock the output port, or choose \"Cancel redundancy\" for it, and try "
+                                    "again."));
         return;
     }
     const CEditBatch batch(m_editing);

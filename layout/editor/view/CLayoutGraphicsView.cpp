@@ -69,6 +69,12 @@ void CLayoutGraphicsView::connectTools()
     connect(m_ports, &CPortStrip::notifyLockToggled, this, &CLayoutGraphicsView::notifyLockPort);
     connect(m_ports, &CPortStrip::notifyRedundancyChosen, this,
             &CLayoutGraphicsView::notifySetPortRedundancy);
+    connect(m_ports, &CPortStrip::notifyRedundancyCancelled, this,
+            &CLayoutGraphicsView::notifyCancelPortRedundancy);
+    connect(m_ports, &CPortStrip::notifyRedundancyViewClicked, this, [this] {
+        if (m_commands)
+            m_commands->pairPorts(this);
+    });
     connect(m_ports, &CPortStrip::notifyCurrentGainClicked, this,
             &CLayoutGraphicsView::ShowEleCurrentAdjustDialog);
     connect(this, &CGraphicsView::scaleChanged, this, &CLayoutGraphicsView::onScaleChanged);

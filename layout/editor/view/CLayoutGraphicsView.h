@@ -55,6 +55,7 @@ Q_SIGNALS:
     void notifyLockPort(int port, bool locked);
     /// The user wants @p backup to become the redundancy of @p primary.
     void notifySetPortRedundancy(int primary, int backup);
+    void notifyCancelPortRedundancy(int port); ///< the pair that @p port belongs to
     /// Steps are recorded on another stack from now on.
     void notifyUndoStackChanged(QUndoStack *stack);
 

@@ -99,6 +99,16 @@ void CPortStrip::fillPortMenu()
     lock->setChecked(m_states.isPortLocked(chosen));
     connect(lock, &QAction::toggled, this,
             [this, chosen](bool locked) { Q_EMIT notifyLockToggled(chosen, locked); });
+    addRedundancy();
+    m_portMenu->addSeparator();
+    connect(m_portMenu->addAction(tr("Current gain parameter settings...")), &QAction::triggered, this,
+            &CPortStrip::notifyCurrentGainClicked);
+}
+
+void CPortStrip::addRedundancy()
+{
+    const int chosen = m_states.currentPort();
+    const bool paired = m_states.portRedundancy(chosen) != CabinetLayout::CabinetPort::NoRedundancy;
     QMenu *redundancy = m_portMenu->addMenu(tr("Set as redundancy for"));
     for (int i = 0; i < m_ports->count(); ++i) {
         const int primary = m_ports->itemData(i).toInt();
@@ -108,10 +118,12 @@ void CPortStrip::fillPortMenu()
         connect(action, &QAction::triggered, this,
                 [this, primary, chosen] { Q_EMIT notifyRedundancyChosen(primary, chosen); });
     }
-    redundancy->setEnabled(!redundancy->isEmpty());
-    m_portMenu->addSeparator();
-    connect(m_portMenu->addAction(tr("Current gain parameter settings...")), &QAction::triggered, this,
-            &CPortStrip::notifyCurrentGainClicked);
+    redundancy->setEnabled(!redundancy->isEmpty() && !paired);
+    QAction *cancel = m_portMenu->addAction(tr("Cancel redundancy"));
+    cancel->setEnabled(paired);
+    connect(cancel, &QAction::triggered, this, [this, chosen] { Q_EMIT notifyRedundancyCancelled(chosen); });
+    connect(m_portMenu->addAction(tr("Port redundancy...")), &QAction::triggered, this,
+            &CPortStrip::notifyRedundancyViewClicked);
 }
 
 /// The same as the box, for a bar that has no room for it.

@@ -37,6 +37,8 @@ Q_SIGNALS:
     void notifyAppendClicked(const QPoint &globalPos);
     void notifyLockToggled(int port, bool locked);
     void notifyRedundancyChosen(int primary, int backup);
+    void notifyRedundancyCancelled(int port);
+    void notifyRedundancyViewClicked();
     void notifyCurrentGainClicked();
 
 private:
@@ -48,6 +50,7 @@ private:
     void addPatterns();
     void addPortMenu();
     void fillPortMenu();
+    void addRedundancy();
     void enableEntries();
 
     QToolBar &m_bar;

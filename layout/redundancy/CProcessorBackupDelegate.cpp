@@ -1,0 +1,3 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/redundancy/CProcessorBackupDelegate.h"

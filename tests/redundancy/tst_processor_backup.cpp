@@ -1,0 +1,287 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/redundancy/CBackupDelegate.h"
+#include "layout/redundancy/CProcessorBackupDialog.h"
+#include "layout/redundancy/CProcessorBackupTable.h"
+#include "layout/resources/LayoutResources.h"
+#include "tests/harness/CFakeHost.h"
+#include "tests/harness/CMessageBoxAnswerer.h"
+#include "tests/harness/CTestBase.h"
+#include "tests/redundancy/CPairTester.h"
+
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QSignalSpy>
+
+namespace {
+
+/// Four processors A to D and their dialog, on screen.
+struct SPairWorld
+{
+    SPairWorld()
+    {
+        initLayoutResources();
+        for (const char name : {'A', 'B', 'C', 'D'})
+            keys << host.addProcessor(QChar::fromLatin1(name), 2);
+        {
+            const auto lock = host.answers();
+            for (ProcessorTree::ProcessorNode &node : lock->nodes)
+                node.address = 0x0A000000U + quint32(node.index);
+        }
+    }
+
+    void open(const QString &pairs = {})
+    {
+        for (const QString &pair : pairs.split(QLatin1Char(' '), Qt::SkipEmptyParts))
+            host.answers()->redundancies << SBackupPair(keyOf(pair.at(0)), keyOf(pair.at(1)));
+        dialog = std::make_unique<CProcessorBackupDialog>();
+        user = std::make_unique<CPairTester>(*dialog);
+        dialog->show();
+        QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));
+    }
+
+    QUuid keyOf(QChar letter) const { return keys.at(letter.unicode() - 'A'); }
+    /// "A>B" for "A(10.0.0.0)>B(10.0.0.1)".
+    QString rows() const
+    {
+        return user->rows().remove(QRegularExpression(QStringLiteral("\\(10\\.0\\.0\\.\\d\\)")));
+    }
+
+    CFakeHost host;
+    QList<QUuid> keys;
+    std::unique_ptr<CProcessorBackupDialog> dialog;
+    std::unique_ptr<CPairTester> user;
+};
+
+} // namespace
+
+class CProcessorBackupTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void showsProcessorsAndPairs()
+    {
+        SPairWorld world;
+        world.host.answers()->nodes[2].online = false;
+        world.host.answers()->nodes[3].online = false;
+        ProcessorTree::ProcessorNode project = world.host.answers()->nodes.first();
+        project.uuid = QUuid::createUuid();
+        project.address = 0;
+        world.host.answers()->nodes << project;
+        world.open(QStringLiteral("AB CD"));
+        QCOMPARE(world.dialog->windowTitle(), QStringLiteral("Processor redundancy"));
+        QCOMPARE(world.dialog->size(), QSize(962, 566));
+        QVERIFY(world.user->apply()->isDefault());
+        CBackupList &list = world.user->list();
+        QCOMPARE(list.count(), 4);
+        QCOMPARE(list.item(1)->text(), QStringLiteral("B(10.0.0.1)"));
+        const QImage online =
+            QIcon(QStringLiteral(":/Image/Target/Processor/online_normal.svg")).pixmap(16).toImage();
+        const auto picture = [&list](int row) { return list.item(row)->icon().pixmap(16).toImage(); };
+        const auto wanted = [](const char *name) {
+            return QIcon(QStringLiteral(":/Image/Target/Processor/%1_normal.svg").arg(QLatin1String(name)))
+                .pixmap(16)
+                .toImage();
+        };
+        QCOMPARE(picture(0), wanted("online"));
+        QCOMPARE(picture(1), wanted("backup-online"));
+        QCOMPARE(picture(2), wanted("offline"));
+        QCOMPARE(picture(3), wanted("backup-offline"));
+        QVERIFY(wanted("backup-offline") != wanted("offline"));
+        const QAbstractItemModel *model = world.user->view().model();
+        QCOMPARE(model->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Primary"));
+        QCOMPARE(model->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Redundancy"));
+        QCOMPARE(world.rows(), QStringLiteral("A>B|C>D"));
+        QCOMPARE(world.user->cell(0, 1).data(257).toUuid(), world.keyOf(QLatin1Char('B')));
+    }
+
+    void dropsPutAndSwap_data()
+    {
+        QTest::addColumn<QString>("pairs");
+        QTest::addColumn<QChar>("dropped");
+        QTest::addColumn<int>("row");
+        QTest::addColumn<int>("column");
+        QTest::addColumn<QString>("rows");
+        const auto letter = [](char c) { return QChar::fromLatin1(c); };
+        QTest::newRow("into an empty cell") << "" << letter('A') << 1 << 0 << ">|A>";
+        QTest::newRow("replaces what is not elsewhere") << "AB" << letter('C') << 0 << 1 << "A>C";
+        QTest::newRow("swaps within a row") << "AB" << letter('A') << 0 << 1 << "B>A";
+        QTest::newRow("swaps across rows") << "AB CD" << letter('D') << 0 << 0 << "D>B|C>A";
+        QTest::newRow("moves to an empty cell") << "AB" << letter('B') << 1 << 1 << "A>|>B";
+        QTest::newRow("onto itself") << "AB" << letter('B') << 0 << 1 << "A>B";
+    }
+    void dropsPutAndSwap()
+    {
+        QFETCH(QString, pairs);
+        QFETCH(QChar, dropped);
+        QFETCH(int, row);
+        QFETCH(int, column);
+        for (const bool fromTable : {false, true}) {
+            SPairWorld world;
+            world.open(pairs);
+            world.user->drop(world.keyOf(dropped), row, column, fromTable);
+            QTEST(world.rows(), "rows");
+        }
+    }
+
+    void refusesDrops()
+    {
+        SPairWorld world;
+        world.open(QStringLiteral("AB"));
+        Q_EMIT world.user->view().notifyProcessorDroped(world.user->cell(0, 0), QUuid());
+        Q_EMIT world.user->view().notifyProcessorDroped(world.user->cell(0, 0), QUuid::createUuid());
+        QCOMPARE(world.rows(), QStringLiteral("A>B"));
+        const QUuid other = world.keyOf(QLatin1Char('C'));
+        world.host.answers()->busy = true;
+        world.user->drop(other, 0, 0);
+        QCOMPARE(world.rows(), QStringLiteral("A>B")); // all online, and one of them busy
+        world.host.answers()->nodes[3].online = false;
+        world.user->drop(other, 0, 0);
+        QCOMPARE(world.rows(), QStringLiteral("C>B"));
+    }
+
+    void worksByKeyboardAlone()
+    {
+        SPairWorld world;
+        world.open();
+        QWidget *list = &world.user->list();
+        QWidget *table = &world.user->view();
+        list->setFocus();
+        QTest::keyClick(list, Qt::Key_Return);
+        QTest::keyClick(list, Qt::Key_Down);
+        QTest::keyClick(list, Qt::Key_Space);
+        QCOMPARE(world.rows(), QStringLiteral("A>B"));
+        QTest::keyClick(list, Qt::Key_F6);
+        QVERIFY(table->hasFocus());
+        QCOMPARE(world.user->view().currentIndex(), world.user->cell(1, 0));
+        QTest::keyClick(table, Qt::Key_Up);
+        QTest::keyClick(table, Qt::Key_Delete);
+        QCOMPARE(world.rows(), QStringLiteral(">B"));
+        world.user->list().setCurrentRow(3);
+        QTest::keyClick(table, Qt::Key_Enter);
+        QCOMPARE(world.rows(), QStringLiteral("D>B"));
+        QTest::keyClick(table, Qt::Key_F6);
+        QVERIFY(list->hasFocus());
+        QTest::keyClick(list, Qt::Key_Tab);
+        QVERIFY(world.dialog->isAncestorOf(QApplication::focusWidget()) && !list->hasFocus());
+        QCOMPARE(world.host.answers()->count(QStringLiteral("applyProcessorRedundancy")), 0);
+    }
+
+    void toolsFillEmptyAndRestore()
+    {
+        SPairWorld world;
+        world.host.answers()->nodes[1].model = QStringLiteral("other");
+        world.host.answers()->fiber << world.keyOf(QLatin1Char('C'));
+        world.open();
+        QVERIFY(!world.user->tool("Clear")->isEnabled());
+        QVERIFY(!world.user->tool("Reset")->isEnabled());
+        QTest::mouseClick(world.user->tool("Auto match"), Qt::LeftButton);
+        QCOMPARE(world.rows(), QStringLiteral("A>D")); // B is of another kind, C in another mode
+        QTest::mouseClick(world.user->tool("Clear"), Qt::LeftButton);
+        QCOMPARE(world.rows(), QString());
+        world.host.answers()->redundancies.clear();
+        world.open(QStringLiteral("AB"));
+        world.user->drop(world.keyOf(QLatin1Char('A')), 1, 1);
+        QTest::mouseClick(world.user->tool("Reset"), Qt::LeftButton);
+        QCOMPARE(world.rows(), QStringLiteral("A>B"));
+    }
+
+    void deletesTheRowUnderTheMouse()
+    {
+        SPairWorld world;
+        world.open(QStringLiteral("AB CD"));
+        CBackupTableView &view = world.user->view();
+        const QPoint button = CBackupDelegate::buttonRect(view.visualRect(world.user->cell(0, 1))).center();
+        QTest::mouseMove(view.viewport(), button);
+        QMouseEvent hover(QEvent::MouseMove, button, Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(view.viewport(), &hover);
+        QCOMPARE(view.hoveredRow(), 0);
+        const QImage with = view.viewport()->grab().toImage();
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, button);
+        QCOMPARE(world.rows(), QStringLiteral(">|C>D"));
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, button); // nothing there any more
+        QCOMPARE(world.rows(), QStringLiteral(">|C>D"));
+        QVERIFY(with != view.viewport()->grab().toImage());
+    }
+
+    void applies_data()
+    {
+        QTest::addColumn<QString>("rows"); // dropped into the table, row by row
+        QTest::addColumn<QString>("wanted");
+        QTest::newRow("new pairs") << "CD AB"
+                                   << "CD AB";
+        QTest::newRow("no pairs") << ""
+                                  << "";
+    }
+    void applies()
+    {
+        QFETCH(QString, rows);
+        QFETCH(QString, wanted);
+        SPairWorld world;
+        world.open(QStringLiteral("AC"));
+        QTest::mouseClick(world.user->tool("Clear"), Qt::LeftButton);
+        const QStringList pairs = rows.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        for (int i = 0; i < pairs.size(); ++i) {
+            world.user->drop(world.keyOf(pairs.at(i).at(0)), i, 0);
+            world.user->drop(world.keyOf(pairs.at(i).at(1)), i, 1);
+        }
+        bool enabledMeanwhile = true;
+        world.host.answers()->onCalled = [&](const QString &call) {
+            if (call.startsWith(QLatin1String("applyProcessorRedundancy")))
+                enabledMeanwhile = world.user->apply()->isEnabled();
+        };
+        QSignalSpy applied(world.dialog.get(), &CBackupDialog::notifyApplied);
+        QTest::mouseClick(world.user->apply(), Qt::LeftButton);
+        world.host.answers()->onCalled = nullptr;
+        QVERIFY(!enabledMeanwhile);
+        QVERIFY(world.user->apply()->isEnabled());
+        QVERIFY(world.dialog->isVisible());
+        QCOMPARE(applied.size(), 1);
+        QCOMPARE(applied.first().first().toString(), QString());
+        QStringList got;
+        for (const SBackupPair &pair : world.host.answers()->redundancies)
+            got << QString(QLatin1Char(char('A' + world.keys.indexOf(pair.first)))) +
+                       QLatin1Char(char('A' + world.keys.indexOf(pair.second)));
+        QCOMPARE(got.join(QLatin1Char(' ')), wanted);
+    }
+
+    void aHalfRowStopsAll()
+    {
+        SPairWorld world;
+        world.open(QStringLiteral("AB"));
+        world.user->drop(world.keyOf(QLatin1Char('C')), 1, 1);
+        CMessageBoxAnswerer user({QStringLiteral("OK")});
+        QTest::mouseClick(world.user->apply(), Qt::LeftButton);
+        QCOMPARE(user.texts(), QStringList{QStringLiteral("Invalid primary-redundancy settings.")});
+        QCOMPARE(world.host.answers()->count(QStringLiteral("applyProcessorRedundancy")), 0);
+        QCOMPARE(world.rows(), QStringLiteral("A>B|>C"));
+        QVERIFY(world.user->apply()->isEnabled());
+    }
+
+    void aRefusalIsPassedOnAndTheTableTruthful()
+    {
+        SPairWorld world;
+        world.open(QStringLiteral("AB"));
+        world.host.answers()->refused << QStringLiteral("applyProcessorRedundancy");
+        QTest::mouseClick(world.user->tool("Clear"), Qt::LeftButton);
+        QSignalSpy applied(world.dialog.get(), &CBackupDialog::notifyApplied);
+        QTest::mouseClick(world.user->apply(), Qt::LeftButton);
+        QCOMPARE(applied.first().first().toString(), QStringLiteral("The processor does not answer."));
+        QCOMPARE(world.rows(), QStringLiteral("A>B"));
+    }
+
+    void theScrollBarComesWithTheRows()
+    {
+        SPairWorld world;
+        for (int i = 0; i < 40; ++i)
+            world.host.addProcessor(QString::number(i), 1);
+        world.open();
+        const QTableView &view = world.user->view();
+        QVERIFY(view.verticalScrollBar()->isVisible());
+        QCOMPARE(view.columnWidth(0) + view.columnWidth(1), view.viewport()->width());
+    }
+};
+
+ORVO_TEST_MAIN(QApplication, CProcessorBackupTest)
+#include "tst_processor_backup.moc"
