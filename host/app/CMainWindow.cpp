@@ -157,6 +157,8 @@ void CMainWindow::connectDevices()
         if (shown)
             statusBar()->showMessage(tr("Esc or a double click closes the screen."), MessageMilliseconds);
     });
+    connect(m_simulation, &CSimulationMenu::notifyUnpluggedChanged, m_screen.get(),
+            &CScreenWindow::setUnplugged);
     connect(m_screen.get(), &CScreenWindow::notifyClosedByUser, this, &CMainWindow::onScreenClosed);
     connect(m_devices, &CDevicePanel::notifySelectionChanged, this, &CMainWindow::updateActions);
     connect(m_devices, &CDevicePanel::notifyMenuRequested, this, &CMainWindow::showProcessorMenu);

@@ -8,6 +8,8 @@
 #include <QAction>
 #include <QCoreApplication>
 
+#include <algorithm>
+
 CSimulationMenu::CSimulationMenu(CDeviceManager &manager, QWidget *parent)
     : QMenu(tr("&Simulation"), parent)
     , m_manager(manager)
@@ -30,9 +32,41 @@ void CSimulationMenu::createActions()
         connect(action, &QAction::triggered, this,
                 [this, kind = fault.fault](bool on) { m_manager.simulate(m_processor, kind, on); });
     }
+    addPorts();
     addSeparator();
     m_clear = addAction(tr("&No faults"));
     connect(m_clear, &QAction::triggered, this, &CSimulationMenu::clearFaults);
+}
+
+void CSimulationMenu::addPorts()
+{
+    addSeparator();
+    m_ports = addMenu(tr("Unplug output port"));
+    m_ports->menuAction()->setObjectName(QStringLiteral("Simulate.unplug"));
+    connect(m_ports, &QMenu::aboutToShow, this, &CSimulationMenu::fillPorts);
+}
+
+void CSimulationMenu::fillPorts()
+{
+    m_ports->clear();
+    const CabinetLayout layout = m_manager.services().layoutOf()(m_processor);
+    for (const CabinetLayout::CabinetPort &port : layout.ports) {
+        QAction *action = m_ports->addAction(tr("Port %1").arg(port.index + 1));
+        action->setCheckable(true);
+        action->setChecked(m_unplugged.contains({m_processor, port.index}));
+        connect(action, &QAction::triggered, this,
+                [this, index = port.index](bool unplugged) { setUnplugged(index, unplugged); });
+    }
+}
+
+void CSimulationMenu::setUnplugged(int port, bool unplugged)
+{
+    if (unplugged)
+        m_unplugged.insert({m_processor, port});
+    else
+        m_unplugged.remove({m_processor, port});
+    Q_EMIT notifyUnpluggedChanged(m_unplugged);
+    updateActions();
 }
 
 void CSimulationMenu::setProcessor(const QUuid &processor)
@@ -54,7 +88,12 @@ void CSimulationMenu::updateActions()
         it.key()->setToolTip(hint);
         any = any || (on && !ProcessorStates::contains(it.value()));
     }
-    m_clear->setEnabled(any);
+    m_ports->menuAction()->setEnabled(device);
+    m_ports->menuAction()->setToolTip(hint);
+    const bool unplugged = std::any_of(m_unplugged.begin(), m_unplugged.end(), [this](const SPortKey &port) {
+        return port.processor == m_processor;
+    });
+    m_clear->setEnabled(any || unplugged);
 }
 
 void CSimulationMenu::clearFaults()
@@ -62,5 +101,10 @@ void CSimulationMenu::clearFaults()
     for (const SimulationFault fault : qAsConst(m_faults)) {
         if (!ProcessorStates::contains(fault) && m_manager.isSimulated(m_processor, fault))
             m_manager.simulate(m_processor, fault, false);
+    }
+    const QSet<SPortKey> unplugged = m_unplugged;
+    for (const SPortKey &port : unplugged) {
+        if (port.processor == m_processor)
+            setUnplugged(port.port, false);
     }
 }

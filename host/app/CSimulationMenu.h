@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/api/records/PortPairs.h"
+
 #include <QHash>
 #include <QMenu>
+#include <QSet>
 #include <QUuid>
 
 class CDeviceManager;
@@ -20,13 +23,22 @@ public:
     /// The processor that the menu is about; null, or a project: the entries are disabled.
     void setProcessor(const QUuid &processor);
 
+Q_SIGNALS:
+    /// The output ports whose cables are pulled, of all processors.
+    void notifyUnpluggedChanged(const QSet<SPortKey> &ports);
+
 private:
     void createActions();
+    void addPorts();
+    void fillPorts();
+    void setUnplugged(int port, bool unplugged);
     void updateActions();
     void clearFaults();
 
     CDeviceManager &m_manager;
     QUuid m_processor;
     QHash<QAction *, SimulationFault> m_faults;
+    QMenu *m_ports = nullptr;
+    QSet<SPortKey> m_unplugged;
     QAction *m_clear = nullptr;
 };

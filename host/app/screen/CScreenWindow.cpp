@@ -5,6 +5,7 @@
 #include "host/app/screen/CRasterScreen.h"
 #include "host/app/screen/CScreenPicture.h"
 #include "host/app/screen/CSimulateScreen.h"
+#include "host/app/screen/LitWall.h"
 #include "host/devices/services/CDeviceServices.h"
 
 #include <QApplication>
@@ -115,8 +116,15 @@ void CScreenWindow::showWall()
         return;
     const std::optional<SDevice> device = m_services.table().currentDevice();
     m_picture->setStatusLed(device && device->settings.statusLed);
-    m_picture->setWall(device ? device->data() : LayoutData(),
-                       device ? device->settings.background : SBackgroundInfo());
+    LayoutData wall = device ? device->data() : LayoutData();
+    wall.layout = LitWall::of(wall.layout, m_unplugged, m_services.layoutOf());
+    m_picture->setWall(wall, device ? device->settings.background : SBackgroundInfo());
+}
+
+void CScreenWindow::setUnplugged(const QSet<SPortKey> &ports)
+{
+    m_unplugged = ports;
+    showWall();
 }
 
 void CScreenWindow::closeByUser()

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/api/records/CabinetLayout.h"
+#include "layout/api/records/PortPairs.h"
 #include "layout/api/records/SHostRecords.h"
 
 #include <QObject>
@@ -30,6 +30,8 @@ public:
 
     void setShown(bool shown);
     bool isShown() const { return m_window != nullptr; }
+    /// The output ports whose cables are pulled: what they alone feed stays dark.
+    void setUnplugged(const QSet<SPortKey> &ports);
 
 Q_SIGNALS:
     void notifyClosedByUser();
@@ -54,5 +56,6 @@ private:
     CScreenPicture *m_picture = nullptr;
     std::unique_ptr<QWidget> m_window; ///< null while it is closed
     QSet<QUuid> m_numbered;            ///< processors whose cabinets show their numbers
-    QPoint m_grip;                     ///< where the mouse holds the window, from its corner
+    QSet<SPortKey> m_unplugged;
+    QPoint m_grip; ///< where the mouse holds the window, from its corner
 };

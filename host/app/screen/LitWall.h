@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/api/records/PortPairs.h"
+
+#include <QSet>
+
+/// What is still lit on a wall when cables are pulled. Pure.
+namespace LitWall {
+
+/// @p layout without the wired cabinets that no signal reaches: those of an output port in @p unplugged,
+/// unless its redundancy port is plugged in and was given the cabinet. @p layoutOf as in PortPairs.
+CabinetLayout of(CabinetLayout layout, const QSet<SPortKey> &unplugged, const PortPairs::LayoutOf &layoutOf);
+
+} // namespace LitWall
