@@ -11,8 +11,8 @@
 namespace SelectionRules {
 
 /// The warning for a selection of @p processors in a node of @p type, a group's members included; nothing
-/// when the editor can show it, or, of several, the summary. @p anyOnline: some processor of the tree is online. Project processors count
-/// as online.
+/// when the editor can show it, or, of several, the summary. @p anyOnline: some processor of the tree is
+/// online. Project processors count as online.
 std::optional<WarningState> warningFor(PrcTreeNodeType type,
                                        const QList<ProcessorTree::ProcessorNode> &processors, bool anyOnline);
 

@@ -73,7 +73,7 @@ private:
     QByteArray damagedWhereTold(QByteArray bytes) const;
     DeviceError command();
     DeviceError keep(const SProcessorSettings &settings); ///< with the mutex held
-    SProcessorState &state();                      ///< loaded at first use; with the mutex held
+    SProcessorState &state();                             ///< loaded at first use; with the mutex held
     SProcessorMapping keptMapping();
     DeviceError
     keep(SProcessorMapping &mapping); ///< stores it as the next revision; with the mapping mutex held
