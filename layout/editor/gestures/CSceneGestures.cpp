@@ -51,11 +51,13 @@ void CSceneGestures::cancel()
 
 void CSceneGestures::beginMove(const QPointF &scenePos, const CGraphicsItemBase *joining)
 {
+    m_keys = {};
     m_press = SPress{scenePos, joining ? joining->uuid() : QUuid(), CGraphicsItemBase::NoHandle};
 }
 
 void CSceneGestures::beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos)
 {
+    m_keys = {};
     m_press = SPress{scenePos, item.uuid(), handle};
 }
 
@@ -85,13 +87,13 @@ void CSceneGestures::beginDrag(const SPress &press)
 
 void CSceneGestures::continueDrag(const QPointF &scenePos, Qt::KeyboardModifiers keys)
 {
+    m_keys = keys;
     if (m_press) {
         const QPointF way = (scenePos - m_press->place) * viewScale(m_scene);
         if (way.manhattanLength() < QApplication::startDragDistance())
             return;
         beginDrag(*std::exchange(m_press, std::nullopt));
     }
-    m_keys = keys;
     if (!m_drag)
         return;
     invalidateGuides();
