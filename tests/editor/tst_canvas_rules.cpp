@@ -2,20 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/undo/CChangeCabinetTypeCommand.h"
-#include "layout/resources/LayoutResources.h"
-#include "tests/editor/CMouseTester.h"
-#include "tests/editor/CSceneVerifier.h"
-#include "tests/harness/CTestBase.h"
+#include "tests/editor/CMouseTest.h"
 
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QTimer>
 
-#include <memory>
-
 namespace {
 
-using Items = CMouseTester::Items;
 using Record = CabinetLayout::CabinetPort::Cabinet;
 
 constexpr QPoint InEmpty(300, 170);
@@ -23,27 +17,11 @@ constexpr QPoint InEmpty(300, 170);
 } // namespace
 
 /// The rarer rules of the mouse, and what the scene's signals tell.
-class CCanvasRulesTest final : public CTestBase
+class CCanvasRulesTest final : public CMouseTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { initLayoutResources(); }
-
-    void init()
-    {
-        CTestBase::init();
-        m_mouse = std::make_unique<CMouseTester>();
-        QVERIFY(QTest::qWaitForWindowExposed(&m_mouse->view(), PatienceMilliseconds));
-        m_mouse->showAtActualSize();
-    }
-    void cleanup()
-    {
-        QCOMPARE(CSceneVerifier::faultIn(m_mouse->scene()), QString());
-        m_mouse.reset();
-        CTestBase::cleanup();
-    }
-
     void handlesEndHighlightsOfCabinetsWithoutAType_data()
     {
         QTest::addColumn<bool>("option");
@@ -134,13 +112,6 @@ private Q_SLOTS:
         QCOMPARE(m_mouse->stack().count(), 0);
     }
 
-    void aToolHidesTheMenu()
-    {
-        QCOMPARE(menuShownAt(InEmpty), true);
-        m_mouse->scene().setToolMode(ToolMode::DirectExchange, true);
-        QCOMPARE(menuShownAt(InEmpty), false);
-    }
-
     void signalsTellTheSelection()
     {
         CCabinetGraphicsScene &scene = m_mouse->scene();
@@ -184,27 +155,6 @@ private Q_SLOTS:
         QVERIFY(!canBreak);
         disconnect(&scene, nullptr, this, nullptr);
     }
-
-private:
-    bool menuShownAt(const QPoint &place)
-    {
-        bool shown = false;
-        QTimer watch;
-        connect(&watch, &QTimer::timeout, this, [&shown] {
-            if (QWidget *popup = QApplication::activePopupWidget()) {
-                shown = true;
-                popup->close();
-            }
-        });
-        watch.start(1);
-        QWidget *viewport = m_mouse->view().viewport();
-        const QPoint local = m_mouse->view().mapFromScene(place);
-        QContextMenuEvent event(QContextMenuEvent::Mouse, local, viewport->mapToGlobal(local));
-        QApplication::sendEvent(viewport, &event); // returns once the menu is closed
-        return shown;
-    }
-
-    std::unique_ptr<CMouseTester> m_mouse;
 };
 
 ORVO_TEST_MAIN(QApplication, CCanvasRulesTest)

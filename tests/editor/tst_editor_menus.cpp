@@ -97,11 +97,6 @@ QStringList words(const char *entries)
     return QString::fromLatin1(entries).split(QLatin1Char('|'));
 }
 
-QImage drawn(const QIcon &icon)
-{
-    return icon.pixmap(16, 16).toImage();
-}
-
 } // namespace
 
 class CEditorMenusTest final : public CTestBase
@@ -233,38 +228,6 @@ private Q_SLOTS:
         QVERIFY(world.scene.portItem(2)->cabinets(nullptr).isEmpty());
     }
 
-    void editEntriesEditTheLayout()
-    {
-        SMenuWorld world;
-        const CabinetLayout original = world.layout();
-        const CGraphicsPortItem &port = *world.scene.portItem(0);
-        world.choose({&world.top(0, 0), &world.top(0, 1)}, "Group");
-        QCOMPARE(port.topItems().size(), 2);
-        const CabinetLayout grouped = world.layout();
-        world.choose({&world.top(0, 0)}, "Undo");
-        QCOMPARE(world.layout(), original);
-        world.choose({&world.top(0, 0)}, "Redo");
-        QCOMPARE(world.layout(), grouped);
-        world.choose({world.scene.selection().groups().first()}, "Ungroup");
-        QCOMPARE(port.topItems().size(), 3);
-        for (int step = 0; step < 2; ++step)
-            world.choose({&world.top(0, 0)}, "Undo");
-        QCOMPARE(world.layout(), original);
-
-        world.choose({&world.top(0, 1), &world.top(0, 2)}, "Copy");
-        const PasteCache copied = world.scene.backend().placing().cache();
-        QCOMPARE(copied.groups.first().cabinets.size(), 2);
-        QCOMPARE(world.layout(), original);
-        world.choose({&world.top(0, 1)}, "Select all");
-        QCOMPARE(world.scene.selection().count(), 7);
-        world.choose({&world.top(0, 0), &world.top(0, 1)}, "Delete cabinet");
-        QCOMPARE(port.cabinets(nullptr).size(), 1);
-        QCOMPARE(world.scene.undoStack()->undoText(), QStringLiteral("Delete"));
-        QCOMPARE(world.scene.backend().placing().cache(), copied); // deleting is no cutting
-        world.choose({&world.top(0, 0)}, "Undo");
-        QCOMPARE(world.layout(), original);
-    }
-
     void clearTopologyIsAboutThePortThatWasClicked()
     {
         SMenuWorld world;
@@ -278,75 +241,6 @@ private Q_SLOTS:
         QCOMPARE(*world.layout().port(1), *original.port(1));
         QCOMPARE(user.boxes().size(), 2);
         QCOMPARE(user.boxes().first().defaultButton, QStringLiteral("Yes"));
-    }
-
-    void entriesHaveTheirKeysAndPictures_data()
-    {
-        QTest::addColumn<QString>("clicked");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QList<QKeySequence>>("keys");
-        QTest::addColumn<QString>("picture");
-        const QString one = QStringLiteral("one");
-        const auto row = [](const char *text, const QList<QKeySequence> &keys, const char *picture,
-                            const QString &clicked) {
-            QTest::newRow(qPrintable(QLatin1String(text) + QLatin1Char(' ') + clicked))
-                << clicked << text << keys << picture;
-        };
-        const auto standard = [](QKeySequence::StandardKey key) { return QKeySequence::keyBindings(key); };
-        row("Undo", standard(QKeySequence::Undo), "Layout/Menu/undo", one);
-        row("Redo", standard(QKeySequence::Redo), "Layout/Menu/redo", one);
-        row("Group", {Qt::CTRL | Qt::Key_G}, "", QStringLiteral("pair"));
-        row("Ungroup", {Qt::CTRL | Qt::SHIFT | Qt::Key_G}, "Layout/Menu/ungroup", QStringLiteral("group"));
-        row("Select all", standard(QKeySequence::SelectAll), "", one);
-        row("Cut", standard(QKeySequence::Cut), "Layout/Menu/cut", one);
-        row("Copy", standard(QKeySequence::Copy), "Layout/Menu/copy", one);
-        row("Delete cabinet", {}, "Layout/Menu/delete", one);
-        row("Clear topology", {}, "Layout/Menu/clear_topology", one);
-        row("Set type...", {}, "", one);
-        row("Select the same type", {}, "Menu/placeholder", one);
-        row("Export cabinet configuration< .rcvbp> file...", {}, "Layout/PortList/Menu/export", one);
-        row("Readback from connected cabinet...", {}, "Layout/Menu/readback", one);
-        row("Readback from connected cabinet...", {}, "Layout/Menu/readback_disabled",
-            QStringLiteral("offline"));
-    }
-    void entriesHaveTheirKeysAndPictures()
-    {
-        QFETCH(QString, clicked);
-        QFETCH(QString, text);
-        QFETCH(QString, picture);
-        SMenuWorld world;
-        if (clicked == QLatin1String("offline"))
-            world.commands.refusal = QStringLiteral("The processor is offline.");
-        CGraphicsItemBase *single = &world.top(2, 0);
-        if (clicked == QLatin1String("group"))
-            single = &world.top(1, 1);
-        QVector<CGraphicsItemBase *> selected = {single};
-        if (clicked == QLatin1String("pair"))
-            selected << &world.top(2, 1);
-        world.fill(*single, selected);
-        const QAction *action = entry(*world.menu, text.toLatin1().constData());
-        QVERIFY(action);
-        QTEST(action->shortcuts(), "keys");
-        if (picture.isEmpty()) {
-            QVERIFY(action->icon().isNull());
-            return;
-        }
-        const QImage expected = drawn(QIcon(QStringLiteral(":/Image/%1.svg").arg(picture)));
-        QVERIFY(!expected.isNull());
-        QCOMPARE(drawn(action->icon()), expected);
-        if (picture.contains(QLatin1String("readback")))
-            QVERIFY(drawn(QIcon(QStringLiteral(":/Image/Layout/Menu/readback.svg"))) !=
-                    drawn(QIcon(QStringLiteral(":/Image/Layout/Menu/readback_disabled.svg"))));
-    }
-
-    void untypedCabinetsAreAlikeWhenOfOneSize()
-    {
-        SMenuWorld world;
-        world.top(0, 0).setSelected(true);
-        world.scene.backend().shape().resizeTo(QSize(64, 64));
-        world.scene.backend().picks().sameType(world.top(0, 1).uuid());
-        QCOMPARE(world.scene.selection().items(),
-                 (QSet<CGraphicsItemBase *>{&world.top(0, 1), &world.top(0, 2)}));
     }
 };
 

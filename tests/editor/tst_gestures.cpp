@@ -1,17 +1,12 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/items/CGraphicsGroupItem.h"
-#include "layout/resources/LayoutResources.h"
-#include "tests/editor/CMouseTester.h"
-#include "tests/editor/CSceneVerifier.h"
-#include "tests/harness/CTestBase.h"
+#include "tests/editor/CMouseTest.h"
 
 #include <functional>
-#include <memory>
 
 namespace {
 
-using Items = CMouseTester::Items;
 using Interruption = std::function<void(CMouseTester &)>;
 
 constexpr QPoint InEmpty(300, 170);
@@ -29,27 +24,11 @@ void showAgain(CMouseTester &mouse, bool otherProcessor, bool undoable)
 Q_DECLARE_METATYPE(Interruption)
 
 /// What happens to the scene while the user holds the mouse button down.
-class CGesturesTest final : public CTestBase
+class CGesturesTest final : public CMouseTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { initLayoutResources(); }
-
-    void init()
-    {
-        CTestBase::init();
-        m_mouse = std::make_unique<CMouseTester>();
-        QVERIFY(QTest::qWaitForWindowExposed(&m_mouse->view(), PatienceMilliseconds));
-        m_mouse->showAtActualSize();
-    }
-    void cleanup()
-    {
-        QCOMPARE(CSceneVerifier::faultIn(m_mouse->scene()), QString());
-        m_mouse.reset();
-        CTestBase::cleanup();
-    }
-
     void readingInMidDragGivesItsStart_data()
     {
         QTest::addColumn<QPoint>("press");
@@ -237,9 +216,6 @@ private Q_SLOTS:
         QCOMPARE(m_mouse->stack().count(), 2);
         disconnect(&scene, nullptr, this, nullptr);
     }
-
-private:
-    std::unique_ptr<CMouseTester> m_mouse;
 };
 
 ORVO_TEST_MAIN(QApplication, CGesturesTest)

@@ -162,29 +162,6 @@ private Q_SLOTS:
         QVERIFY(second.ports.at(1).locked && !first.ports.at(1).locked);
     }
 
-    void followsThePortsColour()
-    {
-        const LayoutData data = SmallWorlds::data({SmallWorlds::nestedPort(0)});
-        CFixedPortStates states;
-        states.colors[0] = Qt::darkBlue;
-        CCabinetGraphicsScene scene(states);
-        scene.setLayoutData(SmallWorlds::node(data), data);
-        const auto *cabinet = scene.portItem(0)->cabinets(nullptr).last();
-        QCOMPARE(cabinet->brush().color(), QColor(Qt::darkBlue));
-        scene.onNotifyCabinetColorChanged(0, Qt::darkGreen);
-        QCOMPARE(cabinet->brush().color(), QColor(Qt::darkGreen));
-        states.colors[0] = Qt::darkYellow;
-        scene.onNotifyProcessorStateChanged();
-        QCOMPARE(cabinet->brush().color(), QColor(Qt::darkYellow));
-
-        LayoutData changed = data; // shown in place
-        changed.layout.ports[0].color = Qt::darkRed;
-        scene.setLayoutData(SmallWorlds::node(data), changed, {}, {}, true);
-        QCOMPARE(scene.portItem(0)->fill(), QColor(Qt::darkRed));
-        scene.setLayoutData(SmallWorlds::node(data), data, {}, {}, true); // has no colour of its own
-        QCOMPARE(scene.portItem(0)->fill(), QColor(Qt::darkYellow));
-    }
-
     void zoomsAtTheCursorAndFits()
     {
         const LayoutData data = SmallWorlds::data({SmallWorlds::wiredPort(0, 64)});

@@ -1,11 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/resources/LayoutResources.h"
 #include "platform/graphics/CAerialView.h"
-#include "tests/editor/CMouseTester.h"
-#include "tests/editor/CNotedCommands.h"
+#include "tests/editor/CMouseTest.h"
 #include "tests/harness/CSignalLog.h"
-#include "tests/harness/CTestBase.h"
 
 #include <QToolButton>
 
@@ -17,26 +14,11 @@ using Cabinet = CabinetLayout::CabinetPort::Cabinet;
 } // namespace
 
 /// The view as the rest of the module uses it.
-class CLayoutViewTest final : public CTestBase
+class CLayoutViewTest final : public CMouseTest
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { initLayoutResources(); }
-    void init()
-    {
-        CTestBase::init();
-        m_mouse = std::make_unique<CMouseTester>();
-        m_mouse->view().setCommands(&m_commands);
-        m_mouse->showAtActualSize();
-    }
-    void cleanup()
-    {
-        m_mouse.reset();
-        m_commands = CNotedCommands();
-        CTestBase::cleanup();
-    }
-
     void tellsWhatIsSelected()
     {
         CLayoutGraphicsView &view = m_mouse->view();
@@ -182,8 +164,13 @@ private Q_SLOTS:
         m_mouse->scene().clearSelection();
         m_mouse->scene().backend().picks().port(0, true); // does not bring them back
         QCOMPARE(enabledTools(), looking);
-        QTest::keyClick(&view, Qt::Key_Delete);
-        QTest::keyClick(&view, Qt::Key_Z, Qt::ControlModifier);
+        for (const int key : {Qt::Key_Right, Qt::Key_Delete, Qt::Key_Escape})
+            QTest::keyClick(&view, Qt::Key(key));
+        for (const int key : {Qt::Key_A, Qt::Key_G, Qt::Key_Z})
+            QTest::keyClick(&view, Qt::Key(key), Qt::ControlModifier);
+        m_mouse->drag({64, 64}, {50, 50});
+        m_mouse->click({450, 60});
+        QCOMPARE(m_mouse->selected().size(), 3);
         QCOMPARE(m_mouse->layout(), moved);
         view.toolBar().button(CEditorToolBar::Navigator)->click();
         QVERIFY(view.aerialView().isVisible());
@@ -224,9 +211,6 @@ private:
         }
         return uuids;
     }
-
-    CNotedCommands m_commands;
-    std::unique_ptr<CMouseTester> m_mouse;
 };
 
 ORVO_TEST_MAIN(QApplication, CLayoutViewTest)

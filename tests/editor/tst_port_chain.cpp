@@ -276,43 +276,6 @@ private Q_SLOTS:
         QCOMPARE(cabinet.incoming()->line(), QLineF(port.cabinet('C').exitPoint(), place + entry));
         QCOMPARE(cabinet.outgoing()->line(), QLineF(place + exit, port.cabinet('D').entryPoint()));
     }
-
-    void linesFollow()
-    {
-        CLetterPort port(SmallWorlds::nestedPort(0));
-        Cabinet *inGroup = port.chain().at(0);
-        CGraphicsConnectionItem *line = inGroup->outgoing();
-        const QLineF before = line->line();
-        inGroup->setPos(inGroup->pos() + QPointF(7, -9));
-        QCOMPARE(line->line(), QLineF(before.p1() + QPointF(7, -9), before.p2()));
-
-        inGroup->setSize({40, 60});
-        inGroup->followGeometry();
-        const QPointF corner = inGroup->scenePos();
-        QCOMPARE(line->line(), QLineF(corner + QPointF(20, 30), before.p2()));
-
-        CGraphicsItemBase &outermost = inGroup->outermost();
-        outermost.setPos(outermost.pos() + QPointF(-100, 33));
-        const QPointF shift(-100, 33);
-        QCOMPARE(line->line(), QLineF(corner + QPointF(20, 30) + shift, before.p2() + shift));
-        QCOMPARE(CSceneVerifier::faultIn(port.scene()), QString());
-    }
-
-    void linesLieAboveInTheirPen()
-    {
-        CLetterPort port(unwired());
-        port.run(QStringLiteral("+A +B"));
-        const CGraphicsConnectionItem *line = port.cabinet('A').outgoing();
-        QCOMPARE(line->type(), QGraphicsItem::UserType + 2);
-        QCOMPARE(line->zValue(), 900.0);
-        QCOMPARE(line->parentItem(), static_cast<QGraphicsItem *>(port.scene().portItem(0)));
-        const QPen pen = line->pen();
-        QCOMPARE(pen.brush(), QBrush(QColor(255, 252, 225), Qt::SolidPattern));
-        QCOMPARE(pen.widthF(), 0.0);
-        QCOMPARE(pen.dashPattern(), (QVector<qreal>{4, 2}));
-        QCOMPARE(pen.capStyle(), Qt::SquareCap);
-        QCOMPARE(pen.joinStyle(), Qt::MiterJoin);
-    }
 };
 
 ORVO_TEST_MAIN(QApplication, CPortChainTest)

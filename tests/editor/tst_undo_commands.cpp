@@ -17,33 +17,6 @@ class CUndoCommandsTest final : public CTestBase
     Q_OBJECT
 
 private Q_SLOTS:
-    void idsAndTexts()
-    {
-        World world;
-        Cabinet &cabinet = World::cabinet(world.scene, 0, 0);
-        cabinet.setName(QStringLiteral("A1"));
-        const CMoveCommand moveIt(&cabinet);
-        const CReszieCommand resizeIt(&cabinet);
-        const CMoveCommand movePort(world.scene.portItem(0));
-        const CAppendCommand appendIt(&cabinet);
-        const CRemoveCommand removeIt(&cabinet);
-        const CCreateGroupCommand groupIt(&cabinet);
-        const CBreakGroupCommand ungroupIt(&cabinet);
-        const CCreateWiringCommand wireIt(&cabinet);
-        const CBreakWiringCommand unwireIt(&cabinet);
-        const CChangeCabinetTypeCommand changeIt(&cabinet);
-        const QVector<QPair<const QUndoCommand *, QPair<int, const char *>>> expected = {
-            {&moveIt, {0, "Move A1"}},           {&resizeIt, {1, "Resize A1"}},
-            {&movePort, {0, "Move "}},           {&appendIt, {2, "Append "}},
-            {&removeIt, {3, "Remove "}},         {&groupIt, {4, "Group "}},
-            {&ungroupIt, {5, "Ungroup "}},       {&wireIt, {6, "Create wiring "}},
-            {&unwireIt, {7, "Clear topology "}}, {&changeIt, {8, "Change cabinet type "}}};
-        for (const auto &row : expected) {
-            QCOMPARE(row.first->id(), row.second.first);
-            QCOMPARE(row.first->text(), QString::fromLatin1(row.second.second));
-        }
-    }
-
     void whatIsRecorded()
     {
         World world;
@@ -193,20 +166,6 @@ private Q_SLOTS:
         vanish(world.scene, cabinet);
         world.stack().push(next);
         QCOMPARE(world.stack().count(), 2);
-    }
-
-    void recordsHoldRoundedEdges()
-    {
-        World world;
-        Cabinet &cabinet = World::cabinet(world.scene, 0, 1);
-        const QRect expected(QPoint(11, 0), QPoint(30, 9));
-        world.stack().push(move(cabinet, {10.5, -0.5}));
-        world.stack().push(make<CReszieCommand>(cabinet, QSizeF(128, 128), QSizeF(20, 10)));
-        QCOMPARE(cabinet.cabinet().rect, expected);
-        world.stack().push(make<CMoveCommand>(cabinet, QPointF(900, 900), QPointF(700, 700)));
-        QVERIFY(cabinet.cabinet().rect != expected);
-        world.stack().push(make<CMoveCommand>(cabinet, QPointF(), QPointF(10.5, -0.5)));
-        QCOMPARE(cabinet.cabinet().rect, expected);
     }
 
     void aGroupLeavesWithItsMembers()

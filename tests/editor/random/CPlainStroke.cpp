@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <tuple>
 
-QVector<QUuid> CPlainStroke::crossed(const CPlainSnake::Cells &cells, const QPointF &from, const QPointF &to)
+QVector<QUuid> CPlainStroke::crossed(const Cells &cells, const QPointF &from, const QPointF &to)
 {
     // The lines on which edges lie cut the way into pieces; each piece is in a cabinet or it is not.
     const QPointF step = to - from;
@@ -23,7 +23,7 @@ QVector<QUuid> CPlainStroke::crossed(const CPlainSnake::Cells &cells, const QPoi
     }
     std::sort(cuts.begin(), cuts.end());
     cuts.erase(std::unique(cuts.begin(), cuts.end()), cuts.end());
-    CPlainSnake::Cells byPlace = cells;
+    Cells byPlace = cells;
     std::sort(byPlace.begin(), byPlace.end(), [](const auto &a, const auto &b) {
         const QPoint first = a.second.topLeft();
         const QPoint second = b.second.topLeft();

@@ -64,9 +64,9 @@ QVector<QUuid> CReferenceLayout::cabinetsIn(int port) const
     return cabinets;
 }
 
-CPlainSnake::Cells CReferenceLayout::cellsOf(const QVector<QUuid> &cabinets) const
+CPlainStroke::Cells CReferenceLayout::cellsOf(const QVector<QUuid> &cabinets) const
 {
-    CPlainSnake::Cells cells;
+    CPlainStroke::Cells cells;
     for (const QUuid &cabinet : cabinets)
         cells << qMakePair(cabinet, m_cabinets.value(cabinet).rect);
     return cells;

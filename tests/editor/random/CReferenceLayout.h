@@ -3,7 +3,7 @@
 #pragma once
 
 #include "layout/api/records/CabinetLayout.h"
-#include "tests/editor/random/CPlainSnake.h"
+#include "tests/editor/random/CPlainStroke.h"
 
 #include <QMap>
 #include <QSet>
@@ -29,7 +29,7 @@ public:
     QVector<QUuid> chain(int port) const { return m_chains.value(port); }
     QVector<QUuid> cabinetsIn(int port) const;
     QSet<QUuid> cabinetsBelow(const QSet<QUuid> &items) const;
-    CPlainSnake::Cells cellsOf(const QVector<QUuid> &cabinets) const;
+    CPlainStroke::Cells cellsOf(const QVector<QUuid> &cabinets) const;
     QSet<QUuid> topItems() const; ///< that lie in no group
     /// The cabinets of its port with the type of @p cabinet, or without one and of its size.
     QSet<QUuid> sameType(const QUuid &cabinet) const;

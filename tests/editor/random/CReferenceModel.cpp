@@ -1,8 +1,10 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/editor/random/CReferenceModel.h"
-#include "layout/geometry/CReceiverAreas.h"
 
+#include "layout/geometry/CAppendPlan.h"
+#include "layout/geometry/CReceiverAreas.h"
+#include "layout/geometry/CSnakeOrder.h"
 #include "tests/editor/random/CPlainStroke.h"
 
 #include <algorithm>
@@ -20,6 +22,17 @@ QRect scaled(const QRect &rect, const QSize &from, const QSize &to)
     const QSize size(share(rect.left() + rect.width(), to.width(), from.width()) - corner.x(),
                      share(rect.top() + rect.height(), to.height(), from.height()) - corner.y());
     return QRect(corner, size.expandedTo(QSize(1, 1)));
+}
+
+QVector<QUuid> inOrder(const CPlainStroke::Cells &cells, int pattern)
+{
+    QVector<CSnakeOrder::SCell> places;
+    for (const auto &cell : cells)
+        places << CSnakeOrder::SCell{QRectF(cell.second), cell.first};
+    QVector<QUuid> order;
+    for (const int index : CSnakeOrder::order(places, pattern))
+        order << cells.at(index).first;
+    return order;
 }
 
 } // namespace
@@ -156,7 +169,7 @@ void CReferenceModel::wireByPattern(const QSet<QUuid> &cabinets, int pattern)
                 return first.y() < second.y();
             return first.x() != second.x() ? first.x() < second.x() : a < b;
         });
-        const QVector<QUuid> stretch = CPlainSnake::ofPattern(pattern).order(cellsOf(selected));
+        const QVector<QUuid> stretch = inOrder(cellsOf(selected), pattern);
         QVector<QUuid> result;
         bool placed = false;
         for (const QUuid &cabinet : qAsConst(*chain)) {
@@ -181,7 +194,7 @@ void CReferenceModel::unwire(const QSet<QUuid> &cabinets)
 
 void CReferenceModel::drawStroke(int port, const QUuid &first, const QVector<QPointF> &way)
 {
-    const CPlainSnake::Cells cells = cellsOf(cabinetsIn(port));
+    const CPlainStroke::Cells cells = cellsOf(cabinetsIn(port));
     QVector<QUuid> once = {first};
     for (int i = 0; i + 1 < way.size(); ++i) {
         for (const QUuid &cabinet : CPlainStroke::crossed(cells, way.at(i), way.at(i + 1))) {
@@ -319,8 +332,7 @@ void CReferenceModel::paste(const CReferenceModel &copy, int port, const QPoint 
 
 void CReferenceModel::append(int port, const QVector<QRect> &cells, const TypeInfo &type)
 {
-    CPlainSnake::Cells placed;
-    QRect block;
+    CPlainStroke::Cells placed;
     for (const QRect &cell : cells) {
         const bool fits = cell.size() == QSize(type.width, type.height);
         const QUuid cabinet = invent();
@@ -328,10 +340,8 @@ void CReferenceModel::append(int port, const QVector<QRect> &cells, const TypeIn
         areas.rects = fits ? type.receivers : QVector<QRect>();
         m_cabinets.insert(cabinet, {port, cell, QUuid(), type.key, areas, false});
         placed << qMakePair(cabinet, cell);
-        block |= cell;
     }
     QVector<QUuid> &chain = m_chains[port];
-    chain += (chain.isEmpty() ? CPlainSnake::beginningAt(cells.first(), block)
-                              : CPlainSnake::runningOn(m_cabinets.value(chain.last()).rect, block))
-                 .order(placed);
+    const QRect tail = chain.isEmpty() ? QRect() : m_cabinets.value(chain.last()).rect;
+    chain += inOrder(placed, CAppendPlan::patternAfter(tail, cells));
 }
