@@ -53,7 +53,6 @@ struct SMenuWorld
     {
         const LayoutData data = SmallWorlds::data({SmallWorlds::wiredPort(0, 3), SmallWorlds::nestedPort(1),
                                                    SmallWorlds::receiverPort(2), SmallWorlds::port(3, {})});
-        processor = data.processor;
         scene.setLayoutData(SmallWorlds::node(data), data);
     }
 
@@ -72,20 +71,7 @@ struct SMenuWorld
         menu = std::make_unique<QMenu>();
         CCabinetMenu(*menu, scene.backend(), &commands, item, nullptr).fill();
     }
-    /// Right-clicks the first of @p selected and chooses the entry.
-    void choose(const QVector<CGraphicsItemBase *> &selected, const char *text)
-    {
-        fill(*selected.first(), selected);
-        entry(*menu, text)->trigger();
-    }
-    CabinetLayout layout() const
-    {
-        CabinetLayout layout;
-        scene.getLayoutData(layout, processor);
-        return layout;
-    }
 
-    QUuid processor;
     CFixedPortStates states;
     CNotedCommands commands;
     CCabinetGraphicsScene scene{states};
@@ -135,22 +121,6 @@ private Q_SLOTS:
         QMenu portless;
         CCanvasMenu(portless, world.scene.backend(), &world.commands, nullptr).fill({});
         QVERIFY(!entry(portless, "Clear topology") && !entry(portless, "Paste"));
-    }
-
-    void clearsAPortOnlyAfterAYes()
-    {
-        SMenuWorld world;
-        world.states.current = 0;
-        QMenu menu;
-        CCanvasMenu(menu, world.scene.backend(), &world.commands, nullptr).fill({});
-        CMessageBoxAnswerer user({QStringLiteral("No"), QStringLiteral("Yes")});
-        entry(menu, "Clear topology")->trigger();
-        QCOMPARE(world.scene.portItem(0)->chain().order().size(), 3);
-        entry(menu, "Clear topology")->trigger();
-        QCOMPARE(world.scene.portItem(0)->chain().order().size(), 0);
-        const QString question =
-            QStringLiteral("Are you sure you want to clear topology for the output port?");
-        QCOMPARE(user.texts(), (QStringList{question, question}));
     }
 
     void aYesForAnotherProcessorClearsNothing()
@@ -226,21 +196,6 @@ private Q_SLOTS:
         QCOMPARE(world.scene.selection().count(), 2);
         entry(*world.menu, "Cut")->trigger();
         QVERIFY(world.scene.portItem(2)->cabinets(nullptr).isEmpty());
-    }
-
-    void clearTopologyIsAboutThePortThatWasClicked()
-    {
-        SMenuWorld world;
-        world.states.current = 1;
-        CMessageBoxAnswerer user({QStringLiteral("No"), QStringLiteral("Yes")});
-        const CabinetLayout original = world.layout();
-        world.choose({&world.top(0, 1)}, "Clear topology");
-        QCOMPARE(world.layout(), original);
-        world.choose({&world.top(0, 1)}, "Clear topology");
-        QVERIFY(world.scene.portItem(0)->chain().order().isEmpty());
-        QCOMPARE(*world.layout().port(1), *original.port(1));
-        QCOMPARE(user.boxes().size(), 2);
-        QCOMPARE(user.boxes().first().defaultButton, QStringLiteral("Yes"));
     }
 };
 

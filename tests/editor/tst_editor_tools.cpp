@@ -141,20 +141,6 @@ private Q_SLOTS:
         QVERIFY(!m_mouse->cabinet(3, 0).isHighlighted());
         QCOMPARE(m_mouse->stack().count(), 0);
     }
-    void highlightsGoWithTheirCabinets()
-    {
-        bar().button(Bar::Calibrate)->click();
-        m_mouse->click({450, 60});
-        bar().chooseMode(Bar::Arrow);
-        bar().chooseMode(Bar::Calibrate);
-        m_mouse->click({450, 60});
-        m_mouse->cabinet(3, 0).setSelected(true);
-        m_mouse->scene().backend().operations().remove();
-        QVERIFY(m_mouse->scene().backend().highlights().records().isEmpty());
-        m_mouse->scene().undo(nullptr);
-        QCOMPARE(m_mouse->layout(), m_mouse->original());
-    }
-
     void figuresShapeTheSelection()
     {
         CLayoutGraphicsView &view = m_mouse->view();

@@ -28,7 +28,7 @@ struct SEditWorld
 
     SEditWorld() { show(data); }
     void show(const LayoutData &shown) { scene.setLayoutData(SmallWorlds::node(shown), shown); }
-    void reload(const LayoutData &shown, const QSet<QUuid> &selected = {})
+    void reload(const LayoutData &shown, const QList<QUuid> &selected = {})
     {
         scene.setLayoutData(SmallWorlds::node(shown), shown, {}, selected, true);
     }

@@ -33,6 +33,7 @@ CRandomEdits::CRandomEdits(SRandomScene &world, QRandomGenerator &random, CRefer
 
 bool CRandomEdits::carryOut(int kind)
 {
+    m_kind = kind;
     switch (kind) {
     case Drag:
         return dragSelection();

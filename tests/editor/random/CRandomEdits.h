@@ -17,6 +17,8 @@ public:
 
     /// Gives whether the edit may change the layout.
     bool carryOut(int kind);
+    /// What was carried out, of a menu the entry.
+    int kind() const { return m_kind; }
     /// What must be selected afterwards; nothing where that is open.
     const std::optional<QSet<QUuid>> &selection() const { return m_selection; }
     bool isHighlight() const { return m_highlights; }
@@ -50,6 +52,7 @@ private:
     CRandomPlacing m_placing;
     QSet<QUuid> m_items; // selected at the beginning
     bool m_refused;      // a port of theirs is locked
+    int m_kind = 0;
     bool m_highlights = false;
     std::optional<QSet<QUuid>> m_selection;
     QAction *m_entry = nullptr; // acts in place of the scene

@@ -32,7 +32,7 @@ void forgetHighlights(QVector<CabinetLayout::CabinetPort::CabinetGroup> &groups)
 
 QString CRandomWorld::kindName(int kind)
 {
-    return QString::fromLatin1(kindNames[kind]);
+    return QString::fromLatin1(QMetaEnum::fromType<EKind>().valueToKey(kind));
 }
 
 CRandomWorld::CRandomWorld(quint32 seed)
@@ -122,6 +122,9 @@ QString CRandomWorld::edit(int kind, QRandomGenerator &random)
         return QStringLiteral("what does nothing has recorded a step or announced a change");
     if (m_world.selectionSignals > 1 || m_world.sceneSignals > 1)
         return QStringLiteral("more than one signal for one operation");
+    if (m_scene.undoStack()->index() > indexBefore &&
+        m_scene.undoStack()->undoText() != RandomKinds::stepText(edits.kind()))
+        return QStringLiteral("the step is called %1").arg(m_scene.undoStack()->undoText());
     if (edits.selection() && m_world.selected() != *edits.selection())
         return QStringLiteral("another selection than wanted");
     if (m_scene.backend().placing().isAppending() || m_scene.backend().placing().cache() != m_world.cache)

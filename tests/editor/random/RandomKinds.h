@@ -2,8 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QHash>
+#include <QMetaEnum>
+#include <QString>
+
 /// The operations of random runs and their names in reports.
 namespace RandomKinds {
+
+Q_NAMESPACE
 
 enum EKind {
     NudgeUp,
@@ -42,41 +48,36 @@ enum EKind {
     LookAway
 };
 
-constexpr const char *kindNames[] = {"nudge up",
-                                     "nudge down",
-                                     "nudge left",
-                                     "nudge right",
-                                     "drag",
-                                     "resize",
-                                     "group",
-                                     "ungroup",
-                                     "pattern",
-                                     "break",
-                                     "clear port",
-                                     "pen",
-                                     "delete",
-                                     "lock",
-                                     "history",
-                                     "reload",
-                                     "reload undoably",
-                                     "host news",
-                                     "interrupt drag",
-                                     "backup",
-                                     "exchange",
-                                     "cut",
-                                     "copy",
-                                     "paste",
-                                     "append",
-                                     "set type",
-                                     "arrange",
-                                     "move to",
-                                     "resize to",
-                                     "same type",
-                                     "select all",
-                                     "highlight",
-                                     "menu",
-                                     "look away"};
+Q_ENUM_NS(EKind)
 
-constexpr int Count = int(sizeof(kindNames) / sizeof(*kindNames));
+constexpr int Count = LookAway + 1;
+
+/// What the step of an edit is called; empty for what is none.
+inline QString stepText(int kind)
+{
+    static const QHash<int, QString> texts = {{NudgeUp, QStringLiteral("Move")},
+                                              {NudgeDown, QStringLiteral("Move")},
+                                              {NudgeLeft, QStringLiteral("Move")},
+                                              {NudgeRight, QStringLiteral("Move")},
+                                              {Drag, QStringLiteral("Move")},
+                                              {Resize, QStringLiteral("Scale")},
+                                              {Group, QStringLiteral("Group")},
+                                              {Ungroup, QStringLiteral("Ungroup")},
+                                              {Pattern, QStringLiteral("topologyWiring")},
+                                              {Break, QStringLiteral("breakSelectedWiring")},
+                                              {ClearPort, QStringLiteral("BreakPortWiring")},
+                                              {Pen, QStringLiteral("createTopologyWiring")},
+                                              {Delete, QStringLiteral("Delete")},
+                                              {Cut, QStringLiteral("Delete")},
+                                              {Backup, QStringLiteral("Backup")},
+                                              {Exchange, QStringLiteral("Head-to-tail exchange")},
+                                              {Paste, QStringLiteral("Paste")},
+                                              {Append, QStringLiteral("Append")},
+                                              {SetType, QStringLiteral("Change cabinet type")},
+                                              {Arrange, QStringLiteral("ChangeRank")},
+                                              {MoveTo, QStringLiteral("ChangePosition")},
+                                              {ResizeTo, QStringLiteral("ChangeSize")}};
+    return texts.value(kind);
+}
 
 } // namespace RandomKinds
