@@ -116,7 +116,8 @@ private Q_SLOTS:
     {
         QFETCH(bool, closed);
         const QTemporaryDir home;
-        for (const CSimulatedPark::Processor &processor : CSimulatedPark(home.path(), 0).processors()) {
+        const CSimulatedPark park(home.path(), 0);
+        for (const CSimulatedPark::Processor &processor : park.processors()) {
             QFile state(CProcessorStateFiles(home.path(), processor->identity().uuid).settingsFile());
             QVERIFY(state.open(QIODevice::WriteOnly)); // empty is damaged, and a warning tells so
         }
