@@ -34,14 +34,13 @@ QString textAcrossProcessors(const ProcessorTree::ProcessorNode &node, int prima
 SPortRedundancyNote SPortRedundancyNote::of(const CabinetLayout &layout, int port,
                                             const PortPairs::LayoutOf &layoutOf, const NodeOf &nodeOf)
 {
-    using Port = PortPairs::Port;
-    const Port *own = layout.port(port);
-    if (!own || own->redundancy == Port::NoRedundancy)
+    const PortPairs::Port *own = layout.port(port);
+    if (!own || own->redundancy == PortPairs::Port::NoRedundancy)
         return {};
-    const std::optional<Port> other = PortPairs::partner(layout, *own, layoutOf);
+    const std::optional<PortPairs::Port> other = PortPairs::partner(layout, *own, layoutOf);
     if (!other)
         return {noteText(QT_TRANSLATE_NOOP("CPort", "Please reset the mapping.")), true};
-    if (own->redundancy == Port::Primary)
+    if (own->redundancy == PortPairs::Port::Primary)
         return {};
     const bool matches = PortPairs::cabinetsMatch(*own, *other);
     const QUuid processor = PortPairs::partnerKey(layout, *own).processor;

@@ -116,7 +116,7 @@ private Q_SLOTS:
         checkFields<Port>(
             plain, &CRecordJson::port,
             {[](Port &p) { p.index = 1023; }, [](Port &p) { p.groups << group({cabinetIn(0)}); },
-             [key](Port &p) { p.groups << group({}, {group({})}); },
+             [](Port &p) { p.groups << group({}, {group({})}); },
              [](Port &p) {
                  p.groups.resize(1);
                  p.groups[0].name = QStringLiteral("left");
