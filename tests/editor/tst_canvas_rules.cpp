@@ -12,8 +12,6 @@ namespace {
 
 using Record = CabinetLayout::CabinetPort::Cabinet;
 
-constexpr QPoint InEmpty(300, 170);
-
 } // namespace
 
 /// The rarer rules of the mouse, and what the scene's signals tell.
