@@ -14,6 +14,8 @@
 
 #include <QTemporaryDir>
 
+#include <atomic>
+
 namespace {
 
 /// An editor with an edit that the host does not know of yet, and all commands that ask the host.
@@ -84,8 +86,8 @@ private Q_SLOTS:
         QFETCH(QString, operation);
         QFETCH(Command, command);
         SEditedWorld world;
-        bool asked = false;
-        bool knew = false;
+        std::atomic<bool> asked{false}; // the hand-over's thread calls the host, too
+        std::atomic<bool> knew{false};
         world.answers()->onCalled = [&](const QString &call) {
             if (call == QLatin1String("layoutData") && !asked)
                 world.editor.move(0); // while the user is asked about locked ports
