@@ -4,15 +4,9 @@
 
 #include "layout/api/records/LayoutData.h"
 #include "layout/api/records/SBackgroundInfo.h"
+#include "layout/data/SPortFacts.h"
 
 #include <QHash>
-
-/// What a walk over the cabinets of a port has given.
-struct SPortFacts
-{
-    QRect area;               ///< of its cabinets on the canvas
-    bool highlighted = false; ///< one of them carries the number of a running highlight
-};
 
 /// What the store remembers of one processor.
 class CProcessorState

@@ -16,28 +16,6 @@ bool shares(const QVector<Group> &a, const QVector<Group> &b)
     return a.constData() == b.constData() && a.size() == b.size();
 }
 
-bool hasCalibration(const Group &group)
-{
-    return std::any_of(group.cabinets.begin(), group.cabinets.end(),
-                       [](const Port::Cabinet &cabinet) { return cabinet.calibrationIndex != -1; }) ||
-           std::any_of(group.groups.begin(), group.groups.end(), hasCalibration);
-}
-
-void clearCalibration(QVector<Group> &groups)
-{
-    for (Group &group : groups) {
-        for (Port::Cabinet &cabinet : group.cabinets)
-            cabinet.calibrationIndex = -1;
-        clearCalibration(group.groups);
-    }
-}
-
-SPortFacts factsOf(const Port &port)
-{
-    return {CabinetLayout{QUuid(), {port}}.boundingRect(),
-            std::any_of(port.groups.begin(), port.groups.end(), hasCalibration)};
-}
-
 QVector<int> indicesOf(const QVector<Port> &ports)
 {
     QVector<int> indices;
@@ -210,7 +188,7 @@ void CProcessorStates::takeFromHost(const QUuid &processor, const QVector<Port> 
             }
         }
         const bool same = before && shares(before->groups, port.groups);
-        state.facts.insert(port.index, same ? knownFacts.value(port.index) : factsOf(port));
+        state.facts.insert(port.index, same ? knownFacts.value(port.index) : SPortFacts::of(port));
     }
     if (processor == m_current)
         m_currentPort = CurrentPortRule::after(m_currentPort, PortEvent::PortsChanged, indicesOf(ports));
@@ -296,7 +274,7 @@ std::optional<CProcessorStates::SEdit> CProcessorStates::takeEdit(const CabinetL
         if (!LayoutData::comparePortData(*changed, port, true))
             edit.changedPorts << port.index;
         port.groups = changed->groups; // equal ones too: what is shared is compared at once the next time
-        state.facts[port.index] = factsOf(port);
+        state.facts[port.index] = SPortFacts::of(port);
     }
     edit.data = dataOf(state);
     return edit;
@@ -338,10 +316,7 @@ bool CProcessorStates::resetCalibration(int port)
         if (port != -1 && record.index != port)
             continue;
         matched = true;
-        SPortFacts &facts = state.facts[record.index];
-        if (facts.highlighted)
-            clearCalibration(record.groups);
-        facts.highlighted = false;
+        state.facts[record.index].endHighlight(record);
     }
     return matched;
 }
