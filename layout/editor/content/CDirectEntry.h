@@ -4,7 +4,7 @@
 
 #include "layout/editor/content/ILayoutEntry.h"
 
-/// Items are there at once, as when a layout is loaded.
+/// Puts new items directly into their port, without commands, as when a layout is loaded.
 class CDirectEntry final : public ILayoutEntry
 {
 public:

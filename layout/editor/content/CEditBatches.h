@@ -7,13 +7,13 @@
 
 #include <functional>
 
-/// Collects what items note while a batch runs, and has the work that follows done once, when the outermost
-/// batch ends. What is noted without a batch makes one of its own. GUI thread.
+/// Collects what items report while a batch is open, and does the resulting work once, when the outermost
+/// batch ends. A report outside a batch forms a batch of its own. GUI thread.
 class CEditBatches final : public IEditing
 {
 public:
-    /// @p finish does the work; what it causes to be noted makes for another round. @p cancel puts back the
-    /// gesture that is in progress.
+    /// @p finish does the work; if items report more meanwhile, it runs again. @p cancel undoes the gesture
+    /// in progress.
     CEditBatches(std::function<void(const CPendingEdits &)> finish, std::function<void()> cancel)
         : m_finish(std::move(finish))
         , m_cancel(std::move(cancel))

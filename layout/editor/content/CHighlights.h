@@ -9,7 +9,7 @@
 
 class CGraphicsCabinetItem;
 
-/// The cabinets of a scene that stand out on the canvas and on the wall. GUI thread.
+/// Keeps which cabinets of a scene are highlighted on the canvas and on the wall. GUI thread.
 class CHighlights final
 {
 public:
@@ -20,15 +20,15 @@ public:
     {
     }
 
-    /// What an item reports of itself; one that leaves the scene is highlighted no more.
+    /// Takes the report of an item. An item that leaves the scene must report false.
     void note(CGraphicsCabinetItem &cabinet, bool highlighted);
     void clear();
 
-    /// A press on @p cabinet: it alone stands out, or none when it did so already; with @p adding it joins or
-    /// leaves the others.
+    /// Handles a press on @p cabinet: highlights it alone, or nothing if it alone was highlighted; with
+    /// @p adding, toggles it and keeps the others highlighted.
     void press(CGraphicsCabinetItem &cabinet, bool adding);
 
-    /// In the order of ports and records.
+    /// Ordered by port, then as in the records.
     QList<Cabinet> records() const;
 
 private:

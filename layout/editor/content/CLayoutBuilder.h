@@ -21,7 +21,8 @@ class CLayoutBuilder final
 public:
     using Port = CabinetLayout::CabinetPort;
 
-    /// Items of a port are read back in the order of their records, from @p firstOrdinal on.
+    /// New items are numbered from @p firstOrdinal on, in the order of their records, so that they can be
+    /// read back in that order.
     CLayoutBuilder(IItemIndex &items, ILayoutEntry &entry, qint64 firstOrdinal)
         : m_items(items)
         , m_entry(entry)
@@ -29,11 +30,11 @@ public:
     {
     }
 
-    /// @p record as it can be shown: a group without cabinets would be an item that nobody sees.
+    /// Returns @p record without groups that hold no cabinet: such a group would be an invisible item.
     static Port withoutEmptyGroups(const Port &record);
 
-    /// Adds what @p record holds to @p port, whose chain its ranked cabinets continue. Returns the new items
-    /// that lie in the port directly.
+    /// Adds the content of @p record to @p port; its ranked cabinets continue the port's chain. Returns the
+    /// new items that are direct children of the port.
     QVector<CGraphicsItemBase *> fill(CGraphicsPortItem &port, const Port &record);
 
     qint64 nextOrdinal() const { return m_ordinal; }

@@ -11,7 +11,7 @@ class CGraphicsPortItem;
 class CLayoutReader final
 {
 public:
-    /// Groups and cabinets stand in the order in which they were built; ungrouped cabinets form the loose
+    /// Groups and cabinets are in the order in which they were built; ungrouped cabinets form the loose
     /// group.
     static CabinetLayout::CabinetPort read(const CGraphicsPortItem &port);
     static CabinetLayout::CabinetPort::CabinetGroup read(const CGraphicsGroupItem &group);

@@ -11,8 +11,8 @@ class CGraphicsGroupItem;
 class CGraphicsPortItem;
 class IItemIndex;
 
-/// What items have noted since the last batch ended, and the work that follows from it, done once: bounds of
-/// groups, routes of wires, bounds of ports. Holds identities only. GUI thread.
+/// Holds what items have reported since the last batch ended, and does the resulting work once: bounds of
+/// groups, routes of wires, bounds of ports. Keeps identities, not pointers. GUI thread.
 class CPendingEdits final
 {
 public:
@@ -29,7 +29,7 @@ public:
     bool isHighlightChanged() const { return m_highlightChanged; }
     const QVector<int> &ports() const { return m_ports; }
 
-    /// Does the work that is noted. Ports must be known to @p items still, or are passed over.
+    /// Does the pending work. Skips ports that @p items no longer knows.
     void finish(IItemIndex &items) const;
 
 private:

@@ -8,15 +8,15 @@
 
 class CGraphicsPortItem;
 
-/// Keeps the ordinals of processors that are out of view, as commands that are kept with them bring items
-/// back under these. GUI thread.
+/// Keeps the ordinals of the items of processors that are out of view, because the undo commands of these
+/// processors re-create items with them. GUI thread.
 class CRecordOrder final
 {
 public:
-    /// The items of @p ports are about to go.
+    /// Call before the items of @p ports are deleted.
     void remember(const QUuid &processor, const QVector<CGraphicsPortItem *> &ports);
-    /// Gives items that have just been built the ordinals that they had; a port whose records stand in
-    /// another order now keeps its new ones.
+    /// Gives newly built items the ordinals that they had before; a port whose records are now in another
+    /// order keeps its new ones.
     void restore(const QUuid &processor, const QVector<CGraphicsPortItem *> &ports);
 
 private:

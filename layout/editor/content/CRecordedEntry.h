@@ -6,7 +6,7 @@
 
 class CUndoRecorder;
 
-/// Items enter by commands of the running operation.
+/// Adds new items by undo commands that belong to the running operation.
 class CRecordedEntry final : public ILayoutEntry
 {
 public:

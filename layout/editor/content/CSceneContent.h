@@ -13,8 +13,7 @@ class CUndoRecorder;
 class IEditorScene;
 class IPortStates;
 
-/// What the scene shows: the port items of one processor and the records that were read from them. GUI
-/// thread.
+/// Holds what the scene shows: the port items of one processor, and the records read from them. GUI thread.
 class CSceneContent final : public IItemIndex
 {
 public:
@@ -25,27 +24,27 @@ public:
     {
     }
 
-    /// Builds all items from @p data; nothing may be shown before.
+    /// Builds all items from @p data. The content must be empty before.
     void build(const LayoutData &data);
-    /// Whether @p data is of the processor and the ports that are shown, so that it can be rebuilt in place.
+    /// Whether @p data has the same processor and ports as what is shown, so that rebuild() is possible.
     bool canRebuild(const LayoutData &data) const;
-    /// Replaces what the ports hold by commands of the running operation; a port that holds the same is left
-    /// alone.
+    /// Replaces the content of the ports by commands of the running operation. Ports with equal content stay
+    /// untouched.
     void rebuild(const LayoutData &data, CUndoRecorder &recorder);
-    /// Adds what @p record holds to @p port, as commands that can be undone; see CLayoutBuilder::fill().
+    /// Adds the content of @p record to @p port by commands that can be undone; see CLayoutBuilder::fill().
     QVector<CGraphicsItemBase *> add(CGraphicsPortItem &port, const CabinetLayout::CabinetPort &record,
                                      CUndoRecorder &recorder);
     /// Removes all items.
     void clear();
 
-    /// The layout of @p processor as the items show it; ports that have not changed are shared with what was
-    /// read before. Empty for a processor that is not shown.
+    /// Reads the layout of @p processor from the items into @p layout; unchanged ports share data with the
+    /// previous result. Empty if @p processor is not shown.
     void read(CabinetLayout &layout, const QUuid &processor) const;
-    /// From now on the cabinets of @p ports are read as they lie now, until they are released: a drag is no
+    /// Until releaseCabinets(), read() returns the cabinets of @p ports as they are now: a drag is not an
     /// edit before it ends.
     void holdCabinets(const QList<int> &ports);
     void releaseCabinets() { m_held.clear(); }
-    /// The port's items, or all, have changed since they were read.
+    /// The items of one port, or of all ports, have changed since they were read.
     void forgetRecord(int port) { m_records.remove(port); }
     void forgetRecords() { m_records.clear(); }
 
@@ -53,10 +52,10 @@ public:
 
     QSize canvas() const { return m_canvas; }
     void setCanvas(const QSize &canvas) { m_canvas = canvas; }
-    /// The canvas and all ports.
+    /// The union of the canvas and all ports.
     QRectF bounds() const;
 
-    /// A place behind all others in the order of records.
+    /// Returns an ordinal greater than all others.
     qint64 takeOrdinal() { return m_nextOrdinal++; }
 
     // IItemIndex

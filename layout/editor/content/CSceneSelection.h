@@ -14,7 +14,7 @@ class CGraphicsGroupItem;
 class CGraphicsItemBase;
 class CGraphicsPortItem;
 
-/// Keeps what is selected in the scene, so that nobody has to walk or copy Qt's own list. GUI thread.
+/// Keeps which items are selected, so that nobody has to walk or copy Qt's own list. GUI thread.
 class CSceneSelection final
 {
 public:
@@ -23,26 +23,26 @@ public:
     int count() const { return m_count; }
     bool isEmpty() const { return m_count == 0; }
     QSet<CGraphicsItemBase *> items() const;
-    /// In the order of their records, so that results never depend on the order of selecting.
+    /// Selected items in the order of their records, so that results never depend on the order of selecting.
     QVector<CGraphicsItemBase *> sorted() const;
     QVector<CGraphicsGroupItem *> groups() const; ///< the selected groups, sorted
 
-    /// The selected cabinets, those of selected groups included, each once, sorted; in one list
-    /// or in one a port.
+    /// The selected cabinets and those in selected groups, each once, sorted; as one list, or as one list per
+    /// port.
     QVector<CGraphicsCabinetItem *> cabinets() const;
     QVector<QVector<CGraphicsCabinetItem *>> cabinetsByPort() const;
 
     QList<int> ports() const { return m_items.keys(); } ///< that hold selected items, ascending
     QVector<QUuid> uuids() const;
     QList<CabinetLayout::CabinetPort::Cabinet> records() const;
-    QRect extent() const; ///< of all selected items, canvas pixels; empty without any
+    QRect extent() const; ///< of all selected items, canvas pixels; empty if nothing is selected
 
-    /// Lifts those of @p ports that hold selected items above the others.
+    /// Raises the ports among @p ports that hold selected items above the others.
     void raise(const QVector<CGraphicsPortItem *> &ports) const;
 
-    /// Two or more items that lie directly in one port, which takes edits.
+    /// Whether two or more items are selected, all direct children of one port that accepts edits.
     bool canGroup() const;
-    /// A selected group, and no port with a selected item refuses edits.
+    /// Whether a group is selected, and no port with a selected item refuses edits.
     bool canBreakGroup() const;
     /// Whether any port that holds a selected item refuses edits.
     bool touchesClosedPort() const;

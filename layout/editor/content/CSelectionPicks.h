@@ -10,7 +10,7 @@ class CGraphicsScene;
 class CSceneContent;
 class CSceneSelection;
 
-/// Selects many items at once, told as one change. GUI thread.
+/// Selects many items at once, announced as one change. GUI thread.
 class CSelectionPicks final
 {
 public:
@@ -23,14 +23,14 @@ public:
     {
     }
 
-    /// Everything, groups as wholes.
+    /// Selects everything, groups as wholes.
     void all();
-    /// What a port holds, groups as wholes, or no longer.
+    /// Selects or deselects all items of @p port, groups as wholes.
     void port(int port, bool selected);
-    /// Those of the items that exist.
+    /// Selects exactly the items with these identities; unknown ones are ignored.
     void only(const QVector<QUuid> &uuids);
-    /// All cabinets of its port that have the type of the given one; without a type, those of its size that
-    /// have none either. Of a group the first cabinet counts.
+    /// Selects all cabinets in the same port that have the same type as the given one. If it has no type:
+    /// those without a type and of the same size. For a group, its first cabinet is compared.
     void sameType(const QUuid &uuid);
 
 private:

@@ -17,12 +17,12 @@ class ILayoutEntry
 public:
     virtual ~ILayoutEntry() = default;
 
-    /// A cabinet was made, below what membersParent() gave.
+    /// Called for each new cabinet; its parent is the item that membersParent() returned.
     virtual void enterCabinet(CGraphicsCabinetItem &cabinet) = 0;
-    /// Below which item the members of @p group are made.
+    /// Returns the item that becomes the parent of the members of @p group.
     virtual QGraphicsItem &membersParent(CGraphicsGroupItem &group, CGraphicsPortItem &port) = 0;
-    /// All @p members of @p group have entered.
+    /// Called when all @p members of @p group have entered.
     virtual void enterGroup(CGraphicsGroupItem &group, const QVector<CGraphicsItemBase *> &members) = 0;
-    /// @p cabinets continue the chain of @p port.
+    /// Appends @p cabinets to the chain of @p port.
     virtual void wire(CGraphicsPortItem &port, const QVector<CGraphicsCabinetItem *> &cabinets) = 0;
 };

@@ -8,11 +8,11 @@
 
 class CScenePlacing;
 
-/// Cabinets wait to be placed: nothing else gets the mouse.
+/// The mode while cabinets wait to be placed: all mouse events go to placing them.
 class CAppendMode final : public IMouseMode
 {
 public:
-    /// @p placed is called when nothing waits any more.
+    /// @p placed is called when no cabinets wait any more.
     CAppendMode(CScenePlacing &placing, std::function<void()> placed)
         : m_placing(placing)
         , m_placed(std::move(placed))

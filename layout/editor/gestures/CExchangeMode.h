@@ -12,7 +12,7 @@ class CExchangeMode final : public IMouseMode
 {
 public:
     enum EPick {
-        Receiver, ///< only a press on a receiver counts; it becomes the picked one
+        Receiver, ///< only a press on a receiver counts; that receiver becomes the selected cell
         Anywhere
     };
 
@@ -22,10 +22,7 @@ public:
     {
     }
 
-    bool takesQuickClicks() const override
-    {
-        return false;
-    } // it would reverse what the first one has reversed
+    bool takesQuickClicks() const override { return false; } // the second click would undo the first
     bool pressCabinet(CGraphicsCabinetItem &cabinet, const QGraphicsSceneMouseEvent &event) override;
 
 private:

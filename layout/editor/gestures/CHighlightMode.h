@@ -6,7 +6,7 @@
 
 class CHighlights;
 
-/// A press on a cabinet makes it stand out, on the canvas and on the wall, and does nothing else.
+/// A press on a cabinet highlights it on the canvas and on the wall, and does nothing else.
 class CHighlightMode final : public IMouseMode
 {
 public:

@@ -15,28 +15,28 @@ class IEditing;
 class IItemIndex;
 
 /// A drag in progress: moves the selected items, or resizes one by a handle, and records it when the mouse is
-/// released. Holds identities only, so that an item may vanish meanwhile.
+/// released. Keeps identities, not pointers, because items may be deleted meanwhile.
 class CItemDrag final
 {
 public:
     enum EOperation { Move, Scale };
 
-    /// Moves @p items, which lie in no selected group.
+    /// Moves @p items, none of which is inside another selected group.
     CItemDrag(IEditing &editing, const IItemIndex &index, const QVector<CGraphicsItemBase *> &items,
               const QPointF &scenePos);
-    /// Resizes @p item by @p handle: a cabinet, or a group with all cabinets in it.
+    /// Resizes @p item, a cabinet or a group with all its cabinets, by @p handle.
     CItemDrag(IEditing &editing, const IItemIndex &index, CGraphicsItemBase &item, int handle,
               const QPointF &scenePos);
 
     EOperation operation() const { return m_operation; }
-    /// From now on a move catches at edges of @p still that are at most @p reach away.
+    /// From now on a move snaps to edges of @p still that are at most @p reach canvas pixels away.
     void catchAt(const QVector<QRect> &still, int reach);
     void moveTo(const QPointF &scenePos, Qt::KeyboardModifiers keys);
-    /// Along the edges that the move has caught at.
+    /// Lines along the edges that the move has snapped to.
     const QVector<QLine> &guides() const { return m_guides; }
     /// Puts everything back where it was.
     void cancel();
-    /// Records what has changed; gives whether the mouse has moved at all.
+    /// Records what has changed. Returns whether the mouse has moved at all.
     bool finish(CUndoRecorder &recorder);
 
 private:
@@ -48,7 +48,7 @@ private:
     };
 
     void remember(CGraphicsItemBase &item);
-    /// Lifts the ports concerned above the others, or puts them back.
+    /// Raises the ports concerned above the others, or lowers them again.
     void setRaised(bool raised);
     void apply(const QVector<QRectF> &rects);
     QPointF caught(const QPointF &delta, Qt::KeyboardModifiers keys);
@@ -60,8 +60,8 @@ private:
     EOperation m_operation;
     int m_handle = -1;
     QPointF m_press;
-    QRectF m_frame;    // of the item that is resized
-    QSizeF m_smallest; // it may become
+    QRectF m_frame;    // of the item being resized
+    QSizeF m_smallest; // allowed
     QSizeF m_largest;
     QVector<SStart> m_starts;
     QVector<QRect> m_still;

@@ -5,11 +5,11 @@
 class QGraphicsScene;
 class QPointF;
 
-/// What lies at a place of the scene. O(log n).
+/// Finds out what is at a position of the scene. O(log n).
 class CItemLookup final
 {
 public:
     static bool isOnCabinet(const QGraphicsScene &scene, const QPointF &scenePos);
-    /// A cabinet or a group.
+    /// Whether a cabinet or a group is there.
     static bool isOnItem(const QGraphicsScene &scene, const QPointF &scenePos);
 };

@@ -5,7 +5,7 @@
 #include "layout/editor/gestures/CSceneGestures.h"
 #include "layout/editor/items/IMouseMode.h"
 
-/// The pen: strokes draw chains.
+/// The pen tool: strokes wire cabinets into chains.
 class CPenMode final : public IMouseMode
 {
 public:

@@ -12,27 +12,27 @@ class CUndoRecorder;
 class IEditing;
 class IItemIndex;
 
-/// A stroke of the pen tool through the cabinets of one port. It begins at a cabinet: one of the chain goes
-/// on from its place, an unwired one continues the chain at its end. Each further cabinet that the stroke
-/// enters follows the one before it, wherever it was wired; going back over a cabinet of the same stroke has
-/// no effect.
+/// A stroke of the pen tool through the cabinets of one port. It begins at a cabinet. If that cabinet is
+/// wired, the stroke continues from its place in the chain; otherwise from the end of the chain. Each further
+/// cabinet that the stroke enters is wired next, wherever it was wired before. Entering a cabinet of the same
+/// stroke again has no effect.
 class CPenStroke final
 {
 public:
-    /// Begins at @p scenePos on @p first.
+    /// Begins on @p first, at @p scenePos.
     CPenStroke(IEditing &editing, const IItemIndex &index, CGraphicsPortItem &port,
                const CGraphicsCabinetItem &first, const QPointF &scenePos);
 
     int port() const { return m_port; }
-    /// Adds the cabinets that lie on the straight way to @p scenePos, in the order in which it enters them;
-    /// of those that it enters at once, the upper, then the left one first. Those of other ports are passed
-    /// over.
+    /// Adds the cabinets on the straight line to @p scenePos, in the order in which the line enters them;
+    /// where it enters several at once, upper before lower, then left before right. Skips cabinets of other
+    /// ports.
     void moveTo(const QPointF &scenePos);
-    /// The chain that the stroke makes of the port's present one.
+    /// The port's chain as it will be after the stroke.
     QVector<CGraphicsCabinetItem *> chain() const;
-    /// The way of the stroke so far, through the middles of its cabinets, in scene coordinates.
+    /// The path of the stroke so far, through the centres of its cabinets, in scene coordinates.
     QPolygonF path() const;
-    /// Records the new chain; nothing when it is the present one.
+    /// Records the new chain, unless it equals the current one.
     void finish(CUndoRecorder &recorder) const;
 
 private:

@@ -15,20 +15,20 @@ class CGraphicsItemBase;
 class CGraphicsScene;
 class IItemIndex;
 
-/// The rubber band: selects the outermost groups and ungrouped cabinets of which it touches a cabinet. Each
-/// step changes only what has entered or left; what follows from the selection is done once, when the band
-/// ends.
+/// The rubber band: selects ungrouped cabinets that it touches, and outermost groups with a cabinet that it
+/// touches. Each step changes only what has entered or left; the consequences of the selection follow once,
+/// when the band ends.
 class CRubberBand final
 {
 public:
-    /// @p before was selected before the band. @p keepSelection adds to it; otherwise the caller has cleared
-    /// it.
+    /// @p before was selected before the band. With @p keepSelection the band adds to it; without, the caller
+    /// has already cleared the selection.
     CRubberBand(IEditing &editing, const IItemIndex &index, CGraphicsScene &scene, const QPointF &scenePos,
                 const QSet<QUuid> &before, bool keepSelection);
 
     const QRectF &rect() const { return m_rect; }
     void moveTo(const QPointF &scenePos);
-    /// Selects what was selected before.
+    /// Restores the selection from before the band.
     void cancel();
 
 private:
@@ -42,7 +42,7 @@ private:
     CGraphicsScene &m_scene;
     QPointF m_press;
     QRectF m_rect;
-    QHash<QUuid, int> m_counts; // of touched cabinets, by outermost group
+    QHash<QUuid, int> m_counts; // numbers of touched cabinets, by outermost group
     QSet<QUuid> m_before;       // selected before the band
-    QSet<QUuid> m_kept;         // of these, what stays selected beside the band's
+    QSet<QUuid> m_kept;         // those of them that stay selected in addition
 };

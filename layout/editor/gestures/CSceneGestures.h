@@ -22,8 +22,8 @@ class CUndoRecorder;
 class IEditing;
 class QPainter;
 
-/// What the user is doing with the mouse: dragging items, drawing a stroke of the pen or a rubber band. One
-/// at a time; whatever else happens to the scene cancels it first. GUI thread.
+/// The mouse gesture in progress: a drag of items, a pen stroke or a rubber band. One at a time; any other
+/// edit of the scene cancels it first. GUI thread.
 class CSceneGestures final
 {
 public:
@@ -31,19 +31,19 @@ public:
                    const CSceneSelection &selection, CUndoRecorder &recorder);
     ~CSceneGestures();
 
-    /// Puts everything back to where the gesture began.
+    /// Cancels the gesture and restores everything to how it was before.
     void cancel();
-    /// A first button goes down: what was cancelled before does not concern its release.
+    /// Called when a first button is pressed: a drag cancelled earlier no longer affects the release.
     void beginPress() { m_dragCancelled = false; }
-    /// Whether items are dragged, or a press on one may still become a drag.
+    /// Whether items are being dragged, or a press on one may still become a drag.
     bool isDragging() const { return m_drag || m_press; }
     bool hasBand() const { return m_band != nullptr; }
 
-    // A press becomes a drag when it has gone farther than a click does.
+    // A press becomes a drag once the mouse has moved farther than a click may.
     void beginMove(const QPointF &scenePos, const CGraphicsItemBase *joining);
     void beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos);
     void continueDrag(const QPointF &scenePos, Qt::KeyboardModifiers keys);
-    /// Gives whether the press was a drag, cancelled or not, and no click.
+    /// Returns true if the press was a drag, even a cancelled one, and false if it was a click.
     bool endDrag(const QPointF &scenePos);
 
     void beginStroke(CGraphicsCabinetItem &cabinet, const QPointF &scenePos);
@@ -63,12 +63,12 @@ private:
     struct SPress
     {
         QPointF place;
-        QUuid item; // that is resized, or joins the move; null: the selection moves
+        QUuid item; // to be resized, or to join the move; null: only the selection moves
         int handle;
     };
 
     void beginDrag(const SPress &press);
-    /// What a move can catch at: the canvas, and the cabinets that do not move.
+    /// What a move can snap to: the canvas, and the cabinets that do not move.
     QVector<QRect> still() const;
     void invalidateGuides();
     void invalidateBand();

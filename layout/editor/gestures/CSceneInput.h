@@ -14,25 +14,25 @@ class CCabinetGraphicsScene;
 class CSceneBackend;
 class IEditorCommands;
 
-/// Decides who takes the mouse: cabinets that wait to be placed, the rubber band, a menu, or the items of the
-/// scene. GUI thread.
+/// Decides who handles the mouse: cabinets that wait to be placed, the rubber band, a menu, or the items of
+/// the scene. GUI thread.
 class CSceneInput final : public ISceneInput
 {
 public:
-    /// Installs itself in @p scene, for as long as it lives; it must go before the scene.
+    /// Installs itself in @p scene for its lifetime. Must be destroyed before the scene.
     explicit CSceneInput(CCabinetGraphicsScene &scene);
     ~CSceneInput() override;
 
-    /// What the menus offer beyond edits; null: nothing. @p commands stays owned by the caller.
+    /// Sets what the menus offer beyond edits; null: nothing. The caller keeps ownership.
     void setCommands(IEditorCommands *commands) { m_commands = commands; }
 
     // ISceneInput
     bool press(QGraphicsSceneMouseEvent &event) override;
     bool move(const QGraphicsSceneMouseEvent &event) override { return mouseMode().move(event); }
     bool release(const QGraphicsSceneMouseEvent &event) override { return mouseMode().release(event); }
-    /// Only a double click with the left button on a cabinet, without a tool, is one; others are presses.
+    /// Only a left double click on a cabinet without a tool counts as one; all others are handled as presses.
     bool doubleClick(QGraphicsSceneMouseEvent &event) override;
-    /// Opens the menu of the canvas; a cabinet or a group opens its own. Ends an append that waits.
+    /// Opens the menu of the canvas; cabinets and groups open their own. Ends a pending append.
     bool openMenu(QGraphicsSceneContextMenuEvent &event) override;
     void cancel() override;
     bool isDragging() const override { return m_gestures.isDragging(); }
@@ -64,5 +64,5 @@ private:
     CExchangeMode m_directExchange;
     CHighlightMode m_highlight;
     CAppendMode m_append;
-    bool m_interrupted = false; // by the last press
+    bool m_interrupted = false; // the last press cancelled something
 };

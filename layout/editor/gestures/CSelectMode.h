@@ -11,7 +11,7 @@ class IEditing;
 class IItemMouse;
 class QGraphicsScene;
 
-/// Without a tool: items are selected, moved and resized; a press beside them begins a rubber band.
+/// The mode without a tool: selects, moves and resizes items; a press beside them begins a rubber band.
 class CSelectMode final : public IMouseMode
 {
 public:
@@ -30,7 +30,7 @@ public:
     bool release(const QGraphicsSceneMouseEvent &event) override;
     bool edits() const override { return true; }
 
-    /// Whether a handle of a cabinet is shown at a place, not one of a group.
+    /// Whether a resize handle of a cabinet (not of a group) is shown at @p scenePos.
     bool isOnCabinetHandle(const QPointF &scenePos) const;
 
 private:
@@ -42,5 +42,5 @@ private:
     const CSceneSelection &m_selection;
     IItemMouse &m_mouse;
     CSceneGestures &m_gestures;
-    bool m_onHandle = false; // the button went down on one
+    bool m_onHandle = false; // the button was pressed on one
 };

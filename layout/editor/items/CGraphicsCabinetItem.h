@@ -10,32 +10,32 @@ class CGraphicsConnectionItem;
 class CGraphicsCabinetItem final : public CGraphicsItemBase
 {
 public:
-    /// A cabinet's place in its port's chain.
+    /// The role of a cabinet in its port's chain.
     enum ChainRole { NotInChain = 0, Head = 1, Middle = 2, Tail = 3 };
     static constexpr int NoPosition = -1;
     static constexpr int NoCell = -1;
 
     /// A cabinet with a new identity and an empty record.
     explicit CGraphicsCabinetItem(QGraphicsItem *parent);
-    /// A cabinet that shows @p record, at its place below @p parent. It starts unwired, whatever its rank,
-    /// and without highlight.
+    /// A cabinet that shows @p record at its position, as a child of @p parent. It starts unwired, whatever
+    /// its rank, and not highlighted.
     CGraphicsCabinetItem(const Cabinet &record, QGraphicsItem *parent);
 
     int type() const override { return CabinetItemKind; }
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
 
-    /// Takes over @p record, its rectangle included; the wiring lines follow. Identity, port, group, rank and
-    /// place in the saved mapping stay.
+    /// Takes over @p record, including its rectangle; the wiring lines follow. Identity, port, group, rank
+    /// and place in the saved mapping stay unchanged.
     void setCabinet(const Cabinet &record);
     void setPort(int port) override;
-    /// The group that holds the cabinet, as its record names it.
+    /// Sets the group that the record names as the cabinet's parent.
     void setGroup(const QUuid &group) { record().group = group; }
 
     bool canResize() const override;
     QVector<CGraphicsCabinetItem *> concernedCabinets() override { return {this}; }
     void followGeometry() override;
 
-    // Chain fields; the port's chain is their only writer.
+    // Chain state, written only by the port's CPortChain.
     int chainPosition() const { return m_chainPosition; }
     void setChainPosition(int position);
     ChainRole chainRole() const { return m_chainRole; }
@@ -45,28 +45,27 @@ public:
     void setIncoming(CGraphicsConnectionItem *connection) { m_incoming = connection; }
     CGraphicsConnectionItem *outgoing() const { return m_outgoing; }
     void setOutgoing(CGraphicsConnectionItem *connection) { m_outgoing = connection; }
-    /// Marks a receiver area; gone when the cabinet leaves the chain.
+    /// Marks a receiver area; the mark is removed when the cabinet leaves the chain.
     void setRectFlag(int index, bool on);
     bool rectFlag(int index) const { return m_rectFlags.value(index, false); }
     void clearRectFlags() { m_rectFlags.clear(); }
 
-    /// Whether wiring lines meet the cabinet at its first and last receiver.
+    /// Whether wiring lines start and end at the cabinet's last and first receiver.
     bool isRectAnchored() const { return m_rectAnchored; }
     void setRectAnchored(bool anchored);
-    /// Where wiring lines end and start, in scene coordinates.
+    /// Where the incoming line ends and the outgoing line starts, in scene coordinates.
     QPointF entryPoint() const;
     QPointF exitPoint() const;
 
     bool isHighlighted() const { return m_highlighted; }
     void setHighlighted(bool highlighted);
 
-    /// The receiver area that the last press picked while picking is on; NoCell without one.
+    /// The receiver area picked by the last press while picking was on; NoCell if there is none.
     int selectedCell() const { return m_selectedCell; }
-    /// Makes the receiver at @p position, in the item's own pixels, the selected cell; gives whether there is
-    /// one.
+    /// Makes the receiver at @p position (item coordinates) the selected cell. Returns whether there is one.
     bool pickCell(const QPointF &position);
 
-    /// Draws both wiring lines anew.
+    /// Recalculates both wiring lines.
     void routeWires();
 
 protected:

@@ -12,7 +12,7 @@ class CGraphicsCabinetItem;
 class CGraphicsConnectionItem final : public QGraphicsLineItem
 {
 public:
-    /// Neither end takes notice: the port's chain stores the connection in both.
+    /// Does not change the two cabinets: the port's chain stores the connection in them.
     CGraphicsConnectionItem(CGraphicsCabinetItem &from, CGraphicsCabinetItem &to, QGraphicsItem *portItem);
 
     int type() const override { return ConnectionItemKind; }
@@ -24,7 +24,7 @@ public:
     CGraphicsCabinetItem *from() const { return m_from; }
     CGraphicsCabinetItem *to() const { return m_to; }
 
-    /// Draws the line anew from the exit point of one cabinet to the entry point of the other.
+    /// Recalculates the line from the exit point of one cabinet to the entry point of the other.
     void route();
 
 private:

@@ -4,29 +4,31 @@
 
 #include "layout/editor/items/CGraphicsItemBase.h"
 
-/// A group of cabinets and further groups of one port. Its rectangle is always the union of its members'.
+/// A group of cabinets and sub-groups of one port. Its rectangle is always the union of its members'
+/// rectangles.
 class CGraphicsGroupItem final : public CGraphicsItemBase
 {
 public:
-    /// An empty group that covers @p sceneRect; with a null @p uuid it gets a new identity.
+    /// An empty group that covers @p sceneRect. If @p uuid is null, it gets a new identity.
     CGraphicsGroupItem(const QUuid &uuid, const QRectF &sceneRect, QGraphicsItem *parent);
 
     int type() const override { return GroupItemKind; }
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
 
-    /// Every cabinet item below the group, through all sub-groups.
+    /// All cabinets in the group and its sub-groups.
     QVector<CGraphicsCabinetItem *> cabinets() const;
-    /// The cabinets and groups directly in the group.
+    /// The cabinets and groups that are direct children.
     QVector<CGraphicsItemBase *> members() const;
 
-    /// Takes @p members in; they keep their places in the scene. They must lie in the group's parent.
+    /// Makes @p members children of the group; their scene positions do not change. They must be children of
+    /// the group's parent.
     void gather(const QVector<CGraphicsItemBase *> &members);
-    /// Hands the members to @p newParent, where they keep their places in the scene, and selects them. The
-    /// group, empty then, is deleted by the caller.
+    /// Makes the members children of @p newParent, without changing their scene positions, and selects them.
+    /// The caller deletes the empty group.
     void dissolve(QGraphicsItem &newParent);
 
-    /// Makes the group cover exactly its members, which keep their places; then does the same for the groups
-    /// around it.
+    /// Fits the rectangle to the members, whose scene positions do not change; then does the same for the
+    /// groups around it.
     void recomputeBounds(bool repaint);
     /// The same for this group alone.
     void fitToMembers();
@@ -46,5 +48,5 @@ private:
 
     enum EHoverState { Unknown = 0, Resizable = 1, NotResizable = 2 };
     mutable EHoverState m_hoverState =
-        Unknown; // what canResize() found; unknown again when members or selection change
+        Unknown; // cached result of canResize(); reset when members or selection change
 };

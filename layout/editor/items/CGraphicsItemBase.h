@@ -15,8 +15,8 @@ class CGraphicsPortItem;
 class IEditorScene;
 class IItemMouse;
 
-/// What cabinets and groups on the canvas share: identity, port, record, resize handles, and the mouse rules
-/// by which they are selected through groups, moved and resized.
+/// Common base of cabinets and groups on the canvas: identity, port, record, resize handles, and the handling
+/// of mouse events that select (through groups), move and resize them.
 class CGraphicsItemBase : public QGraphicsRectItem, public CChangeBlockable
 {
 public:
@@ -24,7 +24,7 @@ public:
     static constexpr int NoHandle = -1;
     static constexpr int NotSelected = -1;
 
-    /// The user's name for what the item shows; it ends the texts of its undo steps.
+    /// The name shown to the user; the texts of undo steps end with it.
     const QString &name() const { return m_name; }
     void setName(const QString &name) { m_name = name; }
 
@@ -35,15 +35,15 @@ public:
     int port() const { return m_port; }
     virtual void setPort(int port) { m_port = port; }
 
-    /// The record that the item shows; a cabinet item keeps it current.
+    /// The record that the item shows; a cabinet item keeps it up to date.
     const Cabinet &cabinet() const { return m_cabinet; }
 
-    /// Keeps records in their order when they are read back: members of a group, and of a port, stand in
-    /// ascending ordinals. They stay the same while the processor is out of view.
+    /// Defines the order in which records are read back: members of a group or of a port are sorted by
+    /// ordinal. Ordinals are kept while the processor is out of view.
     qint64 ordinal() const { return m_ordinal; }
     void setOrdinal(qint64 ordinal) { m_ordinal = ordinal; }
 
-    /// Where the scene's selection keeps the item, so that it finds it at once.
+    /// Index of the item in the scene's selection, so that it is found in O(1).
     int selectionPlace() const { return m_selectionPlace; }
     void setSelectionPlace(int place) { m_selectionPlace = place; }
 
@@ -55,36 +55,38 @@ public:
 
     /// Whether the item or any group around it is selected.
     bool isSelectedWithGroups() const;
-    /// Selects the outermost group around the item; an item outside any group itself.
+    /// Selects or deselects the outermost group around the item, or the item itself if it is in no group.
     void selectOutermost(bool selected) { outermost().setSelected(selected); }
 
-    /// Whether the selected item may be resized through its handles.
+    /// Whether the item can be resized by its handles while it is selected.
     virtual bool canResize() const = 0;
-    /// The cabinets that a change of the item concerns: itself, or a group's.
+    /// The cabinets that a change of the item affects: itself, or all cabinets of a group.
     virtual QVector<CGraphicsCabinetItem *> concernedCabinets() = 0;
-    /// Brings records and wiring lines in step with where the item lies now.
+    /// Updates records and wiring lines to the item's current geometry.
     virtual void followGeometry() = 0;
 
     QRectF boundingRect() const override { return m_bounds; }
     QPainterPath shape() const override;
 
-    /// The handle that is shown at a place while the item is selected; NoHandle without one.
+    /// The handle shown at @p scenePos while the item is selected; NoHandle if there is none.
     int handleAt(const QPointF &scenePos);
-    /// A handle that sticks out is part of the item while the cursor is on it.
+    /// Sets the handle under the cursor; while it is hovered, the part that sticks out belongs to the item's
+    /// bounds.
     void setHoveredHandle(int handle);
-    /// A press on a handle ends highlights of untyped cabinets, where the user wants that.
+    /// Called on a press on a handle: removes the highlight of cabinets without a type, if the port is set to
+    /// do so.
     void resetHighlights();
 
-    /// Sets the rectangle to that size at the item's position.
+    /// Resizes the rectangle; the item's position stays.
     void setSize(const QSizeF &size);
 
 protected:
-    /// With a null @p uuid the item gets a new identity.
+    /// If @p uuid is null, the item gets a new identity.
     CGraphicsItemBase(const QUuid &uuid, QGraphicsItem *parent);
 
     Cabinet &record() { return m_cabinet; }
     IEditorScene *editor() const;  ///< null outside a port of an editing scene
-    IItemMouse *itemMouse() const; ///< null also while nobody follows the mouse
+    IItemMouse *itemMouse() const; ///< also null if no input is installed
 
     bool sceneEvent(QEvent *event) override;
     void contextMenuEvent(QGraphicsSceneContextMenuEvent *event) override;
@@ -99,11 +101,11 @@ private:
     void updateHandles();
     bool selectByPress(const QGraphicsSceneMouseEvent &event);
 
-    QUuid m_uuid; // the same as in the data role, for which Qt searches a table of all items
+    QUuid m_uuid; // same value as in the data role, which would cost a lookup in Qt's table of all items
     int m_port = 0;
     Cabinet m_cabinet;
     QMap<int, QRectF> m_handles;    // by handle number, in item coordinates
-    int m_hoveredHandle = NoHandle; // under the cursor; it belongs to the bounds while it is
+    int m_hoveredHandle = NoHandle; // under the cursor; included in the bounds
     QRectF m_bounds;
     qint64 m_ordinal = 0;
     int m_selectionPlace = NotSelected;

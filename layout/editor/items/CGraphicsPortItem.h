@@ -18,7 +18,7 @@ class IEditorScene;
 class IPortStates;
 
 /// An output port on the canvas: parent of its cabinets, groups and wiring lines, and owner of its chain. It
-/// lies at the scene's origin and has no area of its own.
+/// is positioned at the scene's origin and draws nothing itself.
 class CGraphicsPortItem final : public QGraphicsObject, public CChangeBlockable
 {
     Q_OBJECT
@@ -26,14 +26,13 @@ class CGraphicsPortItem final : public QGraphicsObject, public CChangeBlockable
 public:
     using Port = CabinetLayout::CabinetPort;
 
-    /// Shows the port of @p record, whose groups are not built here; colours, locks and redundancy come from
-    /// @p states.
-    /// @p editor is the scene that the port is edited in.
+    /// Shows the port of @p record; its groups are not built here. Colours, locks and redundancy come from
+    /// @p states. @p editor is the scene in which the port is edited.
     CGraphicsPortItem(const Port &record, const IPortStates &states, IEditorScene &editor);
 
     int type() const override { return PortItemKind; }
     QRectF boundingRect() const override;
-    /// Where its children lie, also while the port is passed over.
+    /// The area of its children, also while the port is skipped in drawing.
     const QRectF &bounds() const { return m_bounds; }
     void paint(QPainter *, const QStyleOptionGraphicsItem *, QWidget *) override {}
 
@@ -43,50 +42,51 @@ public:
 
     IEditorScene &editor() const { return m_editor; }
 
-    /// The cabinets inside @p group; with null all of the port, through all groups.
+    /// All cabinets inside @p group, or of the whole port if null, including sub-groups.
     QVector<CGraphicsCabinetItem *> cabinets(const CGraphicsGroupItem *group) const;
 
-    /// The port's group items; with @p outermostOnly those that lie in no other group.
+    /// The port's group items; with @p outermostOnly only those that are in no other group.
     QVector<CGraphicsGroupItem *> groups(bool outermostOnly) const;
     QVector<CGraphicsGroupItem *> selectedGroups(bool outermostOnly) const;
-    /// The cabinets and groups that lie in the port directly.
+    /// The cabinets and groups that are direct children of the port.
     QVector<CGraphicsItemBase *> topItems() const;
 
     /// Whether the store marks the port as locked.
     bool isLocked() const;
     bool isRedundant() const;
-    /// Whether the port refuses edits: it is locked, or follows its primary as a redundancy port.
+    /// Whether the port refuses edits, because it is locked or is a redundancy port.
     bool isClosed() const { return isLocked() || isRedundant(); }
     bool resetsHighlightOnEdit() const;
 
-    /// What the cabinets show of the port; follows the store when told to.
+    /// What the cabinets show of the port's state; updated from the store by refreshState().
     bool isShownLocked() const { return m_state.locked; }
     bool isShownRedundant() const { return m_state.redundancy == Port::Redundant; }
     bool marksCustomCabinets() const { return m_marksCustom; }
     void setShownLocked(bool locked);
     QColor fill() const { return m_fill.color(); } ///< of its cabinets
     void setColor(const QColor &color);
-    /// Reads colour, lock, redundancy and options from the store anew.
+    /// Reads colour, lock, redundancy and options from the store again.
     void refreshState();
 
-    /// Tells the scene, once until it has taken note, that children, chain or state differ from what was read
-    /// last.
+    /// Reports to the scene that children, chain or state have changed since they were last read. Reports
+    /// once, until takeNote() is called.
     void noteChanged();
     void noteWiringChanged();
     void takeNote();
 
-    /// The port as a compact list, brought up to date with its items. Valid until the next edit.
+    /// The port as a compact list, updated from its items. Valid until the next edit.
     const CPortOverview &overview() const;
-    /// While it is passed over, a view that draws its frame leaves out the port with all that it holds.
+    /// While true, the frame being drawn skips the port and all its children.
     void setPassedOver(bool passedOver) { m_passedOver = passedOver; }
 
-    /// Takes the children's rectangle as its own; done once an operation.
+    /// Sets its bounds to the children's rectangle. Called once per operation.
     void updateBounds();
 
-    /// Has redrawn what pens leave just outside the bounds, where Qt redraws nothing for the children.
+    /// Repaints the strip just outside the bounds: pens draw there, but Qt repaints nothing there for the
+    /// children.
     void updateEdges();
 
-    /// Takes over what @p record says of the port itself; its groups are left alone.
+    /// Takes over the port's own state from @p record; groups are ignored.
     void setState(const Port &record);
     /// The port's record without its groups.
     const Port &state() const { return m_state; }
@@ -94,7 +94,7 @@ public:
     bool sceneEventFilter(QGraphicsItem *watched, QEvent *event) override;
 
 Q_SIGNALS:
-    /// Children lie elsewhere, so that they cover another area; at most once an operation.
+    /// The area covered by the children has changed; at most once per operation.
     void childItemPosChanged();
 
 protected:
@@ -109,7 +109,7 @@ private:
     const IPortStates &m_states;
     IEditorScene &m_editor;
     Port m_state;
-    QBrush m_fill; // of all its cabinets, which share it
+    QBrush m_fill; // shared by all its cabinets
     bool m_marksCustom = false;
     QRectF m_bounds;
     bool m_changeNoted = false;

@@ -22,31 +22,32 @@ public:
     CPortChain(const CPortChain &) = delete;
     CPortChain &operator=(const CPortChain &) = delete;
 
-    /// Makes @p to follow @p from, in place of what followed the one and preceded the other. Gives the
-    /// connection between them: the one that stands, or a new one; null when either cabinet is null.
+    /// Makes @p to the successor of @p from; whatever followed @p from or preceded @p to before is cut off.
+    /// Returns the existing or new connection between them; null if either cabinet is null.
     CGraphicsConnectionItem *link(CGraphicsCabinetItem *from, CGraphicsCabinetItem *to);
 
-    /// Takes @p cabinet out. With @p reconnect its neighbours close the gap; without, the chain stays cut
-    /// there and they keep their roles and positions.
+    /// Removes @p cabinet from the chain. With @p reconnect its neighbours are linked to each other;
+    /// otherwise the chain stays cut there, and they keep their roles and positions.
     void unlink(CGraphicsCabinetItem &cabinet, bool reconnect);
 
     /// Removes the connection between two neighbours; both leave the chain until they are linked again.
     /// Nothing happens when they are not linked directly.
     void unlinkPair(CGraphicsCabinetItem &from, CGraphicsCabinetItem &to);
 
-    /// Puts @p cabinet behind the tail, failing that behind the head, failing both makes it the head. A
-    /// cabinet that is in the chain stays where it is.
+    /// Appends @p cabinet after the tail, or after the head of a chain of one, or makes it the head of an
+    /// empty chain. Does nothing if it is in the chain already.
     void append(CGraphicsCabinetItem &cabinet);
 
-    /// Puts @p cabinet at @p position, between the cabinets at the position before and at it; with neither it
-    /// is appended. Nothing happens for a negative position, for null, or when it is in the chain.
+    /// Inserts @p cabinet at @p position, between the cabinets at @p position - 1 and @p position; if there
+    /// are none, appends it. Does nothing for a negative position, for null, or if it is in the chain
+    /// already.
     void insert(int position, CGraphicsCabinetItem *cabinet);
 
-    CGraphicsCabinetItem *head() const;           ///< null without a chain
-    CGraphicsCabinetItem *tail() const;           ///< null without a chain, and for a chain of one
+    CGraphicsCabinetItem *head() const;           ///< null if the chain is empty
+    CGraphicsCabinetItem *tail() const;           ///< null if the chain has fewer than two cabinets
     CGraphicsCabinetItem *at(int position) const; ///< null outside the chain
 
-    /// The cabinets in chain order; of a chain that was cut, in order of their positions.
+    /// The cabinets in chain order; if the chain is cut, ordered by position.
     QVector<CGraphicsCabinetItem *> order() const;
 
 private:
@@ -59,7 +60,7 @@ private:
     QVector<CGraphicsCabinetItem *> wiredCabinets() const;
 
     CGraphicsPortItem &m_port;
-    // The chain while it is one piece. A chain in pieces is searched instead, as it lasts for moments only.
+    // The chain while it is in one piece. A cut chain is searched instead; it exists only briefly.
     QVector<CGraphicsCabinetItem *> m_order;
     bool m_inPieces = false;
 };

@@ -12,35 +12,35 @@ class CGraphicsPortItem;
 class QGraphicsItem;
 class QPainter;
 
-/// What a port shows, as a compact list: a wall of which a screen shows thousands of cabinets is drawn and
-/// searched in it, as one call an item would cost more than the drawing. Selection is read from the items.
-/// GUI thread.
+/// The content of a port as a compact list. It is used to draw and search when thousands of cabinets are
+/// visible, because one virtual call per item would cost more than the drawing. Selection is read from the
+/// items. GUI thread.
 class CPortOverview final
 {
 public:
     struct SPlace
     {
         QRectF rect;                             ///< canvas pixels
-        CGraphicsCabinetItem *cabinet = nullptr; ///< null for the frame of a group
-        CGraphicsGroupItem *group = nullptr;     ///< the frame's, or the innermost one around the cabinet
+        CGraphicsCabinetItem *cabinet = nullptr; ///< null for a group's frame
+        CGraphicsGroupItem *group = nullptr; ///< the framed group, or the innermost group around the cabinet
         bool custom = false;
         bool highlighted = false;
 
         friend bool operator==(const SPlace &a, const SPlace &b);
     };
 
-    /// The list has to be read from the items again; they may be gone.
+    /// Discards the list; the items may have been deleted.
     void forget();
     void read(const CGraphicsPortItem &port);
     bool isRead() const { return m_read; }
     bool isSameAs(const CPortOverview &other) const;
 
-    /// Cabinets and frames in the order in which they are drawn.
+    /// Cabinets and group frames in drawing order.
     const QVector<SPlace> &places() const { return m_places; }
-    /// Of the widest cabinet, canvas pixels.
+    /// Width of the widest cabinet, canvas pixels.
     qreal widest() const { return m_widest; }
 
-    /// Draws what reaches into one of the @p exposed rectangles. @p scale is device pixels a canvas pixel.
+    /// Draws what intersects one of the @p exposed rectangles. @p scale is in device pixels per canvas pixel.
     void paint(QPainter &painter, const CGraphicsPortItem &port, const QVector<QRectF> &exposed,
                qreal scale) const;
 

@@ -2,22 +2,23 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-/// What edits of a scene begin and end with. GUI thread.
+/// What every edit of a scene calls at its beginning and end. GUI thread.
 class IEditing
 {
 public:
     virtual ~IEditing() = default;
 
-    /// Between the two, what items note is collected and acted on once, at the end of the outermost pair.
+    /// Between the two calls, reports of items are collected; the resulting work is done once, at the end of
+    /// the outermost pair.
     virtual void beginBatch() = 0;
     virtual void endBatch() = 0;
 
-    /// Puts a drag, a stroke or a rubber band that is in progress back to where it began. An edit does this
-    /// before it reads where items are.
+    /// Cancels a drag, a stroke or a rubber band in progress. Every edit calls this before it reads the
+    /// geometry of items.
     virtual void cancelGesture() = 0;
 };
 
-/// Makes one batch of all that happens while it lives.
+/// Opens a batch for its lifetime.
 class CEditBatch final
 {
 public:

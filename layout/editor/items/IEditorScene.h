@@ -7,7 +7,7 @@
 #include "layout/editor/items/IItemMouse.h"
 #include "layout/editor/items/IItemNotes.h"
 
-/// What a port item and all below it reach of the scene that they are edited in. GUI thread.
+/// What port items and their children know of their scene. GUI thread.
 class IEditorScene
 {
 public:
@@ -16,6 +16,6 @@ public:
     virtual IItemIndex &items() = 0;
     virtual IEditing &editing() = 0;
     virtual IItemNotes &notes() = 0;
-    /// Null while nobody follows the mouse: the scene can be edited by calls only.
+    /// Null if no input is installed: then items ignore the mouse.
     virtual IItemMouse *mouse() = 0;
 };

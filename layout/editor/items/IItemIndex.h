@@ -21,8 +21,8 @@ public:
     /// The cabinet or group with that identity, or null. O(1).
     virtual CGraphicsItemBase *editedItem(const QUuid &uuid) const = 0;
 
-    /// Makes a cabinet or group that was put into the scene known by its identity.
+    /// Registers a cabinet or group that was added to the scene.
     virtual void enterEdited(CGraphicsItemBase &item) = 0;
-    /// Forgets an item that is about to leave the scene. It is no longer selected or highlighted.
+    /// Deselects and unregisters an item that is about to leave the scene, and removes its highlight.
     virtual void leaveEdited(CGraphicsItemBase &item) = 0;
 };

@@ -7,8 +7,8 @@ class CGraphicsGroupItem;
 class CGraphicsItemBase;
 class CGraphicsPortItem;
 
-/// Takes what items report of themselves; acted on at the end of the running batch, without one at once. GUI
-/// thread.
+/// Receives the reports of items. They take effect at the end of the open batch, or at once if none is open.
+/// GUI thread.
 class IItemNotes
 {
 public:
@@ -17,7 +17,8 @@ public:
     virtual void noteCabinetMoved(CGraphicsCabinetItem &cabinet) = 0;
     virtual void noteMembersChanged(CGraphicsGroupItem &group) = 0;
     virtual void notePortChanged(CGraphicsPortItem &port) = 0;
-    /// The chain of a port changed: what depends on wiring is announced as for a change of the selection.
+    /// The chain of a port changed. Announced like a change of the selection, because what is offered depends
+    /// on the wiring.
     virtual void noteWiringChanged(CGraphicsPortItem &port) = 0;
     virtual void noteSelected(CGraphicsItemBase &item, bool selected) = 0;
     virtual void noteHighlighted(CGraphicsCabinetItem &cabinet, bool highlighted) = 0;

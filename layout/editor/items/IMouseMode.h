@@ -6,32 +6,32 @@ class CGraphicsCabinetItem;
 class QGraphicsSceneMouseEvent;
 class QPointF;
 
-/// What the mouse does on the canvas while a tool is in use: a class a tool, and one for the time when none
-/// is. GUI thread.
+/// What the mouse does on the canvas: one class per tool, and one for when no tool is in use. GUI thread.
 class IMouseMode
 {
 public:
     virtual ~IMouseMode() = default;
 
-    // Each gives whether the event is taken, so that no item gets it.
+    // Each returns whether it has handled the event, so that no item gets it.
     virtual bool press(QGraphicsSceneMouseEvent &) { return false; }
     virtual bool move(const QGraphicsSceneMouseEvent &) { return false; }
     virtual bool release(const QGraphicsSceneMouseEvent &) { return false; }
 
-    /// A press with the left button on a cabinet, before it selects; gives whether that is all that it does.
+    /// Called for a left press on a cabinet before it selects. Returns true if the press shall do nothing
+    /// else.
     virtual bool pressCabinet(CGraphicsCabinetItem &, const QGraphicsSceneMouseEvent &) { return false; }
 
-    /// A stroke from cabinet to cabinet, in scene coordinates. The first gives whether one begins.
+    /// A stroke from cabinet to cabinet, in scene coordinates. beginStroke() returns whether a stroke begins.
     virtual bool beginStroke(CGraphicsCabinetItem &, const QPointF &) { return false; }
     virtual void continueStroke(const QPointF &) {}
     virtual void endStroke(const QPointF &) {}
 
-    /// Whether presses with the left button select.
+    /// Whether left presses select items.
     virtual bool selects() const { return true; }
-    /// Whether what is selected is moved and resized with the mouse, and double clicks count.
+    /// Whether the mouse moves and resizes selected items, and double clicks have a meaning.
     virtual bool edits() const { return false; }
     /// Whether right clicks open menus.
     virtual bool opensMenus() const { return edits(); }
-    /// Whether the second click of a double click, where double clicks do not count, is one more click.
+    /// Where double clicks have no meaning: whether their second click counts as another click.
     virtual bool takesQuickClicks() const { return true; }
 };

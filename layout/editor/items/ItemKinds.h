@@ -4,7 +4,7 @@
 
 #include <QGraphicsItem>
 
-/// The kinds of graphics items, as values of QGraphicsItem::type(). Items are told apart by these only.
+/// The kinds of graphics items, as values of QGraphicsItem::type(). Only these tell items apart.
 enum EItemKind : int {
     CabinetItemKind = QGraphicsItem::UserType + 1,
     ConnectionItemKind = QGraphicsItem::UserType + 2,
@@ -17,11 +17,11 @@ enum EItemRole : int {
     IdentityRole = 0 ///< QUuid of a cabinet or group; of a port item its port index
 };
 
-/// Heights of a port item's children above each other, and of ports.
+/// Z values of a port item's children, and of ports.
 enum EItemHeight : int {
     CabinetHeight = 0,
     ConnectionHeight = 900,
     PortHeight = 0,
-    SelectedPortHeight = 1, ///< nothing that is selected lies hidden under another port
+    SelectedPortHeight = 1, ///< so that no selected item is hidden below another port
     DraggedPortHeight = 2
 };

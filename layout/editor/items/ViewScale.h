@@ -5,7 +5,7 @@
 #include <QGraphicsScene>
 #include <QGraphicsView>
 
-/// Pixels of the screen per canvas pixel in the scene's first view; 1 without one.
+/// Screen pixels per canvas pixel in the scene's first view; 1 if it has no view.
 inline qreal viewScale(const QGraphicsScene &scene)
 {
     const QList<QGraphicsView *> views = scene.views();

@@ -11,8 +11,8 @@ class IEditorCommands;
 class QMenu;
 class QWidget;
 
-/// Fills the menu that a right click on a cabinet or a group opens. The entries find the clicked item again
-/// by its identity, as it may be gone when one of them is chosen. GUI thread.
+/// Fills the menu that a right click on a cabinet or a group opens. The entries look up the clicked item by
+/// its identity, because it may be deleted before one of them is chosen. GUI thread.
 class CCabinetMenu final
 {
     Q_DECLARE_TR_FUNCTIONS(CCabinetMenu)
@@ -20,11 +20,11 @@ class CCabinetMenu final
 public:
     static constexpr int Width = 240; ///< pixels
 
-    /// @p parent is for questions and dialogs; @p commands may be null.
+    /// @p parent is the parent of questions and dialogs; @p commands may be null.
     CCabinetMenu(QMenu &menu, CSceneBackend &backend, IEditorCommands *commands,
                  const CGraphicsItemBase &clicked, QWidget *parent);
 
-    /// Adds the entries that apply; without commands only those that edit the layout.
+    /// Adds the entries that apply; if there are no commands, only those that edit the layout.
     void fill();
 
 private:

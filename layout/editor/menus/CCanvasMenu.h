@@ -18,7 +18,8 @@ class CCanvasMenu final
     Q_DECLARE_TR_FUNCTIONS(CCanvasMenu)
 
 public:
-    /// @p parent is for questions and dialogs. Without @p commands there are no entries that open dialogs.
+    /// @p parent is the parent of questions and dialogs. If @p commands is null, there are no entries that
+    /// open dialogs.
     CCanvasMenu(QMenu &menu, CSceneBackend &backend, IEditorCommands *commands, QWidget *parent)
         : m_menu(menu)
         , m_backend(backend)
@@ -27,10 +28,10 @@ public:
     {
     }
 
-    /// Adds the entries that apply. They act on the current port; what is pasted comes to lie at @p scenePos.
+    /// Adds the entries that apply. They act on the current port; paste inserts at @p scenePos.
     void fill(const QPointF &scenePos);
 
-    /// Why the canvas size cannot be changed, in brackets; empty when it can.
+    /// The reason why the canvas size cannot be changed, in brackets; empty if it can.
     static QString reason(CanvasBlock block);
 
 private:

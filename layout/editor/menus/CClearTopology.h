@@ -8,13 +8,13 @@ class CSceneContent;
 class CSceneOperations;
 class QWidget;
 
-/// Clears the whole topology of a port when the user says so. GUI thread.
+/// Clears the whole topology of a port after asking the user. GUI thread.
 class CClearTopology final
 {
     Q_DECLARE_TR_FUNCTIONS(CClearTopology)
 
 public:
-    /// Asks over @p parent; not for a port that is locked. While the question is open another processor may
-    /// come into view: then nothing is cleared, and the user is told.
+    /// Asks in a message box over @p parent, unless the port is locked. If another processor comes into view
+    /// while the question is open, nothing is cleared, and a message says so.
     static void ask(QWidget *parent, const CSceneContent &content, CSceneOperations &operations, int port);
 };

@@ -14,18 +14,18 @@ class QAction;
 class QMenu;
 class QWidget;
 
-/// Entries that the menus of the editor share.
+/// Entries shared by the menus of the editor.
 class CEditEntries final
 {
     Q_DECLARE_TR_FUNCTIONS(CEditEntries)
 
 public:
-    /// An entry of @p menu that runs @p triggered; @p icon may be empty.
+    /// Adds an entry to @p menu that calls @p triggered; @p icon may be empty.
     static QAction *add(QMenu &menu, const QString &text, const QString &icon,
                         const std::function<void()> &triggered);
-    /// "Undo" and "Redo", enabled where they can run; questions and messages appear over @p parent.
+    /// Adds "Undo" and "Redo", enabled if there is a step; messages appear over @p parent.
     static void addHistory(QMenu &menu, CGuardedUndo &history, QWidget *parent);
     static void addSelectAll(QMenu &menu, CSelectionPicks &picks);
-    /// "Clear topology" of a port, which asks first.
+    /// Adds "Clear topology" for a port, which asks first.
     static void addClearTopology(QMenu &menu, CSceneBackend &backend, int port, QWidget *parent);
 };

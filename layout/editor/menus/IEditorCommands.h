@@ -8,9 +8,9 @@
 class QMenu;
 class QWidget;
 
-/// What menus and tools of the canvas offer beyond the scene's own edits: dialogs, files, the host. Whoever
-/// carries it out knows the scene, its selection and its current port; the user is asked and told over @p
-/// parent. GUI thread.
+/// What menus and tools of the canvas offer beyond edits of the scene: dialogs, files, calls of the host. The
+/// implementation knows the scene, its selection and the current port. Questions and messages appear over
+/// @p parent. GUI thread.
 class IEditorCommands
 {
 public:
@@ -25,7 +25,7 @@ public:
     virtual void saveParameters(const QList<Cabinet> &cabinets, QWidget *parent) = 0;
     virtual void showInformation(const QList<Cabinet> &cabinets, QWidget *parent) = 0;
     virtual void exportConfiguration(const Cabinet &cabinet, QWidget *parent) = 0;
-    /// Why no configuration can be read back from the processor now; empty when one can.
+    /// The reason why no configuration can be read back from the processor now; empty if it can.
     virtual QString readbackRefusal() const = 0;
     virtual void readBackConfiguration(const Cabinet &cabinet, QWidget *parent) = 0;
 
@@ -33,13 +33,13 @@ public:
     virtual void setCanvasSize(QWidget *parent) = 0;
     virtual void setCanvasFill(QWidget *parent) = 0;
     virtual void adjustCurrentGain(QWidget *parent) = 0;
-    /// Opens the dialog that pairs output ports, of all processors.
+    /// Opens the dialog that pairs output ports of all processors.
     virtual void pairPorts(QWidget *parent) = 0;
 
     virtual void openTypeLibrary(QWidget *parent) = 0;
-    /// Fills the menu whose entries append cabinets to the current port. It stays empty without a port that
-    /// takes some; of a full one the user is told.
+    /// Fills the menu whose entries append cabinets to the current port. It stays empty if there is no
+    /// current port that accepts cabinets; if the port is full, a message says so.
     virtual void fillAppendMenu(QMenu &menu, QWidget *parent) = 0;
-    /// Makes @p cabinets, and no others, stand out on the wall. Gives whether the processor does so.
+    /// Highlights exactly @p cabinets on the wall. Returns whether the processor accepted that.
     virtual bool highlight(const QList<Cabinet> &cabinets, CabinetHighlight kind, QWidget *parent) = 0;
 };

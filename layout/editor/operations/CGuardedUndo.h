@@ -13,7 +13,8 @@ class IEditing;
 class QUndoCommand;
 class QWidget;
 
-/// Undoes and redoes the steps of a scene, unless a step touches a locked or a redundancy port. GUI thread.
+/// Undoes and redoes the steps of a scene; refuses a step that touches a locked port or a redundancy port.
+/// GUI thread.
 class CGuardedUndo final
 {
     Q_DECLARE_TR_FUNCTIONS(CGuardedUndo)
@@ -28,17 +29,17 @@ public:
     {
     }
 
-    // Nothing happens without a step to take. A refusal is told over @p parent.
+    // Nothing happens if there is no step. A refusal is shown in a message box over @p parent.
     void undo(QWidget *parent) { run(parent, true); }
     void redo(QWidget *parent) { run(parent, false); }
     bool canUndo() const;
     bool canRedo() const;
 
-    /// What to tell the user instead of running @p command; empty when it may run. Commands are looked at in
-    /// their order; one whose port has no item any more is passed over.
+    /// The message to show instead of running @p command; empty if it may run. The commands of a macro are
+    /// checked in order; one whose port no longer exists is skipped.
     QString refusal(const QUndoCommand &command, bool undoing) const;
 
-    /// The first of the editor's own commands in @p command, which may be a macro; null without one.
+    /// The first of the editor's own commands in @p command, which may be a macro; null if there is none.
     static const CUndoCommandBase *ownCommand(const QUndoCommand *command);
 
 private:

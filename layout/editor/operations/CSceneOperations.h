@@ -12,8 +12,8 @@ class CSceneSelection;
 class CUndoRecorder;
 class IEditing;
 
-/// The edits of the scene's selection. Each puts a gesture in progress back and makes one undo step; it does
-/// nothing at all when a port that it would change is locked. GUI thread.
+/// Edits of the scene's selection. Each cancels a gesture in progress and makes one undo step. Each does
+/// nothing at all if a port that it would change is locked. GUI thread.
 class CSceneOperations final
 {
 public:
@@ -33,11 +33,11 @@ public:
     void group();
     void ungroup();
     void remove();
-    /// Moves by a step in parent coordinates; towards the top and the left not beyond the scene's origin.
+    /// Moves each selected item by @p step, but not beyond the top and left edges of the canvas.
     void nudge(const QPointF &step);
     /// Reverses the receivers of a cabinet, unless its direction is fixed.
     void exchangeReceivers(const QUuid &cabinet);
-    /// Takes grouping and wiring from a port that becomes the redundancy of another.
+    /// Removes grouping and wiring of a port that becomes the redundancy of another one.
     void prepareBackup(int port);
 
 private:

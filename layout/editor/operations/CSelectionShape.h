@@ -12,9 +12,8 @@ class CSceneSelection;
 class CUndoRecorder;
 class IEditing;
 
-/// Gives the selection a place, a size, an arrangement or a type in figures. Each puts a gesture in
-/// progress back and makes one undo step; it does nothing when a port that it would change is locked. GUI
-/// thread.
+/// Sets position, size, arrangement or type of the selection. Each edit cancels a gesture in progress and
+/// makes one undo step. Each does nothing at all if a port that it would change is locked. GUI thread.
 class CSelectionShape final
 {
 public:
@@ -27,15 +26,16 @@ public:
     {
     }
 
-    /// Moves the selection as a whole, so that the corner of its extent lies at @p corner, canvas pixels.
+    /// Moves the selection as a whole, so that the upper left corner of its extent is at @p corner, canvas
+    /// pixels.
     void moveTo(const QPoint &corner);
-    /// Gives each selected cabinet that lies in no group @p size; the upper left corners stay, the
-    /// receivers follow, and each of them keeps a pixel.
+    /// Gives each selected cabinet that is in no group @p size. The upper left corners stay; receiver areas
+    /// are scaled and keep at least one pixel.
     void resizeTo(const QSize &size);
-    /// Puts the selected items side by side in rows of @p columns, in the order in which they lie now, from
-    /// the corner of their extent on. The largest item sets the pitch.
+    /// Arranges the selected items in rows of @p columns items, in the order of their present positions,
+    /// beginning at the upper left corner of their extent. The largest item sets the pitch.
     void arrange(int columns);
-    /// Gives all selected cabinets the type, and its size; the upper left corners stay.
+    /// Gives all selected cabinets @p type and its size; the upper left corners stay.
     void applyType(const TypeInfo &type);
 
 private:

@@ -7,14 +7,14 @@
 class CGraphicsCabinetItem;
 class CGraphicsPortItem;
 
-/// The order that a snake pattern gives a port's chain. Changes nothing itself.
+/// Computes the order that a snake pattern gives a port's chain. Changes nothing itself.
 class CTopologyWiring final
 {
 public:
-    /// The chain of @p port after @p selected, cabinets of it, were wired by @p pattern. Those that were
-    /// wired go back between what stood before the first and after the last of them; unwired ones continue
-    /// the chain at its end. Cabinets that no line of the pattern touches are left unwired; every unselected
-    /// cabinet keeps its wiring.
+    /// Returns the chain of @p port after wiring @p selected, cabinets of that port, by @p pattern. If some
+    /// of them were wired, all of them go between what preceded the first and what followed the last of
+    /// those; otherwise they continue the chain at its end. Cabinets that no line of the pattern touches are
+    /// left unwired; every unselected cabinet keeps its wiring.
     static QVector<CGraphicsCabinetItem *> chainByPattern(const CGraphicsPortItem &port,
                                                           const QVector<CGraphicsCabinetItem *> &selected,
                                                           int pattern);

@@ -8,14 +8,14 @@
 
 class IPortStates;
 
-/// What other programs get from copied cabinets: a picture of them, and a table as text. Made when it is
-/// asked for.
+/// What other programs get from copied cabinets: a picture of them, and a table as text. Both are made on
+/// request.
 class CCopyMime final : public QMimeData
 {
     Q_OBJECT
 
 public:
-    /// Drawn in the colours that the ports have in @p states now.
+    /// The picture uses the colours that the ports have in @p states now.
     CCopyMime(const PasteCache &cache, const IPortStates &states);
 
     QStringList formats() const override;
@@ -28,5 +28,5 @@ private:
     QString table() const;
     QImage picture() const;
 
-    CabinetLayout m_layout; // a port record for each port that cabinets were copied from
+    CabinetLayout m_layout; // one port record for each port that cabinets were copied from
 };

@@ -6,18 +6,18 @@
 
 class CSceneSelection;
 
-/// What a paste cache holds and what becomes of it in a port. GUI thread.
+/// Makes a paste cache from the selection, and a port record from a paste cache. GUI thread.
 class CPasteContent final
 {
 public:
-    /// The selected cabinets and groups as their records tell them.
+    /// Returns the records of the selected cabinets and groups.
     static PasteCache copyOf(const CSceneSelection &selection);
 
     static int cabinetCount(const PasteCache &cache);
     /// The union of all cabinets' rectangles, canvas pixels.
     static QRect extent(const PasteCache &cache);
-    /// The copied cabinets and groups as a port's record, moved so that the corner of their extent comes to
-    /// lie at @p corner. All are without identity yet. Cabinets that were wired are ranked in the order of
+    /// Returns the copied cabinets and groups as a port record, moved so that the upper left corner of their
+    /// extent is at @p corner. All have null identities. Cabinets that were wired are ranked in the order of
     /// their ports and chains; what the processor knew of the originals is left out.
     static CabinetLayout::CabinetPort placed(const PasteCache &cache, const QPoint &corner);
 };

@@ -20,10 +20,10 @@ class QGraphicsSceneMouseEvent;
 class QPainter;
 class QWidget;
 
-/// Brings new cabinets into the scene: pasted ones, and appended ones that wait for the press that places
-/// them, shown as ghosts under the cursor until then. What is waited for stands in the scene's properties
-/// "pendingAppendCabinet" (a map with the type under "rcvTypeInfo"), "pendingAppendCabinetPort" and
-/// "pendingAppendCabinetSize". GUI thread.
+/// Adds new cabinets to the scene: pasted ones, and appended ones, which are shown as ghosts under the cursor
+/// until a press places them. The pending append is stored in the scene's properties "pendingAppendCabinet"
+/// (a map with the type under "rcvTypeInfo"), "pendingAppendCabinetPort" and "pendingAppendCabinetSize". GUI
+/// thread.
 class CScenePlacing final
 {
     Q_DECLARE_TR_FUNCTIONS(CScenePlacing)
@@ -37,32 +37,34 @@ public:
 
     const PasteCache &cache() const { return m_cache; }
     void setCache(const PasteCache &cache) { m_cache = cache; }
-    /// Keeps the selection for pasting, and offers it to other programs.
+    /// Copies the selection into the cache, and to the clipboard for other programs.
     void copy();
-    /// Copies, then removes the selection; nothing when a port that holds some of it refuses edits.
+    /// Copies, then removes the selection. Does nothing if a port that holds some of it refuses edits.
     void cut(CSceneOperations &operations);
-    /// Pastes into the current port, the corner of the copy at @p position; refusals are told over @p parent.
+    /// Pastes into the current port, with the upper left corner at @p position. A refusal is shown in a
+    /// message box over @p parent.
     void paste(const QPointF &position, QWidget *parent);
 
     /// Whether cabinets wait to be placed.
     bool isAppending() const;
-    /// From now on the next press places cabinets of @p size in @p port; @p type may be empty. Does nothing
-    /// for a port that takes no more, or a size that no cabinet may have.
+    /// Makes the next press place cabinets of @p size in @p port; @p type may be empty. Does nothing if the
+    /// port accepts no more cabinets, or if the size is not allowed.
     void beginAppend(const TypeInfo &type, int port, const QSize &size);
-    /// What waits is for @p port now; nothing waits any more when that takes no more.
+    /// Changes the port of the pending append to @p port; ends the append if that port accepts no more
+    /// cabinets.
     void moveAppendTo(int port);
-    void endAppend();   ///< nothing waits any more
-    void cancelPress(); ///< the cabinets wait for another press
+    void endAppend();   ///< no cabinets wait any more
+    void cancelPress(); ///< undoes a press; the cabinets wait for the next one
 
-    // The mouse while cabinets wait. A drag places as many as fit on its way.
+    // Mouse events while cabinets wait. A drag places as many as fit into the area between press and release.
     void press(const QGraphicsSceneMouseEvent &event);
     void move(const QGraphicsSceneMouseEvent &event);
-    /// Gives whether the cabinets were placed or refused, so that nothing waits any more.
+    /// Returns whether the cabinets were placed or refused, so that none wait any more.
     bool release(const QGraphicsSceneMouseEvent &event);
     /// Draws the ghosts.
     void paint(QPainter &painter) const;
 
-    /// Why @p more cabinets cannot come into a port that holds @p count; empty when they can.
+    /// The reason why @p more cabinets cannot be added to a port that holds @p count; empty if they can.
     static QString refusal(int count, int more);
 
 private:
@@ -80,5 +82,5 @@ private:
     CUndoRecorder &m_recorder;
     PasteCache m_cache;
     QVector<QRect> m_cells; // the ghosts
-    bool m_pressed = false; // the first of them stays where it is
+    bool m_pressed = false; // the first of them is fixed
 };

@@ -7,10 +7,10 @@
 class CGraphicsItemBase;
 class CUndoRecorder;
 
-/// Records that the receiver areas and blanks of a cabinet follow its size.
+/// Records that receiver areas and blanks are scaled with their cabinet.
 class CAreaRecorder final
 {
 public:
-    /// @p item has its new size and its place; a group has no areas.
+    /// @p item already has its new size and position. Does nothing for a group, which has no areas.
     static void scale(CUndoRecorder &recorder, CGraphicsItemBase &item, const QSizeF &from, const QSizeF &to);
 };

@@ -10,7 +10,7 @@ class CGraphicsItemBase;
 class CGraphicsPortItem;
 class CUndoRecorder;
 
-/// Records how groups are formed and dissolved and how items are removed. Locks are the caller's.
+/// Records how groups are formed and dissolved, and how items are removed. The caller checks locks.
 class CGroupEditing final
 {
 public:
@@ -19,15 +19,15 @@ public:
     {
     }
 
-    /// Forms a group of @p members, which lie directly in @p port.
+    /// Forms a group of @p members, which are direct children of @p port.
     void group(CGraphicsPortItem &port, const QVector<CGraphicsItemBase *> &members, qint64 ordinal);
-    /// Dissolves a group; its members land in the port.
+    /// Dissolves a group; its members become direct children of the port.
     void ungroup(CGraphicsGroupItem &group);
-    /// Dissolves the group and every group in it.
+    /// Dissolves the group and all its sub-groups.
     void ungroupAll(CGraphicsGroupItem &group);
-    /// Removes @p cabinets of a port; groups that lose their last member go too.
+    /// Removes @p cabinets of a port; groups that lose their last member are removed, too.
     void remove(CGraphicsPortItem &port, const QVector<CGraphicsCabinetItem *> &cabinets);
-    /// Takes everything out of @p port: wiring, groups, cabinets.
+    /// Removes everything from @p port: wiring, groups, cabinets.
     void empty(CGraphicsPortItem &port);
 
 private:

@@ -12,25 +12,25 @@
 
 #include "layout/editor/undo/CUndoCommandBase.h"
 
-/// Puts commands on the undo stack, those of one operation in one macro, which opens with the first of them.
-/// Without a stack commands are carried out and forgotten. GUI thread.
+/// Puts commands on the undo stack. The commands of one operation form one macro, which opens with the first
+/// of them. If there is no stack, commands are carried out and discarded. GUI thread.
 class CUndoRecorder final
 {
 public:
-    /// @p selection gives the identities of what is selected.
+    /// @p selection returns the identities of the selected items.
     explicit CUndoRecorder(std::function<QVector<QUuid>()> selection)
         : m_selection(std::move(selection))
     {
     }
 
     QUndoStack *stack() const { return m_stack; }
-    /// Replaces the stack, which stays owned by the caller; null: nothing can be undone. Not within an
-    /// operation.
+    /// Replaces the stack; null: nothing can be undone. The caller keeps ownership. Must not be called within
+    /// an operation.
     void setStack(QUndoStack *stack) { m_stack = stack; }
 
-    /// Name of the running or the last compound edit.
+    /// The name of the running or the last operation.
     const QString &operationName() const { return m_operationName; }
-    /// For an edit that is not recorded.
+    /// Sets the name for an edit that is not recorded.
     void setOperationName(const QString &name) { m_operationName = name; }
 
     // Both make a command on @p item, carry it out and record it. Only within an operation, see CUndoMacro.
@@ -44,7 +44,7 @@ public:
         command->setEndValue(end);
         push(std::move(command));
     }
-    /// A command that makes @p item again by @p factory.
+    /// A command that re-creates @p item by @p factory.
     template <typename Command>
     void recordWith(CGraphicsItemBase &item, const CUndoCommandBase::Factory &factory)
     {
@@ -68,11 +68,11 @@ private:
     int m_depth = 0;
 };
 
-/// Makes one undo step of all commands pushed while it lives; within another one it adds to that.
+/// Makes one undo step of all commands pushed during its lifetime; nested ones add to the outermost.
 class CUndoMacro final
 {
 public:
-    /// @p text is what the undo stack shows: the name of the operation, unless another is given.
+    /// @p text is what the undo stack shows; by default the name of the operation.
     CUndoMacro(CUndoRecorder &recorder, const QString &operationName, const QString &text)
         : m_recorder(recorder)
     {

@@ -8,16 +8,16 @@ class CGraphicsCabinetItem;
 class CGraphicsPortItem;
 class CUndoRecorder;
 
-/// Records the way from a port's chain to another order of it.
+/// Records how a port's chain gets another order.
 class CWiringRecorder final
 {
 public:
-    /// Makes @p order the port's chain: what differs from the end is taken out cabinet by cabinet, then put
-    /// in. Either way every step works at the end of the chain, and undoing them in turn gives back the chain
-    /// exactly.
+    /// Makes @p order the port's chain: removes cabinets from the end down to where the two differ, then
+    /// appends the new ones. Every step works at the end of the chain, so undoing the steps restores the
+    /// chain exactly.
     static void rechain(CUndoRecorder &recorder, CGraphicsPortItem &port,
                         const QVector<CGraphicsCabinetItem *> &order);
-    /// Takes @p cabinets out; the others close up.
+    /// Removes @p cabinets from the chain; the others close the gaps.
     static void takeOut(CUndoRecorder &recorder, CGraphicsPortItem &port,
                         const QVector<CGraphicsCabinetItem *> &cabinets);
 };

@@ -7,15 +7,16 @@
 class CGraphicsCabinetItem;
 class CGraphicsGroupItem;
 
-/// Makes the items that commands re-create. What a command does not record itself (record, name, place in the
-/// order of records) travels in the factory.
+/// Factories for items that commands re-create. A factory carries what a command does not record itself:
+/// record, name and ordinal.
 namespace ItemFactories {
 
 /// Always a new item.
 CUndoCommandBase::Factory anew(const CGraphicsCabinetItem &cabinet);
 CUndoCommandBase::Factory anew(const CGraphicsGroupItem &group);
 
-/// The given item the first time, for the redo that runs when a command is pushed; new ones afterwards.
+/// Returns the given item the first time, for the redo() that runs when a command is pushed; new ones
+/// afterwards.
 CUndoCommandBase::Factory existingFirst(CGraphicsCabinetItem &cabinet);
 CUndoCommandBase::Factory existingFirst(CGraphicsGroupItem &group);
 

@@ -25,7 +25,7 @@ class ISceneInput;
 
 /// The scene of the layout editor: a port item for each output port of the processor in view, with its
 /// cabinets, groups and wiring lines. Turns records into items and items back into records, announces what
-/// edits change, and hands mouse and menus on to the input that is installed. GUI thread.
+/// edits change, and passes mouse and menu events to the installed input. GUI thread.
 class CCabinetGraphicsScene final : public CGraphicsScene, public ILayoutSource
 {
     Q_OBJECT
@@ -37,48 +37,48 @@ public:
 
     /// Rebuilds all items from @p data, the layout of @p processor, keeps @p pasteCache for pasting, and
     /// selects the items whose keys are in @p selected. A layout of another processor changes nothing. With
-    /// @p undoable the change is recorded, for which the ports must be the same; otherwise what was recorded
-    /// before stays as it is.
+    /// @p undoable the change is recorded as an undo step, if the ports are the same as before; otherwise the
+    /// undo stack is not touched.
     void setLayoutData(const ProcessorTree::ProcessorNode &processor, const LayoutData &data,
                        const PasteCache &pasteCache = {}, const QList<QUuid> &selected = {},
                        bool undoable = false);
-    /// Removes all items, for when no processor is in view.
+    /// Removes all items. Called when no processor is in view.
     void clearLayout();
-    /// What is being dragged lies where the drag began.
+    /// Items being dragged are returned as they were before the drag.
     void getLayoutData(CabinetLayout &layout, const QUuid &processor) const override;
 
     /// In ascending port index.
     const QVector<CGraphicsPortItem *> &portItems() const;
     CGraphicsPortItem *portItem(int port) const; ///< null for an unknown index
     const CSceneSelection &selection() const;
-    /// The parts that hold and edit what the scene shows.
+    /// The parts that hold and edit the content of the scene.
     CSceneBackend &backend() { return *m_backend; }
 
-    /// The scene's own stack unless another was set; null after setUndoStack(nullptr).
+    /// The scene's own stack, unless another one was set; null after setUndoStack(nullptr).
     QUndoStack *undoStack() const;
-    /// Records on @p stack, which stays owned by the caller and must outlive its use here; with null edits
-    /// apply but cannot be undone.
+    /// Records on @p stack from now on; null: edits cannot be undone. The caller keeps ownership, and must
+    /// set another stack before deleting this one.
     void setUndoStack(QUndoStack *stack);
-    /// The first of the editor's own commands in @p command, which may be a macro; null without one.
+    /// The first of the editor's own commands in @p command, which may be a macro; null if there is none.
     const CUndoCommandBase *getChildUndoCommand(const QUndoCommand *command) const;
 
-    // Edits. A locked port among those concerned makes them do nothing.
+    // Edits. They do nothing if a port concerned is locked.
     /// Wires the selected cabinets of each port by a snake pattern.
     void topologyWiring(uint pattern);
     void breakSelectedWiring();
     /// Clears the whole topology of a port.
     void breakPortWiring(int port);
-    void getPasteCache(PasteCache &cache) const; ///< the selection as it would be copied
-    /// Pastes into the current port, its corner at @p scenePos or, when that is exactly the origin, under the
-    /// cursor. Refusals are told over @p parent.
+    void getPasteCache(PasteCache &cache) const; ///< returns the selection as it would be copied
+    /// Pastes into the current port, with the upper left corner at @p scenePos, or under the cursor if that
+    /// is exactly the origin. A refusal is shown in a message box over @p parent.
     void pasteItems(const QPointF &scenePos, QWidget *parent);
 
     void setToolMode(ToolMode mode, bool on);
     bool isToolModeSet(ToolMode mode) const;
-    /// Leaves the mode that the view has set, and an append that waits.
+    /// Leaves the mode set by the view, and ends a pending append.
     void leaveOperation();
 
-    /// Why the fill image of the canvas is not drawn; empty when it is.
+    /// The reason why the fill image of the canvas is not drawn; empty if it is.
     const QString &fillProblem() const { return m_fill.problem(); }
     void renderPicture(QPainter &painter, const QRectF &target, const QRectF &source) override;
 
@@ -90,8 +90,8 @@ Q_SIGNALS:
     void notifySelectedCabinetInfos(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets);
     void notifySelectedChanged(const QList<int> &ports, bool canGroup, bool canBreakGroup);
     void notifySceneChanged();
-    void notifyHighlightChanged(); ///< other cabinets stand out now
-    void notifyLookChanged();      ///< the same is there, but looks otherwise
+    void notifyHighlightChanged(); ///< other cabinets are highlighted now
+    void notifyLookChanged();      ///< same content, other look
 
 public Q_SLOTS:
     void selectAllItem();

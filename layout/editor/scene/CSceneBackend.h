@@ -19,12 +19,12 @@
 
 class ISceneInput;
 
-/// What serves a scene: keeps the parts that hold its items, selection and history and that carry edits out,
-/// and stands between them and the items. Whoever edits takes the part that it needs. GUI thread.
+/// The backend of a scene: owns the parts that hold items, selection and history and that carry out edits,
+/// and passes reports of items to them. Callers use the part that they need. GUI thread.
 class CSceneBackend final : public IEditorScene, private IItemNotes
 {
 public:
-    /// Serves @p scene, which owns it; @p finish does the work that follows from a batch. @p states must
+    /// The backend of @p scene, which owns it; @p finish does the work at the end of a batch. @p states must
     /// outlive it.
     CSceneBackend(CGraphicsScene &scene, const IPortStates &states,
                   std::function<void(const CPendingEdits &)> finish);
@@ -41,10 +41,10 @@ public:
     CHighlights &highlights() { return m_highlights; }
     const IPortStates &states() const { return m_states; }
 
-    /// Lets @p input follow the mouse; it stays owned by the caller. Null: nobody does.
+    /// Installs @p input, which handles mouse events; null: nobody does. The caller keeps ownership.
     void setInput(ISceneInput *input) { m_input = input; }
     ISceneInput *input() const { return m_input; }
-    bool isDragging() const; ///< false without input
+    bool isDragging() const; ///< false if no input is installed
 
     void setToolMode(ToolMode mode, bool on);
     const QSet<ToolMode> &toolModes() const { return m_toolModes; }

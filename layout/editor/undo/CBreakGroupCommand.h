@@ -6,7 +6,7 @@
 
 #include <QCoreApplication>
 
-/// Dissolves a group; undo gathers the members that it had when the command was made.
+/// Dissolves a group; undo re-creates it with the members that it had when the command was made.
 class CBreakGroupCommand final : public CUndoCommandBase
 {
     Q_DECLARE_TR_FUNCTIONS(CBreakGroupCommand)

@@ -6,7 +6,7 @@
 
 #include <QCoreApplication>
 
-/// Takes a cabinet out of its port's chain; the start value is its chain position before.
+/// Removes a cabinet from its port's chain; the start value is its previous chain position.
 class CBreakWiringCommand final : public CUndoCommandBase
 {
     Q_DECLARE_TR_FUNCTIONS(CBreakWiringCommand)

@@ -6,7 +6,7 @@
 
 #include <QCoreApplication>
 
-/// Gives a cabinet another record: the start value and the end value are its records before and after.
+/// Gives a cabinet another record; start value and end value are the records before and after.
 class CChangeCabinetTypeCommand final : public CUndoCommandBase
 {
     Q_DECLARE_TR_FUNCTIONS(CChangeCabinetTypeCommand)

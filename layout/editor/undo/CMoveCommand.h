@@ -6,7 +6,7 @@
 
 #include <QCoreApplication>
 
-/// Moves an item between two places of the scene: the start value and the end value are QPointF.
+/// Moves an item; start value and end value are its scene positions (QPointF).
 class CMoveCommand final : public CUndoCommandBase
 {
     Q_DECLARE_TR_FUNCTIONS(CMoveCommand)
@@ -16,7 +16,7 @@ public:
 
     void undo() override;
     void redo() override;
-    /// Takes over a step that goes on exactly where this one ended, so that one drag is one step.
+    /// Merges a move that begins exactly where this one ended, so that one drag is one step.
     bool mergeWith(const QUndoCommand *other) override;
 
 private:

@@ -6,7 +6,7 @@
 
 #include <QCoreApplication>
 
-/// Removes a cabinet; undo brings it back at its recorded place in the scene.
+/// Removes a cabinet; undo re-creates it at its recorded scene position.
 class CRemoveCommand final : public CUndoCommandBase
 {
     Q_DECLARE_TR_FUNCTIONS(CRemoveCommand)

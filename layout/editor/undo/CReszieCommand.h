@@ -6,7 +6,7 @@
 
 #include <QCoreApplication>
 
-/// Gives an item another size: the start value and the end value are QSizeF.
+/// Resizes an item; start value and end value are its sizes (QSizeF).
 class CReszieCommand final : public CUndoCommandBase
 {
     Q_DECLARE_TR_FUNCTIONS(CReszieCommand)

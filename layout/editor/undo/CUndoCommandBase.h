@@ -18,8 +18,8 @@ class CGraphicsPortItem;
 class IEditorScene;
 class QGraphicsItem;
 
-/// What all commands of the editor share: what they recorded of their item, and the changes of the scene that
-/// undo and redo are made of. An item that cannot be found, or is of another kind, makes a step do nothing.
+/// Base of all commands of the editor: what they recorded of their item, and the steps that undo and redo
+/// consist of. A step does nothing if its item is not found or is of another kind.
 class CUndoCommandBase : public CUndoCommand
 {
 public:
@@ -35,56 +35,57 @@ public:
         BreakWiringId = 7,
         ChangeTypeId = 8
     };
-    /// Gives an item of the recorded kind: the one that exists already the first time, a new one afterwards.
+    /// Returns an item of the recorded kind: the first time one that may exist already, a new one afterwards.
     using Factory = std::function<CGraphicsItemBase *()>;
 
     /// Output-port index of the item when the command was made.
     int port() const { return m_port; }
     const QUuid &uuid() const { return m_uuid; }
-    /// The item's parent when the command was made, if it is found; null also for a port, which has no
-    /// identity.
+    /// The parent that the item had when the command was made; null if it is not found, or is a port, which
+    /// has no identity.
     QGraphicsItem *parentItem() const { return m_parentUuid.isNull() ? nullptr : item(m_parentUuid); }
 
     void setFactory(const Factory &factory) { m_factory = factory; }
 
-    /// Name of the compound edit that the command was made in.
+    /// Name of the operation that the command belongs to.
     const QString &operationName() const { return m_operationName; }
     void setOperationName(const QString &name) { m_operationName = name; }
 
-    /// What was selected before and after the operation whose first command this is.
+    /// The selection before and after the operation. Set for the first command of an operation only.
     void setSelectionBefore(const QVector<QUuid> &uuids) { m_selectionBefore = uuids; }
     void setSelectionAfter(const QVector<QUuid> &uuids) { m_selectionAfter = uuids; }
     const QVector<QUuid> &selectionBefore() const { return m_selectionBefore; }
     const QVector<QUuid> &selectionAfter() const { return m_selectionAfter; }
 
 protected:
-    /// Records @p item as it is. The text is @p word and the item's name, if @p named, separated by a blank.
+    /// Records the state of @p item. The command's text is @p word, and if @p named, a space and the item's
+    /// name.
     CUndoCommandBase(ECommandId id, QGraphicsItem *item, const QString &word, bool named,
                      QUndoCommand *parent);
 
     CGraphicsItemBase *resolvedItem() const;
-    CGraphicsCabinetItem *resolvedCabinet() const; ///< null when the item is no cabinet
-    CGraphicsGroupItem *resolvedGroup() const;     ///< null when the item is no group
+    CGraphicsCabinetItem *resolvedCabinet() const; ///< null if the item is not a cabinet
+    CGraphicsGroupItem *resolvedGroup() const;     ///< null if the item is not a group
     CGraphicsPortItem *portItem() const;
 
-    // Steps; each finds its item itself.
+    // Steps. Each looks up its item itself.
     void takeOut();
     enum EPlace { AtPosition, AtScenePosition };
     void recreate(EPlace place);
-    /// Hands the group's members to its port, or to the group's recorded parent, and deletes it.
+    /// Moves the group's members to its port, or to the group's recorded parent, and deletes the group.
     enum EDissolveTo { ToPort, ToRecordedParent };
     void dissolveGroup(EDissolveTo target);
     void recreateGroup(const QVector<QUuid> &members);
     void appendToChain();
     void takeOutOfChain();
-    /// After an item's geometry changed: the groups around it follow, and the scene is painted anew.
+    /// Called after an item's geometry changed: updates the groups around it and repaints the scene.
     void finishGeometry(CGraphicsItemBase &item);
     void repaint();
 
 private:
     CGraphicsItemBase *makeItem();
     void putIntoScene(CGraphicsItemBase &item);
-    /// The scene forgets the item and all below it, which are about to be deleted.
+    /// Unregisters the item and all its descendants, which are about to be deleted.
     void leaveWithMembers(CGraphicsItemBase &item);
 
     IEditorScene *m_editor = nullptr;

@@ -10,11 +10,11 @@ class QWidget;
 class CCanvasKeys final
 {
 public:
-    /// Carries out the edit that the key stands for; messages appear over @p parent. False for a
-    /// key without one.
+    /// Carries out the edit assigned to the key; messages appear over @p parent. Returns false if the key has
+    /// none.
     static bool carryOut(const QKeyEvent &event, CSceneBackend &backend, QWidget *parent);
-    /// Whether the key opens the menu that appends cabinets.
-    /// Whether the key steps through the history, which needs no tool that edits.
+    /// Whether the key is undo or redo, which work with every tool.
     static bool isHistory(const QKeyEvent &event);
+    /// Whether the key opens the menu that appends cabinets.
     static bool isAppend(const QKeyEvent &event);
 };

@@ -9,15 +9,14 @@
 #include <map>
 #include <memory>
 
-/// The undo stacks of the processors that have been edited. A stack outlives a look at another processor, but
-/// not a change of its layout that was made elsewhere meanwhile, since its steps would not fit any more. GUI
-/// thread.
+/// The undo stacks of the processors, one each. A stack is kept while another processor is in view, but
+/// replaced if the layout was changed elsewhere meanwhile, because its steps would no longer fit. GUI thread.
 class CEditHistories final
 {
 public:
-    /// The layout of @p processor goes out of view as it is in @p layout.
+    /// Call when @p processor goes out of view; @p layout is its layout at that moment.
     void leave(const QUuid &processor, const CabinetLayout &layout);
-    /// The stack for @p processor, whose layout comes into view as it is in @p layout.
+    /// Returns the stack for @p processor, which comes into view with @p layout.
     QUndoStack &enter(const QUuid &processor, const CabinetLayout &layout);
 
 private:

@@ -9,14 +9,14 @@
 class QActionGroup;
 class QToolButton;
 
-/// The tool bar of the layout editor. Each button carries its number in the property "action" and its place
-/// in the property "ToolLocation". GUI thread.
+/// The tool bar of the layout editor. Each button has its number in the property "action" and its location in
+/// the property "ToolLocation". GUI thread.
 class CEditorToolBar final : public QToolBar
 {
     Q_OBJECT
 
 public:
-    /// The tools in their order; the numbers are those that the signals tell.
+    /// The tools in their order. The signals pass these numbers.
     enum ETool {
         Undo = 0,
         Redo = 1,
@@ -38,13 +38,13 @@ public:
 
     QAction *tool(ETool tool) const { return m_actions.at(tool); }
     QToolButton *button(ETool tool) const;
-    /// Makes @p tool the one mode that is in use, without a signal if it is already.
+    /// Makes @p tool the mode in use; no signal if it already is.
     void chooseMode(ETool tool) { m_actions.at(tool)->setChecked(true); }
-    /// Whether there is something that @p tool could do.
+    /// Sets whether there is something for @p tool to do; if not, it is disabled.
     void setUseful(ETool tool, bool useful);
-    /// Disables all tools but those for looking.
+    /// With @p blocked, disables all tools except those that change nothing.
     void setEditingBlocked(bool blocked);
-    /// Whether a highlight is to be shown by the LED of the cabinets in place of a flashing box.
+    /// Whether a highlight is shown by the cabinets' LED instead of a flashing box.
     bool isFrameless() const { return m_frameless; }
 
 Q_SIGNALS:
@@ -63,6 +63,6 @@ private:
     QVector<QAction *> m_actions;
     QSet<int> m_useless = {Undo, Redo, Group, Ungroup, Print}; // tools with nothing to do
     bool m_blocked = false;
-    QActionGroup *m_modes = nullptr; // one of them at most is checked
+    QActionGroup *m_modes = nullptr; // at most one of them is checked
     bool m_frameless = false;
 };

@@ -16,7 +16,7 @@ class CSceneInput;
 class IEditorCommands;
 class IPortStates;
 
-/// Shows the cabinet scene, which it owns, and carries the tools by which it is edited. GUI thread.
+/// Shows the cabinet scene, which it owns, and the tools that edit it. GUI thread.
 class CLayoutGraphicsView final : public CGraphicsView
 {
     Q_OBJECT
@@ -32,58 +32,58 @@ public:
     CCabinetGraphicsScene &cabinetScene() { return *m_scene; }
     CEditorToolBar &toolBar() { return *m_toolBar; }
 
-    /// What tools and menus offer beyond edits; null: nothing. Stays owned by the caller.
+    /// Sets what tools and menus offer beyond edits; null: nothing. The caller keeps ownership.
     void setCommands(IEditorCommands *commands);
-    /// Shows @p layout, the layout of @p processor: fitted when another processor was shown before, with the
-    /// history that it had if it has not been changed elsewhere since; else as it was, and as a change that
-    /// can be undone.
+    /// Shows @p layout, the layout of @p processor. If another processor was shown before, the view is
+    /// fitted, and the processor's history is restored unless its layout was changed elsewhere since.
+    /// Otherwise zoom and position stay, and the change can be undone.
     void showLayout(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout);
     /// Shows nothing.
     void clearLayout();
-    /// Lets the user look only.
+    /// With @p blocked, disables all edits.
     void setEditingBlocked(bool blocked);
 
 Q_SIGNALS:
     /// The ports that hold the selection.
     void notifySelectedPort(const QList<int> &ports);
     void notifySelectedCabinetInfos(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets);
-    /// The extent of the selection, canvas pixels; empty without one.
+    /// The extent of the selection, canvas pixels; empty if nothing is selected.
     void notifySelectedCabinetGeometryChanged(const QRect &extent);
-    /// The user wants @p port to be the one that commands act on.
+    /// The user chose @p port as the current output port.
     void notifyCurrentPortChosen(int port);
-    /// The user wants @p port locked, or unlocked.
+    /// The user wants to lock or unlock @p port.
     void notifyLockPort(int port, bool locked);
     /// The user wants @p backup to become the redundancy of @p primary.
     void notifySetPortRedundancy(int primary, int backup);
     void notifyCancelPortRedundancy(int port); ///< the pair that @p port belongs to
-    /// Steps are recorded on another stack from now on.
+    /// From now on steps are recorded on another stack.
     void notifyUndoStackChanged(QUndoStack *stack);
 
 public Q_SLOTS:
     void onTopologyButtonClicked(int pattern);
-    /// The next press in the scene places cabinets of the type in @p port, of @p size.
+    /// Makes the next press in the scene place cabinets of @p type and @p size in @p port.
     void onNotifyAppendCabinet(const SSettings::TypeLibrary::STreeNode::RcvTypeInfo &type, int port,
                                const QSize &size);
-    /// Selects what @p port holds, or with @p selected off no longer.
+    /// Selects or deselects everything that @p port holds.
     void onPortClicked(int port, bool selected);
-    /// Arranges the selection in so many columns; the rows follow.
+    /// Arranges the selection in @p columns columns.
     void onNotifySelectedCabinetRankChanged(int columns);
     void onNotifySelectedCabinetPositionChanged(const QPoint &corner);
     void onNotifySelectedCabinetSizeChanged(const QSize &size);
     void onNotifySelectedChanged(const QList<int> &ports, bool canGroup, bool canBreakGroup);
     void onNotifySceneChanged();
-    /// Another output port is the one that commands act on, or its lock has changed.
+    /// The current output port is another one, or its lock has changed.
     void onCurrentPortChanged();
-    /// Ends the highlight of cabinets, and the mode that makes it.
+    /// Ends the highlight of cabinets and the highlighting mode.
     void cancelCalibrate();
     void clearSelected();
     void showCabinetInfo(int port);
     void ShowEleCurrentAdjustDialog();
     void markupCustomCabinet(bool markup);
     void saveCabinetPara(int port);
-    /// The processor in view is another one, or has another state.
+    /// The processor in view, or its state, has changed.
     void onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processorInfo);
-    /// A redundancy processor follows its primary and can be looked at only.
+    /// A redundancy processor follows its primary; its layout cannot be edited.
     void onCurrentProcessorBackupChanged(bool isBackup);
     void onToolButtonClicked(int id);
     void onToolButtonToggled(int id, bool checked);

@@ -13,8 +13,8 @@ class QPoint;
 class QToolBar;
 class QToolButton;
 
-/// The end of the editor's tool bar: the output port that commands act on, what can be done with it, and the
-/// snake patterns. Which port that is, the store knows; the strip shows it. GUI thread.
+/// The last section of the editor's tool bar: the current output port, its actions, and the snake patterns.
+/// The store owns which port is current; the strip shows it. GUI thread.
 class CPortStrip final : public QObject
 {
     Q_OBJECT
@@ -23,9 +23,9 @@ public:
     /// Adds itself to the end of @p bar, which becomes its parent. @p states must outlive it.
     CPortStrip(QToolBar &bar, const IPortStates &states);
 
-    /// The ports of the processor in view, without a selection.
+    /// Sets the ports of the processor in view; no cabinet is selected in them yet.
     void setPorts(const QList<int> &ports);
-    /// Shows which port is current now, and whether it is locked.
+    /// Updates which port is current, and whether it is locked.
     void showCurrentPort();
     void setHasSelection(bool hasSelection);
     /// Disables everything.

@@ -6,12 +6,12 @@ class CCabinetGraphicsScene;
 class CEditorToolBar;
 class QGraphicsView;
 
-/// The modes among the tools, of which always one is in use. GUI thread.
+/// Applies the tool bar's mode; exactly one is in use at any time. GUI thread.
 class CToolModes final
 {
 public:
-    /// Brings scene, drag mode and cursor in step with the mode that is checked; without one it is the arrow.
-    /// A @p blocked editor can be looked at only.
+    /// Updates scene, drag mode and cursor to the checked mode. If none is checked, checks the arrow, or the
+    /// hand if @p blocked.
     static void apply(QGraphicsView &view, CCabinetGraphicsScene &scene, CEditorToolBar &toolBar,
                       bool blocked);
 };
