@@ -7,21 +7,21 @@
 class QMenu;
 class QUuid;
 
-/// What the host calls on the Layout module. All operations belong to the GUI thread.
+/// What the host calls on the Layout module. GUI thread only.
 class ILayoutInterface : public IAbstractControlInterface
 {
 public:
     /// Fills @p menu with the commands of @p processor. The actions live as long as the menu.
     virtual void fillProcessorMenu(QMenu &menu, const QUuid &processor) = 0;
 
-    /// Hands pending edits over to the host before it returns.
+    /// Hands pending edits over to the host before returning.
     virtual void flush() = 0;
 
     /// Blocks editing by the user, for the host's lock control; viewing stays possible.
     virtual void setEditingBlocked(bool blocked) = 0;
     virtual bool isEditingBlocked() const = 0;
 
-    /// Brings the module's "Show screen" button in step when the host opened or closed the screen itself;
-    /// does not call the host back.
+    /// Updates the module's "Show screen" button after the host opened or closed the screen itself; does not
+    /// call the host back.
     virtual void setScreenShown(bool shown) = 0;
 };

@@ -20,9 +20,10 @@
 
 class QWidget;
 
-/// What the module asks of the host: its only access to devices and files. Any thread unless an operation
-/// says GUI thread. An operation that returns false has changed nothing, and lastError() then tells why. A
-/// key that names no processor is answered with an empty value or false. "Current" is the processor in view.
+/// What the module asks of the host: its only access to devices and files. Any thread, unless an operation
+/// says GUI thread. An operation that returns false has changed nothing; lastError() then returns the reason.
+/// For a key that names no processor, operations return an empty value or false. The "current" processor is
+/// the one in view.
 class ILayoutInterfaceHandler : public IAbstractInterfaceHandler
 {
 public:
@@ -30,7 +31,7 @@ public:
     using Done = std::function<void(const SDeviceOutcome &)>;
 
     // Controller and store.
-    /// Canvas size of the current processor in pixels; empty without one.
+    /// Canvas size of the current processor in pixels; empty if there is none.
     virtual QSize getCanvasSize() const = 0;
     /// Shows or hides the window that simulates the wall. GUI thread.
     virtual void showScreen(bool shown) = 0;
@@ -39,14 +40,14 @@ public:
     virtual void applyLayoutFollowUp(bool full) = 0;
     /// The record behind a key; a default record for an unknown one.
     virtual ProcessorTree::ProcessorNode getProcessorNode(const QUuid &processor) const = 0;
-    /// Takes the module's layout of one processor as its working layout, but for the cabinets' places in the
-    /// saved mapping, which are the host's. Cheap: shares what is unchanged.
-    /// Announces LayoutNotification::PortLoadsChanged where the processor as a whole is or was overloaded.
+    /// Stores the module's layout of one processor as its working layout, except the cabinets' places in the
+    /// saved mapping, which the host owns. Cheap: unchanged data is shared. Announces
+    /// LayoutNotification::PortLoadsChanged if the processor as a whole is or was overloaded.
     virtual void commitLayoutData(const LayoutData &data) = 0;
     /// Writes the processor's mapping to a "*.sprj" file, whole or not at all. GUI thread.
     virtual bool exportProcessorMapping(const QUuid &processor, const QString &file) = 0;
-    /// Replaces the processor's layout by that of a file. Locked ports keep theirs unless @p overwriteLocked.
-    /// Announced by LayoutNotification::LayoutReplaced. GUI thread.
+    /// Replaces the processor's layout with that of a file. Locked ports keep theirs unless
+    /// @p overwriteLocked. Announced by LayoutNotification::LayoutReplaced. GUI thread.
     virtual bool importProcessorMapping(const QUuid &processor, const QString &file,
                                         bool overwriteLocked) = 0;
     /// Switches the status LED of all cabinets of the current processor. GUI thread.
@@ -59,39 +60,40 @@ public:
     virtual bool isFiberTransceiverMode(const QUuid &processor) const = 0;
 
     // Notifications.
-    /// The processor in view; a default record (null uuid) without one.
+    /// The processor in view; a default record (null uuid) if there is none.
     virtual ProcessorTree::ProcessorNode currentProcessorNode() const = 0;
-    /// The ports of the current processor as the host holds them, in ascending index; empty without one.
+    /// The host's ports of the current processor, in ascending index; empty if there is none.
     virtual QVector<CabinetLayout::CabinetPort> currentProcessorPorts() const = 0;
     /// The working layout of a processor, with the cabinets' places in the saved mapping.
     virtual LayoutData layoutData(const QUuid &processor) const = 0;
-    /// 1 if the processor must be prepared before it is edited (its first layout must be made), else 0.
+    /// 1 if the processor must be prepared before it can be edited (it has no layout yet), else 0.
     virtual int preparatoryStep(const QUuid &processor) const = 0;
-    /// Makes the first layout, without cabinets. Announced by LayoutNotification::LayoutReplaced.
+    /// Creates the processor's first layout, without cabinets. Announced by
+    /// LayoutNotification::LayoutReplaced.
     virtual void performPreparatoryStep(const QUuid &processor) = 0;
-    /// The processors of the selection in the device tree, a group's members included.
+    /// The processors selected in the device tree, including the members of a selected group.
     virtual QList<ProcessorTree::ProcessorNode> selectedProcessors() const = 0;
 
     // Processor commands.
-    /// Why the last operation that returned false did so: what failed and where, for the user. GUI thread.
+    /// Why the last operation that returned false failed: what and where, as text for the user. GUI thread.
     virtual QString lastError() const = 0;
     /// All processors that the device tree shows, in its order.
     virtual QList<ProcessorTree::ProcessorNode> processors() const = 0;
-    /// Replaces the layout of @p to by a copy of that of @p from, with new cabinet keys; see
+    /// Replaces the layout of @p to with a copy of that of @p from, with new cabinet keys; see
     /// importProcessorMapping(). GUI thread.
     virtual bool copyProcessorMapping(const QUuid &from, const QUuid &to, bool overwriteLocked) = 0;
-    /// How many ports are in use.
+    /// Number of ports in use.
     virtual int outputPortCount(const QUuid &processor) const = 0;
-    /// The most ports that the processor can drive.
+    /// Largest number of ports that the processor can drive.
     virtual int maximumPortCount(const QUuid &processor) const = 0;
-    /// Refused when a port that would go still holds cabinets. Announced by
+    /// Refused if a port that would be removed still holds cabinets. Announced by
     /// LayoutNotification::PortCountChanged.
     virtual bool setOutputPortCount(const QUuid &processor, int count) = 0;
     /// Makes @p redundancy take over when @p primary fails; refused if one of them is already in a pair.
     virtual bool setProcessorRedundancy(const QUuid &primary, const QUuid &redundancy) = 0;
     /// Ends the pair that the processor belongs to.
     virtual bool cancelProcessorRedundancy(const QUuid &processor) = 0;
-    /// The pairs (primary, redundancy).
+    /// All pairs (primary, redundancy).
     virtual QList<QPair<QUuid, QUuid>> processorRedundancies() const = 0;
     /// The processor whose layout holds the cabinet; a default record for an unknown one.
     virtual ProcessorTree::ProcessorNode processorOfCabinet(const QUuid &cabinet) const = 0;
@@ -103,8 +105,8 @@ public:
     virtual QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const = 0;
 
     // View and cabinet menu.
-    /// Makes cabinets of the current processor stand out on the wall instead of those of the call before. GUI
-    /// thread.
+    /// Highlights @p cabinets of the current processor on the wall, instead of those of the previous call.
+    /// GUI thread.
     virtual bool setCabinetHighlight(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
                                      CabinetHighlight highlight) = 0;
     /// Writes the configuration of a cabinet to a "*.rcvbp" file, whole or not at all. GUI thread.
@@ -120,15 +122,15 @@ public:
     virtual bool isPortRedundancyBlocked() const = 0;
     /// Returns whether the kind of the current processor supports port redundancy at all.
     virtual bool isPortRedundancySupported() const = 0;
-    /// Makes @p backup the redundancy of @p primary, both of the current processor. Who shows them takes
-    /// grouping and wiring from @p backup. Announced by LayoutNotification::PortBackupChanged.
+    /// Makes @p backup the redundancy of @p primary, both ports of the current processor. The caller removes
+    /// grouping and wiring of @p backup. Announced by LayoutNotification::PortBackupChanged.
     virtual bool setPortRedundancy(int primary, int backup) = 0;
-    /// Ends the pair that @p port belongs to, also one that is broken or locked. Announced by
+    /// Ends the pair that @p port belongs to, even if the pair is broken or the port locked. Announced by
     /// LayoutNotification::PortBackupChanged.
     virtual bool cancelPortRedundancy(int port) = 0;
     /// Writes one port to a "*.pprj" file, whole or not at all. GUI thread.
     virtual bool exportPortMapping(const QUuid &processor, int port, const QString &file) = 0;
-    /// Replaces one port's cabinets by those of a file; see importProcessorMapping(). GUI thread.
+    /// Replaces one port's cabinets with those of a file; see importProcessorMapping(). GUI thread.
     virtual bool importPortMapping(const QUuid &processor, int port, const QString &file,
                                    bool overwriteLocked) = 0;
 
@@ -136,24 +138,24 @@ public:
     /// Load of a port of the current processor in percent of its capacity; above 100: overloaded.
     virtual int portLoad(const CabinetLayout::CabinetPort &port, int index) const = 0;
     /// Reads the mapping of the current or of all processors in the background, with progress and cancel. A
-    /// layout that differs is announced by LayoutReplaced, the end of each processor by ReadbackFinished. GUI
-    /// thread.
+    /// layout that differs is announced by LayoutReplaced, the end of each processor's read by
+    /// ReadbackFinished. GUI thread.
     virtual void readMapping(ReadSaveMappingRole role, const SMappingOptions &options, Done done) = 0;
     /// Saves @p data (the current processor), or the working layouts of all, to the processors. GUI thread.
     virtual void saveMapping(ReadSaveMappingRole role, const LayoutData &data, Done done) = 0;
 
     // Port areas of the current processor.
-    /// The parts of the display that were set, at most one for each port.
+    /// The parts of the display that were set, at most one per port.
     virtual QList<SPortArea> portAreas() const = 0;
     /// Replaces all areas. Refused if one belongs to a port that is not in use.
     virtual bool setPortAreas(const QList<SPortArea> &areas) = 0;
     /// Pixels; 0 or less: no limit.
     virtual int lowLatencyWidthLimit() const = 0;
-    /// Returns whether the processor shows stereoscopic pictures; its ports then carry less.
+    /// Returns whether the processor shows stereoscopic pictures; its ports then have less capacity.
     virtual bool isThreeDEnabled() const = 0;
 
     // Processor redundancy dialog.
-    /// Replaces all pairs among @p processors by @p pairs (primary, redundancy). See
+    /// Replaces all pairs among @p processors with @p pairs (primary, redundancy). See
     /// setProcessorRedundancy().
     virtual bool applyProcessorRedundancy(const QList<QUuid> &processors,
                                           const QList<QPair<QUuid, QUuid>> &pairs) = 0;
@@ -163,13 +165,13 @@ public:
     virtual bool areProcessorsBusy(const QList<QUuid> &processors) const = 0;
 
     // Port redundancy dialog.
-    /// Why the port can be in no pair, for the user; empty: it can.
+    /// Why the port cannot be in a pair, as text for the user; empty: it can.
     virtual QString portPairRefusal(const SPortKey &port) const = 0;
-    /// The whole pairs of output ports, of all processors.
+    /// The unbroken pairs of output ports, of all processors.
     virtual QList<SPortPair> portRedundancies() const = 0;
-    /// Makes @p pairs the only ones among the ports of @p processors, all or none, and ends what is left of
-    /// broken ones. Announced by LayoutNotification::PortBackupChanged where the current processor is
-    /// concerned, with -1 for a port of another one.
+    /// Replaces all pairs of the ports of @p processors with @p pairs, all or none, and removes broken pairs.
+    /// Announced by LayoutNotification::PortBackupChanged if the current processor is concerned, with -1 for
+    /// a port of another one.
     virtual bool applyPortRedundancy(const QList<QUuid> &processors, const QList<SPortPair> &pairs) = 0;
 
     // Cabinet dialogs.
@@ -177,48 +179,49 @@ public:
     virtual void showTypeLibrary(QWidget *parent) = 0;
     /// Returns whether none of the ports that hold @p cabinets is a redundancy port.
     virtual bool areOnPrimaryPorts(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets) const = 0;
-    /// Sends a type's parameters to cabinets of any detected processors, which must be in their saved
-    /// mappings; @p gamma 1.0 to 4.0. They go to one processor after the other; if one fails, those before it
-    /// keep what they got. GUI thread.
+    /// Sends a type's parameters to cabinets of any detected processors; the cabinets must be in their saved
+    /// mappings. @p gamma is 1.0 to 4.0. The processors are served one after the other; if one fails, those
+    /// before it keep the new parameters. GUI thread.
     virtual bool sendCabinetParameters(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
                                        const SMD5 &type, double gamma) = 0;
 
     // Current gain of the current processor.
-    /// One set for each frame rate and gain level, imported or not.
+    /// One set per frame rate and gain level, imported or not.
     virtual QList<SCurrentGain> currentGains() const = 0;
-    /// Takes the sets of a "*.acr" file in place of those of the same frame rate and level; sends nothing.
-    /// GUI thread.
+    /// Imports the sets of a "*.acr" file; they replace those of the same frame rate and level. Sends
+    /// nothing. GUI thread.
     virtual bool importCurrentGain(const QString &file) = 0;
-    /// Forgets all sets, also on the processor.
+    /// Deletes all sets, also on the processor.
     virtual bool clearCurrentGains() = 0;
     /// Sends what was imported to the processor, each set switched on or off as in @p gains.
     virtual bool sendCurrentGains(const QList<SCurrentGain> &gains) = 0;
 
     // Canvas of the current processor.
-    /// Zero without a current processor: then no size is allowed.
+    /// All zero if there is no current processor: then no size is allowed.
     virtual SCanvasLimits canvasLimits() const = 0;
-    /// What keeps the canvas size from being changed now.
+    /// What prevents the canvas size from being changed now.
     virtual CanvasBlock canvasBlock() const = 0;
-    /// Pixels. Refused beyond canvasLimits() and while canvasBlock() tells a reason. Announced by
-    /// LayoutNotification::CanvasSizeChanged.
+    /// @p size is in pixels. Refused beyond canvasLimits(), and while canvasBlock() returns a reason.
+    /// Announced by LayoutNotification::CanvasSizeChanged.
     virtual bool setCanvasSize(const QSize &size) = 0;
     virtual int frameRate() const = 0;  ///< hertz: 50, 60, 120 or 240
     virtual int colorDepth() const = 0; ///< bits: 8, 10 or 12
-    /// The frame rates and colour depths that the kind of the processor offers; each rate goes with each
-    /// depth.
+    /// The frame rates and colour depths that the processor's kind offers; every rate can be combined with
+    /// every depth.
     virtual SSignalModes signalModes() const = 0;
     /// Refused beyond signalModes(). Announced by LayoutNotification::PortLoadsChanged.
     virtual bool setFrameRateAndColorDepth(int hertz, int bits) = 0;
     /// The picture behind a processor's canvas, with the processor's key.
     virtual SBackgroundInfo background(const QUuid &processor) const = 0;
-    /// Of the processor that @p info names. Announced by LayoutNotification::BackgroundChanged.
+    /// Sets the background of the processor named in @p info. Announced by
+    /// LayoutNotification::BackgroundChanged.
     virtual bool setBackground(const SBackgroundInfo &info) = 0;
 
     // Summary.
     /// Area and offset of each given processor on the shared canvas, in pixels.
     virtual ProcessorBoundingRects processorBoundingRects(const QList<QUuid> &processors) const = 0;
-    /// Moves processors' areas on the shared canvas, all of them or none; a device keeps its offset. Refused
-    /// when one of them is offline, or an offset beyond LayoutLimits::LargestOffset. Announced by
-    /// LayoutNotification::SelectedNodeChanged where several processors are selected.
+    /// Moves processors' areas on the shared canvas, all of them or none; devices store their offsets.
+    /// Refused if one of them is offline, or an offset is beyond LayoutLimits::LargestOffset. Announced by
+    /// LayoutNotification::SelectedNodeChanged if several processors are selected.
     virtual bool setProcessorOffsets(const ProcessorOffsets &offsets) = 0;
 };

@@ -14,10 +14,10 @@ enum class LayoutNotification : int {
     TypeLibraryChanged = 14, ///< no argument
     ProcessorRemoved = 15,   ///< QUuid
     ProcessorsRemoved = 16,  ///< QList<QUuid>
-    LayoutReplaced = 17,  ///< QUuid: the host holds another layout of the processor (import, copy, read-back)
-    LayoutsReplaced = 18, ///< QList<QUuid>
-    BackgroundChanged = 20,       ///< SBackgroundInfo
-    CanvasSizeChanged = 21,       ///< SCanvasSizeChange
+    LayoutReplaced = 17,    ///< QUuid: the host has another layout of the processor (import, copy, read-back)
+    LayoutsReplaced = 18,   ///< QList<QUuid>
+    BackgroundChanged = 20, ///< SBackgroundInfo
+    CanvasSizeChanged = 21, ///< SCanvasSizeChange
     ProcessorStateChanged = 22,   ///< SProcessorStateChange
     PortLoadsChanged = 24,        ///< SPortLoadChange: loads changed other than by edits of the port
     PortCountChanged = 25,        ///< no argument
@@ -60,5 +60,5 @@ struct SSelectedNodeChange
 struct SReadbackResult
 {
     QUuid processor;
-    bool same = false; ///< the mapping that was read equals the layout held before
+    bool same = false; ///< the mapping that was read equals the previous layout
 };

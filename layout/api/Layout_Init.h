@@ -7,8 +7,8 @@ class QWidget;
 
 #define ORVO_LAYOUT_EXPORT __attribute__((visibility("default")))
 
-/// Enters the Layout module: stores its control interface in @p out, puts its widget under @p parent and
-/// registers its right-bar widget, lock and collapse facilities with @p host by name. False, without any
-/// effect, when @p out or @p host is null. GUI thread, once.
+/// Starts the Layout module: stores its control interface in @p out, makes its widget a child of @p parent,
+/// and registers its right-bar widget, lock and collapse facilities with @p host by name. Returns false,
+/// without any effect, if @p out or @p host is null. GUI thread; may be called once.
 extern "C" ORVO_LAYOUT_EXPORT bool Layout_Init(IAbstractControlInterface **out,
                                                IAbstractControlInterface *host, QWidget *parent);

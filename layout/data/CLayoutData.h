@@ -21,9 +21,9 @@
 class CNotificationDispatch;
 class ILayoutSource;
 
-/// The module's store of the layouts' state and its one observer of the host. Readers copy values out and may
-/// be called from any thread, as may operations that do not say otherwise; signals come from the thread that
-/// made the change. Neither the host nor a receiver is ever called under the lock.
+/// The module's store of the layouts' state and its one observer of the host. Any thread, unless an operation
+/// says otherwise; readers return copies. Signals come from the thread that made the change. Neither the host
+/// nor a receiver is ever called under the lock.
 class CLayoutData final : public QObject,
                           public CObserver,
                           public IPortStates,
@@ -39,9 +39,9 @@ public:
     CLayoutData();
     ~CLayoutData() override;
 
-    QUuid currentProcessor() const { return m_states.current(); } ///< null without one
+    QUuid currentProcessor() const { return m_states.current(); } ///< null: none
     QVector<Port> ports() const { return m_states.ports(); }      ///< of the current processor
-    Port port(int index) const { return m_states.port(index); }   ///< a default record for an unknown one
+    Port port(int index) const { return m_states.port(index); }   ///< a default record if unknown
     int processorLoad() const { return m_states.processorLoad(); }
     QSize canvasSize() const { return m_states.canvas(); } ///< of the current processor, pixels
     SBackgroundInfo background() const { return m_states.background(); }
@@ -51,9 +51,9 @@ public:
     /// The current processor's layout as it was last handed over or loaded.
     LayoutData layoutData() const { return m_states.data(m_states.current()); }
     QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const { return m_states.typeLibrary(); }
-    /// What the type library tells of a type; an empty record for an unknown key.
+    /// The type library's record of a type; an empty one for an unknown key.
     TypeInfo getTypeInfo(const SMD5 &key) const;
-    QString mappingFolder() const { return m_mappingFolder; } ///< where files were last kept; GUI thread
+    QString mappingFolder() const { return m_mappingFolder; } ///< the folder last used; GUI thread
 
     bool isPortLocked(int port) const override { return m_states.port(port).locked; }
     Port::Redundancy portRedundancy(int port) const override { return m_states.port(port).redundancy; }
@@ -63,34 +63,35 @@ public:
     bool resetsHighlightOnEdit() const override { return m_states.options().resetHighlightOnEdit; }
     bool marksCustomCabinets() const override { return m_states.options().markupCustomCabinets; }
 
-    /// Makes @p port of the wall in the editor the current one; one that does not exist changes nothing.
+    /// Makes @p port of the layout in the editor the current one. Ignored if there is no such port.
     void setCurrentPort(int port);
-    /// The editor goes on showing its wall: the port that was current there is so again. GUI thread.
+    /// Call when the editor continues to show its layout: the port that was current there becomes current
+    /// again. GUI thread.
     void resumeCurrentPort();
     void setMappingFolder(const QString &folder) { m_mappingFolder = folder; }
     CRecentCabinets &recentCabinets() { return m_recentCabinets; } ///< GUI thread
     void setOptions(const SLayoutOptions &options);
-    /// Takes the pairs that the host now has.
+    /// Stores the pairs that the host has now.
     void setProcessorRedundancies(const QList<QPair<QUuid, QUuid>> &pairs);
     /// Locks or unlocks a port of the current processor (-1: every port). GUI thread.
     void setPortLocked(int port, bool locked);
     /// Gives a port of the current processor its colour; an invalid one restores the default. GUI thread.
     void setPortColor(int port, const QColor &color);
 
-    /// The editor, asked whenever the layout is synchronised; null: none. GUI thread.
+    /// Sets the editor, from which the layout is read on each synchronisation; null: none. GUI thread.
     void setLayoutSource(const ILayoutSource *source) { m_source = source; }
-    /// The object whose slots are invoked by name, queued; null: none.
+    /// Sets the object whose slots are invoked by name, queued; null: none.
     void setController(QObject *controller) { m_controller = controller; }
-    /// Hands over what is pending, then gives the host's layout of @p processor for the editor to load; from
-    /// now on the editor's layout is that processor's. GUI thread.
+    /// Hands over pending edits, then returns the host's layout of @p processor for the editor to load; from
+    /// now on the editor's layout belongs to that processor. GUI thread.
     LayoutData openProcessor(const QUuid &processor);
-    /// Hands the edited layout to the host: at once, or a moment later on a worker. The loads of the ports
-    /// that changed are asked for afterwards, on a worker. GUI thread.
+    /// Hands the edited layout to the host: at once, or deferred on a worker. Afterwards a worker asks for
+    /// the loads of the ports that changed. GUI thread.
     void syncLayoutData(bool atOnce);
     void flushEdits() override { syncLayoutData(true); }
 
-    /// Asks the host for a port's load and announces it, when it differs, for the port and for its redundancy
-    /// port; with @p withProcessor also the processor's. Returns whether it differed.
+    /// Asks the host for a port's load. If it changed, announces it for the port and its redundancy port,
+    /// with @p withProcessor also the processor's load. Returns whether it changed.
     bool updatePortLoad(int port, bool withProcessor);
     /// Ends the highlight of the cabinets of a port of the current processor (-1: every port).
     void cancelCalibrate(int port);
@@ -99,8 +100,7 @@ public:
 
     void Update(CSubject &subject) override;
 
-    /// Hands over what is pending and ends the workers. The host's subject must have been left before. GUI
-    /// thread.
+    /// Hands over pending edits and ends the workers. The store must no longer observe the host. GUI thread.
     void stop();
 
 Q_SIGNALS:
@@ -109,7 +109,7 @@ Q_SIGNALS:
     void notifyProcessorBackgroundChanged(const SBackgroundInfo &oldInfo, const SBackgroundInfo &newInfo,
                                           bool bcanvasSizeChanged = false);
     void notifyProcessorPortBackup(int primary, int backup, bool on);
-    void notifyProcessorBackupChanged(); ///< other pairs of processors
+    void notifyProcessorBackupChanged(); ///< the pairs of processors changed
     void notifyProcessorPortLocked(int port, bool locked);
     void notifyProcessorPortPayloadChanged(int port, int payload); ///< percent
     void notifyProcessorPayloadChanged(int payload);               ///< percent
@@ -117,11 +117,11 @@ Q_SIGNALS:
     void notifyLayoutOptionChanged();
     void notifyDetectFinished();
     void notifyCancelCalibrate();
-    /// The host holds another layout of @p processor than the editor shows: the editor must load it again,
-    /// its edits no longer count.
+    /// The host has another layout of @p processor than the editor shows. The editor must load it again; its
+    /// edits are ignored until then.
     void notifyLayoutReplaced(const QUuid &processor);
-    /// Another port is current. When two threads change it at a time, @p port may be outdated: whoever keeps
-    /// something of it asks currentPort().
+    /// Another port is current. If two threads change it at the same time, @p port may be outdated; use
+    /// currentPort() for anything that is kept.
     void notifyCurrentPortChanged(int port);
 
 private:

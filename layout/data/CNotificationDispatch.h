@@ -14,20 +14,20 @@ class CProcessorStates;
 class CSubject;
 class IStoreEvents;
 
-/// Brings the store's data up to date when the host notifies, and tells the store what to announce. Arguments
-/// are read on the Update thread; what takes time runs on the notification worker.
+/// Updates the store's data when the host notifies, and tells the store what to announce. Arguments are read
+/// on the Update thread; slow work runs on the notification worker.
 class CNotificationDispatch final
 {
 public:
-    /// A key of the worker beside the notification codes.
+    /// A key for post() that is not a notification code.
     static constexpr int PortLoadsKey = 100;
 
     CNotificationDispatch(IStoreEvents &events, CProcessorStates &states, CLayoutHandOver &handOver);
 
-    /// Handles the running notification of @p subject; ignores codes that it does not know. An exception from
-    /// reading the argument reaches the caller. Update thread.
+    /// Handles the current notification of @p subject; ignores unknown codes. An exception from reading the
+    /// argument is passed to the caller. Update thread.
     void dispatch(CSubject &subject);
-    /// Runs @p work on the worker, behind what is queued. Any thread.
+    /// Queues @p work for the worker. Any thread.
     void post(int key, std::function<void()> work);
     /// Ends the worker and waits for it.
     void stop();

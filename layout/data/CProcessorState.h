@@ -8,13 +8,13 @@
 
 #include <QHash>
 
-/// What the store remembers of one processor.
+/// What the store remembers about one processor.
 class CProcessorState
 {
 public:
     virtual ~CProcessorState() = default;
 
-    CabinetLayout layout; ///< as last taken from the host or from the editor
+    CabinetLayout layout; ///< as last received from the host or the editor
     QSize canvas;         ///< pixels
     SBackgroundInfo background;
     QHash<int, SPortFacts> facts; ///< by port index

@@ -11,10 +11,10 @@
 #include <memory>
 #include <optional>
 
-/// What the user has chosen for the canvas.
+/// The user's options for the canvas.
 struct SLayoutOptions
 {
-    bool followUp = true;              ///< handed-over layouts are followed up by the host
+    bool followUp = true;              ///< the host follows up layouts handed to it
     bool markupCustomCabinets = false; ///< custom-defined cabinets are marked
     bool resetHighlightOnEdit = true;  ///< editing cabinets without a type ends their highlight
 
@@ -26,27 +26,27 @@ struct SLayoutOptions
     friend bool operator!=(const SLayoutOptions &a, const SLayoutOptions &b) { return !(a == b); }
 };
 
-/// The store's data behind its one lock. Every operation takes the lock once, copies values in or out, calls
-/// nobody and may be called from any thread. Setting something of a null key does nothing.
+/// The store's data, protected by one lock. Every operation takes the lock once, copies values in or out, and
+/// calls nobody. Any thread. Operations with a null key do nothing.
 ///
 /// Two processors matter: the current one is in view in the host; the edited one is loaded in the editor.
-/// They differ for as long as the editor has not yet followed a change.
+/// They differ while the editor has not yet followed a change.
 class CProcessorStates final
 {
 public:
     using Port = CabinetLayout::CabinetPort;
 
-    /// What became of the editor's layout.
+    /// The result of takeEdit().
     struct SEdit
     {
         LayoutData data;
-        QVector<int> changedPorts; ///< those whose cabinets differ from before
+        QVector<int> changedPorts; ///< ports whose cabinets changed
     };
-    /// Where a port's load comes from.
+    /// Which port to ask the host for, to get a port's load.
     struct SLoadQuestion
     {
-        QUuid processor; ///< the one current when the question was made
-        Port bearer;     ///< the port to ask the host for
+        QUuid processor; ///< the current processor when loadQuestion() was called
+        Port bearer;     ///< the port to ask for
     };
 
     QUuid current() const;
@@ -59,47 +59,47 @@ public:
     LayoutData data(const QUuid &processor) const;       ///< empty for an unknown processor
 
     int currentPort() const;
-    void choosePort(int port); ///< a port of the wall in the editor; others are left alone
-    void suspendCurrentPort(); ///< until the editor tells that it shows its wall
-    /// The editor shows the wall of its processor, @p another one than before or the same.
+    void choosePort(int port); ///< a port of the layout in the editor; others are ignored
+    void suspendCurrentPort(); ///< until showWall()
+    /// Call when the editor shows the layout of its processor; @p another: of another one than before.
     void showWall(bool another);
     SLayoutOptions options() const;
-    bool setOptions(const SLayoutOptions &options); ///< false: they were set already
+    bool setOptions(const SLayoutOptions &options); ///< false: unchanged
     QList<QPair<QUuid, QUuid>> processorRedundancies() const;
-    bool setProcessorRedundancies(const QList<QPair<QUuid, QUuid>> &pairs); ///< false: they were known
+    bool setProcessorRedundancies(const QList<QPair<QUuid, QUuid>> &pairs); ///< false: unchanged
     QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const;
     void setTypeLibrary(QVector<SSettings::TypeLibrary::STreeNode> library);
 
-    /// Makes a processor, or with a null key none, the current one.
+    /// Makes @p processor the current one; null: none.
     void setCurrent(const QUuid &processor);
-    /// Takes the host's layout of a processor. Loads of known ports are kept; with @p keepEdits also their
+    /// Stores the host's layout of a processor. Keeps the loads of known ports; with @p keepEdits also their
     /// cabinets, locks and colours.
     void takeFromHost(const QUuid &processor, const QVector<Port> &ports, bool keepEdits);
     void setCanvas(const QUuid &processor, const QSize &canvas);
-    /// Gives the background that was set before.
+    /// Returns the previous background.
     SBackgroundInfo setBackground(const QUuid &processor, const SBackgroundInfo &background);
     void remove(const QUuid &processor);
     void clear();
 
     QUuid edited() const;
     void setEdited(const QUuid &processor); ///< ends outdateEdits()
-    /// What the editor shows of a processor no longer counts: refuses its edits until it is loaded again.
+    /// The editor's layout of @p processor is outdated: ignores its edits until it is loaded again.
     void outdateEdits(const QUuid &processor);
-    /// The processor whose edits count; null without one.
+    /// The processor whose edits are accepted; null: none.
     QUuid editable() const;
-    /// Takes the cabinets of the edited layout; ports that no longer exist are left out. Nothing when its
-    /// edits do not count (any more).
+    /// Stores the cabinets of the edited layout, except those of ports that no longer exist. Empty if edits
+    /// of that processor are not accepted.
     std::optional<SEdit> takeEdit(const CabinetLayout &edited);
 
-    /// The indices of the ports that match @p port (-1: all) and whose lock was another one.
+    /// Locks or unlocks @p port (-1: all). Returns the indices of the ports that changed.
     QVector<int> setLocked(int port, bool locked);
-    bool setColor(int port, const QColor &color); ///< false: no such port, or its colour already
-    /// Ends the highlight numbers of the cabinets of a port (-1: of all); costs the ports that have some.
-    /// False when no port matches.
+    bool setColor(int port, const QColor &color); ///< false: no such port, or unchanged
+    /// Removes the highlight numbers of the cabinets of a port (-1: of all); touches only ports that have
+    /// some. Returns false if there is no such port.
     bool resetCalibration(int port);
     std::optional<SLoadQuestion> loadQuestion(int port) const;
-    /// False: @p processor is no longer the current one, has no such port, or that is the port's load
-    /// already.
+    /// Returns false if @p processor is not the current one any more, has no such port, or the load is
+    /// unchanged.
     bool setLoad(const QUuid &processor, int port, qint64 load);
     int loadFollower(int port) const; ///< see PortLoads::loadFollower()
 
@@ -108,7 +108,7 @@ private:
     const CProcessorState *find(const QUuid &processor) const ORVO_REQUIRES_SHARED(m_lock);
     const CabinetLayout &currentLayout() const ORVO_REQUIRES_SHARED(m_lock);
     Port *currentPortRecord(int index) ORVO_REQUIRES(m_lock);
-    /// The indices of the ports of the wall in the editor.
+    /// The indices of the ports of the layout in the editor.
     QVector<int> wallPorts() const ORVO_REQUIRES_SHARED(m_lock);
 
     mutable CReadWriteLock m_lock;

@@ -8,16 +8,16 @@
 #include <QSize>
 #include <QVector>
 
-/// The cabinet types that were used last and the last custom size, kept between runs. GUI thread.
+/// The recently used cabinet types and the last custom size, kept between runs. GUI thread.
 class CRecentCabinets final
 {
 public:
     static constexpr int Limit = 10;
 
-    QVector<SMD5> types() const; ///< the last one first
+    QVector<SMD5> types() const; ///< the most recent one first
     void noteType(const SMD5 &key);
 
-    /// Pixels, within the limits of a size that the user enters; 192 x 192 until one was set.
+    /// Pixels, within the limits of a size that the user enters; 192 x 192 if none was set.
     QSize customSize() const;
     void setCustomSize(const QSize &size);
 

@@ -7,8 +7,8 @@
 
 #include <QVector>
 
-/// What the host's notifications have the store announce, once its data are up to date. Any thread; never
-/// called under the lock.
+/// What the store is told to announce after a notification of the host has updated its data. Any thread;
+/// never called under the lock.
 class IStoreEvents
 {
 public:
@@ -20,13 +20,13 @@ public:
     virtual void backgroundChanged(const SBackgroundInfo &before, const SBackgroundInfo &now) = 0;
     virtual void portBackupChanged(int primary, int backup, bool on) = 0;
     virtual void layoutReplaced(const QUuid &processor) = 0;
-    /// Another port may be current than was announced last.
+    /// The current port may differ from the one announced last.
     virtual void currentPortMayDiffer() = 0;
-    /// What is highlighted on the wall is so no longer.
+    /// Nothing is highlighted on the wall any more.
     virtual void highlightEnded() = 0;
-    /// The loads of @p ports may differ: asks the host, and announces those that do.
+    /// The loads of @p ports may have changed: asks the host, and announces those that have.
     virtual void loadsMayDiffer(const QVector<int> &ports) = 0;
-    /// The processor's load, whether it differs or not.
+    /// Announces the processor's load, changed or not.
     virtual void processorLoadKnown() = 0;
     /// The object whose slots are invoked by name; null: none.
     virtual QObject *controller() const = 0;

@@ -10,11 +10,11 @@ namespace PortLoads {
 /// The mean of the ports' loads, rounded up unless its fractional part is at most 0.001; 0 without ports.
 int processorLoad(const QVector<CabinetLayout::CabinetPort> &ports);
 
-/// The port whose load @p port shows: its primary when it is a redundancy port of the same processor, else
-/// itself. Null when there is no such port. The pointer is one into @p layout.
+/// The port whose load @p port shows: its primary if it is a redundancy port within the same processor, else
+/// itself. Null if there is no such port. Points into @p layout.
 const CabinetLayout::CabinetPort *loadBearer(const CabinetLayout &layout, int port);
 
-/// The redundancy port that shows the load of @p port too; -1 when there is none on this processor.
+/// The redundancy port that also shows the load of @p port; -1 if there is none on this processor.
 int loadFollower(const CabinetLayout &layout, int port);
 
 } // namespace PortLoads

@@ -5,7 +5,7 @@
 #include "layout/api/records/PortPairs.h"
 #include "layout/api/records/ProcessorTree.h"
 
-/// What a port's button says of the pair that the port belongs to.
+/// What a port's button says about the pair of the port.
 struct SPortRedundancyNote
 {
     QString text;            ///< for the user; empty: nothing to say
@@ -13,8 +13,8 @@ struct SPortRedundancyNote
 
     using NodeOf = std::function<ProcessorTree::ProcessorNode(const QUuid &processor)>;
 
-    /// For the port with index @p port of @p layout. Costs as much as the port and its primary have cabinets;
-    /// @p layoutOf and @p nodeOf are asked for another processor only.
+    /// The note for the port with index @p port of @p layout. O(n) in the cabinets of the port and its
+    /// primary. @p layoutOf and @p nodeOf are called for other processors only.
     static SPortRedundancyNote of(const CabinetLayout &layout, int port, const PortPairs::LayoutOf &layoutOf,
                                   const NodeOf &nodeOf);
 

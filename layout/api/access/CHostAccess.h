@@ -12,20 +12,20 @@ class IAbstractControlInterface;
 class IEditSource;
 
 /// The only way from the module to the host. Knows interfaces only, so that a dialog can be built and tested
-/// alone.
+/// separately.
 class CHostAccess final
 {
 public:
-    /// The host, or null if there is none or it has gone. Set by the controller, and by tests.
+    /// Sets the host; null if there is none (any more). Called by the controller and by tests.
     static void setHost(IAbstractControlInterface *host);
-    /// Where edits wait for their hand-over; null: nowhere. Set by the store.
+    /// Sets the object that holds edits until they are handed over; null: none. Called by the store.
     static void setEdits(IEditSource *edits);
     static IEditSource *edits();
 
     /// Calls @p operation, an operation of ILayoutInterfaceHandler or a function that takes the handler, with
     /// @p arguments. The handler is fetched for this one call and released after it. Without a host nothing
-    /// is called, and a default value (false, empty) is the answer. The answer of an operation that has none
-    /// is whether it was called. Any thread that the operation allows.
+    /// is called, and a default value (false, empty) is returned. For an operation that returns nothing,
+    /// returns whether it was called. Any thread that the operation allows.
     template <typename Operation, typename... Arguments>
     static auto call(Operation &&operation, Arguments &&...arguments)
     {
@@ -42,7 +42,7 @@ public:
         }
     }
 
-    /// Like call(), for all that depends on the layout in the editor: first hands over the edits that wait.
+    /// Like call(), for operations that depend on the layout in the editor: hands over pending edits first.
     /// GUI thread.
     template <typename Operation, typename... Arguments>
     static auto flushAndCall(Operation &&operation, Arguments &&...arguments)

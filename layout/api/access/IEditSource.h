@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-/// Keeps edits that the host does not have yet.
+/// Holds edits that the host does not have yet.
 class IEditSource
 {
 public:
     virtual ~IEditSource() = default;
-    /// Hands the edited layout to the host before it returns. GUI thread.
+    /// Hands the edited layout to the host before returning. GUI thread.
     virtual void flushEdits() = 0;
 };

@@ -5,8 +5,8 @@
 #include "layout/api/records/CabinetLayout.h"
 #include "layout/api/records/SHostRecords.h"
 
-/// What the canvas needs to know of the current processor's ports. Any thread; values are copied out.
-/// A port that does not exist is unlocked, not redundant and of its default colour.
+/// What the canvas needs to know of the current processor's ports. Any thread; values are copied out. A port
+/// that does not exist is reported as unlocked, not redundant and in its default colour.
 class IPortStates
 {
 public:
@@ -15,12 +15,12 @@ public:
     virtual CabinetLayout::CabinetPort::Redundancy portRedundancy(int port) const = 0;
     /// The fill of the port's cabinets; always valid.
     virtual QColor portColor(int port) const = 0;
-    /// The port that commands without a selection act on; -1: none.
+    /// The current output port, on which commands without a selection act; -1: none.
     virtual int currentPort() const { return -1; }
-    /// What keeps the canvas size from being changed. GUI thread.
+    /// What prevents the canvas size from being changed. GUI thread.
     virtual CanvasBlock canvasBlock() const { return CanvasBlock::None; }
-    /// Returns whether grabbing a handle or changing a type ends the highlight of cabinets without a type.
+    /// Returns whether pressing a handle or changing the type ends the highlight of cabinets without a type.
     virtual bool resetsHighlightOnEdit() const { return false; }
-    /// Returns whether cabinets without a type of the library carry a mark.
+    /// Returns whether cabinets without a type of the library are marked.
     virtual bool marksCustomCabinets() const { return false; }
 };

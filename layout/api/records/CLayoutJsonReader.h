@@ -13,8 +13,8 @@ class QJsonArray;
 class QJsonValue;
 struct SJsonPlace;
 
-/// Reads a layout, or a part of one, strictly from JSON; remembers the first error and the identities that it
-/// has met. Used through CRecordJson.
+/// Reads a layout, or a part of one, strictly from JSON; remembers the first error and the identities read so
+/// far. Used through CRecordJson.
 class CLayoutJsonReader final
 {
     Q_DECLARE_TR_FUNCTIONS(CLayoutJsonReader)
@@ -24,7 +24,7 @@ public:
     using Group = Port::CabinetGroup;
     using Cabinet = Port::Cabinet;
 
-    /// What holds a cabinet: the values of its members that are left out.
+    /// The port and group that hold a cabinet; they are the defaults of the cabinet's members of these names.
     struct SHolder
     {
         int port = -1;
@@ -33,19 +33,20 @@ public:
 
     CabinetLayout layout(const QJsonValue &json, const SJsonPlace &place);
     Port port(const QJsonValue &json, const SJsonPlace &place);
-    /// @p depth counts the groups around it and itself.
+    /// @p depth is the number of groups around it plus one.
     Group group(const QJsonValue &json, const SJsonPlace &place, int port, int depth);
     Cabinet cabinet(const QJsonValue &json, const SJsonPlace &place, const SHolder &holder);
     SPrjPort projectPort(const QJsonValue &json, const SJsonPlace &place);
 
-    /// Empty as long as everything that was read is right; begins with the place.
+    /// Empty as long as everything read was valid; otherwise begins with the place.
     const QString &error() const { return m_error; }
 
-    /// The type key in a member that may be left out.
+    /// Reads the type key from a member that may be missing.
     static SMD5 typeKey(CStrictObject &object, const char *key);
 
 private:
-    /// The members of an array in a group; none when the output port then has more than @p most of them.
+    /// Returns an array member of a group, and adds its size to @p count; empty if the output port then has
+    /// more than @p most.
     QJsonArray counted(CStrictObject &object, const char *key, int &count, int most);
     std::shared_ptr<const Port::SOriginalAreas> originalAreas(const Cabinet &cabinet, const QJsonValue &json,
                                                               const SJsonPlace &place);
@@ -54,6 +55,6 @@ private:
     QString m_error;
     QSet<QUuid> m_cabinets;
     QSet<QUuid> m_groups;
-    int m_portCabinets = 0; ///< of the output port that is being read
-    int m_portGroups = 0;   ///< of it
+    int m_portCabinets = 0; ///< of the output port being read
+    int m_portGroups = 0;   ///< of the output port being read
 };

@@ -11,9 +11,9 @@
 #include <QCoreApplication>
 #include <QJsonObject>
 
-/// The one place that turns layout records to JSON and back; what is read back equals what was written
-/// (colours: 8 bits a channel). Members with their default value are left out. Reading is strict: an unknown
-/// or missing member, a wrong type, a number out of range, an identity that occurs twice gives an error text
+/// The one place that converts layout records to JSON and back. What is read back equals what was written
+/// (colours: 8 bits per channel). Members with their default value are left out. Reading is strict: an
+/// unknown or missing member, a wrong type, a number out of range, or a repeated identity gives an error text
 /// that begins with the place ("ports[3].groups[0].cabinets[12].rect: …"). Any thread.
 class CRecordJson final
 {
@@ -40,7 +40,7 @@ public:
     static QJsonObject toJson(const RcvTypeInfo &info);
     static QJsonObject toJson(const SPrjPort &port);
 
-    /// @p place is where the value stands in its document and begins each error text; empty: the document
+    /// @p place is the value's place in its document, with which each error text begins; empty: the document
     /// itself.
     static CResult<CabinetLayout> layout(const QJsonValue &json, const char *place = nullptr);
     static CResult<Port> port(const QJsonValue &json, const char *place = nullptr);

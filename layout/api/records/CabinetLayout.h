@@ -13,14 +13,14 @@
 #include <memory>
 
 /// The whole layout of one processor: its output ports. All containers are implicitly shared, so a copy costs
-/// nothing and an edit costs the port that it touches.
+/// nothing, and an edit copies only the port that it changes.
 struct CabinetLayout
 {
     /// One output port: its cabinets, organised as groups, and what the editor shows of the port.
     struct CabinetPort
     {
-        /// The areas of a resized cabinet as they were before, in the pixels of that size. Those of every
-        /// other size follow from them, so that a size that comes back brings its areas back.
+        /// The areas of a resized cabinet before it was first resized, in pixels of its size then. The areas
+        /// for every other size are computed from them, so that returning to a size restores its areas.
         struct SOriginalAreas
         {
             QSize size;
@@ -31,7 +31,7 @@ struct CabinetLayout
         /// One cabinet (LED panel with its receiver cards) placed on the canvas.
         struct Cabinet
         {
-            QUuid uuid;    ///< identity; by it the host finds the processor that holds the cabinet
+            QUuid uuid;    ///< identity, by which the host finds the processor that holds the cabinet
             int port = -1; ///< output-port index, from 0
             QRect rect;    ///< placement on the canvas in pixels; right and bottom are inclusive
             int rank = -1; ///< place in the port's wiring chain, from 0; -1: not wired
@@ -41,11 +41,11 @@ struct CabinetLayout
             QVector<QRect>
                 rects; ///< one rectangle for each receiver area, in wiring order, in the cabinet's own pixels
             int mappingIndex = -1;     ///< place in the processor's saved mapping; -1: not in it
-            int calibrationIndex = -1; ///< number under which a highlight runs on the processor; -1: none
-            QUuid group;               ///< the group that holds it; null: it lies in the port directly
+            int calibrationIndex = -1; ///< number of the running highlight on the processor; -1: none
+            QUuid group;               ///< the group that holds it; null: none
             QVector<int> receivers;    ///< numbers of the receiver cards that answered, in wiring order
             QVector<QRect> blanks;     ///< parts of the cabinet without LEDs, in the cabinet's own pixels
-            std::shared_ptr<const SOriginalAreas> original; ///< null: @ref rects and @ref blanks themselves
+            std::shared_ptr<const SOriginalAreas> original; ///< null: the areas are the original ones
 
             /// Returns whether the cabinet has a size of its own instead of a type of the library.
             bool isCustomDefined() const { return type.isNull(); }
@@ -54,8 +54,8 @@ struct CabinetLayout
             friend bool operator!=(const Cabinet &a, const Cabinet &b) { return !(a == b); }
         };
 
-        /// A group of cabinets; groups nest. A port's ungrouped cabinets form one group of their own, the
-        /// loose one: it has a null identity, no sub-groups, and stands first in the port.
+        /// A group of cabinets; groups can be nested. A port's ungrouped cabinets form one group of their
+        /// own, the loose group: it has a null identity and no sub-groups, and is the first in the port.
         struct CabinetGroup
         {
             QUuid uuid; ///< identity; null for the loose group
@@ -67,7 +67,7 @@ struct CabinetLayout
             /// Every cabinet below the group: its own, then its sub-groups', depth first.
             QVector<Cabinet> allCabinets() const;
             int cabinetCount() const;
-            /// The union of the rectangles of all cabinets below the group; null without one.
+            /// The union of the rectangles of all cabinets below the group; null if there are none.
             QRect boundingRect() const;
 
             friend bool operator==(const CabinetGroup &a, const CabinetGroup &b);
@@ -84,8 +84,8 @@ struct CabinetLayout
         Redundancy redundancy = NoRedundancy;
         int redundancyPort = -1;   ///< the other port of the pair; -1: none
         QUuid redundancyProcessor; ///< processor of the other port; null: the same processor
-        /// Of a redundancy port: the wired cabinets of its primary, in order, as they were when it was last
-        /// given them. Its own cabinets, in the groups, wait without wiring until the pair ends.
+        /// For a redundancy port: the wired cabinets of its primary, in order, as they were when last copied
+        /// here. The port's own cabinets stay in the groups, without wiring, until the pair ends.
         QVector<Cabinet> mirrored;
         qint64 load = 0; ///< percent of the port's capacity; above 100: overloaded
 
@@ -93,7 +93,7 @@ struct CabinetLayout
         /// order.
         QVector<Cabinet> getAllCabinets() const;
         int cabinetCount() const;
-        /// The cabinets that lie in the port directly, in stored order.
+        /// The cabinets that are in no group, in stored order.
         QVector<Cabinet> looseCabinets() const;
 
         friend bool operator==(const CabinetPort &a, const CabinetPort &b);
@@ -104,7 +104,7 @@ struct CabinetLayout
     QVector<CabinetPort> ports; ///< in ascending port index
 
     int cabinetCount() const;
-    /// The port with that output-port index, or null. The pointer holds until the layout is changed.
+    /// The port with that output-port index, or null. The pointer is valid until the layout is changed.
     const CabinetPort *port(int index) const;
     /// The union of all cabinets' rectangles; empty when there are none.
     QRect boundingRect() const;

@@ -6,7 +6,7 @@
 
 #include <QSize>
 
-/// The data set of the processor in view: what the scene is loaded from and what is handed to the host.
+/// The data set of the processor in view: the scene is loaded from it, and it is handed to the host.
 struct LayoutData
 {
     QUuid processor;
@@ -14,10 +14,10 @@ struct LayoutData
     QSize canvas; ///< canvas size in pixels
     QRect bounds; ///< union of all ports' areas on the canvas, in pixels
 
-    /// Returns whether two versions of a port hold the same data: their groups are compared pair by pair, in
-    /// order. Identities, placement, types and grouping always count, with @p withRanks also wiring ranks; a
-    /// running highlight and the places in the saved mapping are no difference. Ports that share their groups
-    /// in memory are compared at once.
+    /// Returns whether two versions of a port hold the same data; compares their groups pair by pair, in
+    /// order. Identities, placement, types and grouping are compared, with @p withRanks also wiring ranks;
+    /// running highlights and places in the saved mapping are ignored. O(1) for ports that share their groups
+    /// in memory.
     static bool comparePortData(const CabinetLayout::CabinetPort &a, const CabinetLayout::CabinetPort &b,
                                 bool withRanks);
 

@@ -5,8 +5,8 @@
 #include <QPoint>
 #include <QSize>
 
-/// What a layout may hold. Operations and readers refuse what lies beyond; dialogs offer only what lies
-/// within.
+/// Limits of a layout. Operations and readers refuse what exceeds them; dialogs offer only what is within
+/// them.
 namespace LayoutLimits {
 
 constexpr int CabinetsPerPort = 1024;

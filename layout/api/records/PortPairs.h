@@ -30,42 +30,43 @@ struct SPortKey
 /// (primary, redundancy)
 using SPortPair = QPair<SPortKey, SPortKey>;
 
-/// What holds between the two output ports of a pair. Pure functions of records.
+/// Rules for the two output ports of a pair. Pure functions of records.
 namespace PortPairs {
 
 using Port = CabinetLayout::CabinetPort;
 /// The layout of a processor; empty for an unknown one.
 using LayoutOf = std::function<CabinetLayout(const QUuid &processor)>;
 
-/// What a redundancy port of @p primary is given: its wired cabinets, in wiring order.
+/// The mirror for a redundancy port of @p primary: the wired cabinets of @p primary, in wiring order.
 QVector<Port::Cabinet> mirrorOf(const Port &primary);
 
-/// Whether two chains have as many cabinets, and these agree pair by pair, in order: place, size, type and
-/// receivers.
+/// Whether two chains have the same number of cabinets, and these are equal pair by pair: place, size, type
+/// and receivers.
 bool agree(const QVector<Port::Cabinet> &a, const QVector<Port::Cabinet> &b);
 
-/// Whether what a redundancy port was given agrees with what @p primary now has wired.
+/// Whether the mirror in @p redundancy agrees with what is wired in @p primary now.
 bool cabinetsMatch(const Port &redundancy, const Port &primary);
 
-/// The key of the other port of the pair that @p port of @p layout belongs to. In no pair: a default key.
+/// The key of the other port of the pair that @p port of @p layout belongs to; a default key if it is in no
+/// pair.
 SPortKey partnerKey(const CabinetLayout &layout, const Port &port);
 
-/// The other port of the pair. Nothing when the relation is broken: its processor or the port is not there,
-/// or it knows nothing of the pair. @p layoutOf is asked for the layout of another processor only.
+/// The other port of the pair. Empty if the pair is broken: the other processor or port does not exist, or
+/// does not belong to this pair. @p layoutOf is called for other processors only.
 std::optional<Port> partner(const CabinetLayout &layout, const Port &port, const LayoutOf &layoutOf);
 
-/// Makes @p port the @p role in a pair with @p other; NoRedundancy ends its pair. @p own is the key of the
+/// Gives @p port the @p role in a pair with @p other; NoRedundancy ends its pair. @p own is the key of the
 /// port's processor.
 void setPair(Port &port, const QUuid &own, Port::Redundancy role, const SPortKey &other);
 
-/// @p layout with the pairs that @p known tells of: who edits cabinets may not have heard of them yet.
+/// Returns @p layout with the pairs of @p known: an edited layout may not contain the newest pairs yet.
 CabinetLayout withPairsOf(CabinetLayout layout, const CabinetLayout &known);
 
-/// Gives the redundancy ports of @p layout what their primaries now hold, unless the relation is broken.
-/// Gives the indices of those for which that is something else.
+/// Updates the mirrors of the redundancy ports of @p layout from their primaries, unless the pair is broken.
+/// Returns the indices of the ports whose mirrors changed.
 QVector<int> giveMirrors(CabinetLayout &layout, const LayoutOf &layoutOf);
 
-/// Takes grouping and wiring from a port, in whose place another one's signal goes; its cabinets stay.
+/// Removes grouping and wiring of a port that becomes a redundancy port; its cabinets stay.
 void dissolve(Port &port);
 
 } // namespace PortPairs

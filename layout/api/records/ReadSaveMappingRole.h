@@ -4,6 +4,6 @@
 
 #include <QMetaType>
 
-/// Which processors a read or save of the mapping concerns; rides in menu action data.
+/// Which processors a read or save of the mapping concerns; stored in the data of menu actions.
 enum class ReadSaveMappingRole : int { Current = 0, All = 1 };
 Q_DECLARE_METATYPE(ReadSaveMappingRole)

@@ -9,7 +9,7 @@
 /// The fill image behind a processor's cabinets.
 struct SBackgroundInfo
 {
-    /// How the image meets the canvas.
+    /// How the image is fitted to the canvas.
     enum FitType { NaturalSize = 0, ZoomToFit = 1 };
 
     bool enabled = false;

@@ -57,8 +57,8 @@ struct SCurrentGain
 /// How the mapping is read.
 struct SMappingOptions
 {
-    bool numberMapping = false;       ///< the cabinets show their numbers on the wall while they are read
-    bool realtime = false;            ///< the mapping is read again whenever the processor announces a change
+    bool numberMapping = false;       ///< the cabinets show their numbers on the wall while being read
+    bool realtime = false;            ///< the mapping is read again whenever the processor reports a change
     bool mappingFromProcessor = true; ///< the saved mapping; otherwise the one that the cabinets report
 };
 
@@ -72,7 +72,7 @@ struct SDeviceOutcome
     bool isDone() const { return result == Done; }
 };
 
-/// What keeps a processor's canvas size from being changed.
+/// What prevents a processor's canvas size from being changed.
 enum class CanvasBlock : int {
     None = 0,
     Frozen = 1,
@@ -85,5 +85,5 @@ enum class CanvasBlock : int {
 /// How a processor works.
 enum class ProcessorWorkMode : int { VideoProcessor = 0, Bypass = 1, FiberTransceiver = 2 };
 
-/// The ways in which a cabinet can stand out on the wall.
+/// The ways in which a cabinet can be highlighted on the wall.
 enum class CabinetHighlight : int { Off = 0, FlashingBox = 1, LedIndicator = 2 };

@@ -7,8 +7,8 @@
 
 #include <array>
 
-/// The digest of a type file, the key by which a cabinet's type is found in the type library: 32 bytes, the
-/// hexadecimal digits of the MD5 sum. All bytes zero: no type is bound.
+/// The digest of a type file, the key of a cabinet type in the type library: 32 bytes, the hexadecimal digits
+/// of the MD5 sum. All bytes zero: no type.
 struct SMD5
 {
     std::array<char, 32> bytes{};

@@ -6,7 +6,7 @@
 
 #include <array>
 
-/// One port's record as it travels to and from a port project file.
+/// One port's record as stored in a port project file.
 struct SPrjPort
 {
     QUuid processor; ///< the processor that the port was exported from
@@ -17,7 +17,7 @@ struct SPrjPort
     int redundancyPort = -1;          ///< the other port of a pair; -1: none
     int version = 1;                  ///< of the record
     int brightness = 0xFFFF;          ///< 16-bit full scale
-    QUuid uuid = QUuid::createUuid(); ///< makes every new record unique
+    QUuid uuid = QUuid::createUuid(); ///< unique for each new record
     CabinetLayout::CabinetPort port;  ///< the cabinets
 
     friend bool operator==(const SPrjPort &a, const SPrjPort &b);

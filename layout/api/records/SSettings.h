@@ -20,7 +20,7 @@ struct SSettings
         {
             enum Kind { Type = 0, Folder = 1 };
 
-            /// What is known of a cabinet (receiver) type.
+            /// What is known about a cabinet (receiver) type.
             struct RcvTypeInfo
             {
                 enum Kind { SingleReceiver = 1, MultiReceiver = 2 };
@@ -49,7 +49,7 @@ struct SSettings
             QString name;
             int kind = Type; ///< 1 marks a folder, any other value a cabinet type
             SMD5 key;
-            QStringList entries; ///< words by which a search finds the node
+            QStringList entries; ///< search words for the node
             RcvTypeInfo info;
             QVector<STreeNode> children;
 
