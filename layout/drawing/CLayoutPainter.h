@@ -14,7 +14,7 @@
 class QPainter;
 class QPen;
 
-/// A cabinet as it is drawn.
+/// What to draw of a cabinet.
 struct SCabinetLook
 {
     QRectF rect;                ///< pixels of the painter's coordinates
@@ -25,7 +25,7 @@ struct SCabinetLook
     bool highlighted = false;
     bool locked = false;
     bool redundant = false;
-    bool custom = false; ///< carries the mark of a custom-defined cabinet
+    bool custom = false; ///< has the mark of a custom-defined cabinet
 };
 
 /// The colours of a cabinet. The border of a small cabinet fades with its size, so that nothing jumps while
@@ -40,8 +40,8 @@ struct SCabinetColors
     static SCabinetColors of(const QColor &fill, bool selected, bool highlighted, qreal width);
 };
 
-/// What a cabinet, a wire, a group and a canvas look like, wherever they are drawn. Scales are device pixels
-/// per unit of the painter's coordinates; what would be too small to be told apart is left out. GUI thread.
+/// Draws cabinets, wires, groups and canvases, the same way everywhere. Scales are device pixels per unit of
+/// the painter's coordinates; details too small to see are left out. GUI thread.
 class CLayoutPainter final
 {
 public:
@@ -51,39 +51,39 @@ public:
                                      bool custom, qreal scale);
     /// A wiring line with its arrow head, from exit to entry point.
     static void paintWire(QPainter &painter, const QLineF &line, qreal scale);
-    /// The same for many of them, which costs less than one by one.
+    /// Draws many wiring lines at once, which is cheaper than one by one.
     static void paintWires(QPainter &painter, const QVector<QLineF> &lines, qreal scale);
-    /// What paintWire() covers at any scale.
+    /// The area that paintWire() covers, whatever the scale.
     static QRectF wireBounds(const QLineF &line);
     /// The frame around a group's members.
     static void paintGroup(QPainter &painter, const QRectF &rect, bool selected, qreal scale);
     /// The rubber band, and the path of a stroke of the pen.
     static void paintBand(QPainter &painter, const QRectF &rect);
     static void paintStroke(QPainter &painter, const QPolygonF &path);
-    /// The lines that show what a drag has caught at.
+    /// The lines along the edges that a drag has snapped to.
     static void paintGuides(QPainter &painter, const QVector<QLine> &lines);
     /// The marks of resize handles.
     static void paintHandles(QPainter &painter, const QVector<QRectF> &marks);
-    /// Cabinets that are about to be placed; once they are, they are filled with @p fill.
+    /// Cabinets that are about to be placed; @p fill is the colour that they will have.
     static void paintGhosts(QPainter &painter, const QVector<QRect> &cells, const QColor &fill);
     /// Checkerboard, fill image and border of a canvas.
     static void paintCanvas(QPainter &painter, const QRectF &canvas, const CCanvasFill &fill = {});
 
-    /// The marks of a port that is locked or a redundancy port and whose cabinets are too small to carry
-    /// them: once, in the middle of @p bounds. @p cabinetSide is the width of its widest cabinet.
+    /// The marks of a locked or redundancy port whose cabinets are too small to show them: once, in the
+    /// middle of @p bounds. @p cabinetSide is the width of its widest cabinet.
     static void paintPortMarks(QPainter &painter, const QRectF &bounds, qreal cabinetSide, bool locked,
                                bool redundant, qreal scale);
 
     /// The pen of wiring lines.
     static const QPen &wirePen();
 
-    /// Returns whether cabinets of that width are drawn from afar.
+    /// Returns whether cabinets of that width are so small that they are drawn simplified.
     static bool isAfar(qreal width, qreal scale);
 
     /// The colour around the canvas.
     static QColor surroundings();
-    /// The colour of a port whose record names none: stable for a port index, distinct for neighbours.
+    /// The colour of a port whose record has none: always the same for a port index, distinct for neighbours.
     static QColor defaultPortColor(int port);
-    /// What a selected cabinet is filled with.
+    /// The fill of a selected cabinet.
     static QColor selectedFill(const QColor &fill);
 };

@@ -9,36 +9,36 @@
 
 class QPainter;
 
-/// Where wiring lines meet a cabinet, in canvas pixels.
+/// Where wiring lines end and start at a cabinet, in canvas pixels.
 struct SWireAnchors
 {
     QPointF entry;
     QPointF exit;
-    /// A typed cabinet of two or more receivers is entered at its first and left at its last; any other at
-    /// its centre.
-    /// @p placement is where the cabinet lies, which may be between pixels while it is moved.
+    /// For a typed cabinet with two or more receivers: the centres of its first and its last receiver; for
+    /// any other: its centre. @p placement is the cabinet's rectangle, which may be between pixels during a
+    /// move.
     static SWireAnchors of(const CabinetLayout::CabinetPort::Cabinet &cabinet, const QRectF &placement);
 };
 
-/// What a drawing of a whole layout shows.
+/// Which parts of a layout are drawn.
 struct SLayoutDrawOptions
 {
     bool canvas = true; ///< the checkerboard behind the cabinets
     bool wires = true;
     bool numbers = true;
     bool groups = true;
-    bool customMarks = true; ///< at custom-defined cabinets
+    bool customMarks = true; ///< on custom-defined cabinets
 };
 
 /// Draws a layout from its records alone, for pictures, the simulated screen and prints. GUI thread.
 class CLayoutPicture final
 {
 public:
-    /// What the picture shows, in canvas pixels: the canvas and every cabinet, those outside the canvas
-    /// included.
+    /// The area that the picture shows, in canvas pixels: the canvas and all cabinets, including those
+    /// outside the canvas.
     static QRect extent(const LayoutData &data);
 
-    /// Draws the extent centred in @p target, its proportions kept.
+    /// Draws the extent centred in @p target, keeping its proportions.
     static void paint(QPainter &painter, const LayoutData &data, const QRectF &target,
                       const SLayoutDrawOptions &options = {});
 };

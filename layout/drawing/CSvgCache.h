@@ -5,10 +5,10 @@
 class QString;
 class QSvgRenderer;
 
-/// Keeps the renderers of the small pictures that are drawn on cabinets.
+/// Caches the renderers of the small pictures that are drawn on cabinets.
 class CSvgCache final
 {
 public:
-    /// The renderer of a resource; read once, owned by the application object. GUI thread.
+    /// The renderer of a resource; loaded once, owned by the application object. GUI thread.
     static QSvgRenderer &renderer(const QString &resource);
 };

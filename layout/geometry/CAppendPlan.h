@@ -6,21 +6,21 @@
 #include <QRect>
 #include <QVector>
 
-/// Where appended cabinets come to lie, and the snake pattern that wires them on. Canvas pixels.
+/// Computes where appended cabinets are placed, and the snake pattern that wires them. Canvas pixels.
 class CAppendPlan final
 {
 public:
-    /// The side of the port's last cabinet on which the new ones lie; the signal continues in that direction.
+    /// The side of the port's last cabinet on which the new ones are; the signal continues in that direction.
     enum EDirection { Leftward = 0, Upward = 1, Rightward = 2, Downward = 3 };
 
-    /// The grid of cabinets of @p size that covers the way from @p first, a cell of it, to @p cursor: row by
-    /// row from @p first on. At least one; never more than @p limit, for which columns go before rows.
+    /// The grid of cells of the size of @p first, its first cell, that reaches from there to @p cursor;
+    /// listed row by row. At least one cell, at most @p limit; rows are left out before columns.
     static QVector<QRect> cells(const QRect &first, const QPoint &cursor, int limit);
 
-    /// The pattern that runs in @p direction: the lines advance upward (leftward and rightward) or to the
-    /// right (upward and downward) when @p reverse is set, else downward or to the left.
+    /// The pattern whose lines run in @p direction. With @p reverse, horizontal lines advance upward and
+    /// vertical ones to the right; without, downward and to the left.
     static int pattern(EDirection direction, bool reverse);
-    /// The pattern that runs on from @p tail, the last cabinet of a chain, into @p cells, which begins at the
-    /// side nearest to it. Without a chain (empty @p tail) it begins at the first cell.
+    /// The pattern that continues from @p tail, the last cabinet of a chain, into @p cells, beginning with
+    /// the line nearest to it. If there is no chain (empty @p tail), it begins at the first cell.
     static int patternAfter(const QRect &tail, const QVector<QRect> &cells);
 };

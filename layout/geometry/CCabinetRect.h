@@ -5,12 +5,13 @@
 #include <QRect>
 #include <QRectF>
 
-/// How a cabinet's place on the canvas is kept in its record: in whole pixels, right and bottom inclusive.
+/// Converts between a cabinet's rectangle on the canvas and in its record: whole pixels, right and bottom
+/// inclusive.
 class CCabinetRect final
 {
 public:
-    /// Left and top are rounded, right and bottom are the rounded far edges less one; halves go towards
-    /// +infinity.
+    /// Left and top are rounded; right and bottom are the rounded far edges minus one. Halves are rounded
+    /// towards +infinity.
     static QRect toRecord(const QRectF &sceneRect)
     {
         return QRect(QPoint(qRound(sceneRect.x()), qRound(sceneRect.y())),

@@ -10,12 +10,12 @@ class CReceiverAreas final
 public:
     using Cabinet = CabinetLayout::CabinetPort::Cabinet;
 
-    /// Brings the areas of @p cabinet, which hold for the size @p from, to the size @p to. What tiles the
-    /// original size without loss tiles every size from smallest() on, and the original size brings the
-    /// original areas back. The rectangle of the cabinet stays as it is.
+    /// Scales the areas of @p cabinet, which are given for the size @p from, to the size @p to. Areas that
+    /// tile the original size without gaps tile every size from smallest() on, and the original size restores
+    /// the original areas. The rectangle of the cabinet is not changed.
     static void resize(Cabinet &cabinet, const QSize &from, const QSize &to);
-    /// The smallest size in which every area keeps a pixel; 1 x 1 for a cabinet without areas. @p size is the
-    /// one for which its areas hold.
+    /// The smallest size in which every area keeps at least one pixel; 1 x 1 for a cabinet without areas.
+    /// @p size is the size for which its areas are given.
     static QSize smallest(const Cabinet &cabinet, const QSize &size);
     /// Reverses the order in which the signal runs through the receivers.
     static void reverse(Cabinet &cabinet);

@@ -7,31 +7,33 @@
 #include <QRectF>
 #include <QVector>
 
-/// The eight handles of a rectangle and what dragging them makes of it. Numbers run clockwise from the top
+/// The eight resize handles of a rectangle, and the result of dragging them. Numbered clockwise from the top
 /// left corner.
 class CResizeHandles final
 {
 public:
     enum Handle { TopLeft, Top, TopRight, Right, BottomRight, Bottom, BottomLeft, Left };
     static constexpr int Count = 8;
-    static constexpr int ScreenSide = 12; ///< of a handle, in pixels of the screen
+    static constexpr int ScreenSide = 12; ///< of a handle, in screen pixels
 
-    /// Rectangles of @p side, centred on corners and edges of @p rect; on a small one they are narrower, so
-    /// that a third of it stays free in its middle. Edges shorter than three sides get no handle of their
-    /// own, so that the corners stay within reach; what is shorter than one side gets none at all.
+    /// Squares of @p side, centred on the corners and edges of @p rect, by handle number. On a small @p rect
+    /// they are narrower, so that its middle third stays free. An edge shorter than three sides gets no
+    /// handle, so that the corners can be reached; a @p rect shorter than one side gets none at all.
     static QMap<int, QRectF> handles(const QRectF &rect, qreal side);
 
-    /// Where the handles are shown: half as large, inside @p rect, so that repainting it repaints them.
+    /// The visible marks of the handles: half as large, and inside @p rect, so that repainting it repaints
+    /// them.
     static QVector<QRectF> marks(const QRectF &rect, qreal side);
 
-    /// @p rect with the handle's edges moved by @p delta, in whole pixels, each side kept from @p
-    /// smallest to @p largest.
+    /// @p rect with the handle's edges moved by @p delta, in whole pixels; the result is at least @p smallest
+    /// and at most @p largest.
     static QRectF resized(const QRectF &rect, int handle, const QPointF &delta, const QSizeF &smallest,
                           const QSizeF &largest);
 
     static Qt::CursorShape cursor(int handle);
 
-    /// The place of @p part of @p from after @p from has become @p to. Edges fall on whole pixels, so that
-    /// parts that tile @p from without gaps also tile @p to; no part becomes narrower than a pixel.
+    /// The rectangle of @p part, a part of @p from, after @p from was resized to @p to. Edges fall on whole
+    /// pixels, so that parts that tile @p from without gaps also tile @p to; no part becomes narrower than
+    /// one pixel.
     static QRectF mapped(const QRectF &part, const QRectF &from, const QRectF &to);
 };

@@ -11,7 +11,7 @@
 class CSnakeOrder final
 {
 public:
-    /// One pattern. A pattern's number is its place in patterns().
+    /// One pattern. A pattern's number is its index in patterns().
     struct SPattern
     {
         const char *name;     ///< tool tip, e.g. "LTR TTB snake"
@@ -21,7 +21,7 @@ public:
         bool advanceForward;  ///< the lines advance downward (rows) or to the right (columns)
     };
 
-    /// A cabinet as the order sees it.
+    /// A cabinet to be ordered.
     struct SCell
     {
         QRectF rect; ///< in the port's coordinates, pixels
@@ -31,7 +31,7 @@ public:
     static constexpr int PatternCount = 8;
     static const QVector<SPattern> &patterns();
 
-    /// The indices of @p cells in wiring order. Cabinets that no scan line touches are left out; a pattern
-    /// number outside the table gives nothing. O(n log n).
+    /// The indices of @p cells in wiring order. Cabinets that no scan line touches are left out; empty for an
+    /// unknown pattern number. O(n log n).
     static QVector<int> order(const QVector<SCell> &cells, int pattern);
 };

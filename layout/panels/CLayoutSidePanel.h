@@ -15,7 +15,7 @@ class CLayoutSidePanel final : public CSidePanel
 public:
     explicit CLayoutSidePanel(const SUnitServices &services, QWidget *parent = nullptr);
 
-    /// Refuses what would replace the layout.
+    /// With @p blocked, the units refuse whatever would replace the layout.
     void setEditingBlocked(bool blocked);
 
 Q_SIGNALS:

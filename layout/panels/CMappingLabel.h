@@ -8,8 +8,8 @@
 class CMenuToolButton;
 class QCheckBox;
 
-/// The unit "Mapping": has the mapping read from, or saved to, the current or all processors. Until that has
-/// ended it starts nothing else. GUI thread.
+/// The unit "Mapping": reads the mapping from, or saves it to, the current or all processors. Starts nothing
+/// else until that has ended. GUI thread.
 class CMappingLabel final : public CUnitLabel, public ISidePanelUnit
 {
     Q_OBJECT
@@ -17,16 +17,15 @@ class CMappingLabel final : public CUnitLabel, public ISidePanelUnit
 public:
     explicit CMappingLabel(const SUnitServices &services);
 
-    /// A read replaces the layout: it is refused while editing is blocked.
+    /// While editing is blocked, reading is refused, because it replaces the layout.
     void setEditingBlocked(bool blocked) override;
 
 Q_SIGNALS:
-    /// A save that this unit asked for has succeeded.
+    /// A save started by this unit has succeeded.
     void notifySaveMappingSuccessed();
 
 public Q_SLOTS:
-    /// A null or offline processor, or one that works as fibre optic transceiver, leaves only "all" to be
-    /// read and saved.
+    /// If @p processor is null, offline or a fibre optic transceiver, only "all" can be read and saved.
     void onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor) override;
     void onCurrentProcessorStateChanged(const ProcessorTree::ProcessorNode &processor) override;
 
@@ -52,7 +51,7 @@ private:
     QCheckBox *m_realtime = nullptr;
     QCheckBox *m_fromProcessor = nullptr;
     QWidget *m_focusBefore = nullptr;    ///< the button that had the focus when the work began
-    QWidget *m_focusMeanwhile = nullptr; ///< what had it then; only compared
+    QWidget *m_focusMeanwhile = nullptr; ///< the widget that had it afterwards; only compared
     bool m_processorReady = false;
     bool m_busy = false;
     bool m_readBlocked = false;

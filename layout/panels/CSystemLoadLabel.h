@@ -16,7 +16,7 @@ public:
     explicit CSystemLoadLabel(const SUnitServices &services);
 
 public Q_SLOTS:
-    /// @p load: percent, above 100 when the processor is overloaded.
+    /// @p load is in percent; above 100: overloaded.
     void onNotifyProcessorPayloadChanged(int load);
 
 private:

@@ -12,10 +12,10 @@ class CSystemLoadProgressBar final : public QProgressBar
 public:
     explicit CSystemLoadProgressBar(QWidget *parent = nullptr);
 
-    int rawLoad() const { return m_rawLoad; } ///< percent, above 100 when overloaded
+    int rawLoad() const { return m_rawLoad; } ///< percent; above 100: overloaded
 
 public Q_SLOTS:
-    /// @p load: percent of what the processor can carry.
+    /// @p load is in percent of the processor's capacity.
     void onNotifyProcessorPayloadChanged(int load);
 
 protected:

@@ -7,11 +7,11 @@
 
 #include <functional>
 
-/// Reads and saves the mapping, and tells the user how that ended. GUI thread.
+/// Reads and saves the mapping, and shows the user the outcome. GUI thread.
 class IMappingCommands
 {
 public:
-    /// Told once whether it succeeded, before the user is.
+    /// Called once with whether it succeeded, before the user is told.
     using Ended = std::function<void(bool done)>;
 
     virtual ~IMappingCommands() = default;

@@ -7,23 +7,23 @@
 class CLayoutData;
 class IMappingCommands;
 
-/// What a unit of the side panel may use; all of it outlives the unit.
+/// What a unit of the side panel may use; everything outlives the unit.
 struct SUnitServices
 {
-    CLayoutData &store; ///< whose signals a unit follows by itself
+    CLayoutData &store; ///< units connect to its signals themselves
     IMappingCommands &mapping;
 };
 
-/// What the panel tells its units, which are widgets of it. GUI thread.
+/// What the panel tells its units, which are its child widgets. GUI thread.
 class ISidePanelUnit
 {
 public:
     virtual ~ISidePanelUnit() = default;
 
-    /// Another processor is in view, or none: then its record is a default one.
+    /// Another processor is in view; a default record if none is.
     virtual void onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &) {}
-    /// The processor in view has another state.
+    /// The state of the processor in view has changed.
     virtual void onCurrentProcessorStateChanged(const ProcessorTree::ProcessorNode &) {}
-    /// What would replace the layout is to be refused, or is no longer.
+    /// If true, the unit must refuse whatever would replace the layout.
     virtual void setEditingBlocked(bool) {}
 };

@@ -24,7 +24,7 @@ public:
     /// Receives the chosen type (empty for a custom size) and its size in pixels.
     using Chosen = std::function<void(const TypeInfo &, const QSize &)>;
 
-    /// @p store and @p parent, over which the user is told and asked, must outlive the menu.
+    /// @p parent is the parent of questions and messages. It and @p store must outlive the menu.
     CAppendMenu(CLayoutData &store, Chosen chosen, QWidget *parent)
         : m_store(store)
         , m_chosen(std::move(chosen))

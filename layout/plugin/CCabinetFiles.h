@@ -9,8 +9,8 @@
 class CLayoutData;
 class QWidget;
 
-/// Has the host write a cabinet's configuration to a file, as the library knows it or as the cabinet tells.
-/// GUI thread.
+/// Lets the host write a cabinet's configuration to a file: the one in the library, or the one read back from
+/// the cabinet. GUI thread.
 class CCabinetFiles final
 {
     Q_DECLARE_TR_FUNCTIONS(CCabinetFiles)

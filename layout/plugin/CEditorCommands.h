@@ -10,8 +10,8 @@
 class CLayoutData;
 class CLayoutGraphicsView;
 
-/// Carries out what menus and tools of the canvas ask for beyond edits: brings the editor, the store, the
-/// dialogs and the host together. GUI thread.
+/// Carries out what menus and tools of the canvas offer beyond edits: connects the editor with the store, the
+/// dialogs and the host. GUI thread.
 class CEditorCommands final : public IEditorCommands
 {
     Q_DECLARE_TR_FUNCTIONS(CEditorCommands)

@@ -21,9 +21,8 @@ class ILayoutInterfaceHandler;
 class QAbstractButton;
 class QStackedLayout;
 
-/// The module's top widget and the receiver of the host's requests: shows the editor page, the summary of
-/// several processors, the warning page or, until the host has notified anything, the waiting page. GUI
-/// thread.
+/// The module's top widget, which receives the host's calls. Shows the editor page, the summary of several
+/// processors, a warning page or, until the host's first notification, a waiting page. GUI thread.
 class CLayout final : public QWidget, public ILayoutInterface, public CObserver
 {
     Q_OBJECT
@@ -33,11 +32,11 @@ public:
     explicit CLayout(CLayoutData &store = CSingleton<CLayoutData>::instance());
     ~CLayout() override;
 
-    /// Listens to the notifications of @p host from now on and sends calls to its handler.
+    /// Connects to @p host: observes its notifications and calls its handler.
     void setHost(IAbstractControlInterface &host);
-    QWidget *rightBarWidget() const; ///< the side panel; the host takes it
+    QWidget *rightBarWidget() const; ///< the side panel; the host becomes its parent
     QAbstractButton &showScreenButton() const;
-    /// The user's wish to see the simulated screen, or not.
+    /// The user wants to show or hide the simulated screen.
     void showScreen(bool shown);
 
     QObject *object() override { return this; }
@@ -79,7 +78,7 @@ private:
     CLayoutEditorPage *m_editorPage = nullptr;
     CLayoutSummaryWidget *m_summaryPage = nullptr;
     CWholeModuleWarningWidget *m_warningPage = nullptr;
-    QPointer<CLayoutSidePanel> m_sidePanel; // owned by the host's right bar once it has it
+    QPointer<CLayoutSidePanel> m_sidePanel; // owned by the host's right bar once placed there
     std::unique_ptr<CProcessorCommands> m_processorCommands;
     std::unique_ptr<CMappingCommands> m_mappingCommands;
 };

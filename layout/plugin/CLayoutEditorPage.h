@@ -24,7 +24,7 @@ class CLayoutEditorPage final : public QWidget
     Q_OBJECT
 
 public:
-    /// @p store must outlive the page, whose editor becomes the store's source.
+    /// @p store must outlive the page. The page's editor becomes the store's layout source.
     explicit CLayoutEditorPage(CLayoutData &store, QWidget *parent = nullptr);
     ~CLayoutEditorPage() override;
 
@@ -33,15 +33,15 @@ public:
 
     QList<CabinetLayout::CabinetPort::Cabinet> selectedCabinets() const;
 
-    /// Shows @p processor; its layout is loaded when another one was shown before.
+    /// Shows @p processor; its layout is loaded if another one was shown before.
     void setProcessor(const ProcessorTree::ProcessorNode &processor);
-    /// Loads the layout of the shown processor again, because the host holds another one.
+    /// Loads the layout of the shown processor again, because the host has another one.
     void reload();
-    /// Tells whether the mapping that was read equalled the layout shown before.
+    /// Shows whether the mapping just read equals the layout shown before.
     void setReadbackResult(bool same);
-    /// Brings the button in step with the simulated screen.
+    /// Updates the button after the simulated screen was opened or closed.
     void setScreenShown(bool shown);
-    /// Lets the user look only.
+    /// With @p blocked, the user cannot edit.
     void setEditingBlocked(bool blocked);
 
 private:
@@ -56,7 +56,7 @@ private:
     ProcessorTree::ProcessorNode m_processor;
     QLabel *m_title = nullptr;
     QLabel *m_note = nullptr;
-    QString m_fillProblem; ///< the last one, which the note may show
+    QString m_fillProblem; ///< the last one; the note may show it
     CPureImageBtn *m_showScreen = nullptr;
     CLayoutGraphicsView *m_view = nullptr;
     std::unique_ptr<CEditorCommands> m_commands;

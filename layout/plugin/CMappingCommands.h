@@ -9,8 +9,8 @@
 class CLayoutData;
 class QWidget;
 
-/// Has the host read and save the mapping, in the background, and tells the user how that ended. Once this is
-/// gone, an end that is still to come is told nobody. GUI thread.
+/// Lets the host read and save the mapping in the background, and shows the user the outcome. If this object
+/// is deleted meanwhile, the outcome is not shown. GUI thread.
 class CMappingCommands final : public QObject, public IMappingCommands
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
     void saveMapping(ReadSaveMappingRole role, Ended ended) override;
 
 private:
-    /// What the host is to call at the end.
+    /// The callback for the host, called at the end.
     std::function<void(const SDeviceOutcome &)> whenDone(const Ended &ended, const QString &success,
                                                          const QString &failure);
     void report(const SDeviceOutcome &outcome, const QString &success, const QString &failure);

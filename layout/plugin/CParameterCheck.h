@@ -9,7 +9,7 @@
 
 class CLayoutData;
 
-/// Finds the cabinets whose parameters can be saved, or what is in the way. GUI thread.
+/// Finds the cabinets whose parameters can be saved, or the reason why they cannot. GUI thread.
 class CParameterCheck final
 {
     Q_DECLARE_TR_FUNCTIONS(CParameterCheck)
@@ -20,8 +20,8 @@ public:
     /// @p store knows the type library and must outlive the check.
     explicit CParameterCheck(const CLayoutData &store);
 
-    /// The cabinets of all detected processors, as the host holds them. A failure when there are none or when
-    /// one of them cannot take parameters; the text is that of the first.
+    /// The cabinets of all detected processors, as the host has them. Fails if there are none, or if one of
+    /// them cannot accept parameters; the text is about the first such cabinet.
     CResult<QList<Cabinet>> run() const;
 
 private:

@@ -11,8 +11,8 @@ class CLayoutData;
 class QUuid;
 class QWidget;
 
-/// The commands of one processor that its context menu offers: asks the user for what is missing, has the
-/// host carry the command out, and tells how it ended. GUI thread.
+/// The commands in the context menu of a processor: each asks the user for what it needs, lets the host carry
+/// it out, and shows the outcome. GUI thread.
 class CProcessorCommands final : public QObject
 {
     Q_OBJECT
@@ -29,7 +29,7 @@ public:
     void setRedundancyFor(const QUuid &primary, const QUuid &redundancy);
     void cancelRedundancy(const QUuid &processor);
     void showRedundancy(); ///< opens the dialog that pairs processors
-    /// Sends parameters to the cabinets of all detected processors, after a check of each.
+    /// Checks the cabinets of all detected processors and sends parameters to them.
     void saveParameters();
     void showInformation(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets);
     void setVideoProcessorMode(); ///< of the current processor

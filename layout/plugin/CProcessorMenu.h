@@ -13,8 +13,8 @@ class CProcessorCommands;
 class QAction;
 class QMenu;
 
-/// Fills a menu with the commands of one processor. Lives while it fills; the actions live as long as the
-/// menu and call the commands, which must outlive them.
+/// Fills a menu with the commands of one processor. Needed only for filling: the actions belong to the menu
+/// and call @p commands, which must outlive them.
 class CProcessorMenu final
 {
     Q_DECLARE_TR_FUNCTIONS(CProcessorMenu)
@@ -35,13 +35,13 @@ private:
     void addRedundancy();
     void addCabinetParameters();
     void addCabinetInformation();
-    /// Why what is done with the current processor cannot be done with this one; empty: it can.
+    /// Why commands for the current processor are disabled for this one; empty: they are not.
     QString currentReason() const;
     void addRedundancyView();
-    /// A submenu of all other processors; those in fibre optic transceiver mode cannot be chosen.
+    /// Adds a submenu of all other processors; those in fibre optic transceiver mode are disabled.
     QMenu *addOtherProcessors(const QString &text, const QString &icon,
                               const std::function<void(const QUuid &)> &chosen);
-    /// @p reason, or that @p others is empty, or nothing.
+    /// @p reason; if that is empty: that there are no @p others, or nothing.
     static QString reasonFor(const QMenu &others, const QString &reason);
     QMenu *addSubmenu(QMenu &menu, const QString &text, const QString &icon = {});
     QAction *addEntry(QMenu &menu, const QString &text, const std::function<void()> &chosen,
@@ -51,6 +51,6 @@ private:
     CProcessorCommands &m_commands;
     const ProcessorTree::ProcessorNode m_processor;
     const Cabinets m_selected;
-    const QString m_modeReason; // why nothing can be done but leaving the mode; empty: it can
-    const QString m_editReason; // why its layout cannot be replaced; empty: it can
+    const QString m_modeReason; // why only leaving the mode is possible; empty: not so
+    const QString m_editReason; // why its layout cannot be replaced; empty: it can be
 };

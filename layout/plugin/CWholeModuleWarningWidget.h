@@ -8,9 +8,9 @@ class QLabel;
 class QPushButton;
 class QSvgWidget;
 
-/// What keeps the module from showing a layout.
+/// What prevents the module from showing a layout.
 enum class WarningState : int {
-    Refresh = 1, ///< no state of its own: shows again what was last set
+    Refresh = 1, ///< not a state: shows the current state again
     NoProcessorOnline = 2,
     NoneSelected = 3,
     SeveralSelected = 4,
@@ -20,8 +20,8 @@ enum class WarningState : int {
     Nothing = 8 ///< an empty page
 };
 
-/// The page that covers the module when there is nothing to edit. All instances share one state; each takes
-/// it over when it is made, changed or refreshed. GUI thread.
+/// The page that covers the module when there is nothing to edit. All instances share one state; each adopts
+/// it when it is created, changed or refreshed. GUI thread.
 class CWholeModuleWarningWidget final : public QWidget
 {
     Q_OBJECT
@@ -29,15 +29,15 @@ class CWholeModuleWarningWidget final : public QWidget
 public:
     explicit CWholeModuleWarningWidget(QWidget *parent = nullptr);
 
-    /// Sets the shared state and shows it here; the one that is set already changes nothing.
+    /// Sets the shared state and shows it here; does nothing if it is set already.
     void setState(WarningState state);
-    /// Whether the hints to press "Detect devices" are shown; at first they are.
+    /// Shows or hides the hints to press "Detect devices"; shown by default.
     void setDetectHintEnabled(bool enabled);
 
 Q_SIGNALS:
     void NotifyByPassClicked();
     void NotifyVideoProcessorClicked();
-    void NotifySetPrcBypassModeEnable(); ///< directly after NotifyByPassClicked()
+    void NotifySetPrcBypassModeEnable(); ///< sent directly after NotifyByPassClicked()
 
 private:
     void buildUi();
@@ -46,7 +46,7 @@ private:
     void fill(WarningState state);
 
     bool m_detectHint = true;
-    QString m_picturePath; // what the picture has loaded
+    QString m_picturePath; // the file that m_picture shows
     QSvgWidget *m_picture = nullptr;
     QLabel *m_title = nullptr;
     QLabel *m_hint = nullptr;

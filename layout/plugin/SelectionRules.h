@@ -7,12 +7,12 @@
 
 #include <optional>
 
-/// What the device tree's selection means for the module's pages.
+/// Decides which page the module shows for the selection in the device tree.
 namespace SelectionRules {
 
-/// The warning for a selection of @p processors in a node of @p type, a group's members included; nothing
-/// when the editor can show it, or, of several, the summary. @p anyOnline: some processor of the tree is
-/// online. Project processors count as online.
+/// The warning for a selection of @p processors (including the members of a group) in a node of @p type;
+/// empty if the editor or, for several processors, the summary can show them. @p anyOnline: at least one
+/// processor of the tree is online. Project processors count as online.
 std::optional<WarningState> warningFor(PrcTreeNodeType type,
                                        const QList<ProcessorTree::ProcessorNode> &processors, bool anyOnline);
 

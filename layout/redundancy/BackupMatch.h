@@ -9,16 +9,16 @@
 /// The arithmetic of a table of pairs.
 namespace BackupMatch {
 
-/// How well the second can stand in for the first: 0 not at all, more is better.
+/// How well the second can replace the first; 0: not at all.
 using Fitness = std::function<int(const QUuid &primary, const QUuid &redundancy)>;
 
-/// @p rows completed by pairs of the @p free keys: whole rows stay, half-filled ones get what fits best, and
-/// what then fits goes into the empty rows from the first. Among equals the order of the keys decides; a key
-/// that is in a row already is not used again, and no row is added.
+/// Returns @p rows completed with the @p free keys: complete rows stay, half-filled rows get the best fitting
+/// key, and further fitting pairs go into empty rows, from the first. Among equally good keys the first one
+/// wins. A key that is already in a row is not used again; no row is added.
 QList<SBackupPair> completed(const QList<SBackupPair> &rows, const QList<QUuid> &free,
                              const Fitness &fitness);
 
-/// The whole rows in order; nothing when a row is half filled.
+/// Puts the complete rows into @p pairs, in order. Returns false if a row is half filled.
 bool take(const QList<SBackupPair> &rows, QList<SBackupPair> &pairs);
 
 } // namespace BackupMatch

@@ -7,7 +7,7 @@
 
 class CBackupTableView;
 
-/// Draws the cells of a table of pairs, and on the row under the mouse a button that empties the row. GUI
+/// Draws the cells of a table of pairs, and in the row under the mouse a button that empties the row. GUI
 /// thread.
 class CBackupDelegate : public QStyledItemDelegate
 {

@@ -9,8 +9,8 @@ class CBackupList;
 class CBackupTable;
 class CPureImageBtn;
 
-/// Pairs entries of a list as primary and redundancy in a table, and applies the pairs. What the entries are
-/// and who keeps the pairs, a dialog that derives from it decides. GUI thread.
+/// Lets the user pair entries of a list as primary and redundancy in a table, and applies the pairs. Derived
+/// dialogs define the entries, and where the pairs are stored. GUI thread.
 class CBackupDialog : public CDialog
 {
     Q_OBJECT
@@ -19,21 +19,21 @@ public:
     CBackupTable &table() const { return *m_table; }
 
 Q_SIGNALS:
-    /// The pairs were applied; @p refusal is why they were not, empty when they were.
+    /// Sent after "Apply"; @p refusal says why the pairs were refused, empty if they were applied.
     void notifyApplied(const QString &refusal);
 
 protected:
-    /// @p table becomes the dialog's own.
+    /// The dialog takes ownership of @p table.
     CBackupDialog(const QString &title, const QString &listTitle, CBackupTable *table, QWidget *parent);
 
-    /// Fills list and table anew. Called by the constructor of the derived class, and after each apply.
+    /// Fills list and table again. Called by the constructor of the derived class, and after each apply().
     void refill();
 
     virtual QList<SBackupEntry> readEntries() = 0;
     virtual QList<SBackupPair> readPairs() = 0;
-    /// Whether the user, asked where something is lost, wants the pairs.
+    /// Asks the user if the pairs cause a loss; returns whether to apply them.
     virtual bool confirm(const QList<SBackupPair> &) { return true; }
-    /// Carries the pairs out; gives why that failed, empty when it did not.
+    /// Applies the pairs; returns why that failed, empty on success.
     virtual QString apply(const QList<SBackupPair> &pairs) = 0;
 
 private:

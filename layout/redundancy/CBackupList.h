@@ -6,8 +6,8 @@
 
 #include <QListWidget>
 
-/// The list of what can be paired. Its entries are dragged into the table, or put into the table's current
-/// cell by Enter, Space or a double click. GUI thread.
+/// The list of entries that can be paired. Entries are dragged into the table, or put into the table's
+/// current cell by Enter, Space or a double click. GUI thread.
 class CBackupList final : public QListWidget
 {
     Q_OBJECT
@@ -16,11 +16,11 @@ public:
     explicit CBackupList(QWidget *parent = nullptr);
 
     void setEntries(const QList<SBackupEntry> &entries);
-    QUuid currentKey() const; ///< null: none that can be chosen
+    QUuid currentKey() const; ///< null: no selectable entry is current
 
-    /// What a drag of the entry with that key carries; see keyOf().
+    /// The drag data of the entry with that key; see keyOf().
     static QMimeData *dataOf(const QUuid &key);
-    /// The key that a drag carries; null: it carries something else.
+    /// The key in drag data; null: it is something else.
     static QUuid keyOf(const QMimeData &data);
 
 Q_SIGNALS:

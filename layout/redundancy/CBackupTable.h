@@ -15,8 +15,8 @@ class CBackupTableView;
 class QStandardItem;
 class QStandardItemModel;
 
-/// A table of pairs: two columns, "Primary" and "Redundancy", whose cells hold one entry or nothing. No entry
-/// stands twice in it. GUI thread.
+/// A table of pairs with two columns, "Primary" and "Redundancy"; each cell holds one entry or nothing. No
+/// entry is in it twice. GUI thread.
 class CBackupTable : public QWidget
 {
     Q_OBJECT
@@ -24,16 +24,17 @@ class CBackupTable : public QWidget
 public:
     CBackupTableView &view() const { return *m_view; }
 
-    /// What may stand in the table; there is a row for each, so that an empty one is always left. Empties it.
+    /// Sets the possible entries and empties the table. There is one row per entry, so that an empty row is
+    /// always left.
     void setEntries(const QList<SBackupEntry> &entries);
-    /// Fills the rows from the first; what is no entry counts as empty.
+    /// Fills the rows, beginning with the first; unknown keys count as empty.
     void setRows(const QList<SBackupPair> &rows);
-    QList<SBackupPair> rows() const; ///< from the first to the last that is not empty
-    /// Asked before a drop; true: it does nothing.
+    QList<SBackupPair> rows() const; ///< up to the last row that is not empty
+    /// Sets the function called before each drop; if it returns true, the drop is ignored.
     void setRefusal(std::function<bool()> refusal) { m_refusal = std::move(refusal); }
-    /// Puts an entry into the current cell, and makes the next one current.
+    /// Puts an entry into the current cell and makes the next cell current.
     void putIntoCurrent(const QUuid &key);
-    /// Pairs of the entries what fits, beside the rows that are whole.
+    /// Pairs fitting entries; complete rows stay.
     void autoMatch();
     void clearRows() { setRows({}); }
 
@@ -44,11 +45,12 @@ public Q_SLOTS:
 
 Q_SIGNALS:
     void notifyRowsChanged();
-    /// Enter or Space was pressed in the table: the list's entry is wanted in the current cell.
+    /// Enter or Space was pressed in the table: put the list's entry into the current cell.
     void notifyFillAsked();
 
 protected:
-    /// @p delegate makes the delegate of a view; @p emptyText is what a screen reader says of an empty cell.
+    /// @p delegate creates the delegate of a view; @p emptyText is what a screen reader says for an empty
+    /// cell.
     CBackupTable(const std::function<CBackupDelegate *(CBackupTableView &)> &delegate,
                  const QString &emptyText, QWidget *parent);
 
@@ -67,7 +69,7 @@ private:
     CBackupTableView *m_view = nullptr;
     QStandardItemModel *m_model = nullptr;
     QList<SBackupEntry> m_entries;
-    QHash<QUuid, int> m_places; ///< of the entries in the list of them
+    QHash<QUuid, int> m_places; ///< index of each entry in m_entries
     std::function<bool()> m_refusal;
     const QString m_emptyText;
 };

@@ -5,14 +5,14 @@
 #include <QTableView>
 #include <QUuid>
 
-/// The view of a table of pairs: cells are dragged within it, and entries of the list dropped on it. It
-/// reports both, and what keys ask for; what happens then, its owner decides. GUI thread.
+/// The view of a table of pairs: cells are dragged within it, and entries of the list are dropped on it. It
+/// only reports drops and keys; its owner decides what happens. GUI thread.
 class CBackupTableView final : public QTableView
 {
     Q_OBJECT
 
 public:
-    /// The role of the key of what a cell holds.
+    /// The data role of the key in a cell.
     static constexpr int KeyRole = Qt::UserRole + 1;
 
     explicit CBackupTableView(QWidget *parent = nullptr);
@@ -23,7 +23,7 @@ public:
 Q_SIGNALS:
     /// An entry of the list was dropped on a cell.
     void notifyProcessorDroped(const QModelIndex &index, const QUuid &processor);
-    /// What another cell of the table holds was dropped on a cell.
+    /// The entry of another cell was dropped on a cell.
     void notifyViewProcessorDroped(const QModelIndex &index, const QUuid &processor);
     void notifyEmptyAsked(const QModelIndex &index); ///< by the Delete key
     void notifyFillAsked(const QModelIndex &index);  ///< by Enter or Space

@@ -9,8 +9,7 @@
 #include <QSet>
 #include <QStringList>
 
-/// Pairs output ports, of which one carries the signal of the other when that fails, on one processor or
-/// across two. GUI thread.
+/// Pairs output ports, of one processor or of two: one takes over the signal if the other fails. GUI thread.
 class CPortBackupDialog final : public CBackupDialog
 {
     Q_OBJECT
@@ -18,8 +17,8 @@ class CPortBackupDialog final : public CBackupDialog
 public:
     explicit CPortBackupDialog(QWidget *parent = nullptr);
 
-    /// Asks whether ports that hold cabinets may become redundancy ports, and so lose grouping and wiring;
-    /// true without asking when @p ports, their names, are none.
+    /// Asks whether ports that hold cabinets may become redundancy ports, which removes their grouping and
+    /// wiring. @p ports are their names; if empty, returns true without asking.
     static bool mayDissolve(QWidget *parent, const QStringList &ports);
 
 protected:
@@ -34,7 +33,7 @@ private:
                    QList<SBackupEntry> &entries);
 
     CPortBackupTable *m_portTable = nullptr;
-    QHash<QUuid, CPortBackupTable::SPort> m_ports; ///< by the keys of their entries
+    QHash<QUuid, CPortBackupTable::SPort> m_ports; ///< by the key of the entry
     QHash<QUuid, QString> m_names;
     QList<QUuid> m_processors;
 };

@@ -15,8 +15,8 @@ public:
     struct SPort
     {
         SPortKey key;
-        int cabinets = 0;                        ///< in all
-        QVector<PortPairs::Port::Cabinet> wired; ///< as PortPairs::mirrorOf() gives them
+        int cabinets = 0;                        ///< wired or not
+        QVector<PortPairs::Port::Cabinet> wired; ///< see PortPairs::mirrorOf()
     };
 
     explicit CPortBackupTable(QWidget *parent = nullptr);
@@ -24,7 +24,8 @@ public:
     void setPorts(const QHash<QUuid, SPort> &ports) { m_ports = ports; }
 
 protected:
-    /// A port with wired cabinets, and one of the same processor that holds the same or, less well, none.
+    /// A port with wired cabinets fits one of the same processor that has the same cabinets or, second best,
+    /// none.
     int fitness(const QUuid &primary, const QUuid &redundancy) const override;
 
 private:

@@ -7,7 +7,7 @@
 
 class CProcessorBackupTable;
 
-/// Pairs processors, of which one stands in for the other when that fails. GUI thread.
+/// Pairs processors: one takes over if the other fails. GUI thread.
 class CProcessorBackupDialog final : public CBackupDialog
 {
     Q_OBJECT
@@ -24,5 +24,5 @@ private:
     CProcessorBackupDialog(CProcessorBackupTable *table, QWidget *parent);
 
     CProcessorBackupTable *m_processorTable = nullptr;
-    QList<QUuid> m_keys; ///< of the processors that it was filled with
+    QList<QUuid> m_keys; ///< of the processors in the list
 };

@@ -17,7 +17,7 @@ public:
     void setProcessors(const QList<ProcessorTree::ProcessorNode> &processors);
 
 protected:
-    /// Processors of one kind, both online or both not.
+    /// Processors fit if they are of one kind and both online or both offline.
     int fitness(const QUuid &primary, const QUuid &redundancy) const override;
 
 private:

@@ -7,13 +7,13 @@
 #include <QString>
 #include <QUuid>
 
-/// What can be made primary or redundancy of a pair: a processor or an output port.
+/// A processor or an output port that can be primary or redundancy of a pair.
 struct SBackupEntry
 {
     QUuid key;
-    QString text;    ///< how the user knows it
-    QString icon;    ///< resource
-    QString refusal; ///< why it can be in no pair, for the user; empty: it can
+    QString text;    ///< shown to the user
+    QString icon;    ///< resource path
+    QString refusal; ///< why it cannot be in a pair, for the user; empty: it can
 };
 
 /// (primary, redundancy); a null key is an empty cell.

@@ -2,6 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-/// Makes all pictures available under ":/Image/". To be called before the first of them is used, from any
-/// library or program that links them; calling it again does nothing. GUI thread.
+/// Makes all pictures available under ":/Image/". Must be called before the first of them is used, by any
+/// library or program that links them; further calls do nothing. GUI thread.
 void initLayoutResources();

@@ -8,7 +8,7 @@
 
 #include <functional>
 
-/// Shows what is known of the selected cabinets, for each value one that all of them share. GUI thread.
+/// Shows what is known about the selected cabinets: the values that all of them share. GUI thread.
 class CCabinetInformation final : public CDialog
 {
     Q_OBJECT
@@ -16,10 +16,10 @@ class CCabinetInformation final : public CDialog
 public:
     using Cabinets = QList<CabinetLayout::CabinetPort::Cabinet>;
     using RcvTypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
-    /// Gives the library's record of a type; an empty one for an unknown key.
+    /// Returns the library's record of a type; an empty one for an unknown key.
     using TypeLookup = std::function<RcvTypeInfo(const SMD5 &key)>;
 
-    /// @p typeOf is asked while the dialog is being made.
+    /// @p typeOf is called by the constructor only.
     CCabinetInformation(const Cabinets &selected, const TypeLookup &typeOf, QWidget *parent);
 
 private:

@@ -10,7 +10,7 @@ class QComboBox;
 class QDoubleSpinBox;
 class QLabel;
 
-/// Sends a cabinet type's parameters and a gamma value to cabinets, and tells how that ended. GUI thread.
+/// Sends a cabinet type's parameters and a gamma value to cabinets, and shows the outcome. GUI thread.
 class CCabinetParaSave final : public CDialog
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ public:
     /// Starts with the type of @p cabinets if all have the same one and @p library contains it.
     CCabinetParaSave(const Cabinets &cabinets, const Nodes &library, QWidget *parent);
 
-    /// Saves. The dialog stays open if the host fails to.
+    /// Saves. The dialog stays open if that fails.
     void accept() override;
 
 private:

@@ -13,7 +13,7 @@ class QLabel;
 class QMenu;
 class QPushButton;
 
-/// Asks which type of the library the selected cabinets are to have, and whether they may be resized to it.
+/// Asks which type of the library the selected cabinets shall have, and whether they may be resized to it.
 /// GUI thread.
 class CCabinetTypeSetting final : public CDialog
 {
@@ -22,15 +22,15 @@ class CCabinetTypeSetting final : public CDialog
 public:
     using Cabinets = QList<CabinetLayout::CabinetPort::Cabinet>;
     using RcvTypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
-    /// Gives the type library as it is now; asked each time that the menu opens.
+    /// Returns the current type library; called each time the menu opens.
     using Library = std::function<QVector<SSettings::TypeLibrary::STreeNode>()>;
 
     CCabinetTypeSetting(const Cabinets &selected, Library library, QWidget *parent);
 
-    /// The chosen type; an accepted dialog always has one, and the cabinets then take its size.
+    /// The chosen type; an accepted dialog always has one, and the cabinets then get its size.
     const RcvTypeInfo &type() const { return m_type; }
 
-    /// Asks first when a cabinet is not of the type's size; "No" leaves the dialog open.
+    /// Asks first if a cabinet does not have the type's size; "No" leaves the dialog open.
     void accept() override;
 
 private:

@@ -9,26 +9,26 @@
 
 class QWidget;
 
-/// The commands that set what belongs to the canvas of the current processor: each runs its dialog, has the
-/// host carry out what was chosen, and tells how that ended. Without a processor they do nothing. GUI
+/// The commands that change canvas settings of the current processor: each opens its dialog, lets the host
+/// apply what was chosen, and shows the outcome. They do nothing if there is no current processor. GUI
 /// thread.
 class CCanvasCommands final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// @p window is what the dialogs belong to; it must outlive the commands.
+    /// @p window is the parent of the dialogs; it must outlive the commands.
     explicit CCanvasCommands(QWidget &window, QObject *parent = nullptr);
 
     void setFrameRateAndColorDepth();
     void setCanvasSize();
-    /// The canvas follows the dialog while it is open, see previewed(); what was before comes back unless the
-    /// user says OK and the host agrees.
+    /// The canvas follows the open dialog, see previewed(). The previous fill is restored unless the user
+    /// accepts and the host succeeds.
     void setCanvasFill();
     void adjustCurrentGain();
 
 Q_SIGNALS:
-    /// The canvas is to show this fill for now.
+    /// The canvas shall show this fill while the dialog is open.
     void previewed(const SBackgroundInfo &info);
 
 private:

@@ -18,10 +18,10 @@ class CCanvasSizeSetting final : public CDialog
     Q_OBJECT
 
 public:
-    /// Shows @p size, cut down to @p limits.
+    /// Shows @p size, reduced to @p limits.
     CCanvasSizeSetting(const SCanvasLimits &limits, const QSize &size, QWidget *parent = nullptr);
 
-    QSize canvasSize() const; ///< as it stands in the fields
+    QSize canvasSize() const; ///< as entered
 
 private:
     void buildUi();

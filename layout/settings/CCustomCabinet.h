@@ -12,7 +12,7 @@ class CCustomCabinet final : public CDialog
     Q_OBJECT
 
 public:
-    /// @p size, in pixels, is what the dialog starts with.
+    /// @p size is the initial size, in pixels.
     CCustomCabinet(const QSize &size, QWidget *parent);
 
     /// What the user has set, in pixels.

@@ -17,12 +17,12 @@ class CEleCurrentAdjustDialog final : public CDialog
     Q_OBJECT
 
 public:
-    /// For @p processor, the one in view. It reads the sets as soon as the event loop runs.
+    /// For @p processor, which must be in view. Reads the sets as soon as the event loop runs.
     CEleCurrentAdjustDialog(const QUuid &processor, QWidget *parent);
 
-    /// Saves. The dialog stays open if the host fails to.
+    /// Saves. The dialog stays open if that fails.
     void accept() override;
-    /// Closes, unless the user wants to keep switches that were not saved.
+    /// Closes; asks first if switches were not saved.
     void reject() override;
 
 private:

@@ -6,8 +6,8 @@
 
 #include <QTableWidget>
 
-/// Lists current-gain parameter sets, one in each row, ordered by frame rate and gain level, each with a
-/// switch. GUI thread.
+/// Lists current-gain parameter sets, one per row, ordered by frame rate and gain level, each with a switch.
+/// GUI thread.
 class CEleCurrentAdjustTable final : public QTableWidget
 {
     Q_OBJECT
@@ -15,16 +15,16 @@ class CEleCurrentAdjustTable final : public QTableWidget
 public:
     explicit CEleCurrentAdjustTable(QWidget *parent = nullptr);
 
-    /// Shows @p gains and forgets what was switched before.
+    /// Shows @p gains and discards unsaved switches.
     void setGains(const QList<SCurrentGain> &gains);
-    /// Shows @p gains, but leaves the switches that the user has changed as they are.
+    /// Shows @p gains, but keeps the switches that the user has changed.
     void updateGains(QList<SCurrentGain> gains);
 
-    /// What is shown, with the switches as the user left them.
+    /// The sets shown, with the switches as set by the user.
     const QList<SCurrentGain> &gains() const { return m_shown; }
     /// Returns whether a switch differs from what was last set or updated.
     bool isSwitched() const { return m_shown != m_given; }
-    bool hasImported() const; ///< whether parameters of any row are imported
+    bool hasImported() const; ///< whether any row has imported parameters
 
 Q_SIGNALS:
     void notifySwitched(); ///< the user has changed a switch
@@ -38,5 +38,5 @@ private:
     QWidget *switchBox(int row);
 
     QList<SCurrentGain> m_given;
-    QList<SCurrentGain> m_shown; // the same but for the switches
+    QList<SCurrentGain> m_shown; // the same except for the switches
 };

@@ -14,8 +14,8 @@ class CFrameRateColorDepthSetting final : public CDialog
     Q_OBJECT
 
 public:
-    /// @p hertz and @p bits are preselected; a value that is not listed leaves the choice open. Those that
-    /// are not among @p possible are listed as well but cannot be chosen.
+    /// @p hertz and @p bits are preselected; for a value that is not listed, nothing is. Values that are not
+    /// among @p possible are listed but disabled.
     CFrameRateColorDepthSetting(const SSignalModes &possible, int hertz, int bits, QWidget *parent = nullptr);
 
     int frameRate() const;  ///< hertz

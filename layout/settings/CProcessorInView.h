@@ -10,24 +10,24 @@ class ILayoutInterfaceHandler;
 class QUuid;
 class QWidget;
 
-/// Makes sure that what a user chose in a dialog reaches the processor for which the dialog was opened, not
-/// one that came into view later. GUI thread.
+/// Ensures that what the user chose in a dialog is applied to the processor for which the dialog was opened,
+/// not to one that came into view later. GUI thread.
 class CProcessorInView final
 {
     Q_DECLARE_TR_FUNCTIONS(CProcessorInView)
 
 public:
-    /// Returns whether it succeeded; if not, the host's lastError() tells why.
+    /// Returns whether it succeeded; if not, the host's lastError() says why.
     using Operation = std::function<bool(ILayoutInterfaceHandler &)>;
 
     /// The processor in view; null: none.
     static QUuid key();
 
-    /// Returns whether @p processor is still in view; if not, the user is told of @p failure.
+    /// Returns whether @p processor is still in view; if not, shows @p failure.
     static bool isStill(const QUuid &processor, QWidget *window, const QString &failure = tr("Set failed."));
 
-    /// Carries out @p operation if @p processor is still in view, and tells the user of @p failure and its
-    /// reason when that could not be done. Returns whether it was done.
+    /// Carries out @p operation if @p processor is still in view. Otherwise, and if it fails, shows
+    /// @p failure and the reason. Returns whether it succeeded.
     static bool carryOut(const QUuid &processor, QWidget *window, const Operation &operation,
                          const QString &failure = tr("Set failed."));
 };

@@ -16,6 +16,6 @@ class CTypeSizeRule final
 public:
     using RcvTypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
 
-    /// Returns whether a cabinet can have the type's size; if not, the user is told why.
+    /// Returns whether a cabinet can have the type's size; if not, shows why.
     static bool check(const RcvTypeInfo &type, QWidget *messageParent);
 };

@@ -8,17 +8,17 @@ class QAction;
 class QIcon;
 class QMenu;
 
-/// Cabinet types as entries of a menu, which carry the type's record (RcvTypeInfo) in their data. GUI thread.
+/// Cabinet types as menu entries with the type's record (RcvTypeInfo) in their data. GUI thread.
 namespace TypeMenu {
 
-/// The picture of a type: of one receiver card, or of several.
+/// The icon of a type: one receiver card, or several.
 QIcon icon(const SSettings::TypeLibrary::STreeNode::RcvTypeInfo &type);
 
-/// Adds one entry with @p text, in which "&" is nothing special; disabled when the type's file is damaged.
+/// Adds an entry with @p text, in which "&" has no special meaning; disabled if the type's file is damaged.
 QAction *addType(QMenu &menu, const SSettings::TypeLibrary::STreeNode::RcvTypeInfo &type,
                  const QString &text);
 
-/// Adds the library's tree in stored order: a folder becomes a submenu, a type an entry with its name.
+/// Adds the library's tree in stored order: folders become submenus, types become entries with their names.
 void addLibrary(QMenu &menu, const QVector<SSettings::TypeLibrary::STreeNode> &nodes);
 
 } // namespace TypeMenu

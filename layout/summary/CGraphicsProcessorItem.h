@@ -24,14 +24,14 @@ public:
     const QString &text() const { return m_text; }
     QPoint offset() const { return pos().toPoint(); }
     QRect place() const { return area().translated(offset()); } ///< on the shared canvas
-    /// One that is offline shows so.
+    /// Offline processors look different.
     void setOnline(bool online);
     bool isOnline() const { return m_online; }
 
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
 
 Q_SIGNALS:
-    void geometryChanged(const QRectF &geometry); ///< of the scene
+    void geometryChanged(const QRectF &geometry); ///< in scene coordinates
     void offsetChanged(const QPoint &offset);
 
 protected:

@@ -16,8 +16,8 @@ class QAction;
 class QHBoxLayout;
 class QLabel;
 
-/// The page for several processors: shows their areas on the shared canvas, has the host keep the offsets
-/// that the user gives them, and takes these back. GUI thread.
+/// The page for several processors: shows their areas on the shared canvas, passes the offsets set by the
+/// user to the host, and undoes them. GUI thread.
 class CLayoutSummaryWidget final : public QWidget
 {
     Q_OBJECT
@@ -26,9 +26,10 @@ public:
     explicit CLayoutSummaryWidget(QWidget *parent = nullptr);
     ~CLayoutSummaryWidget() override;
 
-    /// Shows @p processors as the host has them now; those in fibre optic transceiver mode have no area.
+    /// Shows @p processors with the areas that the host has now; those in fibre optic transceiver mode have
+    /// none.
     void showProcessors(const QList<ProcessorTree::ProcessorNode> &processors);
-    /// Lets the user look only.
+    /// With @p blocked, the user cannot move processors.
     void setEditingBlocked(bool blocked);
 
 private:

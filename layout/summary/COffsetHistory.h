@@ -8,21 +8,21 @@
 
 #include <functional>
 
-/// The moves of processors on the shared canvas, to be taken back and done again. A step is taken only once
-/// the host has carried it out. GUI thread.
+/// The undo history of moves of processors on the shared canvas. A step counts as done only once the host has
+/// carried it out. GUI thread.
 class COffsetHistory final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Brings processors to their offsets, at the host and on the screen; whether it was done.
+    /// Sets the processors' offsets in the host and on the screen; returns whether that succeeded.
     using Place = std::function<bool(const ProcessorOffsets &)>;
 
     explicit COffsetHistory(Place place, QObject *parent = nullptr);
     ~COffsetHistory() override;
 
-    /// The processors in view lie at @p offsets. The steps stay only when they lead there: those of other
-    /// processors are forgotten, and so are all once an offset was changed elsewhere.
+    /// Call when processors come into view, with their @p offsets. The history is kept only if its steps lead
+    /// to exactly these; it is cleared for other processors, or after an offset was changed elsewhere.
     void enter(const ProcessorOffsets &offsets);
     /// Records a move that was carried out.
     void record(const ProcessorOffsets &before, const ProcessorOffsets &after);
@@ -32,12 +32,12 @@ public:
     void redo();
 
 Q_SIGNALS:
-    void notifyChanged(); ///< what can be undone and redone
+    void notifyChanged(); ///< canUndo() or canRedo() may have changed
 
 private:
     void take(const ProcessorOffsets &offsets);
 
     const Place m_place;
-    ProcessorOffsets m_offsets; // to which the steps that were taken lead
+    ProcessorOffsets m_offsets; // the result of the steps done so far
     QUndoStack m_stack;
 };

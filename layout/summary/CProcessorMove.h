@@ -10,28 +10,29 @@
 class CGraphicsProcessorItem;
 class QKeyEvent;
 
-/// Moves processors together on the shared canvas, from where they lay when the move began. The items must
-/// outlive it.
+/// Moves processors together on the shared canvas, relative to where the move began. The items must outlive
+/// it.
 class CProcessorMove final
 {
 public:
     using Items = QVector<CGraphicsProcessorItem *>;
 
     static bool isArrow(int key);
-    /// The step that an arrow key stands for, with Shift a large one; null for any other key.
+    /// The step of an arrow key, a large one with Shift; null for any other key.
     static QPoint stepOf(const QKeyEvent &event);
 
-    /// Moves @p moved; @p others are those at whose edges they catch.
+    /// Moves @p moved; they snap to the edges of @p others.
     CProcessorMove(const Items &moved, const Items &others);
 
-    /// Brings all as far from where they began as @p distance tells. Their common outline catches at edges
-    /// within @p reach; 0: at none.
+    /// Moves all to @p distance from where they began. Their common outline snaps to edges within @p reach;
+    /// 0: no snapping.
     void moveTo(const QPoint &distance, int reach);
-    QPoint distance() const { return m_distance; } ///< as far as they are now
+    QPoint distance() const { return m_distance; } ///< the current one
     const ProcessorOffsets &begin() const { return m_begin; }
-    ProcessorOffsets offsets() const; ///< where they are now
+    ProcessorOffsets offsets() const; ///< the current ones
 
-    /// The edges of others in line with those of the moved, left and right, then top and bottom.
+    /// The positions of others' edges aligned with an edge of the moved ones: left and right edges, then top
+    /// and bottom edges.
     QVector<int> linesAcross() const;
     QVector<int> linesDown() const;
 

@@ -13,9 +13,9 @@ class CGraphicsProcessorItem;
 class CGraphicsScene;
 class CProcessorMove;
 
-/// Shows processors on their shared canvas and lets the user move those that are online: by the mouse, where
-/// their edges catch at each other's within ten pixels of the screen unless Alt is held, and by the arrow
-/// keys. A move is announced once it has ended. GUI thread.
+/// Shows processors on their shared canvas and lets the user move those that are online, with the mouse or
+/// the arrow keys. With the mouse, edges snap to each other within ten screen pixels unless Alt is held. A
+/// move is announced once it has ended. GUI thread.
 class CSummaryGraphicsView final : public CGraphicsView
 {
     Q_OBJECT
@@ -24,33 +24,33 @@ public:
     explicit CSummaryGraphicsView(QWidget *parent = nullptr);
     ~CSummaryGraphicsView() override;
 
-    /// Shows @p processors in place of those before; what is selected stays so. Others are fitted, and the
-    /// first of them selected. A move that is under way is given up, unless nothing has changed.
+    /// Shows @p processors. If they are the same as before, the selection stays; otherwise they are fitted to
+    /// the view, and the first one is selected. A move in progress is cancelled, unless nothing has changed.
     void setProcessors(const QVector<SSummaryProcessor> &processors);
     const QVector<SSummaryProcessor> &processors() const { return m_processors; }
-    /// Where the processors lay before a move that is under way.
+    /// The offsets of the processors, without a move in progress.
     ProcessorOffsets offsets() const;
-    /// Brings processors to @p offsets, without announcing a move.
+    /// Sets the processors' offsets, without announcing a move.
     void setOffsets(const ProcessorOffsets &offsets);
     QVector<SSummaryProcessor> selection() const;
-    /// Whether any of what is selected can be moved.
+    /// Whether any selected processor can be moved.
     bool canMove() const { return !movedItems().isEmpty(); }
-    /// Lets the user look only.
+    /// With @p blocked, the user cannot move processors.
     void setEditingBlocked(bool blocked);
-    /// Ends a move by the keys as if they were released, and gives one by the mouse up.
+    /// Ends a move by keys as if they were released; cancels a move by the mouse.
     void endGesture();
 
 Q_SIGNALS:
-    /// Of what is selected; of several, the outline around all.
+    /// Sent for the selected processor; for several, with their common outline.
     void itemGeometryChanged(const QRectF &geometry);
     void itemOffsetChanged(const QPoint &offset);
-    /// The processor that is selected; of several, the first; null: none.
+    /// Sent with the selected processor; of several, the first; null: none.
     void selectionChanged(const QUuid &processor);
     /// The user has moved processors.
     void notifyMoved(const ProcessorOffsets &before, const ProcessorOffsets &after);
 
 public Q_SLOTS:
-    /// Moves what is selected to @p offset, as far as it can be moved.
+    /// Moves the selected processors that can be moved to @p offset.
     void onItemOffsetChanged(const QPoint &offset);
 
 protected:
@@ -89,7 +89,7 @@ private:
     Items m_items; // in the same order
     std::unique_ptr<CProcessorMove> m_move;
     CGraphicsProcessorItem *m_pressed = nullptr; // by the left button
-    QPoint m_pressPosition;                      // of the view
+    QPoint m_pressPosition;                      // in view coordinates
     QPointF m_pressPlace;                        // the same in the scene
     bool m_selecting = false;
     bool m_blocked = false;

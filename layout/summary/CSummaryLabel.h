@@ -9,8 +9,8 @@ class QLabel;
 class QSpinBox;
 class QVBoxLayout;
 
-/// The figures of what is selected in the summary: its area, and its offset, which can be typed. An offset is
-/// taken with Return or when its field is left, and put back with Escape. GUI thread.
+/// Shows the area and the offset of what is selected in the summary; the offset can be entered. It is applied
+/// by Return or when its field loses the focus, and restored by Escape. GUI thread.
 class CSummaryLabel final : public QWidget
 {
     Q_OBJECT
@@ -18,10 +18,10 @@ class CSummaryLabel final : public QWidget
 public:
     explicit CSummaryLabel(QWidget *parent = nullptr);
 
-    /// What the figures belong to, and what there is to say of it. An empty @p title: nothing; then the
+    /// Sets what the figures belong to, with a note about it. Empty @p title: nothing is selected; then the
     /// figures are 0.
     void setSubject(const QString &title, const QString &note);
-    /// Whether offsets may be entered.
+    /// Sets whether offsets can be entered.
     void setEditable(bool editable);
 
 Q_SIGNALS:

@@ -7,15 +7,15 @@
 
 class QPainter;
 
-/// Draws what lies under and over the processors of the summary. GUI thread.
+/// Draws the background and the overlays of the summary. GUI thread.
 class CSummaryPainter final
 {
 public:
-    /// The surroundings, and the lines from which offsets count.
+    /// Draws the background, and the axes from which offsets are measured.
     static void paintBackground(QPainter &painter, const QRectF &exposed);
-    /// A frame around each of what is selected; @p focused: the keys act on it.
+    /// Draws a frame around each selected processor; @p focused: keys act on it.
     static void paintFrames(QPainter &painter, const QVector<QRectF> &selected, bool focused);
-    /// The edges at which a move catches: @p across are places on the X axis, @p down on the Y axis.
+    /// Draws the edges that a move has snapped to: @p across are X positions, @p down are Y positions.
     static void paintEdges(QPainter &painter, const QRectF &exposed, const QVector<int> &across,
                            const QVector<int> &down);
 };

@@ -16,7 +16,7 @@ struct SSummaryProcessor
     QString text; ///< its display text
     QSize area;   ///< pixels
     QPoint offset;
-    bool online = false; ///< only then can it be moved
+    bool online = false; ///< only online processors can be moved
 
     friend bool operator==(const SSummaryProcessor &a, const SSummaryProcessor &b)
     {
