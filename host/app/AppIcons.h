@@ -4,10 +4,10 @@
 
 #include <QIcon>
 
-/// The application's own pictures.
+/// The application's own icons.
 namespace AppIcons {
 
-/// The picture of that name with all its states, e.g. "detect". GUI thread.
+/// The icon of that name, e.g. "detect", with all its states. GUI thread.
 QIcon icon(const char *name);
 
 } // namespace AppIcons

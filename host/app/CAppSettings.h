@@ -19,14 +19,13 @@ public:
     bool isRightBarCollapsed() const;
     void setRightBarCollapsed(bool collapsed);
 
-    /// Absolute paths, the last one used first.
+    /// Absolute paths, the most recent first.
     QStringList recentProjects() const;
-    /// Puts @p file first; the same file under another name counts as the same.
+    /// Puts @p file first; different paths of the same file count as one.
     void addRecentProject(const QString &file);
     void removeRecentProject(const QString &file);
     void clearRecentProjects();
-    /// The folder of the project used last; the user's documents when there is none, or
-    /// home.
+    /// The folder of the most recent project; if there is none, the user's documents folder or home.
     QString projectFolder() const;
 
 private:

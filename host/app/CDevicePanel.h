@@ -13,22 +13,22 @@ class QItemSelection;
 class QLabel;
 class QTreeView;
 
-/// The device tree with the button that detects devices above it. What is selected here is what the modules
-/// work on. GUI thread.
+/// The device tree, below the button that detects devices. The modules work on what is selected here. GUI
+/// thread.
 class CDevicePanel final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// @p detect is what the button does; the other two outlive the panel.
+    /// @p detect is the button's action. All must outlive the panel.
     CDevicePanel(CDeviceServices &services, CDeviceTreeModel &model, QAction &detect,
                  QWidget *parent = nullptr);
 
-    /// Selects one processor, nothing else.
+    /// Selects this processor only.
     void selectProcessor(const QUuid &processor);
-    /// Tells the modules what is selected; each change does so by itself.
+    /// Tells the modules what is selected. Changes of the selection are announced without this call.
     void announceSelection();
-    /// The processor that is selected alone; null for none, several or a group.
+    /// The selected processor; null if none, several or a group are selected.
     QUuid singleProcessor() const;
 
 Q_SIGNALS:

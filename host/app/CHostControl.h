@@ -12,27 +12,26 @@
 
 class QWidget;
 
-/// The host as its modules see it: the facilities that they ask for by name, the handler and the
-/// notifications.
+/// The host as its modules see it: the facilities that they call by name, the handler and the notifications.
 class CHostControl final : public QObject, public IAbstractControlInterface
 {
     Q_OBJECT
 
 public:
-    /// @p subject stays owned by the caller and outlives this object.
+    /// @p subject must outlive this object.
     CHostControl(std::shared_ptr<IAbstractInterfaceHandler> handler, CSubject &subject);
 
     QObject *object() override { return this; }
     std::shared_ptr<IAbstractInterfaceHandler> handler() const override;
     CSubject *subject() override { return &m_subject; }
-    /// From now on modules are given no handler.
+    /// From now on modules get no handler.
     void stop() override;
 
-    /// Shows @p widget in the right bar, which takes it over. GUI thread, as the two below.
+    /// Shows @p widget in the right bar, which takes ownership. GUI thread, as the two below.
     Q_INVOKABLE void AddRightBarWidget(UiOrvo::EnModule module, QWidget *widget);
     /// Adds the control that blocks editing to the module's title bar.
     Q_INVOKABLE void AddLock(UiOrvo::EnModule module);
-    /// Adds the control that folds the right bar away to the module's title bar.
+    /// Adds the control that hides the right bar to the module's title bar.
     Q_INVOKABLE void AddCollapse(UiOrvo::EnModule module);
 
 Q_SIGNALS:

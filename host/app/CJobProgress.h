@@ -10,8 +10,8 @@ class QLabel;
 class QProgressBar;
 class QPushButton;
 
-/// The running device work in the status bar: what it does, how far it is, and a way to cancel it. Hidden
-/// while nothing runs. GUI thread.
+/// Shows the running device job in the status bar: what it does, its progress, and a button to cancel it.
+/// Hidden while no job runs. GUI thread.
 class CJobProgress final : public QWidget
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ class CJobProgress final : public QWidget
 public:
     explicit CJobProgress(QWidget *parent = nullptr);
 
-    /// Follows @p job until it has ended.
+    /// Shows @p job until it ends.
     void follow(CDeviceJob &job);
 
 private:

@@ -5,23 +5,23 @@
 #include <QFile>
 #include <QString>
 
-/// The program's log: every message of the logging system, with time and category, in a file that is put
-/// aside before it grows too large. Warnings then also go to the standard error output, as long as somebody
-/// takes them there. One at a time; any thread.
+/// The program's log: every message of the logging system, with time and category, in a file that is rotated
+/// before it grows too large. Warnings also go to the standard error output, as long as it can be written to.
+/// One instance at a time; any thread.
 class CLogFile final
 {
 public:
     static constexpr qint64 MaximumBytes = 1024 * 1024;
     static constexpr int OlderFiles = 2; ///< how many full files are kept
 
-    /// Opens "orvo.log" in @p folder, which is made when it is missing, and takes all messages from now on.
-    /// Where the file cannot be written, messages go to the standard error output only.
+    /// Opens "orvo.log" in @p folder, which is created if it is missing, and receives all messages from now
+    /// on. If the file cannot be written, messages go to the standard error output only.
     explicit CLogFile(const QString &folder, qint64 maximumBytes = MaximumBytes);
     ~CLogFile();
 
     /// Where the application keeps its log.
     static QString defaultFolder();
-    /// The file of that age; 0: the one that is written to.
+    /// The log file of that age; 0: the current one.
     QString fileName(int age = 0) const;
 
 private:

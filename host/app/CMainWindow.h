@@ -22,7 +22,7 @@ class QSplitter;
 struct SAppOptions;
 
 /// The application's window: devices on the left, the Layout module in the middle, its side panel on the
-/// right. Owns the devices and leads the module from load to stop. GUI thread.
+/// right. Owns the devices, and loads and stops the module. GUI thread.
 class CMainWindow final : public QMainWindow
 {
     Q_OBJECT
@@ -35,9 +35,9 @@ public:
     CDevicePanel &devicePanel() { return *m_devices; }
     CModuleHost &moduleHost() { return *m_module; }
 
-    /// Loads the Layout module; where that fails, the window says why and stays usable. Once.
+    /// Loads the Layout module; if that fails, the window says why and stays usable. Call once.
     void loadModule(const QString &file);
-    /// Does what the command line asks for.
+    /// Carries out the options of the command line.
     void start(const SAppOptions &options);
     /// Ends device work, notifications and the module, in this order. A second call does nothing.
     void shutDown();
@@ -55,9 +55,9 @@ private:
     void restoreState();
     void saveState();
 
-    void flushModule(); ///< what the module shows is then what the manager holds
+    void flushModule(); ///< makes the module hand over its pending edits
     void simulate(const QString &name, SimulationFault fault, bool on);
-    bool confirmStop(); ///< false: the user wants to let the running job end first
+    bool confirmStop(); ///< false: the user wants to wait for the running job
     void onJobStarted(CDeviceJob *job);
     void onJobFinished(CDeviceJob *job, const SDeviceOutcome &outcome);
     void onScreenClosed();

@@ -8,7 +8,7 @@ class CModuleTitleBar;
 class ILayoutInterface;
 class QVBoxLayout;
 
-/// The middle of the window: a module below its title bar, or a text that says why there is none. GUI thread.
+/// The middle of the window: a module below its title bar, or the reason why there is none. GUI thread.
 class CModuleFrame final : public QWidget
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ public:
     explicit CModuleFrame(const QString &title, QWidget *parent = nullptr);
 
     CModuleTitleBar &titleBar() { return *m_titleBar; }
-    /// Shows the module's widget, which lies under this frame until the module is stopped.
+    /// Shows the module's widget, a child of this frame until the module is stopped.
     void showModule(ILayoutInterface &module);
     void showProblem(const QString &text);
 

@@ -7,28 +7,28 @@
 class CModuleFrame;
 class ILayoutInterface;
 
-/// Gives the Layout module its place in the window and the facilities that it asks for, and leads it from
-/// load to stop. GUI thread.
+/// Places the Layout module in the window, provides the facilities that it needs, and loads and stops it. GUI
+/// thread.
 class CModuleHost final : public QObject
 {
     Q_OBJECT
 
 public:
-    /// @p subject outlives this object.
+    /// @p subject must outlive this object.
     CModuleHost(std::shared_ptr<IAbstractInterfaceHandler> handler, CSubject &subject);
     ~CModuleHost() override;
 
-    /// The widgets to place: the module below its title bar, and its side panel. The caller takes them over.
+    /// The widgets to place: the module below its title bar, and its side panel. The caller takes ownership.
     CModuleFrame *frame() const { return m_frame; }
     QWidget *rightBar() const { return m_rightBar; }
 
-    /// Loads the module; where that fails, the frame says why. Once.
+    /// Loads the module; if that fails, the frame says why. Call once.
     void load(const QString &file);
-    ILayoutInterface *layoutModule() const { return m_layout; } ///< null when it is not loaded
+    ILayoutInterface *layoutModule() const { return m_layout; } ///< null: not loaded
     void setCollapsed(bool collapsed);
     bool isCollapsed() const { return m_collapsed; }
 
-    /// Stops the module, which takes its widgets out of the window. A second call does nothing.
+    /// Stops the module, which removes its widgets from the window. A second call does nothing.
     void stop();
 
 private:

@@ -11,8 +11,8 @@ class IAbstractControlInterface;
 class ILayoutInterface;
 class QWidget;
 
-/// Loads modules by file. A module that was loaded stays in memory until the process ends: what it queued and
-/// registered may be reached until then.
+/// Loads modules from files. A loaded module stays in memory until the process ends, because queued calls and
+/// registered types may need it until then.
 class CModuleLoader final
 {
     Q_DECLARE_TR_FUNCTIONS(CModuleLoader)
@@ -21,8 +21,9 @@ public:
     /// The Layout module that belongs to the running program.
     static QString layoutFile();
 
-    /// Enters the Layout module in @p file: its widget lies under @p parent and it has registered with @p
-    /// host when this returns. The module owns what is returned. Error texts name the file. GUI thread, once.
+    /// Loads and starts the Layout module in @p file: on return its widget is a child of @p parent, and it
+    /// has registered with @p host. The module owns the returned object. Error texts name the file. GUI
+    /// thread; call once.
     static CResult<ILayoutInterface *> loadLayout(const QString &file, IAbstractControlInterface &host,
                                                   QWidget *parent);
 };

@@ -15,7 +15,7 @@ public:
     explicit CModuleTitleBar(const QString &title, QWidget *parent = nullptr);
 
     void showLock();     ///< the control that blocks editing
-    void showCollapse(); ///< the control that folds the right bar away
+    void showCollapse(); ///< the control that hides the right bar
     void setCollapsed(bool collapsed);
 
 Q_SIGNALS:

@@ -13,16 +13,16 @@ class QLabel;
 class QLineEdit;
 class QSpinBox;
 
-/// Asks for the figures of a wall of equal cabinets and makes a project of it. GUI thread.
+/// Asks for the dimensions of a wall of equal cabinets and makes a project of it. GUI thread.
 class CNewProjectDialog final : public CDialog
 {
     Q_OBJECT
 
 public:
-    /// @p kinds outlives the dialog.
+    /// @p kinds must outlive the dialog.
     CNewProjectDialog(const CProcessorKinds &kinds, QWidget *parent);
 
-    /// The project, once the dialog was accepted.
+    /// The project; valid after the dialog was accepted.
     const SProcessorProject &project() const { return m_project; }
 
     void accept() override;

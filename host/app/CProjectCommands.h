@@ -11,8 +11,8 @@ class CDeviceServices;
 class CProjectShelf;
 class QWidget;
 
-/// What the user can do with projects: make, open, save and close them, each with its questions and messages.
-/// GUI thread.
+/// The user's commands for projects: create, open, save and close, each with its questions and messages. GUI
+/// thread.
 class CProjectCommands final : public QObject
 {
     Q_OBJECT
@@ -24,27 +24,27 @@ public:
 
     void createNew();
     void chooseAndOpen();
-    /// Opens every file that can be opened, then tells of those that cannot.
+    /// Opens all files that can be opened, then reports those that cannot.
     void open(const QStringList &files);
     void openDemo();
-    /// Saves to the project's file; one without file is asked for a name. False: not saved.
+    /// Saves to the project's file; asks for a file if there is none yet. False: not saved.
     bool save(const QUuid &processor);
-    /// Saves to a file that the user chooses, also the layout of a device. A project takes the name of
-    /// another file.
+    /// Saves to a file that the user chooses; also for the layout of a device. A project saved to another
+    /// file is renamed after it.
     bool saveAs(const QUuid &processor);
-    /// Closes a project, after asking what becomes of unsaved edits. False: still open.
+    /// Closes a project; asks first if there are unsaved edits. False: still open.
     bool close(const QUuid &project);
-    /// Asks about all unsaved edits. False: the user wants to stay.
+    /// Asks about all unsaved edits. False: the user does not want to quit.
     bool confirmQuit();
 
 Q_SIGNALS:
-    /// What is being done, for the status bar; empty: it has ended.
+    /// What is being done, for the status bar; empty: nothing any more.
     void notifyWorking(const QString &text);
     void notifyOpened(const QUuid &project);
     void notifySaved(const QString &file);
 
 private:
-    /// A project gets @p newName unless that is empty.
+    /// The project is renamed to @p newName, unless that is empty.
     bool saveTo(const QUuid &processor, const QString &file, const QString &newName = {});
     bool askToSave(const QUuid &project);
     QString nameOf(const QUuid &processor) const;

@@ -5,7 +5,7 @@
 #include <QObject>
 
 /// Turns the signals that ask a program to end (SIGTERM, SIGINT, SIGHUP) into a Qt signal, so that it can end
-/// in order. A second signal of the kind ends the process at once. One at a time; GUI thread.
+/// in order. A second such signal ends the process at once. One instance at a time; GUI thread.
 class CSignalWatch final : public QObject
 {
     Q_OBJECT
@@ -14,7 +14,7 @@ public:
     CSignalWatch();
     ~CSignalWatch() override;
 
-    /// From now on writing to a pipe that nobody reads fails instead of ending the program.
+    /// Makes writing to a pipe that nobody reads fail instead of ending the program.
     static void ignoreBrokenPipes();
 
 Q_SIGNALS:

@@ -12,7 +12,7 @@
 class CDeviceManager;
 enum class SimulationFault : int;
 
-/// The faults and states that the selected processor can be told to show. GUI thread.
+/// The menu of faults and states that can be simulated for the selected processor. GUI thread.
 class CSimulationMenu final : public QMenu
 {
     Q_OBJECT
@@ -20,7 +20,7 @@ class CSimulationMenu final : public QMenu
 public:
     explicit CSimulationMenu(CDeviceManager &manager, QWidget *parent = nullptr);
 
-    /// The processor that the menu is about; null, or a project: the entries are disabled.
+    /// Sets the processor of the menu; for null or a project, the entries are disabled.
     void setProcessor(const QUuid &processor);
 
 Q_SIGNALS:

@@ -7,7 +7,7 @@
 
 class QTreeWidgetItem;
 
-/// Shows the cabinet types with their figures. GUI thread.
+/// Shows the cabinet types with their data. GUI thread.
 class CTypeLibraryDialog final : public CDialog
 {
     Q_OBJECT

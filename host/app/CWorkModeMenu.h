@@ -12,8 +12,8 @@ class CDeviceTable;
 class CStatus;
 struct SProcessorSettings;
 
-/// Work mode, 3D and low latency of the selected processor, each entry with a mark while it is on. GUI
-/// thread.
+/// The menu for work mode, 3D and low latency of the selected processor; entries are checked while they are
+/// on. GUI thread.
 class CWorkModeMenu final : public QMenu
 {
     Q_OBJECT
@@ -21,8 +21,7 @@ class CWorkModeMenu final : public QMenu
 public:
     CWorkModeMenu(const CDeviceTable &table, CDeviceCommands &commands, QWidget *parent = nullptr);
 
-    /// Sets the processor that the menu is about; for none, a project, or one that is offline the entries
-    /// are disabled.
+    /// Sets the processor of the menu; for null, a project or an offline processor, the entries are disabled.
     void setProcessor(const QUuid &processor);
 
 private:

@@ -9,31 +9,31 @@
 #include <QStringList>
 #include <QVector>
 
-/// What the program with a window was asked to do on its command line.
+/// The command-line options of the program with a window.
 struct SAppOptions
 {
     Q_DECLARE_TR_FUNCTIONS(SAppOptions)
 
 public:
-    /// A fault or state that a simulated processor begins with.
+    /// A fault or state that a simulated processor starts with.
     struct SSimulation
     {
         SimulationFault fault;
-        bool on;           ///< false: it is ended
+        bool on;           ///< false: switched off
         QString processor; ///< its name
     };
 
     QStringList files; ///< projects to open
     bool demo = false; ///< opens the demo wall
     bool detect = false;
-    QString stateFolder; ///< of the simulated processors; empty: the usual place
+    QString stateFolder; ///< of the simulated processors; empty: the default one
     QVector<SSimulation> simulations;
 
-    /// @p arguments as the program got them, its name first. The error says how the program is called.
+    /// @p arguments are those of the program, beginning with its name. The error contains the usage.
     static CResult<SAppOptions> parse(const QStringList &arguments);
-    QStringList missingFiles() const; ///< of files, those that do not exist
-    /// Fails when a fault is asked for of a processor that is none of @p known.
+    QStringList missingFiles() const; ///< the files that do not exist
+    /// Fails if a fault is given for a processor that is not among @p known.
     CStatus checkProcessors(const QStringList &known) const;
-    /// Where simulated processors keep their state unless told otherwise.
+    /// Where simulated processors keep their state by default.
     static QString defaultStateFolder();
 };

@@ -10,7 +10,7 @@ class QAction;
 class QMainWindow;
 class QMenu;
 
-/// The commands of the main window and the menus that change with what is selected.
+/// The actions of the main window, and the menus that depend on the selection.
 struct SMainActions
 {
     Q_DECLARE_TR_FUNCTIONS(SMainActions)
@@ -30,8 +30,8 @@ public:
     QMenu *recentProjects = nullptr;
     QMenu *processor = nullptr; ///< the module's commands of the current processor
 
-    /// Makes the actions and @p window's menu bar; @p workMode goes into the device menu, @p simulation
-    /// between device and help menus.
+    /// Creates the actions and the menu bar of @p window; @p workMode goes into the device menu,
+    /// @p simulation between the device and help menus.
     static SMainActions create(QMainWindow &window, CWorkModeMenu &workMode, CSimulationMenu &simulation);
 
 private:

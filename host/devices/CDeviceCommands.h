@@ -14,8 +14,9 @@
 class CDeviceServices;
 class CTypeLibrary;
 
-/// Sets what processors keep beside their mapping: checks it, sends it to the device, announces it. A project
-/// keeps its settings itself. Each command ends within 100 milliseconds. Any thread.
+/// Changes the settings that processors keep beside their mapping: checks them, sends them to the device, and
+/// announces them. For a project, which has no device, only stores them. Each command ends within 100
+/// milliseconds. Any thread.
 class CDeviceCommands final
 {
     Q_DECLARE_TR_FUNCTIONS(CDeviceCommands)
@@ -29,7 +30,7 @@ public:
     CStatus setWorkMode(const QUuid &processor, ProcessorWorkMode mode);
     CStatus setThreeD(const QUuid &processor, bool on);
     CStatus setLowLatency(const QUuid &processor, bool on);
-    CStatus setPrimary(const QUuid &processor, const QUuid &primary); ///< null: stands in for none
+    CStatus setPrimary(const QUuid &processor, const QUuid &primary); ///< null: is the redundancy of none
     CStatus setOffsets(const ProcessorOffsets &offsets);              ///< all or none
     CStatus setBackground(const SBackgroundInfo &info);
 
@@ -43,13 +44,13 @@ public:
     CStatus sendGains(const QList<SCurrentGain> &gains);
     CStatus highlight(const Cabinets &cabinets, CabinetHighlight highlight);
 
-    /// To the processors that have @p cabinets in their saved mapping, one after the other.
+    /// Sends to the processors that have @p cabinets in their saved mapping, one after the other.
     CStatus sendParameters(const Cabinets &cabinets, const SMD5 &type, double gamma);
     /// The one of @p devices that has @p cabinet in its saved mapping; null: none.
     static const SDevice *holderOf(const QList<SDevice> &devices,
                                    const CabinetLayout::CabinetPort::Cabinet &cabinet);
 
-    /// What keeps the canvas size of a processor from being changed.
+    /// What prevents the canvas size of a processor from being changed.
     static CanvasBlock canvasBlock(const SDevice &device);
     /// One entry per frame rate and gain level: whether its parameters are imported and switched on.
     static QList<SCurrentGain> gains(const SDevice &device);
@@ -65,6 +66,6 @@ private:
 
     CDeviceServices &m_services;
     const CTypeLibrary &m_library;
-    QUuid m_highlighted; // the processor whose cabinets stand out; null: none; GUI thread
-    std::mutex m_mutex;  // one change of settings after the other
+    QUuid m_highlighted; // the processor with highlighted cabinets; null: none; GUI thread
+    std::mutex m_mutex;  // serialises changes of settings
 };

@@ -10,7 +10,7 @@
 
 enum class SimulationFault : int;
 
-/// Owns everything about the host's devices, brings it together, and stops it in order. GUI thread.
+/// Owns everything related to the host's devices, connects it, and stops it in order. GUI thread.
 class CDeviceManager final
 {
 public:
@@ -26,12 +26,12 @@ public:
     CProjectShelf &projects() { return m_projects; }
     CDeviceTreeModel &treeModel() { return m_tree; }
 
-    /// Switches what a simulated processor is told to show. The host learns of a fault at the next exchange;
-    /// a state is announced by the processor itself.
+    /// Switches a simulated fault or state of a processor. The host notices a fault at the next exchange; the
+    /// processor announces a state itself.
     void simulate(const QUuid &processor, SimulationFault fault, bool on);
     bool isSimulated(const QUuid &processor, SimulationFault fault) const;
 
-    /// Cancels what runs, waits for it and tells that it was cancelled; delivers the notifications that wait.
+    /// Cancels the running job, waits for it and reports it as cancelled; delivers pending notifications.
     /// Nothing can be started afterwards. A second call does nothing.
     void stop();
 
@@ -40,5 +40,5 @@ private:
     CDeviceTreeModel m_tree;
     CDeviceCommands m_commands;
     CProjectShelf m_projects;
-    CDeviceJobs m_jobs; // last: stops before what it works with goes
+    CDeviceJobs m_jobs; // last: stops before the members that it uses are destroyed
 };

@@ -20,7 +20,7 @@ class CDeviceTreeModel final : public QAbstractItemModel
 public:
     enum Role {
         UuidRole = Qt::UserRole + 1, ///< QUuid of a processor or group; null for a heading
-        NameRole,                    ///< QString: the display text without the mark of edits
+        NameRole,                    ///< QString: the display text without the mark of unsaved edits
         NodeTypeRole,                ///< PrcTreeNodeType
         OnlineRole,                  ///< bool
         FiberRole,                   ///< bool: in fibre optic transceiver mode
@@ -31,9 +31,9 @@ public:
 
     explicit CDeviceTreeModel(const CDeviceTable &table, QObject *parent = nullptr);
 
-    /// Takes over what the table holds; a view keeps selection and expansion unless rows came or went.
+    /// Reads the table again; a view keeps selection and expansion unless rows were added or removed.
     void refresh();
-    /// The row of a processor or group; invalid when it has none.
+    /// The index of a processor or group; invalid if it has no row.
     QModelIndex indexOf(const QUuid &uuid) const;
 
     QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
@@ -55,7 +55,7 @@ private:
         QVector<int> children;
         QList<QUuid> members;
         bool online = false;
-        bool backup = false; // stands in for another processor
+        bool backup = false; // is the redundancy of another processor
         bool fiber = false;
         bool modified = false;
         bool project = false;

@@ -20,7 +20,7 @@ class CStatus;
 class CTypeLibrary;
 struct SDevice;
 
-/// Answers what the Layout module asks of the host, and does what it tells the host to do.
+/// The host's implementation of the interface that the Layout module calls.
 class CLayoutHandler final : public ILayoutInterfaceHandler
 {
     Q_DECLARE_TR_FUNCTIONS(CLayoutHandler)
@@ -121,11 +121,11 @@ public:
     bool setProcessorOffsets(const ProcessorOffsets &offsets) override;
 
 private:
-    SDevice current() const;                     ///< a default record without one
+    SDevice current() const;                     ///< a default record if there is none
     SDevice known(const QUuid &processor) const; ///< a default record for an unknown key
     QList<QUuid> concerned(ReadSaveMappingRole role) const;
-    static void tellNobody(const Done &done); ///< tells @p done that there is no processor to work with
-    bool told(const CStatus &status);         ///< remembers why it failed
+    static void tellNobody(const Done &done); ///< reports to @p done that there is no processor to work with
+    bool told(const CStatus &status);         ///< stores the reason of a failure for lastError()
 
     CDeviceServices &m_services;
     CDeviceJobs &m_jobs;

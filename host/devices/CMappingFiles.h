@@ -12,7 +12,7 @@ class CDeviceServices;
 class CTypeLibrary;
 
 /// Exports, imports and copies mappings and cabinet configurations. An import replaces the working layout and
-/// announces it; what fails has changed nothing. GUI thread.
+/// announces it; a failure changes nothing. GUI thread.
 class CMappingFiles final
 {
     Q_DECLARE_TR_FUNCTIONS(CMappingFiles)
@@ -27,7 +27,7 @@ public:
     CStatus copyProcessor(const QUuid &from, const QUuid &to, bool overwriteLocked);
     CStatus exportPort(const QUuid &processor, int port, const QString &file) const;
     CStatus importPort(const QUuid &processor, int port, const QString &file, bool overwriteLocked);
-    /// The file gets the name @p typeName for the cabinet's type, unless that is empty.
+    /// The cabinet's type is named @p typeName in the file, unless that is empty.
     CStatus exportCabinet(const Cabinet &cabinet, const QString &file, const QString &typeName = {}) const;
 
 private:

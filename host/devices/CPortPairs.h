@@ -22,17 +22,17 @@ public:
 
     /// Whether the state of a processor forbids new pairs now.
     static bool isBlocked(const SDevice &device);
-    /// Why a port can be in no pair, for the user; empty: it can.
+    /// Why a port cannot be in a pair, for the user; empty: it can.
     QString refusal(const SPortKey &port) const;
-    /// The whole pairs, in the order of the primaries.
+    /// The unbroken pairs, ordered by primary.
     QList<SPortPair> pairs() const;
 
-    /// Of the current processor.
+    /// Pairs two ports of the current processor.
     CStatus pair(int primary, int backup);
-    /// Ends the pair of a port of the current processor. Nothing keeps a user from that.
+    /// Ends the pair of a port of the current processor. Always possible.
     CStatus separate(int port);
-    /// Makes @p pairs the only ones among the ports of @p processors, all or none; also ends what is left of
-    /// broken ones.
+    /// Replaces all pairs of the ports of @p processors with @p pairs, all or none; also removes broken
+    /// pairs.
     CStatus replace(const QList<QUuid> &processors, const QList<SPortPair> &pairs);
 
 private:

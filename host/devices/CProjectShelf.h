@@ -12,25 +12,24 @@ class CDeviceServices;
 class CDeviceTable;
 struct SDevice;
 
-/// Opens, makes, saves and closes projects: processors without a device. Files are read, made and written in
-/// the background; until that is done, painting and notifications go on and the user's input waits. GUI
-/// thread.
+/// Opens, creates, saves and closes projects: processors without a device. Files are read and written in the
+/// background; meanwhile painting and notifications go on, and user input waits. GUI thread.
 class CProjectShelf final
 {
     Q_DECLARE_TR_FUNCTIONS(CProjectShelf)
 
 public:
-    /// @p services outlives this object.
+    /// @p services must outlive this object.
     explicit CProjectShelf(CDeviceServices &services);
 
-    /// Opens a "*.sprj" file; gives the project's key, also when the file is open already.
+    /// Opens a "*.sprj" file. Returns the project's key, also if the file is already open.
     CResult<QUuid> open(const QString &file);
-    /// Opens the demo wall as a project without a file; gives its key.
+    /// Opens the demo wall as a project without a file. Returns its key.
     CResult<QUuid> openDemo();
-    /// Adds a project without a file, all of it unsaved edits; gives its key.
+    /// Adds a project without a file, which counts as unsaved. Returns its key.
     CResult<QUuid> add(const SProcessorProject &project);
-    /// Writes a processor's layout and settings, with what a module still held. A project belongs to that
-    /// file from then on, under @p newName unless that is empty.
+    /// Writes a processor's layout and settings, including pending edits of a module. A project belongs to
+    /// that file from then on, and is renamed to @p newName unless that is empty.
     CStatus save(const QUuid &processor, const QString &file, const QString &newName = {});
     /// Removes a project, saved or not; does nothing to a device.
     void close(const QUuid &project);

@@ -12,7 +12,7 @@
 class CDeviceCommands;
 class CDeviceServices;
 
-/// Pairs of processors, of which one stands in for the other. Any thread.
+/// Pairs of processors: one takes over if the other fails. Any thread.
 class CRedundancyPairs final
 {
     Q_DECLARE_TR_FUNCTIONS(CRedundancyPairs)
@@ -26,7 +26,7 @@ public:
     QList<Pair> processors() const;
     CStatus pairProcessors(const QUuid &primary, const QUuid &redundancy);
     CStatus separateProcessor(const QUuid &processor);
-    /// Replaces all pairs among @p processors.
+    /// Replaces all pairs among @p processors with @p pairs.
     CStatus replaceProcessors(const QList<QUuid> &processors, const QList<Pair> &pairs);
 
 private:

@@ -19,15 +19,15 @@ public:
     using STreeNode = SSettings::TypeLibrary::STreeNode;
     using RcvTypeInfo = STreeNode::RcvTypeInfo;
 
-    /// The library that comes with the program, read once.
+    /// The built-in library, read once.
     static const CTypeLibrary &builtIn();
     /// A library from the content of a data file.
     static CResult<CTypeLibrary> fromJson(const QByteArray &content);
 
     const QVector<STreeNode> &nodes() const { return m_nodes; }
-    /// The type of that key, or null. Valid as long as the library.
+    /// The type with that key, or null. Valid as long as the library.
     const RcvTypeInfo *find(const SMD5 &key) const;
-    /// The first type in the library's order of that size in pixels, or null.
+    /// The first type, in the library's order, that has that size in pixels; or null.
     const RcvTypeInfo *findBySize(const QSize &pixels) const;
 
 private:

@@ -7,7 +7,7 @@
 
 #include <QString>
 
-/// What a cabinet configuration file (*.rcvbp, *.rcvp) holds.
+/// The content of a cabinet configuration file (*.rcvbp, *.rcvp).
 struct SCabinetConfig
 {
     SSettings::TypeLibrary::STreeNode::RcvTypeInfo type;

@@ -21,8 +21,8 @@ struct SCurrentGainRow
     friend bool operator!=(const SCurrentGainRow &a, const SCurrentGainRow &b) { return !(a == b); }
 };
 
-/// Reads and writes current-gain files (*.acr): at most one row a frame rate and gain level. Error texts name
-/// the file and the place. Any thread.
+/// Reads and writes current-gain files (*.acr): at most one row per frame rate and gain level. Error texts
+/// name the file and the place. Any thread.
 class CCurrentGainFile final
 {
 public:

@@ -6,7 +6,7 @@
 
 #include <QByteArray>
 
-/// An open file or folder, closed at the end of its life. What fails leaves its reason in errno.
+/// An open file or folder, closed by the destructor. Failures leave the reason in errno.
 class CFileHandle final
 {
 public:
@@ -18,14 +18,14 @@ public:
     int descriptor() const { return m_file; }
 
     bool write(const QByteArray &content); ///< all of it, at the file's position
-    /// Fills @p block from that place on; gives the number of bytes, which is less at the end of the file, or
-    /// -1.
+    /// Fills @p block from position @p place on. Returns the number of bytes, which is less at the end of the
+    /// file, or -1.
     qint64 read(QByteArray &block, qint64 place) const;
     /// Whether the file holds exactly @p content. False with errno 0: it holds something else.
     bool holds(const QByteArray &content) const;
-    /// True: everything that was written is on the disk.
+    /// Returns true if everything written is on the disk.
     bool sync();
-    /// Takes or gives back the lock of the file, see flock(2).
+    /// Locks or unlocks the file, see flock(2).
     bool lock(int operation);
     bool close();
 

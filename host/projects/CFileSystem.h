@@ -6,27 +6,27 @@
 
 #include <sys/types.h>
 
-/// The calls to the operating system by which our files are read and written. Each does one call (again where
-/// a signal interrupted it) and gives its result: below 0 it failed, and errno tells why. Any thread.
+/// The system calls used to read and write our files. Each makes one call (repeated if a signal interrupts
+/// it) and returns its result; if that is below 0, errno has the reason. Any thread.
 class CFileSystem
 {
 public:
     virtual ~CFileSystem() = default;
 
     virtual int open(const QByteArray &path, int flags, mode_t mode);
-    /// Reads from that place of the file, without moving its position.
+    /// Reads from position @p place of the file, without moving its current position.
     virtual qint64 read(int file, char *data, qint64 size, qint64 place);
     virtual qint64 write(int file, const char *data, qint64 size);
     virtual int sync(int file);
     virtual int lock(int file, int operation);
-    virtual int close(int file); ///< the file is closed also when it fails
+    virtual int close(int file); ///< closes the file even if it fails
     virtual int rename(const QByteArray &from, const QByteArray &to);
     virtual int link(const QByteArray &from, const QByteArray &to);
     virtual int unlink(const QByteArray &path);
 
-    /// What all files go through.
+    /// The instance used for all files.
     static CFileSystem &current();
-    /// Puts @p other in its place, which must outlive all that use it; null: the operating system again. For
-    /// tests that let calls fail.
+    /// Replaces the instance with @p other, which must outlive all uses; null: the operating system again.
+    /// For tests that make calls fail.
     static void setCurrent(CFileSystem *other);
 };

@@ -11,7 +11,7 @@
 
 #include <functional>
 
-/// One thing that is wrong in a layout.
+/// One fault in a layout.
 struct SLayoutFinding
 {
     enum Kind {
@@ -34,20 +34,20 @@ struct SLayoutFinding
     QString text;  ///< for the user, with port (from 1) and place of the cabinet
 };
 
-/// What a layout is checked against; what is left out is not checked.
+/// What a layout is checked against; defaults are not checked.
 struct SLayoutLimits
 {
     std::function<int(const CabinetLayout::CabinetPort &)> portLoad; ///< percent of the port's capacity
-    qint64 processorPixels = 0; ///< the most pixels that the processor can drive; 0: no limit
+    qint64 processorPixels = 0; ///< largest number of pixels that the processor can drive; 0: no limit
     int portCount = 0;          ///< output ports in use; 0: any
 };
 
-/// Lists what is wrong in a layout: loads, wiring, placement. Any thread.
+/// Lists the faults in a layout: loads, wiring, placement. Any thread.
 class CLayoutCheck final
 {
     Q_DECLARE_TR_FUNCTIONS(CLayoutCheck)
 
 public:
-    /// In ascending port order, within a port by kind. O(n log n).
+    /// Returns the faults in ascending port order, within a port by kind. O(n log n).
     static QVector<SLayoutFinding> findings(const LayoutData &data, const SLayoutLimits &limits = {});
 };

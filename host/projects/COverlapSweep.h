@@ -16,7 +16,7 @@ public:
         int later;
     };
 
-    /// For each rectangle that overlaps one further left (of equals: one with a smaller index) one such pair,
-    /// in ascending order of the later. Empty rectangles overlap nothing.
+    /// For each rectangle that overlaps one further left (or equally far left, with a smaller index), returns
+    /// one such pair, in ascending order of the later. Empty rectangles overlap nothing.
     static QVector<SPair> pairs(const QVector<QRect> &rects);
 };

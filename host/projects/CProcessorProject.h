@@ -12,7 +12,7 @@
 
 struct SWallPlan;
 
-/// What a processor project file (*.sprj) holds: one processor's settings and layout.
+/// The content of a processor project file (*.sprj): one processor's settings and layout.
 struct SProcessorProject
 {
     QString name;       ///< of the processor

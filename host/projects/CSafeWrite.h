@@ -8,17 +8,17 @@
 #include <QCoreApplication>
 #include <QString>
 
-/// One writing of a whole file: a new file beside it is written, confirmed by the disk and compared, and then
-/// takes its name. Up to there a failure leaves everything as it was; nothing is ever put back.
+/// One write of a whole file: writes a new file beside it, has it confirmed by the disk, compares it, and
+/// then renames it. Until the rename, a failure changes nothing; nothing ever has to be restored.
 class CSafeWrite final
 {
     Q_DECLARE_TR_FUNCTIONS(CSafeWrite)
 
 public:
-    /// @p file is no link.
+    /// @p file must not be a link.
     CSafeWrite(const QString &file, const QByteArray &content);
 
-    /// Done: the disk has confirmed the content and the name. @p keepPrevious as in CSafeFile.
+    /// Success: the disk has confirmed content and name. For @p keepPrevious see CSafeFile.
     CStatus run(bool keepPrevious);
 
 private:
@@ -31,5 +31,5 @@ private:
     const QString m_file;
     const QByteArray m_target;
     const QByteArray &m_content;
-    QByteArray m_new; ///< the new file, until it has its name
+    QByteArray m_new; ///< path of the new file, until it is renamed
 };

@@ -4,23 +4,23 @@
 
 #include <QByteArray>
 
-/// What writing leaves behind when its process is killed, and how it is tidied up. Whoever writes holds the
-/// lock of the folder; so what is found by one who holds it belongs to nobody that still lives.
+/// The files that a killed process leaves behind when writing, and how they are cleaned up. A writer holds
+/// the lock of the folder; so whoever holds it knows that stray files belong to no running process.
 class CStrayFiles final
 {
 public:
     /// The path of a new file in the folder of @p file. It is a stray until it gets another name.
     static QByteArray newFile(const QByteArray &file);
-    /// Where the previous generation of @p file is kept.
+    /// The path of the previous generation of @p file.
     static QByteArray previous(const QByteArray &file) { return file + '~'; }
-    /// Where what is in @p file is kept while it is being replaced.
+    /// The path where the content of @p file is kept while it is being replaced.
     static QByteArray pending(const QByteArray &file) { return file + "~new"; }
     static QByteArray folderOf(const QByteArray &file);
 
-    /// Tidies up around @p file, with the lock of its folder held: new files that never got their name are
-    /// removed; what was being replaced becomes the previous generation when its replacement is there.
+    /// Cleans up around @p file; the lock of its folder must be held. Removes new files that were never
+    /// renamed; a file that was being replaced becomes the previous generation if its replacement is there.
     static void clean(const QByteArray &file);
-    /// The same, but nothing while somebody else holds the lock.
+    /// The same; does nothing if another process holds the lock.
     static void cleanUnlessUsed(const QByteArray &file);
 
 private:

@@ -12,13 +12,13 @@
 /// One of our file formats.
 struct SFileFormat
 {
-    const char *id;      ///< stands in the file, e.g. "orvo-processor-project"
+    const char *id;      ///< written into the file, e.g. "orvo-processor-project"
     const char *article; ///< what it is called in messages, e.g. "a processor project"
-    int version;         ///< the newest that this program knows
+    int version;         ///< the newest version that this program knows
 };
 
 /// The container of all our files: a header line with format, version, length and SHA-256, then one JSON
-/// object. A file that is cut, altered, hostile or newer is refused with one text that names the file and the
+/// object. A truncated, altered, hostile or newer file is refused with one text that names the file and the
 /// place. Any thread.
 class CStrictFile final
 {
@@ -27,29 +27,29 @@ class CStrictFile final
 public:
     static constexpr qint64 MaximumBytes = 128 * 1024 * 1024;
 
-    /// The record in a file. @p make turns the body into it, as Record(const QJsonObject &, QString &error);
+    /// Reads the record in a file. @p make, a Record(const QJsonObject &, QString &error), converts the body;
     /// its error begins with the place.
     template <typename Record, typename Make>
     static CResult<Record> readRecord(const QString &file, const SFileFormat &format, const Make &make);
-    /// Writes the body that @p body gives, unless @p make, as above, could not read it again. Keeps the
+    /// Writes the body that @p body returns, unless @p make, as above, could not read it again. Keeps the
     /// previous generation as "file~".
     template <typename Make, typename Body>
     static CStatus writeRecord(const QString &file, const SFileFormat &format, const Make &make,
                                const Body &body);
-    /// What write() puts into the file.
+    /// The content that write() puts into the file.
     static QByteArray encode(const SFileFormat &format, const QJsonObject &body);
     /// The body of a file's content; @p file is for the error text.
     static CResult<QJsonObject> decode(const QByteArray &content, const SFileFormat &format,
                                        const QString &file);
     /// Whether the content names the format in a version that this program does not know.
     static bool isNewer(const QByteArray &content, const SFileFormat &format);
-    /// The error text of a sound file whose content is wrong; @p what begins with the place.
+    /// The error text for an intact file with wrong content; @p what begins with the place.
     static QString wrongContent(const QString &file, const QString &what);
 
 private:
     static CStatus write(const QString &file, const SFileFormat &format, const QJsonObject &body);
     static CResult<QJsonObject> read(const QString &file, const SFileFormat &format);
-    /// The error text when a record cannot be written because it could not be read again.
+    /// The error text for a record that is not written because it could not be read again.
     static QString notWritable(const QString &file, const QString &what);
 };
 

@@ -17,7 +17,7 @@ struct SWallPlan
     QSize cabinet;        ///< pixels of one cabinet
     int columns = 0;      ///< of cabinets
     int rows = 0;         ///< of cabinets
-    int ports = 0;        ///< output ports that share the cabinets, from port 0
+    int ports = 0;        ///< output ports among which the cabinets are distributed, from port 0
     int pattern = 0;      ///< snake pattern by which each port is wired, see CSnakeOrder
     QSize portGrid;       ///< columns and rows of the ports' blocks; empty: chosen by the builder
     SMD5 type;            ///< library type of the cabinets; null: custom size
@@ -27,14 +27,14 @@ struct SWallPlan
     int cabinetCount() const { return columns * rows; }
 };
 
-/// Builds layouts of whole walls: cabinets shared out to ports in blocks as square as possible, else in
-/// contiguous runs of the pattern, and wired. Any thread.
+/// Builds layouts of whole walls: distributes the cabinets to ports in blocks as square as possible, else in
+/// contiguous runs of the pattern, and wires them. Any thread.
 class CWallBuilder final
 {
     Q_DECLARE_TR_FUNCTIONS(CWallBuilder)
 
 public:
-    /// The demo walls; Full holds as many cabinets as the largest processor can.
+    /// The demo walls; Full has as many cabinets as the largest processor can drive.
     enum Wall { Small, Small4K, Medium, Ribbon, Stadium, Full };
     static constexpr int WallCount = 6;
 

@@ -8,7 +8,7 @@
 class QTextStream;
 struct SCommandOutcome;
 
-/// "orvo check": lists what is wrong in a project.
+/// "orvo check": lists the faults in a project.
 class CCheckCommand final
 {
     Q_DECLARE_TR_FUNCTIONS(CCheckCommand)

@@ -9,15 +9,15 @@
 #include <QSize>
 #include <QStringList>
 
-/// The arguments of one command: files, and options of the form "--name VALUE" or "--name=VALUE". Reads
-/// strictly: what is unknown, doubled, missing or not a number is an error.
+/// The arguments of one command: files, and options of the form "--name VALUE" or "--name=VALUE". Strict:
+/// unknown, repeated or missing arguments, and values that are not numbers, are errors.
 class CCommandArguments final
 {
     Q_DECLARE_TR_FUNCTIONS(CCommandArguments)
 
 public:
-    /// @p options are the names that the command knows, with their dashes; @p fileCount is how many files it
-    /// wants.
+    /// @p options are the command's option names, with their dashes; @p fileCount is the number of files it
+    /// expects.
     static CResult<CCommandArguments> parse(const QStringList &arguments, const QStringList &options,
                                             int fileCount);
 

@@ -15,12 +15,12 @@ class CCommandLine final
 public:
     enum ExitStatus { Success = 0, BadInput = 1, Usage = 2 };
 
-    /// Whether the program was called with one of the commands. Looks at the raw arguments only: an
-    /// application object that aborts without a display need not exist yet.
+    /// Whether the program was called with one of the commands. Needs only the raw arguments and no
+    /// application object, which would abort if there is no display.
     static bool isCommand(int argc, const char *const *argv);
-    /// Runs the command with an application object of its own and gives the exit status. Main thread.
+    /// Runs the command with its own application object. Returns the exit status. Main thread.
     static int main(int argc, char **argv);
-    /// Runs the command that @p arguments begin with (without the program's name); an application object
-    /// exists, a QGuiApplication for export. Gives the exit status.
+    /// Runs the command named by the first of @p arguments (without the program's name). An application
+    /// object must exist, a QGuiApplication for export. Returns the exit status.
     static int run(const QStringList &arguments, QTextStream &out, QTextStream &errors);
 };

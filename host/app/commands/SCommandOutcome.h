@@ -6,7 +6,7 @@
 
 #include <QString>
 
-/// How a command ended.
+/// The outcome of a command.
 struct SCommandOutcome
 {
     CCommandLine::ExitStatus status = CCommandLine::Success;

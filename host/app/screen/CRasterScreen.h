@@ -12,7 +12,7 @@ class CRasterScreen final : public QWidget
     Q_OBJECT
 
 public:
-    /// @p picture stays owned by the caller and outlives the window.
+    /// @p picture must outlive the window.
     explicit CRasterScreen(CScreenPicture &picture);
 
 protected:

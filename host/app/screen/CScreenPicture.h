@@ -13,8 +13,8 @@
 
 class QPainter;
 
-/// What the simulated wall shows: the cabinets of one processor, its background, and what makes cabinets
-/// stand out. Draws it on whatever it is given. GUI thread.
+/// Draws what the simulated wall shows: the cabinets of one processor, its background, and highlights. GUI
+/// thread.
 class CScreenPicture final : public QObject
 {
     Q_OBJECT
@@ -26,16 +26,16 @@ public:
     void setWall(const LayoutData &data, const SBackgroundInfo &background);
     void setStatusLed(bool on);
     void setNumbersShown(bool shown);
-    /// Makes @p cabinets flash, in place of those before, wherever the wall has them.
+    /// Makes @p cabinets flash instead of the previous ones; those that the wall does not have are ignored.
     void setHighlight(const QVector<CabinetLayout::CabinetPort::Cabinet> &cabinets,
                       CabinetHighlight highlight);
 
-    /// The part of the canvas that is shown, in its pixels; empty without a wall.
+    /// The part of the canvas that is shown, in canvas pixels; empty if there is no wall.
     QRect extent() const;
     void paint(QPainter &painter, const QRect &target);
 
 Q_SIGNALS:
-    void notifyChanged(); ///< must be painted again
+    void notifyChanged(); ///< the picture must be painted again
 
 private:
     void invalidate();
@@ -51,9 +51,9 @@ private:
     bool m_statusLed = false;
     bool m_numbersShown = false;
     QSet<QUuid> m_highlighted;
-    QVector<QRect> m_highlightRects; ///< where these are on the wall
+    QVector<QRect> m_highlightRects; ///< the rectangles of m_highlighted on the wall
     CabinetHighlight m_highlight = CabinetHighlight::Off;
-    bool m_flash = false; ///< the half of the period in which highlighted cabinets stand out
+    bool m_flash = false; ///< in the half of the period in which highlights are visible
     QTimer m_flashTimer;
-    QPixmap m_wall; ///< all but what flashes; null: to be painted anew
+    QPixmap m_wall; ///< everything except what flashes; null: must be painted again
 };

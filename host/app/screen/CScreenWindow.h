@@ -24,13 +24,13 @@ class CScreenWindow final : public QObject
     Q_OBJECT
 
 public:
-    /// @p services outlives this object.
+    /// @p services must outlive this object.
     explicit CScreenWindow(CDeviceServices &services, QObject *parent = nullptr);
     ~CScreenWindow() override;
 
     void setShown(bool shown);
     bool isShown() const { return m_window != nullptr; }
-    /// The output ports whose cables are pulled: what they alone feed stays dark.
+    /// Sets the output ports whose cables are unplugged: cabinets fed only by them stay dark.
     void setUnplugged(const QSet<SPortKey> &ports);
 
 Q_SIGNALS:
@@ -57,5 +57,5 @@ private:
     std::unique_ptr<QWidget> m_window; ///< null while it is closed
     QSet<QUuid> m_numbered;            ///< processors whose cabinets show their numbers
     QSet<SPortKey> m_unplugged;
-    QPoint m_grip; ///< where the mouse holds the window, from its corner
+    QPoint m_grip; ///< where the mouse grabbed the window, relative to its corner
 };

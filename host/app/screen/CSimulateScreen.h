@@ -12,16 +12,16 @@ class CSimulateScreen final : public QOpenGLWidget
     Q_OBJECT
 
 public:
-    /// @p picture stays owned by the caller and outlives the window.
+    /// @p picture must outlive the window.
     explicit CSimulateScreen(CScreenPicture &picture);
 
-    /// Frameless and top-level, but a sub-window on the one system whose window manager cannot cope with
-    /// that. The arguments are those that QSysInfo tells.
+    /// Frameless and top-level, except a sub-window on the one system whose window manager cannot handle
+    /// that. The arguments are the values of QSysInfo.
     static Qt::WindowFlags flagsFor(const QString &productType, const QString &productVersion);
-    /// Gives a screen window, whatever draws it, its flags for this system; closing it never ends the
+    /// Sets the flags of a screen window (raster or OpenGL) for this system; closing it never ends the
     /// application.
     static void setUpWindow(QWidget &window);
-    /// Whether this display can draw by OpenGL; tried once.
+    /// Whether this display supports OpenGL; tested once.
     static bool isOpenGlUsable();
 
 protected:

@@ -6,11 +6,12 @@
 
 #include <QSet>
 
-/// What is still lit on a wall when cables are pulled. Pure.
+/// What is still lit on a wall when cables are unplugged. Pure function.
 namespace LitWall {
 
-/// @p layout without the wired cabinets that no signal reaches: those of an output port in @p unplugged,
-/// unless its redundancy port is plugged in and was given the cabinet. @p layoutOf as in PortPairs.
+/// Returns @p layout without the wired cabinets that no signal reaches: those of an output port in
+/// @p unplugged, unless its redundancy port is plugged in and has the cabinet in its mirror. For @p layoutOf
+/// see PortPairs.
 CabinetLayout of(CabinetLayout layout, const QSet<SPortKey> &unplugged, const PortPairs::LayoutOf &layoutOf);
 
 } // namespace LitWall

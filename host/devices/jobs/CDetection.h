@@ -11,8 +11,8 @@
 
 class CDeviceServices;
 
-/// Searches the network for processors: the work of a job, on its thread. Each processor that answers is
-/// read; a working layout with unsaved edits stays.
+/// Searches the network for processors, as the work of a job, on its thread. Each processor that answers is
+/// read; working layouts with unsaved edits are kept.
 class CDetection final
 {
     Q_DECLARE_TR_FUNCTIONS(CDetection)
@@ -23,7 +23,7 @@ public:
     SDeviceOutcome run();
 
 private:
-    void report(int percent) const; ///< of the processor that is asked now
+    void report(int percent) const; ///< of the current processor
     void detectOne(CSimulatedProcessor &processor);
     SDevice knownOrNew(const CSimulatedProcessor &processor) const;
     DeviceError ask(CSimulatedProcessor &processor, SDevice &device);

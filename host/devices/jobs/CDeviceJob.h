@@ -11,8 +11,8 @@
 
 #include <memory>
 
-/// One piece of device work that runs in the background, as the user sees it: progress, cancel, one outcome.
-/// Lives on the GUI thread until its outcome has been told; owned by the manager.
+/// Device work that runs in the background, as the user sees it: progress, cancel, one outcome. Lives on the
+/// GUI thread until its outcome has been reported; owned by the CJobRunner.
 class CDeviceJob final : public QObject
 {
     Q_OBJECT
@@ -24,10 +24,10 @@ public:
 
     Kind kind() const { return m_kind; }
     QString title() const { return m_title; }                ///< what is done, e.g. "Save mapping"
-    QList<QUuid> processors() const { return m_processors; } ///< those that the work concerns
+    QList<QUuid> processors() const { return m_processors; } ///< the processors that it works on
     int progress() const { return m_progress; }              ///< percent
-    QString progressText() const { return m_text; }          ///< the step that is running
-    /// Asks the work to end; the outcome follows, as Cancelled unless the work was done before. Any thread.
+    QString progressText() const { return m_text; }          ///< the current step
+    /// Asks the work to end. Its outcome follows; Cancelled unless the work was done before. Any thread.
     void cancel();
     std::shared_ptr<CCancelToken> token() const { return m_token; }
 

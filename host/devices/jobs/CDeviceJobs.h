@@ -9,8 +9,8 @@
 
 class CDeviceServices;
 
-/// Detects devices, reads and saves mappings, one job at a time in the background. What a module still holds
-/// is flushed before a job begins. GUI thread.
+/// Detects devices, reads and saves mappings, one job at a time in the background. Pending edits of modules
+/// are flushed before a job begins. GUI thread.
 class CDeviceJobs final : public QObject
 {
     Q_OBJECT
@@ -19,28 +19,28 @@ public:
     using Confirm = CJobRunner::Confirm;
     using Done = CJobRunner::Done;
 
-    /// @p services outlives this object.
+    /// @p services must outlive this object.
     explicit CDeviceJobs(CDeviceServices &services, QObject *parent = nullptr);
     ~CDeviceJobs() override; ///< stops first
 
-    /// Sets what asks the user a yes-or-no question; without it, questions count as answered with No.
+    /// Sets the function that asks the user a yes-or-no question; without one, the answer is always No.
     void setConfirm(Confirm confirm);
 
-    /// Searches for processors; those that answer are read. A layout with unsaved edits is kept. While
-    /// another job runs, nothing happens except that @p done is told so; this holds for all jobs.
+    /// Searches for processors and reads those that answer. A layout with unsaved edits is kept. Like all
+    /// jobs, refused while another one runs; @p done then gets the reason.
     void detect(Done done = {});
     /// Reads mappings; see ILayoutInterfaceHandler::readMapping().
     void readMapping(const QList<QUuid> &processors, const SMappingOptions &options, Done done = {});
-    /// Saves the working layouts. Asks before it overwrites a mapping that somebody else has changed.
+    /// Saves the working layouts. Asks before overwriting a mapping that was changed from elsewhere.
     void saveMapping(const QList<QUuid> &processors, Done done = {});
     /// The running job, or null.
     CDeviceJob *current() const { return m_runner.current(); }
 
-    /// A processor has another mapping: it is read again if it was last read in realtime mode.
+    /// Call when a processor reports another mapping; it is read again if it was last read in realtime mode.
     void onMappingChanged(const QUuid &processor);
 
-    /// Cancels what runs, waits for it and tells that it was cancelled. Nothing can be started afterwards. A
-    /// second call does nothing.
+    /// Cancels the running job, waits for it and reports it as cancelled. Nothing can be started afterwards.
+    /// A second call does nothing.
     void stop() { m_runner.stop(); }
 
 Q_SIGNALS:
@@ -56,6 +56,6 @@ private:
 
     CDeviceServices &m_services;
     CJobRunner m_runner;
-    QSet<QUuid> m_realtime; // read again when their mapping changes
-    QSet<QUuid> m_due;      // of these, those whose mapping has changed
+    QSet<QUuid> m_realtime; // to be read again when their mapping changes
+    QSet<QUuid> m_due;      // those of them whose mapping has changed
 };

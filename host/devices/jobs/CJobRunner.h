@@ -15,17 +15,16 @@
 class CDeviceJob;
 class CMailbox;
 
-/// What a job's work, on its thread, has to do with the outside.
+/// How a job's work, on its thread, communicates.
 struct SJobContext
 {
     std::shared_ptr<CCancelToken> cancel;
     std::function<void(int percent, const QString &text)> report;
-    /// Asks the user on the GUI thread and waits; false also when the job is cancelled meanwhile.
+    /// Asks the user on the GUI thread and waits; also false if the job is cancelled meanwhile.
     std::function<bool(const QString &text)> ask;
 };
 
-/// Runs device work on a thread of its own, one job at a time, and tells its end on the GUI thread. GUI
-/// thread.
+/// Runs device work on its own thread, one job at a time, and reports the end on the GUI thread. GUI thread.
 class CJobRunner final : public QObject
 {
     Q_OBJECT
@@ -35,16 +34,17 @@ public:
     using Done = std::function<void(const SDeviceOutcome &)>;
     using Confirm = std::function<bool(const QString &text)>;
 
-    /// @p mailbox brings progress and outcome to the GUI thread and outlives the runner.
+    /// @p mailbox delivers progress and outcome on the GUI thread; it must outlive the runner.
     explicit CJobRunner(CMailbox &mailbox, QObject *parent = nullptr);
     ~CJobRunner() override; ///< stops first
 
     void setConfirm(Confirm confirm) { m_confirm = std::move(confirm); }
     CDeviceJob *current() const { return m_job.get(); }
-    /// Starts @p work as @p job. While another job runs, or after stop(), only tells @p done why not; false
-    /// then.
+    /// Starts @p work as @p job. Returns false while another job runs and after stop(); @p done then gets the
+    /// reason.
     bool start(std::unique_ptr<CDeviceJob> job, Work work, Done done);
-    /// Cancels the running job, waits for its end and tells that it was cancelled; starts nothing any more.
+    /// Cancels the running job, waits for its end and reports it as cancelled. Nothing can be started
+    /// afterwards.
     void stop();
 
 Q_SIGNALS:

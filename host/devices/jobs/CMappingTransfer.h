@@ -11,8 +11,8 @@
 
 class CDeviceServices;
 
-/// Reads and saves mappings: the work of a job, on its thread. Processors that fail do not keep the others
-/// from being done; on every failure the working layout stays.
+/// Reads and saves mappings, as the work of a job, on its thread. If one processor fails, the others are
+/// still handled; the working layout of a failed one is kept.
 class CMappingTransfer final
 {
     Q_DECLARE_TR_FUNCTIONS(CMappingTransfer)

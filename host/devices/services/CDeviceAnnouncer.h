@@ -13,7 +13,7 @@
 
 class CMailbox;
 
-/// Tells what changes with the devices: the modules by notifications from the Update thread, the host's own
+/// Announces changes of devices: to the modules by notifications from the Update thread, to the host's own
 /// windows by signals on the GUI thread. Nobody else sends either.
 class CDeviceAnnouncer final : public QObject
 {
@@ -22,16 +22,16 @@ class CDeviceAnnouncer final : public QObject
 public:
     using Cabinets = QList<CabinetLayout::CabinetPort::Cabinet>;
 
-    /// @p mailbox carries the signals to the GUI thread and outlives the announcer.
+    /// @p mailbox delivers the signals on the GUI thread; it must outlive the announcer.
     explicit CDeviceAnnouncer(CMailbox &mailbox, QObject *parent = nullptr);
 
-    /// Sends the notifications; the modules attach to it.
+    /// The subject that sends the notifications; modules attach to it.
     CSubject &subject() { return m_updates.subject(); }
 
     // Any thread; the signals follow later, in the order of the calls.
-    /// Queues a notification; @p argument is of the code's type.
+    /// Queues a notification; @p argument must have the code's type.
     void notify(LayoutNotification code, std::any argument = {});
-    /// Names, states or marks of edits have changed; several calls in a row give one signal.
+    /// Names, states or marks of unsaved edits have changed. Several calls in a row cause one signal.
     void announceState();
     void announceCommit(const QUuid &processor); ///< another working layout, canvas or background
     void announceLayout(const QUuid &processor); ///< the host has replaced the working layout
@@ -45,16 +45,16 @@ public:
     void requestScreen(bool shown);
     void requestTypeLibrary(QWidget *parent);
 
-    /// Sends the notifications that wait, and none after. A second call does nothing.
+    /// Sends pending notifications, and none afterwards. A second call does nothing.
     void stop();
 
 Q_SIGNALS:
-    void notifyProcessorsChanged(); ///< added, removed, renamed, or in another state
+    void notifyProcessorsChanged();                             ///< added, removed, renamed, or state changed
     void notifyCurrentProcessorChanged(const QUuid &processor); ///< null: none
     void notifyLayoutCommitted(const QUuid &processor);
     void notifyScreenRequested(bool shown);
     void notifyTypeLibraryRequested(QWidget *parent);
-    /// Cabinets that stand out on the wall, in place of those before.
+    /// The cabinets highlighted on the wall, instead of the previous ones.
     void notifyHighlightChanged(const QUuid &processor,
                                 const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
                                 CabinetHighlight highlight);
@@ -64,5 +64,5 @@ Q_SIGNALS:
 private:
     CMailbox &m_mailbox;
     CUpdateThread m_updates;
-    std::atomic<bool> m_stateWaits{false}; // announceState() was called and the signal not sent yet
+    std::atomic<bool> m_stateWaits{false}; // announceState() was called, but the signal is not sent yet
 };

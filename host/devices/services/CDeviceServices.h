@@ -11,16 +11,15 @@
 #include <atomic>
 #include <functional>
 
-/// How devices are reached.
+/// Settings of the simulated network.
 struct SDeviceSettings
 {
     QString stateFolder;     ///< where the simulated processors keep their state between starts
     double delayScale = 1.0; ///< factor of all simulated delays and time-outs; 0: answers at once
 };
 
-/// What everything that works with devices shares: the table of what is known of them, the devices
-/// themselves, and the announcer of changes. Made on the GUI thread; any thread unless a function says
-/// otherwise.
+/// What all parts that work with devices share: the table of known devices, the devices themselves, and the
+/// announcer of changes. Created on the GUI thread; any thread, unless a function says otherwise.
 class CDeviceServices final
 {
 public:
@@ -30,37 +29,39 @@ public:
     const CDeviceTable &table() const { return m_table; }
     const CSimulatedPark &park() const { return m_park; }
     CDeviceAnnouncer &announcer() { return m_announcer; }
-    /// Carries work to the GUI thread.
+    /// Delivers work to the GUI thread.
     CMailbox &mailbox() { return m_mailbox; }
 
     /// The simulated device behind a processor; null for projects and unknown keys.
     std::shared_ptr<CSimulatedProcessor> device(const QUuid &processor) const;
-    /// Takes over what a processor now keeps, and announces what follows from it.
+    /// Stores the settings that a processor has now, and announces the changes.
     void takeSettings(const QUuid &processor, const SProcessorSettings &settings);
-    /// Gives the working layout of a processor.
+    /// Returns a function that returns the working layout of a processor.
     PortPairs::LayoutOf layoutOf() const;
-    /// Redundancy ports @p ports of a processor hold, now that it was saved, what @p saved tells of them.
+    /// Call after a processor was saved: takes over the mirrors of its redundancy ports @p ports from
+    /// @p saved.
     void takeMirrors(const QUuid &processor, const CabinetLayout &saved, const QVector<int> &ports);
-    /// Takes note of whether a processor answers.
+    /// Stores and announces whether a processor answers.
     void setOnline(const QUuid &processor, bool online);
-    /// Takes over what a processor answered to a search; @p before is what was known of it when it was asked.
-    /// Settings and state that were changed in between are newer than the answer and stay.
+    /// Stores the answer of a processor to a search; @p before is its record from when it was asked. Settings
+    /// and state that changed in between are newer than the answer and are kept.
     void takeAnswer(const SDevice &before, const SDevice &answer);
     /// Sets what is selected in the device tree. A single processor becomes the current one. GUI thread.
     void select(const QList<QUuid> &processors, PrcTreeNodeType type);
 
-    /// Sets what brings the table up to date with edits that a module still holds. GUI thread.
+    /// Sets the function that makes the module hand over its pending edits. GUI thread.
     void setFlush(std::function<void()> flush);
-    /// Called before anything that depends on the working layouts begins. GUI thread.
+    /// Call before anything that depends on the working layouts. GUI thread.
     void flush() const;
 
-    /// Delivers the notifications that wait; nothing is announced afterwards. GUI thread.
+    /// Delivers pending notifications; nothing is announced afterwards. GUI thread.
     void stop();
 
 private:
     void announceSettings(const QUuid &processor, const SProcessorSettings &before,
                           const SProcessorSettings &after, bool online);
-    /// Announces a selection of several again when @p processor, whose area has changed, is one of them.
+    /// Announces a selection of several processors again if @p processor, whose area has changed, is one of
+    /// them.
     void announceArea(const QUuid &processor);
 
     CMailbox m_mailbox;

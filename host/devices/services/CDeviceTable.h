@@ -12,19 +12,19 @@
 #include <optional>
 #include <vector>
 
-/// The one owner of what the host knows of its processors, their order and the selection. Any thread: values
-/// are copied in and out under a lock; nothing is called under it but the edit given to change().
+/// Owns what the host knows about its processors, their order and the selection. Any thread: values are
+/// copied in and out under a lock; only the edit given to change() is called under it.
 class CDeviceTable final
 {
 public:
-    /// Groups of devices, in the order of the tree; their members are found by SDevice::group.
+    /// A group of devices, in the order of the tree; SDevice::group names the members.
     struct SGroup
     {
         QUuid uuid;
         QString name;
     };
 
-    /// Projects first, then devices, each in the order of adding.
+    /// Projects first, then devices, each in the order in which they were added.
     QList<SDevice> devices() const;
     std::optional<SDevice> device(const QUuid &processor) const;
     bool contains(const QUuid &processor) const;
@@ -35,25 +35,25 @@ public:
     QList<SGroup> groups() const;
     QList<ProcessorTree::ProcessorNode> nodes() const;
 
-    /// The processor whose working layout holds the cabinet; a default record without one.
+    /// The processor whose working layout holds the cabinet; a default record if there is none.
     ProcessorTree::ProcessorNode nodeOfCabinet(const QUuid &cabinet) const;
 
-    /// Adds a processor, or replaces the one of the same key.
+    /// Adds a processor, or replaces the one with the same key.
     void put(const SDevice &device);
     void remove(const QUuid &processor);
     void setGroups(const QList<SGroup> &groups);
-    /// Lets @p edit change a processor under the lock; false when it is not known. @p edit must be short and
-    /// call nothing else of the table.
+    /// Lets @p edit change a processor under the lock. False: unknown processor. @p edit must be quick and
+    /// must not call the table.
     bool change(const QUuid &processor, const std::function<void(SDevice &)> &edit);
 
-    /// Lets @p edit change the working layout of a copy, without the lock: for edits that take long. Called
-    /// again when somebody else changed it meanwhile. Only SDevice::working is taken over; false as with
-    /// change().
+    /// Lets @p edit change the working layout of a copy, without the lock: for slow edits. @p edit is called
+    /// again if the layout was changed meanwhile. Only SDevice::working is taken over. False: unknown
+    /// processor.
     bool changeLayout(const QUuid &processor, const std::function<void(SDevice &)> &edit);
 
     int onlineDeviceCount() const; ///< projects do not count
 
-    /// The processors that a job works with.
+    /// Sets the processors that a job works on.
     void setBusy(const QList<QUuid> &processors);
     bool isBusy(const QUuid &processor) const;
 
@@ -68,7 +68,7 @@ private:
     const SDevice *find(const QUuid &processor) const;
 
     mutable std::mutex m_mutex;
-    std::vector<SDevice> m_projects; // never shared with what callers were given
+    std::vector<SDevice> m_projects; // never shared with copies given to callers
     std::vector<SDevice> m_devices;
     QList<SGroup> m_groups;
     QList<QUuid> m_busy;

@@ -8,7 +8,7 @@
 #include <functional>
 #include <mutex>
 
-/// Carries work from other threads to the thread it lives on, in the order of posting.
+/// Delivers work from other threads to the thread that it lives on, in the order of posting.
 class CMailbox final : public QObject
 {
     Q_OBJECT
@@ -18,9 +18,9 @@ public:
 
     /// Queues @p work; ignored once closed. Any thread.
     void post(std::function<void()> work);
-    /// Does at once what waits. Own thread.
+    /// Runs all queued work at once. Own thread.
     void deliver();
-    /// Drops what waits and refuses what comes. Own thread.
+    /// Drops queued work and ignores any further. Own thread.
     void close();
 
     bool event(QEvent *event) override;

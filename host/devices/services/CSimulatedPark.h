@@ -13,7 +13,7 @@
 
 class QJsonObject;
 
-/// The processors that the simulated network holds, from a data file. Immutable but for the processors; any
+/// The processors of the simulated network, from a data file. Immutable except for the processors; any
 /// thread.
 class CSimulatedPark final
 {
@@ -22,7 +22,7 @@ class CSimulatedPark final
 public:
     using Processor = std::shared_ptr<CSimulatedProcessor>;
 
-    /// The park that comes with the program; the processors keep their state in @p stateFolder.
+    /// The built-in park; the processors keep their state in @p stateFolder.
     CSimulatedPark(const QString &stateFolder, double delayScale);
 
     const std::vector<Processor> &processors() const { return m_processors; }

@@ -17,15 +17,15 @@ enum class LayoutNotification : int;
 class CUpdateThread final
 {
 public:
-    /// What becomes of the notifications that wait when the thread is stopped.
+    /// What happens to pending notifications when the thread is stopped.
     enum Rest { Deliver, Drop };
 
     CUpdateThread();
-    ~CUpdateThread(); ///< drops what waits
+    ~CUpdateThread(); ///< drops pending notifications
 
     /// Observers attach to it; their updates run on the Update thread.
     CSubject &subject() { return m_subject; }
-    /// Queues a notification; @p argument is of the code's type. Ignored once stopped. Any thread.
+    /// Queues a notification; @p argument must have the code's type. Ignored once stopped. Any thread.
     void post(LayoutNotification code, std::any argument = {});
     /// Ends the thread; no update runs when this returns. A second call does nothing. Not from an update.
     void stop(Rest rest);
@@ -45,5 +45,5 @@ private:
     std::condition_variable m_wake;
     std::deque<SNotification> m_queue;
     bool m_stopping = false;
-    std::thread m_thread; // last: runs as soon as it is made
+    std::thread m_thread; // last: runs as soon as it is constructed
 };

@@ -8,21 +8,21 @@
 #include <QHash>
 #include <QSet>
 
-/// A processor's working layout beside the mapping that was last saved or read. An edit costs the ports that
-/// it changed. A value: copies share.
+/// A processor's working layout, and the mapping that was last saved or read. An edit costs only the ports
+/// that it changed. A value; copies share data.
 class CWorkingLayout final
 {
 public:
-    /// Takes another layout; cabinets that are in the saved mapping get their places in it.
+    /// Sets the working layout; cabinets that are in the saved mapping get their places in it.
     void take(const CabinetLayout &layout, const SReceiverGeneration &generation);
-    /// Takes the mapping that device or file now hold; of it, the places of cabinets come from numbered().
+    /// Sets the mapping that the device or file has now; it must have been numbered by numbered().
     void setSaved(const CabinetLayout &mapping);
 
     const CabinetLayout &layout() const { return m_layout; }
     const CabinetLayout &saved() const { return m_saved; }
     bool isModified() const { return !m_edited.isEmpty() || m_layout.ports.size() != m_saved.ports.size(); }
-    /// Grows with each take() and setSaved(), so that work in the background can tell whether something
-    /// changed meanwhile.
+    /// Incremented by take() and setSaved(), so that background work can tell whether something changed
+    /// meanwhile.
     quint64 edition() const { return m_edition; }
 
     /// Whether a cabinet is in the saved mapping.
@@ -31,14 +31,14 @@ public:
     qint64 chargedPixels(int port) const { return m_charged.value(port); }
     qint64 chargedPixels() const; ///< of all ports
 
-    /// The layout with each wired cabinet's place in the mapping: by port, then by rank.
+    /// Returns @p layout with the place of each wired cabinet in the mapping: by port, then by rank.
     static CabinetLayout numbered(CabinetLayout layout);
 
 private:
     void renumber(CabinetLayout::CabinetPort &port) const;
     bool differsFromSaved(const CabinetLayout::CabinetPort &port) const;
 
-    CabinetLayout m_taken; // as it was given; shows which ports the next layout shares with it
+    CabinetLayout m_taken; // as given to take(); shows which ports the next layout shares with it
     CabinetLayout m_layout;
     CabinetLayout m_saved;
     QHash<QUuid, int> m_places;   // of cabinets in the saved mapping

@@ -5,7 +5,7 @@
 #include <condition_variable>
 #include <mutex>
 
-/// Tells a blocking operation that it is no longer wanted. Any thread.
+/// Cancels a blocking operation. Any thread.
 class CCancelToken final
 {
 public:

@@ -5,7 +5,7 @@
 #include "host/devices/simulated/SProcessorKind.h"
 #include "layout/api/records/CabinetLayout.h"
 
-/// What output ports can carry and how full they are. Pure arithmetic; any thread.
+/// Capacity and load of output ports. Pure arithmetic; any thread.
 class CPortCapacity final
 {
 public:
@@ -17,15 +17,15 @@ public:
         bool threeD = false;
     };
 
-    static constexpr qint64 ThreeDPixels = 640 * 512; ///< the most that a port carries with 3D on
+    static constexpr qint64 ThreeDPixels = 640 * 512; ///< capacity of a port with 3D on
 
-    /// Pixels that one port can carry; 0 for a depth that the generation does not offer.
+    /// Pixels that one port can carry; 0 for a colour depth that the generation does not offer.
     static qint64 capacity(const SReceiverGeneration &generation, const SSignal &signal);
     /// Pixels that a port is charged for its cabinets.
     static qint64 charged(const SReceiverGeneration &generation, const CabinetLayout::CabinetPort &port);
-    /// @p used of @p capacity in percent, rounded up; without capacity any use is an overload.
+    /// @p used of @p capacity in percent, rounded up; an overload if there is no capacity but some use.
     static int percent(qint64 used, qint64 capacity);
-    /// Load of a port that is charged @p used pixels while all ports together are charged @p total. Where
-    /// these exceed what the processor as a whole can drive, every port in use shows at least that overload.
+    /// Load of a port that is charged @p used pixels, while all ports together are charged @p total. If the
+    /// total exceeds what the processor can drive, every port in use shows at least that overload.
     static int load(const SProcessorKind &kind, const SSignal &signal, qint64 used, qint64 total);
 };

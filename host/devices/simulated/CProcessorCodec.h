@@ -9,22 +9,22 @@
 #include <QByteArray>
 #include <QString>
 
-/// A mapping as a processor keeps it.
+/// A mapping as stored by a processor.
 struct SProcessorMapping
 {
     CabinetLayout layout;
-    quint64 revision = 0; ///< counts the times that it was changed
+    quint64 revision = 0; ///< incremented at every change
 };
 
-/// Everything that a processor keeps without power.
+/// Everything that a processor keeps when switched off.
 struct SProcessorState
 {
     SProcessorSettings settings;
     SProcessorMapping mapping;
 };
 
-/// Turns what processors keep into bytes, for the wire and the disk, and back. What was damaged on the way is
-/// refused with a text that begins with the name of its source. Any thread.
+/// Encodes what processors store as bytes, for transfer and disk, and decodes it. Damaged data is refused
+/// with a text that begins with the name of its source. Any thread.
 class CProcessorCodec final
 {
 public:
@@ -32,6 +32,6 @@ public:
     static QByteArray encode(const SProcessorMapping &mapping);
     static CResult<SProcessorSettings> settings(const QByteArray &bytes, const QString &source);
     static CResult<SProcessorMapping> mapping(const QByteArray &bytes, const QString &source);
-    /// Whether the bytes say that a newer version wrote them.
+    /// Whether the bytes were written by a newer version.
     static bool isNewer(const QByteArray &bytes);
 };

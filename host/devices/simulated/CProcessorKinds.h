@@ -13,13 +13,13 @@ class CProcessorKinds final
     Q_DECLARE_TR_FUNCTIONS(CProcessorKinds)
 
 public:
-    /// The kinds that come with the program, read once.
+    /// The built-in kinds, read once.
     static const CProcessorKinds &builtIn();
     /// Kinds from the content of a data file; the error names the entry.
     static CResult<CProcessorKinds> fromJson(const QByteArray &content);
 
     const QVector<SProcessorKind> &all() const { return m_kinds; }
-    /// The kind of that id, or null. Valid as long as the kinds.
+    /// The kind with that id, or null. Valid as long as this object.
     const SProcessorKind *find(const QString &id) const;
     /// The kind with the fewest ports that has at least @p ports, or null.
     const SProcessorKind *withPorts(int ports) const;

@@ -9,9 +9,9 @@
 
 #include <functional>
 
-/// The memory of a simulated processor on disk: one file for its settings, one for its mapping, each written
-/// whole or not at all. What could not be read is never overwritten. load() comes first; then save() may be
-/// called on any thread.
+/// The stored state of a simulated processor on disk: one file for its settings, one for its mapping, each
+/// written whole or not at all. A file that could not be read is never overwritten. Call load() first; then
+/// save() may be called on any thread.
 class CProcessorStateFiles final
 {
     Q_DECLARE_TR_FUNCTIONS(CProcessorStateFiles)
@@ -22,14 +22,14 @@ public:
 
     CProcessorStateFiles(QString folder, const QUuid &processor);
 
-    /// What is on disk; a part that is not there is as @p factory makes it. So is one whose file is damaged,
-    /// which is kept beside it under a name that ends in ".damaged" or, when that is taken, in ".damaged2"
-    /// and so on; and one whose file cannot be read now or is of a newer version, which is closed from then
-    /// on. A warning says so.
+    /// Reads the files. A part comes from @p factory if its file is missing, damaged, unreadable at the
+    /// moment, or of a newer version. A damaged file is renamed to end in ".damaged" or, if that name is
+    /// taken, ".damaged2" and so on. A part whose file is unreadable or newer is closed from then on. Each of
+    /// these causes a warning, except a missing file.
     SProcessorState load(const Factory &factory);
-    /// Whether the part's file holds something that is not known, so that nothing is saved over it.
+    /// Whether the content of the part's file is unknown, so that it must not be overwritten.
     bool isClosed(Part part) const { return m_closed[part]; }
-    /// Fails, too, for what could not be read again, and for a part that is closed.
+    /// Also fails for a record that could not be read again, and for a closed part.
     CStatus save(const SProcessorSettings &settings) const;
     CStatus save(const SProcessorMapping &mapping) const;
 

@@ -13,13 +13,13 @@
 
 class CCancelToken;
 
-/// A processor without hardware: answers requests as a device on the network does, late and sometimes not at
-/// all, and keeps its state on disk. Any thread; exchanges block and belong on a worker, but for apply() and
-/// probe(), which take 80 milliseconds at the most.
+/// A simulated processor: answers requests as a device on the network does, late and sometimes not at all,
+/// and keeps its state on disk. Any thread. Exchanges block and should run on a worker, except apply() and
+/// probe(), which take at most 80 milliseconds.
 class CSimulatedProcessor final
 {
 public:
-    /// What it is from the factory.
+    /// What is fixed at the factory.
     struct SIdentity
     {
         QUuid uuid;
@@ -32,7 +32,7 @@ public:
     using Factory = CProcessorStateFiles::Factory;
     using Progress = std::function<void(int percent)>;
 
-    /// @p delayScale is the factor of all delays and time-outs.
+    /// @p delayScale is a factor for all delays and time-outs.
     CSimulatedProcessor(SIdentity identity, Factory factory, const QString &stateFolder, double delayScale);
 
     const SIdentity &identity() const { return m_identity; }
@@ -45,15 +45,15 @@ public:
     /// The mapping that the cabinets report, encoded: those in a chain, without groups, with the numbers of
     /// their receiver cards.
     DeviceError readCabinets(CCancelToken &cancel, const Progress &progress, QByteArray &mapping);
-    /// Replaces the mapping, at the end of the transfer and whole; gives its revision.
+    /// Replaces the whole mapping at the end of the transfer; sets @p revision to the new one.
     DeviceError saveMapping(CCancelToken &cancel, const Progress &progress, const QByteArray &mapping,
                             quint64 &revision);
-    /// A short command: takes other settings.
+    /// A short command that replaces the settings.
     DeviceError apply(const SProcessorSettings &settings);
     /// A short command that changes nothing.
     DeviceError probe();
 
-    /// Somebody switches a state at the processor itself, see ProcessorStates.
+    /// Switches a state as if at the processor itself, see ProcessorStates.
     void setState(SimulationFault state, bool on);
     SProcessorSettings settings();
 

@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// Why an exchange with a device did not succeed.
+/// Why an exchange with a device failed.
 enum class DeviceError {
     None,
     Cancelled,
@@ -13,9 +13,9 @@ enum class DeviceError {
     Refused,
     ConnectionLost,
     Damaged,
-    NotStored, ///< the device could not keep what it was sent
-    Unread     ///< the device stores nothing over what it could not read itself
+    NotStored, ///< the device could not store what it was sent
+    Unread     ///< the device does not overwrite stored data that it could not read
 };
 
-/// The reason for the user, a whole sentence; empty for None and Cancelled.
+/// The reason for the user, a complete sentence; empty for None and Cancelled.
 QString deviceErrorText(DeviceError error);

@@ -12,7 +12,7 @@ struct SReceiverGeneration
 {
     QString id;
     qint64 netBitsPerSecond = 0;
-    QMap<int, int> wireBits; ///< colour depth in bits → bits a pixel on the wire; a depth left out is refused
+    QMap<int, int> wireBits; ///< colour depth in bits → bits per pixel on the wire; other depths are refused
     bool chargesBoundingRect = false; ///< a port is charged the rectangle around its cabinets, not their sum
 };
 
@@ -22,7 +22,7 @@ struct SProcessorKind
     QString id;
     QString name;          ///< the model, as shown to the user
     int ports = 0;         ///< output ports
-    qint64 pixelLimit = 0; ///< the most pixels of all ports together
+    qint64 pixelLimit = 0; ///< largest number of pixels of all ports together
     SCanvasLimits canvas;
     int lowLatencyWidth = 0; ///< pixels; 0: no limit
     bool portRedundancy = false;

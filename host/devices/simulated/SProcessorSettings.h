@@ -11,7 +11,7 @@
 #include <QPoint>
 #include <QSize>
 
-/// What a processor keeps beside its mapping.
+/// The settings that a processor keeps beside its mapping.
 struct SProcessorSettings
 {
     int portCount = 0; ///< output ports in use
@@ -22,16 +22,16 @@ struct SProcessorSettings
     int colorDepth = 8; ///< bits
     bool threeD = false;
     bool lowLatency = false; ///< shows each frame without delay
-    bool frozen = false;     ///< the picture stands still; forgotten without power
+    bool frozen = false;     ///< the picture stands still; not kept when switched off
     bool polling = false;    ///< shows its inputs in turn
-    bool hdmiOutput = false; ///< sends the canvas to its HDMI output, too
+    bool hdmiOutput = false; ///< also sends the canvas to its HDMI output
     bool statusLed = false;  ///< the status LEDs of the cabinets are on
     ProcessorWorkMode workMode = ProcessorWorkMode::VideoProcessor;
-    QUuid primary; ///< the processor that it stands in for; null: none
+    QUuid primary; ///< the processor whose redundancy it is; null: none
     QList<SPortArea> portAreas;
-    QVector<SCurrentGainRow> gainRows; ///< current-gain parameters that were sent to it
+    QVector<SCurrentGainRow> gainRows; ///< current-gain parameters sent to it
     QList<SCurrentGain> gains;         ///< which of them are switched on
-    QMap<SMD5, double> gammas;         ///< gamma that the receivers of a cabinet type were given
+    QMap<SMD5, double> gammas;         ///< gamma sent to the receivers, by cabinet type
 
     friend bool operator==(const SProcessorSettings &a, const SProcessorSettings &b);
     friend bool operator!=(const SProcessorSettings &a, const SProcessorSettings &b) { return !(a == b); }

@@ -5,12 +5,12 @@
 #include <QMetaType>
 #include <QVector>
 
-/// What a simulated processor can be told to show: faults, then states of a processor that works.
+/// What can be simulated: faults, then states of a working processor.
 enum class SimulationFault : int {
     Offline = 0,          ///< is not on the network
     Slow = 1,             ///< answers, but takes ten times as long
     Silent = 2,           ///< accepts a request and never answers
-    Refuse = 3,           ///< turns every request down
+    Refuse = 3,           ///< refuses every request
     Drop = 4,             ///< loses the connection half-way through a transfer
     Damaged = 5,          ///< sends answers with altered bytes
     Changed = 6,          ///< its mapping is changed behind our back, once, when the fault is switched on
@@ -24,13 +24,13 @@ enum class SimulationFault : int {
 };
 Q_DECLARE_METATYPE(SimulationFault)
 
-/// A fault or state as menus and the command line name it.
+/// The names of a fault or state in menus and on the command line.
 struct SSimulationFault
 {
     SimulationFault fault;
     const char *name;  ///< on the command line
     const char *title; ///< in menus; translated in the context "SSimulationFault"
 
-    /// All of them, in the order of the enumeration.
+    /// All faults and states, in the order of the enumeration.
     static const QVector<SSimulationFault> &all();
 };
