@@ -114,7 +114,8 @@ private Q_SLOTS:
         const CMessageBoxAnswerer user({QStringLiteral("No"), QStringLiteral("OK")});
         world.processors.copyMapping(world.b, world.a);
         QCOMPARE(user.boxes().size(), 2);
-        QVERIFY(world.answers()->calls().last().endsWith(QLatin1String(",false)")));
+        QCOMPARE(world.answers()->calls().filter(QStringLiteral("copyProcessorMapping(")).size(), 1);
+        QCOMPARE(world.answers()->calls().filter(QStringLiteral(",false)")).size(), 1);
     }
 };
 
