@@ -4,22 +4,22 @@
 
 #include <QVector>
 
-/// A goal of the system's speed or size, and how it is measured.
+/// A goal for speed or memory, and how it is measured.
 struct SBenchmark
 {
     const char *id;
     const char *work; ///< what is measured, for the list of goals
-    void (*run)();    ///< prints one or more figures; a QApplication exists
+    void (*run)();    ///< prints one or more figures; a QApplication must exist
 };
 
-/// A part that this program plays in a process of its own, for what can only be measured of a whole process.
+/// A task that this program runs in a separate process, for what can only be measured for a whole process.
 struct SChildPart
 {
     const char *name;
-    int (*run)(int argc, char **argv); ///< gives the exit status; makes its own application object
+    int (*run)(int argc, char **argv); ///< returns the exit status; creates its own application object
 };
 
-/// All that this program measures. A new goal is a file of its own and a row in one of the tables.
+/// All measurements of this program. A new goal needs a file and a row in one of the tables.
 namespace Benchmarks {
 
 const QVector<SBenchmark> &all();

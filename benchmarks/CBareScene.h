@@ -7,21 +7,21 @@
 #include <QGraphicsScene>
 #include <QGraphicsView>
 
-/// What the graphics framework itself costs: a plain scene with a rectangle a cabinet below one parent a
-/// port, and a line a wire.
+/// Shows what the graphics framework itself costs: a plain scene with one parent per port, one rectangle per
+/// cabinet and one line per wire.
 class CBareScene final : public QGraphicsScene
 {
     Q_OBJECT
 
 public:
     enum Ports {
-        OpenPorts,     ///< parents without an area of their own
-        ContainedPorts ///< parents that tell the scene that their children lie inside them
+        OpenPorts,     ///< port items without an area of their own
+        ContainedPorts ///< port items that declare that their children are inside them
     };
 
     enum Outlines {
-        NoOutlines, ///< the cheapest: with a pen, and for lines with a wide one, each lookup strokes a path
-        Outlined    ///< cabinets in their frames, for where both sides draw
+        NoOutlines, ///< the cheapest: with a pen (for lines, a wide one), each lookup strokes a path
+        Outlined    ///< cabinets with frames, for comparisons in which both sides draw
     };
 
     explicit CBareScene(Ports ports, Outlines outlines = NoOutlines)
@@ -30,7 +30,7 @@ public:
     {
     }
 
-    /// In place of what was built before.
+    /// Replaces what was built before.
     void build(const CabinetLayout &layout);
 
 private:

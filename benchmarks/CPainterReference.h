@@ -11,7 +11,7 @@
 
 class QPainter;
 
-/// The least that a drawing of a wall costs: all its cabinets in one call and all its wires in one more.
+/// The least that drawing a wall costs: all cabinets in one call and all wires in another.
 class CPainterReference final : public QWidget
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ class CPainterReference final : public QWidget
 public:
     explicit CPainterReference(const CabinetLayout &layout);
 
-    void draw(QPainter &painter, const QSizeF &room) const; ///< the wall fitted in @p room
+    void draw(QPainter &painter, const QSizeF &room) const; ///< the wall fitted into @p room
 
 protected:
     void paintEvent(QPaintEvent *event) override;

@@ -10,21 +10,21 @@
 
 class CCabinetGraphicsScene;
 
-/// The work of comparisons of edits: each side stands loaded, and every turn leaves it as it was.
+/// The work for comparisons of edits: each side is loaded, and every run leaves it unchanged.
 namespace EditSides {
 
 using Edit = std::function<void(CCabinetGraphicsScene &)>;
 
-/// What is timed of an edit: itself, its way back, or its way there again.
+/// What is timed: the edit itself, its undo or its redo.
 enum EStep { Do, Undo, Redo };
 
 void selectPort(CCabinetGraphicsScene &scene, int port);
 void selectAll(CCabinetGraphicsScene &scene);
 
-/// @p edit with what @p select selects before. The sides must outlive the work.
+/// Returns @p edit, applied to what @p select selects. The sides must outlive the work.
 SWork work(CEditorSide &side, const Edit &select, const Edit &edit, EStep step = Do);
 
-/// Moves each item of the bare scene below its ports: a cabinet or a line.
+/// Moves each child of the ports in the bare scene: cabinets and lines.
 SWork moveBare(CBareSide &side);
 SWork selectBare(CBareSide &side);
 /// Builds @p layout into an empty bare scene.

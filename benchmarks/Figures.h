@@ -4,7 +4,7 @@
 
 #include <functional>
 
-/// One side of a comparison: work that is timed, between what is not.
+/// One side of a comparison: timed work, with untimed work before and after it.
 struct SWork
 {
     std::function<void()> prepare; ///< may be empty
@@ -12,13 +12,13 @@ struct SWork
     std::function<void()> finish; ///< may be empty
 };
 
-/// What a piece of work costs beside its reference; mostly milliseconds.
+/// The cost of some work compared with its reference; mostly in milliseconds.
 struct SFigure
 {
     const char *name;      ///< begins with the goal's id
-    int count;             ///< of the cabinets
+    int count;             ///< number of cabinets
     double cost;           ///< median
-    const char *reference; ///< what was measured beside it
+    const char *reference; ///< what it is compared with
     double referenceCost;  ///< median
 };
 
@@ -35,10 +35,10 @@ namespace Figures {
 /// The wall time of one run.
 double milliseconds(const SWork &work);
 
-/// The medians of both sides in milliseconds. The sides take turns, so that what else the
-/// machine does meets both; a first turn that warms up does not count.
+/// The medians of both sides in milliseconds. The sides take turns, so that other load on the machine affects
+/// both; the first run of each is not counted.
 SMedians compare(int repetitions, const SWork &work, const SWork &reference);
-/// The same for costs that the sides tell themselves.
+/// The same for costs that the sides measure themselves.
 SMedians compare(int repetitions, const std::function<double()> &work,
                  const std::function<double()> &reference);
 

@@ -4,7 +4,7 @@
 
 class QWidget;
 
-/// Tells when a program is up.
+/// Reports when a program has started.
 namespace FirstFrame {
 
 /// Shows @p window, prints a line when it has been painted for the first time, and quits the application.

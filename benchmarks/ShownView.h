@@ -11,7 +11,7 @@ namespace ShownView {
 
 constexpr QSize ViewSize(1920, 1080);
 
-/// Shows @p widget in the measured size and returns when it has been painted.
+/// Shows @p widget in ViewSize and returns when it has been painted.
 void show(QWidget &widget);
 
 } // namespace ShownView

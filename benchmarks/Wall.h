@@ -14,7 +14,7 @@ constexpr int TenthPorts = 8;
 constexpr int CabinetsPerPort = 1024;
 
 /// The first @p ports of the largest wall that a processor can hold, every eighth of them locked. With
-/// @p grouped each port's cabinets lie in groups, two of which form a group each.
+/// @p grouped each port's cabinets are in groups, of which every two form another group.
 LayoutData data(int ports, bool grouped = false);
 
 /// The same, in groups of @p size cabinets each.
@@ -24,7 +24,7 @@ ProcessorTree::ProcessorNode processor(const LayoutData &data);
 
 } // namespace Wall
 
-/// Port states as a host without any device gives them.
+/// Port states as of a host without any device.
 class CNoPortStates final : public IPortStates
 {
 public:

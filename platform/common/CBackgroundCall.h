@@ -6,12 +6,12 @@
 #include <optional>
 #include <utility>
 
-/// Makes a call that takes long without stopping the window: it runs on a thread of its own while the GUI
-/// thread, which waits for it, goes on painting and delivering what is queued; only the user's input waits.
+/// Makes a slow call without freezing the window: the call runs on its own thread. The GUI thread waits for
+/// it, but goes on painting and delivering queued events; only user input waits.
 class CBackgroundCall final
 {
 public:
-    /// Runs @p work and returns when it has ended. On any thread but the GUI thread it is just called.
+    /// Runs @p work and returns when it has ended. On any thread except the GUI thread, simply calls it.
     static void run(const std::function<void()> &work);
 
     /// Returns what @p work returns; see run().

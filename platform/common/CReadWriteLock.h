@@ -6,8 +6,8 @@
 
 #include <QReadWriteLock>
 
-/// A QReadWriteLock that compilers and sanitizers can follow. Not recursive; a waiting writer goes before new
-/// readers, so that a thread that holds it must not ask for it again. Taken through CReadLocker and
+/// A QReadWriteLock that compilers and sanitizers can follow. Not recursive; a waiting writer takes
+/// precedence over new readers, so a thread that holds the lock must not lock it again. Use CReadLocker and
 /// CWriteLocker.
 class ORVO_CAPABILITY("lock") CReadWriteLock final
 {
@@ -26,7 +26,7 @@ private:
     QReadWriteLock m_lock;
 };
 
-/// Holds a lock for reading as long as it lives.
+/// Holds a lock for reading for its lifetime.
 class ORVO_SCOPED_CAPABILITY CReadLocker final
 {
 public:
@@ -43,7 +43,7 @@ private:
     CReadWriteLock &m_lock;
 };
 
-/// Holds a lock for writing as long as it lives.
+/// Holds a lock for writing for its lifetime.
 class ORVO_SCOPED_CAPABILITY CWriteLocker final
 {
 public:

@@ -34,7 +34,7 @@ private:
     QString m_error;
 };
 
-/// A result without a value: done, or a text that says what failed and where.
+/// A result without a value: success, or a text for the user that names what failed and where.
 class [[nodiscard]] CStatus final
 {
 public:

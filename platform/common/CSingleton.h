@@ -3,8 +3,8 @@
 #pragma once
 
 /// The one instance of T, created on first use (by whichever thread comes first) and destroyed when its
-/// library is unloaded. Each type has one accessor, so that no library gets an instance of its own:
-/// ORVO_DECLARE_SINGLETON(T) stands behind the class in its header, ORVO_DEFINE_SINGLETON(T) in its .cpp.
+/// library is unloaded. Each type has one accessor, so that no library gets an instance of its own: write
+/// ORVO_DECLARE_SINGLETON(T) after the class in its header, and ORVO_DEFINE_SINGLETON(T) in its .cpp.
 template <typename T>
 class CSingleton final
 {

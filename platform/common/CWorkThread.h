@@ -11,8 +11,8 @@
 #include <utility>
 #include <vector>
 
-/// Runs closures one after the other on a thread of its own. An event is a key and a closure; keys are chosen
-/// by the caller and need not be unique. What a closure throws is logged. All operations may be called from
+/// Runs closures one after the other on its own thread. An event is a key and a closure; keys are chosen by
+/// the caller and need not be unique. Exceptions from closures are logged. All operations may be called from
 /// any thread, also from a closure, except wait() and the destructor.
 class CWorkThread final
 {
@@ -20,30 +20,30 @@ public:
     using Event = std::pair<int, std::function<void()>>;
 
     CWorkThread() = default;
-    /// Drops the events that have not begun and waits for the running one.
+    /// Drops events that have not started and waits for the running one.
     ~CWorkThread();
     CWorkThread(const CWorkThread &) = delete;
     CWorkThread &operator=(const CWorkThread &) = delete;
 
-    /// Queues @p event behind those that are queued. With @p atOnce false, an event whose key has a time-out
-    /// filter waits: it becomes due one delay after the first event that waits under the key, and a later one
-    /// takes the earlier one's place without a new delay. Dropped after ThreadExit().
+    /// Queues @p event behind the queued ones. If @p atOnce is false and the key has a time-out filter, the
+    /// event is delayed: it is due one delay after the first waiting event of that key, and a later event
+    /// replaces the waiting one without extending the delay. Ignored after ThreadExit().
     void AppendEvent(Event event, bool atOnce = true);
 
-    /// Drops all events of @p key that have not begun. Returns whether there were any.
+    /// Drops all events of @p key that have not started. Returns whether there were any.
     bool RemoveEvent(int key);
 
-    /// Starts the thread, or wakes it: every event queued before this call runs, waiting ones when they are
+    /// Starts the thread, or wakes it: every event queued before this call runs, delayed ones when they are
     /// due.
     void ActivateThread();
 
-    /// From now on events of @p key that are not appended at once wait for @p delay.
+    /// From now on events of @p key that are appended with atOnce false are delayed by @p delay.
     void AddTimeOutEventFilter(int key, std::chrono::milliseconds delay);
 
-    /// Asks the thread to end after the closure that is running; drops everything else. Returns at once.
+    /// Asks the thread to end after the running closure; drops all other events. Returns at once.
     void ThreadExit();
 
-    /// Waits without limit until the thread has ended; returns at once when it never ran. Only after
+    /// Waits without limit until the thread has ended; returns at once if it never ran. Call only after
     /// ThreadExit(), and not from a closure.
     void wait();
 

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-// Attributes by which clang (-Wthread-safety) checks at compile time that data is reached under its lock
-// only.
+// Attributes with which clang (-Wthread-safety) checks at compile time that data is accessed only under its
+// lock.
 #if defined(__clang__)
 #define ORVO_THREAD_ATTRIBUTE(x) __attribute__((x))
 #else

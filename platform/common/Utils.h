@@ -9,10 +9,10 @@
 /// Small helpers that belong to no class.
 namespace Utils {
 
-/// The borders at which two of @p rects touch, each shared stretch once: a vertical line for neighbours side
-/// by side, a horizontal one for neighbours above each other. Lines run to the right or down and lie on the
-/// pixels' edges (the right border of a rectangle is at left + width). Rectangles that only meet in a corner
-/// or overlap share no border.
+/// Returns the borders shared by two of @p rects, each once: a vertical line for neighbours side by side, a
+/// horizontal one for neighbours above each other. Lines run to the right or down, along the edges of pixels
+/// (the right border of a rectangle is at left + width). Rectangles that overlap or only meet at a corner
+/// share no border.
 QVector<QLineF> calculateAdjacentLines(const QVector<QRect> &rects);
 
 } // namespace Utils

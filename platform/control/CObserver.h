@@ -10,7 +10,8 @@ class CObserver
 public:
     virtual ~CObserver() = default;
 
-    /// Called on the Update thread, once a notification. Arguments can be read from @p subject only until
-    /// this returns, so an observer copies what it needs. Exceptions pass through to the notifier.
+    /// Called on the Update thread, once per notification. The argument can be read from @p subject only
+    /// until this returns, so an observer copies what it needs. Exceptions are passed to the caller of
+    /// notify().
     virtual void Update(CSubject &subject) = 0;
 };

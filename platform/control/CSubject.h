@@ -11,8 +11,8 @@
 
 class CObserver;
 
-/// Sends notifications, each a small code with one typed argument, to the observers that are attached to it.
-/// The thread that is inside notify() is the Update thread; only it may read the argument.
+/// Sends notifications, each a code with one typed argument, to the attached observers. The thread that is
+/// inside notify() is the Update thread; only it may read the argument.
 class CSubject
 {
 public:
@@ -21,22 +21,22 @@ public:
     CSubject(const CSubject &) = delete;
     CSubject &operator=(const CSubject &) = delete;
 
-    /// Adds @p observer, which stays owned by the caller; adding it twice has no further effect. Any thread.
+    /// Adds @p observer; adding it twice has no further effect. The caller keeps ownership. Any thread.
     void attach(CObserver &observer);
 
-    /// Removes @p observer. When this returns no update of it is running, unless it is called from within
-    /// one. Any thread.
+    /// Removes @p observer. On return no update of it is running, unless this is called from within one. Any
+    /// thread.
     void detach(CObserver &observer);
 
-    /// Calls every observer with @p code and @p argument, on the calling thread. Notifications of several
-    /// threads wait for each other. What an observer throws is passed on to the caller.
+    /// Calls every observer with @p code and @p argument, on the calling thread. Notifications from several
+    /// threads wait for each other. Exceptions of observers are passed to the caller.
     void notify(int code, std::any argument = {});
 
-    /// The code of the running notification; meaningful inside an update only.
+    /// The code of the running notification; valid inside an update only.
     int code() const { return m_code; }
 
-    /// The argument of the running notification. Throws std::runtime_error when called from another thread
-    /// than the Update thread and, that test passed, when the argument is not a T.
+    /// The argument of the running notification. Throws std::runtime_error if called from another thread than
+    /// the Update thread, otherwise if the argument is not a T.
     template <typename T>
     T GetArgument() const
     {

@@ -8,8 +8,8 @@ class CSubject;
 class IAbstractInterfaceHandler;
 class QObject;
 
-/// The control interface of one side (host or module): how the other side reaches its object, its handler and
-/// its notifications, and how it is stopped. A side is never deleted through this interface.
+/// The control interface of one side (host or module): gives the other side access to its object, its handler
+/// and its notifications, and stops it. A side is never deleted through this interface.
 class IAbstractControlInterface
 {
 public:
@@ -18,14 +18,14 @@ public:
     /// The object behind the interface, for invocations by name; owned by its side. Any thread.
     virtual QObject *object() = 0;
 
-    /// The side's handler, fetched afresh for each call; null while the side offers none. Any thread.
+    /// The side's handler, to be fetched for each call; null while the side offers none. Any thread.
     virtual std::shared_ptr<IAbstractInterfaceHandler> handler() const = 0;
 
-    /// The side's notifications, to attach observers to; null when the side notifies nobody. Any thread.
+    /// The subject to attach observers to; null if the side sends no notifications. Any thread.
     virtual CSubject *subject() = 0;
 
-    /// Ends the side's work while the application object still lives: its threads have ended, its queued work
-    /// is delivered or dropped and its views are gone when this returns. A second call does nothing. GUI
+    /// Ends the side's work while the application object still exists: on return its threads have ended, its
+    /// queued work is delivered or dropped, and its views are deleted. A second call does nothing. GUI
     /// thread.
     virtual void stop() = 0;
 };

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-/// What one side offers the other to call. The concrete interface is reached by dynamic cast; the caller
-/// keeps the shared pointer for one call only.
+/// What one side offers the other to call. Use dynamic cast to get the concrete interface, and keep the
+/// shared pointer for one call only.
 class IAbstractInterfaceHandler
 {
 public:

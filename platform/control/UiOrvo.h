@@ -6,7 +6,7 @@
 
 namespace UiOrvo {
 
-/// The host's modules, by the number under which each registers its widgets with the host.
+/// The numbers under which modules register their widgets with the host.
 enum EnModule { ModuleNone = 0, ModuleDevices = 1, ModuleLayout = 2 };
 
 } // namespace UiOrvo

@@ -9,17 +9,17 @@
 
 class CGraphicsView;
 
-/// The whole content of a graphics view in small, with a frame around the part that the view shows. A click
-/// or a drag takes the view there. GUI thread.
+/// A small overview of the whole content of a graphics view, with a frame around the visible part. A click or
+/// a drag moves the view there. GUI thread.
 class CAerialView final : public QFrame
 {
     Q_OBJECT
 
 public:
-    /// @p view is its parent and must show a CGraphicsScene.
+    /// @p view becomes the parent; it must show a CGraphicsScene.
     explicit CAerialView(CGraphicsView &view);
 
-    /// Tells that the content has changed: it is drawn again in a moment, once for many changes.
+    /// Call when the content has changed; it is drawn again after a short delay, once for many changes.
     void scheduleRefresh();
 
 protected:

@@ -6,8 +6,7 @@
 #include <QHash>
 #include <QUuid>
 
-/// The widget library's graphics scene: finds items by identity and keeps its rectangle still while items
-/// move.
+/// The widget library's graphics scene: finds items by identity, and does not resize itself while items move.
 class CGraphicsScene : public QGraphicsScene
 {
     Q_OBJECT
@@ -15,35 +14,34 @@ class CGraphicsScene : public QGraphicsScene
 public:
     explicit CGraphicsScene(QObject *parent = nullptr);
 
-    /// Sets the scene rectangle to @p content with a margin for scrolling. Called once per operation: a
-    /// rectangle that grows by itself rebuilds the index with every item.
+    /// Sets the scene rectangle to @p content with a margin for scrolling. Call once per operation: a scene
+    /// rectangle that grows by itself rebuilds the index for every item.
     void setContentRect(const QRectF &content);
     QRectF contentRect() const { return m_content; }
 
-    /// Draws what lies in @p source into @p target, without what is shown in views only.
+    /// Draws the area @p source into @p target, without what is shown in views only.
     virtual void renderPicture(QPainter &painter, const QRectF &target, const QRectF &source);
 
-    /// Makes all views paint themselves again. An update() alone is lost if a view paints something else
-    /// before Qt processes it, and so are the repaints that items asked for in between.
+    /// Repaints all views. An update() alone is lost if a view paints something else before Qt processes it,
+    /// and so are repaints requested by items in between.
     void updateViews();
 
-    /// Completes what Qt puts off to the next turn of the event loop for items that were added. Called
-    /// once per operation that adds many: until then Qt walks a list of all of them for each item that is
-    /// removed.
+    /// Does now what Qt postpones to the next turn of the event loop for new items. Call once per operation
+    /// that adds many items: until then Qt walks a list of all of them for each item that is removed.
     void polishNewItems();
 
-    /// The item that was entered under @p uuid, or null. O(1).
+    /// The item registered under @p uuid, or null. O(1).
     QGraphicsItem *itemOf(const QUuid &uuid) const { return m_items.value(uuid, nullptr); }
     int knownItemCount() const { return m_items.size(); }
 
-    /// Enters an item of the scene under its identity, or removes it.
+    /// Registers an item of the scene under its identity, or unregisters it.
     void enterItem(const QUuid &uuid, QGraphicsItem &item) { m_items.insert(uuid, &item); }
     void leaveItem(const QUuid &uuid) { m_items.remove(uuid); }
     void reserveItems(int count) { m_items.reserve(count); }
     void forgetItems() { m_items.clear(); }
 
 protected:
-    /// Returns whether a picture is being drawn, not a view.
+    /// Returns whether a picture is being drawn, rather than a view.
     bool isPicturing() const { return m_picturing; }
 
 private:

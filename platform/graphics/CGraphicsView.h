@@ -8,8 +8,8 @@ class CAerialView;
 class CZoomStrip;
 
 /// The widget library's graphics view: zooms at the cursor with the wheel, pans with the middle button, and
-/// carries a tool bar above the scene, an aerial view, and a strip with the scale and the buttons that change
-/// it. A scale of 1 shows one scene unit as one pixel of the screen.
+/// has a tool bar above the scene, an aerial view, and a strip with the scale and zoom buttons. A scale of 1
+/// shows one scene unit as one screen pixel.
 class CGraphicsView : public QGraphicsView
 {
     Q_OBJECT
@@ -23,21 +23,20 @@ public:
     qreal scaleFactor() const { return transform().m11(); }
     /// Zooms about the middle of the view; @p factor is kept within the limits.
     void setScaleFactor(qreal factor);
-    /// Shows @p content whole; it is then kept whole when the view changes its size, until the user zooms or
-    /// pans.
+    /// Fits @p content into the view; it stays fitted when the view is resized, until the user zooms or pans.
     void fit(const QRectF &content);
     bool isFitted() const { return m_fitted; }
-    /// Brings @p place of the scene into the middle.
+    /// Centres the view on the scene position @p place.
     void showPlace(const QPointF &place);
 
-    /// Puts @p toolBar, which the view then owns, above the scene.
+    /// Puts @p toolBar above the scene; the view takes ownership.
     void setToolBar(QWidget *toolBar);
-    /// Shows or hides the whole scene in small.
+    /// Shows or hides the aerial view.
     void SetAerialViewVisible(bool visible);
     CAerialView &aerialView() { return *m_aerialView; }
 
 public Q_SLOTS:
-    void fitContent();     ///< the scene's content rectangle
+    void fitContent();     ///< fits the scene's content rectangle
     void showActualSize(); ///< scale 1
     void zoomIn();
     void zoomOut();
@@ -68,6 +67,6 @@ private:
     QRectF m_fitRect;
     bool m_fitted = false;
     bool m_panning = false;
-    QCursor m_cursorBefore; // the pan
-    QPoint m_panPosition;   // of the cursor at the last step of the pan
+    QCursor m_cursorBefore; // before the pan
+    QPoint m_panPosition;   // cursor position at the last step of the pan
 };

@@ -4,7 +4,7 @@
 
 #include <QtGlobal>
 
-/// A graphics item whose reactions to its own changes can be held back.
+/// A graphics item whose reactions to its own changes can be blocked.
 class CChangeBlockable
 {
 public:
@@ -19,8 +19,8 @@ private:
     int m_blocks = 0;
 };
 
-/// Holds back an item's reactions to its own changes while it lives; guards nest. The item must outlive the
-/// guard.
+/// Blocks an item's reactions to its own changes for its lifetime; guards can be nested. The item must
+/// outlive the guard.
 class CItemChangeBlocker final
 {
     Q_DISABLE_COPY(CItemChangeBlocker)

@@ -9,20 +9,20 @@
 class CGraphicsScene;
 class QGraphicsItem;
 
-/// An undo command on an item of a scene: holds identities and values, never items. GUI thread.
+/// An undo command for an item of a scene: holds identities and values, never items. GUI thread.
 class CUndoCommand : public QUndoCommand
 {
 public:
     int id() const final { return m_id; }
 
-    /// What undo applies, and what redo applies.
+    /// The value that undo applies, and the one that redo applies.
     void setStartValue(const QVariant &value) { m_startValue = value; }
     void setEndValue(const QVariant &value) { m_endValue = value; }
     const QVariant &startValue() const { return m_startValue; }
     const QVariant &endValue() const { return m_endValue; }
 
 protected:
-    /// Remembers the scene of @p item, which may be null; the command must not outlive it.
+    /// Remembers the scene of @p item, which may be null; the scene must outlive the command.
     CUndoCommand(int id, QGraphicsItem *item, const QString &text, QUndoCommand *parent);
 
     /// The scene's item with that identity in data role 0, or null.

@@ -8,7 +8,8 @@
 #include <QVector>
 
 /// Checks JSON text in one pass without building anything: grammar, repeated members, numbers that would lose
-/// digits, depth, amounts. It runs before the real parser, which takes many times the memory of the text.
+/// digits, depth, number of values. It runs before the real parser, which needs many times the memory of the
+/// text.
 class CJsonScanner final
 {
     Q_DECLARE_TR_FUNCTIONS(CJsonScanner)
@@ -16,14 +17,14 @@ class CJsonScanner final
 public:
     explicit CJsonScanner(const QByteArray &text);
 
-    /// False when the text is not one strict JSON object; error() and offset() then tell what and where.
+    /// Returns false if the text is not one strict JSON object; error() and offset() then say what and where.
     bool scan();
     const QString &error() const { return m_error; }
     int offset() const { return int(m_at - m_begin); } ///< bytes
-    int values() const { return m_values; }            ///< that were met
+    int values() const { return m_values; }            ///< number of values read so far
 
 private:
-    /// The name of a member, as it stands in the text.
+    /// The name of a member, as written in the text.
     struct SName
     {
         const char *begin;

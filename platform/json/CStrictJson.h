@@ -8,21 +8,21 @@
 #include <QCoreApplication>
 #include <QJsonObject>
 
-/// Parses JSON text that may be damaged or hostile: whatever QJsonDocument would round, repair or take
-/// silently is an error with line and column, and so is what would need memory without end. Any thread.
+/// Parses JSON text that may be damaged or hostile: whatever QJsonDocument would silently round, repair or
+/// accept is an error with line and column, and so is text that would need too much memory. Any thread.
 class CStrictJson final
 {
     Q_DECLARE_TR_FUNCTIONS(CStrictJson)
 
 public:
-    static constexpr int MaximumDepth = 256;                    ///< of objects and arrays within each other
+    static constexpr int MaximumDepth = 256;                    ///< of nested objects and arrays
     static constexpr int MaximumMembers = 128;                  ///< of one object
     static constexpr int MaximumValues = 4000000;               ///< of all kinds, in one text
-    static constexpr int MaximumTextBytes = 32768;              ///< of one string, as it is written
+    static constexpr int MaximumTextBytes = 32768;              ///< of one string, as written
     static constexpr double MaximumNumber = 9007199254740992.0; ///< 2^53: above it integers lose digits
 
-    /// The one object that @p text consists of; throws std::bad_alloc before there is too little memory for
-    /// it. The error text begins with the place ("line 1, column 7: …");
-    /// @p firstLine is the number of the text's first line in its file.
+    /// Returns the one object that @p text consists of. Throws std::bad_alloc before memory runs out. The
+    /// error text begins with the place ("line 1, column 7: …"); @p firstLine is the number of the text's
+    /// first line in its file.
     static CResult<QJsonObject> parse(const QByteArray &text, int firstLine = 1);
 };

@@ -11,7 +11,7 @@
 #include <QVarLengthArray>
 #include <QVector>
 
-/// Where a value stands in a JSON document, as a chain of steps that live on the stack of the reader.
+/// The place of a value in a JSON document, as a chain of steps on the reader's call stack.
 struct SJsonPlace
 {
     const SJsonPlace *parent = nullptr;
@@ -22,16 +22,16 @@ struct SJsonPlace
     QString text() const;
 };
 
-/// Reads the members of one JSON object strictly: each must be there, of its type and in its range, and none
-/// may be left over. The first error of a document is kept in the text given to the constructor, with its
-/// place; after it all reads give defaults. The operations whose name ends in Or read a member that may be
-/// left out.
+/// Reads the members of one JSON object strictly: each must be present, of its type and in its range, and
+/// none may be left over. The first error of a document is stored in the text given to the constructor, with
+/// its place; after an error all reads return defaults. Operations whose name ends in Or read an optional
+/// member.
 class CStrictObject final
 {
     Q_DECLARE_TR_FUNCTIONS(CStrictObject)
 
 public:
-    static constexpr int LargestPixel = 1 << 24; ///< coordinate, to either side, and size of rectangles
+    static constexpr int LargestPixel = 1 << 24; ///< of coordinates, either way, and of sizes
 
     /// @p place and @p error must outlive the object; @p error is only written when it is empty.
     CStrictObject(const QJsonValue &value, const SJsonPlace &place, QString &error);
@@ -47,11 +47,11 @@ public:
     /// Well-formed Unicode without control characters, of at most @p longest characters.
     QString text(const char *key, int longest);
     QString textOr(const QString &fallback, const char *key, int longest);
-    /// The path of a file, in which control characters are allowed.
+    /// A file path, which may contain control characters.
     QString pathOr(const QString &fallback, const char *key, int longest);
     /// 36 characters, without braces; never null.
     QUuid uuid(const char *key);
-    /// The value null stands for no identity.
+    /// The JSON value null means no identity.
     QUuid uuidOr(const QUuid &fallback, const char *key);
     /// Written [width, height], each 1 to @p largest.
     QSize size(const char *key, int largest);
@@ -70,7 +70,7 @@ public:
     bool has(const char *key) const;
 
     SJsonPlace placeOf(const char *key) const { return {&m_place, key, -1}; }
-    /// Reports @p what at the member; for rules that this class does not know.
+    /// Reports the error @p what at the member; for rules that this class does not know.
     void fail(const char *key, const QString &what);
     /// Reports the members that were not read. Returns whether the document has no error so far.
     bool finish();

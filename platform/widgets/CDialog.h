@@ -7,22 +7,23 @@
 
 class QVBoxLayout;
 
-/// Base of all dialogs: a title, a content area and a row of standard buttons below it. It may be resized
-/// unless its owner calls setFixedSize(), and is wide enough for its title unless that is too narrow. The Tab
-/// key goes through the content first, then the buttons; Alt with an underlined letter leads to a field.
+/// Base of all dialogs: a title, a content area and a row of standard buttons below it. It can be resized
+/// unless its owner calls setFixedSize(), and is at least as wide as its title needs unless a fixed size is
+/// too narrow. The Tab key goes through the content first, then the buttons; Alt with an underlined letter
+/// focuses a field.
 class CDialog : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// A dialog with @p buttons: the accepting ones accept and the rejecting ones reject it; the owner
+    /// A dialog with @p buttons. Buttons with accepting and rejecting roles accept and reject it; the owner
     /// connects Apply and Reset.
     CDialog(const QString &title, QDialogButtonBox::StandardButtons buttons, QWidget *parent);
 
     QVBoxLayout *contentLayout() const { return m_content; }
     QDialogButtonBox *buttonBox() const { return m_buttons; }
 
-    /// Makes @p button, which must belong to the dialog, the one that Enter presses.
+    /// Makes Enter press @p button, which must belong to the dialog.
     void setDefaultButton(QDialogButtonBox::StandardButton button);
 
 protected:

@@ -7,22 +7,21 @@
 
 class QMenu;
 
-/// A button with a drop-down of variants of one operation: a click runs the default variant, the first one.
-/// Down or F4 opens the drop-down from the keyboard.
+/// A button with a drop-down menu of variants of one operation. A click runs the default variant, the first
+/// one; the Down and F4 keys open the menu.
 class CMenuToolButton final : public QToolButton
 {
     Q_OBJECT
 
 public:
-    /// @p caption is what the button shows, whichever variant is the default.
+    /// The button always shows @p caption, whichever variant is the default.
     explicit CMenuToolButton(const QString &caption, QWidget *parent = nullptr);
 
-    /// Adds a variant that carries @p value as its data; a click on the button itself always means the first
-    /// one. The button owns it.
+    /// Adds a variant with @p value as its data; the button owns the action.
     QAction *addAction(const QString &text, const QVariant &value);
 
-    /// Blocks the default variant, which must exist: a click then does nothing, the others can
-    /// still be chosen. @p reason is shown as tool tip; an empty one lifts the block.
+    /// Blocks the default variant, which must exist: a click then does nothing, but the others can still be
+    /// chosen. @p reason is shown as a tool tip; an empty one unblocks it.
     void setDefaultBlocked(const QString &reason);
 
 Q_SIGNALS:

@@ -6,7 +6,7 @@
 
 class QWidget;
 
-/// The application's message boxes, always titled "Orvo". They block until the user has answered. GUI thread.
+/// The application's message boxes, always titled "Orvo". They block until the user answers. GUI thread.
 class CMessageBox final
 {
 public:

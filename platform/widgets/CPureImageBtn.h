@@ -6,7 +6,7 @@
 
 #include <array>
 
-/// A button that is only a picture, with one for each of its states.
+/// A button that consists only of a picture, with one picture per state.
 class CPureImageBtn final : public QAbstractButton
 {
     Q_OBJECT
@@ -27,5 +27,5 @@ private:
     enum State { Normal, Hover, Checked, Pressed, Disabled, StateCount };
     State state() const;
 
-    std::array<QIcon, StateCount> m_pictures; ///< null where the family has no picture of its own
+    std::array<QIcon, StateCount> m_pictures; ///< null if the family has no such picture
 };

@@ -4,7 +4,7 @@
 
 #include <QScrollArea>
 
-/// A frameless area that scrolls a column of widgets up and down; its content takes the area's width.
+/// A frameless area that scrolls a column of widgets vertically; its content has the area's width.
 class CScrollArea : public QScrollArea
 {
     Q_OBJECT

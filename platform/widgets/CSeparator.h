@@ -4,7 +4,7 @@
 
 #include <QWidget>
 
-/// A thin line across a column that separates what does not belong together.
+/// A thin horizontal line that separates sections of a column.
 class CSeparator final : public QWidget
 {
     Q_OBJECT

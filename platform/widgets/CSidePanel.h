@@ -7,7 +7,7 @@
 class CUnitLabel;
 class QVBoxLayout;
 
-/// A column of units at the side of an editor, which scrolls when the units need more room than there is.
+/// A column of units beside an editor; it scrolls if the units do not fit.
 class CSidePanel : public CScrollArea
 {
     Q_OBJECT
@@ -15,7 +15,7 @@ class CSidePanel : public CScrollArea
 public:
     explicit CSidePanel(QWidget *parent = nullptr);
 
-    /// Puts @p unit below the others and takes ownership of it.
+    /// Adds @p unit below the others and takes ownership.
     void addUnit(CUnitLabel *unit);
 
 private:

@@ -10,12 +10,12 @@ class QApplication;
 class CTheme final
 {
 public:
-    /// Gives @p application the look. Called once, before the first window is shown. GUI thread.
+    /// Applies the look to @p application. Call once, before the first window is shown. GUI thread.
     static void apply(QApplication &application);
 
-    /// The theme's text colour, light or dark, that reads best on @p background.
+    /// The theme's light or dark text colour, whichever is easier to read on @p background.
     static QColor textOn(const QColor &background);
 
-    /// How far two opaque colours differ in lightness: 1 (not at all) to 21 (black and white).
+    /// The contrast ratio of two opaque colours: 1 (equal) to 21 (black and white).
     static double contrast(const QColor &a, const QColor &b);
 };

@@ -7,7 +7,7 @@
 class QToolButton;
 class QVBoxLayout;
 
-/// A titled block of a side panel, which a click on its title, or Space or Enter on it, folds and unfolds.
+/// A titled block of a side panel. A click on its title, or Space or Enter, collapses and expands it.
 class CUnitLabel : public QWidget
 {
     Q_OBJECT
@@ -18,11 +18,11 @@ public:
     void SetTitle(const QString &title);
     QString title() const;
 
-    /// Hides or shows everything below the title. A new unit is unfolded.
+    /// Hides or shows everything below the title. A new unit is expanded.
     void setCollapsed(bool collapsed);
     bool isCollapsed() const;
 
-    /// The layout of what the unit shows.
+    /// The layout for the unit's content.
     QVBoxLayout *contentLayout() const { return m_contentLayout; }
 
 protected:

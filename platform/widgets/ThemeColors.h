@@ -4,20 +4,19 @@
 
 #include <QColor>
 
-/// The colours of the application's dark look, by what they are for. Nothing else names a colour of the
-/// theme.
+/// The colours of the application's dark look, named by purpose. No other file defines colours of the theme.
 namespace ThemeColors {
 
 constexpr QRgb Frame = qRgb(31, 31, 36);       ///< windows, panels, dialogs
-constexpr QRgb Base = qRgb(20, 20, 24);        ///< behind lists, tables, text to edit, bars
+constexpr QRgb Base = qRgb(20, 20, 24);        ///< background of lists, tables, text fields, bars
 constexpr QRgb Raised = qRgb(52, 52, 60);      ///< buttons, menus, tool tips
 constexpr QRgb RaisedHover = qRgb(66, 66, 76); ///< the same under the mouse
 constexpr QRgb Border = qRgb(8, 8, 8);         ///< lines between areas
-constexpr QRgb Outline = qRgb(112, 112, 122);  ///< the edge of a control that only its edge shows
+constexpr QRgb Outline = qRgb(112, 112, 122);  ///< the border of controls without a fill
 
 constexpr QRgb Text = qRgb(240, 240, 246);
 constexpr QRgb SoftText = qRgb(202, 202, 210); ///< captions, headings
-constexpr QRgb DimText = qRgb(136, 136, 146);  ///< hints, whatever is disabled; on Frame or Base only
+constexpr QRgb DimText = qRgb(136, 136, 146);  ///< hints, disabled texts; on Frame or Base only
 constexpr QRgb DarkText = qRgb(8, 8, 8);       ///< on bright colours
 
 constexpr QRgb Accent = qRgb(38, 92, 190); ///< selection, the main button

@@ -12,23 +12,24 @@
 
 #include <mutex>
 
-/// Keeps what was notified, as text: "26 <uuid>", "11 1 2 on".
+/// Records notifications as text: "26 <uuid>", "11 1 2 on".
 class CNotificationLog final : public CObserver
 {
 public:
     void Update(CSubject &subject) override;
     QStringList take();        ///< since the last call
-    QString waitFor(int code); ///< the text of the next notification with that code; empty when none comes
+    QString waitFor(int code); ///< the text of the next notification with that code; empty if none comes
 
 private:
     std::mutex m_mutex;
     QStringList m_texts;
 };
 
-/// A manager of the simulated park without delays, detected, with its handler and a log of its notifications.
+/// A device manager with the simulated park, without delays and after a detection, with its handler and a log
+/// of its notifications.
 struct CDeviceFixture
 {
-    /// @p stateFolder: where the processors keep their state; empty: a folder of its own.
+    /// @p stateFolder: where the processors keep their state; empty: a temporary folder.
     explicit CDeviceFixture(double delayScale = 0, const QString &stateFolder = {});
     ~CDeviceFixture();
 
@@ -40,14 +41,14 @@ struct CDeviceFixture
     /// Lets @p start begin a job and waits for its outcome.
     SDeviceOutcome outcomeOf(const std::function<void(CDeviceJobs::Done)> &start);
     SDeviceOutcome detect();
-    /// Switches all processors of the park off but that one, and detects it: quick although delays are long.
+    /// Switches off all processors of the park except that one, and detects: quick even with long delays.
     QUuid detectAlone(const char *name);
     SDeviceOutcome save(const QUuid &processor);
     SDeviceOutcome read(const QUuid &processor);
     /// Commits the processor's layout with one cabinet of @p port moved, as the module would.
     void edit(const QUuid &processor, int port = 0);
     void lockPort(const QUuid &processor, int port, bool locked = true);
-    /// What was notified up to now, and that with the code 2, which is waited for.
+    /// Waits for the notification with code 2; returns everything notified so far.
     QStringList notifiedUpToDetection();
 
     QTemporaryDir folder;

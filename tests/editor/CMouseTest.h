@@ -10,7 +10,8 @@
 
 #include <memory>
 
-/// Each test has a view of the small world of its own, whose scene must be sound in the end.
+/// Base of mouse tests: each test gets its own view of the small world, whose scene must be consistent at the
+/// end.
 class CMouseTest : public CTestBase
 {
     Q_OBJECT

@@ -40,9 +40,9 @@ groupOf(QVector<CabinetLayout::CabinetPort::Cabinet> cabinets,
     return group;
 }
 
-/// Port 0: three loose cabinets in a row from the origin. Port 1: a pair in a group in another group, which
-/// is an L. Port 2: a pair that tiles a rectangle, and one of two types. Port 3: two cabinets of two
-/// receivers, the second with a fixed direction.
+/// Port 0: three loose cabinets in a row from the origin. Port 1: an L-shaped group that contains a group of
+/// two. Port 2: a group of two that tiles a rectangle, and a group of two different types. Port 3: two
+/// cabinets with two receivers each, the second with a fixed direction.
 inline LayoutData mouseWorld()
 {
     auto receivers = SmallWorlds::receiverPort(3);
@@ -60,7 +60,7 @@ inline LayoutData mouseWorld()
 
 } // namespace MouseWorld
 
-/// A view of a small world, and a hand on the mouse. Places are scene coordinates.
+/// A view of a small world, and its simulated mouse. Positions are scene coordinates.
 class CMouseTester final
 {
 public:
@@ -75,7 +75,7 @@ public:
         m_view.show();
     }
 
-    /// Makes scene units and pixels the same; once the view is shown.
+    /// Sets the scale so that scene units are pixels. Call after the view is shown.
     void showAtActualSize()
     {
         m_view.setScaleFactor(1);
@@ -84,7 +84,7 @@ public:
 
     CLayoutGraphicsView &view() { return m_view; }
     CFixedPortStates &states() { return m_states; }
-    /// The layout as it was at first.
+    /// The initial layout.
     const CabinetLayout &original() const { return m_data.layout; }
 
     CCabinetGraphicsScene &scene() { return m_view.cabinetScene(); }
@@ -116,7 +116,7 @@ public:
     {
         send(QEvent::MouseButtonPress, place, true, keys);
     }
-    /// The right button, alone or beside the left one.
+    /// The right button, alone or while the left one is pressed.
     void pressRight(const QPoint &place, bool besideLeft = false, Qt::KeyboardModifiers keys = {})
     {
         sendButton(QEvent::MouseButtonPress, place, Qt::RightButton,
@@ -124,14 +124,14 @@ public:
         sendButton(QEvent::MouseButtonRelease, place, Qt::RightButton,
                    besideLeft ? Qt::LeftButton : Qt::NoButton, keys);
     }
-    /// What follows a press of the right button.
+    /// The event that follows a press of the right button.
     void contextMenu(const QPoint &place)
     {
         const QPoint local = m_view.mapFromScene(place);
         QContextMenuEvent event(QContextMenuEvent::Mouse, local, m_view.viewport()->mapToGlobal(local));
         QApplication::sendEvent(m_view.viewport(), &event);
     }
-    /// With Alt nothing catches at edges.
+    /// With Alt nothing snaps to edges.
     void moveTo(const QPoint &place, Qt::KeyboardModifiers keys = Qt::AltModifier)
     {
         send(QEvent::MouseMove, place, true, keys);

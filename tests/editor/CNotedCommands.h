@@ -9,16 +9,16 @@
 
 #include <functional>
 
-/// Commands for tests: notes what is asked for.
+/// Commands for tests: records the calls.
 class CNotedCommands final : public IEditorCommands
 {
 public:
     QStringList calls;
-    QString refusal;         ///< of reading a configuration back
+    QString refusal;         ///< the answer of readbackRefusal()
     QList<Cabinet> cabinets; ///< of the last call
     CabinetHighlight highlighted = CabinetHighlight::Off;
-    bool highlights = true;         ///< whether the processor does
-    std::function<void()> choosing; ///< is done when a type is to be chosen, in place of a dialog
+    bool highlights = true;         ///< the answer of highlight()
+    std::function<void()> choosing; ///< called by chooseType() instead of a dialog
 
     void fillCurrentPort(QWidget *) override { note("fill"); }
     void resetFills(QWidget *) override { note("reset fills"); }

@@ -6,10 +6,10 @@
 
 class CCabinetGraphicsScene;
 
-/// Checks what must hold of a scene between any two operations.
+/// Checks the invariants of a scene between operations.
 class CSceneVerifier final
 {
 public:
-    /// What does not hold, in words; empty when all is well. Walks every item.
+    /// Describes the violated invariant; empty if there is none. Walks all items.
     static QString faultIn(const CCabinetGraphicsScene &scene);
 };

@@ -146,7 +146,7 @@ inline CUndoCommandBase *breakGroup(Group &group)
     return makeWith<CBreakGroupCommand>(group, ItemFactories::anew(group));
 }
 
-/// Takes an item away behind the commands' back.
+/// Deletes an item without a command.
 inline void vanish(Scene &scene, CGraphicsItemBase &item)
 {
     for (Cabinet *concerned : item.concernedCabinets())

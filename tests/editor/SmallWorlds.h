@@ -5,7 +5,7 @@
 #include "layout/api/records/LayoutData.h"
 #include "layout/api/records/ProcessorTree.h"
 
-/// Small layouts for tests of the editor, in the form in which the editor reads layouts back.
+/// Small layouts for tests of the editor, in the form in which the editor returns layouts.
 namespace SmallWorlds {
 
 using Port = CabinetLayout::CabinetPort;
@@ -14,7 +14,7 @@ using Group = Port::CabinetGroup;
 
 constexpr int Side = 128; ///< of a cabinet, in pixels
 
-/// A cabinet of a 32-column grid; each port has a band of rows of its own.
+/// A cabinet in a 32-column grid; each port has its own rows.
 inline Cabinet cabinet(int port, int place, int rank)
 {
     constexpr int columns = 32;

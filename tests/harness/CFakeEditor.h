@@ -5,7 +5,7 @@
 #include "layout/api/access/ILayoutSource.h"
 #include "layout/api/records/LayoutData.h"
 
-/// Stands for the editor: gives the layout that the test has made.
+/// Replaces the editor: returns the layout that the test has set.
 class CFakeEditor final : public ILayoutSource
 {
 public:

@@ -12,8 +12,8 @@
 #include <mutex>
 #include <thread>
 
-/// A handler for tests: notes every call and gives the answers that the test has put into its members. Any
-/// thread may call it at any time; a test gets at its members by CFakeHost::answers() only.
+/// A handler for tests: records every call and returns the answers that the test has put into its members.
+/// Any thread may call it at any time; tests access its members through CFakeHost::answers() only.
 class CFakeHandler final : public CUncalledOperations
 {
 public:
@@ -36,7 +36,7 @@ public:
     QList<QPair<QUuid, QUuid>> redundancies;
     QList<SPortPair> portPairs;
     QHash<SPortKey, QString> portRefusals;
-    QSet<QString> refused; ///< names of the operations that give false
+    QSet<QString> refused; ///< names of the operations that return false
     QString error = QStringLiteral("The processor does not answer.");
     SDeviceOutcome outcome; ///< how background operations end
     int preparation = 0;
@@ -51,16 +51,16 @@ public:
     SSignalModes modes{{50, 60, 120, 240}, {8, 10, 12}};
     CanvasBlock block = CanvasBlock::None;
     QList<SCurrentGain> gains;
-    LayoutData saved;                      ///< what saveMapping() was given
-    SMappingOptions readOptions;           ///< what readMapping() was given
+    LayoutData saved;                      ///< the argument of saveMapping()
+    SMappingOptions readOptions;           ///< the argument of readMapping()
     ReadSaveMappingRole role{};            ///< of the last read or save
     bool answerLater = false;              ///< reads and saves wait for CFakeHost::endWaiting()
-    std::function<void(QString)> onCalled; ///< told each call's text, on the calling thread
+    std::function<void(QString)> onCalled; ///< called with each call's text, on the calling thread
 
     // What was called.
     /// The calls so far, each as "name" or "name(arguments)", in order.
     QStringList calls() const;
-    /// How many calls there were of the operation @p name.
+    /// Number of calls of the operation @p name.
     int count(const QString &name) const;
     /// The thread of the last call of @p name.
     std::thread::id threadOf(const QString &name) const;
@@ -177,7 +177,7 @@ private:
     friend class CFakeHost;
     using Lock = std::unique_lock<std::recursive_mutex>;
 
-    /// Notes the call; the members are safe as long as the lock lives.
+    /// Records the call; the members are protected as long as the lock lives.
     template <typename... Arguments>
     Lock note(const char *name, const Arguments &...arguments) const
     {
@@ -216,8 +216,8 @@ private:
     std::vector<Done> m_waiting;
 };
 
-/// The members of a fake handler, which no other thread sees or changes as long as this lives: for one
-/// expression, answers()->current, or for a scope when it has a name. A range of a loop takes a name.
+/// Locked access to the members of a fake handler, for one expression (answers()->current) or, as a named
+/// object, for a scope. In the range of a for loop, use a named object.
 class CFakeAnswers final
 {
 public:

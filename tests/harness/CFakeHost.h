@@ -10,7 +10,7 @@
 
 enum class LayoutNotification : int;
 
-/// A host for tests: a handler that notes its calls, and notifications from a thread of their own.
+/// A host for tests: a handler that records its calls, and notifications from their own thread.
 class CFakeHost final : public IAbstractControlInterface
 {
 public:
@@ -23,18 +23,18 @@ public:
     CSubject *subject() override { return &m_subject; }
     void stop() override {}
 
-    /// What the handler answers and was called, locked for the expression or scope.
+    /// The handler's answers and recorded calls, locked for the expression or scope.
     CFakeAnswers answers() { return CFakeAnswers(*m_handler); }
     /// Adds an online processor with @p ports ports, each with @p cabinets wired cabinets of 100 x 100 pixels
-    /// in a row, to the tree; gives its key.
+    /// in a row, to the tree. Returns its key.
     QUuid addProcessor(const QString &name, int ports, int cabinets = 0);
-    /// Makes @p processor the selected and the current one, without telling anybody.
+    /// Makes @p processor the selected and the current one, without a notification.
     void choose(const QUuid &processor);
 
-    /// Ends the read or save that waits longest.
+    /// Ends the read or save that has waited longest.
     void endWaiting(const SDeviceOutcome &outcome) { m_handler->endWaiting(outcome); }
 
-    /// Notifies on a thread of its own and waits for its end. Throws what the update has thrown.
+    /// Notifies on a separate thread and waits for its end. Passes on exceptions of the update.
     void notify(LayoutNotification code, std::any argument = {});
     /// The thread of the last notification.
     std::thread::id updateThread() const { return m_updateThread; }

@@ -7,7 +7,7 @@
 #include <QLineEdit>
 #include <QObject>
 
-/// Answers the next file dialog as a user does; an empty name cancels it. Notes its title and proposal.
+/// Answers the next file dialog as a user does; an empty name cancels it. Records its title and proposal.
 class CFileDialogAnswerer final : public QObject
 {
 public:

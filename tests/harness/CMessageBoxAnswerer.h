@@ -7,8 +7,8 @@
 #include <QStringList>
 #include <QVector>
 
-/// Answers message boxes while it lives, as a user does: waits for a box to be on screen, finds the button by
-/// its text and clicks it. A box that no answer was given for, or that lacks the button, is closed with a
+/// Answers message boxes during its lifetime, as a user does: waits for a box to be on screen, finds the
+/// button by its text and clicks it. A box without a given answer, or without that button, is closed with a
 /// warning, which fails the test.
 class CMessageBoxAnswerer final : public QObject
 {
@@ -26,12 +26,12 @@ public:
         QString defaultButton;
     };
 
-    /// Presses @p answers, one a box, in this order: CMessageBoxAnswerer user({"Yes", "OK"}).
+    /// Presses @p answers, one per box, in this order: CMessageBoxAnswerer user({"Yes", "OK"}).
     explicit CMessageBoxAnswerer(const QStringList &answers);
     ~CMessageBoxAnswerer() override;
 
     const QVector<SBox> &boxes() const { return m_boxes; } ///< all boxes answered so far
-    QStringList texts() const;                             ///< their texts alone
+    QStringList texts() const;                             ///< only their texts
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

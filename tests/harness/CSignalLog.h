@@ -8,8 +8,8 @@
 
 #include <type_traits>
 
-/// Notes a signal's emissions on the thread that made the log; those of other threads once its events are
-/// processed. Unlike a signal spy it may watch an object that several threads use.
+/// Records a signal's emissions on the thread that created the log; those of other threads when its events
+/// are processed. Unlike QSignalSpy it can watch an object used by several threads.
 class CSignalLog final : public QObject
 {
 public:

@@ -6,15 +6,16 @@
 #include <QRegularExpression>
 #include <QtTest>
 
-/// How long a test waits for what must come, before it fails: enough for a sanitizer on a slow, busy machine.
+/// How long a test waits for something expected before it fails: enough for a sanitizer on a slow, busy
+/// machine.
 constexpr int PatienceMilliseconds = 30000;
 #undef QTRY_VERIFY
 #define QTRY_VERIFY(condition) QTRY_VERIFY_WITH_TIMEOUT(condition, PatienceMilliseconds)
 #undef QTRY_COMPARE
 #define QTRY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, PatienceMilliseconds)
 
-/// Base of all test classes: a warning that was not announced with expectWarning() fails the test.
-/// A test class that has init() or cleanup() of its own calls these first.
+/// Base of all test classes: a warning that was not announced with expectWarning() fails the test. A test
+/// class with its own init() or cleanup() must call these.
 class CTestBase : public QObject
 {
     Q_OBJECT
@@ -28,8 +29,8 @@ protected Q_SLOTS:
     void cleanup();
 };
 
-/// Prepares the process before an application object exists: offscreen unless told otherwise, 96 dpi, a
-/// private home.
+/// Prepares the process before an application object exists: offscreen by default, 96 dpi, a private home
+/// folder.
 class CTestEnvironment final
 {
 public:

@@ -6,7 +6,8 @@
 
 #include <QtGlobal>
 
-/// The operations that nothing in the module calls yet. An answer moves to CFakeHandler with the first call.
+/// The operations that the module does not call yet. Move an operation to CFakeHandler when it is first
+/// called.
 class CUncalledOperations : public ILayoutInterfaceHandler
 {
 public:

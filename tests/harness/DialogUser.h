@@ -12,7 +12,7 @@
 
 #include <functional>
 
-/// Acts in the next dialog once it is on screen.
+/// Calls @p act with the next dialog once it is on screen.
 template <typename Dialog>
 void inNext(const std::function<void(Dialog &)> &act)
 {
@@ -28,7 +28,7 @@ inline QPushButton *okOf(const CDialog &dialog)
     return dialog.buttonBox()->button(QDialogButtonBox::Ok);
 }
 
-/// A text as it is read, without the mark of its mnemonic.
+/// A text as shown, without the mark of its mnemonic.
 inline QString withoutMnemonic(QString text)
 {
     return text.remove(QLatin1Char('&'));
@@ -44,7 +44,7 @@ inline QPushButton *buttonOf(const QWidget &dialog, const QString &text)
     return nullptr;
 }
 
-/// The control that assistive tools know by @p name; null: none.
+/// The control with the accessible name @p name; null: none.
 template <typename Control>
 Control *named(const QWidget &dialog, const char *name)
 {
@@ -55,7 +55,7 @@ Control *named(const QWidget &dialog, const char *name)
     return nullptr;
 }
 
-/// The control that the label of that text belongs to; null: none.
+/// The buddy of the label with that text; null: none.
 template <typename Control>
 Control *labelled(const QWidget &dialog, const char *text)
 {

@@ -7,7 +7,7 @@
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/StoreBarrier.h"
 
-/// A host, and a store that listens to it.
+/// A host, and a store that observes it.
 struct SStoreWorld
 {
     SStoreWorld() { host.subject()->attach(store); }
@@ -17,7 +17,7 @@ struct SStoreWorld
         store.stop();
     }
 
-    /// Brings @p processor into view, also of the store.
+    /// Brings @p processor into view in host and store.
     void show(const QUuid &processor)
     {
         host.choose(processor);

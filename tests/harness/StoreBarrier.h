@@ -10,9 +10,9 @@
 #include <QEventLoop>
 #include <QTimer>
 
-/// Returns when the notification worker of @p store, which is attached to @p host, has done all that was
-/// posted to it, and what it queued for this thread has been delivered. Both must hold the same processor for
-/// current. It takes a finished detection for that: what the store does then begins with one signal and ends
+/// Returns when the notification worker of @p store, which must be attached to @p host, has done all queued
+/// work, and its queued signals have been delivered on this thread. Both must have the same current
+/// processor. Uses a finished detection for that: the store's work for it begins with one signal and ends
 /// with another.
 inline void settle(CFakeHost &host, CLayoutData &store)
 {

@@ -8,7 +8,7 @@
 
 #include <vector>
 
-/// Notes what a unit wants read and saved; ends it when the test says so.
+/// Records what a unit reads and saves; ends it when the test calls end().
 class CNotedMappingCommands final : public IMappingCommands
 {
 public:

@@ -13,7 +13,7 @@
 
 #include <QtTest>
 
-/// A type of the library, of one receiver.
+/// A type of the library, with one receiver.
 inline SSettings::TypeLibrary::STreeNode typeNode(const char *name, int width, int height)
 {
     SSettings::TypeLibrary::STreeNode node;
@@ -42,7 +42,7 @@ struct SCommandWorld final : SStoreWorld
         store.setLayoutSource(nullptr);
     }
 
-    /// Brings a processor with so many ports and cabinets a port into view.
+    /// Brings a processor with @p ports ports of @p cabinets cabinets each into view.
     void open(int ports, int cabinets)
     {
         const QUuid processor = host.addProcessor(QStringLiteral("Main"), ports, cabinets);

@@ -6,8 +6,8 @@
 
 #include <QByteArrayList>
 
-/// Stands in for the operating system as long as it lives: notes the calls, and lets one or all from one on
-/// fail. What fails is not done, but for close().
+/// Replaces the operating system during its lifetime: records the calls, and makes one, or all from one on,
+/// fail. A failing call has no effect, except close().
 class CFaultyFileSystem final : public CFileSystem
 {
 public:
@@ -15,9 +15,9 @@ public:
     struct SFault
     {
         QByteArray call;     ///< e.g. "open"; empty: none
-        int number = 1;      ///< of the call of that name, from 1
+        int number = 1;      ///< number of the call of that name, from 1
         int reason = 0;      ///< the value of errno
-        bool onward = false; ///< all later ones, too
+        bool onward = false; ///< all later ones fail, too
     };
 
     CFaultyFileSystem(); ///< nothing fails

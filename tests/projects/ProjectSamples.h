@@ -8,7 +8,7 @@
 #include <QByteArray>
 #include <QString>
 
-/// Values that the tests of project files share.
+/// Values shared by the tests of project files.
 namespace ProjectSamples {
 
 /// A project of that wall.

@@ -13,7 +13,7 @@
 
 #include <memory>
 
-/// Uses a dialog of pairs as a user does; what stands in list and table is read as texts.
+/// Uses a dialog of pairs as a user does; reads list and table as texts.
 class CPairTester final
 {
 public:
@@ -28,7 +28,7 @@ public:
     QAbstractButton *tool(const char *name) const { return named<QAbstractButton>(m_dialog, name); }
     QModelIndex cell(int row, int column) const { return view().model()->index(row, column); }
 
-    /// The rows as far as they are filled: "A>B|C>".
+    /// The filled rows: "A>B|C>".
     QString rows() const
     {
         QStringList rows;
@@ -39,7 +39,7 @@ public:
         return rows.join(QLatin1Char('|'));
     }
 
-    /// Drops an entry of the list on a cell, or what another cell of the table holds.
+    /// Drops an entry of the list, or the content of another cell, on a cell.
     void drop(const QUuid &key, int row, int column, bool fromTable = false)
     {
         const std::unique_ptr<QMimeData> data(CBackupList::dataOf(key));

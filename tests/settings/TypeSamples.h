@@ -9,8 +9,8 @@ using TypeNode = SSettings::TypeLibrary::STreeNode;
 using TypeInfo = TypeNode::RcvTypeInfo;
 using SampleCabinets = QList<CabinetLayout::CabinetPort::Cabinet>;
 
-/// The type of that name. "Lighter" weighs less than the others, "Table" has a gamma table of its own, "Bare"
-/// is known by its pixels alone; "Lost" is in no library.
+/// The type with that name. "Lighter" weighs less than the others, "Table" has a gamma table of its own,
+/// "Bare" has nothing but its size in pixels; "Lost" is in no library.
 inline TypeInfo typeOf(const QString &name)
 {
     TypeInfo type;
@@ -46,7 +46,7 @@ inline TypeInfo typeOfKey(const SMD5 &key)
     return {};
 }
 
-/// A type of its own size.
+/// A type with that size.
 inline TypeInfo typeOfSize(const char *name, const QSize &size)
 {
     TypeInfo type = typeOf(name);
@@ -73,7 +73,7 @@ inline TypeNode folder(const char *name, const QVector<TypeNode> &children)
     return node;
 }
 
-/// Cabinets of these types, "" for none; 128 × 96 pixels each, somewhere on the canvas.
+/// Cabinets of these types, "" for none; 128 × 96 pixels each.
 inline SampleCabinets cabinetsOf(const QStringList &types)
 {
     SampleCabinets cabinets;

@@ -6,8 +6,8 @@
 
 #include <QWidget>
 
-/// A square of all colours of one hue; saturation grows to the right, value upwards. A colour is picked with
-/// the mouse or the arrow keys (with Shift in wider steps).
+/// A square with all colours of one hue; saturation grows to the right, value upwards. The user picks a
+/// colour with the mouse or the arrow keys (in larger steps with Shift).
 class CColorSVPanel final : public QWidget
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ public:
 
     /// Shows @p color without announcing it.
     void setColor(const CHsvColor &color);
-    /// Where in the panel the colour lies that is shown.
+    /// The position of the shown colour in the panel.
     QPoint marker() const;
 
 Q_SIGNALS:

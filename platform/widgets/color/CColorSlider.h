@@ -5,7 +5,7 @@
 #include <QGradient>
 #include <QSlider>
 
-/// A horizontal slider over a strip of colours, from which a click picks one.
+/// A horizontal slider over a strip of colours; a click picks a colour.
 class CColorSlider final : public QSlider
 {
     Q_OBJECT

@@ -4,9 +4,9 @@
 
 #include <QColor>
 
-/// An opaque colour that is edited by hue, saturation and value as well as by red, green and blue. Unlike
-/// QColor it remembers the hue of a grey and the saturation of black, so that a control that passes through
-/// grey or black comes back to the colour before.
+/// An opaque colour that can be edited by hue, saturation and value as well as by red, green and blue. Unlike
+/// QColor it remembers the hue of grey and the saturation of black, so that a control that passes through
+/// grey or black returns to the previous colour.
 class CHsvColor final
 {
 public:

@@ -8,9 +8,9 @@
 
 #include <limits>
 
-/// A spin box that takes a typed number beyond its range as the nearest limit, and shows that limit when the
-/// input ends. Qt's own drop the digit that leads beyond the maximum, so that 4000 becomes 400, and
-/// restore the value before if the number is too small.
+/// A spin box that treats a typed number beyond its range as the nearest limit, and shows that limit when the
+/// input ends. Qt's own spin boxes drop the digit that exceeds the maximum, so that 4000 becomes 400, and
+/// restore the previous value if the number is too small.
 template <typename SpinBox>
 class CClampedSpinBox final : public SpinBox
 {
@@ -31,7 +31,7 @@ protected:
         return isAboveRange(text) ? this->maximum() : SpinBox::valueFromText(text);
     }
 
-    /// More digits may follow a number that is too small, so it is not taken before the input ends.
+    /// More digits may follow a number that is too small, so it is corrected only when the input ends.
     void fixup(QString &text) const override
     {
         SpinBox::fixup(text);
@@ -39,7 +39,7 @@ protected:
             text = this->prefix() + this->textFromValue(this->minimum()) + this->suffix();
     }
 
-    /// Return confirms a dialog only when the text shows the value that is taken.
+    /// Return accepts a dialog only if the text already shows the value that is used.
     void keyPressEvent(QKeyEvent *event) override
     {
         const QString typed = this->text();

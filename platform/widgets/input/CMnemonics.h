@@ -4,12 +4,12 @@
 
 class QDialog;
 
-/// Letters that reach the fields and buttons of a dialog together with Alt. GUI thread.
+/// Assigns the letters that, with Alt, focus fields and press buttons of a dialog. GUI thread.
 class CMnemonics final
 {
 public:
-    /// Gives a letter to each field label and each button of @p dialog that has none: the first letter of a
-    /// word, or else any letter, that is still free. Texts without a free letter stay as they are, and so
-    /// does the row of standard buttons, which Return and Escape reach.
+    /// Assigns a letter to each field label and each button of @p dialog that has none: the first free
+    /// initial of a word, or else the first free letter. Texts without a free letter are not changed, nor is
+    /// the row of standard buttons, for which there are Return and Escape.
     static void assign(QDialog &dialog);
 };

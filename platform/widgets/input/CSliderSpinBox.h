@@ -7,30 +7,29 @@
 class QSlider;
 class QSpinBox;
 
-/// A whole number to be set by a slider or in a spin box beside it, whichever is more convenient; both always
-/// show the same value.
+/// A slider and a spin box for the same whole number; both always show the same value.
 class CSliderSpinBox final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// The widths are pixels. A spin box that is too narrow for arrow buttons has none; arrow keys and
-    /// wheel work.
+    /// Widths are in pixels. A spin box that is too narrow for arrow buttons has none; arrow keys and wheel
+    /// still work.
     CSliderSpinBox(int sliderWidth, int spinBoxWidth, QWidget *parent = nullptr);
 
-    /// At first 0 to 100.
+    /// Sets the range; initially 0 to 100.
     void setRange(int minimum, int maximum);
-    /// What the spin box shows behind the number.
+    /// Sets the text that the spin box shows after the number.
     void setSuffix(const QString &suffix);
-    /// What assistive tools call both controls.
+    /// Sets the accessible name of both controls.
     void setName(const QString &name);
 
     int value() const;
-    /// Sets @p value, moved into the range; announced like a change by the user.
+    /// Sets the value, limited to the range; announced like a change by the user.
     void setValue(int value);
 
 Q_SIGNALS:
-    /// Once for each change, whoever made it.
+    /// Sent once per change, by the user or by setValue().
     void valueChanged(int value);
 
 private:

@@ -7,13 +7,13 @@
 #include <QUuid>
 #include <QVector>
 
-/// Which cabinets a straight line enters, found piece by piece.
+/// Finds which cabinets a straight line enters, in small steps.
 class CPlainStroke final
 {
 public:
     using Cells = QVector<QPair<QUuid, QRect>>;
 
-    /// In the order in which the way enters them, one more than once where it leaves and comes back; of those
-    /// that it enters at once the upper, then the left one first.
+    /// In the order in which the line enters them, repeatedly if it leaves and returns; where it enters
+    /// several at once, upper before lower, then left before right.
     static QVector<QUuid> crossed(const Cells &cells, const QPointF &from, const QPointF &to);
 };

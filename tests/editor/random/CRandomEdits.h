@@ -8,18 +8,18 @@
 
 class QAction;
 
-/// One random edit of the selection or of a port, by call, by mouse or by an entry of a menu.
+/// One random edit of the selection or of a port, by call, by mouse or by menu entry.
 class CRandomEdits final
 {
 public:
-    /// @p expected is told what the edit means.
+    /// @p expected gets the same edit.
     CRandomEdits(SRandomScene &world, QRandomGenerator &random, CReferenceModel &expected);
 
-    /// Gives whether the edit may change the layout.
+    /// Returns whether the edit may change the layout.
     bool carryOut(int kind);
-    /// What was carried out, of a menu the entry.
+    /// The kind that was carried out; for a menu, that of the entry.
     int kind() const { return m_kind; }
-    /// What must be selected afterwards; nothing where that is open.
+    /// What must be selected afterwards; empty if that is not defined.
     const std::optional<QSet<QUuid>> &selection() const { return m_selection; }
     bool isHighlight() const { return m_highlights; }
 
@@ -55,7 +55,7 @@ private:
     int m_kind = 0;
     bool m_highlights = false;
     std::optional<QSet<QUuid>> m_selection;
-    QAction *m_entry = nullptr; // acts in place of the scene
-    QUuid m_clicked;            // the item that its menu belongs to; null: the canvas
-    int m_entryPort = -1;       // that its menu is about
+    QAction *m_entry = nullptr; // used instead of a call of the scene
+    QUuid m_clicked;            // the item whose menu it is in; null: the canvas
+    int m_entryPort = -1;       // the port of that menu
 };

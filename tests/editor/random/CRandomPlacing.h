@@ -11,8 +11,8 @@
 class QAction;
 class QMenu;
 
-/// Copies, pastes and appends at random, and tells a reference model what that means. Each gives whether it
-/// has changed the layout.
+/// Copies, pastes and appends at random, in the scene and in a reference model. Edits return whether they
+/// changed the layout.
 class CRandomPlacing final
 {
 public:
@@ -25,12 +25,12 @@ public:
 
     static CReferenceModel::TypeInfo randomType(QRandomGenerator &random);
 
-    /// The scene has copied @p items.
+    /// Call after the scene has copied @p items.
     void takeCopy(const CReferenceModel &before, const QSet<QUuid> &items);
-    /// Pastes at a place, or by @p entry of the menu that was filled last.
+    /// Pastes at a position, or by @p entry of the menu that was filled last.
     bool paste(QAction *entry);
     bool append();
-    /// What a right click beside all items opens; gives the current port, -1: none.
+    /// Fills @p menu with the menu of a right click beside all items. Returns the current port; -1: none.
     int fillCanvasMenu(QMenu &menu);
 
 private:

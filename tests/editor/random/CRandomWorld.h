@@ -7,15 +7,15 @@
 
 #include <QRandomGenerator>
 
-/// One random operation: its kind and the seed of all it draws.
+/// One random operation: its kind, and the seed of its random numbers.
 struct SRandomOperation
 {
     int kind = 0;
     quint32 seed = 0;
 };
 
-/// A small world of three ports that is edited at random and checked after each operation. The same seed and
-/// the same operations give the same run.
+/// A small world of three ports, edited at random and checked after each operation. The same seed and
+/// operations always give the same run.
 class CRandomWorld final
 {
 public:
@@ -24,9 +24,9 @@ public:
 
     explicit CRandomWorld(quint32 seed);
 
-    /// Carries out an operation; gives what is wrong afterwards, empty when all is well.
+    /// Carries out an operation. Returns the fault found afterwards; empty if there is none.
     QString run(const SRandomOperation &operation);
-    /// Undoes everything, redoes everything; gives what is wrong.
+    /// Undoes everything and redoes everything. Returns the fault found; empty if there is none.
     QString checkHistory();
 
 private:
@@ -44,6 +44,6 @@ private:
 
     SRandomScene m_world;
     CCabinetGraphicsScene &m_scene;
-    QVector<CabinetLayout> m_history;                      // by undo index
-    QVector<QPair<QSet<QUuid>, QSet<QUuid>>> m_selections; // before and after the step to that index
+    QVector<CabinetLayout> m_history;                      // by index of the undo stack
+    QVector<QPair<QSet<QUuid>, QSet<QUuid>>> m_selections; // before and after that step
 };

@@ -16,8 +16,8 @@ public:
     CReferenceLayout() = default;
     explicit CReferenceLayout(const CabinetLayout &layout);
 
-    /// Whether @p actual holds the same, whatever identities it has given to what is new here. The order of
-    /// records does not count.
+    /// Whether @p actual has the same content; identities of new items may differ. The order of records is
+    /// ignored.
     bool matches(const CReferenceLayout &actual) const;
 
     bool isEmpty() const { return m_cabinets.isEmpty(); }
@@ -30,8 +30,9 @@ public:
     QVector<QUuid> cabinetsIn(int port) const;
     QSet<QUuid> cabinetsBelow(const QSet<QUuid> &items) const;
     CPlainStroke::Cells cellsOf(const QVector<QUuid> &cabinets) const;
-    QSet<QUuid> topItems() const; ///< that lie in no group
-    /// The cabinets of its port with the type of @p cabinet, or without one and of its size.
+    QSet<QUuid> topItems() const; ///< those in no group
+    /// The cabinets in its port with the same type as @p cabinet, or, if it has none, those without type and
+    /// of the same size.
     QSet<QUuid> sameType(const QUuid &cabinet) const;
 
 protected:
@@ -41,7 +42,7 @@ protected:
         QRect rect;
         QUuid group;
         SMD5 type;
-        CabinetLayout::CabinetPort::Cabinet areas; // its receivers, and what they were
+        CabinetLayout::CabinetPort::Cabinet areas; // its receivers, and the original ones
         bool fixed = false;
         bool operator==(const SCabinet &o) const
         {
@@ -59,7 +60,7 @@ protected:
     QMap<QUuid, SCabinet> m_cabinets;
     QMap<QUuid, SGroup> m_groups;
     QMap<int, QVector<QUuid>> m_chains;
-    QSet<QUuid> m_invented; // stand for identities that the editor gives
+    QSet<QUuid> m_invented; // stand for identities chosen by the editor
 
 private:
     void read(int port, const CabinetLayout::CabinetPort::CabinetGroup &group, const QUuid &parent);

@@ -5,7 +5,7 @@
 #include "layout/api/records/SSettings.h"
 #include "tests/editor/random/CReferenceLayout.h"
 
-/// What edits mean, written plainly.
+/// The effect of edits, in the simplest possible way.
 class CReferenceModel final : public CReferenceLayout
 {
 public:
@@ -17,17 +17,17 @@ public:
     /// Moves the lower right corner of a cabinet or a group by @p step; no cabinet's side grows beyond @p
     /// largest or below a pixel.
     void resize(const QUuid &item, const QPoint &step, int largest);
-    /// Gives false, having changed nothing, where two items share a corner: their order is open.
+    /// Returns false, without a change, if two items share a corner: their order is not defined.
     [[nodiscard]] bool arrange(const QSet<QUuid> &items, int columns);
     void moveTo(const QSet<QUuid> &items, const QPoint &corner);
     void resizeTo(const QSet<QUuid> &items, const QSize &size);
     void setType(const QSet<QUuid> &cabinets, const TypeInfo &type);
-    /// Gives whether there is an order that may be reversed.
+    /// Returns whether there is an order that may be reversed.
     bool exchangeReceivers(const QUuid &cabinet);
 
     void wireByPattern(const QSet<QUuid> &cabinets, int pattern);
     void unwire(const QSet<QUuid> &cabinets);
-    /// A stroke from @p first along the straight lines of @p way.
+    /// A stroke from @p first along the lines of @p way.
     void drawStroke(int port, const QUuid &first, const QVector<QPointF> &way);
 
     void group(const QSet<QUuid> &items, const QUuid &newGroup);
@@ -35,7 +35,7 @@ public:
     void remove(const QSet<QUuid> &cabinets);
     void prepareBackup(int port);
 
-    /// What a copy of @p items holds.
+    /// The content of a copy of @p items.
     CReferenceModel part(const QSet<QUuid> &items) const;
     void paste(const CReferenceModel &copy, int port, const QPoint &corner);
     /// @p cells in the order in which a drag reaches them.

@@ -8,10 +8,10 @@
 #include <QHash>
 #include <QMenu>
 
-/// The entries of the canvas' menus that edit or select.
+/// The entries in menus of the canvas that edit or select.
 namespace MenuEntries {
 
-/// What entries do.
+/// The kind of edit of each entry.
 inline const QHash<QString, int> &kinds()
 {
     using namespace RandomKinds;

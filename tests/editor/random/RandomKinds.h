@@ -52,7 +52,7 @@ Q_ENUM_NS(EKind)
 
 constexpr int Count = LookAway + 1;
 
-/// What the step of an edit is called; empty for what is none.
+/// The name of the undo step of an edit; empty if it makes none.
 inline QString stepText(int kind)
 {
     static const QHash<int, QString> texts = {{NudgeUp, QStringLiteral("Move")},

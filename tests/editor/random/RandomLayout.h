@@ -6,7 +6,7 @@
 
 #include <QRandomGenerator>
 
-/// Layouts to begin random runs with.
+/// Initial layouts of random runs.
 namespace RandomLayout {
 
 constexpr int PortCount = 3;

@@ -11,16 +11,16 @@
 
 #include <QRandomGenerator>
 
-/// What random edits act on, and what must be known of those before.
+/// What random edits act on, and the state left by previous ones.
 struct SRandomScene
 {
     CFixedPortStates states;
     CNotedCommands commands;
     CCabinetGraphicsScene scene{states};
     CSceneInput input{scene};
-    LayoutData data;            // that the scene was last loaded with
-    CReferenceModel copied;     // what a paste brings
-    PasteCache cache;           // its records
+    LayoutData data;            // last loaded into the scene
+    CReferenceModel copied;     // what a paste adds
+    PasteCache cache;           // the same as records
     QSet<QUuid> highlighted;    // cabinets
     QSet<QUuid> selectedBefore; // when the operation began
     int selectionSignals = 0;   // since the operation began
@@ -32,7 +32,7 @@ struct SRandomScene
         scene.getLayoutData(layout, data.processor);
         return layout;
     }
-    /// Gives a port a colour of its own, or its default back, without telling anybody.
+    /// Gives a port a colour, or its default one, without notifying anybody.
     void chooseColor(int port, QRandomGenerator &random)
     {
         if (random.bounded(3))
@@ -40,7 +40,7 @@ struct SRandomScene
         else
             states.colors.remove(port);
     }
-    /// Whether nothing new may come into a port.
+    /// Whether a port refuses new cabinets.
     bool isClosed(int port) const
     {
         return states.isPortLocked(port) ||
