@@ -187,9 +187,10 @@ void CLayoutData::canvasSizeChanged(const QSize &size)
     Q_EMIT notifyProcessorCanvasSizeChanged(size);
 }
 
-void CLayoutData::backgroundChanged(const SBackgroundInfo &before, const SBackgroundInfo &now)
+void CLayoutData::backgroundChanged(const SBackgroundInfo &before, const SBackgroundInfo &now,
+                                    bool canvasSizeChanged)
 {
-    Q_EMIT notifyProcessorBackgroundChanged(before, now, false);
+    Q_EMIT notifyProcessorBackgroundChanged(before, now, canvasSizeChanged);
 }
 
 void CLayoutData::portBackupChanged(int primary, int backup, bool on)

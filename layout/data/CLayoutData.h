@@ -3,7 +3,9 @@
 #pragma once
 
 #include "layout/api/access/IEditSource.h"
+#include "layout/api/access/IMappingFolder.h"
 #include "layout/api/access/IPortStates.h"
+#include "layout/api/access/ITypeLookup.h"
 #include "layout/data/CLayoutHandOver.h"
 #include "layout/data/CProcessorStates.h"
 #include "layout/data/CRecentCabinets.h"
@@ -27,6 +29,8 @@ class ILayoutSource;
 class CLayoutData final : public QObject,
                           public CObserver,
                           public IPortStates,
+                          public ITypeLookup,
+                          public IMappingFolder,
                           public IEditSource,
                           private IStoreEvents
 {
@@ -43,7 +47,7 @@ public:
     QVector<Port> ports() const { return m_states.ports(); }      ///< of the current processor
     Port port(int index) const { return m_states.port(index); }   ///< a default record if unknown
     int processorLoad() const { return m_states.processorLoad(); }
-    QSize canvasSize() const { return m_states.canvas(); } ///< of the current processor, pixels
+    QSize canvasSize() const override { return m_states.canvas(); }
     SBackgroundInfo background() const { return m_states.background(); }
     SLayoutOptions options() const { return m_states.options(); }
     /// The pairs (primary, redundancy) of processors.
@@ -51,9 +55,8 @@ public:
     /// The current processor's layout as it was last handed over or loaded.
     LayoutData layoutData() const { return m_states.data(m_states.current()); }
     QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const { return m_states.typeLibrary(); }
-    /// The type library's record of a type; an empty one for an unknown key.
-    TypeInfo getTypeInfo(const SMD5 &key) const;
-    QString mappingFolder() const { return m_mappingFolder; } ///< the folder last used; GUI thread
+    TypeInfo getTypeInfo(const SMD5 &key) const override;
+    QString mappingFolder() const override { return m_mappingFolder; }
 
     bool isPortLocked(int port) const override { return m_states.port(port).locked; }
     Port::Redundancy portRedundancy(int port) const override { return m_states.port(port).redundancy; }
@@ -68,7 +71,7 @@ public:
     /// Call when the editor continues to show its layout: the port that was current there becomes current
     /// again. GUI thread.
     void resumeCurrentPort();
-    void setMappingFolder(const QString &folder) { m_mappingFolder = folder; }
+    void setMappingFolder(const QString &folder) override { m_mappingFolder = folder; }
     CRecentCabinets &recentCabinets() { return m_recentCabinets; } ///< GUI thread
     void setOptions(const SLayoutOptions &options);
     /// Stores the pairs that the host has now.
@@ -129,7 +132,8 @@ private:
     void detectFinished() override;
     void processorStateChanged() override;
     void canvasSizeChanged(const QSize &size) override;
-    void backgroundChanged(const SBackgroundInfo &before, const SBackgroundInfo &now) override;
+    void backgroundChanged(const SBackgroundInfo &before, const SBackgroundInfo &now,
+                           bool canvasSizeChanged) override;
     void portBackupChanged(int primary, int backup, bool on) override;
     void layoutReplaced(const QUuid &processor) override;
     void currentPortMayDiffer() override;

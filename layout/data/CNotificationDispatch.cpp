@@ -154,8 +154,12 @@ void CNotificationDispatch::onBackgroundChanged(CSubject &subject)
 {
     post(LayoutNotification::BackgroundChanged, [this, info = subject.GetArgument<SBackgroundInfo>()] {
         const SBackgroundInfo before = m_states.setBackground(info.processor, info);
-        if (info.processor == m_states.current())
-            m_events.backgroundChanged(before, info);
+        if (info.processor != m_states.current())
+            return;
+        const QSize canvas = CHostAccess::call(&ILayoutInterfaceHandler::layoutData, info.processor).canvas;
+        const bool resized = canvas != m_states.canvas();
+        m_states.setCanvas(info.processor, canvas);
+        m_events.backgroundChanged(before, info, resized);
     });
 }
 

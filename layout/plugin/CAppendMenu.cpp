@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CAppendMenu.h"
 
-#include "layout/data/CLayoutData.h"
+#include "layout/api/access/ITypeLookup.h"
+#include "layout/data/CRecentCabinets.h"
 #include "layout/settings/CCustomCabinet.h"
 #include "layout/settings/CTypeSizeRule.h"
 #include "layout/settings/TypeMenu.h"
@@ -28,8 +29,8 @@ void CAppendMenu::fill(QMenu &menu) const
 void CAppendMenu::addRecent(QMenu &menu) const
 {
     QVector<TypeInfo> types;
-    for (const SMD5 &key : m_store.recentCabinets().types()) {
-        const TypeInfo type = m_store.getTypeInfo(key);
+    for (const SMD5 &key : m_recent.types()) {
+        const TypeInfo type = m_types.getTypeInfo(key);
         if (type.isValid()) // one that has left the library is of no use
             types << type;
     }
@@ -52,18 +53,18 @@ void CAppendMenu::addRecent(QMenu &menu) const
 
 void CAppendMenu::addCustom(QMenu &menu) const
 {
-    const QSize size = m_store.recentCabinets().customSize();
+    const QSize size = m_recent.customSize();
     QAction *last = menu.addAction(sizedText(tr("Custom"), size));
     last->setProperty("append", QVariant::fromValue(TypeInfo()));
     last->setProperty("appendSize", size);
     QObject::connect(last, &QAction::triggered, &menu, [chosen = m_chosen, size] { chosen({}, size); });
     QAction *other = menu.addAction(QStringLiteral("%1...").arg(tr("Custom")));
     QObject::connect(other, &QAction::triggered, &menu,
-                     [&store = m_store, chosen = m_chosen, parent = m_parent, size] {
+                     [&recent = m_recent, chosen = m_chosen, parent = m_parent, size] {
                          CCustomCabinet dialog(size, parent);
                          if (dialog.exec() != QDialog::Accepted)
                              return;
-                         store.recentCabinets().setCustomSize(dialog.cabinetSize());
+                         recent.setCustomSize(dialog.cabinetSize());
                          chosen({}, dialog.cabinetSize());
                      });
 }

@@ -9,7 +9,8 @@
 
 #include <functional>
 
-class CLayoutData;
+class CRecentCabinets;
+class ITypeLookup;
 class QMenu;
 class QWidget;
 
@@ -24,9 +25,10 @@ public:
     /// Receives the chosen type (empty for a custom size) and its size in pixels.
     using Chosen = std::function<void(const TypeInfo &, const QSize &)>;
 
-    /// @p parent is the parent of questions and messages. It and @p store must outlive the menu.
-    CAppendMenu(CLayoutData &store, Chosen chosen, QWidget *parent)
-        : m_store(store)
+    /// @p parent is the parent of questions and messages. It, @p types and @p recent must outlive the menu.
+    CAppendMenu(const ITypeLookup &types, CRecentCabinets &recent, Chosen chosen, QWidget *parent)
+        : m_types(types)
+        , m_recent(recent)
         , m_chosen(std::move(chosen))
         , m_parent(parent)
     {
@@ -38,7 +40,8 @@ private:
     void addRecent(QMenu &menu) const;
     void addCustom(QMenu &menu) const;
 
-    CLayoutData &m_store;
+    const ITypeLookup &m_types;
+    CRecentCabinets &m_recent;
     Chosen m_chosen;
     QWidget *m_parent;
 };

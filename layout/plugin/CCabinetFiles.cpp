@@ -3,7 +3,8 @@
 #include "layout/plugin/CCabinetFiles.h"
 
 #include "layout/api/access/CHostAccess.h"
-#include "layout/data/CLayoutData.h"
+#include "layout/api/access/IMappingFolder.h"
+#include "layout/api/access/ITypeLookup.h"
 #include "platform/widgets/CMessageBox.h"
 
 #include <QDateTime>
@@ -40,7 +41,7 @@ QString fileNameOf(QString name)
 /// Empty when the user does not want to. A name without a suffix gets that of configurations.
 QString CCabinetFiles::askForFile(const QString &title, const QString &proposed)
 {
-    QFileDialog dialog(m_parent, title, m_store.mappingFolder(), QStringLiteral("*.rcvbp;;*.rcvp"));
+    QFileDialog dialog(m_parent, title, m_folder.mappingFolder(), QStringLiteral("*.rcvbp;;*.rcvp"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setOption(QFileDialog::DontConfirmOverwrite); // asked in words of our own
     dialog.selectFile(proposed);
@@ -54,13 +55,13 @@ QString CCabinetFiles::askForFile(const QString &title, const QString &proposed)
     const QString question = tr("The file already exists in the current path. Do you want to overwrite it?");
     if (QFileInfo::exists(file) && CMessageBox::question(m_parent, question) != 0)
         return {};
-    m_store.setMappingFolder(QFileInfo(file).absolutePath());
+    m_folder.setMappingFolder(QFileInfo(file).absolutePath());
     return file;
 }
 
 void CCabinetFiles::exportConfiguration(const Cabinet &cabinet)
 {
-    const QString proposed = fileNameOf(m_store.getTypeInfo(cabinet.type).name);
+    const QString proposed = fileNameOf(m_types.getTypeInfo(cabinet.type).name);
     const QString file = askForFile(tr("Export..."), proposed);
     if (file.isEmpty())
         return;
@@ -76,7 +77,7 @@ void CCabinetFiles::readBack(const Cabinet &cabinet)
     const QString file = askForFile(tr("Readback..."), now);
     if (file.isEmpty())
         return;
-    const QString type = cabinet.type.isNull() ? QString() : m_store.getTypeInfo(cabinet.type).name;
+    const QString type = cabinet.type.isNull() ? QString() : m_types.getTypeInfo(cabinet.type).name;
     if (CHostAccess::flushAndCall(&Host::readbackCabinetConfig, cabinet.port, cabinet, file, type))
         CMessageBox::information(m_parent, tr("Readback successful."));
     else

@@ -6,7 +6,8 @@
 
 #include <QCoreApplication>
 
-class CLayoutData;
+class IMappingFolder;
+class ITypeLookup;
 class QWidget;
 
 /// Lets the host write a cabinet's configuration to a file: the one in the library, or the one read back from
@@ -18,8 +19,10 @@ class CCabinetFiles final
 public:
     using Cabinet = CabinetLayout::CabinetPort::Cabinet;
 
-    CCabinetFiles(CLayoutData &store, QWidget *parent)
-        : m_store(store)
+    /// All must outlive this object; @p parent is the parent of dialogs and messages.
+    CCabinetFiles(const ITypeLookup &types, IMappingFolder &folder, QWidget *parent)
+        : m_types(types)
+        , m_folder(folder)
         , m_parent(parent)
     {
     }
@@ -30,6 +33,7 @@ public:
 private:
     QString askForFile(const QString &title, const QString &proposed);
 
-    CLayoutData &m_store;
+    const ITypeLookup &m_types;
+    IMappingFolder &m_folder;
     QWidget *m_parent;
 };

@@ -99,7 +99,7 @@ void CEditorCommands::showInformation(const QList<Cabinet> &cabinets, QWidget *p
 
 void CEditorCommands::exportConfiguration(const Cabinet &cabinet, QWidget *parent)
 {
-    CCabinetFiles(m_store, parent).exportConfiguration(cabinet);
+    CCabinetFiles(m_store, m_store, parent).exportConfiguration(cabinet);
 }
 
 QString CEditorCommands::readbackRefusal() const
@@ -112,7 +112,7 @@ QString CEditorCommands::readbackRefusal() const
 
 void CEditorCommands::readBackConfiguration(const Cabinet &cabinet, QWidget *parent)
 {
-    CCabinetFiles(m_store, parent).readBack(cabinet);
+    CCabinetFiles(m_store, m_store, parent).readBack(cabinet);
 }
 
 void CEditorCommands::setFrameRateAndColorDepth(QWidget *)
@@ -166,7 +166,7 @@ void CEditorCommands::fillAppendMenu(QMenu &menu, QWidget *parent)
             m_store.recentCabinets().noteType(type.key);
         m_view.onNotifyAppendCabinet(type, port, size);
     };
-    CAppendMenu(m_store, append, parent).fill(menu);
+    CAppendMenu(m_store, m_store.recentCabinets(), append, parent).fill(menu);
 }
 
 bool CEditorCommands::highlight(const QList<Cabinet> &cabinets, CabinetHighlight kind, QWidget *parent)

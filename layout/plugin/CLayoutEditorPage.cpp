@@ -85,10 +85,10 @@ void CLayoutEditorPage::reload()
 }
 
 /// A fill image that cannot be read is told beside the title, not in a box with each look at the processor.
-void CLayoutEditorPage::showBackground(const SBackgroundInfo &info)
+void CLayoutEditorPage::showBackground(const SBackgroundInfo &info, bool canvasSizeChanged)
 {
     CCabinetGraphicsScene &scene = m_view->cabinetScene();
-    scene.onBackgroundChanged(info, info);
+    scene.onBackgroundChanged(info, info, canvasSizeChanged);
     if (!scene.fillProblem().isEmpty() || m_note->text() == m_fillProblem)
         m_note->setText(scene.fillProblem());
     m_fillProblem = scene.fillProblem();
@@ -175,8 +175,11 @@ void CLayoutEditorPage::connectSignals()
     connect(&m_store, &CLayoutData::notifyProcessorCanvasSizeChanged, scene,
             &CCabinetGraphicsScene::setCanvasSize);
     connect(&m_store, &CLayoutData::notifyProcessorBackgroundChanged, scene,
-            [this](const SBackgroundInfo &, const SBackgroundInfo &now) { showBackground(now); });
-    connect(&m_commands->canvas(), &CCanvasCommands::previewed, this, &CLayoutEditorPage::showBackground);
+            [this](const SBackgroundInfo &, const SBackgroundInfo &now, bool canvasSizeChanged) {
+                showBackground(now, canvasSizeChanged);
+            });
+    connect(&m_commands->canvas(), &CCanvasCommands::previewed, this,
+            [this](const SBackgroundInfo &info) { showBackground(info); });
     connect(&m_store, &CLayoutData::notifyProcessorStateChanged, scene,
             &CCabinetGraphicsScene::onNotifyProcessorStateChanged);
     connect(&m_store, &CLayoutData::notifyProcessorPortBackup, scene,

@@ -45,7 +45,7 @@ public:
     void setEditingBlocked(bool blocked);
 
 private:
-    void showBackground(const SBackgroundInfo &info);
+    void showBackground(const SBackgroundInfo &info, bool canvasSizeChanged = false);
     void setPortRedundancy(int primary, int backup);
     void cancelPortRedundancy(int port);
     void showRedundancy();

@@ -3,14 +3,14 @@
 #include "layout/plugin/CParameterCheck.h"
 
 #include "layout/api/access/CHostAccess.h"
-#include "layout/data/CLayoutData.h"
+#include "layout/api/access/ITypeLookup.h"
 
 namespace {
 using Host = ILayoutInterfaceHandler;
 }
 
-CParameterCheck::CParameterCheck(const CLayoutData &store)
-    : m_store(store)
+CParameterCheck::CParameterCheck(const ITypeLookup &types)
+    : m_types(types)
 {
 }
 
@@ -60,7 +60,7 @@ QString CParameterCheck::faultOf(const Cabinet &cabinet) const
             .arg(processorOf(cabinet));
     if (cabinet.mappingIndex == -1)
         return tr("Please setup processor %1's mapping first.").arg(processorOf(cabinet));
-    const CLayoutData::TypeInfo info = m_store.getTypeInfo(cabinet.type);
+    const auto info = m_types.getTypeInfo(cabinet.type);
     if (info.isValid())
         return {};
     // A type that the library does not know has no name; then its key tells which one it is.

@@ -7,7 +7,7 @@
 
 #include <QCoreApplication>
 
-class CLayoutData;
+class ITypeLookup;
 
 /// Finds the cabinets whose parameters can be saved, or the reason why they cannot. GUI thread.
 class CParameterCheck final
@@ -17,8 +17,8 @@ class CParameterCheck final
 public:
     using Cabinet = CabinetLayout::CabinetPort::Cabinet;
 
-    /// @p store knows the type library and must outlive the check.
-    explicit CParameterCheck(const CLayoutData &store);
+    /// @p types must outlive the check.
+    explicit CParameterCheck(const ITypeLookup &types);
 
     /// The cabinets of all detected processors, as the host has them. Fails if there are none, or if one of
     /// them cannot accept parameters; the text is about the first such cabinet.
@@ -29,5 +29,5 @@ private:
     static QString processorOf(const Cabinet &cabinet);
     QString faultOf(const Cabinet &cabinet) const;
 
-    const CLayoutData &m_store;
+    const ITypeLookup &m_types;
 };

@@ -303,6 +303,9 @@ private Q_SLOTS:
         QCOMPARE(changed[0].at(1).value<SBackgroundInfo>(), second);
         QCOMPARE(changed[0].at(2).toBool(), false);
         QCOMPARE(scene.store.background(), second);
+        scene.host.answers()->layouts[scene.a].canvas = QSize(640, 480);
+        scene.led(LayoutNotification::BackgroundChanged, first);
+        QCOMPARE(changed[1].at(2).toBool(), true);
     }
 
     void aRemovedProcessorIsForgotten()

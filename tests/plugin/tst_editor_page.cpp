@@ -117,8 +117,10 @@ private Q_SLOTS:
         CSignalLog looks(&world.scene(), &CCabinetGraphicsScene::notifyLookChanged);
         SBackgroundInfo info;
         info.processor = world.a;
+        world.answers()->layouts[world.a].canvas = QSize(640, 480);
         world.host.notify(LayoutNotification::BackgroundChanged, info);
         QTRY_COMPARE(looks.count(), 1);
+        QCOMPARE(world.scene().backend().content().canvas(), QSize(640, 480)); // changed with it
         QCoreApplication::processEvents();
         QCOMPARE(looks.count(), 1);
     }

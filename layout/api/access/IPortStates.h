@@ -5,6 +5,8 @@
 #include "layout/api/records/CabinetLayout.h"
 #include "layout/api/records/SHostRecords.h"
 
+#include <QSize>
+
 /// What the canvas needs to know of the current processor's ports. Any thread; values are copied out. A port
 /// that does not exist is reported as unlocked, not redundant and in its default colour.
 class IPortStates
@@ -17,6 +19,8 @@ public:
     virtual QColor portColor(int port) const = 0;
     /// The current output port, on which commands without a selection act; -1: none.
     virtual int currentPort() const { return -1; }
+    /// The canvas size of the current processor, pixels; empty if unknown.
+    virtual QSize canvasSize() const { return {}; }
     /// What prevents the canvas size from being changed. GUI thread.
     virtual CanvasBlock canvasBlock() const { return CanvasBlock::None; }
     /// Returns whether pressing a handle or changing the type ends the highlight of cabinets without a type.

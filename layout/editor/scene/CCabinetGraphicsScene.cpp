@@ -249,8 +249,10 @@ void CCabinetGraphicsScene::onBackgroundChanged(const SBackgroundInfo &newInfo, 
                                                 bool sceneSizeChange)
 {
     m_fill.set(newInfo);
-    if (sceneSizeChange)
+    if (sceneSizeChange) {
+        m_backend->content().setCanvas(m_backend->states().canvasSize());
         updateContentRect();
+    }
     updateViews();
     Q_EMIT notifyLookChanged();
 }

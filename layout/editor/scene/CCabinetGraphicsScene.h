@@ -103,7 +103,8 @@ public Q_SLOTS:
     void selectedItemMoveRight();
     void setCabinetLocked(int port, bool locked);
     void backupPort(int primary, int backup, bool back);
-    /// Shows the fill image of @p newInfo; with @p sceneSizeChange the canvas has another size, too.
+    /// Shows the fill image of @p newInfo; with @p sceneSizeChange also adopts the canvas size of the port
+    /// states.
     void onBackgroundChanged(const SBackgroundInfo &newInfo, const SBackgroundInfo &oldInfo,
                              bool sceneSizeChange = false);
     void onSelectionChanged();
