@@ -292,39 +292,6 @@ void CLayoutPainter::paintGroup(QPainter &painter, const QRectF &rect, bool sele
                cosmetic(FrameColor, selected ? 2 : 1, selected ? Qt::SolidLine : Qt::DashLine));
 }
 
-void CLayoutPainter::paintBand(QPainter &painter, const QRectF &rect)
-{
-    paintFrame(painter, rect, cosmetic(FrameColor, 1, Qt::DashLine));
-}
-
-void CLayoutPainter::paintStroke(QPainter &painter, const QPolygonF &path)
-{
-    painter.setPen(cosmetic(HighlightColor, 3));
-    painter.drawPolyline(path);
-}
-
-void CLayoutPainter::paintGuides(QPainter &painter, const QVector<QLine> &lines)
-{
-    painter.setPen(cosmetic(HighlightColor, 1));
-    painter.drawLines(lines);
-}
-
-void CLayoutPainter::paintHandles(QPainter &painter, const QVector<QRectF> &marks)
-{
-    painter.setPen(cosmetic(BorderColor, 1));
-    painter.setBrush(FrameColor);
-    painter.drawRects(marks);
-}
-
-void CLayoutPainter::paintGhosts(QPainter &painter, const QVector<QRect> &cells, const QColor &fill)
-{
-    QColor glass = fill;
-    glass.setAlphaF(0.45);
-    painter.setPen(cosmetic(FrameColor, 1, Qt::DashLine));
-    painter.setBrush(glass);
-    painter.drawRects(cells);
-}
-
 void CLayoutPainter::paintCanvas(QPainter &painter, const QRectF &canvas, const CCanvasFill &fill)
 {
     // In screen pixels: squares of the canvas would melt into grey from afar.

@@ -6,7 +6,6 @@
 
 #include <QColor>
 #include <QLineF>
-#include <QPolygonF>
 #include <QRectF>
 #include <QString>
 #include <QVector>
@@ -57,15 +56,6 @@ public:
     static QRectF wireBounds(const QLineF &line);
     /// The frame around a group's members.
     static void paintGroup(QPainter &painter, const QRectF &rect, bool selected, qreal scale);
-    /// The rubber band, and the path of a stroke of the pen.
-    static void paintBand(QPainter &painter, const QRectF &rect);
-    static void paintStroke(QPainter &painter, const QPolygonF &path);
-    /// The lines along the edges that a drag has snapped to.
-    static void paintGuides(QPainter &painter, const QVector<QLine> &lines);
-    /// The marks of resize handles.
-    static void paintHandles(QPainter &painter, const QVector<QRectF> &marks);
-    /// Cabinets that are about to be placed; @p fill is the colour that they will have.
-    static void paintGhosts(QPainter &painter, const QVector<QRect> &cells, const QColor &fill);
     /// Checkerboard, fill image and border of a canvas.
     static void paintCanvas(QPainter &painter, const QRectF &canvas, const CCanvasFill &fill = {});
 

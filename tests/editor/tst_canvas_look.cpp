@@ -170,6 +170,36 @@ private Q_SLOTS:
         }
     }
 
+    void figuresStandAtTheCursor_data()
+    {
+        QTest::addColumn<QPoint>("press");
+        QTest::newRow("place and way of a move") << QPoint(320, 64);
+        QTest::newRow("size") << QPoint(383, 127);
+        QTest::newRow("how many are appended") << QPoint(450, 400);
+    }
+    void figuresStandAtTheCursor()
+    {
+        QFETCH(QPoint, press);
+        CMouseTester mouse;
+        QVERIFY(QTest::qWaitForWindowExposed(&mouse.view(), PatienceMilliseconds));
+        mouse.showAtActualSize();
+        mouse.click({320, 64});
+        const QPoint cursor(500, 410); // with nothing to the right and below
+        const auto picture = [&] {
+            const QPoint place = mouse.view().mapFromScene(cursor) + QPoint(20, 24);
+            return mouse.view().viewport()->grab(QRect(place, QSize(20, 12))).toImage();
+        };
+        if (!mouse.at(press))
+            mouse.scene().backend().placing().beginAppend({}, 0, {40, 10});
+        const QSet<QRgb> before = colorsIn(picture());
+        mouse.press(press);
+        mouse.moveTo(cursor);
+        const QSet<QRgb> during = colorsIn(picture());
+        mouse.view().cabinetScene().leaveOperation();
+        QVERIFY(during.size() > 4 && before.size() <= 2); // letters; the checkerboard
+        QVERIFY(colorsIn(picture()).size() <= 2);
+    }
+
     void handlesAreShownWhereTheyWork_data()
     {
         QTest::addColumn<QPoint>("click");

@@ -150,17 +150,21 @@ private Q_SLOTS:
     void aMoveCatchesAtEdges_data()
     {
         QTest::addColumn<int>("keys");
+        QTest::addColumn<QPoint>("way");
         QTest::addColumn<QPoint>("place");
-        QTest::newRow("neighbour and canvas") << 0 << QPoint(256, 128);
-        QTest::newRow("alt") << int(Qt::AltModifier) << QPoint(249, 121);
-        QTest::newRow("shift") << int(Qt::ShiftModifier) << QPoint(256, 0);
+        QTest::newRow("neighbours") << 0 << QPoint(249, 121) << QPoint(256, 128);
+        QTest::newRow("canvas") << 0 << QPoint(500, 8) << QPoint(500, 0);
+        QTest::newRow("in line with what is far away") << 0 << QPoint(700, 495) << QPoint(700, 495);
+        QTest::newRow("alt") << int(Qt::AltModifier) << QPoint(249, 121) << QPoint(249, 121);
+        QTest::newRow("shift") << int(Qt::ShiftModifier) << QPoint(249, 121) << QPoint(256, 0);
     }
     void aMoveCatchesAtEdges()
     {
         QFETCH(int, keys);
+        QFETCH(QPoint, way);
         m_mouse->press({64, 64});
-        m_mouse->moveTo({313, 185}, Qt::KeyboardModifiers(keys)); // by 249, 121
-        m_mouse->release({313, 185}, Qt::KeyboardModifiers(keys));
+        m_mouse->moveTo(QPoint(64, 64) + way, Qt::KeyboardModifiers(keys));
+        m_mouse->release(QPoint(64, 64) + way, Qt::KeyboardModifiers(keys));
         QTEST(m_mouse->cabinet(0, 0).cabinet().rect.topLeft(), "place");
         m_mouse->scene().undo(nullptr);
         QVERIFY(m_mouse->layout() == m_mouse->original());

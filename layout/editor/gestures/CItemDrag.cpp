@@ -82,6 +82,8 @@ CItemDrag::CItemDrag(IEditing &editing, const IItemIndex &index, CGraphicsItemBa
 void CItemDrag::remember(CGraphicsItemBase &item)
 {
     m_starts << SStart{item.uuid(), item.scenePos(), item.rect().size()};
+    m_frame |= QRectF(item.scenePos(), item.rect().size());
+    m_placed = m_frame.toRect();
     m_ports.insert(item.port());
 }
 
@@ -93,11 +95,12 @@ void CItemDrag::setRaised(bool raised)
     }
 }
 
-QVector<QRectF> CItemDrag::rectsAt(const QPointF &delta) const
+QVector<QRectF> CItemDrag::rectsAt(const QPointF &delta)
 {
     const QRectF frame = m_operation == Scale
                              ? CResizeHandles::resized(m_frame, m_handle, delta, m_smallest, m_largest)
-                             : QRectF();
+                             : m_frame.translated(delta);
+    m_placed = frame.toRect();
     QVector<QRectF> rects;
     rects.reserve(m_starts.size());
     for (const SStart &start : m_starts) {
@@ -125,11 +128,9 @@ void CItemDrag::apply(const QVector<QRectF> &rects)
     }
 }
 
-void CItemDrag::catchAt(const QVector<QRect> &still, int reach)
+void CItemDrag::catchAt(const Neighbours &neighbours, int reach)
 {
-    for (const SStart &start : qAsConst(m_starts))
-        m_frame |= QRectF(start.scenePos, start.size);
-    m_still = still;
+    m_neighbours = neighbours;
     m_reach = qMin(reach, qRound(qMin(m_frame.width(), m_frame.height()) / 2));
 }
 
@@ -141,13 +142,14 @@ QPointF CItemDrag::caught(const QPointF &delta, Qt::KeyboardModifiers keys)
     const bool oneAxis = keys & Qt::ShiftModifier;
     const bool across = std::abs(delta.x()) >= std::abs(delta.y());
     const QPointF wanted = !oneAxis ? delta : across ? QPointF(delta.x(), 0) : QPointF(0, delta.y());
-    if (keys & Qt::AltModifier)
+    if (keys & Qt::AltModifier || !m_neighbours)
         return wanted;
     const QRect frame = m_frame.translated(wanted).toRect();
-    QRect placed = CEdgeSnap::snapped(frame, m_still, m_reach);
+    const QVector<QRect> near = m_neighbours(frame, m_reach);
+    QRect placed = CEdgeSnap::snapped(frame, near, m_reach);
     if (oneAxis)
         placed.moveTopLeft(across ? QPoint(placed.left(), frame.top()) : QPoint(frame.left(), placed.top()));
-    m_guides = CEdgeSnap::guides(placed, m_still);
+    m_guides = CEdgeSnap::guides(placed, near);
     return wanted + QPointF(placed.topLeft() - frame.topLeft());
 }
 

@@ -9,6 +9,8 @@
 #include <QUuid>
 #include <QVector>
 
+#include <functional>
+
 class CGraphicsItemBase;
 class CUndoRecorder;
 class IEditing;
@@ -29,11 +31,19 @@ public:
               const QPointF &scenePos);
 
     EOperation operation() const { return m_operation; }
-    /// From now on a move snaps to edges of @p still that are at most @p reach canvas pixels away.
-    void catchAt(const QVector<QRect> &still, int reach);
+    /// Finds the rectangles that lie within a reach of the edges of another one; canvas pixels.
+    using Neighbours = std::function<QVector<QRect>(const QRect &rect, int reach)>;
+
+    /// From now on a move snaps to edges of @p neighbours that are at most @p reach canvas pixels away.
+    void catchAt(const Neighbours &neighbours, int reach);
     void moveTo(const QPointF &scenePos, Qt::KeyboardModifiers keys);
     /// Lines along the edges that the move has snapped to.
     const QVector<QLine> &guides() const { return m_guides; }
+    /// The rectangle around all that is dragged, where it lies now.
+    QRect frame() const { return m_placed; }
+    /// How far it has come from where the drag began.
+    QPoint offset() const { return m_placed.topLeft() - m_frame.topLeft().toPoint(); }
+    bool hasMoved() const { return m_moved; }
     /// Puts everything back where it was.
     void cancel();
     /// Records what has changed. Returns whether the mouse has moved at all.
@@ -52,7 +62,7 @@ private:
     void setRaised(bool raised);
     void apply(const QVector<QRectF> &rects);
     QPointF caught(const QPointF &delta, Qt::KeyboardModifiers keys);
-    QVector<QRectF> rectsAt(const QPointF &delta) const;
+    QVector<QRectF> rectsAt(const QPointF &delta);
     void recordItem(CUndoRecorder &recorder, const SStart &start);
 
     IEditing &m_editing;
@@ -60,11 +70,12 @@ private:
     EOperation m_operation;
     int m_handle = -1;
     QPointF m_press;
-    QRectF m_frame;    // of the item being resized
+    QRectF m_frame;    // around everything dragged, at the start
+    QRect m_placed;    // the same, now
     QSizeF m_smallest; // allowed
     QSizeF m_largest;
     QVector<SStart> m_starts;
-    QVector<QRect> m_still;
+    Neighbours m_neighbours;
     int m_reach = 0;
     QVector<QLine> m_guides;
     QSet<int> m_ports;

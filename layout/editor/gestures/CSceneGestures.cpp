@@ -2,7 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/gestures/CSceneGestures.h"
 
-#include "layout/drawing/CLayoutPainter.h"
+#include "layout/drawing/CGesturePainter.h"
+#include "layout/editor/content/CNeighbours.h"
 #include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/gestures/CItemDrag.h"
@@ -81,7 +82,11 @@ void CSceneGestures::beginDrag(const SPress &press)
     if (m_selection.isEmpty())
         return;
     m_drag = std::make_unique<CItemDrag>(m_editing, m_content, m_selection.sorted(), press.place);
-    m_drag->catchAt(still(), qRound(CEdgeSnap::ScreenReach / viewScale(m_scene)));
+    m_drag->catchAt(
+        [this](const QRect &rect, int reach) {
+            return CNeighbours::of(rect, reach, m_scene, m_content.canvas(), CNeighbours::WithoutSelected);
+        },
+        qRound(CEdgeSnap::ScreenReach / viewScale(m_scene)));
     m_content.holdCabinets(m_selection.ports());
 }
 
@@ -98,23 +103,36 @@ void CSceneGestures::continueDrag(const QPointF &scenePos, Qt::KeyboardModifiers
         return;
     invalidateGuides();
     m_drag->moveTo(scenePos, keys);
+    m_cursor = scenePos;
     invalidateGuides();
 }
 
-QVector<QRect> CSceneGestures::still() const
+QString CSceneGestures::dragNote() const
 {
-    QVector<QRect> rects = {QRect(QPoint(), m_content.canvas())};
-    for (const CGraphicsPortItem *port : m_content.portItems()) {
-        for (const CPortOverview::SPlace &place : port->overview().places()) {
-            if (place.cabinet && !place.cabinet->isSelectedWithGroups())
-                rects << place.rect.toRect();
-        }
-    }
-    return rects;
+    if (!m_drag || !m_drag->hasMoved())
+        return {};
+    const QRect frame = m_drag->frame();
+    const auto figure = [](int number, QChar plus = {}) {
+        return number < 0 ? QChar(0x2212) + QString::number(-number) : plus + QString::number(number);
+    };
+    if (m_drag->operation() == CItemDrag::Scale)
+        return QStringLiteral("%1 \u00d7 %2").arg(frame.width()).arg(frame.height());
+    const QPoint offset = m_drag->offset();
+    const QChar plus = QLatin1Char('+');
+    return QStringLiteral("%1, %2  (%3, %4)")
+        .arg(figure(frame.left()), figure(frame.top()), figure(offset.x(), plus), figure(offset.y(), plus));
+}
+
+void CSceneGestures::invalidateNote()
+{
+    const QSizeF reach = CGesturePainter::noteReach() / viewScale(m_scene);
+    m_scene.update(
+        QRectF(m_cursor, QSizeF()).adjusted(-reach.width(), -reach.height(), reach.width(), reach.height()));
 }
 
 void CSceneGestures::invalidateGuides()
 {
+    invalidateNote();
     const qreal edge = 2 / viewScale(m_scene);
     for (const QLine &line : m_drag->guides())
         m_scene.update(QRectF(line.p1(), line.p2()).adjusted(-edge, -edge, edge, edge));
@@ -199,15 +217,17 @@ void CSceneGestures::paintHandles(QPainter &painter) const
     if (!item.canResize())
         return;
     const qreal side = CResizeHandles::ScreenSide / painter.worldTransform().m11();
-    CLayoutPainter::paintHandles(painter, CResizeHandles::marks(item.mapRectToScene(item.rect()), side));
+    CGesturePainter::paintHandles(painter, CResizeHandles::marks(item.mapRectToScene(item.rect()), side));
 }
 
 void CSceneGestures::paint(QPainter &painter) const
 {
-    if (m_drag)
-        CLayoutPainter::paintGuides(painter, m_drag->guides());
+    if (m_drag) {
+        CGesturePainter::paintGuides(painter, m_drag->guides());
+        CGesturePainter::paintNote(painter, m_cursor, dragNote());
+    }
     if (m_band)
-        CLayoutPainter::paintBand(painter, m_band->rect());
+        CGesturePainter::paintBand(painter, m_band->rect());
     if (m_stroke)
-        CLayoutPainter::paintStroke(painter, m_stroke->path());
+        CGesturePainter::paintStroke(painter, m_stroke->path());
 }

@@ -54,7 +54,7 @@ public:
     void continueBand(const QPointF &scenePos);
     void endBand();
 
-    /// Draws the band and the stroke.
+    /// Draws the band, the stroke, and what the drag snaps to.
     void paint(QPainter &painter) const;
     /// Draws the handles of the selected item when it can be resized.
     void paintHandles(QPainter &painter) const;
@@ -68,9 +68,10 @@ private:
     };
 
     void beginDrag(const SPress &press);
-    /// What a move can snap to: the canvas, and the cabinets that do not move.
-    QVector<QRect> still() const;
+    /// What the drag does, in figures.
+    QString dragNote() const;
     void invalidateGuides();
+    void invalidateNote();
     void invalidateBand();
 
     CGraphicsScene &m_scene;
@@ -80,6 +81,7 @@ private:
     CUndoRecorder &m_recorder;
     std::optional<SPress> m_press;
     Qt::KeyboardModifiers m_keys; // of the drag's last step
+    QPointF m_cursor;             // there
     std::unique_ptr<CItemDrag> m_drag;
     std::unique_ptr<CPenStroke> m_stroke;
     std::unique_ptr<CRubberBand> m_band;

@@ -4,7 +4,8 @@
 
 #include "layout/api/access/IPortStates.h"
 #include "layout/api/records/LayoutLimits.h"
-#include "layout/drawing/CLayoutPainter.h"
+#include "layout/drawing/CGesturePainter.h"
+#include "layout/editor/content/CNeighbours.h"
 #include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
@@ -172,16 +173,22 @@ QRect CScenePlacing::ghostAt(const QPointF &scenePos) const
     ghost.moveTopLeft((scenePos - QPointF(size.width() / 2.0, size.height() / 2.0)).toPoint());
     const int reach =
         qMin(qRound(CEdgeSnap::ScreenReach / viewScale(m_scene)), qMin(size.width(), size.height()) / 2);
-    QVector<QRect> neighbours;
-    const QList<QGraphicsItem *> near =
-        m_scene.items(QRectF(ghost.adjusted(-reach, -reach, reach, reach)), Qt::IntersectsItemBoundingRect);
-    for (const QGraphicsItem *item : near) {
-        if (item->type() == CabinetItemKind)
-            neighbours << static_cast<const CGraphicsCabinetItem *>(item)->cabinet().rect;
-    }
-    ghost = CEdgeSnap::snapped(ghost, neighbours, reach);
+    ghost = CEdgeSnap::snapped(ghost, neighboursOf(ghost, reach), reach);
     ghost.moveTopLeft(QPoint(qMax(ghost.left(), 0), qMax(ghost.top(), 0)));
     return ghost;
+}
+
+QVector<QRect> CScenePlacing::neighboursOf(const QRect &rect, int reach) const
+{
+    return CNeighbours::of(rect, reach, m_scene, m_content.canvas(), CNeighbours::WithSelected);
+}
+
+QRect CScenePlacing::block() const
+{
+    QRect block;
+    for (const QRect &cell : m_cells)
+        block |= cell;
+    return block;
 }
 
 void CScenePlacing::showCells(const QVector<QRect> &cells)
@@ -192,12 +199,14 @@ void CScenePlacing::showCells(const QVector<QRect> &cells)
 
 void CScenePlacing::press(const QGraphicsSceneMouseEvent &event)
 {
+    m_cursor = event.scenePos();
     showCells({ghostAt(event.scenePos())});
     m_pressed = true;
 }
 
 void CScenePlacing::move(const QGraphicsSceneMouseEvent &event)
 {
+    m_cursor = event.scenePos();
     if (!m_pressed) {
         showCells({ghostAt(event.scenePos())});
         return;
@@ -252,6 +261,14 @@ CScenePlacing::Port CScenePlacing::recordOf(const QVector<QRect> &cells, const C
 
 void CScenePlacing::paint(QPainter &painter) const
 {
-    if (isAppending())
-        CLayoutPainter::paintGhosts(painter, m_cells, m_states.portColor(pendingPort()));
+    if (!isAppending() || m_cells.isEmpty())
+        return;
+    CGesturePainter::paintGhosts(painter, m_cells, m_states.portColor(pendingPort()));
+    const QRect all = block();
+    CGesturePainter::paintGuides(painter, CEdgeSnap::guides(all, neighboursOf(all, 1)));
+    const QSize cell = m_cells.first().size();
+    if (m_pressed)
+        CGesturePainter::paintNote(
+            painter, m_cursor,
+            QStringLiteral("%1 \u00d7 %2").arg(all.width() / cell.width()).arg(all.height() / cell.height()));
 }

@@ -61,7 +61,7 @@ public:
     void move(const QGraphicsSceneMouseEvent &event);
     /// Returns whether the cabinets were placed or refused, so that none wait any more.
     bool release(const QGraphicsSceneMouseEvent &event);
-    /// Draws the ghosts.
+    /// Draws the ghosts, the edges that they snap to, and how many they are.
     void paint(QPainter &painter) const;
 
     /// The reason why @p more cabinets cannot be added to a port that holds @p count; empty if they can.
@@ -70,6 +70,8 @@ public:
 private:
     int pendingPort() const;
     QRect ghostAt(const QPointF &scenePos) const;
+    QVector<QRect> neighboursOf(const QRect &rect, int reach) const;
+    QRect block() const; ///< around all ghosts
     void showCells(const QVector<QRect> &cells);
     Port recordOf(const QVector<QRect> &cells, const CGraphicsPortItem &port) const;
     void place(CGraphicsPortItem &port, const Port &record, const QString &text);
@@ -82,5 +84,6 @@ private:
     CUndoRecorder &m_recorder;
     PasteCache m_cache;
     QVector<QRect> m_cells; // the ghosts
+    QPointF m_cursor;
     bool m_pressed = false; // the first of them is fixed
 };
