@@ -13,16 +13,19 @@ class CEditBatches final : public IEditing
 {
 public:
     /// @p finish does the work; if items report more meanwhile, it runs again. @p cancel undoes the gesture
-    /// in progress.
-    CEditBatches(std::function<void(const CPendingEdits &)> finish, std::function<void()> cancel)
+    /// in progress. @p tell brings words into the status bar.
+    CEditBatches(std::function<void(const CPendingEdits &)> finish, std::function<void()> cancel,
+                 std::function<void(const QString &)> tell)
         : m_finish(std::move(finish))
         , m_cancel(std::move(cancel))
+        , m_tell(std::move(tell))
     {
     }
 
     void beginBatch() override { ++m_depth; }
     void endBatch() override;
     void cancelGesture() override { m_cancel(); }
+    void tell(const QString &words) override { m_tell(words); }
     void forget() { m_pending = CPendingEdits(); }
 
     void noteCabinetMoved(CGraphicsCabinetItem &cabinet);
@@ -34,6 +37,7 @@ public:
 private:
     std::function<void(const CPendingEdits &)> m_finish;
     std::function<void()> m_cancel;
+    std::function<void(const QString &)> m_tell;
     CPendingEdits m_pending;
     int m_depth = 0;
 };

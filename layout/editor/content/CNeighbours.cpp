@@ -10,9 +10,10 @@ QVector<QRect> CNeighbours::of(const QRect &rect, int reach, const QGraphicsScen
                                ESelected selected)
 {
     const QRectF outer = QRectF(rect).adjusted(-reach, -reach, reach, reach);
-    const QSizeF across(outer.width(), 2 * reach);
-    const QSizeF down(2 * reach, outer.height());
-    const QPointF farEdges = outer.bottomRight() - QPointF(2 * reach, 2 * reach);
+    const qreal breadth = 2 * reach + 1; // what only touches a strip is not found
+    const QSizeF across(outer.width(), breadth);
+    const QSizeF down(breadth, outer.height());
+    const QPointF farEdges = outer.bottomRight() - QPointF(breadth, breadth);
     QVector<QRect> neighbours;
     if (!canvas.isEmpty())
         neighbours << QRect(QPoint(), canvas);

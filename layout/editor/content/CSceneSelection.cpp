@@ -187,10 +187,12 @@ bool CSceneSelection::canBreakGroup() const
     return m_groupCount > 0 && !touchesClosedPort();
 }
 
-bool CSceneSelection::touchesClosedPort() const
+const CGraphicsPortItem *CSceneSelection::closedPort() const
 {
-    return std::any_of(m_items.begin(), m_items.end(), [](const QVector<CGraphicsItemBase *> &ofPort) {
-        const CGraphicsPortItem *port = (*ofPort.begin())->portItem();
-        return port && port->isClosed();
-    });
+    for (const QVector<CGraphicsItemBase *> &ofPort : m_items) {
+        const CGraphicsPortItem *port = ofPort.first()->portItem();
+        if (port && port->isClosed())
+            return port;
+    }
+    return nullptr;
 }

@@ -45,7 +45,8 @@ public:
     /// Whether a group is selected, and no port with a selected item refuses edits.
     bool canBreakGroup() const;
     /// Whether any port that holds a selected item refuses edits.
-    bool touchesClosedPort() const;
+    bool touchesClosedPort() const { return closedPort() != nullptr; }
+    const CGraphicsPortItem *closedPort() const; ///< the first of these ports, or null
 
 private:
     void count(const CGraphicsItemBase &item, int change);

@@ -11,6 +11,7 @@
 #include "layout/editor/gestures/CRubberBand.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/items/CRefusal.h"
 #include "layout/editor/items/ViewScale.h"
 #include "layout/geometry/CEdgeSnap.h"
 #include "layout/geometry/CResizeHandles.h"
@@ -73,7 +74,7 @@ void CSceneGestures::beginDrag(const SPress &press)
         return;
     }
     const CGraphicsPortItem *joined = item ? item->portItem() : nullptr;
-    if (m_selection.touchesClosedPort() || (joined && joined->isClosed()))
+    if (CRefusal::isTold(m_editing, m_selection.closedPort()) || CRefusal::isTold(m_editing, joined))
         return;
     if (item) {
         const CEditBatch batch(m_editing);
@@ -156,7 +157,7 @@ void CSceneGestures::beginStroke(CGraphicsCabinetItem &cabinet, const QPointF &s
 {
     CGraphicsPortItem *port = cabinet.portItem();
     m_scene.clearSelection();
-    if (port && !port->isClosed())
+    if (port && !CRefusal::isTold(m_editing, port))
         m_stroke = std::make_unique<CPenStroke>(m_editing, m_content, *port, cabinet, scenePos);
 }
 

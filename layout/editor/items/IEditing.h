@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+class QString;
+
 /// What every edit of a scene calls at its beginning and end. GUI thread.
 class IEditing
 {
@@ -16,6 +18,9 @@ public:
     /// Cancels a drag, a stroke or a rubber band in progress. Every edit calls this before it reads the
     /// geometry of items.
     virtual void cancelGesture() = 0;
+
+    /// Says @p words in the status bar: what an edit did otherwise than asked for.
+    virtual void tell(const QString &words) = 0;
 };
 
 /// Opens a batch for its lifetime.

@@ -71,14 +71,16 @@ void CCabinetMenu::addClipboard()
 {
     CSceneOperations &operations = m_backend.operations();
     CScenePlacing &placing = m_backend.placing();
-    CEditEntries::add(m_menu, tr("Cut"), menuIcon("cut"), [&placing, &operations] {
-        placing.cut(operations);
-    })->setShortcuts(QKeySequence::Cut);
+    QAction *cut = CEditEntries::add(m_menu, tr("Cut"), menuIcon("cut"),
+                                     [&placing, &operations] { placing.cut(operations); });
+    cut->setShortcuts(QKeySequence::Cut);
     CEditEntries::add(m_menu, tr("Copy"), menuIcon("copy"), [&placing] {
         placing.copy();
     })->setShortcuts(QKeySequence::Copy);
-    CEditEntries::add(m_menu, tr("Delete cabinet"), menuIcon("delete"),
-                      [&operations] { operations.remove(); });
+    QAction *remove = CEditEntries::add(m_menu, tr("Delete cabinet"), menuIcon("delete"),
+                                        [&operations] { operations.remove(); });
+    for (QAction *entry : {cut, remove})
+        CEditEntries::disableIfClosed(*entry, m_backend.selection().closedPort());
 }
 
 void CCabinetMenu::addFill()

@@ -18,15 +18,22 @@ void CCanvasMenu::fill(const QPointF &scenePos)
     CEditEntries::addSelectAll(m_menu, m_backend.picks());
     const int current = m_backend.states().currentPort();
     const CGraphicsPortItem *port = m_backend.content().portItem(current);
-    CScenePlacing &placing = m_backend.placing();
-    if (port && !placing.cache().isEmpty())
-        CEditEntries::add(m_menu, tr("Paste"), QString(), [&placing, scenePos, parent = m_parent] {
-            placing.paste(scenePos, parent);
-        })->setShortcuts(QKeySequence::Paste);
+    if (port && !m_backend.placing().cache().isEmpty())
+        addPaste(scenePos, *port);
     if (port && port->chain().head())
         CEditEntries::addClearTopology(m_menu, m_backend, current, m_parent);
     if (m_commands)
         addDialogs();
+}
+
+void CCanvasMenu::addPaste(const QPointF &scenePos, const CGraphicsPortItem &port)
+{
+    CScenePlacing &placing = m_backend.placing();
+    QAction *paste =
+        CEditEntries::add(m_menu, tr("Paste"), QString(),
+                          [&placing, scenePos, parent = m_parent] { placing.paste(scenePos, parent); });
+    paste->setShortcuts(QKeySequence::Paste);
+    CEditEntries::disableIfClosed(*paste, &port);
 }
 
 void CCanvasMenu::addDialogs()

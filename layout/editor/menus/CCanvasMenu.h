@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QPointF>
 
+class CGraphicsPortItem;
 class CSceneBackend;
 class IEditorCommands;
 class QMenu;
@@ -35,6 +36,7 @@ public:
     static QString reason(CanvasBlock block);
 
 private:
+    void addPaste(const QPointF &scenePos, const CGraphicsPortItem &port);
     void addDialogs();
 
     QMenu &m_menu;

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/menus/CEditEntries.h"
 
-#include "layout/api/access/IPortStates.h"
+#include "layout/editor/items/CRefusal.h"
 #include "layout/editor/menus/CClearTopology.h"
 #include "layout/editor/scene/CSceneBackend.h"
 
@@ -41,8 +41,14 @@ void CEditEntries::addClearTopology(QMenu &menu, CSceneBackend &backend, int por
                          [&backend, port, parent] {
                              CClearTopology::ask(parent, backend.content(), backend.operations(), port);
                          });
-    if (!backend.states().isPortLocked(port))
+    disableIfClosed(*clear, backend.content().portItem(port));
+}
+
+void CEditEntries::disableIfClosed(QAction &entry, const CGraphicsPortItem *port)
+{
+    const QString reason = CRefusal::reason(port);
+    if (reason.isEmpty())
         return;
-    clear->setEnabled(false);
-    clear->setToolTip(tr("Port %1 is locked.").arg(port + 1));
+    entry.setEnabled(false);
+    entry.setToolTip(reason);
 }

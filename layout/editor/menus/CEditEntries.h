@@ -7,6 +7,7 @@
 
 #include <functional>
 
+class CGraphicsPortItem;
 class CGuardedUndo;
 class CSceneBackend;
 class CSelectionPicks;
@@ -23,6 +24,8 @@ public:
     /// Adds an entry to @p menu that calls @p triggered; @p icon may be empty.
     static QAction *add(QMenu &menu, const QString &text, const QString &icon,
                         const std::function<void()> &triggered);
+    /// Disables @p entry if @p port refuses edits; its tool tip then says why.
+    static void disableIfClosed(QAction &entry, const CGraphicsPortItem *port);
     /// Adds "Undo" and "Redo", enabled if there is a step; messages appear over @p parent.
     static void addHistory(QMenu &menu, CGuardedUndo &history, QWidget *parent);
     static void addSelectAll(QMenu &menu, CSelectionPicks &picks);

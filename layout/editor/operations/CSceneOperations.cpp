@@ -7,6 +7,7 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/items/CRefusal.h"
 #include "layout/editor/items/IEditing.h"
 #include "layout/editor/operations/CTopologyWiring.h"
 #include "layout/editor/recording/CGroupEditing.h"
@@ -43,7 +44,7 @@ QVector<CGraphicsPortItem *> CSceneOperations::ports() const
 void CSceneOperations::wireByPattern(uint pattern)
 {
     m_editing.cancelGesture();
-    if (pattern >= uint(CSnakeOrder::PatternCount) || m_selection.touchesClosedPort())
+    if (pattern >= uint(CSnakeOrder::PatternCount) || CRefusal::isTold(m_editing, m_selection.closedPort()))
         return;
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("topologyWiring"));
@@ -57,7 +58,7 @@ void CSceneOperations::wireByPattern(uint pattern)
 void CSceneOperations::breakSelectedWiring()
 {
     m_editing.cancelGesture();
-    if (m_selection.touchesClosedPort())
+    if (CRefusal::isTold(m_editing, m_selection.closedPort()))
         return;
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("breakSelectedWiring"));
@@ -69,7 +70,7 @@ void CSceneOperations::breakPortWiring(int port)
 {
     m_editing.cancelGesture();
     CGraphicsPortItem *item = m_content.portItem(port);
-    if (!item || item->isClosed())
+    if (!item || CRefusal::isTold(m_editing, item))
         return;
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("BreakPortWiring"));
@@ -79,7 +80,7 @@ void CSceneOperations::breakPortWiring(int port)
 void CSceneOperations::group()
 {
     m_editing.cancelGesture();
-    if (!m_selection.canGroup())
+    if (CRefusal::isTold(m_editing, m_selection.closedPort()) || !m_selection.canGroup())
         return;
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("Group"));
@@ -89,7 +90,7 @@ void CSceneOperations::group()
 void CSceneOperations::ungroup()
 {
     m_editing.cancelGesture();
-    if (!m_selection.canBreakGroup())
+    if (CRefusal::isTold(m_editing, m_selection.closedPort()) || !m_selection.canBreakGroup())
         return;
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("Ungroup"));
@@ -101,7 +102,7 @@ void CSceneOperations::ungroup()
 void CSceneOperations::remove()
 {
     m_editing.cancelGesture();
-    if (m_selection.touchesClosedPort())
+    if (CRefusal::isTold(m_editing, m_selection.closedPort()))
         return;
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("Delete"));
@@ -114,22 +115,29 @@ void CSceneOperations::remove()
 void CSceneOperations::nudge(const QPointF &step)
 {
     m_editing.cancelGesture();
-    if (m_selection.touchesClosedPort())
+    if (CRefusal::isTold(m_editing, m_selection.closedPort()))
         return;
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("ChangePosition"), QStringLiteral("Move"));
+    int atEdge = 0;
     for (CGraphicsItemBase *item : m_selection.sorted()) {
         const QPointF target = nudged(*item, step);
         if (target != item->scenePos())
             m_recorder.record<CMoveCommand>(*item, item->scenePos(), target);
+        else
+            atEdge += item->concernedCabinets().size();
     }
+    if (atEdge > 0)
+        m_editing.tell(atEdge == 1 ? tr("1 cabinet stands at the edge.")
+                                   : tr("%1 cabinets stand at the edge.").arg(atEdge));
 }
 
 void CSceneOperations::exchangeReceivers(const QUuid &cabinet)
 {
     CGraphicsItemBase *item = m_content.editedItem(cabinet);
     const CGraphicsPortItem *port = item ? item->portItem() : nullptr;
-    if (!port || port->isClosed() || item->cabinet().directionFixed || item->cabinet().rects.size() < 2)
+    if (!port || item->cabinet().directionFixed || item->cabinet().rects.size() < 2 ||
+        CRefusal::isTold(m_editing, port))
         return;
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("ChangeRank"), QStringLiteral("Head-to-tail exchange"));

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QCoreApplication>
 #include <QPointF>
 #include <QUuid>
 #include <QVector>
@@ -16,6 +17,8 @@ class IEditing;
 /// nothing at all if a port that it would change is locked. GUI thread.
 class CSceneOperations final
 {
+    Q_DECLARE_TR_FUNCTIONS(CSceneOperations)
+
 public:
     CSceneOperations(IEditing &editing, CSceneContent &content, const CSceneSelection &selection,
                      CUndoRecorder &recorder)

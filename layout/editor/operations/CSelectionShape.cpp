@@ -5,6 +5,7 @@
 #include "layout/api/records/LayoutLimits.h"
 #include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/CRefusal.h"
 #include "layout/editor/items/IEditing.h"
 #include "layout/editor/recording/CAreaRecorder.h"
 #include "layout/editor/recording/CUndoRecorder.h"
@@ -34,7 +35,7 @@ void CSelectionShape::move(CGraphicsItemBase &item, const QPointF &target)
 void CSelectionShape::moveTo(const QPoint &corner)
 {
     m_editing.cancelGesture();
-    if (m_selection.isEmpty() || m_selection.touchesClosedPort())
+    if (m_selection.isEmpty() || CRefusal::isTold(m_editing, m_selection.closedPort()))
         return;
     const QVector<CGraphicsItemBase *> items = m_selection.sorted();
     QRectF extent;
@@ -49,7 +50,7 @@ void CSelectionShape::moveTo(const QPoint &corner)
 void CSelectionShape::resizeTo(const QSize &size)
 {
     m_editing.cancelGesture();
-    if (!LayoutLimits::isCabinetSize(size) || m_selection.touchesClosedPort())
+    if (!LayoutLimits::isCabinetSize(size) || CRefusal::isTold(m_editing, m_selection.closedPort()))
         return;
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("ChangeSize"));
@@ -68,7 +69,7 @@ void CSelectionShape::resizeTo(const QSize &size)
 void CSelectionShape::arrange(int columns)
 {
     m_editing.cancelGesture();
-    if (columns < 1 || m_selection.isEmpty() || m_selection.touchesClosedPort())
+    if (columns < 1 || m_selection.isEmpty() || CRefusal::isTold(m_editing, m_selection.closedPort()))
         return;
     QVector<CGraphicsItemBase *> items = m_selection.sorted();
     QRectF extent;
@@ -94,7 +95,7 @@ void CSelectionShape::applyType(const TypeInfo &type)
 {
     m_editing.cancelGesture();
     if (!type.isValid() || !LayoutLimits::isCabinetSize(QSize(type.width, type.height)) ||
-        m_selection.touchesClosedPort())
+        CRefusal::isTold(m_editing, m_selection.closedPort()))
         return;
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("Change cabinet type"));

@@ -10,6 +10,7 @@
 #include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/items/CRefusal.h"
 #include "layout/editor/items/IEditing.h"
 #include "layout/editor/items/ViewScale.h"
 #include "layout/editor/operations/CSceneOperations.h"
@@ -79,7 +80,7 @@ void CScenePlacing::copy()
 void CScenePlacing::cut(CSceneOperations &operations)
 {
     m_editing.cancelGesture();
-    if (m_selection.touchesClosedPort())
+    if (CRefusal::isTold(m_editing, m_selection.closedPort()))
         return;
     copy();
     operations.remove();
@@ -91,7 +92,7 @@ void CScenePlacing::paste(const QPointF &position, QWidget *parent)
     CGraphicsPortItem *port = m_content.portItem(m_states.currentPort());
     if (m_states.currentPort() < 0)
         m_cache = PasteCache(); // there is nothing that it could go into
-    if (!port || port->isClosed() || m_cache.isEmpty())
+    if (!port || m_cache.isEmpty() || CRefusal::isTold(m_editing, port))
         return;
     if (port->cabinets(nullptr).size() + CPasteContent::cabinetCount(m_cache) >
         LayoutLimits::CabinetsPerPort) {
@@ -129,8 +130,8 @@ void CScenePlacing::beginAppend(const TypeInfo &type, int port, const QSize &siz
 {
     m_editing.cancelGesture();
     const CGraphicsPortItem *item = m_content.portItem(port);
-    if (!item || item->isClosed() || item->cabinets(nullptr).size() >= LayoutLimits::CabinetsPerPort ||
-        !LayoutLimits::isCabinetSize(size))
+    if (!item || CRefusal::isTold(m_editing, item) ||
+        item->cabinets(nullptr).size() >= LayoutLimits::CabinetsPerPort || !LayoutLimits::isCabinetSize(size))
         return;
     m_scene.setProperty(PendingType, QVariantMap{{TypeKey, QVariant::fromValue(type)}});
     m_scene.setProperty(PendingPort, port);
@@ -224,7 +225,7 @@ bool CScenePlacing::release(const QGraphicsSceneMouseEvent &event)
     if (!m_pressed)
         return false;
     CGraphicsPortItem *port = m_content.portItem(pendingPort());
-    if (port && !port->isClosed()) {
+    if (port && !CRefusal::isTold(m_editing, port)) {
         const QString refused = refusal(port->cabinets(nullptr).size(), m_cells.size());
         if (refused.isEmpty())
             place(*port, recordOf(m_cells, *port), QStringLiteral("Append"));

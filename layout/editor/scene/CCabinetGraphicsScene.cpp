@@ -15,8 +15,9 @@
 
 CCabinetGraphicsScene::CCabinetGraphicsScene(const IPortStates &ports, QObject *parent)
     : CGraphicsScene(parent)
-    , m_backend(std::make_unique<CSceneBackend>(*this, ports,
-                                                [this](const CPendingEdits &work) { finishBatch(work); }))
+    , m_backend(std::make_unique<CSceneBackend>(
+          *this, ports, [this](const CPendingEdits &work) { finishBatch(work); },
+          [this](const QString &words) { Q_EMIT notifyWords(words); }))
 {
     setUndoStack(&m_ownStack);
     connect(this, &QGraphicsScene::selectionChanged, this, &CCabinetGraphicsScene::onSelectionChanged);

@@ -5,10 +5,12 @@
 #include "layout/editor/scene/ISceneInput.h"
 
 CSceneBackend::CSceneBackend(CGraphicsScene &scene, const IPortStates &states,
-                             std::function<void(const CPendingEdits &)> finish)
+                             std::function<void(const CPendingEdits &)> finish,
+                             std::function<void(const QString &)> tell)
     : m_states(states)
     , m_content(scene, *this, states)
-    , m_batches(std::move(finish), [this] { cancelGesture(); })
+    , m_batches(
+          std::move(finish), [this] { cancelGesture(); }, std::move(tell))
     , m_picks(scene, m_batches, m_content, m_selection)
     , m_recorder([this] { return m_selection.uuids(); })
     , m_history(m_batches, m_content, m_recorder, m_picks)

@@ -14,6 +14,7 @@
 #include "layout/editor/view/CCanvasKeys.h"
 #include "layout/editor/view/CEditorToolBar.h"
 #include "layout/editor/view/CPortStrip.h"
+#include "layout/editor/view/CStatusWords.h"
 #include "layout/editor/view/CToolModes.h"
 #include "platform/graphics/CAerialView.h"
 
@@ -37,6 +38,7 @@ CLayoutGraphicsView::CLayoutGraphicsView(const IPortStates &ports, QWidget *pare
     , m_input(std::make_unique<CSceneInput>(*m_scene))
     , m_toolBar(new CEditorToolBar)
     , m_ports(new CPortStrip(*m_toolBar, ports))
+    , m_words(new CStatusWords(*this, *viewport()))
 {
     buildUi();
     connectTools();
@@ -94,6 +96,7 @@ void CLayoutGraphicsView::connectScene()
     connect(m_scene, &Scene::notifySceneChanged, this, &CLayoutGraphicsView::onNotifySceneChanged);
     connect(m_scene, &Scene::notifyLookChanged, &aerialView(), &CAerialView::scheduleRefresh);
     connect(m_scene, &Scene::notifyHighlightChanged, this, &CLayoutGraphicsView::highlight);
+    connect(m_scene, &Scene::notifyWords, m_words, &CStatusWords::tell);
 }
 
 void CLayoutGraphicsView::onCurrentPortChanged()

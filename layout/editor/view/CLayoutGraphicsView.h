@@ -13,6 +13,7 @@ class CEditorToolBar;
 class CFarPorts;
 class CPortStrip;
 class CSceneInput;
+class CStatusWords;
 class IEditorCommands;
 class IPortStates;
 
@@ -117,6 +118,7 @@ private:
     CEditHistories m_histories;
     CEditorToolBar *m_toolBar;
     CPortStrip *m_ports;
+    CStatusWords *m_words;
     IEditorCommands *m_commands = nullptr;
     const CFarPorts *m_farPorts = nullptr; // during a frame
     QUuid m_processor;

@@ -121,8 +121,8 @@ bool CRandomPlacing::paste(QAction *entry)
 /// Where a single cabinet comes to lie that is held at @p ghost; nothing where that is open.
 std::optional<QRect> CRandomPlacing::snapped(QRect ghost) const
 {
-    QSet<int> across;
-    QSet<int> down;
+    QSet<int> across = {0}; // the canvas; its far edges are out of reach
+    QSet<int> down = {0};
     for (int port = 0; port < PortCount; ++port) {
         for (const auto &cell : m_expected.cellsOf(m_expected.cabinetsIn(port))) {
             const QRect rect = cell.second;

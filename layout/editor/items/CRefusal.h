@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QCoreApplication>
+#include <QString>
+
+class CGraphicsPortItem;
+class IEditing;
+
+/// Why a port refuses edits, in words for the status bar. GUI thread.
+class CRefusal final
+{
+    Q_DECLARE_TR_FUNCTIONS(CRefusal)
+
+public:
+    /// Empty for a port that accepts edits, and for null.
+    static QString reason(const CGraphicsPortItem *port);
+    /// Tells the reason if there is one. Returns whether there is.
+    static bool isTold(IEditing &editing, const CGraphicsPortItem *port);
+};
