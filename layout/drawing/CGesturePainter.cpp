@@ -39,6 +39,13 @@ void CGesturePainter::paintGuides(QPainter &painter, const QVector<QLine> &lines
     painter.drawLines(lines);
 }
 
+void CGesturePainter::paintPointedOut(QPainter &painter, const QVector<QRectF> &cabinets)
+{
+    painter.setPen(cosmeticPen(LayoutColors::Highlight, 3));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRects(cabinets);
+}
+
 void CGesturePainter::paintHandles(QPainter &painter, const QVector<QRectF> &marks)
 {
     painter.setPen(cosmeticPen(LayoutColors::Border, 1));

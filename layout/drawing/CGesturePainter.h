@@ -21,6 +21,8 @@ public:
     static void paintStroke(QPainter &painter, const QPolygonF &path);
     /// Lines along the edges that something has snapped to.
     static void paintGuides(QPainter &painter, const QVector<QLine> &lines);
+    /// The cabinets that a question is about.
+    static void paintPointedOut(QPainter &painter, const QVector<QRectF> &cabinets);
     /// Resize handles.
     static void paintHandles(QPainter &painter, const QVector<QRectF> &marks);
     /// Cabinets that wait to be placed; once placed they are filled with @p fill.

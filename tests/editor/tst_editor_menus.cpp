@@ -117,6 +117,12 @@ private Q_SLOTS:
         QVERIFY(entry(wired, "Clear topology") && entry(wired, "Paste"));
         QVERIFY(!entry(wired, "Canvas size settings... (Polling is enabled)")->isEnabled());
         QVERIFY(entry(wired, "Undo")->isEnabled());
+        world.states.redundancy[0] = CabinetLayout::CabinetPort::Redundant;
+        QMenu closed;
+        CCanvasMenu(closed, world.scene.backend(), &world.commands, nullptr).fill({});
+        for (const char *text : {"Clear topology", "Paste"})
+            QVERIFY(!entry(closed, text)->isEnabled());
+        QCOMPARE(entry(closed, "Paste")->toolTip(), QStringLiteral("Port 1 is a redundancy port."));
         world.states.current = -1;
         QMenu portless;
         CCanvasMenu(portless, world.scene.backend(), &world.commands, nullptr).fill({});
@@ -131,10 +137,12 @@ private Q_SLOTS:
         CMessageBoxAnswerer user({QStringLiteral("Yes"), QStringLiteral("OK")});
         QTimer::singleShot(0, &world.scene, [&world, &other] {
             QVERIFY(QApplication::activeModalWidget()); // asked, and not answered yet
+            QCOMPARE(world.scene.backend().content().pointedOut(), world.scene.portItem(0));
             world.scene.setLayoutData(SmallWorlds::node(other), other);
         });
-        CClearTopology::ask(nullptr, world.scene.backend().content(), world.scene.backend().operations(), 0);
+        CClearTopology::ask(nullptr, world.scene.backend(), 0);
         QCOMPARE(world.scene.portItem(0)->chain().order().size(), 3);
+        QVERIFY(!world.scene.backend().content().pointedOut());
         QCOMPARE(user.texts().last(), QStringLiteral("Set failed."));
         QCOMPARE(user.boxes().last().details, QStringLiteral("The processor is no longer in view."));
     }

@@ -4,6 +4,8 @@
 #include "tests/editor/CMouseTest.h"
 #include "tests/harness/CSignalLog.h"
 
+#include <QMainWindow>
+#include <QStatusBar>
 #include <QToolButton>
 
 namespace {
@@ -40,6 +42,26 @@ private Q_SLOTS:
         QCOMPARE(infos.count(), 4);
         QVERIFY(m_mouse->scene().selection().isEmpty());
         QCOMPARE(m_mouse->layout(), m_mouse->original());
+    }
+
+    void theStatusBarSaysWhatDidNotHappen()
+    {
+        QMainWindow window;
+        window.setCentralWidget(&m_mouse->view());
+        const auto said = [&window] { return window.statusBar()->currentMessage(); };
+        m_mouse->view().onPortClicked(0, true);
+        QTest::keyClick(&m_mouse->view(), Qt::Key_Down);
+        QCOMPARE(said(), QString());
+        QTest::keyClick(&m_mouse->view(), Qt::Key_Left); // one of three can
+        QCOMPARE(said(), QStringLiteral("1 cabinet stands at the edge."));
+        m_mouse->states().locked[0] = true;
+        for (const int key : {Qt::Key_Right, Qt::Key_Delete}) {
+            QTest::keyClick(&m_mouse->view(), Qt::Key(key));
+            QCOMPARE(said(), QStringLiteral("Port 1 is locked."));
+        }
+        QTest::keyClick(&m_mouse->view(), Qt::Key_Shift);
+        QCOMPARE(said(), QString());
+        m_mouse->view().setParent(nullptr); // it is not the window's
     }
 
     void commandsConcernAllCabinetsOfAPort()

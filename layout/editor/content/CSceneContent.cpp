@@ -144,6 +144,12 @@ void CSceneContent::leaveEdited(CGraphicsItemBase &item)
     m_scene.leaveItem(item.uuid());
 }
 
+void CSceneContent::pointOut(int port)
+{
+    m_pointedOut = port;
+    m_scene.updateViews();
+}
+
 QRectF CSceneContent::bounds() const
 {
     QRectF bounds(QPointF(0, 0), QSizeF(m_canvas));

@@ -52,6 +52,11 @@ public:
 
     QSize canvas() const { return m_canvas; }
     void setCanvas(const QSize &canvas) { m_canvas = canvas; }
+    /// Marks all cabinets of a port, until another one or NoPort is named.
+    void pointOut(int port);
+    const CGraphicsPortItem *pointedOut() const { return portItem(m_pointedOut); } ///< null: none
+    static constexpr int NoPort = -1;
+
     /// The union of the canvas and all ports.
     QRectF bounds() const;
 
@@ -76,6 +81,7 @@ private:
     QSize m_canvas;
     QUuid m_processor;
     QVector<CGraphicsPortItem *> m_ports;
+    int m_pointedOut = NoPort;
     qint64 m_nextOrdinal = 0;
     CRecordOrder m_order;
     mutable QHash<int, Port> m_records; // by port index

@@ -4,8 +4,7 @@
 
 #include <QCoreApplication>
 
-class CSceneContent;
-class CSceneOperations;
+class CSceneBackend;
 class QWidget;
 
 /// Clears the whole topology of a port after asking the user. GUI thread.
@@ -14,7 +13,8 @@ class CClearTopology final
     Q_DECLARE_TR_FUNCTIONS(CClearTopology)
 
 public:
-    /// Asks in a message box over @p parent, unless the port is locked. If another processor comes into view
-    /// while the question is open, nothing is cleared, and a message says so.
-    static void ask(QWidget *parent, const CSceneContent &content, CSceneOperations &operations, int port);
+    /// Asks in a message box over @p parent, unless the port refuses edits; meanwhile its cabinets are
+    /// marked. If another processor comes into view while the question is open, nothing is cleared, and a
+    /// message says so.
+    static void ask(QWidget *parent, CSceneBackend &backend, int port);
 };

@@ -38,9 +38,7 @@ void CEditEntries::addSelectAll(QMenu &menu, CSelectionPicks &picks)
 void CEditEntries::addClearTopology(QMenu &menu, CSceneBackend &backend, int port, QWidget *parent)
 {
     QAction *clear = add(menu, tr("Clear topology"), QStringLiteral(":/Image/Layout/Menu/clear_topology.svg"),
-                         [&backend, port, parent] {
-                             CClearTopology::ask(parent, backend.content(), backend.operations(), port);
-                         });
+                         [&backend, port, parent] { CClearTopology::ask(parent, backend, port); });
     disableIfClosed(*clear, backend.content().portItem(port));
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 
+#include "layout/drawing/CGesturePainter.h"
 #include "layout/drawing/CLayoutPainter.h"
 #include "layout/editor/items/CFarPorts.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
@@ -352,4 +353,12 @@ void CCabinetGraphicsScene::drawForeground(QPainter *painter, const QRectF &)
     if (input())
         input()->paint(*painter);
     m_backend->placing().paint(*painter);
+    if (const CGraphicsPortItem *port = m_backend->content().pointedOut()) {
+        QVector<QRectF> cabinets;
+        for (const CPortOverview::SPlace &place : port->overview().places()) {
+            if (place.cabinet)
+                cabinets << place.rect;
+        }
+        CGesturePainter::paintPointedOut(*painter, cabinets);
+    }
 }

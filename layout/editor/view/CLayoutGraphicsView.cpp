@@ -215,8 +215,7 @@ void CLayoutGraphicsView::onToolButtonToggled(int id, bool checked)
 void CLayoutGraphicsView::clearTopology()
 {
     if (m_scene->selection().isEmpty())
-        CClearTopology::ask(this, m_scene->backend().content(), m_scene->backend().operations(),
-                            m_scene->backend().states().currentPort());
+        CClearTopology::ask(this, m_scene->backend(), m_scene->backend().states().currentPort());
     else
         m_scene->breakSelectedWiring();
 }
