@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 
+#include "layout/api/access/IPortStates.h"
 #include "layout/drawing/CGesturePainter.h"
 #include "layout/drawing/CLayoutPainter.h"
 #include "layout/editor/items/CFarPorts.h"
