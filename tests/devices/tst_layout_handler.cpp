@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/devices/CDeviceFixture.h"
-#include "tests/harness/CTestBase.h"
+#include "tests/harness/CWorldTest.h"
 
 #include <QSet>
 #include <QSignalSpy>
@@ -9,6 +9,16 @@
 namespace {
 
 using Cabinet = CabinetLayout::CabinetPort::Cabinet;
+
+/// The fixture with "Main stage" in view.
+struct SStage final : CDeviceFixture
+{
+    SStage()
+    {
+        select(stage);
+        log.waitFor(28);
+    }
+};
 
 QSet<QUuid> keysOf(const CabinetLayout &layout)
 {
@@ -22,172 +32,139 @@ QSet<QUuid> keysOf(const CabinetLayout &layout)
 
 } // namespace
 
-class CLayoutHandlerTest final : public CTestBase
+class CLayoutHandlerTest final : public CWorldTest<SStage>
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        CTestBase::init();
-        m_host = std::make_unique<CDeviceFixture>();
-        m_lobby = m_host->lobby;
-        m_stage = m_host->stage;
-        m_left = m_host->left;
-        m_right = m_host->right;
-        m_host->select(m_stage);
-        QVERIFY(!m_host->log.waitFor(28).isEmpty());
-    }
-
-    void importReplacesTheLayoutButForLockedPorts_data()
-    {
-        QTest::addColumn<bool>("overwrite");
-        QTest::newRow("locked ports stay") << false;
-        QTest::newRow("locked ports are overwritten") << true;
-    }
     void importReplacesTheLayoutButForLockedPorts()
     {
-        QFETCH(bool, overwrite);
-        const QString file = m_host->folder.filePath(QStringLiteral("left.sprj"));
-        QVERIFY2(m_host->handler.exportProcessorMapping(m_left, file),
-                 qPrintable(m_host->handler.lastError()));
-        m_host->edit(m_right, 1);
-        m_host->lockPort(m_right, 1);
-        const CabinetLayout before = m_host->layoutOf(m_right);
-        QVERIFY(m_host->handler.importProcessorMapping(m_right, file, overwrite));
-        QCOMPARE(m_host->log.waitFor(17), QStringLiteral("17 ") + CDeviceFixture::idOf(m_right));
-        const CabinetLayout after = m_host->layoutOf(m_right);
-        QCOMPARE(after.ports.at(1) == before.ports.at(1), !overwrite);
-        QVERIFY(after.ports.at(0) != before.ports.at(0));
-        QCOMPARE(after.cabinetCount(), m_host->layoutOf(m_left).cabinetCount());
-        QVERIFY(!keysOf(after).intersects(keysOf(m_host->layoutOf(m_left))));
-        for (const Cabinet &cabinet : after.ports.at(3).getAllCabinets())
-            QCOMPARE(m_host->handler.processorOfCabinet(cabinet.uuid).uuid, m_right);
+        const QString file = m_world->folder.filePath(QStringLiteral("left.sprj"));
+        QVERIFY(m_world->handler.exportProcessorMapping(m_world->left, file));
+        m_world->edit(m_world->right, 1);
+        m_world->lockPort(m_world->right, 1);
+        for (const bool overwrite : {false, true}) {
+            const CabinetLayout before = m_world->layoutOf(m_world->right);
+            QVERIFY(m_world->handler.importProcessorMapping(m_world->right, file, overwrite));
+            QCOMPARE(m_world->log.waitFor(17), QStringLiteral("17 ") + CDeviceFixture::idOf(m_world->right));
+            const CabinetLayout after = m_world->layoutOf(m_world->right);
+            QCOMPARE(after.ports.at(1) == before.ports.at(1), !overwrite);
+            QVERIFY(after.ports.at(0) != before.ports.at(0));
+            QCOMPARE(after.cabinetCount(), m_world->layoutOf(m_world->left).cabinetCount());
+            QVERIFY(!keysOf(after).intersects(keysOf(m_world->layoutOf(m_world->left))));
+            for (const Cabinet &cabinet : after.ports.at(3).getAllCabinets())
+                QCOMPARE(m_world->handler.processorOfCabinet(cabinet.uuid).uuid, m_world->right);
+        }
     }
 
     void anImportThatDoesNotFitChangesNothing()
     {
-        const QString file = m_host->folder.filePath(QStringLiteral("stage.sprj"));
-        QVERIFY(m_host->handler.exportProcessorMapping(m_stage, file));
-        const CabinetLayout before = m_host->layoutOf(m_lobby);
-        QVERIFY(refuses(m_host->handler.importProcessorMapping(m_lobby, file, true),
+        const QString file = m_world->folder.filePath(QStringLiteral("stage.sprj"));
+        QVERIFY(m_world->handler.exportProcessorMapping(m_world->stage, file));
+        const CabinetLayout before = m_world->layoutOf(m_world->lobby);
+        QVERIFY(refuses(m_world->handler.importProcessorMapping(m_world->lobby, file, true),
                         "Lobby(192.168.10.11): The mapping uses output port 5, but only 4 are in use."));
         QVERIFY(QFile::resize(file, 100));
-        QVERIFY(refuses(m_host->handler.importProcessorMapping(m_lobby, file, true), ""));
-        QVERIFY(m_host->handler.lastError().contains(file));
-        QVERIFY(m_host->layoutOf(m_lobby) == before);
-        QVERIFY(!m_host->handler.importProcessorMapping(QUuid::createUuid(), file, true));
+        QVERIFY(refuses(m_world->handler.importProcessorMapping(m_world->lobby, file, true), ""));
+        QVERIFY(m_world->handler.lastError().contains(file));
+        QVERIFY(m_world->layoutOf(m_world->lobby) == before);
+        QVERIFY(!m_world->handler.importProcessorMapping(QUuid::createUuid(), file, true));
     }
 
-    void portsArrivePairedOrNotAtAll_data()
-    {
-        QTest::addColumn<int>("locked"); // port that does not come
-        QTest::addColumn<bool>("paired");
-        QTest::newRow("both come") << -1 << true;
-        QTest::newRow("the redundancy port stays") << 15 << false;
-        QTest::newRow("the primary port stays") << 0 << false;
-    }
     void portsArrivePairedOrNotAtAll()
     {
-        QFETCH(int, locked);
-        QFETCH(bool, paired);
-        m_host->select(m_left);
-        LayoutData data = m_host->handler.layoutData(m_left);
+        using Port = CabinetLayout::CabinetPort;
+        m_world->select(m_world->left);
+        LayoutData data = m_world->handler.layoutData(m_world->left);
         auto &loose = data.layout.ports[0].groups[0];
-        CabinetLayout::CabinetPort::CabinetGroup group;
+        Port::CabinetGroup group;
         group.uuid = QUuid::createUuid();
         group.name = QStringLiteral("Row");
         group.cabinets << loose.cabinets.takeLast();
         group.cabinets[0].group = group.uuid;
         data.layout.ports[0].groups << group;
-        m_host->handler.commitLayoutData(data);
-        QVERIFY2(m_host->handler.setPortRedundancy(0, 15), qPrintable(m_host->handler.lastError()));
-        if (locked >= 0)
-            m_host->lockPort(m_right, locked);
-        QVERIFY(m_host->handler.copyProcessorMapping(m_left, m_right, false));
-        using Port = CabinetLayout::CabinetPort;
-        const QVector<Port> ports = m_host->layoutOf(m_right).ports;
-        QCOMPARE(ports.at(0).redundancy, paired ? Port::Primary : Port::NoRedundancy);
-        QCOMPARE(ports.at(0).redundancyPort, paired ? 15 : -1);
-        QCOMPARE(ports.at(15).redundancy, paired ? Port::Redundant : Port::NoRedundancy);
-        QCOMPARE(ports.at(15).redundancyPort, paired ? 0 : -1);
-        if (locked != 0) { // a group comes with keys of its own
-            const auto copied = ports.at(0).groups.last();
+        m_world->handler.commitLayoutData(data);
+        QVERIFY2(m_world->handler.setPortRedundancy(0, 15), qPrintable(m_world->handler.lastError()));
+        for (const int locked : {15, 0, -1}) { // a port that does not come
+            const bool paired = locked < 0;
+            for (const int port : {0, 15})
+                m_world->lockPort(m_world->right, port, port == locked);
+            QVERIFY(m_world->handler.copyProcessorMapping(m_world->left, m_world->right, false));
+            const QVector<Port> ports = m_world->layoutOf(m_world->right).ports;
+            QCOMPARE(ports.at(0).redundancy, paired ? Port::Primary : Port::NoRedundancy);
+            QCOMPARE(ports.at(0).redundancyPort, paired ? 15 : -1);
+            QCOMPARE(ports.at(15).redundancy, paired ? Port::Redundant : Port::NoRedundancy);
+            QCOMPARE(ports.at(15).redundancyPort, paired ? 0 : -1);
+            const auto copied = ports.at(0).groups.last(); // a group comes with keys of its own
             QCOMPARE(copied.name, group.name);
             QVERIFY(copied.uuid != group.uuid);
             QCOMPARE(copied.cabinets.first().group, copied.uuid);
         }
-        QVERIFY(!m_host->handler.copyProcessorMapping(m_left, m_left, false));
+        QVERIFY(!m_world->handler.copyProcessorMapping(m_world->left, m_world->left, false));
     }
 
     void onePortTravelsByItsFile()
     {
-        const QString file = m_host->folder.filePath(QStringLiteral("port.pprj"));
-        QVERIFY(m_host->handler.exportPortMapping(m_stage, 2, file));
-        QVERIFY(m_host->handler.importPortMapping(m_stage, 15, file, false));
-        const CabinetLayout layout = m_host->layoutOf(m_stage);
+        const QString file = m_world->folder.filePath(QStringLiteral("port.pprj"));
+        QVERIFY(m_world->handler.exportPortMapping(m_world->stage, 2, file));
+        QVERIFY(m_world->handler.importPortMapping(m_world->stage, 15, file, false));
+        const CabinetLayout layout = m_world->layoutOf(m_world->stage);
         QCOMPARE(layout.ports.at(15).cabinetCount(), layout.ports.at(2).cabinetCount());
         for (const Cabinet &cabinet : layout.ports.at(15).getAllCabinets())
             QCOMPARE(cabinet.port, 15);
-        m_host->lockPort(m_stage, 14);
-        const CabinetLayout before = m_host->layoutOf(m_stage);
-        QVERIFY(refuses(m_host->handler.importPortMapping(m_stage, 14, file, false),
+        m_world->lockPort(m_world->stage, 14);
+        const CabinetLayout before = m_world->layoutOf(m_world->stage);
+        QVERIFY(refuses(m_world->handler.importPortMapping(m_world->stage, 14, file, false),
                         "Output port 15 is locked."));
-        QVERIFY(m_host->layoutOf(m_stage) == before);
-        QVERIFY(m_host->handler.importPortMapping(m_stage, 14, file, true));
-        QVERIFY(m_host->layoutOf(m_stage) != before);
-        QVERIFY(!m_host->handler.exportPortMapping(m_stage, 16, file));
+        QVERIFY(m_world->layoutOf(m_world->stage) == before);
+        QVERIFY(m_world->handler.importPortMapping(m_world->stage, 14, file, true));
+        QVERIFY(m_world->layoutOf(m_world->stage) != before);
+        QVERIFY(!m_world->handler.exportPortMapping(m_world->stage, 16, file));
     }
 
     void thePortCountNeverCostsCabinets()
     {
-        CLayoutHandler &handler = m_host->handler;
-        QVERIFY(refuses(handler.setOutputPortCount(m_stage, 12), "Output port 13 holds cabinets."));
-        QVERIFY(!handler.setOutputPortCount(m_stage, 20));
-        QVERIFY(!handler.setOutputPortCount(m_stage, 0));
-        m_host->lockPort(m_stage, 15);
-        QVERIFY(refuses(handler.setOutputPortCount(m_stage, 15), "Output port 16 is locked."));
-        m_host->lockPort(m_stage, 15, false);
+        CLayoutHandler &handler = m_world->handler;
+        QVERIFY(refuses(handler.setOutputPortCount(m_world->stage, 12), "Output port 13 holds cabinets."));
+        QVERIFY(!handler.setOutputPortCount(m_world->stage, 20));
+        QVERIFY(!handler.setOutputPortCount(m_world->stage, 0));
+        m_world->lockPort(m_world->stage, 15);
+        QVERIFY(refuses(handler.setOutputPortCount(m_world->stage, 15), "Output port 16 is locked."));
+        m_world->lockPort(m_world->stage, 15, false);
         QVERIFY(handler.setPortRedundancy(3, 15));
-        QVERIFY(refuses(handler.setOutputPortCount(m_stage, 15),
+        QVERIFY(refuses(handler.setOutputPortCount(m_world->stage, 15),
                         "Output port 4 has its redundancy on a port that would go."));
         QVERIFY(handler.cancelPortRedundancy(3));
         QCOMPARE(handler.currentProcessorPorts().size(), 16);
-        m_host->log.take();
-        QVERIFY(handler.setOutputPortCount(m_stage, 15));
-        QCOMPARE(m_host->log.waitFor(25), QStringLiteral("25"));
+        m_world->log.take();
+        QVERIFY(handler.setOutputPortCount(m_world->stage, 15));
+        QCOMPARE(m_world->log.waitFor(25), QStringLiteral("25"));
         QCOMPARE(handler.currentProcessorPorts().size(), 15);
-        QVERIFY(handler.setOutputPortCount(m_left, 16)); // not in view: another layout
-        QCOMPARE(m_host->log.waitFor(17), QStringLiteral("17 ") + CDeviceFixture::idOf(m_left));
+        QVERIFY(handler.setOutputPortCount(m_world->left, 16)); // not in view: another layout
+        QCOMPARE(m_world->log.waitFor(17), QStringLiteral("17 ") + CDeviceFixture::idOf(m_world->left));
     }
 
-    void portsArePairedOnlyWhereThatWorks()
+    void aPairOfPortsIsAnnouncedAndRespected()
     {
-        CLayoutHandler &handler = m_host->handler;
-        QVERIFY(!handler.setPortRedundancy(0, 0));
-        QVERIFY(!handler.setPortRedundancy(0, 16));
-        m_host->lockPort(m_stage, 15);
-        QVERIFY(!handler.setPortRedundancy(0, 15));
-        m_host->lockPort(m_stage, 15, false);
-        m_host->log.take();
+        CLayoutHandler &handler = m_world->handler;
+        m_world->log.take();
         QVERIFY(handler.setPortRedundancy(0, 15));
-        QCOMPARE(m_host->log.waitFor(11), QStringLiteral("11 0 15 on"));
+        QCOMPARE(m_world->log.waitFor(11), QStringLiteral("11 0 15 on"));
         const auto ports = handler.currentProcessorPorts();
         QCOMPARE(ports.at(0).redundancy, CabinetLayout::CabinetPort::Primary);
         QCOMPARE(ports.at(15).redundancyPort, 0);
-        QVERIFY(!handler.setPortRedundancy(1, 15));
-        const QString file = m_host->folder.filePath(QStringLiteral("port.pprj"));
-        QVERIFY(handler.exportPortMapping(m_stage, 2, file));
-        QVERIFY(refuses(handler.importPortMapping(m_stage, 15, file, true),
+        const QString file = m_world->folder.filePath(QStringLiteral("port.pprj"));
+        QVERIFY(handler.exportPortMapping(m_world->stage, 2, file));
+        QVERIFY(refuses(handler.importPortMapping(m_world->stage, 15, file, true),
                         "Output port 16 is a redundancy port."));
-        QCOMPARE(m_host->layoutOf(m_stage).ports.at(15).cabinetCount(), 0);
+        QCOMPARE(m_world->layoutOf(m_world->stage).ports.at(15).cabinetCount(), 0);
         Cabinet onBackup;
         onBackup.port = 15;
         QVERIFY(!handler.areOnPrimaryPorts({onBackup}));
         QVERIFY(handler.cancelPortRedundancy(15));
-        QCOMPARE(m_host->log.waitFor(11), QStringLiteral("11 0 15 off"));
+        QCOMPARE(m_world->log.waitFor(11), QStringLiteral("11 0 15 off"));
         QVERIFY(!handler.cancelPortRedundancy(15));
-        m_host->select(m_host->named("Balcony"));
+        m_world->select(m_world->named("Balcony"));
         QVERIFY(!handler.isPortRedundancySupported());
         QVERIFY(handler.isPortRedundancyBlocked());
     }
@@ -195,84 +172,87 @@ private Q_SLOTS:
     void processorsArePairedAllOrNone()
     {
         using Pairs = QList<QPair<QUuid, QUuid>>;
-        CLayoutHandler &handler = m_host->handler;
-        const QList<QUuid> all{m_left, m_right, m_stage, m_lobby};
-        const Pairs turned{{m_right, m_left}, {m_stage, m_lobby}};
-        m_host->log.take();
-        QVERIFY(handler.setProcessorRedundancy(m_left, m_right));
-        QCOMPARE(m_host->log.waitFor(22), QStringLiteral("22 %1 1").arg(CDeviceFixture::idOf(m_right)));
-        QVERIFY(!handler.setProcessorRedundancy(m_stage, m_right));
-        QVERIFY(!handler.setProcessorRedundancy(m_stage, m_stage));
-        QVERIFY(!handler.setProcessorRedundancy(m_stage, m_host->named("Balcony")));
-        m_host->manager.simulate(m_lobby, SimulationFault::Refuse, true);
+        CLayoutHandler &handler = m_world->handler;
+        const QList<QUuid> all{m_world->left, m_world->right, m_world->stage, m_world->lobby};
+        const Pairs turned{{m_world->right, m_world->left}, {m_world->stage, m_world->lobby}};
+        m_world->log.take();
+        QVERIFY(handler.setProcessorRedundancy(m_world->left, m_world->right));
+        QCOMPARE(m_world->log.waitFor(22),
+                 QStringLiteral("22 %1 1").arg(CDeviceFixture::idOf(m_world->right)));
+        QVERIFY(!handler.setProcessorRedundancy(m_world->stage, m_world->right));
+        QVERIFY(!handler.setProcessorRedundancy(m_world->stage, m_world->stage));
+        QVERIFY(!handler.setProcessorRedundancy(m_world->stage, m_world->named("Balcony")));
+        m_world->manager.simulate(m_world->lobby, SimulationFault::Refuse, true);
         QVERIFY(!handler.applyProcessorRedundancy(all, turned));
-        QCOMPARE(handler.processorRedundancies(), (Pairs{{m_left, m_right}}));
-        m_host->manager.simulate(m_lobby, SimulationFault::Refuse, false);
+        QCOMPARE(handler.processorRedundancies(), (Pairs{{m_world->left, m_world->right}}));
+        m_world->manager.simulate(m_world->lobby, SimulationFault::Refuse, false);
         QVERIFY(handler.applyProcessorRedundancy(all, turned));
-        QCOMPARE(handler.processorRedundancies(), (Pairs{{m_stage, m_lobby}, {m_right, m_left}}));
-        QVERIFY(handler.applyProcessorRedundancy({m_left, m_right}, {}));
-        QCOMPARE(handler.processorRedundancies(), (Pairs{{m_stage, m_lobby}}));
-        QVERIFY(handler.cancelProcessorRedundancy(m_stage));
+        QCOMPARE(handler.processorRedundancies(),
+                 (Pairs{{m_world->stage, m_world->lobby}, {m_world->right, m_world->left}}));
+        QVERIFY(handler.applyProcessorRedundancy({m_world->left, m_world->right}, {}));
+        QCOMPARE(handler.processorRedundancies(), (Pairs{{m_world->stage, m_world->lobby}}));
+        QVERIFY(handler.cancelProcessorRedundancy(m_world->stage));
         QVERIFY(handler.processorRedundancies().isEmpty());
     }
 
     void theCanvasStaysWithinItsLimits()
     {
-        QVERIFY(!m_host->handler.setCanvasSize({4096, 2161}));
-        QVERIFY(!m_host->handler.setCanvasSize({63, 64}));
-        m_host->log.take();
-        QVERIFY(m_host->handler.setCanvasSize({4096, 2160}));
-        QCOMPARE(m_host->log.waitFor(21),
-                 QStringLiteral("21 %1 4096 2160").arg(CDeviceFixture::idOf(m_stage)));
-        QCOMPARE(m_host->handler.getCanvasSize(), QSize(4096, 2160));
-        QVERIFY(m_host->handler.setWorkMode(m_stage, ProcessorWorkMode::Bypass));
-        QCOMPARE(m_host->log.waitFor(6), QStringLiteral("6"));
-        QCOMPARE(m_host->handler.canvasBlock(), CanvasBlock::Bypass);
-        QVERIFY(!m_host->handler.setCanvasSize({1920, 1080}));
+        QVERIFY(!m_world->handler.setCanvasSize({4096, 2161}));
+        QVERIFY(!m_world->handler.setCanvasSize({63, 64}));
+        m_world->log.take();
+        QVERIFY(m_world->handler.setCanvasSize({4096, 2160}));
+        QCOMPARE(m_world->log.waitFor(21),
+                 QStringLiteral("21 %1 4096 2160").arg(CDeviceFixture::idOf(m_world->stage)));
+        QCOMPARE(m_world->handler.getCanvasSize(), QSize(4096, 2160));
+        QVERIFY(m_world->handler.setWorkMode(m_world->stage, ProcessorWorkMode::Bypass));
+        QCOMPARE(m_world->log.waitFor(6), QStringLiteral("6"));
+        QCOMPARE(m_world->handler.canvasBlock(), CanvasBlock::Bypass);
+        QVERIFY(!m_world->handler.setCanvasSize({1920, 1080}));
     }
 
     void loadsFollowFrameRateAndDepth()
     {
-        const auto ports = m_host->handler.currentProcessorPorts();
-        QCOMPARE(m_host->handler.portLoad(ports.at(0), 0), 90);
-        m_host->log.take();
-        QVERIFY(m_host->handler.setFrameRateAndColorDepth(120, 10));
-        QCOMPARE(m_host->log.waitFor(24), QStringLiteral("24 %1 -1").arg(CDeviceFixture::idOf(m_stage)));
-        QCOMPARE(m_host->handler.portLoad(ports.at(0), 0), 239);
-        QCOMPARE(m_host->handler.currentProcessorNode().colorDepth, 10);
-        QVERIFY(!m_host->handler.setFrameRateAndColorDepth(75, 8));
-        QVERIFY(!m_host->handler.setFrameRateAndColorDepth(60, 9));
-        QCOMPARE(m_host->handler.frameRate(), 120);
+        const auto ports = m_world->handler.currentProcessorPorts();
+        QCOMPARE(m_world->handler.portLoad(ports.at(0), 0), 90);
+        m_world->log.take();
+        QVERIFY(m_world->handler.setFrameRateAndColorDepth(120, 10));
+        QCOMPARE(m_world->log.waitFor(24),
+                 QStringLiteral("24 %1 -1").arg(CDeviceFixture::idOf(m_world->stage)));
+        QCOMPARE(m_world->handler.portLoad(ports.at(0), 0), 239);
+        QCOMPARE(m_world->handler.currentProcessorNode().colorDepth, 10);
+        QVERIFY(!m_world->handler.setFrameRateAndColorDepth(75, 8));
+        QVERIFY(!m_world->handler.setFrameRateAndColorDepth(60, 9));
+        QCOMPARE(m_world->handler.frameRate(), 120);
     }
 
     void aCommandThatTheProcessorDoesNotTakeChangesNothing()
     {
-        CLayoutHandler &handler = m_host->handler;
-        const SProcessorSettings before = m_host->manager.table().device(m_stage)->settings;
+        CLayoutHandler &handler = m_world->handler;
+        const SProcessorSettings before = m_world->manager.table().device(m_world->stage)->settings;
         SBackgroundInfo background;
-        background.processor = m_stage;
+        background.processor = m_world->stage;
         background.enabled = true;
         int highlights = 0;
-        connect(&m_host->manager.announcer(), &CDeviceAnnouncer::notifyHighlightChanged, this,
+        connect(&m_world->manager.announcer(), &CDeviceAnnouncer::notifyHighlightChanged, this,
                 [&highlights] { ++highlights; });
         for (const auto fault :
              {SimulationFault::Offline, SimulationFault::Silent, SimulationFault::Refuse}) {
-            m_host->manager.simulate(m_stage, fault, true);
+            m_world->manager.simulate(m_world->stage, fault, true);
             QVERIFY(!handler.setCanvasSize({1920, 1080}));
             QVERIFY(
                 handler.lastError().startsWith(QLatin1String("Main stage(192.168.10.12): The processor ")));
             QVERIFY(!handler.setFrameRateAndColorDepth(50, 8));
             QVERIFY(!handler.setBackground(background));
-            QVERIFY(!handler.setOutputPortCount(m_stage, 15));
-            QVERIFY(!handler.setWorkMode(m_stage, ProcessorWorkMode::Bypass));
+            QVERIFY(!handler.setOutputPortCount(m_world->stage, 15));
+            QVERIFY(!handler.setWorkMode(m_world->stage, ProcessorWorkMode::Bypass));
             QVERIFY(!handler.setCabinetStatusLed(true));
             QVERIFY(!handler.setPortAreas({{0, 0, 0, 10, 10}}));
             QVERIFY(!handler.sendCurrentGains({{0, 0, true, true}}));
             QVERIFY(!handler.clearCurrentGains());
             QVERIFY(!handler.setCabinetHighlight({}, CabinetHighlight::FlashingBox));
-            m_host->manager.simulate(m_stage, fault, false);
+            m_world->manager.simulate(m_world->stage, fault, false);
         }
-        QVERIFY(m_host->manager.table().device(m_stage)->settings == before);
+        QVERIFY(m_world->manager.table().device(m_world->stage)->settings == before);
         QCOMPARE(handler.currentProcessorPorts().size(), 16);
         QCoreApplication::processEvents();
         QCOMPARE(highlights, 0);
@@ -280,81 +260,69 @@ private Q_SLOTS:
 
     void settingsReachTheDevice()
     {
-        QSignalSpy led(&m_host->manager.announcer(), &CDeviceAnnouncer::notifyStatusLedChanged);
+        QSignalSpy led(&m_world->manager.announcer(), &CDeviceAnnouncer::notifyStatusLedChanged);
         SBackgroundInfo background;
-        background.processor = m_stage;
+        background.processor = m_world->stage;
         background.file = QStringLiteral("/pictures/logo.png");
-        QVERIFY(m_host->handler.setBackground(background));
-        QCOMPARE(m_host->log.waitFor(20), QStringLiteral("20 ") + CDeviceFixture::idOf(m_stage));
-        QVERIFY(m_host->handler.setCabinetStatusLed(true));
-        QVERIFY(m_host->handler.setPortAreas({{3, 1, 2, 30, 40}}));
-        QVERIFY(!m_host->handler.setPortAreas({{16, 0, 0, 1, 1}}));
+        QVERIFY(m_world->handler.setBackground(background));
+        QCOMPARE(m_world->log.waitFor(20), QStringLiteral("20 ") + CDeviceFixture::idOf(m_world->stage));
+        QVERIFY(m_world->handler.setCabinetStatusLed(true));
+        QVERIFY(m_world->handler.setPortAreas({{3, 1, 2, 30, 40}}));
+        QVERIFY(!m_world->handler.setPortAreas({{16, 0, 0, 1, 1}}));
         QTRY_COMPARE(led.size(), 1);
-        CDeviceFixture again(0, m_host->folder.path()); // a second program on the same devices
-        again.select(m_stage);
-        QCOMPARE(again.handler.background(m_stage).file, background.file);
+        CDeviceFixture again(0, m_world->folder.path()); // a second program on the same devices
+        again.select(m_world->stage);
+        QCOMPARE(again.handler.background(m_world->stage).file, background.file);
         QCOMPARE(again.handler.portAreas(), (QList<SPortArea>{{3, 1, 2, 30, 40}}));
-        m_host->select(m_host->manager.projects().openDemo().value()); // a project has no hardware
-        QVERIFY(!m_host->handler.setCabinetStatusLed(true));
-        QVERIFY(!m_host->handler.setWorkMode(m_host->manager.table().current(), ProcessorWorkMode::Bypass));
+        m_world->select(m_world->manager.projects().openDemo().value()); // a project has no hardware
+        QVERIFY(!m_world->handler.setCabinetStatusLed(true));
+        QVERIFY(!m_world->handler.setWorkMode(m_world->manager.table().current(), ProcessorWorkMode::Bypass));
     }
 
     void aCommitAsksForItsFollowUpOnce()
     {
-        QVERIFY(!m_host->handler.layoutFollowUpNeeded());
-        m_host->edit(m_stage);
-        QVERIFY(m_host->handler.layoutFollowUpNeeded());
-        QSignalSpy committed(&m_host->manager.announcer(), &CDeviceAnnouncer::notifyLayoutCommitted);
-        m_host->handler.applyLayoutFollowUp(false);
-        QVERIFY(!m_host->handler.layoutFollowUpNeeded());
+        QVERIFY(!m_world->handler.layoutFollowUpNeeded());
+        m_world->edit(m_world->stage);
+        QVERIFY(m_world->handler.layoutFollowUpNeeded());
+        QSignalSpy committed(&m_world->manager.announcer(), &CDeviceAnnouncer::notifyLayoutCommitted);
+        m_world->handler.applyLayoutFollowUp(false);
+        QVERIFY(!m_world->handler.layoutFollowUpNeeded());
         QTRY_COMPARE(committed.size(), 1);
     }
 
     void aNewProcessorIsPreparedOnce()
     {
-        const QUuid balcony = m_host->named("Balcony");
-        QCOMPARE(m_host->handler.preparatoryStep(m_stage), 0);
-        QCOMPARE(m_host->handler.preparatoryStep(QUuid()), 0);
-        QCOMPARE(m_host->handler.preparatoryStep(balcony), 1);
-        m_host->handler.performPreparatoryStep(balcony);
-        QCOMPARE(m_host->handler.preparatoryStep(balcony), 0);
-        QCOMPARE(m_host->layoutOf(balcony).ports.size(), 8);
-        QVERIFY(!m_host->manager.table().isModified(balcony));
+        const QUuid balcony = m_world->named("Balcony");
+        QCOMPARE(m_world->handler.preparatoryStep(m_world->stage), 0);
+        QCOMPARE(m_world->handler.preparatoryStep(QUuid()), 0);
+        QCOMPARE(m_world->handler.preparatoryStep(balcony), 1);
+        m_world->handler.performPreparatoryStep(balcony);
+        QCOMPARE(m_world->handler.preparatoryStep(balcony), 0);
+        QCOMPARE(m_world->layoutOf(balcony).ports.size(), 8);
+        QVERIFY(!m_world->manager.table().isModified(balcony));
     }
 
     void withoutAProcessorNothingIsDone()
     {
-        CLayoutHandler &handler = m_host->handler;
-        m_host->manager.services().select({}, PrcTreeNodeType::Other);
+        CLayoutHandler &handler = m_world->handler;
+        m_world->manager.services().select({}, PrcTreeNodeType::Other);
         QVERIFY(!handler.setCanvasSize({1920, 1080}));
         QVERIFY(!handler.setPortRedundancy(0, 1));
         QVERIFY(!handler.setCabinetStatusLed(true));
         QVERIFY(handler.getCanvasSize().isEmpty());
         QCOMPARE(handler.portLoad({}, 0), 0);
-        QVERIFY(!m_host
+        QVERIFY(!m_world
                      ->outcomeOf([&](CDeviceJobs::Done done) {
                          handler.saveMapping(ReadSaveMappingRole::Current, {}, std::move(done));
                      })
                      .isDone());
     }
 
-    void cleanup()
-    {
-        m_host.reset();
-        CTestBase::cleanup();
-    }
-
 private:
     bool refuses(bool done, const char *reason) const
     {
-        return !done && m_host->handler.lastError().endsWith(QLatin1String(reason));
+        return !done && m_world->handler.lastError().endsWith(QLatin1String(reason));
     }
-
-    std::unique_ptr<CDeviceFixture> m_host;
-    QUuid m_lobby;
-    QUuid m_stage;
-    QUuid m_left;
-    QUuid m_right;
 };
 
 ORVO_TEST_MAIN(QGuiApplication, CLayoutHandlerTest)

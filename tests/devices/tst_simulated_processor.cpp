@@ -5,30 +5,36 @@
 #include "host/devices/simulated/CCancelToken.h"
 #include "host/devices/simulated/CSimulatedProcessor.h"
 #include "host/projects/CWallBuilder.h"
-#include "tests/harness/CTestBase.h"
+#include "tests/harness/CWorldTest.h"
+#include "tests/projects/CFaultyFileSystem.h"
+#include "tests/projects/ProjectSamples.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 
-#include <thread>
+#include <cerrno>
 
 namespace {
+
+constexpr int FactoryPorts = 8; // and revision
+constexpr int KeptPorts = 6;
 
 SProcessorState factory()
 {
     SProcessorState state;
-    state.settings.portCount = 8;
+    state.settings.portCount = FactoryPorts;
     const auto wall = CWallBuilder::build(CWallBuilder::plan(CWallBuilder::Small));
-    state.mapping = {CWorkingLayout::numbered(wall.value()), 1};
+    state.mapping = {CWorkingLayout::numbered(wall.value()), FactoryPorts};
     return state;
 }
 
 SProcessorSettings unusualSettings()
 {
     SProcessorSettings settings;
-    settings.portCount = 6;
+    settings.portCount = KeptPorts;
     settings.canvas = {3840, 2160};
     settings.offset = {-100, 200};
-    settings.background.file = QStringLiteral("/pictures/a \"b\".png");
+    settings.background.file = QStringLiteral("/pictures/a \"b\"\n\t\x7f.png"); // what a file may be called
     settings.background.enabled = true;
     settings.frameRate = 50;
     settings.colorDepth = 12;
@@ -43,44 +49,72 @@ SProcessorSettings unusualSettings()
     return settings;
 }
 
-} // namespace
-
-class CSimulatedProcessorTest final : public CTestBase
+/// The folder of one processor, which is switched on as often as a test likes.
+struct SFolder
 {
-    Q_OBJECT
+    using Processor = std::unique_ptr<CSimulatedProcessor>;
 
-private:
-    std::unique_ptr<CSimulatedProcessor> processor(double delayScale = 0) const
+    Processor start() const
     {
         CSimulatedProcessor::SIdentity identity;
-        identity.uuid = m_uuid;
-        identity.name = QStringLiteral("Test");
-        return std::make_unique<CSimulatedProcessor>(identity, factory, m_folder->path(), delayScale);
+        identity.uuid = uuid;
+        return std::make_unique<CSimulatedProcessor>(identity, factory, folder.path(), 0);
     }
-    SProcessorMapping mappingOf(CSimulatedProcessor &device)
+    CProcessorStateFiles files() const { return {folder.path(), uuid}; }
+    QString fileOf(bool mapping) const { return mapping ? files().mappingFile() : files().settingsFile(); }
+    QByteArray contentOf(bool mapping) const { return ProjectSamples::contentOf(fileOf(mapping)); }
+    /// Leaves files behind that differ from the factory's state.
+    bool fill() const
+    {
+        SProcessorState state = factory();
+        state.settings.portCount = KeptPorts;
+        return files().save(state.settings) &&
+               files().save(SProcessorMapping{state.mapping.layout, KeptPorts});
+    }
+
+    SProcessorSettings settingsOf(const Processor &device) const
     {
         QByteArray bytes;
-        if (device.readMapping(
-                *m_token, [](int) {}, bytes) != DeviceError::None)
+        const DeviceError error = device->identify(token, bytes);
+        const auto settings = CProcessorCodec::settings(bytes, {});
+        return error == DeviceError::None && settings ? settings.value() : SProcessorSettings();
+    }
+    SProcessorMapping mappingOf(const Processor &device) const
+    {
+        QByteArray bytes;
+        if (device->readMapping(
+                token, [](int) {}, bytes) != DeviceError::None)
             return {};
         const auto mapping = CProcessorCodec::mapping(bytes, QStringLiteral("answer"));
         return mapping ? mapping.value() : SProcessorMapping();
     }
-    DeviceError save(CSimulatedProcessor &device, const CabinetLayout &layout)
+    DeviceError save(const Processor &device, const CabinetLayout &layout = {}) const
     {
         quint64 revision = 0;
-        return device.saveMapping(
-            *m_token, [](int) {}, CProcessorCodec::encode(SProcessorMapping{layout, 0}), revision);
+        return device->saveMapping(
+            token, [](int) {}, CProcessorCodec::encode(SProcessorMapping{layout, 0}), revision);
     }
+    /// Whether the processor has these many ports, and this revision of its mapping.
+    bool holds(const Processor &device, int ports, int revision) const
+    {
+        quint64 found = 0;
+        return settingsOf(device).portCount == ports && device->revision(token, found) == DeviceError::None &&
+               int(found) == revision;
+    }
+
+    QTemporaryDir folder;
+    const QUuid uuid = QUuid::createUuid();
+    mutable CCancelToken token;
+};
+
+} // namespace
+
+/// What a simulated processor answers, remembers and, above all, never overwrites.
+class CSimulatedProcessorTest final : public CWorldTest<SFolder>
+{
+    Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        CTestBase::init();
-        m_folder = std::make_unique<QTemporaryDir>();
-        m_token = std::make_unique<CCancelToken>();
-    }
-
     void refusesBytesThatWereCutOrAltered()
     {
         const QByteArray bytes = CProcessorCodec::encode(unusualSettings());
@@ -96,21 +130,22 @@ private Q_SLOTS:
     {
         CabinetLayout layout = factory().mapping.layout;
         layout.ports[2].locked = true;
-        const SProcessorSettings settings = unusualSettings();
+        SProcessorSettings settings = unusualSettings();
         {
-            const auto first = processor();
-            QCOMPARE(save(*first, layout), DeviceError::None);
+            const auto first = m_world->start();
+            QCOMPARE(m_world->save(first, layout), DeviceError::None);
             QCOMPARE(first->apply(settings), DeviceError::None);
+            SProcessorSettings wrong = settings;
+            wrong.background.file = QStringLiteral("/pictures/") + QChar(0);
+            expectWarning(QRegularExpression(QStringLiteral("background.file")));
+            QCOMPARE(first->apply(wrong), DeviceError::NotStored); // what could not be read again
         }
-        const auto second = processor();
-        const SProcessorMapping mapping = mappingOf(*second);
+        const auto second = m_world->start();
+        const SProcessorMapping mapping = m_world->mappingOf(second);
         QVERIFY(mapping.layout == layout);
-        QCOMPARE(mapping.revision, quint64(2));
-        QByteArray bytes;
-        QCOMPARE(second->identify(*m_token, bytes), DeviceError::None);
-        SProcessorSettings kept = settings;
-        kept.frozen = false; // which power alone keeps
-        QVERIFY(CProcessorCodec::settings(bytes, {}).value() == kept);
+        QCOMPARE(mapping.revision, quint64(FactoryPorts + 1));
+        settings.frozen = false; // which power alone keeps
+        QVERIFY(m_world->settingsOf(second) == settings);
     }
 
     void everyFaultLeavesTheWholeNewOrTheWholeOldMapping()
@@ -129,20 +164,20 @@ private Q_SLOTS:
                     {Fault::Damaged, E::None, E::Damaged, E::Damaged}}; // a reader finds the damage
         CabinetLayout other = factory().mapping.layout;
         for (const auto &row : rows) {
-            const auto device = processor();
-            const SProcessorMapping before = mappingOf(*device);
+            const auto device = m_world->start();
+            const SProcessorMapping before = m_world->mappingOf(device);
             other.ports[0].locked = !before.layout.ports.at(0).locked;
             device->setFault(row.fault, true);
             QByteArray bytes;
             QCOMPARE(device->readMapping(
-                         *m_token, [](int) {}, bytes),
+                         m_world->token, [](int) {}, bytes),
                      row.reading);
             QCOMPARE(!CProcessorCodec::mapping(bytes, {}), row.fault != Fault::Slow);
             QCOMPARE(device->apply(unusualSettings()), row.command);
-            QCOMPARE(save(*device, other), row.saving);
+            QCOMPARE(m_world->save(device, other), row.saving);
             device->setFault(row.fault, false);
             const bool saved = row.saving == E::None;
-            for (const auto &again : {mappingOf(*device), mappingOf(*processor())}) {
+            for (const auto &again : {m_world->mappingOf(device), m_world->mappingOf(m_world->start())}) {
                 QCOMPARE(again.layout.ports.at(0).locked, (saved ? other : before.layout).ports.at(0).locked);
                 QCOMPARE(again.revision, before.revision + saved);
                 QCOMPARE(again.layout.cabinetCount(), other.cabinetCount());
@@ -152,19 +187,18 @@ private Q_SLOTS:
 
     void aChangeFromElsewhereRaisesTheRevision()
     {
-        const auto device = processor();
-        const SProcessorMapping before = mappingOf(*device);
+        const auto device = m_world->start();
         device->setFault(SimulationFault::Changed, true);
         QVERIFY(!device->hasFault(SimulationFault::Changed));
-        const SProcessorMapping after = mappingOf(*device);
-        QCOMPARE(after.revision, before.revision + 1);
-        QVERIFY(before.layout != after.layout);
-        QVERIFY(mappingOf(*processor()).layout == after.layout);
+        const SProcessorMapping after = m_world->mappingOf(device);
+        QCOMPARE(after.revision, quint64(FactoryPorts + 1));
+        QVERIFY(after.layout != factory().mapping.layout);
+        QVERIFY(m_world->mappingOf(m_world->start()).layout == after.layout);
     }
 
     void cabinetsReportTheirChainsWithoutGroups()
     {
-        const auto device = processor();
+        const auto device = m_world->start();
         CabinetLayout layout = factory().mapping.layout;
         auto &groups = layout.ports[0].groups;
         groups[0].cabinets[0].rank = -1;
@@ -172,10 +206,10 @@ private Q_SLOTS:
         group.uuid = groups[0].cabinets.last().group = QUuid::createUuid();
         group.cabinets << groups[0].cabinets.takeLast();
         groups << group;
-        QCOMPARE(save(*device, layout), DeviceError::None);
+        QCOMPARE(m_world->save(device, layout), DeviceError::None);
         QByteArray bytes;
         QCOMPARE(device->readCabinets(
-                     *m_token, [](int) {}, bytes),
+                     m_world->token, [](int) {}, bytes),
                  DeviceError::None);
         const CabinetLayout read = CProcessorCodec::mapping(bytes, {}).value().layout;
         QCOMPARE(read.cabinetCount(), layout.cabinetCount() - 1);
@@ -186,24 +220,89 @@ private Q_SLOTS:
         }
     }
 
-    void endsSoonWhenItIsCancelled()
+    void neverOverwritesWhatItCouldNotRead()
     {
-        const auto device = processor(100); // the transfer would take a minute
-        std::thread canceller([this] {
-            std::this_thread::sleep_for(std::chrono::milliseconds(20));
-            m_token->cancel();
-        });
-        QByteArray bytes;
-        QCOMPARE(device->readMapping(
-                     *m_token, [](int) {}, bytes),
-                 DeviceError::Cancelled);
-        canceller.join();
+        struct SCase
+        {
+            QByteArray call;
+            int reason;
+            int version;
+        };
+        for (const auto &[call, reason, version] : {SCase{"open", EMFILE, 2}, {"read", EIO, 2}, {"", 0, 3}}) {
+            const SFolder place;
+            QVERIFY(place.fill());
+            QByteArray contents[2];
+            for (const bool mapping : {false, true}) {
+                contents[mapping] = place.contentOf(mapping).replace(
+                    "\"version\":2", "\"version\":" + QByteArray::number(version));
+                ProjectSamples::setContent(place.fileOf(mapping), contents[mapping]);
+            }
+            const auto device = place.start();
+            expectWarning(
+                QRegularExpression(QStringLiteral("nothing in the place of this file|newer version")));
+            expectWarning(QRegularExpression(QStringLiteral("what it holds could not be read")));
+            {
+                const CFaultyFileSystem faulty(CFaultyFileSystem::SFault{call, 1, reason, true});
+                QVERIFY(place.holds(device, FactoryPorts, FactoryPorts));
+            }
+            QCOMPARE(device->apply(factory().settings), DeviceError::Unread);
+            QCOMPARE(place.save(device), DeviceError::Unread);
+            for (const bool mapping : {false, true})
+                QCOMPARE(place.contentOf(mapping), contents[mapping]);
+            QCOMPARE(QDir(place.folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 2);
+            const bool readable = version == 2; // at the next start all is well again
+            QCOMPARE(place.holds(place.start(), KeptPorts, KeptPorts), readable);
+            const DeviceError error = place.start()->apply(factory().settings); // before the first look
+            QCOMPARE(error, readable ? DeviceError::None : DeviceError::Unread);
+        }
     }
 
-private:
-    const QUuid m_uuid = QUuid::createUuid();
-    std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<CCancelToken> m_token;
+    void keepsEveryDamagedFile()
+    {
+        expectWarning(QRegularExpression(QStringLiteral("the file is kept as \".*damaged[23]?\"")));
+        for (const bool mapping : {false, true}) {
+            const SFolder place;
+            QVERIFY(place.fill());
+            const QString file = place.fileOf(mapping);
+            const QByteArray damages[] = {ProjectSamples::contentOf(file).chopped(7), "second", ""};
+            const char *const endings[] = {".damaged", ".damaged2", ".damaged3"};
+            for (const QByteArray &damage : damages) {
+                ProjectSamples::setContent(file, damage);
+                const auto device = place.start();
+                QVERIFY(place.holds(device, mapping ? KeptPorts : FactoryPorts,
+                                    mapping ? FactoryPorts : KeptPorts));
+                QCOMPARE(mapping ? place.save(device) : device->apply(unusualSettings()), DeviceError::None);
+            }
+            for (int i = 0; i < 3; ++i)
+                QCOMPARE(ProjectSamples::contentOf(file + QLatin1String(endings[i])), damages[i]);
+            QCOMPARE(place.settingsOf(place.start()).portCount, KeptPorts);
+        }
+    }
+
+    void aDamagedFileThatCannotBePutAsideStays()
+    {
+        QVERIFY(m_world->fill());
+        ProjectSamples::setContent(m_world->fileOf(false), "damaged");
+        const auto device = m_world->start();
+        expectWarning(QRegularExpression(QStringLiteral("cannot be renamed|what it holds")));
+        {
+            const CFaultyFileSystem faulty(CFaultyFileSystem::SFault{"rename", 1, EACCES, true});
+            QCOMPARE(m_world->settingsOf(device).portCount, FactoryPorts);
+        }
+        QCOMPARE(device->apply(unusualSettings()), DeviceError::Unread);
+        QCOMPARE(m_world->contentOf(false), QByteArray("damaged"));
+    }
+
+    void makesItsFolder()
+    {
+        CProcessorStateFiles files(m_world->folder.filePath(QStringLiteral("a/b")), m_world->uuid);
+        {
+            const CFaultyFileSystem faulty(CFaultyFileSystem::SFault{"sync", 1, EIO, false});
+            QVERIFY(!files.save(unusualSettings()));
+        }
+        QVERIFY(files.save(unusualSettings()));
+        QCOMPARE(files.load(factory).settings.portCount, KeptPorts);
+    }
 };
 
 ORVO_TEST_MAIN(QCoreApplication, CSimulatedProcessorTest)

@@ -43,10 +43,12 @@ void CTestBase::init()
     const QtMessageHandler previous = qInstallMessageHandler(onMessage);
     if (previous != onMessage)
         outerHandler = previous;
+    setUp();
 }
 
 void CTestBase::cleanup()
 {
+    tearDown();
     QStringList unexpected;
     {
         const std::lock_guard<std::mutex> lock(messageMutex);

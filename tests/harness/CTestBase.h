@@ -24,6 +24,10 @@ public:
     /// Swallows every warning that matches @p pattern until the running test function ends.
     static void expectWarning(const QRegularExpression &pattern);
 
+protected:
+    virtual void setUp() {}    ///< before each function
+    virtual void tearDown() {} ///< after it, before its warnings are counted
+
 protected Q_SLOTS:
     void init();
     void cleanup();
