@@ -172,51 +172,22 @@ private Q_SLOTS:
         QTRY_VERIFY(shows(QStringLiteral("No processor selected")));
     }
 
-    void theSelectionDecidesWhatTheModuleShows_data()
-    {
-        QTest::addColumn<QStringList>("nodes");
-        QTest::addColumn<QString>("title"); // empty: the editor
-        const auto row = [](const char *name, const char *nodes, const char *title) {
-            QTest::newRow(name) << QString::fromLatin1(nodes).split(QLatin1Char(','), Qt::SkipEmptyParts)
-                                << QString::fromLatin1(title);
-        };
-        row("offline", "Foyer", "The current processor is offline");
-        row("fibre", "Balcony", "Fiber Optic Transceiver Mode is on, and no other operations are avaliable.");
-        row("group", "Side screens", "Summary");
-        row("member", "Side left", "");
-        row("two", "Lobby,Main stage", "Summary");
-        row("one again", "Main stage", "");
-    }
     void theSelectionDecidesWhatTheModuleShows()
     {
-        QFETCH(QStringList, nodes);
-        QFETCH(QString, title);
-        for (int i = 0; i < nodes.size(); ++i)
-            click(nodes.at(i), i == 0 ? Qt::NoModifier : Qt::ControlModifier);
-        QTRY_VERIFY(shows(title));
-        const auto device = m_window->manager().table().currentDevice();
-        QCOMPARE(device.has_value(), nodes.size() == 1 && nodes.first() != QStringLiteral("Side screens"));
-        if (device)
-            QCOMPARE(device->node.name, nodes.first());
-    }
-
-    void severalProcessorsAreMovedInTheSummary()
-    {
-        click(QStringLiteral("Side screens"));
-        QTRY_VERIFY(shows(QStringLiteral("Summary")));
-        const CDeviceTable &table = m_window->manager().table();
-        const QUuid left = table.selection().first();
-        QCOMPARE(table.device(left)->settings.offset, QPoint(0, 0));
-        auto *view = findVisible<QGraphicsView>(*m_window, [](const QGraphicsView &) { return true; });
-        view->setFocus();
-        QTest::keyClick(view, Qt::Key_Down, Qt::ShiftModifier);
-        QCOMPARE(table.device(left)->settings.offset, QPoint(0, 10));
-        click(QStringLiteral("Lobby"));
-        QTRY_VERIFY(showsEditor());
-        click(QStringLiteral("Side screens"));
-        QTRY_VERIFY(shows(QStringLiteral("Summary")));
-        QTest::mouseClick(visibleButton(*m_window, "Undo(Ctrl+Z)"), Qt::LeftButton);
-        QCOMPARE(table.device(left)->settings.offset, QPoint(0, 0));
+        for (const auto &[nodes, title] :
+             {std::pair("Foyer", "The current processor is offline"),
+              {"Balcony", "Fiber Optic Transceiver Mode is on, and no other operations are avaliable."},
+              {"Side screens", "Summary"},
+              {"Side left", ""},
+              {"Lobby,Main stage", "Summary"}}) {
+            const QStringList names = QString::fromLatin1(nodes).split(QLatin1Char(','));
+            for (int i = 0; i < names.size(); ++i)
+                click(names.at(i), i == 0 ? Qt::NoModifier : Qt::ControlModifier);
+            QTRY_VERIFY(shows(QLatin1String(title)));
+            const auto device = m_window->manager().table().currentDevice();
+            const bool single = qstrcmp(title, "Summary") != 0;
+            QCOMPARE(device ? device->node.name : QString(), single ? names.first() : QString());
+        }
     }
 
     void faultsCanBeSimulatedForASingleDevice()

@@ -55,6 +55,12 @@ struct SBench
         };
         return project;
     }
+
+    int frameRateIn(const char *file) const
+    {
+        const auto project = CProcessorProject::read(folder.filePath(QLatin1String(file)));
+        return project ? project.value().frameRate : -1;
+    }
 };
 
 QSpinBox *numberIn(const CNewProjectDialog &dialog, const char *name)
@@ -71,30 +77,18 @@ class CProjectsTest final : public CTestBase
 private Q_SLOTS:
     void initTestCase() { initLayoutResources(); }
 
-    void closingAsksWhatBecomesOfEdits_data()
-    {
-        QTest::addColumn<QString>("answer");
-        QTest::addColumn<bool>("closed");
-        QTest::addColumn<int>("frameRateInFile");
-        QTest::newRow("save") << QStringLiteral("Save") << true << 50;
-        QTest::newRow("discard") << QStringLiteral("Discard") << true << 60;
-        QTest::newRow("cancel") << QStringLiteral("Cancel") << false << 60;
-    }
     void closingAsksWhatBecomesOfEdits()
     {
-        QFETCH(QString, answer);
-        QFETCH(bool, closed);
-        QFETCH(int, frameRateInFile);
-        SBench bench;
-        const QUuid project = bench.editedProject(QStringLiteral("wall.sprj"));
-        CMessageBoxAnswerer user({answer});
-        QCOMPARE(bench.commands.close(project), closed);
-        QCOMPARE(user.boxes().size(), 1);
-        QVERIFY(user.texts().first().contains(QStringLiteral("Demo wall")));
-        QCOMPARE(bench.manager.table().isProject(project), !closed);
-        const auto saved = CProcessorProject::read(bench.folder.filePath(QStringLiteral("wall.sprj")));
-        QVERIFY(saved);
-        QCOMPARE(saved.value().frameRate, frameRateInFile);
+        for (const char *answer : {"Save", "Discard", "Cancel"}) {
+            const bool closed = qstrcmp(answer, "Cancel") != 0;
+            SBench bench;
+            const QUuid project = bench.editedProject(QStringLiteral("wall.sprj"));
+            const CMessageBoxAnswerer user({QLatin1String(answer)});
+            QCOMPARE(bench.commands.close(project), closed);
+            QVERIFY(user.texts().first().contains(QLatin1String("Demo wall")));
+            QCOMPARE(bench.manager.table().isProject(project), !closed);
+            QCOMPARE(bench.frameRateIn("wall.sprj"), qstrcmp(answer, "Save") == 0 ? 50 : 60);
+        }
     }
 
     void whatCannotBeSavedStaysOpen()
@@ -109,26 +103,21 @@ private Q_SLOTS:
         QVERIFY(bench.manager.table().isModified(project));
     }
 
-    void editsThatTheModuleStillHoldsAreSaved_data()
-    {
-        QTest::addColumn<int>("way");
-        const char *const ways[] = {"save", "close", "quit"};
-        for (int way = 0; way < 3; ++way)
-            QTest::newRow(ways[way]) << way;
-    }
     void editsThatTheModuleStillHoldsAreSaved()
     {
-        QFETCH(int, way);
-        SBench bench;
-        const QUuid project = bench.projectBeingEdited(QStringLiteral("wall.sprj"));
-        CMessageBoxAnswerer user(way == 0 ? QStringList() : QStringList(QStringLiteral("Save")));
-        QVERIFY(way == 0   ? bench.commands.save(project)
-                : way == 1 ? bench.commands.close(project)
-                           : bench.commands.confirmQuit());
-        QCOMPARE(user.boxes().size(), way == 0 ? 0 : 1);
-        const auto saved = CProcessorProject::read(bench.folder.filePath(QStringLiteral("wall.sprj")));
-        QVERIFY(saved);
-        QCOMPARE(saved.value().frameRate, 50);
+        using Way = bool (*)(CProjectCommands &, const QUuid &);
+        const Way ways[] = {[](CProjectCommands &commands, const QUuid &key) { return commands.save(key); },
+                            [](CProjectCommands &commands, const QUuid &key) { return commands.close(key); },
+                            [](CProjectCommands &commands, const QUuid &) { return commands.confirmQuit(); }};
+        for (const Way way : ways) {
+            SBench bench;
+            const QUuid project = bench.projectBeingEdited(QStringLiteral("wall.sprj"));
+            const CMessageBoxAnswerer user(way == ways[0] ? QStringList()
+                                                          : QStringList(QStringLiteral("Save")));
+            QVERIFY(way(bench.commands, project));
+            QCOMPARE(user.boxes().size(), way == ways[0] ? 0 : 1);
+            QCOMPARE(bench.frameRateIn("wall.sprj"), 50);
+        }
     }
 
     void quittingAsksForEveryProject()

@@ -4,6 +4,7 @@
 #include "host/app/screen/CScreenPicture.h"
 #include "host/app/screen/CScreenWindow.h"
 #include "host/app/screen/CSimulateScreen.h"
+#include "host/app/screen/LitWall.h"
 #include "host/devices/CDeviceManager.h"
 #include "tests/harness/CTestBase.h"
 
@@ -15,27 +16,30 @@ namespace {
 
 const QColor portColor(40, 90, 200);
 
+PortPairs::Port portOf(int index, const QVector<int> &ranks)
+{
+    PortPairs::Port port;
+    port.index = index;
+    port.groups.resize(1);
+    for (const int rank : ranks) {
+        PortPairs::Port::Cabinet cabinet;
+        cabinet.uuid = QUuid::createUuid();
+        cabinet.rect = QRect(100 * rank, 100 * index, 100, 100);
+        cabinet.rank = rank;
+        port.groups[0].cabinets << cabinet;
+    }
+    return port;
+}
+
 /// Two cabinets of 100 × 100 beside each other in the left half of a canvas of 400 × 100.
 LayoutData smallWall()
 {
     LayoutData data;
     data.processor = QUuid::createUuid();
     data.canvas = {400, 100};
-    CabinetLayout::CabinetPort port;
-    port.index = 0;
-    port.color = portColor;
-    CabinetLayout::CabinetPort::CabinetGroup loose;
-    for (int i = 0; i < 2; ++i) {
-        CabinetLayout::CabinetPort::Cabinet cabinet;
-        cabinet.uuid = QUuid::createUuid();
-        cabinet.port = 0;
-        cabinet.rank = i;
-        cabinet.rect = {100 * i, 0, 100, 100};
-        loose.cabinets << cabinet;
-    }
-    port.groups << loose;
+    data.layout.ports = {portOf(0, {0, 1})};
+    data.layout.ports[0].color = portColor;
     data.layout.processor = data.processor;
-    data.layout.ports << port;
     return data;
 }
 
@@ -72,6 +76,43 @@ private Q_SLOTS:
         CScreenPicture picture; // closing it never ends the application
         QVERIFY(!CRasterScreen(picture).testAttribute(Qt::WA_QuitOnClose));
         QVERIFY(!CSimulateScreen(picture).testAttribute(Qt::WA_QuitOnClose));
+    }
+
+    /// Port 1 has two wired cabinets and one that is not, port 2 is its redundancy, port 3 has a wired one.
+    void theWallIsLitWhereASignalReaches()
+    {
+        using Ints = QVector<int>;
+        struct SCase
+        {
+            Ints unplugged;
+            bool stale; // the mirror lacks the second cabinet
+            bool paired;
+            Ints lit; // cabinets by port
+        };
+        for (const auto &[unplugged, stale, paired, lit] : {SCase{{}, false, true, {3, 0, 1}},
+                                                            {{2}, false, true, {3, 0, 0}},
+                                                            {{0}, false, true, {3, 0, 1}},
+                                                            {{0}, true, true, {2, 0, 1}},
+                                                            {{0, 1}, false, true, {1, 0, 1}},
+                                                            {{1}, true, true, {3, 0, 1}},
+                                                            {{0}, false, false, {1, 0, 1}}}) {
+            const QUuid own = QUuid::createUuid();
+            CabinetLayout wall{own, {portOf(0, {0, 1, -1}), portOf(1, {}), portOf(2, {0})}};
+            PortPairs::setPair(wall.ports[0], own, PortPairs::Port::Primary, {own, 1});
+            if (paired)
+                PortPairs::setPair(wall.ports[1], own, PortPairs::Port::Redundant, {own, 0});
+            wall.ports[1].mirrored = PortPairs::mirrorOf(wall.ports.at(0));
+            if (stale)
+                wall.ports[1].mirrored.removeLast();
+            QSet<SPortKey> pulled;
+            for (const int index : unplugged)
+                pulled.insert({own, index});
+            Ints shown;
+            for (const auto &port :
+                 LitWall::of(wall, pulled, [](const QUuid &) { return CabinetLayout(); }).ports)
+                shown << port.cabinetCount();
+            QCOMPARE(shown, lit);
+        }
     }
 
     void theWallIsDarkWhereNoCabinetIs()
@@ -140,35 +181,29 @@ private Q_SLOTS:
         QCOMPARE(paint(picture), off);
     }
 
-    void highlightedCabinetsFlash_data()
-    {
-        QTest::addColumn<int>("highlight");
-        QTest::newRow("box") << int(CabinetHighlight::FlashingBox);
-        QTest::newRow("LED") << int(CabinetHighlight::LedIndicator);
-    }
     void highlightedCabinetsFlash()
     {
-        QFETCH(int, highlight);
-        LayoutData wall = smallWall();
-        CScreenPicture picture;
-        picture.setWall(wall, {});
-        picture.setHighlight({wall.layout.ports.first().getAllCabinets().last()},
-                             CabinetHighlight(highlight));
-        wall.layout.ports[0].groups[0].cabinets[1].rect.translate(100, 0);
-        picture.setWall(wall, {}); // it follows its cabinet
-        CScreenPicture unlit;
-        unlit.setWall(wall, {});
-        const QImage calm = paint(unlit);
-        const QImage flash = paint(picture);
-        QVERIFY(flash.copy(200, 0, 100, 100) != calm.copy(200, 0, 100, 100));
-        QCOMPARE(flash.copy(0, 0, 200, 100), calm.copy(0, 0, 200, 100));
-        QSignalSpy changed(&picture, &CScreenPicture::notifyChanged);
-        QVERIFY(changed.wait(PatienceMilliseconds));
-        QCOMPARE(paint(picture), calm);
-        QVERIFY(changed.wait(PatienceMilliseconds));
-        QCOMPARE(paint(picture), flash);
-        picture.setHighlight({}, CabinetHighlight::Off);
-        QCOMPARE(paint(picture), calm);
+        for (const auto highlight : {CabinetHighlight::FlashingBox, CabinetHighlight::LedIndicator}) {
+            LayoutData wall = smallWall();
+            CScreenPicture picture;
+            picture.setWall(wall, {});
+            picture.setHighlight({wall.layout.ports.first().getAllCabinets().last()}, highlight);
+            wall.layout.ports[0].groups[0].cabinets[1].rect.translate(100, 0);
+            picture.setWall(wall, {}); // it follows its cabinet
+            CScreenPicture unlit;
+            unlit.setWall(wall, {});
+            const QImage calm = paint(unlit);
+            const QImage flash = paint(picture);
+            QVERIFY(flash.copy(200, 0, 100, 100) != calm.copy(200, 0, 100, 100));
+            QCOMPARE(flash.copy(0, 0, 200, 100), calm.copy(0, 0, 200, 100));
+            QSignalSpy changed(&picture, &CScreenPicture::notifyChanged);
+            QVERIFY(changed.wait(PatienceMilliseconds));
+            QCOMPARE(paint(picture), calm);
+            QVERIFY(changed.wait(PatienceMilliseconds));
+            QCOMPARE(paint(picture), flash);
+            picture.setHighlight({}, CabinetHighlight::Off);
+            QCOMPARE(paint(picture), calm);
+        }
     }
 
     void numbersAndHighlightsBelongToOneProcessor()

@@ -126,8 +126,9 @@ private Q_SLOTS:
     {
         CLayoutHandler &handler = m_world->handler;
         QVERIFY(refuses(handler.setOutputPortCount(m_world->stage, 12), "Output port 13 holds cabinets."));
-        QVERIFY(!handler.setOutputPortCount(m_world->stage, 20));
-        QVERIFY(!handler.setOutputPortCount(m_world->stage, 0));
+        for (const int count : {0, 20})
+            QVERIFY(
+                refuses(handler.setOutputPortCount(m_world->stage, count), "It has 1 to 16 output ports."));
         m_world->lockPort(m_world->stage, 15);
         QVERIFY(refuses(handler.setOutputPortCount(m_world->stage, 15), "Output port 16 is locked."));
         m_world->lockPort(m_world->stage, 15, false);
@@ -215,9 +216,11 @@ private Q_SLOTS:
         const auto ports = m_world->handler.currentProcessorPorts();
         QCOMPARE(m_world->handler.portLoad(ports.at(0), 0), 90);
         m_world->log.take();
-        QVERIFY(m_world->handler.setFrameRateAndColorDepth(120, 10));
-        QCOMPARE(m_world->log.waitFor(24),
-                 QStringLiteral("24 %1 -1").arg(CDeviceFixture::idOf(m_world->stage)));
+        for (const int depth : {8, 10}) { // one changes at a time
+            QVERIFY(m_world->handler.setFrameRateAndColorDepth(120, depth));
+            QCOMPARE(m_world->log.waitFor(24),
+                     QStringLiteral("24 %1 -1").arg(CDeviceFixture::idOf(m_world->stage)));
+        }
         QCOMPARE(m_world->handler.portLoad(ports.at(0), 0), 239);
         QCOMPARE(m_world->handler.currentProcessorNode().colorDepth, 10);
         QVERIFY(!m_world->handler.setFrameRateAndColorDepth(75, 8));

@@ -1,20 +1,96 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
+#include "layout/editor/view/CLayoutGraphicsView.h"
+#include "layout/plugin/CEditorCommands.h"
 #include "layout/resources/LayoutResources.h"
 #include "layout/settings/CCabinetFillSetting.h"
 #include "layout/settings/CCabinetParaSave.h"
 #include "layout/settings/CCabinetTypeSetting.h"
 #include "layout/settings/CCustomCabinet.h"
+#include "tests/harness/CFileDialogAnswerer.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
-#include "tests/harness/CTestBase.h"
-#include "tests/plugin/SCommandWorld.h"
+#include "tests/harness/CWorldTest.h"
+#include "tests/harness/DialogUser.h"
+#include "tests/harness/SStoreWorld.h"
 
 #include <QCheckBox>
 #include <QMenu>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTemporaryDir>
 
 namespace {
+
+/// A type of the library, with one receiver.
+SSettings::TypeLibrary::STreeNode typeNode(const char *name, int width, int height)
+{
+    SSettings::TypeLibrary::STreeNode node;
+    node.name = node.info.name = QString::fromLatin1(name);
+    node.key = node.info.key = SMD5::ofContent(name);
+    node.info.width = width;
+    node.info.height = height;
+    node.info.receivers = {QRect(0, 0, width, height)};
+    return node;
+}
+
+/// A host, and the editor with its commands; a processor of two ports with three cabinets each is in view.
+struct SCommandWorld final : SStoreWorld
+{
+    SCommandWorld()
+    {
+        host.answers()->library = {typeNode("Flat", 100, 100), typeNode("Huge", 2049, 100)};
+        view.setCommands(&commands);
+        store.setLayoutSource(&view.cabinetScene());
+        open(2, 3);
+    }
+    ~SCommandWorld()
+    {
+        view.setCommands(nullptr);
+        store.setLayoutSource(nullptr);
+        QSettings(QStringLiteral("Velmarinth"), QStringLiteral("Orvo")).clear();
+    }
+
+    /// Brings a processor with @p ports ports of @p cabinets cabinets each into view.
+    void open(int ports, int cabinets)
+    {
+        const QUuid processor = host.addProcessor(QStringLiteral("Main"), ports, cabinets);
+        show(processor);
+        const ProcessorTree::ProcessorNode node = host.answers()->getProcessorNode(processor);
+        view.showLayout(node, store.openProcessor(processor));
+        store.setCurrentPort(ports - 1);
+    }
+    CCabinetGraphicsScene &scene() { return view.cabinetScene(); }
+    CEditorCommands::Cabinet cabinet(int port, int place)
+    {
+        return scene().portItem(port)->cabinets(nullptr).at(place)->cabinet();
+    }
+    /// The same, of a type that the library knows.
+    CEditorCommands::Cabinet typedCabinet(int port, int place)
+    {
+        CEditorCommands::Cabinet typed = cabinet(port, place);
+        typed.type = SMD5::ofContent("Flat");
+        return typed;
+    }
+    /// Does what the menu of a cabinet offers, and gives what the host was asked for, without the name.
+    QStringList fileCallsFor(bool readback, const CEditorCommands::Cabinet &of)
+    {
+        host.answers()->forgetCalls();
+        if (readback)
+            commands.readBackConfiguration(of, nullptr);
+        else
+            commands.exportConfiguration(of, nullptr);
+        const QString name = QLatin1String(readback ? "readbackCabinetConfig" : "exportCabinetConfig");
+        QStringList calls = host.answers()->calls().filter(name);
+        return calls.replaceInStrings(name, QString());
+    }
+
+    CLayoutGraphicsView view{store};
+    CEditorCommands commands{store, view};
+};
 
 QStringList textsOf(const QMenu &menu)
 {
@@ -34,32 +110,23 @@ void chooseFirstType(CCabinetTypeSetting &dialog)
 
 } // namespace
 
-class CEditorCommandsTest final : public CTestBase
+class CEditorCommandsTest final : public CWorldTest<SCommandWorld>
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase() { initLayoutResources(); }
-    void init()
-    {
-        CTestBase::init();
-        m_world = std::make_unique<SCommandWorld>();
-        m_world->open(2, 3);
-    }
-    void cleanup()
-    {
-        m_world.reset();
-        QSettings(QStringLiteral("Velmarinth"), QStringLiteral("Orvo")).clear();
-        CTestBase::cleanup();
-    }
 
     void appendOffersRecentTypesAndTheLastSize()
     {
+        m_world->store.recentCabinets().setCustomSize({5000, 4}); // as a damaged settings file may hold it
         QMenu first;
         m_world->commands.fillAppendMenu(first, nullptr);
-        QCOMPARE(first.actions().size(), 2); // without recent types
+        QCOMPARE(textsOf(first),
+                 (QStringList{QStringLiteral("Custom(2048x8)"), QStringLiteral("Custom...")}));
         inNext<CCustomCabinet>([](CCustomCabinet &dialog) {
             dialog.findChildren<QSpinBox *>().first()->setValue(64);
+            dialog.findChildren<QSpinBox *>().last()->setValue(192);
             dialog.accept();
         });
         first.actions().last()->trigger();
@@ -68,7 +135,9 @@ private Q_SLOTS:
         QCOMPARE(m_world->scene().property("pendingAppendCabinetPort").toInt(), 1);
         m_world->scene().leaveOperation();
 
-        for (const char *name : {"Flat", "Huge", "gone"})
+        m_world->host.answers()->library << typeNode("P%2 %3 wide", 10, 20);
+        m_world->host.notify(LayoutNotification::TypeLibraryChanged);
+        for (const char *name : {"P%2 %3 wide", "Flat", "Huge", "gone"})
             m_world->store.recentCabinets().noteType(SMD5::ofContent(name));
         QMenu menu;
         m_world->commands.fillAppendMenu(menu, nullptr);
@@ -76,12 +145,13 @@ private Q_SLOTS:
                                              QStringLiteral("Custom(64x192)"), QStringLiteral("Custom...")}));
         const QMenu &recent = *menu.actions().first()->menu();
         QCOMPARE(textsOf(recent),
-                 (QStringList{QStringLiteral("Huge(2049x100)"), QStringLiteral("Flat(100x100)")}));
+                 (QStringList{QStringLiteral("Huge(2049x100)"), QStringLiteral("Flat(100x100)"),
+                              QStringLiteral("P%2 %3 wide(10x20)")}));
         CMessageBoxAnswerer user({QStringLiteral("OK")});
         recent.actions().first()->trigger();
         QVERIFY(!m_world->scene().backend().placing().isAppending());
         QVERIFY(user.texts().first().contains(QLatin1String("(2049x100)")));
-        recent.actions().last()->trigger();
+        recent.actions().at(1)->trigger();
         QVERIFY(m_world->scene().backend().placing().isAppending());
         QCOMPARE(m_world->store.recentCabinets().types().first(), SMD5::ofContent("Flat"));
     }
@@ -112,19 +182,6 @@ private Q_SLOTS:
         QVERIFY(user.texts().first().endsWith(QStringLiteral("can not be over 1024.")));
     }
 
-    void appendNamesTypesAndSizesAsTheyAre()
-    {
-        const auto odd = typeNode("P%2 %3 wide", 10, 20);
-        m_world->host.answers()->library = {odd};
-        m_world->host.notify(LayoutNotification::TypeLibraryChanged);
-        m_world->store.recentCabinets().noteType(odd.key);
-        m_world->store.recentCabinets().setCustomSize({5000, 4}); // as a damaged settings file may hold it
-        QMenu menu;
-        m_world->commands.fillAppendMenu(menu, nullptr);
-        QCOMPARE(textsOf(*menu.actions().first()->menu()), QStringList{QStringLiteral("P%2 %3 wide(10x20)")});
-        QCOMPARE(textsOf(menu).at(2), QStringLiteral("Custom(2048x8)"));
-    }
-
     void aTypeIsAskedForAndApplied()
     {
         m_world->scene().backend().picks().port(0, true);
@@ -138,7 +195,7 @@ private Q_SLOTS:
             dialog.accept();
         });
         m_world->commands.chooseType(nullptr);
-        QCOMPARE(m_world->cabinet(0, 0).cabinet().type, SMD5::ofContent("Flat"));
+        QCOMPARE(m_world->cabinet(0, 0).type, SMD5::ofContent("Flat"));
         const QVector<SMD5> recent = m_world->store.recentCabinets().types();
         QVERIFY(recent.size() == 1 && recent.first() == SMD5::ofContent("Flat"));
     }
@@ -219,14 +276,9 @@ private Q_SLOTS:
 
     void parametersAreSavedForTheCabinetsThatWereGiven()
     {
-        QList<CEditorCommands::Cabinet> cabinets;
-        for (const int place : {0, 2}) {
-            cabinets << m_world->cabinet(1, place).cabinet();
-            cabinets.last().type = SMD5::ofContent("Flat");
-        }
         inNext<CCabinetParaSave>([](CCabinetParaSave &dialog) { dialog.accept(); });
         const CMessageBoxAnswerer user({QStringLiteral("OK")});
-        m_world->commands.saveParameters(cabinets, nullptr);
+        m_world->commands.saveParameters({m_world->typedCabinet(1, 0), m_world->typedCabinet(1, 2)}, nullptr);
         QCOMPARE(m_world->host.answers()->calls().filter(QStringLiteral("sendCabinetParameters")),
                  QStringList{QStringLiteral("sendCabinetParameters(2,%1,2.8)")
                                  .arg(QString::fromLatin1(SMD5::ofContent("Flat").toText()))});
@@ -234,7 +286,7 @@ private Q_SLOTS:
 
     void aRefusedHighlightIsTold()
     {
-        const QList<CabinetLayout::CabinetPort::Cabinet> one = {m_world->cabinet(0, 1).cabinet()};
+        const QList<CabinetLayout::CabinetPort::Cabinet> one = {m_world->cabinet(0, 1)};
         QVERIFY(m_world->commands.highlight(one, CabinetHighlight::FlashingBox, nullptr));
         m_world->host.answers()->refused = {QStringLiteral("setCabinetHighlight")};
         CMessageBoxAnswerer user({QStringLiteral("OK")});
@@ -245,8 +297,76 @@ private Q_SLOTS:
         QCOMPARE(user.boxes().first().details, m_world->host.answers()->error);
     }
 
-private:
-    std::unique_ptr<SCommandWorld> m_world;
+    void filesAreNamedAskedForAndTold()
+    {
+        struct SCase
+        {
+            bool readback;
+            const char *typed; // "": cancelled
+            const char *existing;
+            const char *pressed; // an answer each, separated by bars
+            const char *written; // "": nothing
+        };
+        for (const auto &[readback, typed, existing, pressed, written] :
+             {SCase{false, "a", "", "OK", "a.rcvbp"},
+              {false, "Rental P2.6 tall", "", "OK", "Rental P2.6 tall.rcvbp"},
+              {false, "Rental P1.9", "", "OK", "Rental P1.9.rcvbp"},
+              {false, "a.v2", "", "OK", "a.v2"},
+              {false, "a.rcvbp", "a.rcvbp", "Yes|OK", "a.rcvbp"},
+              {false, "a.rcvbp", "a.rcvbp", "No", ""},
+              {true, "b", "b", "OK", "b.rcvbp"},
+              {true, "b", "b.rcvbp", "Yes|OK", "b.rcvbp"}, // it gets that name
+              {true, "", "", "", ""}}) {
+            const QTemporaryDir folder;
+            if (*existing)
+                QVERIFY(QFile(folder.filePath(QLatin1String(existing))).open(QIODevice::WriteOnly));
+            const CFileDialogAnswerer files(*typed ? folder.filePath(QLatin1String(typed)) : QString());
+            const QStringList answers =
+                QString::fromLatin1(pressed).split(QLatin1Char('|'), Qt::SkipEmptyParts);
+            const CMessageBoxAnswerer user(answers);
+            const auto cabinet = m_world->typedCabinet(1, 1);
+            const QString uuid = cabinet.uuid.toString(QUuid::WithoutBraces);
+            const QString file = folder.filePath(QLatin1String(written));
+            const QString call = QLatin1String(readback ? "(1,%1,%2,Flat)" : "(%1,%2)");
+            QCOMPARE(m_world->fileCallsFor(readback, cabinet),
+                     *written ? QStringList{call.arg(uuid, file)} : QStringList());
+            QCOMPARE(user.boxes().size(), answers.size());
+            QCOMPARE(m_world->store.mappingFolder() == folder.path(), *written != 0); // the next opens there
+            const auto date = QDateTime::fromString(files.proposal, QStringLiteral("yyyy-MM-dd-hh-mm-ss"));
+            QVERIFY(readback ? date.isValid() : files.proposal == QLatin1String("Flat"));
+        }
+    }
+
+    void theProposedNameIsThatOfAFile()
+    {
+        m_world->host.answers()->library = {typeNode("Rental in/outdoor: P2.6 tall", 100, 100)};
+        m_world->host.notify(LayoutNotification::TypeLibraryChanged);
+        const CFileDialogAnswerer files{QString()};
+        auto cabinet = m_world->cabinet(1, 1);
+        cabinet.type = m_world->host.answers()->library.first().key;
+        m_world->fileCallsFor(false, cabinet);
+        QCOMPARE(files.proposal, QStringLiteral("Rental in-outdoor- P2.6 tall"));
+    }
+
+    void filesThatTheHostRefusesAreToldWithItsReason()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("a.rcvbp"));
+        for (const QString &operation :
+             {QStringLiteral("exportCabinetConfig"), QStringLiteral("readbackCabinetConfig"), QString()}) {
+            m_world->host.answers()->refused = {operation};
+            const bool readback = !operation.startsWith(QLatin1Char('e'));
+            const CFileDialogAnswerer files(file);
+            const CMessageBoxAnswerer user({QStringLiteral("OK")});
+            const auto untyped = m_world->cabinet(0, 2);
+            const QStringList calls = m_world->fileCallsFor(readback, untyped);
+            QCOMPARE(user.boxes().first().details,
+                     operation.isEmpty() ? QString() : m_world->host.answers()->error);
+            const QString uuid = untyped.uuid.toString(QUuid::WithoutBraces);
+            QCOMPARE(calls.first(),
+                     (readback ? QStringLiteral("(0,%1,%2,)") : QStringLiteral("(%1,%2)")).arg(uuid, file));
+        }
+    }
 };
 
 ORVO_TEST_MAIN(QApplication, CEditorCommandsTest)

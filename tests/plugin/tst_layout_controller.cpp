@@ -10,6 +10,8 @@
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/panels/CLayoutSidePanel.h"
 #include "layout/plugin/CLayout.h"
+#include "layout/plugin/CWholeModuleWarningWidget.h"
+#include "layout/plugin/SelectionRules.h"
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
@@ -101,6 +103,34 @@ private Q_SLOTS:
         QCOMPARE(module.cabinetsShown(module.b), 2);
     }
 
+    void aSelectionIsShownOrWarnedOf()
+    {
+        using W = WarningState;
+        const QVector<std::tuple<const char *, bool, std::optional<W>>> rows{
+            // o offline, f in fibre mode
+            {"", false, W::NoneSelected}, // while another is online
+            {"-", false, {}},
+            {"o", false, W::Offline},
+            {"f", false, W::FiberTransceiver},
+            {"--", false, {}},
+            {"oo", false, {}},
+            {"-f", false, W::SeveralSelected}, // one has an area, one has none
+            {"-f-", false, {}},
+            {"-o", true, {}},
+            {"-", true, W::SeveralSelected},
+            {"-f-", true, W::FiberTransceiverInGroup}};
+        for (const auto &[processors, group, warning] : rows) {
+            QList<ProcessorTree::ProcessorNode> nodes;
+            for (const char letter : QByteArray(processors)) {
+                nodes << ProcessorTree::ProcessorNode();
+                nodes.last().online = letter != 'o';
+                nodes.last().fiberTransceiver = letter == 'f';
+            }
+            const auto type = group ? PrcTreeNodeType::Group : PrcTreeNodeType::Processor;
+            QVERIFY2(SelectionRules::warningFor(type, nodes, true) == warning, processors);
+        }
+    }
+
     void followsTheSelection()
     {
         SModuleScene module;
@@ -112,17 +142,15 @@ private Q_SLOTS:
         module.select({module.a, module.b});
         QCOMPARE(module.page(), Summary);
         QCOMPARE(module.title(), QStringLiteral("Summary"));
-        module.answers()->fiber = {module.b}; // which leaves one with an area
-        module.select({module.a, module.b});
-        QCOMPARE(module.title(), QStringLiteral("Please select a single processor"));
-        module.answers()->fiber.clear();
         module.host.notify(LayoutNotification::SelectedNodeChanged,
                            SSelectedNodeChange{{}, PrcTreeNodeType::Other});
         module.answers()->selected = {module.a};
-        QCOMPARE(module.page(), Warning); // a heading leaves the page as it is
+        QCOMPARE(module.page(), Summary); // a heading leaves the page as it is
         module.answers()->nodes[1].online = false;
         module.select({module.b});
         QCOMPARE(module.title(), QStringLiteral("The current processor is offline"));
+        const CWholeModuleWarningWidget other; // all pages share the state
+        QCOMPARE(other.findChild<QLabel *>()->text(), module.title());
         module.answers()->nodes[1].online = true;
         module.host.notify(LayoutNotification::ProcessorStateChanged, SProcessorStateChange{module.b, true});
         QTRY_COMPARE(module.page(), Editor);

@@ -3,6 +3,7 @@
 #include "host/projects/CLayoutCheck.h"
 #include "host/projects/COverlapSweep.h"
 #include "host/projects/CWallBuilder.h"
+#include "layout/geometry/CSnakeOrder.h"
 #include "tests/harness/CTestBase.h"
 
 #include <QRandomGenerator>
@@ -13,13 +14,29 @@ using Cabinet = Port::Cabinet;
 
 namespace {
 
-LayoutData soundWall()
+SWallPlan wallPlan(const QSize &cabinet, int columns, int rows, int ports, int pattern = 0)
 {
     SWallPlan plan;
-    plan.cabinet = {100, 100};
-    plan.columns = 6;
-    plan.rows = 2;
-    plan.ports = 2;
+    plan.name = QStringLiteral("wall");
+    plan.cabinet = cabinet;
+    plan.columns = columns;
+    plan.rows = rows;
+    plan.ports = ports;
+    plan.pattern = pattern;
+    return plan;
+}
+
+QRect areaOf(const Port &port)
+{
+    QRect area;
+    for (const Cabinet &cabinet : port.getAllCabinets())
+        area |= cabinet.rect;
+    return area;
+}
+
+LayoutData soundWall()
+{
+    const SWallPlan plan = wallPlan({100, 100}, 6, 2, 2);
     LayoutData data;
     data.layout = CWallBuilder::build(plan).value();
     data.canvas = plan.canvas();
@@ -42,12 +59,12 @@ bool tells(const QVector<SLayoutFinding> &findings, std::initializer_list<const 
 
 } // namespace
 
+/// Walls: made without faults, and what is found where there are some.
 class CLayoutCheckTest final : public CTestBase
 {
     Q_OBJECT
 
 private Q_SLOTS:
-
     void findsWrongWiring()
     {
         LayoutData data = soundWall();
@@ -138,6 +155,83 @@ private Q_SLOTS:
                 }
             }
             QCOMPARE(found, expected);
+        }
+    }
+
+    void wallsAreBuiltWithoutFaults()
+    {
+        using B = CWallBuilder;
+        for (const auto &[wall, cabinets, canvas] : {std::tuple(B::Small, 48, QSize(2560, 1440)),
+                                                     {B::Ribbon, 877, QSize(28064, 48)},
+                                                     {B::Stadium, 5600, QSize(10752, 4800)},
+                                                     {B::Full, 80 * 1024, QSize(7680, 6144)}}) {
+            const SWallPlan plan = B::plan(wall);
+            LayoutData data;
+            data.layout = B::build(plan).value();
+            data.canvas = plan.canvas();
+            QCOMPARE(data.layout.cabinetCount(), cabinets);
+            QCOMPARE(data.canvas, canvas);
+            QCOMPARE(data.layout.boundingRect(), QRect({0, 0}, canvas));
+            QVERIFY(CLayoutCheck::findings(data).isEmpty());
+            QVERIFY(B::build(plan).value() == data.layout);
+            QSet<QUuid> identities;
+            for (const Port &port : qAsConst(data.layout.ports)) {
+                for (const Cabinet &cabinet : port.getAllCabinets()) {
+                    identities.insert(cabinet.uuid);
+                    QCOMPARE(cabinet.port, port.index);
+                }
+            }
+            QCOMPARE(identities.size(), cabinets);
+        }
+    }
+
+    void portsShareAWallInSquareBlocksOrInRuns()
+    {
+        // 12 ports cut the wall into blocks of 1x8, 2x4 or 4x2 cabinets; these are twice as wide as high.
+        const CabinetLayout blocks = CWallBuilder::build(wallPlan({64, 32}, 12, 8, 12)).value();
+        for (const Port &port : blocks.ports)
+            QCOMPARE(areaOf(port).size(), QSize(128, 128));
+        QCOMPARE(areaOf(blocks.ports.at(1)).topLeft(), QPoint(128, 0));
+        QVector<QRect> runs;
+        const CabinetLayout row = CWallBuilder::build(wallPlan({10, 10}, 7, 1, 3)).value();
+        for (const Port &port : row.ports)
+            runs << areaOf(port);
+        QCOMPARE(runs, (QVector<QRect>{{0, 0, 30, 10}, {30, 0, 20, 10}, {50, 0, 20, 10}}));
+    }
+
+    void eachPortIsWiredByThePattern()
+    {
+        constexpr int Pattern = 5;
+        const auto layout = CWallBuilder::build(wallPlan({20, 10}, 6, 4, 2, Pattern));
+        for (const Port &port : layout.value().ports) {
+            QVector<CSnakeOrder::SCell> cells;
+            const QVector<Cabinet> cabinets = port.getAllCabinets();
+            for (const Cabinet &cabinet : cabinets)
+                cells.append({QRectF(cabinet.rect), cabinet.uuid});
+            const QVector<int> order = CSnakeOrder::order(cells, Pattern);
+            for (int place = 0; place < order.size(); ++place)
+                QCOMPARE(cabinets.at(order.at(place)).rank, place);
+        }
+    }
+
+    void impossiblePlansAreRefused()
+    {
+        SWallPlan uneven = wallPlan({8, 8}, 4, 4, 3);
+        uneven.portGrid = {3, 1};
+        for (const auto &[plan, reason] : {std::pair(wallPlan({8, 8}, 41, 25, 1), "up to 1024"),
+                                           {wallPlan({0, 8}, 2, 2, 1), "0x8"},
+                                           {wallPlan({2049, 8}, 2, 2, 1), "2049x8"},
+                                           {wallPlan({2048, 8}, 17, 1, 1), "34816x8"},
+                                           {wallPlan({8, 8}, 2, 0, 1), "0 rows"},
+                                           {wallPlan({8, 8}, 999999999, 999999999, 80), "999999999"},
+                                           {wallPlan({8, 8}, 2, 2, 0), "not 0"},
+                                           {wallPlan({8, 8}, 20, 20, 81), "not 81"},
+                                           {wallPlan({8, 8}, 2, 2, 5), "too few"},
+                                           {wallPlan({8, 8}, 2, 2, 1, 8), "not 8"},
+                                           {uneven, "4x4"}}) {
+            const auto layout = CWallBuilder::build(plan);
+            QVERIFY(!layout);
+            QVERIFY2(layout.error().contains(QLatin1String(reason)), qPrintable(layout.error()));
         }
     }
 };

@@ -1,19 +1,38 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "host/app/commands/CCommandLine.h"
+#include "host/devices/simulated/CProcessorStateFiles.h"
 #include "host/projects/CFileHandle.h"
 #include "host/projects/CSafeFile.h"
 #include "host/projects/CStrayFiles.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/projects/CFaultyFileSystem.h"
 #include "tests/projects/ProjectSamples.h"
 
 #include <QDir>
 #include <QTemporaryDir>
 
+#include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 
 namespace {
+
+SProcessorProject project(int generation)
+{
+    SProcessorProject project = ProjectSamples::withEverything();
+    project.name = QString::number(generation);
+    return project;
+}
+
+SProcessorSettings settings(int generation)
+{
+    SProcessorSettings settings;
+    settings.portCount = generation + 1;
+    settings.canvas = {1920, 1080};
+    return settings;
+}
 
 constexpr int ManyBytes = 1 << 20;
 
@@ -31,15 +50,119 @@ bool refusesToRead(const QString &file)
 
 } // namespace
 
+/// What becomes of files: in order, after a crash, and while every single call to the disk fails, once or
+/// from then on.
 class CSafeFileTest final : public CTestBase
 {
     Q_OBJECT
 
 private:
+    enum Subject { Project, Export, State };
+
     QTemporaryDir m_folder;
-    QString path(const char *name) const { return m_folder.filePath(QLatin1String(name)); }
+    QTemporaryDir m_source;
+    const CProcessorStateFiles m_state{m_folder.path(), QUuid::createUuid()};
+
+    QString fileOf(int subject) const
+    {
+        return subject == State ? m_state.settingsFile()
+                                : m_folder.filePath(subject == Project ? QStringLiteral("wall.sprj")
+                                                                       : QStringLiteral("wall.csv"));
+    }
+
+    QString sourceOf(int generation) const
+    {
+        return m_source.filePath(QStringLiteral("%1.sprj").arg(generation));
+    }
+
+    bool save(int subject, int generation) const
+    {
+        if (subject == Project)
+            return bool(CProcessorProject::write(fileOf(subject), project(generation)));
+        if (subject == State)
+            return bool(m_state.save(settings(generation)));
+        QString out;
+        QString errors;
+        QTextStream outStream(&out);
+        QTextStream errorStream(&errors);
+        return CCommandLine::run({QStringLiteral("export"), sourceOf(generation), fileOf(subject)}, outStream,
+                                 errorStream) == CCommandLine::Success;
+    }
+
+    QString path(const char *name) const { return m_source.filePath(QLatin1String(name)); }
+
+    QByteArray m_contents[3][3]; ///< by subject and generation
 
 private Q_SLOTS:
+    void initTestCase()
+    {
+        for (int generation = 0; generation < 3; ++generation) {
+            SProcessorProject source = project(generation);
+            source.layout.ports[0].index = generation;
+            QVERIFY(CProcessorProject::write(sourceOf(generation), source));
+            for (int subject = Project; subject <= State; ++subject) {
+                QVERIFY(save(subject, generation));
+                m_contents[subject][generation] = ProjectSamples::contentOf(fileOf(subject));
+            }
+        }
+        for (const auto &contents : m_contents)
+            QVERIFY(contents[0] != contents[1] && contents[1] != contents[2] && contents[2] != contents[0]);
+    }
+
+    void losesNothingAndNeverSaysSavedWhenItIsNot_data()
+    {
+        QTest::addColumn<int>("subject");
+        QTest::addColumn<QByteArray>("call");
+        QTest::addColumn<int>("reason");
+        QTest::addColumn<bool>("onward");
+        const char *const subjects[] = {"project", "export", "state"};
+        for (int subject = Project; subject <= State; ++subject) {
+            for (const char *call :
+                 {"open", "read", "write", "sync", "lock", "rename", "link", "unlink", "close"}) {
+                for (const int reason : {ENOSPC, EIO, EACCES}) {
+                    for (const bool onward : {false, true})
+                        QTest::addRow("%s, %s, %s, %s", subjects[subject], call,
+                                      qPrintable(qt_error_string(reason)), onward ? "from then on" : "once")
+                            << subject << QByteArray(call) << reason << onward;
+                }
+            }
+        }
+    }
+    void losesNothingAndNeverSaysSavedWhenItIsNot()
+    {
+        QFETCH(int, subject);
+        QFETCH(QByteArray, call);
+        QFETCH(int, reason);
+        QFETCH(bool, onward);
+        const QString file = fileOf(subject);
+        const QString previous = file + QLatin1Char('~');
+        const QByteArray *contents = m_contents[subject];
+        for (int number = 1;; ++number) {
+            for (const QString &name : QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden))
+                QFile::remove(m_folder.filePath(name));
+            ProjectSamples::setContent(file, contents[1]);
+            ProjectSamples::setContent(previous, contents[0]);
+            bool saved = false;
+            {
+                const CFaultyFileSystem faulty(CFaultyFileSystem::SFault{call, number, reason, onward});
+                saved = save(subject, 2);
+                if (!faulty.hasFailed()) {
+                    QVERIFY(saved);
+                    break;
+                }
+            }
+            const bool unconfirmed = call == "sync" || (call == "close" && number == 1 && subject != Export);
+            QVERIFY2(!saved || !unconfirmed, QByteArray::number(number));
+            const QByteArray found = ProjectSamples::contentOf(file);
+            QVERIFY2(found == contents[2] || (found == contents[1] && !saved), QByteArray::number(number));
+            CSafeFile::cleanAround(file); // as the next start does
+            const bool replaced = found == contents[2] && subject == Project;
+            QCOMPARE(ProjectSamples::contentOf(previous), contents[replaced ? 1 : 0]);
+            QCOMPARE(QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden),
+                     QStringList({QFileInfo(file).fileName(), QFileInfo(previous).fileName()}));
+        }
+    }
+
     void keepsThePreviousGeneration()
     {
         const QString file = path("generations");
@@ -64,7 +187,7 @@ private Q_SLOTS:
 
     void refusesWhatIsNoFile()
     {
-        QVERIFY(QDir(m_folder.path()).mkdir(QStringLiteral("folder")));
+        QVERIFY(QDir(m_source.path()).mkdir(QStringLiteral("folder")));
         QVERIFY(mkfifo(QFile::encodeName(path("pipe")).constData(), 0600) == 0);
         QVERIFY(refusesToRead(path("missing")));
         for (const QString &file : {path("folder"), path("pipe"), QStringLiteral("/dev/null")}) {
@@ -75,33 +198,32 @@ private Q_SLOTS:
         QVERIFY(CSafeFile::write(path("large"), QByteArray(11, 'x'), CSafeFile::DropPrevious));
         QVERIFY(!CSafeFile::read(path("large"), 10));
     }
-    void tidiesUpAfterTheDeadOnly_data()
-    {
-        QTest::addColumn<QByteArray>("pending");
-        QTest::addColumn<QByteArray>("previous");
-        QTest::newRow("killed before the file was replaced") << QByteArray("two") << QByteArray("zero");
-        QTest::newRow("killed after it") << QByteArray("one") << QByteArray("one");
-    }
+
     void tidiesUpAfterTheDeadOnly()
     {
-        QFETCH(QByteArray, pending);
-        QTemporaryDir folder;
-        const QString file = folder.filePath(QStringLiteral("wall"));
-        ProjectSamples::setContent(file, "two");
-        ProjectSamples::setContent(file + QStringLiteral("~"), "zero");
-        ProjectSamples::setContent(file + QStringLiteral("~new"), pending);
-        ProjectSamples::setContent(QFile::decodeName(CStrayFiles::newFile(QFile::encodeName(file))), "part");
-        const auto names = [&folder] { return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden); };
-        {
-            CFileHandle writer(QFile::encodeName(folder.path()), O_RDONLY | O_DIRECTORY);
-            QVERIFY(writer.lock(LOCK_EX));
+        // Killed before the file was replaced, and after it.
+        for (const auto &[pending, previous] : {std::pair("two", "zero"), std::pair("one", "one")}) {
+            QTemporaryDir folder;
+            const QString file = folder.filePath(QStringLiteral("wall"));
+            ProjectSamples::setContent(file, "two");
+            ProjectSamples::setContent(file + QStringLiteral("~"), "zero");
+            ProjectSamples::setContent(file + QStringLiteral("~new"), pending);
+            ProjectSamples::setContent(QFile::decodeName(CStrayFiles::newFile(QFile::encodeName(file))),
+                                       "part");
+            const auto names = [&folder] {
+                return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden);
+            };
+            {
+                CFileHandle writer(QFile::encodeName(folder.path()), O_RDONLY | O_DIRECTORY);
+                QVERIFY(writer.lock(LOCK_EX));
+                CSafeFile::cleanAround(file);
+                QCOMPARE(names().size(), 4);
+            }
             CSafeFile::cleanAround(file);
-            QCOMPARE(names().size(), 4);
+            QCOMPARE(names(), QStringList({QStringLiteral("wall"), QStringLiteral("wall~")}));
+            QCOMPARE(ProjectSamples::contentOf(file), QByteArray("two"));
+            QCOMPARE(ProjectSamples::contentOf(file + QStringLiteral("~")), QByteArray(previous));
         }
-        CSafeFile::cleanAround(file);
-        QCOMPARE(names(), QStringList({QStringLiteral("wall"), QStringLiteral("wall~")}));
-        QCOMPARE(ProjectSamples::contentOf(file), QByteArray("two"));
-        QTEST(ProjectSamples::contentOf(file + QStringLiteral("~")), "previous");
     }
 
     void keepsPermissions()
@@ -114,7 +236,17 @@ private Q_SLOTS:
         QVERIFY(stat(QFile::encodeName(file).constData(), &status) == 0);
         QCOMPARE(int(status.st_mode & 07777), 0640);
     }
+
+    void theDiskConfirmsBeforeAnythingIsReplaced()
+    {
+        const QString file = fileOf(Project);
+        QVERIFY(save(Project, 0));
+        const CFaultyFileSystem system;
+        QVERIFY(CSafeFile::write(file, "new", CSafeFile::KeepPrevious));
+        QCOMPARE(system.calls().join(' '),
+                 QByteArray("open lock open write sync read read close link rename rename sync close"));
+    }
 };
 
-ORVO_TEST_MAIN(QCoreApplication, CSafeFileTest)
+ORVO_TEST_MAIN(QGuiApplication, CSafeFileTest)
 #include "tst_safe_file.moc"

@@ -45,27 +45,19 @@ private Q_SLOTS:
         QVERIFY(!library.find(SMD5()));
     }
 
-    void refusesDamagedLibraries_data()
-    {
-        QTest::addColumn<QByteArray>("types");
-        QTest::addColumn<QString>("place");
-        const auto row = [](const char *types, const char *place) {
-            QTest::newRow(place) << QByteArray(types) << QString::fromLatin1(place);
-        };
-        row(R"({"name":"a"})", "folders[0].types[0]: the member \"size\"");
-        row(R"({"name":"a","size":[2049,1]})", "types[0].size[0]: 2049");
-        row(R"({"name":"a","size":[8,8]},{"name":"a","size":[8,8]})", "types[1]: the same");
-        row(R"({"name":"a","size":[8,8],"kind":2,"receivers":[[0,0,4,8],[3,0,4,8]]})", "do not fill");
-        row(R"({"name":"a","size":[8,8],"kind":2,"receivers":[[0,0,4,8],[5,0,3,8]]})", "fill the");
-        row(R"({"name":"a","size":[8,8],"receivers":[[0,0,4,8],[4,0,4,8]]})", "the kind");
-    }
     void refusesDamagedLibraries()
     {
-        QFETCH(QByteArray, types);
-        QFETCH(QString, place);
-        const auto library = CTypeLibrary::fromJson(R"({"folders":[{"name":"f","types":[)" + types + "]}]}");
-        QVERIFY(!library);
-        QVERIFY2(library.error().contains(place), qPrintable(library.error()));
+        for (const auto &[types, place] :
+             {std::pair(R"({"name":"a"})", "folders[0].types[0]: the member \"size\""),
+              {R"({"name":"a","size":[2049,1]})", "types[0].size[0]: 2049"},
+              {R"({"name":"a","size":[8,8]},{"name":"a","size":[8,8]})", "types[1]: the same"},
+              {R"({"name":"a","size":[8,8],"kind":2,"receivers":[[0,0,4,8],[3,0,4,8]]})", "do not fill"},
+              {R"({"name":"a","size":[8,8],"kind":2,"receivers":[[0,0,4,8],[5,0,3,8]]})", "fill the"},
+              {R"({"name":"a","size":[8,8],"receivers":[[0,0,4,8],[4,0,4,8]]})", "the kind"}}) {
+            const QByteArray json = QByteArray(R"({"folders":[{"name":"f","types":[)") + types + "]}]}";
+            const QString error = CTypeLibrary::fromJson(json).error();
+            QVERIFY2(error.contains(QLatin1String(place)), qPrintable(error));
+        }
     }
 };
 

@@ -46,8 +46,6 @@ private Q_SLOTS:
         m_host->answers()->portPairs << pair(0, 0, 0, 2);
         m_host->answers()->portRefusals.insert(port(1, 3), QStringLiteral("B: Output port 4 is locked."));
         open();
-        QCOMPARE(m_dialog->windowTitle(), QStringLiteral("Port redundancy"));
-        QCOMPARE(m_dialog->size(), QSize(962, 566));
         const CBackupList &list = m_user->list();
         QCOMPARE(list.count(), 8);
         QCOMPARE(list.item(0)->text(), QStringLiteral("Port 1, B"));
@@ -57,59 +55,46 @@ private Q_SLOTS:
         QCOMPARE(m_user->rows(), QStringLiteral("Port 1, A>Port 3, A"));
     }
 
-    void autoMatchTakesEmptyOrEqualPortsOfTheProcessor_data()
-    {
-        QTest::addColumn<bool>("equal");
-        QTest::addColumn<QString>("rows");
-        QTest::newRow("empty ports") << false
-                                     << "Port 1, B>Port 3, B|Port 2, B>Port 4, B|Port 1, A>Port 3, A|"
-                                        "Port 2, A>Port 4, A";
-        QTest::newRow("the same cabinets first")
-            << true << "Port 1, B>Port 2, B|Port 1, A>Port 3, A|Port 2, A>Port 4, A";
-    }
     void autoMatchTakesEmptyOrEqualPortsOfTheProcessor()
     {
-        QFETCH(bool, equal);
-        if (equal) {
-            auto lock = m_host->answers();
-            QVector<CabinetLayout::CabinetPort> &ports = lock->layouts[m_processors.at(1)].layout.ports;
-            ports[1].groups = ports.at(0).groups;
+        for (const bool equal : {false, true}) {
+            if (equal) {
+                auto lock = m_host->answers();
+                QVector<CabinetLayout::CabinetPort> &ports = lock->layouts[m_processors.at(1)].layout.ports;
+                ports[1].groups = ports.at(0).groups;
+            }
+            open();
+            QTest::mouseClick(m_user->tool("Auto match"), Qt::LeftButton);
+            const QString rest = QStringLiteral("|Port 1, A>Port 3, A|Port 2, A>Port 4, A");
+            QCOMPARE(m_user->rows(), (equal ? QStringLiteral("Port 1, B>Port 2, B")
+                                            : QStringLiteral("Port 1, B>Port 3, B|Port 2, B>Port 4, B")) +
+                                         rest);
         }
-        open();
-        QTest::mouseClick(m_user->tool("Auto match"), Qt::LeftButton);
-        QTEST(m_user->rows(), "rows");
     }
 
-    void asksBeforeCabinetsLoseTheirWiring_data()
-    {
-        QTest::addColumn<int>("backup");
-        QTest::addColumn<QString>("answer"); // empty: nothing is asked
-        QTest::addColumn<bool>("applied");
-        QTest::newRow("an empty port") << 2 << "" << true;
-        QTest::newRow("yes") << 1 << "Yes" << true;
-        QTest::newRow("no") << 1 << "No" << false;
-    }
     void asksBeforeCabinetsLoseTheirWiring()
     {
-        QFETCH(int, backup);
-        QFETCH(QString, answer);
-        QFETCH(bool, applied);
-        open();
-        m_user->list().setCurrentRow(4); // port 1 of the other processor
-        QTest::keyClick(&m_user->list(), Qt::Key_Return);
-        m_user->list().setCurrentRow(backup);
-        QTest::keyClick(&m_user->list(), Qt::Key_Return);
-        CMessageBoxAnswerer user(answer.isEmpty() ? QStringList() : QStringList{answer});
-        QTest::mouseClick(m_user->apply(), Qt::LeftButton);
-        QCOMPARE(user.boxes().size(), answer.isEmpty() ? 0 : 1);
-        if (!user.boxes().isEmpty())
-            QVERIFY(user.boxes().first().details.contains(QLatin1String("Port 2, B")));
-        const QList<SPortPair> wanted{pair(0, 0, 1, backup)};
-        QCOMPARE(m_host->answers()->portPairs, applied ? wanted : QList<SPortPair>());
-        if (applied)
-            QTest::mouseClick(m_user->apply(),
-                              Qt::LeftButton); // what is a pair already is not asked for again
-        QCOMPARE(m_host->answers()->count(QStringLiteral("applyPortRedundancy")), applied ? 2 : 0);
+        for (const auto &[backup, answer, calls] :
+             {std::tuple(1, "No", 0), std::tuple(1, "Yes", 2), std::tuple(2, "", 2)}) { // 2 is empty
+            open();
+            QTest::mouseClick(m_user->tool("Clear"), Qt::LeftButton);
+            for (const int entry : {4, backup}) { // port 1 of the other processor
+                m_user->list().setCurrentRow(entry);
+                QTest::keyClick(&m_user->list(), Qt::Key_Return);
+            }
+            m_host->answers()->forgetCalls();
+            const bool asked = *answer;
+            const CMessageBoxAnswerer user(asked ? QStringList(QLatin1String(answer)) : QStringList());
+            QTest::mouseClick(m_user->apply(), Qt::LeftButton);
+            QCOMPARE(user.boxes().size(), asked ? 1 : 0);
+            if (asked)
+                QVERIFY(user.boxes().first().details.contains(QLatin1String("Port 2, B")));
+            const QList<SPortPair> wanted{pair(0, 0, 1, backup)};
+            QCOMPARE(m_host->answers()->portPairs, calls ? wanted : QList<SPortPair>());
+            if (calls) // what is a pair already is not asked for again
+                QTest::mouseClick(m_user->apply(), Qt::LeftButton);
+            QCOMPARE(m_host->answers()->count(QStringLiteral("applyPortRedundancy")), calls);
+        }
     }
 
 private:

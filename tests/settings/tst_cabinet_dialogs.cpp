@@ -115,41 +115,28 @@ class CCabinetDialogsTest final : public CTestBase
     Q_OBJECT
 
 private Q_SLOTS:
-    void tellsWhatCabinetsHaveInCommon_data()
-    {
-        QTest::addColumn<QStringList>("types");
-        QTest::addColumn<QString>("values");
-        QTest::newRow("one") << names("A") << "1|A|192x384|500mm x 1000.5mm|100V ~ 240V|320W|11.8Kg";
-        QTest::newRow("types that differ in weight")
-            << names("A,Lighter,A") << "3|Multiple Type|192x384|500mm x 1000.5mm|100V ~ 240V|320W|-";
-        QTest::newRow("types that differ in everything")
-            << names("Bare,A,A") << "3|Multiple Type|192x384|-|-|-|-";
-        QTest::newRow("custom") << names(",") << "2|-|128x96|-|-|-|-";
-        QTest::newRow("custom and type") << names("A,") << "2|Multiple Type|-|-|-|-|-";
-    }
-
     void tellsWhatCabinetsHaveInCommon()
     {
-        QFETCH(QStringList, types);
-        QFETCH(QString, values);
-        const CCabinetInformation dialog(cabinetsOf(types), typeOfKey, nullptr);
-        QStringList shown;
-        for (const char *row : {"Count", "Cabinet type", "Resolution", "Size", "Working voltage",
-                                "Power consumption", "Weight"})
-            shown << labelled<QLineEdit>(dialog, row)->text();
-        QCOMPARE(shown.join(QLatin1Char('|')), values);
-    }
-
-    void halfARangeOfVoltsIsUnknown()
-    {
-        for (const bool lower : {true, false}) {
-            const auto typeOfHalf = [lower](const SMD5 &key) {
-                TypeInfo type = typeOfKey(key);
-                (lower ? type.voltsMinimum : type.voltsMaximum) = 0;
-                return type;
-            };
-            const CCabinetInformation dialog(cabinetsOf({"A"}), typeOfHalf, nullptr);
-            QCOMPARE(labelled<QLineEdit>(dialog, "Working voltage")->text(), QStringLiteral("-"));
+        const auto halfRange = [](const SMD5 &key) { // of volts
+            TypeInfo type = typeOfKey(key);
+            (key == typeOf("A").key ? type.voltsMinimum : type.voltsMaximum) = 0;
+            return type;
+        };
+        using Find = TypeInfo (*)(const SMD5 &);
+        for (const auto &[types, find, values] :
+             {std::tuple("A", Find(typeOfKey), "1|A|192x384|500mm x 1000.5mm|100V ~ 240V|320W|11.8Kg"),
+              {"A,Lighter,A", typeOfKey, "3|Multiple Type|192x384|500mm x 1000.5mm|100V ~ 240V|320W|-"},
+              {"Bare,A,A", typeOfKey, "3|Multiple Type|192x384|-|-|-|-"},
+              {",", typeOfKey, "2|-|128x96|-|-|-|-"},
+              {"A,", typeOfKey, "2|Multiple Type|-|-|-|-|-"},
+              {"A", halfRange, "1|A|192x384|500mm x 1000.5mm|-|320W|11.8Kg"},
+              {"Table", halfRange, "1|Table|192x384|500mm x 1000.5mm|-|320W|11.8Kg"}}) {
+            const CCabinetInformation dialog(cabinetsOf(names(types)), find, nullptr);
+            QStringList shown;
+            for (const char *row : {"Count", "Cabinet type", "Resolution", "Size", "Working voltage",
+                                    "Power consumption", "Weight"})
+                shown << labelled<QLineEdit>(dialog, row)->text();
+            QCOMPARE(shown.join(QLatin1Char('|')), QLatin1String(values));
         }
     }
 
@@ -171,21 +158,16 @@ private Q_SLOTS:
         QVERIFY(host.answers()->calls().isEmpty());
     }
 
-    void gammaIsTypedWithOneDecimal()
+    void gammaHasOneDecimalUnlessTheTypeHasATableOfItsOwn()
     {
+        const SSaveDialog opened({QStringLiteral("A")});
         for (const auto &[typed, value] :
              {std::make_pair("3.45", 3.4), std::make_pair("4.1", 4.0), std::make_pair("0.9", 1.0)}) {
-            const SSaveDialog opened({QStringLiteral("A")});
             opened.gamma()->selectAll();
             QTest::keyClicks(opened.gamma(), QLatin1String(typed));
             opened.gamma()->interpretText();
             QCOMPARE(opened.gamma()->value(), value);
         }
-    }
-
-    void aGammaTableOfItsOwnForbidsAValue()
-    {
-        const SSaveDialog opened({QStringLiteral("A")});
         const QSize size = opened.dialog.size();
         for (const int type : {0, 1, 0}) {
             opened.type()->setCurrentIndex(type);
@@ -203,8 +185,7 @@ private Q_SLOTS:
         SSaveDialog opened({QStringLiteral("A")});
         const CMessageBoxAnswerer user({QStringLiteral("OK")});
         QTest::keyClick(&opened.dialog, Qt::Key_Return);
-        QCOMPARE(user.texts(), QStringList{QStringLiteral("Unable to save, please make sure the cabinets are "
-                                                          "connected to primary output ports.")});
+        QVERIFY(user.texts().first().endsWith(QLatin1String("connected to primary output ports.")));
         QCOMPARE(host.answers()->count(QStringLiteral("sendCabinetParameters")), 0);
         QVERIFY(opened.dialog.isVisible());
     }
@@ -239,17 +220,6 @@ private Q_SLOTS:
             QCOMPARE(picture(at("Tall")), multi.pixmap(16, 16).toImage());
             QVERIFY(!picture(at("Plain")).isNull() && picture(at("Tall")) != picture(at("Plain")));
         });
-    }
-
-    void showsWhatWasChosen()
-    {
-        CCabinetTypeSetting dialog(cabinetsOfSize({{192, 384}}),
-                                   libraryOf({folder("Rental", {leaf(typeOf("A & B"))})}), nullptr);
-        dialog.show();
-        choose(dialog, {QStringLiteral("Rental"), QStringLiteral("A && B")});
-        QCOMPARE(typeButton(dialog)->text(), QStringLiteral("A && B"));
-        QCOMPARE(labelled<QLabel>(dialog, "Type size")->text(), QStringLiteral("192x384"));
-        QCOMPARE(dialog.type(), typeOf("A & B"));
     }
 
     void refusesATypeWhoseSizeNoCabinetCanHave()
@@ -293,9 +263,9 @@ private Q_SLOTS:
         }
     }
 
-    void theMenuFollowsTheLibrary()
+    void theMenuFollowsTheLibraryAndShowsWhatWasChosen()
     {
-        QVector<TypeNode> library{leaf(typeOfSize("Old", {64, 64}))};
+        QVector<TypeNode> library{folder("Rental", {leaf(typeOf("A & B"))})};
         CFakeHost host;
         host.answers()->onCalled = [&](const QString &call) {
             if (call.startsWith(QLatin1String("showTypeLibrary")))
@@ -304,10 +274,11 @@ private Q_SLOTS:
         CCabinetTypeSetting dialog(
             cabinetsOfSize({{64, 64}}), [&library] { return library; }, nullptr);
         dialog.show();
-        choose(dialog, {QStringLiteral("Old")});
+        choose(dialog, {QStringLiteral("Rental"), QStringLiteral("A && B")});
+        QCOMPARE(typeButton(dialog)->text(), QStringLiteral("A && B"));
+        QCOMPARE(labelled<QLabel>(dialog, "Type size")->text(), QStringLiteral("192x384"));
         choose(dialog, {QStringLiteral("Type library...")});
-        QCOMPARE(host.answers()->count(QStringLiteral("showTypeLibrary")), 1);
-        QCOMPARE(dialog.type().name, QStringLiteral("Old"));
+        QCOMPARE(dialog.type(), typeOf("A & B"));
         choose(dialog, {QStringLiteral("New")});
         QCOMPARE(dialog.type().name, QStringLiteral("New"));
     }

@@ -80,43 +80,27 @@ class CCurrentGainTest final : public CTestBase
 private Q_SLOTS:
     void initTestCase() { QVERIFY(m_file.open()); }
 
-    void showsASetARow()
-    {
-        const QVector<QPair<SCurrentGain, QString>> sets{
-            {{0, 0, true, false}, QStringLiteral("60Hz|Low|Imported")},
-            {{1, 1, false, false}, QStringLiteral("50Hz|Medium|Not imported")},
-            {{2, 2, true, false}, QStringLiteral("30Hz|High|Imported")},
-            {{-1, 3, false, false}, QStringLiteral("||Not imported")}};
-        for (const auto &[gain, row] : sets) {
-            CEleCurrentAdjustTable table;
-            table.setGains({gain});
-            const auto *imported = qobject_cast<QLabel *>(table.cellWidget(0, 2));
-            const QStringList texts{table.item(0, 0)->text(), table.item(0, 1)->text(), imported->text()};
-            QCOMPARE(texts.join(QLatin1Char('|')), row);
-            QCOMPARE(switchOf(table, 0)->isEnabled(), gain.imported);
-        }
-    }
-
-    void ordersByFrameRateThenLevel()
+    void showsASetARowByFrameRateThenLevel()
     {
         CEleCurrentAdjustTable table;
-        table.setGains({{1, 0, true, true}, {0, 2, false, false}, {2, 1, true, false}, {0, 1, true, false}});
-        const Gains ordered{
-            {0, 1, true, false}, {0, 2, false, false}, {1, 0, true, true}, {2, 1, true, false}};
-        QCOMPARE(table.gains(), ordered);
+        table.setGains({{2, 2, true, false}, {0, 1, false, true}, {1, 0, true, true}, {0, 0, true, false}});
+        QStringList rows;
+        for (int row = 0; row < table.rowCount(); ++row)
+            rows << table.item(row, 0)->text() + QLatin1Char(' ') + table.item(row, 1)->text() +
+                        QLatin1Char(' ') + qobject_cast<QLabel *>(table.cellWidget(row, 2))->text() +
+                        QLatin1String(switchOf(table, row)->isChecked() ? " on" : " off");
+        QCOMPARE(rows.join(QLatin1Char('|')),
+                 QStringLiteral("60Hz Low Imported off|60Hz Medium Not imported on|"
+                                "50Hz Low Imported on|30Hz High Imported off"));
         QVERIFY(!table.isSwitched());
-        QVERIFY(!switchOf(table, 0)->isChecked() && switchOf(table, 2)->isChecked());
-    }
-
-    void aSetThatIsOnCanBeSwitchedOffWithoutParameters()
-    {
-        CEleCurrentAdjustTable table;
-        table.setGains({{0, 0, false, true}});
-        QVERIFY(switchOf(table, 0)->isEnabled());
-        switchOf(table, 0)->click();
-        QVERIFY(table.isSwitched() && !table.gains()[0].on);
-        switchOf(table, 0)->click();
+        QVERIFY(switchOf(table, 1)->isEnabled()); // what is on can be switched off
+        switchOf(table, 1)->click();
+        QVERIFY(table.isSwitched() && !table.gains()[1].on);
+        switchOf(table, 1)->click();
         QVERIFY(!table.isSwitched());
+        table.setGains({{-1, 3, false, false}});
+        QVERIFY(table.item(0, 0)->text().isEmpty() && table.item(0, 1)->text().isEmpty());
+        QVERIFY(!switchOf(table, 0)->isEnabled());
     }
 
     void onlyWhatIsImportedCanBeCleared()

@@ -170,29 +170,22 @@ private Q_SLOTS:
         QVERIFY(!world.button(0).isEnabled());
     }
 
-    void theHistoryIsThatOfTheProcessorsInView_data()
-    {
-        QTest::addColumn<QString>("meanwhile");
-        QTest::addColumn<bool>("kept");
-        QTest::newRow("nothing") << QString() << true;
-        QTest::newRow("another name") << QStringLiteral("name") << true;
-        QTest::newRow("others shown") << QStringLiteral("others") << false;
-        QTest::newRow("moved elsewhere") << QStringLiteral("moved") << false;
-    }
     void theHistoryIsThatOfTheProcessorsInView()
     {
-        QFETCH(QString, meanwhile);
-        SPageWorld world;
-        world.key(Qt::Key_Right);
-        if (meanwhile == QLatin1String("name"))
-            world.host.answers()->nodes[0].name = QStringLiteral("Alpha");
-        else if (meanwhile == QLatin1String("others"))
-            world.show({world.a, world.c});
-        else if (meanwhile == QLatin1String("moved"))
-            world.host.answers()->rects[world.b].moveTo(3, 3);
-        world.show({world.a, world.b});
-        QTEST(world.button(0).isEnabled(), "kept");
-        QCOMPARE(world.offsets(), world.kept());
+        enum EMeanwhile { AnotherName, OthersShown, MovedElsewhere };
+        for (const EMeanwhile meanwhile : {AnotherName, OthersShown, MovedElsewhere}) {
+            SPageWorld world;
+            world.key(Qt::Key_Right);
+            if (meanwhile == AnotherName)
+                world.host.answers()->nodes[0].name = QStringLiteral("Alpha");
+            else if (meanwhile == OthersShown)
+                world.show({world.a, world.c});
+            else
+                world.host.answers()->rects[world.b].moveTo(3, 3);
+            world.show({world.a, world.b});
+            QCOMPARE(world.button(0).isEnabled(), meanwhile == AnotherName);
+            QCOMPARE(world.offsets(), world.kept());
+        }
     }
 
     void whatStandsInTheWayIsTold()

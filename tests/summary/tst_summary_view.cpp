@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/geometry/CEdgeSnap.h"
 #include "layout/resources/LayoutResources.h"
 #include "layout/summary/CGraphicsProcessorItem.h"
 #include "layout/summary/CSummaryGraphicsView.h"
@@ -10,6 +11,7 @@
 #include <QLineEdit>
 #include <QSpinBox>
 
+#include <functional>
 #include <limits>
 
 namespace {
@@ -112,29 +114,25 @@ private Q_SLOTS:
 
     void aProcessorIsAnItemOfItsAreaAtItsOffset()
     {
-        const SViewWorld world;
-        const CGraphicsProcessorItem &item = world.item(world.b);
-        QCOMPARE(item.data(0).toUuid(), world.b.uuid);
-        QCOMPARE(item.rect(), QRectF(0, 0, 100, 150));
-        QCOMPARE(item.pos(), QPointF(260, 0));
-        QCOMPARE(item.toolTip(), world.b.text);
+        SViewWorld world;
+        const CGraphicsProcessorItem &b = world.item(world.b);
+        QCOMPARE(b.data(0).toUuid(), world.b.uuid);
+        QCOMPARE(b.rect(), QRectF(0, 0, 100, 150));
+        QCOMPARE(b.pos(), QPointF(260, 0));
+        QCOMPARE(b.toolTip(), world.b.text);
         QVERIFY(world.view.sceneRect().contains(QRectF(0, 0, 360, 280)));
         QCOMPARE(world.selected(), QStringList{QStringLiteral("A")});
-    }
 
-    void anItemTellsWhereItWasMoved()
-    {
-        SViewWorld world;
         CGraphicsProcessorItem &item = world.item(world.a);
         const QSignalSpy geometry(&item, &CGraphicsProcessorItem::geometryChanged);
         const QSignalSpy offset(&item, &CGraphicsProcessorItem::offsetChanged);
         const QSignalSpy viewGeometry(&world.view, &CSummaryGraphicsView::itemGeometryChanged);
         const QSignalSpy viewOffset(&world.view, &CSummaryGraphicsView::itemOffsetChanged);
         item.setPos(30, -40);
-        QCOMPARE(geometry.last().first().toRectF(), QRectF(30, -40, 200, 100));
-        QCOMPARE(offset.last().first().toPoint(), QPoint(30, -40));
-        QCOMPARE(viewGeometry.last().first().toRectF(), QRectF(30, -40, 200, 100));
-        QCOMPARE(viewOffset.last().first().toPoint(), QPoint(30, -40));
+        for (const QSignalSpy *spy : {&geometry, &viewGeometry})
+            QCOMPARE(spy->last().first().toRectF(), QRectF(30, -40, 200, 100));
+        for (const QSignalSpy *spy : {&offset, &viewOffset})
+            QCOMPARE(spy->last().first().toPoint(), QPoint(30, -40));
     }
 
     void clicksSelect()
@@ -155,33 +153,40 @@ private Q_SLOTS:
         QCOMPARE(world.moved.count(), 0);
     }
 
-    void aDragCatchesAtEdges_data()
+    void edgesCatchWithinReach()
     {
-        QTest::addColumn<QPoint>("way");
-        QTest::addColumn<bool>("alt");
-        QTest::addColumn<qreal>("scale");
-        QTest::addColumn<QPoint>("expected");
-        QTest::newRow("at an edge") << QPoint(-53, 30) << false << 1.0 << QPoint(200, 30);
-        QTest::newRow("beyond reach") << QPoint(-40, 30) << false << 1.0 << QPoint(220, 30);
-        QTest::newRow("Alt") << QPoint(-53, 30) << true << 1.0 << QPoint(207, 30);
-        QTest::newRow("from afar it reaches further") << QPoint(-21, 60) << false << 0.5 << QPoint(200, 130);
-        QTest::newRow("close by less far") << QPoint(-106, 60) << false << 2.0 << QPoint(207, 30);
+        const QVector<QRect> neighbours = {QRect(0, 0, 100, 100), QRect(200, 1000, 10, 10)};
+        const QVector<std::tuple<QPoint, int, QPoint>> rows{
+            // the corner, the reach, the corner then
+            {{104, 500}, 5, {100, 500}}, {{-47, 500}, 5, {-50, 500}}, {{-5, 500}, 5, {0, 500}},
+            {{48, 500}, 5, {50, 500}},   {{500, 103}, 5, {500, 100}}, {{500, -44}, 5, {500, -40}},
+            {{98, 63}, 5, {100, 60}},    {{105, 500}, 5, {100, 500}}, {{106, 500}, 5, {106, 500}},
+            {{207, 500}, 9, {210, 500}}, {{101, 500}, 0, {101, 500}}}; // the nearer of two, no reach
+        for (const auto &[corner, reach, then] : rows)
+            QCOMPARE(CEdgeSnap::snapped({corner, QSize(50, 40)}, neighbours, reach),
+                     QRect(then, QSize(50, 40)));
     }
+
     void aDragCatchesAtEdges()
     {
-        QFETCH(QPoint, way);
-        QFETCH(bool, alt);
-        QFETCH(qreal, scale);
-        SViewWorld world;
-        world.view.setScaleFactor(scale);
-        world.drag(world.b, way, alt ? Qt::AltModifier : Qt::NoModifier);
-        QTEST(world.offsetOf(world.b), "expected");
-        QTEST(world.item(world.b).offset(), "expected");
-        QCOMPARE(world.moved.count(), 1);
-        QCOMPARE(world.moved.first().at(0).value<ProcessorOffsets>(),
-                 (ProcessorOffsets{{world.b.uuid, world.b.offset}}));
-        QCOMPARE(world.moved.first().at(1).value<ProcessorOffsets>(),
-                 (ProcessorOffsets{{world.b.uuid, world.offsetOf(world.b)}}));
+        const QVector<std::tuple<QPoint, Qt::KeyboardModifier, qreal, QPoint>> rows{
+            {{-53, 30}, Qt::NoModifier, 1.0, {200, 30}},
+            {{-40, 30}, Qt::NoModifier, 1.0, {220, 30}}, // beyond reach
+            {{-53, 30}, Qt::AltModifier, 1.0, {207, 30}},
+            {{-21, 60}, Qt::NoModifier, 0.5, {200, 130}}, // from afar it reaches further
+            {{-106, 60}, Qt::NoModifier, 2.0, {207, 30}}};
+        for (const auto &[way, modifier, scale, expected] : rows) {
+            SViewWorld world;
+            world.view.setScaleFactor(scale);
+            world.drag(world.b, way, modifier);
+            QCOMPARE(world.offsetOf(world.b), expected);
+            QCOMPARE(world.item(world.b).offset(), expected);
+            QCOMPARE(world.moved.count(), 1);
+            QCOMPARE(world.moved.first().at(0).value<ProcessorOffsets>(),
+                     (ProcessorOffsets{{world.b.uuid, world.b.offset}}));
+            QCOMPARE(world.moved.first().at(1).value<ProcessorOffsets>(),
+                     (ProcessorOffsets{{world.b.uuid, expected}}));
+        }
     }
 
     void severalMoveTogetherAndThoseOfflineStay()
@@ -212,34 +217,31 @@ private Q_SLOTS:
         QVERIFY(world.view.canMove());
     }
 
-    void aDragIsGivenUp_data()
-    {
-        QTest::addColumn<QString>("by");
-        for (const char *by : {"Escape", "other offsets", "the lock", "the focus"})
-            QTest::newRow(by) << QString::fromLatin1(by);
-    }
     void aDragIsGivenUp()
     {
-        QFETCH(QString, by);
-        SViewWorld world;
-        world.press(world.b);
-        world.moveBy({50, 50});
-        QCOMPARE(world.item(world.b).offset(), QPoint(310, 50));
-        QCOMPARE(world.offsetOf(world.b), QPoint(260, 0)); // not before it ends
-        if (by == QLatin1String("Escape")) {
-            QTest::keyClick(&world.view, Qt::Key_Escape);
-        } else if (by == QLatin1String("other offsets")) {
-            world.view.setOffsets({{world.a.uuid, {0, 0}}});
-        } else if (by == QLatin1String("the lock")) {
-            world.view.setEditingBlocked(true);
-        } else {
-            QFocusEvent out(QEvent::FocusOut);
-            QApplication::sendEvent(&world.view, &out);
+        using View = CSummaryGraphicsView;
+        const std::function<void(View &)> ways[] = {
+            [](View &view) { QTest::keyClick(&view, Qt::Key_Escape); },
+            [](View &view) {
+                view.setOffsets({{view.selection().first().uuid, {260, 0}}});
+            },
+            [](View &view) { view.setEditingBlocked(true); },
+            [](View &view) {
+                QFocusEvent out(QEvent::FocusOut);
+                QApplication::sendEvent(&view, &out);
+            }};
+        for (const auto &giveUp : ways) {
+            SViewWorld world;
+            world.press(world.b);
+            world.moveBy({50, 50});
+            QCOMPARE(world.item(world.b).offset(), QPoint(310, 50));
+            QCOMPARE(world.offsetOf(world.b), QPoint(260, 0)); // not before it ends
+            giveUp(world.view);
+            world.moveBy({70, 70});
+            world.release({70, 70});
+            QCOMPARE(world.item(world.b).offset(), QPoint(260, 0));
+            QCOMPARE(world.moved.count(), 0);
         }
-        world.moveBy({70, 70});
-        world.release({70, 70});
-        QCOMPARE(world.item(world.b).offset(), QPoint(260, 0));
-        QCOMPARE(world.moved.count(), 0);
     }
 
     void arrowKeysMoveOnceForEachPress()
