@@ -27,20 +27,16 @@ class CHostAccessTest final : public CTestBase
 private Q_SLOTS:
     void callsOperationsAndFunctions()
     {
-        CFakeHost host;
-        const QUuid a = host.addProcessor(QStringLiteral("A"), 3);
-        QCOMPARE(CHostAccess::call(&Host::outputPortCount, a), 3);
-        QCOMPARE(CHostAccess::call([](Host &one) { return one.processors().size(); }), 1);
-        QVERIFY(CHostAccess::call(&Host::showScreen, true));
-        host.answers()->refused = {QStringLiteral("setCabinetStatusLed")};
-        QVERIFY(!CHostAccess::call(&Host::setCabinetStatusLed, true));
-    }
-
-    void withoutAHostTheAnswerIsEmpty()
-    {
-        const QUuid any = QUuid::createUuid();
-        QCOMPARE(CHostAccess::call(&Host::outputPortCount, any), 0);
-        QVERIFY(CHostAccess::call(&Host::processors).isEmpty());
+        {
+            CFakeHost host;
+            const QUuid a = host.addProcessor(QStringLiteral("A"), 3);
+            QCOMPARE(CHostAccess::call(&Host::outputPortCount, a), 3);
+            QCOMPARE(CHostAccess::call([](Host &one) { return one.processors().size(); }), 1);
+            QVERIFY(CHostAccess::call(&Host::showScreen, true));
+            host.answers()->refused = {QStringLiteral("setCabinetStatusLed")};
+            QVERIFY(!CHostAccess::call(&Host::setCabinetStatusLed, true));
+        }
+        QVERIFY(CHostAccess::call(&Host::processors).isEmpty()); // there is no host
         QVERIFY(!CHostAccess::call(&Host::showScreen, true));
         QVERIFY(!CHostAccess::flushAndCall(&Host::setCabinetStatusLed, true));
     }

@@ -31,6 +31,11 @@ struct SStoreScene final : SStoreWorld
         closed = {};
         store.stop();
     }
+    void edit(int port, bool atOnce)
+    {
+        editor.move(port);
+        store.syncLayoutData(atOnce);
+    }
     /// Brings a processor into view, and its layout into the editor.
     void open(const QUuid &processor)
     {
@@ -48,8 +53,7 @@ struct SStoreScene final : SStoreWorld
                 const std::lock_guard<std::mutex> passed(gate);
             }
         };
-        editor.move(3);
-        store.syncLayoutData(false);
+        edit(3, false);
         QTRY_VERIFY(answers()->calls().contains(FollowUp));
         answers()->onCalled = nullptr;
         answers()->forgetCalls();
@@ -92,48 +96,41 @@ class CLayoutDataTest final : public CTestBase
     Q_OBJECT
 
 private Q_SLOTS:
-    void handsOverAtOnce_data()
-    {
-        QTest::addColumn<bool>("optionOn");
-        QTest::addColumn<bool>("needed");
-        QTest::newRow("follow-up at once") << true << true;
-        QTest::newRow("follow-up by the worker") << true << false;
-        QTest::newRow("no follow-up") << false << true;
-    }
     void handsOverAtOnce()
     {
-        QFETCH(bool, optionOn);
-        QFETCH(bool, needed);
-        SStoreScene scene;
-        SLayoutOptions options;
-        options.followUp = optionOn;
-        scene.store.setOptions(options);
-        scene.answers()->followUpNeeded = needed;
-        scene.editor.move(1);
-        scene.answers()->forgetCalls();
-
-        scene.store.syncLayoutData(true);
-        QVERIFY(scene.answers()->threadOf(QStringLiteral("commitLayoutData")) == std::this_thread::get_id());
-        QStringList expected{scene.commitOf(scene.a)};
-        if (optionOn)
-            expected << FollowUpNeeded << FollowUp;
-        QTRY_COMPARE(scene.handOverCalls(), expected);
-        QCOMPARE(scene.answers()->layouts[scene.a].layout, scene.editor.shown);
-        QCOMPARE(scene.answers()->layouts[scene.a].bounds, scene.editor.shown.boundingRect());
-        if (optionOn)
-            QCOMPARE(scene.answers()->threadOf(QStringLiteral("applyLayoutFollowUp")) ==
-                         std::this_thread::get_id(),
-                     needed);
+        struct SCase
+        {
+            bool followUp; // whether the option is on
+            bool needed;   // at once, or later by the worker
+        };
+        for (const auto &[followUp, needed] : {SCase{true, true}, SCase{true, false}, SCase{false, true}}) {
+            SStoreScene scene;
+            SLayoutOptions options;
+            options.followUp = followUp;
+            scene.store.setOptions(options);
+            scene.answers()->followUpNeeded = needed;
+            scene.answers()->forgetCalls();
+            scene.edit(1, true);
+            const auto isHere = [&scene](const char *call) {
+                return scene.answers()->threadOf(QString::fromLatin1(call)) == std::this_thread::get_id();
+            };
+            QVERIFY(isHere("commitLayoutData"));
+            QStringList expected{scene.commitOf(scene.a)};
+            if (followUp)
+                expected << FollowUpNeeded << FollowUp;
+            QTRY_COMPARE(scene.handOverCalls(), expected);
+            QCOMPARE(scene.answers()->layouts[scene.a].layout, scene.editor.shown);
+            QCOMPARE(scene.answers()->layouts[scene.a].bounds, scene.editor.shown.boundingRect());
+            QVERIFY(!followUp || isHere("applyLayoutFollowUp") == needed);
+        }
     }
 
     void handsOverLaterTheLastLayoutOnly()
     {
         SStoreScene scene;
         scene.holdHandOver();
-        for (int i = 0; i < 5; ++i) {
-            scene.editor.move(0);
-            scene.store.syncLayoutData(false);
-        }
+        for (int i = 0; i < 5; ++i)
+            scene.edit(0, false);
         QCOMPARE(scene.handOverCalls(), QStringList());
         scene.letGo();
         const QStringList expected{scene.commitOf(scene.a), FollowUp};
@@ -146,10 +143,8 @@ private Q_SLOTS:
     {
         SStoreScene scene;
         scene.holdHandOver();
-        scene.editor.move(0);
-        scene.store.syncLayoutData(false);
-        scene.editor.move(0);
-        scene.store.syncLayoutData(true);
+        scene.edit(0, false);
+        scene.edit(0, true);
         scene.open(scene.b);
         scene.letGo();
         const QStringList expected{scene.commitOf(scene.a), FollowUpNeeded, FollowUp};
@@ -159,8 +154,7 @@ private Q_SLOTS:
     void anotherProcessorDoesNotLoseTheEditsBefore()
     {
         SStoreScene scene;
-        scene.editor.move(2);
-        scene.store.syncLayoutData(false);
+        scene.edit(2, false);
         const CabinetLayout edited = scene.editor.shown;
         scene.open(scene.b);
         QCOMPARE(scene.answers()->layoutData(scene.a).layout, edited);
@@ -172,8 +166,7 @@ private Q_SLOTS:
     void stoppingHandsOverWhatIsDeferred()
     {
         SStoreScene scene;
-        scene.editor.move(2);
-        scene.store.syncLayoutData(false);
+        scene.edit(2, false);
         scene.store.stop();
         QCOMPARE(scene.answers()->layouts[scene.a].layout, scene.editor.shown);
         scene.store.stop();
@@ -183,15 +176,13 @@ private Q_SLOTS:
     {
         SStoreScene scene;
         scene.holdHandOver();
-        scene.editor.move(0);
-        scene.store.syncLayoutData(false);
+        scene.edit(0, false);
         CSignalLog replaced(&scene.store, &CLayoutData::notifyLayoutReplaced);
         LayoutData imported = scene.answers()->layoutData(scene.a);
         imported.layout.ports[3].groups.clear();
         scene.answers()->commitLayoutData(imported);
         scene.host.notify(LayoutNotification::LayoutReplaced, scene.a);
-        scene.editor.move(1); // the editor still shows the layout before
-        scene.store.syncLayoutData(true);
+        scene.edit(1, true); // the editor still shows the layout before
         scene.letGo();
         QTRY_COMPARE(scene.handOverCalls().last(), FollowUp); // of the edit before
         QCOMPARE(scene.answers()->layoutData(scene.a), imported);
@@ -199,8 +190,7 @@ private Q_SLOTS:
 
         scene.editor.load(scene.store.openProcessor(scene.a));
         QCOMPARE(scene.editor.shown, imported.layout);
-        scene.editor.move(1);
-        scene.store.syncLayoutData(true);
+        scene.edit(1, true);
         QCOMPARE(scene.answers()->layoutData(scene.a).layout, scene.editor.shown);
     }
 
@@ -223,18 +213,21 @@ private Q_SLOTS:
         scene.answers()->loads[2] = 90;
         CSignalLog port(&scene.store, &CLayoutData::notifyProcessorPortPayloadChanged);
         CSignalLog processor(&scene.store, &CLayoutData::notifyProcessorPayloadChanged);
-        scene.editor.move(2);
-        scene.store.syncLayoutData(true);
+        scene.edit(2, true);
         QTRY_COMPARE(processor.count(), 1);
         QCOMPARE(processor[0], QVariantList{23});
         QCOMPARE(port.count(), 1);
         QCOMPARE(port[0], (QVariantList{2, 90}));
         QCOMPARE(scene.answers()->calls().filter(QStringLiteral("portLoad")),
                  QStringList{QStringLiteral("portLoad(2,2)")});
-        scene.editor.move(2); // for a load as before
-        scene.store.syncLayoutData(true);
+        scene.edit(2, true); // for a load as before
         settle(scene.host, scene.store);
         QCOMPARE(processor.count(), 1);
+        scene.answers()->forgetCalls();
+        scene.editor.shown.ports[1].groups[0].cabinets[1].mappingIndex = 7; // the host's own
+        scene.store.syncLayoutData(true);
+        settle(scene.host, scene.store);
+        QCOMPARE(scene.answers()->count(QStringLiteral("portLoad")), 0);
     }
 
     void aRedundancyPortCarriesThePrimarysLoad()
@@ -252,10 +245,8 @@ private Q_SLOTS:
         QCOMPARE(port[0], (QVariantList{1, 70}));
         QCOMPARE(port[1], (QVariantList{3, 70}));
         QCOMPARE(processor.count(), 1);
-        QVERIFY(!scene.store.updatePortLoad(3, true)); // asks for port 1 in its place
-        QVERIFY(!scene.store.updatePortLoad(1, true));
-        QVERIFY(!scene.store.updatePortLoad(-1, true));
-        QVERIFY(!scene.store.updatePortLoad(4, true));
+        for (const int other : {3, 1, -1, 4}) // for 3 it asks for 1
+            QVERIFY(!scene.store.updatePortLoad(other, true));
         QCOMPARE(port.count(), 2);
         QCOMPARE(processor.count(), 1);
     }
@@ -325,8 +316,7 @@ private Q_SLOTS:
         };
         scene.host.choose(scene.b);
         scene.editor.load(scene.store.openProcessor(scene.b));
-        scene.editor.move(0);
-        scene.store.syncLayoutData(true);
+        scene.edit(0, true);
         QCOMPARE(scene.answers()->layouts[scene.b], imported); // until the editor loads it again
     }
 
@@ -336,11 +326,7 @@ private Q_SLOTS:
         LayoutData imported = scene.answers()->layoutData(scene.a);
         imported.layout.ports[3].groups.clear();
         connect(
-            &scene.store, &CLayoutData::notifyLayoutReplaced, &scene.store,
-            [&scene] {
-                scene.editor.move(1);
-                scene.store.syncLayoutData(true);
-            },
+            &scene.store, &CLayoutData::notifyLayoutReplaced, &scene.store, [&scene] { scene.edit(1, true); },
             Qt::DirectConnection); // as the editor may at any time before it has loaded
         scene.answers()->layouts[scene.a] = imported;
         scene.host.notify(LayoutNotification::LayoutReplaced, scene.a);
@@ -383,33 +369,6 @@ private Q_SLOTS:
         QCOMPARE(announced(), (QVector<int>{1, 0}));
         scene.store.openProcessor(QUuid());
         QCOMPARE(announced(), QVector<int>{-1});
-    }
-
-    void aSyncAsksForNoLoadsWhereOnlyPlacesDiffer()
-    {
-        SStoreScene scene;
-        scene.answers()->forgetCalls();
-        scene.editor.shown.ports[1].groups[0].cabinets[1].mappingIndex = 7;
-        scene.store.syncLayoutData(true);
-        settle(scene.host, scene.store);
-        QCOMPARE(scene.answers()->count(QStringLiteral("portLoad")), 0);
-    }
-
-    void aLoadThatComesTooLateIsRefused()
-    {
-        SStoreScene scene;
-        CProcessorStates states;
-        states.takeFromHost(scene.a, scene.answers()->layoutData(scene.a).layout.ports, false);
-        states.takeFromHost(scene.b, scene.answers()->layoutData(scene.b).layout.ports, false);
-        states.setCurrent(scene.a);
-        const auto question = states.loadQuestion(1);
-        QVERIFY(question);
-        states.setCurrent(scene.b); // while the host was asked
-        QVERIFY(!states.setLoad(question->processor, 1, 70));
-        QCOMPARE(states.port(1).load, qint64(0));
-        QVERIFY(states.setLoad(scene.b, 1, 70));
-        QVERIFY(!states.setLoad(scene.b, 2, 70)); // no such port
-        QVERIFY(!states.loadQuestion(2));
     }
 
     void endsTheHighlightOfItsPorts()

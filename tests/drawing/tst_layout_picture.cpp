@@ -112,6 +112,8 @@ private Q_SLOTS:
         const QRectF place(10.5, 20, 200, 200);
         QCOMPARE(SWireAnchors::of(cabinet, place).entry, QPointF(59.5, 119));
         QCOMPARE(SWireAnchors::of(cabinet, place).exit, QPointF(159.5, 119));
+        cabinet.rects = {{-5, -4, 4, 2}, {0, 0, 2, 2}}; // rounded towards zero
+        QCOMPARE(SWireAnchors::of(cabinet, {0, 0, 9, 9}).entry, QPointF(-3, -3));
         cabinet.type = {};
         QCOMPARE(SWireAnchors::of(cabinet, place).exit, place.center());
         cabinet.type = SMD5::ofContent("P2");
@@ -165,34 +167,29 @@ private Q_SLOTS:
         QVERIFY(border.height() > 180);
     }
 
-    void portsThatAreLockedOrARedundancyAreMarked_data()
-    {
-        QTest::addColumn<qreal>("scale");
-        QTest::newRow("at each cabinet") << 1.0;
-        QTest::newRow("once") << 0.2;
-    }
     void portsThatAreLockedOrARedundancyAreMarked()
     {
-        QFETCH(qreal, scale);
-        QVector<QImage> pictures;
-        for (const bool redundant : {false, true}) {
-            for (const bool locked : {false, true}) {
-                LayoutData data = wall();
-                data.layout.ports[0].locked = locked;
-                data.layout.ports[0].redundancy = redundant ? Port::Redundant : Port::Primary;
-                pictures << pictureOf(data, {}, scale);
+        for (const qreal scale : {1.0, 0.2}) { // at each cabinet, and once
+            QVector<QImage> pictures;
+            for (const bool redundant : {false, true}) {
+                for (const bool locked : {false, true}) {
+                    LayoutData data = wall();
+                    data.layout.ports[0].locked = locked;
+                    data.layout.ports[0].redundancy = redundant ? Port::Redundant : Port::Primary;
+                    pictures << pictureOf(data, {}, scale);
+                }
             }
-        }
-        const QRect lock = difference(pictures[0], pictures[1]);
-        const QRect redundancy = difference(pictures[0], pictures[2]);
-        QVERIFY(!lock.isEmpty() && !redundancy.isEmpty());
-        if (scale < 1) { // alone in the middle, together side by side
-            QVERIFY(QRect(60, 10, 20, 20).contains(lock.center()) && lock.width() < 30);
-            QVERIFY(QRect(60, 10, 20, 20).contains(redundancy.center()) && redundancy.width() < 30);
-            QVERIFY(difference(pictures[0], pictures[3]).width() > lock.width() + redundancy.width() / 2);
-        } else {
-            QVERIFY(lock.right() > redundancy.right() && lock.left() > redundancy.left());
-            QVERIFY(lock.bottom() < 50 && redundancy.bottom() < 50);
+            const QRect lock = difference(pictures[0], pictures[1]);
+            const QRect redundancy = difference(pictures[0], pictures[2]);
+            QVERIFY(!lock.isEmpty() && !redundancy.isEmpty());
+            if (scale < 1) { // alone in the middle, together side by side
+                QVERIFY(QRect(60, 10, 20, 20).contains(lock.center()) && lock.width() < 30);
+                QVERIFY(QRect(60, 10, 20, 20).contains(redundancy.center()) && redundancy.width() < 30);
+                QVERIFY(difference(pictures[0], pictures[3]).width() > lock.width() + redundancy.width() / 2);
+            } else {
+                QVERIFY(lock.right() > redundancy.right() && lock.left() > redundancy.left());
+                QVERIFY(lock.bottom() < 50 && redundancy.bottom() < 50);
+            }
         }
     }
 
@@ -237,14 +234,17 @@ private Q_SLOTS:
 
     void wireBoundsHoldWhatIsDrawn()
     {
-        for (const QLineF &line : {QLineF(20, 50, 80, 50), QLineF(80, 80, 20, 30), QLineF(50, 90, 50, 10)}) {
-            for (const qreal scale : {1.0, 4.0}) {
+        for (const QLineF &line : {QLineF(20, 50, 80, 50), QLineF(80, 80, 20, 30), QLineF(50, 90, 50, 10),
+                                   QLineF(50, 50, 50, 50)}) {
+            for (const qreal scale : {0.05, 0.25, 0.69, 1.0, 4.0}) {
                 QImage image(QSize(100, 100) * scale, QImage::Format_RGB32);
                 image.fill(Qt::black);
                 QPainter painter(&image);
                 painter.scale(scale, scale);
                 CLayoutPainter::paintWire(painter, line, scale);
-                painter.fillRect(CLayoutPainter::wireBounds(line), Qt::black);
+                const qreal pixel = scale < 1 ? 1 / scale : 0;
+                const QRectF bounds = CLayoutPainter::wireBounds(line);
+                painter.fillRect(bounds.adjusted(-pixel, -pixel, pixel, pixel), Qt::black);
                 painter.end();
                 QImage empty(image);
                 empty.fill(Qt::black);

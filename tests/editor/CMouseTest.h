@@ -19,6 +19,14 @@ class CMouseTest : public CTestBase
 protected:
     using Items = CMouseTester::Items;
 
+    void beginAnew()
+    {
+        m_mouse = std::make_unique<CMouseTester>();
+        QVERIFY(QTest::qWaitForWindowExposed(&m_mouse->view(), PatienceMilliseconds));
+        m_mouse->view().setCommands(&m_commands);
+        m_mouse->showAtActualSize();
+    }
+
     CNotedCommands m_commands;
     std::unique_ptr<CMouseTester> m_mouse;
 
@@ -27,10 +35,7 @@ private Q_SLOTS:
     void init()
     {
         CTestBase::init();
-        m_mouse = std::make_unique<CMouseTester>();
-        QVERIFY(QTest::qWaitForWindowExposed(&m_mouse->view(), PatienceMilliseconds));
-        m_mouse->view().setCommands(&m_commands);
-        m_mouse->showAtActualSize();
+        beginAnew();
     }
     void cleanup()
     {

@@ -7,8 +7,6 @@
 #include <QMenu>
 #include <QStringList>
 
-#include <functional>
-
 /// Commands for tests: records the calls.
 class CNotedCommands final : public IEditorCommands
 {
@@ -17,18 +15,12 @@ public:
     QString refusal;         ///< the answer of readbackRefusal()
     QList<Cabinet> cabinets; ///< of the last call
     CabinetHighlight highlighted = CabinetHighlight::Off;
-    bool highlights = true;         ///< the answer of highlight()
-    std::function<void()> choosing; ///< called by chooseType() instead of a dialog
+    bool highlights = true; ///< the answer of highlight()
 
     void fillCurrentPort(QWidget *) override { note("fill"); }
     void resetFills(QWidget *) override { note("reset fills"); }
     void markCustomCabinets(bool marked) override { note(marked ? "mark" : "unmark"); }
-    void chooseType(QWidget *) override
-    {
-        note("type");
-        if (choosing)
-            choosing();
-    }
+    void chooseType(QWidget *) override { note("type"); }
     void saveParameters(const QList<Cabinet> &records, QWidget *) override { note("parameters", records); }
     void showInformation(const QList<Cabinet> &records, QWidget *) override { note("information", records); }
     void exportConfiguration(const Cabinet &cabinet, QWidget *) override { note("export", {cabinet}); }

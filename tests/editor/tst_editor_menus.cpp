@@ -10,28 +10,22 @@
 #include "layout/editor/scene/CSceneBackend.h"
 #include "layout/resources/LayoutResources.h"
 #include "tests/editor/CFixedPortStates.h"
+#include "tests/editor/CMouseTester.h"
 #include "tests/editor/CNotedCommands.h"
+#include "tests/editor/CSceneVerifier.h"
 #include "tests/editor/SmallWorlds.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
 
 #include <QApplication>
 #include <QMenu>
+#include <QPointer>
 #include <QTimer>
 
-namespace {
+#include <functional>
+#include <memory>
 
-/// The texts of a menu's entries, those of sub-menus after a ">".
-QStringList entriesOf(const QMenu &menu, const QString &prefix = {})
-{
-    QStringList entries;
-    for (const QAction *action : menu.actions()) {
-        entries << prefix + (action->isSeparator() ? QStringLiteral("-") : action->text());
-        if (action->menu())
-            entries << entriesOf(*action->menu(), QStringLiteral(">"));
-    }
-    return entries;
-}
+namespace {
 
 QAction *entry(const QMenu &menu, const char *text)
 {
@@ -57,11 +51,18 @@ struct SMenuWorld
     }
 
     CGraphicsItemBase &top(int port, int place) { return *scene.portItem(port)->topItems().at(place); }
-    /// What a right click on @p item shows when the given items are selected.
-    QStringList cabinetEntries(CGraphicsItemBase &item, const QVector<CGraphicsItemBase *> &selected)
+    /// Those of the entries that depend on what is selected, as a right click on @p item offers them.
+    QString offered(CGraphicsItemBase &item, const QVector<CGraphicsItemBase *> &selected)
     {
         fill(item, selected);
-        return entriesOf(*menu);
+        QStringList offered;
+        for (const char *text :
+             {"Group", "Ungroup", "Clear topology", "Set type...",
+              "Export cabinet configuration< .rcvbp> file...", "Readback from connected cabinet..."}) {
+            if (entry(*menu, text))
+                offered << QString::fromLatin1(text).section(QLatin1Char(' '), 0, 0);
+        }
+        return offered.join(QLatin1Char(' '));
     }
     void fill(CGraphicsItemBase &item, const QVector<CGraphicsItemBase *> &selected)
     {
@@ -72,16 +73,51 @@ struct SMenuWorld
         CCabinetMenu(*menu, scene.backend(), &commands, item, nullptr).fill();
     }
 
+    void fillCanvas(int port, const QPointF &place)
+    {
+        states.current = port;
+        menu = std::make_unique<QMenu>();
+        CCanvasMenu(*menu, scene.backend(), &commands, nullptr).fill(place);
+    }
+
     CFixedPortStates states;
     CNotedCommands commands;
     CCabinetGraphicsScene scene{states};
     std::unique_ptr<QMenu> menu;
 };
 
-QStringList words(const char *entries)
+/// A right click, and what it opens.
+void askForMenu(CMouseTester &mouse, const QPoint &place)
 {
-    return QString::fromLatin1(entries).split(QLatin1Char('|'));
+    mouse.pressRight(place);
+    mouse.contextMenu(place);
 }
+
+/// Acts in the next menu that opens, as a user does, and closes it.
+class CMenuUser final : public QObject
+{
+public:
+    explicit CMenuUser(const std::function<void(QMenu &)> &act)
+    {
+        connect(&m_watch, &QTimer::timeout, this, [this, act] {
+            const QPointer<QMenu> menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+            if (!menu)
+                return;
+            m_watch.stop();
+            act(*menu);
+            if (menu)
+                menu->close();
+        });
+        m_watch.start(1);
+    }
+    static void click(QMenu &menu, const char *text)
+    {
+        QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(entry(menu, text)).center());
+    }
+
+private:
+    QTimer m_watch;
+};
 
 } // namespace
 
@@ -95,38 +131,30 @@ private Q_SLOTS:
     void canvasMenuShowsWhatAppliesOnly()
     {
         SMenuWorld world;
-        world.states.current = 3;
-        QMenu unwired;
-        CCanvasMenu(unwired, world.scene.backend(), &world.commands, nullptr).fill({});
-        QCOMPARE(entriesOf(unwired),
-                 words("Undo|Redo|-|Select all|Max frame rate and color depth settings...|"
-                       "Canvas size settings...|Canvas fill settings..."));
-        QVERIFY(!entry(unwired, "Undo")->isEnabled() && !entry(unwired, "Redo")->isEnabled());
+        world.fillCanvas(3, {});
+        QVERIFY(!entry(*world.menu, "Clear topology") && !entry(*world.menu, "Paste"));
+        QVERIFY(!entry(*world.menu, "Undo")->isEnabled() && !entry(*world.menu, "Redo")->isEnabled());
         for (const char *text : {"Max frame rate and color depth settings...", "Canvas size settings...",
                                  "Canvas fill settings..."})
-            entry(unwired, text)->trigger();
-        QCOMPARE(world.commands.calls, words("frame rate|canvas size|canvas fill"));
+            entry(*world.menu, text)->trigger();
+        QCOMPARE(world.commands.calls.join(QLatin1Char('|')),
+                 QStringLiteral("frame rate|canvas size|canvas fill"));
 
         world.scene.selectAllItem();
         world.scene.selectedItemMoveDown();
         world.scene.backend().placing().copy();
-        world.states.current = 0;
         world.states.block = CanvasBlock::Polling;
-        QMenu wired;
-        CCanvasMenu(wired, world.scene.backend(), &world.commands, nullptr).fill({});
-        QVERIFY(entry(wired, "Clear topology") && entry(wired, "Paste"));
-        QVERIFY(!entry(wired, "Canvas size settings... (Polling is enabled)")->isEnabled());
-        QVERIFY(entry(wired, "Undo")->isEnabled());
+        world.fillCanvas(0, {});
+        QVERIFY(entry(*world.menu, "Clear topology") && entry(*world.menu, "Paste"));
+        QVERIFY(!entry(*world.menu, "Canvas size settings... (Polling is enabled)")->isEnabled());
+        QVERIFY(entry(*world.menu, "Undo")->isEnabled());
         world.states.redundancy[0] = CabinetLayout::CabinetPort::Redundant;
-        QMenu closed;
-        CCanvasMenu(closed, world.scene.backend(), &world.commands, nullptr).fill({});
+        world.fillCanvas(0, {});
         for (const char *text : {"Clear topology", "Paste"})
-            QVERIFY(!entry(closed, text)->isEnabled());
-        QCOMPARE(entry(closed, "Paste")->toolTip(), QStringLiteral("Port 1 is a redundancy port."));
-        world.states.current = -1;
-        QMenu portless;
-        CCanvasMenu(portless, world.scene.backend(), &world.commands, nullptr).fill({});
-        QVERIFY(!entry(portless, "Clear topology") && !entry(portless, "Paste"));
+            QVERIFY(!entry(*world.menu, text)->isEnabled());
+        QCOMPARE(entry(*world.menu, "Paste")->toolTip(), QStringLiteral("Port 1 is a redundancy port."));
+        world.fillCanvas(-1, {});
+        QVERIFY(!entry(*world.menu, "Clear topology") && !entry(*world.menu, "Paste"));
     }
 
     void aYesForAnotherProcessorClearsNothing()
@@ -150,33 +178,25 @@ private Q_SLOTS:
     void cabinetMenuFollowsTheSelection()
     {
         SMenuWorld world;
-        const QString parameters = QStringLiteral(
-            "|Cabinet fill|>Current output...|>Set all outputs to default|Cabinet parameters|"
-            ">Markup custom-defined cabinets|>Select the same type|>Set type...|>Save parameters...");
-        const auto expected = [&](const char *before, const char *files) {
-            return (QLatin1String(before) + parameters + QLatin1String(files) +
-                    QStringLiteral("|Cabinet information...."))
-                .split(QLatin1Char('|'));
-        };
         CGraphicsItemBase &wired = world.top(0, 0);
-        QCOMPARE(world.cabinetEntries(wired, {&wired}),
-                 expected("Undo|Redo|Select all|Cut|Copy|Delete cabinet|Clear topology",
-                          "|>-|>Readback from connected cabinet..."));
-        QCOMPARE(world.cabinetEntries(wired, {&wired, &world.top(0, 1)}),
-                 expected("Undo|Redo|Group|Select all|Cut|Copy|Delete cabinet|Clear topology", ""));
+        CGraphicsItemBase &second = world.top(0, 1);
+        CGraphicsItemBase &unwired = world.top(1, 0);
         CGraphicsItemBase &group = world.top(1, 1);
-        QCOMPARE(world.cabinetEntries(group, {&group}),
-                 expected("Undo|Redo|Ungroup|Select all|Cut|Copy|Delete cabinet|Clear topology", ""));
         CGraphicsItemBase &typed = world.top(2, 0);
-        QCOMPARE(world.cabinetEntries(typed, {&typed}),
-                 expected("Undo|Redo|Select all|Cut|Copy|Delete cabinet|Clear topology",
-                          "|>-|>Export cabinet configuration< .rcvbp> file...|>-|"
-                          ">Readback from connected cabinet..."));
-        QCOMPARE(world.menu->width(), 240);
-        QCOMPARE(world.cabinetEntries(wired, {&wired, &typed}), words("Undo|Redo|Cut|Copy|Delete cabinet"));
+        auto &member = *static_cast<CGraphicsGroupItem &>(group).cabinets().first();
+        auto record = member.cabinet();
+        record.type = SMD5::ofContent("a type");
+        member.setCabinet(record);
+        QCOMPARE(world.offered(wired, {&wired}), QStringLiteral("Clear Set Readback"));
+        QCOMPARE(world.offered(unwired, {&unwired}), QStringLiteral("Clear Set"));
+        QCOMPARE(world.offered(wired, {&wired, &second}), QStringLiteral("Group Clear Set"));
+        QCOMPARE(world.offered(group, {&group}), QStringLiteral("Ungroup Clear Set"));
+        QCOMPARE(world.offered(member, {&group}), QStringLiteral("Ungroup Clear Set"));
+        QCOMPARE(world.offered(member, {&member}), QStringLiteral("Clear Set Export Readback"));
+        QCOMPARE(world.offered(typed, {&typed}), QStringLiteral("Clear Set Export Readback"));
+        QCOMPARE(world.offered(wired, {&wired, &typed}), QString());
         world.states.locked[0] = true;
-        QCOMPARE(world.cabinetEntries(wired, {&wired, &world.top(0, 1)}),
-                 expected("Undo|Redo|Select all|Cut|Copy|Delete cabinet", ""));
+        QCOMPARE(world.offered(wired, {&wired, &second}), QStringLiteral("Set"));
     }
 
     void cabinetEntriesDoWhatTheySay()
@@ -195,15 +215,114 @@ private Q_SLOTS:
                                  "Save parameters...", "Export cabinet configuration< .rcvbp> file...",
                                  "Readback from connected cabinet...", "Cabinet information...."})
             entry(*world.menu, text)->trigger();
-        QCOMPARE(world.commands.calls, words("fill|reset fills|type|parameters|export|readback|information"));
+        QCOMPARE(world.commands.calls.join(QLatin1Char('|')),
+                 QStringLiteral("fill|reset fills|type|parameters|export|readback|information"));
         QCOMPARE(world.commands.cabinets, QList<CabinetLayout::CabinetPort::Cabinet>{typed.cabinet()});
         QVERIFY(entry(*world.menu, "Markup custom-defined cabinets")->isChecked());
         entry(*world.menu, "Markup custom-defined cabinets")->toggle();
         QCOMPARE(world.commands.calls.last(), QStringLiteral("unmark"));
-        entry(*world.menu, "Select the same type")->trigger();
-        QCOMPARE(world.scene.selection().count(), 2);
-        entry(*world.menu, "Cut")->trigger();
-        QVERIFY(world.scene.portItem(2)->cabinets(nullptr).isEmpty());
+    }
+
+    void entriesEditTheSelection()
+    {
+        SMenuWorld world;
+        CGraphicsItemBase &first = world.top(0, 0);
+        const auto choose = [&world](CGraphicsItemBase &item, const char *text) {
+            world.fill(item, world.scene.selection().sorted());
+            entry(*world.menu, text)->trigger();
+        };
+        const auto countIn = [&world](int port) {
+            return world.scene.portItem(port)->cabinets(nullptr).size();
+        };
+        first.setSelected(true);
+        choose(first, "Select the same type");
+        QCOMPARE(world.scene.selection().count(), 3);
+        choose(first, "Group");
+        QCOMPARE(world.scene.selection().groups().size(), 1);
+        choose(first.outermost(), "Ungroup");
+        QVERIFY(!first.isGrouped());
+        choose(first, "Copy");
+        choose(first, "Cut");
+        QCOMPARE(countIn(0), 0);
+        world.fillCanvas(3, {500, 500});
+        entry(*world.menu, "Select all")->trigger();
+        QCOMPARE(world.scene.selection().count(), 4);
+        entry(*world.menu, "Paste")->trigger();
+        QCOMPARE(world.scene.selection().extent().topLeft(), QPoint(500, 500));
+        choose(world.top(3, 0), "Delete cabinet");
+        QCOMPARE(countIn(3), 0);
+        world.fillCanvas(3, {});
+        entry(*world.menu, "Undo")->trigger();
+        QCOMPARE(countIn(3), 3);
+        choose(world.top(3, 0), "Redo");
+        QCOMPARE(countIn(3), 0);
+    }
+
+    void rightClicksOpenTheMenuOfWhatIsThere()
+    {
+        struct SCase
+        {
+            QPoint place;
+            CEditorToolBar::ETool tool;
+            QString menu;
+        };
+        const QString cabinet = QStringLiteral("CabinetMenu");
+        const QString none = QStringLiteral("none");
+        const SCase cases[] = {{{64, 64}, CEditorToolBar::Arrow, cabinet},
+                               {{64, 392}, CEditorToolBar::Arrow, cabinet},    // the gap of a group
+                               {{700, 400}, CEditorToolBar::Arrow, QString()}, // the canvas
+                               {{464, 564}, CEditorToolBar::Arrow, none},      // a redundancy port
+                               {{64, 64}, CEditorToolBar::Pen, none},
+                               {{64, 64}, CEditorToolBar::Calibrate, cabinet}};
+        CMouseTester mouse;
+        mouse.showAtActualSize();
+        mouse.states().redundancy[2] = CabinetLayout::CabinetPort::Redundant;
+        for (const SCase &one : cases) {
+            mouse.view().toolBar().chooseMode(one.tool);
+            QString seen = none;
+            const CMenuUser user([&seen](QMenu &menu) { seen = menu.objectName(); });
+            askForMenu(mouse, one.place);
+            QCOMPARE(seen, one.menu);
+            if (seen == cabinet)
+                QCOMPARE(mouse.selected().size(), 1); // the press has selected what the menu is for
+        }
+    }
+
+    void whatWasClickedMayGo()
+    {
+        CMouseTester mouse;
+        mouse.showAtActualSize();
+        const QPoint cabinet(64, 64);
+        const QPoint group(64, 264);
+        const QPair<QPoint, const char *> cases[] = {
+            {cabinet, "Cut"}, {cabinet, "Delete cabinet"}, {group, "Delete cabinet"}, {group, "Ungroup"}};
+        for (const auto &[place, entry] : cases) {
+            const CMenuUser user([entry = entry](QMenu &menu) { CMenuUser::click(menu, entry); });
+            askForMenu(mouse, place);
+            QVERIFY(mouse.layout() != mouse.original());
+            QCOMPARE(CSceneVerifier::faultIn(mouse.scene()), QString());
+            const QPoint another(192, 64);
+            mouse.click(another); // it is the mouse's again
+            QCOMPARE(mouse.selected(), CMouseTester::Items{mouse.at(another)});
+            mouse.scene().undo(nullptr);
+            QCOMPARE(mouse.layout(), mouse.original());
+        }
+    }
+
+    void theWallMayGo()
+    {
+        CMouseTester mouse;
+        mouse.showAtActualSize();
+        const LayoutData other = SmallWorlds::data({SmallWorlds::wiredPort(0, 3)});
+        const CMenuUser user([&mouse, &other](QMenu &menu) {
+            mouse.view().showLayout(SmallWorlds::node(other), other);
+            CMenuUser::click(menu, "Delete cabinet");
+        });
+        askForMenu(mouse, {64, 64});
+        CabinetLayout shown;
+        mouse.scene().getLayoutData(shown, other.processor);
+        QCOMPARE(shown, other.layout);
+        QCOMPARE(CSceneVerifier::faultIn(mouse.scene()), QString());
     }
 };
 

@@ -1,20 +1,25 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/geometry/CAppendPlan.h"
 #include "layout/geometry/CCabinetRect.h"
 #include "layout/geometry/CCoverage.h"
 #include "layout/geometry/CReceiverAreas.h"
 #include "layout/geometry/CResizeHandles.h"
+#include "layout/geometry/CSnakeOrder.h"
 #include "tests/harness/CTestBase.h"
 
 #include <QCoreApplication>
+#include <QRandomGenerator>
 #include <QRegion>
 
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
 using Areas = QVector<QRect>;
-using Areas = QVector<QRect>;
+using Handles = CResizeHandles;
+using Order = QVector<int>;
 using Rects = QVector<QRectF>;
 
 /// Strips of uneven widths, side by side, and below each other.
@@ -31,12 +36,17 @@ Rects unevenTiling(const QRectF &frame)
     return tiles;
 }
 
-qreal areaOf(const Rects &rects)
+QRectF unite(const QRectF &a, const QRectF &b)
 {
-    qreal area = 0;
+    return a | b;
+}
+
+QVector<CSnakeOrder::SCell> cellsOf(const Rects &rects)
+{
+    QVector<CSnakeOrder::SCell> cells;
     for (const QRectF &rect : rects)
-        area += rect.width() * rect.height();
-    return area;
+        cells << CSnakeOrder::SCell{rect, QUuid::createUuid()};
+    return cells;
 }
 
 } // namespace
@@ -46,45 +56,34 @@ class CGeometryTest final : public CTestBase
     Q_OBJECT
 
 private Q_SLOTS:
-    void coverage_data()
-    {
-        QTest::addColumn<Rects>("rects");
-        QTest::addColumn<QRectF>("area");
-        QTest::addColumn<bool>("covered");
-        const QRectF area(-10, 20, 100, 60);
-        const auto row = [&](const char *name, const Rects &rects, bool covered) {
-            QTest::newRow(name) << rects << area << covered;
-        };
-        row("nothing", {}, false);
-        row("itself", {area}, true);
-        row("more than itself", {area.adjusted(-5, -5, 5, 5)}, true);
-        row("elsewhere", {area.translated(500, 0)}, false);
-        row("touching from outside", {area.translated(100, 0), area.translated(0, 60)}, false);
-        row("two halves", {{-10, 20, 50, 60}, {40, 20, 50, 60}}, true);
-        row("L shape", {{-10, 20, 50, 60}, {40, 50, 50, 30}}, false);
-        row("steps without a gap", {{-10, 20, 50, 30}, {40, 20, 50, 40}, {-10, 50, 50, 30}, {40, 60, 50, 20}},
-            true);
-        row("overlaps cover", {{-10, 20, 80, 60}, {30, 20, 60, 40}, {20, 40, 70, 40}}, true);
-        row("overlaps hide no gap", {{-10, 20, 80, 60}, {-10, 20, 80, 60}, {60, 20, 30, 30}}, false);
-        row("gap of a pixel between", {{-10, 20, 50, 60}, {41, 20, 49, 60}}, false);
-        row("gap of a pixel above", {{-10, 21, 100, 59}}, false);
-        row("gap of a pixel below", {{-10, 20, 100, 59}}, false);
-        row("gap of a line in the middle", {{-10, 20, 100, 30}, {-10, 51, 100, 29}}, false);
-        row("hole", {{-10, 20, 100, 20}, {-10, 60, 100, 20}, {-10, 40, 40, 20}, {31, 40, 59, 20}}, false);
-        row("pinwheel",
-            {{-10, 20, 60, 20}, {50, 20, 40, 40}, {30, 60, 60, 20}, {-10, 40, 40, 40}, {30, 40, 20, 20}},
-            true);
-        row("rects without area", {{-10, 20, 100, 0}, {-10, 20, 0, 60}}, false);
-        QTest::newRow("nothing to cover") << Rects() << QRectF(5, 5, 0, 10) << true;
-    }
     void coverage()
     {
-        QFETCH(Rects, rects);
-        QFETCH(QRectF, area);
-        QFETCH(bool, covered);
-        QCOMPARE(CCoverage::covers(rects, area), covered);
-        std::reverse(rects.begin(), rects.end());
-        QCOMPARE(CCoverage::covers(rects, area), covered);
+        const QRectF area(-10, 20, 100, 60);
+        struct SCase
+        {
+            const char *name;
+            Rects rects;
+            bool covered;
+        };
+        const SCase cases[] = {
+            {"nothing", {}, false},
+            {"more than itself", {area.adjusted(-5, -5, 5, 5)}, true},
+            {"touching from outside", {area.translated(100, 0), area.translated(0, 60)}, false},
+            {"steps", {{-10, 20, 50, 30}, {40, 20, 50, 40}, {-10, 50, 50, 30}, {40, 60, 50, 20}}, true},
+            {"overlaps cover", {{-10, 20, 80, 60}, {30, 20, 60, 40}, {20, 40, 70, 40}}, true},
+            {"overlaps hide no gap", {{-10, 20, 80, 60}, {-10, 20, 80, 60}, {60, 20, 30, 30}}, false},
+            {"gap of a pixel above", {{-10, 21, 100, 59}}, false},
+            {"gap of a pixel below", {{-10, 20, 100, 59}}, false},
+            {"pinwheel",
+             {{-10, 20, 60, 20}, {50, 20, 40, 40}, {30, 60, 60, 20}, {-10, 40, 40, 40}, {30, 40, 20, 20}},
+             true},
+            {"rects without area", {{-10, 20, 100, 0}, {-10, 20, 0, 60}}, false}};
+        for (const SCase &one : cases) {
+            QVERIFY2(CCoverage::covers(one.rects, area) == one.covered, one.name);
+            const Rects reversed(one.rects.rbegin(), one.rects.rend());
+            QVERIFY2(CCoverage::covers(reversed, area) == one.covered, one.name);
+        }
+        QVERIFY(CCoverage::covers({}, QRectF(5, 5, 0, 10))); // nothing to cover
     }
 
     void everyTileOfAWallCounts()
@@ -99,114 +98,68 @@ private Q_SLOTS:
         }
     }
 
-    void handlesSitOnCornersAndEdges()
+    void handlesSitOnCornersAndEdgesAndMoveThem()
     {
-        const QRectF rect(10, 20, 100, 60);
-        const QMap<int, QRectF> handles = CResizeHandles::handles(rect, 8);
-        QCOMPARE(handles.size(), int(CResizeHandles::Count));
-        const QMap<int, QPointF> centres = {
-            {CResizeHandles::TopLeft, {10, 20}},      {CResizeHandles::Top, {60, 20}},
-            {CResizeHandles::TopRight, {110, 20}},    {CResizeHandles::Right, {110, 50}},
-            {CResizeHandles::BottomRight, {110, 80}}, {CResizeHandles::Bottom, {60, 80}},
-            {CResizeHandles::BottomLeft, {10, 80}},   {CResizeHandles::Left, {10, 50}}};
-        for (auto centre = centres.begin(); centre != centres.end(); ++centre) {
-            QCOMPARE(handles.value(centre.key()).center(), centre.value());
-            QCOMPARE(handles.value(centre.key()).size(), QSizeF(8, 8));
+        struct SCase
+        {
+            int handle;
+            QPointF place;  // on (0, 0, 100, 50)
+            QRectF dragged; // by (7.4, 5.6)
+        };
+        const SCase cases[] = {
+            {Handles::TopLeft, {0, 0}, {7, 6, 93, 44}},         {Handles::Top, {50, 0}, {0, 6, 100, 44}},
+            {Handles::TopRight, {100, 0}, {0, 6, 107, 44}},     {Handles::Right, {100, 25}, {0, 0, 107, 50}},
+            {Handles::BottomRight, {100, 50}, {0, 0, 107, 56}}, {Handles::Bottom, {50, 50}, {0, 0, 100, 56}},
+            {Handles::BottomLeft, {0, 50}, {7, 0, 93, 56}},     {Handles::Left, {0, 25}, {7, 0, 93, 50}}};
+        const QRectF rect(0, 0, 100, 50);
+        QCOMPARE(Handles::handles(rect, 8).size(), int(Handles::Count));
+        for (const SCase &one : cases) {
+            const QRectF handle = Handles::handles(rect, 8).value(one.handle);
+            QCOMPARE(handle, QRectF(one.place - QPointF(4, 4), QSizeF(8, 8)));
+            QCOMPARE(Handles::resized(rect, one.handle, {7.4, 5.6}, {1, 2}, {2048, 2048}), one.dragged);
         }
     }
 
     void shortEdgesKeepTheirCorners()
     {
-        const QList<int> corners = {CResizeHandles::TopLeft, CResizeHandles::TopRight,
-                                    CResizeHandles::BottomRight, CResizeHandles::BottomLeft};
-        QCOMPARE(CResizeHandles::handles({0, 0, 23, 23}, 8).keys(), corners);
-        const QMap<int, QRectF> narrow = CResizeHandles::handles({0, 0, 23, 24}, 8);
-        QVERIFY(narrow.contains(CResizeHandles::Left) && narrow.contains(CResizeHandles::Right));
-        QVERIFY(!narrow.contains(CResizeHandles::Top) && !narrow.contains(CResizeHandles::Bottom));
-        const QMap<int, QRectF> small = CResizeHandles::handles({0, 0, 9, 9}, 8);
-        QCOMPARE(small.value(CResizeHandles::TopLeft), QRectF(-3, -3, 6, 6)); // the middle third is free
-        QVERIFY(CResizeHandles::handles({0, 0, 7, 90}, 8).isEmpty());
-    }
-
-    void aHandleMovesItsEdgesOnly_data()
-    {
-        QTest::addColumn<int>("handle");
-        QTest::addColumn<QRectF>("byDrag"); // by (7.4, 5.6) from (0, 0, 100, 50)
-        QTest::newRow("top left") << int(CResizeHandles::TopLeft) << QRectF(7, 6, 93, 44);
-        QTest::newRow("top") << int(CResizeHandles::Top) << QRectF(0, 6, 100, 44);
-        QTest::newRow("top right") << int(CResizeHandles::TopRight) << QRectF(0, 6, 107, 44);
-        QTest::newRow("right") << int(CResizeHandles::Right) << QRectF(0, 0, 107, 50);
-        QTest::newRow("bottom right") << int(CResizeHandles::BottomRight) << QRectF(0, 0, 107, 56);
-        QTest::newRow("bottom") << int(CResizeHandles::Bottom) << QRectF(0, 0, 100, 56);
-        QTest::newRow("bottom left") << int(CResizeHandles::BottomLeft) << QRectF(7, 0, 93, 56);
-        QTest::newRow("left") << int(CResizeHandles::Left) << QRectF(7, 0, 93, 50);
-    }
-    void aHandleMovesItsEdgesOnly()
-    {
-        QFETCH(int, handle);
-        QFETCH(QRectF, byDrag);
-        const QRectF rect(0, 0, 100, 50);
-        const QSizeF smallest(1, 2);
-        const QSizeF largest(2048, 2048);
-        QCOMPARE(CResizeHandles::resized(rect, handle, {7.4, 5.6}, smallest, largest), byDrag);
-        QCOMPARE(CResizeHandles::resized(rect, handle, {0, 0}, smallest, largest), rect);
-        // However far it is dragged: the sides keep within their limits, and what does not move stays.
-        for (const QPointF &far : {QPointF(9e4, 9e4), QPointF(-9e4, -9e4), QPointF(9e4, -9e4)}) {
-            const QRectF limited = CResizeHandles::resized(rect, handle, far, smallest, largest);
-            QVERIFY(limited.width() >= 1 && limited.width() <= 2048);
-            QVERIFY(limited.height() >= 2 && limited.height() <= 2048);
-            QCOMPARE(limited.left() == rect.left(), byDrag.left() == rect.left());
-            QCOMPARE(limited.right() == rect.right(), byDrag.right() == rect.right());
-            QCOMPARE(limited.top() == rect.top(), byDrag.top() == rect.top());
-            QCOMPARE(limited.bottom() == rect.bottom(), byDrag.bottom() == rect.bottom());
-        }
+        const QList<int> corners = {Handles::TopLeft, Handles::TopRight, Handles::BottomRight,
+                                    Handles::BottomLeft};
+        QCOMPARE(Handles::handles({0, 0, 23, 23}, 8).keys(), corners);
+        const QMap<int, QRectF> narrow = Handles::handles({0, 0, 23, 24}, 8);
+        QVERIFY(narrow.contains(Handles::Left) && narrow.contains(Handles::Right));
+        QVERIFY(!narrow.contains(Handles::Top) && !narrow.contains(Handles::Bottom));
+        const QMap<int, QRectF> small = Handles::handles({0, 0, 9, 9}, 8);
+        QCOMPARE(small.value(Handles::TopLeft), QRectF(-3, -3, 6, 6)); // the middle third is free
+        QVERIFY(Handles::handles({0, 0, 7, 90}, 8).isEmpty());
     }
 
     void limitsAreReachedExactly()
     {
-        const QRectF rect(300, 400, 100, 50);
-        const QSizeF smallest(3, 2);
-        const QSizeF largest(2048, 1000);
-        QCOMPARE(CResizeHandles::resized(rect, CResizeHandles::TopLeft, {-9999, -9999}, smallest, largest),
-                 QRectF(400 - 2048, 450 - 1000, 2048, 1000));
-        QCOMPARE(CResizeHandles::resized(rect, CResizeHandles::TopLeft, {9999, 9999}, smallest, largest),
-                 QRectF(397, 448, 3, 2));
-        QCOMPARE(CResizeHandles::resized(rect, CResizeHandles::BottomRight, {9999, 9999}, smallest, largest),
-                 QRectF(300, 400, 2048, 1000));
-        QCOMPARE(
-            CResizeHandles::resized(rect, CResizeHandles::BottomRight, {-9999, -9999}, smallest, largest),
-            QRectF(300, 400, 3, 2));
+        const auto farBy = [](int handle, qreal way) {
+            return Handles::resized({300, 400, 100, 50}, handle, {way, way}, {3, 2}, {2048, 1000});
+        };
+        QCOMPARE(farBy(Handles::TopLeft, -9999), QRectF(400 - 2048, 450 - 1000, 2048, 1000));
+        QCOMPARE(farBy(Handles::TopLeft, 9999), QRectF(397, 448, 3, 2));
+        QCOMPARE(farBy(Handles::BottomRight, 9999), QRectF(300, 400, 2048, 1000));
+        QCOMPARE(farBy(Handles::BottomRight, -9999), QRectF(300, 400, 3, 2));
     }
 
-    void tilingsStayGapless_data()
-    {
-        QTest::addColumn<QSizeF>("size");
-        QTest::newRow("same") << QSizeF(99, 101);
-        QTest::newRow("a pixel more") << QSizeF(100, 102);
-        QTest::newRow("odd") << QSizeF(157, 211);
-        QTest::newRow("large") << QSizeF(1999, 1021);
-        QTest::newRow("one direction") << QSizeF(317, 101);
-    }
     void tilingsStayGapless()
     {
-        QFETCH(QSizeF, size);
         const QRectF from(13, -40, 99, 101);
-        const QRectF to(QPointF(-7, 5), size);
-        Rects mapped;
-        for (const QRectF &tile : unevenTiling(from)) {
-            mapped << CResizeHandles::mapped(tile, from, to);
-            QCOMPARE(mapped.last(), QRectF(mapped.last().toRect())); // whole pixels
-        }
-        QVERIFY(CCoverage::covers(mapped, to));
-        QCOMPARE(areaOf(mapped), size.width() * size.height()); // so none overlaps another or sticks out
-    }
-
-    void partsKeepAPixel()
-    {
-        const QRectF from(0, 0, 99, 101);
-        for (const QRectF &tile : unevenTiling(from)) {
-            const QRectF mapped = CResizeHandles::mapped(tile, from, QRectF(0, 0, 3, 2));
-            QVERIFY(mapped.width() >= 1 && mapped.height() >= 1);
+        for (const QSizeF &size : {QSizeF(99, 101), QSizeF(100, 102), QSizeF(1999, 1021), QSizeF(317, 101)}) {
+            const QRectF to(QPointF(-7, 5), size);
+            Rects mapped;
+            qreal area = 0;
+            for (const QRectF &tile : unevenTiling(from)) {
+                mapped << Handles::mapped(tile, from, to);
+                QCOMPARE(mapped.last(), QRectF(mapped.last().toRect())); // whole pixels
+                area += mapped.last().width() * mapped.last().height();
+                const QRectF least = Handles::mapped(tile, from, QRectF(0, 0, 3, 2));
+                QVERIFY(least.width() >= 1 && least.height() >= 1);
+            }
+            QVERIFY(CCoverage::covers(mapped, to));
+            QCOMPARE(area, size.width() * size.height()); // so none overlaps another or sticks out
         }
     }
 
@@ -215,7 +168,6 @@ private Q_SLOTS:
         QTest::addColumn<Areas>("areas");
         QTest::addColumn<QSize>("smallest");
         QTest::newRow("none") << Areas() << QSize(1, 1);
-        QTest::newRow("one") << Areas{{0, 0, 128, 96}} << QSize(1, 1);
         QTest::newRow("halves") << Areas{{0, 0, 64, 96}, {64, 0, 64, 96}} << QSize(2, 1);
         QTest::newRow("slivers") << Areas{{0, 0, 126, 96}, {126, 0, 1, 96}, {127, 0, 1, 96}} << QSize(3, 1);
         QTest::newRow("slivers first") << Areas{{0, 0, 1, 96}, {1, 0, 1, 96}, {2, 0, 126, 96}} << QSize(3, 1);
@@ -260,23 +212,146 @@ private Q_SLOTS:
         QCOMPARE(cabinet.rects.size(), 3);
     }
 
-    void recordsHoldInclusiveWholePixels_data()
-    {
-        QTest::addColumn<QRectF>("place");
-        QTest::addColumn<QVector<int>>("edges"); // left, top, right, bottom
-        QTest::newRow("whole") << QRectF(3, 4, 10, 20) << QVector<int>{3, 4, 12, 23};
-        QTest::newRow("halves go up") << QRectF(10.5, -0.5, 20, 10) << QVector<int>{11, 0, 30, 9};
-        QTest::newRow("negative halves") << QRectF(-2.5, -1.5, 2, 1) << QVector<int>{-2, -1, -1, -1};
-        QTest::newRow("below a half") << QRectF(0.49, 7.4, 5, 5) << QVector<int>{0, 7, 4, 11};
-        QTest::newRow("edges round on their own") << QRectF(0.4, 0.6, 1.2, 1.8) << QVector<int>{0, 1, 1, 1};
-    }
     void recordsHoldInclusiveWholePixels()
     {
-        QFETCH(QRectF, place);
-        QFETCH(QVector<int>, edges);
-        const QRect record = CCabinetRect::toRecord(place);
-        QCOMPARE((QVector<int>{record.left(), record.top(), record.right(), record.bottom()}), edges);
-        QCOMPARE(CCabinetRect::toRecord(CCabinetRect::fromRecord(record)), record);
+        const QPair<QRectF, QRect> places[] = {
+            {{10.5, -0.5, 20, 10}, QRect({11, 0}, QPoint(30, 9))}, // halves go up
+            {{-2.5, -1.5, 2, 1}, QRect({-2, -1}, QPoint(-1, -1))},
+            {{0.49, 7.4, 5, 5}, QRect({0, 7}, QPoint(4, 11))},
+            {{0.4, 0.6, 1.2, 1.8}, QRect({0, 1}, QPoint(1, 1))}}; // each edge on its own
+        for (const auto &[place, record] : places) {
+            QCOMPARE(CCabinetRect::toRecord(place), record);
+            QCOMPARE(CCabinetRect::toRecord(CCabinetRect::fromRecord(record)), record);
+        }
+    }
+
+    void snakesRunThroughAGrid()
+    {
+        const Order expected[] = {{0, 1, 2, 5, 4, 3}, {2, 1, 0, 3, 4, 5}, {5, 4, 3, 0, 1, 2},
+                                  {3, 4, 5, 2, 1, 0}, {0, 3, 4, 1, 2, 5}, {2, 5, 4, 1, 0, 3},
+                                  {5, 2, 1, 4, 3, 0}, {3, 0, 1, 4, 5, 2}};
+        Rects grid;
+        for (int i = 0; i < 6; ++i)
+            grid << QRectF(i % 3 * 128, i / 3 * 64, 128, 64);
+        for (int pattern = 0; pattern < CSnakeOrder::PatternCount; ++pattern)
+            QCOMPARE(CSnakeOrder::order(cellsOf(grid), pattern), expected[pattern]);
+        QVERIFY(CSnakeOrder::order(cellsOf(grid), 8).isEmpty());
+        QVERIFY(CSnakeOrder::order(cellsOf(grid), -1).isEmpty());
+    }
+
+    void snakesThroughUnevenWalls_data()
+    {
+        QTest::addColumn<Rects>("rects");
+        QTest::addColumn<int>("pattern");
+        QTest::addColumn<Order>("expected");
+        const auto row = [](const char *name, const Rects &rects, int pattern, const Order &expected) {
+            QTest::newRow(name) << rects << pattern << expected;
+        };
+        const Rects beside = {{0, 0, 200, 200}, {200, 0, 100, 100}, {200, 100, 100, 100}};
+        row("the first line takes a large cabinet", beside, 0, {0, 1, 2});
+        row("so does the last one", beside, 3, {0, 2, 1});
+        row("between two strips", {{0, 0, 100, 100}, {200, 52, 200, 97}, {0, 200, 100, 100}}, 0, {0, 2});
+        row("a partial last line", {{0, 0, 100, 100}, {0, 100, 100, 150}}, 2, {1, 0});
+        // Strips from 1 to 2 and from 4 to 5: the second cabinet, from 2 to 4, touches both and meets none.
+        row("half of an odd pitch, and edges", {{0, 0, 3, 3}, {10, 2, 20, 2}}, 0, {0});
+        row("of equal areas the first one is high", {{0, 0, 10, 40}, {20, 0, 40, 10}}, 0, {0});
+        row("of equal areas the first one is wide", {{20, 0, 40, 10}, {0, 0, 10, 40}}, 0, {1, 0});
+        row("one above the other", {{0, 0, 10, 40}, {0, 5, 10, 20}}, 0, {1, 0});
+        row("one above the other, backwards", {{0, 0, 10, 40}, {0, 5, 10, 20}}, 1, {1, 0});
+        row("one beside the other", {{0, 0, 40, 10}, {5, 0, 20, 10}}, 4, {1, 0});
+    }
+    void snakesThroughUnevenWalls()
+    {
+        QFETCH(Rects, rects);
+        QFETCH(int, pattern);
+        QTEST(CSnakeOrder::order(cellsOf(rects), pattern), "expected");
+    }
+
+    void takesWhatStripsTouchLineByLine()
+    {
+        QRandomGenerator random(20261);
+        for (int round = 0; round < 200; ++round) {
+            Rects rects = {QRectF(0, 0, 5, 7)}; // the smallest, which sets the pitch
+            for (int i = random.bounded(30); i > 0; --i)
+                rects << QRectF(random.bounded(90), random.bounded(90), 6 + random.bounded(20),
+                                8 + random.bounded(20));
+            for (const bool down : {true, false}) {
+                const qreal height = std::accumulate(rects.begin(), rects.end(), QRectF(), unite).height();
+                const auto lineOf = [&](const QRectF &rect) {
+                    for (int line = 0; line * 7 < height; ++line) {
+                        const int way = 3 + line * 7;
+                        if (rect.intersects(QRectF(-1, down ? way : height - way, 200, 1)))
+                            return line;
+                    }
+                    return -1;
+                };
+                QVector<int> touched;
+                for (const QRectF &rect : qAsConst(rects))
+                    touched << lineOf(rect);
+                touched.removeAll(-1);
+                std::sort(touched.begin(), touched.end());
+                QVector<int> lines;
+                for (const int place : CSnakeOrder::order(cellsOf(rects), down ? 0 : 3))
+                    lines << lineOf(rects.at(place));
+                QCOMPARE(lines, touched);
+            }
+        }
+    }
+
+    void equalCentresAreOrderedByIdentity()
+    {
+        auto cells = cellsOf(Rects(6, QRectF(0, 0, 64, 64)));
+        const auto identities = [&cells] {
+            QVector<QUuid> result;
+            for (int i : CSnakeOrder::order(cells, 0))
+                result << cells.at(i).uuid;
+            return result;
+        };
+        const QVector<QUuid> first = identities();
+        std::reverse(cells.begin(), cells.end());
+        QCOMPARE(identities(), first);
+        QCOMPARE(first.size(), 6);
+    }
+
+    void anAppendIsCutAtItsLimit()
+    {
+        const auto corners = [](const QPoint &cursor, int limit) {
+            QVector<QPoint> result;
+            for (const QRect &cell : CAppendPlan::cells(QRect(100, 40, 50, 20), cursor, limit))
+                result << cell.topLeft();
+            return result;
+        };
+        using Corners = QVector<QPoint>;
+        QCOMPARE(corners({99, 39}, 9), (Corners{{100, 40}, {50, 40}, {100, 20}, {50, 20}}));
+        QCOMPARE(corners({160, 70}, 3), (Corners{{100, 40}, {150, 40}})); // columns go before rows
+        QCOMPARE(corners({160, 70}, 0), (Corners{{100, 40}}));            // never none
+    }
+
+    void anAppendIsWiredFromTheSideOfTheChain()
+    {
+        struct SCase
+        {
+            QRect tail;
+            QPoint cursor; // the first cell lies at (100, 100)
+            const char *pattern;
+        };
+        const SCase cases[] = {
+            {{}, {125, 115}, "LTR TTB snake"}, // no chain
+            {{}, {85, 85}, "RTL BTT snake"},
+            {{}, {105, 135}, "TTB LTR snake"},
+            {{}, {105, 85}, "BTT LTR snake"},
+            {{90, 105, 10, 10}, {125, 115}, "LTR TTB snake"}, // left of the block, level
+            {{60, 110, 10, 10}, {125, 95}, "LTR BTT snake"},  // left of the block, at its foot
+            {{170, 90, 10, 10}, {125, 115}, "RTL TTB snake"}, // right of the block, at its head
+            {{90, 40, 10, 10}, {125, 115}, "TTB LTR snake"},  // above
+            {{105, 40, 10, 10}, {115, 115}, "TTB RTL snake"},
+            {{90, 190, 10, 10}, {125, 115}, "BTT LTR snake"}, // below
+            {{130, 190, 10, 10}, {125, 115}, "BTT RTL snake"}};
+        for (const SCase &one : cases) {
+            const auto cells = CAppendPlan::cells(QRect(100, 100, 10, 10), one.cursor, 100);
+            const int pattern = CAppendPlan::patternAfter(one.tail, cells);
+            QCOMPARE(CSnakeOrder::patterns().at(pattern).name, one.pattern);
+        }
     }
 };
 

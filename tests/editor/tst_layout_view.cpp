@@ -1,10 +1,13 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/api/records/LayoutLimits.h"
 #include "platform/graphics/CAerialView.h"
 #include "tests/editor/CMouseTest.h"
+#include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CSignalLog.h"
 
 #include <QMainWindow>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QToolButton>
 
@@ -12,10 +15,21 @@ namespace {
 
 using Bar = CEditorToolBar;
 using Cabinet = CabinetLayout::CabinetPort::Cabinet;
+using Modes = QVector<ToolMode>;
+
+QSet<QUuid> uuidsOf(const QList<Cabinet> &cabinets)
+{
+    QSet<QUuid> uuids;
+    for (const Cabinet &cabinet : cabinets)
+        uuids << cabinet.uuid;
+    return uuids;
+}
 
 } // namespace
 
-/// The view as the rest of the module uses it.
+Q_DECLARE_METATYPE(ToolMode)
+
+/// The view as the rest of the module uses it, and its tools.
 class CLayoutViewTest final : public CMouseTest
 {
     Q_OBJECT
@@ -23,136 +37,87 @@ class CLayoutViewTest final : public CMouseTest
 private Q_SLOTS:
     void tellsWhatIsSelected()
     {
-        CLayoutGraphicsView &view = m_mouse->view();
-        const CSignalLog ports(&view, &CLayoutGraphicsView::notifySelectedPort);
-        const CSignalLog infos(&view, &CLayoutGraphicsView::notifySelectedCabinetInfos);
-        const auto told = [&ports, &infos] {
-            return qMakePair(ports[ports.count() - 1].first().value<QList<int>>(),
-                             uuidsOf(infos[infos.count() - 1].first().value<QList<Cabinet>>()));
+        const CSignalLog ports(&view(), &CLayoutGraphicsView::notifySelectedPort);
+        const CSignalLog infos(&view(), &CLayoutGraphicsView::notifySelectedCabinetInfos);
+        int signalCount = 0;
+        const auto isTold = [&](const QList<int> &wanted) {
+            const int last = signalCount++;
+            return ports.count() == signalCount && infos.count() == signalCount &&
+                   ports[last].first().value<QList<int>>() == wanted &&
+                   uuidsOf(infos[last].first().value<QList<Cabinet>>()) == uuidsOfPorts(wanted);
         };
-        view.onPortClicked(0, true);
-        QCOMPARE(told(), qMakePair(QList<int>{0}, uuidsOfPorts({0})));
-        view.onPortClicked(1, true); // a group: told are its cabinets
-        QCOMPARE(told(), qMakePair(QList<int>{0, 1}, uuidsOfPorts({0, 1})));
-        view.onPortClicked(0, false);
-        QCOMPARE(told(), qMakePair(QList<int>{1}, uuidsOfPorts({1})));
-        view.clearSelected();
-        QCOMPARE(told(), qMakePair(QList<int>{}, QSet<QUuid>{}));
-        QCOMPARE(ports.count(), 4);
-        QCOMPARE(infos.count(), 4);
-        QVERIFY(m_mouse->scene().selection().isEmpty());
-        QCOMPARE(m_mouse->layout(), m_mouse->original());
+        view().onPortClicked(0, true);
+        QVERIFY(isTold({0}));
+        view().onPortClicked(1, true); // a group: told are its cabinets
+        QVERIFY(isTold({0, 1}));
+        view().onPortClicked(0, false);
+        QVERIFY(isTold({1}));
+        view().clearSelected();
+        QVERIFY(isTold({}));
     }
 
     void theStatusBarSaysWhatDidNotHappen()
     {
         QMainWindow window;
-        window.setCentralWidget(&m_mouse->view());
+        window.setCentralWidget(&view());
         const auto said = [&window] { return window.statusBar()->currentMessage(); };
-        m_mouse->view().onPortClicked(0, true);
-        QTest::keyClick(&m_mouse->view(), Qt::Key_Down);
+        view().onPortClicked(0, true);
+        QTest::keyClick(&view(), Qt::Key_Down);
         QCOMPARE(said(), QString());
-        QTest::keyClick(&m_mouse->view(), Qt::Key_Left); // one of three can
+        QTest::keyClick(&view(), Qt::Key_Left); // one of three can
         QCOMPARE(said(), QStringLiteral("1 cabinet stands at the edge."));
         m_mouse->states().locked[0] = true;
         for (const int key : {Qt::Key_Right, Qt::Key_Delete}) {
-            QTest::keyClick(&m_mouse->view(), Qt::Key(key));
+            QTest::keyClick(&view(), Qt::Key(key));
             QCOMPARE(said(), QStringLiteral("Port 1 is locked."));
         }
-        QTest::keyClick(&m_mouse->view(), Qt::Key_Shift);
+        QTest::keyClick(&view(), Qt::Key_Shift);
         QCOMPARE(said(), QString());
-        m_mouse->view().setParent(nullptr); // it is not the window's
+        view().setParent(nullptr); // it is not the window's
     }
 
     void commandsConcernAllCabinetsOfAPort()
     {
-        CLayoutGraphicsView &view = m_mouse->view();
         m_mouse->scene().backend().picks().port(0, true); // what is selected elsewhere is not meant
-        view.showCabinetInfo(1);
-        QCOMPARE(m_commands.calls, QStringList{QStringLiteral("information")});
+        view().showCabinetInfo(1);
         QCOMPARE(uuidsOf(m_commands.cabinets), uuidsOfPorts({1}));
-        view.saveCabinetPara(3);
-        QCOMPARE(m_commands.calls.last(), QStringLiteral("parameters"));
+        view().saveCabinetPara(3);
         QCOMPARE(uuidsOf(m_commands.cabinets), uuidsOfPorts({3}));
-        view.markupCustomCabinet(true);
-        QCOMPARE(m_commands.calls.last(), QStringLiteral("mark"));
-        view.markupCustomCabinet(false);
-        QCOMPARE(m_commands.calls.last(), QStringLiteral("unmark"));
-        view.ShowEleCurrentAdjustDialog();
-        QCOMPARE(m_commands.calls.last(), QStringLiteral("gain"));
-    }
-
-    void aHighlightEndsFromOutside()
-    {
-        Bar &bar = m_mouse->view().toolBar();
-        bar.button(Bar::Calibrate)->click();
-        m_mouse->click({450, 60});
-        QCOMPARE(m_commands.highlighted, CabinetHighlight::FlashingBox);
-        m_mouse->view().cancelCalibrate();
-        QVERIFY(!m_mouse->cabinet(3, 0).isHighlighted());
-        QCOMPARE(m_commands.highlighted, CabinetHighlight::Off);
-        QVERIFY(bar.tool(Bar::Arrow)->isChecked());
-        m_mouse->click({450, 60}); // selects again
-        QCOMPARE(m_commands.highlighted, CabinetHighlight::Off);
-        QVERIFY(m_mouse->cabinet(3, 0).isSelected());
-        bar.button(Bar::Pen)->click();
-        m_mouse->view().cancelCalibrate(); // nothing to end
-        QVERIFY(bar.tool(Bar::Pen)->isChecked());
+        view().markupCustomCabinet(true);
+        view().markupCustomCabinet(false);
+        view().ShowEleCurrentAdjustDialog();
+        bar().button(Bar::TypeLibrary)->click();
+        QCOMPARE(m_commands.calls.join(QLatin1Char('|')),
+                 QStringLiteral("information|parameters|mark|unmark|gain|library"));
     }
 
     void toolsAreToggledByTheirNumbers()
     {
-        CLayoutGraphicsView &view = m_mouse->view();
-        Bar &bar = view.toolBar();
-        view.onToolButtonToggled(Bar::Pen, true);
-        QVERIFY(bar.tool(Bar::Pen)->isChecked());
-        QVERIFY(m_mouse->scene().isToolModeSet(ToolMode::ManualWiring));
-        for (const int id : {-1, int(Bar::Undo), int(Bar::ToolCount)}) {
-            view.onToolButtonToggled(id, true); // not a mode
-            QVERIFY(bar.tool(Bar::Pen)->isChecked());
-        }
-        view.onToolButtonToggled(Bar::Pen, false);
-        QVERIFY(bar.tool(Bar::Arrow)->isChecked());
-        QVERIFY(!m_mouse->scene().isToolModeSet(ToolMode::ManualWiring));
+        view().onToolButtonToggled(Bar::Pen, true);
+        for (const int id : {-1, int(Bar::Undo), int(Bar::ToolCount)})
+            view().onToolButtonToggled(id, true); // not a mode
+        QVERIFY(bar().tool(Bar::Pen)->isChecked());
+        QCOMPARE(modes(), Modes{ToolMode::ManualWiring});
+        view().onToolButtonToggled(Bar::Pen, false);
+        QVERIFY(bar().tool(Bar::Arrow)->isChecked());
+        QCOMPARE(modes(), Modes{});
     }
 
-    void appendsOnlyWhatCanBePlaced_data()
-    {
-        QTest::addColumn<int>("port");
-        QTest::addColumn<QSize>("size");
-        QTest::addColumn<bool>("begins");
-        QTest::newRow("smallest") << 2 << QSize(1, 1) << true;
-        QTest::newRow("largest") << 2 << QSize(2048, 2048) << true;
-        QTest::newRow("too wide") << 2 << QSize(2049, 100) << false;
-        QTest::newRow("too high") << 2 << QSize(100, 2049) << false;
-        QTest::newRow("no size") << 2 << QSize(0, 100) << false;
-        QTest::newRow("no port") << -1 << QSize(100, 100) << false;
-        QTest::newRow("port that is not there") << 9 << QSize(100, 100) << false;
-        QTest::newRow("locked port") << 0 << QSize(100, 100) << false;
-        QTest::newRow("redundancy port") << 1 << QSize(100, 100) << false;
-    }
     void appendsOnlyWhatCanBePlaced()
     {
-        QFETCH(int, port);
-        QFETCH(QSize, size);
         m_mouse->states().locked[0] = true;
         m_mouse->states().redundancy[1] = CabinetLayout::CabinetPort::Redundant;
-        m_mouse->view().onNotifyAppendCabinet({}, port, size);
-        QTEST(m_mouse->scene().backend().placing().isAppending(), "begins");
-    }
-
-    void undoIsExactAfterALookAtAnotherProcessor()
-    {
-        m_mouse->cabinet(0, 2).setSelected(true);
-        m_mouse->scene().backend().operations().remove();
-        LayoutData left;
-        left.layout = m_mouse->layout();
-        left.processor = left.layout.processor;
-        const LayoutData other = SmallWorlds::data({SmallWorlds::wiredPort(0, 2)});
-        m_mouse->view().showLayout(SmallWorlds::node(other), other);
-        m_mouse->view().showLayout(SmallWorlds::node(left), left);
-        m_mouse->scene().undo(nullptr);
-        QVERIFY(m_mouse->layout() == m_mouse->original());
+        const int most = LayoutLimits::LargestSide;
+        for (const QSize &size : {QSize(most + 1, 100), QSize(100, most + 1), QSize(0, 100)})
+            view().onNotifyAppendCabinet({}, 2, size);
+        for (const int port : {-1, 9, 0, 1}) // none, not there, locked, a redundancy
+            view().onNotifyAppendCabinet({}, port, QSize(100, 100));
+        QVERIFY(!m_mouse->scene().backend().placing().isAppending());
+        for (const int side : {1, most}) {
+            view().onNotifyAppendCabinet({}, 2, QSize(side, side));
+            QVERIFY(m_mouse->scene().backend().placing().isAppending());
+            m_mouse->scene().leaveOperation();
+        }
     }
 
     void aBlockedEditorIsLookedAtOnly_data()
@@ -164,12 +129,11 @@ private Q_SLOTS:
     void aBlockedEditorIsLookedAtOnly()
     {
         QFETCH(bool, backup);
-        CLayoutGraphicsView &view = m_mouse->view();
-        const auto block = [&view, backup](bool blocked) {
+        const auto block = [this, backup](bool blocked) {
             if (backup)
-                view.onCurrentProcessorBackupChanged(blocked);
+                view().onCurrentProcessorBackupChanged(blocked);
             else
-                view.setEditingBlocked(blocked);
+                view().setEditingBlocked(blocked);
         };
         m_mouse->scene().backend().picks().port(0, true);
         m_mouse->scene().selectedItemMoveDown();
@@ -181,56 +145,252 @@ private Q_SLOTS:
         block(true);
         const QStringList looking = {QStringLiteral("Hand"), QStringLiteral("Type library"),
                                      QStringLiteral("Navigator")};
-        QCOMPARE(enabledTools(), looking);
-        QVERIFY(!view.isInteractive());
         m_mouse->scene().clearSelection();
         m_mouse->scene().backend().picks().port(0, true); // does not bring them back
         QCOMPARE(enabledTools(), looking);
         for (const int key : {Qt::Key_Right, Qt::Key_Delete, Qt::Key_Escape})
-            QTest::keyClick(&view, Qt::Key(key));
+            QTest::keyClick(&view(), Qt::Key(key));
         for (const int key : {Qt::Key_A, Qt::Key_G, Qt::Key_Z})
-            QTest::keyClick(&view, Qt::Key(key), Qt::ControlModifier);
+            QTest::keyClick(&view(), Qt::Key(key), Qt::ControlModifier);
         m_mouse->drag({64, 64}, {50, 50});
         m_mouse->click({450, 60});
         QCOMPARE(m_mouse->selected().size(), 3);
         QCOMPARE(m_mouse->layout(), moved);
-        view.toolBar().button(CEditorToolBar::Navigator)->click();
-        QVERIFY(view.aerialView().isVisible());
-        view.toolBar().button(CEditorToolBar::Hand)->click(); // there is no other mode to go to
-        QVERIFY(view.toolBar().tool(CEditorToolBar::Hand)->isChecked());
+        bar().button(Bar::Hand)->click(); // there is no other mode to go to
+        QVERIFY(bar().tool(Bar::Hand)->isChecked() && !view().isInteractive());
         block(false);
-        QVERIFY(view.isInteractive());
+        QVERIFY(view().isInteractive());
         QCOMPARE(enabledTools(), before);
-        QTest::keyClick(&view, Qt::Key_Delete);
+        QTest::keyClick(&view(), Qt::Key_Delete);
         QCOMPARE(m_mouse->stack().undoText(), QStringLiteral("Delete"));
     }
 
+    void modesSetTheSceneAndTheCursor_data()
+    {
+        QTest::addColumn<int>("mode");
+        QTest::addColumn<Modes>("flags");
+        QTest::addColumn<int>("cursor");
+        QTest::newRow("hand") << int(Bar::Hand) << Modes{} << int(Qt::OpenHandCursor);
+        QTest::newRow("pen") << int(Bar::Pen) << Modes{ToolMode::ManualWiring} << int(Qt::BitmapCursor);
+        QTest::newRow("exchange") << int(Bar::HeadToTailExchange) << Modes{ToolMode::HeadToTailExchange}
+                                  << int(Qt::BitmapCursor);
+        QTest::newRow("highlight") << int(Bar::Calibrate) << Modes{ToolMode::Highlighting}
+                                   << int(Qt::PointingHandCursor);
+    }
+    void modesSetTheSceneAndTheCursor()
+    {
+        QFETCH(int, mode);
+        QToolButton *button = bar().button(Bar::ETool(mode));
+        button->click();
+        QTEST(modes(), "flags");
+        QCOMPARE(view().isInteractive(), mode != Bar::Hand);
+        QTest::mousePress(view().viewport(), Qt::MiddleButton);
+        QCOMPARE(view().viewport()->cursor().shape(), Qt::ClosedHandCursor);
+        QTest::mouseRelease(view().viewport(), Qt::MiddleButton);
+        QTEST(int(view().viewport()->cursor().shape()), "cursor"); // the tool is still in use
+        button->click(); // the arrow comes back when the tool is put down
+        QVERIFY(bar().tool(Bar::Arrow)->isChecked());
+        QCOMPARE(modes(), Modes{});
+        QCOMPARE(view().viewport()->cursor().shape(), Qt::ArrowCursor);
+        button->click();
+        QTest::keyClick(&view(), Qt::Key_Escape);
+        QVERIFY(bar().tool(Bar::Arrow)->isChecked() && view().isInteractive());
+    }
+
+    void thePenTakesTheSelectionAway()
+    {
+        m_mouse->scene().backend().picks().port(0, true);
+        bar().button(Bar::HeadToTailExchange)->click();
+        QCOMPARE(m_mouse->scene().selection().count(), 3);
+        bar().button(Bar::Pen)->click();
+        QVERIFY(m_mouse->scene().selection().isEmpty());
+    }
+
+    void plainButtonsAct()
+    {
+        QVERIFY(!bar().button(Bar::Undo)->isEnabled() && !bar().button(Bar::Group)->isEnabled());
+        m_mouse->scene().backend().picks().port(0, true);
+        bar().button(Bar::Group)->click();
+        QCOMPARE(m_mouse->scene().selection().groups().size(), 1);
+        bar().button(Bar::Ungroup)->click();
+        bar().button(Bar::Undo)->click();
+        bar().button(Bar::Undo)->click();
+        QCOMPARE(m_mouse->layout(), m_mouse->original());
+        bar().button(Bar::Redo)->click();
+        QVERIFY(m_mouse->layout() != m_mouse->original());
+    }
+
+    void clearTopologyAsksForAPortOnly()
+    {
+        const auto wired = [this] { return m_mouse->scene().portItem(3)->chain().order().size(); };
+        m_mouse->scene().backend().picks().port(3, true);
+        bar().button(Bar::ClearTopology)->click();
+        QCOMPARE(wired(), 0);
+        m_mouse->scene().undo(nullptr);
+        m_mouse->scene().clearSelection();
+        bar().button(Bar::ClearTopology)->click(); // no port is current
+        m_mouse->states().current = 3;
+        CMessageBoxAnswerer user({QStringLiteral("No"), QStringLiteral("Yes")});
+        bar().button(Bar::ClearTopology)->click();
+        QCOMPARE(wired(), 2);
+        bar().button(Bar::ClearTopology)->click();
+        QCOMPARE(wired(), 0);
+        QCOMPARE(user.boxes().size(), 2);
+    }
+
+    void highlightsWhatIsClicked()
+    {
+        const QPoint place(450, 60);
+        const CGraphicsCabinetItem &cabinet = m_mouse->cabinet(3, 0);
+        bar().button(Bar::Calibrate)->click();
+        m_mouse->click(place);
+        QCOMPARE(m_commands.highlighted, CabinetHighlight::FlashingBox);
+        m_mouse->click({650, 60}, Qt::ControlModifier);
+        QCOMPARE(m_commands.cabinets.size(), 2);
+        QVERIFY(cabinet.isHighlighted() && m_mouse->scene().selection().isEmpty());
+        bar().findChild<QAction *>(QStringLiteral("CalibrateFrameless"))->trigger();
+        QCOMPARE(m_commands.highlighted, CabinetHighlight::LedIndicator);
+        m_mouse->click(place);
+        m_mouse->click(place); // once more: off
+        QCOMPARE(m_commands.highlighted, CabinetHighlight::Off);
+        m_mouse->click(place);
+        bar().button(Bar::Calibrate)->click();
+        QVERIFY(m_commands.highlighted == CabinetHighlight::Off && !cabinet.isHighlighted());
+        bar().button(Bar::Calibrate)->click();
+        m_mouse->click(place);
+        view().cancelCalibrate(); // from outside
+        QVERIFY(m_commands.highlighted == CabinetHighlight::Off && !cabinet.isHighlighted());
+        QVERIFY(bar().tool(Bar::Arrow)->isChecked());
+        bar().button(Bar::Pen)->click();
+        view().cancelCalibrate(); // nothing to end
+        QVERIFY(bar().tool(Bar::Pen)->isChecked());
+        m_commands.highlights = false;
+        bar().button(Bar::Calibrate)->click();
+        m_mouse->click(place); // the processor refuses
+        QVERIFY(!cabinet.isHighlighted());
+        QCOMPARE(m_mouse->stack().count(), 0);
+    }
+
+    void figuresShapeTheSelection()
+    {
+        QSignalSpy extents(&view(), &CLayoutGraphicsView::notifySelectedCabinetGeometryChanged);
+        m_mouse->scene().backend().picks().port(0, true); // three in a row from the origin on
+        view().onNotifySelectedCabinetRankChanged(2);
+        QCOMPARE(extents.last().first().toRect(), QRect(0, 0, 256, 256));
+        view().onNotifySelectedCabinetPositionChanged(QPoint(50, 60));
+        QCOMPARE(extents.last().first().toRect(), QRect(50, 60, 256, 256));
+        view().onNotifySelectedCabinetSizeChanged(QSize(100, 128));
+        QCOMPARE(m_mouse->cabinet(0, 1).cabinet().rect, QRect(178, 60, 100, 128));
+        view().onNotifySelectedCabinetSizeChanged(QSize(LayoutLimits::LargestSide + 1, 128));
+        view().onNotifySelectedCabinetSizeChanged(QSize(100, LayoutLimits::SmallestSide - 1));
+        QCOMPARE(m_mouse->stack().count(), 3);
+    }
+
+    void historyOutlivesALookAtAnotherProcessor()
+    {
+        LayoutData first = SmallWorlds::data(m_mouse->original().ports);
+        first.processor = first.layout.processor = m_mouse->original().processor;
+        const LayoutData second = SmallWorlds::data({SmallWorlds::wiredPort(0, 2)});
+        m_mouse->scene().selectAllItem();
+        m_mouse->scene().selectedItemMoveDown();
+        first.layout = m_mouse->layout();
+        view().showLayout(SmallWorlds::node(second), second);
+        QVERIFY(!bar().button(Bar::Undo)->isEnabled());
+        view().showLayout(SmallWorlds::node(first), first);
+        m_mouse->scene().undo(nullptr);
+        QCOMPARE(m_mouse->layout(), m_mouse->original());
+        m_mouse->scene().redo(nullptr);
+        view().showLayout(SmallWorlds::node(second), second);
+        first.layout.ports[0].groups[0].cabinets[0].rect.translate(1, 0); // changed elsewhere
+        view().showLayout(SmallWorlds::node(first), first);
+        QVERIFY(!bar().button(Bar::Undo)->isEnabled());
+    }
+
+    void navigatorTakesTheViewThere()
+    {
+        CAerialView &aerial = view().aerialView();
+        bar().button(Bar::Navigator)->click();
+        QVERIFY(aerial.isVisible());
+        view().setScaleFactor(4);
+        QTest::mouseClick(&aerial, Qt::LeftButton, {}, aerial.rect().center());
+        const QPointF middle = view().mapToScene(view().viewport()->rect()).boundingRect().center();
+        const QPointF content = m_mouse->scene().contentRect().center();
+        QVERIFY((middle - content).manhattanLength() < 60); // two pixels of the small picture
+        const QImage before = aerial.grab().toImage();
+        m_mouse->scene().onNotifyCabinetColorChanged(0, Qt::yellow);
+        QTRY_VERIFY(aerial.grab().toImage() != before);
+        bar().button(Bar::Navigator)->click();
+        QVERIFY(!aerial.isVisible());
+    }
+
+    void zoomsAtTheCursorAndFits()
+    {
+        view().fitContent();
+        const QRectF shown = view().mapToScene(view().viewport()->rect()).boundingRect();
+        QVERIFY(shown.contains(view().cabinetScene().contentRect()) && view().isFitted());
+
+        const QPoint cursor(230, 170);
+        const QPointF below = view().mapToScene(cursor);
+        QTest::mouseMove(view().viewport(), cursor);
+        QWheelEvent wheel(cursor, view().viewport()->mapToGlobal(cursor), {}, {0, 240}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        const qreal before = view().scaleFactor();
+        QCoreApplication::sendEvent(view().viewport(), &wheel);
+        QVERIFY(qFuzzyCompare(view().scaleFactor(), before * 1.25 * 1.25));
+        QVERIFY(QPointF(view().mapFromScene(below) - cursor).manhattanLength() <= 3);
+        QVERIFY(!view().isFitted());
+        view().showActualSize();
+        QCOMPARE(view().scaleFactor(), 1.0);
+        view().setScaleFactor(1e9);
+        QCOMPARE(view().scaleFactor(), CGraphicsView::LargestScale);
+    }
+
+    void pansWithLeftAndMiddleButton()
+    {
+        bar().button(Bar::Hand)->click();
+        view().setScaleFactor(4);
+        for (const Qt::MouseButton button : {Qt::LeftButton, Qt::MiddleButton}) {
+            const int before = view().horizontalScrollBar()->value();
+            QTest::mousePress(view().viewport(), button, Qt::NoModifier, QPoint(200, 150));
+            QMouseEvent move(QEvent::MouseMove, QPointF(160, 150),
+                             view().viewport()->mapToGlobal(QPoint(160, 150)), Qt::NoButton, button,
+                             Qt::NoModifier);
+            QCoreApplication::sendEvent(view().viewport(), &move);
+            QTest::mouseRelease(view().viewport(), button, Qt::NoModifier, QPoint(160, 150));
+            QCOMPARE(view().horizontalScrollBar()->value(), before + 40);
+        }
+        QVERIFY(m_mouse->layout() == m_mouse->original()); // nothing was dragged along
+    }
+
 private:
+    CLayoutGraphicsView &view() { return m_mouse->view(); }
+    Bar &bar() { return view().toolBar(); }
+    Modes modes()
+    {
+        Modes set;
+        for (const auto flag : {ToolMode::ManualWiring, ToolMode::HeadToTailExchange,
+                                ToolMode::DirectExchange, ToolMode::Highlighting}) {
+            if (m_mouse->scene().isToolModeSet(flag))
+                set << flag;
+        }
+        return set;
+    }
     /// What the enabled buttons of the tool bar are called.
     QStringList enabledTools()
     {
         QStringList names;
-        for (QAction *action : m_mouse->view().toolBar().actions()) {
-            const QWidget *button = m_mouse->view().toolBar().widgetForAction(action);
+        for (QAction *action : bar().actions()) {
+            const QWidget *button = bar().widgetForAction(action);
             if (button && button->isEnabled() && !button->accessibleName().isEmpty())
                 names << button->accessibleName();
         }
         return names;
     }
-    static QSet<QUuid> uuidsOf(const QList<Cabinet> &cabinets)
-    {
-        QSet<QUuid> uuids;
-        for (const Cabinet &cabinet : cabinets)
-            uuids << cabinet.uuid;
-        return uuids;
-    }
     QSet<QUuid> uuidsOfPorts(const QList<int> &ports)
     {
         QSet<QUuid> uuids;
-        for (const int port : ports) {
-            for (const Cabinet &cabinet : m_mouse->original().port(port)->getAllCabinets())
-                uuids << cabinet.uuid;
-        }
+        for (const int port : ports)
+            uuids += uuidsOf(m_mouse->original().port(port)->getAllCabinets().toList());
         return uuids;
     }
 };

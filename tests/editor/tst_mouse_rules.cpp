@@ -1,11 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/editor/items/CGraphicsGroupItem.h"
 #include "tests/editor/CMouseTest.h"
 
 namespace {
-
-using View = CLayoutGraphicsView;
 
 constexpr QPoint InEmpty(300, 170);
 constexpr QPoint InPair(64, 264);
@@ -22,13 +19,13 @@ private Q_SLOTS:
         CGraphicsItemBase *member = m_mouse->at(InPair);
         CGraphicsItemBase *outer = &member->outermost();
         m_mouse->click({64, 64});
-        QCOMPARE(m_mouse->selected(), Items{&m_mouse->cabinet(0, 0)});
+        QCOMPARE(m_mouse->selected(), loose({0}));
         m_mouse->click(InPair);
         QCOMPARE(m_mouse->selected(), Items{outer});
         m_mouse->click({192, 64}, Qt::ControlModifier);
-        QCOMPARE(m_mouse->selected(), (Items{outer, &m_mouse->cabinet(0, 1)}));
+        QCOMPARE(m_mouse->selected(), loose({1}) + Items{outer});
         m_mouse->click({192, 390}, Qt::ControlModifier); // another member of the same outermost group
-        QCOMPARE(m_mouse->selected(), Items{&m_mouse->cabinet(0, 1)});
+        QCOMPARE(m_mouse->selected(), loose({1}));
         m_mouse->doubleClick(InPair);
         QCOMPARE(m_mouse->selected(), Items{member});
         m_mouse->click(InPair, Qt::ControlModifier);
@@ -38,45 +35,74 @@ private Q_SLOTS:
         QCOMPARE(m_mouse->selected(), Items{outer});
         m_mouse->click({64, 64}, Qt::ControlModifier);
         m_mouse->click({64, 64}); // one of several selected
-        QCOMPARE(m_mouse->selected(), Items{&m_mouse->cabinet(0, 0)});
+        QCOMPARE(m_mouse->selected(), loose({0}));
         m_mouse->click(InEmpty, Qt::ControlModifier);
-        QCOMPARE(m_mouse->selected(), Items{&m_mouse->cabinet(0, 0)});
+        QCOMPARE(m_mouse->selected(), loose({0}));
         m_mouse->click(InEmpty);
         QCOMPARE(m_mouse->selected(), Items());
         QCOMPARE(m_mouse->stack().count(), 0);
     }
 
+    void theRightButtonSelectsOnly()
+    {
+        m_mouse->pressRight({64, 64});
+        QCOMPARE(m_mouse->selected(), loose({0}));
+        m_mouse->click({192, 64}, Qt::ControlModifier);
+        m_mouse->pressRight({192, 64}); // what is selected stays so
+        QCOMPARE(m_mouse->selected(), loose({0, 1}));
+        m_mouse->pressRight({320, 64}, false, Qt::ControlModifier);
+        QCOMPARE(m_mouse->selected(), Items());
+        m_mouse->pressRight({320, 64});
+        m_mouse->moveTo({350, 90});
+        QVERIFY(m_mouse->layout() == m_mouse->original());
+        QCOMPARE(m_mouse->stack().count(), 0);
+    }
+
     void aBandSelectsWholeGroups()
     {
-        CGraphicsItemBase *member = m_mouse->at(InPair);
-        CGraphicsItemBase *outer = &member->outermost();
+        CGraphicsItemBase *outer = &m_mouse->at(InPair)->outermost();
         m_mouse->click({192, 64});
         m_mouse->press({-30, 170});
         m_mouse->moveTo({40, 240});
         QCOMPARE(m_mouse->selected(), Items{outer});
-        QVERIFY(!member->isSelected());
         m_mouse->moveTo({40, 100}); // the group is left, a loose cabinet is entered
-        QCOMPARE(m_mouse->selected(), Items{&m_mouse->cabinet(0, 0)});
+        QCOMPARE(m_mouse->selected(), loose({0}));
         m_mouse->moveTo({-10, 180});
         QCOMPARE(m_mouse->selected(), Items());
         m_mouse->moveTo({300, 100});
         m_mouse->release({300, 100});
-        QCOMPARE(m_mouse->selected(),
-                 (Items{&m_mouse->cabinet(0, 0), &m_mouse->cabinet(0, 1), &m_mouse->cabinet(0, 2)}));
+        QCOMPARE(m_mouse->selected(), loose({0, 1, 2}));
         QVERIFY(!m_mouse->scene().backend().mouse()->hasRubberBand());
+    }
+
+    void aBandAddsToWhatWasSelected()
+    {
+        CGraphicsItemBase *member = m_mouse->at(InPair);
+        m_mouse->doubleClick(InPair);
+        m_mouse->cabinet(0, 2).setSelected(true);
+        const Items before = m_mouse->selected();
+        for (const Qt::KeyboardModifier key : {Qt::ControlModifier, Qt::ShiftModifier}) {
+            m_mouse->press(QPoint(-30, 480), key);
+            QCOMPARE(m_mouse->selected(), before);
+            m_mouse->moveTo({40, 210});
+            QCOMPARE(m_mouse->selected(), loose({2}) + Items{&member->outermost()});
+            m_mouse->moveTo({-20, 470}); // the member that gave way to its group is selected again
+            QCOMPARE(m_mouse->selected(), before);
+            m_mouse->moveTo({400, 600});
+            QVERIFY(m_mouse->selected() != before);
+            m_mouse->scene().leaveOperation(); // Escape
+            QCOMPARE(m_mouse->selected(), before);
+            m_mouse->release({400, 600});
+            QCOMPARE(m_mouse->selected(), before);
+        }
     }
 
     void aDragIsOneStep()
     {
         m_mouse->drag({64, 64}, {41, -30}); // not selected before
-        QCOMPARE(m_mouse->selected(), Items{&m_mouse->cabinet(0, 0)});
-        QCOMPARE(m_mouse->cabinet(0, 0).cabinet().rect, QRect(41, -30, 128, 128));
+        QCOMPARE(m_mouse->selected(), loose({0}));
+        QCOMPARE(placeOf(0), QPoint(41, -30));
         QCOMPARE(m_mouse->stack().count(), 1);
-        const CabinetLayout afterOne = m_mouse->layout();
-        m_mouse->drag({64, 64}, {5, 5});
-        QCOMPARE(m_mouse->stack().count(), 2);
-        m_mouse->scene().undo(nullptr);
-        QVERIFY(m_mouse->layout() == afterOne);
         m_mouse->scene().undo(nullptr);
         QVERIFY(m_mouse->layout() == m_mouse->original());
 
@@ -86,100 +112,79 @@ private Q_SLOTS:
                      m_mouse->original().ports[1].getAllCabinets()[place].rect.translated(100, 0));
     }
 
-    void closedPortsKeepStill_data()
-    {
-        QTest::addColumn<bool>("locked");
-        QTest::newRow("locked") << true;
-        QTest::newRow("redundancy") << false;
-    }
-    void closedPortsKeepStill()
-    {
-        QFETCH(bool, locked);
-        m_mouse->states().locked[0] = locked;
-        if (!locked)
-            m_mouse->states().redundancy[0] = CabinetLayout::CabinetPort::Redundant;
-        m_mouse->click({320, 64});
-        QCOMPARE(m_mouse->selected(), Items{&m_mouse->cabinet(0, 2)});
-        m_mouse->drag({320, 64}, {50, 50});
-        m_mouse->drag({382, 126}, {20, 20});
-        m_mouse->scene().backend().placing().cut(m_mouse->scene().backend().operations());
-        m_mouse->view().toolBar().chooseMode(CEditorToolBar::Pen);
-        m_mouse->drag({64, 64}, {256, 0});
-        QVERIFY(m_mouse->layout() == m_mouse->original());
-        QCOMPARE(m_mouse->stack().count(), 0);
-        m_mouse->states().locked.clear();
-        m_mouse->states().redundancy.clear();
-    }
-
-    void handlesResize_data()
-    {
-        QTest::addColumn<QPoint>("grab");
-        QTest::addColumn<QPoint>("delta");
-        QTest::addColumn<QRect>("rect"); // of the third cabinet of port 0
-        QTest::newRow("bottom right") << QPoint(382, 126) << QPoint(20, 31) << QRect(256, 0, 148, 159);
-        QTest::newRow("sticking out") << QPoint(386, 130) << QPoint(20, 31) << QRect(256, 0, 148, 159);
-        QTest::newRow("top") << QPoint(320, 2) << QPoint(7, -10) << QRect(256, -10, 128, 138);
-        QTest::newRow("largest") << QPoint(382, 126) << QPoint(5000, 6000) << QRect(256, 0, 2048, 2048);
-        QTest::newRow("middle") << QPoint(320, 64) << QPoint(10, 10) << QRect(266, 10, 128, 128);
-    }
-    void handlesResize()
-    {
-        QFETCH(QPoint, grab);
-        QFETCH(QPoint, delta);
-        QFETCH(QRect, rect);
-        m_mouse->click({320, 64});
-        m_mouse->hover({382, 126}); // a handle is reached from inside
-        m_mouse->drag(grab, delta);
-        QCOMPARE(m_mouse->cabinet(0, 2).cabinet().rect, rect);
-        QCOMPARE(m_mouse->stack().count(), 1);
-        QTest::keyClick(&m_mouse->view(), Qt::Key_Z, Qt::ControlModifier);
-        QVERIFY(m_mouse->layout() == m_mouse->original());
-    }
-
     void aDragWithControlTakesTheItemAlong()
     {
         m_mouse->click({64, 64});
         m_mouse->press({192, 64}, Qt::ControlModifier);
         m_mouse->moveTo({192, 104});
         m_mouse->release({192, 104}, Qt::ControlModifier);
-        QCOMPARE(m_mouse->selected(), (Items{&m_mouse->cabinet(0, 0), &m_mouse->cabinet(0, 1)}));
-        QCOMPARE(m_mouse->cabinet(0, 0).scenePos(), QPointF(0, 40));
-        QCOMPARE(m_mouse->cabinet(0, 1).scenePos(), QPointF(128, 40));
+        QCOMPARE(m_mouse->selected(), loose({0, 1}));
+        QCOMPARE(placeOf(0), QPoint(0, 40));
+        QCOMPARE(placeOf(1), QPoint(128, 40));
     }
 
-    void aMoveCatchesAtEdges_data()
-    {
-        QTest::addColumn<int>("keys");
-        QTest::addColumn<QPoint>("way");
-        QTest::addColumn<QPoint>("place");
-        QTest::newRow("neighbours") << 0 << QPoint(249, 121) << QPoint(256, 128);
-        QTest::newRow("canvas") << 0 << QPoint(500, 8) << QPoint(500, 0);
-        QTest::newRow("in line with what is far away") << 0 << QPoint(700, 495) << QPoint(700, 495);
-        QTest::newRow("alt") << int(Qt::AltModifier) << QPoint(249, 121) << QPoint(249, 121);
-        QTest::newRow("shift") << int(Qt::ShiftModifier) << QPoint(249, 121) << QPoint(256, 0);
-    }
     void aMoveCatchesAtEdges()
     {
-        QFETCH(int, keys);
-        QFETCH(QPoint, way);
-        m_mouse->press({64, 64});
-        m_mouse->moveTo(QPoint(64, 64) + way, Qt::KeyboardModifiers(keys));
-        m_mouse->release(QPoint(64, 64) + way, Qt::KeyboardModifiers(keys));
-        QTEST(m_mouse->cabinet(0, 0).cabinet().rect.topLeft(), "place");
-        m_mouse->scene().undo(nullptr);
-        QVERIFY(m_mouse->layout() == m_mouse->original());
+        struct SCase
+        {
+            Qt::KeyboardModifiers keys;
+            QPoint way;
+            QPoint place;
+        };
+        const SCase cases[] = {{Qt::NoModifier, {249, 121}, {256, 128}}, // at neighbours
+                               {Qt::NoModifier, {500, 8}, {500, 0}},     // at the canvas
+                               {Qt::NoModifier, {700, 495}, {700, 495}}, // in line with what is far away
+                               {Qt::AltModifier, {249, 121}, {249, 121}},
+                               {Qt::ShiftModifier, {249, 121}, {256, 0}}};
+        for (const SCase &one : cases) {
+            m_mouse->press({64, 64});
+            m_mouse->moveTo(QPoint(64, 64) + one.way, one.keys);
+            m_mouse->release(QPoint(64, 64) + one.way, one.keys);
+            QCOMPARE(placeOf(0), one.place);
+            m_mouse->scene().undo(nullptr);
+        }
     }
 
-    void theHandEditsNothingByKeys()
+    void closedPortsKeepStill()
     {
-        m_mouse->click({64, 64});
-        m_mouse->drag({64, 64}, {0, 40});
-        m_mouse->view().toolBar().chooseMode(CEditorToolBar::Hand);
-        QTest::keyClick(&m_mouse->view(), Qt::Key_Delete);
-        QTest::keyClick(&m_mouse->view(), Qt::Key_Right);
-        QCOMPARE(m_mouse->stack().count(), 1);
-        QTest::keyClick(&m_mouse->view(), Qt::Key_Z, Qt::ControlModifier);
-        QVERIFY(m_mouse->layout() == m_mouse->original());
+        for (const bool locked : {true, false}) {
+            m_mouse->states().locked[0] = locked;
+            if (!locked)
+                m_mouse->states().redundancy[0] = CabinetLayout::CabinetPort::Redundant;
+            m_mouse->click({320, 64});
+            QCOMPARE(m_mouse->selected(), loose({2}));
+            m_mouse->drag({320, 64}, {50, 50});
+            m_mouse->drag({382, 126}, {20, 20});
+            m_mouse->scene().backend().placing().cut(m_mouse->scene().backend().operations());
+            m_mouse->view().toolBar().chooseMode(CEditorToolBar::Pen);
+            m_mouse->drag({64, 64}, {256, 0});
+            m_mouse->view().toolBar().chooseMode(CEditorToolBar::Arrow);
+            QVERIFY(m_mouse->layout() == m_mouse->original());
+            QCOMPARE(m_mouse->stack().count(), 0);
+        }
+    }
+
+    void handlesResize()
+    {
+        struct SCase
+        {
+            QPoint grab;
+            QPoint delta;
+            QRect rect; // of the third cabinet of port 0
+        };
+        const SCase cases[] = {{{382, 126}, {20, 31}, {256, 0, 148, 159}},
+                               {{386, 130}, {20, 31}, {256, 0, 148, 159}}, // on its half outside
+                               {{320, 2}, {7, -10}, {256, -10, 128, 138}},
+                               {{382, 126}, {5000, 6000}, {256, 0, 2048, 2048}}};
+        m_mouse->click({320, 64});
+        for (const SCase &one : cases) {
+            m_mouse->hover({382, 126}); // a handle is reached from inside
+            m_mouse->drag(one.grab, one.delta);
+            QCOMPARE(m_mouse->cabinet(0, 2).cabinet().rect, one.rect);
+            QCOMPARE(m_mouse->stack().count(), 1);
+            QTest::keyClick(&m_mouse->view(), Qt::Key_Z, Qt::ControlModifier);
+            QVERIFY(m_mouse->layout() == m_mouse->original());
+        }
     }
 
     void clicksChangeNothing()
@@ -208,45 +213,13 @@ private Q_SLOTS:
         QCOMPARE(m_mouse->selected(), Items());
     }
 
-    void groupsResizeWhenTheyTile_data()
-    {
-        QTest::addColumn<QPoint>("member");
-        QTest::addColumn<QPoint>("corner"); // bottom right, of the group
-        QTest::addColumn<QPoint>("second"); // a second item to select
-        QTest::addColumn<QString>("text");
-        const QPoint none;
-        QTest::newRow("tiling") << QPoint(64, 564) << QPoint(256, 628) << none << "Scale";
-        QTest::newRow("two types") << QPoint(464, 564) << QPoint(656, 628) << none << "Move";
-        QTest::newRow("L shape") << InPair << QPoint(256, 456) << none << "Move";
-        QTest::newRow("two selected") << QPoint(64, 564) << QPoint(256, 628) << QPoint(64, 64) << "Move";
-    }
-    void groupsResizeWhenTheyTile()
-    {
-        QFETCH(QPoint, member);
-        QFETCH(QPoint, corner);
-        QFETCH(QPoint, second);
-        QFETCH(QString, text);
-        m_mouse->click(member);
-        if (!second.isNull())
-            m_mouse->click(second, Qt::ControlModifier);
-        const CGraphicsItemBase &group = m_mouse->at(member)->outermost();
-        const QSizeF before = group.rect().size();
-        m_mouse->drag(corner - QPoint(2, 2), {64, 32});
-        QCOMPARE(m_mouse->stack().count(), 1);
-        QCOMPARE(m_mouse->stack().text(0), text);
-        const QSizeF after = group.rect().size();
-        QCOMPARE(after, text == QLatin1String("Scale") ? before + QSizeF(64, 32) : before);
-        if (text == QLatin1String("Scale"))
-            QCOMPARE(m_mouse->cabinet(2, 1).cabinet().rect, QRect(160, 500, 160, 160));
-    }
-
     void quickClicksCount()
     {
         m_mouse->click({64, 64});
         m_mouse->pressAgain({64, 64});
         m_mouse->moveTo({74, 70});
         m_mouse->release({74, 70});
-        QCOMPARE(m_mouse->cabinet(0, 0).scenePos(), QPointF(10, 6));
+        QCOMPARE(placeOf(0), QPoint(10, 6));
         m_mouse->scene().undo(nullptr);
         m_mouse->click({382, 126});
         m_mouse->pressAgain({382, 126}); // on a handle
@@ -276,45 +249,8 @@ private Q_SLOTS:
         QCOMPARE(m_mouse->stack().count(), 3);
     }
 
-    void aBandAddsToWhatWasSelected_data()
-    {
-        QTest::addColumn<int>("key");
-        QTest::newRow("control") << int(Qt::ControlModifier);
-        QTest::newRow("shift") << int(Qt::ShiftModifier);
-    }
-    void aBandAddsToWhatWasSelected()
-    {
-        QFETCH(int, key);
-        CGraphicsItemBase *member = m_mouse->at(InPair);
-        m_mouse->click({320, 64});
-        m_mouse->doubleClick(InPair);
-        m_mouse->cabinet(0, 2).setSelected(true);
-        const Items before = m_mouse->selected();
-        m_mouse->press(QPoint(-30, 480), Qt::KeyboardModifiers(key));
-        QCOMPARE(m_mouse->selected(), before);
-        m_mouse->moveTo({40, 210});
-        QCOMPARE(m_mouse->selected(), (Items{&member->outermost(), &m_mouse->cabinet(0, 2)}));
-        m_mouse->moveTo({-20, 470}); // the member that gave way to its group is selected again
-        QCOMPARE(m_mouse->selected(), before);
-        m_mouse->moveTo({400, 600});
-        QVERIFY(m_mouse->selected() != before);
-        m_mouse->scene().leaveOperation(); // Escape
-        QCOMPARE(m_mouse->selected(), before);
-        m_mouse->release({400, 600});
-        QCOMPARE(m_mouse->selected(), before);
-    }
-
     void escapePutsBack()
     {
-        m_mouse->press({64, 64});
-        m_mouse->moveTo({164, 164});
-        QCOMPARE(m_mouse->cabinet(0, 0).scenePos(), QPointF(100, 100));
-        QTest::keyClick(&m_mouse->view(), Qt::Key_Escape);
-        QCOMPARE(m_mouse->cabinet(0, 0).scenePos(), QPointF(0, 0));
-        m_mouse->moveTo({264, 264});
-        m_mouse->release({264, 264});
-        QVERIFY(m_mouse->layout() == m_mouse->original());
-
         m_mouse->press(InEmpty);
         m_mouse->moveTo({310, 180});
         QTest::keyClick(&m_mouse->view(), Qt::Key_Escape);
@@ -340,16 +276,23 @@ private Q_SLOTS:
         key(Qt::Key_Right);
         key(Qt::Key_Right);
         key(Qt::Key_Down);
-        QCOMPARE(m_mouse->cabinet(0, 0).cabinet().rect.topLeft(), QPoint(2, 1));
+        QCOMPARE(placeOf(0), QPoint(2, 1));
         key(Qt::Key_Left);
         key(Qt::Key_Up);
-        QCOMPARE(m_mouse->cabinet(0, 0).cabinet().rect.topLeft(), QPoint(1, 0));
+        QCOMPARE(placeOf(0), QPoint(1, 0));
         while (m_mouse->stack().canUndo())
             key(Qt::Key_Z, Qt::ControlModifier);
         QVERIFY(m_mouse->layout() == m_mouse->original());
         key(Qt::Key_Y, Qt::ControlModifier);
         QVERIFY(m_mouse->layout() != m_mouse->original());
+        m_mouse->view().toolBar().chooseMode(CEditorToolBar::Hand);
+        const int steps = m_mouse->stack().index();
+        key(Qt::Key_Delete); // the hand edits nothing
+        key(Qt::Key_Right);
+        QCOMPARE(m_mouse->stack().index(), steps);
         key(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(m_mouse->stack().index(), steps - 1);
+        m_mouse->view().toolBar().chooseMode(CEditorToolBar::Arrow);
 
         m_mouse->click({192, 64}, Qt::ControlModifier);
         key(Qt::Key_G, Qt::ControlModifier);
@@ -360,6 +303,48 @@ private Q_SLOTS:
         QCOMPARE(m_mouse->scene().portItem(0)->cabinets(nullptr).size(), 1);
         key(Qt::Key_A, Qt::ControlModifier);
         QCOMPARE(m_mouse->selected().size(), 1 + 1 + 2 + 2);
+    }
+
+    void handlesEndHighlightsOfCabinetsWithoutAType()
+    {
+        struct SCase
+        {
+            bool option;
+            QPoint click;
+            QPoint corner;
+            bool ends;
+        };
+        const SCase cases[] = {{true, {320, 64}, {384, 128}, true},
+                               {false, {320, 64}, {384, 128}, false},
+                               {true, {64, 564}, {256, 628}, false}}; // a group of a type
+        QVector<CGraphicsCabinetItem *> all;
+        for (const CGraphicsPortItem *port : m_mouse->scene().portItems())
+            all += port->cabinets(nullptr);
+        for (const SCase &one : cases) {
+            m_mouse->states().resetsHighlight = one.option;
+            for (CGraphicsCabinetItem *cabinet : qAsConst(all))
+                cabinet->setHighlighted(true);
+            m_mouse->drag(one.click, {13, 3}); // a move leaves highlights alone
+            m_mouse->scene().undo(nullptr);
+            m_mouse->click(one.click);
+            m_mouse->drag(one.corner - QPoint(2, 2), {10, 0});
+            QCOMPARE(m_mouse->stack().undoText(), QStringLiteral("Scale"));
+            const auto concerned = m_mouse->scene().selection().cabinets();
+            for (CGraphicsCabinetItem *cabinet : qAsConst(all))
+                QCOMPARE(cabinet->isHighlighted(), !(one.ends && concerned.contains(cabinet)));
+            m_mouse->scene().undo(nullptr);
+        }
+    }
+
+private:
+    QPoint placeOf(int place) { return m_mouse->cabinet(0, place).cabinet().rect.topLeft(); }
+    /// Cabinets of port 0.
+    Items loose(const QVector<int> &places)
+    {
+        Items items;
+        for (const int place : places)
+            items << &m_mouse->cabinet(0, place);
+        return items;
     }
 };
 

@@ -1,14 +1,16 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/editor/content/CLayoutReader.h"
 #include "layout/editor/gestures/CSceneInput.h"
-#include "layout/editor/menus/CCabinetMenu.h"
-#include "layout/editor/undo/CMoveCommand.h"
+#include "layout/editor/items/CGraphicsConnectionItem.h"
 #include "layout/resources/LayoutResources.h"
 #include "tests/editor/CNotedCommands.h"
+#include "tests/editor/CSceneVerifier.h"
 #include "tests/editor/CommandWorld.h"
+#include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
 
+#include <QApplication>
+#include <QGraphicsSceneHoverEvent>
 #include <QGraphicsSceneMouseEvent>
 #include <QMenu>
 #include <QSignalSpy>
@@ -17,16 +19,6 @@ namespace {
 
 using Port = CabinetLayout::CabinetPort;
 using CommandWorld::World;
-
-QStringList parameterEntries(QMenu &menu)
-{
-    QStringList texts;
-    for (QMenu *sub : menu.findChildren<QMenu *>()) {
-        for (const QAction *action : sub->actions())
-            texts << action->text();
-    }
-    return texts;
-}
 
 } // namespace
 
@@ -113,19 +105,6 @@ private Q_SLOTS:
         QVERIFY(!inner.canResize());
     }
 
-    void lockIsToldBeforeRedundancyOfWhicheverPort()
-    {
-        World world;
-        QUndoCommand step;
-        new CMoveCommand(&World::cabinet(world.scene, 0, 0), &step);
-        new CMoveCommand(&World::cabinet(world.scene, 2, 0), &step);
-        CGuardedUndo &history = world.scene.backend().history();
-        world.states().redundancy[2] = Port::Redundant;
-        QVERIFY(history.refusal(step, true).contains(QLatin1String("Port 3 is redundancy")));
-        world.states().locked[2] = true;
-        QVERIFY(history.refusal(step, true).contains(QLatin1String("Port 3 is locked")));
-    }
-
     void blanksAreScaledWithTheirCabinet()
     {
         World world;
@@ -141,74 +120,140 @@ private Q_SLOTS:
         QCOMPARE(cabinet.cabinet().blanks, QVector<QRect>{QRect(32, 0, 32, 64)});
     }
 
+    void refusalsTellWhichPortIsLockedOrARedundancy()
+    {
+        World world;
+        world.scene.selectAllItem();
+        world.scene.selectedItemMoveDown();
+        const CabinetLayout moved = world.layout();
+        CMessageBoxAnswerer user({QStringLiteral("OK"), QStringLiteral("OK"), QStringLiteral("OK")});
+        world.states().redundancy[2] = Port::Redundant;
+        world.scene.undo(nullptr);
+        world.states().locked[2] = true; // is told first
+        world.scene.undo(nullptr);
+        QVERIFY(world.layout() == moved);
+        world.states().locked.clear();
+        world.states().redundancy.clear();
+        world.scene.undo(nullptr);
+        world.states().locked[0] = true;
+        world.scene.redo(nullptr);
+        QVERIFY(world.layout() == world.data.layout);
+        QCOMPARE(user.texts(), (QStringList{QStringLiteral("Port 3 is redundancy and cannot be undone."),
+                                            QStringLiteral("Port 3 is locked and cannot be undone."),
+                                            QStringLiteral("Port 1 is locked and cannot be redone.")}));
+    }
+
     void onlyAPressOnAReceiverReversesThem()
     {
         World world;
-        CSceneInput input(world.scene);
+        const CSceneInput input(world.scene);
         auto &cabinet = World::cabinet(world.scene, 0, 1);
         auto record = cabinet.cabinet();
         record.rects = {QRect(0, 0, 32, 128), QRect(32, 0, 32, 128)};
         cabinet.setCabinet(record);
         world.scene.setToolMode(ToolMode::HeadToTailExchange, true);
         QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
-        press.setPos(QPointF(100, 60));
-        input.mouseMode().pressCabinet(cabinet, press);
-        QCOMPARE(cabinet.cabinet().rects, record.rects);
-        press.setPos(QPointF(40, 60));
-        input.mouseMode().pressCabinet(cabinet, press);
-        QCOMPARE(cabinet.cabinet().rects.first(), record.rects.last());
-        QCOMPARE(world.stack().undoText(), QStringLiteral("Head-to-tail exchange"));
-    }
-
-    void fileEntriesBelongToASingleWiredCabinet()
-    {
-        World world;
-        CNotedCommands commands;
-        const auto entriesFor = [&](CGraphicsItemBase &clicked, CGraphicsItemBase &selected) {
-            world.scene.clearSelection();
-            selected.setSelected(true);
-            QMenu menu;
-            CCabinetMenu(menu, world.scene.backend(), &commands, clicked, nullptr).fill();
-            return parameterEntries(menu).join(QLatin1Char('|'));
-        };
-        auto &wired = World::cabinet(world.scene, 0, 0);
-        auto &unwired = World::cabinet(world.scene, 1, 0);
-        QVERIFY(entriesFor(wired, wired).contains(QLatin1String("Readback")));
-        QVERIFY(!entriesFor(unwired, unwired).contains(QLatin1String("Readback")));
-        auto &group = World::group(world.scene, "outer");
-        auto &member = *group.cabinets().first();
-        auto record = member.cabinet();
-        record.type = SMD5::ofContent("a type");
-        member.setCabinet(record);
-        QVERIFY(!entriesFor(member, group).contains(QLatin1String("Export")));
-        QVERIFY(entriesFor(member, member).contains(QLatin1String("Export")));
-    }
-
-    void aSceneWithoutInputIgnoresTheMouseOnly()
-    {
-        World world;
-        QVERIFY(!world.scene.backend().mouse());
-        QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
-        press.setScenePos(QPointF(10, 10));
-        press.setButton(Qt::LeftButton);
-        press.setButtons(Qt::LeftButton);
-        QCoreApplication::sendEvent(&world.scene, &press);
-        QVERIFY(world.scene.selection().isEmpty());
-        world.scene.selectAllItem();
-        world.scene.selectedItemMoveDown();
-        QVERIFY(world.layout() != world.data.layout);
-        world.scene.undo(nullptr);
-        QVERIFY(world.layout() == world.data.layout);
-    }
-
-    void commandsCarryTheNameOfTheirEdit()
-    {
-        World world;
-        world.scene.selectAllItem();
-        world.scene.topologyWiring(0);
+        for (const int x : {100, 40}) { // beside them, and on the second one
+            press.setPos(QPointF(x, 60));
+            world.scene.backend().mouse()->mouseMode().pressCabinet(cabinet, press);
+            QCOMPARE(cabinet.cabinet().rects.first(), record.rects.at(x == 40));
+        }
         const CUndoCommandBase *own = world.scene.getChildUndoCommand(world.stack().command(0));
         QVERIFY(own);
-        QCOMPARE(own->operationName(), QStringLiteral("topologyWiring"));
+        QCOMPARE(own->operationName(), QStringLiteral("ChangeRank"));
+    }
+
+    void reloadingUndoably()
+    {
+        World world;
+        const auto reload = [&world](const CabinetLayout &layout, const QList<QUuid> &selected = {}) {
+            LayoutData data = world.data;
+            data.layout = layout;
+            world.scene.setLayoutData(SmallWorlds::node(data), data, {}, selected, true);
+        };
+        CabinetLayout other = world.data.layout;
+        other.ports[0] = SmallWorlds::wiredPort(0, 2);
+        const QUuid chosen = other.ports[0].getAllCabinets().first().uuid;
+        const CGraphicsCabinetItem *kept = &World::cabinet(world.scene, 2, 0);
+        reload(other, {chosen});
+        QVERIFY(world.layout() == other);
+        QCOMPARE(&World::cabinet(world.scene, 2, 0), kept); // its port has not changed
+        QCOMPARE(world.scene.backend().recorder().operationName(), QStringLiteral("Reset"));
+        world.scene.undo(nullptr);
+
+        QSignalSpy sceneSpy(&world.scene, &CommandWorld::Scene::notifySceneChanged);
+        CabinetLayout same = world.data.layout;
+        same.ports[0].groups << Port::CabinetGroup();
+        same.ports[0].groups.last().uuid = QUuid::createUuid(); // an empty group is not shown
+        reload(same);
+        QVERIFY(world.layout() == world.data.layout);
+        QCOMPARE(sceneSpy.count(), 0);
+        world.scene.redo(nullptr);
+        QVERIFY(world.layout() == other);
+        QCOMPARE(world.scene.selection().uuids(), QVector<QUuid>{chosen});
+        QCOMPARE(CSceneVerifier::faultIn(world.scene), QString());
+    }
+
+    void aHighlightIsNoDifferenceOfTheLayout()
+    {
+        World world;
+        world.scene.backend().highlights().press(World::cabinet(world.scene, 0, 0), false);
+        LayoutData marked = world.data;
+        marked.layout = world.layout();
+        QCOMPARE(marked.layout.ports[0].getAllCabinets().first().calibrationIndex, 0);
+        world.scene.setLayoutData(SmallWorlds::node(world.data), world.data, {}, {}, true);
+        QCOMPARE(world.stack().count(), 0);
+        QCOMPARE(world.scene.backend().highlights().records().size(), 1);
+        world.scene.setLayoutData(SmallWorlds::node(marked), marked);
+        QVERIFY(world.layout() == world.data.layout); // anew, and no cabinet stands out
+    }
+
+    void withoutAStackEditsStillApply()
+    {
+        World world;
+        world.scene.setUndoStack(nullptr);
+        world.scene.setLayoutData(SmallWorlds::node(world.data), world.data);
+        world.scene.selectAllItem();
+        world.scene.backend().operations().remove();
+        world.scene.undo(nullptr);
+        QCOMPARE(world.layout().cabinetCount(), 0);
+    }
+
+    /// What other parts of the program rely on.
+    void kindsAndFlagsOfItems()
+    {
+        World world;
+        const CGraphicsCabinetItem cabinet(nullptr);
+        const CGraphicsGroupItem group(QUuid(), QRectF(), nullptr);
+        QCOMPARE(cabinet.type(), 65537);
+        QCOMPARE(World::cabinet(world.scene, 0, 0).outgoing()->type(), 65538);
+        QCOMPARE(group.type(), 65539);
+        QCOMPARE(world.scene.portItem(0)->type(), 65540);
+        for (const CGraphicsItemBase *item : {static_cast<const CGraphicsItemBase *>(&cabinet),
+                                              static_cast<const CGraphicsItemBase *>(&group)}) {
+            QCOMPARE(int(item->flags()), 67587); // movable, selectable, sends changes of geometry and place
+            QVERIFY(!item->uuid().isNull());
+            QCOMPARE(item->data(0).toUuid(), item->uuid());
+        }
+    }
+
+    void aGroupGivesItsCursorUpWhenAMemberIsEntered()
+    {
+        World world;
+        CGraphicsGroupItem &group = World::group(world.scene, "inner");
+        CGraphicsCabinetItem &member = *group.cabinets().first();
+        const auto keepsCursor = [&](Qt::CursorShape shape, QEvent::Type event) {
+            member.setCursor(Qt::CrossCursor);
+            group.setCursor(shape);
+            QGraphicsSceneHoverEvent hover{event};
+            world.scene.sendEvent(&member, &hover);
+            return group.hasCursor();
+        };
+        QVERIFY(!keepsCursor(Qt::SizeHorCursor, QEvent::GraphicsSceneHoverEnter));
+        QVERIFY(member.hasCursor());
+        QVERIFY(keepsCursor(Qt::ArrowCursor, QEvent::GraphicsSceneHoverEnter));
+        QVERIFY(keepsCursor(Qt::SizeHorCursor, QEvent::GraphicsSceneHoverLeave));
+        QVERIFY(!member.hasCursor());
     }
 };
 

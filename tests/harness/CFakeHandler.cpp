@@ -79,24 +79,6 @@ void CFakeHandler::endWaiting(const SDeviceOutcome &ended)
     done(ended);
 }
 
-bool CFakeHandler::applyProcessorRedundancy(const QList<QUuid> &, const QList<QPair<QUuid, QUuid>> &pairs)
-{
-    const auto lock = note(__func__);
-    const bool taken = !refused.contains(QLatin1String(__func__));
-    if (taken)
-        redundancies = pairs;
-    return taken;
-}
-
-bool CFakeHandler::applyPortRedundancy(const QList<QUuid> &, const QList<SPortPair> &pairs)
-{
-    const auto lock = note(__func__);
-    const bool taken = !refused.contains(QLatin1String(__func__));
-    if (taken)
-        portPairs = pairs;
-    return taken;
-}
-
 bool CFakeHandler::areProcessorsOnline(const QList<QUuid> &processors) const
 {
     const auto lock = note(__func__);
@@ -162,15 +144,6 @@ void CFakeHandler::saveMapping(ReadSaveMappingRole wanted, const LayoutData &dat
     role = wanted;
     saved = data;
     end(std::move(lock), std::move(done));
-}
-
-bool CFakeHandler::sendCurrentGains(const QList<SCurrentGain> &sent)
-{
-    const auto lock = note(__func__);
-    const bool taken = !refused.contains(QLatin1String(__func__));
-    if (taken)
-        gains = sent;
-    return taken;
 }
 
 bool CFakeHandler::setProcessorOffsets(const ProcessorOffsets &offsets)

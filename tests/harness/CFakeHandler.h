@@ -138,7 +138,10 @@ public:
     }
     void readMapping(ReadSaveMappingRole role, const SMappingOptions &options, Done done) override;
     void saveMapping(ReadSaveMappingRole role, const LayoutData &data, Done done) override;
-    bool applyProcessorRedundancy(const QList<QUuid> &, const QList<QPair<QUuid, QUuid>> &pairs) override;
+    bool applyProcessorRedundancy(const QList<QUuid> &, const QList<QPair<QUuid, QUuid>> &pairs) override
+    {
+        return take(__func__, redundancies, pairs);
+    }
     bool areProcessorsOnline(const QList<QUuid> &processors) const override;
     bool areProcessorsBusy(const QList<QUuid> &) const override { return given(__func__, busy); }
     QString portPairRefusal(const SPortKey &port) const override
@@ -146,7 +149,10 @@ public:
         return given(__func__, portRefusals).value(port);
     }
     QList<SPortPair> portRedundancies() const override { return given(__func__, portPairs); }
-    bool applyPortRedundancy(const QList<QUuid> &, const QList<SPortPair> &pairs) override;
+    bool applyPortRedundancy(const QList<QUuid> &, const QList<SPortPair> &pairs) override
+    {
+        return take(__func__, portPairs, pairs);
+    }
     void showTypeLibrary(QWidget *) override { note(__func__); }
     bool areOnPrimaryPorts(const Cabinets &) const override { return given(__func__, primaryPorts); }
     bool sendCabinetParameters(const Cabinets &cabinets, const SMD5 &type, double gamma) override
@@ -156,7 +162,7 @@ public:
     QList<SCurrentGain> currentGains() const override { return given(__func__, gains); }
     bool importCurrentGain(const QString &file) override { return answer(__func__, file); }
     bool clearCurrentGains() override { return answer(__func__); }
-    bool sendCurrentGains(const QList<SCurrentGain> &sent) override;
+    bool sendCurrentGains(const QList<SCurrentGain> &sent) override { return take(__func__, gains, sent); }
     SCanvasLimits canvasLimits() const override { return given(__func__, limits); }
     CanvasBlock canvasBlock() const override { return given(__func__, block); }
     bool setCanvasSize(const QSize &s) override { return answer(__func__, s.width(), s.height()); }
@@ -189,6 +195,15 @@ private:
     {
         const auto lock = note(name, arguments...);
         return !refused.contains(QLatin1String(name));
+    }
+    template <typename Value>
+    bool take(const char *name, Value &member, const Value &value)
+    {
+        const auto lock = note(name);
+        const bool taken = !refused.contains(QLatin1String(name));
+        if (taken)
+            member = value;
+        return taken;
     }
     template <typename Value>
     Value given(const char *name, const Value &member) const

@@ -6,11 +6,9 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IMouseMode.h"
-#include "layout/editor/menus/CCabinetMenu.h"
 #include "layout/geometry/CResizeHandles.h"
-#include "tests/editor/random/MenuEntries.h"
+#include "tests/editor/random/RandomKinds.h"
 #include "tests/editor/random/RandomLayout.h"
-#include "tests/harness/CMessageBoxAnswerer.h"
 
 #include <QApplication>
 
@@ -33,7 +31,6 @@ CRandomEdits::CRandomEdits(SRandomScene &world, QRandomGenerator &random, CRefer
 
 bool CRandomEdits::carryOut(int kind)
 {
-    m_kind = kind;
     switch (kind) {
     case Drag:
         return dragSelection();
@@ -45,18 +42,18 @@ bool CRandomEdits::carryOut(int kind)
     case Delete:
         return removeSelection(kind == Cut);
     case Copy:
-        act([this] { m_scene.backend().placing().copy(); });
+        m_scene.backend().placing().copy();
         m_placing.takeCopy(m_before, m_items);
         return false;
     case Paste:
     case Append: {
-        const bool placed = kind == Paste ? m_placing.paste(m_entry) : m_placing.append();
+        const bool placed = kind == Paste ? m_placing.paste() : m_placing.append();
         if (placed)
             m_selection = CReferenceModel(m_world.layout()).topItems() - m_before.topItems();
         return placed;
     }
     case SelectAll:
-        act([this] { m_scene.selectAllItem(); });
+        m_scene.selectAllItem();
         m_selection = m_before.topItems();
         return false;
     case SameType:
@@ -68,8 +65,6 @@ bool CRandomEdits::carryOut(int kind)
     case InterruptDrag:
         interruptDrag();
         return false;
-    case Menu:
-        return chooseEntry();
     case SetType:
     case MoveTo:
     case ResizeTo:
@@ -85,34 +80,6 @@ bool CRandomEdits::carryOut(int kind)
     }
 }
 
-/// Triggers an entry of the menu of a selected item, or of the canvas.
-bool CRandomEdits::chooseEntry()
-{
-    QMenu menu;
-    const QVector<CGraphicsItemBase *> items = m_scene.selection().sorted();
-    if (items.isEmpty() || m_random.bounded(4) == 0) {
-        m_entryPort = m_placing.fillCanvasMenu(menu);
-    } else {
-        const CGraphicsItemBase &clicked = *items.at(m_random.bounded(items.size()));
-        m_clicked = clicked.uuid();
-        m_entryPort = clicked.port();
-        CCabinetMenu(menu, m_scene.backend(), &m_world.commands, clicked, nullptr).fill();
-    }
-    const QVector<QAction *> entries = MenuEntries::editing(menu);
-    m_entry = entries.at(m_random.bounded(entries.size()));
-    const bool edited = carryOut(MenuEntries::kinds().value(m_entry->text()));
-    m_entry = nullptr;
-    return edited;
-}
-
-void CRandomEdits::act(const std::function<void()> &directly)
-{
-    if (m_entry)
-        m_entry->trigger();
-    else
-        directly();
-}
-
 bool CRandomEdits::editPort(int kind)
 {
     const int port = m_random.bounded(PortCount);
@@ -121,8 +88,14 @@ bool CRandomEdits::editPort(int kind)
         return exchangeReceivers();
     case Pen:
         return drawStroke();
-    case ClearPort:
-        return clearPort(m_entry ? m_entryPort : port);
+    case ClearPort: {
+        m_scene.breakPortWiring(port);
+        if (m_world.isClosed(port))
+            return false;
+        const QVector<QUuid> chain = m_before.chain(port);
+        m_expected.unwire(QSet<QUuid>(chain.begin(), chain.end()));
+        return true;
+    }
     case Backup: {
         const bool back = m_random.bounded(2);
         m_scene.backupPort((port + 1) % PortCount, port, back);
@@ -149,7 +122,7 @@ bool CRandomEdits::editSelection(int kind)
         nudge(kind, edited);
         break;
     case Ungroup:
-        act([this] { m_scene.backend().operations().ungroup(); });
+        m_scene.backend().operations().ungroup();
         for (const QUuid &item : qAsConst(m_items)) {
             if (edited.isGroup(item))
                 edited.ungroup(item);
@@ -197,8 +170,7 @@ bool CRandomEdits::changeShape(int kind)
             edited.resizeTo(m_items, size);
     } else {
         const CReferenceModel::TypeInfo type = CRandomPlacing::randomType(m_random);
-        m_world.commands.choosing = [this, &type] { m_scene.backend().shape().applyType(type); };
-        act([this] { m_world.commands.chooseType(nullptr); });
+        m_scene.backend().shape().applyType(type);
         if (type.isValid())
             edited.setType(m_before.cabinetsBelow(m_items), type);
     }
@@ -222,29 +194,15 @@ bool CRandomEdits::arrange()
 bool CRandomEdits::removeSelection(bool cut)
 {
     if (cut)
-        act([this] { m_scene.backend().placing().cut(m_scene.backend().operations()); });
+        m_scene.backend().placing().cut(m_scene.backend().operations());
     else
-        act([this] { m_scene.backend().operations().remove(); });
+        m_scene.backend().operations().remove();
     if (m_refused)
         return false;
     if (cut)
         m_placing.takeCopy(m_before, m_items);
     m_expected.remove(m_before.cabinetsBelow(m_items));
     m_selection = QSet<QUuid>();
-    return true;
-}
-
-bool CRandomEdits::clearPort(int port)
-{
-    const bool sure = !m_entry || m_random.bounded(2);
-    {
-        const CMessageBoxAnswerer user({sure ? QStringLiteral("Yes") : QStringLiteral("No")});
-        act([this, port] { m_scene.breakPortWiring(port); });
-    }
-    if (!sure || m_world.isClosed(port))
-        return false;
-    const QVector<QUuid> chain = m_before.chain(port);
-    m_expected.unwire(QSet<QUuid>(chain.begin(), chain.end()));
     return true;
 }
 
@@ -256,15 +214,10 @@ QUuid CRandomEdits::randomCabinet()
 
 void CRandomEdits::selectSameType()
 {
-    const QUuid clicked = m_entry ? m_clicked : randomCabinet();
-    act([this, clicked] { m_scene.backend().picks().sameType(clicked); });
-    if (clicked.isNull())
-        return;
-    for (const QUuid &cabinet : m_before.cabinetsBelow({clicked})) { // of a group one decides
-        m_selection = m_before.sameType(cabinet);
-        if (m_selection == m_world.selected())
-            break;
-    }
+    const QUuid clicked = randomCabinet();
+    m_scene.backend().picks().sameType(clicked);
+    if (!clicked.isNull())
+        m_selection = m_before.sameType(clicked);
 }
 
 /// Presses a cabinet as the tool does that highlights, or ends all highlights.
@@ -379,7 +332,7 @@ bool CRandomEdits::drawStroke()
 bool CRandomEdits::groupSelection()
 {
     const bool possible = m_scene.selection().canGroup();
-    act([this] { m_scene.backend().operations().group(); });
+    m_scene.backend().operations().group();
     if (!possible)
         return false;
     m_selection = m_world.selected();

@@ -2,10 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/editor/random/CRandomPlacing.h"
 
-#include "layout/editor/menus/CCanvasMenu.h"
 #include "tests/editor/random/RandomLayout.h"
 
-#include <QAction>
 #include <QCoreApplication>
 #include <QGraphicsSceneContextMenuEvent>
 #include <QGraphicsSceneMouseEvent>
@@ -84,37 +82,21 @@ void CRandomPlacing::takeCopy(const CReferenceModel &before, const QSet<QUuid> &
     m_world.cache = m_world.scene.backend().placing().cache();
 }
 
-void CRandomPlacing::choosePlace()
+bool CRandomPlacing::paste()
 {
-    m_place = {m_random.bounded(12) * 50.25, m_random.bounded(12) * 50.0};
-    m_world.states.current = m_random.bounded(PortCount + 1) - 1; // one of them is none
-}
-
-int CRandomPlacing::fillCanvasMenu(QMenu &menu)
-{
-    choosePlace();
-    CCanvasMenu(menu, m_world.scene.backend(), &m_world.commands, nullptr).fill(m_place);
-    return m_world.states.current;
-}
-
-bool CRandomPlacing::paste(QAction *entry)
-{
-    if (!entry)
-        choosePlace();
-    const int port = m_world.states.current;
+    const QPointF place(m_random.bounded(12) * 50.25, m_random.bounded(12) * 50.0);
+    const int port = m_random.bounded(PortCount + 1) - 1; // one of them is none
+    m_world.states.current = port;
     if (!hasRoom(port))
         return false;
-    if (entry)
-        entry->trigger();
-    else
-        m_world.scene.pasteItems(m_place, nullptr);
+    m_world.scene.pasteItems(place, nullptr);
     if (port < 0) {
         m_world.copied = CReferenceModel(); // the copy is given up
         m_world.cache = PasteCache();
     }
     if (port < 0 || m_world.isClosed(port) || m_world.copied.isEmpty())
         return false;
-    m_expected.paste(m_world.copied, port, QPoint(qRound(m_place.x()), qRound(m_place.y())));
+    m_expected.paste(m_world.copied, port, place.toPoint());
     return true;
 }
 

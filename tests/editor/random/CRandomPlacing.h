@@ -8,9 +8,6 @@
 
 #include <optional>
 
-class QAction;
-class QMenu;
-
 /// Copies, pastes and appends at random, in the scene and in a reference model. Edits return whether they
 /// changed the layout.
 class CRandomPlacing final
@@ -27,14 +24,10 @@ public:
 
     /// Call after the scene has copied @p items.
     void takeCopy(const CReferenceModel &before, const QSet<QUuid> &items);
-    /// Pastes at a position, or by @p entry of the menu that was filled last.
-    bool paste(QAction *entry);
+    bool paste();
     bool append();
-    /// Fills @p menu with the menu of a right click beside all items. Returns the current port; -1: none.
-    int fillCanvasMenu(QMenu &menu);
 
 private:
-    void choosePlace();
     std::optional<QRect> snapped(QRect ghost) const;
     void send(QEvent::Type type, const QPointF &scenePos, Qt::MouseButton button);
     void askForMenu(const QPointF &scenePos);
@@ -43,5 +36,4 @@ private:
     SRandomScene &m_world;
     QRandomGenerator &m_random;
     CReferenceModel &m_expected;
-    QPointF m_place; // of a paste
 };

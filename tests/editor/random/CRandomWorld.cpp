@@ -5,7 +5,6 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
-#include "layout/editor/menus/CCabinetMenu.h"
 #include "tests/editor/CSceneVerifier.h"
 #include "tests/editor/SmallWorlds.h"
 #include "tests/editor/random/CRandomEdits.h"
@@ -122,9 +121,6 @@ QString CRandomWorld::edit(int kind, QRandomGenerator &random)
         return QStringLiteral("what does nothing has recorded a step or announced a change");
     if (m_world.selectionSignals > 1 || m_world.sceneSignals > 1)
         return QStringLiteral("more than one signal for one operation");
-    if (m_scene.undoStack()->index() > indexBefore &&
-        m_scene.undoStack()->undoText() != RandomKinds::stepText(edits.kind()))
-        return QStringLiteral("the step is called %1").arg(m_scene.undoStack()->undoText());
     if (edits.selection() && m_world.selected() != *edits.selection())
         return QStringLiteral("another selection than wanted");
     if (m_scene.backend().placing().isAppending() || m_scene.backend().placing().cache() != m_world.cache)
@@ -177,9 +173,7 @@ bool CRandomWorld::stepHistory(QRandomGenerator &random)
     for (int i = 1 + random.bounded(4); i > 0; --i) {
         const int index = m_scene.undoStack()->index();
         const bool undoing = random.bounded(3);
-        if (!m_scene.selection().isEmpty() && random.bounded(4) == 0)
-            stepByMenu(undoing ? QStringLiteral("Undo") : QStringLiteral("Redo"));
-        else if (undoing)
+        if (undoing)
             m_scene.undo(nullptr);
         else
             m_scene.redo(nullptr);
@@ -192,17 +186,6 @@ bool CRandomWorld::stepHistory(QRandomGenerator &random)
     m_world.states.locked = locked;
     m_world.states.redundancy = redundancy;
     return selects;
-}
-
-void CRandomWorld::stepByMenu(const QString &text)
-{
-    QMenu menu;
-    CCabinetMenu(menu, m_scene.backend(), &m_world.commands, *m_scene.selection().sorted().first(), nullptr)
-        .fill();
-    for (QAction *action : menu.actions()) {
-        if (action->text() == text)
-            action->trigger();
-    }
 }
 
 QString CRandomWorld::reload(bool undoable, QRandomGenerator &random)

@@ -33,7 +33,6 @@ private:
     void select(QRandomGenerator &random);
     QString edit(int kind, QRandomGenerator &random);
     bool stepHistory(QRandomGenerator &random);
-    void stepByMenu(const QString &text);
     QString reload(bool undoable, QRandomGenerator &random);
     QString lookAway(QRandomGenerator &random);
     QString check(int indexBefore, bool edited, const CReferenceModel &expected);

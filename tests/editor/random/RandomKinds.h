@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QHash>
 #include <QMetaEnum>
 #include <QString>
 
@@ -44,40 +43,11 @@ enum EKind {
     SameType,
     SelectAll,
     Highlight,
-    Menu,
     LookAway
 };
 
 Q_ENUM_NS(EKind)
 
 constexpr int Count = LookAway + 1;
-
-/// The name of the undo step of an edit; empty if it makes none.
-inline QString stepText(int kind)
-{
-    static const QHash<int, QString> texts = {{NudgeUp, QStringLiteral("Move")},
-                                              {NudgeDown, QStringLiteral("Move")},
-                                              {NudgeLeft, QStringLiteral("Move")},
-                                              {NudgeRight, QStringLiteral("Move")},
-                                              {Drag, QStringLiteral("Move")},
-                                              {Resize, QStringLiteral("Scale")},
-                                              {Group, QStringLiteral("Group")},
-                                              {Ungroup, QStringLiteral("Ungroup")},
-                                              {Pattern, QStringLiteral("topologyWiring")},
-                                              {Break, QStringLiteral("breakSelectedWiring")},
-                                              {ClearPort, QStringLiteral("BreakPortWiring")},
-                                              {Pen, QStringLiteral("createTopologyWiring")},
-                                              {Delete, QStringLiteral("Delete")},
-                                              {Cut, QStringLiteral("Delete")},
-                                              {Backup, QStringLiteral("Backup")},
-                                              {Exchange, QStringLiteral("Head-to-tail exchange")},
-                                              {Paste, QStringLiteral("Paste")},
-                                              {Append, QStringLiteral("Append")},
-                                              {SetType, QStringLiteral("Change cabinet type")},
-                                              {Arrange, QStringLiteral("ChangeRank")},
-                                              {MoveTo, QStringLiteral("ChangePosition")},
-                                              {ResizeTo, QStringLiteral("ChangeSize")}};
-    return texts.value(kind);
-}
 
 } // namespace RandomKinds

@@ -6,7 +6,6 @@
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
 #include "tests/editor/CFixedPortStates.h"
-#include "tests/editor/CNotedCommands.h"
 #include "tests/editor/random/CReferenceModel.h"
 
 #include <QRandomGenerator>
@@ -15,7 +14,6 @@
 struct SRandomScene
 {
     CFixedPortStates states;
-    CNotedCommands commands;
     CCabinetGraphicsScene scene{states};
     CSceneInput input{scene};
     LayoutData data;            // last loaded into the scene
