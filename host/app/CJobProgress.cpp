@@ -3,9 +3,9 @@
 #include "host/app/CJobProgress.h"
 
 #include "host/devices/jobs/CDeviceJob.h"
+#include "platform/widgets/CElidedLabel.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 
@@ -21,8 +21,7 @@ void CJobProgress::buildUi()
     setObjectName(QStringLiteral("JobProgress"));
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
-    m_text = new QLabel;
-    m_text->setTextFormat(Qt::PlainText);
+    m_text = new CElidedLabel;
     row->addWidget(m_text);
     m_bar = new QProgressBar;
     m_bar->setRange(0, 100);
@@ -57,5 +56,5 @@ void CJobProgress::cancel()
 void CJobProgress::onProgress(int percent, const QString &text)
 {
     m_bar->setValue(percent);
-    m_text->setText(text.isEmpty() && m_job ? m_job->title() : text);
+    m_text->setFullText(text.isEmpty() && m_job ? m_job->title() : text);
 }

@@ -6,7 +6,7 @@
 #include <QWidget>
 
 class CDeviceJob;
-class QLabel;
+class CElidedLabel;
 class QProgressBar;
 class QPushButton;
 
@@ -27,7 +27,7 @@ private:
     void cancel();
     void onProgress(int percent, const QString &text);
 
-    QLabel *m_text = nullptr;
+    CElidedLabel *m_text = nullptr;
     QProgressBar *m_bar = nullptr;
     QPushButton *m_cancel = nullptr;
     QPointer<CDeviceJob> m_job;

@@ -20,6 +20,7 @@
 #include "host/devices/services/CSimulatedPark.h"
 #include "layout/api/ILayoutInterface.h"
 #include "layout/resources/LayoutResources.h"
+#include "platform/widgets/CElidedLabel.h"
 #include "platform/widgets/CMessageBox.h"
 
 #include <QAction>
@@ -27,7 +28,6 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
-#include <QLabel>
 #include <QMenu>
 #include <QMimeData>
 #include <QScreen>
@@ -103,9 +103,8 @@ void CMainWindow::buildStatusBar()
 {
     m_progress = new CJobProgress;
     statusBar()->addPermanentWidget(m_progress);
-    m_processor = new QLabel;
+    m_processor = new CElidedLabel;
     m_processor->setObjectName(QStringLiteral("CurrentProcessor"));
-    m_processor->setTextFormat(Qt::PlainText);
     statusBar()->addPermanentWidget(m_processor);
 }
 
@@ -274,10 +273,12 @@ void CMainWindow::onJobStarted(CDeviceJob *job)
 
 void CMainWindow::onJobFinished(CDeviceJob *job, const SDeviceOutcome &outcome)
 {
+    const QString failures = QString(outcome.text).replace(QLatin1Char('\n'), QLatin1Char(' '));
     if (outcome.result == SDeviceOutcome::Cancelled)
-        statusBar()->showMessage(tr("%1: cancelled").arg(job->title()), MessageMilliseconds);
+        statusBar()->showMessage(tr("%1: cancelled. %2").arg(job->title(), failures).trimmed(),
+                                 MessageMilliseconds);
     else if (outcome.result == SDeviceOutcome::Failed)
-        statusBar()->showMessage(tr("%1: %2").arg(job->title(), outcome.text), MessageMilliseconds);
+        statusBar()->showMessage(tr("%1: %2").arg(job->title(), failures), MessageMilliseconds);
     updateActions();
 }
 
@@ -362,7 +363,7 @@ void CMainWindow::updateTitles()
     if (!device) {
         setWindowTitle(QStringLiteral("Orvo"));
         setWindowModified(false);
-        m_processor->setText(tr("No current processor"));
+        m_processor->setFullText(tr("No current processor"));
         return;
     }
     const QString state = device->project       ? tr("project")
@@ -373,5 +374,5 @@ void CMainWindow::updateTitles()
         device->project ? row.data(CDeviceTreeModel::NameRole).toString() : device->node.displayText();
     setWindowTitle(tr("%1[*] - Orvo").arg(name));
     setWindowModified(device->isModified());
-    m_processor->setText(tr("%1, %2").arg(name, state));
+    m_processor->setFullText(tr("%1, %2").arg(name, state));
 }

@@ -11,13 +11,13 @@
 #include <memory>
 
 class CDevicePanel;
+class CElidedLabel;
 class CJobProgress;
 class CModuleHost;
 class CProjectCommands;
 class CScreenWindow;
 class CSimulationMenu;
 class CWorkModeMenu;
-class QLabel;
 class QSplitter;
 struct SAppOptions;
 
@@ -79,7 +79,7 @@ private:
     SMainActions m_actions;
     CDevicePanel *m_devices = nullptr;
     QSplitter *m_splitter = nullptr;
-    QLabel *m_processor = nullptr; ///< in the status bar
+    CElidedLabel *m_processor = nullptr; ///< in the status bar
     CJobProgress *m_progress = nullptr;
     bool m_shutDown = false;
 };

@@ -3,7 +3,6 @@
 #include "host/devices/CDeviceCommands.h"
 
 #include "host/devices/services/CDeviceServices.h"
-#include "host/devices/simulated/CSimulatedProcessor.h"
 #include "host/library/CTypeLibrary.h"
 #include "layout/api/records/LayoutLimits.h"
 
@@ -21,6 +20,11 @@ QString unknownProcessor()
     return CDeviceCommands::tr("There is no such processor.");
 }
 
+QString withoutCabinets()
+{
+    return CDeviceCommands::tr("A project has no cabinets that are connected.");
+}
+
 } // namespace
 
 CDeviceCommands::CDeviceCommands(CDeviceServices &services, const CTypeLibrary &library)
@@ -34,6 +38,13 @@ CStatus CDeviceCommands::failure(const SDevice &device, const QString &reason) c
     return CStatus::failure(device.failureText(reason));
 }
 
+CStatus CDeviceCommands::answered(const SDevice &device, DeviceError error) const
+{
+    if (error == DeviceError::Offline || error == DeviceError::NoAnswer)
+        m_services.setOnline(device.node.uuid, false);
+    return error == DeviceError::None ? CStatus::done() : failure(device, deviceErrorText(error));
+}
+
 CStatus CDeviceCommands::apply(const QUuid &processor, const Edit &edit)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
@@ -43,11 +54,9 @@ CStatus CDeviceCommands::apply(const QUuid &processor, const Edit &edit)
     SProcessorSettings settings = device->settings;
     edit(settings);
     if (const auto simulated = m_services.device(processor)) {
-        const DeviceError error = simulated->apply(settings);
-        if (error == DeviceError::Offline || error == DeviceError::NoAnswer)
-            m_services.setOnline(processor, false);
-        if (error != DeviceError::None)
-            return failure(*device, deviceErrorText(error));
+        CStatus status = answered(*device, simulated->apply(settings));
+        if (!status)
+            return status;
     }
     m_services.takeSettings(processor, settings);
     return CStatus::done();
@@ -56,12 +65,21 @@ CStatus CDeviceCommands::apply(const QUuid &processor, const Edit &edit)
 CStatus CDeviceCommands::reach(const SDevice &device) const
 {
     const auto simulated = m_services.device(device.node.uuid);
+    return simulated ? answered(device, simulated->probe()) : failure(device, withoutCabinets());
+}
+
+CResult<SConnectedCabinet> CDeviceCommands::readCabinet(const SDevice &device, const QUuid &cabinet) const
+{
+    using Result = CResult<SConnectedCabinet>;
+    const auto simulated = m_services.device(device.node.uuid);
     if (!simulated)
-        return failure(device, tr("A project has no cabinets that are connected."));
-    const DeviceError error = simulated->probe();
-    if (error == DeviceError::Offline || error == DeviceError::NoAnswer)
-        m_services.setOnline(device.node.uuid, false);
-    return error == DeviceError::None ? CStatus::done() : failure(device, deviceErrorText(error));
+        return Result::failure(device.failureText(withoutCabinets()));
+    std::optional<SConnectedCabinet> connected;
+    const CStatus status = answered(device, simulated->readCabinet(cabinet, connected));
+    if (!status)
+        return Result::failure(status.error());
+    return connected ? Result(*connected)
+                     : Result::failure(device.failureText(tr("The cabinet is no longer connected to it.")));
 }
 
 CStatus CDeviceCommands::setPortCount(const QUuid &processor, int count)
@@ -233,7 +251,7 @@ CStatus CDeviceCommands::setStatusLed(bool on)
     if (!device)
         return CStatus::failure(unknownProcessor());
     if (device->project)
-        return failure(*device, tr("A project has no cabinets that are connected."));
+        return failure(*device, withoutCabinets());
     const QUuid processor = device->node.uuid;
     CStatus status = apply(processor, [on](SProcessorSettings &settings) { settings.statusLed = on; });
     if (status)
@@ -297,7 +315,7 @@ CStatus CDeviceCommands::sendGains(const QList<SCurrentGain> &gains)
     if (!device)
         return CStatus::failure(unknownProcessor());
     if (device->project)
-        return failure(*device, tr("A project has no cabinets that are connected."));
+        return failure(*device, withoutCabinets());
     const bool known = std::all_of(gains.begin(), gains.end(), [](const SCurrentGain &gain) {
         return gain.frameRateCode >= 0 && gain.frameRateCode < GainFrameRates && gain.gainLevel >= 0 &&
                gain.gainLevel < GainLevels;
@@ -312,7 +330,8 @@ CStatus CDeviceCommands::sendGains(const QList<SCurrentGain> &gains)
 
 CStatus CDeviceCommands::sendParameters(const Cabinets &cabinets, const SMD5 &type, double gamma)
 {
-    if (!m_library.find(type) || !(gamma >= 1.0 && gamma <= 4.0))
+    const auto *known = m_library.find(type);
+    if (!known || !(gamma >= 1.0 && gamma <= 4.0))
         return CStatus::failure(tr("The cabinet type or the gamma value is not valid."));
     const QList<SDevice> devices = m_services.table().devices();
     QVector<QUuid> receivers; // in the order of their cabinets
@@ -321,13 +340,17 @@ CStatus CDeviceCommands::sendParameters(const Cabinets &cabinets, const SMD5 &ty
         if (!holder)
             return CStatus::failure(tr("There are cabinets that are in no processor's saved mapping."));
         if (holder->project)
-            return failure(*holder, tr("A project has no cabinets that are connected."));
+            return failure(*holder, withoutCabinets());
         if (!receivers.contains(holder->node.uuid))
             receivers << holder->node.uuid;
     }
     for (const QUuid &processor : qAsConst(receivers)) {
-        CStatus status = apply(
-            processor, [&type, gamma](SProcessorSettings &settings) { settings.gammas.insert(type, gamma); });
+        CStatus status = apply(processor, [&type, gamma, known](SProcessorSettings &settings) {
+            if (known->customGamma) // the table says it all
+                settings.gammas.remove(type);
+            else
+                settings.gammas.insert(type, gamma);
+        });
         if (!status)
             return status;
     }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "host/devices/services/SDevice.h"
+#include "host/devices/simulated/CSimulatedProcessor.h"
 #include "platform/common/CResult.h"
 
 #include <QCoreApplication>
@@ -56,6 +57,8 @@ public:
     static QList<SCurrentGain> gains(const SDevice &device);
     /// Whether the device answers; a failure for a project.
     CStatus reach(const SDevice &device) const;
+    /// Asks the device what a cabinet of its mapping has; a failure for a project.
+    CResult<SConnectedCabinet> readCabinet(const SDevice &device, const QUuid &cabinet) const;
 
 private:
     using Edit = std::function<void(SProcessorSettings &)>;
@@ -63,6 +66,8 @@ private:
     CStatus apply(const QUuid &processor, const Edit &edit);
     CStatus moveAreas(const ProcessorOffsets &offsets);
     CStatus failure(const SDevice &device, const QString &reason) const;
+    /// Takes note of whether the device answered.
+    CStatus answered(const SDevice &device, DeviceError error) const;
 
     CDeviceServices &m_services;
     const CTypeLibrary &m_library;

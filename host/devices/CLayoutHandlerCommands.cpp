@@ -74,7 +74,7 @@ bool CLayoutHandler::importPortMapping(const QUuid &processor, int port, const Q
 bool CLayoutHandler::exportCabinetConfig(const CabinetLayout::CabinetPort::Cabinet &cabinet,
                                          const QString &file)
 {
-    return told(m_files->exportCabinet(cabinet, file));
+    return told(CBackgroundCall::result([&] { return m_files->exportCabinet(cabinet, file); }));
 }
 
 bool CLayoutHandler::readbackCabinetConfig(int port, const CabinetLayout::CabinetPort::Cabinet &cabinet,
@@ -83,7 +83,13 @@ bool CLayoutHandler::readbackCabinetConfig(int port, const CabinetLayout::Cabine
     const SDevice device = current();
     if (cabinet.port != port || !device.working.isMapped(cabinet.uuid))
         return told(CStatus::failure(tr("The cabinet is not in the processor's saved mapping.")));
-    return told(m_commands.reach(device)) && told(m_files->exportCabinet(cabinet, file, typeName));
+    return told(CBackgroundCall::result([&] {
+        const CResult<SConnectedCabinet> connected = m_commands.readCabinet(device, cabinet.uuid);
+        if (!connected)
+            return CStatus::failure(connected.error());
+        const bool sameType = connected.value().record.type == cabinet.type;
+        return m_files->writeConnected(connected.value(), file, sameType ? typeName : QString());
+    }));
 }
 
 bool CLayoutHandler::setCabinetStatusLed(bool on)

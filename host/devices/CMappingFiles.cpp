@@ -4,8 +4,8 @@
 
 #include "host/devices/CProjectShelf.h"
 #include "host/devices/services/CDeviceServices.h"
+#include "host/devices/simulated/CSimulatedProcessor.h"
 #include "host/library/CTypeLibrary.h"
-#include "host/projects/CCabinetConfig.h"
 #include "host/projects/CPortProject.h"
 #include "host/projects/CProcessorProject.h"
 #include "host/projects/CSafeFile.h"
@@ -56,6 +56,7 @@ void dropHalfPairs(CabinetLayout &layout, bool supported, const PortPairs::Layou
 SSettings::TypeLibrary::STreeNode::RcvTypeInfo customType(const Port::Cabinet &cabinet)
 {
     SSettings::TypeLibrary::STreeNode::RcvTypeInfo info;
+    info.key = cabinet.type; // null, or a type that only the cabinet knows
     info.width = cabinet.rect.width();
     info.height = cabinet.rect.height();
     info.name = QStringLiteral("%1×%2").arg(info.width).arg(info.height);
@@ -170,20 +171,33 @@ CStatus CMappingFiles::importPort(const QUuid &processor, int port, const QStrin
     return CStatus::done();
 }
 
-CStatus CMappingFiles::exportCabinet(const Cabinet &cabinet, const QString &file,
-                                     const QString &typeName) const
+CStatus CMappingFiles::exportCabinet(const Cabinet &cabinet, const QString &file) const
 {
-    const auto *known = m_library.find(cabinet.type);
-    if (!known && !cabinet.type.isNull())
+    if (!m_library.find(cabinet.type) && !cabinet.type.isNull())
         return CStatus::failure(tr("%1 was not written: the cabinet's type is not in the type library.")
                                     .arg(CSafeFile::quoted(file)));
-    SCabinetConfig config;
-    config.type = known ? *known : customType(cabinet);
-    if (!typeName.isEmpty())
-        config.type.name = typeName;
-    config.rects = cabinet.rects;
+    SCabinetConfig config = configOf(cabinet);
     const ProcessorTree::ProcessorNode node = m_services.table().nodeOfCabinet(cabinet.uuid);
     if (const std::optional<SDevice> device = m_services.table().device(node.uuid))
         config.gamma = device->settings.gammas.value(cabinet.type, config.gamma);
     return CCabinetConfig::write(file, config);
+}
+
+CStatus CMappingFiles::writeConnected(const SConnectedCabinet &connected, const QString &file,
+                                      const QString &typeName) const
+{
+    SCabinetConfig config = configOf(connected.record);
+    if (!typeName.isEmpty())
+        config.type.name = typeName;
+    config.gamma = connected.gamma.value_or(config.gamma);
+    return CCabinetConfig::write(file, config);
+}
+
+SCabinetConfig CMappingFiles::configOf(const Cabinet &cabinet) const
+{
+    const auto *known = m_library.find(cabinet.type);
+    SCabinetConfig config;
+    config.type = known ? *known : customType(cabinet);
+    config.rects = cabinet.rects;
+    return config;
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "host/devices/services/SDevice.h"
+#include "host/projects/CCabinetConfig.h"
 #include "platform/common/CResult.h"
 
 #include <QCoreApplication>
@@ -10,6 +11,7 @@
 
 class CDeviceServices;
 class CTypeLibrary;
+struct SConnectedCabinet;
 
 /// Exports, imports and copies mappings and cabinet configurations. An import replaces the working layout and
 /// announces it; a failure changes nothing. GUI thread.
@@ -27,11 +29,15 @@ public:
     CStatus copyProcessor(const QUuid &from, const QUuid &to, bool overwriteLocked);
     CStatus exportPort(const QUuid &processor, int port, const QString &file) const;
     CStatus importPort(const QUuid &processor, int port, const QString &file, bool overwriteLocked);
-    /// The cabinet's type is named @p typeName in the file, unless that is empty.
-    CStatus exportCabinet(const Cabinet &cabinet, const QString &file, const QString &typeName = {}) const;
+    CStatus exportCabinet(const Cabinet &cabinet, const QString &file) const;
+    /// Writes what a connected cabinet reported, even if the library does not know its type. The type is named
+    /// @p typeName in the file, unless that is empty.
+    CStatus writeConnected(const SConnectedCabinet &connected, const QString &file,
+                           const QString &typeName) const;
 
 private:
     CStatus replaceLayout(const SDevice &device, const CabinetLayout &incoming, bool overwriteLocked);
+    SCabinetConfig configOf(const Cabinet &cabinet) const;
     void take(const QUuid &processor, const CabinetLayout &layout);
 
     CDeviceServices &m_services;

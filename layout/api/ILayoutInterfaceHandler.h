@@ -112,8 +112,9 @@ public:
     /// Writes the configuration of a cabinet to a "*.rcvbp" file, whole or not at all. GUI thread.
     virtual bool exportCabinetConfig(const CabinetLayout::CabinetPort::Cabinet &cabinet,
                                      const QString &file) = 0;
-    /// Reads the configuration of a connected cabinet into a file, under the name @p typeName or, if that is
-    /// empty, the type's own. The cabinet must be in the saved mapping. GUI thread.
+    /// Reads the configuration that a connected cabinet has, whatever @p cabinet tells of it, into a file. If
+    /// the cabinet has the type that @p cabinet tells, the type goes under @p typeName unless that is empty.
+    /// The cabinet must be in the saved mapping. GUI thread.
     virtual bool readbackCabinetConfig(int port, const CabinetLayout::CabinetPort::Cabinet &cabinet,
                                        const QString &file, const QString &typeName) = 0;
 
@@ -180,8 +181,9 @@ public:
     /// Returns whether none of the ports that hold @p cabinets is a redundancy port.
     virtual bool areOnPrimaryPorts(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets) const = 0;
     /// Sends a type's parameters to cabinets of any detected processors; the cabinets must be in their saved
-    /// mappings. @p gamma is 1.0 to 4.0. The processors are served one after the other; if one fails, those
-    /// before it keep the new parameters. GUI thread.
+    /// mappings. @p gamma is 1.0 to 4.0, and is not sent if the type has a gamma table of its own. The
+    /// processors are served one after the other; if one fails, those before it keep the new parameters. GUI
+    /// thread.
     virtual bool sendCabinetParameters(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
                                        const SMD5 &type, double gamma) = 0;
 

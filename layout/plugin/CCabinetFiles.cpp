@@ -68,7 +68,7 @@ void CCabinetFiles::exportConfiguration(const Cabinet &cabinet)
     if (CHostAccess::flushAndCall(&Host::exportCabinetConfig, cabinet, file))
         CMessageBox::information(m_parent, tr("Export Success."));
     else
-        CMessageBox::information(m_parent, tr("Export failed."), CHostAccess::call(&Host::lastError));
+        CMessageBox::warning(m_parent, tr("Export failed."), CHostAccess::call(&Host::lastError));
 }
 
 void CCabinetFiles::readBack(const Cabinet &cabinet)
@@ -81,5 +81,5 @@ void CCabinetFiles::readBack(const Cabinet &cabinet)
     if (CHostAccess::flushAndCall(&Host::readbackCabinetConfig, cabinet.port, cabinet, file, type))
         CMessageBox::information(m_parent, tr("Readback successful."));
     else
-        CMessageBox::information(m_parent, tr("Readback failed."), CHostAccess::call(&Host::lastError));
+        CMessageBox::warning(m_parent, tr("Readback failed."), CHostAccess::call(&Host::lastError));
 }

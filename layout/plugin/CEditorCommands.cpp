@@ -74,7 +74,7 @@ void CEditorCommands::chooseType(QWidget *parent)
     CCabinetGraphicsScene &scene = m_view.cabinetScene();
     for (const int port : scene.selection().ports()) {
         if (m_store.isPortLocked(port)) {
-            CMessageBox::information(parent, tr("Port %1 is locked.").arg(port + 1));
+            CMessageBox::warning(parent, tr("Port %1 is locked.").arg(port + 1));
             return;
         }
     }
@@ -139,8 +139,10 @@ void CEditorCommands::pairPorts(QWidget *parent)
 {
     CPortBackupDialog dialog(parent);
     QObject::connect(&dialog, &CBackupDialog::notifyApplied, &dialog, [&dialog](const QString &refusal) {
-        if (!refusal.isEmpty())
-            CMessageBox::information(&dialog, tr("Set failed."), refusal);
+        if (refusal.isEmpty())
+            CMessageBox::information(&dialog, tr("Set successful."));
+        else
+            CMessageBox::warning(&dialog, tr("Set failed."), refusal);
     });
     dialog.exec();
 }
@@ -158,7 +160,7 @@ void CEditorCommands::fillAppendMenu(QMenu &menu, QWidget *parent)
         return;
     const QString refused = CScenePlacing::refusal(item->cabinets(nullptr).size(), 1);
     if (!refused.isEmpty()) {
-        CMessageBox::information(parent, refused);
+        CMessageBox::warning(parent, refused);
         return;
     }
     const auto append = [this, port](const CAppendMenu::TypeInfo &type, const QSize &size) {
@@ -176,7 +178,7 @@ bool CEditorCommands::highlight(const QList<Cabinet> &cabinets, CabinetHighlight
         // Asked for in the middle of a press on an item, which a box would keep from its end.
         QObject *context = parent ? static_cast<QObject *>(parent) : qApp;
         QTimer::singleShot(0, context, [parent, details = CHostAccess::call(&Host::lastError)] {
-            CMessageBox::information(parent, tr("Set failed."), details);
+            CMessageBox::warning(parent, tr("Set failed."), details);
         });
     }
     return done;

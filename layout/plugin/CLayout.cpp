@@ -190,6 +190,8 @@ void CLayout::connectSignals()
             &CProcessorCommands::setVideoProcessorMode);
     connect(m_warningPage, &CWholeModuleWarningWidget::NotifySetPrcBypassModeEnable,
             m_processorCommands.get(), &CProcessorCommands::setBypassMode);
+    connect(m_mappingCommands.get(), &CMappingCommands::notifyStarted, m_editorPage,
+            &CLayoutEditorPage::dropReadbackResult);
     connect(&m_store, &CLayoutData::notifyDetectFinished, m_warningPage, [this] { showSelection(); });
 }
 

@@ -9,11 +9,11 @@
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/plugin/CEditorCommands.h"
 #include "layout/redundancy/CPortBackupDialog.h"
+#include "platform/widgets/CElidedLabel.h"
 #include "platform/widgets/CMessageBox.h"
 #include "platform/widgets/CPureImageBtn.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QUndoStack>
 #include <QVBoxLayout>
 #include <QVariant>
@@ -31,8 +31,8 @@ constexpr int TitleRowLocation = 3; // of a tool widget
 CLayoutEditorPage::CLayoutEditorPage(CLayoutData &store, QWidget *parent)
     : QWidget(parent)
     , m_store(store)
-    , m_title(new QLabel)
-    , m_note(new QLabel)
+    , m_title(new CElidedLabel)
+    , m_note(new CElidedLabel)
     , m_showScreen(new CPureImageBtn(QStringLiteral(":/Image/ViewTitle/show-screen")))
     , m_view(new CLayoutGraphicsView(store))
     , m_commands(std::make_unique<CEditorCommands>(store, *m_view))
@@ -62,7 +62,7 @@ void CLayoutEditorPage::setProcessor(const ProcessorTree::ProcessorNode &process
 {
     const bool another = processor.uuid != m_processor.uuid;
     m_processor = processor;
-    m_title->setText(processor.uuid.isNull() ? QString() : processor.displayText());
+    m_title->setFullText(processor.uuid.isNull() ? QString() : processor.displayText());
     m_view->onCurrentProcessorChanged(processor);
     m_store.setProcessorRedundancies(CHostAccess::call(&Host::processorRedundancies));
     showRedundancy();
@@ -74,7 +74,7 @@ void CLayoutEditorPage::setProcessor(const ProcessorTree::ProcessorNode &process
 
 void CLayoutEditorPage::reload()
 {
-    m_note->clear();
+    dropReadbackResult();
     m_view->cabinetScene().backend().batches().cancelGesture();
     const LayoutData layout = m_store.openProcessor(m_processor.uuid);
     if (m_processor.uuid.isNull())
@@ -89,15 +89,28 @@ void CLayoutEditorPage::showBackground(const SBackgroundInfo &info, bool canvasS
 {
     CCabinetGraphicsScene &scene = m_view->cabinetScene();
     scene.onBackgroundChanged(info, info, canvasSizeChanged);
-    if (!scene.fillProblem().isEmpty() || m_note->text() == m_fillProblem)
-        m_note->setText(scene.fillProblem());
+    if (!scene.fillProblem().isEmpty())
+        m_readResult.clear(); // is older
     m_fillProblem = scene.fillProblem();
+    showNote();
+}
+
+void CLayoutEditorPage::showNote()
+{
+    m_note->setFullText(m_readResult.isEmpty() ? m_fillProblem : m_readResult);
 }
 
 void CLayoutEditorPage::setReadbackResult(bool same)
 {
-    m_note->setText(same ? tr("The processor's mapping equals the layout.")
-                         : tr("The processor's mapping differed from the layout."));
+    m_readResult = same ? tr("The processor's mapping equals the layout.")
+                        : tr("The processor's mapping differed from the layout.");
+    showNote();
+}
+
+void CLayoutEditorPage::dropReadbackResult()
+{
+    m_readResult.clear();
+    showNote();
 }
 
 void CLayoutEditorPage::setScreenShown(bool shown)
@@ -118,14 +131,20 @@ void CLayoutEditorPage::setPortRedundancy(int primary, int backup)
                                                             : QStringList()) ||
         m_processor.uuid != asked)
         return;
-    if (!CHostAccess::flushAndCall(&Host::setPortRedundancy, primary, backup))
-        CMessageBox::information(this, tr("Set failed."), CHostAccess::call(&Host::lastError));
+    reportSet(CHostAccess::flushAndCall(&Host::setPortRedundancy, primary, backup));
 }
 
 void CLayoutEditorPage::cancelPortRedundancy(int port)
 {
-    if (!CHostAccess::flushAndCall(&Host::cancelPortRedundancy, port))
-        CMessageBox::information(this, tr("Set failed."), CHostAccess::call(&Host::lastError));
+    reportSet(CHostAccess::flushAndCall(&Host::cancelPortRedundancy, port));
+}
+
+void CLayoutEditorPage::reportSet(bool done)
+{
+    if (done)
+        CMessageBox::information(this, tr("Set successful."));
+    else
+        CMessageBox::warning(this, tr("Set failed."), CHostAccess::call(&Host::lastError));
 }
 
 /// A processor that stands in for another one follows it, and is looked at only.
@@ -139,7 +158,6 @@ void CLayoutEditorPage::showRedundancy()
 
 void CLayoutEditorPage::buildUi()
 {
-    m_title->setTextFormat(Qt::PlainText);
     m_note->setEnabled(false); // in the dimmed colour of the theme
     m_showScreen->setCheckable(true);
     m_showScreen->setFixedSize(18, 18);
@@ -189,6 +207,7 @@ void CLayoutEditorPage::connectSignals()
             &CCabinetGraphicsScene::onNotifyProcessorStateChanged);
     connect(scene, &CCabinetGraphicsScene::notifySceneChanged, &m_store,
             [this] { m_store.syncLayoutData(false); });
+    connect(scene, &CCabinetGraphicsScene::notifySceneChanged, this, &CLayoutEditorPage::dropReadbackResult);
     connect(scene, &CCabinetGraphicsScene::notifySelectedChanged, &m_store, [this](const QList<int> &ports) {
         if (ports.size() == 1)
             m_store.setCurrentPort(ports.first());

@@ -12,11 +12,11 @@
 #include <memory>
 
 class CEditorCommands;
+class CElidedLabel;
 class CLayoutData;
 class CLayoutGraphicsView;
 class CPureImageBtn;
 class QAbstractButton;
-class QLabel;
 
 /// The module's page with the layout editor of the current processor, below a row with its title. GUI thread.
 class CLayoutEditorPage final : public QWidget
@@ -39,6 +39,8 @@ public:
     void reload();
     /// Shows whether the mapping just read equals the layout shown before.
     void setReadbackResult(bool same);
+    /// Hides the result of the last read, because the user goes on.
+    void dropReadbackResult();
     /// Updates the button after the simulated screen was opened or closed.
     void setScreenShown(bool shown);
     /// With @p blocked, the user cannot edit.
@@ -46,17 +48,20 @@ public:
 
 private:
     void showBackground(const SBackgroundInfo &info, bool canvasSizeChanged = false);
+    void showNote();
     void setPortRedundancy(int primary, int backup);
     void cancelPortRedundancy(int port);
+    void reportSet(bool done);
     void showRedundancy();
     void buildUi();
     void connectSignals();
 
     CLayoutData &m_store;
     ProcessorTree::ProcessorNode m_processor;
-    QLabel *m_title = nullptr;
-    QLabel *m_note = nullptr;
-    QString m_fillProblem; ///< the last one; the note may show it
+    CElidedLabel *m_title = nullptr;
+    CElidedLabel *m_note = nullptr;
+    QString m_readResult;  ///< of the last read, until the user goes on
+    QString m_fillProblem; ///< the last one; shown unless there is a result
     CPureImageBtn *m_showScreen = nullptr;
     CLayoutGraphicsView *m_view = nullptr;
     std::unique_ptr<CEditorCommands> m_commands;

@@ -21,6 +21,7 @@ CMappingCommands::CMappingCommands(CLayoutData &store, QWidget &messageParent)
 void CMappingCommands::readMapping(ReadSaveMappingRole role, const SMappingOptions &options, Ended ended)
 {
     const auto done = whenDone(ended, tr("Read mapping successful."), tr("Read mapping failed."));
+    Q_EMIT notifyStarted();
     // The host compares what it reads with what the editor shows.
     if (!CHostAccess::flushAndCall(&Host::readMapping, role, options, done))
         done({SDeviceOutcome::Failed, {}});
@@ -29,6 +30,7 @@ void CMappingCommands::readMapping(ReadSaveMappingRole role, const SMappingOptio
 void CMappingCommands::saveMapping(ReadSaveMappingRole role, Ended ended)
 {
     const auto done = whenDone(ended, tr("Save mapping successful."), tr("Save mapping failed."));
+    Q_EMIT notifyStarted();
     const auto save = [this, role, done](Host &host) { host.saveMapping(role, m_store.layoutData(), done); };
     if (!CHostAccess::flushAndCall(save))
         done({SDeviceOutcome::Failed, {}});
@@ -52,9 +54,12 @@ void CMappingCommands::report(const SDeviceOutcome &outcome, const QString &succ
         CMessageBox::information(&m_messageParent, success);
         break;
     case SDeviceOutcome::Failed:
-        CMessageBox::information(&m_messageParent, failure, outcome.text);
+        CMessageBox::warning(&m_messageParent, failure, outcome.text);
         break;
     case SDeviceOutcome::Cancelled:
+        if (!outcome.text.isEmpty())
+            CMessageBox::warning(&m_messageParent, failure,
+                                 tr("%1\nThe rest was cancelled.").arg(outcome.text));
         break;
     }
 }

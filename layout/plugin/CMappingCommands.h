@@ -22,6 +22,9 @@ public:
     void readMapping(ReadSaveMappingRole role, const SMappingOptions &options, Ended ended) override;
     void saveMapping(ReadSaveMappingRole role, Ended ended) override;
 
+Q_SIGNALS:
+    void notifyStarted(); ///< the user wants a mapping read or saved
+
 private:
     /// The callback for the host, called at the end.
     std::function<void(const SDeviceOutcome &)> whenDone(const Ended &ended, const QString &success,

@@ -85,8 +85,10 @@ void CProcessorCommands::showRedundancy()
     CProcessorBackupDialog dialog(&m_messageParent);
     connect(&dialog, &CBackupDialog::notifyApplied, this, [this, &dialog](const QString &refusal) {
         takeRedundancies();
-        if (!refusal.isEmpty())
-            CMessageBox::information(&dialog, tr("Set failed."), refusal);
+        if (refusal.isEmpty())
+            CMessageBox::information(&dialog, tr("Set successful."));
+        else
+            CMessageBox::warning(&dialog, tr("Set failed."), refusal);
     });
     dialog.exec();
 }
@@ -97,7 +99,7 @@ void CProcessorCommands::saveParameters()
     if (checked)
         CCabinetParaSave(checked.value(), m_store.typeLibrary(), &m_messageParent).exec();
     else
-        CMessageBox::information(&m_messageParent, checked.error());
+        CMessageBox::warning(&m_messageParent, checked.error());
 }
 
 void CProcessorCommands::showInformation(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets)
@@ -156,7 +158,7 @@ void CProcessorCommands::report(bool done, const QString &success, const QString
     if (done)
         CMessageBox::information(&m_messageParent, success);
     else
-        CMessageBox::information(&m_messageParent, failure, CHostAccess::call(&Host::lastError));
+        CMessageBox::warning(&m_messageParent, failure, CHostAccess::call(&Host::lastError));
 }
 
 void CProcessorCommands::takeRedundancies()

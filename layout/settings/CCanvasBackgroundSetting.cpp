@@ -126,7 +126,7 @@ void CCanvasBackgroundSetting::browse()
         return;
     const CResult<QImage> image = CCanvasFill::load(file);
     if (!image) {
-        CMessageBox::information(this, image.error());
+        CMessageBox::warning(this, image.error());
         return;
     }
     m_file->setText(file);

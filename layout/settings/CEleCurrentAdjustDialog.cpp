@@ -86,12 +86,14 @@ void CEleCurrentAdjustDialog::importFile()
         QFileDialog::getOpenFileName(this, tr("Import..."), QString(), tr("CurrentAdjustParam File(*.acr)"));
     if (file.isEmpty())
         return;
-    carryOut(tr("Import failed."), [this, &file](ILayoutInterfaceHandler &host) {
+    const auto import = [this, &file](ILayoutInterfaceHandler &host) {
         if (!host.importCurrentGain(file))
             return false;
         m_table->updateGains(host.currentGains());
         return true;
-    });
+    };
+    if (carryOut(tr("Import failed."), import))
+        CMessageBox::information(this, tr("Import successful."));
 }
 
 void CEleCurrentAdjustDialog::refresh()
@@ -104,8 +106,11 @@ void CEleCurrentAdjustDialog::clear()
 {
     if (!CMessageBox::confirm(this, tr("Remove all current gain parameters, also from the processor?")))
         return;
-    if (carryOut(tr("Clear failed."), [](ILayoutInterfaceHandler &host) { return host.clearCurrentGains(); }))
-        readGains();
+    const auto clear = [](ILayoutInterfaceHandler &host) { return host.clearCurrentGains(); };
+    if (!carryOut(tr("Clear failed."), clear))
+        return;
+    readGains();
+    CMessageBox::information(this, tr("Clear successful."));
 }
 
 void CEleCurrentAdjustDialog::accept()
@@ -113,8 +118,10 @@ void CEleCurrentAdjustDialog::accept()
     const auto send = [this](ILayoutInterfaceHandler &host) {
         return host.sendCurrentGains(m_table->gains());
     };
-    if (carryOut(tr("Save failed."), send))
-        CDialog::accept();
+    if (!carryOut(tr("Save failed."), send))
+        return;
+    CMessageBox::information(this, tr("Save successful."));
+    CDialog::accept();
 }
 
 void CEleCurrentAdjustDialog::reject()

@@ -14,7 +14,7 @@ bool CProcessorInView::isStill(const QUuid &processor, QWidget *window, const QS
 {
     if (!processor.isNull() && key() == processor)
         return true;
-    CMessageBox::information(window, failure, tr("The processor is no longer in view."));
+    CMessageBox::warning(window, failure, tr("The processor is no longer in view."));
     return false;
 }
 
@@ -25,6 +25,6 @@ bool CProcessorInView::carryOut(const QUuid &processor, QWidget *window, const O
         return false;
     if (CHostAccess::flushAndCall(operation))
         return true;
-    CMessageBox::information(window, failure, CHostAccess::call(&ILayoutInterfaceHandler::lastError));
+    CMessageBox::warning(window, failure, CHostAccess::call(&ILayoutInterfaceHandler::lastError));
     return false;
 }

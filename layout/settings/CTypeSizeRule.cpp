@@ -11,10 +11,10 @@ bool CTypeSizeRule::check(const RcvTypeInfo &type, QWidget *messageParent)
 {
     if (LayoutLimits::isCabinetSize(QSize(type.width, type.height)))
         return true;
-    CMessageBox::information(messageParent,
-                             tr("Cabinet height or width must be between 1-2048, the WxH (%1x%2) of this "
-                                "cabinet type already exceeds the limit.")
-                                 .arg(type.width)
-                                 .arg(type.height));
+    CMessageBox::warning(messageParent,
+                         tr("Cabinet height or width must be between 1-2048, the WxH (%1x%2) of this "
+                            "cabinet type already exceeds the limit.")
+                             .arg(type.width)
+                             .arg(type.height));
     return false;
 }

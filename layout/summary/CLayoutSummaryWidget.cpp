@@ -190,7 +190,7 @@ bool CLayoutSummaryWidget::write(const ProcessorOffsets &offsets)
 
 void CLayoutSummaryWidget::tellProblem()
 {
-    CMessageBox::information(this, tr("Set failed."), CHostAccess::call(&Host::lastError));
+    CMessageBox::warning(this, tr("Set failed."), CHostAccess::call(&Host::lastError));
 }
 
 void CLayoutSummaryWidget::updateLabel()

@@ -5,6 +5,7 @@
 #include "platform/widgets/input/CMnemonics.h"
 
 #include <QFontMetrics>
+#include <QGuiApplication>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -38,6 +39,19 @@ void CDialog::setDefaultButton(QDialogButtonBox::StandardButton button)
     QPushButton *pushButton = m_buttons->button(button);
     Q_ASSERT(pushButton);
     pushButton->setDefault(true);
+}
+
+void CDialog::done(int result)
+{
+    QDialog::done(result);
+    activateBelow(*this);
+}
+
+void CDialog::activateBelow(const QWidget &closed)
+{
+    // While another program is active it stays so.
+    if (closed.parentWidget() && QGuiApplication::applicationState() == Qt::ApplicationActive)
+        closed.parentWidget()->window()->activateWindow();
 }
 
 void CDialog::buildUi()

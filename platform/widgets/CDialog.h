@@ -26,6 +26,11 @@ public:
     /// Makes Enter press @p button, which must belong to the dialog.
     void setDefaultButton(QDialogButtonBox::StandardButton button);
 
+    void done(int result) override;
+    /// Makes the window below @p closed active again, which window managers forget where a question and the
+    /// dialog that asked it close at once.
+    static void activateBelow(const QWidget &closed);
+
 protected:
     void showEvent(QShowEvent *event) override;
 

@@ -2,12 +2,23 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/widgets/CMessageBox.h"
 
+#include "platform/widgets/CDialog.h"
+
 #include <QGridLayout>
 #include <QMessageBox>
 
 namespace {
 
 constexpr int MessageMinimumWidth = 340;
+constexpr int MostCharacters = 4000; // more take long to lay out, and nobody reads them
+constexpr int MostLines = 25;
+
+/// The beginning of @p text that fits on a screen.
+QString bounded(const QString &text)
+{
+    const QString kept = text.left(MostCharacters).section(QLatin1Char('\n'), 0, MostLines - 1);
+    return kept.size() == text.size() ? text : kept + QStringLiteral("\n…");
+}
 
 // A message box fits itself to its layout each time it is shown, so the layout has to ask for the width.
 void widen(QMessageBox &box)
@@ -22,21 +33,23 @@ int show(QMessageBox &box, const QString &details)
 {
     box.setWindowTitle(QStringLiteral("Orvo"));
     box.setTextFormat(Qt::PlainText); // a file name may look like markup
-    box.setInformativeText(details);
+    box.setInformativeText(bounded(details));
     widen(box);
-    return box.exec();
+    const int pressed = box.exec();
+    CDialog::activateBelow(box);
+    return pressed;
 }
 
 void tell(QMessageBox::Icon icon, QWidget *parent, const QString &text, const QString &details)
 {
-    QMessageBox box(icon, {}, text, QMessageBox::Ok, parent);
+    QMessageBox box(icon, {}, bounded(text), QMessageBox::Ok, parent);
     show(box, details);
 }
 
 bool isAnsweredWithYes(QMessageBox::StandardButton byDefault, QWidget *parent, const QString &text,
                        const QString &details)
 {
-    QMessageBox box(QMessageBox::Question, {}, text, QMessageBox::Yes | QMessageBox::No, parent);
+    QMessageBox box(QMessageBox::Question, {}, bounded(text), QMessageBox::Yes | QMessageBox::No, parent);
     box.setDefaultButton(byDefault);
     return show(box, details) == QMessageBox::Yes;
 }

@@ -10,6 +10,8 @@
 
 #include <QFile>
 
+#include <algorithm>
+
 namespace {
 
 using Cabinet = CabinetLayout::CabinetPort::Cabinet;
@@ -118,6 +120,10 @@ private Q_SLOTS:
         QVERIFY(served);
         for (const QUuid &processor : {m_world->stage, m_world->left})
             QCOMPARE(m_world->gammaOf(processor, cabinet.type), 2.4);
+        const auto *table = CTypeLibrary::builtIn().findBySize({640, 360});
+        QVERIFY(table && table->customGamma);
+        QVERIFY(send({cabinet}, table->key, 2.4));
+        QCOMPARE(m_world->gammaOf(m_world->stage, table->key), 0.0); // its own table counts
     }
 
     void parametersStopAtTheProcessorThatRefuses()
@@ -169,7 +175,6 @@ private Q_SLOTS:
         const QString nowhere = m_world->folder.filePath(QStringLiteral("none/cabinet.rcvbp"));
         QVERIFY(m_world->refuses(handler.exportCabinetConfig(unknown, file)));
         QVERIFY(m_world->refuses(handler.exportCabinetConfig(cabinet, nowhere)));
-        QVERIFY(m_world->refuses(handler.readbackCabinetConfig(0, unknown, file, {})));
         QVERIFY(m_world->refuses(handler.readbackCabinetConfig(0, cabinet, nowhere, {})));
         QVERIFY(m_world->refuses(handler.readbackCabinetConfig(0, foreign, file, {})));
         QVERIFY(m_world->refuses(handler.readbackCabinetConfig(1, cabinet, file, {})));
@@ -189,6 +194,35 @@ private Q_SLOTS:
         Cabinet custom = cabinet;
         custom.type = SMD5();
         QVERIFY2(handler.exportCabinetConfig(custom, file), qPrintable(handler.lastError()));
+    }
+
+    void aReadbackWritesWhatTheConnectedCabinetHas()
+    {
+        CLayoutHandler &handler = m_world->handler;
+        const QString &file = m_world->configFile;
+        LayoutData data = handler.layoutData(m_world->stage);
+        Cabinet &first = data.layout.ports[0].groups[0].cabinets[0];
+        const Cabinet connected = first;
+        first.type = SMD5();
+        first.rects = {QRect(0, 0, 5, 5)};
+        handler.commitLayoutData(data); // not saved
+        QVERIFY(handler.readbackCabinetConfig(0, first, file, QStringLiteral("Edited")));
+        SCabinetConfig config = CCabinetConfig::read(file).value();
+        QVERIFY(config.type == *CTypeLibrary::builtIn().find(connected.type));
+        QCOMPARE(config.rects, connected.rects);
+        first.type = SMD5::ofContent("none"); // which the library does not know
+        handler.commitLayoutData(data);
+        QVERIFY(m_world->save(m_world->stage).isDone());
+        QVERIFY2(handler.readbackCabinetConfig(0, first, file, {}), qPrintable(handler.lastError()));
+        config = CCabinetConfig::read(file).value();
+        QCOMPARE(config.type.key, first.type);
+        QCOMPARE(config.rects, first.rects);
+        const QVector<Cabinet> chain = m_world->layoutOf(m_world->stage).ports.at(0).getAllCabinets();
+        const auto tail = std::max_element(
+            chain.begin(), chain.end(), [](const Cabinet &a, const Cabinet &b) { return a.rank < b.rank; });
+        m_world->manager.simulate(m_world->stage, SimulationFault::Changed, true); // takes out the tail
+        QVERIFY(!handler.readbackCabinetConfig(0, *tail, file, {}));
+        QVERIFY(handler.lastError().contains(QLatin1String("no longer connected")));
     }
 
     void importedGainsWaitUntilTheyAreSent()

@@ -226,6 +226,11 @@ private Q_SLOTS:
         }
         QVERIFY(host.layoutOf(arena) == edited);
         QVERIFY(host.manager.table().isModified(arena));
+        const SDeviceOutcome both = host.outcomeOf([&](CDeviceJobs::Done done) {
+            host.manager.jobs().readMapping({host.named("Lobby"), arena}, {}, std::move(done));
+        });
+        QCOMPARE(both.result, SDeviceOutcome::Cancelled);
+        QVERIFY(both.text.startsWith(QLatin1String("Lobby("))); // what had failed before
     }
 
     void stoppingEndsARunningJob()

@@ -68,6 +68,8 @@ void CMessageBoxAnswerer::answer(QMessageBox &box)
 {
     const SBox seen = describe(box);
     m_boxes << seen;
+    if (seen.text.endsWith(QLatin1String("failed.")) && seen.icon != QMessageBox::Warning)
+        qWarning("a failure without a warning sign: \"%s\"", qUtf8Printable(seen.text));
     const QString wanted = m_answers.isEmpty() ? QString() : m_answers.takeFirst();
     for (QAbstractButton *button : box.buttons()) {
         if (!wanted.isEmpty() && plainText(button) == wanted) {

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/widgets/CDialog.h"
+#include "platform/widgets/CElidedLabel.h"
 #include "platform/widgets/CMessageBox.h"
 #include "platform/widgets/CPureImageBtn.h"
 #include "platform/widgets/CTheme.h"
@@ -13,6 +14,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QSlider>
@@ -214,6 +216,26 @@ private Q_SLOTS:
         QVERIFY(boxes[0].icon == QMessageBox::Information && boxes[1].icon == QMessageBox::Warning);
         QVERIFY(boxes[0].buttons == QStringList{ok} && boxes[2].buttons == (QStringList{yes, no}));
         QVERIFY(boxes[2].defaultButton == yes && boxes[4].defaultButton == no);
+    }
+
+    void aTextOfAnyLengthIsShown()
+    {
+        const QString text = QString(1 << 21, QLatin1Char('m'));
+        const CMessageBoxAnswerer user({QStringLiteral("OK")});
+        CMessageBox::warning(nullptr, QStringLiteral("Failed."), text);
+        QVERIFY(user.boxes().first().details.size() < 10000);
+        QWidget window;
+        QHBoxLayout row(&window);
+        CElidedLabel label;
+        row.addWidget(&label);
+        label.setFullText(text);
+        QVERIFY(window.minimumSizeHint().width() < 200);
+        window.resize(300, 40);
+        window.show();
+        QVERIFY(label.text().size() < 60);
+        QVERIFY(label.toolTip().contains(label.fullText()));
+        label.setFullText(QStringLiteral("short"));
+        QVERIFY(label.text() == label.fullText() && label.toolTip().isEmpty());
     }
 
     void theKeyboardAnswersMessageBoxes()

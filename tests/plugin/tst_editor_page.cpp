@@ -109,6 +109,9 @@ private Q_SLOTS:
         world.host.notify(LayoutNotification::BackgroundChanged, info);
         settle(world.host, world.store);
         QVERIFY(!note().isEmpty()); // is about something else
+        world.scene().selectAllItem();
+        world.scene().selectedItemMoveDown();
+        QCOMPARE(note(), QString()); // the user goes on
     }
 
     void aFillIsShownOnce()
@@ -186,7 +189,9 @@ private Q_SLOTS:
         const QMenu &primaries = *SPageWorld::entry(world.portMenu(), "Set as redundancy for").menu();
         QCOMPARE(primaries.actions().size(), 2);
         world.answers()->refused = {QStringLiteral("setPortRedundancy")};
-        const CMessageBoxAnswerer user({QStringLiteral("No"), QStringLiteral("Yes"), QStringLiteral("OK")});
+        const QString yes = QStringLiteral("Yes");
+        const QString ok = QStringLiteral("OK");
+        const CMessageBoxAnswerer user({QStringLiteral("No"), yes, ok, yes, ok});
         SPageWorld::entry(primaries, "Port 1").trigger();
         QVERIFY(world.answers()->calls().filter(QStringLiteral("setPortRedundancy")).isEmpty());
         SPageWorld::entry(primaries, "Port 1").trigger();
@@ -194,6 +199,9 @@ private Q_SLOTS:
                  QStringList{QStringLiteral("setPortRedundancy(0,2)")});
         QCOMPARE(user.boxes().first().details, QStringLiteral("These output ports hold cabinets:\nPort 3"));
         QCOMPARE(user.texts().last(), QStringLiteral("Set failed."));
+        world.answers()->refused.clear();
+        SPageWorld::entry(primaries, "Port 1").trigger();
+        QCOMPARE(user.texts().last(), QStringLiteral("Set successful."));
     }
 
     void theStripsMenuEndsAndShowsPairs()
@@ -211,6 +219,7 @@ private Q_SLOTS:
         world.answers()->layouts[world.a].layout.ports[2].redundancy = CabinetLayout::CabinetPort::Redundant;
         world.page.reload();
         QVERIFY(!SPageWorld::entry(world.portMenu(), "Set as redundancy for").isEnabled());
+        const CMessageBoxAnswerer user({QStringLiteral("OK")});
         SPageWorld::entry(world.portMenu(), "Cancel redundancy").trigger();
         QCOMPARE(world.answers()->count(QStringLiteral("cancelPortRedundancy")), 1);
     }

@@ -245,6 +245,13 @@ private Q_SLOTS:
         QVERIFY(!told());
         module.host.notify(LayoutNotification::ReadbackFinished, SReadbackResult{module.a, true});
         QTRY_VERIFY(told());
+        module.answers()->answerLater = true;
+        for (QToolButton *button : module.layout.rightBarWidget()->findChildren<QToolButton *>()) {
+            if (button->text() == QLatin1String("Save"))
+                button->click();
+        }
+        QVERIFY(!told());
+        module.host.endWaiting({SDeviceOutcome::Cancelled, {}});
     }
 
     void anotherChoiceInTheTreeEndsTheHighlight()

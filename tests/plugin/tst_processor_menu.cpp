@@ -97,14 +97,17 @@ private Q_SLOTS:
         SMenuScene scene;
         scene.fill();
         scene.host.answers()->refused << QStringLiteral("applyProcessorRedundancy");
-        CMessageBoxAnswerer user({QStringLiteral("OK")});
-        inNext<CProcessorBackupDialog>([](CProcessorBackupDialog &dialog) {
-            QTest::mouseClick(dialog.buttonBox()->button(QDialogButtonBox::Apply), Qt::LeftButton);
+        CMessageBoxAnswerer user({QStringLiteral("OK"), QStringLiteral("OK")});
+        inNext<CProcessorBackupDialog>([&scene](CProcessorBackupDialog &dialog) {
+            QPushButton *apply = dialog.buttonBox()->button(QDialogButtonBox::Apply);
+            QTest::mouseClick(apply, Qt::LeftButton);
+            scene.host.answers()->refused.clear();
+            QTest::mouseClick(apply, Qt::LeftButton);
             dialog.reject();
         });
         scene.entry(QStringLiteral("Redundant processor view..."))->trigger();
-        QCOMPARE(user.boxes().size(), 1);
-        QCOMPARE(user.boxes().first().text, QStringLiteral("Set failed."));
+        QCOMPARE(user.texts(),
+                 (QStringList{QStringLiteral("Set failed."), QStringLiteral("Set successful.")}));
         QCOMPARE(user.boxes().first().details, QStringLiteral("The processor does not answer."));
     }
 

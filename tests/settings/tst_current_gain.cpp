@@ -141,6 +141,7 @@ private Q_SLOTS:
         QCOMPARE(opened.commands(), QStringList());
 
         CFileDialogAnswerer again(m_file.fileName());
+        const CMessageBoxAnswerer user({Ok});
         opened.press("Import...");
         QCOMPARE(opened.commands(),
                  QStringList{QStringLiteral("importCurrentGain(%1)").arg(m_file.fileName())});
@@ -155,7 +156,9 @@ private Q_SLOTS:
         SGainDialog opened(TwoImported);
         switchOf(opened.table(), 0)->click();
         switchOf(opened.table(), 1)->click();
+        const CMessageBoxAnswerer user({Ok});
         opened.press("Save");
+        QCOMPARE(user.texts(), QStringList{QStringLiteral("Save successful.")});
         const Gains switched{{0, 0, true, true}, {0, 1, true, false}, {1, 2, false, false}};
         QCOMPARE(opened.host.answers()->gains, switched);
         QVERIFY(!opened.dialog->isVisible());
@@ -166,7 +169,7 @@ private Q_SLOTS:
         for (const QString &answer : {Yes, No}) {
             const bool agreed = answer == Yes;
             SGainDialog opened(TwoImported);
-            const CMessageBoxAnswerer user({answer});
+            const CMessageBoxAnswerer user(agreed ? QStringList{Yes, Ok} : QStringList{No});
             opened.press("Clear");
             QCOMPARE(user.boxes()[0].defaultButton, No);
             QCOMPARE(opened.commands().isEmpty(), !agreed);

@@ -69,8 +69,8 @@ QMap<QString, SHostDialog> hostDialogs()
     dialogs[QStringLiteral("frame rate")] = {&C::setFrameRateAndColorDepth, editModes,
                                              "setFrameRateAndColorDepth(240,8)", set, notSet};
     dialogs[QStringLiteral("canvas fill")] = {&C::setCanvasFill, editScale, "setBackground", set, notSet};
-    dialogs[QStringLiteral("current gain")] = {&C::adjustCurrentGain, editGains, "sendCurrentGains", "",
-                                               "Save failed.",        true};
+    dialogs[QStringLiteral("current gain")] = {&C::adjustCurrentGain, editGains,      "sendCurrentGains",
+                                               "Save successful.",    "Save failed.", true};
     dialogs[QStringLiteral("parameters")] = {saveParameters, editGamma,
                                              "sendCabinetParameters(2,7fc56270e7a70fa81a5935b72eacbe29,2.2)",
                                              "Save successful.", "Save failed."};
@@ -154,7 +154,7 @@ private Q_SLOTS:
         const SHostDialog dialog = current();
         const bool accepted = way == QLatin1String("accept");
         QStringList answers;
-        if (accepted ? dialog.success[0] != 0 : dialog.asksBeforeItCloses)
+        if (accepted || dialog.asksBeforeItCloses)
             answers << (accepted ? Ok : QStringLiteral("Yes"));
         const CMessageBoxAnswerer user(answers);
         run(dialog, [way](CDialog &opened) { leave(opened, way); });
@@ -164,7 +164,7 @@ private Q_SLOTS:
         QCOMPARE(sent.size(), accepted ? 1 : 0);
         QVERIFY2(sent.isEmpty() || sent.first().startsWith(call), qPrintable(sent.join(QLatin1Char(' '))));
         QCOMPARE(user.boxes().size(), answers.size());
-        if (accepted && !answers.isEmpty())
+        if (accepted)
             QCOMPARE(user.texts(), QStringList{QLatin1String(dialog.success)});
     }
 

@@ -25,11 +25,10 @@ SDeviceOutcome CDetection::run()
         ++m_index;
     }
     m_services.announcer().notify(LayoutNotification::DetectFinished);
+    const QString failures = m_failures.join(QLatin1Char('\n'));
     if (m_context.cancel->isCancelled())
-        return {SDeviceOutcome::Cancelled, {}};
-    if (m_failures.isEmpty())
-        return {};
-    return {SDeviceOutcome::Failed, m_failures.join(QLatin1Char('\n'))};
+        return {SDeviceOutcome::Cancelled, failures};
+    return {failures.isEmpty() ? SDeviceOutcome::Done : SDeviceOutcome::Failed, failures};
 }
 
 void CDetection::report(int percent) const

@@ -35,7 +35,7 @@ SDeviceOutcome CMappingTransfer::each(const QList<QUuid> &processors, const QStr
         progressOf()(0);
         const Step result = step(*device);
         if (result == Step::Cancelled)
-            return {SDeviceOutcome::Cancelled, {}};
+            return {SDeviceOutcome::Cancelled, m_failures.join(QLatin1Char('\n'))};
         skipped = skipped || result == Step::Skipped;
     }
     if (!m_failures.isEmpty())

@@ -286,3 +286,23 @@ DeviceError CSimulatedProcessor::probe()
 {
     return command();
 }
+
+DeviceError CSimulatedProcessor::readCabinet(const QUuid &key, std::optional<SConnectedCabinet> &answer)
+{
+    const DeviceError error = command();
+    if (error != DeviceError::None)
+        return error;
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const SProcessorState &kept = state();
+    for (const Port &port : kept.mapping.layout.ports) {
+        for (const Port::Cabinet &cabinet : port.getAllCabinets()) {
+            if (cabinet.uuid != key || cabinet.rank < 0)
+                continue;
+            answer = SConnectedCabinet{cabinet, {}};
+            const auto gamma = kept.settings.gammas.constFind(cabinet.type);
+            if (gamma != kept.settings.gammas.constEnd())
+                answer->gamma = *gamma;
+        }
+    }
+    return DeviceError::None;
+}

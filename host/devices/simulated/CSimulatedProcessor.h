@@ -13,9 +13,16 @@
 
 class CCancelToken;
 
+/// What a cabinet that is connected to a processor reports about itself.
+struct SConnectedCabinet
+{
+    CabinetLayout::CabinetPort::Cabinet record;
+    std::optional<double> gamma; ///< sent for its type before; nothing if none was
+};
+
 /// A simulated processor: answers requests as a device on the network does, late and sometimes not at all,
-/// and keeps its state on disk. Any thread. Exchanges block and should run on a worker, except apply() and
-/// probe(), which take at most 80 milliseconds.
+/// and keeps its state on disk. Any thread. Exchanges block and should run on a worker, except apply(),
+/// probe() and readCabinet(), which take at most 80 milliseconds.
 class CSimulatedProcessor final
 {
 public:
@@ -52,6 +59,8 @@ public:
     DeviceError apply(const SProcessorSettings &settings);
     /// A short command that changes nothing.
     DeviceError probe();
+    /// A short command: asks a cabinet of the saved mapping; nothing when the mapping has no such cabinet.
+    DeviceError readCabinet(const QUuid &key, std::optional<SConnectedCabinet> &answer);
 
     /// Switches a state as if at the processor itself, see ProcessorStates.
     void setState(SimulationFault state, bool on);

@@ -67,7 +67,7 @@ struct SDeviceOutcome
 {
     enum Result { Done, Cancelled, Failed };
     Result result = Done;
-    QString text; ///< for the user: what failed and on which processor; empty when done or cancelled
+    QString text; ///< for the user: what failed and on which processor, also before a cancellation
 
     bool isDone() const { return result == Done; }
 };

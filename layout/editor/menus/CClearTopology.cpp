@@ -23,5 +23,5 @@ void CClearTopology::ask(QWidget *parent, CSceneBackend &backend, int port)
     if (content.processor() == asked)
         backend.operations().breakPortWiring(port);
     else
-        CMessageBox::information(parent, tr("Set failed."), tr("The processor is no longer in view."));
+        CMessageBox::warning(parent, tr("Set failed."), tr("The processor is no longer in view."));
 }

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QLabel>
+
+/// A line of plain text that never widens its window: what does not fit is cut off at its end, and then the
+/// tool tip tells the whole text. GUI thread.
+class CElidedLabel final : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit CElidedLabel(QWidget *parent = nullptr);
+
+    /// Lines are joined; of a very long text only the beginning is kept.
+    void setFullText(const QString &text);
+    QString fullText() const { return m_fullText; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    void fit();
+
+    QString m_fullText;
+};
