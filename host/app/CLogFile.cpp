@@ -34,16 +34,16 @@ const char *levelName(QtMsgType type)
     return "message";
 }
 
-/// Writes to the standard error output unless nobody takes it: a message must neither end nor stop the
+/// Writes to the standard error output if that is possible at once: a message must neither end nor block the
 /// program.
 void tellErrorOutput(const QByteArray &line)
 {
     pollfd output{STDERR_FILENO, POLLOUT, 0};
     if (poll(&output, 1, 0) != 1 || output.revents != POLLOUT)
         return;
-    // What a pipe takes at once when it takes anything.
+    // The number of bytes that a pipe accepts at once if it accepts any.
     const ssize_t written = write(STDERR_FILENO, line.constData(), size_t(std::min(line.size(), PIPE_BUF)));
-    Q_UNUSED(written) // there is nobody to tell
+    Q_UNUSED(written) // a failure cannot be reported anywhere
 }
 
 } // namespace
@@ -99,7 +99,7 @@ void CLogFile::append(const QByteArray &line)
     if (m_file.size() > 0 && m_file.size() + line.size() > m_maximumBytes)
         putAside();
     m_file.write(line);
-    m_file.flush(); // the last lines before a crash are those that matter
+    m_file.flush(); // the last lines before a crash are the important ones
 }
 
 void CLogFile::putAside()

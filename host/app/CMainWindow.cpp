@@ -206,7 +206,7 @@ void CMainWindow::shutDown()
     m_shutDown = true;
     m_screen->setShown(false);
     m_manager.services().flush();
-    m_manager.stop(); // first: what ends now is still told to the module
+    m_manager.stop(); // first, so that the module still learns what ends now
     m_module->stop();
 }
 
@@ -214,7 +214,7 @@ bool CMainWindow::confirmStop()
 {
     const CDeviceJob *job = m_manager.jobs().current();
     if (!job || job->kind() == CDeviceJob::Detect)
-        return true; // nobody misses a search
+        return true; // cancelling a detection loses nothing
     QStringList names;
     for (const QUuid &processor : job->processors()) {
         if (const std::optional<SDevice> device = m_manager.table().device(processor))
@@ -346,7 +346,7 @@ void CMainWindow::updateActions()
 {
     const QUuid selected = m_devices->singleProcessor();
     const bool project = m_manager.table().isProject(selected);
-    m_actions.saveProject->setEnabled(project); // also without edits: the module may still hold some
+    m_actions.saveProject->setEnabled(project); // also without edits: the module may have pending ones
     m_actions.saveProjectAs->setEnabled(!selected.isNull());
     m_actions.closeProject->setEnabled(project);
     m_actions.detect->setEnabled(!m_manager.jobs().current());

@@ -127,7 +127,7 @@ void CNewProjectDialog::onTypeChosen()
 
 void CNewProjectDialog::onSizeEdited()
 {
-    m_type->setCurrentIndex(0); // a size of one's own
+    m_type->setCurrentIndex(0); // a custom size
     updateSummary();
 }
 
@@ -162,7 +162,7 @@ SWallPlan CNewProjectDialog::plan() const
 {
     const auto type = m_type->currentData().value<CTypeLibrary::RcvTypeInfo>();
     SWallPlan plan;
-    plan.name = QUuid::createUuid().toString(); // two walls of the same figures are different walls
+    plan.name = QUuid::createUuid().toString(); // equal walls must have different identities
     plan.cabinet = {m_width->value(), m_height->value()};
     plan.columns = m_columns->value();
     plan.rows = m_rows->value();

@@ -97,7 +97,8 @@ bool CProjectCommands::saveAs(const QUuid &processor)
     name.replace(QLatin1Char('/'), QLatin1Char('-'));
     QFileDialog dialog(&m_window, tr("Save project as"), m_settings.projectFolder(), projectFilter());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("sprj")); // asks before it replaces the file with that ending
+    // So that the dialog asks before overwriting the file with that suffix.
+    dialog.setDefaultSuffix(QStringLiteral("sprj"));
     const QString file = m_projects.fileOf(processor);
     if (file.isEmpty())
         dialog.selectFile(name + QStringLiteral(".sprj"));

@@ -14,7 +14,7 @@ namespace {
 constexpr int watchedSignals[] = {SIGTERM, SIGINT, SIGHUP};
 volatile std::sig_atomic_t signalPipe = -1;
 
-/// All that may be done in a signal handler: pass the number on.
+/// Only passes the number on: hardly anything else is allowed in a signal handler.
 void passSignalOn(int number)
 {
     const int before = errno;
@@ -29,7 +29,7 @@ void passSignalOn(int number)
 CSignalWatch::CSignalWatch()
 {
     if (pipe2(m_pipe, O_CLOEXEC | O_NONBLOCK) != 0)
-        return; // the signals keep their usual effect
+        return; // the signals keep their default effect
     signalPipe = m_pipe[1];
     auto *notifier = new QSocketNotifier(m_pipe[0], QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, &CSignalWatch::onReadable);
@@ -37,7 +37,7 @@ CSignalWatch::CSignalWatch()
         struct sigaction before = {};
         sigaction(number, nullptr, &before);
         if (before.sa_handler == SIG_IGN)
-            continue; // as nohup wants it
+            continue; // ignored on purpose, e.g. by nohup
         struct sigaction action = {};
         action.sa_handler = passSignalOn;
         action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);

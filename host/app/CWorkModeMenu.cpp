@@ -58,7 +58,7 @@ void CWorkModeMenu::addEntry(const QString &text, const char *name,
     m_entries << SEntry{action, std::move(isOn)};
     connect(action, &QAction::triggered, this, [this, set = std::move(set)](bool on) {
         const CStatus status = set(on);
-        updateActions(); // a command that failed leaves the mark where it was
+        updateActions(); // restores the marks after a failed command
         if (!status)
             CMessageBox::warning(parentWidget(), tr("The processor does not change its state."),
                                  status.error());

@@ -29,8 +29,8 @@ QStringList argumentsOf(int argc, char **argv)
     return arguments;
 }
 
-/// Watches the application object being made: without a usable display Qt would abort the process; here it
-/// ends with one line that says why, and the exit status of bad input.
+/// Guards the creation of the application object: without a usable display Qt would abort the process.
+/// Instead it ends with one line that gives the reason, and the exit status of bad input.
 class CDisplayWatch final
 {
 public:
@@ -73,7 +73,7 @@ void setUpApplication()
     QApplication::setApplicationVersion(QStringLiteral(ORVO_VERSION));
 }
 
-/// Ends the program without asking, as whoever sends a signal expects; the log keeps what was lost.
+/// Ends the program without questions, as expected after a signal; the log tells what was lost.
 void endBySignal(CMainWindow &window, int number)
 {
     if (ILayoutInterface *layout = window.moduleHost().layoutModule())
@@ -91,7 +91,8 @@ void endBySignal(CMainWindow &window, int number)
     QCoreApplication::exit(128 + number);
 }
 
-/// Tells of projects on the command line that are not there. False: one is not even named like a project.
+/// Reports projects on the command line that do not exist. Returns false if one is not even named like a
+/// project.
 bool reportMissingFiles(const SAppOptions &options)
 {
     bool named = true;

@@ -369,7 +369,7 @@ const SDevice *CDeviceCommands::holderOf(const QList<SDevice> &devices,
 CStatus CDeviceCommands::highlight(const Cabinets &cabinets, CabinetHighlight highlight)
 {
     CDeviceAnnouncer &announcer = m_services.announcer();
-    if (!m_highlighted.isNull() && m_highlighted != m_services.table().current()) // whatever is in view now
+    if (!m_highlighted.isNull() && m_highlighted != m_services.table().current()) // whichever is in view now
         announcer.announceHighlight(std::exchange(m_highlighted, QUuid()), {}, CabinetHighlight::Off);
     const std::optional<SDevice> device = m_services.table().currentDevice();
     if (!device)

@@ -22,7 +22,7 @@ int CDeviceTreeModel::append(Nodes &nodes, int parent, SNode node)
     const int place = static_cast<int>(nodes.size());
     node.parent = parent;
     if (parent < 0) {
-        node.row = place; // headings stand before all other nodes
+        node.row = place; // headings come before all other nodes
     } else {
         QVector<int> &siblings = nodes[static_cast<size_t>(parent)].children;
         node.row = siblings.size();
@@ -56,8 +56,7 @@ CDeviceTreeModel::SNode CDeviceTreeModel::nodeOf(const SDevice &device)
     return node;
 }
 
-/// A project's name; where others have the same one with its file, and with the folder where even that is
-/// equal.
+/// A project's name; if others have the same name, with its file, and if that is equal, too, with its folder.
 QString CDeviceTreeModel::nameAmong(const QList<SDevice> &devices, const SDevice &project)
 {
     const QFileInfo file(project.file);
@@ -239,6 +238,6 @@ Qt::ItemFlags CDeviceTreeModel::flags(const QModelIndex &index) const
 {
     if (!index.isValid())
         return Qt::NoItemFlags;
-    const bool heading = node(index)->type == PrcTreeNodeType::Other; // names nothing that could be selected
+    const bool heading = node(index)->type == PrcTreeNodeType::Other; // cannot be selected
     return heading ? Qt::ItemIsEnabled : Qt::ItemIsEnabled | Qt::ItemIsSelectable;
 }

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-// What the module tells the host to do; the questions that it asks are answered in CLayoutHandler.cpp.
+// The operations that change something; those that only return values are in CLayoutHandler.cpp.
 #include "host/devices/CDeviceCommands.h"
 #include "host/devices/CLayoutHandler.h"
 #include "host/devices/CMappingFiles.h"

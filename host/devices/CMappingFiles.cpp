@@ -20,7 +20,7 @@ CStatus noSuchProcessor()
     return CStatus::failure(CMappingFiles::tr("There is no such processor."));
 }
 
-/// Cabinets that come from elsewhere get keys of their own: the processor of a cabinet is found by its key.
+/// Gives imported cabinets new keys: the processor of a cabinet is found by its key.
 void renewKeys(PortGroup &group, int port)
 {
     if (!group.isLoose())
@@ -43,7 +43,7 @@ Port renewed(Port port, int index)
     return port;
 }
 
-/// Ends pairs of ports of which one came and the other did not, or knows nothing of it.
+/// Ends pairs of which only one port was imported, or whose other port does not belong to the pair.
 void dropHalfPairs(CabinetLayout &layout, bool supported, const PortPairs::LayoutOf &layoutOf)
 {
     const CabinetLayout before = layout;

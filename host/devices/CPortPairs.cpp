@@ -10,7 +10,7 @@ namespace {
 
 using RedundantPort = CabinetLayout::CabinetPort;
 
-/// What becomes of one port.
+/// The change of one port.
 struct SRole
 {
     RedundantPort::Redundancy role = RedundantPort::NoRedundancy;
@@ -175,7 +175,7 @@ void CPortPairs::change(const QList<SPortKey> &ended, const QList<SPortPair> &ma
     for (const SPortPair &pair : made) {
         const CabinetLayout layout = elsewhere(pair.first.processor);
         const RedundantPort *primary = layout.port(pair.first.port);
-        // In the processor in view the editor does it, where it can be undone.
+        // For the processor in view the editor does this, so that it can be undone.
         const bool dissolved = pair.second.processor != m_services.table().current();
         roles.insert(pair.first, {RedundantPort::Primary, pair.second, {}, false});
         roles.insert(pair.second, {RedundantPort::Redundant, pair.first,

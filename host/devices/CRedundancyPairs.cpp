@@ -84,7 +84,7 @@ CStatus CRedundancyPairs::setPrimaries(const QList<Pair> &changes)
         }
         for (const Pair &before : undo) {
             const CStatus undone = m_commands.setPrimary(before.second, before.first);
-            Q_UNUSED(undone) // the first failure is what the user is told
+            Q_UNUSED(undone) // the user is told of the first failure
         }
         return status;
     }

@@ -12,8 +12,7 @@
 
 #include <algorithm>
 
-// A static library's resources are linked only when they are named; the macro must stand outside of
-// namespaces.
+// A static library's resources are linked only if they are named; the macro must be outside of namespaces.
 static void initTypeLibraryResource()
 {
     Q_INIT_RESOURCE(type_library);
@@ -53,7 +52,7 @@ QString typeProblem(const TypeInfo &info)
     return {};
 }
 
-/// The words by which a search finds a type.
+/// The search words for a type.
 QStringList searchWords(const TypeInfo &info)
 {
     QStringList words = info.name.split(QLatin1Char(' '), Qt::SkipEmptyParts);
@@ -62,7 +61,7 @@ QStringList searchWords(const TypeInfo &info)
     return words;
 }
 
-/// Reads a data file; its first error ends the reading.
+/// Reads a data file; stops at the first error.
 class CTypeLibraryReader final
 {
 public:

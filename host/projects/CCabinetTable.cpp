@@ -23,7 +23,7 @@ struct STableRow
     QByteArray group; ///< ready to be written
 };
 
-/// A field as it is written; quoted only where that is needed.
+/// A field as written to the file; quoted only if necessary.
 QByteArray csvField(const QString &text)
 {
     QByteArray field = text.toUtf8();
@@ -33,7 +33,7 @@ QByteArray csvField(const QString &text)
     return field;
 }
 
-/// The names of the types that occur, looked up once a type.
+/// The names of all types that occur, each looked up once.
 class CTypeNames final
 {
 public:

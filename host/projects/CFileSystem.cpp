@@ -52,7 +52,7 @@ int CFileSystem::lock(int file, int operation)
 
 int CFileSystem::close(int file)
 {
-    return ::close(file); // once: after a signal the descriptor may belong to somebody else
+    return ::close(file); // only once: after a signal the descriptor may already be reused
 }
 
 int CFileSystem::rename(const QByteArray &from, const QByteArray &to)

@@ -76,7 +76,7 @@ void checkPlacement(const QVector<Cabinet> &cabinets, const QRect &canvas, CPort
     }
 }
 
-/// What is wrong with the receiver areas of a cabinet, as the end of a sentence; empty: nothing.
+/// The fault in the receiver areas of a cabinet, as the end of a sentence; empty: none.
 QString receiverProblem(const Cabinet &cabinet)
 {
     const QRect whole({0, 0}, cabinet.rect.size());
@@ -102,7 +102,7 @@ void checkReceivers(const QVector<Cabinet> &cabinets, CPortFindings &findings)
     }
 }
 
-/// The chain must hold each place from 0 once.
+/// Each rank from 0 on must occur once in the chain.
 void checkChain(QVector<Cabinet> cabinets, CPortFindings &findings)
 {
     std::stable_sort(cabinets.begin(), cabinets.end(),

@@ -7,9 +7,8 @@
 
 namespace {
 
-/// The rectangles that the sweep line crosses, in the leaves of a tree by their top edges. Each node knows
-/// the lowest bottom edge below it, so that one question costs the tree's height, whatever the rectangles
-/// are.
+/// The rectangles that the sweep line crosses, in the leaves of a tree by their top edges. Each node stores
+/// the lowest bottom edge below it, so that a query costs only the tree's height.
 class CCrossedRects final
 {
 public:
@@ -32,7 +31,8 @@ public:
     void insert(int index) { set(index, m_rects.at(index).bottom()); }
     void remove(int index) { set(index, Nothing); }
 
-    /// The one that reaches furthest down of those that share a row of pixels with @p rect, or -1.
+    /// Of those that share a row of pixels with @p rect, the one that reaches furthest down; -1 if there is
+    /// none.
     int crossing(const QRect &rect) const
     {
         const auto above = [this](int bottom, int index) { return bottom < m_rects.at(index).top(); };

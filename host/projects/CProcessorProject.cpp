@@ -17,7 +17,7 @@ constexpr SFileFormat processorFormat{"orvo-processor-project",
 constexpr int LargestCanvasSide = 1 << 20; // pixels
 constexpr int LongestName = 256;
 
-/// Keeps the first error of a part and gives its value.
+/// Stores the first error of a part and returns its value.
 template <typename Record>
 Record partOf(CResult<Record> part, QString &error)
 {

@@ -29,7 +29,7 @@ QString readInto(QByteArray &content, const CFileHandle &file, qint64 limit)
         return CSafeFile::tr("it is not a regular file");
     if (status.st_size > limit)
         return CSafeFile::tr("it is larger than %1 bytes").arg(limit);
-    content.resize(int(status.st_size) + 1); // one more: the end must be met
+    content.resize(int(status.st_size) + 1); // one more, to detect that the file grew
     const qint64 found = file.read(content, 0);
     if (found < 0)
         return CSafeFile::systemReason();
@@ -39,7 +39,7 @@ QString readInto(QByteArray &content, const CFileHandle &file, qint64 limit)
     return {};
 }
 
-/// Why @p target cannot be replaced; empty when it can.
+/// Why @p target cannot be replaced; empty if it can.
 QString replaceProblem(const QByteArray &target)
 {
     struct stat status = {};
@@ -49,12 +49,12 @@ QString replaceProblem(const QByteArray &target)
         return CSafeFile::tr("it is a folder");
     if (!S_ISREG(status.st_mode))
         return CSafeFile::tr("it is not a regular file");
-    // The folder's permissions would do, but a file that is read only is so on purpose.
+    // The folder's permissions would suffice, but a read-only file is read-only on purpose.
     return faccessat(AT_FDCWD, target.constData(), W_OK, AT_EACCESS) == 0 ? QString()
                                                                           : CSafeFile::systemReason();
 }
 
-/// The file itself where @p file is a link.
+/// The target if @p file is a link, otherwise @p file itself.
 QString withoutLinks(const QString &file)
 {
     const QFileInfo info(file);

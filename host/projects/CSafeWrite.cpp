@@ -22,7 +22,7 @@ constexpr std::chrono::milliseconds LockPause(20);
 constexpr qint64 LargestCopy = 128 * 1024 * 1024; // bytes, of a previous generation
 constexpr mode_t PermissionBits = 07777;
 
-/// Waits a while for who else writes in the folder. False: it is written without the lock.
+/// Waits for other writers in the folder, up to a limit. False: the file is written without the lock.
 bool takeLock(CFileHandle &folder)
 {
     for (int i = 0; i < LockTries; ++i) {
@@ -35,7 +35,8 @@ bool takeLock(CFileHandle &folder)
     return false;
 }
 
-/// Whether the names in the folder are on the disk; some file systems cannot be asked and need not be.
+/// Whether the names in the folder are on the disk; some file systems do not support, and do not need, this
+/// request.
 bool confirmNames(CFileHandle &folder)
 {
     return folder.sync() || errno == EINVAL || errno == ENOTSUP;
@@ -76,14 +77,14 @@ CStatus CSafeWrite::run(bool keepPrevious)
         return failure(why);
     }
     if (kept)
-        system.rename(pending, CStrayFiles::previous(m_target)); // else whoever cleans next does it
+        system.rename(pending, CStrayFiles::previous(m_target)); // if this fails, the next clean-up does it
     if (confirmNames(folder))
         return CStatus::done();
     return CStatus::failure(tr("%1 holds the new content, but the disk has not confirmed it: %2.")
                                 .arg(CSafeFile::quoted(m_file), CSafeFile::systemReason()));
 }
 
-/// Writes the new file, or gives the reason why it is not there.
+/// Writes the new file; returns the reason if that fails.
 QString CSafeWrite::writeNew()
 {
     for (int i = 0; i < TakenNames; ++i) {
@@ -115,8 +116,8 @@ QString CSafeWrite::fill(CFileHandle &file) const
     return file.close() ? QString() : CSafeFile::systemReason();
 }
 
-/// Gives what is in the file a second name. False: there is nothing, or it is lost when it is replaced, which
-/// is no reason not to save.
+/// Gives the previous content a second name. False: there is none, or it will be lost when the file is
+/// replaced, which must not prevent saving.
 bool CSafeWrite::keepPending() const
 {
     const QByteArray pending = CStrayFiles::pending(m_target);

@@ -32,7 +32,7 @@ bool isAbsent(const QByteArray &path)
     return lstat(path.constData(), &status) != 0 && errno == ENOENT;
 }
 
-/// Whether two files hold the same; nothing when one of them cannot be read.
+/// Whether two files have the same content; empty if one of them cannot be read.
 std::optional<bool> sameContent(const QByteArray &a, const QByteArray &b)
 {
     const CFileHandle first(a, O_RDONLY);
@@ -100,7 +100,7 @@ void CStrayFiles::settlePending(const QByteArray &file)
         return;
     const std::optional<bool> same = isAbsent(file) ? false : sameContent(kept, file);
     if (!same)
-        return; // another time
+        return; // to be cleaned up next time
     if (*same)
         CFileSystem::current().unlink(kept);
     else

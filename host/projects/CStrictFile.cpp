@@ -72,7 +72,7 @@ CResult<SFileHeader> readHeader(const QByteArray &line, const SFileFormat &forma
     return header;
 }
 
-/// Empty when @p body is what the header was written for.
+/// Checks length and checksum of @p body; empty if they match the header.
 QString bodyDamage(const SFileHeader &header, const QByteArray &body, int headerBytes)
 {
     if (body.size() < header.bytes)

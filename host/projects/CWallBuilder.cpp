@@ -12,7 +12,7 @@ namespace {
 using Port = CabinetLayout::CabinetPort;
 using Cabinet = Port::Cabinet;
 
-/// Identities of walls are made from names below this one.
+/// The namespace of identities that are derived from names.
 const QUuid wallNamespace(0x6f727677u, 0x616c, 0x4c77, 0x8a, 0x11, 0x5f, 0x0d, 0x3b, 0x6a, 0x77, 0x02);
 
 struct SWallRow
@@ -22,8 +22,8 @@ struct SWallRow
     int portColumns, portRows; // 0: chosen
 };
 
-// In the order of CWallBuilder::Wall. The stadium is what one processor of 80 ports carries of it, the full
-// wall small cabinets that fit its ports.
+// In the order of CWallBuilder::Wall. The stadium is the part of it that one processor with 80 ports can
+// drive; the full wall has small cabinets that fit its ports.
 constexpr SWallRow wallTable[CWallBuilder::WallCount] = {
     {"Small wall", 320, 240, 8, 6, 8, 4, 8, 1},     {"Small 4K wall", 480, 270, 8, 8, 13, 0, 0, 0},
     {"Medium wall", 192, 192, 24, 10, 15, 0, 0, 0}, {"Ribbon", 32, 48, 877, 1, 4, 0, 0, 0},
@@ -51,7 +51,7 @@ QVector<int> blockCells(const SWallPlan &plan, const QSize &portGrid, int block)
     return cells;
 }
 
-/// The columns and rows of ports whose equal blocks are most square; empty when none divide the grid.
+/// The columns and rows of ports with the most square equal blocks; empty if the grid cannot be divided.
 QSize squarestPortGrid(const SWallPlan &plan)
 {
     QSize best;
@@ -139,7 +139,7 @@ Port wiredPort(int index, const QVector<int> &chain, const QVector<Cabinet> &cab
     return port;
 }
 
-/// Why there can be no such grid of cabinets; empty when there can.
+/// Why this grid of cabinets is impossible; empty if it is possible.
 QString gridProblem(const SWallPlan &plan)
 {
     using B = CWallBuilder;
@@ -164,7 +164,7 @@ QString gridProblem(const SWallPlan &plan)
     return {};
 }
 
-/// Why the ports cannot share the cabinets; empty when they can.
+/// Why the cabinets cannot be distributed to the ports; empty if they can.
 QString sharingProblem(const SWallPlan &plan)
 {
     using B = CWallBuilder;

@@ -99,8 +99,8 @@ LayoutData CLayoutData::openProcessor(const QUuid &processor)
     if (m_handOver.isPending(m_states.edited()))
         syncLayoutData(true);
     const bool another = processor != m_states.edited();
-    // Before the host is asked: what it announces from now on counts. And it is asked, whatever the store
-    // knows: what it has announced until now may still be on the way.
+    // Before the host is asked, so that whatever it announces from now on counts. The host is asked in any
+    // case, because its earlier notifications may still be pending.
     m_states.setEdited(processor);
     if (!processor.isNull()) {
         const LayoutData data = CHostAccess::call(&Host::layoutData, processor);

@@ -11,7 +11,7 @@ namespace {
 using Host = ILayoutInterfaceHandler;
 
 constexpr int SyncKey = 0;
-constexpr std::chrono::milliseconds SyncDelay(200); // edits in quick succession travel as one
+constexpr std::chrono::milliseconds SyncDelay(200); // edits in quick succession are handed over as one
 
 } // namespace
 
@@ -47,7 +47,7 @@ bool CLayoutHandOver::isPending(const QUuid &processor) const
 
 void CLayoutHandOver::drop(const QUuid &processor)
 {
-    // The queued event stays: it finds that its layout is outdated.
+    // The queued event stays; when it runs, it finds that its layout is outdated.
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_newest.contains(processor))
         m_handedOver[processor] = m_newest[processor];

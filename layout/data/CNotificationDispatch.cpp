@@ -253,7 +253,8 @@ void CNotificationDispatch::removeProcessor(const QUuid &processor)
 
 void CNotificationDispatch::replaceLayout(const QUuid &processor)
 {
-    m_states.outdateEdits(processor); // before the host is asked: what is edited meanwhile is of the old one
+    // Before the host is asked, because edits made meanwhile belong to the old layout.
+    m_states.outdateEdits(processor);
     m_handOver.drop(processor);
     const LayoutData data = CHostAccess::call(&Host::layoutData, processor);
     m_states.takeFromHost(processor, data.layout.ports, false);

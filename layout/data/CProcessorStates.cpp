@@ -156,7 +156,7 @@ QVector<SSettings::TypeLibrary::STreeNode> CProcessorStates::typeLibrary() const
 void CProcessorStates::setTypeLibrary(QVector<SSettings::TypeLibrary::STreeNode> library)
 {
     const CWriteLocker locker(m_lock);
-    m_typeLibrary.swap(library); // the old tree dies with the parameter
+    m_typeLibrary.swap(library); // the old tree is destroyed with the parameter, without the lock
 }
 
 void CProcessorStates::setCurrent(const QUuid &processor)
@@ -273,7 +273,7 @@ std::optional<CProcessorStates::SEdit> CProcessorStates::takeEdit(const CabinetL
             continue;
         if (!LayoutData::comparePortData(*changed, port, true))
             edit.changedPorts << port.index;
-        port.groups = changed->groups; // equal ones too: what is shared is compared at once the next time
+        port.groups = changed->groups; // also equal ones: shared data is compared in O(1) the next time
         state.facts[port.index] = SPortFacts::of(port);
     }
     edit.data = dataOf(state);

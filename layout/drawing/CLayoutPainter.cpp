@@ -22,8 +22,8 @@ constexpr qreal MarkMargin = 8;
 constexpr qreal SmallestCustomMark = 2.5; // device pixels
 constexpr qreal AfarWidth = 10;           // device pixels
 constexpr qreal HighlightWidth = 3;       // device pixels
-constexpr qreal SmallestBorder = 3;       // device pixels; of a smaller cabinet it would be all that is seen
-constexpr qreal ShortestWire = 2; // device pixels; shorter ones would cover the cabinets that they join
+constexpr qreal SmallestBorder = 3;       // device pixels; a smaller cabinet would be nothing but border
+constexpr qreal ShortestWire = 2;         // device pixels; shorter ones would cover their cabinets
 constexpr qreal ArrowLength = 8;
 constexpr qreal ArrowHalfWidth = 5.5;
 constexpr qreal ArrowPlace = 0.25; // of the way from the exit to the entry point
@@ -38,7 +38,7 @@ const QColor FrameColor(202, 202, 210);
 const QColor HighlightColor(255, 214, 64);
 const QColor CustomColor(190, 163, 25);
 
-/// How far @p pixels has come from @p none to what is drawn whole.
+/// How strongly to draw something of @p pixels: from 0 at @p none to 1 at full strength.
 qreal shareOfFull(qreal pixels, qreal none)
 {
     return qBound(0.0, (pixels - none) / (AfarWidth - none), 1.0);
@@ -51,7 +51,7 @@ QPen cosmetic(const QColor &color, qreal width, Qt::PenStyle style = Qt::SolidLi
     return pen;
 }
 
-/// Black or white, whichever is read better on @p fill.
+/// Black or white, whichever is easier to read on @p fill.
 QColor textOn(const QColor &fill)
 {
     return qGray(fill.rgb()) > 140 ? QColor(31, 31, 36) : QColor(240, 240, 246);
@@ -59,7 +59,7 @@ QColor textOn(const QColor &fill)
 
 void paintNumber(QPainter &painter, const SCabinetLook &look, const QColor &fill, qreal scale)
 {
-    // In the upper left corner, where no wire runs that leads from centre to centre.
+    // In the upper left corner, where wires from centre to centre do not pass.
     const qreal size = std::min(look.rect.height(), look.rect.width()) / 3.5;
     if (look.number.isEmpty() || size * scale < SmallestText)
         return;
@@ -82,7 +82,7 @@ void paintMark(QPainter &painter, const QString &resource, const QRectF &cabinet
     CSvgCache::renderer(resource).render(&painter, QRectF(corner, QSizeF(size, size)));
 }
 
-/// On a dark plate: a port may have the colour of the mark.
+/// On a dark background: a port may have the colour of the mark.
 void paintBackedMark(QPainter &painter, const QString &resource, const QRectF &place)
 {
     const qreal margin = place.width() / 5;
@@ -90,14 +90,14 @@ void paintBackedMark(QPainter &painter, const QString &resource, const QRectF &p
     CSvgCache::renderer(resource).render(&painter, place);
 }
 
-/// The lower right corner, where neither the number nor the other marks are; of a small cabinet as much as is
-/// needed to see it.
+/// In the lower right corner, away from the number and other marks; on a small cabinet large enough to be
+/// seen.
 void paintCustomMark(QPainter &painter, const QRectF &cabinet, qreal scale)
 {
     const qreal side = std::min(cabinet.width(), cabinet.height());
     const qreal size = std::max(side / 4, std::min(side / 2, SmallestCustomMark / scale));
     const QPointF corner = cabinet.bottomRight();
-    if (CLayoutPainter::isAfar(cabinet.width(), scale)) { // a triangle could not be told from a square
+    if (CLayoutPainter::isAfar(cabinet.width(), scale)) { // a triangle would look like a square
         painter.fillRect(QRectF(corner - QPointF(size, size), corner), CustomColor);
         return;
     }
@@ -107,8 +107,8 @@ void paintCustomMark(QPainter &painter, const QRectF &cabinet, qreal scale)
     painter.drawConvexPolygon(triangle, 3);
 }
 
-/// For lines of which dashes could not be told apart, so many whole device pixels long. Fades with them: of
-/// ten thousand lines nothing else would be seen.
+/// For lines too short for visible dashes, @p length whole device pixels long. Fades with the length:
+/// otherwise ten thousand lines would hide everything else.
 QPen shortWirePen(int length)
 {
     QColor color = WireColor;
@@ -116,7 +116,7 @@ QPen shortWirePen(int length)
     return cosmetic(color, 1);
 }
 
-/// Length of a unit in which an arrow head is as large as it gets on a line of that length.
+/// The unit of length for the arrow head, at its largest size, on a line of that length.
 qreal largestArrowUnit(qreal length)
 {
     return length * ArrowPlace / ArrowLength;
@@ -130,9 +130,9 @@ std::array<QPointF, 3> arrowHead(const QLineF &line, qreal unit)
     return {foot + along * (unit * ArrowLength), foot - side, foot + side};
 }
 
-/// The border is what the fill leaves of a rectangle behind it: a pen would be walked pixel by pixel. It
-/// stays inside, as what an item draws outside its bounds is not repainted with it; left and top are enough
-/// between neighbours, a frame has all sides.
+/// The border is drawn as a rectangle below the fill, because a pen would be drawn pixel by pixel. It stays
+/// inside, because what an item draws outside its bounds is not repainted. Left and top sides suffice between
+/// neighbours; a frame has all sides.
 void paintArea(QPainter &painter, const QRectF &rect, const SCabinetColors &colors, qreal scale)
 {
     if (!colors.border.isValid()) {
@@ -168,7 +168,7 @@ SCabinetColors SCabinetColors::of(const QColor &fill, bool selected, bool highli
     colors.fill = selected ? CLayoutPainter::selectedFill(fill) : fill;
     colors.framed = selected;
     if (highlighted && width < AfarWidth)
-        colors.fill = HighlightColor; // a frame would leave nothing to be framed
+        colors.fill = HighlightColor; // a frame would cover the whole cabinet
     const qreal share = shareOfFull(width, SmallestBorder);
     if (share > 0)
         colors.border = blended(colors.fill, selected ? FrameColor : BorderColor, share);
@@ -215,7 +215,7 @@ void CLayoutPainter::paintCabinetFromAfar(QPainter &painter, const QRectF &rect,
 
 const QPen &CLayoutPainter::wirePen()
 {
-    // The style's own pattern is 4, 2; setting it by hand would make it another style.
+    // The style's own pattern is 4, 2; setting it explicitly would change the style.
     static const QPen shared(QBrush(WireColor), 0, Qt::DashLine, Qt::SquareCap, Qt::MiterJoin);
     return shared;
 }
@@ -294,7 +294,7 @@ void CLayoutPainter::paintGroup(QPainter &painter, const QRectF &rect, bool sele
 
 void CLayoutPainter::paintCanvas(QPainter &painter, const QRectF &canvas, const CCanvasFill &fill)
 {
-    // In screen pixels: squares of the canvas would melt into grey from afar.
+    // In screen pixels: squares in canvas pixels would become plain grey from afar.
     const QRect onScreen = painter.worldTransform().mapRect(canvas).toAlignedRect();
     painter.save();
     painter.resetTransform();
@@ -311,7 +311,7 @@ bool CLayoutPainter::isAfar(qreal width, qreal scale)
 
 QColor CLayoutPainter::defaultPortColor(int port)
 {
-    // Neighbouring ports lie a golden angle apart on the colour wheel.
+    // Neighbouring ports are a golden angle apart on the colour wheel.
     constexpr qreal goldenAngle = 137.508;
     return QColor::fromHsv(int(std::fmod(212 + port * goldenAngle, 360.0)), 150, port % 2 ? 128 : 148);
 }

@@ -64,7 +64,7 @@ SCabinetLook lookOf(const Cabinet &cabinet, const Port &port, const QColor &fill
     return look;
 }
 
-/// Paints the frames of all groups below @p group; gives the rectangle of what the group holds.
+/// Paints the frames of @p group and all groups in it; returns the rectangle around its content.
 QRect paintGroupFrames(QPainter &painter, const Group &group, qreal scale)
 {
     QRect rect;

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// The place of the cell that holds @p cursor, counted from the first one; negative: before it.
+/// The index of the cell that contains @p cursor, relative to the first one; negative: before it.
 int cellIndex(int nearEdge, int size, int cursor)
 {
     const int offset = cursor - nearEdge;

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// Counts covers over elementary intervals: adding to a range and asking for the least count cost O(log n).
+/// Counts covers over elementary intervals: adding to a range and querying the smallest count are O(log n).
 class CCoverCount final
 {
 public:
@@ -75,7 +75,7 @@ bool CCoverage::covers(const QVector<QRectF> &rects, const QRectF &area)
     std::sort(events.begin(), events.end(),
               [](const SCoverEvent &a, const SCoverEvent &b) { return a.y < b.y; });
 
-    // Between two heights at which something begins or ends, every interval must be covered.
+    // Between two heights at which a rectangle begins or ends, every interval must be covered.
     CCoverCount count(edges.size() - 1);
     qreal y = area.top();
     for (const SCoverEvent &event : qAsConst(events)) {

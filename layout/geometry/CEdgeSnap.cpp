@@ -6,7 +6,7 @@
 
 namespace {
 
-/// The shift, of at most @p reach, that brings an edge of [low, high] to one of @p edges; 0 without one.
+/// The shift, of at most @p reach, that brings an edge of [low, high] to one of @p edges; 0 if there is none.
 int shiftToEdge(int low, int high, const QVector<int> &edges, int reach)
 {
     int best = reach + 1;

@@ -15,8 +15,8 @@ SOriginalAreas originalOf(const Cabinet &cabinet, const QSize &size)
     return cabinet.original ? *cabinet.original : SOriginalAreas{size, cabinet.rects, cabinet.blanks};
 }
 
-/// One axis: where the edges of areas come to lie when the side changes. All edges move together, so that
-/// areas that share one go on sharing it.
+/// One axis: the new positions of the edges of areas when the side changes. Equal edges move together, so
+/// that adjacent areas stay adjacent.
 class CEdgeMap final
 {
 public:
@@ -31,7 +31,7 @@ public:
         m_edges.erase(std::unique(m_edges.begin(), m_edges.end()), m_edges.end());
         for (const int edge : qAsConst(m_edges))
             m_places << int(std::lround(double(edge) * to / from));
-        // Where many edges fall together they are spread, from the far end and then from the near one.
+        // Edges that coincide are spread, first from the far end, then from the near one.
         const int last = m_places.size() - 1;
         for (int i = last - 1; i >= 0; --i)
             m_places[i] = std::min(m_places.at(i), m_places.at(i + 1) - 1);

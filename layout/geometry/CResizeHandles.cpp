@@ -28,7 +28,7 @@ bool movesBottom(int handle)
     return handle >= CResizeHandles::BottomRight && handle <= CResizeHandles::BottomLeft;
 }
 
-/// One axis: the edge that moves, kept so that the side stays from @p least to @p largest.
+/// One axis: the moving edge, limited so that the side stays between @p least and @p largest.
 void moveEdges(qreal &low, qreal &high, bool movesLow, bool movesHigh, qreal delta, qreal least,
                qreal largest)
 {

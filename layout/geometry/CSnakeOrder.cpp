@@ -25,8 +25,7 @@ struct SScan
     }
     int lineCount() const { return extent > 0 ? int(std::ceil(extent / pitch)) : 0; }
 
-    /// The first line whose strip, one unit thick, touches what lies between @p low and @p high; -1 when none
-    /// does.
+    /// The first line whose strip, one unit thick, touches the range from @p low to @p high; -1 if none does.
     int firstTouching(double low, double high) const
     {
         // A strip at p touches when p < high and p + 1 > low. Start one line early: the estimate rounds.

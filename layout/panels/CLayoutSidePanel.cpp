@@ -8,7 +8,7 @@
 CLayoutSidePanel::CLayoutSidePanel(const SUnitServices &services, QWidget *parent)
     : CSidePanel(parent)
 {
-    // From top to bottom, a line a unit.
+    // From top to bottom, one line per unit.
     const auto *mapping = add<CMappingLabel>(services);
     add<CSystemLoadLabel>(services);
 

@@ -37,7 +37,7 @@ void CMappingLabel::setBusy(bool busy)
     m_busy = busy;
     updateEnabled();
     if (busy) {
-        m_focusMeanwhile = window()->focusWidget(); // a disabled button passes the focus on
+        m_focusMeanwhile = window()->focusWidget(); // a disabled button loses the focus
     } else if (m_focusBefore && focused == m_focusMeanwhile) {
         m_focusBefore->setFocus();
         m_focusBefore = nullptr;
@@ -148,7 +148,7 @@ void CMappingLabel::connectSignals()
     connect(m_save, &CMenuToolButton::notifyActionTriggered, this, &CMappingLabel::onSaveTriggered);
 }
 
-/// An empty @p reason enables; any other tells why not.
+/// An empty @p reason enables the button; any other says why it is disabled.
 void CMappingLabel::enable(CMenuToolButton &button, const QString &reason)
 {
     button.setDefaultBlocked(m_processorReady ? QString()

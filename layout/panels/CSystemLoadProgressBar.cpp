@@ -48,7 +48,7 @@ void CSystemLoadProgressBar::paintEvent(QPaintEvent *)
     painter.setBrush(full);
     painter.drawRoundedRect(filled, BarRadius, BarRadius);
 
-    // The text runs over both colours, which do not go with the same text colour.
+    // The text covers both colours, which need different text colours.
     painter.setClipRect(rest);
     painter.setPen(CTheme::textOn(empty));
     painter.drawText(rect(), Qt::AlignCenter, text());

@@ -31,7 +31,7 @@ void CAppendMenu::addRecent(QMenu &menu) const
     QVector<TypeInfo> types;
     for (const SMD5 &key : m_recent.types()) {
         const TypeInfo type = m_types.getTypeInfo(key);
-        if (type.isValid()) // one that has left the library is of no use
+        if (type.isValid()) // skips types that are no longer in the library
             types << type;
     }
     if (types.isEmpty())

@@ -20,7 +20,7 @@ using Host = ILayoutInterfaceHandler;
 
 const QString ConfigSuffix = QStringLiteral(".rcvbp");
 
-/// A single word behind the last point; the "6 tall" of "Rental P2.6 tall" belongs to the name.
+/// A suffix is a single word after the last dot; the "6 tall" of "Rental P2.6 tall" belongs to the name.
 bool hasSuffix(const QString &file)
 {
     const QString suffix = QFileInfo(file).suffix();
@@ -29,7 +29,7 @@ bool hasSuffix(const QString &file)
            std::all_of(suffix.begin(), suffix.end(), isWordPart);
 }
 
-/// @p name without what would be a folder of its own, or what some systems refuse.
+/// Replaces characters that separate folders, or that some systems do not allow, in @p name.
 QString fileNameOf(QString name)
 {
     static const QRegularExpression unfit(QStringLiteral("[/\\\\:*?\"<>|]"));
@@ -38,12 +38,12 @@ QString fileNameOf(QString name)
 
 } // namespace
 
-/// Empty when the user does not want to. A name without a suffix gets that of configurations.
+/// Empty if the user cancels. A name without a suffix gets that of configurations.
 QString CCabinetFiles::askForFile(const QString &title, const QString &proposed)
 {
     QFileDialog dialog(m_parent, title, m_folder.mappingFolder(), QStringLiteral("*.rcvbp;;*.rcvp"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setOption(QFileDialog::DontConfirmOverwrite); // asked in words of our own
+    dialog.setOption(QFileDialog::DontConfirmOverwrite); // we ask with our own text
     dialog.selectFile(proposed);
     if (dialog.exec() != QDialog::Accepted)
         return {};

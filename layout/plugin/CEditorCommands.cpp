@@ -175,7 +175,7 @@ bool CEditorCommands::highlight(const QList<Cabinet> &cabinets, CabinetHighlight
 {
     const bool done = CHostAccess::flushAndCall(&Host::setCabinetHighlight, cabinets, kind);
     if (!done && !cabinets.isEmpty()) {
-        // Asked for in the middle of a press on an item, which a box would keep from its end.
+        // Called during a press on an item, which a message box would interrupt.
         QObject *context = parent ? static_cast<QObject *>(parent) : qApp;
         QTimer::singleShot(0, context, [parent, details = CHostAccess::call(&Host::lastError)] {
             CMessageBox::warning(parent, tr("Set failed."), details);

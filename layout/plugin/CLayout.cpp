@@ -72,7 +72,7 @@ void CLayout::stop()
     if (m_host && m_host->subject())
         m_host->subject()->detach(m_store);
     m_store.stop();
-    QCoreApplication::removePostedEvents(this); // what the store has invoked finds no page any more
+    QCoreApplication::removePostedEvents(this); // queued calls from the store would find no page any more
     delete m_sidePanel;
     m_mappingCommands.reset();
     m_processorCommands.reset();
@@ -128,7 +128,7 @@ void CLayout::OnCurrentProcessorChanged()
 void CLayout::onCurrentProcessorPortCountChanged(const ProcessorTree::ProcessorNode &currentProcessorInfo)
 {
     const bool sameProcessor = currentProcessorInfo.uuid == m_editorPage->processor();
-    setProcessor(currentProcessorInfo); // loads another one by itself
+    setProcessor(currentProcessorInfo); // also loads another one
     if (sameProcessor)
         m_editorPage->reload();
 }

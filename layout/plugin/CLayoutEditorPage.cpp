@@ -84,7 +84,8 @@ void CLayoutEditorPage::reload()
     showBackground(m_store.background());
 }
 
-/// A fill image that cannot be read is told beside the title, not in a box with each look at the processor.
+/// A fill image that cannot be read is reported beside the title, not in a message box each time the
+/// processor is shown.
 void CLayoutEditorPage::showBackground(const SBackgroundInfo &info, bool canvasSizeChanged)
 {
     CCabinetGraphicsScene &scene = m_view->cabinetScene();
@@ -147,7 +148,7 @@ void CLayoutEditorPage::reportSet(bool done)
         CMessageBox::warning(this, tr("Set failed."), CHostAccess::call(&Host::lastError));
 }
 
-/// A processor that stands in for another one follows it, and is looked at only.
+/// A redundancy processor follows its primary and cannot be edited.
 void CLayoutEditorPage::showRedundancy()
 {
     const auto pairs = m_store.processorRedundancies();
@@ -213,7 +214,7 @@ void CLayoutEditorPage::connectSignals()
             m_store.setCurrentPort(ports.first());
     });
     connect(m_view, &CLayoutGraphicsView::notifyUndoStackChanged, this, [this](QUndoStack *stack) {
-        m_store.undoGroup().addStack(stack); // once is enough, more does no harm
+        m_store.undoGroup().addStack(stack); // adding it again has no effect
         m_store.undoGroup().setActiveStack(stack);
     });
     connect(m_view, &CLayoutGraphicsView::notifyCurrentPortChosen, &m_store, &CLayoutData::setCurrentPort);

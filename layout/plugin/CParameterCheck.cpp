@@ -63,7 +63,7 @@ QString CParameterCheck::faultOf(const Cabinet &cabinet) const
     const auto info = m_types.getTypeInfo(cabinet.type);
     if (info.isValid())
         return {};
-    // A type that the library does not know has no name; then its key tells which one it is.
+    // A type that is not in the library has no name; then its key identifies it.
     const QString name = info.name.isEmpty() ? QString::fromLatin1(cabinet.type.toText()) : info.name;
     return tr("Type file %1 is damaged.").arg(name);
 }

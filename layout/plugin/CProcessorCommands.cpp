@@ -66,7 +66,7 @@ void CProcessorCommands::setStatusLed(bool on)
 
 void CProcessorCommands::setPortCount(const QUuid &processor, int count)
 {
-    // The host refuses when a port that would go still holds cabinets.
+    // The host refuses if a port that would be removed still holds cabinets.
     reportSet(CHostAccess::flushAndCall(&Host::setOutputPortCount, processor, count));
 }
 

@@ -26,7 +26,7 @@ QString fiberText()
     return CProcessorMenu::tr("Fiber Optic Transceiver Mode is on");
 }
 
-/// An empty @p reason allows the entry; any other is why it cannot be chosen.
+/// An empty @p reason enables the entry; any other says why it is disabled.
 void allowUnless(QAction *entry, const QString &reason)
 {
     entry->setEnabled(reason.isEmpty());
@@ -179,7 +179,7 @@ QMenu *CProcessorMenu::addOtherProcessors(const QString &text, const QString &ic
         const bool fiber = CHostAccess::call(&Host::isFiberTransceiverMode, other.uuid);
         QAction *entry = addEntry(*submenu, fiber ? fiberText() : other.displayText(),
                                   [chosen, uuid = other.uuid] { chosen(uuid); });
-        if (fiber) // the entry says why, the tip which one
+        if (fiber) // the entry says why, the tool tip which one
             allowUnless(entry, other.displayText());
     }
     return submenu;

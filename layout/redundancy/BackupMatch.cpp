@@ -6,7 +6,7 @@
 
 namespace {
 
-/// The free key that fits best beside @p known, as its redundancy or as its primary; null: none.
+/// The free key that fits @p known best, as its redundancy or as its primary; null: none.
 QUuid bestFor(const QUuid &known, bool asRedundancy, const QList<QUuid> &free,
               const BackupMatch::Fitness &fitness)
 {

@@ -119,10 +119,10 @@ void CBackupTable::onNotifyProcessorDroped(const QModelIndex &index, const QUuid
 
 void CBackupTable::onNotifyViewProcessorDroped(const QModelIndex &index, const QUuid &processor)
 {
-    onNotifyProcessorDroped(index, processor); // a swap is a swap, wherever the drag began
+    onNotifyProcessorDroped(index, processor); // a drop from the table is handled the same way
 }
 
-/// The bar stands beside the rows only while they do not fit, so that the columns share the whole width.
+/// The scroll bar is shown only if the rows do not fit; otherwise the columns use the whole width.
 void CBackupTable::onScrollBarRangeChanged(int min, int max)
 {
     m_view->setVerticalScrollBarPolicy(max > min ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
@@ -158,7 +158,7 @@ QModelIndex CBackupTable::cellOf(const QUuid &key) const
     return {};
 }
 
-/// Makes @p key the content of a cell; the cell that held it gets what the target held.
+/// Puts @p key into a cell; the cell that held it before gets the target's previous content.
 void CBackupTable::put(const QModelIndex &index, const QUuid &key)
 {
     if (!index.isValid() || (!key.isNull() && !m_places.contains(key)))

@@ -86,7 +86,7 @@ void CBackupTableView::dropEvent(QDropEvent *event)
         event->ignore();
         return;
     }
-    event->setDropAction(Qt::CopyAction); // the source changes nothing by itself
+    event->setDropAction(Qt::CopyAction); // so that the source changes nothing itself
     event->accept();
     if (event->source() == this)
         Q_EMIT notifyViewProcessorDroped(target, key);
@@ -124,7 +124,7 @@ void CBackupTableView::setHoveredRow(int row)
 {
     if (row != m_hoveredRow)
         updateRow(std::exchange(m_hoveredRow, row));
-    updateRow(row); // the mouse may have come over the button in it
+    updateRow(row); // the mouse may now be over its button
 }
 
 void CBackupTableView::updateRow(int row)

@@ -11,7 +11,7 @@ namespace {
 
 using Host = ILayoutInterfaceHandler;
 
-/// A port's entry has a key of its own, the same each time.
+/// The key of a port's entry: always the same for a port.
 QUuid entryKey(const SPortKey &port)
 {
     return QUuid::createUuidV5(port.processor, QByteArray::number(port.port));

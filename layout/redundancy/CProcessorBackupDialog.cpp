@@ -48,7 +48,7 @@ QList<SBackupEntry> CProcessorBackupDialog::readEntries()
     const QList<ProcessorTree::ProcessorNode> processors = CHostAccess::call(&Host::processors);
     for (const ProcessorTree::ProcessorNode &processor : processors) {
         if (processor.address == 0)
-            continue; // a project: nothing that could stand in
+            continue; // a project, which cannot replace a processor
         m_keys << processor.uuid;
         listed << processor;
         const bool fiber = CHostAccess::call(&Host::isFiberTransceiverMode, processor.uuid);

@@ -24,7 +24,7 @@ QString unknownValue()
 QLineEdit *informationField(const QString &name, const QString &value)
 {
     auto *field = new QLineEdit(value);
-    field->setReadOnly(true); // and so can be copied
+    field->setReadOnly(true); // so that its text can be copied
     field->setAccessibleName(name);
     field->setFixedWidth(InformationFieldWidth);
     field->setCursorPosition(0);
@@ -78,13 +78,13 @@ QStringList CCabinetInformation::commonValues(const Cabinets &selected, const Ty
         if (!types.contains(cabinet.type))
             types[cabinet.type] = cabinet.type.isNull() ? RcvTypeInfo() : typeOf(cabinet.type);
         RcvTypeInfo type = types[cabinet.type];
-        if (!type.isValid()) { // the cabinet itself still tells how many pixels it has
+        if (!type.isValid()) { // the size in pixels is known from the cabinet itself
             type = {};
             type.width = cabinet.rect.width();
             type.height = cabinet.rect.height();
         }
         if (!common.isEmpty() && type == last)
-            continue; // as most are in a large selection
+            continue; // as for most cabinets in a large selection
         last = type;
         const QStringList values = valuesOf(type);
         for (int row = 0; row < common.size(); ++row) {

@@ -47,7 +47,7 @@ void CCabinetParaSave::buildUi(const Nodes &library)
     m_note->setWordWrap(true);
     m_note->setFixedWidth(ParameterFieldWidth);
     QSizePolicy policy = m_note->sizePolicy();
-    policy.setRetainSizeWhenHidden(true); // or the dialog would jump
+    policy.setRetainSizeWhenHidden(true); // otherwise the dialog would change its size
     m_note->setSizePolicy(policy);
 
     auto *form = new QFormLayout;

@@ -65,7 +65,7 @@ void CCanvasBackgroundSetting::buildUi()
 
 void CCanvasBackgroundSetting::buildImageRow(QGridLayout &grid)
 {
-    m_file->setReadOnly(true); // only what could be read is taken
+    m_file->setReadOnly(true); // only files that could be read are accepted
     m_file->setPlaceholderText(tr("Please choose an image"));
     m_file->setFixedWidth(FileFieldWidth);
     m_file->setAccessibleName(tr("Image"));
@@ -111,7 +111,7 @@ void CCanvasBackgroundSetting::connectSignals()
     connect(m_opacity, &CSliderSpinBox::valueChanged, this, &CCanvasBackgroundSetting::change);
 }
 
-/// A fill without an image would be none.
+/// A fill needs an image.
 void CCanvasBackgroundSetting::updateEnabled()
 {
     const bool sensible = !m_info.enabled || !m_info.file.isEmpty();

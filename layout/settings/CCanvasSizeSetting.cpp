@@ -59,7 +59,8 @@ void CCanvasSizeSetting::buildUi()
     }
     m_hint->setObjectName(QStringLiteral("Hint"));
     m_hint->setWordWrap(true);
-    m_hint->setMinimumHeight(2 * m_hint->fontMetrics().lineSpacing()); // or the dialog would jump
+    // Otherwise the dialog would change its size.
+    m_hint->setMinimumHeight(2 * m_hint->fontMetrics().lineSpacing());
     m_hint->setAlignment(Qt::AlignLeft | Qt::AlignTop);
 
     auto *grid = new QGridLayout;
@@ -77,7 +78,7 @@ void CCanvasSizeSetting::buildUi()
 void CCanvasSizeSetting::addRow(QGridLayout &grid, const QString &text, QWidget *field)
 {
     auto *label = new QLabel(text);
-    label->setMinimumWidth(CanvasLabelWidth); // rather wider than cut off
+    label->setMinimumWidth(CanvasLabelWidth); // widened if its text would be cut off
     label->setBuddy(field);
     field->setAccessibleName(text);
     const int row = grid.rowCount();
@@ -97,9 +98,9 @@ void CCanvasSizeSetting::onPresetChosen()
 {
     const QSize preset = m_presets->currentData().toSize();
     if (!preset.isValid())
-        return; // a size of one's own
+        return; // a custom size
     {
-        const QSignalBlocker blocker(m_width); // half a preset is none
+        const QSignalBlocker blocker(m_width); // do not announce a half-set preset
         m_width->setValue(preset.width());
     }
     m_height->setValue(preset.height());

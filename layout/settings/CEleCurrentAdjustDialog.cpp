@@ -136,7 +136,7 @@ void CEleCurrentAdjustDialog::updateButtons()
     m_save->setEnabled(m_table->isSwitched() || m_table->hasImported());
 }
 
-/// The Tab key follows age, and the rows are younger than the buttons below them.
+/// The Tab key follows the order of creation, and the rows are created after the buttons below them.
 void CEleCurrentAdjustDialog::orderTabs()
 {
     QWidget *last = m_refresh;
@@ -148,7 +148,7 @@ void CEleCurrentAdjustDialog::orderTabs()
     setTabOrder(m_clear, m_save);
 }
 
-/// Asks @p question where an answer is needed.
+/// Asks @p question if there are unsaved switches.
 bool CEleCurrentAdjustDialog::mayLoseSwitches(const QString &question)
 {
     return !m_table->isSwitched() || CMessageBox::confirm(this, question);

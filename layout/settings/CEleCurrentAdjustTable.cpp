@@ -150,7 +150,7 @@ QWidget *CEleCurrentAdjustTable::switchBox(int row)
         m_shown[row].on = on;
         Q_EMIT notifySwitched();
     });
-    auto *cell = new QWidget; // or the whole cell would be the box
+    auto *cell = new QWidget; // otherwise the check box would fill the cell
     auto *line = new QHBoxLayout(cell);
     line->setContentsMargins(GainCellMargin - CheckBoxFrame, 0, 0, 0);
     line->addWidget(box);

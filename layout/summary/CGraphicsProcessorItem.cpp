@@ -11,7 +11,7 @@ namespace {
 
 constexpr int TextPixels = 12; // on the screen, at every zoom
 constexpr int TextMargin = 8;
-constexpr int FillOpacity = 225; // the edges of what lies below shine through
+constexpr int FillOpacity = 225; // the edges of items below are visible through it
 
 QColor translucent(QRgb rgb)
 {
@@ -75,7 +75,7 @@ void CGraphicsProcessorItem::paintText(QPainter &painter) const
     painter.setFont(font);
     const QFontMetricsF metrics(font, painter.device());
     if (room.width() < metrics.horizontalAdvance(QChar(0x2026)) || room.height() < metrics.height())
-        return; // not even the dots would lie inside
+        return; // not even an ellipsis would fit
     painter.setPen(QColor(m_online ? ThemeColors::Text : ThemeColors::SoftText));
     const QString name = metrics.elidedText(m_text, Qt::ElideMiddle, room.width());
     const bool hasState = !m_online && room.height() >= 2 * metrics.lineSpacing();

@@ -35,7 +35,7 @@ COffsetHistory::COffsetHistory(Place place, QObject *parent)
 
 COffsetHistory::~COffsetHistory()
 {
-    m_stack.disconnect(this); // it tells that it becomes empty
+    m_stack.disconnect(this); // it would announce that it becomes empty
 }
 
 void COffsetHistory::enter(const ProcessorOffsets &offsets)

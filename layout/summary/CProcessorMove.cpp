@@ -29,7 +29,7 @@ QPoint directionOf(int key)
     }
 }
 
-/// Those of @p edges at which [low, high] begins or ends.
+/// The @p edges at which [low, high] begins or ends.
 QVector<int> shared(int low, int high, const QVector<int> &edges)
 {
     QVector<int> lines;
@@ -40,7 +40,7 @@ QVector<int> shared(int low, int high, const QVector<int> &edges)
     return lines;
 }
 
-/// @p step, or as much of it as keeps an offset that begins at @p from within its limits.
+/// @p step, reduced so that an offset that starts at @p from stays within its limits.
 int boundedStep(int step, int from)
 {
     return qBound(-LayoutLimits::LargestOffset - from, step, LayoutLimits::LargestOffset - from);

@@ -45,14 +45,14 @@ CSummaryGraphicsView::CSummaryGraphicsView(QWidget *parent)
 {
     setScene(m_scene);
     setDragMode(RubberBandDrag);
-    setViewportUpdateMode(FullViewportUpdate); // frames and lines reach beyond the few items
+    setViewportUpdateMode(FullViewportUpdate); // frames and lines extend beyond the items
     setAccessibleName(tr("Processors on the shared canvas"));
     connect(m_scene, &QGraphicsScene::selectionChanged, this, &CSummaryGraphicsView::announceSelection);
 }
 
 CSummaryGraphicsView::~CSummaryGraphicsView()
 {
-    disconnect(m_scene, nullptr, this, nullptr); // items that go are deselected
+    disconnect(m_scene, nullptr, this, nullptr); // deleting items deselects them
 }
 
 void CSummaryGraphicsView::setProcessors(const QVector<SSummaryProcessor> &processors)
@@ -91,7 +91,7 @@ void CSummaryGraphicsView::addItem(const SSummaryProcessor &processor)
         new CGraphicsProcessorItem(processor.uuid, processor.text, QRect(QPoint(0, 0), processor.area));
     item->setOnline(processor.online);
     item->setPos(processor.offset);
-    // A small area on a large one can be reached.
+    // So that a small area above a large one can be clicked.
     item->setZValue(-double(processor.area.width()) * processor.area.height());
     m_scene->addItem(item);
     m_items << item;
@@ -203,7 +203,7 @@ void CSummaryGraphicsView::dragTo(const QPoint &position, bool catching)
     m_move->moveTo(way.toPoint(), catching ? qRound(CatchReach / scaleFactor()) : 0);
 }
 
-/// Begins or goes on with a move by the arrow keys; whether the event is one of these.
+/// Begins or continues a move by the arrow keys. Returns whether the event is for an arrow key.
 bool CSummaryGraphicsView::stepBy(const QKeyEvent &event)
 {
     const QPoint step = CProcessorMove::stepOf(event);
@@ -220,7 +220,7 @@ void CSummaryGraphicsView::endMove()
     const ProcessorOffsets before = m_move->begin();
     const ProcessorOffsets after = m_move->offsets();
     m_move.reset();
-    viewport()->update(); // the lines at which it caught
+    viewport()->update(); // removes the snap lines
     if (after == before)
         return;
     setOffsets(after);
@@ -298,7 +298,7 @@ void CSummaryGraphicsView::keyPressEvent(QKeyEvent *event)
 void CSummaryGraphicsView::keyReleaseEvent(QKeyEvent *event)
 {
     if (!event->isAutoRepeat() && !m_pressed && CProcessorMove::isArrow(event->key()))
-        endMove(); // however long the key was held
+        endMove(); // one move, however long the key was held
     CGraphicsView::keyReleaseEvent(event);
 }
 
@@ -318,7 +318,7 @@ void CSummaryGraphicsView::focusOutEvent(QFocusEvent *event)
     viewport()->update();
 }
 
-/// Tab goes from processor to processor and, after the last, on.
+/// Tab goes from processor to processor, and after the last one to the next widget.
 bool CSummaryGraphicsView::focusNextPrevChild(bool next)
 {
     endGesture();
@@ -335,7 +335,7 @@ bool CSummaryGraphicsView::focusNextPrevChild(bool next)
 
 void CSummaryGraphicsView::select(const QList<QUuid> &processors)
 {
-    m_selecting = true; // told once, at the end
+    m_selecting = true; // announced once, at the end
     for (CGraphicsProcessorItem *item : qAsConst(m_items))
         item->setSelected(processors.contains(item->processor()));
     m_selecting = false;
@@ -362,7 +362,7 @@ void CSummaryGraphicsView::announcePlace()
     Q_EMIT itemOffsetChanged(selected.size() == 1 ? selected.first()->offset() : outline.topLeft());
 }
 
-/// For those who do not see it.
+/// For screen readers.
 void CSummaryGraphicsView::describeSelection()
 {
     QStringList lines;

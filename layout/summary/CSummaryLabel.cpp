@@ -20,7 +20,7 @@ constexpr int FieldWidth = 100;
 constexpr int CaptionWidth = 52;
 constexpr int LargestFigure = std::numeric_limits<int>::max();
 
-/// What a field shows that nobody types in.
+/// The text of a field in which nobody is typing.
 QString textOf(const QSpinBox &field)
 {
     QLocale locale = field.locale();
@@ -33,7 +33,7 @@ bool isBeingTyped(const QSpinBox &field)
     return field.text() != textOf(field);
 }
 
-/// Leaves what is being typed alone, unless the figure has become another one.
+/// Keeps what is being typed, unless the value has changed.
 void present(QSpinBox &field, int figure)
 {
     const QSignalBlocker blocker(field);
@@ -89,7 +89,7 @@ bool CSummaryLabel::eventFilter(QObject *watched, QEvent *event)
     if (!field)
         return QWidget::eventFilter(watched, event);
     if (event->type() == QEvent::Wheel && !field->hasFocus()) {
-        event->ignore(); // who scrolls by does not mean the figure
+        event->ignore(); // scrolling over a field must not change it
         return true;
     }
     if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride)
@@ -169,7 +169,7 @@ QSpinBox *CSummaryLabel::addField(QFormLayout &form, const QString &heading, con
     field->setFixedWidth(FieldWidth);
     field->setAccessibleName(QStringLiteral("%1, %2").arg(heading, name));
     auto *caption = new QLabel(name);
-    caption->setMinimumWidth(CaptionWidth); // the fields of all sections stand below each other
+    caption->setMinimumWidth(CaptionWidth); // aligns the fields of all sections
     form.addRow(caption, field);
     return field;
 }

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Shows the user that input has to wait.
+/// Shows the user that input must wait.
 class CWaitCursor final
 {
 public:

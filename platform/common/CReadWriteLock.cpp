@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/common/CReadWriteLock.h"
 
-// The thread sanitizer cannot look into Qt's lock, so that it is told what the lock does.
+// The thread sanitizer cannot see into Qt's lock, so these annotations describe what it does.
 #if defined(__SANITIZE_THREAD__)
 #define ORVO_TELL_SANITIZER
 #elif defined(__has_feature)

@@ -47,12 +47,12 @@ void CWorkThread::AppendEvent(Event event, bool atOnce)
     if (waiting == m_queue.end())
         m_queue.push_back({std::move(event), true, Clock::now() + delay->second});
     else
-        std::swap(waiting->event, event); // the one replaced dies with the parameter, after the unlock
+        std::swap(waiting->event, event); // the replaced one is destroyed with the parameter, after unlocking
 }
 
 bool CWorkThread::RemoveEvent(int key)
 {
-    std::vector<SQueued> removed; // dies after the unlock: a closure may own much
+    std::vector<SQueued> removed; // destroyed after unlocking: a closure may own much
     const std::lock_guard<std::mutex> lock(m_mutex);
     const auto end = std::stable_partition(
         m_queue.begin(), m_queue.end(), [key](const SQueued &queued) { return queued.event.first != key; });
@@ -105,7 +105,7 @@ void CWorkThread::run()
             m_queue.erase(next);
             lock.unlock();
             runGuarded(event);
-            event.second = nullptr; // what the closure owns dies outside the lock
+            event.second = nullptr; // what the closure owns is destroyed outside the lock
             lock.lock();
             continue;
         }

@@ -78,7 +78,7 @@ void CAerialView::paintEvent(QPaintEvent *event)
     if (!content().isEmpty()) {
         const QRectF shown = m_view.mapToScene(m_view.viewport()->rect()).boundingRect();
         const QRectF frame = toPicture().mapRect(shown).intersected(QRectF(rect()).adjusted(2, 2, -2, -2));
-        painter.setPen(QPen(Qt::black, 4)); // on a picture of any colour
+        painter.setPen(QPen(Qt::black, 4)); // visible on any colour
         painter.drawRect(frame);
         painter.setPen(QPen(Qt::white, 2));
         painter.drawRect(frame);

@@ -26,7 +26,7 @@ CGraphicsView::CGraphicsView(QWidget *parent)
     , m_aerialView(new CAerialView(*this))
 {
     setFrameShape(QFrame::NoFrame);
-    setTransformationAnchor(NoAnchor); // a zoom keeps a point of its own choice in place
+    setTransformationAnchor(NoAnchor); // zoomBy() itself keeps a point fixed
     setResizeAnchor(AnchorViewCenter);
     setOptimizationFlags(DontSavePainterState); // cosmetic pens reach a little beyond their items
     m_aerialView->hide();
@@ -166,7 +166,7 @@ void CGraphicsView::mouseReleaseEvent(QMouseEvent *event)
 
 bool CGraphicsView::viewportEvent(QEvent *event)
 {
-    // Its keys work where the mouse is, unless a text is being typed.
+    // The view under the mouse gets the keys, unless text is being typed.
     const QWidget *focus = QApplication::focusWidget();
     if (event->type() == QEvent::Enter && isActiveWindow() && QApplication::mouseButtons() == Qt::NoButton &&
         !qobject_cast<const QLineEdit *>(focus) && !qobject_cast<const QAbstractSpinBox *>(focus))

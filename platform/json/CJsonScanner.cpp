@@ -149,7 +149,7 @@ bool CJsonScanner::string(SName &content, bool escapesAllowed)
         if (uchar(*m_at) < 0x20)
             return fail(tr("a control character stands in a text"));
         if (*m_at == '\\') {
-            // An escaped name could hide that it is the double of another.
+            // Escapes in a name could hide that it repeats another one.
             if (!escapesAllowed)
                 return fail(tr("the name of a member holds an escape sequence"));
             if (!escape())

@@ -14,7 +14,8 @@ namespace {
 constexpr size_t ValueBytes = 128; // of memory at most, for a parsed value and what is made of it
 constexpr size_t TextFactor = 4;   // of memory for the texts, to the bytes of the document
 
-/// Throws bad_alloc here when the memory does not suffice: in the midst of QJsonDocument it ends the program.
+/// Throws bad_alloc here if memory is short, because running out of it inside QJsonDocument would end the
+/// program.
 void requireMemory(const QByteArray &text, int values)
 {
     ::operator delete(::operator new(size_t(values) * ValueBytes + size_t(text.size()) * TextFactor));

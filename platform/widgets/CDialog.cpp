@@ -14,7 +14,7 @@ namespace {
 constexpr int DialogMargin = 12;
 constexpr int RoomBesideTitle = 100; // pixels: what window managers put beside it
 
-/// Width of a window that shows its whole @p title; window managers like to write it in bold.
+/// The width at which a window shows its whole @p title, which window managers may draw in bold.
 int widthForTitle(const QString &title, QFont font)
 {
     font.setBold(true);
@@ -79,7 +79,8 @@ void CDialog::showEvent(QShowEvent *event)
 
 void CDialog::putButtonsLast()
 {
-    // The row of buttons is older than the content, and the Tab key follows age unless told otherwise.
+    // The row of buttons is created before the content, and by default the Tab key follows the order of
+    // creation.
     QWidget *last = nullptr;
     for (QWidget *widget = nextInFocusChain(); widget != this; widget = widget->nextInFocusChain()) {
         if (widget->focusPolicy() & Qt::TabFocus && !widget->focusProxy() && !m_buttons->isAncestorOf(widget))
@@ -87,7 +88,7 @@ void CDialog::putButtonsLast()
     }
     if (!last)
         return;
-    m_buttons->setFocusProxy(nullptr); // for setTabOrder(), a proxy's owner stands in the proxy's place
+    m_buttons->setFocusProxy(nullptr); // because setTabOrder() would use the focus proxy instead
     const QList<QAbstractButton *> buttons = m_buttons->buttons();
     for (auto it = buttons.crbegin(); it != buttons.crend(); ++it)
         setTabOrder(last, *it);

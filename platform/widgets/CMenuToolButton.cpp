@@ -74,5 +74,5 @@ void CMenuToolButton::changeEvent(QEvent *event)
 {
     QToolButton::changeEvent(event);
     if (event->type() == QEvent::EnabledChange && !isEnabled())
-        m_menu->close(); // what the drop-down offers is no longer to be had
+        m_menu->close(); // its entries are no longer available
 }

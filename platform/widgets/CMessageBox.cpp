@@ -20,7 +20,7 @@ QString bounded(const QString &text)
     return kept.size() == text.size() ? text : kept + QStringLiteral("\n…");
 }
 
-// A message box fits itself to its layout each time it is shown, so the layout has to ask for the width.
+// A message box adapts to its layout each time it is shown, so the layout must request the width.
 void widen(QMessageBox &box)
 {
     auto *grid = qobject_cast<QGridLayout *>(box.layout());
@@ -28,7 +28,7 @@ void widen(QMessageBox &box)
     grid->addItem(new QSpacerItem(MessageMinimumWidth, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
-/// Shows a box and gives the button pressed.
+/// Shows a box and returns the button pressed.
 int show(QMessageBox &box, const QString &details)
 {
     box.setWindowTitle(QStringLiteral("Orvo"));

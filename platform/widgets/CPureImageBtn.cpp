@@ -36,7 +36,7 @@ CPureImageBtn::CPureImageBtn(const QString &family, QWidget *parent)
 
 bool CPureImageBtn::event(QEvent *event)
 {
-    // Screen readers and keyboard users have no picture to go by.
+    // Screen readers cannot use the picture.
     if (event->type() == QEvent::ToolTipChange)
         setAccessibleName(toolTip());
     return QAbstractButton::event(event);

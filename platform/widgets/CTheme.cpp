@@ -18,7 +18,7 @@
 
 #include <cmath>
 
-// Outside any namespace, as the macro asks for.
+// Outside any namespace, as the macro requires.
 static void initThemeResources()
 {
     Q_INIT_RESOURCE(theme);

@@ -13,8 +13,7 @@
 
 namespace {
 
-/// What the project's kind of processor can carry; a kind that is not known is taken as the smallest that
-/// fits.
+/// The limits of the project's processor kind; for an unknown kind, those of the smallest kind that fits.
 SLayoutLimits limitsOf(const SProcessorProject &project)
 {
     const CProcessorKinds &kinds = CProcessorKinds::builtIn();

@@ -22,7 +22,7 @@ namespace {
 struct SCommand
 {
     const char *name;
-    const char *arguments; ///< how it is called, without the program's name
+    const char *arguments; ///< its usage, without the program's name
     SCommandOutcome (*run)(const QStringList &arguments, QTextStream &out);
 };
 
@@ -49,7 +49,7 @@ bool isVersionOption(const QString &argument)
     return argument == QLatin1String("--version");
 }
 
-/// The error output is for what the user must know: not that a session without a login has no runtime folder.
+/// Keeps the error output for what the user must know, without the warning that there is no runtime folder.
 void passOnMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     if (!text.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR not set")))
@@ -99,7 +99,7 @@ int CCommandLine::main(int argc, char **argv)
     qInstallMessageHandler(passOnMessage);
     std::unique_ptr<QCoreApplication> application;
     if (argc > 1 && std::strcmp(argv[1], "export") == 0) {
-        qputenv("QT_QPA_PLATFORM", "offscreen"); // a picture needs fonts, but never a display
+        qputenv("QT_QPA_PLATFORM", "offscreen"); // pictures need fonts, but no display
         application = std::make_unique<QGuiApplication>(argc, argv);
     } else {
         application = std::make_unique<QCoreApplication>(argc, argv);

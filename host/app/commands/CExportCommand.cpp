@@ -36,7 +36,7 @@ LayoutData dataOf(const SProcessorProject &project)
     return data;
 }
 
-/// As wide as usual and as high as the drawing's proportions ask for.
+/// The default width, and the height that keeps the drawing's proportions.
 QSize standardSize(const LayoutData &data)
 {
     const QRect drawn = CLayoutPicture::extent(data);
@@ -57,11 +57,11 @@ QByteArray pngOf(const LayoutData &data, const QSize &size)
     QByteArray png;
     QBuffer buffer(&png);
     QImageWriter writer(&buffer, "png");
-    writer.setCompression(11); // deflate at its quickest: more effort costs time and saves little
+    writer.setCompression(11); // fastest compression: more effort costs time and saves little
     return writer.write(image) ? png : QByteArray();
 }
 
-/// Why there is no such export; empty when there is.
+/// Why this export is not possible; empty if it is.
 QString kindProblem(const QString &suffix, bool sized)
 {
     if (suffix == QLatin1String("svg") || suffix == QLatin1String("pdf"))

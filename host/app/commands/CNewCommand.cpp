@@ -21,7 +21,7 @@ const QString rowsOption = QStringLiteral("--rows");
 const QString portsOption = QStringLiteral("--ports");
 const QString patternOption = QStringLiteral("--pattern");
 
-/// The plan that the options describe; the error is one of usage.
+/// The plan described by the options; errors are wrong usage.
 CResult<SWallPlan> planFrom(const CCommandArguments &arguments)
 {
     QString error;

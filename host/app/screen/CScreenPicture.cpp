@@ -12,11 +12,11 @@ namespace {
 
 constexpr int FlashMilliseconds = 400;
 constexpr qreal SmallestLedCabinet = 6; // device pixels; below, a lit LED would hide its cabinet
-const QColor wallColor(8, 8, 8);        // a wall that shows nothing
+const QColor wallColor(8, 8, 8);        // the colour of a dark wall
 const QColor statusLedColor(64, 224, 96);
 const QColor indicatorColor(255, 176, 32);
 
-/// The place of a cabinet's status LED: its lower right corner.
+/// The position of a cabinet's status LED: its lower right corner.
 QRectF ledRect(const QRectF &cabinet)
 {
     const qreal diameter = std::min(cabinet.width(), cabinet.height()) / 8;

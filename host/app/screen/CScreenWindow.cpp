@@ -14,7 +14,7 @@
 #include <QScreen>
 
 namespace {
-constexpr qreal ScreenShare = 0.6; // of the display, where it has to be shared with the main window
+constexpr qreal ScreenShare = 0.6; // of the display, if shared with the main window
 }
 
 CScreenWindow::CScreenWindow(CDeviceServices &services, QObject *parent)
@@ -98,7 +98,7 @@ void CScreenWindow::place()
     const QWidget *main = QApplication::activeWindow();
     QScreen *own = main ? main->screen() : QGuiApplication::primaryScreen();
     for (QScreen *screen : screens) {
-        if (screen != own) { // a display of its own is filled
+        if (screen != own) { // fills a separate display
             m_window->setGeometry(screen->geometry());
             return;
         }

@@ -17,7 +17,7 @@ bool probeOpenGl()
     const QStringList without = {QStringLiteral("offscreen"), QStringLiteral("minimal"),
                                  QStringLiteral("vnc")};
     if (without.contains(QGuiApplication::platformName()) || qgetenv("QT_XCB_GL_INTEGRATION") == "none")
-        return false; // trying would only bring warnings
+        return false; // trying would only cause warnings
     QOffscreenSurface surface;
     surface.create();
     QOpenGLContext context;

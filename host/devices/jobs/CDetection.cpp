@@ -121,7 +121,7 @@ void CDetection::take(const SDevice &before, const SDevice &device, bool read)
     }
     bool replaced = false;
     m_services.table().change(uuid, [&](SDevice &now) {
-        // What the user edited while the processor was read stays.
+        // Edits made while the processor was read are kept.
         replaced = read && now.working.edition() == before.working.edition();
         if (!replaced)
             return;

@@ -92,7 +92,7 @@ void CDeviceJobs::onFinished(CDeviceJob *job, const SDeviceOutcome &outcome)
         for (const QUuid &processor : job->processors())
             m_services.announcer().announceNumbersShown(processor, false);
     }
-    m_services.mailbox().post([this] { readWhatIsDue(); }); // once whoever waits for the job has been told
+    m_services.mailbox().post([this] { readWhatIsDue(); }); // after the job's waiters have been notified
 }
 
 void CDeviceJobs::onMappingChanged(const QUuid &processor)

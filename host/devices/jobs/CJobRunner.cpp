@@ -82,7 +82,7 @@ bool CJobRunner::ask(const QString &text, const std::shared_ptr<CCancelToken> &c
 
 void CJobRunner::finish(const SDeviceOutcome &ended)
 {
-    // Whoever is told while the program closes must not begin to talk to the user.
+    // Receivers must not show messages while the program closes.
     const SDeviceOutcome outcome = m_stopped ? SDeviceOutcome{SDeviceOutcome::Cancelled, {}} : ended;
     if (m_thread.joinable())
         m_thread.join();
@@ -103,5 +103,5 @@ void CJobRunner::stop()
         return;
     m_job->cancel();
     m_thread.join();
-    m_mailbox.deliver(); // the outcome is the last that the thread posted
+    m_mailbox.deliver(); // the outcome is the last thing that the thread posted
 }

@@ -80,7 +80,7 @@ CMappingTransfer::Step CMappingTransfer::readOne(const SDevice &device, const SM
 
 CMappingTransfer::Step CMappingTransfer::takeOver(const SDevice &device, const SProcessorMapping &mapping)
 {
-    SDevice read = device; // worked out aside, so that nobody waits for the table meanwhile
+    SDevice read = device; // computed on a copy, so that nobody waits for the table meanwhile
     read.takeSaved(mapping.layout);
     const bool same = !read.isModified();
     if (!same)

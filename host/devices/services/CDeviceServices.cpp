@@ -116,7 +116,7 @@ void CDeviceServices::announceSettings(const QUuid &processor, const SProcessorS
     if (after.frameRate != before.frameRate || after.colorDepth != before.colorDepth ||
         after.threeD != before.threeD)
         m_announcer.notify(LayoutNotification::PortLoadsChanged, SPortLoadChange{processor, -1});
-    if (after.primary != before.primary) // the module asks anew who stands in for whom
+    if (after.primary != before.primary) // the module reads the pairs again
         m_announcer.notify(LayoutNotification::ProcessorStateChanged,
                            SProcessorStateChange{processor, online});
     if (newCanvas || after.offset != before.offset)

@@ -146,7 +146,7 @@ bool CDeviceTable::changeLayout(const QUuid &processor, const std::function<void
         change(processor, [&](SDevice &now) {
             taken = now.working.edition() == edition;
             if (taken)
-                std::swap(now.working, copy->working); // the old one dies without the lock
+                std::swap(now.working, copy->working); // the old one is destroyed without the lock
         });
     }
     return true;

@@ -29,7 +29,7 @@ void CMailbox::post(std::function<void()> work)
 
 void CMailbox::deliver()
 {
-    // One by one: work that opens a dialog lets the next go on in the dialog's event loop.
+    // One by one, so that if work opens a dialog, the next can run in the dialog's event loop.
     std::function<void()> next;
     while (take(next))
         next();

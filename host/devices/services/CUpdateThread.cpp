@@ -53,7 +53,7 @@ void CUpdateThread::send(SNotification &next)
     try {
         m_subject.notify(next.code, std::move(next.argument));
     } catch (const std::exception &error) {
-        // An observer that asks for a wrong argument must not end the program.
+        // An observer that reads a wrong argument type must not end the program.
         qCCritical(devicesLog, "Notification %d: %s", next.code, error.what());
     }
 }

@@ -51,7 +51,7 @@ void CWorkingLayout::take(const CabinetLayout &layout, const SReceiverGeneration
     for (Port &port : next.ports) {
         const Port *before = m_taken.port(port.index);
         const Port *numberedBefore = m_layout.port(port.index);
-        // The module starts from what it was given, layout(), and goes on with what it gave.
+        // The module's first layout shares ports with layout(), later ones with its previous layout.
         const bool untouched =
             before && numberedBefore &&
             (shares(before->groups, port.groups) || shares(numberedBefore->groups, port.groups));
@@ -63,7 +63,7 @@ void CWorkingLayout::take(const CabinetLayout &layout, const SReceiverGeneration
         }
         chargedPixels.insert(port.index, untouched && sameRole ? m_charged.value(port.index)
                                          : port.redundancy == Port::Redundant
-                                             ? 0 // what it carries, its primary is charged for
+                                             ? 0 // its primary is charged for its signal
                                              : CPortCapacity::charged(generation, port));
     }
     QSet<int> edited;
@@ -111,7 +111,7 @@ void CWorkingLayout::renumber(Port &port) const
     for (const Cabinet &cabinet : port.getAllCabinets())
         right = right && cabinet.mappingIndex == m_places.value(cabinet.uuid, -1);
     if (right)
-        return; // stays shared
+        return; // so that it stays shared
     forEachCabinet(port.groups, [this](Cabinet &c) { c.mappingIndex = m_places.value(c.uuid, -1); });
 }
 

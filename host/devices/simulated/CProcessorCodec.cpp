@@ -17,7 +17,7 @@ constexpr SFileFormat mappingFormat{"orvo-processor-mapping",
                                     QT_TRANSLATE_NOOP("SFileFormat", "a processor's mapping"), 2};
 constexpr int LargestOffset = 1 << 20; // pixels
 constexpr int LargestCoordinate = 0xFFFF;
-constexpr qint64 LargestRevision = qint64(1) << 53; // what JSON numbers hold exactly
+constexpr qint64 LargestRevision = qint64(1) << 53; // JSON numbers are exact up to here
 
 QJsonArray areasToJson(const QList<SPortArea> &areas)
 {

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int MostDamaged = 99; // files kept
 
-/// Where the damaged file goes that is the @p number-th of its name.
+/// The name for the @p number-th damaged file of that name.
 QString damagedName(const QString &file, int number)
 {
     const QString name = file + QStringLiteral(".damaged");

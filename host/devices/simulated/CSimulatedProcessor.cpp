@@ -17,7 +17,7 @@ constexpr int TransferSteps = 20;
 constexpr int ReadStep = 4;        // milliseconds
 constexpr int SaveStep = 60;       // milliseconds: devices store slowly
 constexpr int ShortestAnswer = 5;  // milliseconds, of a command
-constexpr int CommandTimeOut = 80; // milliseconds: commands are given on the GUI thread
+constexpr int CommandTimeOut = 80; // milliseconds: commands run on the GUI thread
 
 /// The cabinets of a port that a chain reaches, in its order, as they would report themselves.
 Port reported(const Port &port)
@@ -39,7 +39,7 @@ Port reported(const Port &port)
     return answer;
 }
 
-/// Somebody else takes the last cabinet of a chain out of it.
+/// Simulates that somebody else removes the last cabinet of a chain.
 void unwireOneTail(CabinetLayout &layout)
 {
     for (Port &port : layout.ports) {
@@ -76,7 +76,7 @@ int CSimulatedProcessor::scaled(int milliseconds) const
 SProcessorState &CSimulatedProcessor::state()
 {
     if (!m_state) {
-        m_state = m_files.load(m_factory); // once: what is closed stays so
+        m_state = m_files.load(m_factory); // only once: a closed part stays closed
         m_state->settings.frozen = false;
     }
     return *m_state;
@@ -261,7 +261,8 @@ DeviceError CSimulatedProcessor::apply(const SProcessorSettings &settings)
 
 DeviceError CSimulatedProcessor::keep(const SProcessorSettings &settings)
 {
-    SProcessorState &kept = state(); // what could not be read must be known before anything is written
+    // Loaded first, so that unreadable files are known before anything is written.
+    SProcessorState &kept = state();
     const DeviceError error = stored(CProcessorStateFiles::Settings, m_files.save(settings));
     if (error == DeviceError::None)
         kept.settings = settings;

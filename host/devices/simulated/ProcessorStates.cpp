@@ -7,7 +7,7 @@
 
 namespace {
 
-/// The flag that keeps a state; null for work modes and faults.
+/// The flag that stores a state; null for work modes and faults.
 bool SProcessorSettings::*flagOf(SimulationFault state)
 {
     switch (state) {
@@ -26,7 +26,7 @@ bool SProcessorSettings::*flagOf(SimulationFault state)
     }
 }
 
-/// The work mode that a state stands for; the usual one for all others.
+/// The work mode that a state stands for; the normal one for all others.
 ProcessorWorkMode modeOf(SimulationFault state)
 {
     return state == SimulationFault::Bypass             ? ProcessorWorkMode::Bypass

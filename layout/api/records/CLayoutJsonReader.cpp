@@ -155,7 +155,7 @@ CLayoutJsonReader::Port CLayoutJsonReader::port(const QJsonValue &json, const SJ
     return read;
 }
 
-/// They are the primary's, whose keys another part of the file may hold, too.
+/// They are copies of the primary's cabinets, whose identities may occur elsewhere in the file.
 QVector<CLayoutJsonReader::Cabinet> CLayoutJsonReader::mirrored(const QJsonValue &json,
                                                                 const SJsonPlace &place, int primary)
 {

@@ -13,8 +13,8 @@ bool sameCabinet(Cabinet a, Cabinet b, bool withRanks)
 {
     if (!withRanks)
         a.rank = b.rank = -1;
-    a.mappingIndex = b.mappingIndex = -1;         // places are the processor's
-    a.calibrationIndex = b.calibrationIndex = -1; // a running highlight is no difference of the layout
+    a.mappingIndex = b.mappingIndex = -1;         // places belong to the processor
+    a.calibrationIndex = b.calibrationIndex = -1; // a running highlight is not part of the layout
     return a == b;
 }
 

@@ -31,7 +31,7 @@ QVector<PairPort::Cabinet> PortPairs::mirrorOf(const Port &primary)
         cabinet.port = primary.index;
         cabinet.group = QUuid();
         cabinet.mappingIndex = cabinet.calibrationIndex = -1;
-        cabinet.receivers.clear(); // of the primary's own way to the cabinet
+        cabinet.receivers.clear(); // these belong to the primary's connection
         mirror << cabinet;
     }
     std::stable_sort(mirror.begin(), mirror.end(),

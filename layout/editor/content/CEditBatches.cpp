@@ -9,7 +9,7 @@
 void CEditBatches::endBatch()
 {
     while (m_depth == 1 && !m_pending.isEmpty())
-        m_finish(std::exchange(m_pending, CPendingEdits())); // who is told of the batch may edit in turn
+        m_finish(std::exchange(m_pending, CPendingEdits())); // receivers of its signals may edit, too
     --m_depth;
 }
 

@@ -18,7 +18,7 @@ void CHighlights::note(CGraphicsCabinetItem &cabinet, bool highlighted)
 void CHighlights::clear()
 {
     const CEditBatch batch(m_editing);
-    const QSet<CGraphicsCabinetItem *> before = m_cabinets; // each leaves the set as it is told
+    const QSet<CGraphicsCabinetItem *> before = m_cabinets; // each one leaves the set when its highlight ends
     for (CGraphicsCabinetItem *cabinet : before)
         cabinet->setHighlighted(false);
 }

@@ -77,7 +77,7 @@ void CLayoutBuilder::addMembers(CGraphicsPortItem &port, const Group &record, QG
     for (const auto &cabinetRecord : record.cabinets) {
         auto cabinet = cabinetRecord;
         cabinet.uuid = freeIdentity(cabinet.uuid);
-        cabinet.group = QUuid(); // the group that takes it in says so
+        cabinet.group = QUuid(); // set when it joins a group
         auto *item = new CGraphicsCabinetItem(cabinet, &parent);
         enter(*item);
         m_entry.enterCabinet(*item);

@@ -57,7 +57,7 @@ void CPendingEdits::finish(IItemIndex &items) const
 
 void CPendingEdits::fitGroups(IItemIndex &items) const
 {
-    // Each group once, the innermost first: a group's bounds need those of the groups in it.
+    // Each group once, the innermost first: a group's bounds depend on those of its sub-groups.
     QSet<CGraphicsGroupItem *> groups;
     for (const QUuid &uuid : m_groups) {
         auto *group = static_cast<CGraphicsGroupItem *>(items.editedItem(uuid));

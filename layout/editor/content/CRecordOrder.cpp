@@ -20,7 +20,7 @@ QVector<CGraphicsItemBase *> itemsOf(const CGraphicsPortItem &port)
     return items;
 }
 
-/// Whether the items below @p parent, which stand in the order of their records, have ordinals that ascend.
+/// Whether the ordinals of the items below @p parent, taken in the order of their records, ascend.
 bool ascend(const QGraphicsItem &parent, const Ordinals &ordinals)
 {
     qint64 lastCabinet = -1;

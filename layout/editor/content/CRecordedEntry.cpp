@@ -16,8 +16,8 @@ void CRecordedEntry::enterCabinet(CGraphicsCabinetItem &cabinet)
     m_recorder.recordWith<CAppendCommand>(cabinet, ItemFactories::existingFirst(cabinet));
 }
 
-/// The members first, directly in the port, then the group around them: undone in turn, and redone, every
-/// step finds what it needs.
+/// First the members, directly in the port, then the group around them: in this order every step finds what
+/// it needs, in undo and in redo.
 QGraphicsItem &CRecordedEntry::membersParent(CGraphicsGroupItem &, CGraphicsPortItem &port)
 {
     return port;

@@ -33,7 +33,7 @@ void CSceneContent::build(const LayoutData &data)
     m_nextOrdinal = builder.nextOrdinal();
     m_order.restore(m_processor, m_ports);
     for (CGraphicsPortItem *item : qAsConst(m_ports))
-        item->takeNote(); // what is shown anew is no edit
+        item->takeNote(); // building items is not an edit
 }
 
 bool CSceneContent::canRebuild(const LayoutData &data) const
@@ -128,7 +128,7 @@ CGraphicsPortItem *CSceneContent::portItem(int index) const
 
 CGraphicsItemBase *CSceneContent::editedItem(const QUuid &uuid) const
 {
-    return static_cast<CGraphicsItemBase *>(m_scene.itemOf(uuid)); // only cabinets and groups are entered
+    return static_cast<CGraphicsItemBase *>(m_scene.itemOf(uuid)); // only cabinets and groups are registered
 }
 
 void CSceneContent::enterEdited(CGraphicsItemBase &item)
@@ -138,7 +138,7 @@ void CSceneContent::enterEdited(CGraphicsItemBase &item)
 
 void CSceneContent::leaveEdited(CGraphicsItemBase &item)
 {
-    item.setSelected(false); // Qt drops it from the selection without a word otherwise
+    item.setSelected(false); // otherwise Qt deselects it without a signal
     if (item.type() == CabinetItemKind)
         static_cast<CGraphicsCabinetItem &>(item).setHighlighted(false);
     m_scene.leaveItem(item.uuid());

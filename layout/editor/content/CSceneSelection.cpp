@@ -11,7 +11,7 @@
 
 namespace {
 
-/// By ordinal, which is read once: items lie all over the memory.
+/// By ordinal, which is read only once per item, because items are scattered in memory.
 template <typename Item>
 void sortByOrdinal(QVector<Item *> &items)
 {
@@ -48,7 +48,7 @@ QVector<CGraphicsCabinetItem *> cabinetsOf(const QVector<CGraphicsItemBase *> &i
 
 void CSceneSelection::note(CGraphicsItemBase &item, bool selected)
 {
-    if (m_count <= 2) { // handles come or go with the only one
+    if (m_count <= 2) { // handles appear or disappear with a single selected item
         for (CGraphicsItemBase *other : items())
             other->update();
     }

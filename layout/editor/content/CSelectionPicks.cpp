@@ -16,8 +16,8 @@ void CSelectionPicks::all()
 {
     const CEditBatch batch(m_batches);
     {
-        m_scene.updateViews();                 // all that is shown; each item would ask for itself
-        const QSignalBlocker silent(&m_scene); // Qt tells of every single item
+        m_scene.updateViews();                 // repaints once; otherwise each item would request it
+        const QSignalBlocker silent(&m_scene); // Qt would announce every single item
         for (const CGraphicsPortItem *item : m_content.portItems()) {
             for (CGraphicsItemBase *top : item->topItems())
                 top->setSelected(true);
@@ -50,7 +50,7 @@ void CSelectionPicks::only(const QVector<QUuid> &uuids)
     }
     for (CGraphicsItemBase *item : qAsConst(wanted)) {
         if (!item->groupItem() || !item->groupItem()->isSelectedWithGroups())
-            item->setSelected(true); // a group takes its members out of the selection
+            item->setSelected(true); // selecting a group deselects its members
     }
 }
 

@@ -25,7 +25,7 @@ QPointF wholePixels(const QPointF &delta)
     return QPointF(std::round(delta.x()), std::round(delta.y()));
 }
 
-/// The largest frame in which no part outgrows a cabinet.
+/// The largest frame in which no cabinet exceeds its maximum size.
 QSizeF largestFrame(const QVector<CGraphicsCabinetItem *> &cabinets, const QSizeF &frame)
 {
     QSizeF largestPart(1, 1);
@@ -36,7 +36,7 @@ QSizeF largestFrame(const QVector<CGraphicsCabinetItem *> &cabinets, const QSize
                   std::floor(frame.height() * side / largestPart.height()));
 }
 
-/// The smallest frame in which every receiver keeps a pixel.
+/// The smallest frame in which every receiver keeps at least one pixel.
 QSizeF smallestFrame(const QVector<CGraphicsCabinetItem *> &cabinets, const QSizeF &frame)
 {
     QSizeF smallest(LayoutLimits::SmallestSide, LayoutLimits::SmallestSide);

@@ -17,7 +17,7 @@
 
 namespace {
 
-/// Narrows the part of a way that lies from @p low on and before @p high on one axis.
+/// Restricts a segment of the line, on one axis, to the range from @p low (inclusive) to @p high (exclusive).
 void clipWay(qreal from, qreal distance, qreal low, qreal high, qreal &enters, qreal &leaves)
 {
     if (qFuzzyIsNull(distance)) {
@@ -30,7 +30,7 @@ void clipWay(qreal from, qreal distance, qreal low, qreal high, qreal &enters, q
     leaves = std::min(leaves, cuts.second);
 }
 
-/// The share of the way after which it enters @p rect; above 1 when it does not.
+/// The fraction of the line after which it enters @p rect; above 1 if it does not.
 qreal entryInto(const QRectF &rect, const QLineF &way)
 {
     qreal enters = 0;
@@ -61,7 +61,7 @@ void CPenStroke::moveTo(const QPointF &scenePos)
     const QLineF way(m_place, scenePos);
     m_place = scenePos;
     const CGraphicsPortItem *owner = m_index.portItem(m_port);
-    if (!owner || way.p1() == way.p2()) // a mere click enters nothing that lies below
+    if (!owner || way.p1() == way.p2()) // a mere click adds no cabinets
         return;
     QVector<std::tuple<qreal, qreal, qreal, QUuid>> entered;
     for (const CGraphicsCabinetItem *cabinet : owner->cabinets(nullptr)) {

@@ -10,9 +10,9 @@
 
 namespace {
 
-constexpr int ManyChanges = 1000; // repainted one by one they cost more than the whole view does
+constexpr int ManyChanges = 1000; // one by one they cost more than repainting the whole view
 
-/// Also a member of a group, for which the band would select the group.
+/// Also selects a single member of a group, for which the band would select the group.
 void selectAlone(CGraphicsItemBase &item)
 {
     const CItemChangeBlocker blocker(item);
@@ -73,7 +73,7 @@ void CRubberBand::change(const CPortOverview::SPlace &place, bool touched)
         int &count = m_counts[place.group->outermost().uuid()];
         count += touched ? 1 : -1;
         if (count != (touched ? 1 : 0))
-            return; // others of the group are touched as well
+            return; // the band touches other members of the group, too
     }
     CGraphicsItemBase &outermost = place.cabinet->outermost();
     if (touched)
@@ -87,7 +87,7 @@ void CRubberBand::restore(CGraphicsItemBase &outermost)
     outermost.setSelected(m_kept.contains(outermost.uuid()));
     if (m_kept.isEmpty() || outermost.isSelected())
         return;
-    // A member that was selected alone gave way to its group.
+    // A member that was selected by itself was replaced by its group.
     for (CGraphicsCabinetItem *member : outermost.concernedCabinets()) {
         if (m_kept.contains(member->uuid()))
             selectAlone(*member);

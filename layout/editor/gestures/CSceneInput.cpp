@@ -94,7 +94,7 @@ IMouseMode &CSceneInput::mouseMode()
 
 bool CSceneInput::press(QGraphicsSceneMouseEvent &event)
 {
-    // Another button puts back what the first one has begun, and does nothing else.
+    // Pressing another button cancels what the first one began, and does nothing else.
     m_interrupted = event.buttons() != event.button() && (m_gestures.hasBand() || m_gestures.isDragging());
     m_gestures.cancel();
     if (m_interrupted) {
@@ -139,7 +139,7 @@ bool CSceneInput::openMenu(QGraphicsSceneContextMenuEvent &event)
         return true;
     }
     if (m_backend.placing().isAppending()) {
-        m_scene.leaveOperation(); // here, as the press comes first and must not make way for a menu
+        m_scene.leaveOperation(); // here, because the press comes first and must not prevent the menu
         event.accept();
         return true;
     }

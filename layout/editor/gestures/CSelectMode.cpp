@@ -26,7 +26,7 @@ bool CSelectMode::isOnCabinetHandle(const QPointF &scenePos) const
            m_mouse.handleAt(scenePos) != CGraphicsItemBase::NoHandle;
 }
 
-/// Handles lie above all items, and only those that were shown before the press count.
+/// Handles are above all items; only those shown before the press react.
 bool CSelectMode::pressHandle(const QGraphicsSceneMouseEvent &event)
 {
     const int handle = m_mouse.handleAt(event.scenePos());

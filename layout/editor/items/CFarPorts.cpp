@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int MostExposedRects = 16; // more cost more to compare with than what they leave out
+constexpr int MostExposedRects = 16; // more would cost more to check than they save
 constexpr int PenReach = 2;          // pixels by which cosmetic pens reach beyond their shapes
 
 } // namespace
@@ -75,8 +75,8 @@ void CFarPorts::passOver(const QGraphicsScene &scene)
 {
     if (m_ports.isEmpty())
         return;
-    // An item that is new to the scene is sorted into its index by where it says that it lies: done before
-    // the ports say otherwise.
+    // Qt inserts new items into its index by their current bounds: trigger that before the ports report other
+    // bounds.
     scene.items(QPointF());
     for (CGraphicsPortItem *port : qAsConst(m_ports))
         port->setPassedOver(true);

@@ -21,7 +21,7 @@ CGraphicsCabinetItem::CGraphicsCabinetItem(QGraphicsItem *parent)
     : CGraphicsItemBase(QUuid(), nullptr)
 {
     record().uuid = uuid();
-    setParentItem(parent); // only now: the parent asks what kind of child it gets
+    setParentItem(parent); // only now, because the parent checks the type of its new child
 }
 
 CGraphicsCabinetItem::CGraphicsCabinetItem(const Cabinet &cabinetRecord, QGraphicsItem *parent)
@@ -30,7 +30,7 @@ CGraphicsCabinetItem::CGraphicsCabinetItem(const Cabinet &cabinetRecord, QGraphi
     record() = cabinetRecord;
     record().uuid = uuid();
     record().rank = NoPosition;
-    record().calibrationIndex = -1; // a highlight ends with the item that showed it
+    record().calibrationIndex = -1; // the highlight belonged to the previous item
     const QRectF placement = CCabinetRect::fromRecord(cabinetRecord.rect);
     setSize(placement.size());
     setPos(parent ? parent->mapFromScene(placement.topLeft()) : placement.topLeft());

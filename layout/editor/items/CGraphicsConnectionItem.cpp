@@ -21,7 +21,7 @@ CGraphicsConnectionItem::CGraphicsConnectionItem(CGraphicsCabinetItem &from, CGr
 
 void CGraphicsConnectionItem::route()
 {
-    const QLineF routed(m_from->exitPoint(), m_to->entryPoint()); // the port item lies at the scene's origin
+    const QLineF routed(m_from->exitPoint(), m_to->entryPoint()); // the port item is at the scene's origin
     if (routed == line())
         return;
     prepareGeometryChange();
@@ -31,7 +31,7 @@ void CGraphicsConnectionItem::route()
 
 QPainterPath CGraphicsConnectionItem::shape() const
 {
-    return {}; // a line is never what a click is meant for
+    return {}; // clicks never hit a line
 }
 
 bool CGraphicsConnectionItem::contains(const QPointF &) const

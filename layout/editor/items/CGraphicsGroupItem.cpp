@@ -83,7 +83,7 @@ QVector<CGraphicsItemBase *> CGraphicsGroupItem::members() const
 void CGraphicsGroupItem::gather(const QVector<CGraphicsItemBase *> &members)
 {
     for (CGraphicsItemBase *member : members) {
-        member->setSelected(false); // a group that is selected already takes them in as well
+        member->setSelected(false); // also if the group is already selected
         moveToParent(*member, *this);
     }
     recomputeBounds(false);
@@ -179,7 +179,7 @@ QVariant CGraphicsGroupItem::itemChange(GraphicsItemChange change, const QVarian
         break;
     case ItemSelectedHasChanged:
         if (value.toBool()) {
-            // Members never show as selected beside their group, and are never edited twice.
+            // Members are never selected together with their group, so that they are never edited twice.
             deselectMembers(*this);
         }
         break;

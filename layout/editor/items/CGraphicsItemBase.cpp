@@ -43,7 +43,7 @@ CGraphicsPortItem *CGraphicsItemBase::portItem() const
 
 CGraphicsGroupItem *CGraphicsItemBase::groupItem() const
 {
-    QGraphicsItem *parent = parentItem(); // between an item and its group nothing stands
+    QGraphicsItem *parent = parentItem(); // an item is a direct child of its group
     return parent && parent->type() == GroupItemKind ? static_cast<CGraphicsGroupItem *>(parent) : nullptr;
 }
 
@@ -124,13 +124,13 @@ void CGraphicsItemBase::setHoveredHandle(int handle)
     prepareGeometryChange();
     m_bounds = bounds;
     if (CGraphicsPortItem *item = portItem())
-        item->updateBounds(); // a port is looked through only where it reaches
+        item->updateBounds(); // a port is searched only within its bounds
 }
 
 bool CGraphicsItemBase::sceneEvent(QEvent *event)
 {
-    // The group and the port watch their children; they are asked here, as installed filters would be walked
-    // by every removal from the scene.
+    // Group and port filter the events of their children. They are called here, because every removal from
+    // the scene would walk over installed filters.
     if (CGraphicsGroupItem *group = groupItem()) {
         if (group->sceneEventFilter(this, event))
             return true;
@@ -145,7 +145,7 @@ bool CGraphicsItemBase::sceneEvent(QEvent *event)
 void CGraphicsItemBase::hoverMoveEvent(QGraphicsSceneHoverEvent *event)
 {
     const IItemMouse *mouse = itemMouse();
-    // Also a handle of another item, which sticks out over this one.
+    // Also a handle of another item that covers this one.
     const int handle = mouse ? mouse->handleAt(event->scenePos()) : NoHandle;
     if (handle == NoHandle)
         unsetCursor();
@@ -158,7 +158,7 @@ void CGraphicsItemBase::hoverLeaveEvent(QGraphicsSceneHoverEvent *)
     unsetCursor();
 }
 
-/// The first step of a press: what becomes selected. Gives whether a click of this kind toggles on release.
+/// The first step of a press: selects. Returns whether a click of this kind toggles on release.
 bool CGraphicsItemBase::selectByPress(const QGraphicsSceneMouseEvent &event)
 {
     const bool ctrl = event.modifiers() & Qt::ControlModifier;
@@ -224,7 +224,7 @@ void CGraphicsItemBase::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
         clicked.setSelected(!isSelectedWithGroups());
         return;
     }
-    // A click on one of several selected items leaves only that one selected.
+    // A click on one of several selected items deselects all others.
     if (!clicked.isSelected() || mouse->isSingleSelection())
         return;
     scene()->clearSelection();
@@ -234,8 +234,8 @@ void CGraphicsItemBase::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 QVariant CGraphicsItemBase::itemChange(GraphicsItemChange change, const QVariant &value)
 {
     if (change == ItemSceneHasChanged && scene()) {
-        // Nothing relies on scene-position changes, and each move of a parent would walk all items that want
-        // them.
+        // Nothing relies on scene-position changes, and each move of a parent would walk all items that
+        // request them.
         setFlag(ItemSendsScenePositionChanges, false);
     } else if (change == ItemSelectedHasChanged) {
         if (IEditorScene *editing = editor())

@@ -52,8 +52,8 @@ CGraphicsPortItem::CGraphicsPortItem(const Port &record, const IPortStates &stat
     m_state.groups.clear();
     m_fill = record.color.isValid() ? record.color : m_states.portColor(record.index);
     m_marksCustom = m_states.marksCustomCabinets();
-    // Lookups and frames pass over a port that they do not touch; its bounds are kept tight for that. A frame
-    // asks only an item that has contents where it lies.
+    // Lookups and frames skip ports that they do not touch, so bounds are kept tight. A frame asks only items
+    // with contents for their bounds.
     setFlags(ItemContainsChildrenInShape);
     setData(IdentityRole, record.index);
 }
@@ -217,7 +217,7 @@ void CGraphicsPortItem::updateEdges()
 
 bool CGraphicsPortItem::sceneEventFilter(QGraphicsItem *watched, QEvent *event)
 {
-    // A stroke of the pen begins on a cabinet and goes on over the whole canvas: the port takes the mouse.
+    // A pen stroke begins on a cabinet and continues over the whole canvas, so the port grabs the mouse.
     if (event->type() != QEvent::GraphicsSceneMousePress || watched->type() != CabinetItemKind)
         return false;
     const auto &press = static_cast<const QGraphicsSceneMouseEvent &>(*event);

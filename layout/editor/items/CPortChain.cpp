@@ -108,7 +108,7 @@ void CPortChain::append(CGraphicsCabinetItem &cabinet)
         return;
     }
     makeHead(cabinet);
-    if (m_inPieces || cabinet.outgoing()) // the rest of a pair that was unlinked
+    if (m_inPieces || cabinet.outgoing()) // what is left of an unlinked pair
         checkOrder();
     else
         m_order << &cabinet;
@@ -199,7 +199,7 @@ void CPortChain::makeHead(CGraphicsCabinetItem &cabinet)
 
 void CPortChain::renumberFrom(CGraphicsCabinetItem &first)
 {
-    // Ends early in a ring, which two links can make for the moment between them.
+    // Stops in a ring, which can exist for a moment between two links.
     for (CGraphicsCabinetItem *cabinet = &first; cabinet; cabinet = after(*cabinet)) {
         cabinet->setChainPosition(before(*cabinet)->chainPosition() + 1);
         cabinet->setChainRole(after(*cabinet) ? CGraphicsCabinetItem::Middle : CGraphicsCabinetItem::Tail);

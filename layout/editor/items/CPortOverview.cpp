@@ -14,7 +14,7 @@
 
 namespace {
 
-/// Whether @p rect reaches into one of @p areas.
+/// Whether @p rect intersects one of @p areas.
 bool isExposed(const QRectF &rect, const QVector<QRectF> &areas)
 {
     return std::any_of(areas.begin(), areas.end(), [&rect](const QRectF &area) {
@@ -28,7 +28,7 @@ bool isSelected(const CPortOverview::SPlace &place)
     return place.cabinet->isSelected() || (place.group && place.group->isSelectedWithGroups());
 }
 
-/// The colours of a port's cabinets, mixed once for each look: nearly all cabinets are of one width.
+/// The colours of a port's cabinets, computed once per look, because nearly all cabinets have the same width.
 class CFarPalette final
 {
 public:
@@ -92,7 +92,7 @@ void CPortOverview::read(const CGraphicsPortItem &port)
 
 void CPortOverview::readChildren(const QGraphicsItem &parent, CGraphicsGroupItem *group)
 {
-    const QList<QGraphicsItem *> children = parent.childItems(); // in the order of drawing
+    const QList<QGraphicsItem *> children = parent.childItems(); // in drawing order
     for (QGraphicsItem *child : children) {
         if (child->type() == ConnectionItemKind) {
             m_wires << static_cast<const CGraphicsConnectionItem *>(child)->line();

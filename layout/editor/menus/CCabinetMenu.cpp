@@ -116,7 +116,7 @@ void CCabinetMenu::addParameters()
         addFiles(*parameters);
 }
 
-/// What concerns the configuration file of the clicked cabinet.
+/// Entries for the configuration file of the clicked cabinet.
 void CCabinetMenu::addFiles(QMenu &parameters)
 {
     IEditorCommands *commands = m_commands;

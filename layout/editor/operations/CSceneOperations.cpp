@@ -22,7 +22,7 @@
 
 namespace {
 
-/// Where an item comes to lie, in scene coordinates.
+/// The new position of an item, in scene coordinates.
 QPointF nudged(const CGraphicsItemBase &item, const QPointF &step)
 {
     const QPointF place = item.scenePos();

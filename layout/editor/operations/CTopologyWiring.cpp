@@ -15,8 +15,8 @@ QVector<CGraphicsCabinetItem *> CTopologyWiring::snake(const CGraphicsPortItem &
                                                        const QVector<CGraphicsCabinetItem *> &cabinets,
                                                        int pattern)
 {
-    // By place, then identity: among cells of one area the first sets the pitch, and the same wall must
-    // always be wired the same, however it was made.
+    // By position, then identity: among cells of equal area the first sets the pitch, and the same wall must
+    // always be wired the same way, however it was made.
     QVector<QPair<CSnakeOrder::SCell, CGraphicsCabinetItem *>> placed;
     placed.reserve(cabinets.size());
     for (CGraphicsCabinetItem *cabinet : cabinets) {
@@ -45,7 +45,7 @@ CTopologyWiring::chainByPattern(const CGraphicsPortItem &port,
                                 const QVector<CGraphicsCabinetItem *> &selected, int pattern)
 {
     const QVector<CGraphicsCabinetItem *> before = port.chain().order();
-    if (selected.size() == 1) // a single cabinet gets no line; it can only become a chain of its own
+    if (selected.size() == 1) // no pattern for a single cabinet: it can only become a chain of one
         return before.isEmpty() ? selected : before;
 
     const QSet<CGraphicsCabinetItem *> chosen(selected.begin(), selected.end());

@@ -71,7 +71,7 @@ QImage CCopyMime::picture() const
 {
     LayoutData data;
     data.layout = m_layout;
-    data.canvas = QSize(0, 0); // the picture shows the cabinets alone
+    data.canvas = QSize(0, 0); // the picture shows only the cabinets
     QSize size = CLayoutPicture::extent(data).size();
     if (std::max(size.width(), size.height()) > LargestPictureSide)
         size.scale(LargestPictureSide, LargestPictureSide, Qt::KeepAspectRatio);

@@ -42,7 +42,7 @@ PasteCache CPasteContent::copyOf(const CSceneSelection &selection)
     for (CGraphicsItemBase *item : selection.sorted()) {
         const CGraphicsGroupItem *around = item->groupItem();
         if (around && around->isSelectedWithGroups())
-            continue; // comes with its group
+            continue; // copied with its group
         if (item->type() == GroupItemKind)
             cache.groups << CLayoutReader::read(static_cast<const CGraphicsGroupItem &>(*item));
         else

@@ -91,7 +91,7 @@ void CScenePlacing::paste(const QPointF &position, QWidget *parent)
     m_editing.cancelGesture();
     CGraphicsPortItem *port = m_content.portItem(m_states.currentPort());
     if (m_states.currentPort() < 0)
-        m_cache = PasteCache(); // there is nothing that it could go into
+        m_cache = PasteCache(); // there is nothing to paste it into
     if (!port || m_cache.isEmpty() || CRefusal::isTold(m_editing, port))
         return;
     if (port->cabinets(nullptr).size() + CPasteContent::cabinetCount(m_cache) >
@@ -104,14 +104,14 @@ void CScenePlacing::paste(const QPointF &position, QWidget *parent)
     place(*port, CPasteContent::placed(m_cache, corner.toPoint()), QStringLiteral("Paste"));
 }
 
-/// New cabinets and groups of a port, and nothing else, are selected afterwards.
+/// Adds new cabinets and groups to a port; afterwards only they are selected.
 void CScenePlacing::place(CGraphicsPortItem &port, const Port &record, const QString &text)
 {
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, text);
     m_scene.clearSelection();
     const QVector<CGraphicsItemBase *> placed = m_content.add(port, record, m_recorder);
-    m_scene.clearSelection(); // commands select what they make, members of groups included
+    m_scene.clearSelection(); // commands select what they create, including members of groups
     for (CGraphicsItemBase *item : placed)
         item->setSelected(true);
 }
@@ -166,7 +166,8 @@ void CScenePlacing::cancelPress()
         showCells({m_cells.first()});
 }
 
-/// The place of a single cabinet whose middle is at @p scenePos: on the canvas, in line with its neighbours.
+/// The rectangle of a single cabinet with its centre at @p scenePos: on the canvas, snapped to its
+/// neighbours.
 QRect CScenePlacing::ghostAt(const QPointF &scenePos) const
 {
     const QSize size = m_scene.property(PendingSize).toSize();

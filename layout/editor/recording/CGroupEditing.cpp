@@ -62,7 +62,7 @@ void CGroupEditing::empty(CGraphicsPortItem &port)
 void CGroupEditing::remove(CGraphicsPortItem &port, const QVector<CGraphicsCabinetItem *> &cabinets)
 {
     CWiringRecorder::takeOut(m_recorder, port, cabinets);
-    // Outer groups first: undoing brings the inner ones back before those that gather them.
+    // Outer groups first, so that undo restores inner groups before the groups that contain them.
     const QSet<CGraphicsCabinetItem *> leaving(cabinets.begin(), cabinets.end());
     QSet<CGraphicsGroupItem *> touched;
     for (const CGraphicsCabinetItem *cabinet : cabinets) {

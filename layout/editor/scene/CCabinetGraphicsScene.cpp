@@ -27,7 +27,7 @@ CCabinetGraphicsScene::CCabinetGraphicsScene(const IPortStates &ports, QObject *
 
 CCabinetGraphicsScene::~CCabinetGraphicsScene()
 {
-    const QSignalBlocker silent(this); // nobody is to be told of what goes now
+    const QSignalBlocker silent(this); // no signals for items that are removed now
     setUndoStack(nullptr);
     clearLayout();
 }
@@ -46,7 +46,7 @@ void CCabinetGraphicsScene::setLayoutData(const ProcessorTree::ProcessorNode &pr
     if (undoable && content.canRebuild(data)) {
         const CUndoMacro macro(recorder, QStringLiteral("Reset"));
         content.rebuild(data, recorder);
-        m_backend->picks().only(selected.toVector()); // what redo selects, too
+        m_backend->picks().only(selected.toVector()); // redo selects the same
     } else {
         recorder.setOperationName(QStringLiteral("Reset"));
         clearLayout();
@@ -65,7 +65,7 @@ void CCabinetGraphicsScene::clearLayout()
 {
     leaveOperation();
     const CEditBatch batch(m_backend->batches());
-    clearSelection(); // items that die selected would each announce it
+    clearSelection(); // otherwise each selected item that is deleted would announce it
     m_backend->highlights().clear();
     m_backend->content().clear();
     updateContentRect();
@@ -140,7 +140,7 @@ void CCabinetGraphicsScene::pasteItems(const QPointF &scenePos, QWidget *parent)
 void CCabinetGraphicsScene::setToolMode(ToolMode mode, bool on)
 {
     m_backend->setToolMode(mode, on);
-    updateViews(); // handles come or go
+    updateViews(); // handles appear or disappear
 }
 
 bool CCabinetGraphicsScene::isToolModeSet(ToolMode mode) const
@@ -167,12 +167,12 @@ void CCabinetGraphicsScene::finishBatch(const CPendingEdits &work)
             port->updateEdges();
         }
     }
-    m_backend->batches().forget(); // what finishing noted has been done with it
+    m_backend->batches().forget(); // what was reported meanwhile is done already
     if (std::exchange(m_portAreaChanged, false))
         updateContentRect();
     if (work.isSelectedMoved())
         Q_EMIT notifySelectedItemGeometryChanged();
-    // A drag is an edit when it ends.
+    // A drag becomes an edit when it ends.
     const bool edited = !work.ports().isEmpty() && !m_backend->isDragging();
     if (work.isSelectionChanged() || edited)
         tellSelection();
@@ -190,7 +190,7 @@ void CCabinetGraphicsScene::tellSelection()
     Q_EMIT notifySelectedChanged(selected.ports(), selected.canGroup(), selected.canBreakGroup());
     static const QMetaMethod infos =
         QMetaMethod::fromSignal(&CCabinetGraphicsScene::notifySelectedCabinetInfos);
-    if (isSignalConnected(infos)) // the records cost a walk over the selection
+    if (isSignalConnected(infos)) // building the records costs a walk over the selection
         Q_EMIT notifySelectedCabinetInfos(selected.records());
 }
 

@@ -33,7 +33,7 @@ void CChangeCabinetTypeCommand::apply(const QVariant &value)
     const auto typeOf = [](const QVariant &record) {
         return qvariant_cast<CabinetLayout::CabinetPort::Cabinet>(record).type;
     };
-    // Receivers that are reversed or scaled leave the type as it is.
+    // Reversing or scaling receivers does not change the type.
     if (owner && owner->resetsHighlightOnEdit() && typeOf(startValue()) != typeOf(endValue()))
         cabinet->setHighlighted(false);
     finishGeometry(*cabinet);

@@ -94,7 +94,7 @@ void CUndoCommandBase::leaveWithMembers(CGraphicsItemBase &base)
             leaveWithMembers(*member);
     } else if (CGraphicsPortItem *owner = base.portItem()) {
         owner->chain().unlink(static_cast<CGraphicsCabinetItem &>(base),
-                              true); // no line may outlive its cabinet
+                              true); // a line must not outlive its cabinet
     }
     m_editor->items().leaveEdited(base);
 }

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// A key and the edit that it stands for.
+/// A key and its edit.
 struct SCanvasKey
 {
     QKeySequence key;

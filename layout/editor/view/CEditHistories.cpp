@@ -31,6 +31,6 @@ QUndoStack &CEditHistories::enter(const QUuid &processor, const CabinetLayout &l
         history = std::make_unique<SHistory>();
     else if (!holdTheSame(history->layout, layout))
         history->stack.clear();
-    history->layout = CabinetLayout(); // shared records would be copied by the next edit
+    history->layout = CabinetLayout(); // otherwise the next edit would copy the shared records
     return history->stack;
 }

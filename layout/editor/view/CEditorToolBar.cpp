@@ -63,7 +63,7 @@ void CEditorToolBar::buildUi()
     button(Navigator)->setObjectName(QStringLiteral("AeriaToolButton"));
     tool(Undo)->setShortcuts(QKeySequence::Undo);
     QList<QKeySequence> redoKeys = QKeySequence::keyBindings(QKeySequence::Redo);
-    const QKeySequence named(Qt::CTRL | Qt::Key_Y); // by the tool tip, everywhere
+    const QKeySequence named(Qt::CTRL | Qt::Key_Y); // the tool tip names it on every platform
     if (!redoKeys.contains(named))
         redoKeys << named;
     tool(Redo)->setShortcuts(redoKeys);
@@ -132,7 +132,8 @@ void CEditorToolBar::addHighlightMenu()
     addKind(QStringLiteral("CalibrateFrame"), tr("Highlight cabinet with flashing box"), "calibrate", false);
     addKind(QStringLiteral("CalibrateFrameless"), tr("Highlight cabinet with LED indicator"),
             "calibrate-frameless", true);
-    tool(Calibrate)->setMenu(menu); // of the action, so that a bar without room for the button has it, too
+    // Set on the action, so that it is also available if the bar has no room for the button.
+    tool(Calibrate)->setMenu(menu);
     button(Calibrate)->setPopupMode(QToolButton::MenuButtonPopup);
 }
 

@@ -49,7 +49,7 @@ CLayoutGraphicsView::CLayoutGraphicsView(const IPortStates &ports, QWidget *pare
 CLayoutGraphicsView::~CLayoutGraphicsView()
 {
     m_input.reset();
-    delete m_scene; // while the view can still be told of what goes, and before the stacks it records on
+    delete m_scene; // while the view can still receive its signals, and before the stacks that it uses
 }
 
 void CLayoutGraphicsView::buildUi()
@@ -114,7 +114,7 @@ void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &process
 {
     const bool another = processor.uuid != m_processor;
     if (another) {
-        leaveProcessor(); // nothing is recorded of it on the other's stack
+        leaveProcessor(); // so that its edits are not recorded on the other's stack
         m_processor = processor.uuid;
         QUndoStack &stack = m_histories.enter(m_processor, layout.layout);
         m_scene->setUndoStack(&stack);
@@ -124,7 +124,7 @@ void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &process
     }
     const bool inPlace = !another && m_scene->backend().content().canRebuild(layout);
     if (!another && !inPlace && m_scene->undoStack())
-        m_scene->undoStack()->clear(); // its steps belong to ports that are there no more
+        m_scene->undoStack()->clear(); // its steps belong to ports that no longer exist
     m_scene->setLayoutData(processor, layout, m_scene->backend().placing().cache(), {}, inPlace);
     QList<int> ports;
     for (const CGraphicsPortItem *port : m_scene->portItems())
@@ -176,7 +176,7 @@ void CLayoutGraphicsView::setBlocked(bool byController, bool asBackup)
 
 void CLayoutGraphicsView::onToolButtonClicked(int id)
 {
-    switch (id) { // the modes act when they are toggled
+    switch (id) { // modes act when toggled
     case Bar::Undo:
         m_scene->undo(this);
         break;
@@ -249,7 +249,7 @@ void CLayoutGraphicsView::choosePort(int port)
     m_scene->backend().placing().moveAppendTo(port);
     const QList<int> selected = m_scene->selection().ports();
     if (!selected.isEmpty() && selected != QList<int>{port})
-        m_scene->clearSelection(); // or what is selected would not be what commands act on
+        m_scene->clearSelection(); // otherwise commands would act on another port than the selection's
 }
 
 void CLayoutGraphicsView::onPortClicked(int port, bool selected)
@@ -280,7 +280,7 @@ void CLayoutGraphicsView::onNotifySelectedChanged(const QList<int> &ports, bool 
     aerialView().scheduleRefresh();
     Q_EMIT notifySelectedPort(ports);
     static const auto infos = QMetaMethod::fromSignal(&CLayoutGraphicsView::notifySelectedCabinetInfos);
-    if (isSignalConnected(infos)) // a connection to the scene's own signal would have it build them each time
+    if (isSignalConnected(infos)) // a permanent connection would make the scene build them each time
         Q_EMIT notifySelectedCabinetInfos(m_scene->selection().records());
     onNotifySelectedItemGeometryChanged();
 }
@@ -289,7 +289,7 @@ void CLayoutGraphicsView::onNotifySelectedItemGeometryChanged()
 {
     static const QMetaMethod signal =
         QMetaMethod::fromSignal(&CLayoutGraphicsView::notifySelectedCabinetGeometryChanged);
-    if (isSignalConnected(signal)) // the extent costs a walk over the selection
+    if (isSignalConnected(signal)) // computing the extent costs a walk over the selection
         Q_EMIT notifySelectedCabinetGeometryChanged(m_scene->selection().extent());
 }
 
@@ -304,7 +304,7 @@ void CLayoutGraphicsView::cancelCalibrate()
     m_toolBar->tool(Bar::Calibrate)->setChecked(false);
 }
 
-/// Shows on the wall what is highlighted on the canvas; what the processor refuses is taken back.
+/// Shows the canvas highlights on the wall; removes them if the processor refuses.
 void CLayoutGraphicsView::highlight()
 {
     const CabinetHighlight kind =
@@ -358,7 +358,7 @@ void CLayoutGraphicsView::markupCustomCabinet(bool markup)
 void CLayoutGraphicsView::onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processorInfo)
 {
     if (processorInfo.uuid != m_processor)
-        m_scene->leaveOperation(); // what is under way belongs to the processor that was in view
+        m_scene->leaveOperation(); // what is in progress belongs to the previous processor
 }
 
 void CLayoutGraphicsView::onScaleChanged()
@@ -384,7 +384,7 @@ void CLayoutGraphicsView::onNotifyCanRedoChanged(bool canRedo)
 bool CLayoutGraphicsView::viewportEvent(QEvent *event)
 {
     if (event->type() == QEvent::WindowDeactivate)
-        m_scene->backend().batches().cancelGesture(); // its release may go to another window
+        m_scene->backend().batches().cancelGesture(); // the release may go to another window
     return CGraphicsView::viewportEvent(event);
 }
 
@@ -400,7 +400,7 @@ void CLayoutGraphicsView::paintEvent(QPaintEvent *event)
 
 void CLayoutGraphicsView::drawForeground(QPainter *painter, const QRectF &rect)
 {
-    if (m_farPorts) // not where somebody else has the view rendered
+    if (m_farPorts) // not if the view is rendered by somebody else
         m_farPorts->paint(*painter);
     CGraphicsView::drawForeground(painter, rect);
 }
@@ -413,7 +413,7 @@ void CLayoutGraphicsView::keyPressEvent(QKeyEvent *event)
         CGraphicsView::keyPressEvent(event);
     else if (CCanvasKeys::isAppend(*event))
         openAppendMenu(QCursor::pos());
-    else if (!isInteractive() && !CCanvasKeys::isHistory(*event)) // the hand edits nothing
+    else if (!isInteractive() && !CCanvasKeys::isHistory(*event)) // no edits in hand mode
         CGraphicsView::keyPressEvent(event);
     else if (!CCanvasKeys::carryOut(*event, m_scene->backend(), this))
         CGraphicsView::keyPressEvent(event);

@@ -62,7 +62,7 @@ void CPortStrip::addPorts()
 
 void CPortStrip::append()
 {
-    const bool shown = m_append->isVisible(); // not when there is no room for the whole bar
+    const bool shown = m_append->isVisible(); // not if the bar has no room for it
     Q_EMIT notifyAppendClicked(shown ? m_append->mapToGlobal(m_append->rect().bottomLeft()) : QCursor::pos());
 }
 
@@ -126,7 +126,7 @@ void CPortStrip::addRedundancy()
             &CPortStrip::notifyRedundancyViewClicked);
 }
 
-/// The same as the box, for a bar that has no room for it.
+/// The same as the combo box, for a bar that has no room for it.
 void CPortStrip::addPortChoice()
 {
     QMenu *choice = m_portMenu->addMenu(tr("Output port"));
@@ -142,7 +142,7 @@ void CPortStrip::addPortChoice()
 void CPortStrip::choose(int port)
 {
     Q_EMIT notifyPortChosen(port);
-    showCurrentPort(); // which may not be the one that was chosen
+    showCurrentPort(); // it may differ from the one chosen
 }
 
 void CPortStrip::setEditingBlocked(bool blocked)
@@ -151,7 +151,7 @@ void CPortStrip::setEditingBlocked(bool blocked)
     enableEntries();
 }
 
-/// The actions, which a bar without room for the buttons shows in their place.
+/// The actions, which the bar shows instead of the buttons if it has no room.
 void CPortStrip::enableEntries()
 {
     const bool hasPort = m_ports->currentIndex() >= 0;

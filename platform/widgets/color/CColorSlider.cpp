@@ -60,7 +60,7 @@ void CColorSlider::paintEvent(QPaintEvent *)
 
 void CColorSlider::mousePressEvent(QMouseEvent *event)
 {
-    // The knob comes to the pointer first, and is then dragged as usual.
+    // First moves the knob to the pointer; then it is dragged as usual.
     const QRect knob = handle();
     if (event->button() == Qt::LeftButton && !knob.contains(event->pos()))
         setValue(QStyle::sliderValueFromPosition(minimum(), maximum(), event->x() - knob.width() / 2,

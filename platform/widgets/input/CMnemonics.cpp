@@ -16,7 +16,7 @@ namespace {
 
 const QLatin1Char Mark('&');
 
-/// The place of the letter of @p text that becomes the mnemonic; -1 where none is left.
+/// The index of the letter of @p text that becomes the mnemonic; -1 if none is free.
 int placeOfLetter(const QString &text, const QSet<QChar> &taken)
 {
     int anywhere = -1;
@@ -43,7 +43,7 @@ bool isLeftOut(const QWidget &widget)
     return false;
 }
 
-/// The texts that can carry a mnemonic, in the order in which they were made.
+/// The texts that can have a mnemonic, in the order of their creation.
 QVector<QPair<QString, std::function<void(const QString &)>>> textsOf(const QDialog &dialog)
 {
     QVector<QPair<QString, std::function<void(const QString &)>>> texts;

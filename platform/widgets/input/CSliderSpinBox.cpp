@@ -40,7 +40,8 @@ void CSliderSpinBox::connectSignals()
 {
     connect(m_slider, &QSlider::valueChanged, m_spinBox, &QSpinBox::setValue);
     connect(m_spinBox, qOverload<int>(&QSpinBox::valueChanged), m_slider, &QSlider::setValue);
-    // Each control sets the other and meets its own value there, so that one of them is enough to listen to.
+    // Each control sets the other, and that ends when both are equal; so it is enough to connect to one of
+    // them.
     connect(m_slider, &QSlider::valueChanged, this, &CSliderSpinBox::valueChanged);
 }
 
