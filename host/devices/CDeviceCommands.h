@@ -57,7 +57,7 @@ public:
     static QList<SCurrentGain> gains(const SDevice &device);
     /// Whether the device answers; a failure for a project.
     CStatus reach(const SDevice &device) const;
-    /// Asks the device what a cabinet of its mapping has; a failure for a project.
+    /// Reads from the device what a cabinet of its mapping reports; fails for a project.
     CResult<SConnectedCabinet> readCabinet(const SDevice &device, const QUuid &cabinet) const;
 
 private:
@@ -66,7 +66,7 @@ private:
     CStatus apply(const QUuid &processor, const Edit &edit);
     CStatus moveAreas(const ProcessorOffsets &offsets);
     CStatus failure(const SDevice &device, const QString &reason) const;
-    /// Takes note of whether the device answered.
+    /// Stores whether the device answered.
     CStatus answered(const SDevice &device, DeviceError error) const;
 
     CDeviceServices &m_services;

@@ -112,9 +112,9 @@ public:
     /// Writes the configuration of a cabinet to a "*.rcvbp" file, whole or not at all. GUI thread.
     virtual bool exportCabinetConfig(const CabinetLayout::CabinetPort::Cabinet &cabinet,
                                      const QString &file) = 0;
-    /// Reads the configuration that a connected cabinet has, whatever @p cabinet tells of it, into a file. If
-    /// the cabinet has the type that @p cabinet tells, the type goes under @p typeName unless that is empty.
-    /// The cabinet must be in the saved mapping. GUI thread.
+    /// Reads the configuration of a connected cabinet, which may differ from @p cabinet, into a file. If the
+    /// cabinet has the type given in @p cabinet, the type is named @p typeName, unless that is empty. The
+    /// cabinet must be in the saved mapping. GUI thread.
     virtual bool readbackCabinetConfig(int port, const CabinetLayout::CabinetPort::Cabinet &cabinet,
                                        const QString &file, const QString &typeName) = 0;
 

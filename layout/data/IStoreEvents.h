@@ -17,7 +17,7 @@ public:
     virtual void detectFinished() = 0;
     virtual void processorStateChanged() = 0;
     virtual void canvasSizeChanged(const QSize &size) = 0;
-    /// @p canvasSizeChanged: the size of the canvas is another one, too, and was not announced yet.
+    /// @p canvasSizeChanged: the canvas size has changed, too, and was not announced yet.
     virtual void backgroundChanged(const SBackgroundInfo &before, const SBackgroundInfo &now,
                                    bool canvasSizeChanged) = 0;
     virtual void portBackupChanged(int primary, int backup, bool on) = 0;

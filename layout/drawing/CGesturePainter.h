@@ -12,7 +12,7 @@ class QColor;
 class QPainter;
 class QString;
 
-/// What is shown of a mouse gesture above the layout. Places are in the painter's coordinates. GUI thread.
+/// Draws what a mouse gesture shows above the layout. Positions are in the painter's coordinates. GUI thread.
 class CGesturePainter final
 {
 public:
@@ -25,7 +25,7 @@ public:
     static void paintPointedOut(QPainter &painter, const QVector<QRectF> &cabinets);
     /// Resize handles.
     static void paintHandles(QPainter &painter, const QVector<QRectF> &marks);
-    /// Cabinets that wait to be placed; once placed they are filled with @p fill.
+    /// Cabinets that are about to be placed; @p fill is the colour that they will have.
     static void paintGhosts(QPainter &painter, const QVector<QRect> &cells, const QColor &fill);
     /// A note beside the cursor at @p place, kept inside the painter's viewport.
     static void paintNote(QPainter &painter, const QPointF &place, const QString &text);

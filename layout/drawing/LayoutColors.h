@@ -4,7 +4,7 @@
 
 #include <QColor>
 
-/// The colours of a drawn layout other than those of its ports, by what they are for.
+/// The colours of a drawn layout, except those of its ports, named by purpose.
 namespace LayoutColors {
 
 constexpr QRgb Surroundings = qRgb(22, 22, 26); ///< around the canvas

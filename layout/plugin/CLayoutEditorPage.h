@@ -39,7 +39,7 @@ public:
     void reload();
     /// Shows whether the mapping just read equals the layout shown before.
     void setReadbackResult(bool same);
-    /// Hides the result of the last read, because the user goes on.
+    /// Hides the result of the last read, because the user continues working.
     void dropReadbackResult();
     /// Updates the button after the simulated screen was opened or closed.
     void setScreenShown(bool shown);
@@ -60,7 +60,7 @@ private:
     ProcessorTree::ProcessorNode m_processor;
     CElidedLabel *m_title = nullptr;
     CElidedLabel *m_note = nullptr;
-    QString m_readResult;  ///< of the last read, until the user goes on
+    QString m_readResult;  ///< of the last read, until the user continues working
     QString m_fillProblem; ///< the last one; shown unless there is a result
     CPureImageBtn *m_showScreen = nullptr;
     CLayoutGraphicsView *m_view = nullptr;

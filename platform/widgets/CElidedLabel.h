@@ -4,8 +4,8 @@
 
 #include <QLabel>
 
-/// A line of plain text that never widens its window: what does not fit is cut off at its end, and then the
-/// tool tip tells the whole text. GUI thread.
+/// A line of plain text that never widens its window: text that does not fit is cut off at the end, and the
+/// tool tip shows it in full. GUI thread.
 class CElidedLabel final : public QLabel
 {
     Q_OBJECT
@@ -13,7 +13,7 @@ class CElidedLabel final : public QLabel
 public:
     explicit CElidedLabel(QWidget *parent = nullptr);
 
-    /// Lines are joined; of a very long text only the beginning is kept.
+    /// Line breaks are removed; only the beginning of a very long text is kept.
     void setFullText(const QString &text);
     QString fullText() const { return m_fullText; }
 

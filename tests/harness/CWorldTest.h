@@ -6,7 +6,7 @@
 
 #include <memory>
 
-/// Base of test classes whose functions, and each row of their data, get a world of their own.
+/// Base of test classes that get a new world for each function and each data row.
 template <typename World>
 class CWorldTest : public CTestBase
 {

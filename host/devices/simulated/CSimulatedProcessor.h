@@ -59,7 +59,7 @@ public:
     DeviceError apply(const SProcessorSettings &settings);
     /// A short command that changes nothing.
     DeviceError probe();
-    /// A short command: asks a cabinet of the saved mapping; nothing when the mapping has no such cabinet.
+    /// A short command that reads a cabinet of the saved mapping; empty if the mapping has no such cabinet.
     DeviceError readCabinet(const QUuid &key, std::optional<SConnectedCabinet> &answer);
 
     /// Switches a state as if at the processor itself, see ProcessorStates.

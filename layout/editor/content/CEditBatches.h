@@ -13,7 +13,7 @@ class CEditBatches final : public IEditing
 {
 public:
     /// @p finish does the work; if items report more meanwhile, it runs again. @p cancel undoes the gesture
-    /// in progress. @p tell brings words into the status bar.
+    /// in progress. @p tell shows a message in the status bar.
     CEditBatches(std::function<void(const CPendingEdits &)> finish, std::function<void()> cancel,
                  std::function<void(const QString &)> tell)
         : m_finish(std::move(finish))

@@ -7,15 +7,15 @@
 
 class QGraphicsScene;
 
-/// Finds what a rectangle that is being placed can catch at. GUI thread.
+/// Finds what a rectangle can snap to while it is being placed. GUI thread.
 class CNeighbours final
 {
 public:
-    /// Whether selected cabinets count, too, which do not while they are what is moved.
+    /// Whether selected cabinets are included; not while they are being moved.
     enum ESelected { WithSelected, WithoutSelected };
 
-    /// The canvas, and the cabinets that lie within @p reach of an edge of @p rect; canvas pixels. What lies
-    /// in the middle of a large rectangle is not looked at.
+    /// The canvas, and the cabinets within @p reach of an edge of @p rect; canvas pixels. Cabinets in the
+    /// middle of a large rectangle are not searched.
     static QVector<QRect> of(const QRect &rect, int reach, const QGraphicsScene &scene, const QSize &canvas,
                              ESelected selected);
 };

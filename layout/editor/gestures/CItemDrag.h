@@ -31,7 +31,7 @@ public:
               const QPointF &scenePos);
 
     EOperation operation() const { return m_operation; }
-    /// Finds the rectangles that lie within a reach of the edges of another one; canvas pixels.
+    /// Finds the rectangles within a distance of the edges of another one; canvas pixels.
     using Neighbours = std::function<QVector<QRect>(const QRect &rect, int reach)>;
 
     /// From now on a move snaps to edges of @p neighbours that are at most @p reach canvas pixels away.
@@ -39,9 +39,9 @@ public:
     void moveTo(const QPointF &scenePos, Qt::KeyboardModifiers keys);
     /// Lines along the edges that the move has snapped to.
     const QVector<QLine> &guides() const { return m_guides; }
-    /// The rectangle around all that is dragged, where it lies now.
+    /// The current rectangle around everything dragged.
     QRect frame() const { return m_placed; }
-    /// How far it has come from where the drag began.
+    /// How far it has moved since the drag began.
     QPoint offset() const { return m_placed.topLeft() - m_frame.topLeft().toPoint(); }
     bool hasMoved() const { return m_moved; }
     /// Puts everything back where it was.

@@ -68,7 +68,7 @@ private:
     };
 
     void beginDrag(const SPress &press);
-    /// What the drag does, in figures.
+    /// The position, distance or size shown during the drag.
     QString dragNote() const;
     void invalidateGuides();
     void invalidateNote();

@@ -8,7 +8,7 @@
 class CGraphicsPortItem;
 class IEditing;
 
-/// Why a port refuses edits, in words for the status bar. GUI thread.
+/// Explains, in the status bar, why a port refuses edits. GUI thread.
 class CRefusal final
 {
     Q_DECLARE_TR_FUNCTIONS(CRefusal)
@@ -16,6 +16,6 @@ class CRefusal final
 public:
     /// Empty for a port that accepts edits, and for null.
     static QString reason(const CGraphicsPortItem *port);
-    /// Tells the reason if there is one. Returns whether there is.
+    /// Shows the reason, if there is one. Returns whether there is.
     static bool isTold(IEditing &editing, const CGraphicsPortItem *port);
 };

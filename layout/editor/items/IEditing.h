@@ -19,7 +19,7 @@ public:
     /// geometry of items.
     virtual void cancelGesture() = 0;
 
-    /// Says @p words in the status bar: what an edit did otherwise than asked for.
+    /// Shows @p words in the status bar: how an edit differs from what was asked for.
     virtual void tell(const QString &words) = 0;
 };
 

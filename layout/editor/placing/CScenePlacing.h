@@ -61,7 +61,7 @@ public:
     void move(const QGraphicsSceneMouseEvent &event);
     /// Returns whether the cabinets were placed or refused, so that none wait any more.
     bool release(const QGraphicsSceneMouseEvent &event);
-    /// Draws the ghosts, the edges that they snap to, and how many they are.
+    /// Draws the ghosts, the edges that they snap to, and their number.
     void paint(QPainter &painter) const;
 
     /// The reason why @p more cabinets cannot be added to a port that holds @p count; empty if they can.

@@ -24,9 +24,8 @@ class ISceneInput;
 class CSceneBackend final : public IEditorScene, private IItemNotes
 {
 public:
-    /// The backend of @p scene, which owns it; @p finish does the work at the end of a batch, @p tell
-    /// brings words into the status bar. @p states must
-    /// outlive it.
+    /// The backend of @p scene, which owns it; @p finish does the work at the end of a batch, @p tell shows a
+    /// message in the status bar. @p states must outlive it.
     CSceneBackend(CGraphicsScene &scene, const IPortStates &states,
                   std::function<void(const CPendingEdits &)> finish,
                   std::function<void(const QString &)> tell);

@@ -7,8 +7,8 @@
 class QString;
 class QWidget;
 
-/// Brings short words about the last action into the status bar of the window around a widget, and takes them
-/// back with the next press of a button or a key. GUI thread.
+/// Shows short messages about the last action in the status bar of a widget's window, and removes them when
+/// the next button or key is pressed. GUI thread.
 class CStatusWords final : public QObject
 {
 public:
@@ -21,5 +21,5 @@ public:
 
 private:
     QWidget &m_widget;
-    bool m_told = false; // and not taken back
+    bool m_told = false; // and not removed yet
 };
