@@ -195,8 +195,7 @@ private Q_SLOTS:
             {E::Suspended, four, {2, 2, -1}, {-1, 2}},    {E::WallShown, four, {-1, 2, -1}, {2, 2}},
             {E::WallShown, two, {-1, 2, -1}, {0, 0}}, // it has lost its own
             {E::WallShown, two, {3, 1, -1}, {1, 1}},      {E::WallShown, {}, {-1, 2, -1}, {-1, -1}},
-            {E::NewWall, {4, 5}, {5, 5, -1}, {4, 4}},     {E::NewWall, {}, {2, 2, -1}, {-1, -1}},
-            {E::PortsChanged, two, {2, 2, -1}, {0, 0}},   {E::PortsChanged, {}, {2, 2, -1}, {-1, -1}},
+            {E::NewWall, {4, 5}, {5, 5, -1}, {4, 4}},     {E::PortsChanged, two, {2, 2, -1}, {0, 0}},
             {E::PortsChanged, two, {-1, 1, -1}, {-1, 1}}, // during a detection
             {E::Chosen, four, {0, 0, 3}, {3, 3}},         {E::Chosen, four, {-1, 0, 3}, {3, 3}},
             {E::Chosen, two, {1, 1, 3}, {1, 1}}, // it is not there

@@ -103,6 +103,8 @@ public:
         }
         return nullptr;
     }
+    /// Whether nothing has been edited, and undone.
+    bool isUntouched() { return layout() == original() && stack().count() == 0; }
     Items selected() { return scene().selection().items(); }
     CabinetLayout layout()
     {
@@ -153,6 +155,14 @@ public:
     }
     /// A press soon after a click at the same place.
     void pressAgain(const QPoint &place) { send(QEvent::MouseButtonDblClick, place, true, {}); }
+    /// A drag by one long move.
+    void pull(const QPoint &from, const QPoint &to, Qt::KeyboardModifiers pressKeys = {},
+              Qt::KeyboardModifiers moveKeys = Qt::AltModifier)
+    {
+        press(from, pressKeys);
+        moveTo(to, moveKeys);
+        release(to, pressKeys | (moveKeys & ~Qt::AltModifier));
+    }
     void drag(const QPoint &from, const QPoint &delta)
     {
         hover(from);

@@ -6,8 +6,6 @@
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/recording/ItemFactories.h"
-#include "layout/editor/scene/CCabinetGraphicsScene.h"
-#include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/undo/CAppendCommand.h"
 #include "layout/editor/undo/CBreakGroupCommand.h"
 #include "layout/editor/undo/CBreakWiringCommand.h"
@@ -17,8 +15,7 @@
 #include "layout/editor/undo/CMoveCommand.h"
 #include "layout/editor/undo/CRemoveCommand.h"
 #include "layout/editor/undo/CReszieCommand.h"
-#include "tests/editor/CFixedPortStates.h"
-#include "tests/editor/SmallWorlds.h"
+#include "tests/editor/SPortsScene.h"
 
 /// A small world and commands on its items, as the editor itself makes them.
 namespace CommandWorld {
@@ -30,25 +27,12 @@ using Record = CabinetLayout::CabinetPort::Cabinet;
 
 /// Port 0: four wired cabinets; port 1: unwired, a loose cabinet and a group around another group; port 2:
 /// one wired cabinet.
-class World final
+struct World final : SPortsScene
 {
-public:
     World()
-        : scene(m_states)
-        , data(SmallWorlds::data({SmallWorlds::wiredPort(0, 4), unwiredNest(), SmallWorlds::wiredPort(2, 1)}))
+        : SPortsScene({SmallWorlds::wiredPort(0, 4), unwiredNest(), SmallWorlds::wiredPort(2, 1)})
     {
-        scene.setLayoutData(SmallWorlds::node(data), data);
     }
-
-    CabinetLayout layout() const
-    {
-        CabinetLayout layout;
-        scene.getLayoutData(layout, data.processor);
-        return layout;
-    }
-
-    CFixedPortStates &states() { return m_states; }
-    QUndoStack &stack() const { return *scene.undoStack(); }
 
     static Cabinet &cabinet(const Scene &scene, int port, int place)
     {
@@ -74,12 +58,6 @@ private:
             record.rank = -1;
         return port;
     }
-
-    CFixedPortStates m_states;
-
-public:
-    Scene scene;
-    const LayoutData data;
 };
 
 template <typename Command>

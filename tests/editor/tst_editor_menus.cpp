@@ -9,11 +9,10 @@
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
 #include "layout/resources/LayoutResources.h"
-#include "tests/editor/CFixedPortStates.h"
 #include "tests/editor/CMouseTester.h"
 #include "tests/editor/CNotedCommands.h"
 #include "tests/editor/CSceneVerifier.h"
-#include "tests/editor/SmallWorlds.h"
+#include "tests/editor/SPortsScene.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
 
@@ -41,13 +40,12 @@ QAction *entry(const QMenu &menu, const char *text)
 
 /// Port 0: three wired cabinets; 1: an untyped pair in a group and one beside it; 2: two typed ones; 3:
 /// empty.
-struct SMenuWorld
+struct SMenuWorld : SPortsScene
 {
     SMenuWorld()
+        : SPortsScene({SmallWorlds::wiredPort(0, 3), SmallWorlds::nestedPort(1), SmallWorlds::receiverPort(2),
+                       SmallWorlds::port(3, {})})
     {
-        const LayoutData data = SmallWorlds::data({SmallWorlds::wiredPort(0, 3), SmallWorlds::nestedPort(1),
-                                                   SmallWorlds::receiverPort(2), SmallWorlds::port(3, {})});
-        scene.setLayoutData(SmallWorlds::node(data), data);
     }
 
     CGraphicsItemBase &top(int port, int place) { return *scene.portItem(port)->topItems().at(place); }
@@ -80,9 +78,7 @@ struct SMenuWorld
         CCanvasMenu(*menu, scene.backend(), &commands, nullptr).fill(place);
     }
 
-    CFixedPortStates states;
     CNotedCommands commands;
-    CCabinetGraphicsScene scene{states};
     std::unique_ptr<QMenu> menu;
 };
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/resources/LayoutResources.h"
 #include "tests/editor/CSceneVerifier.h"
-#include "tests/editor/CommandWorld.h"
+#include "tests/editor/SPortsScene.h"
 #include "tests/harness/CTestBase.h"
 
 #include <QApplication>
@@ -10,26 +10,6 @@
 namespace {
 
 using Port = CabinetLayout::CabinetPort;
-
-/// A scene of some ports.
-struct SPortsScene
-{
-    explicit SPortsScene(const QVector<Port> &ports)
-        : data(SmallWorlds::data(ports))
-    {
-        scene.setLayoutData(SmallWorlds::node(data), data);
-    }
-    CabinetLayout read() const
-    {
-        CabinetLayout layout;
-        scene.getLayoutData(layout, data.processor);
-        return layout;
-    }
-
-    const LayoutData data;
-    CFixedPortStates states;
-    CCabinetGraphicsScene scene{states};
-};
 
 } // namespace
 
@@ -62,7 +42,7 @@ private Q_SLOTS:
         for (const QVector<Port> &ports : layouts) {
             const SPortsScene world(ports);
             QCOMPARE(CSceneVerifier::faultIn(world.scene), QString());
-            QVERIFY(world.read() == world.data.layout);
+            QVERIFY(world.layout() == world.data.layout);
         }
     }
 
@@ -79,7 +59,7 @@ private Q_SLOTS:
         QCOMPARE(CSceneVerifier::faultIn(world.scene), QString());
 
         LayoutData read = world.data;
-        read.layout = world.read();
+        read.layout = world.layout();
         QVector<int> ranks;
         QSet<QUuid> keys;
         for (const auto &cabinet : read.layout.ports.at(0).getAllCabinets()) {
@@ -89,7 +69,7 @@ private Q_SLOTS:
         QCOMPARE(ranks, (QVector<int>{3, 1, 2, 0}));
         QVERIFY(keys.size() == 4 && !keys.contains(QUuid()));
         world.scene.setLayoutData(SmallWorlds::node(read), read);
-        QVERIFY(world.read() == read.layout); // what has been read once is stable
+        QVERIFY(world.layout() == read.layout); // what has been read once is stable
     }
 
     void selectsTheGivenItemsAndNoMemberBesideItsGroup()
@@ -110,7 +90,7 @@ private Q_SLOTS:
         SPortsScene world({SmallWorlds::wiredPort(0, 4)});
         const LayoutData other = SmallWorlds::data({});
         world.scene.setLayoutData(SmallWorlds::node(world.data), other);
-        QVERIFY(world.read() == world.data.layout);
+        QVERIFY(world.layout() == world.data.layout);
         CabinetLayout read;
         world.scene.getLayoutData(read, other.processor);
         QVERIFY(read == CabinetLayout());
@@ -119,9 +99,9 @@ private Q_SLOTS:
     void handsOverUnchangedPortsShared()
     {
         SPortsScene world({SmallWorlds::wiredPort(0, 4), SmallWorlds::wiredPort(1, 4)});
-        const CabinetLayout first = world.read();
+        const CabinetLayout first = world.layout();
         world.scene.setCabinetLocked(1, true);
-        const CabinetLayout second = world.read();
+        const CabinetLayout second = world.layout();
         QCOMPARE(second.ports.at(0).groups.constData(), first.ports.at(0).groups.constData());
         QVERIFY(second.ports.at(1).locked && !first.ports.at(1).locked);
     }

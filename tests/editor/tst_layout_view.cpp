@@ -27,8 +27,6 @@ QSet<QUuid> uuidsOf(const QList<Cabinet> &cabinets)
 
 } // namespace
 
-Q_DECLARE_METATYPE(ToolMode)
-
 /// The view as the rest of the module uses it, and its tools.
 class CLayoutViewTest final : public CMouseTest
 {
@@ -120,21 +118,9 @@ private Q_SLOTS:
         }
     }
 
-    void aBlockedEditorIsLookedAtOnly_data()
-    {
-        QTest::addColumn<bool>("backup");
-        QTest::newRow("by the controller") << false;
-        QTest::newRow("as a redundancy processor") << true;
-    }
     void aBlockedEditorIsLookedAtOnly()
     {
-        QFETCH(bool, backup);
-        const auto block = [this, backup](bool blocked) {
-            if (backup)
-                view().onCurrentProcessorBackupChanged(blocked);
-            else
-                view().setEditingBlocked(blocked);
-        };
+        const auto block = [this](bool blocked) { view().setEditingBlocked(blocked); };
         m_mouse->scene().backend().picks().port(0, true);
         m_mouse->scene().selectedItemMoveDown();
         m_mouse->scene().selectedItemMoveDown();
@@ -163,38 +149,43 @@ private Q_SLOTS:
         QCOMPARE(enabledTools(), before);
         QTest::keyClick(&view(), Qt::Key_Delete);
         QCOMPARE(m_mouse->stack().undoText(), QStringLiteral("Delete"));
+        view().onCurrentProcessorBackupChanged(true); // as a redundancy processor
+        QCOMPARE(enabledTools(), looking);
+        block(true);
+        view().onCurrentProcessorBackupChanged(false); // still by the controller
+        QVERIFY(!view().isInteractive());
     }
 
-    void modesSetTheSceneAndTheCursor_data()
-    {
-        QTest::addColumn<int>("mode");
-        QTest::addColumn<Modes>("flags");
-        QTest::addColumn<int>("cursor");
-        QTest::newRow("hand") << int(Bar::Hand) << Modes{} << int(Qt::OpenHandCursor);
-        QTest::newRow("pen") << int(Bar::Pen) << Modes{ToolMode::ManualWiring} << int(Qt::BitmapCursor);
-        QTest::newRow("exchange") << int(Bar::HeadToTailExchange) << Modes{ToolMode::HeadToTailExchange}
-                                  << int(Qt::BitmapCursor);
-        QTest::newRow("highlight") << int(Bar::Calibrate) << Modes{ToolMode::Highlighting}
-                                   << int(Qt::PointingHandCursor);
-    }
     void modesSetTheSceneAndTheCursor()
     {
-        QFETCH(int, mode);
-        QToolButton *button = bar().button(Bar::ETool(mode));
-        button->click();
-        QTEST(modes(), "flags");
-        QCOMPARE(view().isInteractive(), mode != Bar::Hand);
-        QTest::mousePress(view().viewport(), Qt::MiddleButton);
-        QCOMPARE(view().viewport()->cursor().shape(), Qt::ClosedHandCursor);
-        QTest::mouseRelease(view().viewport(), Qt::MiddleButton);
-        QTEST(int(view().viewport()->cursor().shape()), "cursor"); // the tool is still in use
-        button->click(); // the arrow comes back when the tool is put down
-        QVERIFY(bar().tool(Bar::Arrow)->isChecked());
-        QCOMPARE(modes(), Modes{});
-        QCOMPARE(view().viewport()->cursor().shape(), Qt::ArrowCursor);
-        button->click();
-        QTest::keyClick(&view(), Qt::Key_Escape);
-        QVERIFY(bar().tool(Bar::Arrow)->isChecked() && view().isInteractive());
+        struct SCase
+        {
+            Bar::ETool tool;
+            Modes modes;
+            Qt::CursorShape cursor;
+        };
+        const SCase cases[] = {{Bar::Hand, {}, Qt::OpenHandCursor},
+                               {Bar::Pen, {ToolMode::ManualWiring}, Qt::BitmapCursor},
+                               {Bar::HeadToTailExchange, {ToolMode::HeadToTailExchange}, Qt::BitmapCursor},
+                               {Bar::Calibrate, {ToolMode::Highlighting}, Qt::PointingHandCursor}};
+        const auto cursor = [this] { return view().viewport()->cursor().shape(); };
+        for (const SCase &one : cases) {
+            QToolButton *button = bar().button(one.tool);
+            button->click();
+            QCOMPARE(modes(), one.modes);
+            QCOMPARE(view().isInteractive(), one.tool != Bar::Hand);
+            QTest::mousePress(view().viewport(), Qt::MiddleButton);
+            QCOMPARE(cursor(), Qt::ClosedHandCursor);
+            QTest::mouseRelease(view().viewport(), Qt::MiddleButton);
+            QCOMPARE(cursor(), one.cursor); // the tool is still in use
+            button->click();                // the arrow comes back when the tool is put down
+            QVERIFY(bar().tool(Bar::Arrow)->isChecked());
+            QCOMPARE(modes(), Modes{});
+            QCOMPARE(cursor(), Qt::ArrowCursor);
+            button->click();
+            QTest::keyClick(&view(), Qt::Key_Escape);
+            QVERIFY(bar().tool(Bar::Arrow)->isChecked() && view().isInteractive());
+        }
     }
 
     void thePenTakesTheSelectionAway()

@@ -54,8 +54,7 @@ private Q_SLOTS:
         QCOMPARE(m_mouse->selected(), Items());
         m_mouse->pressRight({320, 64});
         m_mouse->moveTo({350, 90});
-        QVERIFY(m_mouse->layout() == m_mouse->original());
-        QCOMPARE(m_mouse->stack().count(), 0);
+        QVERIFY(m_mouse->isUntouched());
     }
 
     void aBandSelectsWholeGroups()
@@ -115,9 +114,7 @@ private Q_SLOTS:
     void aDragWithControlTakesTheItemAlong()
     {
         m_mouse->click({64, 64});
-        m_mouse->press({192, 64}, Qt::ControlModifier);
-        m_mouse->moveTo({192, 104});
-        m_mouse->release({192, 104}, Qt::ControlModifier);
+        m_mouse->pull({192, 64}, {192, 104}, Qt::ControlModifier);
         QCOMPARE(m_mouse->selected(), loose({0, 1}));
         QCOMPARE(placeOf(0), QPoint(0, 40));
         QCOMPARE(placeOf(1), QPoint(128, 40));
@@ -137,9 +134,7 @@ private Q_SLOTS:
                                {Qt::AltModifier, {249, 121}, {249, 121}},
                                {Qt::ShiftModifier, {249, 121}, {256, 0}}};
         for (const SCase &one : cases) {
-            m_mouse->press({64, 64});
-            m_mouse->moveTo(QPoint(64, 64) + one.way, one.keys);
-            m_mouse->release(QPoint(64, 64) + one.way, one.keys);
+            m_mouse->pull({64, 64}, QPoint(64, 64) + one.way, Qt::NoModifier, one.keys);
             QCOMPARE(placeOf(0), one.place);
             m_mouse->scene().undo(nullptr);
         }
@@ -159,8 +154,7 @@ private Q_SLOTS:
             m_mouse->view().toolBar().chooseMode(CEditorToolBar::Pen);
             m_mouse->drag({64, 64}, {256, 0});
             m_mouse->view().toolBar().chooseMode(CEditorToolBar::Arrow);
-            QVERIFY(m_mouse->layout() == m_mouse->original());
-            QCOMPARE(m_mouse->stack().count(), 0);
+            QVERIFY(m_mouse->isUntouched());
         }
     }
 
@@ -192,19 +186,14 @@ private Q_SLOTS:
         m_mouse->view().setScaleFactor(0.14);
         m_mouse->drag({192, 64}, {28, 14}); // trembles by a few pixels of the screen
         m_mouse->drag({64, 10}, {28, 14});  // now on a handle, too
-        QVERIFY(m_mouse->layout() == m_mouse->original());
-        QCOMPARE(m_mouse->stack().count(), 0);
+        QVERIFY(m_mouse->isUntouched());
     }
 
     void onlyAHandleThatIsShownIsGrabbed()
     {
-        m_mouse->press({382, 126}); // in the corner, not selected before
-        m_mouse->moveTo({402, 136});
-        m_mouse->release({402, 136});
+        m_mouse->pull({382, 126}, {402, 136}); // in the corner, not selected before
         QCOMPARE(m_mouse->cabinet(0, 2).cabinet().rect, QRect(276, 10, 128, 128));
-        m_mouse->press({408, 142}); // beside the cabinet, on the outer half of its handle
-        m_mouse->moveTo({428, 142});
-        m_mouse->release({428, 142});
+        m_mouse->pull({408, 142}, {428, 142}); // beside the cabinet, on the outer half of its handle
         QCOMPARE(m_mouse->cabinet(0, 2).cabinet().rect, QRect(276, 10, 148, 128));
         m_mouse->click({192, 64});
         m_mouse->drag({260, 64}, {20, 0}); // the outer half lies over its neighbour
@@ -263,8 +252,7 @@ private Q_SLOTS:
         QTest::keyClick(&m_mouse->view(), Qt::Key_Escape);
         m_mouse->release({192, 64});
         QVERIFY(m_mouse->view().toolBar().tool(CEditorToolBar::Arrow)->isChecked());
-        QVERIFY(m_mouse->layout() == m_mouse->original());
-        QCOMPARE(m_mouse->stack().count(), 0);
+        QVERIFY(m_mouse->isUntouched());
     }
 
     void keys()

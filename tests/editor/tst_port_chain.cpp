@@ -3,32 +3,26 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsConnectionItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
-#include "layout/editor/scene/CCabinetGraphicsScene.h"
-#include "tests/editor/CFixedPortStates.h"
-#include "tests/editor/SmallWorlds.h"
+#include "tests/editor/SPortsScene.h"
 #include "tests/harness/CTestBase.h"
 
 #include <QApplication>
 
 namespace {
 
-using Scene = CCabinetGraphicsScene;
 using Cabinet = CGraphicsCabinetItem;
 
 /// A port whose cabinets are called A, B, C and so on, and whose chain is changed by scripts.
-class CLetterPort final
+class CLetterPort final : public SPortsScene
 {
 public:
     CLetterPort()
-        : m_scene(m_states)
+        : SPortsScene({SmallWorlds::port(0, {SmallWorlds::loose(0, 6)})})
     {
-        const LayoutData data = SmallWorlds::data({SmallWorlds::port(0, {SmallWorlds::loose(0, 6)})});
-        m_scene.setLayoutData(SmallWorlds::node(data), data);
     }
 
-    Scene &scene() { return m_scene; }
-    CPortChain &chain() { return m_scene.portItem(0)->chain(); }
-    QVector<Cabinet *> cabinets() const { return m_scene.portItem(0)->cabinets(nullptr); }
+    CPortChain &chain() { return scene.portItem(0)->chain(); }
+    QVector<Cabinet *> cabinets() const { return scene.portItem(0)->cabinets(nullptr); }
     Cabinet &cabinet(char letter) const { return *cabinets().at(letter - 'A'); }
 
     QVector<Cabinet *> cabinetsNamed(const char *letters) const
@@ -82,9 +76,6 @@ private:
     {
         return QChar('A' + cabinets().indexOf(const_cast<Cabinet *>(cabinet)));
     }
-
-    CFixedPortStates m_states;
-    Scene m_scene;
 };
 
 } // namespace

@@ -34,8 +34,8 @@ private Q_SLOTS:
     {
         World world;
         QVERIFY(!world.layout().port(0)->locked); // the records are known from here on
-        world.states().locked[0] = true;
-        world.states().redundancy[1] = Port::Redundant;
+        world.states.locked[0] = true;
+        world.states.redundancy[1] = Port::Redundant;
         world.scene.onNotifyProcessorStateChanged();
         QVERIFY(world.layout().port(0)->locked);
         QVERIFY(world.scene.portItem(1)->isShownRedundant());
@@ -67,7 +67,7 @@ private Q_SLOTS:
         cache.groups[0].cabinets[0].mappingIndex = 7;
         world.scene.setLayoutData(SmallWorlds::node(world.data), world.data, cache);
         QVERIFY(world.scene.backend().placing().cache() == cache);
-        world.states().current = 2;
+        world.states.current = 2;
         world.scene.pasteItems(QPointF(4000, 4000), nullptr);
         QCOMPARE(world.scene.selection().count(), 2);
         for (const auto &pasted : world.scene.selection().records())
@@ -127,15 +127,15 @@ private Q_SLOTS:
         world.scene.selectedItemMoveDown();
         const CabinetLayout moved = world.layout();
         CMessageBoxAnswerer user({QStringLiteral("OK"), QStringLiteral("OK"), QStringLiteral("OK")});
-        world.states().redundancy[2] = Port::Redundant;
+        world.states.redundancy[2] = Port::Redundant;
         world.scene.undo(nullptr);
-        world.states().locked[2] = true; // is told first
+        world.states.locked[2] = true; // is told first
         world.scene.undo(nullptr);
         QVERIFY(world.layout() == moved);
-        world.states().locked.clear();
-        world.states().redundancy.clear();
+        world.states.locked.clear();
+        world.states.redundancy.clear();
         world.scene.undo(nullptr);
-        world.states().locked[0] = true;
+        world.states.locked[0] = true;
         world.scene.redo(nullptr);
         QVERIFY(world.layout() == world.data.layout);
         QCOMPARE(user.texts(), (QStringList{QStringLiteral("Port 3 is redundancy and cannot be undone."),

@@ -18,7 +18,6 @@ public:
     }
     QString title;
     QString proposal;
-    QStringList filters;
 
 protected:
     void timerEvent(QTimerEvent *) override
@@ -27,7 +26,6 @@ protected:
         if (!dialog || !title.isEmpty())
             return;
         title = dialog->windowTitle();
-        filters = dialog->nameFilters();
         auto *name = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
         proposal = name->text();
         name->setText(m_file);

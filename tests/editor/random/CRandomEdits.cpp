@@ -38,9 +38,6 @@ bool CRandomEdits::carryOut(int kind)
         return resizeSelected();
     case Group:
         return groupSelection();
-    case Cut:
-    case Delete:
-        return removeSelection(kind == Cut);
     case Copy:
         m_scene.backend().placing().copy();
         m_placing.takeCopy(m_before, m_items);
@@ -65,61 +62,55 @@ bool CRandomEdits::carryOut(int kind)
     case InterruptDrag:
         interruptDrag();
         return false;
-    case SetType:
-    case MoveTo:
-    case ResizeTo:
-        return changeShape(kind);
-    case Arrange:
-        return arrange();
     case HostNews:
     case Lock:
         changeState(kind);
         return false;
-    default:
+    case Exchange:
+        return exchangeReceivers();
+    case Pen:
+        return drawStroke();
+    case ClearPort:
+    case Backup:
         return editPort(kind);
+    default:
+        return editSelection(kind);
     }
 }
 
 bool CRandomEdits::editPort(int kind)
 {
     const int port = m_random.bounded(PortCount);
-    switch (kind) {
-    case Exchange:
-        return exchangeReceivers();
-    case Pen:
-        return drawStroke();
-    case ClearPort: {
+    if (kind == ClearPort) {
         m_scene.breakPortWiring(port);
-        if (m_world.isClosed(port))
-            return false;
         const QVector<QUuid> chain = m_before.chain(port);
-        m_expected.unwire(QSet<QUuid>(chain.begin(), chain.end()));
-        return true;
+        if (!m_world.isClosed(port))
+            m_expected.unwire(QSet<QUuid>(chain.begin(), chain.end()));
+        return !m_world.isClosed(port);
     }
-    case Backup: {
-        const bool back = m_random.bounded(2);
-        m_scene.backupPort((port + 1) % PortCount, port, back);
-        if (!back || m_world.states.isPortLocked(port))
-            return false;
-        m_expected.prepareBackup(port);
-        m_selection.reset();
-        return true;
-    }
-    default:
-        return editSelection(kind);
-    }
+    const bool back = m_random.bounded(2);
+    m_scene.backupPort((port + 1) % PortCount, port, back);
+    if (!back || m_world.states.isPortLocked(port))
+        return false;
+    m_expected.prepareBackup(port);
+    m_selection.reset();
+    return true;
 }
 
 bool CRandomEdits::editSelection(int kind)
 {
-    const int pattern = m_random.bounded(8);
     CReferenceModel edited = m_before;
+    const QSet<QUuid> cabinets = m_before.cabinetsBelow(m_items);
     switch (kind) {
-    case NudgeUp:
-    case NudgeDown:
-    case NudgeLeft:
-    case NudgeRight:
-        nudge(kind, edited);
+    case Cut:
+        m_scene.backend().placing().cut(m_scene.backend().operations());
+        if (!m_refused)
+            m_placing.takeCopy(m_before, m_items);
+        edited.remove(cabinets);
+        break;
+    case Delete:
+        m_scene.backend().operations().remove();
+        edited.remove(cabinets);
         break;
     case Ungroup:
         m_scene.backend().operations().ungroup();
@@ -127,82 +118,64 @@ bool CRandomEdits::editSelection(int kind)
             if (edited.isGroup(item))
                 edited.ungroup(item);
         }
-        if (!m_refused)
-            m_selection.reset();
         break;
-    case Pattern:
+    case Pattern: {
+        const int pattern = m_random.bounded(8);
         m_scene.topologyWiring(uint(pattern));
-        edited.wireByPattern(m_before.cabinetsBelow(m_items), pattern);
-        break;
-    default:
-        m_scene.breakSelectedWiring();
-        edited.unwire(m_before.cabinetsBelow(m_items));
+        edited.wireByPattern(cabinets, pattern);
         break;
     }
-    if (!m_refused)
-        m_expected = edited;
-    return !m_refused;
+    case Break:
+        m_scene.breakSelectedWiring();
+        edited.unwire(cabinets);
+        break;
+    default:
+        if (!changeShape(kind, edited))
+            return false;
+    }
+    if (m_refused)
+        return false;
+    m_expected = edited;
+    if (kind == Ungroup)
+        m_selection.reset();
+    else if (kind == Cut || kind == Delete)
+        m_selection = QSet<QUuid>();
+    return true;
 }
 
-void CRandomEdits::nudge(int kind, CReferenceModel &edited)
+/// Gives false, having changed nothing, if the outcome is open.
+bool CRandomEdits::changeShape(int kind, CReferenceModel &edited)
 {
-    using Scene = CCabinetGraphicsScene;
-    static const QHash<int, QPair<void (Scene::*)(), QPoint>> steps = {
-        {NudgeUp, {&Scene::selectedItemMoveUp, {0, -1}}},
-        {NudgeDown, {&Scene::selectedItemMoveDown, {0, 1}}},
-        {NudgeLeft, {&Scene::selectedItemMoveLeft, {-1, 0}}},
-        {NudgeRight, {&Scene::selectedItemMoveRight, {1, 0}}}};
-    (m_scene.*steps.value(kind).first)();
-    edited.nudge(m_items, steps.value(kind).second);
-}
-
-bool CRandomEdits::changeShape(int kind)
-{
-    CReferenceModel edited = m_before;
-    if (kind == MoveTo) {
+    CSelectionShape &shape = m_scene.backend().shape();
+    if (kind == Nudge) {
+        using Scene = CCabinetGraphicsScene;
+        static const QPair<void (Scene::*)(), QPoint> steps[] = {{&Scene::selectedItemMoveUp, {0, -1}},
+                                                                 {&Scene::selectedItemMoveDown, {0, 1}},
+                                                                 {&Scene::selectedItemMoveLeft, {-1, 0}},
+                                                                 {&Scene::selectedItemMoveRight, {1, 0}}};
+        const auto &[move, step] = steps[m_random.bounded(4)];
+        (m_scene.*move)();
+        edited.nudge(m_items, step);
+    } else if (kind == Arrange) {
+        const int columns = m_random.bounded(5);
+        if (columns > 0 && !edited.arrange(m_items, columns))
+            return false;
+        shape.arrange(columns);
+    } else if (kind == MoveTo) {
         const QPoint corner(m_random.bounded(600), m_random.bounded(600));
-        m_scene.backend().shape().moveTo(corner);
+        shape.moveTo(corner);
         edited.moveTo(m_items, corner);
     } else if (kind == ResizeTo) {
         const QSize size(m_random.bounded(8) * 24, 16 + m_random.bounded(128)); // now and then empty
-        m_scene.backend().shape().resizeTo(size);
+        shape.resizeTo(size);
         if (!size.isEmpty())
             edited.resizeTo(m_items, size);
     } else {
         const CReferenceModel::TypeInfo type = CRandomPlacing::randomType(m_random);
-        m_scene.backend().shape().applyType(type);
+        shape.applyType(type);
         if (type.isValid())
             edited.setType(m_before.cabinetsBelow(m_items), type);
     }
-    if (!m_refused)
-        m_expected = edited;
-    return !m_refused;
-}
-
-bool CRandomEdits::arrange()
-{
-    const int columns = m_random.bounded(5);
-    CReferenceModel arranged = m_before;
-    if (columns > 0 && !arranged.arrange(m_items, columns))
-        return false;
-    m_scene.backend().shape().arrange(columns);
-    if (!m_refused)
-        m_expected = arranged;
-    return !m_refused;
-}
-
-bool CRandomEdits::removeSelection(bool cut)
-{
-    if (cut)
-        m_scene.backend().placing().cut(m_scene.backend().operations());
-    else
-        m_scene.backend().operations().remove();
-    if (m_refused)
-        return false;
-    if (cut)
-        m_placing.takeCopy(m_before, m_items);
-    m_expected.remove(m_before.cabinetsBelow(m_items));
-    m_selection = QSet<QUuid>();
     return true;
 }
 

@@ -20,10 +20,7 @@ public:
 private:
     bool editPort(int kind);
     bool editSelection(int kind);
-    void nudge(int kind, CReferenceModel &edited);
-    bool changeShape(int kind);
-    bool arrange();
-    bool removeSelection(bool cut);
+    bool changeShape(int kind, CReferenceModel &edited);
     bool dragSelection();
     bool resizeSelected();
     bool exchangeReceivers();

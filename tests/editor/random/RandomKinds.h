@@ -11,10 +11,7 @@ namespace RandomKinds {
 Q_NAMESPACE
 
 enum EKind {
-    NudgeUp,
-    NudgeDown,
-    NudgeLeft,
-    NudgeRight,
+    Nudge,
     Drag,
     Resize,
     Group,

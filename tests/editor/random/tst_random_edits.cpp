@@ -12,11 +12,10 @@ constexpr int OperationsAWorld = 150;
 
 // Sanitizer builds are slower and run less.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-int operationCount = 15000;
+constexpr int UsualOperations = 15000;
 #else
-int operationCount = 100000;
+constexpr int UsualOperations = 100000;
 #endif
-quint32 firstSeed = 20261;
 
 QString faultOf(quint32 seed, const QVector<SRandomOperation> &operations, int *length = nullptr)
 {
@@ -66,8 +65,13 @@ private Q_SLOTS:
 
     void holdsWhatMustHold()
     {
-        qInfo("seed %u, %d operations; other runs: -seed N -operations N", firstSeed, operationCount);
-        QRandomGenerator random(firstSeed);
+        const auto given = [](const char *variable, int usual) {
+            return qEnvironmentVariableIsSet(variable) ? qEnvironmentVariableIntValue(variable) : usual;
+        };
+        const int firstSeed = given("RANDOM_SEED", 20261);
+        const int operationCount = given("RANDOM_OPERATIONS", UsualOperations);
+        qInfo("RANDOM_SEED=%d RANDOM_OPERATIONS=%d", firstSeed, operationCount);
+        QRandomGenerator random(static_cast<quint32>(firstSeed));
         for (int done = 0; done < operationCount; done += OperationsAWorld) {
             const quint32 seed = random.generate();
             QVector<SRandomOperation> operations;
@@ -83,21 +87,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    const CTestEnvironment environment;
-    const QApplication application(argc, argv);
-    QStringList arguments = application.arguments();
-    const auto take = [&arguments](const QString &name, auto &value) {
-        const int place = arguments.indexOf(name);
-        if (place < 0 || place + 1 >= arguments.size())
-            return;
-        value = static_cast<std::decay_t<decltype(value)>>(arguments.at(place + 1).toUInt());
-        arguments.erase(arguments.begin() + place, arguments.begin() + place + 2);
-    };
-    take(QStringLiteral("-seed"), firstSeed);
-    take(QStringLiteral("-operations"), operationCount);
-    CRandomEditsTest test;
-    return QTest::qExec(&test, arguments);
-}
+ORVO_TEST_MAIN(QApplication, CRandomEditsTest)
 #include "tst_random_edits.moc"
