@@ -6,7 +6,7 @@ if(ORVO_WERROR)
     target_compile_options(orvo_flags INTERFACE -Werror)
 endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-    # Qt 5 writes a shortcut as Qt::CTRL | Qt::Key_A, two enumerations.
+    # In Qt 5 a shortcut is written as Qt::CTRL | Qt::Key_A, which are two enumerations.
     target_compile_options(orvo_flags INTERFACE -Wthread-safety -Wno-enum-enum-conversion)
 endif()
 target_compile_definitions(orvo_flags INTERFACE
@@ -14,7 +14,7 @@ target_compile_definitions(orvo_flags INTERFACE
     QT_DEPRECATED_WARNINGS QT_MESSAGELOGCONTEXT ORVO_VERSION="${PROJECT_VERSION}")
 target_include_directories(orvo_flags INTERFACE ${CMAKE_SOURCE_DIR})
 if(ORVO_SANITIZE)
-    # The module keeps its type information to itself, which the vptr check cannot follow.
+    # The module does not export its type information, which the vptr check needs.
     target_compile_options(orvo_flags INTERFACE
         -fsanitize=${ORVO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(orvo_flags INTERFACE -fsanitize=${ORVO_SANITIZE})

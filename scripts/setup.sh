@@ -30,7 +30,7 @@ missing_packages() {
     printf '%s\n' "$@" | grep -vxF "${installed:-none}" || true
 }
 
-# as_root COMMAND …: runs it as root; with sudo where we are not, which asks for a password at a terminal only.
+# as_root COMMAND …: runs it as root, if necessary with sudo, which asks for a password only at a terminal.
 as_root() {
     if [ "$(id -u)" -eq 0 ]; then
         "$@"
@@ -41,7 +41,7 @@ as_root() {
     fi
 }
 
-# need_packages PACKAGE …: installs those that are missing; costs one query where none is.
+# need_packages PACKAGE …: installs those that are missing; costs one query if none is.
 need_packages() {
     if ! command -v dpkg-query >/dev/null; then
         say "This is not Debian: the packages are not checked. Wanted: $*"
@@ -72,7 +72,7 @@ need_packages() {
     [ ${#missing[@]} -eq 0 ] || fail "apt-get ran, but still missing: ${missing[*]}"
 }
 
-# build PRESET [TARGET …]: configures where nothing usable is there or the presets changed, then builds.
+# build PRESET [TARGET …]: configures if that was not done yet or the presets changed, then builds.
 build() {
     local preset=$1 folder=$ORVO_ROOT/build/$1
     shift
@@ -87,7 +87,7 @@ build() {
     cmake --build "$folder" ${1:+--target "$@"} </dev/null >&2 || fail "The build failed; the compiler says above why."
 }
 
-# run_tests PRESET [CTEST ARGUMENT …]: runs the built tests on all cores, in windows that nobody sees.
+# run_tests PRESET [CTEST ARGUMENT …]: runs the built tests on all cores, in invisible windows.
 run_tests() {
     local preset=$1
     shift
