@@ -4,7 +4,6 @@
 
 #include "layout/api/access/CHostAccess.h"
 #include "layout/api/access/IMappingFolder.h"
-#include "layout/api/access/ITypeLookup.h"
 #include "platform/widgets/CMessageBox.h"
 
 #include <QDateTime>
@@ -59,10 +58,9 @@ QString CCabinetFiles::askForFile(const QString &title, const QString &proposed)
     return file;
 }
 
-void CCabinetFiles::exportConfiguration(const Cabinet &cabinet)
+void CCabinetFiles::exportConfiguration(const Cabinet &cabinet, const QString &typeName)
 {
-    const QString proposed = fileNameOf(m_types.getTypeInfo(cabinet.type).name);
-    const QString file = askForFile(tr("Export..."), proposed);
+    const QString file = askForFile(tr("Export..."), fileNameOf(typeName));
     if (file.isEmpty())
         return;
     if (CHostAccess::flushAndCall(&Host::exportCabinetConfig, cabinet, file))
@@ -71,14 +69,13 @@ void CCabinetFiles::exportConfiguration(const Cabinet &cabinet)
         CMessageBox::warning(m_parent, tr("Export failed."), CHostAccess::call(&Host::lastError));
 }
 
-void CCabinetFiles::readBack(const Cabinet &cabinet)
+void CCabinetFiles::readBack(const Cabinet &cabinet, const QString &typeName)
 {
     const QString now = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd-hh-mm-ss"));
     const QString file = askForFile(tr("Readback..."), now);
     if (file.isEmpty())
         return;
-    const QString type = cabinet.type.isNull() ? QString() : m_types.getTypeInfo(cabinet.type).name;
-    if (CHostAccess::flushAndCall(&Host::readbackCabinetConfig, cabinet.port, cabinet, file, type))
+    if (CHostAccess::flushAndCall(&Host::readbackCabinetConfig, cabinet.port, cabinet, file, typeName))
         CMessageBox::information(m_parent, tr("Readback successful."));
     else
         CMessageBox::warning(m_parent, tr("Readback failed."), CHostAccess::call(&Host::lastError));

@@ -7,7 +7,6 @@
 #include <QCoreApplication>
 
 class IMappingFolder;
-class ITypeLookup;
 class QWidget;
 
 /// Lets the host write a cabinet's configuration to a file: the one in the library, or the one read back from
@@ -20,20 +19,19 @@ public:
     using Cabinet = CabinetLayout::CabinetPort::Cabinet;
 
     /// All must outlive this object; @p parent is the parent of dialogs and messages.
-    CCabinetFiles(const ITypeLookup &types, IMappingFolder &folder, QWidget *parent)
-        : m_types(types)
-        , m_folder(folder)
+    CCabinetFiles(IMappingFolder &folder, QWidget *parent)
+        : m_folder(folder)
         , m_parent(parent)
     {
     }
 
-    void exportConfiguration(const Cabinet &cabinet);
-    void readBack(const Cabinet &cabinet);
+    // @p typeName is the name of the cabinet's type; empty without a type.
+    void exportConfiguration(const Cabinet &cabinet, const QString &typeName);
+    void readBack(const Cabinet &cabinet, const QString &typeName);
 
 private:
     QString askForFile(const QString &title, const QString &proposed);
 
-    const ITypeLookup &m_types;
     IMappingFolder &m_folder;
     QWidget *m_parent;
 };

@@ -97,9 +97,14 @@ void CEditorCommands::showInformation(const QList<Cabinet> &cabinets, QWidget *p
     CCabinetInformation(cabinets, typeOf, parent).exec();
 }
 
+QString CEditorCommands::typeName(const Cabinet &cabinet) const
+{
+    return cabinet.type.isNull() ? QString() : m_store.getTypeInfo(cabinet.type).name;
+}
+
 void CEditorCommands::exportConfiguration(const Cabinet &cabinet, QWidget *parent)
 {
-    CCabinetFiles(m_store, m_store, parent).exportConfiguration(cabinet);
+    CCabinetFiles(m_store, parent).exportConfiguration(cabinet, typeName(cabinet));
 }
 
 QString CEditorCommands::readbackRefusal() const
@@ -112,7 +117,7 @@ QString CEditorCommands::readbackRefusal() const
 
 void CEditorCommands::readBackConfiguration(const Cabinet &cabinet, QWidget *parent)
 {
-    CCabinetFiles(m_store, m_store, parent).readBack(cabinet);
+    CCabinetFiles(m_store, parent).readBack(cabinet, typeName(cabinet));
 }
 
 void CEditorCommands::setFrameRateAndColorDepth(QWidget *)

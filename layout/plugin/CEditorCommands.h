@@ -42,6 +42,7 @@ public:
 
 private:
     void fillAllPorts(const QColor &color);
+    QString typeName(const Cabinet &cabinet) const; ///< empty without a type
 
     CLayoutData &m_store;
     CLayoutGraphicsView &m_view;

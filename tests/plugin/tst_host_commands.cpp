@@ -119,9 +119,9 @@ private Q_SLOTS:
         row("readMapping", [](W &w) { w.mapping.readMapping(ReadSaveMappingRole::All, {}, [](bool) {}); });
         row("saveMapping", [](W &w) { w.mapping.saveMapping(ReadSaveMappingRole::All, [](bool) {}); });
         row("exportCabinetConfig",
-            [](W &w) { CCabinetFiles(w.store, w.store, &w.window).exportConfiguration(w.cabinet()); });
+            [](W &w) { CCabinetFiles(w.store, &w.window).exportConfiguration(w.cabinet(), {}); });
         row("readbackCabinetConfig",
-            [](W &w) { CCabinetFiles(w.store, w.store, &w.window).readBack(w.cabinet()); });
+            [](W &w) { CCabinetFiles(w.store, &w.window).readBack(w.cabinet(), {}); });
         row("areOnPrimaryPorts", [](W &w) { CCabinetParaSave({w.cabinet()}, {}, &w.window).accept(); });
         row("sendCurrentGains", [](W &w) {
             CProcessorInView::carryOut(
