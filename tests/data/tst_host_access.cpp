@@ -25,20 +25,14 @@ class CHostAccessTest final : public CTestBase
     Q_OBJECT
 
 private Q_SLOTS:
-    void callsOperationsAndFunctions()
+    void withoutAHostTheAnswerIsEmpty()
     {
-        {
-            CFakeHost host;
-            const QUuid a = host.addProcessor(QStringLiteral("A"), 3);
-            QCOMPARE(CHostAccess::call(&Host::outputPortCount, a), 3);
-            QCOMPARE(CHostAccess::call([](Host &one) { return one.processors().size(); }), 1);
-            QVERIFY(CHostAccess::call(&Host::showScreen, true));
-            host.answers()->refused = {QStringLiteral("setCabinetStatusLed")};
-            QVERIFY(!CHostAccess::call(&Host::setCabinetStatusLed, true));
-        }
-        QVERIFY(CHostAccess::call(&Host::processors).isEmpty()); // there is no host
+        QVERIFY(CHostAccess::call(&Host::processors).isEmpty());
         QVERIFY(!CHostAccess::call(&Host::showScreen, true));
         QVERIFY(!CHostAccess::flushAndCall(&Host::setCabinetStatusLed, true));
+        CFakeHost host;
+        QVERIFY(CHostAccess::call(&Host::showScreen, true));
+        QCOMPARE(CHostAccess::call([](Host &one) { return one.lastError(); }), host.answers()->error);
     }
 
     void aHandlerIsKeptForItsCallOnly()

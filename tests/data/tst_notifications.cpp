@@ -315,13 +315,24 @@ private Q_SLOTS:
 
     void theTypeLibraryIsReadWhenItChanges()
     {
+        using Node = SSettings::TypeLibrary::STreeNode;
         SDispatchScene scene;
-        SSettings::TypeLibrary::STreeNode node;
-        node.key = node.info.key = SMD5::ofContent("p2.6");
-        scene.host.answers()->library = {node};
+        Node type;
+        type.key = type.info.key = SMD5::ofContent("p2.6");
+        Node another = type;
+        another.key = another.info.key = SMD5::ofContent("p3.9");
+        Node folder;
+        folder.kind = Node::Folder;
+        folder.key = SMD5::ofContent("folder");
+        Node outer = folder;
+        folder.children = {type};
+        outer.children = {folder};
+        scene.host.answers()->library = {outer, another}; // a folder does not stop its siblings
         scene.host.notify(LayoutNotification::TypeLibraryChanged);
-        QCOMPARE(scene.store.getTypeInfo(node.key), node.info);
-        QVERIFY(!scene.store.getTypeInfo(SMD5()).isValid());
+        QCOMPARE(scene.store.getTypeInfo(type.key), type.info);
+        QCOMPARE(scene.store.getTypeInfo(another.key), another.info);
+        for (const SMD5 &none : {SMD5(), folder.key})
+            QVERIFY(!scene.store.getTypeInfo(none).isValid());
     }
 
     void aWrongArgumentThrowsItsTextAndChangesNothing()

@@ -4,7 +4,6 @@
 #include "layout/data/CurrentPortRule.h"
 #include "layout/data/PortLoads.h"
 #include "layout/data/PortRedundancyNote.h"
-#include "layout/data/TypeLibrarySearch.h"
 #include "tests/harness/CTestBase.h"
 
 #include <functional>
@@ -12,7 +11,6 @@
 namespace {
 
 using Port = PortPairs::Port;
-using Node = SSettings::TypeLibrary::STreeNode;
 
 QVector<Port> portsWithLoads(const QVector<qint64> &loads)
 {
@@ -24,27 +22,6 @@ QVector<Port> portsWithLoads(const QVector<qint64> &loads)
         ports << port;
     }
     return ports;
-}
-
-SMD5 keyOf(const char *text)
-{
-    return SMD5::ofContent(text);
-}
-
-Node type(const char *name, const char *key)
-{
-    Node node;
-    node.name = node.info.name = QString::fromLatin1(name);
-    node.key = node.info.key = keyOf(key);
-    return node;
-}
-
-Node folder(const QVector<Node> &children)
-{
-    Node node;
-    node.kind = Node::Folder;
-    node.children = children;
-    return node;
 }
 
 const QUuid Own(1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0);
@@ -155,29 +132,6 @@ private Q_SLOTS:
         QVERIFY(!states.loadQuestion(2));
     }
 
-    void findsTypesInTheLibrary()
-    {
-        const Node a = type("a", "x");
-        const Node b = type("b", "x");
-        const Node other = type("other", "y");
-        Node named = folder({});
-        named.key = keyOf("x");
-        named.info.name = QStringLiteral("folder");
-        const QVector<QPair<QVector<Node>, const char *>> libraries{
-            {{other, folder({other})}, ""},
-            {{other, a, b}, "a"},
-            {{folder({a}), other, b}, "b"}, // a folder does not stop its siblings
-            {{folder({folder({a}), b}), other}, "b"},
-            {{a, folder({b})}, "a"},
-            {{named}, ""}};
-        for (const auto &[library, name] : libraries) {
-            Node::RcvTypeInfo info;
-            TypeLibrarySearch::find(library, keyOf("x"), info);
-            QCOMPARE(info.name, QLatin1String(name));
-            QCOMPARE(info.isValid(), *name != 0);
-        }
-    }
-
     void whatIsCurrentAfterwards()
     {
         using E = PortEvent;
@@ -222,18 +176,9 @@ private Q_SLOTS:
         };
         const auto nothing = [](Pair &) {};
         const auto move = [](Pair &p) { p.primaryPort().groups[0].cabinets[0].rect.translate(1, 0); };
-        const auto moveAndMirror = [move](Pair &p) {
-            move(p);
-            p.giveMirror();
-        };
         const auto wireAnotherWay = [](Pair &p) {
             auto &groups = p.primaryPort().groups;
             std::swap(groups[0].cabinets[0].rank, groups[1].cabinets[0].rank);
-        };
-        const auto groupAnotherWay = [](Pair &p) {
-            auto &groups = p.primaryPort().groups;
-            groups[0].cabinets << groups[1].cabinets;
-            groups.removeLast();
         };
         const auto part = [](Pair &p) {
             PortPairs::setPair(p.primaryPort(), Own, Port::NoRedundancy, {});
@@ -249,8 +194,6 @@ private Q_SLOTS:
             {true, move, "Redundancy for processor3(Stage) output port1, please reset the mapping.", true,
              false},
             {false, wireAnotherWay, "Redundancy for output port1, please reset the mapping.", true, false},
-            {false, groupAnotherWay, "Redundancy for output port1", false, false},
-            {false, moveAndMirror, "Redundancy for output port1", false, false},
             {true, [](Pair &p) { p.layouts.remove(Own); }, broken, true, false},
             {true, [](Pair &p) { p.layouts.remove(Other); }, "", false, true},
             {false, forgetPrimary, broken, true, false},
