@@ -3,7 +3,7 @@
 #include "benchmarks/Wall.h"
 
 #include "host/projects/CWallBuilder.h"
-#include "layout/drawing/CLayoutPainter.h"
+#include "layout/drawing/CPortColors.h"
 
 namespace {
 
@@ -45,7 +45,7 @@ LayoutData Wall::data(int ports, bool grouped)
     data.processor = data.layout.processor;
     data.layout.ports.resize(ports);
     for (Port &port : data.layout.ports) {
-        port.color = CLayoutPainter::defaultPortColor(port.index);
+        port.color = CPortColors::fill(port.index);
         port.locked = port.index % LockedEvery == 0;
         if (grouped)
             port.groups = nestedGroups(port.getAllCabinets());
@@ -76,5 +76,5 @@ ProcessorTree::ProcessorNode Wall::processor(const LayoutData &data)
 
 QColor CNoPortStates::portColor(int port) const
 {
-    return CLayoutPainter::defaultPortColor(port);
+    return CPortColors::fill(port);
 }

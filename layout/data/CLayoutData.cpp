@@ -8,7 +8,7 @@
 #include "layout/data/CNotificationDispatch.h"
 #include "layout/data/PortLoads.h"
 #include "layout/data/TypeLibrarySearch.h"
-#include "layout/drawing/CLayoutPainter.h"
+#include "layout/drawing/CPortColors.h"
 
 namespace {
 using Host = ILayoutInterfaceHandler;
@@ -50,7 +50,7 @@ CanvasBlock CLayoutData::canvasBlock() const
 QColor CLayoutData::portColor(int port) const
 {
     const QColor color = m_states.port(port).color;
-    return color.isValid() ? color : CLayoutPainter::defaultPortColor(port);
+    return color.isValid() ? color : CPortColors::fill(port);
 }
 
 void CLayoutData::setCurrentPort(int port)

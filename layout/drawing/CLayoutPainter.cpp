@@ -2,155 +2,129 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/drawing/CLayoutPainter.h"
 
+#include "layout/drawing/CFaultPainter.h"
+#include "layout/drawing/CPortColors.h"
+#include "layout/drawing/CPortLabel.h"
+#include "layout/drawing/CReceiverBorders.h"
 #include "layout/drawing/CSvgCache.h"
+#include "layout/drawing/CosmeticPen.h"
+#include "layout/drawing/LayoutColors.h"
 #include "platform/common/CCustomPaint.h"
 
 #include <QFont>
-#include <QMap>
 #include <QPainter>
 #include <QSvgRenderer>
-#include <QtMath>
 
 #include <algorithm>
-#include <array>
 
 namespace {
 
-constexpr qreal SmallestText = 7; // device pixels
-constexpr qreal MarkSize = 20;    // of the lock and redundancy marks, in canvas pixels
+// Lengths in device pixels.
+constexpr qreal AfarWidth = 10;
+constexpr qreal CloseSide = 64;
+constexpr qreal SmallestNumbered = 28; // cabinet
+constexpr qreal NumberShare = 3.5;     // of the cabinet's side
+constexpr qreal SmallestNumber = 8;
+constexpr qreal LargestNumber = 22;
+constexpr qreal MarkSize = 20; // of the lock and redundancy marks
+constexpr qreal PlateSize = 26;
+constexpr qreal NextMark = 33; // from mark to mark
 constexpr qreal MarkMargin = 8;
-constexpr qreal SmallestCustomMark = 2.5; // device pixels
-constexpr qreal AfarWidth = 10;           // device pixels
-constexpr qreal HighlightWidth = 3;       // device pixels
-constexpr qreal SmallestBorder = 3;       // device pixels; a smaller cabinet would be nothing but border
-constexpr qreal ShortestWire = 2;         // device pixels; shorter ones would cover their cabinets
-constexpr qreal ArrowLength = 8;
-constexpr qreal ArrowHalfWidth = 5.5;
-constexpr qreal ArrowPlace = 0.25; // of the way from the exit to the entry point
+constexpr qreal RoomyWidth = 110; // of a cabinet that has room for label, number and mark in a row
+constexpr qreal SmallestCustomMark = 2.5;
+constexpr qreal HighlightWidth = 3;
+constexpr qreal SmallestBorder = 3; // of a smaller cabinet it would be all that is seen
 
-const QString LockPicture = QStringLiteral(":/Image/Layout/PortList/lock_checked.svg");
-const QString RedundancyPicture = QStringLiteral(":/Image/Layout/PortList/Menu/backup.svg");
-
-const QColor WireColor(255, 252, 225);
-const QColor BorderColor(8, 8, 8);
-const QColor MarkPlate(22, 22, 26, 200);
-const QColor FrameColor(202, 202, 210);
-const QColor HighlightColor(255, 214, 64);
-const QColor CustomColor(190, 163, 25);
-
-/// How strongly to draw something of @p pixels: from 0 at @p none to 1 at full strength.
+/// How far @p pixels has come from @p none to what is drawn whole.
 qreal shareOfFull(qreal pixels, qreal none)
 {
     return qBound(0.0, (pixels - none) / (AfarWidth - none), 1.0);
 }
 
-QPen cosmetic(const QColor &color, qreal width, Qt::PenStyle style = Qt::SolidLine)
+qreal sideOf(const QRectF &rect)
 {
-    QPen pen(color, width, style, Qt::SquareCap, Qt::MiterJoin);
-    pen.setCosmetic(true);
-    return pen;
+    return std::min(rect.width(), rect.height());
 }
 
-/// Black or white, whichever is easier to read on @p fill.
-QColor textOn(const QColor &fill)
+void paintNumber(QPainter &painter, const SCabinetLook &look, const QRectF &onScreen, const QColor &fill)
 {
-    return qGray(fill.rgb()) > 140 ? QColor(31, 31, 36) : QColor(240, 240, 246);
-}
-
-void paintNumber(QPainter &painter, const SCabinetLook &look, const QColor &fill, qreal scale)
-{
-    // In the upper left corner, where wires from centre to centre do not pass.
-    const qreal size = std::min(look.rect.height(), look.rect.width()) / 3.5;
-    if (look.number.isEmpty() || size * scale < SmallestText)
+    // In the upper left corner, where no wire runs that leads from centre to centre.
+    const qreal side = sideOf(onScreen);
+    const bool close = side >= CloseSide;
+    if (look.number.isEmpty() || side < SmallestNumbered || (!close && !look.label.isEmpty()))
         return;
     QFont font = painter.font();
-    font.setPixelSize(qMax(1, qRound(size)));
+    const int size = qRound(qBound(SmallestNumber, side / NumberShare, LargestNumber));
+    font.setPixelSize(size);
+    qreal margin = size / NumberShare;
+    QRectF place = onScreen.adjusted(margin, margin, 0, 0);
+    if (close) { // in one row with the label
+        margin = CLayoutPainter::markMargin(onScreen);
+        const qreal before = look.label.isEmpty() ? 0 : CPortLabel::widthBeforeNumber(look.label) + margin;
+        place =
+            QRectF(onScreen.left() + margin + before, onScreen.top() + margin, onScreen.width(), PlateSize);
+    }
+    const QTransform canvas = painter.worldTransform();
+    painter.setWorldTransform(QTransform());
     painter.setFont(font);
-    painter.setPen(textOn(fill));
-    const qreal margin = size / 3.5;
-    painter.drawText(look.rect.adjusted(margin, margin, 0, 0),
-                     Qt::AlignLeft | Qt::AlignTop | Qt::TextDontClip, look.number);
+    painter.setPen(look.wired ? CPortColors::ink(fill) : CPortColors::tint(look.fill));
+    painter.drawText(place, Qt::AlignLeft | (close ? Qt::AlignVCenter : Qt::AlignTop) | Qt::TextDontClip,
+                     look.number);
+    painter.setWorldTransform(canvas);
 }
 
-void paintMark(QPainter &painter, const QString &resource, const QRectF &cabinet, int place, qreal scale)
+/// On a dark plate: a port may have the colour of the mark.
+void paintMark(QPainter &painter, QSvgRenderer &picture, const QRectF &onScreen, int place)
 {
-    const qreal size = std::min({MarkSize, cabinet.width() / 4, cabinet.height() / 4});
-    if (size * scale < SmallestText)
+    const qreal margin = CLayoutPainter::markMargin(onScreen);
+    const QRectF plate(onScreen.right() - margin - PlateSize - place * NextMark, onScreen.top() + margin,
+                       PlateSize, PlateSize);
+    QRectF mark(0, 0, MarkSize, MarkSize);
+    mark.moveCenter(plate.center());
+    const QTransform canvas = painter.worldTransform();
+    painter.setWorldTransform(QTransform());
+    painter.fillRect(plate, QColor::fromRgba(LayoutColors::Plate));
+    picture.render(&painter, mark);
+    painter.setWorldTransform(canvas);
+}
+
+void paintMarks(QPainter &painter, const SCabinetLook &look, const QRectF &onScreen)
+{
+    if (sideOf(onScreen) < CloseSide || (onScreen.width() < RoomyWidth && !look.label.isEmpty()))
         return;
-    const qreal margin = size * MarkMargin / MarkSize / 2;
-    const QPointF corner(cabinet.right() - (place + 1) * (size + margin), cabinet.top() + margin);
-    CSvgCache::renderer(resource).render(&painter, QRectF(corner, QSizeF(size, size)));
+    if (look.locked)
+        paintMark(painter, CSvgCache::lock(), onScreen, 0);
+    if (look.redundant)
+        paintMark(painter, CSvgCache::redundancy(), onScreen, 1);
 }
 
-/// On a dark background: a port may have the colour of the mark.
-void paintBackedMark(QPainter &painter, const QString &resource, const QRectF &place)
-{
-    const qreal margin = place.width() / 5;
-    painter.fillRect(place.adjusted(-margin, -margin, margin, margin), MarkPlate);
-    CSvgCache::renderer(resource).render(&painter, place);
-}
-
-/// In the lower right corner, away from the number and other marks; on a small cabinet large enough to be
-/// seen.
+/// The lower right corner, where neither the number nor the other marks are; of a small cabinet as much as is
+/// needed to see it.
 void paintCustomMark(QPainter &painter, const QRectF &cabinet, qreal scale)
 {
-    const qreal side = std::min(cabinet.width(), cabinet.height());
+    const qreal side = sideOf(cabinet);
     const qreal size = std::max(side / 4, std::min(side / 2, SmallestCustomMark / scale));
     const QPointF corner = cabinet.bottomRight();
-    if (CLayoutPainter::isAfar(cabinet.width(), scale)) { // a triangle would look like a square
-        painter.fillRect(QRectF(corner - QPointF(size, size), corner), CustomColor);
+    const QColor color = LayoutColors::Custom;
+    if (CLayoutPainter::isAfar(cabinet.width(), scale)) { // a triangle could not be told from a square
+        painter.fillRect(QRectF(corner - QPointF(size, size), corner), color);
         return;
     }
     const QPointF triangle[] = {corner, corner - QPointF(size, 0), corner - QPointF(0, size)};
     painter.setPen(Qt::NoPen);
-    painter.setBrush(CustomColor);
+    painter.setBrush(color);
     painter.drawConvexPolygon(triangle, 3);
 }
 
-/// For lines too short for visible dashes, @p length whole device pixels long. Fades with the length:
-/// otherwise ten thousand lines would hide everything else.
-QPen shortWirePen(int length)
+void paintInnerLines(QPainter &painter, const SCabinetLook &look, const QColor &fill, const QRectF &onScreen)
 {
-    QColor color = WireColor;
-    color.setAlphaF(0.25 + 0.55 * shareOfFull(length, ShortestWire));
-    return cosmetic(color, 1);
-}
-
-/// The unit of length for the arrow head, at its largest size, on a line of that length.
-qreal largestArrowUnit(qreal length)
-{
-    return length * ArrowPlace / ArrowLength;
-}
-
-std::array<QPointF, 3> arrowHead(const QLineF &line, qreal unit)
-{
-    const QPointF along = QPointF(line.dx(), line.dy()) / line.length();
-    const QPointF foot = line.pointAt(ArrowPlace);
-    const QPointF side = QPointF(-along.y(), along.x()) * (unit * ArrowHalfWidth);
-    return {foot + along * (unit * ArrowLength), foot - side, foot + side};
-}
-
-/// The border is drawn as a rectangle below the fill, because a pen would be drawn pixel by pixel. It stays
-/// inside, because what an item draws outside its bounds is not repainted. Left and top sides suffice between
-/// neighbours; a frame has all sides.
-void paintArea(QPainter &painter, const QRectF &rect, const SCabinetColors &colors, qreal scale)
-{
-    if (!colors.border.isValid()) {
-        painter.fillRect(rect, colors.fill);
+    if (look.innerLines.isEmpty() ||
+        !CReceiverBorders::canBeToldApart(look.innerLines.size(), onScreen.width() * onScreen.height()))
         return;
-    }
-    const qreal hairline = 1 / scale;
-    const qreal far = colors.framed ? hairline : 0;
-    painter.fillRect(rect, colors.border);
-    painter.fillRect(rect.adjusted(hairline, hairline, -far, -far), colors.fill);
-}
-
-/// @p share of @p over, the rest of @p under.
-QColor blended(const QColor &under, const QColor &over, qreal share)
-{
-    const auto mix = [share](qreal a, qreal b) { return a + (b - a) * share; };
-    return QColor::fromRgbF(mix(under.redF(), over.redF()), mix(under.greenF(), over.greenF()),
-                            mix(under.blueF(), over.blueF()));
+    painter.setPen(cosmeticPen(fill.darker(150), 1, Qt::DotLine));
+    painter.translate(look.rect.topLeft());
+    painter.drawLines(look.innerLines);
+    painter.translate(-look.rect.topLeft());
 }
 
 void paintFrame(QPainter &painter, const QRectF &rect, const QPen &pen)
@@ -160,128 +134,81 @@ void paintFrame(QPainter &painter, const QRectF &rect, const QPen &pen)
     painter.drawRect(rect);
 }
 
+/// The border is what the fill leaves of a rectangle behind it: a pen would be walked pixel by pixel. It
+/// stays inside, as what an item draws outside its bounds is not repainted with it; left and top are enough
+/// between neighbours, a frame has all sides.
+void paintArea(QPainter &painter, const QRectF &rect, const SCabinetColors &colors, qreal scale)
+{
+    const qreal hairline = 1 / scale;
+    if (!colors.fill.isValid()) {
+        const qreal half = hairline / 2;
+        paintFrame(painter, rect.adjusted(half, half, -half, -half), cosmeticPen(colors.border, 1));
+        return;
+    }
+    if (!colors.border.isValid()) {
+        painter.fillRect(rect, colors.fill);
+        return;
+    }
+    const qreal far = colors.framed ? hairline : 0;
+    painter.fillRect(rect, colors.border);
+    painter.fillRect(rect.adjusted(hairline, hairline, -far, -far), colors.fill);
+}
+
+void paintHighlight(QPainter &painter, const QRectF &rect, qreal scale)
+{
+    const qreal half = HighlightWidth / 2 / scale;
+    paintFrame(painter, rect.adjusted(half, half, -half, -half),
+               cosmeticPen(LayoutColors::Highlight, HighlightWidth));
+}
+
 } // namespace
 
-SCabinetColors SCabinetColors::of(const QColor &fill, bool selected, bool highlighted, qreal width)
+SCabinetColors SCabinetColors::of(const SCabinetState &state, qreal width)
 {
     SCabinetColors colors;
-    colors.fill = selected ? CLayoutPainter::selectedFill(fill) : fill;
-    colors.framed = selected;
-    if (highlighted && width < AfarWidth)
-        colors.fill = HighlightColor; // a frame would cover the whole cabinet
+    colors.framed = state.selected;
+    if (state.redundant && !state.highlighted) {
+        colors.border = state.selected ? QColor(LayoutColors::Frame) : CPortColors::tint(state.fill);
+        return colors;
+    }
+    const QColor base = state.wired ? state.fill : CPortColors::faded(state.fill);
+    colors.fill = state.selected ? CPortColors::selected(base) : base;
+    if (state.highlighted && width < AfarWidth)
+        colors.fill = LayoutColors::Highlight; // a frame would leave nothing to be framed
     const qreal share = shareOfFull(width, SmallestBorder);
     if (share > 0)
-        colors.border = blended(colors.fill, selected ? FrameColor : BorderColor, share);
+        colors.border = CPortColors::blended(
+            colors.fill, state.selected ? LayoutColors::Frame : LayoutColors::Border, share);
     return colors;
 }
 
 void CLayoutPainter::paintCabinet(QPainter &painter, const SCabinetLook &look, qreal scale)
 {
-    const SCabinetColors colors =
-        SCabinetColors::of(look.fill, look.selected, look.highlighted, look.rect.width() * scale);
+    const SCabinetColors colors = SCabinetColors::of(look, look.rect.width() * scale);
     if (isAfar(look.rect.width(), scale)) {
-        paintCabinetFromAfar(painter, look.rect, colors, look.custom, scale);
+        paintCabinetFromAfar(painter, look.rect, colors, look.custom, look.fault, scale);
         return;
     }
-
+    const QRectF onScreen = painter.worldTransform().mapRect(look.rect);
     paintArea(painter, look.rect, colors, scale);
     if (look.custom)
         paintCustomMark(painter, look.rect, scale);
-    if (!look.innerLines.isEmpty()) {
-        painter.setPen(cosmetic(colors.fill.darker(150), 1, Qt::DotLine));
-        painter.translate(look.rect.topLeft());
-        painter.drawLines(look.innerLines);
-        painter.translate(-look.rect.topLeft());
-    }
-    paintNumber(painter, look, colors.fill, scale);
-    if (look.locked)
-        paintMark(painter, LockPicture, look.rect, 0, scale);
-    if (look.redundant)
-        paintMark(painter, RedundancyPicture, look.rect, 1, scale);
-    if (look.highlighted) {
-        const qreal half = HighlightWidth / 2 / scale;
-        paintFrame(painter, look.rect.adjusted(half, half, -half, -half),
-                   cosmetic(HighlightColor, HighlightWidth));
-    }
+    paintInnerLines(painter, look, colors.fill.isValid() ? colors.fill : look.fill, onScreen);
+    CFaultPainter::paint(painter, look, scale);
+    paintNumber(painter, look, onScreen, colors.fill.isValid() ? colors.fill : surroundings());
+    paintMarks(painter, look, onScreen);
+    if (look.highlighted)
+        paintHighlight(painter, look.rect, scale);
 }
 
 void CLayoutPainter::paintCabinetFromAfar(QPainter &painter, const QRectF &rect, const SCabinetColors &colors,
-                                          bool custom, qreal scale)
+                                          bool custom, CabinetFault fault, qreal scale)
 {
     paintArea(painter, rect, colors, scale);
     if (custom)
         paintCustomMark(painter, rect, scale);
-}
-
-const QPen &CLayoutPainter::wirePen()
-{
-    // The style's own pattern is 4, 2; setting it explicitly would change the style.
-    static const QPen shared(QBrush(WireColor), 0, Qt::DashLine, Qt::SquareCap, Qt::MiterJoin);
-    return shared;
-}
-
-void CLayoutPainter::paintWire(QPainter &painter, const QLineF &line, qreal scale)
-{
-    const qreal length = line.length();
-    if (length * scale < ShortestWire)
-        return;
-    painter.setPen(isAfar(length, scale) ? shortWirePen(int(length * scale)) : wirePen());
-    painter.drawLine(line);
-    if (length * scale < 2 * ArrowLength)
-        return;
-
-    // The head keeps its size on the screen but never outgrows a quarter of the line.
-    const auto head = arrowHead(line, std::min(1 / scale, largestArrowUnit(length)));
-    static const QBrush fill(WireColor);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(fill);
-    painter.drawConvexPolygon(head.data(), int(head.size()));
-}
-
-void CLayoutPainter::paintWires(QPainter &painter, const QVector<QLineF> &lines, qreal scale)
-{
-    QMap<int, QVector<QLineF>> shortLines; // by device pixels; they have no arrow head
-    for (const QLineF &line : lines) {
-        const qreal length = line.length();
-        if (!isAfar(length, scale))
-            paintWire(painter, line, scale);
-        else if (length * scale >= ShortestWire)
-            shortLines[int(length * scale)] << line;
-    }
-    for (auto same = shortLines.cbegin(); same != shortLines.cend(); ++same) {
-        painter.setPen(shortWirePen(same.key()));
-        painter.drawLines(same.value());
-    }
-}
-
-void CLayoutPainter::paintPortMarks(QPainter &painter, const QRectF &bounds, qreal cabinetSide, bool locked,
-                                    bool redundant, qreal scale)
-{
-    if (std::min(MarkSize, cabinetSide / 4) * scale >= SmallestText)
-        return; // each cabinet carries its own
-    const bool both = locked && redundant;
-    const qreal room = std::min(bounds.width() / (both ? 4 : 2), bounds.height() / 2);
-    const qreal size = std::min(MarkSize / scale, room);
-    QRectF place(QPointF(), QSizeF(size, size));
-    place.moveCenter(bounds.center() - QPointF(both ? size : 0, 0));
-    if (size * scale < SmallestText)
-        return;
-    if (locked) {
-        paintBackedMark(painter, LockPicture, place);
-        place.translate(2 * size, 0);
-    }
-    if (redundant)
-        paintBackedMark(painter, RedundancyPicture, place);
-}
-
-QRectF CLayoutPainter::wireBounds(const QLineF &line)
-{
-    QRectF bounds = QRectF(line.p1(), line.p2()).normalized().adjusted(-1, -1, 1, 1); // the pen's width
-    if (line.length() > 0) {
-        const auto head = arrowHead(line, largestArrowUnit(line.length()));
-        bounds |= QPolygonF({head[0], head[1], head[2]}).boundingRect();
-    }
-    return bounds;
+    if (fault != CabinetFault::None)
+        CFaultPainter::paintFromAfar(painter, rect, fault, scale);
 }
 
 void CLayoutPainter::paintGroup(QPainter &painter, const QRectF &rect, bool selected, qreal scale)
@@ -289,19 +216,19 @@ void CLayoutPainter::paintGroup(QPainter &painter, const QRectF &rect, bool sele
     if (isAfar(rect.width(), scale))
         return;
     paintFrame(painter, rect,
-               cosmetic(FrameColor, selected ? 2 : 1, selected ? Qt::SolidLine : Qt::DashLine));
+               cosmeticPen(LayoutColors::Frame, selected ? 2 : 1, selected ? Qt::SolidLine : Qt::DashLine));
 }
 
 void CLayoutPainter::paintCanvas(QPainter &painter, const QRectF &canvas, const CCanvasFill &fill)
 {
-    // In screen pixels: squares in canvas pixels would become plain grey from afar.
+    // In screen pixels: squares of the canvas would melt into grey from afar.
     const QRect onScreen = painter.worldTransform().mapRect(canvas).toAlignedRect();
     painter.save();
     painter.resetTransform();
     CCustomPaint::paintCheckerBoard(painter, onScreen);
     painter.restore();
     fill.paint(painter, canvas);
-    paintFrame(painter, canvas, cosmetic(QColor(136, 136, 146), 1));
+    paintFrame(painter, canvas, cosmeticPen(LayoutColors::CanvasEdge, 1));
 }
 
 bool CLayoutPainter::isAfar(qreal width, qreal scale)
@@ -309,19 +236,17 @@ bool CLayoutPainter::isAfar(qreal width, qreal scale)
     return width * scale < AfarWidth;
 }
 
-QColor CLayoutPainter::defaultPortColor(int port)
+bool CLayoutPainter::isClose(const QRectF &cabinet, qreal scale)
 {
-    // Neighbouring ports are a golden angle apart on the colour wheel.
-    constexpr qreal goldenAngle = 137.508;
-    return QColor::fromHsv(int(std::fmod(212 + port * goldenAngle, 360.0)), 150, port % 2 ? 128 : 148);
+    return sideOf(cabinet) * scale >= CloseSide;
 }
 
-QColor CLayoutPainter::selectedFill(const QColor &fill)
+qreal CLayoutPainter::markMargin(const QRectF &onScreen)
 {
-    return fill.lighter(150);
+    return sideOf(onScreen) < RoomyWidth ? MarkMargin / 2 : MarkMargin;
 }
 
 QColor CLayoutPainter::surroundings()
 {
-    return QColor(22, 22, 26);
+    return LayoutColors::Surroundings;
 }

@@ -3,8 +3,11 @@
 #include "layout/drawing/CLayoutPicture.h"
 
 #include "layout/drawing/CLayoutPainter.h"
+#include "layout/drawing/CPortColors.h"
+#include "layout/drawing/CPortLabel.h"
+#include "layout/drawing/CReceiverBorders.h"
+#include "layout/drawing/CWirePainter.h"
 #include "layout/geometry/CCabinetRect.h"
-#include "platform/common/Utils.h"
 
 #include <QPainter>
 
@@ -48,18 +51,29 @@ QVector<QLineF> wiresOf(const QVector<Cabinet> &cabinets)
     return wires;
 }
 
-SCabinetLook lookOf(const Cabinet &cabinet, const Port &port, const QColor &fill,
-                    const SLayoutDrawOptions &options)
+QColor fillOf(const Port &port)
+{
+    return port.color.isValid() ? port.color : CPortColors::fill(port.index);
+}
+
+SCabinetLook lookOf(const Cabinet &cabinet, const Port &port, const SLayoutDrawOptions &options)
 {
     SCabinetLook look;
     look.rect = CCabinetRect::fromRecord(cabinet.rect);
-    if (cabinet.rects.size() > 1)
-        look.innerLines = Utils::calculateAdjacentLines(cabinet.rects);
-    look.fill = fill;
+    look.redundant = options.labels && port.redundancy == Port::Redundant;
+    look.innerLines = CReceiverBorders::lines(cabinet.rects, cabinet.rect.size());
+    look.fill = fillOf(port);
     if (options.numbers && cabinet.rank >= 0)
         look.number = QString::number(cabinet.rank + 1);
+    if (options.labels && !look.redundant) {
+        look.wired = cabinet.rank >= 0;
+        look.label = cabinet.rank == 0 ? CPortLabel::text(port.index) : QString();
+        if (!look.wired) {
+            look.fault = CabinetFault::Unwired;
+            look.number = CPortLabel::text(port.index);
+        }
+    }
     look.locked = port.locked;
-    look.redundant = port.redundancy == Port::Redundant;
     look.custom = options.customMarks && cabinet.isCustomDefined();
     return look;
 }
@@ -80,24 +94,40 @@ QRect paintGroupFrames(QPainter &painter, const Group &group, qreal scale)
 void paintPort(QPainter &painter, const Port &port, const SLayoutDrawOptions &options, qreal scale)
 {
     const QVector<Cabinet> cabinets = port.getAllCabinets();
-    const QColor fill = port.color.isValid() ? port.color : CLayoutPainter::defaultPortColor(port.index);
-    if (cabinets.isEmpty())
-        return;
-    QRect bounds;
-    int widest = 0;
-    for (const Cabinet &cabinet : cabinets) {
-        CLayoutPainter::paintCabinet(painter, lookOf(cabinet, port, fill, options), scale);
-        bounds |= cabinet.rect;
-        widest = std::max(widest, cabinet.rect.width());
-    }
+    for (const Cabinet &cabinet : cabinets)
+        CLayoutPainter::paintCabinet(painter, lookOf(cabinet, port, options), scale);
     if (options.wires)
-        CLayoutPainter::paintWires(painter, wiresOf(cabinets), scale);
+        CWirePainter::paint(painter, wiresOf(cabinets), scale);
     if (options.groups) {
         for (const Group &group : port.groups)
             paintGroupFrames(painter, group, scale);
     }
-    CLayoutPainter::paintPortMarks(painter, CCabinetRect::fromRecord(bounds), widest, port.locked,
-                                   port.redundancy == Port::Redundant, scale);
+}
+
+SPortLook lookOf(const Port &port)
+{
+    SPortLook look;
+    look.port = port.index;
+    look.fill = fillOf(port);
+    look.locked = port.locked;
+    look.redundant = port.redundancy == Port::Redundant;
+    const QVector<Cabinet> cabinets = port.getAllCabinets();
+    if (cabinets.isEmpty())
+        return look;
+    QRect bounds;
+    for (const Cabinet &cabinet : cabinets)
+        bounds |= cabinet.rect;
+    look.bounds = CCabinetRect::fromRecord(bounds);
+    const QVector<Cabinet> chain = chainOf(cabinets);
+    const Cabinet &head = chain.isEmpty() ? cabinets.first() : chain.first();
+    look.head = CCabinetRect::fromRecord(head.rect);
+    if (chain.isEmpty())
+        return look;
+    look.wired = true;
+    look.single = chain.size() == 1;
+    look.entry = SWireAnchors::of(head, look.head).entry;
+    look.exit = SWireAnchors::of(chain.last(), CCabinetRect::fromRecord(chain.last().rect)).exit;
+    return look;
 }
 
 } // namespace
@@ -132,5 +162,9 @@ void CLayoutPicture::paint(QPainter &painter, const LayoutData &data, const QRec
         CLayoutPainter::paintCanvas(painter, QRectF(QPointF(0, 0), QSizeF(data.canvas)));
     for (const Port &port : data.layout.ports)
         paintPort(painter, port, options, deviceScale);
+    if (options.labels) {
+        for (const Port &port : data.layout.ports)
+            CPortLabel::paint(painter, lookOf(port), deviceScale);
+    }
     painter.restore();
 }

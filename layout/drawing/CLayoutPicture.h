@@ -27,6 +27,7 @@ struct SLayoutDrawOptions
     bool wires = true;
     bool numbers = true;
     bool groups = true;
+    bool labels = true;      ///< names of ports, ends of chains, and what is wrong with cabinets
     bool customMarks = true; ///< on custom-defined cabinets
 };
 

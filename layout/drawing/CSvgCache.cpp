@@ -16,3 +16,15 @@ QSvgRenderer &CSvgCache::renderer(const QString &resource)
         renderer = new QSvgRenderer(resource, QCoreApplication::instance());
     return *renderer;
 }
+
+QSvgRenderer &CSvgCache::lock()
+{
+    static const QString picture = QStringLiteral(":/Image/Layout/PortList/lock_checked.svg");
+    return renderer(picture);
+}
+
+QSvgRenderer &CSvgCache::redundancy()
+{
+    static const QString picture = QStringLiteral(":/Image/Layout/PortList/Menu/backup.svg");
+    return renderer(picture);
+}

@@ -11,4 +11,6 @@ class CSvgCache final
 public:
     /// The renderer of a resource; loaded once, owned by the application object. GUI thread.
     static QSvgRenderer &renderer(const QString &resource);
+    static QSvgRenderer &lock();       ///< the mark of a locked port
+    static QSvgRenderer &redundancy(); ///< the mark of a redundancy port
 };

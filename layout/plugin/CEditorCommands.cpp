@@ -4,7 +4,7 @@
 
 #include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
-#include "layout/drawing/CLayoutPainter.h"
+#include "layout/drawing/CPortColors.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
@@ -46,7 +46,7 @@ void CEditorCommands::fillCurrentPort(QWidget *parent)
     const int port = m_store.currentPort();
     if (port < 0)
         return;
-    CCabinetFillSetting dialog(m_store.port(port).color, CLayoutPainter::defaultPortColor(port), parent);
+    CCabinetFillSetting dialog(m_store.port(port).color, CPortColors::fill(port), parent);
     if (dialog.exec() != QDialog::Accepted || !CProcessorInView::isStill(processor, parent))
         return;
     const SCabinetFill fill = dialog.fill();

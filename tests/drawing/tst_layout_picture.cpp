@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/drawing/CLayoutPainter.h"
 #include "layout/drawing/CLayoutPicture.h"
+#include "layout/drawing/CPortColors.h"
+#include "layout/drawing/CReceiverBorders.h"
+#include "layout/drawing/CWirePainter.h"
 #include "layout/resources/LayoutResources.h"
 #include "tests/harness/CTestBase.h"
 
@@ -140,7 +143,7 @@ private Q_SLOTS:
     void numbersCountFromOne()
     {
         SLayoutDrawOptions options;
-        options.canvas = options.wires = options.groups = false;
+        options.canvas = options.wires = options.groups = options.labels = false;
         LayoutData second = wall();
         second.layout.ports[0].groups[1].cabinets[0].rank = 1;
         QImage expected(200, 200, QImage::Format_RGB32);
@@ -159,37 +162,79 @@ private Q_SLOTS:
     void bordersOfReceiversAreDrawn()
     {
         LayoutData plain = wall();
-        plain.layout.ports[0].groups[1].cabinets[0].rects = {QRect(0, 0, 100, 200)};
+        plain.layout.ports[0].groups[1].cabinets[0].rects = {QRect(0, 0, 200, 200)};
         SLayoutDrawOptions options;
-        options.wires = false;
+        options.wires = options.labels = false;
         const QRect border = difference(pictureOf(wall(), options), pictureOf(plain, options));
         QVERIFY(border.width() >= 1 && border.width() <= 2 && qAbs(border.center().x() - 100) <= 1);
         QVERIFY(border.height() > 180);
+        LayoutData gap = plain;
+        gap.layout.ports[0].groups[1].cabinets[0].rects = {QRect(0, 0, 90, 200), QRect(110, 0, 90, 200)};
+        const QRect both = difference(pictureOf(gap, options), pictureOf(plain, options));
+        QVERIFY(qAbs(both.left() - 90) <= 1 && qAbs(both.right() - 110) <= 1 && both.height() > 180);
     }
 
-    void portsThatAreLockedOrARedundancyAreMarked()
+    void aPortIsNamedWhereItsChainBegins_data()
     {
-        for (const qreal scale : {1.0, 0.2}) { // at each cabinet, and once
-            QVector<QImage> pictures;
-            for (const bool redundant : {false, true}) {
-                for (const bool locked : {false, true}) {
-                    LayoutData data = wall();
-                    data.layout.ports[0].locked = locked;
-                    data.layout.ports[0].redundancy = redundant ? Port::Redundant : Port::Primary;
-                    pictures << pictureOf(data, {}, scale);
+        QTest::addColumn<qreal>("scale");
+        QTest::addColumn<QRect>("place"); // of the label, in pixels of the picture
+        QTest::newRow("beside the number") << 1.0 << QRect(8, 8, 60, 26);
+        QTest::newRow("in place of the number") << 0.2 << QRect(0, 0, 40, 20);
+        QTest::newRow("in the middle of the port") << 0.04 << QRect(0, 0, 28, 8);
+    }
+    void aPortIsNamedWhereItsChainBegins()
+    {
+        QFETCH(qreal, scale);
+        QFETCH(QRect, place);
+        LayoutData other = wall();
+        other.layout.ports[0].index = 1;
+        const QRect name = difference(pictureOf(wall(), {}, scale), pictureOf(other, {}, scale));
+        if (scale < 0.1) { // the port is smaller than its name
+            QVERIFY(name.isEmpty());
+            return;
+        }
+        QVERIFY(name.width() > 3 && name.height() > 3);
+        other.layout.ports[0].groups[0].cabinets.clear(); // which is not wired and has the name for a number
+        LayoutData wired = wall();
+        wired.layout.ports[0].groups[0].cabinets.clear();
+        QVERIFY(place.contains(difference(pictureOf(wired, {}, scale), pictureOf(other, {}, scale))));
+    }
+
+    void locksAndRedundancyAreShownAtEveryScale()
+    {
+        for (const qreal scale : {1.0, 0.2}) {
+            LayoutData locked = wall();
+            locked.layout.ports[0].locked = true;
+            const QRect lock = difference(pictureOf(wall(), {}, scale), pictureOf(locked, {}, scale));
+            QVERIFY(!lock.isEmpty());
+            if (scale < 1)
+                QVERIFY(QRect(0, 0, 60, 20).contains(lock)); // in the label
+            LayoutData redundant = wall();
+            redundant.layout.ports[0].redundancy = Port::Redundant;
+            const QImage picture = pictureOf(redundant, {}, scale);
+            QVERIFY(picture.pixelColor(QPoint(int(40 * scale), int(160 * scale))) != PortFill); // no fill
+            QVERIFY(pictureOf(wall(), {}, scale).pixelColor(QPoint(int(40 * scale), int(160 * scale))) ==
+                    PortFill);
+        }
+    }
+
+    void cabinetsThatAreNotWiredAreMarkedAtEveryScale()
+    {
+        for (const qreal scale : {1.0, 0.2, 0.04}) {
+            LayoutData wired = wall();
+            wired.layout.ports[0].groups[0].cabinets[0].rank = 2;
+            SLayoutDrawOptions options;
+            options.wires = options.numbers = false;
+            const QImage picture = pictureOf(wall(), options, scale);
+            int amber = 0;
+            for (int x = int(500 * scale); x < picture.width(); ++x) {
+                for (int y = 0; y < picture.height(); ++y) {
+                    const QColor color = picture.pixelColor(x, y);
+                    amber += color.red() > 220 && color.blue() < 120;
                 }
             }
-            const QRect lock = difference(pictures[0], pictures[1]);
-            const QRect redundancy = difference(pictures[0], pictures[2]);
-            QVERIFY(!lock.isEmpty() && !redundancy.isEmpty());
-            if (scale < 1) { // alone in the middle, together side by side
-                QVERIFY(QRect(60, 10, 20, 20).contains(lock.center()) && lock.width() < 30);
-                QVERIFY(QRect(60, 10, 20, 20).contains(redundancy.center()) && redundancy.width() < 30);
-                QVERIFY(difference(pictures[0], pictures[3]).width() > lock.width() + redundancy.width() / 2);
-            } else {
-                QVERIFY(lock.right() > redundancy.right() && lock.left() > redundancy.left());
-                QVERIFY(lock.bottom() < 50 && redundancy.bottom() < 50);
-            }
+            QVERIFY2(amber >= 6, qPrintable(QString::number(amber)));
+            QVERIFY(picture != pictureOf(wired, options, scale));
         }
     }
 
@@ -213,22 +258,24 @@ private Q_SLOTS:
             }
         }
         QCOMPARE(middles[0], PortFill);
-        QCOMPARE(middles[1], CLayoutPainter::selectedFill(PortFill));
+        QCOMPARE(middles[1].rgb(), CPortColors::selected(PortFill).rgb());
         QCOMPARE(middles[2], PortFill); // within its frame
         QVERIFY(edges[0] == PortFill && edges[1] != middles[1] && edges[2].red() > 200);
         QVERIFY(middles[4].lightness() > PortFill.lightness() && middles[5].red() > 200);
         QVERIFY(PortFill.lightness() < middles[1].lightness());
     }
 
-    void neighbouringPortsDifferInColor()
+    void portsUpToSixNumbersApartDifferInColor()
     {
+        const auto distance = [](const QColor &a, const QColor &b) {
+            return qAbs(a.red() - b.red()) + qAbs(a.green() - b.green()) + qAbs(a.blue() - b.blue());
+        };
         for (int port = 0; port < 80; ++port) {
-            const QColor color = CLayoutPainter::defaultPortColor(port);
-            QCOMPARE(color, CLayoutPainter::defaultPortColor(port));
-            for (int step = 1; step <= 3; ++step) {
-                const int turn = qAbs(color.hue() - CLayoutPainter::defaultPortColor(port + step).hue());
-                QVERIFY(qMin(turn, 360 - turn) > 40);
-            }
+            const QColor color = CPortColors::fill(port);
+            QCOMPARE(CPortColors::ink(color), QColor(Qt::white));
+            QCOMPARE(CPortColors::ink(CPortColors::tint(color)), QColor(Qt::black));
+            for (int step = 1; step <= 6; ++step)
+                QVERIFY(distance(color, CPortColors::fill(port + step)) > 50);
         }
     }
 
@@ -241,9 +288,9 @@ private Q_SLOTS:
                 image.fill(Qt::black);
                 QPainter painter(&image);
                 painter.scale(scale, scale);
-                CLayoutPainter::paintWire(painter, line, scale);
+                CWirePainter::paint(painter, line, scale);
                 const qreal pixel = scale < 1 ? 1 / scale : 0;
-                const QRectF bounds = CLayoutPainter::wireBounds(line);
+                const QRectF bounds = CWirePainter::bounds(line);
                 painter.fillRect(bounds.adjusted(-pixel, -pixel, pixel, pixel), Qt::black);
                 painter.end();
                 QImage empty(image);
@@ -257,10 +304,11 @@ private Q_SLOTS:
     {
         for (const qreal scale : {1.0, 0.06, 0.04, 0.015}) {
             SLayoutDrawOptions options;
-            options.canvas = options.wires = options.groups = false;
+            options.canvas = options.wires = options.groups = options.labels = false;
             const QImage marked = pictureOf(wall(), options, scale);
             options.customMarks = false;
             const QRect mark = difference(marked, pictureOf(wall(), options, scale));
+            
             QVERIFY2(mark.left() >= int(500 * scale), "a typed cabinet is marked");
             QVERIFY(mark.bottomRight() == marked.rect().bottomRight());
             QVERIFY(mark.width() <= qMax(3.0, 60 * scale));

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/items/CFarPorts.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "tests/editor/CMouseTest.h"
 
@@ -92,6 +93,25 @@ private Q_SLOTS:
                 }
             }
         }
+    }
+
+    void crowdedFramesAreDrawnSimply()
+    {
+        LayoutData data = SmallWorlds::data({SmallWorlds::wiredPort(0, 1000), SmallWorlds::wiredPort(1, 1)});
+        for (auto &cabinet : data.layout.ports[0].groups[0].cabinets)
+            cabinet.rect = QRect(0, 0, 2000, 2000);
+        data.layout.ports[1].groups[0].cabinets[0].rect = QRect(100, 100, 200, 200);
+        m_mouse->states().colors[1] = Qt::red;
+        view().showLayout(SmallWorlds::node(data), data);
+        view().setScaleFactor(1);
+        view().centerOn(200, 200);
+        const QVector<CGraphicsPortItem *> &ports = m_mouse->scene().portItems();
+        const QVector<QRectF> exposed = {QRectF(0, 0, 400, 400)};
+        QVERIFY(CFarPorts::isCrowded(ports, exposed));
+        QVERIFY(!CFarPorts::isCrowded({ports.at(1)}, exposed));
+        const QImage frame = view().viewport()->grab().toImage();
+        QCOMPARE(frame.pixelColor(view().mapFromScene(QPointF(250, 250))), QColor(Qt::red)); // what is on top
+        QCOMPARE(frame.pixelColor(view().mapFromScene(QPointF(350, 350))), QColor(Qt::darkCyan));
     }
 
     void lockedPortsAreMarkedAtAnyScale()

@@ -153,6 +153,7 @@ void CScreenPicture::paintWall(QPainter &painter, const QRectF &target)
     options.canvas = false;
     options.wires = false;
     options.groups = false;
+    options.labels = false;
     options.numbers = m_numbersShown;
     CLayoutPicture::paint(painter, m_data, target, options);
 

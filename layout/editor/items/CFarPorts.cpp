@@ -11,11 +11,20 @@
 #include <QRegion>
 
 #include <algorithm>
+#include <numeric>
 
 namespace {
 
-constexpr int MostExposedRects = 16; // more would cost more to check than they save
+constexpr int MostExposedRects = 16; // more cost more to compare with than what they leave out
+constexpr int MostDetailed = 10000;  // cabinets and wires that are drawn as items
+constexpr qreal MostLayers = 32;     // that are drawn above each other
 constexpr int PenReach = 2;          // pixels by which cosmetic pens reach beyond their shapes
+
+qreal areaOf(const QVector<QRectF> &rects)
+{
+    return std::accumulate(rects.begin(), rects.end(), 0.0,
+                           [](qreal sum, const QRectF &rect) { return sum + rect.width() * rect.height(); });
+}
 
 } // namespace
 
@@ -23,19 +32,38 @@ CFarPorts::CFarPorts(const QVector<CGraphicsPortItem *> &ports, qreal scale, con
     : m_exposed(exposed)
     , m_scale(scale)
 {
+    QVector<CGraphicsPortItem *> near;
     for (CGraphicsPortItem *port : ports) {
         const CPortOverview &overview = port->overview();
-        if (overview.places().isEmpty())
-            continue;
-        if (CLayoutPainter::isAfar(overview.widest(), scale))
-            m_ports << port;
-        else
-            ++m_nearCount;
-        if (port->isShownLocked() || port->isShownRedundant())
-            m_marked << port;
+        if (!overview.places().isEmpty())
+            (CLayoutPainter::isAfar(overview.widest(), scale) ? m_ports : near) << port;
     }
+    if (isCrowded(near, exposed))
+        m_ports += near;
+    else
+        m_nearCount = near.size();
     std::stable_sort(m_ports.begin(), m_ports.end(),
                      [](const auto *a, const auto *b) { return a->zValue() < b->zValue(); });
+    qreal area = MostLayers * areaOf(exposed);
+    m_first.resize(m_ports.size());
+    for (int i = m_ports.size() - 1; i >= 0; --i)
+        m_first[i] = m_ports.at(i)->overview().firstWithin(area, exposed);
+}
+
+bool CFarPorts::isCrowded(const QVector<CGraphicsPortItem *> &ports, const QVector<QRectF> &exposed)
+{
+    int shown = 0;
+    const qreal most = MostLayers * areaOf(exposed);
+    qreal area = most;
+    for (const CGraphicsPortItem *port : ports) {
+        const QRectF &bounds = port->bounds();
+        if (std::none_of(exposed.begin(), exposed.end(),
+                         [&bounds](const QRectF &part) { return part.intersects(bounds); }))
+            continue;
+        shown += port->overview().countExposed(exposed);
+        port->overview().firstWithin(area, exposed);
+    }
+    return shown > MostDetailed || area <= 0;
 }
 
 CFarPorts::~CFarPorts()
@@ -75,8 +103,8 @@ void CFarPorts::passOver(const QGraphicsScene &scene)
 {
     if (m_ports.isEmpty())
         return;
-    // Qt inserts new items into its index by their current bounds: trigger that before the ports report other
-    // bounds.
+    // An item that is new to the scene is sorted into its index by where it says that it lies: done before
+    // the ports say otherwise.
     scene.items(QPointF());
     for (CGraphicsPortItem *port : qAsConst(m_ports))
         port->setPassedOver(true);
@@ -84,9 +112,6 @@ void CFarPorts::passOver(const QGraphicsScene &scene)
 
 void CFarPorts::paint(QPainter &painter) const
 {
-    for (const CGraphicsPortItem *port : m_ports)
-        port->overview().paint(painter, *port, m_exposed, m_scale);
-    for (const CGraphicsPortItem *port : m_marked)
-        CLayoutPainter::paintPortMarks(painter, port->bounds(), port->overview().widest(),
-                                       port->isShownLocked(), port->isShownRedundant(), m_scale);
+    for (int i = 0; i < m_ports.size(); ++i)
+        m_ports.at(i)->overview().paint(painter, *m_ports.at(i), m_exposed, m_scale, m_first.at(i));
 }

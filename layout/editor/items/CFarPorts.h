@@ -13,8 +13,9 @@ class QGraphicsView;
 class QPainter;
 class QRegion;
 
-/// Draws ports whose cabinets all appear very small from their overviews, instead of one paint() per item,
-/// and the marks of ports whose cabinets are too small to show them. Lives for one frame. GUI thread.
+/// Draws ports from their overviews, instead of one paint() per item: those whose cabinets all appear very
+/// small, and all ports when so much is seen at once, or lies in so many layers, that a frame would take too
+/// long. Of many layers only the upper ones are drawn. Lives for one frame. GUI thread.
 class CFarPorts final
 {
 public:
@@ -35,13 +36,15 @@ public:
 
     /// Makes views of @p scene skip the items of these ports, for the lifetime of this object.
     void passOver(const QGraphicsScene &scene);
+    /// Whether @p ports show so much in @p exposed that drawing it in detail would take too long.
+    static bool isCrowded(const QVector<CGraphicsPortItem *> &ports, const QVector<QRectF> &exposed);
     /// Draws the ports; @p painter must use canvas coordinates.
     void paint(QPainter &painter) const;
 
 private:
     QVector<CGraphicsPortItem *> m_ports; // in drawing order
-    QVector<const CGraphicsPortItem *> m_marked;
     QVector<QRectF> m_exposed;
+    QVector<int> m_first; // place to draw, by port
     qreal m_scale;
     int m_nearCount = 0;
 };

@@ -2,15 +2,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 
-#include "layout/drawing/CLayoutPainter.h"
 #include "layout/drawing/CLayoutPicture.h"
+#include "layout/drawing/CPortLabel.h"
+#include "layout/drawing/CReceiverBorders.h"
 #include "layout/editor/items/CGraphicsConnectionItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IEditorScene.h"
 #include "layout/editor/items/IMouseMode.h"
 #include "layout/geometry/CCabinetRect.h"
-#include "platform/common/Utils.h"
 
 #include <QGraphicsScene>
 #include <QGraphicsSceneMouseEvent>
@@ -34,7 +34,6 @@ CGraphicsCabinetItem::CGraphicsCabinetItem(const Cabinet &cabinetRecord, QGraphi
     const QRectF placement = CCabinetRect::fromRecord(cabinetRecord.rect);
     setSize(placement.size());
     setPos(parent ? parent->mapFromScene(placement.topLeft()) : placement.topLeft());
-    updateInnerLines();
     setParentItem(parent);
 }
 
@@ -52,16 +51,18 @@ void CGraphicsCabinetItem::setCabinet(const Cabinet &cabinetRecord)
     setSize(placement.size());
     setPos(parentItem() ? parentItem()->mapFromScene(placement.topLeft()) : placement.topLeft());
     record().rect = cabinetRecord.rect;
-    updateInnerLines();
+    forgetInnerLines();
     update();
     if (IEditorScene *editing = editor())
         editing->notes().noteCabinetMoved(*this);
 }
 
-void CGraphicsCabinetItem::updateInnerLines()
+const QVector<QLineF> &CGraphicsCabinetItem::innerLines() const
 {
-    const QVector<QRect> &rects = cabinet().rects;
-    m_innerLines = rects.size() < 2 ? QVector<QLineF>() : Utils::calculateAdjacentLines(rects);
+    if (!m_hasInnerLines)
+        m_innerLines = CReceiverBorders::lines(cabinet().rects, rect().size().toSize());
+    m_hasInnerLines = true;
+    return m_innerLines;
 }
 
 void CGraphicsCabinetItem::setPort(int port)
@@ -128,6 +129,27 @@ void CGraphicsCabinetItem::setHighlighted(bool highlighted)
         editing->notes().noteHighlighted(*this, highlighted);
     if (CGraphicsPortItem *item = portItem())
         item->noteChanged();
+}
+
+CabinetFault CGraphicsCabinetItem::fault() const
+{
+    const CGraphicsPortItem *item = portItem();
+    if (!item || item->isShownRedundant())
+        return CabinetFault::None;
+    if (m_faults)
+        return m_faults->overlaps.isEmpty() ? CabinetFault::Outside : CabinetFault::Overlapping;
+    return isInChain() ? CabinetFault::None : CabinetFault::Unwired;
+}
+
+void CGraphicsCabinetItem::setFaults(const QVector<QRectF> &overlaps, const QVector<QRectF> &outside)
+{
+    const bool any = !overlaps.isEmpty() || !outside.isEmpty();
+    if (any ? m_faults && m_faults->overlaps == overlaps && m_faults->outside == outside : !m_faults)
+        return;
+    m_faults = any ? std::make_unique<SFaults>(SFaults{overlaps, outside}) : nullptr;
+    update();
+    if (CGraphicsPortItem *item = portItem())
+        item->noteLookChanged();
 }
 
 void CGraphicsCabinetItem::routeWires()
@@ -197,19 +219,31 @@ QVariant CGraphicsCabinetItem::itemChange(GraphicsItemChange change, const QVari
 
 void CGraphicsCabinetItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *)
 {
+    const qreal scale = option->levelOfDetailFromTransform(painter->worldTransform());
     SCabinetLook look;
     look.rect = rect();
-    look.innerLines = m_innerLines;
     look.fill = brush().color();
-    if (isInChain())
-        look.number = QString::number(m_chainPosition + 1);
     look.selected = isSelectedWithGroups();
     look.highlighted = m_highlighted;
+    look.wired = isInChain();
+    look.fault = fault();
+    if (CReceiverBorders::canBeToldApart(cabinet().rects.size(),
+                                         rect().width() * rect().height() * scale * scale))
+        look.innerLines = innerLines();
+    if (m_faults) {
+        look.overlaps = m_faults->overlaps;
+        look.outside = m_faults->outside;
+    }
     if (const CGraphicsPortItem *item = portItem()) {
         look.locked = item->isShownLocked();
         look.redundant = item->isShownRedundant();
         look.custom = item->marksCustomCabinets() && cabinet().isCustomDefined();
+        if (!look.wired && !look.redundant)
+            look.number = CPortLabel::text(item->port());
+        else if (m_chainRole == Head)
+            look.label = CPortLabel::text(item->port());
     }
-    const QTransform transform = painter->worldTransform();
-    CLayoutPainter::paintCabinet(*painter, look, option->levelOfDetailFromTransform(transform));
+    if (look.wired)
+        look.number = QString::number(m_chainPosition + 1);
+    CLayoutPainter::paintCabinet(*painter, look, scale);
 }

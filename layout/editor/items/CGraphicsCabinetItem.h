@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/drawing/CLayoutPainter.h"
 #include "layout/editor/items/CGraphicsItemBase.h"
+
+#include <memory>
 
 class CGraphicsConnectionItem;
 
@@ -60,6 +63,11 @@ public:
     bool isHighlighted() const { return m_highlighted; }
     void setHighlighted(bool highlighted);
 
+    /// What is wrong with the cabinet, the worst first; never anything in a redundancy port.
+    CabinetFault fault() const;
+    /// Sets which parts of the cabinet others cover, and which lie outside the canvas; item coordinates.
+    void setFaults(const QVector<QRectF> &overlaps, const QVector<QRectF> &outside);
+
     /// The receiver area picked by the last press while picking was on; NoCell if there is none.
     int selectedCell() const { return m_selectedCell; }
     /// Makes the receiver at @p position (item coordinates) the selected cell. Returns whether there is one.
@@ -75,9 +83,18 @@ protected:
 
 private:
     int cellAt(const QPointF &position) const;
-    void updateInnerLines();
+    const QVector<QLineF> &innerLines() const;
+    void forgetInnerLines() { m_hasInnerLines = false; }
 
-    QVector<QLineF> m_innerLines; // between the receiver areas, in item coordinates
+    struct SFaults
+    {
+        QVector<QRectF> overlaps;
+        QVector<QRectF> outside;
+    };
+
+    mutable QVector<QLineF>
+        m_innerLines;                  // borders of receivers, in item coordinates; made when they are seen
+    std::unique_ptr<SFaults> m_faults; // null for none
     QList<bool> m_rectFlags;
     CGraphicsConnectionItem *m_incoming = nullptr;
     CGraphicsConnectionItem *m_outgoing = nullptr;
@@ -86,4 +103,5 @@ private:
     int m_selectedCell = NoCell;
     bool m_rectAnchored = true;
     bool m_highlighted = false;
+    mutable bool m_hasInnerLines = false;
 };

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/items/CGraphicsConnectionItem.h"
 
-#include "layout/drawing/CLayoutPainter.h"
+#include "layout/drawing/CWirePainter.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 
 #include <QPainter>
@@ -13,7 +13,7 @@ CGraphicsConnectionItem::CGraphicsConnectionItem(CGraphicsCabinetItem &from, CGr
     : m_from(&from)
     , m_to(&to)
 {
-    setPen(CLayoutPainter::wirePen());
+    setPen(CWirePainter::pen());
     setAcceptedMouseButtons(Qt::NoButton);
     route();
     setParentItem(portItem);
@@ -26,7 +26,7 @@ void CGraphicsConnectionItem::route()
         return;
     prepareGeometryChange();
     setLine(routed);
-    m_bounds = CLayoutPainter::wireBounds(routed);
+    m_bounds = CWirePainter::bounds(routed);
 }
 
 QPainterPath CGraphicsConnectionItem::shape() const
@@ -41,6 +41,5 @@ bool CGraphicsConnectionItem::contains(const QPointF &) const
 
 void CGraphicsConnectionItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *)
 {
-    CLayoutPainter::paintWire(*painter, line(),
-                              option->levelOfDetailFromTransform(painter->worldTransform()));
+    CWirePainter::paint(*painter, line(), option->levelOfDetailFromTransform(painter->worldTransform()));
 }

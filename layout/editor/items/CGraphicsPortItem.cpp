@@ -150,6 +150,7 @@ void CGraphicsPortItem::refreshState()
     m_state.locked = m_states.isPortLocked(port());
     m_state.redundancy = m_states.portRedundancy(port());
     m_marksCustom = m_states.marksCustomCabinets();
+    m_overview.forget();
     const QColor color = m_states.portColor(port());
     if (color != m_fill.color()) {
         m_fill = color;
@@ -166,6 +167,49 @@ void CGraphicsPortItem::colorChildren(const QGraphicsItem &parent)
         static_cast<CGraphicsItemBase *>(child)->setBrush(m_fill);
         colorChildren(*child);
     }
+}
+
+SPortLook CGraphicsPortItem::look() const
+{
+    SPortLook look;
+    look.port = port();
+    look.fill = fill();
+    look.locked = isShownLocked();
+    look.redundant = isShownRedundant();
+    const CGraphicsCabinetItem *first = m_chain.head();
+    look.wired = first != nullptr;
+    for (const CPortOverview::SPlace &place :
+         first ? QVector<CPortOverview::SPlace>() : overview().places()) {
+        if (place.cabinet) {
+            first = place.cabinet;
+            break;
+        }
+    }
+    if (!first)
+        return look;
+    look.bounds = m_bounds;
+    look.head = first->mapRectToScene(first->rect());
+    if (!look.wired)
+        return look;
+    const CGraphicsCabinetItem *last = m_chain.tail();
+    look.single = !last;
+    look.entry = first->entryPoint();
+    look.exit = (last ? last : first)->exitPoint();
+    return look;
+}
+
+void CGraphicsPortItem::updateLabel()
+{
+    const SPortLook now = look();
+    const QList<QGraphicsView *> views = scene() ? scene()->views() : QList<QGraphicsView *>();
+    if (now == m_shownLook || views.isEmpty())
+        return;
+    const qreal scale = views.first()->transform().m11();
+    for (const SPortLook &look : {m_shownLook, now}) {
+        for (const QRectF &area : CPortLabel::areas(look, scale))
+            scene()->update(area);
+    }
+    m_shownLook = now;
 }
 
 void CGraphicsPortItem::takeNote()

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "layout/api/records/CabinetLayout.h"
+#include "layout/drawing/CPortLabel.h"
 #include "layout/editor/items/CPortChain.h"
 #include "layout/editor/items/CPortOverview.h"
 #include "layout/editor/items/ItemKinds.h"
@@ -74,6 +75,14 @@ public:
     void noteWiringChanged();
     void takeNote();
 
+    /// The children look otherwise, but are the same.
+    void noteLookChanged() { m_overview.forget(); }
+
+    /// What is shown of the port above its cabinets.
+    SPortLook look() const;
+    /// Repaints what look() covered and covers when it has changed since the last call.
+    void updateLabel();
+
     /// The port as a compact list, updated from its items. Valid until the next edit.
     const CPortOverview &overview() const;
     /// While true, the frame being drawn skips the port and all its children.
@@ -116,5 +125,6 @@ private:
     bool m_wiringNoted = false;
     CPortChain m_chain;
     mutable CPortOverview m_overview;
+    SPortLook m_shownLook;
     bool m_passedOver = false;
 };

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/items/CPortOverview.h"
 
-#include "layout/drawing/CLayoutPainter.h"
+#include "layout/drawing/CWirePainter.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsConnectionItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
@@ -10,11 +10,12 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 
 namespace {
 
-/// Whether @p rect intersects one of @p areas.
+constexpr int MostDashedWires = 500; // of a port in a picture from afar, where most are too short for dashes
+
+/// Whether @p rect reaches into one of @p areas.
 bool isExposed(const QRectF &rect, const QVector<QRectF> &areas)
 {
     return std::any_of(areas.begin(), areas.end(), [&rect](const QRectF &area) {
@@ -28,31 +29,36 @@ bool isSelected(const CPortOverview::SPlace &place)
     return place.cabinet->isSelected() || (place.group && place.group->isSelectedWithGroups());
 }
 
-/// The colours of a port's cabinets, computed once per look, because nearly all cabinets have the same width.
+/// The colours of a port's cabinets, mixed once for each look: nearly all cabinets are of one width.
 class CFarPalette final
 {
 public:
-    CFarPalette(const QColor &fill, qreal scale)
-        : m_fill(fill)
-        , m_scale(scale)
+    CFarPalette(const CGraphicsPortItem &port, qreal scale)
+        : m_scale(scale)
     {
+        m_state.fill = port.fill();
+        m_state.redundant = port.isShownRedundant();
     }
 
     const SCabinetColors &colors(const CPortOverview::SPlace &place)
     {
         if (!qFuzzyCompare(m_width, place.rect.width())) {
             m_width = place.rect.width();
-            for (unsigned look = 0; look < LookCount; ++look)
-                m_colors[look] =
-                    SCabinetColors::of(m_fill, look & Selected, look & Highlighted, m_width * m_scale);
+            for (unsigned look = 0; look < LookCount; ++look) {
+                m_state.selected = look & Selected;
+                m_state.highlighted = look & Highlighted;
+                m_state.wired = !(look & Unwired);
+                m_colors[look] = SCabinetColors::of(m_state, m_width * m_scale);
+            }
         }
-        return m_colors[(isSelected(place) ? Selected : 0) | (place.highlighted ? Highlighted : 0)];
+        return m_colors[(isSelected(place) ? Selected : 0) | (place.highlighted ? Highlighted : 0) |
+                        (place.wired ? 0 : Unwired)];
     }
 
 private:
-    enum ELook { Selected = 1, Highlighted = 2, LookCount = 4 };
+    enum ELook { Selected = 1, Highlighted = 2, Unwired = 4, LookCount = 8 };
 
-    QColor m_fill;
+    SCabinetState m_state;
     qreal m_scale;
     qreal m_width = -1;
     std::array<SCabinetColors, LookCount> m_colors;
@@ -63,7 +69,7 @@ private:
 bool operator==(const CPortOverview::SPlace &a, const CPortOverview::SPlace &b)
 {
     return a.rect == b.rect && a.cabinet == b.cabinet && a.group == b.group && a.custom == b.custom &&
-           a.highlighted == b.highlighted;
+           a.highlighted == b.highlighted && a.wired == b.wired && a.fault == b.fault;
 }
 
 bool CPortOverview::isSameAs(const CPortOverview &other) const
@@ -92,7 +98,7 @@ void CPortOverview::read(const CGraphicsPortItem &port)
 
 void CPortOverview::readChildren(const QGraphicsItem &parent, CGraphicsGroupItem *group)
 {
-    const QList<QGraphicsItem *> children = parent.childItems(); // in drawing order
+    const QList<QGraphicsItem *> children = parent.childItems(); // in the order of drawing
     for (QGraphicsItem *child : children) {
         if (child->type() == ConnectionItemKind) {
             m_wires << static_cast<const CGraphicsConnectionItem *>(child)->line();
@@ -109,30 +115,58 @@ void CPortOverview::readChildren(const QGraphicsItem &parent, CGraphicsGroupItem
             place.cabinet = static_cast<CGraphicsCabinetItem *>(child);
             place.custom = place.cabinet->cabinet().isCustomDefined();
             place.highlighted = place.cabinet->isHighlighted();
+            place.wired = place.cabinet->isInChain();
+            place.fault = place.cabinet->fault();
             m_places << place;
             m_widest = std::max(m_widest, place.rect.width());
         }
     }
 }
 
-void CPortOverview::paint(QPainter &painter, const CGraphicsPortItem &port, const QVector<QRectF> &exposed,
-                          qreal scale) const
+int CPortOverview::countExposed(const QVector<QRectF> &exposed) const
 {
-    CFarPalette palette(port.fill(), scale);
+    const auto isShown = [&exposed](const SPlace &place) { return isExposed(place.rect, exposed); };
+    const auto isWireShown = [&exposed](const QLineF &wire) {
+        return isExposed(QRectF(wire.p1(), wire.p2()).normalized(), exposed);
+    };
+    return int(std::count_if(m_places.begin(), m_places.end(), isShown) +
+               std::count_if(m_wires.begin(), m_wires.end(), isWireShown));
+}
+
+int CPortOverview::firstWithin(qreal &area, const QVector<QRectF> &exposed) const
+{
+    int first = m_places.size();
+    while (first > 0 && area > 0) {
+        const QRectF &rect = m_places.at(--first).rect;
+        for (const QRectF &part : exposed) {
+            const QRectF shown = rect & part;
+            area -= shown.width() * shown.height();
+        }
+    }
+    return first;
+}
+
+void CPortOverview::paint(QPainter &painter, const CGraphicsPortItem &port, const QVector<QRectF> &exposed,
+                          qreal scale, int first) const
+{
+    CFarPalette palette(port, scale);
     const bool marksCustom = port.marksCustomCabinets();
-    for (const SPlace &place : m_places) {
+    for (int i = first; i < m_places.size(); ++i) {
+        const SPlace &place = m_places.at(i);
         if (!isExposed(place.rect, exposed))
             continue;
         if (place.cabinet)
             CLayoutPainter::paintCabinetFromAfar(painter, place.rect, palette.colors(place),
-                                                 place.custom && marksCustom, scale);
+                                                 place.custom && marksCustom, place.fault, scale);
         else
             CLayoutPainter::paintGroup(painter, place.rect, place.group->isSelectedWithGroups(), scale);
     }
     QVector<QLineF> wires;
-    wires.reserve(m_wires.size());
-    std::copy_if(m_wires.begin(), m_wires.end(), std::back_inserter(wires), [&exposed](const QLineF &wire) {
-        return isExposed(QRectF(wire.p1(), wire.p2()).normalized(), exposed);
-    });
-    CLayoutPainter::paintWires(painter, wires, scale);
+    int dashed = 0;
+    for (const QLineF &wire : m_wires) {
+        if (isExposed(QRectF(wire.p1(), wire.p2()).normalized(), exposed) &&
+            (CWirePainter::isPlain(wire.length(), scale) || ++dashed <= MostDashedWires))
+            wires << wire;
+    }
+    CWirePainter::paint(painter, wires, scale);
 }

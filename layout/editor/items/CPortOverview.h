@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/drawing/CLayoutPainter.h"
+
 #include <QLineF>
 #include <QRectF>
 #include <QVector>
@@ -25,6 +27,8 @@ public:
         CGraphicsGroupItem *group = nullptr; ///< the framed group, or the innermost group around the cabinet
         bool custom = false;
         bool highlighted = false;
+        bool wired = true;
+        CabinetFault fault = CabinetFault::None;
 
         friend bool operator==(const SPlace &a, const SPlace &b);
     };
@@ -40,9 +44,17 @@ public:
     /// Width of the widest cabinet, canvas pixels.
     qreal widest() const { return m_widest; }
 
-    /// Draws what intersects one of the @p exposed rectangles. @p scale is in device pixels per canvas pixel.
-    void paint(QPainter &painter, const CGraphicsPortItem &port, const QVector<QRectF> &exposed,
-               qreal scale) const;
+    const QVector<QLineF> &wires() const { return m_wires; }
+
+    /// Draws what intersects one of the @p exposed rectangles, from the place @p first on. @p scale is in
+    /// device pixels per canvas pixel.
+    void paint(QPainter &painter, const CGraphicsPortItem &port, const QVector<QRectF> &exposed, qreal scale,
+               int first = 0) const;
+    /// The number of cabinets and wires that intersect one of the @p exposed rectangles.
+    int countExposed(const QVector<QRectF> &exposed) const;
+    /// The index of the first place to draw so that what is drawn of it and the places above it covers no
+    /// more than @p area canvas pixels, from which it is taken.
+    int firstWithin(qreal &area, const QVector<QRectF> &exposed) const;
 
 private:
     void readChildren(const QGraphicsItem &parent, CGraphicsGroupItem *group);

@@ -15,6 +15,8 @@
 #include <QMetaMethod>
 #include <QPainter>
 
+#include <algorithm>
+
 CCabinetGraphicsScene::CCabinetGraphicsScene(const IPortStates &ports, QObject *parent)
     : CGraphicsScene(parent)
     , m_backend(std::make_unique<CSceneBackend>(
@@ -165,6 +167,7 @@ void CCabinetGraphicsScene::finishBatch(const CPendingEdits &work)
         if (CGraphicsPortItem *port = portItem(index)) {
             port->takeNote();
             port->updateEdges();
+            port->updateLabel();
         }
     }
     m_backend->batches().forget(); // what was reported meanwhile is done already
@@ -234,6 +237,7 @@ void CCabinetGraphicsScene::setCabinetLocked(int port, bool locked)
     m_backend->batches().cancelGesture();
     if (CGraphicsPortItem *item = portItem(port)) {
         item->setShownLocked(locked);
+        item->updateLabel();
         m_backend->content().forgetRecord(port);
         update(item->boundingRect());
     }
@@ -279,6 +283,7 @@ void CCabinetGraphicsScene::onNotifyCabinetColorChanged(int port, const QColor &
     if (CGraphicsPortItem *item = portItem(port)) {
         item->setColor(color);
         m_backend->content().forgetRecord(port);
+        item->updateLabel();
         update(item->boundingRect());
         Q_EMIT notifyLookChanged();
     }
@@ -347,10 +352,23 @@ void CCabinetGraphicsScene::drawBackground(QPainter *painter, const QRectF &rect
         CLayoutPainter::paintCanvas(*painter, QRectF(QPointF(0, 0), QSizeF(canvas)), m_fill);
 }
 
-void CCabinetGraphicsScene::drawForeground(QPainter *painter, const QRectF &)
+void CCabinetGraphicsScene::paintLabels(QPainter &painter, const QRectF &exposed) const
+{
+    const qreal scale = painter.worldTransform().m11();
+    for (const CGraphicsPortItem *port : portItems()) {
+        const SPortLook look = port->look();
+        const QVector<QRectF> areas = CPortLabel::areas(look, scale);
+        if (std::any_of(areas.begin(), areas.end(),
+                        [&exposed](const QRectF &area) { return area.intersects(exposed); }))
+            CPortLabel::paint(painter, look, scale);
+    }
+}
+
+void CCabinetGraphicsScene::drawForeground(QPainter *painter, const QRectF &exposed)
 {
     if (isPicturing())
         return;
+    paintLabels(*painter, exposed);
     if (input())
         input()->paint(*painter);
     m_backend->placing().paint(*painter);

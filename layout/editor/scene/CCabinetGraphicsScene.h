@@ -127,6 +127,7 @@ private:
     void finishBatch(const CPendingEdits &work);
     void tellSelection();
     void updateContentRect();
+    void paintLabels(QPainter &painter, const QRectF &exposed) const;
 
     std::unique_ptr<CSceneBackend> m_backend;
     CCanvasFill m_fill;

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QColor>
+#include <QPointF>
+#include <QRectF>
+#include <QVector>
+
+class QPainter;
+
+/// What is shown of a port once, above its cabinets: its name at the head of the chain, and where its cable
+/// enters and ends. Rectangles and points are in canvas pixels.
+struct SPortLook
+{
+    int port = 0;
+    QColor fill;
+    bool locked = false;
+    bool redundant = false;
+    QRectF bounds; ///< around the cabinets; empty for a port without any, which shows nothing
+    QRectF head;   ///< the first cabinet of the chain, of an unwired port any
+    bool wired = false;
+    bool single = false; ///< the chain has one cabinet
+    QPointF entry;       ///< of the chain, if there is one
+    QPointF exit;
+
+    friend bool operator==(const SPortLook &a, const SPortLook &b);
+};
+
+/// Draws the labels of ports. Scales are in device pixels per canvas pixel. GUI thread.
+class CPortLabel final
+{
+public:
+    static void paint(QPainter &painter, const SPortLook &look, qreal scale);
+    /// What paint() covers, in canvas pixels.
+    static QVector<QRectF> areas(const SPortLook &look, qreal scale);
+
+    /// The width that a label takes before the number of a close cabinet, device pixels.
+    static qreal widthBeforeNumber(const QString &text);
+    static QString text(int port);
+};

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QLineF>
+#include <QRectF>
+#include <QVector>
+
+class QPainter;
+class QPen;
+
+/// What wiring lines look like. Scales are in device pixels per unit of the painter's coordinates. GUI
+/// thread.
+class CWirePainter final
+{
+public:
+    /// A line with its arrow head, from exit to entry point.
+    static void paint(QPainter &painter, const QLineF &line, qreal scale);
+    /// Draws many lines at once, which is cheaper than one by one.
+    static void paint(QPainter &painter, const QVector<QLineF> &lines, qreal scale);
+    /// The area that paint() covers, whatever the scale.
+    static QRectF bounds(const QLineF &line);
+    /// Whether a line of that length is drawn without dashes and arrow head.
+    static bool isPlain(qreal length, qreal scale);
+    /// The pen of dashed lines.
+    static const QPen &pen();
+};
