@@ -4,25 +4,13 @@
 
 #include "layout/geometry/CAppendPlan.h"
 #include "layout/geometry/CReceiverAreas.h"
+#include "layout/geometry/CResizeHandles.h"
 #include "layout/geometry/CSnakeOrder.h"
 #include "tests/editor/random/CPlainStroke.h"
 
 #include <algorithm>
 
 namespace {
-
-/// An edge keeps its share of the way, rounded to a pixel; a pixel at least is left.
-QRect scaled(const QRect &rect, const QSize &from, const QSize &to)
-{
-    const auto share = [](int distance, int newSide, int side) {
-        return int((2 * qint64(distance) * newSide + side) / (2 * side));
-    };
-    const QPoint corner(share(rect.left(), to.width(), from.width()),
-                        share(rect.top(), to.height(), from.height()));
-    const QSize size(share(rect.left() + rect.width(), to.width(), from.width()) - corner.x(),
-                     share(rect.top() + rect.height(), to.height(), from.height()) - corner.y());
-    return QRect(corner, size.expandedTo(QSize(1, 1)));
-}
 
 QVector<QUuid> inOrder(const CPlainStroke::Cells &cells, int pattern)
 {
@@ -74,9 +62,9 @@ void CReferenceModel::resize(const QUuid &item, const QPoint &step, int largest)
     const QSize to = (from.size() + QSize(step.x(), step.y())).boundedTo(most).expandedTo(least);
     for (const QUuid &cabinet : cabinetsBelow({item})) {
         SCabinet &changed = m_cabinets[cabinet];
-        const QRect rect = scaled(changed.rect.translated(-from.topLeft()), from.size(), to);
+        const QRect rect = CResizeHandles::mapped(changed.rect, from, QRectF(from.topLeft(), to)).toRect();
         giveSize(changed, rect.size());
-        changed.rect.moveTopLeft(from.topLeft() + rect.topLeft());
+        changed.rect.moveTopLeft(rect.topLeft());
     }
 }
 
