@@ -6,6 +6,9 @@
 #include "layout/api/records/SPrjPort.h"
 #include "tests/harness/CTestBase.h"
 
+#include <functional>
+#include <type_traits>
+
 using Port = CabinetLayout::CabinetPort;
 using Cabinet = Port::Cabinet;
 using Group = Port::CabinetGroup;
@@ -44,6 +47,12 @@ Cabinet cabinetIn(int port)
     cabinet.port = port;
     cabinet.rect = QRect(0, 0, 1, 1);
     return cabinet;
+}
+
+template <typename Record, typename Field>
+std::function<void(Record &)> set(Field Record::*field, const std::common_type_t<Field> &value)
+{
+    return [field, value](Record &record) { record.*field = value; };
 }
 
 /// Each of @p changes makes a record that differs, and that comes back from its file as it was.
@@ -99,70 +108,56 @@ private Q_SLOTS:
     void eachFieldCountsAndIsWritten()
     {
         const QUuid key = QUuid::createUuid();
+        const SMD5 type = SMD5::ofContent("P2");
         Cabinet cabinet = cabinetNamed(-1);
         cabinet.rect = QRect(-1, 2, 3, 4);
         checkFields<Cabinet>(
             cabinet, &CRecordJson::cabinet,
-            {[](Cabinet &c) { c.uuid = QUuid::createUuid(); }, [](Cabinet &c) { c.port = 3; },
-             [](Cabinet &c) { c.rect.setRight(9); }, [](Cabinet &c) { c.rank = 0; },
-             [](Cabinet &c) { c.type = SMD5::ofContent("P2"); }, [](Cabinet &c) { c.directionFixed = true; },
-             [](Cabinet &c) { c.custom = true; },
-             [](Cabinet &c) { c.rects << QRect(0, 0, 1, 2) << QRect(1, 0, 2, 2); },
-             [](Cabinet &c) { c.mappingIndex = 0; }, [](Cabinet &c) { c.calibrationIndex = 0; },
-             [key](Cabinet &c) { c.group = key; }, [](Cabinet &c) { c.receivers << 0 << 7; },
-             [](Cabinet &c) { c.blanks << QRect(0, 0, 1, 1); }});
+            {set(&Cabinet::uuid, key), set(&Cabinet::port, 3), set(&Cabinet::rect, QRect(-1, 2, 11, 4)),
+             set(&Cabinet::rank, 0), set(&Cabinet::type, type), set(&Cabinet::directionFixed, true),
+             set(&Cabinet::custom, true), set(&Cabinet::rects, {QRect(0, 0, 1, 2), QRect(1, 0, 2, 2)}),
+             set(&Cabinet::mappingIndex, 0), set(&Cabinet::calibrationIndex, 0), set(&Cabinet::group, key),
+             set(&Cabinet::receivers, {0, 7}), set(&Cabinet::blanks, {QRect(0, 0, 1, 1)})});
         Port plain;
         plain.index = 0;
-        checkFields<Port>(
-            plain, &CRecordJson::port,
-            {[](Port &p) { p.index = 1023; }, [](Port &p) { p.groups << group({cabinetIn(0)}); },
-             [](Port &p) { p.groups << group({}, {group({})}); },
-             [](Port &p) {
-                 p.groups.resize(1);
-                 p.groups[0].name = QStringLiteral("left");
-             },
-             [](Port &p) { p.color = QColor(1, 2, 3, 4); }, [](Port &p) { p.locked = true; },
-             [](Port &p) { p.redundancy = Port::Primary; }, [](Port &p) { p.redundancyPort = 0; },
-             [key](Port &p) { p.redundancyProcessor = key; }, [](Port &p) { p.load = 1; },
-             [key](Port &p) {
-                 p.mirrored.resize(1);
-                 p.mirrored[0].uuid = key;
-                 p.mirrored[0].rect = QRect(0, 0, 1, 1);
-             }});
+        Cabinet mirrored;
+        mirrored.uuid = key;
+        mirrored.rect = QRect(0, 0, 1, 1);
+        Group loose;
+        loose.name = QStringLiteral("left");
+        checkFields<Port>(plain, &CRecordJson::port,
+                          {set(&Port::index, 1023), set(&Port::groups, {group({cabinetIn(0)})}),
+                           set(&Port::groups, {group({}, {group({})})}), set(&Port::groups, {loose}),
+                           set(&Port::color, QColor(1, 2, 3, 4)), set(&Port::locked, true),
+                           set(&Port::redundancy, Port::Primary), set(&Port::redundancyPort, 0),
+                           set(&Port::redundancyProcessor, key), set(&Port::load, 1),
+                           set(&Port::mirrored, {mirrored})});
         SPrjPort project;
         project.port.index = 0;
-        checkFields<SPrjPort>(project, &CRecordJson::projectPort,
-                              {[key](SPrjPort &p) { p.processor = key; }, [](SPrjPort &p) { p.index = 0; },
-                               [](SPrjPort &p) { p.cabinetCount = 1; }, [](SPrjPort &p) { p.load = 1; },
-                               [](SPrjPort &p) {
-                                   p.area = {1, 2, 3, 0xFFFFFFFFu};
-                               },
-                               [](SPrjPort &p) { p.redundancyPort = 0; }, [](SPrjPort &p) { p.version = 2; },
-                               [](SPrjPort &p) { p.brightness = 0; }, [key](SPrjPort &p) { p.uuid = key; },
-                               [](SPrjPort &p) { p.port.locked = true; }});
-        TypeInfo type;
-        type.width = 2;
-        type.height = 1;
-        checkFields<TypeInfo>(
-            type, &CRecordJson::typeInfo,
-            {[](TypeInfo &t) { t.key = SMD5::ofContent("P2"); },
-             [](TypeInfo &t) { t.name = QStringLiteral("P2"); },
-             [](TypeInfo &t) { t.kind = TypeInfo::MultiReceiver; }, [](TypeInfo &t) { t.width = 1; },
-             [](TypeInfo &t) { t.height = 2; }, [](TypeInfo &t) { t.receivers << QRect(0, 0, 1, 1); },
-             [](TypeInfo &t) {
-                 t.millimetres = {0.5, 1};
-             },
-             [](TypeInfo &t) { t.kilograms = 0.5; }, [](TypeInfo &t) { t.wattsMaximum = 1; },
-             [](TypeInfo &t) { t.wattsAverage = 1; }, [](TypeInfo &t) { t.voltsMinimum = 1; },
-             [](TypeInfo &t) { t.voltsMaximum = 1; }, [](TypeInfo &t) { t.customGamma = true; },
-             [](TypeInfo &t) { t.damaged = true; }});
-        checkFields<SBackgroundInfo>({}, &CRecordJson::background,
-                                     {[](SBackgroundInfo &i) { i.enabled = !i.enabled; },
-                                      [](SBackgroundInfo &i) { i.file = QStringLiteral("a.png"); },
-                                      [](SBackgroundInfo &i) { i.scale = 10000; },
-                                      [](SBackgroundInfo &i) { i.opacity = 0; },
-                                      [](SBackgroundInfo &i) { i.fit = SBackgroundInfo::ZoomToFit; },
-                                      [key](SBackgroundInfo &i) { i.processor = key; }});
+        Port locked = project.port;
+        locked.locked = true;
+        checkFields<SPrjPort>(
+            project, &CRecordJson::projectPort,
+            {set(&SPrjPort::processor, key), set(&SPrjPort::index, 0), set(&SPrjPort::cabinetCount, 1),
+             set(&SPrjPort::load, 1), set(&SPrjPort::area, {1, 2, 3, 0xFFFFFFFFu}),
+             set(&SPrjPort::redundancyPort, 0), set(&SPrjPort::version, 2), set(&SPrjPort::brightness, 0),
+             set(&SPrjPort::uuid, key), set(&SPrjPort::port, locked)});
+        TypeInfo info;
+        info.width = 2;
+        info.height = 1;
+        checkFields<TypeInfo>(info, &CRecordJson::typeInfo,
+                              {set(&TypeInfo::key, type), set(&TypeInfo::name, QStringLiteral("P2")),
+                               set(&TypeInfo::kind, TypeInfo::MultiReceiver), set(&TypeInfo::width, 1),
+                               set(&TypeInfo::height, 2), set(&TypeInfo::receivers, {QRect(0, 0, 1, 1)}),
+                               set(&TypeInfo::millimetres, {0.5, 1}), set(&TypeInfo::kilograms, 0.5),
+                               set(&TypeInfo::wattsMaximum, 1), set(&TypeInfo::wattsAverage, 1),
+                               set(&TypeInfo::voltsMinimum, 1), set(&TypeInfo::voltsMaximum, 1),
+                               set(&TypeInfo::customGamma, true), set(&TypeInfo::damaged, true)});
+        using Info = SBackgroundInfo;
+        checkFields<Info>({}, &CRecordJson::background,
+                          {set(&Info::enabled, !Info().enabled), set(&Info::file, QStringLiteral("a.png")),
+                           set(&Info::scale, 10000), set(&Info::opacity, 0), set(&Info::fit, Info::ZoomToFit),
+                           set(&Info::processor, key)});
     }
 
     void aProcessorIsShownWithItsAddress()
