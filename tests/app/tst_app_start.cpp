@@ -94,13 +94,11 @@ private Q_SLOTS:
             settings.setWindowGeometry(QByteArrayLiteral("geometry\0\xff"));
             settings.setSplitterState(QByteArrayLiteral("splitter"));
             settings.setRightBarCollapsed(true);
-            settings.addRecentProject(QStringLiteral("/walls/a.sprj"));
         }
-        CAppSettings settings;
+        const CAppSettings settings;
         QCOMPARE(settings.windowGeometry(), QByteArrayLiteral("geometry\0\xff"));
         QCOMPARE(settings.splitterState(), QByteArrayLiteral("splitter"));
         QVERIFY(settings.isRightBarCollapsed());
-        QCOMPARE(settings.recentProjects(), QStringList(QStringLiteral("/walls/a.sprj")));
     }
 
     void recentProjectsAreKeptOnceTheLastOneFirst()
@@ -116,7 +114,7 @@ private Q_SLOTS:
             settings.addRecentProject(name);
         QCOMPARE(settings.recentProjects(), QStringList({link, QStringLiteral("/walls/b.sprj")}));
         settings.removeRecentProject(QStringLiteral("/walls/b.sprj"));
-        QCOMPARE(settings.recentProjects(), QStringList(link));
+        QCOMPARE(CAppSettings().recentProjects(), QStringList(link));
         QCOMPARE(settings.projectFolder(), folder.path()); // where dialogs open
         for (int i = 0; i < 2 * CAppSettings::MaximumRecentProjects; ++i)
             settings.addRecentProject(QStringLiteral("/no such folder/%1.sprj").arg(i));

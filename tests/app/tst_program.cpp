@@ -46,53 +46,44 @@ class CProgramTest final : public CTestBase
     Q_OBJECT
 
 private Q_SLOTS:
-    void refusesInOneLine_data()
-    {
-        QTest::addColumn<QStringList>("environment");
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<QStringList>("said");
-        QTest::addColumn<int>("status");
-        const auto row = [](const char *name, const QStringList &environment, const QStringList &arguments,
-                            const QStringList &said, int status = 1) {
-            QTest::newRow(name) << environment << arguments << said << status;
-        };
-        const QStringList noDisplay{QStringLiteral("no display found"), QStringLiteral("orvo --help")};
-        row("no variable", {}, {}, noDisplay);
-        row("nobody answers", {QStringLiteral("DISPLAY=:nonexistent")}, {},
-            noDisplay + QStringList(QStringLiteral(":nonexistent")));
-        row("unknown platform", {QStringLiteral("QT_QPA_PLATFORM=bogus")}, {},
-            noDisplay + QStringList(QStringLiteral("bogus")));
-        row("neither command nor file", {}, {QStringLiteral("bogus")}, {QStringLiteral("\"bogus\"")}, 2);
-        row("unknown processor", {QStringLiteral("QT_QPA_PLATFORM=offscreen")},
-            {QStringLiteral("--simulate"), QStringLiteral("slow=Lobby"), QStringLiteral("--simulate"),
-             QStringLiteral("slow=Nowhere")},
-            {QStringLiteral("\"Nowhere\""), QStringLiteral("Main stage, Lobby")});
-    }
     void refusesInOneLine()
     {
-        QFETCH(QStringList, environment);
-        QFETCH(QStringList, arguments);
-        QFETCH(QStringList, said);
-        QFETCH(int, status);
-        const QTemporaryDir home;
-        QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
-        for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
-            variables.remove(QLatin1String(name));
-        variables.insert(QStringLiteral("HOME"), home.path());
-        for (const QString &variable : environment)
-            variables.insert(variable.section(QLatin1Char('='), 0, 0), variable.section(QLatin1Char('='), 1));
-        QProcess process;
-        process.setProcessEnvironment(variables);
-        process.start(QStringLiteral(ORVO_PROGRAM), arguments);
-        QVERIFY(process.waitForFinished(PatienceMilliseconds));
-        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(process.exitCode(), status);
-        const QString errors = QString::fromLocal8Bit(process.readAllStandardError());
-        QVERIFY2(errors.startsWith(QLatin1String("orvo: ")), qPrintable(errors));
-        QVERIFY2(errors.count(QLatin1Char('\n')) == 1 && errors.endsWith(QLatin1Char('\n')),
-                 qPrintable(errors));
-        for (const QString &text : said)
-            QVERIFY2(errors.contains(text), qPrintable(errors));
+        struct SCase
+        {
+            const char *variable;
+            const char *arguments;
+            int status;
+            const char *said;
+        };
+        for (const auto &[variable, arguments, status, said] :
+             {SCase{"", "", 1, "no display found|orvo --help"},
+              {"DISPLAY=:nonexistent", "", 1, "no display found|orvo --help|:nonexistent"},
+              {"QT_QPA_PLATFORM=bogus", "", 1, "no display found|orvo --help|bogus"},
+              {"", "bogus", 2, "\"bogus\""}, // neither command nor file
+              {"QT_QPA_PLATFORM=offscreen", "--simulate slow=Lobby --simulate slow=Nowhere", 1,
+               "\"Nowhere\"|Main stage, Lobby"}}) {
+            const QTemporaryDir home;
+            QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+            for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+                variables.remove(QLatin1String(name));
+            variables.insert(QStringLiteral("HOME"), home.path());
+            const QString set = QLatin1String(variable);
+            if (!set.isEmpty())
+                variables.insert(set.section(QLatin1Char('='), 0, 0), set.section(QLatin1Char('='), 1));
+            QProcess process;
+            process.setProcessEnvironment(variables);
+            process.start(QStringLiteral(ORVO_PROGRAM),
+                          QString::fromLatin1(arguments).split(QLatin1Char(' '), Qt::SkipEmptyParts));
+            QVERIFY(process.waitForFinished(PatienceMilliseconds));
+            QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+            QCOMPARE(process.exitCode(), status);
+            const QString errors = QString::fromLocal8Bit(process.readAllStandardError());
+            QVERIFY2(errors.startsWith(QLatin1String("orvo: ")) && errors.endsWith(QLatin1Char('\n')) &&
+                         errors.count(QLatin1Char('\n')) == 1,
+                     qPrintable(errors));
+            for (const QString &text : QString::fromLatin1(said).split(QLatin1Char('|')))
+                QVERIFY2(errors.contains(text), qPrintable(errors));
+        }
     }
 
     void anInterruptEndsItInOrder()
@@ -106,40 +97,35 @@ private Q_SLOTS:
         QVERIFY(endsBySignal(process, SIGINT, home.filePath(logName)));
     }
 
-    void aWarningThatNobodyReadsHarmsNothing_data()
-    {
-        QTest::addColumn<bool>("closed");
-        QTest::newRow("the pipe has no reader") << true;
-        QTest::newRow("the pipe is full") << false;
-    }
     void aWarningThatNobodyReadsHarmsNothing()
     {
-        QFETCH(bool, closed);
-        const QTemporaryDir home;
-        const CSimulatedPark park(home.path(), 0);
-        for (const CSimulatedPark::Processor &processor : park.processors()) {
-            QFile state(CProcessorStateFiles(home.path(), processor->identity().uuid).settingsFile());
-            QVERIFY(state.open(QIODevice::WriteOnly)); // empty is damaged, and a warning tells so
+        for (const bool closed : {true, false}) { // the pipe has no reader, or is full
+            const QTemporaryDir home;
+            const CSimulatedPark park(home.path(), 0);
+            for (const CSimulatedPark::Processor &processor : park.processors()) {
+                QFile state(CProcessorStateFiles(home.path(), processor->identity().uuid).settingsFile());
+                QVERIFY(state.open(QIODevice::WriteOnly)); // empty is damaged, and a warning tells so
+            }
+            const QString errors = home.filePath(QStringLiteral("errors"));
+            QCOMPARE(mkfifo(QFile::encodeName(errors).constData(), 0600), 0);
+            const int reader = ::open(QFile::encodeName(errors).constData(), O_RDWR | O_CLOEXEC | O_NONBLOCK);
+            const QByteArray block(4096, 'x');
+            while (!closed && ::write(reader, block.constData(), size_t(block.size())) > 0) {
+            }
+            QProcess process;
+            process.setProcessEnvironment(offscreenIn(home.path()));
+            process.setStandardErrorFile(errors);
+            process.start(QStringLiteral(ORVO_PROGRAM),
+                          {QStringLiteral("--detect"), QStringLiteral("--state"), home.path()});
+            QVERIFY(process.waitForStarted(PatienceMilliseconds));
+            if (closed)
+                ::close(reader);
+            const QString log = home.filePath(logName);
+            QTRY_VERIFY(contentOf(log).count("is kept as") > 1);
+            QVERIFY(endsBySignal(process, SIGTERM, log));
+            if (!closed)
+                ::close(reader);
         }
-        const QString errors = home.filePath(QStringLiteral("errors"));
-        QCOMPARE(mkfifo(QFile::encodeName(errors).constData(), 0600), 0);
-        const int reader = ::open(QFile::encodeName(errors).constData(), O_RDWR | O_CLOEXEC | O_NONBLOCK);
-        const QByteArray block(4096, 'x');
-        while (!closed && ::write(reader, block.constData(), size_t(block.size())) > 0) {
-        }
-        QProcess process;
-        process.setProcessEnvironment(offscreenIn(home.path()));
-        process.setStandardErrorFile(errors);
-        process.start(QStringLiteral(ORVO_PROGRAM),
-                      {QStringLiteral("--detect"), QStringLiteral("--state"), home.path()});
-        QVERIFY(process.waitForStarted(PatienceMilliseconds));
-        if (closed)
-            ::close(reader);
-        const QString log = home.filePath(logName);
-        QTRY_VERIFY(contentOf(log).count("is kept as") > 1);
-        QVERIFY(endsBySignal(process, SIGTERM, log));
-        if (!closed)
-            ::close(reader);
     }
 };
 

@@ -62,30 +62,17 @@ private Q_SLOTS:
         QCOMPARE(current.size(), 2); // it was null already
     }
 
-    void filesAreReadAndWrittenWhileTheWindowGoesOn()
-    {
-        CDeviceFixture host;
-        int served = 0;
-        const auto servedDuring = [&served](const std::function<bool()> &work) {
-            served = 0;
-            QMetaObject::invokeMethod(
-                qApp, [&served] { ++served; }, Qt::QueuedConnection);
-            return work() && served == 1;
-        };
-        QUuid demo;
-        const QString file = host.folder.filePath(QStringLiteral("wall.sprj"));
-        QVERIFY(servedDuring([&] {
-            demo = host.manager.projects().openDemo().value();
-            return true;
-        }));
-        QVERIFY(servedDuring([&] { return bool(host.manager.projects().save(demo, file)); }));
-        QVERIFY(servedDuring([&] { return host.handler.importProcessorMapping(demo, file, false); }));
-    }
-
     void theDemoWallIsAProjectThatCanBeSavedAndOpenedAgain()
     {
         CDeviceFixture host;
+        int served = 0; // while files are read and written
+        const auto serve = [&served] {
+            QMetaObject::invokeMethod(
+                qApp, [&served] { ++served; }, Qt::QueuedConnection);
+        };
+        serve();
         const QUuid demo = host.manager.projects().openDemo().value();
+        QCOMPARE(served, 1);
         QVERIFY(host.handler.getProcessorNode(demo).online);
         for (const auto &outcome : {host.save(demo), host.read(demo)}) { // it has no processor
             QCOMPARE(outcome.result, SDeviceOutcome::Failed);
@@ -94,9 +81,15 @@ private Q_SLOTS:
         host.edit(demo);
         QVERIFY(host.manager.table().isModified(demo));
         const QString file = host.folder.filePath(QStringLiteral("wall.sprj"));
+        serve();
         QVERIFY(bool(host.manager.projects().save(demo, file)));
+        QCOMPARE(served, 2);
         QVERIFY(!host.manager.table().isModified(demo));
         QCOMPARE(host.manager.projects().open(file).value(), demo); // it is open
+        serve();
+        QVERIFY(host.handler.importProcessorMapping(demo, file, false));
+        QCOMPARE(served, 3);
+        QVERIFY(bool(host.manager.projects().save(demo, file)));
         const CabinetLayout layout = host.layoutOf(demo);
 
         host.select(demo);
@@ -149,25 +142,26 @@ private Q_SLOTS:
     void projectsOfTheSameNameAreToldApart()
     {
         CDeviceFixture host;
-        const auto nameOf = [&host](const QUuid &project) {
-            return host.manager.treeModel().indexOf(project).data(CDeviceTreeModel::NameRole).toString();
-        };
-        const auto openedAs = [&host](const char *file) {
-            const QUuid project = host.manager.projects().openDemo().value();
-            return host.manager.projects().save(project, host.folder.filePath(QLatin1String(file))) ? project
-                                                                                                    : QUuid();
+        QList<QUuid> projects;
+        const auto names = [&] {
+            QStringList texts;
+            for (const QUuid &project : qAsConst(projects))
+                texts
+                    << host.manager.treeModel().indexOf(project).data(CDeviceTreeModel::NameRole).toString();
+            return texts.join(QLatin1Char('|'));
         };
         QVERIFY(QDir(host.folder.path()).mkpath(QStringLiteral("a")));
-        const QUuid first = openedAs("wall.sprj");
-        QCOMPARE(nameOf(first), QStringLiteral("Demo wall"));
-        const QUuid second = openedAs("copy.sprj");
-        QCOMPARE(nameOf(first), QStringLiteral("Demo wall [wall.sprj]"));
-        QCOMPARE(nameOf(second), QStringLiteral("Demo wall [copy.sprj]"));
-        const QUuid third = openedAs("a/wall.sprj");
-        QCOMPARE(nameOf(third), QStringLiteral("Demo wall [a/wall.sprj]"));
-        host.manager.projects().close(first);
-        host.manager.projects().close(third);
-        QCOMPARE(nameOf(second), QStringLiteral("Demo wall"));
+        for (const char *file : {"wall.sprj", "copy.sprj", "a/wall.sprj"}) {
+            projects << host.manager.projects().openDemo().value();
+            QVERIFY(host.manager.projects().save(projects.last(), host.folder.filePath(QLatin1String(file))));
+        }
+        const QString folder = QFileInfo(host.folder.path()).fileName();
+        QCOMPARE(names(),
+                 QStringLiteral("Demo wall [%1/wall.sprj]|Demo wall [copy.sprj]|Demo wall [a/wall.sprj]")
+                     .arg(folder));
+        host.manager.projects().close(projects.takeFirst());
+        host.manager.projects().close(projects.takeLast());
+        QCOMPARE(names(), QStringLiteral("Demo wall"));
     }
 
     void theTreeShowsHeadingsGroupsAndStates()

@@ -5,10 +5,13 @@
 #include "host/devices/services/SDevice.h"
 #include "host/devices/simulated/CPortCapacity.h"
 #include "host/devices/simulated/CProcessorKinds.h"
+#include "host/library/CTypeLibrary.h"
 #include "host/projects/CWallBuilder.h"
 #include "layout/api/LayoutNotification.h"
 #include "platform/control/CObserver.h"
 #include "tests/harness/CTestBase.h"
+
+#include <QSet>
 
 #include <atomic>
 #include <future>
@@ -39,6 +42,16 @@ SReceiverGeneration generation(const char *id)
             return kind.generation;
     }
     return {};
+}
+
+using Type = CTypeLibrary::STreeNode;
+
+QVector<Type> typesOf(const QVector<Type> &nodes)
+{
+    QVector<Type> types;
+    for (const Type &node : nodes)
+        types += node.isFolder() ? typesOf(node.children) : QVector<Type>{node};
+    return types;
 }
 
 /// What the module hands over after it has edited one port: nothing else is detached.
@@ -73,7 +86,7 @@ private:
 
 } // namespace
 
-/// The parts that the services of the devices are made of.
+/// The parts of the services of devices, and the kinds that they know.
 class CDeviceServicesTest final : public CTestBase
 {
     Q_OBJECT
@@ -135,24 +148,32 @@ private Q_SLOTS:
         QCOMPARE(device.portLoad(layout.ports.at(2), 2), 122);
     }
 
-    void kindsOfProcessorsAreCheckedAndFound()
+    void theSmallestKindThatIsLargeEnoughIsFound()
     {
         QCOMPARE(CProcessorKinds::builtIn().withPorts(4)->ports, 4);
         QCOMPARE(CProcessorKinds::builtIn().withPorts(5)->ports, 8);
         QVERIFY(!CProcessorKinds::builtIn().withPorts(81));
-        const QByteArray kind =
-            "{\"id\":\"k\",\"name\":\"K\",\"ports\":2,\"generation\":\"g\",\"pixelLimit\":9,"
-            "\"canvas\":{\"width\":1,\"height\":1,\"area\":1},\"frameRates\":[60]}";
-        const QByteArray whole = "{\"generations\":[{\"id\":\"g\",\"netBitsPerSecond\":1000,"
-                                 "\"wireBits\":{\"8\":24}}],\"kinds\":[" +
-                                 kind + "]}";
-        QVERIFY(bool(CProcessorKinds::fromJson(whole)));
-        for (const QByteArray &wrong : {whole.chopped(1), QByteArray(whole).replace(kind, kind + "," + kind),
-                                        QByteArray(whole).replace("\"id\":\"g\"", "\"id\":\"h\""),
-                                        QByteArray(whole).replace("\"ports\":2", "\"ports\":0"),
-                                        QByteArray(whole).replace(":24", ":0")})
-            QVERIFY2(CProcessorKinds::fromJson(wrong).error().startsWith(QLatin1String("Processor kinds: ")),
-                     wrong.constData());
+    }
+
+    void typesAreFoundByKeyAndBySize()
+    {
+        const CTypeLibrary &library = CTypeLibrary::builtIn();
+        QSet<QByteArray> keys;
+        const QVector<Type> types = typesOf(library.nodes());
+        for (const Type &type : types) {
+            QVERIFY2(type.info.isValid() && type.key == type.info.key, qPrintable(type.name));
+            QVERIFY(library.find(type.key) && library.find(type.key)->name == type.name);
+            keys.insert(type.key.toText());
+        }
+        QCOMPARE(keys.size(), types.size());
+        const auto *tall = library.findBySize({192, 384});
+        QVERIFY(tall);
+        QCOMPARE(tall->receivers, (QVector<QRect>{{0, 0, 192, 192}, {0, 192, 192, 192}}));
+        // Keys are the same in every installation.
+        QCOMPARE(library.findBySize({192, 192})->key.toText(),
+                 QByteArray("6dba801f5fa9c9863901f6ede1dba8fc"));
+        QVERIFY(!library.findBySize({1, 1}));
+        QVERIFY(!library.find(SMD5()));
     }
 
     void aMappingIsNumberedByPortAndRank()

@@ -314,11 +314,6 @@ private Q_SLOTS:
         QVERIFY(!handler.setCabinetStatusLed(true));
         QVERIFY(handler.getCanvasSize().isEmpty());
         QCOMPARE(handler.portLoad({}, 0), 0);
-        QVERIFY(!m_world
-                     ->outcomeOf([&](CDeviceJobs::Done done) {
-                         handler.saveMapping(ReadSaveMappingRole::Current, {}, std::move(done));
-                     })
-                     .isDone());
     }
 
 private:

@@ -58,9 +58,9 @@ struct SFolder
     {
         CSimulatedProcessor::SIdentity identity;
         identity.uuid = uuid;
-        return std::make_unique<CSimulatedProcessor>(identity, factory, folder.path(), 0);
+        return std::make_unique<CSimulatedProcessor>(identity, factory, place, 0);
     }
-    CProcessorStateFiles files() const { return {folder.path(), uuid}; }
+    CProcessorStateFiles files() const { return {place, uuid}; }
     QString fileOf(bool mapping) const { return mapping ? files().mappingFile() : files().settingsFile(); }
     QByteArray contentOf(bool mapping) const { return ProjectSamples::contentOf(fileOf(mapping)); }
     /// Leaves files behind that differ from the factory's state.
@@ -103,6 +103,7 @@ struct SFolder
     }
 
     QTemporaryDir folder;
+    const QString place = folder.filePath(QStringLiteral("made/when/needed"));
     const QUuid uuid = QUuid::createUuid();
     mutable CCancelToken token;
 };
@@ -115,17 +116,6 @@ class CSimulatedProcessorTest final : public CWorldTest<SFolder>
     Q_OBJECT
 
 private Q_SLOTS:
-    void refusesBytesThatWereCutOrAltered()
-    {
-        const QByteArray bytes = CProcessorCodec::encode(unusualSettings());
-        for (int i = 0; i < bytes.size(); ++i) {
-            QVERIFY(!CProcessorCodec::settings(bytes.left(i), QStringLiteral("s")));
-            QByteArray altered = bytes;
-            altered[i] = static_cast<char>(altered.at(i) ^ 0x10);
-            QVERIFY2(!CProcessorCodec::settings(altered, QStringLiteral("s")), altered.constData());
-        }
-    }
-
     void keepsItsStateBetweenStarts()
     {
         CabinetLayout layout = factory().mapping.layout;
@@ -185,17 +175,6 @@ private Q_SLOTS:
         }
     }
 
-    void aChangeFromElsewhereRaisesTheRevision()
-    {
-        const auto device = m_world->start();
-        device->setFault(SimulationFault::Changed, true);
-        QVERIFY(!device->hasFault(SimulationFault::Changed));
-        const SProcessorMapping after = m_world->mappingOf(device);
-        QCOMPARE(after.revision, quint64(FactoryPorts + 1));
-        QVERIFY(after.layout != factory().mapping.layout);
-        QVERIFY(m_world->mappingOf(m_world->start()).layout == after.layout);
-    }
-
     void cabinetsReportTheirChainsWithoutGroups()
     {
         const auto device = m_world->start();
@@ -249,7 +228,7 @@ private Q_SLOTS:
             QCOMPARE(place.save(device), DeviceError::Unread);
             for (const bool mapping : {false, true})
                 QCOMPARE(place.contentOf(mapping), contents[mapping]);
-            QCOMPARE(QDir(place.folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 2);
+            QCOMPARE(QDir(place.place).entryList(QDir::Files | QDir::Hidden).size(), 2);
             const bool readable = version == 2; // at the next start all is well again
             QCOMPARE(place.holds(place.start(), KeptPorts, KeptPorts), readable);
             const DeviceError error = place.start()->apply(factory().settings); // before the first look
@@ -291,17 +270,6 @@ private Q_SLOTS:
         }
         QCOMPARE(device->apply(unusualSettings()), DeviceError::Unread);
         QCOMPARE(m_world->contentOf(false), QByteArray("damaged"));
-    }
-
-    void makesItsFolder()
-    {
-        CProcessorStateFiles files(m_world->folder.filePath(QStringLiteral("a/b")), m_world->uuid);
-        {
-            const CFaultyFileSystem faulty(CFaultyFileSystem::SFault{"sync", 1, EIO, false});
-            QVERIFY(!files.save(unusualSettings()));
-        }
-        QVERIFY(files.save(unusualSettings()));
-        QCOMPARE(files.load(factory).settings.portCount, KeptPorts);
     }
 };
 

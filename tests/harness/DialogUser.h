@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QMenu>
 #include <QPushButton>
 #include <QTimer>
 #include <QtTest>
@@ -62,6 +63,17 @@ Control *labelled(const QWidget &dialog, const char *text)
     for (const QLabel *label : dialog.findChildren<QLabel *>()) {
         if (withoutMnemonic(label->text()) == QLatin1String(text))
             return qobject_cast<Control *>(label->buddy());
+    }
+    return nullptr;
+}
+
+/// The entry of a menu or of its submenus, by texts that are separated by ">"; null: none.
+inline QAction *entryOf(const QMenu &menu, const QString &path)
+{
+    const QString first = path.section(QLatin1Char('>'), 0, 0);
+    for (QAction *action : menu.actions()) {
+        if (action->text() == first)
+            return first == path ? action : entryOf(*action->menu(), path.mid(first.size() + 1));
     }
     return nullptr;
 }

@@ -182,21 +182,19 @@ private Q_SLOTS:
             int b ORVO_GUARDED_BY(lock) = 0;
         } pair;
         std::atomic<int> torn{0};
-        const auto write = [&pair] {
+        const auto use = [&pair, &torn](bool writes) {
             for (int i = 0; i < 2000; ++i) {
-                const CWriteLocker locker(pair.lock);
-                ++pair.a;
-                ++pair.b;
+                if (writes) {
+                    const CWriteLocker locker(pair.lock);
+                    ++pair.a;
+                    ++pair.b;
+                } else {
+                    const CReadLocker locker(pair.lock);
+                    torn += pair.a != pair.b;
+                }
             }
         };
-        const auto read = [&pair, &torn] {
-            for (int i = 0; i < 2000; ++i) {
-                const CReadLocker locker(pair.lock);
-                torn += pair.a != pair.b;
-            }
-        };
-        std::thread threads[] = {std::thread(write), std::thread(write), std::thread(read),
-                                 std::thread(read)};
+        std::thread threads[] = {std::thread(use, true), std::thread(use, true), std::thread(use, false)};
         for (std::thread &thread : threads)
             thread.join();
         QCOMPARE(torn.load(), 0);

@@ -58,14 +58,9 @@ struct SPageWorld final : SStoreWorld
         }
         qFatal("There is no button %s", name);
     }
-    QMenu &portMenu() const { return menu("Lock and redundancy of the output port"); }
-    static QAction &entry(const QMenu &menu, const char *text)
+    QAction *portEntry(const char *path) const
     {
-        for (QAction *action : menu.actions()) {
-            if (action->text() == QLatin1String(text))
-                return *action;
-        }
-        qFatal("There is no entry %s", text);
+        return entryOf(menu("Lock and redundancy of the output port"), QLatin1String(path));
     }
     QVector<int> ranks(int port) const
     {
@@ -151,7 +146,7 @@ private Q_SLOTS:
         QTRY_COMPARE(world.store.currentPort(), 1);
         QCOMPARE(world.ports().currentIndex(), 1);
         world.ports().setCurrentIndex(2); // without the user, the store knows nothing of it
-        QVERIFY(world.portMenu().actions().size() > 0);
+        QVERIFY(world.portEntry("Output port"));
         world.store.setPortLocked(0, true);
         QCOMPARE(world.ports().currentIndex(), 1);
     }
@@ -165,9 +160,9 @@ private Q_SLOTS:
         QCOMPARE(world.store.currentPort(), 2);
         QVERIFY(world.scene().selection().isEmpty());
         world.scene().backend().picks().port(1, true);
-        SPageWorld::entry(*SPageWorld::entry(world.portMenu(), "Output port").menu(), "Port 2").trigger();
+        world.portEntry("Output port>Port 2")->trigger();
         QVERIFY(!world.scene().selection().isEmpty()); // it lies in that port
-        SPageWorld::entry(*SPageWorld::entry(world.portMenu(), "Output port").menu(), "Port 1").trigger();
+        world.portEntry("Output port>Port 1")->trigger();
         QCOMPARE(world.store.currentPort(), 0);
         QVERIFY(world.scene().selection().isEmpty());
     }
@@ -176,31 +171,29 @@ private Q_SLOTS:
     {
         SPageWorld world;
         world.store.setCurrentPort(2);
-        const auto lock = [&]() -> QAction & {
-            return SPageWorld::entry(world.portMenu(), "Lock current output port");
-        };
-        QVERIFY(!lock().isChecked());
-        lock().trigger();
+        const auto lock = [&world] { return world.portEntry("Lock current output port"); };
+        QVERIFY(!lock()->isChecked());
+        lock()->trigger();
         QVERIFY(world.store.isPortLocked(2) && !world.store.isPortLocked(0));
-        QVERIFY(lock().isChecked());
-        lock().trigger();
+        QVERIFY(lock()->isChecked());
+        lock()->trigger();
         QVERIFY(!world.store.isPortLocked(2));
 
-        const QMenu &primaries = *SPageWorld::entry(world.portMenu(), "Set as redundancy for").menu();
+        const QMenu &primaries = *world.portEntry("Set as redundancy for")->menu();
         QCOMPARE(primaries.actions().size(), 2);
         world.answers()->refused = {QStringLiteral("setPortRedundancy")};
         const QString yes = QStringLiteral("Yes");
         const QString ok = QStringLiteral("OK");
         const CMessageBoxAnswerer user({QStringLiteral("No"), yes, ok, yes, ok});
-        SPageWorld::entry(primaries, "Port 1").trigger();
+        entryOf(primaries, QStringLiteral("Port 1"))->trigger();
         QVERIFY(world.answers()->calls().filter(QStringLiteral("setPortRedundancy")).isEmpty());
-        SPageWorld::entry(primaries, "Port 1").trigger();
+        entryOf(primaries, QStringLiteral("Port 1"))->trigger();
         QCOMPARE(world.answers()->calls().filter(QStringLiteral("setPortRedundancy")),
                  QStringList{QStringLiteral("setPortRedundancy(0,2)")});
         QCOMPARE(user.boxes().first().details, QStringLiteral("These output ports hold cabinets:\nPort 3"));
         QCOMPARE(user.texts().last(), QStringLiteral("Set failed."));
         world.answers()->refused.clear();
-        SPageWorld::entry(primaries, "Port 1").trigger();
+        entryOf(primaries, QStringLiteral("Port 1"))->trigger();
         QCOMPARE(user.texts().last(), QStringLiteral("Set successful."));
     }
 
@@ -208,19 +201,19 @@ private Q_SLOTS:
     {
         SPageWorld world;
         world.store.setCurrentPort(2);
-        QVERIFY(!SPageWorld::entry(world.portMenu(), "Cancel redundancy").isEnabled());
+        QVERIFY(!world.portEntry("Cancel redundancy")->isEnabled());
         bool shown = false;
         inNext<CPortBackupDialog>([&shown](CPortBackupDialog &dialog) {
             shown = true;
             dialog.reject();
         });
-        SPageWorld::entry(world.portMenu(), "Port redundancy...").trigger();
+        world.portEntry("Port redundancy...")->trigger();
         QVERIFY(shown);
         world.answers()->layouts[world.a].layout.ports[2].redundancy = CabinetLayout::CabinetPort::Redundant;
         world.page.reload();
-        QVERIFY(!SPageWorld::entry(world.portMenu(), "Set as redundancy for").isEnabled());
+        QVERIFY(!world.portEntry("Set as redundancy for")->isEnabled());
         const CMessageBoxAnswerer user({QStringLiteral("OK")});
-        SPageWorld::entry(world.portMenu(), "Cancel redundancy").trigger();
+        world.portEntry("Cancel redundancy")->trigger();
         QCOMPARE(world.answers()->count(QStringLiteral("cancelPortRedundancy")), 1);
     }
 

@@ -272,24 +272,6 @@ private Q_SLOTS:
         QVERIFY(bar.tool(CEditorToolBar::Arrow)->isChecked());
         QCOMPARE(module.answers()->calls().filter(call).last(), QStringLiteral("setCabinetHighlight(0,0)"));
     }
-
-    void stoppingLeavesNothingBehind()
-    {
-        SModuleScene module;
-        QWidget parent;
-        module.layout.setParent(&parent);
-        module.select({module.a});
-        const QPointer<QWidget> panel = module.layout.rightBarWidget();
-        module.layout.OnCurrentProcessorChanged();
-        QMetaObject::invokeMethod(&module.layout, "onPrcWorkModeChanged", Qt::QueuedConnection);
-        module.layout.stop();
-        QVERIFY(!module.layout.parentWidget());
-        QVERIFY(module.layout.findChildren<QWidget *>().isEmpty());
-        QVERIFY(!panel);
-        module.host.notify(LayoutNotification::CurrentProcessorChanged, 'x'); // nobody listens
-        QCoreApplication::sendPostedEvents();
-        module.layout.stop();
-    }
 };
 
 ORVO_TEST_MAIN(QApplication, CLayoutControllerTest)

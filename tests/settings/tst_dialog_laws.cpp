@@ -1,16 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-// What holds for every dialog; what only one of them does is tested with that dialog.
-#include "layout/settings/CCabinetFillSetting.h"
-#include "layout/settings/CCabinetInformation.h"
+// What holds for every dialog whose result goes to the host; what only one of them does is tested with it.
 #include "layout/settings/CCabinetParaSave.h"
-#include "layout/settings/CCabinetTypeSetting.h"
-#include "layout/settings/CCanvasBackgroundSetting.h"
 #include "layout/settings/CCanvasCommands.h"
-#include "layout/settings/CCanvasSizeSetting.h"
-#include "layout/settings/CCustomCabinet.h"
-#include "layout/settings/CEleCurrentAdjustDialog.h"
-#include "layout/settings/CFrameRateColorDepthSetting.h"
 #include "platform/widgets/CTheme.h"
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
@@ -25,8 +17,6 @@
 #include <QTableWidget>
 
 namespace {
-
-using Make = std::function<std::unique_ptr<CDialog>()>;
 
 /// A dialog whose result goes to the host.
 struct SHostDialog
@@ -77,40 +67,12 @@ QMap<QString, SHostDialog> hostDialogs()
     return dialogs;
 }
 
-template <typename Dialog, typename... Arguments>
-Make maker(const Arguments &...arguments)
-{
-    return [=] { return std::make_unique<Dialog>(arguments...); };
-}
-
-QMap<QString, Make> allDialogs()
-{
-    QWidget *none = nullptr;
-    const QVector<TypeNode> types{leaf(typeOf("A"))};
-    const SampleCabinets cabinets = cabinetsOf({"A"});
-    QMap<QString, Make> dialogs;
-    dialogs[QStringLiteral("cabinet type")] = maker<CCabinetTypeSetting>(
-        cabinets, [types] { return types; }, none);
-    dialogs[QStringLiteral("cabinet fill")] =
-        maker<CCabinetFillSetting>(QColor(Qt::white), QColor(Qt::blue), none);
-    dialogs[QStringLiteral("information")] = maker<CCabinetInformation>(cabinets, &typeOfKey, none);
-    dialogs[QStringLiteral("parameters")] = maker<CCabinetParaSave>(cabinets, types, none);
-    dialogs[QStringLiteral("current gain")] = maker<CEleCurrentAdjustDialog>(CProcessorInView::key(), none);
-    dialogs[QStringLiteral("canvas size")] =
-        maker<CCanvasSizeSetting>(SCanvasLimits{40000, 20000, 100}, QSize(1920, 1080));
-    dialogs[QStringLiteral("frame rate")] =
-        maker<CFrameRateColorDepthSetting>(SSignalModes{{60}, {8}}, 60, 8);
-    dialogs[QStringLiteral("canvas fill")] = maker<CCanvasBackgroundSetting>(SBackgroundInfo(), none);
-    dialogs[QStringLiteral("custom cabinet")] = maker<CCustomCabinet>(QSize(2048, 2048), none);
-    return dialogs;
-}
-
 void leave(CDialog &dialog, const QString &way)
 {
-    if (way == QLatin1String("accept"))
-        (okOf(dialog) ? okOf(dialog) : buttonOf(dialog, QStringLiteral("Save")))->click();
-    else if (way == QLatin1String("Enter"))
+    if (way == QLatin1String("accept") && okOf(dialog))
         QTest::keyClick(&dialog, Qt::Key_Return);
+    else if (way == QLatin1String("accept"))
+        buttonOf(dialog, QStringLiteral("Save"))->click();
     else if (way == QLatin1String("Escape"))
         QTest::keyClick(&dialog, Qt::Key_Escape);
     else if (way == QLatin1String("Cancel") && dialog.buttonBox()->button(QDialogButtonBox::Cancel))
@@ -220,41 +182,7 @@ private Q_SLOTS:
         QVERIFY(!QApplication::activeModalWidget());
     }
 
-    void keysAnswer()
-    {
-        for (const QString &name : allDialogs().keys()) {
-            for (const char *way : {"Enter", "Escape", "close"})
-                checkKeys(name, way);
-        }
-    }
-
 private:
-    static void checkKeys(const QString &name, const char *way)
-    {
-        const std::unique_ptr<CDialog> dialog = allDialogs()[name]();
-        dialog->show();
-        QCoreApplication::processEvents();
-        dialog->setResult(-1);
-        const QPushButton *button = defaultOf(*dialog);
-        QVERIFY(button);
-        // An own message tells what was saved, and nothing may be said OK to that is not possible.
-        const bool entered = qstrcmp(way, "Enter") == 0;
-        if (entered && (name == QLatin1String("parameters") || name == QLatin1String("current gain")))
-            return;
-        const bool possible = !entered || button->isEnabled();
-        leave(*dialog, QLatin1String(way));
-        QCOMPARE(dialog->isVisible(), !possible);
-        QCOMPARE(dialog->result(), !possible ? -1 : int(entered ? QDialog::Accepted : QDialog::Rejected));
-    }
-    static QPushButton *defaultOf(const CDialog &dialog)
-    {
-        for (QPushButton *button : dialog.findChildren<QPushButton *>()) {
-            if (button->isDefault())
-                return button;
-        }
-        return nullptr;
-    }
-
     static void addHostDialogs(const QVector<const char *> &ways)
     {
         QTest::addColumn<QString>("name");

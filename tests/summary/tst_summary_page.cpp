@@ -7,6 +7,7 @@
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/harness/DialogUser.h"
 
 #include <QLabel>
 #include <QSpinBox>
@@ -51,14 +52,7 @@ struct SPageWorld
         view().setFocus();
         QTest::keyClick(&view(), Qt::Key(key), modifiers);
     }
-    QSpinBox &field(const char *name) const
-    {
-        for (QSpinBox *field : page.findChildren<QSpinBox *>()) {
-            if (field->accessibleName() == QLatin1String(name))
-                return *field;
-        }
-        qFatal("There is no such field");
-    }
+    QSpinBox &field(const char *name) const { return *named<QSpinBox>(page, name); }
     void typeX(const char *text) const
     {
         QSpinBox &x = field("Offset, X");
@@ -91,19 +85,6 @@ class CSummaryPageTest final : public CTestBase
 
 private Q_SLOTS:
     void initTestCase() { initLayoutResources(); }
-
-    void theHostKeepsWhatTheUserMoves()
-    {
-        SPageWorld world;
-        world.key(Qt::Key_Right, Qt::ShiftModifier);
-        QCOMPARE(world.kept().value(world.a), QPoint(10, 0));
-        world.typeX("1234");
-        QCOMPARE(world.kept().value(world.a), QPoint(1234, 0));
-        QCOMPARE(world.host.answers()->count(Write), 2);
-        QCOMPARE(world.offsets(), world.kept());
-        QCOMPARE(world.field("Offset, X").value(), 1234);
-        QCOMPARE(world.field("Processor area, Height").value(), 300);
-    }
 
     void undoAndRedoAreExact()
     {

@@ -7,6 +7,7 @@
 #include "layout/summary/CSummaryLabel.h"
 #include "platform/graphics/CGraphicsScene.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/harness/DialogUser.h"
 
 #include <QLineEdit>
 #include <QSpinBox>
@@ -83,21 +84,6 @@ struct SViewWorld
     QSignalSpy moved{&view, &CSummaryGraphicsView::notifyMoved};
     QPoint pressed;
 };
-
-using SpinBoxes = QMap<QString, QSpinBox *>;
-
-SpinBoxes fieldsOf(const CSummaryLabel &label)
-{
-    SpinBoxes fields;
-    for (QSpinBox *field : label.findChildren<QSpinBox *>())
-        fields.insert(field->accessibleName(), field);
-    return fields;
-}
-
-const QString X = QStringLiteral("Offset, X");
-const QString Y = QStringLiteral("Offset, Y");
-const QString Width = QStringLiteral("Processor area, Width");
-const QString Height = QStringLiteral("Processor area, Height");
 
 } // namespace
 
@@ -356,35 +342,38 @@ private Q_SLOTS:
     {
         CSummaryLabel label;
         label.show();
-        const SpinBoxes fields = fieldsOf(label);
-        QVERIFY(!fields[X]->isEnabled() && !fields[Y]->isEnabled());
-        QVERIFY(fields[Width]->isReadOnly() && fields[Height]->isReadOnly());
+        auto &x = *named<QSpinBox>(label, "Offset, X");
+        auto &y = *named<QSpinBox>(label, "Offset, Y");
+        const auto &width = *named<QSpinBox>(label, "Processor area, Width");
+        const auto &height = *named<QSpinBox>(label, "Processor area, Height");
+        QVERIFY(!x.isEnabled() && !y.isEnabled());
+        QVERIFY(width.isReadOnly() && height.isReadOnly());
         label.setSubject(QStringLiteral("A"), {});
         label.setEditable(true);
         label.onItemGeometryChanged(QRectF(5, 6, 1920, 1080));
         label.onItemOffsetChanged({5, 6000});
-        QCOMPARE(fields[Width]->value(), 1920);
-        QCOMPARE(fields[Height]->value(), 1080);
+        QCOMPARE(width.value(), 1920);
+        QCOMPARE(height.value(), 1080);
         const QSignalSpy changed(&label, &CSummaryLabel::notifyItemOffsetChanged);
-        const auto type = [&fields](const QString &name, const char *text) {
-            fields[name]->setFocus();
-            fields[name]->selectAll();
-            QTest::keyClicks(fields[name], QString::fromLatin1(text));
+        const auto type = [](QSpinBox &field, const char *text) {
+            field.setFocus();
+            field.selectAll();
+            QTest::keyClicks(&field, QString::fromLatin1(text));
         };
-        type(X, "1920");
+        type(x, "1920");
         label.onItemOffsetChanged({5, 6000}); // no news
-        QCOMPARE(fields[X]->text(), QStringLiteral("1920"));
+        QCOMPARE(x.text(), QStringLiteral("1920"));
         QCOMPARE(changed.count(), 0);
-        QTest::keyClick(fields[X], Qt::Key_Return);
+        QTest::keyClick(&x, Qt::Key_Return);
         QCOMPARE(changed.count(), 1);
         QCOMPARE(changed.last().first().toPoint(), QPoint(1920, 6000));
-        type(Y, "-7");
-        QTest::keyClick(fields[Y], Qt::Key_Escape);
-        QCOMPARE(fields[Y]->text(), QStringLiteral("6000"));
-        QTest::keyClick(fields[Y], Qt::Key_Tab);
+        type(y, "-7");
+        QTest::keyClick(&y, Qt::Key_Escape);
+        QCOMPARE(y.text(), QStringLiteral("6000"));
+        QTest::keyClick(&y, Qt::Key_Tab);
         QCOMPARE(changed.count(), 1);
         label.setSubject({}, {});
-        QCOMPARE(fields[Y]->value() + fields[Height]->value(), 0);
+        QCOMPARE(y.value() + height.value(), 0);
         QCOMPARE(changed.count(), 1);
     }
 };

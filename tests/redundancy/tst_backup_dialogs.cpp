@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/redundancy/BackupMatch.h"
 #include "layout/redundancy/CBackupDelegate.h"
+#include "layout/redundancy/CPortBackupDialog.h"
 #include "layout/redundancy/CProcessorBackupDialog.h"
 #include "layout/redundancy/CProcessorBackupTable.h"
 #include "layout/resources/LayoutResources.h"
@@ -10,8 +11,6 @@
 #include "tests/harness/CTestBase.h"
 #include "tests/redundancy/CPairTester.h"
 
-#include <QHeaderView>
-#include <QScrollBar>
 #include <QSignalSpy>
 
 namespace {
@@ -78,9 +77,47 @@ struct SPairWorld
     std::unique_ptr<CPairTester> user;
 };
 
+/// Two processors of four ports: the first two of each hold two cabinets.
+struct SPortWorld
+{
+    SPortWorld()
+    {
+        initLayoutResources();
+        for (const char *name : {"A", "B"}) {
+            const QUuid key = host.addProcessor(QLatin1String(name), 4, 2);
+            processors << key;
+            auto lock = host.answers();
+            lock->nodes.last().address = 0; // shown by name alone
+            QVector<CabinetLayout::CabinetPort> &ports = lock->layouts[key].layout.ports;
+            ports[2].groups.clear();
+            ports[3].groups.clear();
+            ports[1].groups[0].cabinets[0].rect.translate(5, 0);
+        }
+        host.choose(processors.at(1));
+    }
+    SPortKey port(int processor, int index) const { return {processors.at(processor), index}; }
+    SPortPair pair(int first, int primary, int second, int backup) const
+    {
+        return {port(first, primary), port(second, backup)};
+    }
+    void open()
+    {
+        dialog = std::make_unique<CPortBackupDialog>();
+        user = std::make_unique<CPairTester>(*dialog);
+        dialog->show();
+        QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));
+    }
+
+    CFakeHost host;
+    QList<QUuid> processors;
+    std::unique_ptr<CPortBackupDialog> dialog;
+    std::unique_ptr<CPairTester> user;
+};
+
 } // namespace
 
-class CProcessorBackupTest final : public CTestBase
+/// The dialogs of redundancy, of processors and of ports.
+class CBackupDialogsTest final : public CTestBase
 {
     Q_OBJECT
 
@@ -300,17 +337,67 @@ private Q_SLOTS:
         QCOMPARE(world.rows(), QStringLiteral("A>B"));
     }
 
-    void theScrollBarComesWithTheRows()
+    void listsThePortsInViewFirst()
     {
-        SPairWorld world;
-        for (int i = 0; i < 40; ++i)
-            world.host.addProcessor(QString::number(i), 1);
+        SPortWorld world;
+        world.host.answers()->portPairs << world.pair(0, 0, 0, 2);
+        world.host.answers()->portRefusals.insert(world.port(1, 3),
+                                                  QStringLiteral("B: Output port 4 is locked."));
         world.open();
-        const QTableView &view = world.user->view();
-        QVERIFY(view.verticalScrollBar()->isVisible());
-        QCOMPARE(view.columnWidth(0) + view.columnWidth(1), view.viewport()->width());
+        const CBackupList &list = world.user->list();
+        QCOMPARE(list.count(), 8);
+        QCOMPARE(list.item(0)->text(), QStringLiteral("Port 1, B"));
+        QVERIFY(!(list.item(3)->flags() & Qt::ItemIsEnabled));
+        QVERIFY(list.item(3)->toolTip().endsWith(QLatin1String("Output port 4 is locked.")));
+        QVERIFY(list.item(6)->icon().pixmap(16).toImage() != list.item(5)->icon().pixmap(16).toImage());
+        QCOMPARE(world.user->rows(), QStringLiteral("Port 1, A>Port 3, A"));
+    }
+
+    void autoMatchTakesEmptyOrEqualPortsOfTheProcessor()
+    {
+        SPortWorld world;
+        for (const bool equal : {false, true}) {
+            if (equal) {
+                auto lock = world.host.answers();
+                QVector<CabinetLayout::CabinetPort> &ports =
+                    lock->layouts[world.processors.at(1)].layout.ports;
+                ports[1].groups = ports.at(0).groups;
+            }
+            world.open();
+            QTest::mouseClick(world.user->tool("Auto match"), Qt::LeftButton);
+            const QString rest = QStringLiteral("|Port 1, A>Port 3, A|Port 2, A>Port 4, A");
+            QCOMPARE(world.user->rows(), (equal ? QStringLiteral("Port 1, B>Port 2, B")
+                                                : QStringLiteral("Port 1, B>Port 3, B|Port 2, B>Port 4, B")) +
+                                             rest);
+        }
+    }
+
+    void asksBeforeCabinetsLoseTheirWiring()
+    {
+        SPortWorld world;
+        for (const auto &[backup, answer, calls] :
+             {std::tuple(1, "No", 0), std::tuple(1, "Yes", 2), std::tuple(2, "", 2)}) { // 2 is empty
+            world.open();
+            QTest::mouseClick(world.user->tool("Clear"), Qt::LeftButton);
+            for (const int entry : {4, backup}) { // port 1 of the other processor
+                world.user->list().setCurrentRow(entry);
+                QTest::keyClick(&world.user->list(), Qt::Key_Return);
+            }
+            world.host.answers()->forgetCalls();
+            const bool asked = *answer;
+            const CMessageBoxAnswerer user(asked ? QStringList(QLatin1String(answer)) : QStringList());
+            QTest::mouseClick(world.user->apply(), Qt::LeftButton);
+            QCOMPARE(user.boxes().size(), asked ? 1 : 0);
+            if (asked)
+                QVERIFY(user.boxes().first().details.contains(QLatin1String("Port 2, B")));
+            const QList<SPortPair> wanted{world.pair(0, 0, 1, backup)};
+            QCOMPARE(world.host.answers()->portPairs, calls ? wanted : QList<SPortPair>());
+            if (calls) // what is a pair already is not asked for again
+                QTest::mouseClick(world.user->apply(), Qt::LeftButton);
+            QCOMPARE(world.host.answers()->count(QStringLiteral("applyPortRedundancy")), calls);
+        }
     }
 };
 
-ORVO_TEST_MAIN(QApplication, CProcessorBackupTest)
-#include "tst_processor_backup.moc"
+ORVO_TEST_MAIN(QApplication, CBackupDialogsTest)
+#include "tst_backup_dialogs.moc"
