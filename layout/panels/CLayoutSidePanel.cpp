@@ -2,18 +2,38 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/panels/CLayoutSidePanel.h"
 
+#include "layout/data/CLayoutData.h"
+#include "layout/panels/CBackupLabel.h"
+#include "layout/panels/CCabinetGemometryLabel.h"
 #include "layout/panels/CMappingLabel.h"
 #include "layout/panels/CSystemLoadLabel.h"
+#include "layout/panels/CTopologyLabel.h"
+#include "layout/resources/LayoutResources.h"
 
 CLayoutSidePanel::CLayoutSidePanel(const SUnitServices &services, QWidget *parent)
     : CSidePanel(parent)
 {
+    initLayoutResources();
     // From top to bottom, one line per unit.
-    const auto *mapping = add<CMappingLabel>(services);
+    const auto *geometry = add<CCabinetGemometryLabel>(services);
+    const auto *topology = add<CTopologyLabel>(services);
     add<CSystemLoadLabel>(services);
+    const auto *mapping = add<CMappingLabel>(services);
+    m_backup = add<CBackupLabel>(services);
 
+    using Geometry = CCabinetGemometryLabel;
+    connect(geometry, &Geometry::notifySelectedCabinetPositionChanged, this,
+            &CLayoutSidePanel::notifySelectedCabinetPositionChanged);
+    connect(geometry, &Geometry::notifySelectedCabinetSizeChanged, this,
+            &CLayoutSidePanel::notifySelectedCabinetSizeChanged);
+    connect(geometry, &Geometry::notifySelectedCabinetRankChanged, this,
+            &CLayoutSidePanel::notifySelectedCabinetRankChanged);
+    connect(topology, &CTopologyLabel::buttonClicked, this, &CLayoutSidePanel::notifyTopologybuttonClicked);
     connect(mapping, &CMappingLabel::notifySaveMappingSuccessed, this,
             &CLayoutSidePanel::notifySaveMappingSuccessed);
+    connect(m_backup, &CBackupLabel::notifyCancelPortRedundancy, this,
+            &CLayoutSidePanel::notifyCancelPortRedundancy);
+    connectStore(services.store);
 }
 
 template <typename Unit>
@@ -41,4 +61,54 @@ void CLayoutSidePanel::onCurrentProcessorStateChanged(const ProcessorTree::Proce
 {
     for (ISidePanelUnit *unit : m_units)
         unit->onCurrentProcessorStateChanged(processor);
+}
+
+void CLayoutSidePanel::onNotifyPortBackup(int primary, int backup, bool on)
+{
+    m_backup->onNotifyPortBackup(primary, backup, on);
+    portStatesChanged();
+}
+
+void CLayoutSidePanel::onNotifyPortToggled(int, bool)
+{
+    portStatesChanged();
+}
+
+void CLayoutSidePanel::onNotifySelectedPort(const QList<int> &ports)
+{
+    for (ISidePanelUnit *unit : m_units)
+        unit->onSelectedPorts(ports);
+}
+
+void CLayoutSidePanel::onNotifySelectedCabinetGeometryChanged(const QRect &extent)
+{
+    for (ISidePanelUnit *unit : m_units)
+        unit->onSelectedGeometry(extent);
+}
+
+void CLayoutSidePanel::onCurrentProcessorBackupChanged()
+{
+    m_backup->onCurrentProcessorBackupChanged();
+}
+
+void CLayoutSidePanel::onNotifySelectedCabinetInfos(
+    const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets)
+{
+    for (ISidePanelUnit *unit : m_units)
+        unit->onSelectedCabinets(cabinets);
+}
+
+void CLayoutSidePanel::connectStore(const CLayoutData &store)
+{
+    connect(&store, &CLayoutData::notifyProcessorPortLocked, this, &CLayoutSidePanel::onNotifyPortToggled);
+    connect(&store, &CLayoutData::notifyProcessorPortBackup, this, &CLayoutSidePanel::onNotifyPortBackup);
+    connect(&store, &CLayoutData::notifyProcessorBackupChanged, this,
+            &CLayoutSidePanel::onCurrentProcessorBackupChanged);
+    connect(&store, &CLayoutData::notifyLayoutReplaced, this, &CLayoutSidePanel::portStatesChanged);
+}
+
+void CLayoutSidePanel::portStatesChanged()
+{
+    for (ISidePanelUnit *unit : m_units)
+        unit->onPortStatesChanged();
 }

@@ -7,6 +7,8 @@
 
 #include <vector>
 
+class CBackupLabel;
+
 /// The column of units at the side of the layout editor. GUI thread.
 class CLayoutSidePanel final : public CSidePanel
 {
@@ -19,16 +21,33 @@ public:
     void setEditingBlocked(bool blocked);
 
 Q_SIGNALS:
+    // Passed on from the units.
+    void notifySelectedCabinetPositionChanged(const QPoint &corner);
+    void notifySelectedCabinetSizeChanged(const QSize &size);
+    void notifySelectedCabinetRankChanged(int columns);
+    void notifyTopologybuttonClicked(int pattern);
     void notifySaveMappingSuccessed();
+    void notifyCancelPortRedundancy(int port);
 
 public Q_SLOTS:
+    void onNotifyPortBackup(int primary, int backup, bool on);
+    void onNotifyPortToggled(int port, bool locked);
+    /// The output ports that hold the selection.
+    void onNotifySelectedPort(const QList<int> &ports);
     void onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor);
     void onCurrentProcessorStateChanged(const ProcessorTree::ProcessorNode &processor);
+    /// @p extent is that of the selection, canvas pixels; empty without one.
+    void onNotifySelectedCabinetGeometryChanged(const QRect &extent);
+    void onCurrentProcessorBackupChanged();
+    void onNotifySelectedCabinetInfos(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets);
 
 private:
+    void connectStore(const CLayoutData &store);
+    void portStatesChanged();
     /// Adds a unit of the class @p Unit at the bottom.
     template <typename Unit>
     Unit *add(const SUnitServices &services);
 
+    CBackupLabel *m_backup = nullptr;
     std::vector<ISidePanelUnit *> m_units; // children of the panel
 };

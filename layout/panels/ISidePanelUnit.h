@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/api/records/CabinetLayout.h"
 #include "layout/api/records/ProcessorTree.h"
 
 class CLayoutData;
@@ -18,12 +19,21 @@ struct SUnitServices
 class ISidePanelUnit
 {
 public:
+    using Cabinet = CabinetLayout::CabinetPort::Cabinet;
+
     virtual ~ISidePanelUnit() = default;
 
     /// Another processor is in view; a default record if none is.
     virtual void onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &) {}
     /// The state of the processor in view has changed.
     virtual void onCurrentProcessorStateChanged(const ProcessorTree::ProcessorNode &) {}
+    /// The output ports that hold the selection; none: nothing is selected.
+    virtual void onSelectedPorts(const QList<int> &) {}
+    virtual void onSelectedCabinets(const QList<Cabinet> &) {}
+    /// The extent of the selection, canvas pixels; empty without one.
+    virtual void onSelectedGeometry(const QRect &) {}
+    /// Locks or pairs of ports have changed.
+    virtual void onPortStatesChanged() {}
     /// If true, the unit must refuse whatever would replace the layout.
     virtual void setEditingBlocked(bool) {}
 };

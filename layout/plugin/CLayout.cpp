@@ -181,6 +181,7 @@ void CLayout::buildUi()
     m_pages->addWidget(m_warningPage);
     m_mappingCommands = std::make_unique<CMappingCommands>(m_store, *this);
     m_sidePanel = new CLayoutSidePanel({m_store, *m_mappingCommands});
+    m_editorPage->connectPanel(*m_sidePanel);
 }
 
 void CLayout::connectSignals()

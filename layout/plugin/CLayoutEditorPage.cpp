@@ -7,6 +7,7 @@
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
+#include "layout/panels/CLayoutSidePanel.h"
 #include "layout/plugin/CEditorCommands.h"
 #include "layout/redundancy/CPortBackupDialog.h"
 #include "platform/widgets/CElidedLabel.h"
@@ -122,6 +123,24 @@ void CLayoutEditorPage::setScreenShown(bool shown)
 void CLayoutEditorPage::setEditingBlocked(bool blocked)
 {
     m_view->setEditingBlocked(blocked);
+}
+
+void CLayoutEditorPage::connectPanel(CLayoutSidePanel &panel)
+{
+    using View = CLayoutGraphicsView;
+    using Panel = CLayoutSidePanel;
+    connect(m_view, &View::notifySelectedPort, &panel, &Panel::onNotifySelectedPort);
+    connect(m_view, &View::notifySelectedCabinetInfos, &panel, &Panel::onNotifySelectedCabinetInfos);
+    connect(m_view, &View::notifySelectedCabinetGeometryChanged, &panel,
+            &Panel::onNotifySelectedCabinetGeometryChanged);
+    connect(&panel, &Panel::notifySelectedCabinetPositionChanged, m_view,
+            &View::onNotifySelectedCabinetPositionChanged);
+    connect(&panel, &Panel::notifySelectedCabinetSizeChanged, m_view,
+            &View::onNotifySelectedCabinetSizeChanged);
+    connect(&panel, &Panel::notifySelectedCabinetRankChanged, m_view,
+            &View::onNotifySelectedCabinetRankChanged);
+    connect(&panel, &Panel::notifyTopologybuttonClicked, m_view, &View::onTopologyButtonClicked);
+    connect(&panel, &Panel::notifyCancelPortRedundancy, this, &CLayoutEditorPage::cancelPortRedundancy);
 }
 
 void CLayoutEditorPage::setPortRedundancy(int primary, int backup)

@@ -15,6 +15,7 @@ class CEditorCommands;
 class CElidedLabel;
 class CLayoutData;
 class CLayoutGraphicsView;
+class CLayoutSidePanel;
 class CPureImageBtn;
 class QAbstractButton;
 
@@ -45,6 +46,8 @@ public:
     void setScreenShown(bool shown);
     /// With @p blocked, the user cannot edit.
     void setEditingBlocked(bool blocked);
+    /// Lets @p panel show the selection and edit it. The panel may go before the page.
+    void connectPanel(CLayoutSidePanel &panel);
 
 private:
     void showBackground(const SBackgroundInfo &info, bool canvasSizeChanged = false);

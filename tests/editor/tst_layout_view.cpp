@@ -37,10 +37,15 @@ private Q_SLOTS:
     {
         const CSignalLog ports(&view(), &CLayoutGraphicsView::notifySelectedPort);
         const CSignalLog infos(&view(), &CLayoutGraphicsView::notifySelectedCabinetInfos);
-        view().onPortClicked(0, true);
-        view().onPortClicked(1, true); // a group: told are its cabinets
-        view().onPortClicked(0, false);
+        const auto step = [this](int port, bool selected) {
+            view().onPortClicked(port, selected);
+            QCoreApplication::processEvents(); // the records are told once the event loop is back
+        };
+        step(0, true);
+        step(1, true); // a group: told are its cabinets
+        step(0, false);
         view().clearSelected();
+        QCoreApplication::processEvents();
         const QVector<QList<int>> told = {{0}, {0, 1}, {1}, {}};
         QCOMPARE(ports.count(), told.size());
         QCOMPARE(infos.count(), told.size());
@@ -262,14 +267,19 @@ private Q_SLOTS:
     {
         QSignalSpy extents(&view(), &CLayoutGraphicsView::notifySelectedCabinetGeometryChanged);
         m_mouse->scene().backend().picks().port(0, true); // three in a row from the origin on
+        const auto told = [&extents] {
+            QCoreApplication::processEvents();
+            return extents.last().first().toRect();
+        };
         view().onNotifySelectedCabinetRankChanged(2);
-        QCOMPARE(extents.last().first().toRect(), QRect(0, 0, 256, 256));
+        QCOMPARE(told(), QRect(0, 0, 256, 256));
         view().onNotifySelectedCabinetPositionChanged(QPoint(50, 60));
-        QCOMPARE(extents.last().first().toRect(), QRect(50, 60, 256, 256));
-        view().onNotifySelectedCabinetSizeChanged(QSize(100, 128));
-        QCOMPARE(m_mouse->cabinet(0, 1).cabinet().rect, QRect(178, 60, 100, 128));
-        view().onNotifySelectedCabinetSizeChanged(QSize(LayoutLimits::LargestSide + 1, 128));
-        view().onNotifySelectedCabinetSizeChanged(QSize(100, LayoutLimits::SmallestSide - 1));
+        QCOMPARE(told(), QRect(50, 60, 256, 256));
+        view().onNotifySelectedCabinetSizeChanged(QSize(301, 256)); // what touched still does
+        QCOMPARE(m_mouse->cabinet(0, 0).cabinet().rect, QRect(50, 60, 151, 128));
+        QCOMPARE(m_mouse->cabinet(0, 1).cabinet().rect, QRect(201, 60, 150, 128));
+        view().onNotifySelectedCabinetSizeChanged(QSize(2 * LayoutLimits::LargestSide + 2, 128));
+        view().onNotifySelectedCabinetSizeChanged(QSize(100, 0));
         QCOMPARE(m_mouse->stack().count(), 3);
     }
 

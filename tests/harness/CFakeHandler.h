@@ -50,6 +50,9 @@ public:
     SCanvasLimits limits{16384, 16384, 16384LL * 8192};
     SSignalModes modes{{50, 60, 120, 240}, {8, 10, 12}};
     CanvasBlock block = CanvasBlock::None;
+    QList<SPortArea> areas; ///< setPortAreas() replaces them
+    int widthLimit = 0;
+    bool threeD = false;
     QList<SCurrentGain> gains;
     LayoutData saved;                      ///< the argument of saveMapping()
     SMappingOptions readOptions;           ///< the argument of readMapping()
@@ -153,6 +156,10 @@ public:
     {
         return take(__func__, portPairs, pairs);
     }
+    QList<SPortArea> portAreas() const override { return given(__func__, areas); }
+    bool setPortAreas(const QList<SPortArea> &set) override { return take(__func__, areas, set); }
+    int lowLatencyWidthLimit() const override { return given(__func__, widthLimit); }
+    bool isThreeDEnabled() const override { return given(__func__, threeD); }
     void showTypeLibrary(QWidget *) override { note(__func__); }
     bool areOnPrimaryPorts(const Cabinets &) const override { return given(__func__, primaryPorts); }
     bool sendCabinetParameters(const Cabinets &cabinets, const SMD5 &type, double gamma) override

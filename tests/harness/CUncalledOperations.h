@@ -16,10 +16,6 @@ public:
     bool isPortRedundancySupported() const override { return none(); }
     bool exportPortMapping(const QUuid &, int, const QString &) override { return none(); }
     bool importPortMapping(const QUuid &, int, const QString &, bool) override { return none(); }
-    QList<SPortArea> portAreas() const override { return none(); }
-    bool setPortAreas(const QList<SPortArea> &) override { return none(); }
-    int lowLatencyWidthLimit() const override { return none(); }
-    bool isThreeDEnabled() const override { return none(); }
 
 private:
     struct SNone

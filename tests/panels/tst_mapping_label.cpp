@@ -164,7 +164,7 @@ private Q_SLOTS:
             unit.save.setFocus();
             unit.click("Save");
             QVERIFY(unit.panel.window()->focusWidget() != &unit.save);
-            QWidget *option = unit.panel.findChild<QCheckBox *>();
+            QWidget *option = unit.panel.findChild<CMappingLabel *>()->findChild<QCheckBox *>();
             if (moved)
                 option->setFocus();
             unit.mapping.end(true);

@@ -13,6 +13,7 @@
 #include "layout/editor/undo/CMoveCommand.h"
 #include "layout/editor/undo/CReszieCommand.h"
 #include "layout/geometry/CReceiverAreas.h"
+#include "layout/geometry/CResizeHandles.h"
 
 #include <algorithm>
 #include <tuple>
@@ -22,6 +23,11 @@ namespace {
 QRectF placeOf(const CGraphicsItemBase &item)
 {
     return item.mapRectToScene(item.rect());
+}
+
+bool isResizable(const CGraphicsItemBase &item)
+{
+    return item.type() == CabinetItemKind && !item.isGrouped();
 }
 
 } // namespace
@@ -50,20 +56,42 @@ void CSelectionShape::moveTo(const QPoint &corner)
 void CSelectionShape::resizeTo(const QSize &size)
 {
     m_editing.cancelGesture();
-    if (!LayoutLimits::isCabinetSize(size) || CRefusal::isTold(m_editing, m_selection.closedPort()))
+    if (m_selection.isEmpty() || size.isEmpty() || CRefusal::isTold(m_editing, m_selection.closedPort()))
         return;
+    const QVector<CGraphicsItemBase *> items = m_selection.sorted();
+    QRectF extent;
+    for (const CGraphicsItemBase *item : items)
+        extent |= placeOf(*item);
+    const auto targetOf = [&extent, &size](const CGraphicsItemBase &item) {
+        return CResizeHandles::mapped(placeOf(item), extent, QRectF(extent.topLeft(), size)).toRect();
+    };
+    const bool allowed = std::all_of(items.begin(), items.end(), [&targetOf](const CGraphicsItemBase *item) {
+        return !isResizable(*item) || LayoutLimits::isCabinetSize(targetOf(*item).size());
+    });
+    if (!allowed) {
+        m_editing.tell(tr("A cabinet has %1 to %2 pixels on each side.")
+                           .arg(LayoutLimits::SmallestSide)
+                           .arg(LayoutLimits::LargestSide));
+        return;
+    }
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("ChangeSize"));
-    for (CGraphicsItemBase *item : m_selection.sorted()) {
-        if (item->type() != CabinetItemKind || item->isGrouped())
-            continue;
-        const QSizeF before = item->rect().size();
-        const QSize fitting = size.expandedTo(CReceiverAreas::smallest(item->cabinet(), before.toSize()));
-        if (before == QSizeF(fitting))
-            continue;
-        m_recorder.record<CReszieCommand>(*item, before, QSizeF(fitting));
-        CAreaRecorder::scale(m_recorder, *item, before, fitting);
+    for (CGraphicsItemBase *item : items) {
+        const QRect target = targetOf(*item);
+        move(*item, target.topLeft());
+        if (isResizable(*item))
+            resize(*item, target.size());
     }
+}
+
+void CSelectionShape::resize(CGraphicsItemBase &item, const QSize &size)
+{
+    const QSizeF before = item.rect().size();
+    const QSize fitting = size.expandedTo(CReceiverAreas::smallest(item.cabinet(), before.toSize()));
+    if (before == QSizeF(fitting))
+        return;
+    m_recorder.record<CReszieCommand>(item, before, QSizeF(fitting));
+    CAreaRecorder::scale(m_recorder, item, before, fitting);
 }
 
 void CSelectionShape::arrange(int columns)

@@ -4,6 +4,7 @@
 
 #include "layout/api/records/SSettings.h"
 
+#include <QCoreApplication>
 #include <QPoint>
 #include <QSize>
 
@@ -16,6 +17,8 @@ class IEditing;
 /// makes one undo step. Each does nothing at all if a port that it would change is locked. GUI thread.
 class CSelectionShape final
 {
+    Q_DECLARE_TR_FUNCTIONS(CSelectionShape)
+
 public:
     using TypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
 
@@ -29,8 +32,9 @@ public:
     /// Moves the selection as a whole, so that the upper left corner of its extent is at @p corner, canvas
     /// pixels.
     void moveTo(const QPoint &corner);
-    /// Gives each selected cabinet that is in no group @p size. The upper left corners stay; receiver areas
-    /// are scaled and keep at least one pixel.
+    /// Scales the selection as a whole, so that its extent gets @p size; the upper left corner stays, what
+    /// stands side by side stays so. Items of a group keep their size and follow. Receiver areas are scaled
+    /// and keep at least one pixel. Does nothing if a cabinet would get a size that is not allowed.
     void resizeTo(const QSize &size);
     /// Arranges the selected items in rows of @p columns items, in the order of their present positions,
     /// beginning at the upper left corner of their extent. The largest item sets the pitch.
@@ -40,6 +44,7 @@ public:
 
 private:
     void move(CGraphicsItemBase &item, const QPointF &target);
+    void resize(CGraphicsItemBase &item, const QSize &size);
 
     IEditing &m_editing;
     const CSceneSelection &m_selection;

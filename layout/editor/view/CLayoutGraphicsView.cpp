@@ -90,6 +90,8 @@ void CLayoutGraphicsView::connectScene()
             [this] { m_toolBar->chooseMode(isBlocked() ? Bar::Hand : Bar::Arrow); });
     connect(m_scene, &Scene::notifyCanUndoChanged, this, &CLayoutGraphicsView::onNotifyCanUndoChanged);
     connect(m_scene, &Scene::notifyCanRedoChanged, this, &CLayoutGraphicsView::onNotifyCanRedoChanged);
+    m_selectionTold.setSingleShot(true);
+    connect(&m_selectionTold, &QTimer::timeout, this, &CLayoutGraphicsView::tellSelection);
     connect(m_scene, &Scene::notifySelectedItemGeometryChanged, this,
             &CLayoutGraphicsView::onNotifySelectedItemGeometryChanged);
     connect(m_scene, &Scene::notifySelectedChanged, this, &CLayoutGraphicsView::onNotifySelectedChanged);
@@ -279,17 +281,23 @@ void CLayoutGraphicsView::onNotifySelectedChanged(const QList<int> &ports, bool 
     m_ports->setHasSelection(!ports.isEmpty());
     aerialView().scheduleRefresh();
     Q_EMIT notifySelectedPort(ports);
-    static const auto infos = QMetaMethod::fromSignal(&CLayoutGraphicsView::notifySelectedCabinetInfos);
-    if (isSignalConnected(infos)) // a permanent connection would make the scene build them each time
-        Q_EMIT notifySelectedCabinetInfos(m_scene->selection().records());
     onNotifySelectedItemGeometryChanged();
 }
 
 void CLayoutGraphicsView::onNotifySelectedItemGeometryChanged()
 {
-    static const QMetaMethod signal =
-        QMetaMethod::fromSignal(&CLayoutGraphicsView::notifySelectedCabinetGeometryChanged);
-    if (isSignalConnected(signal)) // computing the extent costs a walk over the selection
+    m_selectionTold.start();
+}
+
+/// Once for all that happens until the event loop is back: records and extent cost a walk over the selection.
+void CLayoutGraphicsView::tellSelection()
+{
+    using View = CLayoutGraphicsView;
+    static const auto infos = QMetaMethod::fromSignal(&View::notifySelectedCabinetInfos);
+    static const auto geometry = QMetaMethod::fromSignal(&View::notifySelectedCabinetGeometryChanged);
+    if (isSignalConnected(infos))
+        Q_EMIT notifySelectedCabinetInfos(m_scene->selection().records());
+    if (isSignalConnected(geometry))
         Q_EMIT notifySelectedCabinetGeometryChanged(m_scene->selection().extent());
 }
 

@@ -8,6 +8,8 @@
 #include "layout/editor/view/CEditHistories.h"
 #include "platform/graphics/CGraphicsView.h"
 
+#include <QTimer>
+
 class CCabinetGraphicsScene;
 class CEditorToolBar;
 class CFarPorts;
@@ -111,6 +113,7 @@ private:
     void clearTopology();
     void openAppendMenu(const QPoint &globalPos);
     void highlight();
+    void tellSelection();
     QList<Cabinet> cabinetsOf(int port) const;
 
     CCabinetGraphicsScene *m_scene;
@@ -121,6 +124,7 @@ private:
     CStatusWords *m_words;
     IEditorCommands *m_commands = nullptr;
     const CFarPorts *m_farPorts = nullptr; // during a frame
+    QTimer m_selectionTold; // runs out when the selection is to be announced
     QUuid m_processor;
     bool m_blocked = false; // by the controller
     bool m_backup = false;  // the processor in view follows another one

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/editor/random/CReferenceModel.h"
 
+#include "layout/api/records/LayoutLimits.h"
 #include "layout/geometry/CAppendPlan.h"
 #include "layout/geometry/CReceiverAreas.h"
 #include "layout/geometry/CResizeHandles.h"
@@ -109,9 +110,22 @@ void CReferenceModel::moveTo(const QSet<QUuid> &items, const QPoint &corner)
 
 void CReferenceModel::resizeTo(const QSet<QUuid> &items, const QSize &size)
 {
+    QRect extent;
+    for (const QUuid &item : items)
+        extent |= rectOf(item);
+    const auto takesSize = [this](const QUuid &item) { return !isGroup(item) && groupOf(item).isNull(); };
+    QHash<QUuid, QRect> targets;
     for (const QUuid &item : items) {
-        if (!isGroup(item) && groupOf(item).isNull())
-            giveSize(m_cabinets[item], size);
+        const QRect target =
+            CResizeHandles::mapped(rectOf(item), extent, QRectF(extent.topLeft(), size)).toRect();
+        if (takesSize(item) && !LayoutLimits::isCabinetSize(target.size()))
+            return;
+        targets.insert(item, target);
+    }
+    for (const QUuid &item : items) {
+        translate({item}, targets[item].topLeft() - rectOf(item).topLeft());
+        if (takesSize(item))
+            giveSize(m_cabinets[item], targets[item].size());
     }
 }
 

@@ -1,0 +1,85 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/panels/CTopologyLabel.h"
+
+#include "layout/data/CLayoutData.h"
+#include "layout/geometry/CSnakeOrder.h"
+#include "layout/panels/SelectedPorts.h"
+
+#include <QButtonGroup>
+#include <QGridLayout>
+#include <QToolButton>
+#include <QVariant>
+
+namespace {
+
+constexpr int TopologyToolLocation = 3;
+constexpr int TopologyColumns = 4; // a column for each corner in which a wire begins
+constexpr QSize TopologyIconSize(40, 28);
+constexpr QSize TopologyButtonSize(82, 34);
+
+} // namespace
+
+CTopologyLabel::CTopologyLabel(const SUnitServices &services)
+    : m_store(services.store)
+    , m_buttons(new QButtonGroup(this))
+{
+    buildUi();
+    connect(m_buttons, &QButtonGroup::idClicked, this, &CTopologyLabel::buttonClicked);
+    updateEnabled();
+}
+
+void CTopologyLabel::setEditingBlocked(bool blocked)
+{
+    m_blocked = blocked;
+    updateEnabled();
+}
+
+void CTopologyLabel::onSelectedPorts(const QList<int> &ports)
+{
+    m_selectedPorts = ports;
+    updateEnabled();
+}
+
+void CTopologyLabel::setButtonEnable(bool enable)
+{
+    for (QAbstractButton *button : m_buttons->buttons())
+        button->setEnabled(enable);
+}
+
+void CTopologyLabel::buildUi()
+{
+    SetTitle(tr("Topology"));
+    setProperty("ToolLocation", TopologyToolLocation);
+    m_buttons->setExclusive(true);
+    auto *grid = new QGridLayout;
+    grid->setSpacing(4);
+    for (int pattern = 0; pattern < CSnakeOrder::PatternCount; ++pattern) {
+        QToolButton *button = makeButton(pattern);
+        m_buttons->addButton(button, pattern);
+        grid->addWidget(button, pattern / TopologyColumns, pattern % TopologyColumns);
+    }
+    contentLayout()->addLayout(grid);
+}
+
+QToolButton *CTopologyLabel::makeButton(int pattern)
+{
+    const CSnakeOrder::SPattern &snake = CSnakeOrder::patterns().at(pattern);
+    auto *button = new QToolButton;
+    button->setObjectName(QStringLiteral("HasBackground"));
+    button->setStyleSheet(QStringLiteral("QToolButton#HasBackground{border-radius:3px;}"));
+    button->setCheckable(true); // shows the pattern that was used last
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->setFixedSize(TopologyButtonSize);
+    button->setIconSize(TopologyIconSize);
+    button->setIcon(
+        QIcon(QStringLiteral(":/Image/Layout/SidePanel/Topology/%1.svg").arg(QLatin1String(snake.iconName))));
+    button->setToolTip(QLatin1String(snake.name));
+    button->setAccessibleName(QLatin1String(snake.name));
+    return button;
+}
+
+void CTopologyLabel::updateEnabled()
+{
+    setButtonEnable(!m_blocked && SelectedPorts::mayBeEdited(m_store, m_selectedPorts));
+}

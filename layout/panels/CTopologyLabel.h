@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/panels/ISidePanelUnit.h"
+#include "platform/widgets/CUnitLabel.h"
+
+class QButtonGroup;
+class QToolButton;
+
+/// The unit "Topology": a button for each snake pattern. GUI thread.
+class CTopologyLabel final : public CUnitLabel, public ISidePanelUnit
+{
+    Q_OBJECT
+
+public:
+    explicit CTopologyLabel(const SUnitServices &services);
+
+    void setEditingBlocked(bool blocked) override;
+    void onSelectedPorts(const QList<int> &ports) override;
+    void onPortStatesChanged() override { updateEnabled(); }
+
+Q_SIGNALS:
+    /// The user wants the selection wired by the pattern with this number.
+    void buttonClicked(int pattern);
+
+public Q_SLOTS:
+    void setButtonEnable(bool enable); ///< all eight
+
+private:
+    void buildUi();
+    QToolButton *makeButton(int pattern);
+    void updateEnabled();
+
+    const CLayoutData &m_store;
+    QButtonGroup *m_buttons;
+    QList<int> m_selectedPorts;
+    bool m_blocked = false;
+};

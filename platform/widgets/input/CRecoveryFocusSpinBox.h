@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QPointer>
+#include <QSpinBox>
+
+#include <optional>
+
+/// A field for a figure of what is selected. What is typed, a number or a sum such as "1920/2", counts when
+/// Enter is pressed or the focus leaves; Escape brings back the figure before. A number beyond the range
+/// counts as the nearest limit. Who clicked into the field gets the focus back to where it was after Enter or
+/// Escape. Undo and redo belong to the window while nothing is typed. GUI thread.
+class CRecoveryFocusSpinBox final : public QSpinBox
+{
+    Q_OBJECT
+
+public:
+    explicit CRecoveryFocusSpinBox(QWidget *parent = nullptr);
+
+    /// Shows @p figure, moved into the range, without announcing it. What is being typed stays unless the
+    /// figure is another one than before.
+    void showFigure(int figure);
+    /// Shows that there is no one figure: the selected things differ, or there are none.
+    void showMixed();
+    bool isMixed() const { return !m_shown; }
+
+Q_SIGNALS:
+    /// The user has entered @p figure, another one than was shown, by keyboard, arrows or wheel.
+    void notifyFigureEntered(int figure);
+
+protected:
+    bool event(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void stepBy(int steps) override;
+    QValidator::State validate(QString &text, int &position) const override;
+    int valueFromText(const QString &text) const override;
+    QString textFromValue(int value) const override;
+    void fixup(QString &text) const override;
+
+private:
+    void commit();
+    void restore();
+    void recoverFocus();
+
+    std::optional<int> m_shown;   ///< none: mixed
+    mutable bool m_typed = false; ///< since the figure was shown; mutable as fixup() drops what is empty
+    bool m_clicked = false;       ///< the focus came by a click
+    QPointer<QWidget> m_before;   ///< had the focus before a click into the field
+};

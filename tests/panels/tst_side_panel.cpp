@@ -1,0 +1,183 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/panels/CBackupLabel.h"
+#include "layout/panels/CLayoutSidePanel.h"
+#include "platform/widgets/input/CRecoveryFocusSpinBox.h"
+#include "platform/widgets/input/SumExpression.h"
+#include "tests/harness/CTestBase.h"
+#include "tests/harness/DialogUser.h"
+#include "tests/harness/SStoreWorld.h"
+#include "tests/panels/SUnitWorld.h"
+
+#include <QCheckBox>
+#include <QSignalSpy>
+#include <QToolButton>
+
+namespace {
+
+using Cabinet = CabinetLayout::CabinetPort::Cabinet;
+
+QList<Cabinet> cabinetsAt(const QList<QPoint> &corners)
+{
+    QList<Cabinet> cabinets;
+    for (const QPoint &corner : corners) {
+        Cabinet cabinet;
+        cabinet.uuid = QUuid::createUuid();
+        cabinet.rect = QRect(corner, QSize(100, 50));
+        cabinets << cabinet;
+    }
+    return cabinets;
+}
+
+/// The side panel of a processor with two ports, shown; three cabinets of the first are selected, in two
+/// rows.
+struct SPanelWorld final : SStoreWorld
+{
+    QUuid processor = host.addProcessor(QStringLiteral("A"), 2, 2);
+    CNotedMappingCommands mapping;
+    CLayoutSidePanel panel{SUnitServices{store, mapping}};
+
+    SPanelWorld()
+    {
+        show(processor);
+        store.openProcessor(processor);
+        panel.onCurrentProcessorChanged(host.answers()->nodes.first());
+        select();
+        panel.show();
+    }
+    void select()
+    {
+        panel.onNotifySelectedPort({0});
+        panel.onNotifySelectedCabinetInfos(cabinetsAt({{0, 0}, {100, 0}, {0, 50}}));
+        panel.onNotifySelectedCabinetGeometryChanged(QRect(0, 0, 200, 100));
+    }
+    CRecoveryFocusSpinBox &field(const char *name) const
+    {
+        return *named<CRecoveryFocusSpinBox>(panel, name);
+    }
+    void type(const char *name, const char *text) const
+    {
+        CRecoveryFocusSpinBox &edited = field(name);
+        edited.setFocus();
+        edited.selectAll();
+        QTest::keyClicks(&edited, QString::fromLatin1(text));
+        QTest::keyClick(&edited, Qt::Key_Return);
+    }
+    QCheckBox &lock() const { return *buttonWithText(panel); }
+    static QCheckBox *buttonWithText(const QWidget &panel)
+    {
+        for (QCheckBox *box : panel.findChildren<QCheckBox *>()) {
+            if (box->text() == QLatin1String("Lock to prevent edits"))
+                return box;
+        }
+        return nullptr;
+    }
+};
+
+} // namespace
+
+class CSidePanelTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void evaluatesSums_data()
+    {
+        QTest::addColumn<double>("value"); // -1: no sum
+        const QVector<QPair<const char *, double>> sums{
+            {"1920/2", 960},   {"3*192", 576}, {"2+3*4", 14}, {"(2+3)*4", 20}, {"10-2-3", 5},
+            {"100/8/2", 6.25}, {"-(3)+ 5", 2}, {"1/0", -1},   {"3*", -1},      {"", -1},
+            {"(1", -1},        {"1)", -1},     {"1 2", 12},   {"1e5", -1},     {"..", -1}};
+        for (const auto &[text, value] : sums)
+            QTest::newRow(text) << value;
+    }
+    void evaluatesSums()
+    {
+        QFETCH(double, value);
+        QCOMPARE(SumExpression::evaluate(QString::fromLatin1(QTest::currentDataTag())).value_or(-1), value);
+    }
+
+    void figuresOfTheSelectionAreEdited()
+    {
+        const SPanelWorld world;
+        QCOMPARE(world.field("Columns").value(), 2);
+        QCOMPARE(world.field("Rows").value(), 2);
+        const QSignalSpy places(&world.panel, &CLayoutSidePanel::notifySelectedCabinetPositionChanged);
+        const QSignalSpy sizes(&world.panel, &CLayoutSidePanel::notifySelectedCabinetSizeChanged);
+        const QSignalSpy ranks(&world.panel, &CLayoutSidePanel::notifySelectedCabinetRankChanged);
+        world.type("X", "1920/2");
+        QCOMPARE(places.last().first().toPoint(), QPoint(960, 0));
+        QCOMPARE(world.field("X").value(), 0); // as nothing was moved
+        world.type("Y", "0");
+        QCOMPARE(places.count(), 1); // is there already
+        world.type("Height", "3*192");
+        QCOMPARE(sizes.last().first().toSize(), QSize(200, 576));
+        world.type("Rows", "3");
+        QCOMPARE(ranks.last().first().toInt(), 1);
+        world.type("Columns", "99");
+        QCOMPARE(ranks.last().first().toInt(), 3);
+        world.type("Width", "3*");
+        QCOMPARE(sizes.count(), 1);
+        QCOMPARE(world.field("Width").text(), QStringLiteral("200"));
+    }
+
+    void typedFiguresWaitForTheirEnd()
+    {
+        SPanelWorld world;
+        const QSignalSpy places(&world.panel, &CLayoutSidePanel::notifySelectedCabinetPositionChanged);
+        CRecoveryFocusSpinBox &x = world.field("X");
+        x.setFocus();
+        x.selectAll();
+        QTest::keyClicks(&x, QStringLiteral("30"));
+        world.select(); // the same again
+        QCOMPARE(x.text(), QStringLiteral("30"));
+        QTest::keyClick(&x, Qt::Key_Escape);
+        QCOMPARE(x.text(), QStringLiteral("0"));
+        QCOMPARE(places.count(), 0);
+        QTest::keyClick(&x, Qt::Key_Up);
+        QCOMPARE(places.last().first().toPoint(), QPoint(1, 0));
+        world.panel.onNotifySelectedCabinetGeometryChanged({}); // nothing is selected
+        QVERIFY(x.isMixed() && x.text().isEmpty());
+        QTest::keyClick(&x, Qt::Key_Return);
+        QCOMPARE(places.count(), 1);
+        world.panel.onNotifySelectedCabinetInfos(cabinetsAt({{0, 0}, {100, 10}}));
+        QVERIFY(world.field("Columns").isMixed());
+        world.panel.onNotifySelectedCabinetInfos(cabinetsAt({{0, 0}, {100, 50}, {0, 50}}));
+        QVERIFY(world.field("Rows").isMixed()); // the first row is not full
+    }
+
+    void refusedEditsCannotBeAskedFor()
+    {
+        SPanelWorld world;
+        const auto editable = [&world] {
+            const QToolButton &pattern = *named<QToolButton>(world.panel, "BTT LTR snake");
+            const bool field = world.field("X").isEnabled();
+            return field == pattern.isEnabled() ? QVariant(field) : QVariant();
+        };
+        const QSignalSpy patterns(&world.panel, &CLayoutSidePanel::notifyTopologybuttonClicked);
+        named<QToolButton>(world.panel, "BTT LTR snake")->click();
+        QCOMPARE(patterns.last().first().toInt(), 7);
+        QCOMPARE(editable(), QVariant(true));
+        world.lock().click();
+        QVERIFY(world.store.isPortLocked(0) && !world.store.isPortLocked(1));
+        QCOMPARE(editable(), QVariant(false));
+        world.panel.onNotifySelectedPort({0, 1});
+        QCOMPARE(world.lock().checkState(), Qt::PartiallyChecked);
+        world.lock().click();
+        QVERIFY(world.store.isPortLocked(0) && world.store.isPortLocked(1));
+        world.lock().click();
+        QVERIFY(!world.store.isPortLocked(0) && !world.store.isPortLocked(1));
+        QCOMPARE(editable(), QVariant(true));
+        world.panel.setEditingBlocked(true);
+        QCOMPARE(editable(), QVariant(false));
+        QVERIFY(!world.lock().isEnabled());
+        world.panel.setEditingBlocked(false);
+        world.panel.onNotifySelectedPort({});
+        QCOMPARE(editable(), QVariant(false));
+        world.lock().click(); // the whole processor
+        QVERIFY(world.store.isPortLocked(0) && world.store.isPortLocked(1));
+    }
+};
+
+ORVO_TEST_MAIN(QApplication, CSidePanelTest)
+#include "tst_side_panel.moc"
