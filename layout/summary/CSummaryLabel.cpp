@@ -2,13 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/summary/CSummaryLabel.h"
 
-#include "platform/widgets/input/CClampedSpinBox.h"
+#include "platform/widgets/input/CRecoveryFocusSpinBox.h"
 
 #include <QFormLayout>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
-#include <QSignalBlocker>
 #include <QVBoxLayout>
 
 #include <limits>
@@ -19,27 +16,6 @@ constexpr int LabelWidth = 200;
 constexpr int FieldWidth = 100;
 constexpr int CaptionWidth = 52;
 constexpr int LargestFigure = std::numeric_limits<int>::max();
-
-/// The text of a field in which nobody is typing.
-QString textOf(const QSpinBox &field)
-{
-    QLocale locale = field.locale();
-    locale.setNumberOptions(locale.numberOptions() | QLocale::OmitGroupSeparator);
-    return locale.toString(field.value());
-}
-
-bool isBeingTyped(const QSpinBox &field)
-{
-    return field.text() != textOf(field);
-}
-
-/// Keeps what is being typed, unless the value has changed.
-void present(QSpinBox &field, int figure)
-{
-    const QSignalBlocker blocker(field);
-    if (figure != field.value() || !isBeingTyped(field))
-        field.setValue(figure);
-}
 
 } // namespace
 
@@ -73,42 +49,14 @@ void CSummaryLabel::setEditable(bool editable)
 void CSummaryLabel::onItemGeometryChanged(const QRectF &geometry)
 {
     const QSize area = geometry.size().toSize();
-    m_width->setValue(area.width());
-    m_height->setValue(area.height());
+    m_width->showFigure(area.width());
+    m_height->showFigure(area.height());
 }
 
 void CSummaryLabel::onItemOffsetChanged(const QPoint &offset)
 {
-    present(*m_x, offset.x());
-    present(*m_y, offset.y());
-}
-
-bool CSummaryLabel::eventFilter(QObject *watched, QEvent *event)
-{
-    auto *field = qobject_cast<QSpinBox *>(watched);
-    if (!field)
-        return QWidget::eventFilter(watched, event);
-    if (event->type() == QEvent::Wheel && !field->hasFocus()) {
-        event->ignore(); // scrolling over a field must not change it
-        return true;
-    }
-    if (event->type() != QEvent::KeyPress && event->type() != QEvent::ShortcutOverride)
-        return false;
-    const auto *key = static_cast<QKeyEvent *>(event);
-    if (key->key() == Qt::Key_Escape && isBeingTyped(*field)) {
-        auto *line = field->findChild<QLineEdit *>();
-        line->setText(textOf(*field));
-        line->selectAll();
-        event->accept();
-        return true;
-    }
-    if (event->type() != QEvent::ShortcutOverride || isBeingTyped(*field))
-        return false;
-    const bool step = key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo) ||
-                      (key->key() == Qt::Key_Y && key->modifiers() == Qt::ControlModifier);
-    if (step)
-        event->ignore(); // the field has nothing to undo, but the page has
-    return step;
+    m_x->showFigure(offset.x());
+    m_y->showFigure(offset.y());
 }
 
 void CSummaryLabel::buildUi()
@@ -134,7 +82,7 @@ void CSummaryLabel::buildUi()
     QFormLayout *areaForm = addSection(*column, area);
     m_width = addField(*areaForm, area, tr("Width"));
     m_height = addField(*areaForm, area, tr("Height"));
-    for (QSpinBox *field : {m_width, m_height}) {
+    for (CRecoveryFocusSpinBox *field : {m_width, m_height}) {
         field->setRange(0, LargestFigure);
         field->setReadOnly(true); // set with the canvas of the processor
         field->setButtonSymbols(QAbstractSpinBox::NoButtons);
@@ -143,12 +91,8 @@ void CSummaryLabel::buildUi()
     QFormLayout *offsetForm = addSection(*column, offset);
     m_x = addField(*offsetForm, offset, tr("X"));
     m_y = addField(*offsetForm, offset, tr("Y"));
-    for (QSpinBox *field : {m_x, m_y}) {
+    for (CRecoveryFocusSpinBox *field : {m_x, m_y})
         field->setRange(-LargestFigure, LargestFigure);
-        field->setKeyboardTracking(false);
-        field->setFocusPolicy(Qt::StrongFocus);
-        field->installEventFilter(this);
-    }
     column->addWidget(m_note);
     column->addStretch(1);
 }
@@ -163,9 +107,9 @@ QFormLayout *CSummaryLabel::addSection(QVBoxLayout &column, const QString &headi
     return form;
 }
 
-QSpinBox *CSummaryLabel::addField(QFormLayout &form, const QString &heading, const QString &name)
+CRecoveryFocusSpinBox *CSummaryLabel::addField(QFormLayout &form, const QString &heading, const QString &name)
 {
-    auto *field = new CSpinBox;
+    auto *field = new CRecoveryFocusSpinBox;
     field->setFixedWidth(FieldWidth);
     field->setAccessibleName(QStringLiteral("%1, %2").arg(heading, name));
     auto *caption = new QLabel(name);
@@ -177,6 +121,6 @@ QSpinBox *CSummaryLabel::addField(QFormLayout &form, const QString &heading, con
 void CSummaryLabel::connectSignals()
 {
     const auto announce = [this] { Q_EMIT notifyItemOffsetChanged({m_x->value(), m_y->value()}); };
-    connect(m_x, qOverload<int>(&QSpinBox::valueChanged), this, announce);
-    connect(m_y, qOverload<int>(&QSpinBox::valueChanged), this, announce);
+    connect(m_x, &CRecoveryFocusSpinBox::notifyFigureEntered, this, announce);
+    connect(m_y, &CRecoveryFocusSpinBox::notifyFigureEntered, this, announce);
 }

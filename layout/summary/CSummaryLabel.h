@@ -4,9 +4,9 @@
 
 #include <QWidget>
 
+class CRecoveryFocusSpinBox;
 class QFormLayout;
 class QLabel;
-class QSpinBox;
 class QVBoxLayout;
 
 /// Shows the area and the offset of what is selected in the summary; the offset can be entered. It is applied
@@ -31,19 +31,16 @@ public Q_SLOTS:
     void onItemGeometryChanged(const QRectF &geometry);
     void onItemOffsetChanged(const QPoint &offset);
 
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
     void buildUi();
     void connectSignals();
     QFormLayout *addSection(QVBoxLayout &column, const QString &heading);
-    QSpinBox *addField(QFormLayout &form, const QString &heading, const QString &name);
+    CRecoveryFocusSpinBox *addField(QFormLayout &form, const QString &heading, const QString &name);
 
     QLabel *m_title = nullptr;
     QLabel *m_note = nullptr;
-    QSpinBox *m_width = nullptr;
-    QSpinBox *m_height = nullptr;
-    QSpinBox *m_x = nullptr;
-    QSpinBox *m_y = nullptr;
+    CRecoveryFocusSpinBox *m_width = nullptr;
+    CRecoveryFocusSpinBox *m_height = nullptr;
+    CRecoveryFocusSpinBox *m_x = nullptr;
+    CRecoveryFocusSpinBox *m_y = nullptr;
 };
