@@ -17,6 +17,8 @@
 
 namespace MouseWorld {
 
+using SmallWorlds::groupOf;
+
 inline CabinetLayout::CabinetPort::Cabinet cabinetAt(int port, const QPoint &place,
                                                      const char *type = nullptr)
 {
@@ -25,19 +27,6 @@ inline CabinetLayout::CabinetPort::Cabinet cabinetAt(int port, const QPoint &pla
     if (type)
         cabinet.type = SMD5::ofContent(type);
     return cabinet;
-}
-
-inline CabinetLayout::CabinetPort::CabinetGroup
-groupOf(QVector<CabinetLayout::CabinetPort::Cabinet> cabinets,
-        const QVector<CabinetLayout::CabinetPort::CabinetGroup> &groups = {})
-{
-    CabinetLayout::CabinetPort::CabinetGroup group;
-    group.uuid = QUuid::createUuid();
-    for (auto &cabinet : cabinets)
-        cabinet.group = group.uuid;
-    group.cabinets = cabinets;
-    group.groups = groups;
-    return group;
 }
 
 /// Port 0: three loose cabinets in a row from the origin. Port 1: an L-shaped group that contains a group of

@@ -61,20 +61,23 @@ inline Port partlyWiredPort(int index)
     return port(index, {group});
 }
 
-/// A loose cabinet, and a group that holds a cabinet and a group of two.
+inline Group groupOf(QVector<Cabinet> cabinets, const QVector<Group> &groups = {})
+{
+    Group group;
+    group.uuid = QUuid::createUuid();
+    for (Cabinet &member : cabinets)
+        member.group = group.uuid;
+    group.cabinets = cabinets;
+    group.groups = groups;
+    return group;
+}
+
+/// A loose cabinet, and a group that contains a cabinet and a group of two.
 inline Port nestedPort(int index)
 {
-    Group inner;
-    inner.uuid = QUuid::createUuid();
-    inner.cabinets = {cabinet(index, 2, 0), cabinet(index, 3, 1)};
-    Group outer;
-    outer.uuid = QUuid::createUuid();
+    const Group inner = groupOf({cabinet(index, 2, 0), cabinet(index, 3, 1)});
+    Group outer = groupOf({cabinet(index, 40, 2)}, {inner});
     outer.name = QStringLiteral("outer");
-    outer.cabinets = {cabinet(index, 40, 2)};
-    for (Cabinet &member : inner.cabinets)
-        member.group = inner.uuid;
-    outer.cabinets[0].group = outer.uuid;
-    outer.groups = {inner};
     return port(index, {loose(index, 1), outer});
 }
 
@@ -84,17 +87,9 @@ inline Port groupedPort(int index, int count, int size)
     const QVector<Cabinet> cabinets = wiredPort(index, count).groups.first().cabinets;
     QVector<Group> outers;
     for (int begin = 0; begin < count; begin += size) {
-        Group group;
-        group.uuid = QUuid::createUuid();
-        group.cabinets = cabinets.mid(begin, size);
-        for (Cabinet &member : group.cabinets)
-            member.group = group.uuid;
-        if (begin / size % 2 == 0) {
-            Group outer;
-            outer.uuid = QUuid::createUuid();
-            outers << outer;
-        }
-        outers.last().groups << group;
+        if (begin / size % 2 == 0)
+            outers << groupOf({});
+        outers.last().groups << groupOf(cabinets.mid(begin, size));
     }
     return port(index, outers);
 }

@@ -262,16 +262,14 @@ QString CRandomWorld::checkHistory()
 {
     m_world.states.locked.clear();
     m_world.states.redundancy.clear();
-    const auto comparesAt = [this](int index) { return m_history.at(index) == comparable(); };
-    while (m_scene.undoStack()->canUndo()) {
-        m_scene.undo(nullptr);
-        if (!comparesAt(m_scene.undoStack()->index()))
-            return QStringLiteral("undoing everything does not pass through what was seen");
-    }
-    while (m_scene.undoStack()->canRedo()) {
-        m_scene.redo(nullptr);
-        if (!comparesAt(m_scene.undoStack()->index()))
-            return QStringLiteral("redoing everything does not pass through what was seen");
+    const QUndoStack &stack = *m_scene.undoStack();
+    for (const bool undoing : {true, false}) {
+        while (undoing ? stack.canUndo() : stack.canRedo()) {
+            undoing ? m_scene.undo(nullptr) : m_scene.redo(nullptr);
+            if (m_history.at(stack.index()) != comparable())
+                return QStringLiteral("%1 everything does not pass through what was seen")
+                    .arg(undoing ? QStringLiteral("undoing") : QStringLiteral("redoing"));
+        }
     }
     const QString color = checkColors();
     return color.isEmpty() ? CSceneVerifier::faultIn(m_scene) : color;
