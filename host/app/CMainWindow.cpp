@@ -11,6 +11,7 @@
 #include "host/app/CProjectCommands.h"
 #include "host/app/CSimulationMenu.h"
 #include "host/app/CTypeLibraryDialog.h"
+#include "host/app/CWindowMenus.h"
 #include "host/app/CWorkModeMenu.h"
 #include "host/app/SAppOptions.h"
 #include "host/app/screen/CScreenWindow.h"
@@ -18,6 +19,7 @@
 #include "host/devices/CLayoutHandler.h"
 #include "host/devices/jobs/CDeviceJob.h"
 #include "host/devices/services/CSimulatedPark.h"
+#include "host/projects/CSafeFile.h"
 #include "layout/api/ILayoutInterface.h"
 #include "layout/resources/LayoutResources.h"
 #include "platform/widgets/CElidedLabel.h"
@@ -39,6 +41,7 @@
 namespace {
 
 constexpr int MessageMilliseconds = 8000;
+constexpr int OfflineMilliseconds = 2000; // between two questions to a processor that is offline
 constexpr QSize SmallestWindow(900, 480);
 
 QStringList projectFilesOf(const QMimeData &data)
@@ -86,6 +89,7 @@ void CMainWindow::buildUi()
     m_workMode = new CWorkModeMenu(m_manager.table(), m_manager.commands(), this);
     m_simulation = new CSimulationMenu(m_manager, this);
     m_actions = SMainActions::create(*this, *m_workMode, *m_simulation);
+    m_menus = new CWindowMenus(m_actions, *m_module, m_settings, m_manager.table(), this);
 
     m_splitter = new QSplitter;
     m_splitter->setChildrenCollapsible(false);
@@ -116,6 +120,7 @@ void CMainWindow::connectActions()
     connect(m_actions.openDemo, &QAction::triggered, m_projects.get(), &CProjectCommands::openDemo);
     connect(m_actions.saveProject, &QAction::triggered, this, [=] { m_projects->save(selected()); });
     connect(m_actions.saveProjectAs, &QAction::triggered, this, [=] { m_projects->saveAs(selected()); });
+    connect(m_actions.exportLayout, &QAction::triggered, this, [=] { m_projects->exportLayout(selected()); });
     connect(m_actions.closeProject, &QAction::triggered, this, [=] { m_projects->close(selected()); });
     connect(m_actions.quit, &QAction::triggered, this, &QWidget::close);
     connect(m_actions.detect, &QAction::triggered, this, [this] { m_manager.jobs().detect(); });
@@ -123,8 +128,12 @@ void CMainWindow::connectActions()
             [this] { CTypeLibraryDialog(CTypeLibrary::builtIn(), this).exec(); });
     connect(m_actions.about, &QAction::triggered, this, &CMainWindow::showAbout);
     connect(m_actions.openLogFolder, &QAction::triggered, this, &CMainWindow::openLogFolder);
-    connect(m_actions.recentProjects, &QMenu::aboutToShow, this, &CMainWindow::fillRecentMenu);
-    connect(m_actions.processor, &QMenu::aboutToShow, this, &CMainWindow::fillProcessorMenu);
+    connect(m_menus, &CWindowMenus::notifyRecentChosen, this,
+            [this](const QString &file) { m_projects->open({file}); });
+    connect(m_menus, &CWindowMenus::notifyRecentCleared, this, [this] {
+        m_settings.clearRecentProjects();
+        updateActions();
+    });
     connect(m_projects.get(), &CProjectCommands::notifyWorking, statusBar(),
             [this](const QString &text) { statusBar()->showMessage(text); });
     connect(m_projects.get(), &CProjectCommands::notifyOpened, this, [this](const QUuid &project) {
@@ -160,7 +169,7 @@ void CMainWindow::connectDevices()
             &CScreenWindow::setUnplugged);
     connect(m_screen.get(), &CScreenWindow::notifyClosedByUser, this, &CMainWindow::onScreenClosed);
     connect(m_devices, &CDevicePanel::notifySelectionChanged, this, &CMainWindow::updateActions);
-    connect(m_devices, &CDevicePanel::notifyMenuRequested, this, &CMainWindow::showProcessorMenu);
+    connect(m_devices, &CDevicePanel::notifyMenuRequested, m_menus, &CWindowMenus::showProcessorMenu);
 }
 
 void CMainWindow::loadModule(const QString &file)
@@ -172,6 +181,8 @@ void CMainWindow::loadModule(const QString &file)
 
 void CMainWindow::start(const SAppOptions &options)
 {
+    cleanUpProjectFolders();
+    m_manager.offlineWatch().start(OfflineMilliseconds);
     for (const SAppOptions::SSimulation &simulation : options.simulations)
         simulate(simulation.processor, simulation.fault, simulation.on);
     if (options.demo)
@@ -208,6 +219,8 @@ void CMainWindow::shutDown()
     m_manager.services().flush();
     m_manager.stop(); // first, so that the module still learns what ends now
     m_module->stop();
+    if (m_cleaning.joinable())
+        m_cleaning.join();
 }
 
 bool CMainWindow::confirmStop()
@@ -288,44 +301,14 @@ void CMainWindow::onScreenClosed()
         layout->setScreenShown(false);
 }
 
-void CMainWindow::showProcessorMenu(const QUuid &processor, const QPoint &position)
+/// A dead disk of a project must not keep the window waiting.
+void CMainWindow::cleanUpProjectFolders()
 {
-    QMenu menu(this);
-    menu.setToolTipsVisible(true);
-    if (ILayoutInterface *layout = m_module->layoutModule())
-        layout->fillProcessorMenu(menu, processor);
-    if (m_manager.table().isProject(processor)) {
-        menu.addSeparator();
-        menu.addAction(m_actions.saveProject);
-        menu.addAction(m_actions.saveProjectAs);
-        menu.addAction(m_actions.closeProject);
-    }
-    menu.exec(position);
-}
-
-void CMainWindow::fillProcessorMenu()
-{
-    m_actions.processor->clear();
-    if (ILayoutInterface *layout = m_module->layoutModule())
-        layout->fillProcessorMenu(*m_actions.processor, m_devices->singleProcessor());
-}
-
-void CMainWindow::fillRecentMenu()
-{
-    QMenu &menu = *m_actions.recentProjects;
-    menu.clear();
-    int number = 0;
-    for (const QString &file : m_settings.recentProjects()) {
-        QString name = QFileInfo(file).fileName();
-        name.replace(QLatin1Char('&'), QLatin1String("&&"));
-        QAction *action = menu.addAction(tr("&%1 %2").arg(++number % 10).arg(name));
-        action->setToolTip(QDir::toNativeSeparators(file));
-        connect(action, &QAction::triggered, this, [this, file] { m_projects->open({file}); });
-    }
-    menu.addSeparator();
-    connect(menu.addAction(tr("&Clear list")), &QAction::triggered, this, [this] {
-        m_settings.clearRecentProjects();
-        updateActions();
+    if (m_cleaning.joinable())
+        return;
+    m_cleaning = std::thread([files = m_settings.recentProjects()] {
+        for (const QString &file : files)
+            CSafeFile::cleanAround(file);
     });
 }
 
@@ -348,12 +331,14 @@ void CMainWindow::updateActions()
     const bool project = m_manager.table().isProject(selected);
     m_actions.saveProject->setEnabled(project); // also without edits: the module may have pending ones
     m_actions.saveProjectAs->setEnabled(!selected.isNull());
+    m_actions.exportLayout->setEnabled(!selected.isNull());
     m_actions.closeProject->setEnabled(project);
     m_actions.detect->setEnabled(!m_manager.jobs().current());
     m_actions.processor->setEnabled(m_module->layoutModule() && !selected.isNull());
     m_actions.recentProjects->setEnabled(!m_settings.recentProjects().isEmpty());
     m_workMode->setProcessor(selected);
     m_simulation->setProcessor(selected);
+    m_menus->setProcessor(selected);
     updateTitles();
 }
 

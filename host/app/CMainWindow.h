@@ -9,6 +9,7 @@
 #include <QMainWindow>
 
 #include <memory>
+#include <thread>
 
 class CDevicePanel;
 class CElidedLabel;
@@ -17,6 +18,7 @@ class CModuleHost;
 class CProjectCommands;
 class CScreenWindow;
 class CSimulationMenu;
+class CWindowMenus;
 class CWorkModeMenu;
 class QSplitter;
 struct SAppOptions;
@@ -61,9 +63,7 @@ private:
     void onJobStarted(CDeviceJob *job);
     void onJobFinished(CDeviceJob *job, const SDeviceOutcome &outcome);
     void onScreenClosed();
-    void showProcessorMenu(const QUuid &processor, const QPoint &position);
-    void fillProcessorMenu();
-    void fillRecentMenu();
+    void cleanUpProjectFolders();
     void showAbout();
     void openLogFolder();
     void updateActions();
@@ -77,9 +77,11 @@ private:
     CWorkModeMenu *m_workMode = nullptr;
     CSimulationMenu *m_simulation = nullptr;
     SMainActions m_actions;
+    CWindowMenus *m_menus = nullptr;
     CDevicePanel *m_devices = nullptr;
     QSplitter *m_splitter = nullptr;
     CElidedLabel *m_processor = nullptr; ///< in the status bar
     CJobProgress *m_progress = nullptr;
     bool m_shutDown = false;
+    std::thread m_cleaning; ///< of the folders of recent projects
 };

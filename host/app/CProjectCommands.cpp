@@ -4,9 +4,11 @@
 
 #include "host/app/CAppSettings.h"
 #include "host/app/CNewProjectDialog.h"
+#include "host/app/commands/CLayoutExport.h"
 #include "host/devices/CProjectShelf.h"
 #include "host/devices/services/CDeviceServices.h"
 #include "host/devices/simulated/CProcessorKinds.h"
+#include "platform/common/CBackgroundCall.h"
 #include "platform/widgets/CMessageBox.h"
 
 #include <QDir>
@@ -88,7 +90,35 @@ void CProjectCommands::openDemo()
 bool CProjectCommands::save(const QUuid &processor)
 {
     const QString file = m_projects.fileOf(processor);
-    return file.isEmpty() ? saveAs(processor) : saveTo(processor, file);
+    if (file.isEmpty())
+        return saveAs(processor);
+    switch (m_projects.isChangedOnDisk(processor) ? askToOverwrite(file) : Overwrite::Yes) {
+    case Overwrite::Yes:
+        return saveTo(processor, file);
+    case Overwrite::Elsewhere:
+        return saveAs(processor);
+    case Overwrite::No:
+        break;
+    }
+    return false;
+}
+
+CProjectCommands::Overwrite CProjectCommands::askToOverwrite(const QString &file)
+{
+    QMessageBox box(QMessageBox::Warning, QStringLiteral("Orvo"),
+                    tr("The file was changed by another window or program since it was opened here."),
+                    QMessageBox::NoButton, &m_window);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(
+        tr("%1\nOverwriting replaces what it holds now.").arg(QDir::toNativeSeparators(file)));
+    const QPushButton *overwrite = box.addButton(tr("&Overwrite"), QMessageBox::DestructiveRole);
+    QPushButton *elsewhere = box.addButton(tr("Save &as..."), QMessageBox::AcceptRole);
+    box.addButton(tr("&Cancel"), QMessageBox::RejectRole);
+    box.setDefaultButton(elsewhere);
+    box.exec();
+    if (box.clickedButton() == overwrite)
+        return Overwrite::Yes;
+    return box.clickedButton() == elsewhere ? Overwrite::Elsewhere : Overwrite::No;
 }
 
 bool CProjectCommands::saveAs(const QUuid &processor)
@@ -122,6 +152,38 @@ bool CProjectCommands::saveTo(const QUuid &processor, const QString &file, const
     m_settings.addRecentProject(file);
     Q_EMIT notifySaved(QDir::toNativeSeparators(file));
     return true;
+}
+
+void CProjectCommands::exportLayout(const QUuid &processor)
+{
+    QString name = nameOf(processor);
+    name.replace(QLatin1Char('/'), QLatin1Char('-'));
+    QFileDialog dialog(&m_window, tr("Export layout"), m_settings.projectFolder());
+    dialog.setNameFilters({tr("Picture(*.png)"), tr("Cabinet list(*.csv)")});
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("png"));
+    connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString &filter) {
+        dialog.setDefaultSuffix(filter.contains(QLatin1String("csv")) ? QStringLiteral("csv")
+                                                                      : QStringLiteral("png"));
+    });
+    dialog.selectFile(name);
+    if (dialog.exec() == QDialog::Accepted)
+        exportTo(processor, dialog.selectedFiles().value(0));
+}
+
+void CProjectCommands::exportTo(const QUuid &processor, const QString &file)
+{
+    m_services.flush();
+    const SDevice device = m_services.table().device(processor).value_or(SDevice());
+    Q_EMIT notifyWorking(tr("Exporting \"%1\"...").arg(QDir::toNativeSeparators(file)));
+    CStatus status = CStatus::failure(tr("The name must end in .png or .csv."));
+    if (CLayoutExport::kindOf(file) != CLayoutExport::Unknown)
+        status = CBackgroundCall::result([&] { return CLayoutExport::write(device.data(), file); });
+    Q_EMIT notifyWorking({});
+    if (status)
+        Q_EMIT notifySaved(QDir::toNativeSeparators(file));
+    else
+        CMessageBox::warning(&m_window, tr("The layout cannot be exported."), status.error());
 }
 
 bool CProjectCommands::close(const QUuid &project)

@@ -32,6 +32,8 @@ public:
     /// Saves to a file that the user chooses; also for the layout of a device. A project saved to another
     /// file is renamed after it.
     bool saveAs(const QUuid &processor);
+    /// Writes a picture or a table of the cabinets to a file that the user chooses.
+    void exportLayout(const QUuid &processor);
     /// Closes a project; asks first if there are unsaved edits. False: still open.
     bool close(const QUuid &project);
     /// Asks about all unsaved edits. False: the user does not want to quit.
@@ -44,6 +46,10 @@ Q_SIGNALS:
     void notifySaved(const QString &file);
 
 private:
+    enum class Overwrite { Yes, Elsewhere, No };
+
+    Overwrite askToOverwrite(const QString &file);
+    void exportTo(const QUuid &processor, const QString &file);
     /// The project is renamed to @p newName, unless that is empty.
     bool saveTo(const QUuid &processor, const QString &file, const QString &newName = {});
     bool askToSave(const QUuid &project);

@@ -29,6 +29,8 @@ SMainActions SMainActions::create(QMainWindow &window, CWorkModeMenu &workMode, 
     SMainActions actions;
     actions.createActions(window);
     actions.buildFileMenu(window);
+    actions.edit = window.menuBar()->addMenu(tr("&Edit"));
+    actions.view = window.menuBar()->addMenu(tr("&View"));
     actions.buildDeviceMenu(window, workMode);
     window.menuBar()->addMenu(&simulation);
     actions.buildHelpMenu(window);
@@ -49,6 +51,8 @@ void SMainActions::createActions(QMainWindow &window)
     saveProjectAs =
         makeAction(window, tr("Save project &as..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
                    tr("Save the selected processor or project to another file"));
+    exportLayout = makeAction(window, tr("&Export layout..."), {},
+                              tr("Write a picture or a list of the cabinets to a file"));
     closeProject =
         makeAction(window, tr("&Close project"), QKeySequence::Close, tr("Close the selected project"));
     quit = makeAction(window, tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), tr("Quit Orvo"));
@@ -73,6 +77,7 @@ void SMainActions::buildFileMenu(QMainWindow &window)
     menu->addSeparator();
     menu->addAction(saveProject);
     menu->addAction(saveProjectAs);
+    menu->addAction(exportLayout);
     menu->addAction(closeProject);
     menu->addSeparator();
     menu->addAction(quit);

@@ -20,6 +20,7 @@ public:
     QAction *openProject = nullptr;
     QAction *saveProject = nullptr;
     QAction *saveProjectAs = nullptr;
+    QAction *exportLayout = nullptr;
     QAction *closeProject = nullptr;
     QAction *openDemo = nullptr;
     QAction *quit = nullptr;
@@ -28,6 +29,8 @@ public:
     QAction *about = nullptr;
     QAction *openLogFolder = nullptr;
     QMenu *recentProjects = nullptr;
+    QMenu *edit = nullptr;      ///< filled by the module
+    QMenu *view = nullptr;      ///< the same
     QMenu *processor = nullptr; ///< the module's commands of the current processor
 
     /// Creates the actions and the menu bar of @p window; @p workMode goes into the device menu,

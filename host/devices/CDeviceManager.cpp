@@ -10,6 +10,7 @@ CDeviceManager::CDeviceManager(const SDeviceSettings &settings)
     , m_tree(m_services.table())
     , m_commands(m_services, CTypeLibrary::builtIn())
     , m_projects(m_services)
+    , m_offline(m_services)
     , m_jobs(m_services)
 {
     QObject::connect(&announcer(), &CDeviceAnnouncer::notifyProcessorsChanged, &m_tree,
@@ -47,6 +48,7 @@ bool CDeviceManager::isSimulated(const QUuid &processor, SimulationFault fault) 
 
 void CDeviceManager::stop()
 {
+    m_offline.stop();
     m_jobs.stop();
     m_services.stop();
 }

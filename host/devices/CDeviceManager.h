@@ -6,6 +6,7 @@
 #include "host/devices/CDeviceTreeModel.h"
 #include "host/devices/CProjectShelf.h"
 #include "host/devices/jobs/CDeviceJobs.h"
+#include "host/devices/jobs/COfflineWatch.h"
 #include "host/devices/services/CDeviceServices.h"
 
 enum class SimulationFault : int;
@@ -22,6 +23,7 @@ public:
     const CDeviceTable &table() const { return m_services.table(); }
     CDeviceAnnouncer &announcer() { return m_services.announcer(); }
     CDeviceJobs &jobs() { return m_jobs; }
+    COfflineWatch &offlineWatch() { return m_offline; }
     CDeviceCommands &commands() { return m_commands; }
     CProjectShelf &projects() { return m_projects; }
     CDeviceTreeModel &treeModel() { return m_tree; }
@@ -40,5 +42,6 @@ private:
     CDeviceTreeModel m_tree;
     CDeviceCommands m_commands;
     CProjectShelf m_projects;
+    COfflineWatch m_offline;
     CDeviceJobs m_jobs; // last: stops before the members that it uses are destroyed
 };

@@ -98,6 +98,11 @@ int CLayoutHandler::preparatoryStep(const QUuid &processor) const
     return device && !device->isLoaded() ? 1 : 0;
 }
 
+bool CLayoutHandler::hasUnsavedEdits(const QUuid &processor) const
+{
+    return m_services.table().isModified(processor);
+}
+
 QList<ProcessorTree::ProcessorNode> CLayoutHandler::selectedProcessors() const
 {
     QList<ProcessorTree::ProcessorNode> nodes;

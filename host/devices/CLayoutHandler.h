@@ -48,6 +48,7 @@ public:
     LayoutData layoutData(const QUuid &processor) const override;
     int preparatoryStep(const QUuid &processor) const override;
     void performPreparatoryStep(const QUuid &processor) override;
+    bool hasUnsavedEdits(const QUuid &processor) const override;
     QList<ProcessorTree::ProcessorNode> selectedProcessors() const override;
 
     QString lastError() const override;

@@ -89,6 +89,15 @@ QString CProjectShelf::fileOf(const QUuid &project) const
     return device ? device->file : QString();
 }
 
+bool CProjectShelf::isChangedOnDisk(const QUuid &project) const
+{
+    const std::optional<SDevice> device = m_table.device(project);
+    if (!device || device->file.isEmpty())
+        return false;
+    const SFileStamp now = CBackgroundCall::result([&device] { return SFileStamp::of(device->file); });
+    return now.exists && now != device->stamp;
+}
+
 QUuid CProjectShelf::openedAs(const QString &file) const
 {
     const QString path = QFileInfo(file).canonicalFilePath();
@@ -104,8 +113,14 @@ CProjectShelf::Opened CProjectShelf::read(const QString &file)
     const QUuid opened = openedAs(file);
     if (!opened.isNull())
         return opened;
+    const SFileStamp stamp = SFileStamp::of(file); // first: what changes from now on is noticed
     const CResult<SProcessorProject> project = CProcessorProject::read(file);
-    return project ? put(project.value(), file, project.value().layout) : Opened::failure(project.error());
+    if (!project)
+        return Opened::failure(project.error());
+    Opened added = put(project.value(), file, project.value().layout);
+    if (added)
+        m_table.change(added.value(), [&stamp](SDevice &device) { device.stamp = stamp; });
+    return added;
 }
 
 CProjectShelf::Opened CProjectShelf::makeDemo()
@@ -182,8 +197,10 @@ CStatus CProjectShelf::write(const QUuid &processor, const QString &file, const 
     const CStatus status = CProcessorProject::write(file, project);
     if (!status || !device->project)
         return status;
+    const SFileStamp stamp = SFileStamp::of(file);
     m_table.change(processor, [&](SDevice &known) {
         known.file = file;
+        known.stamp = stamp;
         known.node.name = device->node.name;
         known.savedSettings = device->settings;
     });

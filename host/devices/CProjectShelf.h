@@ -33,6 +33,8 @@ public:
     CStatus save(const QUuid &processor, const QString &file, const QString &newName = {});
     /// Removes a project, saved or not; does nothing to a device.
     void close(const QUuid &project);
+    /// Returns whether the file of a project is there, but not as it was last opened or saved.
+    bool isChangedOnDisk(const QUuid &project) const;
     QString fileOf(const QUuid &project) const; ///< empty: none yet, or not a project
 
     static SProcessorProject projectOf(const SDevice &device);

@@ -14,6 +14,11 @@ public:
     /// Fills @p menu with the commands of @p processor. The actions live as long as the menu.
     virtual void fillProcessorMenu(QMenu &menu, const QUuid &processor) = 0;
 
+    /// Add the commands of the layout editor to the window's menus "Edit" and "View". The entries show the
+    /// keys of the editor, but do not make them work. They need the module as long as they live.
+    virtual void fillEditMenu(QMenu &menu) = 0;
+    virtual void fillViewMenu(QMenu &menu) = 0;
+
     /// Hands pending edits over to the host before returning.
     virtual void flush() = 0;
 

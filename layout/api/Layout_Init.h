@@ -9,6 +9,7 @@ class QWidget;
 
 /// Starts the Layout module: stores its control interface in @p out, makes its widget a child of @p parent,
 /// and registers its right-bar widget, lock and collapse facilities with @p host by name. Returns false,
-/// without any effect, if @p out or @p host is null. GUI thread; may be called once.
+/// without any effect, if @p out or @p host is null, if it has returned true before, and once the module was
+/// stopped. GUI thread.
 extern "C" ORVO_LAYOUT_EXPORT bool Layout_Init(IAbstractControlInterface **out,
                                                IAbstractControlInterface *host, QWidget *parent);

@@ -54,7 +54,7 @@ public:
     QList<QPair<QUuid, QUuid>> processorRedundancies() const { return m_states.processorRedundancies(); }
     /// The current processor's layout as it was last handed over or loaded.
     LayoutData layoutData() const { return m_states.data(m_states.current()); }
-    QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const { return m_states.typeLibrary(); }
+    QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const override { return m_states.typeLibrary(); }
     TypeInfo getTypeInfo(const SMD5 &key) const override;
     QString mappingFolder() const override { return m_mappingFolder; }
 

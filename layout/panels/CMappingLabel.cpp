@@ -10,6 +10,7 @@
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMenu>
 #include <QPointer>
 
 namespace {
@@ -26,7 +27,7 @@ CMappingLabel::CMappingLabel(const SUnitServices &services)
 {
     buildUi();
     connectSignals();
-    updateEnabled();
+    onCurrentProcessorChanged({});
 }
 
 void CMappingLabel::setBusy(bool busy)
@@ -52,7 +53,12 @@ void CMappingLabel::setEditingBlocked(bool blocked)
 
 void CMappingLabel::onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor)
 {
-    m_processorReady = !processor.uuid.isNull() && processor.online && !processor.fiberTransceiver;
+    if (processor.uuid.isNull() || processor.fiberTransceiver)
+        m_refusal = tr("Please select a single processor that is online");
+    else if (processor.address == 0)
+        m_refusal = tr("A project has no processor to read from or save to; the File menu saves it");
+    else
+        m_refusal = processor.online ? QString() : tr("The processor is offline");
     updateEnabled();
 }
 
@@ -146,13 +152,25 @@ void CMappingLabel::connectSignals()
 {
     connect(m_read, &CMenuToolButton::notifyActionTriggered, this, &CMappingLabel::onReadTriggered);
     connect(m_save, &CMenuToolButton::notifyActionTriggered, this, &CMappingLabel::onSaveTriggered);
+    for (CMenuToolButton *button : {m_read, m_save})
+        connect(button->menu(), &QMenu::aboutToShow, this, [this, button] { updateEntries(*button); });
+}
+
+void CMappingLabel::updateEntries(CMenuToolButton &button)
+{
+    for (QAction *entry : button.menu()->actions()) {
+        if (entry->data().value<ReadSaveMappingRole>() != ReadSaveMappingRole::All)
+            continue;
+        const QString refusal = m_commands.refusalForAll();
+        entry->setEnabled(refusal.isEmpty());
+        entry->setToolTip(refusal);
+    }
 }
 
 /// An empty @p reason enables the button; any other says why it is disabled.
 void CMappingLabel::enable(CMenuToolButton &button, const QString &reason)
 {
-    button.setDefaultBlocked(m_processorReady ? QString()
-                                              : tr("Please select a single processor that is online"));
+    button.setDefaultBlocked(m_refusal);
     button.setEnabled(reason.isEmpty());
     if (!reason.isEmpty())
         button.setToolTip(reason);

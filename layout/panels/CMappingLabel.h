@@ -43,6 +43,7 @@ private:
     void setBusy(bool busy);
     void enable(CMenuToolButton &button, const QString &reason);
     void updateEnabled();
+    void updateEntries(CMenuToolButton &button);
 
     IMappingCommands &m_commands;
     CMenuToolButton *m_read = nullptr;
@@ -52,7 +53,7 @@ private:
     QCheckBox *m_fromProcessor = nullptr;
     QWidget *m_focusBefore = nullptr;    ///< the button that had the focus when the work began
     QWidget *m_focusMeanwhile = nullptr; ///< the widget that had it afterwards; only compared
-    bool m_processorReady = false;
+    QString m_refusal; ///< why the processor in view can neither be read nor saved to; empty: it can
     bool m_busy = false;
     bool m_readBlocked = false;
 };

@@ -24,6 +24,23 @@ void CAppendMenu::fill(QMenu &menu) const
 {
     addRecent(menu);
     addCustom(menu);
+    addLibrary(menu);
+}
+
+void CAppendMenu::addLibrary(QMenu &menu) const
+{
+    const QVector<SSettings::TypeLibrary::STreeNode> library = m_types.typeLibrary();
+    if (library.isEmpty())
+        return;
+    menu.addSeparator();
+    QMenu *types = menu.addMenu(tr("Type library"));
+    TypeMenu::addLibrary(*types, library);
+    QObject::connect(types, &QMenu::triggered, types,
+                     [chosen = m_chosen, parent = m_parent](QAction *action) {
+                         const auto type = action->data().value<TypeInfo>();
+                         if (CTypeSizeRule::check(type, parent))
+                             chosen(type, QSize(type.width, type.height));
+                     });
 }
 
 void CAppendMenu::addRecent(QMenu &menu) const

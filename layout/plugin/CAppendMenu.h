@@ -14,8 +14,8 @@ class ITypeLookup;
 class QMenu;
 class QWidget;
 
-/// Fills the menu whose entries append cabinets to an output port: recent types and a custom size. The
-/// property "append" of an entry holds its type, "appendSize" its size. GUI thread.
+/// Fills the menu whose entries append cabinets to an output port: recent types, a custom size, and the type
+/// library. The property "append" of an entry holds its type, "appendSize" its size. GUI thread.
 class CAppendMenu final
 {
     Q_DECLARE_TR_FUNCTIONS(CAppendMenu)
@@ -39,6 +39,7 @@ public:
 private:
     void addRecent(QMenu &menu) const;
     void addCustom(QMenu &menu) const;
+    void addLibrary(QMenu &menu) const;
 
     const ITypeLookup &m_types;
     CRecentCabinets &m_recent;

@@ -91,6 +91,18 @@ void CLayout::fillProcessorMenu(QMenu &menu, const QUuid &processor)
             .fill();
 }
 
+void CLayout::fillEditMenu(QMenu &menu)
+{
+    if (m_background)
+        m_editorPage->fillEditMenu(menu);
+}
+
+void CLayout::fillViewMenu(QMenu &menu)
+{
+    if (m_background)
+        m_editorPage->fillViewMenu(menu);
+}
+
 void CLayout::flush()
 {
     m_store.syncLayoutData(true);
@@ -223,6 +235,9 @@ void CLayout::showSelection()
     const QList<Node> all = CHostAccess::call(&Host::processors);
     const bool anyOnline = std::any_of(all.begin(), all.end(), [](const Node &node) { return node.online; });
     if (const auto warning = SelectionRules::warningFor(m_selectionType, selected, anyOnline)) {
+        const bool unsaved = *warning == WarningState::Offline &&
+                             CHostAccess::flushAndCall(&Host::hasUnsavedEdits, selected.first().uuid);
+        m_warningPage->setUnsaved(unsaved ? selected.first().displayText() : QString());
         showWarning(*warning);
     } else if (selected.size() > 1) {
         m_summaryPage->showProcessors(selected);

@@ -32,6 +32,8 @@ public:
     explicit CLayout(CLayoutData &store = CSingleton<CLayoutData>::instance());
     ~CLayout() override;
 
+    /// Returns whether there was no host yet, and the module has not been stopped.
+    bool awaitsHost() const { return m_background && !m_host; }
     /// Connects to @p host: observes its notifications and calls its handler.
     void setHost(IAbstractControlInterface &host);
     QWidget *rightBarWidget() const; ///< the side panel; the host becomes its parent
@@ -44,6 +46,8 @@ public:
     CSubject *subject() override { return nullptr; }
     void stop() override;
     void fillProcessorMenu(QMenu &menu, const QUuid &processor) override;
+    void fillEditMenu(QMenu &menu) override;
+    void fillViewMenu(QMenu &menu) override;
     void flush() override;
     void setEditingBlocked(bool blocked) override;
     bool isEditingBlocked() const override { return m_editingBlocked; }

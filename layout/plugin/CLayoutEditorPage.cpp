@@ -9,12 +9,14 @@
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/panels/CLayoutSidePanel.h"
 #include "layout/plugin/CEditorCommands.h"
+#include "layout/plugin/CEditorMenus.h"
 #include "layout/redundancy/CPortBackupDialog.h"
 #include "platform/widgets/CElidedLabel.h"
 #include "platform/widgets/CMessageBox.h"
 #include "platform/widgets/CPureImageBtn.h"
 
 #include <QHBoxLayout>
+#include <QMenu>
 #include <QUndoStack>
 #include <QVBoxLayout>
 #include <QVariant>
@@ -141,6 +143,20 @@ void CLayoutEditorPage::connectPanel(CLayoutSidePanel &panel)
             &View::onNotifySelectedCabinetRankChanged);
     connect(&panel, &Panel::notifyTopologybuttonClicked, m_view, &View::onTopologyButtonClicked);
     connect(&panel, &Panel::notifyCancelPortRedundancy, this, &CLayoutEditorPage::cancelPortRedundancy);
+}
+
+void CLayoutEditorPage::fillEditMenu(QMenu &menu)
+{
+    CEditorMenus(*m_view, menu, isVisible()).fillEdit();
+}
+
+void CLayoutEditorPage::fillViewMenu(QMenu &menu)
+{
+    CEditorMenus(*m_view, menu, isVisible()).fillView();
+    QAction *screen = menu.addAction(tr("Show &screen"));
+    screen->setCheckable(true);
+    screen->setChecked(m_showScreen->isChecked());
+    connect(screen, &QAction::triggered, m_showScreen, &QAbstractButton::click);
 }
 
 void CLayoutEditorPage::setPortRedundancy(int primary, int backup)

@@ -18,6 +18,7 @@ class CLayoutGraphicsView;
 class CLayoutSidePanel;
 class CPureImageBtn;
 class QAbstractButton;
+class QMenu;
 
 /// The module's page with the layout editor of the current processor, below a row with its title. GUI thread.
 class CLayoutEditorPage final : public QWidget
@@ -44,6 +45,8 @@ public:
     void dropReadbackResult();
     /// Updates the button after the simulated screen was opened or closed.
     void setScreenShown(bool shown);
+    void fillEditMenu(QMenu &menu); ///< see ILayoutInterface
+    void fillViewMenu(QMenu &menu);
     /// With @p blocked, the user cannot edit.
     void setEditingBlocked(bool blocked);
     /// Lets @p panel show the selection and edit it. The panel may go before the page.

@@ -18,6 +18,12 @@ CMappingCommands::CMappingCommands(CLayoutData &store, QWidget &messageParent)
 {
 }
 
+QString CMappingCommands::refusalForAll() const
+{
+    const bool online = CHostAccess::call(&Host::getDetectedProcessorCount) > 0;
+    return online ? QString() : tr("No processor is online");
+}
+
 void CMappingCommands::readMapping(ReadSaveMappingRole role, const SMappingOptions &options, Ended ended)
 {
     const auto done = whenDone(ended, tr("Read mapping successful."), tr("Read mapping failed."));

@@ -19,6 +19,7 @@ public:
     /// Both must outlive the commands.
     CMappingCommands(CLayoutData &store, QWidget &messageParent);
 
+    QString refusalForAll() const override;
     void readMapping(ReadSaveMappingRole role, const SMappingOptions &options, Ended ended) override;
     void saveMapping(ReadSaveMappingRole role, Ended ended) override;
 

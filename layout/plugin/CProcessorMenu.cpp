@@ -89,8 +89,7 @@ void CProcessorMenu::addStatusLed()
     addEntry(*led, tr("On"), [commands] { commands->setStatusLed(true); });
     addEntry(*led, tr("Off"), [commands] { commands->setStatusLed(false); });
     const QString reason = currentReason();
-    allowUnless(led->menuAction(),
-                reason.isEmpty() && !m_processor.online ? tr("The processor is offline") : reason);
+    allowUnless(led->menuAction(), reason.isEmpty() ? connectionReason() : reason);
 }
 
 void CProcessorMenu::addPortCounts()
@@ -110,7 +109,8 @@ void CProcessorMenu::addPortCounts()
         if (count > maximum)
             allowUnless(entry, tr("The processor has %1 output ports").arg(maximum));
     }
-    allowUnless(counts->menuAction(), m_editReason);
+    allowUnless(counts->menuAction(),
+                m_editReason.isEmpty() && !m_processor.online ? connectionReason() : m_editReason);
 }
 
 void CProcessorMenu::addRedundancy()
@@ -120,15 +120,19 @@ void CProcessorMenu::addRedundancy()
     QMenu *primaries = addOtherProcessors(
         tr("Set as redundancy for"), BackupIcon,
         [commands, processor](const QUuid &other) { commands->setRedundancyFor(other, processor); });
-    allowUnless(primaries->menuAction(), reasonFor(*primaries, m_modeReason));
+    const QString unfit = m_modeReason.isEmpty() ? connectionReason() : m_modeReason;
+    allowUnless(primaries->menuAction(), reasonFor(*primaries, unfit));
     const QList<QPair<QUuid, QUuid>> pairs = CHostAccess::call(&Host::processorRedundancies);
-    const bool paired =
-        std::any_of(pairs.begin(), pairs.end(), [&processor](const QPair<QUuid, QUuid> &pair) {
-            return pair.first == processor || pair.second == processor;
-        });
+    const auto pair = std::find_if(pairs.begin(), pairs.end(), [&processor](const QPair<QUuid, QUuid> &p) {
+        return p.first == processor || p.second == processor;
+    });
     QAction *cancel = addEntry(m_menu, tr("Cancel redundancy"),
                                [commands, processor] { commands->cancelRedundancy(processor); });
-    const QString reason = paired ? QString() : tr("The processor is not in a redundancy pair");
+    QString reason;
+    if (pair == pairs.end())
+        reason = tr("The processor is not in a redundancy pair");
+    else if (!CHostAccess::call(&Host::getProcessorNode, pair->second).online) // which keeps the pair
+        reason = tr("The redundancy processor is offline");
     allowUnless(cancel, m_modeReason.isEmpty() ? reason : m_modeReason);
 }
 
@@ -160,6 +164,13 @@ QString CProcessorMenu::currentReason() const
     const bool current = CHostAccess::call(&Host::currentProcessorNode).uuid == m_processor.uuid;
     const QString reason = current ? QString() : tr("The processor is not the current one");
     return m_modeReason.isEmpty() ? reason : m_modeReason;
+}
+
+QString CProcessorMenu::connectionReason() const
+{
+    if (m_processor.address == 0)
+        return tr("A project is connected to nothing");
+    return m_processor.online ? QString() : tr("The processor is offline");
 }
 
 void CProcessorMenu::addRedundancyView()

@@ -37,6 +37,8 @@ private:
     void addCabinetInformation();
     /// Why commands for the current processor are disabled for this one; empty: they are not.
     QString currentReason() const;
+    /// Why nothing can be sent to this processor; empty if it can.
+    QString connectionReason() const;
     void addRedundancyView();
     /// Adds a submenu of all other processors; those in fibre optic transceiver mode are disabled.
     QMenu *addOtherProcessors(const QString &text, const QString &icon,

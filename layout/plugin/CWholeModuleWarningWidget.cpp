@@ -82,6 +82,7 @@ CWholeModuleWarningWidget::CWholeModuleWarningWidget(QWidget *parent)
           ".QLabel{background:transparent;color:rgba(136, 136, 146, 1);font-size: 16px;font-weight:600;}")))
     , m_hint(centredLabel(
           QStringLiteral(".QLabel{background:transparent;color:rgba(136, 136, 146, 1);font-size: 12px;}")))
+    , m_unsaved(new QLabel)
     , m_videoMode(new QPushButton(tr("Video processor mode")))
     , m_bypassMode(new QPushButton(tr("Bypass mode")))
 {
@@ -99,6 +100,14 @@ void CWholeModuleWarningWidget::setState(WarningState state)
     applyState();
 }
 
+void CWholeModuleWarningWidget::setUnsaved(const QString &processor)
+{
+    m_unsaved->setText(processor.isEmpty()
+                           ? QString()
+                           : tr("The edits of %1 that were not saved are kept here.").arg(processor));
+    applyState();
+}
+
 void CWholeModuleWarningWidget::setDetectHintEnabled(bool enabled)
 {
     m_detectHint = enabled;
@@ -110,6 +119,9 @@ void CWholeModuleWarningWidget::buildUi()
     m_videoMode->setFixedSize(208, 24);
     m_bypassMode->setFixedSize(208, 24);
     m_picture->setFixedSize(120, 120);
+    m_unsaved->setTextFormat(Qt::PlainText);
+    m_unsaved->setAlignment(Qt::AlignCenter);
+    m_unsaved->setWordWrap(true);
 
     auto *modes = new QHBoxLayout;
     modes->setSpacing(12);
@@ -124,6 +136,7 @@ void CWholeModuleWarningWidget::buildUi()
     column->addWidget(m_picture, 0, Qt::AlignHCenter);
     column->addWidget(m_title);
     column->addWidget(m_hint);
+    column->addWidget(m_unsaved);
     column->addLayout(modes);
     column->addStretch();
 }
@@ -149,6 +162,7 @@ void CWholeModuleWarningWidget::applyState()
     m_picture->setVisible(!empty);
     m_title->setVisible(!empty);
     m_hint->setVisible(!empty && !fiber);
+    m_unsaved->setVisible(sharedState == WarningState::Offline && !m_unsaved->text().isEmpty());
     m_videoMode->setVisible(fiber);
     m_bypassMode->setVisible(fiber);
 }

@@ -31,6 +31,9 @@ public:
 
     /// Sets the shared state and shows it here; does nothing if it is set already.
     void setState(WarningState state);
+    /// Tells of edits that were not saved to @p processor; an empty name: there are none. Shown while the
+    /// current processor is offline.
+    void setUnsaved(const QString &processor);
     /// Shows or hides the hints to press "Detect devices"; shown by default.
     void setDetectHintEnabled(bool enabled);
 
@@ -50,6 +53,7 @@ private:
     QSvgWidget *m_picture = nullptr;
     QLabel *m_title = nullptr;
     QLabel *m_hint = nullptr;
+    QLabel *m_unsaved = nullptr;
     QPushButton *m_videoMode = nullptr;
     QPushButton *m_bypassMode = nullptr;
 };

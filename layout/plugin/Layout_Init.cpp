@@ -12,6 +12,8 @@ bool Layout_Init(IAbstractControlInterface **out, IAbstractControlInterface *hos
     if (!out || !host)
         return false;
     CLayout &layout = CSingleton<CLayout>::instance();
+    if (!layout.awaitsHost())
+        return false;
     *out = &layout;
     layout.setParent(parent);
 

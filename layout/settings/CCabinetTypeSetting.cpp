@@ -28,6 +28,7 @@ CCabinetTypeSetting::CCabinetTypeSetting(const Cabinets &selected, Library libra
     setModal(true);
     buildUi();
     connectSignals();
+    showCommonType(m_library());
 }
 
 void CCabinetTypeSetting::buildUi()
@@ -77,8 +78,26 @@ void CCabinetTypeSetting::onActionTriggered(const QAction *action)
         return;
     }
     const auto type = action->data().value<RcvTypeInfo>();
-    if (!CTypeSizeRule::check(type, this))
-        return;
+    if (CTypeSizeRule::check(type, this))
+        take(type);
+}
+
+/// Begins with the type that all selected cabinets have.
+void CCabinetTypeSetting::showCommonType(const QVector<SSettings::TypeLibrary::STreeNode> &nodes)
+{
+    const SMD5 first = m_selected.isEmpty() ? SMD5() : m_selected.first().type;
+    const bool common = std::all_of(m_selected.begin(), m_selected.end(),
+                                    [first](const auto &cabinet) { return cabinet.type == first; });
+    for (const SSettings::TypeLibrary::STreeNode &node : nodes) {
+        if (node.isFolder())
+            showCommonType(node.children);
+        else if (common && !first.isNull() && node.info.key == first && node.info.isValid())
+            take(node.info);
+    }
+}
+
+void CCabinetTypeSetting::take(const RcvTypeInfo &type)
+{
     m_type = type;
     const int room = TypeButtonSize.width() - RoomBesideTypeName;
     QString text = m_typeButton->fontMetrics().elidedText(type.name, Qt::ElideRight, room);

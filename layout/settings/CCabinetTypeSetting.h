@@ -38,6 +38,8 @@ private:
     void connectSignals();
     void fillMenu();
     void onActionTriggered(const QAction *action);
+    void showCommonType(const QVector<SSettings::TypeLibrary::STreeNode> &nodes);
+    void take(const RcvTypeInfo &type);
     void showTypeLibrary();
     bool fitsAllCabinets() const;
 

@@ -37,7 +37,10 @@ void TypeMenu::addLibrary(QMenu &menu, const QVector<SSettings::TypeLibrary::STr
 {
     for (const SSettings::TypeLibrary::STreeNode &node : nodes) {
         if (!node.isFolder()) {
-            addType(menu, node.info, node.info.name);
+            // What follows the tab stands in a column of its own.
+            addType(
+                menu, node.info,
+                QStringLiteral("%1\t%2x%3").arg(node.info.name).arg(node.info.width).arg(node.info.height));
             continue;
         }
         QMenu *folder = menu.addMenu(withoutMnemonic(node.name));

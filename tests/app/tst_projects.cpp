@@ -5,7 +5,9 @@
 #include "host/app/CProjectCommands.h"
 #include "host/devices/CDeviceManager.h"
 #include "host/devices/simulated/CProcessorKinds.h"
+#include "host/projects/SFileStamp.h"
 #include "layout/resources/LayoutResources.h"
+#include "tests/harness/CFileDialogAnswerer.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
 
@@ -118,6 +120,45 @@ private Q_SLOTS:
             QCOMPARE(user.boxes().size(), way == ways[0] ? 0 : 1);
             QCOMPARE(bench.frameRateIn("wall.sprj"), 50);
         }
+    }
+
+    void aFileThatAnotherWindowSavedIsNotReplacedUnasked()
+    {
+        SBench bench;
+        const QUuid project = bench.editedProject(QStringLiteral("a.sprj"));
+        QVERIFY(bench.commands.save(project)); // nobody else was there
+        SBench other;
+        const QString file = bench.folder.filePath(QStringLiteral("a.sprj"));
+        const QUuid same = other.manager.projects().open(file).value();
+        QVERIFY(other.manager.projects().save(same, file));
+        const SFileStamp theirs = SFileStamp::of(file);
+        const CMessageBoxAnswerer user(
+            {QStringLiteral("Cancel"), QStringLiteral("Save as..."), QStringLiteral("Overwrite")});
+        QVERIFY(!bench.commands.save(project));
+        const CFileDialogAnswerer elsewhere{QString()}; // asked for another name, the user gives up
+        QVERIFY(!bench.commands.save(project));
+        QCOMPARE(elsewhere.title, QStringLiteral("Save project as"));
+        QVERIFY(SFileStamp::of(file) == theirs);
+        QVERIFY(bench.commands.save(project));
+        QVERIFY(SFileStamp::of(file) != theirs);
+        QVERIFY(bench.commands.save(project)); // is its own again
+        QCOMPARE(user.boxes().size(), 3);
+    }
+
+    void aLayoutIsExported()
+    {
+        SBench bench;
+        const QUuid project = bench.manager.projects().openDemo().value();
+        for (const QString &name : {QStringLiteral("wall"), QStringLiteral("wall.csv")}) {
+            const CFileDialogAnswerer chooser(bench.folder.filePath(name));
+            bench.commands.exportLayout(project);
+        }
+        for (const QString &name : {QStringLiteral("wall.png"), QStringLiteral("wall.csv")})
+            QVERIFY2(QFileInfo(bench.folder.filePath(name)).size() > 1000, qPrintable(name));
+        const CMessageBoxAnswerer user({QStringLiteral("OK")});
+        const CFileDialogAnswerer chooser(bench.folder.filePath(QStringLiteral("wall.jpg")));
+        bench.commands.exportLayout(project);
+        QCOMPARE(user.boxes().first().details, QStringLiteral("The name must end in .png or .csv."));
     }
 
     void quittingAsksForEveryProject()

@@ -68,6 +68,26 @@ private Q_SLOTS:
         QCOMPARE(told.size(), 4);
     }
 
+    void aProcessorComesBackByItselfWhenItAnswersAgain()
+    {
+        CDeviceFixture host;
+        host.select(host.lobby);
+        host.manager.simulate(host.lobby, SimulationFault::Offline, true);
+        host.detect();
+        QVERIFY(!host.manager.table().isOnline(host.lobby));
+        host.edit(host.lobby);
+        const CabinetLayout edited = host.layoutOf(host.lobby);
+        host.notifiedUpToDetection();
+        host.manager.offlineWatch().start(1);
+        const QUuid foyer = host.named("Foyer"); // was never online
+        for (const QUuid &processor : {foyer, host.lobby})
+            host.manager.simulate(processor, SimulationFault::Offline, false);
+        QTRY_VERIFY(host.manager.table().isOnline(host.lobby) && host.manager.table().isOnline(foyer));
+        QVERIFY(host.log.waitFor(22).endsWith(QLatin1String(" 1")));
+        QVERIFY(host.layoutOf(host.lobby) == edited);
+        QVERIFY(host.handler.getProcessorNode(foyer).index >= 0);
+    }
+
     void aDetectionThatFailsSomewhereSaysWhere()
     {
         CDeviceFixture host(0.01);
@@ -146,6 +166,7 @@ private Q_SLOTS:
     {
         CDeviceFixture host;
         host.edit(host.lobby);
+        host.manager.jobs().setConfirm([](const QString &) { return true; }); // to read over edits
         const CabinetLayout edited = host.layoutOf(host.lobby);
         using Fault = SimulationFault;
         const std::pair<Fault, DeviceError> rows[] = {{Fault::Offline, DeviceError::Offline},
@@ -201,6 +222,7 @@ private Q_SLOTS:
         QCOMPARE(host.log.waitFor(29), QStringLiteral("29 %1 1").arg(id));
         const CabinetLayout before = host.layoutOf(host.lobby);
         host.edit(host.lobby);
+        host.manager.jobs().setConfirm([](const QString &) { return true; }); // to read over edits
         QVERIFY(host.read(host.lobby).isDone());
         QCOMPARE(host.log.waitFor(17), QStringLiteral("17 %1").arg(id));
         QCOMPARE(host.log.waitFor(29), QStringLiteral("29 %1 0").arg(id));
@@ -215,7 +237,9 @@ private Q_SLOTS:
         host.edit(host.lobby, 1);
         host.edit(host.lobby, 2);
         const CabinetLayout edited = host.layoutOf(host.lobby);
-        QVERIFY(host.read(host.lobby).isDone()); // nobody to ask: No
+        host.manager.jobs().setConfirm(
+            [](const QString &text) { return !text.contains(QLatin1String("has been locked")); });
+        QVERIFY(host.read(host.lobby).isDone());
         QVERIFY(host.layoutOf(host.lobby).ports.at(1) == edited.ports.at(1));
         QVERIFY(host.layoutOf(host.lobby).ports.at(2) != edited.ports.at(2));
         host.manager.jobs().setConfirm([&](const QString &) {
@@ -229,6 +253,24 @@ private Q_SLOTS:
         host.manager.jobs().setConfirm([](const QString &) { return true; });
         QVERIFY(host.read(host.lobby).isDone());
         QVERIFY(!host.manager.table().isModified(host.lobby));
+    }
+
+    void aReadAsksBeforeItReplacesEdits()
+    {
+        CDeviceFixture host;
+        host.edit(host.lobby);
+        const CabinetLayout edited = host.layoutOf(host.lobby);
+        for (const bool agreed : {false, true}) {
+            QStringList questions;
+            host.manager.jobs().setConfirm([&](const QString &text) {
+                questions << text;
+                return agreed;
+            });
+            QCOMPARE(host.read(host.lobby).result, agreed ? SDeviceOutcome::Done : SDeviceOutcome::Cancelled);
+            QCOMPARE(questions.size(), 1);
+            QVERIFY(questions.first().startsWith(QLatin1String("Lobby(")));
+            QCOMPARE(host.layoutOf(host.lobby) == edited, !agreed);
+        }
     }
 
     void savingAllGoesOnWhereOneFails()
@@ -315,6 +357,7 @@ private Q_SLOTS:
         CDeviceFixture host(2);
         const QUuid arena = host.detectAlone("Arena");
         host.edit(arena);
+        host.manager.jobs().setConfirm([](const QString &) { return true; }); // to read over edits
         const CabinetLayout edited = host.layoutOf(arena);
         host.manager.simulate(arena, SimulationFault::Slow, true);
         connect(&host.manager.jobs(), &CDeviceJobs::notifyStarted, &host.manager.jobs(), [](CDeviceJob *job) {

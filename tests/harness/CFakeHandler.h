@@ -43,7 +43,8 @@ public:
     int maximumPorts = 16;
     int detected = 1;
     bool followUpNeeded = false;
-    bool busy = false; ///< all processors
+    bool busy = false;    ///< all processors
+    QList<QUuid> unsaved; ///< the processors that have unsaved edits
     bool primaryPorts = true;
     int hertz = 60;
     int bits = 8;
@@ -146,6 +147,10 @@ public:
         return take(__func__, redundancies, pairs);
     }
     bool areProcessorsOnline(const QList<QUuid> &processors) const override;
+    bool hasUnsavedEdits(const QUuid &processor) const override
+    {
+        return given(__func__, unsaved.contains(processor));
+    }
     bool areProcessorsBusy(const QList<QUuid> &) const override { return given(__func__, busy); }
     QString portPairRefusal(const SPortKey &port) const override
     {

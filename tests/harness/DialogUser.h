@@ -67,12 +67,13 @@ Control *labelled(const QWidget &dialog, const char *text)
     return nullptr;
 }
 
-/// The entry of a menu or of its submenus, by texts that are separated by ">"; null: none.
+/// The entry of a menu or of its submenus, by texts that are separated by ">", without what follows a tab;
+/// null: none.
 inline QAction *entryOf(const QMenu &menu, const QString &path)
 {
     const QString first = path.section(QLatin1Char('>'), 0, 0);
     for (QAction *action : menu.actions()) {
-        if (action->text() == first)
+        if (action->text().section(QLatin1Char('\t'), 0, 0) == first)
             return first == path ? action : entryOf(*action->menu(), path.mid(first.size() + 1));
     }
     return nullptr;

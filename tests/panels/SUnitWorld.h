@@ -12,6 +12,7 @@
 class CNotedMappingCommands final : public IMappingCommands
 {
 public:
+    QString refusalForAll() const override { return refusal; }
     void readMapping(ReadSaveMappingRole role, const SMappingOptions &wanted, Ended ended) override
     {
         reads << role;
@@ -30,6 +31,7 @@ public:
         ended(done);
     }
 
+    QString refusal;
     QVector<ReadSaveMappingRole> reads;
     QVector<ReadSaveMappingRole> saves;
     SMappingOptions options;

@@ -21,6 +21,7 @@ ProcessorTree::ProcessorNode onlineProcessor()
     ProcessorTree::ProcessorNode node;
     node.uuid = QUuid::createUuid();
     node.online = true;
+    node.address = 1;
     return node;
 }
 
@@ -116,12 +117,20 @@ private Q_SLOTS:
         ProcessorTree::ProcessorNode offline = onlineProcessor();
         offline.online = false;
         SMappingPanel unit;
-        for (const auto &unusable : {fiber, offline, ProcessorTree::ProcessorNode()}) {
+        ProcessorTree::ProcessorNode project = onlineProcessor();
+        project.address = 0;
+        QStringList reasons;
+        for (const auto &unusable : {fiber, offline, project, ProcessorTree::ProcessorNode()}) {
             unit.panel.onCurrentProcessorChanged(unusable);
             QVERIFY(!takesAClick(unit.read) && !takesAClick(unit.save));
+            reasons << unit.save.toolTip();
             unit.panel.onCurrentProcessorStateChanged(onlineProcessor());
             QVERIFY(takesAClick(unit.read) && takesAClick(unit.save));
         }
+        QCOMPARE(reasons.removeDuplicates(), 1);
+        unit.mapping.refusal = QStringLiteral("No processor is online");
+        Q_EMIT unit.read.menu()->aboutToShow();
+        QVERIFY(!unit.read.menu()->actions().last()->isEnabled());
         unit.panel.setEditingBlocked(true);
         QVERIFY(!unit.read.isEnabled() && unit.save.isEnabled());
         unit.panel.setEditingBlocked(false);

@@ -122,14 +122,19 @@ private Q_SLOTS:
         m_world->store.recentCabinets().setCustomSize({5000, 4}); // as a damaged settings file may hold it
         QMenu first;
         m_world->commands.fillAppendMenu(first, nullptr);
-        QCOMPARE(textsOf(first),
-                 (QStringList{QStringLiteral("Custom(2048x8)"), QStringLiteral("Custom...")}));
+        QCOMPARE(textsOf(first), (QStringList{QStringLiteral("Custom(2048x8)"), QStringLiteral("Custom..."),
+                                              QString(), QStringLiteral("Type library")}));
+        const QMenu *types = first.actions().last()->menu();
+        QCOMPARE(types->actions().first()->text(), QStringLiteral("Flat\t100x100"));
+        types->actions().first()->trigger();
+        QVERIFY(m_world->scene().backend().placing().isAppending());
+        m_world->scene().leaveOperation();
         inNext<CCustomCabinet>([](CCustomCabinet &dialog) {
             dialog.findChildren<QSpinBox *>().first()->setValue(64);
             dialog.findChildren<QSpinBox *>().last()->setValue(192);
             dialog.accept();
         });
-        first.actions().last()->trigger();
+        first.actions().at(1)->trigger();
         QVERIFY(m_world->scene().backend().placing().isAppending());
         QCOMPARE(m_world->scene().property("pendingAppendCabinetSize").toSize(), QSize(64, 192));
         QCOMPARE(m_world->scene().property("pendingAppendCabinetPort").toInt(), 1);
@@ -141,8 +146,9 @@ private Q_SLOTS:
             m_world->store.recentCabinets().noteType(SMD5::ofContent(name));
         QMenu menu;
         m_world->commands.fillAppendMenu(menu, nullptr);
-        QCOMPARE(textsOf(menu), (QStringList{QStringLiteral("Use recent"), QString(),
-                                             QStringLiteral("Custom(64x192)"), QStringLiteral("Custom...")}));
+        QCOMPARE(textsOf(menu),
+                 (QStringList{QStringLiteral("Use recent"), QString(), QStringLiteral("Custom(64x192)"),
+                              QStringLiteral("Custom..."), QString(), QStringLiteral("Type library")}));
         const QMenu &recent = *menu.actions().first()->menu();
         QCOMPARE(textsOf(recent),
                  (QStringList{QStringLiteral("Huge(2049x100)"), QStringLiteral("Flat(100x100)"),

@@ -109,6 +109,39 @@ private Q_SLOTS:
         QCOMPARE(note(), QString()); // the user goes on
     }
 
+    void theWindowsMenusDoWhatTheKeysDo()
+    {
+        SPageWorld world;
+        const auto edit = [&world](const char *text) {
+            QMenu menu;
+            world.page.fillEditMenu(menu);
+            entryOf(menu, QLatin1String(text))->trigger();
+        };
+        const auto enabled = [&world] {
+            QMenu menu;
+            world.page.fillEditMenu(menu);
+            return entryOf(menu, QStringLiteral("Select &all"))->isEnabled();
+        };
+        QVERIFY(!enabled()); // nothing is on screen
+        world.page.show();
+        edit("Select &all");
+        QVERIFY(!world.scene().selection().isEmpty());
+        edit("&Delete");
+        QCOMPARE(world.scene().portItem(0)->cabinets(nullptr).size(), 0);
+        edit("&Undo");
+        QCOMPARE(world.scene().portItem(0)->cabinets(nullptr).size(), 4);
+        edit("&Redo");
+        QCOMPARE(world.scene().portItem(0)->cabinets(nullptr).size(), 0);
+        QMenu view;
+        world.page.fillViewMenu(view);
+        entryOf(view, QStringLiteral("Pixel by &pixel"))->trigger();
+        QCOMPARE(world.view().scaleFactor(), 1.0);
+        entryOf(view, QStringLiteral("&Navigator"))->trigger();
+        QVERIFY(world.view().toolBar().tool(CEditorToolBar::Navigator)->isChecked());
+        world.page.setEditingBlocked(true);
+        QVERIFY(!enabled());
+    }
+
     void aFillIsShownOnce()
     {
         SPageWorld world;

@@ -254,6 +254,23 @@ private Q_SLOTS:
         module.host.endWaiting({SDeviceOutcome::Cancelled, {}});
     }
 
+    void theOverlayNamesEditsThatWereNotSaved()
+    {
+        SModuleScene module;
+        module.answers()->nodes[0].online = false;
+        const auto told = [&module] {
+            const auto labels = module.pages().currentWidget()->findChildren<QLabel *>();
+            return std::any_of(labels.begin(), labels.end(), [](const QLabel *label) {
+                return !label->isHidden() && label->text().startsWith(QLatin1String("The edits of A("));
+            });
+        };
+        module.select({module.a});
+        QVERIFY(!told());
+        module.answers()->unsaved = {module.a};
+        module.select({module.a});
+        QVERIFY(told());
+    }
+
     void anotherChoiceInTheTreeEndsTheHighlight()
     {
         SModuleScene module;

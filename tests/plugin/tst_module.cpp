@@ -98,6 +98,7 @@ void useModule(Entry init)
     auto *layout = dynamic_cast<ILayoutInterface *>(control);
     auto *widget = qobject_cast<QWidget *>(control->object());
     expect(layout && widget && widget->parentWidget() == &window, "the widget is below its parent");
+    expect(!init(&control, &host, &window), "the entry succeeds only once");
     expect(object.registered.join(QLatin1Char('|')) == QLatin1String("right bar 2|lock 2|collapse 2"),
            "the module registers itself");
     row->addWidget(widget);
@@ -124,6 +125,7 @@ void useModule(Entry init)
     waitFor([threads] { return threadCount() == threads; }, "no thread is left");
     expect(!widget->parentWidget(), "the widget has left its parent");
     control->stop();
+    expect(!init(&control, &host, &window), "nothing begins after the end");
 }
 
 int runSession(const char *mode)

@@ -94,7 +94,8 @@ private Q_SLOTS:
         };
         for (const auto &[state, enabled, reason] :
              {SCase{"", "111111", ""}, SCase{"blocked", "001101", "Editing is locked"},
-              SCase{"offline", "111011", "The processor is offline"},
+              SCase{"offline", "111000", "The processor is offline"},
+              SCase{"project", "111010", "A project is connected to nothing"},
               SCase{"fiber", "000000", "Fiber Optic Transceiver Mode is on"},
               SCase{"fiber blocked", "000000", "Fiber Optic Transceiver Mode is on"},
               SCase{"alone", "101110", "There is no other processor"},
@@ -102,6 +103,8 @@ private Q_SLOTS:
             const QString is = QString::fromLatin1(state);
             SMenuScene scene;
             scene.answers()->nodes[0].online = is != QLatin1String("offline");
+            if (is == QLatin1String("project"))
+                scene.answers()->nodes[0].address = 0;
             if (is.startsWith(QLatin1String("fiber")))
                 scene.answers()->fiber = {scene.a};
             if (is == QLatin1String("alone"))

@@ -130,7 +130,9 @@ private Q_SLOTS:
             for (const int size : {16, 24, 48, 96}) {
                 const QImage image = rendered(resource.name, size, margin);
                 const int inside = visiblePixels(image.copy(margin, margin, size, size));
-                QVERIFY2(inside >= size / 4 && visiblePixels(image) == inside, qPrintable(resource.name));
+                const bool empty = resource.name.endsWith(QLatin1String("/placeholder.svg")); // keeps room
+                QVERIFY2((empty ? inside == 0 : inside >= size / 4) && visiblePixels(image) == inside,
+                         qPrintable(resource.name));
             }
         }
     }

@@ -213,6 +213,21 @@ private Q_SLOTS:
         });
     }
 
+    void beginsWithTheTypeThatAllHave()
+    {
+        CCabinetTypeSetting::Cabinets selected = cabinetsOfSize({{128, 256}, {128, 256}});
+        const TypeInfo tall = typeOfSize("Tall", {128, 256});
+        for (const bool all : {true, false}) {
+            for (auto &cabinet : selected)
+                cabinet.type = tall.key;
+            if (!all)
+                selected.first().type = SMD5();
+            const CCabinetTypeSetting dialog(selected, libraryOf({folder("Rental", {leaf(tall)})}), nullptr);
+            QCOMPARE(okOf(dialog)->isEnabled(), all);
+            QCOMPARE(dialog.type().key == tall.key, all);
+        }
+    }
+
     void refusesATypeWhoseSizeNoCabinetCanHave()
     {
         const QVector<QPair<QSize, bool>> sizes{{{2048, 2048}, true}, {{1, 1}, true},    {{2049, 100}, false},

@@ -3,28 +3,17 @@
 #include "host/app/commands/CExportCommand.h"
 
 #include "host/app/commands/CCommandArguments.h"
+#include "host/app/commands/CLayoutExport.h"
 #include "host/app/commands/SCommandOutcome.h"
-#include "host/projects/CCabinetTable.h"
 #include "host/projects/CProcessorProject.h"
-#include "host/projects/CSafeFile.h"
-#include "layout/drawing/CLayoutPainter.h"
-#include "layout/drawing/CLayoutPicture.h"
+#include "layout/api/records/LayoutData.h"
 
-#include <QBuffer>
 #include <QFileInfo>
-#include <QImage>
-#include <QImageWriter>
-#include <QPainter>
 #include <QTextStream>
-
-#include <algorithm>
 
 namespace {
 
 const QString sizeOption = QStringLiteral("--size");
-constexpr int StandardPictureWidth = 1920;
-constexpr int LargestPictureSide = 16384;
-constexpr qint64 LargestPicture = 100000000; // pixels
 
 LayoutData dataOf(const SProcessorProject &project)
 {
@@ -36,40 +25,17 @@ LayoutData dataOf(const SProcessorProject &project)
     return data;
 }
 
-/// The default width, and the height that keeps the drawing's proportions.
-QSize standardSize(const LayoutData &data)
-{
-    const QRect drawn = CLayoutPicture::extent(data);
-    const qint64 height = qRound64(double(StandardPictureWidth) * drawn.height() / drawn.width());
-    return {StandardPictureWidth, int(qBound<qint64>(1, height, LargestPictureSide))};
-}
-
-/// The layout as a PNG; empty when there is not enough memory.
-QByteArray pngOf(const LayoutData &data, const QSize &size)
-{
-    QImage image(size, QImage::Format_RGB32);
-    if (image.isNull())
-        return {};
-    image.fill(CLayoutPainter::surroundings());
-    QPainter painter(&image);
-    CLayoutPicture::paint(painter, data, QRectF(image.rect()));
-    painter.end();
-    QByteArray png;
-    QBuffer buffer(&png);
-    QImageWriter writer(&buffer, "png");
-    writer.setCompression(11); // fastest compression: more effort costs time and saves little
-    return writer.write(image) ? png : QByteArray();
-}
-
 /// Why this export is not possible; empty if it is.
-QString kindProblem(const QString &suffix, bool sized)
+QString kindProblem(const QString &file, bool sized)
 {
+    const QString suffix = QFileInfo(file).suffix().toLower();
     if (suffix == QLatin1String("svg") || suffix == QLatin1String("pdf"))
         return CExportCommand::tr("export as %1 is not available in this version; use png or csv")
             .arg(suffix.toUpper());
-    if (suffix != QLatin1String("png") && suffix != QLatin1String("csv"))
+    const CLayoutExport::Kind kind = CLayoutExport::kindOf(file);
+    if (kind == CLayoutExport::Unknown)
         return CExportCommand::tr("the name of the export must end in .png, .svg, .pdf or .csv");
-    if (suffix == QLatin1String("csv") && sized)
+    if (kind == CLayoutExport::Table && sized)
         return CExportCommand::tr("only a picture has a size");
     return {};
 }
@@ -82,12 +48,12 @@ SCommandOutcome CExportCommand::run(const QStringList &arguments, QTextStream &o
     if (!parsed)
         return SCommandOutcome::usage(parsed.error());
     const QString target = parsed.value().file(1);
-    const QString suffix = QFileInfo(target).suffix().toLower();
     const bool sized = parsed.value().has(sizeOption);
-    QString error = kindProblem(suffix, sized);
-    QSize size = sized ? parsed.value().size(sizeOption, LargestPictureSide, error) : QSize();
-    if (qint64(size.width()) * size.height() > LargestPicture)
-        error = tr("a picture has at most %1 pixels").arg(LargestPicture);
+    QString error = kindProblem(target, sized);
+    const QSize size =
+        sized ? parsed.value().size(sizeOption, CLayoutExport::LargestPictureSide, error) : QSize();
+    if (qint64(size.width()) * size.height() > CLayoutExport::LargestPicture)
+        error = tr("a picture has at most %1 pixels").arg(CLayoutExport::LargestPicture);
     if (!error.isEmpty())
         return SCommandOutcome::usage(error);
 
@@ -95,15 +61,7 @@ SCommandOutcome CExportCommand::run(const QStringList &arguments, QTextStream &o
     if (!project)
         return SCommandOutcome::badInput(project.error());
     const LayoutData data = dataOf(project.value());
-    if (!sized)
-        size = standardSize(data);
-    const QByteArray content =
-        suffix == QLatin1String("csv") ? CCabinetTable::toCsv(data.layout) : pngOf(data, size);
-    if (content.isEmpty())
-        return SCommandOutcome::badInput(tr("there is not enough memory for a picture of %1x%2 pixels")
-                                             .arg(size.width())
-                                             .arg(size.height()));
-    const CStatus written = CSafeFile::write(target, content, CSafeFile::DropPrevious);
+    const CStatus written = CLayoutExport::write(data, target, size);
     if (!written)
         return SCommandOutcome::badInput(written.error());
     out << tr("%1: cabinets: %2\n").arg(target, QString::number(data.layout.cabinetCount()));

@@ -72,6 +72,25 @@ void CDetection::detectOne(CSimulatedProcessor &processor)
     take(before, device, read);
 }
 
+void CDetection::askAgain(const QUuid &processor)
+{
+    const auto simulated = m_services.device(processor);
+    const std::optional<SDevice> before = m_services.table().device(processor);
+    if (!simulated || !before)
+        return;
+    SDevice device = *before;
+    bool read = false;
+    DeviceError error = ask(*simulated, device);
+    if (error == DeviceError::None)
+        error = readMapping(*simulated, device, read);
+    if (error != DeviceError::None)
+        return;
+    device.node.online = true;
+    if (device.node.index < 0)
+        device.node.index = m_services.table().onlineDeviceCount();
+    take(*before, device, read);
+}
+
 DeviceError CDetection::ask(CSimulatedProcessor &processor, SDevice &device)
 {
     QByteArray bytes;

@@ -21,6 +21,8 @@ public:
     CDetection(CDeviceServices &services, const SJobContext &context);
 
     SDeviceOutcome run();
+    /// Asks one processor that is known and offline; nothing changes unless it answers.
+    void askAgain(const QUuid &processor);
 
 private:
     void report(int percent) const; ///< of the current processor

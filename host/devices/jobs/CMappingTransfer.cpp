@@ -68,6 +68,10 @@ CMappingTransfer::Step CMappingTransfer::readOne(const SDevice &device, const SM
     const auto processor = m_services.device(device.node.uuid);
     if (!processor)
         return failed(device, tr("A project has no processor to read from."));
+    if (device.isModified() && !m_context.ask(device.failureText(
+                                   tr("The layout has edits that were not saved to the processor. Replace "
+                                      "them by the processor's mapping?"))))
+        return m_context.cancel->isCancelled() ? Step::Cancelled : Step::Skipped;
     QByteArray bytes;
     const DeviceError error = options.mappingFromProcessor
                                   ? processor->readMapping(*m_context.cancel, progressOf(), bytes)

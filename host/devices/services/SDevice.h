@@ -5,6 +5,7 @@
 #include "host/devices/services/CWorkingLayout.h"
 #include "host/devices/simulated/CPortCapacity.h"
 #include "host/devices/simulated/SProcessorSettings.h"
+#include "host/projects/SFileStamp.h"
 #include "layout/api/records/LayoutData.h"
 #include "layout/api/records/ProcessorTree.h"
 
@@ -19,6 +20,7 @@ struct SDevice
     QUuid group;          ///< null: in no group
     bool project = false; ///< has no device
     QString file;         ///< of a project; empty: none yet
+    SFileStamp stamp;     ///< of that file when it was last read or written
     SProcessorSettings settings;
     SProcessorSettings savedSettings; ///< of a project: as in its file
     CWorkingLayout working;

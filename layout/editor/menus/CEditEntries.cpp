@@ -26,7 +26,7 @@ void CEditEntries::addHistory(QMenu &menu, CGuardedUndo &history, QWidget *paren
     undo->setEnabled(history.canUndo());
     QAction *redo = add(menu, tr("Redo"), QStringLiteral(":/Image/Layout/Menu/redo.svg"),
                         [&history, parent] { history.redo(parent); });
-    redo->setShortcuts(QKeySequence::Redo);
+    redo->setShortcut(Qt::CTRL | Qt::Key_Y); // as the tool bar says
     redo->setEnabled(history.canRedo());
 }
 

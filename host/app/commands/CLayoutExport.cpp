@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/commands/CLayoutExport.h"
+
+#include "host/projects/CCabinetTable.h"
+#include "host/projects/CSafeFile.h"
+#include "layout/api/records/LayoutData.h"
+#include "layout/drawing/CLayoutPainter.h"
+#include "layout/drawing/CLayoutPicture.h"
+
+#include <QBuffer>
+#include <QFileInfo>
+#include <QImage>
+#include <QImageWriter>
+#include <QPainter>
+
+namespace {
+
+constexpr int UsualWidth = 1920;
+
+/// The default width, and the height that keeps the drawing's proportions.
+QSize usualSize(const LayoutData &data)
+{
+    const QRect drawn = CLayoutPicture::extent(data);
+    const qint64 height = qRound64(double(UsualWidth) * drawn.height() / drawn.width());
+    return {UsualWidth, int(qBound<qint64>(1, height, CLayoutExport::LargestPictureSide))};
+}
+
+/// The layout as a PNG; empty when there is not enough memory.
+QByteArray pngOf(const LayoutData &data, const QSize &size)
+{
+    QImage image(size, QImage::Format_RGB32);
+    if (image.isNull())
+        return {};
+    image.fill(CLayoutPainter::surroundings());
+    QPainter painter(&image);
+    CLayoutPicture::paint(painter, data, QRectF(image.rect()));
+    painter.end();
+    QByteArray png;
+    QBuffer buffer(&png);
+    QImageWriter writer(&buffer, "png");
+    writer.setCompression(11); // fastest compression: more effort costs time and saves little
+    return writer.write(image) ? png : QByteArray();
+}
+
+} // namespace
+
+CLayoutExport::Kind CLayoutExport::kindOf(const QString &file)
+{
+    const QString suffix = QFileInfo(file).suffix().toLower();
+    return suffix == QLatin1String("png") ? Picture : suffix == QLatin1String("csv") ? Table : Unknown;
+}
+
+CStatus CLayoutExport::write(const LayoutData &data, const QString &file, QSize size)
+{
+    return CSafeFile::withMemory(file, [&] {
+        const bool table = kindOf(file) == Table;
+        if (size.isEmpty())
+            size = usualSize(data);
+        const QByteArray content = table ? CCabinetTable::toCsv(data.layout) : pngOf(data, size);
+        if (content.isEmpty())
+            return CStatus::failure(tr("there is not enough memory for a picture of %1x%2 pixels")
+                                        .arg(size.width())
+                                        .arg(size.height()));
+        return CSafeFile::write(file, content, CSafeFile::DropPrevious);
+    });
+}

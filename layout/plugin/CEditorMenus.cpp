@@ -1,0 +1,108 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/plugin/CEditorMenus.h"
+
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
+#include "layout/editor/view/CEditorToolBar.h"
+#include "layout/editor/view/CLayoutGraphicsView.h"
+
+#include <QKeyEvent>
+#include <QMenu>
+
+namespace {
+
+using Bar = CEditorToolBar;
+
+void press(QWidget &widget, const QKeySequence &key)
+{
+    const int code = key[0];
+    const int modifiers = code & int(Qt::KeyboardModifierMask);
+    widget.setFocus();
+    QKeyEvent event(QEvent::KeyPress, code & ~modifiers, Qt::KeyboardModifiers(modifiers));
+    QCoreApplication::sendEvent(&widget, &event);
+}
+
+} // namespace
+
+void CEditorMenus::fillEdit()
+{
+    m_menu.setToolTipsVisible(true);
+    CCabinetGraphicsScene &scene = m_view.cabinetScene();
+    CSceneBackend &backend = scene.backend();
+    const bool selected = !scene.selection().isEmpty();
+    addEdit(m_menu, tr("&Undo"), Qt::CTRL | Qt::Key_Z, m_view.toolBar().tool(Bar::Undo)->isEnabled());
+    addEdit(m_menu, tr("&Redo"), Qt::CTRL | Qt::Key_Y, m_view.toolBar().tool(Bar::Redo)->isEnabled());
+    m_menu.addSeparator();
+    addEdit(m_menu, tr("Cu&t"), Qt::CTRL | Qt::Key_X, selected);
+    addEdit(m_menu, tr("&Copy"), Qt::CTRL | Qt::Key_C, selected);
+    addEdit(m_menu, tr("&Paste"), Qt::CTRL | Qt::Key_V, !backend.placing().cache().isEmpty());
+    addEdit(m_menu, tr("&Delete"), Qt::Key_Delete, selected);
+    m_menu.addSeparator();
+    addEdit(m_menu, tr("Select &all"), Qt::CTRL | Qt::Key_A, true);
+    addEdit(m_menu, tr("&Group"), Qt::CTRL | Qt::Key_G, m_view.toolBar().tool(Bar::Group)->isEnabled());
+    addEdit(m_menu, tr("U&ngroup"), Qt::CTRL | Qt::SHIFT | Qt::Key_G,
+            m_view.toolBar().tool(Bar::Ungroup)->isEnabled());
+    addMoves(selected);
+    m_menu.addSeparator();
+    addEdit(m_menu, tr("App&end cabinets..."), Qt::CTRL | Qt::Key_T, true);
+}
+
+void CEditorMenus::addMoves(bool possible)
+{
+    QMenu *moves = m_menu.addMenu(tr("&Move by one pixel"));
+    moves->setToolTipsVisible(true);
+    addEdit(*moves, tr("&Left"), Qt::Key_Left, possible);
+    addEdit(*moves, tr("&Right"), Qt::Key_Right, possible);
+    addEdit(*moves, tr("&Up"), Qt::Key_Up, possible);
+    addEdit(*moves, tr("&Down"), Qt::Key_Down, possible);
+}
+
+void CEditorMenus::fillView()
+{
+    addLook(tr("Zoom &in"), QKeySequence::ZoomIn, &CLayoutGraphicsView::zoomIn);
+    addLook(tr("Zoom &out"), QKeySequence::ZoomOut, &CLayoutGraphicsView::zoomOut);
+    addLook(tr("&Fit the wall"), Qt::CTRL | Qt::Key_0, &CLayoutGraphicsView::fitContent);
+    addLook(tr("Pixel by &pixel"), Qt::CTRL | Qt::Key_1, &CLayoutGraphicsView::showActualSize);
+    m_menu.addSeparator();
+    QAction *tool = m_view.toolBar().tool(Bar::Navigator);
+    QAction *navigator = addEntry(m_menu, tr("&Navigator"), {});
+    navigator->setCheckable(true);
+    navigator->setChecked(tool->isChecked());
+    navigator->setEnabled(m_shown);
+    QObject::connect(navigator, &QAction::triggered, tool, &QAction::setChecked);
+}
+
+QAction *CEditorMenus::addEntry(QMenu &menu, const QString &text, const QKeySequence &key) const
+{
+    QAction *entry = menu.addAction(text);
+    entry->setShortcut(key);
+    entry->setShortcutContext(Qt::WidgetShortcut); // shown only: the canvas listens to the key itself
+    return entry;
+}
+
+void CEditorMenus::addEdit(QMenu &menu, const QString &text, const QKeySequence &key, bool possible)
+{
+    QAction *entry = addEntry(menu, text, key);
+    const QString why = refusal();
+    entry->setEnabled(possible && why.isEmpty());
+    if (!why.isEmpty())
+        entry->setToolTip(why);
+    QObject::connect(entry, &QAction::triggered, &m_view, [view = &m_view, key] { press(*view, key); });
+}
+
+void CEditorMenus::addLook(const QString &text, const QKeySequence &key, void (CLayoutGraphicsView::*look)())
+{
+    QAction *entry = addEntry(m_menu, text, key);
+    entry->setEnabled(m_shown);
+    QObject::connect(entry, &QAction::triggered, &m_view, look);
+}
+
+QString CEditorMenus::refusal() const
+{
+    if (!m_shown)
+        return tr("No layout is shown");
+    if (!m_view.toolBar().tool(Bar::Arrow)->isEnabled())
+        return tr("Editing is locked");
+    return m_view.isInteractive() ? QString() : tr("The hand tool only looks");
+}
