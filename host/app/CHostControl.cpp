@@ -29,6 +29,11 @@ void CHostControl::AddRightBarWidget(UiOrvo::EnModule module, QWidget *widget)
     Q_EMIT notifyRightBarWidgetAdded(module, widget);
 }
 
+void CHostControl::AddStatusBarWidget(UiOrvo::EnModule module, QWidget *widget)
+{
+    Q_EMIT notifyStatusBarWidgetAdded(module, widget);
+}
+
 void CHostControl::AddLock(UiOrvo::EnModule module)
 {
     Q_EMIT notifyLockAdded(module);

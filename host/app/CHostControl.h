@@ -27,8 +27,10 @@ public:
     /// From now on modules get no handler.
     void stop() override;
 
-    /// Shows @p widget in the right bar, which takes ownership. GUI thread, as the two below.
+    /// Shows @p widget in the right bar, which takes ownership. GUI thread, as all below.
     Q_INVOKABLE void AddRightBarWidget(UiOrvo::EnModule module, QWidget *widget);
+    /// Shows @p widget in the status bar, which takes ownership.
+    Q_INVOKABLE void AddStatusBarWidget(UiOrvo::EnModule module, QWidget *widget);
     /// Adds the control that blocks editing to the module's title bar.
     Q_INVOKABLE void AddLock(UiOrvo::EnModule module);
     /// Adds the control that hides the right bar to the module's title bar.
@@ -36,6 +38,7 @@ public:
 
 Q_SIGNALS:
     void notifyRightBarWidgetAdded(UiOrvo::EnModule module, QWidget *widget);
+    void notifyStatusBarWidgetAdded(UiOrvo::EnModule module, QWidget *widget);
     void notifyLockAdded(UiOrvo::EnModule module);
     void notifyCollapseAdded(UiOrvo::EnModule module);
 

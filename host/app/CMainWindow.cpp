@@ -107,6 +107,7 @@ void CMainWindow::buildStatusBar()
 {
     m_progress = new CJobProgress;
     statusBar()->addPermanentWidget(m_progress);
+    statusBar()->addPermanentWidget(m_module->statusBar());
     m_processor = new CElidedLabel;
     m_processor->setObjectName(QStringLiteral("CurrentProcessor"));
     statusBar()->addPermanentWidget(m_processor);

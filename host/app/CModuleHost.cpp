@@ -13,9 +13,12 @@ CModuleHost::CModuleHost(std::shared_ptr<IAbstractInterfaceHandler> handler, CSu
     : m_control(std::move(handler), subject)
     , m_frame(new CModuleFrame(tr("Layout")))
     , m_rightBar(new QWidget)
+    , m_statusBar(new QWidget)
 {
     m_rightBar->setObjectName(QStringLiteral("RightBar"));
     m_rightBar->setVisible(false); // until the module fills it
+    auto *row = new QHBoxLayout(m_statusBar);
+    row->setContentsMargins(0, 0, 0, 0);
     auto *column = new QVBoxLayout(m_rightBar);
     column->setContentsMargins(0, 0, 0, 0);
     connectSignals();
@@ -27,6 +30,8 @@ void CModuleHost::connectSignals()
 {
     const CModuleTitleBar *bar = &m_frame->titleBar();
     connect(&m_control, &CHostControl::notifyRightBarWidgetAdded, this, &CModuleHost::onRightBarWidgetAdded);
+    connect(&m_control, &CHostControl::notifyStatusBarWidgetAdded, m_statusBar,
+            [this](UiOrvo::EnModule, QWidget *widget) { m_statusBar->layout()->addWidget(widget); });
     connect(&m_control, &CHostControl::notifyLockAdded, bar, &CModuleTitleBar::showLock);
     connect(&m_control, &CHostControl::notifyCollapseAdded, bar, &CModuleTitleBar::showCollapse);
     connect(bar, &CModuleTitleBar::notifyLockToggled, this, &CModuleHost::onLockToggled);

@@ -18,9 +18,11 @@ public:
     CModuleHost(std::shared_ptr<IAbstractInterfaceHandler> handler, CSubject &subject);
     ~CModuleHost() override;
 
-    /// The widgets to place: the module below its title bar, and its side panel. The caller takes ownership.
+    /// The widgets to place: the module below its title bar, and its side panel, and what it says in the
+    /// status bar. The caller takes ownership.
     CModuleFrame *frame() const { return m_frame; }
     QWidget *rightBar() const { return m_rightBar; }
+    QWidget *statusBar() const { return m_statusBar; }
 
     /// Loads the module; if that fails, the frame says why. Call once.
     void load(const QString &file);
@@ -40,6 +42,7 @@ private:
     CHostControl m_control;
     CModuleFrame *m_frame = nullptr;
     QWidget *m_rightBar = nullptr;
+    QWidget *m_statusBar = nullptr;
     ILayoutInterface *m_layout = nullptr;
     bool m_collapsed = false;
     bool m_stopped = false;

@@ -49,6 +49,11 @@ void CLayout::setHost(IAbstractControlInterface &host)
         subject->attach(m_store);
 }
 
+QWidget *CLayout::statusBarWidget() const
+{
+    return m_editorPage->faultLine();
+}
+
 QWidget *CLayout::rightBarWidget() const
 {
     return m_sidePanel;

@@ -6,6 +6,7 @@
 #include "layout/data/CLayoutData.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
+#include "layout/editor/view/CFaultLine.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/panels/CLayoutSidePanel.h"
 #include "layout/plugin/CEditorCommands.h"
@@ -38,6 +39,7 @@ CLayoutEditorPage::CLayoutEditorPage(CLayoutData &store, QWidget *parent)
     , m_note(new CElidedLabel)
     , m_showScreen(new CPureImageBtn(QStringLiteral(":/Image/ViewTitle/show-screen")))
     , m_view(new CLayoutGraphicsView(store))
+    , m_faultLine(new CFaultLine(*m_view))
     , m_commands(std::make_unique<CEditorCommands>(store, *m_view))
 {
     m_view->setCommands(m_commands.get());
@@ -49,11 +51,17 @@ CLayoutEditorPage::~CLayoutEditorPage()
 {
     m_store.setLayoutSource(nullptr);
     m_view->setCommands(nullptr);
+    delete m_faultLine;
 }
 
 QAbstractButton &CLayoutEditorPage::showScreenButton() const
 {
     return *m_showScreen;
+}
+
+QWidget *CLayoutEditorPage::faultLine() const
+{
+    return m_faultLine;
 }
 
 QList<CabinetLayout::CabinetPort::Cabinet> CLayoutEditorPage::selectedCabinets() const

@@ -7,11 +7,13 @@
 #include "layout/api/records/ProcessorTree.h"
 #include "layout/api/records/SBackgroundInfo.h"
 
+#include <QPointer>
 #include <QWidget>
 
 #include <memory>
 
 class CEditorCommands;
+class CFaultLine;
 class CElidedLabel;
 class CLayoutData;
 class CLayoutGraphicsView;
@@ -31,6 +33,7 @@ public:
     ~CLayoutEditorPage() override;
 
     QAbstractButton &showScreenButton() const;
+    QWidget *faultLine() const; ///< to be placed in the status bar; deleted with the page
     const QUuid &processor() const { return m_processor.uuid; } ///< the one shown; null: none
 
     QList<CabinetLayout::CabinetPort::Cabinet> selectedCabinets() const;
@@ -70,5 +73,6 @@ private:
     QString m_fillProblem; ///< the last one; shown unless there is a result
     CPureImageBtn *m_showScreen = nullptr;
     CLayoutGraphicsView *m_view = nullptr;
+    QPointer<CFaultLine> m_faultLine; // owned by the status bar once placed there
     std::unique_ptr<CEditorCommands> m_commands;
 };

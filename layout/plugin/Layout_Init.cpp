@@ -22,6 +22,10 @@ bool Layout_Init(IAbstractControlInterface **out, IAbstractControlInterface *hos
     const UiOrvo::EnModule module = UiOrvo::ModuleLayout;
     QMetaObject::invokeMethod(hostObject, "AddRightBarWidget", Q_ARG(UiOrvo::EnModule, module),
                               Q_ARG(QWidget *, layout.rightBarWidget()));
+    // Not every host has a status bar.
+    if (hostObject->metaObject()->indexOfMethod("AddStatusBarWidget(UiOrvo::EnModule,QWidget*)") >= 0)
+        QMetaObject::invokeMethod(hostObject, "AddStatusBarWidget", Q_ARG(UiOrvo::EnModule, module),
+                                  Q_ARG(QWidget *, layout.statusBarWidget()));
     QMetaObject::invokeMethod(hostObject, "AddLock", Q_ARG(UiOrvo::EnModule, module));
     QMetaObject::invokeMethod(hostObject, "AddCollapse", Q_ARG(UiOrvo::EnModule, module));
 

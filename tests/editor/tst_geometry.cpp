@@ -3,6 +3,7 @@
 #include "layout/geometry/CAppendPlan.h"
 #include "layout/geometry/CCabinetRect.h"
 #include "layout/geometry/CCoverage.h"
+#include "layout/geometry/COverlapGrid.h"
 #include "layout/geometry/CReceiverAreas.h"
 #include "layout/geometry/CResizeHandles.h"
 #include "layout/geometry/CSnakeOrder.h"
@@ -206,6 +207,41 @@ private Q_SLOTS:
         cabinet.rects = {{-9, 0, 64, 96}, {500, 500, 64, 96}, {3, 3, 0, 0}};
         CReceiverAreas::resize(cabinet, {128, 96}, {3, 3});
         QCOMPARE(cabinet.rects.size(), 3);
+    }
+
+    void overlapsAreFoundAsByComparingAll()
+    {
+        QRandomGenerator random(7);
+        const auto anyRect = [&random] {
+            return QRect(random.bounded(-600, 600), random.bounded(-600, 600), 1 + random.bounded(400),
+                         1 + random.bounded(60));
+        };
+        COverlapGrid grid;
+        QMap<int, QRect> rects;
+        QMap<int, bool> overlapping; // kept up to date with what is touched only
+        for (int step = 0; step < 400; ++step) {
+            const int kind = random.bounded(4);
+            if (kind < 2 || rects.isEmpty()) {
+                const QRect rect = anyRect();
+                rects.insert(grid.add(rect), rect);
+            } else {
+                const int number = rects.keys().at(random.bounded(rects.size()));
+                if (kind == 2)
+                    grid.move(number, rects[number] = anyRect());
+                else if (rects.remove(number))
+                    grid.remove(number);
+            }
+            QSet<int> touched;
+            grid.takeTouched(touched);
+            for (const int number : touched)
+                overlapping[number] = !grid.overlaps(number, 4).isEmpty();
+            for (auto one = rects.begin(); one != rects.end(); ++one) {
+                bool expected = false;
+                for (auto other = rects.begin(); other != rects.end(); ++other)
+                    expected |= other.key() != one.key() && other->intersects(*one);
+                QCOMPARE(overlapping.value(one.key()), expected);
+            }
+        }
     }
 
     void recordsHoldInclusiveWholePixels()

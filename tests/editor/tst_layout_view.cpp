@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/api/records/LayoutLimits.h"
+#include "layout/editor/view/CFaultLine.h"
 #include "platform/graphics/CAerialView.h"
 #include "tests/editor/CMouseTest.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
@@ -73,6 +74,45 @@ private Q_SLOTS:
         QTest::keyClick(&view(), Qt::Key_Shift);
         QCOMPARE(said(), QString());
         view().setParent(nullptr); // it is not the window's
+    }
+
+    void faultsAreCountedAndSelected()
+    {
+        CCabinetGraphicsScene &scene = m_mouse->scene();
+        CLayoutFaults &faults = scene.backend().faults();
+        const auto counts = [&faults] {
+            faults.finish();
+            return QVector<int>{faults.count(CabinetFault::Overlapping), faults.count(CabinetFault::Outside),
+                                faults.count(CabinetFault::Unwired)};
+        };
+        const int cabinets = scene.portItem(0)->cabinets(nullptr).size();
+        const int unwired = counts()[2];
+        QCOMPARE(counts(), (QVector<int>{0, 0, unwired}));
+        m_mouse->view().onPortClicked(0, true);
+        scene.topologyWiring(0);
+        QCOMPARE(counts(), (QVector<int>{0, 0, unwired - cabinets}));
+        m_mouse->click({64, 64});
+        m_mouse->drag({64, 64}, {100, 0}); // over its neighbour
+        QCOMPARE(counts(), (QVector<int>{2, 0, unwired - cabinets}));
+        QCOMPARE(m_mouse->cabinet(0, 1).fault(), CabinetFault::Overlapping);
+        QCOMPARE(scene.backend().faults().cabinets(CabinetFault::Overlapping).size(), 2);
+        scene.undo(nullptr);
+        QCOMPARE(counts(), (QVector<int>{0, 0, unwired - cabinets}));
+        QCOMPARE(m_mouse->cabinet(0, 1).fault(), CabinetFault::None);
+        scene.setCanvasSize({300, 2000}); // the third reaches beyond it, as do others
+        QVERIFY(m_mouse->cabinet(0, 2).fault() == CabinetFault::None && counts()[1] > 1);
+        QCOMPARE(m_mouse->cabinet(0, 2).fault(), CabinetFault::Outside);
+        m_mouse->states().redundancy[0] = CabinetLayout::CabinetPort::Redundant;
+        scene.onNotifyProcessorStateChanged();
+        counts();
+        QCOMPARE(m_mouse->cabinet(0, 2).fault(), CabinetFault::None);
+        QCOMPARE(counts()[2], unwired - cabinets);
+
+        CFaultLine line(m_mouse->view());
+        QToolButton *button = line.findChildren<QToolButton *>().last();
+        QCOMPARE(button->text().mid(2), QStringLiteral("%1 unwired").arg(unwired - cabinets));
+        button->click();
+        QCOMPARE(scene.selection().cabinets().size(), unwired - cabinets);
     }
 
     void commandsConcernAllCabinetsOfAPort()

@@ -21,7 +21,8 @@ CCabinetGraphicsScene::CCabinetGraphicsScene(const IPortStates &ports, QObject *
     : CGraphicsScene(parent)
     , m_backend(std::make_unique<CSceneBackend>(
           *this, ports, [this](const CPendingEdits &work) { finishBatch(work); },
-          [this](const QString &words) { Q_EMIT notifyWords(words); }))
+          [this](const QString &words) { Q_EMIT notifyWords(words); },
+          [this] { Q_EMIT notifyFaultsChanged(); }))
 {
     setUndoStack(&m_ownStack);
     connect(this, &QGraphicsScene::selectionChanged, this, &CCabinetGraphicsScene::onSelectionChanged);
@@ -56,6 +57,7 @@ void CCabinetGraphicsScene::setLayoutData(const ProcessorTree::ProcessorNode &pr
         for (const CGraphicsPortItem *port : portItems())
             connect(port, &CGraphicsPortItem::childItemPosChanged, this,
                     [this] { m_portAreaChanged = true; });
+        m_backend->faults().noteAll();
         m_backend->batches().forget();
         m_backend->batches().noteSelection();
         m_backend->picks().only(selected.toVector());
@@ -70,6 +72,7 @@ void CCabinetGraphicsScene::clearLayout()
     clearSelection(); // otherwise each selected item that is deleted would announce it
     m_backend->highlights().clear();
     m_backend->content().clear();
+    m_backend->faults().clear();
     updateContentRect();
 }
 
@@ -179,8 +182,10 @@ void CCabinetGraphicsScene::finishBatch(const CPendingEdits &work)
     const bool edited = !work.ports().isEmpty() && !m_backend->isDragging();
     if (work.isSelectionChanged() || edited)
         tellSelection();
-    if (edited)
+    if (edited) {
+        m_backend->faults().notePorts(work.ports());
         Q_EMIT notifySceneChanged();
+    }
     if (work.isHighlightChanged())
         Q_EMIT notifyHighlightChanged();
 }
@@ -273,6 +278,7 @@ void CCabinetGraphicsScene::onNotifyProcessorStateChanged()
 {
     for (CGraphicsPortItem *port : portItems())
         port->refreshState();
+    m_backend->faults().noteAll(); // what is redundant now has none
     m_backend->content().forgetRecords();
     updateViews();
     Q_EMIT notifyLookChanged();
@@ -292,6 +298,7 @@ void CCabinetGraphicsScene::onNotifyCabinetColorChanged(int port, const QColor &
 void CCabinetGraphicsScene::setCanvasSize(const QSize &size)
 {
     m_backend->content().setCanvas(size);
+    m_backend->faults().noteAll();
     updateContentRect();
     updateViews();
     Q_EMIT notifyLookChanged();

@@ -90,8 +90,9 @@ Q_SIGNALS:
     void notifySelectedCabinetInfos(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets);
     void notifySelectedChanged(const QList<int> &ports, bool canGroup, bool canBreakGroup);
     void notifySceneChanged();
-    void notifyHighlightChanged();          ///< other cabinets are highlighted now
-    void notifyLookChanged();               ///< same content, other look
+    void notifyHighlightChanged(); ///< other cabinets are highlighted now
+    void notifyLookChanged();      ///< same content, other look
+    void notifyFaultsChanged();    ///< other cabinets overlap, lie outside the canvas or are not wired
     void notifyWords(const QString &words); ///< for the status bar
 
 public Q_SLOTS:

@@ -6,7 +6,7 @@
 
 CSceneBackend::CSceneBackend(CGraphicsScene &scene, const IPortStates &states,
                              std::function<void(const CPendingEdits &)> finish,
-                             std::function<void(const QString &)> tell)
+                             std::function<void(const QString &)> tell, std::function<void()> faultsChanged)
     : m_states(states)
     , m_content(scene, *this, states)
     , m_batches(
@@ -18,6 +18,7 @@ CSceneBackend::CSceneBackend(CGraphicsScene &scene, const IPortStates &states,
     , m_shape(m_batches, m_selection, m_recorder)
     , m_placing(scene, m_batches, states, m_content, m_selection, m_recorder)
     , m_highlights(m_batches)
+    , m_faults(m_content, std::move(faultsChanged))
 {
 }
 

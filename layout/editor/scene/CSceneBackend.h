@@ -4,6 +4,7 @@
 
 #include "layout/editor/content/CEditBatches.h"
 #include "layout/editor/content/CHighlights.h"
+#include "layout/editor/content/CLayoutFaults.h"
 #include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/content/CSelectionPicks.h"
@@ -25,10 +26,11 @@ class CSceneBackend final : public IEditorScene, private IItemNotes
 {
 public:
     /// The backend of @p scene, which owns it; @p finish does the work at the end of a batch, @p tell shows a
-    /// message in the status bar. @p states must outlive it.
+    /// message in the status bar, @p faultsChanged tells that other cabinets are faulty. @p states must
+    /// outlive it.
     CSceneBackend(CGraphicsScene &scene, const IPortStates &states,
                   std::function<void(const CPendingEdits &)> finish,
-                  std::function<void(const QString &)> tell);
+                  std::function<void(const QString &)> tell, std::function<void()> faultsChanged);
 
     CSceneContent &content() { return m_content; }
     const CSceneSelection &selection() const { return m_selection; }
@@ -40,6 +42,7 @@ public:
     CSelectionShape &shape() { return m_shape; }
     CScenePlacing &placing() { return m_placing; }
     CHighlights &highlights() { return m_highlights; }
+    CLayoutFaults &faults() { return m_faults; }
     const IPortStates &states() const { return m_states; }
 
     /// Installs @p input, which handles mouse events; null: nobody does. The caller keeps ownership.
@@ -78,4 +81,5 @@ private:
     CSelectionShape m_shape;
     CScenePlacing m_placing;
     CHighlights m_highlights;
+    CLayoutFaults m_faults;
 };

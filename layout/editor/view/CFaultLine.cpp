@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/view/CFaultLine.h"
+
+#include "layout/drawing/LayoutColors.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
+#include "layout/editor/view/CLayoutGraphicsView.h"
+
+#include <QHBoxLayout>
+#include <QToolButton>
+
+CFaultLine::CFaultLine(CLayoutGraphicsView &view)
+    : m_view(view)
+{
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(4);
+    for (const CabinetFault fault : {CabinetFault::Overlapping, CabinetFault::Outside, CabinetFault::Unwired})
+        addButton(fault);
+    connect(&view.cabinetScene(), &CCabinetGraphicsScene::notifyFaultsChanged, this, &CFaultLine::showCounts);
+    showCounts();
+}
+
+void CFaultLine::addButton(CabinetFault fault)
+{
+    auto *button = new QToolButton;
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setToolTip(tr("Select these cabinets"));
+    const QColor color = fault == CabinetFault::Overlapping ? LayoutColors::Fault : LayoutColors::Warning;
+    button->setStyleSheet(QStringLiteral("color:%1").arg(color.name()));
+    layout()->addWidget(button);
+    m_buttons.insert(int(fault), button);
+    connect(button, &QToolButton::clicked, this, [this, fault] { select(fault); });
+}
+
+QString CFaultLine::text(CabinetFault fault, int count)
+{
+    switch (fault) {
+    case CabinetFault::Overlapping:
+        return tr("%1 overlapping").arg(count);
+    case CabinetFault::Outside:
+        return tr("%1 outside the canvas").arg(count);
+    default:
+        return tr("%1 unwired").arg(count);
+    }
+}
+
+void CFaultLine::showCounts()
+{
+    for (auto button = m_buttons.begin(); button != m_buttons.end(); ++button) {
+        const auto fault = CabinetFault(button.key());
+        const int count = m_view.cabinetScene().backend().faults().count(fault);
+        (*button)->setText(QChar(0x26a0) + QLatin1Char(' ') + text(fault, count));
+        (*button)->setVisible(count > 0);
+    }
+}
+
+void CFaultLine::select(CabinetFault fault)
+{
+    CSceneBackend &backend = m_view.cabinetScene().backend();
+    backend.batches().cancelGesture();
+    backend.picks().only(backend.faults().cabinets(fault));
+    const QRect found = backend.selection().extent();
+    if (!found.isEmpty() && !m_view.mapToScene(m_view.viewport()->rect()).boundingRect().intersects(found))
+        m_view.showPlace(QRectF(found).center());
+    m_view.setFocus();
+}

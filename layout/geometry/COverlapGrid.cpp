@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/geometry/COverlapGrid.h"
+
+namespace {
+
+constexpr int CellShift = 8; // cells of 256 pixels: of usual cabinets each lies in few, and a cell holds few
+
+} // namespace
+
+template <typename Visit>
+void COverlapGrid::visitCells(const QRect &rect, Visit visit)
+{
+    if (rect.isEmpty())
+        return;
+    for (int row = rect.top() >> CellShift; row <= rect.bottom() >> CellShift; ++row) {
+        for (int column = rect.left() >> CellShift; column <= rect.right() >> CellShift; ++column)
+            visit(Cell(quint32(row)) << 32 | quint32(column));
+    }
+}
+
+int COverlapGrid::add(const QRect &rect)
+{
+    int number = m_rects.size();
+    if (m_free.isEmpty())
+        m_rects << QRect();
+    else
+        number = m_free.takeLast();
+    move(number, rect);
+    return number;
+}
+
+void COverlapGrid::move(int number, const QRect &rect)
+{
+    visitCells(m_rects.at(number), [this, number](Cell cell) {
+        m_cells[cell].remove(number);
+        m_touched.insert(cell);
+    });
+    m_rects[number] = rect;
+    visitCells(rect, [this, number](Cell cell) {
+        m_cells[cell].insert(number);
+        m_touched.insert(cell);
+    });
+}
+
+void COverlapGrid::remove(int number)
+{
+    move(number, {});
+    m_free << number;
+}
+
+void COverlapGrid::takeTouched(QSet<int> &numbers)
+{
+    for (const Cell cell : qAsConst(m_touched)) {
+        const auto found = m_cells.find(cell);
+        if (found->isEmpty())
+            m_cells.erase(found);
+        else
+            numbers |= *found;
+    }
+    m_touched.clear();
+}
+
+QVector<QRect> COverlapGrid::overlaps(int number, int most) const
+{
+    const QRect rect = m_rects.at(number);
+    QSet<int> found;
+    visitCells(rect, [&](Cell cell) {
+        const auto near = m_cells.constFind(cell);
+        if (near == m_cells.cend())
+            return;
+        for (auto other = near->cbegin(); other != near->cend() && found.size() < most; ++other) {
+            if (*other != number && m_rects.at(*other).intersects(rect))
+                found << *other;
+        }
+    });
+    QVector<QRect> shared;
+    for (const int other : qAsConst(found))
+        shared << (m_rects.at(other) & rect);
+    return shared;
+}

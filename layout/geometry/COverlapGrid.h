@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QHash>
+#include <QRect>
+#include <QSet>
+#include <QVector>
+
+/// Keeps rectangles and finds which of them overlap. A change costs what lies near it, not what there is in
+/// all. Pure arithmetic.
+class COverlapGrid final
+{
+public:
+    /// Returns the number under which the rectangle is kept; numbers of removed ones are given again.
+    int add(const QRect &rect);
+    void move(int number, const QRect &rect);
+    void remove(int number);
+    void clear() { *this = COverlapGrid(); }
+
+    const QRect &rect(int number) const { return m_rects.at(number); }
+    /// Moves to @p numbers the rectangles that may overlap others than when this was last called, each once.
+    void takeTouched(QSet<int> &numbers);
+    /// What others share with a rectangle, of @p most of them at most.
+    QVector<QRect> overlaps(int number, int most) const;
+
+private:
+    using Cell = quint64;
+
+    template <typename Visit>
+    static void visitCells(const QRect &rect, Visit visit);
+
+    QVector<QRect> m_rects;
+    QVector<int> m_free;
+    QHash<Cell, QSet<int>> m_cells;
+    QSet<Cell> m_touched;
+};
