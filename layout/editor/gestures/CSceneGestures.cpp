@@ -113,13 +113,13 @@ QString CSceneGestures::dragNote() const
     if (!m_drag || !m_drag->hasMoved())
         return {};
     const QRect frame = m_drag->frame();
-    const auto figure = [](int number, QChar plus = {}) {
-        return number < 0 ? QChar(0x2212) + QString::number(-number) : plus + QString::number(number);
+    const auto figure = [](int number, const QString &plus = {}) {
+        return (number < 0 ? QString(QChar(0x2212)) : plus) + QString::number(qAbs(number));
     };
     if (m_drag->operation() == CItemDrag::Scale)
         return QStringLiteral("%1 \u00d7 %2").arg(frame.width()).arg(frame.height());
     const QPoint offset = m_drag->offset();
-    const QChar plus = QLatin1Char('+');
+    const QString plus = QStringLiteral("+");
     return QStringLiteral("%1, %2  (%3, %4)")
         .arg(figure(frame.left()), figure(frame.top()), figure(offset.x(), plus), figure(offset.y(), plus));
 }
