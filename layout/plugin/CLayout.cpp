@@ -51,7 +51,7 @@ void CLayout::setHost(IAbstractControlInterface &host)
 
 QWidget *CLayout::statusBarWidget() const
 {
-    return m_editorPage->faultLine();
+    return m_editorPage->statusFigures();
 }
 
 QWidget *CLayout::rightBarWidget() const

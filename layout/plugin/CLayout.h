@@ -36,7 +36,8 @@ public:
     bool awaitsHost() const { return m_background && !m_host; }
     /// Connects to @p host: observes its notifications and calls its handler.
     void setHost(IAbstractControlInterface &host);
-    QWidget *statusBarWidget() const; ///< tells of faulty cabinets; the host becomes its parent
+    QWidget *
+    statusBarWidget() const; ///< tells what is selected and what is wrong; the host becomes its parent
     QWidget *rightBarWidget() const; ///< the side panel; the host becomes its parent
     QAbstractButton &showScreenButton() const;
     /// The user wants to show or hide the simulated screen.

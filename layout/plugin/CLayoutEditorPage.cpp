@@ -11,6 +11,7 @@
 #include "layout/panels/CLayoutSidePanel.h"
 #include "layout/plugin/CEditorCommands.h"
 #include "layout/plugin/CEditorMenus.h"
+#include "layout/plugin/CStatusFigures.h"
 #include "layout/redundancy/CPortBackupDialog.h"
 #include "platform/widgets/CElidedLabel.h"
 #include "platform/widgets/CMessageBox.h"
@@ -39,7 +40,7 @@ CLayoutEditorPage::CLayoutEditorPage(CLayoutData &store, QWidget *parent)
     , m_note(new CElidedLabel)
     , m_showScreen(new CPureImageBtn(QStringLiteral(":/Image/ViewTitle/show-screen")))
     , m_view(new CLayoutGraphicsView(store))
-    , m_faultLine(new CFaultLine(*m_view))
+    , m_figures(new CStatusFigures(store, *m_view, new CFaultLine(*m_view)))
     , m_commands(std::make_unique<CEditorCommands>(store, *m_view))
 {
     m_view->setCommands(m_commands.get());
@@ -51,7 +52,7 @@ CLayoutEditorPage::~CLayoutEditorPage()
 {
     m_store.setLayoutSource(nullptr);
     m_view->setCommands(nullptr);
-    delete m_faultLine;
+    delete m_figures;
 }
 
 QAbstractButton &CLayoutEditorPage::showScreenButton() const
@@ -59,9 +60,9 @@ QAbstractButton &CLayoutEditorPage::showScreenButton() const
     return *m_showScreen;
 }
 
-QWidget *CLayoutEditorPage::faultLine() const
+QWidget *CLayoutEditorPage::statusFigures() const
 {
-    return m_faultLine;
+    return m_figures;
 }
 
 QList<CabinetLayout::CabinetPort::Cabinet> CLayoutEditorPage::selectedCabinets() const

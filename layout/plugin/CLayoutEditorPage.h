@@ -13,12 +13,12 @@
 #include <memory>
 
 class CEditorCommands;
-class CFaultLine;
 class CElidedLabel;
 class CLayoutData;
 class CLayoutGraphicsView;
 class CLayoutSidePanel;
 class CPureImageBtn;
+class CStatusFigures;
 class QAbstractButton;
 class QMenu;
 
@@ -33,7 +33,7 @@ public:
     ~CLayoutEditorPage() override;
 
     QAbstractButton &showScreenButton() const;
-    QWidget *faultLine() const; ///< to be placed in the status bar; deleted with the page
+    QWidget *statusFigures() const; ///< to be placed in the status bar; deleted with the page
     const QUuid &processor() const { return m_processor.uuid; } ///< the one shown; null: none
 
     QList<CabinetLayout::CabinetPort::Cabinet> selectedCabinets() const;
@@ -73,6 +73,6 @@ private:
     QString m_fillProblem; ///< the last one; shown unless there is a result
     CPureImageBtn *m_showScreen = nullptr;
     CLayoutGraphicsView *m_view = nullptr;
-    QPointer<CFaultLine> m_faultLine; // owned by the status bar once placed there
+    QPointer<CStatusFigures> m_figures; // owned by the status bar once placed there
     std::unique_ptr<CEditorCommands> m_commands;
 };

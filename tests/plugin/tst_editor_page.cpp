@@ -166,6 +166,25 @@ private Q_SLOTS:
         QVERIFY(world.ports().isEnabled());
     }
 
+    void theStatusBarTellsOfTheSelection()
+    {
+        SPageWorld world;
+        QWidget &figures = *world.page.statusFigures();
+        figures.resize(figures.sizeHint());
+        const auto text = [&figures](const char *name) {
+            QCoreApplication::processEvents();
+            return figures.findChild<QLabel *>(QLatin1String(name))->text();
+        };
+        QCOMPARE(text("StatusSelection"), QString());
+        world.answers()->loads[1] = 90;
+        world.store.updatePortLoad(1, false);
+        world.view().onPortClicked(1, true);
+        QVERIFY(text("StatusSelection").startsWith(QLatin1String("4 selected, ")));
+        QCOMPARE(text("StatusPort"), QStringLiteral("Port 2: 90%"));
+        world.view().clearSelected();
+        QCOMPARE(text("StatusSelection"), QString());
+    }
+
     void theStripFollowsTheStore()
     {
         SPageWorld world;
