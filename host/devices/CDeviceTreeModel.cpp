@@ -10,6 +10,10 @@
 
 #include <algorithm>
 
+namespace {
+constexpr int IconSide = 16; // pixels, as in views
+}
+
 CDeviceTreeModel::CDeviceTreeModel(const CDeviceTable &table, QObject *parent)
     : QAbstractItemModel(parent)
     , m_table(table)
@@ -196,9 +200,13 @@ QVariant CDeviceTreeModel::decoration(const SNode &node)
 {
     if (node.type != PrcTreeNodeType::Processor)
         return {};
-    return QIcon(QStringLiteral(":/Image/Target/Processor/%1%2_normal.svg")
-                     .arg(node.backup ? QStringLiteral("backup-") : QString(),
-                          node.online ? QStringLiteral("online") : QStringLiteral("offline")));
+    const QIcon drawn(QStringLiteral(":/Image/Target/Processor/%1%2_normal.svg")
+                          .arg(node.backup ? QStringLiteral("backup-") : QString(),
+                               node.online ? QStringLiteral("online") : QStringLiteral("offline")));
+    QIcon icon; // the style would tint the picture of a selected row in the colour that is behind it
+    for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected})
+        icon.addPixmap(drawn.pixmap(IconSide, IconSide), mode);
+    return icon;
 }
 
 QVariant CDeviceTreeModel::data(const QModelIndex &index, int role) const

@@ -14,7 +14,9 @@
 #include "tests/harness/CTestBase.h"
 
 #include <QAction>
+#include <QFile>
 #include <QGraphicsView>
+#include <QIcon>
 #include <QLabel>
 #include <QMenu>
 #include <QTemporaryDir>
@@ -168,6 +170,8 @@ private Q_SLOTS:
         QVERIFY(!progress->isVisible());
         QVERIFY(action("Detect devices")->isEnabled());
         QTRY_VERIFY(shows(QStringLiteral("No processor selected")));
+        const QIcon icon = nodeNamed(QStringLiteral("Lobby")).data(Qt::DecorationRole).value<QIcon>();
+        QCOMPARE(icon.pixmap(16, QIcon::Selected).toImage(), icon.pixmap(16).toImage());
     }
 
     void theSelectionDecidesWhatTheModuleShows()
@@ -290,13 +294,24 @@ private Q_SLOTS:
         QVERIFY(!nodeNamed(QStringLiteral("Demo wall")).isValid());
         QVERIFY(!action("Close project")->isEnabled());
 
+        const QTemporaryDir folder; // of a project that was opened before
+        const QString other = folder.filePath(QStringLiteral("other.sprj"));
+        CAppSettings().addRecentProject(other);
+        QFile stray(folder.filePath(QStringLiteral(".orvo-1-1.new")));
+        QVERIFY(stray.open(QIODevice::WriteOnly));
         SAppOptions options;
         options.files << file << m_state.filePath(QStringLiteral("missing.sprj"));
         CMessageBoxAnswerer user({QStringLiteral("OK")});
         m_window->start(options);
         QVERIFY(user.boxes().first().details.contains(QStringLiteral("missing.sprj")));
         QVERIFY(nodeNamed(QStringLiteral("Demo wall")).isValid());
+        QTRY_VERIFY(!stray.exists());
+        CAppSettings().removeRecentProject(other);
         QCOMPARE(CAppSettings().recentProjects(), QStringList(file));
+        const QUuid foyer = nodeNamed(QStringLiteral("Foyer")).data(CDeviceTreeModel::UuidRole).toUuid();
+        QVERIFY(!m_window->manager().table().isOnline(foyer));
+        m_window->manager().simulate(foyer, SimulationFault::Offline, false);
+        QTRY_VERIFY(m_window->manager().table().isOnline(foyer)); // asked now and then
     }
 
     void quittingStopsWhatRunsIfTheUserAgrees()
