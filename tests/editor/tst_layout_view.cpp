@@ -76,6 +76,33 @@ private Q_SLOTS:
         view().setParent(nullptr); // it is not the window's
     }
 
+    void highlightsOutliveEditsButNotTheirCabinet()
+    {
+        CCabinetGraphicsScene &scene = m_mouse->scene();
+        CSceneBackend &backend = scene.backend();
+        const auto highlighted = [&backend] { return backend.highlights().records().size(); };
+        m_mouse->cabinet(0, 0).setHighlighted(true);
+        m_mouse->cabinet(0, 1).setHighlighted(true);
+        m_mouse->view().onPortClicked(0, true);
+        scene.topologyWiring(1);
+        scene.selectedItemMoveDown();
+        backend.operations().group();
+        backend.operations().ungroup();
+        scene.breakSelectedWiring();
+        while (m_mouse->stack().canUndo())
+            scene.undo(nullptr);
+        m_mouse->view().onNotifyAppendCabinet({}, 0, {50, 50});
+        m_mouse->click({700, 700});
+        QCOMPARE(highlighted(), 2);
+        scene.clearSelection();
+        m_mouse->cabinet(0, 0).setSelected(true);
+        backend.operations().remove();
+        QCOMPARE(highlighted(), 1);
+        scene.undo(nullptr);
+        QCOMPARE(highlighted(), 1);
+        QCOMPARE(m_mouse->layout().ports[0].groups[0].cabinets[0].calibrationIndex, -1);
+    }
+
     void faultsAreCountedAndSelected()
     {
         CCabinetGraphicsScene &scene = m_mouse->scene();

@@ -5,8 +5,6 @@
 #include "layout/api/access/IPortStates.h"
 #include "layout/editor/gestures/CSceneInput.h"
 #include "layout/editor/items/CFarPorts.h"
-#include "layout/editor/items/CGraphicsCabinetItem.h"
-#include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/menus/CClearTopology.h"
 #include "layout/editor/menus/IEditorCommands.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
@@ -36,6 +34,7 @@ CLayoutGraphicsView::CLayoutGraphicsView(const IPortStates &ports, QWidget *pare
     : CGraphicsView(parent)
     , m_scene(new CCabinetGraphicsScene(ports, this))
     , m_input(std::make_unique<CSceneInput>(*m_scene))
+    , m_shown(*m_scene)
     , m_toolBar(new CEditorToolBar)
     , m_ports(new CPortStrip(*m_toolBar, ports))
     , m_words(new CStatusWords(*this, *viewport()))
@@ -114,41 +113,23 @@ void CLayoutGraphicsView::setCommands(IEditorCommands *commands)
 
 void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout)
 {
-    const bool another = processor.uuid != m_processor;
+    const bool another = processor.uuid != m_shown.processor();
     if (another) {
-        leaveProcessor(); // so that its edits are not recorded on the other's stack
-        m_processor = processor.uuid;
-        QUndoStack &stack = m_histories.enter(m_processor, layout.layout);
-        m_scene->setUndoStack(&stack);
+        QUndoStack &stack = m_shown.enter(processor.uuid, layout.layout);
         onNotifyCanUndoChanged(stack.canUndo());
         onNotifyCanRedoChanged(stack.canRedo());
         Q_EMIT notifyUndoStackChanged(&stack);
     }
-    const bool inPlace = !another && m_scene->backend().content().canRebuild(layout);
-    if (!another && !inPlace && m_scene->undoStack())
-        m_scene->undoStack()->clear(); // its steps belong to ports that no longer exist
-    m_scene->setLayoutData(processor, layout, m_scene->backend().placing().cache(), {}, inPlace);
-    QList<int> ports;
-    for (const CGraphicsPortItem *port : m_scene->portItems())
-        ports << port->port();
-    m_ports->setPorts(ports);
+    m_shown.show(processor, layout, another);
+    m_ports->setPorts(m_shown.ports());
     aerialView().scheduleRefresh();
     if (another)
         fitContent();
 }
 
-void CLayoutGraphicsView::leaveProcessor()
-{
-    CabinetLayout left;
-    m_scene->getLayoutData(left, m_processor);
-    m_histories.leave(m_processor, left);
-    m_processor = QUuid();
-    m_scene->clearLayout();
-}
-
 void CLayoutGraphicsView::clearLayout()
 {
-    leaveProcessor();
+    m_shown.leave();
     m_scene->setUndoStack(nullptr);
     onNotifyCanUndoChanged(false);
     onNotifyCanRedoChanged(false);
@@ -329,26 +310,16 @@ void CLayoutGraphicsView::clearSelected()
     m_scene->clearSelection();
 }
 
-QList<CLayoutGraphicsView::Cabinet> CLayoutGraphicsView::cabinetsOf(int port) const
-{
-    QList<Cabinet> cabinets;
-    if (const CGraphicsPortItem *item = m_scene->portItem(port)) {
-        for (const CGraphicsCabinetItem *cabinet : item->cabinets(nullptr))
-            cabinets << cabinet->cabinet();
-    }
-    return cabinets;
-}
-
 void CLayoutGraphicsView::showCabinetInfo(int port)
 {
     if (m_commands)
-        m_commands->showInformation(cabinetsOf(port), this);
+        m_commands->showInformation(m_shown.cabinets(port), this);
 }
 
 void CLayoutGraphicsView::saveCabinetPara(int port)
 {
     if (m_commands)
-        m_commands->saveParameters(cabinetsOf(port), this);
+        m_commands->saveParameters(m_shown.cabinets(port), this);
 }
 
 void CLayoutGraphicsView::ShowEleCurrentAdjustDialog()
@@ -365,7 +336,7 @@ void CLayoutGraphicsView::markupCustomCabinet(bool markup)
 
 void CLayoutGraphicsView::onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processorInfo)
 {
-    if (processorInfo.uuid != m_processor)
+    if (processorInfo.uuid != m_shown.processor())
         m_scene->leaveOperation(); // what is in progress belongs to the previous processor
 }
 

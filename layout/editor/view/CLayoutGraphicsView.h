@@ -5,7 +5,7 @@
 #include "layout/api/records/LayoutData.h"
 #include "layout/api/records/ProcessorTree.h"
 #include "layout/api/records/SSettings.h"
-#include "layout/editor/view/CEditHistories.h"
+#include "layout/editor/view/CShownLayout.h"
 #include "platform/graphics/CGraphicsView.h"
 
 #include <QTimer>
@@ -108,24 +108,21 @@ private:
     void connectScene();
     bool isBlocked() const { return m_blocked || m_backup; }
     void setBlocked(bool byController, bool asBackup);
-    void leaveProcessor();
     void choosePort(int port);
     void clearTopology();
     void openAppendMenu(const QPoint &globalPos);
     void highlight();
     void tellSelection();
-    QList<Cabinet> cabinetsOf(int port) const;
 
     CCabinetGraphicsScene *m_scene;
     std::unique_ptr<CSceneInput> m_input;
-    CEditHistories m_histories;
+    CShownLayout m_shown;
     CEditorToolBar *m_toolBar;
     CPortStrip *m_ports;
     CStatusWords *m_words;
     IEditorCommands *m_commands = nullptr;
     const CFarPorts *m_farPorts = nullptr; // during a frame
-    QTimer m_selectionTold; // runs out when the selection is to be announced
-    QUuid m_processor;
-    bool m_blocked = false; // by the controller
-    bool m_backup = false;  // the processor in view follows another one
+    QTimer m_selectionTold;                // runs out when the selection is to be announced
+    bool m_blocked = false;                // by the controller
+    bool m_backup = false;                 // the processor in view follows another one
 };
