@@ -241,7 +241,7 @@ void CLayoutEditorPage::connectSignals()
             [this](const SBackgroundInfo &, const SBackgroundInfo &now, bool canvasSizeChanged) {
                 showBackground(now, canvasSizeChanged);
             });
-    connect(&m_commands->canvas(), &CCanvasCommands::previewed, this,
+    connect(&m_commands->canvas(), &CCanvasCommands::notifyFillPreviewed, this,
             [this](const SBackgroundInfo &info) { showBackground(info); });
     connect(&m_store, &CLayoutData::notifyProcessorStateChanged, scene,
             &CCabinetGraphicsScene::onNotifyProcessorStateChanged);

@@ -95,7 +95,7 @@ void CStatusFigures::connectSignals()
         m_extent = extent;
         showSelection();
     });
-    connect(&m_view, &View::scaleChanged, this, &CStatusFigures::showScale);
+    connect(&m_view, &View::notifyScaleChanged, this, &CStatusFigures::showScale);
     connect(&m_store, &CLayoutData::notifyCurrentPortChanged, this, &CStatusFigures::showPort);
     connect(&m_store, &CLayoutData::notifyProcessorPortPayloadChanged, this, &CStatusFigures::showPort);
 }

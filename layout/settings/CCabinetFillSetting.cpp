@@ -107,7 +107,7 @@ QSpinBox *CCabinetFillSetting::createNumber(const QString &name, int maximum) co
 void CCabinetFillSetting::connectSignals()
 {
     const auto valueChanged = qOverload<int>(&QSpinBox::valueChanged);
-    connect(m_panel, &CColorSVPanel::saturationValueChanged, this,
+    connect(m_panel, &CColorSVPanel::notifySaturationValueChanged, this,
             &CCabinetFillSetting::onSaturationValueChanged);
     connect(m_hue, &QSlider::valueChanged, this, &CCabinetFillSetting::onHueChanged);
     connect(m_brightness, &QSlider::valueChanged, this, &CCabinetFillSetting::onBrightnessChanged);

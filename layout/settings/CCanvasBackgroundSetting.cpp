@@ -107,8 +107,8 @@ void CCanvasBackgroundSetting::connectSignals()
     connect(m_enabled, &QCheckBox::toggled, this, &CCanvasBackgroundSetting::change);
     connect(m_browse, &QPushButton::clicked, this, &CCanvasBackgroundSetting::browse);
     connect(m_zoom, &QRadioButton::toggled, this, &CCanvasBackgroundSetting::change);
-    connect(m_scale, &CSliderSpinBox::valueChanged, this, &CCanvasBackgroundSetting::change);
-    connect(m_opacity, &CSliderSpinBox::valueChanged, this, &CCanvasBackgroundSetting::change);
+    connect(m_scale, &CSliderSpinBox::notifyValueChanged, this, &CCanvasBackgroundSetting::change);
+    connect(m_opacity, &CSliderSpinBox::notifyValueChanged, this, &CCanvasBackgroundSetting::change);
 }
 
 /// A fill needs an image.
@@ -142,5 +142,5 @@ void CCanvasBackgroundSetting::change()
     m_info.scale = m_scale->value();
     m_info.opacity = m_opacity->value();
     updateEnabled();
-    Q_EMIT changed(m_info);
+    Q_EMIT notifyChanged(m_info);
 }

@@ -27,7 +27,7 @@ public:
     const SBackgroundInfo &info() const { return m_info; }
 
 Q_SIGNALS:
-    void changed(const SBackgroundInfo &info);
+    void notifyChanged(const SBackgroundInfo &info);
 
 private:
     void buildUi();

@@ -53,15 +53,15 @@ void CCanvasCommands::setCanvasFill()
     SBackgroundInfo before = CHostAccess::call(&Host::background, processor);
     before.processor = processor;
     CCanvasBackgroundSetting dialog(before, &m_window);
-    connect(&dialog, &CCanvasBackgroundSetting::changed, this,
+    connect(&dialog, &CCanvasBackgroundSetting::notifyChanged, this,
             [this, processor](const SBackgroundInfo &info) {
                 if (CProcessorInView::key() == processor)
-                    Q_EMIT previewed(info);
+                    Q_EMIT notifyFillPreviewed(info);
             });
     const auto send = [&dialog](ILayoutInterfaceHandler &host) { return host.setBackground(dialog.info()); };
     const bool done = dialog.exec() == QDialog::Accepted && set(processor, send);
     if (!done && CProcessorInView::key() == processor)
-        Q_EMIT previewed(before);
+        Q_EMIT notifyFillPreviewed(before);
 }
 
 bool CCanvasCommands::set(const QUuid &processor, const CProcessorInView::Operation &operation)

@@ -22,14 +22,14 @@ public:
 
     void setFrameRateAndColorDepth();
     void setCanvasSize();
-    /// The canvas follows the open dialog, see previewed(). The previous fill is restored unless the user
-    /// accepts and the host succeeds.
+    /// The canvas follows the open dialog, see notifyFillPreviewed(). The previous fill is restored unless
+    /// the user accepts and the host succeeds.
     void setCanvasFill();
     void adjustCurrentGain();
 
 Q_SIGNALS:
     /// The canvas shall show this fill while the dialog is open.
-    void previewed(const SBackgroundInfo &info);
+    void notifyFillPreviewed(const SBackgroundInfo &info);
 
 private:
     bool set(const QUuid &processor, const CProcessorInView::Operation &operation);

@@ -46,12 +46,12 @@ void CGraphicsView::createActions()
     add(Qt::CTRL | Qt::Key_1, &CGraphicsView::showActualSize);
     add(QKeySequence::ZoomIn, &CGraphicsView::zoomIn);
     add(QKeySequence::ZoomOut, &CGraphicsView::zoomOut);
-    connect(m_strip, &CZoomStrip::fitClicked, this, &CGraphicsView::fitContent);
-    connect(m_strip, &CZoomStrip::actualSizeClicked, this, &CGraphicsView::showActualSize);
-    connect(m_strip, &CZoomStrip::zoomInClicked, this, &CGraphicsView::zoomIn);
-    connect(m_strip, &CZoomStrip::zoomOutClicked, this, &CGraphicsView::zoomOut);
-    connect(this, &CGraphicsView::scaleChanged, m_strip, &CZoomStrip::showScale);
-    connect(this, &CGraphicsView::scaleChanged, m_aerialView, QOverload<>::of(&QWidget::update));
+    connect(m_strip, &CZoomStrip::notifyFitClicked, this, &CGraphicsView::fitContent);
+    connect(m_strip, &CZoomStrip::notifyActualSizeClicked, this, &CGraphicsView::showActualSize);
+    connect(m_strip, &CZoomStrip::notifyZoomInClicked, this, &CGraphicsView::zoomIn);
+    connect(m_strip, &CZoomStrip::notifyZoomOutClicked, this, &CGraphicsView::zoomOut);
+    connect(this, &CGraphicsView::notifyScaleChanged, m_strip, &CZoomStrip::showScale);
+    connect(this, &CGraphicsView::notifyScaleChanged, m_aerialView, QOverload<>::of(&QWidget::update));
 }
 
 void CGraphicsView::setScaleFactor(qreal factor)
@@ -68,7 +68,7 @@ void CGraphicsView::zoomBy(qreal factor, const QPoint &fixedPoint)
     const QPointF underPoint = mapToScene(fixedPoint);
     setTransform(QTransform::fromScale(wanted, wanted));
     scrollBy(mapFromScene(underPoint) - fixedPoint);
-    Q_EMIT scaleChanged(wanted);
+    Q_EMIT notifyScaleChanged(wanted);
 }
 
 void CGraphicsView::scrollBy(const QPoint &step)
@@ -94,7 +94,7 @@ void CGraphicsView::applyFit()
     const qreal wanted = qBound(SmallestScale, factor, LargestScale);
     setTransform(QTransform::fromScale(wanted, wanted));
     centerOn(m_fitRect.center() + QPointF(0, stripRoom / (2 * wanted)));
-    Q_EMIT scaleChanged(wanted);
+    Q_EMIT notifyScaleChanged(wanted);
 }
 
 void CGraphicsView::fitContent()

@@ -42,7 +42,7 @@ public Q_SLOTS:
     void zoomOut();
 
 Q_SIGNALS:
-    void scaleChanged(qreal factor);
+    void notifyScaleChanged(qreal factor);
 
 protected:
     bool viewportEvent(QEvent *event) override;

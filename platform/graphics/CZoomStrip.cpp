@@ -27,13 +27,13 @@ CZoomStrip::CZoomStrip(QWidget *parent)
     m_scale->setFixedWidth(StripScaleWidth);
     const auto key = [](const QKeySequence &sequence) { return sequence.toString(QKeySequence::NativeText); };
     row->addWidget(addButton(QStringLiteral("zoom-out"), tr("Zoom out(%1)").arg(key(QKeySequence::ZoomOut)),
-                             &CZoomStrip::zoomOutClicked));
+                             &CZoomStrip::notifyZoomOutClicked));
     row->addWidget(m_scale);
     row->addWidget(addButton(QStringLiteral("zoom-in"), tr("Zoom in(%1)").arg(key(QKeySequence::ZoomIn)),
-                             &CZoomStrip::zoomInClicked));
-    row->addWidget(addButton(QStringLiteral("fit"), tr("Fit(Ctrl+0)"), &CZoomStrip::fitClicked));
+                             &CZoomStrip::notifyZoomInClicked));
+    row->addWidget(addButton(QStringLiteral("fit"), tr("Fit(Ctrl+0)"), &CZoomStrip::notifyFitClicked));
     row->addWidget(
-        addButton(QStringLiteral("actual-size"), tr("1:1(Ctrl+1)"), &CZoomStrip::actualSizeClicked));
+        addButton(QStringLiteral("actual-size"), tr("1:1(Ctrl+1)"), &CZoomStrip::notifyActualSizeClicked));
     showScale(1);
 }
 

@@ -18,10 +18,10 @@ public:
     void showScale(qreal factor);
 
 Q_SIGNALS:
-    void zoomOutClicked();
-    void zoomInClicked();
-    void fitClicked();
-    void actualSizeClicked();
+    void notifyZoomOutClicked();
+    void notifyZoomInClicked();
+    void notifyFitClicked();
+    void notifyActualSizeClicked();
 
 private:
     QToolButton *addButton(const QString &iconName, const QString &toolTip, void (CZoomStrip::*clicked)());

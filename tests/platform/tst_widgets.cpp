@@ -60,7 +60,7 @@ private Q_SLOTS:
         input.setSuffix(QStringLiteral("%"));
         auto *slider = input.findChild<QSlider *>();
         auto *spinBox = input.findChild<QSpinBox *>();
-        QSignalSpy changed(&input, &CSliderSpinBox::valueChanged);
+        QSignalSpy changed(&input, &CSliderSpinBox::notifyValueChanged);
 
         input.setValue(120);
         QCOMPARE(spinBox->text(), QStringLiteral("120%"));

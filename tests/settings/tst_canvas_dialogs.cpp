@@ -84,7 +84,7 @@ private Q_SLOTS:
     {
         CCanvasBackgroundSetting dialog(filled(), nullptr);
         QCOMPARE(dialog.info(), filled());
-        QSignalSpy changes(&dialog, &CCanvasBackgroundSetting::changed);
+        QSignalSpy changes(&dialog, &CCanvasBackgroundSetting::notifyChanged);
         SBackgroundInfo expected = filled();
         const auto sliders = dialog.findChildren<QSlider *>();
         const auto isAnnounced = [&] {
@@ -115,7 +115,7 @@ private Q_SLOTS:
     void aFillNeedsAnImageThatCanBeRead()
     {
         CCanvasBackgroundSetting dialog({}, nullptr);
-        QSignalSpy changes(&dialog, &CCanvasBackgroundSetting::changed);
+        QSignalSpy changes(&dialog, &CCanvasBackgroundSetting::notifyChanged);
         QVERIFY(okOf(dialog)->isEnabled());
         dialog.findChild<QCheckBox *>()->setChecked(true);
         QVERIFY(!okOf(dialog)->isEnabled());
@@ -150,7 +150,7 @@ private Q_SLOTS:
             QWidget window;
             CCanvasCommands commands(window);
             QVector<SBackgroundInfo> previews;
-            connect(&commands, &CCanvasCommands::previewed, this,
+            connect(&commands, &CCanvasCommands::notifyFillPreviewed, this,
                     [&previews](const SBackgroundInfo &info) { previews << info; });
             const CMessageBoxAnswerer user({QStringLiteral("OK")});
             const CFileDialogAnswerer files(imageFile());

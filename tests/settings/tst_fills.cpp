@@ -164,7 +164,7 @@ private Q_SLOTS:
     {
         const SFillDialog opened(QColor(100, 100, 100));
         CColorSVPanel *panel = opened.panel();
-        QSignalSpy picked(panel, &CColorSVPanel::saturationValueChanged);
+        QSignalSpy picked(panel, &CColorSVPanel::notifySaturationValueChanged);
         QTest::keyClick(panel, Qt::Key_Right);
         QTest::keyClick(panel, Qt::Key_Up);
         QTest::keyClick(panel, Qt::Key_Left, Qt::ShiftModifier);

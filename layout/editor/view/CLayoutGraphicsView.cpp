@@ -78,7 +78,7 @@ void CLayoutGraphicsView::connectTools()
     });
     connect(m_ports, &CPortStrip::notifyCurrentGainClicked, this,
             &CLayoutGraphicsView::ShowEleCurrentAdjustDialog);
-    connect(this, &CGraphicsView::scaleChanged, this, &CLayoutGraphicsView::onScaleChanged);
+    connect(this, &CGraphicsView::notifyScaleChanged, this, &CLayoutGraphicsView::onScaleChanged);
     for (const QScrollBar *bar : {horizontalScrollBar(), verticalScrollBar()})
         connect(bar, &QScrollBar::rangeChanged, this, &CLayoutGraphicsView::onScorllBarRangeChanged);
 }

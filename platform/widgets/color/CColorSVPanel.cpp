@@ -95,5 +95,5 @@ void CColorSVPanel::pick(int saturation, int value)
     if (picked.saturation() == m_color.saturation() && picked.value() == m_color.value())
         return;
     setColor(picked);
-    Q_EMIT saturationValueChanged(picked.saturation(), picked.value());
+    Q_EMIT notifySaturationValueChanged(picked.saturation(), picked.value());
 }

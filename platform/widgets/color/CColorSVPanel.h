@@ -22,7 +22,7 @@ public:
 
 Q_SIGNALS:
     /// The user picked another colour; both are 0 to 255.
-    void saturationValueChanged(int saturation, int value);
+    void notifySaturationValueChanged(int saturation, int value);
 
 protected:
     void paintEvent(QPaintEvent *event) override;

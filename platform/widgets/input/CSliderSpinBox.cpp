@@ -42,7 +42,7 @@ void CSliderSpinBox::connectSignals()
     connect(m_spinBox, qOverload<int>(&QSpinBox::valueChanged), m_slider, &QSlider::setValue);
     // Each control sets the other, and that ends when both are equal; so it is enough to connect to one of
     // them.
-    connect(m_slider, &QSlider::valueChanged, this, &CSliderSpinBox::valueChanged);
+    connect(m_slider, &QSlider::valueChanged, this, &CSliderSpinBox::notifyValueChanged);
 }
 
 void CSliderSpinBox::setRange(int minimum, int maximum)

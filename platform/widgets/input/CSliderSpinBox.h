@@ -30,7 +30,7 @@ public:
 
 Q_SIGNALS:
     /// Sent once per change, by the user or by setValue().
-    void valueChanged(int value);
+    void notifyValueChanged(int value);
 
 private:
     void buildUi(int sliderWidth, int spinBoxWidth);
