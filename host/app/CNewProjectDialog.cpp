@@ -17,8 +17,6 @@
 
 namespace {
 
-constexpr int SmallestCabinetSide = 8; // pixels
-
 void addTypes(QComboBox &box, const QVector<CTypeLibrary::STreeNode> &nodes)
 {
     for (const CTypeLibrary::STreeNode &node : nodes) {
@@ -68,9 +66,9 @@ void CNewProjectDialog::buildCabinetRows(QFormLayout &form)
     m_type->addItem(tr("Custom size"));
     addTypes(*m_type, CTypeLibrary::builtIn().nodes());
     form.addRow(tr("Cabinet &type"), m_type);
-    m_width = addNumber(form, tr("Cabinet &width"), "CabinetWidth", SmallestCabinetSide,
+    m_width = addNumber(form, tr("Cabinet &width"), "CabinetWidth", LayoutLimits::SmallestCustomSide,
                         LayoutLimits::LargestSide, 192);
-    m_height = addNumber(form, tr("Cabinet &height"), "CabinetHeight", SmallestCabinetSide,
+    m_height = addNumber(form, tr("Cabinet &height"), "CabinetHeight", LayoutLimits::SmallestCustomSide,
                          LayoutLimits::LargestSide, 192);
     m_width->setSuffix(tr(" px"));
     m_height->setSuffix(tr(" px"));
@@ -78,8 +76,8 @@ void CNewProjectDialog::buildCabinetRows(QFormLayout &form)
 
 void CNewProjectDialog::buildWallRows(QFormLayout &form)
 {
-    m_columns = addNumber(form, tr("&Columns"), "Columns", 1, LayoutLimits::LargestCanvasSide, 8);
-    m_rows = addNumber(form, tr("&Rows"), "Rows", 1, LayoutLimits::LargestCanvasSide, 6);
+    m_columns = addNumber(form, tr("&Columns"), "Columns", 1, LayoutLimits::WidestCanvas, 8);
+    m_rows = addNumber(form, tr("&Rows"), "Rows", 1, LayoutLimits::TallestCanvas, 6);
     m_ports = addNumber(form, tr("Output &ports"), "Ports", 1, CWallBuilder::MaximumPorts, 4);
     m_pattern = new QComboBox;
     m_pattern->setObjectName(QStringLiteral("Pattern"));
@@ -138,12 +136,12 @@ void CNewProjectDialog::updateSummary()
     QString problem;
     if (m_name->text().trimmed().isEmpty())
         problem = tr("The project needs a name.");
-    else if (canvas.width() > LayoutLimits::LargestCanvasSide ||
-             canvas.height() > LayoutLimits::LargestCanvasSide)
-        problem = tr("The wall would be %1 × %2 pixels, no side may be longer than %3.")
+    else if (!LayoutLimits::isCanvasSize(canvas))
+        problem = tr("The wall would be %1 × %2 pixels, the most is %3 × %4.")
                       .arg(canvas.width())
                       .arg(canvas.height())
-                      .arg(LayoutLimits::LargestCanvasSide);
+                      .arg(LayoutLimits::WidestCanvas)
+                      .arg(LayoutLimits::TallestCanvas);
     else if (wall.cabinetCount() > qint64(wall.ports) * LayoutLimits::CabinetsPerPort)
         problem = tr("%1 cabinets need more ports: one carries %2 at the most.")
                       .arg(wall.cabinetCount())

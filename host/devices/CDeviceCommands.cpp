@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr int SmallestCanvasSide = 64; // pixels
 constexpr int GainFrameRates = 3;
 constexpr int GainLevels = 3;
 
@@ -206,8 +205,10 @@ CStatus CDeviceCommands::setCanvasSize(const QSize &size)
     if (canvasBlock(*device) != CanvasBlock::None)
         return failure(*device, tr("In its present state the canvas cannot be changed."));
     const SCanvasLimits &limits = device->kind.canvas;
-    const bool fits = size.width() >= SmallestCanvasSide && size.height() >= SmallestCanvasSide &&
-                      size.width() <= limits.maximumWidth && size.height() <= limits.maximumHeight &&
+    const int smallest = LayoutLimits::SmallestCanvasSide;
+    const bool fits = LayoutLimits::isCanvasSize(size) && size.width() >= smallest &&
+                      size.height() >= smallest && size.width() <= limits.maximumWidth &&
+                      size.height() <= limits.maximumHeight &&
                       qint64(size.width()) * size.height() <= limits.maximumArea;
     if (!fits)
         return failure(

@@ -4,6 +4,7 @@
 
 #include "host/projects/CStrictFile.h"
 #include "layout/api/records/CRecordJson.h"
+#include "layout/api/records/LayoutLimits.h"
 #include "platform/json/CStrictObject.h"
 
 namespace {
@@ -21,7 +22,7 @@ SCabinetConfig readConfig(const QJsonObject &body, QString &error)
         config.type = type.value();
     else if (error.isEmpty())
         error = type.error();
-    config.rects = object.rectsOr("receivers", CRecordJson::MaximumReceivers);
+    config.rects = object.rectsOr("receivers", LayoutLimits::ReceiversPerCabinet);
     config.gamma = object.number("gamma", 1.0, 4.0);
     object.finish();
     return config;

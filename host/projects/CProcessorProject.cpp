@@ -14,7 +14,6 @@ namespace {
 
 constexpr SFileFormat processorFormat{"orvo-processor-project",
                                       QT_TRANSLATE_NOOP("SFileFormat", "a processor project"), 2};
-constexpr int LargestCanvasSide = 1 << 20; // pixels
 constexpr int LongestName = 256;
 
 /// Stores the first error of a part and returns its value.
@@ -35,8 +34,8 @@ SProcessorProject readProject(const QJsonObject &body, QString &error)
     SProcessorProject project;
     project.name = object.text("name", LongestName);
     project.kind = object.textOr({}, "kind", LongestName);
-    project.portCount = object.smallInteger("portCount", 0, CRecordJson::MaximumPortIndex + 1);
-    project.canvas = object.size("canvas", LargestCanvasSide);
+    project.portCount = object.smallInteger("portCount", 0, LayoutLimits::LargestPortIndex + 1);
+    project.canvas = object.size("canvas", LayoutLimits::LargestReadCanvasSide);
     const int furthest = LayoutLimits::LargestOffset;
     project.offset.setX(object.smallIntegerOr(0, "offsetX", -furthest, furthest));
     project.offset.setY(object.smallIntegerOr(0, "offsetY", -furthest, furthest));

@@ -145,22 +145,25 @@ QString gridProblem(const SWallPlan &plan)
     using B = CWallBuilder;
     const auto inRange = [](int value, int maximum) { return value >= 1 && value <= maximum; };
     if (!LayoutLimits::isCabinetSize(plan.cabinet))
-        return B::tr("The width and the height of a cabinet must be between 1 and %1 pixels, not %2x%3.")
+        return B::tr("The width and the height of a cabinet must be between %1 and %2 pixels, not %3x%4.")
+            .arg(LayoutLimits::SmallestSide)
             .arg(LayoutLimits::LargestSide)
             .arg(plan.cabinet.width())
             .arg(plan.cabinet.height());
-    if (!inRange(plan.columns, LayoutLimits::LargestCanvasSide) ||
-        !inRange(plan.rows, LayoutLimits::LargestCanvasSide))
-        return B::tr("A wall needs between 1 and %1 columns and rows, not %2 columns and %3 rows.")
-            .arg(LayoutLimits::LargestCanvasSide)
-            .arg(plan.columns)
-            .arg(plan.rows);
-    if (plan.canvas().width() > LayoutLimits::LargestCanvasSide ||
-        plan.canvas().height() > LayoutLimits::LargestCanvasSide)
-        return B::tr("The canvas would be %1x%2 pixels, the most is %3 to either side.")
+    if (!inRange(plan.columns, LayoutLimits::WidestCanvas) ||
+        !inRange(plan.rows, LayoutLimits::TallestCanvas))
+        return B::
+            tr("A wall needs between 1 and %1 columns and between 1 and %2 rows, not %3 columns and %4 rows.")
+                .arg(LayoutLimits::WidestCanvas)
+                .arg(LayoutLimits::TallestCanvas)
+                .arg(plan.columns)
+                .arg(plan.rows);
+    if (!LayoutLimits::isCanvasSize(plan.canvas()))
+        return B::tr("The canvas would be %1x%2 pixels, the most is %3x%4.")
             .arg(plan.canvas().width())
             .arg(plan.canvas().height())
-            .arg(LayoutLimits::LargestCanvasSide);
+            .arg(LayoutLimits::WidestCanvas)
+            .arg(LayoutLimits::TallestCanvas);
     return {};
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/settings/CCanvasSizeSetting.h"
 
+#include "layout/api/records/LayoutLimits.h"
 #include "platform/widgets/input/CClampedSpinBox.h"
 
 #include <QComboBox>
@@ -15,9 +16,6 @@
 
 namespace {
 
-constexpr int SmallestCanvasSide = 64; // pixels
-constexpr int WidestCanvas = 32768;
-constexpr int TallestCanvas = 16384;
 constexpr int CanvasFieldWidth = 188;
 constexpr int CanvasLabelWidth = 33;
 constexpr int CanvasRowSpacing = 8;
@@ -47,8 +45,10 @@ QSize CCanvasSizeSetting::canvasSize() const
 
 void CCanvasSizeSetting::buildUi()
 {
-    m_width->setRange(SmallestCanvasSide, std::min(m_limits.maximumWidth, WidestCanvas));
-    m_height->setRange(SmallestCanvasSide, std::min(m_limits.maximumHeight, TallestCanvas));
+    m_width->setRange(LayoutLimits::SmallestCanvasSide,
+                      std::min(m_limits.maximumWidth, LayoutLimits::WidestCanvas));
+    m_height->setRange(LayoutLimits::SmallestCanvasSide,
+                       std::min(m_limits.maximumHeight, LayoutLimits::TallestCanvas));
     m_presets->setFixedWidth(CanvasFieldWidth);
     m_presets->setPlaceholderText(tr("Custom"));
     auto *model = qobject_cast<QStandardItemModel *>(m_presets->model());

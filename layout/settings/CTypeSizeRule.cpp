@@ -5,15 +5,15 @@
 #include "layout/api/records/LayoutLimits.h"
 #include "platform/widgets/CMessageBox.h"
 
-static_assert(LayoutLimits::SmallestSide == 1 && LayoutLimits::LargestSide == 2048, "the text names them");
-
 bool CTypeSizeRule::check(const RcvTypeInfo &type, QWidget *messageParent)
 {
     if (LayoutLimits::isCabinetSize(QSize(type.width, type.height)))
         return true;
     CMessageBox::warning(messageParent,
-                         tr("Cabinet height or width must be between 1-2048, the WxH (%1x%2) of this "
+                         tr("Cabinet height or width must be between %1-%2, the WxH (%3x%4) of this "
                             "cabinet type already exceeds the limit.")
+                             .arg(LayoutLimits::SmallestSide)
+                             .arg(LayoutLimits::LargestSide)
                              .arg(type.width)
                              .arg(type.height));
     return false;

@@ -243,7 +243,7 @@ private Q_SLOTS:
     {
         CNewProjectDialog dialog(CProcessorKinds::builtIn(), nullptr);
         for (const auto &[columns, rows, possible] :
-             {std::tuple(64, 65, false), {170, 1, true}, {171, 1, false}, {1, 170, true}, {1, 171, false}}) {
+             {std::tuple(64, 65, false), {170, 1, true}, {171, 1, false}, {1, 85, true}, {1, 86, false}}) {
             numberIn(dialog, "Columns")->setValue(columns);
             numberIn(dialog, "Rows")->setValue(rows);
             QCOMPARE(dialog.buttonBox()->button(QDialogButtonBox::Ok)->isEnabled(), possible);

@@ -1,5 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/api/records/CRecordJson.h"
+#include "layout/api/records/LayoutLimits.h"
 #include "layout/editor/gestures/CSceneInput.h"
 #include "layout/editor/items/CGraphicsConnectionItem.h"
 #include "layout/resources/LayoutResources.h"
@@ -57,6 +59,20 @@ private Q_SLOTS:
         QVERIFY(world.scene.contentRect().contains(QRectF(0, 0, 7000, 5000)));
         world.scene.setCanvasSize(QSize(9000, 8000));
         QVERIFY(world.scene.contentRect().contains(QRectF(0, 0, 9000, 8000)));
+    }
+
+    void groupsAreNestedOnlyAsDeepAsFilesHoldThem()
+    {
+        SPortsScene world({SmallWorlds::wiredPort(0, LayoutLimits::GroupLevels + 2)});
+        QSignalSpy words(&world.scene, &CCabinetGraphicsScene::notifyWords);
+        for (CGraphicsCabinetItem *cabinet : world.scene.portItem(0)->cabinets(nullptr)) {
+            cabinet->setSelected(true); // beside the group just made
+            QCOMPARE(words.count(), 0);
+            world.scene.backend().operations().group();
+        }
+        QCOMPARE(world.stack().count(), LayoutLimits::GroupLevels);
+        QVERIFY(words.takeFirst().first().toString().contains(QStringLiteral("64 levels")));
+        QVERIFY(CRecordJson::layout(CRecordJson::toJson(world.layout())));
     }
 
     void aLayoutBringsWhatIsPasted()

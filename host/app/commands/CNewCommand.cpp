@@ -28,8 +28,8 @@ CResult<SWallPlan> planFrom(const CCommandArguments &arguments)
     SWallPlan plan;
     plan.name = QFileInfo(arguments.file(0)).completeBaseName();
     plan.cabinet = arguments.size(cabinetOption, LayoutLimits::LargestSide, error);
-    plan.columns = arguments.number(columnsOption, 1, LayoutLimits::LargestCanvasSide, error);
-    plan.rows = arguments.number(rowsOption, 1, LayoutLimits::LargestCanvasSide, error);
+    plan.columns = arguments.number(columnsOption, 1, LayoutLimits::WidestCanvas, error);
+    plan.rows = arguments.number(rowsOption, 1, LayoutLimits::TallestCanvas, error);
     plan.ports = arguments.number(portsOption, 1, CWallBuilder::MaximumPorts, error);
     if (arguments.has(patternOption))
         plan.pattern = arguments.number(patternOption, 0, CSnakeOrder::PatternCount - 1, error);

@@ -4,6 +4,7 @@
 
 #include "host/projects/CStrictFile.h"
 #include "layout/api/records/CRecordJson.h"
+#include "layout/api/records/LayoutLimits.h"
 #include "platform/json/CStrictObject.h"
 
 #include <algorithm>
@@ -15,7 +16,6 @@ constexpr SFileFormat settingsFormat{"orvo-processor-settings",
                                      QT_TRANSLATE_NOOP("SFileFormat", "a processor's settings"), 2};
 constexpr SFileFormat mappingFormat{"orvo-processor-mapping",
                                     QT_TRANSLATE_NOOP("SFileFormat", "a processor's mapping"), 2};
-constexpr int LargestOffset = 1 << 20; // pixels
 constexpr int LargestCoordinate = 0xFFFF;
 constexpr qint64 LargestRevision = qint64(1) << 53; // JSON numbers are exact up to here
 
@@ -108,10 +108,11 @@ SProcessorSettings readSettings(const QJsonObject &body, QString &error)
     const SJsonPlace place;
     CStrictObject object(body, place, error);
     SProcessorSettings settings;
-    settings.portCount = object.smallInteger("portCount", 1, CRecordJson::MaximumPortIndex + 1);
-    settings.canvas = object.size("canvas", LargestOffset);
-    settings.offset.setX(object.smallInteger("offsetX", -LargestOffset, LargestOffset));
-    settings.offset.setY(object.smallInteger("offsetY", -LargestOffset, LargestOffset));
+    settings.portCount = object.smallInteger("portCount", 1, LayoutLimits::LargestPortIndex + 1);
+    settings.canvas = object.size("canvas", LayoutLimits::LargestReadCanvasSide);
+    const int furthest = LayoutLimits::LargestOffset;
+    settings.offset.setX(object.smallInteger("offsetX", -furthest, furthest));
+    settings.offset.setY(object.smallInteger("offsetY", -furthest, furthest));
     settings.frameRate = object.smallInteger("frameRate", 1, 1000);
     settings.colorDepth = object.smallInteger("colorDepth", 1, 64);
     settings.threeD = object.flagOr(false, "threeD");

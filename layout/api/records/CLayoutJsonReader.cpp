@@ -64,17 +64,17 @@ CLayoutJsonReader::Cabinet CLayoutJsonReader::cabinet(const QJsonValue &json, co
     read.uuid = object.uuid("uuid");
     read.rect = readPlacement(object, "rect");
     read.rank = object.smallIntegerOr(-1, "rank", -1, CRecordJson::MaximumNumber);
-    read.port = object.smallIntegerOr(holder.port, "port", -1, CRecordJson::MaximumPortIndex);
+    read.port = object.smallIntegerOr(holder.port, "port", -1, LayoutLimits::LargestPortIndex);
     read.group = object.uuidOr(holder.group, "group");
     read.type = typeKey(object, "type");
     read.directionFixed = object.flagOr(false, "directionFixed");
     read.custom = object.flagOr(false, "custom");
-    read.rects = object.rectsOr("receivers", CRecordJson::MaximumReceivers);
+    read.rects = object.rectsOr("receivers", LayoutLimits::ReceiversPerCabinet);
     read.mappingIndex = object.smallIntegerOr(-1, "mapping", -1, CRecordJson::MaximumNumber);
     read.calibrationIndex = object.smallIntegerOr(-1, "calibration", -1, CRecordJson::MaximumNumber);
     read.receivers =
-        object.integersOr<int>("cards", 0, CRecordJson::MaximumNumber, CRecordJson::MaximumReceivers);
-    read.blanks = object.rectsOr("blanks", CRecordJson::MaximumReceivers);
+        object.integersOr<int>("cards", 0, CRecordJson::MaximumNumber, LayoutLimits::ReceiversPerCabinet);
+    read.blanks = object.rectsOr("blanks", LayoutLimits::ReceiversPerCabinet);
     if (object.has("original"))
         read.original = originalAreas(read, object.value("original"), object.placeOf("original"));
     const int before = m_cabinets.size();
@@ -91,8 +91,8 @@ CLayoutJsonReader::originalAreas(const Cabinet &cabinet, const QJsonValue &json,
     CStrictObject object(json, place, m_error);
     Port::SOriginalAreas original;
     original.size = object.size("size", LayoutLimits::LargestSide);
-    original.rects = object.rectsOr("receivers", CRecordJson::MaximumReceivers);
-    original.blanks = object.rectsOr("blanks", CRecordJson::MaximumReceivers);
+    original.rects = object.rectsOr("receivers", LayoutLimits::ReceiversPerCabinet);
+    original.blanks = object.rectsOr("blanks", LayoutLimits::ReceiversPerCabinet);
     if (original.rects.size() != cabinet.rects.size() || original.blanks.size() != cabinet.blanks.size())
         object.fail("receivers", tr("there are as many original areas as areas"));
     object.finish();
@@ -119,10 +119,10 @@ CLayoutJsonReader::Group CLayoutJsonReader::group(const QJsonValue &json, const 
     for (int i = 0; i < cabinets.size() && m_error.isEmpty(); ++i)
         read.cabinets.append(cabinet(cabinets.at(i), {&cabinetsPlace, nullptr, i}, holder));
 
-    const QJsonArray groups = counted(object, "groups", m_portGroups, CRecordJson::MaximumGroups);
+    const QJsonArray groups = counted(object, "groups", m_portGroups, LayoutLimits::GroupsPerPort);
     const SJsonPlace groupsPlace = object.placeOf("groups");
-    if (!groups.isEmpty() && depth >= CRecordJson::MaximumGroupDepth)
-        object.fail("groups", tr("groups are nested deeper than %1").arg(CRecordJson::MaximumGroupDepth));
+    if (!groups.isEmpty() && depth >= LayoutLimits::GroupLevels)
+        object.fail("groups", tr("groups are nested deeper than %1").arg(LayoutLimits::GroupLevels));
     read.groups.reserve(groups.size());
     for (int i = 0; i < groups.size() && m_error.isEmpty(); ++i)
         read.groups.append(group(groups.at(i), {&groupsPlace, nullptr, i}, port, depth + 1));
@@ -135,18 +135,18 @@ CLayoutJsonReader::Port CLayoutJsonReader::port(const QJsonValue &json, const SJ
     m_portCabinets = m_portGroups = 0;
     CStrictObject object(json, place, m_error);
     Port read;
-    read.index = object.smallInteger("index", 0, CRecordJson::MaximumPortIndex);
+    read.index = object.smallInteger("index", 0, LayoutLimits::LargestPortIndex);
     if (object.has("color"))
         read.color = readArgb(object, "color");
     read.locked = object.flagOr(false, "locked");
     read.redundancy = Port::Redundancy(object.smallIntegerOr(0, "redundancy", 0, Port::Redundant));
-    read.redundancyPort = object.smallIntegerOr(-1, "redundancyPort", -1, CRecordJson::MaximumPortIndex);
+    read.redundancyPort = object.smallIntegerOr(-1, "redundancyPort", -1, LayoutLimits::LargestPortIndex);
     read.redundancyProcessor = object.uuidOr({}, "redundancyProcessor");
     read.load = object.integerOr(0, "load", 0, CRecordJson::MaximumNumber);
     if (object.has("mirrored"))
         read.mirrored = mirrored(object.value("mirrored"), object.placeOf("mirrored"), read.redundancyPort);
 
-    const QJsonArray groups = counted(object, "groups", m_portGroups, CRecordJson::MaximumGroups);
+    const QJsonArray groups = counted(object, "groups", m_portGroups, LayoutLimits::GroupsPerPort);
     const SJsonPlace groupsPlace = object.placeOf("groups");
     read.groups.reserve(groups.size());
     for (int i = 0; i < groups.size() && m_error.isEmpty(); ++i)
@@ -190,7 +190,7 @@ SPrjPort CLayoutJsonReader::projectPort(const QJsonValue &json, const SJsonPlace
     CStrictObject object(json, place, m_error);
     SPrjPort read;
     read.processor = object.uuidOr({}, "processor");
-    read.index = object.smallIntegerOr(-1, "index", -1, CRecordJson::MaximumPortIndex);
+    read.index = object.smallIntegerOr(-1, "index", -1, LayoutLimits::LargestPortIndex);
     read.cabinetCount = object.smallIntegerOr(0, "cabinetCount", 0, CRecordJson::MaximumNumber);
     read.load = object.smallIntegerOr(0, "load", 0, CRecordJson::MaximumNumber);
     const QVector<qint64> area =
@@ -199,7 +199,7 @@ SPrjPort CLayoutJsonReader::projectPort(const QJsonValue &json, const SJsonPlace
         object.fail("area", tr("[x, y, width, height] is expected"));
     else
         std::copy(area.begin(), area.end(), read.area.begin());
-    read.redundancyPort = object.smallIntegerOr(-1, "redundancyPort", -1, CRecordJson::MaximumPortIndex);
+    read.redundancyPort = object.smallIntegerOr(-1, "redundancyPort", -1, LayoutLimits::LargestPortIndex);
     read.version = object.smallIntegerOr(1, "version", 1, CRecordJson::MaximumNumber);
     read.brightness = object.smallIntegerOr(0xFFFF, "brightness", 0, 0xFFFF);
     read.uuid = object.uuid("uuid");

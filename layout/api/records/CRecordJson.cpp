@@ -115,7 +115,7 @@ CRecordJson::RcvTypeInfo readTypeInfo(const QJsonValue &json, const SJsonPlace &
     const QSize size = object.size("size", LayoutLimits::LargestSide);
     info.width = size.width();
     info.height = size.height();
-    info.receivers = object.rectsOr("receivers", CRecordJson::MaximumReceivers);
+    info.receivers = object.rectsOr("receivers", LayoutLimits::ReceiversPerCabinet);
     info.millimetres = object.sizeFOr({}, "millimetres", 100000);
     info.kilograms = object.numberOr(0, "kilograms", 0, 100000);
     info.wattsMaximum = object.smallIntegerOr(0, "wattsMaximum", 0, CRecordJson::MaximumNumber);

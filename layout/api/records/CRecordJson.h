@@ -25,10 +25,6 @@ public:
     using Cabinet = Port::Cabinet;
     using RcvTypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
 
-    static constexpr int MaximumGroupDepth = 64; ///< of groups within groups
-    static constexpr int MaximumGroups = 2048;   ///< of one output port, at all depths
-    static constexpr int MaximumReceivers = 256; ///< of one cabinet or type; also of its blanks
-    static constexpr int MaximumPortIndex = 1023;
     static constexpr int MaximumNumber = 1 << 24; ///< of ranks, indices, counts, loads
     static constexpr int MaximumTextLength = 1024;
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/operations/CSceneOperations.h"
 
+#include "layout/api/records/LayoutLimits.h"
 #include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
@@ -29,6 +30,17 @@ QPointF nudged(const CGraphicsItemBase &item, const QPointF &step)
     const QPointF wanted = item.mapToScene(item.mapFromParent(item.pos() + step));
     return QPointF(step.x() < 0 ? std::max(place.x() + step.x(), 0.0) : wanted.x(),
                    step.y() < 0 ? std::max(place.y() + step.y(), 0.0) : wanted.y());
+}
+
+/// How deep groups are nested in @p group, itself included.
+int levelsOf(const CGraphicsGroupItem &group)
+{
+    int below = 0;
+    for (const CGraphicsItemBase *member : group.members()) {
+        if (member->type() == GroupItemKind)
+            below = std::max(below, levelsOf(*static_cast<const CGraphicsGroupItem *>(member)));
+    }
+    return below + 1;
 }
 
 } // namespace
@@ -82,6 +94,13 @@ void CSceneOperations::group()
     m_editing.cancelGesture();
     if (CRefusal::isTold(m_editing, m_selection.closedPort()) || !m_selection.canGroup())
         return;
+    const QVector<CGraphicsGroupItem *> groups = m_selection.groups();
+    if (std::any_of(groups.begin(), groups.end(), [](const CGraphicsGroupItem *group) {
+            return levelsOf(*group) >= LayoutLimits::GroupLevels;
+        })) {
+        m_editing.tell(tr("Groups can be nested in at most %1 levels.").arg(LayoutLimits::GroupLevels));
+        return;
+    }
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("Group"));
     CGroupEditing(m_recorder).group(*ports().first(), m_selection.sorted(), m_content.takeOrdinal());

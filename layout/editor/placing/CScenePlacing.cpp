@@ -60,13 +60,12 @@ CScenePlacing::CScenePlacing(CGraphicsScene &scene, IEditing &editing, const IPo
 {
 }
 
-static_assert(LayoutLimits::CabinetsPerPort == 1024, "two texts name it");
-
 QString CScenePlacing::refusal(int count, int more)
 {
     if (count + more <= LayoutLimits::CabinetsPerPort)
         return {};
-    return tr("The number of cabinet in a single output port can not be over 1024.");
+    return tr("The number of cabinet in a single output port can not be over %1.")
+        .arg(LayoutLimits::CabinetsPerPort);
 }
 
 void CScenePlacing::copy()
@@ -97,7 +96,8 @@ void CScenePlacing::paste(const QPointF &position, QWidget *parent)
     if (port->cabinets(nullptr).size() + CPasteContent::cabinetCount(m_cache) >
         LayoutLimits::CabinetsPerPort) {
         CMessageBox::information(parent,
-                                 tr("The number of receivers in a single output port can not be over 1024."));
+                                 tr("The number of receivers in a single output port can not be over %1.")
+                                     .arg(LayoutLimits::CabinetsPerPort));
         return;
     }
     const QPointF corner = position == QPointF(0, 0) ? underCursor(m_scene) : position;
