@@ -16,6 +16,19 @@ bool shares(const QVector<Group> &a, const QVector<Group> &b)
     return a.constData() == b.constData() && a.size() == b.size();
 }
 
+/// The facts of @p ports. Ports that share their cabinets with a known one have its facts; others are walked.
+QHash<int, SPortFacts> factsOf(const QVector<Port> &ports, const CabinetLayout &known,
+                               const QHash<int, SPortFacts> &knownFacts)
+{
+    QHash<int, SPortFacts> facts;
+    for (const Port &port : ports) {
+        const Port *same = known.port(port.index);
+        facts.insert(port.index, same && shares(same->groups, port.groups) ? knownFacts.value(port.index)
+                                                                           : SPortFacts::of(port));
+    }
+    return facts;
+}
+
 QVector<int> indicesOf(const QVector<Port> &ports)
 {
     QVector<int> indices;
@@ -171,25 +184,35 @@ void CProcessorStates::takeFromHost(const QUuid &processor, const QVector<Port> 
 {
     if (processor.isNull())
         return;
+    CabinetLayout known;
+    QHash<int, SPortFacts> knownFacts;
+    {
+        const CReadLocker locker(m_lock);
+        if (const CProcessorState *state = find(processor)) {
+            known = state->layout;
+            knownFacts = state->facts;
+        }
+    }
+    // Cabinets are walked before the lock is taken. What is found remains true, whatever is edited meanwhile.
+    QHash<int, SPortFacts> facts = factsOf(ports, known, knownFacts);
+    CabinetLayout before; // outlives the lock, so that nothing is freed under it
     const CWriteLocker locker(m_lock);
     CProcessorState &state = stateOf(processor);
-    const CabinetLayout known = state.layout;
-    const QHash<int, SPortFacts> knownFacts = state.facts;
+    before = state.layout;
     state.layout.ports = ports;
-    state.facts.clear();
     for (Port &port : state.layout.ports) {
-        const Port *before = known.port(port.index);
-        if (before) {
-            port.load = before->load;
-            if (keepEdits) {
-                port.groups = before->groups;
-                port.locked = before->locked;
-                port.color = before->color;
-            }
+        const Port *old = before.port(port.index);
+        if (!old)
+            continue;
+        port.load = old->load;
+        if (keepEdits) {
+            port.groups = old->groups;
+            port.locked = old->locked;
+            port.color = old->color;
+            facts[port.index] = state.facts.value(port.index);
         }
-        const bool same = before && shares(before->groups, port.groups);
-        state.facts.insert(port.index, same ? knownFacts.value(port.index) : SPortFacts::of(port));
     }
+    state.facts.swap(facts);
     if (processor == m_current)
         m_currentPort = CurrentPortRule::after(m_currentPort, PortEvent::PortsChanged, indicesOf(ports));
 }
