@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QIcon>
+#include <QPainter>
 
 #include <algorithm>
 
@@ -204,8 +205,14 @@ QVariant CDeviceTreeModel::decoration(const SNode &node)
                           .arg(node.backup ? QStringLiteral("backup-") : QString(),
                                node.online ? QStringLiteral("online") : QStringLiteral("offline")));
     QIcon icon; // the style would tint the picture of a selected row in the colour that is behind it
-    for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Selected})
-        icon.addPixmap(drawn.pixmap(IconSide, IconSide), mode);
+    QPixmap picture = drawn.pixmap(IconSide, IconSide);
+    icon.addPixmap(picture, QIcon::Normal);
+    if (!node.online) { // its grey could hardly be seen there
+        QPainter painter(&picture);
+        painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+        painter.fillRect(QRect(0, 0, IconSide, IconSide), Qt::white);
+    }
+    icon.addPixmap(picture, QIcon::Selected);
     return icon;
 }
 
