@@ -109,6 +109,7 @@ SPortLook lookOf(const Port &port)
     SPortLook look;
     look.port = port.index;
     look.fill = fillOf(port);
+    look.load = port.load;
     look.locked = port.locked;
     look.redundant = port.redundancy == Port::Redundant;
     const QVector<Cabinet> cabinets = port.getAllCabinets();

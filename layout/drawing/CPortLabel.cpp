@@ -17,6 +17,8 @@
 
 namespace {
 
+constexpr int FullLoad = 100; // percent
+
 const QColor OutlinedFill(31, 31, 36);
 
 enum EDistance { Afar, Fitted, Close };
@@ -26,6 +28,17 @@ EDistance distanceOf(const QRectF &head, qreal scale)
     if (CLayoutPainter::isAfar(head.width(), scale))
         return Afar;
     return CLayoutPainter::isClose(head, scale) ? Close : Fitted;
+}
+
+bool isOverloaded(const SPortLook &look)
+{
+    return look.load > FullLoad && !look.redundant;
+}
+
+QString textOf(const SPortLook &look)
+{
+    const QString name = CPortLabel::text(look.port);
+    return isOverloaded(look) ? QStringLiteral("%1 %2%").arg(name).arg(look.load) : name;
 }
 
 /// A label as it lies on the screen, in device pixels relative to the origin of the canvas.
@@ -67,8 +80,8 @@ SPlate plateOf(const SPortLook &look, qreal scale)
         plate.icon = &CSvgCache::redundancy();
     else if (look.locked && distance != Close) // close by each cabinet carries its own
         plate.icon = &CSvgCache::lock();
-    const qreal width = QFontMetricsF(plate.font).horizontalAdvance(CPortLabel::text(look.port)) +
-                        2 * paddingOf(height) + (!plate.icon ? 0 : height * 0.8);
+    const qreal width = QFontMetricsF(plate.font).horizontalAdvance(textOf(look)) + 2 * paddingOf(height) +
+                        (!plate.icon ? 0 : height * 0.8);
     const QRectF head(look.head.topLeft() * scale, look.head.size() * scale);
     const qreal margin = distance == Close ? CLayoutPainter::markMargin(head) : 1;
     plate.rect = QRectF(head.topLeft() + QPointF(margin, margin), QSizeF(width, height));
@@ -94,7 +107,7 @@ qreal endRadius(const QRectF &head, qreal scale)
 
 void paintPlate(QPainter &painter, const SPortLook &look, const SPlate &plate)
 {
-    const QColor tint = CPortColors::tint(look.fill);
+    const QColor tint = isOverloaded(look) ? QColor(LayoutColors::Overload) : CPortColors::tint(look.fill);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(look.redundant ? tint : QColor(LayoutColors::Rim), 1));
     painter.setBrush(look.redundant ? OutlinedFill : tint);
@@ -115,7 +128,7 @@ void paintPlate(QPainter &painter, const SPortLook &look, const SPlate &plate)
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setFont(plate.font);
     painter.setPen(look.redundant ? QColor(LayoutColors::Frame) : CPortColors::ink(tint));
-    painter.drawText(rest, Qt::AlignCenter | Qt::TextDontClip, CPortLabel::text(look.port));
+    painter.drawText(rest, Qt::AlignCenter | Qt::TextDontClip, textOf(look));
 }
 
 /// A dot where the cable enters, a ring where the chain ends.
@@ -140,8 +153,8 @@ void paintEnds(QPainter &painter, const SPortLook &look, qreal scale)
 bool operator==(const SPortLook &a, const SPortLook &b)
 {
     const auto all = [](const SPortLook &look) {
-        return std::tie(look.port, look.fill, look.locked, look.redundant, look.bounds, look.head, look.wired,
-                        look.single, look.entry, look.exit);
+        return std::tie(look.port, look.fill, look.locked, look.redundant, look.load, look.bounds, look.head,
+                        look.wired, look.single, look.entry, look.exit);
     };
     return all(a) == all(b);
 }

@@ -17,8 +17,9 @@ struct SPortLook
     QColor fill;
     bool locked = false;
     bool redundant = false;
-    QRectF bounds; ///< around the cabinets; empty for a port without any, which shows nothing
-    QRectF head;   ///< the first cabinet of the chain, of an unwired port any
+    qint64 load = 0; ///< percent; an overload is told
+    QRectF bounds;   ///< around the cabinets; empty for a port without any, which shows nothing
+    QRectF head;     ///< the first cabinet of the chain, of an unwired port any
     bool wired = false;
     bool single = false; ///< the chain has one cabinet
     QPointF entry;       ///< of the chain, if there is one

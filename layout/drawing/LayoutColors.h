@@ -15,6 +15,7 @@ constexpr QRgb Frame = qRgb(202, 202, 210);
 constexpr QRgb Wire = qRgb(255, 252, 225);
 constexpr QRgb Highlight = qRgb(255, 214, 64);
 constexpr QRgb Fault = qRgb(255, 122, 115);
+constexpr QRgb Overload = qRgb(200, 53, 53); ///< label of an overloaded port
 constexpr QRgb Warning = qRgb(242, 184, 75);
 constexpr QRgb Custom = qRgb(190, 163, 25);    ///< custom-defined cabinets
 constexpr QRgb Plate = qRgba(22, 22, 26, 230); ///< below marks and notes

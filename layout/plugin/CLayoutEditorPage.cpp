@@ -235,6 +235,8 @@ void CLayoutEditorPage::connectSignals()
             &CLayoutGraphicsView::onCurrentPortChanged);
     connect(&m_store, &CLayoutData::notifyProcessorPortColorChanged, scene,
             &CCabinetGraphicsScene::onNotifyCabinetColorChanged);
+    connect(&m_store, &CLayoutData::notifyProcessorPortPayloadChanged, scene,
+            &CCabinetGraphicsScene::setPortLoad);
     connect(&m_store, &CLayoutData::notifyProcessorCanvasSizeChanged, scene,
             &CCabinetGraphicsScene::setCanvasSize);
     connect(&m_store, &CLayoutData::notifyProcessorBackgroundChanged, scene,

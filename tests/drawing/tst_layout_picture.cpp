@@ -200,6 +200,18 @@ private Q_SLOTS:
         QVERIFY(place.contains(difference(pictureOf(wired, {}, scale), pictureOf(other, {}, scale))));
     }
 
+    void anOverloadIsTold()
+    {
+        QVector<QImage> pictures;
+        for (const int load : {90, 100, 101, 112}) {
+            LayoutData data = wall();
+            data.layout.ports[0].load = load;
+            pictures << pictureOf(data, {}, 0.2);
+        }
+        QCOMPARE(pictures[0], pictures[1]);
+        QVERIFY(pictures[1] != pictures[2] && pictures[2] != pictures[3]);
+    }
+
     void locksAndRedundancyAreShownAtEveryScale()
     {
         for (const qreal scale : {1.0, 0.2}) {

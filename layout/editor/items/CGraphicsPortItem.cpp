@@ -50,6 +50,7 @@ CGraphicsPortItem::CGraphicsPortItem(const Port &record, const IPortStates &stat
     , m_chain(*this)
 {
     m_state.groups.clear();
+    m_load = record.load;
     m_fill = record.color.isValid() ? record.color : m_states.portColor(record.index);
     m_marksCustom = m_states.marksCustomCabinets();
     // Lookups and frames skip ports that they do not touch, so bounds are kept tight. A frame asks only items
@@ -138,6 +139,12 @@ void CGraphicsPortItem::setShownLocked(bool locked)
     update();
 }
 
+void CGraphicsPortItem::setShownLoad(qint64 load)
+{
+    m_load = load;
+    updateLabel();
+}
+
 void CGraphicsPortItem::setColor(const QColor &color)
 {
     m_fill = color;
@@ -176,6 +183,7 @@ SPortLook CGraphicsPortItem::look() const
     look.fill = fill();
     look.locked = isShownLocked();
     look.redundant = isShownRedundant();
+    look.load = m_load;
     const CGraphicsCabinetItem *first = m_chain.head();
     look.wired = first != nullptr;
     for (const CPortOverview::SPlace &place :

@@ -64,6 +64,7 @@ public:
     bool isShownRedundant() const { return m_state.redundancy == Port::Redundant; }
     bool marksCustomCabinets() const { return m_marksCustom; }
     void setShownLocked(bool locked);
+    void setShownLoad(qint64 load);                ///< percent
     QColor fill() const { return m_fill.color(); } ///< of its cabinets
     void setColor(const QColor &color);
     /// Reads colour, lock, redundancy and options from the store again.
@@ -126,5 +127,6 @@ private:
     CPortChain m_chain;
     mutable CPortOverview m_overview;
     SPortLook m_shownLook;
+    qint64 m_load = 0;
     bool m_passedOver = false;
 };

@@ -304,6 +304,12 @@ void CCabinetGraphicsScene::setCanvasSize(const QSize &size)
     Q_EMIT notifyLookChanged();
 }
 
+void CCabinetGraphicsScene::setPortLoad(int port, int load)
+{
+    if (CGraphicsPortItem *item = portItem(port))
+        item->setShownLoad(load);
+}
+
 ISceneInput *CCabinetGraphicsScene::input() const
 {
     return m_backend->input();

@@ -113,6 +113,7 @@ public Q_SLOTS:
     void onNotifyProcessorStateChanged();
     void onNotifyCabinetColorChanged(int port, const QColor &color);
     void setCanvasSize(const QSize &size);
+    void setPortLoad(int port, int load); ///< percent of the port's capacity
 
 protected:
     void contextMenuEvent(QGraphicsSceneContextMenuEvent *event) override;
