@@ -164,7 +164,14 @@ bool CLayoutHandler::isPortRedundancySupported() const
 int CLayoutHandler::portLoad(const CabinetLayout::CabinetPort &port, int index) const
 {
     const std::optional<SDevice> device = m_services.table().currentDevice();
-    return device ? device->portLoad(port, index) : 0;
+    return device ? device->portLoad(port, index).percent : 0;
+}
+
+SPortLoad CLayoutHandler::portLoadDetails(const QUuid &processor, const CabinetLayout::CabinetPort &port,
+                                          int index) const
+{
+    const std::optional<SDevice> device = m_services.table().device(processor);
+    return device ? device->portLoad(port, index) : SPortLoad();
 }
 
 QList<SPortArea> CLayoutHandler::portAreas() const

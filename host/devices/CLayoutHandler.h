@@ -81,6 +81,8 @@ public:
                            bool overwriteLocked) override;
 
     int portLoad(const CabinetLayout::CabinetPort &port, int index) const override;
+    SPortLoad portLoadDetails(const QUuid &processor, const CabinetLayout::CabinetPort &port,
+                              int index) const override;
     void readMapping(ReadSaveMappingRole role, const SMappingOptions &options, Done done) override;
     void saveMapping(ReadSaveMappingRole role, const LayoutData &data, Done done) override;
 

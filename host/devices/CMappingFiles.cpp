@@ -136,7 +136,7 @@ CStatus CMappingFiles::exportPort(const QUuid &processor, int port, const QStrin
     record.processor = processor;
     record.index = port;
     record.cabinetCount = exported->cabinetCount();
-    record.load = device->portLoad(*exported, port);
+    record.load = device->portLoad(*exported, port).percent;
     record.redundancyPort = exported->redundancyPort;
     for (const SPortArea &area : device->settings.portAreas) {
         if (area.port == port)

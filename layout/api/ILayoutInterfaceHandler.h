@@ -8,6 +8,7 @@
 #include "layout/api/records/ReadSaveMappingRole.h"
 #include "layout/api/records/SBackgroundInfo.h"
 #include "layout/api/records/SHostRecords.h"
+#include "layout/api/records/SPortLoad.h"
 #include "layout/api/records/SSettings.h"
 #include "platform/control/IAbstractInterfaceHandler.h"
 
@@ -140,6 +141,9 @@ public:
     // Side panel.
     /// Load of a port of the current processor in percent of its capacity; above 100: overloaded.
     virtual int portLoad(const CabinetLayout::CabinetPort &port, int index) const = 0;
+    /// The same for any processor, with the figures that the load follows from.
+    virtual SPortLoad portLoadDetails(const QUuid &processor, const CabinetLayout::CabinetPort &port,
+                                      int index) const = 0;
     /// Reads the mapping of the current or of all processors in the background, with progress and cancel. A
     /// layout that differs is announced by LayoutReplaced, the end of each processor's read by
     /// ReadbackFinished. GUI thread.

@@ -10,9 +10,22 @@
 #include "layout/data/TypeLibrarySearch.h"
 #include "layout/drawing/CPortColors.h"
 
+#include <QSet>
+
+#include <algorithm>
+
 namespace {
+
 using Host = ILayoutInterfaceHandler;
+
+bool areLocked(const QVector<CabinetLayout::CabinetPort> &ports)
+{
+    return !ports.isEmpty() &&
+           std::all_of(ports.begin(), ports.end(),
+                       [](const CabinetLayout::CabinetPort &port) { return port.locked; });
 }
+
+} // namespace
 
 ORVO_DEFINE_SINGLETON(CLayoutData)
 
@@ -84,6 +97,43 @@ void CLayoutData::setPortLocked(int port, bool locked)
         Q_EMIT notifyProcessorPortLocked(index, locked);
     if (!changed.isEmpty())
         syncLayoutData(false);
+}
+
+bool CLayoutData::isProcessorLocked() const
+{
+    return areLocked(m_states.ports());
+}
+
+bool CLayoutData::areAllProcessorsLocked() const
+{
+    bool any = false;
+    for (const ProcessorTree::ProcessorNode &node : CHostAccess::call(&Host::processors)) {
+        const QVector<Port> ports = node.uuid == currentProcessor()
+                                        ? m_states.ports()
+                                        : CHostAccess::call(&Host::layoutData, node.uuid).layout.ports;
+        if (ports.isEmpty())
+            continue;
+        if (!areLocked(ports))
+            return false;
+        any = true;
+    }
+    return any;
+}
+
+void CLayoutData::setAllProcessorsLocked(bool locked)
+{
+    setPortLocked(-1, locked);
+    syncLayoutData(true); // what waits of another processor would bring its old locks back
+    for (const ProcessorTree::ProcessorNode &node : CHostAccess::call(&Host::processors)) {
+        if (node.uuid == currentProcessor())
+            continue;
+        LayoutData data = CHostAccess::call(&Host::layoutData, node.uuid);
+        if (data.layout.ports.isEmpty())
+            continue;
+        for (Port &port : data.layout.ports)
+            port.locked = locked;
+        CHostAccess::call(&Host::commitLayoutData, data);
+    }
 }
 
 void CLayoutData::setPortColor(int port, const QColor &color)
@@ -217,6 +267,26 @@ void CLayoutData::loadsMayDiffer(const QVector<int> &ports)
         changed = updatePortLoad(port, false) || changed;
     if (changed)
         processorLoadKnown();
+    notesMayDiffer(ports);
+}
+
+/// A note is about a pair, so an edit of the primary concerns its redundancy port.
+void CLayoutData::notesMayDiffer(const QVector<int> &ports)
+{
+    const CabinetLayout layout = m_states.data(m_states.current()).layout;
+    const auto layoutOf = [](const QUuid &processor) {
+        return CHostAccess::call(&Host::layoutData, processor).layout;
+    };
+    const auto nodeOf = [](const QUuid &processor) {
+        return CHostAccess::call(&Host::getProcessorNode, processor);
+    };
+    QSet<int> concerned;
+    for (const int port : ports)
+        concerned << port << PortLoads::loadFollower(layout, port);
+    for (const int port : qAsConst(concerned)) {
+        if (m_states.setNote(layout.processor, port, SPortRedundancyNote::of(layout, port, layoutOf, nodeOf)))
+            Q_EMIT notifyProcessorPortNoteChanged(port);
+    }
 }
 
 void CLayoutData::processorLoadKnown()

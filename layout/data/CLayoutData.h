@@ -58,6 +58,8 @@ public:
     TypeInfo getTypeInfo(const SMD5 &key) const override;
     QString mappingFolder() const override { return m_mappingFolder; }
 
+    SPortRedundancyNote portNote(int port) const { return m_states.note(port); } ///< of its pair
+
     bool isPortLocked(int port) const override { return m_states.port(port).locked; }
     Port::Redundancy portRedundancy(int port) const override { return m_states.port(port).redundancy; }
     QColor portColor(int port) const override;
@@ -78,6 +80,12 @@ public:
     void setProcessorRedundancies(const QList<QPair<QUuid, QUuid>> &pairs);
     /// Locks or unlocks a port of the current processor (-1: every port). GUI thread.
     void setPortLocked(int port, bool locked);
+    /// Returns whether every port of the current processor is locked; false without ports.
+    bool isProcessorLocked() const;
+    /// The same for all processors that have a layout. GUI thread.
+    bool areAllProcessorsLocked() const;
+    /// Locks or unlocks every port of every processor that has a layout. GUI thread.
+    void setAllProcessorsLocked(bool locked);
     /// Gives a port of the current processor its colour; an invalid one restores the default. GUI thread.
     void setPortColor(int port, const QColor &color);
 
@@ -114,6 +122,8 @@ Q_SIGNALS:
     void notifyProcessorPortBackup(int primary, int backup, bool on);
     void notifyProcessorBackupChanged(); ///< the pairs of processors changed
     void notifyProcessorPortLocked(int port, bool locked);
+    /// What the port's button says of the pair has changed, see portNote().
+    void notifyProcessorPortNoteChanged(int port);
     void notifyProcessorPortPayloadChanged(int port, int payload); ///< percent
     void notifyProcessorPayloadChanged(int payload);               ///< percent
     void notifyProcessorCanvasSizeChanged(const QSize &size);      ///< pixels
@@ -128,6 +138,8 @@ Q_SIGNALS:
     void notifyCurrentPortChanged(int port);
 
 private:
+    void notesMayDiffer(const QVector<int> &ports);
+
     // IStoreEvents, for what listens to the host
     void detectFinished() override;
     void processorStateChanged() override;

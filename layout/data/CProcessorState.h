@@ -4,6 +4,7 @@
 
 #include "layout/api/records/LayoutData.h"
 #include "layout/api/records/SBackgroundInfo.h"
+#include "layout/data/PortRedundancyNote.h"
 #include "layout/data/SPortFacts.h"
 
 #include <QHash>
@@ -17,5 +18,6 @@ public:
     CabinetLayout layout; ///< as last received from the host or the editor
     QSize canvas;         ///< pixels
     SBackgroundInfo background;
-    QHash<int, SPortFacts> facts; ///< by port index
+    QHash<int, SPortFacts> facts;          ///< by port index
+    QHash<int, SPortRedundancyNote> notes; ///< by port index; none: nothing to say
 };

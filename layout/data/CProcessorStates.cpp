@@ -363,6 +363,25 @@ bool CProcessorStates::setLoad(const QUuid &processor, int port, qint64 load)
     return true;
 }
 
+SPortRedundancyNote CProcessorStates::note(int port) const
+{
+    const CReadLocker locker(m_lock);
+    const CProcessorState *state = find(m_current);
+    return state ? state->notes.value(port) : SPortRedundancyNote();
+}
+
+bool CProcessorStates::setNote(const QUuid &processor, int port, const SPortRedundancyNote &note)
+{
+    const CWriteLocker locker(m_lock);
+    if (processor.isNull() || processor != m_current)
+        return false;
+    QHash<int, SPortRedundancyNote> &notes = stateOf(processor).notes;
+    if (notes.value(port) == note)
+        return false;
+    notes.insert(port, note);
+    return true;
+}
+
 int CProcessorStates::loadFollower(int port) const
 {
     const CReadLocker locker(m_lock);

@@ -101,7 +101,10 @@ public:
     /// Returns false if @p processor is not the current one any more, has no such port, or the load is
     /// unchanged.
     bool setLoad(const QUuid &processor, int port, qint64 load);
-    int loadFollower(int port) const; ///< see PortLoads::loadFollower()
+    int loadFollower(int port) const;         ///< see PortLoads::loadFollower()
+    SPortRedundancyNote note(int port) const; ///< of the current processor
+    /// Returns false if @p processor is not the current one any more, or the note is unchanged.
+    bool setNote(const QUuid &processor, int port, const SPortRedundancyNote &note);
 
 private:
     CProcessorState &stateOf(const QUuid &processor) ORVO_REQUIRES(m_lock);

@@ -17,7 +17,7 @@ CLayoutSidePanel::CLayoutSidePanel(const SUnitServices &services, QWidget *paren
     // From top to bottom, one line per unit.
     const auto *geometry = add<CCabinetGemometryLabel>(services);
     const auto *topology = add<CTopologyLabel>(services);
-    add<CSystemLoadLabel>(services);
+    const auto *load = add<CSystemLoadLabel>(services);
     const auto *mapping = add<CMappingLabel>(services);
     m_backup = add<CBackupLabel>(services);
 
@@ -29,6 +29,7 @@ CLayoutSidePanel::CLayoutSidePanel(const SUnitServices &services, QWidget *paren
     connect(geometry, &Geometry::notifySelectedCabinetRankChanged, this,
             &CLayoutSidePanel::notifySelectedCabinetRankChanged);
     connect(topology, &CTopologyLabel::buttonClicked, this, &CLayoutSidePanel::notifyTopologybuttonClicked);
+    connect(load, &CSystemLoadLabel::notifySelectPorts, this, &CLayoutSidePanel::notifySelectPorts);
     connect(mapping, &CMappingLabel::notifySaveMappingSuccessed, this,
             &CLayoutSidePanel::notifySaveMappingSuccessed);
     connect(m_backup, &CBackupLabel::notifyCancelPortRedundancy, this,

@@ -5,6 +5,8 @@
 #include "layout/panels/ISidePanelUnit.h"
 #include "platform/widgets/CSidePanel.h"
 
+#include <QVector>
+
 #include <vector>
 
 class CBackupLabel;
@@ -28,6 +30,8 @@ Q_SIGNALS:
     void notifyTopologybuttonClicked(int pattern);
     void notifySaveMappingSuccessed();
     void notifyCancelPortRedundancy(int port);
+    /// The user wants everything in @p ports to be selected.
+    void notifySelectPorts(const QVector<int> &ports);
 
 public Q_SLOTS:
     void onNotifyPortBackup(int primary, int backup, bool on);

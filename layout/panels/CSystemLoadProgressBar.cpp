@@ -27,7 +27,6 @@ void CSystemLoadProgressBar::onNotifyProcessorPayloadChanged(int load)
 {
     m_rawLoad = load;
     setValue(qMin(load, maximum()));
-    setToolTip(tr("System load") + QStringLiteral(": %1%").arg(load));
     update(); // the colour may change while the clamped value does not
 }
 

@@ -4,15 +4,13 @@
 
 #include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
-#include "layout/drawing/CPortColors.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
-#include "layout/plugin/CAppendMenu.h"
+#include "layout/panels/ports/CAppendMenu.h"
+#include "layout/panels/ports/CPortFill.h"
 #include "layout/plugin/CCabinetFiles.h"
-#include "layout/redundancy/CPortBackupDialog.h"
-#include "layout/settings/CCabinetFillSetting.h"
 #include "layout/settings/CCabinetInformation.h"
 #include "layout/settings/CCabinetParaSave.h"
 #include "layout/settings/CCabinetTypeSetting.h"
@@ -34,31 +32,15 @@ CEditorCommands::CEditorCommands(CLayoutData &store, CLayoutGraphicsView &view)
 {
 }
 
-void CEditorCommands::fillAllPorts(const QColor &color)
-{
-    for (const CabinetLayout::CabinetPort &port : m_store.ports())
-        m_store.setPortColor(port.index, color);
-}
-
 void CEditorCommands::fillCurrentPort(QWidget *parent)
 {
-    const QUuid processor = m_store.currentProcessor();
-    const int port = m_store.currentPort();
-    if (port < 0)
-        return;
-    CCabinetFillSetting dialog(m_store.port(port).color, CPortColors::fill(port), parent);
-    if (dialog.exec() != QDialog::Accepted || !CProcessorInView::isStill(processor, parent))
-        return;
-    const SCabinetFill fill = dialog.fill();
-    if (fill.allPorts)
-        fillAllPorts(fill.color);
-    else
-        m_store.setPortColor(port, fill.color);
+    if (m_store.currentPort() >= 0)
+        CPortFill(m_store, parent).ask(m_store.currentPort());
 }
 
-void CEditorCommands::resetFills(QWidget *)
+void CEditorCommands::resetFills(QWidget *parent)
 {
-    fillAllPorts(QColor());
+    CPortFill(m_store, parent).resetAll();
 }
 
 void CEditorCommands::markCustomCabinets(bool marked)
@@ -138,18 +120,6 @@ void CEditorCommands::setCanvasFill(QWidget *)
 void CEditorCommands::adjustCurrentGain(QWidget *)
 {
     m_canvas.adjustCurrentGain();
-}
-
-void CEditorCommands::pairPorts(QWidget *parent)
-{
-    CPortBackupDialog dialog(parent);
-    QObject::connect(&dialog, &CBackupDialog::notifyApplied, &dialog, [&dialog](const QString &refusal) {
-        if (refusal.isEmpty())
-            CMessageBox::information(&dialog, tr("Set successful."));
-        else
-            CMessageBox::warning(&dialog, tr("Set failed."), refusal);
-    });
-    dialog.exec();
 }
 
 void CEditorCommands::openTypeLibrary(QWidget *parent)

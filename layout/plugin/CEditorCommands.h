@@ -35,13 +35,11 @@ public:
     void setCanvasSize(QWidget *parent) override;
     void setCanvasFill(QWidget *parent) override;
     void adjustCurrentGain(QWidget *parent) override;
-    void pairPorts(QWidget *parent) override;
     void openTypeLibrary(QWidget *parent) override;
     void fillAppendMenu(QMenu &menu, QWidget *parent) override;
     bool highlight(const QList<Cabinet> &cabinets, CabinetHighlight kind, QWidget *parent) override;
 
 private:
-    void fillAllPorts(const QColor &color);
     QString typeName(const Cabinet &cabinet) const; ///< empty without a type
 
     CLayoutData &m_store;

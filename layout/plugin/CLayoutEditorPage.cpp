@@ -9,12 +9,13 @@
 #include "layout/editor/view/CFaultLine.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/panels/CLayoutSidePanel.h"
+#include "layout/panels/ports/CPortList.h"
 #include "layout/plugin/CEditorCommands.h"
 #include "layout/plugin/CEditorMenus.h"
+#include "layout/plugin/CPortCommands.h"
 #include "layout/plugin/CStatusFigures.h"
-#include "layout/redundancy/CPortBackupDialog.h"
+#include "layout/plugin/CViewPortPanel.h"
 #include "platform/widgets/CElidedLabel.h"
-#include "platform/widgets/CMessageBox.h"
 #include "platform/widgets/CPureImageBtn.h"
 
 #include <QHBoxLayout>
@@ -42,10 +43,13 @@ CLayoutEditorPage::CLayoutEditorPage(CLayoutData &store, QWidget *parent)
     , m_view(new CLayoutGraphicsView(store))
     , m_figures(new CStatusFigures(store, *m_view, new CFaultLine(*m_view)))
     , m_commands(std::make_unique<CEditorCommands>(store, *m_view))
+    , m_portCommands(std::make_unique<CPortCommands>(store, m_commands->canvas(), *m_view))
+    , m_ports(new CPortList(store, *m_portCommands))
 {
     m_view->setCommands(m_commands.get());
     buildUi();
     connectSignals();
+    connectPorts();
 }
 
 CLayoutEditorPage::~CLayoutEditorPage()
@@ -93,6 +97,7 @@ void CLayoutEditorPage::reload()
         m_view->clearLayout();
     else
         m_view->showLayout(m_processor, layout);
+    m_ports->onNotifyProcessorStateChanged();
     showBackground(m_store.background());
 }
 
@@ -133,7 +138,9 @@ void CLayoutEditorPage::setScreenShown(bool shown)
 
 void CLayoutEditorPage::setEditingBlocked(bool blocked)
 {
+    m_blocked = blocked;
     m_view->setEditingBlocked(blocked);
+    block();
 }
 
 void CLayoutEditorPage::connectPanel(CLayoutSidePanel &panel)
@@ -151,7 +158,9 @@ void CLayoutEditorPage::connectPanel(CLayoutSidePanel &panel)
     connect(&panel, &Panel::notifySelectedCabinetRankChanged, m_view,
             &View::onNotifySelectedCabinetRankChanged);
     connect(&panel, &Panel::notifyTopologybuttonClicked, m_view, &View::onTopologyButtonClicked);
-    connect(&panel, &Panel::notifyCancelPortRedundancy, this, &CLayoutEditorPage::cancelPortRedundancy);
+    connect(&panel, &Panel::notifySelectPorts, m_view, &View::onPortsChosen);
+    connect(&panel, &Panel::notifyCancelPortRedundancy, this,
+            [this](int port) { m_portCommands->cancelRedundancy(port); });
 }
 
 void CLayoutEditorPage::fillEditMenu(QMenu &menu)
@@ -168,37 +177,20 @@ void CLayoutEditorPage::fillViewMenu(QMenu &menu)
     connect(screen, &QAction::triggered, m_showScreen, &QAbstractButton::click);
 }
 
-void CLayoutEditorPage::setPortRedundancy(int primary, int backup)
-{
-    const QUuid asked = m_processor.uuid;
-    const bool holdsCabinets = m_store.port(backup).cabinetCount() > 0;
-    if (!CPortBackupDialog::mayDissolve(this, holdsCabinets ? QStringList{tr("Port %1").arg(backup + 1)}
-                                                            : QStringList()) ||
-        m_processor.uuid != asked)
-        return;
-    reportSet(CHostAccess::flushAndCall(&Host::setPortRedundancy, primary, backup));
-}
-
-void CLayoutEditorPage::cancelPortRedundancy(int port)
-{
-    reportSet(CHostAccess::flushAndCall(&Host::cancelPortRedundancy, port));
-}
-
-void CLayoutEditorPage::reportSet(bool done)
-{
-    if (done)
-        CMessageBox::information(this, tr("Set successful."));
-    else
-        CMessageBox::warning(this, tr("Set failed."), CHostAccess::call(&Host::lastError));
-}
-
 /// A redundancy processor follows its primary and cannot be edited.
 void CLayoutEditorPage::showRedundancy()
 {
     const auto pairs = m_store.processorRedundancies();
-    m_view->onCurrentProcessorBackupChanged(
-        std::any_of(pairs.begin(), pairs.end(),
-                    [this](const QPair<QUuid, QUuid> &pair) { return pair.second == m_processor.uuid; }));
+    m_backup = std::any_of(pairs.begin(), pairs.end(), [this](const QPair<QUuid, QUuid> &pair) {
+        return pair.second == m_processor.uuid;
+    });
+    m_view->onCurrentProcessorBackupChanged(m_backup);
+    block();
+}
+
+void CLayoutEditorPage::block()
+{
+    m_ports->setEditingBlocked(m_blocked || m_backup);
 }
 
 void CLayoutEditorPage::buildUi()
@@ -222,7 +214,7 @@ void CLayoutEditorPage::buildUi()
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addLayout(titleRow);
-    column->addWidget(m_view, 1);
+    column->addWidget(new CViewPortPanel(*m_view, *m_ports), 1);
 }
 
 void CLayoutEditorPage::connectSignals()
@@ -231,8 +223,6 @@ void CLayoutEditorPage::connectSignals()
     m_store.setLayoutSource(scene);
     connect(&m_store, &CLayoutData::notifyProcessorPortLocked, scene,
             &CCabinetGraphicsScene::setCabinetLocked);
-    connect(&m_store, &CLayoutData::notifyProcessorPortLocked, m_view,
-            &CLayoutGraphicsView::onCurrentPortChanged);
     connect(&m_store, &CLayoutData::notifyProcessorPortColorChanged, scene,
             &CCabinetGraphicsScene::onNotifyCabinetColorChanged);
     connect(&m_store, &CLayoutData::notifyProcessorPortPayloadChanged, scene,
@@ -255,27 +245,33 @@ void CLayoutEditorPage::connectSignals()
     connect(scene, &CCabinetGraphicsScene::notifySceneChanged, &m_store,
             [this] { m_store.syncLayoutData(false); });
     connect(scene, &CCabinetGraphicsScene::notifySceneChanged, this, &CLayoutEditorPage::dropReadbackResult);
-    connect(scene, &CCabinetGraphicsScene::notifySelectedChanged, &m_store, [this](const QList<int> &ports) {
-        if (ports.size() == 1)
-            m_store.setCurrentPort(ports.first());
-    });
     connect(m_view, &CLayoutGraphicsView::notifyUndoStackChanged, this, [this](QUndoStack *stack) {
         m_store.undoGroup().addStack(stack); // adding it again has no effect
         m_store.undoGroup().setActiveStack(stack);
     });
-    connect(m_view, &CLayoutGraphicsView::notifyCurrentPortChosen, &m_store, &CLayoutData::setCurrentPort);
-    connect(&m_store, &CLayoutData::notifyCurrentPortChanged, m_view,
-            &CLayoutGraphicsView::onCurrentPortChanged);
-    connect(m_view, &CLayoutGraphicsView::notifyLockPort, &m_store, &CLayoutData::setPortLocked);
     connect(&m_store, &CLayoutData::notifyCancelCalibrate, m_view, &CLayoutGraphicsView::cancelCalibrate);
-    connect(m_view, &CLayoutGraphicsView::notifySetPortRedundancy, this,
-            &CLayoutEditorPage::setPortRedundancy);
-    connect(m_view, &CLayoutGraphicsView::notifyCancelPortRedundancy, this,
-            &CLayoutEditorPage::cancelPortRedundancy);
     connect(&m_store, &CLayoutData::notifyProcessorBackupChanged, this, &CLayoutEditorPage::showRedundancy);
     connect(&m_store, &CLayoutData::notifyDetectFinished, this, [this] { m_store.resumeCurrentPort(); });
     connect(&m_store, &CLayoutData::notifyLayoutReplaced, this, [this](const QUuid &processor) {
         if (processor == m_processor.uuid)
             reload();
     });
+}
+
+void CLayoutEditorPage::connectPorts()
+{
+    using View = CLayoutGraphicsView;
+    connect(m_view, &View::notifySelectedPort, m_ports, &CPortList::setCurrentSelectPort);
+    connect(m_ports, &CPortList::notifyPortClicked, m_view, &View::onPortClicked);
+    connect(m_ports, &CPortList::notifyPortsChosen, m_view, &View::onPortsChosen);
+    connect(m_ports, &CPortList::notifyPortToggled, m_view, &View::onPortToggled);
+    connect(m_ports, &CPortList::notifyAppendCabinet, m_view,
+            [this](int port, const QSize &size, const CPort::TypeInfo &type) {
+                if (!type.key.isNull())
+                    m_store.recentCabinets().noteType(type.key);
+                m_view->onNotifyAppendCabinet(type, port, size);
+            });
+    connect(m_ports, &CPortList::notifyShowCabinetInfo, m_view, &View::showCabinetInfo);
+    connect(m_ports, &CPortList::notifyMarkupCustomCabinet, m_view, &View::markupCustomCabinet);
+    connect(m_ports, &CPortList::notifySaveCabinetPara, m_view, &View::saveCabinetPara);
 }

@@ -17,6 +17,8 @@ class CElidedLabel;
 class CLayoutData;
 class CLayoutGraphicsView;
 class CLayoutSidePanel;
+class CPortCommands;
+class CPortList;
 class CPureImageBtn;
 class CStatusFigures;
 class QAbstractButton;
@@ -34,6 +36,7 @@ public:
 
     QAbstractButton &showScreenButton() const;
     QWidget *statusFigures() const; ///< to be placed in the status bar; deleted with the page
+    CPortCommands &portCommands() { return *m_portCommands; }
     const QUuid &processor() const { return m_processor.uuid; } ///< the one shown; null: none
 
     QList<CabinetLayout::CabinetPort::Cabinet> selectedCabinets() const;
@@ -56,11 +59,10 @@ public:
     void connectPanel(CLayoutSidePanel &panel);
 
 private:
+    void block();
+    void connectPorts();
     void showBackground(const SBackgroundInfo &info, bool canvasSizeChanged = false);
     void showNote();
-    void setPortRedundancy(int primary, int backup);
-    void cancelPortRedundancy(int port);
-    void reportSet(bool done);
     void showRedundancy();
     void buildUi();
     void connectSignals();
@@ -75,4 +77,8 @@ private:
     CLayoutGraphicsView *m_view = nullptr;
     QPointer<CStatusFigures> m_figures; // owned by the status bar once placed there
     std::unique_ptr<CEditorCommands> m_commands;
+    std::unique_ptr<CPortCommands> m_portCommands;
+    CPortList *m_ports = nullptr;
+    bool m_blocked = false; // by the user
+    bool m_backup = false;  // the processor in view follows another one
 };

@@ -4,6 +4,7 @@
 
 #include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
+#include "layout/panels/ports/SOverload.h"
 #include "platform/widgets/CMessageBox.h"
 
 #include <QPointer>
@@ -35,11 +36,33 @@ void CMappingCommands::readMapping(ReadSaveMappingRole role, const SMappingOptio
 
 void CMappingCommands::saveMapping(ReadSaveMappingRole role, Ended ended)
 {
+    if (!mayBeOverloaded(role)) {
+        ended(false);
+        return;
+    }
     const auto done = whenDone(ended, tr("Save mapping successful."), tr("Save mapping failed."));
     Q_EMIT notifyStarted();
     const auto save = [this, role, done](Host &host) { host.saveMapping(role, m_store.layoutData(), done); };
     if (!CHostAccess::flushAndCall(save))
         done({SDeviceOutcome::Failed, {}});
+}
+
+bool CMappingCommands::mayBeOverloaded(ReadSaveMappingRole role)
+{
+    QList<ProcessorTree::ProcessorNode> nodes;
+    if (role == ReadSaveMappingRole::All)
+        nodes = CHostAccess::flushAndCall(&Host::processors);
+    else
+        nodes << CHostAccess::flushAndCall(&Host::currentProcessorNode);
+    QStringList overloads;
+    for (const ProcessorTree::ProcessorNode &node : qAsConst(nodes)) {
+        const SOverload overload = SOverload::asked(CHostAccess::call(&Host::layoutData, node.uuid).layout);
+        if (!overload.isEmpty())
+            overloads << QStringLiteral("%1: %2").arg(node.displayText(), overload.text());
+    }
+    return overloads.isEmpty() ||
+           CMessageBox::confirm(&m_messageParent, tr("The mapping exceeds what can be driven. Save it?"),
+                                overloads.join(QLatin1Char('\n')));
 }
 
 std::function<void(const SDeviceOutcome &)>

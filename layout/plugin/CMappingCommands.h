@@ -27,6 +27,8 @@ Q_SIGNALS:
     void notifyStarted(); ///< the user wants a mapping read or saved
 
 private:
+    /// Asks whether an overloaded mapping shall be saved all the same; true without an overload.
+    bool mayBeOverloaded(ReadSaveMappingRole role);
     /// The callback for the host, called at the end.
     std::function<void(const SDeviceOutcome &)> whenDone(const Ended &ended, const QString &success,
                                                          const QString &failure);

@@ -27,4 +27,11 @@ constexpr QRgb Focus = qRgb(94, 160, 255); ///< the mark of the keyboard focus, 
 constexpr QRgb LoadGood = qRgb(44, 153, 65); ///< a processor within its capacity
 constexpr QRgb LoadOver = qRgb(170, 42, 42); ///< an overloaded processor
 
+constexpr QRgb Card = qRgb(42, 42, 49);              ///< the button of an output port
+constexpr QRgb PortLoadGood = qRgb(49, 194, 73);     ///< a port within its capacity
+constexpr QRgb PortLoadUnknown = qRgb(190, 163, 25); ///< a port whose load is not known
+constexpr QRgb PortLoadOver = qRgb(200, 53, 53);     ///< an overloaded port; on Text or Base only
+constexpr QRgb Fault = qRgb(255, 122, 115);          ///< what is wrong, on Frame
+constexpr QRgb Warning = qRgb(242, 184, 75);         ///< what needs the user, on Frame
+
 } // namespace ThemeColors

@@ -124,10 +124,10 @@ private Q_SLOTS:
         QVERIFY(CPortCapacity::percent(1, 0) > 100);
         QCOMPARE(CPortCapacity::percent(qint64(1) << 40, qint64(1) << 40), 100);
         const SProcessorKind kind = *CProcessorKinds::builtIn().find(QStringLiteral("c20"));
-        QCOMPARE(CPortCapacity::load(kind, {}, 318750, 9000000), 50);
-        QCOMPARE(CPortCapacity::load(kind, {}, 318750, 9000001), 101);
-        QCOMPARE(CPortCapacity::load(kind, {}, 0, 9000001), 0);
-        QCOMPARE(CPortCapacity::load(kind, {}, 1275000, 9000001), 200);
+        QCOMPARE(CPortCapacity::load(kind, {}, 318750, 9000000).percent, 50);
+        QCOMPARE(CPortCapacity::load(kind, {}, 318750, 9000001).percent, 101);
+        QCOMPARE(CPortCapacity::load(kind, {}, 0, 9000001).percent, 0);
+        QCOMPARE(CPortCapacity::load(kind, {}, 1275000, 9000001).percent, 200);
     }
 
     void theLoadIsThatOfThePortAskedForAmongTheOthers()
@@ -141,11 +141,11 @@ private Q_SLOTS:
             layout.ports.last().index = i;
         }
         device.takeLayout(layout);
-        QCOMPARE(device.portLoad(layout.ports.at(2), 2), 91);
-        QCOMPARE(device.portLoad(portOf({{0, 0, 600, 500}}), 2), 46);
-        QCOMPARE(device.portLoad(portOf({{0, 0, 1000, 1000}}), 2), 152); // 2.8 million: 108 % in all
+        QCOMPARE(device.portLoad(layout.ports.at(2), 2).percent, 91);
+        QCOMPARE(device.portLoad(portOf({{0, 0, 600, 500}}), 2).percent, 46);
+        QCOMPARE(device.portLoad(portOf({{0, 0, 1000, 1000}}), 2).percent, 152); // 2.8 million: 108 % in all
         device.settings.colorDepth = 10;
-        QCOMPARE(device.portLoad(layout.ports.at(2), 2), 122);
+        QCOMPARE(device.portLoad(layout.ports.at(2), 2).percent, 122);
     }
 
     void theSmallestKindThatIsLargeEnoughIsFound()

@@ -30,7 +30,6 @@ public:
     void setCanvasSize(QWidget *) override { note("canvas size"); }
     void setCanvasFill(QWidget *) override { note("canvas fill"); }
     void adjustCurrentGain(QWidget *) override { note("gain"); }
-    void pairPorts(QWidget *) override { note("pair ports"); }
     void openTypeLibrary(QWidget *) override { note("library"); }
     void fillAppendMenu(QMenu &, QWidget *) override { note("append"); }
     bool highlight(const QList<Cabinet> &records, CabinetHighlight kind, QWidget *) override

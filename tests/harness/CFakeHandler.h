@@ -30,6 +30,7 @@ public:
     QMap<QUuid, LayoutData> layouts; ///< working layouts; commitLayoutData() replaces them
     QSet<QUuid> fiber;               ///< processors in fibre optic transceiver mode
     QMap<int, int> loads;            ///< percent by port index
+    SPortLoad details;               ///< the figures behind each load
     Library library;
     QMap<QUuid, SBackgroundInfo> backgrounds;
     ProcessorBoundingRects rects;
@@ -46,6 +47,8 @@ public:
     bool busy = false;    ///< all processors
     QList<QUuid> unsaved; ///< the processors that have unsaved edits
     bool primaryPorts = true;
+    bool redundancyBlocked = false;
+    bool redundancySupported = true;
     int hertz = 60;
     int bits = 8;
     SCanvasLimits limits{16384, 16384, 16384LL * 8192};
@@ -133,12 +136,29 @@ public:
     {
         return answer(__func__, port, cabinet.uuid, file, typeName);
     }
+    bool isPortRedundancyBlocked() const override { return given(__func__, redundancyBlocked); }
+    bool isPortRedundancySupported() const override { return given(__func__, redundancySupported); }
+    bool exportPortMapping(const QUuid &, int port, const QString &file) override
+    {
+        return answer(__func__, port, file);
+    }
+    bool importPortMapping(const QUuid &, int port, const QString &file, bool all) override
+    {
+        return answer(__func__, port, file, all);
+    }
     bool setPortRedundancy(int primary, int backup) override { return answer(__func__, primary, backup); }
     bool cancelPortRedundancy(int port) override { return answer(__func__, port); }
     int portLoad(const Port &port, int index) const override
     {
         const auto lock = note(__func__, port.index, index);
         return loads.value(index);
+    }
+    SPortLoad portLoadDetails(const QUuid &, const Port &port, int index) const override
+    {
+        const auto lock = note(__func__, port.index, index);
+        SPortLoad load = details;
+        load.percent = loads.value(index);
+        return load;
     }
     void readMapping(ReadSaveMappingRole role, const SMappingOptions &options, Done done) override;
     void saveMapping(ReadSaveMappingRole role, const LayoutData &data, Done done) override;

@@ -12,10 +12,6 @@ class CUncalledOperations : public ILayoutInterfaceHandler
 {
 public:
     QVector<CabinetLayout::CabinetPort> currentProcessorPorts() const override { return none(); }
-    bool isPortRedundancyBlocked() const override { return none(); }
-    bool isPortRedundancySupported() const override { return none(); }
-    bool exportPortMapping(const QUuid &, int, const QString &) override { return none(); }
-    bool importPortMapping(const QUuid &, int, const QString &, bool) override { return none(); }
 
 private:
     struct SNone

@@ -6,8 +6,10 @@
 #include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CEditorToolBar.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
+#include "layout/panels/ports/CPortList.h"
 #include "layout/plugin/CLayoutEditorPage.h"
-#include "layout/redundancy/CPortBackupDialog.h"
+#include "layout/plugin/CPortCommands.h"
+#include "tests/harness/CFileDialogAnswerer.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CSignalLog.h"
 #include "tests/harness/CTestBase.h"
@@ -15,7 +17,6 @@
 #include "tests/harness/SStoreWorld.h"
 
 #include <QApplication>
-#include <QComboBox>
 #include <QImage>
 #include <QLabel>
 #include <QMenu>
@@ -46,21 +47,16 @@ struct SPageWorld final : SStoreWorld
     }
     CLayoutGraphicsView &view() const { return *page.findChild<CLayoutGraphicsView *>(); }
     CCabinetGraphicsScene &scene() const { return view().cabinetScene(); }
-    QComboBox &ports() const { return *view().toolBar().findChild<QComboBox *>(); }
-    /// The menu behind the button of that name at the end of the tool bar, filled.
-    QMenu &menu(const char *name) const
+    CPort &port(int index) const { return *page.findChild<CPortList *>()->button(index); }
+    /// The ports whose buttons are checked.
+    QList<int> checked() const
     {
-        for (const QAction *action : view().toolBar().actions()) {
-            if (action->text() == QLatin1String(name) && action->menu()) {
-                Q_EMIT action->menu()->aboutToShow();
-                return *action->menu();
-            }
+        QList<int> ports;
+        for (int i = 0; i < 3; ++i) {
+            if (port(i).isChecked())
+                ports << i;
         }
-        qFatal("There is no button %s", name);
-    }
-    QAction *portEntry(const char *path) const
-    {
-        return entryOf(menu("Lock and redundancy of the output port"), QLatin1String(path));
+        return ports;
     }
     QVector<int> ranks(int port) const
     {
@@ -161,9 +157,9 @@ private Q_SLOTS:
         SPageWorld world;
         world.answers()->redundancies = {{world.b, world.a}};
         world.open(world.a);
-        QVERIFY(!world.ports().isEnabled());
+        QVERIFY(!world.port(0).isEnabled());
         world.open(world.b);
-        QVERIFY(world.ports().isEnabled());
+        QVERIFY(world.port(0).isEnabled());
     }
 
     void theStatusBarTellsOfTheSelection()
@@ -185,103 +181,79 @@ private Q_SLOTS:
         QCOMPARE(text("StatusSelection"), QString());
     }
 
-    void theStripFollowsTheStore()
+    /// Click, Ctrl+click and selection in the editor; an empty port is chosen, too.
+    void portListAndSelectionFollowEachOther()
     {
         SPageWorld world;
-        QCOMPARE(world.ports().currentIndex(), 0);
-        world.store.setCurrentPort(2);
-        QCOMPARE(world.ports().currentIndex(), 2);
-        world.scene().backend().picks().port(1, true);
+        QCOMPARE(world.checked(), QList<int>{0});
+        QTest::mouseClick(&world.port(1), Qt::LeftButton, {}, QPoint(60, 20));
         QCOMPARE(world.store.currentPort(), 1);
-        QCOMPARE(world.ports().currentIndex(), 1);
-        settle(world.host, world.store); // a detection
-        QTRY_COMPARE(world.store.currentPort(), 1);
-        QCOMPARE(world.ports().currentIndex(), 1);
-        world.ports().setCurrentIndex(2); // without the user, the store knows nothing of it
-        QVERIFY(world.portEntry("Output port"));
-        world.store.setPortLocked(0, true);
-        QCOMPARE(world.ports().currentIndex(), 1);
-    }
-
-    void choosingAPortEndsASelectionElsewhere()
-    {
-        SPageWorld world;
-        world.scene().backend().picks().port(1, true);
-        world.ports().setCurrentIndex(2);
-        Q_EMIT world.ports().activated(2);
+        QCOMPARE(world.scene().selection().ports(), QList<int>{1});
+        QTest::mouseClick(&world.port(2), Qt::LeftButton, Qt::ControlModifier, QPoint(60, 20));
+        QCOMPARE(world.checked(), (QList<int>{1, 2}));
+        QCOMPARE(world.scene().selection().ports(), (QList<int>{1, 2}));
+        QTest::mouseClick(&world.port(2), Qt::LeftButton, {}, QPoint(60, 20));
+        QCOMPARE(world.scene().selection().ports(), QList<int>{2});
         QCOMPARE(world.store.currentPort(), 2);
+        QTest::mouseClick(&world.port(2), Qt::LeftButton, {}, QPoint(60, 20));
         QVERIFY(world.scene().selection().isEmpty());
-        world.scene().backend().picks().port(1, true);
-        world.portEntry("Output port>Port 2")->trigger();
-        QVERIFY(!world.scene().selection().isEmpty()); // it lies in that port
-        world.portEntry("Output port>Port 1")->trigger();
+        QCOMPARE(world.checked(), QList<int>{2}); // still the current one
+        world.scene().backend().picks().port(0, true);
         QCOMPARE(world.store.currentPort(), 0);
-        QVERIFY(world.scene().selection().isEmpty());
+        QCOMPARE(world.checked(), QList<int>{0});
+        world.view().onPortsChosen({1, 2});
+        QCOMPARE(world.scene().selection().ports(), (QList<int>{1, 2}));
     }
 
-    void theStripsMenuIsAboutTheCurrentPort()
+    void aRedundancyIsSetAfterAQuestion()
     {
         SPageWorld world;
-        world.store.setCurrentPort(2);
-        const auto lock = [&world] { return world.portEntry("Lock current output port"); };
-        QVERIFY(!lock()->isChecked());
-        lock()->trigger();
-        QVERIFY(world.store.isPortLocked(2) && !world.store.isPortLocked(0));
-        QVERIFY(lock()->isChecked());
-        lock()->trigger();
-        QVERIFY(!world.store.isPortLocked(2));
-
-        const QMenu &primaries = *world.portEntry("Set as redundancy for")->menu();
-        QCOMPARE(primaries.actions().size(), 2);
+        CPortCommands &commands = world.page.portCommands();
         world.answers()->refused = {QStringLiteral("setPortRedundancy")};
         const QString yes = QStringLiteral("Yes");
         const QString ok = QStringLiteral("OK");
         const CMessageBoxAnswerer user({QStringLiteral("No"), yes, ok, yes, ok});
-        entryOf(primaries, QStringLiteral("Port 1"))->trigger();
-        QVERIFY(world.answers()->calls().filter(QStringLiteral("setPortRedundancy")).isEmpty());
-        entryOf(primaries, QStringLiteral("Port 1"))->trigger();
-        QCOMPARE(world.answers()->calls().filter(QStringLiteral("setPortRedundancy")),
-                 QStringList{QStringLiteral("setPortRedundancy(0,2)")});
+        commands.setRedundancy(0, 2);
+        QCOMPARE(world.answers()->count(QStringLiteral("setPortRedundancy")), 0);
+        commands.setRedundancy(0, 2);
+        QVERIFY(world.answers()->calls().contains(QStringLiteral("setPortRedundancy(0,2)")));
         QCOMPARE(user.boxes().first().details, QStringLiteral("These output ports hold cabinets:\nPort 3"));
         QCOMPARE(user.texts().last(), QStringLiteral("Set failed."));
         world.answers()->refused.clear();
-        entryOf(primaries, QStringLiteral("Port 1"))->trigger();
+        commands.setRedundancy(0, 2);
         QCOMPARE(user.texts().last(), QStringLiteral("Set successful."));
     }
 
-    void theStripsMenuEndsAndShowsPairs()
+    void filesOfAPortKeepItsLock()
     {
         SPageWorld world;
-        world.store.setCurrentPort(2);
-        QVERIFY(!world.portEntry("Cancel redundancy")->isEnabled());
-        bool shown = false;
-        inNext<CPortBackupDialog>([&shown](CPortBackupDialog &dialog) {
-            shown = true;
-            dialog.reject();
-        });
-        world.portEntry("Port redundancy...")->trigger();
-        QVERIFY(shown);
-        world.answers()->layouts[world.a].layout.ports[2].redundancy = CabinetLayout::CabinetPort::Redundant;
-        world.page.reload();
-        QVERIFY(!world.portEntry("Set as redundancy for")->isEnabled());
-        const CMessageBoxAnswerer user({QStringLiteral("OK")});
-        world.portEntry("Cancel redundancy")->trigger();
-        QCOMPARE(world.answers()->count(QStringLiteral("cancelPortRedundancy")), 1);
+        CPortCommands &commands = world.page.portCommands();
+        const QString ok = QStringLiteral("OK");
+        const CMessageBoxAnswerer user({ok, QStringLiteral("No"), ok});
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("one.pprj"));
+        {
+            const CFileDialogAnswerer files(file);
+            commands.exportMapping(1);
+            QCOMPARE(files.proposal, QStringLiteral("New.pprj"));
+        }
+        QVERIFY(QFile(file).open(QIODevice::WriteOnly));
+        world.store.setPortLocked(1, true);
+        const CFileDialogAnswerer files(file);
+        commands.importMapping(1);
+        QCOMPARE(world.answers()->calls().filter(QStringLiteral("PortMapping")),
+                 (QStringList{QStringLiteral("exportPortMapping(1,%1)").arg(file),
+                              QStringLiteral("importPortMapping(1,%1,false)").arg(file)}));
     }
 
-    void theStripsPatternsAreThoseOfTheScene()
+    void appendOfAPortGoesIntoIt()
     {
         SPageWorld world;
-        world.scene().backend().picks().port(1, true);
-        QSet<QVector<int>> all;
-        for (int i = 0; i < 8; ++i) {
-            world.menu("Topology").actions().at(i)->trigger();
-            const QVector<int> chosen = world.ranks(1);
-            world.scene().topologyWiring(uint(i));
-            QCOMPARE(world.ranks(1), chosen);
-            all << chosen;
-        }
-        QCOMPARE(all.size(), 8);
+        Q_EMIT world.port(2).notifyAppendCabinet(2, QSize(64, 32));
+        QCOMPARE(world.scene().property("pendingAppendCabinetPort").toInt(), 2);
+        QCOMPARE(world.scene().property("pendingAppendCabinetSize").toSize(), QSize(64, 32));
+        QTest::mouseClick(&world.port(1), Qt::LeftButton, {}, QPoint(60, 20));
+        QCOMPARE(world.scene().property("pendingAppendCabinetPort").toInt(), 1);
     }
 
     void aPortThatBecomesARedundancyIsPrepared()

@@ -13,7 +13,7 @@ LayoutData SDevice::data() const
     return data;
 }
 
-int SDevice::portLoad(const CabinetLayout::CabinetPort &port, int index) const
+SPortLoad SDevice::portLoad(const CabinetLayout::CabinetPort &port, int index) const
 {
     CabinetLayout::CabinetPort carried = port;
     if (port.redundancy == CabinetLayout::CabinetPort::Redundant) {

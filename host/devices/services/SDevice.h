@@ -33,8 +33,8 @@ struct SDevice
     bool isModified() const { return working.isModified() || (project && settings != savedSettings); }
     QRect area() const { return {settings.offset, settings.canvas}; } ///< on the shared canvas
     LayoutData data() const;
-    /// Load in percent if @p port replaced port @p index of the working layout.
-    int portLoad(const CabinetLayout::CabinetPort &port, int index) const;
+    /// Load if @p port replaced port @p index of the working layout.
+    SPortLoad portLoad(const CabinetLayout::CabinetPort &port, int index) const;
     /// Whether all ports together exceed what the processor can drive.
     bool isOverloaded() const { return working.chargedPixels() > kind.pixelLimit; }
     /// Sets the settings, and the values that the node shows of them.

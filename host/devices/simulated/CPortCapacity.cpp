@@ -52,10 +52,23 @@ int CPortCapacity::percent(qint64 used, qint64 capacity)
     return static_cast<int>(std::min<qint64>(rounded, std::numeric_limits<int>::max()));
 }
 
-int CPortCapacity::load(const SProcessorKind &kind, const SSignal &signal, qint64 used, qint64 total)
+SPortLoad CPortCapacity::load(const SProcessorKind &kind, const SSignal &signal, qint64 used, qint64 total)
 {
-    const int own = percent(used, capacity(kind.generation, signal));
-    if (used <= 0 || total <= kind.pixelLimit)
-        return own;
-    return std::max(own, percent(total, kind.pixelLimit));
+    SPortLoad load;
+    load.pixels = used;
+    load.frameRate = signal.frameRate;
+    load.bitsPerPixel = kind.generation.wireBits.value(signal.colorDepth);
+    load.bitsPerSecond = kind.generation.netBitsPerSecond;
+    load.capacity = capacity(kind.generation, signal);
+    load.totalPixels = total;
+    load.pixelLimit = kind.pixelLimit;
+    load.percent = percent(used, load.capacity);
+    if (signal.threeD && load.capacity == ThreeDPixels)
+        load.limit = SPortLoad::ThreeD;
+    const int ofProcessor = used > 0 && total > kind.pixelLimit ? percent(total, kind.pixelLimit) : 0;
+    if (ofProcessor > load.percent) {
+        load.percent = ofProcessor;
+        load.limit = SPortLoad::ProcessorPixels;
+    }
+    return load;
 }

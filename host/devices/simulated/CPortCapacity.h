@@ -4,6 +4,7 @@
 
 #include "host/devices/simulated/SProcessorKind.h"
 #include "layout/api/records/CabinetLayout.h"
+#include "layout/api/records/SPortLoad.h"
 
 /// Capacity and load of output ports. Pure arithmetic; any thread.
 class CPortCapacity final
@@ -27,5 +28,5 @@ public:
     static int percent(qint64 used, qint64 capacity);
     /// Load of a port that is charged @p used pixels, while all ports together are charged @p total. If the
     /// total exceeds what the processor can drive, every port in use shows at least that overload.
-    static int load(const SProcessorKind &kind, const SSignal &signal, qint64 used, qint64 total);
+    static SPortLoad load(const SProcessorKind &kind, const SSignal &signal, qint64 used, qint64 total);
 };

@@ -33,8 +33,6 @@ public:
     virtual void setCanvasSize(QWidget *parent) = 0;
     virtual void setCanvasFill(QWidget *parent) = 0;
     virtual void adjustCurrentGain(QWidget *parent) = 0;
-    /// Opens the dialog that pairs output ports of all processors.
-    virtual void pairPorts(QWidget *parent) = 0;
 
     virtual void openTypeLibrary(QWidget *parent) = 0;
     /// Fills the menu whose entries append cabinets to the current port. It stays empty if there is no

@@ -11,7 +11,6 @@
 #include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CCanvasKeys.h"
 #include "layout/editor/view/CEditorToolBar.h"
-#include "layout/editor/view/CPortStrip.h"
 #include "layout/editor/view/CStatusWords.h"
 #include "layout/editor/view/CToolModes.h"
 #include "platform/graphics/CAerialView.h"
@@ -36,7 +35,6 @@ CLayoutGraphicsView::CLayoutGraphicsView(const IPortStates &ports, QWidget *pare
     , m_input(std::make_unique<CSceneInput>(*m_scene))
     , m_shown(*m_scene)
     , m_toolBar(new CEditorToolBar)
-    , m_ports(new CPortStrip(*m_toolBar, ports))
     , m_words(new CStatusWords(*this, *viewport()))
 {
     buildUi();
@@ -64,20 +62,6 @@ void CLayoutGraphicsView::connectTools()
     connect(m_toolBar, &Bar::notifyToolClicked, this, &CLayoutGraphicsView::onToolButtonClicked);
     connect(m_toolBar, &Bar::notifyToolToggled, this, &CLayoutGraphicsView::onToolButtonToggled);
     connect(m_toolBar, &Bar::notifyHighlightKindChanged, this, &CLayoutGraphicsView::highlight);
-    connect(m_ports, &CPortStrip::notifyPortChosen, this, &CLayoutGraphicsView::choosePort);
-    connect(m_ports, &CPortStrip::notifyPatternChosen, this, &CLayoutGraphicsView::onTopologyButtonClicked);
-    connect(m_ports, &CPortStrip::notifyAppendClicked, this, &CLayoutGraphicsView::openAppendMenu);
-    connect(m_ports, &CPortStrip::notifyLockToggled, this, &CLayoutGraphicsView::notifyLockPort);
-    connect(m_ports, &CPortStrip::notifyRedundancyChosen, this,
-            &CLayoutGraphicsView::notifySetPortRedundancy);
-    connect(m_ports, &CPortStrip::notifyRedundancyCancelled, this,
-            &CLayoutGraphicsView::notifyCancelPortRedundancy);
-    connect(m_ports, &CPortStrip::notifyRedundancyViewClicked, this, [this] {
-        if (m_commands)
-            m_commands->pairPorts(this);
-    });
-    connect(m_ports, &CPortStrip::notifyCurrentGainClicked, this,
-            &CLayoutGraphicsView::ShowEleCurrentAdjustDialog);
     connect(this, &CGraphicsView::notifyScaleChanged, this, &CLayoutGraphicsView::onScaleChanged);
     for (const QScrollBar *bar : {horizontalScrollBar(), verticalScrollBar()})
         connect(bar, &QScrollBar::rangeChanged, this, &CLayoutGraphicsView::onScorllBarRangeChanged);
@@ -100,11 +84,6 @@ void CLayoutGraphicsView::connectScene()
     connect(m_scene, &Scene::notifyWords, m_words, &CStatusWords::tell);
 }
 
-void CLayoutGraphicsView::onCurrentPortChanged()
-{
-    m_ports->showCurrentPort();
-}
-
 void CLayoutGraphicsView::setCommands(IEditorCommands *commands)
 {
     m_commands = commands;
@@ -121,7 +100,6 @@ void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &process
         Q_EMIT notifyUndoStackChanged(&stack);
     }
     m_shown.show(processor, layout, another);
-    m_ports->setPorts(m_shown.ports());
     aerialView().scheduleRefresh();
     if (another)
         fitContent();
@@ -133,7 +111,6 @@ void CLayoutGraphicsView::clearLayout()
     m_scene->setUndoStack(nullptr);
     onNotifyCanUndoChanged(false);
     onNotifyCanRedoChanged(false);
-    m_ports->setPorts({});
     aerialView().scheduleRefresh();
 }
 
@@ -153,7 +130,6 @@ void CLayoutGraphicsView::setBlocked(bool byController, bool asBackup)
     m_blocked = byController;
     m_backup = asBackup;
     m_toolBar->setEditingBlocked(isBlocked());
-    m_ports->setEditingBlocked(isBlocked());
     m_scene->leaveOperation();
 }
 
@@ -226,13 +202,15 @@ void CLayoutGraphicsView::openAppendMenu(const QPoint &globalPos)
     delete menu;
 }
 
-void CLayoutGraphicsView::choosePort(int port)
+void CLayoutGraphicsView::onPortToggled(int port, bool current)
 {
-    Q_EMIT notifyCurrentPortChosen(port);
-    m_scene->backend().placing().moveAppendTo(port);
-    const QList<int> selected = m_scene->selection().ports();
-    if (!selected.isEmpty() && selected != QList<int>{port})
-        m_scene->clearSelection(); // otherwise commands would act on another port than the selection's
+    if (current)
+        m_scene->backend().placing().moveAppendTo(port);
+}
+
+void CLayoutGraphicsView::onPortsChosen(const QVector<int> &ports)
+{
+    m_scene->backend().picks().only(m_shown.itemsOf(ports));
 }
 
 void CLayoutGraphicsView::onPortClicked(int port, bool selected)
@@ -259,7 +237,6 @@ void CLayoutGraphicsView::onNotifySelectedChanged(const QList<int> &ports, bool 
 {
     m_toolBar->setUseful(Bar::Group, canGroup);
     m_toolBar->setUseful(Bar::Ungroup, canBreakGroup);
-    m_ports->setHasSelection(!ports.isEmpty());
     aerialView().scheduleRefresh();
     Q_EMIT notifySelectedPort(ports);
     onNotifySelectedItemGeometryChanged();

@@ -13,7 +13,6 @@
 class CCabinetGraphicsScene;
 class CEditorToolBar;
 class CFarPorts;
-class CPortStrip;
 class CSceneInput;
 class CStatusWords;
 class IEditorCommands;
@@ -52,13 +51,6 @@ Q_SIGNALS:
     void notifySelectedCabinetInfos(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets);
     /// The extent of the selection, canvas pixels; empty if nothing is selected.
     void notifySelectedCabinetGeometryChanged(const QRect &extent);
-    /// The user chose @p port as the current output port.
-    void notifyCurrentPortChosen(int port);
-    /// The user wants to lock or unlock @p port.
-    void notifyLockPort(int port, bool locked);
-    /// The user wants @p backup to become the redundancy of @p primary.
-    void notifySetPortRedundancy(int primary, int backup);
-    void notifyCancelPortRedundancy(int port); ///< the pair that @p port belongs to
     /// From now on steps are recorded on another stack.
     void notifyUndoStackChanged(QUndoStack *stack);
 
@@ -69,14 +61,16 @@ public Q_SLOTS:
                                const QSize &size);
     /// Selects or deselects everything that @p port holds.
     void onPortClicked(int port, bool selected);
+    /// Selects everything that @p ports hold, and nothing else.
+    void onPortsChosen(const QVector<int> &ports);
+    /// The user has made @p port the current one: what waits to be placed goes there.
+    void onPortToggled(int port, bool current);
     /// Arranges the selection in @p columns columns.
     void onNotifySelectedCabinetRankChanged(int columns);
     void onNotifySelectedCabinetPositionChanged(const QPoint &corner);
     void onNotifySelectedCabinetSizeChanged(const QSize &size);
     void onNotifySelectedChanged(const QList<int> &ports, bool canGroup, bool canBreakGroup);
     void onNotifySceneChanged();
-    /// The current output port is another one, or its lock has changed.
-    void onCurrentPortChanged();
     /// Ends the highlight of cabinets and the highlighting mode.
     void cancelCalibrate();
     void clearSelected();
@@ -108,7 +102,6 @@ private:
     void connectScene();
     bool isBlocked() const { return m_blocked || m_backup; }
     void setBlocked(bool byController, bool asBackup);
-    void choosePort(int port);
     void clearTopology();
     void openAppendMenu(const QPoint &globalPos);
     void highlight();
@@ -118,7 +111,6 @@ private:
     std::unique_ptr<CSceneInput> m_input;
     CShownLayout m_shown;
     CEditorToolBar *m_toolBar;
-    CPortStrip *m_ports;
     CStatusWords *m_words;
     IEditorCommands *m_commands = nullptr;
     const CFarPorts *m_farPorts = nullptr; // during a frame

@@ -33,12 +33,16 @@ void CShownLayout::leave()
     m_scene.clearLayout();
 }
 
-QList<int> CShownLayout::ports() const
+QVector<QUuid> CShownLayout::itemsOf(const QVector<int> &ports) const
 {
-    QList<int> ports;
-    for (const CGraphicsPortItem *port : m_scene.portItems())
-        ports << port->port();
-    return ports;
+    QVector<QUuid> items;
+    for (const int port : ports) {
+        const CGraphicsPortItem *item = m_scene.portItem(port);
+        const QVector<CGraphicsItemBase *> tops = item ? item->topItems() : QVector<CGraphicsItemBase *>();
+        for (const CGraphicsItemBase *top : tops)
+            items << top->uuid();
+    }
+    return items;
 }
 
 QList<CShownLayout::Cabinet> CShownLayout::cabinets(int port) const

@@ -28,7 +28,8 @@ public:
     /// Shows nothing; the history is kept for when the processor comes back.
     void leave();
 
-    QList<int> ports() const;
+    /// What stands at the top of @p ports: their groups, and the cabinets that are in none.
+    QVector<QUuid> itemsOf(const QVector<int> &ports) const;
     /// Those of one port.
     QList<Cabinet> cabinets(int port) const;
 

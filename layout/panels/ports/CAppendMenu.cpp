@@ -1,12 +1,13 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/plugin/CAppendMenu.h"
+#include "layout/panels/ports/CAppendMenu.h"
 
 #include "layout/api/access/ITypeLookup.h"
+#include "layout/api/records/LayoutLimits.h"
 #include "layout/data/CRecentCabinets.h"
 #include "layout/settings/CCustomCabinet.h"
-#include "layout/settings/CTypeSizeRule.h"
 #include "layout/settings/TypeMenu.h"
+#include "platform/widgets/CMessageBox.h"
 
 #include <QMenu>
 
@@ -16,6 +17,20 @@ QString sizedText(const QString &name, const QSize &size)
 {
     return QStringLiteral("%1(%2x%3)")
         .arg(name, QString::number(size.width()), QString::number(size.height()));
+}
+
+/// Returns whether a cabinet can have @p size; if not, shows why. The text names the least size that users
+/// can enter, while types may be smaller.
+bool mayHave(const QSize &size, QWidget *parent)
+{
+    if (LayoutLimits::isCabinetSize(size))
+        return true;
+    CMessageBox::warning(parent,
+                         CAppendMenu::tr("Cabinet height or width must be between 8-2048, the WxH (%1x%2) of "
+                                         "this cabinet type already exceeds the limit.")
+                             .arg(size.width())
+                             .arg(size.height()));
+    return false;
 }
 
 } // namespace
@@ -38,7 +53,7 @@ void CAppendMenu::addLibrary(QMenu &menu) const
     QObject::connect(types, &QMenu::triggered, types,
                      [chosen = m_chosen, parent = m_parent](QAction *action) {
                          const auto type = action->data().value<TypeInfo>();
-                         if (CTypeSizeRule::check(type, parent))
+                         if (mayHave(QSize(type.width, type.height), parent))
                              chosen(type, QSize(type.width, type.height));
                      });
 }
@@ -61,7 +76,7 @@ void CAppendMenu::addRecent(QMenu &menu) const
         action->setProperty("appendSize", size);
         QObject::connect(action, &QAction::triggered, recent,
                          [chosen = m_chosen, parent = m_parent, type, size] {
-                             if (CTypeSizeRule::check(type, parent))
+                             if (mayHave(size, parent))
                                  chosen(type, size);
                          });
     }

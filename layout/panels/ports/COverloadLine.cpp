@@ -1,0 +1,109 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/panels/ports/COverloadLine.h"
+
+#include "layout/data/CLayoutData.h"
+#include "layout/panels/ports/LoadText.h"
+#include "platform/widgets/ThemeColors.h"
+#include "platform/widgets/WarningSign.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QTimer>
+#include <QToolTip>
+
+namespace {
+
+constexpr int LineHeight = 20;
+constexpr int SignWidth = 18;
+constexpr int TextMargin = 4;
+constexpr int PortsInToolTip = 8;
+
+QFont lineFont()
+{
+    QFont font;
+    font.setPixelSize(11);
+    return font;
+}
+
+} // namespace
+
+COverloadLine::COverloadLine(CLayoutData &store, QWidget *parent)
+    : QAbstractButton(parent)
+    , m_store(store)
+{
+    setFocusPolicy(Qt::TabFocus);
+    setCursor(Qt::PointingHandCursor);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    connect(this, &QAbstractButton::clicked, this, [this] { Q_EMIT notifySelectPorts(m_overload.ports); });
+    connect(&store, &CLayoutData::notifyProcessorPayloadChanged, this, &COverloadLine::scheduleRefresh);
+    connect(&store, &CLayoutData::notifyProcessorPortPayloadChanged, this, &COverloadLine::scheduleRefresh);
+    refresh();
+}
+
+/// Many loads that change at once are looked at once.
+void COverloadLine::scheduleRefresh()
+{
+    if (m_scheduled)
+        return;
+    m_scheduled = true;
+    QTimer::singleShot(0, this, &COverloadLine::refresh);
+}
+
+void COverloadLine::refresh()
+{
+    m_scheduled = false;
+    m_overload = SOverload::shown(m_store);
+    if (text() != m_overload.text()) {
+        setText(m_overload.text());
+        setAccessibleName(text());
+        updateGeometry();
+    }
+    setVisible(!m_overload.isEmpty());
+}
+
+QSize COverloadLine::sizeHint() const
+{
+    return {SignWidth + 2 * TextMargin + QFontMetrics(lineFont()).horizontalAdvance(text()), LineHeight};
+}
+
+QSize COverloadLine::minimumSizeHint() const
+{
+    return {SignWidth + 2 * TextMargin, LineHeight};
+}
+
+bool COverloadLine::event(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QAbstractButton::event(event);
+    QStringList lines{text()};
+    for (const int port : qAsConst(m_overload.ports)) {
+        if (lines.size() > PortsInToolTip) {
+            lines << QStringLiteral("…");
+            break;
+        }
+        lines << LoadText::ofPort(m_store, port);
+    }
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), lines.join(QLatin1Char('\n')), this);
+    return true;
+}
+
+void COverloadLine::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor color(ThemeColors::Fault);
+    WarningSign::paint(painter, {SignWidth / 2.0, height() / 2.0}, color, QColor(ThemeColors::Frame));
+    QFont font = lineFont();
+    font.setUnderline(underMouse());
+    painter.setFont(font);
+    painter.setPen(color);
+    const QRect place = rect().adjusted(SignWidth + TextMargin, 0, -TextMargin, 0);
+    painter.drawText(place, Qt::AlignVCenter,
+                     painter.fontMetrics().elidedText(text(), Qt::ElideRight, place.width()));
+    if (!hasFocus())
+        return;
+    painter.setPen(QColor(ThemeColors::Focus));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+}

@@ -1,0 +1,136 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/panels/ports/CPortMenu.h"
+
+#include "layout/api/access/CHostAccess.h"
+#include "layout/data/CLayoutData.h"
+#include "layout/panels/ports/CPort.h"
+#include "layout/panels/ports/IPortCommands.h"
+
+#include <QIcon>
+#include <QMenu>
+
+namespace {
+
+using Host = ILayoutInterfaceHandler;
+using Port = CabinetLayout::CabinetPort;
+
+constexpr int MenuWidth = 200;
+
+QIcon menuIcon(const char *name)
+{
+    return QIcon(QStringLiteral(":/Image/Layout/PortList/Menu/%1.svg").arg(QLatin1String(name)));
+}
+
+/// Whether ports of the processor in view can be paired now.
+bool canPair()
+{
+    return !CHostAccess::call(&Host::isPortRedundancyBlocked) &&
+           CHostAccess::call(&Host::isPortRedundancySupported);
+}
+
+/// Adds an entry that is checked or not; @p toggled is called with what it then is.
+template <typename Toggled>
+void addToggle(QMenu &menu, const QString &text, bool checked, QObject *context, const Toggled &toggled)
+{
+    QAction *action = menu.addAction(text);
+    action->setCheckable(true);
+    action->setChecked(checked);
+    QObject::connect(action, &QAction::toggled, context, toggled);
+}
+
+} // namespace
+
+void CPortMenu::fill(QMenu &menu) const
+{
+    menu.setObjectName(QStringLiteral("PortMenu"));
+    menu.setFixedWidth(MenuWidth);
+    const Port::Redundancy role = m_store.portRedundancy(m_button.port());
+    if (role != Port::Redundant) {
+        addFiles(menu);
+        if (role != Port::Primary && canPair())
+            addPrimaries(menu);
+        addLocks(menu);
+        addFill(menu);
+        addParameters(menu);
+    }
+    if (role != Port::NoRedundancy)
+        addCancel(menu);
+}
+
+void CPortMenu::addFiles(QMenu &menu) const
+{
+    IPortCommands *commands = &m_commands;
+    const int port = m_button.port();
+    QObject::connect(menu.addAction(menuIcon("import"), tr("Import mapping...")), &QAction::triggered,
+                     &m_button, [commands, port] { commands->importMapping(port); });
+    QObject::connect(menu.addAction(menuIcon("export"), tr("Export mapping...")), &QAction::triggered,
+                     &m_button, [commands, port] { commands->exportMapping(port); });
+}
+
+void CPortMenu::addPrimaries(QMenu &menu) const
+{
+    IPortCommands *commands = &m_commands;
+    const int backup = m_button.port();
+    QMenu *primaries = menu.addMenu(menuIcon("backup"), tr("Set as redundancy for"));
+    const QVector<Port> ports = m_store.ports();
+    for (const Port &port : ports) {
+        if (port.index == backup || port.redundancy == Port::Redundant)
+            continue;
+        const QString text =
+            QStringLiteral("%1%2%3").arg(tr("Port"), QStringLiteral(" ")).arg(port.index + 1);
+        QObject::connect(
+            primaries->addAction(text), &QAction::triggered, &m_button,
+            [commands, primary = port.index, backup] { commands->setRedundancy(primary, backup); });
+    }
+    primaries->setEnabled(!primaries->isEmpty());
+}
+
+void CPortMenu::addLocks(QMenu &menu) const
+{
+    QMenu *locks = menu.addMenu(menuIcon("lock"), tr("Lock options"));
+    CLayoutData *store = &m_store;
+    const int port = m_button.port();
+    addToggle(*locks, tr("Lock current output port"), m_store.isPortLocked(port), &m_button,
+              [store, port](bool locked) { store->setPortLocked(port, locked); });
+    addToggle(*locks, tr("Lock current processor"), m_store.isProcessorLocked(), &m_button,
+              [store, button = &m_button](bool locked) {
+                  store->setPortLocked(-1, locked);
+                  Q_EMIT button->notifyProcessorLocked(locked);
+              });
+    addToggle(*locks, tr("Lock all processors"), m_store.areAllProcessorsLocked(), &m_button,
+              [store, button = &m_button](bool locked) {
+                  store->setAllProcessorsLocked(locked);
+                  Q_EMIT button->notifyAllProcessorLocked(locked);
+              });
+}
+
+void CPortMenu::addFill(QMenu &menu) const
+{
+    QMenu *fill = menu.addMenu(tr("Cabinet fill"));
+    QObject::connect(fill->addAction(tr("Current output...")), &QAction::triggered, &m_button,
+                     &CPort::askFill);
+    QObject::connect(fill->addAction(tr("Set all outputs to default")), &QAction::triggered, &m_button,
+                     &CPort::notifyResetProcessorColor);
+}
+
+void CPortMenu::addParameters(QMenu &menu) const
+{
+    QMenu *parameters = menu.addMenu(tr("Cabinet parameters"));
+    const SLayoutOptions options = m_store.options();
+    addToggle(*parameters, tr("Markup custom cabinets"), options.markupCustomCabinets, &m_button,
+              [button = &m_button](bool marked) { Q_EMIT button->notifyMarkupCustomCabinet(marked); });
+    const int port = m_button.port();
+    const QIcon placeholder(QStringLiteral(":/Image/Menu/placeholder.svg"));
+    QObject::connect(parameters->addAction(placeholder, tr("Save parameters...")), &QAction::triggered,
+                     &m_button, [button = &m_button, port] { Q_EMIT button->notifySaveCabinetPara(port); });
+    QObject::connect(parameters->addAction(tr("Cabinet information...")), &QAction::triggered, &m_button,
+                     [button = &m_button, port] { Q_EMIT button->notifyShowCabinetInfo(port); });
+}
+
+void CPortMenu::addCancel(QMenu &menu) const
+{
+    IPortCommands *commands = &m_commands;
+    QObject::connect(menu.addAction(tr("Cancel redundancy")), &QAction::triggered, &m_button,
+                     [commands, port = m_button.port()] { commands->cancelRedundancy(port); });
+}

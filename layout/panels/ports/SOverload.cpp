@@ -1,0 +1,80 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/panels/ports/SOverload.h"
+
+#include "layout/api/access/CHostAccess.h"
+#include "layout/data/CLayoutData.h"
+
+#include <QStringList>
+
+namespace {
+
+using Port = CabinetLayout::CabinetPort;
+
+SPortLoad loadOf(const QUuid &processor, const Port &port)
+{
+    return CHostAccess::call(&ILayoutInterfaceHandler::portLoadDetails, processor, port, port.index);
+}
+
+/// "1 to 3, 5" for the indices 0, 1, 2, 4.
+QString ranges(const QVector<int> &ports)
+{
+    QStringList parts;
+    for (int first = 0; first < ports.size();) {
+        int last = first;
+        while (last + 1 < ports.size() && ports.at(last + 1) == ports.at(last) + 1)
+            ++last;
+        if (last == first)
+            parts << QString::number(ports.at(first) + 1);
+        else
+            parts << SOverload::tr("%1 to %2").arg(ports.at(first) + 1).arg(ports.at(last) + 1);
+        first = last + 1;
+    }
+    return parts.join(QStringLiteral(", "));
+}
+
+} // namespace
+
+QString SOverload::text() const
+{
+    if (isEmpty())
+        return {};
+    if (processor)
+        return tr("The processor is overloaded");
+    if (ports.size() == 1)
+        return tr("1 output port is overloaded: %1").arg(ranges(ports));
+    return tr("%1 output ports are overloaded: %2").arg(QString::number(ports.size()), ranges(ports));
+}
+
+SOverload SOverload::shown(const CLayoutData &store)
+{
+    const CabinetLayout layout = store.layoutData().layout;
+    SOverload overload;
+    const Port *measured = nullptr; // a redundancy port carries what its primary is charged for
+    for (const Port &port : layout.ports) {
+        if (port.load <= 100)
+            continue;
+        overload.ports << port.index;
+        if (!measured && port.redundancy != Port::Redundant)
+            measured = &port;
+    }
+    if (measured) {
+        const SPortLoad load = loadOf(layout.processor, *measured);
+        overload.processor = load.pixelLimit > 0 && load.totalPixels > load.pixelLimit;
+    }
+    return overload;
+}
+
+SOverload SOverload::asked(const CabinetLayout &layout)
+{
+    SOverload overload;
+    for (const Port &port : layout.ports) {
+        const SPortLoad load = loadOf(layout.processor, port);
+        if (load.percent <= 100)
+            continue;
+        overload.ports << port.index;
+        overload.processor =
+            overload.processor || (load.pixelLimit > 0 && load.totalPixels > load.pixelLimit);
+    }
+    return overload;
+}

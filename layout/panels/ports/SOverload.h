@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/api/records/CabinetLayout.h"
+
+#include <QCoreApplication>
+
+class CLayoutData;
+
+/// Which output ports of a processor are overloaded, and how that is told to the user.
+struct SOverload
+{
+    Q_DECLARE_TR_FUNCTIONS(SOverload)
+
+public:
+    QVector<int> ports;     ///< indices, ascending
+    bool processor = false; ///< all ports together exceed what the processor can drive
+
+    bool isEmpty() const { return ports.isEmpty(); }
+    /// "6 output ports are overloaded: 1 to 6" or "The processor is overloaded"; empty without an overload.
+    QString text() const;
+
+    /// Of the processor in view, by the loads that the store has announced. Asks the host which limit one of
+    /// them exceeds.
+    static SOverload shown(const CLayoutData &store);
+    /// Of any processor: asks the host for all loads. O(n) in its cabinets.
+    static SOverload asked(const CabinetLayout &layout);
+};

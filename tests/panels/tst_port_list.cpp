@@ -1,0 +1,307 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/panels/ports/COverloadLine.h"
+#include "layout/panels/ports/CPortList.h"
+#include "layout/panels/ports/IPortCommands.h"
+#include "layout/panels/ports/LoadText.h"
+#include "layout/settings/CCabinetFillSetting.h"
+#include "platform/widgets/CFlowListView.h"
+#include "tests/harness/CMessageBoxAnswerer.h"
+#include "tests/harness/CSignalLog.h"
+#include "tests/harness/CTestBase.h"
+#include "tests/harness/DialogUser.h"
+#include "tests/harness/SStoreWorld.h"
+
+#include <QLabel>
+#include <QMenu>
+#include <QScrollBar>
+#include <QStackedLayout>
+
+namespace {
+
+using Port = CabinetLayout::CabinetPort;
+
+/// Notes what the list asks for.
+struct CNotedPortCommands final : IPortCommands
+{
+    void importMapping(int port) override { calls << QStringLiteral("import %1").arg(port); }
+    void exportMapping(int port) override { calls << QStringLiteral("export %1").arg(port); }
+    void setRedundancy(int primary, int backup) override
+    {
+        calls << QStringLiteral("pair %1 %2").arg(primary).arg(backup);
+    }
+    void cancelRedundancy(int port) override { calls << QStringLiteral("cancel %1").arg(port); }
+    void pairPorts() override { calls << QStringLiteral("pairs"); }
+    void adjustCurrentGain() override { calls << QStringLiteral("gain"); }
+    QStringList calls;
+};
+
+struct SListWorld final : SStoreWorld
+{
+    CNotedPortCommands commands;
+    CPortList list{store, commands};
+
+    SListWorld() { list.resize(340, 180); }
+    QUuid open(int ports, int cabinets = 1)
+    {
+        const QUuid processor = host.addProcessor(QStringLiteral("Main"), ports, cabinets);
+        show(processor);
+        store.openProcessor(processor);
+        list.onNotifyProcessorStateChanged();
+        return processor;
+    }
+    CPort &port(int index) const { return *list.button(index); }
+    void click(int index, CPortPainter::EArea area) const
+    {
+        QTest::mouseClick(&port(index), Qt::LeftButton, {}, CPortPainter::areaRect(area).center());
+    }
+    /// The context menu of a port's button, by keyboard.
+    QMenu *menu(int index) const
+    {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint());
+        QApplication::sendEvent(&port(index), &event);
+        return port(index).findChild<QMenu *>(QStringLiteral("PortMenu"));
+    }
+    void setRole(const QUuid &processor, int index, Port::Redundancy role, int other)
+    {
+        Port &record = host.answers()->layouts[processor].layout.ports[index];
+        record.redundancy = role;
+        record.redundancyPort = other;
+    }
+};
+
+QStringList textsOf(const QMenu &menu)
+{
+    QStringList texts;
+    for (const QAction *action : menu.actions())
+        texts << action->text();
+    return texts;
+}
+
+bool hasPixelsOf(const QImage &image, const QColor &color)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixelColor(x, y) == color)
+                return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
+class CPortListTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void withoutPortsItSaysSo()
+    {
+        SListWorld world;
+        const auto *label = world.list.findChild<QStackedLayout *>()->currentWidget();
+        QCOMPARE(qobject_cast<const QLabel *>(label)->text(), QStringLiteral("No output port is detected."));
+        world.open(2);
+        QVERIFY(label != world.list.findChild<QStackedLayout *>()->currentWidget());
+    }
+
+    void theColourOfALoadIsDecidedBeforeItsTextIsCut()
+    {
+        SListWorld world;
+        world.open(1);
+        const QVector<std::tuple<int, QString, QColor>> loads{
+            {100, QStringLiteral("100%"), QColor(49, 194, 73)},
+            {101, QStringLiteral("100%"), QColor(200, 53, 53)},
+            {255, QStringLiteral("100%"), QColor(190, 163, 25)},
+            {40, QStringLiteral("40%"), QColor(49, 194, 73)}};
+        for (const auto &[load, text, color] : loads) {
+            Q_EMIT world.store.notifyProcessorPortPayloadChanged(0, load);
+            QCOMPARE(world.port(0).face().loadText(), text);
+            const QImage bar = world.port(0).grab(QRect(8, 30, 78, 5)).toImage();
+            QVERIFY(hasPixelsOf(bar, color));
+            QCOMPARE(bar.pixelColor(70, 2) == color, load >= 100); // its empty part
+        }
+        Q_EMIT world.store.notifyProcessorPortPayloadChanged(7, 1); // no such button
+    }
+
+    void locksFillsAndAppendsByItsAreas()
+    {
+        SListWorld world;
+        world.open(2);
+        world.click(1, CPortPainter::Lock);
+        QVERIFY(world.store.isPortLocked(1) && world.port(1).face().locked);
+        CSignalLog appended(&world.list, &CPortList::notifyAppendCabinet);
+        world.click(1, CPortPainter::Append);
+        QVERIFY(!world.port(1).findChild<QMenu *>()); // a locked port takes none
+        world.click(1, CPortPainter::Lock);
+        QVERIFY(!world.store.isPortLocked(1));
+        world.click(1, CPortPainter::Append);
+        world.port(1).findChild<QMenu *>()->actions().first()->trigger();
+        QCOMPARE(appended[0].mid(0, 2), (QVariantList{1, world.store.recentCabinets().customSize()}));
+        inNext<CCabinetFillSetting>([](CCabinetFillSetting &dialog) { dialog.accept(); });
+        world.click(0, CPortPainter::Fill);
+        QCOMPARE(world.list.findChildren<CPort *>().size(), 2);
+    }
+
+    void theLastCabinetOfAPortCanBeAppended()
+    {
+        SListWorld world;
+        world.open(1, 1023);
+        world.port(0).openAppendMenu();
+        QVERIFY(world.port(0).findChild<QMenu *>());
+        SListWorld full;
+        full.open(1, 1024);
+        const CMessageBoxAnswerer user({QStringLiteral("OK")});
+        full.port(0).openAppendMenu();
+        QVERIFY(!full.port(0).findChild<QMenu *>());
+        QCOMPARE(user.texts(), QStringList{QStringLiteral(
+                                   "The number of cabinet in a single output port can not be over 1024.")});
+    }
+
+    void theMenuOffersWhatThePortAllows()
+    {
+        SListWorld world;
+        const QUuid processor = world.open(3);
+        const QMenu *menu = world.menu(1);
+        QCOMPARE(textsOf(*menu),
+                 (QStringList{QStringLiteral("Import mapping..."), QStringLiteral("Export mapping..."),
+                              QStringLiteral("Set as redundancy for"), QStringLiteral("Lock options"),
+                              QStringLiteral("Cabinet fill"), QStringLiteral("Cabinet parameters")}));
+        menu->actions().at(0)->trigger();
+        menu->actions().at(1)->trigger();
+        const QMenu &primaries = *menu->actions().at(2)->menu();
+        QCOMPARE(textsOf(primaries), (QStringList{QStringLiteral("Port 1"), QStringLiteral("Port 3")}));
+        primaries.actions().last()->trigger();
+        QCOMPARE(world.commands.calls, (QStringList{QStringLiteral("import 1"), QStringLiteral("export 1"),
+                                                    QStringLiteral("pair 2 1")}));
+        CSignalLog information(&world.list, &CPortList::notifyShowCabinetInfo);
+        entryOf(*menu, QStringLiteral("Cabinet parameters>Cabinet information..."))->trigger();
+        QCOMPARE(information[0], QVariantList{1});
+
+        world.setRole(processor, 0, Port::Primary, 2);
+        world.setRole(processor, 2, Port::Redundant, 0);
+        world.store.openProcessor(processor);
+        QCOMPARE(textsOf(*world.menu(2)), QStringList{QStringLiteral("Cancel redundancy")});
+        world.menu(2)->actions().first()->trigger();
+        QCOMPARE(world.commands.calls.last(), QStringLiteral("cancel 2"));
+        QVERIFY(!textsOf(*world.menu(0)).contains(QStringLiteral("Set as redundancy for")));
+        QCOMPARE(textsOf(*world.menu(0)).last(), QStringLiteral("Cancel redundancy"));
+        world.answers()->redundancyBlocked = true;
+        delete menu;
+        QVERIFY(!textsOf(*world.menu(1)).contains(QStringLiteral("Set as redundancy for")));
+    }
+
+    void locksAreKeptWhereTheyHold()
+    {
+        SListWorld world;
+        const QUuid other = world.host.addProcessor(QStringLiteral("Other"), 2);
+        world.open(2);
+        const auto toggle = [&world](const char *text) {
+            const std::unique_ptr<QMenu> menu(world.menu(0));
+            QAction *action = entryOf(*menu, QStringLiteral("Lock options>") + QLatin1String(text));
+            action->toggle();
+            return action->isChecked();
+        };
+        QVERIFY(toggle("Lock current processor"));
+        QVERIFY(world.store.isPortLocked(1) && world.port(1).face().locked);
+        QVERIFY(!world.answers()->layouts[other].layout.ports[1].locked);
+        QVERIFY(toggle("Lock all processors"));
+        QVERIFY(world.answers()->layouts[other].layout.ports[1].locked);
+        QVERIFY(!toggle("Lock current output port"));
+        QVERIFY(!world.store.isPortLocked(0) && !world.store.areAllProcessorsLocked());
+        QVERIFY(toggle("Lock all processors")); // not all were
+        QVERIFY(!toggle("Lock all processors"));
+        QVERIFY(!world.answers()->layouts[other].layout.ports[1].locked && !world.store.isProcessorLocked());
+    }
+
+    void aRebuildKeepsButtonsScrollAndFocus()
+    {
+        SListWorld world;
+        world.open(40);
+        world.list.show();
+        QVERIFY(QTest::qWaitForWindowActive(&world.list));
+        auto *flow = world.list.findChild<CFlowListView *>();
+        world.port(0).setFocus(Qt::TabFocusReason);
+        for (const int key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_End, Qt::Key_Left})
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key(key));
+        QTRY_COMPARE(QApplication::focusWidget(), &world.port(38));
+        QVERIFY(flow->verticalScrollBar()->value() > 0);
+        const int scrolled = flow->verticalScrollBar()->value();
+        world.open(40, 2);
+        QCOMPARE(QApplication::focusWidget(), &world.port(38));
+        QCOMPARE(flow->verticalScrollBar()->value(), scrolled);
+        CSignalLog clicked(&world.list, &CPortList::notifyPortClicked);
+        QTest::keyClick(&world.port(38), Qt::Key_Space);
+        QCOMPARE(clicked[0], (QVariantList{38, true}));
+        QCOMPARE(world.store.currentPort(), 38);
+        world.open(3);
+        QCOMPARE(world.list.button(38), nullptr);
+        QVERIFY(world.list.button(2));
+    }
+
+    void aNoteFollowsAnEditOfThePrimaryOnce()
+    {
+        SListWorld world;
+        const QUuid processor = world.open(2, 2);
+        world.setRole(processor, 0, Port::Primary, 1);
+        world.setRole(processor, 1, Port::Redundant, 0);
+        {
+            const CFakeAnswers answers = world.answers();
+            QVector<Port> &ports = answers->layouts[processor].layout.ports;
+            ports[1].mirrored = PortPairs::mirrorOf(ports[0]);
+        }
+        world.host.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{0, 1, true});
+        QTRY_COMPARE(world.port(1).face().note, QStringLiteral("Redundancy for output port1"));
+        CSignalLog notes(&world.store, &CLayoutData::notifyProcessorPortNoteChanged);
+        world.answers()->layouts[processor].layout.ports[0].groups[0].cabinets[0].rect.translate(5, 0);
+        world.host.notify(LayoutNotification::LayoutReplaced, processor);
+        QTRY_VERIFY(world.port(1).face().needsReset);
+        QCOMPARE(world.port(1).face().note,
+                 QStringLiteral("Redundancy for output port1, please reset the mapping."));
+        world.host.notify(LayoutNotification::LayoutReplaced, processor);
+        settle(world.host, world.store);
+        QCOMPARE(notes.count(), 1);
+        QVERIFY(world.port(1).accessibleName().contains(QStringLiteral("please reset")));
+    }
+
+    void overloadsAreNamedAndSelected()
+    {
+        SListWorld world;
+        {
+            const CFakeAnswers answers = world.answers();
+            for (const int port : {0, 1, 2, 4})
+                answers->loads[port] = 224;
+            answers->details.pixelLimit = 100;
+            answers->details.totalPixels = 100;
+        }
+        world.open(6);
+        auto *line = world.list.findChild<COverloadLine *>();
+        QTRY_COMPARE(line->text(), QStringLiteral("4 output ports are overloaded: 1 to 3, 5"));
+        CSignalLog chosen(&world.list, &CPortList::notifyPortsChosen);
+        line->click();
+        QCOMPARE(chosen[0].first().value<QVector<int>>(), (QVector<int>{0, 1, 2, 4}));
+        world.answers()->details.totalPixels = 101;
+        line->refresh();
+        QCOMPARE(line->text(), QStringLiteral("The processor is overloaded"));
+    }
+
+    void theSumBehindALoadNamesTheLimit()
+    {
+        SPortLoad load;
+        load.pixels = 655360;
+        load.frameRate = 60;
+        load.bitsPerPixel = 24;
+        load.bitsPerSecond = 950000000;
+        load.capacity = 659722;
+        load.totalPixels = 9000001;
+        load.pixelLimit = 9000000;
+        QCOMPARE(LoadText::sum(load),
+                 QStringLiteral("655,360 pixels × 60 Hz × 24 bits ÷ 950,000,000 bits a second\n"
+                                "The port's rate determines the load: it carries 659,722 pixels"));
+        load.limit = SPortLoad::ProcessorPixels;
+        QVERIFY(LoadText::sum(load).endsWith(QStringLiteral("all ports have 9,000,001 of 9,000,000 pixels")));
+    }
+};
+
+ORVO_TEST_MAIN(QApplication, CPortListTest)
+#include "tst_port_list.moc"
