@@ -67,7 +67,7 @@ SCabinetLook lookOf(const Cabinet &cabinet, const Port &port, const SLayoutDrawO
         look.number = QString::number(cabinet.rank + 1);
     if (options.labels && !look.redundant) {
         look.wired = cabinet.rank >= 0;
-        look.label = cabinet.rank == 0 ? CPortLabel::text(port.index) : QString();
+        look.label = cabinet.rank == 0 ? CPortLabel::text(port.index, port.load) : QString();
         if (!look.wired) {
             look.fault = CabinetFault::Unwired;
             look.number = CPortLabel::text(port.index);

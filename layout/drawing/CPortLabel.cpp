@@ -37,8 +37,7 @@ bool isOverloaded(const SPortLook &look)
 
 QString textOf(const SPortLook &look)
 {
-    const QString name = CPortLabel::text(look.port);
-    return isOverloaded(look) ? QStringLiteral("%1 %2%").arg(name).arg(look.load) : name;
+    return CPortLabel::text(look.port, look.redundant ? 0 : look.load);
 }
 
 /// A label as it lies on the screen, in device pixels relative to the origin of the canvas.
@@ -159,9 +158,10 @@ bool operator==(const SPortLook &a, const SPortLook &b)
     return all(a) == all(b);
 }
 
-QString CPortLabel::text(int port)
+QString CPortLabel::text(int port, qint64 load)
 {
-    return QStringLiteral("P%1").arg(port + 1);
+    const QString name = QStringLiteral("P%1").arg(port + 1);
+    return load > FullLoad ? QStringLiteral("%1 %2%").arg(name).arg(load) : name;
 }
 
 qreal CPortLabel::widthBeforeNumber(const QString &text)

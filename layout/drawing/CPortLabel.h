@@ -38,5 +38,6 @@ public:
 
     /// The width that a label takes before the number of a close cabinet, device pixels.
     static qreal widthBeforeNumber(const QString &text);
-    static QString text(int port);
+    /// @p load is in percent; an overload is part of the text.
+    static QString text(int port, qint64 load = 0);
 };

@@ -64,7 +64,8 @@ public:
     bool isShownRedundant() const { return m_state.redundancy == Port::Redundant; }
     bool marksCustomCabinets() const { return m_marksCustom; }
     void setShownLocked(bool locked);
-    void setShownLoad(qint64 load);                ///< percent
+    qint64 shownLoad() const { return m_load; } ///< percent
+    void setShownLoad(qint64 load);
     QColor fill() const { return m_fill.color(); } ///< of its cabinets
     void setColor(const QColor &color);
     /// Reads colour, lock, redundancy and options from the store again.
