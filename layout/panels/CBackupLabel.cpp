@@ -114,13 +114,19 @@ QPushButton *CBackupLabel::addSaveButton(const QString &text, ReadSaveMappingRol
     auto *button = new QPushButton(text);
     button->setStyleSheet(QStringLiteral("padding-left: 4px; padding-right: 4px;")); // two beside each other
     connect(button, &QPushButton::clicked, this, [this, role] {
+        const QPointer<QWidget> focused = window()->focusWidget();
         m_busy = true;
         updateEnabled();
-        m_commands.saveMapping(role, [self = QPointer<CBackupLabel>(this)](bool) {
+        const QPointer<QWidget> meanwhile = window()->focusWidget(); // a disabled button loses the focus
+        m_commands.saveMapping(role, [self = QPointer<CBackupLabel>(this), focused, meanwhile](bool done) {
             if (!self)
                 return;
             self->m_busy = false;
             self->updateEnabled();
+            if (focused && self->window()->focusWidget() == meanwhile)
+                focused->setFocus();
+            if (done)
+                Q_EMIT self->notifySaveMappingSuccessed();
         });
     });
     return button;
@@ -200,9 +206,21 @@ QString CBackupLabel::primaryText(const Port &port) const
 
 void CBackupLabel::updateEnabled()
 {
-    const bool online = !m_processor.uuid.isNull() && m_processor.online && !m_processor.fiberTransceiver;
-    m_saveCurrent->setEnabled(online && !m_busy);
-    m_saveCurrent->setToolTip(online ? QString() : tr("Please select a single processor that is online"));
-    m_saveAll->setEnabled(!m_busy);
+    QString refusal;
+    if (m_processor.uuid.isNull() || m_processor.fiberTransceiver)
+        refusal = tr("Please select a single processor that is online");
+    else if (m_processor.address == 0)
+        refusal = tr("A project has no processor to read from or save to; the File menu saves it");
+    else if (!m_processor.online)
+        refusal = tr("The processor is offline");
+    enable(*m_saveCurrent, refusal);
+    enable(*m_saveAll, m_commands.refusalForAll());
     m_ports->setEnabled(!m_blocked);
+}
+
+/// An empty @p refusal enables; any other tells why not.
+void CBackupLabel::enable(QPushButton &button, const QString &refusal)
+{
+    button.setEnabled(refusal.isEmpty() && !m_busy);
+    button.setToolTip(refusal);
 }

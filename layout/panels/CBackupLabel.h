@@ -27,6 +27,8 @@ public:
 Q_SIGNALS:
     /// The user wants the pair that @p port belongs to ended.
     void notifyCancelPortRedundancy(int port);
+    /// A save started by this unit has succeeded.
+    void notifySaveMappingSuccessed();
 
 public Q_SLOTS:
     void onCurrentProcessorBackupChanged();
@@ -40,6 +42,7 @@ private:
     void addPortRow(const CabinetLayout::CabinetPort &port);
     QString primaryText(const CabinetLayout::CabinetPort &port) const;
     void updateEnabled();
+    void enable(QPushButton &button, const QString &refusal);
 
     const CLayoutData &m_store;
     IMappingCommands &m_commands;

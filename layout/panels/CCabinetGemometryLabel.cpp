@@ -50,8 +50,13 @@ void CCabinetGemometryLabel::setEditingBlocked(bool blocked)
 
 void CCabinetGemometryLabel::onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor)
 {
-    m_hasProcessor = !processor.uuid.isNull();
+    m_online = !processor.uuid.isNull() && processor.online;
     updateEnabled();
+}
+
+void CCabinetGemometryLabel::onCurrentProcessorStateChanged(const ProcessorTree::ProcessorNode &processor)
+{
+    onCurrentProcessorChanged(processor);
 }
 
 void CCabinetGemometryLabel::onSelectedPorts(const QList<int> &ports)
@@ -206,12 +211,12 @@ void CCabinetGemometryLabel::updateEnabled()
     const auto locked =
         std::count_if(ports.begin(), ports.end(), [this](int port) { return m_store.isPortLocked(port); });
     m_allLocked = locked == ports.size();
-    m_lock->setEnabled(m_hasProcessor && !m_blocked && !ports.isEmpty());
+    m_lock->setEnabled(m_online && !m_blocked && !ports.isEmpty());
     m_lock->setCheckState(locked == 0 ? Qt::Unchecked : m_allLocked ? Qt::Checked : Qt::PartiallyChecked);
     m_lock->setToolTip(m_selectedPorts.isEmpty()
                            ? tr("Locks all output ports of the processor")
                            : tr("Locks the output ports that hold the selected cabinets"));
-    const bool editable = !m_blocked && SelectedPorts::mayBeEdited(m_store, m_selectedPorts);
+    const bool editable = m_online && !m_blocked && SelectedPorts::mayBeEdited(m_store, m_selectedPorts);
     for (CRecoveryFocusSpinBox *field : {m_columns, m_rows, m_x, m_y, m_width, m_height})
         field->setEnabled(editable);
 }

@@ -23,6 +23,7 @@ public:
 
     void setEditingBlocked(bool blocked) override;
     void onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor) override;
+    void onCurrentProcessorStateChanged(const ProcessorTree::ProcessorNode &processor) override;
     void onSelectedPorts(const QList<int> &ports) override;
     void onSelectedCabinets(const QList<Cabinet> &cabinets) override
     {
@@ -70,6 +71,6 @@ private:
     int m_selected = 0;       ///< cabinets
     QSize m_rank;             ///< columns and rows; empty: no regular arrangement
     bool m_allLocked = false; ///< of the ports that the lock is about
-    bool m_hasProcessor = false;
+    bool m_online = false;
     bool m_blocked = false;
 };

@@ -32,6 +32,8 @@ CLayoutSidePanel::CLayoutSidePanel(const SUnitServices &services, QWidget *paren
     connect(load, &CSystemLoadLabel::notifySelectPorts, this, &CLayoutSidePanel::notifySelectPorts);
     connect(mapping, &CMappingLabel::notifySaveMappingSuccessed, this,
             &CLayoutSidePanel::notifySaveMappingSuccessed);
+    connect(m_backup, &CBackupLabel::notifySaveMappingSuccessed, this,
+            &CLayoutSidePanel::notifySaveMappingSuccessed);
     connect(m_backup, &CBackupLabel::notifyCancelPortRedundancy, this,
             &CLayoutSidePanel::notifyCancelPortRedundancy);
     connectStore(services.store);

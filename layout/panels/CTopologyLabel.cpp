@@ -35,6 +35,17 @@ void CTopologyLabel::setEditingBlocked(bool blocked)
     updateEnabled();
 }
 
+void CTopologyLabel::onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor)
+{
+    m_online = !processor.uuid.isNull() && processor.online;
+    updateEnabled();
+}
+
+void CTopologyLabel::onCurrentProcessorStateChanged(const ProcessorTree::ProcessorNode &processor)
+{
+    onCurrentProcessorChanged(processor);
+}
+
 void CTopologyLabel::onSelectedPorts(const QList<int> &ports)
 {
     m_selectedPorts = ports;
@@ -81,5 +92,5 @@ QToolButton *CTopologyLabel::makeButton(int pattern)
 
 void CTopologyLabel::updateEnabled()
 {
-    setButtonEnable(!m_blocked && SelectedPorts::mayBeEdited(m_store, m_selectedPorts));
+    setButtonEnable(m_online && !m_blocked && SelectedPorts::mayBeEdited(m_store, m_selectedPorts));
 }

@@ -17,6 +17,8 @@ public:
     explicit CTopologyLabel(const SUnitServices &services);
 
     void setEditingBlocked(bool blocked) override;
+    void onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor) override;
+    void onCurrentProcessorStateChanged(const ProcessorTree::ProcessorNode &processor) override;
     void onSelectedPorts(const QList<int> &ports) override;
     void onPortStatesChanged() override { updateEnabled(); }
 
@@ -35,5 +37,6 @@ private:
     const CLayoutData &m_store;
     QButtonGroup *m_buttons;
     QList<int> m_selectedPorts;
+    bool m_online = false;
     bool m_blocked = false;
 };

@@ -91,7 +91,7 @@ void CLayout::stop()
 void CLayout::fillProcessorMenu(QMenu &menu, const QUuid &processor)
 {
     if (m_processorCommands) // gone once stopped
-        CProcessorMenu(menu, *m_processorCommands, processor, !m_editingBlocked,
+        CProcessorMenu(menu, *m_processorCommands, processor, !m_editingBlocked && !followsAnother(processor),
                        m_editorPage->selectedCabinets())
             .fill();
 }
@@ -120,7 +120,21 @@ void CLayout::setEditingBlocked(bool blocked)
         return; // stopped
     m_editorPage->setEditingBlocked(blocked);
     m_summaryPage->setEditingBlocked(blocked);
-    m_sidePanel->setEditingBlocked(blocked);
+    blockPanel();
+}
+
+/// Returns whether @p processor is the redundancy of another one, and can be looked at only.
+bool CLayout::followsAnother(const QUuid &processor) const
+{
+    const auto pairs = m_store.processorRedundancies();
+    return std::any_of(pairs.begin(), pairs.end(),
+                       [&processor](const QPair<QUuid, QUuid> &pair) { return pair.second == processor; });
+}
+
+void CLayout::blockPanel()
+{
+    if (m_sidePanel)
+        m_sidePanel->setEditingBlocked(m_editingBlocked || followsAnother(m_editorPage->processor()));
 }
 
 void CLayout::setScreenShown(bool shown)
@@ -210,6 +224,7 @@ void CLayout::connectSignals()
             m_processorCommands.get(), &CProcessorCommands::setBypassMode);
     connect(m_mappingCommands.get(), &CMappingCommands::notifyStarted, m_editorPage,
             &CLayoutEditorPage::dropReadbackResult);
+    connect(&m_store, &CLayoutData::notifyProcessorBackupChanged, m_background, [this] { blockPanel(); });
     connect(&m_store, &CLayoutData::notifyDetectFinished, m_warningPage, [this] { showSelection(); });
 }
 
@@ -222,6 +237,7 @@ void CLayout::setProcessor(const ProcessorTree::ProcessorNode &processor)
     m_editorPage->setProcessor(shown);
     if (!m_sidePanel)
         return;
+    blockPanel();
     if (another)
         m_sidePanel->onCurrentProcessorChanged(shown);
     else

@@ -73,6 +73,8 @@ private:
     void connectSignals();
     void setProcessor(const ProcessorTree::ProcessorNode &processor);
     void showSelection();
+    bool followsAnother(const QUuid &processor) const;
+    void blockPanel();
     void showWarning(WarningState state);
 
     CLayoutData &m_store;

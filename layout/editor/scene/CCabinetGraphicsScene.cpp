@@ -49,6 +49,7 @@ void CCabinetGraphicsScene::setLayoutData(const ProcessorTree::ProcessorNode &pr
     if (undoable && content.canRebuild(data)) {
         const CUndoMacro macro(recorder, QStringLiteral("Reset"));
         content.rebuild(data, recorder);
+        m_backend->faults().noteAll(); // the canvas may be another one
         m_backend->picks().only(selected.toVector()); // redo selects the same
     } else {
         recorder.setOperationName(QStringLiteral("Reset"));
@@ -263,6 +264,7 @@ void CCabinetGraphicsScene::onBackgroundChanged(const SBackgroundInfo &newInfo, 
     m_fill.set(newInfo);
     if (sceneSizeChange) {
         m_backend->content().setCanvas(m_backend->states().canvasSize());
+        m_backend->faults().noteAll();
         updateContentRect();
     }
     updateViews();
