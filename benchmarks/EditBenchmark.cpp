@@ -28,7 +28,7 @@ const Edit removeSelected = [](CCabinetGraphicsScene &scene) { scene.backend().o
 const Edit nudge = [](CCabinetGraphicsScene &scene) { scene.selectedItemMoveRight(); };
 const Edit ungroup = [](CCabinetGraphicsScene &scene) { scene.backend().operations().ungroup(); };
 const Edit measuredPort = [](CCabinetGraphicsScene &scene) {
-    EditSides::selectPort(scene, scene.portItems().at(MeasuredPort)->port());
+    EditSides::selectPort(scene, scene.backend().content().portItems().at(MeasuredPort)->port());
 };
 const Edit nothing = [](CCabinetGraphicsScene &) {};
 
@@ -100,8 +100,8 @@ void Benchmarks::measureWiring()
         "B5 snake pattern over all ports beside one", data.layout.cabinetCount(), "one port",
         Figures::compare(WallRepetitions, EditSides::work(editor, EditSides::selectAll, wireUp), rewire));
 
-    editor.scene().breakPortWiring(editor.scene().portItems().at(MeasuredPort)->port());
-    editor.scene().undoStack()->clear();
+    editor.scene().breakPortWiring(editor.scene().backend().content().portItems().at(MeasuredPort)->port());
+    editor.scene().backend().recorder().stack()->clear();
     printMedians("B5 snake pattern over an unwired port", Wall::CabinetsPerPort, referenceName,
                  Figures::compare(PortRepetitions, EditSides::work(editor, measuredPort, wireUp), reference));
 }

@@ -49,7 +49,7 @@ SWork onBareChildren(CBareSide &side, void (*change)(QGraphicsItem &))
 void EditSides::selectPort(CCabinetGraphicsScene &scene, int port)
 {
     const CEditBatch batch(scene.backend().batches());
-    for (CGraphicsItemBase *item : scene.portItem(port)->topItems())
+    for (CGraphicsItemBase *item : scene.backend().content().portItem(port)->topItems())
         item->setSelected(true);
 }
 
@@ -85,7 +85,7 @@ SWork EditSides::work(CEditorSide &side, const Edit &select, const Edit &edit, E
     work.finish = [&scene, step] {
         if (step != Undo)
             scene.undo(nullptr);
-        scene.undoStack()->clear();
+        scene.backend().recorder().stack()->clear();
         settle(scene);
     };
     return work;

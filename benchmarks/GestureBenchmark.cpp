@@ -5,6 +5,7 @@
 #include "benchmarks/EditSides.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 
 #include <QCoreApplication>
 #include <QMouseEvent>
@@ -95,7 +96,7 @@ void selectBarePort(const CBareScene &scene, const QPointF &place)
 
 void measurePortDrag(CEditorSide &editor, CBareSide &bare)
 {
-    const CGraphicsPortItem &port = *editor.scene().portItems().at(MeasuredPort);
+    const CGraphicsPortItem &port = *editor.scene().backend().content().portItems().at(MeasuredPort);
     const QPointF middle = port.boundingRect().center();
     const QPoint from = editor.view().mapFromScene(middle);
     const QPoint to = from + QPoint(60, 30);

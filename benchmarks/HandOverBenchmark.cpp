@@ -7,6 +7,7 @@
 #include "layout/editor/items/CGraphicsItemBase.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 
 namespace {
 
@@ -43,7 +44,7 @@ public:
 private:
     static void selectOne(CCabinetGraphicsScene &scene)
     {
-        const QVector<CGraphicsItemBase *> items = scene.portItems().first()->topItems();
+        const QVector<CGraphicsItemBase *> items = scene.backend().content().portItems().first()->topItems();
         items.at(items.size() / 2)->setSelected(true);
     }
 

@@ -130,7 +130,7 @@ void CEditorCommands::openTypeLibrary(QWidget *parent)
 void CEditorCommands::fillAppendMenu(QMenu &menu, QWidget *parent)
 {
     const int port = m_store.currentPort();
-    const CGraphicsPortItem *item = m_view.cabinetScene().portItem(port);
+    const CGraphicsPortItem *item = m_view.cabinetScene().backend().content().portItem(port);
     if (!item || item->isClosed())
         return;
     const QString refused = CScenePlacing::refusal(item->cabinets(nullptr).size(), 1);

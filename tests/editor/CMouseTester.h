@@ -77,14 +77,14 @@ public:
     const CabinetLayout &original() const { return m_data.layout; }
 
     CCabinetGraphicsScene &scene() { return m_view.cabinetScene(); }
-    QUndoStack &stack() { return *scene().undoStack(); }
+    QUndoStack &stack() { return *scene().backend().recorder().stack(); }
     CGraphicsCabinetItem &cabinet(int port, int place)
     {
-        return *scene().portItem(port)->cabinets(nullptr).at(place);
+        return *scene().backend().content().portItem(port)->cabinets(nullptr).at(place);
     }
     CGraphicsItemBase *at(const QPoint &place)
     {
-        for (const CGraphicsPortItem *port : scene().portItems()) {
+        for (const CGraphicsPortItem *port : scene().backend().content().portItems()) {
             for (CGraphicsCabinetItem *cabinet : port->cabinets(nullptr)) {
                 if (cabinet->mapRectToScene(cabinet->rect()).contains(place))
                     return cabinet;

@@ -136,7 +136,7 @@ QString faultOfSelection(const CCabinetGraphicsScene &scene)
 
 QString CSceneVerifier::faultIn(const CCabinetGraphicsScene &scene)
 {
-    for (const CGraphicsPortItem *port : scene.portItems()) {
+    for (const CGraphicsPortItem *port : scene.backend().content().portItems()) {
         const QString fault = faultOfChain(*port);
         if (!fault.isEmpty())
             return fault;

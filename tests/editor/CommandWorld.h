@@ -36,11 +36,11 @@ struct World final : SPortsScene
 
     static Cabinet &cabinet(const Scene &scene, int port, int place)
     {
-        return *scene.portItem(port)->cabinets(nullptr).at(place);
+        return *scene.backend().content().portItem(port)->cabinets(nullptr).at(place);
     }
     static Group &group(const Scene &scene, const char *name)
     {
-        for (Group *group : scene.portItem(1)->groups(false)) {
+        for (Group *group : scene.backend().content().portItem(1)->groups(false)) {
             if (group->name() == QLatin1String(name))
                 return *group;
         }
@@ -112,7 +112,7 @@ inline CUndoCommandBase *changeType(Cabinet &cabinet)
 
 inline CUndoCommandBase *createGroup(Scene &scene)
 {
-    auto *group = new Group(QUuid(), QRectF(), scene.portItem(1));
+    auto *group = new Group(QUuid(), QRectF(), scene.backend().content().portItem(1));
     group->setOrdinal(1'000'000);
     group->gather({&World::cabinet(scene, 1, 0), &World::group(scene, "outer")});
     scene.backend().content().enterEdited(*group);

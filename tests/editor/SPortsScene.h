@@ -21,7 +21,7 @@ struct SPortsScene
         scene.getLayoutData(layout, data.processor);
         return layout;
     }
-    QUndoStack &stack() const { return *scene.undoStack(); }
+    QUndoStack &stack() const { return *scene.backend().recorder().stack(); }
 
     const LayoutData data;
     CFixedPortStates states;

@@ -44,7 +44,7 @@ private Q_SLOTS:
         CCabinetGraphicsScene &scene = m_mouse->scene();
         m_mouse->states().marksCustom = true;
         scene.onNotifyProcessorStateChanged();
-        for (const CGraphicsPortItem *port : scene.portItems()) {
+        for (const CGraphicsPortItem *port : scene.backend().content().portItems()) {
             scene.onNotifyCabinetColorChanged(port->port(), QColor::fromHsv(90 * port->port(), 200, 150));
             scene.backend().picks().port(port->port(), true);
             scene.topologyWiring(0);
@@ -105,7 +105,7 @@ private Q_SLOTS:
         view().showLayout(SmallWorlds::node(data), data);
         view().setScaleFactor(1);
         view().centerOn(200, 200);
-        const QVector<CGraphicsPortItem *> &ports = m_mouse->scene().portItems();
+        const QVector<CGraphicsPortItem *> &ports = m_mouse->scene().backend().content().portItems();
         const QVector<QRectF> exposed = {QRectF(0, 0, 400, 400)};
         QVERIFY(CFarPorts::isCrowded(ports, exposed));
         QVERIFY(!CFarPorts::isCrowded({ports.at(1)}, exposed));
@@ -167,10 +167,11 @@ private Q_SLOTS:
             };
             m_mouse->click(one.click);
             const QImage selected = picture();
-            m_mouse->scene().setToolMode(ToolMode::HeadToTailExchange, true); // looks the same otherwise
+            m_mouse->scene().backend().setToolMode(ToolMode::HeadToTailExchange,
+                                                   true); // looks the same otherwise
             const QImage without = picture();
             QCOMPARE(selected != without, one.shown);
-            m_mouse->scene().setToolMode(ToolMode::HeadToTailExchange, false);
+            m_mouse->scene().backend().setToolMode(ToolMode::HeadToTailExchange, false);
             QCOMPARE(picture(), selected);
             m_mouse->click({64, 64}, Qt::ControlModifier); // a second item
             QCOMPARE(picture(), without);

@@ -24,7 +24,7 @@ private Q_SLOTS:
         const auto pasteFirst = [this](int count) {
             m_mouse->scene().clearSelection();
             for (int i = 0; i < count; ++i)
-                m_mouse->scene().portItem(0)->topItems().at(i)->setSelected(true);
+                m_mouse->scene().backend().content().portItem(0)->topItems().at(i)->setSelected(true);
             placing().copy();
             const Items selected = m_mouse->selected();
             m_mouse->scene().pasteItems(QPointF(10, 10), nullptr);
@@ -39,7 +39,7 @@ private Q_SLOTS:
         }
         QCOMPARE(m_mouse->stack().count(), 0);
         QVERIFY(pasteFirst(24));
-        QCOMPARE(m_mouse->scene().portItem(0)->cabinets(nullptr).size(), Most);
+        QCOMPARE(m_mouse->scene().backend().content().portItem(0)->cabinets(nullptr).size(), Most);
     }
 
     void otherProgramsGetPictureAndTable()

@@ -48,7 +48,10 @@ struct SMenuWorld : SPortsScene
     {
     }
 
-    CGraphicsItemBase &top(int port, int place) { return *scene.portItem(port)->topItems().at(place); }
+    CGraphicsItemBase &top(int port, int place)
+    {
+        return *scene.backend().content().portItem(port)->topItems().at(place);
+    }
     /// Those of the entries that depend on what is selected, as a right click on @p item offers them.
     QString offered(CGraphicsItemBase &item, const QVector<CGraphicsItemBase *> &selected)
     {
@@ -68,14 +71,14 @@ struct SMenuWorld : SPortsScene
         for (CGraphicsItemBase *one : selected)
             one->setSelected(true);
         menu = std::make_unique<QMenu>();
-        CCabinetMenu(*menu, scene.backend(), &commands, item, nullptr).fill();
+        CCabinetMenu(*menu, scene.backend().targets(), &commands, item, nullptr).fill();
     }
 
     void fillCanvas(int port, const QPointF &place)
     {
         states.current = port;
         menu = std::make_unique<QMenu>();
-        CCanvasMenu(*menu, scene.backend(), &commands, nullptr).fill(place);
+        CCanvasMenu(*menu, scene.backend().targets(), &commands, nullptr).fill(place);
     }
 
     CNotedCommands commands;
@@ -161,11 +164,12 @@ private Q_SLOTS:
         CMessageBoxAnswerer user({QStringLiteral("Yes"), QStringLiteral("OK")});
         QTimer::singleShot(0, &world.scene, [&world, &other] {
             QVERIFY(QApplication::activeModalWidget()); // asked, and not answered yet
-            QCOMPARE(world.scene.backend().content().pointedOut(), world.scene.portItem(0));
+            QCOMPARE(world.scene.backend().content().pointedOut(),
+                     world.scene.backend().content().portItem(0));
             world.scene.setLayoutData(SmallWorlds::node(other), other);
         });
-        CClearTopology::ask(nullptr, world.scene.backend(), 0);
-        QCOMPARE(world.scene.portItem(0)->chain().order().size(), 3);
+        CClearTopology::ask(nullptr, world.scene.backend().content(), world.scene.backend().operations(), 0);
+        QCOMPARE(world.scene.backend().content().portItem(0)->chain().order().size(), 3);
         QVERIFY(!world.scene.backend().content().pointedOut());
         QCOMPARE(user.texts().last(), QStringLiteral("Set failed."));
         QCOMPARE(user.boxes().last().details, QStringLiteral("The processor is no longer in view."));
@@ -228,7 +232,7 @@ private Q_SLOTS:
             entry(*world.menu, text)->trigger();
         };
         const auto countIn = [&world](int port) {
-            return world.scene.portItem(port)->cabinets(nullptr).size();
+            return world.scene.backend().content().portItem(port)->cabinets(nullptr).size();
         };
         first.setSelected(true);
         choose(first, "Select the same type");

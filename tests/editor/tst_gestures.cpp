@@ -85,7 +85,7 @@ private Q_SLOTS:
             m_mouse->release({190, 180});
             QCOMPARE(m_mouse->cabinet(0, 1).scenePos(), QPointF(128, 0));
             QCOMPARE(m_mouse->stack().count(), 0);
-            QVERIFY(m_mouse->scene().portItem(0)->zValue() < qreal(DraggedPortHeight));
+            QVERIFY(m_mouse->scene().backend().content().portItem(0)->zValue() < qreal(DraggedPortHeight));
 
             m_mouse->view().toolBar().chooseMode(CEditorToolBar::Arrow);
             m_mouse->drag({64, 64}, {7, 9}); // begins where it is pressed
@@ -116,9 +116,9 @@ private Q_SLOTS:
             m_mouse->hover(InEmpty);
             QCoreApplication::processEvents();
             QCOMPARE(CSceneVerifier::faultIn(m_mouse->scene()), QString());
-            if (m_mouse->scene().portItems().isEmpty())
+            if (m_mouse->scene().backend().content().portItems().isEmpty())
                 continue;
-            QCOMPARE(m_mouse->scene().portItem(0)->groups(false).size(), 0);
+            QCOMPARE(m_mouse->scene().backend().content().portItem(0)->groups(false).size(), 0);
             m_mouse->drag({320, 64}, {5, 6});
             QCOMPARE(m_mouse->layout().ports[0].getAllCabinets().last().rect, QRect(261, 6, 128, 128));
         }
@@ -195,7 +195,7 @@ private Q_SLOTS:
 
     void directExchangeNeedsNoPick()
     {
-        m_mouse->scene().setToolMode(ToolMode::DirectExchange, true);
+        m_mouse->scene().backend().setToolMode(ToolMode::DirectExchange, true);
         m_mouse->states().resetsHighlight = true;
         CGraphicsCabinetItem &cabinet = m_mouse->cabinet(3, 0);
         cabinet.setHighlighted(true);

@@ -112,7 +112,7 @@ private Q_SLOTS:
             return QVector<int>{faults.count(CabinetFault::Overlapping), faults.count(CabinetFault::Outside),
                                 faults.count(CabinetFault::Unwired)};
         };
-        const int cabinets = scene.portItem(0)->cabinets(nullptr).size();
+        const int cabinets = scene.backend().content().portItem(0)->cabinets(nullptr).size();
         const int unwired = counts()[2];
         QCOMPARE(counts(), (QVector<int>{0, 0, unwired}));
         m_mouse->view().onPortClicked(0, true);
@@ -281,7 +281,9 @@ private Q_SLOTS:
 
     void clearTopologyAsksForAPortOnly()
     {
-        const auto wired = [this] { return m_mouse->scene().portItem(3)->chain().order().size(); };
+        const auto wired = [this] {
+            return m_mouse->scene().backend().content().portItem(3)->chain().order().size();
+        };
         m_mouse->scene().backend().picks().port(3, true);
         bar().button(Bar::ClearTopology)->click();
         QCOMPARE(wired(), 0);
@@ -434,7 +436,7 @@ private:
         Modes set;
         for (const auto flag : {ToolMode::ManualWiring, ToolMode::HeadToTailExchange,
                                 ToolMode::DirectExchange, ToolMode::Highlighting}) {
-            if (m_mouse->scene().isToolModeSet(flag))
+            if (m_mouse->scene().backend().toolModes().contains(flag))
                 set << flag;
         }
         return set;

@@ -226,7 +226,7 @@ private Q_SLOTS:
         m_mouse->pressAgain({192, 64});
         m_mouse->moveTo({320, 64});
         m_mouse->release({320, 64});
-        QCOMPARE(m_mouse->scene().portItem(0)->chain().order().size(), 2);
+        QCOMPARE(m_mouse->scene().backend().content().portItem(0)->chain().order().size(), 2);
         QCOMPARE(m_mouse->selected(), Items());
         m_mouse->view().toolBar().chooseMode(CEditorToolBar::HeadToTailExchange);
         const QVector<QRect> receivers = m_mouse->cabinet(3, 0).cabinet().rects;
@@ -284,11 +284,11 @@ private Q_SLOTS:
 
         m_mouse->click({192, 64}, Qt::ControlModifier);
         key(Qt::Key_G, Qt::ControlModifier);
-        QCOMPARE(m_mouse->scene().portItem(0)->groups(true).size(), 1);
+        QCOMPARE(m_mouse->scene().backend().content().portItem(0)->groups(true).size(), 1);
         key(Qt::Key_G, Qt::ControlModifier | Qt::ShiftModifier);
-        QVERIFY(m_mouse->scene().portItem(0)->groups(true).isEmpty());
+        QVERIFY(m_mouse->scene().backend().content().portItem(0)->groups(true).isEmpty());
         key(Qt::Key_Delete);
-        QCOMPARE(m_mouse->scene().portItem(0)->cabinets(nullptr).size(), 1);
+        QCOMPARE(m_mouse->scene().backend().content().portItem(0)->cabinets(nullptr).size(), 1);
         key(Qt::Key_A, Qt::ControlModifier);
         QCOMPARE(m_mouse->selected().size(), 1 + 1 + 2 + 2);
     }
@@ -306,7 +306,7 @@ private Q_SLOTS:
                                {false, {320, 64}, {384, 128}, false},
                                {true, {64, 564}, {256, 628}, false}}; // a group of a type
         QVector<CGraphicsCabinetItem *> all;
-        for (const CGraphicsPortItem *port : m_mouse->scene().portItems())
+        for (const CGraphicsPortItem *port : m_mouse->scene().backend().content().portItems())
             all += port->cabinets(nullptr);
         for (const SCase &one : cases) {
             m_mouse->states().resetsHighlight = one.option;

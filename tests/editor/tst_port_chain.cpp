@@ -21,8 +21,8 @@ public:
     {
     }
 
-    CPortChain &chain() { return scene.portItem(0)->chain(); }
-    QVector<Cabinet *> cabinets() const { return scene.portItem(0)->cabinets(nullptr); }
+    CPortChain &chain() { return scene.backend().content().portItem(0)->chain(); }
+    QVector<Cabinet *> cabinets() const { return scene.backend().content().portItem(0)->cabinets(nullptr); }
     Cabinet &cabinet(char letter) const { return *cabinets().at(letter - 'A'); }
 
     QVector<Cabinet *> cabinetsNamed(const char *letters) const

@@ -40,7 +40,7 @@ private Q_SLOTS:
         world.states.redundancy[1] = Port::Redundant;
         world.scene.onNotifyProcessorStateChanged();
         QVERIFY(world.layout().port(0)->locked);
-        QVERIFY(world.scene.portItem(1)->isShownRedundant());
+        QVERIFY(world.scene.backend().content().portItem(1)->isShownRedundant());
 
         world.scene.backend().picks().port(2, true);
         world.scene.backend().picks().port(0, true);
@@ -65,7 +65,7 @@ private Q_SLOTS:
     {
         SPortsScene world({SmallWorlds::wiredPort(0, LayoutLimits::GroupLevels + 2)});
         QSignalSpy words(&world.scene, &CCabinetGraphicsScene::notifyWords);
-        for (CGraphicsCabinetItem *cabinet : world.scene.portItem(0)->cabinets(nullptr)) {
+        for (CGraphicsCabinetItem *cabinet : world.scene.backend().content().portItem(0)->cabinets(nullptr)) {
             cabinet->setSelected(true); // beside the group just made
             QCOMPARE(words.count(), 0);
             world.scene.backend().operations().group();
@@ -101,10 +101,10 @@ private Q_SLOTS:
         placing.endAppend();
         placing.beginAppend({}, 2, QSize(64, 64));
         QVERIFY(!placing.release(event)); // of a press before this append
-        QCOMPARE(world.scene.portItem(2)->cabinets(nullptr).size(), 1);
+        QCOMPARE(world.scene.backend().content().portItem(2)->cabinets(nullptr).size(), 1);
         placing.press(event);
         QVERIFY(placing.release(event));
-        QCOMPARE(world.scene.portItem(2)->cabinets(nullptr).size(), 2);
+        QCOMPARE(world.scene.backend().content().portItem(2)->cabinets(nullptr).size(), 2);
     }
 
     void aGroupCanBeResizedOnlyWhileItTiles()
@@ -167,7 +167,7 @@ private Q_SLOTS:
         auto record = cabinet.cabinet();
         record.rects = {QRect(0, 0, 32, 128), QRect(32, 0, 32, 128)};
         cabinet.setCabinet(record);
-        world.scene.setToolMode(ToolMode::HeadToTailExchange, true);
+        world.scene.backend().setToolMode(ToolMode::HeadToTailExchange, true);
         QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
         for (const int x : {100, 40}) { // beside them, and on the second one
             press.setPos(QPointF(x, 60));
@@ -244,7 +244,7 @@ private Q_SLOTS:
         QCOMPARE(cabinet.type(), 65537);
         QCOMPARE(World::cabinet(world.scene, 0, 0).outgoing()->type(), 65538);
         QCOMPARE(group.type(), 65539);
-        QCOMPARE(world.scene.portItem(0)->type(), 65540);
+        QCOMPARE(world.scene.backend().content().portItem(0)->type(), 65540);
         for (const CGraphicsItemBase *item : {static_cast<const CGraphicsItemBase *>(&cabinet),
                                               static_cast<const CGraphicsItemBase *>(&group)}) {
             QCOMPARE(int(item->flags()), 67587); // movable, selectable, sends changes of geometry and place

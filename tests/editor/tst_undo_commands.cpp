@@ -70,7 +70,8 @@ private Q_SLOTS:
         const QVector<Cabinet *> members = World::group(world.scene, "inner").cabinets();
         world.stack().push(breakGroup(World::group(world.scene, "inner")));
         for (const Cabinet *member : members) {
-            QCOMPARE(member->parentItem(), static_cast<QGraphicsItem *>(world.scene.portItem(1)));
+            QCOMPARE(member->parentItem(),
+                     static_cast<QGraphicsItem *>(world.scene.backend().content().portItem(1)));
             QVERIFY(member->isSelected());
         }
     }
@@ -157,7 +158,8 @@ private Q_SLOTS:
     {
         const auto vanished = [](const std::function<CUndoCommandBase *(Cabinet &)> &of) {
             return [of](Scene &s) {
-                auto *cabinet = new Cabinet(SmallWorlds::cabinet(1, 90, -1), s.portItem(1));
+                auto *cabinet =
+                    new Cabinet(SmallWorlds::cabinet(1, 90, -1), s.backend().content().portItem(1));
                 s.backend().content().enterEdited(*cabinet);
                 CUndoCommandBase *command = of(*cabinet);
                 vanish(s, *cabinet);
@@ -180,7 +182,9 @@ private Q_SLOTS:
             },
             [](Scene &s) { return make<CCreateGroupCommand>(World::cabinet(s, 0, 0)); },
             [](Scene &s) { return make<CBreakGroupCommand>(World::cabinet(s, 0, 0)); },
-            [](Scene &s) { return make<CMoveCommand>(*s.portItem(0), QPointF(), QPointF(5, 5)); },
+            [](Scene &s) {
+                return make<CMoveCommand>(*s.backend().content().portItem(0), QPointF(), QPointF(5, 5));
+            },
             [](Scene &s) { return make<CBreakWiringCommand>(World::cabinet(s, 1, 0), -1); }};
         for (const Maker &maker : makers) {
             World world;

@@ -66,7 +66,7 @@ struct SCommandWorld final : SStoreWorld
     CCabinetGraphicsScene &scene() { return view.cabinetScene(); }
     CEditorCommands::Cabinet cabinet(int port, int place)
     {
-        return scene().portItem(port)->cabinets(nullptr).at(place)->cabinet();
+        return scene().backend().content().portItem(port)->cabinets(nullptr).at(place)->cabinet();
     }
     /// The same, of a type that the library knows.
     CEditorCommands::Cabinet typedCabinet(int port, int place)
@@ -251,7 +251,7 @@ private Q_SLOTS:
             QCOMPARE(box.details, QStringLiteral("The processor is no longer in view."));
         QVERIFY(!m_world->store.port(1).color.isValid());
         QVERIFY(m_world->store.recentCabinets().types().isEmpty());
-        QCOMPARE(m_world->scene().undoStack()->count(), 0);
+        QCOMPARE(m_world->scene().backend().recorder().stack()->count(), 0);
     }
 
     void customCabinetsAreMarkedAndNothingElse()

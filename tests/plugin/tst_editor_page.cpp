@@ -61,7 +61,7 @@ struct SPageWorld final : SStoreWorld
     QVector<int> ranks(int port) const
     {
         QMap<QPair<int, int>, int> byPlace;
-        for (const CGraphicsCabinetItem *item : scene().portItem(port)->cabinets(nullptr))
+        for (const CGraphicsCabinetItem *item : scene().backend().content().portItem(port)->cabinets(nullptr))
             byPlace.insert({item->cabinet().rect.y(), item->cabinet().rect.x()}, item->cabinet().rank);
         return byPlace.values().toVector();
     }
@@ -123,11 +123,11 @@ private Q_SLOTS:
         edit("Select &all");
         QVERIFY(!world.scene().selection().isEmpty());
         edit("&Delete");
-        QCOMPARE(world.scene().portItem(0)->cabinets(nullptr).size(), 0);
+        QCOMPARE(world.scene().backend().content().portItem(0)->cabinets(nullptr).size(), 0);
         edit("&Undo");
-        QCOMPARE(world.scene().portItem(0)->cabinets(nullptr).size(), 4);
+        QCOMPARE(world.scene().backend().content().portItem(0)->cabinets(nullptr).size(), 4);
         edit("&Redo");
-        QCOMPARE(world.scene().portItem(0)->cabinets(nullptr).size(), 0);
+        QCOMPARE(world.scene().backend().content().portItem(0)->cabinets(nullptr).size(), 0);
         QMenu view;
         world.page.fillViewMenu(view);
         entryOf(view, QStringLiteral("Pixel by &pixel"))->trigger();

@@ -207,7 +207,7 @@ private Q_SLOTS:
             settle(module.host, module.store);
             QTRY_COMPARE(module.store.currentPort(), 2);
             module.scene().pasteItems({500, 500}, nullptr);
-            QCOMPARE(module.scene().portItem(2)->cabinets(nullptr).size(), cabinets);
+            QCOMPARE(module.scene().backend().content().portItem(2)->cabinets(nullptr).size(), cabinets);
         };
         isKept(6);
         module.host.notify(LayoutNotification::CurrentProcessorChanged, module.b);
@@ -224,10 +224,10 @@ private Q_SLOTS:
         module.select({module.a});
         module.scene().selectAllItem();
         module.scene().selectedItemMoveDown();
-        QVERIFY(module.scene().undoStack()->canUndo());
+        QVERIFY(module.scene().backend().recorder().stack()->canUndo());
         QTRY_VERIFY(module.answers()->layoutData(module.a).layout.boundingRect().top() == 1);
         module.select({module.b});
-        QVERIFY(!module.scene().undoStack()->canUndo());
+        QVERIFY(!module.scene().backend().recorder().stack()->canUndo());
     }
 
     void tellsHowAReadEnded()
@@ -277,7 +277,8 @@ private Q_SLOTS:
         module.select({module.a});
         auto &bar = *module.layout.findChild<CEditorToolBar *>();
         bar.chooseMode(CEditorToolBar::Calibrate);
-        CGraphicsCabinetItem *cabinet = module.scene().portItem(1)->cabinets(nullptr).first();
+        CGraphicsCabinetItem *cabinet =
+            module.scene().backend().content().portItem(1)->cabinets(nullptr).first();
         cabinet->setHighlighted(true);
         const QString call = QStringLiteral("setCabinetHighlight");
         QTRY_COMPARE(module.answers()->calls().filter(call),

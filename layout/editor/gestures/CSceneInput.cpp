@@ -147,7 +147,7 @@ bool CSceneInput::openMenu(QGraphicsSceneContextMenuEvent &event)
         return false;
     m_gestures.cancel();
     const QPointer<QMenu> menu = new QMenu(event.widget());
-    CCanvasMenu(*menu, m_backend, m_commands, event.widget()).fill(event.scenePos());
+    CCanvasMenu(*menu, m_backend.targets(), m_commands, event.widget()).fill(event.scenePos());
     menu->exec(event.screenPos());
     delete menu;
     event.accept();
@@ -160,7 +160,7 @@ void CSceneInput::openCabinetMenu(CGraphicsItemBase &item, QWidget *widget, cons
         return;
     m_gestures.cancel();
     const QPointer<QMenu> menu = new QMenu(widget);
-    CCabinetMenu(*menu, m_backend, m_commands, item, widget).fill();
+    CCabinetMenu(*menu, m_backend.targets(), m_commands, item, widget).fill();
     menu->exec(screenPos);
     delete menu;
 }

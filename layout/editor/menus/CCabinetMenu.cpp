@@ -3,10 +3,13 @@
 #include "layout/editor/menus/CCabinetMenu.h"
 
 #include "layout/api/access/IPortStates.h"
+#include "layout/editor/content/CSceneSelection.h"
+#include "layout/editor/content/CSelectionPicks.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/menus/CEditEntries.h"
 #include "layout/editor/menus/IEditorCommands.h"
-#include "layout/editor/scene/CSceneBackend.h"
+#include "layout/editor/operations/CSceneOperations.h"
+#include "layout/editor/placing/CScenePlacing.h"
 
 #include <QMenu>
 
@@ -19,15 +22,15 @@ QString menuIcon(const char *name)
 
 } // namespace
 
-CCabinetMenu::CCabinetMenu(QMenu &menu, CSceneBackend &backend, IEditorCommands *commands,
+CCabinetMenu::CCabinetMenu(QMenu &menu, const SEditTargets &targets, IEditorCommands *commands,
                            const CGraphicsItemBase &clicked, QWidget *parent)
     : m_menu(menu)
-    , m_backend(backend)
+    , m_targets(targets)
     , m_commands(commands)
     , m_clicked(clicked)
     , m_parent(parent)
-    , m_onePort(backend.selection().ports().size() == 1)
-    , m_locked(backend.states().isPortLocked(clicked.port()))
+    , m_onePort(targets.selection.ports().size() == 1)
+    , m_locked(targets.states.isPortLocked(clicked.port()))
 {
 }
 
@@ -36,32 +39,33 @@ void CCabinetMenu::fill()
     m_menu.setObjectName(QStringLiteral("CabinetMenu"));
     m_menu.setFixedWidth(Width);
     m_menu.setToolTipsVisible(true);
-    CEditEntries::addHistory(m_menu, m_backend.history(), m_parent);
+    CEditEntries::addHistory(m_menu, m_targets.history, m_parent);
     if (m_onePort && !m_locked)
         addGrouping();
     if (m_onePort)
-        CEditEntries::addSelectAll(m_menu, m_backend.picks());
+        CEditEntries::addSelectAll(m_menu, m_targets.picks);
     addClipboard();
     if (m_onePort && !m_locked)
-        CEditEntries::addClearTopology(m_menu, m_backend, m_clicked.port(), m_parent);
+        CEditEntries::addClearTopology(m_menu, m_targets.content, m_targets.operations, m_clicked.port(),
+                                       m_parent);
     if (!m_onePort || !m_commands)
         return;
     addFill();
     addParameters();
     CEditEntries::add(m_menu, tr("Cabinet information...."), QString(),
-                      [commands = m_commands, &selection = m_backend.selection(), parent = m_parent] {
+                      [commands = m_commands, &selection = m_targets.selection, parent = m_parent] {
                           commands->showInformation(selection.records(), parent);
                       });
 }
 
 void CCabinetMenu::addGrouping()
 {
-    CSceneOperations &operations = m_backend.operations();
-    if (m_backend.selection().canGroup())
+    CSceneOperations &operations = m_targets.operations;
+    if (m_targets.selection.canGroup())
         CEditEntries::add(m_menu, tr("Group"), QString(), [&operations] {
             operations.group();
         })->setShortcut(Qt::CTRL | Qt::Key_G);
-    else if (m_backend.selection().groups().size() == 1)
+    else if (m_targets.selection.groups().size() == 1)
         CEditEntries::add(m_menu, tr("Ungroup"), menuIcon("ungroup"), [&operations] {
             operations.ungroup();
         })->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_G);
@@ -69,8 +73,8 @@ void CCabinetMenu::addGrouping()
 
 void CCabinetMenu::addClipboard()
 {
-    CSceneOperations &operations = m_backend.operations();
-    CScenePlacing &placing = m_backend.placing();
+    CSceneOperations &operations = m_targets.operations;
+    CScenePlacing &placing = m_targets.placing;
     QAction *cut = CEditEntries::add(m_menu, tr("Cut"), menuIcon("cut"),
                                      [&placing, &operations] { placing.cut(operations); });
     cut->setShortcuts(QKeySequence::Cut);
@@ -80,7 +84,7 @@ void CCabinetMenu::addClipboard()
     QAction *remove = CEditEntries::add(m_menu, tr("Delete cabinet"), menuIcon("delete"),
                                         [&operations] { operations.remove(); });
     for (QAction *entry : {cut, remove})
-        CEditEntries::disableIfClosed(*entry, m_backend.selection().closedPort());
+        CEditEntries::disableIfClosed(*entry, m_targets.selection.closedPort());
 }
 
 void CCabinetMenu::addFill()
@@ -96,13 +100,13 @@ void CCabinetMenu::addFill()
 void CCabinetMenu::addParameters()
 {
     IEditorCommands *commands = m_commands;
-    const CSceneSelection &selection = m_backend.selection();
-    CSelectionPicks &picks = m_backend.picks();
+    const CSceneSelection &selection = m_targets.selection;
+    CSelectionPicks &picks = m_targets.picks;
     QMenu *parameters = m_menu.addMenu(tr("Cabinet parameters"));
     parameters->setToolTipsVisible(true);
     QAction *markup = parameters->addAction(tr("Markup custom-defined cabinets"));
     markup->setCheckable(true);
-    markup->setChecked(m_backend.states().marksCustomCabinets());
+    markup->setChecked(m_targets.states.marksCustomCabinets());
     QObject::connect(markup, &QAction::toggled, markup,
                      [commands](bool marked) { commands->markCustomCabinets(marked); });
     CEditEntries::add(*parameters, tr("Select the same type"), QStringLiteral(":/Image/Menu/placeholder.svg"),
@@ -129,7 +133,7 @@ void CCabinetMenu::addFiles(QMenu &parameters)
             QStringLiteral(":/Image/Layout/PortList/Menu/export.svg"),
             [commands, cabinet, parent = m_parent] { commands->exportConfiguration(cabinet, parent); });
     }
-    if (!item.isSelected() || m_backend.selection().count() != 1 || item.chainPosition() < 0)
+    if (!item.isSelected() || m_targets.selection.count() != 1 || item.chainPosition() < 0)
         return;
     const QString refused = commands->readbackRefusal();
     parameters.addSeparator();

@@ -2,11 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/editor/scene/SEditTargets.h"
+
 #include <QCoreApplication>
 #include <QUuid>
 
 class CGraphicsItemBase;
-class CSceneBackend;
 class IEditorCommands;
 class QMenu;
 class QWidget;
@@ -21,7 +22,7 @@ public:
     static constexpr int Width = 240; ///< pixels
 
     /// @p parent is the parent of questions and dialogs; @p commands may be null.
-    CCabinetMenu(QMenu &menu, CSceneBackend &backend, IEditorCommands *commands,
+    CCabinetMenu(QMenu &menu, const SEditTargets &targets, IEditorCommands *commands,
                  const CGraphicsItemBase &clicked, QWidget *parent);
 
     /// Adds the entries that apply; if there are no commands, only those that edit the layout.
@@ -35,7 +36,7 @@ private:
     void addFiles(QMenu &parameters);
 
     QMenu &m_menu;
-    CSceneBackend &m_backend;
+    const SEditTargets m_targets;
     IEditorCommands *m_commands;
     const CGraphicsItemBase &m_clicked;
     QWidget *m_parent;

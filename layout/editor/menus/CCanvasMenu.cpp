@@ -3,32 +3,33 @@
 #include "layout/editor/menus/CCanvasMenu.h"
 
 #include "layout/api/access/IPortStates.h"
+#include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/menus/CEditEntries.h"
 #include "layout/editor/menus/IEditorCommands.h"
-#include "layout/editor/scene/CSceneBackend.h"
+#include "layout/editor/placing/CScenePlacing.h"
 
 #include <QMenu>
 
 void CCanvasMenu::fill(const QPointF &scenePos)
 {
     m_menu.setToolTipsVisible(true);
-    CEditEntries::addHistory(m_menu, m_backend.history(), m_parent);
+    CEditEntries::addHistory(m_menu, m_targets.history, m_parent);
     m_menu.addSeparator();
-    CEditEntries::addSelectAll(m_menu, m_backend.picks());
-    const int current = m_backend.states().currentPort();
-    const CGraphicsPortItem *port = m_backend.content().portItem(current);
-    if (port && !m_backend.placing().cache().isEmpty())
+    CEditEntries::addSelectAll(m_menu, m_targets.picks);
+    const int current = m_targets.states.currentPort();
+    const CGraphicsPortItem *port = m_targets.content.portItem(current);
+    if (port && !m_targets.placing.cache().isEmpty())
         addPaste(scenePos, *port);
     if (port && port->chain().head())
-        CEditEntries::addClearTopology(m_menu, m_backend, current, m_parent);
+        CEditEntries::addClearTopology(m_menu, m_targets.content, m_targets.operations, current, m_parent);
     if (m_commands)
         addDialogs();
 }
 
 void CCanvasMenu::addPaste(const QPointF &scenePos, const CGraphicsPortItem &port)
 {
-    CScenePlacing &placing = m_backend.placing();
+    CScenePlacing &placing = m_targets.placing;
     QAction *paste =
         CEditEntries::add(m_menu, tr("Paste"), QString(),
                           [&placing, scenePos, parent = m_parent] { placing.paste(scenePos, parent); });
@@ -42,7 +43,7 @@ void CCanvasMenu::addDialogs()
     QWidget *parent = m_parent;
     CEditEntries::add(m_menu, tr("Max frame rate and color depth settings..."), QString(),
                       [commands, parent] { commands->setFrameRateAndColorDepth(parent); });
-    const CanvasBlock block = m_backend.states().canvasBlock();
+    const CanvasBlock block = m_targets.states.canvasBlock();
     QAction *size = CEditEntries::add(m_menu, tr("Canvas size settings...") + reason(block), QString(),
                                       [commands, parent] { commands->setCanvasSize(parent); });
     size->setEnabled(block == CanvasBlock::None);

@@ -3,12 +3,12 @@
 #pragma once
 
 #include "layout/api/records/SHostRecords.h"
+#include "layout/editor/scene/SEditTargets.h"
 
 #include <QCoreApplication>
 #include <QPointF>
 
 class CGraphicsPortItem;
-class CSceneBackend;
 class IEditorCommands;
 class QMenu;
 class QWidget;
@@ -21,9 +21,9 @@ class CCanvasMenu final
 public:
     /// @p parent is the parent of questions and dialogs. If @p commands is null, there are no entries that
     /// open dialogs.
-    CCanvasMenu(QMenu &menu, CSceneBackend &backend, IEditorCommands *commands, QWidget *parent)
+    CCanvasMenu(QMenu &menu, const SEditTargets &targets, IEditorCommands *commands, QWidget *parent)
         : m_menu(menu)
-        , m_backend(backend)
+        , m_targets(targets)
         , m_commands(commands)
         , m_parent(parent)
     {
@@ -40,7 +40,7 @@ private:
     void addDialogs();
 
     QMenu &m_menu;
-    CSceneBackend &m_backend;
+    const SEditTargets m_targets;
     IEditorCommands *m_commands;
     QWidget *m_parent;
 };

@@ -2,17 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/menus/CClearTopology.h"
 
-#include "layout/editor/items/CGraphicsPortItem.h"
-#include "layout/editor/items/CRefusal.h"
-#include "layout/editor/scene/CSceneBackend.h"
+#include "layout/editor/content/CSceneContent.h"
+#include "layout/editor/operations/CSceneOperations.h"
 #include "platform/widgets/CMessageBox.h"
 
-void CClearTopology::ask(QWidget *parent, CSceneBackend &backend, int port)
+void CClearTopology::ask(QWidget *parent, CSceneContent &content, CSceneOperations &operations, int port)
 {
-    CSceneContent &content = backend.content();
-    const CGraphicsPortItem *item = content.portItem(port);
     const QUuid asked = content.processor();
-    if (!item || CRefusal::isTold(backend.batches(), item))
+    if (operations.isRefused(port))
         return;
     content.pointOut(port); // the question does not name it
     const int answer =
@@ -21,7 +18,7 @@ void CClearTopology::ask(QWidget *parent, CSceneBackend &backend, int port)
     if (answer != 0)
         return;
     if (content.processor() == asked)
-        backend.operations().breakPortWiring(port);
+        operations.breakPortWiring(port);
     else
         CMessageBox::warning(parent, tr("Set failed."), tr("The processor is no longer in view."));
 }

@@ -4,7 +4,8 @@
 
 #include <QCoreApplication>
 
-class CSceneBackend;
+class CSceneContent;
+class CSceneOperations;
 class QWidget;
 
 /// Clears the whole topology of a port after asking the user. GUI thread.
@@ -16,5 +17,5 @@ public:
     /// Asks in a message box over @p parent, unless the port refuses edits; meanwhile its cabinets are
     /// marked. If another processor comes into view while the question is open, nothing is cleared, and a
     /// message says so.
-    static void ask(QWidget *parent, CSceneBackend &backend, int port);
+    static void ask(QWidget *parent, CSceneContent &content, CSceneOperations &operations, int port);
 };

@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/menus/CEditEntries.h"
 
+#include "layout/editor/content/CSceneContent.h"
+#include "layout/editor/content/CSelectionPicks.h"
 #include "layout/editor/items/CRefusal.h"
 #include "layout/editor/menus/CClearTopology.h"
-#include "layout/editor/scene/CSceneBackend.h"
+#include "layout/editor/operations/CGuardedUndo.h"
 
 #include <QMenu>
 
@@ -35,11 +37,13 @@ void CEditEntries::addSelectAll(QMenu &menu, CSelectionPicks &picks)
     add(menu, tr("Select all"), QString(), [&picks] { picks.all(); })->setShortcuts(QKeySequence::SelectAll);
 }
 
-void CEditEntries::addClearTopology(QMenu &menu, CSceneBackend &backend, int port, QWidget *parent)
+void CEditEntries::addClearTopology(QMenu &menu, CSceneContent &content, CSceneOperations &operations,
+                                    int port, QWidget *parent)
 {
-    QAction *clear = add(menu, tr("Clear topology"), QStringLiteral(":/Image/Layout/Menu/clear_topology.svg"),
-                         [&backend, port, parent] { CClearTopology::ask(parent, backend, port); });
-    disableIfClosed(*clear, backend.content().portItem(port));
+    QAction *clear = add(
+        menu, tr("Clear topology"), QStringLiteral(":/Image/Layout/Menu/clear_topology.svg"),
+        [&content, &operations, port, parent] { CClearTopology::ask(parent, content, operations, port); });
+    disableIfClosed(*clear, content.portItem(port));
 }
 
 void CEditEntries::disableIfClosed(QAction &entry, const CGraphicsPortItem *port)

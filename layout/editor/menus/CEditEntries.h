@@ -9,7 +9,8 @@
 
 class CGraphicsPortItem;
 class CGuardedUndo;
-class CSceneBackend;
+class CSceneContent;
+class CSceneOperations;
 class CSelectionPicks;
 class QAction;
 class QMenu;
@@ -30,5 +31,6 @@ public:
     static void addHistory(QMenu &menu, CGuardedUndo &history, QWidget *parent);
     static void addSelectAll(QMenu &menu, CSelectionPicks &picks);
     /// Adds "Clear topology" for a port, which asks first.
-    static void addClearTopology(QMenu &menu, CSceneBackend &backend, int port, QWidget *parent);
+    static void addClearTopology(QMenu &menu, CSceneContent &content, CSceneOperations &operations, int port,
+                                 QWidget *parent);
 };

@@ -81,12 +81,17 @@ void CSceneOperations::breakSelectedWiring()
 void CSceneOperations::breakPortWiring(int port)
 {
     m_editing.cancelGesture();
-    CGraphicsPortItem *item = m_content.portItem(port);
-    if (!item || CRefusal::isTold(m_editing, item))
+    if (isRefused(port))
         return;
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("BreakPortWiring"));
-    CWiringRecorder::rechain(m_recorder, *item, {});
+    CWiringRecorder::rechain(m_recorder, *m_content.portItem(port), {});
+}
+
+bool CSceneOperations::isRefused(int port) const
+{
+    const CGraphicsPortItem *item = m_content.portItem(port);
+    return !item || CRefusal::isTold(m_editing, item);
 }
 
 void CSceneOperations::group()

@@ -33,6 +33,8 @@ public:
     void breakSelectedWiring();
     /// Clears the whole topology of a port.
     void breakPortWiring(int port);
+    /// Returns whether @p port cannot be edited; if it exists, the status bar says why.
+    bool isRefused(int port) const;
     void group();
     void ungroup();
     void remove();

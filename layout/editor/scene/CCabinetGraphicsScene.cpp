@@ -49,13 +49,13 @@ void CCabinetGraphicsScene::setLayoutData(const ProcessorTree::ProcessorNode &pr
     if (undoable && content.canRebuild(data)) {
         const CUndoMacro macro(recorder, QStringLiteral("Reset"));
         content.rebuild(data, recorder);
-        m_backend->faults().noteAll(); // the canvas may be another one
+        m_backend->faults().noteAll();                // the canvas may be another one
         m_backend->picks().only(selected.toVector()); // redo selects the same
     } else {
         recorder.setOperationName(QStringLiteral("Reset"));
         clearLayout();
         content.build(data);
-        for (const CGraphicsPortItem *port : portItems())
+        for (const CGraphicsPortItem *port : content.portItems())
             connect(port, &CGraphicsPortItem::childItemPosChanged, this,
                     [this] { m_portAreaChanged = true; });
         m_backend->faults().noteAll();
@@ -82,30 +82,15 @@ void CCabinetGraphicsScene::getLayoutData(CabinetLayout &layout, const QUuid &pr
     m_backend->content().read(layout, processor);
 }
 
-const QVector<CGraphicsPortItem *> &CCabinetGraphicsScene::portItems() const
-{
-    return m_backend->content().portItems();
-}
-
-CGraphicsPortItem *CCabinetGraphicsScene::portItem(int port) const
-{
-    return m_backend->content().portItem(port);
-}
-
 const CSceneSelection &CCabinetGraphicsScene::selection() const
 {
     return m_backend->selection();
 }
 
-QUndoStack *CCabinetGraphicsScene::undoStack() const
-{
-    return m_backend->recorder().stack();
-}
-
 void CCabinetGraphicsScene::setUndoStack(QUndoStack *stack)
 {
-    if (undoStack())
-        undoStack()->disconnect(this);
+    if (const QUndoStack *before = m_backend->recorder().stack())
+        before->disconnect(this);
     m_backend->recorder().setStack(stack);
     if (!stack)
         return;
@@ -143,17 +128,6 @@ void CCabinetGraphicsScene::pasteItems(const QPointF &scenePos, QWidget *parent)
     m_backend->placing().paste(scenePos, parent);
 }
 
-void CCabinetGraphicsScene::setToolMode(ToolMode mode, bool on)
-{
-    m_backend->setToolMode(mode, on);
-    updateViews(); // handles appear or disappear
-}
-
-bool CCabinetGraphicsScene::isToolModeSet(ToolMode mode) const
-{
-    return m_backend->toolModes().contains(mode);
-}
-
 void CCabinetGraphicsScene::leaveOperation()
 {
     m_backend->batches().cancelGesture();
@@ -168,7 +142,7 @@ void CCabinetGraphicsScene::finishBatch(const CPendingEdits &work)
     polishNewItems();
     for (const int index : work.ports()) {
         content.forgetRecord(index);
-        if (CGraphicsPortItem *port = portItem(index)) {
+        if (CGraphicsPortItem *port = content.portItem(index)) {
             port->takeNote();
             port->updateEdges();
             port->updateLabel();
@@ -195,7 +169,7 @@ void CCabinetGraphicsScene::tellSelection()
 {
     const CSceneSelection &selected = selection();
     if (!m_backend->isDragging())
-        selected.raise(portItems());
+        selected.raise(m_backend->content().portItems());
     Q_EMIT notifySelectedChanged(selected.ports(), selected.canGroup(), selected.canBreakGroup());
     static const QMetaMethod infos =
         QMetaMethod::fromSignal(&CCabinetGraphicsScene::notifySelectedCabinetInfos);
@@ -241,7 +215,7 @@ void CCabinetGraphicsScene::selectedItemMoveRight()
 void CCabinetGraphicsScene::setCabinetLocked(int port, bool locked)
 {
     m_backend->batches().cancelGesture();
-    if (CGraphicsPortItem *item = portItem(port)) {
+    if (CGraphicsPortItem *item = m_backend->content().portItem(port)) {
         item->setShownLocked(locked);
         item->updateLabel();
         m_backend->content().forgetRecord(port);
@@ -278,7 +252,7 @@ void CCabinetGraphicsScene::onSelectionChanged()
 
 void CCabinetGraphicsScene::onNotifyProcessorStateChanged()
 {
-    for (CGraphicsPortItem *port : portItems())
+    for (CGraphicsPortItem *port : m_backend->content().portItems())
         port->refreshState();
     m_backend->faults().noteAll(); // what is redundant now has none
     m_backend->content().forgetRecords();
@@ -288,7 +262,7 @@ void CCabinetGraphicsScene::onNotifyProcessorStateChanged()
 
 void CCabinetGraphicsScene::onNotifyCabinetColorChanged(int port, const QColor &color)
 {
-    if (CGraphicsPortItem *item = portItem(port)) {
+    if (CGraphicsPortItem *item = m_backend->content().portItem(port)) {
         item->setColor(color);
         m_backend->content().forgetRecord(port);
         item->updateLabel();
@@ -308,7 +282,7 @@ void CCabinetGraphicsScene::setCanvasSize(const QSize &size)
 
 void CCabinetGraphicsScene::setPortLoad(int port, int load)
 {
-    if (CGraphicsPortItem *item = portItem(port))
+    if (CGraphicsPortItem *item = m_backend->content().portItem(port))
         item->setShownLoad(load);
 }
 
@@ -355,7 +329,7 @@ void CCabinetGraphicsScene::updateContentRect()
 void CCabinetGraphicsScene::renderPicture(QPainter &painter, const QRectF &target, const QRectF &source)
 {
     const auto drawUnder = [this, &painter, &source] { drawBackground(&painter, source); };
-    if (!CFarPorts::drawPicture(portItems(), painter, target, source, drawUnder))
+    if (!CFarPorts::drawPicture(m_backend->content().portItems(), painter, target, source, drawUnder))
         CGraphicsScene::renderPicture(painter, target, source);
 }
 
@@ -370,7 +344,7 @@ void CCabinetGraphicsScene::drawBackground(QPainter *painter, const QRectF &rect
 void CCabinetGraphicsScene::paintLabels(QPainter &painter, const QRectF &exposed) const
 {
     const qreal scale = painter.worldTransform().m11();
-    for (const CGraphicsPortItem *port : portItems()) {
+    for (const CGraphicsPortItem *port : m_backend->content().portItems()) {
         const SPortLook look = port->look();
         const QVector<QRectF> areas = CPortLabel::areas(look, scale);
         if (std::any_of(areas.begin(), areas.end(),

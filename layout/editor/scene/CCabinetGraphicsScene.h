@@ -8,14 +8,12 @@
 #include "layout/api/records/ProcessorTree.h"
 #include "layout/api/records/SBackgroundInfo.h"
 #include "layout/drawing/CCanvasFill.h"
-#include "layout/editor/scene/ToolMode.h"
 #include "platform/graphics/CGraphicsScene.h"
 
 #include <QUndoStack>
 
 #include <memory>
 
-class CGraphicsPortItem;
 class CPendingEdits;
 class CSceneBackend;
 class CSceneSelection;
@@ -47,17 +45,12 @@ public:
     /// Items being dragged are returned as they were before the drag.
     void getLayoutData(CabinetLayout &layout, const QUuid &processor) const override;
 
-    /// In ascending port index.
-    const QVector<CGraphicsPortItem *> &portItems() const;
-    CGraphicsPortItem *portItem(int port) const; ///< null for an unknown index
     const CSceneSelection &selection() const;
     /// The parts that hold and edit the content of the scene.
-    CSceneBackend &backend() { return *m_backend; }
+    CSceneBackend &backend() const { return *m_backend; }
 
-    /// The scene's own stack, unless another one was set; null after setUndoStack(nullptr).
-    QUndoStack *undoStack() const;
-    /// Records on @p stack from now on; null: edits cannot be undone. The caller keeps ownership, and must
-    /// set another stack before deleting this one.
+    /// Records on @p stack from now on, instead of on the scene's own; null: edits cannot be undone. The
+    /// caller keeps ownership, and must set another stack before deleting this one.
     void setUndoStack(QUndoStack *stack);
     /// The first of the editor's own commands in @p command, which may be a macro; null if there is none.
     const CUndoCommandBase *getChildUndoCommand(const QUndoCommand *command) const;
@@ -73,14 +66,11 @@ public:
     /// is exactly the origin. A refusal is shown in a message box over @p parent.
     void pasteItems(const QPointF &scenePos, QWidget *parent);
 
-    void setToolMode(ToolMode mode, bool on);
-    bool isToolModeSet(ToolMode mode) const;
     /// Leaves the mode set by the view, and ends a pending append.
     void leaveOperation();
 
     /// The reason why the fill image of the canvas is not drawn; empty if it is.
     const QString &fillProblem() const { return m_fill.problem(); }
-    void renderPicture(QPainter &painter, const QRectF &target, const QRectF &source) override;
 
 Q_SIGNALS:
     void notifyExitCurrentOperate();
@@ -123,6 +113,7 @@ protected:
     void mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event) override;
     void drawBackground(QPainter *painter, const QRectF &rect) override;
     void drawForeground(QPainter *painter, const QRectF &rect) override;
+    void renderPicture(QPainter &painter, const QRectF &target, const QRectF &source) override;
 
 private:
     ISceneInput *input() const;

@@ -3,11 +3,13 @@
 #include "layout/editor/scene/CSceneBackend.h"
 
 #include "layout/editor/scene/ISceneInput.h"
+#include "platform/graphics/CGraphicsScene.h"
 
 CSceneBackend::CSceneBackend(CGraphicsScene &scene, const IPortStates &states,
                              std::function<void(const CPendingEdits &)> finish,
                              std::function<void(const QString &)> tell, std::function<void()> faultsChanged)
-    : m_states(states)
+    : m_scene(scene)
+    , m_states(states)
     , m_content(scene, *this, states)
     , m_batches(
           std::move(finish), [this] { cancelGesture(); }, std::move(tell))
@@ -45,6 +47,7 @@ void CSceneBackend::setToolMode(ToolMode mode, bool on)
         m_toolModes.insert(mode);
     else
         m_toolModes.remove(mode);
+    m_scene.updateViews(); // handles appear or disappear
 }
 
 void CSceneBackend::noteHighlighted(CGraphicsCabinetItem &cabinet, bool highlighted)

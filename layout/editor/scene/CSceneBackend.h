@@ -14,6 +14,7 @@
 #include "layout/editor/operations/CSelectionShape.h"
 #include "layout/editor/placing/CScenePlacing.h"
 #include "layout/editor/recording/CUndoRecorder.h"
+#include "layout/editor/scene/SEditTargets.h"
 #include "layout/editor/scene/ToolMode.h"
 
 #include <QSet>
@@ -44,6 +45,11 @@ public:
     CHighlights &highlights() { return m_highlights; }
     CLayoutFaults &faults() { return m_faults; }
     const IPortStates &states() const { return m_states; }
+    /// What menus and keys need of these.
+    SEditTargets targets()
+    {
+        return {m_states, m_content, m_selection, m_picks, m_history, m_operations, m_placing};
+    }
 
     /// Installs @p input, which handles mouse events; null: nobody does. The caller keeps ownership.
     void setInput(ISceneInput *input) { m_input = input; }
@@ -68,6 +74,7 @@ private:
     void noteHighlighted(CGraphicsCabinetItem &cabinet, bool highlighted) override;
     void cancelGesture();
 
+    CGraphicsScene &m_scene;
     const IPortStates &m_states;
     ISceneInput *m_input = nullptr;
     QSet<ToolMode> m_toolModes;

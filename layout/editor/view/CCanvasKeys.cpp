@@ -2,7 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/view/CCanvasKeys.h"
 
-#include "layout/editor/scene/CSceneBackend.h"
+#include "layout/editor/content/CSelectionPicks.h"
+#include "layout/editor/operations/CGuardedUndo.h"
+#include "layout/editor/operations/CSceneOperations.h"
+#include "layout/editor/placing/CScenePlacing.h"
+#include "layout/editor/scene/SEditTargets.h"
 
 #include <QKeyEvent>
 
@@ -14,36 +18,36 @@ namespace {
 struct SCanvasKey
 {
     QKeySequence key;
-    void (*edit)(CSceneBackend &);
+    void (*edit)(const SEditTargets &);
 };
 
 const QVector<SCanvasKey> &canvasKeys()
 {
     static const QVector<SCanvasKey> keys = {
         {Qt::Key_Up,
-         [](CSceneBackend &backend) {
-             backend.operations().nudge({0, -1});
+         [](const SEditTargets &targets) {
+             targets.operations.nudge({0, -1});
          }},
         {Qt::Key_Down,
-         [](CSceneBackend &backend) {
-             backend.operations().nudge({0, 1});
+         [](const SEditTargets &targets) {
+             targets.operations.nudge({0, 1});
          }},
         {Qt::Key_Left,
-         [](CSceneBackend &backend) {
-             backend.operations().nudge({-1, 0});
+         [](const SEditTargets &targets) {
+             targets.operations.nudge({-1, 0});
          }},
         {Qt::Key_Right,
-         [](CSceneBackend &backend) {
-             backend.operations().nudge({1, 0});
+         [](const SEditTargets &targets) {
+             targets.operations.nudge({1, 0});
          }},
-        {Qt::Key_Delete, [](CSceneBackend &backend) { backend.operations().remove(); }},
-        {QKeySequence(Qt::CTRL | Qt::Key_A), [](CSceneBackend &backend) { backend.picks().all(); }},
+        {Qt::Key_Delete, [](const SEditTargets &targets) { targets.operations.remove(); }},
+        {QKeySequence(Qt::CTRL | Qt::Key_A), [](const SEditTargets &targets) { targets.picks.all(); }},
         {QKeySequence(Qt::CTRL | Qt::Key_X),
-         [](CSceneBackend &backend) { backend.placing().cut(backend.operations()); }},
-        {QKeySequence(Qt::CTRL | Qt::Key_C), [](CSceneBackend &backend) { backend.placing().copy(); }},
-        {QKeySequence(Qt::CTRL | Qt::Key_G), [](CSceneBackend &backend) { backend.operations().group(); }},
+         [](const SEditTargets &targets) { targets.placing.cut(targets.operations); }},
+        {QKeySequence(Qt::CTRL | Qt::Key_C), [](const SEditTargets &targets) { targets.placing.copy(); }},
+        {QKeySequence(Qt::CTRL | Qt::Key_G), [](const SEditTargets &targets) { targets.operations.group(); }},
         {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_G),
-         [](CSceneBackend &backend) { backend.operations().ungroup(); }},
+         [](const SEditTargets &targets) { targets.operations.ungroup(); }},
     };
     return keys;
 }
@@ -55,19 +59,19 @@ QKeySequence pressedKey(const QKeyEvent &event)
 
 } // namespace
 
-bool CCanvasKeys::carryOut(const QKeyEvent &event, CSceneBackend &backend, QWidget *parent)
+bool CCanvasKeys::carryOut(const QKeyEvent &event, const SEditTargets &targets, QWidget *parent)
 {
     const QKeySequence pressed = pressedKey(event);
     const auto key = std::find_if(canvasKeys().begin(), canvasKeys().end(),
                                   [&pressed](const SCanvasKey &k) { return k.key == pressed; });
     if (key != canvasKeys().end())
-        key->edit(backend);
+        key->edit(targets);
     else if (event.matches(QKeySequence::Undo))
-        backend.history().undo(parent);
+        targets.history.undo(parent);
     else if (isHistory(event))
-        backend.history().redo(parent);
+        targets.history.redo(parent);
     else if (event.matches(QKeySequence::Paste))
-        backend.placing().paste({}, parent);
+        targets.placing.paste({}, parent);
     else
         return false;
     return true;

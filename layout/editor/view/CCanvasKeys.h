@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-class CSceneBackend;
 class QKeyEvent;
 class QWidget;
+struct SEditTargets;
 
 /// The keys of the canvas. GUI thread.
 class CCanvasKeys final
@@ -12,7 +12,7 @@ class CCanvasKeys final
 public:
     /// Carries out the edit assigned to the key; messages appear over @p parent. Returns false if the key has
     /// none.
-    static bool carryOut(const QKeyEvent &event, CSceneBackend &backend, QWidget *parent);
+    static bool carryOut(const QKeyEvent &event, const SEditTargets &targets, QWidget *parent);
     /// Whether the key is undo or redo, which work with every tool.
     static bool isHistory(const QKeyEvent &event);
     /// Whether the key opens the menu that appends cabinets.

@@ -174,7 +174,8 @@ void CLayoutGraphicsView::onToolButtonToggled(int id, bool checked)
 void CLayoutGraphicsView::clearTopology()
 {
     if (m_scene->selection().isEmpty())
-        CClearTopology::ask(this, m_scene->backend(), m_scene->backend().states().currentPort());
+        CClearTopology::ask(this, m_scene->backend().content(), m_scene->backend().operations(),
+                            m_scene->backend().states().currentPort());
     else
         m_scene->breakSelectedWiring();
 }
@@ -346,7 +347,7 @@ bool CLayoutGraphicsView::viewportEvent(QEvent *event)
 
 void CLayoutGraphicsView::paintEvent(QPaintEvent *event)
 {
-    CFarPorts farPorts(m_scene->portItems(), viewportTransform().m11(),
+    CFarPorts farPorts(m_scene->backend().content().portItems(), viewportTransform().m11(),
                        CFarPorts::exposed(*this, event->region()));
     farPorts.passOver(*m_scene);
     m_farPorts = &farPorts;
@@ -371,6 +372,6 @@ void CLayoutGraphicsView::keyPressEvent(QKeyEvent *event)
         openAppendMenu(QCursor::pos());
     else if (!isInteractive() && !CCanvasKeys::isHistory(*event)) // no edits in hand mode
         CGraphicsView::keyPressEvent(event);
-    else if (!CCanvasKeys::carryOut(*event, m_scene->backend(), this))
+    else if (!CCanvasKeys::carryOut(*event, m_scene->backend().targets(), this))
         CGraphicsView::keyPressEvent(event);
 }

@@ -19,8 +19,8 @@ QUndoStack &CShownLayout::enter(const QUuid &processor, const CabinetLayout &lay
 void CShownLayout::show(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout, bool anew)
 {
     const bool inPlace = !anew && m_scene.backend().content().canRebuild(layout);
-    if (!anew && !inPlace && m_scene.undoStack())
-        m_scene.undoStack()->clear(); // its steps belong to ports that no longer exist
+    if (!anew && !inPlace && m_scene.backend().recorder().stack())
+        m_scene.backend().recorder().stack()->clear(); // its steps belong to ports that no longer exist
     m_scene.setLayoutData(processor, layout, m_scene.backend().placing().cache(), {}, inPlace);
 }
 
@@ -37,7 +37,7 @@ QVector<QUuid> CShownLayout::itemsOf(const QVector<int> &ports) const
 {
     QVector<QUuid> items;
     for (const int port : ports) {
-        const CGraphicsPortItem *item = m_scene.portItem(port);
+        const CGraphicsPortItem *item = m_scene.backend().content().portItem(port);
         const QVector<CGraphicsItemBase *> tops = item ? item->topItems() : QVector<CGraphicsItemBase *>();
         for (const CGraphicsItemBase *top : tops)
             items << top->uuid();
@@ -48,7 +48,7 @@ QVector<QUuid> CShownLayout::itemsOf(const QVector<int> &ports) const
 QList<CShownLayout::Cabinet> CShownLayout::cabinets(int port) const
 {
     QList<Cabinet> cabinets;
-    if (const CGraphicsPortItem *item = m_scene.portItem(port)) {
+    if (const CGraphicsPortItem *item = m_scene.backend().content().portItem(port)) {
         for (const CGraphicsCabinetItem *cabinet : item->cabinets(nullptr))
             cabinets << cabinet->cabinet();
     }

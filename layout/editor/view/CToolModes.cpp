@@ -4,6 +4,7 @@
 
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
+#include "layout/editor/scene/ToolMode.h"
 #include "layout/editor/view/CEditorToolBar.h"
 
 #include <QGraphicsView>
@@ -45,9 +46,9 @@ void CToolModes::apply(QGraphicsView &view, CCabinetGraphicsScene &scene, CEdito
     }
     if (!isOn(Bar::Arrow))
         scene.backend().placing().endAppend();
-    scene.setToolMode(ToolMode::ManualWiring, isOn(Bar::Pen));
-    scene.setToolMode(ToolMode::HeadToTailExchange, isOn(Bar::HeadToTailExchange));
-    scene.setToolMode(ToolMode::Highlighting, isOn(Bar::Calibrate));
+    scene.backend().setToolMode(ToolMode::ManualWiring, isOn(Bar::Pen));
+    scene.backend().setToolMode(ToolMode::HeadToTailExchange, isOn(Bar::HeadToTailExchange));
+    scene.backend().setToolMode(ToolMode::Highlighting, isOn(Bar::Calibrate));
     if (isOn(Bar::Pen))
         scene.clearSelection();
     if (!isOn(Bar::Calibrate))

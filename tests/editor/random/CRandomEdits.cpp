@@ -265,7 +265,8 @@ bool CRandomEdits::resizeSelected()
 bool CRandomEdits::exchangeReceivers()
 {
     const int port = m_random.bounded(PortCount);
-    const QVector<CGraphicsCabinetItem *> cabinets = m_scene.portItem(port)->cabinets(nullptr);
+    const QVector<CGraphicsCabinetItem *> cabinets =
+        m_scene.backend().content().portItem(port)->cabinets(nullptr);
     if (cabinets.isEmpty())
         return false;
     const CGraphicsCabinetItem *cabinet = cabinets.at(m_random.bounded(cabinets.size()));
@@ -275,14 +276,14 @@ bool CRandomEdits::exchangeReceivers()
 
 bool CRandomEdits::drawStroke()
 {
-    const CGraphicsPortItem *port = m_scene.portItem(m_random.bounded(PortCount));
+    const CGraphicsPortItem *port = m_scene.backend().content().portItem(m_random.bounded(PortCount));
     const QVector<CGraphicsCabinetItem *> cabinets = port->cabinets(nullptr);
     if (cabinets.isEmpty())
         return false;
     CGraphicsCabinetItem *first = cabinets.at(m_random.bounded(cabinets.size()));
     QVector<QPointF> way = {first->sceneBoundingRect().center()};
     const QUuid begin = first->uuid();
-    m_scene.setToolMode(ToolMode::ManualWiring, true);
+    m_scene.backend().setToolMode(ToolMode::ManualWiring, true);
     IMouseMode &pen = m_scene.backend().mouse()->mouseMode();
     pen.beginStroke(*first, way.first());
     m_world.selectedBefore.clear();
@@ -295,7 +296,7 @@ bool CRandomEdits::drawStroke()
         pen.continueStroke(way.last());
     }
     pen.endStroke(way.last());
-    m_scene.setToolMode(ToolMode::ManualWiring, false);
+    m_scene.backend().setToolMode(ToolMode::ManualWiring, false);
     if (port->isClosed())
         return false;
     m_expected.drawStroke(port->port(), begin, way);

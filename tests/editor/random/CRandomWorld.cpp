@@ -70,7 +70,7 @@ void CRandomWorld::select(QRandomGenerator &random)
     m_scene.clearSelection();
     const int port = random.bounded(PortCount + 1); // one more: all ports
     const int share = 1 + random.bounded(4);
-    for (const CGraphicsPortItem *item : m_scene.portItems()) {
+    for (const CGraphicsPortItem *item : m_scene.backend().content().portItems()) {
         if (port != PortCount && item->port() != port)
             continue;
         for (CGraphicsCabinetItem *cabinet : item->cabinets(nullptr)) {
@@ -103,8 +103,8 @@ QString CRandomWorld::run(const SRandomOperation &operation)
     case History:
         if (!stepHistory(random))
             return QStringLiteral("another selection than beside the step");
-        return check(m_scene.undoStack()->index(), false,
-                     CReferenceModel(m_history.at(m_scene.undoStack()->index())));
+        return check(m_scene.backend().recorder().stack()->index(), false,
+                     CReferenceModel(m_history.at(m_scene.backend().recorder().stack()->index())));
     default:
         return edit(operation.kind, random);
     }
@@ -112,12 +112,12 @@ QString CRandomWorld::run(const SRandomOperation &operation)
 
 QString CRandomWorld::edit(int kind, QRandomGenerator &random)
 {
-    const int indexBefore = m_scene.undoStack()->index();
+    const int indexBefore = m_scene.backend().recorder().stack()->index();
     CReferenceModel expected(m_world.layout());
     CRandomEdits edits(m_world, random, expected);
     const bool edited = edits.carryOut(kind);
-    if (!edited &&
-        (m_scene.undoStack()->index() != indexBefore || (m_world.sceneSignals > 0 && !edits.isHighlight())))
+    if (!edited && (m_scene.backend().recorder().stack()->index() != indexBefore ||
+                    (m_world.sceneSignals > 0 && !edits.isHighlight())))
         return QStringLiteral("what does nothing has recorded a step or announced a change");
     if (m_world.selectionSignals > 1 || m_world.sceneSignals > 1)
         return QStringLiteral("more than one signal for one operation");
@@ -150,7 +150,7 @@ QString CRandomWorld::checkHighlights()
 
 QString CRandomWorld::checkColors() const
 {
-    for (const CGraphicsPortItem *port : m_scene.portItems()) {
+    for (const CGraphicsPortItem *port : m_scene.backend().content().portItems()) {
         const QColor wanted = m_world.states.portColor(port->port());
         const auto cabinets = port->cabinets(nullptr);
         const bool right = std::all_of(cabinets.begin(), cabinets.end(), [&](const auto *cabinet) {
@@ -171,13 +171,13 @@ bool CRandomWorld::stepHistory(QRandomGenerator &random)
     m_world.states.locked.clear(); // refusals show a box and are tested elsewhere
     bool selects = true;
     for (int i = 1 + random.bounded(4); i > 0; --i) {
-        const int index = m_scene.undoStack()->index();
+        const int index = m_scene.backend().recorder().stack()->index();
         const bool undoing = random.bounded(3);
         if (undoing)
             m_scene.undo(nullptr);
         else
             m_scene.redo(nullptr);
-        const int now = m_scene.undoStack()->index();
+        const int now = m_scene.backend().recorder().stack()->index();
         if (now != index)
             selects = selects && m_world.selected() == (now < index ? m_selections.at(index).first
                                                                     : m_selections.at(now).second);
@@ -190,7 +190,7 @@ bool CRandomWorld::stepHistory(QRandomGenerator &random)
 
 QString CRandomWorld::reload(bool undoable, QRandomGenerator &random)
 {
-    int index = m_scene.undoStack()->index();
+    int index = m_scene.backend().recorder().stack()->index();
     LayoutData data = m_world.data;
     data.layout = m_world.layout();
     if (undoable && random.bounded(2))
@@ -202,11 +202,11 @@ QString CRandomWorld::reload(bool undoable, QRandomGenerator &random)
     const CReferenceModel wanted(data.layout);
     const bool same = wanted.matches(CReferenceModel(m_world.layout()));
     m_scene.setLayoutData(SmallWorlds::node(data), data, m_world.cache, {}, undoable);
-    if (undoable && (m_scene.undoStack()->index() == index) != same)
+    if (undoable && (m_scene.backend().recorder().stack()->index() == index) != same)
         return QStringLiteral("a reload of %1 layout")
             .arg(same ? QStringLiteral("an equal") : QStringLiteral("another"));
     if (!undoable) {
-        m_scene.undoStack()->clear();
+        m_scene.backend().recorder().stack()->clear();
         m_history = {comparable()};
         m_selections.resize(1);
         index = 0;
@@ -220,7 +220,7 @@ QString CRandomWorld::lookAway(QRandomGenerator &random)
 {
     LayoutData data = m_world.data;
     data.layout = m_world.layout();
-    QUndoStack *stack = m_scene.undoStack();
+    QUndoStack *stack = m_scene.backend().recorder().stack();
     m_scene.clearLayout();
     m_scene.setUndoStack(nullptr);
     const LayoutData other = RandomLayout::randomWorld(random);
@@ -238,7 +238,7 @@ QString CRandomWorld::check(int indexBefore, bool edited, const CReferenceModel 
     if (!fault.isEmpty())
         return fault;
     const CabinetLayout now = comparable();
-    const int index = m_scene.undoStack()->index();
+    const int index = m_scene.backend().recorder().stack()->index();
     if (index > indexBefore || m_history.size() <= index) {
         m_history.resize(index);
         m_history << now;
@@ -262,7 +262,7 @@ QString CRandomWorld::checkHistory()
 {
     m_world.states.locked.clear();
     m_world.states.redundancy.clear();
-    const QUndoStack &stack = *m_scene.undoStack();
+    const QUndoStack &stack = *m_scene.backend().recorder().stack();
     for (const bool undoing : {true, false}) {
         while (undoing ? stack.canUndo() : stack.canRedo()) {
             undoing ? m_scene.undo(nullptr) : m_scene.redo(nullptr);
