@@ -30,7 +30,8 @@ public:
     CStatus exportPort(const QUuid &processor, int port, const QString &file) const;
     CStatus importPort(const QUuid &processor, int port, const QString &file, bool overwriteLocked);
     CStatus exportCabinet(const Cabinet &cabinet, const QString &file) const;
-    /// Writes what a connected cabinet reported, even if the library does not know its type. The type is named
+    /// Writes what a connected cabinet reported, even if the library does not know its type. The type is
+    /// named
     /// @p typeName in the file, unless that is empty.
     CStatus writeConnected(const SConnectedCabinet &connected, const QString &file,
                            const QString &typeName) const;

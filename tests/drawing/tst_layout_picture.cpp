@@ -320,7 +320,7 @@ private Q_SLOTS:
             const QImage marked = pictureOf(wall(), options, scale);
             options.customMarks = false;
             const QRect mark = difference(marked, pictureOf(wall(), options, scale));
-            
+
             QVERIFY2(mark.left() >= int(500 * scale), "a typed cabinet is marked");
             QVERIFY(mark.bottomRight() == marked.rect().bottomRight());
             QVERIFY(mark.width() <= qMax(3.0, 60 * scale));
