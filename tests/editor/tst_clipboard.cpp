@@ -6,7 +6,6 @@
 #include "tests/harness/CMessageBoxAnswerer.h"
 
 #include <QClipboard>
-#include <QComboBox>
 #include <QMimeData>
 
 #include <functional>
@@ -68,9 +67,7 @@ private Q_SLOTS:
         QCOMPARE(pending.value(QStringLiteral("rcvTypeInfo")).value<CScenePlacing::TypeInfo>(), type);
         QCOMPARE(m_mouse->scene().property("pendingAppendCabinetSize").toSize(), QSize(64, 32));
         for (const int port : {0, 2}) { // chosen meanwhile
-            auto *ports = m_mouse->view().toolBar().findChild<QComboBox *>();
-            ports->setCurrentIndex(port);
-            Q_EMIT ports->activated(port);
+            m_mouse->view().onPortToggled(port, true);
             QCOMPARE(m_mouse->scene().property("pendingAppendCabinetPort").toInt(), port);
         }
         m_mouse->hover({700, 300});
