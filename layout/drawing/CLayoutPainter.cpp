@@ -68,8 +68,8 @@ void paintNumber(QPainter &painter, const SCabinetLook &look, const QRectF &onSc
     painter.setWorldTransform(QTransform());
     painter.setFont(font);
     painter.setPen(look.wired ? CPortColors::ink(fill) : CPortColors::tint(look.fill));
-    painter.drawText(place, Qt::AlignLeft | (close ? Qt::AlignVCenter : Qt::AlignTop) | Qt::TextDontClip,
-                     look.number);
+    const Qt::Alignment alignment = Qt::AlignLeft | (close ? Qt::AlignVCenter : Qt::AlignTop);
+    painter.drawText(place, int(alignment) | int(Qt::TextDontClip), look.number);
     painter.setWorldTransform(canvas);
 }
 
