@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/api/records/CabinetLayout.h"
+#include "layout/api/records/ProcessorTree.h"
+#include "layout/api/records/SPortLoad.h"
+#include "layout/api/records/SSettings.h"
+
+#include <QMap>
+#include <QSize>
+#include <QString>
+#include <QVector>
+
+/// One processor that is printed: its wall, and the figures that only the host knows.
+struct SPrintedProcessor
+{
+    ProcessorTree::ProcessorNode node; ///< with address 0 for a project, which has none
+    CabinetLayout layout;
+    QSize canvas; ///< pixels
+    QString kind; ///< the model; empty: unknown
+    int portCount = 0;
+    int frameRate = 60;         ///< hertz
+    int colorDepth = 8;         ///< bits
+    qint64 pixelLimit = 0;      ///< what the processor can drive in all; 0: unknown
+    QMap<int, SPortLoad> loads; ///< by output-port index; of every port
+};
+
+/// What is printed. A value: what happens to the layout later does not change it.
+struct SPrintInput
+{
+    using RcvTypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
+
+    QVector<SPrintedProcessor> processors;
+    QMap<SMD5, RcvTypeInfo> types; ///< of all cabinets whose type the library knows
+    QMap<QUuid, QString> names;    ///< of processors that hold the other ports of pairs
+};

@@ -1,0 +1,114 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/printing/figures/SPrintInput.h"
+#include "layout/printing/figures/SPrintJob.h"
+
+#include <QColor>
+#include <QRectF>
+
+/// A type of cabinet as it appears on the sheets of a job.
+struct SPlanType
+{
+    QString letter; ///< A, B, C … by the order of first use
+    QString name;
+    QSize pixels;
+    QSizeF millimetres; ///< presumed from the pitch if the type does not tell
+    bool presumed = false;
+    double kilograms = 0; ///< 0: unknown
+    int wattsMaximum = 0; ///< 0: unknown
+    int wattsAverage = 0; ///< 0: unknown
+};
+
+/// A cabinet with its place on the real wall.
+struct SPlanCabinet
+{
+    int port = -1;      ///< output-port index, from 0
+    int number = 0;     ///< place in the chain, from 1; 0: not wired
+    int type = -1;      ///< index into SPrintPlan::types
+    QRect pixels;       ///< on the canvas
+    QRectF millimetres; ///< from the wall's upper left corner, as seen from the front
+    int row = 0;        ///< from 1, from the top
+    int column = 0;     ///< from 1, from the left as seen from the front
+
+    QString place() const { return QStringLiteral("r%1 c%2").arg(row).arg(column); }
+};
+
+/// One cable.
+struct SCableRun
+{
+    int route = 0; ///< millimetres along level and upright lines
+    int need = 0;  ///< route and slack, millimetres
+    int stock = 0; ///< the length to take, metres; 0: longer than all stock lengths
+};
+
+/// Sums over cabinets.
+struct SPlanTotals
+{
+    int cabinets = 0;
+    int ports = 0; ///< that have cabinets
+    qint64 pixels = 0;
+    double squareMetres = 0;
+    double kilograms = 0;
+    qint64 wattsMaximum = 0;
+    qint64 wattsAverage = 0;
+    bool complete = true; ///< weight and power of every cabinet are known
+
+    /// Amperes for @p watts, rounded up to a tenth.
+    static double amperes(qint64 watts, int volts);
+};
+
+/// An output port of a plan.
+struct SPlanPort
+{
+    int index = -1;       ///< from 0
+    QVector<int> chain;   ///< indices into SPlanProcessor::cabinets, in wiring order
+    QVector<int> unwired; ///< the same, of cabinets without wiring, by place
+    SPlanTotals totals;
+    qint64 charged = 0; ///< pixels that count for the load
+    qint64 capacity = 0;
+    int load = 0; ///< percent
+    QColor color; ///< of its cabinets on the canvas
+    bool locked = false;
+    bool looped = false;     ///< the end of the chain is looped back
+    QString redundancyName;  ///< of the processor that it is looped back to
+    int redundancyPort = -1; ///< output-port index there, from 0
+    bool redundant = false;  ///< it is the redundancy port of a pair
+    QVector<SCableRun> hops; ///< from each cabinet of the chain to the next
+    SCableRun feed;          ///< only with a chain
+    SCableRun loop;          ///< only if looped
+
+    bool isUsed() const { return !chain.isEmpty() || !unwired.isEmpty(); }
+    /// "Main stage B, port 4"; empty if it is not looped back.
+    QString redundancyText() const;
+};
+
+/// A processor of a plan.
+struct SPlanProcessor
+{
+    SPrintedProcessor source;
+    PrintConfig config;             ///< that its sheets are made with
+    QString name;                   ///< "name (address)", or the name
+    QString version;                ///< of the layout, "C379-AAD8"
+    QVector<SPlanCabinet> cabinets; ///< by port, then by place in the chain, then those without wiring
+    QVector<SPlanPort> ports;       ///< every output port of the processor, ascending
+    QSizeF millimetres;             ///< of the wall
+    QRect pixels;                   ///< of the wall, on the canvas
+    int rows = 0;
+    int columns = 0;
+    SPlanTotals totals;
+
+    const SPlanPort *port(int index) const;
+};
+
+/// Everything that the sheets of a job tell, computed once.
+struct SPrintPlan
+{
+    PrintConfig config; ///< of the whole job
+    QVector<SPlanType> types;
+    QVector<SPlanProcessor> processors;
+    SPlanTotals totals;
+
+    static SPrintPlan of(const SPrintInput &input, const SPrintJob &job);
+};

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QFont>
+#include <QString>
+#include <QStringList>
+
+/// The letters of all sheets: one sans-serif family, measured as they are drawn, independent of any device.
+/// Any thread.
+class CSheetFont final
+{
+public:
+    /// Widths and heights of letters are computed from this many units per millimetre; painters that draw
+    /// sheets use the same unit.
+    static constexpr int UnitsPerMillimetre = 100;
+
+    /// The font for a painter that has UnitsPerMillimetre.
+    static QFont font(double points, bool bold);
+    /// Millimetres that a text takes on its line.
+    static double width(const QString &text, double points, bool bold);
+    /// Millimetres from the top of the highest letter to the bottom of the lowest, with their room.
+    static double lineHeight(double points);
+    /// Height of a capital, millimetres.
+    static double capHeight(double points);
+    /// @p text, or what fits of it: its middle is replaced by an ellipsis.
+    static QString elided(const QString &text, double points, bool bold, double width);
+    /// Breaks @p text at spaces into lines of at most @p width millimetres, and at line feeds.
+    static QStringList lines(const QString &text, double points, bool bold, double width);
+};
