@@ -24,13 +24,15 @@ struct SPlanType
 /// A cabinet with its place on the real wall.
 struct SPlanCabinet
 {
-    int port = -1;      ///< output-port index, from 0
-    int number = 0;     ///< place in the chain, from 1; 0: not wired
-    int type = -1;      ///< index into SPrintPlan::types
-    QRect pixels;       ///< on the canvas
-    QRectF millimetres; ///< from the wall's upper left corner, as seen from the front
-    int row = 0;        ///< from 1, from the top
-    int column = 0;     ///< from 1, from the left as seen from the front
+    int port = -1;  ///< output-port index, from 0
+    int number = 0; ///< place in the chain, from 1; 0: not wired
+    int type = -1;  ///< index into SPrintPlan::types
+    SMD5 typeKey;
+    QVector<QRect> receivers; ///< areas of its receivers, in wiring order, in its own pixels
+    QRect pixels;             ///< on the canvas
+    QRectF millimetres;       ///< from the wall's upper left corner, as seen from the front
+    int row = 0;              ///< from 1, from the top
+    int column = 0;           ///< from 1, from the left as seen from the front
 
     QString place() const { return QStringLiteral("r%1 c%2").arg(row).arg(column); }
 };

@@ -77,6 +77,7 @@ struct SSheet
     QRectF frame; ///< nothing is drawn outside
     View view = Front;
     int port = -1;             ///< output-port index of a port sheet, from 0
+    bool list = false;         ///< a table or the cover: the view says only how the job is printed
     QString scale;             ///< for the title block: "to fit", "1:25"
     QVector<SSheetMark> marks; ///< drawn in this order
 };

@@ -17,6 +17,8 @@ constexpr double TablePoints = 9;
 constexpr double NotePoints = 8.5;
 constexpr double CaptionPoints = 7; ///< the smallest
 
+constexpr double HeadBase = 8.6; ///< of the name in the head of a sheet, below the top of the content
+
 void line(SSheet &sheet, const QPointF &from, const QPointF &to, double width);
 void rectangle(SSheet &sheet, const QRectF &rect, double width);
 void fill(SSheet &sheet, const QRectF &rect, const QColor &color, int hatching = 0);

@@ -1,0 +1,214 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/printing/figures/CPlanBuilder.h"
+
+#include "layout/printing/figures/CMillimetreAxis.h"
+#include "layout/printing/figures/CableRoutes.h"
+#include "layout/printing/figures/LayoutVersion.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace {
+
+using Cabinet = CabinetLayout::CabinetPort::Cabinet;
+
+/// By place in the chain, those without wiring last.
+bool chainBefore(const Cabinet &a, const Cabinet &b)
+{
+    const auto key = [](const Cabinet &c) {
+        return std::make_tuple(c.rank < 0, c.rank, c.rect.y(), c.rect.x(), c.uuid);
+    };
+    return key(a) < key(b);
+}
+
+/// A, B, … Z, AA, AB …
+QString letterOf(int index)
+{
+    const QString last(QLatin1Char(char('A' + index % 26)));
+    return index < 26 ? last : letterOf(index / 26 - 1) + last;
+}
+
+void add(SPlanTotals &sum, const SPlanTotals &part)
+{
+    sum.cabinets += part.cabinets;
+    sum.ports += part.ports;
+    sum.pixels += part.pixels;
+    sum.squareMetres += part.squareMetres;
+    sum.kilograms += part.kilograms;
+    sum.wattsMaximum += part.wattsMaximum;
+    sum.wattsAverage += part.wattsAverage;
+    sum.complete = sum.complete && part.complete;
+}
+
+SPlanTotals totalsOf(const SPlanCabinet &cabinet, const SPlanType &type)
+{
+    SPlanTotals totals;
+    totals.cabinets = 1;
+    totals.pixels = qint64(cabinet.pixels.width()) * cabinet.pixels.height();
+    totals.squareMetres = type.millimetres.width() * type.millimetres.height() / 1e6;
+    totals.kilograms = type.kilograms;
+    totals.wattsMaximum = type.wattsMaximum;
+    totals.wattsAverage = type.wattsAverage;
+    totals.complete = type.kilograms > 0 && type.wattsMaximum > 0 && type.wattsAverage > 0;
+    return totals;
+}
+
+} // namespace
+
+CPlanBuilder::CPlanBuilder(const SPrintInput &input, const SPrintJob &job)
+    : m_input(input)
+    , m_job(job)
+{
+}
+
+SPrintPlan CPlanBuilder::build()
+{
+    m_plan.config = m_job.whole;
+    for (const SPrintedProcessor &source : m_input.processors) {
+        m_plan.processors << processor(source);
+        add(m_plan.totals, m_plan.processors.last().totals);
+    }
+    return std::move(m_plan);
+}
+
+SPlanProcessor CPlanBuilder::processor(const SPrintedProcessor &source)
+{
+    SPlanProcessor made;
+    made.source = source;
+    made.config = m_job.of(source.layout.processor);
+    made.name = source.node.displayText();
+    made.pixels = source.layout.boundingRect();
+    const int highest = source.layout.ports.isEmpty() ? 0 : source.layout.ports.last().index + 1;
+    for (int index = 0; index < std::max(source.portCount, highest); ++index)
+        made.ports << port(source, index, made);
+    place(made);
+    for (SPlanPort &laid : made.ports)
+        CableRoutes::lay(laid, made);
+    sum(made);
+    made.version = LayoutVersion::of(made);
+    return made;
+}
+
+SPlanPort CPlanBuilder::port(const SPrintedProcessor &source, int index, SPlanProcessor &into)
+{
+    SPlanPort made;
+    made.index = index;
+    const SPortLoad load = source.loads.value(index);
+    made.charged = load.pixels;
+    made.capacity = load.capacity;
+    made.load = load.percent;
+    const Port *record = source.layout.port(index);
+    if (!record)
+        return made;
+    made.color = record->color;
+    made.locked = record->locked;
+    addCabinets(record->getAllCabinets(), made, into);
+    giveRedundancy(made, *record, into);
+    return made;
+}
+
+void CPlanBuilder::addCabinets(QVector<Cabinet> cabinets, SPlanPort &port, SPlanProcessor &into)
+{
+    std::sort(cabinets.begin(), cabinets.end(), chainBefore);
+    for (const Cabinet &cabinet : qAsConst(cabinets)) {
+        SPlanCabinet made;
+        made.port = port.index;
+        made.type = typeOf(cabinet, into.config.pixelPitch);
+        made.typeKey = cabinet.type;
+        made.receivers = cabinet.rects;
+        made.pixels = cabinet.rect;
+        if (cabinet.rank >= 0)
+            made.number = port.chain.size() + 1;
+        (cabinet.rank >= 0 ? port.chain : port.unwired) << into.cabinets.size();
+        into.cabinets << made;
+    }
+}
+
+void CPlanBuilder::giveRedundancy(SPlanPort &port, const Port &record, const SPlanProcessor &processor) const
+{
+    port.redundant = record.redundancy == Port::Redundant;
+    if (record.redundancy != Port::NoRedundancy) {
+        const QUuid &other = record.redundancyProcessor;
+        port.redundancyPort = record.redundancyPort;
+        port.redundancyName = other.isNull() ? processor.source.node.name : nameOf(other);
+        port.looped = record.redundancy == Port::Primary && port.isUsed();
+    } else if (!processor.config.farEnd.isEmpty() && !port.chain.isEmpty()) {
+        port.redundancyPort = port.index;
+        port.redundancyName = processor.config.farEnd.section(QLatin1Char('('), 0, 0).trimmed();
+        port.looped = true;
+    }
+}
+
+QString CPlanBuilder::nameOf(const QUuid &processor) const
+{
+    for (const SPrintedProcessor &printed : m_input.processors) {
+        if (printed.layout.processor == processor)
+            return printed.node.name;
+    }
+    return m_input.names.value(processor, tr("another processor"));
+}
+
+int CPlanBuilder::typeOf(const Cabinet &cabinet, double pitch)
+{
+    const QSize size = cabinet.rect.size();
+    const auto key = qMakePair(cabinet.type, qMakePair(size.width(), size.height()));
+    const auto known = m_types.constFind(key);
+    if (known != m_types.constEnd())
+        return *known;
+    const SPrintInput::RcvTypeInfo info = m_input.types.value(cabinet.type);
+    SPlanType type;
+    type.letter = letterOf(m_plan.types.size());
+    type.name = cabinet.type.isNull() ? tr("custom size")
+                : info.name.isEmpty() ? tr("unknown type")
+                                      : info.name;
+    type.pixels = size;
+    type.presumed = info.millimetres.isEmpty() || info.width <= 0 || info.height <= 0;
+    // A resized cabinet keeps the pixel pitch of its type.
+    type.millimetres = type.presumed ? QSizeF(size) * pitch
+                                     : QSizeF(size.width() * info.millimetres.width() / info.width,
+                                              size.height() * info.millimetres.height() / info.height);
+    type.kilograms = info.kilograms;
+    type.wattsMaximum = info.wattsMaximum;
+    type.wattsAverage = info.wattsAverage;
+    m_types.insert(key, m_plan.types.size());
+    m_plan.types << type;
+    return m_plan.types.size() - 1;
+}
+
+void CPlanBuilder::place(SPlanProcessor &processor) const
+{
+    QVector<CMillimetreAxis::SSpan> across;
+    QVector<CMillimetreAxis::SSpan> down;
+    for (const SPlanCabinet &cabinet : qAsConst(processor.cabinets)) {
+        const QSizeF size = m_plan.types.at(cabinet.type).millimetres;
+        const QRect &rect = cabinet.pixels;
+        across.append({rect.left(), rect.left() + rect.width(), size.width()});
+        down.append({rect.top(), rect.top() + rect.height(), size.height()});
+    }
+    const CMillimetreAxis x(across);
+    const CMillimetreAxis y(down);
+    for (SPlanCabinet &cabinet : processor.cabinets) {
+        const QRect &rect = cabinet.pixels;
+        cabinet.millimetres =
+            QRectF(QPointF(x.at(rect.left()), y.at(rect.top())),
+                   QPointF(x.at(rect.left() + rect.width()), y.at(rect.top() + rect.height())));
+        cabinet.column = x.ordinal(rect.left());
+        cabinet.row = y.ordinal(rect.top());
+    }
+    processor.millimetres = {x.length(), y.length()};
+    processor.columns = x.count();
+    processor.rows = y.count();
+}
+
+void CPlanBuilder::sum(SPlanProcessor &processor) const
+{
+    for (SPlanPort &port : processor.ports) {
+        for (int index : port.chain + port.unwired) {
+            const SPlanCabinet &cabinet = processor.cabinets.at(index);
+            add(port.totals, totalsOf(cabinet, m_plan.types.at(cabinet.type)));
+        }
+        port.totals.ports = port.isUsed() ? 1 : 0;
+        add(processor.totals, port.totals);
+    }
+}

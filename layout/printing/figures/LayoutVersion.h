@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QString>
+
+struct SPlanProcessor;
+
+/// Tells sheets of one state of a layout from those of another.
+namespace LayoutVersion {
+
+/// Eight hexadecimal digits, "C379-AAD8": a digest of the processor's name, its signal and canvas, and of its
+/// ports with their redundancy and their cabinets in the order of the wiring. Identities, colours, locks and
+/// settings of the print do not count.
+QString of(const SPlanProcessor &processor);
+
+} // namespace LayoutVersion

@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/printing/figures/SPrintPlan.h"
+
+#include "layout/printing/figures/CPlanBuilder.h"
+
+#include <cmath>
+
+SPrintPlan SPrintPlan::of(const SPrintInput &input, const SPrintJob &job)
+{
+    return CPlanBuilder(input, job).build();
+}
+
+double SPlanTotals::amperes(qint64 watts, int volts)
+{
+    return volts > 0 ? double((watts * 10 + volts - 1) / volts) / 10 : 0;
+}
+
+QString SPlanPort::redundancyText() const
+{
+    return looped || redundant
+               ? CPlanBuilder::tr("%1, port %2").arg(redundancyName, QString::number(redundancyPort + 1))
+               : QString();
+}
+
+const SPlanPort *SPlanProcessor::port(int index) const
+{
+    return index >= 0 && index < ports.size() ? &ports.at(index) : nullptr;
+}

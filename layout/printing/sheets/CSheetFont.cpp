@@ -1,0 +1,77 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/printing/sheets/CSheetFont.h"
+
+#include <QFontMetricsF>
+
+namespace {
+
+constexpr double MillimetresPerPoint = 25.4 / 72;
+constexpr double CapShare = 0.73;  ///< of a capital in the size of the letters
+constexpr double LineShare = 1.16; ///< of a line
+constexpr int MeasuredPixels = 1000;
+
+QFont fontOf(int pixels, bool bold)
+{
+    QFont font;
+    font.setFamilies({QStringLiteral("Liberation Sans"), QStringLiteral("Nimbus Sans"),
+                      QStringLiteral("Arial"), QStringLiteral("Helvetica"), QStringLiteral("DejaVu Sans"),
+                      QStringLiteral("sans-serif")});
+    font.setStyleHint(QFont::SansSerif, QFont::StyleStrategy(QFont::PreferOutline | QFont::PreferAntialias));
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setPixelSize(pixels);
+    font.setBold(bold);
+    return font;
+}
+
+} // namespace
+
+QFont CSheetFont::font(double points, bool bold)
+{
+    return fontOf(qRound(points * MillimetresPerPoint * UnitsPerMillimetre), bold);
+}
+
+double CSheetFont::width(const QString &text, double points, bool bold)
+{
+    const QFontMetricsF metrics(fontOf(MeasuredPixels, bold));
+    return metrics.horizontalAdvance(text) / MeasuredPixels * points * MillimetresPerPoint;
+}
+
+double CSheetFont::lineHeight(double points)
+{
+    return LineShare * points * MillimetresPerPoint;
+}
+
+double CSheetFont::capHeight(double points)
+{
+    return CapShare * points * MillimetresPerPoint;
+}
+
+QString CSheetFont::elided(const QString &text, double points, bool bold, double width)
+{
+    if (CSheetFont::width(text, points, bold) <= width)
+        return text;
+    const QFontMetricsF metrics(fontOf(MeasuredPixels, bold));
+    return metrics.elidedText(text, Qt::ElideMiddle, width / (points * MillimetresPerPoint) * MeasuredPixels);
+}
+
+QStringList CSheetFont::lines(const QString &text, double points, bool bold, double width)
+{
+    QStringList lines;
+    for (const QString &paragraph : text.split(QLatin1Char('\n'))) {
+        QString line;
+        for (const QString &word : paragraph.split(QLatin1Char(' '))) {
+            const QString longer = line.isEmpty() ? word : line + QLatin1Char(' ') + word;
+            if (!line.isEmpty() && CSheetFont::width(longer, points, bold) > width) {
+                lines << line;
+                line = word;
+            } else {
+                line = longer;
+            }
+        }
+        lines << line;
+    }
+    for (QString &line : lines)
+        line = elided(line, points, bold, width);
+    return lines;
+}
