@@ -4,10 +4,10 @@
 #include "benchmarks/ChildProcess.h"
 #include "benchmarks/Figures.h"
 #include "benchmarks/FirstFrame.h"
-#include "host/app/CLogFile.h"
 #include "host/app/CMainWindow.h"
 #include "host/app/CModuleLoader.h"
-#include "host/app/SAppOptions.h"
+#include "host/app/start/CLogFile.h"
+#include "host/app/start/SAppOptions.h"
 #include "layout/api/records/RecordMetaTypes.h"
 #include "platform/widgets/CTheme.h"
 

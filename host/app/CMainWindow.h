@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "host/app/CAppSettings.h"
 #include "host/app/SMainActions.h"
+#include "host/app/start/CAppSettings.h"
 #include "host/devices/CDeviceManager.h"
 
 #include <QMainWindow>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/CProjectCommands.h"
 
-#include "host/app/CAppSettings.h"
 #include "host/app/CNewProjectDialog.h"
 #include "host/app/commands/CLayoutExport.h"
+#include "host/app/start/CAppSettings.h"
 #include "host/devices/CProjectShelf.h"
 #include "host/devices/services/CDeviceServices.h"
 #include "host/devices/simulated/CProcessorKinds.h"

@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/CWindowMenus.h"
 
-#include "host/app/CAppSettings.h"
 #include "host/app/CModuleHost.h"
+#include "host/app/start/CAppSettings.h"
 #include "host/devices/services/CDeviceTable.h"
 #include "layout/api/ILayoutInterface.h"
 

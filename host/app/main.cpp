@@ -1,12 +1,12 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/app/CLogFile.h"
 #include "host/app/CMainWindow.h"
 #include "host/app/CModuleHost.h"
 #include "host/app/CModuleLoader.h"
-#include "host/app/CSignalWatch.h"
-#include "host/app/SAppOptions.h"
 #include "host/app/commands/CCommandLine.h"
+#include "host/app/start/CLogFile.h"
+#include "host/app/start/CSignalWatch.h"
+#include "host/app/start/SAppOptions.h"
 #include "host/devices/services/CSimulatedPark.h"
 #include "layout/api/ILayoutInterface.h"
 #include "layout/api/records/RecordMetaTypes.h"

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/app/CAppSettings.h"
 #include "host/app/CHostControl.h"
-#include "host/app/CLogFile.h"
 #include "host/app/CModuleLoader.h"
-#include "host/app/SAppOptions.h"
+#include "host/app/start/CAppSettings.h"
+#include "host/app/start/CLogFile.h"
+#include "host/app/start/SAppOptions.h"
 #include "platform/control/CSubject.h"
 #include "platform/control/IAbstractInterfaceHandler.h"
 #include "tests/harness/CTestBase.h"

@@ -3,7 +3,7 @@
 #include "host/app/CDevicePanel.h"
 #include "host/app/CMainWindow.h"
 #include "host/app/CModuleHost.h"
-#include "host/app/SAppOptions.h"
+#include "host/app/start/SAppOptions.h"
 #include "host/devices/CDeviceTreeModel.h"
 #include "host/devices/jobs/CDeviceJob.h"
 #include "host/devices/simulated/CSimulatedProcessor.h"

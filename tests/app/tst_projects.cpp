@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/app/CAppSettings.h"
 #include "host/app/CNewProjectDialog.h"
 #include "host/app/CProjectCommands.h"
+#include "host/app/start/CAppSettings.h"
 #include "host/devices/CDeviceManager.h"
 #include "host/devices/simulated/CProcessorKinds.h"
 #include "host/projects/SFileStamp.h"

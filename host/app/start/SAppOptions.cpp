@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/app/SAppOptions.h"
+#include "host/app/start/SAppOptions.h"
 
 #include <QCommandLineParser>
 #include <QFileInfo>

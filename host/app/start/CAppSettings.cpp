@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/app/CAppSettings.h"
+#include "host/app/start/CAppSettings.h"
 
 #include <QDir>
 #include <QFileInfo>

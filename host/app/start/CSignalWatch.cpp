@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/app/CSignalWatch.h"
+#include "host/app/start/CSignalWatch.h"
 
 #include <QSocketNotifier>
 
