@@ -10,7 +10,6 @@
 #include <QPolygonF>
 
 #include <algorithm>
-#include <array>
 
 namespace {
 
@@ -50,12 +49,12 @@ qreal arrowSize(qreal length, qreal scale)
 /// The largest share of a line's length that a unit of its arrow head has at any scale.
 constexpr qreal LargestArrowShare = SmallestArrow / ShortestWithArrow;
 
-std::array<QPointF, 3> arrowHead(const QLineF &line, qreal unit, qreal grown = 0)
+std::array<QPointF, 3> headOn(const QLineF &line, qreal unit, qreal grown = 0)
 {
     const QPointF along = QPointF(line.dx(), line.dy()) / line.length();
     const QPointF foot = line.pointAt(ArrowPlace) - along * grown;
-    const QPointF side = QPointF(-along.y(), along.x()) * (unit * ArrowHalfWidth + 1.5 * grown);
-    return {foot + along * (unit * ArrowLength + 3 * grown), foot - side, foot + side};
+    return CWirePainter::arrowHead(foot, along, unit * ArrowLength + 3 * grown,
+                                   unit * ArrowHalfWidth + 1.5 * grown);
 }
 
 void paintHalo(QPainter &painter, const QLineF &line, qreal scale)
@@ -77,11 +76,11 @@ void paintArrow(QPainter &painter, const QLineF &line, qreal scale)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     if (line.length() * scale >= ShortestWithHalo) {
-        const auto halo = arrowHead(line, unit, 1 / scale);
+        const auto halo = headOn(line, unit, 1 / scale);
         painter.setBrush(HaloColor);
         painter.drawConvexPolygon(halo.data(), int(halo.size()));
     }
-    const auto head = arrowHead(line, unit);
+    const auto head = headOn(line, unit);
     static const QBrush fill(WireColor);
     painter.setBrush(fill);
     painter.drawConvexPolygon(head.data(), int(head.size()));
@@ -136,13 +135,20 @@ void CWirePainter::paint(QPainter &painter, const QVector<QLineF> &lines, qreal 
     }
 }
 
+std::array<QPointF, 3> CWirePainter::arrowHead(const QPointF &foot, const QPointF &direction, qreal length,
+                                               qreal halfWidth)
+{
+    const QPointF side = QPointF(-direction.y(), direction.x()) * halfWidth;
+    return {foot + direction * length, foot - side, foot + side};
+}
+
 QRectF CWirePainter::bounds(const QLineF &line)
 {
     const qreal length = line.length();
     const qreal beside = std::max(1.0, length * HaloWidth / ShortestWithHalo);
     QRectF bounds = QRectF(line.p1(), line.p2()).normalized().adjusted(-beside, -beside, beside, beside);
     if (length > 0) {
-        const auto head = arrowHead(line, length * LargestArrowShare);
+        const auto head = headOn(line, length * LargestArrowShare);
         bounds |= QPolygonF({head[0], head[1], head[2]}).boundingRect();
     }
     return bounds;

@@ -6,6 +6,8 @@
 #include <QRectF>
 #include <QVector>
 
+#include <array>
+
 class QPainter;
 class QPen;
 
@@ -22,6 +24,9 @@ public:
     static QRectF bounds(const QLineF &line);
     /// Whether a line of that length is drawn without dashes and arrow head.
     static bool isPlain(qreal length, qreal scale);
+    /// The tip and the ends of the foot of an arrow head that points along @p direction, which has length 1.
+    static std::array<QPointF, 3> arrowHead(const QPointF &foot, const QPointF &direction, qreal length,
+                                            qreal halfWidth);
     /// The pen of dashed lines.
     static const QPen &pen();
 };

@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/printing/graphics/ChainRoute.h"
+#include "layout/printing/graphics/SPartView.h"
+#include "layout/printing/sheets/SSheet.h"
+
+#include <QCoreApplication>
+#include <QMarginsF>
+
+#include <functional>
+
+class CPortFeed;
+struct SCabinetTag;
+
+/// Draws a part of a port: its cabinets with their labels, the chain, neighbours, rulers, feed and loop.
+/// Millimetres of the paper.
+class CPortDrawing final
+{
+    Q_DECLARE_TR_FUNCTIONS(CPortDrawing)
+
+public:
+    /// Larger than this, nothing becomes easier to read.
+    static constexpr double LargestSide = 60;
+
+    CPortDrawing(const CWall &wall, const SPlanPort &port, const SWallPart &part, bool back);
+
+    /// The largest scale at which the drawing fits; 0 or less if it does not at all.
+    double fittingScale(const QSizeF &room) const;
+    /// Draws it in the middle of @p room. @p sheetOf gives the number of the sheet of another part.
+    void draw(SSheet &sheet, const QRectF &room, double scale, const std::function<int(int)> &sheetOf);
+
+private:
+    QMarginsF margins() const;
+    void place(const QRectF &room, double scale);
+    void drawShared(SSheet &sheet, const std::function<int(int)> &sheetOf) const;
+    void drawCabinets(SSheet &sheet) const;
+    void drawChain(SSheet &sheet);
+    void drawMarks(SSheet &sheet);
+    void drawLabels(SSheet &sheet, const CPortFeed &feed) const;
+    QVector<SCabinetTag> tagsOf(int cabinet) const;
+    QPolygonF arrowOf(const SHop &hop) const;
+    double arrowLength() const;
+
+    SPartView m_view;
+    QMarginsF m_fringe;
+    QVector<SHop> m_hops;
+    QVector<QRectF> m_obstacles;
+};

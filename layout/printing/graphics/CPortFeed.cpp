@@ -1,0 +1,208 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/printing/graphics/CPortFeed.h"
+
+#include "layout/printing/graphics/DrawnMarks.h"
+#include "layout/printing/sheets/CSheetFont.h"
+#include "layout/printing/sheets/SheetMarks.h"
+
+#include <QLineF>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+using SheetMarks::TablePoints;
+
+// Millimetres.
+constexpr double BoxHead = 6;
+constexpr double BoxLine = 4.4;
+constexpr double BoxBottom = 1.8; // below the last line
+constexpr double BoxPadding = 1.6;
+constexpr double BoxBorder = 0.7;
+constexpr double FeedWidth = 1.4;
+constexpr double LoopWidth = 0.9;
+constexpr double NearBorder = 1;
+constexpr double BoxDistance = 4; // between two boxes
+constexpr double BoxPortPoints = 10;
+const QVector<qreal> LoopDashes{3, 1.6};
+
+/// A level or upright line with its width.
+QRectF stripOf(const QPointF &a, const QPointF &b, double width)
+{
+    return QRectF(a, b).normalized().adjusted(-width / 2, -width / 2, width / 2, width / 2);
+}
+
+} // namespace
+
+CPortFeed::CPortFeed(const SPartView &view, const QRectF &outer, QPair<double, double> reach,
+                     const QVector<QPointF> &crossed)
+    : m_view(view)
+    , m_right(isRight(view))
+    , m_near(m_right ? outer.right() + Gap : outer.left() - Gap)
+{
+    if (view.hasStart())
+        m_cables << cable(false, crossed);
+    if (hasLoop(view))
+        m_cables << cable(true, crossed);
+    separate(reach.first, reach.second);
+    for (SCable &cable : m_cables)
+        connectToBox(cable);
+}
+
+QStringList CPortFeed::textsOf(bool loop) const
+{
+    const SPlanPort &port = m_view.port;
+    const QString name = loop ? port.redundancyName : m_view.wall.processor().source.node.name;
+    const int number = loop ? port.redundancyPort : port.index;
+    const SCableRun &run = loop ? port.loop : port.feed;
+    QStringList texts = CSheetFont::lines(name, TablePoints, false, BoxWidth - 2 * BoxPadding);
+    if (texts.size() > 2) // its middle goes
+        texts = QStringList{texts.first(), CSheetFont::elided(texts.mid(1).join(QLatin1Char(' ')),
+                                                              TablePoints, false, BoxWidth - 2 * BoxPadding)};
+    texts << tr("port %1").arg(number + 1);
+    texts << (run.stock > 0 ? tr("cable %1 m").arg(run.stock) : tr("cable over %1 m").arg(run.need / 1000));
+    return texts;
+}
+
+bool CPortFeed::isInTheWay(const QRectF &cabinet, double level) const
+{
+    const QRectF way = m_right ? QRectF(QPointF(cabinet.right(), level - 0.5), QPointF(m_near, level + 0.5))
+                               : QRectF(QPointF(m_near, level - 0.5), QPointF(cabinet.left(), level + 0.5));
+    for (int other : m_view.part.owned + m_view.part.sharedCabinets()) {
+        if (m_view.rect(other).adjusted(0.1, 0.1, -0.1, -0.1).intersects(way))
+            return true;
+    }
+    return false;
+}
+
+CPortFeed::SCable CPortFeed::cable(bool loop, const QVector<QPointF> &crossed) const
+{
+    const SPlanPort &port = m_view.port;
+    const QRectF cabinet = m_view.rect(loop ? port.chain.last() : port.chain.first());
+    const QPointF centre = cabinet.center();
+    const QPointF upper(centre.x(), cabinet.top());
+    const QPointF lower(centre.x(), cabinet.bottom());
+    const auto isFree = [&](const QPointF &border) {
+        return std::none_of(crossed.begin(), crossed.end(), [&](const QPointF &other) {
+            return QLineF(border, other).length() < NearBorder;
+        });
+    };
+    SCable cable;
+    cable.loop = loop;
+    cable.border = QPointF(m_right ? cabinet.right() : cabinet.left(), centre.y());
+    cable.level = centre.y();
+    cable.line << centre;
+    if (isInTheWay(cabinet, cable.level)) { // along the borders of the others
+        const QPointF first = loop ? lower : upper;
+        const QPointF second = loop ? upper : lower;
+        const bool sideways = !isFree(first) && !isFree(second);
+        cable.level = (isFree(first) || sideways ? first : second).y();
+        if (sideways)
+            cable.line << cable.border << QPointF(cable.border.x(), cable.level);
+        else
+            cable.line << (cable.border = QPointF(centre.x(), cable.level));
+    } else {
+        cable.line << cable.border;
+    }
+    const QLineF inwards(cable.border, centre);
+    cable.inwards = QPointF(inwards.dx(), inwards.dy()) / inwards.length();
+    cable.texts = textsOf(loop);
+    const double height = BoxHead + cable.texts.size() * BoxLine + BoxBottom;
+    cable.box = QRectF(m_right ? m_near : m_near - BoxWidth, cable.level - height / 2, BoxWidth, height);
+    return cable;
+}
+
+void CPortFeed::separate(double top, double bottom)
+{
+    if (m_cables.size() == 2) {
+        SCable &upper = m_cables[m_cables[1].level < m_cables[0].level ? 1 : 0];
+        SCable &lower = m_cables[m_cables[1].level < m_cables[0].level ? 0 : 1];
+        const double missing = upper.box.bottom() + BoxDistance - lower.box.top();
+        if (missing > 0) {
+            upper.box.translate(0, -missing / 2);
+            lower.box.translate(0, missing / 2);
+        }
+        const double over = lower.box.bottom() - bottom;
+        if (over > 0) {
+            lower.box.translate(0, -over);
+            upper.box.moveBottom(std::min(upper.box.bottom(), lower.box.top() - BoxDistance));
+        }
+        const double under = top - upper.box.top();
+        if (under > 0) {
+            upper.box.translate(0, under);
+            lower.box.moveTop(std::max(lower.box.top(), upper.box.bottom() + BoxDistance));
+        }
+        return;
+    }
+    for (SCable &cable : m_cables)
+        cable.box.moveTop(std::max(top, std::min(cable.box.top(), bottom - cable.box.height())));
+}
+
+void CPortFeed::connectToBox(SCable &cable) const
+{
+    const double height = std::max(cable.box.top() + 2, std::min(cable.level, cable.box.bottom() - 2));
+    if (std::abs(height - cable.level) > 0.01) {
+        const double bend = m_near + (m_right ? -1 : 1) * (cable.loop ? 1.5 : 3.5);
+        cable.line << QPointF(bend, cable.level) << QPointF(bend, height);
+    }
+    cable.line << QPointF(m_near, height);
+    std::reverse(cable.line.begin(), cable.line.end());
+}
+
+double CPortFeed::arrowLength() const
+{
+    return std::max(1.5, std::min(5.0, m_view.shortestSide() * 0.3));
+}
+
+QVector<QRectF> CPortFeed::obstacles() const
+{
+    QVector<QRectF> areas;
+    for (const SCable &cable : m_cables) {
+        for (int i = 0; i + 1 < cable.line.size(); ++i)
+            areas << stripOf(cable.line[i], cable.line[i + 1], FeedWidth);
+        const double length = arrowLength();
+        if (!cable.loop)
+            areas << QRectF(cable.border - QPointF(length, length) / 2, QSizeF(length, length))
+                         .translated(cable.inwards * length / 2);
+    }
+    return areas;
+}
+
+void CPortFeed::drawCables(SSheet &sheet) const
+{
+    const double length = arrowLength();
+    for (const SCable &cable : m_cables) {
+        if (cable.loop) {
+            DrawnMarks::polyline(sheet, cable.line, LoopWidth, LoopDashes);
+            DrawnMarks::arrow(sheet, cable.line.first(), QPointF(m_right ? 1 : -1, 0), {4.4, 2, true});
+        } else {
+            DrawnMarks::polyline(sheet, cable.line, FeedWidth);
+            DrawnMarks::arrow(sheet, cable.border + cable.inwards * length * 1.3, cable.inwards,
+                              {length, length * 0.44});
+        }
+    }
+}
+
+void CPortFeed::drawBoxes(SSheet &sheet) const
+{
+    for (const SCable &cable : m_cables) {
+        const QRectF head(cable.box.topLeft(), QSizeF(BoxWidth, BoxHead));
+        DrawnMarks::box(sheet, cable.box, Qt::white, BoxBorder);
+        DrawnMarks::box(sheet, head, cable.loop ? Qt::white : Qt::black, BoxBorder);
+        const QString heading = cable.loop ? tr("LOOP to") : tr("FEED from");
+        QRectF room = DrawnMarks::room(heading, TablePoints, true);
+        room.moveCenter(head.center());
+        room.moveLeft(head.left() + BoxPadding);
+        DrawnMarks::text(sheet, room, heading, TablePoints, true, EMark::Tag,
+                         cable.loop ? Qt::black : Qt::white);
+        double middle = head.bottom() + BoxLine / 2 + 0.9;
+        for (int i = 0; i < cable.texts.size(); ++i) {
+            const bool port = i + 2 == cable.texts.size();
+            DrawnMarks::startingAt(sheet, QPointF(head.left() + BoxPadding, middle), cable.texts[i],
+                                   port ? BoxPortPoints : TablePoints, port, EMark::Note);
+            middle += BoxLine;
+        }
+    }
+}

@@ -1,0 +1,159 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/printing/graphics/CPortSheets.h"
+
+#include "layout/printing/graphics/CPortDrawing.h"
+#include "layout/printing/graphics/CabinetLabels.h"
+#include "layout/printing/graphics/SPartView.h"
+#include "layout/printing/sheets/SheetMarks.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr double PanelGap = 4; // millimetres between drawing and panel
+constexpr double TitleHeight = 17;
+
+QVector<SSheet::View> viewsOf(const PrintConfig &config)
+{
+    if (config.views == PrintConfig::BothViews)
+        return {SSheet::Front, SSheet::Back};
+    return {config.views == PrintConfig::BackView ? SSheet::Back : SSheet::Front};
+}
+
+} // namespace
+
+CPortSheets::CPortSheets(const CWall &wall, const SSheetArea &area)
+    : m_wall(wall)
+    , m_area(area)
+    , m_views(viewsOf(wall.processor().config))
+{
+}
+
+double CPortSheets::trueScale() const
+{
+    const int scale = m_wall.processor().config.scale;
+    return scale > 0 ? 1.0 / scale : 0;
+}
+
+QRectF CPortSheets::drawingRoom(const CPortPanel &panel, bool beside) const
+{
+    const QRectF content = m_area.content.adjusted(0, TitleHeight, 0, 0);
+    if (beside)
+        return content.adjusted(0, 0, -CPortPanel::BesideWidth - PanelGap, 0);
+    return content.adjusted(0, 0, 0, -panel.height(content.width()) - PanelGap);
+}
+
+double CPortSheets::fittingScale(const SPlanPort &port, const QVector<SWallPart> &parts,
+                                 const QSizeF &room) const
+{
+    double smallest = 1e9;
+    for (const SWallPart &part : parts)
+        smallest = std::min(smallest, CPortDrawing(m_wall, port, part, false).fittingScale(room));
+    return smallest;
+}
+
+CPortSheets::SDivision CPortSheets::division(const SPlanPort &port, const CPortPanel &panel) const
+{
+    const QVector<int> cabinets = CWall::cabinetsOf(port);
+    // At true scale the cabinets are as large as they are: then the drawing only has to fit.
+    const double least = trueScale() > 0 ? trueScale()
+                                         : CabinetLabels::SmallestSide /
+                                               std::max(SPartView::shortestSide(m_wall, cabinets), 1.0);
+    const double content = m_area.content.height() - TitleHeight;
+    SDivision best;
+    double bestScale = 0;
+    for (bool beside : {false, true}) {
+        const QSizeF room = drawingRoom(panel, beside).size();
+        if (room.width() <= 0 || room.height() <= 0 ||
+            (beside && panel.height(CPortPanel::BesideWidth) > content))
+            continue;
+        const QVector<SWallPart> parts =
+            SheetSplit::fewest(m_wall, cabinets, least, [&](const QVector<SWallPart> &tried) {
+                return fittingScale(port, tried, room);
+            });
+        if (parts.isEmpty())
+            continue;
+        const double scale = fittingScale(port, parts, room);
+        const bool fewer = best.parts.isEmpty() || parts.size() < best.parts.size();
+        if (fewer || (parts.size() == best.parts.size() && scale > bestScale)) {
+            best = {parts, beside};
+            bestScale = scale;
+        }
+    }
+    return best;
+}
+
+QString CPortSheets::summary(const SPlanPort &port, int part, int parts) const
+{
+    const int count = port.chain.size() + port.unwired.size();
+    QString text = count == 1 ? tr("1 cabinet") : tr("%1 cabinets").arg(count);
+    if (!port.chain.isEmpty())
+        text += tr(", 1 to %1").arg(port.chain.size());
+    const auto &all = m_wall.cabinets();
+    const QVector<int> cabinets = CWall::cabinetsOf(port);
+    const int type = all.at(cabinets.first()).type;
+    if (std::all_of(cabinets.begin(), cabinets.end(), [&](int i) { return all.at(i).type == type; }))
+        text += tr(", type %1").arg(m_wall.plan().types.at(type).letter);
+    if (!port.unwired.isEmpty())
+        text += tr(", %1 not wired").arg(port.unwired.size());
+    text += tr(". Load %1 %.").arg(port.load);
+    if (parts > 1)
+        text += tr(" Part %1 of %2.").arg(part + 1).arg(parts);
+    return text;
+}
+
+SSheet CPortSheets::sheet(const SPlanPort &port, const CPortPanel &panel, const SDivision &division, int part,
+                          SSheet::View view, int first) const
+{
+    SSheet sheet;
+    sheet.title = tr("Port %1").arg(port.index + 1);
+    sheet.ports = QString::number(port.index + 1);
+    sheet.processor = m_wall.processor().name;
+    sheet.size = m_area.size;
+    sheet.frame = m_area.frame;
+    sheet.view = view;
+    sheet.port = port.index;
+    const int scale = m_wall.processor().config.scale;
+    sheet.scale = scale > 0 ? QStringLiteral("1:%1").arg(scale) : tr("to fit");
+    SheetMarks::head(sheet, m_area.content, sheet.title, summary(port, part, division.parts.size()), true);
+
+    const QRectF room = drawingRoom(panel, division.beside);
+    CPortDrawing drawing(m_wall, port, division.parts.at(part), view == SSheet::Back);
+    const double shown = scale > 0 ? trueScale() : drawing.fittingScale(room.size());
+    const int views = m_views.size();
+    drawing.draw(sheet, room, shown,
+                 [&](int other) { return first + other * views + m_views.indexOf(view); });
+    const QRectF content = m_area.content;
+    QRectF beneath = content;
+    if (division.beside) {
+        beneath.setLeft(room.right() + PanelGap);
+        beneath.setTop(room.top());
+    } else {
+        beneath.setTop(room.bottom() + PanelGap);
+        SheetMarks::line(sheet, beneath.topLeft() - QPointF(0, 2), beneath.topRight() - QPointF(0, 2), 0.25);
+    }
+    panel.draw(sheet, beneath, division.parts.at(part).owned);
+    return sheet;
+}
+
+CResult<QVector<SSheet>> CPortSheets::sheets(int first) const
+{
+    QVector<SSheet> all;
+    for (const SPlanPort *port : m_wall.ports()) {
+        const CPortPanel panel(m_wall, *port);
+        const SDivision divided = division(*port, panel);
+        if (divided.parts.isEmpty())
+            return CResult<QVector<SSheet>>::failure(
+                tr("Port %1 of %2 cannot be drawn on this paper, not even one cabinet a sheet. Choose larger "
+                   "paper or a smaller scale.")
+                    .arg(port->index + 1)
+                    .arg(m_wall.processor().name));
+        const int begin = first + all.size();
+        for (int part = 0; part < divided.parts.size(); ++part) {
+            for (SSheet::View view : m_views)
+                all << sheet(*port, panel, divided, part, view, begin);
+        }
+    }
+    return all;
+}

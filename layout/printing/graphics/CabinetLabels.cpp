@@ -1,0 +1,221 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/printing/graphics/CabinetLabels.h"
+
+#include "layout/printing/graphics/DrawnMarks.h"
+#include "layout/printing/sheets/SheetMarks.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+using SheetMarks::CaptionPoints;
+using SheetMarks::NotePoints;
+using SheetMarks::NumberPoints;
+
+constexpr double LargeSide = 24; // millimetres
+constexpr double MediumSide = 14;
+constexpr double MediumNumber = 16; // points
+constexpr double SmallNumber = 9;
+constexpr double PlacePoints = 8;
+constexpr double TypePoints = 9;
+constexpr double TagPadding = 0.8; // millimetres
+constexpr double TagBorder = 0.5;
+constexpr double LabelGap = 0.5;
+constexpr double BesideBorder = 1.2; // of a wire that follows a border
+constexpr double PixelLeft = 2.5;    // of the centre, beside an arrow head
+constexpr double LabelStep = 1.25;   // of a line's height
+
+double sideOf(const QRectF &rect)
+{
+    return std::min(rect.width(), rect.height());
+}
+
+/// What texts may use: also without the wires that run along the borders.
+QRectF innerOf(const SCabinetLabels &labels)
+{
+    const QRectF &rect = labels.rect;
+    const double side = sideOf(rect);
+    const double padding = side >= LargeSide ? 1.4 : side >= MediumSide ? 0.9 : 0.8;
+    QRectF inner = rect.adjusted(padding, padding, -padding, -padding);
+    for (const QRectF &wire : labels.obstacles) {
+        const QPointF middle = wire.center();
+        const bool upright = wire.height() > wire.width();
+        if (upright && std::abs(middle.x() - rect.left()) < BesideBorder)
+            inner.setLeft(std::max(inner.left(), wire.right() + LabelGap));
+        else if (upright && std::abs(middle.x() - rect.right()) < BesideBorder)
+            inner.setRight(std::min(inner.right(), wire.left() - LabelGap));
+        else if (!upright && std::abs(middle.y() - rect.top()) < BesideBorder)
+            inner.setTop(std::max(inner.top(), wire.bottom() + LabelGap));
+        else if (!upright && std::abs(middle.y() - rect.bottom()) < BesideBorder)
+            inner.setBottom(std::min(inner.bottom(), wire.top() - LabelGap));
+    }
+    return inner;
+}
+
+/// What one cabinet gets, label by label.
+class CPlacer final
+{
+public:
+    CPlacer(SSheet &sheet, const SCabinetLabels &labels)
+        : m_sheet(sheet)
+        , m_labels(labels)
+        , m_taken(labels.obstacles)
+        , m_side(sideOf(labels.rect))
+        , m_inner(innerOf(labels))
+    {
+    }
+
+    void placeNumber(double points)
+    {
+        const QRectF box = DrawnMarks::room(m_labels.number, points, true).translated(m_inner.topLeft());
+        add(box, m_labels.number, points, true, EMark::CabinetNumber);
+    }
+
+    void placeTags()
+    {
+        double top = m_inner.top();
+        for (const SCabinetTag &tag : m_labels.tags) {
+            if (tag.look == SCabinetTag::Plain)
+                top = placePlain(tag, top);
+            else
+                top = placeBoxed(tag, top);
+        }
+    }
+
+    void placeLower()
+    {
+        if (m_side < MediumSide)
+            return;
+        const bool large = m_side >= LargeSide;
+        const double points = large ? PlacePoints : CaptionPoints;
+        const double step = DrawnMarks::room({}, points, false).height() * LabelStep;
+        const double base = m_inner.bottom();
+        const bool hasType = addAbove(base - step, m_inner.left(), m_labels.type,
+                                      large ? TypePoints : PlacePoints, true, EMark::CabinetType);
+        if (hasType || m_labels.type.isEmpty())
+            addAbove(base, m_inner.left(), m_labels.place, points, false, EMark::CabinetPlace);
+        if (large)
+            placePixel(points, step);
+    }
+
+private:
+    bool isFree(const QRectF &box) const
+    {
+        const QRectF room = box.adjusted(-LabelGap, -LabelGap, LabelGap, LabelGap);
+        return m_labels.rect.contains(box) &&
+               std::none_of(m_taken.begin(), m_taken.end(),
+                            [&](const QRectF &taken) { return taken.intersects(room); });
+    }
+
+    void add(const QRectF &box, const QString &text, double points, bool bold, EMark mark)
+    {
+        DrawnMarks::text(m_sheet, box, text, points, bold, mark);
+        m_taken << box;
+    }
+
+    bool addAbove(double bottom, double left, const QString &text, double points, bool bold, EMark mark)
+    {
+        QRectF box = DrawnMarks::room(text, points, bold);
+        box.moveBottomLeft({left, bottom});
+        if (text.isEmpty() || !isFree(box))
+            return false;
+        add(box, text, points, bold, mark);
+        return true;
+    }
+
+    /// Both lines or none.
+    void placePixel(double points, double step)
+    {
+        if (m_labels.pixel.size() != 2)
+            return;
+        const double left = m_labels.rect.center().x() + PixelLeft;
+        QRectF lower = DrawnMarks::room(m_labels.pixel[1], points, false);
+        QRectF upper = DrawnMarks::room(m_labels.pixel[0], points, false);
+        lower.moveBottomLeft({left, m_inner.bottom()});
+        upper.moveBottomLeft({left, m_inner.bottom() - step});
+        if (!isFree(upper) || !isFree(lower))
+            return;
+        add(upper, m_labels.pixel[0], points, false, EMark::CabinetPixel);
+        add(lower, m_labels.pixel[1], points, false, EMark::CabinetPixel);
+    }
+
+    /// Returns where the next tag begins.
+    double placeBoxed(const SCabinetTag &tag, double top)
+    {
+        const QString text = tag.wordings.first();
+        const bool start = tag.look == SCabinetTag::Start;
+        for (double points : {NotePoints, CaptionPoints}) {
+            QRectF box = DrawnMarks::room(text, points, true)
+                             .adjusted(-TagPadding, -TagPadding, TagPadding, TagPadding);
+            box.moveTopRight({m_inner.right(), top});
+            if (!isFree(box))
+                continue;
+            DrawnMarks::box(m_sheet, box, start ? Qt::black : Qt::white, TagBorder);
+            DrawnMarks::text(m_sheet, box.adjusted(TagPadding, TagPadding, -TagPadding, -TagPadding), text,
+                             points, true, EMark::Tag, start ? Qt::white : Qt::black);
+            m_taken << box;
+            return box.bottom() + LabelGap * 2;
+        }
+        return top;
+    }
+
+    double placePlain(const SCabinetTag &tag, double top)
+    {
+        for (const QString &wording : tag.wordings) {
+            const QStringList lines = wording.split(QLatin1Char('\n'));
+            QVector<QRectF> boxes;
+            double bottom = top;
+            bool fits = true;
+            for (const QString &line : lines) {
+                QRectF box = DrawnMarks::room(line, CaptionPoints, false);
+                box.moveTopRight({m_inner.right(), bottom});
+                bottom = box.bottom() + LabelGap;
+                fits = fits && isFree(box);
+                boxes << box;
+            }
+            if (!fits)
+                continue;
+            for (int i = 0; i < lines.size(); ++i)
+                add(boxes[i], lines[i], CaptionPoints, false, EMark::Tag);
+            return bottom + LabelGap;
+        }
+        return top;
+    }
+
+    SSheet &m_sheet;
+    const SCabinetLabels &m_labels;
+    QVector<QRectF> m_taken;
+    double m_side;
+    QRectF m_inner;
+};
+
+} // namespace
+
+double CabinetLabels::largestNumber(const QRectF &rect)
+{
+    const double side = sideOf(rect);
+    return side >= LargeSide ? NumberPoints : side >= MediumSide ? MediumNumber : SmallNumber;
+}
+
+double CabinetLabels::numberPoints(const SCabinetLabels &labels)
+{
+    const QRectF inner = innerOf(labels);
+    for (double points = largestNumber(labels.rect); points > CaptionPoints; points -= 1) {
+        const QRectF box = DrawnMarks::room(labels.number, points, true).translated(inner.topLeft());
+        const bool free = std::none_of(labels.obstacles.begin(), labels.obstacles.end(),
+                                       [&](const QRectF &obstacle) { return obstacle.intersects(box); });
+        if (free && box.right() <= inner.right())
+            return points;
+    }
+    return CaptionPoints;
+}
+
+void CabinetLabels::place(SSheet &sheet, const SCabinetLabels &labels, double numberPoints)
+{
+    CPlacer placer(sheet, labels);
+    placer.placeNumber(numberPoints);
+    placer.placeTags();
+    placer.placeLower();
+}

@@ -1,0 +1,36 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/printing/graphics/SPlacing.h"
+#include "layout/printing/graphics/SheetSplit.h"
+
+#include <algorithm>
+
+/// A part of a port as it lies on its sheet.
+struct SPartView
+{
+    const CWall &wall;
+    const SPlanPort &port;
+    const SWallPart &part;
+    SPlacing placing;
+
+    QRectF rect(int cabinet) const { return placing.map(wall.cabinets().at(cabinet).millimetres); }
+    /// The cabinet at a place of the chain, from 0.
+    int chained(int place) const { return port.chain.at(place); }
+    /// Whether the first, or the last, cabinet of the chain is on this sheet.
+    bool hasStart() const { return !port.chain.isEmpty() && part.owned.contains(port.chain.first()); }
+    bool hasEnd() const { return !port.chain.isEmpty() && part.owned.contains(port.chain.last()); }
+    /// The shorter side of the smallest cabinet, millimetres of the wall.
+    static double shortestSide(const CWall &wall, const QVector<int> &cabinets)
+    {
+        double side = -1;
+        for (int cabinet : cabinets) {
+            const QRectF &rect = wall.cabinets().at(cabinet).millimetres;
+            const double shorter = std::min(rect.width(), rect.height());
+            side = side < 0 ? shorter : std::min(side, shorter);
+        }
+        return std::max(side, 0.0);
+    }
+    double shortestSide() const { return shortestSide(wall, part.owned) * placing.scale; }
+};

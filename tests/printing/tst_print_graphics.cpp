@@ -1,0 +1,317 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/printing/graphics/COverviewSheets.h"
+#include "layout/printing/graphics/CPortSheets.h"
+#include "tests/harness/CTestBase.h"
+#include "tests/printing/GraphicsWalls.h"
+
+#include <QGuiApplication>
+
+#include <algorithm>
+#include <numeric>
+
+using namespace GraphicsWalls;
+
+namespace {
+
+constexpr double Smallest = 7; // points
+constexpr double Hair = 0.02;  // millimetres
+
+PrintConfig configOf(PrintConfig::Paper paper, bool landscape = true)
+{
+    PrintConfig config;
+    config.paper = paper;
+    config.landscape = landscape;
+    config.farEnd = QStringLiteral("Spare (192.168.10.32)");
+    return config;
+}
+
+/// Every drawing of a wall.
+QVector<SSheet> drawings(const SPrintPlan &plan)
+{
+    QVector<SSheet> sheets;
+    for (int i = 0; i < plan.processors.size(); ++i) {
+        const SSheetArea area = SSheetArea::of(plan.processors[i].config);
+        const CWall wall(plan, i);
+        const auto overview = COverviewSheets(wall, area).sheets(1, 2);
+        const auto ports = CPortSheets(wall, area).sheets(2);
+        if (!overview || !ports)
+            return {};
+        sheets += overview.value() + ports.value();
+    }
+    return sheets;
+}
+
+QVector<SSheetText> textsOf(const SSheet &sheet)
+{
+    QVector<SSheetText> texts;
+    for (const SSheetMark &mark : sheet.marks) {
+        if (const auto *text = std::get_if<SSheetText>(&mark))
+            texts << *text;
+    }
+    return texts;
+}
+
+QStringList textsOf(const SSheet &sheet, EMark mark)
+{
+    QStringList texts;
+    for (const SSheetText &text : textsOf(sheet)) {
+        if (text.mark == mark)
+            texts << text.text;
+    }
+    return texts;
+}
+
+QRectF areaOf(const SSheetText &text)
+{
+    QTransform turn;
+    turn.translate(text.box.center().x(), text.box.center().y());
+    turn.rotate(text.turned);
+    return turn.mapRect(text.box.translated(-text.box.center()));
+}
+
+QRectF areaOf(const SSheetFill &fill)
+{
+    return fill.path.boundingRect();
+}
+
+QRectF areaOf(const SSheetStroke &stroke)
+{
+    const double half = stroke.width / 2;
+    return stroke.path.boundingRect().adjusted(-half, -half, half, half);
+}
+
+/// What is wrong with a sheet; empty if nothing is.
+QString faultOf(const SSheet &sheet)
+{
+    const QRectF frame = sheet.frame.adjusted(-Hair, -Hair, Hair, Hair);
+    for (const SSheetMark &mark : sheet.marks) {
+        if (!frame.contains(std::visit([](const auto &known) { return areaOf(known); }, mark)))
+            return QStringLiteral("mark outside the frame");
+    }
+    const QVector<SSheetText> texts = textsOf(sheet);
+    for (int i = 0; i < texts.size(); ++i) {
+        if (texts[i].points < Smallest)
+            return QStringLiteral("too small: ") + texts[i].text;
+        const QRectF area = areaOf(texts[i]).adjusted(Hair, Hair, -Hair, -Hair);
+        for (int j = 0; j < i; ++j) {
+            if (areaOf(texts[j]).intersects(area))
+                return texts[i].text + QStringLiteral(" over ") + texts[j].text;
+        }
+    }
+    return {};
+}
+
+/// The cabinet numbers of all sheets of a port, sorted.
+QVector<int> numbersOf(const QVector<SSheet> &sheets, const QString &processor, int port)
+{
+    QVector<int> numbers;
+    for (const SSheet &sheet : sheets) {
+        if (sheet.port != port || sheet.processor != processor)
+            continue;
+        for (const QString &text : textsOf(sheet, EMark::CabinetNumber))
+            numbers << text.toInt();
+    }
+    std::sort(numbers.begin(), numbers.end());
+    return numbers;
+}
+
+QVector<int> upTo(int last)
+{
+    QVector<int> numbers(last);
+    std::iota(numbers.begin(), numbers.end(), 1);
+    return numbers;
+}
+
+/// One port of @p columns x @p rows cabinets, row by row.
+SWallKind onePort(int columns, int rows)
+{
+    return {{columns, rows}, {128, 128}, {500, 500}, {columns, rows}};
+}
+
+/// The borders of cabinets, by place.
+QVector<QRectF> cabinetsOf(const SSheet &sheet)
+{
+    QVector<QRectF> rects;
+    for (const SSheetMark &mark : sheet.marks) {
+        const auto *stroke = std::get_if<SSheetStroke>(&mark);
+        if (stroke && qFuzzyCompare(stroke->width, 0.35))
+            rects << stroke->path.boundingRect();
+    }
+    return rects;
+}
+
+} // namespace
+
+class CPrintGraphicsTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void showsEachCabinetAndPortOnce_data();
+    void showsEachCabinetAndPortOnce();
+    void mirrorsPlacesButNoTexts();
+    void dividesWhatIsTooSmall();
+    void tellsWhereTheChainGoesOn();
+    void refusesWhatDoesNotFit();
+};
+
+void CPrintGraphicsTest::showsEachCabinetAndPortOnce_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<int>("paper");
+    QTest::addColumn<bool>("landscape");
+    for (const char *kind : {"small", "medium", "large"}) {
+        for (int paper : {PrintConfig::A4, PrintConfig::A3})
+            QTest::newRow(qPrintable(QString::fromLatin1(kind) + QString::number(paper)))
+                << QString::fromLatin1(kind) << paper << true;
+    }
+    QTest::newRow("upright") << QStringLiteral("medium") << int(PrintConfig::A4) << false;
+}
+
+void CPrintGraphicsTest::showsEachCabinetAndPortOnce()
+{
+    QFETCH(QString, kind);
+    QFETCH(int, paper);
+    QFETCH(bool, landscape);
+    const SWallKind wall = kind == QLatin1String("small")    ? smallWall()
+                           : kind == QLatin1String("medium") ? mediumWall()
+                                                             : largeWall();
+    const SPrintPlan plan = planOf(inputOf(wall), configOf(PrintConfig::Paper(paper), landscape));
+    const QVector<SSheet> sheets = drawings(plan);
+    QVERIFY(!sheets.isEmpty());
+    int overviews = 0;
+    for (const SSheet &sheet : sheets) {
+        QVERIFY2(faultOf(sheet).isEmpty(), qPrintable(sheet.title + QStringLiteral(": ") + faultOf(sheet)));
+        overviews += sheet.port < 0;
+        const QStringList names = textsOf(sheet, EMark::PortName);
+        QCOMPARE(QSet<QString>(names.begin(), names.end()).size(), names.size());
+        if (sheet.port < 0)
+            QVERIFY(names.size() >= plan.processors.first().totals.ports);
+    }
+    QCOMPARE(overviews, plan.processors.size());
+    QCOMPARE(sheets.size() - overviews, plan.totals.ports); // one a port is enough
+    for (const SPlanProcessor &processor : plan.processors) {
+        for (const SPlanPort &port : processor.ports)
+            QCOMPARE(numbersOf(sheets, processor.name, port.index), upTo(port.chain.size()));
+    }
+}
+
+void CPrintGraphicsTest::mirrorsPlacesButNoTexts()
+{
+    PrintConfig config = configOf(PrintConfig::A4);
+    config.views = PrintConfig::BothViews;
+    const SPrintPlan plan = planOf(inputOf(mediumWall()), config);
+    const SSheetArea area = SSheetArea::of(config);
+    const CWall wall(plan, 0);
+    const auto made = CPortSheets(wall, area).sheets(5);
+    QVERIFY(made);
+    QCOMPARE(made.value().size(), 30);
+    for (int i = 0; i < 30; i += 2) {
+        const SSheet &front = made.value()[i];
+        const SSheet &back = made.value()[i + 1];
+        QCOMPARE(front.port, back.port);
+        QCOMPARE(back.view, SSheet::Back);
+        const double axis = area.content.left() + area.content.right();
+        const QVector<QRectF> own = cabinetsOf(front);
+        const QVector<QRectF> mirrored = cabinetsOf(back);
+        QCOMPARE(own.size(), 16);
+        QCOMPARE(mirrored.size(), 16);
+        for (int cabinet = 0; cabinet < 16; ++cabinet) {
+            QVERIFY(std::abs(own[cabinet].left() + mirrored[cabinet].right() - axis) < Hair);
+            QVERIFY(std::abs(own[cabinet].top() - mirrored[cabinet].top()) < Hair);
+        }
+        // The same texts, each in the same corner of its cabinet.
+        QCOMPARE(textsOf(back, EMark::CabinetPlace), textsOf(front, EMark::CabinetPlace));
+        QCOMPARE(textsOf(back, EMark::CabinetPixel), textsOf(front, EMark::CabinetPixel));
+        QVector<QPointF> places[2];
+        for (int view : {0, 1}) {
+            for (const SSheetText &text : textsOf(view == 0 ? front : back)) {
+                if (text.mark == EMark::CabinetNumber)
+                    places[view] << text.box.topLeft() -
+                                        (view == 0 ? own : mirrored)[places[view].size()].topLeft();
+            }
+        }
+        for (int cabinet = 0; cabinet < 16; ++cabinet)
+            QVERIFY((places[0][cabinet] - places[1][cabinet]).manhattanLength() < Hair);
+    }
+    const auto overview = COverviewSheets(wall, area).sheets(3, 5);
+    QCOMPARE(overview.value().size(), 2);
+    QVector<int> hatchings[2];
+    for (int view : {0, 1}) {
+        for (const SSheetMark &mark : overview.value()[view].marks) {
+            const auto *fill = std::get_if<SSheetFill>(&mark);
+            if (fill && fill->hatching > 0)
+                hatchings[view] << fill->hatching;
+        }
+    }
+    QCOMPARE(hatchings[0], upTo(15));
+    QCOMPARE(hatchings[1], hatchings[0]);
+}
+
+void CPrintGraphicsTest::dividesWhatIsTooSmall()
+{
+    // 100 x 4 cabinets in one string would be about 2 mm wide on a single sheet.
+    const SPrintPlan plan = planOf(inputOf(onePort(100, 4)), configOf(PrintConfig::A4));
+    const QVector<SSheet> sheets = drawings(plan).mid(1);
+    QVERIFY(sheets.size() > 1 && sheets.size() < 8);
+    QCOMPARE(numbersOf(sheets, plan.processors[0].name, 0), upTo(400));
+    for (int i = 0; i < sheets.size(); ++i) {
+        QVERIFY2(faultOf(sheets[i]).isEmpty(), qPrintable(faultOf(sheets[i])));
+        const QString notes = textsOf(sheets[i], EMark::Note).join(QLatin1Char(' '));
+        // The first sheet is number 2, and its neighbours are beside it.
+        QCOMPARE(notes.contains(QStringLiteral("see sheet %1").arg(i + 1)), i > 0);
+        QCOMPARE(notes.contains(QStringLiteral("see sheet %1").arg(i + 3)), i + 1 < sheets.size());
+        for (const QRectF &cabinet : cabinetsOf(sheets[i]))
+            QVERIFY(cabinet.width() >= Smallest - Hair);
+    }
+}
+
+void CPrintGraphicsTest::tellsWhereTheChainGoesOn()
+{
+    SPrintInput input = inputOf(onePort(10, 1));
+    auto &cabinets = input.processors[0].layout.ports[0].groups[0].cabinets;
+    std::swap(cabinets[1].rank, cabinets[9].rank); // 1, 10, 3 … 9, 2
+    SPrintPlan plan = planOf(input, configOf(PrintConfig::A3));
+    SSheet sheet = drawings(plan).at(1);
+    QVERIFY2(faultOf(sheet).isEmpty(), qPrintable(faultOf(sheet)));
+    QString tags = textsOf(sheet, EMark::Tag).join(QLatin1Char(' '));
+    // Nine and seven cabinets apart.
+    for (const char *tag : {"START", "END", "to 2,", "r1 c10", "from 1", "to 3,", "from 2", "from 9"})
+        QVERIFY2(tags.contains(QLatin1String(tag)), tag);
+    QVERIFY(!tags.contains(QStringLiteral("to 4")));
+
+    std::swap(cabinets[1].rank, cabinets[9].rank);
+    std::swap(cabinets[3].rank, cabinets[5].rank); // within reach of a jump
+    cabinets[9].rank = -1;
+    plan = planOf(input, configOf(PrintConfig::A3));
+    sheet = drawings(plan).at(1);
+    tags = textsOf(sheet, EMark::Tag).join(QLatin1Char(' '));
+    QVERIFY(!tags.contains(QStringLiteral("to 4,")) && tags.contains(QStringLiteral("not")));
+    int dashed = 0;
+    for (const SSheetMark &mark : sheet.marks) {
+        const auto *stroke = std::get_if<SSheetStroke>(&mark);
+        dashed += stroke && stroke->dashes.size() == 4;
+    }
+    QCOMPARE(dashed, 2);
+}
+
+void CPrintGraphicsTest::refusesWhatDoesNotFit()
+{
+    PrintConfig config = configOf(PrintConfig::A4);
+    config.scale = 25;
+    const SPrintPlan fitting = planOf(inputOf(mediumWall()), config);
+    const auto port = CPortSheets(CWall(fitting, 0), SSheetArea::of(config)).sheets(1);
+    QVERIFY(port);
+    QCOMPARE(port.value().first().scale, QStringLiteral("1:25"));
+    QCOMPARE(qRound(cabinetsOf(port.value().first()).first().width() * 100), 2000);
+
+    config.scale = 2; // a cabinet is 250 mm wide
+    const SPrintPlan huge = planOf(inputOf(mediumWall()), config);
+    const auto refused = CPortSheets(CWall(huge, 0), SSheetArea::of(config)).sheets(1);
+    QVERIFY(!refused);
+    QVERIFY(refused.error().contains(QStringLiteral("Port 1 of Main stage")));
+}
+
+ORVO_TEST_MAIN(QGuiApplication, CPrintGraphicsTest)
+#include "tst_print_graphics.moc"
