@@ -18,12 +18,20 @@ namespace {
 constexpr int MostExposedRects = 16; // more cost more to compare with than what they leave out
 constexpr int MostDetailed = 10000;  // cabinets and wires that are drawn as items
 constexpr qreal MostLayers = 32;     // that are drawn above each other
+constexpr int NotShown = -1;         // no place of the port is exposed
 constexpr int PenReach = 2;          // pixels by which cosmetic pens reach beyond their shapes
 
 qreal areaOf(const QVector<QRectF> &rects)
 {
     return std::accumulate(rects.begin(), rects.end(), 0.0,
                            [](qreal sum, const QRectF &rect) { return sum + rect.width() * rect.height(); });
+}
+
+bool isExposed(const CGraphicsPortItem &port, const QVector<QRectF> &exposed)
+{
+    const QRectF &bounds = port.bounds();
+    return std::any_of(exposed.begin(), exposed.end(),
+                       [&bounds](const QRectF &part) { return part.intersects(bounds); });
 }
 
 } // namespace
@@ -46,8 +54,10 @@ CFarPorts::CFarPorts(const QVector<CGraphicsPortItem *> &ports, qreal scale, con
                      [](const auto *a, const auto *b) { return a->zValue() < b->zValue(); });
     qreal area = MostLayers * areaOf(exposed);
     m_first.resize(m_ports.size());
-    for (int i = m_ports.size() - 1; i >= 0; --i)
-        m_first[i] = m_ports.at(i)->overview().firstWithin(area, exposed);
+    for (int i = m_ports.size() - 1; i >= 0; --i) {
+        const CGraphicsPortItem &port = *m_ports.at(i);
+        m_first[i] = isExposed(port, exposed) ? port.overview().firstWithin(area, exposed) : NotShown;
+    }
 }
 
 bool CFarPorts::isCrowded(const QVector<CGraphicsPortItem *> &ports, const QVector<QRectF> &exposed)
@@ -56,9 +66,7 @@ bool CFarPorts::isCrowded(const QVector<CGraphicsPortItem *> &ports, const QVect
     const qreal most = MostLayers * areaOf(exposed);
     qreal area = most;
     for (const CGraphicsPortItem *port : ports) {
-        const QRectF &bounds = port->bounds();
-        if (std::none_of(exposed.begin(), exposed.end(),
-                         [&bounds](const QRectF &part) { return part.intersects(bounds); }))
+        if (!isExposed(*port, exposed))
             continue;
         shown += port->overview().countExposed(exposed);
         port->overview().firstWithin(area, exposed);
@@ -112,6 +120,8 @@ void CFarPorts::passOver(const QGraphicsScene &scene)
 
 void CFarPorts::paint(QPainter &painter) const
 {
-    for (int i = 0; i < m_ports.size(); ++i)
-        m_ports.at(i)->overview().paint(painter, *m_ports.at(i), m_exposed, m_scale, m_first.at(i));
+    for (int i = 0; i < m_ports.size(); ++i) {
+        if (m_first.at(i) != NotShown)
+            m_ports.at(i)->overview().paint(painter, *m_ports.at(i), m_exposed, m_scale, m_first.at(i));
+    }
 }
