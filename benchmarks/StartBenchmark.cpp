@@ -39,11 +39,12 @@ int Benchmarks::startOfEditor(int argc, char **argv)
     QApplication application(argc, argv);
     const CLogFile log(CLogFile::defaultFolder());
     registerRecordMetaTypes();
-    CTheme::apply(application);
+    CTheme::applyBase();
     SDeviceSettings devices;
     devices.stateFolder = SAppOptions::defaultStateFolder();
     CMainWindow window(devices);
     window.loadModule(CModuleLoader::layoutFile());
+    CTheme::applyStyleSheet(application);
     FirstFrame::announce(window);
     return QApplication::exec();
 }

@@ -115,13 +115,14 @@ int runWindow(int argc, char **argv, const SAppOptions &options)
     const CLogFile log(CLogFile::defaultFolder());
     registerRecordMetaTypes();
     QLocale::setDefault(QLocale(QLocale::English)); // the language of all texts so far; numbers go with them
-    CTheme::apply(*application);
+    CTheme::applyBase();
 
     SDeviceSettings devices;
     devices.stateFolder =
         options.stateFolder.isEmpty() ? SAppOptions::defaultStateFolder() : options.stateFolder;
     CMainWindow window(devices);
     window.loadModule(CModuleLoader::layoutFile());
+    CTheme::applyStyleSheet(*application);
     QObject::connect(&signalWatch, &CSignalWatch::notifySignal, &window,
                      [&window](int number) { endBySignal(window, number); });
     window.show();

@@ -139,6 +139,12 @@ double relativeLuminance(const QColor &color)
 
 void CTheme::apply(QApplication &application)
 {
+    applyBase();
+    applyStyleSheet(application);
+}
+
+void CTheme::applyBase()
+{
     initThemeResources();
     QApplication::setStyle(new CThemeStyle);
     QApplication::setPalette(themePalette());
@@ -147,6 +153,10 @@ void CTheme::apply(QApplication &application)
     QFont font = QApplication::font();
     font.setPixelSize(ThemeFontPixels);
     QApplication::setFont(font);
+}
+
+void CTheme::applyStyleSheet(QApplication &application)
+{
     application.setStyleSheet(themeStyleSheet());
 }
 

@@ -13,6 +13,12 @@ public:
     /// Applies the look to @p application. Call once, before the first window is shown. GUI thread.
     static void apply(QApplication &application);
 
+    /// The two halves of apply(). A style sheet is evaluated again for each widget that gets a parent, so a
+    /// window with hundreds of widgets is built quicker between them: with the base style, palette and font
+    /// that it is measured with, but without the style sheet.
+    static void applyBase();
+    static void applyStyleSheet(QApplication &application);
+
     /// The theme's light or dark text colour, whichever is easier to read on @p background.
     static QColor textOn(const QColor &background);
 
