@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/AppIcons.h"
 
+#include "platform/widgets/CSvgIcon.h"
+
 #include <QFile>
 
 QIcon AppIcons::icon(const char *name)
@@ -16,12 +18,12 @@ QIcon AppIcons::icon(const char *name)
                                     {"_hover", QIcon::Active, QIcon::Off},
                                     {"_checked", QIcon::Normal, QIcon::On},
                                     {"_disabled", QIcon::Disabled, QIcon::Off}};
-    QIcon icon;
+    CSvgIcon icon;
     for (const SState &state : states) {
         const QString file =
             QStringLiteral(":/Image/App/%1%2.svg").arg(QLatin1String(name), QLatin1String(state.suffix));
         if (QFile::exists(file))
-            icon.addFile(file, {}, state.mode, state.state);
+            icon.add(file, state.mode, state.state);
     }
-    return icon;
+    return icon.icon();
 }

@@ -5,6 +5,7 @@
 #include "layout/data/CLayoutData.h"
 #include "layout/geometry/CSnakeOrder.h"
 #include "layout/panels/SelectedPorts.h"
+#include "platform/widgets/CSvgIcon.h"
 
 #include <QButtonGroup>
 #include <QGridLayout>
@@ -83,8 +84,8 @@ QToolButton *CTopologyLabel::makeButton(int pattern)
     button->setFocusPolicy(Qt::StrongFocus);
     button->setFixedSize(TopologyButtonSize);
     button->setIconSize(TopologyIconSize);
-    button->setIcon(
-        QIcon(QStringLiteral(":/Image/Layout/SidePanel/Topology/%1.svg").arg(QLatin1String(snake.iconName))));
+    button->setIcon(CSvgIcon::of(
+        QStringLiteral(":/Image/Layout/SidePanel/Topology/%1.svg").arg(QLatin1String(snake.iconName))));
     button->setToolTip(QLatin1String(snake.name));
     button->setAccessibleName(QLatin1String(snake.name));
     return button;

@@ -7,6 +7,7 @@
 #include "layout/summary/CSummaryGraphicsView.h"
 #include "layout/summary/CSummaryLabel.h"
 #include "platform/widgets/CMessageBox.h"
+#include "platform/widgets/CSvgIcon.h"
 
 #include <QAction>
 #include <QHBoxLayout>
@@ -25,9 +26,10 @@ constexpr int StepIconSide = 20;
 
 QIcon stepIcon(const QString &base)
 {
-    QIcon icon(base + QStringLiteral("_normal.svg"));
-    icon.addFile(base + QStringLiteral("_disabled.svg"), {}, QIcon::Disabled);
-    return icon;
+    return CSvgIcon()
+        .add(base + QStringLiteral("_normal.svg"))
+        .add(base + QStringLiteral("_disabled.svg"), QIcon::Disabled)
+        .icon();
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/widgets/CPureImageBtn.h"
 
+#include "platform/widgets/CSvgIcon.h"
 #include "platform/widgets/ThemeColors.h"
 
 #include <QEvent>
@@ -15,7 +16,7 @@ QIcon firstPicture(const QString &family, std::initializer_list<const char *> su
     for (const char *suffix : suffixes) {
         const QString file = family + QLatin1Char('_') + QLatin1String(suffix) + QStringLiteral(".svg");
         if (QFile::exists(file))
-            return QIcon(file);
+            return CSvgIcon::of(file);
     }
     return {};
 }

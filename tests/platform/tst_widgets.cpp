@@ -4,6 +4,7 @@
 #include "platform/widgets/CElidedLabel.h"
 #include "platform/widgets/CMessageBox.h"
 #include "platform/widgets/CPureImageBtn.h"
+#include "platform/widgets/CSvgIcon.h"
 #include "platform/widgets/CTheme.h"
 #include "platform/widgets/CUnitLabel.h"
 #include "platform/widgets/ThemeColors.h"
@@ -52,6 +53,37 @@ class CWidgetsTest final : public CTestBase
 
 private Q_SLOTS:
     void initTestCase() { CTheme::apply(*qApp); }
+
+    /// In each mode and state, whichever pictures there are beside the normal one.
+    void svgIconsLookLikeQtsOwn()
+    {
+        const QTemporaryDir folder;
+        const QString family = writeFamily(folder, {{QStringLiteral("0"), Qt::red},
+                                                    {QStringLiteral("1"), Qt::green},
+                                                    {QStringLiteral("2"), Qt::blue},
+                                                    {QStringLiteral("3"), Qt::yellow}});
+        const QVector<QPair<QIcon::Mode, QIcon::State>> looks = {{QIcon::Normal, QIcon::Off},
+                                                                 {QIcon::Active, QIcon::Off},
+                                                                 {QIcon::Normal, QIcon::On},
+                                                                 {QIcon::Disabled, QIcon::Off}};
+        for (int others = 0; others < 8; ++others) {
+            CSvgIcon ours;
+            QIcon theirs;
+            for (int i = 0; i < looks.size(); ++i) {
+                const QString file = family + QString::number(i) + QStringLiteral(".svg");
+                if (i > 0 && !(others & 1 << (i - 1)))
+                    continue;
+                ours.add(file, looks.at(i).first, looks.at(i).second);
+                theirs.addFile(file, {}, looks.at(i).first, looks.at(i).second);
+            }
+            for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Disabled, QIcon::Active, QIcon::Selected}) {
+                for (const QIcon::State state : {QIcon::On, QIcon::Off})
+                    QCOMPARE(ours.icon().pixmap({20, 16}, mode, state).toImage(),
+                             theirs.pixmap({20, 16}, mode, state).toImage());
+            }
+        }
+        QVERIFY(CSvgIcon().icon().isNull());
+    }
 
     void sliderAndSpinBoxFollowEachOther()
     {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/view/CEditorToolBar.h"
 
+#include "platform/widgets/CSvgIcon.h"
+
 #include <QActionGroup>
 #include <QIcon>
 #include <QMenu>
@@ -18,10 +20,11 @@ QString layoutIcon(const char *name)
 
 QIcon toolIcon(const QString &base)
 {
-    QIcon icon(base + QStringLiteral("_normal.svg"));
-    icon.addFile(base + QStringLiteral("_checked.svg"), {}, QIcon::Normal, QIcon::On);
-    icon.addFile(base + QStringLiteral("_disabled.svg"), {}, QIcon::Disabled);
-    return icon;
+    return CSvgIcon()
+        .add(base + QStringLiteral("_normal.svg"))
+        .add(base + QStringLiteral("_checked.svg"), QIcon::Normal, QIcon::On)
+        .add(base + QStringLiteral("_disabled.svg"), QIcon::Disabled)
+        .icon();
 }
 
 } // namespace
