@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/printing/graphics/COverviewSheets.h"
 #include "layout/printing/graphics/CPortSheets.h"
+#include "layout/printing/graphics/CTileSheets.h"
+#include "layout/printing/graphics/Hatching.h"
 #include "tests/harness/CTestBase.h"
 #include "tests/printing/GraphicsWalls.h"
 
@@ -153,6 +155,8 @@ private Q_SLOTS:
     void mirrorsPlacesButNoTexts();
     void dividesWhatIsTooSmall();
     void tellsWhereTheChainGoesOn();
+    void tilesAtTrueScale();
+    void hatchesPortsApart();
     void refusesWhatDoesNotFit();
 };
 
@@ -262,6 +266,10 @@ void CPrintGraphicsTest::dividesWhatIsTooSmall()
         // The first sheet is number 2, and its neighbours are beside it.
         QCOMPARE(notes.contains(QStringLiteral("see sheet %1").arg(i + 1)), i > 0);
         QCOMPARE(notes.contains(QStringLiteral("see sheet %1").arg(i + 3)), i + 1 < sheets.size());
+        // The chain of 100 columns goes on and comes back four times; one cabinet has the note.
+        const QStringList tags =
+            textsOf(sheets[i], EMark::Tag).filter(QRegularExpression(QStringLiteral("^(to|from)")));
+        QCOMPARE(tags.size(), i == 0 || i + 1 == sheets.size() ? 3 : 6);
         for (const QRectF &cabinet : cabinetsOf(sheets[i]))
             QVERIFY(cabinet.width() >= Smallest - Hair);
     }
@@ -296,6 +304,70 @@ void CPrintGraphicsTest::tellsWhereTheChainGoesOn()
     QCOMPARE(dashed, 2);
 }
 
+void CPrintGraphicsTest::hatchesPortsApart()
+{
+    // Ports 1 and 17 would have the same.
+    const QMap<int, int> chosen = Hatching::chosen({{0, {16}}, {15, {}}, {16, {0, 17}}, {17, {16}}});
+    QCOMPARE(chosen, (QMap<int, int>{{0, 1}, {15, 16}, {16, 2}, {17, 3}}));
+    QPainterPath area; // two cabinets with another between them, and one that overlaps
+    for (const QRectF &rect : {QRectF(0, 0, 10, 10), QRectF(20, 0, 10, 10), QRectF(25, 5, 10, 10)})
+        area.addRect(rect);
+    const QRectF gap(10.01, 0, 9.98, 15);
+    QVERIFY(Hatching::strokes(area, 1).path.isEmpty());
+    for (int number = 2; number <= Hatching::Count; ++number) {
+        const QPainterPath lines = Hatching::strokes(area, number).path;
+        QVERIFY(QRectF(-Hair, -Hair, 35 + 2 * Hair, 15 + 2 * Hair).contains(lines.boundingRect()));
+        QRectF covered[2];
+        for (const QPolygonF &line : lines.toSubpathPolygons()) {
+            QVERIFY2(!line.boundingRect().adjusted(0, 0, 1e-3, 1e-3).intersects(gap),
+                     qPrintable(QString::number(number)));
+            covered[line.first().x() > 15] |= line.boundingRect().adjusted(0, 0, 1e-3, 1e-3);
+        }
+        QVERIFY(covered[0].width() > 7 && covered[1].width() > 12 && covered[1].height() > 12);
+    }
+}
+
+void CPrintGraphicsTest::tilesAtTrueScale()
+{
+    QCOMPARE(CTileSheets::count(500, 255), 2); // the first is wider by the overlap
+    QCOMPARE(CTileSheets::count(505, 255), 3);
+    for (int paper : {PrintConfig::A4, PrintConfig::A3}) {
+        PrintConfig config = configOf(PrintConfig::Paper(paper));
+        config.scale = 25;
+        const SSheetArea area = SSheetArea::of(config);
+        QCOMPARE(CTileSheets::field(area).size().toSize(),
+                 paper == PrintConfig::A4 ? QSize(255, 130) : QSize(378, 217));
+        const SPrintPlan plan = planOf(inputOf(mediumWall()), config);
+        const auto made = COverviewSheets(CWall(plan, 0), area).sheets(1, 2);
+        QVERIFY(made);
+        QCOMPARE(made.value().size(), paper == PrintConfig::A4 ? 4 : 2);
+        QSet<QString> ports;
+        QHash<QString, QVector<QPointF>> crosses; // by letter, where they are on the wall
+        for (int i = 0; i < made.value().size(); ++i) {
+            const SSheet &sheet = made.value()[i];
+            QVERIFY2(faultOf(sheet).isEmpty(), qPrintable(faultOf(sheet)));
+            QCOMPARE(sheet.scale, QStringLiteral("1:25"));
+            const QStringList names = textsOf(sheet, EMark::PortName);
+            ports.unite(QSet<QString>(names.begin(), names.end()));
+            QCOMPARE(textsOf(sheet, EMark::Caption).size(), 4);
+            const QSizeF step = CTileSheets::field(area).size() - QSizeF(10, 10);
+            for (const SSheetText &text : textsOf(sheet)) {
+                if (text.mark == EMark::Caption)
+                    crosses[text.text]
+                        << text.box.center() + QPointF(i % 2 * step.width(), i / 2 * step.height());
+            }
+        }
+        QCOMPARE(ports.size(), 15);
+        int shared = 0;
+        for (const QVector<QPointF> &places : qAsConst(crosses)) {
+            shared += places.size() > 1;
+            for (const QPointF &place : places) // the letters may stand on different sides of a cross
+                QVERIFY((place - places.first()).manhattanLength() < 10);
+        }
+        QCOMPARE(shared, paper == PrintConfig::A4 ? 5 : 2);
+    }
+}
+
 void CPrintGraphicsTest::refusesWhatDoesNotFit()
 {
     PrintConfig config = configOf(PrintConfig::A4);
@@ -311,6 +383,8 @@ void CPrintGraphicsTest::refusesWhatDoesNotFit()
     const auto refused = CPortSheets(CWall(huge, 0), SSheetArea::of(config)).sheets(1);
     QVERIFY(!refused);
     QVERIFY(refused.error().contains(QStringLiteral("Port 1 of Main stage")));
+    const auto overview = COverviewSheets(CWall(huge, 0), SSheetArea::of(config)).sheets(1, 2);
+    QVERIFY(!overview && overview.error().contains(QStringLiteral("1:2,")));
 }
 
 ORVO_TEST_MAIN(QGuiApplication, CPrintGraphicsTest)

@@ -4,7 +4,6 @@
 
 #include "layout/printing/graphics/DrawnMarks.h"
 #include "layout/printing/graphics/SPartView.h"
-#include "layout/printing/graphics/WallSketch.h"
 #include "layout/printing/sheets/SheetMarks.h"
 
 #include <QCoreApplication>
@@ -184,9 +183,10 @@ void COverviewDrawing::drawEnds(SSheet &sheet, const SPlanPort &port, const QVec
     const auto number = [&](int cabinet) {
         const QRectF rect = m_placing.map(m_wall.cabinets().at(cabinet).millimetres);
         const QString text = QString::number(m_wall.cabinets().at(cabinet).number);
-        const QRectF box =
-            DrawnMarks::room(text, EndNumberPoints, false).translated(rect.topLeft() + QPointF(0.9, 0.4));
-        if (m_side < EndNumberSide || box.bottom() > rect.center().y() - radius + 0.1)
+        QRectF box = DrawnMarks::room(text, EndNumberPoints, false);
+        const double above = rect.height() / 2 - radius - box.height(); // beside the mark
+        box.moveTopLeft(rect.topLeft() + QPointF(0.9, std::min(1.1, above)));
+        if (m_side < EndNumberSide || above < 0.3)
             return;
         SheetMarks::fill(sheet, box.adjusted(-0.4, -0.2, 0.4, 0.2), Qt::white);
         DrawnMarks::text(sheet, box, text, EndNumberPoints, false, EMark::CabinetNumber);
@@ -240,7 +240,7 @@ void COverviewDrawing::drawPlates(SSheet &sheet) const
     for (const SPlanPort *port : m_wall.ports()) {
         const QVector<int> owned = ownedOf(*port);
         if (!owned.isEmpty())
-            drawPlate(sheet, m_placing.map(WallSketch::middleOf(m_wall, owned)),
-                      QString::number(port->index + 1), points, EMark::PortName);
+            drawPlate(sheet, m_placing.map(m_wall.middleOf(owned)), QString::number(port->index + 1), points,
+                      EMark::PortName);
     }
 }

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/printing/graphics/COverviewSheets.h"
 
+#include "layout/printing/graphics/CTileSheets.h"
 #include "layout/printing/graphics/DrawnMarks.h"
+#include "layout/printing/graphics/DrawnViews.h"
 #include "layout/printing/graphics/WallRuler.h"
 #include "layout/printing/sheets/CSheetFont.h"
 #include "layout/printing/sheets/SheetMarks.h"
@@ -30,16 +32,18 @@ void drawDimension(SSheet &sheet, const QLineF &line, const QLineF &ends, const 
 {
     const double room = CSheetFont::width(text, SheetMarks::NotePoints, false) + 4;
     const QPointF along = QPointF(line.dx(), line.dy()) / line.length();
-    QVector<QLineF> lines;
-    if (room < line.length()) {
+    const QPointF outwards = ends.p1() - line.p1();
+    QVector<QLineF> lines{QLineF(line.p1() - outwards * 0.2, ends.p1()),
+                          QLineF(line.p2() - outwards * 0.2, ends.p2())};
+    if (room + 2 * DimensionArrow.length < line.length()) {
         lines << QLineF(line.p1(), line.center() - along * room / 2)
               << QLineF(line.center() + along * room / 2, line.p2());
+        DrawnMarks::arrow(sheet, line.p1(), -along, DimensionArrow);
+        DrawnMarks::arrow(sheet, line.p2(), along, DimensionArrow);
+    } else { // the text is longer
+        lines.clear();
     }
-    const QPointF outwards = ends.p1() - line.p1();
-    lines << QLineF(line.p1() - outwards * 0.2, ends.p1()) << QLineF(line.p2() - outwards * 0.2, ends.p2());
     DrawnMarks::lines(sheet, lines, DimensionWidth);
-    DrawnMarks::arrow(sheet, line.p1(), -along, DimensionArrow);
-    DrawnMarks::arrow(sheet, line.p2(), along, DimensionArrow);
     QRectF box = DrawnMarks::room(text, SheetMarks::NotePoints, false);
     box.moveCenter(line.center());
     SSheetText letters =
@@ -55,14 +59,6 @@ COverviewSheets::COverviewSheets(const CWall &wall, const SSheetArea &area)
     : m_wall(wall)
     , m_area(area)
 {
-}
-
-QVector<SSheet::View> COverviewSheets::views() const
-{
-    const PrintConfig &config = m_wall.processor().config;
-    if (config.views == PrintConfig::BothViews)
-        return {SSheet::Front, SSheet::Back};
-    return {config.views == PrintConfig::BackView ? SSheet::Back : SSheet::Front};
 }
 
 QRectF COverviewSheets::drawingRoom() const
@@ -135,7 +131,7 @@ SSheet COverviewSheets::sheet(const QVector<SWallPart> &parts, int part, SSheet:
     sheet.scale = tr("to fit");
     SheetMarks::head(sheet, m_area.content, sheet.title, summary(part, parts.size()), true);
     const SPlacing place = placing(parts.at(part), view == SSheet::Back);
-    const QVector<SSheet::View> all = views();
+    const QVector<SSheet::View> all = DrawnViews::of(m_wall.processor().config);
     COverviewDrawing(m_wall, parts.at(part), place).draw(sheet, [&](int other) {
         return first + other * all.size() + all.indexOf(view);
     });
@@ -258,13 +254,15 @@ CResult<QVector<SSheet>> COverviewSheets::sheets(int first, int firstPort) const
     QVector<SSheet> all;
     if (m_wall.cabinets().isEmpty())
         return all;
+    if (m_wall.processor().config.scale > 0)
+        return CTileSheets(m_wall, m_area).sheets();
     const QVector<SWallPart> divided = parts();
     if (divided.isEmpty())
         return CResult<QVector<SSheet>>::failure(
             tr("The ports of %1 are too small for an overview on this paper. Choose larger paper.")
                 .arg(m_wall.processor().name));
     for (int part = 0; part < divided.size(); ++part) {
-        for (SSheet::View view : views())
+        for (SSheet::View view : DrawnViews::of(m_wall.processor().config))
             all << sheet(divided, part, view, first, firstPort);
     }
     return all;

@@ -19,7 +19,8 @@ public:
     COverviewSheets(const CWall &wall, const SSheetArea &area);
 
     /// The sheets in printing order; both views alternate. @p first is the number of the first, @p firstPort
-    /// that of the first port sheet, 0 if there are none. Fails if ports are too small however it is divided.
+    /// that of the first port sheet, 0 if there are none. Fails if ports are too small however it is divided,
+    /// or cabinets at a true scale too large.
     CResult<QVector<SSheet>> sheets(int first, int firstPort) const;
 
 private:
@@ -35,7 +36,6 @@ private:
     QStringList notes() const;
     QString beneath(int firstPort) const;
     QString summary(int part, int parts) const;
-    QVector<SSheet::View> views() const;
 
     const CWall &m_wall;
     const SSheetArea &m_area;

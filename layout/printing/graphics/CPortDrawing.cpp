@@ -100,28 +100,68 @@ void CPortDrawing::draw(SSheet &sheet, const QRectF &room, double scale,
     feed.drawBoxes(sheet);
 }
 
+QMap<int, QStringList> CPortDrawing::sharedTags() const
+{
+    const QVector<int> shared = m_view.part.sharedCabinets();
+    QMap<int, QStringList> tags;
+    for (const SHop &hop : m_hops) {
+        if (hop.kind < SHop::Leaving)
+            continue;
+        const bool leaving = hop.kind == SHop::Leaving;
+        const int other = m_view.chained(leaving ? hop.from + 1 : hop.from);
+        if (shared.contains(other))
+            tags[other] << (leaving ? tr("to %1").arg(hop.from + 2) : tr("from %1").arg(hop.from + 1));
+    }
+    return tags;
+}
+
 void CPortDrawing::drawShared(SSheet &sheet, const std::function<int(int)> &sheetOf) const
 {
+    using SheetMarks::CaptionPoints;
+    const QMap<int, QStringList> tags = sharedTags();
     for (const auto &part : m_view.part.shared) {
-        QRectF all;
+        // In a cabinet without tags, if there is one, near the middle.
+        QVector<int> free = part.second;
+        free.erase(std::remove_if(free.begin(), free.end(), [&](int i) { return tags.contains(i); }),
+                   free.end());
+        const int noted = free.isEmpty() ? part.second.at(part.second.size() / 2) : free.at(free.size() / 2);
         for (int cabinet : part.second) {
-            DrawnMarks::box(sheet, m_view.rect(cabinet), Shared, CabinetWidth);
-            all |= m_view.rect(cabinet);
+            const QRectF rect = m_view.rect(cabinet);
+            DrawnMarks::box(sheet, rect, Shared, CabinetWidth);
+            QStringList lines = cabinet == noted ? QStringList() : tags.value(cabinet);
+            if (lines.size() == 1 &&
+                DrawnMarks::room(lines[0], CaptionPoints, false).width() > rect.width() - 1)
+                lines = lines[0].split(QLatin1Char(' '));
+            double top = rect.top() + 0.8;
+            for (const QString &line : qAsConst(lines)) {
+                const QRectF box =
+                    DrawnMarks::room(line, CaptionPoints, false).translated(rect.left() + 0.5, top);
+                if (!rect.contains(box) || (top > rect.center().y()) != (box.bottom() > rect.center().y()))
+                    break;
+                DrawnMarks::text(sheet, box, line, CaptionPoints, false, EMark::Tag);
+                top = rect.center().y() + 1.6; // below the wire
+            }
         }
-        const QStringList words = tr("see sheet %1").arg(sheetOf(part.first)).split(QLatin1Char(' '));
-        const double height = DrawnMarks::room(words.first(), SheetMarks::CaptionPoints, false).height();
-        // In a cabinet without wires: those at the border to this sheet have none in their far half.
-        const QRectF cabinet = m_view.rect(part.second.at(part.second.size() / 2));
-        const QString whole = words.join(QLatin1Char(' '));
-        const bool wide =
-            DrawnMarks::room(whole, SheetMarks::CaptionPoints, false).width() < cabinet.width() - 1;
-        const QStringList lines = wide ? QStringList(whole) : words;
-        double middle = cabinet.center().y() - height * (lines.size() - 1) / 2.0;
-        for (const QString &line : lines) {
-            DrawnMarks::centred(sheet, QPointF(cabinet.center().x(), middle), line, SheetMarks::CaptionPoints,
-                                false, EMark::Note);
-            middle += height;
-        }
+        drawNote(sheet, m_view.rect(noted), tr("see sheet %1").arg(sheetOf(part.first)));
+    }
+}
+
+void CPortDrawing::drawNote(SSheet &sheet, const QRectF &cabinet, const QString &note) const
+{
+    using SheetMarks::CaptionPoints;
+    const bool wide = DrawnMarks::room(note, CaptionPoints, false).width() < cabinet.width() - 1;
+    const QStringList lines = wide ? QStringList(note) : note.split(QLatin1Char(' '));
+    double widest = 0;
+    for (const QString &line : lines)
+        widest = std::max(widest, DrawnMarks::room(line, CaptionPoints, false).width());
+    // Away from the arrow heads at the border of this sheet's cabinets.
+    const double aside = std::min(1.5, std::max(0.0, (cabinet.width() - widest) / 2));
+    const bool right = cabinet.center().x() > m_view.placing.target().center().x();
+    const double height = DrawnMarks::room(note, CaptionPoints, false).height();
+    QPointF middle = cabinet.center() + QPointF(right ? aside : -aside, -height * (lines.size() - 1) / 2.0);
+    for (const QString &line : lines) {
+        DrawnMarks::centred(sheet, middle, line, CaptionPoints, false, EMark::Note);
+        middle.ry() += height;
     }
 }
 
@@ -208,6 +248,7 @@ QVector<SCabinetTag> CPortDrawing::tagsOf(int cabinet) const
 {
     QVector<SCabinetTag> tags;
     const QVector<int> &chain = m_view.port.chain;
+    const QVector<int> shared = m_view.part.sharedCabinets(); // tell it themselves
     if (m_view.wall.cabinets().at(cabinet).number == 0)
         return {{{tr("not wired"), tr("not\nwired")}, SCabinetTag::Plain}};
     if (cabinet == chain.first())
@@ -215,7 +256,8 @@ QVector<SCabinetTag> CPortDrawing::tagsOf(int cabinet) const
     if (cabinet == chain.last())
         tags << SCabinetTag{{tr("END")}, SCabinetTag::End};
     for (const SHop &hop : m_hops) {
-        if (hop.kind < SHop::Leaving || m_view.chained(hop.cabinet()) != cabinet)
+        if (hop.kind < SHop::Leaving || m_view.chained(hop.cabinet()) != cabinet ||
+            shared.contains(m_view.chained(hop.kind == SHop::Leaving ? hop.from + 1 : hop.from)))
             continue;
         if (hop.kind == SHop::Entering) {
             tags << SCabinetTag{{tr("from %1").arg(hop.from + 1)}, SCabinetTag::Plain};

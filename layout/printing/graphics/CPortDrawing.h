@@ -7,7 +7,9 @@
 #include "layout/printing/sheets/SSheet.h"
 
 #include <QCoreApplication>
+#include <QMap>
 #include <QMarginsF>
+#include <QStringList>
 
 #include <functional>
 
@@ -35,6 +37,9 @@ private:
     QMarginsF margins() const;
     void place(const QRectF &room, double scale);
     void drawShared(SSheet &sheet, const std::function<int(int)> &sheetOf) const;
+    void drawNote(SSheet &sheet, const QRectF &cabinet, const QString &note) const;
+    /// What is told in the cabinets of other sheets: where the chain goes on, and where it comes from.
+    QMap<int, QStringList> sharedTags() const;
     void drawCabinets(SSheet &sheet) const;
     void drawChain(SSheet &sheet);
     void drawMarks(SSheet &sheet);

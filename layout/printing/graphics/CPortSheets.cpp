@@ -4,6 +4,7 @@
 
 #include "layout/printing/graphics/CPortDrawing.h"
 #include "layout/printing/graphics/CabinetLabels.h"
+#include "layout/printing/graphics/DrawnViews.h"
 #include "layout/printing/graphics/SPartView.h"
 #include "layout/printing/sheets/SheetMarks.h"
 
@@ -14,19 +15,12 @@ namespace {
 constexpr double PanelGap = 4; // millimetres between drawing and panel
 constexpr double TitleHeight = 17;
 
-QVector<SSheet::View> viewsOf(const PrintConfig &config)
-{
-    if (config.views == PrintConfig::BothViews)
-        return {SSheet::Front, SSheet::Back};
-    return {config.views == PrintConfig::BackView ? SSheet::Back : SSheet::Front};
-}
-
 } // namespace
 
 CPortSheets::CPortSheets(const CWall &wall, const SSheetArea &area)
     : m_wall(wall)
     , m_area(area)
-    , m_views(viewsOf(wall.processor().config))
+    , m_views(DrawnViews::of(wall.processor().config))
 {
 }
 

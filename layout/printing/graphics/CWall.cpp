@@ -76,18 +76,19 @@ CWall::CWall(const SPrintPlan &plan, int processor)
     QMap<int, QVector<int>> touchingPorts;
     for (const SPlanPort *port : qAsConst(m_ports)) {
         QVector<int> &others = touchingPorts[port->index];
-        QVector<QLineF> outline;
         for (int cabinet : cabinetsOf(*port)) {
             for (int other : m_touching.at(cabinet)) {
                 const int otherPort = cabinets().at(other).port;
                 if (otherPort != port->index && !others.contains(otherPort))
                     others << otherPort;
             }
-            outline += borders(cabinet, false);
+            m_outlines += borders(cabinet, false);
             m_edge += borders(cabinet, true);
         }
-        m_outlines.insert(port->index, joined(outline));
+        const QVector<int> own = cabinetsOf(*port);
+        m_places.insert(port->index, {bounds(own), middleOf(own)});
     }
+    m_outlines = joined(m_outlines);
     m_edge = joined(m_edge);
     m_hatchings = Hatching::chosen(touchingPorts);
 }
@@ -153,6 +154,20 @@ QRectF CWall::bounds(const QVector<int> &cabinets) const
     for (int cabinet : cabinets)
         rect |= m_processor.cabinets.at(cabinet).millimetres;
     return rect;
+}
+
+QPointF CWall::middleOf(const QVector<int> &cabinets) const
+{
+    const QPointF middle = bounds(cabinets).center();
+    const auto distance = [&](int cabinet) {
+        const QRectF &rect = m_processor.cabinets.at(cabinet).millimetres;
+        return rect.contains(middle) ? -1.0 : QLineF(rect.center(), middle).length();
+    };
+    const auto nearest = std::min_element(cabinets.begin(), cabinets.end(),
+                                          [&](int a, int b) { return distance(a) < distance(b); });
+    if (nearest == cabinets.end() || distance(*nearest) < 0)
+        return middle;
+    return m_processor.cabinets.at(*nearest).millimetres.center();
 }
 
 QColor CWall::fill(const SPlanPort &port) const

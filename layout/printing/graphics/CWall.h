@@ -35,8 +35,12 @@ public:
 
     QRectF bounds() const { return QRectF(QPointF(0, 0), m_processor.millimetres); }
     QRectF bounds(const QVector<int> &cabinets) const;
-    /// Around a port, and around the wall: the borders of the cabinets, joined.
-    const QVector<QLineF> &outline(int port) const { return m_outlines.find(port).value(); }
+    QRectF bounds(const SPlanPort &port) const { return m_places.value(port.index).bounds; }
+    /// A place for a number: in the middle, or if that is not theirs, in the nearest cabinet.
+    QPointF middleOf(const QVector<int> &cabinets) const;
+    QPointF middle(int port) const { return m_places.value(port).middle; }
+    /// Around the ports, and around the wall: the borders of the cabinets, joined.
+    const QVector<QLineF> &outlines() const { return m_outlines; }
     const QVector<QLineF> &edge() const { return m_edge; }
     int hatching(int port) const { return m_hatchings.value(port, 1); }
     /// The fill beneath a port's hatching: light enough for black letters; invalid without colours.
@@ -52,7 +56,13 @@ private:
     const SPlanProcessor &m_processor;
     QVector<const SPlanPort *> m_ports;
     QVector<QVector<int>> m_touching;
-    QMap<int, QVector<QLineF>> m_outlines;
+    struct SPlace
+    {
+        QRectF bounds;
+        QPointF middle;
+    };
+    QMap<int, SPlace> m_places; ///< of the ports
+    QVector<QLineF> m_outlines;
     QVector<QLineF> m_edge;
     QMap<int, int> m_hatchings;
 };

@@ -136,7 +136,7 @@ void placeName(SSheet &sheet, int port, const QVector<SPiece> &where, QVector<QR
             if (size.width() > run.rect.width() || size.height() > run.rect.height())
                 continue;
             const QSizeF slack = run.rect.size() - size;
-            for (double share : {0.5, 0.25, 0.75, 0.05, 0.95}) {
+            for (double share : {0.5, 0.25, 0.75, 0.12, 0.88}) {
                 const bool upright = isUpright(run.side);
                 const QRectF box(run.rect.topLeft() + QPointF(slack.width() * (upright ? 0.5 : share),
                                                               slack.height() * (upright ? share : 0.5)),

@@ -32,12 +32,11 @@ void drawNumbers(SSheet &sheet, const CWall &wall, const SPlacing &placing, cons
     QVector<QRectF> taken;
     for (const SPlanPort *port : qAsConst(ports)) {
         const bool named = port->index == look.named;
-        const QVector<int> cabinets = named ? look.black : CWall::cabinetsOf(*port);
-        const QRectF room = placing.map(wall.bounds(cabinets));
+        const QRectF room = placing.map(named ? wall.bounds(look.black) : wall.bounds(*port));
         const QString text = QString::number(port->index + 1);
         for (double points : {TablePoints, CaptionPoints}) {
             QRectF box = DrawnMarks::room(text, points, true);
-            box.moveCenter(placing.map(WallSketch::middleOf(wall, cabinets)));
+            box.moveCenter(placing.map(named ? wall.middleOf(look.black) : wall.middle(port->index)));
             const QRectF plate = box.adjusted(-Air, 0, Air, 0);
             if (plate.width() > room.width() || plate.height() > room.height() ||
                 std::any_of(taken.begin(), taken.end(),
@@ -54,20 +53,6 @@ void drawNumbers(SSheet &sheet, const CWall &wall, const SPlacing &placing, cons
 
 } // namespace
 
-QPointF WallSketch::middleOf(const CWall &wall, const QVector<int> &cabinets)
-{
-    const QPointF middle = wall.bounds(cabinets).center();
-    const auto distance = [&](int cabinet) {
-        const QRectF &rect = wall.cabinets().at(cabinet).millimetres;
-        return rect.contains(middle) ? -1.0 : QLineF(rect.center(), middle).length();
-    };
-    const auto nearest = std::min_element(cabinets.begin(), cabinets.end(),
-                                          [&](int a, int b) { return distance(a) < distance(b); });
-    if (nearest == cabinets.end() || distance(*nearest) < 0)
-        return middle;
-    return wall.cabinets().at(*nearest).millimetres.center();
-}
-
 QRectF WallSketch::draw(SSheet &sheet, const QRectF &rect, const CWall &wall, bool back, const SLook &look)
 {
     SPlacing placing;
@@ -77,15 +62,13 @@ QRectF WallSketch::draw(SSheet &sheet, const QRectF &rect, const CWall &wall, bo
     if (placing.source.isEmpty())
         return QRectF(rect.topLeft(), QSizeF(0, 0));
     placing.scale = std::min(rect.width() / placing.source.width(), rect.height() / placing.source.height());
-    QVector<QLineF> outlines;
-    for (const SPlanPort *port : wall.ports()) {
-        if (look.hatched)
+    if (look.hatched) {
+        for (const SPlanPort *port : wall.ports())
             DrawnMarks::fill(sheet, areaOf(wall, CWall::cabinetsOf(*port), placing), wall.fill(*port),
                              wall.hatching(port->index));
-        outlines += wall.outline(port->index);
     }
     DrawnMarks::fill(sheet, areaOf(wall, look.black, placing), Qt::black);
-    DrawnMarks::lines(sheet, placing.map(CWall::joined(outlines)), SketchLine);
+    DrawnMarks::lines(sheet, placing.map(wall.outlines()), SketchLine);
     DrawnMarks::lines(sheet, placing.map(wall.edge()), SketchEdge);
     drawNumbers(sheet, wall, placing, look);
     return placing.target();

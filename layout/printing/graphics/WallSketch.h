@@ -20,7 +20,4 @@ struct SLook
 /// As large as fits @p rect, at its upper left corner. Returns what it covers.
 QRectF draw(SSheet &sheet, const QRectF &rect, const CWall &wall, bool back, const SLook &look);
 
-/// A place for a port's number, in millimetres of the wall: in its middle if the middle is its own.
-QPointF middleOf(const CWall &wall, const QVector<int> &cabinets);
-
 } // namespace WallSketch
