@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/commands/CCommandLine.h"
+#include "host/app/commands/CPrintOptions.h"
 #include "host/library/CTypeLibrary.h"
 #include "tests/harness/CTestBase.h"
 #include "tests/projects/ProjectSamples.h"
@@ -96,7 +97,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("status");
         QTest::addColumn<QString>("said");
         const auto row = [](const char *arguments, int status, const char *said) {
-            QTest::newRow(arguments) << status << QString::fromLatin1(said);
+            QTest::newRow(arguments) << status << QString::fromUtf8(said);
         };
         row("paint a.sprj", 2, "no such command");
         row("new NEW --cabinet 64x64 --columns 1 --rows 1", 2, "--ports is missing");
@@ -109,8 +110,23 @@ private Q_SLOTS:
         row("new NEW --cabinet 64x64 --columns=60 --rows=60 --ports=1", 1, "up to 1024");
         row("new NEW.txt --cabinet 64x64 --columns 1 --rows 1 --ports 1", 2, ".sprj");
         row("export WALL", 2, "2 files");
-        row("export WALL OUT.svg", 2, "SVG is not available in this version");
+        row("export WALL OUT.txt", 2, "must end in");
         row("export WALL OUT.csv --size 10x10", 2, "only a picture");
+        row("export WALL OUT.pdf --size 10x10", 2, "only a picture");
+        row("export WALL OUT.svg --sheets cover --dpi 100", 2, "--dpi is for");
+        row("export WALL OUT.png --grey", 2, "name those with --sheets");
+        row("export WALL OUT.csv --sheets cover", 2, "a table has none");
+        row("export WALL WALL OUT.png", 2, "several projects");
+        row("export WALL OUT.pdf --paper A9", 2, "\"A9\" is no value for --paper");
+        row("export WALL OUT.pdf --stock 5,5", 2, "no value for --stock");
+        row("export WALL OUT.pdf --rack above,1,1", 2, "no value for --rack");
+        row("export WALL OUT.pdf --date 2026-02-30", 2, "no value for --date");
+        row("export WALL OUT.pdf --scale 25", 2, "no value for --scale");
+        row("export WALL OUT.pdf --grey=1", 2, "--grey has no value");
+        row("export WALL OUT.pdf --front --back", 2, "--front and --back contradict");
+        row("export WALL OUT.pdf --paper 100x100", 1, "too small");
+        row("export WALL OUT.pdf --designer \uE000", 1, "no font for the letters");
+        row("export WALL NOWHERE/OUT.pdf", 1, "OUT.pdf\" cannot be written");
         row("export WALL OUT.png --size 16384x16384", 2, "at most");
         row("export MISSING.sprj OUT.png", 1, "MISSING.sprj\" cannot be read");
         row("export WALL NOWHERE/OUT.png", 1, "OUT.png\" cannot be written");
@@ -120,7 +136,7 @@ private Q_SLOTS:
     {
         QFETCH(int, status);
         QFETCH(QString, said);
-        QStringList list = QString::fromLatin1(QTest::currentDataTag()).split(QLatin1Char(' '));
+        QStringList list = QString::fromUtf8(QTest::currentDataTag()).split(QLatin1Char(' '));
         for (QString &argument : list) {
             if (argument == QLatin1String("WALL"))
                 argument = wall();
@@ -176,6 +192,38 @@ private Q_SLOTS:
         for (const QPoint &point : {QPoint(20, 20), QPoint(400, 100)})
             colors << picture.pixel(point);
         QCOMPARE(colors.size(), 2);
+    }
+
+    void exportsSheets()
+    {
+        const auto run = [this](const char *file, const char *options) {
+            return runHere(QStringList{QStringLiteral("export"), wall(), path(file)} +
+                           QString::fromLatin1(options).split(QLatin1Char(' ')));
+        };
+        const SRun plan =
+            run("plan.pdf", "--date 2026-05-04 --paper A3 --both --grey --far-end B --rack right,1,2");
+        QCOMPARE(plan.errors, QString());
+        QCOMPARE(plan.out, path("plan.pdf") + QLatin1Char('\n'));
+        const QByteArray content = ProjectSamples::contentOf(path("plan.pdf"));
+        run("plan.pdf", "--date 2026-05-04 --paper A3 --both --grey --far-end B --rack right,1,2");
+        QCOMPARE(ProjectSamples::contentOf(path("plan.pdf")), content);
+        QCOMPARE(content.count("/Type /Page\n"), 1 + 1 + 2 + 2 * 2 + 1 + 1);
+        QVERIFY(content.contains("/MediaBox [0 0 1191"));
+
+        QCOMPARE(run("plan.png", "--sheets cover,table --dpi 50").out,
+                 path("plan-1.png") + QLatin1Char('\n') + path("plan-2.png") + QLatin1Char('\n'));
+        QCOMPARE(QImage(path("plan-2.png")).size(), QSize(585, 413));
+        QCOMPARE(run("sheet.svg", "--sheets parts").out, path("sheet.svg") + QLatin1Char('\n'));
+        QVERIFY(ProjectSamples::contentOf(path("sheet.svg")).contains(">Parts list<"));
+        QCOMPARE(run("wall.svg", "--size 512x128").status, 0);
+        QVERIFY(ProjectSamples::contentOf(path("wall.svg")).contains("viewBox=\"0 0 512 128\""));
+    }
+
+    void helpNamesEveryOption()
+    {
+        const QString help = runHere({QStringLiteral("export"), QStringLiteral("--help")}).out;
+        for (const QString &option : CPrintOptions::names() + CPrintOptions::flags())
+            QVERIFY2(help.contains(QStringLiteral("  %1 ").arg(option)), qPrintable(option));
     }
 
     void tellsFindings()

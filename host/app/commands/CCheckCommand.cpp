@@ -25,11 +25,11 @@ SLayoutLimits limitsOf(const SProcessorProject &project)
     if (!kind)
         return limits;
     limits.processorPixels = kind->pixelLimit;
-    const SReceiverGeneration &generation = kind->generation;
-    const CPortCapacity::SSignal carried{project.frameRate, project.colorDepth, false};
-    limits.portLoad = [&generation, carried](const CabinetLayout::CabinetPort &port) {
-        return CPortCapacity::percent(CPortCapacity::charged(generation, port),
-                                      CPortCapacity::capacity(generation, carried));
+    const QMap<int, SPortLoad> loads = CPortCapacity::loads(
+        *kind, {project.frameRate, project.colorDepth, false}, project.layout, project.portCount);
+    limits.portLoad = [loads](const CabinetLayout::CabinetPort &port) {
+        const SPortLoad load = loads.value(port.index); // without what the processor adds to it
+        return CPortCapacity::percent(load.pixels, load.capacity);
     };
     return limits;
 }

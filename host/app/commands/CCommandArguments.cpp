@@ -21,6 +21,26 @@ int plainNumber(const QString &text)
 CResult<CCommandArguments> CCommandArguments::parse(const QStringList &arguments, const QStringList &options,
                                                     int fileCount)
 {
+    auto parsed = read(arguments, options, {});
+    if (parsed && (parsed.value().m_files.size() != fileCount || parsed.value().m_files.contains(QString())))
+        return CResult<CCommandArguments>::failure(fileCount == 1
+                                                       ? tr("exactly one file must be named")
+                                                       : tr("exactly %1 files must be named").arg(fileCount));
+    return parsed;
+}
+
+CResult<CCommandArguments> CCommandArguments::parse(const QStringList &arguments, const QStringList &options,
+                                                    const QStringList &flags, int fewestFiles)
+{
+    auto parsed = read(arguments, options, flags);
+    if (parsed && (parsed.value().m_files.size() < fewestFiles || parsed.value().m_files.contains(QString())))
+        return CResult<CCommandArguments>::failure(tr("at least %1 files must be named").arg(fewestFiles));
+    return parsed;
+}
+
+CResult<CCommandArguments> CCommandArguments::read(const QStringList &arguments, const QStringList &options,
+                                                   const QStringList &flags)
+{
     using Arguments = CResult<CCommandArguments>;
     CCommandArguments parsed;
     bool optionsEnded = false;
@@ -34,18 +54,22 @@ CResult<CCommandArguments> CCommandArguments::parse(const QStringList &arguments
         if (optionsEnded)
             continue;
         const QString option = argument.section(QLatin1Char('='), 0, 0);
-        if (!options.contains(option))
+        const bool flag = flags.contains(option);
+        if (!flag && !options.contains(option))
             return Arguments::failure(tr("the option %1 is not known").arg(option));
         if (parsed.m_values.contains(option))
             return Arguments::failure(tr("the option %1 is given twice").arg(option));
         const bool joined = argument.contains(QLatin1Char('='));
+        if (flag && joined)
+            return Arguments::failure(tr("the option %1 has no value").arg(option));
+        if (flag) {
+            parsed.m_values.insert(option, QString());
+            continue;
+        }
         if (!joined && i + 1 == arguments.size())
             return Arguments::failure(tr("the option %1 needs a value").arg(option));
         parsed.m_values.insert(option, joined ? argument.section(QLatin1Char('='), 1) : arguments.at(++i));
     }
-    if (parsed.m_files.size() != fileCount || parsed.m_files.contains(QString()))
-        return Arguments::failure(fileCount == 1 ? tr("exactly one file must be named")
-                                                 : tr("exactly %1 files must be named").arg(fileCount));
     return parsed;
 }
 

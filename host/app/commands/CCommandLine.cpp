@@ -28,7 +28,7 @@ struct SCommand
 
 constexpr SCommand commandTable[] = {
     {"new", "OUT.sprj --cabinet WxH --columns N --rows N --ports N [--pattern 0..7]", CNewCommand::run},
-    {"export", "IN.sprj OUT.{png,svg,pdf,csv} [--size WxH]", CExportCommand::run},
+    {"export", "IN.sprj [MORE.sprj ...] OUT.{pdf,png,svg,csv} [OPTION...]", CExportCommand::run},
     {"check", "FILE", CCheckCommand::run}};
 
 const SCommand *commandNamed(const QString &name)
@@ -72,9 +72,9 @@ QString helpText()
         "                  polling or hdmi; \"no-\" before it ends what began earlier\n"
         "  orvo new OUT.sprj --cabinet WxH --columns N --rows N --ports N [--pattern 0..7]\n"
         "      writes a project with a wall of equal cabinets, shared out to ports and wired\n"
-        "  orvo export IN.sprj OUT.{png,svg,pdf,csv} [--size WxH]\n"
-        "      writes a project's layout as a picture or a table (SVG and PDF: not in this "
-        "version)\n"
+        "  orvo export IN.sprj [MORE.sprj ...] OUT.{pdf,png,svg,csv} [OPTION...]\n"
+        "      writes the wiring plan as sheets for paper, or a project's layout as a picture or a\n"
+        "      table; \"orvo export --help\" lists the options\n"
         "  orvo check FILE\n"
         "      lists what is wrong in a project\n"
         "  orvo --help | --version\n"
@@ -119,7 +119,7 @@ int CCommandLine::main(int argc, char **argv)
 int CCommandLine::run(const QStringList &arguments, QTextStream &out, QTextStream &errors)
 {
     if (std::any_of(arguments.begin(), arguments.end(), isHelpOption)) {
-        out << helpText();
+        out << (arguments.first() == QLatin1String("export") ? CExportCommand::help() : helpText());
         return Success;
     }
     if (std::any_of(arguments.begin(), arguments.end(), isVersionOption)) {

@@ -4,6 +4,8 @@
 
 #include "host/app/commands/CCommandArguments.h"
 #include "host/app/commands/CLayoutExport.h"
+#include "host/app/commands/CPrintOptions.h"
+#include "host/app/commands/CSheetExport.h"
 #include "host/app/commands/SCommandOutcome.h"
 #include "host/projects/CProcessorProject.h"
 #include "layout/api/records/LayoutData.h"
@@ -14,6 +16,10 @@
 namespace {
 
 const QString sizeOption = QStringLiteral("--size");
+const QString dotsOption = QStringLiteral("--dpi");
+const QString sheetsOption = QStringLiteral("--sheets");
+constexpr int FewestDots = 30;
+constexpr int MostDots = 600;
 
 LayoutData dataOf(const SProcessorProject &project)
 {
@@ -25,45 +31,112 @@ LayoutData dataOf(const SProcessorProject &project)
     return data;
 }
 
-/// Why this export is not possible; empty if it is.
-QString kindProblem(const QString &file, bool sized)
+/// Whether sheets are written, and not the layout itself.
+bool areSheets(const CCommandArguments &arguments, const QString &suffix)
 {
-    const QString suffix = QFileInfo(file).suffix().toLower();
-    if (suffix == QLatin1String("svg") || suffix == QLatin1String("pdf"))
-        return CExportCommand::tr("export as %1 is not available in this version; use png or csv")
-            .arg(suffix.toUpper());
-    const CLayoutExport::Kind kind = CLayoutExport::kindOf(file);
-    if (kind == CLayoutExport::Unknown)
+    return suffix == QLatin1String("pdf") || (suffix != QLatin1String("csv") && arguments.has(sheetsOption));
+}
+
+/// Why these arguments do not belong together; empty if they do.
+QString problemOf(const CCommandArguments &arguments, const QString &target)
+{
+    const QString suffix = QFileInfo(target).suffix().toLower();
+    static const QStringList suffixes{QStringLiteral("png"), QStringLiteral("svg"), QStringLiteral("pdf"),
+                                      QStringLiteral("csv")};
+    if (!suffixes.contains(suffix))
         return CExportCommand::tr("the name of the export must end in .png, .svg, .pdf or .csv");
-    if (kind == CLayoutExport::Table && sized)
-        return CExportCommand::tr("only a picture has a size");
+    const bool sheets = areSheets(arguments, suffix);
+    if (arguments.has(sizeOption) && (sheets || suffix == QLatin1String("csv")))
+        return CExportCommand::tr("only a picture of the layout has a size");
+    if (arguments.has(dotsOption) && !(sheets && suffix == QLatin1String("png")))
+        return CExportCommand::tr("--dpi is for sheets as .png");
+    if (sheets)
+        return {};
+    for (const QString &option : arguments.given()) {
+        if (option != sizeOption && option != dotsOption)
+            return suffix == QLatin1String("csv")
+                       ? CExportCommand::tr("the option %1 is for sheets, a table has none").arg(option)
+                       : CExportCommand::tr(
+                             "the option %1 is for sheets: name those with --sheets, or write a .pdf")
+                             .arg(option);
+    }
+    return arguments.fileCount() == 2 ? QString()
+                                      : CExportCommand::tr("only sheets can show several projects at once");
+}
+
+/// Writes the layout of one project.
+SCommandOutcome exportLayout(const SProcessorProject &project, const QString &target, const QSize &size,
+                             QTextStream &out)
+{
+    const LayoutData data = dataOf(project);
+    const CStatus written = CLayoutExport::write(data, target, size);
+    if (!written)
+        return SCommandOutcome::badInput(written.error());
+    out << CExportCommand::tr("%1: cabinets: %2\n").arg(target, QString::number(data.layout.cabinetCount()));
+    return {};
+}
+
+SCommandOutcome exportSheets(const QVector<SProcessorProject> &projects, PrintConfig config,
+                             const QString &target, int dots, QTextStream &out)
+{
+    if (!config.date.isValid())
+        config.date = QDate::currentDate();
+    const auto names = CSheetExport::write(CSheetExport::inputOf(projects), config, target, dots);
+    if (!names)
+        return SCommandOutcome::badInput(names.error());
+    for (const QString &name : names.value())
+        out << name << '\n';
     return {};
 }
 
 } // namespace
 
+QString CExportCommand::help()
+{
+    return tr("Usage: orvo export IN.sprj [MORE.sprj ...] OUT.{pdf,png,svg,csv} [OPTION...]\n"
+              "  .pdf        the wiring plan, sheets for paper, of one project or several\n"
+              "  .png, .svg  the layout as a picture; with --sheets those sheets, a file each\n"
+              "  .csv        the cabinets as a table\n"
+              "A picture of the layout:\n"
+              "  --size WxH              pixels (1920 wide)\n"
+              "Sheets:\n"
+              "%1"
+              "  --dpi N                 dots per inch of sheets as .png (%2)\n")
+        .arg(CPrintOptions::help())
+        .arg(CSheetExport::UsualDots);
+}
+
 SCommandOutcome CExportCommand::run(const QStringList &arguments, QTextStream &out)
 {
-    const auto parsed = CCommandArguments::parse(arguments, {sizeOption}, 2);
+    const auto parsed = CCommandArguments::parse(
+        arguments, QStringList{sizeOption, dotsOption} + CPrintOptions::names(), CPrintOptions::flags(), 2);
     if (!parsed)
         return SCommandOutcome::usage(parsed.error());
-    const QString target = parsed.value().file(1);
-    const bool sized = parsed.value().has(sizeOption);
-    QString error = kindProblem(target, sized);
-    const QSize size =
-        sized ? parsed.value().size(sizeOption, CLayoutExport::LargestPictureSide, error) : QSize();
+    const CCommandArguments &given = parsed.value();
+    const QString target = given.file(given.fileCount() - 1);
+    QString error = problemOf(given, target);
+    const QSize size = given.has(sizeOption) && error.isEmpty()
+                           ? given.size(sizeOption, CLayoutExport::LargestPictureSide, error)
+                           : QSize();
     if (qint64(size.width()) * size.height() > CLayoutExport::LargestPicture)
         error = tr("a picture has at most %1 pixels").arg(CLayoutExport::LargestPicture);
+    int dots = CSheetExport::UsualDots;
+    if (given.has(dotsOption) && error.isEmpty())
+        dots = given.number(dotsOption, FewestDots, MostDots, error);
+    PrintConfig config;
+    if (error.isEmpty())
+        error = CPrintOptions::apply(given, config);
     if (!error.isEmpty())
         return SCommandOutcome::usage(error);
 
-    const CResult<SProcessorProject> project = CProcessorProject::read(parsed.value().file(0));
-    if (!project)
-        return SCommandOutcome::badInput(project.error());
-    const LayoutData data = dataOf(project.value());
-    const CStatus written = CLayoutExport::write(data, target, size);
-    if (!written)
-        return SCommandOutcome::badInput(written.error());
-    out << tr("%1: cabinets: %2\n").arg(target, QString::number(data.layout.cabinetCount()));
-    return {};
+    QVector<SProcessorProject> projects;
+    for (int i = 0; i + 1 < given.fileCount(); ++i) {
+        const CResult<SProcessorProject> project = CProcessorProject::read(given.file(i));
+        if (!project)
+            return SCommandOutcome::badInput(project.error());
+        projects << project.value();
+    }
+    if (areSheets(given, QFileInfo(target).suffix().toLower()))
+        return exportSheets(projects, config, target, dots, out);
+    return exportLayout(projects.first(), target, size, out);
 }

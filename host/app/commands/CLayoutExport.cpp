@@ -13,6 +13,7 @@
 #include <QImage>
 #include <QImageWriter>
 #include <QPainter>
+#include <QSvgGenerator>
 
 namespace {
 
@@ -43,21 +44,44 @@ QByteArray pngOf(const LayoutData &data, const QSize &size)
     return writer.write(image) ? png : QByteArray();
 }
 
+/// The layout as an SVG.
+QByteArray svgOf(const LayoutData &data, const QSize &size)
+{
+    QByteArray svg;
+    QBuffer buffer(&svg);
+    QSvgGenerator generator;
+    generator.setOutputDevice(&buffer);
+    generator.setTitle(QStringLiteral("Orvo"));
+    generator.setDescription(QString());
+    generator.setSize(size);
+    generator.setViewBox(QRect({0, 0}, size));
+    QPainter painter(&generator);
+    painter.fillRect(QRect({0, 0}, size), CLayoutPainter::surroundings());
+    CLayoutPicture::paint(painter, data, QRectF({0, 0}, size));
+    painter.end();
+    return svg;
+}
+
 } // namespace
 
 CLayoutExport::Kind CLayoutExport::kindOf(const QString &file)
 {
     const QString suffix = QFileInfo(file).suffix().toLower();
-    return suffix == QLatin1String("png") ? Picture : suffix == QLatin1String("csv") ? Table : Unknown;
+    return suffix == QLatin1String("png")   ? Picture
+           : suffix == QLatin1String("svg") ? Drawing
+           : suffix == QLatin1String("csv") ? Table
+                                            : Unknown;
 }
 
 CStatus CLayoutExport::write(const LayoutData &data, const QString &file, QSize size)
 {
     return CSafeFile::withMemory(file, [&] {
-        const bool table = kindOf(file) == Table;
+        const Kind kind = kindOf(file);
         if (size.isEmpty())
             size = usualSize(data);
-        const QByteArray content = table ? CCabinetTable::toCsv(data.layout) : pngOf(data, size);
+        const QByteArray content = kind == Table     ? CCabinetTable::toCsv(data.layout)
+                                   : kind == Drawing ? svgOf(data, size)
+                                                     : pngOf(data, size);
         if (content.isEmpty())
             return CStatus::failure(tr("there is not enough memory for a picture of %1x%2 pixels")
                                         .arg(size.width())

@@ -15,7 +15,7 @@ class CLayoutExport final
     Q_DECLARE_TR_FUNCTIONS(CLayoutExport)
 
 public:
-    enum Kind { Unknown, Picture, Table };
+    enum Kind { Unknown, Picture, Drawing, Table };
     static constexpr int LargestPictureSide = 16384;
     static constexpr qint64 LargestPicture = 100000000; ///< pixels
 

@@ -15,12 +15,7 @@ LayoutData SDevice::data() const
 
 SPortLoad SDevice::portLoad(const CabinetLayout::CabinetPort &port, int index) const
 {
-    CabinetLayout::CabinetPort carried = port;
-    if (port.redundancy == CabinetLayout::CabinetPort::Redundant) {
-        carried.groups = {CabinetLayout::CabinetPort::CabinetGroup()};
-        carried.groups.first().cabinets = port.mirrored;
-    }
-    const qint64 used = CPortCapacity::charged(kind.generation, carried);
+    const qint64 used = CPortCapacity::charged(kind.generation, CPortCapacity::carried(port));
     const qint64 total = working.chargedPixels() - working.chargedPixels(index) + used;
     return CPortCapacity::load(kind, {settings.frameRate, settings.colorDepth, settings.threeD}, used, total);
 }

@@ -72,3 +72,36 @@ SPortLoad CPortCapacity::load(const SProcessorKind &kind, const SSignal &signal,
     }
     return load;
 }
+
+CabinetLayout::CabinetPort CPortCapacity::carried(const CabinetLayout::CabinetPort &port)
+{
+    if (port.redundancy != CabinetLayout::CabinetPort::Redundant)
+        return port;
+    CabinetLayout::CabinetPort mirror = port;
+    mirror.groups = {PortGroup()};
+    mirror.groups.first().cabinets = port.mirrored;
+    return mirror;
+}
+
+QMap<int, SPortLoad> CPortCapacity::loads(const SProcessorKind &kind, const SSignal &signal,
+                                          const CabinetLayout &layout, int portCount)
+{
+    using Port = CabinetLayout::CabinetPort;
+    QMap<int, qint64> used;
+    qint64 total = 0;
+    for (const Port &port : layout.ports) {
+        used[port.index] = charged(kind.generation, carried(port));
+        if (port.redundancy != Port::Redundant)
+            total += used.value(port.index);
+    }
+    QMap<int, SPortLoad> loads;
+    const int highest = layout.ports.isEmpty() ? 0 : layout.ports.last().index + 1;
+    for (int index = 0; index < std::max(portCount, highest); ++index) {
+        const Port *port = layout.port(index);
+        const bool ofOther =
+            port && port->redundancy == Port::Redundant && !port->redundancyProcessor.isNull() &&
+            port->redundancyProcessor != layout.processor; // whose primary is not charged here
+        loads[index] = load(kind, signal, used.value(index), total + (ofOther ? used.value(index) : 0));
+    }
+    return loads;
+}

@@ -29,4 +29,10 @@ public:
     /// Load of a port that is charged @p used pixels, while all ports together are charged @p total. If the
     /// total exceeds what the processor can drive, every port in use shows at least that overload.
     static SPortLoad load(const SProcessorKind &kind, const SSignal &signal, qint64 used, qint64 total);
+    /// @p port with the cabinets that it carries: for a redundancy port those of its primary, its own cause
+    /// no load.
+    static CabinetLayout::CabinetPort carried(const CabinetLayout::CabinetPort &port);
+    /// The loads of the ports of a layout, and of those without cabinets up to @p portCount, by port index.
+    static QMap<int, SPortLoad> loads(const SProcessorKind &kind, const SSignal &signal,
+                                      const CabinetLayout &layout, int portCount);
 };

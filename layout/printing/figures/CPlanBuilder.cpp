@@ -156,12 +156,15 @@ int CPlanBuilder::typeOf(const Cabinet &cabinet, double pitch)
     const auto known = m_types.constFind(key);
     if (known != m_types.constEnd())
         return *known;
-    const SPrintInput::RcvTypeInfo info = m_input.types.value(cabinet.type);
     SPlanType type;
     type.letter = letterOf(m_plan.types.size());
-    type.name = cabinet.type.isNull() ? tr("custom size")
-                : info.name.isEmpty() ? tr("unknown type")
-                                      : info.name;
+    type.alike = cabinet.type.isNull() && m_input.alike.contains(key.second);
+    const SPrintInput::RcvTypeInfo info =
+        type.alike ? m_input.alike.value(key.second) : m_input.types.value(cabinet.type);
+    type.name = type.alike              ? tr("like %1").arg(info.name)
+                : cabinet.type.isNull() ? tr("custom size")
+                : info.name.isEmpty()   ? tr("unknown type")
+                                        : info.name;
     type.pixels = size;
     type.presumed = info.millimetres.isEmpty() || info.width <= 0 || info.height <= 0;
     // A resized cabinet keeps the pixel pitch of its type.

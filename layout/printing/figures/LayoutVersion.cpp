@@ -24,7 +24,10 @@ public:
         for (int number : {rect.x(), rect.y(), rect.width(), rect.height()})
             add(number);
     }
-    QString digits() const { return QString::fromLatin1(m_hash.result().toHex().left(8)).toUpper(); }
+    QString version() const
+    {
+        return QString::fromLatin1(m_hash.result().toHex().left(8)).toUpper().insert(4, QLatin1Char('-'));
+    }
 
 private:
     QCryptographicHash m_hash{QCryptographicHash::Sha256};
@@ -62,5 +65,15 @@ QString LayoutVersion::of(const SPlanProcessor &processor)
         addCabinets(digest, processor, port.chain);
         addCabinets(digest, processor, port.unwired);
     }
-    return digest.digits().insert(4, QLatin1Char('-'));
+    return digest.version();
+}
+
+QString LayoutVersion::of(const SPrintPlan &plan)
+{
+    if (plan.processors.size() == 1)
+        return plan.processors.first().version;
+    CDigest digest;
+    for (const SPlanProcessor &processor : plan.processors)
+        digest.add(processor.version);
+    return digest.version();
 }

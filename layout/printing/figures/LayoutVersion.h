@@ -5,6 +5,7 @@
 #include <QString>
 
 struct SPlanProcessor;
+struct SPrintPlan;
 
 /// Tells sheets of one state of a layout from those of another.
 namespace LayoutVersion {
@@ -13,5 +14,7 @@ namespace LayoutVersion {
 /// ports with their redundancy and their cabinets in the order of the wiring. Identities, colours, locks and
 /// settings of the print do not count.
 QString of(const SPlanProcessor &processor);
+/// That of the whole job: of its only processor, or a digest of all their versions.
+QString of(const SPrintPlan &plan);
 
 } // namespace LayoutVersion

@@ -8,6 +8,7 @@
 #include "layout/api/records/SSettings.h"
 
 #include <QMap>
+#include <QPair>
 #include <QSize>
 #include <QString>
 #include <QVector>
@@ -32,6 +33,8 @@ struct SPrintInput
     using RcvTypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
 
     QVector<SPrintedProcessor> processors;
-    QMap<SMD5, RcvTypeInfo> types; ///< of all cabinets whose type the library knows
-    QMap<QUuid, QString> names;    ///< of processors that hold the other ports of pairs
+    QMap<SMD5, RcvTypeInfo> types;            ///< of all cabinets whose type the library knows
+    QMap<QPair<int, int>, RcvTypeInfo> alike; ///< by width and height in pixels: a type of that size, which
+                                              ///< stands in for cabinets without a type
+    QMap<QUuid, QString> names;               ///< of processors that hold the other ports of pairs
 };

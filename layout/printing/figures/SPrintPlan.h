@@ -14,11 +14,12 @@ struct SPlanType
     QString letter; ///< A, B, C … by the order of first use
     QString name;
     QSize pixels;
-    QSizeF millimetres; ///< presumed from the pitch if the type does not tell
-    bool presumed = false;
-    double kilograms = 0; ///< 0: unknown
-    int wattsMaximum = 0; ///< 0: unknown
-    int wattsAverage = 0; ///< 0: unknown
+    QSizeF millimetres;
+    bool alike = false;    ///< figures are those of a type of the same size, the cabinets have none
+    bool presumed = false; ///< millimetres come from the pitch
+    double kilograms = 0;  ///< 0: unknown
+    int wattsMaximum = 0;  ///< 0: unknown
+    int wattsAverage = 0;  ///< 0: unknown
 };
 
 /// A cabinet with its place on the real wall.

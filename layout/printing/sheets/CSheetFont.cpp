@@ -31,6 +31,11 @@ QFont CSheetFont::font(double points, bool bold)
     return fontOf(qRound(points * MillimetresPerPoint * UnitsPerMillimetre), bold);
 }
 
+bool CSheetFont::has(uint letter)
+{
+    return QFontMetricsF(fontOf(MeasuredPixels, false)).inFontUcs4(letter);
+}
+
 double CSheetFont::width(const QString &text, double points, bool bold)
 {
     const QFontMetricsF metrics(fontOf(MeasuredPixels, bold));

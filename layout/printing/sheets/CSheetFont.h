@@ -17,6 +17,8 @@ public:
 
     /// The font for a painter that has UnitsPerMillimetre.
     static QFont font(double points, bool bold);
+    /// Whether the font, or one that stands in for it, has the letter.
+    static bool has(uint letter);
     /// Millimetres that a text takes on its line.
     static double width(const QString &text, double points, bool bold);
     /// Millimetres from the top of the highest letter to the bottom of the lowest, with their room.

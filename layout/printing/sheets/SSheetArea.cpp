@@ -44,6 +44,15 @@ SSheetArea SSheetArea::of(const PrintConfig &config)
 
 bool SSheetArea::isUsable() const
 {
-    return titleBlock.left() >= frame.left() - 0.5 && content.width() >= LeastContent &&
-           content.height() >= LeastContent;
+    constexpr double Rounding = 0.5; // millimetres; inches are not whole
+    return frame.width() > TitleBlockWidth - Rounding && content.height() > LeastContent - Rounding;
+}
+
+QSizeF SSheetArea::least(const PrintConfig &config)
+{
+    const double first = config.binding == PrintConfig::NoBinding ? config.margin : config.bindingMargin;
+    const double left = config.binding == PrintConfig::BindLeft ? first : config.margin;
+    const double top = config.binding == PrintConfig::BindTop ? first : config.margin;
+    return {left + TitleBlockWidth + config.margin,
+            top + Padding + LeastContent + 1 + 2 * StripHeight + config.margin};
 }

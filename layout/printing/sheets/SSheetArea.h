@@ -23,4 +23,6 @@ struct SSheetArea
     static SSheetArea of(const PrintConfig &config);
     /// Whether frame and title block fit on the paper, and some content.
     bool isUsable() const;
+    /// The smallest usable paper with the margins of @p config.
+    static QSizeF least(const PrintConfig &config);
 };

@@ -1,0 +1,27 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/projects/CProcessorProject.h"
+#include "layout/api/records/PrintConfig.h"
+#include "layout/printing/figures/SPrintInput.h"
+#include "platform/common/CResult.h"
+
+#include <QCoreApplication>
+#include <QStringList>
+
+/// Writes the wiring plan of projects: sheets as a PDF, or as one picture each. Any thread.
+class CSheetExport final
+{
+    Q_DECLARE_TR_FUNCTIONS(CSheetExport)
+
+public:
+    static constexpr int UsualDots = 150; ///< per inch
+
+    /// What the sheets tell of the projects.
+    static SPrintInput inputOf(const QVector<SProcessorProject> &projects);
+    /// Writes the files, each whole or not at all; @p file ends in .pdf, .svg or .png. Pictures of several
+    /// sheets are numbered, "plan-01.png". Returns the names of the files.
+    static CResult<QStringList> write(const SPrintInput &input, const PrintConfig &config,
+                                      const QString &file, int dotsPerInch = UsualDots);
+};

@@ -1,0 +1,337 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/printing/lists/CCoverSheet.h"
+
+#include "layout/printing/graphics/WallSketch.h"
+#include "layout/printing/lists/CCoverTotals.h"
+#include "layout/printing/lists/CPartsList.h"
+#include "layout/printing/lists/ListSheets.h"
+#include "layout/printing/sheets/CSheetFont.h"
+#include "layout/printing/sheets/SheetMarks.h"
+#include "layout/printing/sheets/SheetNumbers.h"
+
+#include <algorithm>
+
+namespace {
+
+using SheetNumbers::dash;
+using SheetNumbers::decimal;
+using SheetNumbers::orDash;
+using SheetNumbers::whole;
+
+constexpr double CoverHead = 19;
+constexpr double TwoCoverColumns = 210; ///< millimetres that two columns take
+constexpr double LeftShare = 0.53;
+constexpr double CoverGap = 10;
+constexpr double NameWidth = 31; ///< that names of types have at least
+constexpr double PartTitle = 6.4;
+constexpr double PartBase = 4.4;
+
+QVector<QRectF> coverColumns(const SSheetArea &area)
+{
+    const QRectF body = area.content.adjusted(0, CoverHead, 0, 0);
+    if (body.width() < TwoCoverColumns)
+        return {body};
+    const double left = (body.width() - CoverGap) * LeftShare;
+    return {QRectF(body.left(), body.top(), left, body.height()),
+            QRectF(body.left() + left + CoverGap, body.top(), body.width() - left - CoverGap, body.height())};
+}
+
+QString quotedNames(const SPrintPlan &plan)
+{
+    QStringList names;
+    for (const SPlanProcessor &processor : plan.processors)
+        names << QStringLiteral("\u201c%1\u201d").arg(processor.source.node.name);
+    return names.join(QStringLiteral(", "));
+}
+
+/// A column of the table of cables.
+struct SCableColumn
+{
+    QString name;
+    SPartsTally::SCable cables;
+};
+
+/// The lengths, those too long for the stock last; if there are too many, the rarest share a column.
+QVector<SCableColumn> cableColumns(const SPartsTally &tally, const PrintConfig &config)
+{
+    constexpr int Most = 8;
+    QVector<int> lengths = tally.cables.keys().toVector();
+    if (!lengths.isEmpty() && lengths.first() == 0)
+        lengths.append(lengths.takeFirst());
+    QVector<int> common = lengths;
+    std::stable_sort(common.begin(), common.end(), [&tally](int a, int b) {
+        return tally.cables.value(a).needed() > tally.cables.value(b).needed();
+    });
+    if (common.size() > Most)
+        common.resize(Most - 1);
+    QVector<SCableColumn> columns;
+    SPartsTally::SCable others;
+    for (const int metres : qAsConst(lengths)) {
+        const SPartsTally::SCable cable = tally.cables.value(metres);
+        if (common.contains(metres))
+            columns.append({CPartsList::lengthText(metres, config), cable});
+        others.hops += common.contains(metres) ? 0 : cable.hops;
+        others.feeds += common.contains(metres) ? 0 : cable.feeds;
+        others.loops += common.contains(metres) ? 0 : cable.loops;
+    }
+    if (others.needed() > 0)
+        columns.append({CCoverSheet::tr("other"), others});
+    return columns;
+}
+
+/// A level line with arrow heads and a text in its middle.
+void addDimension(SSheet &sheet, double left, double right, double y, const QString &text)
+{
+    const double width = CSheetFont::width(text, SheetMarks::CaptionPoints + 1, false);
+    const double middle = (left + right) / 2;
+    if (right - left < width + 8)
+        return;
+    SheetMarks::line(sheet, {left, y}, {middle - width / 2 - 1.5, y}, 0.18);
+    SheetMarks::line(sheet, {middle + width / 2 + 1.5, y}, {right, y}, 0.18);
+    SSheetFill heads;
+    heads.color = Qt::black;
+    heads.path.addPolygon(QVector<QPointF>{{left, y}, {left + 2, y - 0.6}, {left + 2, y + 0.6}, {left, y}});
+    heads.path.addPolygon(
+        QVector<QPointF>{{right, y}, {right - 2, y - 0.6}, {right - 2, y + 0.6}, {right, y}});
+    sheet.marks << heads;
+    SheetMarks::textAt(sheet, middle - width / 2, y + 1, text, SheetMarks::CaptionPoints + 1, false,
+                       EMark::Ruler);
+}
+
+} // namespace
+
+QVector<SSheet> CCoverSheet::sheets(const SPrintPlan &plan, const Walls &walls,
+                                    const QVector<SCoverEntry> &entries, const SSheetArea &area)
+{
+    CCoverSheet cover(plan, walls, entries, area);
+    CCoverTotals(plan, cover.m_flow).add();
+    cover.addTypes();
+    cover.addCables();
+    if (coverColumns(area).size() > 1)
+        cover.m_flow.nextColumn();
+    cover.addWalls();
+    cover.addEntries();
+    cover.addNotes();
+    return cover.m_flow.sheets();
+}
+
+CCoverSheet::CCoverSheet(const SPrintPlan &plan, const Walls &walls, const QVector<SCoverEntry> &entries,
+                         const SSheetArea &area)
+    : m_plan(plan)
+    , m_walls(walls)
+    , m_entries(entries)
+    , m_area(area)
+    , m_tally(SPartsTally::of(plan))
+    , m_flow([this] { return headed(); }, coverColumns(area))
+{
+}
+
+SSheet CCoverSheet::headed() const
+{
+    SSheet sheet;
+    sheet.title = tr("Cover");
+    sheet.ports = tr("all");
+    sheet.processor = ListSheets::names(m_plan);
+    sheet.view = m_plan.config.views == PrintConfig::BackView ? SSheet::Back : SSheet::Front;
+    sheet.list = true;
+    const QString project = m_plan.config.project.isEmpty() ? tr("Wiring plan") : m_plan.config.project;
+    const QRectF &content = m_area.content;
+    double points = SheetMarks::TitlePoints;
+    while (points > SheetMarks::ViewPoints && CSheetFont::width(project, points, true) > content.width())
+        points -= 1;
+    SheetMarks::textAt(sheet, content.left(), content.top() + SheetMarks::HeadBase,
+                       CSheetFont::elided(project, points, true, content.width()), points, true,
+                       EMark::Title);
+    const QString views = m_plan.config.views == PrintConfig::BothViews  ? tr("front and back views")
+                          : m_plan.config.views == PrintConfig::BackView ? tr("back view")
+                                                                         : tr("front view");
+    const QString wall = m_plan.processors.size() == 1 ? tr("Wiring plan of the LED wall %1, %2")
+                                                       : tr("Wiring plan of the LED walls %1, %2");
+    QString beside = wall.arg(quotedNames(m_plan), views);
+    if (!m_plan.config.venue.isEmpty())
+        beside += QStringLiteral(" \u2013 ") + m_plan.config.venue;
+    SheetMarks::textAt(sheet, content.left(), content.top() + 15,
+                       CSheetFont::elided(beside, 12, false, content.width()), 12, false, EMark::Title);
+    return sheet;
+}
+
+void CCoverSheet::addTypes()
+{
+    constexpr double Row = 6.2;
+    constexpr double Cables = 38; // millimetres that the table of cables takes below
+    if (m_flow.room().height() < PartTitle + 4 * Row)
+        m_flow.nextColumn();
+    const auto right = Qt::AlignRight;
+    const CSheetTable table({{tr("Type"), 10},
+                             {tr("Name"), m_flow.room().width() - 100},
+                             {tr("Pixels"), 20, right},
+                             {tr("mm"), 24, right},
+                             {tr("kg"), 10, right},
+                             {tr("W max. / avg."), 24, right},
+                             {tr("Count"), 12, right}},
+                            Row);
+    const int most = std::max(2, table.capacity(m_flow.room().height() - PartTitle - Cables));
+    m_shownTypes = m_plan.types.size() <= most ? m_plan.types.size() : most - 1;
+    QVector<STableRow> rows;
+    for (int i = 0; i < m_shownTypes; ++i) {
+        const SPlanType &type = m_plan.types.at(i);
+        STableRow row;
+        row.cells = {type.letter,
+                     type.name,
+                     SheetNumbers::sides(type.pixels),
+                     SheetNumbers::sides(type.millimetres),
+                     type.kilograms > 0 ? decimal(type.kilograms, 1) : dash(),
+                     type.wattsMaximum > 0
+                         ? QStringLiteral("%1 / %2").arg(type.wattsMaximum).arg(type.wattsAverage)
+                         : dash(),
+                     whole(m_tally.cabinets.value(i))};
+        rows << row;
+    }
+    if (m_shownTypes < m_plan.types.size()) {
+        STableRow row;
+        row.cells = {
+            STableCell(tr("and %1 more, see the parts list").arg(m_plan.types.size() - m_shownTypes))};
+        rows << row;
+    }
+    m_flow.addTable(tr("Cabinets by type"), table, rows);
+}
+
+void CCoverSheet::addCables()
+{
+    constexpr double Label = 34;
+    constexpr double Count = 14;
+    QVector<SCableColumn> lengths = cableColumns(m_tally, m_plan.config);
+    if (lengths.isEmpty())
+        return;
+    lengths.append({tr("Count"), m_tally.all});
+    if (m_flow.room().height() < 36)
+        m_flow.nextColumn();
+    const double each = std::min(14.0, (m_flow.room().width() - Label - Count) / (lengths.size() - 1));
+    QVector<STableColumn> columns{{tr("Length, m"), Label}};
+    for (const SCableColumn &column : qAsConst(lengths))
+        columns.append({column.name, each, Qt::AlignRight});
+    columns.last().width = Count;
+    const auto row = [&lengths](const QString &name, auto valueOf) {
+        STableRow made;
+        made.cells << name;
+        for (const SCableColumn &column : qAsConst(lengths))
+            made.cells << orDash(valueOf(column.cables));
+        return made;
+    };
+    using SCable = SPartsTally::SCable;
+    QVector<STableRow> rows{row(tr("Cabinet to cabinet"), [](const SCable &cable) { return cable.hops; }),
+                            row(tr("Feed from the rack"), [](const SCable &cable) { return cable.feeds; })};
+    if (m_tally.all.loops > 0)
+        rows << row(tr("Loop back to the rack"), [](const SCable &cable) { return cable.loops; });
+    STableRow sum = row(tr("Total"), [](const SCable &cable) { return cable.needed(); });
+    sum.kind = STableRow::Sum;
+    m_flow.addTable(tr("Signal cables, slack included"), CSheetTable(columns, 5.6), rows, {sum});
+}
+
+void CCoverSheet::addWalls()
+{
+    constexpr double Around = 20; // of a sketch: title, dimension, caption
+    constexpr double Lowest = 14;
+    constexpr double Highest = 75;
+    const bool back = m_plan.config.views == PrintConfig::BackView;
+    const double needed = 30 + 5.4 * (m_entries.size() + m_walls.size());
+    for (int i = 0; i < m_walls.size(); ++i) {
+        const CWall &wall = *m_walls.at(i);
+        const double height =
+            std::min(Highest, (m_flow.room().height() - needed) / (m_walls.size() - i) - Around);
+        if (height < Lowest || wall.cabinets().isEmpty())
+            continue;
+        const QRectF room = m_flow.room();
+        SSheet &sheet = m_flow.sheet();
+        const QString view = back ? tr("back view") : tr("front view");
+        const QString title = m_walls.size() > 1 ? tr("%1, %2").arg(wall.processor().source.node.name, view)
+                                                 : tr("The wall, %1").arg(view);
+        SheetMarks::textAt(sheet, room.left(), room.top() + PartBase,
+                           CSheetFont::elided(title, SheetMarks::TitleBlockPoints, true, room.width()),
+                           SheetMarks::TitleBlockPoints, true, EMark::Title);
+        WallSketch::SLook look;
+        look.hatched = true;
+        const QRectF drawn =
+            WallSketch::draw(sheet, {room.left(), room.top() + 12, room.width(), height}, wall, back, look);
+        const QSizeF &size = wall.processor().millimetres;
+        addDimension(sheet, drawn.left(), drawn.right(), drawn.top() - 2.6,
+                     tr("%1 mm").arg(whole(qRound64(size.width()))));
+        SheetMarks::textAt(
+            sheet, room.left(), drawn.bottom() + 3.8,
+            tr("height %1 mm, lower edge %2 mm above the floor")
+                .arg(whole(qRound64(size.height())), whole(wall.processor().config.rack.lowerEdge)),
+            SheetMarks::NotePoints, false, EMark::Note);
+        m_flow.setTop(drawn.bottom() + 8);
+    }
+}
+
+void CCoverSheet::addEntries()
+{
+    const double height = 5.4;
+    const auto endLine = [this](double width) {
+        const QRectF room = m_flow.room();
+        SheetMarks::line(m_flow.sheet(), room.topLeft(), room.topRight(), width);
+    };
+    if (m_flow.room().height() < PartTitle + 3 * height)
+        m_flow.nextColumn();
+    SheetMarks::textAt(m_flow.sheet(), m_flow.room().left(), m_flow.room().top() + PartBase, tr("Sheets"),
+                       SheetMarks::TitleBlockPoints, true, EMark::Title);
+    m_flow.setTop(m_flow.room().top() + PartTitle);
+    endLine(0.5);
+    for (const SCoverEntry &entry : m_entries) {
+        if (m_flow.room().height() < height)
+            m_flow.nextColumn();
+        const QRectF room = m_flow.room();
+        const QString numbers = entry.first == entry.last ? QString::number(entry.first)
+                                : entry.first + 1 == entry.last
+                                    ? tr("%1, %2").arg(entry.first).arg(entry.last)
+                                    : tr("%1 to %2").arg(entry.first).arg(entry.last);
+        const double width = CSheetFont::width(numbers, SheetMarks::TablePoints, true);
+        const double base = room.top() + 3.9;
+        SheetMarks::textAt(m_flow.sheet(), room.left() + 20 - width, base, numbers, SheetMarks::TablePoints,
+                           true, EMark::Fact);
+        SheetMarks::textAt(m_flow.sheet(), room.left() + 23, base,
+                           CSheetFont::elided(entry.name, SheetMarks::TablePoints, false, room.width() - 23),
+                           SheetMarks::TablePoints, false, EMark::Fact);
+        m_flow.setTop(room.top() + height);
+        endLine(0.18);
+    }
+    m_flow.setTop(m_flow.room().top() + 3);
+}
+
+void CCoverSheet::addNotes()
+{
+    QStringList notes;
+    if (!m_plan.config.notes.isEmpty())
+        notes << m_plan.config.notes;
+    for (const SPlanProcessor &processor : m_plan.processors) {
+        if (m_plan.processors.size() == 1)
+            notes << tr("A sheet whose layout version is not %1 belongs to another layout: do not wire from "
+                        "it.")
+                         .arg(processor.version);
+        else
+            notes << tr("%1: layout version %2.").arg(processor.name, processor.version);
+    }
+    const auto any = [this](bool SPlanType::*what) {
+        return std::any_of(m_plan.types.begin(), m_plan.types.end(),
+                           [what](const SPlanType &type) { return type.*what; });
+    };
+    for (const SPlanType &type : m_plan.types.mid(0, m_shownTypes)) {
+        if (CSheetFont::width(type.name, SheetMarks::TablePoints, false) > NameWidth)
+            notes << tr("Type %1: %2").arg(type.letter, type.name);
+    }
+    if (any(&SPlanType::alike))
+        notes << tr(
+            "\"like\": the cabinets have no type; these are the figures of a type of the same pixels.");
+    if (any(&SPlanType::presumed))
+        notes
+            << tr("Sizes of cabinets whose type does not tell them: %1 mm from pixel to pixel are presumed.")
+                   .arg(m_plan.config.pixelPitch);
+    if (m_flow.room().height() < PartTitle + 8)
+        m_flow.nextColumn();
+    SheetMarks::textAt(m_flow.sheet(), m_flow.room().left(), m_flow.room().top() + PartBase, tr("Notes"),
+                       SheetMarks::TitleBlockPoints, true, EMark::Title);
+    m_flow.setTop(m_flow.room().top() + PartTitle);
+    m_flow.addNotes(notes);
+}

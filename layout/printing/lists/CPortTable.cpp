@@ -1,0 +1,243 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/printing/lists/CPortTable.h"
+
+#include "layout/printing/graphics/CWall.h"
+#include "layout/printing/lists/CPartsList.h"
+#include "layout/printing/lists/ListSheets.h"
+#include "layout/printing/sheets/CTableFlow.h"
+#include "layout/printing/sheets/SheetNumbers.h"
+
+#include <algorithm>
+
+namespace {
+
+using SheetNumbers::dash;
+using SheetNumbers::decimal;
+using SheetNumbers::orDash;
+using SheetNumbers::whole;
+
+constexpr int RedundancyColumn = 12;
+
+const QVector<STableColumn> &portColumns()
+{
+    static const auto right = Qt::AlignRight;
+    static const auto middle = Qt::AlignHCenter;
+    static const QVector<STableColumn> made{{CPortTable::tr("Port"), 12, right},
+                                            {CPortTable::tr("Hatch-\ning"), 16.5, middle},
+                                            {CPortTable::tr("Cabi-\nnets"), 12.5, right},
+                                            {CPortTable::tr("First\nrow, col."), 17.5},
+                                            {CPortTable::tr("Last\nrow, col."), 17.5},
+                                            {CPortTable::tr("Pixels"), 19.5, right},
+                                            {CPortTable::tr("Capacity\npixels"), 19.5, right},
+                                            {CPortTable::tr("Load\n%"), 12, right},
+                                            {CPortTable::tr("Feed\nm"), 12, right},
+                                            {CPortTable::tr("Loop\nm"), 12, right},
+                                            {CPortTable::tr("Power\nmax. W"), 17.5, right},
+                                            {CPortTable::tr("Weight\nkg"), 17.5, right},
+                                            {CPortTable::tr("Redundancy"), 31},
+                                            {CPortTable::tr("Lock"), 17.5},
+                                            {CPortTable::tr("Wired"), 12.5, middle},
+                                            {CPortTable::tr("Tested"), 12.5, middle}};
+    return made;
+}
+
+/// Which columns a table of that width has: all, or without those that the parts list or a pencil can tell.
+QVector<int> wantedColumns(double width)
+{
+    constexpr int Droppable[] = {11, 10, 9, 8, 15, 14}; // weight, power, loop, feed, tested, wired
+    QVector<int> wanted;
+    double sum = 0;
+    for (int i = 0; i < portColumns().size(); ++i) {
+        wanted << i;
+        sum += portColumns().at(i).width;
+    }
+    for (int dropped : Droppable) {
+        if (sum <= width + 1)
+            break;
+        wanted.removeOne(dropped);
+        sum -= portColumns().at(dropped).width;
+    }
+    return wanted;
+}
+
+/// Those columns; the names of redundancy take what the others leave.
+QVector<STableColumn> columnsFor(const QVector<int> &wanted, double width)
+{
+    constexpr double Widest = 70;
+    double rest = width;
+    for (int i : wanted)
+        rest -= i == RedundancyColumn ? 0 : portColumns().at(i).width;
+    QVector<STableColumn> made;
+    for (int i : wanted) {
+        made << portColumns().at(i);
+        if (i == RedundancyColumn)
+            made.last().width = std::min(Widest, rest);
+    }
+    return made;
+}
+
+STableRow picked(const STableRow &row, const QVector<int> &wanted)
+{
+    STableRow made;
+    made.kind = row.kind;
+    for (int i : wanted)
+        made.cells << row.cells.at(i);
+    return made;
+}
+
+STableRow portRow(const SPlanPort &port, const CWall &wall)
+{
+    const auto stock = [&wall](const SCableRun &run) {
+        return run.need == 0 ? dash() : CPartsList::lengthText(run.stock, wall.processor().config);
+    };
+    const auto &cabinets = wall.cabinets();
+    STableRow row;
+    row.cells = {QString::number(port.index + 1), {}, whole(port.totals.cabinets)};
+    STableCell &sample = row.cells[1];
+    sample.sample = true;
+    sample.color = wall.fill(port);
+    sample.hatching = wall.hatching(port.index);
+    row.cells << (port.chain.isEmpty() ? dash() : cabinets.at(port.chain.first()).place());
+    row.cells << (port.chain.isEmpty() ? dash() : cabinets.at(port.chain.last()).place());
+    row.cells << whole(port.charged) << orDash(port.capacity) << QString::number(port.load)
+              << stock(port.feed) << stock(port.loop) << whole(port.totals.wattsMaximum)
+              << decimal(port.totals.kilograms, 1);
+    const QString redundancy = port.redundancyText();
+    row.cells << (redundancy.isEmpty() ? dash()
+                  : port.redundant     ? CPortTable::tr("for %1").arg(redundancy)
+                                       : redundancy);
+    row.cells << (port.locked ? CPortTable::tr("locked") : dash()) << STableCell() << STableCell();
+    row.cells[14].box = true;
+    row.cells[15].box = true;
+    return row;
+}
+
+/// One row for free ports that follow each other.
+STableRow freeRow(const SPlanPort &first, const SPlanPort &last)
+{
+    STableRow row;
+    const QString name = first.index == last.index
+                             ? QString::number(first.index + 1)
+                             : QStringLiteral("%1\u2013%2").arg(first.index + 1).arg(last.index + 1);
+    row.cells = {name, {}, QStringLiteral("0"), dash(), dash(), QStringLiteral("0"), orDash(first.capacity)};
+    row.cells << QStringLiteral("0") << dash() << dash() << QStringLiteral("0") << QStringLiteral("0.0")
+              << dash() << (first.locked ? CPortTable::tr("locked") : dash()) << STableCell() << STableCell();
+    return row;
+}
+
+/// The sums of ports.
+struct SPortSums
+{
+    int cabinets = 0;
+    int ports = 0;
+    int loaded = 0; ///< ports in use that are no redundancy ports
+    int looped = 0;
+    int locked = 0;
+    qint64 pixels = 0;
+    qint64 capacity = 0;
+    qint64 loads = 0;
+    qint64 watts = 0;
+    double kilograms = 0;
+
+    void add(const SPlanPort &port)
+    {
+        cabinets += port.totals.cabinets;
+        ports += port.isUsed() ? 1 : 0;
+        loaded += port.isUsed() && !port.redundant ? 1 : 0;
+        looped += port.looped ? 1 : 0;
+        locked += port.locked ? 1 : 0;
+        pixels += port.redundant ? 0 : port.charged;
+        capacity += port.capacity;
+        loads += port.isUsed() && !port.redundant ? port.load : 0;
+        watts += port.totals.wattsMaximum;
+        kilograms += port.totals.kilograms;
+    }
+    STableRow row(const QString &name) const
+    {
+        STableRow row;
+        row.kind = STableRow::Sum;
+        row.cells = {name, {}, whole(cabinets), {}, {}, whole(pixels), whole(capacity)};
+        row.cells << (loaded > 0 ? whole((loads + loaded - 1) / loaded) : dash()) << STableCell()
+                  << STableCell();
+        row.cells << whole(watts) << decimal(kilograms, 1)
+                  << CPortTable::tr("%1 of %2 ports").arg(looped).arg(ports)
+                  << CPortTable::tr("%1 locked").arg(locked) << STableCell() << STableCell();
+        return row;
+    }
+};
+
+/// Whether the two are free and have a row in common.
+bool areAlike(const SPlanPort &a, const SPlanPort &b)
+{
+    return !a.isUsed() && !b.isUsed() && a.capacity == b.capacity && a.locked == b.locked;
+}
+
+QStringList portNotes(const SPlanProcessor &processor)
+{
+    QStringList notes{CPortTable::tr(
+        "Load: pixels by capacity, rounded up to whole percent; the total is the mean of the ports in use.")};
+    const auto &loads = processor.source.loads;
+    if (!loads.isEmpty() && loads.first().bitsPerPixel > 0)
+        notes.last() += QLatin1Char(' ') + CPortTable::tr("Capacity: %1 bit/s by %2 Hz and %3 bit.")
+                                               .arg(whole(loads.first().bitsPerSecond))
+                                               .arg(loads.first().frameRate)
+                                               .arg(loads.first().bitsPerPixel);
+    if (processor.source.pixelLimit > 0)
+        notes << CPortTable::tr("The processor drives %1 pixels at most, %2 are used.")
+                     .arg(whole(processor.source.pixelLimit), whole(processor.totals.pixels));
+    else
+        notes << QString();
+    notes.last() += (notes.last().isEmpty() ? QString() : QStringLiteral(" ")) +
+                    CPortTable::tr("Cables: stock lengths, slack included.");
+    return notes;
+}
+
+} // namespace
+
+QVector<SSheet> CPortTable::sheets(const SPrintPlan &plan, const CWall &wall, const SSheetArea &area)
+{
+    const SPlanProcessor &printed = wall.processor();
+    const QVector<int> wanted = wantedColumns(area.content.width());
+    QVector<STableRow> rows;
+    QVector<int> ports; // up to which each row reaches
+    for (int i = 0; i < printed.ports.size(); ++i) {
+        int last = i;
+        while (last + 1 < printed.ports.size() && areAlike(printed.ports.at(i), printed.ports.at(last + 1)))
+            ++last;
+        rows << picked(printed.ports.at(i).isUsed() ? portRow(printed.ports.at(i), wall)
+                                                    : freeRow(printed.ports.at(i), printed.ports.at(last)),
+                       wanted);
+        i = last;
+        ports << i + 1;
+    }
+    const auto sumOf = [&](int count) {
+        SPortSums sums;
+        for (int i = 0; i < ports.value(count - 1); ++i)
+            sums.add(printed.ports.at(i));
+        return picked(sums.row({}), wanted);
+    };
+    QVector<STableRow> sums{sumOf(rows.size())};
+    sums.last().cells.first() = CPortTable::tr("Total");
+    if (plan.processors.size() > 1 && &printed == &plan.processors.last()) {
+        SPortSums all;
+        for (const SPlanProcessor &other : plan.processors)
+            for (const SPlanPort &port : other.ports)
+                all.add(port);
+        sums << picked(all.row(CPortTable::tr("All processors")), wanted);
+    }
+
+    const auto newSheet = [&] {
+        return ListSheets::sheet(area, printed, CPortTable::tr("Table of ports"), CPortTable::tr("Ports"),
+                                 CPortTable::tr("%1 of %2 in use, %3 Hz, %4 bit")
+                                     .arg(printed.totals.ports)
+                                     .arg(printed.ports.size())
+                                     .arg(printed.source.frameRate)
+                                     .arg(printed.source.colorDepth));
+    };
+    CTableFlow flow(newSheet, {ListSheets::body(area)});
+    flow.addTable({}, CSheetTable(columnsFor(wanted, area.content.width()), CSheetTable::UsualRow), rows,
+                  sums, sumOf);
+    flow.addNotes(portNotes(printed));
+    return flow.sheets();
+}

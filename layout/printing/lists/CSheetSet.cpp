@@ -1,0 +1,208 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/printing/lists/CSheetSet.h"
+
+#include "layout/printing/figures/LayoutVersion.h"
+#include "layout/printing/graphics/COverviewSheets.h"
+#include "layout/printing/graphics/CPortSheets.h"
+#include "layout/printing/lists/CCabinetList.h"
+#include "layout/printing/lists/CPartsList.h"
+#include "layout/printing/lists/CPortTable.h"
+#include "layout/printing/sheets/CSheetFrame.h"
+#include "layout/printing/sheets/SheetNumbers.h"
+
+#include <memory>
+
+namespace {
+
+QString paperName(const PrintConfig &config)
+{
+    static const char *const names[] = {"A4", "A3", "A2", "A1", "A0", "Letter", "Tabloid"};
+    return config.paper == PrintConfig::CustomPaper ? SheetNumbers::sides(config.customPaper)
+                                                    : QString::fromLatin1(names[config.paper]);
+}
+
+/// The processor that the strings of @p processor are looped back to; empty unless it is one.
+QString redundancyOf(const SPlanProcessor &processor)
+{
+    if (!processor.config.farEnd.isEmpty())
+        return processor.config.farEnd;
+    QString found;
+    for (const SPlanPort &port : processor.ports) {
+        if (!port.looped)
+            continue;
+        if (!found.isEmpty() && found != port.redundancyName)
+            return {};
+        found = port.redundancyName;
+    }
+    return found;
+}
+
+QString viewsOf(const PrintConfig &config)
+{
+    return config.views == PrintConfig::BothViews  ? CSheetSet::tr("front and back view in turn")
+           : config.views == PrintConfig::BackView ? CSheetSet::tr("back view")
+                                                   : CSheetSet::tr("front view");
+}
+
+} // namespace
+
+CResult<QVector<SSheet>> CSheetSet::of(const SPrintPlan &plan)
+{
+    using Sheets = CResult<QVector<SSheet>>;
+    const QString problem = problemOf(plan);
+    if (!problem.isEmpty())
+        return Sheets::failure(problem);
+    CCoverSheet::Walls walls;
+    for (int i = 0; i < plan.processors.size(); ++i)
+        walls << std::make_shared<const CWall>(plan, i);
+    const bool covered = (plan.config.sheets & PrintConfig::Cover) != 0;
+    for (int coverSheets = covered ? 1 : 0;;) {
+        CSheetSet set(plan, walls, coverSheets);
+        const CStatus built = set.build();
+        if (!built)
+            return Sheets::failure(built.error());
+        const QVector<SSheet> cover = covered ? set.cover() : QVector<SSheet>();
+        if (cover.size() != coverSheets) { // the numbers of all other sheets change with it
+            coverSheets = cover.size();
+            continue;
+        }
+        set.m_sheets = cover + set.m_sheets;
+        set.m_processors = QVector<int>(cover.size(), -1) + set.m_processors;
+        set.addFrames();
+        return set.m_sheets;
+    }
+}
+
+CSheetSet::CSheetSet(const SPrintPlan &plan, const CCoverSheet::Walls &walls, int coverSheets)
+    : m_plan(plan)
+    , m_walls(walls)
+    , m_coverSheets(coverSheets)
+{
+}
+
+QString CSheetSet::problemOf(const SPrintPlan &plan)
+{
+    QVector<PrintConfig> configs{plan.config};
+    for (const SPlanProcessor &processor : plan.processors)
+        configs << processor.config;
+    for (const PrintConfig &config : qAsConst(configs)) {
+        const SSheetArea area = SSheetArea::of(config);
+        if (!area.isUsable())
+            return tr("The paper (%1 mm) is too small: frame and title block take at least %2 mm.")
+                .arg(SheetNumbers::sides(area.size), SheetNumbers::sides(SSheetArea::least(config)));
+    }
+    return plan.totals.cabinets == 0 ? tr("There are no cabinets to print.") : QString();
+}
+
+CStatus CSheetSet::build()
+{
+    const int count = m_plan.processors.size();
+    for (int i = 0; i < count && isWanted(Sheet::PortTable); ++i)
+        add(i, CPortTable::sheets(m_plan, *m_walls.at(i), areaOf(i)), tr("Table of ports"));
+    const CStatus drawn = addDrawings();
+    if (!drawn)
+        return drawn;
+    for (int i = 0; i < count && isWanted(Sheet::CabinetList); ++i)
+        add(i, CCabinetList::sheets(m_plan, i, areaOf(i)), tr("List of cabinets"));
+    if (isWanted(Sheet::PartsList))
+        add(-1, CPartsList::sheets(m_plan, areaOf(-1)), tr("Parts list"));
+    return CStatus::done();
+}
+
+CStatus CSheetSet::addDrawings()
+{
+    using Sheets = CResult<QVector<SSheet>>;
+    const int count = m_plan.processors.size();
+    const auto overview = [this](int processor, int first, int firstPort) -> Sheets {
+        if (!isWanted(Sheet::Overview))
+            return QVector<SSheet>();
+        return COverviewSheets(*m_walls.at(processor), areaOf(processor)).sheets(first, firstPort);
+    };
+    // The overviews tell where the ports' sheets begin, which come after all of them.
+    int next = this->next();
+    for (int i = 0; i < count; ++i) {
+        const Sheets sheets = overview(i, 1, 1);
+        if (!sheets)
+            return CStatus::failure(sheets.error());
+        next += sheets.value().size();
+    }
+    QVector<QVector<SSheet>> ports;
+    QVector<int> firstPorts;
+    for (int i = 0; i < count && isWanted(Sheet::PortSheets); ++i) {
+        const Sheets sheets = CPortSheets(*m_walls.at(i), areaOf(i)).sheets(next);
+        if (!sheets)
+            return CStatus::failure(sheets.error());
+        firstPorts << next;
+        ports << sheets.value();
+        next += ports.last().size();
+    }
+    for (int i = 0; i < count; ++i)
+        add(i, overview(i, this->next(), firstPorts.value(i)).value(),
+            tr("Overview, %1").arg(viewsOf(configOf(i))));
+    for (int i = 0; i < ports.size(); ++i)
+        add(i, ports.at(i), tr("Ports, %1").arg(viewsOf(configOf(i))));
+    return CStatus::done();
+}
+
+const PrintConfig &CSheetSet::configOf(int processor) const
+{
+    return processor < 0 ? m_plan.config : m_plan.processors.at(processor).config;
+}
+
+SSheetArea CSheetSet::areaOf(int processor) const
+{
+    return SSheetArea::of(configOf(processor));
+}
+
+void CSheetSet::add(int processor, const QVector<SSheet> &sheets, const QString &entry)
+{
+    if (sheets.isEmpty())
+        return;
+    m_entries.append({entryName(entry, processor), next(), next() + sheets.size() - 1});
+    m_processors += QVector<int>(sheets.size(), processor);
+    m_sheets += sheets;
+}
+
+QString CSheetSet::entryName(const QString &name, int processor) const
+{
+    return processor < 0 || m_plan.processors.size() < 2
+               ? name
+               : tr("%1: %2").arg(m_plan.processors.at(processor).source.node.name, name);
+}
+
+QVector<SSheet> CSheetSet::cover() const
+{
+    QVector<SCoverEntry> entries{{tr("Cover, totals"), 1, m_coverSheets}};
+    return CCoverSheet::sheets(m_plan, m_walls, entries + m_entries, areaOf(-1));
+}
+
+STitleFacts CSheetSet::factsOf(int processor) const
+{
+    const bool all = processor < 0;
+    const PrintConfig &config = configOf(processor);
+    const SPlanProcessor &shown = m_plan.processors.at(all ? 0 : processor);
+    STitleFacts facts;
+    facts.project = config.project;
+    facts.redundancy = redundancyOf(shown);
+    facts.paper = paperName(config);
+    facts.designer = config.designer;
+    facts.auditor = config.auditor;
+    facts.date = config.date;
+    facts.version = all ? LayoutVersion::of(m_plan) : shown.version;
+    facts.watermark = config.watermark;
+    facts.count = m_sheets.size();
+    facts.columns = shown.columns;
+    facts.binding = config.binding;
+    return facts;
+}
+
+void CSheetSet::addFrames()
+{
+    for (int i = 0; i < m_sheets.size(); ++i) {
+        const int processor = m_processors.at(i);
+        STitleFacts facts = factsOf(processor);
+        facts.number = i + 1;
+        CSheetFrame::add(m_sheets[i], areaOf(processor), facts);
+    }
+}

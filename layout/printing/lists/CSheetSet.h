@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/printing/figures/SPrintPlan.h"
+#include "layout/printing/lists/CCoverSheet.h"
+#include "layout/printing/sheets/CSheetFrame.h"
+#include "layout/printing/sheets/SSheet.h"
+#include "platform/common/CResult.h"
+
+#include <QCoreApplication>
+
+/// Puts together all sheets of a job.
+class CSheetSet final
+{
+    Q_DECLARE_TR_FUNCTIONS(CSheetSet)
+
+public:
+    /// The sheets in the order in which they are printed, complete with frames and numbers. Fails if the
+    /// paper is too small, or no sheet is wanted. The dates in @p plan must be valid. Any thread.
+    static CResult<QVector<SSheet>> of(const SPrintPlan &plan);
+
+private:
+    using Sheet = PrintConfig::Sheet;
+
+    CSheetSet(const SPrintPlan &plan, const CCoverSheet::Walls &walls, int coverSheets);
+    static QString problemOf(const SPrintPlan &plan);
+    CStatus build();
+    CStatus addDrawings();
+    void add(int processor, const QVector<SSheet> &sheets, const QString &entry);
+    void addFrames();
+    QVector<SSheet> cover() const;
+    /// Of a processor, or of the whole job.
+    const PrintConfig &configOf(int processor) const;
+    SSheetArea areaOf(int processor) const;
+    STitleFacts factsOf(int processor) const;
+    QString entryName(const QString &name, int processor) const;
+    bool isWanted(Sheet kind) const { return (m_plan.config.sheets & kind) != 0; }
+    int next() const { return m_coverSheets + m_sheets.size() + 1; }
+
+    const SPrintPlan &m_plan;
+    const CCoverSheet::Walls &m_walls;
+    const int m_coverSheets;
+    QVector<SSheet> m_sheets;
+    QVector<int> m_processors; ///< of each sheet; -1: of all
+    QVector<SCoverEntry> m_entries;
+};

@@ -1,0 +1,278 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/commands/CSheetExport.h"
+#include "layout/printing/lists/CSheetSet.h"
+#include "layout/printing/output/SheetFiles.h"
+#include "layout/printing/sheets/CSheetFont.h"
+#include "layout/printing/sheets/CSheetTable.h"
+#include "tests/harness/CTestBase.h"
+#include "tests/projects/ProjectSamples.h"
+
+#include <QImage>
+#include <QRandomGenerator>
+#include <QTransform>
+
+#include <algorithm>
+
+namespace {
+
+PrintConfig configOf(PrintConfig::Paper paper, bool landscape = true)
+{
+    PrintConfig config;
+    config.project = QStringLiteral("Stadion S\u00fcdkurve");
+    config.watermark = QStringLiteral("DRAFT");
+    config.farEnd = QStringLiteral("Main stage B (192.168.10.32)");
+    config.notes = QStringLiteral("Wire from row 1 down.");
+    config.date = QDate(2026, 5, 4);
+    config.paper = paper;
+    config.landscape = landscape;
+    config.sheets =
+        PrintConfig::Cover | PrintConfig::PortTable | PrintConfig::CabinetList | PrintConfig::PartsList;
+    return config;
+}
+
+QVector<SSheet> sheetsOf(const PrintConfig &config, const QVector<SProcessorProject> &projects)
+{
+    const auto sheets = CSheetSet::of(SPrintPlan::of(CSheetExport::inputOf(projects), {config, {}}));
+    return sheets ? sheets.value() : QVector<SSheet>();
+}
+
+QVector<SSheetText> textsOf(const SSheet &sheet)
+{
+    QVector<SSheetText> texts;
+    for (const SSheetMark &mark : sheet.marks) {
+        if (const auto *text = std::get_if<SSheetText>(&mark))
+            texts << *text;
+    }
+    return texts;
+}
+
+bool has(const SSheet &sheet, const char *wanted)
+{
+    const QVector<SSheetText> texts = textsOf(sheet);
+    return std::any_of(texts.begin(), texts.end(),
+                       [wanted](const SSheetText &text) { return text.text == QString::fromUtf8(wanted); });
+}
+
+/// Where the letters of a text are, without the air around them.
+QRectF lettersOf(const SSheetText &text)
+{
+    const double width = CSheetFont::width(text.text, text.points, text.bold);
+    QRectF letters(0, 0, width, CSheetFont::capHeight(text.points));
+    letters.moveCenter(text.box.center());
+    if (text.alignment & Qt::AlignRight)
+        letters.moveRight(text.box.right());
+    else if (!(text.alignment & Qt::AlignHCenter))
+        letters.moveLeft(text.box.left());
+    return text.turned == 0 ? letters
+                            : QTransform()
+                                  .translate(letters.center().x(), letters.center().y())
+                                  .rotate(text.turned)
+                                  .translate(-letters.center().x(), -letters.center().y())
+                                  .mapRect(letters);
+}
+
+QRectF extentOf(const SSheetMark &mark)
+{
+    if (const auto *fill = std::get_if<SSheetFill>(&mark))
+        return fill->path.boundingRect();
+    if (const auto *stroke = std::get_if<SSheetStroke>(&mark))
+        return stroke->path.boundingRect();
+    return lettersOf(std::get<SSheetText>(mark));
+}
+
+/// Whether something without width or height is within, too.
+bool isWithin(const QRectF &outer, const QRectF &inner)
+{
+    constexpr double Rounding = 0.01;
+    return inner.left() >= outer.left() - Rounding && inner.right() <= outer.right() + Rounding &&
+           inner.top() >= outer.top() - Rounding && inner.bottom() <= outer.bottom() + Rounding;
+}
+
+/// Texts that touch another one, "a / b"; empty if there are none.
+QString touchingTexts(const SSheet &sheet)
+{
+    QVector<QPair<QRectF, QString>> placed;
+    for (const SSheetText &text : textsOf(sheet)) {
+        if (text.mark != EMark::Watermark)
+            placed << qMakePair(lettersOf(text), text.text);
+    }
+    std::sort(placed.begin(), placed.end(),
+              [](const auto &a, const auto &b) { return a.first.top() < b.first.top(); });
+    for (int i = 0; i < placed.size(); ++i) {
+        for (int j = i + 1; j < placed.size() && placed.at(j).first.top() < placed.at(i).first.bottom();
+             ++j) {
+            if (placed.at(i).first.intersects(placed.at(j).first))
+                return placed.at(i).second + QStringLiteral(" / ") + placed.at(j).second;
+        }
+    }
+    return {};
+}
+
+SProcessorProject strangeWall()
+{
+    SProcessorProject project = ProjectSamples::ofWall(CWallBuilder::Small4K);
+    project.name =
+        QStringLiteral("A wall whose name is so long that it fits no field of any title block at all");
+    for (int port = 0; port < 13; ++port)
+        project.layout.ports[port].groups[0].cabinets[0].rect.setHeight(50 + port); // 13 types more
+    return project;
+}
+
+} // namespace
+
+/// Sheets with lists: what is on them, where, and what files they become.
+class CPrintSheetsTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void keepsTextsApartAndWithinTheFrame_data()
+    {
+        QTest::addColumn<PrintConfig>("config");
+        QTest::newRow("A4") << configOf(PrintConfig::A4);
+        QTest::newRow("A4 upright") << configOf(PrintConfig::A4, false);
+        QTest::newRow("A3") << configOf(PrintConfig::A3);
+        QTest::newRow("Letter") << configOf(PrintConfig::Letter);
+        PrintConfig least = configOf(PrintConfig::CustomPaper);
+        least.customPaper = SSheetArea::least(least);
+        QTest::newRow("as small as possible") << least;
+        PrintConfig back = configOf(PrintConfig::Tabloid);
+        back.views = PrintConfig::BackView;
+        back.binding = PrintConfig::BindTop;
+        QTest::newRow("Tabloid, back") << back;
+    }
+    void keepsTextsApartAndWithinTheFrame()
+    {
+        QFETCH(PrintConfig, config);
+        const QVector<SSheet> sheets =
+            sheetsOf(config, {ProjectSamples::ofWall(CWallBuilder::Medium), strangeWall()});
+        QVERIFY(!sheets.isEmpty());
+        for (const SSheet &sheet : sheets) {
+            for (const SSheetMark &mark : sheet.marks) {
+                const auto *text = std::get_if<SSheetText>(&mark);
+                const QString what = sheet.title + QStringLiteral(": ") + (text ? text->text : QString());
+                QVERIFY2(isWithin(sheet.frame, extentOf(mark)), qPrintable(what));
+                QVERIFY2(!text || text->points >= 7, qPrintable(what));
+            }
+            QVERIFY2(touchingTexts(sheet).isEmpty(), qPrintable(sheet.title + QStringLiteral(": ") + touchingTexts(sheet)));
+        }
+    }
+
+    void numbersSheetsAndListsEveryCabinet()
+    {
+        const SProcessorProject project = ProjectSamples::ofWall(CWallBuilder::Medium);
+        const QVector<SSheet> sheets = sheetsOf(configOf(PrintConfig::A4), {project});
+        QCOMPARE(sheets.size(), 1 + 1 + 5 + 1);
+        QSet<QPair<int, int>> places;
+        for (int i = 0; i < sheets.size(); ++i) {
+            QVERIFY(has(sheets.at(i), qPrintable(QStringLiteral("%1 of %2").arg(i + 1).arg(sheets.size()))));
+            if (sheets.at(i).title != QLatin1String("List of cabinets"))
+                continue;
+            QMap<double, QVector<SSheetText>> rows; // by their height on the sheet
+            for (const SSheetText &text : textsOf(sheets.at(i))) {
+                if (text.mark == EMark::TableCell)
+                    rows[text.box.center().y()] << text;
+            }
+            for (const QVector<SSheetText> &row : qAsConst(rows)) {
+                for (int j = 0; j + 8 < row.size(); ++j) {
+                    if (row.at(j + 6).text == QStringLiteral("192 \u00d7 192"))
+                        places << qMakePair(row.at(j + 4).text.toInt(), row.at(j + 5).text.toInt());
+                }
+            }
+        }
+        QCOMPARE(places.size(), 240);
+        const char *const totals[] = {"8,847,360", "60.00 m\u00b2", "1,680.0 kg",
+                                      "38,400 W",  "19,200 W",      "3 to 7"};
+        for (const char *text : totals)
+            QVERIFY2(has(sheets.first(), text), text);
+        const char *const sums[] = {"8,847,360", "38,400", "1,680.0", "9,895,830", "15 of 15 ports"};
+        for (const char *text : sums)
+            QVERIFY2(has(sheets.at(1), text), text);
+        QVERIFY(has(sheets.last(), "195,000") && has(sheets.last(), "187,500") &&
+                has(sheets.last(), "1,764.0"));
+    }
+
+    void splitsTablesWithCarriedSums()
+    {
+        QRandomGenerator random(20260504);
+        for (int round = 0; round < 300; ++round) {
+            QVector<STableRow> rows(random.bounded(60));
+            for (STableRow &row : rows) {
+                row.cells = {QStringLiteral("row"), QString::number(random.bounded(100))};
+                row.kind = random.bounded(4) == 0 ? STableRow::Heading : STableRow::Plain;
+            }
+            const auto sumOf = [&rows](int count) {
+                STableRow sum;
+                sum.cells = {{}, QString::number(count)};
+                return sum;
+            };
+            const int capacity = 5 + random.bounded(20);
+            const auto parts = CSheetTable::parts(
+                rows, {sumOf(rows.size())}, [capacity](int) { return capacity; }, sumOf);
+            int done = 0;
+            for (int i = 0; i < parts.size(); ++i) {
+                QVector<STableRow> part = parts.at(i);
+                QVERIFY(part.size() <= capacity);
+                if (i > 0) {
+                    QCOMPARE(part.first().cells.at(0).text, QStringLiteral("brought forward"));
+                    QCOMPARE(part.takeFirst().cells.at(1).text.toInt(), done);
+                }
+                const STableRow last = part.takeLast();
+                QVERIFY(part.size() < 2 || i + 1 == parts.size() || part.last().kind != STableRow::Heading);
+                for (const STableRow &row : qAsConst(part))
+                    QCOMPARE(row.cells.at(1).text, rows.at(done++).cells.at(1).text);
+                QCOMPARE(last.cells.at(1).text.toInt(), done);
+                QCOMPARE(last.kind == STableRow::Sum, i + 1 < parts.size());
+            }
+            QCOMPARE(done, rows.size());
+        }
+    }
+
+    void refusesPaperThatIsTooSmall()
+    {
+        PrintConfig config = configOf(PrintConfig::CustomPaper);
+        config.customPaper = SSheetArea::least(config) - QSizeF(2, 0);
+        const auto input = CSheetExport::inputOf({ProjectSamples::ofWall(CWallBuilder::Small)});
+        const auto refused = CSheetSet::of(SPrintPlan::of(input, {config, {}}));
+        QVERIFY(!refused && refused.error().contains(QStringLiteral("too small")));
+    }
+
+    void writesTheSameVectorsEachTime()
+    {
+        const QVector<SSheet> sheets =
+            sheetsOf(configOf(PrintConfig::A4), {ProjectSamples::ofWall(CWallBuilder::Medium)});
+        const QString title = QStringLiteral("Plan");
+        const QByteArray pdf = SheetFiles::pdf(sheets, title, QDate(2026, 5, 4));
+        QVERIFY(pdf.startsWith("%PDF-") && pdf.trimmed().endsWith("%%EOF"));
+        QVERIFY(SheetFiles::pdf(sheets, title, QDate(2026, 5, 4)) == pdf);
+        QVERIFY(pdf.contains("/CreationDate (D:20260504000000"));
+        QCOMPARE(pdf.count("/Type /Page\n"), sheets.size());
+        QVERIFY(pdf.contains("/FontFile") && !pdf.contains("/Subtype /Image"));
+
+        const QByteArray svg = SheetFiles::svg(sheets.first(), title);
+        QVERIFY(svg.contains(">8,847,360<") && svg.contains("width=\"297mm\"") && !svg.contains("<image"));
+        const QImage png = QImage::fromData(SheetFiles::png(sheets.first(), 50));
+        QCOMPARE(png.size(), QSize(585, 413));
+        QCOMPARE(png.pixelColor(2, 2), QColor(Qt::white));
+        QVERIFY(png.pixelColor(int(20 / 25.4 * 50), 200).lightness() < 200); // the frame's left line
+
+        int told = 0;
+        QVERIFY(
+            SheetFiles::pdf(sheets, title, {}, [&told](int done) { return (told = done) < 2; }).isEmpty());
+        QCOMPARE(told, 2);
+    }
+
+    void namesLettersWithoutAFont()
+    {
+        PrintConfig config = configOf(PrintConfig::A4);
+        QCOMPARE(SheetFiles::missingLetters(sheetsOf(config, {ProjectSamples::ofWall(CWallBuilder::Small)})),
+                 QString());
+        config.designer = QStringLiteral("M\u00fcller \U0010fffd");
+        QCOMPARE(SheetFiles::missingLetters(sheetsOf(config, {ProjectSamples::ofWall(CWallBuilder::Small)})),
+                 QStringLiteral("\U0010fffd"));
+    }
+};
+
+ORVO_TEST_MAIN(QGuiApplication, CPrintSheetsTest)
+#include "tst_print_sheets.moc"
