@@ -62,10 +62,10 @@ void CGraphicsView::setScaleFactor(qreal factor)
 void CGraphicsView::zoomBy(qreal factor, const QPoint &fixedPoint)
 {
     const qreal wanted = qBound(SmallestScale, scaleFactor() * factor, LargestScale);
-    m_fitted = false;
+    const QPointF underPoint = mapToScene(fixedPoint);
+    setFitted(false);
     if (qFuzzyCompare(wanted, scaleFactor()))
         return;
-    const QPointF underPoint = mapToScene(fixedPoint);
     setTransform(QTransform::fromScale(wanted, wanted));
     scrollBy(mapFromScene(underPoint) - fixedPoint);
     Q_EMIT notifyScaleChanged(wanted);
@@ -80,8 +80,18 @@ void CGraphicsView::scrollBy(const QPoint &step)
 void CGraphicsView::fit(const QRectF &content)
 {
     m_fitRect = content;
-    m_fitted = true;
+    setFitted(true);
     applyFit();
+}
+
+/// What is fitted needs no scroll bars. Bars that come as needed would not settle either: a bar takes room
+/// from the view, which then fits its content at a smaller scale, at which no bar is needed.
+void CGraphicsView::setFitted(bool fitted)
+{
+    m_fitted = fitted;
+    const Qt::ScrollBarPolicy bars = fitted ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded;
+    setHorizontalScrollBarPolicy(bars);
+    setVerticalScrollBarPolicy(bars);
 }
 
 void CGraphicsView::applyFit()
@@ -145,12 +155,13 @@ void CGraphicsView::mouseMoveEvent(QMouseEvent *event)
 {
     if (!m_panning) {
         QGraphicsView::mouseMoveEvent(event);
-        m_fitted = m_fitted && !(dragMode() == ScrollHandDrag && (event->buttons() & Qt::LeftButton));
+        if (dragMode() == ScrollHandDrag && (event->buttons() & Qt::LeftButton))
+            setFitted(false);
         return;
     }
     const QPoint step = event->pos() - m_panPosition;
     m_panPosition = event->pos();
-    m_fitted = false;
+    setFitted(false);
     scrollBy(-step);
 }
 
@@ -198,7 +209,7 @@ void CGraphicsView::scrollContentsBy(int dx, int dy)
 
 void CGraphicsView::showPlace(const QPointF &place)
 {
-    m_fitted = false;
+    setFitted(false);
     centerOn(place);
 }
 

@@ -60,6 +60,7 @@ private:
     void zoomBy(qreal factor, const QPoint &fixedPoint);
     void scrollBy(const QPoint &step);
     void applyFit();
+    void setFitted(bool fitted);
 
     CZoomStrip *m_strip;
     CAerialView *m_aerialView;
