@@ -10,6 +10,32 @@
 #include "layout/panels/CTopologyLabel.h"
 #include "layout/resources/LayoutResources.h"
 
+#include <QSettings>
+
+namespace {
+
+QSettings settings()
+{
+    return QSettings(QStringLiteral("Velmarinth"), QStringLiteral("Orvo"));
+}
+
+QString foldedKey()
+{
+    return QStringLiteral("client/foldedUnits");
+}
+
+/// Keeps for the next run whether the unit @p name is folded.
+void keepFolded(const QString &name, bool folded)
+{
+    QStringList names = settings().value(foldedKey()).toStringList();
+    names.removeAll(name);
+    if (folded)
+        names << name;
+    settings().setValue(foldedKey(), names);
+}
+
+} // namespace
+
 CLayoutSidePanel::CLayoutSidePanel(const SUnitServices &services, QWidget *parent)
     : CSidePanel(parent)
 {
@@ -29,7 +55,7 @@ CLayoutSidePanel::CLayoutSidePanel(const SUnitServices &services, QWidget *paren
     connect(geometry, &Geometry::notifySelectedCabinetRankChanged, this,
             &CLayoutSidePanel::notifySelectedCabinetRankChanged);
     connect(topology, &CTopologyLabel::buttonClicked, this, &CLayoutSidePanel::notifyTopologybuttonClicked);
-    connect(load, &CSystemLoadLabel::notifySelectPorts, this, &CLayoutSidePanel::notifySelectPorts);
+    connect(load, &CSystemLoadLabel::notifySelectPorts, this, &CLayoutSidePanel::choosePorts);
     connect(mapping, &CMappingLabel::notifySaveMappingSuccessed, this,
             &CLayoutSidePanel::notifySaveMappingSuccessed);
     connect(m_backup, &CBackupLabel::notifySaveMappingSuccessed, this,
@@ -44,6 +70,10 @@ Unit *CLayoutSidePanel::add(const SUnitServices &services)
 {
     auto *unit = new Unit(services);
     addUnit(unit);
+    const QString name = QString::fromLatin1(unit->metaObject()->className());
+    unit->setCollapsed(settings().value(foldedKey()).toStringList().contains(name));
+    connect(unit, &CUnitLabel::notifyCollapsed, this,
+            [name](bool collapsed) { keepFolded(name, collapsed); });
     m_units.push_back(unit);
     return unit;
 }
@@ -99,6 +129,21 @@ void CLayoutSidePanel::onNotifySelectedCabinetInfos(
 {
     for (ISidePanelUnit *unit : m_units)
         unit->onSelectedCabinets(cabinets);
+}
+
+/// They may lie outside what the view shows.
+void CLayoutSidePanel::choosePorts(const QVector<int> &ports)
+{
+    Q_EMIT notifySelectPorts(ports);
+    if (!m_selectedArea.isEmpty())
+        Q_EMIT viewSceneRectChanged(m_selectedArea);
+}
+
+void CLayoutSidePanel::onNotifySelectedPortGeometryChanged(const QList<QPair<int, QRect>> &areas)
+{
+    m_selectedArea = QRect();
+    for (const QPair<int, QRect> &area : areas)
+        m_selectedArea |= area.second;
 }
 
 void CLayoutSidePanel::connectStore(const CLayoutData &store)

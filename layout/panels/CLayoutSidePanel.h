@@ -5,6 +5,8 @@
 #include "layout/panels/ISidePanelUnit.h"
 #include "platform/widgets/CSidePanel.h"
 
+#include <QPair>
+#include <QRect>
 #include <QVector>
 
 #include <vector>
@@ -28,6 +30,8 @@ Q_SIGNALS:
     void notifySelectedCabinetSizeChanged(const QSize &size);
     void notifySelectedCabinetRankChanged(int columns);
     void notifyTopologybuttonClicked(int pattern);
+    /// The user wants to see @p area, canvas pixels.
+    void viewSceneRectChanged(const QRect &area);
     void notifySaveMappingSuccessed();
     void notifyCancelPortRedundancy(int port);
     /// The user wants everything in @p ports to be selected.
@@ -44,14 +48,18 @@ public Q_SLOTS:
     void onNotifySelectedCabinetGeometryChanged(const QRect &extent);
     void onCurrentProcessorBackupChanged();
     void onNotifySelectedCabinetInfos(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets);
+    /// The areas of the ports that hold the selection, canvas pixels.
+    void onNotifySelectedPortGeometryChanged(const QList<QPair<int, QRect>> &areas);
 
 private:
     void connectStore(const CLayoutData &store);
     void portStatesChanged();
+    void choosePorts(const QVector<int> &ports);
     /// Adds a unit of the class @p Unit at the bottom.
     template <typename Unit>
     Unit *add(const SUnitServices &services);
 
     CBackupLabel *m_backup = nullptr;
     std::vector<ISidePanelUnit *> m_units; // children of the panel
+    QRect m_selectedArea;                  // of the ports that hold the selection
 };

@@ -15,36 +15,29 @@
 #include "layout/plugin/CPortCommands.h"
 #include "layout/plugin/CStatusFigures.h"
 #include "layout/plugin/CViewPortPanel.h"
-#include "platform/widgets/CElidedLabel.h"
-#include "platform/widgets/CPureImageBtn.h"
+#include "layout/plugin/CWiringLayoutWidget.h"
 
-#include <QHBoxLayout>
+#include <QAbstractButton>
 #include <QMenu>
 #include <QUndoStack>
 #include <QVBoxLayout>
-#include <QVariant>
 
 #include <algorithm>
 
 namespace {
-
 using Host = ILayoutInterfaceHandler;
-
-constexpr int TitleRowLocation = 3; // of a tool widget
-
 } // namespace
 
 CLayoutEditorPage::CLayoutEditorPage(CLayoutData &store, QWidget *parent)
     : QWidget(parent)
     , m_store(store)
-    , m_title(new CElidedLabel)
-    , m_note(new CElidedLabel)
-    , m_showScreen(new CPureImageBtn(QStringLiteral(":/Image/ViewTitle/show-screen")))
+    , m_wiring(new CWiringLayoutWidget)
     , m_view(new CLayoutGraphicsView(store))
     , m_figures(new CStatusFigures(store, *m_view, new CFaultLine(*m_view)))
     , m_commands(std::make_unique<CEditorCommands>(store, *m_view))
     , m_portCommands(std::make_unique<CPortCommands>(store, m_commands->canvas(), *m_view))
     , m_ports(new CPortList(store, *m_portCommands))
+    , m_panel(new CViewPortPanel(*m_view, *m_ports, *m_wiring))
 {
     m_view->setCommands(m_commands.get());
     buildUi();
@@ -61,7 +54,7 @@ CLayoutEditorPage::~CLayoutEditorPage()
 
 QAbstractButton &CLayoutEditorPage::showScreenButton() const
 {
-    return *m_showScreen;
+    return m_wiring->showScreenButton();
 }
 
 QWidget *CLayoutEditorPage::statusFigures() const
@@ -78,8 +71,7 @@ void CLayoutEditorPage::setProcessor(const ProcessorTree::ProcessorNode &process
 {
     const bool another = processor.uuid != m_processor.uuid;
     m_processor = processor;
-    m_title->setFullText(processor.uuid.isNull() ? QString() : processor.displayText());
-    m_view->onCurrentProcessorChanged(processor);
+    m_panel->onCurrentProcessorChanged(processor);
     m_store.setProcessorRedundancies(CHostAccess::call(&Host::processorRedundancies));
     showRedundancy();
     if (another)
@@ -107,58 +99,34 @@ void CLayoutEditorPage::showBackground(const SBackgroundInfo &info, bool canvasS
 {
     CCabinetGraphicsScene &scene = m_view->cabinetScene();
     scene.onBackgroundChanged(info, info, canvasSizeChanged);
-    if (!scene.fillProblem().isEmpty())
-        m_readResult.clear(); // is older
-    m_fillProblem = scene.fillProblem();
-    showNote();
-}
-
-void CLayoutEditorPage::showNote()
-{
-    m_note->setFullText(m_readResult.isEmpty() ? m_fillProblem : m_readResult);
+    m_wiring->setFillProblem(scene.fillProblem());
 }
 
 void CLayoutEditorPage::setReadbackResult(bool same)
 {
-    m_readResult = same ? tr("The processor's mapping equals the layout.")
-                        : tr("The processor's mapping differed from the layout.");
-    showNote();
+    m_panel->onReadbackMappingFinished(same);
 }
 
 void CLayoutEditorPage::dropReadbackResult()
 {
-    m_readResult.clear();
-    showNote();
+    m_wiring->dropReadResult();
 }
 
 void CLayoutEditorPage::setScreenShown(bool shown)
 {
-    m_showScreen->setChecked(shown);
+    m_wiring->showScreenButton().setChecked(shown);
 }
 
 void CLayoutEditorPage::setEditingBlocked(bool blocked)
 {
-    m_blocked = blocked;
-    m_view->setEditingBlocked(blocked);
-    block();
+    m_panel->setEditingBlocked(blocked);
 }
 
 void CLayoutEditorPage::connectPanel(CLayoutSidePanel &panel)
 {
-    using View = CLayoutGraphicsView;
     using Panel = CLayoutSidePanel;
-    connect(m_view, &View::notifySelectedPort, &panel, &Panel::onNotifySelectedPort);
-    connect(m_view, &View::notifySelectedCabinetInfos, &panel, &Panel::onNotifySelectedCabinetInfos);
-    connect(m_view, &View::notifySelectedCabinetGeometryChanged, &panel,
-            &Panel::onNotifySelectedCabinetGeometryChanged);
-    connect(&panel, &Panel::notifySelectedCabinetPositionChanged, m_view,
-            &View::onNotifySelectedCabinetPositionChanged);
-    connect(&panel, &Panel::notifySelectedCabinetSizeChanged, m_view,
-            &View::onNotifySelectedCabinetSizeChanged);
-    connect(&panel, &Panel::notifySelectedCabinetRankChanged, m_view,
-            &View::onNotifySelectedCabinetRankChanged);
-    connect(&panel, &Panel::notifyTopologybuttonClicked, m_view, &View::onTopologyButtonClicked);
-    connect(&panel, &Panel::notifySelectPorts, m_view, &View::onPortsChosen);
+    m_panel->connectSidePanel(panel);
+    connect(&panel, &Panel::notifySelectPorts, m_view, &CLayoutGraphicsView::onPortsChosen);
     connect(&panel, &Panel::notifyCancelPortRedundancy, this,
             [this](int port) { m_portCommands->cancelRedundancy(port); });
 }
@@ -173,48 +141,26 @@ void CLayoutEditorPage::fillViewMenu(QMenu &menu)
     CEditorMenus(*m_view, menu, isVisible()).fillView();
     QAction *screen = menu.addAction(tr("Show &screen"));
     screen->setCheckable(true);
-    screen->setChecked(m_showScreen->isChecked());
-    connect(screen, &QAction::triggered, m_showScreen, &QAbstractButton::click);
+    screen->setChecked(m_wiring->showScreenButton().isChecked());
+    connect(screen, &QAction::triggered, &m_wiring->showScreenButton(), &QAbstractButton::click);
 }
 
 /// A redundancy processor follows its primary and cannot be edited.
 void CLayoutEditorPage::showRedundancy()
 {
     const auto pairs = m_store.processorRedundancies();
-    m_backup = std::any_of(pairs.begin(), pairs.end(), [this](const QPair<QUuid, QUuid> &pair) {
-        return pair.second == m_processor.uuid;
-    });
-    m_view->onCurrentProcessorBackupChanged(m_backup);
-    block();
-}
-
-void CLayoutEditorPage::block()
-{
-    m_ports->setEditingBlocked(m_blocked || m_backup);
+    m_panel->onCurrentProcessorBackupChanged(
+        std::any_of(pairs.begin(), pairs.end(),
+                    [this](const QPair<QUuid, QUuid> &pair) { return pair.second == m_processor.uuid; }));
 }
 
 void CLayoutEditorPage::buildUi()
 {
-    m_note->setEnabled(false); // in the dimmed colour of the theme
-    m_showScreen->setCheckable(true);
-    m_showScreen->setFixedSize(18, 18);
-    m_showScreen->setIconSize(QSize(18, 18));
-    m_showScreen->setToolTip(tr("Show screen"));
-    m_showScreen->setAccessibleName(tr("Show screen"));
-    m_showScreen->setProperty("ToolLocation", TitleRowLocation);
-
-    auto *titleRow = new QHBoxLayout;
-    titleRow->setContentsMargins(12, 6, 12, 6);
-    titleRow->setSpacing(16);
-    titleRow->addWidget(m_title);
-    titleRow->addWidget(m_note, 1);
-    titleRow->addWidget(m_showScreen);
-
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addLayout(titleRow);
-    column->addWidget(new CViewPortPanel(*m_view, *m_ports), 1);
+    column->addWidget(m_wiring);
+    column->addWidget(m_panel, 1);
 }
 
 void CLayoutEditorPage::connectSignals()
@@ -249,7 +195,7 @@ void CLayoutEditorPage::connectSignals()
         m_store.undoGroup().addStack(stack); // adding it again has no effect
         m_store.undoGroup().setActiveStack(stack);
     });
-    connect(&m_store, &CLayoutData::notifyCancelCalibrate, m_view, &CLayoutGraphicsView::cancelCalibrate);
+    connect(&m_store, &CLayoutData::notifyCancelCalibrate, m_panel, &CViewPortPanel::onNotifyCancelCalibrate);
     connect(&m_store, &CLayoutData::notifyProcessorBackupChanged, this, &CLayoutEditorPage::showRedundancy);
     connect(&m_store, &CLayoutData::notifyDetectFinished, this, [this] { m_store.resumeCurrentPort(); });
     connect(&m_store, &CLayoutData::notifyLayoutReplaced, this, [this](const QUuid &processor) {
@@ -261,10 +207,7 @@ void CLayoutEditorPage::connectSignals()
 void CLayoutEditorPage::connectPorts()
 {
     using View = CLayoutGraphicsView;
-    connect(m_view, &View::notifySelectedPort, m_ports, &CPortList::setCurrentSelectPort);
-    connect(m_ports, &CPortList::notifyPortClicked, m_view, &View::onPortClicked);
     connect(m_ports, &CPortList::notifyPortsChosen, m_view, &View::onPortsChosen);
-    connect(m_ports, &CPortList::notifyPortToggled, m_view, &View::onPortToggled);
     connect(m_ports, &CPortList::notifyAppendCabinet, m_view,
             [this](int port, const QSize &size, const CPort::TypeInfo &type) {
                 if (!type.key.isNull())

@@ -13,14 +13,14 @@
 #include <memory>
 
 class CEditorCommands;
-class CElidedLabel;
 class CLayoutData;
 class CLayoutGraphicsView;
 class CLayoutSidePanel;
 class CPortCommands;
 class CPortList;
-class CPureImageBtn;
 class CStatusFigures;
+class CViewPortPanel;
+class CWiringLayoutWidget;
 class QAbstractButton;
 class QMenu;
 
@@ -59,26 +59,19 @@ public:
     void connectPanel(CLayoutSidePanel &panel);
 
 private:
-    void block();
     void connectPorts();
     void showBackground(const SBackgroundInfo &info, bool canvasSizeChanged = false);
-    void showNote();
     void showRedundancy();
     void buildUi();
     void connectSignals();
 
     CLayoutData &m_store;
     ProcessorTree::ProcessorNode m_processor;
-    CElidedLabel *m_title = nullptr;
-    CElidedLabel *m_note = nullptr;
-    QString m_readResult;  ///< of the last read, until the user continues working
-    QString m_fillProblem; ///< the last one; shown unless there is a result
-    CPureImageBtn *m_showScreen = nullptr;
+    CWiringLayoutWidget *m_wiring = nullptr;
     CLayoutGraphicsView *m_view = nullptr;
     QPointer<CStatusFigures> m_figures; // owned by the status bar once placed there
     std::unique_ptr<CEditorCommands> m_commands;
     std::unique_ptr<CPortCommands> m_portCommands;
     CPortList *m_ports = nullptr;
-    bool m_blocked = false; // by the user
-    bool m_backup = false;  // the processor in view follows another one
+    CViewPortPanel *m_panel = nullptr;
 };

@@ -2,8 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CViewPortPanel.h"
 
+#include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
+#include "layout/panels/CLayoutSidePanel.h"
 #include "layout/panels/ports/CPortList.h"
+#include "layout/plugin/CWiringLayoutWidget.h"
+#include "platform/widgets/CTranslatingAnimation.h"
 
 #include <QEvent>
 #include <QSettings>
@@ -16,6 +22,8 @@ namespace {
 constexpr QSize CollapseSize(62, 20);
 constexpr int CollapseLocation = 4; // of a tool widget
 constexpr int HeightForTwoRows = 600;
+constexpr int UsualRows = 2;
+constexpr int AreaMargin = 16; // around an area that is brought into view, screen pixels
 
 QSettings settings()
 {
@@ -27,16 +35,23 @@ QString stateKey()
     return QStringLiteral("client/layout");
 }
 
+QString foldedKey()
+{
+    return QStringLiteral("client/portListFolded");
+}
+
 } // namespace
 
-CViewPortPanel::CViewPortPanel(CLayoutGraphicsView &view, CPortList &ports, QWidget *parent)
+CViewPortPanel::CViewPortPanel(CLayoutGraphicsView &view, CPortList &ports, CWiringLayoutWidget &wiring,
+                               QWidget *parent)
     : QWidget(parent)
     , m_view(view)
     , m_ports(ports)
+    , m_wiring(wiring)
 {
     buildUi();
-    connect(m_collapse, &QToolButton::toggled, this, &CViewPortPanel::onCollapseToggled);
-    connect(m_splitter, &QSplitter::splitterMoved, this, &CViewPortPanel::saveState);
+    buildOverlay();
+    connectSignals();
 }
 
 void CViewPortPanel::buildUi()
@@ -52,7 +67,11 @@ void CViewPortPanel::buildUi()
     auto *whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->addWidget(m_splitter);
+    m_slide = new CTranslatingAnimation(m_ports, Qt::BottomEdge, this);
+}
 
+void CViewPortPanel::buildOverlay()
+{
     m_overlay = new QWidget(this);
     m_overlay->setObjectName(QStringLiteral("Overlay"));
     m_overlay->setFixedSize(CollapseSize);
@@ -66,21 +85,153 @@ void CViewPortPanel::buildUi()
     m_view.viewport()->installEventFilter(this);
 }
 
+void CViewPortPanel::connectSignals()
+{
+    using View = CLayoutGraphicsView;
+    using Panel = CViewPortPanel;
+    connect(m_collapse, &QToolButton::toggled, this, &Panel::onCollapseToggled);
+    connect(m_splitter, &QSplitter::splitterMoved, this, &Panel::saveState);
+
+    connect(this, &Panel::notifyTopologybuttonClicked, &m_view, &View::onTopologyButtonClicked);
+    connect(this, &Panel::notifySelectedCabinetPositionChanged, &m_view,
+            &View::onNotifySelectedCabinetPositionChanged);
+    connect(this, &Panel::notifySelectedCabinetSizeChanged, &m_view,
+            &View::onNotifySelectedCabinetSizeChanged);
+    connect(this, &Panel::notifySelectedCabinetRankChanged, &m_view,
+            &View::onNotifySelectedCabinetRankChanged);
+
+    connect(&m_view, &View::notifySelectedCabinetGeometryChanged, this,
+            &Panel::notifySelectedCabinetGeometryChanged);
+    connect(&m_view, &View::notifySelectedCabinetGeometryChanged, this, &Panel::tellPortAreas);
+    connect(&m_view, &View::notifySelectedPort, this, &Panel::tellPortAreas);
+    connect(&m_view, &View::notifySelectedPort, this, &Panel::notifySelectedPort);
+    connect(&m_view, &View::notifySelectedCabinetInfos, this, &Panel::notifySelectedCabinetInfos);
+    connect(this, &Panel::notifySelectedPort, &m_ports, &CPortList::setCurrentSelectPort);
+
+    connect(&m_ports, &CPortList::notifyPortClicked, this, &Panel::notifyPortClicked);
+    connect(&m_ports, &CPortList::notifyPortToggled, this, &Panel::notifyPortToggled);
+    connect(this, &Panel::notifyPortClicked, &m_view, &View::onPortClicked);
+    connect(this, &Panel::notifyPortToggled, &m_view, &View::onPortToggled);
+}
+
+void CViewPortPanel::connectSidePanel(CLayoutSidePanel &panel)
+{
+    using Panel = CViewPortPanel;
+    using Side = CLayoutSidePanel;
+    connect(&panel, &Side::notifyTopologybuttonClicked, this, &Panel::notifyTopologybuttonClicked);
+    connect(&panel, &Side::notifySelectedCabinetPositionChanged, this,
+            &Panel::notifySelectedCabinetPositionChanged);
+    connect(&panel, &Side::notifySelectedCabinetSizeChanged, this, &Panel::notifySelectedCabinetSizeChanged);
+    connect(&panel, &Side::notifySelectedCabinetRankChanged, this, &Panel::notifySelectedCabinetRankChanged);
+    connect(&panel, &Side::viewSceneRectChanged, this, &Panel::showArea);
+    connect(&panel, &Side::notifySaveMappingSuccessed, this, &Panel::onNotifySaveMappingSuccessed);
+    connect(this, &Panel::notifySelectedPort, &panel, &Side::onNotifySelectedPort);
+    connect(this, &Panel::notifySelectedCabinetInfos, &panel, &Side::onNotifySelectedCabinetInfos);
+    connect(this, &Panel::notifySelectedCabinetGeometryChanged, &panel,
+            &Side::onNotifySelectedCabinetGeometryChanged);
+    connect(this, &Panel::notifySelectedPortGeometryChanged, &panel,
+            &Side::onNotifySelectedPortGeometryChanged);
+}
+
+void CViewPortPanel::tellPortAreas()
+{
+    const CSceneContent &content = m_view.cabinetScene().backend().content();
+    QList<QPair<int, QRect>> areas;
+    const QList<int> selected = m_view.cabinetScene().selection().ports();
+    for (const int port : selected)
+        areas << qMakePair(port, content.portItem(port)->bounds().toRect());
+    Q_EMIT notifySelectedPortGeometryChanged(areas);
+}
+
+/// Leaves the view as it is if @p area is seen already.
+void CViewPortPanel::showArea(const QRect &area)
+{
+    const QRectF seen = m_view.mapToScene(m_view.viewport()->rect()).boundingRect();
+    if (seen.contains(area))
+        return;
+    if (area.width() > seen.width() || area.height() > seen.height())
+        m_view.fit(area);
+    else
+        m_view.ensureVisible(area, AreaMargin, AreaMargin);
+}
+
+void CViewPortPanel::setEditingBlocked(bool blocked)
+{
+    m_blocked = blocked;
+    m_view.setEditingBlocked(blocked);
+    block();
+}
+
+void CViewPortPanel::block()
+{
+    m_ports.setEditingBlocked(m_blocked || m_backup);
+}
+
+void CViewPortPanel::onNotifyCancelCalibrate()
+{
+    m_view.cancelCalibrate();
+}
+
+void CViewPortPanel::onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processorInfo)
+{
+    m_wiring.onCurrentProcessorChanged(processorInfo);
+    m_view.onCurrentProcessorChanged(processorInfo);
+}
+
+void CViewPortPanel::onCurrentProcessorBackupChanged(bool isBackup)
+{
+    m_backup = isBackup;
+    m_view.onCurrentProcessorBackupChanged(isBackup);
+    block();
+}
+
+void CViewPortPanel::onReadbackMappingFinished(bool same)
+{
+    m_wiring.setReadResult(same);
+}
+
+void CViewPortPanel::onNotifySaveMappingSuccessed()
+{
+    m_wiring.dropReadResult(); // the processor holds another mapping now
+}
+
 void CViewPortPanel::saveState() const
 {
-    if (m_restored && !m_collapse->isChecked())
+    if (m_restored && !m_low && !m_collapse->isChecked())
         settings().setValue(stateKey(), m_splitter->saveState());
 }
 
 void CViewPortPanel::restoreState()
 {
-    m_restored = true;
-    if (m_splitter->restoreState(settings().value(stateKey()).toByteArray())) {
+    const int usual = m_ports.heightOfRows(UsualRows);
+    if (m_splitter->restoreState(settings().value(stateKey()).toByteArray()))
         m_splitter->setHandleWidth(0);
-        return;
+    else
+        m_splitter->setSizes({height() - usual, usual});
+    const int list = m_splitter->sizes().value(1);
+    m_listHeight = list > 0 ? list : usual;
+    m_restored = true;
+    fitList();
+    if (settings().value(foldedKey()).toBool()) {
+        m_ports.hide(); // at once: nothing was seen of it yet
+        m_collapse->setChecked(true);
     }
-    const int list = m_ports.heightOfRows(window()->height() < HeightForTwoRows ? 1 : 2);
-    m_splitter->setSizes({height() - list, list});
+}
+
+/// In a low window the list has one row, so that the canvas keeps its share.
+void CViewPortPanel::fitList()
+{
+    const bool low = window()->height() < HeightForTwoRows;
+    if (!m_restored || low == m_low)
+        return;
+    m_low = low;
+    if (low) {
+        m_listHeight = qMax(m_listHeight, m_splitter->sizes().value(1));
+        m_ports.setMaximumHeight(m_ports.heightOfRows(1));
+    } else {
+        m_ports.setMaximumHeight(QWIDGETSIZE_MAX);
+        m_splitter->setSizes({height() - m_listHeight, m_listHeight});
+    }
 }
 
 void CViewPortPanel::showEvent(QShowEvent *event)
@@ -91,9 +242,19 @@ void CViewPortPanel::showEvent(QShowEvent *event)
     placeOverlay();
 }
 
+void CViewPortPanel::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    fitList();
+}
+
 void CViewPortPanel::onCollapseToggled(bool collapsed)
 {
-    m_ports.setVisible(!collapsed);
+    if (collapsed)
+        m_slide->moveOut();
+    else
+        m_slide->moveIn();
+    settings().setValue(foldedKey(), collapsed);
     showToolTip();
 }
 

@@ -74,5 +74,6 @@ void CUnitLabel::connectSignals()
     connect(m_header, &QToolButton::toggled, this, [this](bool unfolded) {
         m_content->setVisible(unfolded);
         m_header->setArrowType(unfolded ? Qt::DownArrow : Qt::RightArrow);
+        Q_EMIT notifyCollapsed(!unfolded);
     });
 }

@@ -25,6 +25,9 @@ public:
     /// The layout for the unit's content.
     QVBoxLayout *contentLayout() const { return m_contentLayout; }
 
+Q_SIGNALS:
+    void notifyCollapsed(bool collapsed); ///< by the user or by the program
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
