@@ -2,18 +2,25 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/CNewProjectDialog.h"
 
+#include "host/devices/simulated/CPortCapacity.h"
 #include "host/devices/simulated/CProcessorKinds.h"
 #include "host/library/CTypeLibrary.h"
 #include "layout/api/records/LayoutLimits.h"
+#include "layout/api/records/LoadSum.h"
 #include "layout/geometry/CSnakeOrder.h"
+#include "platform/widgets/CMessageBox.h"
+#include "platform/widgets/ThemeColors.h"
 #include "platform/widgets/input/CClampedSpinBox.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -25,6 +32,14 @@ void addTypes(QComboBox &box, const QVector<CTypeLibrary::STreeNode> &nodes)
         else
             box.addItem(node.name, QVariant::fromValue(node.info));
     }
+}
+
+/// The load of the fullest port: what a new wall has if all ports get the same share.
+SPortLoad largestShare(const SWallPlan &wall, const SProcessorKind &kind)
+{
+    const qint64 cabinet = qint64(wall.cabinet.width()) * wall.cabinet.height();
+    const qint64 most = (wall.cabinetCount() + wall.ports - 1) / wall.ports;
+    return CPortCapacity::load(kind, {}, most * cabinet, wall.cabinetCount() * cabinet);
 }
 
 } // namespace
@@ -54,7 +69,7 @@ void CNewProjectDialog::buildUi()
     m_summary->setObjectName(QStringLiteral("Summary"));
     m_summary->setWordWrap(true);
     m_summary->setMinimumWidth(320);
-    m_summary->setMinimumHeight(3 * m_summary->fontMetrics().lineSpacing());
+    m_summary->setMinimumHeight(4 * m_summary->fontMetrics().lineSpacing());
     m_summary->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     contentLayout()->addWidget(m_summary);
 }
@@ -79,6 +94,9 @@ void CNewProjectDialog::buildWallRows(QFormLayout &form)
     m_columns = addNumber(form, tr("&Columns"), "Columns", 1, LayoutLimits::WidestCanvas, 8);
     m_rows = addNumber(form, tr("&Rows"), "Rows", 1, LayoutLimits::TallestCanvas, 6);
     m_ports = addNumber(form, tr("Output &ports"), "Ports", 1, CWallBuilder::MaximumPorts, 4);
+    m_redundancy = new QCheckBox(tr("A re&dundancy port for each"));
+    m_redundancy->setObjectName(QStringLiteral("Redundancy"));
+    form.addRow(QString(), m_redundancy);
     m_pattern = new QComboBox;
     m_pattern->setObjectName(QStringLiteral("Pattern"));
     m_pattern->setIconSize({40, 28});
@@ -105,6 +123,7 @@ void CNewProjectDialog::connectSignals()
 {
     connect(m_type, qOverload<int>(&QComboBox::activated), this, &CNewProjectDialog::onTypeChosen);
     connect(m_name, &QLineEdit::textChanged, this, &CNewProjectDialog::updateSummary);
+    connect(m_redundancy, &QCheckBox::toggled, this, &CNewProjectDialog::updateSummary);
     for (QSpinBox *box : {m_width, m_height})
         connect(box, qOverload<int>(&QSpinBox::valueChanged), this, &CNewProjectDialog::onSizeEdited);
     for (QSpinBox *box : {m_columns, m_rows, m_ports})
@@ -129,31 +148,75 @@ void CNewProjectDialog::onSizeEdited()
     updateSummary();
 }
 
+const SProcessorKind *CNewProjectDialog::kindFor(const SWallPlan &wall) const
+{
+    return m_kinds.withPorts(wall.portCount(), wall.redundancy);
+}
+
+QString CNewProjectDialog::problemOf(const SWallPlan &wall) const
+{
+    const QSize canvas = wall.canvas();
+    if (m_name->text().trimmed().isEmpty())
+        return tr("The project needs a name.");
+    if (!LayoutLimits::isCanvasSize(canvas))
+        return tr("The wall would be %1 × %2 pixels, the most is %3 × %4.")
+            .arg(canvas.width())
+            .arg(canvas.height())
+            .arg(LayoutLimits::WidestCanvas)
+            .arg(LayoutLimits::TallestCanvas);
+    if (wall.cabinetCount() > qint64(wall.ports) * LayoutLimits::CabinetsPerPort)
+        return tr("%1 cabinets need more ports: one carries %2 at the most.")
+            .arg(wall.cabinetCount())
+            .arg(LayoutLimits::CabinetsPerPort);
+    if (!kindFor(wall))
+        return tr("No processor has %1 output ports.").arg(wall.portCount());
+    return {};
+}
+
 void CNewProjectDialog::updateSummary()
 {
     const SWallPlan wall = plan();
-    const QSize canvas = wall.canvas();
-    QString problem;
-    if (m_name->text().trimmed().isEmpty())
-        problem = tr("The project needs a name.");
-    else if (!LayoutLimits::isCanvasSize(canvas))
-        problem = tr("The wall would be %1 × %2 pixels, the most is %3 × %4.")
-                      .arg(canvas.width())
-                      .arg(canvas.height())
-                      .arg(LayoutLimits::WidestCanvas)
-                      .arg(LayoutLimits::TallestCanvas);
-    else if (wall.cabinetCount() > qint64(wall.ports) * LayoutLimits::CabinetsPerPort)
-        problem = tr("%1 cabinets need more ports: one carries %2 at the most.")
-                      .arg(wall.cabinetCount())
-                      .arg(LayoutLimits::CabinetsPerPort);
-    const SProcessorKind *kind = m_kinds.withPorts(wall.ports);
-    const QString summary = tr("Cabinets: %1, canvas: %2 × %3 pixels, processor: %4")
-                                .arg(wall.cabinetCount())
-                                .arg(canvas.width())
-                                .arg(canvas.height())
-                                .arg(kind ? kind->name : tr("unknown"));
-    m_summary->setText(problem.isEmpty() ? summary : problem);
+    const QString problem = problemOf(wall);
+    showSummary(wall, problem);
     buttonBox()->button(QDialogButtonBox::Ok)->setEnabled(problem.isEmpty());
+}
+
+void CNewProjectDialog::showSummary(const SWallPlan &wall, const QString &problem)
+{
+    QStringList lines{problem};
+    bool wrong = !problem.isEmpty();
+    if (!wrong) {
+        const SProcessorKind &kind = *kindFor(wall);
+        const SPortLoad load = largestShare(wall, kind);
+        lines = QStringList{tr("Cabinets: %1, canvas: %2 × %3 pixels, processor: %4, load of a port: %5%")
+                                .arg(wall.cabinetCount())
+                                .arg(wall.canvas().width())
+                                .arg(wall.canvas().height())
+                                .arg(kind.name)
+                                .arg(load.percent)};
+        wrong = load.percent > 100;
+        if (wrong)
+            lines += LoadSum::sentences(load);
+    }
+    QPalette colors;
+    if (wrong)
+        colors.setColor(QPalette::WindowText, QColor(ThemeColors::Fault));
+    m_summary->setPalette(colors);
+    m_summary->setText(lines.join(QLatin1Char('\n')));
+}
+
+/// Asks the user if @p layout exceeds what can be driven.
+bool CNewProjectDialog::mayExceed(const SWallPlan &wall, const CabinetLayout &layout)
+{
+    const QMap<int, SPortLoad> loads = CPortCapacity::loads(*kindFor(wall), {}, layout, 0);
+    const auto fullest =
+        std::max_element(loads.begin(), loads.end(),
+                         [](const SPortLoad &a, const SPortLoad &b) { return a.percent < b.percent; });
+    if (fullest == loads.end() || fullest->percent <= 100)
+        return true;
+    const QStringList details{tr("Port %1: %2%").arg(fullest.key() + 1).arg(fullest->percent)};
+    return CMessageBox::confirm(this, tr("The wall exceeds what can be driven. Make it?"),
+                                (details + LoadSum::sentences(*fullest)).join(QLatin1Char('\n')));
 }
 
 SWallPlan CNewProjectDialog::plan() const
@@ -165,6 +228,7 @@ SWallPlan CNewProjectDialog::plan() const
     plan.columns = m_columns->value();
     plan.rows = m_rows->value();
     plan.ports = m_ports->value();
+    plan.redundancy = m_redundancy->isChecked();
     plan.pattern = m_pattern->currentIndex();
     plan.type = type.key;
     plan.rects = type.receivers;
@@ -179,7 +243,9 @@ void CNewProjectDialog::accept()
         m_summary->setText(layout.error());
         return;
     }
-    const SProcessorKind *kind = m_kinds.withPorts(wall.ports);
+    if (!mayExceed(wall, layout.value()))
+        return;
+    const SProcessorKind *kind = kindFor(wall);
     m_project = SProcessorProject::ofPlan(wall, layout.value());
     m_project.name = m_name->text().trimmed();
     m_project.kind = kind ? kind->id : QString();

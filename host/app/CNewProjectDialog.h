@@ -7,13 +7,16 @@
 #include "platform/widgets/CDialog.h"
 
 class CProcessorKinds;
+class QCheckBox;
 class QComboBox;
 class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QSpinBox;
+struct SProcessorKind;
 
-/// Asks for the dimensions of a wall of equal cabinets and makes a project of it. GUI thread.
+/// Asks for the dimensions of a wall of equal cabinets and makes a project of it. Tells the load that this
+/// gives, and asks before it makes a wall that cannot be driven. GUI thread.
 class CNewProjectDialog final : public CDialog
 {
     Q_OBJECT
@@ -34,6 +37,10 @@ private:
     void connectSignals();
     QSpinBox *addNumber(QFormLayout &form, const QString &label, const char *objectName, int minimum,
                         int maximum, int value);
+    const SProcessorKind *kindFor(const SWallPlan &wall) const;
+    QString problemOf(const SWallPlan &wall) const;
+    void showSummary(const SWallPlan &wall, const QString &problem);
+    bool mayExceed(const SWallPlan &wall, const CabinetLayout &layout);
     void onTypeChosen();
     void onSizeEdited();
     void updateSummary();
@@ -47,6 +54,7 @@ private:
     QSpinBox *m_columns = nullptr;
     QSpinBox *m_rows = nullptr;
     QSpinBox *m_ports = nullptr;
+    QCheckBox *m_redundancy = nullptr;
     QComboBox *m_pattern = nullptr;
     QLabel *m_summary = nullptr;
     SProcessorProject m_project;

@@ -4,6 +4,7 @@
 
 #include "host/projects/COverlapSweep.h"
 #include "layout/api/records/LayoutLimits.h"
+#include "layout/api/records/LoadSum.h"
 
 #include <algorithm>
 
@@ -37,7 +38,8 @@ private:
     QVector<SLayoutFinding> &m_findings;
 };
 
-void checkLoad(const Port &port, int cabinetCount, const SLayoutLimits &limits, CPortFindings &findings)
+/// Returns how many pixels the processor is charged for the port.
+qint64 checkLoad(const Port &port, int cabinetCount, const SLayoutLimits &limits, CPortFindings &findings)
 {
     if (limits.portCount > 0 && port.index >= limits.portCount && cabinetCount > 0)
         findings.add(SLayoutFinding::PortBeyondCount,
@@ -46,10 +48,13 @@ void checkLoad(const Port &port, int cabinetCount, const SLayoutLimits &limits, 
         findings.add(SLayoutFinding::TooManyCabinets, CLayoutCheck::tr("%1 cabinets, the most is %2.")
                                                           .arg(cabinetCount)
                                                           .arg(LayoutLimits::CabinetsPerPort));
-    const int load = limits.portLoad ? limits.portLoad(port) : 0;
-    if (load > 100)
+    const SPortLoad load = limits.portLoad ? limits.portLoad(port) : SPortLoad();
+    if (load.percent > 100)
         findings.add(SLayoutFinding::PortOverCapacity,
-                     CLayoutCheck::tr("overloaded, %1 % of what the port can carry.").arg(load));
+                     CLayoutCheck::tr("overloaded, %1 % of what the port can carry. %2.")
+                         .arg(load.percent)
+                         .arg(LoadSum::sentences(load).join(QStringLiteral(". "))));
+    return port.redundancy == Port::Redundant ? 0 : load.pixels;
 }
 
 void checkPlacement(const QVector<Cabinet> &cabinets, const QRect &canvas, CPortFindings &findings)
@@ -152,11 +157,8 @@ void checkOverlaps(const QVector<Cabinet> &cabinets, QVector<SLayoutFinding> &fi
     }
 }
 
-void checkProcessorLoad(const QVector<Cabinet> &cabinets, qint64 limit, QVector<SLayoutFinding> &findings)
+void checkProcessorLoad(qint64 pixels, qint64 limit, QVector<SLayoutFinding> &findings)
 {
-    qint64 pixels = 0;
-    for (const Cabinet &cabinet : cabinets)
-        pixels += qint64(cabinet.rect.width()) * cabinet.rect.height();
     if (limit > 0 && pixels > limit)
         findings.append(
             {SLayoutFinding::ProcessorOverCapacity,
@@ -172,10 +174,11 @@ QVector<SLayoutFinding> CLayoutCheck::findings(const LayoutData &data, const SLa
     QVector<SLayoutFinding> found;
     QVector<Cabinet> all;
     all.reserve(data.layout.cabinetCount());
+    qint64 pixels = 0;
     for (const Port &port : data.layout.ports) {
         QVector<Cabinet> cabinets = port.getAllCabinets();
         CPortFindings findings(port.index, found);
-        checkLoad(port, cabinets.size(), limits, findings);
+        pixels += checkLoad(port, cabinets.size(), limits, findings);
         checkPlacement(cabinets, QRect({0, 0}, data.canvas), findings);
         checkReceivers(cabinets, findings);
         checkChain(cabinets, findings);
@@ -183,7 +186,7 @@ QVector<SLayoutFinding> CLayoutCheck::findings(const LayoutData &data, const SLa
             cabinet.port = port.index;
         all += cabinets;
     }
-    checkProcessorLoad(all, limits.processorPixels, found);
+    checkProcessorLoad(pixels, limits.processorPixels, found);
     checkOverlaps(all, found);
     std::stable_sort(found.begin(), found.end(), [](const SLayoutFinding &a, const SLayoutFinding &b) {
         return a.port != b.port ? a.port < b.port : a.kind < b.kind;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "layout/api/records/LayoutData.h"
+#include "layout/api/records/SPortLoad.h"
 
 #include <QCoreApplication>
 #include <QString>
@@ -37,9 +38,10 @@ struct SLayoutFinding
 /// What a layout is checked against; defaults are not checked.
 struct SLayoutLimits
 {
-    std::function<int(const CabinetLayout::CabinetPort &)> portLoad; ///< percent of the port's capacity
-    qint64 processorPixels = 0; ///< largest number of pixels that the processor can drive; 0: no limit
-    int portCount = 0;          ///< output ports in use; 0: any
+    std::function<SPortLoad(const CabinetLayout::CabinetPort &)> portLoad; ///< of a port for itself
+    qint64 processorPixels =
+        0;             ///< largest number of pixels that the processor can drive, by portLoad; 0: no limit
+    int portCount = 0; ///< output ports in use; 0: any
 };
 
 /// Lists the faults in a layout: loads, wiring, placement. Any thread.

@@ -62,7 +62,7 @@ SProcessorProject SProcessorProject::ofPlan(const SWallPlan &plan, const Cabinet
 {
     SProcessorProject project;
     project.name = plan.name;
-    project.portCount = plan.ports;
+    project.portCount = plan.portCount();
     project.canvas = plan.canvas();
     project.layout = layout;
     project.background.processor = layout.processor;

@@ -3,6 +3,7 @@
 #include "host/projects/CWallBuilder.h"
 
 #include "layout/api/records/LayoutLimits.h"
+#include "layout/api/records/PortPairs.h"
 #include "layout/geometry/CSnakeOrder.h"
 
 #include <algorithm>
@@ -139,6 +140,21 @@ Port wiredPort(int index, const QVector<int> &chain, const QVector<Cabinet> &cab
     return port;
 }
 
+/// Pairs each port with a new one behind the others.
+void addRedundancies(CabinetLayout &layout)
+{
+    const int primaries = layout.ports.size();
+    for (int i = 0; i < primaries; ++i) {
+        Port &primary = layout.ports[i];
+        Port redundancy;
+        redundancy.index = primaries + i;
+        redundancy.mirrored = PortPairs::mirrorOf(primary);
+        PortPairs::setPair(primary, layout.processor, Port::Primary, {layout.processor, redundancy.index});
+        PortPairs::setPair(redundancy, layout.processor, Port::Redundant, {layout.processor, primary.index});
+        layout.ports.append(redundancy);
+    }
+}
+
 /// Why this grid of cabinets is impossible; empty if it is possible.
 QString gridProblem(const SWallPlan &plan)
 {
@@ -171,10 +187,10 @@ QString gridProblem(const SWallPlan &plan)
 QString sharingProblem(const SWallPlan &plan)
 {
     using B = CWallBuilder;
-    if (plan.ports < 1 || plan.ports > B::MaximumPorts)
+    if (plan.ports < 1 || plan.portCount() > B::MaximumPorts)
         return B::tr("A processor has between 1 and %1 output ports, not %2.")
             .arg(B::MaximumPorts)
-            .arg(plan.ports);
+            .arg(plan.portCount());
     if (plan.pattern < 0 || plan.pattern >= CSnakeOrder::PatternCount)
         return B::tr("There are the patterns 0 to %1, not %2.")
             .arg(CSnakeOrder::PatternCount - 1)
@@ -224,8 +240,10 @@ CResult<CabinetLayout> CWallBuilder::build(const SWallPlan &plan)
     const QVector<QVector<int>> chains = chainsOf(plan, cabinets);
     CabinetLayout layout;
     layout.processor = QUuid::createUuidV5(wallNamespace, plan.name);
-    layout.ports.reserve(plan.ports);
+    layout.ports.reserve(plan.portCount());
     for (int port = 0; port < plan.ports; ++port)
         layout.ports.append(wiredPort(port, chains.at(port), cabinets));
+    if (plan.redundancy)
+        addRedundancies(layout);
     return layout;
 }

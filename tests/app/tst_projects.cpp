@@ -4,6 +4,7 @@
 #include "host/app/CProjectCommands.h"
 #include "host/app/start/CAppSettings.h"
 #include "host/devices/CDeviceManager.h"
+#include "host/devices/CPortPairs.h"
 #include "host/devices/simulated/CProcessorKinds.h"
 #include "host/projects/SFileStamp.h"
 #include "layout/resources/LayoutResources.h"
@@ -11,7 +12,9 @@
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
 
+#include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTemporaryDir>
@@ -237,6 +240,53 @@ private Q_SLOTS:
         const auto added = bench.manager.projects().add(project);
         QVERIFY(added);
         QVERIFY(bench.manager.table().isModified(added.value())); // nobody has saved it
+    }
+
+    void aNewWallMayHaveARedundancyForEachPort()
+    {
+        CNewProjectDialog dialog(CProcessorKinds::builtIn(), nullptr);
+        numberIn(dialog, "Columns")->setValue(24);
+        numberIn(dialog, "Rows")->setValue(10);
+        dialog.findChild<QCheckBox *>(QStringLiteral("Redundancy"))->setChecked(true);
+        const auto *summary = dialog.findChild<QLabel *>(QStringLiteral("Summary"));
+        numberIn(dialog, "Ports")->setValue(4); // the smallest processor with eight ports cannot pair them
+        QVERIFY2(summary->text().contains(QStringLiteral("processor: C10,")), qPrintable(summary->text()));
+        numberIn(dialog, "Ports")->setValue(15);
+        dialog.accept();
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+        SBench bench;
+        const QUuid added = bench.manager.projects().add(dialog.project()).value();
+        const SDevice device = *bench.manager.table().device(added);
+        QVERIFY(device.kind.portRedundancy);
+        QCOMPARE(device.settings.portCount, 30);
+        bench.manager.services().select({added}, PrcTreeNodeType::Processor);
+        const QList<SPortPair> pairs = CPortPairs(bench.manager.services()).pairs();
+        QCOMPARE(pairs.size(), 15); // unbroken ones
+        for (const SPortPair &pair : pairs) {
+            QCOMPARE(pair.second.port, pair.first.port + 15);
+            const CabinetLayout &layout = device.working.layout();
+            QVERIFY(PortPairs::cabinetsMatch(*layout.port(pair.second.port), *layout.port(pair.first.port)));
+        }
+    }
+
+    void aWallThatCannotBeDrivenIsMadeOnlyIfTheUserAgrees()
+    {
+        CNewProjectDialog dialog(CProcessorKinds::builtIn(), nullptr);
+        const auto *summary = dialog.findChild<QLabel *>(QStringLiteral("Summary"));
+        numberIn(dialog, "Columns")->setValue(17); // one port carries 17.8 cabinets
+        numberIn(dialog, "Rows")->setValue(1);
+        numberIn(dialog, "Ports")->setValue(1);
+        QVERIFY2(summary->text().endsWith(QStringLiteral("load of a port: 95%")),
+                 qPrintable(summary->text()));
+        numberIn(dialog, "Columns")->setValue(18);
+        QVERIFY(summary->text().contains(QStringLiteral("101%\n663,552 pixels × 60 Hz × 24 bits")));
+        const CMessageBoxAnswerer user({QStringLiteral("No"), QStringLiteral("Yes")});
+        dialog.accept();
+        QCOMPARE(dialog.result(), int(QDialog::Rejected));
+        QVERIFY(user.boxes().first().details.startsWith(QStringLiteral("Port 1: 101%")));
+        dialog.accept();
+        QCOMPARE(dialog.result(), int(QDialog::Accepted));
+        QCOMPARE(user.boxes().size(), 2);
     }
 
     void impossibleWallsCannotBeConfirmed()

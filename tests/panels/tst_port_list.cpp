@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/api/records/LoadSum.h"
 #include "layout/panels/ports/COverloadLine.h"
 #include "layout/panels/ports/CPortList.h"
 #include "layout/panels/ports/IPortCommands.h"
-#include "layout/panels/ports/LoadText.h"
 #include "layout/settings/CCabinetFillSetting.h"
 #include "platform/widgets/CFlowListView.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
@@ -239,6 +239,32 @@ private Q_SLOTS:
         QVERIFY(world.list.button(2));
     }
 
+    void buttonsFillTheRowsAndAreOneStopOfTheTabKey()
+    {
+        SListWorld world;
+        world.list.resize(340, 180);
+        world.open(7);
+        world.list.show();
+        const auto stops = [&world] {
+            int count = 0;
+            for (int i = 0; i < 7; ++i)
+                count += world.port(i).focusPolicy() & Qt::TabFocus ? 1 : 0;
+            return count;
+        };
+        for (const auto &[width, perRow] : {std::pair(340, 3), {412, 4}, {411, 3}, {900, 8}}) {
+            world.list.resize(width, 600);
+            for (int i = 0; i < 7; ++i) {
+                const QPoint place = world.port(i).pos() - world.port(0).pos();
+                QCOMPARE(place, QPoint(i % perRow * 98, i / perRow * 68));
+            }
+        }
+        QCOMPARE(stops(), 1);
+        world.port(4).setFocus(Qt::MouseFocusReason);
+        QCOMPARE(stops(), 1);
+        world.open(3); // the one with the stop is gone
+        QVERIFY(world.port(0).focusPolicy() & Qt::TabFocus);
+    }
+
     void aNoteFollowsAnEditOfThePrimaryOnce()
     {
         SListWorld world;
@@ -295,11 +321,13 @@ private Q_SLOTS:
         load.capacity = 659722;
         load.totalPixels = 9000001;
         load.pixelLimit = 9000000;
-        QCOMPARE(LoadText::sum(load),
-                 QStringLiteral("655,360 pixels × 60 Hz × 24 bits ÷ 950,000,000 bits a second\n"
-                                "The port's rate determines the load: it carries 659,722 pixels"));
+        QCOMPARE(
+            LoadSum::sentences(load),
+            (QStringList{QStringLiteral("655,360 pixels × 60 Hz × 24 bits ÷ 950,000,000 bits a second"),
+                         QStringLiteral("The port's rate determines the load: it carries 659,722 pixels")}));
         load.limit = SPortLoad::ProcessorPixels;
-        QVERIFY(LoadText::sum(load).endsWith(QStringLiteral("all ports have 9,000,001 of 9,000,000 pixels")));
+        QVERIFY(LoadSum::sentences(load).last().endsWith(
+            QStringLiteral("all ports have 9,000,001 of 9,000,000 pixels")));
     }
 };
 

@@ -194,6 +194,26 @@ private Q_SLOTS:
         }
     }
 
+    void savingAnOverloadedMappingAsksFirst()
+    {
+        for (const auto &[role, answer, processors] :
+             {std::tuple(ReadSaveMappingRole::Current, "Yes", 1), {ReadSaveMappingRole::All, "No", 2}}) {
+            SEditedWorld world;
+            world.answers()->loads[1] = 101;
+            const bool saves = qstrcmp(answer, "Yes") == 0;
+            CMessageBoxAnswerer user(saves ? QStringList{QLatin1String(answer), QStringLiteral("OK")}
+                                           : QStringList(QLatin1String(answer)));
+            QVector<bool> ends;
+            world.mapping.saveMapping(role, [&ends](bool done) { ends << done; });
+            QCOMPARE(ends, QVector<bool>{saves});
+            const CMessageBoxAnswerer::SBox asked = user.boxes().first();
+            QCOMPARE(asked.defaultButton, QStringLiteral("No"));
+            QVERIFY(asked.details.startsWith(QStringLiteral("A(127.0.0.1): 1 output port is overloaded: 2")));
+            QCOMPARE(asked.details.split(QLatin1Char('\n')).size(), processors);
+            QCOMPARE(world.answers()->count(QStringLiteral("saveMapping")), saves ? 1 : 0);
+        }
+    }
+
     void anEndThatComesTooLateIsIgnored()
     {
         SEditedWorld world;

@@ -235,8 +235,10 @@ private Q_SLOTS:
         QVERIFY(CProcessorProject::write(path("wrong.sprj"), project));
         const SRun run = runHere({QStringLiteral("check"), path("wrong.sprj")});
         QCOMPARE(run.status, 1);
-        for (const char *text : {"Port 1: overloaded", "Port 1: the cabinet at (-2000, 0) lies outside",
-                                 "Port 2: the cabinet at (128, 0) is not wired"})
+        for (const char *text :
+             {"950,000,000 bits a second. The port's rate determines the load: it carries 659,722 pixels.",
+              "Port 1: overloaded", "Port 1: the cabinet at (-2000, 0) lies outside",
+              "Port 2: the cabinet at (128, 0) is not wired"})
             QVERIFY2(run.out.contains(QLatin1String(text)), qPrintable(run.out));
         QVERIFY2(run.errors.contains(path("wrong.sprj")), qPrintable(run.errors));
     }

@@ -111,11 +111,17 @@ private Q_SLOTS:
     {
         LayoutData data = soundWall();
         SLayoutLimits limits;
-        limits.portLoad = [](const Port &) { return 100; };
+        SPortLoad load;
+        load.pixels = 300 * 200;
+        load.percent = 100;
+        limits.portLoad = [&load](const Port &) { return load; };
         limits.portCount = 2;
         limits.processorPixels = 600 * 200;
         QVERIFY(tells(CLayoutCheck::findings(data, limits), {}));
-        limits.portLoad = [](const Port &port) { return port.index == 0 ? 101 : 100; };
+        limits.portLoad = [&load](const Port &port) {
+            load.percent = port.index == 0 ? 101 : 100;
+            return load;
+        };
         limits.portCount = 1;
         --limits.processorPixels;
         QVERIFY(tells(CLayoutCheck::findings(data, limits),

@@ -25,11 +25,10 @@ SLayoutLimits limitsOf(const SProcessorProject &project)
     if (!kind)
         return limits;
     limits.processorPixels = kind->pixelLimit;
-    const QMap<int, SPortLoad> loads = CPortCapacity::loads(
-        *kind, {project.frameRate, project.colorDepth, false}, project.layout, project.portCount);
-    limits.portLoad = [loads](const CabinetLayout::CabinetPort &port) {
-        const SPortLoad load = loads.value(port.index); // without what the processor adds to it
-        return CPortCapacity::percent(load.pixels, load.capacity);
+    const CPortCapacity::SSignal signal{project.frameRate, project.colorDepth, false};
+    limits.portLoad = [kind, signal](const CabinetLayout::CabinetPort &port) {
+        const qint64 used = CPortCapacity::charged(kind->generation, CPortCapacity::carried(port));
+        return CPortCapacity::load(*kind, signal, used, 0); // without what the processor adds to it
     };
     return limits;
 }

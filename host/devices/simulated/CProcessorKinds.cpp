@@ -118,11 +118,12 @@ const SProcessorKind *CProcessorKinds::find(const QString &id) const
     return found == m_kinds.end() ? nullptr : &*found;
 }
 
-const SProcessorKind *CProcessorKinds::withPorts(int ports) const
+const SProcessorKind *CProcessorKinds::withPorts(int ports, bool portRedundancy) const
 {
     const SProcessorKind *best = nullptr;
     for (const SProcessorKind &kind : m_kinds) {
-        if (kind.ports >= ports && (!best || kind.ports < best->ports))
+        if (kind.ports >= ports && (kind.portRedundancy || !portRedundancy) &&
+            (!best || kind.ports < best->ports))
             best = &kind;
     }
     return best;

@@ -21,8 +21,8 @@ public:
     const QVector<SProcessorKind> &all() const { return m_kinds; }
     /// The kind with that id, or null. Valid as long as this object.
     const SProcessorKind *find(const QString &id) const;
-    /// The kind with the fewest ports that has at least @p ports, or null.
-    const SProcessorKind *withPorts(int ports) const;
+    /// The kind with the fewest ports that has at least @p ports and, if asked for, can pair them; or null.
+    const SProcessorKind *withPorts(int ports, bool portRedundancy = false) const;
 
 private:
     QVector<SProcessorKind> m_kinds;

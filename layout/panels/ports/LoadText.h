@@ -2,17 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/api/records/SPortLoad.h"
-
 #include <QString>
 
 class CLayoutData;
 
-/// The load of output ports in words: which figures it follows from, and which limit determines it.
+/// Loads in words.
 namespace LoadText {
-
-/// Tells the sum behind @p load.
-QString sum(const SPortLoad &load);
 
 /// Tells what a processor's load @p percent is: the mean of its ports.
 QString ofProcessor(int percent, int ports);
