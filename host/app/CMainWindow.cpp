@@ -10,6 +10,7 @@
 #include "host/app/CProjectCommands.h"
 #include "host/app/CSimulationMenu.h"
 #include "host/app/CTypeLibraryDialog.h"
+#include "host/app/CWindowColumns.h"
 #include "host/app/CWindowMenus.h"
 #include "host/app/CWorkModeMenu.h"
 #include "host/app/screen/CScreenWindow.h"
@@ -33,7 +34,6 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QScreen>
-#include <QSplitter>
 #include <QStatusBar>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -91,15 +91,9 @@ void CMainWindow::buildUi()
     m_actions = SMainActions::create(*this, *m_workMode, *m_simulation);
     m_menus = new CWindowMenus(m_actions, *m_module, m_settings, m_manager.table(), this);
 
-    m_splitter = new QSplitter;
-    m_splitter->setChildrenCollapsible(false);
     m_devices = new CDevicePanel(m_manager.services(), m_manager.treeModel(), *m_actions.detect);
-    m_devices->setMinimumWidth(160);
-    m_splitter->addWidget(m_devices);
-    m_splitter->addWidget(m_module->frame());
-    m_splitter->addWidget(m_module->rightBar());
-    m_splitter->setStretchFactor(1, 1);
-    setCentralWidget(m_splitter);
+    m_columns = new CWindowColumns(*m_devices, *m_module);
+    setCentralWidget(m_columns);
     m_devices->setFocus();
 }
 
@@ -176,7 +170,7 @@ void CMainWindow::connectDevices()
 void CMainWindow::loadModule(const QString &file)
 {
     m_module->load(file);
-    m_module->setCollapsed(m_settings.isRightBarCollapsed());
+    m_columns->foldPanel(m_settings);
     m_devices->announceSelection(); // updates the actions, too
 }
 
@@ -268,15 +262,13 @@ void CMainWindow::restoreState()
 {
     resize(QSize(1440, 860).boundedTo(screen()->availableSize() * 0.95));
     restoreGeometry(m_settings.windowGeometry());
-    if (!m_splitter->restoreState(m_settings.splitterState()))
-        m_splitter->setSizes({220, 860, 360});
+    m_columns->restore(m_settings);
 }
 
 void CMainWindow::saveState()
 {
     m_settings.setWindowGeometry(saveGeometry());
-    m_settings.setSplitterState(m_splitter->saveState());
-    m_settings.setRightBarCollapsed(m_module->isCollapsed());
+    m_columns->save(m_settings);
 }
 
 void CMainWindow::onJobStarted(CDeviceJob *job)

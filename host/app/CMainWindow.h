@@ -18,9 +18,9 @@ class CModuleHost;
 class CProjectCommands;
 class CScreenWindow;
 class CSimulationMenu;
+class CWindowColumns;
 class CWindowMenus;
 class CWorkModeMenu;
-class QSplitter;
 struct SAppOptions;
 
 /// The application's window: devices on the left, the Layout module in the middle, its side panel on the
@@ -79,7 +79,7 @@ private:
     SMainActions m_actions;
     CWindowMenus *m_menus = nullptr;
     CDevicePanel *m_devices = nullptr;
-    QSplitter *m_splitter = nullptr;
+    CWindowColumns *m_columns = nullptr;
     CElidedLabel *m_processor = nullptr; ///< in the status bar
     CJobProgress *m_progress = nullptr;
     bool m_shutDown = false;
