@@ -1,0 +1,282 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/app/CWindowUser.h"
+
+#include "host/app/CDevicePanel.h"
+#include "host/app/CModuleHost.h"
+#include "tests/harness/CTestBase.h"
+#include "tests/harness/DialogUser.h"
+
+#include <QAbstractButton>
+#include <QAbstractSpinBox>
+#include <QDir>
+#include <QMenuBar>
+#include <QToolButton>
+#include <QTreeView>
+
+namespace {
+
+constexpr double DeviceDelays = 0.1;
+constexpr int LookAgainMilliseconds = 20;
+
+bool waitFor(const std::function<bool()> &condition)
+{
+    return QTest::qWaitFor(condition, PatienceMilliseconds);
+}
+
+template <typename Widget, typename Matches>
+Widget *findVisible(const QWidget &below, const Matches &matches)
+{
+    for (Widget *widget : below.findChildren<Widget *>()) {
+        if (widget->isVisible() && matches(*widget))
+            return widget;
+    }
+    return nullptr;
+}
+
+QAction *actionNamed(const QList<QAction *> &actions, const QString &text)
+{
+    for (QAction *action : actions) {
+        if (withoutMnemonic(action->text()).section(QLatin1Char('\t'), 0, 0) == text)
+            return action;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+CWindowUser::CWindowUser(const QString &stateFolder)
+{
+    SDeviceSettings settings;
+    settings.stateFolder = stateFolder;
+    settings.delayScale = DeviceDelays;
+    m_window = std::make_unique<CMainWindow>(settings);
+    m_window->loadModule(QStringLiteral(ORVO_LAYOUT_MODULE));
+    m_window->resize(1600, 960);
+    m_window->show();
+    if (!QTest::qWaitForWindowExposed(m_window.get(), PatienceMilliseconds))
+        qWarning("the window does not come");
+}
+
+CWindowUser::~CWindowUser() = default;
+
+void CWindowUser::click(QWidget &widget, const QPoint &place, Qt::MouseButton button)
+{
+    ++m_clicks;
+    QTest::mouseClick(&widget, button, {}, place);
+    if (button == Qt::RightButton && !QApplication::activePopupWidget()) { // what X makes of it
+        QContextMenuEvent event(QContextMenuEvent::Mouse, place, widget.mapToGlobal(place));
+        QApplication::sendEvent(&widget, &event);
+    }
+}
+
+QAbstractButton *CWindowUser::visibleButton(const char *textOrTip) const
+{
+    const QString wanted = QLatin1String(textOrTip);
+    return findVisible<QAbstractButton>(*m_window, [&wanted](const QAbstractButton &button) {
+        return button.text() == wanted || button.toolTip() == wanted;
+    });
+}
+
+bool CWindowUser::clickButton(const char *textOrTip)
+{
+    QAbstractButton *button = nullptr;
+    if (!waitFor([&] { return (button = visibleButton(textOrTip)) && button->isEnabled(); }))
+        return false;
+    click(*button);
+    return true;
+}
+
+bool CWindowUser::choose(const QString &path)
+{
+    for (const QString &text : path.split(QLatin1Char('>'))) {
+        QMenu *menu = nullptr;
+        QAction *action = nullptr;
+        const auto isThere = [&] {
+            menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+            action = menu && menu->isVisible() ? actionNamed(menu->actions(), text) : nullptr;
+            return action && action->isEnabled();
+        };
+        if (!waitFor(isThere)) {
+            qWarning("no entry \"%s\"", qUtf8Printable(text));
+            return false;
+        }
+        click(*menu, menu->actionGeometry(action).center());
+    }
+    return true;
+}
+
+bool CWindowUser::chooseInMenuBar(const QString &path)
+{
+    QMenuBar &bar = *m_window->menuBar();
+    QAction *menu = actionNamed(bar.actions(), path.section(QLatin1Char('>'), 0, 0));
+    click(bar, bar.actionGeometry(menu).center());
+    return choose(path.section(QLatin1Char('>'), 1));
+}
+
+bool CWindowUser::chooseFrom(const std::function<bool()> &open, const QString &path)
+{
+    bool tried = false;
+    bool chosen = false;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+        if (!QApplication::activePopupWidget())
+            return;
+        timer.stop();
+        chosen = choose(path);
+        tried = true;
+    });
+    timer.start(LookAgainMilliseconds);
+    return open() && waitFor([&tried] { return tried; }) && chosen;
+}
+
+void CWindowUser::enter(QWidget &field, const QString &text)
+{
+    m_clicks += 2;
+    QTest::mouseDClick(&field, Qt::LeftButton, {}, QPoint(12, field.height() / 2));
+    QTest::keyClick(&field, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(&field, text);
+}
+
+QWidget *CWindowUser::field(const char *name) const
+{
+    return findVisible<QAbstractSpinBox>(*m_window, [name](const QAbstractSpinBox &box) {
+        return box.accessibleName() == QLatin1String(name);
+    });
+}
+
+bool CWindowUser::detect()
+{
+    return clickButton("Detect devices") && waitFor([this] { return !m_window->manager().jobs().current(); });
+}
+
+bool CWindowUser::clickInTree(const QString &name, Qt::MouseButton button)
+{
+    auto &tree = *m_window->findChild<QTreeView *>(QStringLiteral("DeviceTree"));
+    QModelIndex row;
+    if (!waitFor([&] {
+            row = tree.model()
+                      ->match(tree.model()->index(0, 0), Qt::DisplayRole, name, 1,
+                              Qt::MatchExactly | Qt::MatchRecursive)
+                      .value(0);
+            return row.isValid();
+        }))
+        return false;
+    tree.scrollTo(row);
+    click(*tree.viewport(), tree.visualRect(row).center(), button);
+    return true;
+}
+
+bool CWindowUser::openProcessor(const QString &name)
+{
+    return clickInTree(name) && waitFor([this, &name] {
+               const auto *save = qobject_cast<QToolButton *>(visibleButton("Save"));
+               const auto shown = m_window->manager().table().currentDevice();
+               return canvas() && portButton(1) && save && save->menu()->defaultAction()->isEnabled() &&
+                      shown && shown->node.name == name;
+           });
+}
+
+QWidget *CWindowUser::portButton(int number) const
+{
+    const QString name = QStringLiteral("Port %1,").arg(number);
+    return findVisible<QAbstractButton>(*m_window, [&name](const QAbstractButton &button) {
+        return button.inherits("CPort") && button.accessibleName().startsWith(name);
+    });
+}
+
+QString CWindowUser::portName(int number) const
+{
+    const QWidget *button = portButton(number);
+    return button ? button->accessibleName() : QString();
+}
+
+bool CWindowUser::clickPort(int number, PortArea area, Qt::MouseButton button)
+{
+    static const QPoint places[]{{20, 50}, {47, 50}, {74, 50}, {20, 14}};
+    if (!waitFor([&] { return portButton(number); }))
+        return false;
+    click(*portButton(number), places[int(area)], button);
+    return true;
+}
+
+QGraphicsView *CWindowUser::canvas() const
+{
+    return findVisible<QGraphicsView>(
+        *m_window, [](const QGraphicsView &view) { return view.inherits("CLayoutGraphicsView"); });
+}
+
+void CWindowUser::key(int key)
+{
+    canvas()->setFocus(Qt::MouseFocusReason); // as when the mouse enters it
+    QTest::keyClick(canvas(), Qt::Key(key));
+}
+
+void CWindowUser::drag(const QPointF &from, const QPointF &to)
+{
+    QWidget *viewport = canvas()->viewport();
+    const QPoint begin = canvas()->mapFromScene(from);
+    const QPoint end = canvas()->mapFromScene(to);
+    ++m_clicks;
+    QTest::mouseMove(viewport, begin);
+    QTest::mousePress(viewport, Qt::LeftButton, {}, begin);
+    QTest::mouseMove(viewport, (begin + end) / 2);
+    QTest::mouseMove(viewport, end);
+    QTest::mouseRelease(viewport, Qt::LeftButton, {}, end);
+}
+
+void CWindowUser::inDialog(const QString &title, const std::function<void(QDialog &)> &act)
+{
+    auto *timer = new QTimer(m_window.get());
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, title, act] {
+        auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        if (!dialog || !dialog->isVisible() || dialog->windowTitle() != title)
+            return;
+        timer->stop();
+        timer->deleteLater();
+        act(*dialog);
+    });
+    timer->start(LookAgainMilliseconds);
+}
+
+QStringList CWindowUser::answering(const QStringList &answers, const std::function<void()> &act)
+{
+    const CMessageBoxAnswerer boxes(answers);
+    act();
+    if (!waitFor([&] { return boxes.boxes().size() >= answers.size(); }))
+        qWarning("fewer questions than expected");
+    m_clicks += answers.size();
+    return boxes.texts();
+}
+
+QString CWindowUser::reportOf(const char *button)
+{
+    return answering({QStringLiteral("OK")}, [&] { clickButton(button); }).join(QLatin1Char('|'));
+}
+
+SDevice CWindowUser::device(const QString &name)
+{
+    m_window->manager().services().flush();
+    for (const SDevice &device : m_window->manager().table().devices()) {
+        if (device.node.name == name)
+            return device;
+    }
+    return {};
+}
+
+bool CWindowUser::closeWindow()
+{
+    const bool closed = m_window->close();
+    if (closed)
+        m_window.reset();
+    return closed;
+}
+
+void CWindowUser::keepPicture(const char *name, QWidget *widget)
+{
+    const QDir folder(QStringLiteral(ORVO_TEST_PICTURES));
+    folder.mkpath(QStringLiteral("."));
+    (widget ? widget : m_window.get())
+        ->grab()
+        .save(folder.filePath(QLatin1String(name) + QStringLiteral(".png")));
+}
