@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/printing/graphics/CJointSheets.h"
 #include "layout/printing/graphics/COverviewSheets.h"
 #include "layout/printing/graphics/CPortSheets.h"
 #include "layout/printing/graphics/CTileSheets.h"
@@ -192,6 +193,16 @@ void CPrintGraphicsTest::showsEachCabinetAndPortOnce()
         QCOMPARE(QSet<QString>(names.begin(), names.end()).size(), names.size());
         if (sheet.port < 0)
             QVERIFY(names.size() >= plan.processors.first().totals.ports);
+    }
+    if (plan.processors.size() > 1) {
+        const CWall first(plan, 0);
+        const CWall second(plan, 1);
+        const SSheet joint = CJointSheets::sheets({&first, &second}, SSheetArea::of(plan.config)).value(0);
+        QVERIFY2(faultOf(joint).isEmpty(), qPrintable(faultOf(joint)));
+        QStringList ports = textsOf(joint, EMark::Caption);
+        QCOMPARE(ports.size(), plan.totals.ports);
+        const int doubled = ports.removeDuplicates(); // each number is in both walls
+        QCOMPARE(doubled, ports.size());
     }
     QCOMPARE(overviews, plan.processors.size());
     QCOMPARE(sheets.size() - overviews, plan.totals.ports); // one a port is enough

@@ -21,9 +21,9 @@ constexpr double OutlineWidth = 0.9;
 constexpr double HopWidth = 0.8;
 constexpr double ThinHopWidth = 0.5;
 constexpr double CabinetWidth = 0.35;
-constexpr double ThickSide = 12; // of a cabinet with thick hops
-constexpr double LineRoom = 1.2; // that labels leave to a wire
-constexpr double Lane = 0.9;
+constexpr double ThickSide = 12;      // of a cabinet with thick hops
+constexpr double LineRoom = 1.2;      // that labels leave to a wire
+constexpr double Lane = 1.3;          // beside the thickest border
 constexpr double SmallestShare = 0.6; // of the largest number, for one that all cabinets follow
 constexpr double BeyondBorder = 0.77; // of an arrow head
 const QVector<qreal> JumpDashes{4, 1.2, 0.8, 1.2};

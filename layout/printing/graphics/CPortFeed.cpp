@@ -24,6 +24,7 @@ constexpr double BoxBorder = 0.7;
 constexpr double FeedWidth = 1.4;
 constexpr double LoopWidth = 0.9;
 constexpr double NearBorder = 1;
+constexpr double CableEdge = 0.4; // white beside a cable that follows borders
 constexpr double BoxDistance = 4; // between two boxes
 constexpr double BoxPortPoints = 10;
 const QVector<qreal> LoopDashes{3, 1.6};
@@ -94,7 +95,8 @@ CPortFeed::SCable CPortFeed::cable(bool loop, const QVector<QPointF> &crossed) c
     cable.border = QPointF(m_right ? cabinet.right() : cabinet.left(), centre.y());
     cable.level = centre.y();
     cable.line << centre;
-    if (isInTheWay(cabinet, cable.level)) { // along the borders of the others
+    cable.alongBorders = isInTheWay(cabinet, cable.level);
+    if (cable.alongBorders) { // of the others
         const QPointF first = loop ? lower : upper;
         const QPointF second = loop ? upper : lower;
         const bool sideways = !isFree(first) && !isFree(second);
@@ -174,11 +176,13 @@ void CPortFeed::drawCables(SSheet &sheet) const
 {
     const double length = arrowLength();
     for (const SCable &cable : m_cables) {
+        // On borders it would not be told from them.
+        const double edge = cable.alongBorders ? CableEdge : 0;
         if (cable.loop) {
-            DrawnMarks::polyline(sheet, cable.line, LoopWidth, LoopDashes);
+            DrawnMarks::polyline(sheet, cable.line, LoopWidth, LoopDashes, edge);
             DrawnMarks::arrow(sheet, cable.line.first(), QPointF(m_right ? 1 : -1, 0), {4.4, 2, true});
         } else {
-            DrawnMarks::polyline(sheet, cable.line, FeedWidth);
+            DrawnMarks::polyline(sheet, cable.line, FeedWidth, {}, edge);
             DrawnMarks::arrow(sheet, cable.border + cable.inwards * length * 1.3, cable.inwards,
                               {length, length * 0.44});
         }

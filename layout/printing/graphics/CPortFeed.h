@@ -40,6 +40,7 @@ private:
     struct SCable
     {
         bool loop = false;
+        bool alongBorders = false; ///< passes other cabinets
         QRectF box;
         double level = 0;  ///< at which it leaves towards the box
         QPolygonF line;    ///< from the box to the cabinet's centre

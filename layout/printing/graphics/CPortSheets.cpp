@@ -91,6 +91,8 @@ QString CPortSheets::summary(const SPlanPort &port, int part, int parts) const
         text += tr(", type %1").arg(m_wall.plan().types.at(type).letter);
     if (!port.unwired.isEmpty())
         text += tr(", %1 not wired").arg(port.unwired.size());
+    if (port.redundant)
+        text += tr(", redundancy port");
     text += tr(". Load %1 %.").arg(port.load);
     if (parts > 1)
         text += tr(" Part %1 of %2.").arg(part + 1).arg(parts);

@@ -158,16 +158,30 @@ QRectF CWall::bounds(const QVector<int> &cabinets) const
 
 QPointF CWall::middleOf(const QVector<int> &cabinets) const
 {
-    const QPointF middle = bounds(cabinets).center();
-    const auto distance = [&](int cabinet) {
-        const QRectF &rect = m_processor.cabinets.at(cabinet).millimetres;
-        return rect.contains(middle) ? -1.0 : QLineF(rect.center(), middle).length();
+    if (cabinets.isEmpty())
+        return {};
+    const auto rect = [&](int cabinet) -> const QRectF & {
+        return m_processor.cabinets.at(cabinet).millimetres;
     };
-    const auto nearest = std::min_element(cabinets.begin(), cabinets.end(),
-                                          [&](int a, int b) { return distance(a) < distance(b); });
-    if (nearest == cabinets.end() || distance(*nearest) < 0)
+    const QPointF middle = bounds(cabinets).center();
+    const double air = std::min(rect(cabinets.first()).width(), rect(cabinets.first()).height()) / 4;
+    const bool own = [&] {
+        for (const QPointF &around :
+             {QPointF(-air, -air), QPointF(air, -air), QPointF(-air, air), QPointF(air, air)}) {
+            if (std::none_of(cabinets.begin(), cabinets.end(),
+                             [&](int cabinet) { return rect(cabinet).contains(middle + around); }))
+                return false;
+        }
+        return true;
+    }();
+    if (own)
         return middle;
-    return m_processor.cabinets.at(*nearest).millimetres.center();
+    return rect(*std::min_element(cabinets.begin(), cabinets.end(),
+                                  [&](int a, int b) {
+                                      return QLineF(rect(a).center(), middle).length() <
+                                             QLineF(rect(b).center(), middle).length();
+                                  }))
+        .center();
 }
 
 QColor CWall::fill(const SPlanPort &port) const

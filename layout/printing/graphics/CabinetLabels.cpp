@@ -23,7 +23,7 @@ constexpr double TypePoints = 9;
 constexpr double TagPadding = 0.8; // millimetres
 constexpr double TagBorder = 0.5;
 constexpr double LabelGap = 0.5;
-constexpr double BesideBorder = 1.2; // of a wire that follows a border
+constexpr double BesideBorder = 1.7; // of a wire that follows a border
 constexpr double PixelLeft = 2.5;    // of the centre, beside an arrow head
 constexpr double LabelStep = 1.25;   // of a line's height
 

@@ -5,26 +5,10 @@
 #include "layout/drawing/CWirePainter.h"
 #include "layout/printing/sheets/CSheetFont.h"
 
-#include <QHash>
-
 namespace {
 
 constexpr double LetterRoom = 1.3; // of a capital's height: also what goes below the line
 constexpr double OpenBorder = 0.6;
-
-/// The width at one point. Drawings measure the same numbers and names again and again.
-double unitWidth(const QString &text, bool bold)
-{
-    constexpr int most = 20000;
-    static thread_local QHash<QString, double> known[2];
-    QHash<QString, double> &widths = known[bold ? 1 : 0];
-    const auto found = widths.constFind(text);
-    if (found != widths.constEnd())
-        return *found;
-    if (widths.size() >= most)
-        widths.clear();
-    return *widths.insert(text, CSheetFont::width(text, 1, bold));
-}
 
 } // namespace
 
@@ -95,7 +79,7 @@ void DrawnMarks::arrow(SSheet &sheet, const QPointF &tip, const QPointF &directi
 
 QRectF DrawnMarks::room(const QString &text, double points, bool bold)
 {
-    return QRectF(0, 0, unitWidth(text, bold) * points, CSheetFont::capHeight(points) * LetterRoom);
+    return QRectF(0, 0, CSheetFont::width(text, points, bold), CSheetFont::capHeight(points) * LetterRoom);
 }
 
 void DrawnMarks::text(SSheet &sheet, const QRectF &box, const QString &text, double points, bool bold,

@@ -3,6 +3,7 @@
 #include "layout/printing/lists/CSheetSet.h"
 
 #include "layout/printing/figures/LayoutVersion.h"
+#include "layout/printing/graphics/CJointSheets.h"
 #include "layout/printing/graphics/COverviewSheets.h"
 #include "layout/printing/graphics/CPortSheets.h"
 #include "layout/printing/lists/CCabinetList.h"
@@ -120,7 +121,8 @@ CStatus CSheetSet::addDrawings()
         return COverviewSheets(*m_walls.at(processor), areaOf(processor)).sheets(first, firstPort);
     };
     // The overviews tell where the ports' sheets begin, which come after all of them.
-    int next = this->next();
+    const QVector<SSheet> joint = this->joint();
+    int next = this->next() + joint.size();
     for (int i = 0; i < count; ++i) {
         const Sheets sheets = overview(i, 1, 1);
         if (!sheets)
@@ -137,12 +139,23 @@ CStatus CSheetSet::addDrawings()
         ports << sheets.value();
         next += ports.last().size();
     }
+    add(-1, joint, tr("All processors, %1").arg(viewsOf(m_plan.config)));
     for (int i = 0; i < count; ++i)
         add(i, overview(i, this->next(), firstPorts.value(i)).value(),
             tr("Overview, %1").arg(viewsOf(configOf(i))));
     for (int i = 0; i < ports.size(); ++i)
         add(i, ports.at(i), tr("Ports, %1").arg(viewsOf(configOf(i))));
     return CStatus::done();
+}
+
+QVector<SSheet> CSheetSet::joint() const
+{
+    if (m_walls.size() < 2 || !isWanted(Sheet::Overview))
+        return {};
+    QVector<const CWall *> walls;
+    for (const auto &wall : m_walls)
+        walls << wall.get();
+    return CJointSheets::sheets(walls, areaOf(-1));
 }
 
 const PrintConfig &CSheetSet::configOf(int processor) const

@@ -27,6 +27,8 @@ private:
     static QString problemOf(const SPrintPlan &plan);
     CStatus build();
     CStatus addDrawings();
+    /// The overview of several processors.
+    QVector<SSheet> joint() const;
     void add(int processor, const QVector<SSheet> &sheets, const QString &entry);
     void addFrames();
     QVector<SSheet> cover() const;

@@ -3,6 +3,7 @@
 #include "layout/printing/sheets/CSheetFont.h"
 
 #include <QFontMetricsF>
+#include <QHash>
 
 namespace {
 
@@ -38,8 +39,18 @@ bool CSheetFont::has(uint letter)
 
 double CSheetFont::width(const QString &text, double points, bool bold)
 {
-    const QFontMetricsF metrics(fontOf(MeasuredPixels, bold));
-    return metrics.horizontalAdvance(text) / MeasuredPixels * points * MillimetresPerPoint;
+    // Sheets measure the same words and numbers again and again.
+    constexpr int most = 20000;
+    static thread_local QHash<QString, double> known[2];
+    QHash<QString, double> &widths = known[bold ? 1 : 0];
+    auto found = widths.constFind(text);
+    if (found == widths.constEnd()) {
+        if (widths.size() >= most)
+            widths.clear();
+        const QFontMetricsF metrics(fontOf(MeasuredPixels, bold));
+        found = widths.insert(text, metrics.horizontalAdvance(text) / MeasuredPixels);
+    }
+    return *found * points * MillimetresPerPoint;
 }
 
 double CSheetFont::lineHeight(double points)
