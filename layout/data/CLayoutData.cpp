@@ -90,6 +90,15 @@ void CLayoutData::setProcessorRedundancies(const QList<QPair<QUuid, QUuid>> &pai
         Q_EMIT notifyProcessorBackupChanged();
 }
 
+QUuid CLayoutData::primaryOf(const QUuid &processor) const
+{
+    for (const auto &[primary, redundancy] : m_states.processorRedundancies()) {
+        if (redundancy == processor && !processor.isNull())
+            return primary;
+    }
+    return {};
+}
+
 void CLayoutData::setPortLocked(int port, bool locked)
 {
     const QVector<int> changed = m_states.setLocked(port, locked);

@@ -52,6 +52,8 @@ public:
     SLayoutOptions options() const { return m_states.options(); }
     /// The pairs (primary, redundancy) of processors.
     QList<QPair<QUuid, QUuid>> processorRedundancies() const { return m_states.processorRedundancies(); }
+    /// The processor whose redundancy @p processor is, so that it can be looked at only; null: none.
+    QUuid primaryOf(const QUuid &processor) const;
     /// The current processor's layout as it was last handed over or loaded.
     LayoutData layoutData() const { return m_states.data(m_states.current()); }
     QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const override { return m_states.typeLibrary(); }

@@ -6,6 +6,7 @@
 #include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/panels/IMappingCommands.h"
+#include "layout/panels/MappingRefusal.h"
 #include "platform/widgets/CElidedLabel.h"
 
 #include <QHBoxLayout>
@@ -13,8 +14,6 @@
 #include <QLabel>
 #include <QPointer>
 #include <QPushButton>
-
-#include <algorithm>
 
 namespace {
 
@@ -113,33 +112,32 @@ QPushButton *CBackupLabel::addSaveButton(const QString &text, ReadSaveMappingRol
 {
     auto *button = new QPushButton(text);
     button->setStyleSheet(QStringLiteral("padding-left: 4px; padding-right: 4px;")); // two beside each other
-    connect(button, &QPushButton::clicked, this, [this, role] {
-        const QPointer<QWidget> focused = window()->focusWidget();
-        m_busy = true;
-        updateEnabled();
-        const QPointer<QWidget> meanwhile = window()->focusWidget(); // a disabled button loses the focus
-        m_commands.saveMapping(role, [self = QPointer<CBackupLabel>(this), focused, meanwhile](bool done) {
-            if (!self)
-                return;
-            self->m_busy = false;
-            self->updateEnabled();
-            if (focused && self->window()->focusWidget() == meanwhile)
-                focused->setFocus();
-            if (done)
-                Q_EMIT self->notifySaveMappingSuccessed();
-        });
-    });
+    connect(button, &QPushButton::clicked, this, [this, role] { save(role); });
     return button;
+}
+
+void CBackupLabel::save(ReadSaveMappingRole role)
+{
+    m_focus.hold({m_saveCurrent, m_saveAll});
+    m_busy = true;
+    updateEnabled();
+    m_focus.noteMeanwhile();
+    m_commands.saveMapping(role, [self = QPointer<CBackupLabel>(this)](bool done) {
+        if (!self)
+            return;
+        self->m_busy = false;
+        self->updateEnabled();
+        self->m_focus.giveBack();
+        if (done)
+            Q_EMIT self->notifySaveMappingSuccessed();
+    });
 }
 
 void CBackupLabel::showProcessor()
 {
-    const auto pairs = m_store.processorRedundancies();
-    const auto own = std::find_if(pairs.begin(), pairs.end(), [this](const QPair<QUuid, QUuid> &pair) {
-        return pair.second == m_processor.uuid;
-    });
-    const bool standsIn = !m_processor.uuid.isNull() && own != pairs.end();
-    m_primary->setFullText(standsIn ? CHostAccess::call(&Host::getProcessorNode, own->first).displayText()
+    const QUuid primary = m_store.primaryOf(m_processor.uuid);
+    const bool standsIn = !primary.isNull();
+    m_primary->setFullText(standsIn ? CHostAccess::call(&Host::getProcessorNode, primary).displayText()
                                     : tr("None"));
     m_primary->setEnabled(standsIn); // otherwise in the dimmed colour of the theme
     updateEnabled();
@@ -206,14 +204,7 @@ QString CBackupLabel::primaryText(const Port &port) const
 
 void CBackupLabel::updateEnabled()
 {
-    QString refusal;
-    if (m_processor.uuid.isNull() || m_processor.fiberTransceiver)
-        refusal = tr("Please select a single processor that is online");
-    else if (m_processor.address == 0)
-        refusal = tr("A project has no processor to read from or save to; the File menu saves it");
-    else if (!m_processor.online)
-        refusal = tr("The processor is offline");
-    enable(*m_saveCurrent, refusal);
+    enable(*m_saveCurrent, MappingRefusal::of(m_processor));
     enable(*m_saveAll, m_commands.refusalForAll());
     m_ports->setEnabled(!m_blocked);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "layout/api/records/ReadSaveMappingRole.h"
+#include "layout/panels/CKeptFocus.h"
 #include "layout/panels/ISidePanelUnit.h"
 #include "platform/widgets/CUnitLabel.h"
 
@@ -37,6 +38,7 @@ public Q_SLOTS:
 private:
     void buildUi();
     QPushButton *addSaveButton(const QString &text, ReadSaveMappingRole role);
+    void save(ReadSaveMappingRole role);
     void showProcessor();
     void showPorts();
     void addPortRow(const CabinetLayout::CabinetPort &port);
@@ -53,6 +55,7 @@ private:
     QPushButton *m_saveCurrent = nullptr;
     QPushButton *m_saveAll = nullptr;
     QVector<CabinetLayout::CabinetPort> m_shown; ///< the redundancy ports of the rows, without cabinets
+    CKeptFocus m_focus;
     bool m_blocked = false;
     bool m_busy = false;
 };

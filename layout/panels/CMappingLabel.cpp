@@ -3,6 +3,7 @@
 #include "layout/panels/CMappingLabel.h"
 
 #include "layout/panels/IMappingCommands.h"
+#include "layout/panels/MappingRefusal.h"
 #include "platform/widgets/CMenuToolButton.h"
 #include "platform/widgets/CSeparator.h"
 
@@ -32,17 +33,14 @@ CMappingLabel::CMappingLabel(const SUnitServices &services)
 
 void CMappingLabel::setBusy(bool busy)
 {
-    QWidget *focused = window()->focusWidget();
     if (busy && !m_busy)
-        m_focusBefore = focused == m_read || focused == m_save ? focused : nullptr;
+        m_focus.hold({m_read, m_save});
     m_busy = busy;
     updateEnabled();
-    if (busy) {
-        m_focusMeanwhile = window()->focusWidget(); // a disabled button loses the focus
-    } else if (m_focusBefore && focused == m_focusMeanwhile) {
-        m_focusBefore->setFocus();
-        m_focusBefore = nullptr;
-    }
+    if (busy)
+        m_focus.noteMeanwhile();
+    else
+        m_focus.giveBack();
 }
 
 void CMappingLabel::setEditingBlocked(bool blocked)
@@ -53,12 +51,7 @@ void CMappingLabel::setEditingBlocked(bool blocked)
 
 void CMappingLabel::onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor)
 {
-    if (processor.uuid.isNull() || processor.fiberTransceiver)
-        m_refusal = tr("Please select a single processor that is online");
-    else if (processor.address == 0)
-        m_refusal = tr("A project has no processor to read from or save to; the File menu saves it");
-    else
-        m_refusal = processor.online ? QString() : tr("The processor is offline");
+    m_refusal = MappingRefusal::of(processor);
     updateEnabled();
 }
 

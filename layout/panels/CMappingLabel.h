@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/panels/CKeptFocus.h"
 #include "layout/panels/ISidePanelUnit.h"
 #include "platform/widgets/CUnitLabel.h"
 
@@ -51,8 +52,7 @@ private:
     QCheckBox *m_numberMapping = nullptr;
     QCheckBox *m_realtime = nullptr;
     QCheckBox *m_fromProcessor = nullptr;
-    QWidget *m_focusBefore = nullptr;    ///< the button that had the focus when the work began
-    QWidget *m_focusMeanwhile = nullptr; ///< the widget that had it afterwards; only compared
+    CKeptFocus m_focus;
     QString m_refusal; ///< why the processor in view can neither be read nor saved to; empty: it can
     bool m_busy = false;
     bool m_readBlocked = false;

@@ -91,7 +91,8 @@ void CLayout::stop()
 void CLayout::fillProcessorMenu(QMenu &menu, const QUuid &processor)
 {
     if (m_processorCommands) // gone once stopped
-        CProcessorMenu(menu, *m_processorCommands, processor, !m_editingBlocked && !followsAnother(processor),
+        CProcessorMenu(menu, *m_processorCommands, processor,
+                       !m_editingBlocked && m_store.primaryOf(processor).isNull(),
                        m_editorPage->selectedCabinets())
             .fill();
 }
@@ -123,18 +124,11 @@ void CLayout::setEditingBlocked(bool blocked)
     blockPanel();
 }
 
-/// Returns whether @p processor is the redundancy of another one, and can be looked at only.
-bool CLayout::followsAnother(const QUuid &processor) const
-{
-    const auto pairs = m_store.processorRedundancies();
-    return std::any_of(pairs.begin(), pairs.end(),
-                       [&processor](const QPair<QUuid, QUuid> &pair) { return pair.second == processor; });
-}
-
 void CLayout::blockPanel()
 {
     if (m_sidePanel)
-        m_sidePanel->setEditingBlocked(m_editingBlocked || followsAnother(m_editorPage->processor()));
+        m_sidePanel->setEditingBlocked(m_editingBlocked ||
+                                       !m_store.primaryOf(m_editorPage->processor()).isNull());
 }
 
 void CLayout::setScreenShown(bool shown)

@@ -73,7 +73,6 @@ private:
     void connectSignals();
     void setProcessor(const ProcessorTree::ProcessorNode &processor);
     void showSelection();
-    bool followsAnother(const QUuid &processor) const;
     void blockPanel();
     void showWarning(WarningState state);
 

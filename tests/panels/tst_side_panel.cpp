@@ -10,6 +10,7 @@
 #include "tests/panels/SUnitWorld.h"
 
 #include <QCheckBox>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QToolButton>
 
@@ -73,6 +74,15 @@ struct SPanelWorld final : SStoreWorld
         return nullptr;
     }
 };
+
+QPushButton *saveButton(const QWidget &panel, const char *text)
+{
+    for (QPushButton *button : panel.findChildren<QPushButton *>()) {
+        if (button->text() == QLatin1String(text))
+            return button;
+    }
+    return nullptr;
+}
 
 } // namespace
 
@@ -144,6 +154,33 @@ private Q_SLOTS:
         QVERIFY(world.field("Columns").isMixed());
         world.panel.onNotifySelectedCabinetInfos(cabinetsAt({{0, 0}, {100, 50}, {0, 50}}));
         QVERIFY(world.field("Rows").isMixed()); // the first row is not full
+    }
+
+    void pairsAreSavedWhereAProcessorAnswers()
+    {
+        SPanelWorld world;
+        auto *current = saveButton(world.panel, "Save current processor");
+        auto *all = saveButton(world.panel, "Save all processors");
+        current->setFocus();
+        current->click();
+        QCOMPARE(world.mapping.saves, QVector<ReadSaveMappingRole>{ReadSaveMappingRole::Current});
+        QVERIFY(!current->isEnabled() && !all->isEnabled()); // one at a time
+        world.mapping.end(true);
+        QVERIFY(current->isEnabled() && all->isEnabled());
+        QCOMPARE(world.panel.focusWidget(), current);
+        current->click();
+        world.field("X").setFocus(); // the user goes on
+        world.mapping.end(false);
+        QCOMPARE(world.panel.focusWidget(), &world.field("X"));
+
+        ProcessorTree::ProcessorNode node = world.host.answers()->nodes.first();
+        node.online = false;
+        world.panel.onCurrentProcessorStateChanged(node);
+        QVERIFY(!current->isEnabled());
+        QCOMPARE(current->toolTip(), QStringLiteral("The processor is offline"));
+        world.mapping.refusal = QStringLiteral("No processor is online");
+        world.panel.onCurrentProcessorStateChanged(node);
+        QCOMPARE(all->toolTip(), world.mapping.refusal);
     }
 
     void refusedEditsCannotBeAskedFor()
