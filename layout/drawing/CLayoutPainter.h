@@ -56,6 +56,8 @@ struct SCabinetColors
 class CLayoutPainter final
 {
 public:
+    static constexpr qreal MostLayers = 32; ///< of cabinets that are drawn above each other
+
     static void paintCabinet(QPainter &painter, const SCabinetLook &look, qreal scale);
     /// What paintCabinet() draws if isAfar() is true for the cabinet.
     static void paintCabinetFromAfar(QPainter &painter, const QRectF &rect, const SCabinetColors &colors,

@@ -3,6 +3,7 @@
 #include "layout/drawing/CLayoutPicture.h"
 
 #include "layout/drawing/CLayoutPainter.h"
+#include "layout/drawing/CPictureFaults.h"
 #include "layout/drawing/CPortColors.h"
 #include "layout/drawing/CPortLabel.h"
 #include "layout/drawing/CReceiverBorders.h"
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace {
 
@@ -61,7 +63,6 @@ SCabinetLook lookOf(const Cabinet &cabinet, const Port &port, const SLayoutDrawO
     SCabinetLook look;
     look.rect = CCabinetRect::fromRecord(cabinet.rect);
     look.redundant = options.labels && port.redundancy == Port::Redundant;
-    look.innerLines = CReceiverBorders::lines(cabinet.rects, cabinet.rect.size());
     look.fill = fillOf(port);
     if (options.numbers && cabinet.rank >= 0)
         look.number = QString::number(cabinet.rank + 1);
@@ -91,15 +92,48 @@ QRect paintGroupFrames(QPainter &painter, const Group &group, qreal scale)
     return rect;
 }
 
-void paintPort(QPainter &painter, const Port &port, const SLayoutDrawOptions &options, qreal scale)
+/// A port's cabinets, and the first of them that is drawn.
+struct SDrawnPort
 {
-    const QVector<Cabinet> cabinets = port.getAllCabinets();
-    for (const Cabinet &cabinet : cabinets)
-        CLayoutPainter::paintCabinet(painter, lookOf(cabinet, port, options), scale);
+    const Port &port;
+    QVector<Cabinet> cabinets;
+    int first = 0;
+};
+
+/// Of cabinets that lie in very many layers only the upper ones: the others would cost time, and are not
+/// seen.
+std::vector<SDrawnPort> drawnPorts(const QVector<Port> &ports, const QRect &extent)
+{
+    std::vector<SDrawnPort> drawn;
+    for (const Port &port : ports)
+        drawn.push_back({port, port.getAllCabinets()});
+    qreal area = CLayoutPainter::MostLayers * extent.width() * extent.height();
+    for (auto port = drawn.rbegin(); port != drawn.rend(); ++port) {
+        port->first = port->cabinets.size();
+        while (port->first > 0 && area > 0) {
+            const QSize size = port->cabinets.at(--port->first).rect.size();
+            area -= qreal(size.width()) * size.height();
+        }
+    }
+    return drawn;
+}
+
+void paintPort(QPainter &painter, const SDrawnPort &drawn, const SLayoutDrawOptions &options, qreal scale,
+               CPictureFaults &faults)
+{
+    for (int i = drawn.first; i < drawn.cabinets.size(); ++i) {
+        const Cabinet &cabinet = drawn.cabinets.at(i);
+        SCabinetLook look = lookOf(cabinet, drawn.port, options);
+        if (!CLayoutPainter::isAfar(look.rect.width(), scale))
+            look.innerLines = CReceiverBorders::lines(cabinet.rects, cabinet.rect.size());
+        if (options.labels)
+            faults.mark(look);
+        CLayoutPainter::paintCabinet(painter, look, scale);
+    }
     if (options.wires)
-        CWirePainter::paint(painter, wiresOf(cabinets), scale);
+        CWirePainter::paint(painter, wiresOf(drawn.cabinets), scale);
     if (options.groups) {
-        for (const Group &group : port.groups)
+        for (const Group &group : drawn.port.groups)
             paintGroupFrames(painter, group, scale);
     }
 }
@@ -161,8 +195,14 @@ void CLayoutPicture::paint(QPainter &painter, const LayoutData &data, const QRec
     painter.translate(-source.center());
     if (options.canvas && !data.canvas.isEmpty())
         CLayoutPainter::paintCanvas(painter, QRectF(QPointF(0, 0), QSizeF(data.canvas)));
-    for (const Port &port : data.layout.ports)
-        paintPort(painter, port, options, deviceScale);
+    const std::vector<SDrawnPort> drawn = drawnPorts(data.layout.ports, extent(data));
+    CPictureFaults faults(data.canvas);
+    for (const SDrawnPort &port : drawn) {
+        for (int i = port.first; options.labels && i < port.cabinets.size(); ++i)
+            faults.add(port.port, port.cabinets.at(i));
+    }
+    for (const SDrawnPort &port : drawn)
+        paintPort(painter, port, options, deviceScale, faults);
     if (options.labels) {
         for (const Port &port : data.layout.ports)
             CPortLabel::paint(painter, lookOf(port), deviceScale);

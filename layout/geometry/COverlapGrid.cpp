@@ -34,12 +34,12 @@ void COverlapGrid::move(int number, const QRect &rect)
 {
     visitCells(m_rects.at(number), [this, number](Cell cell) {
         m_cells[cell].remove(number);
-        m_touched.insert(cell);
+        touch(cell);
     });
     m_rects[number] = rect;
     visitCells(rect, [this, number](Cell cell) {
         m_cells[cell].insert(number);
-        m_touched.insert(cell);
+        touch(cell);
     });
 }
 
@@ -49,16 +49,25 @@ void COverlapGrid::remove(int number)
     m_free << number;
 }
 
-void COverlapGrid::takeTouched(QSet<int> &numbers)
+void COverlapGrid::touch(Cell cell)
 {
-    for (const Cell cell : qAsConst(m_touched)) {
-        const auto found = m_cells.find(cell);
-        if (found->isEmpty())
-            m_cells.erase(found);
-        else
-            numbers |= *found;
-    }
-    m_touched.clear();
+    if (m_isTouched.contains(cell))
+        return;
+    m_isTouched.insert(cell);
+    m_touched << cell;
+}
+
+QSet<int> COverlapGrid::takeTouched()
+{
+    if (m_touched.isEmpty())
+        return {};
+    const Cell cell = m_touched.takeLast();
+    m_isTouched.remove(cell);
+    const auto found = m_cells.find(cell);
+    const QSet<int> numbers = *found;
+    if (numbers.isEmpty())
+        m_cells.erase(found);
+    return numbers;
 }
 
 QVector<QRect> COverlapGrid::overlaps(int number, int most) const

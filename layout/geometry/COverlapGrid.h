@@ -12,6 +12,8 @@
 class COverlapGrid final
 {
 public:
+    static constexpr int MostMarked = 4; ///< overlaps that are marked in one cabinet
+
     /// Returns the number under which the rectangle is kept; numbers of removed ones are given again.
     int add(const QRect &rect);
     void move(int number, const QRect &rect);
@@ -19,8 +21,10 @@ public:
     void clear() { *this = COverlapGrid(); }
 
     const QRect &rect(int number) const { return m_rects.at(number); }
-    /// Moves to @p numbers the rectangles that may overlap others than when this was last called, each once.
-    void takeTouched(QSet<int> &numbers);
+    /// Whether there are rectangles that may overlap others than when they were last taken.
+    bool hasTouched() const { return !m_touched.isEmpty(); }
+    /// Takes some of them: those in one part of the plane.
+    QSet<int> takeTouched();
     /// What others share with a rectangle, of @p most of them at most.
     QVector<QRect> overlaps(int number, int most) const;
 
@@ -29,9 +33,11 @@ private:
 
     template <typename Visit>
     static void visitCells(const QRect &rect, Visit visit);
+    void touch(Cell cell);
 
     QVector<QRect> m_rects;
     QVector<int> m_free;
     QHash<Cell, QSet<int>> m_cells;
-    QSet<Cell> m_touched;
+    QVector<Cell> m_touched;
+    QSet<Cell> m_isTouched;
 };

@@ -5,6 +5,7 @@
 #include "layout/drawing/CPortColors.h"
 #include "layout/drawing/CReceiverBorders.h"
 #include "layout/drawing/CWirePainter.h"
+#include "layout/drawing/LayoutColors.h"
 #include "layout/resources/LayoutResources.h"
 #include "tests/harness/CTestBase.h"
 
@@ -12,6 +13,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QPen>
+#include <QPicture>
 
 namespace {
 
@@ -248,6 +250,59 @@ private Q_SLOTS:
             QVERIFY2(amber >= 6, qPrintable(QString::number(amber)));
             QVERIFY(picture != pictureOf(wired, options, scale));
         }
+    }
+
+    void overlapsAndWhatLiesOutsideAreMarkedAsOnTheCanvas()
+    {
+        SLayoutDrawOptions options;
+        options.wires = options.numbers = options.canvas = false;
+        LayoutData data = wall();
+        data.layout.ports[0].groups[0].cabinets[0].rank = 2;
+        const QImage plain = pictureOf(data, options);
+        LayoutData overlapping = data;
+        overlapping.layout.ports[0].groups[1].cabinets[1].rect.moveLeft(100);
+        const auto pixels = [](const QImage &image, const QRect &area, const QColor &color) {
+            int count = 0;
+            for (int x = area.left(); x <= area.right(); ++x) {
+                for (int y = area.top(); y <= area.bottom(); ++y)
+                    count += image.pixelColor(x, y) == color;
+            }
+            return count;
+        };
+        const QRect shared(100, 60, 100, 130);
+        QVERIFY(pixels(pictureOf(overlapping, options), shared, LayoutColors::Fault) > 500);
+        QCOMPARE(pixels(plain, shared, LayoutColors::Fault), 0);
+        data.canvas = QSize(600, 200);
+        const QRect beyond(600, 60, 100, 130);
+        QVERIFY(pixels(pictureOf(data, options), beyond, LayoutColors::Warning) > 500);
+        data.layout.ports[0].redundancy = Port::Redundant; // repeats others
+        QCOMPARE(pixels(pictureOf(data, options), beyond, LayoutColors::Warning), 0);
+    }
+
+    void ofVeryManyLayersTheUpperOnesAreDrawn()
+    {
+        LayoutData data;
+        data.canvas = QSize(100, 100);
+        data.layout.ports.resize(1);
+        data.layout.ports[0].groups.resize(1);
+        auto &cabinets = data.layout.ports[0].groups[0].cabinets;
+        cabinets.resize(1000);
+        for (int i = 0; i < cabinets.size(); ++i)
+            cabinets[i].rect = QRect(0, 0, i == 0 ? 2 : 100, 100);
+        QPicture commands; // what is drawn, not how long it takes
+        QPainter painter(&commands);
+        SLayoutDrawOptions options;
+        options.labels = false;
+        CLayoutPicture::paint(painter, data, QRectF(0, 0, 100, 100), options);
+        painter.end();
+        LayoutData few = data;
+        few.layout.ports[0].groups[0].cabinets.resize(40);
+        QPicture fewCommands;
+        painter.begin(&fewCommands);
+        CLayoutPicture::paint(painter, few, QRectF(0, 0, 100, 100), options);
+        painter.end();
+        QVERIFY(commands.size() <= fewCommands.size());
+        QCOMPARE(pictureOf(data, options), pictureOf(few, options));
     }
 
     void whatIsSelectedOrHighlightedStandsOut()

@@ -232,7 +232,8 @@ private Q_SLOTS:
                     grid.remove(number);
             }
             QSet<int> touched;
-            grid.takeTouched(touched);
+            while (grid.hasTouched())
+                touched |= grid.takeTouched();
             for (const int number : touched)
                 overlapping[number] = !grid.overlaps(number, 4).isEmpty();
             for (auto one = rects.begin(); one != rects.end(); ++one) {

@@ -5,6 +5,7 @@
 #include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/geometry/COutside.h"
 
 #include <QElapsedTimer>
 
@@ -15,7 +16,6 @@
 namespace {
 
 constexpr int TurnMilliseconds = 4;
-constexpr int MostOverlaps = 4; // that are marked in one cabinet
 
 } // namespace
 
@@ -38,10 +38,7 @@ void CLayoutFaults::notePorts(const QVector<int> &ports)
 
 void CLayoutFaults::noteAll()
 {
-    for (int number = 0; number < m_uuids.size(); ++number) {
-        if (!m_uuids.at(number).isNull())
-            m_touched.insert(number);
-    }
+    m_next = 0;
     QVector<int> ports;
     for (const CGraphicsPortItem *port : m_content.portItems())
         ports << port->port();
@@ -53,11 +50,20 @@ void CLayoutFaults::clear()
     m_known.clear();
     m_grid.clear();
     m_ports.clear();
+    m_moved.clear();
+    m_places.clear();
     m_touched.clear();
     m_uuids.clear();
+    m_next = 0;
     m_overlapping.clear();
     m_outside.clear();
     m_timer.start(); // to tell of it
+}
+
+bool CLayoutFaults::isDone() const
+{
+    return m_ports.isEmpty() && m_moved.isEmpty() && !m_grid.hasTouched() && m_next >= m_uuids.size() &&
+           m_touched.isEmpty();
 }
 
 void CLayoutFaults::finish()
@@ -69,19 +75,8 @@ void CLayoutFaults::work(int milliseconds)
 {
     QElapsedTimer time;
     time.start();
-    while (!isDone() && time.elapsed() < milliseconds) {
-        if (!m_ports.isEmpty()) {
-            const int port = *m_ports.begin();
-            m_ports.erase(m_ports.begin());
-            look(port);
-            if (m_ports.isEmpty())
-                m_grid.takeTouched(m_touched);
-        } else {
-            const int number = *m_touched.begin();
-            m_touched.erase(m_touched.begin());
-            judge(number);
-        }
-    }
+    while (!isDone() && time.elapsed() < milliseconds)
+        workOnce();
     if (!isDone())
         return;
     m_timer.stop();
@@ -91,6 +86,31 @@ void CLayoutFaults::work(int milliseconds)
     if (counts != m_told) {
         m_told = counts;
         m_changed();
+    }
+}
+
+/// The least that a turn does: one port, cabinet or part of the plane, however many lie above each other.
+void CLayoutFaults::workOnce()
+{
+    if (!m_ports.isEmpty()) {
+        const int port = *m_ports.begin();
+        m_ports.erase(m_ports.begin());
+        look(port);
+    } else if (!m_moved.isEmpty()) {
+        const int number = m_moved.take();
+        const QRect rect = m_places.take(number);
+        if (m_uuids.at(number).isNull())
+            m_grid.remove(number);
+        else
+            m_grid.move(number, rect);
+    } else if (m_grid.hasTouched()) {
+        const QSet<int> near = m_grid.takeTouched();
+        for (const int number : near)
+            m_touched.add(number);
+    } else if (m_next < m_uuids.size()) {
+        judge(m_next++);
+    } else {
+        judge(m_touched.take());
     }
 }
 
@@ -112,18 +132,27 @@ void CLayoutFaults::keep(SPort &known, const CGraphicsPortItem &port)
         known.unwired += cabinet->isInChain() ? 0 : 1;
         const auto found = known.cabinets.find(cabinet->uuid());
         if (found == known.cabinets.end()) {
-            const int number = m_grid.add(rect);
+            const int number = m_grid.add({}); // moved there in its turn
+            move(number, rect);
+            const bool allJudged = m_next >= m_uuids.size();
             m_uuids.resize(qMax(m_uuids.size(), number + 1));
+            m_next = allJudged ? m_uuids.size() : m_next; // this one once it is moved
             m_uuids[number] = cabinet->uuid();
             known.cabinets.insert(cabinet->uuid(), {number, m_turn});
             continue;
         }
         found->turn = m_turn;
-        if (m_grid.rect(found->number) != rect)
-            m_grid.move(found->number, rect);
+        if (m_places.value(found->number, m_grid.rect(found->number)) != rect)
+            move(found->number, rect);
         else if (m_overlapping.contains(found->number) || m_outside.contains(found->number))
-            m_touched.insert(found->number); // an item that was made anew has no marks
+            m_touched.add(found->number); // an item that was made anew has no marks
     }
+}
+
+void CLayoutFaults::move(int number, const QRect &rect)
+{
+    m_moved.add(number);
+    m_places.insert(number, rect);
 }
 
 void CLayoutFaults::dropUnseen(SPort &known)
@@ -133,7 +162,7 @@ void CLayoutFaults::dropUnseen(SPort &known)
             ++cabinet;
             continue;
         }
-        m_grid.remove(cabinet->number);
+        move(cabinet->number, {}); // removed in its turn
         m_uuids[cabinet->number] = QUuid();
         m_overlapping.remove(cabinet->number);
         m_outside.remove(cabinet->number);
@@ -150,9 +179,9 @@ void CLayoutFaults::judge(int number)
         return;
     const QRect rect = m_grid.rect(number);
     QVector<QRectF> overlaps;
-    for (const QRect &shared : m_grid.overlaps(number, MostOverlaps))
+    for (const QRect &shared : m_grid.overlaps(number, COverlapGrid::MostMarked))
         overlaps << QRectF(shared.translated(-rect.topLeft()));
-    const QVector<QRectF> outside = outsideOf(rect);
+    const QVector<QRectF> outside = COutside::parts(rect, m_content.canvas());
     const auto note = [number](QSet<int> &faulty, bool is) {
         if (is)
             faulty.insert(number);
@@ -162,27 +191,6 @@ void CLayoutFaults::judge(int number)
     note(m_overlapping, !overlaps.isEmpty());
     note(m_outside, !outside.isEmpty());
     static_cast<CGraphicsCabinetItem *>(item)->setFaults(overlaps, outside);
-}
-
-/// Up to four parts, relative to the rectangle.
-QVector<QRectF> CLayoutFaults::outsideOf(const QRect &rect) const
-{
-    const QRectF canvas(QPointF(), QSizeF(m_content.canvas()));
-    const QRectF all(rect);
-    if (canvas.isEmpty() || canvas.contains(all))
-        return {};
-    const QRectF inside = all & canvas;
-    if (inside.isEmpty())
-        return {QRectF(QPointF(), all.size())};
-    QVector<QRectF> parts = {QRectF(all.topLeft(), QPointF(all.right(), inside.top())),
-                             QRectF(QPointF(all.left(), inside.bottom()), all.bottomRight()),
-                             QRectF(QPointF(all.left(), inside.top()), inside.bottomLeft()),
-                             QRectF(inside.topRight(), QPointF(all.right(), inside.bottom()))};
-    parts.erase(std::remove_if(parts.begin(), parts.end(), [](const QRectF &part) { return part.isEmpty(); }),
-                parts.end());
-    for (QRectF &part : parts)
-        part.translate(-all.topLeft());
-    return parts;
 }
 
 int CLayoutFaults::count(CabinetFault fault) const

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "layout/drawing/CLayoutPainter.h"
+#include "layout/editor/content/CNumberQueue.h"
 #include "layout/geometry/COverlapGrid.h"
 
 #include <QSet>
@@ -48,19 +49,23 @@ private:
         int unwired = 0;
     };
 
-    bool isDone() const { return m_ports.isEmpty() && m_touched.isEmpty(); }
+    bool isDone() const;
     void work(int milliseconds);
+    void workOnce();
+    void move(int number, const QRect &rect);
     void look(int port);
     void keep(SPort &known, const CGraphicsPortItem &port);
     void dropUnseen(SPort &known);
     void judge(int number);
-    QVector<QRectF> outsideOf(const QRect &rect) const;
 
     const CSceneContent &m_content;
     std::function<void()> m_changed;
     QTimer m_timer;
-    QSet<int> m_ports;   // to look at
-    QSet<int> m_touched; // cabinets to judge
+    QSet<int> m_ports;          // to look at
+    CNumberQueue m_moved;       // cabinets to move in the grid, or to remove from it
+    QHash<int, QRect> m_places; // where to
+    CNumberQueue m_touched;     // cabinets to judge
+    int m_next = 0;             // of all cabinets, which are judged in turn up to the last one
     QHash<int, SPort> m_known;
     COverlapGrid m_grid;
     QVector<QUuid> m_uuids; // by number

@@ -17,7 +17,6 @@ namespace {
 
 constexpr int MostExposedRects = 16; // more cost more to compare with than what they leave out
 constexpr int MostDetailed = 10000;  // cabinets and wires that are drawn as items
-constexpr qreal MostLayers = 32;     // that are drawn above each other
 constexpr int NotShown = -1;         // no place of the port is exposed
 constexpr int PenReach = 2;          // pixels by which cosmetic pens reach beyond their shapes
 
@@ -52,7 +51,7 @@ CFarPorts::CFarPorts(const QVector<CGraphicsPortItem *> &ports, qreal scale, con
         m_nearCount = near.size();
     std::stable_sort(m_ports.begin(), m_ports.end(),
                      [](const auto *a, const auto *b) { return a->zValue() < b->zValue(); });
-    qreal area = MostLayers * areaOf(exposed);
+    qreal area = CLayoutPainter::MostLayers * areaOf(exposed);
     m_first.resize(m_ports.size());
     for (int i = m_ports.size() - 1; i >= 0; --i) {
         const CGraphicsPortItem &port = *m_ports.at(i);
@@ -63,7 +62,7 @@ CFarPorts::CFarPorts(const QVector<CGraphicsPortItem *> &ports, qreal scale, con
 bool CFarPorts::isCrowded(const QVector<CGraphicsPortItem *> &ports, const QVector<QRectF> &exposed)
 {
     int shown = 0;
-    const qreal most = MostLayers * areaOf(exposed);
+    const qreal most = CLayoutPainter::MostLayers * areaOf(exposed);
     qreal area = most;
     for (const CGraphicsPortItem *port : ports) {
         if (!isExposed(*port, exposed))
