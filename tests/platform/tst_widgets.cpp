@@ -267,6 +267,19 @@ private Q_SLOTS:
         QVERIFY(label.text() == label.fullText() && label.toolTip().isEmpty());
     }
 
+    void afterAQuestionTheWindowBelowIsActive()
+    {
+        QWidget window;
+        QWidget other;
+        window.show();
+        other.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window, PatienceMilliseconds));
+        const CMessageBoxAnswerer user({QStringLiteral("OK")});
+        CMessageBox::information(&window, QStringLiteral("Done"));
+        QTRY_COMPARE(QApplication::activeWindow(), &window);
+    }
+
     void theKeyboardAnswersMessageBoxes()
     {
         const QString text = QStringLiteral("Sure?");
