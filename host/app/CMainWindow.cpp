@@ -35,6 +35,7 @@
 #include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTimer>
 #include <QUrl>
 #include <QVBoxLayout>
 
@@ -283,9 +284,18 @@ void CMainWindow::onJobFinished(CDeviceJob *job, const SDeviceOutcome &outcome)
     if (outcome.result == SDeviceOutcome::Cancelled)
         statusBar()->showMessage(tr("%1: cancelled. %2").arg(job->title(), failures).trimmed(),
                                  MessageMilliseconds);
+    else if (outcome.result == SDeviceOutcome::Failed && job->kind() == CDeviceJob::Detect)
+        tellLater(tr("Not every processor could be detected."),
+                  outcome.text); // the others are told by who asked for them
     else if (outcome.result == SDeviceOutcome::Failed)
         statusBar()->showMessage(tr("%1: %2").arg(job->title(), failures), MessageMilliseconds);
     updateActions();
+}
+
+/// Once everybody has learnt what has ended.
+void CMainWindow::tellLater(const QString &text, const QString &details)
+{
+    QTimer::singleShot(0, this, [this, text, details] { CMessageBox::warning(this, text, details); });
 }
 
 void CMainWindow::onScreenClosed()
@@ -322,13 +332,12 @@ void CMainWindow::updateActions()
 {
     const QUuid selected = m_devices->singleProcessor();
     const bool project = m_manager.table().isProject(selected);
-    m_actions.saveProject->setEnabled(project); // also without edits: the module may have pending ones
-    m_actions.saveProjectAs->setEnabled(!selected.isNull());
-    m_actions.exportLayout->setEnabled(!selected.isNull());
-    m_actions.closeProject->setEnabled(project);
+    m_actions.setSelected(!selected.isNull(), project);
     m_actions.detect->setEnabled(!m_manager.jobs().current());
     m_actions.processor->setEnabled(m_module->layoutModule() && !selected.isNull());
-    m_actions.recentProjects->setEnabled(!m_settings.recentProjects().isEmpty());
+    const bool noRecent = m_settings.recentProjects().isEmpty();
+    SMainActions::allowUnless(*m_actions.recentProjects->menuAction(),
+                              noRecent ? tr("No project was opened or saved yet") : QString());
     m_workMode->setProcessor(selected);
     m_simulation->setProcessor(selected);
     m_menus->setProcessor(selected);

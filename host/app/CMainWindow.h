@@ -62,6 +62,7 @@ private:
     bool confirmStop(); ///< false: the user wants to wait for the running job
     void onJobStarted(CDeviceJob *job);
     void onJobFinished(CDeviceJob *job, const SDeviceOutcome &outcome);
+    void tellLater(const QString &text, const QString &details);
     void onScreenClosed();
     void cleanUpProjectFolders();
     void showAbout();

@@ -19,6 +19,7 @@ QAction *makeAction(QMainWindow &window, const QString &text, const QKeySequence
     auto *action = new QAction(text, &window);
     action->setShortcut(shortcut);
     action->setToolTip(tip);
+    action->setData(tip);
     return action;
 }
 
@@ -35,6 +36,22 @@ SMainActions SMainActions::create(QMainWindow &window, CWorkModeMenu &workMode, 
     window.menuBar()->addMenu(&simulation);
     actions.buildHelpMenu(window);
     return actions;
+}
+
+void SMainActions::setSelected(bool any, bool project) const
+{
+    const QString noProject = project ? QString() : tr("Select a project in the tree");
+    const QString nothing = any ? QString() : tr("Select a single processor or project in the tree");
+    allowUnless(*saveProject, noProject); // also without edits: the module may have pending ones
+    allowUnless(*closeProject, noProject);
+    allowUnless(*saveProjectAs, nothing);
+    allowUnless(*exportLayout, nothing);
+}
+
+void SMainActions::allowUnless(QAction &action, const QString &refusal)
+{
+    action.setEnabled(refusal.isEmpty());
+    action.setToolTip(refusal.isEmpty() ? action.data().toString() : refusal);
 }
 
 void SMainActions::createActions(QMainWindow &window)
@@ -69,6 +86,7 @@ void SMainActions::createActions(QMainWindow &window)
 void SMainActions::buildFileMenu(QMainWindow &window)
 {
     QMenu *menu = window.menuBar()->addMenu(tr("&File"));
+    menu->setToolTipsVisible(true);
     menu->addAction(newProject);
     menu->addAction(openProject);
     recentProjects = menu->addMenu(tr("&Recent projects"));

@@ -37,6 +37,11 @@ public:
     /// @p simulation between the device and help menus.
     static SMainActions create(QMainWindow &window, CWorkModeMenu &workMode, CSimulationMenu &simulation);
 
+    /// Enables what can be done to the processor that is selected, if @p any is, and is a @p project or not.
+    void setSelected(bool any, bool project) const;
+    /// Enables @p action if @p refusal is empty; otherwise its tool tip tells it.
+    static void allowUnless(QAction &action, const QString &refusal);
+
 private:
     void createActions(QMainWindow &window);
     void buildFileMenu(QMainWindow &window);

@@ -161,6 +161,8 @@ private Q_SLOTS:
     {
         QTRY_VERIFY(shows(QStringLiteral("No online processor found")));
         QVERIFY(!action("Close project")->isEnabled());
+        QCOMPARE(action("Close project")->toolTip(), QStringLiteral("Select a project in the tree"));
+        QVERIFY(action("File")->menu()->toolTipsVisible());
         QTest::mouseClick(visibleButton(m_window->devicePanel(), "Detect devices"), Qt::LeftButton);
         QVERIFY(m_window->manager().jobs().current());
         QVERIFY(!action("Detect devices")->isEnabled());
@@ -204,6 +206,23 @@ private Q_SLOTS:
         QVERIFY(action("Silent")->isChecked());
         action("No faults")->trigger();
         QVERIFY(!m_window->manager().isSimulated(lobby, SimulationFault::Silent));
+    }
+
+    void aFailedDetectionIsToldUntilItIsSeen()
+    {
+        CDeviceJobs &jobs = m_window->manager().jobs();
+        click(QStringLiteral("Lobby"));
+        action("Refuse requests")->trigger();
+        {
+            const CMessageBoxAnswerer user({QStringLiteral("OK")});
+            jobs.detect();
+            QTRY_COMPARE(user.boxes().size(), 1);
+            QVERIFY(user.boxes().first().details.contains(QStringLiteral("Lobby")));
+        }
+        action("No faults")->trigger();
+        QSignalSpy detected(&jobs, &CDeviceJobs::notifyDetected);
+        jobs.detect();
+        QVERIFY(detected.wait(PatienceMilliseconds));
     }
 
     void theWorkModeMenuShowsAndChangesTheState()
