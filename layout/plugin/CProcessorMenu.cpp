@@ -34,6 +34,45 @@ void allowUnless(QAction *entry, const QString &reason)
         entry->setToolTip(reason);
 }
 
+using Port = CabinetLayout::CabinetPort;
+
+/// Why a port prevents that there are only @p count of them; empty if it does not.
+QString obstacleTo(int count, const Port &port)
+{
+    const QString text = CProcessorMenu::tr("Output port %1").arg(port.index + 1) + QLatin1Char(' ');
+    const bool pairedHere = port.redundancyProcessor.isNull() && port.redundancyPort >= 0;
+    if (port.index < count)
+        return pairedHere && port.redundancyPort >= count
+                   ? text + CProcessorMenu::tr("has its redundancy on a port that would go")
+                   : QString();
+    if (port.cabinetCount() > 0)
+        return text + CProcessorMenu::tr("holds cabinets");
+    if (!port.redundancyProcessor.isNull())
+        return text + CProcessorMenu::tr("is in a redundancy pair");
+    return port.locked ? text + CProcessorMenu::tr("is locked") : QString();
+}
+
+/// Why @p layout cannot have only @p count ports; empty if it can.
+QString obstacleTo(int count, const CabinetLayout &layout)
+{
+    for (const Port &port : layout.ports) {
+        const QString obstacle = obstacleTo(count, port);
+        if (!obstacle.isEmpty())
+            return obstacle;
+    }
+    return {};
+}
+
+QString projectText()
+{
+    return CProcessorMenu::tr("A project is connected to nothing");
+}
+
+QString pairedText()
+{
+    return CProcessorMenu::tr("The processor is already in a redundancy pair");
+}
+
 } // namespace
 
 CProcessorMenu::CProcessorMenu(QMenu &menu, CProcessorCommands &commands, const QUuid &processor,
@@ -98,6 +137,7 @@ void CProcessorMenu::addPortCounts()
     const QUuid processor = m_processor.uuid;
     const int set = CHostAccess::call(&Host::outputPortCount, processor);
     const int maximum = CHostAccess::call(&Host::maximumPortCount, processor);
+    const CabinetLayout layout = CHostAccess::flushAndCall(&Host::layoutData, processor).layout;
     QMenu *counts = addSubmenu(m_menu, tr("Number of output ports"));
     for (const int count : PortCounts) {
         QAction *entry = addEntry(*counts, QString::number(count), [commands, processor, count, set] {
@@ -108,6 +148,8 @@ void CProcessorMenu::addPortCounts()
         entry->setChecked(count == set);
         if (count > maximum)
             allowUnless(entry, tr("The processor has %1 output ports").arg(maximum));
+        else
+            allowUnless(entry, obstacleTo(count, layout));
     }
     allowUnless(counts->menuAction(),
                 m_editReason.isEmpty() && !m_processor.online ? connectionReason() : m_editReason);
@@ -117,11 +159,30 @@ void CProcessorMenu::addRedundancy()
 {
     CProcessorCommands *commands = &m_commands;
     const QUuid processor = m_processor.uuid;
+    const QList<QPair<QUuid, QUuid>> pairs = CHostAccess::call(&Host::processorRedundancies);
+    const auto paired = [pairs](const ProcessorTree::ProcessorNode &node) {
+        const bool is = std::any_of(pairs.begin(), pairs.end(), [&node](const QPair<QUuid, QUuid> &pair) {
+            return pair.first == node.uuid || pair.second == node.uuid;
+        });
+        return is ? pairedText() : QString();
+    };
     QMenu *primaries = addOtherProcessors(
         tr("Set as redundancy for"), BackupIcon,
-        [commands, processor](const QUuid &other) { commands->setRedundancyFor(other, processor); });
-    const QString unfit = m_modeReason.isEmpty() ? connectionReason() : m_modeReason;
+        [commands, processor](const QUuid &other) { commands->setRedundancyFor(other, processor); },
+        [paired](const ProcessorTree::ProcessorNode &other) {
+            return other.address == 0 ? projectText() : paired(other);
+        });
+    QString unfit = m_modeReason.isEmpty() ? connectionReason() : m_modeReason;
+    if (unfit.isEmpty())
+        unfit = paired(m_processor);
     allowUnless(primaries->menuAction(), reasonFor(*primaries, unfit));
+    addCancelRedundancy();
+}
+
+void CProcessorMenu::addCancelRedundancy()
+{
+    CProcessorCommands *commands = &m_commands;
+    const QUuid processor = m_processor.uuid;
     const QList<QPair<QUuid, QUuid>> pairs = CHostAccess::call(&Host::processorRedundancies);
     const auto pair = std::find_if(pairs.begin(), pairs.end(), [&processor](const QPair<QUuid, QUuid> &p) {
         return p.first == processor || p.second == processor;
@@ -169,7 +230,7 @@ QString CProcessorMenu::currentReason() const
 QString CProcessorMenu::connectionReason() const
 {
     if (m_processor.address == 0)
-        return tr("A project is connected to nothing");
+        return projectText();
     return m_processor.online ? QString() : tr("The processor is offline");
 }
 
@@ -179,8 +240,8 @@ void CProcessorMenu::addRedundancyView()
     addEntry(m_menu, tr("Redundant processor view..."), [commands] { commands->showRedundancy(); });
 }
 
-QMenu *CProcessorMenu::addOtherProcessors(const QString &text, const QString &icon,
-                                          const std::function<void(const QUuid &)> &chosen)
+QMenu *CProcessorMenu::addOtherProcessors(const QString &text, const QString &icon, const Chosen &chosen,
+                                          const Obstacle &obstacle)
 {
     QMenu *submenu = addSubmenu(m_menu, text, icon);
     const QList<ProcessorTree::ProcessorNode> processors = CHostAccess::call(&Host::processors);
@@ -192,6 +253,8 @@ QMenu *CProcessorMenu::addOtherProcessors(const QString &text, const QString &ic
                                   [chosen, uuid = other.uuid] { chosen(uuid); });
         if (fiber) // the entry says why, the tool tip which one
             allowUnless(entry, other.displayText());
+        else if (obstacle)
+            allowUnless(entry, obstacle(other));
     }
     return submenu;
 }

@@ -40,9 +40,14 @@ private:
     /// Why nothing can be sent to this processor; empty if it can.
     QString connectionReason() const;
     void addRedundancyView();
-    /// Adds a submenu of all other processors; those in fibre optic transceiver mode are disabled.
-    QMenu *addOtherProcessors(const QString &text, const QString &icon,
-                              const std::function<void(const QUuid &)> &chosen);
+    using Chosen = std::function<void(const QUuid &)>;
+    /// The reason why a processor cannot be chosen; empty if it can.
+    using Obstacle = std::function<QString(const ProcessorTree::ProcessorNode &)>;
+    /// Adds a submenu of all other processors; those in fibre optic transceiver mode, and those with an
+    /// @p obstacle, are disabled.
+    QMenu *addOtherProcessors(const QString &text, const QString &icon, const Chosen &chosen,
+                              const Obstacle &obstacle = {});
+    void addCancelRedundancy();
     /// @p reason; if that is empty: that there are no @p others, or nothing.
     static QString reasonFor(const QMenu &others, const QString &reason);
     QMenu *addSubmenu(QMenu &menu, const QString &text, const QString &icon = {});

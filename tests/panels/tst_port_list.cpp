@@ -191,6 +191,24 @@ private Q_SLOTS:
         QVERIFY(!textsOf(*world.menu(1)).contains(QStringLiteral("Set as redundancy for")));
     }
 
+    void whatCanOnlyFailIsNotOffered()
+    {
+        SListWorld world;
+        world.open(3);
+        world.store.setPortLocked(0, true);
+        world.store.setPortLocked(2, true);
+        const QMenu &menu = *world.menu(1);
+        const QAction *locked = entryOf(menu, QStringLiteral("Set as redundancy for>Port 1"));
+        QVERIFY(!locked->isEnabled());
+        QCOMPARE(locked->toolTip(), QStringLiteral("Port 1 is locked."));
+        QVERIFY(!entryOf(*world.menu(2), QStringLiteral("Set as redundancy for"))->isEnabled());
+        QVERIFY(entryOf(menu, QStringLiteral("Cabinet parameters>Save parameters..."))->isEnabled());
+        world.answers()->nodes[0].address = 0; // a project
+        delete &menu;
+        QVERIFY(
+            !entryOf(*world.menu(1), QStringLiteral("Cabinet parameters>Save parameters..."))->isEnabled());
+    }
+
     void locksAreKeptWhereTheyHold()
     {
         SListWorld world;

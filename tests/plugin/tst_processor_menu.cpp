@@ -147,7 +147,8 @@ private Q_SLOTS:
             {"Copy mapping from>B(127.0.0.1)", QStringLiteral("copyProcessorMapping(B,A,false)")}};
         for (const auto &[path, call] : calls) {
             SMenuScene scene;
-            scene.answers()->redundancies = {{scene.b, scene.a}};
+            if (call.startsWith(QLatin1String("cancel")))
+                scene.answers()->redundancies = {{scene.b, scene.a}};
             scene.fill();
             const CMessageBoxAnswerer user({Ok, Ok});
             scene.trigger(path);
@@ -158,6 +159,54 @@ private Q_SLOTS:
             QVERIFY(user.texts().last().endsWith(QLatin1String(" failed.")));
             QCOMPARE(user.boxes().first().details, QString());
             QCOMPARE(user.boxes().last().details, scene.answers()->error);
+        }
+    }
+
+    void offersNoPairThatTheHostRefuses()
+    {
+        const QString entry = QStringLiteral("Set as redundancy for>B(127.0.0.1)");
+        SMenuScene scene;
+        scene.fill();
+        QVERIFY(scene.entry(entry)->isEnabled());
+        const QUuid c = scene.host.addProcessor(QStringLiteral("C"), 2);
+        scene.answers()->redundancies = {{scene.b, c}};
+        scene.fill();
+        QVERIFY(!scene.entry(entry)->isEnabled());
+        QCOMPARE(scene.entry(entry)->toolTip(),
+                 QStringLiteral("The processor is already in a redundancy pair"));
+        scene.answers()->redundancies = {{scene.a, c}};
+        scene.fill();
+        QVERIFY(!scene.enabled("Set as redundancy for"));
+        scene.answers()->redundancies.clear();
+        scene.answers()->nodes[1].address = 0;
+        scene.fill();
+        const QString project = scene.answers()->nodes[1].displayText();
+        QVERIFY(!scene.entry(QStringLiteral("Set as redundancy for>") + project)->isEnabled());
+        QVERIFY(scene.entry(QStringLiteral("Copy mapping from>") + project)->isEnabled());
+    }
+
+    void offersNoPortCountThatTheHostRefuses()
+    {
+        using Port = CabinetLayout::CabinetPort;
+        const QPair<std::function<void(QVector<Port> &)>, const char *> cases[] = {
+            {[](QVector<Port> &ports) { ports[2].groups.resize(1), ports[2].groups[0].cabinets.resize(1); },
+             "Output port 3 holds cabinets"},
+            {[](QVector<Port> &ports) { ports[3].locked = true; }, "Output port 4 is locked"},
+            {[](QVector<Port> &ports) { ports[3].redundancyProcessor = QUuid::createUuid(); },
+             "Output port 4 is in a redundancy pair"},
+            {[](QVector<Port> &ports) { ports[0].redundancyPort = 3; },
+             "Output port 1 has its redundancy on a port that would go"}};
+        for (const auto &[occupy, reason] : cases) {
+            SMenuScene scene;
+            for (Port &port : scene.answers()->layouts[scene.a].layout.ports)
+                port.groups.clear();
+            scene.fill();
+            QVERIFY(scene.enabled("Number of output ports>2"));
+            occupy(scene.answers()->layouts[scene.a].layout.ports);
+            scene.fill();
+            QVERIFY(!scene.enabled("Number of output ports>2") && scene.enabled("Number of output ports>4"));
+            QCOMPARE(scene.entry(QStringLiteral("Number of output ports>2"))->toolTip(),
+                     QLatin1String(reason));
         }
     }
 

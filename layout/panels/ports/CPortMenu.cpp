@@ -29,6 +29,28 @@ bool canPair()
            CHostAccess::call(&Host::isPortRedundancySupported);
 }
 
+/// An empty @p reason enables the entry; any other says why it is disabled.
+void allowUnless(QAction &entry, const QString &reason)
+{
+    entry.setEnabled(reason.isEmpty());
+    if (!reason.isEmpty())
+        entry.setToolTip(reason);
+}
+
+QString lockReason(const Port &port)
+{
+    return port.locked ? CPortMenu::tr("Port %1 is locked.").arg(port.index + 1) : QString();
+}
+
+/// Why nothing can be sent to the cabinets of the processor in view; empty if it can.
+QString connectionReason()
+{
+    const ProcessorTree::ProcessorNode node = CHostAccess::call(&Host::currentProcessorNode);
+    if (!node.online)
+        return CPortMenu::tr("The processor is offline.");
+    return node.address == 0 ? CPortMenu::tr("A project has no cabinets that are connected.") : QString();
+}
+
 /// Adds an entry that is checked or not; @p toggled is called with what it then is.
 template <typename Toggled>
 void addToggle(QMenu &menu, const QString &text, bool checked, QObject *context, const Toggled &toggled)
@@ -45,6 +67,7 @@ void CPortMenu::fill(QMenu &menu) const
 {
     menu.setObjectName(QStringLiteral("PortMenu"));
     menu.setFixedWidth(MenuWidth);
+    menu.setToolTipsVisible(true);
     const Port::Redundancy role = m_store.portRedundancy(m_button.port());
     if (role != Port::Redundant) {
         addFiles(menu);
@@ -73,17 +96,24 @@ void CPortMenu::addPrimaries(QMenu &menu) const
     IPortCommands *commands = &m_commands;
     const int backup = m_button.port();
     QMenu *primaries = menu.addMenu(menuIcon("backup"), tr("Set as redundancy for"));
+    primaries->setToolTipsVisible(true);
     const QVector<Port> ports = m_store.ports();
     for (const Port &port : ports) {
         if (port.index == backup || port.redundancy == Port::Redundant)
             continue;
         const QString text =
             QStringLiteral("%1%2%3").arg(tr("Port"), QStringLiteral(" ")).arg(port.index + 1);
-        QObject::connect(
-            primaries->addAction(text), &QAction::triggered, &m_button,
-            [commands, primary = port.index, backup] { commands->setRedundancy(primary, backup); });
+        QAction *entry = primaries->addAction(text);
+        const bool paired = port.redundancy == Port::Primary;
+        allowUnless(*entry,
+                    paired ? tr("Port %1 has a redundancy already.").arg(port.index + 1) : lockReason(port));
+        QObject::connect(entry, &QAction::triggered, &m_button, [commands, primary = port.index, backup] {
+            commands->setRedundancy(primary, backup);
+        });
     }
-    primaries->setEnabled(!primaries->isEmpty());
+    const QString reason = lockReason(m_store.port(backup));
+    allowUnless(*primaries->menuAction(),
+                reason.isEmpty() && primaries->isEmpty() ? tr("There is no other port.") : reason);
 }
 
 void CPortMenu::addLocks(QMenu &menu) const
@@ -117,13 +147,16 @@ void CPortMenu::addFill(QMenu &menu) const
 void CPortMenu::addParameters(QMenu &menu) const
 {
     QMenu *parameters = menu.addMenu(tr("Cabinet parameters"));
+    parameters->setToolTipsVisible(true);
     const SLayoutOptions options = m_store.options();
     addToggle(*parameters, tr("Markup custom cabinets"), options.markupCustomCabinets, &m_button,
               [button = &m_button](bool marked) { Q_EMIT button->notifyMarkupCustomCabinet(marked); });
     const int port = m_button.port();
     const QIcon placeholder(QStringLiteral(":/Image/Menu/placeholder.svg"));
-    QObject::connect(parameters->addAction(placeholder, tr("Save parameters...")), &QAction::triggered,
-                     &m_button, [button = &m_button, port] { Q_EMIT button->notifySaveCabinetPara(port); });
+    QAction *save = parameters->addAction(placeholder, tr("Save parameters..."));
+    allowUnless(*save, connectionReason());
+    QObject::connect(save, &QAction::triggered, &m_button,
+                     [button = &m_button, port] { Q_EMIT button->notifySaveCabinetPara(port); });
     QObject::connect(parameters->addAction(tr("Cabinet information...")), &QAction::triggered, &m_button,
                      [button = &m_button, port] { Q_EMIT button->notifyShowCabinetInfo(port); });
 }
