@@ -89,7 +89,7 @@ void CEditorCommands::exportConfiguration(const Cabinet &cabinet, QWidget *paren
     CCabinetFiles(m_store, parent).exportConfiguration(cabinet, typeName(cabinet));
 }
 
-QString CEditorCommands::readbackRefusal() const
+QString CEditorCommands::connectionRefusal() const
 {
     const ProcessorTree::ProcessorNode node = CHostAccess::call(&Host::currentProcessorNode);
     if (!node.online)
@@ -130,12 +130,14 @@ void CEditorCommands::openTypeLibrary(QWidget *parent)
 void CEditorCommands::fillAppendMenu(QMenu &menu, QWidget *parent)
 {
     const int port = m_store.currentPort();
-    const CGraphicsPortItem *item = m_view.cabinetScene().backend().content().portItem(port);
-    if (!item || item->isClosed())
-        return;
-    const QString refused = CScenePlacing::refusal(item->cabinets(nullptr).size(), 1);
+    CSceneBackend &backend = m_view.cabinetScene().backend();
+    const QString refused = backend.placing().appendRefusal(port);
     if (!refused.isEmpty()) {
-        CMessageBox::warning(parent, refused);
+        const CGraphicsPortItem *item = backend.content().portItem(port);
+        if (item && !item->isClosed()) // it is full
+            CMessageBox::warning(parent, refused);
+        else
+            backend.batches().tell(refused);
         return;
     }
     const auto append = [this, port](const CAppendMenu::TypeInfo &type, const QSize &size) {

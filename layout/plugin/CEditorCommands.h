@@ -29,7 +29,7 @@ public:
     void saveParameters(const QList<Cabinet> &cabinets, QWidget *parent) override;
     void showInformation(const QList<Cabinet> &cabinets, QWidget *parent) override;
     void exportConfiguration(const Cabinet &cabinet, QWidget *parent) override;
-    QString readbackRefusal() const override;
+    QString connectionRefusal() const override;
     void readBackConfiguration(const Cabinet &cabinet, QWidget *parent) override;
     void setFrameRateAndColorDepth(QWidget *parent) override;
     void setCanvasSize(QWidget *parent) override;

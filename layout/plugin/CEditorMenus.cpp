@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CEditorMenus.h"
 
+#include "layout/api/access/IPortStates.h"
+#include "layout/editor/items/CRefusal.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CEditorToolBar.h"
@@ -28,34 +30,44 @@ void press(QWidget &widget, const QKeySequence &key)
 void CEditorMenus::fillEdit()
 {
     m_menu.setToolTipsVisible(true);
-    CCabinetGraphicsScene &scene = m_view.cabinetScene();
-    CSceneBackend &backend = scene.backend();
-    const bool selected = !scene.selection().isEmpty();
-    addEdit(m_menu, tr("&Undo"), Qt::CTRL | Qt::Key_Z, m_view.toolBar().tool(Bar::Undo)->isEnabled());
-    addEdit(m_menu, tr("&Redo"), Qt::CTRL | Qt::Key_Y, m_view.toolBar().tool(Bar::Redo)->isEnabled());
+    CSceneBackend &backend = m_view.cabinetScene().backend();
+    const bool selected = !backend.selection().isEmpty();
+    const QUndoStack *stack = backend.recorder().stack();
+    addEdit(m_menu, {tr("&Undo"), Qt::CTRL | Qt::Key_Z, EditKind::History}, stack && stack->canUndo());
+    addEdit(m_menu, {tr("&Redo"), Qt::CTRL | Qt::Key_Y, EditKind::History}, stack && stack->canRedo());
     m_menu.addSeparator();
-    addEdit(m_menu, tr("Cu&t"), Qt::CTRL | Qt::Key_X, selected);
-    addEdit(m_menu, tr("&Copy"), Qt::CTRL | Qt::Key_C, selected);
-    addEdit(m_menu, tr("&Paste"), Qt::CTRL | Qt::Key_V, !backend.placing().cache().isEmpty());
-    addEdit(m_menu, tr("&Delete"), Qt::Key_Delete, selected);
+    addClipboard(selected);
     m_menu.addSeparator();
-    addEdit(m_menu, tr("Select &all"), Qt::CTRL | Qt::Key_A, true);
-    addEdit(m_menu, tr("&Group"), Qt::CTRL | Qt::Key_G, m_view.toolBar().tool(Bar::Group)->isEnabled());
-    addEdit(m_menu, tr("U&ngroup"), Qt::CTRL | Qt::SHIFT | Qt::Key_G,
-            m_view.toolBar().tool(Bar::Ungroup)->isEnabled());
+    addEdit(m_menu, {tr("Select &all"), Qt::CTRL | Qt::Key_A}, true);
+    addEdit(m_menu, {tr("&Group"), Qt::CTRL | Qt::Key_G}, backend.selection().canGroup());
+    addEdit(m_menu, {tr("U&ngroup"), Qt::CTRL | Qt::SHIFT | Qt::Key_G}, backend.selection().canBreakGroup());
     addMoves(selected);
     m_menu.addSeparator();
-    addEdit(m_menu, tr("App&end cabinets..."), Qt::CTRL | Qt::Key_T, true);
+    addEdit(m_menu, {tr("App&end cabinets..."), Qt::CTRL | Qt::Key_T, EditKind::Tool}, true,
+            backend.placing().appendRefusal(backend.states().currentPort()));
+}
+
+void CEditorMenus::addClipboard(bool selected)
+{
+    CSceneBackend &backend = m_view.cabinetScene().backend();
+    const QString closed = CRefusal::reason(backend.selection().closedPort());
+    const CGraphicsPortItem *current = backend.content().portItem(backend.states().currentPort());
+    addEdit(m_menu, {tr("Cu&t"), Qt::CTRL | Qt::Key_X}, selected, closed);
+    addEdit(m_menu, {tr("&Copy"), Qt::CTRL | Qt::Key_C}, selected);
+    addEdit(m_menu, {tr("&Paste"), Qt::CTRL | Qt::Key_V}, !backend.placing().cache().isEmpty(),
+            CRefusal::reason(current));
+    addEdit(m_menu, {tr("&Delete"), Qt::Key_Delete}, selected, closed);
 }
 
 void CEditorMenus::addMoves(bool possible)
 {
     QMenu *moves = m_menu.addMenu(tr("&Move by one pixel"));
     moves->setToolTipsVisible(true);
-    addEdit(*moves, tr("&Left"), Qt::Key_Left, possible);
-    addEdit(*moves, tr("&Right"), Qt::Key_Right, possible);
-    addEdit(*moves, tr("&Up"), Qt::Key_Up, possible);
-    addEdit(*moves, tr("&Down"), Qt::Key_Down, possible);
+    const QString closed = CRefusal::reason(m_view.cabinetScene().selection().closedPort());
+    addEdit(*moves, {tr("&Left"), Qt::Key_Left}, possible, closed);
+    addEdit(*moves, {tr("&Right"), Qt::Key_Right}, possible, closed);
+    addEdit(*moves, {tr("&Up"), Qt::Key_Up}, possible, closed);
+    addEdit(*moves, {tr("&Down"), Qt::Key_Down}, possible, closed);
 }
 
 void CEditorMenus::fillView()
@@ -81,14 +93,16 @@ QAction *CEditorMenus::addEntry(QMenu &menu, const QString &text, const QKeySequ
     return entry;
 }
 
-void CEditorMenus::addEdit(QMenu &menu, const QString &text, const QKeySequence &key, bool possible)
+void CEditorMenus::addEdit(QMenu &menu, const SEntry &edit, bool possible, const QString &obstacle)
 {
-    QAction *entry = addEntry(menu, text, key);
-    const QString why = refusal();
+    QAction *entry = addEntry(menu, edit.text, edit.key);
+    const QString refused = refusal(edit.kind);
+    const QString why = refused.isEmpty() ? obstacle : refused;
     entry->setEnabled(possible && why.isEmpty());
     if (!why.isEmpty())
         entry->setToolTip(why);
-    QObject::connect(entry, &QAction::triggered, &m_view, [view = &m_view, key] { press(*view, key); });
+    QObject::connect(entry, &QAction::triggered, &m_view,
+                     [view = &m_view, key = edit.key] { press(*view, key); });
 }
 
 void CEditorMenus::addLook(const QString &text, const QKeySequence &key, void (CLayoutGraphicsView::*look)())
@@ -98,11 +112,7 @@ void CEditorMenus::addLook(const QString &text, const QKeySequence &key, void (C
     QObject::connect(entry, &QAction::triggered, &m_view, look);
 }
 
-QString CEditorMenus::refusal() const
+QString CEditorMenus::refusal(EditKind kind) const
 {
-    if (!m_shown)
-        return tr("No layout is shown");
-    if (!m_view.toolBar().tool(Bar::Arrow)->isEnabled())
-        return tr("Editing is locked");
-    return m_view.isInteractive() ? QString() : tr("The hand tool only looks");
+    return m_shown ? m_view.refusal(kind) : tr("No layout is shown");
 }

@@ -2,11 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/editor/view/CEditRule.h"
+
 #include <QCoreApplication>
+#include <QKeySequence>
+#include <QString>
 
 class CLayoutGraphicsView;
 class QAction;
-class QKeySequence;
 class QMenu;
 
 /// Fills the window's menus "Edit" and "View" for the layout editor. The entries show the keys of the canvas,
@@ -28,12 +31,22 @@ public:
     void fillView();
 
 private:
-    /// Adds an entry for an edit. It is enabled if edits are allowed and @p possible.
-    void addEdit(QMenu &menu, const QString &text, const QKeySequence &key, bool possible);
+    /// An entry for an edit: its kind decides when it is refused.
+    struct SEntry
+    {
+        QString text;
+        QKeySequence key;
+        EditKind kind = EditKind::Edit;
+    };
+
+    /// Adds an entry. It is enabled if the editor allows its kind, it is @p possible, and there is no
+    /// @p obstacle, which is told otherwise.
+    void addEdit(QMenu &menu, const SEntry &edit, bool possible, const QString &obstacle = {});
+    void addClipboard(bool selected);
     QAction *addEntry(QMenu &menu, const QString &text, const QKeySequence &key) const;
     void addMoves(bool possible);
     void addLook(const QString &text, const QKeySequence &key, void (CLayoutGraphicsView::*look)());
-    QString refusal() const; ///< why nothing can be edited; empty if something can
+    QString refusal(EditKind kind) const; ///< why the editor refuses it; empty if it does not
 
     CLayoutGraphicsView &m_view;
     QMenu &m_menu;

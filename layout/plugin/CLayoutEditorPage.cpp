@@ -22,8 +22,6 @@
 #include <QUndoStack>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
 namespace {
 using Host = ILayoutInterfaceHandler;
 } // namespace
@@ -33,7 +31,7 @@ CLayoutEditorPage::CLayoutEditorPage(CLayoutData &store, QWidget *parent)
     , m_store(store)
     , m_wiring(new CWiringLayoutWidget)
     , m_view(new CLayoutGraphicsView(store))
-    , m_figures(new CStatusFigures(store, *m_view, new CFaultLine(*m_view)))
+    , m_figures(new CStatusFigures(*m_view, new CFaultLine(*m_view)))
     , m_commands(std::make_unique<CEditorCommands>(store, *m_view))
     , m_portCommands(std::make_unique<CPortCommands>(store, m_commands->canvas(), *m_view))
     , m_ports(new CPortList(store, *m_portCommands))
@@ -148,10 +146,7 @@ void CLayoutEditorPage::fillViewMenu(QMenu &menu)
 /// A redundancy processor follows its primary and cannot be edited.
 void CLayoutEditorPage::showRedundancy()
 {
-    const auto pairs = m_store.processorRedundancies();
-    m_panel->onCurrentProcessorBackupChanged(
-        std::any_of(pairs.begin(), pairs.end(),
-                    [this](const QPair<QUuid, QUuid> &pair) { return pair.second == m_processor.uuid; }));
+    m_panel->onCurrentProcessorBackupChanged(!m_store.primaryOf(m_processor.uuid).isNull());
 }
 
 void CLayoutEditorPage::buildUi()

@@ -2,49 +2,71 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CStatusFigures.h"
 
-#include "layout/data/CLayoutData.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
+#include "layout/plugin/CToolHint.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLocale>
 #include <QMouseEvent>
+#include <QStatusBar>
 #include <QtMath>
 
-#include <numeric>
-
 namespace {
+
 constexpr int FigureSpacing = 16;
+
+QStatusBar *statusBarOf(QWidget *widget)
+{
+    while (widget && !qobject_cast<QStatusBar *>(widget))
+        widget = widget->parentWidget();
+    return static_cast<QStatusBar *>(widget);
 }
 
-CStatusFigures::CStatusFigures(CLayoutData &store, CLayoutGraphicsView &view, QWidget *faults)
-    : m_store(store)
-    , m_view(view)
+} // namespace
+
+CStatusFigures::CStatusFigures(CLayoutGraphicsView &view, QWidget *faults)
+    : m_view(view)
     , m_faults(faults)
     , m_cursor(addLabel("StatusCursor"))
-    , m_selection(addLabel("StatusSelection"))
-    , m_port(addLabel("StatusPort"))
-    , m_scale(addLabel("StatusScale"))
+    , m_extent(addLabel("StatusExtent"))
+    , m_canvas(addLabel("StatusCanvas"))
+    , m_hint(new CToolHint(view))
 {
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(FigureSpacing);
     row->addWidget(m_faults);
-    for (QLabel *label : {m_cursor, m_selection, m_port, m_scale})
+    for (QLabel *label : {m_cursor, m_extent, m_canvas})
         row->addWidget(label);
     connectSignals();
-    showSelection();
-    showPort();
-    showScale();
+    showExtent();
+    showCanvas();
+}
+
+CStatusFigures::~CStatusFigures()
+{
+    delete m_hint;
 }
 
 /// Of all that could be told, also of what is hidden for want of room.
 QSize CStatusFigures::sizeHint() const
 {
+    return {widthOf({m_extent, m_cursor, m_canvas}), m_extent->sizeHint().height()};
+}
+
+QSize CStatusFigures::minimumSizeHint() const
+{
+    return {widthOf({m_extent}), 0};
+}
+
+int CStatusFigures::widthOf(const QVector<QLabel *> &labels) const
+{
     int width = m_faults->sizeHint().width();
-    for (const QLabel *label : {m_cursor, m_selection, m_port, m_scale})
+    for (const QLabel *label : labels)
         width += label->text().isEmpty() ? 0 : label->sizeHint().width() + FigureSpacing;
-    return {width, m_scale->sizeHint().height()};
+    return width;
 }
 
 bool CStatusFigures::eventFilter(QObject *watched, QEvent *event)
@@ -69,6 +91,24 @@ void CStatusFigures::changeEvent(QEvent *event)
         fit();
 }
 
+void CStatusFigures::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    // Not now: the status bar walks over its children.
+    QMetaObject::invokeMethod(this, &CStatusFigures::placeHint, Qt::QueuedConnection);
+}
+
+/// The hint stands where messages do, which the status bar shows in its place.
+void CStatusFigures::placeHint()
+{
+    QStatusBar *bar = statusBarOf(this);
+    if (!bar || !m_hint || m_hint->parentWidget())
+        return;
+    bar->insertWidget(0, m_hint, 1);
+    if (!bar->currentMessage().isEmpty()) // otherwise it would stay hidden after it
+        m_hint->setAttribute(Qt::WA_WState_ExplicitShowHide, false);
+}
+
 QLabel *CStatusFigures::addLabel(const char *name)
 {
     auto *label = new QLabel(this);
@@ -80,24 +120,20 @@ QLabel *CStatusFigures::addLabel(const char *name)
 void CStatusFigures::connectSignals()
 {
     using View = CLayoutGraphicsView;
+    using Scene = CCabinetGraphicsScene;
     m_view.viewport()->installEventFilter(this);
-    connect(&m_view, &View::notifySelectedCabinetInfos, this,
-            [this](const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets) {
-                m_selected = cabinets.size();
-                m_pixels = std::accumulate(cabinets.begin(), cabinets.end(), qint64(0),
-                                           [](qint64 sum, const auto &cabinet) {
-                                               const QSize size = cabinet.rect.size();
-                                               return sum + qint64(size.width()) * size.height();
-                                           });
-                showSelection();
-            });
+    const auto selected = [this](const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets) {
+        m_selected = cabinets.size();
+        showExtent();
+    };
+    connect(&m_view, &View::notifySelectedCabinetInfos, this, selected);
     connect(&m_view, &View::notifySelectedCabinetGeometryChanged, this, [this](const QRect &extent) {
-        m_extent = extent;
-        showSelection();
+        m_selection = extent;
+        showExtent();
     });
-    connect(&m_view, &View::notifyScaleChanged, this, &CStatusFigures::showScale);
-    connect(&m_store, &CLayoutData::notifyCurrentPortChanged, this, &CStatusFigures::showPort);
-    connect(&m_store, &CLayoutData::notifyProcessorPortPayloadChanged, this, &CStatusFigures::showPort);
+    connect(&m_view.cabinetScene(), &Scene::notifySceneChanged, this, &CStatusFigures::showExtent);
+    connect(&m_view.cabinetScene(), &Scene::notifySelectedChanged, this, &CStatusFigures::showCanvas);
+    connect(&m_view.cabinetScene(), &Scene::notifyLookChanged, this, &CStatusFigures::showCanvas);
 }
 
 void CStatusFigures::showCursor(const QPoint &viewportPos)
@@ -106,28 +142,25 @@ void CStatusFigures::showCursor(const QPoint &viewportPos)
     setText(*m_cursor, tr("X %1 Y %2").arg(qFloor(place.x())).arg(qFloor(place.y())));
 }
 
-void CStatusFigures::showSelection()
+void CStatusFigures::showExtent()
 {
-    if (m_selected == 0) {
-        setText(*m_selection, {});
-        return;
-    }
-    setText(*m_selection, tr("%1 selected, %2 × %3, %4 pixels")
-                              .arg(m_selected)
-                              .arg(m_extent.width())
-                              .arg(m_extent.height())
-                              .arg(QLocale(QLocale::English).toString(m_pixels)));
+    const CSceneContent &content = m_view.cabinetScene().backend().content();
+    const QSize size = m_selected > 0 ? m_selection.size() : content.wall().size();
+    const int count = m_selected > 0 ? m_selected : content.cabinetCount();
+    const QString counted = m_selected > 0 ? tr("%1 selected")
+                            : count == 1   ? tr("%1 cabinet")
+                                           : tr("%1 cabinets");
+    setText(*m_extent, count == 0
+                           ? QString()
+                           : tr("%1, %2 × %3").arg(counted.arg(count)).arg(size.width()).arg(size.height()));
 }
 
-void CStatusFigures::showPort()
+void CStatusFigures::showCanvas()
 {
-    const int port = m_store.currentPort();
-    setText(*m_port, port < 0 ? QString() : tr("Port %1: %2%").arg(port + 1).arg(m_store.port(port).load));
-}
-
-void CStatusFigures::showScale()
-{
-    setText(*m_scale, QStringLiteral("%1%").arg(qRound(m_view.scaleFactor() * 100)));
+    const QSize canvas = m_view.cabinetScene().backend().content().canvas();
+    setText(*m_canvas,
+            canvas.isEmpty() ? QString() : tr("Canvas %1 × %2").arg(canvas.width()).arg(canvas.height()));
+    showExtent(); // another wall may be shown
 }
 
 void CStatusFigures::setText(QLabel &label, const QString &text)
@@ -139,13 +172,13 @@ void CStatusFigures::setText(QLabel &label, const QString &text)
     fit();
 }
 
-/// Scale and cursor go first, as the canvas tells both; what is wrong never goes.
+/// What is wrong and what is selected never goes.
 void CStatusFigures::fit()
 {
-    int room = width() - m_faults->sizeHint().width();
-    for (QLabel *label : {m_selection, m_port, m_cursor, m_scale}) {
-        const int wanted = label->text().isEmpty() ? 0 : label->sizeHint().width() + FigureSpacing;
-        label->setVisible(wanted > 0 && wanted <= room);
-        room -= wanted;
+    QVector<QLabel *> told = {m_extent};
+    m_extent->setVisible(!m_extent->text().isEmpty());
+    for (QLabel *label : {m_cursor, m_canvas}) {
+        told << label;
+        label->setVisible(!label->text().isEmpty() && widthOf(told) <= width());
     }
 }

@@ -2,52 +2,53 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/api/records/CabinetLayout.h"
-
+#include <QPointer>
 #include <QRect>
 #include <QWidget>
 
-class CLayoutData;
 class CLayoutGraphicsView;
+class CToolHint;
 class QLabel;
 
-/// What the status bar tells of the editor: faulty cabinets, the cursor on the canvas, the selection, the
-/// current output port with its load, and the scale. If there is little room, what is told elsewhere too goes
-/// first. GUI thread.
+/// What the status bar tells of the editor: faulty cabinets, the cursor on the canvas, the selection or else
+/// the wall, the canvas, and, left of all, what the tool in use does. If there is little room, the hint goes
+/// first, then the canvas, then the cursor. GUI thread.
 class CStatusFigures final : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// @p store and @p view must outlive it. Becomes the parent of @p faults.
-    CStatusFigures(CLayoutData &store, CLayoutGraphicsView &view, QWidget *faults);
+    /// @p view must outlive it. Becomes the parent of @p faults.
+    CStatusFigures(CLayoutGraphicsView &view, QWidget *faults);
+    ~CStatusFigures() override;
 
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return {0, 0}; }
+    QSize minimumSizeHint() const override;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     QLabel *addLabel(const char *name);
+    void placeHint();
     void connectSignals();
     void showCursor(const QPoint &viewportPos);
-    void showSelection();
-    void showPort();
-    void showScale();
+    void showExtent();
+    void showCanvas();
     void setText(QLabel &label, const QString &text);
     void fit();
+    /// The width of all that is told if @p labels are.
+    int widthOf(const QVector<QLabel *> &labels) const;
 
-    CLayoutData &m_store;
     CLayoutGraphicsView &m_view;
     QWidget *m_faults;
     QLabel *m_cursor;
-    QLabel *m_selection;
-    QLabel *m_port;
-    QLabel *m_scale;
-    int m_selected = 0;  // cabinets
-    qint64 m_pixels = 0; // of them
-    QRect m_extent;
+    QLabel *m_extent; // of the selection or the wall
+    QLabel *m_canvas;
+    QPointer<CToolHint> m_hint; // owned by the status bar once placed there
+    int m_selected = 0;         // cabinets
+    QRect m_selection;
 };

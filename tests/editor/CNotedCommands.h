@@ -12,7 +12,7 @@ class CNotedCommands final : public IEditorCommands
 {
 public:
     QStringList calls;
-    QString refusal;         ///< the answer of readbackRefusal()
+    QString refusal;         ///< the answer of connectionRefusal()
     QList<Cabinet> cabinets; ///< of the last call
     CabinetHighlight highlighted = CabinetHighlight::Off;
     bool highlights = true; ///< the answer of highlight()
@@ -24,7 +24,7 @@ public:
     void saveParameters(const QList<Cabinet> &records, QWidget *) override { note("parameters", records); }
     void showInformation(const QList<Cabinet> &records, QWidget *) override { note("information", records); }
     void exportConfiguration(const Cabinet &cabinet, QWidget *) override { note("export", {cabinet}); }
-    QString readbackRefusal() const override { return refusal; }
+    QString connectionRefusal() const override { return refusal; }
     void readBackConfiguration(const Cabinet &cabinet, QWidget *) override { note("readback", {cabinet}); }
     void setFrameRateAndColorDepth(QWidget *) override { note("frame rate"); }
     void setCanvasSize(QWidget *) override { note("canvas size"); }

@@ -197,6 +197,8 @@ private Q_SLOTS:
         QCOMPARE(world.offered(wired, {&wired, &typed}), QString());
         world.states.locked[0] = true;
         QCOMPARE(world.offered(wired, {&wired, &second}), QStringLiteral("Set"));
+        QVERIFY(!entry(*world.menu, "Set type...")->isEnabled());
+        QCOMPARE(entry(*world.menu, "Set type...")->toolTip(), QStringLiteral("Port 1 is locked."));
     }
 
     void cabinetEntriesDoWhatTheySay()
@@ -209,6 +211,8 @@ private Q_SLOTS:
         QAction *readback = entry(*world.menu, "Readback from connected cabinet...");
         QVERIFY(!readback->isEnabled());
         QCOMPARE(readback->toolTip(), world.commands.refusal);
+        QCOMPARE(entry(*world.menu, "Save parameters...")->toolTip(), world.commands.refusal);
+        QVERIFY(!entry(*world.menu, "Save parameters...")->isEnabled());
         world.commands.refusal.clear();
         world.fill(typed, {&typed});
         for (const char *text : {"Current output...", "Set all outputs to default", "Set type...",

@@ -60,7 +60,10 @@ private Q_SLOTS:
     {
         QMainWindow window;
         window.setCentralWidget(&view());
-        const auto said = [&window] { return window.statusBar()->currentMessage(); };
+        const auto said = [&window] {
+            QCoreApplication::processEvents(); // what was pressed has been handled
+            return window.statusBar()->currentMessage();
+        };
         view().onPortClicked(0, true);
         QTest::keyClick(&view(), Qt::Key_Down);
         QCOMPARE(said(), QString());
@@ -71,9 +74,41 @@ private Q_SLOTS:
             QTest::keyClick(&view(), Qt::Key(key));
             QCOMPARE(said(), QStringLiteral("Port 1 is locked."));
         }
-        QTest::keyClick(&view(), Qt::Key_Shift);
+        QWidget elsewhere;
+        QTest::mousePress(&elsewhere, Qt::LeftButton); // whatever the user does next
         QCOMPARE(said(), QString());
+        view().onNotifyAppendCabinet({}, 0, QSize(100, 100));
+        QCOMPARE(said(), QStringLiteral("Port 1 is locked."));
+        view().onNotifyAppendCabinet({}, 2, QSize(100, 100));
+        m_mouse->states().redundancy[1] = CabinetLayout::CabinetPort::Redundant;
+        view().onPortToggled(1, true); // which ends the append
+        QCOMPARE(said(), QStringLiteral("Port 2 is a redundancy port."));
         view().setParent(nullptr); // it is not the window's
+    }
+
+    void theHandEditsByNoMeans()
+    {
+        QMainWindow window;
+        window.setCentralWidget(&view());
+        m_mouse->scene().backend().picks().port(0, true);
+        m_mouse->scene().selectedItemMoveDown();
+        const CabinetLayout moved = m_mouse->layout();
+        bar().button(Bar::Hand)->click();
+        for (const Bar::ETool tool : {Bar::ClearTopology, Bar::Group, Bar::Ungroup}) {
+            QVERIFY(!bar().button(tool)->isEnabled());
+            QVERIFY(bar().tool(tool)->toolTip().endsWith(QStringLiteral("\nThe hand tool only looks")));
+        }
+        QTest::keyClick(&view(), Qt::Key_Left); // scrolls
+        QCOMPARE(window.statusBar()->currentMessage(), QString());
+        QTest::keyClick(&view(), Qt::Key_Delete);
+        QCOMPARE(window.statusBar()->currentMessage(), QStringLiteral("The hand tool only looks."));
+        QCOMPARE(m_mouse->layout(), moved);
+        QVERIFY(bar().button(Bar::Undo)->isEnabled());
+        QTest::keyClick(&view(), Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(m_mouse->layout(), m_mouse->original());
+        QTest::keyClick(&view(), Qt::Key_T, Qt::ControlModifier);
+        QCOMPARE(m_commands.calls, QStringList{QStringLiteral("append")});
+        view().setParent(nullptr);
     }
 
     void highlightsOutliveEditsButNotTheirCabinet()

@@ -111,6 +111,18 @@ private Q_SLOTS:
                      m_mouse->original().ports[1].getAllCabinets()[place].rect.translated(100, 0));
     }
 
+    void aClickWithThePenWiresOneCabinet()
+    {
+        const auto wired = [this] {
+            return m_mouse->scene().backend().content().portItem(0)->chain().order().size();
+        };
+        m_mouse->view().toolBar().chooseMode(CEditorToolBar::Pen);
+        m_mouse->pull({126, 64}, {130, 64}); // trembles into the next one
+        QCOMPARE(wired(), 1);
+        m_mouse->pull({126, 64}, {200, 64});
+        QCOMPARE(wired(), 2);
+    }
+
     void aDragWithControlTakesTheItemAlong()
     {
         m_mouse->click({64, 64});

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/api/records/CRecordJson.h"
 #include "layout/api/records/LayoutLimits.h"
-#include "layout/editor/gestures/CSceneInput.h"
 #include "layout/editor/items/CGraphicsConnectionItem.h"
 #include "layout/resources/LayoutResources.h"
 #include "tests/editor/CNotedCommands.h"
 #include "tests/editor/CSceneVerifier.h"
 #include "tests/editor/CommandWorld.h"
+#include "tests/editor/SInstalledInput.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
 
@@ -162,7 +162,7 @@ private Q_SLOTS:
     void onlyAPressOnAReceiverReversesThem()
     {
         World world;
-        const CSceneInput input(world.scene);
+        const SInstalledInput input(world.scene);
         auto &cabinet = World::cabinet(world.scene, 0, 1);
         auto record = cabinet.cabinet();
         record.rects = {QRect(0, 0, 32, 128), QRect(32, 0, 32, 128)};

@@ -13,6 +13,7 @@
 #include "layout/settings/CCustomCabinet.h"
 #include "tests/harness/CFileDialogAnswerer.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
+#include "tests/harness/CSignalLog.h"
 #include "tests/harness/CWorldTest.h"
 #include "tests/harness/DialogUser.h"
 #include "tests/harness/SStoreWorld.h"
@@ -170,8 +171,10 @@ private Q_SLOTS:
             return !menu.isEmpty();
         };
         QVERIFY(offered());
+        const CSignalLog words(&m_world->scene(), &CCabinetGraphicsScene::notifyWords);
         m_world->store.setPortLocked(1, true);
         QVERIFY(!offered());
+        QCOMPARE(words[0].first().toString(), QStringLiteral("Port 2 is locked."));
         m_world->store.setPortLocked(1, false);
         const QUuid processor = m_world->store.currentProcessor();
         m_world->host.answers()->layouts[processor].layout.ports[1].redundancy =
@@ -181,6 +184,7 @@ private Q_SLOTS:
         QVERIFY(!offered());
         settle(m_world->host, m_world->store); // a detection: no port is current
         QVERIFY(!offered());
+        QCOMPARE(words.count(), 3); // each time
 
         m_world->open(1, 1024);
         const CMessageBoxAnswerer user({QStringLiteral("OK")});
@@ -269,15 +273,15 @@ private Q_SLOTS:
 
     void onlyProcessorsThatAnswerAreReadBack()
     {
-        QCOMPARE(m_world->commands.readbackRefusal(), QString());
+        QCOMPARE(m_world->commands.connectionRefusal(), QString());
         CFakeHost &host = m_world->host;
         const quint32 address = host.answers()->nodes[0].address;
         host.answers()->nodes[0].address = 0; // a project
-        QCOMPARE(m_world->commands.readbackRefusal(),
+        QCOMPARE(m_world->commands.connectionRefusal(),
                  QStringLiteral("A project has no cabinets that are connected."));
         host.answers()->nodes[0].address = address;
         host.answers()->nodes[0].online = false;
-        QCOMPARE(m_world->commands.readbackRefusal(), QStringLiteral("The processor is offline."));
+        QCOMPARE(m_world->commands.connectionRefusal(), QStringLiteral("The processor is offline."));
     }
 
     void parametersAreSavedForTheCabinetsThatWereGiven()

@@ -20,6 +20,8 @@
 #include <QImage>
 #include <QLabel>
 #include <QMenu>
+#include <QMouseEvent>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QUndoStack>
 
@@ -134,6 +136,21 @@ private Q_SLOTS:
         QCOMPARE(world.view().scaleFactor(), 1.0);
         entryOf(view, QStringLiteral("&Navigator"))->trigger();
         QVERIFY(world.view().toolBar().tool(CEditorToolBar::Navigator)->isChecked());
+        edit("&Undo");
+        world.store.setCurrentPort(1);
+        world.store.setPortLocked(1, true);
+        world.view().onPortClicked(1, true);
+        const auto tip = [&world](const char *text) {
+            QMenu menu;
+            world.page.fillEditMenu(menu);
+            const QAction *entry = entryOf(menu, QLatin1String(text));
+            return entry->isEnabled() ? QString() : entry->toolTip();
+        };
+        for (const char *text : {"Cu&t", "&Delete", "&Move by one pixel>&Left", "App&end cabinets..."})
+            QCOMPARE(tip(text), QStringLiteral("Port 2 is locked."));
+        world.view().toolBar().chooseMode(CEditorToolBar::Hand);
+        QCOMPARE(tip("&Copy"), QStringLiteral("The hand tool only looks"));
+        QCOMPARE(tip("&Redo"), QString()); // works with every tool
         world.page.setEditingBlocked(true);
         QVERIFY(!enabled());
     }
@@ -162,23 +179,66 @@ private Q_SLOTS:
         QVERIFY(world.port(0).isEnabled());
     }
 
-    void theStatusBarTellsOfTheSelection()
+    void theStatusBarTellsOfWallSelectionAndCanvas()
     {
         SPageWorld world;
+        world.answers()->layouts[world.a].canvas = QSize(3840, 2160);
+        world.page.reload();
         QWidget &figures = *world.page.statusFigures();
-        figures.resize(figures.sizeHint());
         const auto text = [&figures](const char *name) {
             QCoreApplication::processEvents();
             return figures.findChild<QLabel *>(QLatin1String(name))->text();
         };
-        QCOMPARE(text("StatusSelection"), QString());
-        world.answers()->loads[1] = 90;
-        world.store.updatePortLoad(1, false);
+        const CabinetLayout &wall = world.answers()->layouts[world.a].layout;
+        const QSize size = wall.boundingRect().size();
+        QCOMPARE(text("StatusExtent"),
+                 QStringLiteral("12 cabinets, %1 × %2").arg(size.width()).arg(size.height()));
+        QCOMPARE(text("StatusCanvas"), QStringLiteral("Canvas 3840 × 2160"));
         world.view().onPortClicked(1, true);
-        QVERIFY(text("StatusSelection").startsWith(QLatin1String("4 selected, ")));
-        QCOMPARE(text("StatusPort"), QStringLiteral("Port 2: 90%"));
+        QVERIFY(text("StatusExtent").startsWith(QLatin1String("4 selected, ")));
+        world.scene().backend().operations().remove();
+        QVERIFY(text("StatusExtent").startsWith(QLatin1String("8 cabinets, ")));
+        world.scene().undo(nullptr);
         world.view().clearSelected();
-        QCOMPARE(text("StatusSelection"), QString());
+        QVERIFY(text("StatusExtent").startsWith(QLatin1String("12 cabinets, ")));
+    }
+
+    void aNarrowStatusBarLosesHintCanvasAndCursorInThisOrder()
+    {
+        SPageWorld world;
+        world.answers()->layouts[world.a].canvas = QSize(3840, 2160);
+        world.page.reload();
+        QStatusBar bar;
+        bar.addPermanentWidget(world.page.statusFigures());
+        bar.show();
+        QCoreApplication::processEvents();
+        QTest::mouseMove(world.view().viewport(), QPoint(20, 20));
+        QMouseEvent move(QEvent::MouseMove, QPointF(30, 30), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(world.view().viewport(), &move);
+        QStringList gone;
+        const auto note = [&gone](const char *name, bool seen) {
+            const QString one = QLatin1String(name);
+            if (!seen && !gone.contains(one))
+                gone << one;
+        };
+        auto *hint = bar.findChild<QLabel *>(QStringLiteral("ToolHint"));
+        QVERIFY(hint && !hint->text().isEmpty());
+        for (int width = 1400; width > 200; width -= 8) {
+            bar.resize(width, bar.height());
+            QCoreApplication::processEvents();
+            note("hint", hint->fontMetrics().horizontalAdvance(hint->text()) <= hint->width());
+            for (const char *name : {"StatusExtent", "StatusCanvas", "StatusCursor"})
+                note(name, bar.findChild<QLabel *>(QLatin1String(name))->isVisible());
+        }
+        QCOMPARE(gone.join(QLatin1Char(' ')), QStringLiteral("hint StatusCanvas StatusCursor"));
+        bar.resize(1400, bar.height());
+        bar.showMessage(QStringLiteral("Saved"));
+        QVERIFY(!hint->isVisible());
+        bar.clearMessage();
+        QVERIFY(hint->isVisible());
+        const QString arrow = hint->text();
+        world.view().toolBar().chooseMode(CEditorToolBar::Pen);
+        QVERIFY(hint->text() != arrow);
     }
 
     /// Click, Ctrl+click and selection in the editor; an empty port is chosen, too.

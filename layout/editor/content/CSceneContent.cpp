@@ -9,6 +9,7 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/recording/CGroupEditing.h"
+#include "layout/geometry/CCabinetRect.h"
 #include "platform/graphics/CGraphicsScene.h"
 
 #include <algorithm>
@@ -80,6 +81,7 @@ void CSceneContent::clear()
     m_records.clear();
     m_held.clear();
     m_ports.clear();
+    m_cabinetCount = 0;
     m_processor = QUuid();
     m_canvas = QSize();
     m_scene.forgetItems();
@@ -133,14 +135,18 @@ CGraphicsItemBase *CSceneContent::editedItem(const QUuid &uuid) const
 
 void CSceneContent::enterEdited(CGraphicsItemBase &item)
 {
+    if (item.type() == CabinetItemKind && editedItem(item.uuid()) != &item)
+        ++m_cabinetCount;
     m_scene.enterItem(item.uuid(), item);
 }
 
 void CSceneContent::leaveEdited(CGraphicsItemBase &item)
 {
     item.setSelected(false); // otherwise Qt deselects it without a signal
-    if (item.type() == CabinetItemKind)
+    if (item.type() == CabinetItemKind) {
         static_cast<CGraphicsCabinetItem &>(item).setHighlighted(false);
+        m_cabinetCount -= editedItem(item.uuid()) == &item ? 1 : 0;
+    }
     m_scene.leaveItem(item.uuid());
 }
 
@@ -156,4 +162,12 @@ QRectF CSceneContent::bounds() const
     for (const CGraphicsPortItem *item : m_ports)
         bounds |= item->boundingRect();
     return bounds;
+}
+
+QRect CSceneContent::wall() const
+{
+    QRectF wall;
+    for (const CGraphicsPortItem *item : m_ports)
+        wall |= item->bounds();
+    return CCabinetRect::toRecord(wall);
 }

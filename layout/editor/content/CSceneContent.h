@@ -59,6 +59,9 @@ public:
 
     /// The union of the canvas and all ports.
     QRectF bounds() const;
+    /// The rectangle around all cabinets, and their number. O(ports).
+    QRect wall() const;
+    int cabinetCount() const { return m_cabinetCount; }
 
     /// Returns an ordinal greater than all others.
     qint64 takeOrdinal() { return m_nextOrdinal++; }
@@ -82,6 +85,7 @@ private:
     QUuid m_processor;
     QVector<CGraphicsPortItem *> m_ports;
     int m_pointedOut = NoPort;
+    int m_cabinetCount = 0;
     qint64 m_nextOrdinal = 0;
     CRecordOrder m_order;
     mutable QHash<int, Port> m_records; // by port index

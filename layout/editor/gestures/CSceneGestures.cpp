@@ -91,12 +91,16 @@ void CSceneGestures::beginDrag(const SPress &press)
     m_content.holdCabinets(m_selection.ports());
 }
 
+bool CSceneGestures::isBeyondClick(const QPointF &from, const QPointF &to) const
+{
+    return ((to - from) * viewScale(m_scene)).manhattanLength() >= QApplication::startDragDistance();
+}
+
 void CSceneGestures::continueDrag(const QPointF &scenePos, Qt::KeyboardModifiers keys)
 {
     m_keys = keys;
     if (m_press) {
-        const QPointF way = (scenePos - m_press->place) * viewScale(m_scene);
-        if (way.manhattanLength() < QApplication::startDragDistance())
+        if (!isBeyondClick(m_press->place, scenePos))
             return;
         beginDrag(*std::exchange(m_press, std::nullopt));
     }
@@ -157,14 +161,17 @@ void CSceneGestures::beginStroke(CGraphicsCabinetItem &cabinet, const QPointF &s
 {
     CGraphicsPortItem *port = cabinet.portItem();
     m_scene.clearSelection();
-    if (port && !CRefusal::isTold(m_editing, port))
-        m_stroke = std::make_unique<CPenStroke>(m_editing, m_content, *port, cabinet, scenePos);
+    if (!port || CRefusal::isTold(m_editing, port))
+        return;
+    m_stroke = std::make_unique<CPenStroke>(m_editing, m_content, *port, cabinet, scenePos);
+    m_strokePress = scenePos;
 }
 
 void CSceneGestures::continueStroke(const QPointF &scenePos)
 {
-    if (!m_stroke)
+    if (!m_stroke || (m_strokePress && !isBeyondClick(*m_strokePress, scenePos)))
         return;
+    m_strokePress.reset();
     m_stroke->moveTo(scenePos);
     m_scene.updateViews();
 }

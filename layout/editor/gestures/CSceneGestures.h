@@ -46,6 +46,7 @@ public:
     /// Returns true if the press was a drag, even a cancelled one, and false if it was a click.
     bool endDrag(const QPointF &scenePos);
 
+    // A press wires the cabinet under it; others follow once the mouse has moved farther than a click may.
     void beginStroke(CGraphicsCabinetItem &cabinet, const QPointF &scenePos);
     void continueStroke(const QPointF &scenePos);
     void endStroke(const QPointF &scenePos);
@@ -67,6 +68,8 @@ private:
         int handle;
     };
 
+    /// Whether the mouse has moved farther than a click may.
+    bool isBeyondClick(const QPointF &from, const QPointF &to) const;
     void beginDrag(const SPress &press);
     /// The position, distance or size shown during the drag.
     QString dragNote() const;
@@ -84,6 +87,7 @@ private:
     QPointF m_cursor;             // there
     std::unique_ptr<CItemDrag> m_drag;
     std::unique_ptr<CPenStroke> m_stroke;
+    std::optional<QPointF> m_strokePress; // while the stroke may still be a click
     std::unique_ptr<CRubberBand> m_band;
     bool m_dragCancelled = false;
 };

@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/gestures/CSceneInput.h"
 
+#include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/gestures/CItemLookup.h"
 #include "layout/editor/items/CGraphicsItemBase.h"
 #include "layout/editor/menus/CCabinetMenu.h"
 #include "layout/editor/menus/CCanvasMenu.h"
-#include "layout/editor/scene/CCabinetGraphicsScene.h"
-#include "layout/editor/scene/CSceneBackend.h"
+#include "layout/editor/placing/CScenePlacing.h"
+#include "layout/editor/scene/SInputTargets.h"
+#include "platform/graphics/CGraphicsScene.h"
 
 #include <QCoreApplication>
 #include <QGraphicsSceneContextMenuEvent>
@@ -15,58 +17,58 @@
 #include <QMenu>
 #include <QPointer>
 
-CSceneInput::CSceneInput(CCabinetGraphicsScene &scene)
+CSceneInput::CSceneInput(CGraphicsScene &scene, const SInputTargets &targets, std::function<void()> leave)
     : m_scene(scene)
-    , m_backend(scene.backend())
-    , m_gestures(scene, m_backend.batches(), m_backend.content(), m_backend.selection(), m_backend.recorder())
-    , m_select(scene, m_backend.batches(), m_backend.selection(), *this, m_gestures)
+    , m_edit(targets.edit)
+    , m_toolModes(targets.toolModes)
+    , m_leave(std::move(leave))
+    , m_gestures(scene, targets.editing, m_edit.content, m_edit.selection, targets.recorder)
+    , m_select(scene, targets.editing, m_edit.selection, *this, m_gestures)
     , m_pen(m_gestures)
-    , m_exchange(m_backend.operations(), CExchangeMode::Receiver)
-    , m_directExchange(m_backend.operations(), CExchangeMode::Anywhere)
-    , m_highlight(m_backend.highlights())
-    , m_append(m_backend.placing(), [&scene] { scene.leaveOperation(); })
+    , m_exchange(m_edit.operations, CExchangeMode::Receiver)
+    , m_directExchange(m_edit.operations, CExchangeMode::Anywhere)
+    , m_highlight(targets.highlights)
+    , m_append(m_edit.placing, [this] { m_leave(); })
 {
-    m_backend.setInput(this);
 }
 
 CSceneInput::~CSceneInput()
 {
     m_gestures.cancel();
-    m_backend.setInput(nullptr);
 }
 
 void CSceneInput::cancel()
 {
     m_gestures.cancel();
-    m_backend.placing().cancelPress();
+    m_edit.placing.cancelPress();
 }
 
 bool CSceneInput::isSingleSelection() const
 {
-    return m_backend.selection().count() == 1;
+    return m_edit.selection.count() == 1;
 }
 
 bool CSceneInput::offersHandles() const
 {
-    return isSingleSelection() && m_backend.toolModes().isEmpty();
+    return isSingleSelection() && m_toolModes.isEmpty();
 }
 
 int CSceneInput::handleAt(const QPointF &scenePos) const
 {
     if (!offersHandles())
         return CGraphicsItemBase::NoHandle;
-    return (*m_backend.selection().items().begin())->handleAt(scenePos);
+    return (*m_edit.selection.items().begin())->handleAt(scenePos);
 }
 
 void CSceneInput::beginMove(const QPointF &scenePos, CGraphicsItemBase *joining)
 {
-    if (m_backend.toolModes().isEmpty())
+    if (m_toolModes.isEmpty())
         m_gestures.beginMove(scenePos, joining);
 }
 
 void CSceneInput::beginScale(CGraphicsItemBase &item, int handle, const QPointF &scenePos)
 {
-    if (m_backend.toolModes().isEmpty() && item.canResize())
+    if (m_toolModes.isEmpty() && item.canResize())
         m_gestures.beginScale(item, handle, scenePos);
 }
 
@@ -79,15 +81,15 @@ void CSceneInput::paint(QPainter &painter) const
 
 IMouseMode &CSceneInput::mouseMode()
 {
-    if (m_backend.placing().isAppending())
+    if (m_edit.placing.isAppending())
         return m_append;
-    if (m_backend.toolModes().contains(ToolMode::Highlighting))
+    if (m_toolModes.contains(ToolMode::Highlighting))
         return m_highlight;
-    if (m_backend.toolModes().contains(ToolMode::ManualWiring))
+    if (m_toolModes.contains(ToolMode::ManualWiring))
         return m_pen;
-    if (m_backend.toolModes().contains(ToolMode::HeadToTailExchange))
+    if (m_toolModes.contains(ToolMode::HeadToTailExchange))
         return m_exchange;
-    if (m_backend.toolModes().contains(ToolMode::DirectExchange))
+    if (m_toolModes.contains(ToolMode::DirectExchange))
         return m_directExchange;
     return m_select;
 }
@@ -101,7 +103,7 @@ bool CSceneInput::press(QGraphicsSceneMouseEvent &event)
         event.accept();
         return true;
     }
-    if (event.buttons() == event.button() && !m_backend.placing().isAppending())
+    if (event.buttons() == event.button() && !m_edit.placing.isAppending())
         m_gestures.beginPress();
     return mouseMode().press(event);
 }
@@ -138,8 +140,8 @@ bool CSceneInput::openMenu(QGraphicsSceneContextMenuEvent &event)
         event.accept();
         return true;
     }
-    if (m_backend.placing().isAppending()) {
-        m_scene.leaveOperation(); // here, because the press comes first and must not prevent the menu
+    if (m_edit.placing.isAppending()) {
+        m_leave(); // here, because the press comes first and must not prevent the menu
         event.accept();
         return true;
     }
@@ -147,7 +149,7 @@ bool CSceneInput::openMenu(QGraphicsSceneContextMenuEvent &event)
         return false;
     m_gestures.cancel();
     const QPointer<QMenu> menu = new QMenu(event.widget());
-    CCanvasMenu(*menu, m_backend.targets(), m_commands, event.widget()).fill(event.scenePos());
+    CCanvasMenu(*menu, m_edit, m_commands, event.widget()).fill(event.scenePos());
     menu->exec(event.screenPos());
     delete menu;
     event.accept();
@@ -160,7 +162,7 @@ void CSceneInput::openCabinetMenu(CGraphicsItemBase &item, QWidget *widget, cons
         return;
     m_gestures.cancel();
     const QPointer<QMenu> menu = new QMenu(widget);
-    CCabinetMenu(*menu, m_backend.targets(), m_commands, item, widget).fill();
+    CCabinetMenu(*menu, m_edit, m_commands, item, widget).fill();
     menu->exec(screenPos);
     delete menu;
 }

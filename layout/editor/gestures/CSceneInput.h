@@ -9,18 +9,24 @@
 #include "layout/editor/gestures/CSceneGestures.h"
 #include "layout/editor/gestures/CSelectMode.h"
 #include "layout/editor/scene/ISceneInput.h"
+#include "layout/editor/scene/SEditTargets.h"
+#include "layout/editor/scene/ToolMode.h"
 
-class CCabinetGraphicsScene;
-class CSceneBackend;
+#include <QSet>
+
+#include <functional>
+
+class CGraphicsScene;
 class IEditorCommands;
+struct SInputTargets;
 
 /// Decides who handles the mouse: cabinets that wait to be placed, the rubber band, a menu, or the items of
 /// the scene. GUI thread.
 class CSceneInput final : public ISceneInput
 {
 public:
-    /// Installs itself in @p scene for its lifetime. Must be destroyed before the scene.
-    explicit CSceneInput(CCabinetGraphicsScene &scene);
+    /// Handles the mouse of @p scene, which must outlive it. @p leave ends the mode that is in use.
+    CSceneInput(CGraphicsScene &scene, const SInputTargets &targets, std::function<void()> leave);
     ~CSceneInput() override;
 
     /// Sets what the menus offer beyond edits; null: nothing. The caller keeps ownership.
@@ -54,8 +60,10 @@ public:
     void openCabinetMenu(CGraphicsItemBase &item, QWidget *widget, const QPoint &screenPos) override;
 
 private:
-    CCabinetGraphicsScene &m_scene;
-    CSceneBackend &m_backend;
+    CGraphicsScene &m_scene;
+    const SEditTargets m_edit;
+    const QSet<ToolMode> &m_toolModes;
+    const std::function<void()> m_leave;
     IEditorCommands *m_commands = nullptr;
     CSceneGestures m_gestures;
     CSelectMode m_select;

@@ -31,6 +31,7 @@ CGraphicsCabinetItem::CGraphicsCabinetItem(const Cabinet &cabinetRecord, QGraphi
     record().uuid = uuid();
     record().rank = NoPosition;
     record().calibrationIndex = -1; // the highlight belonged to the previous item
+    record().mappingIndex = -1;     // the host knows the places in the saved mapping
     const QRectF placement = CCabinetRect::fromRecord(cabinetRecord.rect);
     setSize(placement.size());
     setPos(parent ? parent->mapFromScene(placement.topLeft()) : placement.topLeft());
@@ -44,7 +45,7 @@ void CGraphicsCabinetItem::setCabinet(const Cabinet &cabinetRecord)
     record().uuid = previous.uuid;
     record().port = previous.port;
     record().group = previous.group;
-    record().mappingIndex = previous.mappingIndex;
+    record().mappingIndex = -1;
     record().calibrationIndex = previous.calibrationIndex;
     record().rank = m_chainPosition;
     const QRectF placement = CCabinetRect::fromRecord(cabinetRecord.rect);

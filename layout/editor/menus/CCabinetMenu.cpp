@@ -111,11 +111,13 @@ void CCabinetMenu::addParameters()
                      [commands](bool marked) { commands->markCustomCabinets(marked); });
     CEditEntries::add(*parameters, tr("Select the same type"), QStringLiteral(":/Image/Menu/placeholder.svg"),
                       [&picks, uuid = m_clicked.uuid()] { picks.sameType(uuid); });
-    CEditEntries::add(*parameters, tr("Set type..."), QString(),
-                      [commands, parent = m_parent] { commands->chooseType(parent); });
-    CEditEntries::add(
+    QAction *type = CEditEntries::add(*parameters, tr("Set type..."), QString(),
+                                      [commands, parent = m_parent] { commands->chooseType(parent); });
+    CEditEntries::disableIfClosed(*type, selection.closedPort());
+    QAction *save = CEditEntries::add(
         *parameters, tr("Save parameters..."), QString(),
         [commands, &selection, parent = m_parent] { commands->saveParameters(selection.records(), parent); });
+    CEditEntries::disableUnless(*save, commands->connectionRefusal());
     if (m_clicked.type() == CabinetItemKind)
         addFiles(*parameters);
 }
@@ -135,12 +137,11 @@ void CCabinetMenu::addFiles(QMenu &parameters)
     }
     if (!item.isSelected() || m_targets.selection.count() != 1 || item.chainPosition() < 0)
         return;
-    const QString refused = commands->readbackRefusal();
+    const QString refused = commands->connectionRefusal();
     parameters.addSeparator();
     QAction *readback = CEditEntries::add(
         parameters, tr("Readback from connected cabinet..."),
         menuIcon(refused.isEmpty() ? "readback" : "readback_disabled"),
         [commands, cabinet, parent = m_parent] { commands->readBackConfiguration(cabinet, parent); });
-    readback->setEnabled(refused.isEmpty());
-    readback->setToolTip(refused);
+    CEditEntries::disableUnless(*readback, refused);
 }

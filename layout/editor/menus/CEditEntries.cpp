@@ -48,7 +48,11 @@ void CEditEntries::addClearTopology(QMenu &menu, CSceneContent &content, CSceneO
 
 void CEditEntries::disableIfClosed(QAction &entry, const CGraphicsPortItem *port)
 {
-    const QString reason = CRefusal::reason(port);
+    disableUnless(entry, CRefusal::reason(port));
+}
+
+void CEditEntries::disableUnless(QAction &entry, const QString &reason)
+{
     if (reason.isEmpty())
         return;
     entry.setEnabled(false);

@@ -25,6 +25,8 @@ public:
     /// Adds an entry to @p menu that calls @p triggered; @p icon may be empty.
     static QAction *add(QMenu &menu, const QString &text, const QString &icon,
                         const std::function<void()> &triggered);
+    /// Disables @p entry unless @p reason is empty; its tool tip then is that reason.
+    static void disableUnless(QAction &entry, const QString &reason);
     /// Disables @p entry if @p port refuses edits; its tool tip then says why.
     static void disableIfClosed(QAction &entry, const CGraphicsPortItem *port);
     /// Adds "Undo" and "Redo", enabled if there is a step; messages appear over @p parent.

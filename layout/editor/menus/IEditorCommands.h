@@ -25,8 +25,9 @@ public:
     virtual void saveParameters(const QList<Cabinet> &cabinets, QWidget *parent) = 0;
     virtual void showInformation(const QList<Cabinet> &cabinets, QWidget *parent) = 0;
     virtual void exportConfiguration(const Cabinet &cabinet, QWidget *parent) = 0;
-    /// The reason why no configuration can be read back from the processor now; empty if it can.
-    virtual QString readbackRefusal() const = 0;
+    /// The reason why nothing can be sent to the cabinets of the processor in view, or read from them; empty
+    /// if it can.
+    virtual QString connectionRefusal() const = 0;
     virtual void readBackConfiguration(const Cabinet &cabinet, QWidget *parent) = 0;
 
     virtual void setFrameRateAndColorDepth(QWidget *parent) = 0;
@@ -36,7 +37,7 @@ public:
 
     virtual void openTypeLibrary(QWidget *parent) = 0;
     /// Fills the menu whose entries append cabinets to the current port. It stays empty if there is no
-    /// current port that accepts cabinets; if the port is full, a message says so.
+    /// current port that accepts cabinets: the status bar says why, and if the port is full a message.
     virtual void fillAppendMenu(QMenu &menu, QWidget *parent) = 0;
     /// Highlights exactly @p cabinets on the wall. Returns whether the processor accepted that.
     virtual bool highlight(const QList<Cabinet> &cabinets, CabinetHighlight kind, QWidget *parent) = 0;

@@ -81,7 +81,7 @@ CabinetLayout::CabinetPort CPasteContent::placed(const PasteCache &cache, const 
     forEachCopied(port.groups, [&](Port::Cabinet &cabinet) {
         cabinet.uuid = cabinet.group = QUuid();
         cabinet.rect.translate(shift);
-        cabinet.mappingIndex = cabinet.calibrationIndex = -1;
+        cabinet.calibrationIndex = -1;
         cabinet.receivers.clear();
         if (cabinet.rank >= 0)
             wired << &cabinet;

@@ -126,12 +126,21 @@ int CScenePlacing::pendingPort() const
     return m_scene.property(PendingPort).toInt();
 }
 
+QString CScenePlacing::appendRefusal(int port) const
+{
+    const CGraphicsPortItem *item = m_content.portItem(port);
+    if (!item)
+        return tr("No output port is chosen.");
+    return item->isClosed() ? CRefusal::reason(item) : refusal(item->cabinets(nullptr).size(), 1);
+}
+
 void CScenePlacing::beginAppend(const TypeInfo &type, int port, const QSize &size)
 {
     m_editing.cancelGesture();
-    const CGraphicsPortItem *item = m_content.portItem(port);
-    if (!item || CRefusal::isTold(m_editing, item) ||
-        item->cabinets(nullptr).size() >= LayoutLimits::CabinetsPerPort || !LayoutLimits::isCabinetSize(size))
+    const QString refused = appendRefusal(port);
+    if (!refused.isEmpty())
+        m_editing.tell(refused);
+    if (!refused.isEmpty() || !LayoutLimits::isCabinetSize(size))
         return;
     m_scene.setProperty(PendingType, QVariantMap{{TypeKey, QVariant::fromValue(type)}});
     m_scene.setProperty(PendingPort, port);

@@ -47,11 +47,13 @@ public:
 
     /// Whether cabinets wait to be placed.
     bool isAppending() const;
-    /// Makes the next press place cabinets of @p size in @p port; @p type may be empty. Does nothing if the
-    /// port accepts no more cabinets, or if the size is not allowed.
+    /// The reason why nothing can be appended to @p port; empty if something can.
+    QString appendRefusal(int port) const;
+    /// Makes the next press place cabinets of @p size in @p port; @p type may be empty. If the port accepts
+    /// no more cabinets, the status bar says why; a size that is not allowed changes nothing.
     void beginAppend(const TypeInfo &type, int port, const QSize &size);
-    /// Changes the port of the pending append to @p port; ends the append if that port accepts no more
-    /// cabinets.
+    /// Changes the port of the pending append to @p port. If that port accepts no more cabinets, the append
+    /// ends, and the status bar says why.
     void moveAppendTo(int port);
     void endAppend();   ///< no cabinets wait any more
     void cancelPress(); ///< undoes a press; the cabinets wait for the next one

@@ -14,8 +14,7 @@
 #include "layout/editor/operations/CSelectionShape.h"
 #include "layout/editor/placing/CScenePlacing.h"
 #include "layout/editor/recording/CUndoRecorder.h"
-#include "layout/editor/scene/SEditTargets.h"
-#include "layout/editor/scene/ToolMode.h"
+#include "layout/editor/scene/SInputTargets.h"
 
 #include <QSet>
 
@@ -50,6 +49,9 @@ public:
     {
         return {m_states, m_content, m_selection, m_picks, m_history, m_operations, m_placing};
     }
+
+    /// What the mouse needs of them.
+    SInputTargets inputTargets() { return {targets(), m_batches, m_recorder, m_highlights, m_toolModes}; }
 
     /// Installs @p input, which handles mouse events; null: nobody does. The caller keeps ownership.
     void setInput(ISceneInput *input) { m_input = input; }

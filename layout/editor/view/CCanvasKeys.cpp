@@ -57,33 +57,40 @@ QKeySequence pressedKey(const QKeyEvent &event)
     return QKeySequence(event.key() | int(event.modifiers() & ~Qt::KeypadModifier));
 }
 
-} // namespace
-
-bool CCanvasKeys::carryOut(const QKeyEvent &event, const SEditTargets &targets, QWidget *parent)
+const SCanvasKey *plainKey(const QKeyEvent &event)
 {
     const QKeySequence pressed = pressedKey(event);
     const auto key = std::find_if(canvasKeys().begin(), canvasKeys().end(),
                                   [&pressed](const SCanvasKey &k) { return k.key == pressed; });
-    if (key != canvasKeys().end())
+    return key == canvasKeys().end() ? nullptr : &*key;
+}
+
+bool isRedo(const QKeyEvent &event)
+{
+    return event.matches(QKeySequence::Redo) || pressedKey(event) == QKeySequence(Qt::CTRL | Qt::Key_Y);
+}
+
+} // namespace
+
+std::optional<EditKind> CCanvasKeys::kindOf(const QKeyEvent &event)
+{
+    if (plainKey(event) || event.matches(QKeySequence::Paste))
+        return EditKind::Edit;
+    if (event.matches(QKeySequence::Undo) || isRedo(event))
+        return EditKind::History;
+    if (pressedKey(event) == QKeySequence(Qt::CTRL | Qt::Key_T))
+        return EditKind::Tool;
+    return std::nullopt;
+}
+
+void CCanvasKeys::carryOut(const QKeyEvent &event, const SEditTargets &targets, QWidget *parent)
+{
+    if (const SCanvasKey *key = plainKey(event))
         key->edit(targets);
     else if (event.matches(QKeySequence::Undo))
         targets.history.undo(parent);
-    else if (isHistory(event))
+    else if (isRedo(event))
         targets.history.redo(parent);
     else if (event.matches(QKeySequence::Paste))
         targets.placing.paste({}, parent);
-    else
-        return false;
-    return true;
-}
-
-bool CCanvasKeys::isHistory(const QKeyEvent &event)
-{
-    return event.matches(QKeySequence::Undo) || event.matches(QKeySequence::Redo) ||
-           pressedKey(event) == QKeySequence(Qt::CTRL | Qt::Key_Y);
-}
-
-bool CCanvasKeys::isAppend(const QKeyEvent &event)
-{
-    return pressedKey(event) == QKeySequence(Qt::CTRL | Qt::Key_T);
 }

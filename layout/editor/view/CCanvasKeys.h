@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/editor/view/CEditRule.h"
+
+#include <optional>
+
 class QKeyEvent;
 class QWidget;
 struct SEditTargets;
@@ -10,11 +14,9 @@ struct SEditTargets;
 class CCanvasKeys final
 {
 public:
-    /// Carries out the edit assigned to the key; messages appear over @p parent. Returns false if the key has
-    /// none.
-    static bool carryOut(const QKeyEvent &event, const SEditTargets &targets, QWidget *parent);
-    /// Whether the key is undo or redo, which work with every tool.
-    static bool isHistory(const QKeyEvent &event);
-    /// Whether the key opens the menu that appends cabinets.
-    static bool isAppend(const QKeyEvent &event);
+    /// What the key does; nothing if it is none of the canvas.
+    static std::optional<EditKind> kindOf(const QKeyEvent &event);
+    /// Carries out the edit assigned to the key; messages appear over @p parent. A key of another kind does
+    /// nothing.
+    static void carryOut(const QKeyEvent &event, const SEditTargets &targets, QWidget *parent);
 };

@@ -2,12 +2,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/view/CEditorToolBar.h"
 
+#include "layout/editor/view/CEditRule.h"
 #include "platform/widgets/CSvgIcon.h"
 
 #include <QActionGroup>
 #include <QIcon>
 #include <QMenu>
 #include <QToolButton>
+
+#include <optional>
 
 namespace {
 
@@ -25,6 +28,26 @@ QIcon toolIcon(const QString &base)
         .add(base + QStringLiteral("_checked.svg"), QIcon::Normal, QIcon::On)
         .add(base + QStringLiteral("_disabled.svg"), QIcon::Disabled)
         .icon();
+}
+
+/// Nothing for tools that change nothing.
+std::optional<EditKind> kindOf(CEditorToolBar::ETool tool)
+{
+    switch (tool) {
+    case CEditorToolBar::Undo:
+    case CEditorToolBar::Redo:
+        return EditKind::History;
+    case CEditorToolBar::ClearTopology:
+    case CEditorToolBar::Group:
+    case CEditorToolBar::Ungroup:
+        return EditKind::Edit;
+    case CEditorToolBar::Hand:
+    case CEditorToolBar::TypeLibrary:
+    case CEditorToolBar::Navigator:
+        return std::nullopt;
+    default:
+        return EditKind::Tool;
+    }
 }
 
 } // namespace
@@ -70,8 +93,9 @@ void CEditorToolBar::buildUi()
     if (!redoKeys.contains(named))
         redoKeys << named;
     tool(Redo)->setShortcuts(redoKeys);
+    tool(Print)->setData(tr("Print(Ctrl+P)") + QLatin1Char('\n') + tr("Available in a later version"));
     enableTools();
-    tool(Print)->setToolTip(tr("Print(Ctrl+P)") + QLatin1Char('\n') + tr("Available in a later version"));
+    connect(tool(Hand), &QAction::toggled, this, &CEditorToolBar::enableTools);
     chooseMode(Arrow);
 }
 
@@ -92,9 +116,21 @@ void CEditorToolBar::setEditingBlocked(bool blocked)
 
 void CEditorToolBar::enableTools()
 {
-    static const QSet<int> looking = {Hand, TypeLibrary, Navigator};
     for (int tool = 0; tool < ToolCount; ++tool)
-        m_actions.at(tool)->setEnabled(!m_useless.contains(tool) && (!m_blocked || looking.contains(tool)));
+        enableTool(ETool(tool));
+}
+
+void CEditorToolBar::enableTool(ETool tool)
+{
+    QAction *action = m_actions.at(tool);
+    const std::optional<EditKind> kind = kindOf(tool);
+    const QString refused =
+        kind ? CEditRule::refusal(*kind, m_blocked, m_actions.at(Hand)->isChecked()) : QString();
+    action->setEnabled(!m_useless.contains(tool) && refused.isEmpty());
+    if (action->isCheckable())
+        return; // their tips tell which kind of the tool is chosen
+    const QString tip = action->data().toString();
+    action->setToolTip(refused.isEmpty() ? tip : tip + QLatin1Char('\n') + refused);
 }
 
 QToolButton *CEditorToolBar::button(ETool tool) const
@@ -106,6 +142,7 @@ void CEditorToolBar::addTool(ETool tool, const QString &iconBase, const QString 
 {
     QAction *action = addAction(toolIcon(iconBase), toolTip);
     action->setToolTip(toolTip);
+    action->setData(toolTip);
     m_actions << action;
     QToolButton *button = this->button(tool);
     button->setProperty("action", int(tool));

@@ -42,7 +42,8 @@ public:
     void chooseMode(ETool tool) { m_actions.at(tool)->setChecked(true); }
     /// Sets whether there is something for @p tool to do; if not, it is disabled.
     void setUseful(ETool tool, bool useful);
-    /// With @p blocked, disables all tools except those that change nothing.
+    /// With @p blocked, disables all tools except those that change nothing; so does the hand tool with those
+    /// that act at once. Their tool tips say why.
     void setEditingBlocked(bool blocked);
     /// Whether a highlight is shown by the cabinets' LED instead of a flashing box.
     bool isFrameless() const { return m_frameless; }
@@ -59,6 +60,7 @@ private:
     void addHighlightMenu();
     void setFrameless(bool frameless);
     void enableTools();
+    void enableTool(ETool tool);
 
     QVector<QAction *> m_actions;
     QSet<int> m_useless = {Undo, Redo, Group, Ungroup, Print}; // tools with nothing to do

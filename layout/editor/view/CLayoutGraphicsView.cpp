@@ -32,10 +32,11 @@ using Scene = CCabinetGraphicsScene;
 CLayoutGraphicsView::CLayoutGraphicsView(const IPortStates &ports, QWidget *parent)
     : CGraphicsView(parent)
     , m_scene(new CCabinetGraphicsScene(ports, this))
-    , m_input(std::make_unique<CSceneInput>(*m_scene))
+    , m_input(std::make_unique<CSceneInput>(*m_scene, m_scene->backend().inputTargets(),
+                                            [this] { m_scene->leaveOperation(); }))
     , m_shown(*m_scene)
     , m_toolBar(new CEditorToolBar)
-    , m_words(new CStatusWords(*this, *viewport()))
+    , m_words(new CStatusWords(*this))
 {
     buildUi();
     connectTools();
@@ -45,12 +46,14 @@ CLayoutGraphicsView::CLayoutGraphicsView(const IPortStates &ports, QWidget *pare
 
 CLayoutGraphicsView::~CLayoutGraphicsView()
 {
+    m_scene->backend().setInput(nullptr);
     m_input.reset();
     delete m_scene; // while the view can still receive its signals, and before the stacks that it uses
 }
 
 void CLayoutGraphicsView::buildUi()
 {
+    m_scene->backend().setInput(m_input.get());
     setScene(m_scene);
     setAccessibleName(tr("Layout canvas"));
     setToolBar(m_toolBar);
@@ -69,8 +72,10 @@ void CLayoutGraphicsView::connectTools()
 
 void CLayoutGraphicsView::connectScene()
 {
-    connect(m_scene, &Scene::notifyExitCurrentOperate, this,
-            [this] { m_toolBar->chooseMode(isBlocked() ? Bar::Hand : Bar::Arrow); });
+    connect(m_scene, &Scene::notifyExitCurrentOperate, this, [this] {
+        m_toolBar->chooseMode(isBlocked() ? Bar::Hand : Bar::Arrow);
+        Q_EMIT notifyHintChanged();
+    });
     connect(m_scene, &Scene::notifyCanUndoChanged, this, &CLayoutGraphicsView::onNotifyCanUndoChanged);
     connect(m_scene, &Scene::notifyCanRedoChanged, this, &CLayoutGraphicsView::onNotifyCanRedoChanged);
     m_selectionTold.setSingleShot(true);
@@ -103,6 +108,7 @@ void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &process
     aerialView().scheduleRefresh();
     if (another)
         fitContent();
+    Q_EMIT notifyHintChanged();
 }
 
 void CLayoutGraphicsView::clearLayout()
@@ -112,6 +118,7 @@ void CLayoutGraphicsView::clearLayout()
     onNotifyCanUndoChanged(false);
     onNotifyCanRedoChanged(false);
     aerialView().scheduleRefresh();
+    Q_EMIT notifyHintChanged();
 }
 
 void CLayoutGraphicsView::setEditingBlocked(bool blocked)
@@ -169,6 +176,14 @@ void CLayoutGraphicsView::onToolButtonToggled(int id, bool checked)
         SetAerialViewVisible(checked);
     else
         CToolModes::apply(*this, *m_scene, *m_toolBar, isBlocked());
+    Q_EMIT notifyHintChanged();
+}
+
+QString CLayoutGraphicsView::hint() const
+{
+    if (m_shown.processor().isNull())
+        return {};
+    return CToolModes::hint(*m_toolBar, m_scene->backend().placing().isAppending());
 }
 
 void CLayoutGraphicsView::clearTopology()
@@ -190,6 +205,7 @@ void CLayoutGraphicsView::onNotifyAppendCabinet(const TypeInfo &type, int port, 
     m_toolBar->chooseMode(Bar::Arrow);
     m_scene->backend().placing().beginAppend(type, port, size);
     setFocus();
+    Q_EMIT notifyHintChanged();
 }
 
 void CLayoutGraphicsView::openAppendMenu(const QPoint &globalPos)
@@ -207,6 +223,7 @@ void CLayoutGraphicsView::onPortToggled(int port, bool current)
 {
     if (current)
         m_scene->backend().placing().moveAppendTo(port);
+    Q_EMIT notifyHintChanged();
 }
 
 void CLayoutGraphicsView::onPortsChosen(const QVector<int> &ports)
@@ -366,12 +383,28 @@ void CLayoutGraphicsView::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape)
         m_scene->leaveOperation();
-    else if (isBlocked())
+    else if (const std::optional<EditKind> kind = CCanvasKeys::kindOf(*event))
+        pressEditKey(*event, *kind);
+    else
         CGraphicsView::keyPressEvent(event);
-    else if (CCanvasKeys::isAppend(*event))
+}
+
+void CLayoutGraphicsView::pressEditKey(QKeyEvent &event, EditKind kind)
+{
+    const QString refused = refusal(kind);
+    if (!refused.isEmpty()) {
+        CGraphicsView::keyPressEvent(&event); // arrow keys scroll then
+        if (!event.isAccepted())
+            m_words->tell(refused + QLatin1Char('.'));
+        event.accept();
+    } else if (kind == EditKind::Tool) {
         openAppendMenu(QCursor::pos());
-    else if (!isInteractive() && !CCanvasKeys::isHistory(*event)) // no edits in hand mode
-        CGraphicsView::keyPressEvent(event);
-    else if (!CCanvasKeys::carryOut(*event, m_scene->backend().targets(), this))
-        CGraphicsView::keyPressEvent(event);
+    } else {
+        CCanvasKeys::carryOut(event, m_scene->backend().targets(), this);
+    }
+}
+
+QString CLayoutGraphicsView::refusal(EditKind kind) const
+{
+    return CEditRule::refusal(kind, isBlocked(), m_toolBar->tool(Bar::Hand)->isChecked());
 }

@@ -5,6 +5,7 @@
 #include "layout/api/records/LayoutData.h"
 #include "layout/api/records/ProcessorTree.h"
 #include "layout/api/records/SSettings.h"
+#include "layout/editor/view/CEditRule.h"
 #include "layout/editor/view/CShownLayout.h"
 #include "platform/graphics/CGraphicsView.h"
 
@@ -44,6 +45,10 @@ public:
     void clearLayout();
     /// With @p blocked, disables all edits.
     void setEditingBlocked(bool blocked);
+    /// The reason why what is of @p kind is refused now; empty if it is not.
+    QString refusal(EditKind kind) const;
+    /// What the mouse does with the tool in use; empty if nothing is shown.
+    QString hint() const;
 
 Q_SIGNALS:
     /// The ports that hold the selection.
@@ -53,6 +58,7 @@ Q_SIGNALS:
     void notifySelectedCabinetGeometryChanged(const QRect &extent);
     /// From now on steps are recorded on another stack.
     void notifyUndoStackChanged(QUndoStack *stack);
+    void notifyHintChanged();
 
 public Q_SLOTS:
     void onTopologyButtonClicked(int pattern);
@@ -103,6 +109,7 @@ private:
     bool isBlocked() const { return m_blocked || m_backup; }
     void setBlocked(bool byController, bool asBackup);
     void clearTopology();
+    void pressEditKey(QKeyEvent &event, EditKind kind);
     void openAppendMenu(const QPoint &globalPos);
     void highlight();
     void tellSelection();

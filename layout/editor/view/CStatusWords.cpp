@@ -4,27 +4,43 @@
 
 #include <QCoreApplication>
 #include <QStatusTipEvent>
+#include <QTimer>
 #include <QWidget>
 
-CStatusWords::CStatusWords(QWidget &keys, QWidget &mouse)
-    : QObject(&keys)
-    , m_widget(keys)
+namespace {
+
+bool isAction(const QEvent &event)
 {
-    keys.installEventFilter(this);
-    mouse.installEventFilter(this);
+    return event.type() == QEvent::MouseButtonPress || event.type() == QEvent::MouseButtonDblClick ||
+           event.type() == QEvent::KeyPress || event.type() == QEvent::Shortcut;
+}
+
+} // namespace
+
+CStatusWords::CStatusWords(QWidget &widget)
+    : QObject(&widget)
+    , m_widget(widget)
+{
 }
 
 /// As a status tip, which travels up to the window by itself.
 void CStatusWords::tell(const QString &words)
 {
+    if (m_told)
+        QCoreApplication::instance()->removeEventFilter(this);
     m_told = !words.isEmpty();
+    if (m_told) {
+        QCoreApplication::instance()->installEventFilter(this);
+        m_fresh = true;
+        QTimer::singleShot(0, this, [this] { m_fresh = false; });
+    }
     QStatusTipEvent tip(words);
     QCoreApplication::sendEvent(&m_widget, &tip);
 }
 
 bool CStatusWords::eventFilter(QObject *watched, QEvent *event)
 {
-    if (m_told && (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress))
+    if (!m_fresh && isAction(*event))
         tell({});
     return QObject::eventFilter(watched, event);
 }

@@ -7,19 +7,21 @@
 class QString;
 class QWidget;
 
-/// Shows short messages about the last action in the status bar of a widget's window, and removes them when
-/// the next button or key is pressed. GUI thread.
+/// Shows short messages about the last action in the status bar of a widget's window, and removes them with
+/// the next action of any kind: a button or a key pressed anywhere in the program. GUI thread.
 class CStatusWords final : public QObject
 {
 public:
-    /// Watches @p keys, which becomes the parent, and @p mouse.
-    CStatusWords(QWidget &keys, QWidget &mouse);
+    /// @p widget becomes the parent.
+    explicit CStatusWords(QWidget &widget);
 
+    /// An action that is still being handled does not remove them.
     void tell(const QString &words);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     QWidget &m_widget;
-    bool m_told = false; // and not removed yet
+    bool m_told = false;  // and not removed yet
+    bool m_fresh = false; // the action that they are about may still be on its way through the widgets
 };

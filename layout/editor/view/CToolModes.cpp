@@ -34,6 +34,21 @@ void showCursor(QWidget &viewport, const CEditorToolBar &toolBar)
 
 } // namespace
 
+QString CToolModes::hint(const CEditorToolBar &toolBar, bool appending)
+{
+    if (appending)
+        return tr("Click to place one cabinet, drag to place many; Esc ends.");
+    if (toolBar.tool(Bar::Hand)->isChecked())
+        return tr("Drag to move the view.");
+    if (toolBar.tool(Bar::Pen)->isChecked())
+        return tr("Draw from cabinet to cabinet to wire them; Esc ends.");
+    if (toolBar.tool(Bar::HeadToTailExchange)->isChecked())
+        return tr("Click a receiver to reverse the order in its cabinet; Esc ends.");
+    if (toolBar.tool(Bar::Calibrate)->isChecked())
+        return tr("Click a cabinet to highlight it, Ctrl+click for more; Esc ends.");
+    return tr("Drag to move or select; Alt suspends snapping, Shift keeps to one axis.");
+}
+
 void CToolModes::apply(QGraphicsView &view, CCabinetGraphicsScene &scene, CEditorToolBar &toolBar,
                        bool blocked)
 {

@@ -291,9 +291,13 @@ bool CRandomEdits::drawStroke()
     m_world.selectionSignals = 0; // a stroke first takes the selection away, which is told by itself
     for (int i = m_random.bounded(6); i > 0; --i) {
         const bool wild = m_random.bounded(3) == 0;
-        way << (wild ? QPointF(m_random.bounded(600), m_random.bounded(600))
-                     : cabinets.at(m_random.bounded(cabinets.size()))->sceneBoundingRect().center());
-        pen.continueStroke(way.last());
+        const QPointF next =
+            wild ? QPointF(m_random.bounded(600), m_random.bounded(600))
+                 : cabinets.at(m_random.bounded(cabinets.size()))->sceneBoundingRect().center();
+        pen.continueStroke(next);
+        const qreal distance = (next - way.first()).manhattanLength();
+        if (way.size() > 1 || distance >= QApplication::startDragDistance()) // otherwise still a click
+            way << next;
     }
     pen.endStroke(way.last());
     m_scene.backend().setToolMode(ToolMode::ManualWiring, false);

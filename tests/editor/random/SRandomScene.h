@@ -2,10 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/editor/gestures/CSceneInput.h"
-#include "layout/editor/scene/CCabinetGraphicsScene.h"
-#include "layout/editor/scene/CSceneBackend.h"
 #include "tests/editor/CFixedPortStates.h"
+#include "tests/editor/SInstalledInput.h"
 #include "tests/editor/random/CReferenceModel.h"
 
 #include <QRandomGenerator>
@@ -15,7 +13,7 @@ struct SRandomScene
 {
     CFixedPortStates states;
     CCabinetGraphicsScene scene{states};
-    CSceneInput input{scene};
+    SInstalledInput input{scene};
     LayoutData data;            // last loaded into the scene
     CReferenceModel copied;     // what a paste adds
     PasteCache cache;           // the same as records

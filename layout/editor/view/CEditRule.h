@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QCoreApplication>
+
+/// What a key, a menu entry or a button of the editor does.
+enum class EditKind {
+    Edit,    ///< changes, selects or copies what is on the canvas
+    History, ///< undo and redo
+    Tool     ///< takes another tool in hand, as appending does
+};
+
+/// What is possible while the editor is looked at only. Keys, menus and tool bar all ask here.
+class CEditRule final
+{
+    Q_DECLARE_TR_FUNCTIONS(CEditRule)
+
+public:
+    /// The reason why what is of @p kind is refused; empty if it is not. @p blocked: nothing may be edited;
+    /// @p hand: the hand tool is in use.
+    static QString refusal(EditKind kind, bool blocked, bool hand);
+};
