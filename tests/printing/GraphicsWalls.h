@@ -91,6 +91,58 @@ inline SPrintInput inputOf(const SWallKind &kind)
     return input;
 }
 
+/// Tall and square cabinets, a gap, a port around another, a chain with jumps, a cabinet without wiring, and
+/// names that are too long.
+inline SPrintInput irregular()
+{
+    SPrintInput input = inputOf(mediumWall());
+    SPrintInput::RcvTypeInfo tall = input.types.first();
+    const SMD5 square = tall.key;
+    tall.key = SMD5::ofContent("tall");
+    tall.height *= 2;
+    tall.millimetres.rheight() *= 2;
+    input.types.insert(tall.key, tall);
+    SPrintedProcessor &processor = input.processors.first();
+    processor.node.name = QString::fromUtf8("Große Hauptbühne Süd mit sehr langem Namen 主舞台");
+    // Place in half cabinets, and height in cabinets.
+    const QVector<QVector<QRect>> ports = {
+        {{0, 0, 1, 2}, {2, 0, 1, 2}, {4, 0, 1, 2}, {6, 0, 1, 1}, {6, 2, 1, 1}},
+        {{0, 4, 1, 1},
+         {2, 4, 1, 1},
+         {2, 6, 1, 1},
+         {0, 6, 1, 1},
+         {0, 8, 1, 1},
+         {2, 8, 1, 1},
+         {4, 8, 1, 1},
+         {6, 8, 1, 1}},
+        {{4, 4, 1, 1}, {4, 6, 1, 1}},
+        {{6, 4, 1, 2}},
+        {{9, 1, 1, 1},
+         {11, 1, 1, 1},
+         {11, 3, 1, 1},
+         {9, 3, 1, 1},
+         {14, 3, 1, 1},
+         {16, 8, 1, 1},
+         {18, 8, 1, 1}}};
+    processor.layout.ports.clear();
+    for (const QVector<QRect> &cells : ports) {
+        Port port;
+        port.index = processor.layout.ports.size();
+        port.groups.resize(1);
+        for (const QRect &cell : cells) {
+            Port::Cabinet cabinet;
+            cabinet.uuid = QUuid::createUuid();
+            cabinet.type = cell.height() == 2 ? tall.key : square;
+            cabinet.rank = port.groups[0].cabinets.size();
+            cabinet.rect = QRect(cell.x() * 96, cell.y() * 96, 192, cell.height() * 192);
+            port.groups[0].cabinets << cabinet;
+        }
+        processor.layout.ports << port;
+    }
+    processor.layout.ports.last().groups[0].cabinets.last().rank = -1;
+    return input;
+}
+
 inline SPrintPlan planOf(const SPrintInput &input, const PrintConfig &config)
 {
     SPrintJob job;

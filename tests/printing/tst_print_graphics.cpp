@@ -153,6 +153,7 @@ class CPrintGraphicsTest final : public CTestBase
 private Q_SLOTS:
     void showsEachCabinetAndPortOnce_data();
     void showsEachCabinetAndPortOnce();
+    void drawsIrregularWalls();
     void mirrorsPlacesButNoTexts();
     void dividesWhatIsTooSmall();
     void tellsWhereTheChainGoesOn();
@@ -209,6 +210,30 @@ void CPrintGraphicsTest::showsEachCabinetAndPortOnce()
     for (const SPlanProcessor &processor : plan.processors) {
         for (const SPlanPort &port : processor.ports)
             QCOMPARE(numbersOf(sheets, processor.name, port.index), upTo(port.chain.size()));
+    }
+}
+
+void CPrintGraphicsTest::drawsIrregularWalls()
+{
+    for (bool right : {false, true}) {
+        PrintConfig config = configOf(PrintConfig::A4);
+        config.views = PrintConfig::BothViews;
+        config.rack.right = right;
+        const SPrintPlan plan = planOf(irregular(), config);
+        const QVector<SSheet> sheets = drawings(plan);
+        QCOMPARE(sheets.size(), 12);
+        for (const SSheet &sheet : sheets)
+            QVERIFY2(faultOf(sheet).isEmpty(),
+                     qPrintable(sheet.title + QStringLiteral(": ") + faultOf(sheet)));
+        for (int view : {0, 1}) {
+            QCOMPARE(textsOf(sheets[4 + view], EMark::PortName).size(), 3); // around port 2: 1, 3 and 4
+            QCOMPARE(textsOf(sheets[6 + view], EMark::PortName).size(), 3); // around port 3: 1, 2 and 4
+            QVERIFY(textsOf(sheets[6 + view], EMark::Tag).contains(QStringLiteral("START")));
+            const QStringList numbers = textsOf(sheets[10 + view], EMark::CabinetNumber);
+            QCOMPARE(numbers.size(), 7);
+            QCOMPARE(numbers.last(), QStringLiteral("–"));
+            QVERIFY(textsOf(sheets[10 + view], EMark::PortName).isEmpty());
+        }
     }
 }
 

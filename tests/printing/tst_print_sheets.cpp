@@ -155,7 +155,8 @@ private Q_SLOTS:
                 QVERIFY2(isWithin(sheet.frame, extentOf(mark)), qPrintable(what));
                 QVERIFY2(!text || text->points >= 7, qPrintable(what));
             }
-            QVERIFY2(touchingTexts(sheet).isEmpty(), qPrintable(sheet.title + QStringLiteral(": ") + touchingTexts(sheet)));
+            QVERIFY2(touchingTexts(sheet).isEmpty(),
+                     qPrintable(sheet.title + QStringLiteral(": ") + touchingTexts(sheet)));
         }
     }
 

@@ -21,8 +21,9 @@ constexpr double ThinHop = 0.5;
 constexpr double HopEdge = 0.5;      // white beside a hop
 constexpr double ArrowSide = 4;      // of a cabinet with an arrow a hop
 constexpr double RunArrowSide = 1.5; // of one with an arrow a straight run
+constexpr double BorderSide = 3;     // of a cabinet with borders
 constexpr double FinestHop = 0.25;
-constexpr double PlateShare = 0.6; // of a port's width and height, on small cabinets
+constexpr double PlateShare = 0.5; // of a port's width and height, on small cabinets
 constexpr double PlatePadding = 1;
 constexpr double PlateBorder = 0.35;
 constexpr double EndNumberPoints = 7.5;
@@ -89,7 +90,7 @@ void COverviewDrawing::drawPorts(SSheet &sheet) const
         DrawnMarks::fill(sheet, area, m_wall.fill(*port), m_wall.hatching(port->index));
         borders.addPath(area);
     }
-    if (m_side >= RunArrowSide) // smaller, the lines would be all that is seen
+    if (m_side >= BorderSide) // smaller, the lines would be all that is seen
         sheet.marks << SSheetStroke{borders, ThinCabinet, CabinetBorder, {}, 0};
     DrawnMarks::lines(sheet, m_placing.map(CWall::joined(outlines)), PortOutline);
     DrawnMarks::lines(sheet, m_placing.map(CWall::joined(edges)), WallEdge);

@@ -107,7 +107,9 @@ SPlacing COverviewSheets::placing(const SWallPart &part, bool back) const
 
 QString COverviewSheets::summary(int part, int parts) const
 {
-    QString text = tr("%1 ports, %2 cabinets").arg(m_wall.ports().size()).arg(m_wall.cabinets().size());
+    QString text =
+        tr("%1 ports, %2 cabinets")
+            .arg(SheetNumbers::whole(m_wall.ports().size()), SheetNumbers::whole(m_wall.cabinets().size()));
     const auto &cabinets = m_wall.cabinets();
     const int type = cabinets.isEmpty() ? -1 : cabinets.first().type;
     if (std::all_of(cabinets.begin(), cabinets.end(),

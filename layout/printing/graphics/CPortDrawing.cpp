@@ -29,6 +29,16 @@ constexpr double BeyondBorder = 0.77; // of an arrow head
 const QVector<qreal> JumpDashes{4, 1.2, 0.8, 1.2};
 const QColor Shared(0xe2, 0xe2, 0xe2);
 
+/// Of the disc at the start, and half of the square at the end.
+double startRadius(double side)
+{
+    return std::max(1.2, std::min(2.6, side * 0.12));
+}
+double endHalf(double side)
+{
+    return std::max(1.0, std::min(2.2, side * 0.1));
+}
+
 QRectF around(const QPointF &centre, double half)
 {
     return QRectF(centre - QPointF(half, half), QSizeF(2 * half, 2 * half));
@@ -178,7 +188,7 @@ void CPortDrawing::drawCabinets(SSheet &sheet) const
 
 double CPortDrawing::arrowLength() const
 {
-    return std::max(1.5, std::min(4.4, m_view.shortestSide() * 0.25));
+    return std::max(1.5, std::min(4.4, m_view.shortestSide() * 0.2));
 }
 
 QPolygonF CPortDrawing::arrowOf(const SHop &hop) const
@@ -228,9 +238,9 @@ void CPortDrawing::drawMarks(SSheet &sheet)
             continue;
         const QPointF centre = m_view.rect(cabinet).center();
         if (place == 0)
-            m_obstacles << around(centre, std::min(2.6, side * 0.2));
+            m_obstacles << around(centre, startRadius(side));
         else if (place + 1 == m_view.port.chain.size())
-            m_obstacles << around(centre, std::min(2.2, side * 0.17) + 0.45);
+            m_obstacles << around(centre, endHalf(side) + 0.45);
         else
             dots.addEllipse(centre, dot, dot);
     }
@@ -238,10 +248,10 @@ void CPortDrawing::drawMarks(SSheet &sheet)
     if (m_view.hasEnd()) {
         const QPointF centre = m_view.rect(m_view.port.chain.last()).center();
         const bool alone = m_view.port.chain.size() == 1;
-        DrawnMarks::box(sheet, around(centre, std::min(2.2, side * 0.17) + (alone ? 1 : 0)), Qt::white, 0.9);
+        DrawnMarks::box(sheet, around(centre, endHalf(side) + (alone ? 1 : 0)), Qt::white, 0.9);
     }
     if (m_view.hasStart())
-        DrawnMarks::disc(sheet, m_view.rect(m_view.port.chain.first()).center(), std::min(2.6, side * 0.2));
+        DrawnMarks::disc(sheet, m_view.rect(m_view.port.chain.first()).center(), startRadius(side));
 }
 
 QVector<SCabinetTag> CPortDrawing::tagsOf(int cabinet) const

@@ -155,7 +155,7 @@ void CPortFeed::connectToBox(SCable &cable) const
 
 double CPortFeed::arrowLength() const
 {
-    return std::max(1.5, std::min(5.0, m_view.shortestSide() * 0.3));
+    return std::max(1.5, std::min(5.0, m_view.shortestSide() * 0.2));
 }
 
 QVector<QRectF> CPortFeed::obstacles() const

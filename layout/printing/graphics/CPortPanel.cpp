@@ -21,7 +21,8 @@ using SheetMarks::TablePoints;
 // Millimetres.
 constexpr double HeadingHeight = 7;
 constexpr double MapHeight = 32;
-constexpr double LowMapHeight = 18; // above the others
+constexpr double HighestMap = 60;
+constexpr double LowestMap = 18; // above the others
 constexpr double CaptionHeight = 6;
 constexpr double FactStep = 4.7;
 constexpr double FactsBottom = 2;
@@ -44,9 +45,10 @@ QString known(const QString &text, bool complete)
 
 } // namespace
 
-CPortPanel::CPortPanel(const CWall &wall, const SPlanPort &port)
+CPortPanel::CPortPanel(const CWall &wall, const SPlanPort &port, double besideHeight)
     : m_wall(wall)
     , m_port(port)
+    , m_besideHeight(besideHeight)
 {
     using namespace SheetNumbers;
     const SPlanTotals &totals = port.totals;
@@ -146,9 +148,13 @@ double CPortPanel::heightOf(Block block, double width, bool low) const
 {
     switch (block) {
     case Map: {
+        double highest = MapHeight;
+        if (low)
+            highest = std::max(LowestMap, m_besideHeight - HeadingHeight - CaptionHeight - 2 * BlockGap -
+                                              heightOf(Facts, width, low) - heightOf(Signs, width, low));
         const QSizeF wall = m_wall.bounds().size();
         return HeadingHeight + CaptionHeight +
-               std::min(low ? LowMapHeight : MapHeight, width * wall.height() / wall.width());
+               std::min({highest, HighestMap, width * wall.height() / wall.width()});
     }
     case Facts:
         return HeadingHeight + factLines(width) * FactStep + FactsBottom;

@@ -17,7 +17,8 @@ class CPortPanel final
 public:
     static constexpr double BesideWidth = 84;
 
-    CPortPanel(const CWall &wall, const SPlanPort &port);
+    /// @p besideHeight is the room beside a drawing, which the map fills.
+    CPortPanel(const CWall &wall, const SPlanPort &port, double besideHeight);
 
     /// How high it is in @p width.
     double height(double width) const;
@@ -36,7 +37,7 @@ private:
     Columns columns(double width) const;
     static int countOf(double width);
     int factLines(double width) const;
-    /// @p low: the map is above the others and makes room for them.
+    /// @p low: the map is above the others and leaves room for them.
     double heightOf(Block block, double width, bool low) const;
     void drawMap(SSheet &sheet, const QRectF &area, const QVector<int> &black) const;
     void drawFacts(SSheet &sheet, const QRectF &area) const;
@@ -46,6 +47,7 @@ private:
 
     const CWall &m_wall;
     const SPlanPort &m_port;
+    const double m_besideHeight;
     QVector<QPair<QString, QString>> m_facts;
     QVector<QPair<QString, QString>> m_signs; ///< sign and meaning; an empty sign continues the one before
 };

@@ -137,7 +137,7 @@ CResult<QVector<SSheet>> CPortSheets::sheets(int first) const
 {
     QVector<SSheet> all;
     for (const SPlanPort *port : m_wall.ports()) {
-        const CPortPanel panel(m_wall, *port);
+        const CPortPanel panel(m_wall, *port, m_area.content.height() - TitleHeight);
         const SDivision divided = division(*port, panel);
         if (divided.parts.isEmpty())
             return CResult<QVector<SSheet>>::failure(

@@ -92,10 +92,14 @@ public:
         const double points = large ? PlacePoints : CaptionPoints;
         const double step = DrawnMarks::room({}, points, false).height() * LabelStep;
         const double base = m_inner.bottom();
-        const bool hasType = addAbove(base - step, m_inner.left(), m_labels.type,
-                                      large ? TypePoints : PlacePoints, true, EMark::CabinetType);
-        if (hasType || m_labels.type.isEmpty())
-            addAbove(base, m_inner.left(), m_labels.place, points, false, EMark::CabinetPlace);
+        const double typePoints = large ? TypePoints : PlacePoints;
+        const double left = m_inner.left();
+        if (addAbove(base - step, left, m_labels.type, typePoints, true, EMark::CabinetType)) {
+            addAbove(base, left, m_labels.place, points, false, EMark::CabinetPlace);
+        } else if (addAbove(base, left, m_labels.type, typePoints, true, EMark::CabinetType)) { // in one line
+            const double width = DrawnMarks::room(m_labels.type, typePoints, true).width();
+            addAbove(base, left + width + 2 * LabelGap, m_labels.place, points, false, EMark::CabinetPlace);
+        }
         if (large)
             placePixel(points, step);
     }
