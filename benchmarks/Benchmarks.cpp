@@ -20,6 +20,7 @@ const QVector<SBenchmark> &Benchmarks::all()
         {"B13", "growth from a tenth to the full size", measureGrowth},
         {"B13", "growth of edits from a tenth to the full size", measureEditGrowth},
         {"B14", "the slowest frame while the mouse works", measureGestures},
+        {"B15", "a PDF of all sheets of a wall", measurePrint},
     };
     return table;
 }

@@ -41,6 +41,7 @@ void measureStart();
 void measureGrowth();
 void measureEditGrowth();
 void measureGestures();
+void measurePrint();
 
 int memoryOfEditor(int argc, char **argv);
 int memoryOfUndo(int argc, char **argv);

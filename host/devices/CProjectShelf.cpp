@@ -163,6 +163,7 @@ CProjectShelf::Opened CProjectShelf::put(const SProcessorProject &project, const
     device.settings.background = project.background;
     device.settings.background.processor = device.node.uuid;
     device.savedSettings = device.settings;
+    device.print = project.print;
     device.takeLayout(project.layout);
     device.takeSaved(saved);
     m_table.put(device);
@@ -180,6 +181,7 @@ SProcessorProject CProjectShelf::projectOf(const SDevice &device)
     project.frameRate = device.settings.frameRate;
     project.colorDepth = device.settings.colorDepth;
     project.background = device.settings.background;
+    project.print = device.print;
     project.layout = device.working.layout();
     project.layout.processor = device.node.uuid;
     return project;

@@ -4,6 +4,7 @@
 
 #include "host/projects/CStrictFile.h"
 #include "host/projects/CWallBuilder.h"
+#include "layout/api/records/CPrintConfigJson.h"
 #include "layout/api/records/CRecordJson.h"
 #include "layout/api/records/LayoutLimits.h"
 #include "platform/json/CStrictObject.h"
@@ -12,8 +13,9 @@
 
 namespace {
 
+// There is no version 3: one flipped bit would turn its digit into that of an older version.
 constexpr SFileFormat processorFormat{"orvo-processor-project",
-                                      QT_TRANSLATE_NOOP("SFileFormat", "a processor project"), 2};
+                                      QT_TRANSLATE_NOOP("SFileFormat", "a processor project"), 4};
 constexpr int LongestName = 256;
 
 /// Stores the first error of a part and returns its value.
@@ -42,6 +44,8 @@ SProcessorProject readProject(const QJsonObject &body, QString &error)
     project.frameRate = object.smallInteger("frameRate", 1, 1000);
     project.colorDepth = object.smallInteger("colorDepth", 1, 64);
     project.background = partOf(CRecordJson::background(object.value("background"), "background"), error);
+    if (object.has("print"))
+        project.print = partOf(CPrintConfigJson::config(object.value("print"), "print"), error);
     project.layout = partOf(CRecordJson::layout(object.value("layout"), "layout"), error);
     object.finish();
     return project;
@@ -53,7 +57,7 @@ bool operator==(const SProcessorProject &a, const SProcessorProject &b)
 {
     const auto tied = [](const SProcessorProject &p) {
         return std::tie(p.name, p.kind, p.portCount, p.canvas, p.offset, p.frameRate, p.colorDepth,
-                        p.background, p.layout);
+                        p.background, p.print, p.layout);
     };
     return tied(a) == tied(b);
 }
@@ -90,6 +94,9 @@ CStatus CProcessorProject::write(const QString &file, const SProcessorProject &p
             body.insert(QStringLiteral("offsetX"), project.offset.x());
             body.insert(QStringLiteral("offsetY"), project.offset.y());
         }
+        const QJsonObject print = CPrintConfigJson::toJson(project.print);
+        if (!print.isEmpty())
+            body.insert(QStringLiteral("print"), print);
         return body;
     });
 }

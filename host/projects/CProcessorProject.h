@@ -3,6 +3,7 @@
 #pragma once
 
 #include "layout/api/records/CabinetLayout.h"
+#include "layout/api/records/PrintConfig.h"
 #include "layout/api/records/SBackgroundInfo.h"
 #include "platform/common/CResult.h"
 
@@ -23,6 +24,7 @@ struct SProcessorProject
     int frameRate = 60; ///< hertz
     int colorDepth = 8; ///< bits
     SBackgroundInfo background;
+    PrintConfig print;    ///< of its plans; without processor and date
     CabinetLayout layout; ///< with the processor's identity
 
     /// The project of a wall; @p layout is the one built from @p plan, whose ports are all in use.

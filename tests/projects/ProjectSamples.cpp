@@ -17,6 +17,37 @@ SProcessorProject ProjectSamples::ofWall(CWallBuilder::Wall wall)
     return project;
 }
 
+namespace {
+
+PrintConfig printSettings()
+{
+    PrintConfig config;
+    config.project = QStringLiteral("S\u00fcdkurve");
+    config.venue = QStringLiteral("Pier 3");
+    config.designer = QStringLiteral("H. Weber");
+    config.auditor = QStringLiteral("J. Lindqvist");
+    config.notes = QStringLiteral("first\nsecond");
+    config.watermark = QStringLiteral("DRAFT");
+    config.farEnd = QStringLiteral("B (192.168.10.32)");
+    config.paper = PrintConfig::CustomPaper;
+    config.customPaper = {400.5, 300};
+    config.landscape = false;
+    config.binding = PrintConfig::BindTop;
+    config.bindingMargin = 25.5;
+    config.margin = 5;
+    config.views = PrintConfig::BothViews;
+    config.scale = 25;
+    config.grey = true;
+    config.sheets = PrintConfig::Cover | PrintConfig::PartsList;
+    config.pixelPitch = 3.9;
+    config.rack = {true, 1, 2};
+    config.cables = {3, 4, {5, 60}, 7};
+    config.supply = {110, 2, 32, 70};
+    return config;
+}
+
+} // namespace
+
 SProcessorProject ProjectSamples::withEverything()
 {
     Port::Cabinet cabinet;
@@ -64,6 +95,7 @@ SProcessorProject ProjectSamples::withEverything()
     project.colorDepth = 12;
     project.background = {true,         QStringLiteral("/pictures/a.png"), 80, 40,
                           cabinet.uuid, SBackgroundInfo::ZoomToFit};
+    project.print = printSettings();
     project.layout.processor = QUuid::createUuidV5(QUuid(), QStringLiteral("processor"));
     project.layout.ports = {port};
     return project;

@@ -126,6 +126,7 @@ private Q_SLOTS:
         row("export WALL OUT.pdf --front --back", 2, "--front and --back contradict");
         row("export WALL OUT.pdf --paper 100x100", 1, "too small");
         row("export WALL OUT.pdf --designer \uE000", 1, "no font for the letters");
+        row("export WALL OUT.png --keep", 2, "name those with --sheets");
         row("export WALL NOWHERE/OUT.pdf", 1, "OUT.pdf\" cannot be written");
         row("export WALL OUT.png --size 16384x16384", 2, "at most");
         row("export MISSING.sprj OUT.png", 1, "MISSING.sprj\" cannot be read");
@@ -217,6 +218,34 @@ private Q_SLOTS:
         QVERIFY(ProjectSamples::contentOf(path("sheet.svg")).contains(">Parts list<"));
         QCOMPARE(run("wall.svg", "--size 512x128").status, 0);
         QVERIFY(ProjectSamples::contentOf(path("wall.svg")).contains("viewBox=\"0 0 512 128\""));
+    }
+
+    void keepsSettingsInProjects()
+    {
+        const QString left = path("left.sprj");
+        const QString right = path("right.sprj");
+        runHere(newArguments(left));
+        runHere(newArguments(right));
+        const auto plan = [&](const char *options) {
+            return runHere(QStringList{QStringLiteral("export"), left, right, path("both.pdf")} +
+                           QString::fromLatin1(options).split(QLatin1Char(' ')));
+        };
+        QCOMPARE(plan("--date 2026-05-04 --paper A3 --designer Weber").status, 0);
+        QCOMPARE(CProcessorProject::read(left).value().print, PrintConfig());
+        QCOMPARE(plan("--date 2026-05-04 --paper A3 --designer Weber --keep").errors, QString());
+        const QByteArray content = ProjectSamples::contentOf(path("both.pdf"));
+        const PrintConfig config = CProcessorProject::read(right).value().print;
+        QCOMPARE(config.designer, QStringLiteral("Weber"));
+        QCOMPARE(config.paper, PrintConfig::A3);
+        QVERIFY(!config.date.isValid());
+        plan("--date 2026-05-04");
+        QVERIFY(ProjectSamples::contentOf(path("both.pdf")) == content);
+        SProcessorProject other = CProcessorProject::read(right).value();
+        other.print.paper = PrintConfig::A4; // one processor's own
+        QVERIFY(CProcessorProject::write(right, other));
+        plan("--date 2026-05-04");
+        const QByteArray mixed = ProjectSamples::contentOf(path("both.pdf"));
+        QVERIFY(mixed.contains("/MediaBox [0 0 1191") && mixed.contains("/MediaBox [0 0 842"));
     }
 
     void helpNamesEveryOption()

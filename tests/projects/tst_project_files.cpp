@@ -184,7 +184,7 @@ private Q_SLOTS:
         project.layout.ports.resize(1);
         QVERIFY(CProcessorProject::write(file, project));
         const QByteArray content = ProjectSamples::contentOf(file);
-        const SFileFormat format{"orvo-processor-project", "a processor project", 2};
+        const SFileFormat format{"orvo-processor-project", "a processor project", 4};
         QVERIFY(CStrictFile::decode(content, format, file));
         for (int length = 0; length < content.size(); ++length) {
             const QString refusal = refusalOf(content.left(length));
@@ -218,7 +218,7 @@ private Q_SLOTS:
         };
         const auto ports = [](const QByteArray &list) { return sealed(bodyWithPorts("[" + list + "]")); };
         row("", "is empty");
-        row(sealed("{}", 3), "newer version");
+        row(sealed("{}", 5), "newer version");
         row(CStrictFile::encode({"orvo-port-project", "a port project", 1}, {}), "\"orvo-port-project\"");
         row(sealed(R"({"name":"a","name":"b"})"), "line 2, column 13: the member \"name\" occurs twice");
         row(sealed(R"({"name":"a","n\u0061me":"b"})"), "line 2, column 15");

@@ -18,6 +18,7 @@ namespace {
 const QString sizeOption = QStringLiteral("--size");
 const QString dotsOption = QStringLiteral("--dpi");
 const QString sheetsOption = QStringLiteral("--sheets");
+const QString keepOption = QStringLiteral("--keep");
 constexpr int FewestDots = 30;
 constexpr int MostDots = 600;
 
@@ -76,17 +77,61 @@ SCommandOutcome exportLayout(const SProcessorProject &project, const QString &ta
     return {};
 }
 
-SCommandOutcome exportSheets(const QVector<SProcessorProject> &projects, PrintConfig config,
+/// Without what no file keeps.
+PrintConfig kept(PrintConfig config)
+{
+    config.processor = QUuid();
+    config.date = QDate();
+    return config;
+}
+
+/// The settings of the first project for the whole job, and those of each project that has some, changed by
+/// the options.
+SPrintJob jobOf(const QVector<SProcessorProject> &projects, const CCommandArguments &arguments)
+{
+    const auto changed = [&arguments](PrintConfig config) {
+        CPrintOptions::apply(arguments, config);
+        if (!config.date.isValid())
+            config.date = QDate::currentDate();
+        return config;
+    };
+    SPrintJob job;
+    job.whole = changed(projects.first().print);
+    for (const SProcessorProject &project : projects) {
+        if (project.print != PrintConfig())
+            job.own.insert(project.layout.processor, changed(project.print));
+    }
+    return job;
+}
+
+/// Writes the settings into the projects. Returns what went wrong; empty: nothing.
+QString keepSettings(QVector<SProcessorProject> projects, const CCommandArguments &arguments,
+                     const SPrintJob &job)
+{
+    for (int i = 0; i < projects.size(); ++i) {
+        SProcessorProject &project = projects[i];
+        const PrintConfig settings = kept(job.of(project.layout.processor));
+        if (settings == project.print)
+            continue;
+        project.print = settings;
+        const CStatus written = CProcessorProject::write(arguments.file(i), project);
+        if (!written)
+            return written.error();
+    }
+    return {};
+}
+
+SCommandOutcome exportSheets(const QVector<SProcessorProject> &projects, const CCommandArguments &arguments,
                              const QString &target, int dots, QTextStream &out)
 {
-    if (!config.date.isValid())
-        config.date = QDate::currentDate();
-    const auto names = CSheetExport::write(CSheetExport::inputOf(projects), config, target, dots);
+    const SPrintJob job = jobOf(projects, arguments);
+    const auto names = CSheetExport::write(CSheetExport::inputOf(projects), job, target, dots);
     if (!names)
         return SCommandOutcome::badInput(names.error());
     for (const QString &name : names.value())
         out << name << '\n';
-    return {};
+    const QString error = arguments.has(keepOption) ? keepSettings(projects, arguments, job) : QString();
+    return error.isEmpty() ? SCommandOutcome() : SCommandOutcome::badInput(error);
 }
 
 } // namespace
@@ -101,15 +146,18 @@ QString CExportCommand::help()
               "  --size WxH              pixels (1920 wide)\n"
               "Sheets:\n"
               "%1"
-              "  --dpi N                 dots per inch of sheets as .png (%2)\n")
+              "  --dpi N                 dots per inch of sheets as .png (%2)\n"
+              "  --keep                  keeps these settings, but not the date, in the projects, for the "
+              "next plan\n")
         .arg(CPrintOptions::help())
         .arg(CSheetExport::UsualDots);
 }
 
 SCommandOutcome CExportCommand::run(const QStringList &arguments, QTextStream &out)
 {
-    const auto parsed = CCommandArguments::parse(
-        arguments, QStringList{sizeOption, dotsOption} + CPrintOptions::names(), CPrintOptions::flags(), 2);
+    const auto parsed =
+        CCommandArguments::parse(arguments, QStringList{sizeOption, dotsOption} + CPrintOptions::names(),
+                                 CPrintOptions::flags() << keepOption, 2);
     if (!parsed)
         return SCommandOutcome::usage(parsed.error());
     const CCommandArguments &given = parsed.value();
@@ -123,9 +171,9 @@ SCommandOutcome CExportCommand::run(const QStringList &arguments, QTextStream &o
     int dots = CSheetExport::UsualDots;
     if (given.has(dotsOption) && error.isEmpty())
         dots = given.number(dotsOption, FewestDots, MostDots, error);
-    PrintConfig config;
+    PrintConfig tried;
     if (error.isEmpty())
-        error = CPrintOptions::apply(given, config);
+        error = CPrintOptions::apply(given, tried);
     if (!error.isEmpty())
         return SCommandOutcome::usage(error);
 
@@ -137,6 +185,6 @@ SCommandOutcome CExportCommand::run(const QStringList &arguments, QTextStream &o
         projects << project.value();
     }
     if (areSheets(given, QFileInfo(target).suffix().toLower()))
-        return exportSheets(projects, config, target, dots, out);
+        return exportSheets(projects, given, target, dots, out);
     return exportLayout(projects.first(), target, size, out);
 }

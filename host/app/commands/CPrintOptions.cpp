@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/commands/CPrintOptions.h"
 
+#include "layout/api/records/CPrintConfigJson.h"
+
 #include <QLocale>
 #include <QMap>
 
@@ -47,9 +49,11 @@ bool readMillimetres(const QString &value, double minimum, double maximum, doubl
 
 bool readText(const QString &value, QString &text)
 {
-    constexpr int Longest = 2000;
+    // One line: what holds several is broken where it is shown.
+    if (std::any_of(value.begin(), value.end(), [](QChar c) { return c.category() == QChar::Other_Control; }))
+        return false;
     text = value;
-    return value.size() <= Longest;
+    return value.size() <= CPrintConfigJson::LongestText;
 }
 
 bool readPaper(const QString &value, PrintConfig &config)
@@ -64,8 +68,8 @@ bool readPaper(const QString &value, PrintConfig &config)
     const QStringList sides = value.split(QLatin1Char('x'));
     double width = 0;
     double height = 0;
-    if (sides.size() != 2 || !readMillimetres(sides.first(), 1, 5000, width) ||
-        !readMillimetres(sides.last(), 1, 5000, height))
+    if (sides.size() != 2 || !readMillimetres(sides.first(), 1, CPrintConfigJson::LargestSide, width) ||
+        !readMillimetres(sides.last(), 1, CPrintConfigJson::LargestSide, height))
         return false;
     config.paper = PrintConfig::CustomPaper;
     config.customPaper = {width, height};
@@ -98,7 +102,8 @@ bool readScale(const QString &value, PrintConfig &config)
         config.scale = 0;
         return true;
     }
-    return value.startsWith(QLatin1String("1:")) && readNumber(value.mid(2), 1, 1000, config.scale);
+    return value.startsWith(QLatin1String("1:")) &&
+           readNumber(value.mid(2), 1, CPrintConfigJson::LargestScale, config.scale);
 }
 
 bool readBinding(const QString &value, PrintConfig &config)
@@ -119,30 +124,30 @@ bool readRack(const QString &value, PrintConfig &config)
     const QStringList parts = value.split(QLatin1Char(','));
     config.rack.right = parts.first() == QLatin1String("right");
     return parts.size() == 3 && (config.rack.right || parts.first() == QLatin1String("left")) &&
-           readNumber(parts.at(1), 0, 1000000, config.rack.distance) &&
-           readNumber(parts.at(2), 0, 1000000, config.rack.lowerEdge);
+           readNumber(parts.at(1), 0, CPrintConfigJson::LargestDistance, config.rack.distance) &&
+           readNumber(parts.at(2), 0, CPrintConfigJson::LargestDistance, config.rack.lowerEdge);
 }
 
 bool readSlack(const QString &value, PrintConfig &config)
 {
     const QStringList parts = value.split(QLatin1Char(','));
-    return parts.size() == 2 && readNumber(parts.first(), 0, 100000, config.cables.hopSlack) &&
-           readNumber(parts.last(), 0, 100000, config.cables.feedSlack);
+    return parts.size() == 2 &&
+           readNumber(parts.first(), 0, CPrintConfigJson::LargestSlack, config.cables.hopSlack) &&
+           readNumber(parts.last(), 0, CPrintConfigJson::LargestSlack, config.cables.feedSlack);
 }
 
 bool readStock(const QString &value, PrintConfig &config)
 {
-    constexpr int MostLengths = 20;
     QVector<int> stock;
     for (const QString &part : value.split(QLatin1Char(','))) {
         int metres = 0;
-        if (!readNumber(part, 1, 10000, metres) || stock.contains(metres))
+        if (!readNumber(part, 1, CPrintConfigJson::LongestStock, metres) || stock.contains(metres))
             return false;
         stock << metres;
     }
     std::sort(stock.begin(), stock.end());
     config.cables.stock = stock;
-    return stock.size() <= MostLengths;
+    return stock.size() <= CPrintConfigJson::MostLengths;
 }
 
 bool readSupply(const QString &value, PrintConfig &config)
@@ -167,9 +172,9 @@ constexpr SPrintOption printOptions[] = {
      [](const QString &, PrintConfig &config) { config.landscape = false; return true; }},
     {"--binding", "EDGE", "the edge that is bound: left, top or none (left)", readBinding},
     {"--binding-margin", "MM", "free at that edge (20)",
-     [](const QString &value, PrintConfig &config) { return readMillimetres(value, 0, 100, config.bindingMargin); }},
+     [](const QString &value, PrintConfig &config) { return readMillimetres(value, 0, CPrintConfigJson::LargestMargin, config.bindingMargin); }},
     {"--margin", "MM", "free at the other edges (10)",
-     [](const QString &value, PrintConfig &config) { return readMillimetres(value, 0, 100, config.margin); }},
+     [](const QString &value, PrintConfig &config) { return readMillimetres(value, 0, CPrintConfigJson::LargestMargin, config.margin); }},
     {"--front", nullptr, "the wall as seen from the front (so it is without it)",
      [](const QString &, PrintConfig &config) { config.views = PrintConfig::FrontView; return true; }},
     {"--back", nullptr, "the wall as seen from behind",
@@ -179,6 +184,8 @@ constexpr SPrintOption printOptions[] = {
     {"--scale", "1:N", "the drawings at a true scale, over several sheets if they must, or fit (fit)", readScale},
     {"--grey", nullptr, "without the colours of the ports",
      [](const QString &, PrintConfig &config) { config.grey = true; return true; }},
+    {"--color", nullptr, "with the colours of the ports (so it is without it)",
+     [](const QString &, PrintConfig &config) { config.grey = false; return true; }},
     {"--project", "TEXT", "for the title block and the cover",
      [](const QString &value, PrintConfig &config) { return readText(value, config.project); }},
     {"--venue", "TEXT", "for the cover",
@@ -223,7 +230,8 @@ QString contradiction(const CCommandArguments &arguments)
 {
     static const QVector<QStringList> alternatives{
         {QStringLiteral("--landscape"), QStringLiteral("--portrait")},
-        {QStringLiteral("--front"), QStringLiteral("--back"), QStringLiteral("--both")}};
+        {QStringLiteral("--front"), QStringLiteral("--back"), QStringLiteral("--both")},
+        {QStringLiteral("--grey"), QStringLiteral("--color")}};
     for (const QStringList &names : alternatives) {
         QStringList given;
         for (const QString &name : names) {

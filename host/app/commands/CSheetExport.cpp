@@ -89,12 +89,12 @@ SPrintInput CSheetExport::inputOf(const QVector<SProcessorProject> &projects)
     return input;
 }
 
-CResult<QStringList> CSheetExport::write(const SPrintInput &input, const PrintConfig &config,
-                                         const QString &file, int dotsPerInch)
+CResult<QStringList> CSheetExport::write(const SPrintInput &input, const SPrintJob &job, const QString &file,
+                                         int dotsPerInch)
 {
     using Names = CResult<QStringList>;
     return CSafeFile::withMemory(file, [&]() -> Names {
-        const auto sheets = CSheetSet::of(SPrintPlan::of(input, {config, {}}));
+        const auto sheets = CSheetSet::of(SPrintPlan::of(input, job));
         if (!sheets)
             return Names::failure(sheets.error());
         const QString missing = SheetFiles::missingLetters(sheets.value());
@@ -104,11 +104,11 @@ CResult<QStringList> CSheetExport::write(const SPrintInput &input, const PrintCo
                                       .arg(missing));
         const QString suffix = QFileInfo(file).suffix().toLower();
         const bool pdf = suffix == QLatin1String("pdf");
-        const QString title = config.project.isEmpty() ? tr("Wiring plan") : config.project;
+        const QString title = job.whole.project.isEmpty() ? tr("Wiring plan") : job.whole.project;
         const QStringList names = namesOf(file, pdf ? 1 : sheets.value().size());
         for (int i = 0; i < names.size(); ++i) {
             const SSheet &sheet = sheets.value().at(i);
-            const QByteArray content = pdf ? SheetFiles::pdf(sheets.value(), title, config.date)
+            const QByteArray content = pdf ? SheetFiles::pdf(sheets.value(), title, job.whole.date)
                                        : suffix == QLatin1String("svg") ? SheetFiles::svg(sheet, title)
                                                                         : SheetFiles::png(sheet, dotsPerInch);
             if (content.isEmpty())

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "host/projects/CProcessorProject.h"
-#include "layout/api/records/PrintConfig.h"
 #include "layout/printing/figures/SPrintInput.h"
+#include "layout/printing/figures/SPrintJob.h"
 #include "platform/common/CResult.h"
 
 #include <QCoreApplication>
@@ -22,6 +22,6 @@ public:
     static SPrintInput inputOf(const QVector<SProcessorProject> &projects);
     /// Writes the files, each whole or not at all; @p file ends in .pdf, .svg or .png. Pictures of several
     /// sheets are numbered, "plan-01.png". Returns the names of the files.
-    static CResult<QStringList> write(const SPrintInput &input, const PrintConfig &config,
-                                      const QString &file, int dotsPerInch = UsualDots);
+    static CResult<QStringList> write(const SPrintInput &input, const SPrintJob &job, const QString &file,
+                                      int dotsPerInch = UsualDots);
 };

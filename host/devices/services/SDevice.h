@@ -7,6 +7,7 @@
 #include "host/devices/simulated/SProcessorSettings.h"
 #include "host/projects/SFileStamp.h"
 #include "layout/api/records/LayoutData.h"
+#include "layout/api/records/PrintConfig.h"
 #include "layout/api/records/ProcessorTree.h"
 
 #include <QRect>
@@ -23,6 +24,7 @@ struct SDevice
     SFileStamp stamp;     ///< of that file when it was last read or written
     SProcessorSettings settings;
     SProcessorSettings savedSettings; ///< of a project: as in its file
+    PrintConfig print;                ///< of a project: settings of its plans, as in its file
     CWorkingLayout working;
     quint64 changes = 0;               ///< counts changes of settings and state by commands and failures
     quint64 revision = 0;              ///< of the mapping on the device when it was last read or saved

@@ -5,7 +5,6 @@
 #include "layout/printing/graphics/Hatching.h"
 #include "layout/printing/sheets/CSheetFont.h"
 
-#include <QFontMetricsF>
 #include <QPainter>
 
 namespace {
@@ -89,7 +88,7 @@ void CSheetPainter::draw(const SSheetStroke &stroke)
 void CSheetPainter::draw(const SSheetText &text)
 {
     const QFont font = CSheetFont::font(text.points, text.bold);
-    const double width = QFontMetricsF(font).horizontalAdvance(text.text);
+    const double width = CSheetFont::width(text.text, text.points, text.bold) * Units;
     QRectF box(text.box.topLeft() * Units, text.box.size() * Units);
     const bool turned = text.turned != 0;
     if (turned) {

@@ -3,7 +3,8 @@
 #include "layout/printing/sheets/CSheetFont.h"
 
 #include <QFontMetricsF>
-#include <QHash>
+
+#include <array>
 
 namespace {
 
@@ -20,9 +21,30 @@ QFont fontOf(int pixels, bool bold)
                       QStringLiteral("sans-serif")});
     font.setStyleHint(QFont::SansSerif, QFont::StyleStrategy(QFont::PreferOutline | QFont::PreferAntialias));
     font.setHintingPreference(QFont::PreferNoHinting);
+    font.setKerning(false); // the width of a text is the sum of its letters'
     font.setPixelSize(pixels);
     font.setBold(bold);
     return font;
+}
+
+/// Advances of the letters of Latin-1 in parts of their size: shaping each text again takes most of the time
+/// that a plan takes.
+using Advances = std::array<double, 256>;
+
+Advances measuredAdvances(bool bold)
+{
+    const QFontMetricsF metrics(fontOf(MeasuredPixels, bold));
+    Advances advances{};
+    for (int letter = 0; letter < int(advances.size()); ++letter)
+        advances[size_t(letter)] = metrics.horizontalAdvance(QString(QChar(letter))) / MeasuredPixels;
+    return advances;
+}
+
+const Advances &advancesOf(bool bold)
+{
+    static const Advances usual = measuredAdvances(false);
+    static const Advances heavy = measuredAdvances(true);
+    return bold ? heavy : usual;
 }
 
 } // namespace
@@ -39,18 +61,15 @@ bool CSheetFont::has(uint letter)
 
 double CSheetFont::width(const QString &text, double points, bool bold)
 {
-    // Sheets measure the same words and numbers again and again.
-    constexpr int most = 20000;
-    static thread_local QHash<QString, double> known[2];
-    QHash<QString, double> &widths = known[bold ? 1 : 0];
-    auto found = widths.constFind(text);
-    if (found == widths.constEnd()) {
-        if (widths.size() >= most)
-            widths.clear();
-        const QFontMetricsF metrics(fontOf(MeasuredPixels, bold));
-        found = widths.insert(text, metrics.horizontalAdvance(text) / MeasuredPixels);
+    const Advances &advances = advancesOf(bold);
+    double width = 0;
+    for (const QChar letter : text) {
+        if (letter.unicode() >= advances.size())
+            return QFontMetricsF(fontOf(MeasuredPixels, bold)).horizontalAdvance(text) / MeasuredPixels *
+                   points * MillimetresPerPoint;
+        width += advances[letter.unicode()];
     }
-    return *found * points * MillimetresPerPoint;
+    return width * points * MillimetresPerPoint;
 }
 
 double CSheetFont::lineHeight(double points)
