@@ -84,6 +84,22 @@ QRectF areaOf(const SSheetStroke &stroke)
     return stroke.path.boundingRect().adjusted(-half, -half, half, half);
 }
 
+/// The straight pieces of the thick hops of a port sheet.
+QVector<QRectF> hopsOf(const SSheet &sheet)
+{
+    QVector<QRectF> pieces;
+    for (const SSheetMark &mark : sheet.marks) {
+        const auto *stroke = std::get_if<SSheetStroke>(&mark);
+        if (!stroke || !qFuzzyCompare(stroke->width, 0.8))
+            continue;
+        for (const QPolygonF &line : stroke->path.toSubpathPolygons()) {
+            for (int i = 0; i + 1 < line.size(); ++i)
+                pieces << QRectF(line[i], line[i + 1]).normalized().adjusted(-0.4, -0.4, 0.4, 0.4);
+        }
+    }
+    return pieces;
+}
+
 /// What is wrong with a sheet; empty if nothing is.
 QString faultOf(const SSheet &sheet)
 {
@@ -93,7 +109,12 @@ QString faultOf(const SSheet &sheet)
             return QStringLiteral("mark outside the frame");
     }
     const QVector<SSheetText> texts = textsOf(sheet);
+    const QVector<QRectF> hops = hopsOf(sheet);
     for (int i = 0; i < texts.size(); ++i) {
+        const bool label = texts[i].mark >= EMark::CabinetNumber && texts[i].mark <= EMark::Tag;
+        if (label && std::any_of(hops.begin(), hops.end(),
+                                 [&](const QRectF &hop) { return hop.intersects(texts[i].box); }))
+            return texts[i].text + QStringLiteral(" over a hop");
         if (texts[i].points < Smallest)
             return QStringLiteral("too small: ") + texts[i].text;
         const QRectF area = areaOf(texts[i]).adjusted(Hair, Hair, -Hair, -Hair);
@@ -292,22 +313,32 @@ void CPrintGraphicsTest::mirrorsPlacesButNoTexts()
 void CPrintGraphicsTest::dividesWhatIsTooSmall()
 {
     // 100 x 4 cabinets in one string would be about 2 mm wide on a single sheet.
-    const SPrintPlan plan = planOf(inputOf(onePort(100, 4)), configOf(PrintConfig::A4));
-    const QVector<SSheet> sheets = drawings(plan).mid(1);
-    QVERIFY(sheets.size() > 1 && sheets.size() < 8);
-    QCOMPARE(numbersOf(sheets, plan.processors[0].name, 0), upTo(400));
-    for (int i = 0; i < sheets.size(); ++i) {
-        QVERIFY2(faultOf(sheets[i]).isEmpty(), qPrintable(faultOf(sheets[i])));
-        const QString notes = textsOf(sheets[i], EMark::Note).join(QLatin1Char(' '));
-        // The first sheet is number 2, and its neighbours are beside it.
-        QCOMPARE(notes.contains(QStringLiteral("see sheet %1").arg(i + 1)), i > 0);
-        QCOMPARE(notes.contains(QStringLiteral("see sheet %1").arg(i + 3)), i + 1 < sheets.size());
-        // The chain of 100 columns goes on and comes back four times; one cabinet has the note.
-        const QStringList tags =
-            textsOf(sheets[i], EMark::Tag).filter(QRegularExpression(QStringLiteral("^(to|from)")));
-        QCOMPARE(tags.size(), i == 0 || i + 1 == sheets.size() ? 3 : 6);
-        for (const QRectF &cabinet : cabinetsOf(sheets[i]))
-            QVERIFY(cabinet.width() >= Smallest - Hair);
+    PrintConfig config = configOf(PrintConfig::A4);
+    config.views = PrintConfig::BothViews;
+    const SPrintPlan plan = planOf(inputOf(onePort(100, 4)), config);
+    const QVector<SSheet> both = drawings(plan).mid(2);
+    QVERIFY(both.size() > 2 && both.size() < 16);
+    for (SSheet::View view : {SSheet::Front, SSheet::Back}) {
+        QVector<SSheet> sheets;
+        std::copy_if(both.begin(), both.end(), std::back_inserter(sheets),
+                     [&](const SSheet &sheet) { return sheet.view == view; });
+        QCOMPARE(numbersOf(sheets, plan.processors[0].name, 0), upTo(400));
+        for (int i = 0; i < sheets.size(); ++i) {
+            QVERIFY2(faultOf(sheets[i]).isEmpty(), qPrintable(faultOf(sheets[i])));
+            const QString notes = textsOf(sheets[i], EMark::Note).join(QLatin1Char(' '));
+            // The first sheet is number 2; its neighbours of the same view are beside it.
+            const auto refersTo = [&](int part) {
+                return notes.contains(QStringLiteral("see sheet %1").arg(2 + 2 * part + view));
+            };
+            QCOMPARE(refersTo(i - 1), i > 0);
+            QCOMPARE(refersTo(i + 1), i + 1 < sheets.size());
+            // The chain goes on and comes back four times; one cabinet has the note.
+            const QStringList tags =
+                textsOf(sheets[i], EMark::Tag).filter(QRegularExpression(QStringLiteral("^(to|from)")));
+            QCOMPARE(tags.size(), i == 0 || i + 1 == sheets.size() ? 3 : 6);
+            for (const QRectF &cabinet : cabinetsOf(sheets[i]))
+                QVERIFY(cabinet.width() >= Smallest - Hair);
+        }
     }
 }
 
