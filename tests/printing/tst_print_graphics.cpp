@@ -445,6 +445,18 @@ void CPrintGraphicsTest::refusesWhatDoesNotFit()
     QCOMPARE(port.value().first().scale, QStringLiteral("1:25"));
     QCOMPARE(qRound(cabinetsOf(port.value().first()).first().width() * 100), 2000);
 
+    config.scale = 100; // too small for labels
+    const SPrintPlan small = planOf(inputOf(mediumWall()), config);
+    const auto fitted = CPortSheets(CWall(small, 0), SSheetArea::of(config)).sheets(1);
+    QVERIFY(fitted && cabinetsOf(fitted.value().first()).first().width() > 20);
+    QCOMPARE(fitted.value().first().scale, QStringLiteral("to fit"));
+
+    config.scale = 1000; // so are the ports
+    const SPrintPlan tiny = planOf(inputOf(mediumWall()), config);
+    const auto whole = COverviewSheets(CWall(tiny, 0), SSheetArea::of(config)).sheets(1, 2);
+    QVERIFY(whole && whole.value().size() == 1 && faultOf(whole.value().first()).isEmpty());
+    QCOMPARE(whole.value().first().scale, QStringLiteral("to fit"));
+
     config.scale = 2; // a cabinet is 250 mm wide
     const SPrintPlan huge = planOf(inputOf(mediumWall()), config);
     const auto refused = CPortSheets(CWall(huge, 0), SSheetArea::of(config)).sheets(1);

@@ -53,6 +53,13 @@ void drawDimension(SSheet &sheet, const QLineF &line, const QLineF &ends, const 
     sheet.marks << letters;
 }
 
+/// From 1 on, a port of that size on the paper can be read.
+double largeness(const QSizeF &port)
+{
+    return std::min(port.width() / COverviewDrawing::SmallestPortWidth,
+                    port.height() / COverviewDrawing::SmallestPortHeight);
+}
+
 } // namespace
 
 COverviewSheets::COverviewSheets(const CWall &wall, const SSheetArea &area)
@@ -73,24 +80,25 @@ double COverviewSheets::fittingScale(const SWallPart &part) const
     return std::min(room.width() / wall.width(), room.height() / wall.height());
 }
 
+QSizeF COverviewSheets::smallestPort() const
+{
+    QSizeF smallest(1e9, 1e9);
+    for (const SPlanPort *port : m_wall.ports())
+        smallest = smallest.boundedTo(m_wall.bounds(*port).size());
+    return smallest;
+}
+
 QVector<SWallPart> COverviewSheets::parts() const
 {
     QVector<int> all(m_wall.cabinets().size());
     for (int i = 0; i < all.size(); ++i)
         all[i] = i;
-    double width = 1e9;
-    double height = 1e9;
-    for (const SPlanPort *port : m_wall.ports()) {
-        const QSizeF size = m_wall.bounds(CWall::cabinetsOf(*port)).size();
-        width = std::min(width, size.width());
-        height = std::min(height, size.height());
-    }
+    const QSizeF smallest = smallestPort();
     return SheetSplit::fewest(m_wall, all, 1, [&](const QVector<SWallPart> &tried) {
         double scale = 1e9;
         for (const SWallPart &part : tried)
             scale = std::min(scale, fittingScale(part));
-        return std::min(width * scale / COverviewDrawing::SmallestPortWidth,
-                        height * scale / COverviewDrawing::SmallestPortHeight);
+        return largeness(smallest * scale);
     });
 }
 
@@ -256,7 +264,8 @@ CResult<QVector<SSheet>> COverviewSheets::sheets(int first, int firstPort) const
     QVector<SSheet> all;
     if (m_wall.cabinets().isEmpty())
         return all;
-    if (m_wall.processor().config.scale > 0)
+    const int scale = m_wall.processor().config.scale;
+    if (scale > 0 && largeness(smallestPort() / scale) >= 1)
         return CTileSheets(m_wall, m_area).sheets();
     const QVector<SWallPart> divided = parts();
     if (divided.isEmpty())

@@ -26,6 +26,8 @@ public:
 private:
     QRectF drawingRoom() const;
     double fittingScale(const SWallPart &part) const;
+    /// Width and height that no port is below, millimetres of the wall.
+    QSizeF smallestPort() const;
     QVector<SWallPart> parts() const;
     SPlacing placing(const SWallPart &part, bool back) const;
     SSheet sheet(const QVector<SWallPart> &parts, int part, SSheet::View view, int first,

@@ -24,10 +24,11 @@ CPortSheets::CPortSheets(const CWall &wall, const SSheetArea &area)
 {
 }
 
-double CPortSheets::trueScale() const
+double CPortSheets::trueScale(const SPlanPort &port) const
 {
     const int scale = m_wall.processor().config.scale;
-    return scale > 0 ? 1.0 / scale : 0;
+    const double side = SPartView::shortestSide(m_wall, CWall::cabinetsOf(port));
+    return scale > 0 && side / scale >= CabinetLabels::SmallestSide ? 1.0 / scale : 0;
 }
 
 QRectF CPortSheets::drawingRoom(const CPortPanel &panel, bool beside) const
@@ -51,9 +52,10 @@ CPortSheets::SDivision CPortSheets::division(const SPlanPort &port, const CPortP
 {
     const QVector<int> cabinets = CWall::cabinetsOf(port);
     // At true scale the cabinets are as large as they are: then the drawing only has to fit.
-    const double least = trueScale() > 0 ? trueScale()
-                                         : CabinetLabels::SmallestSide /
-                                               std::max(SPartView::shortestSide(m_wall, cabinets), 1.0);
+    const double fixed = trueScale(port);
+    const double least =
+        fixed > 0 ? fixed
+                  : CabinetLabels::SmallestSide / std::max(SPartView::shortestSide(m_wall, cabinets), 1.0);
     const double content = m_area.content.height() - TitleHeight;
     SDivision best;
     double bestScale = 0;
@@ -110,13 +112,13 @@ SSheet CPortSheets::sheet(const SPlanPort &port, const CPortPanel &panel, const 
     sheet.frame = m_area.frame;
     sheet.view = view;
     sheet.port = port.index;
-    const int scale = m_wall.processor().config.scale;
-    sheet.scale = scale > 0 ? QStringLiteral("1:%1").arg(scale) : tr("to fit");
+    const double fixed = trueScale(port);
+    sheet.scale = fixed > 0 ? QStringLiteral("1:%1").arg(m_wall.processor().config.scale) : tr("to fit");
     SheetMarks::head(sheet, m_area.content, sheet.title, summary(port, part, division.parts.size()), true);
 
     const QRectF room = drawingRoom(panel, division.beside);
     CPortDrawing drawing(m_wall, port, division.parts.at(part), view == SSheet::Back);
-    const double shown = scale > 0 ? trueScale() : drawing.fittingScale(room.size());
+    const double shown = fixed > 0 ? fixed : drawing.fittingScale(room.size());
     const int views = m_views.size();
     drawing.draw(sheet, room, shown,
                  [&](int other) { return first + other * views + m_views.indexOf(view); });

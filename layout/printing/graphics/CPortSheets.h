@@ -36,7 +36,8 @@ private:
     SSheet sheet(const SPlanPort &port, const CPortPanel &panel, const SDivision &division, int part,
                  SSheet::View view, int first) const;
     QString summary(const SPlanPort &port, int part, int parts) const;
-    double trueScale() const;
+    /// 0: the drawing fits the sheet; also where cabinets at the true scale could not be labelled.
+    double trueScale(const SPlanPort &port) const;
 
     const CWall &m_wall;
     const SSheetArea &m_area;
