@@ -30,9 +30,9 @@ bool areLocked(const QVector<CabinetLayout::CabinetPort> &ports)
 ORVO_DEFINE_SINGLETON(CLayoutData)
 
 CLayoutData::CLayoutData()
-    : m_dispatch(
-          std::make_unique<CNotificationDispatch>(static_cast<IStoreEvents &>(*this), m_states, m_handOver))
-    , m_handOver([this] { return m_states.options().followUp; })
+    : m_dispatch(std::make_unique<CNotificationDispatch>(static_cast<IStoreEvents &>(*this), m_states,
+                                                         m_options, m_handOver))
+    , m_handOver([this] { return m_options.layout().followUp; })
 {
     registerRecordMetaTypes();
     CHostAccess::setEdits(this);
@@ -51,7 +51,7 @@ CLayoutData::~CLayoutData()
 CLayoutData::TypeInfo CLayoutData::getTypeInfo(const SMD5 &key) const
 {
     TypeInfo info;
-    TypeLibrarySearch::find(m_states.typeLibrary(), key, info);
+    TypeLibrarySearch::find(m_options.typeLibrary(), key, info);
     return info;
 }
 
@@ -80,19 +80,19 @@ void CLayoutData::resumeCurrentPort()
 
 void CLayoutData::setOptions(const SLayoutOptions &options)
 {
-    if (m_states.setOptions(options))
+    if (m_options.setLayout(options))
         Q_EMIT notifyLayoutOptionChanged();
 }
 
 void CLayoutData::setProcessorRedundancies(const QList<QPair<QUuid, QUuid>> &pairs)
 {
-    if (m_states.setProcessorRedundancies(pairs))
+    if (m_options.setProcessorRedundancies(pairs))
         Q_EMIT notifyProcessorBackupChanged();
 }
 
 QUuid CLayoutData::primaryOf(const QUuid &processor) const
 {
-    for (const auto &[primary, redundancy] : m_states.processorRedundancies()) {
+    for (const auto &[primary, redundancy] : m_options.processorRedundancies()) {
         if (redundancy == processor && !processor.isNull())
             return primary;
     }

@@ -9,6 +9,7 @@
 #include "layout/data/CLayoutHandOver.h"
 #include "layout/data/CProcessorStates.h"
 #include "layout/data/CRecentCabinets.h"
+#include "layout/data/CStoreOptions.h"
 #include "layout/data/IStoreEvents.h"
 #include "platform/common/CSingleton.h"
 #include "platform/common/CWorkThread.h"
@@ -49,14 +50,17 @@ public:
     int processorLoad() const { return m_states.processorLoad(); }
     QSize canvasSize() const override { return m_states.canvas(); }
     SBackgroundInfo background() const { return m_states.background(); }
-    SLayoutOptions options() const { return m_states.options(); }
+    SLayoutOptions options() const { return m_options.layout(); }
     /// The pairs (primary, redundancy) of processors.
-    QList<QPair<QUuid, QUuid>> processorRedundancies() const { return m_states.processorRedundancies(); }
+    QList<QPair<QUuid, QUuid>> processorRedundancies() const { return m_options.processorRedundancies(); }
     /// The processor whose redundancy @p processor is, so that it can be looked at only; null: none.
     QUuid primaryOf(const QUuid &processor) const;
     /// The current processor's layout as it was last handed over or loaded.
     LayoutData layoutData() const { return m_states.data(m_states.current()); }
-    QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const override { return m_states.typeLibrary(); }
+    QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const override
+    {
+        return m_options.typeLibrary();
+    }
     TypeInfo getTypeInfo(const SMD5 &key) const override;
     QString mappingFolder() const override { return m_mappingFolder; }
 
@@ -67,8 +71,8 @@ public:
     QColor portColor(int port) const override;
     int currentPort() const override { return m_states.currentPort(); }
     CanvasBlock canvasBlock() const override;
-    bool resetsHighlightOnEdit() const override { return m_states.options().resetHighlightOnEdit; }
-    bool marksCustomCabinets() const override { return m_states.options().markupCustomCabinets; }
+    bool resetsHighlightOnEdit() const override { return m_options.layout().resetHighlightOnEdit; }
+    bool marksCustomCabinets() const override { return m_options.layout().markupCustomCabinets; }
 
     /// Makes @p port of the layout in the editor the current one. Ignored if there is no such port.
     void setCurrentPort(int port);
@@ -156,7 +160,8 @@ private:
     void processorLoadKnown() override;
     QObject *controller() const override { return m_controller; }
 
-    CProcessorStates m_states; // first: everything below uses it
+    CProcessorStates m_states; // first, with the options: everything below uses them
+    CStoreOptions m_options;
     QUndoGroup m_undoGroup;
     QString m_mappingFolder;
     CRecentCabinets m_recentCabinets;

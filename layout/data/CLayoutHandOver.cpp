@@ -11,14 +11,13 @@ namespace {
 using Host = ILayoutInterfaceHandler;
 
 constexpr int SyncKey = 0;
-constexpr std::chrono::milliseconds SyncDelay(200); // edits in quick succession are handed over as one
 
 } // namespace
 
 CLayoutHandOver::CLayoutHandOver(std::function<bool()> followUpWanted)
     : m_followUpWanted(std::move(followUpWanted))
 {
-    m_worker.AddTimeOutEventFilter(SyncKey, SyncDelay);
+    m_worker.AddTimeOutEventFilter(SyncKey, Delay);
 }
 
 void CLayoutHandOver::handOverNow(const LayoutData &data)

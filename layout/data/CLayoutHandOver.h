@@ -7,6 +7,7 @@
 
 #include <QHash>
 
+#include <chrono>
 #include <functional>
 #include <mutex>
 
@@ -15,6 +16,9 @@
 class CLayoutHandOver final
 {
 public:
+    /// What is deferred waits that long: edits in quick succession are handed over as one.
+    static constexpr std::chrono::milliseconds Delay{200};
+
     /// @p followUpWanted returns whether the host shall follow up each layout; called on any thread.
     explicit CLayoutHandOver(std::function<bool()> followUpWanted);
 

@@ -5,6 +5,7 @@
 #include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutHandOver.h"
 #include "layout/data/CProcessorStates.h"
+#include "layout/data/CStoreOptions.h"
 #include "layout/data/IStoreEvents.h"
 #include "platform/control/CSubject.h"
 
@@ -27,9 +28,10 @@ bool sameCabinets(const QVector<StorePort> &a, const QVector<StorePort> &b)
 } // namespace
 
 CNotificationDispatch::CNotificationDispatch(IStoreEvents &events, CProcessorStates &states,
-                                             CLayoutHandOver &handOver)
+                                             CStoreOptions &options, CLayoutHandOver &handOver)
     : m_events(events)
     , m_states(states)
+    , m_options(options)
     , m_handOver(handOver)
 {
 }
@@ -123,7 +125,7 @@ void CNotificationDispatch::onPortBackupChanged(CSubject &subject)
 
 void CNotificationDispatch::onTypeLibraryChanged(CSubject &)
 {
-    m_states.setTypeLibrary(CHostAccess::call(&Host::typeLibrary));
+    m_options.setTypeLibrary(CHostAccess::call(&Host::typeLibrary));
 }
 
 void CNotificationDispatch::onProcessorRemoved(CSubject &subject)
@@ -281,8 +283,8 @@ void CNotificationDispatch::takeCurrent(const QUuid &processor)
     m_states.takeFromHost(processor, data.layout.ports, m_handOver.isPending(processor));
     m_states.setCanvas(processor, data.canvas);
     m_states.setBackground(processor, CHostAccess::call(&Host::background, processor));
-    if (m_states.typeLibrary().isEmpty()) // the host's first processor; changes are announced
-        m_states.setTypeLibrary(CHostAccess::call(&Host::typeLibrary));
+    if (m_options.typeLibrary().isEmpty()) // the host's first processor; changes are announced
+        m_options.setTypeLibrary(CHostAccess::call(&Host::typeLibrary));
     if (differs)
         m_events.highlightEnded();
 }

@@ -11,6 +11,7 @@
 
 class CLayoutHandOver;
 class CProcessorStates;
+class CStoreOptions;
 class CSubject;
 class IStoreEvents;
 
@@ -22,7 +23,8 @@ public:
     /// A key for post() that is not a notification code.
     static constexpr int PortLoadsKey = 100;
 
-    CNotificationDispatch(IStoreEvents &events, CProcessorStates &states, CLayoutHandOver &handOver);
+    CNotificationDispatch(IStoreEvents &events, CProcessorStates &states, CStoreOptions &options,
+                          CLayoutHandOver &handOver);
 
     /// Handles the current notification of @p subject; ignores unknown codes. An exception from reading the
     /// argument is passed to the caller. Update thread.
@@ -63,6 +65,7 @@ private:
 
     IStoreEvents &m_events;
     CProcessorStates &m_states;
+    CStoreOptions &m_options;
     CLayoutHandOver &m_handOver;
     CWorkThread m_worker;
 };

@@ -9,25 +9,6 @@
 namespace {
 
 using Port = CabinetLayout::CabinetPort;
-using Group = CabinetLayout::CabinetPort::CabinetGroup;
-
-bool shares(const QVector<Group> &a, const QVector<Group> &b)
-{
-    return a.constData() == b.constData() && a.size() == b.size();
-}
-
-/// The facts of @p ports. Ports that share their cabinets with a known one have its facts; others are walked.
-QHash<int, SPortFacts> factsOf(const QVector<Port> &ports, const CabinetLayout &known,
-                               const QHash<int, SPortFacts> &knownFacts)
-{
-    QHash<int, SPortFacts> facts;
-    for (const Port &port : ports) {
-        const Port *same = known.port(port.index);
-        facts.insert(port.index, same && shares(same->groups, port.groups) ? knownFacts.value(port.index)
-                                                                           : SPortFacts::of(port));
-    }
-    return facts;
-}
 
 QVector<int> indicesOf(const QVector<Port> &ports)
 {
@@ -130,48 +111,6 @@ void CProcessorStates::showWall(bool another)
                                            wallPorts());
 }
 
-SLayoutOptions CProcessorStates::options() const
-{
-    const CReadLocker locker(m_lock);
-    return m_options;
-}
-
-bool CProcessorStates::setOptions(const SLayoutOptions &options)
-{
-    const CWriteLocker locker(m_lock);
-    if (m_options == options)
-        return false;
-    m_options = options;
-    return true;
-}
-
-QList<QPair<QUuid, QUuid>> CProcessorStates::processorRedundancies() const
-{
-    const CReadLocker locker(m_lock);
-    return m_processorPairs;
-}
-
-bool CProcessorStates::setProcessorRedundancies(const QList<QPair<QUuid, QUuid>> &pairs)
-{
-    const CWriteLocker locker(m_lock);
-    if (m_processorPairs == pairs)
-        return false;
-    m_processorPairs = pairs;
-    return true;
-}
-
-QVector<SSettings::TypeLibrary::STreeNode> CProcessorStates::typeLibrary() const
-{
-    const CReadLocker locker(m_lock);
-    return m_typeLibrary;
-}
-
-void CProcessorStates::setTypeLibrary(QVector<SSettings::TypeLibrary::STreeNode> library)
-{
-    const CWriteLocker locker(m_lock);
-    m_typeLibrary.swap(library); // the old tree is destroyed with the parameter, without the lock
-}
-
 void CProcessorStates::setCurrent(const QUuid &processor)
 {
     const CWriteLocker locker(m_lock);
@@ -194,7 +133,7 @@ void CProcessorStates::takeFromHost(const QUuid &processor, const QVector<Port> 
         }
     }
     // Cabinets are walked before the lock is taken. What is found remains true, whatever is edited meanwhile.
-    QHash<int, SPortFacts> facts = factsOf(ports, known, knownFacts);
+    QHash<int, SPortFacts> facts = SPortFacts::ofAll(ports, known, knownFacts);
     CabinetLayout before; // outlives the lock, so that nothing is freed under it
     const CWriteLocker locker(m_lock);
     CProcessorState &state = stateOf(processor);
@@ -283,6 +222,19 @@ QUuid CProcessorStates::editable() const
 
 std::optional<CProcessorStates::SEdit> CProcessorStates::takeEdit(const CabinetLayout &edited)
 {
+    struct SChange
+    {
+        bool differs;
+        SPortFacts facts;
+    };
+    const CabinetLayout known = data(edited.processor).layout;
+    QHash<int, SChange> changes; // walked before the lock is taken
+    for (const Port &port : known.ports) {
+        const Port *changed = edited.port(port.index);
+        if (changed && !SPortFacts::areShared(*changed, port))
+            changes.insert(port.index,
+                           {!LayoutData::comparePortData(*changed, port, true), SPortFacts::of(*changed)});
+    }
     const CWriteLocker locker(m_lock);
     if (m_editsOutdated || m_edited.isNull() || m_edited != edited.processor)
         return std::nullopt;
@@ -290,14 +242,14 @@ std::optional<CProcessorStates::SEdit> CProcessorStates::takeEdit(const CabinetL
     CProcessorState &state = stateOf(m_edited);
     for (Port &port : state.layout.ports) {
         const Port *changed = edited.port(port.index);
-        if (!changed)
+        if (!changed || SPortFacts::areShared(*changed, port))
             continue;
-        if (shares(changed->groups, port.groups))
-            continue;
-        if (!LayoutData::comparePortData(*changed, port, true))
-            edit.changedPorts << port.index;
-        port.groups = changed->groups; // also equal ones: shared data is compared in O(1) the next time
-        state.facts[port.index] = SPortFacts::of(port);
+        const Port *before = known.port(port.index);
+        const bool walked = before && changes.contains(port.index);
+        if (!walked || !SPortFacts::areShared(*before, port) || changes.value(port.index).differs)
+            edit.changedPorts << port.index; // also if the host replaced it in between
+        port.groups = changed->groups;       // also equal ones: shared data is compared in O(1) the next time
+        state.facts[port.index] = walked ? changes.value(port.index).facts : SPortFacts::of(port);
     }
     edit.data = dataOf(state);
     return edit;

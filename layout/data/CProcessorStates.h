@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/api/records/SSettings.h"
 #include "layout/data/CProcessorState.h"
 #include "layout/data/CurrentPortRule.h"
 #include "platform/common/CReadWriteLock.h"
@@ -11,23 +10,8 @@
 #include <memory>
 #include <optional>
 
-/// The user's options for the canvas.
-struct SLayoutOptions
-{
-    bool followUp = true;              ///< the host follows up layouts handed to it
-    bool markupCustomCabinets = false; ///< custom-defined cabinets are marked
-    bool resetHighlightOnEdit = true;  ///< editing cabinets without a type ends their highlight
-
-    friend bool operator==(const SLayoutOptions &a, const SLayoutOptions &b)
-    {
-        return a.followUp == b.followUp && a.markupCustomCabinets == b.markupCustomCabinets &&
-               a.resetHighlightOnEdit == b.resetHighlightOnEdit;
-    }
-    friend bool operator!=(const SLayoutOptions &a, const SLayoutOptions &b) { return !(a == b); }
-};
-
-/// The store's data, protected by one lock. Every operation takes the lock once, copies values in or out, and
-/// calls nobody. Any thread. Operations with a null key do nothing.
+/// What the store knows of the processors, protected by one lock. Every operation takes the lock once, copies
+/// values in or out, and calls nobody. Any thread. Operations with a null key do nothing.
 ///
 /// Two processors matter: the current one is in view in the host; the edited one is loaded in the editor.
 /// They differ while the editor has not yet followed a change.
@@ -63,12 +47,6 @@ public:
     void suspendCurrentPort(); ///< until showWall()
     /// Call when the editor shows the layout of its processor; @p another: of another one than before.
     void showWall(bool another);
-    SLayoutOptions options() const;
-    bool setOptions(const SLayoutOptions &options); ///< false: unchanged
-    QList<QPair<QUuid, QUuid>> processorRedundancies() const;
-    bool setProcessorRedundancies(const QList<QPair<QUuid, QUuid>> &pairs); ///< false: unchanged
-    QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const;
-    void setTypeLibrary(QVector<SSettings::TypeLibrary::STreeNode> library);
 
     /// Makes @p processor the current one; null: none.
     void setCurrent(const QUuid &processor);
@@ -115,12 +93,9 @@ private:
     QVector<int> wallPorts() const ORVO_REQUIRES_SHARED(m_lock);
 
     mutable CReadWriteLock m_lock;
-    QVector<SSettings::TypeLibrary::STreeNode> m_typeLibrary ORVO_GUARDED_BY(m_lock);
     std::map<QUuid, std::unique_ptr<CProcessorState>> m_states ORVO_GUARDED_BY(m_lock);
     QUuid m_current ORVO_GUARDED_BY(m_lock);
     QUuid m_edited ORVO_GUARDED_BY(m_lock);
     bool m_editsOutdated ORVO_GUARDED_BY(m_lock) = false;
     SCurrentPort m_currentPort ORVO_GUARDED_BY(m_lock);
-    SLayoutOptions m_options ORVO_GUARDED_BY(m_lock);
-    QList<QPair<QUuid, QUuid>> m_processorPairs ORVO_GUARDED_BY(m_lock);
 };

@@ -32,6 +32,22 @@ SPortFacts SPortFacts::of(const Port &port)
             std::any_of(port.groups.begin(), port.groups.end(), hasCalibration)};
 }
 
+QHash<int, SPortFacts> SPortFacts::ofAll(const QVector<Port> &ports, const CabinetLayout &known,
+                                         const QHash<int, SPortFacts> &knownFacts)
+{
+    QHash<int, SPortFacts> facts;
+    for (const Port &port : ports) {
+        const Port *same = known.port(port.index);
+        facts.insert(port.index, same && areShared(*same, port) ? knownFacts.value(port.index) : of(port));
+    }
+    return facts;
+}
+
+bool SPortFacts::areShared(const Port &a, const Port &b)
+{
+    return a.groups.constData() == b.groups.constData() && a.groups.size() == b.groups.size();
+}
+
 void SPortFacts::endHighlight(Port &port)
 {
     if (highlighted)

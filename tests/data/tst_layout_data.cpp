@@ -7,6 +7,8 @@
 #include "tests/harness/CTestBase.h"
 #include "tests/harness/SStoreWorld.h"
 
+#include <atomic>
+
 namespace {
 
 using Port = CabinetLayout::CabinetPort;
@@ -61,7 +63,12 @@ struct SStoreScene final : SStoreWorld
     /// Lets the worker go on when all that was deferred until now is due.
     void letGo()
     {
-        QTest::qWait(250);
+        std::atomic<bool> due{false};
+        CWorkThread later; // what it defers now is due after all of that
+        later.AddTimeOutEventFilter(0, CLayoutHandOver::Delay);
+        later.AppendEvent({0, [&due] { due = true; }}, false);
+        later.ActivateThread();
+        QTRY_VERIFY(due);
         closed.unlock();
     }
     /// The host's port @p backup carries the cabinets of @p primary.
