@@ -177,7 +177,7 @@ void CMainWindow::loadModule(const QString &file)
 
 void CMainWindow::start(const SAppOptions &options)
 {
-    cleanUpProjectFolders();
+    cleanUpFolders();
     m_manager.offlineWatch().start(OfflineMilliseconds);
     for (const SAppOptions::SSimulation &simulation : options.simulations)
         simulate(simulation.processor, simulation.fault, simulation.on);
@@ -304,14 +304,18 @@ void CMainWindow::onScreenClosed()
         layout->setScreenShown(false);
 }
 
-/// A dead disk of a project must not keep the window waiting.
-void CMainWindow::cleanUpProjectFolders()
+/// A dead disk must not keep the window waiting.
+void CMainWindow::cleanUpFolders()
 {
     if (m_cleaning.joinable())
         return;
-    m_cleaning = std::thread([files = m_settings.recentProjects()] {
-        for (const QString &file : files)
+    m_cleaning = std::thread([recent = m_settings.recentProjects(), written = m_settings.writtenFiles()] {
+        for (const QString &file : recent)
             CSafeFile::cleanAround(file);
+        for (const QString &file : written) {
+            if (CSafeFile::cleanAround(file))
+                CAppSettings().removeWritten(file);
+        }
     });
 }
 

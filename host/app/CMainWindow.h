@@ -64,7 +64,7 @@ private:
     void onJobFinished(CDeviceJob *job, const SDeviceOutcome &outcome);
     void tellLater(const QString &text, const QString &details);
     void onScreenClosed();
-    void cleanUpProjectFolders();
+    void cleanUpFolders();
     void showAbout();
     void openLogFolder();
     void updateActions();
@@ -84,5 +84,5 @@ private:
     CElidedLabel *m_processor = nullptr; ///< in the status bar
     CJobProgress *m_progress = nullptr;
     bool m_shutDown = false;
-    std::thread m_cleaning; ///< of the folders of recent projects
+    std::thread m_cleaning; ///< of folders that were written to
 };

@@ -4,12 +4,15 @@
 #include "host/app/CModuleHost.h"
 #include "host/app/CModuleLoader.h"
 #include "host/app/commands/CCommandLine.h"
+#include "host/app/start/CAppSettings.h"
 #include "host/app/start/CLogFile.h"
 #include "host/app/start/CSignalWatch.h"
 #include "host/app/start/SAppOptions.h"
 #include "host/devices/services/CSimulatedPark.h"
+#include "host/projects/CSafeFile.h"
 #include "layout/api/ILayoutInterface.h"
 #include "layout/api/records/RecordMetaTypes.h"
+#include "layout/resources/LayoutResources.h"
 #include "platform/widgets/CTheme.h"
 
 #include <QApplication>
@@ -135,7 +138,11 @@ int runWindow(int argc, char **argv, const SAppOptions &options)
 
 int main(int argc, char **argv)
 {
+    initLayoutResources(); // pictures from the command line have padlocks, too
     CSignalWatch::ignoreBrokenPipes();
+    CSafeFile::setNote([](const QString &file, CSafeFile::Previous previous) {
+        CAppSettings().addWritten(file, previous == CSafeFile::DropPrevious);
+    });
     if (CCommandLine::isCommand(argc, argv))
         return CCommandLine::main(argc, argv);
     const CResult<SAppOptions> options = SAppOptions::parse(argumentsOf(argc, argv));

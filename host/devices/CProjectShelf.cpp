@@ -94,8 +94,9 @@ bool CProjectShelf::isChangedOnDisk(const QUuid &project) const
     const std::optional<SDevice> device = m_table.device(project);
     if (!device || device->file.isEmpty())
         return false;
-    const SFileStamp now = CBackgroundCall::result([&device] { return SFileStamp::of(device->file); });
-    return now.exists && now != device->stamp;
+    const CResult<SFileStamp> now =
+        CBackgroundCall::result([&device] { return CResult<SFileStamp>(SFileStamp::of(device->file)); });
+    return !now || (now.value().exists && now.value() != device->stamp);
 }
 
 QUuid CProjectShelf::openedAs(const QString &file) const
@@ -196,10 +197,16 @@ CStatus CProjectShelf::write(const QUuid &processor, const QString &file, const 
         device->node.name = newName;
     SProcessorProject project = projectOf(*device);
     const QVector<int> mirrors = PortPairs::giveMirrors(project.layout, m_services.layoutOf());
-    const CStatus status = CProcessorProject::write(file, project);
-    if (!status || !device->project)
+    bool replaced = false;
+    const CStatus status = CProcessorProject::write(file, project, &replaced);
+    if (!device->project)
         return status;
     const SFileStamp stamp = SFileStamp::of(file);
+    if (!status) {
+        if (replaced && file == device->file) // unconfirmed, but what is there now was written here
+            m_table.change(processor, [&stamp](SDevice &known) { known.stamp = stamp; });
+        return status;
+    }
     m_table.change(processor, [&](SDevice &known) {
         known.file = file;
         known.stamp = stamp;

@@ -78,10 +78,10 @@ CResult<SProcessorProject> CProcessorProject::read(const QString &file)
     return CStrictFile::readRecord<SProcessorProject>(file, processorFormat, readProject);
 }
 
-CStatus CProcessorProject::write(const QString &file, const SProcessorProject &project)
+CStatus CProcessorProject::write(const QString &file, const SProcessorProject &project, bool *replaced)
 {
-    return CStrictFile::writeRecord(file, processorFormat, readProject, [&project] {
-        QJsonObject body{
+    const auto body = [&project] {
+        QJsonObject json{
             {QStringLiteral("name"), project.name},
             {QStringLiteral("kind"), project.kind},
             {QStringLiteral("portCount"), project.portCount},
@@ -91,12 +91,13 @@ CStatus CProcessorProject::write(const QString &file, const SProcessorProject &p
             {QStringLiteral("background"), CRecordJson::toJson(project.background)},
             {QStringLiteral("layout"), CRecordJson::toJson(project.layout)}};
         if (!project.offset.isNull()) {
-            body.insert(QStringLiteral("offsetX"), project.offset.x());
-            body.insert(QStringLiteral("offsetY"), project.offset.y());
+            json.insert(QStringLiteral("offsetX"), project.offset.x());
+            json.insert(QStringLiteral("offsetY"), project.offset.y());
         }
         const QJsonObject print = CPrintConfigJson::toJson(project.print);
         if (!print.isEmpty())
-            body.insert(QStringLiteral("print"), print);
-        return body;
-    });
+            json.insert(QStringLiteral("print"), print);
+        return json;
+    };
+    return CStrictFile::writeRecord(file, processorFormat, readProject, body, replaced);
 }

@@ -41,5 +41,6 @@ class CProcessorProject final
 
 public:
     static CResult<SProcessorProject> read(const QString &file);
-    static CStatus write(const QString &file, const SProcessorProject &project);
+    /// For @p replaced see CSafeFile::write().
+    static CStatus write(const QString &file, const SProcessorProject &project, bool *replaced = nullptr);
 };

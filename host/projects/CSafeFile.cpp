@@ -10,12 +10,15 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <atomic>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
+
+std::atomic<CSafeFile::Note> writeNote{nullptr};
 
 /// The content of an open file, or why there is none.
 QString readInto(QByteArray &content, const CFileHandle &file, qint64 limit)
@@ -109,13 +112,26 @@ CResult<QByteArray> CSafeFile::read(const QString &file, qint64 limit, Found *fo
     return content;
 }
 
-CStatus CSafeFile::write(const QString &file, const QByteArray &content, Previous previous)
+CStatus CSafeFile::write(const QString &file, const QByteArray &content, Previous previous, bool *replaced)
 {
     const QString target = withoutLinks(file);
     const QString problem = replaceProblem(QFile::encodeName(target));
     if (!problem.isEmpty())
         return CStatus::failure(tr("%1 cannot be written: %2.").arg(quoted(file), problem));
-    return withMemory(file, [&] { return CSafeWrite(target, content).run(previous == KeepPrevious); });
+    return withMemory(file, [&] {
+        if (const Note note = writeNote)
+            note(target, previous);
+        CSafeWrite writing(target, content);
+        CStatus status = writing.run(previous == KeepPrevious);
+        if (replaced)
+            *replaced = writing.hasReplaced();
+        return status;
+    });
+}
+
+void CSafeFile::setNote(Note note)
+{
+    writeNote = note;
 }
 
 CStatus CSafeFile::makeFolder(const QString &folder)
@@ -148,7 +164,7 @@ CStatus CSafeFile::putAside(const QString &file, const QString &name)
     return confirmFolder(QFileInfo(file).absolutePath());
 }
 
-void CSafeFile::cleanAround(const QString &file)
+bool CSafeFile::cleanAround(const QString &file)
 {
-    CStrayFiles::cleanUnlessUsed(QFile::encodeName(withoutLinks(file)));
+    return CStrayFiles::cleanUnlessUsed(QFile::encodeName(withoutLinks(file)));
 }

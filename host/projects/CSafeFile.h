@@ -33,14 +33,21 @@ public:
     static CResult<QByteArray> read(const QString &file, qint64 limit, Found *found = nullptr);
     /// Succeeds only when the disk has confirmed that the file holds @p content. The file is replaced even if
     /// the old one could not be kept as "file~". Waits up to five seconds while another process writes in the
-    /// same folder.
-    static CStatus write(const QString &file, const QByteArray &content, Previous previous);
+    /// same folder. @p replaced, which may be null, tells whether the file holds @p content: also if only the
+    /// confirmation failed.
+    static CStatus write(const QString &file, const QByteArray &content, Previous previous,
+                         bool *replaced = nullptr);
+    using Note = void (*)(const QString &file, Previous previous);
+    /// Sets what is told of each file before it is written, on the writing thread, so that what a killed
+    /// process leaves can be found; null: nothing.
+    static void setNote(Note note);
     /// Creates a folder and its parents, confirmed by the disk.
     static CStatus makeFolder(const QString &folder);
     /// Renames a file within its folder, confirmed by the disk; fails if the name is taken.
     static CStatus putAside(const QString &file, const QString &name);
-    /// Removes what killed processes left beside @p file, unless a process is writing there now.
-    static void cleanAround(const QString &file);
+    /// Removes what killed processes left beside @p file, unless a process is writing there now or the folder
+    /// cannot be opened; then returns false.
+    static bool cleanAround(const QString &file);
 
     /// Runs @p work, which reads or writes @p file and returns a CResult or CStatus. Running out of memory in
     /// it becomes a failure.

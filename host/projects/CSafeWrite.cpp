@@ -76,6 +76,7 @@ CStatus CSafeWrite::run(bool keepPrevious)
             system.unlink(pending);
         return failure(why);
     }
+    m_replaced = true;
     if (kept)
         system.rename(pending, CStrayFiles::previous(m_target)); // if this fails, the next clean-up does it
     if (confirmNames(folder))

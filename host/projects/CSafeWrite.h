@@ -20,6 +20,7 @@ public:
 
     /// Success: the disk has confirmed content and name. For @p keepPrevious see CSafeFile.
     CStatus run(bool keepPrevious);
+    bool hasReplaced() const { return m_replaced; } ///< the file holds the content, confirmed or not
 
 private:
     CStatus failure(const QString &why) const;
@@ -32,4 +33,5 @@ private:
     const QByteArray m_target;
     const QByteArray &m_content;
     QByteArray m_new; ///< path of the new file, until it is renamed
+    bool m_replaced = false;
 };

@@ -72,11 +72,13 @@ void CStrayFiles::clean(const QByteArray &file)
     settlePending(file);
 }
 
-void CStrayFiles::cleanUnlessUsed(const QByteArray &file)
+bool CStrayFiles::cleanUnlessUsed(const QByteArray &file)
 {
     CFileHandle folder(folderOf(file), O_RDONLY | O_DIRECTORY);
-    if (folder.isOpen() && folder.lock(LOCK_EX | LOCK_NB))
-        clean(file);
+    if (!folder.isOpen() || !folder.lock(LOCK_EX | LOCK_NB))
+        return false;
+    clean(file);
+    return true;
 }
 
 void CStrayFiles::removeNewFiles(const QByteArray &folder)

@@ -20,8 +20,9 @@ public:
     /// Cleans up around @p file; the lock of its folder must be held. Removes new files that were never
     /// renamed; a file that was being replaced becomes the previous generation if its replacement is there.
     static void clean(const QByteArray &file);
-    /// The same; does nothing if another process holds the lock.
-    static void cleanUnlessUsed(const QByteArray &file);
+    /// The same; does nothing and returns false if another process holds the lock, or the folder cannot be
+    /// opened.
+    static bool cleanUnlessUsed(const QByteArray &file);
 
 private:
     static void removeNewFiles(const QByteArray &folder);

@@ -136,9 +136,10 @@ QString CStrictFile::wrongContent(const QString &file, const QString &what)
     return tr("%1 cannot be read: %2.").arg(CSafeFile::quoted(file), what);
 }
 
-CStatus CStrictFile::write(const QString &file, const SFileFormat &format, const QJsonObject &body)
+CStatus CStrictFile::write(const QString &file, const SFileFormat &format, const QJsonObject &body,
+                           bool *replaced)
 {
-    return CSafeFile::write(file, encode(format, body), CSafeFile::KeepPrevious);
+    return CSafeFile::write(file, encode(format, body), CSafeFile::KeepPrevious, replaced);
 }
 
 CResult<QJsonObject> CStrictFile::read(const QString &file, const SFileFormat &format)

@@ -32,10 +32,10 @@ public:
     template <typename Record, typename Make>
     static CResult<Record> readRecord(const QString &file, const SFileFormat &format, const Make &make);
     /// Writes the body that @p body returns, unless @p make, as above, could not read it again. Keeps the
-    /// previous generation as "file~".
+    /// previous generation as "file~". For @p replaced see CSafeFile::write().
     template <typename Make, typename Body>
     static CStatus writeRecord(const QString &file, const SFileFormat &format, const Make &make,
-                               const Body &body);
+                               const Body &body, bool *replaced = nullptr);
     /// The content that write() puts into the file.
     static QByteArray encode(const SFileFormat &format, const QJsonObject &body);
     /// The body of a file's content; @p file is for the error text.
@@ -47,7 +47,8 @@ public:
     static QString wrongContent(const QString &file, const QString &what);
 
 private:
-    static CStatus write(const QString &file, const SFileFormat &format, const QJsonObject &body);
+    static CStatus write(const QString &file, const SFileFormat &format, const QJsonObject &body,
+                         bool *replaced);
     static CResult<QJsonObject> read(const QString &file, const SFileFormat &format);
     /// The error text for a record that is not written because it could not be read again.
     static QString notWritable(const QString &file, const QString &what);
@@ -69,12 +70,13 @@ CResult<Record> CStrictFile::readRecord(const QString &file, const SFileFormat &
 
 template <typename Make, typename Body>
 CStatus CStrictFile::writeRecord(const QString &file, const SFileFormat &format, const Make &make,
-                                 const Body &body)
+                                 const Body &body, bool *replaced)
 {
     return CSafeFile::withMemory(file, [&] {
         const QJsonObject written = body();
         QString error;
         make(written, error);
-        return error.isEmpty() ? write(file, format, written) : CStatus::failure(notWritable(file, error));
+        return error.isEmpty() ? write(file, format, written, replaced)
+                               : CStatus::failure(notWritable(file, error));
     });
 }

@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/common/CBackgroundCall.h"
 
-#include <QCoreApplication>
 #include <QCursor>
 #include <QEventLoop>
 #include <QGuiApplication>
 #include <QThread>
 
+#include <exception>
 #include <thread>
 
 namespace {
@@ -45,10 +45,22 @@ void CBackgroundCall::run(const std::function<void()> &work)
     }
     const CWaitCursor cursor;
     QEventLoop loop;
-    std::thread worker([&loop, &work] {
-        work();
+    std::exception_ptr problem;
+    std::thread worker([&loop, &work, &problem] {
+        try {
+            work();
+        } catch (...) {
+            problem = std::current_exception();
+        }
         QMetaObject::invokeMethod(&loop, &QEventLoop::quit, Qt::QueuedConnection);
     });
     loop.exec(QEventLoop::ExcludeUserInputEvents);
     worker.join(); // the loop also ends when the application quits
+    if (problem)
+        std::rethrow_exception(problem);
+}
+
+QString CBackgroundCall::memoryText()
+{
+    return tr("There is not enough memory.");
 }

@@ -101,6 +101,24 @@ private Q_SLOTS:
         QVERIFY(settings.isRightBarCollapsed());
     }
 
+    void oneFileIsRememberedForEachFolderThatWasWrittenTo()
+    {
+        CAppSettings settings;
+        const auto file = [](const char *name) { return QStringLiteral("/walls/") + QLatin1String(name); };
+        settings.addWritten(file("a/1.sprj"), false);
+        settings.addWritten(file("a/1.png"), true);
+        settings.addWritten(file("b/1.png"), true);
+        settings.addWritten(file("b/2.sprj"), false);
+        QCOMPARE(CAppSettings().writtenFiles(), QStringList({file("b/2.sprj"), file("a/1.sprj")}));
+        CAppSettings().removeWritten(file("b/2.sprj"));
+        settings.addWritten(file("b/2.sprj"), false); // another window has cleaned up
+        QCOMPARE(CAppSettings().writtenFiles().first(), file("b/2.sprj"));
+        for (int i = 0; i < 2 * CAppSettings::MaximumWrittenFolders; ++i)
+            settings.addWritten(file("%1/1.png").arg(i), true);
+        QCOMPARE(settings.writtenFiles().size(), CAppSettings::MaximumWrittenFolders);
+        QCOMPARE(settings.writtenFiles().first(), file("63/1.png"));
+    }
+
     void recentProjectsAreKeptOnceTheLastOneFirst()
     {
         const QTemporaryDir folder;

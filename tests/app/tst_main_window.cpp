@@ -316,15 +316,22 @@ private Q_SLOTS:
         const QTemporaryDir folder; // of a project that was opened before
         const QString other = folder.filePath(QStringLiteral("other.sprj"));
         CAppSettings().addRecentProject(other);
-        QFile stray(folder.filePath(QStringLiteral(".orvo-1-1.new")));
-        QVERIFY(stray.open(QIODevice::WriteOnly));
+        const QTemporaryDir exports; // of an export
+        const QString exported = exports.filePath(QStringLiteral("wall.png"));
+        CAppSettings().addWritten(exported, true);
+        CAppSettings().addWritten(QStringLiteral("/unplugged/wall.png"), true);
+        QFile strays[] = {{folder.filePath(QStringLiteral(".orvo-1-1.new"))},
+                          {exports.filePath(QStringLiteral(".orvo-1-1.new"))}};
+        for (QFile &stray : strays)
+            QVERIFY(stray.open(QIODevice::WriteOnly));
         SAppOptions options;
         options.files << file << m_state.filePath(QStringLiteral("missing.sprj"));
         CMessageBoxAnswerer user({QStringLiteral("OK")});
         m_window->start(options);
         QVERIFY(user.boxes().first().details.contains(QStringLiteral("missing.sprj")));
         QVERIFY(nodeNamed(QStringLiteral("Demo wall")).isValid());
-        QTRY_VERIFY(!stray.exists());
+        QTRY_VERIFY(!strays[0].exists() && !strays[1].exists());
+        QTRY_COMPARE(CAppSettings().writtenFiles(), QStringList(QStringLiteral("/unplugged/wall.png")));
         CAppSettings().removeRecentProject(other);
         QCOMPARE(CAppSettings().recentProjects(), QStringList(file));
         const QUuid foyer = nodeNamed(QStringLiteral("Foyer")).data(CDeviceTreeModel::UuidRole).toUuid();

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/devices/services/CSimulatedPark.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/projects/ProjectSamples.h"
 
 #include <QProcess>
 #include <QTemporaryDir>
@@ -84,6 +85,20 @@ private Q_SLOTS:
             for (const QString &text : QString::fromLatin1(said).split(QLatin1Char('|')))
                 QVERIFY2(errors.contains(text), qPrintable(errors));
         }
+    }
+
+    void aPictureNeedsNoWindow()
+    {
+        const QTemporaryDir home;
+        const QString wall = home.filePath(QStringLiteral("wall.sprj"));
+        QVERIFY(CProcessorProject::write(wall, ProjectSamples::withEverything())); // also with a locked port
+        QProcess process;
+        process.setProcessEnvironment(offscreenIn(home.path()));
+        process.start(QStringLiteral(ORVO_PROGRAM),
+                      {QStringLiteral("export"), wall, home.filePath(QStringLiteral("wall.png"))});
+        QVERIFY(process.waitForFinished(PatienceMilliseconds));
+        QCOMPARE(process.readAllStandardError(), QByteArray());
+        QCOMPARE(process.exitCode(), 0);
     }
 
     void anInterruptEndsItInOrder()

@@ -4,9 +4,12 @@
 #include "host/projects/CProcessorProject.h"
 #include "tests/devices/CDeviceFixture.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/projects/CFaultyFileSystem.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>
+
+#include <cerrno>
 
 class CDeviceManagerTest final : public CTestBase
 {
@@ -105,6 +108,23 @@ private Q_SLOTS:
             QVERIFY(LayoutData::comparePortData(host.layoutOf(again).ports.at(port), layout.ports.at(port),
                                                 true));
         QVERIFY(!host.manager.table().isModified(again));
+    }
+
+    void aSaveThatTheDiskDidNotConfirmIsNotTakenForAChangeByOthers()
+    {
+        CDeviceFixture host;
+        CProjectShelf &shelf = host.manager.projects();
+        const QUuid demo = shelf.openDemo().value();
+        const QString file = host.folder.filePath(QStringLiteral("wall.sprj"));
+        QVERIFY(bool(shelf.save(demo, file)));
+        host.edit(demo);
+        {
+            const CFaultyFileSystem faulty(CFaultyFileSystem::SFault{"sync", 2, EIO, false}); // the folder's
+            QVERIFY(!shelf.save(demo, file));
+        }
+        QVERIFY(host.manager.table().isModified(demo));
+        QVERIFY(!shelf.isChangedOnDisk(demo));
+        QVERIFY(bool(shelf.save(demo, file)));
     }
 
     void aProjectSavedAsAnotherFileTakesItsName()

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/common/CBackgroundCall.h"
 #include "platform/common/CReadWriteLock.h"
+#include "platform/common/CResult.h"
 #include "platform/common/CWorkThread.h"
 #include "platform/common/Utils.h"
 #include "platform/control/CObserver.h"
@@ -153,11 +154,12 @@ private Q_SLOTS:
         std::atomic<bool> served{false};
         QTimer::singleShot(5, this, [&served] { served = true; });
         const std::thread::id caller = std::this_thread::get_id();
-        const bool elsewhere = CBackgroundCall::result([&] {
+        bool elsewhere = false;
+        CBackgroundCall::run([&] {
             QDeadlineTimer patience(PatienceMilliseconds);
             while (!served && !patience.hasExpired())
                 std::this_thread::yield();
-            return std::this_thread::get_id() != caller;
+            elsewhere = std::this_thread::get_id() != caller;
         });
         QVERIFY(served);
         QVERIFY(elsewhere);
@@ -171,6 +173,20 @@ private Q_SLOTS:
             CBackgroundCall::run([&] { same = std::this_thread::get_id() == caller; });
         }).join();
         QVERIFY(same);
+    }
+
+    void aBackgroundCallWithoutMemoryIsAFailure()
+    {
+        const auto fails = [] {
+            const CStatus status = CBackgroundCall::result([]() -> CStatus { throw std::bad_alloc(); });
+            return !status && status.error().contains(QLatin1String("memory"));
+        };
+        QVERIFY(fails());
+        bool elsewhere = false;
+        std::thread([&] { elsewhere = fails(); }).join();
+        QVERIFY(elsewhere);
+        QVERIFY_EXCEPTION_THROWN(CBackgroundCall::run([] { throw std::logic_error("else"); }),
+                                 std::logic_error);
     }
 
     void theLockKeepsWritersFromReaders()

@@ -4,6 +4,12 @@
 
 #include <QFile>
 
+#include <cstdlib>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <vector>
+
 using Port = CabinetLayout::CabinetPort;
 
 SProcessorProject ProjectSamples::ofWall(CWallBuilder::Wall wall)
@@ -112,4 +118,28 @@ void ProjectSamples::setContent(const QString &file, const QByteArray &content)
     QFile target(file);
     if (!target.open(QIODevice::WriteOnly) || target.write(content) != content.size())
         qFatal("cannot write %s", qPrintable(file));
+}
+
+bool ProjectSamples::trueInChild(const std::function<bool()> &work)
+{
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(work() ? 0 : 1);
+    int status = 0;
+    return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+void ProjectSamples::leaveMemory(int megabytes)
+{
+    std::vector<void *> kept;
+    for (int i = 0; i < megabytes * 16; ++i)
+        kept.push_back(std::malloc(1 << 16));
+    const rlimit none{1 << 20, 1 << 20}; // less than is in use
+    const bool limited = setrlimit(RLIMIT_AS, &none) == 0;
+    for (size_t size = size_t(1) << 26; limited && size > 1 << 16; size /= 2) {
+        while (std::malloc(size)) {
+        } // what was given back before
+    }
+    for (void *block : kept)
+        std::free(block);
 }

@@ -8,7 +8,9 @@
 #include <QByteArray>
 #include <QString>
 
-/// Values shared by the tests of project files.
+#include <functional>
+
+/// Values and means shared by the tests of project files.
 namespace ProjectSamples {
 
 /// A project of that wall.
@@ -18,5 +20,10 @@ SProcessorProject withEverything();
 
 QByteArray contentOf(const QString &file);
 void setContent(const QString &file, const QByteArray &content);
+
+/// Whether @p work, run in a process of its own, comes to an end and returns true.
+bool trueInChild(const std::function<bool()> &work);
+/// From now on the process gets no memory any more, except that many megabytes, more or less.
+void leaveMemory(int megabytes);
 
 } // namespace ProjectSamples

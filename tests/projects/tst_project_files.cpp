@@ -11,14 +11,6 @@
 #include <QCryptographicHash>
 #include <QTemporaryDir>
 
-#include <cstdlib>
-#include <functional>
-#include <vector>
-
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 namespace {
 
 /// The content of a processor project with a header that fits @p body.
@@ -65,16 +57,6 @@ QByteArray groupsOf(const QByteArray &cabinets)
 const char *const numberedCabinet = R"({"uuid":"6f727677-616c-4c77-8a11-5f0d3b6a%1","rect":[0,0,2048,1]})";
 const char *const oneCabinet = R"({"uuid":"6f727677-616c-4c77-8a11-5f0d3b6a7702","rect":[0,0,32,32]})";
 
-/// Runs @p work in a process of its own.
-bool trueInChild(const std::function<bool()> &work)
-{
-    const pid_t child = fork();
-    if (child == 0)
-        _exit(work() ? 0 : 1);
-    int status = 0;
-    return waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
-}
-
 } // namespace
 
 class CProjectFilesTest final : public CTestBase
@@ -105,22 +87,12 @@ private Q_SLOTS:
         return; // sanitizers end a program that gets no memory; the other presets try it
 #endif
         const QString file = path("full.sprj");
-        QVERIFY(trueInChild([&] {
+        QVERIFY(ProjectSamples::trueInChild([&] {
             return bool(CProcessorProject::write(file, ProjectSamples::ofWall(CWallBuilder::Full)));
         }));
         for (const int megabytes : {0, 40}) { // it runs out at once, or while the content is parsed
-            QVERIFY(trueInChild([&] {
-                std::vector<void *> kept;
-                for (int i = 0; i < megabytes * 16; ++i)
-                    kept.push_back(std::malloc(1 << 16));
-                const rlimit none{1 << 20, 1 << 20}; // less than is in use: nothing more from now on
-                const bool limited = setrlimit(RLIMIT_AS, &none) == 0;
-                for (size_t size = size_t(1) << 26; limited && size > 1 << 16; size /= 2) {
-                    while (std::malloc(size)) {
-                    } // what was given back before
-                }
-                for (void *block : kept)
-                    std::free(block);
+            QVERIFY(ProjectSamples::trueInChild([&] {
+                ProjectSamples::leaveMemory(megabytes);
                 const QString error = CProcessorProject::read(file).error();
                 return error.contains(file) && error.contains(QLatin1String("memory"));
             }));

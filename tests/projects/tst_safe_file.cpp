@@ -1,10 +1,13 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/commands/CCommandLine.h"
+#include "host/app/commands/CLayoutExport.h"
 #include "host/devices/simulated/CProcessorStateFiles.h"
 #include "host/projects/CFileHandle.h"
 #include "host/projects/CSafeFile.h"
 #include "host/projects/CStrayFiles.h"
+#include "layout/api/records/LayoutData.h"
+#include "layout/resources/LayoutResources.h"
 #include "tests/harness/CTestBase.h"
 #include "tests/projects/CFaultyFileSystem.h"
 #include "tests/projects/ProjectSamples.h"
@@ -96,6 +99,7 @@ private:
 private Q_SLOTS:
     void initTestCase()
     {
+        initLayoutResources();
         for (int generation = 0; generation < 3; ++generation) {
             SProcessorProject source = project(generation);
             source.layout.ports[0].index = generation;
@@ -160,6 +164,25 @@ private Q_SLOTS:
             QCOMPARE(ProjectSamples::contentOf(previous), contents[replaced ? 1 : 0]);
             QCOMPARE(QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden),
                      QStringList({QFileInfo(file).fileName(), QFileInfo(previous).fileName()}));
+        }
+    }
+
+    void anExportWithoutMemoryIsAMessage()
+    {
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+        return; // sanitizers end a program that gets no memory; the other presets try it
+#endif
+        LayoutData data;
+        data.layout = project(0).layout;
+        data.canvas = project(0).canvas;
+        QVERIFY(CLayoutExport::write(data, path("wall.png"))); // loads what systems do without only badly
+        for (const int megabytes : {0, 6, 8, 10}) { // it runs out for the picture or while it is made
+            QVERIFY(ProjectSamples::trueInChild([&] {
+                const QString file = path("out.png");
+                ProjectSamples::leaveMemory(megabytes);
+                const CStatus status = CLayoutExport::write(data, file);
+                return status ? megabytes > 0 : status.error().contains(QLatin1String("memory"));
+            }));
         }
     }
 

@@ -6,12 +6,15 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include <algorithm>
+
 namespace {
 
 const QString geometryKey = QStringLiteral("window/geometry");
 const QString splitterKey = QStringLiteral("window/splitter");
 const QString collapsedKey = QStringLiteral("window/rightBarCollapsed");
 const QString recentKey = QStringLiteral("projects/recent");
+const QString writtenKey = QStringLiteral("projects/written");
 
 QString identityOf(const QString &file)
 {
@@ -81,6 +84,39 @@ void CAppSettings::removeRecentProject(const QString &file)
 void CAppSettings::clearRecentProjects()
 {
     m_settings.remove(recentKey);
+}
+
+QStringList CAppSettings::writtenFiles() const
+{
+    QStringList files = m_settings.value(writtenKey).toStringList();
+    files.removeAll(QString());
+    return files.mid(0, MaximumWrittenFolders);
+}
+
+void CAppSettings::addWritten(const QString &file, bool onlyFolder)
+{
+    const QFileInfo written(file);
+    m_settings.sync(); // another window may have cleaned up
+    QStringList files = writtenFiles();
+    const auto known = std::find_if(files.begin(), files.end(), [&written](const QString &other) {
+        return QFileInfo(other).absolutePath() == written.absolutePath();
+    });
+    if (known != files.end()) {
+        if (onlyFolder || *known == written.absoluteFilePath())
+            return;
+        files.erase(known);
+    }
+    files.prepend(written.absoluteFilePath());
+    m_settings.setValue(writtenKey, QStringList(files.mid(0, MaximumWrittenFolders)));
+    m_settings.sync(); // before the process can be killed
+}
+
+void CAppSettings::removeWritten(const QString &file)
+{
+    m_settings.sync();
+    QStringList files = writtenFiles();
+    files.removeAll(file);
+    m_settings.setValue(writtenKey, files);
 }
 
 QString CAppSettings::projectFolder() const

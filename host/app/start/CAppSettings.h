@@ -11,6 +11,7 @@ class CAppSettings final
 {
 public:
     static constexpr int MaximumRecentProjects = 10;
+    static constexpr int MaximumWrittenFolders = 32;
 
     QByteArray windowGeometry() const;
     void setWindowGeometry(const QByteArray &geometry);
@@ -25,6 +26,13 @@ public:
     void addRecentProject(const QString &file);
     void removeRecentProject(const QString &file);
     void clearRecentProjects();
+    /// Files beside which a killed process may have left strays, one for each folder, the most recent first.
+    QStringList writtenFiles() const;
+    /// Notes on the disk that @p file will be written. If only the folder matters, because no previous
+    /// generation of the file is kept, a file known there is enough. Any thread, on an object of its own,
+    /// like removeWritten().
+    void addWritten(const QString &file, bool onlyFolder);
+    void removeWritten(const QString &file);
     /// The folder of the most recent project; if there is none, the user's documents folder or home.
     QString projectFolder() const;
 

@@ -4,8 +4,10 @@
 
 #include "host/devices/jobs/CDeviceJob.h"
 #include "host/devices/services/CMailbox.h"
+#include "platform/common/CBackgroundCall.h"
 
 #include <atomic>
+#include <new>
 
 namespace {
 
@@ -17,6 +19,15 @@ struct SAnswer
     std::atomic<bool> given{false};
     std::atomic<bool> yes{false};
 };
+
+SDeviceOutcome outcomeOf(const CJobRunner::Work &work, const SJobContext &context)
+{
+    try {
+        return work(context);
+    } catch (const std::bad_alloc &) {
+        return {SDeviceOutcome::Failed, CBackgroundCall::memoryText()};
+    }
+}
 
 } // namespace
 
@@ -45,7 +56,7 @@ bool CJobRunner::start(std::unique_ptr<CDeviceJob> job, Work work, Done done)
     m_done = std::move(done);
     Q_EMIT notifyStarted(m_job.get());
     m_thread = std::thread([this, work = std::move(work), context = context(*m_job)] {
-        const SDeviceOutcome outcome = work(context);
+        const SDeviceOutcome outcome = outcomeOf(work, context);
         m_mailbox.post([this, outcome] { finish(outcome); });
     });
     return true;
