@@ -193,7 +193,9 @@ void CMainWindow::simulate(const QString &name, SimulationFault fault, bool on)
 {
     for (const CSimulatedPark::Processor &processor : m_manager.services().park().processors()) {
         if (processor->identity().name == name) {
-            m_manager.simulate(processor->identity().uuid, fault, on);
+            const DeviceError error = m_manager.simulate(processor->identity().uuid, fault, on);
+            if (error != DeviceError::None)
+                qWarning("%s: %s", qPrintable(name), qPrintable(deviceErrorText(error)));
             return;
         }
     }

@@ -4,6 +4,7 @@
 
 #include "host/devices/CDeviceManager.h"
 #include "host/devices/simulated/ProcessorStates.h"
+#include "platform/widgets/CMessageBox.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -30,12 +31,19 @@ void CSimulationMenu::createActions()
         action->setCheckable(true);
         m_faults.insert(action, fault.fault);
         connect(action, &QAction::triggered, this,
-                [this, kind = fault.fault](bool on) { m_manager.simulate(m_processor, kind, on); });
+                [this, kind = fault.fault](bool on) { simulate(kind, on); });
     }
     addPorts();
     addSeparator();
     m_clear = addAction(tr("&No faults"));
     connect(m_clear, &QAction::triggered, this, &CSimulationMenu::clearFaults);
+}
+
+void CSimulationMenu::simulate(SimulationFault fault, bool on)
+{
+    const DeviceError error = m_manager.simulate(m_processor, fault, on);
+    if (error != DeviceError::None)
+        CMessageBox::warning(parentWidget(), tr("The simulation cannot be set."), deviceErrorText(error));
 }
 
 void CSimulationMenu::addPorts()

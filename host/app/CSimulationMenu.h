@@ -29,6 +29,7 @@ Q_SIGNALS:
 
 private:
     void createActions();
+    void simulate(SimulationFault fault, bool on);
     void addPorts();
     void fillPorts();
     void setUnplugged(int port, bool unplugged);

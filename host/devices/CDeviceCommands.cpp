@@ -101,19 +101,7 @@ CStatus CDeviceCommands::setPortCount(const QUuid &processor, int count)
                     ? tr("Output port %1 is locked.").arg(port.index + 1)
                     : tr("Output port %1 has its redundancy on a port that would go.").arg(port.index + 1));
     }
-    CStatus status = apply(processor, [count](SProcessorSettings &settings) { settings.portCount = count; });
-    if (!status)
-        return status;
-    m_services.table().changeLayout(processor, [](SDevice &known) {
-        if (known.isLoaded())
-            known.takeLayout(known.working.layout());
-    });
-    m_services.announcer().announceCommit(processor);
-    if (processor == m_services.table().current())
-        m_services.announcer().notify(LayoutNotification::PortCountChanged);
-    else
-        m_services.announcer().notify(LayoutNotification::LayoutReplaced, processor);
-    return status;
+    return apply(processor, [count](SProcessorSettings &settings) { settings.portCount = count; });
 }
 
 CStatus CDeviceCommands::setWorkMode(const QUuid &processor, ProcessorWorkMode mode)
@@ -253,11 +241,7 @@ CStatus CDeviceCommands::setStatusLed(bool on)
         return CStatus::failure(unknownProcessor());
     if (device->project)
         return failure(*device, withoutCabinets());
-    const QUuid processor = device->node.uuid;
-    CStatus status = apply(processor, [on](SProcessorSettings &settings) { settings.statusLed = on; });
-    if (status)
-        m_services.announcer().announceStatusLed(processor, on);
-    return status;
+    return apply(device->node.uuid, [on](SProcessorSettings &settings) { settings.statusLed = on; });
 }
 
 QList<SCurrentGain> CDeviceCommands::gains(const SDevice &device)

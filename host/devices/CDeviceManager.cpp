@@ -22,20 +22,20 @@ CDeviceManager::~CDeviceManager()
     stop();
 }
 
-void CDeviceManager::simulate(const QUuid &processor, SimulationFault fault, bool on)
+DeviceError CDeviceManager::simulate(const QUuid &processor, SimulationFault fault, bool on)
 {
     const auto simulated = m_services.device(processor);
     if (!simulated)
-        return;
-    if (ProcessorStates::contains(fault)) {
-        simulated->setState(fault, on);
-        if (m_services.table().isOnline(processor))
-            m_services.takeSettings(processor, simulated->settings());
-        return;
-    }
-    simulated->setFault(fault, on);
+        return DeviceError::None;
+    const bool isState = ProcessorStates::contains(fault);
+    const DeviceError error = isState ? simulated->setState(fault, on) : simulated->setFault(fault, on);
+    if (error != DeviceError::None)
+        return error;
+    if (isState && m_services.table().isOnline(processor))
+        m_services.takeSettings(processor, simulated->settings());
     if (on && fault == SimulationFault::Changed)
         m_jobs.onMappingChanged(processor);
+    return error;
 }
 
 bool CDeviceManager::isSimulated(const QUuid &processor, SimulationFault fault) const

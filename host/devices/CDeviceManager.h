@@ -29,8 +29,9 @@ public:
     CDeviceTreeModel &treeModel() { return m_tree; }
 
     /// Switches a simulated fault or state of a processor. The host notices a fault at the next exchange; the
-    /// processor announces a state itself.
-    void simulate(const QUuid &processor, SimulationFault fault, bool on);
+    /// processor announces a state itself. Fails if the processor cannot store the change; then nothing
+    /// changes.
+    DeviceError simulate(const QUuid &processor, SimulationFault fault, bool on);
     bool isSimulated(const QUuid &processor, SimulationFault fault) const;
 
     /// Cancels the running job, waits for it and reports it as cancelled; delivers pending notifications.

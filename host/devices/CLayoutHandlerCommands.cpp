@@ -242,5 +242,5 @@ bool CLayoutHandler::setBackground(const SBackgroundInfo &info)
 
 bool CLayoutHandler::setProcessorOffsets(const ProcessorOffsets &offsets)
 {
-    return told(m_commands.setOffsets(offsets));
+    return told(CBackgroundCall::result([&] { return m_commands.setOffsets(offsets); }));
 }

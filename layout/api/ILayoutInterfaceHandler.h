@@ -230,6 +230,7 @@ public:
     virtual ProcessorBoundingRects processorBoundingRects(const QList<QUuid> &processors) const = 0;
     /// Moves processors' areas on the shared canvas, all of them or none; devices store their offsets.
     /// Refused if one of them is offline, or an offset is beyond LayoutLimits::LargestOffset. Announced by
-    /// LayoutNotification::SelectedNodeChanged if several processors are selected.
+    /// LayoutNotification::SelectedNodeChanged if several processors are selected. GUI thread; notifications
+    /// are delivered meanwhile.
     virtual bool setProcessorOffsets(const ProcessorOffsets &offsets) = 0;
 };

@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -48,6 +49,10 @@ CLayoutSummaryWidget::~CLayoutSummaryWidget() = default;
 
 void CLayoutSummaryWidget::showProcessors(const QList<ProcessorTree::ProcessorNode> &processors)
 {
+    if (m_busy) {
+        m_waiting = processors;
+        return;
+    }
     QList<QUuid> keys;
     for (const ProcessorTree::ProcessorNode &node : processors)
         keys << node.uuid;
@@ -153,26 +158,38 @@ void CLayoutSummaryWidget::connectSignals()
     connect(m_redo, &QAction::triggered, this, &CLayoutSummaryWidget::redo);
 }
 
+/// While the host moves processors it announces that already, and the history does not yet have the step.
+void CLayoutSummaryWidget::carryOut(const std::function<void()> &step)
+{
+    m_busy = true;
+    step();
+    m_busy = false;
+    if (const auto waiting = std::exchange(m_waiting, std::nullopt))
+        showProcessors(*waiting);
+}
+
 void CLayoutSummaryWidget::onMoved(const ProcessorOffsets &before, const ProcessorOffsets &after)
 {
-    if (write(after)) {
-        m_history->record(before, after);
-    } else {
-        m_view->setOffsets(before);
-        tellProblem();
-    }
+    carryOut([&] {
+        if (write(after)) {
+            m_history->record(before, after);
+        } else {
+            m_view->setOffsets(before);
+            tellProblem();
+        }
+    });
 }
 
 void CLayoutSummaryWidget::undo()
 {
     m_view->endGesture();
-    m_history->undo();
+    carryOut([this] { m_history->undo(); });
 }
 
 void CLayoutSummaryWidget::redo()
 {
     m_view->endGesture();
-    m_history->redo();
+    carryOut([this] { m_history->redo(); });
 }
 
 bool CLayoutSummaryWidget::place(const ProcessorOffsets &offsets)

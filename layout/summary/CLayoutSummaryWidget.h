@@ -5,9 +5,12 @@
 #include "layout/api/records/ProcessorTree.h"
 #include "layout/summary/SSummaryProcessor.h"
 
+#include <QList>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
+#include <optional>
 
 class COffsetHistory;
 class CSummaryGraphicsView;
@@ -41,6 +44,7 @@ private:
     void onMoved(const ProcessorOffsets &before, const ProcessorOffsets &after);
     void undo();
     void redo();
+    void carryOut(const std::function<void()> &step);
     bool place(const ProcessorOffsets &offsets);
     static bool write(const ProcessorOffsets &offsets);
     void tellProblem();
@@ -55,4 +59,6 @@ private:
     QAction *m_redo = nullptr;
     const std::unique_ptr<COffsetHistory> m_history;
     bool m_blocked = false;
+    bool m_busy = false;                                          // with a step in the host
+    std::optional<QList<ProcessorTree::ProcessorNode>> m_waiting; // to be shown after it
 };

@@ -281,7 +281,11 @@ private Q_SLOTS:
     void offsetsAreKeptByDevicesAndFiles()
     {
         const ProcessorOffsets wanted = {{m_world->left, {-30, 40}}, {m_world->right, {1890, 1 << 20}}};
+        bool served = false; // while the processors take their time
+        QMetaObject::invokeMethod(
+            qApp, [&served] { served = true; }, Qt::QueuedConnection);
         QVERIFY(m_world->handler.setProcessorOffsets(wanted));
+        QVERIFY(served);
         QVERIFY(m_world->isAt(wanted));
         CProjectShelf &shelf = m_world->manager.projects();
         const QString file = m_world->folder.filePath(QStringLiteral("wall.sprj"));

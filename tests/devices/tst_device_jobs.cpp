@@ -9,6 +9,9 @@
 #include "tests/devices/CDeviceFixture.h"
 #include "tests/harness/CTestBase.h"
 
+#include <QSet>
+#include <QSignalSpy>
+
 namespace {
 
 using Results = QList<SDeviceOutcome::Result>;
@@ -79,13 +82,19 @@ private Q_SLOTS:
         const CabinetLayout edited = host.layoutOf(host.lobby);
         host.notifiedUpToDetection();
         host.manager.offlineWatch().start(1);
-        const QUuid foyer = host.named("Foyer"); // was never online
+        const QUuid foyer = host.named("Foyer");              // was never online
+        host.manager.services().setOnline(host.stage, false); // keeps its index
+        QVERIFY(host.log.waitFor(22).endsWith(QLatin1String(" 0")));
         for (const QUuid &processor : {foyer, host.lobby})
             host.manager.simulate(processor, SimulationFault::Offline, false);
-        QTRY_VERIFY(host.manager.table().isOnline(host.lobby) && host.manager.table().isOnline(foyer));
+        const CDeviceTable &table = host.manager.table();
+        QTRY_VERIFY(table.isOnline(host.lobby) && table.isOnline(foyer) && table.isOnline(host.stage));
         QVERIFY(host.log.waitFor(22).endsWith(QLatin1String(" 1")));
         QVERIFY(host.layoutOf(host.lobby) == edited);
-        QVERIFY(host.handler.getProcessorNode(foyer).index >= 0);
+        QSet<int> indices;
+        for (const SDevice &device : table.devices())
+            indices << device.node.index;
+        QCOMPARE(indices, (QSet<int>{0, 1, 2, 3, 4, 5, 6}));
     }
 
     void aDetectionThatFailsSomewhereSaysWhere()
@@ -108,16 +117,29 @@ private Q_SLOTS:
         settings.canvas = {3840, 1920};
         settings.workMode = ProcessorWorkMode::FiberTransceiver;
         settings.colorDepth = 12;
+        settings.portCount = 15;
+        settings.statusLed = true;
+        settings.portAreas = {{3, 1, 2, 30, 40}};
+        QSignalSpy led(&host.manager.announcer(), &CDeviceAnnouncer::notifyStatusLedChanged);
         QCOMPARE(host.manager.services().device(host.stage)->apply(settings), DeviceError::None);
         host.detect();
         const QStringList told = host.notifiedUpToDetection();
         const QString id = CDeviceFixture::idOf(host.stage);
         for (const QString &text : {QStringLiteral("21 %1 3840 1920").arg(id), QStringLiteral("6"),
-                                    QStringLiteral("24 %1 -1").arg(id)})
+                                    QStringLiteral("24 %1 -1").arg(id), QStringLiteral("17 ") + id,
+                                    QStringLiteral("22 %1 1").arg(id)})
             QVERIFY2(told.contains(text), qPrintable(text));
         QVERIFY(host.manager.table().device(host.stage)->settings == settings);
         QVERIFY(host.handler.isFiberTransceiverMode(host.stage));
         QCOMPARE(host.handler.getProcessorNode(host.stage).colorDepth, 12);
+        QTRY_COMPARE(led.size(), 1);
+        QCOMPARE(host.layoutOf(host.stage).ports.size(), 15);
+        QVERIFY(!host.manager.table().isModified(host.stage));
+        settings.portCount = 14; // the last of the others holds cabinets
+        QCOMPARE(host.manager.services().device(host.stage)->apply(settings), DeviceError::None);
+        host.detect();
+        QCOMPARE(host.handler.outputPortCount(host.stage), 15);
+        QCOMPARE(host.layoutOf(host.stage).cabinetCount(), 240);
     }
 
     void whatChangesDuringADetectionOutlivesItsAnswers()
@@ -324,8 +346,7 @@ private Q_SLOTS:
         CDeviceFixture host;
         int flushed = 0;
         host.manager.services().setFlush([&] {
-            ++flushed;
-            QVERIFY(!host.manager.jobs().current()); // else the job does not see what was edited
+            flushed += host.manager.jobs().current() ? 0 : 1; // else the job does not see what was edited
         });
         QVERIFY(host.read(host.lobby).isDone());
         QCOMPARE(flushed, 1);
@@ -333,6 +354,32 @@ private Q_SLOTS:
         QCOMPARE(flushed, 2);
         QVERIFY(host.detect().isDone());
         QCOMPARE(flushed, 3);
+    }
+
+    void anEditThatTheModuleHoldsWhileAMappingIsReadIsKept()
+    {
+        for (const bool edits : {true, false}) { // without edits it hands over what is known
+            for (const char *job : {"read", "detection"}) {
+                CDeviceFixture host;
+                host.manager.simulate(host.lobby, SimulationFault::Changed, true);
+                CabinetLayout edited;
+                host.manager.services().setFlush([&] {
+                    if (!host.manager.jobs().current() || !edited.ports.isEmpty())
+                        return;
+                    LayoutData same = host.handler.layoutData(host.lobby);
+                    same.layout.ports[0].groups.detach();
+                    host.handler.commitLayoutData(same);
+                    if (edits)
+                        host.edit(host.lobby);
+                    edited = host.layoutOf(host.lobby);
+                });
+                const SDeviceOutcome outcome = *job == 'r' ? host.read(host.lobby) : host.detect();
+                QCOMPARE(outcome.isDone(), !edits || *job == 'd');
+                QVERIFY(!edited.ports.isEmpty());
+                QCOMPARE(host.layoutOf(host.lobby) == edited, edits);
+                QCOMPARE(host.manager.table().isModified(host.lobby), edits);
+            }
+        }
     }
 
     void runsOneJobAtATime()
@@ -396,6 +443,19 @@ private Q_SLOTS:
             host.manager.jobs().saveMapping({lobby}, into(results)); // nothing starts any more
             QCOMPARE(results, (Results{SDeviceOutcome::Cancelled, SDeviceOutcome::Failed}));
         }
+    }
+
+    void aJobWithoutMemoryFails()
+    {
+        CMailbox mailbox;
+        CJobRunner jobs(mailbox);
+        SDeviceOutcome ended;
+        jobs.start(
+            std::make_unique<CDeviceJob>(CDeviceJob::Detect, QStringLiteral("Detect"), QList<QUuid>()),
+            [](const SJobContext &) -> SDeviceOutcome { throw std::bad_alloc(); },
+            [&ended](const SDeviceOutcome &outcome) { ended = outcome; });
+        QTRY_COMPARE(ended.result, SDeviceOutcome::Failed);
+        QVERIFY(ended.text.contains(QLatin1String("memory")));
     }
 
     void whatEndsWhileStoppingCountsAsCancelled()

@@ -226,6 +226,9 @@ private Q_SLOTS:
             }
             QCOMPARE(device->apply(factory().settings), DeviceError::Unread);
             QCOMPARE(place.save(device), DeviceError::Unread);
+            QCOMPARE(device->setState(SimulationFault::Polling, true), DeviceError::Unread);
+            QCOMPARE(device->setFault(SimulationFault::Changed, true), DeviceError::Unread);
+            QVERIFY(!device->settings().polling);
             for (const bool mapping : {false, true})
                 QCOMPARE(place.contentOf(mapping), contents[mapping]);
             QCOMPARE(QDir(place.place).entryList(QDir::Files | QDir::Hidden).size(), 2);

@@ -151,6 +151,28 @@ private Q_SLOTS:
         QVERIFY(!world.button(0).isEnabled());
     }
 
+    void whatTheHostAnnouncesDuringAStepWaitsForItsEnd()
+    {
+        SPageWorld world;
+        const ProcessorOffsets before = world.offsets();
+        for (int step = 0; step < 2; ++step) {
+            world.host.answers()->onCalled = [&world](const QString &call) {
+                if (!call.startsWith(Write))
+                    return;
+                world.host.answers()->rects[world.b].moveTo(3, 3); // as far as the host has come
+                world.show({world.a, world.b});
+                world.host.answers()->rects[world.b].moveTo(500, 0);
+            };
+            world.key(Qt::Key_Right);
+            world.host.answers()->onCalled = nullptr;
+            QCOMPARE(world.offsets(), world.kept());
+        }
+        QCOMPARE(world.offsets().value(world.a), QPoint(2, 0));
+        for (int step = 0; step < 2; ++step)
+            world.key(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(world.offsets(), before);
+    }
+
     void theHistoryIsThatOfTheProcessorsInView()
     {
         enum EMeanwhile { AnotherName, OthersShown, MovedElsewhere };

@@ -86,8 +86,7 @@ void CDetection::askAgain(const QUuid &processor)
     if (error != DeviceError::None)
         return;
     device.node.online = true;
-    if (device.node.index < 0)
-        device.node.index = m_services.table().onlineDeviceCount();
+    device.node.index = m_services.table().freeIndex(processor);
     take(*before, device, read);
 }
 
@@ -138,16 +137,9 @@ void CDetection::take(const SDevice &before, const SDevice &device, bool read)
         m_services.announcer().announceState();
         return;
     }
-    bool replaced = false;
-    m_services.table().change(uuid, [&](SDevice &now) {
-        // Edits made while the processor was read are kept.
-        replaced = read && now.working.edition() == before.working.edition();
-        if (!replaced)
-            return;
-        now.working = device.working;
-        now.revision = device.revision;
-    });
+    if (read) { // edits made meanwhile are kept
+        SDevice taken = device;
+        m_services.takeMapping(before, taken, true, *m_context.cancel);
+    }
     m_services.takeAnswer(before, device);
-    if (replaced)
-        m_services.announcer().announceLayout(uuid);
 }

@@ -89,18 +89,15 @@ CMappingTransfer::Step CMappingTransfer::takeOver(const SDevice &device, const S
     const bool same = !read.isModified();
     if (!same)
         read.takeLayout(withLockedPortsKept(device, read.working.saved()));
-    bool edited = false;
-    m_services.table().change(device.node.uuid, [&](SDevice &known) {
-        edited = known.working.edition() != device.working.edition();
-        if (edited)
-            return;
-        known.revision = mapping.revision;
-        known.working = read.working;
-    });
-    if (edited)
+    read.revision = mapping.revision;
+    switch (m_services.takeMapping(device, read, !same, *m_context.cancel)) {
+    case CDeviceServices::Taken::Cancelled:
+        return Step::Cancelled;
+    case CDeviceServices::Taken::Edited:
         return failed(device, tr("The layout was edited while the mapping was read; the edits were kept."));
-    if (!same)
-        m_services.announcer().announceLayout(device.node.uuid);
+    case CDeviceServices::Taken::Yes:
+        break;
+    }
     m_services.announcer().notify(LayoutNotification::ReadbackFinished,
                                   SReadbackResult{device.node.uuid, same});
     return Step::Done;

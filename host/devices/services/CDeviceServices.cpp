@@ -4,7 +4,23 @@
 
 #include "layout/api/records/RecordMetaTypes.h"
 
+#include <algorithm>
+#include <tuple>
 #include <utility>
+
+namespace {
+
+/// Whether the module must ask the host again for something that has no notification of its own.
+bool needAskingAgain(const SProcessorSettings &before, const SProcessorSettings &after)
+{
+    const auto asked = [](const SProcessorSettings &s) {
+        return std::tie(s.primary, s.portAreas, s.gains, s.gainRows, s.threeD, s.lowLatency, s.frozen,
+                        s.polling, s.hdmiOutput);
+    };
+    return asked(before) != asked(after);
+}
+
+} // namespace
 
 CDeviceServices::CDeviceServices(const SDeviceSettings &settings)
     : m_park(settings.stateFolder, settings.delayScale)
@@ -79,6 +95,7 @@ void CDeviceServices::takeSettings(const QUuid &processor, const SProcessorSetti
 void CDeviceServices::takeAnswer(const SDevice &before, const SDevice &answer)
 {
     const QUuid uuid = answer.node.uuid;
+    SProcessorSettings settings = answer.settings;
     bool asAsked = false;
     m_table.change(uuid, [&](SDevice &now) {
         asAsked = now.changes == before.changes;
@@ -86,7 +103,8 @@ void CDeviceServices::takeAnswer(const SDevice &before, const SDevice &answer)
         if (!asAsked)
             return;
         const bool gainsWait = now.gainRows != now.settings.gainRows; // imported, but not sent
-        now.takeSettings(answer.settings);
+        settings.portCount = std::max(settings.portCount, now.portsHeld());
+        now.takeSettings(settings);
         now.node.online = answer.node.online;
         if (!gainsWait)
             now.gainRows = now.settings.gainRows;
@@ -96,7 +114,46 @@ void CDeviceServices::takeAnswer(const SDevice &before, const SDevice &answer)
     if (before.node.online != answer.node.online)
         m_announcer.notify(LayoutNotification::ProcessorStateChanged,
                            SProcessorStateChange{uuid, answer.node.online});
-    announceSettings(uuid, before.settings, answer.settings, answer.node.online);
+    announceSettings(uuid, before.settings, settings, answer.node.online);
+}
+
+CDeviceServices::Taken CDeviceServices::takeMapping(const SDevice &before, SDevice &read, bool replaced,
+                                                    const CCancelToken &cancel)
+{
+    const QUuid uuid = before.node.uuid;
+    bool unedited = false;
+    const bool called = m_mailbox.call(
+        [&] {
+            flush();
+            m_table.change(uuid, [&](SDevice &now) {
+                unedited = now.working.edition() == before.working.edition();
+                if (!unedited)
+                    return;
+                now.revision = read.revision;
+                std::swap(now.working, read.working); // the old one is destroyed by the caller
+            });
+            if (unedited && replaced)
+                m_announcer.announceLayout(uuid); // before the user can edit what is outdated
+        },
+        cancel);
+    return !called ? Taken::Cancelled : unedited ? Taken::Yes : Taken::Edited;
+}
+
+void CDeviceServices::takePortCount(const QUuid &processor)
+{
+    m_table.changeLayout(processor, [](SDevice &known) {
+        if (!known.isLoaded())
+            return;
+        const bool edited = known.working.isModified();
+        known.takeLayout(known.working.layout());
+        if (!edited) // the number of ports is no edit of the mapping
+            known.takeSaved(known.working.saved());
+    });
+    m_announcer.announceCommit(processor);
+    if (processor == m_table.current())
+        m_announcer.notify(LayoutNotification::PortCountChanged);
+    else
+        m_announcer.notify(LayoutNotification::LayoutReplaced, processor);
 }
 
 void CDeviceServices::announceSettings(const QUuid &processor, const SProcessorSettings &before,
@@ -111,12 +168,16 @@ void CDeviceServices::announceSettings(const QUuid &processor, const SProcessorS
         background.processor = processor;
         m_announcer.notify(LayoutNotification::BackgroundChanged, background);
     }
+    if (after.portCount != before.portCount)
+        takePortCount(processor);
+    if (after.statusLed != before.statusLed)
+        m_announcer.announceStatusLed(processor, after.statusLed);
     if (after.workMode != before.workMode)
         m_announcer.notify(LayoutNotification::WorkModeChanged);
     if (after.frameRate != before.frameRate || after.colorDepth != before.colorDepth ||
         after.threeD != before.threeD)
         m_announcer.notify(LayoutNotification::PortLoadsChanged, SPortLoadChange{processor, -1});
-    if (after.primary != before.primary) // the module reads the pairs again
+    if (needAskingAgain(before, after))
         m_announcer.notify(LayoutNotification::ProcessorStateChanged,
                            SProcessorStateChange{processor, online});
     if (newCanvas || after.offset != before.offset)

@@ -44,8 +44,16 @@ public:
     /// Stores and announces whether a processor answers.
     void setOnline(const QUuid &processor, bool online);
     /// Stores the answer of a processor to a search; @p before is its record from when it was asked. Settings
-    /// and state that changed in between are newer than the answer and are kept.
+    /// and state that changed in between are newer than the answer and are kept; so are ports that hold
+    /// cabinets.
     void takeAnswer(const SDevice &before, const SDevice &answer);
+    /// What became of a mapping that was read.
+    enum class Taken { Yes, Edited, Cancelled };
+    /// Replaces layout, saved mapping and revision of a processor with those of @p read, unless the layout
+    /// was edited since its record was @p before. Edits that the module still holds count, too: the GUI
+    /// thread hands them over, compares and replaces in one go. @p replaced tells whether the layout is
+    /// another one, which is announced. @p cancel ends waiting for the GUI thread. Any thread.
+    Taken takeMapping(const SDevice &before, SDevice &read, bool replaced, const CCancelToken &cancel);
     /// Sets what is selected in the device tree. A single processor becomes the current one. GUI thread.
     void select(const QList<QUuid> &processors, PrcTreeNodeType type);
 
@@ -58,6 +66,8 @@ public:
     void stop();
 
 private:
+    /// Gives the working layout the ports that are in use now, and announces that.
+    void takePortCount(const QUuid &processor);
     void announceSettings(const QUuid &processor, const SProcessorSettings &before,
                           const SProcessorSettings &after, bool online);
     /// Announces a selection of several processors again if @p processor, whose area has changed, is one of

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/devices/services/CDeviceTable.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <utility>
 
@@ -157,6 +159,23 @@ int CDeviceTable::onlineDeviceCount() const
     const std::lock_guard<std::mutex> lock(m_mutex);
     const auto online = [](const SDevice &device) { return device.node.online; };
     return static_cast<int>(std::count_if(m_devices.begin(), m_devices.end(), online));
+}
+
+int CDeviceTable::freeIndex(const QUuid &device) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    QSet<int> taken;
+    int own = -1;
+    for (const SDevice &known : m_devices) {
+        if (known.node.uuid == device)
+            own = known.node.index;
+        else
+            taken.insert(known.node.index);
+    }
+    int index = own < 0 || taken.contains(own) ? 0 : own;
+    while (taken.contains(index))
+        ++index;
+    return index;
 }
 
 void CDeviceTable::setBusy(const QList<QUuid> &processors)

@@ -52,6 +52,8 @@ public:
     bool changeLayout(const QUuid &processor, const std::function<void(SDevice &)> &edit);
 
     int onlineDeviceCount() const; ///< projects do not count
+    /// The index of a device among those detected, or the first one that no other device has.
+    int freeIndex(const QUuid &device) const;
 
     /// Sets the processors that a job works on.
     void setBusy(const QList<QUuid> &processors);

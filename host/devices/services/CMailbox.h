@@ -8,6 +8,8 @@
 #include <functional>
 #include <mutex>
 
+class CCancelToken;
+
 /// Delivers work from other threads to the thread that it lives on, in the order of posting.
 class CMailbox final : public QObject
 {
@@ -18,6 +20,10 @@ public:
 
     /// Queues @p work; ignored once closed. Any thread.
     void post(std::function<void()> work);
+    /// Runs @p work on the own thread and returns when it has ended. Returns false, and does not run it, if
+    /// @p cancel is cancelled or the mailbox closed before it begins. Any thread; on the own one a plain
+    /// call.
+    bool call(const std::function<void()> &work, const CCancelToken &cancel);
     /// Runs all queued work at once. Own thread.
     void deliver();
     /// Drops queued work and ignores any further. Own thread.
@@ -27,6 +33,7 @@ public:
 
 private:
     bool take(std::function<void()> &next);
+    bool isClosed();
 
     std::mutex m_mutex; // guards the members below
     std::deque<std::function<void()>> m_waiting;

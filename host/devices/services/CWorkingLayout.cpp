@@ -67,17 +67,19 @@ void CWorkingLayout::take(const CabinetLayout &layout, const SReceiverGeneration
                                              : CPortCapacity::charged(generation, port));
     }
     QSet<int> edited;
+    bool changed = next.ports.size() != m_layout.ports.size();
     for (const Port &port : std::as_const(next).ports) {
         const Port *before = m_layout.port(port.index);
         const bool untouched = before && shares(before->groups, port.groups) && sameLook(*before, port);
         if (untouched ? m_edited.contains(port.index) : differsFromSaved(port))
             edited.insert(port.index);
+        changed = changed || !before || !(untouched || samePort(*before, port));
     }
     m_taken = layout;
     m_layout = next;
     m_charged = chargedPixels;
     m_edited = edited;
-    ++m_edition;
+    m_edition += changed ? 1 : 0;
 }
 
 bool CWorkingLayout::differsFromSaved(const Port &port) const

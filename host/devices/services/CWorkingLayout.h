@@ -21,8 +21,8 @@ public:
     const CabinetLayout &layout() const { return m_layout; }
     const CabinetLayout &saved() const { return m_saved; }
     bool isModified() const { return !m_edited.isEmpty() || m_layout.ports.size() != m_saved.ports.size(); }
-    /// Incremented by take() and setSaved(), so that background work can tell whether something changed
-    /// meanwhile.
+    /// Incremented by setSaved(), and by take() of a layout that differs, so that background work can tell
+    /// whether something changed meanwhile.
     quint64 edition() const { return m_edition; }
 
     /// Whether a cabinet is in the saved mapping.

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/devices/services/SDevice.h"
 
+#include <algorithm>
+
 LayoutData SDevice::data() const
 {
     LayoutData data;
@@ -31,6 +33,16 @@ CabinetLayout SDevice::withPortsInUse(const CabinetLayout &layout) const
         complete.ports.last().index = i;
     }
     return complete;
+}
+
+int SDevice::portsHeld() const
+{
+    int held = 0;
+    for (const CabinetLayout::CabinetPort &port : working.layout().ports) {
+        if (port.cabinetCount() > 0 || port.redundancy != CabinetLayout::CabinetPort::NoRedundancy)
+            held = std::max(held, port.index + 1);
+    }
+    return held;
 }
 
 QString SDevice::failureText(const QString &reason) const

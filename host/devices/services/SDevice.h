@@ -45,6 +45,8 @@ struct SDevice
     void takeLayout(const CabinetLayout &layout);
     /// Sets the mapping that the device or the file has.
     void takeSaved(const CabinetLayout &mapping);
+    /// How many ports the working layout needs: those up to the last one that holds cabinets or is paired.
+    int portsHeld() const;
     CabinetLayout withPortsInUse(const CabinetLayout &layout) const;
     /// "name(address): reason", for the user.
     QString failureText(const QString &reason) const;

@@ -82,18 +82,16 @@ SProcessorState &CSimulatedProcessor::state()
     return *m_state;
 }
 
-void CSimulatedProcessor::setFault(SimulationFault fault, bool on)
+DeviceError CSimulatedProcessor::setFault(SimulationFault fault, bool on)
 {
-    if (fault == SimulationFault::Changed) {
-        if (on)
-            changeFromElsewhere();
-        return;
-    }
+    if (fault == SimulationFault::Changed)
+        return on ? changeFromElsewhere() : DeviceError::None;
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (on)
         m_faults.insert(fault);
     else
         m_faults.erase(fault);
+    return DeviceError::None;
 }
 
 bool CSimulatedProcessor::hasFault(SimulationFault fault) const
@@ -102,12 +100,12 @@ bool CSimulatedProcessor::hasFault(SimulationFault fault) const
     return m_faults.count(fault) > 0;
 }
 
-void CSimulatedProcessor::changeFromElsewhere()
+DeviceError CSimulatedProcessor::changeFromElsewhere()
 {
     const std::lock_guard<std::mutex> writing(m_mappingMutex);
     SProcessorMapping mapping = keptMapping();
     unwireOneTail(mapping.layout);
-    keep(mapping);
+    return keep(mapping);
 }
 
 DeviceError CSimulatedProcessor::waitForAnswer(CCancelToken &cancel, const SPatience &patience) const
@@ -269,12 +267,12 @@ DeviceError CSimulatedProcessor::keep(const SProcessorSettings &settings)
     return error;
 }
 
-void CSimulatedProcessor::setState(SimulationFault state, bool on)
+DeviceError CSimulatedProcessor::setState(SimulationFault state, bool on)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     SProcessorSettings settings = this->state().settings;
     ProcessorStates::set(settings, state, on);
-    keep(settings);
+    return keep(settings);
 }
 
 SProcessorSettings CSimulatedProcessor::settings()

@@ -62,11 +62,13 @@ public:
     /// A short command that reads a cabinet of the saved mapping; empty if the mapping has no such cabinet.
     DeviceError readCabinet(const QUuid &key, std::optional<SConnectedCabinet> &answer);
 
-    /// Switches a state as if at the processor itself, see ProcessorStates.
-    void setState(SimulationFault state, bool on);
+    /// Switches a state as if at the processor itself, see ProcessorStates. It stays as it is if it cannot be
+    /// stored.
+    DeviceError setState(SimulationFault state, bool on);
     SProcessorSettings settings();
 
-    void setFault(SimulationFault fault, bool on);
+    /// Fails only for a change from elsewhere that cannot be stored.
+    DeviceError setFault(SimulationFault fault, bool on);
     bool hasFault(SimulationFault fault) const;
 
 private:
@@ -87,7 +89,7 @@ private:
     DeviceError
     keep(SProcessorMapping &mapping); ///< stores it as the next revision; with the mapping mutex held
     DeviceError stored(CProcessorStateFiles::Part part, const CStatus &status) const;
-    void changeFromElsewhere();
+    DeviceError changeFromElsewhere();
     int scaled(int milliseconds) const;
 
     const SIdentity m_identity;
