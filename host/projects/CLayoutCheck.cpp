@@ -5,6 +5,7 @@
 #include "host/projects/COverlapSweep.h"
 #include "layout/api/records/LayoutLimits.h"
 #include "layout/api/records/LoadSum.h"
+#include "layout/geometry/CReceiverAreas.h"
 
 #include <algorithm>
 
@@ -81,18 +82,35 @@ void checkPlacement(const QVector<Cabinet> &cabinets, const QRect &canvas, CPort
     }
 }
 
-/// The fault in the receiver areas of a cabinet, as the end of a sentence; empty: none.
-QString receiverProblem(const Cabinet &cabinet)
+/// The fault in receiver areas within a size, as the end of a sentence; empty: none.
+QString areaProblem(const QVector<QRect> &areas, const QSize &size)
 {
-    const QRect whole({0, 0}, cabinet.rect.size());
-    for (const QRect &area : cabinet.rects) {
+    const QRect whole({0, 0}, size);
+    for (const QRect &area : areas) {
         if (area.isEmpty())
             return CLayoutCheck::tr("is empty");
         if (!whole.contains(area))
             return CLayoutCheck::tr("lies outside the cabinet");
     }
-    return COverlapSweep::pairs(cabinet.rects).isEmpty() ? QString()
-                                                         : CLayoutCheck::tr("overlaps another one");
+    return COverlapSweep::pairs(areas).isEmpty() ? QString() : CLayoutCheck::tr("overlaps another one");
+}
+
+/// The same for the areas of a cabinet.
+QString receiverProblem(const Cabinet &cabinet)
+{
+    const QString problem = areaProblem(cabinet.rects, cabinet.rect.size());
+    if (!problem.isEmpty() || !cabinet.original)
+        return problem;
+    const QString before = areaProblem(cabinet.original->rects, cabinet.original->size);
+    if (!before.isEmpty())
+        return CLayoutCheck::tr("%1 in the original size").arg(before);
+    Cabinet resized = cabinet;
+    resized.rects = cabinet.original->rects;
+    resized.blanks = cabinet.original->blanks;
+    resized.original.reset();
+    CReceiverAreas::resize(resized, cabinet.original->size, cabinet.rect.size());
+    return resized.rects == cabinet.rects ? QString()
+                                          : CLayoutCheck::tr("is not the original one scaled to this size");
 }
 
 void checkReceivers(const QVector<Cabinet> &cabinets, CPortFindings &findings)

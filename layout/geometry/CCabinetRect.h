@@ -19,6 +19,9 @@ public:
                             qRound(sceneRect.y() + sceneRect.height()) - 1));
     }
 
+    /// @p record with sides of at least one pixel, which all arithmetic of sizes relies on.
+    static QRect mended(const QRect &record) { return {record.topLeft(), record.size().expandedTo({1, 1})}; }
+
     static QRectF fromRecord(const QRect &record)
     {
         return QRectF(record.x(), record.y(), record.width(), record.height());

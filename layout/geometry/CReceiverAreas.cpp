@@ -10,9 +10,25 @@ namespace {
 using Cabinet = CReceiverAreas::Cabinet;
 using SOriginalAreas = CabinetLayout::CabinetPort::SOriginalAreas;
 
+/// @p areas within @p size, where records of any origin may have others.
+QVector<QRect> within(QVector<QRect> areas, const QSize &size)
+{
+    for (QRect &area : areas) {
+        const QPoint far(qBound(0, area.left() + area.width(), size.width()),
+                         qBound(0, area.top() + area.height(), size.height()));
+        area = QRect({qBound(0, area.left(), size.width()), qBound(0, area.top(), size.height())},
+                     far - QPoint(1, 1));
+    }
+    return areas;
+}
+
 SOriginalAreas originalOf(const Cabinet &cabinet, const QSize &size)
 {
-    return cabinet.original ? *cabinet.original : SOriginalAreas{size, cabinet.rects, cabinet.blanks};
+    SOriginalAreas areas =
+        cabinet.original ? *cabinet.original : SOriginalAreas{size, cabinet.rects, cabinet.blanks};
+    areas.rects = within(areas.rects, areas.size);
+    areas.blanks = within(areas.blanks, areas.size);
+    return areas;
 }
 
 /// One axis: the new positions of the edges of areas when the side changes. Equal edges move together, so

@@ -12,7 +12,7 @@ public:
 
     /// Scales the areas of @p cabinet, which are given for the size @p from, to the size @p to. Areas that
     /// tile the original size without gaps tile every size from smallest() on, and the original size restores
-    /// the original areas. The rectangle of the cabinet is not changed.
+    /// the original areas, except what lies outside that size. The rectangle of the cabinet is not changed.
     static void resize(Cabinet &cabinet, const QSize &from, const QSize &to);
     /// The smallest size in which every area keeps at least one pixel; 1 x 1 for a cabinet without areas.
     /// @p size is the size for which its areas are given.

@@ -207,6 +207,9 @@ private Q_SLOTS:
         cabinet.rects = {{-9, 0, 64, 96}, {500, 500, 64, 96}, {3, 3, 0, 0}};
         CReceiverAreas::resize(cabinet, {128, 96}, {3, 3});
         QCOMPARE(cabinet.rects.size(), 3);
+        CReceiverAreas::resize(cabinet, {3, 3}, {128, 96});
+        QCOMPARE(cabinet.rects.first(), QRect(0, 0, 55, 96));
+        QVERIFY(cabinet.rects.at(1).isEmpty());
     }
 
     void overlapsAreFoundAsByComparingAll()

@@ -72,6 +72,21 @@ private Q_SLOTS:
         QVERIFY(world.layout() == read.layout); // what has been read once is stable
     }
 
+    void aSideOfNothingBecomesOnePixel()
+    {
+        Port port = SmallWorlds::wiredPort(0, 2);
+        port.groups[0].cabinets[1].rect.setSize(QSize(0, -7));
+        SPortsScene world({port});
+        const CabinetLayout before = world.layout();
+        QCOMPARE(before.ports.at(0).getAllCabinets().at(1).rect, QRect(SmallWorlds::Side, 0, 1, 1));
+        const QUuid mended = port.groups[0].cabinets[1].uuid;
+        world.scene.setLayoutData(SmallWorlds::node(world.data), world.data, {}, {mended});
+        world.scene.backend().shape().resizeTo(QSize(64, 32));
+        QCOMPARE(world.layout().ports.at(0).getAllCabinets().at(1).rect, QRect(SmallWorlds::Side, 0, 64, 32));
+        world.stack().undo();
+        QVERIFY(world.layout() == before);
+    }
+
     void selectsTheGivenItemsAndNoMemberBesideItsGroup()
     {
         SPortsScene world({SmallWorlds::nestedPort(0), SmallWorlds::wiredPort(1, 8)});

@@ -107,6 +107,28 @@ private Q_SLOTS:
                        "Port 2: a receiver area of the cabinet at (300, 0) is empty"}));
     }
 
+    void findsReceiversThatDoNotFollowFromTheOriginalOnes()
+    {
+        LayoutData data = soundWall();
+        const auto original = [](int width, const QVector<QRect> &rects) {
+            return std::make_shared<const Port::SOriginalAreas>(
+                Port::SOriginalAreas{{width, 100}, rects, QVector<QRect>()});
+        };
+        const QVector<QRect> halves{{0, 0, 50, 100}, {50, 0, 50, 100}};
+        const QVector<QRect> wide{{0, 0, 64, 100}, {64, 0, 64, 100}};
+        for (const auto &[index, rects, from] :
+             {std::tuple(0, halves, original(128, wide)),
+              {1, {{0, 0, 50, 100}, {60, 0, 40, 100}}, original(128, wide)},
+              {2, halves, original(128, {{0, 0, 64, 100}, {64, 0, 65, 100}})}}) {
+            cabinetOf(data, 0, index).rects = rects;
+            cabinetOf(data, 0, index).original = from;
+        }
+        QVERIFY(tells(
+            CLayoutCheck::findings(data),
+            {"Port 1: a receiver area of the cabinet at (100, 0) is not the original one scaled to this size",
+             "Port 1: a receiver area of the cabinet at (200, 0) lies outside the cabinet in the original"}));
+    }
+
     void findsWhatIsTooMuch()
     {
         LayoutData data = soundWall();

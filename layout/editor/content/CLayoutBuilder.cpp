@@ -78,6 +78,7 @@ void CLayoutBuilder::addMembers(CGraphicsPortItem &port, const Group &record, QG
         auto cabinet = cabinetRecord;
         cabinet.uuid = freeIdentity(cabinet.uuid);
         cabinet.group = QUuid(); // set when it joins a group
+        cabinet.rect = CCabinetRect::mended(cabinet.rect);
         auto *item = new CGraphicsCabinetItem(cabinet, &parent);
         enter(*item);
         m_entry.enterCabinet(*item);
