@@ -14,8 +14,6 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMessageBox>
-#include <QPushButton>
 
 namespace {
 
@@ -92,33 +90,20 @@ bool CProjectCommands::save(const QUuid &processor)
     const QString file = m_projects.fileOf(processor);
     if (file.isEmpty())
         return saveAs(processor);
-    switch (m_projects.isChangedOnDisk(processor) ? askToOverwrite(file) : Overwrite::Yes) {
-    case Overwrite::Yes:
+    if (!m_projects.isChangedOnDisk(processor))
         return saveTo(processor, file);
-    case Overwrite::Elsewhere:
+    switch (CMessageBox::choose(
+        &m_window, tr("The file was changed by another window or program since it was opened here."),
+        tr("%1\nOverwriting replaces what it holds now.").arg(QDir::toNativeSeparators(file)),
+        tr("Save &as..."), tr("&Overwrite"))) {
+    case CMessageBox::Choice::Keep:
         return saveAs(processor);
-    case Overwrite::No:
+    case CMessageBox::Choice::Lose:
+        return saveTo(processor, file);
+    case CMessageBox::Choice::Cancel:
         break;
     }
     return false;
-}
-
-CProjectCommands::Overwrite CProjectCommands::askToOverwrite(const QString &file)
-{
-    QMessageBox box(QMessageBox::Warning, QStringLiteral("Orvo"),
-                    tr("The file was changed by another window or program since it was opened here."),
-                    QMessageBox::NoButton, &m_window);
-    box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(
-        tr("%1\nOverwriting replaces what it holds now.").arg(QDir::toNativeSeparators(file)));
-    const QPushButton *overwrite = box.addButton(tr("&Overwrite"), QMessageBox::DestructiveRole);
-    QPushButton *elsewhere = box.addButton(tr("Save &as..."), QMessageBox::AcceptRole);
-    box.addButton(tr("&Cancel"), QMessageBox::RejectRole);
-    box.setDefaultButton(elsewhere);
-    box.exec();
-    if (box.clickedButton() == overwrite)
-        return Overwrite::Yes;
-    return box.clickedButton() == elsewhere ? Overwrite::Elsewhere : Overwrite::No;
 }
 
 bool CProjectCommands::saveAs(const QUuid &processor)
@@ -199,23 +184,16 @@ bool CProjectCommands::askToSave(const QUuid &project)
     m_services.flush();
     if (!m_services.table().isModified(project))
         return true;
-    QMessageBox box(QMessageBox::Question, QStringLiteral("Orvo"),
-                    tr("Save the changes to the project \"%1\"?").arg(nameOf(project)),
-                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, &m_window);
-    box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(tr("What is not saved is lost."));
-    box.setDefaultButton(QMessageBox::Save);
-    box.button(QMessageBox::Save)->setText(tr("&Save"));
-    box.button(QMessageBox::Discard)->setText(tr("&Discard"));
-    box.button(QMessageBox::Cancel)->setText(tr("&Cancel"));
-    switch (box.exec()) {
-    case QMessageBox::Save:
+    switch (CMessageBox::choose(&m_window, tr("Save the changes to the project \"%1\"?").arg(nameOf(project)),
+                                tr("What is not saved is lost."), tr("&Save"), tr("&Discard"))) {
+    case CMessageBox::Choice::Keep:
         return save(project);
-    case QMessageBox::Discard:
+    case CMessageBox::Choice::Lose:
         return true;
-    default:
-        return false;
+    case CMessageBox::Choice::Cancel:
+        break;
     }
+    return false;
 }
 
 bool CProjectCommands::confirmQuit()

@@ -46,9 +46,6 @@ Q_SIGNALS:
     void notifySaved(const QString &file);
 
 private:
-    enum class Overwrite { Yes, Elsewhere, No };
-
-    Overwrite askToOverwrite(const QString &file);
     void exportTo(const QUuid &processor, const QString &file);
     /// The project is renamed to @p newName, unless that is empty.
     bool saveTo(const QUuid &processor, const QString &file, const QString &newName = {});

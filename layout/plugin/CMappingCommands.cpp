@@ -21,8 +21,10 @@ CMappingCommands::CMappingCommands(CLayoutData &store, QWidget &messageParent)
 
 QString CMappingCommands::refusalForAll() const
 {
-    const bool online = CHostAccess::call(&Host::getDetectedProcessorCount) > 0;
-    return online ? QString() : tr("No processor is online");
+    int online = CHostAccess::call(&Host::getDetectedProcessorCount);
+    for (const ProcessorTree::ProcessorNode &node : CHostAccess::call(&Host::processors))
+        online -= node.online && node.fiberTransceiver ? 1 : 0; // they have no mapping
+    return online > 0 ? QString() : tr("No processor is online");
 }
 
 void CMappingCommands::readMapping(ReadSaveMappingRole role, const SMappingOptions &options, Ended ended)

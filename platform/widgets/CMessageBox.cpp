@@ -4,8 +4,10 @@
 
 #include "platform/widgets/CDialog.h"
 
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QMessageBox>
+#include <QPushButton>
 
 namespace {
 
@@ -69,6 +71,20 @@ void CMessageBox::warning(QWidget *parent, const QString &text, const QString &d
 int CMessageBox::question(QWidget *parent, const QString &text, const QString &details)
 {
     return isAnsweredWithYes(QMessageBox::Yes, parent, text, details) ? 0 : 1;
+}
+
+CMessageBox::Choice CMessageBox::choose(QWidget *parent, const QString &text, const QString &details,
+                                        const QString &keep, const QString &lose)
+{
+    QMessageBox box(QMessageBox::Question, {}, bounded(text), QMessageBox::NoButton, parent);
+    QPushButton *keeping = box.addButton(keep, QMessageBox::AcceptRole);
+    const QPushButton *losing = box.addButton(lose, QMessageBox::DestructiveRole);
+    box.addButton(QCoreApplication::translate("CMessageBox", "&Cancel"), QMessageBox::RejectRole);
+    box.setDefaultButton(keeping);
+    show(box, details);
+    return box.clickedButton() == keeping  ? Choice::Keep
+           : box.clickedButton() == losing ? Choice::Lose
+                                           : Choice::Cancel;
 }
 
 bool CMessageBox::confirm(QWidget *parent, const QString &text, const QString &details)

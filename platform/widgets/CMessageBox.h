@@ -19,4 +19,10 @@ public:
     static int question(QWidget *parent, const QString &text, const QString &details = {});
     /// Asks before something is lost: Yes and No, with No as the default. Returns whether the answer is Yes.
     static bool confirm(QWidget *parent, const QString &text, const QString &details = {});
+
+    enum class Choice { Keep, Lose, Cancel };
+    /// Asks what becomes of something: the button @p keep, the default, keeps it; @p lose gives it up;
+    /// Cancel, or closing the box, leaves it as it is.
+    static Choice choose(QWidget *parent, const QString &text, const QString &details, const QString &keep,
+                         const QString &lose);
 };

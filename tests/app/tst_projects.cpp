@@ -88,8 +88,11 @@ private Q_SLOTS:
             const bool closed = qstrcmp(answer, "Cancel") != 0;
             SBench bench;
             const QUuid project = bench.editedProject(QStringLiteral("wall.sprj"));
+            bench.window.show();
+            QApplication::setActiveWindow(&bench.window);
             const CMessageBoxAnswerer user({QLatin1String(answer)});
             QCOMPARE(bench.commands.close(project), closed);
+            QTRY_COMPARE(QApplication::activeWindow(), &bench.window);
             QVERIFY(user.texts().first().contains(QLatin1String("Demo wall")));
             QCOMPARE(bench.manager.table().isProject(project), !closed);
             QCOMPARE(bench.frameRateIn("wall.sprj"), qstrcmp(answer, "Save") == 0 ? 50 : 60);

@@ -100,6 +100,15 @@ class CHostCommandsTest final : public CTestBase
     Q_OBJECT
 
 private Q_SLOTS:
+    void transceiversHaveNoMappingThatCouldBeReadOrSaved()
+    {
+        SEditedWorld world;
+        QVERIFY(world.mapping.refusalForAll().isEmpty());
+        for (auto &node : world.answers()->nodes)
+            node.fiberTransceiver = true;
+        QCOMPARE(world.mapping.refusalForAll(), QStringLiteral("No processor is online"));
+    }
+
     void theHostKnowsAllEditsBeforeItIsAsked_data()
     {
         QTest::addColumn<QString>("operation");

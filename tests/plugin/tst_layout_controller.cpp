@@ -61,11 +61,11 @@ struct SModuleScene final
         return current->findChild<QLabel *>()->text();
     }
     CCabinetGraphicsScene &scene() const { return layout.findChild<CLayoutGraphicsView *>()->cabinetScene(); }
-    bool mappingEnabled() const
+    bool mappingEnabled(const char *command = "Save") const
     {
         const QList<QToolButton *> buttons = layout.rightBarWidget()->findChildren<QToolButton *>();
-        return std::any_of(buttons.begin(), buttons.end(), [](const QToolButton *button) {
-            return button->text() == QLatin1String("Save") && button->isEnabled() &&
+        return std::any_of(buttons.begin(), buttons.end(), [command](const QToolButton *button) {
+            return button->text() == QLatin1String(command) && button->isEnabled() &&
                    button->menu()->defaultAction()->isEnabled();
         });
     }
@@ -154,6 +154,31 @@ private Q_SLOTS:
         module.answers()->nodes[1].online = true;
         module.host.notify(LayoutNotification::ProcessorStateChanged, SProcessorStateChange{module.b, true});
         QTRY_COMPARE(module.page(), Editor);
+    }
+
+    void nothingIsReadIntoAProcessorThatFollowsOrIsOffline()
+    {
+        SModuleScene module;
+        module.select({module.b});
+        const auto tell = [&module](bool online) {
+            module.host.notify(LayoutNotification::ProcessorStateChanged,
+                               SProcessorStateChange{module.b, online});
+            settle(module.host, module.store);
+        };
+        QVERIFY(module.mappingEnabled("Read"));
+        module.answers()->redundancies = {{module.a, module.b}};
+        tell(true);
+        QVERIFY(!module.mappingEnabled("Read"));
+        module.select({module.a}); // the one that it follows
+        QVERIFY(module.mappingEnabled("Read"));
+        module.select({module.b});
+        QVERIFY(!module.mappingEnabled("Read"));
+        module.answers()->redundancies.clear();
+        tell(true);
+        QVERIFY(module.mappingEnabled("Read"));
+        module.answers()->nodes[1].online = false;
+        tell(false);
+        QVERIFY(!module.mappingEnabled("Read"));
     }
 
     void offersToLeaveTheFiberMode()
