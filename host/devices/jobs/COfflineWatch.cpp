@@ -5,6 +5,8 @@
 #include "host/devices/jobs/CDetection.h"
 #include "host/devices/services/CDeviceServices.h"
 
+#include <new>
+
 COfflineWatch::COfflineWatch(CDeviceServices &services)
     : m_services(services)
 {
@@ -30,8 +32,13 @@ void COfflineWatch::stop()
 
 void COfflineWatch::run(int milliseconds)
 {
-    while (m_cancel->wait(milliseconds))
-        askAll();
+    while (m_cancel->wait(milliseconds)) {
+        try {
+            askAll();
+        } catch (const std::bad_alloc &) {
+            continue; // there will be another time
+        }
+    }
 }
 
 void COfflineWatch::askAll()
