@@ -19,10 +19,12 @@ public:
     bool resetsHighlightOnEdit() const override { return resetsHighlight; }
 
     int currentPort() const override { return current; }
+    QSize canvasSize() const override { return canvas; }
     CanvasBlock canvasBlock() const override { return block; }
     bool marksCustomCabinets() const override { return marksCustom; }
 
     int current = -1;
+    QSize canvas;
     CanvasBlock block = CanvasBlock::None;
     bool marksCustom = false;
     bool resetsHighlight = false;

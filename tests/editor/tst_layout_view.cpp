@@ -164,6 +164,13 @@ private Q_SLOTS:
         scene.setCanvasSize({300, 2000}); // the third reaches beyond it, as do others
         QVERIFY(m_mouse->cabinet(0, 2).fault() == CabinetFault::None && counts()[1] > 1);
         QCOMPARE(m_mouse->cabinet(0, 2).fault(), CabinetFault::Outside);
+        LayoutData wide = SmallWorlds::data(m_mouse->layout().ports); // what is reloaded has its own canvas
+        wide.processor = wide.layout.processor = m_mouse->original().processor;
+        scene.setLayoutData(SmallWorlds::node(wide), wide, {}, {}, true);
+        QCOMPARE(counts()[1], 0);
+        m_mouse->states().canvas = {300, 2000};
+        scene.onBackgroundChanged({}, {}, true); // with the canvas that the processor has
+        QVERIFY(counts()[1] > 1);
         m_mouse->states().redundancy[0] = CabinetLayout::CabinetPort::Redundant;
         scene.onNotifyProcessorStateChanged();
         counts();
