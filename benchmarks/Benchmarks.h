@@ -42,6 +42,8 @@ void measureGrowth();
 void measureEditGrowth();
 void measureGestures();
 void measurePrint();
+void measurePortList();
+void measureSelectionTold();
 
 int memoryOfEditor(int argc, char **argv);
 int memoryOfUndo(int argc, char **argv);
