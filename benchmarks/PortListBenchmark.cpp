@@ -9,9 +9,10 @@
 #include "layout/panels/ports/CPortList.h"
 #include "layout/panels/ports/IPortCommands.h"
 #include "platform/widgets/CFlowListView.h"
+#include "platform/widgets/CTheme.h"
 #include "tests/harness/SStoreWorld.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QPushButton>
 
 namespace {
@@ -153,6 +154,7 @@ SWork selectEverything(CEditorSide &side)
 
 void Benchmarks::measurePortList()
 {
+    CTheme::apply(*qApp); // buttons as the program has them, on both sides
     SListSide side;
     SPlainSide plain;
     const auto print = [](const char *name, const char *reference, const SMedians &medians) {

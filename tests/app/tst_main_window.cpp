@@ -145,7 +145,9 @@ private Q_SLOTS:
         expectWarning(QRegularExpression(QStringLiteral("does not exist")));
         const QTemporaryDir state;
         CMainWindow window(devicesIn(state));
+        window.resize(1000, 700); // too narrow for the side panel
         window.loadModule(QStringLiteral("/nowhere/libLayout.so"));
+        QVERIFY(window.moduleHost().isCollapsed());
         window.show();
         QVERIFY(showsText(
             window,
@@ -155,6 +157,7 @@ private Q_SLOTS:
         QVERIFY(detected.wait(PatienceMilliseconds));
         window.manager().jobs().detect();
         QVERIFY(window.close()); // nobody is asked whether a search may end
+        QVERIFY(!CAppSettings().isRightBarCollapsed()); // the user has not folded it
     }
 
     void detectionShowsProgressAndProcessors()
@@ -272,6 +275,23 @@ private Q_SLOTS:
             QCOMPARE(m_window->moduleHost().layoutModule()->isEditingBlocked(), on);
             QTest::mouseClick(collapse, Qt::LeftButton);
             QCOMPARE(m_window->findChild<QWidget *>(QStringLiteral("RightBar"))->isVisible(), !on);
+        }
+    }
+
+    void narrowWindowsLeaveTheCanvasItsRoom()
+    {
+        const QWidget &tree = m_window->devicePanel();
+        for (const auto &[width, treeWidth] : {std::pair(1280, 196), {1279, 160}, {1440, 196}}) {
+            m_window->resize(width, 860);
+            QTRY_COMPARE(tree.width(), treeWidth);
+        }
+        auto *collapse = m_window->findChild<QToolButton *>(QStringLiteral("CollapseButton"));
+        for (const auto &[width, folded, shown] :
+             {std::tuple(1040, false, true), {1039, false, false}, {1039, true, true}, {1440, false, true}}) {
+            m_window->resize(width, 860);
+            if (collapse->isChecked() != folded)
+                QTest::mouseClick(collapse, Qt::LeftButton);
+            QTRY_COMPARE(tree.isVisible(), shown);
         }
     }
 

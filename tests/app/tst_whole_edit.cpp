@@ -19,6 +19,7 @@ namespace {
 using Area = CWindowUser::PortArea;
 using Port = CabinetLayout::CabinetPort;
 
+constexpr int MostMilliseconds = 10 * PatienceMilliseconds; // of a run of the program
 const QString saved = QStringLiteral("Save mapping successful.");
 
 void confirm(QDialog &dialog)
@@ -264,7 +265,7 @@ private:
             process.setProcessEnvironment(environment);
             process.setProcessChannelMode(QProcess::MergedChannels);
             process.start(QCoreApplication::applicationFilePath(), {part});
-            const bool ended = process.waitForFinished(4 * PatienceMilliseconds);
+            const bool ended = process.waitForFinished(MostMilliseconds);
             const bool done =
                 ended && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
             if (!ended) {

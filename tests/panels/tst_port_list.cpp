@@ -114,6 +114,8 @@ private Q_SLOTS:
             {101, QStringLiteral("100%"), QColor(200, 53, 53)},
             {255, QStringLiteral("100%"), QColor(190, 163, 25)},
             {40, QStringLiteral("40%"), QColor(49, 194, 73)}};
+        const auto *counts = world.list.findChild<QLabel *>(QStringLiteral("PortCounts"));
+        QCOMPARE(counts->text(), QStringLiteral("0 in use, 0 redundancy"));
         for (const auto &[load, text, color] : loads) {
             Q_EMIT world.store.notifyProcessorPortPayloadChanged(0, load);
             QCOMPARE(world.port(0).face().loadText(), text);
@@ -122,6 +124,7 @@ private Q_SLOTS:
             QCOMPARE(bar.pixelColor(70, 2) == color, load >= 100); // its empty part
         }
         Q_EMIT world.store.notifyProcessorPortPayloadChanged(7, 1); // no such button
+        QCOMPARE(counts->text(), QStringLiteral("1 in use, 0 redundancy"));
     }
 
     void locksFillsAndAppendsByItsAreas()

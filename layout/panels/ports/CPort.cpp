@@ -62,7 +62,7 @@ void CPort::setLoad(int load)
         return;
     m_face.load = load;
     setAccessibleName(nameForReaders());
-    update(CPortPainter::loadRect() | QRect(7, 29, 80, 7));
+    update(CPortPainter::loadRegion());
 }
 
 void CPort::setFill(const QColor &fill)
@@ -192,7 +192,7 @@ void CPort::paintEvent(QPaintEvent *event)
     state.hoveredArea = m_hovered;
     state.pressedArea = m_pressed;
     QPainter painter(this);
-    CPortPainter(painter).paint(m_face, state, event->rect());
+    CPortPainter(painter).paint(m_face, state, event->region());
 }
 
 void CPort::mousePressEvent(QMouseEvent *event)

@@ -216,8 +216,13 @@ void CPortList::setPortBackup(int port, bool)
 
 void CPortList::onNotifyProcessorPortPayloadChanged(int port, int load)
 {
-    if (CPort *changed = button(port))
-        changed->setLoad(load);
+    CPort *changed = button(port);
+    if (!changed)
+        return;
+    const bool wasUsed = changed->face().load > 0;
+    changed->setLoad(load);
+    if (wasUsed != (load > 0))
+        countPorts();
 }
 
 void CPortList::onNotifyProcessorPortLocked(int port, bool locked)
@@ -256,13 +261,12 @@ void CPortList::countPorts()
 {
     int used = 0;
     int redundant = 0;
-    const QVector<CLayoutData::Port> ports = m_store.ports();
-    for (const CLayoutData::Port &port : ports) {
-        if (port.redundancy == CLayoutData::Port::Redundant)
+    for (const CPort *button : qAsConst(m_buttons)) {
+        if (button->face().redundant)
             ++redundant;
-        else if (port.load > 0)
+        else if (button->face().load > 0)
             ++used;
     }
     m_counts->setText(tr("%1 in use, %2 redundancy").arg(used).arg(redundant));
-    m_counts->setVisible(!ports.isEmpty());
+    m_counts->setVisible(!m_buttons.isEmpty());
 }

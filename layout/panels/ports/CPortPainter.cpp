@@ -32,6 +32,11 @@ QFont portFont(bool bold)
     return font;
 }
 
+QColor cardColor(const CPortPainter::SState &state)
+{
+    return QColor(state.held ? ThemeColors::Base : ThemeColors::Card);
+}
+
 /// Decided on the load itself, not on what is shown of it.
 QColor loadColor(int load)
 {
@@ -84,15 +89,15 @@ CPortPainter::EArea CPortPainter::areaAt(const QPoint &place)
     return NoArea;
 }
 
-void CPortPainter::paint(const SPortFace &face, const SState &state, const QRect &exposed) const
+void CPortPainter::paint(const SPortFace &face, const SState &state, const QRegion &exposed) const
 {
     m_painter.setRenderHint(QPainter::Antialiasing);
-    paintFrame(state);
+    paintCard(state, exposed);
     if (exposed.intersects(LabelRect))
         paintLabel(face, state.enabled);
-    if (exposed.intersects(loadRect()))
+    if (exposed.intersects(loadRegion()))
         paintLoad(face, state);
-    if (exposed.bottom() < areaRect(Fill).top())
+    if (exposed.boundingRect().bottom() < areaRect(Fill).top())
         return;
     if (state.hoveredArea != NoArea && state.enabled) {
         m_painter.setPen(Qt::NoPen);
@@ -102,6 +107,18 @@ void CPortPainter::paint(const SPortFace &face, const SState &state, const QRect
     paintFill(face, state);
     paintPicture(Lock, face, state);
     paintPicture(Append, face, state);
+}
+
+/// In a storm of loads only the inside is exposed, which needs no frame.
+void CPortPainter::paintCard(const SState &state, const QRegion &exposed) const
+{
+    constexpr QRect Inside(4, 4, 86, 56);
+    if (!Inside.contains(exposed.boundingRect())) {
+        paintFrame(state);
+        return;
+    }
+    for (const QRect &part : exposed)
+        m_painter.fillRect(part, cardColor(state));
 }
 
 void CPortPainter::paintFrame(const SState &state) const
@@ -114,7 +131,7 @@ void CPortPainter::paintFrame(const SState &state) const
         frame = QColor(ThemeColors::SoftText).lighter(110);
     const qreal width = state.checked ? 2 : 1;
     m_painter.setPen(QPen(frame, width));
-    m_painter.setBrush(QColor(state.held ? ThemeColors::Base : ThemeColors::Card));
+    m_painter.setBrush(cardColor(state));
     m_painter.drawRoundedRect(whole.adjusted(width / 2, width / 2, -width / 2, -width / 2), CardRadius,
                               CardRadius);
     if (!state.focused)

@@ -4,6 +4,7 @@
 
 #include <QFont>
 #include <QRect>
+#include <QRegion>
 
 class QPainter;
 struct SPortFace;
@@ -30,17 +31,18 @@ public:
 
     static QRect areaRect(EArea area);
     static EArea areaAt(const QPoint &place); ///< NoArea outside all
-    /// The part that depends on the load.
-    static QRect loadRect() { return {34, 4, 58, 33}; }
+    /// The parts that depend on the load: text and bar.
+    static QRegion loadRegion() { return QRegion(34, 4, 55, 25) | QRegion(7, 29, 80, 7); }
 
     explicit CPortPainter(QPainter &painter)
         : m_painter(painter)
     {
     }
     /// Draws what lies in @p exposed, with the frame in the whole.
-    void paint(const SPortFace &face, const SState &state, const QRect &exposed) const;
+    void paint(const SPortFace &face, const SState &state, const QRegion &exposed) const;
 
 private:
+    void paintCard(const SState &state, const QRegion &exposed) const;
     void paintFrame(const SState &state) const;
     void paintLabel(const SPortFace &face, bool enabled) const;
     void paintLoad(const SPortFace &face, const SState &state) const;
