@@ -40,14 +40,14 @@ void CFlowListView::setItems(const QVector<QWidget *> &items)
 
 int CFlowListView::columns() const
 {
-    return qMax(1, (viewport()->width() - m_spacing) / (m_cell.width() + m_spacing));
+    return qMax(1, (viewport()->width() + m_spacing) / (m_cell.width() + m_spacing));
 }
 
 void CFlowListView::arrange()
 {
     const int perRow = columns();
     for (int i = 0; i < m_items.size(); ++i)
-        m_items.at(i)->setGeometry(QRect(QPoint(m_spacing + i % perRow * (m_cell.width() + m_spacing),
+        m_items.at(i)->setGeometry(QRect(QPoint(i % perRow * (m_cell.width() + m_spacing),
                                                 m_spacing + i / perRow * (m_cell.height() + m_spacing)),
                                          m_cell));
     m_sheet->setMinimumHeight(heightOfRows((m_items.size() + perRow - 1) / perRow));

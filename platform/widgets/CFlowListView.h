@@ -14,7 +14,7 @@ class CFlowListView final : public CScrollArea
     Q_OBJECT
 
 public:
-    /// Items have the size @p cell, with @p spacing pixels between and around them.
+    /// Items have the size @p cell, with @p spacing pixels between, above and below them.
     CFlowListView(const QSize &cell, int spacing, QWidget *parent = nullptr);
 
     /// Shows @p items in this order, and becomes their parent. Items that were shown before and are not among

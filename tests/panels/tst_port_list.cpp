@@ -272,7 +272,7 @@ private Q_SLOTS:
                 count += world.port(i).focusPolicy() & Qt::TabFocus ? 1 : 0;
             return count;
         };
-        for (const auto &[width, perRow] : {std::pair(340, 3), {412, 4}, {411, 3}, {900, 8}}) {
+        for (const auto &[width, perRow] : {std::pair(340, 3), {396, 4}, {395, 3}, {900, 9}}) {
             world.list.resize(width, 600);
             for (int i = 0; i < 7; ++i) {
                 const QPoint place = world.port(i).pos() - world.port(0).pos();

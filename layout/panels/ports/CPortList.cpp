@@ -51,7 +51,7 @@ void CPortList::buildUi()
     m_pages->addWidget(m_flow);
 
     auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(SideMargin, 0, SideMargin, Spacing);
+    column->setContentsMargins(SideMargin, 0, 0, Spacing); // the scroll bar stands in the right margin
     column->setSpacing(0);
     column->addWidget(buildTitleRow());
     column->addWidget(pages, 1);
@@ -77,7 +77,7 @@ QWidget *CPortList::buildTitleRow()
     auto *row = new QWidget;
     row->setFixedHeight(TitleHeight);
     auto *layout = new QHBoxLayout(row);
-    layout->setContentsMargins(Spacing, 0, Spacing, 0);
+    layout->setContentsMargins(0, 0, SideMargin + Spacing, 0);
     layout->setSpacing(12);
     layout->addWidget(title);
     layout->addWidget(m_counts);
