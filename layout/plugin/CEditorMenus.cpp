@@ -64,6 +64,7 @@ void CEditorMenus::addMoves(bool possible)
     QMenu *moves = m_menu.addMenu(tr("&Move by one pixel"));
     moves->setToolTipsVisible(true);
     const QString closed = CRefusal::reason(m_view.cabinetScene().selection().closedPort());
+    allow(*moves->menuAction(), EditKind::Edit, possible, closed);
     addEdit(*moves, {tr("&Left"), Qt::Key_Left}, possible, closed);
     addEdit(*moves, {tr("&Right"), Qt::Key_Right}, possible, closed);
     addEdit(*moves, {tr("&Up"), Qt::Key_Up}, possible, closed);
@@ -96,13 +97,18 @@ QAction *CEditorMenus::addEntry(QMenu &menu, const QString &text, const QKeySequ
 void CEditorMenus::addEdit(QMenu &menu, const SEntry &edit, bool possible, const QString &obstacle)
 {
     QAction *entry = addEntry(menu, edit.text, edit.key);
-    const QString refused = refusal(edit.kind);
-    const QString why = refused.isEmpty() ? obstacle : refused;
-    entry->setEnabled(possible && why.isEmpty());
-    if (!why.isEmpty())
-        entry->setToolTip(why);
+    allow(*entry, edit.kind, possible, obstacle);
     QObject::connect(entry, &QAction::triggered, &m_view,
                      [view = &m_view, key = edit.key] { press(*view, key); });
+}
+
+void CEditorMenus::allow(QAction &entry, EditKind kind, bool possible, const QString &obstacle) const
+{
+    const QString refused = refusal(kind);
+    const QString why = refused.isEmpty() ? obstacle : refused;
+    entry.setEnabled(possible && why.isEmpty());
+    if (!why.isEmpty())
+        entry.setToolTip(why);
 }
 
 void CEditorMenus::addLook(const QString &text, const QKeySequence &key, void (CLayoutGraphicsView::*look)())

@@ -39,8 +39,9 @@ private:
         EditKind kind = EditKind::Edit;
     };
 
-    /// Adds an entry. It is enabled if the editor allows its kind, it is @p possible, and there is no
-    /// @p obstacle, which is told otherwise.
+    /// Enables an entry if the editor allows its kind, it is @p possible, and there is no @p obstacle, which
+    /// is told otherwise.
+    void allow(QAction &entry, EditKind kind, bool possible, const QString &obstacle) const;
     void addEdit(QMenu &menu, const SEntry &edit, bool possible, const QString &obstacle = {});
     void addClipboard(bool selected);
     QAction *addEntry(QMenu &menu, const QString &text, const QKeySequence &key) const;

@@ -16,6 +16,7 @@
 namespace {
 
 constexpr int FigureSpacing = 16;
+constexpr int EndMargin = 8; // beside the space between the status bar's widgets
 
 QStatusBar *statusBarOf(QWidget *widget)
 {
@@ -35,7 +36,7 @@ CStatusFigures::CStatusFigures(CLayoutGraphicsView &view, QWidget *faults)
     , m_hint(new CToolHint(view))
 {
     auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
+    row->setContentsMargins(0, 0, EndMargin, 0);
     row->setSpacing(FigureSpacing);
     row->addWidget(m_faults);
     for (QLabel *label : {m_cursor, m_extent, m_canvas})
@@ -63,7 +64,7 @@ QSize CStatusFigures::minimumSizeHint() const
 
 int CStatusFigures::widthOf(const QVector<QLabel *> &labels) const
 {
-    int width = m_faults->sizeHint().width();
+    int width = m_faults->sizeHint().width() + EndMargin;
     for (const QLabel *label : labels)
         width += label->text().isEmpty() ? 0 : label->sizeHint().width() + FigureSpacing;
     return width;

@@ -4,10 +4,15 @@
 
 #include "layout/editor/view/CLayoutGraphicsView.h"
 
+namespace {
+constexpr int MessageIndent = 3; // pixels, as of messages
+}
+
 CToolHint::CToolHint(CLayoutGraphicsView &view)
 {
     setObjectName(QStringLiteral("ToolHint"));
     setTextFormat(Qt::PlainText);
+    setIndent(MessageIndent);
     connect(&view, &CLayoutGraphicsView::notifyHintChanged, this, [this, &view] { setText(view.hint()); });
     setText(view.hint());
 }

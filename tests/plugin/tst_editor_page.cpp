@@ -146,7 +146,7 @@ private Q_SLOTS:
             const QAction *entry = entryOf(menu, QLatin1String(text));
             return entry->isEnabled() ? QString() : entry->toolTip();
         };
-        for (const char *text : {"Cu&t", "&Delete", "&Move by one pixel>&Left", "App&end cabinets..."})
+        for (const char *text : {"Cu&t", "&Delete", "&Move by one pixel", "App&end cabinets..."})
             QCOMPARE(tip(text), QStringLiteral("Port 2 is locked."));
         world.view().toolBar().chooseMode(CEditorToolBar::Hand);
         QCOMPARE(tip("&Copy"), QStringLiteral("The hand tool only looks"));
