@@ -5,6 +5,7 @@
 namespace {
 
 constexpr int CellShift = 8; // cells of 256 pixels: of usual cabinets each lies in few, and a cell holds few
+constexpr int MostCompared = 5000; // of tiny ones a cell can hold more, and each would be compared with all
 
 } // namespace
 
@@ -74,11 +75,14 @@ QVector<QRect> COverlapGrid::overlaps(int number, int most) const
 {
     const QRect rect = m_rects.at(number);
     QSet<int> found;
+    int compared = 0;
     visitCells(rect, [&](Cell cell) {
         const auto near = m_cells.constFind(cell);
         if (near == m_cells.cend())
             return;
         for (auto other = near->cbegin(); other != near->cend() && found.size() < most; ++other) {
+            if (++compared > MostCompared)
+                return;
             if (*other != number && m_rects.at(*other).intersects(rect))
                 found << *other;
         }
