@@ -6,6 +6,7 @@
 #include "layout/printing/sheets/CSheetFont.h"
 #include "layout/printing/sheets/CSheetTable.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/printing/PdfText.h"
 #include "tests/projects/ProjectSamples.h"
 
 #include <QImage>
@@ -262,6 +263,37 @@ private Q_SLOTS:
         QVERIFY(
             SheetFiles::pdf(sheets, title, {}, [&told](int done) { return (told = done) < 2; }).isEmpty());
         QCOMPARE(told, 2);
+    }
+
+    void tellsInAPdfWhatTheSheetsTell()
+    {
+        PrintConfig config = configOf(PrintConfig::A4);
+        config.sheets = PrintConfig::AllSheets;
+        config.views = PrintConfig::BothViews;
+        config.project = CSheetFont::has(0x5317) ? QStringLiteral("Stadion S\u00fcdkurve \u5317\u4eac")
+                                                 : QStringLiteral("Stadion S\u00fcdkurve");
+        const SProcessorProject project = ProjectSamples::ofWall(CWallBuilder::Medium);
+        const QVector<SSheet> sheets = sheetsOf(config, {project});
+        QCOMPARE(sheets.size(), 40);
+        QCOMPARE(sheets.at(1).title, QStringLiteral("Table of ports")); // the cover is one sheet
+        const QStringList pages = PdfText::pages(SheetFiles::pdf(sheets, QString(), config.date));
+        QCOMPARE(pages.size(), sheets.size());
+        for (int i = 0; i < sheets.size(); ++i) {
+            QString text;
+            QVector<int> numbers;
+            for (const SSheetText &shown : textsOf(sheets.at(i))) {
+                text += shown.text;
+                if (shown.mark == EMark::CabinetNumber)
+                    numbers << shown.text.toInt();
+            }
+            QCOMPARE(pages.at(i), text);
+            if (sheets.at(i).port < 0)
+                continue;
+            std::sort(numbers.begin(), numbers.end());
+            QCOMPARE(numbers.size(), 16);
+            for (int number = 0; number < numbers.size(); ++number)
+                QCOMPARE(numbers.at(number), number + 1);
+        }
     }
 
     void namesLettersWithoutAFont()

@@ -23,7 +23,8 @@ constexpr double CoverHead = 19;
 constexpr double TwoCoverColumns = 210; ///< millimetres that two columns take
 constexpr double LeftShare = 0.53;
 constexpr double CoverGap = 10;
-constexpr double NameWidth = 31; ///< that names of types have at least
+constexpr double EntryHeight = 5.4; ///< of a line of the list of sheets
+constexpr double NameWidth = 31;    ///< that names of types have at least
 constexpr double PartTitle = 6.4;
 constexpr double PartBase = 4.4;
 
@@ -235,7 +236,10 @@ void CCoverSheet::addWalls()
     constexpr double Lowest = 14;
     constexpr double Highest = 75;
     const bool back = m_plan.config.views == PrintConfig::BackView;
-    const double needed = 30 + 5.4 * (m_entries.size() + m_walls.size());
+    int lines = 0;
+    for (const QString &note : notes())
+        lines += CSheetFont::lines(note, SheetMarks::NotePoints, false, m_flow.room().width()).size();
+    const double needed = 22 + EntryHeight * m_entries.size() + CTableFlow::NoteLine * (lines + 1); // below
     for (int i = 0; i < m_walls.size(); ++i) {
         const CWall &wall = *m_walls.at(i);
         const double height =
@@ -268,7 +272,7 @@ void CCoverSheet::addWalls()
 
 void CCoverSheet::addEntries()
 {
-    const double height = 5.4;
+    const double height = EntryHeight;
     const auto endLine = [this](double width) {
         const QRectF room = m_flow.room();
         SheetMarks::line(m_flow.sheet(), room.topLeft(), room.topRight(), width);
@@ -300,7 +304,7 @@ void CCoverSheet::addEntries()
     m_flow.setTop(m_flow.room().top() + 3);
 }
 
-void CCoverSheet::addNotes()
+QStringList CCoverSheet::notes() const
 {
     QStringList notes;
     if (!m_plan.config.notes.isEmpty())
@@ -328,10 +332,15 @@ void CCoverSheet::addNotes()
         notes
             << tr("Sizes of cabinets whose type does not tell them: %1 mm from pixel to pixel are presumed.")
                    .arg(m_plan.config.pixelPitch);
+    return notes;
+}
+
+void CCoverSheet::addNotes()
+{
     if (m_flow.room().height() < PartTitle + 8)
         m_flow.nextColumn();
     SheetMarks::textAt(m_flow.sheet(), m_flow.room().left(), m_flow.room().top() + PartBase, tr("Notes"),
                        SheetMarks::TitleBlockPoints, true, EMark::Title);
     m_flow.setTop(m_flow.room().top() + PartTitle);
-    m_flow.addNotes(notes);
+    m_flow.addNotes(notes());
 }

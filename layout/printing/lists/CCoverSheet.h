@@ -39,6 +39,7 @@ private:
     void addCables();
     void addWalls();
     void addEntries();
+    QStringList notes() const;
     void addNotes();
 
     const SPrintPlan &m_plan;

@@ -44,6 +44,18 @@ void setDate(QByteArray &pdf, const QDate &date)
     pdf.replace(from, to - from, time);
 }
 
+/// Lets readers find spaces as such: Qt names a glyph by its first letter, and a font may have the space's
+/// for the tabulator, too. The length stays.
+void setSpaces(QByteArray &pdf)
+{
+    const QByteArray begin("beginbfrange");
+    for (int from = pdf.indexOf(begin); from >= 0; from = pdf.indexOf(begin, from + 1)) {
+        const int to = pdf.indexOf("endbfrange", from);
+        QByteArray table = pdf.mid(from, to - from);
+        pdf.replace(from, to - from, table.replace("<0009>", "<0020>"));
+    }
+}
+
 QPageLayout pageOf(const SSheet &sheet)
 {
     const QPageSize size(sheet.size, QPageSize::Millimeter, QString(), QPageSize::ExactMatch);
@@ -99,6 +111,7 @@ QByteArray SheetFiles::pdf(const QVector<SSheet> &sheets, const QString &title, 
         }
     }
     setDate(content, date);
+    setSpaces(content);
     return content;
 }
 

@@ -11,8 +11,7 @@ namespace {
 
 constexpr double TitleHeight = 6.6; ///< of a table's title with its room
 constexpr double TitleBase = 4.4;
-constexpr double Gap = 4; ///< behind a table
-constexpr double NoteLine = 4.6;
+constexpr double Gap = 4;    ///< behind a table
 constexpr int LeastRows = 4; ///< of a table that is to be split, in its first part
 
 } // namespace

@@ -8,6 +8,8 @@
 class CTableFlow final
 {
 public:
+    static constexpr double NoteLine = 4.6; ///< height of a line of notes, millimetres
+
     /// @p newSheet makes a sheet with its head; @p columns are its columns, the same on every sheet, at least
     /// one.
     CTableFlow(const std::function<SSheet()> &newSheet, const QVector<QRectF> &columns);
