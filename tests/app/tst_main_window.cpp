@@ -156,7 +156,7 @@ private Q_SLOTS:
         window.manager().jobs().detect();
         QVERIFY(detected.wait(PatienceMilliseconds));
         window.manager().jobs().detect();
-        QVERIFY(window.close()); // nobody is asked whether a search may end
+        QVERIFY(window.close());                        // nobody is asked whether a search may end
         QVERIFY(!CAppSettings().isRightBarCollapsed()); // the user has not folded it
     }
 
