@@ -8,6 +8,7 @@
 #include "host/devices/CRedundancyPairs.h"
 #include "host/devices/jobs/CDeviceJobs.h"
 #include "host/devices/services/CDeviceServices.h"
+#include "host/projects/CSafeFile.h"
 #include "platform/common/CBackgroundCall.h"
 
 void CLayoutHandler::showScreen(bool shown)
@@ -57,6 +58,11 @@ bool CLayoutHandler::importProcessorMapping(const QUuid &processor, const QStrin
 bool CLayoutHandler::copyProcessorMapping(const QUuid &from, const QUuid &to, bool overwriteLocked)
 {
     return told(CBackgroundCall::result([&] { return m_files->copyProcessor(from, to, overwriteLocked); }));
+}
+
+QString CLayoutHandler::writeFile(const QString &file, const QByteArray &content)
+{
+    return CSafeFile::write(file, content, CSafeFile::DropPrevious).error();
 }
 
 bool CLayoutHandler::exportPortMapping(const QUuid &processor, int port, const QString &file)

@@ -225,6 +225,10 @@ public:
     /// LayoutNotification::BackgroundChanged.
     virtual bool setBackground(const SBackgroundInfo &info) = 0;
 
+    // Printing.
+    /// Writes a file, whole or not at all. Returns why it failed, as text for the user; empty: it did not.
+    virtual QString writeFile(const QString &file, const QByteArray &content) = 0;
+
     // Summary.
     /// Area and offset of each given processor on the shared canvas, in pixels.
     virtual ProcessorBoundingRects processorBoundingRects(const QList<QUuid> &processors) const = 0;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "layout/editor/menus/IEditorCommands.h"
+#include "layout/plugin/CPrintCommand.h"
 #include "layout/settings/CCanvasCommands.h"
 
 #include <QCoreApplication>
@@ -36,6 +37,7 @@ public:
     void setCanvasFill(QWidget *parent) override;
     void adjustCurrentGain(QWidget *parent) override;
     void openTypeLibrary(QWidget *parent) override;
+    void print(QWidget *parent) override { CPrintCommand::run(parent); }
     void fillAppendMenu(QMenu &menu, QWidget *parent) override;
     bool highlight(const QList<Cabinet> &cabinets, CabinetHighlight kind, QWidget *parent) override;
 

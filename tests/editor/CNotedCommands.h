@@ -31,6 +31,7 @@ public:
     void setCanvasFill(QWidget *) override { note("canvas fill"); }
     void adjustCurrentGain(QWidget *) override { note("gain"); }
     void openTypeLibrary(QWidget *) override { note("library"); }
+    void print(QWidget *) override { note("print"); }
     void fillAppendMenu(QMenu &, QWidget *) override { note("append"); }
     bool highlight(const QList<Cabinet> &records, CabinetHighlight kind, QWidget *) override
     {

@@ -138,6 +138,7 @@ public:
     }
     bool isPortRedundancyBlocked() const override { return given(__func__, redundancyBlocked); }
     bool isPortRedundancySupported() const override { return given(__func__, redundancySupported); }
+    QString writeFile(const QString &, const QByteArray &) override { return {}; }
     bool exportPortMapping(const QUuid &, int port, const QString &file) override
     {
         return answer(__func__, port, file);

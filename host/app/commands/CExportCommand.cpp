@@ -150,7 +150,7 @@ QString CExportCommand::help()
               "  --keep                  keeps these settings, but not the date, in the projects, for the "
               "next plan\n")
         .arg(CPrintOptions::help())
-        .arg(CSheetExport::UsualDots);
+        .arg(CSheetWriter::UsualDots);
 }
 
 SCommandOutcome CExportCommand::run(const QStringList &arguments, QTextStream &out)
@@ -168,7 +168,7 @@ SCommandOutcome CExportCommand::run(const QStringList &arguments, QTextStream &o
                            : QSize();
     if (qint64(size.width()) * size.height() > CLayoutExport::LargestPicture)
         error = tr("a picture has at most %1 pixels").arg(CLayoutExport::LargestPicture);
-    int dots = CSheetExport::UsualDots;
+    int dots = CSheetWriter::UsualDots;
     if (given.has(dotsOption) && error.isEmpty())
         dots = given.number(dotsOption, FewestDots, MostDots, error);
     PrintConfig tried;

@@ -5,6 +5,7 @@
 #include "host/projects/CProcessorProject.h"
 #include "layout/printing/figures/SPrintInput.h"
 #include "layout/printing/figures/SPrintJob.h"
+#include "layout/printing/output/CSheetWriter.h"
 #include "platform/common/CResult.h"
 
 #include <QCoreApplication>
@@ -16,12 +17,10 @@ class CSheetExport final
     Q_DECLARE_TR_FUNCTIONS(CSheetExport)
 
 public:
-    static constexpr int UsualDots = 150; ///< per inch
-
     /// What the sheets tell of the projects.
     static SPrintInput inputOf(const QVector<SProcessorProject> &projects);
     /// Writes the files, each whole or not at all; @p file ends in .pdf, .svg or .png. Pictures of several
     /// sheets are numbered, "plan-01.png". Returns the names of the files.
     static CResult<QStringList> write(const SPrintInput &input, const SPrintJob &job, const QString &file,
-                                      int dotsPerInch = UsualDots);
+                                      int dotsPerInch = CSheetWriter::UsualDots);
 };

@@ -36,6 +36,8 @@ public:
     virtual void adjustCurrentGain(QWidget *parent) = 0;
 
     virtual void openTypeLibrary(QWidget *parent) = 0;
+    /// Opens the print dialog.
+    virtual void print(QWidget *parent) = 0;
     /// Fills the menu whose entries append cabinets to the current port. It stays empty if there is no
     /// current port that accepts cabinets: the status bar says why, and if the port is full a message.
     virtual void fillAppendMenu(QMenu &menu, QWidget *parent) = 0;

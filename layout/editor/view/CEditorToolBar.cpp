@@ -43,6 +43,7 @@ std::optional<EditKind> kindOf(CEditorToolBar::ETool tool)
         return EditKind::Edit;
     case CEditorToolBar::Hand:
     case CEditorToolBar::TypeLibrary:
+    case CEditorToolBar::Print:
     case CEditorToolBar::Navigator:
         return std::nullopt;
     default:
@@ -93,7 +94,7 @@ void CEditorToolBar::buildUi()
     if (!redoKeys.contains(named))
         redoKeys << named;
     tool(Redo)->setShortcuts(redoKeys);
-    tool(Print)->setData(tr("Print(Ctrl+P)") + QLatin1Char('\n') + tr("Available in a later version"));
+    tool(Print)->setShortcut(QKeySequence::Print);
     enableTools();
     connect(tool(Hand), &QAction::toggled, this, &CEditorToolBar::enableTools);
     chooseMode(Arrow);

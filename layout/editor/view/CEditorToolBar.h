@@ -63,7 +63,7 @@ private:
     void enableTool(ETool tool);
 
     QVector<QAction *> m_actions;
-    QSet<int> m_useless = {Undo, Redo, Group, Ungroup, Print}; // tools with nothing to do
+    QSet<int> m_useless = {Undo, Redo, Group, Ungroup}; // tools with nothing to do
     bool m_blocked = false;
     QActionGroup *m_modes = nullptr; // at most one of them is checked
     bool m_frameless = false;

@@ -153,6 +153,10 @@ void CLayoutGraphicsView::onToolButtonClicked(int id)
         if (m_commands)
             m_commands->openTypeLibrary(this);
         break;
+    case Bar::Print:
+        if (m_commands)
+            m_commands->print(this);
+        break;
     case Bar::ClearTopology:
         clearTopology();
         break;

@@ -37,4 +37,7 @@ struct SPrintInput
     QMap<QPair<int, int>, RcvTypeInfo> alike; ///< by width and height in pixels: a type of that size, which
                                               ///< stands in for cabinets without a type
     QMap<QUuid, QString> names;               ///< of processors that hold the other ports of pairs
+
+    /// Sets the types of all cabinets of the processors from the type library.
+    void takeTypes(const QVector<SSettings::TypeLibrary::STreeNode> &library);
 };

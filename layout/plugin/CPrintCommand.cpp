@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/plugin/CPrintCommand.h"
+
+#include "layout/api/access/CHostAccess.h"
+#include "layout/printing/dialog/CPrintDialog.h"
+#include "platform/widgets/CMessageBox.h"
+
+#include <algorithm>
+
+namespace {
+
+using Host = ILayoutInterfaceHandler;
+using Node = ProcessorTree::ProcessorNode;
+using Port = CabinetLayout::CabinetPort;
+
+bool hasCabinets(const CabinetLayout &layout)
+{
+    return std::any_of(layout.ports.begin(), layout.ports.end(),
+                       [](const Port &port) { return !port.groups.isEmpty(); });
+}
+
+SPrintedProcessor printed(const Node &node, const LayoutData &data)
+{
+    SPrintedProcessor processor;
+    processor.node = node;
+    processor.layout = data.layout;
+    processor.canvas = data.canvas;
+    processor.kind = node.model;
+    processor.colorDepth = node.colorDepth;
+    processor.portCount = CHostAccess::call(&Host::outputPortCount, node.uuid);
+    for (const Port &port : data.layout.ports) {
+        const SPortLoad load = CHostAccess::call(&Host::portLoadDetails, node.uuid, port, port.index);
+        processor.loads.insert(port.index, load);
+        processor.frameRate = load.frameRate;
+        processor.pixelLimit = load.pixelLimit;
+    }
+    return processor;
+}
+
+} // namespace
+
+SPrintInput CPrintCommand::input()
+{
+    SPrintInput input;
+    const QList<Node> nodes = CHostAccess::flushAndCall(&Host::processors);
+    for (const Node &node : nodes) {
+        input.names.insert(node.uuid, node.displayText());
+        const LayoutData data = CHostAccess::call(&Host::layoutData, node.uuid);
+        if (hasCabinets(data.layout))
+            input.processors << printed(node, data);
+    }
+    input.takeTypes(CHostAccess::call(&Host::typeLibrary));
+    return input;
+}
+
+void CPrintCommand::run(QWidget *parent)
+{
+    const SPrintInput all = input();
+    if (all.processors.isEmpty()) {
+        CMessageBox::information(parent, tr("There are no cabinets to print."));
+        return;
+    }
+    QList<QUuid> chosen;
+    const QList<Node> selected = CHostAccess::call(&Host::selectedProcessors);
+    for (const Node &node : selected)
+        chosen << node.uuid;
+    CPrintDialog(all, chosen, parent).exec();
+}

@@ -1,0 +1,303 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/printing/dialog/CPrintDialog.h"
+
+#include "layout/api/access/CHostAccess.h"
+#include "layout/printing/dialog/CPrintSettings.h"
+#include "layout/printing/dialog/CSheetPreview.h"
+#include "layout/printing/dialog/PrintMemory.h"
+#include "layout/printing/output/CSheetPrinter.h"
+#include "layout/printing/output/CSheetWriter.h"
+#include "platform/widgets/CMessageBox.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QListWidget>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int SettingsWidth = 340;
+constexpr int ListHeight = 84;
+constexpr int LayOutDelay = 150; // milliseconds, so that typing does not lay out each letter
+constexpr QSize UsualSize(1180, 680);
+
+QString titleOf(const PrintConfig &config)
+{
+    return config.project.isEmpty() ? CPrintDialog::tr("Wiring plan") : config.project;
+}
+
+void date(PrintConfig &config)
+{
+    if (!config.date.isValid())
+        config.date = QDate::currentDate();
+}
+
+} // namespace
+
+CPrintDialog::CPrintDialog(const SPrintInput &input, const QList<QUuid> &chosen, QWidget *parent)
+    : CDialog(tr("Print"), QDialogButtonBox::Close, parent)
+    , m_input(input)
+    , m_job(PrintMemory::load())
+{
+    buildUi(chosen);
+    connectSignals();
+    m_settings->show(m_job.whole, true);
+    onScopeChanged();
+    layOut();
+}
+
+CPrintDialog::~CPrintDialog() = default;
+
+void CPrintDialog::buildUi(const QList<QUuid> &chosen)
+{
+    m_settings = new CPrintSettings;
+    m_preview = new CSheetPreview;
+    auto *left = new QWidget;
+    left->setFixedWidth(SettingsWidth);
+    auto *column = new QVBoxLayout(left);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(buildChoices(chosen));
+    column->addWidget(m_settings, 1);
+    auto *row = new QHBoxLayout;
+    row->addWidget(left);
+    row->addWidget(m_preview, 1);
+    contentLayout()->addLayout(row, 1);
+    contentLayout()->addWidget(buildProgress());
+    m_print = buttonBox()->addButton(tr("Print…"), QDialogButtonBox::ActionRole);
+    m_save = buttonBox()->addButton(tr("Save as…"), QDialogButtonBox::ActionRole);
+    m_save->setToolTip(tr("As a PDF, or as pictures (SVG, PNG), one for each sheet"));
+    resize(UsualSize);
+}
+
+QWidget *CPrintDialog::buildChoices(const QList<QUuid> &chosen)
+{
+    m_processors = new QListWidget;
+    m_processors->setFixedHeight(ListHeight);
+    m_processors->setAccessibleName(tr("Processors"));
+    m_scope = new QComboBox;
+    m_scope->setAccessibleName(tr("Settings of"));
+    m_scope->addItem(tr("Settings of the whole job"), QUuid());
+    for (const SPrintedProcessor &processor : m_input.processors) {
+        const QUuid key = processor.node.uuid;
+        auto *item = new QListWidgetItem(processor.node.displayText(), m_processors);
+        item->setData(Qt::UserRole, key);
+        item->setToolTip(item->text());
+        item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+        item->setCheckState(chosen.contains(key) ? Qt::Checked : Qt::Unchecked);
+        m_scope->addItem(tr("Settings of %1").arg(processor.node.name), key);
+    }
+    m_own = new QCheckBox(tr("Other settings than those of the job"));
+    auto *whole = new QWidget;
+    auto *column = new QVBoxLayout(whole);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(m_processors);
+    column->addWidget(m_scope);
+    column->addWidget(m_own);
+    return whole;
+}
+
+QWidget *CPrintDialog::buildProgress()
+{
+    m_progressRow = new QWidget;
+    m_progress = new QProgressBar;
+    m_cancel = new QPushButton(tr("Cancel"));
+    m_cancel->setAutoDefault(false);
+    auto *row = new QHBoxLayout(m_progressRow);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(m_progress, 1);
+    row->addWidget(m_cancel);
+    m_progressRow->hide();
+    return m_progressRow;
+}
+
+void CPrintDialog::connectSignals()
+{
+    m_delay.setSingleShot(true);
+    m_delay.setInterval(LayOutDelay);
+    connect(&m_delay, &QTimer::timeout, this, &CPrintDialog::layOut);
+    connect(m_processors, &QListWidget::itemChanged, this, [this] { onSettingsChanged(); });
+    connect(m_scope, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
+            &CPrintDialog::onScopeChanged);
+    connect(m_own, &QCheckBox::clicked, this, &CPrintDialog::onOwnToggled);
+    connect(m_settings, &CPrintSettings::notifyChanged, this, &CPrintDialog::onSettingsChanged);
+    connect(&m_work, &CSheetWork::notifyLaidOut, this, &CPrintDialog::onLaidOut);
+    connect(&m_work, &CSheetWork::notifyProgress, m_progress, &QProgressBar::setValue);
+    connect(&m_work, &CSheetWork::notifyWritten, this, &CPrintDialog::onWritten);
+    connect(m_cancel, &QPushButton::clicked, &m_work, &CSheetWork::cancel);
+    connect(m_print, &QPushButton::clicked, this, &CPrintDialog::onPrintClicked);
+    connect(m_save, &QPushButton::clicked, this, &CPrintDialog::onSaveClicked);
+}
+
+void CPrintDialog::done(int result)
+{
+    m_work.cancel();
+    PrintMemory::save(m_job);
+    CDialog::done(result);
+}
+
+QUuid CPrintDialog::scope() const
+{
+    return m_scope->currentData().toUuid();
+}
+
+void CPrintDialog::onScopeChanged()
+{
+    const QUuid processor = scope();
+    m_own->setVisible(!processor.isNull());
+    m_own->setChecked(m_job.own.contains(processor));
+    m_settings->show(m_job.of(processor), processor.isNull());
+    m_settings->widget()->setEnabled(processor.isNull() || m_own->isChecked());
+}
+
+void CPrintDialog::onOwnToggled(bool own)
+{
+    const QUuid processor = scope();
+    if (own) {
+        m_job.own[processor] = m_job.whole;
+        m_job.own[processor].processor = processor;
+    } else {
+        m_job.own.remove(processor);
+    }
+    onScopeChanged();
+    onSettingsChanged();
+}
+
+void CPrintDialog::onSettingsChanged()
+{
+    const QUuid processor = scope();
+    if (processor.isNull())
+        m_job.whole = m_settings->config();
+    else if (m_own->isChecked())
+        m_job.own[processor] = m_settings->config();
+    m_stale = true;
+    updateEnabled();
+    m_delay.start();
+}
+
+SPrintJob CPrintDialog::job() const
+{
+    SPrintJob job = m_job;
+    date(job.whole);
+    for (PrintConfig &config : job.own)
+        date(config);
+    return job;
+}
+
+SPrintInput CPrintDialog::chosenInput() const
+{
+    SPrintInput input = m_input;
+    input.processors.clear();
+    for (int i = 0; i < m_input.processors.size(); ++i) {
+        if (m_processors->item(i)->checkState() == Qt::Checked)
+            input.processors << m_input.processors.at(i);
+    }
+    return input;
+}
+
+void CPrintDialog::layOut()
+{
+    const SPrintInput input = chosenInput();
+    if (input.processors.isEmpty())
+        onLaidOut({}, tr("Choose a processor."));
+    else if (m_job.whole.sheets == 0)
+        onLaidOut({}, tr("Choose which sheets to print."));
+    else
+        m_work.layOut(input, job());
+}
+
+void CPrintDialog::onLaidOut(const QVector<SSheet> &sheets, const QString &problem)
+{
+    if (m_delay.isActive())
+        return; // the next ones are on their way
+    const QString fonts = problem.isEmpty() ? CSheetWriter::fontProblem(sheets) : QString();
+    m_sheets = fonts.isEmpty() ? sheets : QVector<SSheet>();
+    m_stale = false;
+    if (m_sheets.isEmpty())
+        m_preview->tell(problem + fonts);
+    else
+        m_preview->show(m_sheets);
+    updateEnabled();
+}
+
+void CPrintDialog::updateEnabled()
+{
+    const bool ready = !m_stale && !m_writing && !m_sheets.isEmpty();
+    m_print->setEnabled(ready);
+    m_save->setEnabled(ready);
+    m_settings->setEnabled(!m_writing);
+    m_processors->setEnabled(!m_writing);
+    m_scope->setEnabled(!m_writing);
+    m_own->setEnabled(!m_writing);
+    m_progressRow->setVisible(m_writing);
+}
+
+void CPrintDialog::begin(const QString &title, const CSheetWork::Output &output)
+{
+    m_writing = true;
+    m_progress->setRange(0, m_sheets.size());
+    m_progress->setValue(0);
+    m_progress->setFormat(title + QStringLiteral(" %v / %m"));
+    updateEnabled();
+    m_work.run(output);
+}
+
+void CPrintDialog::onSaveClicked()
+{
+    QString chosen;
+    QString file = QFileDialog::getSaveFileName(
+        this, tr("Save as"), titleOf(m_job.whole),
+        tr("PDF (*.pdf);;Pictures, vectors (*.svg);;Pictures, pixels (*.png)"), &chosen);
+    if (file.isEmpty())
+        return;
+    const QString suffix = chosen.section(QStringLiteral("(*."), 1).chopped(1);
+    const QString given = QFileInfo(file).suffix().toLower();
+    if (given != QLatin1String("pdf") && given != QLatin1String("svg") && given != QLatin1String("png"))
+        file += QLatin1Char('.') + suffix;
+    const CSheetWriter::SOrder order{file, titleOf(m_job.whole), job().whole.date, CSheetWriter::UsualDots};
+    begin(tr("Saving"), [sheets = m_sheets, order](const SheetFiles::Progress &progress) {
+        return CSheetWriter::write(
+            sheets, order,
+            [](const QString &name, const QByteArray &content) {
+                return CHostAccess::call(&ILayoutInterfaceHandler::writeFile, name, content);
+            },
+            progress);
+    });
+}
+
+void CPrintDialog::onPrintClicked()
+{
+    if (QPrinterInfo::availablePrinters().isEmpty()) {
+        CMessageBox::warning(this, tr("There is no printer."),
+                             tr("Save the sheets as a PDF, and print that where there is one."));
+        return;
+    }
+    const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+    printer->setDocName(titleOf(m_job.whole));
+    QPrintDialog dialog(printer.get(), this);
+    dialog.setOption(QAbstractPrintDialog::PrintPageRange);
+    dialog.setMinMax(1, m_sheets.size());
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    begin(tr("Printing"), [sheets = m_sheets, printer](const SheetFiles::Progress &progress) {
+        const CStatus printed = CSheetPrinter::print(sheets, *printer, progress);
+        return printed ? CResult<QStringList>(QStringList()) : CResult<QStringList>::failure(printed.error());
+    });
+}
+
+void CPrintDialog::onWritten(const QStringList &, const QString &problem)
+{
+    m_writing = false;
+    updateEnabled();
+    if (!problem.isEmpty())
+        CMessageBox::warning(this, tr("The sheets were not written."), problem);
+}

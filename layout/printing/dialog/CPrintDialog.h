@@ -1,0 +1,71 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/printing/dialog/CSheetWork.h"
+#include "layout/printing/figures/SPrintInput.h"
+#include "layout/printing/figures/SPrintJob.h"
+#include "platform/widgets/CDialog.h"
+
+#include <QTimer>
+
+class CPrintSettings;
+class CSheetPreview;
+class QCheckBox;
+class QComboBox;
+class QListWidget;
+class QProgressBar;
+class QPushButton;
+
+/// Chooses what is printed of which processors, shows the sheets, and prints or saves them. Shows the layouts
+/// as they were when it was opened. GUI thread.
+class CPrintDialog final : public CDialog
+{
+    Q_OBJECT
+
+public:
+    /// @p chosen are the processors that are printed at first.
+    CPrintDialog(const SPrintInput &input, const QList<QUuid> &chosen, QWidget *parent);
+    ~CPrintDialog() override;
+
+    void done(int result) override;
+
+private Q_SLOTS:
+    void onLaidOut(const QVector<SSheet> &sheets, const QString &problem);
+    void onWritten(const QStringList &names, const QString &problem);
+    void onScopeChanged();
+    void onOwnToggled(bool own);
+    void onSettingsChanged();
+    void onPrintClicked();
+    void onSaveClicked();
+
+private:
+    void buildUi(const QList<QUuid> &chosen);
+    QWidget *buildChoices(const QList<QUuid> &chosen);
+    QWidget *buildProgress();
+    void connectSignals();
+    void layOut();
+    void begin(const QString &title, const CSheetWork::Output &output);
+    void updateEnabled();
+    SPrintInput chosenInput() const;
+    SPrintJob job() const; ///< with dates
+    QUuid scope() const;   ///< the processor whose settings are shown; null: the whole job
+
+    const SPrintInput m_input;
+    SPrintJob m_job;
+    QVector<SSheet> m_sheets;
+    bool m_stale = true; ///< the sheets are not those of the settings
+    bool m_writing = false;
+    QTimer m_delay;
+    QListWidget *m_processors = nullptr;
+    QComboBox *m_scope = nullptr;
+    QCheckBox *m_own = nullptr;
+    CPrintSettings *m_settings = nullptr;
+    CSheetPreview *m_preview = nullptr;
+    QWidget *m_progressRow = nullptr;
+    QProgressBar *m_progress = nullptr;
+    QPushButton *m_cancel = nullptr;
+    QPushButton *m_print = nullptr;
+    QPushButton *m_save = nullptr;
+    CSheetWork m_work;
+};

@@ -1,0 +1,53 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "layout/printing/sheets/SSheet.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class QLabel;
+class QScrollArea;
+class QSpinBox;
+class QToolButton;
+
+/// Shows one sheet of a job, and turns the pages. GUI thread.
+class CSheetPreview final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit CSheetPreview(QWidget *parent = nullptr);
+
+    /// Shows @p sheets; the page in view stays if there still is one.
+    void show(const QVector<SSheet> &sheets);
+    /// Shows a text in place of sheets.
+    void tell(const QString &text);
+    int page() const; ///< from 0; -1: none
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    class CPage;
+
+    void buildUi();
+    void turn(int pages);
+    void zoom(double factor);
+    void updatePage();
+    QToolButton *addButton(const QString &text, const QString &tip, const std::function<void()> &clicked);
+
+    QVector<SSheet> m_sheets;
+    QScrollArea *m_area = nullptr;
+    CPage *m_page = nullptr;
+    QSpinBox *m_number = nullptr;
+    QLabel *m_of = nullptr;
+    QToolButton *m_back = nullptr;
+    QToolButton *m_next = nullptr;
+    double m_zoom = 1; ///< 1: the whole sheet is in view
+};

@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/printing/dialog/CSheetWork.h"
+
+#include "layout/printing/figures/SPrintPlan.h"
+#include "layout/printing/lists/CSheetSet.h"
+
+#include <new>
+
+namespace {
+
+enum EKey { LayOut, Write };
+
+template <typename Value, typename Work>
+CResult<Value> withMemory(const Work &work)
+{
+    try {
+        return work();
+    } catch (const std::bad_alloc &) {
+        return CResult<Value>::failure(CSheetSet::tr("There is not enough memory for the sheets."));
+    }
+}
+
+} // namespace
+
+CSheetWork::CSheetWork(QObject *parent)
+    : QObject(parent)
+{
+}
+
+CSheetWork::~CSheetWork()
+{
+    m_cancelled = true;
+}
+
+void CSheetWork::layOut(const SPrintInput &input, const SPrintJob &job)
+{
+    m_thread.RemoveEvent(LayOut);
+    const int number = ++m_latest;
+    m_thread.AppendEvent(
+        {LayOut, [this, input, job, number] {
+             using Sheets = QVector<SSheet>;
+             const auto sheets =
+                 withMemory<Sheets>([&] { return CSheetSet::of(SPrintPlan::of(input, job)); });
+             post([this, sheets, number] {
+                 if (number == m_latest)
+                     Q_EMIT notifyLaidOut(sheets ? sheets.value() : Sheets(), sheets.error());
+             });
+         }});
+    m_thread.ActivateThread();
+}
+
+void CSheetWork::run(const Output &output)
+{
+    m_cancelled = false;
+    m_thread.AppendEvent({Write, [this, output] {
+                              const auto progress = [this](int done) {
+                                  post([this, done] { Q_EMIT notifyProgress(done); });
+                                  return !m_cancelled;
+                              };
+                              const auto names = withMemory<QStringList>([&] { return output(progress); });
+                              post([this, names] {
+                                  Q_EMIT notifyWritten(names ? names.value() : QStringList(), names.error());
+                              });
+                          }});
+    m_thread.ActivateThread();
+}
+
+void CSheetWork::post(const std::function<void()> &tell)
+{
+    QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+}
