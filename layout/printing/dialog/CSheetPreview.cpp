@@ -96,9 +96,8 @@ void CSheetPreview::buildUi()
     row->addWidget(m_back);
     row->addWidget(new QLabel(tr("Sheet")));
     row->addWidget(m_number);
-    row->addWidget(m_of, 1);
     row->addWidget(m_next);
-    row->addSpacing(16);
+    row->addWidget(m_of, 1);
     row->addWidget(addButton(QStringLiteral("−"), tr("Zoom out (Ctrl+-)"), [this] { zoom(1 / ZoomStep); }));
     row->addWidget(addButton(tr("Fit"), tr("Show the whole sheet (Ctrl+0)"), [this] { zoom(0); }));
     row->addWidget(addButton(QStringLiteral("+"), tr("Zoom in (Ctrl++)"), [this] { zoom(ZoomStep); }));

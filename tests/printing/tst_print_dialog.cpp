@@ -1,0 +1,190 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/commands/CSheetExport.h"
+#include "layout/printing/dialog/CPrintDialog.h"
+#include "layout/printing/dialog/CPrintSettings.h"
+#include "layout/printing/dialog/CSheetPreview.h"
+#include "layout/printing/dialog/PrintMemory.h"
+#include "layout/printing/lists/CSheetSet.h"
+#include "layout/printing/output/CSheetPrinter.h"
+#include "layout/printing/output/CSheetWriter.h"
+#include "tests/harness/CTestBase.h"
+#include "tests/projects/ProjectSamples.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QListWidget>
+#include <QPrinter>
+#include <QPushButton>
+#include <QSpinBox>
+
+namespace {
+
+SPrintInput twoWalls()
+{
+    SProcessorProject medium = ProjectSamples::ofWall(CWallBuilder::Medium);
+    SProcessorProject small = ProjectSamples::ofWall(CWallBuilder::Small);
+    medium.name = QStringLiteral("Main");
+    small.name = QStringLiteral("Side");
+    return CSheetExport::inputOf({medium, small});
+}
+
+QVector<SSheet> someSheets(int kinds)
+{
+    PrintConfig config;
+    config.date = QDate(2026, 5, 4);
+    config.sheets = kinds;
+    const auto input = CSheetExport::inputOf({ProjectSamples::ofWall(CWallBuilder::Small)});
+    return CSheetSet::of(SPrintPlan::of(input, {config, {}})).value();
+}
+
+template <typename Widget>
+Widget *found(QWidget &parent, const QString &text)
+{
+    for (Widget *widget : parent.findChildren<Widget *>()) {
+        if (widget->text() == text)
+            return widget;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+class CPrintDialogTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { PrintMemory::save({}); }
+
+    void laysOutWhatIsChosen()
+    {
+        const SPrintInput input = twoWalls();
+        CPrintDialog dialog(input, {}, nullptr);
+        auto *processors = dialog.findChild<QListWidget *>();
+        auto *save = found<QPushButton>(dialog, QStringLiteral("Save as…"));
+        auto *number = dialog.findChild<CSheetPreview *>()->findChild<QSpinBox *>();
+        QVERIFY(!save->isEnabled()); // no processor
+        processors->item(0)->setCheckState(Qt::Checked);
+        QTRY_COMPARE(number->maximum(), 24);
+        QVERIFY(save->isEnabled());
+        found<QCheckBox>(dialog, QStringLiteral("Parts list"))->setChecked(false);
+        QVERIFY(!save->isEnabled()); // not what the settings say
+        QTRY_COMPARE(number->maximum(), 23);
+        processors->item(1)->setCheckState(Qt::Checked);
+        QTRY_VERIFY(number->maximum() > 30);
+        for (auto *box : dialog.findChild<CPrintSettings *>()->findChildren<QCheckBox *>())
+            box->setChecked(false);
+        QTRY_COMPARE(number->maximum(), 0);
+        QVERIFY(!save->isEnabled());
+    }
+
+    /// A processor has the job's settings until it gets its own; both are remembered.
+    void aProcessorCanHaveItsOwnSettings()
+    {
+        const SPrintInput input = twoWalls();
+        const QUuid first = input.processors.first().node.uuid;
+        {
+            CPrintDialog dialog(input, {first}, nullptr);
+            auto *settings = dialog.findChild<CPrintSettings *>();
+            auto *paper = settings->findChild<QComboBox *>();
+            auto *own = found<QCheckBox>(dialog, QStringLiteral("Other settings than those of the job"));
+            auto *scope = dialog.findChild<QComboBox *>(QString(), Qt::FindDirectChildrenOnly);
+            for (auto *box : dialog.findChildren<QComboBox *>())
+                scope = box->findData(first) >= 0 ? box : scope;
+            paper->setCurrentIndex(PrintConfig::A3);
+            scope->setCurrentIndex(scope->findData(first));
+            QCOMPARE(paper->currentIndex(), int(PrintConfig::A3));
+            QVERIFY(!paper->isEnabled());
+            own->click();
+            paper->setCurrentIndex(PrintConfig::A2);
+            QVERIFY(!found<QCheckBox>(dialog, QStringLiteral("Overview"))->isEnabled());
+            scope->setCurrentIndex(0);
+            QCOMPARE(paper->currentIndex(), int(PrintConfig::A3));
+            dialog.reject();
+        }
+        const SPrintJob job = PrintMemory::load();
+        QCOMPARE(job.whole.paper, PrintConfig::A3);
+        QCOMPARE(job.own.size(), 1);
+        QCOMPARE(job.of(first).paper, PrintConfig::A2);
+    }
+
+    void remembersAllSettingsButTheDate()
+    {
+        PrintConfig config;
+        config.project = QStringLiteral("Hafenfest, Pier 3");
+        config.notes = QStringLiteral("a\nb");
+        config.paper = PrintConfig::CustomPaper;
+        config.customPaper = {500.5, 300};
+        config.landscape = false;
+        config.binding = PrintConfig::BindTop;
+        config.bindingMargin = 25;
+        config.views = PrintConfig::BothViews;
+        config.scale = 40;
+        config.grey = true;
+        config.sheets = PrintConfig::Cover | PrintConfig::PartsList;
+        config.rack.right = true;
+        config.rack.distance = 7000;
+        config.cables.stock = {2, 4};
+        config.cables.sparePercent = 12;
+        config.supply.volts = 110;
+        QCOMPARE(PrintMemory::fromJson(PrintMemory::toJson(config)), config);
+        config.date = QDate(2026, 1, 1);
+        QVERIFY(!PrintMemory::fromJson(PrintMemory::toJson(config)).date.isValid());
+        QJsonObject wrong{{QStringLiteral("paper"), 99},
+                          {QStringLiteral("volts"), 0},
+                          {QStringLiteral("stock"), QStringLiteral("x")}};
+        QCOMPARE(PrintMemory::fromJson(wrong), PrintConfig());
+    }
+
+    void writesPicturesOneByOneAndStopsAtAFailure()
+    {
+        const QVector<SSheet> sheets = someSheets(PrintConfig::Cover | PrintConfig::PortSheets);
+        QStringList written;
+        QString failure;
+        const auto write = [&](const QString &file, const QByteArray &content) {
+            if (written.size() == 2 && !failure.isEmpty())
+                return failure;
+            written << file;
+            return content.isEmpty() ? QStringLiteral("empty") : QString();
+        };
+        CSheetWriter::SOrder order{QStringLiteral("/x/plan.png"), QStringLiteral("t"), QDate(2026, 5, 4), 20};
+        const auto all = CSheetWriter::write(sheets, order, write);
+        QVERIFY(all);
+        QCOMPARE(all.value(), written);
+        QCOMPARE(written.first(), QStringLiteral("/x/plan-1.png"));
+        QCOMPARE(written.size(), sheets.size());
+        written.clear();
+        failure = QStringLiteral("The disk is full.");
+        QCOMPARE(CSheetWriter::write(sheets, order, write).error(), failure);
+        written.clear();
+        order.file = QStringLiteral("/x/plan.pdf");
+        const auto stopped = CSheetWriter::write(sheets, order, write, [](int done) { return done < 3; });
+        QVERIFY(stopped && stopped.value().isEmpty() && written.isEmpty()); // no half file
+    }
+
+    void printsThePagesThatWereAskedFor()
+    {
+        const QTemporaryDir folder;
+        const QVector<SSheet> sheets = someSheets(PrintConfig::Cover | PrintConfig::PortSheets);
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setOutputFileName(folder.filePath(QStringLiteral("out.pdf")));
+        printer.setFromTo(2, 4);
+        QVector<int> done;
+        QVERIFY(CSheetPrinter::print(sheets, printer, [&done](int sheet) {
+            done << sheet;
+            return true;
+        }));
+        QCOMPARE(done, QVector<int>({2, 3, 4}));
+        QFile file(printer.outputFileName());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray content = file.readAll();
+        QCOMPARE(content.count("/Type /Page\n"), 3);
+        printer.setOutputFileName(folder.filePath(QStringLiteral("none/out.pdf")));
+        QVERIFY(!CSheetPrinter::print(sheets, printer).error().isEmpty());
+    }
+};
+
+ORVO_TEST_MAIN(QApplication, CPrintDialogTest)
+#include "tst_print_dialog.moc"
