@@ -76,6 +76,7 @@ public:
     bool isPortRedundancySupported() const override;
     bool setPortRedundancy(int primary, int backup) override;
     bool cancelPortRedundancy(int port) override;
+    PrintConfig printSettings(const QUuid &processor) const override;
     QString writeFile(const QString &file, const QByteArray &content) override;
     bool exportPortMapping(const QUuid &processor, int port, const QString &file) override;
     bool importPortMapping(const QUuid &processor, int port, const QString &file,

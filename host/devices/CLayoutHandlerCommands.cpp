@@ -60,6 +60,11 @@ bool CLayoutHandler::copyProcessorMapping(const QUuid &from, const QUuid &to, bo
     return told(CBackgroundCall::result([&] { return m_files->copyProcessor(from, to, overwriteLocked); }));
 }
 
+PrintConfig CLayoutHandler::printSettings(const QUuid &processor) const
+{
+    return known(processor).print;
+}
+
 QString CLayoutHandler::writeFile(const QString &file, const QByteArray &content)
 {
     return CSafeFile::write(file, content, CSafeFile::DropPrevious).error();

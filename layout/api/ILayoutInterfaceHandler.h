@@ -4,6 +4,7 @@
 
 #include "layout/api/records/LayoutData.h"
 #include "layout/api/records/PortPairs.h"
+#include "layout/api/records/PrintConfig.h"
 #include "layout/api/records/ProcessorTree.h"
 #include "layout/api/records/ReadSaveMappingRole.h"
 #include "layout/api/records/SBackgroundInfo.h"
@@ -226,6 +227,8 @@ public:
     virtual bool setBackground(const SBackgroundInfo &info) = 0;
 
     // Printing.
+    /// The settings of plans that the processor's project keeps; the usual ones if it keeps none.
+    virtual PrintConfig printSettings(const QUuid &processor) const = 0;
     /// Writes a file, whole or not at all. Returns why it failed, as text for the user; empty: it did not.
     virtual QString writeFile(const QString &file, const QByteArray &content) = 0;
 

@@ -65,5 +65,11 @@ void CPrintCommand::run(QWidget *parent)
     const QList<Node> selected = CHostAccess::call(&Host::selectedProcessors);
     for (const Node &node : selected)
         chosen << node.uuid;
-    CPrintDialog(all, chosen, parent).exec();
+    QMap<QUuid, PrintConfig> kept;
+    for (const SPrintedProcessor &processor : all.processors) {
+        const PrintConfig settings = CHostAccess::call(&Host::printSettings, processor.node.uuid);
+        if (settings != PrintConfig())
+            kept.insert(processor.node.uuid, settings);
+    }
+    CPrintDialog(all, chosen, kept, parent).exec();
 }

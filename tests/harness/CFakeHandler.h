@@ -138,6 +138,7 @@ public:
     }
     bool isPortRedundancyBlocked() const override { return given(__func__, redundancyBlocked); }
     bool isPortRedundancySupported() const override { return given(__func__, redundancySupported); }
+    PrintConfig printSettings(const QUuid &) const override { return {}; }
     QString writeFile(const QString &, const QByteArray &) override { return {}; }
     bool exportPortMapping(const QUuid &, int port, const QString &file) override
     {

@@ -61,7 +61,7 @@ private Q_SLOTS:
     void laysOutWhatIsChosen()
     {
         const SPrintInput input = twoWalls();
-        CPrintDialog dialog(input, {}, nullptr);
+        CPrintDialog dialog(input, {}, {}, nullptr);
         auto *processors = dialog.findChild<QListWidget *>();
         auto *save = found<QPushButton>(dialog, QStringLiteral("Save as…"));
         auto *number = dialog.findChild<CSheetPreview *>()->findChild<QSpinBox *>();
@@ -86,7 +86,7 @@ private Q_SLOTS:
         const SPrintInput input = twoWalls();
         const QUuid first = input.processors.first().node.uuid;
         {
-            CPrintDialog dialog(input, {first}, nullptr);
+            CPrintDialog dialog(input, {first}, {}, nullptr);
             auto *settings = dialog.findChild<CPrintSettings *>();
             auto *paper = settings->findChild<QComboBox *>();
             auto *own = found<QCheckBox>(dialog, QStringLiteral("Other settings than those of the job"));
@@ -110,32 +110,18 @@ private Q_SLOTS:
         QCOMPARE(job.of(first).paper, PrintConfig::A2);
     }
 
-    void remembersAllSettingsButTheDate()
+    /// What a project brings along holds until the dialog has remembered something else.
+    void takesTheSettingsOfAProject()
     {
-        PrintConfig config;
-        config.project = QStringLiteral("Hafenfest, Pier 3");
-        config.notes = QStringLiteral("a\nb");
-        config.paper = PrintConfig::CustomPaper;
-        config.customPaper = {500.5, 300};
-        config.landscape = false;
-        config.binding = PrintConfig::BindTop;
-        config.bindingMargin = 25;
-        config.views = PrintConfig::BothViews;
-        config.scale = 40;
-        config.grey = true;
-        config.sheets = PrintConfig::Cover | PrintConfig::PartsList;
-        config.rack.right = true;
-        config.rack.distance = 7000;
-        config.cables.stock = {2, 4};
-        config.cables.sparePercent = 12;
-        config.supply.volts = 110;
-        QCOMPARE(PrintMemory::fromJson(PrintMemory::toJson(config)), config);
-        config.date = QDate(2026, 1, 1);
-        QVERIFY(!PrintMemory::fromJson(PrintMemory::toJson(config)).date.isValid());
-        QJsonObject wrong{{QStringLiteral("paper"), 99},
-                          {QStringLiteral("volts"), 0},
-                          {QStringLiteral("stock"), QStringLiteral("x")}};
-        QCOMPARE(PrintMemory::fromJson(wrong), PrintConfig());
+        const SPrintInput input = twoWalls();
+        const QUuid first = input.processors.first().node.uuid;
+        PrintConfig kept;
+        kept.paper = PrintConfig::A1;
+        CPrintDialog(input, {first}, {{first, kept}}, nullptr).reject();
+        QCOMPARE(PrintMemory::load().of(first).paper, PrintConfig::A1);
+        kept.paper = PrintConfig::A0;
+        CPrintDialog(input, {first}, {{first, kept}}, nullptr).reject();
+        QCOMPARE(PrintMemory::load().of(first).paper, PrintConfig::A1);
     }
 
     void writesPicturesOneByOneAndStopsAtAFailure()

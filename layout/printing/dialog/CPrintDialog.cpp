@@ -44,11 +44,16 @@ void date(PrintConfig &config)
 
 } // namespace
 
-CPrintDialog::CPrintDialog(const SPrintInput &input, const QList<QUuid> &chosen, QWidget *parent)
+CPrintDialog::CPrintDialog(const SPrintInput &input, const QList<QUuid> &chosen,
+                           const QMap<QUuid, PrintConfig> &kept, QWidget *parent)
     : CDialog(tr("Print"), QDialogButtonBox::Close, parent)
     , m_input(input)
     , m_job(PrintMemory::load())
 {
+    for (auto it = kept.begin(); it != kept.end(); ++it) {
+        if (!m_job.own.contains(it.key()))
+            m_job.own.insert(it.key(), it.value());
+    }
     buildUi(chosen);
     connectSignals();
     m_settings->show(m_job.whole, true);

@@ -24,8 +24,10 @@ class CPrintDialog final : public CDialog
     Q_OBJECT
 
 public:
-    /// @p chosen are the processors that are printed at first.
-    CPrintDialog(const SPrintInput &input, const QList<QUuid> &chosen, QWidget *parent);
+    /// @p chosen are the processors that are printed at first. @p kept are settings that processors' projects
+    /// bring along; they hold for a processor for which none are remembered.
+    CPrintDialog(const SPrintInput &input, const QList<QUuid> &chosen, const QMap<QUuid, PrintConfig> &kept,
+                 QWidget *parent);
     ~CPrintDialog() override;
 
     void done(int result) override;
