@@ -140,6 +140,7 @@ inline SPrintInput irregular()
         processor.layout.ports << port;
     }
     processor.layout.ports.last().groups[0].cabinets.last().rank = -1;
+    processor.layout.ports[1].groups[0].cabinets[3].rect.setSize(QSize(8, 8)); // far smaller than the others
     return input;
 }
 

@@ -105,8 +105,13 @@ QString faultOf(const SSheet &sheet)
 {
     const QRectF frame = sheet.frame.adjusted(-Hair, -Hair, Hair, Hair);
     for (const SSheetMark &mark : sheet.marks) {
-        if (!frame.contains(std::visit([](const auto &known) { return areaOf(known); }, mark)))
-            return QStringLiteral("mark outside the frame");
+        const QRectF area = std::visit([](const auto &known) { return areaOf(known); }, mark);
+        if (!frame.contains(area))
+            return QStringLiteral("outside the frame: %1, %2, %3 x %4")
+                .arg(area.left())
+                .arg(area.top())
+                .arg(area.width())
+                .arg(area.height());
     }
     const QVector<SSheetText> texts = textsOf(sheet);
     const QVector<QRectF> hops = hopsOf(sheet);
@@ -177,6 +182,7 @@ private Q_SLOTS:
     void drawsIrregularWalls();
     void mirrorsPlacesButNoTexts();
     void dividesWhatIsTooSmall();
+    void drawsStrips();
     void tellsWhereTheChainGoesOn();
     void tilesAtTrueScale();
     void hatchesPortsApart();
@@ -250,6 +256,7 @@ void CPrintGraphicsTest::drawsIrregularWalls()
             QCOMPARE(textsOf(sheets[4 + view], EMark::PortName).size(), 3); // around port 2: 1, 3 and 4
             QCOMPARE(textsOf(sheets[6 + view], EMark::PortName).size(), 3); // around port 3: 1, 2 and 4
             QVERIFY(textsOf(sheets[6 + view], EMark::Tag).contains(QStringLiteral("START")));
+            QCOMPARE(textsOf(sheets[4 + view], EMark::CabinetNumber).size(), 8);
             const QStringList numbers = textsOf(sheets[10 + view], EMark::CabinetNumber);
             QCOMPARE(numbers.size(), 7);
             QCOMPARE(numbers.last(), QStringLiteral("–"));
@@ -340,6 +347,18 @@ void CPrintGraphicsTest::dividesWhatIsTooSmall()
                 QVERIFY(cabinet.width() >= Smallest - Hair);
         }
     }
+}
+
+void CPrintGraphicsTest::drawsStrips()
+{
+    // Even one cabinet a sheet would be lower than it should be.
+    const SPrintPlan plan =
+        planOf(inputOf({{3, 1}, {2048, 32}, {6400, 100}, {3, 1}}), configOf(PrintConfig::A4));
+    const QVector<SSheet> sheets = drawings(plan);
+    QVERIFY(sheets.size() > 1);
+    QCOMPARE(numbersOf(sheets, plan.processors[0].name, 0), upTo(3));
+    for (const SSheet &sheet : sheets)
+        QVERIFY2(faultOf(sheet).isEmpty(), qPrintable(faultOf(sheet)));
 }
 
 void CPrintGraphicsTest::tellsWhereTheChainGoesOn()

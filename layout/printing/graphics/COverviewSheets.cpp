@@ -94,12 +94,19 @@ QVector<SWallPart> COverviewSheets::parts() const
     for (int i = 0; i < all.size(); ++i)
         all[i] = i;
     const QSizeF smallest = smallestPort();
-    return SheetSplit::fewest(m_wall, all, 1, [&](const QVector<SWallPart> &tried) {
+    const auto quality = [&](const QVector<SWallPart> &tried) {
         double scale = 1e9;
         for (const SWallPart &part : tried)
             scale = std::min(scale, fittingScale(part));
         return largeness(smallest * scale);
-    });
+    };
+    // Smaller ports than can be read well are better than no overview.
+    for (double least : {1.0, 0.5, 0.001}) {
+        const QVector<SWallPart> divided = SheetSplit::fewest(m_wall, all, least, quality);
+        if (!divided.isEmpty())
+            return divided;
+    }
+    return {};
 }
 
 SPlacing COverviewSheets::placing(const SWallPart &part, bool back) const

@@ -106,7 +106,7 @@ void CPortDrawing::draw(SSheet &sheet, const QRectF &room, double scale,
     feed.drawCables(sheet);
     drawChain(sheet);
     drawMarks(sheet);
-    drawLabels(sheet, feed);
+    drawLabels(sheet, feed, room);
     feed.drawBoxes(sheet);
 }
 
@@ -282,7 +282,7 @@ QVector<SCabinetTag> CPortDrawing::tagsOf(int cabinet) const
     return tags;
 }
 
-void CPortDrawing::drawLabels(SSheet &sheet, const CPortFeed &feed) const
+void CPortDrawing::drawLabels(SSheet &sheet, const CPortFeed &feed, const QRectF &room) const
 {
     const QVector<QRectF> obstacles = m_obstacles + feed.obstacles();
     QVector<SCabinetLabels> all;
@@ -306,8 +306,16 @@ void CPortDrawing::drawLabels(SSheet &sheet, const CPortFeed &feed) const
         all << labels;
     }
     for (const SCabinetLabels &labels : qAsConst(all)) {
+        if (CabinetLabels::isTooSmall(labels))
+            continue;
         const double usual =
             points.value(CabinetLabels::largestNumber(labels.rect), SheetMarks::NumberPoints);
         CabinetLabels::place(sheet, labels, std::min(usual, CabinetLabels::numberPoints(labels)));
+    }
+    for (SCabinetLabels &labels : all) {
+        if (!CabinetLabels::isTooSmall(labels))
+            continue;
+        labels.obstacles = obstacles;
+        CabinetLabels::placeBeside(sheet, labels, room);
     }
 }

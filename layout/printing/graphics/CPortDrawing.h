@@ -43,7 +43,7 @@ private:
     void drawCabinets(SSheet &sheet) const;
     void drawChain(SSheet &sheet);
     void drawMarks(SSheet &sheet);
-    void drawLabels(SSheet &sheet, const CPortFeed &feed) const;
+    void drawLabels(SSheet &sheet, const CPortFeed &feed, const QRectF &room) const;
     QVector<SCabinetTag> tagsOf(int cabinet) const;
     QPolygonF arrowOf(const SHop &hop) const;
     double arrowLength() const;

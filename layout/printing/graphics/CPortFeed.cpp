@@ -162,6 +162,7 @@ QVector<QRectF> CPortFeed::obstacles() const
 {
     QVector<QRectF> areas;
     for (const SCable &cable : m_cables) {
+        areas << cable.box;
         for (int i = 0; i + 1 < cable.line.size(); ++i)
             areas << stripOf(cable.line[i], cable.line[i + 1], FeedWidth);
         const double length = arrowLength();

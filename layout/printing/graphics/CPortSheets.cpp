@@ -50,12 +50,25 @@ double CPortSheets::fittingScale(const SPlanPort &port, const QVector<SWallPart>
 
 CPortSheets::SDivision CPortSheets::division(const SPlanPort &port, const CPortPanel &panel) const
 {
-    const QVector<int> cabinets = CWall::cabinetsOf(port);
     // At true scale the cabinets are as large as they are: then the drawing only has to fit.
     const double fixed = trueScale(port);
-    const double least =
-        fixed > 0 ? fixed
-                  : CabinetLabels::SmallestSide / std::max(SPartView::shortestSide(m_wall, cabinets), 1.0);
+    if (fixed > 0)
+        return division(port, panel, fixed);
+    const double side = std::max(SPartView::shortestSide(m_wall, CWall::cabinetsOf(port)), 1.0);
+    // Smaller than it should be is better than nothing: long strips have no room for more.
+    for (double least : {CabinetLabels::SmallestSide, CabinetLabels::SmallestSide / 2,
+                         CabinetLabels::SmallestSide / 4, 0.1}) {
+        const SDivision divided = division(port, panel, least / side);
+        if (!divided.parts.isEmpty())
+            return divided;
+    }
+    return {};
+}
+
+CPortSheets::SDivision CPortSheets::division(const SPlanPort &port, const CPortPanel &panel,
+                                             double least) const
+{
+    const QVector<int> cabinets = CWall::cabinetsOf(port);
     const double content = m_area.content.height() - TitleHeight;
     SDivision best;
     double bestScale = 0;

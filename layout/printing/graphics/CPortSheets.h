@@ -33,6 +33,8 @@ private:
     QRectF drawingRoom(const CPortPanel &panel, bool beside) const;
     double fittingScale(const SPlanPort &port, const QVector<SWallPart> &parts, const QSizeF &room) const;
     SDivision division(const SPlanPort &port, const CPortPanel &panel) const;
+    /// With a scale of at least @p least; without parts if there is none.
+    SDivision division(const SPlanPort &port, const CPortPanel &panel, double least) const;
     SSheet sheet(const SPlanPort &port, const CPortPanel &panel, const SDivision &division, int part,
                  SSheet::View view, int first) const;
     QString summary(const SPlanPort &port, int part, int parts) const;

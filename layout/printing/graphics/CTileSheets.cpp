@@ -22,7 +22,6 @@ constexpr double BarLength = 100;
 constexpr double BarBelow = 5; // the field
 constexpr double CrossHalf = 3;
 constexpr double Rounding = 1e-6;
-const QColor FieldBorder(0x70, 0x70, 0x70);
 
 /// A, B, … Z, AA …
 QString crossName(int index)

@@ -23,6 +23,7 @@ constexpr double TypePoints = 9;
 constexpr double TagPadding = 0.8; // millimetres
 constexpr double TagBorder = 0.5;
 constexpr double LabelGap = 0.5;
+constexpr double LeaderWidth = 0.2;
 constexpr double BesideBorder = 1.7; // of a wire that follows a border
 constexpr double PixelLeft = 2.5;    // of the centre, beside an arrow head
 constexpr double LabelStep = 1.25;   // of a line's height
@@ -222,4 +223,33 @@ void CabinetLabels::place(SSheet &sheet, const SCabinetLabels &labels, double nu
     placer.placeNumber(numberPoints);
     placer.placeTags();
     placer.placeLower();
+}
+
+bool CabinetLabels::isTooSmall(const SCabinetLabels &labels)
+{
+    const QRectF box = DrawnMarks::room(labels.number, CaptionPoints, true);
+    return box.width() > labels.rect.width() - 0.6 || box.height() > labels.rect.height() - 0.6;
+}
+
+void CabinetLabels::placeBeside(SSheet &sheet, const SCabinetLabels &labels, const QRectF &room)
+{
+    QVector<QRectF> taken = labels.obstacles;
+    for (const SSheetMark &mark : qAsConst(sheet.marks)) {
+        if (const auto *text = std::get_if<SSheetText>(&mark))
+            taken << text->box.adjusted(-0.3, -0.3, 0.3, 0.3);
+    }
+    const QPointF centre = labels.rect.center();
+    QRectF box = DrawnMarks::room(labels.number, CaptionPoints, true);
+    bool found = false;
+    for (int step = 0; step < 400 && !found; ++step) { // outwards, in a spiral
+        const double angle = step * M_PI / 8;
+        box.moveCenter(centre + QPointF(std::cos(angle), std::sin(angle)) * (3 + step * 0.15));
+        found = room.contains(box) && std::none_of(taken.begin(), taken.end(), [&](const QRectF &other) {
+                    return other.intersects(box);
+                });
+    }
+    if (!found)
+        box.moveCenter(centre);
+    DrawnMarks::polyline(sheet, QVector<QPointF>{centre, box.center()}, LeaderWidth, {}, LeaderWidth);
+    DrawnMarks::text(sheet, box, labels.number, CaptionPoints, true, EMark::CabinetNumber, Qt::black, 0.4);
 }

@@ -36,6 +36,11 @@ constexpr double SmallestSide = 7; ///< of a cabinet that gets a sheet of its po
 double numberPoints(const SCabinetLabels &labels);
 /// The size class of a cabinet; cabinets of one class have numbers of one size.
 double largestNumber(const QRectF &rect);
+/// Whether a cabinet has no room for its number.
+bool isTooSmall(const SCabinetLabels &labels);
+/// The number of such a cabinet, beside it with a line, within @p room and clear of all other texts
+/// and of the obstacles.
+void placeBeside(SSheet &sheet, const SCabinetLabels &labels, const QRectF &room);
 void place(SSheet &sheet, const SCabinetLabels &labels, double numberPoints);
 
 } // namespace CabinetLabels

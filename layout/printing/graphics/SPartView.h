@@ -21,16 +21,18 @@ struct SPartView
     /// Whether the first, or the last, cabinet of the chain is on this sheet.
     bool hasStart() const { return !port.chain.isEmpty() && part.owned.contains(port.chain.first()); }
     bool hasEnd() const { return !port.chain.isEmpty() && part.owned.contains(port.chain.last()); }
-    /// The shorter side of the smallest cabinet, millimetres of the wall.
+    /// The shorter side of the smallest cabinet, millimetres of the wall; without those that are far smaller
+    /// than most: they do not decide how large the others are drawn.
     static double shortestSide(const CWall &wall, const QVector<int> &cabinets)
     {
-        double side = -1;
+        QVector<double> sides;
         for (int cabinet : cabinets) {
             const QRectF &rect = wall.cabinets().at(cabinet).millimetres;
-            const double shorter = std::min(rect.width(), rect.height());
-            side = side < 0 ? shorter : std::min(side, shorter);
+            sides << std::min(rect.width(), rect.height());
         }
-        return std::max(side, 0.0);
+        std::sort(sides.begin(), sides.end());
+        const double least = sides.isEmpty() ? 0 : sides.at(sides.size() / 2) / 2;
+        return sides.isEmpty() ? 0 : *std::lower_bound(sides.begin(), sides.end(), least);
     }
     double shortestSide() const { return shortestSide(wall, part.owned) * placing.scale; }
 };

@@ -73,7 +73,7 @@ QVector<SWallPart> SheetSplit::fewest(const CWall &wall, const QVector<int> &cab
 {
     const int mostColumns = ordinals(wall, cabinets, &SPlanCabinet::column).size();
     const int mostRows = ordinals(wall, cabinets, &SPlanCabinet::row).size();
-    for (int count = 1; count <= mostColumns * mostRows; ++count) {
+    for (int count = 1; count <= std::min(mostColumns * mostRows, MostParts); ++count) {
         QVector<SWallPart> best;
         double bestQuality = least;
         for (int columns = 1; columns <= std::min(count, mostColumns); ++columns) {

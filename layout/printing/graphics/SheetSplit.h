@@ -23,6 +23,8 @@ struct SWallPart
 /// Divides what is too small on one sheet along the borders of cabinets. Any thread.
 namespace SheetSplit {
 
+constexpr int MostParts = 100;
+
 /// Cuts @p cabinets into about @p columns times @p rows parts with the same number of columns and rows of
 /// cabinets, from left to right, then down. Each cabinet is owned by one part.
 QVector<SWallPart> cut(const CWall &wall, const QVector<int> &cabinets, int columns, int rows);
