@@ -161,6 +161,23 @@ private Q_SLOTS:
         QVERIFY(pictureOf(wall(), options).copy(corner) != expected.copy(corner));
     }
 
+    void aLabelTakesThePlaceOfASmallNumber()
+    {
+        const auto pictured = [](const char *number, const char *label) {
+            QImage picture(40, 40, QImage::Format_RGB32);
+            SCabinetLook look;
+            look.rect = QRectF(0, 0, 40, 40);
+            look.fill = PortFill;
+            look.number = QLatin1String(number);
+            look.label = QLatin1String(label);
+            QPainter painter(&picture);
+            CLayoutPainter::paintCabinet(painter, look, 1);
+            return picture;
+        };
+        QVERIFY(pictured("2", "") != pictured("", ""));
+        QCOMPARE(pictured("2", "P1"), pictured("", "P1"));
+    }
+
     void bordersOfReceiversAreDrawn()
     {
         LayoutData plain = wall();

@@ -250,6 +250,7 @@ private Q_SLOTS:
         SWorkLog log;
         log.worker.AddTimeOutEventFilter(0, 40ms);
         log.worker.AddTimeOutEventFilter(2, 1h);
+        log.worker.AppendEvent(log.event(2, 'v'), false); // another key: replaced by none of those below
         QElapsedTimer timer;
         timer.start();
         for (const char letter : {'a', 'b', 'c'})

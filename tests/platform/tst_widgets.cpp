@@ -140,13 +140,15 @@ private Q_SLOTS:
         auto *white = new QCheckBox(QStringLiteral("White"));
         auto *free = new QCheckBox(QStringLiteral("&Free"));
         auto *ratio = new QCheckBox(QStringLiteral("1:1"));
-        for (QWidget *widget : QVector<QWidget *>{widthLabel, width, white, free, ratio})
+        auto *area = new QCheckBox(QStringLiteral("Field area")); // the first letter is taken: that of a word
+        for (QWidget *widget : QVector<QWidget *>{widthLabel, width, white, free, ratio, area})
             dialog.contentLayout()->addWidget(widget);
         dialog.show();
         QVERIFY(QTest::qWaitForWindowActive(&dialog));
         QCOMPARE(widthLabel->text(), QStringLiteral("&Width"));
         QCOMPARE(white->text(), QStringLiteral("W&hite"));
         QCOMPARE(ratio->text(), QStringLiteral("1:1"));
+        QCOMPARE(area->text(), QStringLiteral("Field &area"));
         free->setFocus();
         QTest::keyClick(&dialog, Qt::Key_W, Qt::AltModifier);
         QVERIFY(width->hasFocus());

@@ -194,6 +194,7 @@ private Q_SLOTS:
         row(CStrictFile::encode({"orvo-port-project", "a port project", 1}, {}), "\"orvo-port-project\"");
         row(sealed(R"({"name":"a","name":"b"})"), "line 2, column 13: the member \"name\" occurs twice");
         row(sealed(R"({"name":"a","n\u0061me":"b"})"), "line 2, column 15");
+        row(sealed("{} {}"), "line 2, column 4: there is text behind the end");
         row(sealed("{\"name\":\n 1e400}"), "line 3, column 2: a number is too large");
         row(sealed("{\"name\":9007199254740993}"), "line 2, column 9"); // which loses digits
         row(sealed("{\"name\":" + QByteArray(100000, '[')), "nested too deep");

@@ -98,6 +98,8 @@ private Q_SLOTS:
         QVERIFY(table.isSwitched() && !table.gains()[1].on);
         switchOf(table, 1)->click();
         QVERIFY(!table.isSwitched());
+        table.updateGains({{0, 0, true, true}}); // no switch of the user's stands against it
+        QVERIFY(table.gains()[0].on && !table.isSwitched());
         table.setGains({{-1, 3, false, false}});
         QVERIFY(table.item(0, 0)->text().isEmpty() && table.item(0, 1)->text().isEmpty());
         QVERIFY(!switchOf(table, 0)->isEnabled());
