@@ -7,6 +7,8 @@
 
 #include <QApplication>
 
+#include <memory>
+
 namespace {
 
 using Port = CabinetLayout::CabinetPort;
@@ -72,12 +74,18 @@ private Q_SLOTS:
         QVERIFY(world.layout() == read.layout); // what has been read once is stable
     }
 
-    void aSideOfNothingBecomesOnePixel()
+    void sizesOfNothingAreMended()
     {
         Port port = SmallWorlds::wiredPort(0, 2);
         port.groups[0].cabinets[1].rect.setSize(QSize(0, -7));
+        auto &scaled = port.groups[0].cabinets[0];
+        scaled.rects = {QRect(QPoint(), scaled.rect.size())};
+        scaled.original = std::make_shared<const Port::SOriginalAreas>(
+            Port::SOriginalAreas{QSize(0, 32), scaled.rects, {}});
+        expectWarning(QRegularExpression(QStringLiteral("^2 cabinets have sizes of nothing")));
         SPortsScene world({port});
         const CabinetLayout before = world.layout();
+        QVERIFY(!before.ports.at(0).getAllCabinets().at(0).original);
         QCOMPARE(before.ports.at(0).getAllCabinets().at(1).rect, QRect(SmallWorlds::Side, 0, 1, 1));
         const QUuid mended = port.groups[0].cabinets[1].uuid;
         world.scene.setLayoutData(SmallWorlds::node(world.data), world.data, {}, {mended});

@@ -9,9 +9,13 @@
 #include "layout/editor/items/IItemIndex.h"
 #include "layout/geometry/CCabinetRect.h"
 
+#include <QLoggingCategory>
+
 #include <algorithm>
 
 namespace {
+
+Q_LOGGING_CATEGORY(sceneLog, "orvo.layout.scene")
 
 using GroupRecord = CabinetLayout::CabinetPort::CabinetGroup;
 
@@ -34,6 +38,12 @@ void dropEmptyGroups(QVector<GroupRecord> &groups)
 }
 
 } // namespace
+
+CLayoutBuilder::~CLayoutBuilder()
+{
+    if (m_mended > 0)
+        qCWarning(sceneLog, "%d cabinets have sizes of nothing, which were mended.", m_mended);
+}
 
 CabinetLayout::CabinetPort CLayoutBuilder::withoutEmptyGroups(const CabinetLayout::CabinetPort &record)
 {
@@ -78,7 +88,7 @@ void CLayoutBuilder::addMembers(CGraphicsPortItem &port, const Group &record, QG
         auto cabinet = cabinetRecord;
         cabinet.uuid = freeIdentity(cabinet.uuid);
         cabinet.group = QUuid(); // set when it joins a group
-        cabinet.rect = CCabinetRect::mended(cabinet.rect);
+        mend(cabinet);
         auto *item = new CGraphicsCabinetItem(cabinet, &parent);
         enter(*item);
         m_entry.enterCabinet(*item);
@@ -94,6 +104,17 @@ void CLayoutBuilder::enter(CGraphicsItemBase &item)
 {
     item.setOrdinal(m_ordinal++);
     m_items.enterEdited(item);
+}
+
+void CLayoutBuilder::mend(Port::Cabinet &cabinet)
+{
+    const QRect rect = CCabinetRect::mended(cabinet.rect);
+    const bool wrongOriginal = cabinet.original && cabinet.original->size.isEmpty();
+    if (rect != cabinet.rect || wrongOriginal)
+        ++m_mended;
+    cabinet.rect = rect;
+    if (wrongOriginal)
+        cabinet.original.reset(); // its receivers are then scaled from what they are now
 }
 
 QUuid CLayoutBuilder::freeIdentity(const QUuid &uuid) const

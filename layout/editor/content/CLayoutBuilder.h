@@ -15,7 +15,8 @@ class ILayoutEntry;
 class QGraphicsItem;
 
 /// Makes the items of a port from its record: cabinets in their places, groups around their members, the
-/// chain by rank. Identities that are missing or given twice are replaced by new ones.
+/// chain by rank. Identities that are missing or given twice are replaced by new ones, and sizes of nothing
+/// are mended.
 class CLayoutBuilder final
 {
 public:
@@ -29,6 +30,9 @@ public:
         , m_ordinal(firstOrdinal)
     {
     }
+
+    ~CLayoutBuilder(); ///< logs how many records had to be mended
+    Q_DISABLE_COPY(CLayoutBuilder)
 
     /// Returns @p record without groups that hold no cabinet: such a group would be an invisible item.
     static Port withoutEmptyGroups(const Port &record);
@@ -47,10 +51,12 @@ private:
     void addMembers(CGraphicsPortItem &port, const Group &record, QGraphicsItem &parent, Items &members);
     void enter(CGraphicsItemBase &item);
     QUuid freeIdentity(const QUuid &uuid) const;
+    void mend(Port::Cabinet &cabinet);
     void wire(CGraphicsPortItem &port);
 
     IItemIndex &m_items;
     ILayoutEntry &m_entry;
     qint64 m_ordinal;
+    int m_mended = 0;                                     // records with sizes that no arithmetic can use
     QVector<QPair<int, CGraphicsCabinetItem *>> m_ranked; // of the port that is being filled
 };
