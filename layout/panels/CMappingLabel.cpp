@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/panels/CMappingLabel.h"
 
+#include "layout/data/CLayoutData.h"
 #include "layout/panels/IMappingCommands.h"
 #include "layout/panels/MappingRefusal.h"
 #include "platform/widgets/CMenuToolButton.h"
@@ -22,7 +23,8 @@ constexpr QSize MappingButtonSize(96, 24);
 } // namespace
 
 CMappingLabel::CMappingLabel(const SUnitServices &services)
-    : m_commands(services.mapping)
+    : m_store(services.store)
+    , m_commands(services.mapping)
     , m_read(new CMenuToolButton(tr("Read")))
     , m_save(new CMenuToolButton(tr("Save")))
 {
@@ -51,6 +53,7 @@ void CMappingLabel::setEditingBlocked(bool blocked)
 
 void CMappingLabel::onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor)
 {
+    m_processor = processor.uuid;
     m_refusal = MappingRefusal::of(processor);
     updateEnabled();
 }
@@ -169,9 +172,18 @@ void CMappingLabel::enable(CMenuToolButton &button, const QString &reason)
         button.setToolTip(reason);
 }
 
+/// Why the layout may not be replaced; empty if it may.
+QString CMappingLabel::block() const
+{
+    if (!m_readBlocked)
+        return {};
+    return m_store.primaryOf(m_processor).isNull() ? tr("Editing is locked")
+                                                   : tr("A redundancy processor follows its primary");
+}
+
 void CMappingLabel::updateEnabled()
 {
     const QString reason = m_busy ? tr("The mapping is being read or saved") : QString();
-    enable(*m_read, reason.isEmpty() && m_readBlocked ? tr("Editing is locked") : reason);
+    enable(*m_read, reason.isEmpty() ? block() : reason);
     enable(*m_save, reason);
 }

@@ -45,8 +45,11 @@ private:
     void enable(CMenuToolButton &button, const QString &reason);
     void updateEnabled();
     void updateEntries(CMenuToolButton &button);
+    QString block() const;
 
+    const CLayoutData &m_store;
     IMappingCommands &m_commands;
+    QUuid m_processor; // in view
     CMenuToolButton *m_read = nullptr;
     CMenuToolButton *m_save = nullptr;
     QCheckBox *m_numberMapping = nullptr;

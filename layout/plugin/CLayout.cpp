@@ -3,6 +3,7 @@
 #include "layout/plugin/CLayout.h"
 
 #include "layout/api/access/CHostAccess.h"
+#include "layout/editor/view/CEditRule.h"
 #include "layout/panels/CLayoutSidePanel.h"
 #include "layout/plugin/CLayoutEditorPage.h"
 #include "layout/plugin/CMappingCommands.h"
@@ -92,7 +93,7 @@ void CLayout::fillProcessorMenu(QMenu &menu, const QUuid &processor)
 {
     if (m_processorCommands) // gone once stopped
         CProcessorMenu(menu, *m_processorCommands, processor,
-                       !m_editingBlocked && m_store.primaryOf(processor).isNull(),
+                       CEditRule::block(m_editingBlocked, !m_store.primaryOf(processor).isNull()),
                        m_editorPage->selectedCabinets())
             .fill();
 }

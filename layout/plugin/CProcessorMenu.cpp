@@ -76,13 +76,13 @@ QString pairedText()
 } // namespace
 
 CProcessorMenu::CProcessorMenu(QMenu &menu, CProcessorCommands &commands, const QUuid &processor,
-                               bool editable, const Cabinets &selected)
+                               const QString &block, const Cabinets &selected)
     : m_menu(menu)
     , m_commands(commands)
     , m_processor(CHostAccess::call(&Host::getProcessorNode, processor))
     , m_selected(selected)
     , m_modeReason(CHostAccess::call(&Host::isFiberTransceiverMode, processor) ? fiberText() : QString())
-    , m_editReason(m_modeReason.isEmpty() && !editable ? tr("Editing is locked") : m_modeReason)
+    , m_editReason(m_modeReason.isEmpty() ? block : m_modeReason)
 {
 }
 

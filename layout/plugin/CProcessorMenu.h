@@ -22,8 +22,9 @@ class CProcessorMenu final
 public:
     using Cabinets = QList<CabinetLayout::CabinetPort::Cabinet>;
 
-    /// @p editable is false while the host blocks editing; @p selected are cabinets of the current processor.
-    CProcessorMenu(QMenu &menu, CProcessorCommands &commands, const QUuid &processor, bool editable,
+    /// @p block: why the processor's layout may not be edited, empty if it may; @p selected are cabinets of
+    /// the current processor.
+    CProcessorMenu(QMenu &menu, CProcessorCommands &commands, const QUuid &processor, const QString &block,
                    const Cabinets &selected);
 
     void fill();

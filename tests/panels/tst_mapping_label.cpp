@@ -133,6 +133,7 @@ private Q_SLOTS:
         QVERIFY(!unit.read.menu()->actions().last()->isEnabled());
         unit.panel.setEditingBlocked(true);
         QVERIFY(!unit.read.isEnabled() && unit.save.isEnabled());
+        QCOMPARE(unit.read.toolTip(), QStringLiteral("Editing is locked"));
         unit.panel.setEditingBlocked(false);
         QVERIFY(unit.read.isEnabled());
     }

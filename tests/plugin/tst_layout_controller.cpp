@@ -15,6 +15,7 @@
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/harness/DialogUser.h"
 #include "tests/harness/StoreBarrier.h"
 
 #include <QLabel>
@@ -169,6 +170,14 @@ private Q_SLOTS:
         module.answers()->redundancies = {{module.a, module.b}};
         tell(true);
         QVERIFY(!module.mappingEnabled("Read"));
+        module.layout.setEditingBlocked(true); // unlocking it would not help
+        const QString follows = QStringLiteral("A redundancy processor follows its primary");
+        for (const QToolButton *button : module.layout.rightBarWidget()->findChildren<QToolButton *>())
+            QVERIFY(button->text() != QLatin1String("Read") || button->toolTip() == follows);
+        QMenu menu;
+        module.layout.fillProcessorMenu(menu, module.b);
+        QCOMPARE(entryOf(menu, QStringLiteral("Import mapping by processor..."))->toolTip(), follows);
+        module.layout.setEditingBlocked(false);
         module.select({module.a}); // the one that it follows
         QVERIFY(module.mappingEnabled("Read"));
         module.select({module.b});

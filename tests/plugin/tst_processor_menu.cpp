@@ -24,10 +24,10 @@ struct SMenuScene final : SStoreWorld
 
     SMenuScene() { host.choose(a); }
 
-    void fill(bool editable = true)
+    void fill(const QString &block = {})
     {
         menu.clear();
-        CProcessorMenu(menu, commands, a, editable, selected).fill();
+        CProcessorMenu(menu, commands, a, block, selected).fill();
     }
     QAction *entry(const QString &path) const { return entryOf(menu, path); }
     bool enabled(const char *path) { return entry(QString::fromLatin1(path))->isEnabled(); }
@@ -93,7 +93,7 @@ private Q_SLOTS:
             const char *reason;
         };
         for (const auto &[state, enabled, reason] :
-             {SCase{"", "111111", ""}, SCase{"blocked", "001101", "Editing is locked"},
+             {SCase{"", "111111", ""}, SCase{"blocked", "001101", "Blocked"},
               SCase{"offline", "111000", "The processor is offline"},
               SCase{"project", "111010", "A project is connected to nothing"},
               SCase{"fiber", "000000", "Fiber Optic Transceiver Mode is on"},
@@ -111,7 +111,7 @@ private Q_SLOTS:
                 scene.answers()->nodes.removeLast();
             if (is == QLatin1String("not current"))
                 scene.answers()->current = scene.b;
-            scene.fill(!is.contains(QLatin1String("blocked")));
+            scene.fill(is.contains(QLatin1String("blocked")) ? QStringLiteral("Blocked") : QString());
             QCOMPARE(withoutReason(scene.menu), QStringList());
             QString seen;
             for (const char *path :

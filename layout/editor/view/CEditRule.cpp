@@ -2,9 +2,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/view/CEditRule.h"
 
-QString CEditRule::refusal(EditKind kind, bool blocked, bool hand)
+QString CEditRule::block(bool locked, bool backup)
 {
-    if (blocked)
-        return tr("Editing is locked");
+    if (backup)
+        return tr("A redundancy processor follows its primary");
+    return locked ? tr("Editing is locked") : QString();
+}
+
+QString CEditRule::refusal(EditKind kind, const QString &block, bool hand)
+{
+    if (!block.isEmpty())
+        return block;
     return hand && kind == EditKind::Edit ? tr("The hand tool only looks") : QString();
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QCoreApplication>
+#include <QString>
 
 /// What a key, a menu entry or a button of the editor does.
 enum class EditKind {
@@ -17,7 +18,10 @@ class CEditRule final
     Q_DECLARE_TR_FUNCTIONS(CEditRule)
 
 public:
-    /// The reason why what is of @p kind is refused; empty if it is not. @p blocked: nothing may be edited;
-    /// @p hand: the hand tool is in use.
-    static QString refusal(EditKind kind, bool blocked, bool hand);
+    /// Why nothing may be edited; empty if it may. @p locked: the user has locked it; @p backup: the
+    /// processor follows a primary, which unlocking does not change.
+    static QString block(bool locked, bool backup);
+    /// The reason why what is of @p kind is refused; empty if it is not. @p block: see block(); @p hand: the
+    /// hand tool is in use.
+    static QString refusal(EditKind kind, const QString &block, bool hand);
 };

@@ -109,9 +109,9 @@ void CEditorToolBar::setUseful(ETool tool, bool useful)
     enableTools();
 }
 
-void CEditorToolBar::setEditingBlocked(bool blocked)
+void CEditorToolBar::setBlock(const QString &reason)
 {
-    m_blocked = blocked;
+    m_block = reason;
     enableTools();
 }
 
@@ -126,7 +126,7 @@ void CEditorToolBar::enableTool(ETool tool)
     QAction *action = m_actions.at(tool);
     const std::optional<EditKind> kind = kindOf(tool);
     const QString refused =
-        kind ? CEditRule::refusal(*kind, m_blocked, m_actions.at(Hand)->isChecked()) : QString();
+        kind ? CEditRule::refusal(*kind, m_block, m_actions.at(Hand)->isChecked()) : QString();
     action->setEnabled(!m_useless.contains(tool) && refused.isEmpty());
     if (action->isCheckable())
         return; // their tips tell which kind of the tool is chosen

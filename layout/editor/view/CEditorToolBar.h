@@ -42,9 +42,9 @@ public:
     void chooseMode(ETool tool) { m_actions.at(tool)->setChecked(true); }
     /// Sets whether there is something for @p tool to do; if not, it is disabled.
     void setUseful(ETool tool, bool useful);
-    /// With @p blocked, disables all tools except those that change nothing; so does the hand tool with those
-    /// that act at once. Their tool tips say why.
-    void setEditingBlocked(bool blocked);
+    /// With a @p reason, disables all tools except those that change nothing; so does the hand tool with
+    /// those that act at once. Their tool tips say why.
+    void setBlock(const QString &reason);
     /// Whether a highlight is shown by the cabinets' LED instead of a flashing box.
     bool isFrameless() const { return m_frameless; }
 
@@ -64,7 +64,7 @@ private:
 
     QVector<QAction *> m_actions;
     QSet<int> m_useless = {Undo, Redo, Group, Ungroup}; // tools with nothing to do
-    bool m_blocked = false;
-    QActionGroup *m_modes = nullptr; // at most one of them is checked
+    QString m_block;                                    // why nothing may be edited; empty: it may
+    QActionGroup *m_modes = nullptr;                    // at most one of them is checked
     bool m_frameless = false;
 };

@@ -136,7 +136,7 @@ void CLayoutGraphicsView::setBlocked(bool byController, bool asBackup)
 {
     m_blocked = byController;
     m_backup = asBackup;
-    m_toolBar->setEditingBlocked(isBlocked());
+    m_toolBar->setBlock(CEditRule::block(m_blocked, m_backup));
     m_scene->leaveOperation();
 }
 
@@ -410,5 +410,6 @@ void CLayoutGraphicsView::pressEditKey(QKeyEvent &event, EditKind kind)
 
 QString CLayoutGraphicsView::refusal(EditKind kind) const
 {
-    return CEditRule::refusal(kind, isBlocked(), m_toolBar->tool(Bar::Hand)->isChecked());
+    return CEditRule::refusal(kind, CEditRule::block(m_blocked, m_backup),
+                              m_toolBar->tool(Bar::Hand)->isChecked());
 }
