@@ -39,8 +39,10 @@ void CEditorMenus::fillEdit()
     addClipboard(selected);
     m_menu.addSeparator();
     addEdit(m_menu, {tr("Select &all"), Qt::CTRL | Qt::Key_A}, true);
-    addEdit(m_menu, {tr("&Group"), Qt::CTRL | Qt::Key_G}, backend.selection().canGroup());
-    addEdit(m_menu, {tr("U&ngroup"), Qt::CTRL | Qt::SHIFT | Qt::Key_G}, backend.selection().canBreakGroup());
+    const QString closed = CRefusal::reason(backend.selection().closedPort());
+    addEdit(m_menu, {tr("&Group"), Qt::CTRL | Qt::Key_G}, backend.selection().canGroup(), closed);
+    addEdit(m_menu, {tr("U&ngroup"), Qt::CTRL | Qt::SHIFT | Qt::Key_G}, backend.selection().canBreakGroup(),
+            closed);
     addMoves(selected);
     m_menu.addSeparator();
     addEdit(m_menu, {tr("App&end cabinets..."), Qt::CTRL | Qt::Key_T, EditKind::Tool}, true,

@@ -146,7 +146,8 @@ private Q_SLOTS:
             const QAction *entry = entryOf(menu, QLatin1String(text));
             return entry->isEnabled() ? QString() : entry->toolTip();
         };
-        for (const char *text : {"Cu&t", "&Delete", "&Move by one pixel", "App&end cabinets..."})
+        for (const char *text :
+             {"Cu&t", "&Delete", "&Group", "U&ngroup", "&Move by one pixel", "App&end cabinets..."})
             QCOMPARE(tip(text), QStringLiteral("Port 2 is locked."));
         world.view().toolBar().chooseMode(CEditorToolBar::Hand);
         QCOMPARE(tip("&Copy"), QStringLiteral("The hand tool only looks"));
@@ -175,8 +176,12 @@ private Q_SLOTS:
         world.answers()->redundancies = {{world.b, world.a}};
         world.open(world.a);
         QVERIFY(!world.port(0).isEnabled());
+        QCOMPARE(world.view().refusal(EditKind::Edit),
+                 QStringLiteral("A redundancy processor follows its primary"));
         world.open(world.b);
         QVERIFY(world.port(0).isEnabled());
+        world.page.setEditingBlocked(true);
+        QCOMPARE(world.view().refusal(EditKind::Edit), QStringLiteral("Editing is locked"));
     }
 
     void theStatusBarTellsOfWallSelectionAndCanvas()
