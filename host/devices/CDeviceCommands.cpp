@@ -266,10 +266,11 @@ QList<SCurrentGain> CDeviceCommands::gains(const SDevice &device)
 
 CStatus CDeviceCommands::importGains(const QString &file)
 {
+    const QUuid processor = m_services.table().current(); // may change while the file is read
     const CResult<QVector<SCurrentGainRow>> rows = CCurrentGainFile::read(file);
     if (!rows)
         return CStatus::failure(rows.error());
-    const bool known = m_services.table().change(m_services.table().current(), [&rows](SDevice &device) {
+    const bool known = m_services.table().change(processor, [&rows](SDevice &device) {
         for (const SCurrentGainRow &row : rows.value()) {
             const auto same = [&row](const SCurrentGainRow &old) {
                 return old.frameRateCode == row.frameRateCode && old.gainLevel == row.gainLevel;

@@ -223,7 +223,7 @@ bool CLayoutHandler::sendCabinetParameters(const QList<CabinetLayout::CabinetPor
 
 bool CLayoutHandler::importCurrentGain(const QString &file)
 {
-    return told(m_commands.importGains(file));
+    return told(CBackgroundCall::result([&] { return m_commands.importGains(file); }));
 }
 
 bool CLayoutHandler::clearCurrentGains()

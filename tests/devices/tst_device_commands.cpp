@@ -245,7 +245,10 @@ private Q_SLOTS:
 
     void aWrongFileOfGainsChangesNothing()
     {
-        QVERIFY(m_world->import(TwoGains));
+        bool served = false; // while the file is read
+        QMetaObject::invokeMethod(
+            qApp, [&served] { served = true; }, Qt::QueuedConnection);
+        QVERIFY(m_world->import(TwoGains) && served);
         const SFileFormat format{"orvo-current-gain", "a file of current-gain parameters", 1};
         const QByteArray row = R"({"frameRate":0,"gainLevel":1,"values":[1,2,3]})";
         for (const auto &[rows, place] :
