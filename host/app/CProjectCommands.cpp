@@ -63,7 +63,8 @@ void CProjectCommands::open(const QStringList &files)
             m_settings.addRecentProject(file);
         } else {
             failures << opened.error();
-            m_settings.removeRecentProject(file);
+            if (!QFileInfo::exists(file)) // any other obstacle may go
+                m_settings.removeRecentProject(file);
         }
         Q_EMIT notifyWorking({});
     }

@@ -71,6 +71,11 @@ bool CFileHandle::sync()
     return m_system.sync(m_file) == 0;
 }
 
+bool CFileHandle::syncNames()
+{
+    return sync() || errno == EINVAL || errno == ENOTSUP;
+}
+
 bool CFileHandle::lock(int operation)
 {
     return m_system.lock(m_file, operation) == 0;

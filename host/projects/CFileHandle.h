@@ -25,6 +25,8 @@ public:
     bool holds(const QByteArray &content) const;
     /// Returns true if everything written is on the disk.
     bool sync();
+    /// The same for the names in a folder; some file systems neither support nor need this request.
+    bool syncNames();
     /// Locks or unlocks the file, see flock(2).
     bool lock(int operation);
     bool close();

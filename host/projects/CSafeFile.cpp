@@ -69,7 +69,7 @@ QString withoutLinks(const QString &file)
 CStatus confirmFolder(const QString &folder)
 {
     CFileHandle handle(QFile::encodeName(folder), O_RDONLY | O_DIRECTORY);
-    if (handle.isOpen() && handle.sync())
+    if (handle.isOpen() && handle.syncNames())
         return CStatus::done();
     return CStatus::failure(CSafeFile::tr("The disk has not confirmed a change of the folder %1: %2.")
                                 .arg(CSafeFile::quoted(folder), CSafeFile::systemReason()));

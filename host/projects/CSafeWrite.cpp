@@ -35,13 +35,6 @@ bool takeLock(CFileHandle &folder)
     return false;
 }
 
-/// Whether the names in the folder are on the disk; some file systems do not support, and do not need, this
-/// request.
-bool confirmNames(CFileHandle &folder)
-{
-    return folder.sync() || errno == EINVAL || errno == ENOTSUP;
-}
-
 } // namespace
 
 CSafeWrite::CSafeWrite(const QString &file, const QByteArray &content)
@@ -79,7 +72,7 @@ CStatus CSafeWrite::run(bool keepPrevious)
     m_replaced = true;
     if (kept)
         system.rename(pending, CStrayFiles::previous(m_target)); // if this fails, the next clean-up does it
-    if (confirmNames(folder))
+    if (folder.syncNames())
         return CStatus::done();
     return CStatus::failure(tr("%1 holds the new content, but the disk has not confirmed it: %2.")
                                 .arg(CSafeFile::quoted(m_file), CSafeFile::systemReason()));

@@ -207,6 +207,7 @@ private Q_SLOTS:
         QVERIFY(bench.manager.projects().save(bench.manager.projects().openDemo().value(), good));
         const QString missing = bench.folder.filePath(QStringLiteral("missing.sprj"));
         bench.settings.addRecentProject(missing);
+        bench.settings.addRecentProject(bench.folder.path());
         QSignalSpy opened(&bench.commands, &CProjectCommands::notifyOpened);
         CMessageBoxAnswerer user({QStringLiteral("OK")});
         bench.commands.open({missing, good, bench.folder.path()});
@@ -216,6 +217,7 @@ private Q_SLOTS:
         QCOMPARE(opened.size(), 1);
         QVERIFY(!bench.settings.recentProjects().contains(missing));
         QVERIFY(bench.settings.recentProjects().contains(good));
+        QVERIFY(bench.settings.recentProjects().contains(bench.folder.path())); // it is there
     }
 
     void aNewProjectIsWhatWasAskedFor()

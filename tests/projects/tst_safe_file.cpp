@@ -260,6 +260,16 @@ private Q_SLOTS:
         QCOMPARE(int(status.st_mode & 07777), 0640);
     }
 
+    void foldersThatCannotConfirmNeedNot()
+    {
+        for (const auto &[reason, fine] :
+             {std::pair(EINVAL, true), std::pair(ENOTSUP, true), std::pair(EIO, false)}) {
+            const QString folder = path("made/%1").arg(reason);
+            const CFaultyFileSystem system(CFaultyFileSystem::SFault{"sync", 1, reason, true});
+            QCOMPARE(bool(CSafeFile::makeFolder(folder)), fine);
+        }
+    }
+
     void theDiskConfirmsBeforeAnythingIsReplaced()
     {
         const QString file = fileOf(Project);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/panels/ports/CPort.h"
 
+#include "layout/api/records/LayoutLimits.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/panels/ports/CAppendMenu.h"
 #include "layout/panels/ports/CPortFill.h"
@@ -14,12 +15,6 @@
 #include <QMenu>
 #include <QPainter>
 #include <QToolTip>
-
-namespace {
-
-constexpr int MostBeforeAppend = 1023; // cabinets
-
-} // namespace
 
 CPort::CPort(int port, CLayoutData &store, IPortCommands &commands, QWidget *parent)
     : QPushButton(parent)
@@ -93,7 +88,7 @@ void CPort::openAppendMenu()
 {
     if (!isEnabled() || m_face.locked || m_face.redundant)
         return;
-    if (m_store.port(port()).cabinetCount() > MostBeforeAppend) {
+    if (m_store.port(port()).cabinetCount() >= LayoutLimits::CabinetsPerPort) {
         CMessageBox::warning(window(),
                              tr("The number of cabinet in a single output port can not be over 1024."));
         return;
