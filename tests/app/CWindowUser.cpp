@@ -18,6 +18,7 @@ namespace {
 
 constexpr double DeviceDelays = 0.1;
 constexpr int LookAgainMilliseconds = 20;
+constexpr int OpenMilliseconds = 2000; // until a submenu must have opened
 
 bool waitFor(const std::function<bool()> &condition)
 {
@@ -102,6 +103,9 @@ bool CWindowUser::choose(const QString &path)
             return false;
         }
         click(*menu, menu->actionGeometry(action).center());
+        const QMenu *submenu = action->menu();
+        if (submenu && !QTest::qWaitFor([submenu] { return submenu->isVisible(); }, OpenMilliseconds))
+            QTest::keyClick(menu, Qt::Key_Right); // the click closed what the mouse's coming had opened
     }
     return true;
 }

@@ -8,6 +8,7 @@
 #include "layout/printing/dialog/PrintMemory.h"
 #include "layout/printing/output/CSheetPrinter.h"
 #include "layout/printing/output/CSheetWriter.h"
+#include "platform/widgets/CElidedLabel.h"
 #include "platform/widgets/CMessageBox.h"
 
 #include <QCheckBox>
@@ -23,6 +24,8 @@
 #include <QPushButton>
 #include <QSplitter>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -78,6 +81,8 @@ void CPrintDialog::buildUi(const QList<QUuid> &chosen)
     row->addWidget(m_preview, 1);
     contentLayout()->addLayout(row, 1);
     contentLayout()->addWidget(buildProgress());
+    m_told = new CElidedLabel;
+    contentLayout()->addWidget(m_told);
     m_print = buttonBox()->addButton(tr("Print…"), QDialogButtonBox::ActionRole);
     m_save = buttonBox()->addButton(tr("Save as…"), QDialogButtonBox::ActionRole);
     m_save->setToolTip(tr("As a PDF, or as pictures (SVG, PNG), one for each sheet"));
@@ -212,6 +217,7 @@ SPrintInput CPrintDialog::chosenInput() const
 void CPrintDialog::layOut()
 {
     const SPrintInput input = chosenInput();
+    m_work.forget();
     if (input.processors.isEmpty())
         onLaidOut({}, tr("Choose a processor."));
     else if (m_job.whole.sheets == 0)
@@ -249,6 +255,7 @@ void CPrintDialog::updateEnabled()
 void CPrintDialog::begin(const QString &title, const CSheetWork::Output &output)
 {
     m_writing = true;
+    m_told->setFullText({});
     m_progress->setRange(0, m_sheets.size());
     m_progress->setValue(0);
     m_progress->setFormat(title + QStringLiteral(" %v / %m"));
@@ -256,18 +263,40 @@ void CPrintDialog::begin(const QString &title, const CSheetWork::Output &output)
     m_work.run(output);
 }
 
+/// Asks before anything is overwritten; empty: nothing was chosen.
+QString CPrintDialog::chooseFile()
+{
+    QFileDialog dialog(this, tr("Save as"), QString(),
+                       tr("PDF (*.pdf);;Pictures, vectors (*.svg);;Pictures, pixels (*.png)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("pdf"));
+    connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString &filter) {
+        dialog.setDefaultSuffix(filter.section(QStringLiteral("(*."), 1).section(QLatin1Char(')'), 0, 0));
+    });
+    QString name = titleOf(m_job.whole);
+    dialog.selectFile(name.replace(QLatin1Char('/'), QLatin1Char('-')));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    const QString chosen = dialog.selectedFiles().first();
+    const QStringList known = {QStringLiteral("pdf"), QStringLiteral("svg"), QStringLiteral("png")};
+    const QString file = known.contains(QFileInfo(chosen).suffix().toLower())
+                             ? chosen
+                             : chosen + QLatin1Char('.') + dialog.defaultSuffix();
+    const QStringList names = CSheetWriter::namesOf(file, m_sheets.size());
+    const bool exists = std::any_of(names.begin(), names.end(), [&chosen](const QString &one) {
+        return one != chosen && QFileInfo::exists(one); // the dialog has asked about the chosen one
+    });
+    if (exists &&
+        !CMessageBox::confirm(this, tr("Files of these names exist. Overwrite them?"), names.first()))
+        return {};
+    return file;
+}
+
 void CPrintDialog::onSaveClicked()
 {
-    QString chosen;
-    QString file = QFileDialog::getSaveFileName(
-        this, tr("Save as"), titleOf(m_job.whole),
-        tr("PDF (*.pdf);;Pictures, vectors (*.svg);;Pictures, pixels (*.png)"), &chosen);
+    const QString file = chooseFile();
     if (file.isEmpty())
         return;
-    const QString suffix = chosen.section(QStringLiteral("(*."), 1).chopped(1);
-    const QString given = QFileInfo(file).suffix().toLower();
-    if (given != QLatin1String("pdf") && given != QLatin1String("svg") && given != QLatin1String("png"))
-        file += QLatin1Char('.') + suffix;
     const CSheetWriter::SOrder order{file, titleOf(m_job.whole), job().whole.date, CSheetWriter::UsualDots};
     begin(tr("Saving"), [sheets = m_sheets, order](const SheetFiles::Progress &progress) {
         return CSheetWriter::write(
@@ -295,14 +324,20 @@ void CPrintDialog::onPrintClicked()
         return;
     begin(tr("Printing"), [sheets = m_sheets, printer](const SheetFiles::Progress &progress) {
         const CStatus printed = CSheetPrinter::print(sheets, *printer, progress);
-        return printed ? CResult<QStringList>(QStringList()) : CResult<QStringList>::failure(printed.error());
+        return printed ? CResult<QStringList>(QStringList{printer->printerName()})
+                       : CResult<QStringList>::failure(printed.error());
     });
 }
 
-void CPrintDialog::onWritten(const QStringList &, const QString &problem)
+void CPrintDialog::onWritten(const QStringList &names, const QString &problem)
 {
     m_writing = false;
     updateEnabled();
+    if (problem.isEmpty())
+        m_told->setFullText(names.isEmpty() ? tr("Cancelled. Files that were complete remain.")
+                            : names.size() == 1
+                                ? tr("Done: %1").arg(names.first())
+                                : tr("Done: %1 and %2 more").arg(names.first()).arg(names.size() - 1));
     if (!problem.isEmpty())
         CMessageBox::warning(this, tr("The sheets were not written."), problem);
 }

@@ -9,6 +9,7 @@
 
 #include <QTimer>
 
+class CElidedLabel;
 class CPrintSettings;
 class CSheetPreview;
 class QCheckBox;
@@ -47,6 +48,7 @@ private:
     QWidget *buildProgress();
     void connectSignals();
     void layOut();
+    QString chooseFile();
     void begin(const QString &title, const CSheetWork::Output &output);
     void updateEnabled();
     SPrintInput chosenInput() const;
@@ -67,6 +69,7 @@ private:
     QWidget *m_progressRow = nullptr;
     QProgressBar *m_progress = nullptr;
     QPushButton *m_cancel = nullptr;
+    CElidedLabel *m_told = nullptr;
     QPushButton *m_print = nullptr;
     QPushButton *m_save = nullptr;
     CSheetWork m_work;

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/printing/dialog/CPrintSettings.h"
 
+#include "layout/api/records/CPrintConfigJson.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
@@ -36,7 +38,7 @@ QVector<int> stockOf(const QString &text)
     const QStringList parts = text.split(QLatin1Char(','));
     for (const QString &part : parts) {
         const int metres = part.trimmed().toInt();
-        if (metres > 0 && !stock.contains(metres))
+        if (metres > 0 && !stock.contains(metres) && stock.size() < CPrintConfigJson::MostLengths)
             stock << metres;
     }
     std::sort(stock.begin(), stock.end());
@@ -230,8 +232,13 @@ void CPrintSettings::addNotes(QFormLayout &form)
     edit->setTabChangesFocus(true);
     form.addRow(tr("Notes"), edit);
     m_fields << [edit](PrintConfig &config) { edit->setPlainText(config.notes); };
-    connect(edit, &QPlainTextEdit::textChanged, this,
-            [this, edit] { change([edit](PrintConfig &config) { config.notes = edit->toPlainText(); }); });
+    connect(edit, &QPlainTextEdit::textChanged, this, [this, edit] {
+        const QString text = edit->toPlainText();
+        if (text.size() > CPrintConfigJson::LongestText)
+            edit->setPlainText(text.left(CPrintConfigJson::LongestText)); // comes here again
+        else
+            change([&text](PrintConfig &config) { config.notes = text; });
+    });
 }
 
 void CPrintSettings::addDate(QFormLayout &form)

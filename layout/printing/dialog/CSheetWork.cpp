@@ -33,10 +33,16 @@ CSheetWork::~CSheetWork()
     m_cancelled = true;
 }
 
-void CSheetWork::layOut(const SPrintInput &input, const SPrintJob &job)
+void CSheetWork::forget()
 {
     m_thread.RemoveEvent(LayOut);
-    const int number = ++m_latest;
+    ++m_latest;
+}
+
+void CSheetWork::layOut(const SPrintInput &input, const SPrintJob &job)
+{
+    forget();
+    const int number = m_latest;
     m_thread.AppendEvent(
         {LayOut, [this, input, job, number] {
              using Sheets = QVector<SSheet>;

@@ -27,6 +27,8 @@ public:
 
     /// Lays out the sheets of a job; what was asked for before is not told any more.
     void layOut(const SPrintInput &input, const SPrintJob &job);
+    /// What was asked for is not told any more.
+    void forget();
     /// Runs @p output.
     void run(const Output &output);
     void cancel() { m_cancelled = true; }

@@ -11,10 +11,11 @@ bool isPdf(const QString &file)
     return QFileInfo(file).suffix().compare(QLatin1String("pdf"), Qt::CaseInsensitive) == 0;
 }
 
-/// The names of the files: one, or one for each of @p count pictures.
-QStringList namesOf(const QString &file, int count)
+} // namespace
+
+QStringList CSheetWriter::namesOf(const QString &file, int count)
 {
-    if (count == 1)
+    if (count == 1 || isPdf(file))
         return {file};
     const QFileInfo info(file);
     const QString folder = file.left(file.size() - info.fileName().size());
@@ -26,8 +27,6 @@ QStringList namesOf(const QString &file, int count)
                           QString::number(i).rightJustified(digits, QLatin1Char('0')), info.suffix());
     return names;
 }
-
-} // namespace
 
 QString CSheetWriter::fontProblem(const QVector<SSheet> &sheets)
 {
@@ -50,7 +49,7 @@ CResult<QStringList> CSheetWriter::write(const QVector<SSheet> &sheets, const SO
         stopped = progress && !progress(done);
         return !stopped;
     };
-    const QStringList names = namesOf(order.file, isPdf(order.file) ? 1 : sheets.size());
+    const QStringList names = namesOf(order.file, sheets.size());
     for (int i = 0; i < names.size(); ++i) {
         const CResult<QByteArray> made = content(sheets, i, order, watched);
         if (stopped)

@@ -31,6 +31,8 @@ public:
     /// @p progress said not to go on. Fails if a letter has no font, before anything is written.
     static CResult<QStringList> write(const QVector<SSheet> &sheets, const SOrder &order, const Write &write,
                                       const SheetFiles::Progress &progress = {});
+    /// The files that @p count sheets are written to.
+    static QStringList namesOf(const QString &file, int count);
     /// Why the sheets cannot be printed with the installed fonts; empty: they can.
     static QString fontProblem(const QVector<SSheet> &sheets);
 
