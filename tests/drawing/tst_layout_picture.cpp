@@ -161,6 +161,14 @@ private Q_SLOTS:
         QVERIFY(pictureOf(wall(), options).copy(corner) != expected.copy(corner));
     }
 
+    void showsCabinetsOutsideTheCanvas()
+    {
+        LayoutData data = wall();
+        data.layout.ports[0].groups[0].cabinets[0].rect.moveTo(-50, -20);
+        QVERIFY(CLayoutPicture::extent(data).contains(QPoint(-50, -20)));
+        QVERIFY(CLayoutPicture::extent(data).contains(QRect({}, data.canvas)));
+    }
+
     void aLabelTakesThePlaceOfASmallNumber()
     {
         const auto pictured = [](const char *number, const char *label) {

@@ -131,12 +131,18 @@ private Q_SLOTS:
         QCOMPARE(counts(), (QVector<int>{2, 0, unwired - cabinets}));
         QCOMPARE(m_mouse->cabinet(0, 1).fault(), CabinetFault::Overlapping);
         QCOMPARE(scene.backend().faults().cabinets(CabinetFault::Overlapping).size(), 2);
+        const CGraphicsCabinetItem &neighbour = m_mouse->cabinet(0, 1);
+        const CGraphicsCabinetItem &third = m_mouse->cabinet(0, 2);
+        QTest::keyClick(&view(), Qt::Key_Delete);
+        QCOMPARE(counts()[0], 0); // nor is what was deleted
+        scene.undo(nullptr);
+        QCOMPARE(counts()[0], 2);
         scene.undo(nullptr);
         QCOMPARE(counts(), (QVector<int>{0, 0, unwired - cabinets}));
-        QCOMPARE(m_mouse->cabinet(0, 1).fault(), CabinetFault::None);
+        QCOMPARE(neighbour.fault(), CabinetFault::None);
         scene.setCanvasSize({300, 2000}); // the third reaches beyond it, as do others
-        QVERIFY(m_mouse->cabinet(0, 2).fault() == CabinetFault::None && counts()[1] > 1);
-        QCOMPARE(m_mouse->cabinet(0, 2).fault(), CabinetFault::Outside);
+        QVERIFY(third.fault() == CabinetFault::None && counts()[1] > 1);
+        QCOMPARE(third.fault(), CabinetFault::Outside);
         LayoutData wide = SmallWorlds::data(m_mouse->layout().ports); // what is reloaded has its own canvas
         wide.processor = wide.layout.processor = m_mouse->original().processor;
         scene.setLayoutData(SmallWorlds::node(wide), wide, {}, {}, true);

@@ -199,7 +199,11 @@ private Q_SLOTS:
         row(sealed("{\"name\":9007199254740993}"), "line 2, column 9"); // which loses digits
         row(sealed("{\"name\":" + QByteArray(100000, '[')), "nested too deep");
         row(sealed("{\"name\":\"\xff\"}"), "UTF-8");
-        row(sealed("{} {}"), "line 2, column 4");
+        row(sealed(QByteArray(bodyWithPorts("[]")).replace("\"n\"", '"' + QByteArray(257, 'x') + '"')),
+            "name: the text is longer than 256");
+        row(ports("{\"index\":1.5}"), "ports[0].index: a whole number is expected");
+        const QByteArray group = QByteArray(cabinet).left(cabinet.indexOf(',')) + "}";
+        row(ports("{\"index\":0,\"groups\":[" + group + "," + group + "]}"), "the same group occurs twice");
         row(sealed("{}"), "the member \"name\" is missing");
         row(sealed(bodyWithPorts("[],\"more\":1")), "layout: the member \"more\" is not known");
         row(ports("{\"index\":\"1\"}"), "layout.ports[0].index: a whole number");

@@ -98,6 +98,9 @@ private Q_SLOTS:
         QVERIFY(!LayoutData::comparePortData(a, b, true));
         QVERIFY(LayoutData::comparePortData(a, b, false));
         b = a;
+        b.groups[1].name = QStringLiteral("side");
+        QVERIFY(!LayoutData::comparePortData(a, b, false));
+        b = a;
         b.groups.swapItemsAt(0, 1);
         QVERIFY(!LayoutData::comparePortData(a, b, false));
         b = a;

@@ -9,7 +9,7 @@ void CHsvColor::setRgb(const QColor &rgb)
     if (m_value > 0)
         m_saturation = m_rgb.hsvSaturation();
     if (m_rgb.hsvHue() >= 0)
-        m_hue = m_rgb.hsvHue() % (MaximumHue + 1); // a red close to 360 is rounded up to it
+        m_hue = m_rgb.hsvHue();
 }
 
 void CHsvColor::setHsv(int hue, int saturation, int value)
