@@ -3,174 +3,16 @@
 #include "layout/printing/graphics/CJointSheets.h"
 #include "layout/printing/graphics/COverviewSheets.h"
 #include "layout/printing/graphics/CPortSheets.h"
-#include "layout/printing/graphics/CTileSheets.h"
 #include "layout/printing/graphics/Hatching.h"
 #include "tests/harness/CTestBase.h"
-#include "tests/printing/GraphicsWalls.h"
+#include "tests/printing/SheetChecks.h"
 
 #include <QGuiApplication>
 
 #include <algorithm>
-#include <numeric>
 
 using namespace GraphicsWalls;
-
-namespace {
-
-constexpr double Smallest = 7; // points
-constexpr double Hair = 0.02;  // millimetres
-
-PrintConfig configOf(PrintConfig::Paper paper, bool landscape = true)
-{
-    PrintConfig config;
-    config.paper = paper;
-    config.landscape = landscape;
-    config.farEnd = QStringLiteral("Spare (192.168.10.32)");
-    return config;
-}
-
-/// Every drawing of a wall.
-QVector<SSheet> drawings(const SPrintPlan &plan)
-{
-    QVector<SSheet> sheets;
-    for (int i = 0; i < plan.processors.size(); ++i) {
-        const SSheetArea area = SSheetArea::of(plan.processors[i].config);
-        const CWall wall(plan, i);
-        const auto overview = COverviewSheets(wall, area).sheets(1, 2);
-        const auto ports = CPortSheets(wall, area).sheets(2);
-        if (!overview || !ports)
-            return {};
-        sheets += overview.value() + ports.value();
-    }
-    return sheets;
-}
-
-QVector<SSheetText> textsOf(const SSheet &sheet)
-{
-    QVector<SSheetText> texts;
-    for (const SSheetMark &mark : sheet.marks) {
-        if (const auto *text = std::get_if<SSheetText>(&mark))
-            texts << *text;
-    }
-    return texts;
-}
-
-QStringList textsOf(const SSheet &sheet, EMark mark)
-{
-    QStringList texts;
-    for (const SSheetText &text : textsOf(sheet)) {
-        if (text.mark == mark)
-            texts << text.text;
-    }
-    return texts;
-}
-
-QRectF areaOf(const SSheetText &text)
-{
-    QTransform turn;
-    turn.translate(text.box.center().x(), text.box.center().y());
-    turn.rotate(text.turned);
-    return turn.mapRect(text.box.translated(-text.box.center()));
-}
-
-QRectF areaOf(const SSheetFill &fill)
-{
-    return fill.path.boundingRect();
-}
-
-QRectF areaOf(const SSheetStroke &stroke)
-{
-    const double half = stroke.width / 2;
-    return stroke.path.boundingRect().adjusted(-half, -half, half, half);
-}
-
-/// The straight pieces of the thick hops of a port sheet.
-QVector<QRectF> hopsOf(const SSheet &sheet)
-{
-    QVector<QRectF> pieces;
-    for (const SSheetMark &mark : sheet.marks) {
-        const auto *stroke = std::get_if<SSheetStroke>(&mark);
-        if (!stroke || !qFuzzyCompare(stroke->width, 0.8))
-            continue;
-        for (const QPolygonF &line : stroke->path.toSubpathPolygons()) {
-            for (int i = 0; i + 1 < line.size(); ++i)
-                pieces << QRectF(line[i], line[i + 1]).normalized().adjusted(-0.4, -0.4, 0.4, 0.4);
-        }
-    }
-    return pieces;
-}
-
-/// What is wrong with a sheet; empty if nothing is.
-QString faultOf(const SSheet &sheet)
-{
-    const QRectF frame = sheet.frame.adjusted(-Hair, -Hair, Hair, Hair);
-    for (const SSheetMark &mark : sheet.marks) {
-        const QRectF area = std::visit([](const auto &known) { return areaOf(known); }, mark);
-        if (!frame.contains(area))
-            return QStringLiteral("outside the frame: %1, %2, %3 x %4")
-                .arg(area.left())
-                .arg(area.top())
-                .arg(area.width())
-                .arg(area.height());
-    }
-    const QVector<SSheetText> texts = textsOf(sheet);
-    const QVector<QRectF> hops = hopsOf(sheet);
-    for (int i = 0; i < texts.size(); ++i) {
-        const bool label = texts[i].mark >= EMark::CabinetNumber && texts[i].mark <= EMark::Tag;
-        if (label && std::any_of(hops.begin(), hops.end(),
-                                 [&](const QRectF &hop) { return hop.intersects(texts[i].box); }))
-            return texts[i].text + QStringLiteral(" over a hop");
-        if (texts[i].points < Smallest)
-            return QStringLiteral("too small: ") + texts[i].text;
-        const QRectF area = areaOf(texts[i]).adjusted(Hair, Hair, -Hair, -Hair);
-        for (int j = 0; j < i; ++j) {
-            if (areaOf(texts[j]).intersects(area))
-                return texts[i].text + QStringLiteral(" over ") + texts[j].text;
-        }
-    }
-    return {};
-}
-
-/// The cabinet numbers of all sheets of a port, sorted.
-QVector<int> numbersOf(const QVector<SSheet> &sheets, const QString &processor, int port)
-{
-    QVector<int> numbers;
-    for (const SSheet &sheet : sheets) {
-        if (sheet.port != port || sheet.processor != processor)
-            continue;
-        for (const QString &text : textsOf(sheet, EMark::CabinetNumber))
-            numbers << text.toInt();
-    }
-    std::sort(numbers.begin(), numbers.end());
-    return numbers;
-}
-
-QVector<int> upTo(int last)
-{
-    QVector<int> numbers(last);
-    std::iota(numbers.begin(), numbers.end(), 1);
-    return numbers;
-}
-
-/// One port of @p columns x @p rows cabinets, row by row.
-SWallKind onePort(int columns, int rows)
-{
-    return {{columns, rows}, {128, 128}, {500, 500}, {columns, rows}};
-}
-
-/// The borders of cabinets, by place.
-QVector<QRectF> cabinetsOf(const SSheet &sheet)
-{
-    QVector<QRectF> rects;
-    for (const SSheetMark &mark : sheet.marks) {
-        const auto *stroke = std::get_if<SSheetStroke>(&mark);
-        if (stroke && qFuzzyCompare(stroke->width, 0.35))
-            rects << stroke->path.boundingRect();
-    }
-    return rects;
-}
-
-} // namespace
+using namespace SheetChecks;
 
 class CPrintGraphicsTest final : public CTestBase
 {
@@ -183,10 +25,7 @@ private Q_SLOTS:
     void mirrorsPlacesButNoTexts();
     void dividesWhatIsTooSmall();
     void drawsStrips();
-    void tellsWhereTheChainGoesOn();
-    void tilesAtTrueScale();
     void hatchesPortsApart();
-    void refusesWhatDoesNotFit();
 };
 
 void CPrintGraphicsTest::showsEachCabinetAndPortOnce_data()
@@ -361,35 +200,6 @@ void CPrintGraphicsTest::drawsStrips()
         QVERIFY2(faultOf(sheet).isEmpty(), qPrintable(faultOf(sheet)));
 }
 
-void CPrintGraphicsTest::tellsWhereTheChainGoesOn()
-{
-    SPrintInput input = inputOf(onePort(10, 1));
-    auto &cabinets = input.processors[0].layout.ports[0].groups[0].cabinets;
-    std::swap(cabinets[1].rank, cabinets[9].rank); // 1, 10, 3 … 9, 2
-    SPrintPlan plan = planOf(input, configOf(PrintConfig::A3));
-    SSheet sheet = drawings(plan).at(1);
-    QVERIFY2(faultOf(sheet).isEmpty(), qPrintable(faultOf(sheet)));
-    QString tags = textsOf(sheet, EMark::Tag).join(QLatin1Char(' '));
-    // Nine and seven cabinets apart.
-    for (const char *tag : {"START", "END", "to 2,", "r1 c10", "from 1", "to 3,", "from 2", "from 9"})
-        QVERIFY2(tags.contains(QLatin1String(tag)), tag);
-    QVERIFY(!tags.contains(QStringLiteral("to 4")));
-
-    std::swap(cabinets[1].rank, cabinets[9].rank);
-    std::swap(cabinets[3].rank, cabinets[5].rank); // within reach of a jump
-    cabinets[9].rank = -1;
-    plan = planOf(input, configOf(PrintConfig::A3));
-    sheet = drawings(plan).at(1);
-    tags = textsOf(sheet, EMark::Tag).join(QLatin1Char(' '));
-    QVERIFY(!tags.contains(QStringLiteral("to 4,")) && tags.contains(QStringLiteral("not")));
-    int dashed = 0;
-    for (const SSheetMark &mark : sheet.marks) {
-        const auto *stroke = std::get_if<SSheetStroke>(&mark);
-        dashed += stroke && stroke->dashes.size() == 4;
-    }
-    QCOMPARE(dashed, 2);
-}
-
 void CPrintGraphicsTest::hatchesPortsApart()
 {
     // Ports 1 and 17 would have the same.
@@ -411,78 +221,6 @@ void CPrintGraphicsTest::hatchesPortsApart()
         }
         QVERIFY(covered[0].width() > 7 && covered[1].width() > 12 && covered[1].height() > 12);
     }
-}
-
-void CPrintGraphicsTest::tilesAtTrueScale()
-{
-    QCOMPARE(CTileSheets::count(500, 255), 2); // the first is wider by the overlap
-    QCOMPARE(CTileSheets::count(505, 255), 3);
-    for (int paper : {PrintConfig::A4, PrintConfig::A3}) {
-        PrintConfig config = configOf(PrintConfig::Paper(paper));
-        config.scale = 25;
-        const SSheetArea area = SSheetArea::of(config);
-        QCOMPARE(CTileSheets::field(area).size().toSize(),
-                 paper == PrintConfig::A4 ? QSize(255, 130) : QSize(378, 217));
-        const SPrintPlan plan = planOf(inputOf(mediumWall()), config);
-        const auto made = COverviewSheets(CWall(plan, 0), area).sheets(1, 2);
-        QVERIFY(made);
-        QCOMPARE(made.value().size(), paper == PrintConfig::A4 ? 4 : 2);
-        QSet<QString> ports;
-        QHash<QString, QVector<QPointF>> crosses; // by letter, where they are on the wall
-        for (int i = 0; i < made.value().size(); ++i) {
-            const SSheet &sheet = made.value()[i];
-            QVERIFY2(faultOf(sheet).isEmpty(), qPrintable(faultOf(sheet)));
-            QCOMPARE(sheet.scale, QStringLiteral("1:25"));
-            const QStringList names = textsOf(sheet, EMark::PortName);
-            ports.unite(QSet<QString>(names.begin(), names.end()));
-            QCOMPARE(textsOf(sheet, EMark::Caption).size(), 4);
-            const QSizeF step = CTileSheets::field(area).size() - QSizeF(10, 10);
-            for (const SSheetText &text : textsOf(sheet)) {
-                if (text.mark == EMark::Caption)
-                    crosses[text.text]
-                        << text.box.center() + QPointF(i % 2 * step.width(), i / 2 * step.height());
-            }
-        }
-        QCOMPARE(ports.size(), 15);
-        int shared = 0;
-        for (const QVector<QPointF> &places : qAsConst(crosses)) {
-            shared += places.size() > 1;
-            for (const QPointF &place : places) // the letters may stand on different sides of a cross
-                QVERIFY((place - places.first()).manhattanLength() < 10);
-        }
-        QCOMPARE(shared, paper == PrintConfig::A4 ? 5 : 2);
-    }
-}
-
-void CPrintGraphicsTest::refusesWhatDoesNotFit()
-{
-    PrintConfig config = configOf(PrintConfig::A4);
-    config.scale = 25;
-    const SPrintPlan fitting = planOf(inputOf(mediumWall()), config);
-    const auto port = CPortSheets(CWall(fitting, 0), SSheetArea::of(config)).sheets(1);
-    QVERIFY(port);
-    QCOMPARE(port.value().first().scale, QStringLiteral("1:25"));
-    QCOMPARE(qRound(cabinetsOf(port.value().first()).first().width() * 100), 2000);
-
-    config.scale = 100; // too small for labels
-    const SPrintPlan small = planOf(inputOf(mediumWall()), config);
-    const auto fitted = CPortSheets(CWall(small, 0), SSheetArea::of(config)).sheets(1);
-    QVERIFY(fitted && cabinetsOf(fitted.value().first()).first().width() > 20);
-    QCOMPARE(fitted.value().first().scale, QStringLiteral("to fit"));
-
-    config.scale = 1000; // so are the ports
-    const SPrintPlan tiny = planOf(inputOf(mediumWall()), config);
-    const auto whole = COverviewSheets(CWall(tiny, 0), SSheetArea::of(config)).sheets(1, 2);
-    QVERIFY(whole && whole.value().size() == 1 && faultOf(whole.value().first()).isEmpty());
-    QCOMPARE(whole.value().first().scale, QStringLiteral("to fit"));
-
-    config.scale = 2; // a cabinet is 250 mm wide
-    const SPrintPlan huge = planOf(inputOf(mediumWall()), config);
-    const auto refused = CPortSheets(CWall(huge, 0), SSheetArea::of(config)).sheets(1);
-    QVERIFY(!refused);
-    QVERIFY(refused.error().contains(QStringLiteral("Port 1 of Main stage")));
-    const auto overview = COverviewSheets(CWall(huge, 0), SSheetArea::of(config)).sheets(1, 2);
-    QVERIFY(!overview && overview.error().contains(QStringLiteral("1:2,")));
 }
 
 ORVO_TEST_MAIN(QGuiApplication, CPrintGraphicsTest)

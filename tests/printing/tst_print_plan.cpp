@@ -221,6 +221,17 @@ private Q_SLOTS:
             versions << versionAfter(change);
         QCOMPARE(versions.size(), other.size() + 1);
     }
+
+    void versionIsTheSameInEveryJob()
+    {
+        SProcessorProject project = ProjectSamples::ofWall(CWallBuilder::Small);
+        const SProcessorProject backup = ProjectSamples::ofWall(CWallBuilder::Medium);
+        PortPairs::setPair(project.layout.ports[0], project.layout.processor, Port::Primary,
+                           {backup.layout.processor, 3});
+        const SPrintPlan both = SPrintPlan::of(CSheetExport::inputOf({project, backup}), {});
+        QCOMPARE(both.processors.first().port(0)->redundancyName, backup.name);
+        QCOMPARE(both.processors.first().version, planOf(project).processors.first().version);
+    }
 };
 
 ORVO_TEST_MAIN(QCoreApplication, CPrintPlanTest)

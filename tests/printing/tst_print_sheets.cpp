@@ -9,6 +9,7 @@
 #include "tests/printing/PdfText.h"
 #include "tests/projects/ProjectSamples.h"
 
+#include <QFontInfo>
 #include <QImage>
 #include <QRandomGenerator>
 #include <QTransform>
@@ -253,6 +254,8 @@ private Q_SLOTS:
         QVERIFY(pdf.contains("/FontFile") && !pdf.contains("/Subtype /Image"));
 
         const QByteArray svg = SheetFiles::svg(sheets.first(), title);
+        const QString family = QFontInfo(CSheetFont::font(9, false)).family();
+        QVERIFY(svg.contains("font-family=\"" + family.toUtf8() + '"'));
         QVERIFY(svg.contains(">8,847,360<") && svg.contains("width=\"297mm\"") && !svg.contains("<image"));
         const QImage png = QImage::fromData(SheetFiles::png(sheets.first(), 50));
         QCOMPARE(png.size(), QSize(585, 413));
@@ -293,6 +296,20 @@ private Q_SLOTS:
             QCOMPARE(numbers.size(), 16);
             for (int number = 0; number < numbers.size(); ++number)
                 QCOMPARE(numbers.at(number), number + 1);
+        }
+    }
+
+    void namesEachLetterInAPdf()
+    {
+        for (int letters = 1; letters < 15; ++letters) { // of a font
+            SSheetText text;
+            text.box = QRectF(20, 20, 100, 10);
+            text.points = 9;
+            text.text = QStringLiteral("b dfhjlnprtvxz").left(letters);
+            SSheet sheet;
+            sheet.size = {200, 100};
+            sheet.marks << text;
+            QCOMPARE(PdfText::pages(SheetFiles::pdf({sheet}, {}, QDate(2026, 5, 4))), QStringList(text.text));
         }
     }
 

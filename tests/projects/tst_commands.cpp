@@ -127,6 +127,7 @@ private Q_SLOTS:
         row("export WALL OUT.pdf --paper 100x100", 1, "too small");
         row("export WALL OUT.pdf --designer \uE000", 1, "no font for the letters");
         row("export WALL OUT.png --keep", 2, "name those with --sheets");
+        row("export WALL WALL OUT.pdf", 1, "the same processor");
         row("export WALL NOWHERE/OUT.pdf", 1, "OUT.pdf\" cannot be written");
         row("export WALL OUT.png --size 16384x16384", 2, "at most");
         row("export MISSING.sprj OUT.png", 1, "MISSING.sprj\" cannot be read");

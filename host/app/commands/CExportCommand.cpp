@@ -182,6 +182,12 @@ SCommandOutcome CExportCommand::run(const QStringList &arguments, QTextStream &o
         const CResult<SProcessorProject> project = CProcessorProject::read(given.file(i));
         if (!project)
             return SCommandOutcome::badInput(project.error());
+        for (int j = 0; j < i; ++j) {
+            if (projects.at(j).layout.processor == project.value().layout.processor)
+                return SCommandOutcome::badInput(
+                    tr("%1 and %2 are of the same processor, which is counted once: name one of them")
+                        .arg(given.file(j), given.file(i)));
+        }
         projects << project.value();
     }
     if (areSheets(given, QFileInfo(target).suffix().toLower()))

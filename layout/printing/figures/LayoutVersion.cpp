@@ -60,7 +60,6 @@ QString LayoutVersion::of(const SPlanProcessor &processor)
             continue;
         digest.add(port.index);
         digest.add(port.redundant ? 2 : port.looped ? 1 : 0);
-        digest.add(port.redundancyName);
         digest.add(port.redundancyPort);
         addCabinets(digest, processor, port.chain);
         addCabinets(digest, processor, port.unwired);

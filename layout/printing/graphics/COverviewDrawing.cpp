@@ -146,13 +146,14 @@ void COverviewDrawing::drawArrows(SSheet &sheet, const QVector<SHop> &hops) cons
         return;
     const double length = arrowLength(m_side);
     QPainterPath heads;
+    heads.setFillRule(Qt::WindingFill); // what two heads share is black, too
     for (int i = 0; i < hops.size(); ++i) {
         const SHop &hop = hops.at(i);
         const bool runs = i + 1 < hops.size() && hops.at(i + 1).direction == hop.direction;
         if (m_side < ArrowSide && runs)
             continue; // one a straight run
         const QPointF direction = mapped(hop.direction);
-        const QPointF tip = m_placing.map(hop.border) + direction * length * 0.55;
+        const QPointF tip = hop.tip(m_placing.map(hop.border), direction, length, 0.55);
         heads.addPolygon(DrawnMarks::arrowHead(tip, direction, {length, length * 0.43}));
         heads.closeSubpath();
     }

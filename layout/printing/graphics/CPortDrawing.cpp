@@ -195,7 +195,7 @@ QPolygonF CPortDrawing::arrowOf(const SHop &hop) const
 {
     const double length = arrowLength();
     const QPointF direction(m_view.placing.back ? -hop.direction.x() : hop.direction.x(), hop.direction.y());
-    const QPointF tip = m_view.placing.map(hop.border) + direction * length * BeyondBorder;
+    const QPointF tip = hop.tip(m_view.placing.map(hop.border), direction, length, BeyondBorder);
     return DrawnMarks::arrowHead(tip, direction, {length, length * 0.41});
 }
 
@@ -206,6 +206,7 @@ void CPortDrawing::drawChain(SSheet &sheet)
     const QTransform transform = m_view.placing.transform();
     QPainterPath steps;
     QPainterPath heads;
+    heads.setFillRule(Qt::WindingFill); // what two heads share is black, too
     for (const SHop &hop : qAsConst(m_hops)) {
         const QPolygonF line = transform.map(hop.line);
         for (int i = 0; i + 1 < line.size(); ++i)

@@ -24,8 +24,9 @@ constexpr double BoxBorder = 0.7;
 constexpr double FeedWidth = 1.4;
 constexpr double LoopWidth = 0.9;
 constexpr double NearBorder = 1;
-constexpr double CableEdge = 0.4; // white beside a cable that follows borders
-constexpr double BoxDistance = 4; // between two boxes
+constexpr double CableEdge = 0.4;  // white beside a cable that follows borders
+constexpr double AloneShift = 1.6; // of feed and loop in a cabinet that has both, from its middle
+constexpr double BoxDistance = 4;  // between two boxes
 constexpr double BoxPortPoints = 10;
 const QVector<qreal> LoopDashes{3, 1.6};
 
@@ -82,7 +83,11 @@ CPortFeed::SCable CPortFeed::cable(bool loop, const QVector<QPointF> &crossed) c
 {
     const SPlanPort &port = m_view.port;
     const QRectF cabinet = m_view.rect(loop ? port.chain.last() : port.chain.first());
-    const QPointF centre = cabinet.center();
+    QPointF centre = cabinet.center();
+    if (port.looped && port.chain.size() == 1) {
+        const double shift = std::min(AloneShift, cabinet.height() / 4);
+        centre.ry() += loop ? shift : -shift;
+    }
     const QPointF upper(centre.x(), cabinet.top());
     const QPointF lower(centre.x(), cabinet.bottom());
     const auto isFree = [&](const QPointF &border) {

@@ -103,7 +103,10 @@ SSheet CTileSheets::tile(const QVector<SSheetMark> &marks, SSheet::View view, in
                          .arg(column + 1)
                          .arg(m_columns),
                      true);
-    const QPointF corner(column * (m_field.width() - Overlap), row * (m_field.height() - Overlap));
+    // From behind, the same part of the wall, which begins at the other side.
+    const double left = column * (m_field.width() - Overlap);
+    const double mirrored = m_wall.bounds().width() * m_scale - left - m_field.width();
+    const QPointF corner(view == SSheet::Back ? mirrored : left, row * (m_field.height() - Overlap));
     // The edge of the wall is as thick on its outer side.
     sheet.marks += SheetClip::clipped(marks, QRectF(corner, m_field.size()).adjusted(-1, -1, 1, 1),
                                       m_field.topLeft() - corner);
@@ -131,7 +134,8 @@ void CTileSheets::drawCrosses(SSheet &sheet, int row, int column) const
         cross.moveTo(centre - QPointF(0, CrossHalf));
         cross.lineTo(centre + QPointF(0, CrossHalf));
         DrawnMarks::path(sheet, cross, 0.35, {}, 0.5);
-        const QString name = crossName((row + lower) * (m_columns + 1) + column + right);
+        const int beyond = sheet.view == SSheet::Back ? 1 - right : right;
+        const QString name = crossName((row + lower) * (m_columns + 1) + column + beyond);
         QRectF box = DrawnMarks::room(name, SheetMarks::TablePoints, true);
         for (const QPointF &side : {QPointF(1, -1), QPointF(-1, -1), QPointF(1, 1), QPointF(-1, 1)}) {
             box.moveCenter(centre + side * 2.4);

@@ -166,27 +166,37 @@ private:
         return top;
     }
 
+    /// Rather in a lower quarter, where it displaces other labels, than shorter.
     double placePlain(const SCabinetTag &tag, double top)
     {
         for (const QString &wording : tag.wordings) {
             const QStringList lines = wording.split(QLatin1Char('\n'));
-            QVector<QRectF> boxes;
-            double bottom = top;
-            bool fits = true;
-            for (const QString &line : lines) {
-                QRectF box = DrawnMarks::room(line, CaptionPoints, false);
-                box.moveTopRight({m_inner.right(), bottom});
-                bottom = box.bottom() + LabelGap;
-                fits = fits && isFree(box);
-                boxes << box;
-            }
-            if (!fits)
-                continue;
-            for (int i = 0; i < lines.size(); ++i)
-                add(boxes[i], lines[i], CaptionPoints, false, EMark::Tag);
-            return bottom + LabelGap;
+            const double height =
+                lines.size() * (DrawnMarks::room({}, CaptionPoints, false).height() + LabelGap);
+            if (addLines(lines, top, true))
+                return top + height + LabelGap;
+            const double lower = m_inner.bottom() - height + LabelGap;
+            if (addLines(lines, lower, true) || addLines(lines, lower, false))
+                return top;
         }
         return top;
+    }
+
+    /// All lines or none.
+    bool addLines(const QStringList &lines, double top, bool right)
+    {
+        QVector<QRectF> boxes;
+        for (const QString &line : lines) {
+            QRectF box = DrawnMarks::room(line, CaptionPoints, false);
+            box.moveTopLeft({right ? m_inner.right() - box.width() : m_inner.left(), top});
+            if (!isFree(box))
+                return false;
+            top = box.bottom() + LabelGap;
+            boxes << box;
+        }
+        for (int i = 0; i < lines.size(); ++i)
+            add(boxes[i], lines[i], CaptionPoints, false, EMark::Tag);
+        return true;
     }
 
     SSheet &m_sheet;

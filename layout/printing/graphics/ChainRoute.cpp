@@ -134,8 +134,8 @@ public:
                 stubs << i;
         }
         for (int i : stubs) {
-            addStub(SHop::Leaving, i, i, i + 1);
-            addStub(SHop::Entering, i, i + 1, i);
+            addStub(SHop::Leaving, i, lane);
+            addStub(SHop::Entering, i, lane);
         }
         std::stable_sort(m_hops.begin(), m_hops.end(),
                          [](const SHop &a, const SHop &b) { return a.from < b.from; });
@@ -179,8 +179,10 @@ private:
     }
 
     /// Towards the other cabinet, or where no other hop is.
-    void addStub(SHop::Kind kind, int from, int own, int other)
+    void addStub(SHop::Kind kind, int from, double lane)
     {
+        const int own = kind == SHop::Leaving ? from : from + 1;
+        const int other = kind == SHop::Leaving ? from + 1 : from;
         if (!isHere(own))
             return;
         const QRectF &area = rect(own);
@@ -193,10 +195,17 @@ private:
         std::stable_sort(sides.begin(), sides.end(), [&](const QPointF &a, const QPointF &b) {
             return QPointF::dotProduct(unit(centre, a), away) > QPointF::dotProduct(unit(centre, b), away);
         });
+        // An arrow across the border would lead to whatever cabinet is there.
+        const bool inside = !m_wall.adjoin(m_port.chain.at(own), m_port.chain.at(other));
+        if (inside) {
+            for (QPointF &side : sides)
+                side -= unit(centre, side) * std::min(lane, QLineF(centre, side).length() / 4);
+        }
         for (const QPointF &side : sides) {
             SHop hop;
             hop.kind = kind;
             hop.from = from;
+            hop.inside = inside;
             hop.border = side;
             hop.direction = kind == SHop::Leaving ? unit(centre, side) : unit(side, centre);
             hop.line << (kind == SHop::Leaving ? centre : side) << (kind == SHop::Leaving ? side : centre);

@@ -19,10 +19,19 @@ struct SHop
     };
 
     Kind kind = Step;
-    int from = 0;      ///< place in the chain, from 0; the hop leads to the next
-    QPolygonF line;    ///< from centre to centre, or between a centre and a border
-    QPointF border;    ///< that the arrow head straddles
-    QPointF direction; ///< of the arrow head; length 1
+    int from = 0;        ///< place in the chain, from 0; the hop leads to the next
+    QPolygonF line;      ///< from centre to centre, or between a centre and a border
+    QPointF border;      ///< that the arrow head straddles
+    QPointF direction;   ///< of the arrow head; length 1
+    bool inside = false; ///< a stub that stays within its cabinet: its arrow head ends or begins at border
+
+    /// The tip of an arrow head of @p length, of which @p beyond is past a border; both as mapped.
+    QPointF tip(const QPointF &mappedBorder, const QPointF &mappedDirection, double length,
+                double beyond) const
+    {
+        const double share = !inside ? beyond : kind == Leaving ? 0 : 1;
+        return mappedBorder + mappedDirection * length * share;
+    }
 
     /// The chain place of the cabinet that the line touches at its beginning, or of a stub's only one.
     int cabinet() const { return kind == Entering ? from + 1 : from; }
@@ -34,9 +43,8 @@ namespace ChainRoute {
 constexpr int Farthest = 6; ///< cabinets that a jump is drawn across
 
 /// The hops of @p port that concern the cabinets @p here. A hop to a cabinet that is not here, across more
-/// than
-/// @p farthest cabinets, or that would cover others has two stubs. @p lane is the distance of jumps that
-/// share a border.
+/// than @p farthest cabinets, or that would cover others has two stubs. @p lane is the distance of jumps that
+/// share a border, and of stubs from it unless they lead straight to a cabinet beyond it.
 QVector<SHop> hops(const CWall &wall, const SPlanPort &port, const QSet<int> &here, int farthest,
                    double lane);
 

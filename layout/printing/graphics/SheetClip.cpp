@@ -66,6 +66,7 @@ void clip(const SSheetFill &fill, const QRectF &area, const QPointF &offset, QVe
         return;
     }
     rest.path = QPainterPath();
+    rest.path.setFillRule(fill.path.fillRule());
     for (const QPolygonF &polygon : fill.path.toSubpathPolygons()) {
         if (!polygon.boundingRect().intersects(area))
             continue;

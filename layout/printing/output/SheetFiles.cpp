@@ -11,6 +11,7 @@
 #include <QImageWriter>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QRegularExpression>
 #include <QSet>
 #include <QSvgGenerator>
 
@@ -45,14 +46,20 @@ void setDate(QByteArray &pdf, const QDate &date)
 }
 
 /// Lets readers find spaces as such: Qt names a glyph by its first letter, and a font may have the space's
-/// for the tabulator, too. The length stays.
+/// for the tabulator, too. The first and the last glyph of a range are no letters. The length stays.
 void setSpaces(QByteArray &pdf)
 {
+    static const QRegularExpression letters(
+        QStringLiteral("<[0-9A-Fa-f]+>\\s*<[0-9A-Fa-f]+>\\s*(<[0-9A-Fa-f]+>|\\[[^\\]]*\\])"));
     const QByteArray begin("beginbfrange");
     for (int from = pdf.indexOf(begin); from >= 0; from = pdf.indexOf(begin, from + 1)) {
         const int to = pdf.indexOf("endbfrange", from);
-        QByteArray table = pdf.mid(from, to - from);
-        pdf.replace(from, to - from, table.replace("<0009>", "<0020>"));
+        const QString table = QString::fromLatin1(pdf.mid(from, to - from));
+        for (auto it = letters.globalMatch(table); it.hasNext();) {
+            const QRegularExpressionMatch range = it.next();
+            const QByteArray named = range.captured(1).toLatin1().replace("<0009>", "<0020>");
+            pdf.replace(from + range.capturedStart(1), named.size(), named);
+        }
     }
 }
 

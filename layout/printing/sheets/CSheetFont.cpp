@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/printing/sheets/CSheetFont.h"
 
+#include <QFontInfo>
 #include <QFontMetricsF>
 
 #include <array>
@@ -13,7 +14,7 @@ constexpr double CapShare = 0.73;  ///< of a capital in the size of the letters
 constexpr double LineShare = 1.16; ///< of a line
 constexpr int MeasuredPixels = 1000;
 
-QFont fontOf(int pixels, bool bold)
+QFont namedFont()
 {
     QFont font;
     font.setFamilies({QStringLiteral("Liberation Sans"), QStringLiteral("Nimbus Sans"),
@@ -22,6 +23,15 @@ QFont fontOf(int pixels, bool bold)
     font.setStyleHint(QFont::SansSerif, QFont::StyleStrategy(QFont::PreferOutline | QFont::PreferAntialias));
     font.setHintingPreference(QFont::PreferNoHinting);
     font.setKerning(false); // the width of a text is the sum of its letters'
+    return font;
+}
+
+QFont fontOf(int pixels, bool bold)
+{
+    QFont font = namedFont();
+    // Of the families the one that is installed: a vector picture names only this one.
+    static const QString family = QFontInfo(font).family();
+    font.setFamily(family);
     font.setPixelSize(pixels);
     font.setBold(bold);
     return font;
