@@ -62,6 +62,8 @@ Letters lettersOf(const QByteArray &table)
         int glyph = match.captured(1).toInt(nullptr, 16);
         const int last = match.captured(2).toInt(nullptr, 16);
         const bool list = match.captured(3).startsWith(QLatin1Char('['));
+        if (list && match.captured(3).count(QLatin1Char('<')) != last - glyph + 1)
+            continue; // a range that readers refuse
         QString letter;
         for (auto items = item.globalMatch(match.captured(3)); glyph <= last; ++glyph) {
             if (items.hasNext())

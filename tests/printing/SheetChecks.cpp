@@ -5,6 +5,8 @@
 #include "layout/printing/graphics/COverviewSheets.h"
 #include "layout/printing/graphics/CPortSheets.h"
 
+#include <QTransform>
+
 #include <algorithm>
 #include <cmath>
 #include <numeric>

@@ -211,6 +211,9 @@ private Q_SLOTS:
         QCOMPARE(ProjectSamples::contentOf(path("plan.pdf")), content);
         QCOMPARE(content.count("/Type /Page\n"), 1 + 1 + 2 + 2 * 2 + 1 + 1);
         QVERIFY(content.contains("/MediaBox [0 0 1191"));
+        const SRun tiny = run("plan.pdf", "--sheets overview --scale 1:1000");
+        QCOMPARE(tiny.status, 0);
+        QVERIFY2(tiny.errors.contains(QStringLiteral("to fit: 1")), qPrintable(tiny.errors));
 
         QCOMPARE(run("plan.png", "--sheets cover,table --dpi 50").out,
                  path("plan-1.png") + QLatin1Char('\n') + path("plan-2.png") + QLatin1Char('\n'));

@@ -125,13 +125,20 @@ SCommandOutcome exportSheets(const QVector<SProcessorProject> &projects, const C
                              const QString &target, int dots, QTextStream &out)
 {
     const SPrintJob job = jobOf(projects, arguments);
-    const auto names = CSheetExport::write(CSheetExport::inputOf(projects), job, target, dots);
+    QStringList missed;
+    const auto names = CSheetExport::write(CSheetExport::inputOf(projects), job, target, dots, missed);
     if (!names)
         return SCommandOutcome::badInput(names.error());
     for (const QString &name : names.value())
         out << name << '\n';
     const QString error = arguments.has(keepOption) ? keepSettings(projects, arguments, job) : QString();
-    return error.isEmpty() ? SCommandOutcome() : SCommandOutcome::badInput(error);
+    if (!error.isEmpty())
+        return SCommandOutcome::badInput(error);
+    if (missed.isEmpty())
+        return {};
+    return {CCommandLine::Success,
+            CExportCommand::tr("at the scale, these sheets would be unreadable; they are drawn to fit: %1")
+                .arg(missed.join(QStringLiteral(", ")))};
 }
 
 } // namespace

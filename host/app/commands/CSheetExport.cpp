@@ -50,12 +50,16 @@ SPrintInput CSheetExport::inputOf(const QVector<SProcessorProject> &projects)
 }
 
 CResult<QStringList> CSheetExport::write(const SPrintInput &input, const SPrintJob &job, const QString &file,
-                                         int dotsPerInch)
+                                         int dotsPerInch, QStringList &missed)
 {
     return CSafeFile::withMemory(file, [&]() -> CResult<QStringList> {
         const auto sheets = CSheetSet::of(SPrintPlan::of(input, job));
         if (!sheets)
             return CResult<QStringList>::failure(sheets.error());
+        for (int i = 0; i < sheets.value().size(); ++i) {
+            if (sheets.value().at(i).scaleMissed)
+                missed << QString::number(i + 1);
+        }
         const PrintConfig &whole = job.whole;
         const CSheetWriter::SOrder order{file, whole.project.isEmpty() ? tr("Wiring plan") : whole.project,
                                          whole.date, dotsPerInch};

@@ -146,6 +146,7 @@ SSheet COverviewSheets::sheet(const QVector<SWallPart> &parts, int part, SSheet:
     sheet.frame = m_area.frame;
     sheet.view = view;
     sheet.scale = tr("to fit");
+    sheet.scaleMissed = m_wall.processor().config.scale > 0;
     SheetMarks::head(sheet, m_area.content, sheet.title, summary(part, parts.size()), true);
     const SPlacing place = placing(parts.at(part), view == SSheet::Back);
     const QVector<SSheet::View> all = DrawnViews::of(m_wall.processor().config);

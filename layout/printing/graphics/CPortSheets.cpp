@@ -127,6 +127,7 @@ SSheet CPortSheets::sheet(const SPlanPort &port, const CPortPanel &panel, const 
     sheet.port = port.index;
     const double fixed = trueScale(port);
     sheet.scale = fixed > 0 ? QStringLiteral("1:%1").arg(m_wall.processor().config.scale) : tr("to fit");
+    sheet.scaleMissed = fixed <= 0 && m_wall.processor().config.scale > 0;
     SheetMarks::head(sheet, m_area.content, sheet.title, summary(port, part, division.parts.size()), true);
 
     const QRectF room = drawingRoom(panel, division.beside);

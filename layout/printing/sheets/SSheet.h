@@ -79,5 +79,6 @@ struct SSheet
     int port = -1;             ///< output-port index of a port sheet, from 0
     bool list = false;         ///< a table or the cover: the view says only how the job is printed
     QString scale;             ///< for the title block: "to fit", "1:25"
+    bool scaleMissed = false;  ///< to fit, although a true scale is wanted: that would be unreadable
     QVector<SSheetMark> marks; ///< drawn in this order
 };
