@@ -205,7 +205,7 @@ private Q_SLOTS:
                 row.cells = {QStringLiteral("row"), QString::number(random.bounded(100))};
                 row.kind = random.bounded(4) == 0 ? STableRow::Heading : STableRow::Plain;
             }
-            const auto sumOf = [&rows](int count) {
+            const auto sumOf = [](int count) {
                 STableRow sum;
                 sum.cells = {{}, QString::number(count)};
                 return sum;
