@@ -9,8 +9,10 @@
 
 #include <QAbstractButton>
 #include <QAbstractSpinBox>
+#include <QCursor>
 #include <QDir>
 #include <QMenuBar>
+#include <QScreen>
 #include <QToolButton>
 #include <QTreeView>
 
@@ -18,7 +20,6 @@ namespace {
 
 constexpr double DeviceDelays = 0.1;
 constexpr int LookAgainMilliseconds = 20;
-constexpr int OpenMilliseconds = 2000; // until a submenu must have opened
 
 bool waitFor(const std::function<bool()> &condition)
 {
@@ -54,6 +55,7 @@ CWindowUser::CWindowUser(const QString &stateFolder)
     m_window = std::make_unique<CMainWindow>(settings);
     m_window->loadModule(QStringLiteral(ORVO_LAYOUT_MODULE));
     m_window->resize(1600, 960);
+    QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight()); // away from menus
     m_window->show();
     if (!QTest::qWaitForWindowExposed(m_window.get(), PatienceMilliseconds))
         qWarning("the window does not come");
@@ -90,11 +92,17 @@ bool CWindowUser::clickButton(const char *textOrTip)
 
 bool CWindowUser::choose(const QString &path)
 {
+    QMenu *menu = nullptr;
+    QAction *parent = nullptr; // the entry that opens the menu; empty for the first
     for (const QString &text : path.split(QLatin1Char('>'))) {
-        QMenu *menu = nullptr;
+        QMenu *const above = menu;
         QAction *action = nullptr;
         const auto isThere = [&] {
-            menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+            menu = parent ? parent->menu() : qobject_cast<QMenu *>(QApplication::activePopupWidget());
+            if (parent && !menu->isVisible()) { // a click closes what the mouse's coming had opened
+                above->setActiveAction(parent);
+                QTest::keyClick(above, Qt::Key_Right);
+            }
             action = menu && menu->isVisible() ? actionNamed(menu->actions(), text) : nullptr;
             return action && action->isEnabled();
         };
@@ -103,9 +111,7 @@ bool CWindowUser::choose(const QString &path)
             return false;
         }
         click(*menu, menu->actionGeometry(action).center());
-        const QMenu *submenu = action->menu();
-        if (submenu && !QTest::qWaitFor([submenu] { return submenu->isVisible(); }, OpenMilliseconds))
-            QTest::keyClick(menu, Qt::Key_Right); // the click closed what the mouse's coming had opened
+        parent = action;
     }
     return true;
 }
