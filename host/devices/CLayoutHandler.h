@@ -76,6 +76,8 @@ public:
     bool isPortRedundancySupported() const override;
     bool setPortRedundancy(int primary, int backup) override;
     bool cancelPortRedundancy(int port) override;
+    void recordEdit(const SEditRecord &record) override;
+    SEditHistory editHistory(const QUuid &processor) const override;
     PrintConfig printSettings(const QUuid &processor) const override;
     QString writeFile(const QString &file, const QByteArray &content) override;
     bool exportPortMapping(const QUuid &processor, int port, const QString &file) override;

@@ -60,6 +60,17 @@ bool CLayoutHandler::copyProcessorMapping(const QUuid &from, const QUuid &to, bo
     return told(CBackgroundCall::result([&] { return m_files->copyProcessor(from, to, overwriteLocked); }));
 }
 
+void CLayoutHandler::recordEdit(const SEditRecord &record)
+{
+    Q_UNUSED(record)
+}
+
+SEditHistory CLayoutHandler::editHistory(const QUuid &processor) const
+{
+    Q_UNUSED(processor)
+    return {};
+}
+
 PrintConfig CLayoutHandler::printSettings(const QUuid &processor) const
 {
     return known(processor).print;

@@ -8,6 +8,7 @@
 #include "layout/api/records/ProcessorTree.h"
 #include "layout/api/records/ReadSaveMappingRole.h"
 #include "layout/api/records/SBackgroundInfo.h"
+#include "layout/api/records/SEditStep.h"
 #include "layout/api/records/SHostRecords.h"
 #include "layout/api/records/SPortLoad.h"
 #include "layout/api/records/SSettings.h"
@@ -225,6 +226,14 @@ public:
     /// Sets the background of the processor named in @p info. Announced by
     /// LayoutNotification::BackgroundChanged.
     virtual bool setBackground(const SBackgroundInfo &info) = 0;
+
+    // History.
+    /// Notes an edit before the next event is handled, so that it survives a crash. Never waits for the disk,
+    /// and cannot fail: what cannot be kept is told to the user by the host. GUI thread.
+    virtual void recordEdit(const SEditRecord &record) = 0;
+    /// The history that was kept of an earlier run and leads to the processor's working layout; empty if
+    /// there is none. GUI thread.
+    virtual SEditHistory editHistory(const QUuid &processor) const = 0;
 
     // Printing.
     /// The settings of plans that the processor's project keeps; the usual ones if it keeps none.

@@ -138,6 +138,8 @@ public:
     }
     bool isPortRedundancyBlocked() const override { return given(__func__, redundancyBlocked); }
     bool isPortRedundancySupported() const override { return given(__func__, redundancySupported); }
+    void recordEdit(const SEditRecord &) override {}
+    SEditHistory editHistory(const QUuid &) const override { return {}; }
     PrintConfig printSettings(const QUuid &) const override { return {}; }
     QString writeFile(const QString &, const QByteArray &) override { return {}; }
     bool exportPortMapping(const QUuid &, int port, const QString &file) override
