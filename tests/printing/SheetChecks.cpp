@@ -34,17 +34,20 @@ QRectF areaOf(const SSheetStroke &stroke)
     return stroke.path.boundingRect().adjusted(-half, -half, half, half);
 }
 
-/// The straight pieces of the thick hops of a port sheet.
+/// The straight pieces of the hops, feed and loop of a port sheet.
 QVector<QRectF> hopsOf(const SSheet &sheet)
 {
     QVector<QRectF> pieces;
     for (const SSheetMark &mark : sheet.marks) {
         const auto *stroke = std::get_if<SSheetStroke>(&mark);
-        if (!stroke || !qFuzzyCompare(stroke->width, 0.8))
+        const bool wire = stroke && (!stroke->dashes.isEmpty() || qFuzzyCompare(stroke->width, 0.8) ||
+                                     qFuzzyCompare(stroke->width, 0.5) || qFuzzyCompare(stroke->width, 1.4));
+        if (!wire)
             continue;
+        const double half = stroke->width / 2;
         for (const QPolygonF &line : stroke->path.toSubpathPolygons()) {
-            for (int i = 0; i + 1 < line.size(); ++i)
-                pieces << QRectF(line[i], line[i + 1]).normalized().adjusted(-0.4, -0.4, 0.4, 0.4);
+            for (int i = 0; i + 1 < line.size() && !line.isClosed(); ++i)
+                pieces << QRectF(line[i], line[i + 1]).normalized().adjusted(-half, -half, half, half);
         }
     }
     return pieces;
@@ -111,7 +114,8 @@ QString SheetChecks::faultOf(const SSheet &sheet)
     const QVector<SSheetText> texts = textsOf(sheet);
     const QVector<QRectF> hops = hopsOf(sheet);
     for (int i = 0; i < texts.size(); ++i) {
-        const bool label = texts[i].mark >= EMark::CabinetNumber && texts[i].mark <= EMark::Tag;
+        const bool label = sheet.port >= 0 && texts[i].mark >= EMark::CabinetNumber &&
+                           (texts[i].mark <= EMark::Tag || texts[i].mark == EMark::Ruler);
         if (label && std::any_of(hops.begin(), hops.end(),
                                  [&](const QRectF &hop) { return hop.intersects(texts[i].box); }))
             return texts[i].text + QStringLiteral(" over a hop");

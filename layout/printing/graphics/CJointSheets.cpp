@@ -56,9 +56,7 @@ void CJointSheets::drawWall(SSheet &sheet, const CWall &wall, const QRectF &cell
 {
     const SPlanProcessor &processor = wall.processor();
     const QString figures =
-        tr("%1 ports, %2 cabinets, %3 mm")
-            .arg(wall.ports().size())
-            .arg(SheetNumbers::whole(wall.cabinets().size()), SheetNumbers::sides(processor.millimetres));
+        tr("%1, %2 mm").arg(DrawnViews::counted(wall), SheetNumbers::sides(processor.millimetres));
     using SheetMarks::NotePoints;
     using SheetMarks::TitleBlockPoints;
     DrawnMarks::startingAt(sheet, cell.topLeft() + QPointF(0, 2.2),

@@ -70,8 +70,14 @@ void COverviewDrawing::draw(SSheet &sheet, const std::function<int(int)> &sheetO
 {
     drawPorts(sheet);
     drawShared(sheet, sheetOf);
-    for (const SPlanPort *port : m_wall.ports())
+    for (const SPlanPort *port : m_wall.ports()) {
         drawChain(sheet, *port);
+        for (int cabinet : port->unwired) {
+            if (m_here.contains(cabinet))
+                drawUnwired(sheet, m_placing.map(m_wall.cabinets().at(cabinet).millimetres.center()),
+                            entryRadius(m_side) * 0.8);
+        }
+    }
     drawPlates(sheet);
 }
 
@@ -205,6 +211,16 @@ void COverviewDrawing::drawEnds(SSheet &sheet, const SPlanPort &port, const QVec
                   radius);
         number(first);
     }
+}
+
+void COverviewDrawing::drawUnwired(SSheet &sheet, const QPointF &centre, double half)
+{
+    QPainterPath cross;
+    for (double way : {-half, half}) {
+        cross.moveTo(centre - QPointF(half, way));
+        cross.lineTo(centre + QPointF(half, way));
+    }
+    DrawnMarks::path(sheet, cross, half * 0.3, {}, half * 0.2);
 }
 
 void COverviewDrawing::drawPlate(SSheet &sheet, const QPointF &centre, const QString &number, double points,

@@ -25,6 +25,8 @@ public:
     /// The mark of a port's entry, and of the end of its string.
     static void drawEntry(SSheet &sheet, const QPointF &centre, const QPointF &direction, double radius);
     static void drawEnd(SSheet &sheet, const QPointF &centre, double half);
+    /// The mark of a cabinet without wiring.
+    static void drawUnwired(SSheet &sheet, const QPointF &centre, double half);
     /// The number of a port on its white plate.
     static void drawPlate(SSheet &sheet, const QPointF &centre, const QString &number, double points,
                           EMark mark);

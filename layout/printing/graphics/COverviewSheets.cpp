@@ -122,9 +122,7 @@ SPlacing COverviewSheets::placing(const SWallPart &part, bool back) const
 
 QString COverviewSheets::summary(int part, int parts) const
 {
-    QString text =
-        tr("%1 ports, %2 cabinets")
-            .arg(SheetNumbers::whole(m_wall.ports().size()), SheetNumbers::whole(m_wall.cabinets().size()));
+    QString text = DrawnViews::counted(m_wall);
     const auto &cabinets = m_wall.cabinets();
     const int type = cabinets.isEmpty() ? -1 : cabinets.first().type;
     if (std::all_of(cabinets.begin(), cabinets.end(),
@@ -138,16 +136,7 @@ QString COverviewSheets::summary(int part, int parts) const
 SSheet COverviewSheets::sheet(const QVector<SWallPart> &parts, int part, SSheet::View view, int first,
                               int firstPort) const
 {
-    SSheet sheet;
-    sheet.title = tr("Overview");
-    sheet.ports = tr("all");
-    sheet.processor = m_wall.processor().name;
-    sheet.size = m_area.size;
-    sheet.frame = m_area.frame;
-    sheet.view = view;
-    sheet.scale = tr("to fit");
-    sheet.scaleMissed = m_wall.processor().config.scale > 0;
-    SheetMarks::head(sheet, m_area.content, sheet.title, summary(part, parts.size()), true);
+    SSheet sheet = DrawnViews::sheet(m_wall, m_area, view, -1, false, summary(part, parts.size()));
     const SPlacing place = placing(parts.at(part), view == SSheet::Back);
     const QVector<SSheet::View> all = DrawnViews::of(m_wall.processor().config);
     COverviewDrawing(m_wall, parts.at(part), place).draw(sheet, [&](int other) {
@@ -213,6 +202,8 @@ QString COverviewSheets::beneath(int firstPort) const
     QStringList parts;
     if (firstPort > 0)
         parts << tr("The ports' sheets begin at sheet %1.").arg(firstPort);
+    if (m_wall.hasUnwired())
+        parts << tr("Crossed cabinets are not wired.");
     QVector<int> types;
     for (const SPlanCabinet &cabinet : m_wall.cabinets()) {
         if (!types.contains(cabinet.type))

@@ -23,17 +23,15 @@ constexpr double ThinHopWidth = 0.5;
 constexpr double CabinetWidth = 0.35;
 constexpr double ThickSide = 12;      // of a cabinet with thick hops
 constexpr double LineRoom = 1.2;      // that labels leave to a wire
+constexpr double EdgeRoom = 0.8;      // to the middle of the wall's edge
 constexpr double Lane = 1.3;          // beside the thickest border
 constexpr double SmallestShare = 0.6; // of the largest number, for one that all cabinets follow
 constexpr double BeyondBorder = 0.77; // of an arrow head
-const QVector<qreal> JumpDashes{4, 1.2, 0.8, 1.2};
+constexpr double SharedGap = 0.6;     // left and right of texts in cabinets of other sheets
+constexpr double SharedAir = 0.3;     // around them
 const QColor Shared(0xe2, 0xe2, 0xe2);
 
-/// Of the disc at the start, and half of the square at the end.
-double startRadius(double side)
-{
-    return std::max(1.2, std::min(2.6, side * 0.12));
-}
+/// Half of the square at the end.
 double endHalf(double side)
 {
     return std::max(1.0, std::min(2.2, side * 0.1));
@@ -127,8 +125,10 @@ QMap<int, QStringList> CPortDrawing::sharedTags() const
 
 void CPortDrawing::drawShared(SSheet &sheet, const std::function<int(int)> &sheetOf) const
 {
-    using SheetMarks::CaptionPoints;
     const QMap<int, QStringList> tags = sharedTags();
+    QVector<QRectF> heads; // which reach across the borders
+    for (const SHop &hop : m_hops)
+        heads << arrowOf(hop).boundingRect();
     for (const auto &part : m_view.part.shared) {
         // In a cabinet without tags, if there is one, near the middle.
         QVector<int> free = part.second;
@@ -138,40 +138,48 @@ void CPortDrawing::drawShared(SSheet &sheet, const std::function<int(int)> &shee
         for (int cabinet : part.second) {
             const QRectF rect = m_view.rect(cabinet);
             DrawnMarks::box(sheet, rect, Shared, CabinetWidth);
-            QStringList lines = cabinet == noted ? QStringList() : tags.value(cabinet);
-            if (lines.size() == 1 &&
-                DrawnMarks::room(lines[0], CaptionPoints, false).width() > rect.width() - 1)
-                lines = lines[0].split(QLatin1Char(' '));
-            double top = rect.top() + 0.8;
-            for (const QString &line : qAsConst(lines)) {
-                const QRectF box =
-                    DrawnMarks::room(line, CaptionPoints, false).translated(rect.left() + 0.5, top);
-                if (!rect.contains(box) || (top > rect.center().y()) != (box.bottom() > rect.center().y()))
-                    break;
-                DrawnMarks::text(sheet, box, line, CaptionPoints, false, EMark::Tag);
-                top = rect.center().y() + 1.6; // below the wire
-            }
+            QVector<QRectF> taken = heads;
+            if (cabinet == noted)
+                placeShared(sheet, rect, tr("see sheet %1").arg(sheetOf(part.first)), EMark::Note, taken);
+            for (const QString &tag : tags.value(cabinet))
+                placeShared(sheet, rect, tag, EMark::Tag, taken);
         }
-        drawNote(sheet, m_view.rect(noted), tr("see sheet %1").arg(sheetOf(part.first)));
     }
 }
 
-void CPortDrawing::drawNote(SSheet &sheet, const QRectF &cabinet, const QString &note) const
+void CPortDrawing::placeShared(SSheet &sheet, const QRectF &cabinet, const QString &text, EMark mark,
+                               QVector<QRectF> &taken)
 {
     using SheetMarks::CaptionPoints;
-    const bool wide = DrawnMarks::room(note, CaptionPoints, false).width() < cabinet.width() - 1;
-    const QStringList lines = wide ? QStringList(note) : note.split(QLatin1Char(' '));
-    double widest = 0;
-    for (const QString &line : lines)
-        widest = std::max(widest, DrawnMarks::room(line, CaptionPoints, false).width());
-    // Away from the arrow heads at the border of this sheet's cabinets.
-    const double aside = std::min(1.5, std::max(0.0, (cabinet.width() - widest) / 2));
-    const bool right = cabinet.center().x() > m_view.placing.target().center().x();
-    const double height = DrawnMarks::room(note, CaptionPoints, false).height();
-    QPointF middle = cabinet.center() + QPointF(right ? aside : -aside, -height * (lines.size() - 1) / 2.0);
-    for (const QString &line : lines) {
-        DrawnMarks::centred(sheet, middle, line, CaptionPoints, false, EMark::Note);
-        middle.ry() += height;
+    const double height = DrawnMarks::room({}, CaptionPoints, false).height();
+    const auto isFree = [&](const QRectF &box) {
+        return std::none_of(taken.begin(), taken.end(), [&](const QRectF &other) {
+            return other.intersects(box.adjusted(-SharedAir, -SharedAir, SharedAir, SharedAir));
+        });
+    };
+    for (const QStringList &lines : {QStringList(text), text.split(QLatin1Char(' '))}) {
+        double width = 0;
+        for (const QString &line : lines)
+            width = std::max(width, DrawnMarks::room(line, CaptionPoints, false).width());
+        const QSizeF slack = cabinet.size() - QSizeF(width, height * lines.size());
+        if (slack.width() < 2 * SharedGap || slack.height() < 2 * SharedAir)
+            continue;
+        for (double down : {0.5, 0.3, 0.7, 0.15, 0.85, 0.0, 1.0}) {
+            for (double across : {0.5, 0.2, 0.8, 0.0, 1.0}) {
+                const QPointF inset(SharedGap + across * (slack.width() - 2 * SharedGap),
+                                    SharedAir + down * (slack.height() - 2 * SharedAir));
+                QRectF box(cabinet.topLeft() + inset, QSizeF(width, height * lines.size()));
+                if (!isFree(box))
+                    continue;
+                taken << box;
+                for (const QString &line : lines) {
+                    DrawnMarks::centred(sheet, {box.center().x(), box.top() + height / 2}, line,
+                                        CaptionPoints, false, mark);
+                    box.setTop(box.top() + height);
+                }
+                return;
+            }
+        }
     }
 }
 
@@ -222,7 +230,7 @@ void CPortDrawing::drawChain(SSheet &sheet)
         else
             DrawnMarks::path(sheet,
                              transform.map(ChainRoute::bridged(hop, m_hops, bridge / m_view.placing.scale)),
-                             width, JumpDashes);
+                             width, jumpDashes());
     }
     DrawnMarks::path(sheet, steps, width);
     DrawnMarks::fill(sheet, heads, Qt::black);
@@ -239,7 +247,7 @@ void CPortDrawing::drawMarks(SSheet &sheet)
             continue;
         const QPointF centre = m_view.rect(cabinet).center();
         if (place == 0)
-            m_obstacles << around(centre, startRadius(side));
+            m_obstacles << around(centre, m_view.startRadius());
         else if (place + 1 == m_view.port.chain.size())
             m_obstacles << around(centre, endHalf(side) + 0.45);
         else
@@ -252,7 +260,7 @@ void CPortDrawing::drawMarks(SSheet &sheet)
         DrawnMarks::box(sheet, around(centre, endHalf(side) + (alone ? 1 : 0)), Qt::white, 0.9);
     }
     if (m_view.hasStart())
-        DrawnMarks::disc(sheet, m_view.rect(m_view.port.chain.first()).center(), startRadius(side));
+        DrawnMarks::disc(sheet, m_view.rect(m_view.port.chain.first()).center(), m_view.startRadius());
 }
 
 QVector<SCabinetTag> CPortDrawing::tagsOf(int cabinet) const
@@ -313,10 +321,17 @@ void CPortDrawing::drawLabels(SSheet &sheet, const CPortFeed &feed, const QRectF
             points.value(CabinetLabels::largestNumber(labels.rect), SheetMarks::NumberPoints);
         CabinetLabels::place(sheet, labels, std::min(usual, CabinetLabels::numberPoints(labels)));
     }
+    QVector<QRectF> lines = obstacles;
+    for (int cabinet : m_view.part.owned) {
+        for (const QLineF &line : m_view.placing.map(m_view.wall.borders(cabinet, true)))
+            lines << QRectF(line.p1(), line.p2())
+                         .normalized()
+                         .adjusted(-EdgeRoom, -EdgeRoom, EdgeRoom, EdgeRoom);
+    }
     for (SCabinetLabels &labels : all) {
         if (!CabinetLabels::isTooSmall(labels))
             continue;
-        labels.obstacles = obstacles;
+        labels.obstacles = lines;
         CabinetLabels::placeBeside(sheet, labels, room);
     }
 }

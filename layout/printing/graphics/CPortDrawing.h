@@ -28,6 +28,9 @@ public:
 
     CPortDrawing(const CWall &wall, const SPlanPort &port, const SWallPart &part, bool back);
 
+    /// Of hops to cabinets that do not adjoin.
+    static QVector<qreal> jumpDashes() { return {4, 1.2, 0.8, 1.2}; }
+
     /// The largest scale at which the drawing fits; 0 or less if it does not at all.
     double fittingScale(const QSizeF &room) const;
     /// Draws it in the middle of @p room. @p sheetOf gives the number of the sheet of another part.
@@ -37,7 +40,10 @@ private:
     QMarginsF margins() const;
     void place(const QRectF &room, double scale);
     void drawShared(SSheet &sheet, const std::function<int(int)> &sheetOf) const;
-    void drawNote(SSheet &sheet, const QRectF &cabinet, const QString &note) const;
+    /// In the cabinet where nothing is @p taken, in one line or a line for each word; left out if there is no
+    /// room.
+    static void placeShared(SSheet &sheet, const QRectF &cabinet, const QString &text, EMark mark,
+                            QVector<QRectF> &taken);
     /// What is told in the cabinets of other sheets: where the chain goes on, and where it comes from.
     QMap<int, QStringList> sharedTags() const;
     void drawCabinets(SSheet &sheet) const;

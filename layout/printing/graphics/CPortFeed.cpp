@@ -25,10 +25,14 @@ constexpr double FeedWidth = 1.4;
 constexpr double LoopWidth = 0.9;
 constexpr double NearBorder = 1;
 constexpr double CableEdge = 0.4;  // white beside a cable that follows borders
+constexpr double CableLane = 1.9;  // of a cable beside a border, which may be the wall's edge
 constexpr double AloneShift = 1.6; // of feed and loop in a cabinet that has both, from its middle
 constexpr double BoxDistance = 4;  // between two boxes
 constexpr double BoxPortPoints = 10;
+constexpr double PastBend = 1.3;   // of an arrow head
+constexpr double HeadShare = 0.44; // half its width, of its length
 const QVector<qreal> LoopDashes{3, 1.6};
+const DrawnMarks::SArrow LoopArrow{4.4, 2, true};
 
 /// A level or upright line with its width.
 QRectF stripOf(const QPointF &a, const QPointF &b, double width)
@@ -79,6 +83,36 @@ bool CPortFeed::isInTheWay(const QRectF &cabinet, double level) const
     return false;
 }
 
+void CPortFeed::leadAlongBorders(SCable &cable, const QRectF &cabinet, const QVector<QPointF> &crossed) const
+{
+    const auto isFree = [&](const QPointF &border) {
+        return std::none_of(crossed.begin(), crossed.end(), [&](const QPointF &other) {
+            return QLineF(border, other).length() < NearBorder;
+        });
+    };
+    const QPointF centre = cable.line.first();
+    const bool freeAbove = isFree({centre.x(), cabinet.top()});
+    const bool freeBelow = isFree({centre.x(), cabinet.bottom()});
+    const bool above = cable.loop ? freeAbove && !freeBelow : freeAbove || !freeBelow;
+    cable.level = above ? cabinet.top() + CableLane : cabinet.bottom() - CableLane;
+    QPointF bend(centre.x(), cable.level);
+    if (!freeAbove && !freeBelow) { // sideways
+        bend = QPointF(m_right ? cabinet.right() - CableLane : cabinet.left() + CableLane, centre.y());
+        cable.line << bend << QPointF(bend.x(), cable.level);
+    } else {
+        cable.line << bend;
+    }
+    const QLineF last(bend, centre);
+    const double length = arrowLength();
+    const double room = last.length() - m_view.startRadius();
+    cable.inwards = QPointF(last.dx(), last.dy()) / last.length();
+    cable.arrowTip = bend + cable.inwards * std::min(length * PastBend, room);
+    if (room < length) { // before the bend
+        cable.inwards = QPointF(m_right ? -1 : 1, 0);
+        cable.arrowTip = QPointF(bend.x(), cable.level) - cable.inwards * NearBorder;
+    }
+}
+
 CPortFeed::SCable CPortFeed::cable(bool loop, const QVector<QPointF> &crossed) const
 {
     const SPlanPort &port = m_view.port;
@@ -88,33 +122,19 @@ CPortFeed::SCable CPortFeed::cable(bool loop, const QVector<QPointF> &crossed) c
         const double shift = std::min(AloneShift, cabinet.height() / 4);
         centre.ry() += loop ? shift : -shift;
     }
-    const QPointF upper(centre.x(), cabinet.top());
-    const QPointF lower(centre.x(), cabinet.bottom());
-    const auto isFree = [&](const QPointF &border) {
-        return std::none_of(crossed.begin(), crossed.end(), [&](const QPointF &other) {
-            return QLineF(border, other).length() < NearBorder;
-        });
-    };
     SCable cable;
     cable.loop = loop;
-    cable.border = QPointF(m_right ? cabinet.right() : cabinet.left(), centre.y());
     cable.level = centre.y();
     cable.line << centre;
     cable.alongBorders = isInTheWay(cabinet, cable.level);
     if (cable.alongBorders) { // of the others
-        const QPointF first = loop ? lower : upper;
-        const QPointF second = loop ? upper : lower;
-        const bool sideways = !isFree(first) && !isFree(second);
-        cable.level = (isFree(first) || sideways ? first : second).y();
-        if (sideways)
-            cable.line << cable.border << QPointF(cable.border.x(), cable.level);
-        else
-            cable.line << (cable.border = QPointF(centre.x(), cable.level));
+        leadAlongBorders(cable, cabinet, crossed);
     } else {
-        cable.line << cable.border;
+        const QPointF border(m_right ? cabinet.right() : cabinet.left(), centre.y());
+        cable.line << border;
+        cable.inwards = QPointF(m_right ? -1 : 1, 0);
+        cable.arrowTip = border + cable.inwards * arrowLength() * PastBend;
     }
-    const QLineF inwards(cable.border, centre);
-    cable.inwards = QPointF(inwards.dx(), inwards.dy()) / inwards.length();
     cable.texts = textsOf(loop);
     const double height = BoxHead + cable.texts.size() * BoxLine + BoxBottom;
     cable.box = QRectF(m_right ? m_near : m_near - BoxWidth, cable.level - height / 2, BoxWidth, height);
@@ -171,9 +191,12 @@ QVector<QRectF> CPortFeed::obstacles() const
         for (int i = 0; i + 1 < cable.line.size(); ++i)
             areas << stripOf(cable.line[i], cable.line[i + 1], FeedWidth);
         const double length = arrowLength();
-        if (!cable.loop)
-            areas << QRectF(cable.border - QPointF(length, length) / 2, QSizeF(length, length))
-                         .translated(cable.inwards * length / 2);
+        if (cable.loop)
+            areas << DrawnMarks::arrowHead(cable.line.first(), QPointF(m_right ? 1 : -1, 0), LoopArrow)
+                         .boundingRect();
+        else
+            areas << DrawnMarks::arrowHead(cable.arrowTip, cable.inwards, {length, length * HeadShare})
+                         .boundingRect();
     }
     return areas;
 }
@@ -186,11 +209,10 @@ void CPortFeed::drawCables(SSheet &sheet) const
         const double edge = cable.alongBorders ? CableEdge : 0;
         if (cable.loop) {
             DrawnMarks::polyline(sheet, cable.line, LoopWidth, LoopDashes, edge);
-            DrawnMarks::arrow(sheet, cable.line.first(), QPointF(m_right ? 1 : -1, 0), {4.4, 2, true});
+            DrawnMarks::arrow(sheet, cable.line.first(), QPointF(m_right ? 1 : -1, 0), LoopArrow);
         } else {
             DrawnMarks::polyline(sheet, cable.line, FeedWidth, {}, edge);
-            DrawnMarks::arrow(sheet, cable.border + cable.inwards * length * 1.3, cable.inwards,
-                              {length, length * 0.44});
+            DrawnMarks::arrow(sheet, cable.arrowTip, cable.inwards, {length, length * HeadShare});
         }
     }
 }

@@ -16,7 +16,7 @@ class CPortFeed final
 
 public:
     static constexpr double BoxWidth = 31;
-    static constexpr double Gap = 6; ///< between a box and what is nearest
+    static constexpr double Gap = 7.5; ///< between a box and what is nearest, also for numbers of the ruler
 
     /// @p outer is what the boxes keep Gap away from; they stay within @p reach, from top to bottom. The
     /// cables do not enter a cabinet where a hop does: those points are @p crossed.
@@ -44,13 +44,15 @@ private:
         QRectF box;
         double level = 0;  ///< at which it leaves towards the box
         QPolygonF line;    ///< from the box to the cabinet's centre
-        QPointF border;    ///< where it enters the cabinet
+        QPointF arrowTip;  ///< of the arrow head at the cabinet
         QPointF inwards;   ///< its direction there; length 1
         QStringList texts; ///< beneath the heading
     };
 
     SCable cable(bool loop, const QVector<QPointF> &crossed) const;
     QStringList textsOf(bool loop) const;
+    /// Beside the borders of the cabinets between, where it is told from them.
+    void leadAlongBorders(SCable &cable, const QRectF &cabinet, const QVector<QPointF> &crossed) const;
     void separate(double top, double bottom);
     void connectToBox(SCable &cable) const;
     bool isInTheWay(const QRectF &cabinet, double level) const;

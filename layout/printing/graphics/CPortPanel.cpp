@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/printing/graphics/CPortPanel.h"
 
+#include "layout/printing/graphics/CPortDrawing.h"
 #include "layout/printing/graphics/DrawnMarks.h"
 #include "layout/printing/graphics/WallSketch.h"
 #include "layout/printing/sheets/CSheetFont.h"
@@ -11,6 +12,7 @@
 #include <QMap>
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace {
 
@@ -27,7 +29,7 @@ constexpr double CaptionHeight = 6;
 constexpr double FactStep = 4.7;
 constexpr double FactsBottom = 2;
 constexpr double ValueLeft = 29;
-constexpr double SignStep = 4.9;
+constexpr double SignStep = 4.6;
 constexpr double MeaningLeft = 15;
 constexpr double TicksHeight = 7;
 constexpr double TickBox = 4.2;
@@ -35,12 +37,39 @@ constexpr double BlockGap = 3;
 constexpr double ColumnGap = 8;
 constexpr double NarrowestColumn = 76;
 constexpr double SignPoints = 8;
-constexpr int CableSigns = 3;
+
+/// How the cables of a port are told apart.
+enum ECableSign { FeedSign, HopSign, JumpSign, StubSign, LoopSign, EndsSign };
+
+/// The signs that the sheets of a port have.
+QVector<ECableSign> cableSigns(const CWall &wall, const SPlanPort &port)
+{
+    QVector<ECableSign> signs{FeedSign, HopSign};
+    bool near = false;
+    bool far = false;
+    for (int i = 1; i < port.chain.size(); ++i) {
+        const SPlanCabinet &a = wall.cabinets().at(port.chain.at(i - 1));
+        const SPlanCabinet &b = wall.cabinets().at(port.chain.at(i));
+        if (wall.adjoin(port.chain.at(i - 1), port.chain.at(i)))
+            continue;
+        const bool drawn = std::abs(a.row - b.row) + std::abs(a.column - b.column) <= ChainRoute::Farthest;
+        (drawn ? near : far) = true;
+    }
+    if (near)
+        signs << JumpSign;
+    if (far || near) // there may be no room for a jump
+        signs << StubSign;
+    if (port.looped)
+        signs << LoopSign;
+    return signs << EndsSign;
+}
 
 /// The part of a total that is known.
-QString known(const QString &text, bool complete)
+QString known(const QString &text, const SPlanTotals &totals)
 {
-    return complete ? text : QCoreApplication::translate("CPortPanel", "%1 or more").arg(text);
+    if (totals.kilograms <= 0 && totals.wattsMaximum <= 0 && !totals.complete)
+        return QCoreApplication::translate("CPortPanel", "unknown");
+    return totals.complete ? text : QCoreApplication::translate("CPortPanel", "%1 or more").arg(text);
 }
 
 } // namespace
@@ -59,20 +88,20 @@ CPortPanel::CPortPanel(const CWall &wall, const SPlanPort &port, double besideHe
                                            ? tr("%1 of %2").arg(whole(port.charged), whole(port.capacity))
                                            : whole(totals.pixels));
     m_facts << qMakePair(tr("Load"), tr("%1 %").arg(port.load));
-    m_facts << qMakePair(tr("Weight"), known(tr("%1 kg").arg(decimal(totals.kilograms, 1)), totals.complete));
+    m_facts << qMakePair(tr("Weight"), known(tr("%1 kg").arg(decimal(totals.kilograms, 1)), totals));
     m_facts << qMakePair(
         tr("Power"),
         known(tr("%1 W max., %2 W average").arg(whole(totals.wattsMaximum), whole(totals.wattsAverage)),
-              totals.complete));
+              totals));
     m_facts << qMakePair(
         tr("Current, %1 V").arg(volts),
-        tr("%1 A max., %2 A average").arg(amperes(totals.wattsMaximum), amperes(totals.wattsAverage)));
+        known(tr("%1 A max., %2 A average").arg(amperes(totals.wattsMaximum), amperes(totals.wattsAverage)),
+              totals));
     m_facts << qMakePair(tr("Signal cables"), cablesText(port));
     m_facts << qMakePair(tr("Redundancy"), port.looped ? port.redundancyText() : tr("none"));
     m_facts << qMakePair(tr("Lock"), port.locked ? tr("locked") : tr("not locked"));
 
-    m_signs << qMakePair(tr("r3 c1"), tr("row and column, from the front"));
-    m_signs << qMakePair(tr("x, y"), tr("upper left pixel, from the front"));
+    m_signs << qMakePair(tr("r3 c1; x, y"), tr("place and upper left pixel, from the front"));
     QVector<int> types;
     for (int index : CWall::cabinetsOf(port)) {
         const int type = wall.cabinets().at(index).type;
@@ -161,7 +190,7 @@ double CPortPanel::heightOf(Block block, double width, bool low) const
     case Signs:
         break;
     }
-    return HeadingHeight + (CableSigns + m_signs.size()) * SignStep + TicksHeight;
+    return HeadingHeight + (cableSigns(m_wall, m_port).size() + m_signs.size()) * SignStep + TicksHeight;
 }
 
 double CPortPanel::height(double width) const
@@ -238,34 +267,61 @@ void CPortPanel::drawFacts(SSheet &sheet, const QRectF &area) const
     }
 }
 
-void CPortPanel::drawCableSigns(SSheet &sheet, const QRectF &area) const
+void CPortPanel::drawCableSign(SSheet &sheet, int sign, const QPointF &from)
 {
-    const QString meanings[CableSigns] = {tr("feed cable from the processor"), tr("hop to the next cabinet"),
-                                          tr("loop back, redundancy")};
+    const QPointF to = from + QPointF(12, 0);
+    const QPolygonF line(QVector<QPointF>{from, to});
+    const DrawnMarks::SArrow hop{4.4, 1.8};
+    switch (sign) {
+    case FeedSign:
+        DrawnMarks::polyline(sheet, line, 1.4);
+        DrawnMarks::arrow(sheet, to - QPointF(3, 0), {1, 0}, {5, 2.2});
+        break;
+    case HopSign:
+        DrawnMarks::polyline(sheet, line, 0.8);
+        DrawnMarks::arrow(sheet, to - QPointF(3, 0), {1, 0}, hop);
+        break;
+    case JumpSign:
+        DrawnMarks::polyline(sheet, line, 0.8, CPortDrawing::jumpDashes());
+        DrawnMarks::arrow(sheet, to, {1, 0}, hop);
+        break;
+    case StubSign:
+        DrawnMarks::polyline(sheet, QVector<QPointF>{from, from + QPointF(4.5, 0)}, 0.8);
+        DrawnMarks::arrow(sheet, from + QPointF(5, 0), {1, 0}, {3, 1.3});
+        DrawnMarks::polyline(sheet, QVector<QPointF>{to - QPointF(4.5, 0), to}, 0.8);
+        DrawnMarks::arrow(sheet, to - QPointF(1.5, 0), {1, 0}, {3, 1.3});
+        break;
+    case LoopSign:
+        DrawnMarks::polyline(sheet, QVector<QPointF>{to, from}, 0.9, {3, 1.6});
+        DrawnMarks::arrow(sheet, from, {-1, 0}, {4.4, 2, true});
+        break;
+    default:
+        DrawnMarks::disc(sheet, from + QPointF(2, 0), 1.6);
+        DrawnMarks::box(sheet, QRectF(from + QPointF(7, -1.4), QSizeF(2.8, 2.8)), Qt::white, 0.9);
+    }
+}
+
+double CPortPanel::drawCableSigns(SSheet &sheet, const QRectF &area) const
+{
+    const QString meanings[] = {
+        tr("feed cable from the processor"), tr("hop to the next cabinet"),
+        tr("hop to a cabinet farther away"), tr("goes on where \"to\" and \"from\" say"),
+        tr("loop back, redundancy"),         tr("START and END of the string")};
     double middle = area.top() + HeadingHeight + SignStep / 2;
-    for (int i = 0; i < CableSigns; ++i) {
-        const QPointF from(area.left(), middle);
-        const QPointF to(area.left() + 12, middle);
-        if (i == 2) {
-            DrawnMarks::polyline(sheet, QVector<QPointF>{to, from}, 0.9, {3, 1.6});
-            DrawnMarks::arrow(sheet, from, {-1, 0}, {4.4, 2, true});
-        } else {
-            DrawnMarks::polyline(sheet, QVector<QPointF>{from, to}, i == 0 ? 1.4 : 0.8);
-            DrawnMarks::arrow(sheet, to - QPointF(3, 0), {1, 0},
-                              i == 0 ? DrawnMarks::SArrow{5, 2.2} : DrawnMarks::SArrow{4.4, 1.8});
-        }
-        DrawnMarks::startingAt(sheet, QPointF(area.left() + MeaningLeft, middle), meanings[i], NotePoints,
+    for (const ECableSign sign : cableSigns(m_wall, m_port)) {
+        drawCableSign(sheet, sign, {area.left(), middle});
+        DrawnMarks::startingAt(sheet, QPointF(area.left() + MeaningLeft, middle), meanings[sign], NotePoints,
                                false, EMark::Caption);
         middle += SignStep;
     }
+    return middle;
 }
 
 void CPortPanel::drawSigns(SSheet &sheet, const QRectF &area) const
 {
     DrawnMarks::startingAt(sheet, area.topLeft() + QPointF(0, 3), tr("Signs"), TablePoints, true,
                            EMark::Caption);
-    drawCableSigns(sheet, area);
-    double middle = area.top() + HeadingHeight + (CableSigns + 0.5) * SignStep;
+    double middle = drawCableSigns(sheet, area);
     for (const auto &sign : m_signs) {
         if (!sign.first.isEmpty())
             DrawnMarks::startingAt(sheet, QPointF(area.left(), middle), sign.first, SignPoints, false,

@@ -42,7 +42,9 @@ private:
     void drawMap(SSheet &sheet, const QRectF &area, const QVector<int> &black) const;
     void drawFacts(SSheet &sheet, const QRectF &area) const;
     void drawSigns(SSheet &sheet, const QRectF &area) const;
-    void drawCableSigns(SSheet &sheet, const QRectF &area) const;
+    /// Returns the middle of the next line.
+    double drawCableSigns(SSheet &sheet, const QRectF &area) const;
+    static void drawCableSign(SSheet &sheet, int sign, const QPointF &from);
     void drawTicks(SSheet &sheet, const QRectF &area) const;
 
     const CWall &m_wall;

@@ -15,6 +15,18 @@ namespace {
 constexpr double PanelGap = 4; // millimetres between drawing and panel
 constexpr double TitleHeight = 17;
 
+/// From which side on the cabinets of a port can be labelled, millimetres of the paper.
+double smallestSide(const CWall &wall, const SPlanPort &port)
+{
+    const auto column = [&](int place) {
+        return wall.cabinets().at(port.chain.at(place)).millimetres.center().x();
+    };
+    bool upright = false; // a wire from top to bottom
+    for (int i = 2; i < port.chain.size() && !upright; ++i)
+        upright = CWall::isSame(column(i - 2), column(i - 1)) && CWall::isSame(column(i - 1), column(i));
+    return CabinetLabels::smallestSide(port.chain.size(), upright);
+}
+
 } // namespace
 
 CPortSheets::CPortSheets(const CWall &wall, const SSheetArea &area)
@@ -28,7 +40,7 @@ double CPortSheets::trueScale(const SPlanPort &port) const
 {
     const int scale = m_wall.processor().config.scale;
     const double side = SPartView::shortestSide(m_wall, CWall::cabinetsOf(port));
-    return scale > 0 && side / scale >= CabinetLabels::SmallestSide ? 1.0 / scale : 0;
+    return scale > 0 && side / scale >= smallestSide(m_wall, port) ? 1.0 / scale : 0;
 }
 
 QRectF CPortSheets::drawingRoom(const CPortPanel &panel, bool beside) const
@@ -56,8 +68,8 @@ CPortSheets::SDivision CPortSheets::division(const SPlanPort &port, const CPortP
         return division(port, panel, fixed);
     const double side = std::max(SPartView::shortestSide(m_wall, CWall::cabinetsOf(port)), 1.0);
     // Smaller than it should be is better than nothing: long strips have no room for more.
-    for (double least : {CabinetLabels::SmallestSide, CabinetLabels::SmallestSide / 2,
-                         CabinetLabels::SmallestSide / 4, 0.1}) {
+    const double usual = smallestSide(m_wall, port);
+    for (double least : {usual, CabinetLabels::SmallestSide / 2, CabinetLabels::SmallestSide / 4, 0.1}) {
         const SDivision divided = division(port, panel, least / side);
         if (!divided.parts.isEmpty())
             return divided;
@@ -97,7 +109,7 @@ QString CPortSheets::summary(const SPlanPort &port, int part, int parts) const
 {
     const int count = port.chain.size() + port.unwired.size();
     QString text = count == 1 ? tr("1 cabinet") : tr("%1 cabinets").arg(count);
-    if (!port.chain.isEmpty())
+    if (port.chain.size() > 1)
         text += tr(", 1 to %1").arg(port.chain.size());
     const auto &all = m_wall.cabinets();
     const QVector<int> cabinets = CWall::cabinetsOf(port);
@@ -117,19 +129,9 @@ QString CPortSheets::summary(const SPlanPort &port, int part, int parts) const
 SSheet CPortSheets::sheet(const SPlanPort &port, const CPortPanel &panel, const SDivision &division, int part,
                           SSheet::View view, int first) const
 {
-    SSheet sheet;
-    sheet.title = tr("Port %1").arg(port.index + 1);
-    sheet.ports = QString::number(port.index + 1);
-    sheet.processor = m_wall.processor().name;
-    sheet.size = m_area.size;
-    sheet.frame = m_area.frame;
-    sheet.view = view;
-    sheet.port = port.index;
     const double fixed = trueScale(port);
-    sheet.scale = fixed > 0 ? QStringLiteral("1:%1").arg(m_wall.processor().config.scale) : tr("to fit");
-    sheet.scaleMissed = fixed <= 0 && m_wall.processor().config.scale > 0;
-    SheetMarks::head(sheet, m_area.content, sheet.title, summary(port, part, division.parts.size()), true);
-
+    SSheet sheet = DrawnViews::sheet(m_wall, m_area, view, port.index, fixed > 0,
+                                     summary(port, part, division.parts.size()));
     const QRectF room = drawingRoom(panel, division.beside);
     CPortDrawing drawing(m_wall, port, division.parts.at(part), view == SSheet::Back);
     const double shown = fixed > 0 ? fixed : drawing.fittingScale(room.size());

@@ -6,6 +6,8 @@
 #include "layout/printing/graphics/DrawnMarks.h"
 #include "layout/printing/graphics/DrawnViews.h"
 #include "layout/printing/graphics/SheetClip.h"
+#include "layout/printing/graphics/WallRuler.h"
+#include "layout/printing/sheets/CSheetFont.h"
 #include "layout/printing/sheets/SheetMarks.h"
 
 #include <algorithm>
@@ -21,6 +23,9 @@ constexpr double FieldHeight = 32; // what is not field, of the frame without ti
 constexpr double BarLength = 100;
 constexpr double BarBelow = 5; // the field
 constexpr double CrossHalf = 3;
+constexpr double TileMapBelow = 1.5; // the field
+constexpr double TileMapHeight = 8.5;
+constexpr double TileMapWidth = 40;
 constexpr double Rounding = 1e-6;
 
 /// A, B, … Z, AA …
@@ -88,21 +93,12 @@ CResult<QVector<SSheet>> CTileSheets::sheets() const
 
 SSheet CTileSheets::tile(const QVector<SSheetMark> &marks, SSheet::View view, int row, int column) const
 {
-    SSheet sheet;
-    sheet.title = tr("Overview");
-    sheet.ports = tr("all");
-    sheet.processor = m_wall.processor().name;
-    sheet.size = m_area.size;
-    sheet.frame = m_area.frame;
-    sheet.view = view;
-    sheet.scale = QStringLiteral("1:%1").arg(m_wall.processor().config.scale);
-    SheetMarks::head(sheet, m_area.content, sheet.title,
-                     tr("row %1 of %2, column %3 of %4 of the tiles")
-                         .arg(row + 1)
-                         .arg(m_rows)
-                         .arg(column + 1)
-                         .arg(m_columns),
-                     true);
+    SSheet sheet = DrawnViews::sheet(m_wall, m_area, view, -1, true,
+                                     tr("row %1 of %2, column %3 of %4 of the tiles")
+                                         .arg(row + 1)
+                                         .arg(m_rows)
+                                         .arg(column + 1)
+                                         .arg(m_columns));
     // From behind, the same part of the wall, which begins at the other side.
     const double left = column * (m_field.width() - Overlap);
     const double mirrored = m_wall.bounds().width() * m_scale - left - m_field.width();
@@ -110,7 +106,9 @@ SSheet CTileSheets::tile(const QVector<SSheetMark> &marks, SSheet::View view, in
     // The edge of the wall is as thick on its outer side.
     sheet.marks += SheetClip::clipped(marks, QRectF(corner, m_field.size()).adjusted(-1, -1, 1, 1),
                                       m_field.topLeft() - corner);
+    drawNames(sheet, {m_wall.bounds(), m_field.topLeft() - corner, m_scale, view == SSheet::Back});
     drawCrosses(sheet, row, column);
+    drawMap(sheet, QRectF(corner, m_field.size()));
     drawBar(sheet);
     return sheet;
 }
@@ -147,6 +145,40 @@ void CTileSheets::drawCrosses(SSheet &sheet, int row, int column) const
     }
 }
 
+void CTileSheets::drawNames(SSheet &sheet, const SPlacing &placing) const
+{
+    QVector<int> all(m_wall.cabinets().size());
+    std::iota(all.begin(), all.end(), 0);
+    for (bool columns : {true, false}) {
+        const double from = columns ? m_field.left() : m_field.top();
+        const double to = columns ? m_field.right() : m_field.bottom();
+        QVector<WallRuler::SStretch> here;
+        for (WallRuler::SStretch stretch : WallRuler::stretches(m_wall, all, placing, columns)) {
+            const double whole = stretch.to - stretch.from;
+            stretch.from = std::max(stretch.from, from);
+            stretch.to = std::min(stretch.to, to);
+            if (stretch.to - stretch.from > whole / 2) // the rest is on the next tile
+                here << stretch;
+        }
+        WallRuler::drawNames(sheet, here, columns,
+                             (columns ? m_field.top() : m_field.left()) - FieldSide / 2);
+    }
+}
+
+void CTileSheets::drawMap(SSheet &sheet, const QRectF &field) const
+{
+    const QSizeF wall = m_wall.bounds().size() * m_scale;
+    const double scale = std::min(TileMapWidth / wall.width(), TileMapHeight / wall.height());
+    const QSizeF size = wall * scale;
+    const QRectF map({m_area.content.right() - size.width(), m_field.bottom() + TileMapBelow}, size);
+    const QRectF shown = field.intersected(QRectF({0, 0}, wall));
+    SheetMarks::fill(sheet, QRectF(map.topLeft() + shown.topLeft() * scale, shown.size() * scale), Qt::black);
+    QVector<QLineF> outlines = m_wall.outlines();
+    SPlacing placing{m_wall.bounds(), map.topLeft(), m_scale * scale, sheet.view == SSheet::Back};
+    DrawnMarks::lines(sheet, placing.map(outlines), 0.18, QColor(0x70, 0x70, 0x70));
+    SheetMarks::rectangle(sheet, map, 0.35);
+}
+
 void CTileSheets::drawBar(SSheet &sheet) const
 {
     const double level = m_field.bottom() + BarBelow;
@@ -156,7 +188,11 @@ void CTileSheets::drawBar(SSheet &sheet) const
                        QLineF(left, level - 1.5, left, level + 1.5),
                        QLineF(left + BarLength, level - 1.5, left + BarLength, level + 1.5)},
                       0.35);
-    DrawnMarks::startingAt(sheet, {left + BarLength + 4, level},
-                           tr("100 mm, if the printer keeps the scale. Glue so that equal letters coincide."),
-                           SheetMarks::NotePoints, false, EMark::Note);
+    const double text = left + BarLength + 4;
+    const QString note = tr("100 mm, if the printer keeps the scale. Glue so that equal letters coincide.");
+    using SheetMarks::NotePoints;
+    DrawnMarks::startingAt(
+        sheet, {text, level},
+        CSheetFont::elided(note, NotePoints, false, m_area.content.right() - TileMapWidth - 4 - text),
+        NotePoints, false, EMark::Note);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "layout/printing/graphics/CWall.h"
+#include "layout/printing/graphics/SPlacing.h"
 #include "layout/printing/sheets/SSheet.h"
 #include "layout/printing/sheets/SSheetArea.h"
 #include "platform/common/CResult.h"
@@ -33,6 +34,10 @@ private:
     SSheet tile(const QVector<SSheetMark> &marks, SSheet::View view, int row, int column) const;
     void drawCrosses(SSheet &sheet, int row, int column) const;
     void drawBar(SSheet &sheet) const;
+    /// Rows and columns, at the edges of what the tile shows.
+    void drawNames(SSheet &sheet, const SPlacing &placing) const;
+    /// Where on the wall @p field is, millimetres of the whole drawing.
+    void drawMap(SSheet &sheet, const QRectF &field) const;
 
     const CWall &m_wall;
     const SSheetArea &m_area;

@@ -117,6 +117,12 @@ void CWall::findTouching()
         std::sort(others.begin(), others.end());
 }
 
+bool CWall::hasUnwired() const
+{
+    return std::any_of(m_ports.begin(), m_ports.end(),
+                       [](const SPlanPort *port) { return !port->unwired.isEmpty(); });
+}
+
 bool CWall::adjoin(int cabinet, int other) const
 {
     if (!m_touching.at(cabinet).contains(other))

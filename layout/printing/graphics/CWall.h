@@ -23,6 +23,8 @@ public:
     const QVector<SPlanCabinet> &cabinets() const { return m_processor.cabinets; }
     /// The ports that have cabinets on the wall, ascending.
     const QVector<const SPlanPort *> &ports() const { return m_ports; }
+    /// Whether there are cabinets without wiring.
+    bool hasUnwired() const;
     /// The cabinets of @p port, those without wiring last.
     static QVector<int> cabinetsOf(const SPlanPort &port) { return port.chain + port.unwired; }
 

@@ -3,10 +3,12 @@
 #include "layout/printing/graphics/CabinetLabels.h"
 
 #include "layout/printing/graphics/DrawnMarks.h"
+#include "layout/printing/sheets/CSheetFont.h"
 #include "layout/printing/sheets/SheetMarks.h"
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace {
 
@@ -24,9 +26,12 @@ constexpr double TagPadding = 0.8; // millimetres
 constexpr double TagBorder = 0.5;
 constexpr double LabelGap = 0.5;
 constexpr double LeaderWidth = 0.2;
-constexpr double BesideBorder = 1.7; // of a wire that follows a border
+constexpr double BesideBorder = 2;   // of a wire that follows a border
 constexpr double PixelLeft = 2.5;    // of the centre, beside an arrow head
 constexpr double LabelStep = 1.25;   // of a line's height
+constexpr double SmallPadding = 0.8; // below MediumSide
+constexpr double DigitRoom = 1.1;    // of their height: nothing is below the line
+constexpr double WireRoom = 0.75;    // from the middle of a wire: half an arrow head, and air
 
 double sideOf(const QRectF &rect)
 {
@@ -38,7 +43,7 @@ QRectF innerOf(const SCabinetLabels &labels)
 {
     const QRectF &rect = labels.rect;
     const double side = sideOf(rect);
-    const double padding = side >= LargeSide ? 1.4 : side >= MediumSide ? 0.9 : 0.8;
+    const double padding = side >= LargeSide ? 1.4 : side >= MediumSide ? 0.9 : SmallPadding;
     QRectF inner = rect.adjusted(padding, padding, -padding, -padding);
     for (const QRectF &wire : labels.obstacles) {
         const QPointF middle = wire.center();
@@ -53,6 +58,21 @@ QRectF innerOf(const SCabinetLabels &labels)
             inner.setBottom(std::min(inner.bottom(), wire.top() - LabelGap));
     }
     return inner;
+}
+
+QRectF numberRoom(const QString &number, double points)
+{
+    QRectF room = DrawnMarks::room(number, points, true);
+    room.setHeight(CSheetFont::capHeight(points) * DigitRoom);
+    return room;
+}
+
+/// Whether a number in @p box keeps clear of wires and border.
+bool isClear(const SCabinetLabels &labels, const QRectF &inner, const QRectF &box)
+{
+    return box.right() <= inner.right() && box.bottom() <= inner.bottom() &&
+           std::none_of(labels.obstacles.begin(), labels.obstacles.end(),
+                        [&](const QRectF &obstacle) { return obstacle.intersects(box); });
 }
 
 /// What one cabinet gets, label by label.
@@ -70,7 +90,17 @@ public:
 
     void placeNumber(double points)
     {
-        const QRectF box = DrawnMarks::room(m_labels.number, points, true).translated(m_inner.topLeft());
+        QRectF box = numberRoom(m_labels.number, points).translated(m_inner.topLeft());
+        const QPointF corners[] = {m_inner.topLeft(), m_inner.bottomLeft() - QPointF(0, box.height()),
+                                   m_inner.topRight() - QPointF(box.width(), 0),
+                                   m_inner.bottomRight() - QPointF(box.width(), box.height())};
+        const auto free = std::find_if(std::begin(corners), std::end(corners), [&](const QPointF &corner) {
+            return isClear(m_labels, m_inner, QRectF(corner, box.size()));
+        });
+        if (free != std::end(corners))
+            box.moveTopLeft(*free);
+        else // rather a gap in the wire than a number that is struck through
+            SheetMarks::fill(m_sheet, box, Qt::white);
         add(box, m_labels.number, points, true, EMark::CabinetNumber);
     }
 
@@ -218,13 +248,16 @@ double CabinetLabels::numberPoints(const SCabinetLabels &labels)
 {
     const QRectF inner = innerOf(labels);
     for (double points = largestNumber(labels.rect); points > CaptionPoints; points -= 1) {
-        const QRectF box = DrawnMarks::room(labels.number, points, true).translated(inner.topLeft());
-        const bool free = std::none_of(labels.obstacles.begin(), labels.obstacles.end(),
-                                       [&](const QRectF &obstacle) { return obstacle.intersects(box); });
-        if (free && box.right() <= inner.right())
+        if (isClear(labels, inner, numberRoom(labels.number, points).translated(inner.topLeft())))
             return points;
     }
     return CaptionPoints;
+}
+
+double CabinetLabels::smallestSide(int largest, bool upright)
+{
+    const double width = DrawnMarks::room(QString::number(largest), CaptionPoints, true).width();
+    return std::max(SmallestSide, upright ? 2 * (SmallPadding + width + WireRoom) : 2 * SmallPadding + width);
 }
 
 void CabinetLabels::place(SSheet &sheet, const SCabinetLabels &labels, double numberPoints)
@@ -237,7 +270,7 @@ void CabinetLabels::place(SSheet &sheet, const SCabinetLabels &labels, double nu
 
 bool CabinetLabels::isTooSmall(const SCabinetLabels &labels)
 {
-    const QRectF box = DrawnMarks::room(labels.number, CaptionPoints, true);
+    const QRectF box = numberRoom(labels.number, CaptionPoints);
     return box.width() > labels.rect.width() - 0.6 || box.height() > labels.rect.height() - 0.6;
 }
 
@@ -249,7 +282,7 @@ void CabinetLabels::placeBeside(SSheet &sheet, const SCabinetLabels &labels, con
             taken << text->box.adjusted(-0.3, -0.3, 0.3, 0.3);
     }
     const QPointF centre = labels.rect.center();
-    QRectF box = DrawnMarks::room(labels.number, CaptionPoints, true);
+    QRectF box = numberRoom(labels.number, CaptionPoints);
     bool found = false;
     for (int step = 0; step < 400 && !found; ++step) { // outwards, in a spiral
         const double angle = step * M_PI / 8;

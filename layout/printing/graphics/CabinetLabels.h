@@ -27,10 +27,14 @@ struct SCabinetLabels
     QVector<QRectF> obstacles; ///< wires, arrow heads, marks
 };
 
-/// Places texts in cabinets: each has its quarter, what does not fit is left out, the number never.
+/// Places texts in cabinets: each has its quarter, what does not fit is left out, the number never. It rather
+/// moves to another quarter than lies on a wire.
 namespace CabinetLabels {
 
 constexpr double SmallestSide = 7; ///< of a cabinet that gets a sheet of its port; smaller ones are split
+
+/// The same where numbers up to @p largest have to fit, @p upright beside a wire from top to bottom.
+double smallestSide(int largest, bool upright);
 
 /// The size of the number, in points, with which it keeps clear of the obstacles, or the smallest one.
 double numberPoints(const SCabinetLabels &labels);

@@ -4,6 +4,7 @@
 
 #include "layout/drawing/CWirePainter.h"
 #include "layout/printing/sheets/CSheetFont.h"
+#include "layout/printing/sheets/SheetMarks.h"
 
 namespace {
 
@@ -85,14 +86,8 @@ QRectF DrawnMarks::room(const QString &text, double points, bool bold)
 void DrawnMarks::text(SSheet &sheet, const QRectF &box, const QString &text, double points, bool bold,
                       EMark mark, const QColor &color, double whiteEdge)
 {
-    SSheetText letters;
-    letters.box = box;
-    letters.alignment = Qt::AlignLeft | Qt::AlignVCenter;
-    letters.points = points;
-    letters.bold = bold;
+    SSheetText letters = SheetMarks::text(box, text, points, bold, mark);
     letters.color = color;
-    letters.text = text;
-    letters.mark = mark;
     letters.whiteEdge = whiteEdge;
     sheet.marks << letters;
 }

@@ -34,5 +34,7 @@ struct SPartView
         const double least = sides.isEmpty() ? 0 : sides.at(sides.size() / 2) / 2;
         return sides.isEmpty() ? 0 : *std::lower_bound(sides.begin(), sides.end(), least);
     }
+    /// Of the disc at the start of the chain.
+    double startRadius() const { return std::max(1.2, std::min(2.6, shortestSide() * 0.12)); }
     double shortestSide() const { return shortestSide(wall, part.owned) * placing.scale; }
 };

@@ -5,6 +5,8 @@
 #include "layout/printing/graphics/DrawnMarks.h"
 #include "layout/printing/sheets/SheetMarks.h"
 
+#include <QMap>
+
 #include <algorithm>
 
 namespace {
@@ -21,33 +23,94 @@ QPainterPath areaOf(const CWall &wall, const QVector<int> &cabinets, const SPlac
     return area;
 }
 
-/// The numbers of the ports that have room for them; that of @p look first.
+/// A number in the picture.
+struct SNumber
+{
+    QRectF box;
+    QRectF plate;
+    double points;
+    bool named;
+};
+
+/// Numbers in the middle of their ports.
+using Numbers = QMap<int, SNumber>; // by output-port index
+Numbers numbersOf(const CWall &wall, const SPlacing &placing, const WallSketch::SLook &look, double points)
+{
+    Numbers numbers;
+    for (const SPlanPort *port : wall.ports()) {
+        SNumber number;
+        number.points = points;
+        number.named = port->index == look.named;
+        number.box = DrawnMarks::room(QString::number(port->index + 1), points, true);
+        number.box.moveCenter(
+            placing.map(number.named ? wall.middleOf(look.black) : wall.middle(port->index)));
+        number.plate = number.box.adjusted(-Air, 0, Air, 0);
+        numbers.insert(port->index, number);
+    }
+    return numbers;
+}
+
+/// Whether each number lies within its port, and none over another.
+bool isRoomy(const Numbers &numbers, const CWall &wall, const SPlacing &placing)
+{
+    QVector<QRectF> taken;
+    for (auto it = numbers.cbegin(); it != numbers.cend(); ++it) {
+        const QSizeF room = placing.map(wall.bounds(*wall.processor().port(it.key()))).size();
+        if (it->plate.width() > room.width() || it->plate.height() > room.height() ||
+            std::any_of(taken.begin(), taken.end(),
+                        [&](const QRectF &other) { return other.intersects(it->plate); }))
+            return false;
+        taken << it->plate;
+    }
+    return true;
+}
+
+/// Every so many-th port, as close as numbers do not touch; always the named one.
+Numbers thinned(const Numbers &numbers, const QRectF &area)
+{
+    for (int step : {1, 2, 5, 10, 20, 50, 100}) {
+        Numbers some;
+        bool touching = false;
+        for (auto it = numbers.cbegin(); it != numbers.cend(); ++it) {
+            if (!it->named && it.key() > 0 && (it.key() + 1) % step != 0)
+                continue;
+            const QRectF plate = it->plate.adjusted(-Air, -Air, Air, Air);
+            const auto hit = std::find_if(some.begin(), some.end(), [&](const SNumber &other) {
+                return other.plate.adjusted(-Air, -Air, Air, Air).intersects(plate);
+            });
+            if (!area.contains(it->box) || (hit != some.end() && hit->named))
+                continue;
+            if (hit != some.end() && it->named)
+                some.erase(hit);
+            else if (hit != some.end())
+                touching = true;
+            some.insert(it.key(), *it);
+        }
+        if (!touching)
+            return some;
+    }
+    return {};
+}
+
+/// The numbers of the ports; where there is no room for all of them, of some.
 void drawNumbers(SSheet &sheet, const CWall &wall, const SPlacing &placing, const WallSketch::SLook &look)
 {
     using SheetMarks::CaptionPoints;
     using SheetMarks::TablePoints;
-    QVector<const SPlanPort *> ports = wall.ports();
-    std::stable_partition(ports.begin(), ports.end(),
-                          [&](const SPlanPort *port) { return port->index == look.named; });
-    QVector<QRectF> taken;
-    for (const SPlanPort *port : qAsConst(ports)) {
-        const bool named = port->index == look.named;
-        const QRectF room = placing.map(named ? wall.bounds(look.black) : wall.bounds(*port));
-        const QString text = QString::number(port->index + 1);
-        for (double points : {TablePoints, CaptionPoints}) {
-            QRectF box = DrawnMarks::room(text, points, true);
-            box.moveCenter(placing.map(named ? wall.middleOf(look.black) : wall.middle(port->index)));
-            const QRectF plate = box.adjusted(-Air, 0, Air, 0);
-            if (plate.width() > room.width() || plate.height() > room.height() ||
-                std::any_of(taken.begin(), taken.end(),
-                            [&](const QRectF &other) { return other.intersects(plate); }))
-                continue;
-            if (look.hatched)
-                SheetMarks::fill(sheet, plate.adjusted(-Air, -Air, Air, Air), Qt::white);
-            DrawnMarks::text(sheet, box, text, points, true, EMark::Caption, named ? Qt::white : Qt::black);
-            taken << plate;
-            break;
-        }
+    Numbers numbers = numbersOf(wall, placing, look, TablePoints);
+    if (!isRoomy(numbers, wall, placing))
+        numbers = numbersOf(wall, placing, look, CaptionPoints);
+    const bool all = isRoomy(numbers, wall, placing);
+    if (!all)
+        numbers = thinned(numbers, placing.target());
+    for (auto it = numbers.cbegin(); it != numbers.cend(); ++it) {
+        const QRectF plate = it->plate.adjusted(-Air, -Air, Air, Air);
+        if (it->named)
+            SheetMarks::fill(sheet, it->plate.intersected(placing.target()), Qt::black);
+        else if (look.hatched || !all) // may reach over the lines around its port
+            SheetMarks::fill(sheet, (all ? plate : it->plate).intersected(placing.target()), Qt::white);
+        DrawnMarks::text(sheet, it->box, QString::number(it.key() + 1), it->points, true, EMark::Caption,
+                         it->named ? Qt::white : Qt::black);
     }
 }
 
