@@ -2,22 +2,60 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/geometry/COverlapGrid.h"
 
+#include <algorithm>
+#include <array>
+
 namespace {
 
-constexpr int CellShift = 8; // cells of 256 pixels: of usual cabinets each lies in few, and a cell holds few
-constexpr int MostCompared = 5000; // of tiny ones a cell can hold more, and each would be compared with all
+// Cells of 8, 64 and 256 pixels. Each rectangle lies in few cells of its level, and a cell holds few of them,
+// so that tiny ones are not compared with thousands of others.
+constexpr std::array<int, 3> CellShifts{3, 6, 8};
+constexpr int MostCompared = 5000;
+constexpr quint64 CoordinateMask = (1 << 30) - 1;
+
+int levelOf(const QRect &rect)
+{
+    const int side = std::max(rect.width(), rect.height());
+    return side <= 8 ? 0 : side <= 64 ? 1 : 2;
+}
 
 } // namespace
 
+/// Visits the cells of a level that @p rect touches: those of the rectangles of that level, or of smaller
+/// ones.
 template <typename Visit>
-void COverlapGrid::visitCells(const QRect &rect, Visit visit)
+void COverlapGrid::visitCells(const QRect &rect, int level, bool smaller, Visit visit)
+{
+    const int shift = CellShifts.at(size_t(level));
+    const Cell part = Cell(2 * level + (smaller ? 1 : 0)) << 60;
+    for (int row = rect.top() >> shift; row <= rect.bottom() >> shift; ++row) {
+        for (int column = rect.left() >> shift; column <= rect.right() >> shift; ++column)
+            visit(part | (quint64(row) & CoordinateMask) << 30 | (quint64(column) & CoordinateMask));
+    }
+}
+
+/// Visits the cells that may hold what overlaps @p rect.
+template <typename Visit>
+void COverlapGrid::visitNear(const QRect &rect, Visit visit)
 {
     if (rect.isEmpty())
         return;
-    for (int row = rect.top() >> CellShift; row <= rect.bottom() >> CellShift; ++row) {
-        for (int column = rect.left() >> CellShift; column <= rect.right() >> CellShift; ++column)
-            visit(Cell(quint32(row)) << 32 | quint32(column));
-    }
+    const int own = levelOf(rect);
+    if (own > 0)
+        visitCells(rect, own, true, visit);
+    for (int level = own; level < int(CellShifts.size()); ++level)
+        visitCells(rect, level, false, visit);
+}
+
+/// Visits the cells in which @p rect is kept.
+template <typename Visit>
+void COverlapGrid::visitHomes(const QRect &rect, Visit visit)
+{
+    if (rect.isEmpty())
+        return;
+    const int own = levelOf(rect);
+    for (int level = own; level < int(CellShifts.size()); ++level)
+        visitCells(rect, level, level > own, visit);
 }
 
 int COverlapGrid::add(const QRect &rect)
@@ -33,15 +71,17 @@ int COverlapGrid::add(const QRect &rect)
 
 void COverlapGrid::move(int number, const QRect &rect)
 {
-    visitCells(m_rects.at(number), [this, number](Cell cell) {
-        m_cells[cell].remove(number);
-        touch(cell);
+    const auto touched = [this](Cell cell) { touch(cell); };
+    visitNear(m_rects.at(number), touched);
+    visitHomes(m_rects.at(number), [this, number](Cell cell) {
+        const auto found = m_cells.find(cell);
+        found->remove(number);
+        if (found->isEmpty())
+            m_cells.erase(found);
     });
     m_rects[number] = rect;
-    visitCells(rect, [this, number](Cell cell) {
-        m_cells[cell].insert(number);
-        touch(cell);
-    });
+    visitHomes(rect, [this, number](Cell cell) { m_cells[cell].insert(number); });
+    visitNear(rect, touched);
 }
 
 void COverlapGrid::remove(int number)
@@ -52,7 +92,7 @@ void COverlapGrid::remove(int number)
 
 void COverlapGrid::touch(Cell cell)
 {
-    if (m_isTouched.contains(cell))
+    if (m_isTouched.contains(cell) || !m_cells.contains(cell))
         return;
     m_isTouched.insert(cell);
     m_touched << cell;
@@ -64,11 +104,7 @@ QSet<int> COverlapGrid::takeTouched()
         return {};
     const Cell cell = m_touched.takeLast();
     m_isTouched.remove(cell);
-    const auto found = m_cells.find(cell);
-    const QSet<int> numbers = *found;
-    if (numbers.isEmpty())
-        m_cells.erase(found);
-    return numbers;
+    return m_cells.value(cell);
 }
 
 QVector<QRect> COverlapGrid::overlaps(int number, int most) const
@@ -76,7 +112,7 @@ QVector<QRect> COverlapGrid::overlaps(int number, int most) const
     const QRect rect = m_rects.at(number);
     QSet<int> found;
     int compared = 0;
-    visitCells(rect, [&](Cell cell) {
+    visitNear(rect, [&](Cell cell) {
         const auto near = m_cells.constFind(cell);
         if (near == m_cells.cend())
             return;

@@ -33,7 +33,11 @@ private:
     using Cell = quint64;
 
     template <typename Visit>
-    static void visitCells(const QRect &rect, Visit visit);
+    static void visitCells(const QRect &rect, int level, bool smaller, Visit visit);
+    template <typename Visit>
+    static void visitNear(const QRect &rect, Visit visit);
+    template <typename Visit>
+    static void visitHomes(const QRect &rect, Visit visit);
     void touch(Cell cell);
 
     QVector<QRect> m_rects;

@@ -14,6 +14,7 @@
 #include <QRegion>
 
 #include <algorithm>
+#include <array>
 #include <numeric>
 
 namespace {
@@ -216,8 +217,10 @@ private Q_SLOTS:
     {
         QRandomGenerator random(7);
         const auto anyRect = [&random] {
-            return QRect(random.bounded(-600, 600), random.bounded(-600, 600), 1 + random.bounded(400),
-                         1 + random.bounded(60));
+            const int most = std::array<int, 3>{6, 60, 400}.at(size_t(random.bounded(3)));
+            const int reach = random.bounded(2) ? 600 : 3 * most;
+            return QRect(random.bounded(-reach, reach), random.bounded(-reach, reach),
+                         1 + random.bounded(most), 1 + random.bounded(most));
         };
         COverlapGrid grid;
         QMap<int, QRect> rects;
