@@ -161,7 +161,10 @@ CStatus CSafeFile::putAside(const QString &file, const QString &name)
         errno = EEXIST;
     if (errno == EEXIST || CFileSystem::current().rename(from, to) < 0)
         return failure();
-    return confirmFolder(QFileInfo(file).absolutePath());
+    CStatus confirmed = confirmFolder(QFileInfo(file).absolutePath());
+    return confirmed ? confirmed
+                     : CStatus::failure(
+                           tr("%1 was renamed to %2. %3").arg(quoted(file), quoted(name), confirmed.error()));
 }
 
 bool CSafeFile::cleanAround(const QString &file)
