@@ -88,6 +88,8 @@ CStatus CDeviceCommands::setPortCount(const QUuid &processor, int count)
         return CStatus::failure(unknownProcessor());
     if (count < 1 || count > device->kind.ports)
         return failure(*device, tr("It has 1 to %1 output ports.").arg(device->kind.ports));
+    if (!device->layoutRefusal().isEmpty())
+        return failure(*device, device->layoutRefusal());
     for (const CabinetLayout::CabinetPort &port : device->working.layout().ports) {
         if (port.index >= count && port.cabinetCount() > 0)
             return failure(*device, tr("Output port %1 holds cabinets.").arg(port.index + 1));
@@ -330,15 +332,20 @@ CStatus CDeviceCommands::sendParameters(const Cabinets &cabinets, const SMD5 &ty
         if (!receivers.contains(holder->node.uuid))
             receivers << holder->node.uuid;
     }
+    QStringList served;
     for (const QUuid &processor : qAsConst(receivers)) {
-        CStatus status = apply(processor, [&type, gamma, known](SProcessorSettings &settings) {
+        const CStatus status = apply(processor, [&type, gamma, known](SProcessorSettings &settings) {
             if (known->customGamma) // the table says it all
                 settings.gammas.remove(type);
             else
                 settings.gammas.insert(type, gamma);
         });
         if (!status)
-            return status;
+            return served.isEmpty()
+                       ? status
+                       : CStatus::failure(tr("%1\nThese have the new parameters already: %2.")
+                                              .arg(status.error(), served.join(QLatin1String(", "))));
+        served << m_services.table().device(processor).value_or(SDevice()).node.displayText();
     }
     return receivers.isEmpty() ? CStatus::failure(tr("There are no cabinets to send to.")) : CStatus::done();
 }

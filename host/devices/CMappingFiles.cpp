@@ -84,6 +84,8 @@ CStatus CMappingFiles::importProcessor(const QUuid &processor, const QString &fi
     const std::optional<SDevice> device = m_services.table().device(processor);
     if (!device)
         return noSuchProcessor();
+    if (!device->layoutRefusal().isEmpty())
+        return CStatus::failure(device->failureText(device->layoutRefusal()));
     const CResult<SProcessorProject> project = CProcessorProject::read(file);
     return project ? replaceLayout(*device, project.value().layout, overwriteLocked)
                    : CStatus::failure(project.error());
@@ -95,6 +97,8 @@ CStatus CMappingFiles::copyProcessor(const QUuid &from, const QUuid &to, bool ov
     const std::optional<SDevice> target = m_services.table().device(to);
     if (!source || !target || from == to)
         return noSuchProcessor();
+    if (!target->layoutRefusal().isEmpty())
+        return CStatus::failure(target->failureText(target->layoutRefusal()));
     return replaceLayout(*target, source->working.layout(), overwriteLocked);
 }
 
@@ -152,6 +156,8 @@ CStatus CMappingFiles::importPort(const QUuid &processor, int port, const QStrin
     const Port *replaced = device ? device->working.layout().port(port) : nullptr;
     if (!replaced)
         return device ? CStatus::failure(tr("There is no output port %1.").arg(port + 1)) : noSuchProcessor();
+    if (!device->layoutRefusal().isEmpty())
+        return CStatus::failure(device->failureText(device->layoutRefusal()));
     if (replaced->redundancy == Port::Redundant)
         return CStatus::failure(
             device->failureText(tr("Output port %1 is a redundancy port.").arg(port + 1)));

@@ -39,6 +39,8 @@ QString CPortPairs::refusal(const SPortKey &key) const
         return tr("There is no such output port.");
     if (!device->kind.portRedundancy)
         return device->failureText(tr("It does not support port redundancy."));
+    if (!device->layoutRefusal().isEmpty())
+        return device->failureText(device->layoutRefusal());
     if (isBlocked(*device))
         return device->failureText(tr("In its present state port redundancy cannot be set."));
     return port->locked ? device->failureText(tr("Output port %1 is locked.").arg(key.port + 1)) : QString();

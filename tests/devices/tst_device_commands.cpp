@@ -134,7 +134,9 @@ private Q_SLOTS:
         for (const bool first : {true, false}) {
             const auto cabinets = first ? QList<Cabinet>{refusing, other} : QList<Cabinet>{other, refusing};
             QVERIFY(!m_world->handler.sendCabinetParameters(cabinets, other.type, 2.2));
-            QVERIFY(m_world->handler.lastError().startsWith(QLatin1String("Side left(")));
+            const QString error = m_world->handler.lastError();
+            QVERIFY(error.startsWith(QLatin1String("Side left(")));
+            QCOMPARE(error.contains(QLatin1String("already: Main stage(")), !first);
             QCOMPARE(m_world->gammaOf(m_world->left, other.type), 0.0);
             QCOMPARE(m_world->gammaOf(m_world->stage, other.type), first ? 0.0 : 2.2);
         }

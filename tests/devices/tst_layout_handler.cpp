@@ -196,6 +196,37 @@ private Q_SLOTS:
         QVERIFY(handler.processorRedundancies().isEmpty());
     }
 
+    void aRedundancyProcessorKeepsItsLayout()
+    {
+        CLayoutHandler &handler = m_world->handler;
+        const QUuid left = m_world->left, right = m_world->right, stage = m_world->stage;
+        const QString file = m_world->folder.filePath(QStringLiteral("left.sprj"));
+        const QString port = m_world->folder.filePath(QStringLiteral("left.pprj"));
+        QVERIFY(handler.exportProcessorMapping(left, file));
+        QVERIFY(handler.exportPortMapping(left, 1, port));
+        QVERIFY(handler.setProcessorRedundancy(left, right));
+        const CabinetLayout before = m_world->layoutOf(right);
+        const char *reason = "A redundancy processor follows its primary";
+        QVERIFY(refuses(handler.importProcessorMapping(right, file, true), reason));
+        QVERIFY(refuses(handler.importPortMapping(right, 1, port, true), reason));
+        QVERIFY(refuses(handler.copyProcessorMapping(left, right, true), reason));
+        QVERIFY(refuses(handler.setOutputPortCount(right, 16), reason));
+        QVERIFY(refuses(handler.applyPortRedundancy({stage, right}, {{{stage, 14}, {right, 0}}}), reason));
+        const SDeviceOutcome outcome = m_world->read(right);
+        QVERIFY(!outcome.isDone() && outcome.text.contains(QLatin1String(reason)));
+        m_world->edit(right); // before the pair was made
+        const CabinetLayout edited = m_world->layoutOf(right);
+        const QList<QUuid> both{right, left}; // where several are read, the others are
+        QVERIFY(m_world
+                    ->outcomeOf([&](CDeviceJobs::Done done) {
+                        m_world->manager.jobs().readMapping(both, {}, std::move(done));
+                    })
+                    .isDone());
+        QVERIFY(m_world->layoutOf(right).ports == edited.ports && edited.ports != before.ports);
+        QVERIFY(handler.cancelProcessorRedundancy(right));
+        QVERIFY(handler.setOutputPortCount(right, 16));
+    }
+
     void theCanvasStaysWithinItsLimits()
     {
         QVERIFY(!m_world->handler.setCanvasSize({4096, 2161}));

@@ -107,9 +107,11 @@ void CDeviceJobs::readWhatIsDue()
     if (m_due.isEmpty() || current())
         return;
     m_services.flush();
-    QList<QUuid> unedited; // the others wait for the end of the job that saves or reads them
+    // The others wait for the end of the job that saves or reads them, or of their pair.
+    QList<QUuid> unedited;
     for (const QUuid &processor : qAsConst(m_due)) {
-        if (!m_services.table().isModified(processor))
+        const SDevice device = m_services.table().device(processor).value_or(SDevice());
+        if (!device.isModified() && device.layoutRefusal().isEmpty())
             unedited << processor;
     }
     if (unedited.isEmpty())

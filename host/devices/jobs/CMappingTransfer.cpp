@@ -68,6 +68,8 @@ CMappingTransfer::Step CMappingTransfer::readOne(const SDevice &device, const SM
     const auto processor = m_services.device(device.node.uuid);
     if (!processor)
         return failed(device, tr("A project has no processor to read from."));
+    if (!device.layoutRefusal().isEmpty()) // among several, those that can be read are
+        return m_count > 1 ? Step::Done : failed(device, device.layoutRefusal());
     if (device.isModified() && !m_context.ask(device.failureText(
                                    tr("The layout has edits that were not saved to the processor. Replace "
                                       "them by the processor's mapping?"))))

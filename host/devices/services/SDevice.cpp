@@ -2,7 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/devices/services/SDevice.h"
 
+#include "layout/api/records/EditRefusal.h"
+
 #include <algorithm>
+
+QString SDevice::layoutRefusal() const
+{
+    return settings.primary.isNull() ? QString() : EditRefusal::redundancy();
+}
 
 LayoutData SDevice::data() const
 {

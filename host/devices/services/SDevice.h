@@ -37,6 +37,8 @@ struct SDevice
     LayoutData data() const;
     /// Load if @p port replaced port @p index of the working layout.
     SPortLoad portLoad(const CabinetLayout::CabinetPort &port, int index) const;
+    /// Why nobody may change the working layout, for the user; empty: they may.
+    QString layoutRefusal() const;
     /// Whether all ports together exceed what the processor can drive.
     bool isOverloaded() const { return working.chargedPixels() > kind.pixelLimit; }
     /// Sets the settings, and the values that the node shows of them.
