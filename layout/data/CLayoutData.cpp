@@ -57,7 +57,7 @@ CLayoutData::TypeInfo CLayoutData::getTypeInfo(const SMD5 &key) const
 
 CanvasBlock CLayoutData::canvasBlock() const
 {
-    return CHostAccess::call(&Host::canvasBlock);
+    return CHostAccess::call<&Host::canvasBlock>();
 }
 
 QColor CLayoutData::portColor(int port) const
@@ -116,10 +116,11 @@ bool CLayoutData::isProcessorLocked() const
 bool CLayoutData::areAllProcessorsLocked() const
 {
     bool any = false;
-    for (const ProcessorTree::ProcessorNode &node : CHostAccess::call(&Host::processors)) {
-        const QVector<Port> ports = node.uuid == currentProcessor()
-                                        ? m_states.ports()
-                                        : CHostAccess::call(&Host::layoutData, node.uuid).layout.ports;
+    for (const ProcessorTree::ProcessorNode &node : CHostAccess::call<&Host::processors>()) {
+        const QVector<Port> ports =
+            node.uuid == currentProcessor()
+                ? m_states.ports()
+                : CHostAccess::callUnflushed<&Host::layoutData>(node.uuid).layout.ports;
         if (ports.isEmpty())
             continue;
         if (!areLocked(ports))
@@ -133,15 +134,15 @@ void CLayoutData::setAllProcessorsLocked(bool locked)
 {
     setPortLocked(-1, locked);
     syncLayoutData(true); // what waits of another processor would bring its old locks back
-    for (const ProcessorTree::ProcessorNode &node : CHostAccess::call(&Host::processors)) {
+    for (const ProcessorTree::ProcessorNode &node : CHostAccess::call<&Host::processors>()) {
         if (node.uuid == currentProcessor())
             continue;
-        LayoutData data = CHostAccess::call(&Host::layoutData, node.uuid);
+        LayoutData data = CHostAccess::callUnflushed<&Host::layoutData>(node.uuid);
         if (data.layout.ports.isEmpty())
             continue;
         for (Port &port : data.layout.ports)
             port.locked = locked;
-        CHostAccess::call(&Host::commitLayoutData, data);
+        CHostAccess::call<&Host::commitLayoutData>(data);
     }
 }
 
@@ -162,10 +163,10 @@ LayoutData CLayoutData::openProcessor(const QUuid &processor)
     // case, because its earlier notifications may still be pending.
     m_states.setEdited(processor);
     if (!processor.isNull()) {
-        const LayoutData data = CHostAccess::call(&Host::layoutData, processor);
+        const LayoutData data = CHostAccess::callUnflushed<&Host::layoutData>(processor);
         m_states.takeFromHost(processor, data.layout.ports, false);
         m_states.setCanvas(processor, data.canvas);
-        m_states.setBackground(processor, CHostAccess::call(&Host::background, processor));
+        m_states.setBackground(processor, CHostAccess::call<&Host::background>(processor));
     }
     m_states.showWall(another);
     currentPortMayDiffer();
@@ -198,7 +199,7 @@ bool CLayoutData::updatePortLoad(int port, bool withProcessor)
     const auto question = m_states.loadQuestion(port);
     if (!question)
         return false;
-    const int load = CHostAccess::call(&Host::portLoad, question->bearer, question->bearer.index);
+    const int load = CHostAccess::call<&Host::portLoad>(question->bearer, question->bearer.index);
     if (!m_states.setLoad(question->processor, port, load))
         return false;
     Q_EMIT notifyProcessorPortPayloadChanged(port, load);
@@ -284,10 +285,10 @@ void CLayoutData::notesMayDiffer(const QVector<int> &ports)
 {
     const CabinetLayout layout = m_states.data(m_states.current()).layout;
     const auto layoutOf = [](const QUuid &processor) {
-        return CHostAccess::call(&Host::layoutData, processor).layout;
+        return CHostAccess::callUnflushed<&Host::layoutData>(processor).layout;
     };
     const auto nodeOf = [](const QUuid &processor) {
-        return CHostAccess::call(&Host::getProcessorNode, processor);
+        return CHostAccess::call<&Host::getProcessorNode>(processor);
     };
     QSet<int> concerned;
     for (const int port : ports)

@@ -27,8 +27,8 @@ void CLayoutHandOver::handOverNow(const LayoutData &data)
     commit(data, newest);
     if (!m_followUpWanted())
         return;
-    if (CHostAccess::call(&Host::layoutFollowUpNeeded))
-        CHostAccess::call(&Host::applyLayoutFollowUp, false);
+    if (CHostAccess::call<&Host::layoutFollowUpNeeded>())
+        CHostAccess::call<&Host::applyLayoutFollowUp>(false);
     else
         post(data, newest, true);
 }
@@ -71,7 +71,7 @@ void CLayoutHandOver::post(const LayoutData &data, quint64 number, bool committe
         if (!committed)
             commit(data, number);
         if (m_followUpWanted())
-            CHostAccess::call(&Host::applyLayoutFollowUp, false);
+            CHostAccess::call<&Host::applyLayoutFollowUp>(false);
     };
     m_worker.AppendEvent({SyncKey, closure}, committed);
     m_worker.ActivateThread();
@@ -85,7 +85,7 @@ void CLayoutHandOver::commit(const LayoutData &data, quint64 number)
         if (number <= m_handedOver.value(data.processor))
             return;
     }
-    CHostAccess::call(&Host::commitLayoutData, data);
+    CHostAccess::call<&Host::commitLayoutData>(data);
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_handedOver[data.processor] = std::max(m_handedOver.value(data.processor), number);
 }

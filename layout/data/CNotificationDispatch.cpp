@@ -102,8 +102,8 @@ void CNotificationDispatch::onDetectFinished(CSubject &)
         m_events.currentPortMayDiffer();
         m_events.detectFinished();
         const QUuid current = m_states.current();
-        const QSize canvas = CHostAccess::call(&Host::getCanvasSize);
-        if (CHostAccess::call(&Host::currentProcessorNode).uuid != current)
+        const QSize canvas = CHostAccess::call<&Host::getCanvasSize>();
+        if (CHostAccess::call<&Host::currentProcessorNode>().uuid != current)
             return; // of another processor: its own notification is on the way
         m_states.setCanvas(current, canvas);
         m_events.canvasSizeChanged(canvas);
@@ -125,7 +125,7 @@ void CNotificationDispatch::onPortBackupChanged(CSubject &subject)
 
 void CNotificationDispatch::onTypeLibraryChanged(CSubject &)
 {
-    m_options.setTypeLibrary(CHostAccess::call(&Host::typeLibrary));
+    m_options.setTypeLibrary(CHostAccess::call<&Host::typeLibrary>());
 }
 
 void CNotificationDispatch::onProcessorRemoved(CSubject &subject)
@@ -158,7 +158,8 @@ void CNotificationDispatch::onBackgroundChanged(CSubject &subject)
         const SBackgroundInfo before = m_states.setBackground(info.processor, info);
         if (info.processor != m_states.current())
             return;
-        const QSize canvas = CHostAccess::call(&ILayoutInterfaceHandler::layoutData, info.processor).canvas;
+        const QSize canvas =
+            CHostAccess::callUnflushed<&ILayoutInterfaceHandler::layoutData>(info.processor).canvas;
         const bool resized = canvas != m_states.canvas();
         m_states.setCanvas(info.processor, canvas);
         m_events.backgroundChanged(before, info, resized);
@@ -200,7 +201,7 @@ void CNotificationDispatch::onPortCountChanged(CSubject &)
 {
     post(LayoutNotification::PortCountChanged, [this] {
         const ProcessorTree::ProcessorNode node =
-            CHostAccess::call(&Host::getProcessorNode, m_states.current());
+            CHostAccess::call<&Host::getProcessorNode>(m_states.current());
         refreshCurrentPorts();
         updateAllLoads();
         m_events.processorLoadKnown();
@@ -258,7 +259,7 @@ void CNotificationDispatch::replaceLayout(const QUuid &processor)
     // Before the host is asked, because edits made meanwhile belong to the old layout.
     m_states.outdateEdits(processor);
     m_handOver.drop(processor);
-    const LayoutData data = CHostAccess::call(&Host::layoutData, processor);
+    const LayoutData data = CHostAccess::callUnflushed<&Host::layoutData>(processor);
     m_states.takeFromHost(processor, data.layout.ports, false);
     m_states.setCanvas(processor, data.canvas);
     m_events.currentPortMayDiffer();
@@ -270,21 +271,21 @@ void CNotificationDispatch::replaceLayout(const QUuid &processor)
 void CNotificationDispatch::refreshCurrentPorts()
 {
     const QUuid current = m_states.current();
-    m_states.takeFromHost(current, CHostAccess::call(&Host::layoutData, current).layout.ports,
+    m_states.takeFromHost(current, CHostAccess::callUnflushed<&Host::layoutData>(current).layout.ports,
                           m_handOver.isPending(current));
     m_events.currentPortMayDiffer();
 }
 
 void CNotificationDispatch::takeCurrent(const QUuid &processor)
 {
-    const LayoutData data = CHostAccess::call(&Host::layoutData, processor);
+    const LayoutData data = CHostAccess::callUnflushed<&Host::layoutData>(processor);
     const bool differs = !sameCabinets(m_states.portsOf(processor), data.layout.ports);
     m_states.setCurrent(processor);
     m_states.takeFromHost(processor, data.layout.ports, m_handOver.isPending(processor));
     m_states.setCanvas(processor, data.canvas);
-    m_states.setBackground(processor, CHostAccess::call(&Host::background, processor));
+    m_states.setBackground(processor, CHostAccess::call<&Host::background>(processor));
     if (m_options.typeLibrary().isEmpty()) // the host's first processor; changes are announced
-        m_options.setTypeLibrary(CHostAccess::call(&Host::typeLibrary));
+        m_options.setTypeLibrary(CHostAccess::call<&Host::typeLibrary>());
     if (differs)
         m_events.highlightEnded();
 }

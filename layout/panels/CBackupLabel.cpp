@@ -137,7 +137,7 @@ void CBackupLabel::showProcessor()
 {
     const QUuid primary = m_store.primaryOf(m_processor.uuid);
     const bool standsIn = !primary.isNull();
-    m_primary->setFullText(standsIn ? CHostAccess::call(&Host::getProcessorNode, primary).displayText()
+    m_primary->setFullText(standsIn ? CHostAccess::call<&Host::getProcessorNode>(primary).displayText()
                                     : tr("None"));
     m_primary->setEnabled(standsIn); // otherwise in the dimmed colour of the theme
     updateEnabled();
@@ -198,7 +198,7 @@ QString CBackupLabel::primaryText(const Port &port) const
     if (port.redundancyProcessor.isNull() || port.redundancyProcessor == m_processor.uuid)
         return text;
     const QString processor =
-        CHostAccess::call(&Host::getProcessorNode, port.redundancyProcessor).displayText();
+        CHostAccess::call<&Host::getProcessorNode>(port.redundancyProcessor).displayText();
     return processor.isEmpty() ? text : QStringLiteral("%1, %2").arg(text, processor);
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/panels/CMappingLabel.h"
 
+#include "layout/api/records/EditRefusal.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/panels/IMappingCommands.h"
 #include "layout/panels/MappingRefusal.h"
@@ -177,8 +178,7 @@ QString CMappingLabel::block() const
 {
     if (!m_readBlocked)
         return {};
-    return m_store.primaryOf(m_processor).isNull() ? tr("Editing is locked")
-                                                   : tr("A redundancy processor follows its primary");
+    return EditRefusal::of(true, !m_store.primaryOf(m_processor).isNull());
 }
 
 void CMappingLabel::updateEnabled()

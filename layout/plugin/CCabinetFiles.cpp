@@ -63,10 +63,10 @@ void CCabinetFiles::exportConfiguration(const Cabinet &cabinet, const QString &t
     const QString file = askForFile(tr("Export..."), fileNameOf(typeName));
     if (file.isEmpty())
         return;
-    if (CHostAccess::flushAndCall(&Host::exportCabinetConfig, cabinet, file))
+    if (CHostAccess::call<&Host::exportCabinetConfig>(cabinet, file))
         CMessageBox::information(m_parent, tr("Export Success."));
     else
-        CMessageBox::warning(m_parent, tr("Export failed."), CHostAccess::call(&Host::lastError));
+        CMessageBox::warning(m_parent, tr("Export failed."), CHostAccess::call<&Host::lastError>());
 }
 
 void CCabinetFiles::readBack(const Cabinet &cabinet, const QString &typeName)
@@ -75,8 +75,8 @@ void CCabinetFiles::readBack(const Cabinet &cabinet, const QString &typeName)
     const QString file = askForFile(tr("Readback..."), now);
     if (file.isEmpty())
         return;
-    if (CHostAccess::flushAndCall(&Host::readbackCabinetConfig, cabinet.port, cabinet, file, typeName))
+    if (CHostAccess::call<&Host::readbackCabinetConfig>(cabinet.port, cabinet, file, typeName))
         CMessageBox::information(m_parent, tr("Readback successful."));
     else
-        CMessageBox::warning(m_parent, tr("Readback failed."), CHostAccess::call(&Host::lastError));
+        CMessageBox::warning(m_parent, tr("Readback failed."), CHostAccess::call<&Host::lastError>());
 }

@@ -91,7 +91,7 @@ void CEditorCommands::exportConfiguration(const Cabinet &cabinet, QWidget *paren
 
 QString CEditorCommands::connectionRefusal() const
 {
-    const ProcessorTree::ProcessorNode node = CHostAccess::call(&Host::currentProcessorNode);
+    const ProcessorTree::ProcessorNode node = CHostAccess::call<&Host::currentProcessorNode>();
     if (!node.online)
         return tr("The processor is offline.");
     return node.address == 0 ? tr("A project has no cabinets that are connected.") : QString();
@@ -124,7 +124,7 @@ void CEditorCommands::adjustCurrentGain(QWidget *)
 
 void CEditorCommands::openTypeLibrary(QWidget *parent)
 {
-    CHostAccess::call(&Host::showTypeLibrary, parent);
+    CHostAccess::call<&Host::showTypeLibrary>(parent);
 }
 
 void CEditorCommands::fillAppendMenu(QMenu &menu, QWidget *parent)
@@ -150,11 +150,11 @@ void CEditorCommands::fillAppendMenu(QMenu &menu, QWidget *parent)
 
 bool CEditorCommands::highlight(const QList<Cabinet> &cabinets, CabinetHighlight kind, QWidget *parent)
 {
-    const bool done = CHostAccess::flushAndCall(&Host::setCabinetHighlight, cabinets, kind);
+    const bool done = CHostAccess::call<&Host::setCabinetHighlight>(cabinets, kind);
     if (!done && !cabinets.isEmpty()) {
         // Called during a press on an item, which a message box would interrupt.
         QObject *context = parent ? static_cast<QObject *>(parent) : qApp;
-        QTimer::singleShot(0, context, [parent, details = CHostAccess::call(&Host::lastError)] {
+        QTimer::singleShot(0, context, [parent, details = CHostAccess::call<&Host::lastError>()] {
             CMessageBox::warning(parent, tr("Set failed."), details);
         });
     }

@@ -3,7 +3,7 @@
 #include "layout/plugin/CLayout.h"
 
 #include "layout/api/access/CHostAccess.h"
-#include "layout/editor/view/CEditRule.h"
+#include "layout/api/records/EditRefusal.h"
 #include "layout/panels/CLayoutSidePanel.h"
 #include "layout/plugin/CLayoutEditorPage.h"
 #include "layout/plugin/CMappingCommands.h"
@@ -68,7 +68,7 @@ QAbstractButton &CLayout::showScreenButton() const
 void CLayout::showScreen(bool shown)
 {
     m_editorPage->setScreenShown(shown);
-    CHostAccess::call(&Host::showScreen, shown);
+    CHostAccess::call<&Host::showScreen>(shown);
 }
 
 void CLayout::stop()
@@ -93,7 +93,7 @@ void CLayout::fillProcessorMenu(QMenu &menu, const QUuid &processor)
 {
     if (m_processorCommands) // gone once stopped
         CProcessorMenu(menu, *m_processorCommands, processor,
-                       CEditRule::block(m_editingBlocked, !m_store.primaryOf(processor).isNull()),
+                       EditRefusal::of(m_editingBlocked, !m_store.primaryOf(processor).isNull()),
                        m_editorPage->selectedCabinets())
             .fill();
 }
@@ -145,9 +145,9 @@ void CLayout::Update(CSubject &subject)
 
 void CLayout::OnCurrentProcessorChanged()
 {
-    const QUuid processor = CHostAccess::call(&Host::currentProcessorNode).uuid;
-    if (!processor.isNull() && CHostAccess::call(&Host::preparatoryStep, processor) == 1)
-        CHostAccess::call(&Host::performPreparatoryStep, processor);
+    const QUuid processor = CHostAccess::call<&Host::currentProcessorNode>().uuid;
+    if (!processor.isNull() && CHostAccess::call<&Host::preparatoryStep>(processor) == 1)
+        CHostAccess::call<&Host::performPreparatoryStep>(processor);
     onPrcWorkModeChanged();
 }
 
@@ -175,13 +175,13 @@ void CLayout::onReadbackMappingFinished(const QUuid &processsor, bool same)
 
 void CLayout::onPrcWorkModeChanged()
 {
-    setProcessor(CHostAccess::call(&Host::currentProcessorNode));
+    setProcessor(CHostAccess::call<&Host::currentProcessorNode>());
     showSelection();
 }
 
 void CLayout::OnCurrentProcessorStateChanged()
 {
-    setProcessor(CHostAccess::call(&Host::currentProcessorNode));
+    setProcessor(CHostAccess::call<&Host::currentProcessorNode>());
     showSelection();
 }
 
@@ -226,7 +226,7 @@ void CLayout::connectSignals()
 void CLayout::setProcessor(const ProcessorTree::ProcessorNode &processor)
 {
     // In fibre optic transceiver mode there is nothing to edit, to read or to save.
-    const bool fiber = CHostAccess::call(&Host::isFiberTransceiverMode, processor.uuid);
+    const bool fiber = CHostAccess::call<&Host::isFiberTransceiverMode>(processor.uuid);
     const ProcessorTree::ProcessorNode shown = fiber ? ProcessorTree::ProcessorNode() : processor;
     const bool another = shown.uuid != m_editorPage->processor();
     m_editorPage->setProcessor(shown);
@@ -242,17 +242,17 @@ void CLayout::setProcessor(const ProcessorTree::ProcessorNode &processor)
 void CLayout::showSelection()
 {
     using Node = ProcessorTree::ProcessorNode;
-    QList<Node> selected = CHostAccess::call(&Host::selectedProcessors);
-    const Node current = CHostAccess::call(&Host::currentProcessorNode);
+    QList<Node> selected = CHostAccess::call<&Host::selectedProcessors>();
+    const Node current = CHostAccess::call<&Host::currentProcessorNode>();
     if (selected.isEmpty() && !current.uuid.isNull())
         selected << current;
     for (Node &node : selected)
-        node.fiberTransceiver = CHostAccess::call(&Host::isFiberTransceiverMode, node.uuid);
-    const QList<Node> all = CHostAccess::call(&Host::processors);
+        node.fiberTransceiver = CHostAccess::call<&Host::isFiberTransceiverMode>(node.uuid);
+    const QList<Node> all = CHostAccess::call<&Host::processors>();
     const bool anyOnline = std::any_of(all.begin(), all.end(), [](const Node &node) { return node.online; });
     if (const auto warning = SelectionRules::warningFor(m_selectionType, selected, anyOnline)) {
         const bool unsaved = *warning == WarningState::Offline &&
-                             CHostAccess::flushAndCall(&Host::hasUnsavedEdits, selected.first().uuid);
+                             CHostAccess::call<&Host::hasUnsavedEdits>(selected.first().uuid);
         m_warningPage->setUnsaved(unsaved ? selected.first().displayText() : QString());
         showWarning(*warning);
     } else if (selected.size() > 1) {

@@ -70,7 +70,7 @@ void CLayoutEditorPage::setProcessor(const ProcessorTree::ProcessorNode &process
     const bool another = processor.uuid != m_processor.uuid;
     m_processor = processor;
     m_panel->onCurrentProcessorChanged(processor);
-    m_store.setProcessorRedundancies(CHostAccess::call(&Host::processorRedundancies));
+    m_store.setProcessorRedundancies(CHostAccess::call<&Host::processorRedundancies>());
     showRedundancy();
     if (another)
         reload();

@@ -21,8 +21,8 @@ CMappingCommands::CMappingCommands(CLayoutData &store, QWidget &messageParent)
 
 QString CMappingCommands::refusalForAll() const
 {
-    int online = CHostAccess::call(&Host::getDetectedProcessorCount);
-    for (const ProcessorTree::ProcessorNode &node : CHostAccess::call(&Host::processors))
+    int online = CHostAccess::call<&Host::getDetectedProcessorCount>();
+    for (const ProcessorTree::ProcessorNode &node : CHostAccess::call<&Host::processors>())
         online -= node.online && node.fiberTransceiver ? 1 : 0; // they have no mapping
     return online > 0 ? QString() : tr("No processor is online");
 }
@@ -32,7 +32,7 @@ void CMappingCommands::readMapping(ReadSaveMappingRole role, const SMappingOptio
     const auto done = whenDone(ended, tr("Read mapping successful."), tr("Read mapping failed."));
     Q_EMIT notifyStarted();
     // The host compares what it reads with what the editor shows.
-    if (!CHostAccess::flushAndCall(&Host::readMapping, role, options, done))
+    if (!CHostAccess::call<&Host::readMapping>(role, options, done))
         done({SDeviceOutcome::Failed, {}});
 }
 
@@ -45,7 +45,7 @@ void CMappingCommands::saveMapping(ReadSaveMappingRole role, Ended ended)
     const auto done = whenDone(ended, tr("Save mapping successful."), tr("Save mapping failed."));
     Q_EMIT notifyStarted();
     const auto save = [this, role, done](Host &host) { host.saveMapping(role, m_store.layoutData(), done); };
-    if (!CHostAccess::flushAndCall(save))
+    if (!CHostAccess::call(save))
         done({SDeviceOutcome::Failed, {}});
 }
 
@@ -53,12 +53,12 @@ bool CMappingCommands::mayBeOverloaded(ReadSaveMappingRole role)
 {
     QList<ProcessorTree::ProcessorNode> nodes;
     if (role == ReadSaveMappingRole::All)
-        nodes = CHostAccess::flushAndCall(&Host::processors);
+        nodes = CHostAccess::call<&Host::processors>();
     else
-        nodes << CHostAccess::flushAndCall(&Host::currentProcessorNode);
+        nodes << CHostAccess::call<&Host::currentProcessorNode>();
     QStringList overloads;
     for (const ProcessorTree::ProcessorNode &node : qAsConst(nodes)) {
-        const SOverload overload = SOverload::asked(CHostAccess::call(&Host::layoutData, node.uuid).layout);
+        const SOverload overload = SOverload::asked(CHostAccess::call<&Host::layoutData>(node.uuid).layout);
         if (!overload.isEmpty())
             overloads << QStringLiteral("%1: %2").arg(node.displayText(), overload.text());
     }

@@ -17,7 +17,7 @@ CParameterCheck::CParameterCheck(const ITypeLookup &types)
 CResult<QList<CParameterCheck::Cabinet>> CParameterCheck::run() const
 {
     using Result = CResult<QList<Cabinet>>;
-    if (CHostAccess::call(&Host::getDetectedProcessorCount) == 0)
+    if (CHostAccess::call<&Host::getDetectedProcessorCount>() == 0)
         return Result::failure(tr("No processor is detected."));
     const QList<Cabinet> cabinets = detectedCabinets();
     if (cabinets.isEmpty())
@@ -33,12 +33,12 @@ CResult<QList<CParameterCheck::Cabinet>> CParameterCheck::run() const
 QList<CParameterCheck::Cabinet> CParameterCheck::detectedCabinets()
 {
     QList<Cabinet> cabinets;
-    const QList<ProcessorTree::ProcessorNode> processors = CHostAccess::flushAndCall(&Host::processors);
+    const QList<ProcessorTree::ProcessorNode> processors = CHostAccess::call<&Host::processors>();
     for (const ProcessorTree::ProcessorNode &processor : processors) {
         if (processor.index < 0)
             continue;
         const QVector<CabinetLayout::CabinetPort> ports =
-            CHostAccess::call(&Host::layoutData, processor.uuid).layout.ports;
+            CHostAccess::call<&Host::layoutData>(processor.uuid).layout.ports;
         for (const CabinetLayout::CabinetPort &port : ports) {
             for (const Cabinet &cabinet : port.getAllCabinets())
                 cabinets << cabinet;
@@ -49,7 +49,7 @@ QList<CParameterCheck::Cabinet> CParameterCheck::detectedCabinets()
 
 QString CParameterCheck::processorOf(const Cabinet &cabinet)
 {
-    return CHostAccess::call(&Host::processorOfCabinet, cabinet.uuid).displayText();
+    return CHostAccess::call<&Host::processorOfCabinet>(cabinet.uuid).displayText();
 }
 
 QString CParameterCheck::faultOf(const Cabinet &cabinet) const

@@ -44,7 +44,7 @@ void CPortCommands::importMapping(int port)
             &m_window, tr("The output port has been locked in the current layout, want to overwrite?")) == 0;
     if (!CProcessorInView::isStill(processor, &m_window, tr("Import mapping failed.")))
         return;
-    report(CHostAccess::flushAndCall(&Host::importPortMapping, processor, port, file, overwrite),
+    report(CHostAccess::call<&Host::importPortMapping>(processor, port, file, overwrite),
            tr("Import mapping successful."), tr("Import mapping failed."));
 }
 
@@ -59,7 +59,7 @@ void CPortCommands::exportMapping(int port)
         return;
     const QString file = dialog.selectedFiles().value(0);
     m_store.setMappingFolder(QFileInfo(file).absolutePath());
-    report(CHostAccess::flushAndCall(&Host::exportPortMapping, processor, port, file),
+    report(CHostAccess::call<&Host::exportPortMapping>(processor, port, file),
            tr("Export mapping successful."), tr("Export mapping failed."));
 }
 
@@ -70,14 +70,13 @@ void CPortCommands::setRedundancy(int primary, int backup)
     const QStringList asked = holdsCabinets ? QStringList{tr("Port %1").arg(backup + 1)} : QStringList();
     if (!CPortBackupDialog::mayDissolve(&m_window, asked) || !CProcessorInView::isStill(processor, &m_window))
         return;
-    report(CHostAccess::flushAndCall(&Host::setPortRedundancy, primary, backup), tr("Set successful."),
+    report(CHostAccess::call<&Host::setPortRedundancy>(primary, backup), tr("Set successful."),
            tr("Set failed."));
 }
 
 void CPortCommands::cancelRedundancy(int port)
 {
-    report(CHostAccess::flushAndCall(&Host::cancelPortRedundancy, port), tr("Set successful."),
-           tr("Set failed."));
+    report(CHostAccess::call<&Host::cancelPortRedundancy>(port), tr("Set successful."), tr("Set failed."));
 }
 
 void CPortCommands::pairPorts()
@@ -102,5 +101,5 @@ void CPortCommands::report(bool done, const QString &success, const QString &fai
     if (done)
         CMessageBox::information(&m_window, success);
     else
-        CMessageBox::warning(&m_window, failure, CHostAccess::call(&Host::lastError));
+        CMessageBox::warning(&m_window, failure, CHostAccess::call<&Host::lastError>());
 }

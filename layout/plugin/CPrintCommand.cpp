@@ -28,9 +28,9 @@ SPrintedProcessor printed(const Node &node, const LayoutData &data)
     processor.canvas = data.canvas;
     processor.kind = node.model;
     processor.colorDepth = node.colorDepth;
-    processor.portCount = CHostAccess::call(&Host::outputPortCount, node.uuid);
+    processor.portCount = CHostAccess::call<&Host::outputPortCount>(node.uuid);
     for (const Port &port : data.layout.ports) {
-        const SPortLoad load = CHostAccess::call(&Host::portLoadDetails, node.uuid, port, port.index);
+        const SPortLoad load = CHostAccess::call<&Host::portLoadDetails>(node.uuid, port, port.index);
         processor.loads.insert(port.index, load);
         processor.frameRate = load.frameRate;
         processor.pixelLimit = load.pixelLimit;
@@ -43,14 +43,14 @@ SPrintedProcessor printed(const Node &node, const LayoutData &data)
 SPrintInput CPrintCommand::input()
 {
     SPrintInput input;
-    const QList<Node> nodes = CHostAccess::flushAndCall(&Host::processors);
+    const QList<Node> nodes = CHostAccess::call<&Host::processors>();
     for (const Node &node : nodes) {
         input.names.insert(node.uuid, node.displayText());
-        const LayoutData data = CHostAccess::call(&Host::layoutData, node.uuid);
+        const LayoutData data = CHostAccess::call<&Host::layoutData>(node.uuid);
         if (hasCabinets(data.layout))
             input.processors << printed(node, data);
     }
-    input.takeTypes(CHostAccess::call(&Host::typeLibrary));
+    input.takeTypes(CHostAccess::call<&Host::typeLibrary>());
     return input;
 }
 
@@ -62,12 +62,12 @@ void CPrintCommand::run(QWidget *parent)
         return;
     }
     QList<QUuid> chosen;
-    const QList<Node> selected = CHostAccess::call(&Host::selectedProcessors);
+    const QList<Node> selected = CHostAccess::call<&Host::selectedProcessors>();
     for (const Node &node : selected)
         chosen << node.uuid;
     QMap<QUuid, PrintConfig> kept;
     for (const SPrintedProcessor &processor : all.processors) {
-        const PrintConfig settings = CHostAccess::call(&Host::printSettings, processor.node.uuid);
+        const PrintConfig settings = CHostAccess::call<&Host::printSettings>(processor.node.uuid);
         if (settings != PrintConfig())
             kept.insert(processor.node.uuid, settings);
     }

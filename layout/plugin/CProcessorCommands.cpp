@@ -33,7 +33,7 @@ void CProcessorCommands::importMapping(const QUuid &processor)
         return;
     rememberFolder(file);
     const bool overwrite = mayOverwriteLocked(processor);
-    report(CHostAccess::flushAndCall(&Host::importProcessorMapping, processor, file, overwrite),
+    report(CHostAccess::call<&Host::importProcessorMapping>(processor, file, overwrite),
            tr("Import mapping successful."), tr("Import mapping failed."));
 }
 
@@ -48,36 +48,36 @@ void CProcessorCommands::exportMapping(const QUuid &processor)
         return;
     const QString file = dialog.selectedFiles().value(0);
     rememberFolder(file);
-    report(CHostAccess::flushAndCall(&Host::exportProcessorMapping, processor, file),
+    report(CHostAccess::call<&Host::exportProcessorMapping>(processor, file),
            tr("Export mapping successful."), tr("Export mapping failed."));
 }
 
 void CProcessorCommands::copyMapping(const QUuid &from, const QUuid &to)
 {
     const bool overwrite = mayOverwriteLocked(to);
-    report(CHostAccess::flushAndCall(&Host::copyProcessorMapping, from, to, overwrite),
+    report(CHostAccess::call<&Host::copyProcessorMapping>(from, to, overwrite),
            tr("Import mapping successful."), tr("Import mapping failed."));
 }
 
 void CProcessorCommands::setStatusLed(bool on)
 {
-    reportSet(CHostAccess::flushAndCall(&Host::setCabinetStatusLed, on));
+    reportSet(CHostAccess::call<&Host::setCabinetStatusLed>(on));
 }
 
 void CProcessorCommands::setPortCount(const QUuid &processor, int count)
 {
     // The host refuses if a port that would be removed still holds cabinets.
-    reportSet(CHostAccess::flushAndCall(&Host::setOutputPortCount, processor, count));
+    reportSet(CHostAccess::call<&Host::setOutputPortCount>(processor, count));
 }
 
 void CProcessorCommands::setRedundancyFor(const QUuid &primary, const QUuid &redundancy)
 {
-    reportSet(CHostAccess::flushAndCall(&Host::setProcessorRedundancy, primary, redundancy));
+    reportSet(CHostAccess::call<&Host::setProcessorRedundancy>(primary, redundancy));
 }
 
 void CProcessorCommands::cancelRedundancy(const QUuid &processor)
 {
-    reportSet(CHostAccess::flushAndCall(&Host::cancelProcessorRedundancy, processor));
+    reportSet(CHostAccess::call<&Host::cancelProcessorRedundancy>(processor));
 }
 
 void CProcessorCommands::showRedundancy()
@@ -120,8 +120,8 @@ void CProcessorCommands::setBypassMode()
 
 void CProcessorCommands::setWorkMode(ProcessorWorkMode mode)
 {
-    const QUuid current = CHostAccess::call(&Host::currentProcessorNode).uuid;
-    reportSet(CHostAccess::call(&Host::setWorkMode, current, mode));
+    const QUuid current = CHostAccess::call<&Host::currentProcessorNode>().uuid;
+    reportSet(CHostAccess::call<&Host::setWorkMode>(current, mode));
 }
 
 void CProcessorCommands::setCustomMarkup(bool on)
@@ -139,7 +139,7 @@ bool CProcessorCommands::customMarkup() const
 bool CProcessorCommands::mayOverwriteLocked(const QUuid &processor)
 {
     const QVector<CabinetLayout::CabinetPort> ports =
-        CHostAccess::flushAndCall(&Host::layoutData, processor).layout.ports;
+        CHostAccess::call<&Host::layoutData>(processor).layout.ports;
     const bool locked = std::any_of(ports.begin(), ports.end(),
                                     [](const CabinetLayout::CabinetPort &port) { return port.locked; });
     return locked &&
@@ -158,12 +158,12 @@ void CProcessorCommands::report(bool done, const QString &success, const QString
     if (done)
         CMessageBox::information(&m_messageParent, success);
     else
-        CMessageBox::warning(&m_messageParent, failure, CHostAccess::call(&Host::lastError));
+        CMessageBox::warning(&m_messageParent, failure, CHostAccess::call<&Host::lastError>());
 }
 
 void CProcessorCommands::takeRedundancies()
 {
-    m_store.setProcessorRedundancies(CHostAccess::call(&Host::processorRedundancies));
+    m_store.setProcessorRedundancies(CHostAccess::call<&Host::processorRedundancies>());
 }
 
 void CProcessorCommands::reportSet(bool done)

@@ -79,9 +79,9 @@ CProcessorMenu::CProcessorMenu(QMenu &menu, CProcessorCommands &commands, const 
                                const QString &block, const Cabinets &selected)
     : m_menu(menu)
     , m_commands(commands)
-    , m_processor(CHostAccess::call(&Host::getProcessorNode, processor))
+    , m_processor(CHostAccess::call<&Host::getProcessorNode>(processor))
     , m_selected(selected)
-    , m_modeReason(CHostAccess::call(&Host::isFiberTransceiverMode, processor) ? fiberText() : QString())
+    , m_modeReason(CHostAccess::call<&Host::isFiberTransceiverMode>(processor) ? fiberText() : QString())
     , m_editReason(m_modeReason.isEmpty() ? block : m_modeReason)
 {
 }
@@ -135,9 +135,9 @@ void CProcessorMenu::addPortCounts()
 {
     CProcessorCommands *commands = &m_commands;
     const QUuid processor = m_processor.uuid;
-    const int set = CHostAccess::call(&Host::outputPortCount, processor);
-    const int maximum = CHostAccess::call(&Host::maximumPortCount, processor);
-    const CabinetLayout layout = CHostAccess::flushAndCall(&Host::layoutData, processor).layout;
+    const int set = CHostAccess::call<&Host::outputPortCount>(processor);
+    const int maximum = CHostAccess::call<&Host::maximumPortCount>(processor);
+    const CabinetLayout layout = CHostAccess::call<&Host::layoutData>(processor).layout;
     QMenu *counts = addSubmenu(m_menu, tr("Number of output ports"));
     for (const int count : PortCounts) {
         QAction *entry = addEntry(*counts, QString::number(count), [commands, processor, count, set] {
@@ -159,7 +159,7 @@ void CProcessorMenu::addRedundancy()
 {
     CProcessorCommands *commands = &m_commands;
     const QUuid processor = m_processor.uuid;
-    const QList<QPair<QUuid, QUuid>> pairs = CHostAccess::call(&Host::processorRedundancies);
+    const QList<QPair<QUuid, QUuid>> pairs = CHostAccess::call<&Host::processorRedundancies>();
     const auto paired = [pairs](const ProcessorTree::ProcessorNode &node) {
         const bool is = std::any_of(pairs.begin(), pairs.end(), [&node](const QPair<QUuid, QUuid> &pair) {
             return pair.first == node.uuid || pair.second == node.uuid;
@@ -183,7 +183,7 @@ void CProcessorMenu::addCancelRedundancy()
 {
     CProcessorCommands *commands = &m_commands;
     const QUuid processor = m_processor.uuid;
-    const QList<QPair<QUuid, QUuid>> pairs = CHostAccess::call(&Host::processorRedundancies);
+    const QList<QPair<QUuid, QUuid>> pairs = CHostAccess::call<&Host::processorRedundancies>();
     const auto pair = std::find_if(pairs.begin(), pairs.end(), [&processor](const QPair<QUuid, QUuid> &p) {
         return p.first == processor || p.second == processor;
     });
@@ -192,7 +192,7 @@ void CProcessorMenu::addCancelRedundancy()
     QString reason;
     if (pair == pairs.end())
         reason = tr("The processor is not in a redundancy pair");
-    else if (!CHostAccess::call(&Host::getProcessorNode, pair->second).online) // which keeps the pair
+    else if (!CHostAccess::call<&Host::getProcessorNode>(pair->second).online) // which keeps the pair
         reason = tr("The redundancy processor is offline");
     allowUnless(cancel, m_modeReason.isEmpty() ? reason : m_modeReason);
 }
@@ -222,7 +222,7 @@ void CProcessorMenu::addCabinetInformation()
 
 QString CProcessorMenu::currentReason() const
 {
-    const bool current = CHostAccess::call(&Host::currentProcessorNode).uuid == m_processor.uuid;
+    const bool current = CHostAccess::call<&Host::currentProcessorNode>().uuid == m_processor.uuid;
     const QString reason = current ? QString() : tr("The processor is not the current one");
     return m_modeReason.isEmpty() ? reason : m_modeReason;
 }
@@ -244,11 +244,11 @@ QMenu *CProcessorMenu::addOtherProcessors(const QString &text, const QString &ic
                                           const Obstacle &obstacle)
 {
     QMenu *submenu = addSubmenu(m_menu, text, icon);
-    const QList<ProcessorTree::ProcessorNode> processors = CHostAccess::call(&Host::processors);
+    const QList<ProcessorTree::ProcessorNode> processors = CHostAccess::call<&Host::processors>();
     for (const ProcessorTree::ProcessorNode &other : processors) {
         if (other.uuid == m_processor.uuid)
             continue;
-        const bool fiber = CHostAccess::call(&Host::isFiberTransceiverMode, other.uuid);
+        const bool fiber = CHostAccess::call<&Host::isFiberTransceiverMode>(other.uuid);
         QAction *entry = addEntry(*submenu, fiber ? fiberText() : other.displayText(),
                                   [chosen, uuid = other.uuid] { chosen(uuid); });
         if (fiber) // the entry says why, the tool tip which one

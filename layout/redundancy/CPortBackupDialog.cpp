@@ -29,8 +29,8 @@ CPortBackupDialog::CPortBackupDialog(CPortBackupTable *table, QWidget *parent)
     , m_portTable(table)
 {
     table->setRefusal([this] {
-        return !m_processors.isEmpty() && CHostAccess::call(&Host::areProcessorsOnline, m_processors) &&
-               CHostAccess::call(&Host::areProcessorsBusy, m_processors);
+        return !m_processors.isEmpty() && CHostAccess::call<&Host::areProcessorsOnline>(m_processors) &&
+               CHostAccess::call<&Host::areProcessorsBusy>(m_processors);
     });
     refill();
 }
@@ -51,11 +51,11 @@ QList<SBackupEntry> CPortBackupDialog::readEntries()
     m_names.clear();
     m_processors.clear();
     QSet<SPortKey> redundancies;
-    const QList<SPortPair> known = CHostAccess::flushAndCall(&Host::portRedundancies);
+    const QList<SPortPair> known = CHostAccess::call<&Host::portRedundancies>();
     for (const SPortPair &pair : known)
         redundancies.insert(pair.second);
-    QList<ProcessorTree::ProcessorNode> processors = CHostAccess::call(&Host::processors);
-    const QUuid current = CHostAccess::call(&Host::currentProcessorNode).uuid;
+    QList<ProcessorTree::ProcessorNode> processors = CHostAccess::call<&Host::processors>();
+    const QUuid current = CHostAccess::call<&Host::currentProcessorNode>().uuid;
     std::stable_partition(processors.begin(), processors.end(),
                           [&current](const auto &processor) { return processor.uuid == current; });
     QList<SBackupEntry> entries;
@@ -69,14 +69,14 @@ void CPortBackupDialog::readPorts(const ProcessorTree::ProcessorNode &processor,
                                   const QSet<SPortKey> &redundancies, QList<SBackupEntry> &entries)
 {
     m_processors << processor.uuid;
-    const CabinetLayout layout = CHostAccess::call(&Host::layoutData, processor.uuid).layout;
+    const CabinetLayout layout = CHostAccess::call<&Host::layoutData>(processor.uuid).layout;
     for (const CabinetLayout::CabinetPort &port : layout.ports) {
         const SPortKey key{processor.uuid, port.index};
         const SBackupEntry entry{
             entryKey(key), tr("Port %1, %2").arg(port.index + 1).arg(processor.displayText()),
             QStringLiteral(":/Image/Target/Port/%1.svg")
                 .arg(redundancies.contains(key) ? QStringLiteral("backup-port") : QStringLiteral("port")),
-            CHostAccess::call(&Host::portPairRefusal, key)};
+            CHostAccess::call<&Host::portPairRefusal>(key)};
         m_ports.insert(entry.key, {key, port.cabinetCount(), PortPairs::mirrorOf(port)});
         m_names.insert(entry.key, entry.text);
         entries << entry;
@@ -86,7 +86,7 @@ void CPortBackupDialog::readPorts(const ProcessorTree::ProcessorNode &processor,
 QList<SBackupPair> CPortBackupDialog::readPairs()
 {
     QList<SBackupPair> pairs;
-    const QList<SPortPair> known = CHostAccess::call(&Host::portRedundancies);
+    const QList<SPortPair> known = CHostAccess::call<&Host::portRedundancies>();
     for (const SPortPair &pair : known)
         pairs << SBackupPair(entryKey(pair.first), entryKey(pair.second));
     return pairs;
@@ -108,7 +108,7 @@ QString CPortBackupDialog::apply(const QList<SBackupPair> &pairs)
     QList<SPortPair> ports;
     for (const SBackupPair &pair : pairs)
         ports << SPortPair(m_ports.value(pair.first).key, m_ports.value(pair.second).key);
-    return CHostAccess::flushAndCall(&Host::applyPortRedundancy, m_processors, ports)
+    return CHostAccess::call<&Host::applyPortRedundancy>(m_processors, ports)
                ? QString()
-               : CHostAccess::call(&Host::lastError);
+               : CHostAccess::call<&Host::lastError>();
 }

@@ -33,8 +33,8 @@ CProcessorBackupDialog::CProcessorBackupDialog(CProcessorBackupTable *table, QWi
     , m_processorTable(table)
 {
     table->setRefusal([this] {
-        return !m_keys.isEmpty() && CHostAccess::call(&Host::areProcessorsOnline, m_keys) &&
-               CHostAccess::call(&Host::areProcessorsBusy, m_keys);
+        return !m_keys.isEmpty() && CHostAccess::call<&Host::areProcessorsOnline>(m_keys) &&
+               CHostAccess::call<&Host::areProcessorsBusy>(m_keys);
     });
     refill();
 }
@@ -45,13 +45,13 @@ QList<SBackupEntry> CProcessorBackupDialog::readEntries()
     QList<SBackupEntry> entries;
     QList<ProcessorTree::ProcessorNode> listed;
     const QList<SBackupPair> pairs = readPairs();
-    const QList<ProcessorTree::ProcessorNode> processors = CHostAccess::call(&Host::processors);
+    const QList<ProcessorTree::ProcessorNode> processors = CHostAccess::call<&Host::processors>();
     for (const ProcessorTree::ProcessorNode &processor : processors) {
         if (processor.address == 0)
             continue; // a project, which cannot replace a processor
         m_keys << processor.uuid;
         listed << processor;
-        const bool fiber = CHostAccess::call(&Host::isFiberTransceiverMode, processor.uuid);
+        const bool fiber = CHostAccess::call<&Host::isFiberTransceiverMode>(processor.uuid);
         entries << SBackupEntry{processor.uuid, processor.displayText(), iconOf(processor, pairs),
                                 fiber ? tr("Fiber Optic Transceiver Mode is on") : QString()};
     }
@@ -61,12 +61,12 @@ QList<SBackupEntry> CProcessorBackupDialog::readEntries()
 
 QList<SBackupPair> CProcessorBackupDialog::readPairs()
 {
-    return CHostAccess::call(&Host::processorRedundancies);
+    return CHostAccess::call<&Host::processorRedundancies>();
 }
 
 QString CProcessorBackupDialog::apply(const QList<SBackupPair> &pairs)
 {
-    return CHostAccess::flushAndCall(&Host::applyProcessorRedundancy, m_keys, pairs)
+    return CHostAccess::call<&Host::applyProcessorRedundancy>(m_keys, pairs)
                ? QString()
-               : CHostAccess::call(&Host::lastError);
+               : CHostAccess::call<&Host::lastError>();
 }

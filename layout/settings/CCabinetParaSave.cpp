@@ -99,15 +99,15 @@ void CCabinetParaSave::accept()
 {
     using Host = ILayoutInterfaceHandler;
     const bool onBackup =
-        CHostAccess::flushAndCall([this](const Host &host) { return !host.areOnPrimaryPorts(m_cabinets); });
+        CHostAccess::call([this](const Host &host) { return !host.areOnPrimaryPorts(m_cabinets); });
     if (onBackup) {
         CMessageBox::warning(this, tr("Unable to save, please make sure the cabinets are connected to "
                                       "primary output ports."));
         return;
     }
     const SMD5 type = m_type->currentData().value<RcvTypeInfo>().key;
-    if (!CHostAccess::flushAndCall(&Host::sendCabinetParameters, m_cabinets, type, m_gamma->value())) {
-        CMessageBox::warning(this, tr("Save failed."), CHostAccess::call(&Host::lastError));
+    if (!CHostAccess::call<&Host::sendCabinetParameters>(m_cabinets, type, m_gamma->value())) {
+        CMessageBox::warning(this, tr("Save failed."), CHostAccess::call<&Host::lastError>());
         return;
     }
     CMessageBox::information(this, tr("Save successful."));

@@ -109,7 +109,7 @@ void CCabinetTypeSetting::take(const RcvTypeInfo &type)
 
 void CCabinetTypeSetting::showTypeLibrary()
 {
-    CHostAccess::call(&ILayoutInterfaceHandler::showTypeLibrary, this);
+    CHostAccess::call<&ILayoutInterfaceHandler::showTypeLibrary>(this);
 }
 
 bool CCabinetTypeSetting::fitsAllCabinets() const

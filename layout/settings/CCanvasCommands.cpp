@@ -24,9 +24,9 @@ void CCanvasCommands::setFrameRateAndColorDepth()
     const QUuid processor = CProcessorInView::key();
     if (processor.isNull())
         return;
-    CFrameRateColorDepthSetting dialog(CHostAccess::call(&Host::signalModes),
-                                       CHostAccess::call(&Host::frameRate),
-                                       CHostAccess::call(&Host::colorDepth), &m_window);
+    CFrameRateColorDepthSetting dialog(CHostAccess::call<&Host::signalModes>(),
+                                       CHostAccess::call<&Host::frameRate>(),
+                                       CHostAccess::call<&Host::colorDepth>(), &m_window);
     if (dialog.exec() == QDialog::Accepted)
         set(processor, [&dialog](ILayoutInterfaceHandler &host) {
             return host.setFrameRateAndColorDepth(dialog.frameRate(), dialog.colorDepth());
@@ -38,8 +38,8 @@ void CCanvasCommands::setCanvasSize()
     const QUuid processor = CProcessorInView::key();
     if (processor.isNull())
         return;
-    CCanvasSizeSetting dialog(CHostAccess::call(&Host::canvasLimits), CHostAccess::call(&Host::getCanvasSize),
-                              &m_window);
+    CCanvasSizeSetting dialog(CHostAccess::call<&Host::canvasLimits>(),
+                              CHostAccess::call<&Host::getCanvasSize>(), &m_window);
     if (dialog.exec() == QDialog::Accepted)
         set(processor,
             [&dialog](ILayoutInterfaceHandler &host) { return host.setCanvasSize(dialog.canvasSize()); });
@@ -50,7 +50,7 @@ void CCanvasCommands::setCanvasFill()
     const QUuid processor = CProcessorInView::key();
     if (processor.isNull())
         return;
-    SBackgroundInfo before = CHostAccess::call(&Host::background, processor);
+    SBackgroundInfo before = CHostAccess::call<&Host::background>(processor);
     before.processor = processor;
     CCanvasBackgroundSetting dialog(before, &m_window);
     connect(&dialog, &CCanvasBackgroundSetting::notifyChanged, this,

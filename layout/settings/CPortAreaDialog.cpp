@@ -25,8 +25,8 @@ bool isUnset(const SPortArea &area)
 /// An area for each port of @p processor; zeros where the host has none.
 QList<SPortArea> areasOfAllPorts(const QUuid &processor)
 {
-    const QList<SPortArea> set = CHostAccess::call(&Host::portAreas);
-    const int count = CHostAccess::call(&Host::outputPortCount, processor);
+    const QList<SPortArea> set = CHostAccess::call<&Host::portAreas>();
+    const int count = CHostAccess::call<&Host::outputPortCount>(processor);
     QList<SPortArea> areas;
     for (int port = 0; port < count; ++port) {
         const auto known =
@@ -94,13 +94,13 @@ void CPortAreaDialog::buildUi()
 
 void CPortAreaDialog::showHint()
 {
-    m_widthLimit = CHostAccess::call(&Host::lowLatencyWidthLimit);
+    m_widthLimit = CHostAccess::call<&Host::lowLatencyWidthLimit>();
     QString text;
     if (m_widthLimit > 0)
         text = tr("Low latency will be disabled when the width of LED display from any single output port is "
                   "over %1.")
                    .arg(m_widthLimit);
-    if (CHostAccess::call(&Host::isThreeDEnabled))
+    if (CHostAccess::call<&Host::isThreeDEnabled>())
         text = tr("3D is enabled, and each port has a maximum load of 640*512.");
     m_hint->setText(text);
     m_hint->setVisible(!text.isEmpty());

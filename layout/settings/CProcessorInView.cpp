@@ -7,7 +7,7 @@
 
 QUuid CProcessorInView::key()
 {
-    return CHostAccess::call(&ILayoutInterfaceHandler::currentProcessorNode).uuid;
+    return CHostAccess::call<&ILayoutInterfaceHandler::currentProcessorNode>().uuid;
 }
 
 bool CProcessorInView::isStill(const QUuid &processor, QWidget *window, const QString &failure)
@@ -23,8 +23,8 @@ bool CProcessorInView::carryOut(const QUuid &processor, QWidget *window, const O
 {
     if (!isStill(processor, window, failure))
         return false;
-    if (CHostAccess::flushAndCall(operation))
+    if (CHostAccess::call(operation))
         return true;
-    CMessageBox::warning(window, failure, CHostAccess::call(&ILayoutInterfaceHandler::lastError));
+    CMessageBox::warning(window, failure, CHostAccess::call<&ILayoutInterfaceHandler::lastError>());
     return false;
 }

@@ -56,7 +56,7 @@ void CLayoutSummaryWidget::showProcessors(const QList<ProcessorTree::ProcessorNo
     QList<QUuid> keys;
     for (const ProcessorTree::ProcessorNode &node : processors)
         keys << node.uuid;
-    const ProcessorBoundingRects places = CHostAccess::call(&Host::processorBoundingRects, keys);
+    const ProcessorBoundingRects places = CHostAccess::call<&Host::processorBoundingRects>(keys);
     QVector<SSummaryProcessor> shown;
     QStringList leftOut;
     for (const ProcessorTree::ProcessorNode &node : processors) {
@@ -204,12 +204,12 @@ bool CLayoutSummaryWidget::place(const ProcessorOffsets &offsets)
 
 bool CLayoutSummaryWidget::write(const ProcessorOffsets &offsets)
 {
-    return CHostAccess::call(&Host::setProcessorOffsets, offsets);
+    return CHostAccess::call<&Host::setProcessorOffsets>(offsets);
 }
 
 void CLayoutSummaryWidget::tellProblem()
 {
-    CMessageBox::warning(this, tr("Set failed."), CHostAccess::call(&Host::lastError));
+    CMessageBox::warning(this, tr("Set failed."), CHostAccess::call<&Host::lastError>());
 }
 
 void CLayoutSummaryWidget::updateLabel()

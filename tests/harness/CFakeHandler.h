@@ -141,7 +141,11 @@ public:
     void recordEdit(const SEditRecord &) override {}
     SEditHistory editHistory(const QUuid &) const override { return {}; }
     PrintConfig printSettings(const QUuid &) const override { return {}; }
-    QString writeFile(const QString &, const QByteArray &) override { return {}; }
+    QString writeFile(const QString &file, const QByteArray &) override
+    {
+        note(__func__, file);
+        return {};
+    }
     bool exportPortMapping(const QUuid &, int port, const QString &file) override
     {
         return answer(__func__, port, file);

@@ -118,19 +118,7 @@ private Q_SLOTS:
         };
         using W = SEditedWorld;
         row("importProcessorMapping", [](W &w) { w.processors.importMapping(w.a); });
-        row("exportProcessorMapping", [](W &w) { w.processors.exportMapping(w.a); });
-        row("copyProcessorMapping", [](W &w) { w.processors.copyMapping(w.a, w.b); });
-        row("setOutputPortCount", [](W &w) { w.processors.setPortCount(w.a, 4); });
-        row("setCabinetStatusLed", [](W &w) { w.processors.setStatusLed(true); });
-        row("setProcessorRedundancy", [](W &w) { w.processors.setRedundancyFor(w.b, w.a); });
-        row("cancelProcessorRedundancy", [](W &w) { w.processors.cancelRedundancy(w.a); });
-        row("processors", [](W &w) { QVERIFY(!CParameterCheck(w.store).run()); });
-        row("readMapping", [](W &w) { w.mapping.readMapping(ReadSaveMappingRole::All, {}, [](bool) {}); });
         row("saveMapping", [](W &w) { w.mapping.saveMapping(ReadSaveMappingRole::All, [](bool) {}); });
-        row("exportCabinetConfig",
-            [](W &w) { CCabinetFiles(w.store, &w.window).exportConfiguration(w.cabinet(), {}); });
-        row("readbackCabinetConfig",
-            [](W &w) { CCabinetFiles(w.store, &w.window).readBack(w.cabinet(), {}); });
         row("areOnPrimaryPorts", [](W &w) { CCabinetParaSave({w.cabinet()}, {}, &w.window).accept(); });
         row("sendCurrentGains", [](W &w) {
             CProcessorInView::carryOut(

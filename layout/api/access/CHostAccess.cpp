@@ -5,6 +5,9 @@
 #include "layout/api/access/IEditSource.h"
 #include "platform/control/IAbstractControlInterface.h"
 
+#include <QCoreApplication>
+#include <QThread>
+
 #include <atomic>
 
 namespace {
@@ -35,6 +38,8 @@ std::shared_ptr<ILayoutInterfaceHandler> CHostAccess::handler()
 
 void CHostAccess::flush()
 {
-    if (IEditSource *edits = currentEdits)
+    const QCoreApplication *application = QCoreApplication::instance();
+    IEditSource *edits = currentEdits;
+    if (edits && application && application->thread() == QThread::currentThread())
         edits->flushEdits();
 }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/api/ILayoutInterfaceHandler.h"
+#include "layout/api/access/HostOperations.h"
 
 #include <functional>
 #include <memory>
@@ -22,12 +22,39 @@ public:
     static void setEdits(IEditSource *edits);
     static IEditSource *edits();
 
-    /// Calls @p operation, an operation of ILayoutInterfaceHandler or a function that takes the handler, with
-    /// @p arguments. The handler is fetched for this one call and released after it. Without a host nothing
-    /// is called, and a default value (false, empty) is returned. For an operation that returns nothing,
-    /// returns whether it was called. Any thread that the operation allows.
+    /// Calls @p Operation, a member of ILayoutInterfaceHandler, with @p arguments. Pending edits are handed
+    /// over before if the operation depends on them (see HostOperations.h) and this is the GUI thread. The
+    /// handler is fetched for this one call and released after it. Without a host nothing is called, and a
+    /// default value (false, empty) is returned. For an operation that returns nothing, returns whether it
+    /// was called. Any thread that the operation allows.
+    template <auto Operation, typename... Arguments>
+    static auto call(Arguments &&...arguments)
+    {
+        if constexpr (HostOperations::NeedsEdits<Operation>)
+            flush();
+        return callUnflushed<Operation>(std::forward<Arguments>(arguments)...);
+    }
+
+    /// Like call(), for a function that takes the handler. Pending edits are handed over first.
+    template <typename Function>
+    static auto call(Function &&function)
+    {
+        static_assert(!std::is_member_function_pointer_v<std::decay_t<Function>>,
+                      "Write call<&ILayoutInterfaceHandler::operation>(arguments)");
+        flush();
+        return invoke(std::forward<Function>(function));
+    }
+
+    /// Like call(), for the store, which holds the edits: they are never handed over.
+    template <auto Operation, typename... Arguments>
+    static auto callUnflushed(Arguments &&...arguments)
+    {
+        return invoke(Operation, std::forward<Arguments>(arguments)...);
+    }
+
+private:
     template <typename Operation, typename... Arguments>
-    static auto call(Operation &&operation, Arguments &&...arguments)
+    static auto invoke(Operation &&operation, Arguments &&...arguments)
     {
         using Answer = std::decay_t<std::invoke_result_t<Operation, ILayoutInterfaceHandler &, Arguments...>>;
         const std::shared_ptr<ILayoutInterfaceHandler> host = handler();
@@ -42,16 +69,6 @@ public:
         }
     }
 
-    /// Like call(), for operations that depend on the layout in the editor: hands over pending edits first.
-    /// GUI thread.
-    template <typename Operation, typename... Arguments>
-    static auto flushAndCall(Operation &&operation, Arguments &&...arguments)
-    {
-        flush();
-        return call(std::forward<Operation>(operation), std::forward<Arguments>(arguments)...);
-    }
-
-private:
     static std::shared_ptr<ILayoutInterfaceHandler> handler(); ///< null without a host or handler
-    static void flush();
+    static void flush(); ///< does nothing on other threads than the GUI thread
 };

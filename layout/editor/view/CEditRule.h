@@ -18,10 +18,7 @@ class CEditRule final
     Q_DECLARE_TR_FUNCTIONS(CEditRule)
 
 public:
-    /// Why nothing may be edited; empty if it may. @p locked: the user has locked it; @p backup: the
-    /// processor follows a primary, which unlocking does not change.
-    static QString block(bool locked, bool backup);
-    /// The reason why what is of @p kind is refused; empty if it is not. @p block: see block(); @p hand: the
-    /// hand tool is in use.
+    /// The reason why what is of @p kind is refused; empty if it is not. @p block: why nothing may be edited,
+    /// see EditRefusal; @p hand: the hand tool is in use.
     static QString refusal(EditKind kind, const QString &block, bool hand);
 };

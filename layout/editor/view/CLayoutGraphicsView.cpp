@@ -3,6 +3,7 @@
 #include "layout/editor/view/CLayoutGraphicsView.h"
 
 #include "layout/api/access/IPortStates.h"
+#include "layout/api/records/EditRefusal.h"
 #include "layout/editor/gestures/CSceneInput.h"
 #include "layout/editor/items/CFarPorts.h"
 #include "layout/editor/menus/CClearTopology.h"
@@ -136,7 +137,7 @@ void CLayoutGraphicsView::setBlocked(bool byController, bool asBackup)
 {
     m_blocked = byController;
     m_backup = asBackup;
-    m_toolBar->setBlock(CEditRule::block(m_blocked, m_backup));
+    m_toolBar->setBlock(EditRefusal::of(m_blocked, m_backup));
     m_scene->leaveOperation();
 }
 
@@ -410,6 +411,6 @@ void CLayoutGraphicsView::pressEditKey(QKeyEvent &event, EditKind kind)
 
 QString CLayoutGraphicsView::refusal(EditKind kind) const
 {
-    return CEditRule::refusal(kind, CEditRule::block(m_blocked, m_backup),
+    return CEditRule::refusal(kind, EditRefusal::of(m_blocked, m_backup),
                               m_toolBar->tool(Bar::Hand)->isChecked());
 }

@@ -25,8 +25,8 @@ QIcon menuIcon(const char *name)
 /// Whether ports of the processor in view can be paired now.
 bool canPair()
 {
-    return !CHostAccess::call(&Host::isPortRedundancyBlocked) &&
-           CHostAccess::call(&Host::isPortRedundancySupported);
+    return !CHostAccess::call<&Host::isPortRedundancyBlocked>() &&
+           CHostAccess::call<&Host::isPortRedundancySupported>();
 }
 
 /// An empty @p reason enables the entry; any other says why it is disabled.
@@ -45,7 +45,7 @@ QString lockReason(const Port &port)
 /// Why nothing can be sent to the cabinets of the processor in view; empty if it can.
 QString connectionReason()
 {
-    const ProcessorTree::ProcessorNode node = CHostAccess::call(&Host::currentProcessorNode);
+    const ProcessorTree::ProcessorNode node = CHostAccess::call<&Host::currentProcessorNode>();
     if (!node.online)
         return CPortMenu::tr("The processor is offline.");
     return node.address == 0 ? CPortMenu::tr("A project has no cabinets that are connected.") : QString();

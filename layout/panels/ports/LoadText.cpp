@@ -29,8 +29,8 @@ QString LoadText::ofPort(const CLayoutData &store, int port)
     const CabinetLayout::CabinetPort *bearer = PortLoads::loadBearer(layout, port);
     if (!bearer)
         return {};
-    const SPortLoad load = CHostAccess::call(&ILayoutInterfaceHandler::portLoadDetails, layout.processor,
-                                             *bearer, bearer->index);
+    const SPortLoad load = CHostAccess::call<&ILayoutInterfaceHandler::portLoadDetails>(
+        layout.processor, *bearer, bearer->index);
     const QStringList lines{text("Port %1: %2%").arg(port + 1).arg(load.percent)};
     return (lines + LoadSum::sentences(load)).join(QLatin1Char('\n'));
 }

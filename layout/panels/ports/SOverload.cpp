@@ -13,7 +13,7 @@ using Port = CabinetLayout::CabinetPort;
 
 SPortLoad loadOf(const QUuid &processor, const Port &port)
 {
-    return CHostAccess::call(&ILayoutInterfaceHandler::portLoadDetails, processor, port, port.index);
+    return CHostAccess::call<&ILayoutInterfaceHandler::portLoadDetails>(processor, port, port.index);
 }
 
 /// "1 to 3, 5" for the indices 0, 1, 2, 4.

@@ -302,7 +302,7 @@ void CPrintDialog::onSaveClicked()
         return CSheetWriter::write(
             sheets, order,
             [](const QString &name, const QByteArray &content) {
-                return CHostAccess::call(&ILayoutInterfaceHandler::writeFile, name, content);
+                return CHostAccess::call<&ILayoutInterfaceHandler::writeFile>(name, content);
             },
             progress);
     });
