@@ -1,0 +1,157 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/journal/CJournal.h"
+
+#include "host/journal/SJournal.h"
+#include "host/projects/CSafeFile.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <fcntl.h>
+#include <sys/file.h>
+
+namespace {
+
+constexpr mode_t OnlyForOwner = 0600;
+constexpr qint64 SmallestLimit = 1024 * 1024;      // bytes of entries before a new file is begun
+constexpr qint64 LargestEffort = 40 * 1000 * 1000; // cabinets; reading must stay quick
+
+} // namespace
+
+CJournal::CJournal(const QString &folder, const SJournalOwner &owner, const CJournalState &state)
+    : m_folder(folder)
+    , m_owner(owner)
+    , m_state(state)
+{
+}
+
+QByteArray CJournal::path() const
+{
+    return QFile::encodeName(m_folder + QLatin1Char('/') + m_owner.processor.toString(QUuid::WithoutBraces) +
+                             suffix());
+}
+
+void CJournal::fail(const QString &why)
+{
+    m_broken = true;
+    m_error = why;
+    m_new.reset();
+}
+
+CJournal::Handle CJournal::create(const QByteArray &path)
+{
+    CFileSystem::current().unlink(path);
+    const int flags = O_WRONLY | O_CREAT | O_EXCL | O_APPEND;
+    auto file = std::make_shared<CFileHandle>(path, flags, OnlyForOwner);
+    if (!file->isOpen() || !file->lock(LOCK_EX | LOCK_NB)) {
+        fail(CSafeFile::systemReason());
+        return nullptr;
+    }
+    return file;
+}
+
+bool CJournal::put(const Handle &file, const QByteArray &bytes)
+{
+    if (file->write(bytes))
+        return true;
+    fail(CSafeFile::systemReason());
+    return false;
+}
+
+void CJournal::append(int entry, const QByteArray &content)
+{
+    if (!m_broken && !m_file) {
+        if (beginNew())
+            finishNew();
+        return;
+    }
+    if (m_broken && !m_new)
+        return; // a new file will tell everything
+    m_unsynced = true;
+    if (m_new && !put(m_new, SJournal::append(entry, content, m_lastNew)))
+        return;
+    if (m_broken)
+        return;
+    const QByteArray bytes = SJournal::append(entry, content, m_last);
+    m_size += bytes.size();
+    put(m_file, bytes);
+}
+
+bool CJournal::isOutgrown() const
+{
+    return !m_new && !m_broken && m_file &&
+           (m_size > std::max(SmallestLimit, 4 * m_base) || m_state.effort() > LargestEffort);
+}
+
+bool CJournal::beginNew()
+{
+    const QByteArray content = SJournal::write(m_owner, m_state, m_lastNew);
+    m_new = create(newPath());
+    if (!m_new || !put(m_new, content)) {
+        CFileSystem::current().unlink(newPath());
+        return false;
+    }
+    m_base = content.size();
+    m_size = 0;
+    m_state.forgetEffort();
+    m_unsynced = true;
+    return true;
+}
+
+bool CJournal::replace()
+{
+    if (!beginNew())
+        return false;
+    if (!m_new->sync()) {
+        fail(CSafeFile::systemReason());
+        return false;
+    }
+    finishNew();
+    return !m_broken;
+}
+
+void CJournal::finishNew()
+{
+    if (!m_new)
+        return;
+    if (CFileSystem::current().rename(newPath(), path()) < 0) {
+        fail(CSafeFile::systemReason());
+        return;
+    }
+    m_file = std::move(m_new);
+    m_new.reset();
+    m_last = m_lastNew;
+    m_broken = false;
+    m_error.clear();
+}
+
+void CJournal::finishNew(const Handle &confirmed)
+{
+    if (m_new == confirmed)
+        finishNew();
+}
+
+QVector<CJournal::Handle> CJournal::takeUnsynced()
+{
+    QVector<Handle> handles;
+    if (m_unsynced && m_file && !m_broken)
+        handles << m_file;
+    if (m_unsynced && m_new)
+        handles << m_new;
+    m_unsynced = false;
+    return handles;
+}
+
+void CJournal::removeFile()
+{
+    if (m_file || m_broken)
+        CFileSystem::current().unlink(path());
+    if (m_new || m_broken)
+        CFileSystem::current().unlink(newPath());
+    m_file.reset();
+    m_new.reset();
+    m_unsynced = false;
+    m_broken = false;
+    m_state.forgetEffort();
+}

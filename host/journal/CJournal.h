@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/journal/CJournalState.h"
+#include "host/journal/SJournalOwner.h"
+#include "host/projects/CFileHandle.h"
+
+#include <memory>
+
+/// The journal of one processor: what it holds, and the file that it is appended to. While the file is open
+/// it is locked, so that other processes leave it alone. Any thread, one at a time.
+class CJournal final
+{
+public:
+    using Handle = std::shared_ptr<CFileHandle>;
+
+    CJournal(const QString &folder, const SJournalOwner &owner, const CJournalState &state);
+
+    const SJournalOwner &owner() const { return m_owner; }
+    void setOwner(const SJournalOwner &owner) { m_owner = owner; }
+    CJournalState &state() { return m_state; }
+    const CJournalState &state() const { return m_state; }
+
+    /// Whether there is a file, so that nothing is lost.
+    bool isWritten() const { return bool(m_file); }
+    /// Whether the last attempt to write failed; errors() tells why. What happens is still noted in memory.
+    bool isBroken() const { return m_broken; }
+    const QString &error() const { return m_error; }
+
+    /// Writes the entry of a change that the state has taken over; begins the file if there is none.
+    void append(int entry, const QByteArray &content);
+    /// Whether the file has become much larger than what it is about.
+    bool isOutgrown() const;
+    /// Begins a new file beside the old one, if there is one; from then on both are written. It replaces the
+    /// old one with finishNew(), which is to be called once the disk has confirmed it.
+    bool beginNew();
+    void finishNew();
+    /// The same, if @p confirmed is the new file.
+    void finishNew(const Handle &confirmed);
+
+    /// All of that at once; waits for the disk.
+    bool replace();
+
+    /// What must be confirmed by the disk, since the last call.
+    QVector<Handle> takeUnsynced();
+    bool hasUnsynced() const { return m_unsynced; }
+    /// The disk did not confirm what was written.
+    void fail(const QString &why);
+    /// Removes the file. The state stays.
+    void removeFile();
+
+    static QString suffix() { return QStringLiteral(".journal"); }
+
+private:
+    QByteArray path() const;
+    QByteArray newPath() const { return path() + "~new"; }
+    Handle create(const QByteArray &path);
+    bool put(const Handle &file, const QByteArray &bytes);
+
+    const QString m_folder;
+    SJournalOwner m_owner;
+    CJournalState m_state;
+    Handle m_file;
+    Handle m_new;          ///< is to replace the file
+    quint64 m_last = 0;    ///< digest of the last entry in the file
+    quint64 m_lastNew = 0; ///< the same, of the new file
+    qint64 m_size = 0;     ///< bytes that were appended
+    qint64 m_base = 0;     ///< bytes of the snapshot
+    bool m_unsynced = false;
+    bool m_broken = false;
+    QString m_error;
+};

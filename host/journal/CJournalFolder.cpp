@@ -1,0 +1,157 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/journal/CJournalFolder.h"
+
+#include "host/projects/CSafeFile.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+
+namespace {
+
+constexpr mode_t FileMode = 0600;
+constexpr mode_t FolderMode = 0700;
+constexpr qint64 LargestFile = 256 * 1024 * 1024;
+constexpr qint64 LargestProject = 128 * 1024 * 1024;
+constexpr int MostHistories = 200; // the oldest go first
+
+const QString historySuffix = QStringLiteral(".history");
+const QString newSuffix = QStringLiteral("~new");
+
+CJournal::Handle locked(const QString &path, int flags)
+{
+    auto file = std::make_shared<CFileHandle>(QFile::encodeName(path), flags | O_NOFOLLOW | O_NONBLOCK);
+    struct stat opened = {};
+    struct stat named = {};
+    const bool ours = file->isOpen() && file->lock(LOCK_EX | LOCK_NB) &&
+                      fstat(file->descriptor(), &opened) == 0 &&
+                      stat(QFile::encodeName(path).constData(), &named) == 0 &&
+                      opened.st_ino == named.st_ino; // else it was replaced meanwhile
+    return ours ? file : nullptr;
+}
+
+QByteArray digestOf(const QString &file)
+{
+    const CResult<QByteArray> content = CSafeFile::read(file, LargestProject);
+    return content ? QCryptographicHash::hash(content.value(), QCryptographicHash::Sha256) : QByteArray();
+}
+
+} // namespace
+
+QString CJournalFolder::defaultPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation) +
+           QStringLiteral("/journal");
+}
+
+CStatus CJournalFolder::make() const
+{
+    const CStatus made = CSafeFile::makeFolder(m_folder);
+    if (made)
+        chmod(QFile::encodeName(m_folder).constData(), FolderMode);
+    return made;
+}
+
+QStringList CJournalFolder::files(const QString &suffix) const
+{
+    QStringList paths;
+    const QDir folder(m_folder);
+    for (const QString &name : folder.entryList({QLatin1Char('*') + suffix}, QDir::Files, QDir::Name))
+        paths << folder.filePath(name);
+    return paths;
+}
+
+QList<SStrayJournal> CJournalFolder::strays() const
+{
+    for (const QString &path : files(newSuffix)) {
+        if (locked(path, O_RDONLY)) // else it is being written
+            QFile::remove(path);
+    }
+    QList<SStrayJournal> strays;
+    for (const QString &path : files(CJournal::suffix())) {
+        SStrayJournal stray;
+        stray.path = path;
+        stray.lock = locked(path, O_RDONLY);
+        if (!stray.lock)
+            continue;
+        const CResult<QByteArray> content = CSafeFile::read(path, LargestFile);
+        stray.journal = SJournal::read(content ? content.value() : QByteArray());
+        strays << stray;
+    }
+    std::stable_sort(strays.begin(), strays.end(), [](const SStrayJournal &a, const SStrayJournal &b) {
+        return a.journal.state.changed() > b.journal.state.changed();
+    });
+    return strays;
+}
+
+void CJournalFolder::remove(const SStrayJournal &stray)
+{
+    CFileSystem::current().unlink(QFile::encodeName(stray.path));
+}
+
+QString CJournalFolder::historyFile(const QString &projectFile) const
+{
+    const QFileInfo info(projectFile);
+    const QString canonical = info.canonicalFilePath();
+    const QByteArray key = (canonical.isEmpty() ? info.absoluteFilePath() : canonical).toUtf8();
+    const QByteArray name = QCryptographicHash::hash(key, QCryptographicHash::Sha256).toHex().left(32);
+    return m_folder + QLatin1Char('/') + QString::fromLatin1(name) + historySuffix;
+}
+
+QString CJournalFolder::keepHistory(SJournalOwner owner, const CJournalState &state) const
+{
+    const CStatus made = make();
+    owner.fileDigest = digestOf(owner.file);
+    if (!made || owner.fileDigest.isEmpty())
+        return made.error();
+    quint64 last = 0;
+    const QByteArray content = SJournal::write(owner, state, last);
+    const QByteArray path = QFile::encodeName(historyFile(owner.file));
+    const QByteArray unfinished = path + "~new";
+    CFileSystem::current().unlink(unfinished);
+    CFileHandle file(unfinished, O_WRONLY | O_CREAT | O_EXCL, FileMode);
+    const bool written = file.isOpen() && file.lock(LOCK_EX | LOCK_NB) && file.write(content) &&
+                         file.sync() && CFileSystem::current().rename(unfinished, path) == 0;
+    const QString problem = written ? QString() : CSafeFile::systemReason();
+    if (!written)
+        CFileSystem::current().unlink(unfinished);
+    QStringList all = files(historySuffix);
+    std::sort(all.begin(), all.end(), [](const QString &a, const QString &b) {
+        return QFileInfo(a).lastModified() < QFileInfo(b).lastModified();
+    });
+    for (int i = 0; i < all.size() - MostHistories; ++i)
+        QFile::remove(all.at(i));
+    return problem;
+}
+
+void CJournalFolder::dropHistory(const QString &projectFile) const
+{
+    QFile::remove(historyFile(projectFile));
+}
+
+void CJournalFolder::dropHistories() const
+{
+    for (const QString &path : files(historySuffix))
+        QFile::remove(path);
+}
+
+CJournalFolder::Kept CJournalFolder::findHistory(const QString &projectFile, SJournal &history) const
+{
+    CSafeFile::Found found = CSafeFile::Nothing;
+    const CResult<QByteArray> content = CSafeFile::read(historyFile(projectFile), LargestFile, &found);
+    if (!content)
+        return Kept::None;
+    history = SJournal::read(content.value());
+    if (history.problem != SJournal::None)
+        return Kept::None;
+    return history.owner.fileDigest == digestOf(projectFile) ? Kept::Same : Kept::Changed;
+}

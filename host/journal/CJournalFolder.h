@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/journal/CJournal.h"
+#include "host/journal/SJournal.h"
+
+#include <QList>
+#include <QString>
+
+/// A journal that no running process writes: what the next start offers.
+struct SStrayJournal
+{
+    QString path;
+    SJournal journal;
+    CJournal::Handle lock; ///< keeps other processes away while this exists
+};
+
+/// The folder of the journals and kept histories, which nobody but the user may read. Any thread.
+class CJournalFolder final
+{
+    Q_DECLARE_TR_FUNCTIONS(CJournalFolder)
+
+public:
+    explicit CJournalFolder(QString folder)
+        : m_folder(std::move(folder))
+    {
+    }
+
+    const QString &path() const { return m_folder; }
+    CStatus make() const;
+    /// The journals that no process has open, the latest edit first. Removes what killed processes left half
+    /// written. Those that cannot be restored are there, too.
+    QList<SStrayJournal> strays() const;
+    static void remove(const SStrayJournal &stray);
+
+    /// Keeps the history of a project that was saved; @p owner names the file. Returns why it failed; empty:
+    /// it did not.
+    QString keepHistory(SJournalOwner owner, const CJournalState &state) const;
+    void dropHistory(const QString &projectFile) const;
+    void dropHistories() const; ///< of all projects
+    enum class Kept { None, Same, Changed };
+    /// Finds the history that belongs to a project file. Changed: the file is no longer the one that was
+    /// saved.
+    Kept findHistory(const QString &projectFile, SJournal &history) const;
+
+    static QString defaultPath();
+
+private:
+    QString historyFile(const QString &projectFile) const;
+    QStringList files(const QString &suffix) const;
+
+    const QString m_folder;
+};

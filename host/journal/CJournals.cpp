@@ -1,0 +1,349 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/journal/CJournals.h"
+
+#include "host/journal/CStateCodec.h"
+#include "host/projects/CSafeFile.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QMap>
+
+#include <algorithm>
+#include <fcntl.h>
+#include <utility>
+#include <vector>
+
+namespace {
+
+constexpr int LargeStep = 10000; // cabinets
+constexpr std::chrono::milliseconds Turn(500);
+constexpr std::chrono::milliseconds DiskPatience(250);
+constexpr std::chrono::milliseconds HistoryPatience(1000);
+constexpr qint64 UsualHistoryBytes = 128 * 1024 * 1024;
+
+int cabinetsIn(const SEditStep &step)
+{
+    int count = 0;
+    for (const SEditStep::SPort &port : step.ports)
+        count += port.after.cabinetCount();
+    return count;
+}
+
+qint64 now()
+{
+    return QDateTime::currentMSecsSinceEpoch();
+}
+
+} // namespace
+
+CJournals::CJournals(const QString &folder, Tell tell)
+    : m_folder(folder)
+    , m_tell(std::move(tell))
+    , m_nextTurn(Clock::now() + Turn)
+    , m_historyBytes(UsualHistoryBytes)
+    , m_thread([this] { run(); })
+{
+}
+
+CJournals::~CJournals()
+{
+    stop();
+}
+
+void CJournals::stop()
+{
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_stopped = true;
+    }
+    m_wake.notify_all();
+    if (m_thread.joinable())
+        m_thread.join();
+}
+
+void CJournals::setHistory(bool kept, qint64 bytes)
+{
+    submit(true, [this, kept, bytes] {
+        m_keepHistory = kept;
+        m_historyBytes = bytes;
+        for (const auto &journal : m_journals)
+            journal.second->state().trail().limit(bytes);
+        if (!kept)
+            m_folder.dropHistories();
+    });
+}
+
+/// Under the lock. A disk that does not answer lets the queue grow, instead of keeping an edit waiting.
+bool CJournals::mayRunNow() const
+{
+    return m_waiting.empty() && !m_running && (!m_syncing || Clock::now() - m_syncStart < DiskPatience);
+}
+
+void CJournals::submit(bool large, const Task &task)
+{
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_stopped)
+            return;
+        if (!large && mayRunNow())
+            task();
+        else
+            m_waiting.push_back(task);
+    }
+    m_wake.notify_all();
+}
+
+CJournal *CJournals::find(const QUuid &processor)
+{
+    const auto found = m_journals.find(processor);
+    return found == m_journals.end() ? nullptr : found->second.get();
+}
+
+void CJournals::open(const SJournalOwner &owner, const CJournalState &state)
+{
+    m_journals[owner.processor] = std::make_unique<CJournal>(m_folder.path(), owner, state);
+}
+
+void CJournals::begin(const SJournalOwner &owner, const SProcessorProject &state)
+{
+    m_known.insert(owner.processor);
+    submit(false, [this, owner, state] { open(owner, CJournalState(state)); });
+}
+
+/// Whether the next change writes a whole layout that is large.
+bool CJournals::isLargeToBegin(const QUuid &processor)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    if (!mayRunNow())
+        return false; // it waits in any case
+    const CJournal *journal = find(processor);
+    return journal && !journal->isWritten() && journal->state().project().layout.cabinetCount() > LargeStep;
+}
+
+void CJournals::tellAbout(const CJournal &journal, bool wasBroken) const
+{
+    if (journal.isBroken() == wasBroken || !m_tell)
+        return;
+    m_tell(wasBroken ? tr("Edits are kept for a crash again.")
+                     : tr("Edits of %1 cannot be kept for a crash (%2): save your work.")
+                           .arg(journal.owner().name, journal.error()));
+}
+
+void CJournals::change(CJournal &journal, int entry, const QByteArray &content)
+{
+    const bool wasBroken = journal.isBroken();
+    if (!journal.isWritten() && !wasBroken) {
+        const CStatus made = m_folder.make();
+        if (!made)
+            journal.fail(made.error());
+    }
+    journal.append(entry, content);
+    journal.state().trail().limit(m_historyBytes);
+    tellAbout(journal, wasBroken);
+}
+
+void CJournals::note(const SEditRecord &record)
+{
+    const bool large = cabinetsIn(record.step) > LargeStep || isLargeToBegin(record.processor);
+    submit(large, [this, record] {
+        if (CJournal *journal = find(record.processor)) {
+            const QByteArray content = journal->state().note(record, now());
+            change(*journal, CJournalState::Step, content);
+        }
+    });
+}
+
+void CJournals::note(const SJournalOwner &owner, const SProcessorProject &state)
+{
+    const bool large = state.layout.cabinetCount() > LargeStep;
+    submit(large, [this, owner, state] {
+        CJournal *journal = find(owner.processor);
+        if (!journal)
+            return;
+        journal->setOwner(owner);
+        if (CStateCodec::sameState(journal->state().project(), state))
+            return;
+        const QByteArray content = journal->state().note(state, now());
+        change(*journal, CJournalState::State, content);
+    });
+}
+
+void CJournals::settle(const SJournalOwner &owner)
+{
+    submit(true, [this, owner] { // in the thread, because it waits for the disk
+        CJournal *journal = find(owner.processor);
+        if (!journal)
+            return;
+        journal->setOwner(owner);
+        CStepTrail &trail = journal->state().trail();
+        trail.setSaved();
+        QString problem;
+        if (m_keepHistory && owner.project && !owner.file.isEmpty() && !trail.isEmpty())
+            problem = m_folder.keepHistory(owner, journal->state());
+        else if (owner.project && !owner.file.isEmpty())
+            m_folder.dropHistory(owner.file);
+        if (!problem.isEmpty() && m_tell)
+            m_tell(tr("The history of %1 cannot be kept: %2").arg(owner.name, problem));
+        journal->removeFile();
+    });
+}
+
+void CJournals::drop(const QUuid &processor)
+{
+    if (!m_known.remove(processor))
+        return;
+    submit(false, [this, processor] {
+        if (CJournal *journal = find(processor))
+            journal->removeFile();
+        m_journals.erase(processor);
+    });
+}
+
+void CJournals::dropAll()
+{
+    for (const QUuid &processor : m_known.values())
+        drop(processor);
+}
+
+void CJournals::adopt(const SStrayJournal &stray, const SJournalOwner &owner)
+{
+    m_known.insert(owner.processor);
+    submit(true, [this, stray, owner] {
+        CJournalState state = stray.journal.state;
+        state.trail().renumber(state.project().layout.ports);
+        open(owner, state);
+        CJournal &journal = *find(owner.processor);
+        if (!journal.replace()) // then the old file stays
+            tellAbout(journal, false);
+        else if (stray.journal.owner.processor != owner.processor)
+            CJournalFolder::remove(stray);
+    });
+}
+
+void CJournals::adoptHistory(const SJournalOwner &owner, const SJournal &history,
+                             const SProcessorProject &state)
+{
+    m_known.insert(owner.processor);
+    submit(true, [this, owner, history, state] {
+        CJournalState known(state);
+        known.trail() = history.state.trail();
+        known.trail().limit(m_historyBytes);
+        known.trail().renumber(state.layout.ports);
+        open(owner, known);
+    });
+}
+
+SEditHistory CJournals::history(const QUuid &processor)
+{
+    Lock lock(m_mutex);
+    if (!m_idle.wait_for(lock, HistoryPatience, [this] { return m_waiting.empty() && !m_running; }))
+        return {};
+    const CJournal *journal = find(processor);
+    return journal ? journal->state().history() : SEditHistory();
+}
+
+void CJournals::sync()
+{
+    Lock lock(m_mutex);
+    m_nextTurn = Clock::now();
+    m_wake.notify_all();
+    m_idle.wait(lock, [this] {
+        return m_stopped || (m_waiting.empty() && !m_running && !m_syncing && !isUnsynced());
+    });
+}
+
+bool CJournals::isUnsynced() const
+{
+    return std::any_of(m_journals.begin(), m_journals.end(),
+                       [](const auto &journal) { return journal.second->hasUnsynced(); });
+}
+
+// The thread.
+
+void CJournals::run()
+{
+    Lock lock(m_mutex);
+    while (!m_stopped || !m_waiting.empty()) {
+        if (!m_waiting.empty()) {
+            runTask(lock);
+        } else if (Clock::now() >= m_nextTurn) {
+            runFree(lock, [this] { tend(); });
+            confirm(lock);
+            m_nextTurn = Clock::now() + Turn;
+        } else {
+            m_wake.wait_until(lock, m_nextTurn);
+        }
+    }
+    confirm(lock);
+    m_journals.clear();
+}
+
+void CJournals::runFree(Lock &lock, const Task &task)
+{
+    m_running = true;
+    lock.unlock();
+    task();
+    lock.lock();
+    m_running = false;
+    m_idle.notify_all();
+}
+
+void CJournals::runTask(Lock &lock)
+{
+    const Task task = std::move(m_waiting.front());
+    m_waiting.pop_front();
+    runFree(lock, task);
+}
+
+/// Begins new files in place of those that are too large or could not be written.
+void CJournals::tend()
+{
+    for (const auto &entry : m_journals) {
+        CJournal &journal = *entry.second;
+        if (journal.isBroken()) {
+            if (m_folder.make())
+                journal.beginNew(); // the disk must confirm it
+        } else if (journal.isOutgrown()) {
+            journal.beginNew();
+            tellAbout(journal, false);
+        }
+    }
+}
+
+/// Waits for the disk, without the lock.
+void CJournals::confirm(Lock &lock)
+{
+    std::vector<std::pair<QUuid, QVector<CJournal::Handle>>> written;
+    for (const auto &entry : m_journals) {
+        if (entry.second->hasUnsynced())
+            written.emplace_back(entry.first, entry.second->takeUnsynced());
+    }
+    if (written.empty())
+        return;
+    m_syncing = true;
+    m_syncStart = Clock::now();
+    lock.unlock();
+    QMap<QUuid, QString> problems;
+    for (const auto &[processor, handles] : written) {
+        for (const CJournal::Handle &handle : handles) {
+            if (!handle->sync())
+                problems[processor] = CSafeFile::systemReason();
+        }
+    }
+    CFileHandle(QFile::encodeName(m_folder.path()), O_RDONLY | O_DIRECTORY).syncNames();
+    lock.lock();
+    for (const auto &[processor, handles] : written) {
+        CJournal *journal = find(processor);
+        if (!journal)
+            continue;
+        const bool wasBroken = journal->isBroken();
+        if (problems.contains(processor))
+            journal->fail(problems.value(processor));
+        else if (!handles.isEmpty())
+            journal->finishNew(handles.last());
+        tellAbout(*journal, wasBroken);
+    }
+    m_syncing = false;
+    m_idle.notify_all();
+}

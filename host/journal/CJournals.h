@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/journal/CJournalFolder.h"
+
+#include <QSet>
+
+#include <chrono>
+#include <condition_variable>
+#include <deque>
+#include <functional>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+/// The journals of all processors with edits. Small changes are with the operating system when a call
+/// returns; large ones, and those behind them, are written by a thread of its own, which also has them
+/// confirmed by the disk within a second. No call waits for the disk. GUI thread, unless a function says
+/// otherwise.
+class CJournals final
+{
+    Q_DECLARE_TR_FUNCTIONS(CJournals)
+
+public:
+    using Tell = std::function<void(const QString &)>;
+
+    /// @p tell gets texts for the user, on any thread.
+    CJournals(const QString &folder, Tell tell);
+    ~CJournals(); ///< writes what waits; files stay
+    Q_DISABLE_COPY(CJournals)
+
+    const CJournalFolder &folder() const { return m_folder; }
+    /// Whether the histories of saved projects are kept, and how much memory the history of a processor may
+    /// take.
+    void setHistory(bool kept, qint64 bytes);
+
+    /// Whether the processor's state is known here.
+    bool knows(const QUuid &processor) const { return m_known.contains(processor); }
+    /// Begins with a state that needs no file. The first change makes one.
+    void begin(const SJournalOwner &owner, const SProcessorProject &state);
+    /// Notes an edit of a processor that is known.
+    void note(const SEditRecord &record);
+    /// Notes a state that is not the result of an edit, if it is another one.
+    void note(const SJournalOwner &owner, const SProcessorProject &state);
+    /// The processor was saved, in the state that is noted: a project's history is kept beside its journal,
+    /// which is removed.
+    void settle(const SJournalOwner &owner);
+    /// The processor is gone, or its edits are to be forgotten.
+    void drop(const QUuid &processor);
+    void dropAll();
+    /// Goes on with a journal of another run, whose file is taken over.
+    void adopt(const SStrayJournal &stray, const SJournalOwner &owner);
+    /// Goes on with the kept history of a project that was opened in state @p state.
+    void adoptHistory(const SJournalOwner &owner, const SJournal &history, const SProcessorProject &state);
+
+    /// The steps that lead to the layout noted last. Waits for what is not written yet, but not for long:
+    /// then it is empty.
+    SEditHistory history(const QUuid &processor);
+
+    /// Waits until everything is written and confirmed.
+    void sync();
+    /// As the destructor; nothing is noted afterwards.
+    void stop();
+
+private:
+    using Clock = std::chrono::steady_clock;
+    using Task = std::function<void()>;
+    using Lock = std::unique_lock<std::mutex>;
+
+    void submit(bool large, const Task &task);
+    bool mayRunNow() const;
+    CJournal *find(const QUuid &processor);
+    void open(const SJournalOwner &owner, const CJournalState &state);
+    void change(CJournal &journal, int entry, const QByteArray &content);
+    void tellAbout(const CJournal &journal, bool wasBroken) const;
+    bool isLargeToBegin(const QUuid &processor);
+
+    void run();
+    void runTask(Lock &lock);
+    void tend();
+    void confirm(Lock &lock);
+    void runFree(Lock &lock, const Task &task);
+    bool isUnsynced() const;
+
+    const CJournalFolder m_folder;
+    const Tell m_tell;
+    QSet<QUuid> m_known; // GUI thread
+
+    std::mutex m_mutex; // guards what follows
+    std::condition_variable m_wake;
+    std::condition_variable m_idle;
+    std::deque<Task> m_waiting;
+    bool m_running = false; // the thread uses the journals, without the lock
+    bool m_syncing = false; // the thread waits for the disk
+    Clock::time_point m_syncStart;
+    Clock::time_point m_nextTurn; // of what is done once a while
+    bool m_stopped = false;
+    bool m_keepHistory = true;
+    qint64 m_historyBytes;
+    std::map<QUuid, std::unique_ptr<CJournal>>
+        m_journals;       // under the lock while nothing runs, else the thread's
+    std::thread m_thread; // last
+};

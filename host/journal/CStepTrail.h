@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/journal/SJournalStep.h"
+
+#include <QVector>
+
+class CByteReader;
+class CByteWriter;
+
+/// The history of one processor in a form that takes little memory: of each step what it changed, both ways.
+/// It may begin later than the editor's own history, with whose numbers it counts. Any thread, one at a time.
+class CStepTrail final
+{
+public:
+    using Ports = QVector<CabinetLayout::CabinetPort>;
+
+    /// Notes what happened to the editor's history. @p ports are the ports afterwards.
+    void note(const SJournalStep &step, const Ports &ports);
+    void clear(); ///< as after SEditRecord::Cleared
+    /// The layout is saved as it is now.
+    void setSaved() { m_saved = m_index; }
+    /// Drops the oldest steps until a history() of the rest takes at most that many bytes.
+    void limit(qint64 bytes);
+
+    /// Counts from the oldest step that leads to @p ports, as an editor does that begins with history().
+    void renumber(const Ports &ports);
+
+    bool isEmpty() const { return m_steps.isEmpty(); }
+    int count() const { return m_steps.size(); }
+    /// How many steps lie between the saved layout and the present one.
+    int unsaved() const;
+
+    /// The steps with the ports before and after each. @p ports are the ports now; steps that do not lead to
+    /// them are left out.
+    SEditHistory history(const Ports &ports) const;
+
+    void write(CByteWriter &out) const;
+    static CStepTrail read(CByteReader &in);
+
+private:
+    struct SStep
+    {
+        QString text;
+        QVector<SPortDelta> deltas; // in the order in which they happened
+
+        qint64 bytes() const; // of the step in a history
+    };
+
+    void add(const SJournalStep &step);
+    void merge(const SJournalStep &step, const Ports &ports);
+    void dropFirst(int count);
+    static void condense(SStep &step, const Ports &ports);
+    static bool walk(Ports &ports, const SStep &step, bool forward, SEditStep &result);
+
+    QVector<SStep> m_steps;
+    qint64 m_bytes = 0; // of all steps
+    int m_first = 0;    // the editor's number of the first step here
+    int m_index = 0;
+    int m_saved = -1;
+};

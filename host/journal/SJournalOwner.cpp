@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/journal/SJournalOwner.h"
+
+#include "host/journal/CByteReader.h"
+#include "host/journal/CByteWriter.h"
+
+void SJournalOwner::write(CByteWriter &out) const
+{
+    out.uuid(processor);
+    out.byte(project ? 1 : 0);
+    out.text(name);
+    out.text(file);
+    out.byte(stamp.exists ? 1 : 0);
+    out.fixed(stamp.device);
+    out.fixed(stamp.node);
+    out.number(stamp.size);
+    out.number(stamp.seconds);
+    out.number(stamp.nanoseconds);
+    out.block(fileDigest);
+    out.text(version);
+}
+
+SJournalOwner SJournalOwner::read(CByteReader &in)
+{
+    SJournalOwner owner;
+    owner.processor = in.uuid();
+    owner.project = in.byte() != 0;
+    owner.name = in.text();
+    owner.file = in.text();
+    owner.stamp.exists = in.byte() != 0;
+    owner.stamp.device = in.fixed();
+    owner.stamp.node = in.fixed();
+    owner.stamp.size = in.number();
+    owner.stamp.seconds = in.number();
+    owner.stamp.nanoseconds = in.number();
+    owner.fileDigest = in.block();
+    owner.version = in.text();
+    return owner;
+}

@@ -1,0 +1,329 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/journal/CJournals.h"
+#include "tests/harness/CTestBase.h"
+#include "tests/journal/CRecordingEditor.h"
+#include "tests/projects/ProjectSamples.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <atomic>
+#include <cerrno>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+/// A disk that fills up, in the middle of a write, and gets room again.
+class CSwitchedDisk final : public CFileSystem
+{
+public:
+    CSwitchedDisk() { setCurrent(this); }
+    ~CSwitchedDisk() override { setCurrent(nullptr); }
+
+    std::atomic<bool> full{false};
+    std::atomic<bool> refusesSync{false};
+
+    qint64 write(int file, const char *data, qint64 size) override
+    {
+        if (!full)
+            return CFileSystem::write(file, data, size);
+        if (size > 1)
+            return CFileSystem::write(file, data, size / 2);
+        errno = ENOSPC;
+        return -1;
+    }
+    int sync(int file) override
+    {
+        if (!refusesSync)
+            return CFileSystem::sync(file);
+        errno = EIO;
+        return -1;
+    }
+};
+
+/// A folder with journals, and what they told.
+struct SWorld
+{
+    QTemporaryDir root;
+    QString folder = root.filePath(QStringLiteral("state/journal"));
+    std::mutex mutex;
+    QStringList told;
+    CJournals journals{folder, [this](const QString &text) {
+                           const std::lock_guard<std::mutex> lock(mutex);
+                           told << text;
+                       }};
+
+    int toldCount()
+    {
+        const std::lock_guard<std::mutex> lock(mutex);
+        return told.size();
+    }
+    QStringList files() const { return QDir(folder).entryList(QDir::Files); }
+    QList<SStrayJournal> strays() const { return CJournalFolder(folder).strays(); }
+};
+
+SJournalOwner ownerOf(const CRecordingEditor &editor, const QString &file = {})
+{
+    SJournalOwner owner;
+    owner.processor = editor.project().layout.processor;
+    owner.project = true;
+    owner.name = editor.project().name;
+    owner.file = file;
+    return owner;
+}
+
+bool offers(const QList<SStrayJournal> &strays, const CRecordingEditor &editor)
+{
+    return strays.size() == 1 && strays.first().journal.problem == SJournal::None &&
+           strays.first().journal.state.project() == editor.project() &&
+           sameHistory(strays.first().journal.state.history(), editor.history());
+}
+
+CRecordingEditor smallEditor(quint32 seed = 1)
+{
+    return {ProjectSamples::ofWall(CWallBuilder::Small), seed};
+}
+
+} // namespace
+
+/// Journals as files: written at once, in order, whole, and by nobody else.
+class CJournalsTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void keepsWhatWasEdited();
+    void isPrivate();
+    void keepsTheOrder();
+    void survivesBeingKilled();
+    void tellsOfAFullDiskAndRecovers_data();
+    void tellsOfAFullDiskAndRecovers();
+    void staysSmall();
+    void goesOnWithAnotherRunsJournal();
+    void keepsTheHistoryOfAFile();
+    void leavesOthersAlone();
+};
+
+void CJournalsTest::keepsWhatWasEdited()
+{
+    CRecordingEditor editor = smallEditor();
+    SWorld world;
+    world.journals.begin(ownerOf(editor), editor.project());
+    QVERIFY(world.files().isEmpty()); // nothing was edited
+    for (int i = 0; i < 10; ++i)
+        world.journals.note(editor.anything());
+    QVERIFY(world.strays().isEmpty()); // belongs to a process that runs
+    QVERIFY(sameHistory(world.journals.history(editor.project().layout.processor), editor.history()));
+    SProcessorProject locked = editor.project();
+    locked.layout.ports[0].locked = true;
+    world.journals.note(ownerOf(editor), locked);
+    world.journals.stop();
+    QCOMPARE(world.strays().size(), 1);
+    QVERIFY(world.strays().first().journal.state.project() == locked);
+}
+
+void CJournalsTest::isPrivate()
+{
+    CRecordingEditor editor = smallEditor();
+    SWorld world;
+    world.journals.begin(ownerOf(editor), editor.project());
+    world.journals.note(editor.edit(QStringLiteral("Edit")));
+    struct stat status = {};
+    QCOMPARE(stat(QFile::encodeName(world.folder).constData(), &status), 0);
+    QCOMPARE(int(status.st_mode & 0777), 0700);
+    const QString file = world.folder + QLatin1Char('/') + world.files().value(0);
+    QCOMPARE(stat(QFile::encodeName(file).constData(), &status), 0);
+    QCOMPARE(int(status.st_mode & 0777), 0600);
+    world.journals.drop(editor.project().layout.processor);
+    QVERIFY(world.files().isEmpty());
+}
+
+void CJournalsTest::keepsTheOrder()
+{
+    CRecordingEditor editor(ProjectSamples::ofWall(CWallBuilder::Full), 2);
+    QVERIFY(editor.project().layout.cabinetCount() > 10000);
+    SWorld world;
+    world.journals.begin(ownerOf(editor), editor.project());
+    for (int i = 0; i < 3; ++i) {
+        world.journals.note(editor.nudgeAll()); // by the thread
+        world.journals.note(editor.edit(QStringLiteral("small")));
+    }
+    world.journals.stop();
+    QVERIFY(offers(world.strays(), editor));
+}
+
+/// A child process edits, and says after each edit that the call has returned; it is killed in between.
+void CJournalsTest::survivesBeingKilled()
+{
+    QTemporaryDir root;
+    const QString folder = root.filePath(QStringLiteral("journal"));
+    for (int round = 1; round <= 6; ++round) {
+        int pipe[2] = {};
+        QCOMPARE(::pipe(pipe), 0);
+        const pid_t child = fork();
+        if (child == 0) {
+            CRecordingEditor editor = smallEditor(quint32(round));
+            CJournals journals(folder, {});
+            journals.begin(ownerOf(editor), editor.project());
+            for (;;) {
+                journals.note(editor.anything());
+                if (::write(pipe[1], "", 1) != 1)
+                    _exit(1);
+            }
+        }
+        char done = 0;
+        int edits = 0;
+        while (edits < 7 * round && ::read(pipe[0], &done, 1) == 1)
+            ++edits;
+        kill(child, SIGKILL);
+        waitpid(child, nullptr, 0);
+        ::close(pipe[1]);
+        while (::read(pipe[0], &done, 1) == 1)
+            ++edits;
+        ::close(pipe[0]);
+        const QList<SStrayJournal> strays = CJournalFolder(folder).strays();
+        CRecordingEditor editor = smallEditor(quint32(round)); // the same edits
+        for (int i = 0; i < edits; ++i)
+            editor.anything();
+        if (!offers(strays, editor))
+            editor.anything(); // was written, but not said
+        QVERIFY(offers(strays, editor));
+        CJournalFolder::remove(strays.first());
+    }
+}
+
+void CJournalsTest::tellsOfAFullDiskAndRecovers_data()
+{
+    QTest::addColumn<bool>("atSync");
+    QTest::addRow("write") << false;
+    QTest::addRow("sync") << true;
+}
+
+void CJournalsTest::tellsOfAFullDiskAndRecovers()
+{
+    QFETCH(const bool, atSync);
+    CRecordingEditor editor = smallEditor();
+    CSwitchedDisk disk;
+    SWorld world;
+    world.journals.begin(ownerOf(editor), editor.project());
+    world.journals.note(editor.edit(QStringLiteral("before")));
+    (atSync ? disk.refusesSync : disk.full) = true;
+    for (int i = 0; i < 3; ++i)
+        world.journals.note(editor.edit(QStringLiteral("lost")));
+    QTRY_COMPARE(world.toldCount(), 1);
+    QVERIFY(world.told.first().contains(editor.project().name));
+    for (int i = 0; i < 3; ++i)
+        world.journals.note(editor.edit(QStringLiteral("lost")));
+    QCOMPARE(world.toldCount(), 1);
+    (atSync ? disk.refusesSync : disk.full) = false;
+    QTRY_COMPARE(world.toldCount(), 2); // a new file holds what was lost
+    world.journals.note(editor.edit(QStringLiteral("after")));
+    world.journals.stop();
+    QCOMPARE(world.toldCount(), 2);
+    QVERIFY(offers(world.strays(), editor));
+}
+
+void CJournalsTest::staysSmall()
+{
+    CRecordingEditor editor(ProjectSamples::ofWall(CWallBuilder::Medium), 1);
+    SWorld world;
+    const SJournalOwner owner = ownerOf(editor);
+    SProcessorProject empty = editor.project();
+    for (auto &port : empty.layout.ports)
+        port.groups.clear();
+    world.journals.begin(owner, editor.project());
+    world.journals.note(owner, empty);
+    const QString file = world.folder + QLatin1Char('/') + world.files().value(0);
+    qint64 size = 0;
+    for (qint64 last = 0; size >= last; size = QFileInfo(file).size()) { // until it was replaced
+        last = size;
+        world.journals.note(owner, editor.project());
+        world.journals.note(owner, empty);
+        QVERIFY(size < 16 * 1024 * 1024);
+    }
+    QVERIFY(size < 1024 * 1024);
+    world.journals.note(editor.edit(QStringLiteral("last")));
+    world.journals.note(owner, editor.project());
+    world.journals.stop();
+    QVERIFY(offers(world.strays(), editor));
+    QCOMPARE(world.files().size(), 1);
+}
+
+void CJournalsTest::goesOnWithAnotherRunsJournal()
+{
+    CRecordingEditor editor = smallEditor();
+    SWorld first;
+    first.journals.begin(ownerOf(editor), editor.project());
+    for (int i = 0; i < 5; ++i)
+        first.journals.note(editor.edit(QStringLiteral("Edit")));
+    first.journals.note(editor.undo());
+    first.journals.stop();
+    for (const bool same : {true, false}) { // with the same key, and with another one
+        CJournals next(first.folder, {});
+        SJournalOwner owner = ownerOf(editor);
+        owner.processor = same ? owner.processor : QUuid::createUuid();
+        next.adopt(first.strays().value(0), owner);
+        QVERIFY(sameHistory(next.history(owner.processor), editor.history()));
+        SEditRecord record = editor.edit(QStringLiteral("more"));
+        record.processor = owner.processor;
+        next.note(record);
+        next.stop();
+        QVERIFY(offers(first.strays(), editor));
+        QCOMPARE(first.files().size(), 1);
+    }
+}
+
+void CJournalsTest::keepsTheHistoryOfAFile()
+{
+    CRecordingEditor editor = smallEditor();
+    SWorld world;
+    const QString file = world.root.filePath(QStringLiteral("wall.sprj"));
+    const SJournalOwner owner = ownerOf(editor, file);
+    world.journals.begin(owner, editor.project());
+    world.journals.note(editor.edit(QStringLiteral("one")));
+    world.journals.note(editor.edit(QStringLiteral("two")));
+    ProjectSamples::setContent(file, "saved");
+    editor.save();
+    world.journals.settle(owner);
+    world.journals.sync();
+    QVERIFY(world.strays().isEmpty()); // only the history is left
+    SJournal history;
+    QVERIFY(world.journals.folder().findHistory(file, history) == CJournalFolder::Kept::Same);
+    CJournals next(world.folder, {});
+    next.adoptHistory(owner, history, editor.project());
+    QVERIFY(sameHistory(next.history(owner.processor), editor.history()));
+    SProcessorProject other = editor.project();
+    other.layout.ports.clear();
+    next.adoptHistory(owner, history, other); // leads elsewhere
+    QVERIFY(next.history(owner.processor).steps.isEmpty());
+    ProjectSamples::setContent(file, "changed");
+    QVERIFY(world.journals.folder().findHistory(file, history) == CJournalFolder::Kept::Changed);
+    ProjectSamples::setContent(file, "saved");
+    world.journals.setHistory(false, 100000);
+    world.journals.sync();
+    QVERIFY(world.files().isEmpty());
+}
+
+void CJournalsTest::leavesOthersAlone()
+{
+    CRecordingEditor editor = smallEditor();
+    SWorld world;
+    world.journals.begin(ownerOf(editor), editor.project());
+    world.journals.note(editor.edit(QStringLiteral("Edit")));
+    world.journals.stop();
+    const QList<SStrayJournal> held = world.strays();
+    QCOMPARE(held.size(), 1);
+    QVERIFY(world.strays().isEmpty()); // somebody looks at it
+    ProjectSamples::setContent(world.folder + QStringLiteral("/a.journal~new"), "half");
+    ProjectSamples::setContent(world.folder + QStringLiteral("/b.journal"), "ORVOJRNL\x02");
+    QCOMPARE(world.strays().size(), 1);
+    QVERIFY(!world.strays().first().journal.isUsable());
+    QVERIFY(!world.files().contains(QStringLiteral("a.journal~new")));
+}
+
+ORVO_TEST_MAIN(QCoreApplication, CJournalsTest)
+#include "tst_journals.moc"
