@@ -8,6 +8,7 @@
 #include "host/app/CModuleFrame.h"
 #include "host/app/CModuleHost.h"
 #include "host/app/CProjectCommands.h"
+#include "host/app/CSettingsDialog.h"
 #include "host/app/CSimulationMenu.h"
 #include "host/app/CTypeLibraryDialog.h"
 #include "host/app/CWindowColumns.h"
@@ -117,6 +118,10 @@ void CMainWindow::connectActions()
     connect(m_actions.saveProject, &QAction::triggered, this, [=] { m_projects->save(selected()); });
     connect(m_actions.saveProjectAs, &QAction::triggered, this, [=] { m_projects->saveAs(selected()); });
     connect(m_actions.exportLayout, &QAction::triggered, this, [=] { m_projects->exportLayout(selected()); });
+    connect(m_actions.restoreVersion, &QAction::triggered, this,
+            [=] { m_projects->restoreVersion(selected()); });
+    connect(m_actions.settings, &QAction::triggered, this,
+            [this] { CSettingsDialog(m_settings, this).exec(); });
     connect(m_actions.closeProject, &QAction::triggered, this, [=] { m_projects->close(selected()); });
     connect(m_actions.quit, &QAction::triggered, this, &QWidget::close);
     connect(m_actions.detect, &QAction::triggered, this, [this] { m_manager.jobs().detect(); });
@@ -139,6 +144,9 @@ void CMainWindow::connectActions()
     connect(m_projects.get(), &CProjectCommands::notifySaved, this, [this](const QString &file) {
         statusBar()->showMessage(tr("Saved \"%1\"").arg(file), MessageMilliseconds);
         updateActions();
+    });
+    connect(m_projects.get(), &CProjectCommands::notifyRestored, statusBar(), [this] {
+        statusBar()->showMessage(tr("Restored; the file stays as it is until the project is saved."));
     });
 }
 
@@ -337,8 +345,8 @@ void CMainWindow::openLogFolder()
 void CMainWindow::updateActions()
 {
     const QUuid selected = m_devices->singleProcessor();
-    const bool project = m_manager.table().isProject(selected);
-    m_actions.setSelected(!selected.isNull(), project);
+    const SDevice device = m_manager.table().device(selected).value_or(SDevice());
+    m_actions.setSelected(!selected.isNull(), device.project, device.readOnly);
     m_actions.detect->setEnabled(!m_manager.jobs().current());
     m_actions.processor->setEnabled(m_module->layoutModule() && !selected.isNull());
     const bool noRecent = m_settings.recentProjects().isEmpty();

@@ -3,6 +3,7 @@
 #include "host/app/CProjectCommands.h"
 
 #include "host/app/CNewProjectDialog.h"
+#include "host/app/CVersionsDialog.h"
 #include "host/app/commands/CLayoutExport.h"
 #include "host/app/start/CAppSettings.h"
 #include "host/devices/CProjectShelf.h"
@@ -57,11 +58,11 @@ void CProjectCommands::open(const QStringList &files)
     QStringList failures;
     for (const QString &file : files) {
         Q_EMIT notifyWorking(tr("Opening \"%1\"...").arg(QDir::toNativeSeparators(file)));
-        const CResult<QUuid> opened = m_projects.open(file);
-        if (opened) {
+        const CResult<QUuid> opened = openAsking(file);
+        if (opened && !opened.value().isNull()) {
             last = opened.value();
             m_settings.addRecentProject(file);
-        } else {
+        } else if (!opened) {
             failures << opened.error();
             if (!QFileInfo::exists(file)) // any other obstacle may go
                 m_settings.removeRecentProject(file);
@@ -77,6 +78,20 @@ void CProjectCommands::open(const QStringList &files)
     }
 }
 
+CResult<QUuid> CProjectCommands::openAsking(const QString &file)
+{
+    using Held = CProjectShelf::Held;
+    return m_projects.open(file, [&](const SLockHolder &holder) {
+        const QString text =
+            tr("%1\nis open already: %2.").arg(QDir::toNativeSeparators(file), holder.text());
+        const auto choice = CMessageBox::choose(&m_window, tr("Somebody else has the project open."), text,
+                                                tr("&Read only"), tr("Open &anyway"));
+        return choice == CMessageBox::Choice::Keep   ? Held::ReadOnly
+               : choice == CMessageBox::Choice::Lose ? Held::Anyway
+                                                     : Held::Cancel;
+    });
+}
+
 void CProjectCommands::openDemo()
 {
     const CResult<QUuid> opened = m_projects.openDemo();
@@ -88,23 +103,10 @@ void CProjectCommands::openDemo()
 
 bool CProjectCommands::save(const QUuid &processor)
 {
-    const QString file = m_projects.fileOf(processor);
-    if (file.isEmpty())
+    const std::optional<SDevice> device = m_services.table().device(processor);
+    if (!device || device->file.isEmpty() || !device->readOnly.isEmpty())
         return saveAs(processor);
-    if (!m_projects.isChangedOnDisk(processor))
-        return saveTo(processor, file);
-    switch (CMessageBox::choose(
-        &m_window, tr("The file was changed by another window or program since it was opened here."),
-        tr("%1\nOverwriting replaces what it holds now.").arg(QDir::toNativeSeparators(file)),
-        tr("Save &as..."), tr("&Overwrite"))) {
-    case CMessageBox::Choice::Keep:
-        return saveAs(processor);
-    case CMessageBox::Choice::Lose:
-        return saveTo(processor, file);
-    case CMessageBox::Choice::Cancel:
-        break;
-    }
-    return false;
+    return saveTo(processor, device->file);
 }
 
 bool CProjectCommands::saveAs(const QUuid &processor)
@@ -128,16 +130,47 @@ bool CProjectCommands::saveAs(const QUuid &processor)
 
 bool CProjectCommands::saveTo(const QUuid &processor, const QString &file, const QString &newName)
 {
-    Q_EMIT notifyWorking(tr("Saving \"%1\"...").arg(QDir::toNativeSeparators(file)));
-    const CStatus status = m_projects.save(processor, file, newName);
-    Q_EMIT notifyWorking({});
-    if (!status) {
-        CMessageBox::warning(&m_window, tr("The project cannot be saved."), status.error());
-        return false;
+    SProjectSaving how;
+    how.overChanged = false;
+    how.overHeld = false;
+    for (;;) {
+        Q_EMIT notifyWorking(tr("Saving \"%1\"...").arg(QDir::toNativeSeparators(file)));
+        const CStatus status = m_projects.save(processor, file, newName, &how);
+        Q_EMIT notifyWorking({});
+        if (status) {
+            m_settings.addRecentProject(file);
+            Q_EMIT notifySaved(QDir::toNativeSeparators(file));
+            return true;
+        }
+        if (!how.changed && !how.heldBy) {
+            CMessageBox::warning(&m_window, tr("The project cannot be saved."), status.error());
+            return false;
+        }
+        switch (askToOverwrite(file, how)) {
+        case CMessageBox::Choice::Keep:
+            return saveAs(processor);
+        case CMessageBox::Choice::Lose:
+            break;
+        case CMessageBox::Choice::Cancel:
+            return false;
+        }
+        how.overChanged = how.overChanged || how.changed;
+        how.overHeld = how.overHeld || how.heldBy;
+        how.heldBy.reset();
     }
-    m_settings.addRecentProject(file);
-    Q_EMIT notifySaved(QDir::toNativeSeparators(file));
-    return true;
+}
+
+CMessageBox::Choice CProjectCommands::askToOverwrite(const QString &file, const SProjectSaving &why)
+{
+    const QString place = QDir::toNativeSeparators(file);
+    if (why.heldBy)
+        return CMessageBox::choose(
+            &m_window, tr("Somebody else has the file open."),
+            tr("%1\n%2. Overwriting replaces what they have saved.").arg(place, why.heldBy->text()),
+            tr("Save &as..."), tr("&Overwrite"));
+    return CMessageBox::choose(
+        &m_window, tr("The file was changed by another window or program since it was opened here."),
+        tr("%1\nOverwriting replaces what it holds now.").arg(place), tr("Save &as..."), tr("&Overwrite"));
 }
 
 void CProjectCommands::exportLayout(const QUuid &processor)
@@ -172,6 +205,38 @@ void CProjectCommands::exportTo(const QUuid &processor, const QString &file)
         CMessageBox::warning(&m_window, tr("The layout cannot be exported."), status.error());
 }
 
+void CProjectCommands::restoreVersion(const QUuid &project)
+{
+    const QString file = m_projects.fileOf(project);
+    QVector<CProjectVersions::SVersion> versions;
+    if (!file.isEmpty())
+        CBackgroundCall::run([&] { versions = CProjectVersions::of(file); });
+    if (versions.isEmpty()) {
+        CMessageBox::information(&m_window, tr("There is no earlier version of this project."),
+                                 tr("Each save keeps what the file held before."));
+        return;
+    }
+    CVersionsDialog dialog(versions, &m_window);
+    if (dialog.exec() == QDialog::Accepted)
+        replaceWith(project, dialog.chosen());
+}
+
+void CProjectCommands::replaceWith(const QUuid &project, const QString &version)
+{
+    m_services.flush();
+    if (m_services.table().isModified(project) &&
+        !CMessageBox::confirm(&m_window, tr("There are edits that are not saved. Replace them all the same?"),
+                              nameOf(project)))
+        return;
+    const auto content = CBackgroundCall::result([&] { return CProcessorProject::read(version); });
+    const CStatus restored =
+        content ? m_projects.replaceContent(project, content.value()) : CStatus::failure(content.error());
+    if (restored)
+        Q_EMIT notifyRestored();
+    else
+        CMessageBox::warning(&m_window, tr("The version cannot be restored."), restored.error());
+}
+
 bool CProjectCommands::close(const QUuid &project)
 {
     if (!m_services.table().isProject(project) || !askToSave(project))
@@ -188,7 +253,7 @@ bool CProjectCommands::askToSave(const QUuid &project)
     switch (CMessageBox::choose(&m_window, tr("Save the changes to the project \"%1\"?").arg(nameOf(project)),
                                 tr("What is not saved is lost."), tr("&Save"), tr("&Discard"))) {
     case CMessageBox::Choice::Keep:
-        return save(project);
+        return save(project); // one that is read only as another file
     case CMessageBox::Choice::Lose:
         return true;
     case CMessageBox::Choice::Cancel:

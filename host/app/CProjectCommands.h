@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "platform/common/CResult.h"
+#include "platform/widgets/CMessageBox.h"
+
 #include <QObject>
 #include <QStringList>
 #include <QUuid>
@@ -10,6 +13,7 @@ class CAppSettings;
 class CDeviceServices;
 class CProjectShelf;
 class QWidget;
+struct SProjectSaving;
 
 /// The user's commands for projects: create, open, save and close, each with its questions and messages. GUI
 /// thread.
@@ -34,6 +38,9 @@ public:
     bool saveAs(const QUuid &processor);
     /// Writes a picture or a table of the cabinets to a file that the user chooses.
     void exportLayout(const QUuid &processor);
+    /// Lets the user choose an earlier version of a project's file, which becomes the content of the project:
+    /// unsaved, so that nothing is lost on the disk.
+    void restoreVersion(const QUuid &project);
     /// Closes a project; asks first if there are unsaved edits. False: still open.
     bool close(const QUuid &project);
     /// Asks about all unsaved edits. False: the user does not want to quit.
@@ -44,11 +51,15 @@ Q_SIGNALS:
     void notifyWorking(const QString &text);
     void notifyOpened(const QUuid &project);
     void notifySaved(const QString &file);
+    void notifyRestored();
 
 private:
     void exportTo(const QUuid &processor, const QString &file);
     /// The project is renamed to @p newName, unless that is empty.
+    void replaceWith(const QUuid &project, const QString &version);
     bool saveTo(const QUuid &processor, const QString &file, const QString &newName = {});
+    CMessageBox::Choice askToOverwrite(const QString &file, const SProjectSaving &why);
+    CResult<QUuid> openAsking(const QString &file);
     bool askToSave(const QUuid &project);
     QString nameOf(const QUuid &processor) const;
 

@@ -38,11 +38,15 @@ SMainActions SMainActions::create(QMainWindow &window, CWorkModeMenu &workMode, 
     return actions;
 }
 
-void SMainActions::setSelected(bool any, bool project) const
+void SMainActions::setSelected(bool any, bool project, const QString &readOnly) const
 {
     const QString noProject = project ? QString() : tr("Select a project in the tree");
     const QString nothing = any ? QString() : tr("Select a single processor or project in the tree");
-    allowUnless(*saveProject, noProject); // also without edits: the module may have pending ones
+    // Also without edits: the module may have pending ones.
+    allowUnless(*saveProject, readOnly.isEmpty()
+                                  ? noProject
+                                  : readOnly + QLatin1Char('\n') + tr("Save it as another file"));
+    allowUnless(*restoreVersion, noProject);
     allowUnless(*closeProject, noProject);
     allowUnless(*saveProjectAs, nothing);
     allowUnless(*exportLayout, nothing);
@@ -72,6 +76,9 @@ void SMainActions::createActions(QMainWindow &window)
                               tr("Write a picture or a list of the cabinets to a file"));
     closeProject =
         makeAction(window, tr("&Close project"), QKeySequence::Close, tr("Close the selected project"));
+    restoreVersion = makeAction(window, tr("Restore ea&rlier version..."), {},
+                                tr("Go back to what the project's file held before it was saved"));
+    settings = makeAction(window, tr("Se&ttings..."), {}, tr("Set what is kept of projects and histories"));
     quit = makeAction(window, tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), tr("Quit Orvo"));
     detect = makeAction(window, tr("&Detect devices"), QKeySequence(Qt::Key_F5),
                         tr("Search for processors and update their status"));
@@ -96,7 +103,10 @@ void SMainActions::buildFileMenu(QMainWindow &window)
     menu->addAction(saveProject);
     menu->addAction(saveProjectAs);
     menu->addAction(exportLayout);
+    menu->addAction(restoreVersion);
     menu->addAction(closeProject);
+    menu->addSeparator();
+    menu->addAction(settings);
     menu->addSeparator();
     menu->addAction(quit);
 }

@@ -22,6 +22,8 @@ public:
     QAction *saveProjectAs = nullptr;
     QAction *exportLayout = nullptr;
     QAction *closeProject = nullptr;
+    QAction *restoreVersion = nullptr;
+    QAction *settings = nullptr;
     QAction *openDemo = nullptr;
     QAction *quit = nullptr;
     QAction *detect = nullptr;
@@ -38,7 +40,8 @@ public:
     static SMainActions create(QMainWindow &window, CWorkModeMenu &workMode, CSimulationMenu &simulation);
 
     /// Enables what can be done to the processor that is selected, if @p any is, and is a @p project or not.
-    void setSelected(bool any, bool project) const;
+    /// @p readOnly says why the project is not saved to its file; empty: it is.
+    void setSelected(bool any, bool project, const QString &readOnly) const;
     /// Enables @p action if @p refusal is empty; otherwise its tool tip tells it.
     static void allowUnless(QAction &action, const QString &refusal);
 

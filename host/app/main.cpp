@@ -138,6 +138,7 @@ int runWindow(int argc, char **argv, const SAppOptions &options)
 
 int main(int argc, char **argv)
 {
+    CSafeFile::setVersions(CAppSettings().keptVersions());
     initLayoutResources(); // pictures from the command line have padlocks, too
     CSignalWatch::ignoreBrokenPipes();
     CSafeFile::setNote([](const QString &file, CSafeFile::Previous previous) {

@@ -56,6 +56,8 @@ CDeviceTreeModel::SNode CDeviceTreeModel::nodeOf(const SDevice &device)
                                   : QStringLiteral("%1\n%2 %3\n%4")
                                         .arg(device.node.displayText(), device.node.model,
                                              device.node.serialNumber, state);
+    if (!device.readOnly.isEmpty())
+        node.toolTip += QLatin1Char('\n') + device.readOnly;
     if (node.fiber)
         node.toolTip += QLatin1Char('\n') + tr("Fiber Optic Transceiver Mode is on");
     return node;
@@ -111,6 +113,8 @@ CDeviceTreeModel::Nodes CDeviceTreeModel::build() const
         SNode node = nodeOf(device);
         if (device.project)
             node.text = nameAmong(known, device);
+        if (!device.readOnly.isEmpty())
+            node.text = tr("%1 (read only)").arg(node.text);
         append(nodes, parent, node);
     }
     return nodes;

@@ -27,6 +27,14 @@ const SProcessorKind *kindFor(const SProcessorProject &project)
     return project.kind.isEmpty() ? kinds.withPorts(portsInUse(project)) : kinds.find(project.kind);
 }
 
+QString unknownKind(const SProcessorProject &project, const QString &name)
+{
+    return CProjectShelf::tr(
+               "%1 needs a processor of the kind \"%2\" with %3 output ports, which is not known.")
+        .arg(CSafeFile::quoted(name), project.kind)
+        .arg(portsInUse(project));
+}
+
 } // namespace
 
 CProjectShelf::CProjectShelf(CDeviceServices &services)
@@ -35,6 +43,8 @@ CProjectShelf::CProjectShelf(CDeviceServices &services)
 {
 }
 
+CProjectShelf::~CProjectShelf() = default;
+
 CProjectShelf::Opened CProjectShelf::announced(const Opened &opened)
 {
     if (opened)
@@ -42,9 +52,39 @@ CProjectShelf::Opened CProjectShelf::announced(const Opened &opened)
     return opened;
 }
 
-CProjectShelf::Opened CProjectShelf::open(const QString &file)
+CProjectShelf::Opened CProjectShelf::open(const QString &file, const AskHeld &ask)
 {
-    return announced(CBackgroundCall::result([&] { return read(file); }));
+    QUuid known;
+    Lock lock;
+    CFileLock::Outcome outcome = CFileLock::Impossible;
+    CBackgroundCall::run([&] {
+        known = openedAs(file);
+        if (!known.isNull() || !QFileInfo::exists(file))
+            return;
+        lock = std::make_shared<CFileLock>(file);
+        outcome = lock->take();
+    });
+    if (!known.isNull())
+        return known;
+    QString readOnly;
+    if (outcome == CFileLock::Held && ask) {
+        const Held answer = ask(lock->holder());
+        if (answer == Held::Cancel)
+            return QUuid();
+        if (answer == Held::ReadOnly)
+            readOnly = tr("It is read only: %1 has it open.").arg(lock->holder().text());
+        else
+            CBackgroundCall::run([&lock] { lock->take(CFileLock::Replace); });
+    }
+    const Opened opened = CBackgroundCall::result([&] {
+        const Opened added = read(file, readOnly);
+        if (!added)
+            lock.reset();
+        return added;
+    });
+    if (opened)
+        m_locks.insert(opened.value(), lock);
+    return announced(opened);
 }
 
 CProjectShelf::Opened CProjectShelf::openDemo()
@@ -57,10 +97,16 @@ CProjectShelf::Opened CProjectShelf::add(const SProcessorProject &project)
     return announced(CBackgroundCall::result([&] { return put(project, {}, {}); }));
 }
 
-CStatus CProjectShelf::save(const QUuid &processor, const QString &file, const QString &newName)
+CStatus CProjectShelf::save(const QUuid &processor, const QString &file, const QString &newName,
+                            SProjectSaving *how)
 {
     m_services.flush();
-    CStatus saved = CBackgroundCall::result([&] { return write(processor, file, newName); });
+    SProjectSaving unasked;
+    Lock lock = m_locks.take(processor);
+    CStatus saved = CBackgroundCall::result(
+        [&] { return lockAndWrite(processor, file, newName, how ? *how : unasked, lock); });
+    if (lock)
+        m_locks.insert(processor, lock);
     if (!saved)
         return saved;
     m_services.announcer().announceProcessors();
@@ -79,6 +125,8 @@ void CProjectShelf::close(const QUuid &project)
         m_services.select(selection,
                           selection.isEmpty() ? PrcTreeNodeType::Other : PrcTreeNodeType::Processor);
     m_table.remove(project);
+    Lock lock = m_locks.take(project);
+    CBackgroundCall::run([&lock] { lock.reset(); });
     m_services.announcer().notify(LayoutNotification::ProcessorRemoved, project);
     m_services.announcer().announceProcessors();
 }
@@ -87,16 +135,6 @@ QString CProjectShelf::fileOf(const QUuid &project) const
 {
     const std::optional<SDevice> device = m_table.device(project);
     return device ? device->file : QString();
-}
-
-bool CProjectShelf::isChangedOnDisk(const QUuid &project) const
-{
-    const std::optional<SDevice> device = m_table.device(project);
-    if (!device || device->file.isEmpty())
-        return false;
-    const CResult<SFileStamp> now =
-        CBackgroundCall::result([&device] { return CResult<SFileStamp>(SFileStamp::of(device->file)); });
-    return !now || (now.value().exists && now.value() != device->stamp);
 }
 
 QUuid CProjectShelf::openedAs(const QString &file) const
@@ -109,18 +147,18 @@ QUuid CProjectShelf::openedAs(const QString &file) const
     return {};
 }
 
-CProjectShelf::Opened CProjectShelf::read(const QString &file)
+CProjectShelf::Opened CProjectShelf::read(const QString &file, const QString &readOnly)
 {
-    const QUuid opened = openedAs(file);
-    if (!opened.isNull())
-        return opened;
     const SFileStamp stamp = SFileStamp::of(file); // first: what changes from now on is noticed
     const CResult<SProcessorProject> project = CProcessorProject::read(file);
     if (!project)
         return Opened::failure(project.error());
     Opened added = put(project.value(), file, project.value().layout);
     if (added)
-        m_table.change(added.value(), [&stamp](SDevice &device) { device.stamp = stamp; });
+        m_table.change(added.value(), [&](SDevice &device) {
+            device.stamp = stamp;
+            device.readOnly = readOnly;
+        });
     return added;
 }
 
@@ -141,10 +179,7 @@ CProjectShelf::Opened CProjectShelf::put(const SProcessorProject &project, const
 {
     const SProcessorKind *kind = kindFor(project);
     if (!kind || kind->ports < portsInUse(project)) {
-        return Opened::failure(
-            tr("%1 needs a processor of the kind \"%2\" with %3 output ports, which is not known.")
-                .arg(CSafeFile::quoted(file.isEmpty() ? project.name : file), project.kind)
-                .arg(portsInUse(project)));
+        return Opened::failure(unknownKind(project, file.isEmpty() ? project.name : file));
     }
     SDevice device;
     device.project = true;
@@ -171,6 +206,35 @@ CProjectShelf::Opened CProjectShelf::put(const SProcessorProject &project, const
     return device.node.uuid;
 }
 
+CStatus CProjectShelf::replaceContent(const QUuid &project, const SProcessorProject &content)
+{
+    const std::optional<SDevice> before = m_table.device(project);
+    if (!before || !before->project)
+        return CStatus::failure(tr("There is no such project."));
+    const SProcessorKind *kind = kindFor(content);
+    if (!kind || kind->ports < portsInUse(content))
+        return CStatus::failure(unknownKind(content, content.name));
+    m_services.flush();
+    SProcessorSettings settings = before->settings;
+    settings.portCount = portsInUse(content);
+    settings.canvas = content.canvas;
+    settings.offset = content.offset;
+    settings.frameRate = content.frameRate;
+    settings.colorDepth = content.colorDepth;
+    settings.background = content.background;
+    settings.background.processor = project;
+    m_table.change(project, [&](SDevice &device) {
+        device.kind = *kind;
+        device.node.model = kind->name;
+        device.print = content.print;
+    });
+    m_services.takeSettings(project, settings);
+    m_table.changeLayout(project, [&content](SDevice &device) { device.takeLayout(content.layout); });
+    m_services.announcer().announceLayout(project);
+    m_services.announcer().announceProcessors();
+    return CStatus::done();
+}
+
 SProcessorProject CProjectShelf::projectOf(const SDevice &device)
 {
     SProcessorProject project;
@@ -188,7 +252,30 @@ SProcessorProject CProjectShelf::projectOf(const SDevice &device)
     return project;
 }
 
-CStatus CProjectShelf::write(const QUuid &processor, const QString &file, const QString &newName)
+/// On success @p lock is the one that belongs to @p file.
+CStatus CProjectShelf::lockAndWrite(const QUuid &processor, const QString &file, const QString &newName,
+                                    SProjectSaving &how, Lock &lock)
+{
+    const std::optional<SDevice> device = m_table.device(processor);
+    const bool ownFile = device && device->file == file && device->readOnly.isEmpty();
+    if (ownFile && lock) {
+        lock->take(); // it may have been impossible before, or somebody who replaced it is gone
+        return write(processor, file, newName, how);
+    }
+    const Lock other = std::make_shared<CFileLock>(file);
+    if (other->take(how.overHeld ? CFileLock::Replace : CFileLock::Respect) == CFileLock::Held) {
+        how.heldBy = other->holder();
+        return CStatus::failure(
+            tr("%1 was not written: %2 has it open.").arg(CSafeFile::quoted(file), other->holder().text()));
+    }
+    CStatus written = write(processor, file, newName, how);
+    if (written && device && device->project)
+        lock = other;
+    return written;
+}
+
+CStatus CProjectShelf::write(const QUuid &processor, const QString &file, const QString &newName,
+                             SProjectSaving &how)
 {
     std::optional<SDevice> device = m_table.device(processor);
     if (!device)
@@ -197,19 +284,22 @@ CStatus CProjectShelf::write(const QUuid &processor, const QString &file, const 
         device->node.name = newName;
     SProcessorProject project = projectOf(*device);
     const QVector<int> mirrors = PortPairs::giveMirrors(project.layout, m_services.layoutOf());
-    bool replaced = false;
-    const CStatus status = CProcessorProject::write(file, project, &replaced);
+    SFileWrite writing;
+    if (device->project && file == device->file && !how.overChanged)
+        writing.expected = device->stamp;
+    const CStatus status = CProcessorProject::write(file, project, &writing);
+    how.changed = writing.changed;
     if (!device->project)
         return status;
-    const SFileStamp stamp = SFileStamp::of(file);
     if (!status) {
-        if (replaced && file == device->file) // unconfirmed, but what is there now was written here
-            m_table.change(processor, [&stamp](SDevice &known) { known.stamp = stamp; });
+        if (writing.replaced && file == device->file) // unconfirmed, but what is there was written here
+            m_table.change(processor, [&writing](SDevice &known) { known.stamp = writing.stamp; });
         return status;
     }
     m_table.change(processor, [&](SDevice &known) {
         known.file = file;
-        known.stamp = stamp;
+        known.stamp = writing.stamp;
+        known.readOnly.clear();
         known.node.name = device->node.name;
         known.savedSettings = device->settings;
     });

@@ -4,11 +4,14 @@
 
 #include <cerrno>
 #include <cstring>
+#include <sys/file.h>
+#include <thread>
 #include <utility>
 
 namespace {
 
 constexpr qint64 ComparedBytes = 64 * 1024; // at a time
+constexpr std::chrono::milliseconds LockPause(20);
 
 } // namespace
 
@@ -79,6 +82,18 @@ bool CFileHandle::syncNames()
 bool CFileHandle::lock(int operation)
 {
     return m_system.lock(m_file, operation) == 0;
+}
+
+bool CFileHandle::lockWithin(std::chrono::milliseconds limit)
+{
+    for (auto waited = LockPause; waited <= limit; waited += LockPause) {
+        if (lock(LOCK_EX | LOCK_NB))
+            return true;
+        if (errno != EWOULDBLOCK)
+            return false;
+        std::this_thread::sleep_for(LockPause);
+    }
+    return false;
 }
 
 bool CFileHandle::close()

@@ -6,6 +6,8 @@
 
 #include <QByteArray>
 
+#include <chrono>
+
 /// An open file or folder, closed by the destructor. Failures leave the reason in errno.
 class CFileHandle final
 {
@@ -29,6 +31,9 @@ public:
     bool syncNames();
     /// Locks or unlocks the file, see flock(2).
     bool lock(int operation);
+    /// Locks the file alone, waiting for others up to a limit. False: without lock, also where there are
+    /// none.
+    bool lockWithin(std::chrono::milliseconds limit);
     bool close();
 
 private:

@@ -78,7 +78,7 @@ CResult<SProcessorProject> CProcessorProject::read(const QString &file)
     return CStrictFile::readRecord<SProcessorProject>(file, processorFormat, readProject);
 }
 
-CStatus CProcessorProject::write(const QString &file, const SProcessorProject &project, bool *replaced)
+CStatus CProcessorProject::write(const QString &file, const SProcessorProject &project, SFileWrite *how)
 {
     const auto body = [&project] {
         QJsonObject json{
@@ -99,5 +99,5 @@ CStatus CProcessorProject::write(const QString &file, const SProcessorProject &p
             json.insert(QStringLiteral("print"), print);
         return json;
     };
-    return CStrictFile::writeRecord(file, processorFormat, readProject, body, replaced);
+    return CStrictFile::writeRecord(file, processorFormat, readProject, body, how);
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "host/projects/SFileWrite.h"
 #include "layout/api/records/CabinetLayout.h"
 #include "layout/api/records/PrintConfig.h"
 #include "layout/api/records/SBackgroundInfo.h"
@@ -41,6 +42,6 @@ class CProcessorProject final
 
 public:
     static CResult<SProcessorProject> read(const QString &file);
-    /// For @p replaced see CSafeFile::write().
-    static CStatus write(const QString &file, const SProcessorProject &project, bool *replaced = nullptr);
+    /// For @p how see CSafeFile::write().
+    static CStatus write(const QString &file, const SProcessorProject &project, SFileWrite *how = nullptr);
 };

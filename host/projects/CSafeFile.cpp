@@ -19,6 +19,7 @@
 namespace {
 
 std::atomic<CSafeFile::Note> writeNote{nullptr};
+std::atomic<int> keptVersions{1};
 
 /// The content of an open file, or why there is none.
 QString readInto(QByteArray &content, const CFileHandle &file, qint64 limit)
@@ -55,15 +56,6 @@ QString replaceProblem(const QByteArray &target)
     // The folder's permissions would suffice, but a read-only file is read-only on purpose.
     return faccessat(AT_FDCWD, target.constData(), W_OK, AT_EACCESS) == 0 ? QString()
                                                                           : CSafeFile::systemReason();
-}
-
-/// The target if @p file is a link, otherwise @p file itself.
-QString withoutLinks(const QString &file)
-{
-    const QFileInfo info(file);
-    if (info.exists())
-        return info.canonicalFilePath();
-    return info.isSymLink() ? info.symLinkTarget() : file;
 }
 
 CStatus confirmFolder(const QString &folder)
@@ -112,7 +104,15 @@ CResult<QByteArray> CSafeFile::read(const QString &file, qint64 limit, Found *fo
     return content;
 }
 
-CStatus CSafeFile::write(const QString &file, const QByteArray &content, Previous previous, bool *replaced)
+QString CSafeFile::withoutLinks(const QString &file)
+{
+    const QFileInfo info(file);
+    if (info.exists())
+        return info.canonicalFilePath();
+    return info.isSymLink() ? info.symLinkTarget() : file;
+}
+
+CStatus CSafeFile::write(const QString &file, const QByteArray &content, Previous previous, SFileWrite *how)
 {
     const QString target = withoutLinks(file);
     const QString problem = replaceProblem(QFile::encodeName(target));
@@ -122,11 +122,19 @@ CStatus CSafeFile::write(const QString &file, const QByteArray &content, Previou
         if (const Note note = writeNote)
             note(target, previous);
         CSafeWrite writing(target, content);
-        CStatus status = writing.run(previous == KeepPrevious);
-        if (replaced)
-            *replaced = writing.hasReplaced();
-        return status;
+        SFileWrite unasked;
+        return writing.run(previous == KeepPrevious && versions() > 0, how ? *how : unasked);
     });
+}
+
+void CSafeFile::setVersions(int count)
+{
+    keptVersions = qBound(0, count, MostVersions);
+}
+
+int CSafeFile::versions()
+{
+    return keptVersions;
 }
 
 void CSafeFile::setNote(Note note)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "host/projects/SFileWrite.h"
 #include "platform/common/CResult.h"
 
 #include <QByteArray>
@@ -20,8 +21,9 @@ class CSafeFile final
 public:
     enum Previous {
         DropPrevious, ///< the old content is lost
-        KeepPrevious  ///< the old content is kept as "file~", which replaces the generation before
+        KeepPrevious  ///< the old content is kept as "file~", older generations as "file~2" and so on
     };
+    static constexpr int MostVersions = 9;
     /// The result of reading a file.
     enum Found {
         Content,
@@ -33,10 +35,13 @@ public:
     static CResult<QByteArray> read(const QString &file, qint64 limit, Found *found = nullptr);
     /// Succeeds only when the disk has confirmed that the file holds @p content. The file is replaced even if
     /// the old one could not be kept as "file~". Waits up to five seconds while another process writes in the
-    /// same folder. @p replaced, which may be null, tells whether the file holds @p content: also if only the
-    /// confirmation failed.
+    /// same folder. @p how, which may be null, can refuse to replace a file that was changed meanwhile.
     static CStatus write(const QString &file, const QByteArray &content, Previous previous,
-                         bool *replaced = nullptr);
+                         SFileWrite *how = nullptr);
+    /// Sets how many generations KeepPrevious keeps from now on: 0 to MostVersions, at first 1. Those that
+    /// are beyond a lower number stay where they are.
+    static void setVersions(int count);
+    static int versions();
     using Note = void (*)(const QString &file, Previous previous);
     /// Sets what is told of each file before it is written, on the writing thread, so that what a killed
     /// process leaves can be found; null: nothing.
@@ -48,6 +53,8 @@ public:
     /// Removes what killed processes left beside @p file, unless a process is writing there now or the folder
     /// cannot be opened; then returns false.
     static bool cleanAround(const QString &file);
+    /// What @p file leads to if it is a link, otherwise @p file itself.
+    static QString withoutLinks(const QString &file);
 
     /// Runs @p work, which reads or writes @p file and returns a CResult or CStatus. Running out of memory in
     /// it becomes a failure.

@@ -10,30 +10,14 @@
 #include <cerrno>
 #include <chrono>
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
-#include <thread>
 
 namespace {
 
-constexpr int TakenNames = 100; // of strays that could not be removed
-constexpr int LockTries = 250;
-constexpr std::chrono::milliseconds LockPause(20);
+constexpr int TakenNames = 100;                   // of strays that could not be removed
+constexpr std::chrono::seconds WriterPatience(5); // after which the file is written without the lock
 constexpr qint64 LargestCopy = 128 * 1024 * 1024; // bytes, of a previous generation
 constexpr mode_t PermissionBits = 07777;
-
-/// Waits for other writers in the folder, up to a limit. False: the file is written without the lock.
-bool takeLock(CFileHandle &folder)
-{
-    for (int i = 0; i < LockTries; ++i) {
-        if (folder.lock(LOCK_EX | LOCK_NB))
-            return true;
-        if (errno != EWOULDBLOCK)
-            return false; // a file system without locks
-        std::this_thread::sleep_for(LockPause);
-    }
-    return false;
-}
 
 } // namespace
 
@@ -49,33 +33,55 @@ CStatus CSafeWrite::failure(const QString &why) const
     return CStatus::failure(tr("%1 cannot be written: %2.").arg(CSafeFile::quoted(m_file), why));
 }
 
-CStatus CSafeWrite::run(bool keepPrevious)
+CStatus CSafeWrite::run(bool keepPrevious, SFileWrite &how)
 {
-    CFileSystem &system = CFileSystem::current();
     CFileHandle folder(CStrayFiles::folderOf(m_target), O_RDONLY | O_DIRECTORY);
     if (!folder.isOpen())
         return failure(CSafeFile::systemReason());
-    if (takeLock(folder))
+    if (folder.lockWithin(WriterPatience))
         CStrayFiles::clean(m_target);
     const QString problem = writeNew();
     if (!problem.isEmpty())
         return failure(problem);
-    const QByteArray pending = CStrayFiles::pending(m_target);
-    const bool kept = keepPrevious && keepPending();
-    if (system.rename(m_new, m_target) < 0) {
-        const QString why = CSafeFile::systemReason();
-        system.unlink(m_new);
-        if (kept)
-            system.unlink(pending);
-        return failure(why);
-    }
-    m_replaced = true;
-    if (kept)
-        system.rename(pending, CStrayFiles::previous(m_target)); // if this fails, the next clean-up does it
+    const CStatus replaced = replace(keepPrevious, how);
+    if (!replaced)
+        return replaced;
     if (folder.syncNames())
         return CStatus::done();
     return CStatus::failure(tr("%1 holds the new content, but the disk has not confirmed it: %2.")
                                 .arg(CSafeFile::quoted(m_file), CSafeFile::systemReason()));
+}
+
+/// Gives the new file the name of the old one. The lock of the folder is held, so that of two programs that
+/// compare and replace at the same time one notices the other.
+CStatus CSafeWrite::replace(bool keepPrevious, SFileWrite &how)
+{
+    CFileSystem &system = CFileSystem::current();
+    const bool kept = keepPrevious && keepPending();
+    const auto giveUp = [&] {
+        system.unlink(m_new);
+        if (kept)
+            system.unlink(CStrayFiles::pending(m_target));
+    };
+    if (how.expected) {
+        const SFileStamp now = SFileStamp::of(m_file);
+        how.changed = now.exists && now != *how.expected;
+    }
+    if (how.changed) {
+        giveUp();
+        return CStatus::failure(tr("%1 was not written: another window or program has changed it meanwhile.")
+                                    .arg(CSafeFile::quoted(m_file)));
+    }
+    if (system.rename(m_new, m_target) < 0) {
+        const QString why = CSafeFile::systemReason();
+        giveUp();
+        return failure(why);
+    }
+    how.replaced = true;
+    how.stamp = SFileStamp::of(m_file);
+    if (kept)
+        CStrayFiles::keepPending(m_target); // if this fails, the next clean-up does it
+    return CStatus::done();
 }
 
 /// Writes the new file; returns the reason if that fails.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "host/projects/CFileHandle.h"
+#include "host/projects/SFileWrite.h"
 #include "platform/common/CResult.h"
 
 #include <QCoreApplication>
@@ -19,11 +20,11 @@ public:
     CSafeWrite(const QString &file, const QByteArray &content);
 
     /// Success: the disk has confirmed content and name. For @p keepPrevious see CSafeFile.
-    CStatus run(bool keepPrevious);
-    bool hasReplaced() const { return m_replaced; } ///< the file holds the content, confirmed or not
+    CStatus run(bool keepPrevious, SFileWrite &how);
 
 private:
     CStatus failure(const QString &why) const;
+    CStatus replace(bool keepPrevious, SFileWrite &how);
     QString writeNew();
     QString fill(CFileHandle &file) const;
     bool keepPending() const;
@@ -33,5 +34,4 @@ private:
     const QByteArray m_target;
     const QByteArray &m_content;
     QByteArray m_new; ///< path of the new file, until it is renamed
-    bool m_replaced = false;
 };

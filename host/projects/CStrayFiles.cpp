@@ -3,7 +3,9 @@
 #include "host/projects/CStrayFiles.h"
 
 #include "host/projects/CFileHandle.h"
+#include "host/projects/CSafeFile.h"
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <cstring>
@@ -59,6 +61,11 @@ QByteArray CStrayFiles::folderOf(const QByteArray &file)
     return slash < 0 ? QByteArray(".") : slash == 0 ? QByteArray("/") : file.left(slash);
 }
 
+QByteArray CStrayFiles::previous(const QByteArray &file, int age)
+{
+    return file + '~' + (age > 1 ? QByteArray::number(age) : QByteArray());
+}
+
 QByteArray CStrayFiles::newFile(const QByteArray &file)
 {
     static std::atomic<int> count{0};
@@ -106,5 +113,19 @@ void CStrayFiles::settlePending(const QByteArray &file)
     if (*same)
         CFileSystem::current().unlink(kept);
     else
-        CFileSystem::current().rename(kept, previous(file));
+        keepPending(file);
+}
+
+void CStrayFiles::keepPending(const QByteArray &file)
+{
+    CFileSystem &system = CFileSystem::current();
+    const int most = std::max(1, CSafeFile::versions());
+    int free = 1; // a gap, such as a killed process leaves, takes what would otherwise grow older
+    while (free < most && !isAbsent(previous(file, free)))
+        ++free;
+    for (; free > 1; --free) {
+        if (system.rename(previous(file, free - 1), previous(file, free)) < 0)
+            return;
+    }
+    system.rename(pending(file), previous(file));
 }

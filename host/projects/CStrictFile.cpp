@@ -137,9 +137,9 @@ QString CStrictFile::wrongContent(const QString &file, const QString &what)
 }
 
 CStatus CStrictFile::write(const QString &file, const SFileFormat &format, const QJsonObject &body,
-                           bool *replaced)
+                           SFileWrite *how)
 {
-    return CSafeFile::write(file, encode(format, body), CSafeFile::KeepPrevious, replaced);
+    return CSafeFile::write(file, encode(format, body), CSafeFile::KeepPrevious, how);
 }
 
 CResult<QJsonObject> CStrictFile::read(const QString &file, const SFileFormat &format)

@@ -32,10 +32,10 @@ public:
     template <typename Record, typename Make>
     static CResult<Record> readRecord(const QString &file, const SFileFormat &format, const Make &make);
     /// Writes the body that @p body returns, unless @p make, as above, could not read it again. Keeps the
-    /// previous generation as "file~". For @p replaced see CSafeFile::write().
+    /// previous generations. For @p how see CSafeFile::write().
     template <typename Make, typename Body>
     static CStatus writeRecord(const QString &file, const SFileFormat &format, const Make &make,
-                               const Body &body, bool *replaced = nullptr);
+                               const Body &body, SFileWrite *how = nullptr);
     /// The content that write() puts into the file.
     static QByteArray encode(const SFileFormat &format, const QJsonObject &body);
     /// The body of a file's content; @p file is for the error text.
@@ -48,7 +48,7 @@ public:
 
 private:
     static CStatus write(const QString &file, const SFileFormat &format, const QJsonObject &body,
-                         bool *replaced);
+                         SFileWrite *how);
     static CResult<QJsonObject> read(const QString &file, const SFileFormat &format);
     /// The error text for a record that is not written because it could not be read again.
     static QString notWritable(const QString &file, const QString &what);
@@ -70,13 +70,13 @@ CResult<Record> CStrictFile::readRecord(const QString &file, const SFileFormat &
 
 template <typename Make, typename Body>
 CStatus CStrictFile::writeRecord(const QString &file, const SFileFormat &format, const Make &make,
-                                 const Body &body, bool *replaced)
+                                 const Body &body, SFileWrite *how)
 {
     return CSafeFile::withMemory(file, [&] {
         const QJsonObject written = body();
         QString error;
         make(written, error);
-        return error.isEmpty() ? write(file, format, written, replaced)
+        return error.isEmpty() ? write(file, format, written, how)
                                : CStatus::failure(notWritable(file, error));
     });
 }

@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/CNewProjectDialog.h"
 #include "host/app/CProjectCommands.h"
+#include "host/app/CSettingsDialog.h"
 #include "host/app/start/CAppSettings.h"
 #include "host/devices/CDeviceManager.h"
 #include "host/devices/CPortPairs.h"
 #include "host/devices/simulated/CProcessorKinds.h"
+#include "host/projects/CSafeFile.h"
 #include "host/projects/SFileStamp.h"
 #include "layout/resources/LayoutResources.h"
 #include "tests/harness/CFileDialogAnswerer.h"
@@ -14,10 +16,13 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTemporaryDir>
+#include <QTimer>
+#include <QTreeWidget>
 
 #include <functional>
 #include <utility>
@@ -149,6 +154,123 @@ private Q_SLOTS:
         QVERIFY(SFileStamp::of(file) != theirs);
         QVERIFY(bench.commands.save(project)); // is its own again
         QCOMPARE(user.boxes().size(), 3);
+    }
+
+    void whatSomebodyElseHasOpenIsOpenedAsTheUserWants()
+    {
+        SBench bench;
+        const QString file = bench.folder.filePath(QStringLiteral("a.sprj"));
+        QVERIFY(bench.manager.projects().save(bench.manager.projects().openDemo().value(), file));
+        bench.manager.projects().close(bench.manager.table().devices().first().node.uuid);
+        const QString lockFile = bench.folder.filePath(QStringLiteral(".a.sprj.lock"));
+        QVERIFY(!QFile::exists(lockFile));
+        SLockHolder anna = SLockHolder::ofThisProcess();
+        anna.user = QStringLiteral("anna");
+        anna.machine = QStringLiteral("studio-2");
+        const auto lock = [&lockFile] {
+            QFile content(lockFile);
+            return content.open(QIODevice::ReadOnly) ? content.readAll() : QByteArray();
+        };
+        QFile theirs(lockFile);
+        QVERIFY(theirs.open(QIODevice::WriteOnly) && theirs.write(anna.encode()) > 0);
+        theirs.close();
+
+        const CMessageBoxAnswerer user(
+            {QStringLiteral("Cancel"), QStringLiteral("Read only"), QStringLiteral("Open anyway")});
+        bench.commands.open({file});
+        QVERIFY(user.boxes().first().details.contains(QStringLiteral("anna on studio-2")));
+        QVERIFY(bench.manager.table().devices().isEmpty());
+        bench.commands.open({file});
+        const QUuid project = bench.manager.table().devices().value(0).node.uuid;
+        const QModelIndex row = bench.manager.treeModel().indexOf(project);
+        QCOMPARE(row.data().toString(), QStringLiteral("Demo wall (read only)"));
+        QVERIFY(row.data(Qt::ToolTipRole).toString().contains(QStringLiteral("anna on studio-2")));
+        {
+            const CFileDialogAnswerer elsewhere{QString()}; // to save is to save as
+            QVERIFY(!bench.commands.save(project));
+            QCOMPARE(elsewhere.title, QStringLiteral("Save project as"));
+        }
+        SProjectSaving how;
+        how.overHeld = false;
+        const SFileStamp before = SFileStamp::of(file);
+        QVERIFY(!bench.manager.projects().save(project, file, {}, &how));
+        QVERIFY(how.heldBy && how.heldBy->user == anna.user && before == SFileStamp::of(file));
+        const QString own = bench.folder.filePath(QStringLiteral("b.sprj"));
+        QVERIFY(bench.manager.projects().save(project, own, QStringLiteral("b"), &how));
+        QVERIFY(bench.commands.save(project));
+        QCOMPARE(bench.manager.treeModel().indexOf(project).data().toString(), QStringLiteral("b"));
+        QVERIFY(QFile::exists(bench.folder.filePath(QStringLiteral(".b.sprj.lock"))));
+        QCOMPARE(lock(), anna.encode());
+
+        bench.commands.open({file});
+        QVERIFY(lock() != anna.encode()); // it is ours
+        for (const SDevice &device : bench.manager.table().devices())
+            bench.manager.projects().close(device.node.uuid);
+        QCOMPARE(QDir(bench.folder.path()).entryList({QStringLiteral("*.lock")}, QDir::Files | QDir::Hidden),
+                 QStringList());
+        QCOMPARE(user.boxes().size(), 3);
+    }
+
+    void anEarlierVersionComesBackUnsaved()
+    {
+        SBench bench;
+        const QUuid project = bench.editedProject(QStringLiteral("a.sprj")); // with 60 Hz
+        {
+            const CMessageBoxAnswerer user({QStringLiteral("OK")});
+            bench.commands.restoreVersion(project); // there is none yet
+        }
+        const CabinetLayout wall = bench.manager.table().device(project)->working.layout();
+        bench.manager.table().changeLayout(project, [](SDevice &device) { device.takeLayout({}); });
+        QVERIFY(bench.commands.save(project));
+        QCOMPARE(bench.frameRateIn("a.sprj"), 50);
+        QTimer user;
+        connect(&user, &QTimer::timeout, &user, [&user] {
+            auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+            if (!dialog)
+                return; // the list of files is being read
+            user.stop();
+            auto *list = dialog->findChild<QTreeWidget *>(QStringLiteral("Versions"));
+            QCOMPARE(list->topLevelItemCount(), 1);
+            list->setCurrentItem(list->topLevelItem(0));
+            auto *restore = dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
+            QTRY_VERIFY(restore->isEnabled()); // once it has been read
+            QCOMPARE(list->topLevelItem(0)->text(2), QStringLiteral("240 cabinets"));
+            restore->click();
+        });
+        user.start(1);
+        bench.commands.restoreVersion(project);
+        const SDevice restored = *bench.manager.table().device(project);
+        QCOMPARE(restored.settings.frameRate, 60);
+        QCOMPARE(restored.working.layout().cabinetCount(), wall.cabinetCount());
+        QVERIFY(restored.isModified());
+        QCOMPARE(bench.frameRateIn("a.sprj"), 50);
+        QVERIFY(bench.commands.save(project));
+        QCOMPARE(bench.frameRateIn("a.sprj~"), 50); // can be undone in turn
+    }
+
+    void settingsAreShownAndStored()
+    {
+        CAppSettings settings;
+        const auto number = [](QDialog &dialog, const char *name) {
+            return dialog.findChild<QSpinBox *>(QLatin1String(name));
+        };
+        CSettingsDialog dialog(settings, nullptr);
+        auto *keep = dialog.findChild<QCheckBox *>(QStringLiteral("KeepHistory"));
+        QVERIFY(keep->isChecked());
+        QCOMPARE(number(dialog, "Versions")->value(), 1);
+        keep->setChecked(false);
+        number(dialog, "Versions")->setValue(4);
+        number(dialog, "HistoryMegabytes")->setValue(100);
+        CSettingsDialog(settings, nullptr).reject();
+        QVERIFY(CAppSettings().keepsHistory()); // not yet
+        dialog.accept();
+        QCOMPARE(CSafeFile::versions(), 4);
+        QVERIFY(!CAppSettings().keepsHistory());
+        QCOMPARE(CAppSettings().historyMegabytes(), 100);
+        CSettingsDialog again(settings, nullptr);
+        QCOMPARE(number(again, "Versions")->value(), 4);
+        QCOMPARE(number(again, "HistoryMegabytes")->value(), 100);
+        CSafeFile::setVersions(1);
     }
 
     void aLayoutIsExported()

@@ -123,8 +123,9 @@ private Q_SLOTS:
             QVERIFY(!shelf.save(demo, file));
         }
         QVERIFY(host.manager.table().isModified(demo));
-        QVERIFY(!shelf.isChangedOnDisk(demo));
-        QVERIFY(bool(shelf.save(demo, file)));
+        SProjectSaving how;
+        how.overChanged = false;
+        QVERIFY(bool(shelf.save(demo, file, {}, &how)));
     }
 
     void aProjectSavedAsAnotherFileTakesItsName()

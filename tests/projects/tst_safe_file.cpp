@@ -4,6 +4,7 @@
 #include "host/app/commands/CLayoutExport.h"
 #include "host/devices/simulated/CProcessorStateFiles.h"
 #include "host/projects/CFileHandle.h"
+#include "host/projects/CProjectVersions.h"
 #include "host/projects/CSafeFile.h"
 #include "host/projects/CStrayFiles.h"
 #include "layout/api/records/LayoutData.h"
@@ -19,6 +20,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <utility>
 
 namespace {
 
@@ -44,6 +46,35 @@ bool refusesToWrite(const QString &file, const QByteArray &content)
     const CStatus written = CSafeFile::write(file, content, CSafeFile::KeepPrevious);
     return !written && written.error().contains(file) && written.error().endsWith(QLatin1Char('.'));
 }
+
+/// Changes or removes a file when the disk is asked to confirm what is to replace it.
+class CChangeWhileWriting final : public CFileSystem
+{
+public:
+    CChangeWhileWriting(QString file, bool gone)
+        : m_file(std::move(file))
+        , m_gone(gone)
+    {
+        setCurrent(this);
+    }
+    ~CChangeWhileWriting() override { setCurrent(nullptr); }
+
+    int sync(int file) override
+    {
+        if (std::exchange(m_done, true))
+            return CFileSystem::sync(file);
+        if (m_gone)
+            QFile::remove(m_file);
+        else
+            ProjectSamples::setContent(m_file, "theirs");
+        return CFileSystem::sync(file);
+    }
+
+private:
+    const QString m_file;
+    const bool m_gone;
+    bool m_done = false; // the folder is confirmed, too
+};
 
 bool refusesToRead(const QString &file)
 {
@@ -197,6 +228,57 @@ private Q_SLOTS:
         QCOMPARE(CSafeFile::read(file + QLatin1Char('~'), ManyBytes).value(), QByteArray("two"));
         QVERIFY(CSafeFile::write(file, "four", CSafeFile::DropPrevious));
         QCOMPARE(CSafeFile::read(file + QLatin1Char('~'), ManyBytes).value(), QByteArray("two"));
+    }
+
+    void keepsAsManyVersionsAsAreWanted()
+    {
+        const QString file = path("versions");
+        const auto kept = [&file] {
+            QByteArrayList contents;
+            for (const CProjectVersions::SVersion &version : CProjectVersions::of(file))
+                contents << QByteArray::number(version.age) + ':' + ProjectSamples::contentOf(version.file);
+            return contents.join(' ');
+        };
+        const auto write = [&file](int from, int to) {
+            for (int i = from; i <= to; ++i)
+                QVERIFY(CSafeFile::write(file, QByteArray::number(i), CSafeFile::KeepPrevious));
+        };
+        CSafeFile::setVersions(3);
+        write(0, 5);
+        QCOMPARE(kept(), QByteArray("1:4 2:3 3:2"));
+        QVERIFY(QFile::remove(file + QStringLiteral("~2"))); // a gap: nothing has to go for what comes
+        write(6, 6);
+        QCOMPARE(kept(), QByteArray("1:5 2:4 3:2"));
+        CSafeFile::setVersions(0);
+        write(7, 7);
+        QCOMPARE(kept(), QByteArray("1:5 2:4 3:2"));
+        CSafeFile::setVersions(1); // what is beyond the number stays
+        write(8, 8);
+        QCOMPARE(kept(), QByteArray("1:7 2:4 3:2"));
+        ProjectSamples::setContent(file + QStringLiteral("~new"), "7"); // killed before it was renamed
+        CSafeFile::setVersions(9);
+        CSafeFile::cleanAround(file);
+        QCOMPARE(kept(), QByteArray("1:7 2:7 3:4 4:2"));
+        CSafeFile::setVersions(1);
+    }
+
+    void whatWasChangedMeanwhileIsNotReplaced()
+    {
+        const QString file = path("changed");
+        ProjectSamples::setContent(file, "old");
+        SFileWrite how;
+        how.expected = SFileStamp::of(file);
+        QVERIFY(CSafeFile::write(file, "new", CSafeFile::KeepPrevious, &how));
+        QVERIFY(how.replaced && !how.changed && how.stamp == SFileStamp::of(file));
+        for (const bool gone : {false, true}) {
+            how.expected = how.stamp;
+            const CChangeWhileWriting meanwhile(file, gone); // after a look at the file before writing
+            QCOMPARE(bool(CSafeFile::write(file, "newer", CSafeFile::KeepPrevious, &how)), gone);
+            QCOMPARE(how.changed, !gone);
+            QCOMPARE(ProjectSamples::contentOf(file), QByteArray(gone ? "newer" : "theirs"));
+            QVERIFY(!QFile::exists(file + QStringLiteral("~new")));
+            how.stamp = SFileStamp::of(file);
+        }
     }
 
     void writesThroughALink()

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/start/CAppSettings.h"
 
+#include "host/projects/CSafeFile.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -15,6 +17,11 @@ const QString splitterKey = QStringLiteral("window/splitter");
 const QString collapsedKey = QStringLiteral("window/rightBarCollapsed");
 const QString recentKey = QStringLiteral("projects/recent");
 const QString writtenKey = QStringLiteral("projects/written");
+const QString versionsKey = QStringLiteral("projects/versions");
+const QString historyKey = QStringLiteral("history/keep");
+const QString megabytesKey = QStringLiteral("history/limitMegabytes");
+constexpr int UsualVersions = 1;
+constexpr int UsualMegabytes = 256;
 
 QString identityOf(const QString &file)
 {
@@ -117,6 +124,37 @@ void CAppSettings::removeWritten(const QString &file)
     QStringList files = writtenFiles();
     files.removeAll(file);
     m_settings.setValue(writtenKey, files);
+}
+
+int CAppSettings::keptVersions() const
+{
+    return qBound(0, m_settings.value(versionsKey, UsualVersions).toInt(), CSafeFile::MostVersions);
+}
+
+void CAppSettings::setKeptVersions(int count)
+{
+    m_settings.setValue(versionsKey, count);
+}
+
+bool CAppSettings::keepsHistory() const
+{
+    return m_settings.value(historyKey, true).toBool();
+}
+
+void CAppSettings::setKeepsHistory(bool keeps)
+{
+    m_settings.setValue(historyKey, keeps);
+}
+
+int CAppSettings::historyMegabytes() const
+{
+    return qBound(LeastHistoryMegabytes, m_settings.value(megabytesKey, UsualMegabytes).toInt(),
+                  MostHistoryMegabytes);
+}
+
+void CAppSettings::setHistoryMegabytes(int megabytes)
+{
+    m_settings.setValue(megabytesKey, megabytes);
 }
 
 QString CAppSettings::projectFolder() const

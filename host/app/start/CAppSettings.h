@@ -12,6 +12,8 @@ class CAppSettings final
 public:
     static constexpr int MaximumRecentProjects = 10;
     static constexpr int MaximumWrittenFolders = 32;
+    static constexpr int LeastHistoryMegabytes = 16;
+    static constexpr int MostHistoryMegabytes = 4096;
 
     QByteArray windowGeometry() const;
     void setWindowGeometry(const QByteArray &geometry);
@@ -33,6 +35,15 @@ public:
     /// like removeWritten().
     void addWritten(const QString &file, bool onlyFolder);
     void removeWritten(const QString &file);
+    /// How many earlier versions of a file are kept beside it, see CSafeFile::setVersions().
+    int keptVersions() const;
+    void setKeptVersions(int count);
+    /// Whether undo goes on working when a project was saved, closed and opened again.
+    bool keepsHistory() const;
+    void setKeepsHistory(bool keeps);
+    /// What the history of all processors together may take.
+    int historyMegabytes() const;
+    void setHistoryMegabytes(int megabytes);
     /// The folder of the most recent project; if there is none, the user's documents folder or home.
     QString projectFolder() const;
 

@@ -22,6 +22,7 @@ struct SDevice
     bool project = false; ///< has no device
     QString file;         ///< of a project; empty: none yet
     SFileStamp stamp;     ///< of that file when it was last read or written
+    QString readOnly;     ///< of a project: why it is not saved to that file; empty: it is
     SProcessorSettings settings;
     SProcessorSettings savedSettings; ///< of a project: as in its file
     PrintConfig print;                ///< of a project: settings of its plans, as in its file

@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "host/projects/SLockHolder.h"
+
+/// Tells others that a file is open here: a file ".NAME.lock" beside it. It keeps nobody from writing, so
+/// that a lock that nobody can remove costs a question, no work. One thread at a time.
+class CFileLock final
+{
+public:
+    enum Outcome {
+        Taken,
+        Held,      ///< by another window or program, see holder()
+        Impossible ///< there can be no lock: a folder that is read-only, a full disk
+    };
+    /// What becomes of a lock that somebody else holds.
+    enum Others {
+        Respect, ///< it stays, unless its process was one of this machine and has ended
+        Replace
+    };
+
+    /// The lock of @p file, which need not exist; if it is a link, of what it leads to. Not taken yet.
+    explicit CFileLock(const QString &file);
+    ~CFileLock(); ///< releases it
+    Q_DISABLE_COPY(CFileLock)
+
+    /// Takes the lock; does nothing if it is already taken and has not been replaced.
+    Outcome take(Others others = Respect);
+    /// Gives the lock up. If somebody has replaced it, theirs stays.
+    void release();
+    const SLockHolder &holder() const { return m_holder; } ///< whoever held it when it was not taken
+    QString lockFile() const;
+
+private:
+    Outcome tryToTake(Others others);
+    bool create() const;
+    bool createWithoutLinks() const;
+    bool replace() const;
+    bool writeNew(const QByteArray &path) const;
+    bool read(SLockHolder &holder) const;
+    bool isOurs() const;
+
+    const QByteArray m_path;
+    SLockHolder m_self;
+    SLockHolder m_holder;
+    bool m_taken = false;
+};

@@ -1,0 +1,195 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/projects/CFileLock.h"
+#include "host/projects/CSafeFile.h"
+#include "tests/harness/CTestBase.h"
+#include "tests/projects/CFaultyFileSystem.h"
+#include "tests/projects/ProjectSamples.h"
+
+#include <QDir>
+#include <QSysInfo>
+#include <QTemporaryDir>
+
+#include <cerrno>
+#include <csignal>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+/// A process that holds the lock of a file until it is killed.
+class COtherProcess final
+{
+public:
+    explicit COtherProcess(const QString &file)
+    {
+        int ready[2] = {-1, -1};
+        if (pipe(ready) != 0)
+            return;
+        m_process = fork();
+        if (m_process == 0) {
+            CFileLock lock(file);
+            const char taken = lock.take() == CFileLock::Taken ? 'y' : 'n';
+            if (write(ready[1], &taken, 1) == 1)
+                pause();
+            _exit(1);
+        }
+        char taken = 0;
+        m_holds = m_process > 0 && read(ready[0], &taken, 1) == 1 && taken == 'y';
+        close(ready[0]);
+        close(ready[1]);
+    }
+    ~COtherProcess() { kill(); }
+    Q_DISABLE_COPY(COtherProcess)
+
+    bool holds() const { return m_holds; }
+    qint64 number() const { return m_process; }
+    void kill()
+    {
+        if (m_process <= 0)
+            return;
+        ::kill(m_process, SIGKILL);
+        waitpid(m_process, nullptr, 0);
+        m_process = 0;
+    }
+
+private:
+    pid_t m_process = 0;
+    bool m_holds = false;
+};
+
+SLockHolder ofAnotherMachine()
+{
+    SLockHolder holder = SLockHolder::ofThisProcess();
+    holder.machine = QStringLiteral("studio-2");
+    holder.user = QStringLiteral("anna");
+    return holder;
+}
+
+} // namespace
+
+/// Who has a file open: other processes, other machines, the dead, and disks that fail.
+class CFileLockTest final : public CTestBase
+{
+    Q_OBJECT
+
+private:
+    QTemporaryDir m_folder;
+    const QString m_file = m_folder.filePath(QStringLiteral("wall.sprj"));
+    const QString m_lock = m_folder.filePath(QStringLiteral(".wall.sprj.lock"));
+
+    QStringList names() const { return QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden); }
+    void clear() const
+    {
+        for (const QString &name : names())
+            QFile::remove(m_folder.filePath(name));
+    }
+
+    void tearDown() override { clear(); }
+
+private Q_SLOTS:
+    void anotherProcessHoldsItUntilItDies()
+    {
+        COtherProcess other(m_file);
+        QVERIFY(other.holds());
+        CFileLock lock(m_file);
+        QCOMPARE(lock.take(), CFileLock::Held);
+        QCOMPARE(lock.holder().process, other.number());
+        QVERIFY(!lock.holder().isThisProcess());
+        QVERIFY2(lock.holder().text().contains(QSysInfo::machineHostName()),
+                 qPrintable(lock.holder().text()));
+        lock.release(); // was never its own
+        QCOMPARE(names().size(), 1);
+        other.kill();
+        QCOMPARE(lock.take(), CFileLock::Taken); // without a question
+        CFileLock third(m_file);
+        QCOMPARE(third.take(), CFileLock::Held);
+        QVERIFY(third.holder().isThisProcess());
+        lock.release();
+        QCOMPARE(third.take(), CFileLock::Taken);
+    }
+
+    void whoReplacesALockIsNotDeprivedOfIt()
+    {
+        CFileLock first(m_file);
+        QCOMPARE(first.take(), CFileLock::Taken);
+        QCOMPARE(first.take(), CFileLock::Taken);
+        QVERIFY(QFile::link(m_file, m_folder.filePath(QStringLiteral("link.sprj"))));
+        ProjectSamples::setContent(m_file, "content");
+        CFileLock second(m_folder.filePath(QStringLiteral("link.sprj"))); // the same file
+        QCOMPARE(second.lockFile(), m_lock);
+        QCOMPARE(second.take(CFileLock::Replace), CFileLock::Taken);
+        QCOMPARE(first.take(), CFileLock::Held);
+        first.release();
+        QVERIFY(QFile::exists(m_lock));
+        second.release();
+        QVERIFY(!QFile::exists(m_lock));
+    }
+
+    void onlyTheDeadOfThisMachineAreTakenOver()
+    {
+        SLockHolder rebooted = SLockHolder::ofThisProcess();
+        rebooted.boot = QStringLiteral("another");
+        SLockHolder reused = SLockHolder::ofThisProcess(); // the number was given to another process
+        ++reused.started;
+        const QByteArray whole = ofAnotherMachine().encode();
+        for (const auto &[content, taken] : {std::pair(rebooted.encode(), true),
+                                             {reused.encode(), true},
+                                             {whole, false},
+                                             {whole.left(whole.size() / 2), false},
+                                             {QByteArray(), false},
+                                             {"[]", false}}) {
+            ProjectSamples::setContent(m_lock, content);
+            CFileLock lock(m_file);
+            QCOMPARE(lock.take(), taken ? CFileLock::Taken : CFileLock::Held);
+            QCOMPARE(ProjectSamples::contentOf(m_lock) == content, !taken);
+            QVERIFY(taken || !lock.holder().text().isEmpty());
+            QCOMPARE(lock.holder().text().startsWith(QLatin1String("anna on studio-2, since ")),
+                     content == whole);
+        }
+    }
+
+    void aDiskThatFailsCostsTheLockOnly()
+    {
+        enum Before { Free, Dead, Theirs };
+        SLockHolder dead = SLockHolder::ofThisProcess();
+        dead.boot = QStringLiteral("another");
+        const QByteArray theirs = ofAnotherMachine().encode();
+        for (const int before : {Free, Dead, Theirs}) {
+            for (const char *call : {"open", "read", "write", "lock", "rename", "link", "unlink", "close"}) {
+                for (const bool onward : {false, true}) {
+                    bool failed = true;
+                    for (int number = 1; failed; ++number) {
+                        clear();
+                        if (before != Free)
+                            ProjectSamples::setContent(m_lock, before == Dead ? dead.encode() : theirs);
+                        CFileLock::Outcome outcome = CFileLock::Held;
+                        {
+                            const CFaultyFileSystem faulty(
+                                CFaultyFileSystem::SFault{call, number, EROFS, onward});
+                            CFileLock lock(m_file);
+                            outcome = lock.take();
+                            QVERIFY(outcome != CFileLock::Taken ||
+                                    ProjectSamples::contentOf(m_lock).contains(QByteArray::number(getpid())));
+                            lock.release();
+                            failed = faulty.hasFailed();
+                        }
+                        const QByteArray place = QByteArray(call) + QByteArray::number(number);
+                        if (before == Theirs) {
+                            QVERIFY2(outcome != CFileLock::Taken, place);
+                            QCOMPARE(ProjectSamples::contentOf(m_lock), theirs);
+                        } else if (!failed || qstrcmp(call, "link") == 0) { // links are not everywhere
+                            QCOMPARE(outcome, CFileLock::Taken);
+                            QVERIFY2(names().isEmpty(), place);
+                        }
+                        CSafeFile::cleanAround(m_file); // as the next start does
+                        QVERIFY2(names().size() <= 1, place);
+                    }
+                }
+            }
+        }
+    }
+};
+
+ORVO_TEST_MAIN(QCoreApplication, CFileLockTest)
+#include "tst_file_lock.moc"
