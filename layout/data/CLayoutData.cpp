@@ -183,6 +183,7 @@ void CLayoutData::syncLayoutData(bool atOnce)
     const auto edit = m_states.takeEdit(edited);
     if (!edit)
         return;
+    Q_EMIT notifyEdited(edit->known, edited, edit->changedPorts);
     if (atOnce)
         m_handOver.handOverNow(edit->data);
     else

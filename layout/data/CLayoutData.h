@@ -139,6 +139,10 @@ Q_SIGNALS:
     /// The host has another layout of @p processor than the editor shows. The editor must load it again; its
     /// edits are ignored until then.
     void notifyLayoutReplaced(const QUuid &processor);
+    /// The layout in the editor was compared: @p edited differs from what was @p known in @p changedPorts. On
+    /// the GUI thread, right after each edit, undo and redo, before the layout is handed over.
+    void notifyEdited(const CabinetLayout &known, const CabinetLayout &edited,
+                      const QVector<int> &changedPorts);
     /// Another port is current. If two threads change it at the same time, @p port may be outdated; use
     /// currentPort() for anything that is kept.
     void notifyCurrentPortChanged(int port);

@@ -252,6 +252,7 @@ std::optional<CProcessorStates::SEdit> CProcessorStates::takeEdit(const CabinetL
         state.facts[port.index] = walked ? changes.value(port.index).facts : SPortFacts::of(port);
     }
     edit.data = dataOf(state);
+    edit.known = known;
     return edit;
 }
 

@@ -24,6 +24,7 @@ public:
     struct SEdit
     {
         LayoutData data;
+        CabinetLayout known;       ///< the layout that the edited one was compared with
         QVector<int> changedPorts; ///< ports whose cabinets changed
     };
     /// Which port to ask the host for, to get a port's load.

@@ -5,6 +5,7 @@
 #include "layout/data/CLayoutData.h"
 #include "layout/panels/CBackupLabel.h"
 #include "layout/panels/CCabinetGemometryLabel.h"
+#include "layout/panels/CHistoryLabel.h"
 #include "layout/panels/CMappingLabel.h"
 #include "layout/panels/CSystemLoadLabel.h"
 #include "layout/panels/CTopologyLabel.h"
@@ -19,19 +20,25 @@ QSettings settings()
     return QSettings(QStringLiteral("Velmarinth"), QStringLiteral("Orvo"));
 }
 
-QString foldedKey()
+/// The units that the user has opened or folded; others are as they are at first.
+QString changedKey(bool foldedAtFirst)
 {
-    return QStringLiteral("client/foldedUnits");
+    return foldedAtFirst ? QStringLiteral("client/openUnits") : QStringLiteral("client/foldedUnits");
+}
+
+bool isChanged(const QString &name, bool foldedAtFirst)
+{
+    return settings().value(changedKey(foldedAtFirst)).toStringList().contains(name);
 }
 
 /// Keeps for the next run whether the unit @p name is folded.
-void keepFolded(const QString &name, bool folded)
+void keepFolded(const QString &name, bool folded, bool foldedAtFirst)
 {
-    QStringList names = settings().value(foldedKey()).toStringList();
+    QStringList names = settings().value(changedKey(foldedAtFirst)).toStringList();
     names.removeAll(name);
-    if (folded)
+    if (folded != foldedAtFirst)
         names << name;
-    settings().setValue(foldedKey(), names);
+    settings().setValue(changedKey(foldedAtFirst), names);
 }
 
 } // namespace
@@ -46,6 +53,7 @@ CLayoutSidePanel::CLayoutSidePanel(const SUnitServices &services, QWidget *paren
     const auto *load = add<CSystemLoadLabel>(services);
     const auto *mapping = add<CMappingLabel>(services);
     m_backup = add<CBackupLabel>(services);
+    m_history = add<CHistoryLabel>(services, FoldedAtFirst);
 
     using Geometry = CCabinetGemometryLabel;
     connect(geometry, &Geometry::notifySelectedCabinetPositionChanged, this,
@@ -62,20 +70,40 @@ CLayoutSidePanel::CLayoutSidePanel(const SUnitServices &services, QWidget *paren
             &CLayoutSidePanel::notifySaveMappingSuccessed);
     connect(m_backup, &CBackupLabel::notifyCancelPortRedundancy, this,
             &CLayoutSidePanel::notifyCancelPortRedundancy);
+    connect(m_history, &CHistoryLabel::notifyStepChosen, this, &CLayoutSidePanel::notifyStepChosen);
     connectStore(services.store);
 }
 
 template <typename Unit>
-Unit *CLayoutSidePanel::add(const SUnitServices &services)
+Unit *CLayoutSidePanel::add(const SUnitServices &services, EFirst first)
 {
     auto *unit = new Unit(services);
     addUnit(unit);
     const QString name = QString::fromLatin1(unit->metaObject()->className());
-    unit->setCollapsed(settings().value(foldedKey()).toStringList().contains(name));
+    const bool foldedAtFirst = first == FoldedAtFirst;
+    unit->setCollapsed(isChanged(name, foldedAtFirst) != foldedAtFirst);
     connect(unit, &CUnitLabel::notifyCollapsed, this,
-            [name](bool collapsed) { keepFolded(name, collapsed); });
+            [name, foldedAtFirst](bool collapsed) { keepFolded(name, collapsed, foldedAtFirst); });
     m_units.push_back(unit);
     return unit;
+}
+
+bool CLayoutSidePanel::isHistoryShown() const
+{
+    return !m_history->isCollapsed();
+}
+
+void CLayoutSidePanel::setHistoryShown(bool shown)
+{
+    m_history->setCollapsed(!shown);
+    if (shown) // once it has its height
+        QMetaObject::invokeMethod(
+            m_history, [this] { ensureWidgetVisible(m_history); }, Qt::QueuedConnection);
+}
+
+void CLayoutSidePanel::onHistoryChanged(const QUndoStack *stack, const QString &beginning)
+{
+    m_history->showHistory(stack, beginning);
 }
 
 void CLayoutSidePanel::setEditingBlocked(bool blocked)

@@ -12,6 +12,8 @@
 #include <vector>
 
 class CBackupLabel;
+class CHistoryLabel;
+class QUndoStack;
 
 /// The column of units at the side of the layout editor. GUI thread.
 class CLayoutSidePanel final : public CSidePanel
@@ -21,6 +23,9 @@ class CLayoutSidePanel final : public CSidePanel
 public:
     explicit CLayoutSidePanel(const SUnitServices &services, QWidget *parent = nullptr);
 
+    bool isHistoryShown() const;
+    /// Opens or folds the unit with the steps.
+    void setHistoryShown(bool shown);
     /// With @p blocked, the units refuse whatever would replace the layout.
     void setEditingBlocked(bool blocked);
 
@@ -36,8 +41,12 @@ Q_SIGNALS:
     void notifyCancelPortRedundancy(int port);
     /// The user wants everything in @p ports to be selected.
     void notifySelectPorts(const QVector<int> &ports);
+    /// The user wants @p index steps of the history to be done.
+    void notifyStepChosen(int index);
 
 public Q_SLOTS:
+    /// The history of another processor is in view, or it begins with something else; see CHistoryLabel.
+    void onHistoryChanged(const QUndoStack *stack, const QString &beginning);
     void onNotifyPortBackup(int primary, int backup, bool on);
     void onNotifyPortToggled(int port, bool locked);
     /// The output ports that hold the selection.
@@ -55,11 +64,13 @@ private:
     void connectStore(const CLayoutData &store);
     void portStatesChanged();
     void choosePorts(const QVector<int> &ports);
+    enum EFirst { OpenAtFirst, FoldedAtFirst };
     /// Adds a unit of the class @p Unit at the bottom.
     template <typename Unit>
-    Unit *add(const SUnitServices &services);
+    Unit *add(const SUnitServices &services, EFirst first = OpenAtFirst);
 
     CBackupLabel *m_backup = nullptr;
+    CHistoryLabel *m_history = nullptr;
     std::vector<ISidePanelUnit *> m_units; // children of the panel
     QRect m_selectedArea;                  // of the ports that hold the selection
 };

@@ -17,6 +17,7 @@
 #include <QAbstractButton>
 #include <QCoreApplication>
 #include <QLabel>
+#include <QMenu>
 #include <QStackedLayout>
 #include <QVBoxLayout>
 
@@ -106,8 +107,15 @@ void CLayout::fillEditMenu(QMenu &menu)
 
 void CLayout::fillViewMenu(QMenu &menu)
 {
-    if (m_background)
-        m_editorPage->fillViewMenu(menu);
+    if (!m_background)
+        return;
+    m_editorPage->fillViewMenu(menu);
+    if (!m_sidePanel)
+        return;
+    QAction *history = menu.addAction(tr("&History"));
+    history->setCheckable(true);
+    history->setChecked(m_sidePanel->isHistoryShown());
+    connect(history, &QAction::toggled, m_sidePanel.data(), &CLayoutSidePanel::setHistoryShown);
 }
 
 void CLayout::flush()

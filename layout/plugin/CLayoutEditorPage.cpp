@@ -19,11 +19,13 @@
 
 #include <QAbstractButton>
 #include <QMenu>
+#include <QSettings>
 #include <QUndoStack>
 #include <QVBoxLayout>
 
 namespace {
 using Host = ILayoutInterfaceHandler;
+constexpr qint64 BytesPerMegabyte = 1024 * 1024;
 } // namespace
 
 CLayoutEditorPage::CLayoutEditorPage(CLayoutData &store, QWidget *parent)
@@ -86,9 +88,22 @@ void CLayoutEditorPage::reload()
     if (m_processor.uuid.isNull())
         m_view->clearLayout();
     else
-        m_view->showLayout(m_processor, layout);
+        m_view->showLayout(m_processor, layout, keptHistory());
     m_ports->onNotifyProcessorStateChanged();
     showBackground(m_store.background());
+}
+
+SKeptHistory CLayoutEditorPage::keptHistory() const
+{
+    SKeptHistory kept;
+    const QSettings settings(QStringLiteral("Velmarinth"), QStringLiteral("Orvo"));
+    const int megabytes = settings.value(QStringLiteral("client/historyMegabytes")).toInt();
+    if (megabytes > 0)
+        kept.limit = megabytes * BytesPerMegabyte;
+    kept.saved = !CHostAccess::callUnflushed<&Host::hasUnsavedEdits>(m_processor.uuid);
+    if (!m_view->hasHistory(m_processor.uuid))
+        kept.history = CHostAccess::call<&Host::editHistory>(m_processor.uuid);
+    return kept;
 }
 
 /// A fill image that cannot be read is reported beside the title, not in a message box each time the
@@ -125,6 +140,8 @@ void CLayoutEditorPage::connectPanel(CLayoutSidePanel &panel)
     using Panel = CLayoutSidePanel;
     m_panel->connectSidePanel(panel);
     connect(&panel, &Panel::notifySelectPorts, m_view, &CLayoutGraphicsView::onPortsChosen);
+    connect(&panel, &Panel::notifyStepChosen, m_view, &CLayoutGraphicsView::onStepChosen);
+    connect(m_view, &CLayoutGraphicsView::notifyHistoryChanged, &panel, &Panel::onHistoryChanged);
     connect(&panel, &Panel::notifyCancelPortRedundancy, this,
             [this](int port) { m_portCommands->cancelRedundancy(port); });
 }
@@ -186,6 +203,9 @@ void CLayoutEditorPage::connectSignals()
     connect(scene, &CCabinetGraphicsScene::notifySceneChanged, &m_store,
             [this] { m_store.syncLayoutData(false); });
     connect(scene, &CCabinetGraphicsScene::notifySceneChanged, this, &CLayoutEditorPage::dropReadbackResult);
+    connect(&m_store, &CLayoutData::notifyEdited, m_view, &CLayoutGraphicsView::onEdited);
+    connect(m_view, &CLayoutGraphicsView::notifyEditRecorded, this,
+            [](const SEditRecord &record) { CHostAccess::call<&Host::recordEdit>(record); });
     connect(m_view, &CLayoutGraphicsView::notifyUndoStackChanged, this, [this](QUndoStack *stack) {
         m_store.undoGroup().addStack(stack); // adding it again has no effect
         m_store.undoGroup().setActiveStack(stack);

@@ -20,6 +20,7 @@ class CPortCommands;
 class CPortList;
 class CStatusFigures;
 class CViewPortPanel;
+struct SKeptHistory;
 class CWiringLayoutWidget;
 class QAbstractButton;
 class QMenu;
@@ -60,6 +61,7 @@ public:
 
 private:
     void connectPorts();
+    SKeptHistory keptHistory() const; ///< of the processor shown
     void showBackground(const SBackgroundInfo &info, bool canvasSizeChanged = false);
     void showRedundancy();
     void buildUi();

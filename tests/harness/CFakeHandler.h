@@ -58,6 +58,8 @@ public:
     int widthLimit = 0;
     bool threeD = false;
     QList<SCurrentGain> gains;
+    QMap<QUuid, SEditHistory> histories;   ///< kept of an earlier run
+    QVector<SEditRecord> records;          ///< what recordEdit() was given
     LayoutData saved;                      ///< the argument of saveMapping()
     SMappingOptions readOptions;           ///< the argument of readMapping()
     ReadSaveMappingRole role{};            ///< of the last read or save
@@ -138,8 +140,12 @@ public:
     }
     bool isPortRedundancyBlocked() const override { return given(__func__, redundancyBlocked); }
     bool isPortRedundancySupported() const override { return given(__func__, redundancySupported); }
-    void recordEdit(const SEditRecord &) override {}
-    SEditHistory editHistory(const QUuid &) const override { return {}; }
+    void recordEdit(const SEditRecord &record) override
+    {
+        const auto lock = note(__func__, static_cast<int>(record.kind), record.index);
+        records << record;
+    }
+    SEditHistory editHistory(const QUuid &key) const override { return given(__func__, histories, key); }
     PrintConfig printSettings(const QUuid &) const override { return {}; }
     QString writeFile(const QString &file, const QByteArray &) override
     {

@@ -8,7 +8,7 @@
 
 namespace {
 
-using Ordinals = QHash<QUuid, qint64>;
+using Ordinals = CRecordOrder::Ordinals;
 
 QVector<CGraphicsItemBase *> itemsOf(const CGraphicsPortItem &port)
 {
@@ -40,25 +40,33 @@ bool ascend(const QGraphicsItem &parent, const Ordinals &ordinals)
 
 } // namespace
 
-void CRecordOrder::remember(const QUuid &processor, const QVector<CGraphicsPortItem *> &ports)
+CRecordOrder::Ordinals CRecordOrder::of(const QVector<CGraphicsPortItem *> &ports)
 {
-    if (processor.isNull())
-        return;
-    Ordinals &ordinals = m_ordinals[processor];
-    ordinals.clear();
+    Ordinals ordinals;
     for (const CGraphicsPortItem *port : ports) {
         for (const CGraphicsItemBase *item : itemsOf(*port))
             ordinals.insert(item->uuid(), item->ordinal());
     }
+    return ordinals;
 }
 
-void CRecordOrder::restore(const QUuid &processor, const QVector<CGraphicsPortItem *> &ports)
+void CRecordOrder::apply(const Ordinals &ordinals, const QVector<CGraphicsPortItem *> &ports)
 {
-    const Ordinals ordinals = m_ordinals.take(processor);
     for (const CGraphicsPortItem *port : ports) {
         if (!ascend(*port, ordinals))
             continue;
         for (CGraphicsItemBase *item : itemsOf(*port))
             item->setOrdinal(ordinals.value(item->uuid()));
     }
+}
+
+void CRecordOrder::remember(const QUuid &processor, const QVector<CGraphicsPortItem *> &ports)
+{
+    if (!processor.isNull())
+        m_ordinals[processor] = of(ports);
+}
+
+void CRecordOrder::restore(const QUuid &processor, const QVector<CGraphicsPortItem *> &ports)
+{
+    apply(m_ordinals.take(processor), ports);
 }

@@ -13,6 +13,13 @@ class CGraphicsPortItem;
 class CRecordOrder final
 {
 public:
+    using Ordinals = QHash<QUuid, qint64>; // by item
+
+    /// The ordinals of all items of @p ports.
+    static Ordinals of(const QVector<CGraphicsPortItem *> &ports);
+    /// Gives the items of @p ports these ordinals; a port keeps its own if its records are in another order.
+    static void apply(const Ordinals &ordinals, const QVector<CGraphicsPortItem *> &ports);
+
     /// Call before the items of @p ports are deleted.
     void remember(const QUuid &processor, const QVector<CGraphicsPortItem *> &ports);
     /// Gives newly built items the ordinals that they had before; a port whose records are now in another
@@ -20,5 +27,5 @@ public:
     void restore(const QUuid &processor, const QVector<CGraphicsPortItem *> &ports);
 
 private:
-    QHash<QUuid, QHash<QUuid, qint64>> m_ordinals; // by processor and item
+    QHash<QUuid, Ordinals> m_ordinals; // by processor
 };

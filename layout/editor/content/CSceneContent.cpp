@@ -7,6 +7,7 @@
 #include "layout/editor/content/CLayoutReader.h"
 #include "layout/editor/content/CRecordedEntry.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/recording/CGroupEditing.h"
 #include "layout/geometry/CCabinetRect.h"
@@ -73,6 +74,58 @@ CSceneContent::add(CGraphicsPortItem &port, const CabinetLayout::CabinetPort &re
     const QVector<CGraphicsItemBase *> items = builder.fill(port, record);
     m_nextOrdinal = builder.nextOrdinal();
     return items;
+}
+
+void CSceneContent::replace(const QVector<Port> &records)
+{
+    for (const Port &record : records) { // all before the first is built: a cabinet may have changed its port
+        if (CGraphicsPortItem *port = portItem(record.index))
+            empty(*port);
+    }
+    CDirectEntry entry;
+    CLayoutBuilder builder(*this, entry, m_nextOrdinal);
+    for (const Port &record : records) {
+        if (CGraphicsPortItem *port = portItem(record.index)) {
+            builder.fill(*port, CLayoutBuilder::withoutEmptyGroups(record));
+            port->noteChanged();
+        }
+    }
+    m_nextOrdinal = builder.nextOrdinal();
+}
+
+void CSceneContent::empty(CGraphicsPortItem &port)
+{
+    const QVector<CGraphicsCabinetItem *> chain = port.chain().order();
+    for (auto cabinet = chain.rbegin(); cabinet != chain.rend(); ++cabinet)
+        port.chain().unlink(**cabinet, true);
+    for (CGraphicsGroupItem *group : port.groups(false))
+        leaveEdited(*group);
+    for (CGraphicsCabinetItem *cabinet : port.cabinets(nullptr))
+        leaveEdited(*cabinet);
+    for (CGraphicsItemBase *item : port.topItems()) {
+        m_scene.removeItem(item);
+        delete item;
+    }
+}
+
+QVector<CGraphicsPortItem *> CSceneContent::itemsOf(const QVector<int> &ports) const
+{
+    QVector<CGraphicsPortItem *> items;
+    for (const int index : ports) {
+        if (CGraphicsPortItem *item = portItem(index))
+            items << item;
+    }
+    return items;
+}
+
+CRecordOrder::Ordinals CSceneContent::ordinals(const QVector<int> &ports) const
+{
+    return CRecordOrder::of(itemsOf(ports));
+}
+
+void CSceneContent::setOrdinals(const QVector<int> &ports, const CRecordOrder::Ordinals &ordinals)
+{
+    CRecordOrder::apply(ordinals, itemsOf(ports));
 }
 
 void CSceneContent::clear()

@@ -34,6 +34,11 @@ public:
     /// Adds the content of @p record to @p port by commands that can be undone; see CLayoutBuilder::fill().
     QVector<CGraphicsItemBase *> add(CGraphicsPortItem &port, const CabinetLayout::CabinetPort &record,
                                      CUndoRecorder &recorder);
+    /// Replaces the groups and cabinets of the ports of @p records, without commands. Only within a batch.
+    void replace(const QVector<CabinetLayout::CabinetPort> &records);
+    /// The ordinals of all items of @p ports; and gives them back to a port that has the same items again.
+    CRecordOrder::Ordinals ordinals(const QVector<int> &ports) const;
+    void setOrdinals(const QVector<int> &ports, const CRecordOrder::Ordinals &ordinals);
     /// Removes all items.
     void clear();
 
@@ -77,6 +82,8 @@ private:
     using Port = CabinetLayout::CabinetPort;
 
     const Port &record(const CGraphicsPortItem &port) const;
+    QVector<CGraphicsPortItem *> itemsOf(const QVector<int> &ports) const;
+    void empty(CGraphicsPortItem &port);
 
     CGraphicsScene &m_scene;
     IEditorScene &m_editor;

@@ -8,10 +8,13 @@
 #include "layout/editor/items/IEditing.h"
 #include "layout/editor/recording/CUndoRecorder.h"
 #include "layout/editor/undo/CUndoCommandBase.h"
+#include "layout/editor/undo/IHistoryStep.h"
 
 #include "platform/widgets/CMessageBox.h"
 
 #include <QVector>
+
+#include <algorithm>
 
 namespace {
 
@@ -21,6 +24,8 @@ void collectPorts(const QUndoCommand &command, QVector<int> &ports)
     const auto *own = dynamic_cast<const CUndoCommandBase *>(&command);
     if (own && !ports.contains(own->port()))
         ports << own->port();
+    if (const auto *step = dynamic_cast<const IHistoryStep *>(&command))
+        ports << step->ports();
     for (int i = 0; i < command.childCount(); ++i)
         collectPorts(*command.child(i), ports);
 }
@@ -37,28 +42,45 @@ bool CGuardedUndo::canRedo() const
     return m_recorder.stack() && m_recorder.stack()->canRedo();
 }
 
-void CGuardedUndo::run(QWidget *parent, bool undoing)
+void CGuardedUndo::undo(QWidget *parent)
 {
     m_editing.cancelGesture();
-    if (!(undoing ? canUndo() : canRedo()))
-        return;
+    if (canUndo())
+        goTo(m_recorder.stack()->index() - 1, parent);
+}
+
+void CGuardedUndo::redo(QWidget *parent)
+{
+    m_editing.cancelGesture();
+    if (canRedo())
+        goTo(m_recorder.stack()->index() + 1, parent);
+}
+
+void CGuardedUndo::goTo(int index, QWidget *parent)
+{
+    m_editing.cancelGesture();
     QUndoStack *stack = m_recorder.stack();
-    const QUndoCommand *command = stack->command(undoing ? stack->index() - 1 : stack->index());
-    const QString refused = refusal(*command, undoing);
-    if (!refused.isEmpty()) {
+    if (!stack || index < 0 || index > stack->count() || index == stack->index())
+        return;
+    const bool undoing = index < stack->index();
+    for (int i = std::min(index, stack->index()); i < std::max(index, stack->index()); ++i) {
+        const QString refused = refusal(*stack->command(i), undoing);
+        if (refused.isEmpty())
+            continue;
         CMessageBox::information(parent, refused,
                                  tr("Unlock the output port, or choose \"Cancel redundancy\" for it, and try "
                                     "again."));
         return;
     }
     const CEditBatch batch(m_editing);
-    if (undoing)
-        stack->undo();
-    else
-        stack->redo();
+    const QUndoCommand *last = stack->command(undoing ? index : index - 1);
+    while (stack->index() != index)
+        undoing ? stack->undo() : stack->redo();
     for (CGraphicsPortItem *port : m_content.portItems())
         port->refreshState();
-    if (const CUndoCommandBase *own = ownCommand(command))
+    if (const auto *step = dynamic_cast<const IHistoryStep *>(last))
+        m_picks.only(step->selection());
+    else if (const CUndoCommandBase *own = ownCommand(last))
         m_picks.only(undoing ? own->selectionBefore() : own->selectionAfter());
 }
 

@@ -30,8 +30,10 @@ public:
     }
 
     // Nothing happens if there is no step. A refusal is shown in a message box over @p parent.
-    void undo(QWidget *parent) { run(parent, true); }
-    void redo(QWidget *parent) { run(parent, false); }
+    void undo(QWidget *parent);
+    void redo(QWidget *parent);
+    /// Undoes or redoes until @p index steps are done; none of them if one is refused.
+    void goTo(int index, QWidget *parent);
     bool canUndo() const;
     bool canRedo() const;
 
@@ -43,8 +45,6 @@ public:
     static const CUndoCommandBase *ownCommand(const QUndoCommand *command);
 
 private:
-    void run(QWidget *parent, bool undoing);
-
     IEditing &m_editing;
     const CSceneContent &m_content;
     const CUndoRecorder &m_recorder;

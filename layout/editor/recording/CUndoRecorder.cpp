@@ -33,4 +33,5 @@ void CUndoRecorder::end()
     m_first->setSelectionAfter(m_selection());
     m_first = nullptr;
     m_stack->endMacro();
+    ++m_stepCount;
 }

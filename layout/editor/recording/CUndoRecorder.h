@@ -28,6 +28,9 @@ public:
     /// an operation.
     void setStack(QUndoStack *stack) { m_stack = stack; }
 
+    /// How many steps have been put on stacks so far.
+    int stepCount() const { return m_stepCount; }
+
     /// The name of the running or the last operation.
     const QString &operationName() const { return m_operationName; }
     /// Sets the name for an edit that is not recorded.
@@ -66,6 +69,7 @@ private:
     QVector<QUuid> m_selectionBefore;
     CUndoCommandBase *m_first = nullptr; // of the open macro; owned by the stack
     int m_depth = 0;
+    int m_stepCount = 0;
 };
 
 /// Makes one undo step of all commands pushed during its lifetime; nested ones add to the outermost.

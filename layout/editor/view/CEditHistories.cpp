@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/view/CEditHistories.h"
 
+#include "layout/api/records/LayoutData.h"
+
 #include <algorithm>
 
 namespace {
@@ -17,20 +19,27 @@ bool holdTheSame(const CabinetLayout &a, const CabinetLayout &b)
 
 } // namespace
 
-void CEditHistories::leave(const QUuid &processor, const CabinetLayout &layout)
+void CEditHistories::leave(const CabinetLayout &layout)
 {
-    const auto history = m_histories.find(processor);
+    const auto history = m_histories.find(layout.processor);
     if (history != m_histories.end())
-        history->second->layout = layout;
+        history->second->enter(layout, 0);
 }
 
-QUndoStack &CEditHistories::enter(const QUuid &processor, const CabinetLayout &layout)
+CEditHistory &CEditHistories::enter(const CabinetLayout &layout, const SEditHistory &kept, bool saved,
+                                    int stepCount, EState &state)
 {
-    std::unique_ptr<SHistory> &history = m_histories[processor];
-    if (!history)
-        history = std::make_unique<SHistory>();
-    else if (!holdTheSame(history->layout, layout))
-        history->stack.clear();
-    history->layout = CabinetLayout(); // otherwise the next edit would copy the shared records
-    return history->stack;
+    std::unique_ptr<CEditHistory> &history = m_histories[layout.processor];
+    const bool anew = !history;
+    if (anew)
+        history = std::make_unique<CEditHistory>(m_content);
+    state = anew || holdTheSame(history->layout(), layout) ? Fits : Outdated;
+    if (state == Outdated)
+        history->clear();
+    history->enter(layout, stepCount);
+    if (anew && !history->restore(kept))
+        state = Unfit;
+    if (history->stack().count() == 0)
+        history->setSaved(saved);
+    return *history;
 }

@@ -2,29 +2,39 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/api/records/LayoutData.h"
-
-#include <QUndoStack>
+#include "layout/editor/history/CEditHistory.h"
 
 #include <map>
 #include <memory>
 
-/// The undo stacks of the processors, one each. A stack is kept while another processor is in view, but
-/// replaced if the layout was changed elsewhere meanwhile, because its steps would no longer fit. GUI thread.
+/// The undo histories of the processors, one each. A history is kept while another processor is in view, but
+/// cleared if the layout was changed elsewhere meanwhile, because its steps would no longer fit. GUI thread.
 class CEditHistories final
 {
 public:
-    /// Call when @p processor goes out of view; @p layout is its layout at that moment.
-    void leave(const QUuid &processor, const CabinetLayout &layout);
-    /// Returns the stack for @p processor, which comes into view with @p layout.
-    QUndoStack &enter(const QUuid &processor, const CabinetLayout &layout);
-
-private:
-    struct SHistory
+    /// @p content must outlive the histories.
+    explicit CEditHistories(CSceneContent &content)
+        : m_content(content)
     {
-        QUndoStack stack;
-        CabinetLayout layout;
+    }
+
+    /// What enter() has found.
+    enum EState {
+        Fits,     ///< the history leads to the layout
+        Outdated, ///< it did not, and was cleared
+        Unfit,    ///< what the host had kept did not, and was not used
     };
 
-    std::map<QUuid, std::unique_ptr<SHistory>> m_histories;
+    bool contains(const QUuid &processor) const { return m_histories.count(processor) > 0; }
+    /// Call when a processor goes out of view; @p layout is its layout at that moment.
+    void leave(const CabinetLayout &layout);
+    /// Returns the history for the processor of @p layout, which comes into view. @p kept is what the host
+    /// has of an earlier run; it is used if the history is new. @p saved: see CEditHistory::setSaved(), for a
+    /// history without steps.
+    CEditHistory &enter(const CabinetLayout &layout, const SEditHistory &kept, bool saved, int stepCount,
+                        EState &state);
+
+private:
+    CSceneContent &m_content;
+    std::map<QUuid, std::unique_ptr<CEditHistory>> m_histories;
 };

@@ -35,7 +35,7 @@ CLayoutGraphicsView::CLayoutGraphicsView(const IPortStates &ports, QWidget *pare
     , m_scene(new CCabinetGraphicsScene(ports, this))
     , m_input(std::make_unique<CSceneInput>(*m_scene, m_scene->backend().inputTargets(),
                                             [this] { m_scene->leaveOperation(); }))
-    , m_shown(*m_scene)
+    , m_shown(*m_scene, [this](const SEditRecord &record) { Q_EMIT notifyEditRecorded(record); })
     , m_toolBar(new CEditorToolBar)
     , m_words(new CStatusWords(*this))
 {
@@ -96,26 +96,52 @@ void CLayoutGraphicsView::setCommands(IEditorCommands *commands)
     m_input->setCommands(commands);
 }
 
-void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout)
+void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout,
+                                     const SKeptHistory &kept)
 {
     const bool another = processor.uuid != m_shown.processor();
     if (another) {
-        QUndoStack &stack = m_shown.enter(processor.uuid, layout.layout);
+        QUndoStack &stack = m_shown.enter(layout.layout, kept).stack();
+        connect(history(), &CEditHistory::notifyBeginningChanged, this, &CLayoutGraphicsView::showHistory,
+                Qt::UniqueConnection);
         onNotifyCanUndoChanged(stack.canUndo());
         onNotifyCanRedoChanged(stack.canRedo());
         Q_EMIT notifyUndoStackChanged(&stack);
+        showHistory();
     }
-    m_shown.show(processor, layout, another);
+    m_shown.show(processor, layout, another, kept.saved);
     aerialView().scheduleRefresh();
     if (another)
         fitContent();
     Q_EMIT notifyHintChanged();
 }
 
+void CLayoutGraphicsView::onEdited(const CabinetLayout &known, const CabinetLayout &edited,
+                                   const QVector<int> &changedPorts)
+{
+    m_shown.note({known, edited, changedPorts});
+}
+
+void CLayoutGraphicsView::showHistory()
+{
+    const CEditHistory *shown = history();
+    Q_EMIT notifyHistoryChanged(shown ? &shown->stack() : nullptr, shown ? shown->beginning() : QString());
+}
+
+void CLayoutGraphicsView::onStepChosen(int index)
+{
+    const QString refused = refusal(EditKind::History);
+    if (refused.isEmpty())
+        m_scene->backend().history().goTo(index, this);
+    else
+        m_words->tell(refused + QLatin1Char('.'));
+}
+
 void CLayoutGraphicsView::clearLayout()
 {
     m_shown.leave();
     m_scene->setUndoStack(nullptr);
+    showHistory();
     onNotifyCanUndoChanged(false);
     onNotifyCanRedoChanged(false);
     aerialView().scheduleRefresh();

@@ -38,9 +38,13 @@ public:
     /// Sets what tools and menus offer beyond edits; null: nothing. The caller keeps ownership.
     void setCommands(IEditorCommands *commands);
     /// Shows @p layout, the layout of @p processor. If another processor was shown before, the view is
-    /// fitted, and the processor's history is restored unless its layout was changed elsewhere since.
-    /// Otherwise zoom and position stay, and the change can be undone.
-    void showLayout(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout);
+    /// fitted, and the processor's history comes back unless its layout was changed elsewhere since; @p kept
+    /// is what the host has of it. Otherwise zoom and position stay, and the change can be undone.
+    void showLayout(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout,
+                    const SKeptHistory &kept = {});
+    /// Whether the processor has been shown before, so that its history is here.
+    bool hasHistory(const QUuid &processor) const { return m_shown.hasHistory(processor); }
+    CEditHistory *history() const { return m_shown.history(); } ///< of the processor shown; null without one
     /// Shows nothing.
     void clearLayout();
     /// With @p blocked, disables all edits.
@@ -58,9 +62,17 @@ Q_SIGNALS:
     void notifySelectedCabinetGeometryChanged(const QRect &extent);
     /// From now on steps are recorded on another stack.
     void notifyUndoStackChanged(QUndoStack *stack);
+    /// The steps for the user: another history is in view, or another beginning of it; see CEditHistory.
+    void notifyHistoryChanged(const QUndoStack *stack, const QString &beginning);
+    /// What the host must be told of the history, before anything else happens.
+    void notifyEditRecorded(const SEditRecord &record);
     void notifyHintChanged();
 
 public Q_SLOTS:
+    /// Undoes or redoes until @p index steps are done, unless editing is blocked or a step is refused.
+    void onStepChosen(int index);
+    /// The store has compared the layout after an edit, undo or redo.
+    void onEdited(const CabinetLayout &known, const CabinetLayout &edited, const QVector<int> &changedPorts);
     void onTopologyButtonClicked(int pattern);
     /// Makes the next press in the scene place cabinets of @p type and @p size in @p port.
     void onNotifyAppendCabinet(const SSettings::TypeLibrary::STreeNode::RcvTypeInfo &type, int port,
@@ -112,6 +124,7 @@ private:
     void pressEditKey(QKeyEvent &event, EditKind kind);
     void openAppendMenu(const QPoint &globalPos);
     void highlight();
+    void showHistory();
     void tellSelection();
 
     CCabinetGraphicsScene *m_scene;

@@ -7,29 +7,60 @@
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
 
-QUndoStack &CShownLayout::enter(const QUuid &processor, const CabinetLayout &layout)
+CShownLayout::CShownLayout(CCabinetGraphicsScene &scene, Tell tell)
+    : m_scene(scene)
+    , m_tell(std::move(tell))
+    , m_histories(scene.backend().content())
 {
-    leave(); // so that its edits are not recorded on the other's stack
-    m_processor = processor;
-    QUndoStack &stack = m_histories.enter(processor, layout);
-    m_scene.setUndoStack(&stack);
-    return stack;
 }
 
-void CShownLayout::show(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout, bool anew)
+CEditHistory &CShownLayout::enter(const CabinetLayout &layout, const SKeptHistory &kept)
+{
+    leave(); // so that its edits are not recorded in the other's history
+    m_processor = layout.processor;
+    CEditHistories::EState state = CEditHistories::Fits;
+    const int steps = m_scene.backend().recorder().stepCount();
+    CEditHistory &history = m_histories.enter(layout, kept.history, kept.saved, steps, state);
+    m_history = &history;
+    history.setLimit(kept.limit);
+    m_scene.setUndoStack(&history.stack());
+    if (state != CEditHistories::Fits)
+        m_tell(history.clearedRecord());
+    if (state == CEditHistories::Unfit)
+        m_scene.backend().batches().tell(
+            tr("The history of earlier does not fit this layout and was dropped."));
+    return history;
+}
+
+void CShownLayout::show(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout, bool anew,
+                        bool saved)
 {
     const bool inPlace = !anew && m_scene.backend().content().canRebuild(layout);
-    if (!anew && !inPlace && m_scene.backend().recorder().stack())
-        m_scene.backend().recorder().stack()->clear(); // its steps belong to ports that no longer exist
+    if (!anew && !inPlace && m_history) {
+        m_history->clear(); // its steps belong to ports that no longer exist
+        m_history->setSaved(saved);
+        m_history->enter(layout.layout, m_scene.backend().recorder().stepCount());
+        m_tell(m_history->clearedRecord());
+    }
     m_scene.setLayoutData(processor, layout, m_scene.backend().placing().cache(), {}, inPlace);
+}
+
+void CShownLayout::note(const SComparedEdit &edit)
+{
+    if (!m_history)
+        return;
+    const QVector<SEditRecord> records = m_history->note(edit, m_scene.backend().recorder().stepCount());
+    for (const SEditRecord &record : records)
+        m_tell(record);
 }
 
 void CShownLayout::leave()
 {
     CabinetLayout left;
     m_scene.getLayoutData(left, m_processor);
-    m_histories.leave(m_processor, left);
+    m_histories.leave(left);
     m_processor = QUuid();
+    m_history = nullptr;
     m_scene.clearLayout();
 }
 

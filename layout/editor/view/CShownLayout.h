@@ -2,29 +2,48 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/api/records/LayoutData.h"
 #include "layout/api/records/ProcessorTree.h"
 #include "layout/editor/view/CEditHistories.h"
 
+#include <QCoreApplication>
+
+#include <functional>
+
 class CCabinetGraphicsScene;
+
+/// What the host knows of a layout that comes into view.
+struct SKeptHistory
+{
+    SEditHistory history;                    ///< of an earlier run; used if the editor has none
+    bool saved = true;                       ///< the layout has no unsaved edits
+    qint64 limit = CEditHistory::UsualLimit; ///< see CEditHistory::setLimit()
+};
 
 /// Which processor's layout a scene shows, and the history that its edits are recorded in. GUI thread.
 class CShownLayout final
 {
+    Q_DECLARE_TR_FUNCTIONS(CShownLayout)
+
 public:
     using Cabinet = CabinetLayout::CabinetPort::Cabinet;
 
-    /// @p scene must not record on a stack of this object any more when it is destroyed.
-    explicit CShownLayout(CCabinetGraphicsScene &scene)
-        : m_scene(scene)
-    {
-    }
+    using Tell = std::function<void(const SEditRecord &)>;
+
+    /// @p scene must not record on a stack of this object any more when it is destroyed. @p tell gets what
+    /// the host must be told of the history.
+    CShownLayout(CCabinetGraphicsScene &scene, Tell tell);
 
     const QUuid &processor() const { return m_processor; } ///< null: none
-    /// Makes the scene record on the stack of @p processor, whose layout comes into view as @p layout; then
+    bool hasHistory(const QUuid &processor) const { return m_histories.contains(processor); }
+    CEditHistory *history() const { return m_history; } ///< of the processor that is shown; null without one
+    /// Makes the scene record in the history of the processor of @p layout, which comes into view; then
     /// nothing is shown before show() is called.
-    QUndoStack &enter(const QUuid &processor, const CabinetLayout &layout);
+    CEditHistory &enter(const CabinetLayout &layout, const SKeptHistory &kept);
     /// Shows @p layout: as a step that can be undone unless @p anew.
-    void show(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout, bool anew);
+    void show(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout, bool anew, bool saved);
+    /// Call after each edit, undo and redo.
+    void note(const SComparedEdit &edit);
     /// Shows nothing; the history is kept for when the processor comes back.
     void leave();
 
@@ -35,6 +54,8 @@ public:
 
 private:
     CCabinetGraphicsScene &m_scene;
+    Tell m_tell;
     CEditHistories m_histories;
+    CEditHistory *m_history = nullptr;
     QUuid m_processor;
 };

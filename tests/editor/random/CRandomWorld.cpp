@@ -40,12 +40,73 @@ CRandomWorld::CRandomWorld(quint32 seed)
     QRandomGenerator random(seed);
     m_world.data = RandomLayout::randomWorld(random);
     m_scene.setLayoutData(SmallWorlds::node(m_world.data), m_world.data);
+    m_kept = CKeptSteps(m_world.layout());
+    beginHistory({});
     m_history << comparable();
     m_selections.resize(1); // of no step
     QObject::connect(&m_scene, &CCabinetGraphicsScene::notifySelectedChanged,
                      [this] { ++m_world.selectionSignals; });
-    QObject::connect(&m_scene, &CCabinetGraphicsScene::notifySceneChanged,
-                     [this] { ++m_world.sceneSignals; });
+    QObject::connect(&m_scene, &CCabinetGraphicsScene::notifySceneChanged, [this] {
+        ++m_world.sceneSignals;
+        noteEdit();
+    });
+}
+
+void CRandomWorld::beginHistory(const SEditHistory &kept)
+{
+    m_scene.setUndoStack(nullptr);
+    m_world.history = std::make_unique<CEditHistory>(m_scene.backend().content());
+    m_known = m_world.layout();
+    m_world.history->enter(m_known, m_scene.backend().recorder().stepCount());
+    if (!m_world.history->restore(kept))
+        m_known = CabinetLayout(); // noticed by checkKept()
+    m_scene.setUndoStack(&m_world.history->stack());
+}
+
+/// As the store does: compares, and tells the host what the history makes of it.
+void CRandomWorld::noteEdit()
+{
+    const CabinetLayout edited = m_world.layout();
+    QVector<int> changed;
+    for (const auto &port : edited.ports) {
+        const auto *known = m_known.port(port.index);
+        if (known && !LayoutData::comparePortData(*known, port, true))
+            changed << port.index;
+    }
+    const auto records =
+        m_world.history->note({m_known, edited, changed}, m_scene.backend().recorder().stepCount());
+    for (const SEditRecord &record : records)
+        m_kept.take(record);
+    if (edited.processor == m_world.data.processor)
+        m_known = edited;
+}
+
+/// Whether what the host has of the history is what there is.
+QString CRandomWorld::checkKept()
+{
+    const SEditHistory &kept = m_kept.history();
+    const QUndoStack &stack = m_world.history->stack();
+    bool same = kept.index == stack.index() && kept.steps.size() == stack.count() && !m_kept.isFaulty();
+    for (int i = 0; same && i < stack.count(); ++i)
+        same = kept.steps.at(i).text == stack.text(i);
+    for (const auto &port : m_world.layout().ports)
+        same = same && LayoutData::comparePortData(port, *m_kept.layout().port(port.index), true);
+    return same ? QString() : QStringLiteral("the host has another history or layout");
+}
+
+/// Shows the same layout as after a restart of the program, with the history that the host has kept.
+QString CRandomWorld::restart()
+{
+    LayoutData data = m_world.data;
+    data.layout = m_world.layout();
+    m_scene.setUndoStack(nullptr);
+    m_scene.setLayoutData(SmallWorlds::node(data), data, m_world.cache);
+    beginHistory(m_kept.history());
+    while (m_kept.history().index % 2 && !m_world.history->isTidy())
+        QCoreApplication::processEvents(); // otherwise it still has the records
+    m_restored = m_world.history->stack().count();
+    m_world.highlighted.clear();
+    return check(m_world.history->stack().index(), true, CReferenceModel(data.layout));
 }
 
 /// The layout without what is no part of the history: locks, colors and highlights.
@@ -100,6 +161,8 @@ QString CRandomWorld::run(const SRandomOperation &operation)
         return reload(true, random);
     case LookAway:
         return lookAway(random);
+    case Restart:
+        return restart();
     case History:
         if (!stepHistory(random))
             return QStringLiteral("another selection than beside the step");
@@ -178,7 +241,7 @@ bool CRandomWorld::stepHistory(QRandomGenerator &random)
         else
             m_scene.redo(nullptr);
         const int now = m_scene.backend().recorder().stack()->index();
-        if (now != index)
+        if (now != index && std::min(now, index) >= m_restored)
             selects = selects && m_world.selected() == (now < index ? m_selections.at(index).first
                                                                     : m_selections.at(now).second);
         m_world.highlighted = highlighted(); // an item may have been away meanwhile
@@ -206,7 +269,11 @@ QString CRandomWorld::reload(bool undoable, QRandomGenerator &random)
         return QStringLiteral("a reload of %1 layout")
             .arg(same ? QStringLiteral("an equal") : QStringLiteral("another"));
     if (!undoable) {
-        m_scene.backend().recorder().stack()->clear();
+        m_world.history->clear();
+        m_known = m_world.layout();
+        m_world.history->enter(m_known, m_scene.backend().recorder().stepCount());
+        m_kept = CKeptSteps(m_known);
+        m_restored = 0;
         m_history = {comparable()};
         m_selections.resize(1);
         index = 0;
@@ -229,6 +296,8 @@ QString CRandomWorld::lookAway(QRandomGenerator &random)
     m_scene.setUndoStack(stack);
     m_scene.setLayoutData(SmallWorlds::node(data), data, m_world.cache);
     m_world.highlighted.clear();
+    m_known = m_world.layout();
+    m_world.history->enter(m_known, m_scene.backend().recorder().stepCount());
     return check(stack->index(), true, CReferenceModel(data.layout));
 }
 
@@ -237,8 +306,13 @@ QString CRandomWorld::check(int indexBefore, bool edited, const CReferenceModel 
     const QString fault = CSceneVerifier::faultIn(m_scene);
     if (!fault.isEmpty())
         return fault;
+    const QString unkept = checkKept();
+    if (!unkept.isEmpty())
+        return unkept;
     const CabinetLayout now = comparable();
     const int index = m_scene.backend().recorder().stack()->index();
+    if (index > indexBefore)
+        m_restored = std::min(m_restored, index - 1);
     if (index > indexBefore || m_history.size() <= index) {
         m_history.resize(index);
         m_history << now;
@@ -262,6 +336,16 @@ QString CRandomWorld::checkHistory()
 {
     m_world.states.locked.clear();
     m_world.states.redundancy.clear();
+    QString fault = stepThrough();
+    if (fault.isEmpty())
+        fault = restart();
+    if (fault.isEmpty())
+        fault = stepThrough();
+    return fault;
+}
+
+QString CRandomWorld::stepThrough()
+{
     const QUndoStack &stack = *m_scene.backend().recorder().stack();
     for (const bool undoing : {true, false}) {
         while (undoing ? stack.canUndo() : stack.canRedo()) {

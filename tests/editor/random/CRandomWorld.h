@@ -4,6 +4,7 @@
 
 #include "tests/editor/random/RandomKinds.h"
 #include "tests/editor/random/SRandomScene.h"
+#include "tests/harness/CKeptSteps.h"
 
 #include <QRandomGenerator>
 
@@ -26,15 +27,21 @@ public:
 
     /// Carries out an operation. Returns the fault found afterwards; empty if there is none.
     QString run(const SRandomOperation &operation);
-    /// Undoes everything and redoes everything. Returns the fault found; empty if there is none.
+    /// Undoes everything and redoes everything, then again by steps that were restored. Returns the fault
+    /// found; empty if there is none.
     QString checkHistory();
 
 private:
     void select(QRandomGenerator &random);
+    QString stepThrough();
     QString edit(int kind, QRandomGenerator &random);
     bool stepHistory(QRandomGenerator &random);
     QString reload(bool undoable, QRandomGenerator &random);
     QString lookAway(QRandomGenerator &random);
+    QString restart();
+    void beginHistory(const SEditHistory &kept);
+    void noteEdit();
+    QString checkKept();
     QString check(int indexBefore, bool edited, const CReferenceModel &expected);
     QString checkHighlights();
     QString checkColors() const;
@@ -45,4 +52,7 @@ private:
     CCabinetGraphicsScene &m_scene;
     QVector<CabinetLayout> m_history;                      // by index of the undo stack
     QVector<QPair<QSet<QUuid>, QSet<QUuid>>> m_selections; // before and after that step
+    CabinetLayout m_known;                                 // by the store
+    CKeptSteps m_kept;                                     // by the host
+    int m_restored = 0;                                    // that many steps select the cabinets that differ
 };

@@ -40,11 +40,12 @@ enum EKind {
     SameType,
     SelectAll,
     Highlight,
-    LookAway
+    LookAway,
+    Restart
 };
 
 Q_ENUM_NS(EKind)
 
-constexpr int Count = LookAway + 1;
+constexpr int Count = Restart + 1;
 
 } // namespace RandomKinds

@@ -2,15 +2,19 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/editor/history/CEditHistory.h"
 #include "tests/editor/CFixedPortStates.h"
 #include "tests/editor/SInstalledInput.h"
 #include "tests/editor/random/CReferenceModel.h"
 
 #include <QRandomGenerator>
 
+#include <memory>
+
 /// What random edits act on, and the state left by previous ones.
 struct SRandomScene
 {
+    std::unique_ptr<CEditHistory> history; // outlives the scene, which records in it
     CFixedPortStates states;
     CCabinetGraphicsScene scene{states};
     SInstalledInput input{scene};

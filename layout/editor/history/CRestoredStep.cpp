@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/history/CRestoredStep.h"
+
+#include "layout/editor/content/CLayoutReader.h"
+#include "layout/editor/content/CSceneContent.h"
+#include "layout/editor/items/CGraphicsItemBase.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
+
+#include <QLoggingCategory>
+#include <QSet>
+
+#include <utility>
+
+namespace {
+Q_LOGGING_CATEGORY(historyLog, "orvo.layout.history")
+}
+
+CRestoredStep::CRestoredStep(std::shared_ptr<const CStepValues> values, CSceneContent &content,
+                             const bool &inert)
+    : QUndoCommand(values->text())
+    , m_values(std::move(values))
+    , m_content(content)
+    , m_inert(inert)
+{
+}
+
+void CRestoredStep::undo()
+{
+    if (m_inert)
+        return;
+    m_ordinals = m_content.ordinals(ports());
+    apply(CPortDelta::Before);
+}
+
+void CRestoredStep::redo()
+{
+    if (m_inert)
+        return;
+    apply(CPortDelta::After);
+    m_content.setOrdinals(ports(), std::exchange(m_ordinals, {}));
+}
+
+void CRestoredStep::apply(CPortDelta::ESide side)
+{
+    QVector<CabinetLayout::CabinetPort> records;
+    QVector<QUuid> changed;
+    for (const CPortDelta &delta : m_values->deltas()) {
+        const CGraphicsPortItem *item = m_content.portItem(delta.port());
+        if (!item)
+            continue;
+        CabinetLayout::CabinetPort record = CLayoutReader::read(*item);
+        const auto groups = delta.groups(side, record.groups);
+        if (!groups) {
+            qCWarning(historyLog, "A step does not fit port %d.", delta.port() + 1);
+            continue;
+        }
+        record.groups = *groups;
+        records << record;
+        changed << delta.changed(side, record.groups);
+    }
+    m_content.replace(records);
+    select(changed);
+}
+
+void CRestoredStep::select(const QVector<QUuid> &cabinets)
+{
+    QSet<QUuid> items;
+    for (const QUuid &cabinet : cabinets) {
+        if (CGraphicsItemBase *item = m_content.editedItem(cabinet))
+            items.insert(item->outermost().uuid());
+    }
+    m_selection = QVector<QUuid>(items.begin(), items.end());
+}

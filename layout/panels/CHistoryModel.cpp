@@ -1,0 +1,72 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/panels/CHistoryModel.h"
+
+#include "platform/widgets/ThemeColors.h"
+
+#include <QFont>
+
+void CHistoryModel::show(const QUndoStack *stack, const QString &beginning)
+{
+    if (m_stack != stack) {
+        if (m_stack)
+            m_stack->disconnect(this);
+        m_stack = stack;
+        if (stack) {
+            connect(stack, &QUndoStack::indexChanged, this, &CHistoryModel::update);
+            connect(stack, &QUndoStack::cleanChanged, this, &CHistoryModel::update);
+            connect(stack, &QObject::destroyed, this, &CHistoryModel::update);
+        }
+    }
+    m_beginning = beginning;
+    update();
+}
+
+/// A step that replaces undone ones changes texts without changing their number, so all rows are read again;
+/// a view asks only for those that it shows.
+void CHistoryModel::update()
+{
+    beginResetModel();
+    m_rows = m_stack ? m_stack->count() + 1 : 0;
+    endResetModel();
+    Q_EMIT notifyCurrentRowChanged();
+}
+
+int CHistoryModel::currentRow() const
+{
+    return m_stack ? m_stack->index() : -1;
+}
+
+int CHistoryModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : m_rows;
+}
+
+QString CHistoryModel::text(int row) const
+{
+    const QString text = row == 0 ? m_beginning : m_stack->text(row - 1);
+    return row == m_stack->cleanIndex() ? tr("%1 (saved)").arg(text) : text;
+}
+
+QVariant CHistoryModel::data(const QModelIndex &index, int role) const
+{
+    if (!m_stack || !index.isValid() || index.row() >= m_rows)
+        return {};
+    const int row = index.row();
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::ToolTipRole:
+        return text(row);
+    case Qt::AccessibleTextRole:
+        return row > currentRow() ? tr("%1, undone").arg(text(row)) : text(row);
+    case Qt::ForegroundRole:
+        return row > currentRow() ? QVariant(QColor(ThemeColors::DimText)) : QVariant();
+    case Qt::FontRole: {
+        QFont font;
+        font.setItalic(row == 0 || row > currentRow());
+        return font;
+    }
+    default:
+        return {};
+    }
+}

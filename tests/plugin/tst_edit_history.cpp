@@ -1,0 +1,272 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/history/CEditHistory.h"
+#include "layout/editor/items/IItemMouse.h"
+#include "layout/panels/CHistoryLabel.h"
+#include "tests/harness/CKeptSteps.h"
+#include "tests/harness/CMessageBoxAnswerer.h"
+#include "tests/harness/CTestBase.h"
+#include "tests/panels/SUnitWorld.h"
+#include "tests/plugin/SPageWorld.h"
+
+#include <QApplication>
+#include <QListView>
+#include <QStatusTipEvent>
+#include <QUndoStack>
+
+namespace {
+
+/// The page with what the host keeps of its edits, and the list of steps.
+struct SHistoryWorld final : SPageWorld
+{
+    CNotedMappingCommands mapping;
+    CHistoryLabel list{{store, mapping}};
+
+    SHistoryWorld()
+    {
+        QObject::connect(&view(), &CLayoutGraphicsView::notifyHistoryChanged, &list,
+                         &CHistoryLabel::showHistory);
+        QObject::connect(&list, &CHistoryLabel::notifyStepChosen, &view(),
+                         &CLayoutGraphicsView::onStepChosen);
+    }
+    CabinetLayout layout() const
+    {
+        CabinetLayout layout;
+        scene().getLayoutData(layout, a);
+        return layout;
+    }
+    QVector<SEditRecord> records() { return host.answers()->records; }
+    QVector<SEditRecord> takeRecords() { return std::exchange(host.answers()->records, {}); }
+    QUndoStack &stack() const { return view().history()->stack(); }
+    /// Moves everything of a port.
+    void nudge(int port)
+    {
+        scene().clearSelection();
+        view().onPortClicked(port, true);
+        scene().selectedItemMoveDown();
+    }
+    /// What a host would have kept of all that was recorded.
+    SEditHistory kept(const CabinetLayout &before)
+    {
+        CKeptSteps steps(before);
+        for (const SEditRecord &record : records())
+            steps.take(record);
+        return steps.history();
+    }
+    QStringList rows() const
+    {
+        const QAbstractItemModel *model = list.findChild<QListView *>()->model();
+        QStringList rows;
+        for (int i = 0; i < model->rowCount(); ++i)
+            rows << model->index(i, 0).data().toString();
+        return rows;
+    }
+    int markedRow() const { return list.findChild<QListView *>()->currentIndex().row(); }
+    void choose(int row)
+    {
+        QListView &view = *list.findChild<QListView *>();
+        Q_EMIT view.clicked(view.model()->index(row, 0));
+    }
+};
+
+/// Notes what the status bar is told.
+class CNotedWords final : public QObject
+{
+public:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::StatusTip)
+            words << static_cast<QStatusTipEvent *>(event)->tip();
+        return QObject::eventFilter(watched, event);
+    }
+    QStringList words;
+};
+
+} // namespace
+
+class CEditHistoryTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theHostGetsEachEditAtOnce()
+    {
+        SHistoryWorld world;
+        const CabinetLayout before = world.layout();
+        world.nudge(1);
+        world.nudge(1);
+        world.scene().undo(nullptr);
+        const QVector<SEditRecord> records = world.takeRecords();
+        QCOMPARE(records.size(), 3);
+        for (const SEditRecord &record : records) {
+            QCOMPARE(record.processor, world.a);
+            QCOMPARE(record.saved, 0);
+            QCOMPARE(record.step.ports.size(), 1);
+        }
+        QCOMPARE(records.at(0).kind, SEditRecord::Done);
+        QCOMPARE(records.at(0).index, 1);
+        QCOMPARE(records.at(0).step.text, QStringLiteral("Move"));
+        QCOMPARE(records.at(0).step.ports.first().before, before.ports.at(1));
+        QCOMPARE(records.at(0).step.ports.first().after.groups, world.layout().ports.at(1).groups);
+        QCOMPARE(records.at(1).index, 2);
+        QCOMPARE(records.at(2).kind, SEditRecord::Moved);
+        QCOMPARE(records.at(2).index, 1);
+        QCOMPARE(records.at(2).step.ports.first().before.groups,
+                 records.at(1).step.ports.first().after.groups);
+        world.store.flushEdits();
+        const QStringList calls = world.answers()->calls();
+        QVERIFY(calls.indexOf(QRegularExpression(QStringLiteral("recordEdit.*"))) <
+                calls.indexOf(QRegularExpression(QStringLiteral("commitLayoutData.*"))));
+        world.scene().selectAllItem(); // none of these is a step
+        world.store.setPortLocked(0, true);
+        world.store.setPortColor(1, Qt::red);
+        world.store.flushEdits();
+        QCOMPARE(world.records().size(), 0);
+    }
+
+    void aDragIsRecordedWhenItEnds()
+    {
+        SHistoryWorld world;
+        world.view().onPortClicked(0, true);
+        IItemMouse &mouse = *world.scene().backend().mouse();
+        mouse.beginMove({10, 10});
+        mouse.continueDrag({60, 60}, Qt::AltModifier);
+        world.store.flushEdits();
+        QCOMPARE(world.records().size(), 0);
+        mouse.endDrag({60, 60});
+        QCOMPARE(world.records().size(), 1);
+    }
+
+    void whatTheHostReplacesIsAStep()
+    {
+        SHistoryWorld world;
+        const CabinetLayout before = world.layout();
+        CabinetLayout &replaced = world.answers()->layouts[world.a].layout;
+        replaced.ports[2].groups[0].cabinets[0].rect.translate(500, 0);
+        const CabinetLayout after = replaced;
+        world.host.notify(LayoutNotification::LayoutReplaced, world.a);
+        QTRY_COMPARE(world.records().size(), 1);
+        const SEditRecord record = world.takeRecords().first();
+        QCOMPARE(record.kind, SEditRecord::Done);
+        QCOMPARE(record.step.text, QStringLiteral("Reset"));
+        QCOMPARE(record.step.ports.size(), 1);
+        QCOMPARE(record.step.ports.first().before.groups, before.ports.at(2).groups);
+        QVERIFY(LayoutData::comparePortData(record.step.ports.first().after, after.ports.at(2), true));
+        world.answers()->layouts[world.a].layout.ports.removeLast(); // other ports
+        world.host.notify(LayoutNotification::LayoutReplaced, world.a);
+        QTRY_COMPARE(world.records().size(), 1);
+        QCOMPARE(world.records().first().kind, SEditRecord::Cleared);
+    }
+
+    void aLayoutChangedOutOfViewClearsTheHistory()
+    {
+        SHistoryWorld world;
+        world.nudge(0);
+        world.open(world.b);
+        world.open(world.a);
+        QCOMPARE(world.stack().count(), 1);
+        world.nudge(0); // goes on where it was
+        QCOMPARE(world.takeRecords().last().index, 2);
+        world.open(world.b);
+        world.answers()->layouts[world.a].layout.ports[0].groups[0].cabinets[0].rect.translate(500, 0);
+        world.answers()->unsaved = {world.a};
+        world.open(world.a);
+        QCOMPARE(world.records().size(), 1);
+        QCOMPARE(world.records().first().kind, SEditRecord::Cleared);
+        QCOMPARE(world.records().first().saved, -1);
+    }
+
+    void aRestoredHistoryObeysTheSameLaw()
+    {
+        SHistoryWorld earlier;
+        const CabinetLayout first = earlier.layout();
+        earlier.nudge(0);
+        earlier.scene().backend().operations().group();
+        earlier.nudge(1);
+        const CabinetLayout last = earlier.layout();
+        earlier.scene().undo(nullptr);
+
+        SHistoryWorld world;
+        world.answers()->layouts[world.b].layout = earlier.layout();
+        world.answers()->layouts[world.b].layout.processor = world.b;
+        world.answers()->histories[world.b] = earlier.kept(first);
+        world.open(world.b);
+        const auto shown = [&world] {
+            CabinetLayout layout;
+            world.scene().getLayoutData(layout, world.b);
+            return layout.ports;
+        };
+        QCOMPARE(world.rows(),
+                 QStringList({QStringLiteral("Beginning, restored from earlier (saved)"),
+                              QStringLiteral("Move"), QStringLiteral("Group"), QStringLiteral("Move")}));
+        QCOMPARE(world.markedRow(), 2);
+        world.store.setPortLocked(0, true);
+        {
+            CMessageBoxAnswerer user({QStringLiteral("OK")});
+            world.choose(0);
+            QVERIFY2(user.texts().first().startsWith(QStringLiteral("Port 1 is locked and cannot be undone")),
+                     qPrintable(user.texts().first()));
+        }
+        QCOMPARE(world.markedRow(), 2);
+        world.scene().redo(nullptr); // of another port
+        QCOMPARE(shown()[1].groups, last.ports[1].groups);
+        QCOMPARE(world.scene().selection().count(), 4); // the cabinets that differ
+        world.store.setPortLocked(0, false);
+        world.nudge(2);
+        world.choose(0);
+        for (int port = 0; port < 3; ++port)
+            QCOMPARE(shown()[port].groups, first.ports[port].groups);
+        QCOMPARE(world.takeRecords().last().index, 0);
+        world.choose(3);
+        for (int port = 0; port < 3; ++port)
+            QCOMPARE(shown()[port].groups, last.ports[port].groups);
+    }
+
+    void aHistoryThatDoesNotFitIsDropped()
+    {
+        SHistoryWorld world;
+        SEditHistory wrong;
+        wrong.steps = {{QStringLiteral("Move"), {{world.layout().ports[0], world.layout().ports[1]}}}};
+        wrong.index = 1;
+        world.answers()->histories[world.b] = wrong;
+        CNotedWords noted;
+        world.view().installEventFilter(&noted);
+        world.open(world.b);
+        QCOMPARE(world.records().size(), 1);
+        QCOMPARE(world.records().first().kind, SEditRecord::Cleared);
+        QCOMPARE(world.records().first().processor, world.b);
+        QVERIFY(noted.words.join(QLatin1Char(' ')).contains(QStringLiteral("was dropped")));
+        QCOMPARE(world.rows(), QStringList({QStringLiteral("Beginning (saved)")}));
+    }
+
+    void theOldestStepsGoBeyondTheLimit()
+    {
+        SHistoryWorld world;
+        for (int i = 0; i < 40; ++i)
+            world.nudge(i % 3);
+        const CabinetLayout last = world.layout();
+        CEditHistory &history = *world.view().history();
+        QTRY_VERIFY(history.isTidy());
+        const qint64 limit = history.bytes() / 10;
+        history.setLimit(limit);
+        QTRY_VERIFY(history.isTidy());
+        const int left = history.stack().count();
+        QVERIFY2(left > 2 && left < 40, qPrintable(QString::number(left)));
+        QVERIFY(history.bytes() <= limit);
+        QCOMPARE(world.rows().first(), QStringLiteral("%1 older steps were dropped").arg(40 - left));
+        QCOMPARE(world.layout(), last);
+        world.takeRecords();
+        world.nudge(0);
+        QCOMPARE(world.records().last().dropped, 40 - left);
+        QCOMPARE(world.records().last().index, left + 1);
+        QCOMPARE(world.records().last().saved, -1);
+        world.nudge(0);
+        QCOMPARE(world.records().last().dropped, 0);
+        world.choose(left - 3);
+        world.choose(left);
+        QCOMPARE(world.layout(), last);
+    }
+};
+
+ORVO_TEST_MAIN(QApplication, CEditHistoryTest)
+#include "tst_edit_history.moc"
