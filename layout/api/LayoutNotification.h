@@ -23,7 +23,8 @@ enum class LayoutNotification : int {
     PortCountChanged = 25,        ///< no argument
     CurrentProcessorChanged = 26, ///< QUuid; null: none
     SelectedNodeChanged = 28,     ///< SSelectedNodeChange
-    ReadbackFinished = 29         ///< SReadbackResult
+    ReadbackFinished = 29,        ///< SReadbackResult
+    LayoutSaved = 30              ///< QUuid: the layout was saved to its processor or file
 };
 
 struct SPortBackupChange

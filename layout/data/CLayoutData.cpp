@@ -264,6 +264,11 @@ void CLayoutData::layoutReplaced(const QUuid &processor)
     Q_EMIT notifyLayoutReplaced(processor);
 }
 
+void CLayoutData::layoutSaved(const QUuid &processor)
+{
+    Q_EMIT notifyLayoutSaved(processor);
+}
+
 void CLayoutData::currentPortMayDiffer()
 {
     const int port = m_states.currentPort();

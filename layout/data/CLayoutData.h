@@ -139,6 +139,7 @@ Q_SIGNALS:
     /// The host has another layout of @p processor than the editor shows. The editor must load it again; its
     /// edits are ignored until then.
     void notifyLayoutReplaced(const QUuid &processor);
+    void notifyLayoutSaved(const QUuid &processor); ///< to its processor or file
     /// The layout in the editor was compared: @p edited differs from what was @p known in @p changedPorts. On
     /// the GUI thread, right after each edit, undo and redo, before the layout is handed over.
     void notifyEdited(const CabinetLayout &known, const CabinetLayout &edited,
@@ -158,6 +159,7 @@ private:
                            bool canvasSizeChanged) override;
     void portBackupChanged(int primary, int backup, bool on) override;
     void layoutReplaced(const QUuid &processor) override;
+    void layoutSaved(const QUuid &processor) override;
     void currentPortMayDiffer() override;
     void highlightEnded() override { cancelCalibrate(-1); }
     void loadsMayDiffer(const QVector<int> &ports) override;

@@ -91,6 +91,8 @@ CNotificationDispatch::Handling CNotificationDispatch::handlingOf(int code)
         return &D::onSelectedNodeChanged;
     case LayoutNotification::ReadbackFinished:
         return &D::onReadbackFinished;
+    case LayoutNotification::LayoutSaved:
+        return &D::onLayoutSaved;
     }
     return nullptr;
 }
@@ -240,6 +242,11 @@ void CNotificationDispatch::onReadbackFinished(CSubject &subject)
     post(LayoutNotification::ReadbackFinished, [this, result = subject.GetArgument<SReadbackResult>()] {
         invoke("onReadbackMappingFinished", Q_ARG(QUuid, result.processor), Q_ARG(bool, result.same));
     });
+}
+
+void CNotificationDispatch::onLayoutSaved(CSubject &subject)
+{
+    m_events.layoutSaved(subject.GetArgument<QUuid>());
 }
 
 void CNotificationDispatch::removeProcessor(const QUuid &processor)

@@ -53,6 +53,7 @@ private:
     void onCurrentProcessorChanged(CSubject &subject);
     void onSelectedNodeChanged(CSubject &subject);
     void onReadbackFinished(CSubject &subject);
+    void onLayoutSaved(CSubject &subject);
 
     void post(LayoutNotification code, std::function<void()> work) { post(static_cast<int>(code), work); }
     void removeProcessor(const QUuid &processor);

@@ -204,6 +204,9 @@ void CLayoutEditorPage::connectSignals()
             [this] { m_store.syncLayoutData(false); });
     connect(scene, &CCabinetGraphicsScene::notifySceneChanged, this, &CLayoutEditorPage::dropReadbackResult);
     connect(&m_store, &CLayoutData::notifyEdited, m_view, &CLayoutGraphicsView::onEdited);
+    connect(&m_store, &CLayoutData::notifyLayoutSaved, this, [this](const QUuid &processor) {
+        m_view->setSaved(processor, !CHostAccess::call<&Host::hasUnsavedEdits>(processor));
+    });
     connect(m_view, &CLayoutGraphicsView::notifyEditRecorded, this,
             [](const SEditRecord &record) { CHostAccess::call<&Host::recordEdit>(record); });
     connect(m_view, &CLayoutGraphicsView::notifyUndoStackChanged, this, [this](QUndoStack *stack) {

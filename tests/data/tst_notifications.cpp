@@ -177,7 +177,7 @@ private Q_SLOTS:
                  {},
                  text("worker")},
                 {static_cast<N>(3), {}, {}, {}, {}},
-                {static_cast<N>(30), {}, {}, {}, {}}};
+                {static_cast<N>(31), {}, {}, {}, {}}};
             const SCase &one = cases[i];
             if (one.code == N::PortLoadsChanged)
                 scene.host.answers()->loads[1] = 30;

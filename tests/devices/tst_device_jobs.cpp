@@ -67,6 +67,7 @@ private Q_SLOTS:
         }
         QVERIFY(host.log.waitFor(22).endsWith(QLatin1String(" 0")));
         QVERIFY(host.save(host.lobby).isDone());
+        QVERIFY(host.log.waitFor(30).startsWith(QLatin1String("30 "))); // only now
         QVERIFY(!host.manager.table().isModified(host.lobby));
     }
 

@@ -28,6 +28,7 @@ struct SHistoryWorld final : SPageWorld
                          &CHistoryLabel::showHistory);
         QObject::connect(&list, &CHistoryLabel::notifyStepChosen, &view(),
                          &CLayoutGraphicsView::onStepChosen);
+        list.showHistory(&stack(), view().history()->beginning());
     }
     CabinetLayout layout() const
     {
@@ -220,6 +221,23 @@ private Q_SLOTS:
         world.choose(3);
         for (int port = 0; port < 3; ++port)
             QCOMPARE(shown()[port].groups, last.ports[port].groups);
+    }
+
+    void theStepOfTheLastSaveIsMarked()
+    {
+        SHistoryWorld world;
+        world.nudge(0);
+        world.host.notify(LayoutNotification::LayoutSaved, world.a);
+        QTRY_COMPARE(world.rows().last(), QStringLiteral("Move (saved)"));
+        world.takeRecords();
+        world.nudge(0);
+        QCOMPARE(world.takeRecords().last().saved, 1);
+        world.answers()->unsaved = {world.a}; // edited while it was being saved
+        world.host.notify(LayoutNotification::LayoutSaved, world.a);
+        QTRY_COMPARE(world.rows(), QStringList({QStringLiteral("Beginning"), QStringLiteral("Move"),
+                                                QStringLiteral("Move")}));
+        world.nudge(0);
+        QCOMPARE(world.takeRecords().last().saved, -1);
     }
 
     void aHistoryThatDoesNotFitIsDropped()

@@ -19,6 +19,13 @@ bool holdTheSame(const CabinetLayout &a, const CabinetLayout &b)
 
 } // namespace
 
+void CEditHistories::setSaved(const QUuid &processor, bool saved)
+{
+    const auto history = m_histories.find(processor);
+    if (history != m_histories.end())
+        history->second->setSaved(saved);
+}
+
 void CEditHistories::leave(const CabinetLayout &layout)
 {
     const auto history = m_histories.find(layout.processor);

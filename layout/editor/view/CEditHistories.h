@@ -26,6 +26,8 @@ public:
     };
 
     bool contains(const QUuid &processor) const { return m_histories.count(processor) > 0; }
+    /// See CEditHistory::setSaved().
+    void setSaved(const QUuid &processor, bool saved);
     /// Call when a processor goes out of view; @p layout is its layout at that moment.
     void leave(const CabinetLayout &layout);
     /// Returns the history for the processor of @p layout, which comes into view. @p kept is what the host

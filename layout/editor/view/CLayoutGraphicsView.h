@@ -44,6 +44,8 @@ public:
                     const SKeptHistory &kept = {});
     /// Whether the processor has been shown before, so that its history is here.
     bool hasHistory(const QUuid &processor) const { return m_shown.hasHistory(processor); }
+    /// The layout of @p processor was saved; @p asItIs: without edits made since.
+    void setSaved(const QUuid &processor, bool asItIs) { m_shown.setSaved(processor, asItIs); }
     CEditHistory *history() const { return m_shown.history(); } ///< of the processor shown; null without one
     /// Shows nothing.
     void clearLayout();

@@ -36,6 +36,7 @@ public:
 
     const QUuid &processor() const { return m_processor; } ///< null: none
     bool hasHistory(const QUuid &processor) const { return m_histories.contains(processor); }
+    void setSaved(const QUuid &processor, bool saved) { m_histories.setSaved(processor, saved); }
     CEditHistory *history() const { return m_history; } ///< of the processor that is shown; null without one
     /// Makes the scene record in the history of the processor of @p layout, which comes into view; then
     /// nothing is shown before show() is called.
