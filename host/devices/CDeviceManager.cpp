@@ -10,6 +10,7 @@ CDeviceManager::CDeviceManager(const SDeviceSettings &settings)
     , m_tree(m_services.table())
     , m_commands(m_services, CTypeLibrary::builtIn())
     , m_projects(m_services)
+    , m_keeper(m_services, m_projects, settings.journalFolder)
     , m_offline(m_services)
     , m_jobs(m_services)
 {
@@ -50,5 +51,6 @@ void CDeviceManager::stop()
 {
     m_offline.stop();
     m_jobs.stop();
+    m_keeper.stop();
     m_services.stop();
 }

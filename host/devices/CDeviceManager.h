@@ -4,6 +4,7 @@
 
 #include "host/devices/CDeviceCommands.h"
 #include "host/devices/CDeviceTreeModel.h"
+#include "host/devices/CJournalKeeper.h"
 #include "host/devices/CProjectShelf.h"
 #include "host/devices/jobs/CDeviceJobs.h"
 #include "host/devices/jobs/COfflineWatch.h"
@@ -26,6 +27,7 @@ public:
     COfflineWatch &offlineWatch() { return m_offline; }
     CDeviceCommands &commands() { return m_commands; }
     CProjectShelf &projects() { return m_projects; }
+    CJournalKeeper &keeper() { return m_keeper; }
     CDeviceTreeModel &treeModel() { return m_tree; }
 
     /// Switches a simulated fault or state of a processor. The host notices a fault at the next exchange; the
@@ -43,6 +45,7 @@ private:
     CDeviceTreeModel m_tree;
     CDeviceCommands m_commands;
     CProjectShelf m_projects;
+    CJournalKeeper m_keeper;
     COfflineWatch m_offline;
     CDeviceJobs m_jobs; // last: stops before the members that it uses are destroyed
 };

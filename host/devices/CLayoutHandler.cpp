@@ -12,11 +12,12 @@
 #include <algorithm>
 
 CLayoutHandler::CLayoutHandler(CDeviceServices &services, CDeviceJobs &jobs, CDeviceCommands &commands,
-                               const CTypeLibrary &library)
+                               const CTypeLibrary &library, CJournalKeeper *keeper)
     : m_services(services)
     , m_jobs(jobs)
     , m_commands(commands)
     , m_library(library)
+    , m_keeper(keeper)
     , m_files(std::make_unique<CMappingFiles>(services, library))
     , m_redundancy(std::make_unique<CRedundancyPairs>(services, commands))
     , m_portPairs(std::make_unique<CPortPairs>(services))

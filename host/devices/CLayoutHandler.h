@@ -13,6 +13,7 @@
 class CDeviceCommands;
 class CDeviceJobs;
 class CDeviceServices;
+class CJournalKeeper;
 class CMappingFiles;
 class CPortPairs;
 class CRedundancyPairs;
@@ -26,9 +27,9 @@ class CLayoutHandler final : public ILayoutInterfaceHandler
     Q_DECLARE_TR_FUNCTIONS(CLayoutHandler)
 
 public:
-    /// All must outlive the handler.
+    /// All must outlive the handler. Without a @p keeper no edits are kept for a crash.
     CLayoutHandler(CDeviceServices &services, CDeviceJobs &jobs, CDeviceCommands &commands,
-                   const CTypeLibrary &library);
+                   const CTypeLibrary &library, CJournalKeeper *keeper = nullptr);
     ~CLayoutHandler() override;
 
     QSize getCanvasSize() const override;
@@ -138,6 +139,7 @@ private:
     CDeviceJobs &m_jobs;
     CDeviceCommands &m_commands;
     const CTypeLibrary &m_library;
+    CJournalKeeper *const m_keeper;
     const std::unique_ptr<CMappingFiles> m_files;
     const std::unique_ptr<CRedundancyPairs> m_redundancy;
     const std::unique_ptr<CPortPairs> m_portPairs;

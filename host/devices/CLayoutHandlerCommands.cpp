@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 // The operations that change something; those that only return values are in CLayoutHandler.cpp.
 #include "host/devices/CDeviceCommands.h"
+#include "host/devices/CJournalKeeper.h"
 #include "host/devices/CLayoutHandler.h"
 #include "host/devices/CMappingFiles.h"
 #include "host/devices/CPortPairs.h"
@@ -30,13 +31,16 @@ void CLayoutHandler::commitLayoutData(const LayoutData &data)
     if (data.layout.ports.isEmpty())
         return; // nothing was shown that could have been edited
     bool overloaded = false;
-    m_services.table().changeLayout(data.processor, [&data, &overloaded](SDevice &device) {
-        if (!device.isLoaded())
-            return;
-        overloaded = device.isOverloaded();
-        device.takeLayout(PortPairs::withPairsOf(data.layout, device.working.layout()));
-        overloaded = overloaded || device.isOverloaded();
-    });
+    m_services.table().changeLayout(
+        data.processor,
+        [&data, &overloaded](SDevice &device) {
+            if (!device.isLoaded())
+                return;
+            overloaded = device.isOverloaded();
+            device.takeLayout(PortPairs::withPairsOf(data.layout, device.working.layout()));
+            overloaded = overloaded || device.isOverloaded();
+        },
+        CDeviceTable::Cause::Editor);
     m_followUpNeeded = true;
     if (overloaded) // then the load of each port depends on all the others
         m_services.announcer().notify(LayoutNotification::PortLoadsChanged,
@@ -62,13 +66,13 @@ bool CLayoutHandler::copyProcessorMapping(const QUuid &from, const QUuid &to, bo
 
 void CLayoutHandler::recordEdit(const SEditRecord &record)
 {
-    Q_UNUSED(record)
+    if (m_keeper)
+        m_keeper->note(record);
 }
 
 SEditHistory CLayoutHandler::editHistory(const QUuid &processor) const
 {
-    Q_UNUSED(processor)
-    return {};
+    return m_keeper ? m_keeper->history(processor) : SEditHistory();
 }
 
 PrintConfig CLayoutHandler::printSettings(const QUuid &processor) const

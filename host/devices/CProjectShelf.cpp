@@ -21,6 +21,17 @@ int portsInUse(const SProcessorProject &project)
     return std::max({1, project.portCount, last + 1});
 }
 
+void takeSettings(SProcessorSettings &settings, const SProcessorProject &project, const QUuid &processor)
+{
+    settings.portCount = portsInUse(project);
+    settings.canvas = project.canvas;
+    settings.offset = project.offset;
+    settings.frameRate = project.frameRate;
+    settings.colorDepth = project.colorDepth;
+    settings.background = project.background;
+    settings.background.processor = processor;
+}
+
 const SProcessorKind *kindFor(const SProcessorProject &project)
 {
     const CProcessorKinds &kinds = CProcessorKinds::builtIn();
@@ -97,6 +108,20 @@ CProjectShelf::Opened CProjectShelf::add(const SProcessorProject &project)
     return announced(CBackgroundCall::result([&] { return put(project, {}, {}); }));
 }
 
+CProjectShelf::Opened CProjectShelf::restore(const SProcessorProject &project, const QString &file,
+                                             const SFileStamp &stamp)
+{
+    const Lock lock = file.isEmpty() ? nullptr : std::make_shared<CFileLock>(file);
+    const Opened added = CBackgroundCall::result([&] {
+        if (lock)
+            lock->take();
+        return readd(project, file, stamp);
+    });
+    if (added && lock)
+        m_locks.insert(added.value(), lock);
+    return announced(added);
+}
+
 CStatus CProjectShelf::save(const QUuid &processor, const QString &file, const QString &newName,
                             SProjectSaving *how)
 {
@@ -163,6 +188,24 @@ CProjectShelf::Opened CProjectShelf::read(const QString &file, const QString &re
     return added;
 }
 
+CProjectShelf::Opened CProjectShelf::readd(const SProcessorProject &project, const QString &file,
+                                           const SFileStamp &stamp)
+{
+    if (!openedAs(file).isNull())
+        return Opened::failure(tr("%1 is open: close it first.").arg(CSafeFile::quoted(file)));
+    const CResult<SProcessorProject> saved = CProcessorProject::read(file);
+    Opened added = put(project, file, saved ? saved.value().layout : CabinetLayout());
+    if (!added)
+        return added;
+    m_table.change(added.value(), [&](SDevice &device) {
+        device.stamp = stamp;
+        device.savedSettings = SProcessorSettings();
+        if (saved)
+            takeSettings(device.savedSettings, saved.value(), device.node.uuid);
+    });
+    return added;
+}
+
 CProjectShelf::Opened CProjectShelf::makeDemo()
 {
     SWallPlan plan = CWallBuilder::plan(CWallBuilder::Medium);
@@ -192,13 +235,7 @@ CProjectShelf::Opened CProjectShelf::put(const SProcessorProject &project, const
     device.node.model = kind->name;
     device.node.colorDepth = project.colorDepth;
     device.node.online = true;
-    device.settings.portCount = portsInUse(project);
-    device.settings.canvas = project.canvas;
-    device.settings.offset = project.offset;
-    device.settings.frameRate = project.frameRate;
-    device.settings.colorDepth = project.colorDepth;
-    device.settings.background = project.background;
-    device.settings.background.processor = device.node.uuid;
+    takeSettings(device.settings, project, device.node.uuid);
     device.savedSettings = device.settings;
     device.print = project.print;
     device.takeLayout(project.layout);
@@ -217,13 +254,7 @@ CStatus CProjectShelf::replaceContent(const QUuid &project, const SProcessorProj
         return CStatus::failure(unknownKind(content, content.name));
     m_services.flush();
     SProcessorSettings settings = before->settings;
-    settings.portCount = portsInUse(content);
-    settings.canvas = content.canvas;
-    settings.offset = content.offset;
-    settings.frameRate = content.frameRate;
-    settings.colorDepth = content.colorDepth;
-    settings.background = content.background;
-    settings.background.processor = project;
+    takeSettings(settings, content, project);
     m_table.change(project, [&](SDevice &device) {
         device.kind = *kind;
         device.node.model = kind->name;

@@ -4,6 +4,7 @@
 
 #include "host/projects/CFileLock.h"
 #include "host/projects/CProcessorProject.h"
+#include "host/projects/SFileStamp.h"
 #include "platform/common/CResult.h"
 
 #include <QCoreApplication>
@@ -50,6 +51,9 @@ public:
     CResult<QUuid> openDemo();
     /// Adds a project without a file, which counts as unsaved. Returns its key.
     CResult<QUuid> add(const SProcessorProject &project);
+    /// Opens a project as it was when the program ended unexpectedly. Its file, which may be missing, tells
+    /// what is unsaved; @p stamp is that of the file when the edits began. Returns its key.
+    CResult<QUuid> restore(const SProcessorProject &project, const QString &file, const SFileStamp &stamp);
     /// Writes a processor's layout and settings, including pending edits of a module. A project belongs to
     /// that file from then on, and is renamed to @p newName unless that is empty. @p how, which may be null,
     /// says what may be overwritten, and learns what kept it from that.
@@ -70,6 +74,7 @@ private:
 
     Opened announced(const Opened &opened);
     Opened read(const QString &file, const QString &readOnly);
+    Opened readd(const SProcessorProject &project, const QString &file, const SFileStamp &stamp);
     Opened makeDemo();
     Opened put(const SProcessorProject &project, const QString &file, const CabinetLayout &saved);
     CStatus write(const QUuid &processor, const QString &file, const QString &newName, SProjectSaving &how);

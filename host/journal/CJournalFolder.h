@@ -4,6 +4,7 @@
 
 #include "host/journal/CJournal.h"
 #include "host/journal/SJournal.h"
+#include "platform/common/CResult.h"
 
 #include <QList>
 #include <QString>

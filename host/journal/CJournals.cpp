@@ -154,18 +154,37 @@ void CJournals::note(const SEditRecord &record)
     });
 }
 
+void CJournals::take(const SJournalOwner &owner, const SProcessorProject &state)
+{
+    CJournal &journal = *find(owner.processor);
+    journal.setOwner(owner);
+    if (CStateCodec::sameState(journal.state().project(), state))
+        return;
+    const QByteArray content = journal.state().note(state, now());
+    change(journal, CJournalState::State, content);
+}
+
 void CJournals::note(const SJournalOwner &owner, const SProcessorProject &state)
 {
     const bool large = state.layout.cabinetCount() > LargeStep;
     submit(large, [this, owner, state] {
-        CJournal *journal = find(owner.processor);
+        if (find(owner.processor))
+            take(owner, state);
+    });
+}
+
+void CJournals::noteLook(const SJournalOwner &owner, const SProcessorProject &state)
+{
+    submit(isLargeToBegin(owner.processor), [this, owner, state] {
+        const CJournal *journal = find(owner.processor);
         if (!journal)
             return;
-        journal->setOwner(owner);
-        if (CStateCodec::sameState(journal->state().project(), state))
-            return;
-        const QByteArray content = journal->state().note(state, now());
-        change(*journal, CJournalState::State, content);
+        SProcessorProject look = state;
+        for (CabinetLayout::CabinetPort &port : look.layout.ports) {
+            if (const auto *known = journal->state().project().layout.port(port.index))
+                port.groups = known->groups;
+        }
+        take(owner, look);
     });
 }
 
@@ -221,15 +240,23 @@ void CJournals::adopt(const SStrayJournal &stray, const SJournalOwner &owner)
     });
 }
 
-void CJournals::adoptHistory(const SJournalOwner &owner, const SJournal &history,
-                             const SProcessorProject &state)
+void CJournals::beginOpened(const SJournalOwner &owner, const SProcessorProject &state)
 {
     m_known.insert(owner.processor);
-    submit(true, [this, owner, history, state] {
+    submit(true, [this, owner, state] {
         CJournalState known(state);
-        known.trail() = history.state.trail();
-        known.trail().limit(m_historyBytes);
-        known.trail().renumber(state.layout.ports);
+        SJournal history;
+        const auto kept =
+            m_keepHistory ? m_folder.findHistory(owner.file, history) : CJournalFolder::Kept::None;
+        if (kept == CJournalFolder::Kept::Same) {
+            known.trail() = history.state.trail();
+            known.trail().limit(m_historyBytes);
+            known.trail().renumber(state.layout.ports);
+        } else if (kept == CJournalFolder::Kept::Changed) {
+            m_folder.dropHistory(owner.file);
+            if (m_tell)
+                m_tell(tr("%1 was changed elsewhere: its earlier steps cannot be undone.").arg(owner.name));
+        }
         open(owner, known);
     });
 }

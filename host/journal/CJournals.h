@@ -44,6 +44,8 @@ public:
     void note(const SEditRecord &record);
     /// Notes a state that is not the result of an edit, if it is another one.
     void note(const SJournalOwner &owner, const SProcessorProject &state);
+    /// Notes everything of a state except the cabinets of its ports: for when edits of these are under way.
+    void noteLook(const SJournalOwner &owner, const SProcessorProject &state);
     /// The processor was saved, in the state that is noted: a project's history is kept beside its journal,
     /// which is removed.
     void settle(const SJournalOwner &owner);
@@ -52,8 +54,9 @@ public:
     void dropAll();
     /// Goes on with a journal of another run, whose file is taken over.
     void adopt(const SStrayJournal &stray, const SJournalOwner &owner);
-    /// Goes on with the kept history of a project that was opened in state @p state.
-    void adoptHistory(const SJournalOwner &owner, const SJournal &history, const SProcessorProject &state);
+    /// Begins with a project that was opened, in the state of its file, and its kept history if that still
+    /// belongs to the file.
+    void beginOpened(const SJournalOwner &owner, const SProcessorProject &state);
 
     /// The steps that lead to the layout noted last. Waits for what is not written yet, but not for long:
     /// then it is empty.
@@ -73,6 +76,7 @@ private:
     bool mayRunNow() const;
     CJournal *find(const QUuid &processor);
     void open(const SJournalOwner &owner, const CJournalState &state);
+    void take(const SJournalOwner &owner, const SProcessorProject &state);
     void change(CJournal &journal, int entry, const QByteArray &content);
     void tellAbout(const CJournal &journal, bool wasBroken) const;
     bool isLargeToBegin(const QUuid &processor);

@@ -98,9 +98,10 @@ QString CNotificationLog::waitFor(int code)
     return arrived ? found : QString();
 }
 
-CDeviceFixture::CDeviceFixture(double delayScale, const QString &stateFolder)
-    : manager({stateFolder.isEmpty() ? folder.path() : stateFolder, delayScale})
-    , handler(manager.services(), manager.jobs(), manager.commands(), CTypeLibrary::builtIn())
+CDeviceFixture::CDeviceFixture(double delayScale, const QString &stateFolder, const QString &journalFolder)
+    : manager({stateFolder.isEmpty() ? folder.path() : stateFolder, delayScale, journalFolder})
+    , handler(manager.services(), manager.jobs(), manager.commands(), CTypeLibrary::builtIn(),
+              &manager.keeper())
 {
     manager.announcer().subject().attach(log);
     if (delayScale <= 0) {

@@ -30,7 +30,9 @@ private:
 struct CDeviceFixture
 {
     /// @p stateFolder: where the processors keep their state; empty: a temporary folder.
-    explicit CDeviceFixture(double delayScale = 0, const QString &stateFolder = {});
+    /// @p journalFolder: where unsaved edits are kept; empty: nowhere.
+    explicit CDeviceFixture(double delayScale = 0, const QString &stateFolder = {},
+                            const QString &journalFolder = {});
     ~CDeviceFixture();
 
     static QString idOf(const QUuid &uuid) { return uuid.toString(QUuid::WithoutBraces); }

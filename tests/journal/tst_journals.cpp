@@ -294,17 +294,24 @@ void CJournalsTest::keepsTheHistoryOfAFile()
     SJournal history;
     QVERIFY(world.journals.folder().findHistory(file, history) == CJournalFolder::Kept::Same);
     CJournals next(world.folder, {});
-    next.adoptHistory(owner, history, editor.project());
+    next.beginOpened(owner, editor.project());
     QVERIFY(sameHistory(next.history(owner.processor), editor.history()));
     SProcessorProject other = editor.project();
     other.layout.ports.clear();
-    next.adoptHistory(owner, history, other); // leads elsewhere
+    next.beginOpened(owner, other); // leads elsewhere
     QVERIFY(next.history(owner.processor).steps.isEmpty());
+    next.setHistory(false, 100000);
+    next.sync();
+    QVERIFY(world.files().isEmpty());
+    next.setHistory(true, 100000);
+    next.begin(owner, editor.project());
+    next.note(editor.edit(QStringLiteral("three")));
+    next.settle(owner);
+    next.sync();
     ProjectSamples::setContent(file, "changed");
-    QVERIFY(world.journals.folder().findHistory(file, history) == CJournalFolder::Kept::Changed);
-    ProjectSamples::setContent(file, "saved");
-    world.journals.setHistory(false, 100000);
-    world.journals.sync();
+    world.journals.beginOpened(owner, editor.project());
+    QVERIFY(world.journals.history(owner.processor).steps.isEmpty());
+    QCOMPARE(world.toldCount(), 1);
     QVERIFY(world.files().isEmpty());
 }
 

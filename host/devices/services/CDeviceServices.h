@@ -16,6 +16,7 @@ struct SDeviceSettings
 {
     QString stateFolder;     ///< where the simulated processors keep their state between starts
     double delayScale = 1.0; ///< factor of all simulated delays and time-outs; 0: answers at once
+    QString journalFolder{}; ///< of edits that are not saved yet; empty: none are kept
 };
 
 /// What all parts that work with devices share: the table of known devices, the devices themselves, and the

@@ -97,28 +97,40 @@ ProcessorTree::ProcessorNode CDeviceTable::nodeOfCabinet(const QUuid &cabinet) c
     return {};
 }
 
+void CDeviceTable::tell(const QUuid &processor, Cause cause) const
+{
+    if (m_watch)
+        m_watch(processor, cause);
+}
+
 void CDeviceTable::put(const SDevice &device)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    std::vector<SDevice> &list = device.project ? m_projects : m_devices;
-    const auto found = findByKey(list, device.node.uuid);
-    if (found == list.end())
-        list.push_back(device);
-    else
-        *found = device;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        std::vector<SDevice> &list = device.project ? m_projects : m_devices;
+        const auto found = findByKey(list, device.node.uuid);
+        if (found == list.end())
+            list.push_back(device);
+        else
+            *found = device;
+    }
+    tell(device.node.uuid, Cause::Host);
 }
 
 void CDeviceTable::remove(const QUuid &processor)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    for (std::vector<SDevice> *list : {&m_projects, &m_devices}) {
-        const auto found = findByKey(*list, processor);
-        if (found != list->end())
-            list->erase(found);
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        for (std::vector<SDevice> *list : {&m_projects, &m_devices}) {
+            const auto found = findByKey(*list, processor);
+            if (found != list->end())
+                list->erase(found);
+        }
+        m_selection.removeAll(processor);
+        if (m_current == processor)
+            m_current = QUuid();
     }
-    m_selection.removeAll(processor);
-    if (m_current == processor)
-        m_current = QUuid();
+    tell(processor, Cause::Host);
 }
 
 void CDeviceTable::setGroups(const QList<SGroup> &groups)
@@ -129,6 +141,14 @@ void CDeviceTable::setGroups(const QList<SGroup> &groups)
 
 bool CDeviceTable::change(const QUuid &processor, const std::function<void(SDevice &)> &edit)
 {
+    const bool changed = changeUnwatched(processor, edit);
+    if (changed)
+        tell(processor, Cause::Host);
+    return changed;
+}
+
+bool CDeviceTable::changeUnwatched(const QUuid &processor, const std::function<void(SDevice &)> &edit)
+{
     const std::lock_guard<std::mutex> lock(m_mutex);
     SDevice *found = find(processor);
     if (found)
@@ -136,7 +156,8 @@ bool CDeviceTable::change(const QUuid &processor, const std::function<void(SDevi
     return found != nullptr;
 }
 
-bool CDeviceTable::changeLayout(const QUuid &processor, const std::function<void(SDevice &)> &edit)
+bool CDeviceTable::changeLayout(const QUuid &processor, const std::function<void(SDevice &)> &edit,
+                                Cause cause)
 {
     bool taken = false;
     while (!taken) {
@@ -145,12 +166,13 @@ bool CDeviceTable::changeLayout(const QUuid &processor, const std::function<void
             return false;
         const quint64 edition = copy->working.edition();
         edit(*copy);
-        change(processor, [&](SDevice &now) {
+        changeUnwatched(processor, [&](SDevice &now) {
             taken = now.working.edition() == edition;
             if (taken)
                 std::swap(now.working, copy->working); // the old one is destroyed without the lock
         });
     }
+    tell(processor, cause);
     return true;
 }
 

@@ -24,6 +24,16 @@ public:
         QString name;
     };
 
+    /// Why a processor's record changes.
+    enum class Cause {
+        Host,  ///< by the host itself
+        Editor ///< the editor handed over an edited layout
+    };
+    /// Sets what is told of every change of a processor, on the changing thread, without the lock. Call
+    /// before other threads use the table.
+    using Watch = std::function<void(const QUuid &processor, Cause cause)>;
+    void setWatch(Watch watch) { m_watch = std::move(watch); }
+
     /// Projects first, then devices, each in the order in which they were added.
     QList<SDevice> devices() const;
     std::optional<SDevice> device(const QUuid &processor) const;
@@ -49,7 +59,8 @@ public:
     /// Lets @p edit change the working layout of a copy, without the lock: for slow edits. @p edit is called
     /// again if the layout was changed meanwhile. Only SDevice::working is taken over. False: unknown
     /// processor.
-    bool changeLayout(const QUuid &processor, const std::function<void(SDevice &)> &edit);
+    bool changeLayout(const QUuid &processor, const std::function<void(SDevice &)> &edit,
+                      Cause cause = Cause::Host);
 
     int onlineDeviceCount() const; ///< projects do not count
     /// The index of a device among those detected, or the first one that no other device has.
@@ -68,7 +79,10 @@ public:
 private:
     SDevice *find(const QUuid &processor);
     const SDevice *find(const QUuid &processor) const;
+    bool changeUnwatched(const QUuid &processor, const std::function<void(SDevice &)> &edit);
+    void tell(const QUuid &processor, Cause cause) const;
 
+    Watch m_watch;
     mutable std::mutex m_mutex;
     std::vector<SDevice> m_projects; // never shared with copies given to callers
     std::vector<SDevice> m_devices;

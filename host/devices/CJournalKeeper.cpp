@@ -1,0 +1,248 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/devices/CJournalKeeper.h"
+
+#include "host/devices/CProjectShelf.h"
+#include "host/devices/services/CDeviceServices.h"
+#include "platform/common/CBackgroundCall.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int QuietMilliseconds = 1000;
+constexpr qint64 Megabyte = 1024 * 1024;
+
+const void *savedOf(const SDevice &device)
+{
+    return device.working.saved().ports.constData();
+}
+
+} // namespace
+
+CJournalKeeper::CJournalKeeper(CDeviceServices &services, CProjectShelf &projects, const QString &folder)
+    : m_services(services)
+    , m_projects(projects)
+{
+    if (folder.isEmpty())
+        return;
+    const auto tell = [this](const QString &text) {
+        m_services.mailbox().post([this, text] { Q_EMIT notifyTold(text); });
+    };
+    m_journals = std::make_unique<CJournals>(folder, tell);
+    m_quiet.setSingleShot(true);
+    m_quiet.setInterval(QuietMilliseconds);
+    connect(&m_quiet, &QTimer::timeout, this, &CJournalKeeper::takeAll);
+    services.table().setWatch([this](const QUuid &processor, Cause cause) { onChanged(processor, cause); });
+}
+
+CJournalKeeper::~CJournalKeeper()
+{
+    stop();
+    m_services.table().setWatch({}); // no other thread is left
+}
+
+void CJournalKeeper::stop()
+{
+    if (!m_journals)
+        return;
+    takeChanges();
+    m_quiet.stop();
+    m_journals->stop();
+}
+
+void CJournalKeeper::finish()
+{
+    if (!m_journals)
+        return;
+    takeChanges(); // what is noted now is forgotten, too
+    m_journals->dropAll();
+    m_journals->sync();
+    m_journals->stop();
+}
+
+void CJournalKeeper::setHistory(bool kept, int megabytes)
+{
+    if (m_journals)
+        m_journals->setHistory(kept, megabytes * Megabyte);
+}
+
+void CJournalKeeper::onChanged(const QUuid &processor, Cause cause)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const bool posted = !m_changed.isEmpty();
+    Cause &known = m_changed.contains(processor) ? m_changed[processor] : m_changed[processor] = cause;
+    known = cause == Cause::Host ? cause : known;
+    if (!posted)
+        m_services.mailbox().post([this] { takeChanges(); });
+}
+
+void CJournalKeeper::takeChanges()
+{
+    QHash<QUuid, Cause> changed;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        changed.swap(m_changed);
+    }
+    for (auto change = changed.constBegin(); change != changed.constEnd(); ++change)
+        take(change.key(), change.value());
+}
+
+SJournalOwner CJournalKeeper::ownerOf(const SDevice &device)
+{
+    SJournalOwner owner;
+    owner.processor = device.node.uuid;
+    owner.project = device.project;
+    owner.name = device.project ? device.node.name : device.node.displayText();
+    owner.file = device.file;
+    owner.stamp = device.stamp;
+    owner.version = QCoreApplication::applicationVersion();
+    return owner;
+}
+
+void CJournalKeeper::begin(const SDevice &device)
+{
+    const SProcessorProject state = CProjectShelf::projectOf(device);
+    SProcessorProject saved = state;
+    saved.layout.ports = device.working.saved().ports;
+    if (device.isModified()) {
+        m_journals->begin(ownerOf(device), saved);
+        m_journals->note(ownerOf(device), state);
+    } else if (device.project && !device.file.isEmpty()) {
+        m_journals->beginOpened(ownerOf(device), state);
+    } else {
+        m_journals->begin(ownerOf(device), state);
+    }
+}
+
+void CJournalKeeper::take(const QUuid &processor, Cause cause)
+{
+    std::optional<SDevice> device = m_services.table().device(processor);
+    if (!device) {
+        m_journals->drop(processor);
+        m_seen.remove(processor);
+        return;
+    }
+    if (restoreWaiting(processor) || !device->isLoaded())
+        return;
+    const bool known = m_journals->knows(processor);
+    const SSeen seen = m_seen.value(processor);
+    if (known && cause == Cause::Host && device->working.edition() != seen.edition) {
+        m_services.flush(); // the editor's edits come first
+        device = m_services.table().device(processor);
+    }
+    if (!device)
+        return;
+    m_seen[processor] = {device->working.edition(), savedOf(*device)};
+    if (m_looking)
+        m_copies.insert(processor);
+    if (m_copies.contains(processor))
+        return;
+    const SProcessorProject state = CProjectShelf::projectOf(*device);
+    if (!known)
+        begin(*device);
+    else if (cause == Cause::Host && device->working.edition() != seen.edition)
+        m_journals->note(ownerOf(*device), state);
+    else
+        m_journals->noteLook(ownerOf(*device), state);
+    if (known && savedOf(*device) != seen.saved && !device->isModified())
+        m_journals->settle(ownerOf(*device));
+    if (cause == Cause::Editor)
+        m_quiet.start();
+}
+
+/// What the editor has not told step by step is noted here.
+void CJournalKeeper::takeAll()
+{
+    m_services.flush();
+    for (const SDevice &device : m_services.table().devices()) {
+        if (m_journals->knows(device.node.uuid))
+            m_journals->note(ownerOf(device), CProjectShelf::projectOf(device));
+    }
+}
+
+void CJournalKeeper::note(const SEditRecord &record)
+{
+    if (!m_journals)
+        return;
+    m_copies.remove(record.processor);
+    if (!m_journals->knows(record.processor)) {
+        const std::optional<SDevice> device = m_services.table().device(record.processor);
+        if (!device)
+            return;
+        begin(*device);
+    }
+    m_journals->note(record);
+    m_quiet.start();
+}
+
+SEditHistory CJournalKeeper::history(const QUuid &processor)
+{
+    if (!m_journals)
+        return {};
+    takeChanges();
+    return m_journals->knows(processor) ? m_journals->history(processor) : SEditHistory();
+}
+
+QList<SStrayJournal> CJournalKeeper::offers() const
+{
+    QList<SStrayJournal> offers;
+    if (m_journals)
+        CBackgroundCall::run([&] { offers = m_journals->folder().strays(); });
+    return offers;
+}
+
+CResult<QUuid> CJournalKeeper::restore(const SStrayJournal &stray)
+{
+    const SJournalOwner &owner = stray.journal.owner;
+    if (!owner.project) {
+        m_waiting.insert(owner.processor, stray);
+        return restoreWaiting(owner.processor) ? owner.processor : QUuid();
+    }
+    CResult<QUuid> opened = m_projects.restore(stray.journal.state.project(), owner.file, owner.stamp);
+    const std::optional<SDevice> device = opened ? m_services.table().device(opened.value()) : std::nullopt;
+    if (device)
+        m_journals->adopt(stray, ownerOf(*device));
+    return opened;
+}
+
+bool CJournalKeeper::restoreWaiting(const QUuid &processor)
+{
+    if (!m_waiting.contains(processor) || !m_services.table().contains(processor))
+        return false;
+    const SStrayJournal stray = m_waiting.take(processor);
+    const SProcessorProject state = stray.journal.state.project();
+    m_services.table().change(processor, [&state](SDevice &device) {
+        const int count = std::min(device.kind.ports, state.portCount);
+        device.settings.portCount = std::max(device.settings.portCount, count);
+    });
+    m_services.table().changeLayout(processor,
+                                    [&state](SDevice &device) { device.takeLayout(state.layout); });
+    const std::optional<SDevice> device = m_services.table().device(processor);
+    if (!device)
+        return false;
+    m_journals->adopt(stray, ownerOf(*device));
+    m_seen[processor] = {device->working.edition(), savedOf(*device)};
+    m_services.announcer().announceLayout(processor);
+    m_services.announcer().announceState();
+    return true;
+}
+
+CResult<QUuid> CJournalKeeper::look(const SStrayJournal &stray)
+{
+    SProcessorProject copy = stray.journal.state.project();
+    copy.name = tr("%1 (unsaved edits)").arg(copy.name);
+    takeChanges();
+    m_looking = true;
+    CResult<QUuid> opened = m_projects.add(copy);
+    takeChanges();
+    m_looking = false;
+    return opened;
+}
+
+void CJournalKeeper::discard(const SStrayJournal &stray)
+{
+    CJournalFolder::remove(stray);
+}

@@ -1,0 +1,195 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/journal/CPortCodec.h"
+#include "tests/devices/CDeviceFixture.h"
+#include "tests/harness/CTestBase.h"
+
+#include <QDir>
+
+#include <memory>
+
+namespace {
+
+/// The same disk in several runs of the program.
+struct SRuns
+{
+    QTemporaryDir root;
+    std::unique_ptr<CDeviceFixture> run;
+    QStringList told;
+
+    SRuns() { start(); }
+    QString file() const { return root.filePath(QStringLiteral("wall.sprj")); }
+    /// The one before, if there is one, ends without asking.
+    void start(bool detected = true)
+    {
+        run.reset();
+        run = std::make_unique<CDeviceFixture>(detected ? 0 : 0.001, root.filePath(QStringLiteral("devices")),
+                                               root.filePath(QStringLiteral("journal")));
+        QObject::connect(&run->manager.keeper(), &CJournalKeeper::notifyTold,
+                         [this](const QString &text) { told << text; });
+    }
+    CJournalKeeper &keeper() const { return run->manager.keeper(); }
+    CProjectShelf &shelf() const { return run->manager.projects(); }
+    QUuid savedProject() const
+    {
+        const QUuid project = shelf().openDemo().value();
+        return shelf().save(project, file()) ? project : QUuid();
+    }
+    /// Edits as the editor would: hands the layout over, and tells of the step.
+    void edit(const QUuid &processor, int index)
+    {
+        SEditRecord record;
+        record.processor = processor;
+        record.index = index;
+        record.step.text = QStringLiteral("Move %1").arg(index);
+        SEditStep::SPort port{run->layoutOf(processor).ports.at(0), {}};
+        run->edit(processor);
+        port.after = run->layoutOf(processor).ports.at(0);
+        record.step.ports << port;
+        run->handler.recordEdit(record);
+    }
+    SStrayJournal offer() const { return keeper().offers().value(0); }
+};
+
+bool sameCabinets(const CabinetLayout &a, const CabinetLayout &b)
+{
+    return std::equal(a.ports.begin(), a.ports.end(), b.ports.begin(), b.ports.end(),
+                      [](const auto &x, const auto &y) { return CPortCodec::samePort(x, y); });
+}
+
+} // namespace
+
+/// What the host keeps of unsaved edits, and how the next run gets it back.
+class CJournalKeeperTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void restoresAProject();
+    void restoresAProcessorOnceItIsDetected();
+    void keepsWhatTheHostChanges();
+    void forgetsWhatIsSavedOrGivenUp();
+    void looksWithoutChangingAnything();
+    void keepsTheHistoryOfAProject();
+};
+
+void CJournalKeeperTest::restoresAProject()
+{
+    SRuns runs;
+    const QUuid project = runs.savedProject();
+    runs.edit(project, 1);
+    runs.edit(project, 2);
+    runs.run->lockPort(project, 1);
+    const CabinetLayout edited = runs.run->layoutOf(project);
+    QVERIFY(runs.keeper().offers().isEmpty()); // this run has it
+    runs.start();
+    const SStrayJournal offer = runs.offer();
+    QCOMPARE(offer.journal.owner.file, runs.file());
+    QCOMPARE(offer.journal.state.trail().unsaved(), 2);
+    const CResult<QUuid> restored = runs.keeper().restore(offer);
+    QVERIFY2(bool(restored), qPrintable(restored.error()));
+    QVERIFY(sameCabinets(runs.run->layoutOf(restored.value()), edited));
+    QVERIFY(runs.run->handler.hasUnsavedEdits(restored.value()));
+    QCOMPARE(runs.shelf().fileOf(restored.value()), runs.file());
+    const SEditHistory history = runs.run->handler.editHistory(restored.value());
+    QCOMPARE(history.steps.size(), 2);
+    QCOMPARE(history.index, 2);
+    QCOMPARE(history.steps.last().text, QStringLiteral("Move 2"));
+    QVERIFY(!runs.keeper().restore(offer)); // is open
+    runs.edit(restored.value(), 3);
+    runs.start(); // ends unexpectedly again
+    QCOMPARE(runs.offer().journal.state.trail().count(), 3);
+}
+
+void CJournalKeeperTest::restoresAProcessorOnceItIsDetected()
+{
+    SRuns runs;
+    const QUuid lobby = runs.run->lobby;
+    runs.edit(lobby, 1);
+    const CabinetLayout edited = runs.run->layoutOf(lobby);
+    runs.start(false);
+    const CResult<QUuid> restored = runs.keeper().restore(runs.offer());
+    QVERIFY(restored && restored.value().isNull()); // it is not known yet
+    runs.run->detect();
+    QTRY_VERIFY(sameCabinets(runs.run->layoutOf(lobby), edited));
+    QVERIFY(runs.run->handler.hasUnsavedEdits(lobby));
+    QCOMPARE(runs.run->handler.editHistory(lobby).steps.size(), 1);
+}
+
+void CJournalKeeperTest::keepsWhatTheHostChanges()
+{
+    SRuns runs;
+    runs.edit(runs.run->left, 1);
+    QVERIFY(runs.run->handler.copyProcessorMapping(runs.run->left, runs.run->right, true));
+    const CabinetLayout copied = runs.run->layoutOf(runs.run->right);
+    runs.run->save(runs.run->left);
+    const QUuid unnamed = runs.shelf().openDemo().value();
+    runs.run->edit(unnamed); // an edit that the editor does not tell
+    const CabinetLayout edited = runs.run->layoutOf(unnamed);
+    const QString folder = runs.root.filePath(QStringLiteral("journal"));
+    QTRY_COMPARE(QDir(folder).entryList(QDir::Files).size(), 2);
+    runs.start();
+    const QList<SStrayJournal> offers = runs.keeper().offers();
+    QCOMPARE(offers.size(), 2);
+    for (const SStrayJournal &offer : offers) {
+        const bool isProject = offer.journal.owner.project;
+        QVERIFY(sameCabinets(offer.journal.state.project().layout, isProject ? edited : copied));
+    }
+}
+
+void CJournalKeeperTest::forgetsWhatIsSavedOrGivenUp()
+{
+    SRuns runs;
+    const QUuid project = runs.savedProject();
+    runs.edit(runs.run->lobby, 1);
+    runs.edit(runs.run->stage, 1);
+    runs.edit(project, 1);
+    runs.run->save(runs.run->lobby);
+    runs.shelf().close(project);
+    runs.start();
+    const QList<SStrayJournal> offers = runs.keeper().offers();
+    QCOMPARE(offers.size(), 1);
+    QCOMPARE(offers.first().journal.owner.processor, runs.run->stage);
+    CJournalKeeper::discard(offers.first());
+    runs.edit(runs.run->stage, 1);
+    runs.keeper().finish(); // the user has been asked
+    runs.start();
+    QVERIFY(runs.keeper().offers().isEmpty());
+}
+
+void CJournalKeeperTest::looksWithoutChangingAnything()
+{
+    SRuns runs;
+    runs.edit(runs.run->stage, 1);
+    runs.start();
+    const CResult<QUuid> copy = runs.keeper().look(runs.offer());
+    QVERIFY(copy && runs.shelf().fileOf(copy.value()).isEmpty());
+    runs.start();
+    QCOMPARE(runs.keeper().offers().size(), 1); // and none of the copy
+    const QUuid again = runs.keeper().look(runs.offer()).value();
+    runs.edit(again, 1);
+    runs.start();
+    QCOMPARE(runs.keeper().offers().size(), 2);
+}
+
+void CJournalKeeperTest::keepsTheHistoryOfAProject()
+{
+    SRuns runs;
+    const QUuid project = runs.savedProject();
+    runs.edit(project, 1);
+    QVERIFY(runs.shelf().save(project, runs.file()));
+    runs.start();
+    const QUuid opened = runs.shelf().open(runs.file()).value();
+    SEditHistory history = runs.run->handler.editHistory(opened);
+    QCOMPARE(history.steps.size(), 1);
+    QCOMPARE(history.index, 1);
+    QCOMPARE(history.saved, 1);
+    runs.start();
+    QFile(runs.file()).rename(runs.file() + QStringLiteral(".old"));
+    runs.savedProject(); // another wall of that name
+    const QUuid another = runs.shelf().open(runs.file()).value();
+    QVERIFY(runs.run->handler.editHistory(another).steps.isEmpty());
+}
+
+ORVO_TEST_MAIN(QCoreApplication, CJournalKeeperTest)
+#include "tst_journal_keeper.moc"
