@@ -8,6 +8,7 @@
 #include "host/app/CModuleFrame.h"
 #include "host/app/CModuleHost.h"
 #include "host/app/CProjectCommands.h"
+#include "host/app/CRecoveryCommands.h"
 #include "host/app/CSettingsDialog.h"
 #include "host/app/CSimulationMenu.h"
 #include "host/app/CTypeLibraryDialog.h"
@@ -62,10 +63,11 @@ CMainWindow::CMainWindow(const SDeviceSettings &devices)
     : m_manager(devices)
     , m_module(std::make_unique<CModuleHost>(
           std::make_shared<CLayoutHandler>(m_manager.services(), m_manager.jobs(), m_manager.commands(),
-                                           CTypeLibrary::builtIn()),
+                                           CTypeLibrary::builtIn(), &m_manager.keeper()),
           m_manager.announcer().subject()))
     , m_projects(
           std::make_unique<CProjectCommands>(m_manager.services(), m_manager.projects(), m_settings, *this))
+    , m_recovery(std::make_unique<CRecoveryCommands>(m_manager.keeper(), m_settings, *this))
     , m_screen(std::make_unique<CScreenWindow>(m_manager.services()))
 {
     initLayoutResources();
@@ -120,10 +122,13 @@ void CMainWindow::connectActions()
     connect(m_actions.exportLayout, &QAction::triggered, this, [=] { m_projects->exportLayout(selected()); });
     connect(m_actions.restoreVersion, &QAction::triggered, this,
             [=] { m_projects->restoreVersion(selected()); });
-    connect(m_actions.settings, &QAction::triggered, this,
-            [this] { CSettingsDialog(m_settings, this).exec(); });
+    connect(m_actions.settings, &QAction::triggered, this, [this] {
+        if (CSettingsDialog(m_settings, this).exec() == QDialog::Accepted)
+            m_recovery->applyHistory();
+    });
     connect(m_actions.closeProject, &QAction::triggered, this, [=] { m_projects->close(selected()); });
     connect(m_actions.quit, &QAction::triggered, this, &QWidget::close);
+    connect(m_actions.recover, &QAction::triggered, m_recovery.get(), &CRecoveryCommands::offer);
     connect(m_actions.detect, &QAction::triggered, this, [this] { m_manager.jobs().detect(); });
     connect(m_actions.typeLibrary, &QAction::triggered, this,
             [this] { CTypeLibraryDialog(CTypeLibrary::builtIn(), this).exec(); });
@@ -137,10 +142,10 @@ void CMainWindow::connectActions()
     });
     connect(m_projects.get(), &CProjectCommands::notifyWorking, statusBar(),
             [this](const QString &text) { statusBar()->showMessage(text); });
-    connect(m_projects.get(), &CProjectCommands::notifyOpened, this, [this](const QUuid &project) {
-        m_devices->selectProcessor(project);
-        updateActions();
-    });
+    connect(m_projects.get(), &CProjectCommands::notifyOpened, this, &CMainWindow::onOpened);
+    connect(m_recovery.get(), &CRecoveryCommands::notifyOpened, this, &CMainWindow::onOpened);
+    connect(m_recovery.get(), &CRecoveryCommands::notifyTold, this,
+            [this](const QString &text) { statusBar()->showMessage(text, MessageMilliseconds); });
     connect(m_projects.get(), &CProjectCommands::notifySaved, this, [this](const QString &file) {
         statusBar()->showMessage(tr("Saved \"%1\"").arg(file), MessageMilliseconds);
         updateActions();
@@ -148,6 +153,12 @@ void CMainWindow::connectActions()
     connect(m_projects.get(), &CProjectCommands::notifyRestored, statusBar(), [this] {
         statusBar()->showMessage(tr("Restored; the file stays as it is until the project is saved."));
     });
+}
+
+void CMainWindow::onOpened(const QUuid &processor)
+{
+    m_devices->selectProcessor(processor);
+    updateActions();
 }
 
 void CMainWindow::connectDevices()
@@ -189,6 +200,7 @@ void CMainWindow::start(const SAppOptions &options)
     m_manager.offlineWatch().start(OfflineMilliseconds);
     for (const SAppOptions::SSimulation &simulation : options.simulations)
         simulate(simulation.processor, simulation.fault, simulation.on);
+    m_recovery->offerAtStart();
     if (options.demo)
         m_projects->openDemo();
     if (!options.files.isEmpty())
@@ -253,6 +265,7 @@ void CMainWindow::closeEvent(QCloseEvent *event)
     }
     if (CDeviceJob *job = m_manager.jobs().current())
         job->cancel();
+    m_manager.keeper().finish(); // everything is saved, or not wanted
     saveState();
     event->accept();
 }

@@ -16,6 +16,7 @@ class CElidedLabel;
 class CJobProgress;
 class CModuleHost;
 class CProjectCommands;
+class CRecoveryCommands;
 class CScreenWindow;
 class CSimulationMenu;
 class CWindowColumns;
@@ -63,6 +64,7 @@ private:
     void onJobStarted(CDeviceJob *job);
     void onJobFinished(CDeviceJob *job, const SDeviceOutcome &outcome);
     void tellLater(const QString &text, const QString &details);
+    void onOpened(const QUuid &processor);
     void onScreenClosed();
     void cleanUpFolders();
     void showAbout();
@@ -74,6 +76,7 @@ private:
     CDeviceManager m_manager;
     const std::unique_ptr<CModuleHost> m_module;
     const std::unique_ptr<CProjectCommands> m_projects;
+    const std::unique_ptr<CRecoveryCommands> m_recovery;
     const std::unique_ptr<CScreenWindow> m_screen;
     CWorkModeMenu *m_workMode = nullptr;
     CSimulationMenu *m_simulation = nullptr;

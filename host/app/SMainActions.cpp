@@ -79,6 +79,8 @@ void SMainActions::createActions(QMainWindow &window)
     restoreVersion = makeAction(window, tr("Restore ea&rlier version..."), {},
                                 tr("Go back to what the project's file held before it was saved"));
     settings = makeAction(window, tr("Se&ttings..."), {}, tr("Set what is kept of projects and histories"));
+    recover = makeAction(window, tr("Recover &unsaved edits..."), {},
+                         tr("Show what runs of the program that ended unexpectedly have left"));
     quit = makeAction(window, tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), tr("Quit Orvo"));
     detect = makeAction(window, tr("&Detect devices"), QKeySequence(Qt::Key_F5),
                         tr("Search for processors and update their status"));
@@ -104,6 +106,7 @@ void SMainActions::buildFileMenu(QMainWindow &window)
     menu->addAction(saveProjectAs);
     menu->addAction(exportLayout);
     menu->addAction(restoreVersion);
+    menu->addAction(recover);
     menu->addAction(closeProject);
     menu->addSeparator();
     menu->addAction(settings);

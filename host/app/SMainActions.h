@@ -25,6 +25,7 @@ public:
     QAction *restoreVersion = nullptr;
     QAction *settings = nullptr;
     QAction *openDemo = nullptr;
+    QAction *recover = nullptr;
     QAction *quit = nullptr;
     QAction *detect = nullptr;
     QAction *typeLibrary = nullptr;

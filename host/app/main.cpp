@@ -9,6 +9,7 @@
 #include "host/app/start/CSignalWatch.h"
 #include "host/app/start/SAppOptions.h"
 #include "host/devices/services/CSimulatedPark.h"
+#include "host/journal/CJournalFolder.h"
 #include "host/projects/CSafeFile.h"
 #include "layout/api/ILayoutInterface.h"
 #include "layout/api/records/RecordMetaTypes.h"
@@ -76,7 +77,7 @@ void setUpApplication()
     QApplication::setApplicationVersion(QStringLiteral(ORVO_VERSION));
 }
 
-/// Ends the program without questions, as expected after a signal; the log tells what was lost.
+/// Ends the program without questions, as expected after a signal; the next start offers what was not saved.
 void endBySignal(CMainWindow &window, int number)
 {
     if (ILayoutInterface *layout = window.moduleHost().layoutModule())
@@ -86,11 +87,12 @@ void endBySignal(CMainWindow &window, int number)
         if (device.isModified())
             edited << device.node.name;
     }
-    const QString lost =
-        edited.isEmpty()
-            ? QStringLiteral("nothing was unsaved")
-            : QStringLiteral("unsaved edits are lost: %1").arg(edited.join(QStringLiteral(", ")));
-    qWarning("Ended by signal %d; %s.", number, qUtf8Printable(lost));
+    if (edited.isEmpty())
+        window.manager().keeper().finish();
+    const QString kept = edited.isEmpty() ? QStringLiteral("nothing was unsaved")
+                                          : QStringLiteral("unsaved edits are kept for the next start: %1")
+                                                .arg(edited.join(QStringLiteral(", ")));
+    qWarning("Ended by signal %d; %s.", number, qUtf8Printable(kept));
     QCoreApplication::exit(128 + number);
 }
 
@@ -123,6 +125,7 @@ int runWindow(int argc, char **argv, const SAppOptions &options)
     SDeviceSettings devices;
     devices.stateFolder =
         options.stateFolder.isEmpty() ? SAppOptions::defaultStateFolder() : options.stateFolder;
+    devices.journalFolder = CJournalFolder::defaultPath();
     CMainWindow window(devices);
     window.loadModule(CModuleLoader::layoutFile());
     CTheme::applyStyleSheet(*application);

@@ -5,6 +5,7 @@
 #include "host/projects/CSafeFile.h"
 
 #include <QCryptographicHash>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -46,6 +47,18 @@ QByteArray digestOf(const QString &file)
 }
 
 } // namespace
+
+QString SStrayJournal::line() const
+{
+    if (!journal.isUsable())
+        return tr("%1, %2").arg(QFileInfo(path).fileName(), journal.problemText());
+    const QDateTime changed = QDateTime::fromMSecsSinceEpoch(journal.state.changed());
+    const QString state = journal.problem == SJournal::None ? tr("complete") : journal.problemText();
+    return tr("%1, last edit %2, unsaved steps: %3, %4")
+        .arg(journal.owner.file.isEmpty() ? journal.owner.name : journal.owner.file,
+             changed.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")),
+             QString::number(journal.state.trail().unsaved()), state);
+}
 
 QString CJournalFolder::defaultPath()
 {

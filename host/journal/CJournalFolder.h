@@ -12,8 +12,12 @@
 /// A journal that no running process writes: what the next start offers.
 struct SStrayJournal
 {
+    Q_DECLARE_TR_FUNCTIONS(SStrayJournal)
+
+public:
     QString path;
     SJournal journal;
+    QString line() const;  ///< what it is, when it was edited last and how much, in one line
     CJournal::Handle lock; ///< keeps other processes away while this exists
 };
 

@@ -97,7 +97,7 @@ SKeptHistory CLayoutEditorPage::keptHistory() const
 {
     SKeptHistory kept;
     const QSettings settings(QStringLiteral("Velmarinth"), QStringLiteral("Orvo"));
-    const int megabytes = settings.value(QStringLiteral("client/historyMegabytes")).toInt();
+    const int megabytes = settings.value(QStringLiteral("history/limitMegabytes")).toInt();
     if (megabytes > 0)
         kept.limit = megabytes * BytesPerMegabyte;
     kept.saved = !CHostAccess::callUnflushed<&Host::hasUnsavedEdits>(m_processor.uuid);

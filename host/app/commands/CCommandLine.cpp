@@ -5,6 +5,7 @@
 #include "host/app/commands/CCheckCommand.h"
 #include "host/app/commands/CExportCommand.h"
 #include "host/app/commands/CNewCommand.h"
+#include "host/app/commands/CRecoverCommand.h"
 #include "host/app/commands/SCommandOutcome.h"
 
 #include <QGuiApplication>
@@ -29,7 +30,8 @@ struct SCommand
 constexpr SCommand commandTable[] = {
     {"new", "OUT.sprj --cabinet WxH --columns N --rows N --ports N [--pattern 0..7]", CNewCommand::run},
     {"export", "IN.sprj [MORE.sprj ...] OUT.{pdf,png,svg,csv} [OPTION...]", CExportCommand::run},
-    {"check", "FILE", CCheckCommand::run}};
+    {"check", "FILE", CCheckCommand::run},
+    {"recover", "[--restore N OUT.sprj | --discard N]", CRecoverCommand::run}};
 
 const SCommand *commandNamed(const QString &name)
 {
@@ -77,8 +79,12 @@ QString helpText()
         "      table; \"orvo export --help\" lists the options\n"
         "  orvo check FILE\n"
         "      lists what is wrong in a project\n"
+        "  orvo recover [--restore N OUT.sprj | --discard N]\n"
+        "      lists unsaved edits of runs that ended unexpectedly, writes them as a project, or\n"
+        "      removes them\n"
         "  orvo --help | --version\n"
-        "Exit status: 0 done, nothing wrong; 1 bad input or findings; 2 wrong usage.\n");
+        "Exit status: 0 done, nothing wrong; 1 bad input or findings; 2 wrong usage; 3 nothing to "
+        "recover.\n");
 }
 
 } // namespace
@@ -104,6 +110,8 @@ int CCommandLine::main(int argc, char **argv)
     } else {
         application = std::make_unique<QCoreApplication>(argc, argv);
     }
+    QCoreApplication::setOrganizationName(QStringLiteral("Velmarinth")); // where journals are
+    QCoreApplication::setApplicationName(QStringLiteral("Orvo"));
     QTextStream out(stdout);
     QTextStream errors(stderr);
     out.setCodec("UTF-8");

@@ -7,13 +7,13 @@
 
 class QTextStream;
 
-/// The commands that need no window: new, export, check, --help, --version.
+/// The commands that need no window: new, export, check, recover, --help, --version.
 class CCommandLine final
 {
     Q_DECLARE_TR_FUNCTIONS(CCommandLine)
 
 public:
-    enum ExitStatus { Success = 0, BadInput = 1, Usage = 2 };
+    enum ExitStatus { Success = 0, BadInput = 1, Usage = 2, NothingThere = 3 };
 
     /// Whether the program was called with one of the commands. Needs only the raw arguments and no
     /// application object, which would abort if there is no display.

@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/CRecoveryCommands.h"
+
+#include "host/app/CRecoveryDialog.h"
+#include "host/app/start/CAppSettings.h"
+#include "host/devices/CJournalKeeper.h"
+#include "platform/widgets/CMessageBox.h"
+
+CRecoveryCommands::CRecoveryCommands(CJournalKeeper &keeper, CAppSettings &settings, QWidget &window)
+    : m_keeper(keeper)
+    , m_settings(settings)
+    , m_window(window)
+{
+    connect(&keeper, &CJournalKeeper::notifyTold, this, &CRecoveryCommands::notifyTold);
+    applyHistory();
+}
+
+void CRecoveryCommands::offerAtStart()
+{
+    offered();
+}
+
+void CRecoveryCommands::offer()
+{
+    if (!offered())
+        CMessageBox::information(&m_window, tr("There are no unsaved edits of earlier runs."));
+}
+
+bool CRecoveryCommands::offered()
+{
+    const QList<SStrayJournal> offers = m_keeper.offers();
+    if (offers.isEmpty())
+        return false;
+    CRecoveryDialog dialog(offers, &m_window);
+    connect(&dialog, &CRecoveryDialog::notifyRestore, this, [&](int entry) { restore(dialog, entry); });
+    connect(&dialog, &CRecoveryDialog::notifyLook, this, [&](int entry) { look(dialog, entry); });
+    connect(&dialog, &CRecoveryDialog::notifyDiscard, this, [&](int entry) { discard(dialog, entry); });
+    dialog.exec();
+    return true;
+}
+
+void CRecoveryCommands::restore(CRecoveryDialog &dialog, int entry)
+{
+    const SStrayJournal offer = dialog.offer(entry);
+    const CResult<QUuid> restored = m_keeper.restore(offer);
+    if (!restored) {
+        CMessageBox::warning(&dialog, tr("The edits cannot be restored."), restored.error());
+        return;
+    }
+    dialog.takeOut(entry);
+    if (restored.value().isNull())
+        Q_EMIT notifyTold(tr("%1 gets its edits back once it is detected.").arg(offer.journal.owner.name));
+    else
+        Q_EMIT notifyOpened(restored.value());
+}
+
+void CRecoveryCommands::look(CRecoveryDialog &dialog, int entry)
+{
+    const CResult<QUuid> opened = m_keeper.look(dialog.offer(entry));
+    if (!opened) {
+        CMessageBox::warning(&dialog, tr("The edits cannot be shown."), opened.error());
+        return;
+    }
+    dialog.accept();
+    Q_EMIT notifyOpened(opened.value());
+    Q_EMIT notifyTold(tr("This is a copy. \"File > Recover unsaved edits\" still offers to restore."));
+}
+
+void CRecoveryCommands::discard(CRecoveryDialog &dialog, int entry)
+{
+    const SStrayJournal offer = dialog.offer(entry);
+    if (!CMessageBox::confirm(&dialog, tr("Discard these edits? They cannot be restored then."),
+                              offer.line()))
+        return;
+    CJournalKeeper::discard(offer);
+    dialog.takeOut(entry);
+}
+
+void CRecoveryCommands::applyHistory()
+{
+    m_keeper.setHistory(m_settings.keepsHistory(), m_settings.historyMegabytes());
+}

@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "host/app/commands/CRecoverCommand.h"
+
+#include "host/app/commands/CCommandArguments.h"
+#include "host/app/commands/SCommandOutcome.h"
+#include "host/journal/CJournalFolder.h"
+#include "host/projects/CProcessorProject.h"
+
+#include <QTextStream>
+
+namespace {
+
+const QString restoreOption = QStringLiteral("--restore");
+const QString discardOption = QStringLiteral("--discard");
+
+using Strays = QList<SStrayJournal>;
+
+SCommandOutcome list(const Strays &strays, QTextStream &out)
+{
+    for (int i = 0; i < strays.size(); ++i)
+        out << QStringLiteral("%1: %2\n").arg(i + 1).arg(strays.at(i).line());
+    if (!strays.isEmpty())
+        return {};
+    out << CRecoverCommand::tr("There are no unsaved edits.\n");
+    return {CCommandLine::NothingThere, {}};
+}
+
+/// The journal with the number that an option gives; null, and @p outcome tells why.
+const SStrayJournal *chosen(const CCommandArguments &arguments, const QString &option, const Strays &strays,
+                            SCommandOutcome &outcome)
+{
+    QString error;
+    constexpr int Largest = 1000000;
+    const int number = arguments.number(option, 1, Largest, error);
+    if (!error.isEmpty())
+        outcome = SCommandOutcome::usage(error);
+    else if (number > strays.size())
+        outcome = SCommandOutcome::badInput(
+            CRecoverCommand::tr("there is no number %1; \"orvo recover\" lists what there is").arg(number));
+    else if (strays.at(number - 1).journal.problem == SJournal::Newer)
+        outcome = SCommandOutcome::badInput(strays.at(number - 1).journal.problemText());
+    else
+        return &strays.at(number - 1);
+    return nullptr;
+}
+
+SCommandOutcome restore(const SStrayJournal &stray, const QString &file, QTextStream &out)
+{
+    if (!stray.journal.isUsable())
+        return SCommandOutcome::badInput(stray.journal.problemText());
+    const SProcessorProject project = stray.journal.state.project();
+    const CStatus written = CProcessorProject::write(file, project);
+    if (!written)
+        return SCommandOutcome::badInput(written.error());
+    out << CRecoverCommand::tr("%1: cabinets: %2\n")
+               .arg(file, QString::number(project.layout.cabinetCount()));
+    return {};
+}
+
+} // namespace
+
+SCommandOutcome CRecoverCommand::run(const QStringList &arguments, QTextStream &out)
+{
+    const auto parsed = CCommandArguments::parse(arguments, {restoreOption, discardOption}, QStringList(), 0);
+    if (!parsed)
+        return SCommandOutcome::usage(parsed.error());
+    const CCommandArguments &given = parsed.value();
+    const bool restores = given.has(restoreOption);
+    if (given.given().size() > 1 || given.fileCount() != (restores ? 1 : 0))
+        return SCommandOutcome::usage(tr("either nothing, a number and a file to restore to, or a number to "
+                                         "discard is expected"));
+    if (restores && !given.file(0).endsWith(QLatin1String(".sprj"), Qt::CaseInsensitive))
+        return SCommandOutcome::usage(
+            tr("the name of the project file must end in .sprj, not \"%1\"").arg(given.file(0)));
+    const Strays strays = CJournalFolder(CJournalFolder::defaultPath()).strays();
+    if (given.given().isEmpty())
+        return list(strays, out);
+    SCommandOutcome outcome;
+    const SStrayJournal *stray = chosen(given, given.given().first(), strays, outcome);
+    if (!stray)
+        return outcome;
+    if (restores)
+        return restore(*stray, given.file(0), out);
+    CJournalFolder::remove(*stray);
+    return {};
+}
