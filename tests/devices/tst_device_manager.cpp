@@ -86,6 +86,7 @@ private Q_SLOTS:
         const QString file = host.folder.filePath(QStringLiteral("wall.sprj"));
         serve();
         QVERIFY(bool(host.manager.projects().save(demo, file)));
+        QVERIFY(host.log.waitFor(30).startsWith(QLatin1String("30 ")));
         QCOMPARE(served, 2);
         QVERIFY(!host.manager.table().isModified(demo));
         QCOMPARE(host.manager.projects().open(file).value(), demo); // it is open
