@@ -101,7 +101,7 @@ SKeptHistory CLayoutEditorPage::keptHistory() const
     if (megabytes > 0)
         kept.limit = megabytes * BytesPerMegabyte;
     kept.saved = !CHostAccess::callUnflushed<&Host::hasUnsavedEdits>(m_processor.uuid);
-    if (!m_view->hasHistory(m_processor.uuid))
+    if (!m_view->hasSteps(m_processor.uuid))
         kept.history = CHostAccess::call<&Host::editHistory>(m_processor.uuid);
     return kept;
 }

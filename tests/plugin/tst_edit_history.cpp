@@ -240,6 +240,25 @@ private Q_SLOTS:
         QCOMPARE(world.takeRecords().last().saved, -1);
     }
 
+    void aHistoryComesWithALayoutThatTheHostRestores()
+    {
+        SHistoryWorld world;
+        const CabinetLayout before = world.layout();
+        SEditStep step{QStringLiteral("Move"), {{before.ports[0], before.ports[0]}}};
+        step.ports[0].after.groups[0].cabinets[1].rect.translate(0, 500);
+        world.answers()->layouts[world.a].layout.ports[0] = step.ports[0].after;
+        SEditHistory &kept = world.answers()->histories[world.a];
+        kept.steps << step;
+        kept.index = 1;
+        world.host.notify(LayoutNotification::LayoutReplaced, world.a);
+        QTRY_COMPARE(world.rows(), QStringList({QStringLiteral("Beginning, restored from earlier"),
+                                                QStringLiteral("Move")}));
+        QCOMPARE(world.records().size(), 0);
+        world.scene().undo(nullptr);
+        QCOMPARE(world.layout().ports[0].groups, before.ports[0].groups);
+        QCOMPARE(world.records().last().kind, SEditRecord::Moved);
+    }
+
     void aHistoryThatDoesNotFitIsDropped()
     {
         SHistoryWorld world;

@@ -33,18 +33,24 @@ void CEditHistories::leave(const CabinetLayout &layout)
         history->second->enter(layout, 0);
 }
 
+bool CEditHistories::hasSteps(const QUuid &processor) const
+{
+    const auto history = m_histories.find(processor);
+    return history != m_histories.end() && history->second->stack().count() > 0;
+}
+
 CEditHistory &CEditHistories::enter(const CabinetLayout &layout, const SEditHistory &kept, bool saved,
                                     int stepCount, EState &state)
 {
+    const bool hadSteps = hasSteps(layout.processor);
     std::unique_ptr<CEditHistory> &history = m_histories[layout.processor];
-    const bool anew = !history;
-    if (anew)
+    if (!history)
         history = std::make_unique<CEditHistory>(m_content);
-    state = anew || holdTheSame(history->layout(), layout) ? Fits : Outdated;
+    state = !hadSteps || holdTheSame(history->layout(), layout) ? Fits : Outdated;
     if (state == Outdated)
         history->clear();
     history->enter(layout, stepCount);
-    if (anew && !history->restore(kept))
+    if (!hadSteps && !history->restore(kept))
         state = Unfit;
     if (history->stack().count() == 0)
         history->setSaved(saved);

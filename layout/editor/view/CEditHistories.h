@@ -25,14 +25,14 @@ public:
         Unfit,    ///< what the host had kept did not, and was not used
     };
 
-    bool contains(const QUuid &processor) const { return m_histories.count(processor) > 0; }
+    bool hasSteps(const QUuid &processor) const;
     /// See CEditHistory::setSaved().
     void setSaved(const QUuid &processor, bool saved);
     /// Call when a processor goes out of view; @p layout is its layout at that moment.
     void leave(const CabinetLayout &layout);
     /// Returns the history for the processor of @p layout, which comes into view. @p kept is what the host
-    /// has of an earlier run; it is used if the history is new. @p saved: see CEditHistory::setSaved(), for a
-    /// history without steps.
+    /// has of an earlier run; it is used if the history has no steps. @p saved: see CEditHistory::setSaved(),
+    /// for a history without steps.
     CEditHistory &enter(const CabinetLayout &layout, const SEditHistory &kept, bool saved, int stepCount,
                         EState &state);
 

@@ -99,7 +99,8 @@ void CLayoutGraphicsView::setCommands(IEditorCommands *commands)
 void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout,
                                      const SKeptHistory &kept)
 {
-    const bool another = processor.uuid != m_shown.processor();
+    const bool restored = !kept.history.steps.isEmpty() && !hasSteps(processor.uuid);
+    const bool another = restored || processor.uuid != m_shown.processor();
     if (another) {
         QUndoStack &stack = m_shown.enter(layout.layout, kept).stack();
         connect(history(), &CEditHistory::notifyBeginningChanged, this, &CLayoutGraphicsView::showHistory,

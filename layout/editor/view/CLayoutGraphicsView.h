@@ -42,8 +42,7 @@ public:
     /// is what the host has of it. Otherwise zoom and position stay, and the change can be undone.
     void showLayout(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout,
                     const SKeptHistory &kept = {});
-    /// Whether the processor has been shown before, so that its history is here.
-    bool hasHistory(const QUuid &processor) const { return m_shown.hasHistory(processor); }
+    bool hasSteps(const QUuid &processor) const { return m_shown.hasSteps(processor); } ///< in its history
     /// The layout of @p processor was saved; @p asItIs: without edits made since.
     void setSaved(const QUuid &processor, bool asItIs) { m_shown.setSaved(processor, asItIs); }
     CEditHistory *history() const { return m_shown.history(); } ///< of the processor shown; null without one

@@ -15,7 +15,7 @@ class CCabinetGraphicsScene;
 /// What the host knows of a layout that comes into view.
 struct SKeptHistory
 {
-    SEditHistory history;                    ///< of an earlier run; used if the editor has none
+    SEditHistory history;                    ///< of an earlier run; used if the editor has no steps
     bool saved = true;                       ///< the layout has no unsaved edits
     qint64 limit = CEditHistory::UsualLimit; ///< see CEditHistory::setLimit()
 };
@@ -35,7 +35,7 @@ public:
     CShownLayout(CCabinetGraphicsScene &scene, Tell tell);
 
     const QUuid &processor() const { return m_processor; } ///< null: none
-    bool hasHistory(const QUuid &processor) const { return m_histories.contains(processor); }
+    bool hasSteps(const QUuid &processor) const { return m_histories.hasSteps(processor); }
     void setSaved(const QUuid &processor, bool saved) { m_histories.setSaved(processor, saved); }
     CEditHistory *history() const { return m_history; } ///< of the processor that is shown; null without one
     /// Makes the scene record in the history of the processor of @p layout, which comes into view; then
