@@ -7,16 +7,16 @@
 #include "host/app/CJobProgress.h"
 #include "host/app/CModuleFrame.h"
 #include "host/app/CModuleHost.h"
-#include "host/app/CProjectCommands.h"
 #include "host/app/CRecoveryCommands.h"
-#include "host/app/CSettingsDialog.h"
 #include "host/app/CSimulationMenu.h"
 #include "host/app/CTypeLibraryDialog.h"
 #include "host/app/CWindowColumns.h"
 #include "host/app/CWindowMenus.h"
 #include "host/app/CWorkModeMenu.h"
+#include "host/app/help/CHelpCommands.h"
+#include "host/app/projects/CProjectCommands.h"
+#include "host/app/projects/CSettingsDialog.h"
 #include "host/app/screen/CScreenWindow.h"
-#include "host/app/start/CLogFile.h"
 #include "host/app/start/SAppOptions.h"
 #include "host/devices/CDeviceTreeModel.h"
 #include "host/devices/CLayoutHandler.h"
@@ -30,9 +30,6 @@
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QDesktopServices>
-#include <QDir>
-#include <QFileInfo>
 #include <QMenu>
 #include <QMimeData>
 #include <QScreen>
@@ -93,6 +90,7 @@ void CMainWindow::buildUi()
     m_workMode = new CWorkModeMenu(m_manager.table(), m_manager.commands(), this);
     m_simulation = new CSimulationMenu(m_manager, this);
     m_actions = SMainActions::create(*this, *m_workMode, *m_simulation);
+    m_help = new CHelpCommands(m_actions, *this);
     m_menus = new CWindowMenus(m_actions, *m_module, m_settings, m_manager.table(), this);
 
     m_devices = new CDevicePanel(m_manager.services(), m_manager.treeModel(), *m_actions.detect);
@@ -132,8 +130,8 @@ void CMainWindow::connectActions()
     connect(m_actions.detect, &QAction::triggered, this, [this] { m_manager.jobs().detect(); });
     connect(m_actions.typeLibrary, &QAction::triggered, this,
             [this] { CTypeLibraryDialog(CTypeLibrary::builtIn(), this).exec(); });
-    connect(m_actions.about, &QAction::triggered, this, &CMainWindow::showAbout);
-    connect(m_actions.openLogFolder, &QAction::triggered, this, &CMainWindow::openLogFolder);
+    connect(m_help, &CHelpCommands::notifyDone, statusBar(),
+            [this](const QString &text) { statusBar()->showMessage(text, MessageMilliseconds); });
     connect(m_menus, &CWindowMenus::notifyRecentChosen, this,
             [this](const QString &file) { m_projects->open({file}); });
     connect(m_menus, &CWindowMenus::notifyRecentCleared, this, [this] {
@@ -170,8 +168,8 @@ void CMainWindow::connectDevices()
     connect(jobs, &CDeviceJobs::notifyStarted, this, &CMainWindow::onJobStarted);
     connect(jobs, &CDeviceJobs::notifyFinished, this, &CMainWindow::onJobFinished);
     connect(jobs, &CDeviceJobs::notifyDetected, this, [this](int online) {
-        statusBar()->showMessage(tr("Detection finished. Processors online: %1").arg(online),
-                                 MessageMilliseconds);
+        const QString text = tr("Detection finished. Processors online: %1").arg(online);
+        statusBar()->showMessage(text + QLatin1Char(' ') + sharedFolderText(), MessageMilliseconds);
     });
     connect(announcer, &CDeviceAnnouncer::notifyProcessorsChanged, this, &CMainWindow::updateActions);
     connect(announcer, &CDeviceAnnouncer::notifyTypeLibraryRequested, this,
@@ -197,6 +195,7 @@ void CMainWindow::loadModule(const QString &file)
 void CMainWindow::start(const SAppOptions &options)
 {
     cleanUpFolders();
+    m_help->showCrash();
     m_manager.offlineWatch().start(OfflineMilliseconds);
     for (const SAppOptions::SSimulation &simulation : options.simulations)
         simulate(simulation.processor, simulation.fault, simulation.on);
@@ -207,6 +206,17 @@ void CMainWindow::start(const SAppOptions &options)
         m_projects->open(options.files);
     if (options.detect)
         m_manager.jobs().detect();
+    const QString shared = sharedFolderText();
+    if (!shared.isEmpty())
+        statusBar()->showMessage(shared);
+}
+
+/// Empty: nobody else uses the simulated processors.
+QString CMainWindow::sharedFolderText()
+{
+    const QString other = m_manager.services().park().otherUser();
+    return other.isEmpty() ? QString()
+                           : tr("The simulated processors store nothing: %1 uses them.").arg(other);
 }
 
 void CMainWindow::simulate(const QString &name, SimulationFault fault, bool on)
@@ -340,19 +350,6 @@ void CMainWindow::cleanUpFolders()
                 CAppSettings().removeWritten(file);
         }
     });
-}
-
-void CMainWindow::showAbout()
-{
-    CMessageBox::information(this, tr("Orvo %1").arg(QCoreApplication::applicationVersion()),
-                             tr("Configures LED video processors: cabinet layout, wiring and loads."));
-}
-
-void CMainWindow::openLogFolder()
-{
-    const QString folder = CLogFile::defaultFolder();
-    if (!QDir().mkpath(folder) || !QDesktopServices::openUrl(QUrl::fromLocalFile(folder)))
-        CMessageBox::warning(this, tr("The log folder cannot be opened."), QDir::toNativeSeparators(folder));
 }
 
 void CMainWindow::updateActions()

@@ -13,6 +13,7 @@
 
 class CDevicePanel;
 class CElidedLabel;
+class CHelpCommands;
 class CJobProgress;
 class CModuleHost;
 class CProjectCommands;
@@ -67,8 +68,7 @@ private:
     void onOpened(const QUuid &processor);
     void onScreenClosed();
     void cleanUpFolders();
-    void showAbout();
-    void openLogFolder();
+    QString sharedFolderText();
     void updateActions();
     void updateTitles();
 
@@ -81,6 +81,7 @@ private:
     CWorkModeMenu *m_workMode = nullptr;
     CSimulationMenu *m_simulation = nullptr;
     SMainActions m_actions;
+    CHelpCommands *m_help = nullptr;
     CWindowMenus *m_menus = nullptr;
     CDevicePanel *m_devices = nullptr;
     CWindowColumns *m_columns = nullptr;

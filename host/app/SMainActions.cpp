@@ -88,6 +88,9 @@ void SMainActions::createActions(QMainWindow &window)
     detect->setIcon(AppIcons::icon("detect"));
     typeLibrary = makeAction(window, tr("&Type library..."), {}, tr("Show the known cabinet types"));
     about = makeAction(window, tr("&About Orvo"), {}, tr("Show the version of the program"));
+    showLog = makeAction(window, tr("&Show log"), {}, tr("Show what the program has noted"));
+    copySystemInformation = makeAction(window, tr("&Copy system information"), {},
+                                       tr("Copy what a report of a fault should say of this computer"));
     openLogFolder =
         makeAction(window, tr("Open &log folder"), {}, tr("Show the folder with the program's log"));
 }
@@ -128,7 +131,9 @@ void SMainActions::buildDeviceMenu(QMainWindow &window, CWorkModeMenu &workMode)
 void SMainActions::buildHelpMenu(QMainWindow &window)
 {
     QMenu *menu = window.menuBar()->addMenu(tr("&Help"));
+    menu->addAction(showLog);
     menu->addAction(openLogFolder);
+    menu->addAction(copySystemInformation);
     menu->addSeparator();
     menu->addAction(about);
 }

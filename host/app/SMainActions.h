@@ -30,7 +30,9 @@ public:
     QAction *detect = nullptr;
     QAction *typeLibrary = nullptr;
     QAction *about = nullptr;
+    QAction *showLog = nullptr;
     QAction *openLogFolder = nullptr;
+    QAction *copySystemInformation = nullptr;
     QMenu *recentProjects = nullptr;
     QMenu *edit = nullptr;      ///< filled by the module
     QMenu *view = nullptr;      ///< the same

@@ -5,6 +5,7 @@
 #include "host/app/CModuleLoader.h"
 #include "host/app/commands/CCommandLine.h"
 #include "host/app/start/CAppSettings.h"
+#include "host/app/start/CCrashHandler.h"
 #include "host/app/start/CLogFile.h"
 #include "host/app/start/CSignalWatch.h"
 #include "host/app/start/SAppOptions.h"
@@ -111,6 +112,7 @@ bool reportMissingFiles(const SAppOptions &options)
 int runWindow(int argc, char **argv, const SAppOptions &options)
 {
     setUpApplication();
+    CCrashHandler::install(CCrashHandler::defaultFolder());
     std::optional<QApplication> application;
     {
         const CDisplayWatch watch;

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/CHostControl.h"
 #include "host/app/CModuleLoader.h"
+#include "host/app/help/SystemInformation.h"
 #include "host/app/start/CAppSettings.h"
 #include "host/app/start/CLogFile.h"
 #include "host/app/start/SAppOptions.h"
@@ -193,6 +194,16 @@ private Q_SLOTS:
         const CLogFile log(QStringLiteral("/dev/null/log"));
         qInfo("nobody reads this");
         QVERIFY(!QFile::exists(log.fileName()));
+    }
+
+    void systemInformationTellsOfTheComputerNotOfItsUser()
+    {
+        const QString text = SystemInformation::text();
+        for (const QString &told : {QLatin1String(qVersion()) + QString(), QGuiApplication::platformName(),
+                                    QStringLiteral("\nScreen: "), QStringLiteral("\nFont: ")})
+            QVERIFY2(text.contains(told), qPrintable(told));
+        for (const QString &untold : {QDir::homePath(), QDir::currentPath(), QSysInfo::machineHostName()})
+            QVERIFY2(!text.contains(untold), qPrintable(untold));
     }
 
     void oneMessageTellsWhatIsWrongWithAModule()

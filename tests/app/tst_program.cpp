@@ -4,6 +4,7 @@
 #include "tests/harness/CTestBase.h"
 #include "tests/projects/ProjectSamples.h"
 
+#include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -110,6 +111,39 @@ private Q_SLOTS:
         QVERIFY(process.waitForStarted(PatienceMilliseconds));
         QTRY_VERIFY(QFile::exists(home.filePath(logName)));
         QVERIFY(endsBySignal(process, SIGINT, home.filePath(logName)));
+    }
+
+    void whatACrashLeavesIsTidiedUpByTheNextStart()
+    {
+        const QTemporaryDir home;
+        const QString wall = home.filePath(QStringLiteral("wall.sprj"));
+        const QString lock = home.filePath(QStringLiteral(".wall.sprj.lock"));
+        SProcessorProject project = ProjectSamples::withEverything();
+        project.kind.clear();
+        QVERIFY(CProcessorProject::write(wall, project));
+        const auto isLockedBy = [&lock](const QProcess &process) {
+            return contentOf(lock).contains("\"process\":" + QByteArray::number(process.processId()));
+        };
+        QProcess first;
+        first.setProcessEnvironment(offscreenIn(home.path()));
+        first.start(QStringLiteral(ORVO_PROGRAM), {wall});
+        QVERIFY(first.waitForStarted(PatienceMilliseconds));
+        QTRY_VERIFY_WITH_TIMEOUT(isLockedBy(first), PatienceMilliseconds);
+        QCOMPARE(::kill(static_cast<pid_t>(first.processId()), SIGABRT), 0);
+        QVERIFY(first.waitForFinished(PatienceMilliseconds));
+        QCOMPARE(first.exitStatus(), QProcess::CrashExit);
+        const QDir reports(home.filePath(QStringLiteral("Velmarinth/Orvo/crash")));
+        QCOMPARE(reports.entryList({QStringLiteral("*.txt")}).size(), 1);
+        QVERIFY(QFile::exists(lock));
+
+        QProcess second; // tells of the crash, and asks nothing for a lock of the dead
+        second.setProcessEnvironment(offscreenIn(home.path()));
+        second.start(QStringLiteral(ORVO_PROGRAM), {wall});
+        QVERIFY(second.waitForStarted(PatienceMilliseconds));
+        QTRY_VERIFY_WITH_TIMEOUT(isLockedBy(second), PatienceMilliseconds);
+        QCOMPARE(reports.entryList({QStringLiteral("*.shown")}).size(), 1);
+        QVERIFY(endsBySignal(second, SIGTERM, home.filePath(logName)));
+        QVERIFY(!QFile::exists(lock));
     }
 
     void aWarningThatNobodyReadsHarmsNothing()

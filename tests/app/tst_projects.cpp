@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/app/CNewProjectDialog.h"
-#include "host/app/CProjectCommands.h"
-#include "host/app/CSettingsDialog.h"
+#include "host/app/projects/CNewProjectDialog.h"
+#include "host/app/projects/CProjectCommands.h"
+#include "host/app/projects/CSettingsDialog.h"
 #include "host/app/start/CAppSettings.h"
 #include "host/devices/CDeviceManager.h"
 #include "host/devices/CPortPairs.h"

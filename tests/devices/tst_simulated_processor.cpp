@@ -6,6 +6,7 @@
 #include "host/devices/simulated/CSimulatedProcessor.h"
 #include "host/projects/CWallBuilder.h"
 #include "tests/harness/CWorldTest.h"
+#include "tests/projects/CChildProcess.h"
 #include "tests/projects/CFaultyFileSystem.h"
 #include "tests/projects/ProjectSamples.h"
 
@@ -199,6 +200,38 @@ private Q_SLOTS:
         }
     }
 
+    void storesForOneProgramAtATime()
+    {
+        for (const bool there : {true, false}) { // without a folder nobody can have it yet
+            const SFolder place;
+            QVERIFY(!there || place.fill());
+            const CabinetLayout none;
+            SFolder::Processor theirs; // in the child
+            CChildProcess other({[&] {
+                                     theirs = place.start();
+                                     return place.save(theirs) == DeviceError::None;
+                                 },
+                                 [&] { return place.save(theirs) == DeviceError::None; }});
+            SFolder::Processor ours = place.start();
+            const int first = (there ? KeptPorts : FactoryPorts) + 1; // revision
+            const int ports = there ? KeptPorts : FactoryPorts;
+            QVERIFY(there || place.holds(ours, ports, FactoryPorts)); // begins as from the factory
+            QVERIFY(other.next());
+            if (there)
+                QVERIFY(place.holds(ours, ports, first));
+            QCOMPARE(place.save(ours), DeviceError::InUse);
+            QCOMPARE(ours->apply(unusualSettings()), DeviceError::InUse);
+            QCOMPARE(ours->setState(SimulationFault::Polling, true), DeviceError::InUse);
+            QVERIFY(other.next());
+            QVERIFY(!there || place.holds(ours, ports, first + 1)); // sees what they store
+            other.kill();
+            QCOMPARE(place.save(ours), DeviceError::None); // on top of it
+            QCOMPARE(ours->apply(unusualSettings()), DeviceError::None);
+            QVERIFY(place.holds(ours, KeptPorts, first + 2));
+            QVERIFY(place.holds(place.start(), KeptPorts, first + 2));
+        }
+    }
+
     void neverOverwritesWhatItCouldNotRead()
     {
         struct SCase
@@ -231,7 +264,7 @@ private Q_SLOTS:
             QVERIFY(!device->settings().polling);
             for (const bool mapping : {false, true})
                 QCOMPARE(place.contentOf(mapping), contents[mapping]);
-            QCOMPARE(QDir(place.place).entryList(QDir::Files | QDir::Hidden).size(), 2);
+            QCOMPARE(QDir(place.place).entryList(QDir::Files | QDir::Hidden).size(), 3); // and the lock
             const bool readable = version == 2; // at the next start all is well again
             QCOMPARE(place.holds(place.start(), KeptPorts, KeptPorts), readable);
             const DeviceError error = place.start()->apply(factory().settings); // before the first look

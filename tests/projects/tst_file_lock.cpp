@@ -3,6 +3,7 @@
 #include "host/projects/CFileLock.h"
 #include "host/projects/CSafeFile.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/projects/CChildProcess.h"
 #include "tests/projects/CFaultyFileSystem.h"
 #include "tests/projects/ProjectSamples.h"
 
@@ -11,52 +12,10 @@
 #include <QTemporaryDir>
 
 #include <cerrno>
-#include <csignal>
-#include <sys/wait.h>
+#include <optional>
 #include <unistd.h>
 
 namespace {
-
-/// A process that holds the lock of a file until it is killed.
-class COtherProcess final
-{
-public:
-    explicit COtherProcess(const QString &file)
-    {
-        int ready[2] = {-1, -1};
-        if (pipe(ready) != 0)
-            return;
-        m_process = fork();
-        if (m_process == 0) {
-            CFileLock lock(file);
-            const char taken = lock.take() == CFileLock::Taken ? 'y' : 'n';
-            if (write(ready[1], &taken, 1) == 1)
-                pause();
-            _exit(1);
-        }
-        char taken = 0;
-        m_holds = m_process > 0 && read(ready[0], &taken, 1) == 1 && taken == 'y';
-        close(ready[0]);
-        close(ready[1]);
-    }
-    ~COtherProcess() { kill(); }
-    Q_DISABLE_COPY(COtherProcess)
-
-    bool holds() const { return m_holds; }
-    qint64 number() const { return m_process; }
-    void kill()
-    {
-        if (m_process <= 0)
-            return;
-        ::kill(m_process, SIGKILL);
-        waitpid(m_process, nullptr, 0);
-        m_process = 0;
-    }
-
-private:
-    pid_t m_process = 0;
-    bool m_holds = false;
-};
 
 SLockHolder ofAnotherMachine()
 {
@@ -90,11 +49,12 @@ private:
 private Q_SLOTS:
     void anotherProcessHoldsItUntilItDies()
     {
-        COtherProcess other(m_file);
-        QVERIFY(other.holds());
+        std::optional<CFileLock> theirs; // in the child
+        CChildProcess other({[&] { return theirs.emplace(m_file).take() == CFileLock::Taken; }});
+        QVERIFY(other.next());
         CFileLock lock(m_file);
         QCOMPARE(lock.take(), CFileLock::Held);
-        QCOMPARE(lock.holder().process, other.number());
+        QCOMPARE(lock.holder().process, qint64(other.number()));
         QVERIFY(!lock.holder().isThisProcess());
         QVERIFY2(lock.holder().text().contains(QSysInfo::machineHostName()),
                  qPrintable(lock.holder().text()));

@@ -83,6 +83,7 @@ SProcessorState factoryState(const QJsonObject &entry)
 } // namespace
 
 CSimulatedPark::CSimulatedPark(const QString &stateFolder, double delayScale)
+    : m_folder(CStateFolder::at(stateFolder))
 {
     Q_INIT_RESOURCE(devices);
     QFile file(QStringLiteral(":/devices/park.json"));

@@ -28,11 +28,14 @@ public:
     const std::vector<Processor> &processors() const { return m_processors; }
     Processor find(const QUuid &uuid) const; ///< null for an unknown key
     QStringList names() const;               ///< of the processors
+    /// Who else stores the processors' state, so that they store nothing for us; empty: nobody does.
+    QString otherUser() const { return m_folder->otherUser(); }
     const QList<CDeviceTable::SGroup> &groups() const { return m_groups; }
 
 private:
     Processor make(const QJsonObject &entry, const QString &stateFolder, double delayScale) const;
 
+    const std::shared_ptr<CStateFolder> m_folder;
     QList<CDeviceTable::SGroup> m_groups;
     std::vector<Processor> m_processors;
 };

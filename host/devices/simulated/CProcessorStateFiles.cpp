@@ -28,18 +28,27 @@ CProcessorStateFiles::CProcessorStateFiles(QString folder, const QUuid &processo
 {
 }
 
-SProcessorState CProcessorStateFiles::load(const Factory &factory)
+SProcessorState CProcessorStateFiles::load(const Factory &factory, Reader reader)
 {
     const SProcessorState made = factory();
-    return {loadPart(Settings, settingsFile(), made.settings, &CProcessorCodec::settings),
-            loadPart(Mapping, mappingFile(), made.mapping, &CProcessorCodec::mapping)};
+    return {loadPart(Settings, reader, made.settings, &CProcessorCodec::settings),
+            loadPart(Mapping, reader, made.mapping, &CProcessorCodec::mapping)};
+}
+
+bool CProcessorStateFiles::areAsLoaded() const
+{
+    return m_stamps[Settings] == SFileStamp::of(settingsFile()) &&
+           m_stamps[Mapping] == SFileStamp::of(mappingFile());
 }
 
 template <typename Record, typename Decode>
-Record CProcessorStateFiles::loadPart(Part part, const QString &file, const Record &factory,
-                                      const Decode &decode)
+Record CProcessorStateFiles::loadPart(Part part, Reader reader, const Record &factory, const Decode &decode)
 {
-    CSafeFile::cleanAround(file);
+    const QString file = fileOf(part);
+    m_closed[part] = false;
+    if (reader == Owner)
+        CSafeFile::cleanAround(file);
+    m_stamps[part] = SFileStamp::of(file); // first: what changes from now on is noticed
     CSafeFile::Found found = CSafeFile::Unreadable;
     bool damaged = false;
     const CResult<Record> record = CSafeFile::withMemory(file, [&] {
@@ -52,7 +61,7 @@ Record CProcessorStateFiles::loadPart(Part part, const QString &file, const Reco
     });
     if (record)
         return record.value();
-    if (damaged)
+    if (damaged && reader == Owner)
         setAside(part, file, record.error());
     else if (found != CSafeFile::Nothing)
         close(part, record.error());

@@ -5,6 +5,7 @@
 #include "host/devices/simulated/CCancelToken.h"
 #include "host/devices/simulated/DevicesLog.h"
 #include "host/devices/simulated/ProcessorStates.h"
+#include "host/projects/CSafeFile.h"
 
 #include <cmath>
 
@@ -63,6 +64,7 @@ CSimulatedProcessor::CSimulatedProcessor(SIdentity identity, Factory factory, co
                                          double delayScale)
     : m_identity(std::move(identity))
     , m_factory(std::move(factory))
+    , m_folder(CStateFolder::at(stateFolder))
     , m_files(stateFolder, m_identity.uuid)
     , m_delayScale(delayScale)
 {
@@ -75,11 +77,24 @@ int CSimulatedProcessor::scaled(int milliseconds) const
 
 SProcessorState &CSimulatedProcessor::state()
 {
-    if (!m_state) {
-        m_state = m_files.load(m_factory); // only once: a closed part stays closed
+    // An owner loads only once, and a part that is closed stays so; before, others may store at any time.
+    const bool owned = m_state && m_access == CStateFolder::Owned;
+    const CStateFolder::Access access = owned ? m_access : m_folder->access();
+    const bool others = access == CStateFolder::Others;
+    const bool other = others != (m_access == CStateFolder::Others);
+    if (!m_state || other || (!owned && !m_files.areAsLoaded())) {
+        m_state = m_files.load(m_factory, others ? CProcessorStateFiles::Guest : CProcessorStateFiles::Owner);
         m_state->settings.frozen = false;
     }
+    m_access = access;
     return *m_state;
+}
+
+DeviceError CSimulatedProcessor::mayStore()
+{
+    Q_UNUSED(CSafeFile::makeFolder(m_folder->path())) // for the lock; storing tells why it cannot be made
+    state();
+    return m_access == CStateFolder::Others ? DeviceError::InUse : DeviceError::None;
 }
 
 DeviceError CSimulatedProcessor::setFault(SimulationFault fault, bool on)
@@ -218,12 +233,19 @@ DeviceError CSimulatedProcessor::saveMapping(CCancelToken &cancel, const Progres
 
 DeviceError CSimulatedProcessor::keep(SProcessorMapping &mapping)
 {
-    mapping.revision = keptMapping().revision + 1;
-    const DeviceError error = stored(CProcessorStateFiles::Mapping, m_files.save(mapping));
+    DeviceError error = DeviceError::None;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        error = mayStore();
+        mapping.revision = m_state->mapping.revision + 1;
+    }
+    if (error == DeviceError::None)
+        error = stored(CProcessorStateFiles::Mapping, m_files.save(mapping));
     if (error != DeviceError::None)
         return error;
     const std::lock_guard<std::mutex> lock(m_mutex);
-    state().mapping = mapping;
+    m_files.noteStored(CProcessorStateFiles::Mapping);
+    m_state->mapping = mapping;
     return DeviceError::None;
 }
 
@@ -260,10 +282,14 @@ DeviceError CSimulatedProcessor::apply(const SProcessorSettings &settings)
 DeviceError CSimulatedProcessor::keep(const SProcessorSettings &settings)
 {
     // Loaded first, so that unreadable files are known before anything is written.
-    SProcessorState &kept = state();
+    const DeviceError refused = mayStore();
+    if (refused != DeviceError::None)
+        return refused;
     const DeviceError error = stored(CProcessorStateFiles::Settings, m_files.save(settings));
-    if (error == DeviceError::None)
-        kept.settings = settings;
+    if (error == DeviceError::None) {
+        m_files.noteStored(CProcessorStateFiles::Settings);
+        m_state->settings = settings;
+    }
     return error;
 }
 

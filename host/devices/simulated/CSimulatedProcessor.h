@@ -3,6 +3,7 @@
 #pragma once
 
 #include "host/devices/simulated/CProcessorStateFiles.h"
+#include "host/devices/simulated/CStateFolder.h"
 #include "host/devices/simulated/DeviceError.h"
 #include "host/devices/simulated/SSimulationFault.h"
 
@@ -84,7 +85,8 @@ private:
     QByteArray damagedWhereTold(QByteArray bytes) const;
     DeviceError command();
     DeviceError keep(const SProcessorSettings &settings); ///< with the mutex held
-    SProcessorState &state();                             ///< loaded at first use; with the mutex held
+    SProcessorState &state(); ///< as on the disk, loaded when needed; with the mutex held
+    DeviceError mayStore();   ///< the same
     SProcessorMapping keptMapping();
     DeviceError
     keep(SProcessorMapping &mapping); ///< stores it as the next revision; with the mapping mutex held
@@ -94,7 +96,9 @@ private:
 
     const SIdentity m_identity;
     const Factory m_factory;
+    const std::shared_ptr<CStateFolder> m_folder;
     CProcessorStateFiles m_files;
+    CStateFolder::Access m_access = CStateFolder::Free; // when the state was loaded
     const double m_delayScale;
     std::mutex m_mappingMutex;  // held while the mapping is replaced and written to disk
     mutable std::mutex m_mutex; // guards the members below

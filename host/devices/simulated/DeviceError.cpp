@@ -34,6 +34,9 @@ QString deviceErrorText(DeviceError error)
     case DeviceError::Unread:
         return translatedReason(
             "The processor could not read what it has stored, and stores nothing in its place.");
+    case DeviceError::InUse:
+        return translatedReason("Another running Orvo uses the simulated processors, which store nothing of "
+                                "what this one sends.");
     }
     return {};
 }

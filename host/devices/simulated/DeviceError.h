@@ -14,7 +14,8 @@ enum class DeviceError {
     ConnectionLost,
     Damaged,
     NotStored, ///< the device could not store what it was sent
-    Unread     ///< the device does not overwrite stored data that it could not read
+    Unread,    ///< the device does not overwrite stored data that it could not read
+    InUse      ///< another running program stores the state of the simulated devices
 };
 
 /// The reason for the user, a complete sentence; empty for None and Cancelled.

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/app/CVersionReader.h"
+#include "host/app/projects/CVersionReader.h"
 
 #include "host/projects/CProcessorProject.h"
 #include "layout/api/records/LayoutData.h"

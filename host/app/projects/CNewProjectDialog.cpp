@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/app/CNewProjectDialog.h"
+#include "host/app/projects/CNewProjectDialog.h"
 
 #include "host/devices/simulated/CPortCapacity.h"
 #include "host/devices/simulated/CProcessorKinds.h"

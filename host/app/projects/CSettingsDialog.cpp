@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/app/CSettingsDialog.h"
+#include "host/app/projects/CSettingsDialog.h"
 
 #include "host/app/start/CAppSettings.h"
 #include "host/projects/CSafeFile.h"

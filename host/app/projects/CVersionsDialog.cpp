@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/app/CVersionsDialog.h"
+#include "host/app/projects/CVersionsDialog.h"
 
-#include "host/app/CVersionReader.h"
+#include "host/app/projects/CVersionReader.h"
 #include "host/projects/CSafeFile.h"
 #include "platform/common/CBackgroundCall.h"
 #include "platform/widgets/CMessageBox.h"

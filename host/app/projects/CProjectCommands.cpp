@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "host/app/CProjectCommands.h"
+#include "host/app/projects/CProjectCommands.h"
 
-#include "host/app/CNewProjectDialog.h"
-#include "host/app/CVersionsDialog.h"
 #include "host/app/commands/CLayoutExport.h"
+#include "host/app/projects/CNewProjectDialog.h"
+#include "host/app/projects/CVersionsDialog.h"
 #include "host/app/start/CAppSettings.h"
 #include "host/devices/CProjectShelf.h"
 #include "host/devices/services/CDeviceServices.h"

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <QObject>
+
+class QWidget;
+struct SMainActions;
+
+/// The commands of the help menu, and the report of a crash that the next start shows. GUI thread.
+class CHelpCommands final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// @p window is the parent of all dialogs; it must outlive this object.
+    CHelpCommands(const SMainActions &actions, QWidget &window);
+
+    /// Shows the latest crash report that was not shown yet, beside whatever else the start shows.
+    void showCrash();
+
+Q_SIGNALS:
+    /// For the status bar.
+    void notifyDone(const QString &text);
+
+private:
+    void showLog();
+    void openLogFolder();
+    void copySystemInformation();
+    void showAbout();
+
+    QWidget &m_window;
+};
