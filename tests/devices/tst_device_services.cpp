@@ -176,6 +176,25 @@ private Q_SLOTS:
         QVERIFY(!library.find(SMD5()));
     }
 
+    void typesThatContradictThemselvesAreRefused()
+    {
+        const auto errorOf = [](const QByteArray &types) {
+            return CTypeLibrary::fromJson("{\"folders\": [{\"name\": \"A\", \"types\": [" + types + "]}]}")
+                .error();
+        };
+        const QByteArray type = "{\"name\": \"T\", \"size\": [64, 64], \"millimetres\": [500, 500]";
+        const QByteArray two = type + ", \"kind\": 2, \"receivers\": [[0, 0, 64, 32], ";
+        QCOMPARE(errorOf(two + "[0, 32, 64, 32]]}"), QString());
+        QVERIFY(errorOf(two + "[0, 32, 64, 31]]}").contains(QLatin1String("do not fill")));
+        QVERIFY(errorOf(two + "[0, 16, 64, 32]]}").contains(QLatin1String("do not fill")));
+        QVERIFY(errorOf(two + "[64, 0, 64, 32]]}").contains(QLatin1String("do not fill")));
+        QVERIFY(errorOf(type + ", \"kind\": 2, \"receivers\": [[0, 0, 64, 64]]}")
+                    .contains(QLatin1String("kind")));
+        QVERIFY(errorOf(type + "}, " + type + "}").contains(QLatin1String("twice")));
+        QVERIFY(errorOf(type + ", \"damaged\": true}").contains(QLatin1String("no damage")));
+        QVERIFY(!errorOf(type + "}], \"more\": [").isEmpty());
+    }
+
     void aMappingIsNumberedByPortAndRank()
     {
         CabinetLayout wall = m_wall;
@@ -216,6 +235,7 @@ private Q_SLOTS:
         added.uuid = QUuid::createUuid();
         edited.ports[2].groups[0].cabinets << added;
         working.take(edited, m_generation);
+        QCOMPARE(working.bounds(), working.layout().boundingRect());
         for (const auto &cabinet : working.layout().ports.at(2).getAllCabinets())
             QCOMPARE(cabinet.mappingIndex >= 0, cabinet.uuid != added.uuid);
         QVERIFY(!working.isMapped(added.uuid));

@@ -47,7 +47,7 @@ bool samePort(const Port &a, const Port &b)
 void CWorkingLayout::take(const CabinetLayout &layout, const SReceiverGeneration &generation)
 {
     CabinetLayout next = layout;
-    QHash<int, qint64> chargedPixels;
+    QHash<int, SFigures> figures;
     for (Port &port : next.ports) {
         const Port *before = m_taken.port(port.index);
         const Port *numberedBefore = m_layout.port(port.index);
@@ -56,15 +56,12 @@ void CWorkingLayout::take(const CabinetLayout &layout, const SReceiverGeneration
             before && numberedBefore &&
             (shares(before->groups, port.groups) || shares(numberedBefore->groups, port.groups));
         const bool sameRole = numberedBefore && numberedBefore->redundancy == port.redundancy;
-        if (untouched) {
+        if (untouched)
             port.groups = numberedBefore->groups;
-        } else {
+        else
             renumber(port);
-        }
-        chargedPixels.insert(port.index, untouched && sameRole ? m_charged.value(port.index)
-                                         : port.redundancy == Port::Redundant
-                                             ? 0 // its primary is charged for its signal
-                                             : CPortCapacity::charged(generation, port));
+        figures.insert(port.index,
+                       untouched && sameRole ? m_figures.value(port.index) : figuresOf(port, generation));
     }
     QSet<int> edited;
     bool changed = next.ports.size() != m_layout.ports.size();
@@ -77,9 +74,19 @@ void CWorkingLayout::take(const CabinetLayout &layout, const SReceiverGeneration
     }
     m_taken = layout;
     m_layout = next;
-    m_charged = chargedPixels;
+    m_figures = figures;
     m_edited = edited;
     m_edition += changed ? 1 : 0;
+}
+
+CWorkingLayout::SFigures CWorkingLayout::figuresOf(const Port &port, const SReceiverGeneration &generation)
+{
+    SFigures figures;
+    if (port.redundancy != Port::Redundant) // otherwise its primary is charged for its signal
+        figures.charged = CPortCapacity::charged(generation, port);
+    for (const Port::CabinetGroup &group : port.groups)
+        figures.bounds |= group.boundingRect();
+    return figures;
 }
 
 bool CWorkingLayout::differsFromSaved(const Port &port) const
@@ -119,7 +126,14 @@ void CWorkingLayout::renumber(Port &port) const
 
 qint64 CWorkingLayout::chargedPixels() const
 {
-    return std::accumulate(m_charged.begin(), m_charged.end(), qint64(0));
+    return std::accumulate(m_figures.begin(), m_figures.end(), qint64(0),
+                           [](qint64 sum, const SFigures &port) { return sum + port.charged; });
+}
+
+QRect CWorkingLayout::bounds() const
+{
+    return std::accumulate(m_figures.begin(), m_figures.end(), QRect(),
+                           [](const QRect &all, const SFigures &port) { return all | port.bounds; });
 }
 
 CabinetLayout CWorkingLayout::numbered(CabinetLayout layout)

@@ -28,21 +28,30 @@ public:
     /// Whether a cabinet is in the saved mapping.
     bool isMapped(const QUuid &cabinet) const { return m_places.contains(cabinet); }
 
-    qint64 chargedPixels(int port) const { return m_charged.value(port); }
+    qint64 chargedPixels(int port) const { return m_figures.value(port).charged; }
     qint64 chargedPixels() const; ///< of all ports
+    QRect bounds() const;         ///< of all cabinets, canvas pixels; inclusive as in the records
 
     /// Returns @p layout with the place of each wired cabinet in the mapping: by port, then by rank.
     static CabinetLayout numbered(CabinetLayout layout);
 
 private:
+    /// What would cost a walk over a port's cabinets.
+    struct SFigures
+    {
+        qint64 charged = 0; ///< pixels
+        QRect bounds;
+    };
+
+    static SFigures figuresOf(const CabinetLayout::CabinetPort &port, const SReceiverGeneration &generation);
     void renumber(CabinetLayout::CabinetPort &port) const;
     bool differsFromSaved(const CabinetLayout::CabinetPort &port) const;
 
     CabinetLayout m_taken; // as given to take(); shows which ports the next layout shares with it
     CabinetLayout m_layout;
     CabinetLayout m_saved;
-    QHash<QUuid, int> m_places;   // of cabinets in the saved mapping
-    QHash<int, qint64> m_charged; // pixels by port
-    QSet<int> m_edited;           // ports that differ from the saved mapping
+    QHash<QUuid, int> m_places;     // of cabinets in the saved mapping
+    QHash<int, SFigures> m_figures; // by port
+    QSet<int> m_edited;             // ports that differ from the saved mapping
     quint64 m_edition = 0;
 };

@@ -18,7 +18,7 @@ LayoutData SDevice::data() const
     data.layout = working.layout();
     data.layout.processor = node.uuid;
     data.canvas = settings.canvas;
-    data.bounds = data.layout.boundingRect();
+    data.bounds = working.bounds(); // not walked for each question
     return data;
 }
 
