@@ -357,20 +357,6 @@ private Q_SLOTS:
         QVERIFY(PortFill.lightness() < middles[1].lightness());
     }
 
-    void portsUpToSixNumbersApartDifferInColor()
-    {
-        const auto distance = [](const QColor &a, const QColor &b) {
-            return qAbs(a.red() - b.red()) + qAbs(a.green() - b.green()) + qAbs(a.blue() - b.blue());
-        };
-        for (int port = 0; port < 80; ++port) {
-            const QColor color = CPortColors::fill(port);
-            QCOMPARE(CPortColors::ink(color), QColor(Qt::white));
-            QCOMPARE(CPortColors::ink(CPortColors::tint(color)), QColor(Qt::black));
-            for (int step = 1; step <= 6; ++step)
-                QVERIFY(distance(color, CPortColors::fill(port + step)) > 50);
-        }
-    }
-
     void wireBoundsHoldWhatIsDrawn()
     {
         for (const QLineF &line : {QLineF(20, 50, 80, 50), QLineF(80, 80, 20, 30), QLineF(50, 90, 50, 10),

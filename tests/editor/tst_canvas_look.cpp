@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/drawing/CPortColors.h"
 #include "layout/editor/items/CFarPorts.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "tests/editor/CMouseTest.h"
@@ -39,6 +40,20 @@ class CCanvasLookTest final : public CMouseTest
 
 private Q_SLOTS:
     /// From afar a view draws lists in place of items.
+    void portsUpToSixNumbersApartDifferInColor()
+    {
+        const auto distance = [](const QColor &a, const QColor &b) {
+            return qAbs(a.red() - b.red()) + qAbs(a.green() - b.green()) + qAbs(a.blue() - b.blue());
+        };
+        for (int port = 0; port < 80; ++port) {
+            const QColor color = CPortColors::fill(port);
+            QCOMPARE(CPortColors::ink(color), QColor(Qt::white));
+            QCOMPARE(CPortColors::ink(CPortColors::tint(color)), QColor(Qt::black));
+            for (int step = 1; step <= 6; ++step)
+                QVERIFY(distance(color, CPortColors::fill(port + step)) > 50);
+        }
+    }
+
     void aFrameFromAfarIsWhatTheItemsDraw()
     {
         CCabinetGraphicsScene &scene = m_mouse->scene();
