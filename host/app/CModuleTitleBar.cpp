@@ -21,7 +21,7 @@ void CModuleTitleBar::buildUi(const QString &title)
 {
     setObjectName(QStringLiteral("ModuleTitleBar"));
     auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(10, 4, 6, 4);
+    row->setContentsMargins(10, 2, 6, 2);
     row->setSpacing(6);
     auto *name = new QLabel(title);
     QFont bold = name->font();

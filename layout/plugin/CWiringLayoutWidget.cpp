@@ -27,7 +27,7 @@ CWiringLayoutWidget::CWiringLayoutWidget(QWidget *parent)
     m_showScreen->setProperty("ToolLocation", TitleRowLocation);
 
     auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(12, 6, 12, 6);
+    row->setContentsMargins(12, 4, 12, 4);
     row->setSpacing(16);
     row->addWidget(m_title);
     row->addWidget(m_note, 1);
