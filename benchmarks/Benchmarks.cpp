@@ -23,6 +23,7 @@ const QVector<SBenchmark> &Benchmarks::all()
         {"B15", "a PDF of all sheets of a wall", measurePrint},
         {"B18", "the list of all ports: loads, another processor", measurePortList},
         {"B18", "select all, until the side panel shows it", measureSelectionTold},
+        {"hostile", "pictures of layouts that no editor makes", measureHostile},
     };
     return table;
 }

@@ -44,6 +44,7 @@ void measureGestures();
 void measurePrint();
 void measurePortList();
 void measureSelectionTold();
+void measureHostile();
 
 int memoryOfEditor(int argc, char **argv);
 int memoryOfUndo(int argc, char **argv);
