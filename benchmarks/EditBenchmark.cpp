@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "benchmarks/Benchmarks.h"
 #include "benchmarks/EditSides.h"
+#include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/operations/CSceneOperations.h"
+#include "layout/editor/recording/CUndoRecorder.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
 

@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "benchmarks/EditSides.h"
 
+#include "layout/editor/content/CEditBatches.h"
+#include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/items/CGraphicsItemBase.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/recording/CUndoRecorder.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
 

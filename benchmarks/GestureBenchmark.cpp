@@ -3,6 +3,7 @@
 #include "benchmarks/Benchmarks.h"
 #include "benchmarks/CBareSide.h"
 #include "benchmarks/EditSides.h"
+#include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"

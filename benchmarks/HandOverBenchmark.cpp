@@ -4,6 +4,7 @@
 #include "benchmarks/EditSides.h"
 #include "host/devices/services/CWorkingLayout.h"
 #include "layout/data/CProcessorStates.h"
+#include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/items/CGraphicsItemBase.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"

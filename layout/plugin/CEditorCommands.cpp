@@ -4,7 +4,12 @@
 
 #include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
+#include "layout/editor/content/CEditBatches.h"
+#include "layout/editor/content/CSceneContent.h"
+#include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/operations/CSelectionShape.h"
+#include "layout/editor/placing/CScenePlacing.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
@@ -140,12 +145,15 @@ void CEditorCommands::fillAppendMenu(QMenu &menu, QWidget *parent)
             backend.batches().tell(refused);
         return;
     }
-    const auto append = [this, port](const CAppendMenu::TypeInfo &type, const QSize &size) {
-        if (!type.key.isNull())
-            m_store.recentCabinets().noteType(type.key);
-        m_view.onNotifyAppendCabinet(type, port, size);
-    };
-    CAppendMenu(m_store, m_store.recentCabinets(), append, parent).fill(menu);
+    const auto chosen = [this, port](const TypeInfo &type, const QSize &size) { append(type, port, size); };
+    CAppendMenu(m_store, m_store.recentCabinets(), chosen, parent).fill(menu);
+}
+
+void CEditorCommands::append(const TypeInfo &type, int port, const QSize &size)
+{
+    if (!type.key.isNull())
+        m_store.recentCabinets().noteType(type.key);
+    m_view.onNotifyAppendCabinet(type, port, size);
 }
 
 bool CEditorCommands::highlight(const QList<Cabinet> &cabinets, CabinetHighlight kind, QWidget *parent)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/api/records/SSettings.h"
 #include "layout/editor/menus/IEditorCommands.h"
 #include "layout/plugin/CPrintCommand.h"
 #include "layout/settings/CCanvasCommands.h"
@@ -18,10 +19,14 @@ class CEditorCommands final : public IEditorCommands
     Q_DECLARE_TR_FUNCTIONS(CEditorCommands)
 
 public:
+    using TypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
+
     /// @p store and @p view must outlive the commands.
     CEditorCommands(CLayoutData &store, CLayoutGraphicsView &view);
 
     CCanvasCommands &canvas() { return m_canvas; }
+    /// Lets the user place cabinets of a type in a port; a null key: of a size without a type.
+    void append(const TypeInfo &type, int port, const QSize &size);
 
     void fillCurrentPort(QWidget *parent) override;
     void resetFills(QWidget *parent) override;

@@ -3,7 +3,11 @@
 #include "layout/plugin/CEditorMenus.h"
 
 #include "layout/api/access/IPortStates.h"
+#include "layout/editor/content/CSceneContent.h"
+#include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/items/CRefusal.h"
+#include "layout/editor/placing/CScenePlacing.h"
+#include "layout/editor/recording/CUndoRecorder.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CEditorToolBar.h"

@@ -4,6 +4,8 @@
 
 #include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
+#include "layout/editor/content/CEditBatches.h"
+#include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CFaultLine.h"
@@ -228,9 +230,7 @@ void CLayoutEditorPage::connectPorts()
     connect(m_ports, &CPortList::notifyPortsChosen, m_view, &View::onPortsChosen);
     connect(m_ports, &CPortList::notifyAppendCabinet, m_view,
             [this](int port, const QSize &size, const CPort::TypeInfo &type) {
-                if (!type.key.isNull())
-                    m_store.recentCabinets().noteType(type.key);
-                m_view->onNotifyAppendCabinet(type, port, size);
+                m_commands->append(type, port, size);
             });
     connect(m_ports, &CPortList::notifyShowCabinetInfo, m_view, &View::showCabinetInfo);
     connect(m_ports, &CPortList::notifyMarkupCustomCabinet, m_view, &View::markupCustomCabinet);

@@ -18,6 +18,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTemporaryDir>
@@ -345,6 +346,9 @@ private Q_SLOTS:
     void aNewProjectIsWhatWasAskedFor()
     {
         CNewProjectDialog dialog(CProcessorKinds::builtIn(), nullptr);
+        const auto *name = dialog.findChild<QLineEdit *>(
+            QStringLiteral("Name")); // typing takes the place of what is proposed
+        QVERIFY(!name->text().isEmpty() && name->selectedText() == name->text());
         auto *type = dialog.findChild<QComboBox *>(QStringLiteral("CabinetType"));
         type->setCurrentIndex(type->findText(QStringLiteral("Rental indoor P2.6 tall")));
         Q_EMIT type->activated(type->currentIndex()); // sets the size

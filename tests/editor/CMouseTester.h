@@ -5,10 +5,10 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
-#include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CEditorToolBar.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "tests/editor/CFixedPortStates.h"
+#include "tests/editor/SceneParts.h"
 #include "tests/editor/SmallWorlds.h"
 
 #include <QApplication>

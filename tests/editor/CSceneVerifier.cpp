@@ -7,8 +7,8 @@
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
-#include "layout/editor/scene/CSceneBackend.h"
 #include "layout/geometry/CCabinetRect.h"
+#include "tests/editor/SceneParts.h"
 
 #include <QSet>
 
@@ -88,6 +88,14 @@ QString faultOfOverview(const CGraphicsPortItem &port)
                : QStringLiteral("the overview of port %1 shows what was there before").arg(port.port());
 }
 
+QString faultOfWall(const CGraphicsPortItem &port)
+{
+    QRectF wall;
+    for (const CGraphicsCabinetItem *cabinet : port.cabinets(nullptr))
+        wall |= cabinet->mapRectToScene(cabinet->rect());
+    return wall == port.wall() ? QString() : QStringLiteral("port %1 tells another extent").arg(port.port());
+}
+
 QString faultOfLine(const CGraphicsConnectionItem &line)
 {
     return line.from()->outgoing() == &line && line.to()->incoming() == &line
@@ -142,9 +150,10 @@ QString CSceneVerifier::faultIn(const CCabinetGraphicsScene &scene)
             return fault;
         if (port->boundingRect() != port->childrenBoundingRect())
             return QStringLiteral("port %1 has other bounds than its children").arg(port->port());
-        const QString overviewFault = faultOfOverview(*port);
-        if (!overviewFault.isEmpty())
-            return overviewFault;
+        for (const QString &another : {faultOfOverview(*port), faultOfWall(*port)}) {
+            if (!another.isEmpty())
+                return another;
+        }
     }
     const QString fault = faultOfSelection(scene);
     return fault.isEmpty() ? faultOfItems(scene) : fault;

@@ -4,7 +4,7 @@
 
 #include "layout/editor/gestures/CSceneInput.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
-#include "layout/editor/scene/CSceneBackend.h"
+#include "tests/editor/SceneParts.h"
 
 /// The mouse of a scene without a view.
 struct SInstalledInput

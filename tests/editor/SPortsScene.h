@@ -3,8 +3,8 @@
 #pragma once
 
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
-#include "layout/editor/scene/CSceneBackend.h"
 #include "tests/editor/CFixedPortStates.h"
+#include "tests/editor/SceneParts.h"
 #include "tests/editor/SmallWorlds.h"
 
 /// A scene that shows some ports, without a view.

@@ -7,12 +7,12 @@
 #include "layout/editor/menus/CCanvasMenu.h"
 #include "layout/editor/menus/CClearTopology.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
-#include "layout/editor/scene/CSceneBackend.h"
 #include "layout/resources/LayoutResources.h"
 #include "tests/editor/CMouseTester.h"
 #include "tests/editor/CNotedCommands.h"
 #include "tests/editor/CSceneVerifier.h"
 #include "tests/editor/SPortsScene.h"
+#include "tests/editor/SceneParts.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
 

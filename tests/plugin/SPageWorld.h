@@ -5,10 +5,10 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
-#include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/panels/ports/CPortList.h"
 #include "layout/plugin/CLayoutEditorPage.h"
+#include "tests/editor/SceneParts.h"
 #include "tests/harness/SStoreWorld.h"
 
 /// The page with processor A, of three ports with four cabinets each, in a square.

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/api/records/EditRefusal.h"
 
+#include "layout/api/records/LayoutLimits.h"
+
 #include <QCoreApplication>
 
 QString EditRefusal::redundancy()
@@ -14,4 +16,13 @@ QString EditRefusal::of(bool locked, bool isRedundancy)
     if (isRedundancy)
         return redundancy();
     return locked ? QCoreApplication::translate("EditRefusal", "Editing is locked") : QString();
+}
+
+QString EditRefusal::fullPort(int held, int more)
+{
+    if (held + more <= LayoutLimits::CabinetsPerPort)
+        return {};
+    return QCoreApplication::translate("EditRefusal",
+                                       "The number of cabinet in a single output port can not be over %1.")
+        .arg(LayoutLimits::CabinetsPerPort);
 }

@@ -4,12 +4,15 @@
 
 #include <QString>
 
-/// Why the layout of a processor cannot be edited, for the user. Host and module give the same reasons.
+/// Why a layout cannot be edited, for the user. Host and module give the same reasons.
 namespace EditRefusal {
 
 /// The processor follows a primary, which unlocking does not change.
 QString redundancy();
-/// Empty if it can be edited. @p locked: the user has locked the editor; @p isRedundancy: see redundancy().
+/// Empty if a processor's layout can be edited. @p locked: the user has locked the editor; @p isRedundancy:
+/// see redundancy().
 QString of(bool locked, bool isRedundancy);
+/// Empty if a port that holds @p held cabinets can take @p more.
+QString fullPort(int held, int more = 1);
 
 } // namespace EditRefusal

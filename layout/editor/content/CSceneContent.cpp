@@ -221,6 +221,6 @@ QRect CSceneContent::wall() const
 {
     QRectF wall;
     for (const CGraphicsPortItem *item : m_ports)
-        wall |= item->bounds();
+        wall |= item->wall();
     return CCabinetRect::toRecord(wall);
 }

@@ -244,8 +244,20 @@ void CGraphicsPortItem::noteWiringChanged()
     noteChanged();
 }
 
+const QRectF &CGraphicsPortItem::wall() const
+{
+    if (!m_wall) {
+        QRectF wall;
+        for (const CGraphicsCabinetItem *cabinet : cabinets(nullptr))
+            wall |= cabinet->mapRectToScene(cabinet->rect());
+        m_wall = wall;
+    }
+    return *m_wall;
+}
+
 void CGraphicsPortItem::updateBounds()
 {
+    m_wall.reset();
     const QRectF bounds = childrenBoundingRect();
     if (bounds == m_bounds)
         return;

@@ -12,6 +12,8 @@
 #include <QBrush>
 #include <QGraphicsObject>
 
+#include <optional>
+
 class CGraphicsCabinetItem;
 class CGraphicsGroupItem;
 class CGraphicsItemBase;
@@ -35,6 +37,8 @@ public:
     QRectF boundingRect() const override;
     /// The area of its children, also while the port is skipped in drawing.
     const QRectF &bounds() const { return m_bounds; }
+    /// The area of its cabinets alone; wires may stick out of it.
+    const QRectF &wall() const;
     void paint(QPainter *, const QStyleOptionGraphicsItem *, QWidget *) override {}
 
     int port() const { return m_state.index; }
@@ -123,6 +127,7 @@ private:
     QBrush m_fill; // shared by all its cabinets
     bool m_marksCustom = false;
     QRectF m_bounds;
+    mutable std::optional<QRectF> m_wall; // not known after an edit, until somebody asks
     bool m_changeNoted = false;
     bool m_wiringNoted = false;
     CPortChain m_chain;

@@ -3,6 +3,7 @@
 #include "layout/editor/placing/CScenePlacing.h"
 
 #include "layout/api/access/IPortStates.h"
+#include "layout/api/records/EditRefusal.h"
 #include "layout/api/records/LayoutLimits.h"
 #include "layout/drawing/CGesturePainter.h"
 #include "layout/editor/content/CNeighbours.h"
@@ -58,14 +59,6 @@ CScenePlacing::CScenePlacing(CGraphicsScene &scene, IEditing &editing, const IPo
     , m_selection(selection)
     , m_recorder(recorder)
 {
-}
-
-QString CScenePlacing::refusal(int count, int more)
-{
-    if (count + more <= LayoutLimits::CabinetsPerPort)
-        return {};
-    return tr("The number of cabinet in a single output port can not be over %1.")
-        .arg(LayoutLimits::CabinetsPerPort);
 }
 
 void CScenePlacing::copy()
@@ -131,7 +124,7 @@ QString CScenePlacing::appendRefusal(int port) const
     const CGraphicsPortItem *item = m_content.portItem(port);
     if (!item)
         return tr("No output port is chosen.");
-    return item->isClosed() ? CRefusal::reason(item) : refusal(item->cabinets(nullptr).size(), 1);
+    return item->isClosed() ? CRefusal::reason(item) : EditRefusal::fullPort(item->cabinets(nullptr).size());
 }
 
 void CScenePlacing::beginAppend(const TypeInfo &type, int port, const QSize &size)
@@ -236,7 +229,7 @@ bool CScenePlacing::release(const QGraphicsSceneMouseEvent &event)
         return false;
     CGraphicsPortItem *port = m_content.portItem(pendingPort());
     if (port && !CRefusal::isTold(m_editing, port)) {
-        const QString refused = refusal(port->cabinets(nullptr).size(), m_cells.size());
+        const QString refused = EditRefusal::fullPort(port->cabinets(nullptr).size(), m_cells.size());
         if (refused.isEmpty())
             place(*port, recordOf(m_cells, *port), QStringLiteral("Append"));
         else

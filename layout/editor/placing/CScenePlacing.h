@@ -66,9 +66,6 @@ public:
     /// Draws the ghosts, the edges that they snap to, and their number.
     void paint(QPainter &painter) const;
 
-    /// The reason why @p more cabinets cannot be added to a port that holds @p count; empty if they can.
-    static QString refusal(int count, int more);
-
 private:
     int pendingPort() const;
     QRect ghostAt(const QPointF &scenePos) const;

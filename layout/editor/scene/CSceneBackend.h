@@ -2,23 +2,31 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/editor/content/CEditBatches.h"
-#include "layout/editor/content/CHighlights.h"
-#include "layout/editor/content/CLayoutFaults.h"
-#include "layout/editor/content/CSceneContent.h"
-#include "layout/editor/content/CSceneSelection.h"
-#include "layout/editor/content/CSelectionPicks.h"
 #include "layout/editor/items/IEditorScene.h"
-#include "layout/editor/operations/CGuardedUndo.h"
-#include "layout/editor/operations/CSceneOperations.h"
-#include "layout/editor/operations/CSelectionShape.h"
-#include "layout/editor/placing/CScenePlacing.h"
-#include "layout/editor/recording/CUndoRecorder.h"
-#include "layout/editor/scene/SInputTargets.h"
+#include "layout/editor/scene/ToolMode.h"
 
 #include <QSet>
 
+#include <functional>
+#include <memory>
+
+class CEditBatches;
+class CGraphicsScene;
+class CGuardedUndo;
+class CHighlights;
+class CLayoutFaults;
+class CPendingEdits;
+class CSceneContent;
+class CSceneOperations;
+class CScenePlacing;
+class CSceneSelection;
+class CSelectionPicks;
+class CSelectionShape;
+class CUndoRecorder;
+class IPortStates;
 class ISceneInput;
+struct SEditTargets;
+struct SInputTargets;
 
 /// The backend of a scene: owns the parts that hold items, selection and history and that carry out edits,
 /// and passes reports of items to them. Callers use the part that they need. GUI thread.
@@ -31,27 +39,24 @@ public:
     CSceneBackend(CGraphicsScene &scene, const IPortStates &states,
                   std::function<void(const CPendingEdits &)> finish,
                   std::function<void(const QString &)> tell, std::function<void()> faultsChanged);
+    ~CSceneBackend() override;
 
-    CSceneContent &content() { return m_content; }
-    const CSceneSelection &selection() const { return m_selection; }
-    CSelectionPicks &picks() { return m_picks; }
-    CEditBatches &batches() { return m_batches; }
-    CUndoRecorder &recorder() { return m_recorder; }
-    CGuardedUndo &history() { return m_history; }
-    CSceneOperations &operations() { return m_operations; }
-    CSelectionShape &shape() { return m_shape; }
-    CScenePlacing &placing() { return m_placing; }
-    CHighlights &highlights() { return m_highlights; }
-    CLayoutFaults &faults() { return m_faults; }
+    CSceneContent &content();
+    const CSceneSelection &selection() const;
+    CSelectionPicks &picks();
+    CEditBatches &batches();
+    CUndoRecorder &recorder();
+    CGuardedUndo &history();
+    CSceneOperations &operations();
+    CSelectionShape &shape();
+    CScenePlacing &placing();
+    CHighlights &highlights();
+    CLayoutFaults &faults();
     const IPortStates &states() const { return m_states; }
     /// What menus and keys need of these.
-    SEditTargets targets()
-    {
-        return {m_states, m_content, m_selection, m_picks, m_history, m_operations, m_placing};
-    }
-
+    SEditTargets targets();
     /// What the mouse needs of them.
-    SInputTargets inputTargets() { return {targets(), m_batches, m_recorder, m_highlights, m_toolModes}; }
+    SInputTargets inputTargets();
 
     /// Installs @p input, which handles mouse events; null: nobody does. The caller keeps ownership.
     void setInput(ISceneInput *input) { m_input = input; }
@@ -62,17 +67,19 @@ public:
     const QSet<ToolMode> &toolModes() const { return m_toolModes; }
 
     // IEditorScene
-    IItemIndex &items() override { return m_content; }
-    IEditing &editing() override { return m_batches; }
+    IItemIndex &items() override;
+    IEditing &editing() override;
     IItemNotes &notes() override { return *this; }
     IItemMouse *mouse() override;
 
 private:
-    void noteCabinetMoved(CGraphicsCabinetItem &cabinet) override { m_batches.noteCabinetMoved(cabinet); }
-    void noteMembersChanged(CGraphicsGroupItem &group) override { m_batches.noteMembersChanged(group); }
-    void notePortChanged(CGraphicsPortItem &port) override { m_batches.notePortChanged(port); }
-    void noteWiringChanged(CGraphicsPortItem &) override { m_batches.noteSelection(); }
-    void noteSelected(CGraphicsItemBase &item, bool selected) override { m_selection.note(item, selected); }
+    struct SParts;
+
+    void noteCabinetMoved(CGraphicsCabinetItem &cabinet) override;
+    void noteMembersChanged(CGraphicsGroupItem &group) override;
+    void notePortChanged(CGraphicsPortItem &port) override;
+    void noteWiringChanged(CGraphicsPortItem &port) override;
+    void noteSelected(CGraphicsItemBase &item, bool selected) override;
     void noteHighlighted(CGraphicsCabinetItem &cabinet, bool highlighted) override;
     void cancelGesture();
 
@@ -80,15 +87,5 @@ private:
     const IPortStates &m_states;
     ISceneInput *m_input = nullptr;
     QSet<ToolMode> m_toolModes;
-    CSceneContent m_content;
-    CEditBatches m_batches;
-    CSceneSelection m_selection;
-    CSelectionPicks m_picks;
-    CUndoRecorder m_recorder;
-    CGuardedUndo m_history;
-    CSceneOperations m_operations;
-    CSelectionShape m_shape;
-    CScenePlacing m_placing;
-    CHighlights m_highlights;
-    CLayoutFaults m_faults;
+    const std::unique_ptr<SParts> m_parts;
 };

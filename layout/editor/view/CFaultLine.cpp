@@ -3,6 +3,10 @@
 #include "layout/editor/view/CFaultLine.h"
 
 #include "layout/drawing/LayoutColors.h"
+#include "layout/editor/content/CEditBatches.h"
+#include "layout/editor/content/CLayoutFaults.h"
+#include "layout/editor/content/CSceneSelection.h"
+#include "layout/editor/content/CSelectionPicks.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"

@@ -4,15 +4,25 @@
 
 #include "layout/api/access/IPortStates.h"
 #include "layout/api/records/EditRefusal.h"
+#include "layout/editor/content/CEditBatches.h"
+#include "layout/editor/content/CHighlights.h"
+#include "layout/editor/content/CSceneContent.h"
+#include "layout/editor/content/CSceneSelection.h"
+#include "layout/editor/content/CSelectionPicks.h"
 #include "layout/editor/gestures/CSceneInput.h"
 #include "layout/editor/items/CFarPorts.h"
-#include "layout/editor/menus/CClearTopology.h"
 #include "layout/editor/menus/IEditorCommands.h"
+#include "layout/editor/operations/CGuardedUndo.h"
+#include "layout/editor/operations/CSelectionShape.h"
+#include "layout/editor/placing/CScenePlacing.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
+#include "layout/editor/scene/SEditTargets.h"
+#include "layout/editor/scene/SInputTargets.h"
 #include "layout/editor/view/CCanvasKeys.h"
 #include "layout/editor/view/CEditorToolBar.h"
 #include "layout/editor/view/CStatusWords.h"
+#include "layout/editor/view/CToolCommands.h"
 #include "layout/editor/view/CToolModes.h"
 #include "platform/graphics/CAerialView.h"
 
@@ -170,31 +180,7 @@ void CLayoutGraphicsView::setBlocked(bool byController, bool asBackup)
 
 void CLayoutGraphicsView::onToolButtonClicked(int id)
 {
-    switch (id) { // modes act when toggled
-    case Bar::Undo:
-        m_scene->undo(this);
-        break;
-    case Bar::Redo:
-        m_scene->redo(this);
-        break;
-    case Bar::TypeLibrary:
-        if (m_commands)
-            m_commands->openTypeLibrary(this);
-        break;
-    case Bar::Print:
-        if (m_commands)
-            m_commands->print(this);
-        break;
-    case Bar::ClearTopology:
-        clearTopology();
-        break;
-    case Bar::Group:
-        m_scene->backend().operations().group();
-        break;
-    case Bar::Ungroup:
-        m_scene->backend().operations().ungroup();
-        break;
-    }
+    CToolCommands::carryOut(id, *this, *m_scene, m_commands);
 }
 
 void CLayoutGraphicsView::onToolButtonToggled(int id, bool checked)
@@ -216,15 +202,6 @@ QString CLayoutGraphicsView::hint() const
     if (m_shown.processor().isNull())
         return {};
     return CToolModes::hint(*m_toolBar, m_scene->backend().placing().isAppending());
-}
-
-void CLayoutGraphicsView::clearTopology()
-{
-    if (m_scene->selection().isEmpty())
-        CClearTopology::ask(this, m_scene->backend().content(), m_scene->backend().operations(),
-                            m_scene->backend().states().currentPort());
-    else
-        m_scene->breakSelectedWiring();
 }
 
 void CLayoutGraphicsView::onTopologyButtonClicked(int pattern)

@@ -121,7 +121,6 @@ private:
     void connectScene();
     bool isBlocked() const { return m_blocked || m_backup; }
     void setBlocked(bool byController, bool asBackup);
-    void clearTopology();
     void pressEditKey(QKeyEvent &event, EditKind kind);
     void openAppendMenu(const QPoint &globalPos);
     void highlight();

@@ -2,8 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/view/CShownLayout.h"
 
+#include "layout/editor/content/CEditBatches.h"
+#include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/placing/CScenePlacing.h"
+#include "layout/editor/recording/CUndoRecorder.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
 

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/view/CToolModes.h"
 
+#include "layout/editor/content/CHighlights.h"
+#include "layout/editor/placing/CScenePlacing.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/scene/ToolMode.h"

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/panels/ports/CPort.h"
 
-#include "layout/api/records/LayoutLimits.h"
+#include "layout/api/records/EditRefusal.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/panels/ports/CAppendMenu.h"
 #include "layout/panels/ports/CPortFill.h"
@@ -88,9 +88,9 @@ void CPort::openAppendMenu()
 {
     if (!isEnabled() || m_face.locked || m_face.redundant)
         return;
-    if (m_store.port(port()).cabinetCount() >= LayoutLimits::CabinetsPerPort) {
-        CMessageBox::warning(window(),
-                             tr("The number of cabinet in a single output port can not be over 1024."));
+    const QString full = EditRefusal::fullPort(m_store.port(port()).cabinetCount());
+    if (!full.isEmpty()) {
+        CMessageBox::warning(window(), full);
         return;
     }
     auto *menu = new QMenu(this);
