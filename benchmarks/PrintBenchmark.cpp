@@ -110,7 +110,7 @@ void Benchmarks::measurePrint()
     const SPrintInput input = stadium();
     const PrintConfig config = settings();
     QVector<SPlainSheet> plain;
-    const QVector<SSheet> sheets = CSheetSet::of(SPrintPlan::of(input, {config, {}})).value();
+    const QVector<SSheet> sheets = CSheetSet::of(SPrintPlan::of(input, {config, {}, {}})).value();
     for (const SSheet &sheet : sheets) {
         plain << SPlainSheet();
         for (const SSheetMark &mark : sheet.marks)
@@ -118,14 +118,14 @@ void Benchmarks::measurePrint()
     }
     SWork work;
     work.run = [&] {
-        const auto made = CSheetSet::of(SPrintPlan::of(input, {config, {}}));
+        const auto made = CSheetSet::of(SPrintPlan::of(input, {config, {}, {}}));
         if (!made || SheetFiles::pdf(made.value(), QString(), config.date).isEmpty())
             qFatal("no sheets");
     };
     SWork reference;
     reference.run = [&plain] { drawPlainly(plain); };
     const SMedians medians = Figures::compare(PrintRepetitions, work, reference);
-    const int cabinets = SPrintPlan::of(input, {config, {}}).totals.cabinets;
+    const int cabinets = SPrintPlan::of(input, {config, {}, {}}).totals.cabinets;
     Figures::print({"B15 PDF of all sheets of a wall", cabinets, medians.work, "plain painter on a PDF",
                     medians.reference});
 }

@@ -124,6 +124,10 @@ void CMainWindow::connectActions()
         if (CSettingsDialog(m_settings, this).exec() == QDialog::Accepted)
             m_recovery->applyHistory();
     });
+    connect(m_actions.print, &QAction::triggered, this, [this] {
+        if (ILayoutInterface *layout = m_module->layoutModule())
+            layout->print(*this);
+    });
     connect(m_actions.closeProject, &QAction::triggered, this, [=] { m_projects->close(selected()); });
     connect(m_actions.quit, &QAction::triggered, this, &QWidget::close);
     connect(m_actions.recover, &QAction::triggered, m_recovery.get(), &CRecoveryCommands::offer);

@@ -74,6 +74,8 @@ void SMainActions::createActions(QMainWindow &window)
                    tr("Save the selected processor or project to another file"));
     exportLayout = makeAction(window, tr("&Export layout..."), {},
                               tr("Write a picture or a list of the cabinets to a file"));
+    print = makeAction(window, tr("&Print..."), QKeySequence::Print,
+                       tr("Look at the wiring plan, print it or save it as a PDF"));
     closeProject =
         makeAction(window, tr("&Close project"), QKeySequence::Close, tr("Close the selected project"));
     restoreVersion = makeAction(window, tr("Restore ea&rlier version..."), {},
@@ -108,6 +110,7 @@ void SMainActions::buildFileMenu(QMainWindow &window)
     menu->addAction(saveProject);
     menu->addAction(saveProjectAs);
     menu->addAction(exportLayout);
+    menu->addAction(print);
     menu->addAction(restoreVersion);
     menu->addAction(recover);
     menu->addAction(closeProject);

@@ -21,6 +21,7 @@ public:
     QAction *saveProject = nullptr;
     QAction *saveProjectAs = nullptr;
     QAction *exportLayout = nullptr;
+    QAction *print = nullptr;
     QAction *closeProject = nullptr;
     QAction *restoreVersion = nullptr;
     QAction *settings = nullptr;

@@ -80,6 +80,7 @@ public:
     void recordEdit(const SEditRecord &record) override;
     SEditHistory editHistory(const QUuid &processor) const override;
     PrintConfig printSettings(const QUuid &processor) const override;
+    bool setPrintSettings(const QUuid &processor, const PrintConfig &settings) override;
     QString writeFile(const QString &file, const QByteArray &content) override;
     bool exportPortMapping(const QUuid &processor, int port, const QString &file) override;
     bool importPortMapping(const QUuid &processor, int port, const QString &file,

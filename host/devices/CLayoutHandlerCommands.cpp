@@ -80,6 +80,18 @@ PrintConfig CLayoutHandler::printSettings(const QUuid &processor) const
     return known(processor).print;
 }
 
+bool CLayoutHandler::setPrintSettings(const QUuid &processor, const PrintConfig &settings)
+{
+    bool project = false;
+    m_services.table().change(processor, [&](SDevice &device) {
+        project = device.project;
+        if (project)
+            device.print = settings.kept();
+    });
+    m_services.announcer().announceState();
+    return project;
+}
+
 QString CLayoutHandler::writeFile(const QString &file, const QByteArray &content)
 {
     return CSafeFile::write(file, content, CSafeFile::DropPrevious).error();

@@ -238,6 +238,7 @@ CProjectShelf::Opened CProjectShelf::put(const SProcessorProject &project, const
     takeSettings(device.settings, project, device.node.uuid);
     device.savedSettings = device.settings;
     device.print = project.print;
+    device.savedPrint = project.print;
     device.takeLayout(project.layout);
     device.takeSaved(saved);
     m_table.put(device);
@@ -279,6 +280,8 @@ SProcessorProject CProjectShelf::projectOf(const SDevice &device)
     project.colorDepth = device.settings.colorDepth;
     project.background = device.settings.background;
     project.print = device.print;
+    if (device.node.address != 0)
+        project.print.address = device.node.addressText();
     project.layout = device.working.layout();
     project.layout.processor = device.node.uuid;
     return project;
@@ -334,6 +337,7 @@ CStatus CProjectShelf::write(const QUuid &processor, const QString &file, const 
         known.readOnly.clear();
         known.node.name = device->node.name;
         known.savedSettings = device->settings;
+        known.savedPrint = device->print;
     });
     m_table.changeLayout(processor, [&project](SDevice &known) { known.takeSaved(project.layout); });
     m_services.takeMirrors(processor, project.layout, mirrors);

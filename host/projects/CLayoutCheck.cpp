@@ -50,9 +50,11 @@ qint64 checkLoad(const Port &port, int cabinetCount, const SLayoutLimits &limits
                                                           .arg(cabinetCount)
                                                           .arg(LayoutLimits::CabinetsPerPort));
     const SPortLoad load = limits.portLoad ? limits.portLoad(port) : SPortLoad();
-    if (load.percent > 100)
+    const bool ofPort = load.limit != SPortLoad::ProcessorPixels;
+    if (load.percent > 100 && (ofPort || load.pixels > load.capacity))
         findings.add(SLayoutFinding::PortOverCapacity,
-                     CLayoutCheck::tr("overloaded, %1 % of what the port can carry. %2.")
+                     (ofPort ? CLayoutCheck::tr("overloaded, %1 % of what the port can carry. %2.")
+                             : CLayoutCheck::tr("overloaded, %1 %. %2."))
                          .arg(load.percent)
                          .arg(LoadSum::sentences(load).join(QStringLiteral(". "))));
     return port.redundancy == Port::Redundant ? 0 : load.pixels;

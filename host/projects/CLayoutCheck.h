@@ -38,7 +38,7 @@ struct SLayoutFinding
 /// What a layout is checked against; defaults are not checked.
 struct SLayoutLimits
 {
-    std::function<SPortLoad(const CabinetLayout::CabinetPort &)> portLoad; ///< of a port for itself
+    std::function<SPortLoad(const CabinetLayout::CabinetPort &)> portLoad;
     qint64 processorPixels =
         0;             ///< largest number of pixels that the processor can drive, by portLoad; 0: no limit
     int portCount = 0; ///< output ports in use; 0: any

@@ -6,6 +6,7 @@
 
 class QMenu;
 class QUuid;
+class QWidget;
 
 /// What the host calls on the Layout module. GUI thread only.
 class ILayoutInterface : public IAbstractControlInterface
@@ -18,6 +19,9 @@ public:
     /// keys of the editor, but do not make them work. They need the module as long as they live.
     virtual void fillEditMenu(QMenu &menu) = 0;
     virtual void fillViewMenu(QMenu &menu) = 0;
+
+    /// Opens the print dialog, with @p parent as its window.
+    virtual void print(QWidget &parent) = 0;
 
     /// Hands pending edits over to the host before returning.
     virtual void flush() = 0;

@@ -236,8 +236,11 @@ public:
     virtual SEditHistory editHistory(const QUuid &processor) const = 0;
 
     // Printing.
-    /// The settings of plans that the processor's project keeps; the usual ones if it keeps none.
+    /// The settings of plans that were kept for the processor; the usual ones if there are none.
     virtual PrintConfig printSettings(const QUuid &processor) const = 0;
+    /// Lets the processor's project keep the settings, without processor and date, which modifies it if they
+    /// are others than before. Returns false if it has none: then nothing is kept.
+    virtual bool setPrintSettings(const QUuid &processor, const PrintConfig &settings) = 0;
     /// Writes a file, whole or not at all. Returns why it failed, as text for the user; empty: it did not.
     virtual QString writeFile(const QString &file, const QByteArray &content) = 0;
 

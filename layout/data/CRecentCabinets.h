@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/api/access/ModuleSettings.h"
 #include "layout/api/records/SMD5.h"
 
-#include <QSettings>
 #include <QSize>
 #include <QVector>
 
@@ -22,5 +22,5 @@ public:
     void setCustomSize(const QSize &size);
 
 private:
-    QSettings m_settings{QStringLiteral("Velmarinth"), QStringLiteral("Orvo")};
+    QSettings m_settings = ModuleSettings::open();
 };

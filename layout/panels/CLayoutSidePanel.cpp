@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/panels/CLayoutSidePanel.h"
 
+#include "layout/api/access/ModuleSettings.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/panels/CBackupLabel.h"
 #include "layout/panels/CCabinetGemometryLabel.h"
@@ -11,14 +12,7 @@
 #include "layout/panels/CTopologyLabel.h"
 #include "layout/resources/LayoutResources.h"
 
-#include <QSettings>
-
 namespace {
-
-QSettings settings()
-{
-    return QSettings(QStringLiteral("Velmarinth"), QStringLiteral("Orvo"));
-}
 
 /// The units that the user has opened or folded; others are as they are at first.
 QString changedKey(bool foldedAtFirst)
@@ -28,17 +22,17 @@ QString changedKey(bool foldedAtFirst)
 
 bool isChanged(const QString &name, bool foldedAtFirst)
 {
-    return settings().value(changedKey(foldedAtFirst)).toStringList().contains(name);
+    return ModuleSettings::open().value(changedKey(foldedAtFirst)).toStringList().contains(name);
 }
 
 /// Keeps for the next run whether the unit @p name is folded.
 void keepFolded(const QString &name, bool folded, bool foldedAtFirst)
 {
-    QStringList names = settings().value(changedKey(foldedAtFirst)).toStringList();
+    QStringList names = ModuleSettings::open().value(changedKey(foldedAtFirst)).toStringList();
     names.removeAll(name);
     if (folded != foldedAtFirst)
         names << name;
-    settings().setValue(changedKey(foldedAtFirst), names);
+    ModuleSettings::open().setValue(changedKey(foldedAtFirst), names);
 }
 
 } // namespace

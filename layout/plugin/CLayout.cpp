@@ -7,6 +7,7 @@
 #include "layout/panels/CLayoutSidePanel.h"
 #include "layout/plugin/CLayoutEditorPage.h"
 #include "layout/plugin/CMappingCommands.h"
+#include "layout/plugin/CPrintCommand.h"
 #include "layout/plugin/CProcessorCommands.h"
 #include "layout/plugin/CProcessorMenu.h"
 #include "layout/plugin/SelectionRules.h"
@@ -116,6 +117,11 @@ void CLayout::fillViewMenu(QMenu &menu)
     history->setCheckable(true);
     history->setChecked(m_sidePanel->isHistoryShown());
     connect(history, &QAction::toggled, m_sidePanel.data(), &CLayoutSidePanel::setHistoryShown);
+}
+
+void CLayout::print(QWidget &parent)
+{
+    CPrintCommand::run(&parent);
 }
 
 void CLayout::flush()

@@ -50,6 +50,7 @@ public:
     void fillProcessorMenu(QMenu &menu, const QUuid &processor) override;
     void fillEditMenu(QMenu &menu) override;
     void fillViewMenu(QMenu &menu) override;
+    void print(QWidget &parent) override;
     void flush() override;
     void setEditingBlocked(bool blocked) override;
     bool isEditingBlocked() const override { return m_editingBlocked; }

@@ -50,7 +50,7 @@ SPrintInput CPrintCommand::input()
         if (hasCabinets(data.layout))
             input.processors << printed(node, data);
     }
-    input.takeTypes(CHostAccess::call<&Host::typeLibrary>());
+    input.library = CHostAccess::call<&Host::typeLibrary>();
     return input;
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CViewPortPanel.h"
 
+#include "layout/api/access/ModuleSettings.h"
 #include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
@@ -14,7 +15,6 @@
 #include "platform/widgets/CTranslatingAnimation.h"
 
 #include <QEvent>
-#include <QSettings>
 #include <QSplitter>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -26,11 +26,6 @@ constexpr int CollapseLocation = 4; // of a tool widget
 constexpr int HeightForTwoRows = 600;
 constexpr int UsualRows = 2;
 constexpr int AreaMargin = 16; // around an area that is brought into view, screen pixels
-
-QSettings settings()
-{
-    return QSettings(QStringLiteral("Velmarinth"), QStringLiteral("Orvo"));
-}
 
 QString stateKey()
 {
@@ -200,13 +195,13 @@ void CViewPortPanel::onNotifySaveMappingSuccessed()
 void CViewPortPanel::saveState() const
 {
     if (m_restored && !m_low && !m_collapse->isChecked())
-        settings().setValue(stateKey(), m_splitter->saveState());
+        ModuleSettings::open().setValue(stateKey(), m_splitter->saveState());
 }
 
 void CViewPortPanel::restoreState()
 {
     const int usual = m_ports.heightOfRows(UsualRows);
-    if (m_splitter->restoreState(settings().value(stateKey()).toByteArray()))
+    if (m_splitter->restoreState(ModuleSettings::open().value(stateKey()).toByteArray()))
         m_splitter->setHandleWidth(0);
     else
         m_splitter->setSizes({height() - usual, usual});
@@ -214,7 +209,7 @@ void CViewPortPanel::restoreState()
     m_listHeight = list > 0 ? list : usual;
     m_restored = true;
     fitList();
-    if (settings().value(foldedKey()).toBool()) {
+    if (ModuleSettings::open().value(foldedKey()).toBool()) {
         m_ports.hide(); // at once: nothing was seen of it yet
         m_collapse->setChecked(true);
     }
@@ -256,7 +251,7 @@ void CViewPortPanel::onCollapseToggled(bool collapsed)
         m_slide->moveOut();
     else
         m_slide->moveIn();
-    settings().setValue(foldedKey(), collapsed);
+    ModuleSettings::open().setValue(foldedKey(), collapsed);
     showToolTip();
 }
 

@@ -34,6 +34,10 @@ public:
     Library library;
     QMap<QUuid, SBackgroundInfo> backgrounds;
     ProcessorBoundingRects rects;
+    QMap<QUuid, PrintConfig> prints; ///< setPrintSettings() replaces them
+    bool printsInProjects = true;
+    QMap<QString, QByteArray> files; ///< written, by name
+    QString fileFailure;             ///< why none is
     QList<QPair<QUuid, QUuid>> redundancies;
     QList<SPortPair> portPairs;
     QHash<SPortKey, QString> portRefusals;
@@ -146,11 +150,19 @@ public:
         records << record;
     }
     SEditHistory editHistory(const QUuid &key) const override { return given(__func__, histories, key); }
-    PrintConfig printSettings(const QUuid &) const override { return {}; }
-    QString writeFile(const QString &file, const QByteArray &) override
+    PrintConfig printSettings(const QUuid &key) const override { return given(__func__, prints, key); }
+    bool setPrintSettings(const QUuid &key, const PrintConfig &settings) override
     {
-        note(__func__, file);
-        return {};
+        const auto lock = note(__func__, key);
+        prints[key] = settings;
+        return printsInProjects;
+    }
+    QString writeFile(const QString &file, const QByteArray &content) override
+    {
+        const auto lock = note(__func__, file);
+        if (fileFailure.isEmpty())
+            files[file] = content;
+        return fileFailure;
     }
     bool exportPortMapping(const QUuid &, int port, const QString &file) override
     {

@@ -8,6 +8,9 @@
 #include "layout/printing/lists/CSheetSet.h"
 #include "layout/printing/output/CSheetPrinter.h"
 #include "layout/printing/output/CSheetWriter.h"
+#include "tests/harness/CFakeHost.h"
+#include "tests/harness/CFileDialogAnswerer.h"
+#include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
 #include "tests/projects/ProjectSamples.h"
 
@@ -16,8 +19,13 @@
 #include <QComboBox>
 #include <QListWidget>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <QPushButton>
+#include <QSemaphore>
+#include <QSignalSpy>
 #include <QSpinBox>
+
+#include <thread>
 
 namespace {
 
@@ -36,7 +44,7 @@ QVector<SSheet> someSheets(int kinds)
     config.date = QDate(2026, 5, 4);
     config.sheets = kinds;
     const auto input = CSheetExport::inputOf({ProjectSamples::ofWall(CWallBuilder::Small)});
-    return CSheetSet::of(SPrintPlan::of(input, {config, {}})).value();
+    return CSheetSet::of(SPrintPlan::of(input, {config, {}, {}})).value();
 }
 
 template <typename Widget>
@@ -110,18 +118,101 @@ private Q_SLOTS:
         QCOMPARE(job.of(first).paper, PrintConfig::A2);
     }
 
-    /// What a project brings along holds until the dialog has remembered something else.
-    void takesTheSettingsOfAProject()
+    /// What a project keeps holds each time, and is kept again only if the user changes it.
+    void keepsSettingsInProjects()
     {
+        CFakeHost host;
         const SPrintInput input = twoWalls();
-        const QUuid first = input.processors.first().node.uuid;
+        const QUuid first = input.processors[0].node.uuid;
+        const QUuid second = input.processors[1].node.uuid;
         PrintConfig kept;
         kept.paper = PrintConfig::A1;
-        CPrintDialog(input, {first}, {{first, kept}}, nullptr).reject();
-        QCOMPARE(PrintMemory::load().of(first).paper, PrintConfig::A1);
-        kept.paper = PrintConfig::A0;
-        CPrintDialog(input, {first}, {{first, kept}}, nullptr).reject();
-        QCOMPARE(PrintMemory::load().of(first).paper, PrintConfig::A1);
+        kept.address = QStringLiteral("10.0.0.7");
+        host.answers()->prints[first] = kept;
+        CPrintDialog(input, {first}, host.answers()->prints, nullptr).reject();
+        QVERIFY(host.answers()->count(QStringLiteral("setPrintSettings")) == 0);
+        for (const PrintConfig::Paper paper : {PrintConfig::A2, PrintConfig::A0}) {
+            CPrintDialog dialog(input, {first}, host.answers()->prints, nullptr);
+            auto *choice = dialog.findChild<CPrintSettings *>()->findChild<QComboBox *>();
+            QCOMPARE(choice->currentIndex(), int(host.answers()->prints.value(first).paper));
+            choice->setCurrentIndex(paper);
+            dialog.reject();
+            QCOMPARE(host.answers()->prints.value(first).paper, paper);
+            QCOMPARE(host.answers()->prints.value(first).address, kept.address);
+        }
+        QVERIFY(!host.answers()->prints.contains(second)); // was not printed
+        QCOMPARE(PrintMemory::load().own.size(), 0);
+        host.answers()->printsInProjects = false;
+        {
+            CPrintDialog dialog(input, {first, second}, {}, nullptr);
+            dialog.findChild<CPrintSettings *>()->findChild<QComboBox *>()->setCurrentIndex(
+                PrintConfig::Letter);
+            dialog.reject();
+        }
+        QCOMPARE(PrintMemory::load().of(second).paper, PrintConfig::Letter);
+    }
+
+    void savesUnderAnyName()
+    {
+        CFakeHost host;
+        const SPrintInput input = twoWalls();
+        CPrintDialog dialog(input, {input.processors[1].node.uuid}, {}, nullptr);
+        auto *save = found<QPushButton>(dialog, QStringLiteral("Save as…"));
+        QTRY_VERIFY(save->isEnabled());
+        const QTemporaryDir folder;
+        const auto saved = [&](const QString &name) {
+            const CFileDialogAnswerer user(name.isEmpty() ? name : folder.filePath(name));
+            save->click();
+        };
+        saved({});
+        QVERIFY(save->isEnabled() && host.answers()->files.isEmpty());
+        saved(QStringLiteral("plan"));
+        QTRY_VERIFY(save->isEnabled());
+        QVERIFY(host.answers()->files.value(folder.filePath(QStringLiteral("plan.pdf"))).startsWith("%PDF"));
+        saved(QStringLiteral("list.CSV"));
+        QTRY_VERIFY(save->isEnabled());
+        QCOMPARE(host.answers()->files.value(folder.filePath(QStringLiteral("list.CSV"))).count('\n'), 49);
+        host.answers()->fileFailure = QStringLiteral("The disk is full.");
+        CMessageBoxAnswerer user({QStringLiteral("OK")});
+        saved(QStringLiteral("plan.svg"));
+        QTRY_COMPARE(user.boxes().size(), 1);
+        QCOMPARE(user.boxes().first().details, QStringLiteral("The disk is full."));
+        QTRY_VERIFY(save->isEnabled());
+        if (QPrinterInfo::availablePrinters().isEmpty()) {
+            CMessageBoxAnswerer reader({QStringLiteral("OK")});
+            found<QPushButton>(dialog, QStringLiteral("Print…"))->click();
+            QCOMPARE(reader.texts(), QStringList(QStringLiteral("There is no printer.")));
+        }
+    }
+
+    /// Whoever cancels or closes waits for no more than the sheet in work.
+    void stopsWritingWhenCancelled()
+    {
+        QSemaphore begun;
+        const auto endless = [&begun](const SheetFiles::Progress &progress) {
+            begun.release();
+            while (progress(1))
+                std::this_thread::yield();
+            return CResult<QStringList>(QStringList());
+        };
+        {
+            CSheetWork work;
+            QSignalSpy written(&work, &CSheetWork::notifyWritten);
+            work.run(endless);
+            begun.acquire();
+            work.cancel();
+            QTRY_COMPARE(written.size(), 1);
+            QCOMPARE(written[0][0].toStringList(), QStringList());
+            work.run(endless);
+            begun.acquire();
+        } // closed while it writes
+        const QTemporaryDir folder;
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setOutputFileName(folder.filePath(QStringLiteral("out.pdf")));
+        QVERIFY(CSheetPrinter::print(someSheets(PrintConfig::PortSheets), printer,
+                                     [](int sheet) { return sheet < 3; }));
+        QCOMPARE(printer.printerState(), QPrinter::Aborted);
+        QVERIFY(!QFile::exists(printer.outputFileName()));
     }
 
     void writesPicturesOneByOneAndStopsAtAFailure()

@@ -1,9 +1,12 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "host/app/commands/CCheckCommand.h"
 #include "host/app/commands/CSheetExport.h"
+#include "host/devices/services/SDevice.h"
 #include "host/devices/simulated/CPortCapacity.h"
 #include "host/devices/simulated/CProcessorKinds.h"
 #include "host/library/CTypeLibrary.h"
+#include "host/projects/CLayoutCheck.h"
 #include "layout/api/records/PortPairs.h"
 #include "layout/printing/figures/CMillimetreAxis.h"
 #include "layout/printing/figures/CableRoutes.h"
@@ -19,7 +22,7 @@ using Port = CabinetLayout::CabinetPort;
 
 SPrintPlan planOf(const SProcessorProject &project, const PrintConfig &config = {})
 {
-    return SPrintPlan::of(CSheetExport::inputOf({project}), {config, {}});
+    return SPrintPlan::of(CSheetExport::inputOf({project}), {config, {}, {}});
 }
 
 PrintConfig looped()
@@ -82,6 +85,41 @@ private Q_SLOTS:
         QCOMPARE(printed.pixels, project.layout.boundingRect());
         const SWallPlan built = CWallBuilder::plan(CWallBuilder::Wall(wall));
         QCOMPARE(QSize(printed.columns, printed.rows), QSize(built.columns, built.rows));
+    }
+
+    /// Canvas and port list, sheets and check tell the same load, also of ports that repeat others.
+    void tellsOneLoad_data() { countsLikeTheLayout_data(); }
+    void tellsOneLoad()
+    {
+        QFETCH(int, wall);
+        for (bool paired : {false, true}) {
+            SProcessorProject project = ProjectSamples::ofWall(CWallBuilder::Wall(wall));
+            SDevice device;
+            device.kind = *CProcessorKinds::builtIn().withPorts(project.portCount + 1);
+            device.node.uuid = project.layout.processor;
+            if (paired) { // one more port repeats the first one
+                Port backup;
+                backup.index = project.portCount++;
+                backup.redundancy = Port::Redundant;
+                backup.redundancyPort = 0;
+                backup.mirrored = project.layout.ports.first().getAllCabinets();
+                project.layout.ports.first().redundancy = Port::Primary;
+                project.layout.ports.first().redundancyPort = backup.index;
+                project.layout.ports << backup;
+            }
+            project.kind = device.kind.id;
+            device.settings.portCount = project.portCount;
+            device.takeLayout(project.layout);
+            const SPlanProcessor printed = planOf(project).processors.first();
+            const SLayoutLimits limits = CCheckCommand::limitsOf(project);
+            for (const Port &port : project.layout.ports) {
+                const int load = device.portLoad(port, port.index).percent;
+                QCOMPARE(printed.port(port.index)->load, load);
+                QCOMPARE(limits.portLoad(port).percent, load);
+            }
+            if (paired)
+                QCOMPARE(printed.ports.last().load, printed.ports.first().load);
+        }
     }
 
     void measuresCables()

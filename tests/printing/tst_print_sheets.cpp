@@ -35,7 +35,7 @@ PrintConfig configOf(PrintConfig::Paper paper, bool landscape = true)
 
 QVector<SSheet> sheetsOf(const PrintConfig &config, const QVector<SProcessorProject> &projects)
 {
-    const auto sheets = CSheetSet::of(SPrintPlan::of(CSheetExport::inputOf(projects), {config, {}}));
+    const auto sheets = CSheetSet::of(SPrintPlan::of(CSheetExport::inputOf(projects), {config, {}, {}}));
     return sheets ? sheets.value() : QVector<SSheet>();
 }
 
@@ -237,7 +237,7 @@ private Q_SLOTS:
         PrintConfig config = configOf(PrintConfig::CustomPaper);
         config.customPaper = SSheetArea::least(config) - QSizeF(2, 0);
         const auto input = CSheetExport::inputOf({ProjectSamples::ofWall(CWallBuilder::Small)});
-        const auto refused = CSheetSet::of(SPrintPlan::of(input, {config, {}}));
+        const auto refused = CSheetSet::of(SPrintPlan::of(input, {config, {}, {}}));
         QVERIFY(!refused && refused.error().contains(QStringLiteral("too small")));
     }
 

@@ -28,6 +28,7 @@ namespace {
 PrintConfig printSettings()
 {
     PrintConfig config;
+    config.address = QStringLiteral("192.168.10.31");
     config.project = QStringLiteral("S\u00fcdkurve");
     config.venue = QStringLiteral("Pier 3");
     config.designer = QStringLiteral("H. Weber");

@@ -169,12 +169,14 @@ private Q_SLOTS:
         QCOMPARE(runHere({QStringLiteral("export"), path("table.sprj"), path("table.csv")}).status, 0);
         const QList<QByteArray> lines = ProjectSamples::contentOf(path("table.csv")).split('\n');
         QCOMPARE(lines.size(), 10);
-        QCOMPARE(lines.at(0), QByteArray("port,rank,uuid,x,y,width,height,type,group\r"));
+        QCOMPARE(
+            lines.at(0),
+            QByteArray("port,rank,uuid,x,y,width,height,type,group,number,row,column,x_mm,y_mm,processor\r"));
         const auto uuid = [&project](int port, int index) {
             return project.layout.ports[port].groups[0].cabinets[index].uuid.toByteArray(
                 QUuid::WithoutBraces);
         };
-        QCOMPARE(lines.at(1), "1,0," + uuid(0, 0) + ",0,0,64,32,,\r");
+        QCOMPARE(lines.at(1), "1,0," + uuid(0, 0) + ",0,0,64,32,,,1,1,1,0,0,table\r");
         QCOMPARE(lines.at(5),
                  "2,1," + uuid(1, 1) + ",192,0,64,32,Rental indoor P2.6,\"B\u00fchne, \"\"links\"\"\"\r");
         QCOMPARE(lines.at(8), "2,," + uuid(1, 0) + ",128,0,64,32,,\"B\u00fchne, \"\"links\"\"\"\r");

@@ -11,10 +11,7 @@
 
 #include <QTextStream>
 
-namespace {
-
-/// The limits of the project's processor kind; for an unknown kind, those of the smallest kind that fits.
-SLayoutLimits limitsOf(const SProcessorProject &project)
+SLayoutLimits CCheckCommand::limitsOf(const SProcessorProject &project)
 {
     const CProcessorKinds &kinds = CProcessorKinds::builtIn();
     const SProcessorKind *kind = kinds.find(project.kind);
@@ -25,15 +22,11 @@ SLayoutLimits limitsOf(const SProcessorProject &project)
     if (!kind)
         return limits;
     limits.processorPixels = kind->pixelLimit;
-    const CPortCapacity::SSignal signal{project.frameRate, project.colorDepth, false};
-    limits.portLoad = [kind, signal](const CabinetLayout::CabinetPort &port) {
-        const qint64 used = CPortCapacity::charged(kind->generation, CPortCapacity::carried(port));
-        return CPortCapacity::load(*kind, signal, used, 0); // without what the processor adds to it
-    };
+    const auto loads = CPortCapacity::loads(*kind, {project.frameRate, project.colorDepth, false},
+                                            project.layout, project.portCount);
+    limits.portLoad = [loads](const CabinetLayout::CabinetPort &port) { return loads.value(port.index); };
     return limits;
 }
-
-} // namespace
 
 SCommandOutcome CCheckCommand::run(const QStringList &arguments, QTextStream &out)
 {

@@ -18,6 +18,7 @@ namespace {
 const QString sizeOption = QStringLiteral("--size");
 const QString dotsOption = QStringLiteral("--dpi");
 const QString sheetsOption = QStringLiteral("--sheets");
+const QString addressOption = QStringLiteral("--address");
 const QString keepOption = QStringLiteral("--keep");
 constexpr int FewestDots = 30;
 constexpr int MostDots = 600;
@@ -38,6 +39,16 @@ bool areSheets(const CCommandArguments &arguments, const QString &suffix)
     return suffix == QLatin1String("pdf") || (suffix != QLatin1String("csv") && arguments.has(sheetsOption));
 }
 
+QStringList addressesOf(const CCommandArguments &arguments)
+{
+    QStringList addresses;
+    if (arguments.has(addressOption)) {
+        for (const QString &address : arguments.text(addressOption).split(QLatin1Char(',')))
+            addresses << address.trimmed();
+    }
+    return addresses;
+}
+
 /// Why these arguments do not belong together; empty if they do.
 QString problemOf(const CCommandArguments &arguments, const QString &target)
 {
@@ -51,8 +62,11 @@ QString problemOf(const CCommandArguments &arguments, const QString &target)
         return CExportCommand::tr("only a picture of the layout has a size");
     if (arguments.has(dotsOption) && !(sheets && suffix == QLatin1String("png")))
         return CExportCommand::tr("--dpi is for sheets as .png");
+    const int projects = arguments.fileCount() - 1;
     if (sheets)
-        return {};
+        return addressesOf(arguments).size() <= projects
+                   ? QString()
+                   : CExportCommand::tr("--address names more addresses than there are projects");
     for (const QString &option : arguments.given()) {
         if (option != sizeOption && option != dotsOption)
             return suffix == QLatin1String("csv")
@@ -70,19 +84,13 @@ SCommandOutcome exportLayout(const SProcessorProject &project, const QString &ta
                              QTextStream &out)
 {
     const LayoutData data = dataOf(project);
-    const CStatus written = CLayoutExport::write(data, target, size);
+    const CStatus written = CLayoutExport::kindOf(target) == CLayoutExport::Table
+                                ? CLayoutExport::writeTable(data, project.name, project.print, target)
+                                : CLayoutExport::write(data, target, size);
     if (!written)
         return SCommandOutcome::badInput(written.error());
     out << CExportCommand::tr("%1: cabinets: %2\n").arg(target, QString::number(data.layout.cabinetCount()));
     return {};
-}
-
-/// Without what no file keeps.
-PrintConfig kept(PrintConfig config)
-{
-    config.processor = QUuid();
-    config.date = QDate();
-    return config;
 }
 
 /// The settings of the first project for the whole job, and those of each project that has some, changed by
@@ -96,11 +104,14 @@ SPrintJob jobOf(const QVector<SProcessorProject> &projects, const CCommandArgume
         return config;
     };
     SPrintJob job;
-    job.whole = changed(projects.first().print);
-    for (const SProcessorProject &project : projects) {
-        if (project.print != PrintConfig())
-            job.own.insert(project.layout.processor, changed(project.print));
-    }
+    for (const SProcessorProject &project : projects)
+        job.take(project.layout.processor, project.print);
+    for (PrintConfig &own : job.own)
+        own = changed(own);
+    job.whole = job.own.value(projects.first().layout.processor, changed({}));
+    const QStringList addresses = addressesOf(arguments);
+    for (int i = 0; i < addresses.size(); ++i)
+        job.addresses[projects.at(i).layout.processor] = addresses.at(i);
     return job;
 }
 
@@ -110,7 +121,7 @@ QString keepSettings(QVector<SProcessorProject> projects, const CCommandArgument
 {
     for (int i = 0; i < projects.size(); ++i) {
         SProcessorProject &project = projects[i];
-        const PrintConfig settings = kept(job.of(project.layout.processor));
+        const PrintConfig settings = job.of(project.layout.processor).kept();
         if (settings == project.print)
             continue;
         project.print = settings;

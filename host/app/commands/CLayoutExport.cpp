@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/commands/CLayoutExport.h"
 
-#include "host/projects/CCabinetTable.h"
+#include "host/library/CTypeLibrary.h"
 #include "host/projects/CSafeFile.h"
 #include "layout/api/records/LayoutData.h"
 #include "layout/drawing/CLayoutPainter.h"
 #include "layout/drawing/CLayoutPicture.h"
+#include "layout/printing/figures/CCabinetTable.h"
+#include "layout/printing/figures/SPrintPlan.h"
 
 #include <QBuffer>
 #include <QFileInfo>
@@ -75,17 +77,34 @@ CLayoutExport::Kind CLayoutExport::kindOf(const QString &file)
 
 CStatus CLayoutExport::write(const LayoutData &data, const QString &file, QSize size)
 {
+    const Kind kind = kindOf(file);
+    if (kind == Table)
+        return writeTable(data, {}, {}, file);
     return CSafeFile::withMemory(file, [&] {
-        const Kind kind = kindOf(file);
         if (size.isEmpty())
             size = usualSize(data);
-        const QByteArray content = kind == Table     ? CCabinetTable::toCsv(data.layout)
-                                   : kind == Drawing ? svgOf(data, size)
-                                                     : pngOf(data, size);
+        const QByteArray content = kind == Drawing ? svgOf(data, size) : pngOf(data, size);
         if (content.isEmpty())
             return CStatus::failure(tr("there is not enough memory for a picture of %1x%2 pixels")
                                         .arg(size.width())
                                         .arg(size.height()));
         return CSafeFile::write(file, content, CSafeFile::DropPrevious);
+    });
+}
+
+CStatus CLayoutExport::writeTable(const LayoutData &data, const QString &processor, const PrintConfig &print,
+                                  const QString &file)
+{
+    return CSafeFile::withMemory(file, [&] {
+        SPrintInput input;
+        input.library = CTypeLibrary::builtIn().nodes();
+        SPrintedProcessor printed;
+        printed.node.name = processor;
+        printed.layout = data.layout;
+        input.processors << printed;
+        SPrintJob job;
+        job.whole = print;
+        return CSafeFile::write(file, CCabinetTable::toCsv(SPrintPlan::of(input, job)),
+                                CSafeFile::DropPrevious);
     });
 }

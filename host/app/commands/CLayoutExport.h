@@ -8,6 +8,7 @@
 #include <QSize>
 
 struct LayoutData;
+struct PrintConfig;
 
 /// Writes a layout to a file, as a picture or as a table of its cabinets. Any thread.
 class CLayoutExport final
@@ -21,7 +22,11 @@ public:
 
     /// Told by the ending of the file's name.
     static Kind kindOf(const QString &file);
-    /// Writes the file, whole or not at all. @p size is that of a picture, in pixels; an empty one stands for
-    /// the usual width and the height that goes with it.
+    /// Writes the file, whole or not at all; a table without the processor's name. @p size is that of a
+    /// picture, in pixels; an empty one stands for the usual width and the height that goes with it.
     static CStatus write(const LayoutData &data, const QString &file, QSize size = {});
+    /// Writes the table of the cabinets of @p processor. Where no type tells their size, the pixel pitch of
+    /// @p print counts.
+    static CStatus writeTable(const LayoutData &data, const QString &processor, const PrintConfig &print,
+                              const QString &file);
 };

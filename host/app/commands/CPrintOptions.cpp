@@ -186,6 +186,8 @@ constexpr SPrintOption printOptions[] = {
      [](const QString &, PrintConfig &config) { config.grey = true; return true; }},
     {"--color", nullptr, "with the colours of the ports (so it is without it)",
      [](const QString &, PrintConfig &config) { config.grey = false; return true; }},
+    {"--address", "LIST", "of the processors, in the order of the projects, with commas between them",
+     [](const QString &value, PrintConfig &config) { return readText(value, config.address); }},
     {"--project", "TEXT", "for the title block and the cover",
      [](const QString &value, PrintConfig &config) { return readText(value, config.project); }},
     {"--venue", "TEXT", "for the cover",

@@ -45,7 +45,7 @@ SPrintInput CSheetExport::inputOf(const QVector<SProcessorProject> &projects)
         giveLoads(printed, project);
         input.processors << printed;
     }
-    input.takeTypes(CTypeLibrary::builtIn().nodes());
+    input.library = CTypeLibrary::builtIn().nodes();
     return input;
 }
 

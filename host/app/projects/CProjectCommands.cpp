@@ -197,7 +197,11 @@ void CProjectCommands::exportTo(const QUuid &processor, const QString &file)
     Q_EMIT notifyWorking(tr("Exporting \"%1\"...").arg(QDir::toNativeSeparators(file)));
     CStatus status = CStatus::failure(tr("The name must end in .png or .csv."));
     if (CLayoutExport::kindOf(file) != CLayoutExport::Unknown)
-        status = CBackgroundCall::result([&] { return CLayoutExport::write(device.data(), file); });
+        status = CBackgroundCall::result([&] {
+            return CLayoutExport::kindOf(file) == CLayoutExport::Table
+                       ? CLayoutExport::writeTable(device.data(), device.node.name, device.print, file)
+                       : CLayoutExport::write(device.data(), file);
+        });
     Q_EMIT notifyWorking({});
     if (status)
         Q_EMIT notifySaved(QDir::toNativeSeparators(file));

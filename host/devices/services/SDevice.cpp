@@ -25,7 +25,8 @@ LayoutData SDevice::data() const
 SPortLoad SDevice::portLoad(const CabinetLayout::CabinetPort &port, int index) const
 {
     const qint64 used = CPortCapacity::charged(kind.generation, CPortCapacity::carried(port));
-    const qint64 total = working.chargedPixels() - working.chargedPixels(index) + used;
+    const qint64 total =
+        working.chargedPixels() - working.chargedPixels(index) + CPortCapacity::added(port, node.uuid, used);
     return CPortCapacity::load(kind, {settings.frameRate, settings.colorDepth, settings.threeD}, used, total);
 }
 

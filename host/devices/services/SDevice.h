@@ -25,7 +25,8 @@ struct SDevice
     QString readOnly;     ///< of a project: why it is not saved to that file; empty: it is
     SProcessorSettings settings;
     SProcessorSettings savedSettings; ///< of a project: as in its file
-    PrintConfig print;                ///< of a project: settings of its plans, as in its file
+    PrintConfig print;                ///< of a project: settings of its plans
+    PrintConfig savedPrint;           ///< of a project: as in its file
     CWorkingLayout working;
     quint64 changes = 0;               ///< counts changes of settings and state by commands and failures
     quint64 revision = 0;              ///< of the mapping on the device when it was last read or saved
@@ -33,7 +34,10 @@ struct SDevice
 
     /// Whether the working layout was read, created or imported; before that it has no ports.
     bool isLoaded() const { return !working.layout().ports.isEmpty(); }
-    bool isModified() const { return working.isModified() || (project && settings != savedSettings); }
+    bool isModified() const
+    {
+        return working.isModified() || (project && (settings != savedSettings || print != savedPrint));
+    }
     QRect area() const { return {settings.offset, settings.canvas}; } ///< on the shared canvas
     LayoutData data() const;
     /// Load if @p port replaced port @p index of the working layout.

@@ -83,6 +83,12 @@ CabinetLayout::CabinetPort CPortCapacity::carried(const CabinetLayout::CabinetPo
     return mirror;
 }
 
+qint64 CPortCapacity::added(const CabinetLayout::CabinetPort &port, const QUuid &processor, qint64 used)
+{
+    const bool here = port.redundancyProcessor.isNull() || port.redundancyProcessor == processor;
+    return port.redundancy == CabinetLayout::CabinetPort::Redundant && here ? 0 : used;
+}
+
 QMap<int, SPortLoad> CPortCapacity::loads(const SProcessorKind &kind, const SSignal &signal,
                                           const CabinetLayout &layout, int portCount)
 {
@@ -98,10 +104,10 @@ QMap<int, SPortLoad> CPortCapacity::loads(const SProcessorKind &kind, const SSig
     const int highest = layout.ports.isEmpty() ? 0 : layout.ports.last().index + 1;
     for (int index = 0; index < std::max(portCount, highest); ++index) {
         const Port *port = layout.port(index);
-        const bool ofOther =
-            port && port->redundancy == Port::Redundant && !port->redundancyProcessor.isNull() &&
-            port->redundancyProcessor != layout.processor; // whose primary is not charged here
-        loads[index] = load(kind, signal, used.value(index), total + (ofOther ? used.value(index) : 0));
+        const qint64 own = port && port->redundancy == Port::Redundant
+                               ? added(*port, layout.processor, used.value(index))
+                               : 0; // the total has the others
+        loads[index] = load(kind, signal, used.value(index), total + own);
     }
     return loads;
 }

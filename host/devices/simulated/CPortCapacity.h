@@ -32,6 +32,9 @@ public:
     /// @p port with the cabinets that it carries: for a redundancy port those of its primary, its own cause
     /// no load.
     static CabinetLayout::CabinetPort carried(const CabinetLayout::CabinetPort &port);
+    /// What @p port, charged @p used pixels, adds to those of the processor with the identity @p processor: a
+    /// redundancy port nothing if its primary is on the same one, which is charged for the signal of both.
+    static qint64 added(const CabinetLayout::CabinetPort &port, const QUuid &processor, qint64 used);
     /// The loads of the ports of a layout, and of those without cabinets up to @p portCount, by port index.
     static QMap<int, SPortLoad> loads(const SProcessorKind &kind, const SSignal &signal,
                                       const CabinetLayout &layout, int portCount);

@@ -39,6 +39,8 @@ inline constexpr bool NeedsEdits<&ILayoutInterfaceHandler::applyLayoutFollowUp> 
 template <>
 inline constexpr bool NeedsEdits<&ILayoutInterfaceHandler::recordEdit> = false;
 template <>
+inline constexpr bool NeedsEdits<&ILayoutInterfaceHandler::setPrintSettings> = false;
+template <>
 inline constexpr bool NeedsEdits<&ILayoutInterfaceHandler::writeFile> = false;
 
 } // namespace HostOperations

@@ -118,6 +118,7 @@ Part readPart(CStrictObject &object, const char *key, QString &error, Part (*rea
 void readTexts(CStrictObject &object, PrintConfig &config)
 {
     constexpr int Longest = CPrintConfigJson::LongestText;
+    config.address = object.textOr({}, "address", Longest);
     config.project = object.textOr({}, "project", Longest);
     config.venue = object.textOr({}, "venue", Longest);
     config.designer = object.textOr({}, "designer", Longest);
@@ -151,6 +152,7 @@ QJsonObject CPrintConfigJson::toJson(const PrintConfig &config)
 {
     const PrintConfig usual;
     CMembers members;
+    members.add("address", config.address, usual.address);
     members.add("project", config.project, usual.project);
     members.add("venue", config.venue, usual.venue);
     members.add("designer", config.designer, usual.designer);

@@ -68,6 +68,7 @@ struct PrintConfig
     };
 
     QUuid processor;
+    QString address; ///< of the processor, for one that has no device; not for the whole job
     QString project;
     QString venue;
     QString designer;
@@ -91,6 +92,9 @@ struct PrintConfig
     SRack rack;
     SCables cables;
     SSupply supply;
+
+    /// Without processor and date, which no file keeps.
+    PrintConfig kept() const;
 
     friend bool operator==(const PrintConfig &a, const PrintConfig &b);
     friend bool operator!=(const PrintConfig &a, const PrintConfig &b) { return !(a == b); }

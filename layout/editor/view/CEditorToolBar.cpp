@@ -94,7 +94,6 @@ void CEditorToolBar::buildUi()
     if (!redoKeys.contains(named))
         redoKeys << named;
     tool(Redo)->setShortcuts(redoKeys);
-    tool(Print)->setShortcut(QKeySequence::Print);
     enableTools();
     connect(tool(Hand), &QAction::toggled, this, &CEditorToolBar::enableTools);
     chooseMode(Arrow);

@@ -6,6 +6,8 @@
 #include "layout/printing/dialog/CPrintSettings.h"
 #include "layout/printing/dialog/CSheetPreview.h"
 #include "layout/printing/dialog/PrintMemory.h"
+#include "layout/printing/figures/CCabinetTable.h"
+#include "layout/printing/figures/SPrintPlan.h"
 #include "layout/printing/output/CSheetPrinter.h"
 #include "layout/printing/output/CSheetWriter.h"
 #include "platform/widgets/CElidedLabel.h"
@@ -39,6 +41,29 @@ QString titleOf(const PrintConfig &config)
     return config.project.isEmpty() ? CPrintDialog::tr("Wiring plan") : config.project;
 }
 
+bool isTable(const QString &file)
+{
+    return QFileInfo(file).suffix().compare(QLatin1String("csv"), Qt::CaseInsensitive) == 0;
+}
+
+SPrintJob openingJob(const SPrintInput &input, const QList<QUuid> &chosen,
+                     const QMap<QUuid, PrintConfig> &kept)
+{
+    SPrintJob job = PrintMemory::load();
+    bool first = true;
+    for (const SPrintedProcessor &processor : input.processors) {
+        const QUuid key = processor.node.uuid;
+        if (kept.contains(key))
+            job.take(key, kept.value(key));
+        if (first && chosen.contains(key) && kept.contains(key) && job.own.contains(key))
+            job.whole = job.own.value(key).kept();
+        first = first && !chosen.contains(key);
+    }
+    for (auto own = job.own.begin(); own != job.own.end();)
+        own = own->kept() == job.whole ? job.own.erase(own) : own + 1;
+    return job;
+}
+
 void date(PrintConfig &config)
 {
     if (!config.date.isValid())
@@ -51,15 +76,11 @@ CPrintDialog::CPrintDialog(const SPrintInput &input, const QList<QUuid> &chosen,
                            const QMap<QUuid, PrintConfig> &kept, QWidget *parent)
     : CDialog(tr("Print"), QDialogButtonBox::Close, parent)
     , m_input(input)
-    , m_job(PrintMemory::load())
+    , m_job(openingJob(input, chosen, kept))
+    , m_opened(m_job)
 {
-    for (auto it = kept.begin(); it != kept.end(); ++it) {
-        if (!m_job.own.contains(it.key()))
-            m_job.own.insert(it.key(), it.value());
-    }
     buildUi(chosen);
     connectSignals();
-    m_settings->show(m_job.whole, true);
     onScopeChanged();
     layOut();
 }
@@ -85,7 +106,8 @@ void CPrintDialog::buildUi(const QList<QUuid> &chosen)
     contentLayout()->addWidget(m_told);
     m_print = buttonBox()->addButton(tr("Print…"), QDialogButtonBox::ActionRole);
     m_save = buttonBox()->addButton(tr("Save as…"), QDialogButtonBox::ActionRole);
-    m_save->setToolTip(tr("As a PDF, or as pictures (SVG, PNG), one for each sheet"));
+    m_save->setToolTip(
+        tr("As a PDF, as pictures (SVG, PNG), one for each sheet, or the cabinets as a table (CSV)"));
     resize(UsualSize);
 }
 
@@ -151,8 +173,43 @@ void CPrintDialog::connectSignals()
 void CPrintDialog::done(int result)
 {
     m_work.cancel();
-    PrintMemory::save(m_job);
+    keepSettings();
     CDialog::done(result);
+}
+
+void CPrintDialog::keepSettings()
+{
+    SPrintJob remembered = m_job;
+    for (int i = 0; i < m_input.processors.size(); ++i) {
+        const QUuid key = m_input.processors.at(i).node.uuid;
+        const bool own = m_job.own.contains(key) || m_opened.own.contains(key);
+        const PrintConfig now = m_job.of(key).kept();
+        const bool changed = now != m_opened.of(key).kept() && (own || isChosen(i));
+        const PrintConfig before = CHostAccess::call<&ILayoutInterfaceHandler::printSettings>(key);
+        const bool inProject = changed
+                                   ? CHostAccess::call<&ILayoutInterfaceHandler::setPrintSettings>(key, now)
+                                   : before != PrintConfig();
+        if (inProject) {
+            remembered.own.remove(key);
+            remembered.addresses.remove(key);
+        }
+    }
+    PrintMemory::save(remembered);
+}
+
+bool CPrintDialog::isChosen(int processor) const
+{
+    return m_processors->item(processor)->checkState() == Qt::Checked;
+}
+
+QUuid CPrintDialog::addressed() const
+{
+    for (const SPrintedProcessor &processor : m_input.processors) {
+        const bool shown = scope().isNull() ? m_input.processors.size() == 1 : processor.node.uuid == scope();
+        if (shown && processor.node.address == 0)
+            return processor.node.uuid;
+    }
+    return {};
 }
 
 QUuid CPrintDialog::scope() const
@@ -165,7 +222,9 @@ void CPrintDialog::onScopeChanged()
     const QUuid processor = scope();
     m_own->setVisible(!processor.isNull());
     m_own->setChecked(m_job.own.contains(processor));
-    m_settings->show(m_job.of(processor), processor.isNull());
+    PrintConfig shown = m_job.own.value(processor, m_job.whole);
+    shown.address = m_job.addresses.value(addressed());
+    m_settings->show(shown, processor.isNull(), !addressed().isNull());
     m_settings->widget()->setEnabled(processor.isNull() || m_own->isChecked());
 }
 
@@ -185,10 +244,14 @@ void CPrintDialog::onOwnToggled(bool own)
 void CPrintDialog::onSettingsChanged()
 {
     const QUuid processor = scope();
+    PrintConfig config = m_settings->config();
+    if (!addressed().isNull())
+        m_job.addresses[addressed()] = config.address;
+    config.address.clear();
     if (processor.isNull())
-        m_job.whole = m_settings->config();
+        m_job.whole = config;
     else if (m_own->isChecked())
-        m_job.own[processor] = m_settings->config();
+        m_job.own[processor] = config;
     m_stale = true;
     updateEnabled();
     m_delay.start();
@@ -208,7 +271,7 @@ SPrintInput CPrintDialog::chosenInput() const
     SPrintInput input = m_input;
     input.processors.clear();
     for (int i = 0; i < m_input.processors.size(); ++i) {
-        if (m_processors->item(i)->checkState() == Qt::Checked)
+        if (isChosen(i))
             input.processors << m_input.processors.at(i);
     }
     return input;
@@ -267,7 +330,8 @@ void CPrintDialog::begin(const QString &title, const CSheetWork::Output &output)
 QString CPrintDialog::chooseFile()
 {
     QFileDialog dialog(this, tr("Save as"), QString(),
-                       tr("PDF (*.pdf);;Pictures, vectors (*.svg);;Pictures, pixels (*.png)"));
+                       tr("PDF (*.pdf);;Pictures, vectors (*.svg);;Pictures, pixels (*.png);;"
+                          "List of the cabinets (*.csv)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("pdf"));
     connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString &filter) {
@@ -278,11 +342,13 @@ QString CPrintDialog::chooseFile()
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
     const QString chosen = dialog.selectedFiles().first();
-    const QStringList known = {QStringLiteral("pdf"), QStringLiteral("svg"), QStringLiteral("png")};
+    const QStringList known = {QStringLiteral("pdf"), QStringLiteral("svg"), QStringLiteral("png"),
+                               QStringLiteral("csv")};
     const QString file = known.contains(QFileInfo(chosen).suffix().toLower())
                              ? chosen
                              : chosen + QLatin1Char('.') + dialog.defaultSuffix();
-    const QStringList names = CSheetWriter::namesOf(file, m_sheets.size());
+    const QStringList names =
+        isTable(file) ? QStringList(file) : CSheetWriter::namesOf(file, m_sheets.size());
     const bool exists = std::any_of(names.begin(), names.end(), [&chosen](const QString &one) {
         return one != chosen && QFileInfo::exists(one); // the dialog has asked about the chosen one
     });
@@ -297,14 +363,20 @@ void CPrintDialog::onSaveClicked()
     const QString file = chooseFile();
     if (file.isEmpty())
         return;
+    const CSheetWriter::Write write = [](const QString &name, const QByteArray &content) {
+        return CHostAccess::call<&ILayoutInterfaceHandler::writeFile>(name, content);
+    };
+    if (isTable(file)) {
+        begin(tr("Saving"), [input = chosenInput(), job = job(), file, write](const SheetFiles::Progress &) {
+            const QString problem = write(file, CCabinetTable::toCsv(SPrintPlan::of(input, job)));
+            return problem.isEmpty() ? CResult<QStringList>(QStringList{file})
+                                     : CResult<QStringList>::failure(problem);
+        });
+        return;
+    }
     const CSheetWriter::SOrder order{file, titleOf(m_job.whole), job().whole.date, CSheetWriter::UsualDots};
-    begin(tr("Saving"), [sheets = m_sheets, order](const SheetFiles::Progress &progress) {
-        return CSheetWriter::write(
-            sheets, order,
-            [](const QString &name, const QByteArray &content) {
-                return CHostAccess::call<&ILayoutInterfaceHandler::writeFile>(name, content);
-            },
-            progress);
+    begin(tr("Saving"), [sheets = m_sheets, order, write](const SheetFiles::Progress &progress) {
+        return CSheetWriter::write(sheets, order, write, progress);
     });
 }
 

@@ -25,8 +25,9 @@ class CPrintDialog final : public CDialog
     Q_OBJECT
 
 public:
-    /// @p chosen are the processors that are printed at first. @p kept are settings that processors' projects
-    /// bring along; they hold for a processor for which none are remembered.
+    /// @p chosen are the processors that are printed at first. @p kept are the settings that their projects
+    /// keep; those of the first one that is chosen hold for the whole job. What the user changes is kept in
+    /// the projects again, and remembered for processors without one.
     CPrintDialog(const SPrintInput &input, const QList<QUuid> &chosen, const QMap<QUuid, PrintConfig> &kept,
                  QWidget *parent);
     ~CPrintDialog() override;
@@ -48,6 +49,10 @@ private:
     QWidget *buildProgress();
     void connectSignals();
     void layOut();
+    void keepSettings();
+    bool isChosen(int processor) const;
+    /// The processor whose address can be set; null: none.
+    QUuid addressed() const;
     QString chooseFile();
     void begin(const QString &title, const CSheetWork::Output &output);
     void updateEnabled();
@@ -57,6 +62,7 @@ private:
 
     const SPrintInput m_input;
     SPrintJob m_job;
+    const SPrintJob m_opened; ///< as it was at first
     QVector<SSheet> m_sheets;
     bool m_stale = true; ///< the sheets are not those of the settings
     bool m_writing = false;

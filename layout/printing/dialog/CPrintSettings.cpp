@@ -61,10 +61,10 @@ CPrintSettings::CPrintSettings(QWidget *parent)
     addPower();
     m_groups->addStretch(1);
     setWidget(content);
-    show(m_config, true);
+    show(m_config, true, false);
 }
 
-void CPrintSettings::show(const PrintConfig &config, bool whole)
+void CPrintSettings::show(const PrintConfig &config, bool whole, bool addressed)
 {
     m_config = config;
     m_showing = true;
@@ -73,6 +73,7 @@ void CPrintSettings::show(const PrintConfig &config, bool whole)
     m_showing = false;
     for (QWidget *widget : qAsConst(m_ofJob))
         widget->setEnabled(whole);
+    m_address->setEnabled(addressed);
     updateEnabled();
 }
 
@@ -157,6 +158,9 @@ void CPrintSettings::addTexts()
 {
     QFormLayout &form = *addGroup(tr("Title block"));
     addText(form, tr("Project"), [](PrintConfig &config) -> QString & { return config.project; });
+    m_address = addText(form, tr("Processor address"),
+                        [](PrintConfig &config) -> QString & { return config.address; });
+    m_address->setToolTip(tr("For a project: a processor tells its own"));
     addText(form, tr("Venue"), [](PrintConfig &config) -> QString & { return config.venue; });
     addText(form, tr("Designer"), [](PrintConfig &config) -> QString & { return config.designer; });
     addText(form, tr("Auditor"), [](PrintConfig &config) -> QString & { return config.auditor; });
@@ -211,7 +215,7 @@ QFormLayout *CPrintSettings::addGroup(const QString &title)
     return form;
 }
 
-void CPrintSettings::addText(QFormLayout &form, const QString &label, const Access<QString> &access)
+QWidget *CPrintSettings::addText(QFormLayout &form, const QString &label, const Access<QString> &access)
 {
     auto *line = new QLineEdit;
     line->setMaxLength(LongestText);
@@ -223,6 +227,7 @@ void CPrintSettings::addText(QFormLayout &form, const QString &label, const Acce
     connect(line, &QLineEdit::textChanged, this, [this, access](const QString &text) {
         change([&](PrintConfig &config) { access(config) = text.trimmed(); });
     });
+    return line;
 }
 
 void CPrintSettings::addNotes(QFormLayout &form)

@@ -21,8 +21,9 @@ class CPrintSettings final : public CScrollArea
 public:
     explicit CPrintSettings(QWidget *parent = nullptr);
 
-    /// Shows @p config. With @p whole it is that of the job, which alone says which sheets there are.
-    void show(const PrintConfig &config, bool whole);
+    /// Shows @p config. With @p whole it is that of the job, which alone says which sheets there are. The
+    /// address can be changed with @p addressed.
+    void show(const PrintConfig &config, bool whole, bool addressed);
     const PrintConfig &config() const { return m_config; }
 
 Q_SIGNALS:
@@ -41,7 +42,7 @@ private:
     void addCables();
     void addPower();
     QFormLayout *addGroup(const QString &title);
-    void addText(QFormLayout &form, const QString &label, const Access<QString> &access);
+    QWidget *addText(QFormLayout &form, const QString &label, const Access<QString> &access);
     void addNotes(QFormLayout &form);
     void addDate(QFormLayout &form);
     void addStock(QFormLayout &form);
@@ -65,5 +66,6 @@ private:
     QVector<QWidget *> m_ofJob;                           ///< only for the whole job
     QVector<QWidget *> m_ofCustomPaper;
     QWidget *m_bindingMargin = nullptr;
+    QWidget *m_address = nullptr;
     QSpinBox *m_scale = nullptr;
 };

@@ -2,20 +2,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/printing/dialog/PrintMemory.h"
 
+#include "layout/api/access/ModuleSettings.h"
 #include "layout/api/records/CPrintConfigJson.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSettings>
 
 namespace {
 
 constexpr int MostOwnSettings = 100; // processors
-
-QSettings settings()
-{
-    return QSettings(QStringLiteral("Velmarinth"), QStringLiteral("Orvo"));
-}
 
 QString wholeKey()
 {
@@ -38,7 +33,7 @@ PrintConfig configOf(const QJsonValue &json)
 SPrintJob PrintMemory::load()
 {
     const auto read = [](const QString &key) {
-        return QJsonDocument::fromJson(settings().value(key).toByteArray()).object();
+        return QJsonDocument::fromJson(ModuleSettings::open().value(key).toByteArray()).object();
     };
     SPrintJob job;
     job.whole = configOf(read(wholeKey()));
@@ -47,7 +42,7 @@ SPrintJob PrintMemory::load()
         PrintConfig config = configOf(it.value());
         config.processor = QUuid(it.key());
         if (!config.processor.isNull())
-            job.own.insert(config.processor, config);
+            job.take(config.processor, config);
     }
     return job;
 }
@@ -55,10 +50,14 @@ SPrintJob PrintMemory::load()
 void PrintMemory::save(const SPrintJob &job)
 {
     QJsonObject own;
-    for (auto it = job.own.begin(); it != job.own.end() && own.size() < MostOwnSettings; ++it)
-        own[it.key().toString()] = CPrintConfigJson::toJson(it.value());
+    const QList<QUuid> known = job.own.keys() + job.addresses.keys();
+    for (int i = 0; i < known.size() && own.size() < MostOwnSettings; ++i) {
+        PrintConfig config = job.own.value(known.at(i));
+        config.address = job.addresses.value(known.at(i));
+        own[known.at(i).toString()] = CPrintConfigJson::toJson(config);
+    }
     const auto write = [](const QString &key, const QJsonObject &json) {
-        settings().setValue(key, QJsonDocument(json).toJson(QJsonDocument::Compact));
+        ModuleSettings::open().setValue(key, QJsonDocument(json).toJson(QJsonDocument::Compact));
     };
     write(wholeKey(), CPrintConfigJson::toJson(job.whole));
     write(ownKey(), own);

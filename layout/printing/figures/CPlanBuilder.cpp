@@ -65,9 +65,16 @@ CPlanBuilder::CPlanBuilder(const SPrintInput &input, const SPrintJob &job)
 SPrintPlan CPlanBuilder::build()
 {
     m_plan.config = m_job.whole;
+    for (auto type = m_input.types.cbegin(); type != m_input.types.cend(); ++type)
+        m_plan.typeNames.insert(type.key(), type->name);
     for (const SPrintedProcessor &source : m_input.processors) {
-        m_plan.processors << processor(source);
-        add(m_plan.totals, m_plan.processors.last().totals);
+        const SPlanProcessor made = processor(source);
+        if (made.cabinets.isEmpty()) {
+            m_plan.empty << made.name;
+            continue;
+        }
+        m_plan.processors << made;
+        add(m_plan.totals, made.totals);
     }
     return std::move(m_plan);
 }
@@ -77,7 +84,9 @@ SPlanProcessor CPlanBuilder::processor(const SPrintedProcessor &source)
     SPlanProcessor made;
     made.source = source;
     made.config = m_job.of(source.layout.processor);
-    made.name = source.node.displayText();
+    made.name = source.node.address != 0 || made.config.address.isEmpty()
+                    ? source.node.displayText()
+                    : QStringLiteral("%1(%2)").arg(source.node.name, made.config.address);
     made.pixels = source.layout.boundingRect();
     const int highest = source.layout.ports.isEmpty() ? 0 : source.layout.ports.last().index + 1;
     for (int index = 0; index < std::max(source.portCount, highest); ++index)
@@ -113,6 +122,7 @@ void CPlanBuilder::addCabinets(QVector<Cabinet> cabinets, SPlanPort &port, SPlan
     std::sort(cabinets.begin(), cabinets.end(), chainBefore);
     for (const Cabinet &cabinet : qAsConst(cabinets)) {
         SPlanCabinet made;
+        made.uuid = cabinet.uuid;
         made.port = port.index;
         made.type = typeOf(cabinet, into.config.pixelPitch);
         made.typeKey = cabinet.type;

@@ -31,7 +31,7 @@ struct STypes
 
 } // namespace
 
-void SPrintInput::takeTypes(const QVector<SSettings::TypeLibrary::STreeNode> &library)
+void SPrintInput::takeTypes()
 {
     const STypes known(library);
     const auto take = [&](const Port::Cabinet &cabinet) {

@@ -36,8 +36,10 @@ struct SPrintInput
     QMap<SMD5, RcvTypeInfo> types;            ///< of all cabinets whose type the library knows
     QMap<QPair<int, int>, RcvTypeInfo> alike; ///< by width and height in pixels: a type of that size, which
                                               ///< stands in for cabinets without a type
-    QMap<QUuid, QString> names;               ///< of processors that hold the other ports of pairs
+    /// Where the types come from that are not known yet, see takeTypes().
+    QVector<SSettings::TypeLibrary::STreeNode> library;
+    QMap<QUuid, QString> names; ///< of processors that hold the other ports of pairs
 
-    /// Sets the types of all cabinets of the processors from the type library.
-    void takeTypes(const QVector<SSettings::TypeLibrary::STreeNode> &library);
+    /// Sets the types of all cabinets of the processors from the library. Looks at every cabinet.
+    void takeTypes();
 };

@@ -11,7 +11,22 @@ struct SPrintJob
 {
     PrintConfig whole;
     QMap<QUuid, PrintConfig> own;
+    QMap<QUuid, QString> addresses; ///< of processors that have no device
 
     /// The settings that the sheets of @p processor are made with.
-    PrintConfig of(const QUuid &processor) const { return own.value(processor, whole); }
+    PrintConfig of(const QUuid &processor) const
+    {
+        PrintConfig config = own.value(processor, whole);
+        config.address = addresses.value(processor);
+        return config;
+    }
+    /// Takes over what was kept for @p processor; the usual settings do not hold against those of the job.
+    void take(const QUuid &processor, PrintConfig kept)
+    {
+        if (!kept.address.isEmpty())
+            addresses[processor] = kept.address;
+        kept.address.clear();
+        if (kept != PrintConfig())
+            own[processor] = kept;
+    }
 };

@@ -8,7 +8,9 @@
 
 SPrintPlan SPrintPlan::of(const SPrintInput &input, const SPrintJob &job)
 {
-    return CPlanBuilder(input, job).build();
+    SPrintInput known = input;
+    known.takeTypes();
+    return CPlanBuilder(known, job).build();
 }
 
 double SPlanTotals::amperes(qint64 watts, int volts)

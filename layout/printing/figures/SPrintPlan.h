@@ -25,6 +25,7 @@ struct SPlanType
 /// A cabinet with its place on the real wall.
 struct SPlanCabinet
 {
+    QUuid uuid;
     int port = -1;  ///< output-port index, from 0
     int number = 0; ///< place in the chain, from 1; 0: not wired
     int type = -1;  ///< index into SPrintPlan::types
@@ -110,7 +111,9 @@ struct SPrintPlan
 {
     PrintConfig config; ///< of the whole job
     QVector<SPlanType> types;
+    QMap<SMD5, QString> typeNames; ///< of the types that the library knows
     QVector<SPlanProcessor> processors;
+    QStringList empty; ///< names of the processors that have no cabinets, which are not among the others
     SPlanTotals totals;
 
     static SPrintPlan of(const SPrintInput &input, const SPrintJob &job);

@@ -317,6 +317,8 @@ QStringList CCoverSheet::notes() const
         else
             notes << tr("%1: layout version %2.").arg(processor.name, processor.version);
     }
+    for (const QString &name : m_plan.empty)
+        notes << tr("%1 has no cabinets.").arg(name);
     const auto any = [this](bool SPlanType::*what) {
         return std::any_of(m_plan.types.begin(), m_plan.types.end(),
                            [what](const SPlanType &type) { return type.*what; });

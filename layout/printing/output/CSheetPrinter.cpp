@@ -5,6 +5,7 @@
 #include "layout/printing/output/CSheetPainter.h"
 #include "layout/printing/sheets/CSheetFont.h"
 
+#include <QFile>
 #include <QPainter>
 #include <QPrinter>
 
@@ -42,6 +43,9 @@ CStatus CSheetPrinter::print(const QVector<SSheet> &sheets, QPrinter &printer,
         CSheetPainter::paint(painter, sheets.at(i));
         if (progress && !progress(i + 1)) {
             printer.abort();
+            painter.end();
+            if (!printer.outputFileName().isEmpty())
+                QFile::remove(printer.outputFileName()); // printed into a file, of which half would remain
             return CStatus::done();
         }
     }
