@@ -24,6 +24,7 @@ private Q_SLOTS:
     void drawsIrregularWalls();
     void mirrorsPlacesButNoTexts();
     void dividesWhatIsTooSmall();
+    void keepsNumbersOffUprightWires();
     void drawsStrips();
     void hatchesPortsApart();
 };
@@ -186,6 +187,22 @@ void CPrintGraphicsTest::dividesWhatIsTooSmall()
                 QVERIFY(cabinet.width() >= Smallest - Hair);
         }
     }
+}
+
+void CPrintGraphicsTest::keepsNumbersOffUprightWires()
+{
+    SPrintInput input = inputOf(onePort(16, 16));
+    for (auto &cabinet :
+         input.processors[0].layout.ports[0].groups[0].cabinets) { // by columns, back and forth
+        const int column = cabinet.rect.x() / 128;
+        const int row = cabinet.rect.y() / 128;
+        cabinet.rank = column * 16 + (column % 2 == 0 ? row : 15 - row);
+    }
+    const SPrintPlan plan = planOf(input, configOf(PrintConfig::A4));
+    const QVector<SSheet> sheets = drawings(plan);
+    QCOMPARE(numbersOf(sheets, plan.processors[0].name, 0), upTo(256));
+    for (const SSheet &sheet : sheets)
+        QVERIFY2(faultOf(sheet).isEmpty(), qPrintable(faultOf(sheet)));
 }
 
 void CPrintGraphicsTest::drawsStrips()

@@ -95,7 +95,7 @@ private Q_SLOTS:
         for (bool paired : {false, true}) {
             SProcessorProject project = ProjectSamples::ofWall(CWallBuilder::Wall(wall));
             SDevice device;
-            device.kind = *CProcessorKinds::builtIn().withPorts(project.portCount + 1);
+            device.kind = *CProcessorKinds::builtIn().withPorts(project.portCount);
             device.node.uuid = project.layout.processor;
             if (paired) { // one more port repeats the first one
                 Port backup;
@@ -120,6 +120,28 @@ private Q_SLOTS:
             if (paired)
                 QCOMPARE(printed.ports.last().load, printed.ports.first().load);
         }
+    }
+
+    void tellsAddresses()
+    {
+        SPrintInput input = CSheetExport::inputOf(
+            {ProjectSamples::ofWall(CWallBuilder::Small), ProjectSamples::ofWall(CWallBuilder::Medium)});
+        PrintConfig kept;
+        kept.address = QStringLiteral("10.0.0.7");
+        SPrintJob job;
+        for (SPrintedProcessor &processor : input.processors) {
+            processor.node.name = QStringLiteral("P");
+            job.take(processor.node.uuid, kept);
+        }
+        input.processors[1].node.address = 0x0A000001; // a device tells its own
+        input.processors << SPrintedProcessor();
+        input.processors.last().node.name = QStringLiteral("Empty");
+        const SPrintPlan plan = SPrintPlan::of(input, job);
+        QCOMPARE(plan.processors.size(), 2);
+        QCOMPARE(plan.processors[0].name, QStringLiteral("P(10.0.0.7)"));
+        QCOMPARE(plan.processors[1].name, QStringLiteral("P(10.0.0.1)"));
+        QCOMPARE(plan.empty, QStringList(QStringLiteral("Empty")));
+        QVERIFY(job.own.isEmpty()); // an address alone does not part it from the job
     }
 
     void measuresCables()

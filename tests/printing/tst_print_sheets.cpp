@@ -6,6 +6,7 @@
 #include "layout/printing/sheets/CSheetFont.h"
 #include "layout/printing/sheets/CSheetTable.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/printing/GraphicsWalls.h"
 #include "tests/printing/PdfText.h"
 #include "tests/projects/ProjectSamples.h"
 
@@ -296,6 +297,52 @@ private Q_SLOTS:
             QCOMPARE(numbers.size(), 16);
             for (int number = 0; number < numbers.size(); ++number)
                 QCOMPARE(numbers.at(number), number + 1);
+        }
+    }
+
+    void readsBackALargeWall_data()
+    {
+        QTest::addColumn<int>("paper");
+        QTest::addColumn<bool>("back");
+        QTest::addColumn<int>("count");
+        QTest::newRow("A4") << int(PrintConfig::A4) << false << 265;
+        QTest::newRow("A3, back, grey") << int(PrintConfig::A3) << true << 194;
+    }
+    /// 5,600 cabinets: each once in the PDF, on the sheet of its port.
+    void readsBackALargeWall()
+    {
+        QFETCH(int, paper);
+        QFETCH(bool, back);
+        QFETCH(int, count);
+        PrintConfig config = configOf(PrintConfig::Paper(paper));
+        config.sheets = PrintConfig::AllSheets;
+        config.views = back ? PrintConfig::BackView : PrintConfig::FrontView;
+        config.grey = back;
+        const SPrintPlan plan =
+            GraphicsWalls::planOf(GraphicsWalls::inputOf(GraphicsWalls::largeWall()), config);
+        const QVector<SSheet> sheets = CSheetSet::of(plan).value();
+        QCOMPARE(sheets.size(), count);
+        const QStringList pages = PdfText::pages(SheetFiles::pdf(sheets, QString(), config.date));
+        QCOMPARE(pages.size(), sheets.size());
+        QMap<QPair<QString, int>, QVector<int>> numbers;
+        for (int i = 0; i < sheets.size(); ++i) {
+            const SSheet &sheet = sheets.at(i);
+            QString text;
+            for (const SSheetText &shown : textsOf(sheet)) {
+                text += shown.text;
+                if (sheet.port >= 0 && shown.mark == EMark::CabinetNumber)
+                    numbers[{sheet.processor, sheet.port}] << shown.text.toInt();
+            }
+            QCOMPARE(pages.at(i), text);
+            for (const SSheetMark &mark : sheet.marks)
+                QVERIFY(isWithin(sheet.frame, extentOf(mark)));
+            QVERIFY2(touchingTexts(sheet).isEmpty(), qPrintable(touchingTexts(sheet)));
+        }
+        QCOMPARE(numbers.size(), 140);
+        for (QVector<int> &port : numbers) {
+            std::sort(port.begin(), port.end());
+            QVERIFY(port.size() == 40 && port.first() == 1 && port.last() == 40);
+            QVERIFY(std::adjacent_find(port.begin(), port.end()) == port.end());
         }
     }
 

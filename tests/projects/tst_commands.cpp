@@ -176,7 +176,7 @@ private Q_SLOTS:
             return project.layout.ports[port].groups[0].cabinets[index].uuid.toByteArray(
                 QUuid::WithoutBraces);
         };
-        QCOMPARE(lines.at(1), "1,0," + uuid(0, 0) + ",0,0,64,32,,,1,1,1,0,0,table\r");
+        QCOMPARE(lines.at(1), "1,0," + uuid(0, 0) + ",0,0,64,32,,,1,1,1,0,0,wall\r");
         QCOMPARE(lines.at(5),
                  "2,1," + uuid(1, 1) + ",192,0,64,32,Rental indoor P2.6,\"B\u00fchne, \"\"links\"\"\"\r");
         QCOMPARE(lines.at(8), "2,," + uuid(1, 0) + ",128,0,64,32,,\"B\u00fchne, \"\"links\"\"\"\r");

@@ -26,6 +26,7 @@ constexpr double CoverGap = 10;
 constexpr double EntryHeight = 5.4; ///< of a line of the list of sheets
 constexpr double NameWidth = 31;    ///< that names of types have at least
 constexpr double PartTitle = 6.4;
+constexpr double CablesHeight = 35; ///< of the table of cables with its title
 constexpr double PartBase = 4.4;
 
 QVector<QRectF> coverColumns(const SSheetArea &area)
@@ -54,9 +55,8 @@ struct SCableColumn
 };
 
 /// The lengths, those too long for the stock last; if there are too many, the rarest share a column.
-QVector<SCableColumn> cableColumns(const SPartsTally &tally, const PrintConfig &config)
+QVector<SCableColumn> cableColumns(const SPartsTally &tally, const PrintConfig &config, int most)
 {
-    constexpr int Most = 8;
     QVector<int> lengths = tally.cables.keys().toVector();
     if (!lengths.isEmpty() && lengths.first() == 0)
         lengths.append(lengths.takeFirst());
@@ -64,8 +64,8 @@ QVector<SCableColumn> cableColumns(const SPartsTally &tally, const PrintConfig &
     std::stable_sort(common.begin(), common.end(), [&tally](int a, int b) {
         return tally.cables.value(a).needed() > tally.cables.value(b).needed();
     });
-    if (common.size() > Most)
-        common.resize(Most - 1);
+    if (common.size() > most)
+        common.resize(most - 1);
     QVector<SCableColumn> columns;
     SPartsTally::SCable others;
     for (const int metres : qAsConst(lengths)) {
@@ -109,7 +109,8 @@ QVector<SSheet> CCoverSheet::sheets(const SPrintPlan &plan, const Walls &walls,
     CCoverTotals(plan, cover.m_flow).add();
     cover.addTypes();
     cover.addCables();
-    if (coverColumns(area).size() > 1)
+    const QRectF right = coverColumns(area).last();
+    if (coverColumns(area).size() > 1 && cover.m_flow.room().left() < right.left())
         cover.m_flow.nextColumn();
     cover.addWalls();
     cover.addEntries();
@@ -160,7 +161,6 @@ SSheet CCoverSheet::headed() const
 void CCoverSheet::addTypes()
 {
     constexpr double Row = 6.2;
-    constexpr double Cables = 38; // millimetres that the table of cables takes below
     if (m_flow.room().height() < PartTitle + 4 * Row)
         m_flow.nextColumn();
     const auto right = Qt::AlignRight;
@@ -172,7 +172,7 @@ void CCoverSheet::addTypes()
                              {tr("W max. / avg."), 24, right},
                              {tr("Count"), 12, right}},
                             Row);
-    const int most = std::max(2, table.capacity(m_flow.room().height() - PartTitle - Cables));
+    const int most = std::max(2, table.capacity(m_flow.room().height() - PartTitle - CablesHeight));
     m_shownTypes = m_plan.types.size() <= most ? m_plan.types.size() : most - 1;
     QVector<STableRow> rows;
     for (int i = 0; i < m_shownTypes; ++i) {
@@ -202,13 +202,15 @@ void CCoverSheet::addCables()
 {
     constexpr double Label = 34;
     constexpr double Count = 14;
-    QVector<SCableColumn> lengths = cableColumns(m_tally, m_plan.config);
+    constexpr double Narrowest = 10; // of a column with four digits
+    if (m_flow.room().height() < CablesHeight)
+        m_flow.nextColumn();
+    const double room = m_flow.room().width() - Label - Count;
+    QVector<SCableColumn> lengths = cableColumns(m_tally, m_plan.config, qBound(2, int(room / Narrowest), 8));
     if (lengths.isEmpty())
         return;
     lengths.append({tr("Count"), m_tally.all});
-    if (m_flow.room().height() < 36)
-        m_flow.nextColumn();
-    const double each = std::min(14.0, (m_flow.room().width() - Label - Count) / (lengths.size() - 1));
+    const double each = std::min(14.0, room / (lengths.size() - 1));
     QVector<STableColumn> columns{{tr("Length, m"), Label}};
     for (const SCableColumn &column : qAsConst(lengths))
         columns.append({column.name, each, Qt::AlignRight});
