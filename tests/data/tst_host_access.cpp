@@ -108,17 +108,15 @@ private Q_SLOTS:
             &Host::areOnPrimaryPorts, &Host::sendCabinetParameters, &Host::currentGains,
             &Host::importCurrentGain, &Host::clearCurrentGains, &Host::sendCurrentGains, &Host::canvasLimits,
             &Host::canvasBlock, &Host::setCanvasSize, &Host::frameRate, &Host::colorDepth, &Host::signalModes,
-            &Host::setFrameRateAndColorDepth, &Host::background, &Host::setBackground, &Host::writeFile,
-            &Host::processorBoundingRects, &Host::setProcessorOffsets>(host);
-        const QStringList expected{QStringLiteral("applyLayoutFollowUp"),
-                                   QStringLiteral("areOnPrimaryPorts"),
-                                   QStringLiteral("commitLayoutData"),
-                                   QStringLiteral("hasUnsavedEdits"),
-                                   QStringLiteral("layoutData"),
-                                   QStringLiteral("portPairRefusal"),
-                                   QStringLiteral("portRedundancies"),
-                                   QStringLiteral("processorOfCabinet"),
-                                   QStringLiteral("writeFile")};
+            &Host::setFrameRateAndColorDepth, &Host::background, &Host::setBackground,
+            &Host::setPrintSettings, &Host::writeFile, &Host::processorBoundingRects,
+            &Host::setProcessorOffsets>(host);
+        const QStringList expected{
+            QStringLiteral("applyLayoutFollowUp"), QStringLiteral("areOnPrimaryPorts"),
+            QStringLiteral("commitLayoutData"),    QStringLiteral("hasUnsavedEdits"),
+            QStringLiteral("layoutData"),          QStringLiteral("portPairRefusal"),
+            QStringLiteral("portRedundancies"),    QStringLiteral("processorOfCabinet"),
+            QStringLiteral("setPrintSettings"),    QStringLiteral("writeFile")};
         QCOMPARE(exceptions, expected);
         host.answers()->forgetCalls();
         CHostAccess::call([](Host &one) { one.processors(); });

@@ -173,11 +173,13 @@ private Q_SLOTS:
         QTRY_VERIFY(save->isEnabled());
         QCOMPARE(host.answers()->files.value(folder.filePath(QStringLiteral("list.CSV"))).count('\n'), 49);
         host.answers()->fileFailure = QStringLiteral("The disk is full.");
-        CMessageBoxAnswerer user({QStringLiteral("OK")});
-        saved(QStringLiteral("plan.svg"));
-        QTRY_COMPARE(user.boxes().size(), 1);
-        QCOMPARE(user.boxes().first().details, QStringLiteral("The disk is full."));
-        QTRY_VERIFY(save->isEnabled());
+        {
+            CMessageBoxAnswerer user({QStringLiteral("OK")});
+            saved(QStringLiteral("plan.svg"));
+            QTRY_COMPARE(user.boxes().size(), 1);
+            QCOMPARE(user.boxes().first().details, QStringLiteral("The disk is full."));
+            QTRY_VERIFY(save->isEnabled());
+        }
         if (QPrinterInfo::availablePrinters().isEmpty()) {
             CMessageBoxAnswerer reader({QStringLiteral("OK")});
             found<QPushButton>(dialog, QStringLiteral("Print…"))->click();

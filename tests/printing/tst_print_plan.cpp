@@ -136,6 +136,7 @@ private Q_SLOTS:
         input.processors[1].node.address = 0x0A000001; // a device tells its own
         input.processors << SPrintedProcessor();
         input.processors.last().node.name = QStringLiteral("Empty");
+        input.processors.last().node.address = 0;
         const SPrintPlan plan = SPrintPlan::of(input, job);
         QCOMPARE(plan.processors.size(), 2);
         QCOMPARE(plan.processors[0].name, QStringLiteral("P(10.0.0.7)"));

@@ -178,8 +178,10 @@ private Q_SLOTS:
         };
         QCOMPARE(lines.at(1), "1,0," + uuid(0, 0) + ",0,0,64,32,,,1,1,1,0,0,wall\r");
         QCOMPARE(lines.at(5),
-                 "2,1," + uuid(1, 1) + ",192,0,64,32,Rental indoor P2.6,\"B\u00fchne, \"\"links\"\"\"\r");
-        QCOMPARE(lines.at(8), "2,," + uuid(1, 0) + ",128,0,64,32,,\"B\u00fchne, \"\"links\"\"\"\r");
+                 "2,1," + uuid(1, 1) +
+                     ",192,0,64,32,Rental indoor P2.6,\"B\u00fchne, \"\"links\"\"\",1,1,4,499,0,wall\r");
+        QCOMPARE(lines.at(8),
+                 "2,," + uuid(1, 0) + ",128,0,64,32,,\"B\u00fchne, \"\"links\"\"\",,1,3,333,0,wall\r");
     }
 
     void exportsAPicture()
