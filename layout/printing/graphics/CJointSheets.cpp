@@ -77,7 +77,10 @@ SSheet CJointSheets::sheet(SSheet::View view) const
     SSheet sheet;
     sheet.title = tr("All processors");
     sheet.ports = tr("all");
-    sheet.processor = tr("all");
+    QStringList names;
+    for (const CWall *wall : m_walls)
+        names << wall->processor().name;
+    sheet.processor = names.join(QStringLiteral(", "));
     sheet.size = m_area.size;
     sheet.frame = m_area.frame;
     sheet.view = view;
