@@ -200,6 +200,7 @@ CProjectShelf::Opened CProjectShelf::readd(const SProcessorProject &project, con
     m_table.change(added.value(), [&](SDevice &device) {
         device.stamp = stamp;
         device.savedSettings = SProcessorSettings();
+        device.savedPrint = saved ? saved.value().print : PrintConfig();
         if (saved)
             takeSettings(device.savedSettings, saved.value(), device.node.uuid);
     });

@@ -46,24 +46,6 @@ bool isTable(const QString &file)
     return QFileInfo(file).suffix().compare(QLatin1String("csv"), Qt::CaseInsensitive) == 0;
 }
 
-SPrintJob openingJob(const SPrintInput &input, const QList<QUuid> &chosen,
-                     const QMap<QUuid, PrintConfig> &kept)
-{
-    SPrintJob job = PrintMemory::load();
-    bool first = true;
-    for (const SPrintedProcessor &processor : input.processors) {
-        const QUuid key = processor.node.uuid;
-        if (kept.contains(key))
-            job.take(key, kept.value(key));
-        if (first && chosen.contains(key) && kept.contains(key) && job.own.contains(key))
-            job.whole = job.own.value(key).kept();
-        first = first && !chosen.contains(key);
-    }
-    for (auto own = job.own.begin(); own != job.own.end();)
-        own = own->kept() == job.whole ? job.own.erase(own) : own + 1;
-    return job;
-}
-
 void date(PrintConfig &config)
 {
     if (!config.date.isValid())
@@ -76,7 +58,7 @@ CPrintDialog::CPrintDialog(const SPrintInput &input, const QList<QUuid> &chosen,
                            const QMap<QUuid, PrintConfig> &kept, QWidget *parent)
     : CDialog(tr("Print"), QDialogButtonBox::Close, parent)
     , m_input(input)
-    , m_job(openingJob(input, chosen, kept))
+    , m_job(PrintMemory::opened(input, chosen, kept))
     , m_opened(m_job)
 {
     buildUi(chosen);

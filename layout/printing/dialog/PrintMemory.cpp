@@ -47,6 +47,24 @@ SPrintJob PrintMemory::load()
     return job;
 }
 
+SPrintJob PrintMemory::opened(const SPrintInput &input, const QList<QUuid> &chosen,
+                              const QMap<QUuid, PrintConfig> &kept)
+{
+    SPrintJob job = load();
+    bool first = true;
+    for (const SPrintedProcessor &processor : input.processors) {
+        const QUuid key = processor.node.uuid;
+        if (kept.contains(key))
+            job.take(key, kept.value(key));
+        if (first && chosen.contains(key) && kept.contains(key) && job.own.contains(key))
+            job.whole = job.own.value(key).kept();
+        first = first && !chosen.contains(key);
+    }
+    for (auto own = job.own.begin(); own != job.own.end();)
+        own = own->kept() == job.whole ? job.own.erase(own) : own + 1;
+    return job;
+}
+
 void PrintMemory::save(const SPrintJob &job)
 {
     QJsonObject own;
