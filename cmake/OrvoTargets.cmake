@@ -35,6 +35,14 @@ function(orvo_add_library name)
     target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR})
 endfunction()
 
+# orvo_set_sanitizer_options(TEST): what sanitizers report, and what they ignore.
+function(orvo_set_sanitizer_options test)
+    set_property(TEST ${test} APPEND PROPERTY ENVIRONMENT
+        "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/lsan.supp:print_suppressions=0"
+        "ASAN_OPTIONS=max_free_fill_size=4096:free_fill_byte=221:detect_odr_violation=0"
+        "TSAN_OPTIONS=ignore_noninstrumented_modules=1:history_size=7:suppressions=${CMAKE_SOURCE_DIR}/cmake/tsan.supp")
+endfunction()
+
 # orvo_add_test(NAME [GUI] SOURCES … LINK …): a Qt Test program, run by CTest offscreen (GUI: in a real window under Xvfb).
 function(orvo_add_test name)
     cmake_parse_arguments(ARG "GUI" "TIMEOUT" "SOURCES;LINK" ${ARGN})
@@ -59,9 +67,6 @@ function(orvo_add_test name)
         add_test(NAME ${name} COMMAND ${name})
         set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
     endif()
-    set_property(TEST ${name} APPEND PROPERTY ENVIRONMENT
-        "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/cmake/lsan.supp:print_suppressions=0"
-        "ASAN_OPTIONS=max_free_fill_size=4096:free_fill_byte=221:detect_odr_violation=0"
-        "TSAN_OPTIONS=ignore_noninstrumented_modules=1:history_size=7:suppressions=${CMAKE_SOURCE_DIR}/cmake/tsan.supp")
+    orvo_set_sanitizer_options(${name})
     set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT})
 endfunction()
