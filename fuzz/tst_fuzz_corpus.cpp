@@ -14,7 +14,7 @@ class CFuzzCorpusTest final : public CTestBase
     Q_OBJECT
 
 private:
-    static constexpr int ChangesOfEach = 20;
+    static constexpr int ChangesOfEach = 3;
 
 private Q_SLOTS:
     void initTestCase() { initLayoutResources(); }

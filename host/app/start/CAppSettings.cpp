@@ -23,6 +23,16 @@ const QString megabytesKey = QStringLiteral("history/limitMegabytes");
 constexpr int UsualVersions = 1;
 constexpr int UsualMegabytes = 256;
 
+/// Those that can be names of files; the file of settings may have been edited by hand.
+QStringList fileNames(const QVariant &value)
+{
+    QStringList names = value.toStringList();
+    names.erase(std::remove_if(names.begin(), names.end(),
+                               [](const QString &name) { return name.isEmpty() || name.contains(QChar(0)); }),
+                names.end());
+    return names;
+}
+
 QString identityOf(const QString &file)
 {
     const QFileInfo info(file);
@@ -64,9 +74,8 @@ void CAppSettings::setRightBarCollapsed(bool collapsed)
 
 QStringList CAppSettings::recentProjects() const
 {
-    QStringList files = m_settings.value(recentKey).toStringList();
-    files.removeAll(QString());
-    return files.mid(0, MaximumRecentProjects); // the file of settings may have been edited by hand
+    const QStringList files = fileNames(m_settings.value(recentKey));
+    return files.mid(0, MaximumRecentProjects);
 }
 
 void CAppSettings::addRecentProject(const QString &file)
@@ -95,8 +104,7 @@ void CAppSettings::clearRecentProjects()
 
 QStringList CAppSettings::writtenFiles() const
 {
-    QStringList files = m_settings.value(writtenKey).toStringList();
-    files.removeAll(QString());
+    const QStringList files = fileNames(m_settings.value(writtenKey));
     return files.mid(0, MaximumWrittenFolders);
 }
 
