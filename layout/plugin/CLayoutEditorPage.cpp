@@ -95,6 +95,7 @@ void CLayoutEditorPage::reload()
     showBackground(m_store.background());
 }
 
+/// The limit is one of the host's settings.
 SKeptHistory CLayoutEditorPage::keptHistory() const
 {
     SKeptHistory kept;

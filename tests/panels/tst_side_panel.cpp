@@ -183,6 +183,15 @@ private Q_SLOTS:
         QCOMPARE(all->toolTip(), world.mapping.refusal);
     }
 
+    void theHistoryIsFoldedAtFirstAndRemembered()
+    {
+        for (const bool shown : {false, true, false}) {
+            SPanelWorld world;
+            QCOMPARE(world.panel.isHistoryShown(), shown);
+            world.panel.setHistoryShown(!shown);
+        }
+    }
+
     void refusedEditsCannotBeAskedFor()
     {
         SPanelWorld world;
