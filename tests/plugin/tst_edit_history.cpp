@@ -302,6 +302,9 @@ private Q_SLOTS:
         world.choose(left - 3);
         world.choose(left);
         QCOMPARE(world.layout(), last);
+        history.setLimit(1); // cannot be reached
+        QTRY_VERIFY(history.isTidy());
+        QCOMPARE(history.stack().count(), 2); // those that were undone stay
     }
 };
 

@@ -26,6 +26,15 @@ qint64 commandBytes(const QUndoCommand &command)
     return command.childCount() * OwnCommand;
 }
 
+bool hasOwnCommands(const QUndoStack &stack)
+{
+    for (int i = 0; i < stack.count(); ++i) {
+        if (stack.command(i)->childCount() > 0)
+            return true;
+    }
+    return false;
+}
+
 /// Whether each step begins where the one before has ended, and the layout is where the done ones lead.
 bool leadsTo(const SEditHistory &history, const CabinetLayout &layout)
 {
@@ -242,6 +251,8 @@ void CEditHistory::shorten()
     int dropped = 0;
     while (kept > m_limit / 2 && dropped < std::min(index, m_steps.size() - 1))
         kept -= m_steps.at(dropped++)->bytes();
+    if (dropped == 0 && !hasOwnCommands(m_stack))
+        return; // nothing more can be done
     const int saved = m_stack.cleanIndex() < dropped ? -1 : m_stack.cleanIndex() - dropped;
     m_dropped += dropped;
     m_droppedUntold += dropped;
