@@ -78,7 +78,7 @@ void SMainActions::createActions(QMainWindow &window)
                        tr("Look at the wiring plan, print it or save it as a PDF"));
     closeProject =
         makeAction(window, tr("&Close project"), QKeySequence::Close, tr("Close the selected project"));
-    restoreVersion = makeAction(window, tr("Restore ea&rlier version..."), {},
+    restoreVersion = makeAction(window, tr("Restore ear&lier version..."), {},
                                 tr("Go back to what the project's file held before it was saved"));
     settings = makeAction(window, tr("Se&ttings..."), {}, tr("Set what is kept of projects and histories"));
     recover = makeAction(window, tr("Recover &unsaved edits..."), {},

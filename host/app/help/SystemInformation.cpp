@@ -7,7 +7,6 @@
 #include <QLocale>
 #include <QScreen>
 #include <QStringList>
-#include <QStyle>
 #include <QSysInfo>
 #include <QThread>
 
@@ -39,8 +38,7 @@ QString SystemInformation::text()
             .arg(QSysInfo::currentCpuArchitecture())
             .arg(QThread::idealThreadCount()),
         QStringLiteral("Platform: %1").arg(QGuiApplication::platformName()),
-        QStringLiteral("Locale: %1").arg(QLocale::system().name()),
-        QStringLiteral("Style: %1").arg(QApplication::style()->objectName())};
+        QStringLiteral("Locale: %1").arg(QLocale::system().name())};
     const QFontInfo font(QApplication::font());
     lines << QStringLiteral("Font: %1, %2 pt").arg(font.family()).arg(font.pointSizeF());
     for (const QScreen *screen : QGuiApplication::screens())

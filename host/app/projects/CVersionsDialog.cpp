@@ -62,6 +62,7 @@ void CVersionsDialog::buildUi()
         row->setToolTip(Saved, QDir::toNativeSeparators(version.file));
         m_list->addTopLevelItem(row);
     }
+    m_list->setCurrentItem(m_list->topLevelItem(0));
     for (int column = 0; column < ColumnCount; ++column) {
         m_list->resizeColumnToContents(column);
         m_list->setColumnWidth(column, m_list->columnWidth(column) + ColumnRoom);
