@@ -5,7 +5,6 @@
 #include "host/devices/simulated/CProcessorCodec.h"
 #include "host/library/CTypeLibrary.h"
 #include "host/projects/CCabinetConfig.h"
-#include "host/projects/CCabinetTable.h"
 #include "host/projects/CCurrentGainFile.h"
 #include "host/projects/CLayoutCheck.h"
 #include "host/projects/CPortProject.h"
@@ -75,13 +74,7 @@ QString FuzzTargets::project(const QByteArray &bytes)
     if (std::any_of(findings.begin(), findings.end(),
                     [](const auto &finding) { return finding.text.isEmpty(); }))
         return QStringLiteral("a finding without words");
-    int lines = 1;
-    for (const auto &port : project.layout.ports)
-        lines += port.cabinetCount();
-    const int written = CCabinetTable::toCsv(project.layout).count('\n');
-    return project.layout.ports.isEmpty() || written >= lines
-               ? QString()
-               : QStringLiteral("a table without all cabinets");
+    return {};
 }
 
 QString FuzzTargets::port(const QByteArray &bytes)
