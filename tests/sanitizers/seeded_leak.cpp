@@ -6,10 +6,10 @@
 namespace {
 
 constexpr int Blocks = 100; // the last may still be found on the stack
+int *volatile lost = nullptr;
 
 void leak()
 {
-    int *volatile lost = nullptr;
     for (int i = 0; i < Blocks; ++i)
         lost = new int(i);
     lost = nullptr;
