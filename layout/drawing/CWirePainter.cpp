@@ -7,7 +7,6 @@
 
 #include <QMap>
 #include <QPainter>
-#include <QPolygonF>
 
 #include <algorithm>
 
@@ -149,7 +148,9 @@ QRectF CWirePainter::bounds(const QLineF &line)
     QRectF bounds = QRectF(line.p1(), line.p2()).normalized().adjusted(-beside, -beside, beside, beside);
     if (length > 0) {
         const auto head = headOn(line, length * LargestArrowShare);
-        bounds |= QPolygonF({head[0], head[1], head[2]}).boundingRect();
+        const auto across = std::minmax({head[0].x(), head[1].x(), head[2].x()});
+        const auto down = std::minmax({head[0].y(), head[1].y(), head[2].y()});
+        bounds |= QRectF(QPointF(across.first, down.first), QPointF(across.second, down.second));
     }
     return bounds;
 }

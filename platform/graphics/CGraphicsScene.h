@@ -6,6 +6,8 @@
 #include <QHash>
 #include <QUuid>
 
+#include <utility>
+
 /// The widget library's graphics scene: finds items by identity, and does not resize itself while items move.
 class CGraphicsScene : public QGraphicsScene
 {
@@ -34,8 +36,12 @@ public:
     QGraphicsItem *itemOf(const QUuid &uuid) const { return m_items.value(uuid, nullptr); }
     int knownItemCount() const { return m_items.size(); }
 
-    /// Registers an item of the scene under its identity, or unregisters it.
-    void enterItem(const QUuid &uuid, QGraphicsItem &item) { m_items.insert(uuid, &item); }
+    /// Registers an item of the scene under its identity, or unregisters it. enterItem() returns whether it
+    /// was not registered so before.
+    bool enterItem(const QUuid &uuid, QGraphicsItem &item)
+    {
+        return std::exchange(m_items[uuid], &item) != &item;
+    }
     void leaveItem(const QUuid &uuid) { m_items.remove(uuid); }
     void reserveItems(int count) { m_items.reserve(count); }
     void forgetItems() { m_items.clear(); }

@@ -98,7 +98,7 @@ QString faultOfWall(const CGraphicsPortItem &port)
 
 QString faultOfLine(const CGraphicsConnectionItem &line)
 {
-    return line.from()->outgoing() == &line && line.to()->incoming() == &line
+    return line.from() && line.from()->outgoing() == &line && line.to()->incoming() == &line
                ? QString()
                : QStringLiteral("a line is not known to its cabinets");
 }

@@ -3,6 +3,7 @@
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsConnectionItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "tests/editor/CSceneVerifier.h"
 #include "tests/editor/SPortsScene.h"
 #include "tests/harness/CTestBase.h"
 
@@ -158,6 +159,22 @@ private Q_SLOTS:
         QVERIFY(!port.chain().link(&a, &a));
         port.chain().insert(0, nullptr);
         QCOMPARE(port.state(), QStringLiteral("A1@0 B3@1 | A>B"));
+    }
+
+    /// Within a batch a removed line is kept for the same cabinet; at its end no line is left over.
+    void linesAreUsedAgain()
+    {
+        CLetterPort port;
+        port.run(QStringLiteral("+A +B +C +D"));
+        const CGraphicsConnectionItem *line = port.cabinet('A').outgoing();
+        {
+            const CEditBatch batch(port.scene.backend().batches());
+            port.run(QStringLiteral("-D -C -B -A +A +D"));
+            port.cabinet('D').setPos(500, 600);
+        }
+        QCOMPARE(port.cabinet('A').outgoing(), line);
+        QCOMPARE(line->line().p2(), port.cabinet('D').entryPoint());
+        QCOMPARE(CSceneVerifier::faultIn(port.scene), QString());
     }
 
     void marksGoWithTheWiring()

@@ -210,6 +210,21 @@ private Q_SLOTS:
         QCOMPARE(CSceneVerifier::faultIn(world.scene), QString());
     }
 
+    void theSelectionsOfStepsAreNotMixedUp()
+    {
+        World world;
+        for (const int place : {0, 1}) {
+            world.scene.clearSelection();
+            CommandWorld::Cabinet &cabinet = World::cabinet(world.scene, 0, place);
+            cabinet.setSelected(true);
+            QCOMPARE(world.scene.selection().uuids(), QVector<QUuid>{cabinet.uuid()});
+            world.scene.selectedItemMoveRight();
+        }
+        world.scene.undo(nullptr);
+        world.scene.undo(nullptr);
+        QVERIFY(World::cabinet(world.scene, 0, 0).isSelected() && world.scene.selection().count() == 1);
+    }
+
     void aHighlightIsNoDifferenceOfTheLayout()
     {
         World world;

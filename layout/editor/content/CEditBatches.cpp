@@ -16,12 +16,13 @@ void CEditBatches::endBatch()
 void CEditBatches::noteCabinetMoved(CGraphicsCabinetItem &cabinet)
 {
     const CEditBatch batch(*this);
-    m_pending.noteCabinetMoved(cabinet);
     if (CGraphicsGroupItem *group = cabinet.groupItem())
         m_pending.noteMembersChanged(*group);
-    if (CGraphicsPortItem *port = cabinet.portItem())
+    if (CGraphicsPortItem *port = cabinet.portItem()) {
+        port->chain().noteMoved(cabinet);
         port->noteChanged();
-    if (cabinet.isSelectedWithGroups())
+    }
+    if (!m_pending.isSelectedMoved() && cabinet.isSelectedWithGroups())
         m_pending.noteSelectedMoved();
 }
 
@@ -43,6 +44,14 @@ void CEditBatches::noteSelection()
 {
     const CEditBatch batch(*this);
     m_pending.noteSelection();
+}
+
+bool CEditBatches::noteRepaint()
+{
+    const CEditBatch batch(*this);
+    const bool first = !m_pending.isRepaint();
+    m_pending.noteRepaint();
+    return first;
 }
 
 void CEditBatches::noteHighlight()

@@ -7,6 +7,8 @@
 
 #include <functional>
 
+class CGraphicsCabinetItem;
+
 /// Collects what items report while a batch is open, and does the resulting work once, when the outermost
 /// batch ends. A report outside a batch forms a batch of its own. GUI thread.
 class CEditBatches final : public IEditing
@@ -33,6 +35,8 @@ public:
     void notePortChanged(const CGraphicsPortItem &port);
     void noteSelection();
     void noteHighlight();
+    /// Everything is to be repainted. Returns whether it is the first time in this batch.
+    bool noteRepaint();
 
 private:
     std::function<void(const CPendingEdits &)> m_finish;

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/content/CPendingEdits.h"
 
-#include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IItemIndex.h"
@@ -21,11 +20,6 @@ int depthOf(const CGraphicsGroupItem &group)
 
 } // namespace
 
-void CPendingEdits::noteCabinetMoved(const CGraphicsCabinetItem &cabinet)
-{
-    m_cabinets << cabinet.cabinet().uuid;
-}
-
 void CPendingEdits::noteMembersChanged(const CGraphicsGroupItem &group)
 {
     m_groups.insert(group.uuid());
@@ -38,20 +32,18 @@ void CPendingEdits::notePortChanged(const CGraphicsPortItem &port)
 
 bool CPendingEdits::isEmpty() const
 {
-    return m_cabinets.isEmpty() && m_groups.isEmpty() && m_ports.isEmpty() && !m_selectionChanged &&
-           !m_highlightChanged;
+    return m_groups.isEmpty() && m_ports.isEmpty() && !m_selectionChanged && !m_highlightChanged &&
+           !m_repaint;
 }
 
 void CPendingEdits::finish(IItemIndex &items) const
 {
     fitGroups(items);
-    for (const QUuid &uuid : m_cabinets) {
-        if (CGraphicsItemBase *item = items.editedItem(uuid))
-            static_cast<CGraphicsCabinetItem *>(item)->routeWires();
-    }
     for (const int index : m_ports) {
-        if (CGraphicsPortItem *port = items.portItem(index))
+        if (CGraphicsPortItem *port = items.portItem(index)) {
+            port->chain().finishLines();
             port->updateBounds();
+        }
     }
 }
 

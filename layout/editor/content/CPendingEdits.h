@@ -6,7 +6,6 @@
 #include <QUuid>
 #include <QVector>
 
-class CGraphicsCabinetItem;
 class CGraphicsGroupItem;
 class CGraphicsPortItem;
 class IItemIndex;
@@ -16,17 +15,18 @@ class IItemIndex;
 class CPendingEdits final
 {
 public:
-    void noteCabinetMoved(const CGraphicsCabinetItem &cabinet);
     void noteMembersChanged(const CGraphicsGroupItem &group);
     void notePortChanged(const CGraphicsPortItem &port);
     void noteSelection() { m_selectionChanged = true; }
     void noteSelectedMoved() { m_selectedMoved = true; }
     void noteHighlight() { m_highlightChanged = true; }
+    void noteRepaint() { m_repaint = true; }
 
     bool isEmpty() const;
     bool isSelectionChanged() const { return m_selectionChanged; }
     bool isSelectedMoved() const { return m_selectedMoved; }
     bool isHighlightChanged() const { return m_highlightChanged; }
+    bool isRepaint() const { return m_repaint; } ///< of everything
     const QVector<int> &ports() const { return m_ports; }
 
     /// Does the pending work. Skips ports that @p items no longer knows.
@@ -35,10 +35,10 @@ public:
 private:
     void fitGroups(IItemIndex &items) const;
 
-    QVector<QUuid> m_cabinets;
     QSet<QUuid> m_groups;
     QVector<int> m_ports;
     bool m_selectionChanged = false;
     bool m_selectedMoved = false;
     bool m_highlightChanged = false;
+    bool m_repaint = false;
 };

@@ -188,9 +188,8 @@ CGraphicsItemBase *CSceneContent::editedItem(const QUuid &uuid) const
 
 void CSceneContent::enterEdited(CGraphicsItemBase &item)
 {
-    if (item.type() == CabinetItemKind && editedItem(item.uuid()) != &item)
+    if (m_scene.enterItem(item.uuid(), item) && item.type() == CabinetItemKind)
         ++m_cabinetCount;
-    m_scene.enterItem(item.uuid(), item);
 }
 
 void CSceneContent::leaveEdited(CGraphicsItemBase &item)

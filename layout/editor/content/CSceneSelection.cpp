@@ -73,6 +73,7 @@ void CSceneSelection::note(CGraphicsItemBase &item, bool selected)
 
 void CSceneSelection::count(const CGraphicsItemBase &item, int change)
 {
+    m_uuids.clear();
     m_count += change;
     if (item.type() == GroupItemKind)
         m_groupCount += change;
@@ -133,13 +134,14 @@ QVector<QVector<CGraphicsCabinetItem *>> CSceneSelection::cabinetsByPort() const
 
 QVector<QUuid> CSceneSelection::uuids() const
 {
-    QVector<QUuid> uuids;
-    uuids.reserve(m_count);
+    if (m_uuids.size() == m_count)
+        return m_uuids;
+    m_uuids.reserve(m_count);
     for (const QVector<CGraphicsItemBase *> &ofPort : m_items) {
         for (const CGraphicsItemBase *item : ofPort)
-            uuids << item->uuid();
+            m_uuids << item->uuid();
     }
-    return uuids;
+    return m_uuids;
 }
 
 QList<CabinetLayout::CabinetPort::Cabinet> CSceneSelection::records() const

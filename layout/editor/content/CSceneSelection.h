@@ -33,7 +33,7 @@ public:
     QVector<QVector<CGraphicsCabinetItem *>> cabinetsByPort() const;
 
     QList<int> ports() const { return m_items.keys(); } ///< that hold selected items, ascending
-    QVector<QUuid> uuids() const;
+    QVector<QUuid> uuids() const;                       ///< shared until the selection changes
     QList<CabinetLayout::CabinetPort::Cabinet> records() const;
     QRect extent() const; ///< of all selected items, canvas pixels; empty if nothing is selected
 
@@ -54,4 +54,5 @@ private:
     QMap<int, QVector<CGraphicsItemBase *>> m_items; // by port; none is empty
     int m_count = 0;
     int m_groupCount = 0;
+    mutable QVector<QUuid> m_uuids; // empty if not made yet
 };

@@ -37,6 +37,8 @@ void CSelectionPicks::port(int port, bool selected)
 
 void CSelectionPicks::only(const QVector<QUuid> &uuids)
 {
+    if (uuids == m_selection.uuids()) // as after most undo steps
+        return;
     QSet<CGraphicsItemBase *> wanted;
     for (const QUuid &uuid : uuids) {
         if (CGraphicsItemBase *item = m_content.editedItem(uuid))

@@ -25,16 +25,14 @@ CGraphicsCabinetItem::CGraphicsCabinetItem(QGraphicsItem *parent)
 }
 
 CGraphicsCabinetItem::CGraphicsCabinetItem(const Cabinet &cabinetRecord, QGraphicsItem *parent)
-    : CGraphicsItemBase(cabinetRecord.uuid, nullptr)
+    : CGraphicsItemBase(cabinetRecord.uuid, parent, cabinetRecord.rect.topLeft())
 {
     record() = cabinetRecord;
     record().uuid = uuid();
     record().rank = NoPosition;
     record().calibrationIndex = -1; // the highlight belonged to the previous item
     record().mappingIndex = -1;     // the host knows the places in the saved mapping
-    const QRectF placement = CCabinetRect::fromRecord(cabinetRecord.rect);
-    setSize(placement.size());
-    setPos(parent ? parent->mapFromScene(placement.topLeft()) : placement.topLeft());
+    setSize(cabinetRecord.rect.size());
     setParentItem(parent);
 }
 
@@ -48,9 +46,8 @@ void CGraphicsCabinetItem::setCabinet(const Cabinet &cabinetRecord)
     record().mappingIndex = -1;
     record().calibrationIndex = previous.calibrationIndex;
     record().rank = m_chainPosition;
-    const QRectF placement = CCabinetRect::fromRecord(cabinetRecord.rect);
-    setSize(placement.size());
-    setPos(parentItem() ? parentItem()->mapFromScene(placement.topLeft()) : placement.topLeft());
+    setSize(cabinetRecord.rect.size());
+    placeAt(cabinetRecord.rect.topLeft());
     record().rect = cabinetRecord.rect;
     forgetInnerLines();
     update();
@@ -80,7 +77,7 @@ bool CGraphicsCabinetItem::canResize() const
 
 void CGraphicsCabinetItem::followGeometry()
 {
-    record().rect = CCabinetRect::toRecord(mapRectToScene(rect()));
+    record().rect = CCabinetRect::toRecord(placement());
     if (IEditorScene *editing = editor())
         editing->notes().noteCabinetMoved(*this);
 }
@@ -109,14 +106,12 @@ void CGraphicsCabinetItem::setRectAnchored(bool anchored)
 
 QPointF CGraphicsCabinetItem::entryPoint() const
 {
-    const QRectF placement = mapRectToScene(rect());
-    return m_rectAnchored ? SWireAnchors::of(cabinet(), placement).entry : placement.center();
+    return m_rectAnchored ? SWireAnchors::of(cabinet(), placement()).entry : placement().center();
 }
 
 QPointF CGraphicsCabinetItem::exitPoint() const
 {
-    const QRectF placement = mapRectToScene(rect());
-    return m_rectAnchored ? SWireAnchors::of(cabinet(), placement).exit : placement.center();
+    return m_rectAnchored ? SWireAnchors::of(cabinet(), placement()).exit : placement().center();
 }
 
 void CGraphicsCabinetItem::setHighlighted(bool highlighted)
@@ -205,6 +200,8 @@ void CGraphicsCabinetItem::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event
 
 QVariant CGraphicsCabinetItem::itemChange(GraphicsItemChange change, const QVariant &value)
 {
+    if (change == ItemPositionChange)
+        return value; // any position will do
     if (change == ItemSelectedChange && value.toBool() && isGrouped()) {
         // A rubber band selects whole groups.
         const IItemMouse *mouse = itemMouse();

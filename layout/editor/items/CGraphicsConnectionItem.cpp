@@ -14,18 +14,28 @@ CGraphicsConnectionItem::CGraphicsConnectionItem(CGraphicsCabinetItem &from, CGr
     , m_to(&to)
 {
     setPen(CWirePainter::pen());
+    setZValue(ConnectionHeight); // outside a scene it costs nothing
     setAcceptedMouseButtons(Qt::NoButton);
     route();
     setParentItem(portItem);
 }
 
+void CGraphicsConnectionItem::join(CGraphicsCabinetItem &from, CGraphicsCabinetItem &to)
+{
+    m_from = &from;
+    m_to = &to;
+    route();
+}
+
 void CGraphicsConnectionItem::route()
 {
+    m_stale = false;
+    if (!m_from)
+        return;
     const QLineF routed(m_from->exitPoint(), m_to->entryPoint()); // the port item is at the scene's origin
     if (routed == line())
         return;
-    prepareGeometryChange();
-    setLine(routed);
+    setLine(routed); // prepares the change of its bounds, too
     m_bounds = CWirePainter::bounds(routed);
 }
 
@@ -41,5 +51,6 @@ bool CGraphicsConnectionItem::contains(const QPointF &) const
 
 void CGraphicsConnectionItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *)
 {
-    CWirePainter::paint(*painter, line(), option->levelOfDetailFromTransform(painter->worldTransform()));
+    if (m_from)
+        CWirePainter::paint(*painter, line(), option->levelOfDetailFromTransform(painter->worldTransform()));
 }

@@ -21,14 +21,23 @@ public:
     bool contains(const QPointF &point) const override;
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
 
-    CGraphicsCabinetItem *from() const { return m_from; }
+    CGraphicsCabinetItem *from() const { return m_from; } ///< null while the chain keeps a line without use
     CGraphicsCabinetItem *to() const { return m_to; }
+
+    /// Makes it the line between these cabinets.
+    void join(CGraphicsCabinetItem &from, CGraphicsCabinetItem &to);
+    /// Makes it a line without use, which is not drawn.
+    void part() { m_from = m_to = nullptr; }
 
     /// Recalculates the line from the exit point of one cabinet to the entry point of the other.
     void route();
+    /// Whether one of the cabinets has moved since route() was called.
+    bool isStale() const { return m_stale; }
+    void setStale() { m_stale = true; }
 
 private:
     CGraphicsCabinetItem *m_from;
     CGraphicsCabinetItem *m_to;
     QRectF m_bounds;
+    bool m_stale = false;
 };

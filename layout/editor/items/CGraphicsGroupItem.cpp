@@ -55,10 +55,9 @@ void moveToParent(CGraphicsItemBase &member, QGraphicsItem &parent)
 } // namespace
 
 CGraphicsGroupItem::CGraphicsGroupItem(const QUuid &uuid, const QRectF &sceneRect, QGraphicsItem *parent)
-    : CGraphicsItemBase(uuid, nullptr)
+    : CGraphicsItemBase(uuid, parent, sceneRect.topLeft())
 {
     setSize(sceneRect.size());
-    setPos(parent ? parent->mapFromScene(sceneRect.topLeft()) : sceneRect.topLeft());
     setParentItem(parent);
 }
 

@@ -18,13 +18,30 @@
 #include <QPainterPath>
 #include <QPen>
 
-CGraphicsItemBase::CGraphicsItemBase(const QUuid &uuid, QGraphicsItem *parent)
-    : QGraphicsRectItem(parent)
+namespace {
+
+/// Where the coordinates of its children begin, in scene coordinates.
+QPointF originOf(const QGraphicsItem *parent)
+{
+    QPointF origin;
+    for (; parent; parent = parent->parentItem())
+        origin += parent->pos();
+    return origin;
+}
+
+} // namespace
+
+CGraphicsItemBase::CGraphicsItemBase(const QUuid &uuid, const QGraphicsItem *parent,
+                                     const QPointF &scenePlace)
+    : QGraphicsRectItem(nullptr)
 {
     setPen(QPen(Qt::NoPen)); // with a pen each lookup would stroke a path
     setUuid(uuid.isNull() ? QUuid::createUuid() : uuid);
     setAcceptHoverEvents(true);
-    setFlags(ItemIsMovable | ItemIsSelectable | ItemSendsGeometryChanges | ItemSendsScenePositionChanges);
+    setPos(scenePlace - originOf(parent)); // before the flags, which make it costly
+    // Nothing relies on scene-position changes: items of a scene have not got this flag, see itemChange().
+    setFlags(ItemIsMovable | ItemIsSelectable | ItemSendsGeometryChanges |
+             (parent ? GraphicsItemFlags() : ItemSendsScenePositionChanges));
 }
 
 void CGraphicsItemBase::setUuid(const QUuid &uuid)
@@ -78,6 +95,16 @@ bool CGraphicsItemBase::isSelectedWithGroups() const
         return true;
     const CGraphicsGroupItem *group = groupItem();
     return group && group->isSelectedWithGroups();
+}
+
+QPointF CGraphicsItemBase::scenePlace() const
+{
+    return originOf(parentItem()) + pos();
+}
+
+void CGraphicsItemBase::placeAt(const QPointF &scenePlace)
+{
+    setPos(scenePlace - originOf(parentItem()));
 }
 
 void CGraphicsItemBase::setSize(const QSizeF &size)

@@ -65,6 +65,13 @@ public:
     /// Updates records and wiring lines to the item's current geometry.
     virtual void followGeometry() = 0;
 
+    /// Its position and its rectangle in scene coordinates; much cheaper than by transforms, which no item
+    /// has.
+    QPointF scenePlace() const;
+    QRectF placement() const { return rect().translated(scenePlace()); }
+    /// Moves its origin to @p scenePlace.
+    void placeAt(const QPointF &scenePlace);
+
     QRectF boundingRect() const override { return m_bounds; }
     QPainterPath shape() const override;
 
@@ -81,8 +88,10 @@ public:
     void setSize(const QSizeF &size);
 
 protected:
-    /// If @p uuid is null, the item gets a new identity.
-    CGraphicsItemBase(const QUuid &uuid, QGraphicsItem *parent);
+    /// If @p uuid is null, the item gets a new identity. Derived classes set @p parent themselves, at the end
+    /// of their construction, because it checks the type of a new child; @p scenePlace is where the item
+    /// shall be then.
+    CGraphicsItemBase(const QUuid &uuid, const QGraphicsItem *parent, const QPointF &scenePlace = {});
 
     Cabinet &record() { return m_cabinet; }
     IEditorScene *editor() const;  ///< null outside a port of an editing scene

@@ -18,6 +18,20 @@ namespace {
 
 constexpr qreal EdgeReach = 3; // device pixels
 
+/// childrenBoundingRect(), without the transforms that no child has.
+QRectF boundsOfChildren(const QGraphicsItem &parent)
+{
+    QRectF bounds;
+    const QList<QGraphicsItem *> children = parent.childItems();
+    for (const QGraphicsItem *child : children) {
+        QRectF area = child->boundingRect();
+        if (child->type() == GroupItemKind)
+            area |= boundsOfChildren(*child);
+        bounds |= area.translated(child->pos());
+    }
+    return bounds;
+}
+
 void collectPortCabinets(const QGraphicsItem &parent, QVector<CGraphicsCabinetItem *> &cabinets)
 {
     const QList<QGraphicsItem *> children = parent.childItems();
@@ -196,7 +210,7 @@ SPortLook CGraphicsPortItem::look() const
     if (!first)
         return look;
     look.bounds = m_bounds;
-    look.head = first->mapRectToScene(first->rect());
+    look.head = first->placement();
     if (!look.wired)
         return look;
     const CGraphicsCabinetItem *last = m_chain.tail();
@@ -258,7 +272,7 @@ const QRectF &CGraphicsPortItem::wall() const
 void CGraphicsPortItem::updateBounds()
 {
     m_wall.reset();
-    const QRectF bounds = childrenBoundingRect();
+    const QRectF bounds = boundsOfChildren(*this);
     if (bounds == m_bounds)
         return;
     prepareGeometryChange();
@@ -316,7 +330,7 @@ QVariant CGraphicsPortItem::itemChange(GraphicsItemChange change, const QVariant
 void CGraphicsPortItem::adopt(QGraphicsItem &child)
 {
     if (child.type() == ConnectionItemKind) {
-        child.setZValue(ConnectionHeight);
+        child.setZValue(ConnectionHeight); // they have it already
     } else if (child.type() == CabinetItemKind || child.type() == GroupItemKind) {
         auto &item = static_cast<CGraphicsItemBase &>(child);
         item.setPort(port());

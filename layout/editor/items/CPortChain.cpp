@@ -6,7 +6,10 @@
 #include "layout/editor/items/CGraphicsConnectionItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 
+#include <QGraphicsScene>
+
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -53,7 +56,7 @@ void CPortChain::joinPair(CGraphicsCabinetItem &from, CGraphicsCabinetItem &to)
 {
     removeConnection(from.outgoing());
     removeConnection(to.incoming());
-    auto *connection = new CGraphicsConnectionItem(from, to, &m_port);
+    CGraphicsConnectionItem *connection = newConnection(from, to);
     from.setOutgoing(connection);
     to.setIncoming(connection);
 
@@ -66,6 +69,10 @@ void CPortChain::joinPair(CGraphicsCabinetItem &from, CGraphicsCabinetItem &to)
 
 void CPortChain::unlink(CGraphicsCabinetItem &cabinet, bool reconnect)
 {
+    if (!cabinet.isInChain() && !cabinet.incoming() && !cabinet.outgoing()) {
+        cabinet.clearRectFlags();
+        return;
+    }
     CGraphicsCabinetItem *previous = before(cabinet);
     CGraphicsCabinetItem *next = after(cabinet);
     const bool isEnd = !m_inPieces && !m_order.isEmpty() && m_order.last() == &cabinet;
@@ -177,7 +184,46 @@ void CPortChain::removeConnection(CGraphicsConnectionItem *connection)
         return;
     connection->from()->setOutgoing(nullptr);
     connection->to()->setIncoming(nullptr);
-    delete connection;
+    m_sparePlaces.insert(connection->from(), m_spares.size());
+    m_spares << connection;
+    connection->part();
+}
+
+CGraphicsConnectionItem *CPortChain::newConnection(CGraphicsCabinetItem &from, CGraphicsCabinetItem &to)
+{
+    const auto place = m_sparePlaces.find(&from);
+    if (place == m_sparePlaces.end())
+        return new CGraphicsConnectionItem(from, to, &m_port);
+    CGraphicsConnectionItem *connection = std::exchange(m_spares[*place], nullptr);
+    m_sparePlaces.erase(place);
+    connection->join(from, to);
+    return connection;
+}
+
+void CPortChain::noteMoved(const CGraphicsCabinetItem &cabinet)
+{
+    for (CGraphicsConnectionItem *connection : {cabinet.incoming(), cabinet.outgoing()}) {
+        if (!connection || connection->isStale())
+            continue;
+        connection->setStale();
+        m_stale << connection;
+    }
+}
+
+void CPortChain::finishLines()
+{
+    for (CGraphicsConnectionItem *connection : qAsConst(m_stale))
+        connection->route();
+    m_stale.clear();
+    // In the order of removal, mostly from the end, which is the cheapest. Without removeItem() the port's
+    // childrenBoundingRect() would not change.
+    for (CGraphicsConnectionItem *connection : qAsConst(m_spares)) {
+        if (connection && connection->scene())
+            connection->scene()->removeItem(connection);
+        delete connection;
+    }
+    m_spares.clear();
+    m_sparePlaces.clear();
 }
 
 void CPortChain::leave(CGraphicsCabinetItem &cabinet)

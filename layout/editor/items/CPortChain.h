@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QHash>
 #include <QVector>
 
 class CGraphicsCabinetItem;
@@ -50,8 +51,15 @@ public:
     /// The cabinets in chain order; if the chain is cut, ordered by position.
     QVector<CGraphicsCabinetItem *> order() const;
 
+    /// The lines of @p cabinet must be routed again: by finishLines().
+    void noteMoved(const CGraphicsCabinetItem &cabinet);
+    /// Routes the lines of all cabinets that have moved, and deletes the lines that were removed and not
+    /// needed again. Called at the end of a batch.
+    void finishLines();
+
 private:
     void removeConnection(CGraphicsConnectionItem *connection);
+    CGraphicsConnectionItem *newConnection(CGraphicsCabinetItem &from, CGraphicsCabinetItem &to);
     void leave(CGraphicsCabinetItem &cabinet);
     void renumberFrom(CGraphicsCabinetItem &first);
     void makeHead(CGraphicsCabinetItem &cabinet);
@@ -63,4 +71,10 @@ private:
     // The chain while it is in one piece. A cut chain is searched instead; it exists only briefly.
     QVector<CGraphicsCabinetItem *> m_order;
     bool m_inPieces = false;
+
+    // Lines that were removed in this batch, and their places by the cabinet in which they began: most wiring
+    // joins many pairs again, and adding items to a scene costs more than all the rest.
+    QVector<CGraphicsConnectionItem *> m_spares;
+    QHash<const CGraphicsCabinetItem *, int> m_sparePlaces;
+    QVector<CGraphicsConnectionItem *> m_stale;
 };

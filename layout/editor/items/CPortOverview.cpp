@@ -101,11 +101,13 @@ void CPortOverview::readChildren(const QGraphicsItem &parent, CGraphicsGroupItem
     const QList<QGraphicsItem *> children = parent.childItems(); // in the order of drawing
     for (QGraphicsItem *child : children) {
         if (child->type() == ConnectionItemKind) {
-            m_wires << static_cast<const CGraphicsConnectionItem *>(child)->line();
+            const auto *wire = static_cast<const CGraphicsConnectionItem *>(child);
+            if (wire->from())
+                m_wires << wire->line();
             continue;
         }
         SPlace place;
-        place.rect = child->mapRectToScene(static_cast<const CGraphicsItemBase *>(child)->rect());
+        place.rect = static_cast<const CGraphicsItemBase *>(child)->placement();
         place.group = group;
         if (child->type() == GroupItemKind) {
             place.group = static_cast<CGraphicsGroupItem *>(child);

@@ -21,5 +21,7 @@ public:
     /// on the wiring.
     virtual void noteWiringChanged(CGraphicsPortItem &port) = 0;
     virtual void noteSelected(CGraphicsItemBase &item, bool selected) = 0;
+    /// Everything is to be repainted.
+    virtual void noteRepaint() = 0;
     virtual void noteHighlighted(CGraphicsCabinetItem &cabinet, bool highlighted) = 0;
 };

@@ -159,6 +159,8 @@ void CCabinetGraphicsScene::finishBatch(const CPendingEdits &work)
         }
     }
     m_backend->batches().forget(); // what was reported meanwhile is done already
+    if (work.isRepaint())
+        updateViews();
     if (std::exchange(m_portAreaChanged, false))
         updateContentRect();
     if (work.isSelectedMoved())

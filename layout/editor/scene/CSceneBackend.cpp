@@ -190,6 +190,13 @@ void CSceneBackend::noteSelected(CGraphicsItemBase &item, bool selected)
     m_parts->selection.note(item, selected);
 }
 
+void CSceneBackend::noteRepaint()
+{
+    // At the beginning, too: from then on items need not request it one by one.
+    if (m_parts->batches.noteRepaint())
+        m_scene.updateViews();
+}
+
 void CSceneBackend::noteHighlighted(CGraphicsCabinetItem &cabinet, bool highlighted)
 {
     m_parts->highlights.note(cabinet, highlighted);

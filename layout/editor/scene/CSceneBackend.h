@@ -80,6 +80,7 @@ private:
     void notePortChanged(CGraphicsPortItem &port) override;
     void noteWiringChanged(CGraphicsPortItem &port) override;
     void noteSelected(CGraphicsItemBase &item, bool selected) override;
+    void noteRepaint() override;
     void noteHighlighted(CGraphicsCabinetItem &cabinet, bool highlighted) override;
     void cancelGesture();
 
