@@ -8,9 +8,21 @@
 
 CUndoCommand::CUndoCommand(int id, QGraphicsItem *item, const QString &text, QUndoCommand *parent)
     : QUndoCommand(text, parent)
-    , m_id(id)
     , m_scene(item ? qobject_cast<CGraphicsScene *>(item->scene()) : nullptr)
+    , m_id(id)
 {
+}
+
+QVariant CUndoCommand::asVariant(const Value &value)
+{
+    const QPointF *place = std::get_if<QPointF>(&value);
+    return place ? QVariant(*place) : std::get<QVariant>(value);
+}
+
+QPointF CUndoCommand::asPlace(const Value &value)
+{
+    const QPointF *place = std::get_if<QPointF>(&value);
+    return place ? *place : std::get<QVariant>(value).toPointF();
 }
 
 QGraphicsItem *CUndoCommand::item(const QUuid &uuid) const

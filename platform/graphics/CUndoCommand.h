@@ -2,9 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QPointF>
 #include <QUndoCommand>
 #include <QUuid>
 #include <QVariant>
+
+#include <variant>
 
 class CGraphicsScene;
 class QGraphicsItem;
@@ -18,8 +21,11 @@ public:
     /// The value that undo applies, and the one that redo applies.
     void setStartValue(const QVariant &value) { m_startValue = value; }
     void setEndValue(const QVariant &value) { m_endValue = value; }
-    const QVariant &startValue() const { return m_startValue; }
-    const QVariant &endValue() const { return m_endValue; }
+    QVariant startValue() const { return asVariant(m_startValue); }
+    QVariant endValue() const { return asVariant(m_endValue); }
+    /// The same for a position, which needs less memory so.
+    void setStartValue(const QPointF &place) { m_startValue = place; }
+    void setEndValue(const QPointF &place) { m_endValue = place; }
 
 protected:
     /// Remembers the scene of @p item, which may be null; the scene must outlive the command.
@@ -29,9 +35,17 @@ protected:
     QGraphicsItem *item(const QUuid &uuid) const;
     CGraphicsScene *scene() const { return m_scene; }
 
+    // The values as positions; null if they are none.
+    QPointF startPlace() const { return asPlace(m_startValue); }
+    QPointF endPlace() const { return asPlace(m_endValue); }
+
 private:
-    int m_id;
+    using Value = std::variant<QVariant, QPointF>;
+    static QVariant asVariant(const Value &value);
+    static QPointF asPlace(const Value &value);
+
     CGraphicsScene *m_scene;
-    QVariant m_startValue;
-    QVariant m_endValue;
+    Value m_startValue;
+    Value m_endValue;
+    int m_id; // last, so that members of derived classes fill the gap
 };

@@ -24,12 +24,11 @@
 namespace {
 
 /// The new position of an item, in scene coordinates.
-QPointF nudged(const CGraphicsItemBase &item, const QPointF &step)
+QPointF nudged(const QPointF &place, const QPointF &step)
 {
-    const QPointF place = item.scenePos();
-    const QPointF wanted = item.mapToScene(item.mapFromParent(item.pos() + step));
-    return QPointF(step.x() < 0 ? std::max(place.x() + step.x(), 0.0) : wanted.x(),
-                   step.y() < 0 ? std::max(place.y() + step.y(), 0.0) : wanted.y());
+    const QPointF wanted = place + step;
+    return QPointF(step.x() < 0 ? std::max(wanted.x(), 0.0) : wanted.x(),
+                   step.y() < 0 ? std::max(wanted.y(), 0.0) : wanted.y());
 }
 
 /// How deep groups are nested in @p group, itself included.
@@ -145,9 +144,10 @@ void CSceneOperations::nudge(const QPointF &step)
     const CUndoMacro macro(m_recorder, QStringLiteral("ChangePosition"), QStringLiteral("Move"));
     int atEdge = 0;
     for (CGraphicsItemBase *item : m_selection.sorted()) {
-        const QPointF target = nudged(*item, step);
-        if (target != item->scenePos())
-            m_recorder.record<CMoveCommand>(*item, item->scenePos(), target);
+        const QPointF place = item->scenePlace();
+        const QPointF target = nudged(place, step);
+        if (target != place)
+            m_recorder.record<CMoveCommand>(*item, place, target);
         else
             atEdge += item->concernedCabinets().size();
     }

@@ -39,8 +39,8 @@ public:
     // Both make a command on @p item, carry it out and record it. Only within an operation, see CUndoMacro.
 
     /// A command that changes @p item from one value to another.
-    template <typename Command>
-    void record(CGraphicsItemBase &item, const QVariant &start = {}, const QVariant &end = {})
+    template <typename Command, typename Start = QVariant, typename End = QVariant>
+    void record(CGraphicsItemBase &item, const Start &start = {}, const End &end = {})
     {
         auto command = std::make_unique<Command>(&item);
         command->setStartValue(start);

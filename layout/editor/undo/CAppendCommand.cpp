@@ -5,7 +5,8 @@
 #include <QGraphicsItem>
 
 CAppendCommand::CAppendCommand(QGraphicsItem *item, QUndoCommand *parent)
-    : CUndoCommandBase(AppendId, item, tr("Append"), false, parent)
+    : CUndoCommandBase(
+          AppendId, item, [] { return tr("Append"); }, false, parent)
 {
 }
 

@@ -7,7 +7,8 @@
 #include <QGraphicsItem>
 
 CBreakGroupCommand::CBreakGroupCommand(QGraphicsItem *item, QUndoCommand *parent)
-    : CUndoCommandBase(BreakGroupId, item, tr("Ungroup"), false, parent)
+    : CUndoCommandBase(
+          BreakGroupId, item, [] { return tr("Ungroup"); }, false, parent)
 {
     if (const CGraphicsGroupItem *group = resolvedGroup()) {
         for (const CGraphicsItemBase *member : group->members())

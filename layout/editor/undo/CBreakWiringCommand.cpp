@@ -8,7 +8,8 @@
 #include <QGraphicsItem>
 
 CBreakWiringCommand::CBreakWiringCommand(QGraphicsItem *item, QUndoCommand *parent)
-    : CUndoCommandBase(BreakWiringId, item, tr("Clear topology"), false, parent)
+    : CUndoCommandBase(
+          BreakWiringId, item, [] { return tr("Clear topology"); }, false, parent)
 {
 }
 

@@ -8,7 +8,8 @@
 #include <QGraphicsItem>
 
 CChangeCabinetTypeCommand::CChangeCabinetTypeCommand(QGraphicsItem *item, QUndoCommand *parent)
-    : CUndoCommandBase(ChangeTypeId, item, tr("Change cabinet type"), false, parent)
+    : CUndoCommandBase(
+          ChangeTypeId, item, [] { return tr("Change cabinet type"); }, false, parent)
 {
 }
 

@@ -7,7 +7,8 @@
 #include <QGraphicsItem>
 
 CCreateGroupCommand::CCreateGroupCommand(QGraphicsItem *item, QUndoCommand *parent)
-    : CUndoCommandBase(CreateGroupId, item, tr("Group"), false, parent)
+    : CUndoCommandBase(
+          CreateGroupId, item, [] { return tr("Group"); }, false, parent)
 {
     if (const CGraphicsGroupItem *group = resolvedGroup()) {
         for (const CGraphicsItemBase *member : group->members())

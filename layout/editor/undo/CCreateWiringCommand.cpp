@@ -5,7 +5,8 @@
 #include <QGraphicsItem>
 
 CCreateWiringCommand::CCreateWiringCommand(QGraphicsItem *item, QUndoCommand *parent)
-    : CUndoCommandBase(CreateWiringId, item, tr("Create wiring"), false, parent)
+    : CUndoCommandBase(
+          CreateWiringId, item, [] { return tr("Create wiring"); }, false, parent)
 {
 }
 

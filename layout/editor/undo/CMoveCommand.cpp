@@ -7,28 +7,29 @@
 #include <QGraphicsItem>
 
 CMoveCommand::CMoveCommand(QGraphicsItem *item, QUndoCommand *parent)
-    : CUndoCommandBase(MoveId, item, tr("Move"), true, parent)
+    : CUndoCommandBase(
+          MoveId, item, [] { return tr("Move"); }, true, parent)
 {
 }
 
 void CMoveCommand::undo()
 {
-    place(startValue());
+    place(startPlace());
 }
 
 void CMoveCommand::redo()
 {
-    place(endValue());
+    place(endPlace());
 }
 
-void CMoveCommand::place(const QVariant &value)
+void CMoveCommand::place(const QPointF &scenePlace)
 {
     CGraphicsItemBase *base = resolvedItem();
     if (!base)
         return;
     {
         const CItemChangeBlocker blocker(*base);
-        base->setPos(base->mapToParent(base->mapFromScene(value.toPointF())));
+        base->placeAt(scenePlace);
     }
     base->followGeometry();
     finishGeometry(*base);
@@ -36,11 +37,10 @@ void CMoveCommand::place(const QVariant &value)
 
 bool CMoveCommand::mergeWith(const QUndoCommand *other)
 {
-    if (!resolvedItem() || other->id() != id())
+    const auto *next = other->id() == id() ? dynamic_cast<const CMoveCommand *>(other) : nullptr;
+    if (!next || next->uuid() != uuid() || next->startValue() != endValue() || !resolvedItem() ||
+        !next->resolvedItem())
         return false;
-    const auto *next = dynamic_cast<const CMoveCommand *>(other);
-    if (!next || !next->resolvedItem() || next->uuid() != uuid() || next->startValue() != endValue())
-        return false;
-    setEndValue(next->endValue());
+    setEndValue(next->endPlace());
     return true;
 }

@@ -20,5 +20,5 @@ public:
     bool mergeWith(const QUndoCommand *other) override;
 
 private:
-    void place(const QVariant &value);
+    void place(const QPointF &scenePlace);
 };

@@ -5,7 +5,8 @@
 #include <QGraphicsItem>
 
 CRemoveCommand::CRemoveCommand(QGraphicsItem *item, QUndoCommand *parent)
-    : CUndoCommandBase(RemoveId, item, tr("Remove"), false, parent)
+    : CUndoCommandBase(
+          RemoveId, item, [] { return tr("Remove"); }, false, parent)
 {
 }
 

@@ -7,7 +7,8 @@
 #include <QGraphicsItem>
 
 CReszieCommand::CReszieCommand(QGraphicsItem *item, QUndoCommand *parent)
-    : CUndoCommandBase(ResizeId, item, tr("Resize"), true, parent)
+    : CUndoCommandBase(
+          ResizeId, item, [] { return tr("Resize"); }, true, parent)
 {
 }
 

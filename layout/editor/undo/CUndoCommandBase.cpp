@@ -8,6 +8,8 @@
 #include "layout/editor/items/IEditorScene.h"
 #include "platform/graphics/CGraphicsScene.h"
 
+#include <array>
+
 namespace {
 
 CGraphicsItemBase *asItemBase(QGraphicsItem *item)
@@ -16,16 +18,32 @@ CGraphicsItemBase *asItemBase(QGraphicsItem *item)
     return isBase ? static_cast<CGraphicsItemBase *>(item) : nullptr;
 }
 
-QString commandText(const QString &word, bool named, const CGraphicsItemBase *item)
+/// Whether commands of that kind make their item anew, in undo or in redo.
+bool makesItem(CUndoCommandBase::ECommandId id)
 {
-    return word + QLatin1Char(' ') + (named && item ? item->name() : QString());
+    return id == CUndoCommandBase::AppendId || id == CUndoCommandBase::RemoveId ||
+           id == CUndoCommandBase::CreateGroupId || id == CUndoCommandBase::BreakGroupId;
+}
+
+QString commandText(CUndoCommandBase::ECommandId id, QString (*word)(), const QString &name)
+{
+    static std::array<QString, CUndoCommandBase::ChangeTypeId + 1> nameless;
+    QString &known = nameless[id];
+    if (known.isNull())
+        known = word() + QLatin1Char(' ');
+    return name.isEmpty() ? known : known + name;
+}
+
+QString nameOf(const CGraphicsItemBase *item)
+{
+    return item ? item->name() : QString();
 }
 
 } // namespace
 
-CUndoCommandBase::CUndoCommandBase(ECommandId id, QGraphicsItem *item, const QString &word, bool named,
+CUndoCommandBase::CUndoCommandBase(ECommandId id, QGraphicsItem *item, Word word, bool named,
                                    QUndoCommand *parent)
-    : CUndoCommand(id, item, commandText(word, named, asItemBase(item)), parent)
+    : CUndoCommand(id, item, commandText(id, word, named ? nameOf(asItemBase(item)) : QString()), parent)
 {
     const CGraphicsItemBase *base = asItemBase(item);
     if (!base)
@@ -37,14 +55,35 @@ CUndoCommandBase::CUndoCommandBase(ECommandId id, QGraphicsItem *item, const QSt
         m_parentUuid = group->uuid();
     m_uuid = base->uuid();
     m_itemType = item->type();
-    m_pos = item->pos();
-    m_scenePos = item->scenePos();
-    m_rect = base->rect();
+    if (makesItem(id))
+        m_origin = originOf(*base);
+}
+
+std::unique_ptr<CUndoCommandBase::SOrigin> CUndoCommandBase::originOf(const CGraphicsItemBase &item)
+{
+    auto origin = std::make_unique<SOrigin>();
+    origin->pos = item.pos();
+    origin->scenePos = item.scenePlace();
+    origin->rect = item.rect();
     for (int role = 1; role <= 2; ++role) {
-        const QVariant value = item->data(role);
+        const QVariant value = item.data(role);
         if (value.isValid())
-            m_data.insert(role, value);
+            origin->data.insert(role, value);
     }
+    return origin;
+}
+
+void CUndoCommandBase::setFactory(const Factory &factory)
+{
+    if (m_origin)
+        m_origin->factory = factory;
+}
+
+CUndoCommandBase::SSelections &CUndoCommandBase::selections()
+{
+    if (!m_selections)
+        m_selections = std::make_unique<SSelections>();
+    return *m_selections;
 }
 
 CGraphicsItemBase *CUndoCommandBase::resolvedItem() const
@@ -72,7 +111,9 @@ CGraphicsPortItem *CUndoCommandBase::portItem() const
 
 void CUndoCommandBase::repaint()
 {
-    if (scene())
+    if (m_editor)
+        m_editor->notes().noteRepaint();
+    else if (scene())
         scene()->updateViews();
 }
 
@@ -107,6 +148,8 @@ void CUndoCommandBase::takeOut()
     CGraphicsPortItem *owner = base->portItem();
     CGraphicsGroupItem *group = base->groupItem();
     leaveWithMembers(*base);
+    if (owner)
+        owner->chain().finishLines(); // removed after the cabinets they would cost more
     scene()->removeItem(base);
     delete base;
     if (group)
@@ -118,13 +161,13 @@ void CUndoCommandBase::takeOut()
 
 CGraphicsItemBase *CUndoCommandBase::makeItem()
 {
-    CGraphicsItemBase *base = m_factory ? m_factory() : nullptr;
+    CGraphicsItemBase *base = m_origin && m_origin->factory ? m_origin->factory() : nullptr;
     if (!base)
         return nullptr;
     base->setUuid(m_uuid);
-    for (auto role = m_data.begin(); role != m_data.end(); ++role)
+    for (auto role = m_origin->data.begin(); role != m_origin->data.end(); ++role)
         base->setData(role.key(), role.value());
-    base->setSize(m_rect.size());
+    base->setSize(m_origin->rect.size());
     return base;
 }
 
@@ -148,8 +191,10 @@ void CUndoCommandBase::recreate(EPlace place)
         return;
     const CItemChangeBlocker blocker(*base);
     putIntoScene(*base);
-    const QPointF byScene = base->parentItem() ? base->parentItem()->mapFromScene(m_scenePos) : m_scenePos;
-    base->setPos(place == AtPosition ? m_pos : byScene);
+    if (place == AtPosition)
+        base->setPos(m_origin->pos);
+    else
+        base->placeAt(m_origin->scenePos);
     base->followGeometry();
     base->selectOutermost(true);
     finishGeometry(*base);
@@ -183,7 +228,7 @@ void CUndoCommandBase::recreateGroup(const QVector<QUuid> &members)
     auto *group = static_cast<CGraphicsGroupItem *>(base);
     const CItemChangeBlocker blocker(*group);
     putIntoScene(*group);
-    group->setPos(m_pos);
+    group->setPos(m_origin->pos);
     QVector<CGraphicsItemBase *> found;
     for (const QUuid &member : members) {
         if (CGraphicsItemBase *memberItem = asItemBase(item(member)))

@@ -10,6 +10,7 @@
 #include <QVector>
 
 #include <functional>
+#include <memory>
 
 class CGraphicsCabinetItem;
 class CGraphicsGroupItem;
@@ -45,23 +46,23 @@ public:
     /// has no identity.
     QGraphicsItem *parentItem() const { return m_parentUuid.isNull() ? nullptr : item(m_parentUuid); }
 
-    void setFactory(const Factory &factory) { m_factory = factory; }
+    void setFactory(const Factory &factory);
 
     /// Name of the operation that the command belongs to.
     const QString &operationName() const { return m_operationName; }
     void setOperationName(const QString &name) { m_operationName = name; }
 
     /// The selection before and after the operation. Set for the first command of an operation only.
-    void setSelectionBefore(const QVector<QUuid> &uuids) { m_selectionBefore = uuids; }
-    void setSelectionAfter(const QVector<QUuid> &uuids) { m_selectionAfter = uuids; }
-    const QVector<QUuid> &selectionBefore() const { return m_selectionBefore; }
-    const QVector<QUuid> &selectionAfter() const { return m_selectionAfter; }
+    void setSelectionBefore(const QVector<QUuid> &uuids) { selections().before = uuids; }
+    void setSelectionAfter(const QVector<QUuid> &uuids) { selections().after = uuids; }
+    QVector<QUuid> selectionBefore() const { return m_selections ? m_selections->before : QVector<QUuid>(); }
+    QVector<QUuid> selectionAfter() const { return m_selections ? m_selections->after : QVector<QUuid>(); }
 
 protected:
-    /// Records the state of @p item. The command's text is @p word, and if @p named, a space and the item's
-    /// name.
-    CUndoCommandBase(ECommandId id, QGraphicsItem *item, const QString &word, bool named,
-                     QUndoCommand *parent);
+    using Word = QString (*)();
+    /// Records the state of @p item. The command's text is what @p word returns, a space, and if @p named,
+    /// the item's name. Commands without a name share their text, which is translated once.
+    CUndoCommandBase(ECommandId id, QGraphicsItem *item, Word word, bool named, QUndoCommand *parent);
 
     CGraphicsItemBase *resolvedItem() const;
     CGraphicsCabinetItem *resolvedCabinet() const; ///< null if the item is not a cabinet
@@ -88,17 +89,30 @@ private:
     /// Unregisters the item and all its descendants, which are about to be deleted.
     void leaveWithMembers(CGraphicsItemBase &item);
 
-    IEditorScene *m_editor = nullptr;
+    /// What only commands need that re-create their item.
+    struct SOrigin
+    {
+        QPointF pos;
+        QPointF scenePos;
+        QRectF rect;
+        QMap<int, QVariant> data; // by role, without the identity
+        Factory factory;
+    };
+    struct SSelections
+    {
+        QVector<QUuid> before;
+        QVector<QUuid> after;
+    };
+    static std::unique_ptr<SOrigin> originOf(const CGraphicsItemBase &item);
+    SSelections &selections();
+
+    // A step that moves everything consists of as many commands as there are cabinets: each byte counts.
     int m_port = 0;
+    int m_itemType = 0;
     QUuid m_parentUuid;
     QUuid m_uuid;
-    int m_itemType = 0;
-    QPointF m_pos;
-    QPointF m_scenePos;
-    QRectF m_rect;
-    QMap<int, QVariant> m_data; // by role, without the identity
-    Factory m_factory;
+    IEditorScene *m_editor = nullptr;
     QString m_operationName;
-    QVector<QUuid> m_selectionBefore;
-    QVector<QUuid> m_selectionAfter;
+    std::unique_ptr<SOrigin> m_origin;
+    std::unique_ptr<SSelections> m_selections;
 };
