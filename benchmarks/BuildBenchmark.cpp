@@ -3,6 +3,7 @@
 #include "benchmarks/Benchmarks.h"
 #include "benchmarks/CBareSide.h"
 #include "benchmarks/CEditorSide.h"
+#include "benchmarks/EditSides.h"
 #include "benchmarks/Figures.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 
@@ -14,20 +15,6 @@
 namespace {
 
 constexpr int BuildRepetitions = 9;
-
-/// A new view without a layout, then the layout.
-SWork editorBuild(const LayoutData &data)
-{
-    const auto side = std::make_shared<std::unique_ptr<CEditorSide>>();
-    SWork work;
-    work.prepare = [side] {
-        *side = std::make_unique<CEditorSide>();
-        malloc_trim(0); // a program that loads its first layout has no memory left from another
-    };
-    work.run = [side, &data] { (*side)->load(data); };
-    work.finish = [side] { side->reset(); };
-    return work;
-}
 
 SWork bareBuild(const LayoutData &data)
 {
@@ -44,14 +31,14 @@ SWork bareBuild(const LayoutData &data)
 
 void measureBuildOf(const char *name, const LayoutData &data)
 {
-    const SMedians medians = Figures::compare(BuildRepetitions, editorBuild(data), bareBuild(data));
+    const SMedians medians = Figures::compare(BuildRepetitions, EditSides::load(data), bareBuild(data));
     Figures::print({name, data.layout.cabinetCount(), medians.work, "bare scene", medians.reference});
 }
 
 /// Both sides replace a layout by itself; the editor before the event loop has turned.
 void measureReload(const LayoutData &data)
 {
-    SWork editor = editorBuild(data);
+    SWork editor = EditSides::load(data);
     editor.prepare = [prepare = editor.prepare, run = editor.run] {
         prepare();
         run();
@@ -103,7 +90,7 @@ void Benchmarks::measureGrowth()
 {
     const LayoutData full = Wall::data(Wall::FullPorts);
     const LayoutData tenth = Wall::data(Wall::TenthPorts);
-    SMedians medians = Figures::compare(BuildRepetitions, editorBuild(full), editorBuild(tenth));
+    SMedians medians = Figures::compare(BuildRepetitions, EditSides::load(full), EditSides::load(tenth));
     Figures::print({"B13 growth of B1", full.layout.cabinetCount(), medians.work, "B1 at 8192 cabinets",
                     medians.reference});
     medians = Figures::compare(BuildRepetitions, bareBuild(full), bareBuild(tenth));

@@ -96,12 +96,11 @@ void Benchmarks::measureWiring()
     CBareSide bare(CBareScene::OpenPorts);
     const SWork reference = sortAndLink(bare, data.layout.ports.at(MeasuredPort));
     const char *const referenceName = "sort and lines";
-    SWork rewire = EditSides::work(editor, measuredPort, wireUp);
     printMedians("B5 snake pattern over a wired port", Wall::CabinetsPerPort, referenceName,
-                 Figures::compare(PortRepetitions, rewire, reference));
-    printMedians(
-        "B5 snake pattern over all ports beside one", data.layout.cabinetCount(), "one port",
-        Figures::compare(WallRepetitions, EditSides::work(editor, EditSides::selectAll, wireUp), rewire));
+                 Figures::compare(PortRepetitions, EditSides::work(editor, measuredPort, wireUp), reference));
+    printMedians("B5 snake pattern over all ports", data.layout.cabinetCount(), "loading them",
+                 Figures::compare(WallRepetitions, EditSides::work(editor, EditSides::selectAll, wireUp),
+                                  EditSides::load(data)));
 
     editor.scene().breakPortWiring(editor.scene().backend().content().portItems().at(MeasuredPort)->port());
     editor.scene().backend().recorder().stack()->clear();

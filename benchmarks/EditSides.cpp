@@ -13,6 +13,9 @@
 #include <QCoreApplication>
 #include <QGraphicsItem>
 
+#include <malloc.h>
+#include <memory>
+
 namespace {
 
 /// Between two turns the scene paints and brings its index up to date.
@@ -91,6 +94,19 @@ SWork EditSides::work(CEditorSide &side, const Edit &select, const Edit &edit, E
         scene.backend().recorder().stack()->clear();
         settle(scene);
     };
+    return work;
+}
+
+SWork EditSides::load(const LayoutData &data)
+{
+    const auto side = std::make_shared<std::unique_ptr<CEditorSide>>();
+    SWork work;
+    work.prepare = [side] {
+        *side = std::make_unique<CEditorSide>();
+        malloc_trim(0); // a program that loads its first layout has no memory left from another
+    };
+    work.run = [side, &data] { (*side)->load(data); };
+    work.finish = [side] { side->reset(); };
     return work;
 }
 

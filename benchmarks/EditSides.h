@@ -24,6 +24,9 @@ void selectAll(CCabinetGraphicsScene &scene);
 /// Returns @p edit, applied to what @p select selects. The sides must outlive the work.
 SWork work(CEditorSide &side, const Edit &select, const Edit &edit, EStep step = Do);
 
+/// Loads @p data into a new editor.
+SWork load(const LayoutData &data);
+
 /// Moves each child of the ports in the bare scene: cabinets and lines.
 SWork moveBare(CBareSide &side);
 SWork selectBare(CBareSide &side);

@@ -6,6 +6,8 @@
 #include "benchmarks/CPainterReference.h"
 #include "benchmarks/Figures.h"
 #include "benchmarks/ShownView.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 
 namespace {
 
@@ -18,25 +20,8 @@ SWork frameOf(QWidget &surface)
     return work;
 }
 
-} // namespace
-
-void Benchmarks::measureWholeWallFrame()
+void measureActualSizeFrameOf(const char *name, const LayoutData &data)
 {
-    const LayoutData data = Wall::data(Wall::FullPorts);
-    CEditorSide editor;
-    editor.load(data);
-    editor.view().fitContent();
-    CPainterReference painter(data.layout);
-    ShownView::show(painter);
-    const SMedians medians =
-        Figures::compare(FrameRepetitions, frameOf(*editor.view().viewport()), frameOf(painter));
-    Figures::print({"B2 frame with the whole wall in the view", data.layout.cabinetCount(), medians.work,
-                    "painter", medians.reference});
-}
-
-void Benchmarks::measureActualSizeFrame()
-{
-    const LayoutData data = Wall::data(Wall::FullPorts);
     CEditorSide editor;
     editor.load(data);
     CBareSide bare(CBareScene::ContainedPorts, CBareScene::Outlined);
@@ -47,6 +32,40 @@ void Benchmarks::measureActualSizeFrame()
     bare.view().centerOn(middle);
     const SMedians medians = Figures::compare(FrameRepetitions, frameOf(*editor.view().viewport()),
                                               frameOf(*bare.view().viewport()));
-    Figures::print({"B3 frame at 1:1", data.layout.cabinetCount(), medians.work,
-                    "bare scene with contained ports", medians.reference});
+    Figures::print({name, data.layout.cabinetCount(), medians.work, "bare scene with contained ports",
+                    medians.reference});
+}
+
+} // namespace
+
+void Benchmarks::measureWholeWallFrame()
+{
+    const LayoutData data = Wall::data(Wall::FullPorts);
+    CEditorSide editor;
+    editor.load(data);
+    editor.view().fitContent();
+    CPainterReference painter(data.layout);
+    ShownView::show(painter);
+    SMedians medians =
+        Figures::compare(FrameRepetitions, frameOf(*editor.view().viewport()), frameOf(painter));
+    Figures::print({"B2 frame with the whole wall in the view", data.layout.cabinetCount(), medians.work,
+                    "painter", medians.reference});
+    SWork changing = frameOf(*editor.view().viewport());
+    changing.prepare = [&scene = editor.scene()] {
+        const bool none = scene.selection().isEmpty();
+        const CEditBatch batch(scene.backend().batches());
+        scene.clearSelection();
+        if (none)
+            scene.selectAllItem();
+    };
+    medians = Figures::compare(FrameRepetitions, changing, frameOf(painter));
+    Figures::print({"B2 frame with another selection", data.layout.cabinetCount(), medians.work, "painter",
+                    medians.reference});
+}
+
+void Benchmarks::measureActualSizeFrame()
+{
+    measureActualSizeFrameOf("B3 frame at 1:1", Wall::data(Wall::FullPorts));
+    measureActualSizeFrameOf("B3 frame at 1:1, cabinets of 128 pixels",
+                             Wall::data(Wall::FullPorts, false, Wall::UsualSide));
 }

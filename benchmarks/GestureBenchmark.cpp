@@ -8,6 +8,7 @@
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
 
+#include <QByteArray>
 #include <QCoreApplication>
 #include <QMouseEvent>
 
@@ -68,19 +69,21 @@ std::function<double()> dragging(QGraphicsView &view, const QPoint &from, const 
     };
 }
 
-void printFrames(const char *name, int count, const SMedians &medians)
+void printFrames(const QByteArray &name, int count, const SMedians &medians)
 {
-    Figures::print({name, count, medians.work, "bare scene with contained ports", medians.reference});
+    Figures::print(
+        {name.constData(), count, medians.work, "bare scene with contained ports", medians.reference});
 }
 
 /// From a corner of the view, outside the wall, over all of it.
-void measureBand(CEditorSide &editor, CBareSide &bare)
+void measureBand(CEditorSide &editor, CBareSide &bare, const char *which)
 {
     bare.view().setDragMode(QGraphicsView::RubberBandDrag);
     const QPoint from(2, 2);
     const QPoint to = bare.view().viewport()->rect().bottomRight() - from;
     const auto nothing = [] {};
-    printFrames("B14 frame of a rubber band over the full wall", Wall::FullPorts * Wall::CabinetsPerPort,
+    printFrames(QByteArray("B14 frame of a rubber band over the full wall") + which,
+                Wall::FullPorts * Wall::CabinetsPerPort,
                 Figures::compare(GestureRepetitions, dragging(editor.view(), from, to, nothing),
                                  dragging(bare.view(), from, to, nothing)));
     bare.view().setDragMode(QGraphicsView::NoDrag);
@@ -95,7 +98,7 @@ void selectBarePort(const CBareScene &scene, const QPointF &place)
         child->setSelected(true);
 }
 
-void measurePortDrag(CEditorSide &editor, CBareSide &bare)
+void measurePortDrag(CEditorSide &editor, CBareSide &bare, const char *which)
 {
     const CGraphicsPortItem &port = *editor.scene().backend().content().portItems().at(MeasuredPort);
     const QPointF middle = port.boundingRect().center();
@@ -105,15 +108,12 @@ void measurePortDrag(CEditorSide &editor, CBareSide &bare)
         editor.view(), from, to, [&editor, &port] { EditSides::selectPort(editor.scene(), port.port()); });
     const auto bareDrag =
         dragging(bare.view(), from, to, [&bare, middle] { selectBarePort(bare.scene(), middle); });
-    printFrames("B14 frame of dragging a port's cabinets", Wall::CabinetsPerPort,
+    printFrames(QByteArray("B14 frame of dragging a port's cabinets") + which, Wall::CabinetsPerPort,
                 Figures::compare(GestureRepetitions, editorDrag, bareDrag));
 }
 
-} // namespace
-
-void Benchmarks::measureGestures()
+void measureGesturesOn(const LayoutData &data, const char *which)
 {
-    const LayoutData data = Wall::data(Wall::FullPorts);
     const QPoint middle = data.bounds.center();
     CEditorSide editor;
     editor.load(data);
@@ -122,8 +122,8 @@ void Benchmarks::measureGestures()
     editor.view().fitContent();
     bare.view().setTransform(editor.view().transform());
     bare.view().centerOn(middle);
-    measureBand(editor, bare);
-    measurePortDrag(editor, bare);
+    measureBand(editor, bare, which);
+    measurePortDrag(editor, bare, which);
 
     editor.view().showActualSize();
     editor.view().centerOn(middle);
@@ -132,6 +132,14 @@ void Benchmarks::measureGestures()
     const QList<QGraphicsItem *> bareItems = bare.scene().items();
     for (QGraphicsItem *item : bareItems)
         item->setAcceptHoverEvents(true);
-    printFrames("B14 frame of hovering at 1:1", data.layout.cabinetCount(),
+    printFrames(QByteArray("B14 frame of hovering at 1:1") + which, data.layout.cabinetCount(),
                 Figures::compare(GestureRepetitions, hovering(editor.view()), hovering(bare.view())));
+}
+
+} // namespace
+
+void Benchmarks::measureGestures()
+{
+    measureGesturesOn(Wall::data(Wall::FullPorts), "");
+    measureGesturesOn(Wall::data(Wall::FullPorts, false, Wall::UsualSide), ", cabinets of 128 pixels");
 }

@@ -67,9 +67,14 @@ private:
 void Benchmarks::measureHandOver()
 {
     const LayoutData data = Wall::data(Wall::FullPorts);
+    const LayoutData portData = Wall::data(1);
     CEditedProcessor full(data);
-    CEditedProcessor onePort(Wall::data(1));
-    const SMedians medians = Figures::compare(MoveRepetitions, full.move(), onePort.move());
+    CEditedProcessor onePort(portData);
+    SMedians medians = Figures::compare(MoveRepetitions, full.move(), onePort.move());
     Figures::print({"B9 move one cabinet until the host has the layout", data.layout.cabinetCount(),
                     medians.work, "the same at 1024 cabinets", medians.reference});
+    CBareSide bare(CBareScene::OpenPorts);
+    medians = Figures::compare(MoveRepetitions, full.move(), EditSides::buildBare(bare, portData.layout));
+    Figures::print({"B9 move one cabinet until the host has the layout, beside a port",
+                    data.layout.cabinetCount(), medians.work, "bare items and lines", medians.reference});
 }

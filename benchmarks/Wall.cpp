@@ -38,10 +38,12 @@ QVector<Group> nestedGroups(const QVector<Port::Cabinet> &cabinets)
 
 } // namespace
 
-LayoutData Wall::data(int ports, bool grouped)
+LayoutData Wall::data(int ports, bool grouped, int side)
 {
     LayoutData data;
-    data.layout = CWallBuilder::build(CWallBuilder::plan(CWallBuilder::Full)).value();
+    SWallPlan plan = CWallBuilder::plan(CWallBuilder::Full);
+    plan.cabinet = QSize(side, side);
+    data.layout = CWallBuilder::build(plan).value();
     data.processor = data.layout.processor;
     data.layout.ports.resize(ports);
     for (Port &port : data.layout.ports) {

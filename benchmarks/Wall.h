@@ -13,9 +13,12 @@ constexpr int FullPorts = 80;
 constexpr int TenthPorts = 8;
 constexpr int CabinetsPerPort = 1024;
 
+constexpr int SmallSide = 24; ///< pixels of a cabinet
+constexpr int UsualSide = 128;
+
 /// The first @p ports of the largest wall that a processor can hold, every eighth of them locked. With
 /// @p grouped each port's cabinets are in groups, of which every two form another group.
-LayoutData data(int ports, bool grouped = false);
+LayoutData data(int ports, bool grouped = false, int side = SmallSide);
 
 /// The same, in groups of @p size cabinets each.
 LayoutData inGroups(int ports, int size);
