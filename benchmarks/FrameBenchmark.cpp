@@ -6,6 +6,8 @@
 #include "benchmarks/CPainterReference.h"
 #include "benchmarks/Figures.h"
 #include "benchmarks/ShownView.h"
+#include "layout/editor/content/CEditBatches.h"
+#include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
 
