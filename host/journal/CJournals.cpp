@@ -231,6 +231,7 @@ void CJournals::adopt(const SStrayJournal &stray, const SJournalOwner &owner)
     submit(true, [this, stray, owner] {
         CJournalState state = stray.journal.state;
         state.trail().renumber(state.project().layout.ports);
+        const auto before = std::move(m_journals[owner.processor]); // keeps its file locked until then
         open(owner, state);
         CJournal &journal = *find(owner.processor);
         if (!journal.replace()) // then the old file stays

@@ -12,8 +12,6 @@
 #include <atomic>
 #include <cerrno>
 #include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
 
@@ -99,7 +97,6 @@ private Q_SLOTS:
     void keepsWhatWasEdited();
     void isPrivate();
     void keepsTheOrder();
-    void survivesBeingKilled();
     void tellsOfAFullDiskAndRecovers_data();
     void tellsOfAFullDiskAndRecovers();
     void staysSmall();
@@ -154,46 +151,6 @@ void CJournalsTest::keepsTheOrder()
     }
     world.journals.stop();
     QVERIFY(offers(world.strays(), editor));
-}
-
-/// A child process edits, and says after each edit that the call has returned; it is killed in between.
-void CJournalsTest::survivesBeingKilled()
-{
-    QTemporaryDir root;
-    const QString folder = root.filePath(QStringLiteral("journal"));
-    for (int round = 1; round <= 6; ++round) {
-        int pipe[2] = {};
-        QCOMPARE(::pipe(pipe), 0);
-        const pid_t child = fork();
-        if (child == 0) {
-            CRecordingEditor editor = smallEditor(quint32(round));
-            CJournals journals(folder, {});
-            journals.begin(ownerOf(editor), editor.project());
-            for (;;) {
-                journals.note(editor.anything());
-                if (::write(pipe[1], "", 1) != 1)
-                    _exit(1);
-            }
-        }
-        char done = 0;
-        int edits = 0;
-        while (edits < 7 * round && ::read(pipe[0], &done, 1) == 1)
-            ++edits;
-        kill(child, SIGKILL);
-        waitpid(child, nullptr, 0);
-        ::close(pipe[1]);
-        while (::read(pipe[0], &done, 1) == 1)
-            ++edits;
-        ::close(pipe[0]);
-        const QList<SStrayJournal> strays = CJournalFolder(folder).strays();
-        CRecordingEditor editor = smallEditor(quint32(round)); // the same edits
-        for (int i = 0; i < edits; ++i)
-            editor.anything();
-        if (!offers(strays, editor))
-            editor.anything(); // was written, but not said
-        QVERIFY(offers(strays, editor));
-        CJournalFolder::remove(strays.first());
-    }
 }
 
 void CJournalsTest::tellsOfAFullDiskAndRecovers_data()

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/commands/CCommandLine.h"
 #include "host/app/commands/CPrintOptions.h"
+#include "host/journal/CJournals.h"
 #include "host/library/CTypeLibrary.h"
 #include "tests/harness/CTestBase.h"
 #include "tests/projects/ProjectSamples.h"
@@ -90,6 +91,40 @@ private Q_SLOTS:
         const SProcessorProject made = CProcessorProject::read(strange).value();
         QCOMPARE(made.name, QStringLiteral("a%2 %1"));
         QVERIFY(made.portCount >= 2 && !made.kind.isEmpty());
+    }
+
+    void recoversWhatWasLeft()
+    {
+        const auto recover = [](const QString &arguments) {
+            return runHere(
+                QStringLiteral("recover %1").arg(arguments).split(QLatin1Char(' '), Qt::SkipEmptyParts));
+        };
+        QCOMPARE(recover({}).status, 3);
+        SProcessorProject edited = ProjectSamples::ofWall(CWallBuilder::Small);
+        CJournals journals(CJournalFolder::defaultPath(), {});
+        SJournalOwner owner;
+        owner.processor = edited.layout.processor;
+        owner.name = QStringLiteral("Foyer");
+        journals.begin(owner, edited);
+        edited.canvas = {640, 480};
+        journals.note(owner, edited);
+        QCOMPARE(recover({}).status, 3); // is being written
+        journals.stop();
+        const SRun listed = recover({});
+        QCOMPARE(listed.status, 0);
+        QVERIFY2(listed.out.startsWith(QStringLiteral("1: Foyer, last edit 2")), qPrintable(listed.out));
+        QVERIFY(listed.out.endsWith(QStringLiteral(", unsaved steps: 0, complete\n")));
+        const QString file = path("recovered.sprj");
+        QCOMPARE(recover(QStringLiteral("--restore 1 ") + file).status, 0);
+        QCOMPARE(CProcessorProject::read(file).value().canvas, edited.canvas);
+        for (const char *wrong : {"--restore 1",
+                                  "--discard 1 "
+                                  "a.sprj",
+                                  "--discard 0", "--restore 1 a.png"})
+            QCOMPARE(recover(QLatin1String(wrong)).status, 2);
+        QCOMPARE(recover(QStringLiteral("--discard 2")).status, 1);
+        QCOMPARE(recover(QStringLiteral("--discard 1")).status, 0);
+        QCOMPARE(recover({}).status, 3);
     }
 
     void refusesWrongUsage_data()
