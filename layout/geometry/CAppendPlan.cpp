@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdlib>
 
 namespace {
@@ -13,6 +14,14 @@ int cellIndex(int nearEdge, int size, int cursor)
 {
     const int offset = cursor - nearEdge;
     return offset >= 0 ? offset / size : -1 - (-1 - offset) / size;
+}
+
+/// The next place on one axis.
+int nextPlace(int place, int origin, int pitch, int direction)
+{
+    const double cells = double(place - origin) / pitch;
+    const double next = direction > 0 ? std::floor(cells) + 1 : direction < 0 ? std::ceil(cells) - 1 : cells;
+    return origin + int(std::lround(next)) * pitch;
 }
 
 } // namespace
@@ -32,6 +41,12 @@ QVector<QRect> CAppendPlan::cells(const QRect &first, const QPoint &cursor, int 
             cells << first.translated(column * step.x(), row * step.y());
     }
     return cells;
+}
+
+QPoint CAppendPlan::nextCorner(const QRect &cell, const QPoint &origin, const QPoint &direction)
+{
+    return {nextPlace(cell.left(), origin.x(), cell.width(), direction.x()),
+            nextPlace(cell.top(), origin.y(), cell.height(), direction.y())};
 }
 
 int CAppendPlan::pattern(EDirection direction, bool reverse)

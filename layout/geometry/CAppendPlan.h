@@ -17,6 +17,10 @@ public:
     /// listed row by row. At least one cell, at most @p limit; rows are left out before columns.
     static QVector<QRect> cells(const QRect &first, const QPoint &cursor, int limit);
 
+    /// The upper left corner of the next cell from @p cell in @p direction (-1, 0 or 1 on each axis), in the
+    /// grid of such cells that begins at @p origin. A cell between the lines of the grid comes onto them.
+    static QPoint nextCorner(const QRect &cell, const QPoint &origin, const QPoint &direction);
+
     /// The pattern whose lines run in @p direction. With @p reverse, horizontal lines advance upward and
     /// vertical ones to the right; without, downward and to the left.
     static int pattern(EDirection direction, bool reverse);

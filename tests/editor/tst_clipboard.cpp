@@ -86,6 +86,35 @@ private Q_SLOTS:
         QCOMPARE(m_mouse->layout(), m_mouse->original());
     }
 
+    void appendsByKeysInTheGridOfTheLastCabinet()
+    {
+        const QRect last = m_mouse->cabinet(0, 2).cabinet().rect;
+        const auto press = [this](std::initializer_list<Qt::Key> keys, Qt::KeyboardModifiers with = {}) {
+            for (const Qt::Key key : keys)
+                QTest::keyClick(&m_mouse->view(), key, with);
+            return placing().block();
+        };
+        QCursor::setPos(m_mouse->view().mapToGlobal({-50, -50})); // the mouse is elsewhere
+        m_mouse->view().onNotifyAppendCabinet({}, 0, last.size());
+        QCOMPARE(placing().block(), last.translated(0, 128)); // there is no room to the right
+        QCOMPARE(press({Qt::Key_Right, Qt::Key_Up}), last.translated(128, 0));
+        QCOMPARE(press({Qt::Key_Left, Qt::Key_Left}), last.translated(-128, 0));
+        QCOMPARE(press({Qt::Key_Up, Qt::Key_Up}), last.translated(-128, 0)); // never off the canvas
+        m_mouse->hover({700, 300});
+        QCOMPARE(press({Qt::Key_Left}).topLeft(), QPoint(512, 256)); // back in the grid
+        const QRect block =
+            press({Qt::Key_Right, Qt::Key_Down, Qt::Key_Down, Qt::Key_Right}, Qt::ShiftModifier);
+        QCOMPARE(block, QRect(512, 256, 384, 384));
+        QCOMPARE(press({Qt::Key_Left}, Qt::ShiftModifier).size(), QSize(256, 384));
+        QCOMPARE(press({Qt::Key_Down}).topLeft(), QPoint(512, 384));
+        press({Qt::Key_Return});
+        QVERIFY(!placing().isAppending());
+        QCOMPARE(m_mouse->scene().selection().extent(), QRect(512, 384, 256, 384));
+        QCOMPARE(m_mouse->stack().count(), 1);
+        QCOMPARE(press({Qt::Key_Right}), QRect());
+        QCOMPARE(m_mouse->scene().selection().extent().left(), 513); // moves what was placed
+    }
+
     void pastesUnderTheCursorByKey()
     {
         m_mouse->states().current = 2;

@@ -154,6 +154,18 @@ QList<CabinetLayout::CabinetPort::Cabinet> CSceneSelection::records() const
     return records;
 }
 
+QVector<QRect> CSceneSelection::itemAreas() const
+{
+    QVector<QRect> areas;
+    if (m_groupCount == 0)
+        return areas;
+    for (const QVector<CGraphicsItemBase *> &items : m_items) {
+        for (const CGraphicsItemBase *item : items)
+            areas << CCabinetRect::toRecord(item->mapRectToScene(item->rect()));
+    }
+    return areas;
+}
+
 QRect CSceneSelection::extent() const
 {
     QRectF extent;

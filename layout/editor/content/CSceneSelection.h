@@ -35,6 +35,9 @@ public:
     QList<int> ports() const { return m_items.keys(); } ///< that hold selected items, ascending
     QVector<QUuid> uuids() const;                       ///< shared until the selection changes
     QList<CabinetLayout::CabinetPort::Cabinet> records() const;
+    /// The areas of the selected items, groups as wholes, canvas pixels. Empty if no group is selected: then
+    /// the records have them.
+    QVector<QRect> itemAreas() const;
     QRect extent() const; ///< of all selected items, canvas pixels; empty if nothing is selected
 
     /// Raises the ports among @p ports that hold selected items above the others.

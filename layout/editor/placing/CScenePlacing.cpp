@@ -30,6 +30,7 @@
 #include <QGraphicsView>
 #include <QGuiApplication>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -45,6 +46,26 @@ QPointF underCursor(const QGraphicsScene &scene)
     for (const QGraphicsView *view : scene.views())
         position = view->mapToScene(view->viewport()->mapFromGlobal(QCursor::pos()));
     return position;
+}
+
+bool isCursorOver(const QGraphicsScene &scene)
+{
+    const QList<QGraphicsView *> views = scene.views();
+    return std::any_of(views.begin(), views.end(), [](const QGraphicsView *view) {
+        return view->viewport()->rect().contains(view->viewport()->mapFromGlobal(QCursor::pos()));
+    });
+}
+
+bool isFree(const QGraphicsScene &scene, const QRect &place)
+{
+    const QList<QGraphicsItem *> there = scene.items(QRectF(place).adjusted(1, 1, -1, -1));
+    return std::none_of(there.begin(), there.end(),
+                        [](const QGraphicsItem *item) { return item->type() == CabinetItemKind; });
+}
+
+bool isOutside(const QRect &cell)
+{
+    return cell.left() < 0 || cell.top() < 0;
 }
 
 } // namespace
@@ -138,8 +159,9 @@ void CScenePlacing::beginAppend(const TypeInfo &type, int port, const QSize &siz
     m_scene.setProperty(PendingType, QVariantMap{{TypeKey, QVariant::fromValue(type)}});
     m_scene.setProperty(PendingPort, port);
     m_scene.setProperty(PendingSize, size);
+    m_byKeys = !isCursorOver(m_scene);
     if (!m_scene.views().isEmpty())
-        showCells({ghostAt(underCursor(m_scene))});
+        showCells({m_byKeys ? placeAtLast() : ghostAt(underCursor(m_scene))});
 }
 
 void CScenePlacing::moveAppendTo(int port)
@@ -204,39 +226,107 @@ void CScenePlacing::showCells(const QVector<QRect> &cells)
 void CScenePlacing::press(const QGraphicsSceneMouseEvent &event)
 {
     m_cursor = event.scenePos();
+    m_byKeys = false;
     showCells({ghostAt(event.scenePos())});
     m_pressed = true;
 }
 
 void CScenePlacing::move(const QGraphicsSceneMouseEvent &event)
 {
+    if (m_byKeys && event.screenPos() == event.lastScreenPos())
+        return; // only what is below the mouse has moved
+    m_byKeys = false;
     m_cursor = event.scenePos();
     if (!m_pressed) {
         showCells({ghostAt(event.scenePos())});
         return;
     }
+    showCells(cellsTo(event.scenePos().toPoint()));
+}
+
+/// The grid of cells from the first one to that which contains @p corner, as far as it is allowed.
+QVector<QRect> CScenePlacing::cellsTo(const QPoint &corner) const
+{
     const CGraphicsPortItem *port = m_content.portItem(pendingPort());
     const int room = port ? LayoutLimits::CabinetsPerPort - port->cabinets(nullptr).size() : 1;
-    QVector<QRect> cells = CAppendPlan::cells(m_cells.first(), event.scenePos().toPoint(), room);
-    const auto outside = [](const QRect &cell) { return cell.left() < 0 || cell.top() < 0; };
-    cells.erase(std::remove_if(cells.begin(), cells.end(), outside), cells.end());
-    showCells(cells);
+    QVector<QRect> cells = CAppendPlan::cells(m_cells.first(), corner, room);
+    cells.erase(std::remove_if(cells.begin(), cells.end(), isOutside), cells.end());
+    return cells;
+}
+
+QRect CScenePlacing::lastCabinet() const
+{
+    const CGraphicsPortItem *port = m_content.portItem(pendingPort());
+    if (!port)
+        return {};
+    const QVector<CGraphicsCabinetItem *> chain = port->chain().order();
+    const QVector<CGraphicsCabinetItem *> cabinets = chain.isEmpty() ? port->cabinets(nullptr) : chain;
+    return cabinets.isEmpty() ? QRect() : cabinets.last()->mapRectToScene(cabinets.last()->rect()).toRect();
+}
+
+/// The first side of the port's last cabinet on which there is room on the canvas, else its right one; of the
+/// whole wall if the port is empty.
+QRect CScenePlacing::placeAtLast() const
+{
+    const QSize size = m_scene.property(PendingSize).toSize();
+    const QRect last = lastCabinet();
+    const QRect beside = last.isEmpty() ? m_content.wall() : last;
+    if (beside.isEmpty())
+        return {QPoint(), size};
+    const QPoint corners[] = {{beside.right() + 1, beside.top()},
+                              {beside.left(), beside.bottom() + 1},
+                              {beside.left() - size.width(), beside.top()},
+                              {beside.left(), beside.top() - size.height()}};
+    for (const QPoint &corner : corners) {
+        const QRect place(corner, size);
+        if (QRect(QPoint(), m_content.canvas()).contains(place) && isFree(m_scene, place))
+            return place;
+    }
+    return {QPoint(qMax(corners[0].x(), 0), qMax(corners[0].y(), 0)), size};
+}
+
+void CScenePlacing::step(const QPoint &direction, bool grows)
+{
+    if (!isAppending() || m_pressed || m_cells.isEmpty())
+        return;
+    m_byKeys = true;
+    const QRect first = m_cells.first();
+    if (grows) {
+        const QPoint step(direction.x() * first.width(), direction.y() * first.height());
+        showCells(cellsTo(m_cells.last().center() + step));
+        return;
+    }
+    const QRect last = lastCabinet();
+    const QPoint origin = last.isEmpty() ? first.topLeft() : QPoint(last.right() + 1, last.top());
+    const QPoint distance = CAppendPlan::nextCorner(first, origin, direction) - first.topLeft();
+    QVector<QRect> cells = m_cells;
+    for (QRect &cell : cells)
+        cell.translate(distance);
+    if (std::none_of(cells.begin(), cells.end(), isOutside))
+        showCells(cells);
 }
 
 bool CScenePlacing::release(const QGraphicsSceneMouseEvent &event)
 {
     if (!m_pressed)
         return false;
+    placeHere(event.widget());
+    return true;
+}
+
+void CScenePlacing::placeHere(QWidget *parent)
+{
+    if (!isAppending() || m_cells.isEmpty())
+        return;
     CGraphicsPortItem *port = m_content.portItem(pendingPort());
     if (port && !CRefusal::isTold(m_editing, port)) {
         const QString refused = EditRefusal::fullPort(port->cabinets(nullptr).size(), m_cells.size());
         if (refused.isEmpty())
             place(*port, recordOf(m_cells, *port), QStringLiteral("Append"));
         else
-            CMessageBox::information(event.widget(), refused);
+            CMessageBox::information(parent, refused);
     }
     endAppend();
-    return true;
 }
 
 CScenePlacing::Port CScenePlacing::recordOf(const QVector<QRect> &cells, const CGraphicsPortItem &port) const

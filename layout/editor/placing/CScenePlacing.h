@@ -63,6 +63,16 @@ public:
     void move(const QGraphicsSceneMouseEvent &event);
     /// Returns whether the cabinets were placed or refused, so that none wait any more.
     bool release(const QGraphicsSceneMouseEvent &event);
+
+    // By keys, while cabinets wait.
+    /// Moves the ghosts by one place in @p direction (-1, 0 or 1 on each axis), in a grid that continues from
+    /// the port's last cabinet. With @p grows, the first one stays, and a row or column is added or taken
+    /// away.
+    void step(const QPoint &direction, bool grows);
+    /// Places the cabinets where the ghosts are, and ends the append. A refusal is shown over @p parent.
+    void placeHere(QWidget *parent);
+    QRect block() const; ///< around all ghosts
+
     /// Draws the ghosts, the edges that they snap to, and their number.
     void paint(QPainter &painter) const;
 
@@ -70,7 +80,9 @@ private:
     int pendingPort() const;
     QRect ghostAt(const QPointF &scenePos) const;
     QVector<QRect> neighboursOf(const QRect &rect, int reach) const;
-    QRect block() const; ///< around all ghosts
+    QRect lastCabinet() const; ///< of the port's chain or else of the port; empty if there is none
+    QRect placeAtLast() const; ///< beside it
+    QVector<QRect> cellsTo(const QPoint &corner) const;
     void showCells(const QVector<QRect> &cells);
     Port recordOf(const QVector<QRect> &cells, const CGraphicsPortItem &port) const;
     void place(CGraphicsPortItem &port, const Port &record, const QString &text);
@@ -85,4 +97,5 @@ private:
     QVector<QRect> m_cells; // the ghosts
     QPointF m_cursor;
     bool m_pressed = false; // the first of them is fixed
+    bool m_byKeys = false;  // moved by keys since the mouse was
 };

@@ -9,6 +9,7 @@
 #include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/content/CSelectionPicks.h"
+#include "layout/editor/gestures/CAppendKeys.h"
 #include "layout/editor/gestures/CSceneInput.h"
 #include "layout/editor/items/CFarPorts.h"
 #include "layout/editor/menus/IEditorCommands.h"
@@ -214,6 +215,8 @@ void CLayoutGraphicsView::onNotifyAppendCabinet(const TypeInfo &type, int port, 
     m_toolBar->chooseMode(Bar::Arrow);
     m_scene->backend().placing().beginAppend(type, port, size);
     setFocus();
+    if (m_scene->backend().placing().isAppending())
+        ensureVisible(m_scene->backend().placing().block(), 0, 0);
     Q_EMIT notifyHintChanged();
 }
 
@@ -280,6 +283,7 @@ void CLayoutGraphicsView::tellSelection()
     using View = CLayoutGraphicsView;
     static const auto infos = QMetaMethod::fromSignal(&View::notifySelectedCabinetInfos);
     static const auto geometry = QMetaMethod::fromSignal(&View::notifySelectedCabinetGeometryChanged);
+    Q_EMIT notifySelectedItemAreas(m_scene->selection().itemAreas());
     if (isSignalConnected(infos))
         Q_EMIT notifySelectedCabinetInfos(m_scene->selection().records());
     if (isSignalConnected(geometry))
@@ -392,10 +396,18 @@ void CLayoutGraphicsView::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape)
         m_scene->leaveOperation();
+    else if (CAppendKeys::press(*event, m_scene->backend().placing(), *this))
+        onAppendKey();
     else if (const std::optional<EditKind> kind = CCanvasKeys::kindOf(*event))
         pressEditKey(*event, *kind);
     else
         CGraphicsView::keyPressEvent(event);
+}
+
+void CLayoutGraphicsView::onAppendKey()
+{
+    if (!m_scene->backend().placing().isAppending())
+        m_scene->leaveOperation();
 }
 
 void CLayoutGraphicsView::pressEditKey(QKeyEvent &event, EditKind kind)

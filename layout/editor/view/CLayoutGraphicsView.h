@@ -58,6 +58,9 @@ public:
 Q_SIGNALS:
     /// The ports that hold the selection.
     void notifySelectedPort(const QList<int> &ports);
+    /// What an arrangement moves, canvas pixels: the areas of the selected items, groups as wholes. Empty if
+    /// no group is selected. Comes before the records.
+    void notifySelectedItemAreas(const QVector<QRect> &areas);
     void notifySelectedCabinetInfos(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets);
     /// The extent of the selection, canvas pixels; empty if nothing is selected.
     void notifySelectedCabinetGeometryChanged(const QRect &extent);
@@ -121,6 +124,7 @@ private:
     void connectScene();
     bool isBlocked() const { return m_blocked || m_backup; }
     void setBlocked(bool byController, bool asBackup);
+    void onAppendKey();
     void pressEditKey(QKeyEvent &event, EditKind kind);
     void openAppendMenu(const QPoint &globalPos);
     void highlight();

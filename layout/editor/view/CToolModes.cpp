@@ -39,7 +39,7 @@ void showCursor(QWidget &viewport, const CEditorToolBar &toolBar)
 QString CToolModes::hint(const CEditorToolBar &toolBar, bool appending)
 {
     if (appending)
-        return tr("Click to place one cabinet, drag to place many; Esc ends.");
+        return tr("Click or drag to place; or arrow keys, with Shift for more, and Enter; Esc ends.");
     if (toolBar.tool(Bar::Hand)->isChecked())
         return tr("Drag to move the view.");
     if (toolBar.tool(Bar::Pen)->isChecked())
