@@ -74,9 +74,10 @@ void CCabinetGemometryLabel::onSelectedCabinetGeometryChanged(const QRect &exten
 void CCabinetGemometryLabel::onNotifySelectedCabinetInfos(
     const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets)
 {
-    m_selected = cabinets.size();
-    m_rank = CabinetRank::of(cabinets);
-    m_count->setText(QString::number(m_selected));
+    m_arranged = m_itemAreas.isEmpty() ? cabinets.size() : m_itemAreas.size();
+    m_rank = m_itemAreas.isEmpty() ? CabinetRank::of(cabinets) : CabinetRank::of(m_itemAreas);
+    m_itemAreas.clear();
+    m_count->setText(QString::number(cabinets.size()));
     m_cabinetWidth->setText(commonFigure(cabinets, [](const auto &one) { return one.rect.width(); }));
     m_cabinetHeight->setText(commonFigure(cabinets, [](const auto &one) { return one.rect.height(); }));
     showRank();
@@ -151,7 +152,7 @@ void CCabinetGemometryLabel::connectSignals()
         });
     };
     whenEntered(m_columns, [this](int columns) { enterRank(columns); });
-    whenEntered(m_rows, [this](int rows) { enterRank((m_selected + rows - 1) / rows); });
+    whenEntered(m_rows, [this](int rows) { enterRank((m_arranged + rows - 1) / rows); });
     whenEntered(m_x, [this](int x) { Q_EMIT notifySelectedCabinetPositionChanged({x, m_extent.y()}); });
     whenEntered(m_y, [this](int y) { Q_EMIT notifySelectedCabinetPositionChanged({m_extent.x(), y}); });
     whenEntered(m_width, [this](int width) {
@@ -164,7 +165,7 @@ void CCabinetGemometryLabel::connectSignals()
 
 void CCabinetGemometryLabel::enterRank(int columns)
 {
-    Q_EMIT notifySelectedCabinetRankChanged(qBound(1, columns, m_selected));
+    Q_EMIT notifySelectedCabinetRankChanged(qBound(1, columns, m_arranged));
 }
 
 /// The ports that hold the selection; without one those of the whole processor.

@@ -25,6 +25,7 @@ public:
     void onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor) override;
     void onCurrentProcessorStateChanged(const ProcessorTree::ProcessorNode &processor) override;
     void onSelectedPorts(const QList<int> &ports) override;
+    void onSelectedItems(const QVector<QRect> &areas) override { m_itemAreas = areas; }
     void onSelectedCabinets(const QList<Cabinet> &cabinets) override
     {
         onNotifySelectedCabinetInfos(cabinets);
@@ -68,9 +69,10 @@ private:
 
     QList<int> m_selectedPorts;
     QRect m_extent;
-    int m_selected = 0;       ///< cabinets
-    QSize m_rank;             ///< columns and rows; empty: no regular arrangement
-    bool m_allLocked = false; ///< of the ports that the lock is about
+    QVector<QRect> m_itemAreas; ///< of what is arranged, until the cabinets are told; empty: of these
+    int m_arranged = 0;         ///< items: groups, and cabinets without them
+    QSize m_rank;               ///< columns and rows; empty: no regular arrangement
+    bool m_allLocked = false;   ///< of the ports that the lock is about
     bool m_online = false;
     bool m_blocked = false;
 };

@@ -41,6 +41,7 @@ CLayoutSidePanel::CLayoutSidePanel(const SUnitServices &services, QWidget *paren
     : CSidePanel(parent)
 {
     initLayoutResources();
+    setAccessibleName(tr("Side panel"));
     // From top to bottom, one line per unit.
     const auto *geometry = add<CCabinetGemometryLabel>(services);
     const auto *topology = add<CTopologyLabel>(services);
@@ -144,6 +145,12 @@ void CLayoutSidePanel::onNotifySelectedCabinetGeometryChanged(const QRect &exten
 void CLayoutSidePanel::onCurrentProcessorBackupChanged()
 {
     m_backup->onCurrentProcessorBackupChanged();
+}
+
+void CLayoutSidePanel::onNotifySelectedItemAreas(const QVector<QRect> &areas)
+{
+    for (ISidePanelUnit *unit : m_units)
+        unit->onSelectedItems(areas);
 }
 
 void CLayoutSidePanel::onNotifySelectedCabinetInfos(

@@ -56,14 +56,17 @@ public Q_SLOTS:
     /// @p extent is that of the selection, canvas pixels; empty without one.
     void onNotifySelectedCabinetGeometryChanged(const QRect &extent);
     void onCurrentProcessorBackupChanged();
+    /// What an arrangement moves; empty if these are the selected cabinets. Comes before them.
+    void onNotifySelectedItemAreas(const QVector<QRect> &areas);
     void onNotifySelectedCabinetInfos(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets);
     /// The areas of the ports that hold the selection, canvas pixels.
     void onNotifySelectedPortGeometryChanged(const QList<QPair<int, QRect>> &areas);
+    /// Asks for the selection of everything in @p ports, and for the view to show it.
+    void choosePorts(const QVector<int> &ports);
 
 private:
     void connectStore(const CLayoutData &store);
     void portStatesChanged();
-    void choosePorts(const QVector<int> &ports);
     enum EFirst { OpenAtFirst, FoldedAtFirst };
     /// Adds a unit of the class @p Unit at the bottom.
     template <typename Unit>

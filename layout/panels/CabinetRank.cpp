@@ -17,19 +17,28 @@ void makeSet(std::vector<Value> &values)
 
 QSize CabinetRank::of(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets)
 {
+    QVector<QRect> areas;
+    areas.reserve(cabinets.size());
+    for (const auto &cabinet : cabinets)
+        areas << cabinet.rect;
+    return of(areas);
+}
+
+QSize CabinetRank::of(const QVector<QRect> &areas)
+{
     std::vector<int> lefts;
     std::vector<int> tops;
     std::vector<std::pair<int, int>> corners; // top, left
-    for (const auto &cabinet : cabinets) {
-        lefts.push_back(cabinet.rect.left());
-        tops.push_back(cabinet.rect.top());
-        corners.emplace_back(cabinet.rect.top(), cabinet.rect.left());
+    for (const QRect &area : areas) {
+        lefts.push_back(area.left());
+        tops.push_back(area.top());
+        corners.emplace_back(area.top(), area.left());
     }
     makeSet(lefts);
     makeSet(tops);
     makeSet(corners);
     const size_t columns = lefts.size();
-    if (corners.empty() || corners.size() != size_t(cabinets.size()) ||
+    if (corners.empty() || corners.size() != size_t(areas.size()) ||
         tops.size() != (corners.size() + columns - 1) / columns)
         return {};
     for (size_t place = 0; place < corners.size(); ++place) {

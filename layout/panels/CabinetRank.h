@@ -9,8 +9,9 @@
 /// How a selection is arranged.
 namespace CabinetRank {
 
-/// Columns and rows of @p cabinets if they stand in a grid, row by row, the last row perhaps not full; an
-/// empty size if not, or without cabinets. O(n log n).
+/// Columns and rows of @p areas if they stand in a grid, row by row, the last row perhaps not full; an
+/// empty size if not, or without any. O(n log n).
+QSize of(const QVector<QRect> &areas);
 QSize of(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets);
 
 } // namespace CabinetRank

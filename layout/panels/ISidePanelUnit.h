@@ -29,6 +29,8 @@ public:
     virtual void onCurrentProcessorStateChanged(const ProcessorTree::ProcessorNode &) {}
     /// The output ports that hold the selection; none: nothing is selected.
     virtual void onSelectedPorts(const QList<int> &) {}
+    /// The areas of what an arrangement moves; empty if these are the selected cabinets, which are told next.
+    virtual void onSelectedItems(const QVector<QRect> &) {}
     virtual void onSelectedCabinets(const QList<Cabinet> &) {}
     /// The extent of the selection, canvas pixels; empty without one.
     virtual void onSelectedGeometry(const QRect &) {}

@@ -87,7 +87,7 @@ void CViewPortPanel::connectSignals()
     using View = CLayoutGraphicsView;
     using Panel = CViewPortPanel;
     connect(m_collapse, &QToolButton::toggled, this, &Panel::onCollapseToggled);
-    connect(m_splitter, &QSplitter::splitterMoved, this, &Panel::saveState);
+    connect(m_splitter, &QSplitter::splitterMoved, this, &Panel::keepListHeight);
 
     connect(this, &Panel::notifyTopologybuttonClicked, &m_view, &View::onTopologyButtonClicked);
     connect(this, &Panel::notifySelectedCabinetPositionChanged, &m_view,
@@ -123,6 +123,7 @@ void CViewPortPanel::connectSidePanel(CLayoutSidePanel &panel)
     connect(&panel, &Side::viewSceneRectChanged, this, &Panel::showArea);
     connect(&panel, &Side::notifySaveMappingSuccessed, this, &Panel::onNotifySaveMappingSuccessed);
     connect(this, &Panel::notifySelectedPort, &panel, &Side::onNotifySelectedPort);
+    connect(&m_view, &CLayoutGraphicsView::notifySelectedItemAreas, &panel, &Side::onNotifySelectedItemAreas);
     connect(this, &Panel::notifySelectedCabinetInfos, &panel, &Side::onNotifySelectedCabinetInfos);
     connect(this, &Panel::notifySelectedCabinetGeometryChanged, &panel,
             &Side::onNotifySelectedCabinetGeometryChanged);
@@ -192,6 +193,13 @@ void CViewPortPanel::onNotifySaveMappingSuccessed()
     m_wiring.dropReadResult(); // the processor holds another mapping now
 }
 
+void CViewPortPanel::keepListHeight()
+{
+    if (!m_low && !m_collapse->isChecked())
+        m_listHeight = m_splitter->sizes().value(1);
+    saveState();
+}
+
 void CViewPortPanel::saveState() const
 {
     if (m_restored && !m_low && !m_collapse->isChecked())
@@ -223,7 +231,6 @@ void CViewPortPanel::fitList()
         return;
     m_low = low;
     if (low) {
-        m_listHeight = qMax(m_listHeight, m_splitter->sizes().value(1));
         m_ports.setMaximumHeight(m_ports.heightOfRows(1));
     } else {
         m_ports.setMaximumHeight(QWIDGETSIZE_MAX);

@@ -72,6 +72,7 @@ private:
     void buildOverlay();
     void connectSignals();
     void block();
+    void keepListHeight();
     void tellPortAreas();
     void showArea(const QRect &area);
     void restoreState();

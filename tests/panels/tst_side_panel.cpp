@@ -10,6 +10,7 @@
 #include "tests/panels/SUnitWorld.h"
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QToolButton>
@@ -154,6 +155,12 @@ private Q_SLOTS:
         QVERIFY(world.field("Columns").isMixed());
         world.panel.onNotifySelectedCabinetInfos(cabinetsAt({{0, 0}, {100, 50}, {0, 50}}));
         QVERIFY(world.field("Rows").isMixed()); // the first row is not full
+        world.panel.onNotifySelectedItemAreas({QRect(0, 0, 200, 50), QRect(0, 50, 200, 50)}); // groups
+        world.panel.onNotifySelectedCabinetInfos(cabinetsAt({{0, 0}, {100, 0}, {0, 50}, {100, 50}}));
+        QCOMPARE(QSize(world.field("Columns").value(), world.field("Rows").value()), QSize(1, 2));
+        const QSignalSpy ranks(&world.panel, &CLayoutSidePanel::notifySelectedCabinetRankChanged);
+        world.type("Columns", "4");
+        QCOMPARE(ranks.last().first().toInt(), 2); // a group is moved as one
     }
 
     void pairsAreSavedWhereAProcessorAnswers()
@@ -190,6 +197,35 @@ private Q_SLOTS:
             QCOMPARE(world.panel.isHistoryShown(), shown);
             world.panel.setHistoryShown(!shown);
         }
+    }
+
+    void eachRedundancyPortHasARowThatEndsItsPair()
+    {
+        SPanelWorld world;
+        const auto labels = [&world] {
+            QStringList shown;
+            for (const QLabel *label : world.panel.findChild<CBackupLabel *>()->findChildren<QLabel *>())
+                shown << (!label->isVisible()          ? QString()
+                          : label->toolTip().isEmpty() ? label->text()
+                                                       : label->toolTip());
+            return shown;
+        };
+        QVERIFY(labels().contains(QStringLiteral("None")) && !labels().contains(QStringLiteral("Port 2")));
+        {
+            const CFakeAnswers answers = world.host.answers();
+            auto &ports = answers->layouts[world.processor].layout.ports;
+            ports[0].redundancy = CabinetLayout::CabinetPort::Primary;
+            ports[1].redundancy = CabinetLayout::CabinetPort::Redundant;
+            ports[0].redundancyPort = 1;
+            ports[1].redundancyPort = 0;
+        }
+        world.host.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{0, 1, true});
+        QTRY_VERIFY(labels().contains(QStringLiteral("Port 2")));
+        QTRY_VERIFY(labels().join(QLatin1Char('|')).contains(QStringLiteral("Port 1"))); // its primary
+        QSignalSpy ended(&world.panel, &CLayoutSidePanel::notifyCancelPortRedundancy);
+        named<QPushButton>(world.panel, "Cancel redundancy, Port 2")->click();
+        QTRY_COMPARE(ended.count(), 1);
+        QCOMPARE(ended.first().first().toInt(), 1);
     }
 
     void refusedEditsCannotBeAskedFor()
