@@ -26,6 +26,7 @@ struct CNoPortCommands final : IPortCommands
     void exportMapping(int) override {}
     void setRedundancy(int, int) override {}
     void cancelRedundancy(int) override {}
+    bool isWhollySelected(int) const override { return false; }
     void pairPorts() override {}
     void adjustCurrentGain() override {}
 };

@@ -4,6 +4,10 @@
 
 #include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
+#include "layout/editor/content/CSelectionPicks.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
+#include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/redundancy/CPortBackupDialog.h"
 #include "layout/settings/CCanvasCommands.h"
 #include "layout/settings/CProcessorInView.h"
@@ -23,10 +27,10 @@ QString portFilter()
 
 } // namespace
 
-CPortCommands::CPortCommands(CLayoutData &store, CCanvasCommands &canvas, QWidget &window)
+CPortCommands::CPortCommands(CLayoutData &store, CCanvasCommands &canvas, CLayoutGraphicsView &view)
     : m_store(store)
     , m_canvas(canvas)
-    , m_window(window)
+    , m_view(view)
 {
 }
 
@@ -34,15 +38,15 @@ void CPortCommands::importMapping(int port)
 {
     const QUuid processor = m_store.currentProcessor();
     const QString file =
-        QFileDialog::getOpenFileName(&m_window, tr("Import..."), m_store.mappingFolder(), portFilter());
+        QFileDialog::getOpenFileName(&m_view, tr("Import..."), m_store.mappingFolder(), portFilter());
     if (file.isEmpty())
         return;
     m_store.setMappingFolder(QFileInfo(file).absolutePath());
     const bool overwrite =
         m_store.isPortLocked(port) &&
         CMessageBox::question(
-            &m_window, tr("The output port has been locked in the current layout, want to overwrite?")) == 0;
-    if (!CProcessorInView::isStill(processor, &m_window, tr("Import mapping failed.")))
+            &m_view, tr("The output port has been locked in the current layout, want to overwrite?")) == 0;
+    if (!CProcessorInView::isStill(processor, &m_view, tr("Import mapping failed.")))
         return;
     report(CHostAccess::call<&Host::importPortMapping>(processor, port, file, overwrite),
            tr("Import mapping successful."), tr("Import mapping failed."));
@@ -51,7 +55,7 @@ void CPortCommands::importMapping(int port)
 void CPortCommands::exportMapping(int port)
 {
     const QUuid processor = m_store.currentProcessor();
-    QFileDialog dialog(&m_window, tr("Export..."), m_store.mappingFolder(), portFilter());
+    QFileDialog dialog(&m_view, tr("Export..."), m_store.mappingFolder(), portFilter());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("pprj"));
     dialog.selectFile(QStringLiteral("New.pprj"));
@@ -68,7 +72,7 @@ void CPortCommands::setRedundancy(int primary, int backup)
     const QUuid processor = m_store.currentProcessor();
     const bool holdsCabinets = m_store.port(backup).cabinetCount() > 0;
     const QStringList asked = holdsCabinets ? QStringList{tr("Port %1").arg(backup + 1)} : QStringList();
-    if (!CPortBackupDialog::mayDissolve(&m_window, asked) || !CProcessorInView::isStill(processor, &m_window))
+    if (!CPortBackupDialog::mayDissolve(&m_view, asked) || !CProcessorInView::isStill(processor, &m_view))
         return;
     report(CHostAccess::call<&Host::setPortRedundancy>(primary, backup), tr("Set successful."),
            tr("Set failed."));
@@ -79,9 +83,14 @@ void CPortCommands::cancelRedundancy(int port)
     report(CHostAccess::call<&Host::cancelPortRedundancy>(port), tr("Set successful."), tr("Set failed."));
 }
 
+bool CPortCommands::isWhollySelected(int port) const
+{
+    return m_view.cabinetScene().backend().picks().isWhole(port);
+}
+
 void CPortCommands::pairPorts()
 {
-    CPortBackupDialog dialog(&m_window);
+    CPortBackupDialog dialog(&m_view);
     QObject::connect(&dialog, &CBackupDialog::notifyApplied, &dialog, [&dialog](const QString &refusal) {
         if (refusal.isEmpty())
             CMessageBox::information(&dialog, tr("Set successful."));
@@ -99,7 +108,7 @@ void CPortCommands::adjustCurrentGain()
 void CPortCommands::report(bool done, const QString &success, const QString &failure)
 {
     if (done)
-        CMessageBox::information(&m_window, success);
+        CMessageBox::information(&m_view, success);
     else
-        CMessageBox::warning(&m_window, failure, CHostAccess::call<&Host::lastError>());
+        CMessageBox::warning(&m_view, failure, CHostAccess::call<&Host::lastError>());
 }

@@ -8,7 +8,7 @@
 
 class CCanvasCommands;
 class CLayoutData;
-class QWidget;
+class CLayoutGraphicsView;
 
 /// Carries out what the port list asks: asks the user for what it needs, lets the host do it, and shows the
 /// outcome. GUI thread.
@@ -17,13 +17,14 @@ class CPortCommands final : public IPortCommands
     Q_DECLARE_TR_FUNCTIONS(CPortCommands)
 
 public:
-    /// All must outlive the commands; questions and messages appear over @p window.
-    CPortCommands(CLayoutData &store, CCanvasCommands &canvas, QWidget &window);
+    /// All must outlive the commands; questions and messages appear over @p view.
+    CPortCommands(CLayoutData &store, CCanvasCommands &canvas, CLayoutGraphicsView &view);
 
     void importMapping(int port) override;
     void exportMapping(int port) override;
     void setRedundancy(int primary, int backup) override;
     void cancelRedundancy(int port) override;
+    bool isWhollySelected(int port) const override;
     void pairPorts() override;
     void adjustCurrentGain() override;
 
@@ -32,5 +33,5 @@ private:
 
     CLayoutData &m_store;
     CCanvasCommands &m_canvas;
-    QWidget &m_window;
+    CLayoutGraphicsView &m_view;
 };

@@ -12,6 +12,8 @@
 
 #include <QSignalBlocker>
 
+#include <algorithm>
+
 void CSelectionPicks::all()
 {
     const CEditBatch batch(m_batches);
@@ -33,6 +35,14 @@ void CSelectionPicks::port(int port, bool selected)
         for (CGraphicsItemBase *top : item->topItems())
             top->setSelected(selected);
     }
+}
+
+bool CSelectionPicks::isWhole(int port) const
+{
+    const CGraphicsPortItem *item = m_content.portItem(port);
+    const auto items = item ? item->topItems() : decltype(item->topItems())();
+    return !items.isEmpty() && std::all_of(items.begin(), items.end(),
+                                           [](const CGraphicsItemBase *top) { return top->isSelected(); });
 }
 
 void CSelectionPicks::only(const QVector<QUuid> &uuids)

@@ -27,6 +27,8 @@ public:
     void all();
     /// Selects or deselects all items of @p port, groups as wholes.
     void port(int port, bool selected);
+    /// Whether all items of @p port are selected, groups as wholes; false if there are none.
+    bool isWhole(int port) const;
     /// Selects exactly the items with these identities; unknown ones are ignored.
     void only(const QVector<QUuid> &uuids);
     /// Selects all cabinets in the same port that have the same type as the given one. If it has no type:

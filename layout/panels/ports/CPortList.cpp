@@ -67,12 +67,13 @@ QWidget *CPortList::buildTitleRow()
     m_counts = new QLabel;
     m_counts->setObjectName(QStringLiteral("PortCounts"));
     m_overload = new COverloadLine(m_store);
-    auto *settings = new CPureImageBtn(QStringLiteral(":/Image/Layout/PortList/setting"));
-    settings->setIconSize(QSize(20, 20));
-    settings->setFixedSize(20, 20);
-    settings->setToolTip(tr("Port area"));
-    settings->setProperty("ToolLocation", PortAreaLocation);
-    connect(settings, &QAbstractButton::clicked, this, [this] { CPortAreaDialog::edit(window()); });
+    m_more = addMenuButton();
+    m_areas = new CPureImageBtn(QStringLiteral(":/Image/Layout/PortList/setting"));
+    m_areas->setIconSize(QSize(20, 20));
+    m_areas->setFixedSize(20, 20);
+    m_areas->setToolTip(tr("Port area"));
+    m_areas->setProperty("ToolLocation", PortAreaLocation);
+    connect(m_areas, &QAbstractButton::clicked, this, [this] { CPortAreaDialog::edit(window()); });
 
     auto *row = new QWidget;
     row->setFixedHeight(TitleHeight);
@@ -83,8 +84,8 @@ QWidget *CPortList::buildTitleRow()
     layout->addWidget(m_counts);
     layout->addWidget(m_overload, 1);
     layout->addStretch();
-    layout->addWidget(addMenuButton());
-    layout->addWidget(settings);
+    layout->addWidget(m_more);
+    layout->addWidget(m_areas);
     return row;
 }
 
@@ -124,7 +125,7 @@ void CPortList::connectSignals()
             changed->refreshPair();
     });
     connect(&m_store, &CLayoutData::notifyCurrentPortChanged, this, &CPortList::showChecked);
-    connect(m_overload, &COverloadLine::notifySelectPorts, this, &CPortList::notifyPortsChosen);
+    connect(m_overload, &COverloadLine::notifySelectPorts, this, &CPortList::notifyPortsSought);
 }
 
 void CPortList::connectButton(CPort *button)
@@ -148,7 +149,8 @@ CPort *CPortList::button(int port) const
 
 void CPortList::setEditingBlocked(bool blocked)
 {
-    m_flow->widget()->setEnabled(!blocked);
+    for (QWidget *part : {m_flow->widget(), static_cast<QWidget *>(m_more), static_cast<QWidget *>(m_areas)})
+        part->setEnabled(!blocked);
 }
 
 int CPortList::heightOfRows(int rows) const
@@ -167,7 +169,8 @@ void CPortList::click(CPort *button)
 {
     const int port = button->port();
     const bool adds = QGuiApplication::keyboardModifiers().testFlag(Qt::ControlModifier);
-    const bool selected = adds ? !m_selected.contains(port) : m_selected != QSet<int>{port};
+    const bool alone = adds || m_selected == QSet<int>{port};
+    const bool selected = !alone || !m_commands.isWhollySelected(port);
     if (!adds && selected && !m_selected.isEmpty())
         Q_EMIT notifyPortsChosen({});
     Q_EMIT notifyPortClicked(port, selected);

@@ -21,7 +21,7 @@ public:
     /// @p store and @p commands must outlive the list.
     CPortList(CLayoutData &store, IPortCommands &commands, QWidget *parent = nullptr);
 
-    /// With @p blocked, the buttons accept nothing.
+    /// With @p blocked, the buttons accept nothing, nor does what the title row offers.
     void setEditingBlocked(bool blocked);
     /// The height that shows @p rows rows of buttons.
     int heightOfRows(int rows) const;
@@ -40,6 +40,8 @@ Q_SIGNALS:
     void notifyPortClicked(int port, bool selected);
     /// The user wants everything in @p ports to be selected, and nothing else.
     void notifyPortsChosen(const QVector<int> &ports);
+    /// As notifyPortsChosen(); besides, the user wants to see them.
+    void notifyPortsSought(const QVector<int> &ports);
     /// @p port became the current port by the user's choice here, or by a selection within it.
     void notifyPortToggled(int port, bool current);
 
@@ -67,6 +69,8 @@ private:
     CLayoutData &m_store;
     IPortCommands &m_commands;
     QLabel *m_counts = nullptr;
+    QAbstractButton *m_more = nullptr; // opens the menu of the title row
+    QAbstractButton *m_areas = nullptr;
     COverloadLine *m_overload = nullptr;
     QStackedLayout *m_pages = nullptr;
     QLabel *m_empty = nullptr;

@@ -124,11 +124,10 @@ void CPortPainter::paintCard(const SState &state, const QRegion &exposed) const
 void CPortPainter::paintFrame(const SState &state) const
 {
     const QRectF whole(QPoint(0, 0), Size);
-    QColor frame(ThemeColors::Frame);
-    if (state.checked)
-        frame = QColor(ThemeColors::Text);
-    else if (state.enabled && (state.hovered || state.held))
-        frame = QColor(ThemeColors::SoftText).lighter(110);
+    const bool lit = state.enabled && (state.hovered || state.held);
+    QColor frame(state.checked ? ThemeColors::Text : lit ? ThemeColors::SoftText : ThemeColors::Frame);
+    if (lit)
+        frame = frame.lighter(110);
     const qreal width = state.checked ? 2 : 1;
     m_painter.setPen(QPen(frame, width));
     m_painter.setBrush(cardColor(state));

@@ -15,6 +15,8 @@ public:
     /// Makes @p backup the redundancy of @p primary.
     virtual void setRedundancy(int primary, int backup) = 0;
     virtual void cancelRedundancy(int port) = 0; ///< ends the pair that @p port belongs to
-    virtual void pairPorts() = 0;                ///< opens the dialog that pairs ports
+    /// Whether everything that @p port holds is selected; false if it holds nothing.
+    virtual bool isWhollySelected(int port) const = 0;
+    virtual void pairPorts() = 0; ///< opens the dialog that pairs ports
     virtual void adjustCurrentGain() = 0;
 };
