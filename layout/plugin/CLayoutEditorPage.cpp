@@ -35,7 +35,7 @@ CLayoutEditorPage::CLayoutEditorPage(CLayoutData &store, QWidget *parent)
     , m_store(store)
     , m_wiring(new CWiringLayoutWidget)
     , m_view(new CLayoutGraphicsView(store))
-    , m_figures(new CStatusFigures(*m_view, new CFaultLine(*m_view)))
+    , m_figures(new CStatusFigures(store, *m_view, new CFaultLine(*m_view)))
     , m_commands(std::make_unique<CEditorCommands>(store, *m_view))
     , m_portCommands(std::make_unique<CPortCommands>(store, m_commands->canvas(), *m_view))
     , m_ports(new CPortList(store, *m_portCommands))
@@ -145,6 +145,7 @@ void CLayoutEditorPage::connectPanel(CLayoutSidePanel &panel)
     connect(&panel, &Panel::notifySelectPorts, m_view, &CLayoutGraphicsView::onPortsChosen);
     connect(&panel, &Panel::notifyStepChosen, m_view, &CLayoutGraphicsView::onStepChosen);
     connect(m_view, &CLayoutGraphicsView::notifyHistoryChanged, &panel, &Panel::onHistoryChanged);
+    connect(m_ports, &CPortList::notifyPortsSought, &panel, &Panel::choosePorts);
     connect(&panel, &Panel::notifyCancelPortRedundancy, this,
             [this](int port) { m_portCommands->cancelRedundancy(port); });
 }

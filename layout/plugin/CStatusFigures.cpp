@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CStatusFigures.h"
 
+#include "layout/data/CLayoutData.h"
 #include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
@@ -10,6 +11,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLocale>
 #include <QMouseEvent>
 #include <QStatusBar>
 #include <QtMath>
@@ -28,11 +30,14 @@ QStatusBar *statusBarOf(QWidget *widget)
 
 } // namespace
 
-CStatusFigures::CStatusFigures(CLayoutGraphicsView &view, QWidget *faults)
-    : m_view(view)
+CStatusFigures::CStatusFigures(CLayoutData &store, CLayoutGraphicsView &view, QWidget *faults)
+    : m_store(store)
+    , m_view(view)
     , m_faults(faults)
     , m_cursor(addLabel("StatusCursor"))
     , m_extent(addLabel("StatusExtent"))
+    , m_port(addLabel("StatusPort"))
+    , m_scale(addLabel("StatusScale"))
     , m_canvas(addLabel("StatusCanvas"))
     , m_hint(new CToolHint(view))
 {
@@ -40,11 +45,11 @@ CStatusFigures::CStatusFigures(CLayoutGraphicsView &view, QWidget *faults)
     row->setContentsMargins(0, 0, EndMargin, 0);
     row->setSpacing(FigureSpacing);
     row->addWidget(m_faults);
-    for (QLabel *label : {m_cursor, m_extent, m_canvas})
+    for (QLabel *label : {m_cursor, m_extent, m_port, m_scale, m_canvas})
         row->addWidget(label);
     connectSignals();
-    showExtent();
     showCanvas();
+    showScale();
 }
 
 CStatusFigures::~CStatusFigures()
@@ -55,7 +60,7 @@ CStatusFigures::~CStatusFigures()
 /// Of all that could be told, also of what is hidden for want of room.
 QSize CStatusFigures::sizeHint() const
 {
-    return {widthOf({m_extent, m_cursor, m_canvas}), m_extent->sizeHint().height()};
+    return {widthOf({m_extent, m_port, m_scale, m_cursor, m_canvas}), m_extent->sizeHint().height()};
 }
 
 QSize CStatusFigures::minimumSizeHint() const
@@ -126,6 +131,9 @@ void CStatusFigures::connectSignals()
     m_view.viewport()->installEventFilter(this);
     const auto selected = [this](const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets) {
         m_selected = cabinets.size();
+        m_pixels = 0;
+        for (const auto &cabinet : cabinets)
+            m_pixels += qint64(cabinet.rect.width()) * cabinet.rect.height();
         showExtent();
     };
     connect(&m_view, &View::notifySelectedCabinetInfos, this, selected);
@@ -136,6 +144,12 @@ void CStatusFigures::connectSignals()
     connect(&m_view.cabinetScene(), &Scene::notifySceneChanged, this, &CStatusFigures::showExtent);
     connect(&m_view.cabinetScene(), &Scene::notifySelectedChanged, this, &CStatusFigures::showCanvas);
     connect(&m_view.cabinetScene(), &Scene::notifyLookChanged, this, &CStatusFigures::showCanvas);
+    connect(&m_view, &View::notifyScaleChanged, this, &CStatusFigures::showScale);
+    connect(&m_store, &CLayoutData::notifyCurrentPortChanged, this, &CStatusFigures::showPort);
+    connect(&m_store, &CLayoutData::notifyProcessorPortPayloadChanged, this, [this](int port) {
+        if (port == m_store.currentPort())
+            showPort();
+    });
 }
 
 void CStatusFigures::showCursor(const QPoint &viewportPos)
@@ -152,9 +166,24 @@ void CStatusFigures::showExtent()
     const QString counted = m_selected > 0 ? tr("%1 selected")
                             : count == 1   ? tr("%1 cabinet")
                                            : tr("%1 cabinets");
-    setText(*m_extent, count == 0
-                           ? QString()
-                           : tr("%1, %2 × %3").arg(counted.arg(count)).arg(size.width()).arg(size.height()));
+    const QString pixels =
+        m_selected > 0 ? tr(", %1 pixels").arg(QLocale(QLocale::English).toString(m_pixels)) : QString();
+    setText(*m_extent,
+            count == 0
+                ? QString()
+                : tr("%1, %2 × %3").arg(counted.arg(count)).arg(size.width()).arg(size.height()) + pixels);
+}
+
+void CStatusFigures::showPort()
+{
+    const int port = m_store.currentPort();
+    setText(*m_port, port < 0 ? QString() : tr("Port %1: %2%").arg(port + 1).arg(m_store.port(port).load));
+}
+
+void CStatusFigures::showScale()
+{
+    const qreal percent = m_view.scaleFactor() * 100;
+    setText(*m_scale, tr("Zoom %1%").arg(percent, 0, 'f', percent < 10 ? 1 : 0));
 }
 
 void CStatusFigures::showCanvas()
@@ -163,6 +192,7 @@ void CStatusFigures::showCanvas()
     setText(*m_canvas,
             canvas.isEmpty() ? QString() : tr("Canvas %1 × %2").arg(canvas.width()).arg(canvas.height()));
     showExtent(); // another wall may be shown
+    showPort();
 }
 
 void CStatusFigures::setText(QLabel &label, const QString &text)
@@ -179,7 +209,7 @@ void CStatusFigures::fit()
 {
     QVector<QLabel *> told = {m_extent};
     m_extent->setVisible(!m_extent->text().isEmpty());
-    for (QLabel *label : {m_cursor, m_canvas}) {
+    for (QLabel *label : {m_port, m_scale, m_cursor, m_canvas}) {
         told << label;
         label->setVisible(!label->text().isEmpty() && widthOf(told) <= width());
     }

@@ -19,6 +19,7 @@
 #include <QApplication>
 #include <QImage>
 #include <QLabel>
+#include <QLocale>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QStatusBar>
@@ -129,12 +130,18 @@ private Q_SLOTS:
         SPageWorld world;
         world.answers()->redundancies = {{world.b, world.a}};
         world.open(world.a);
-        QVERIFY(!world.port(0).isEnabled());
+        const auto rowRefuses = [&world] {
+            const QWidget &list = *world.page.findChild<CPortList *>();
+            return !named<QAbstractButton>(list, "Port area")->isEnabled() &&
+                   !named<QAbstractButton>(list, "Redundancy and current gain")->isEnabled();
+        };
+        QVERIFY(!world.port(0).isEnabled() && rowRefuses());
         QCOMPARE(world.view().refusal(EditKind::Edit),
                  QStringLiteral("A redundancy processor follows its primary"));
         world.open(world.b);
-        QVERIFY(world.port(0).isEnabled());
+        QVERIFY(world.port(0).isEnabled() && !rowRefuses());
         world.page.setEditingBlocked(true);
+        QVERIFY(rowRefuses());
         QCOMPARE(world.view().refusal(EditKind::Edit), QStringLiteral("Editing is locked"));
     }
 
@@ -155,6 +162,17 @@ private Q_SLOTS:
         QCOMPARE(text("StatusCanvas"), QStringLiteral("Canvas 3840 × 2160"));
         world.view().onPortClicked(1, true);
         QVERIFY(text("StatusExtent").startsWith(QLatin1String("4 selected, ")));
+        const CabinetLayout::CabinetPort::Cabinet one = world.scene().selection().records().first();
+        QVERIFY(text("StatusExtent")
+                    .endsWith(QLocale(QLocale::English)
+                                  .toString(4 * one.rect.width() * one.rect.height())
+                                  .append(QStringLiteral(" pixels"))));
+        QCOMPARE(text("StatusPort"), QStringLiteral("Port 2: 0%"));
+        world.answers()->loads[1] = 37;
+        QVERIFY(world.store.updatePortLoad(1, true));
+        QCOMPARE(text("StatusPort"), QStringLiteral("Port 2: 37%"));
+        world.view().setScaleFactor(2);
+        QCOMPARE(text("StatusScale"), QStringLiteral("Zoom 200%"));
         world.scene().backend().operations().remove();
         QVERIFY(text("StatusExtent").startsWith(QLatin1String("8 cabinets, ")));
         world.scene().undo(nullptr);
@@ -162,7 +180,7 @@ private Q_SLOTS:
         QVERIFY(text("StatusExtent").startsWith(QLatin1String("12 cabinets, ")));
     }
 
-    void aNarrowStatusBarLosesHintCanvasAndCursorInThisOrder()
+    void aNarrowStatusBarLosesTheLessImportantFirst()
     {
         SPageWorld world;
         world.answers()->layouts[world.a].canvas = QSize(3840, 2160);
@@ -186,10 +204,12 @@ private Q_SLOTS:
             bar.resize(width, bar.height());
             QCoreApplication::processEvents();
             note("hint", hint->fontMetrics().horizontalAdvance(hint->text()) <= hint->width());
-            for (const char *name : {"StatusExtent", "StatusCanvas", "StatusCursor"})
+            for (const char *name :
+                 {"StatusExtent", "StatusPort", "StatusScale", "StatusCanvas", "StatusCursor"})
                 note(name, bar.findChild<QLabel *>(QLatin1String(name))->isVisible());
         }
-        QCOMPARE(gone.join(QLatin1Char(' ')), QStringLiteral("hint StatusCanvas StatusCursor"));
+        QCOMPARE(gone.join(QLatin1Char(' ')),
+                 QStringLiteral("hint StatusCanvas StatusCursor StatusScale StatusPort"));
         bar.resize(1400, bar.height());
         bar.showMessage(QStringLiteral("Saved"));
         QVERIFY(!hint->isVisible());
@@ -217,6 +237,12 @@ private Q_SLOTS:
         QTest::mouseClick(&world.port(2), Qt::LeftButton, {}, QPoint(60, 20));
         QVERIFY(world.scene().selection().isEmpty());
         QCOMPARE(world.checked(), QList<int>{2}); // still the current one
+        QTest::mouseClick(&world.port(2), Qt::LeftButton, {}, QPoint(60, 20));
+        (*world.scene().selection().items().begin())->setSelected(false);
+        QTest::mouseClick(&world.port(2), Qt::LeftButton, {}, QPoint(60, 20)); // the rest of it, too
+        QCOMPARE(world.scene().selection().cabinets().size(), 4);
+        QTest::mouseClick(&world.port(2), Qt::LeftButton, {}, QPoint(60, 20));
+        QVERIFY(world.scene().selection().isEmpty());
         world.scene().backend().picks().port(0, true);
         QCOMPARE(world.store.currentPort(), 0);
         QCOMPARE(world.checked(), QList<int>{0});

@@ -22,6 +22,7 @@
 #include <QSettings>
 #include <QSplitter>
 #include <QToolButton>
+#include <QTranslator>
 
 namespace {
 
@@ -56,6 +57,17 @@ struct SWindowWorld final : SStoreWorld
                          Qt::NoButton, Qt::LeftButton, {});
         QApplication::sendEvent(handle, &move);
         QTest::mouseRelease(handle, Qt::LeftButton, {}, grip);
+    }
+};
+
+/// Another language: the same in capitals.
+class CLoudTranslator final : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char *, const char *source, const char *, int) const override
+    {
+        return QString::fromUtf8(source).toUpper();
     }
 };
 
@@ -110,10 +122,17 @@ private Q_SLOTS:
             world.page.resize(900, height);
             QTRY_COMPARE(world.list().height(), world.list().heightOfRows(rows));
         }
+        world.page.resize(900, 800);
+        world.dragSplitter(-90);
+        world.dragSplitter(60); // what the user wants is smaller than it was
+        const int wanted = world.list().height();
+        QVERIFY(wanted > world.list().heightOfRows(2));
+        for (const int height : {500, 800})
+            world.page.resize(900, height);
+        QTRY_COMPARE(world.list().height(), wanted);
         world.page.resize(900, 500);
         world.dragSplitter(-90); // is not kept: it would apply to high windows, too
-        SWindowWorld next;
-        QCOMPARE(next.list().height(), next.list().heightOfRows(2));
+        QCOMPARE(SWindowWorld().list().height(), wanted);
     }
 
     void overloadedPortsThatAreChosenComeIntoView()
@@ -123,17 +142,28 @@ private Q_SLOTS:
         Q_EMIT world.store.notifyLayoutReplaced(world.a);
         Q_EMIT world.store.notifyProcessorPortPayloadChanged(2, 150);
         CSignalLog areas(&world.panel(), &CViewPortPanel::notifySelectedPortGeometryChanged);
-        world.view().setScaleFactor(8);
-        world.view().showPlace({-500, -500});
         const auto seen = [&] {
             return world.view().mapToScene(world.view().viewport()->rect()).boundingRect();
         };
-        Q_EMIT world.side.findChild<COverloadLine *>()->notifySelectPorts({2});
-        QCOMPARE(world.view().cabinetScene().selection().ports(), QList<int>{2});
-        const auto told = areas[0].first().value<QList<QPair<int, QRect>>>();
-        QCOMPARE(told.size(), 1);
-        QCOMPARE(told.first().first, 2);
-        QVERIFY(seen().contains(told.first().second));
+        const QWidget &inList = world.list();
+        for (const QWidget *place : {&inList, static_cast<const QWidget *>(&world.side)}) {
+            world.view().setScaleFactor(8);
+            world.view().showPlace({-500, -500});
+            Q_EMIT place->findChild<COverloadLine *>()->notifySelectPorts({2});
+            QCOMPARE(world.view().cabinetScene().selection().ports(), QList<int>{2});
+            const auto told = areas[0].first().value<QList<QPair<int, QRect>>>();
+            QCOMPARE(told.size(), 1);
+            QCOMPARE(told.first().first, 2);
+            QVERIFY(seen().contains(told.first().second));
+        }
+    }
+
+    void theCollapseTipIsTranslatedAgain()
+    {
+        SWindowWorld world;
+        CLoudTranslator loud;
+        QCoreApplication::installTranslator(&loud);
+        QTRY_COMPARE(world.collapse().toolTip(), QStringLiteral("COLLAPSE"));
     }
 
     void aSaveEndsTheResultOfTheLastRead()
