@@ -208,7 +208,7 @@ bool CLayoutData::updatePortLoad(int port, bool withProcessor)
     if (m_states.setLoad(question->processor, follower, load))
         Q_EMIT notifyProcessorPortPayloadChanged(follower, load);
     if (withProcessor)
-        Q_EMIT notifyProcessorPayloadChanged(m_states.processorLoad());
+        processorLoadKnown();
     return true;
 }
 
@@ -281,7 +281,7 @@ void CLayoutData::loadsMayDiffer(const QVector<int> &ports)
     bool changed = false;
     for (const int port : ports)
         changed = updatePortLoad(port, false) || changed;
-    if (changed)
+    if (changed && m_announcedLoad != m_states.processorLoad())
         processorLoadKnown();
     notesMayDiffer(ports);
 }
@@ -307,5 +307,7 @@ void CLayoutData::notesMayDiffer(const QVector<int> &ports)
 
 void CLayoutData::processorLoadKnown()
 {
-    Q_EMIT notifyProcessorPayloadChanged(m_states.processorLoad());
+    const int load = m_states.processorLoad();
+    m_announcedLoad = load;
+    Q_EMIT notifyProcessorPayloadChanged(load);
 }

@@ -174,6 +174,7 @@ private:
     const ILayoutSource *m_source = nullptr;
     std::atomic<QObject *> m_controller{nullptr};
     std::atomic<int> m_announcedPort{-1};
+    std::atomic<int> m_announcedLoad{-1}; // of the processor, percent
     std::unique_ptr<CNotificationDispatch> m_dispatch;
     CLayoutHandOver m_handOver;
 };

@@ -7,6 +7,7 @@
 
 class COverloadLine;
 class CSystemLoadProgressBar;
+class QLabel;
 
 /// The unit "System load": how much of the current processor's capacity is used.
 class CSystemLoadLabel final : public CUnitLabel, public ISidePanelUnit
@@ -25,8 +26,16 @@ public Q_SLOTS:
     void onNotifyProcessorPayloadChanged(int load);
     void onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor) override;
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
+    void scheduleWorst();
+    void showWorst();
+
     CLayoutData &m_store;
     CSystemLoadProgressBar *m_bar = nullptr;
     COverloadLine *m_overload = nullptr;
+    QLabel *m_worst = nullptr; // the port with the highest load, unless overloaded ports are named
+    bool m_scheduled = false;
 };

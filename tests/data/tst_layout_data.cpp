@@ -148,6 +148,11 @@ private Q_SLOTS:
         scene.edit(2, true); // for a load as before
         settle(scene.host, scene.store);
         QCOMPARE(processor.count(), 1);
+        scene.answers()->loads[2] = 91;
+        scene.edit(2, true); // the mean stays, rounded up
+        settle(scene.host, scene.store);
+        QCOMPARE(port.count(), 2);
+        QCOMPARE(processor.count(), 1);
         scene.answers()->forgetCalls();
         scene.editor.shown.ports[1].groups[0].cabinets[1].mappingIndex = 7; // the host's own
         scene.store.syncLayoutData(true);

@@ -1,11 +1,14 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/panels/CLayoutSidePanel.h"
+#include "layout/panels/CSystemLoadLabel.h"
 #include "layout/panels/CSystemLoadProgressBar.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/harness/SStoreWorld.h"
 #include "tests/panels/SUnitWorld.h"
 
 #include <QApplication>
+#include <QLabel>
 
 namespace {
 
@@ -51,6 +54,24 @@ private Q_SLOTS:
             QCOMPARE(fill.color, color);
             QCOMPARE(fill.width, width);
         }
+    }
+
+    void theWorstPortStandsBelowTheBar()
+    {
+        SStoreWorld world;
+        CNotedMappingCommands mapping;
+        CLayoutSidePanel panel(SUnitServices{world.store, mapping});
+        panel.show();
+        world.answers()->loads = {{0, 20}, {2, 90}};
+        const QUuid processor = world.host.addProcessor(QStringLiteral("A"), 3, 1);
+        world.show(processor);
+        world.store.openProcessor(processor);
+        const auto &unit = *panel.findChild<CSystemLoadLabel *>();
+        const auto *worst = unit.findChild<QLabel *>(QStringLiteral("Hint"));
+        QTRY_COMPARE(worst->text(), QStringLiteral("Highest load: port 3, 90%"));
+        world.answers()->loads[1] = 101;
+        world.store.updatePortLoad(1, true);
+        QTRY_VERIFY(worst->isHidden()); // the red line names it
     }
 };
 

@@ -54,17 +54,24 @@ void COverloadLine::refresh()
 {
     m_scheduled = false;
     m_overload = SOverload::shown(m_store);
-    if (text() != m_overload.text()) {
-        setText(m_overload.text());
-        setAccessibleName(text());
+    setText(m_overload.text());
+    if (accessibleName() != shown()) {
+        setAccessibleName(shown());
         updateGeometry();
+        update();
     }
     setVisible(!m_overload.isEmpty());
 }
 
+/// The text, and the figure that no colour tells.
+QString COverloadLine::shown() const
+{
+    return m_overload.isEmpty() ? QString() : tr("%1 (up to %2%)").arg(text()).arg(m_overload.worst);
+}
+
 QSize COverloadLine::sizeHint() const
 {
-    return {SignWidth + 2 * TextMargin + QFontMetrics(lineFont()).horizontalAdvance(text()), LineHeight};
+    return {SignWidth + 2 * TextMargin + QFontMetrics(lineFont()).horizontalAdvance(shown()), LineHeight};
 }
 
 QSize COverloadLine::minimumSizeHint() const
@@ -100,7 +107,7 @@ void COverloadLine::paintEvent(QPaintEvent *)
     painter.setPen(color);
     const QRect place = rect().adjusted(SignWidth + TextMargin, 0, -TextMargin, 0);
     painter.drawText(place, Qt::AlignVCenter,
-                     painter.fontMetrics().elidedText(text(), Qt::ElideRight, place.width()));
+                     painter.fontMetrics().elidedText(shown(), Qt::ElideRight, place.width()));
     if (!hasFocus())
         return;
     painter.setPen(QColor(ThemeColors::Focus));

@@ -32,6 +32,7 @@ protected:
 
 private:
     void scheduleRefresh();
+    QString shown() const;
 
     CLayoutData &m_store;
     SOverload m_overload;

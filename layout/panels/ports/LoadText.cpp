@@ -18,9 +18,26 @@ QString text(const char *source)
 
 } // namespace
 
-QString LoadText::ofProcessor(int percent, int ports)
+int LoadText::worstPort(const CLayoutData &store)
 {
-    return text("System load: %1%, the mean of %2 output ports").arg(percent).arg(ports);
+    int worst = -1;
+    qint64 load = 0;
+    const auto ports = store.ports();
+    for (const CabinetLayout::CabinetPort &port : ports) {
+        if (port.load <= load || port.redundancy == CabinetLayout::CabinetPort::Redundant)
+            continue;
+        load = port.load;
+        worst = port.index;
+    }
+    return worst;
+}
+
+QString LoadText::ofProcessor(const CLayoutData &store, int percent)
+{
+    const QString mean =
+        text("System load: %1%, the mean of %2 output ports").arg(percent).arg(store.ports().size());
+    const int worst = worstPort(store);
+    return worst < 0 ? mean : mean + QLatin1Char('\n') + ofPort(store, worst);
 }
 
 QString LoadText::ofPort(const CLayoutData &store, int port)

@@ -55,6 +55,7 @@ SOverload SOverload::shown(const CLayoutData &store)
         if (port.load <= 100)
             continue;
         overload.ports << port.index;
+        overload.worst = qMax(overload.worst, int(port.load));
         if (!measured && port.redundancy != Port::Redundant)
             measured = &port;
     }
@@ -73,6 +74,7 @@ SOverload SOverload::asked(const CabinetLayout &layout)
         if (load.percent <= 100)
             continue;
         overload.ports << port.index;
+        overload.worst = qMax(overload.worst, load.percent);
         overload.processor =
             overload.processor || (load.pixelLimit > 0 && load.totalPixels > load.pixelLimit);
     }

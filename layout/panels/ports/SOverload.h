@@ -16,6 +16,7 @@ struct SOverload
 public:
     QVector<int> ports;     ///< indices, ascending
     bool processor = false; ///< all ports together exceed what the processor can drive
+    int worst = 0;          ///< the highest load, percent
 
     bool isEmpty() const { return ports.isEmpty(); }
     /// "6 output ports are overloaded: 1 to 6" or "The processor is overloaded"; empty without an overload.
