@@ -122,6 +122,11 @@ SCabinetFill CCabinetFillSetting::fill() const
     return {m_isDefault ? QColor() : m_color.rgb(), m_allPorts->isChecked()};
 }
 
+void CCabinetFillSetting::setAllPortsRule(const QString &rule)
+{
+    m_allPorts->setToolTip(rule);
+}
+
 void CCabinetFillSetting::restoreDefault()
 {
     m_color.setRgb(m_defaultColor);

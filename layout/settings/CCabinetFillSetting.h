@@ -30,6 +30,8 @@ public:
     /// @p color is the port's own colour, invalid if it has none; @p defaultColor is what is shown then.
     CCabinetFillSetting(const QColor &color, const QColor &defaultColor, QWidget *parent);
 
+    /// Sets what the choice of all outputs includes; shown as its tool tip.
+    void setAllPortsRule(const QString &rule);
     /// What the user has set.
     SCabinetFill fill() const;
 

@@ -4,7 +4,9 @@
 #include "layout/panels/ports/COverloadLine.h"
 #include "layout/panels/ports/CPortList.h"
 #include "layout/panels/ports/IPortCommands.h"
+#include "layout/panels/ports/LoadText.h"
 #include "layout/settings/CCabinetFillSetting.h"
+#include "layout/settings/CPortAreaDialog.h"
 #include "platform/widgets/CFlowListView.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CSignalLog.h"
@@ -14,8 +16,12 @@
 
 #include <QLabel>
 #include <QMenu>
+#include <QPainter>
 #include <QScrollBar>
+#include <QSpinBox>
 #include <QStackedLayout>
+#include <QToolButton>
+#include <QToolTip>
 
 namespace {
 
@@ -31,9 +37,11 @@ struct CNotedPortCommands final : IPortCommands
         calls << QStringLiteral("pair %1 %2").arg(primary).arg(backup);
     }
     void cancelRedundancy(int port) override { calls << QStringLiteral("cancel %1").arg(port); }
+    bool isWhollySelected(int) const override { return whole; }
     void pairPorts() override { calls << QStringLiteral("pairs"); }
     void adjustCurrentGain() override { calls << QStringLiteral("gain"); }
     QStringList calls;
+    bool whole = true;
 };
 
 struct SListWorld final : SStoreWorld
@@ -127,6 +135,74 @@ private Q_SLOTS:
         QCOMPARE(counts->text(), QStringLiteral("1 in use, 0 redundancy"));
     }
 
+    void tellsInToolTipsWhatIsBelowTheMouse()
+    {
+        SListWorld world;
+        world.answers()->loads[1] = 130;
+        world.answers()->details.bitsPerPixel = 24;
+        world.open(2);
+        world.list.show();
+        const auto tip = [](QWidget &widget, const QPoint &place) {
+            QHelpEvent event(QEvent::ToolTip, place, widget.mapToGlobal(place));
+            QApplication::sendEvent(&widget, &event);
+            return QToolTip::text();
+        };
+        const auto areaTip = [&](CPortPainter::EArea area) {
+            return tip(world.port(1), CPortPainter::areaRect(area).center());
+        };
+        QCOMPARE(areaTip(CPortPainter::Fill), QStringLiteral("Cabinet fill"));
+        QCOMPARE(areaTip(CPortPainter::Append), QStringLiteral("Append(Ctrl+T)"));
+        QCOMPARE(areaTip(CPortPainter::Lock), QStringLiteral("Lock"));
+        world.store.setPortLocked(1, true);
+        QCOMPARE(areaTip(CPortPainter::Lock), QStringLiteral("Unlock"));
+        const QString sum = tip(world.port(1), QPoint(60, 15));
+        QVERIFY2(sum.startsWith(QStringLiteral("Port 2: 130%\n")) && sum.contains(QStringLiteral("24 bits")),
+                 qPrintable(sum));
+        QCOMPARE(tip(*world.list.findChild<COverloadLine *>(), QPoint(5, 5)),
+                 QStringLiteral("1 output port is overloaded: 2\n") + sum);
+        QVERIFY(
+            LoadText::ofProcessor(world.store, 65)
+                .startsWith(QStringLiteral("System load: 65%, the mean of 2 output ports\nPort 2: 130%\n")));
+    }
+
+    void looksAsItIsUsed()
+    {
+        SListWorld world;
+        world.open(2);
+        CPort &port = world.port(1);
+        QImage picture(CPortPainter::Size, QImage::Format_RGB32);
+        const auto frame = [&](bool checked, bool hovered, bool focused = false) {
+            QPainter painter(&picture);
+            CPortPainter::SState state;
+            state.checked = checked;
+            state.hovered = hovered;
+            state.focused = focused;
+            CPortPainter(painter).paint(port.face(), state, QRect(QPoint(), CPortPainter::Size));
+            return picture.pixelColor(47, 0);
+        };
+        QCOMPARE(frame(false, false), QColor(31, 31, 36));
+        QCOMPARE(frame(false, true), QColor(QColor(202, 202, 210).lighter(110).rgb()));
+        QCOMPARE(frame(true, false), QColor(240, 240, 246));
+        QCOMPARE(frame(true, true), QColor(QColor(240, 240, 246).lighter(110).rgb()));
+        frame(false, false, true);
+        QVERIFY(hasPixelsOf(picture, QColor(94, 160, 255)));
+        Q_EMIT world.store.notifyProcessorPortColorChanged(1, QColor(1, 2, 3));
+        QVERIFY(
+            hasPixelsOf(port.grab(CPortPainter::areaRect(CPortPainter::Fill)).toImage(), QColor(1, 2, 3)));
+    }
+
+    void theTitleRowHasWhatIsAboutAllPorts()
+    {
+        SListWorld world;
+        world.open(2);
+        const QMenu &menu = *named<QToolButton>(world.list, "Redundancy and current gain")->menu();
+        for (const QAction *entry : menu.actions())
+            const_cast<QAction *>(entry)->trigger();
+        QCOMPARE(world.commands.calls, (QStringList{QStringLiteral("pairs"), QStringLiteral("gain")}));
+        inNext<CPortAreaDialog>([](CPortAreaDialog &dialog) { dialog.reject(); });
+        named<QAbstractButton>(world.list, "Port area")->click();
+    }
+
     void locksFillsAndAppendsByItsAreas()
     {
         SListWorld world;
@@ -141,9 +217,13 @@ private Q_SLOTS:
         world.click(1, CPortPainter::Append);
         world.port(1).findChild<QMenu *>()->actions().first()->trigger();
         QCOMPARE(appended[0].mid(0, 2), (QVariantList{1, world.store.recentCabinets().customSize()}));
-        inNext<CCabinetFillSetting>([](CCabinetFillSetting &dialog) { dialog.accept(); });
+        inNext<CCabinetFillSetting>([](CCabinetFillSetting &dialog) {
+            named<QSpinBox>(dialog, "Red")->setValue(77);
+            dialog.accept();
+        });
         world.click(0, CPortPainter::Fill);
-        QCOMPARE(world.list.findChildren<CPort *>().size(), 2);
+        QCOMPARE(world.store.port(0).color.red(), 77);
+        QCOMPARE(world.port(0).face().fill.red(), 77);
     }
 
     void theLastCabinetOfAPortCanBeAppended()
@@ -246,11 +326,15 @@ private Q_SLOTS:
         for (const int key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_End, Qt::Key_Left})
             QTest::keyClick(QApplication::focusWidget(), Qt::Key(key));
         QTRY_COMPARE(QApplication::focusWidget(), &world.port(38));
+        world.list.setCurrentSelectPort({36, 38});
         QVERIFY(flow->verticalScrollBar()->value() > 0);
         const int scrolled = flow->verticalScrollBar()->value();
         world.open(40, 2);
         QCOMPARE(QApplication::focusWidget(), &world.port(38));
         QCOMPARE(flow->verticalScrollBar()->value(), scrolled);
+        QVERIFY(world.port(36).isChecked() && world.port(38).isChecked() && !world.port(37).isChecked());
+        world.list.setCurrentSelectPort({38});
+        world.commands.whole = false;
         CSignalLog clicked(&world.list, &CPortList::notifyPortClicked);
         QTest::keyClick(&world.port(38), Qt::Key_Space);
         QCOMPARE(clicked[0], (QVariantList{38, true}));
@@ -324,12 +408,17 @@ private Q_SLOTS:
         world.open(6);
         auto *line = world.list.findChild<COverloadLine *>();
         QTRY_COMPARE(line->text(), QStringLiteral("4 output ports are overloaded: 1 to 3, 5"));
-        CSignalLog chosen(&world.list, &CPortList::notifyPortsChosen);
+        CSignalLog sought(&world.list, &CPortList::notifyPortsSought);
         line->click();
-        QCOMPARE(chosen[0].first().value<QVector<int>>(), (QVector<int>{0, 1, 2, 4}));
+        QCOMPARE(sought[0].first().value<QVector<int>>(), (QVector<int>{0, 1, 2, 4}));
         world.answers()->details.totalPixels = 101;
         line->refresh();
         QCOMPARE(line->text(), QStringLiteral("The processor is overloaded"));
+        QCOMPARE(line->accessibleName(), QStringLiteral("The processor is overloaded (up to 224%)"));
+        world.answers()->loads.clear();
+        for (const int port : {0, 1, 2, 4})
+            world.store.updatePortLoad(port, false);
+        QTRY_VERIFY(line->isHidden());
     }
 
     void theSumBehindALoadNamesTheLimit()

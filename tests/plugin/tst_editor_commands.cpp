@@ -231,6 +231,17 @@ private Q_SLOTS:
         QCOMPARE(m_world->store.portColor(0), QColor(10, 10, 10));
         m_world->commands.resetFills(nullptr);
         QVERIFY(!m_world->store.port(0).color.isValid() && !m_world->store.port(1).color.isValid());
+        m_world->store.syncLayoutData(true); // otherwise it would replace what follows
+        const QUuid processor = m_world->store.currentProcessor();
+        using Port = CabinetLayout::CabinetPort;
+        m_world->answers()->layouts[processor].layout.ports[1].redundancy = Port::Redundant;
+        m_world->store.openProcessor(processor);
+        m_world->store.setPortLocked(0, true);
+        m_world->store.setCurrentPort(0);
+        choose(true);
+        m_world->commands.fillCurrentPort(nullptr);
+        QCOMPARE(m_world->store.port(0).color, QColor(10, 10, 10)); // a fill is no edit
+        QVERIFY(!m_world->store.port(1).color.isValid());           // a redundancy port has none
     }
 
     void whatWasChosenForAnotherProcessorIsDropped()

@@ -6,6 +6,7 @@
 #include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/content/CSelectionPicks.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/menus/CEditEntries.h"
 #include "layout/editor/menus/IEditorCommands.h"
 #include "layout/editor/operations/CSceneOperations.h"
@@ -91,8 +92,11 @@ void CCabinetMenu::addFill()
 {
     IEditorCommands *commands = m_commands;
     QMenu *fill = m_menu.addMenu(tr("Cabinet fill"));
-    CEditEntries::add(*fill, tr("Current output..."), QString(),
-                      [commands, parent = m_parent] { commands->fillCurrentPort(parent); });
+    QAction *current =
+        CEditEntries::add(*fill, tr("Current output..."), QString(),
+                          [commands, parent = m_parent] { commands->fillCurrentPort(parent); });
+    if (m_clicked.portItem()->isRedundant()) // is drawn without a fill
+        CEditEntries::disableIfClosed(*current, m_clicked.portItem());
     CEditEntries::add(*fill, tr("Set all outputs to default"), QString(),
                       [commands, parent = m_parent] { commands->resetFills(parent); });
 }

@@ -9,8 +9,11 @@
 
 void CPortFill::ask(int port) const
 {
+    if (m_store.portRedundancy(port) == CLayoutData::Port::Redundant)
+        return;
     const QUuid processor = m_store.currentProcessor();
     CCabinetFillSetting dialog(m_store.port(port).color, CPortColors::fill(port), m_parent);
+    dialog.setAllPortsRule(rule());
     if (dialog.exec() != QDialog::Accepted || !CProcessorInView::isStill(processor, m_parent))
         return;
     const SCabinetFill fill = dialog.fill();
@@ -18,6 +21,11 @@ void CPortFill::ask(int port) const
         fillAll(fill.color);
     else
         m_store.setPortColor(port, fill.color);
+}
+
+QString CPortFill::rule()
+{
+    return tr("Locked output ports, too; redundancy ports have no fill");
 }
 
 void CPortFill::resetAll() const
@@ -28,6 +36,8 @@ void CPortFill::resetAll() const
 void CPortFill::fillAll(const QColor &color) const
 {
     const QVector<CLayoutData::Port> ports = m_store.ports();
-    for (const CLayoutData::Port &port : ports)
-        m_store.setPortColor(port.index, color);
+    for (const CLayoutData::Port &port : ports) {
+        if (port.redundancy != CLayoutData::Port::Redundant)
+            m_store.setPortColor(port.index, color);
+    }
 }

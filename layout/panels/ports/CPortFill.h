@@ -8,7 +8,8 @@ class CLayoutData;
 class QColor;
 class QWidget;
 
-/// Sets with which colours the cabinets of output ports are filled on the canvas. GUI thread.
+/// Sets with which colours the cabinets of output ports are filled on the canvas. That is no edit, so locked
+/// ports take a fill, too; redundancy ports, which are drawn without one, keep theirs. GUI thread.
 class CPortFill final
 {
     Q_DECLARE_TR_FUNCTIONS(CPortFill)
@@ -24,6 +25,7 @@ public:
     /// Asks for the colour of @p port, or of all ports.
     void ask(int port) const;
     void resetAll() const; ///< each port gets its default colour
+    static QString rule(); ///< which ports "all outputs" means, for the user
 
 private:
     void fillAll(const QColor &color) const;

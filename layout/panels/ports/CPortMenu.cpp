@@ -5,6 +5,7 @@
 #include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/panels/ports/CPort.h"
+#include "layout/panels/ports/CPortFill.h"
 #include "layout/panels/ports/IPortCommands.h"
 
 #include <QIcon>
@@ -140,8 +141,10 @@ void CPortMenu::addFill(QMenu &menu) const
     QMenu *fill = menu.addMenu(tr("Cabinet fill"));
     QObject::connect(fill->addAction(tr("Current output...")), &QAction::triggered, &m_button,
                      &CPort::askFill);
-    QObject::connect(fill->addAction(tr("Set all outputs to default")), &QAction::triggered, &m_button,
-                     &CPort::notifyResetProcessorColor);
+    fill->setToolTipsVisible(true);
+    QAction *reset = fill->addAction(tr("Set all outputs to default"));
+    reset->setToolTip(CPortFill::rule());
+    QObject::connect(reset, &QAction::triggered, &m_button, &CPort::notifyResetProcessorColor);
 }
 
 void CPortMenu::addParameters(QMenu &menu) const
