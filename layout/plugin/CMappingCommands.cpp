@@ -10,8 +10,17 @@
 #include <QPointer>
 
 namespace {
+
 using Host = ILayoutInterfaceHandler;
+
+/// Whether "all processors" concerns the one that @p node describes: projects and what does not answer are
+/// left out.
+bool isAmongAll(const ProcessorTree::ProcessorNode &node)
+{
+    return node.online && !node.fiberTransceiver && node.address != 0;
 }
+
+} // namespace
 
 CMappingCommands::CMappingCommands(CLayoutData &store, QWidget &messageParent)
     : m_store(store)
@@ -58,6 +67,8 @@ bool CMappingCommands::mayBeOverloaded(ReadSaveMappingRole role)
         nodes << CHostAccess::call<&Host::currentProcessorNode>();
     QStringList overloads;
     for (const ProcessorTree::ProcessorNode &node : qAsConst(nodes)) {
+        if (role == ReadSaveMappingRole::All && !isAmongAll(node))
+            continue;
         const SOverload overload = SOverload::asked(CHostAccess::call<&Host::layoutData>(node.uuid).layout);
         if (!overload.isEmpty())
             overloads << QStringLiteral("%1: %2").arg(node.displayText(), overload.text());

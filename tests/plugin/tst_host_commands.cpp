@@ -196,6 +196,11 @@ private Q_SLOTS:
         for (const auto &[role, answer, processors] :
              {std::tuple(ReadSaveMappingRole::Current, "Yes", 1), {ReadSaveMappingRole::All, "No", 2}}) {
             SEditedWorld world;
+            for (const char *left : {"Project", "Offline", "Fiber"}) // are not saved with all
+                world.host.addProcessor(QLatin1String(left), 2, 2);
+            world.answers()->nodes[2].address = 0;
+            world.answers()->nodes[3].online = false;
+            world.answers()->nodes[4].fiberTransceiver = true;
             world.answers()->loads[1] = 101;
             const bool saves = qstrcmp(answer, "Yes") == 0;
             CMessageBoxAnswerer user(saves ? QStringList{QLatin1String(answer), QStringLiteral("OK")}
