@@ -7,6 +7,7 @@
 #include "layout/api/records/LayoutLimits.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -233,7 +234,11 @@ CStatus CDeviceCommands::setPortAreas(const QList<SPortArea> &areas)
         std::all_of(areas.begin(), areas.end(), [count](const SPortArea &area) { return area.port < count; });
     if (!known)
         return failure(*device, tr("It has %1 output ports.").arg(count));
-    return apply(device->node.uuid, [&areas](SProcessorSettings &settings) { settings.portAreas = areas; });
+    QList<SPortArea> set; // without those that carry nothing
+    std::copy_if(areas.begin(), areas.end(), std::back_inserter(set), [](const SPortArea &area) {
+        return area != SPortArea{area.port, 0, 0, 0, 0};
+    });
+    return apply(device->node.uuid, [&set](SProcessorSettings &settings) { settings.portAreas = set; });
 }
 
 CStatus CDeviceCommands::setStatusLed(bool on)

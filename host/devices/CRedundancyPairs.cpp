@@ -23,10 +23,12 @@ QList<CRedundancyPairs::Pair> CRedundancyPairs::processors() const
     return pairs;
 }
 
-CStatus CRedundancyPairs::pairObstacle(const QList<Pair> &pairs) const
+CStatus CRedundancyPairs::pairObstacle(const QList<Pair> &kept, const QList<Pair> &added) const
 {
     QSet<QUuid> used;
-    for (const Pair &pair : pairs) {
+    for (const Pair &pair : kept)
+        used << pair.first << pair.second;
+    for (const Pair &pair : added) {
         for (const QUuid &member : {pair.first, pair.second}) {
             const std::optional<SDevice> device = m_services.table().device(member);
             if (!device || device->project || pair.first == pair.second)
@@ -43,7 +45,7 @@ CStatus CRedundancyPairs::pairObstacle(const QList<Pair> &pairs) const
 
 CStatus CRedundancyPairs::pairProcessors(const QUuid &primary, const QUuid &redundancy)
 {
-    CStatus status = pairObstacle(processors() << Pair(primary, redundancy));
+    CStatus status = pairObstacle(processors(), {Pair(primary, redundancy)});
     return status ? m_commands.setPrimary(redundancy, primary) : status;
 }
 
@@ -59,15 +61,16 @@ CStatus CRedundancyPairs::separateProcessor(const QUuid &processor)
 CStatus CRedundancyPairs::replaceProcessors(const QList<QUuid> &among, const QList<Pair> &pairs)
 {
     QList<Pair> kept;
-    QList<Pair> changes;
+    QList<Pair> added = pairs;
+    QList<Pair> ended;
     for (const Pair &pair : processors()) {
-        if (!among.contains(pair.first) || !among.contains(pair.second))
+        if (added.removeOne(pair) || !among.contains(pair.first) || !among.contains(pair.second))
             kept << pair;
-        else if (!pairs.contains(pair))
-            changes << Pair(QUuid(), pair.second);
+        else
+            ended << Pair(QUuid(), pair.second);
     }
-    CStatus status = pairObstacle(kept + pairs);
-    return status ? setPrimaries(changes + pairs) : status;
+    CStatus status = pairObstacle(kept, added);
+    return status ? setPrimaries(ended + added) : status;
 }
 
 CStatus CRedundancyPairs::setPrimaries(const QList<Pair> &changes)

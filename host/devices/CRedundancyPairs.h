@@ -30,7 +30,9 @@ public:
     CStatus replaceProcessors(const QList<QUuid> &processors, const QList<Pair> &pairs);
 
 private:
-    CStatus pairObstacle(const QList<Pair> &pairs) const;
+    /// Why @p added cannot stand beside @p kept. Of a pair that exists already, a member may have entered a
+    /// mode meanwhile in which it could not be paired.
+    CStatus pairObstacle(const QList<Pair> &kept, const QList<Pair> &added) const;
     CStatus setPrimaries(const QList<Pair> &changes); ///< all or none
 
     CDeviceServices &m_services;

@@ -17,11 +17,6 @@ namespace {
 
 using Host = ILayoutInterfaceHandler;
 
-bool isUnset(const SPortArea &area)
-{
-    return area == SPortArea{area.port, 0, 0, 0, 0};
-}
-
 /// An area for each port of @p processor; zeros where the host has none.
 QList<SPortArea> areasOfAllPorts(const QUuid &processor)
 {
@@ -46,8 +41,7 @@ void CPortAreaDialog::edit(QWidget *parent)
     CPortAreaDialog dialog(areasOfAllPorts(processor), parent);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    QList<SPortArea> areas = dialog.areas();
-    areas.erase(std::remove_if(areas.begin(), areas.end(), isUnset), areas.end());
+    const QList<SPortArea> areas = dialog.areas();
     CProcessorInView::carryOut(processor, parent,
                                [&areas](ILayoutInterfaceHandler &host) { return host.setPortAreas(areas); });
 }

@@ -190,6 +190,14 @@ private Q_SLOTS:
         QVERIFY(handler.applyProcessorRedundancy(all, turned));
         QCOMPARE(handler.processorRedundancies(),
                  (Pairs{{m_world->stage, m_world->lobby}, {m_world->right, m_world->left}}));
+        // In another mode now, a pair neither prevents others nor its own end.
+        QVERIFY(handler.setWorkMode(m_world->stage, ProcessorWorkMode::FiberTransceiver));
+        QVERIFY(handler.applyProcessorRedundancy(
+            all, {{m_world->stage, m_world->lobby}, {m_world->left, m_world->right}}));
+        QVERIFY(handler.applyProcessorRedundancy(all, {{m_world->left, m_world->right}}));
+        QVERIFY(!handler.setProcessorRedundancy(m_world->stage, m_world->lobby));
+        QVERIFY(handler.setWorkMode(m_world->stage, ProcessorWorkMode::VideoProcessor));
+        QVERIFY(handler.setProcessorRedundancy(m_world->stage, m_world->lobby));
         QVERIFY(handler.applyProcessorRedundancy({m_world->left, m_world->right}, {}));
         QCOMPARE(handler.processorRedundancies(), (Pairs{{m_world->stage, m_world->lobby}}));
         QVERIFY(handler.cancelProcessorRedundancy(m_world->stage));
@@ -301,7 +309,7 @@ private Q_SLOTS:
         QVERIFY(m_world->handler.setBackground(background));
         QCOMPARE(m_world->log.waitFor(20), QStringLiteral("20 ") + CDeviceFixture::idOf(m_world->stage));
         QVERIFY(m_world->handler.setCabinetStatusLed(true));
-        QVERIFY(m_world->handler.setPortAreas({{3, 1, 2, 30, 40}}));
+        QVERIFY(m_world->handler.setPortAreas({{2, 0, 0, 0, 0}, {3, 1, 2, 30, 40}}));
         QVERIFY(!m_world->handler.setPortAreas({{16, 0, 0, 1, 1}}));
         QTRY_COMPARE(led.size(), 1);
         CDeviceFixture again(0, m_world->folder.path()); // a second program on the same devices
