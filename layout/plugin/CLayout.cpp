@@ -102,7 +102,9 @@ void CLayout::fillProcessorMenu(QMenu &menu, const QUuid &processor)
 
 void CLayout::fillEditMenu(QMenu &menu)
 {
-    if (m_background)
+    if (m_background && m_summaryPage->isVisible())
+        m_summaryPage->fillEditMenu(menu);
+    else if (m_background)
         m_editorPage->fillEditMenu(menu);
 }
 

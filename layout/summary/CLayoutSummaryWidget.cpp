@@ -12,6 +12,7 @@
 #include <QAction>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMenu>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -84,6 +85,18 @@ void CLayoutSummaryWidget::setEditingBlocked(bool blocked)
     m_view->setEditingBlocked(blocked);
     updateSteps();
     updateLabel();
+}
+
+/// The keys are only shown: the page listens to them itself.
+void CLayoutSummaryWidget::fillEditMenu(QMenu &menu) const
+{
+    for (const auto &[text, step] : {std::pair(tr("&Undo"), m_undo), std::pair(tr("&Redo"), m_redo)}) {
+        QAction *entry = menu.addAction(text);
+        entry->setShortcut(step->shortcut());
+        entry->setShortcutContext(Qt::WidgetShortcut);
+        entry->setEnabled(step->isEnabled());
+        connect(entry, &QAction::triggered, step, &QAction::trigger);
+    }
 }
 
 void CLayoutSummaryWidget::buildUi()

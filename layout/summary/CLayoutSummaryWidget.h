@@ -18,6 +18,7 @@ class CSummaryLabel;
 class QAction;
 class QHBoxLayout;
 class QLabel;
+class QMenu;
 
 /// The page for several processors: shows their areas on the shared canvas, passes the offsets set by the
 /// user to the host, and undoes them. GUI thread.
@@ -34,6 +35,7 @@ public:
     void showProcessors(const QList<ProcessorTree::ProcessorNode> &processors);
     /// With @p blocked, the user cannot move processors.
     void setEditingBlocked(bool blocked);
+    void fillEditMenu(QMenu &menu) const; ///< see ILayoutInterface
 
 private:
     void buildUi();

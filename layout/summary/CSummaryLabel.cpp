@@ -55,8 +55,14 @@ void CSummaryLabel::onItemGeometryChanged(const QRectF &geometry)
 
 void CSummaryLabel::onItemOffsetChanged(const QPoint &offset)
 {
-    m_x->showFigure(offset.x());
-    m_y->showFigure(offset.y());
+    m_offset = offset;
+    showOffset();
+}
+
+void CSummaryLabel::showOffset()
+{
+    m_x->showFigure(m_offset.x());
+    m_y->showFigure(m_offset.y());
 }
 
 void CSummaryLabel::buildUi()
@@ -120,7 +126,10 @@ CRecoveryFocusSpinBox *CSummaryLabel::addField(QFormLayout &form, const QString 
 
 void CSummaryLabel::connectSignals()
 {
-    const auto announce = [this] { Q_EMIT notifyItemOffsetChanged({m_x->value(), m_y->value()}); };
+    const auto announce = [this] {
+        Q_EMIT notifyItemOffsetChanged({m_x->value(), m_y->value()});
+        showOffset(); // what was refused or limited is not shown
+    };
     connect(m_x, &CRecoveryFocusSpinBox::notifyFigureEntered, this, announce);
     connect(m_y, &CRecoveryFocusSpinBox::notifyFigureEntered, this, announce);
 }

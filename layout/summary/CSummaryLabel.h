@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QPoint>
 #include <QWidget>
 
 class CRecoveryFocusSpinBox;
@@ -34,9 +35,11 @@ public Q_SLOTS:
 private:
     void buildUi();
     void connectSignals();
+    void showOffset();
     QFormLayout *addSection(QVBoxLayout &column, const QString &heading);
     CRecoveryFocusSpinBox *addField(QFormLayout &form, const QString &heading, const QString &name);
 
+    QPoint m_offset; // of what is selected
     QLabel *m_title = nullptr;
     QLabel *m_note = nullptr;
     CRecoveryFocusSpinBox *m_width = nullptr;

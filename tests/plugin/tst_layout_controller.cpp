@@ -11,6 +11,7 @@
 #include "layout/plugin/CLayout.h"
 #include "layout/plugin/CWholeModuleWarningWidget.h"
 #include "layout/plugin/SelectionRules.h"
+#include "layout/summary/CSummaryGraphicsView.h"
 #include "tests/editor/SceneParts.h"
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
@@ -143,6 +144,14 @@ private Q_SLOTS:
         module.select({module.a, module.b});
         QCOMPARE(module.page(), Summary);
         QCOMPARE(module.title(), QStringLiteral("Summary"));
+        module.layout.show();
+        module.layout.findChild<CSummaryGraphicsView *>()->setFocus();
+        QTest::keyClick(module.layout.findChild<CSummaryGraphicsView *>(), Qt::Key_Right);
+        QMenu edit;
+        module.layout.fillEditMenu(edit);
+        const QRect moved = module.answers()->rects.value(module.a);
+        entryOf(edit, QStringLiteral("&Undo"))->trigger(); // what the page can undo
+        QCOMPARE(module.answers()->rects.value(module.a), moved.translated(-1, 0));
         module.host.notify(LayoutNotification::SelectedNodeChanged,
                            SSelectedNodeChange{{}, PrcTreeNodeType::Other});
         module.answers()->selected = {module.a};

@@ -128,6 +128,10 @@ private Q_SLOTS:
         QTest::keyClick(&x, Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(world.kept().value(world.a), QPoint(0, 0));
         QCOMPARE(x.value(), 0);
+        for (int again = 0; again < 2; ++again) { // at the limit, nothing moves any more
+            world.typeX("99999999");
+            QCOMPARE(x.value(), world.kept().value(world.a).x());
+        }
     }
 
     void aRefusalChangesNothingAndSaysWhy()
