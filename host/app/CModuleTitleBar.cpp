@@ -21,15 +21,15 @@ void CModuleTitleBar::buildUi(const QString &title)
 {
     setObjectName(QStringLiteral("ModuleTitleBar"));
     auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(10, 2, 6, 2);
-    row->setSpacing(6);
+    row->setContentsMargins(12, 2, 8, 2);
+    row->setSpacing(8);
     auto *name = new QLabel(title);
     QFont bold = name->font();
     bold.setBold(true);
     name->setFont(bold);
     row->addWidget(name);
     row->addStretch(1);
-    m_lock = addButton("LockButton", "lock");
+    m_lock = addButton("LockButton", "editing");
     m_collapse = addButton("CollapseButton", "collapse");
 }
 
@@ -38,7 +38,7 @@ QToolButton *CModuleTitleBar::addButton(const char *objectName, const char *icon
     auto *button = new QToolButton(this);
     button->setObjectName(QLatin1String(objectName));
     button->setIcon(AppIcons::icon(icon));
-    button->setIconSize({18, 18});
+    button->setIconSize({20, 20});
     button->setCheckable(true);
     button->setAutoRaise(true);
     button->setVisible(false);
