@@ -41,14 +41,14 @@ void CDevicePanel::buildUi(QAction &detect)
 {
     setObjectName(QStringLiteral("DevicePanel"));
     auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(6, 6, 6, 6);
-    column->setSpacing(6);
+    column->setContentsMargins(8, 8, 8, 8);
+    column->setSpacing(8);
 
     auto *button = new QToolButton;
     button->setObjectName(QStringLiteral("HasBackground"));
     button->setDefaultAction(&detect);
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    button->setIconSize({18, 18});
+    button->setIconSize({20, 20});
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     button->setMinimumHeight(28);
     column->addWidget(button);
@@ -58,7 +58,7 @@ void CDevicePanel::buildUi(QAction &detect)
     m_hint->setWordWrap(true);
     m_hint->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     m_hint->setEnabled(false);
-    m_hint->setMargin(6);
+    m_hint->setMargin(8);
     column->addWidget(m_hint);
 
     m_tree = new QTreeView;

@@ -74,14 +74,14 @@ struct STaken
 const QVector<CSnakeOrder::SPattern> &CSnakeOrder::patterns()
 {
     static const QVector<SPattern> table = {
-        {"LTR TTB snake", "left-to-right-ver", true, true, true},
-        {"RTL TTB snake", "right-to-left-ver", true, false, true},
-        {"RTL BTT snake", "right-to-left-ver-reverse", true, false, false},
-        {"LTR BTT snake", "left-to-right-ver-reverse", true, true, false},
-        {"TTB LTR snake", "top-to-bottom-hor", false, true, true},
-        {"TTB RTL snake", "top-to-bottom-hor-reverse", false, true, false},
-        {"BTT RTL snake", "bottom-to-top-hor-reverse", false, false, false},
-        {"BTT LTR snake", "bottom-to-top-hor", false, false, true},
+        {QT_TRANSLATE_NOOP("CSnakeOrder", "LTR TTB snake"), "left-to-right-ver", true, true, true},
+        {QT_TRANSLATE_NOOP("CSnakeOrder", "RTL TTB snake"), "right-to-left-ver", true, false, true},
+        {QT_TRANSLATE_NOOP("CSnakeOrder", "RTL BTT snake"), "right-to-left-ver-reverse", true, false, false},
+        {QT_TRANSLATE_NOOP("CSnakeOrder", "LTR BTT snake"), "left-to-right-ver-reverse", true, true, false},
+        {QT_TRANSLATE_NOOP("CSnakeOrder", "TTB LTR snake"), "top-to-bottom-hor", false, true, true},
+        {QT_TRANSLATE_NOOP("CSnakeOrder", "TTB RTL snake"), "top-to-bottom-hor-reverse", false, true, false},
+        {QT_TRANSLATE_NOOP("CSnakeOrder", "BTT RTL snake"), "bottom-to-top-hor-reverse", false, false, false},
+        {QT_TRANSLATE_NOOP("CSnakeOrder", "BTT LTR snake"), "bottom-to-top-hor", false, false, true},
     };
     return table;
 }

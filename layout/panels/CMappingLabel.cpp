@@ -19,7 +19,7 @@
 namespace {
 
 constexpr int OptionWidth = 284;
-constexpr QSize MappingButtonSize(96, 24);
+constexpr QSize MappingButtonSize(96, 26);
 
 } // namespace
 

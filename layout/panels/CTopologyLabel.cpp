@@ -8,6 +8,7 @@
 #include "platform/widgets/CSvgIcon.h"
 
 #include <QButtonGroup>
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QToolButton>
 #include <QVariant>
@@ -86,8 +87,8 @@ QToolButton *CTopologyLabel::makeButton(int pattern)
     button->setIconSize(TopologyIconSize);
     button->setIcon(CSvgIcon::of(
         QStringLiteral(":/Image/Layout/SidePanel/Topology/%1.svg").arg(QLatin1String(snake.iconName))));
-    button->setToolTip(QLatin1String(snake.name));
-    button->setAccessibleName(QLatin1String(snake.name));
+    button->setToolTip(QCoreApplication::translate("CSnakeOrder", snake.name));
+    button->setAccessibleName(button->toolTip());
     return button;
 }
 

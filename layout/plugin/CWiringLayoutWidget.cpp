@@ -10,7 +10,8 @@
 
 namespace {
 constexpr int TitleRowLocation = 3; // of a tool widget
-}
+constexpr QSize PictureSize(20, 20);
+} // namespace
 
 CWiringLayoutWidget::CWiringLayoutWidget(QWidget *parent)
     : QWidget(parent)
@@ -20,8 +21,8 @@ CWiringLayoutWidget::CWiringLayoutWidget(QWidget *parent)
 {
     m_note->setEnabled(false); // in the dimmed colour of the theme
     m_showScreen->setCheckable(true);
-    m_showScreen->setFixedSize(18, 18);
-    m_showScreen->setIconSize(QSize(18, 18));
+    m_showScreen->setFixedSize(PictureSize);
+    m_showScreen->setIconSize(PictureSize);
     m_showScreen->setToolTip(tr("Show screen"));
     m_showScreen->setAccessibleName(tr("Show screen"));
     m_showScreen->setProperty("ToolLocation", TitleRowLocation);

@@ -82,6 +82,7 @@ const QHash<QString, QRgb> &themeColorNames()
         {QStringLiteral("Accent"), Accent},
         {QStringLiteral("AccentHover"), AccentHover},
         {QStringLiteral("AccentDown"), AccentDown},
+        {QStringLiteral("IdleSelection"), IdleSelection},
         {QStringLiteral("Focus"), Focus},
     };
     return names;

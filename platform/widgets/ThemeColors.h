@@ -22,7 +22,8 @@ constexpr QRgb DarkText = qRgb(8, 8, 8);       ///< on bright colours
 constexpr QRgb Accent = qRgb(38, 92, 190); ///< selection, the main button
 constexpr QRgb AccentHover = qRgb(46, 104, 204);
 constexpr QRgb AccentDown = qRgb(30, 76, 160);
-constexpr QRgb Focus = qRgb(94, 160, 255); ///< the mark of the keyboard focus, links
+constexpr QRgb IdleSelection = qRgb(43, 58, 89); ///< selection in a list without the keyboard focus
+constexpr QRgb Focus = qRgb(94, 160, 255);       ///< the mark of the keyboard focus, links
 
 constexpr QRgb LoadGood = qRgb(44, 153, 65); ///< a processor within its capacity
 constexpr QRgb LoadOver = qRgb(170, 42, 42); ///< an overloaded processor

@@ -320,6 +320,12 @@ private Q_SLOTS:
             pairs << qMakePair(QColor(Text), QColor(background));
         for (const QRgb background : {LoadGood, LoadOver})
             pairs << qMakePair(CTheme::textOn(background), QColor(background));
+        for (const QRgb color : {Fault, Warning, Focus})
+            pairs << qMakePair(QColor(color), QColor(Frame));
+        for (const QRgb load : {PortLoadGood, PortLoadUnknown})
+            pairs << qMakePair(QColor(load), QColor(Card));
+        pairs << qMakePair(QColor(Text), QColor(PortLoadOver))
+              << qMakePair(QColor(Text), QColor(IdleSelection));
         pairs << qMakePair(QColor(DimText), QColor(Base)) << qMakePair(QColor(SoftText), QColor(Raised));
         const QPalette palette = QApplication::palette();
         for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
