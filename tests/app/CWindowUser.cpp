@@ -20,6 +20,7 @@ namespace {
 
 constexpr double DeviceDelays = 0.1;
 constexpr int LookAgainMilliseconds = 20;
+constexpr int MostTabStops = 100;
 
 bool waitFor(const std::function<bool()> &condition)
 {
@@ -57,7 +58,8 @@ CWindowUser::CWindowUser(const QString &stateFolder)
     m_window->resize(1600, 960);
     QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight()); // away from menus
     m_window->show();
-    if (!QTest::qWaitForWindowExposed(m_window.get(), PatienceMilliseconds))
+    m_window->activateWindow();
+    if (!waitFor([] { return QApplication::focusWidget() != nullptr; }))
         qWarning("the window does not come");
 }
 
@@ -179,12 +181,15 @@ bool CWindowUser::clickInTree(const QString &name, Qt::MouseButton button)
 
 bool CWindowUser::openProcessor(const QString &name)
 {
-    return clickInTree(name) && waitFor([this, &name] {
-               const auto *save = qobject_cast<QToolButton *>(visibleButton("Save"));
-               const auto shown = m_window->manager().table().currentDevice();
-               return canvas() && portButton(1) && save && save->menu()->defaultAction()->isEnabled() &&
-                      shown && shown->node.name == name;
-           });
+    return clickInTree(name) && waitFor([this, &name] { return isOpen(name); });
+}
+
+bool CWindowUser::isOpen(const QString &name) const
+{
+    const auto *save = qobject_cast<QToolButton *>(visibleButton("Save"));
+    const auto shown = m_window->manager().table().currentDevice();
+    return canvas() && portButton(1) && save && save->menu()->defaultAction()->isEnabled() && shown &&
+           shown->node.name == name;
 }
 
 QWidget *CWindowUser::portButton(int number) const
@@ -220,6 +225,32 @@ void CWindowUser::key(int key)
 {
     canvas()->setFocus(Qt::MouseFocusReason); // as when the mouse enters it
     QTest::keyClick(canvas(), Qt::Key(key));
+}
+
+void CWindowUser::press(const QVector<int> &keys)
+{
+    for (const int key : keys) {
+        QWidget *popup = QApplication::activePopupWidget();
+        QWidget *target = popup ? popup : QApplication::focusWidget();
+        QTest::keyClick(target, Qt::Key(key & ~int(Qt::KeyboardModifierMask)),
+                        Qt::KeyboardModifiers(key & int(Qt::KeyboardModifierMask)));
+    }
+}
+
+bool CWindowUser::tabTo(const char *name)
+{
+    const QString wanted = QLatin1String(name);
+    QStringList seen;
+    while (seen.size() < MostTabStops) {
+        const QWidget &at = *QApplication::focusWidget();
+        seen << QLatin1String(at.metaObject()->className());
+        if (at.inherits(name) || at.toolTip() == wanted || at.accessibleName() == wanted ||
+            at.property("text").toString() == wanted)
+            return true;
+        press({Qt::Key_Tab});
+    }
+    qWarning("Tab does not reach \"%s\", but %s", name, qUtf8Printable(seen.join(QLatin1Char(' '))));
+    return false;
 }
 
 void CWindowUser::drag(const QPointF &from, const QPointF &to)

@@ -45,12 +45,17 @@ public:
 
     bool detect();
     bool openProcessor(const QString &name); ///< until the editor shows it
+    bool isOpen(const QString &name) const;
     bool clickInTree(const QString &name, Qt::MouseButton button = Qt::LeftButton);
     bool clickPort(int number, PortArea area, Qt::MouseButton button = Qt::LeftButton);
     QString portName(int number) const; ///< what a screen reader says of the port's button
 
     QGraphicsView *canvas() const;
     void key(int key); ///< pressed on the canvas
+    /// Presses keys on what has the focus, or on the open menu.
+    void press(const QVector<int> &keys);
+    /// Goes by Tab to the widget with that class, text, tool tip or accessible name.
+    bool tabTo(const char *name);
     /// Presses at one place of the scene and releases at the other.
     void drag(const QPointF &from, const QPointF &to);
 

@@ -13,6 +13,7 @@
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QFile>
 #include <QGraphicsView>
@@ -293,6 +294,28 @@ private Q_SLOTS:
                 QTest::mouseClick(collapse, Qt::LeftButton);
             QTRY_COMPARE(tree.isVisible(), shown);
         }
+    }
+
+    void everythingIsInReachOnASmallScreen()
+    {
+        open(QStringLiteral("Lobby"), QStringLiteral("Lobby(192.168.10.11)"));
+        m_window->resize(1366, 768);
+        const auto *canvas = findVisible<QGraphicsView>(
+            *m_window, [](const QGraphicsView &view) { return view.inherits("CLayoutGraphicsView"); });
+        const auto *list = m_window->findChild<QWidget *>(QStringLiteral("PortList"));
+        QTRY_VERIFY(canvas->width() >= 1366 / 2);
+        QVERIFY(list->height() >= 2 * 68);
+        const auto *save = visibleButton(*m_window, "Save all processors"); // the last control in common use
+        QTRY_COMPARE(save->visibleRegion().boundingRect(), save->rect());
+        QStringList unnamed;
+        for (QWidget *control : m_window->findChildren<QWidget *>()) {
+            if (!control->isVisible() || !(control->focusPolicy() & Qt::TabFocus) || control->focusProxy())
+                continue;
+            const QAccessibleInterface *told = QAccessible::queryAccessibleInterface(control);
+            if (!told || told->text(QAccessible::Name).isEmpty())
+                unnamed << QLatin1String(control->metaObject()->className()) + control->objectName();
+        }
+        QCOMPARE(unnamed.join(QLatin1Char(' ')), QString());
     }
 
     void theScreenAndItsButtonStayInStep()

@@ -8,6 +8,7 @@
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
+#include <QFile>
 #include <QLineEdit>
 #include <QProcess>
 #include <QPushButton>
@@ -142,6 +143,40 @@ private Q_SLOTS:
         QVERIFY(user.closeWindow());
     }
 
+    void anEditIsMadeByKeyboardAlone()
+    {
+        CWindowUser user(m_state);
+        user.press({Qt::Key_F5});
+        QTRY_VERIFY(user.device(QStringLiteral("Lobby")).node.online);
+        QVERIFY(user.tabTo("Devices"));
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("Lobby")); // searches in the tree
+        QTRY_VERIFY(user.isOpen(QStringLiteral("Lobby")));
+        QVERIFY(user.tabTo("CPort"));
+        user.press({Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_T | Qt::CTRL});
+        user.press({Qt::Key_Down, Qt::Key_Return}); // the custom size; the ghost then waits on the canvas
+        QTRY_VERIFY(user.canvas()->hasFocus());
+        user.press({Qt::Key_Down, Qt::Key_Up, Qt::Key_Return});
+        QTRY_COMPARE(portOf(user, "Lobby", 4).cabinetCount(), 9);
+        QVERIFY(user.tabTo("CPort"));
+        user.press({Qt::Key_Space});          // the whole port
+        QVERIFY(user.tabTo("LTR TTB snake")); // arrow keys go on to "BTT LTR snake"
+        user.press({Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_Down, Qt::Key_Space});
+        QTRY_COMPARE(chainOf(portOf(user, "Lobby", 4)).first(), QPoint(1152, 576));
+        QCOMPARE(chainOf(portOf(user, "Lobby", 4)).last(), QPoint(1536, 0));
+        QVERIFY(user.tabTo("CLayoutGraphicsView"));
+        user.press({Qt::Key_Right});
+        QTRY_COMPARE(chainOf(portOf(user, "Lobby", 4)).last(), QPoint(1537, 0));
+        user.keepPicture("keyboard-1-nudged");
+        QVERIFY(user.tabTo("Save"));
+        user.inDialog(QStringLiteral("Orvo"),
+                      [](QDialog &dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
+        user.press({Qt::Key_Space});
+        QTRY_VERIFY(!user.device(QStringLiteral("Lobby")).isModified());
+        QTRY_VERIFY(!QApplication::activeModalWidget());
+        QCOMPARE(user.clicks(), 0);
+        QVERIFY(user.closeWindow());
+    }
+
     void theDeviceDropsWhileItIsSaved()
     {
         CWindowUser user(m_state);
@@ -235,6 +270,9 @@ private Q_SLOTS:
         QCOMPARE(user.reportOf("Save"), saved);
         user.keepPicture("backups-2-saved");
         QVERIFY2(user.clicks() <= 25, qPrintable(QString::number(user.clicks())));
+        QFile page(QStringLiteral(ORVO_EDITOR_PAGE));
+        QVERIFY(page.open(QIODevice::ReadOnly));
+        QVERIFY(page.readAll().contains(QByteArray::number(user.clicks()) + " clicks lay and wire"));
 
         const SDevice arena = user.device(QStringLiteral("Arena"));
         QVERIFY(!arena.isModified());
@@ -281,6 +319,7 @@ private Q_SLOTS:
     {
         play({QStringLiteral("anEditIsMadeAndSaved"), QStringLiteral("theEditIsThereAgain")});
     }
+    void theKeyboardIsEnough() { play({QStringLiteral("anEditIsMadeByKeyboardAlone")}); }
     void aDeviceThatDropsWhileItIsSavedLosesNothing()
     {
         play({QStringLiteral("theDeviceDropsWhileItIsSaved"), QStringLiteral("nothingHasArrivedInPart"),
