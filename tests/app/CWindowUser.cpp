@@ -162,6 +162,12 @@ bool CWindowUser::detect()
     return clickButton("Detect devices") && waitFor([this] { return !m_window->manager().jobs().current(); });
 }
 
+bool CWindowUser::detectByKey()
+{
+    press({Qt::Key_F5});
+    return waitFor([this] { return !m_window->manager().jobs().current(); });
+}
+
 bool CWindowUser::clickInTree(const QString &name, Qt::MouseButton button)
 {
     auto &tree = *m_window->findChild<QTreeView *>(QStringLiteral("DeviceTree"));

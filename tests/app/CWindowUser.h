@@ -44,6 +44,7 @@ public:
     QWidget *field(const char *name) const;
 
     bool detect();
+    bool detectByKey();
     bool openProcessor(const QString &name); ///< until the editor shows it
     bool isOpen(const QString &name) const;
     bool clickInTree(const QString &name, Qt::MouseButton button = Qt::LeftButton);

@@ -146,15 +146,21 @@ private Q_SLOTS:
     void anEditIsMadeByKeyboardAlone()
     {
         CWindowUser user(m_state);
-        user.press({Qt::Key_F5});
-        QTRY_VERIFY(user.device(QStringLiteral("Lobby")).node.online);
+        QVERIFY(user.detectByKey());
         QVERIFY(user.tabTo("Devices"));
         QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("Lobby")); // searches in the tree
         QTRY_VERIFY(user.isOpen(QStringLiteral("Lobby")));
         QVERIFY(user.tabTo("CPort"));
         user.press({Qt::Key_Right, Qt::Key_Right, Qt::Key_Right, Qt::Key_T | Qt::CTRL});
-        user.press({Qt::Key_Down, Qt::Key_Return}); // the custom size; the ghost then waits on the canvas
-        QTRY_VERIFY(user.canvas()->hasFocus());
+        user.inDialog(QStringLiteral("Custom cabinet information"), [](QDialog &dialog) {
+            for (const Qt::Key next : {Qt::Key_Tab, Qt::Key_Return}) {
+                QTest::keyClick(dialog.focusWidget(), Qt::Key_A, Qt::ControlModifier);
+                QTest::keyClicks(dialog.focusWidget(), QStringLiteral("96"));
+                QTest::keyClick(dialog.focusWidget(), next);
+            }
+        });
+        user.press({Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}); // "Custom..."
+        QTRY_VERIFY(user.canvas()->hasFocus());                   // where the ghost waits
         user.press({Qt::Key_Down, Qt::Key_Up, Qt::Key_Return});
         QTRY_COMPARE(portOf(user, "Lobby", 4).cabinetCount(), 9);
         QVERIFY(user.tabTo("CPort"));
