@@ -21,6 +21,7 @@ const QVector<SBenchmark> &Benchmarks::all()
         {"B13", "growth of edits from a tenth to the full size", measureEditGrowth},
         {"B14", "the slowest frame while the mouse works", measureGestures},
         {"B15", "a PDF of all sheets of a wall", measurePrint},
+        {"B16", "edits with the journal", measureJournal},
         {"B18", "the list of all ports: loads, another processor", measurePortList},
         {"B18", "select all, until the side panel shows it", measureSelectionTold},
         {"hostile", "pictures of layouts that no editor makes", measureHostile},

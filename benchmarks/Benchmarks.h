@@ -42,6 +42,7 @@ void measureGrowth();
 void measureEditGrowth();
 void measureGestures();
 void measurePrint();
+void measureJournal();
 void measurePortList();
 void measureSelectionTold();
 void measureHostile();

@@ -3,6 +3,7 @@
 #include "layout/plugin/CLayoutEditorPage.h"
 
 #include "layout/api/access/CHostAccess.h"
+#include "layout/api/access/ModuleSettings.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/editor/content/CEditBatches.h"
 #include "layout/editor/content/CSceneSelection.h"
@@ -21,7 +22,6 @@
 
 #include <QAbstractButton>
 #include <QMenu>
-#include <QSettings>
 #include <QUndoStack>
 #include <QVBoxLayout>
 
@@ -99,7 +99,7 @@ void CLayoutEditorPage::reload()
 SKeptHistory CLayoutEditorPage::keptHistory() const
 {
     SKeptHistory kept;
-    const QSettings settings(QStringLiteral("Velmarinth"), QStringLiteral("Orvo"));
+    const QSettings settings = ModuleSettings::open();
     const int megabytes = settings.value(QStringLiteral("history/limitMegabytes")).toInt();
     if (megabytes > 0)
         kept.limit = megabytes * BytesPerMegabyte;
