@@ -16,7 +16,7 @@ using Cabinet = CabinetLayout::CabinetPort::Cabinet;
 constexpr int HostileRepetitions = 3;
 constexpr int Columns = 200;
 constexpr int Rows = 100;
-constexpr QSize PictureSize(1920, 960);
+constexpr QSize HostilePicture(1920, 960);
 
 /// A valid layout on one port, which no editor would make.
 LayoutData layoutOf(const std::function<QRect(int column, int row)> &place, int receivers = 1)
@@ -44,7 +44,7 @@ SWork pictureOf(const LayoutData &data)
 {
     return {{},
             [data] {
-                QImage image(PictureSize, QImage::Format_RGB32);
+                QImage image(HostilePicture, QImage::Format_RGB32);
                 QPainter painter(&image);
                 CLayoutPicture::paint(painter, data, QRectF(image.rect()));
             },
