@@ -6,10 +6,12 @@
 #include "host/projects/CSafeFile.h"
 
 #include <QFile>
+#include <QUuid>
 
 #include <algorithm>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -17,19 +19,22 @@ constexpr mode_t OnlyForOwner = 0600;
 constexpr qint64 SmallestLimit = 1024 * 1024;      // bytes of entries before a new file is begun
 constexpr qint64 LargestEffort = 40 * 1000 * 1000; // cabinets; reading must stay quick
 
+/// Another one each time: what an earlier run or another process has written of the processor stays.
+QByteArray newName(const QString &folder, const QUuid &processor)
+{
+    return QFile::encodeName(QStringLiteral("%1/%2-%3")
+                                 .arg(folder, processor.toString(QUuid::WithoutBraces),
+                                      QUuid::createUuid().toString(QUuid::Id128)) +
+                             CJournal::suffix());
+}
+
 } // namespace
 
 CJournal::CJournal(const QString &folder, const SJournalOwner &owner, const CJournalState &state)
-    : m_folder(folder)
+    : m_path(newName(folder, owner.processor))
     , m_owner(owner)
     , m_state(state)
 {
-}
-
-QByteArray CJournal::path() const
-{
-    return QFile::encodeName(m_folder + QLatin1Char('/') + m_owner.processor.toString(QUuid::WithoutBraces) +
-                             suffix());
 }
 
 void CJournal::fail(const QString &why)
@@ -115,7 +120,7 @@ void CJournal::finishNew()
 {
     if (!m_new)
         return;
-    if (CFileSystem::current().rename(newPath(), path()) < 0) {
+    if (CFileSystem::current().rename(newPath(), m_path) < 0) {
         fail(CSafeFile::systemReason());
         return;
     }
@@ -124,6 +129,7 @@ void CJournal::finishNew()
     m_last = m_lastNew;
     m_broken = false;
     m_error.clear();
+    removeSuperseded();
 }
 
 void CJournal::finishNew(const Handle &confirmed)
@@ -146,7 +152,7 @@ QVector<CJournal::Handle> CJournal::takeUnsynced()
 void CJournal::removeFile()
 {
     if (m_file || m_broken)
-        CFileSystem::current().unlink(path());
+        CFileSystem::current().unlink(m_path);
     if (m_new || m_broken)
         CFileSystem::current().unlink(newPath());
     m_file.reset();
@@ -154,4 +160,33 @@ void CJournal::removeFile()
     m_unsynced = false;
     m_broken = false;
     m_state.forgetEffort();
+    removeSuperseded();
+}
+
+void CJournal::supersede(const QByteArray &path, const Handle &lock)
+{
+    m_superseded.emplace_back(path, lock);
+}
+
+void CJournal::supersede(const CJournal &other)
+{
+    m_superseded.insert(m_superseded.end(), other.m_superseded.begin(), other.m_superseded.end());
+    if (other.m_file)
+        supersede(other.m_path, other.m_file);
+}
+
+void CJournal::removeSuperseded()
+{
+    for (const auto &[path, lock] : m_superseded)
+        remove(path, lock);
+    m_superseded.clear();
+}
+
+void CJournal::remove(const QByteArray &path, const Handle &lock)
+{
+    struct stat locked = {};
+    struct stat named = {};
+    if (lock && fstat(lock->descriptor(), &locked) == 0 && stat(path.constData(), &named) == 0 &&
+        locked.st_dev == named.st_dev && locked.st_ino == named.st_ino)
+        CFileSystem::current().unlink(path);
 }

@@ -6,10 +6,15 @@
 #include "host/journal/SJournalOwner.h"
 #include "host/projects/CFileHandle.h"
 
-#include <memory>
+#include <QVector>
 
-/// The journal of one processor: what it holds, and the file that it is appended to. While the file is open
-/// it is locked, so that other processes leave it alone. Any thread, one at a time.
+#include <memory>
+#include <utility>
+#include <vector>
+
+/// The journal of one processor: what it holds, and the file that it is appended to, which no other journal
+/// of the processor shares. While the file is open it is locked, so that other processes leave it alone. Any
+/// thread, one at a time.
 class CJournal final
 {
 public:
@@ -49,16 +54,22 @@ public:
     void fail(const QString &why);
     /// Removes the file. The state stays.
     void removeFile();
+    /// Another journal's file, kept locked by @p lock, is to be removed as soon as this one's is good or
+    /// needed no more.
+    void supersede(const QByteArray &path, const Handle &lock);
+    void supersede(const CJournal &other);
+    /// Removes the file that @p lock keeps from others, if it still has that name.
+    static void remove(const QByteArray &path, const Handle &lock);
 
     static QString suffix() { return QStringLiteral(".journal"); }
 
 private:
-    QByteArray path() const;
-    QByteArray newPath() const { return path() + "~new"; }
+    QByteArray newPath() const { return m_path + "~new"; }
     Handle create(const QByteArray &path);
     bool put(const Handle &file, const QByteArray &bytes);
+    void removeSuperseded();
 
-    const QString m_folder;
+    const QByteArray m_path;
     SJournalOwner m_owner;
     CJournalState m_state;
     Handle m_file;
@@ -70,4 +81,5 @@ private:
     bool m_unsynced = false;
     bool m_broken = false;
     QString m_error;
+    std::vector<std::pair<QByteArray, Handle>> m_superseded; // and their locks
 };

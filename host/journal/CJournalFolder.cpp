@@ -28,9 +28,13 @@ constexpr int MostHistories = 200; // the oldest go first
 const QString historySuffix = QStringLiteral(".history");
 const QString newSuffix = QStringLiteral("~new");
 
-CJournal::Handle locked(const QString &path, int flags)
+CJournal::Handle locked(const QString &path)
 {
-    auto file = std::make_shared<CFileHandle>(QFile::encodeName(path), flags | O_NOFOLLOW | O_NONBLOCK);
+    constexpr int Flags = O_NOFOLLOW | O_NONBLOCK;
+    // For writing, because network file systems lock nothing else alone.
+    auto file = std::make_shared<CFileHandle>(QFile::encodeName(path), O_RDWR | Flags);
+    if (!file->isOpen() && (errno == EROFS || errno == EACCES))
+        file = std::make_shared<CFileHandle>(QFile::encodeName(path), O_RDONLY | Flags);
     struct stat opened = {};
     struct stat named = {};
     const bool ours = file->isOpen() && file->lock(LOCK_EX | LOCK_NB) &&
@@ -86,14 +90,14 @@ QStringList CJournalFolder::files(const QString &suffix) const
 QList<SStrayJournal> CJournalFolder::strays() const
 {
     for (const QString &path : files(newSuffix)) {
-        if (locked(path, O_RDONLY)) // else it is being written
+        if (locked(path)) // else it is being written
             QFile::remove(path);
     }
     QList<SStrayJournal> strays;
     for (const QString &path : files(CJournal::suffix())) {
         SStrayJournal stray;
         stray.path = path;
-        stray.lock = locked(path, O_RDONLY);
+        stray.lock = locked(path);
         if (!stray.lock)
             continue;
         const CResult<QByteArray> content = CSafeFile::read(path, LargestFile);
@@ -108,7 +112,7 @@ QList<SStrayJournal> CJournalFolder::strays() const
 
 void CJournalFolder::remove(const SStrayJournal &stray)
 {
-    CFileSystem::current().unlink(QFile::encodeName(stray.path));
+    CJournal::remove(QFile::encodeName(stray.path), stray.lock);
 }
 
 QString CJournalFolder::historyFile(const QString &projectFile) const
@@ -166,5 +170,8 @@ CJournalFolder::Kept CJournalFolder::findHistory(const QString &projectFile, SJo
     history = SJournal::read(content.value());
     if (history.problem != SJournal::None)
         return Kept::None;
-    return history.owner.fileDigest == digestOf(projectFile) ? Kept::Same : Kept::Changed;
+    const QByteArray digest = digestOf(projectFile);
+    if (digest.isEmpty()) // it cannot be read now, which says nothing of what it holds
+        return Kept::None;
+    return history.owner.fileDigest == digest ? Kept::Same : Kept::Changed;
 }

@@ -37,6 +37,7 @@ public:
     /// The journals that no process has open, the latest edit first. Removes what killed processes left half
     /// written. Those that cannot be restored are there, too.
     QList<SStrayJournal> strays() const;
+    /// Removes its file, unless that is no longer the one that is locked.
     static void remove(const SStrayJournal &stray);
 
     /// Keeps the history of a project that was saved; @p owner names the file. Returns why it failed; empty:

@@ -231,13 +231,14 @@ void CJournals::adopt(const SStrayJournal &stray, const SJournalOwner &owner)
     submit(true, [this, stray, owner] {
         CJournalState state = stray.journal.state;
         state.trail().renumber(state.project().layout.ports);
-        const auto before = std::move(m_journals[owner.processor]); // keeps its file locked until then
+        const auto before = std::move(m_journals[owner.processor]);
         open(owner, state);
         CJournal &journal = *find(owner.processor);
-        if (!journal.replace()) // then the old file stays
+        journal.supersede(QFile::encodeName(stray.path), stray.lock);
+        if (before)
+            journal.supersede(*before);
+        if (!journal.replace()) // then the old files stay until it succeeds
             tellAbout(journal, false);
-        else if (stray.journal.owner.processor != owner.processor)
-            CJournalFolder::remove(stray);
     });
 }
 

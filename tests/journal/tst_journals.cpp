@@ -103,6 +103,8 @@ private Q_SLOTS:
     void goesOnWithAnotherRunsJournal();
     void keepsTheHistoryOfAFile();
     void leavesOthersAlone();
+    void sharesNoFile();
+    void keepsAnotherRunsFileUntilItsOwnIsGood();
 };
 
 void CJournalsTest::keepsWhatWasEdited()
@@ -287,6 +289,55 @@ void CJournalsTest::leavesOthersAlone()
     QCOMPARE(world.strays().size(), 1);
     QVERIFY(!world.strays().first().journal.isUsable());
     QVERIFY(!world.files().contains(QStringLiteral("a.journal~new")));
+}
+
+void CJournalsTest::sharesNoFile()
+{
+    CRecordingEditor editor = smallEditor();
+    const CRecordingEditor untouched = editor;
+    SWorld first;
+    first.journals.begin(ownerOf(editor), editor.project());
+    first.journals.note(editor.edit(QStringLiteral("crashed")));
+    first.journals.stop();
+    CRecordingEditor later = untouched;
+    CJournals second(first.folder, {}); // the user will decide later
+    CJournals third(first.folder, {});
+    for (CJournals *journals : {&second, &third}) {
+        journals->begin(ownerOf(later), later.project());
+        journals->note(later.edit(QStringLiteral("of another run")));
+    }
+    QVERIFY(offers(first.strays(), editor));
+    SStrayJournal renamed = first.strays().value(0);
+    renamed.path += QStringLiteral(".old");
+    ProjectSamples::setContent(renamed.path, "of somebody else");
+    CJournalFolder::remove(renamed);
+    QCOMPARE(first.files().size(), 4);
+    QFile::remove(renamed.path);
+    renamed.lock.reset();
+    third.drop(later.project().layout.processor);
+    QCOMPARE(first.files().size(), 2);
+    second.stop();
+    QCOMPARE(first.strays().size(), 2);
+}
+
+void CJournalsTest::keepsAnotherRunsFileUntilItsOwnIsGood()
+{
+    CRecordingEditor editor = smallEditor();
+    CSwitchedDisk disk;
+    SWorld first;
+    first.journals.begin(ownerOf(editor), editor.project());
+    first.journals.note(editor.edit(QStringLiteral("Edit")));
+    first.journals.stop();
+    const QString old = first.files().value(0);
+    CJournals next(first.folder, {});
+    disk.full = true;
+    next.adopt(first.strays().value(0), ownerOf(editor));
+    QVERIFY(sameHistory(next.history(editor.project().layout.processor), editor.history()));
+    QVERIFY(first.files().contains(old));
+    disk.full = false;
+    QTRY_VERIFY(!first.files().contains(old));
+    next.stop();
+    QVERIFY(offers(first.strays(), editor));
 }
 
 ORVO_TEST_MAIN(QCoreApplication, CJournalsTest)
