@@ -48,6 +48,7 @@ SLockHolder SLockHolder::ofThisProcess()
 {
     SLockHolder holder;
     holder.machine = QSysInfo::machineHostName();
+    holder.installation = QString::fromLatin1(QSysInfo::machineUniqueId());
     holder.boot = QString::fromLatin1(QSysInfo::bootUniqueId());
     holder.user = nameOfUser();
     holder.program = QStringLiteral("Orvo " ORVO_VERSION);
@@ -68,6 +69,7 @@ SLockHolder SLockHolder::decode(const QByteArray &content)
     CStrictObject object(json.value(), place, error);
     SLockHolder holder;
     holder.machine = object.text("machine", LongestText);
+    holder.installation = object.textOr({}, "installation", LongestText);
     holder.boot = object.textOr({}, "boot", LongestText);
     holder.user = object.text("user", LongestText);
     holder.program = object.text("program", LongestText);
@@ -80,11 +82,15 @@ SLockHolder SLockHolder::decode(const QByteArray &content)
 
 QByteArray SLockHolder::encode() const
 {
-    const QJsonObject json{
-        {QStringLiteral("machine"), machine}, {QStringLiteral("boot"), boot},
-        {QStringLiteral("user"), user},       {QStringLiteral("program"), program},
-        {QStringLiteral("process"), process}, {QStringLiteral("started"), started},
-        {QStringLiteral("session"), session}, {QStringLiteral("since"), since.toString(Qt::ISODate)}};
+    const QJsonObject json{{QStringLiteral("machine"), machine},
+                           {QStringLiteral("installation"), installation},
+                           {QStringLiteral("boot"), boot},
+                           {QStringLiteral("user"), user},
+                           {QStringLiteral("program"), program},
+                           {QStringLiteral("process"), process},
+                           {QStringLiteral("started"), started},
+                           {QStringLiteral("session"), session},
+                           {QStringLiteral("since"), since.toString(Qt::ISODate)}};
     return QJsonDocument(json).toJson(QJsonDocument::Compact) + '\n';
 }
 
@@ -98,8 +104,11 @@ bool SLockHolder::isDead() const
 {
     if (!isKnown() || machine != QSysInfo::machineHostName())
         return false;
-    if (boot != QString::fromLatin1(QSysInfo::bootUniqueId()))
-        return true; // the machine has been started anew
+    // Machines may share a name; what they share neither in one run nor beyond is not the same machine.
+    const bool sameMachine =
+        !installation.isEmpty() && installation == QString::fromLatin1(QSysInfo::machineUniqueId());
+    if (boot.isEmpty() || boot != QString::fromLatin1(QSysInfo::bootUniqueId()))
+        return sameMachine && !boot.isEmpty(); // it has been started anew
     if (kill(pid_t(process), 0) != 0 && errno == ESRCH)
         return true;
     const qint64 now = startOf(process);

@@ -13,7 +13,8 @@ struct SLockHolder
 
 public:
     QString machine;
-    QString boot; ///< of the machine: another one after each start of it
+    QString installation; ///< the machine's own key; empty: unknown
+    QString boot;         ///< of the machine: another one after each start of it
     QString user;
     QString program;
     qint64 process = 0;

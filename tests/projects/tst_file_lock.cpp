@@ -90,10 +90,17 @@ private Q_SLOTS:
     {
         SLockHolder rebooted = SLockHolder::ofThisProcess();
         rebooted.boot = QStringLiteral("another");
+        const bool isKnownMachine = !rebooted.installation.isEmpty();
+        SLockHolder namesake = rebooted; // another machine of the same name
+        namesake.installation = QStringLiteral("another");
+        SLockHolder unknown = rebooted;
+        unknown.installation.clear();
         SLockHolder reused = SLockHolder::ofThisProcess(); // the number was given to another process
         ++reused.started;
         const QByteArray whole = ofAnotherMachine().encode();
-        for (const auto &[content, taken] : {std::pair(rebooted.encode(), true),
+        for (const auto &[content, taken] : {std::pair(rebooted.encode(), isKnownMachine),
+                                             {namesake.encode(), false},
+                                             {unknown.encode(), false},
                                              {reused.encode(), true},
                                              {whole, false},
                                              {whole.left(whole.size() / 2), false},
@@ -113,7 +120,7 @@ private Q_SLOTS:
     {
         enum Before { Free, Dead, Theirs };
         SLockHolder dead = SLockHolder::ofThisProcess();
-        dead.boot = QStringLiteral("another");
+        ++dead.started;
         const QByteArray theirs = ofAnotherMachine().encode();
         for (const int before : {Free, Dead, Theirs}) {
             for (const char *call : {"open", "read", "write", "lock", "rename", "link", "unlink", "close"}) {
