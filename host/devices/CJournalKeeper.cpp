@@ -4,6 +4,7 @@
 
 #include "host/devices/CProjectShelf.h"
 #include "host/devices/services/CDeviceServices.h"
+#include "host/journal/CStateCodec.h"
 #include "platform/common/CBackgroundCall.h"
 
 #include <QCoreApplication>
@@ -15,9 +16,9 @@ namespace {
 constexpr int QuietMilliseconds = 1000;
 constexpr qint64 Megabyte = 1024 * 1024;
 
-const void *savedOf(const SDevice &device)
+const CStepTrail::Ports &savedOf(const SDevice &device)
 {
-    return device.working.saved().ports.constData();
+    return device.working.saved().ports;
 }
 
 } // namespace
@@ -59,7 +60,6 @@ void CJournalKeeper::finish()
         return;
     takeChanges(); // what is noted now is forgotten, too
     m_journals->dropAll();
-    m_journals->sync();
     m_journals->stop();
 }
 
@@ -79,7 +79,7 @@ void CJournalKeeper::onChanged(const QUuid &processor, Cause cause)
         m_services.mailbox().post([this] { takeChanges(); });
 }
 
-void CJournalKeeper::takeChanges()
+void CJournalKeeper::takeChanges(Editor editor)
 {
     QHash<QUuid, Cause> changed;
     {
@@ -87,7 +87,7 @@ void CJournalKeeper::takeChanges()
         changed.swap(m_changed);
     }
     for (auto change = changed.constBegin(); change != changed.constEnd(); ++change)
-        take(change.key(), change.value());
+        take(change.key(), change.value(), editor);
 }
 
 SJournalOwner CJournalKeeper::ownerOf(const SDevice &device)
@@ -117,37 +117,53 @@ void CJournalKeeper::begin(const SDevice &device)
     }
 }
 
-void CJournalKeeper::take(const QUuid &processor, Cause cause)
+/// Whether it is one of those that "Look at it first" has opened, as it was then.
+bool CJournalKeeper::isUntouchedCopy(const SDevice &device, const SProcessorProject &state)
+{
+    const QUuid processor = device.node.uuid;
+    const bool isNew = device.project && device.file.isEmpty() && !m_journals->knows(processor);
+    if (m_looking && isNew && !m_copies.contains(processor))
+        m_copies.insert(processor, state);
+    const auto copy = m_copies.constFind(processor);
+    if (copy == m_copies.constEnd())
+        return false;
+    if (isNew && CStateCodec::sameState(*copy, state))
+        return true;
+    m_copies.remove(processor);
+    return false;
+}
+
+void CJournalKeeper::take(const QUuid &processor, Cause cause, Editor editor)
 {
     std::optional<SDevice> device = m_services.table().device(processor);
     if (!device) {
         m_journals->drop(processor);
         m_seen.remove(processor);
+        m_copies.remove(processor);
         return;
     }
     if (restoreWaiting(processor) || !device->isLoaded())
         return;
     const bool known = m_journals->knows(processor);
     const SSeen seen = m_seen.value(processor);
-    if (known && cause == Cause::Host && device->working.edition() != seen.edition) {
+    if (known && cause == Cause::Host && editor == Editor::Flush &&
+        device->working.edition() != seen.edition) {
         m_services.flush(); // the editor's edits come first
         device = m_services.table().device(processor);
     }
     if (!device)
         return;
     m_seen[processor] = {device->working.edition(), savedOf(*device)};
-    if (m_looking)
-        m_copies.insert(processor);
-    if (m_copies.contains(processor))
-        return;
     const SProcessorProject state = CProjectShelf::projectOf(*device);
+    if (isUntouchedCopy(*device, state))
+        return;
     if (!known)
         begin(*device);
     else if (cause == Cause::Host && device->working.edition() != seen.edition)
         m_journals->note(ownerOf(*device), state);
     else
         m_journals->noteLook(ownerOf(*device), state);
-    if (known && savedOf(*device) != seen.saved && !device->isModified())
+    if (known && savedOf(*device).constData() != seen.saved.constData() && !device->isModified())
         m_journals->settle(ownerOf(*device));
     if (cause == Cause::Editor)
         m_quiet.start();
@@ -182,7 +198,7 @@ SEditHistory CJournalKeeper::history(const QUuid &processor)
 {
     if (!m_journals)
         return {};
-    takeChanges();
+    takeChanges(Editor::Leave); // it asks while it reloads
     return m_journals->knows(processor) ? m_journals->history(processor) : SEditHistory();
 }
 

@@ -7,7 +7,6 @@
 
 #include <QHash>
 #include <QObject>
-#include <QSet>
 #include <QTimer>
 
 #include <memory>
@@ -57,13 +56,15 @@ private:
     /// What of a processor was noted last.
     struct SSeen
     {
-        quint64 edition = 0; ///< of the working layout
-        const void *saved = nullptr;
+        quint64 edition = 0;     ///< of the working layout
+        CStepTrail::Ports saved; ///< shared, so that no others take their place in memory
     };
 
     void onChanged(const QUuid &processor, Cause cause); ///< any thread
-    void takeChanges();
-    void take(const QUuid &processor, Cause cause);
+    enum class Editor { Flush, Leave };
+    void takeChanges(Editor editor = Editor::Flush);
+    void take(const QUuid &processor, Cause cause, Editor editor);
+    bool isUntouchedCopy(const SDevice &device, const SProcessorProject &state);
     void begin(const SDevice &device);
     void takeAll();
     bool restoreWaiting(const QUuid &processor);
@@ -73,10 +74,10 @@ private:
     CProjectShelf &m_projects;
     std::unique_ptr<CJournals> m_journals; // null: nothing is kept
     QHash<QUuid, SSeen> m_seen;
-    QHash<QUuid, SStrayJournal> m_waiting; // of devices that are not known yet
-    QSet<QUuid> m_copies;                  // of what is offered anyway; until they are edited
-    bool m_looking = false;                // a copy is being opened
-    QTimer m_quiet;                        // nothing was edited for a while
+    QHash<QUuid, SStrayJournal> m_waiting;    // of devices that are not known yet
+    QHash<QUuid, SProcessorProject> m_copies; // of what is offered anyway; until they are edited
+    bool m_looking = false;                   // a copy is being opened
+    QTimer m_quiet;                           // nothing was edited for a while
 
     std::mutex m_mutex; // guards what follows
     QHash<QUuid, Cause> m_changed;

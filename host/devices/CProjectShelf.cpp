@@ -46,6 +46,11 @@ QString unknownKind(const SProcessorProject &project, const QString &name)
         .arg(portsInUse(project));
 }
 
+QString readOnlyBecauseOf(const SLockHolder &holder)
+{
+    return CProjectShelf::tr("It is read only: %1 has it open.").arg(holder.text());
+}
+
 } // namespace
 
 CProjectShelf::CProjectShelf(CDeviceServices &services)
@@ -83,7 +88,7 @@ CProjectShelf::Opened CProjectShelf::open(const QString &file, const AskHeld &as
         if (answer == Held::Cancel)
             return QUuid();
         if (answer == Held::ReadOnly)
-            readOnly = tr("It is read only: %1 has it open.").arg(lock->holder().text());
+            readOnly = readOnlyBecauseOf(lock->holder());
         else
             CBackgroundCall::run([&lock] { lock->take(CFileLock::Replace); });
     }
@@ -113,9 +118,8 @@ CProjectShelf::Opened CProjectShelf::restore(const SProcessorProject &project, c
 {
     const Lock lock = file.isEmpty() ? nullptr : std::make_shared<CFileLock>(file);
     const Opened added = CBackgroundCall::result([&] {
-        if (lock)
-            lock->take();
-        return readd(project, file, stamp);
+        const bool held = lock && lock->take() == CFileLock::Held;
+        return readd(project, file, stamp, held ? readOnlyBecauseOf(lock->holder()) : QString());
     });
     if (added && lock)
         m_locks.insert(added.value(), lock);
@@ -189,7 +193,7 @@ CProjectShelf::Opened CProjectShelf::read(const QString &file, const QString &re
 }
 
 CProjectShelf::Opened CProjectShelf::readd(const SProcessorProject &project, const QString &file,
-                                           const SFileStamp &stamp)
+                                           const SFileStamp &stamp, const QString &readOnly)
 {
     if (!openedAs(file).isNull())
         return Opened::failure(tr("%1 is open: close it first.").arg(CSafeFile::quoted(file)));
@@ -199,6 +203,7 @@ CProjectShelf::Opened CProjectShelf::readd(const SProcessorProject &project, con
         return added;
     m_table.change(added.value(), [&](SDevice &device) {
         device.stamp = stamp;
+        device.readOnly = readOnly;
         device.savedSettings = SProcessorSettings();
         device.savedPrint = saved ? saved.value().print : PrintConfig();
         if (saved)

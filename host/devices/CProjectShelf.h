@@ -74,7 +74,8 @@ private:
 
     Opened announced(const Opened &opened);
     Opened read(const QString &file, const QString &readOnly);
-    Opened readd(const SProcessorProject &project, const QString &file, const SFileStamp &stamp);
+    Opened readd(const SProcessorProject &project, const QString &file, const SFileStamp &stamp,
+                 const QString &readOnly);
     Opened makeDemo();
     Opened put(const SProcessorProject &project, const QString &file, const CabinetLayout &saved);
     CStatus write(const QUuid &processor, const QString &file, const QString &newName, SProjectSaving &how);

@@ -99,6 +99,10 @@ void CJournalKeeperTest::restoresAProject()
     runs.edit(restored.value(), 3);
     runs.start(); // ends unexpectedly again
     QCOMPARE(runs.offer().journal.state.trail().count(), 3);
+    CFileLock elsewhere(runs.file());
+    QCOMPARE(elsewhere.take(), CFileLock::Taken);
+    const QUuid second = runs.keeper().restore(runs.offer()).value();
+    QVERIFY(!runs.run->manager.table().device(second)->readOnly.isEmpty());
 }
 
 void CJournalKeeperTest::restoresAProcessorOnceItIsDetected()
@@ -170,6 +174,10 @@ void CJournalKeeperTest::looksWithoutChangingAnything()
     runs.edit(again, 1);
     runs.start();
     QCOMPARE(runs.keeper().offers().size(), 2);
+    const QUuid renamed = runs.keeper().look(runs.offer()).value();
+    runs.run->lockPort(renamed, 1); // not by the editor
+    runs.start();
+    QCOMPARE(runs.keeper().offers().size(), 3);
 }
 
 void CJournalKeeperTest::keepsTheHistoryOfAProject()
