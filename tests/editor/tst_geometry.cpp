@@ -3,6 +3,7 @@
 #include "layout/geometry/CAppendPlan.h"
 #include "layout/geometry/CCabinetRect.h"
 #include "layout/geometry/CCoverage.h"
+#include "layout/geometry/CEdgeSnap.h"
 #include "layout/geometry/COverlapGrid.h"
 #include "layout/geometry/CReceiverAreas.h"
 #include "layout/geometry/CResizeHandles.h"
@@ -10,6 +11,7 @@
 #include "tests/harness/CTestBase.h"
 
 #include <QCoreApplication>
+#include <QLine>
 #include <QRandomGenerator>
 #include <QRegion>
 
@@ -116,6 +118,14 @@ private Q_SLOTS:
             QCOMPARE(handle, QRectF(one.place - QPointF(4, 4), QSizeF(8, 8)));
             QCOMPARE(Handles::resized(rect, one.handle, {7.4, 5.6}, {1, 2}, {2048, 2048}), one.dragged);
         }
+    }
+
+    void guidesRunAlongAllThatTheyLineUp()
+    {
+        const QVector<QRect> neighbours = {{10, 20, 5, 5}, {-5, 0, 5, 8}};
+        QCOMPARE(CEdgeSnap::guides({0, 0, 10, 10}, neighbours),
+                 (QVector<QLine>{{0, 0, 0, 10}, {10, 0, 10, 25}, {-5, 0, 10, 0}}));
+        QCOMPARE(CEdgeSnap::guides({1, 1, 8, 8}, neighbours), QVector<QLine>());
     }
 
     void shortEdgesKeepTheirCorners()

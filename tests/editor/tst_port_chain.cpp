@@ -112,6 +112,8 @@ private Q_SLOTS:
         row("insert behind a cut", "+A +B +C +D !B 2^B", "A1@0 B1@0 C2@1 D3@2 | B>C C>D");
 
         row("unlink the head", "+A +B +C -A", "B1@0 C3@1 | B>C");
+        row("unlink the middle", "+A +B +C -B", "A1@0 C3@1 | A>C");
+        row("unlink the end of a pair", "+A +B -B", "A1@0 |");
         row("unlink what is not wired", "+A +B -C", "A1@0 B3@1 | A>B");
         row("cut the head", "+A +B +C !A", "B2@1 C3@2 | B>C");
         row("cut the middle", "+A +B +C +D !B", "A1@0 C2@2 D3@3 | C>D");
