@@ -180,7 +180,8 @@ QVector<SEditRecord> CEditHistory::note(const SComparedEdit &edit, int stepCount
         record.index = index;
         if (!moved && index > 0) {
             record.step.text = m_stack.text(index - 1);
-            m_steps.at(index - 1)->merge(record.step);
+            if (index <= m_steps.size()) // else the step came unnoticed, while another processor was shown
+                m_steps.at(index - 1)->merge(record.step);
         }
         records << record;
     }
