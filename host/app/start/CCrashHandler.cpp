@@ -38,7 +38,7 @@ constexpr SSignal crashSignals[] = {
 char reportPath[4096];
 char exceptionText[512];
 alignas(16) char signalStack[StackBytes];
-std::atomic_flag crashing = ATOMIC_FLAG_INIT;
+std::atomic<pid_t> crashing{0}; // the thread that writes the report
 std::terminate_handler terminateBefore = nullptr;
 
 void writeText(int file, const char *text)
@@ -83,9 +83,13 @@ void writeReport(int file, int number)
 /// Only makes calls that are allowed in a signal handler; backtrace() is one once it has been called before.
 void onCrash(int number)
 {
-    if (crashing.test_and_set()) {
-        for (;;)
-            pause(); // another thread writes the report, and ends the program
+    pid_t writer = 0;
+    if (!crashing.compare_exchange_strong(writer, gettid())) {
+        while (writer != gettid())
+            pause();                  // another thread writes the report, and ends the program
+        std::signal(number, SIG_DFL); // the report itself has crashed
+        raise(number);
+        return;
     }
     alarm(PatienceSeconds);
     const int file = open(reportPath, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, OnlyForTheUser);
@@ -148,6 +152,7 @@ void CCrashHandler::install(const QString &folder)
         action.sa_flags = SA_ONSTACK;
         sigaction(signal.number, &action, nullptr);
     }
+    std::signal(SIGALRM, SIG_DFL); // whoever started the program may have had it ignored
     terminateBefore = std::set_terminate(onTerminate);
 }
 
