@@ -70,8 +70,11 @@ void CRecoveryCommands::look(CRecoveryDialog &dialog, int entry)
 void CRecoveryCommands::discard(CRecoveryDialog &dialog, int entry)
 {
     const SStrayJournal offer = dialog.offer(entry);
-    if (!CMessageBox::confirm(&dialog, tr("Discard these edits? They cannot be restored then."),
-                              offer.line()))
+    const QString question =
+        offer.journal.problem == SJournal::Newer
+            ? tr("Discard these edits? A newer version of the program could still restore them.")
+            : tr("Discard these edits? They cannot be restored then.");
+    if (!CMessageBox::confirm(&dialog, question, offer.line()))
         return;
     CJournalKeeper::discard(offer);
     dialog.takeOut(entry);

@@ -109,7 +109,7 @@ void CRecoveryDialog::updateButtons()
     const bool usable = any && m_offers.at(row).journal.isUsable();
     m_restore->setEnabled(usable);
     m_look->setEnabled(usable);
-    m_discard->setEnabled(any && m_offers.at(row).journal.problem != SJournal::Newer);
+    m_discard->setEnabled(any);
 }
 
 void CRecoveryDialog::takeOut(int entry)

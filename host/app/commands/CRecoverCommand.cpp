@@ -38,8 +38,6 @@ const SStrayJournal *chosen(const CCommandArguments &arguments, const QString &o
     else if (number > strays.size())
         outcome = SCommandOutcome::badInput(
             CRecoverCommand::tr("there is no number %1; \"orvo recover\" lists what there is").arg(number));
-    else if (strays.at(number - 1).journal.problem == SJournal::Newer)
-        outcome = SCommandOutcome::badInput(strays.at(number - 1).journal.problemText());
     else
         return &strays.at(number - 1);
     return nullptr;
