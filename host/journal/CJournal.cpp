@@ -86,7 +86,8 @@ void CJournal::append(int entry, const QByteArray &content)
 bool CJournal::isOutgrown() const
 {
     return !m_new && !m_broken && m_file &&
-           (m_size > std::max(SmallestLimit, 4 * m_base) || m_state.effort() > LargestEffort);
+           (m_size > std::max(SmallestLimit, std::min(4 * m_base, LargestFile / 2 - m_base)) ||
+            m_state.effort() > LargestEffort);
 }
 
 bool CJournal::beginNew()

@@ -21,7 +21,6 @@ namespace {
 
 constexpr mode_t FileMode = 0600;
 constexpr mode_t FolderMode = 0700;
-constexpr qint64 LargestFile = 256 * 1024 * 1024;
 constexpr qint64 LargestProject = 128 * 1024 * 1024;
 constexpr int MostHistories = 200; // the oldest go first
 
@@ -100,7 +99,7 @@ QList<SStrayJournal> CJournalFolder::strays() const
         stray.lock = locked(path);
         if (!stray.lock)
             continue;
-        const CResult<QByteArray> content = CSafeFile::read(path, LargestFile);
+        const CResult<QByteArray> content = CSafeFile::read(path, CJournal::LargestFile);
         stray.journal = SJournal::read(content ? content.value() : QByteArray());
         strays << stray;
     }
@@ -164,7 +163,8 @@ void CJournalFolder::dropHistories() const
 CJournalFolder::Kept CJournalFolder::findHistory(const QString &projectFile, SJournal &history) const
 {
     CSafeFile::Found found = CSafeFile::Nothing;
-    const CResult<QByteArray> content = CSafeFile::read(historyFile(projectFile), LargestFile, &found);
+    const CResult<QByteArray> content =
+        CSafeFile::read(historyFile(projectFile), CJournal::LargestFile, &found);
     if (!content)
         return Kept::None;
     history = SJournal::read(content.value());

@@ -146,12 +146,13 @@ bool CJournalState::apply(int entry, const QByteArray &content)
     if (entry == Snapshot)
         *this = CJournalState();
     else
-        m_digests.clear(); // the ports that it replaces are not named here
+        m_digests.clear();                      // the ports that it replaces are not named here
+    const SProcessorProject before = m_project; // shares its ports
     CByteReader again(content);
     m_changed = again.number();
     if ((entry != Snapshot && entry != State) || !CStateCodec::apply(again, m_project))
         return false;
-    m_effort += m_project.layout.cabinetCount();
+    m_effort += CStateCodec::cabinetsConcerned(before, m_project); // as note() counts
     if (entry == Snapshot)
         m_trail = CStepTrail::read(again);
     return again.isValid() && again.atEnd() && m_effort <= MostEffort;

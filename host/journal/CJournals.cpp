@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <fcntl.h>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -68,10 +69,16 @@ void CJournals::setHistory(bool kept, qint64 bytes)
         m_keepHistory = kept;
         m_historyBytes = bytes;
         for (const auto &journal : m_journals)
-            journal.second->state().trail().limit(bytes);
+            journal.second->state().trail().limit(mostHistory());
         if (!kept)
             m_folder.dropHistories();
     });
+}
+
+/// What a new file must hold of a history, so that it can be read again.
+qint64 CJournals::mostHistory() const
+{
+    return std::min(m_historyBytes, CJournal::LargestFile / 2);
 }
 
 /// Under the lock. A disk that does not answer lets the queue grow, instead of keeping an edit waiting.
@@ -87,11 +94,28 @@ void CJournals::submit(bool large, const Task &task)
         if (m_stopped)
             return;
         if (!large && mayRunNow())
-            task();
+            carryOut(task);
         else
             m_waiting.push_back(task);
     }
     m_wake.notify_all();
+}
+
+/// A task that runs out of memory leaves what it was about half noted. The files that are begun then are
+/// right again with the next state that is noted.
+void CJournals::carryOut(const Task &task)
+{
+    try {
+        task();
+    } catch (const std::bad_alloc &) {
+        for (const auto &entry : m_journals) {
+            CJournal &journal = *entry.second;
+            const bool wasBroken = journal.isBroken();
+            if (journal.isWritten())
+                journal.fail(tr("there is not enough memory"));
+            tellAbout(journal, wasBroken);
+        }
+    }
 }
 
 CJournal *CJournals::find(const QUuid &processor)
@@ -139,7 +163,7 @@ void CJournals::change(CJournal &journal, int entry, const QByteArray &content)
             journal.fail(made.error());
     }
     journal.append(entry, content);
-    journal.state().trail().limit(m_historyBytes);
+    journal.state().trail().limit(mostHistory());
     tellAbout(journal, wasBroken);
 }
 
@@ -230,15 +254,17 @@ void CJournals::adopt(const SStrayJournal &stray, const SJournalOwner &owner)
     m_known.insert(owner.processor);
     submit(true, [this, stray, owner] {
         CJournalState state = stray.journal.state;
+        if (!owner.file.isEmpty() && SFileStamp::of(owner.file) != owner.stamp)
+            state.trail().forgetSaved(); // the file was changed since
         state.trail().renumber(state.project().layout.ports);
-        const auto before = std::move(m_journals[owner.processor]);
-        open(owner, state);
-        CJournal &journal = *find(owner.processor);
-        journal.supersede(QFile::encodeName(stray.path), stray.lock);
-        if (before)
-            journal.supersede(*before);
-        if (!journal.replace()) // then the old files stay until it succeeds
-            tellAbout(journal, false);
+        auto journal = std::make_unique<CJournal>(m_folder.path(), owner, state);
+        journal->supersede(QFile::encodeName(stray.path), stray.lock);
+        if (const CJournal *before = find(owner.processor))
+            journal->supersede(*before);
+        m_journals[owner.processor] = std::move(journal);
+        CJournal &adopted = *find(owner.processor);
+        if (!adopted.replace()) // then the old files stay until it succeeds
+            tellAbout(adopted, false);
     });
 }
 
@@ -252,7 +278,7 @@ void CJournals::beginOpened(const SJournalOwner &owner, const SProcessorProject 
             m_keepHistory ? m_folder.findHistory(owner.file, history) : CJournalFolder::Kept::None;
         if (kept == CJournalFolder::Kept::Same) {
             known.trail() = history.state.trail();
-            known.trail().limit(m_historyBytes);
+            known.trail().limit(mostHistory());
             known.trail().renumber(state.layout.ports);
         } else if (kept == CJournalFolder::Kept::Changed) {
             m_folder.dropHistory(owner.file);
@@ -312,7 +338,7 @@ void CJournals::runFree(Lock &lock, const Task &task)
 {
     m_running = true;
     lock.unlock();
-    task();
+    carryOut(task);
     lock.lock();
     m_running = false;
     m_idle.notify_all();

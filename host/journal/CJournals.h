@@ -74,6 +74,8 @@ private:
 
     void submit(bool large, const Task &task);
     bool mayRunNow() const;
+    void carryOut(const Task &task);
+    qint64 mostHistory() const;
     CJournal *find(const QUuid &processor);
     void open(const SJournalOwner &owner, const CJournalState &state);
     void take(const SJournalOwner &owner, const SProcessorProject &state);

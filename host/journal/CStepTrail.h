@@ -21,6 +21,8 @@ public:
     void clear(); ///< as after SEditRecord::Cleared
     /// The layout is saved as it is now.
     void setSaved() { m_saved = m_index; }
+    /// What is saved is no longer the layout of any step.
+    void forgetSaved() { m_saved = -1; }
     /// Drops the oldest steps until a history() of the rest takes at most that many bytes.
     void limit(qint64 bytes);
 

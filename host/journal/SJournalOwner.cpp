@@ -29,7 +29,7 @@ SJournalOwner SJournalOwner::read(CByteReader &in)
     owner.name = in.text();
     owner.file = in.text();
     owner.stamp.exists = in.byte() != 0;
-    owner.stamp.device = in.fixed();
+    in.fixed(); // the device's number, which may be another one now
     owner.stamp.node = in.fixed();
     owner.stamp.size = in.number();
     owner.stamp.seconds = in.number();

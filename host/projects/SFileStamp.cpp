@@ -23,7 +23,8 @@ SFileStamp SFileStamp::of(const QString &file)
 bool operator==(const SFileStamp &a, const SFileStamp &b)
 {
     const auto tied = [](const SFileStamp &s) {
-        return std::tie(s.exists, s.device, s.node, s.size, s.seconds, s.nanoseconds);
+        return std::tie(s.exists, s.node, s.size, s.seconds, s.nanoseconds);
     };
-    return tied(a) == tied(b);
+    const bool sameDevice = a.device == b.device || a.device == 0 || b.device == 0;
+    return tied(a) == tied(b) && sameDevice;
 }

@@ -9,8 +9,8 @@
 struct SFileStamp
 {
     bool exists = false;
-    quint64 device = 0;
-    quint64 node = 0; ///< number of the file on its device
+    quint64 device = 0; ///< another one after a restart, at times; 0: unknown, equal to any
+    quint64 node = 0;   ///< number of the file on its device
     qint64 size = 0;
     qint64 seconds = 0; ///< of the last change
     qint64 nanoseconds = 0;

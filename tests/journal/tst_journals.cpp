@@ -11,6 +11,7 @@
 
 #include <atomic>
 #include <cerrno>
+#include <new>
 #include <sys/stat.h>
 
 namespace {
@@ -24,9 +25,12 @@ public:
 
     std::atomic<bool> full{false};
     std::atomic<bool> refusesSync{false};
+    std::atomic<bool> hasNoMemory{false};
 
     qint64 write(int file, const char *data, qint64 size) override
     {
+        if (hasNoMemory)
+            throw std::bad_alloc();
         if (!full)
             return CFileSystem::write(file, data, size);
         if (size > 1)
@@ -103,6 +107,7 @@ private Q_SLOTS:
     void goesOnWithAnotherRunsJournal();
     void keepsTheHistoryOfAFile();
     void leavesOthersAlone();
+    void forgetsWhatWasSavedOnceTheFileHasChanged();
     void sharesNoFile();
     void keepsAnotherRunsFileUntilItsOwnIsGood();
 };
@@ -157,20 +162,22 @@ void CJournalsTest::keepsTheOrder()
 
 void CJournalsTest::tellsOfAFullDiskAndRecovers_data()
 {
-    QTest::addColumn<bool>("atSync");
-    QTest::addRow("write") << false;
-    QTest::addRow("sync") << true;
+    QTest::addColumn<int>("fault");
+    QTest::addRow("write") << 0;
+    QTest::addRow("sync") << 1;
+    QTest::addRow("memory") << 2;
 }
 
 void CJournalsTest::tellsOfAFullDiskAndRecovers()
 {
-    QFETCH(const bool, atSync);
+    QFETCH(const int, fault);
     CRecordingEditor editor = smallEditor();
     CSwitchedDisk disk;
+    std::atomic<bool> &failing = fault == 0 ? disk.full : fault == 1 ? disk.refusesSync : disk.hasNoMemory;
     SWorld world;
     world.journals.begin(ownerOf(editor), editor.project());
     world.journals.note(editor.edit(QStringLiteral("before")));
-    (atSync ? disk.refusesSync : disk.full) = true;
+    failing = true;
     for (int i = 0; i < 3; ++i)
         world.journals.note(editor.edit(QStringLiteral("lost")));
     QTRY_COMPARE(world.toldCount(), 1);
@@ -178,7 +185,7 @@ void CJournalsTest::tellsOfAFullDiskAndRecovers()
     for (int i = 0; i < 3; ++i)
         world.journals.note(editor.edit(QStringLiteral("lost")));
     QCOMPARE(world.toldCount(), 1);
-    (atSync ? disk.refusesSync : disk.full) = false;
+    failing = false;
     QTRY_COMPARE(world.toldCount(), 2); // a new file holds what was lost
     world.journals.note(editor.edit(QStringLiteral("after")));
     world.journals.stop();
@@ -289,6 +296,31 @@ void CJournalsTest::leavesOthersAlone()
     QCOMPARE(world.strays().size(), 1);
     QVERIFY(!world.strays().first().journal.isUsable());
     QVERIFY(!world.files().contains(QStringLiteral("a.journal~new")));
+}
+
+void CJournalsTest::forgetsWhatWasSavedOnceTheFileHasChanged()
+{
+    for (const bool changed : {false, true}) {
+        CRecordingEditor editor = smallEditor();
+        SWorld first;
+        const QString file = first.root.filePath(QStringLiteral("wall.sprj"));
+        ProjectSamples::setContent(file, "saved");
+        SJournalOwner owner = ownerOf(editor, file);
+        owner.stamp = SFileStamp::of(file);
+        first.journals.begin(owner, editor.project());
+        first.journals.note(editor.edit(QStringLiteral("one")));
+        editor.save();
+        first.journals.note(editor.edit(QStringLiteral("two")));
+        first.journals.stop();
+        if (changed)
+            ProjectSamples::setContent(file, "changed elsewhere");
+        CJournals next(first.folder, {});
+        const SStrayJournal stray = first.strays().value(0);
+        next.adopt(stray, stray.journal.owner);
+        const SEditHistory history = next.history(owner.processor);
+        QCOMPARE(history.steps.size(), 2);
+        QCOMPARE(history.saved, changed ? -1 : 1);
+    }
 }
 
 void CJournalsTest::sharesNoFile()
