@@ -158,6 +158,7 @@ private Q_SLOTS:
         const SPrintInput input = twoWalls();
         CPrintDialog dialog(input, {input.processors[1].node.uuid}, {}, nullptr);
         auto *save = found<QPushButton>(dialog, QStringLiteral("Save as…"));
+        QVERIFY(!save->isEnabled()); // there are no sheets yet
         QTRY_VERIFY(save->isEnabled());
         const QTemporaryDir folder;
         const auto saved = [&](const QString &name) {

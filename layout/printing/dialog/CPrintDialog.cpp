@@ -64,6 +64,7 @@ CPrintDialog::CPrintDialog(const SPrintInput &input, const QList<QUuid> &chosen,
     buildUi(chosen);
     connectSignals();
     onScopeChanged();
+    updateEnabled(); // nothing can be printed before there are sheets
     layOut();
 }
 
