@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/data/PortLoads.h"
 
-#include <cmath>
+#include "layout/api/records/LoadSum.h"
 
 namespace {
 
@@ -19,15 +19,11 @@ const Port *partner(const CabinetLayout &layout, const Port &port)
 
 int PortLoads::processorLoad(const QVector<Port> &ports)
 {
-    if (ports.isEmpty())
-        return 0;
-    double sum = 0;
+    QVector<int> loads;
+    loads.reserve(ports.size());
     for (const Port &port : ports)
-        sum += static_cast<double>(port.load);
-    const double mean = sum / ports.size();
-    const double whole = std::floor(mean);
-    constexpr double Dropped = 0.001;
-    return static_cast<int>(whole) + (mean - whole > Dropped ? 1 : 0);
+        loads << static_cast<int>(port.load);
+    return LoadSum::mean(loads);
 }
 
 const Port *PortLoads::loadBearer(const CabinetLayout &layout, int port)

@@ -7,7 +7,7 @@
 /// Arithmetic of port and processor loads, in percent of the capacity.
 namespace PortLoads {
 
-/// The mean of the ports' loads, rounded up unless its fractional part is at most 0.001; 0 without ports.
+/// The mean of the ports' loads, see LoadSum::mean().
 int processorLoad(const QVector<CabinetLayout::CabinetPort> &ports);
 
 /// The port whose load @p port shows: its primary if it is a redundancy port within the same processor, else

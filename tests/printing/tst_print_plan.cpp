@@ -236,6 +236,38 @@ private Q_SLOTS:
         QCOMPARE(printed.port(0)->redundancyText(), project.name + QStringLiteral(", port 16"));
         QCOMPARE(printed.port(15)->redundancyText(), project.name + QStringLiteral(", port 1"));
         QCOMPARE(printed.totals.pixels, qint64(8847360));
+        QCOMPARE(printed.totals.ports, 16);
+        QCOMPARE(printed.port(15)->added, qint64(0));
+        project.layout.ports.last().redundancyProcessor = QUuid::createUuid();
+        QCOMPARE(planOf(project).processors.first().port(15)->added, printed.port(0)->charged);
+    }
+
+    /// A stock and a supply serve the whole job; a pitch is that of one wall.
+    void mixesSettings()
+    {
+        SProcessorProject project = ProjectSamples::ofWall(CWallBuilder::Medium);
+        project.layout.ports[0].groups[0].cabinets[0].rect.setSize({191, 192}); // like no type
+        SProcessorProject other = project;
+        other.layout.processor = QUuid::createUuid();
+        const SPrintInput input = CSheetExport::inputOf({project, other});
+        SPrintJob job{looped(), {}, {}};
+        const SPartsTally alike = SPartsTally::of(SPrintPlan::of(input, job));
+        PrintConfig &own = job.own[other.layout.processor] = looped();
+        own.cables.stock = {7, 70};
+        own.cables.hopSlack = 5000;
+        own.supply.circuitAmperes = 5;
+        own.pixelPitch = 2.7;
+        const SPrintPlan plan = SPrintPlan::of(input, job);
+        QCOMPARE(plan.processors.last().port(0)->hops.first().stock, 7);
+        const SPartsTally tally = SPartsTally::of(plan);
+        QCOMPARE(tally.cables.keys(), alike.cables.keys());
+        QCOMPARE(tally.circuits.count, alike.circuits.count);
+        const auto widthOf = [&plan](const SPlanProcessor &processor) {
+            return plan.types.at(processor.cabinets.first().type).millimetres.width();
+        };
+        QCOMPARE(widthOf(plan.processors.first()), 191 * 2.6);
+        QCOMPARE(widthOf(plan.processors.last()), 191 * 2.7);
+        QCOMPARE(plan.types.size(), 3);
     }
 
     void versionTellsWiringApart()

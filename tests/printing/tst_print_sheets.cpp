@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/commands/CSheetExport.h"
+#include "layout/api/records/PortPairs.h"
 #include "layout/printing/lists/CSheetSet.h"
 #include "layout/printing/output/SheetFiles.h"
 #include "layout/printing/sheets/CSheetFont.h"
@@ -18,6 +19,8 @@
 #include <algorithm>
 
 namespace {
+
+using Port = CabinetLayout::CabinetPort;
 
 PrintConfig configOf(PrintConfig::Paper paper, bool landscape = true)
 {
@@ -195,6 +198,38 @@ private Q_SLOTS:
             QVERIFY2(has(sheets.at(1), text), text);
         QVERIFY(has(sheets.last(), "195,000") && has(sheets.last(), "187,500") &&
                 has(sheets.last(), "1,764.0"));
+    }
+
+    /// A redundancy port is in use, and the processor's load is the one below the canvas.
+    void tellsRedundancyPorts()
+    {
+        SProcessorProject project = ProjectSamples::ofWall(CWallBuilder::Medium);
+        project.name = QStringLiteral("Main");
+        project.portCount = 20;
+        Port &primary = project.layout.ports[0];
+        primary.groups[0].cabinets[0].type = SMD5::ofContent("a type that nobody knows");
+        Port backup;
+        backup.index = 15;
+        backup.mirrored = PortPairs::mirrorOf(primary);
+        PortPairs::setPair(primary, project.layout.processor, Port::Primary, {project.layout.processor, 15});
+        PortPairs::setPair(backup, project.layout.processor, Port::Redundant, {project.layout.processor, 0});
+        project.layout.ports << backup;
+        const QVector<SSheet> sheets = sheetsOf(configOf(PrintConfig::A3), {project});
+        QVERIFY(has(sheets.first(), "of 20, 4 are free"));
+        const SSheet &table = sheets.at(1);
+        QVERIFY(has(table, "for Main, port 1") && has(table, "17\u201320") && !has(table, "16\u201320"));
+        const SPrintInput input = CSheetExport::inputOf({project});
+        int loads = 0;
+        for (const SPortLoad &load : input.processors.first().loads)
+            loads += load.percent;
+        QVERIFY(loads > 0);
+        QVERIFY(has(table, qPrintable(QString::number((loads + 19) / 20)))); // the mean, rounded up
+        const QVector<SSheetText> texts = textsOf(sheets.first());
+        QCOMPARE(std::count_if(texts.begin(), texts.end(),
+                               [](const SSheetText &text) {
+                                   return text.text.startsWith(QLatin1String("some unknown; "));
+                               }),
+                 2);
     }
 
     void splitsTablesWithCarriedSums()

@@ -5,6 +5,8 @@
 #include <QCoreApplication>
 #include <QLocale>
 
+#include <cmath>
+
 namespace {
 
 QString text(const char *source)
@@ -41,4 +43,17 @@ QStringList LoadSum::sentences(const SPortLoad &load)
                 .arg(number(load.pixels), QString::number(load.frameRate), QString::number(load.bitsPerPixel),
                      number(load.bitsPerSecond)),
             limitText(load)};
+}
+
+int LoadSum::mean(const QVector<int> &loads)
+{
+    if (loads.isEmpty())
+        return 0;
+    double sum = 0;
+    for (int load : loads)
+        sum += load;
+    const double mean = sum / loads.size();
+    const double whole = std::floor(mean);
+    constexpr double Dropped = 0.001;
+    return static_cast<int>(whole) + (mean - whole > Dropped ? 1 : 0);
 }

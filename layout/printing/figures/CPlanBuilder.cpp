@@ -93,7 +93,7 @@ SPlanProcessor CPlanBuilder::processor(const SPrintedProcessor &source)
         made.ports << port(source, index, made);
     place(made);
     for (SPlanPort &laid : made.ports)
-        CableRoutes::lay(laid, made);
+        CableRoutes::lay(laid, made, made.config.cables);
     sum(made);
     made.version = LayoutVersion::of(made);
     return made;
@@ -107,6 +107,7 @@ SPlanPort CPlanBuilder::port(const SPrintedProcessor &source, int index, SPlanPr
     made.charged = load.pixels;
     made.capacity = load.capacity;
     made.load = load.percent;
+    made.added = made.charged;
     const Port *record = source.layout.port(index);
     if (!record)
         return made;
@@ -140,9 +141,12 @@ void CPlanBuilder::giveRedundancy(SPlanPort &port, const Port &record, const SPl
     port.redundant = record.redundancy == Port::Redundant;
     if (record.redundancy != Port::NoRedundancy) {
         const QUuid &other = record.redundancyProcessor;
+        const bool here = other.isNull() || other == processor.source.layout.processor;
+        if (port.redundant && here)
+            port.added = 0; // the primary counts for both
         port.redundancyPort = record.redundancyPort;
         port.redundancyName = other.isNull() ? processor.source.node.name : nameOf(other);
-        port.looped = record.redundancy == Port::Primary && port.isUsed();
+        port.looped = record.redundancy == Port::Primary && port.hasCabinets();
     } else if (!processor.config.farEnd.isEmpty() && !port.chain.isEmpty()) {
         port.redundancyPort = port.index;
         port.redundancyName = processor.config.farEnd.section(QLatin1Char('('), 0, 0).trimmed();
@@ -162,21 +166,23 @@ QString CPlanBuilder::nameOf(const QUuid &processor) const
 int CPlanBuilder::typeOf(const Cabinet &cabinet, double pitch)
 {
     const QSize size = cabinet.rect.size();
-    const auto key = qMakePair(cabinet.type, qMakePair(size.width(), size.height()));
+    const QPair<int, int> sides(size.width(), size.height());
+    SPlanType type;
+    type.alike = cabinet.type.isNull() && m_input.alike.contains(sides);
+    const SPrintInput::RcvTypeInfo info =
+        type.alike ? m_input.alike.value(sides) : m_input.types.value(cabinet.type);
+    type.presumed = info.millimetres.isEmpty() || info.width <= 0 || info.height <= 0;
+    // Of a presumed type each pitch makes another one.
+    const auto key = qMakePair(qMakePair(cabinet.type, sides), type.presumed ? pitch : 0.0);
     const auto known = m_types.constFind(key);
     if (known != m_types.constEnd())
         return *known;
-    SPlanType type;
     type.letter = letterOf(m_plan.types.size());
-    type.alike = cabinet.type.isNull() && m_input.alike.contains(key.second);
-    const SPrintInput::RcvTypeInfo info =
-        type.alike ? m_input.alike.value(key.second) : m_input.types.value(cabinet.type);
     type.name = type.alike              ? tr("like %1").arg(info.name)
                 : cabinet.type.isNull() ? tr("custom size")
                 : info.name.isEmpty()   ? tr("unknown type")
                                         : info.name;
     type.pixels = size;
-    type.presumed = info.millimetres.isEmpty() || info.width <= 0 || info.height <= 0;
     // A resized cabinet keeps the pixel pitch of its type.
     type.millimetres = type.presumed ? QSizeF(size) * pitch
                                      : QSizeF(size.width() * info.millimetres.width() / info.width,

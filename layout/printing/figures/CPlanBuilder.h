@@ -32,5 +32,6 @@ private:
     const SPrintInput &m_input;
     const SPrintJob &m_job;
     SPrintPlan m_plan;
-    QMap<QPair<SMD5, QPair<int, int>>, int> m_types; ///< key and size → index into the plan's types
+    /// Key, size and the pitch that the millimetres are presumed from → index into the plan's types.
+    QMap<QPair<QPair<SMD5, QPair<int, int>>, double>, int> m_types;
 };

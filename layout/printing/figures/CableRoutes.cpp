@@ -25,14 +25,14 @@ SCableRun run(const QPointF &from, const QPointF &to, int slack, const QVector<i
     return cable;
 }
 
-void lay(SPlanPort &port, const SPlanProcessor &processor)
+void lay(SPlanPort &port, const SPlanProcessor &processor, const PrintConfig::SCables &cables)
 {
     if (port.chain.isEmpty())
         return;
-    const PrintConfig::SCables &cables = processor.config.cables;
     const auto centre = [&](int place) {
         return processor.cabinets.at(port.chain.at(place)).millimetres.center();
     };
+    port.hops.clear();
     for (int i = 1; i < port.chain.size(); ++i)
         port.hops << run(centre(i - 1), centre(i), cables.hopSlack, cables.stock);
     const QPointF from = rack(processor.config, processor.millimetres);

@@ -14,7 +14,7 @@ namespace CableRoutes {
 QPointF rack(const PrintConfig &config, const QSizeF &wall);
 /// A cable between two points.
 SCableRun run(const QPointF &from, const QPointF &to, int slack, const QVector<int> &stock);
-/// Computes the cables of a port.
-void lay(SPlanPort &port, const SPlanProcessor &processor);
+/// Computes the cables of a port, from the rack of its processor.
+void lay(SPlanPort &port, const SPlanProcessor &processor, const PrintConfig::SCables &cables);
 
 } // namespace CableRoutes

@@ -56,7 +56,7 @@ QString LayoutVersion::of(const SPlanProcessor &processor)
     digest.add(processor.source.colorDepth);
     digest.add(QRect({0, 0}, processor.source.canvas));
     for (const SPlanPort &port : processor.ports) {
-        if (!port.isUsed())
+        if (!port.hasCabinets())
             continue;
         digest.add(port.index);
         digest.add(port.redundant ? 2 : port.looped ? 1 : 0);

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/printing/figures/SPartsTally.h"
 
+#include "layout/printing/figures/CableRoutes.h"
+
 #include <algorithm>
 
 namespace {
@@ -22,14 +24,14 @@ void addCables(SPartsTally &tally, const SPlanPort &port)
 
 /// Fills circuits with the cabinets of a port in their order.
 void addCircuits(SPartsTally::SCircuits &circuits, const SPlanPort &port, const SPlanProcessor &processor,
-                 const QVector<SPlanType> &types)
+                 const SPrintPlan &plan)
 {
-    const PrintConfig::SSupply &supply = processor.config.supply;
+    const PrintConfig::SSupply &supply = plan.config.supply;
     const qint64 most = qint64(supply.volts) * supply.circuitAmperes * supply.usablePercent / 100;
     qint64 watts = 0;
     int cabinets = 0;
     for (int index : port.chain + port.unwired) {
-        const int own = types.at(processor.cabinets.at(index).type).wattsMaximum;
+        const int own = plan.types.at(processor.cabinets.at(index).type).wattsMaximum;
         if (own <= 0 || own > most) {
             ++circuits.unknown;
             continue;
@@ -46,13 +48,21 @@ void addCircuits(SPartsTally::SCircuits &circuits, const SPlanPort &port, const 
 
 } // namespace
 
+SPlanPort SPartsTally::laid(const SPlanPort &port, const SPlanProcessor &processor, const SPrintPlan &plan)
+{
+    SPlanPort made = port;
+    if (!(processor.config.cables == plan.config.cables))
+        CableRoutes::lay(made, processor, plan.config.cables);
+    return made;
+}
+
 SPartsTally SPartsTally::of(const SPrintPlan &plan)
 {
     SPartsTally tally;
     for (const SPlanProcessor &processor : plan.processors) {
         for (const SPlanPort &port : processor.ports) {
-            addCables(tally, port);
-            addCircuits(tally.circuits, port, processor, plan.types);
+            addCables(tally, laid(port, processor, plan));
+            addCircuits(tally.circuits, port, processor, plan);
         }
         for (const SPlanCabinet &cabinet : processor.cabinets)
             ++tally.cabinets[cabinet.type];

@@ -4,7 +4,8 @@
 
 #include "layout/printing/figures/SPrintPlan.h"
 
-/// What the walls of a plan need, counted.
+/// What the walls of a plan need, counted with the settings of the job: all come from one stock and one
+/// supply. Only the rack is that of each processor.
 struct SPartsTally
 {
     /// Signal cables of one stock length.
@@ -31,6 +32,8 @@ struct SPartsTally
     QMap<int, int> cabinets; ///< by index into SPrintPlan::types
     SCircuits circuits;
 
+    /// The port with its cables from the stock of the job.
+    static SPlanPort laid(const SPlanPort &port, const SPlanProcessor &processor, const SPrintPlan &plan);
     static SPartsTally of(const SPrintPlan &plan);
     /// Spares for @p needed pieces, rounded up.
     static int spares(int needed, int percent);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/printing/figures/SPrintPlan.h"
 
+#include "layout/api/records/LoadSum.h"
 #include "layout/printing/figures/CPlanBuilder.h"
 
 #include <cmath>
@@ -16,6 +17,11 @@ SPrintPlan SPrintPlan::of(const SPrintInput &input, const SPrintJob &job)
 double SPlanTotals::amperes(qint64 watts, int volts)
 {
     return volts > 0 ? double((watts * 10 + volts - 1) / volts) / 10 : 0;
+}
+
+int SPlanTotals::load(const QVector<int> &loads)
+{
+    return LoadSum::mean(loads);
 }
 
 QString SPlanPort::redundancyText() const

@@ -51,7 +51,7 @@ struct SCableRun
 struct SPlanTotals
 {
     int cabinets = 0;
-    int ports = 0; ///< that have cabinets
+    int ports = 0; ///< in use
     qint64 pixels = 0;
     double squareMetres = 0;
     double kilograms = 0;
@@ -61,6 +61,8 @@ struct SPlanTotals
 
     /// Amperes for @p watts, rounded up to a tenth.
     static double amperes(qint64 watts, int volts);
+    /// Percent, of a processor whose output ports have these @p loads.
+    static int load(const QVector<int> &loads);
 };
 
 /// An output port of a plan.
@@ -71,6 +73,7 @@ struct SPlanPort
     QVector<int> unwired; ///< the same, of cabinets without wiring, by place
     SPlanTotals totals;
     qint64 charged = 0; ///< pixels that count for the load
+    qint64 added = 0;   ///< pixels that count for the processor: none for a port that repeats one of its own
     qint64 capacity = 0;
     int load = 0; ///< percent
     QColor color; ///< of its cabinets on the canvas
@@ -83,7 +86,9 @@ struct SPlanPort
     SCableRun feed;          ///< only with a chain
     SCableRun loop;          ///< only if looped
 
-    bool isUsed() const { return !chain.isEmpty() || !unwired.isEmpty(); }
+    bool hasCabinets() const { return !chain.isEmpty() || !unwired.isEmpty(); }
+    /// Whether it carries a signal, be it that of its primary.
+    bool isUsed() const { return hasCabinets() || redundant; }
     /// "Main stage B, port 4"; empty if it is not looped back.
     QString redundancyText() const;
 };

@@ -98,7 +98,10 @@ CPortPanel::CPortPanel(const CWall &wall, const SPlanPort &port, double besideHe
         known(tr("%1 A max., %2 A average").arg(amperes(totals.wattsMaximum), amperes(totals.wattsAverage)),
               totals));
     m_facts << qMakePair(tr("Signal cables"), cablesText(port));
-    m_facts << qMakePair(tr("Redundancy"), port.looped ? port.redundancyText() : tr("none"));
+    const QString redundancy = port.redundancyText();
+    m_facts << qMakePair(tr("Redundancy"), redundancy.isEmpty() ? tr("none")
+                                           : port.redundant     ? tr("for %1").arg(redundancy)
+                                                                : redundancy);
     m_facts << qMakePair(tr("Lock"), port.locked ? tr("locked") : tr("not locked"));
 
     m_signs << qMakePair(tr("r3 c1; x, y"), tr("place and upper left pixel, from the front"));
@@ -141,7 +144,7 @@ QString CPortPanel::cablesText(const SPlanPort &port)
         ++counts[hop.stock];
     if (!port.chain.isEmpty())
         ++counts[port.feed.stock];
-    if (port.looped)
+    if (!port.chain.isEmpty() && port.looped)
         ++counts[port.loop.stock];
     QStringList parts;
     for (auto length = counts.cbegin(); length != counts.cend(); ++length)

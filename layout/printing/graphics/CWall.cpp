@@ -69,7 +69,7 @@ CWall::CWall(const SPrintPlan &plan, int processor)
     , m_processor(plan.processors.at(processor))
 {
     for (const SPlanPort &port : m_processor.ports) {
-        if (port.isUsed())
+        if (port.hasCabinets())
             m_ports << &port;
     }
     findTouching();

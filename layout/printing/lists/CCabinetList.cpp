@@ -76,7 +76,7 @@ QVector<SSheet> CCabinetList::sheets(const SPrintPlan &plan, int processor, cons
     QVector<STableRow> rows;
     QVector<QPair<int, qint64>> done{{0, 0}}; // cabinets and pixels of the first rows
     for (const SPlanPort &port : printed.ports) {
-        if (!port.isUsed())
+        if (!port.hasCabinets())
             continue;
         rows << portHeading(port);
         done << done.last();

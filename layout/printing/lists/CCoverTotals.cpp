@@ -69,7 +69,7 @@ void CCoverTotals::addProcessors()
     endLines(0.18);
 }
 
-void CCoverTotals::addPower(const QString &name, qint64 watts)
+void CCoverTotals::addPower(const QString &name, qint64 watts, bool complete)
 {
     const PrintConfig::SSupply &supply = m_plan.config.supply;
     QString note =
@@ -78,6 +78,8 @@ void CCoverTotals::addPower(const QString &name, qint64 watts)
         note += tr("; %1 A on each of %2 phases")
                     .arg(decimal(SPlanTotals::amperes(watts, supply.volts * supply.phases), 1))
                     .arg(supply.phases);
+    if (!complete)
+        note = tr("some unknown; %1").arg(note);
     addLine(name, tr("%1 W").arg(whole(watts)), note);
 }
 
@@ -138,13 +140,17 @@ void CCoverTotals::add()
     addLine(tr("Area"), tr("%1 m\u00b2").arg(decimal(totals.squareMetres, 2)),
             one ? tr("%1 mm").arg(SheetNumbers::sides(first->millimetres)) : QString());
     endLines(0.18);
+    const auto isKnown = [this](auto figure) {
+        return std::all_of(m_plan.types.begin(), m_plan.types.end(),
+                           [figure](const SPlanType &type) { return type.*figure > 0; });
+    };
     addLine(tr("Weight"), tr("%1 kg").arg(decimal(totals.kilograms, 1)),
-            totals.complete ? tr("cabinets alone, without rigging and cables")
-                            : tr("without cabinets whose weight is not known"));
+            isKnown(&SPlanType::kilograms) ? tr("cabinets alone, without rigging and cables")
+                                           : tr("without cabinets whose weight is not known"));
     endLines(0.18);
-    addPower(tr("Power, maximum"), totals.wattsMaximum);
+    addPower(tr("Power, maximum"), totals.wattsMaximum, isKnown(&SPlanType::wattsMaximum));
     endLines(0.18);
-    addPower(tr("Power, average"), totals.wattsAverage);
+    addPower(tr("Power, average"), totals.wattsAverage, isKnown(&SPlanType::wattsAverage));
     endLines(0.18);
     addLoad();
     endLines(0.5);

@@ -20,7 +20,7 @@ private:
     void addLine(const QString &name, const QString &value, const QString &note);
     void endLines(double width);
     void addProcessors();
-    void addPower(const QString &name, qint64 watts);
+    void addPower(const QString &name, qint64 watts, bool complete);
     void addLoad();
 
     const SPrintPlan &m_plan;

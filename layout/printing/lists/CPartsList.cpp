@@ -207,19 +207,20 @@ void CPartsTables::addFeeds()
             rows << heading;
             done << done.last();
         }
-        for (const SPlanPort &port : processor.ports) {
-            if (port.chain.isEmpty())
+        for (const SPlanPort &own : processor.ports) {
+            if (own.chain.isEmpty())
                 continue;
+            const SPlanPort port = SPartsTally::laid(own, processor, m_plan);
             const auto place = [&](int index) { return processor.cabinets.at(index).place(); };
             const bool looped = port.looped;
             STableRow row;
             row.cells = {QString::number(port.index + 1),
                          place(port.chain.first()),
                          whole(port.feed.need),
-                         CPartsList::lengthText(port.feed.stock, processor.config),
+                         CPartsList::lengthText(port.feed.stock, m_plan.config),
                          looped ? place(port.chain.last()) : dash(),
                          looped ? whole(port.loop.need) : dash(),
-                         looped ? CPartsList::lengthText(port.loop.stock, processor.config) : dash()};
+                         looped ? CPartsList::lengthText(port.loop.stock, m_plan.config) : dash()};
             rows << row;
             auto sums = done.last();
             sums[0] += port.feed.need;

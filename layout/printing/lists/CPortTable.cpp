@@ -95,9 +95,11 @@ STableRow portRow(const SPlanPort &port, const CWall &wall)
     STableRow row;
     row.cells = {QString::number(port.index + 1), {}, whole(port.totals.cabinets)};
     STableCell &sample = row.cells[1];
-    sample.sample = true;
-    sample.color = wall.fill(port);
-    sample.hatching = wall.hatching(port.index);
+    sample.sample = port.hasCabinets();
+    if (sample.sample) {
+        sample.color = wall.fill(port);
+        sample.hatching = wall.hatching(port.index);
+    }
     row.cells << (port.chain.isEmpty() ? dash() : cabinets.at(port.chain.first()).place());
     row.cells << (port.chain.isEmpty() ? dash() : cabinets.at(port.chain.last()).place());
     row.cells << whole(port.charged) << orDash(port.capacity) << QString::number(port.load)
@@ -131,12 +133,11 @@ struct SPortSums
 {
     int cabinets = 0;
     int ports = 0;
-    int loaded = 0; ///< ports in use that are no redundancy ports
     int looped = 0;
     int locked = 0;
     qint64 pixels = 0;
     qint64 capacity = 0;
-    qint64 loads = 0;
+    QVector<int> loads;
     qint64 watts = 0;
     double kilograms = 0;
 
@@ -144,12 +145,11 @@ struct SPortSums
     {
         cabinets += port.totals.cabinets;
         ports += port.isUsed() ? 1 : 0;
-        loaded += port.isUsed() && !port.redundant ? 1 : 0;
         looped += port.looped ? 1 : 0;
         locked += port.locked ? 1 : 0;
-        pixels += port.redundant ? 0 : port.charged;
+        pixels += port.added;
         capacity += port.capacity;
-        loads += port.isUsed() && !port.redundant ? port.load : 0;
+        loads << port.load;
         watts += port.totals.wattsMaximum;
         kilograms += port.totals.kilograms;
     }
@@ -158,8 +158,7 @@ struct SPortSums
         STableRow row;
         row.kind = STableRow::Sum;
         row.cells = {name, {}, whole(cabinets), {}, {}, whole(pixels), whole(capacity)};
-        row.cells << (loaded > 0 ? whole((loads + loaded - 1) / loaded) : dash()) << STableCell()
-                  << STableCell();
+        row.cells << whole(SPlanTotals::load(loads)) << STableCell() << STableCell();
         row.cells << whole(watts) << decimal(kilograms, 1)
                   << CPortTable::tr("%1 of %2 ports").arg(looped).arg(ports)
                   << CPortTable::tr("%1 locked").arg(locked) << STableCell() << STableCell();
@@ -176,16 +175,19 @@ bool areAlike(const SPlanPort &a, const SPlanPort &b)
 QStringList portNotes(const SPlanProcessor &processor)
 {
     QStringList notes{CPortTable::tr(
-        "Load: pixels by capacity, rounded up to whole percent; the total is the mean of the ports in use.")};
+        "Load: pixels by capacity, rounded up to whole percent; the total is the mean of all ports.")};
     const auto &loads = processor.source.loads;
     if (!loads.isEmpty() && loads.first().bitsPerPixel > 0)
         notes.last() += QLatin1Char(' ') + CPortTable::tr("Capacity: %1 bit/s by %2 Hz and %3 bit.")
                                                .arg(whole(loads.first().bitsPerSecond))
                                                .arg(loads.first().frameRate)
                                                .arg(loads.first().bitsPerPixel);
+    qint64 pixels = 0;
+    for (const SPlanPort &port : processor.ports)
+        pixels += port.added;
     if (processor.source.pixelLimit > 0)
         notes << CPortTable::tr("The processor drives %1 pixels at most, %2 are used.")
-                     .arg(whole(processor.source.pixelLimit), whole(processor.totals.pixels));
+                     .arg(whole(processor.source.pixelLimit), whole(pixels));
     else
         notes << QString();
     notes.last() += (notes.last().isEmpty() ? QString() : QStringLiteral(" ")) +
