@@ -60,9 +60,20 @@ void CEditorMenus::addClipboard(bool selected)
     const CGraphicsPortItem *current = backend.content().portItem(backend.states().currentPort());
     addEdit(m_menu, {tr("Cu&t"), Qt::CTRL | Qt::Key_X}, selected, closed);
     addEdit(m_menu, {tr("&Copy"), Qt::CTRL | Qt::Key_C}, selected);
-    addEdit(m_menu, {tr("&Paste"), Qt::CTRL | Qt::Key_V}, !backend.placing().cache().isEmpty(),
-            CRefusal::reason(current));
+    addPaste(current ? CRefusal::reason(current) : tr("No output port is chosen."));
     addEdit(m_menu, {tr("&Delete"), Qt::Key_Delete}, selected, closed);
+}
+
+/// Unlike by the key, the mouse is where the menu was.
+void CEditorMenus::addPaste(const QString &obstacle)
+{
+    QAction *entry = addEntry(m_menu, tr("&Paste"), Qt::CTRL | Qt::Key_V);
+    allow(*entry, EditKind::Edit, !m_view.cabinetScene().backend().placing().cache().isEmpty(), obstacle);
+    QObject::connect(entry, &QAction::triggered, &m_view, [view = &m_view] {
+        view->setFocus();
+        if (view->refusal(EditKind::Edit).isEmpty())
+            view->cabinetScene().backend().placing().pasteAtLast(view);
+    });
 }
 
 void CEditorMenus::addMoves(bool possible)

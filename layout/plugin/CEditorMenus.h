@@ -44,6 +44,7 @@ private:
     void allow(QAction &entry, EditKind kind, bool possible, const QString &obstacle) const;
     void addEdit(QMenu &menu, const SEntry &edit, bool possible, const QString &obstacle = {});
     void addClipboard(bool selected);
+    void addPaste(const QString &obstacle);
     QAction *addEntry(QMenu &menu, const QString &text, const QKeySequence &key) const;
     void addMoves(bool possible);
     void addLook(const QString &text, const QKeySequence &key, void (CLayoutGraphicsView::*look)());

@@ -125,6 +125,13 @@ private Q_SLOTS:
         QTest::keyClick(&m_mouse->view(), Qt::Key_V, Qt::ControlModifier);
         QCOMPARE(m_mouse->scene().selection().extent().topLeft(), place);
         QCOMPARE(m_mouse->scene().selection().ports(), QList<int>{2});
+        QCursor::setPos(m_mouse->view().mapToGlobal({-50, -50})); // the mouse is elsewhere
+        m_mouse->view().centerOn(5000, 5000);
+        QTest::keyClick(&m_mouse->view(), Qt::Key_V, Qt::ControlModifier);
+        const QRect pasted = m_mouse->scene().selection().extent();
+        QCOMPARE(pasted.topLeft(), place + QPoint(384, 0)); // to the right of the port's last cabinet
+        QVERIFY(
+            m_mouse->view().mapToScene(m_mouse->view().viewport()->rect()).boundingRect().contains(pasted));
     }
 
     void aPortThatIsFullByNowTakesNoMore()

@@ -92,6 +92,15 @@ private Q_SLOTS:
         entryOf(view, QStringLiteral("&Navigator"))->trigger();
         QVERIFY(world.view().toolBar().tool(CEditorToolBar::Navigator)->isChecked());
         edit("&Undo");
+        edit("Select &all");
+        edit("&Copy");
+        const QRect copied = world.scene().selection().extent();
+        const QPoint middle = world.view().viewport()->rect().center();
+        QCursor::setPos(world.view().viewport()->mapToGlobal(middle)); // where the menu was
+        edit("&Paste");
+        QCOMPARE(world.scene().selection().extent(),
+                 copied.translated(copied.width(), 100)); // beside the last one
+        edit("&Undo");
         world.store.setCurrentPort(1);
         world.store.setPortLocked(1, true);
         world.view().onPortClicked(1, true);
@@ -102,8 +111,11 @@ private Q_SLOTS:
             return entry->isEnabled() ? QString() : entry->toolTip();
         };
         for (const char *text :
-             {"Cu&t", "&Delete", "&Group", "U&ngroup", "&Move by one pixel", "App&end cabinets..."})
+             {"Cu&t", "&Paste", "&Delete", "&Group", "U&ngroup", "&Move by one pixel", "App&end cabinets..."})
             QCOMPARE(tip(text), QStringLiteral("Port 2 is locked."));
+        world.open(world.host.addProcessor(QStringLiteral("Without ports"), 0));
+        QCOMPARE(tip("&Paste"), QStringLiteral("No output port is chosen."));
+        world.open(world.a);
         world.view().toolBar().chooseMode(CEditorToolBar::Hand);
         QCOMPARE(tip("&Copy"), QStringLiteral("The hand tool only looks"));
         QCOMPARE(tip("&Redo"), QString()); // works with every tool

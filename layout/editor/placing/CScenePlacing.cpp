@@ -101,21 +101,41 @@ void CScenePlacing::cut(CSceneOperations &operations)
 
 void CScenePlacing::paste(const QPointF &position, QWidget *parent)
 {
+    if (!position.isNull())
+        pasteAt(position, parent);
+    else if (isCursorOver(m_scene) || m_scene.views().isEmpty())
+        pasteAt(underCursor(m_scene), parent);
+    else
+        pasteAtLast(parent);
+}
+
+void CScenePlacing::pasteAtLast(QWidget *parent)
+{
+    const QRect target = placeAtLast(m_states.currentPort(), CPasteContent::extent(m_cache).size());
+    if (!pasteAt(target.topLeft(), parent))
+        return;
+    for (QGraphicsView *view : m_scene.views())
+        view->ensureVisible(target, 0, 0);
+}
+
+/// Returns whether it was not refused.
+bool CScenePlacing::pasteAt(const QPointF &corner, QWidget *parent)
+{
     m_editing.cancelGesture();
     CGraphicsPortItem *port = m_content.portItem(m_states.currentPort());
     if (m_states.currentPort() < 0)
         m_cache = PasteCache(); // there is nothing to paste it into
     if (!port || m_cache.isEmpty() || CRefusal::isTold(m_editing, port))
-        return;
+        return false;
     if (port->cabinets(nullptr).size() + CPasteContent::cabinetCount(m_cache) >
         LayoutLimits::CabinetsPerPort) {
         CMessageBox::information(parent,
                                  tr("The number of receivers in a single output port can not be over %1.")
                                      .arg(LayoutLimits::CabinetsPerPort));
-        return;
+        return false;
     }
-    const QPointF corner = position == QPointF(0, 0) ? underCursor(m_scene) : position;
     place(*port, CPasteContent::placed(m_cache, corner.toPoint()), QStringLiteral("Paste"));
+    return true;
 }
 
 /// Adds new cabinets and groups to a port; afterwards only they are selected.
@@ -161,7 +181,7 @@ void CScenePlacing::beginAppend(const TypeInfo &type, int port, const QSize &siz
     m_scene.setProperty(PendingSize, size);
     m_byKeys = !isCursorOver(m_scene);
     if (!m_scene.views().isEmpty())
-        showCells({m_byKeys ? placeAtLast() : ghostAt(underCursor(m_scene))});
+        showCells({m_byKeys ? placeAtLast(port, size) : ghostAt(underCursor(m_scene))});
 }
 
 void CScenePlacing::moveAppendTo(int port)
@@ -254,22 +274,21 @@ QVector<QRect> CScenePlacing::cellsTo(const QPoint &corner) const
     return cells;
 }
 
-QRect CScenePlacing::lastCabinet() const
+QRect CScenePlacing::lastCabinet(int port) const
 {
-    const CGraphicsPortItem *port = m_content.portItem(pendingPort());
-    if (!port)
+    const CGraphicsPortItem *item = m_content.portItem(port);
+    if (!item)
         return {};
-    const QVector<CGraphicsCabinetItem *> chain = port->chain().order();
-    const QVector<CGraphicsCabinetItem *> cabinets = chain.isEmpty() ? port->cabinets(nullptr) : chain;
+    const QVector<CGraphicsCabinetItem *> chain = item->chain().order();
+    const QVector<CGraphicsCabinetItem *> cabinets = chain.isEmpty() ? item->cabinets(nullptr) : chain;
     return cabinets.isEmpty() ? QRect() : cabinets.last()->mapRectToScene(cabinets.last()->rect()).toRect();
 }
 
 /// The first side of the port's last cabinet on which there is room on the canvas, else its right one; of the
 /// whole wall if the port is empty.
-QRect CScenePlacing::placeAtLast() const
+QRect CScenePlacing::placeAtLast(int port, const QSize &size) const
 {
-    const QSize size = m_scene.property(PendingSize).toSize();
-    const QRect last = lastCabinet();
+    const QRect last = lastCabinet(port);
     const QRect beside = last.isEmpty() ? m_content.wall() : last;
     if (beside.isEmpty())
         return {QPoint(), size};
@@ -296,7 +315,7 @@ void CScenePlacing::step(const QPoint &direction, bool grows)
         showCells(cellsTo(m_cells.last().center() + step));
         return;
     }
-    const QRect last = lastCabinet();
+    const QRect last = lastCabinet(pendingPort());
     const QPoint origin = last.isEmpty() ? first.topLeft() : QPoint(last.right() + 1, last.top());
     const QPoint distance = CAppendPlan::nextCorner(first, origin, direction) - first.topLeft();
     QVector<QRect> cells = m_cells;

@@ -41,9 +41,12 @@ public:
     void copy();
     /// Copies, then removes the selection. Does nothing if a port that holds some of it refuses edits.
     void cut(CSceneOperations &operations);
-    /// Pastes into the current port, with the upper left corner at @p position. A refusal is shown in a
-    /// message box over @p parent.
+    /// Pastes into the current port, with the upper left corner at @p position; if that is null, under the
+    /// cursor, or as pasteAtLast() does while the mouse is elsewhere. A refusal is shown in a message box
+    /// over @p parent.
     void paste(const QPointF &position, QWidget *parent);
+    /// Pastes beside the last cabinet of the current port, and brings that into view.
+    void pasteAtLast(QWidget *parent);
 
     /// Whether cabinets wait to be placed.
     bool isAppending() const;
@@ -77,11 +80,12 @@ public:
     void paint(QPainter &painter) const;
 
 private:
+    bool pasteAt(const QPointF &corner, QWidget *parent);
     int pendingPort() const;
     QRect ghostAt(const QPointF &scenePos) const;
     QVector<QRect> neighboursOf(const QRect &rect, int reach) const;
-    QRect lastCabinet() const; ///< of the port's chain or else of the port; empty if there is none
-    QRect placeAtLast() const; ///< beside it
+    QRect lastCabinet(int port) const; ///< of the port's chain or else of the port; empty if there is none
+    QRect placeAtLast(int port, const QSize &size) const; ///< beside it
     QVector<QRect> cellsTo(const QPoint &corner) const;
     void showCells(const QVector<QRect> &cells);
     Port recordOf(const QVector<QRect> &cells, const CGraphicsPortItem &port) const;
