@@ -213,6 +213,11 @@ void CGraphicsView::showPlace(const QPointF &place)
     centerOn(place);
 }
 
+QPointF CGraphicsView::middle() const
+{
+    return mapToScene(viewport()->rect()).boundingRect().center();
+}
+
 void CGraphicsView::setToolBar(QWidget *toolBar)
 {
     m_toolBar = toolBar;

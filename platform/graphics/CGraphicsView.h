@@ -28,6 +28,7 @@ public:
     bool isFitted() const { return m_fitted; }
     /// Centres the view on the scene position @p place.
     void showPlace(const QPointF &place);
+    QPointF middle() const; ///< of what is visible, scene position
 
     /// Puts @p toolBar above the scene; the view takes ownership.
     void setToolBar(QWidget *toolBar);

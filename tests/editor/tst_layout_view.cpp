@@ -240,6 +240,23 @@ private Q_SLOTS:
         QVERIFY(!bar().button(Bar::Undo)->isEnabled());
     }
 
+    void eachWallKeepsItsScaleAndPlace()
+    {
+        LayoutData first = SmallWorlds::data(m_mouse->original().ports);
+        first.processor = first.layout.processor = m_mouse->original().processor;
+        const LayoutData second = SmallWorlds::data({SmallWorlds::wiredPort(0, 2)});
+        view().setScaleFactor(4);
+        view().showPlace({600, 500});
+        view().showLayout(SmallWorlds::node(second), second);
+        QVERIFY(view().isFitted()); // for the first time
+        view().clearLayout();
+        view().showLayout(SmallWorlds::node(first), first);
+        QCOMPARE(view().scaleFactor(), 4.0);
+        QVERIFY((view().middle() - QPointF(600, 500)).manhattanLength() < 2);
+        view().showLayout(SmallWorlds::node(second), second);
+        QVERIFY(view().isFitted());
+    }
+
     void navigatorTakesTheViewThere()
     {
         CAerialView &aerial = view().aerialView();
@@ -247,7 +264,7 @@ private Q_SLOTS:
         QVERIFY(aerial.isVisible());
         view().setScaleFactor(4);
         QTest::mouseClick(&aerial, Qt::LeftButton, {}, aerial.rect().center());
-        const QPointF middle = view().mapToScene(view().viewport()->rect()).boundingRect().center();
+        const QPointF middle = view().middle();
         const QPointF content = m_mouse->scene().contentRect().center();
         QVERIFY((middle - content).manhattanLength() < 60); // two pixels of the small picture
         const QImage before = aerial.grab().toImage();

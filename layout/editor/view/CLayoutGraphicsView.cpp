@@ -113,6 +113,7 @@ void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &process
     const bool restored = !kept.history.steps.isEmpty() && !hasSteps(processor.uuid);
     const bool another = restored || processor.uuid != m_shown.processor();
     if (another) {
+        keepSight();
         QUndoStack &stack = m_shown.enter(layout.layout, kept).stack();
         connect(history(), &CEditHistory::notifyBeginningChanged, this, &CLayoutGraphicsView::showHistory,
                 Qt::UniqueConnection);
@@ -124,7 +125,7 @@ void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &process
     m_shown.show(processor, layout, another, kept.saved);
     aerialView().scheduleRefresh();
     if (another)
-        fitContent();
+        restoreSight(processor.uuid);
     Q_EMIT notifyHintChanged();
 }
 
@@ -149,8 +150,28 @@ void CLayoutGraphicsView::onStepChosen(int index)
         m_words->tell(refused + QLatin1Char('.'));
 }
 
+void CLayoutGraphicsView::keepSight()
+{
+    if (isFitted())
+        m_sights.remove(m_shown.processor());
+    else if (!m_shown.processor().isNull())
+        m_sights.insert(m_shown.processor(), {scaleFactor(), middle()});
+}
+
+void CLayoutGraphicsView::restoreSight(const QUuid &processor)
+{
+    const auto kept = m_sights.constFind(processor);
+    if (kept == m_sights.constEnd()) {
+        fitContent();
+        return;
+    }
+    setScaleFactor(kept->scale);
+    showPlace(kept->middle);
+}
+
 void CLayoutGraphicsView::clearLayout()
 {
+    keepSight();
     m_shown.leave();
     m_scene->setUndoStack(nullptr);
     showHistory();

@@ -9,6 +9,7 @@
 #include "layout/editor/view/CShownLayout.h"
 #include "platform/graphics/CGraphicsView.h"
 
+#include <QHash>
 #include <QTimer>
 
 class CCabinetGraphicsScene;
@@ -37,9 +38,10 @@ public:
 
     /// Sets what tools and menus offer beyond edits; null: nothing. The caller keeps ownership.
     void setCommands(IEditorCommands *commands);
-    /// Shows @p layout, the layout of @p processor. If another processor was shown before, the view is
-    /// fitted, and the processor's history comes back unless its layout was changed elsewhere since; @p kept
-    /// is what the host has of it. Otherwise zoom and position stay, and the change can be undone.
+    /// Shows @p layout, the layout of @p processor. If another processor was shown before, the processor's
+    /// scale and place come back, the first time the wall is fitted; its history comes back, too, unless its
+    /// layout was changed elsewhere since; @p kept is what the host has of it. Otherwise zoom and position
+    /// stay, and the change can be undone.
     void showLayout(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout,
                     const SKeptHistory &kept = {});
     bool hasSteps(const QUuid &processor) const { return m_shown.hasSteps(processor); } ///< in its history
@@ -119,6 +121,13 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    /// What is visible of a wall that is not fitted.
+    struct SSight
+    {
+        qreal scale;
+        QPointF middle;
+    };
+
     void buildUi();
     void connectTools();
     void connectScene();
@@ -129,6 +138,8 @@ private:
     void openAppendMenu(const QPoint &globalPos);
     void highlight();
     void showHistory();
+    void keepSight();
+    void restoreSight(const QUuid &processor);
     void tellSelection();
 
     CCabinetGraphicsScene *m_scene;
@@ -138,6 +149,7 @@ private:
     CStatusWords *m_words;
     IEditorCommands *m_commands = nullptr;
     const CFarPorts *m_farPorts = nullptr; // during a frame
+    QHash<QUuid, SSight> m_sights;         // of processors that were shown before
     QTimer m_selectionTold;                // runs out when the selection is to be announced
     bool m_blocked = false;                // by the controller
     bool m_backup = false;                 // the processor in view follows another one
