@@ -218,6 +218,15 @@ private Q_SLOTS:
         view().onNotifySelectedCabinetSizeChanged(QSize(2 * LayoutLimits::LargestSide + 2, 128));
         view().onNotifySelectedCabinetSizeChanged(QSize(100, 0));
         QCOMPARE(m_mouse->stack().count(), 3);
+        const CSignalLog words(&m_mouse->scene(), &CCabinetGraphicsScene::notifyWords);
+        m_mouse->scene().clearSelection();
+        m_mouse->cabinet(3, 0).setSelected(true); // two receivers side by side
+        view().onNotifySelectedCabinetSizeChanged(QSize(1, 40));
+        QCOMPARE(words[0].first().toString(),
+                 QStringLiteral("Each receiver needs a pixel in both directions."));
+        QCOMPARE(m_mouse->stack().count(), 3);
+        view().onNotifySelectedCabinetSizeChanged(QSize(2, 1));
+        QCOMPARE(m_mouse->cabinet(3, 0).cabinet().rect.size(), QSize(2, 1));
     }
 
     void historyOutlivesALookAtAnotherProcessor()

@@ -65,6 +65,12 @@ void CSelectionShape::resizeTo(const QSize &size)
     const auto targetOf = [&extent, &size](const CGraphicsItemBase &item) {
         return CResizeHandles::mapped(placeOf(item), extent, QRectF(extent.topLeft(), size)).toRect();
     };
+    const auto holdsReceivers = [&targetOf](const CGraphicsItemBase *item) {
+        const QSize target = targetOf(*item).size();
+        return !isResizable(*item) ||
+               target ==
+                   target.expandedTo(CReceiverAreas::smallest(item->cabinet(), item->rect().size().toSize()));
+    };
     const bool allowed = std::all_of(items.begin(), items.end(), [&targetOf](const CGraphicsItemBase *item) {
         return !isResizable(*item) || LayoutLimits::isCabinetSize(targetOf(*item).size());
     });
@@ -72,6 +78,10 @@ void CSelectionShape::resizeTo(const QSize &size)
         m_editing.tell(tr("A cabinet has %1 to %2 pixels on each side.")
                            .arg(LayoutLimits::SmallestSide)
                            .arg(LayoutLimits::LargestSide));
+        return;
+    }
+    if (!std::all_of(items.begin(), items.end(), holdsReceivers)) {
+        m_editing.tell(tr("Each receiver needs a pixel in both directions."));
         return;
     }
     const CEditBatch batch(m_editing);
@@ -87,11 +97,10 @@ void CSelectionShape::resizeTo(const QSize &size)
 void CSelectionShape::resize(CGraphicsItemBase &item, const QSize &size)
 {
     const QSizeF before = item.rect().size();
-    const QSize fitting = size.expandedTo(CReceiverAreas::smallest(item.cabinet(), before.toSize()));
-    if (before == QSizeF(fitting))
+    if (before == QSizeF(size))
         return;
-    m_recorder.record<CReszieCommand>(item, before, QSizeF(fitting));
-    CAreaRecorder::scale(m_recorder, item, before, fitting);
+    m_recorder.record<CReszieCommand>(item, before, QSizeF(size));
+    CAreaRecorder::scale(m_recorder, item, before, size);
 }
 
 void CSelectionShape::arrange(int columns)

@@ -118,7 +118,9 @@ void CReferenceModel::resizeTo(const QSet<QUuid> &items, const QSize &size)
     for (const QUuid &item : items) {
         const QRect target =
             CResizeHandles::mapped(rectOf(item), extent, QRectF(extent.topLeft(), size)).toRect();
-        if (takesSize(item) && !LayoutLimits::isCabinetSize(target.size()))
+        if (takesSize(item) && (!LayoutLimits::isCabinetSize(target.size()) ||
+                                target.size() != target.size().expandedTo(CReceiverAreas::smallest(
+                                                     m_cabinets[item].areas, m_cabinets[item].rect.size()))))
             return;
         targets.insert(item, target);
     }
