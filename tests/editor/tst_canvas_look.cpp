@@ -144,7 +144,7 @@ private Q_SLOTS:
     void figuresStandAtTheCursor()
     {
         m_mouse->click({320, 64});
-        const QPoint cursor(500, 410); // with nothing to the right and below
+        QPoint cursor(500, 410); // with nothing to the right and below
         const auto colors = [&] {
             const QPoint place = view().mapFromScene(cursor) + QPoint(20, 24);
             return colorsIn(view().viewport()->grab(QRect(place, QSize(20, 12))).toImage()).size();
@@ -161,6 +161,12 @@ private Q_SLOTS:
             QVERIFY(colors() <= 2);
             m_mouse->release(cursor);
         }
+        QCursor::setPos(view().mapToGlobal({-50, -50})); // by keys: in the middle of what is appended
+        m_mouse->scene().backend().placing().beginAppend({}, 0, {40, 10});
+        cursor = m_mouse->scene().backend().placing().block().topRight() + QPoint(1, 5);
+        QVERIFY(colors() <= 2);
+        QTest::keyClick(&view(), Qt::Key_Right, Qt::ShiftModifier);
+        QVERIFY(colors() > 4);
     }
 
     void handlesAreShownWhereTheyWork()

@@ -1,5 +1,9 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/content/CEditBatches.h"
+#include "layout/editor/content/CSceneContent.h"
+#include "layout/editor/gestures/CItemDrag.h"
+#include "layout/geometry/CResizeHandles.h"
 #include "tests/editor/CMouseTest.h"
 
 namespace {
@@ -150,6 +154,27 @@ private Q_SLOTS:
             QCOMPARE(placeOf(0), one.place);
             m_mouse->scene().undo(nullptr);
         }
+        for (const qreal scale : {0.5, 2.0}) { // the reach is one of the screen
+            m_mouse->view().setScaleFactor(scale);
+            m_mouse->pull({64, 64}, {64 + 242, 64 + 122}, Qt::NoModifier, Qt::NoModifier);
+            QCOMPARE(placeOf(0), scale < 1 ? QPoint(256, 128) : QPoint(242, 122));
+            m_mouse->scene().undo(nullptr);
+        }
+    }
+
+    void figuresTellPlaceWayAndSize()
+    {
+        CSceneBackend &backend = m_mouse->scene().backend();
+        CGraphicsItemBase &item = m_mouse->cabinet(0, 1);
+        CItemDrag move(backend.batches(), backend.content(), {&item}, {192, 64});
+        QCOMPARE(move.note(), QString());
+        move.moveTo({222, 57}, {});
+        QCOMPARE(move.note(), QStringLiteral("158, \u22127  (+30, \u22127)"));
+        move.cancel();
+        CItemDrag resize(backend.batches(), backend.content(), item, CResizeHandles::BottomRight, {256, 128});
+        resize.moveTo({276, 118}, {});
+        QCOMPARE(resize.note(), QStringLiteral("148 \u00d7 118"));
+        resize.cancel();
     }
 
     void closedPortsKeepStill()

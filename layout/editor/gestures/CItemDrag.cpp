@@ -163,6 +163,22 @@ void CItemDrag::moveTo(const QPointF &scenePos, Qt::KeyboardModifiers keys)
     apply(rectsAt(delta));
 }
 
+QString CItemDrag::note() const
+{
+    if (!m_moved)
+        return {};
+    if (m_operation == Scale)
+        return QStringLiteral("%1 \u00d7 %2").arg(m_placed.width()).arg(m_placed.height());
+    const auto figure = [](int number, const QString &plus = {}) {
+        return (number < 0 ? QString(QChar(0x2212)) : plus) + QString::number(qAbs(number));
+    };
+    const QPoint offset = m_placed.topLeft() - m_frame.topLeft().toPoint();
+    const QString plus = QStringLiteral("+");
+    return QStringLiteral("%1, %2  (%3, %4)")
+        .arg(figure(m_placed.left()), figure(m_placed.top()), figure(offset.x(), plus),
+             figure(offset.y(), plus));
+}
+
 void CItemDrag::cancel()
 {
     if (!m_moved)

@@ -6,6 +6,7 @@
 #include <QPointF>
 #include <QRectF>
 #include <QSet>
+#include <QString>
 #include <QUuid>
 #include <QVector>
 
@@ -30,7 +31,6 @@ public:
     CItemDrag(IEditing &editing, const IItemIndex &index, CGraphicsItemBase &item, int handle,
               const QPointF &scenePos);
 
-    EOperation operation() const { return m_operation; }
     /// Finds the rectangles within a distance of the edges of another one; canvas pixels.
     using Neighbours = std::function<QVector<QRect>(const QRect &rect, int reach)>;
 
@@ -39,11 +39,8 @@ public:
     void moveTo(const QPointF &scenePos, Qt::KeyboardModifiers keys);
     /// Lines along the edges that the move has snapped to.
     const QVector<QLine> &guides() const { return m_guides; }
-    /// The current rectangle around everything dragged.
-    QRect frame() const { return m_placed; }
-    /// How far it has moved since the drag began.
-    QPoint offset() const { return m_placed.topLeft() - m_frame.topLeft().toPoint(); }
-    bool hasMoved() const { return m_moved; }
+    /// The position and distance, or the size, for the user; empty before the first move.
+    QString note() const;
     /// Puts everything back where it was.
     void cancel();
     /// Records what has changed. Returns whether the mouse has moved at all.

@@ -112,22 +112,6 @@ void CSceneGestures::continueDrag(const QPointF &scenePos, Qt::KeyboardModifiers
     invalidateGuides();
 }
 
-QString CSceneGestures::dragNote() const
-{
-    if (!m_drag || !m_drag->hasMoved())
-        return {};
-    const QRect frame = m_drag->frame();
-    const auto figure = [](int number, const QString &plus = {}) {
-        return (number < 0 ? QString(QChar(0x2212)) : plus) + QString::number(qAbs(number));
-    };
-    if (m_drag->operation() == CItemDrag::Scale)
-        return QStringLiteral("%1 \u00d7 %2").arg(frame.width()).arg(frame.height());
-    const QPoint offset = m_drag->offset();
-    const QString plus = QStringLiteral("+");
-    return QStringLiteral("%1, %2  (%3, %4)")
-        .arg(figure(frame.left()), figure(frame.top()), figure(offset.x(), plus), figure(offset.y(), plus));
-}
-
 void CSceneGestures::invalidateNote()
 {
     const QSizeF reach = CGesturePainter::noteReach() / viewScale(m_scene);
@@ -232,7 +216,7 @@ void CSceneGestures::paint(QPainter &painter) const
 {
     if (m_drag) {
         CGesturePainter::paintGuides(painter, m_drag->guides());
-        CGesturePainter::paintNote(painter, m_cursor, dragNote());
+        CGesturePainter::paintNote(painter, m_cursor, m_drag->note());
     }
     if (m_band)
         CGesturePainter::paintBand(painter, m_band->rect());

@@ -71,8 +71,6 @@ private:
     /// Whether the mouse has moved farther than a click may.
     bool isBeyondClick(const QPointF &from, const QPointF &to) const;
     void beginDrag(const SPress &press);
-    /// The position, distance or size shown during the drag.
-    QString dragNote() const;
     void invalidateGuides();
     void invalidateNote();
     void invalidateBand();

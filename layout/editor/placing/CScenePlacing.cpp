@@ -380,8 +380,8 @@ void CScenePlacing::paint(QPainter &painter) const
     const QRect all = block();
     CGesturePainter::paintGuides(painter, CEdgeSnap::guides(all, neighboursOf(all, 1)));
     const QSize cell = m_cells.first().size();
-    if (m_pressed)
+    if (m_pressed || m_cells.size() > 1)
         CGesturePainter::paintNote(
-            painter, m_cursor,
+            painter, m_byKeys ? QRectF(all).center() : m_cursor,
             QStringLiteral("%1 \u00d7 %2").arg(all.width() / cell.width()).arg(all.height() / cell.height()));
 }
