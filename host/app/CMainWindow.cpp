@@ -153,7 +153,8 @@ void CMainWindow::connectActions()
         updateActions();
     });
     connect(m_projects.get(), &CProjectCommands::notifyRestored, statusBar(), [this] {
-        statusBar()->showMessage(tr("Restored; the file stays as it is until the project is saved."));
+        statusBar()->showMessage(tr("Restored; the file stays as it is until the project is saved."),
+                                 MessageMilliseconds);
     });
 }
 
@@ -212,7 +213,7 @@ void CMainWindow::start(const SAppOptions &options)
         m_manager.jobs().detect();
     const QString shared = sharedFolderText();
     if (!shared.isEmpty())
-        statusBar()->showMessage(shared);
+        statusBar()->showMessage(shared, MessageMilliseconds);
 }
 
 /// Empty: nobody else uses the simulated processors.
