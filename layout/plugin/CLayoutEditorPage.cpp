@@ -21,6 +21,7 @@
 #include "layout/plugin/CWiringLayoutWidget.h"
 
 #include <QAbstractButton>
+#include <QHideEvent>
 #include <QMenu>
 #include <QUndoStack>
 #include <QVBoxLayout>
@@ -162,6 +163,20 @@ void CLayoutEditorPage::fillViewMenu(QMenu &menu)
     screen->setCheckable(true);
     screen->setChecked(m_wiring->showScreenButton().isChecked());
     connect(screen, &QAction::triggered, &m_wiring->showScreenButton(), &QAbstractButton::click);
+}
+
+void CLayoutEditorPage::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (m_figures)
+        m_figures->setTelling(true);
+}
+
+void CLayoutEditorPage::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
+    if (m_figures && !event->spontaneous()) // another page came, not: the window was minimized
+        m_figures->setTelling(false);
 }
 
 /// A redundancy processor follows its primary and cannot be edited.

@@ -59,6 +59,10 @@ public:
     /// Lets @p panel show the selection and edit it. The panel may go before the page.
     void connectPanel(CLayoutSidePanel &panel);
 
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
 private:
     void connectPorts();
     SKeptHistory keptHistory() const; ///< of the processor shown

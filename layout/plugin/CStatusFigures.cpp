@@ -48,6 +48,7 @@ CStatusFigures::CStatusFigures(CLayoutData &store, CLayoutGraphicsView &view, QW
     for (QLabel *label : {m_cursor, m_extent, m_port, m_scale, m_canvas})
         row->addWidget(label);
     connectSignals();
+    setTelling(false);
     showCanvas();
     showScale();
 }
@@ -55,6 +56,15 @@ CStatusFigures::CStatusFigures(CLayoutData &store, CLayoutGraphicsView &view, QW
 CStatusFigures::~CStatusFigures()
 {
     delete m_hint;
+}
+
+void CStatusFigures::setTelling(bool telling)
+{
+    m_telling = telling;
+    m_faults->setVisible(telling);
+    if (m_hint)
+        m_hint->setTelling(telling);
+    fit();
 }
 
 /// Of all that could be told, also of what is hidden for want of room.
@@ -208,9 +218,9 @@ void CStatusFigures::setText(QLabel &label, const QString &text)
 void CStatusFigures::fit()
 {
     QVector<QLabel *> told = {m_extent};
-    m_extent->setVisible(!m_extent->text().isEmpty());
+    m_extent->setVisible(m_telling && !m_extent->text().isEmpty());
     for (QLabel *label : {m_port, m_scale, m_cursor, m_canvas}) {
         told << label;
-        label->setVisible(!label->text().isEmpty() && widthOf(told) <= width());
+        label->setVisible(m_telling && !label->text().isEmpty() && widthOf(told) <= width());
     }
 }

@@ -24,6 +24,9 @@ public:
     CStatusFigures(CLayoutData &store, CLayoutGraphicsView &view, QWidget *faults);
     ~CStatusFigures() override;
 
+    /// Sets whether it tells of the editor, at first nothing, not even hints.
+    void setTelling(bool telling);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
@@ -59,4 +62,5 @@ private:
     int m_selected = 0;         // cabinets
     qint64 m_pixels = 0;        // of the selected cabinets
     QRect m_selection;
+    bool m_telling = false;
 };

@@ -9,12 +9,24 @@ constexpr int MessageIndent = 3; // pixels, as of messages
 }
 
 CToolHint::CToolHint(CLayoutGraphicsView &view)
+    : m_view(view)
 {
     setObjectName(QStringLiteral("ToolHint"));
     setTextFormat(Qt::PlainText);
     setIndent(MessageIndent);
-    connect(&view, &CLayoutGraphicsView::notifyHintChanged, this, [this, &view] { setText(view.hint()); });
-    setText(view.hint());
+    connect(&view, &CLayoutGraphicsView::notifyHintChanged, this, &CToolHint::showHint);
+    showHint();
+}
+
+void CToolHint::setTelling(bool telling)
+{
+    m_telling = telling;
+    showHint();
+}
+
+void CToolHint::showHint()
+{
+    setText(m_telling ? m_view.hint() : QString());
 }
 
 void CToolHint::paintEvent(QPaintEvent *event)

@@ -16,9 +16,18 @@ public:
     /// @p view must outlive it.
     explicit CToolHint(CLayoutGraphicsView &view);
 
+    /// Sets whether it shows hints, at first none.
+    void setTelling(bool telling);
+
     QSize sizeHint() const override { return {0, QLabel::sizeHint().height()}; }
     QSize minimumSizeHint() const override { return {0, 0}; }
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+
+private:
+    void showHint();
+
+    const CLayoutGraphicsView &m_view;
+    bool m_telling = false;
 };

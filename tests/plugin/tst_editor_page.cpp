@@ -4,6 +4,7 @@
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/view/CEditorToolBar.h"
+#include "layout/editor/view/CFaultLine.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/panels/ports/CPortList.h"
 #include "layout/plugin/CLayoutEditorPage.h"
@@ -200,6 +201,7 @@ private Q_SLOTS:
         QStatusBar bar;
         bar.addPermanentWidget(world.page.statusFigures());
         bar.show();
+        world.page.show();
         QCoreApplication::processEvents();
         QTest::mouseMove(world.view().viewport(), QPoint(20, 20));
         QMouseEvent move(QEvent::MouseMove, QPointF(30, 30), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
@@ -230,6 +232,16 @@ private Q_SLOTS:
         const QString arrow = hint->text();
         world.view().toolBar().chooseMode(CEditorToolBar::Pen);
         QVERIFY(hint->text() != arrow);
+        const auto told = [&bar] {
+            QCoreApplication::processEvents();
+            return bar.findChild<QLabel *>(QStringLiteral("StatusExtent"))->isVisible() &&
+                   bar.findChild<CFaultLine *>()->isVisible();
+        };
+        QVERIFY(told());
+        world.page.hide(); // another page stands in front
+        QVERIFY(!told() && hint->text().isEmpty());
+        world.page.show();
+        QVERIFY(told() && !hint->text().isEmpty());
     }
 
     /// Click, Ctrl+click and selection in the editor; an empty port is chosen, too.
