@@ -4,7 +4,10 @@
 
 #include "layout/api/access/CHostAccess.h"
 #include "layout/data/CLayoutData.h"
+#include "layout/editor/content/CEditBatches.h"
+#include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/content/CSelectionPicks.h"
+#include "layout/editor/items/CRefusal.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
@@ -86,6 +89,12 @@ void CPortCommands::cancelRedundancy(int port)
 bool CPortCommands::isWhollySelected(int port) const
 {
     return m_view.cabinetScene().backend().picks().isWhole(port);
+}
+
+void CPortCommands::tellRefusal(int port)
+{
+    CSceneBackend &backend = m_view.cabinetScene().backend();
+    CRefusal::isTold(backend.batches(), backend.content().portItem(port));
 }
 
 void CPortCommands::pairPorts()

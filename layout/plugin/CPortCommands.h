@@ -25,6 +25,7 @@ public:
     void setRedundancy(int primary, int backup) override;
     void cancelRedundancy(int port) override;
     bool isWhollySelected(int port) const override;
+    void tellRefusal(int port) override;
     void pairPorts() override;
     void adjustCurrentGain() override;
 

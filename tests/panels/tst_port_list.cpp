@@ -38,6 +38,7 @@ struct CNotedPortCommands final : IPortCommands
     }
     void cancelRedundancy(int port) override { calls << QStringLiteral("cancel %1").arg(port); }
     bool isWhollySelected(int) const override { return whole; }
+    void tellRefusal(int port) override { calls << QStringLiteral("refusal %1").arg(port); }
     void pairPorts() override { calls << QStringLiteral("pairs"); }
     void adjustCurrentGain() override { calls << QStringLiteral("gain"); }
     QStringList calls;
@@ -212,6 +213,7 @@ private Q_SLOTS:
         CSignalLog appended(&world.list, &CPortList::notifyAppendCabinet);
         world.click(1, CPortPainter::Append);
         QVERIFY(!world.port(1).findChild<QMenu *>()); // a locked port takes none
+        QCOMPARE(world.commands.calls, QStringList{QStringLiteral("refusal 1")});
         world.click(1, CPortPainter::Lock);
         QVERIFY(!world.store.isPortLocked(1));
         world.click(1, CPortPainter::Append);

@@ -7,6 +7,7 @@
 #include "layout/panels/ports/CAppendMenu.h"
 #include "layout/panels/ports/CPortFill.h"
 #include "layout/panels/ports/CPortMenu.h"
+#include "layout/panels/ports/IPortCommands.h"
 #include "layout/panels/ports/LoadText.h"
 #include "platform/widgets/CMessageBox.h"
 
@@ -86,8 +87,12 @@ void CPort::refreshPair()
 
 void CPort::openAppendMenu()
 {
-    if (!isEnabled() || m_face.locked || m_face.redundant)
+    if (!isEnabled())
         return;
+    if (m_face.locked || m_face.redundant) {
+        m_commands.tellRefusal(port());
+        return;
+    }
     const QString full = EditRefusal::fullPort(m_store.port(port()).cabinetCount());
     if (!full.isEmpty()) {
         CMessageBox::warning(window(), full);

@@ -33,8 +33,7 @@ public:
     void setLocked(bool locked);
     void refreshPair(); ///< redundancy and note, from the store
 
-    /// Opens the menu of what can be appended; a full port says why it does not. Does nothing if the port
-    /// refuses edits.
+    /// Opens the menu of what can be appended; a port that accepts nothing says why it does not.
     void openAppendMenu();
     /// Asks for the fill of the port, unless it is a redundancy port.
     void askFill();

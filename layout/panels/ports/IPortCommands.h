@@ -17,6 +17,8 @@ public:
     virtual void cancelRedundancy(int port) = 0; ///< ends the pair that @p port belongs to
     /// Whether everything that @p port holds is selected; false if it holds nothing.
     virtual bool isWhollySelected(int port) const = 0;
+    /// Says in the status bar why @p port, which is locked or a redundancy port, refuses edits.
+    virtual void tellRefusal(int port) = 0;
     virtual void pairPorts() = 0; ///< opens the dialog that pairs ports
     virtual void adjustCurrentGain() = 0;
 };
