@@ -89,6 +89,13 @@ QString CEditorCommands::typeName(const Cabinet &cabinet) const
     return cabinet.type.isNull() ? QString() : m_store.getTypeInfo(cabinet.type).name;
 }
 
+QString CEditorCommands::exportRefusal(const Cabinet &cabinet) const
+{
+    return cabinet.type.isNull() || m_store.getTypeInfo(cabinet.type).isValid()
+               ? QString()
+               : tr("The cabinet's type is not in the type library.");
+}
+
 void CEditorCommands::exportConfiguration(const Cabinet &cabinet, QWidget *parent)
 {
     CCabinetFiles(m_store, parent).exportConfiguration(cabinet, typeName(cabinet));
@@ -96,10 +103,12 @@ void CEditorCommands::exportConfiguration(const Cabinet &cabinet, QWidget *paren
 
 QString CEditorCommands::connectionRefusal() const
 {
-    const ProcessorTree::ProcessorNode node = CHostAccess::call<&Host::currentProcessorNode>();
-    if (!node.online)
-        return tr("The processor is offline.");
-    return node.address == 0 ? tr("A project has no cabinets that are connected.") : QString();
+    return CProcessorInView::connectionRefusal();
+}
+
+QString CEditorCommands::connectionRefusal(const QList<Cabinet> &cabinets) const
+{
+    return CProcessorInView::connectionRefusal(cabinets);
 }
 
 void CEditorCommands::readBackConfiguration(const Cabinet &cabinet, QWidget *parent)

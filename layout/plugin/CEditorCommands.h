@@ -34,8 +34,10 @@ public:
     void chooseType(QWidget *parent) override;
     void saveParameters(const QList<Cabinet> &cabinets, QWidget *parent) override;
     void showInformation(const QList<Cabinet> &cabinets, QWidget *parent) override;
+    QString exportRefusal(const Cabinet &cabinet) const override;
     void exportConfiguration(const Cabinet &cabinet, QWidget *parent) override;
     QString connectionRefusal() const override;
+    QString connectionRefusal(const QList<Cabinet> &cabinets) const override;
     void readBackConfiguration(const Cabinet &cabinet, QWidget *parent) override;
     void setFrameRateAndColorDepth(QWidget *parent) override;
     void setCanvasSize(QWidget *parent) override;

@@ -25,6 +25,8 @@ public:
     void showInformation(const QList<Cabinet> &records, QWidget *) override { note("information", records); }
     void exportConfiguration(const Cabinet &cabinet, QWidget *) override { note("export", {cabinet}); }
     QString connectionRefusal() const override { return refusal; }
+    QString connectionRefusal(const QList<Cabinet> &) const override { return refusal; }
+    QString exportRefusal(const Cabinet &) const override { return refusal; }
     void readBackConfiguration(const Cabinet &cabinet, QWidget *) override { note("readback", {cabinet}); }
     void setFrameRateAndColorDepth(QWidget *) override { note("frame rate"); }
     void setCanvasSize(QWidget *) override { note("canvas size"); }

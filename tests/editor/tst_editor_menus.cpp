@@ -213,6 +213,7 @@ private Q_SLOTS:
         QCOMPARE(readback->toolTip(), world.commands.refusal);
         QCOMPARE(entry(*world.menu, "Save parameters...")->toolTip(), world.commands.refusal);
         QVERIFY(!entry(*world.menu, "Save parameters...")->isEnabled());
+        QVERIFY(!entry(*world.menu, "Export cabinet configuration< .rcvbp> file...")->isEnabled());
         world.commands.refusal.clear();
         world.fill(typed, {&typed});
         for (const char *text : {"Current output...", "Set all outputs to default", "Set type...",

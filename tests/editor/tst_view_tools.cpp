@@ -165,9 +165,24 @@ private Q_SLOTS:
         CMessageBoxAnswerer user({QStringLiteral("No"), QStringLiteral("Yes")});
         bar().button(Bar::ClearTopology)->click();
         QCOMPARE(wired(), 2);
+        QVERIFY(!m_mouse->scene().backend().content().pointedOut()); // after the question
         bar().button(Bar::ClearTopology)->click();
         QCOMPARE(wired(), 0);
         QCOMPARE(user.boxes().size(), 2);
+    }
+
+    void onlyWhatIsConnectedIsHighlighted()
+    {
+        const QAction &tool = *bar().tool(Bar::Calibrate);
+        const QString tip = tool.toolTip();
+        m_commands.refusal = QStringLiteral("The processor is offline.");
+        view().onCurrentProcessorChanged({});
+        QVERIFY(!tool.isEnabled());
+        QCOMPARE(tool.toolTip(), tip + QLatin1Char('\n') + m_commands.refusal);
+        m_commands.refusal.clear();
+        view().onCurrentProcessorChanged({});
+        QVERIFY(tool.isEnabled());
+        QCOMPARE(tool.toolTip(), tip);
     }
 
     void highlightsWhatIsClicked()

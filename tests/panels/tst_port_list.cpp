@@ -200,6 +200,11 @@ private Q_SLOTS:
         for (const QAction *entry : menu.actions())
             const_cast<QAction *>(entry)->trigger();
         QCOMPARE(world.commands.calls, (QStringList{QStringLiteral("pairs"), QStringLiteral("gain")}));
+        world.host.answers()->nodes[0].address = 0; // a project
+        Q_EMIT const_cast<QMenu &>(menu).aboutToShow();
+        QCOMPARE(menu.actions().last()->toolTip(),
+                 QStringLiteral("A project has no cabinets that are connected."));
+        QVERIFY(menu.actions().first()->isEnabled() && !menu.actions().last()->isEnabled());
         inNext<CPortAreaDialog>([](CPortAreaDialog &dialog) { dialog.reject(); });
         named<QAbstractButton>(world.list, "Port area")->click();
     }
@@ -279,7 +284,7 @@ private Q_SLOTS:
     void whatCanOnlyFailIsNotOffered()
     {
         SListWorld world;
-        world.open(3);
+        const QUuid processor = world.open(3);
         world.store.setPortLocked(0, true);
         world.store.setPortLocked(2, true);
         const QMenu &menu = *world.menu(1);
@@ -287,11 +292,19 @@ private Q_SLOTS:
         QVERIFY(!locked->isEnabled());
         QCOMPARE(locked->toolTip(), QStringLiteral("Port 1 is locked."));
         QVERIFY(!entryOf(*world.menu(2), QStringLiteral("Set as redundancy for"))->isEnabled());
-        QVERIFY(entryOf(menu, QStringLiteral("Cabinet parameters>Save parameters..."))->isEnabled());
-        world.answers()->nodes[0].address = 0; // a project
         delete &menu;
-        QVERIFY(
-            !entryOf(*world.menu(1), QStringLiteral("Cabinet parameters>Save parameters..."))->isEnabled());
+        const auto parametersTip = [&world] {
+            const std::unique_ptr<QMenu> opened(world.menu(1));
+            const QAction *save = entryOf(*opened, QStringLiteral("Cabinet parameters>Save parameters..."));
+            return save->isEnabled() ? QString() : save->toolTip();
+        };
+        QCOMPARE(parametersTip(), QStringLiteral("The cabinet is not in the processor's saved mapping."));
+        world.answers()->layouts[processor].layout.ports[1].groups[0].cabinets[0].mappingIndex = 0;
+        QCOMPARE(parametersTip(), QString());
+        world.answers()->nodes[0].address = 0; // a project
+        QCOMPARE(parametersTip(), QStringLiteral("A project has no cabinets that are connected."));
+        world.open(2, 0);
+        QCOMPARE(parametersTip(), QStringLiteral("There are no cabinets."));
     }
 
     void locksAreKeptWhereTheyHold()

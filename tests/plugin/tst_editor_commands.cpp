@@ -295,6 +295,25 @@ private Q_SLOTS:
         QCOMPARE(m_world->commands.connectionRefusal(), QStringLiteral("The processor is offline."));
     }
 
+    void onlyWhatTheProcessorHoldsIsAsked()
+    {
+        const CEditorCommands &commands = m_world->commands;
+        const auto first = m_world->cabinet(0, 0);
+        const auto second = m_world->cabinet(1, 0);
+        auto &ports = m_world->host.answers()->layouts[m_world->store.currentProcessor()].layout.ports;
+        ports[0].groups[0].cabinets[0].mappingIndex = 0;
+        QCOMPARE(commands.connectionRefusal({first}), QString());
+        QCOMPARE(commands.connectionRefusal({second}),
+                 QStringLiteral("The cabinet is not in the processor's saved mapping."));
+        QCOMPARE(commands.connectionRefusal({first, second}),
+                 QStringLiteral("Not all of the cabinets are in the processor's saved mapping."));
+        QCOMPARE(commands.exportRefusal(m_world->typedCabinet(0, 0)), QString());
+        auto strange = first;
+        strange.type = SMD5::ofContent("gone");
+        QCOMPARE(commands.exportRefusal(strange),
+                 QStringLiteral("The cabinet's type is not in the type library."));
+    }
+
     void parametersAreSavedForTheCabinetsThatWereGiven()
     {
         inNext<CCabinetParaSave>([](CCabinetParaSave &dialog) { dialog.accept(); });

@@ -121,7 +121,7 @@ void CCabinetMenu::addParameters()
     QAction *save = CEditEntries::add(
         *parameters, tr("Save parameters..."), QString(),
         [commands, &selection, parent = m_parent] { commands->saveParameters(selection.records(), parent); });
-    CEditEntries::disableUnless(*save, commands->connectionRefusal());
+    CEditEntries::disableUnless(*save, commands->connectionRefusal(selection.records()));
     if (m_clicked.type() == CabinetItemKind)
         addFiles(*parameters);
 }
@@ -134,14 +134,15 @@ void CCabinetMenu::addFiles(QMenu &parameters)
     const auto cabinet = item.cabinet();
     if (item.isSelected() && !cabinet.type.isNull()) {
         parameters.addSeparator();
-        CEditEntries::add(
+        QAction *configuration = CEditEntries::add(
             parameters, tr("Export cabinet configuration< .rcvbp> file..."),
             QStringLiteral(":/Image/Layout/PortList/Menu/export.svg"),
             [commands, cabinet, parent = m_parent] { commands->exportConfiguration(cabinet, parent); });
+        CEditEntries::disableUnless(*configuration, commands->exportRefusal(cabinet));
     }
     if (!item.isSelected() || m_targets.selection.count() != 1 || item.chainPosition() < 0)
         return;
-    const QString refused = commands->connectionRefusal();
+    const QString refused = commands->connectionRefusal({cabinet});
     parameters.addSeparator();
     QAction *readback = CEditEntries::add(
         parameters, tr("Readback from connected cabinet..."),

@@ -24,10 +24,14 @@ public:
     virtual void chooseType(QWidget *parent) = 0;
     virtual void saveParameters(const QList<Cabinet> &cabinets, QWidget *parent) = 0;
     virtual void showInformation(const QList<Cabinet> &cabinets, QWidget *parent) = 0;
+    /// The reason why the configuration of @p cabinet cannot be exported; empty if it can.
+    virtual QString exportRefusal(const Cabinet &cabinet) const = 0;
     virtual void exportConfiguration(const Cabinet &cabinet, QWidget *parent) = 0;
     /// The reason why nothing can be sent to the cabinets of the processor in view, or read from them; empty
     /// if it can.
     virtual QString connectionRefusal() const = 0;
+    /// The same for @p cabinets, which must also be in the processor's saved mapping.
+    virtual QString connectionRefusal(const QList<Cabinet> &cabinets) const = 0;
     virtual void readBackConfiguration(const Cabinet &cabinet, QWidget *parent) = 0;
 
     virtual void setFrameRateAndColorDepth(QWidget *parent) = 0;

@@ -108,6 +108,12 @@ void CEditorToolBar::setUseful(ETool tool, bool useful)
     enableTools();
 }
 
+void CEditorToolBar::setObstacle(ETool tool, const QString &reason)
+{
+    m_obstacles.insert(tool, reason);
+    enableTool(tool);
+}
+
 void CEditorToolBar::setBlock(const QString &reason)
 {
     m_block = reason;
@@ -124,11 +130,10 @@ void CEditorToolBar::enableTool(ETool tool)
 {
     QAction *action = m_actions.at(tool);
     const std::optional<EditKind> kind = kindOf(tool);
-    const QString refused =
-        kind ? CEditRule::refusal(*kind, m_block, m_actions.at(Hand)->isChecked()) : QString();
+    QString refused = kind ? CEditRule::refusal(*kind, m_block, m_actions.at(Hand)->isChecked()) : QString();
+    if (refused.isEmpty())
+        refused = m_obstacles.value(tool);
     action->setEnabled(!m_useless.contains(tool) && refused.isEmpty());
-    if (action->isCheckable())
-        return; // their tips tell which kind of the tool is chosen
     const QString tip = action->data().toString();
     action->setToolTip(refused.isEmpty() ? tip : tip + QLatin1Char('\n') + refused);
 }
@@ -182,9 +187,10 @@ void CEditorToolBar::setFrameless(bool frameless)
     m_frameless = frameless;
     QAction *highlight = tool(Calibrate);
     highlight->setIcon(toolIcon(layoutIcon(frameless ? "calibrate-frameless" : "calibrate")));
-    highlight->setToolTip(frameless ? tr("Highlight cabinet with LED indicator")
-                                    : tr("Highlight cabinet with flashing box"));
-    button(Calibrate)->setAccessibleName(highlight->toolTip());
+    highlight->setData(frameless ? tr("Highlight cabinet with LED indicator")
+                                 : tr("Highlight cabinet with flashing box"));
+    button(Calibrate)->setAccessibleName(highlight->data().toString());
+    enableTool(Calibrate);
     Q_EMIT notifyHighlightKindChanged(frameless);
     highlight->setChecked(true);
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QHash>
 #include <QSet>
 #include <QToolBar>
 #include <QVector>
@@ -42,6 +43,8 @@ public:
     void chooseMode(ETool tool) { m_actions.at(tool)->setChecked(true); }
     /// Sets whether there is something for @p tool to do; if not, it is disabled.
     void setUseful(ETool tool, bool useful);
+    /// Sets why @p tool could only be refused; empty: it can be used.
+    void setObstacle(ETool tool, const QString &reason);
     /// With a @p reason, disables all tools except those that change nothing; so does the hand tool with
     /// those that act at once. Their tool tips say why.
     void setBlock(const QString &reason);
@@ -64,6 +67,7 @@ private:
 
     QVector<QAction *> m_actions;
     QSet<int> m_useless = {Undo, Redo, Group, Ungroup}; // tools with nothing to do
+    QHash<int, QString> m_obstacles;                    // by tool
     QString m_block;                                    // why nothing may be edited; empty: it may
     QActionGroup *m_modes = nullptr;                    // at most one of them is checked
     bool m_frameless = false;

@@ -367,6 +367,7 @@ void CLayoutGraphicsView::onCurrentProcessorChanged(const ProcessorTree::Process
 {
     if (processorInfo.uuid != m_shown.processor())
         m_scene->leaveOperation(); // what is in progress belongs to the previous processor
+    m_toolBar->setObstacle(Bar::Calibrate, m_commands ? m_commands->connectionRefusal() : QString());
 }
 
 void CLayoutGraphicsView::onScaleChanged()

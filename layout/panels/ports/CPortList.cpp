@@ -7,6 +7,7 @@
 #include "layout/panels/ports/CPortFill.h"
 #include "layout/panels/ports/IPortCommands.h"
 #include "layout/settings/CPortAreaDialog.h"
+#include "layout/settings/CProcessorInView.h"
 #include "platform/widgets/CFlowListView.h"
 #include "platform/widgets/CPureImageBtn.h"
 
@@ -100,8 +101,14 @@ QAbstractButton *CPortList::addMenuButton()
     auto *menu = new QMenu(button);
     connect(menu->addAction(tr("Port redundancy...")), &QAction::triggered, this,
             [this] { m_commands.pairPorts(); });
-    connect(menu->addAction(tr("Current gain parameter settings...")), &QAction::triggered, this,
-            [this] { m_commands.adjustCurrentGain(); });
+    menu->setToolTipsVisible(true);
+    QAction *gain = menu->addAction(tr("Current gain parameter settings..."));
+    connect(gain, &QAction::triggered, this, [this] { m_commands.adjustCurrentGain(); });
+    connect(menu, &QMenu::aboutToShow, gain, [gain] {
+        const QString refused = CProcessorInView::connectionRefusal();
+        gain->setEnabled(refused.isEmpty());
+        gain->setToolTip(refused.isEmpty() ? gain->text() : refused);
+    });
     button->setMenu(menu);
     return button;
 }

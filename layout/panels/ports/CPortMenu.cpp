@@ -7,6 +7,7 @@
 #include "layout/panels/ports/CPort.h"
 #include "layout/panels/ports/CPortFill.h"
 #include "layout/panels/ports/IPortCommands.h"
+#include "layout/settings/CProcessorInView.h"
 
 #include <QIcon>
 #include <QMenu>
@@ -41,15 +42,6 @@ void allowUnless(QAction &entry, const QString &reason)
 QString lockReason(const Port &port)
 {
     return port.locked ? CPortMenu::tr("Port %1 is locked.").arg(port.index + 1) : QString();
-}
-
-/// Why nothing can be sent to the cabinets of the processor in view; empty if it can.
-QString connectionReason()
-{
-    const ProcessorTree::ProcessorNode node = CHostAccess::call<&Host::currentProcessorNode>();
-    if (!node.online)
-        return CPortMenu::tr("The processor is offline.");
-    return node.address == 0 ? CPortMenu::tr("A project has no cabinets that are connected.") : QString();
 }
 
 /// Adds an entry that is checked or not; @p toggled is called with what it then is.
@@ -157,7 +149,7 @@ void CPortMenu::addParameters(QMenu &menu) const
     const int port = m_button.port();
     const QIcon placeholder(QStringLiteral(":/Image/Menu/placeholder.svg"));
     QAction *save = parameters->addAction(placeholder, tr("Save parameters..."));
-    allowUnless(*save, connectionReason());
+    allowUnless(*save, CProcessorInView::connectionRefusal(m_store.port(port).getAllCabinets().toList()));
     QObject::connect(save, &QAction::triggered, &m_button,
                      [button = &m_button, port] { Q_EMIT button->notifySaveCabinetPara(port); });
     QObject::connect(parameters->addAction(tr("Cabinet information...")), &QAction::triggered, &m_button,
