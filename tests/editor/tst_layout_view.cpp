@@ -157,10 +157,17 @@ private Q_SLOTS:
         QCOMPARE(counts()[2], unwired - cabinets);
 
         CFaultLine line(m_mouse->view());
-        QToolButton *button = line.findChildren<QToolButton *>().last();
-        QCOMPARE(button->text().mid(2), QStringLiteral("%1 unwired").arg(unwired - cabinets));
-        button->click();
-        QCOMPARE(scene.selection().cabinets().size(), unwired - cabinets);
+        m_mouse->click({450, 60});
+        m_mouse->drag({450, 60}, {100, 0}); // over its neighbour
+        const QVector<int> all = counts();
+        QCOMPARE(all[0], 2);
+        const QList<QToolButton *> buttons = line.findChildren<QToolButton *>();
+        const char *texts[] = {"%1 overlapping", "%1 outside the canvas", "%1 unwired"};
+        for (int i = 0; i < 3; ++i) {
+            QCOMPARE(buttons[i]->text().mid(2), QString::fromLatin1(texts[i]).arg(all[i]));
+            buttons[i]->click();
+            QCOMPARE(scene.selection().cabinets().size(), all[i]);
+        }
     }
 
     void commandsConcernAllCabinetsOfAPort()

@@ -113,6 +113,7 @@ private Q_SLOTS:
 
         row("unlink the head", "+A +B +C -A", "B1@0 C3@1 | B>C");
         row("unlink the middle", "+A +B +C -B", "A1@0 C3@1 | A>C");
+        row("unlink before others", "+A +B +C +D +E -B", "A1@0 C2@1 D2@2 E3@3 | A>C C>D D>E");
         row("unlink the end of a pair", "+A +B -B", "A1@0 |");
         row("unlink what is not wired", "+A +B -C", "A1@0 B3@1 | A>B");
         row("cut the head", "+A +B +C !A", "B2@1 C3@2 | B>C");
