@@ -183,8 +183,8 @@ void Benchmarks::measureSelectionTold()
     ShownView::show(panel);
     QObject::connect(&told.view(), &CLayoutGraphicsView::notifySelectedPort, &panel,
                      &CLayoutSidePanel::onNotifySelectedPort);
-    QObject::connect(&told.view(), &CLayoutGraphicsView::notifySelectedCabinetInfos, &panel,
-                     &CLayoutSidePanel::onNotifySelectedCabinetInfos);
+    QObject::connect(&told.view(), &CLayoutGraphicsView::notifySelectionFigures, &panel,
+                     &CLayoutSidePanel::onSelectionFigures);
     QObject::connect(&told.view(), &CLayoutGraphicsView::notifySelectedCabinetGeometryChanged, &panel,
                      &CLayoutSidePanel::onNotifySelectedCabinetGeometryChanged);
     const SMedians medians =

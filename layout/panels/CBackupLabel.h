@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/api/records/CabinetLayout.h"
 #include "layout/api/records/ReadSaveMappingRole.h"
 #include "layout/panels/CKeptFocus.h"
 #include "layout/panels/ISidePanelUnit.h"

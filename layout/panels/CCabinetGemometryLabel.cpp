@@ -4,6 +4,7 @@
 
 #include "layout/api/records/LayoutLimits.h"
 #include "layout/data/CLayoutData.h"
+#include "layout/geometry/SSelectionFigures.h"
 #include "layout/panels/CabinetRank.h"
 #include "layout/panels/SelectedPorts.h"
 #include "platform/widgets/input/CRecoveryFocusSpinBox.h"
@@ -22,13 +23,9 @@ constexpr int SecondCaption = 2;
 constexpr int LargestExtent = LayoutLimits::LargestOffset;
 
 /// The figure that all cabinets have, or a dash.
-template <typename Figure>
-QString commonFigure(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets, Figure figure)
+QString commonFigure(int figure)
 {
-    const auto differs = [&](const auto &cabinet) { return figure(cabinet) != figure(cabinets.first()); };
-    return cabinets.isEmpty() || std::any_of(cabinets.begin(), cabinets.end(), differs)
-               ? QStringLiteral("\u2013")
-               : QString::number(figure(cabinets.first()));
+    return figure == SSelectionFigures::Mixed ? QStringLiteral("\u2013") : QString::number(figure);
 }
 
 } // namespace
@@ -74,12 +71,16 @@ void CCabinetGemometryLabel::onSelectedCabinetGeometryChanged(const QRect &exten
 void CCabinetGemometryLabel::onNotifySelectedCabinetInfos(
     const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets)
 {
-    m_arranged = m_itemAreas.isEmpty() ? cabinets.size() : m_itemAreas.size();
-    m_rank = m_itemAreas.isEmpty() ? CabinetRank::of(cabinets) : CabinetRank::of(m_itemAreas);
-    m_itemAreas.clear();
-    m_count->setText(QString::number(cabinets.size()));
-    m_cabinetWidth->setText(commonFigure(cabinets, [](const auto &one) { return one.rect.width(); }));
-    m_cabinetHeight->setText(commonFigure(cabinets, [](const auto &one) { return one.rect.height(); }));
+    onSelectionFigures(SSelectionFigures::of(cabinets));
+}
+
+void CCabinetGemometryLabel::onSelectionFigures(const SSelectionFigures &figures)
+{
+    m_arranged = figures.arranged.size();
+    m_rank = CabinetRank::of(figures.arranged);
+    m_count->setText(QString::number(figures.count));
+    m_cabinetWidth->setText(commonFigure(figures.width));
+    m_cabinetHeight->setText(commonFigure(figures.height));
     showRank();
     updateEnabled();
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/api/records/CabinetLayout.h"
 #include "layout/panels/ISidePanelUnit.h"
 #include "platform/widgets/CUnitLabel.h"
 
@@ -25,11 +26,7 @@ public:
     void onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor) override;
     void onCurrentProcessorStateChanged(const ProcessorTree::ProcessorNode &processor) override;
     void onSelectedPorts(const QList<int> &ports) override;
-    void onSelectedItems(const QVector<QRect> &areas) override { m_itemAreas = areas; }
-    void onSelectedCabinets(const QList<Cabinet> &cabinets) override
-    {
-        onNotifySelectedCabinetInfos(cabinets);
-    }
+    void onSelectionFigures(const SSelectionFigures &figures) override;
     void onSelectedGeometry(const QRect &extent) override { onSelectedCabinetGeometryChanged(extent); }
     void onPortStatesChanged() override { updateEnabled(); }
 
@@ -69,10 +66,9 @@ private:
 
     QList<int> m_selectedPorts;
     QRect m_extent;
-    QVector<QRect> m_itemAreas; ///< of what is arranged, until the cabinets are told; empty: of these
-    int m_arranged = 0;         ///< items: groups, and cabinets without them
-    QSize m_rank;               ///< columns and rows; empty: no regular arrangement
-    bool m_allLocked = false;   ///< of the ports that the lock is about
+    int m_arranged = 0;       ///< items: groups, and cabinets without them
+    QSize m_rank;             ///< columns and rows; empty: no regular arrangement
+    bool m_allLocked = false; ///< of the ports that the lock is about
     bool m_online = false;
     bool m_blocked = false;
 };

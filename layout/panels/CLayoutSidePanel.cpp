@@ -4,6 +4,7 @@
 
 #include "layout/api/access/ModuleSettings.h"
 #include "layout/data/CLayoutData.h"
+#include "layout/geometry/SSelectionFigures.h"
 #include "layout/panels/CBackupLabel.h"
 #include "layout/panels/CCabinetGemometryLabel.h"
 #include "layout/panels/CHistoryLabel.h"
@@ -147,17 +148,16 @@ void CLayoutSidePanel::onCurrentProcessorBackupChanged()
     m_backup->onCurrentProcessorBackupChanged();
 }
 
-void CLayoutSidePanel::onNotifySelectedItemAreas(const QVector<QRect> &areas)
+void CLayoutSidePanel::onSelectionFigures(const SSelectionFigures &figures)
 {
     for (ISidePanelUnit *unit : m_units)
-        unit->onSelectedItems(areas);
+        unit->onSelectionFigures(figures);
 }
 
 void CLayoutSidePanel::onNotifySelectedCabinetInfos(
     const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets)
 {
-    for (ISidePanelUnit *unit : m_units)
-        unit->onSelectedCabinets(cabinets);
+    onSelectionFigures(SSelectionFigures::of(cabinets));
 }
 
 /// They may lie outside what the view shows.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/api/records/CabinetLayout.h"
 #include "layout/panels/ISidePanelUnit.h"
 #include "platform/widgets/CSidePanel.h"
 
@@ -56,8 +57,8 @@ public Q_SLOTS:
     /// @p extent is that of the selection, canvas pixels; empty without one.
     void onNotifySelectedCabinetGeometryChanged(const QRect &extent);
     void onCurrentProcessorBackupChanged();
-    /// What an arrangement moves; empty if these are the selected cabinets. Comes before them.
-    void onNotifySelectedItemAreas(const QVector<QRect> &areas);
+    void onSelectionFigures(const SSelectionFigures &figures);
+    /// The same from the records of the selected cabinets.
     void onNotifySelectedCabinetInfos(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets);
     /// The areas of the ports that hold the selection, canvas pixels.
     void onNotifySelectedPortGeometryChanged(const QList<QPair<int, QRect>> &areas);

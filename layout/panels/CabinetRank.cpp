@@ -3,47 +3,61 @@
 #include "layout/panels/CabinetRank.h"
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace {
 
-template <typename Value>
-void makeSet(std::vector<Value> &values)
+constexpr qint64 DenseSpan = 1 << 16; // of coordinates that are numbered without sorting
+
+/// Replaces each of @p values, of which there is one at least, with its place among the different ones in
+/// ascending order. Returns how many different ones there are.
+int number(std::vector<int> &values)
 {
-    std::sort(values.begin(), values.end());
-    values.erase(std::unique(values.begin(), values.end()), values.end());
+    const auto [least, largest] = std::minmax_element(values.begin(), values.end());
+    const int first = *least;
+    const qint64 span = qint64(*largest) - first + 1;
+    if (span > DenseSpan) {
+        std::vector<int> sorted = values;
+        std::sort(sorted.begin(), sorted.end());
+        sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
+        for (int &value : values)
+            value = int(std::lower_bound(sorted.begin(), sorted.end(), value) - sorted.begin());
+        return int(sorted.size());
+    }
+    std::vector<int> places(size_t(span), 0);
+    for (const int value : values)
+        places[size_t(value - first)] = 1;
+    int count = 0;
+    for (int &place : places)
+        count += std::exchange(place, count);
+    for (int &value : values)
+        value = places[size_t(value - first)];
+    return count;
 }
 
 } // namespace
 
-QSize CabinetRank::of(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets)
-{
-    QVector<QRect> areas;
-    areas.reserve(cabinets.size());
-    for (const auto &cabinet : cabinets)
-        areas << cabinet.rect;
-    return of(areas);
-}
-
 QSize CabinetRank::of(const QVector<QRect> &areas)
 {
-    std::vector<int> lefts;
-    std::vector<int> tops;
-    std::vector<std::pair<int, int>> corners; // top, left
-    for (const QRect &area : areas) {
-        lefts.push_back(area.left());
-        tops.push_back(area.top());
-        corners.emplace_back(area.top(), area.left());
-    }
-    makeSet(lefts);
-    makeSet(tops);
-    makeSet(corners);
-    const size_t columns = lefts.size();
-    if (corners.empty() || corners.size() != size_t(areas.size()) ||
-        tops.size() != (corners.size() + columns - 1) / columns)
+    if (areas.isEmpty())
         return {};
-    for (size_t place = 0; place < corners.size(); ++place) {
-        if (corners[place] != std::make_pair(tops[place / columns], lefts[place % columns]))
-            return {};
+    std::vector<int> columns;
+    std::vector<int> rows;
+    columns.reserve(size_t(areas.size()));
+    rows.reserve(size_t(areas.size()));
+    for (const QRect &area : areas) {
+        columns.push_back(area.left());
+        rows.push_back(area.top());
     }
-    return {int(columns), int(tops.size())};
+    const int columnCount = number(columns);
+    const int rowCount = number(rows);
+    std::vector<bool> taken(columns.size(), false);
+    for (size_t i = 0; i < columns.size(); ++i) {
+        const size_t place = size_t(rows[i]) * size_t(columnCount) + size_t(columns[i]);
+        if (place >= taken.size() || taken[place])
+            return {};
+        taken[place] = true; // as each has its own, in the end all are
+    }
+    return {columnCount, rowCount};
 }

@@ -2,16 +2,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/api/records/CabinetLayout.h"
-
+#include <QRect>
 #include <QSize>
+#include <QVector>
 
 /// How a selection is arranged.
 namespace CabinetRank {
 
 /// Columns and rows of @p areas if they stand in a grid, row by row, the last row perhaps not full; an
-/// empty size if not, or without any. O(n log n).
+/// empty size if not, or without any. O(n), or O(n log n) if they are far apart.
 QSize of(const QVector<QRect> &areas);
-QSize of(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets);
 
 } // namespace CabinetRank

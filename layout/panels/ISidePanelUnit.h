@@ -2,11 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/api/records/CabinetLayout.h"
 #include "layout/api/records/ProcessorTree.h"
+
+#include <QList>
+#include <QRect>
 
 class CLayoutData;
 class IMappingCommands;
+struct SSelectionFigures;
 
 /// What a unit of the side panel may use; everything outlives the unit.
 struct SUnitServices
@@ -19,8 +22,6 @@ struct SUnitServices
 class ISidePanelUnit
 {
 public:
-    using Cabinet = CabinetLayout::CabinetPort::Cabinet;
-
     virtual ~ISidePanelUnit() = default;
 
     /// Another processor is in view; a default record if none is.
@@ -29,9 +30,7 @@ public:
     virtual void onCurrentProcessorStateChanged(const ProcessorTree::ProcessorNode &) {}
     /// The output ports that hold the selection; none: nothing is selected.
     virtual void onSelectedPorts(const QList<int> &) {}
-    /// The areas of what an arrangement moves; empty if these are the selected cabinets, which are told next.
-    virtual void onSelectedItems(const QVector<QRect> &) {}
-    virtual void onSelectedCabinets(const QList<Cabinet> &) {}
+    virtual void onSelectionFigures(const SSelectionFigures &) {}
     /// The extent of the selection, canvas pixels; empty without one.
     virtual void onSelectedGeometry(const QRect &) {}
     /// Locks or pairs of ports have changed.

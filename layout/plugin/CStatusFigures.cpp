@@ -7,6 +7,7 @@
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
+#include "layout/geometry/SSelectionFigures.h"
 #include "layout/plugin/CToolHint.h"
 
 #include <QHBoxLayout>
@@ -139,14 +140,11 @@ void CStatusFigures::connectSignals()
     using View = CLayoutGraphicsView;
     using Scene = CCabinetGraphicsScene;
     m_view.viewport()->installEventFilter(this);
-    const auto selected = [this](const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets) {
-        m_selected = cabinets.size();
-        m_pixels = 0;
-        for (const auto &cabinet : cabinets)
-            m_pixels += qint64(cabinet.rect.width()) * cabinet.rect.height();
+    connect(&m_view, &View::notifySelectionFigures, this, [this](const SSelectionFigures &figures) {
+        m_selected = figures.count;
+        m_pixels = figures.pixels;
         showExtent();
-    };
-    connect(&m_view, &View::notifySelectedCabinetInfos, this, selected);
+    });
     connect(&m_view, &View::notifySelectedCabinetGeometryChanged, this, [this](const QRect &extent) {
         m_selection = extent;
         showExtent();

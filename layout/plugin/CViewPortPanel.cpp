@@ -15,6 +15,7 @@
 #include "platform/widgets/CTranslatingAnimation.h"
 
 #include <QEvent>
+#include <QMetaMethod>
 #include <QSplitter>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -102,7 +103,7 @@ void CViewPortPanel::connectSignals()
     connect(&m_view, &View::notifySelectedCabinetGeometryChanged, this, &Panel::tellPortAreas);
     connect(&m_view, &View::notifySelectedPort, this, &Panel::tellPortAreas);
     connect(&m_view, &View::notifySelectedPort, this, &Panel::notifySelectedPort);
-    connect(&m_view, &View::notifySelectedCabinetInfos, this, &Panel::notifySelectedCabinetInfos);
+    connect(&m_view, &View::notifySelectionFigures, this, &Panel::tellRecords);
     connect(this, &Panel::notifySelectedPort, &m_ports, &CPortList::setCurrentSelectPort);
 
     connect(&m_ports, &CPortList::notifyPortClicked, this, &Panel::notifyPortClicked);
@@ -123,12 +124,19 @@ void CViewPortPanel::connectSidePanel(CLayoutSidePanel &panel)
     connect(&panel, &Side::viewSceneRectChanged, this, &Panel::showArea);
     connect(&panel, &Side::notifySaveMappingSuccessed, this, &Panel::onNotifySaveMappingSuccessed);
     connect(this, &Panel::notifySelectedPort, &panel, &Side::onNotifySelectedPort);
-    connect(&m_view, &CLayoutGraphicsView::notifySelectedItemAreas, &panel, &Side::onNotifySelectedItemAreas);
-    connect(this, &Panel::notifySelectedCabinetInfos, &panel, &Side::onNotifySelectedCabinetInfos);
+    connect(&m_view, &CLayoutGraphicsView::notifySelectionFigures, &panel, &Side::onSelectionFigures);
     connect(this, &Panel::notifySelectedCabinetGeometryChanged, &panel,
             &Side::onNotifySelectedCabinetGeometryChanged);
     connect(this, &Panel::notifySelectedPortGeometryChanged, &panel,
             &Side::onNotifySelectedPortGeometryChanged);
+}
+
+/// Records cost a walk over the selection, so that they are only built for somebody.
+void CViewPortPanel::tellRecords()
+{
+    static const auto infos = QMetaMethod::fromSignal(&CViewPortPanel::notifySelectedCabinetInfos);
+    if (isSignalConnected(infos))
+        Q_EMIT notifySelectedCabinetInfos(m_view.cabinetScene().selection().records());
 }
 
 void CViewPortPanel::tellPortAreas()

@@ -74,6 +74,7 @@ private:
     void block();
     void keepListHeight();
     void tellPortAreas();
+    void tellRecords();
     void showArea(const QRect &area);
     void restoreState();
     void fitList();

@@ -137,6 +137,15 @@ QString faultOfSelection(const CCabinetGraphicsScene &scene)
         if (group && group->isSelectedWithGroups())
             return QStringLiteral("a member is selected beside its group");
     }
+    const SSelectionFigures told = scene.selection().figures();
+    const SSelectionFigures counted = SSelectionFigures::of(scene.selection().records());
+    QRectF extent;
+    for (const CGraphicsItemBase *item : kept)
+        extent |= item->placement();
+    if (told.count != counted.count || told.pixels != counted.pixels || told.width != counted.width ||
+        told.height != counted.height || told.arranged.size() != kept.size() ||
+        scene.selection().extent() != CCabinetRect::toRecord(extent))
+        return QStringLiteral("the selection's figures are not those of its records");
     return {};
 }
 

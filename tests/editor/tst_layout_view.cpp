@@ -204,10 +204,10 @@ private Q_SLOTS:
 
     void figuresShapeTheSelection()
     {
-        QSignalSpy items(&view(), &CLayoutGraphicsView::notifySelectedItemAreas);
         m_mouse->scene().backend().picks().port(2, true); // two groups of two
-        QCoreApplication::processEvents();
-        QCOMPARE(items.last().first().value<QVector<QRect>>().size(), 2);
+        const SSelectionFigures figures = m_mouse->scene().selection().figures();
+        QCOMPARE(figures.arranged.size(), 2);
+        QCOMPARE(figures.count, 4);
         m_mouse->scene().clearSelection();
         QSignalSpy extents(&view(), &CLayoutGraphicsView::notifySelectedCabinetGeometryChanged);
         m_mouse->scene().backend().picks().port(0, true); // three in a row from the origin on

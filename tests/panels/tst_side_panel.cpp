@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/geometry/SSelectionFigures.h"
 #include "layout/panels/CBackupLabel.h"
 #include "layout/panels/CLayoutSidePanel.h"
 #include "platform/widgets/input/CRecoveryFocusSpinBox.h"
@@ -155,8 +156,13 @@ private Q_SLOTS:
         QVERIFY(world.field("Columns").isMixed());
         world.panel.onNotifySelectedCabinetInfos(cabinetsAt({{0, 0}, {100, 50}, {0, 50}}));
         QVERIFY(world.field("Rows").isMixed()); // the first row is not full
-        world.panel.onNotifySelectedItemAreas({QRect(0, 0, 200, 50), QRect(0, 50, 200, 50)}); // groups
-        world.panel.onNotifySelectedCabinetInfos(cabinetsAt({{0, 0}, {100, 0}, {0, 50}, {100, 50}}));
+        world.panel.onNotifySelectedCabinetInfos(cabinetsAt({{0, 0}, {1 << 20, 0}, {0, 50}})); // far apart
+        QCOMPARE(QSize(world.field("Columns").value(), world.field("Rows").value()), QSize(2, 2));
+        world.panel.onNotifySelectedCabinetInfos(cabinetsAt({{0, 0}, {100, 0}, {0, 0}})); // one on another
+        QVERIFY(world.field("Columns").isMixed());
+        SSelectionFigures groups = SSelectionFigures::of(cabinetsAt({{0, 0}, {100, 0}, {0, 50}, {100, 50}}));
+        groups.arranged = {QRect(0, 0, 200, 50), QRect(0, 50, 200, 50)};
+        world.panel.onSelectionFigures(groups);
         QCOMPARE(QSize(world.field("Columns").value(), world.field("Rows").value()), QSize(1, 2));
         const QSignalSpy ranks(&world.panel, &CLayoutSidePanel::notifySelectedCabinetRankChanged);
         world.type("Columns", "4");

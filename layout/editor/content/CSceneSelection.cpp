@@ -154,24 +154,46 @@ QList<CabinetLayout::CabinetPort::Cabinet> CSceneSelection::records() const
     return records;
 }
 
-QVector<QRect> CSceneSelection::itemAreas() const
+/// The port of @p items, which are all that are selected there, if they are cabinets, and all that it has;
+/// null otherwise. Its compact list is quicker to read than items that are scattered in memory.
+const CGraphicsPortItem *CSceneSelection::wholePort(const QVector<CGraphicsItemBase *> &items) const
 {
-    QVector<QRect> areas;
-    if (m_groupCount == 0)
-        return areas;
+    const CGraphicsPortItem *port = m_groupCount == 0 ? items.first()->portItem() : nullptr;
+    const bool maybe = port && 2 * items.size() > port->childItems().size(); // as many wires at most
+    return maybe && port->overview().places().size() == items.size() ? port : nullptr;
+}
+
+SSelectionFigures CSceneSelection::figures() const
+{
+    SSelectionFigures figures;
+    figures.arranged.reserve(m_count);
     for (const QVector<CGraphicsItemBase *> &items : m_items) {
+        if (const CGraphicsPortItem *port = wholePort(items)) {
+            for (const CPortOverview::SPlace &place : port->overview().places()) {
+                const QRect area = CCabinetRect::toRecord(place.rect);
+                figures.add(area);
+                figures.arranged << area;
+            }
+            continue;
+        }
         for (const CGraphicsItemBase *item : items)
-            areas << CCabinetRect::toRecord(item->mapRectToScene(item->rect()));
+            figures.arranged << CCabinetRect::toRecord(item->placement());
+        for (const CGraphicsCabinetItem *cabinet : cabinetsOf(items))
+            figures.add(CCabinetRect::toRecord(cabinet->placement()));
     }
-    return areas;
+    return figures;
 }
 
 QRect CSceneSelection::extent() const
 {
     QRectF extent;
     for (const QVector<CGraphicsItemBase *> &items : m_items) {
+        if (const CGraphicsPortItem *port = wholePort(items)) {
+            extent |= port->wall();
+            continue;
+        }
         for (const CGraphicsItemBase *item : items)
-            extent |= item->mapRectToScene(item->rect());
+            extent |= item->placement();
     }
     return CCabinetRect::toRecord(extent);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "layout/api/records/CabinetLayout.h"
+#include "layout/geometry/SSelectionFigures.h"
 
 #include <QList>
 #include <QMap>
@@ -35,9 +36,7 @@ public:
     QList<int> ports() const { return m_items.keys(); } ///< that hold selected items, ascending
     QVector<QUuid> uuids() const;                       ///< shared until the selection changes
     QList<CabinetLayout::CabinetPort::Cabinet> records() const;
-    /// The areas of the selected items, groups as wholes, canvas pixels. Empty if no group is selected: then
-    /// the records have them.
-    QVector<QRect> itemAreas() const;
+    SSelectionFigures figures() const;
     QRect extent() const; ///< of all selected items, canvas pixels; empty if nothing is selected
 
     /// Raises the ports among @p ports that hold selected items above the others.
@@ -52,6 +51,7 @@ public:
     const CGraphicsPortItem *closedPort() const; ///< the first of these ports, or null
 
 private:
+    const CGraphicsPortItem *wholePort(const QVector<CGraphicsItemBase *> &items) const;
     void count(const CGraphicsItemBase &item, int change);
 
     QMap<int, QVector<CGraphicsItemBase *>> m_items; // by port; none is empty

@@ -298,13 +298,13 @@ void CLayoutGraphicsView::onNotifySelectedItemGeometryChanged()
     m_selectionTold.start();
 }
 
-/// Once for all that happens until the event loop is back: records and extent cost a walk over the selection.
+/// Once for all that happens until the event loop is back, because it costs a walk over the selection.
 void CLayoutGraphicsView::tellSelection()
 {
     using View = CLayoutGraphicsView;
     static const auto infos = QMetaMethod::fromSignal(&View::notifySelectedCabinetInfos);
     static const auto geometry = QMetaMethod::fromSignal(&View::notifySelectedCabinetGeometryChanged);
-    Q_EMIT notifySelectedItemAreas(m_scene->selection().itemAreas());
+    Q_EMIT notifySelectionFigures(m_scene->selection().figures());
     if (isSignalConnected(infos))
         Q_EMIT notifySelectedCabinetInfos(m_scene->selection().records());
     if (isSignalConnected(geometry))

@@ -19,6 +19,7 @@ class CSceneInput;
 class CStatusWords;
 class IEditorCommands;
 class IPortStates;
+struct SSelectionFigures;
 
 /// Shows the cabinet scene, which it owns, and the tools that edit it. GUI thread.
 class CLayoutGraphicsView final : public CGraphicsView
@@ -60,9 +61,9 @@ public:
 Q_SIGNALS:
     /// The ports that hold the selection.
     void notifySelectedPort(const QList<int> &ports);
-    /// What an arrangement moves, canvas pixels: the areas of the selected items, groups as wholes. Empty if
-    /// no group is selected. Comes before the records.
-    void notifySelectedItemAreas(const QVector<QRect> &areas);
+    /// What is selected, once for all that happens until the event loop is back.
+    void notifySelectionFigures(const SSelectionFigures &figures);
+    /// The records of the selected cabinets, which cost more to build than all figures.
     void notifySelectedCabinetInfos(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets);
     /// The extent of the selection, canvas pixels; empty if nothing is selected.
     void notifySelectedCabinetGeometryChanged(const QRect &extent);
