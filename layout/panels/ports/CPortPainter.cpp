@@ -10,6 +10,7 @@
 #include <QCoreApplication>
 #include <QIcon>
 #include <QPainter>
+#include <QPixmapCache>
 
 #include <map>
 
@@ -72,6 +73,27 @@ const char *pictureName(CPortPainter::EArea area, const SPortFace &face, const C
     return hovered ? "append_hover" : "append_normal";
 }
 
+void drawFrame(QPainter &painter, const CPortPainter::SState &state)
+{
+    const QRectF whole(QPoint(0, 0), CPortPainter::Size);
+    const bool lit = state.enabled && (state.hovered || state.held);
+    QColor frame(state.checked ? ThemeColors::Text : lit ? ThemeColors::SoftText : ThemeColors::Frame);
+    if (lit)
+        frame = frame.lighter(110);
+    const qreal width = state.checked ? 2 : 1;
+    painter.setPen(QPen(frame, width));
+    painter.setBrush(cardColor(state));
+    painter.drawRoundedRect(whole.adjusted(width / 2, width / 2, -width / 2, -width / 2), CardRadius,
+                            CardRadius);
+    if (!state.focused)
+        return;
+    // Inside the frame, so that both can be seen.
+    const qreal inset = state.checked ? 3 : 2;
+    painter.setPen(QPen(QColor(ThemeColors::Focus), 2));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(whole.adjusted(inset, inset, -inset, -inset), 3, 3);
+}
+
 } // namespace
 
 QRect CPortPainter::areaRect(EArea area)
@@ -121,25 +143,29 @@ void CPortPainter::paintCard(const SState &state, const QRegion &exposed) const
         m_painter.fillRect(part, cardColor(state));
 }
 
+/// Round corners are half of what a button costs, so that frames are kept: all buttons have the same few.
 void CPortPainter::paintFrame(const SState &state) const
 {
-    const QRectF whole(QPoint(0, 0), Size);
-    const bool lit = state.enabled && (state.hovered || state.held);
-    QColor frame(state.checked ? ThemeColors::Text : lit ? ThemeColors::SoftText : ThemeColors::Frame);
-    if (lit)
-        frame = frame.lighter(110);
-    const qreal width = state.checked ? 2 : 1;
-    m_painter.setPen(QPen(frame, width));
-    m_painter.setBrush(cardColor(state));
-    m_painter.drawRoundedRect(whole.adjusted(width / 2, width / 2, -width / 2, -width / 2), CardRadius,
-                              CardRadius);
-    if (!state.focused)
-        return;
-    // Inside the frame, so that both can be seen.
-    const qreal inset = state.checked ? 3 : 2;
-    m_painter.setPen(QPen(QColor(ThemeColors::Focus), 2));
-    m_painter.setBrush(Qt::NoBrush);
-    m_painter.drawRoundedRect(whole.adjusted(inset, inset, -inset, -inset), 3, 3);
+    const qreal ratio = m_painter.device()->devicePixelRatioF();
+    const QString key = QStringLiteral("CPortPainter %1 %2%3%4%5%6")
+                            .arg(ratio)
+                            .arg(state.enabled)
+                            .arg(state.checked)
+                            .arg(state.hovered)
+                            .arg(state.held)
+                            .arg(state.focused);
+    QPixmap frame;
+    if (!QPixmapCache::find(key, &frame)) {
+        frame = QPixmap((QSizeF(Size) * ratio).toSize());
+        frame.setDevicePixelRatio(ratio);
+        frame.fill(Qt::transparent);
+        QPainter painter(&frame);
+        painter.setRenderHint(QPainter::Antialiasing);
+        drawFrame(painter, state);
+        painter.end();
+        QPixmapCache::insert(key, frame);
+    }
+    m_painter.drawPixmap(0, 0, frame);
 }
 
 void CPortPainter::paintLabel(const SPortFace &face, bool enabled) const
