@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/commands/CSheetExport.h"
+#include "layout/api/records/CPrintConfigJson.h"
 #include "layout/printing/dialog/CPrintDialog.h"
 #include "layout/printing/dialog/CPrintSettings.h"
 #include "layout/printing/dialog/CSheetPreview.h"
@@ -21,6 +22,7 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QSemaphore>
 #include <QSignalSpy>
 #include <QSpinBox>
@@ -150,6 +152,91 @@ private Q_SLOTS:
             dialog.reject();
         }
         QCOMPARE(PrintMemory::load().of(second).paper, PrintConfig::Letter);
+    }
+
+    /// What one project is printed with is not what others begin with; what the user changes is.
+    void keepsOnlyWhatWasChanged()
+    {
+        CFakeHost host;
+        const SPrintInput input = twoWalls();
+        const QUuid first = input.processors[0].node.uuid;
+        PrintConfig project;
+        project.venue = QStringLiteral("Hall");
+        project.pixelPitch = 2.604;
+        project.paper = PrintConfig::A2;
+        PrintMemory::save({PrintConfig(), {}, {{input.processors[1].node.uuid, QStringLiteral("10.0.0.8")}}});
+        CPrintDialog(input, {first}, {{first, project}}, nullptr).reject();
+        QVERIFY(PrintMemory::load().whole == PrintConfig());
+        QVERIFY(PrintMemory::load().own.isEmpty()); // an address alone is no settings
+        {
+            CPrintDialog dialog(input, {first}, {{first, project}}, nullptr);
+            dialog.findChild<CPrintSettings *>()->findChild<QComboBox *>()->setCurrentIndex(PrintConfig::A4);
+            for (auto *box : dialog.findChild<CPrintSettings *>()->findChildren<QCheckBox *>())
+                box->setChecked(false);
+            dialog.reject();
+        }
+        PrintConfig now = host.answers()->prints.value(first);
+        QCOMPARE(now.sheets, int(PrintConfig::AllSheets)); // nobody prints none each time
+        QCOMPARE(now.venue, project.venue);
+        QCOMPARE(PrintMemory::load().whole.venue, QString());
+        QVERIFY(!PrintMemory::load().whole.landscape);
+        // Usual settings of a project hold against others of the program.
+        PrintConfig usual;
+        usual.paper = PrintConfig::A0;
+        PrintMemory::save({usual, {}, {}});
+        const auto reread = CPrintConfigJson::config(CPrintConfigJson::toJson(PrintConfig().kept()), "print");
+        QCOMPARE(PrintMemory::opened(input, {first}, {{first, reread.value()}}).whole.paper, PrintConfig::A4);
+        QCOMPARE(PrintMemory::opened(input, {first}, {}).whole.paper, PrintConfig::A0);
+    }
+
+    void showsEveryValueOfAFile()
+    {
+        using Json = CPrintConfigJson;
+        PrintConfig config;
+        config.customPaper = {Json::LargestSide, 1.5};
+        config.bindingMargin = config.margin = Json::LargestMargin;
+        config.pixelPitch = 2.604;
+        config.rack = {true, Json::LargestDistance, Json::LargestDistance};
+        config.cables = {Json::LargestSlack, Json::LargestSlack, {Json::LongestStock}, 100};
+        CPrintSettings settings;
+        settings.show(config, true, false);
+        QVector<double> shown;
+        for (auto *box : settings.findChildren<QDoubleSpinBox *>())
+            shown << box->value();
+        QCOMPARE(shown, (QVector<double>{5000, 1.5, 100, 100, 2.604}));
+        QVector<int> whole;
+        for (auto *box : settings.findChildren<QSpinBox *>())
+            whole << box->value();
+        QCOMPARE(whole.mid(1, 5), (QVector<int>{1000000, 1000000, 100000, 100000, 100}));
+        QCOMPARE(settings.findChild<QDoubleSpinBox *>()->text(),
+                 settings.locale().toString(5000) + QStringLiteral(" mm"));
+    }
+
+    /// Also with the focus in the area that would scroll.
+    void turnsPagesByKeys()
+    {
+        CSheetPreview preview;
+        preview.show(someSheets(PrintConfig::PortSheets));
+        for (QWidget *focus :
+             {static_cast<QWidget *>(preview.findChild<QScrollArea *>()), static_cast<QWidget *>(&preview)}) {
+            QTest::keyClick(focus, Qt::Key_PageDown);
+            QTest::keyClick(focus, Qt::Key_PageDown);
+            QCOMPARE(preview.page(), 2);
+            QTest::keyClick(focus, Qt::Key_PageUp);
+            QCOMPARE(preview.page(), 1);
+            QTest::keyClick(focus, Qt::Key_Home, Qt::ControlModifier);
+            QCOMPARE(preview.page(), 0);
+        }
+    }
+
+    void aDateIsThatOfTheWholeJob()
+    {
+        SPrintJob job;
+        job.whole.date = QDate(2026, 5, 4);
+        const QUuid key = QUuid::createUuid();
+        job.own[key].paper = PrintConfig::A1;
+        QCOMPARE(job.of(key).date, job.whole.date);
+        QCOMPARE(job.of(key).paper, PrintConfig::A1);
     }
 
     void savesUnderAnyName()

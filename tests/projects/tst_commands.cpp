@@ -217,6 +217,8 @@ private Q_SLOTS:
                      ",192,0,64,32,Rental indoor P2.6,\"B\u00fchne, \"\"links\"\"\",1,1,4,499,0,wall\r");
         QCOMPARE(lines.at(8),
                  "2,," + uuid(1, 0) + ",128,0,64,32,,\"B\u00fchne, \"\"links\"\"\",,1,3,333,0,wall\r");
+        runHere({QStringLiteral("export"), wall(), path("table.csv"), QStringLiteral("--pitch=3.5")});
+        QVERIFY(ProjectSamples::contentOf(path("table.csv")).contains(",1,2,224,0,wall\r")); // 64 pixels
     }
 
     void exportsAPicture()
@@ -259,6 +261,9 @@ private Q_SLOTS:
         QCOMPARE(QImage(path("plan-2.png")).size(), QSize(585, 413));
         QCOMPARE(run("sheet.svg", "--sheets parts").out, path("sheet.svg") + QLatin1Char('\n'));
         QVERIFY(ProjectSamples::contentOf(path("sheet.svg")).contains(">Parts list<"));
+        run("sheet.svg", "--sheets parts --slack 6500,70 --stock 7,9 --pitch 10 --rack left,0,0");
+        const QByteArray parts = ProjectSamples::contentOf(path("sheet.svg"));
+        QVERIFY(parts.contains(">9<") && parts.contains(">870<")); // hops of 7,140 mm; a feed
         QCOMPARE(run("wall.svg", "--size 512x128").status, 0);
         QVERIFY(ProjectSamples::contentOf(path("wall.svg")).contains("viewBox=\"0 0 512 128\""));
     }

@@ -19,6 +19,7 @@ const QString sizeOption = QStringLiteral("--size");
 const QString dotsOption = QStringLiteral("--dpi");
 const QString sheetsOption = QStringLiteral("--sheets");
 const QString addressOption = QStringLiteral("--address");
+const QString pitchOption = QStringLiteral("--pitch");
 const QString keepOption = QStringLiteral("--keep");
 constexpr int FewestDots = 30;
 constexpr int MostDots = 600;
@@ -68,24 +69,26 @@ QString problemOf(const CCommandArguments &arguments, const QString &target)
                    ? QString()
                    : CExportCommand::tr("--address names more addresses than there are projects");
     for (const QString &option : arguments.given()) {
-        if (option != sizeOption && option != dotsOption)
-            return suffix == QLatin1String("csv")
-                       ? CExportCommand::tr("the option %1 is for sheets, a table has none").arg(option)
-                       : CExportCommand::tr(
-                             "the option %1 is for sheets: name those with --sheets, or write a .pdf")
-                             .arg(option);
+        const bool table = suffix == QLatin1String("csv");
+        if (option != sizeOption && option != dotsOption && !(table && option == pitchOption))
+            return table ? CExportCommand::tr("the option %1 is for sheets, a table has none").arg(option)
+                         : CExportCommand::tr(
+                               "the option %1 is for sheets: name those with --sheets, or write a .pdf")
+                               .arg(option);
     }
     return arguments.fileCount() == 2 ? QString()
                                       : CExportCommand::tr("only sheets can show several projects at once");
 }
 
 /// Writes the layout of one project.
-SCommandOutcome exportLayout(const SProcessorProject &project, const QString &target, const QSize &size,
-                             QTextStream &out)
+SCommandOutcome exportLayout(const SProcessorProject &project, const CCommandArguments &arguments,
+                             const QString &target, const QSize &size, QTextStream &out)
 {
     const LayoutData data = dataOf(project);
+    PrintConfig settings = project.print;
+    CPrintOptions::apply(arguments, settings);
     const CStatus written = CLayoutExport::kindOf(target) == CLayoutExport::Table
-                                ? CLayoutExport::writeTable(data, project.name, project.print, target)
+                                ? CLayoutExport::writeTable(data, project.name, settings, target)
                                 : CLayoutExport::write(data, target, size);
     if (!written)
         return SCommandOutcome::badInput(written.error());
@@ -162,7 +165,7 @@ QString CExportCommand::help()
               "  .csv        the cabinets as a table\n"
               "A picture of the layout:\n"
               "  --size WxH              pixels (1920 wide)\n"
-              "Sheets:\n"
+              "Sheets (for a table only --pitch):\n"
               "%1"
               "  --dpi N                 dots per inch of sheets as .png (%2)\n"
               "  --keep                  keeps these settings, but not the date, in the projects, for the "
@@ -210,5 +213,5 @@ SCommandOutcome CExportCommand::run(const QStringList &arguments, QTextStream &o
     }
     if (areSheets(given, QFileInfo(target).suffix().toLower()))
         return exportSheets(projects, given, target, dots, out);
-    return exportLayout(projects.first(), target, size, out);
+    return exportLayout(projects.first(), given, target, size, out);
 }

@@ -144,6 +144,7 @@ void readPaper(CStrictObject &object, PrintConfig &config)
     config.scale = object.smallIntegerOr(config.scale, "scale", 0, Json::LargestScale);
     config.grey = object.flagOr(config.grey, "grey");
     config.sheets = object.smallIntegerOr(config.sheets, "sheets", 0, PrintConfig::AllSheets);
+    config.own = object.has("sheets") && config.sheets == PrintConfig::AllSheets;
 }
 
 } // namespace
@@ -170,7 +171,7 @@ QJsonObject CPrintConfigJson::toJson(const PrintConfig &config)
     members.add("views", int(config.views), int(usual.views));
     members.add("scale", config.scale, usual.scale);
     members.add("grey", config.grey, usual.grey);
-    members.add("sheets", config.sheets, usual.sheets);
+    members.add("sheets", config.sheets, config.own ? 0 : usual.sheets);
     members.add("pixelPitch", config.pixelPitch, usual.pixelPitch);
     members.add("rack", rackJson(config.rack));
     members.add("cables", cablesJson(config.cables));

@@ -25,7 +25,7 @@ public:
     static constexpr int LongestStock = 10000;      ///< metres
     static constexpr int LargestScale = 1000;
 
-    /// Members with their default value are left out.
+    /// Members with their default value are left out, except one if all have theirs and the settings are own.
     static QJsonObject toJson(const PrintConfig &config);
     /// @p place is the value's place in its document, with which each error text begins.
     static CResult<PrintConfig> config(const QJsonValue &json, const char *place);

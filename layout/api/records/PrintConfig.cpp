@@ -9,14 +9,18 @@ PrintConfig PrintConfig::kept() const
     PrintConfig config = *this;
     config.processor = QUuid();
     config.date = QDate();
+    config.own = false;
+    PrintConfig settings = config;
+    settings.address.clear(); // is kept alone, too
+    config.own = settings == PrintConfig();
     return config;
 }
 
 bool operator==(const PrintConfig &a, const PrintConfig &b)
 {
     const auto texts = [](const PrintConfig &c) {
-        return std::tie(c.processor, c.address, c.project, c.venue, c.designer, c.auditor, c.date, c.notes,
-                        c.watermark, c.farEnd);
+        return std::tie(c.processor, c.own, c.address, c.project, c.venue, c.designer, c.auditor, c.date,
+                        c.notes, c.watermark, c.farEnd);
     };
     const auto paper = [](const PrintConfig &c) {
         return std::tie(c.paper, c.customPaper, c.landscape, c.binding, c.bindingMargin, c.margin, c.views,

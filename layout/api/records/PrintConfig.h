@@ -68,7 +68,8 @@ struct PrintConfig
     };
 
     QUuid processor;
-    QString address; ///< of the processor, for one that has no device; not for the whole job
+    bool own = false; ///< settings that were kept, although they are the usual ones
+    QString address;  ///< of the processor, for one that has no device; not for the whole job
     QString project;
     QString venue;
     QString designer;
@@ -93,7 +94,7 @@ struct PrintConfig
     SCables cables;
     SSupply supply;
 
-    /// Without processor and date, which no file keeps.
+    /// Without processor and date, which no file keeps; differs from settings that nobody has kept.
     PrintConfig kept() const;
 
     friend bool operator==(const PrintConfig &a, const PrintConfig &b);

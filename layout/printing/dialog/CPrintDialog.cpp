@@ -46,12 +46,6 @@ bool isTable(const QString &file)
     return QFileInfo(file).suffix().compare(QLatin1String("csv"), Qt::CaseInsensitive) == 0;
 }
 
-void date(PrintConfig &config)
-{
-    if (!config.date.isValid())
-        config.date = QDate::currentDate();
-}
-
 } // namespace
 
 CPrintDialog::CPrintDialog(const SPrintInput &input, const QList<QUuid> &chosen,
@@ -162,20 +156,24 @@ void CPrintDialog::done(int result)
 
 void CPrintDialog::keepSettings()
 {
-    SPrintJob remembered = m_job;
+    if (m_job.whole.sheets == 0)
+        m_job.whole.sheets = m_opened.whole.sheets; // a job without sheets is none to go on with
+    SPrintJob remembered = PrintMemory::load();
+    remembered.whole = PrintMemory::changed(remembered.whole, m_opened.whole, m_job.whole);
     for (int i = 0; i < m_input.processors.size(); ++i) {
         const QUuid key = m_input.processors.at(i).node.uuid;
-        const bool own = m_job.own.contains(key) || m_opened.own.contains(key);
+        const bool concerned = isChosen(i) || m_job.own.contains(key) || m_opened.own.contains(key);
         const PrintConfig now = m_job.of(key).kept();
-        const bool changed = now != m_opened.of(key).kept() && (own || isChosen(i));
-        const PrintConfig before = CHostAccess::call<&ILayoutInterfaceHandler::printSettings>(key);
-        const bool inProject = changed
-                                   ? CHostAccess::call<&ILayoutInterfaceHandler::setPrintSettings>(key, now)
-                                   : before != PrintConfig();
-        if (inProject) {
-            remembered.own.remove(key);
-            remembered.addresses.remove(key);
-        }
+        if (!concerned || now == m_opened.of(key).kept())
+            continue;
+        remembered.own.remove(key);
+        remembered.addresses.remove(key);
+        if (CHostAccess::call<&ILayoutInterfaceHandler::setPrintSettings>(key, now))
+            continue;
+        if (m_job.own.contains(key))
+            remembered.own.insert(key, m_job.own.value(key));
+        if (!now.address.isEmpty())
+            remembered.addresses.insert(key, now.address);
     }
     PrintMemory::save(remembered);
 }
@@ -206,6 +204,7 @@ void CPrintDialog::onScopeChanged()
     m_own->setVisible(!processor.isNull());
     m_own->setChecked(m_job.own.contains(processor));
     PrintConfig shown = m_job.own.value(processor, m_job.whole);
+    shown.date = m_job.whole.date;
     shown.address = m_job.addresses.value(addressed());
     m_settings->show(shown, processor.isNull(), !addressed().isNull());
     m_settings->widget()->setEnabled(processor.isNull() || m_own->isChecked());
@@ -243,9 +242,8 @@ void CPrintDialog::onSettingsChanged()
 SPrintJob CPrintDialog::job() const
 {
     SPrintJob job = m_job;
-    date(job.whole);
-    for (PrintConfig &config : job.own)
-        date(config);
+    if (!job.whole.date.isValid())
+        job.whole.date = QDate::currentDate();
     return job;
 }
 
@@ -350,10 +348,13 @@ void CPrintDialog::onSaveClicked()
         return CHostAccess::call<&ILayoutInterfaceHandler::writeFile>(name, content);
     };
     if (isTable(file)) {
-        begin(tr("Saving"), [input = chosenInput(), job = job(), file, write](const SheetFiles::Progress &) {
-            const QString problem = write(file, CCabinetTable::toCsv(SPrintPlan::of(input, job)));
-            return problem.isEmpty() ? CResult<QStringList>(QStringList{file})
-                                     : CResult<QStringList>::failure(problem);
+        using Names = CResult<QStringList>;
+        begin(tr("Saving"), [input = chosenInput(), job = job(), file, write](const auto &progress) -> Names {
+            const QByteArray table = CCabinetTable::toCsv(SPrintPlan::of(input, job));
+            if (!progress(0))
+                return QStringList();
+            const QString problem = write(file, table);
+            return problem.isEmpty() ? Names(QStringList{file}) : Names::failure(problem);
         });
         return;
     }

@@ -19,9 +19,10 @@
 
 namespace {
 
+using Json = CPrintConfigJson;
+
 constexpr int NotesHeight = 56;
 constexpr int UsualScale = 25;
-constexpr int LongestText = 200;
 
 QString shown(const QVector<int> &stock)
 {
@@ -31,6 +32,17 @@ QString shown(const QVector<int> &stock)
     return texts.join(QStringLiteral(", "));
 }
 
+/// A number that shows no more decimal places than it has.
+class CShortDecimal final : public QDoubleSpinBox
+{
+public:
+    CShortDecimal() { setDecimals(3); }
+    QString textFromValue(double value) const override
+    {
+        return locale().toString(value, 'f', QLocale::FloatingPointShortest);
+    }
+};
+
 /// Ascending, each once; empty if there is no length in it.
 QVector<int> stockOf(const QString &text)
 {
@@ -38,7 +50,8 @@ QVector<int> stockOf(const QString &text)
     const QStringList parts = text.split(QLatin1Char(','));
     for (const QString &part : parts) {
         const int metres = part.trimmed().toInt();
-        if (metres > 0 && !stock.contains(metres) && stock.size() < CPrintConfigJson::MostLengths)
+        if (metres > 0 && metres <= Json::LongestStock && !stock.contains(metres) &&
+            stock.size() < Json::MostLengths)
             stock << metres;
     }
     std::sort(stock.begin(), stock.end());
@@ -126,18 +139,18 @@ void CPrintSettings::addPaper()
                                    QStringLiteral("A1"), QStringLiteral("A0"), QStringLiteral("Letter"),
                                    QStringLiteral("Tabloid"), tr("Custom")},
                                   [](PrintConfig &config) -> PrintConfig::Paper & { return config.paper; });
-    m_ofCustomPaper << addDecimal(form, tr("Width"), tr(" mm"), 100, 2000,
+    m_ofCustomPaper << addDecimal(form, tr("Width"), tr(" mm"), 1, Json::LargestSide,
                                   [](PrintConfig &config) -> double & { return config.customPaper.rwidth(); })
                     << addDecimal(
-                           form, tr("Height"), tr(" mm"), 100, 2000,
+                           form, tr("Height"), tr(" mm"), 1, Json::LargestSide,
                            [](PrintConfig &config) -> double & { return config.customPaper.rheight(); });
     addFlag(form, tr("Landscape"), [](PrintConfig &config) -> bool & { return config.landscape; });
     addChoice<PrintConfig::Binding>(
         form, tr("Binding edge"), {tr("None"), tr("Left"), tr("Top")},
         [](PrintConfig &config) -> PrintConfig::Binding & { return config.binding; });
-    m_bindingMargin = addDecimal(form, tr("Its margin"), tr(" mm"), 0, 50,
+    m_bindingMargin = addDecimal(form, tr("Its margin"), tr(" mm"), 0, Json::LargestMargin,
                                  [](PrintConfig &config) -> double & { return config.bindingMargin; });
-    addDecimal(form, tr("Other margins"), tr(" mm"), 0, 50,
+    addDecimal(form, tr("Other margins"), tr(" mm"), 0, Json::LargestMargin,
                [](PrintConfig &config) -> double & { return config.margin; });
 }
 
@@ -174,13 +187,13 @@ void CPrintSettings::addCables()
     QFormLayout &form = *addGroup(tr("Signal cables"));
     addFlag(form, tr("Rack on the right, seen from the front"),
             [](PrintConfig &config) -> bool & { return config.rack.right; });
-    addNumber(form, tr("From wall to rack"), tr(" mm"), 0, 100000,
+    addNumber(form, tr("From wall to rack"), tr(" mm"), 0, Json::LargestDistance,
               [](PrintConfig &config) -> int & { return config.rack.distance; });
-    addNumber(form, tr("Wall above the floor"), tr(" mm"), 0, 100000,
+    addNumber(form, tr("Wall above the floor"), tr(" mm"), 0, Json::LargestDistance,
               [](PrintConfig &config) -> int & { return config.rack.lowerEdge; });
-    addNumber(form, tr("Slack of a hop"), tr(" mm"), 0, 100000,
+    addNumber(form, tr("Slack of a hop"), tr(" mm"), 0, Json::LargestSlack,
               [](PrintConfig &config) -> int & { return config.cables.hopSlack; });
-    addNumber(form, tr("Slack of a feed"), tr(" mm"), 0, 100000,
+    addNumber(form, tr("Slack of a feed"), tr(" mm"), 0, Json::LargestSlack,
               [](PrintConfig &config) -> int & { return config.cables.feedSlack; });
     addStock(form);
     addNumber(form, tr("Spares"), tr(" %"), 0, 100,
@@ -218,7 +231,7 @@ QFormLayout *CPrintSettings::addGroup(const QString &title)
 QWidget *CPrintSettings::addText(QFormLayout &form, const QString &label, const Access<QString> &access)
 {
     auto *line = new QLineEdit;
-    line->setMaxLength(LongestText);
+    line->setMaxLength(Json::LongestText);
     form.addRow(label, line);
     m_fields << [line, access](PrintConfig &config) {
         line->setText(access(config));
@@ -239,8 +252,8 @@ void CPrintSettings::addNotes(QFormLayout &form)
     m_fields << [edit](PrintConfig &config) { edit->setPlainText(config.notes); };
     connect(edit, &QPlainTextEdit::textChanged, this, [this, edit] {
         const QString text = edit->toPlainText();
-        if (text.size() > CPrintConfigJson::LongestText)
-            edit->setPlainText(text.left(CPrintConfigJson::LongestText)); // comes here again
+        if (text.size() > Json::LongestText)
+            edit->setPlainText(text.left(Json::LongestText)); // comes here again
         else
             change([&text](PrintConfig &config) { config.notes = text; });
     });
@@ -252,6 +265,7 @@ void CPrintSettings::addDate(QFormLayout &form)
     edit->setDisplayFormat(QStringLiteral("yyyy-MM-dd"));
     edit->setCalendarPopup(true);
     form.addRow(tr("Date"), edit);
+    m_ofJob << edit;
     m_fields << [edit](PrintConfig &config) {
         edit->setDate(config.date.isValid() ? config.date : QDate::currentDate());
     };
@@ -264,7 +278,7 @@ void CPrintSettings::addStock(QFormLayout &form)
     auto *line = new QLineEdit;
     line->setToolTip(tr("Lengths that cables are rounded up to, in metres, separated by commas"));
     line->setValidator(new QRegularExpressionValidator(
-        QRegularExpression(QStringLiteral("[ ]*\\d{1,3}([ ]*,[ ]*\\d{1,3})*[ ]*")), line));
+        QRegularExpression(QStringLiteral("[ ]*\\d{1,5}([ ]*,[ ]*\\d{1,5})*[ ]*")), line));
     form.addRow(tr("Lengths in stock, m"), line);
     m_fields << [line](PrintConfig &config) {
         line->setText(shown(config.cables.stock));
@@ -296,9 +310,8 @@ QWidget *CPrintSettings::addNumber(QFormLayout &form, const QString &label, cons
 QWidget *CPrintSettings::addDecimal(QFormLayout &form, const QString &label, const QString &unit,
                                     double least, double most, const Access<double> &access)
 {
-    auto *box = new QDoubleSpinBox;
+    auto *box = new CShortDecimal;
     box->setRange(least, most);
-    box->setDecimals(1);
     box->setSuffix(unit);
     box->setKeyboardTracking(false);
     form.addRow(label, box);
@@ -334,7 +347,7 @@ void CPrintSettings::addScale(QFormLayout &form)
 {
     auto *fit = new QCheckBox(tr("Fit the wall to the sheet"));
     m_scale = new QSpinBox;
-    m_scale->setRange(1, 1000);
+    m_scale->setRange(1, Json::LargestScale);
     m_scale->setPrefix(QStringLiteral("1 : "));
     m_scale->setKeyboardTracking(false);
     form.addRow(fit);

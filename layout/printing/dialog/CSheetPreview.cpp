@@ -85,6 +85,7 @@ void CSheetPreview::buildUi()
     m_area->setAlignment(Qt::AlignCenter);
     m_area->setFocusPolicy(Qt::StrongFocus);
     m_area->setAccessibleName(tr("Preview"));
+    m_area->installEventFilter(this);
     m_area->viewport()->installEventFilter(this);
     m_number = new QSpinBox;
     m_number->setAccessibleName(tr("Sheet"));
@@ -170,7 +171,10 @@ void CSheetPreview::updatePage()
 
 bool CSheetPreview::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() != QEvent::Wheel)
+    // The area would scroll before it passes keys and wheel on.
+    if (event->type() == QEvent::KeyPress && watched == m_area && take(*static_cast<QKeyEvent *>(event)))
+        return true;
+    if (event->type() != QEvent::Wheel || watched == m_area)
         return QWidget::eventFilter(watched, event);
     auto *wheel = static_cast<QWheelEvent *>(event);
     const int delta = wheel->angleDelta().y();
@@ -185,23 +189,30 @@ bool CSheetPreview::eventFilter(QObject *watched, QEvent *event)
 
 void CSheetPreview::keyPressEvent(QKeyEvent *event)
 {
-    const bool control = event->modifiers() & Qt::ControlModifier;
-    if (event->key() == Qt::Key_PageUp)
+    if (!take(*event))
+        QWidget::keyPressEvent(event);
+}
+
+bool CSheetPreview::take(const QKeyEvent &event)
+{
+    const bool control = event.modifiers() & Qt::ControlModifier;
+    if (event.key() == Qt::Key_PageUp)
         turn(-1);
-    else if (event->key() == Qt::Key_PageDown)
+    else if (event.key() == Qt::Key_PageDown)
         turn(1);
-    else if (event->key() == Qt::Key_Home && control)
+    else if (event.key() == Qt::Key_Home && control)
         m_number->setValue(1);
-    else if (event->key() == Qt::Key_End && control)
+    else if (event.key() == Qt::Key_End && control)
         m_number->setValue(m_sheets.size());
-    else if (control && (event->key() == Qt::Key_Plus || event->key() == Qt::Key_Equal))
+    else if (control && (event.key() == Qt::Key_Plus || event.key() == Qt::Key_Equal))
         zoom(ZoomStep);
-    else if (control && event->key() == Qt::Key_Minus)
+    else if (control && event.key() == Qt::Key_Minus)
         zoom(1 / ZoomStep);
-    else if (control && event->key() == Qt::Key_0)
+    else if (control && event.key() == Qt::Key_0)
         zoom(0);
     else
-        QWidget::keyPressEvent(event);
+        return false;
+    return true;
 }
 
 void CSheetPreview::resizeEvent(QResizeEvent *event)

@@ -37,6 +37,8 @@ private:
     class CPage;
 
     void buildUi();
+    /// Returns whether the key is one of the preview's.
+    bool take(const QKeyEvent &event);
     void turn(int pages);
     void zoom(double factor);
     void updatePage();

@@ -39,10 +39,9 @@ SPrintJob PrintMemory::load()
     job.whole = configOf(read(wholeKey()));
     const QJsonObject own = read(ownKey());
     for (auto it = own.begin(); it != own.end(); ++it) {
-        PrintConfig config = configOf(it.value());
-        config.processor = QUuid(it.key());
-        if (!config.processor.isNull())
-            job.take(config.processor, config);
+        const QUuid processor(it.key());
+        if (!processor.isNull())
+            job.take(processor, configOf(it.value()));
     }
     return job;
 }
@@ -57,12 +56,29 @@ SPrintJob PrintMemory::opened(const SPrintInput &input, const QList<QUuid> &chos
         if (kept.contains(key))
             job.take(key, kept.value(key));
         if (first && chosen.contains(key) && kept.contains(key) && job.own.contains(key))
-            job.whole = job.own.value(key).kept();
+            job.whole = job.own.value(key);
         first = first && !chosen.contains(key);
     }
     for (auto own = job.own.begin(); own != job.own.end();)
-        own = own->kept() == job.whole ? job.own.erase(own) : own + 1;
+        own = *own == job.whole ? job.own.erase(own) : own + 1;
     return job;
+}
+
+PrintConfig PrintMemory::changed(const PrintConfig &usual, const PrintConfig &opened,
+                                 const PrintConfig &closed)
+{
+    const QJsonObject before = CPrintConfigJson::toJson(opened);
+    const QJsonObject after = CPrintConfigJson::toJson(closed);
+    QJsonObject made = CPrintConfigJson::toJson(usual);
+    const QStringList keys = before.keys() + after.keys();
+    for (const QString &key : keys) {
+        if (before.value(key) == after.value(key))
+            continue;
+        made.remove(key); // to the default, which has no member
+        if (after.contains(key))
+            made.insert(key, after.value(key));
+    }
+    return configOf(made);
 }
 
 void PrintMemory::save(const SPrintJob &job)
@@ -72,6 +88,8 @@ void PrintMemory::save(const SPrintJob &job)
     for (int i = 0; i < known.size() && own.size() < MostOwnSettings; ++i) {
         PrintConfig config = job.own.value(known.at(i));
         config.address = job.addresses.value(known.at(i));
+        if (job.own.contains(known.at(i)))
+            config = config.kept();
         own[known.at(i).toString()] = CPrintConfigJson::toJson(config);
     }
     const auto write = [](const QString &key, const QJsonObject &json) {

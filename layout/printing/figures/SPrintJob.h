@@ -17,6 +17,7 @@ struct SPrintJob
     PrintConfig of(const QUuid &processor) const
     {
         PrintConfig config = own.value(processor, whole);
+        config.date = whole.date; // of the whole job
         config.address = addresses.value(processor);
         return config;
     }
@@ -26,7 +27,9 @@ struct SPrintJob
         if (!kept.address.isEmpty())
             addresses[processor] = kept.address;
         kept.address.clear();
-        if (kept != PrintConfig())
+        const bool any = kept != PrintConfig();
+        kept.own = false;
+        if (any)
             own[processor] = kept;
     }
 };

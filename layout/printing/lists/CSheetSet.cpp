@@ -84,6 +84,8 @@ CSheetSet::CSheetSet(const SPrintPlan &plan, const CCoverSheet::Walls &walls, in
 
 QString CSheetSet::problemOf(const SPrintPlan &plan)
 {
+    if (plan.config.sheets == 0)
+        return tr("No sheet is chosen.");
     QVector<PrintConfig> configs{plan.config};
     for (const SPlanProcessor &processor : plan.processors)
         configs << processor.config;
