@@ -12,15 +12,20 @@
 #include "platform/widgets/CTheme.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/harness/DialogUser.h"
 
 #include <QAccessible>
 #include <QAction>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QGraphicsView>
 #include <QIcon>
 #include <QLabel>
 #include <QMenu>
+#include <QPushButton>
+#include <QSpinBox>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QToolButton>
 #include <QTreeView>
 
@@ -40,7 +45,7 @@ Widget *findVisible(const QWidget &below, Matches matches)
 template <typename Button = QAbstractButton>
 Button *visibleButton(const QWidget &below, const char *textOrTip)
 {
-    const QString wanted = QLatin1String(textOrTip);
+    const QString wanted = QString::fromUtf8(textOrTip);
     return findVisible<Button>(below, [&wanted](const Button &button) {
         return button.text() == wanted || button.toolTip() == wanted;
     });
@@ -265,6 +270,28 @@ private Q_SLOTS:
         action("Refuse requests")->trigger();
         QCOMPARE(reportOf("Read"), QStringLiteral("Read mapping failed."));
         action("No faults")->trigger();
+    }
+
+    /// By key; by the tool bar it is the same command.
+    void theWiringPlanIsOpenedByKey()
+    {
+        click(QStringLiteral("Lobby"));
+        m_window->activateWindow();
+        QTRY_COMPARE(QApplication::activeWindow(), m_window.get());
+        int sheets = 0;
+        QTimer look; // the dialog is modal
+        const QDeadlineTimer patience(PatienceMilliseconds);
+        connect(&look, &QTimer::timeout, &look, [&sheets, patience] {
+            auto *dialog = QApplication::activeModalWidget();
+            auto *save = dialog ? visibleButton<QPushButton>(*dialog, "Save as…") : nullptr;
+            if (save && save->isEnabled())
+                sheets = named<QSpinBox>(*dialog, "Sheet")->maximum();
+            if (dialog && (sheets > 0 || patience.hasExpired()))
+                dialog->close();
+        });
+        look.start(20);
+        QTest::keyClick(m_window.get(), Qt::Key_P, Qt::ControlModifier); // until the dialog is closed
+        QVERIFY(sheets > 4);
     }
 
     void titleBarControlsReachModuleAndRightBar()
