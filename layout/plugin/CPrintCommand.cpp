@@ -45,10 +45,17 @@ SPrintInput CPrintCommand::input()
     SPrintInput input;
     const QList<Node> nodes = CHostAccess::call<&Host::processors>();
     for (const Node &node : nodes) {
-        input.names.insert(node.uuid, node.displayText());
+        input.others.insert(node.uuid, node);
         const LayoutData data = CHostAccess::call<&Host::layoutData>(node.uuid);
         if (hasCabinets(data.layout))
             input.processors << printed(node, data);
+    }
+    const QList<QPair<QUuid, QUuid>> pairs = CHostAccess::call<&Host::processorRedundancies>();
+    for (SPrintedProcessor &processor : input.processors) {
+        for (const auto &pair : pairs) {
+            if (pair.first == processor.node.uuid)
+                processor.redundancy = pair.second;
+        }
     }
     input.library = CHostAccess::call<&Host::typeLibrary>();
     return input;

@@ -308,11 +308,33 @@ private Q_SLOTS:
                 p.layout.ports[0].index = 1;
                 p.layout.ports.remove(1);
             },
-            [](SProcessorProject &p) { p.layout.ports[0].redundancy = Port::Primary; }};
+            [](SProcessorProject &p) { p.layout.ports[0].redundancy = Port::Primary; },
+            [](SProcessorProject &p) {
+                p.layout.ports[0].redundancy = Port::Primary;
+                p.layout.ports[0].redundancyProcessor = QUuid::createUuidV5(QUuid(), QStringLiteral("B"));
+            }};
         QSet<QString> versions{version};
         for (const Change &change : other)
             versions << versionAfter(change);
         QCOMPARE(versions.size(), other.size() + 1);
+    }
+
+    /// All strings end in the processor that takes over.
+    void namesTheRedundancyProcessor()
+    {
+        SPrintInput input = CSheetExport::inputOf({ProjectSamples::ofWall(CWallBuilder::Small)});
+        ProcessorTree::ProcessorNode spare;
+        spare.uuid = input.processors[0].redundancy = QUuid::createUuid();
+        spare.name = QStringLiteral("Spare");
+        spare.address = 0x0A000009;
+        input.others.insert(spare.uuid, spare);
+        const SPlanProcessor printed = SPrintPlan::of(input, {}).processors.first();
+        QCOMPARE(printed.farEnd, QStringLiteral("Spare(10.0.0.9)"));
+        QVERIFY(printed.port(7)->looped);
+        QCOMPARE(printed.port(7)->redundancyText(), QStringLiteral("Spare, port 8"));
+        SPrintJob job;
+        job.whole.farEnd = QStringLiteral("Other");
+        QCOMPARE(SPrintPlan::of(input, job).processors.first().farEnd, job.whole.farEnd);
     }
 
     void versionIsTheSameInEveryJob()

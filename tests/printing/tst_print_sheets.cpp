@@ -53,6 +53,15 @@ QVector<SSheetText> textsOf(const SSheet &sheet)
     return texts;
 }
 
+/// All texts, one after the other.
+QString wholeText(const SSheet &sheet)
+{
+    QStringList parts;
+    for (const SSheetText &text : textsOf(sheet))
+        parts << text.text;
+    return parts.join(QLatin1Char(' '));
+}
+
 bool has(const SSheet &sheet, const char *wanted)
 {
     const QVector<SSheetText> texts = textsOf(sheet);
@@ -164,6 +173,77 @@ private Q_SLOTS:
             QVERIFY2(touchingTexts(sheet).isEmpty(),
                      qPrintable(sheet.title + QStringLiteral(": ") + touchingTexts(sheet)));
         }
+        QVERIFY(wholeText(sheets.first()).contains(strangeWall().name)); // wrapped, not cut
+    }
+
+    void breaksTextsAnywhereRatherThanCutThem()
+    {
+        const QString texts[] = {QString::fromUtf8("\u5317\u4eac\u4f53\u80b2\u573a").repeated(9),
+                                 QStringLiteral("Lichtwandverkabelungsplan").repeated(3),
+                                 QStringLiteral("north stand, row 5, behind the goal")};
+        for (const QString &text : texts) {
+            const QStringList lines = CSheetFont::lines(text, 9, false, 30);
+            QVERIFY(lines.size() > 1);
+            for (const QString &line : lines)
+                QVERIFY2(CSheetFont::width(line, 9, false) <= 30, qPrintable(line));
+            QCOMPARE(lines.join(QString()).remove(QLatin1Char(' ')), QString(text).remove(QLatin1Char(' ')));
+        }
+        QCOMPARE(CSheetFont::lines(texts[2], 9, false, 30).first(), QStringLiteral("north stand, row 5,"));
+    }
+
+    /// Title block, view and feeds on every sheet; in grey without any colour.
+    void tellsOnEverySheetWhatItBelongsTo()
+    {
+        PrintConfig config = configOf(PrintConfig::A4);
+        config.sheets = PrintConfig::AllSheets;
+        config.views = PrintConfig::BothViews;
+        config.designer = QStringLiteral("Weber");
+        config.auditor = QStringLiteral("Ito");
+        config.grey = true;
+        const SProcessorProject project = ProjectSamples::ofWall(CWallBuilder::Medium);
+        const SPrintPlan plan = SPrintPlan::of(CSheetExport::inputOf({project}), {config, {}, {}});
+        const QVector<SSheet> sheets = CSheetSet::of(plan).value();
+        for (int i = 0; i < sheets.size(); ++i) {
+            const SSheet &sheet = sheets.at(i);
+            for (const QString &told : {config.designer, config.auditor, config.project, config.farEnd,
+                                        QStringLiteral("2026-05-04"), plan.processors.first().version})
+                QVERIFY2(has(sheet, told.toUtf8().constData()), qPrintable(told));
+            const bool back = sheet.view == SSheet::Back;
+            QVERIFY(has(sheet, "BACK VIEW") == back && has(sheet, "FRONT VIEW") == !back);
+            for (const SSheetMark &mark : sheet.marks) {
+                const QColor color = std::visit([](const auto &shown) { return shown.color; }, mark);
+                QVERIFY(!color.isValid() || color.saturation() == 0);
+            }
+            QCOMPARE(sheet.frame.left(), i % 2 == 0 ? 20.0 : 10.0); // bound at the other edge
+            QCOMPARE(sheet.size.width() - sheet.frame.right(), i % 2 == 0 ? 10.0 : 20.0);
+            if (const SPlanPort *port = plan.processors.first().port(sheet.port)) {
+                const QString name = QStringLiteral("port %1").arg(port->index + 1);
+                const QString feed = QStringLiteral("cable %1 m").arg(port->feed.stock);
+                QVERIFY(has(sheet, qPrintable(name)) && has(sheet, qPrintable(feed)));
+            }
+        }
+        config.grey = false;
+        const QVector<SSheet> coloured = sheetsOf(config, {project});
+        QVERIFY(std::any_of(coloured.at(2).marks.begin(), coloured.at(2).marks.end(), [](const auto &mark) {
+            return std::visit([](const auto &shown) { return shown.color.saturation() > 0; }, mark);
+        }));
+    }
+
+    /// An empty side where the sheets before are odd in number.
+    void showsBothViewsOnOneLeaf()
+    {
+        PrintConfig config = configOf(PrintConfig::A4);
+        config.views = PrintConfig::BothViews;
+        for (int before : {0, int(PrintConfig::Cover), PrintConfig::Cover | PrintConfig::PortTable}) {
+            config.sheets = before | PrintConfig::Overview | PrintConfig::PortSheets;
+            const QVector<SSheet> sheets = sheetsOf(config, {ProjectSamples::ofWall(CWallBuilder::Small)});
+            QCOMPARE(sheets.size() % 2, 0);
+            for (int i = 0; i < sheets.size(); ++i) {
+                if (!sheets.at(i).list)
+                    QCOMPARE(sheets.at(i).view, i % 2 == 0 ? SSheet::Front : SSheet::Back);
+            }
+            QVERIFY(before == 0 || has(sheets.first(), "5 to 20"));
+        }
     }
 
     void numbersSheetsAndListsEveryCabinet()
@@ -189,6 +269,7 @@ private Q_SLOTS:
             }
         }
         QCOMPARE(places.size(), 240);
+        QVERIFY(wholeText(sheets.at(3)).contains(QStringLiteral(" pixels; port 4 goes on")));
         const char *const totals[] = {"8,847,360", "60.00 m\u00b2", "1,680.0 kg",
                                       "38,400 W",  "19,200 W",      "3 to 7"};
         for (const char *text : totals)
@@ -248,8 +329,9 @@ private Q_SLOTS:
             };
             const int capacity = 5 + random.bounded(20);
             const auto parts = CSheetTable::parts(
-                rows, {sumOf(rows.size())}, [capacity](int) { return capacity; }, sumOf);
+                rows, {sumOf(rows.size())}, [capacity](int) { return capacity; }, sumOf, round % 2 == 0);
             int done = 0;
+            QString heading;
             for (int i = 0; i < parts.size(); ++i) {
                 QVector<STableRow> part = parts.at(i);
                 QVERIFY(part.size() <= capacity);
@@ -257,10 +339,16 @@ private Q_SLOTS:
                     QCOMPARE(part.first().cells.at(0).text, QStringLiteral("brought forward"));
                     QCOMPARE(part.takeFirst().cells.at(1).text.toInt(), done);
                 }
+                if (round % 2 == 0 && i > 0 && part.size() > 1 && !heading.isEmpty() && done < rows.size() &&
+                    rows.at(done).kind == STableRow::Plain)
+                    QCOMPARE(part.takeFirst().cells.at(1).text, heading);
                 const STableRow last = part.takeLast();
                 QVERIFY(part.size() < 2 || i + 1 == parts.size() || part.last().kind != STableRow::Heading);
-                for (const STableRow &row : qAsConst(part))
+                for (const STableRow &row : qAsConst(part)) {
                     QCOMPARE(row.cells.at(1).text, rows.at(done++).cells.at(1).text);
+                    if (row.kind == STableRow::Heading)
+                        heading = row.cells.at(1).text;
+                }
                 QCOMPARE(last.cells.at(1).text.toInt(), done);
                 QCOMPARE(last.kind == STableRow::Sum, i + 1 < parts.size());
             }

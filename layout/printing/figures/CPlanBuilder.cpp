@@ -54,6 +54,12 @@ SPlanTotals totalsOf(const SPlanCabinet &cabinet, const SPlanType &type)
     return totals;
 }
 
+QString shownName(const ProcessorTree::ProcessorNode &node, const QString &address)
+{
+    return node.address != 0 || address.isEmpty() ? node.displayText()
+                                                  : QStringLiteral("%1(%2)").arg(node.name, address);
+}
+
 } // namespace
 
 CPlanBuilder::CPlanBuilder(const SPrintInput &input, const SPrintJob &job)
@@ -84,9 +90,10 @@ SPlanProcessor CPlanBuilder::processor(const SPrintedProcessor &source)
     SPlanProcessor made;
     made.source = source;
     made.config = m_job.of(source.layout.processor);
-    made.name = source.node.address != 0 || made.config.address.isEmpty()
-                    ? source.node.displayText()
-                    : QStringLiteral("%1(%2)").arg(source.node.name, made.config.address);
+    made.name = shownName(source.node, made.config.address);
+    made.farEnd = made.config.farEnd.isEmpty() && !source.redundancy.isNull()
+                      ? nameOf(source.redundancy, true)
+                      : made.config.farEnd;
     made.pixels = source.layout.boundingRect();
     const int highest = source.layout.ports.isEmpty() ? 0 : source.layout.ports.last().index + 1;
     for (int index = 0; index < std::max(source.portCount, highest); ++index)
@@ -145,22 +152,28 @@ void CPlanBuilder::giveRedundancy(SPlanPort &port, const Port &record, const SPl
         if (port.redundant && here)
             port.added = 0; // the primary counts for both
         port.redundancyPort = record.redundancyPort;
-        port.redundancyName = other.isNull() ? processor.source.node.name : nameOf(other);
+        port.redundancyName = here ? processor.source.node.name : nameOf(other, false);
+        port.redundancyShown = here ? processor.name : nameOf(other, true);
+        port.redundancyKey = here ? QString() : other.toString();
         port.looped = record.redundancy == Port::Primary && port.hasCabinets();
-    } else if (!processor.config.farEnd.isEmpty() && !port.chain.isEmpty()) {
+    } else if (!processor.farEnd.isEmpty() && !port.chain.isEmpty()) {
         port.redundancyPort = port.index;
-        port.redundancyName = processor.config.farEnd.section(QLatin1Char('('), 0, 0).trimmed();
+        port.redundancyShown = port.redundancyKey = processor.farEnd;
+        port.redundancyName = processor.farEnd.section(QLatin1Char('('), 0, 0).trimmed();
         port.looped = true;
     }
 }
 
-QString CPlanBuilder::nameOf(const QUuid &processor) const
+QString CPlanBuilder::nameOf(const QUuid &processor, bool shown) const
 {
+    ProcessorTree::ProcessorNode node = m_input.others.value(processor);
     for (const SPrintedProcessor &printed : m_input.processors) {
         if (printed.layout.processor == processor)
-            return printed.node.name;
+            node = printed.node;
     }
-    return m_input.names.value(processor, tr("another processor"));
+    if (node.name.isEmpty())
+        return tr("another processor");
+    return shown ? shownName(node, m_job.of(processor).address) : node.name;
 }
 
 int CPlanBuilder::typeOf(const Cabinet &cabinet, double pitch)

@@ -24,7 +24,8 @@ private:
     SPlanPort port(const SPrintedProcessor &source, int index, SPlanProcessor &into);
     void addCabinets(QVector<Port::Cabinet> cabinets, SPlanPort &port, SPlanProcessor &into);
     void giveRedundancy(SPlanPort &port, const Port &record, const SPlanProcessor &processor) const;
-    QString nameOf(const QUuid &processor) const;
+    /// The other processor of a pair; @p shown: with its address.
+    QString nameOf(const QUuid &processor, bool shown) const;
     int typeOf(const Port::Cabinet &cabinet, double pitch);
     void place(SPlanProcessor &processor) const;
     void sum(SPlanProcessor &processor) const;

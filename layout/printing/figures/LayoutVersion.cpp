@@ -56,11 +56,14 @@ QString LayoutVersion::of(const SPlanProcessor &processor)
     digest.add(processor.source.colorDepth);
     digest.add(QRect({0, 0}, processor.source.canvas));
     for (const SPlanPort &port : processor.ports) {
-        if (!port.hasCabinets())
+        if (!port.isUsed())
             continue;
         digest.add(port.index);
         digest.add(port.redundant ? 2 : port.looped ? 1 : 0);
-        digest.add(port.redundancyPort);
+        if (port.redundant || port.looped) {
+            digest.add(port.redundancyPort);
+            digest.add(port.redundancyKey);
+        }
         addCabinets(digest, processor, port.chain);
         addCabinets(digest, processor, port.unwired);
     }

@@ -25,6 +25,7 @@ struct SPrintedProcessor
     int colorDepth = 8;         ///< bits
     qint64 pixelLimit = 0;      ///< what the processor can drive in all; 0: unknown
     QMap<int, SPortLoad> loads; ///< by output-port index; of every port
+    QUuid redundancy;           ///< the processor that takes over when this one fails; null: none
 };
 
 /// What is printed. A value: what happens to the layout later does not change it.
@@ -38,7 +39,8 @@ struct SPrintInput
                                               ///< stands in for cabinets without a type
     /// Where the types come from that are not known yet, see takeTypes().
     QVector<SSettings::TypeLibrary::STreeNode> library;
-    QMap<QUuid, QString> names; ///< of processors that hold the other ports of pairs
+    QMap<QUuid, ProcessorTree::ProcessorNode>
+        others; ///< processors that may be redundancy, or hold ports of pairs
 
     /// Sets the types of all cabinets of the processors from the library. Looks at every cabinet.
     void takeTypes();

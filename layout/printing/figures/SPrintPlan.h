@@ -80,6 +80,8 @@ struct SPlanPort
     bool locked = false;
     bool looped = false;     ///< the end of the chain is looped back
     QString redundancyName;  ///< of the processor that it is looped back to
+    QString redundancyShown; ///< the same with its address
+    QString redundancyKey;   ///< tells that processor apart, the same in every job; empty: its own one
     int redundancyPort = -1; ///< output-port index there, from 0
     bool redundant = false;  ///< it is the redundancy port of a pair
     QVector<SCableRun> hops; ///< from each cabinet of the chain to the next
@@ -99,6 +101,7 @@ struct SPlanProcessor
     SPrintedProcessor source;
     PrintConfig config;             ///< that its sheets are made with
     QString name;                   ///< "name (address)", or the name
+    QString farEnd;                 ///< the processor that all strings are looped back to; empty: none
     QString version;                ///< of the layout, "C379-AAD8"
     QVector<SPlanCabinet> cabinets; ///< by port, then by place in the chain, then those without wiring
     QVector<SPlanPort> ports;       ///< every output port of the processor, ascending

@@ -188,9 +188,12 @@ QStringList COverviewSheets::notes() const
                  .arg(SheetNumbers::whole(rack.distance));
     notes << tr("Lower edge of the wall: %1 mm above the floor.").arg(SheetNumbers::whole(rack.lowerEdge));
     const auto &ports = m_wall.ports();
-    const int looped =
-        int(std::count_if(ports.begin(), ports.end(), [](auto *port) { return port->looped; }));
-    if (looped > 0 && looped == ports.size())
+    const auto count = [&ports](auto what) { return int(std::count_if(ports.begin(), ports.end(), what)); };
+    const int looped = count([](auto *port) { return port->looped; });
+    const bool one = looped > 0 && count([&ports](auto *port) {
+                                       return port->redundancyShown == ports.first()->redundancyShown;
+                                   }) == ports.size();
+    if (one && looped == ports.size())
         notes << tr("Each string is looped back to %1.").arg(ports.first()->redundancyName);
     else if (looped > 0)
         notes << tr("%1 of %2 strings are looped back.").arg(looped).arg(ports.size());

@@ -65,7 +65,7 @@ QStringList CPortFeed::textsOf(bool loop) const
     const SCableRun &run = loop ? port.loop : port.feed;
     QStringList texts = CSheetFont::lines(name, TablePoints, false, BoxWidth - 2 * BoxPadding);
     if (texts.size() > 2) // its middle goes
-        texts = QStringList{texts.first(), CSheetFont::elided(texts.mid(1).join(QLatin1Char(' ')),
+        texts = QStringList{texts.first(), CSheetFont::elided(name.mid(texts.first().size()).trimmed(),
                                                               TablePoints, false, BoxWidth - 2 * BoxPadding)};
     texts << tr("port %1").arg(number + 1);
     texts << (run.stock > 0 ? tr("cable %1 m").arg(run.stock) : tr("cable over %1 m").arg(run.need / 1000));

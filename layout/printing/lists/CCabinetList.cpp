@@ -75,15 +75,18 @@ QVector<SSheet> CCabinetList::sheets(const SPrintPlan &plan, int processor, cons
     const SPlanProcessor &printed = plan.processors.at(processor);
     QVector<STableRow> rows;
     QVector<QPair<int, qint64>> done{{0, 0}}; // cabinets and pixels of the first rows
+    QVector<int> portOf;                      // of each row; -1: it is a heading
     for (const SPlanPort &port : printed.ports) {
         if (!port.hasCabinets())
             continue;
         rows << portHeading(port);
+        portOf << -1;
         done << done.last();
         for (int index : port.chain + port.unwired) {
             const SPlanCabinet &cabinet = printed.cabinets.at(index);
             const qint64 pixels = qint64(cabinet.pixels.width()) * cabinet.pixels.height();
             rows << cabinetRow(cabinet, plan);
+            portOf << port.index;
             done << qMakePair(done.last().first + 1, done.last().second + pixels);
         }
     }
@@ -104,7 +107,11 @@ QVector<SSheet> CCabinetList::sheets(const SPrintPlan &plan, int processor, cons
     const QVector<QRectF> columns = ListSheets::columns(body, count);
     const CSheetTable table(ListSheets::fitted(cabinetColumns(), columns.first().width()), CabinetRow);
     CTableFlow flow(newSheet, columns);
-    flow.addTable({}, table, rows, sums,
-                  [&](int first) { return cabinetSum(done.at(first).first, done.at(first).second); });
+    flow.addTable({}, table, rows, sums, [&](int first) {
+        STableRow sum = cabinetSum(done.at(first).first, done.at(first).second);
+        if (portOf.value(first) >= 0)
+            sum.cells.first().text += CCabinetList::tr("; port %1 goes on").arg(portOf.at(first) + 1);
+        return sum;
+    });
     return flow.sheets();
 }

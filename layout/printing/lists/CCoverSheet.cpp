@@ -20,23 +20,29 @@ using SheetNumbers::orDash;
 using SheetNumbers::whole;
 
 constexpr double CoverHead = 19;
+constexpr double BeneathBase = 6.4;     ///< of the line below the name
 constexpr double TwoCoverColumns = 210; ///< millimetres that two columns take
 constexpr double LeftShare = 0.53;
 constexpr double CoverGap = 10;
-constexpr double EntryHeight = 5.4; ///< of a line of the list of sheets
-constexpr double NameWidth = 31;    ///< that names of types have at least
+constexpr double EntryHeight = 5.4; ///< of an entry of the list of sheets
+constexpr double EntryLine = 3.8;   ///< of each further line of it
+constexpr double EntryLeft = 23;
+constexpr double NameWidth = 31; ///< that names of types have at least
 constexpr double PartTitle = 6.4;
 constexpr double CablesHeight = 35; ///< of the table of cables with its title
 constexpr double PartBase = 4.4;
 
-QVector<QRectF> coverColumns(const SSheetArea &area)
+/// Lines of at most @p width, smaller before they are more than @p most; at last their end is cut off.
+QStringList fewLines(const QString &text, double &points, double least, bool bold, double width, int most)
 {
-    const QRectF body = area.content.adjusted(0, CoverHead, 0, 0);
-    if (body.width() < TwoCoverColumns)
-        return {body};
-    const double left = (body.width() - CoverGap) * LeftShare;
-    return {QRectF(body.left(), body.top(), left, body.height()),
-            QRectF(body.left() + left + CoverGap, body.top(), body.width() - left - CoverGap, body.height())};
+    while (points > least && CSheetFont::lines(text, points, bold, width).size() > most)
+        points -= 0.5;
+    QStringList lines = CSheetFont::lines(text, points, bold, width);
+    if (lines.size() > most) {
+        lines = lines.mid(0, most);
+        lines.last() = CSheetFont::elided(lines.last() + QStringLiteral(" \u2026"), points, bold, width);
+    }
+    return lines;
 }
 
 QString quotedNames(const SPrintPlan &plan)
@@ -109,8 +115,8 @@ QVector<SSheet> CCoverSheet::sheets(const SPrintPlan &plan, const Walls &walls,
     CCoverTotals(plan, cover.m_flow).add();
     cover.addTypes();
     cover.addCables();
-    const QRectF right = coverColumns(area).last();
-    if (coverColumns(area).size() > 1 && cover.m_flow.room().left() < right.left())
+    const QRectF right = cover.columns().last();
+    if (cover.columns().size() > 1 && cover.m_flow.room().left() < right.left())
         cover.m_flow.nextColumn();
     cover.addWalls();
     cover.addEntries();
@@ -125,8 +131,45 @@ CCoverSheet::CCoverSheet(const SPrintPlan &plan, const Walls &walls, const QVect
     , m_entries(entries)
     , m_area(area)
     , m_tally(SPartsTally::of(plan))
-    , m_flow([this] { return headed(); }, coverColumns(area))
+    , m_head(head())
+    , m_flow([this] { return headed(); }, columns())
 {
+}
+
+QVector<QRectF> CCoverSheet::columns() const
+{
+    const QRectF body = m_area.content.adjusted(0, m_head.height, 0, 0);
+    if (body.width() < TwoCoverColumns)
+        return {body};
+    const double left = (body.width() - CoverGap) * LeftShare;
+    return {QRectF(body.left(), body.top(), left, body.height()),
+            QRectF(body.left() + left + CoverGap, body.top(), body.width() - left - CoverGap, body.height())};
+}
+
+CCoverSheet::SHead CCoverSheet::head() const
+{
+    constexpr int MostLines = 3;
+    const double width = m_area.content.width();
+    SHead head;
+    head.namePoints = SheetMarks::TitlePoints;
+    const QString project = m_plan.config.project.isEmpty() ? tr("Wiring plan") : m_plan.config.project;
+    while (head.namePoints > SheetMarks::ViewPoints &&
+           CSheetFont::width(project, head.namePoints, true) > width)
+        head.namePoints -= 1;
+    head.name = fewLines(project, head.namePoints, SheetMarks::TitleBlockPoints, true, width, MostLines);
+    const QString views = m_plan.config.views == PrintConfig::BothViews  ? tr("front and back views")
+                          : m_plan.config.views == PrintConfig::BackView ? tr("back view")
+                                                                         : tr("front view");
+    const QString wall = m_plan.processors.size() == 1 ? tr("Wiring plan of the LED wall %1, %2")
+                                                       : tr("Wiring plan of the LED walls %1, %2");
+    QString beneath = wall.arg(quotedNames(m_plan), views);
+    if (!m_plan.config.venue.isEmpty())
+        beneath += QStringLiteral(" \u2013 ") + m_plan.config.venue;
+    head.beneathPoints = 12;
+    head.beneath = fewLines(beneath, head.beneathPoints, SheetMarks::TablePoints, false, width, MostLines);
+    head.height = CoverHead + (head.name.size() - 1) * CSheetFont::lineHeight(head.namePoints) +
+                  (head.beneath.size() - 1) * CSheetFont::lineHeight(head.beneathPoints);
+    return head;
 }
 
 SSheet CCoverSheet::headed() const
@@ -137,24 +180,17 @@ SSheet CCoverSheet::headed() const
     sheet.processor = ListSheets::names(m_plan);
     sheet.view = m_plan.config.views == PrintConfig::BackView ? SSheet::Back : SSheet::Front;
     sheet.list = true;
-    const QString project = m_plan.config.project.isEmpty() ? tr("Wiring plan") : m_plan.config.project;
-    const QRectF &content = m_area.content;
-    double points = SheetMarks::TitlePoints;
-    while (points > SheetMarks::ViewPoints && CSheetFont::width(project, points, true) > content.width())
-        points -= 1;
-    SheetMarks::textAt(sheet, content.left(), content.top() + SheetMarks::HeadBase,
-                       CSheetFont::elided(project, points, true, content.width()), points, true,
-                       EMark::Title);
-    const QString views = m_plan.config.views == PrintConfig::BothViews  ? tr("front and back views")
-                          : m_plan.config.views == PrintConfig::BackView ? tr("back view")
-                                                                         : tr("front view");
-    const QString wall = m_plan.processors.size() == 1 ? tr("Wiring plan of the LED wall %1, %2")
-                                                       : tr("Wiring plan of the LED walls %1, %2");
-    QString beside = wall.arg(quotedNames(m_plan), views);
-    if (!m_plan.config.venue.isEmpty())
-        beside += QStringLiteral(" \u2013 ") + m_plan.config.venue;
-    SheetMarks::textAt(sheet, content.left(), content.top() + 15,
-                       CSheetFont::elided(beside, 12, false, content.width()), 12, false, EMark::Title);
+    double base = m_area.content.top() + SheetMarks::HeadBase;
+    for (const QString &line : m_head.name) {
+        SheetMarks::textAt(sheet, m_area.content.left(), base, line, m_head.namePoints, true, EMark::Title);
+        base += CSheetFont::lineHeight(m_head.namePoints);
+    }
+    base += BeneathBase - CSheetFont::lineHeight(m_head.namePoints);
+    for (const QString &line : m_head.beneath) {
+        SheetMarks::textAt(sheet, m_area.content.left(), base, line, m_head.beneathPoints, false,
+                           EMark::Title);
+        base += CSheetFont::lineHeight(m_head.beneathPoints);
+    }
     return sheet;
 }
 
@@ -241,25 +277,30 @@ void CCoverSheet::addWalls()
     int lines = 0;
     for (const QString &note : notes())
         lines += CSheetFont::lines(note, SheetMarks::NotePoints, false, m_flow.room().width()).size();
-    const double needed = 22 + EntryHeight * m_entries.size() + CTableFlow::NoteLine * (lines + 1); // below
+    double needed = 22 + CTableFlow::NoteLine * (lines + 1); // below
+    for (const SCoverEntry &entry : m_entries)
+        needed += EntryHeight + (linesOf(entry, m_flow.room().width()).size() - 1) * EntryLine;
     for (int i = 0; i < m_walls.size(); ++i) {
         const CWall &wall = *m_walls.at(i);
-        const double height =
-            std::min(Highest, (m_flow.room().height() - needed) / (m_walls.size() - i) - Around);
-        if (height < Lowest || wall.cabinets().isEmpty())
-            continue;
-        const QRectF room = m_flow.room();
-        SSheet &sheet = m_flow.sheet();
         const QString view = back ? tr("back view") : tr("front view");
         const QString title = m_walls.size() > 1 ? tr("%1, %2").arg(wall.processor().source.node.name, view)
                                                  : tr("The wall, %1").arg(view);
-        SheetMarks::textAt(sheet, room.left(), room.top() + PartBase,
-                           CSheetFont::elided(title, SheetMarks::TitleBlockPoints, true, room.width()),
-                           SheetMarks::TitleBlockPoints, true, EMark::Title);
+        const QRectF room = m_flow.room();
+        const QStringList titles = CSheetFont::lines(title, SheetMarks::TitleBlockPoints, true, room.width());
+        const double step = CSheetFont::lineHeight(SheetMarks::TitleBlockPoints);
+        const double more = (titles.size() - 1) * step;
+        const double height =
+            std::min(Highest, (room.height() - needed) / (m_walls.size() - i) - Around - more);
+        if (height < Lowest || wall.cabinets().isEmpty())
+            continue;
+        SSheet &sheet = m_flow.sheet();
+        for (int line = 0; line < titles.size(); ++line)
+            SheetMarks::textAt(sheet, room.left(), room.top() + PartBase + line * step, titles.at(line),
+                               SheetMarks::TitleBlockPoints, true, EMark::Title);
         WallSketch::SLook look;
         look.hatched = true;
-        const QRectF drawn =
-            WallSketch::draw(sheet, {room.left(), room.top() + 12, room.width(), height}, wall, back, look);
+        const QRectF drawn = WallSketch::draw(
+            sheet, {room.left(), room.top() + 12 + more, room.width(), height}, wall, back, look);
         const QSizeF &size = wall.processor().millimetres;
         addDimension(sheet, drawn.left(), drawn.right(), drawn.top() - 2.6,
                      tr("%1 mm").arg(whole(qRound64(size.width()))));
@@ -272,20 +313,26 @@ void CCoverSheet::addWalls()
     }
 }
 
+QStringList CCoverSheet::linesOf(const SCoverEntry &entry, double width) const
+{
+    return CSheetFont::lines(entry.name, SheetMarks::TablePoints, false, width - EntryLeft);
+}
+
 void CCoverSheet::addEntries()
 {
-    const double height = EntryHeight;
     const auto endLine = [this](double width) {
         const QRectF room = m_flow.room();
         SheetMarks::line(m_flow.sheet(), room.topLeft(), room.topRight(), width);
     };
-    if (m_flow.room().height() < PartTitle + 3 * height)
+    if (m_flow.room().height() < PartTitle + 3 * EntryHeight)
         m_flow.nextColumn();
     SheetMarks::textAt(m_flow.sheet(), m_flow.room().left(), m_flow.room().top() + PartBase, tr("Sheets"),
                        SheetMarks::TitleBlockPoints, true, EMark::Title);
     m_flow.setTop(m_flow.room().top() + PartTitle);
     endLine(0.5);
     for (const SCoverEntry &entry : m_entries) {
+        const QStringList lines = linesOf(entry, m_flow.room().width());
+        const double height = EntryHeight + (lines.size() - 1) * EntryLine;
         if (m_flow.room().height() < height)
             m_flow.nextColumn();
         const QRectF room = m_flow.room();
@@ -294,12 +341,14 @@ void CCoverSheet::addEntries()
                                     ? tr("%1, %2").arg(entry.first).arg(entry.last)
                                     : tr("%1 to %2").arg(entry.first).arg(entry.last);
         const double width = CSheetFont::width(numbers, SheetMarks::TablePoints, true);
-        const double base = room.top() + 3.9;
+        double base = room.top() + 3.9;
         SheetMarks::textAt(m_flow.sheet(), room.left() + 20 - width, base, numbers, SheetMarks::TablePoints,
                            true, EMark::Fact);
-        SheetMarks::textAt(m_flow.sheet(), room.left() + 23, base,
-                           CSheetFont::elided(entry.name, SheetMarks::TablePoints, false, room.width() - 23),
-                           SheetMarks::TablePoints, false, EMark::Fact);
+        for (const QString &line : lines) {
+            SheetMarks::textAt(m_flow.sheet(), room.left() + EntryLeft, base, line, SheetMarks::TablePoints,
+                               false, EMark::Fact);
+            base += EntryLine;
+        }
         m_flow.setTop(room.top() + height);
         endLine(0.18);
     }

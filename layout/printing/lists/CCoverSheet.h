@@ -34,7 +34,20 @@ public:
 private:
     CCoverSheet(const SPrintPlan &plan, const Walls &walls, const QVector<SCoverEntry> &entries,
                 const SSheetArea &area);
+    /// The name of the job and what it is a plan of.
+    struct SHead
+    {
+        QStringList name;
+        double namePoints = 0;
+        QStringList beneath;
+        double beneathPoints = 0;
+        double height = 0;
+    };
+
+    SHead head() const;
     SSheet headed() const;
+    QVector<QRectF> columns() const;
+    QStringList linesOf(const SCoverEntry &entry, double width) const;
     void addTypes();
     void addCables();
     void addWalls();
@@ -47,6 +60,7 @@ private:
     const QVector<SCoverEntry> &m_entries;
     const SSheetArea &m_area;
     const SPartsTally m_tally;
+    const SHead m_head;
     CTableFlow m_flow;
     int m_shownTypes = 0; ///< in the table of types, from the first
 };

@@ -16,7 +16,9 @@ using SheetNumbers::whole;
 constexpr double TotalsTitle = 6.4; // millimetres
 constexpr double TotalsBase = 4.4;
 constexpr double LineHeight = 6.5;
-constexpr double ValueEnd = 56;   ///< where the values of the totals end, from the left
+constexpr double NoteLine = 3.8; ///< of each further line of a note
+constexpr double ValueEnd = 56;  ///< where the values of the totals end, from the left
+constexpr double NoteLeft = ValueEnd + 3;
 constexpr int MostProcessors = 4; ///< that are named one by one
 
 } // namespace
@@ -29,7 +31,17 @@ CCoverTotals::CCoverTotals(const SPrintPlan &plan, CTableFlow &flow)
 
 void CCoverTotals::addLine(const QString &name, const QString &value, const QString &note)
 {
-    if (m_flow.room().height() < LineHeight)
+    const double width = m_flow.room().width() - NoteLeft;
+    double points = SheetMarks::TablePoints; // smaller rather than on two lines
+    while (points > SheetMarks::CaptionPoints && CSheetFont::width(note, points, false) > width)
+        points -= 0.5;
+    QStringList lines = CSheetFont::lines(note, points, false, width);
+    if (lines.size() > 1) {
+        points = SheetMarks::TablePoints;
+        lines = CSheetFont::lines(note, points, false, width);
+    }
+    const double height = LineHeight + (lines.size() - 1) * NoteLine;
+    if (m_flow.room().height() < height)
         m_flow.nextColumn();
     const QRectF room = m_flow.room();
     SSheet &sheet = m_flow.sheet();
@@ -37,13 +49,10 @@ void CCoverTotals::addLine(const QString &name, const QString &value, const QStr
     SheetMarks::textAt(sheet, room.left() + 1, base, name, SheetMarks::FactPoints, false, EMark::Fact);
     const double valueWidth = CSheetFont::width(value, 10.5, true);
     SheetMarks::textAt(sheet, room.left() + ValueEnd - valueWidth, base, value, 10.5, true, EMark::Fact);
-    const double left = room.left() + ValueEnd + 3;
-    double points = SheetMarks::TablePoints; // smaller rather than shorter
-    while (points > SheetMarks::CaptionPoints && CSheetFont::width(note, points, false) > room.right() - left)
-        points -= 0.5;
-    SheetMarks::textAt(sheet, left, base, CSheetFont::elided(note, points, false, room.right() - left),
-                       points, false, EMark::Fact);
-    m_flow.setTop(room.top() + LineHeight);
+    const double left = room.left() + NoteLeft;
+    for (int i = 0; i < lines.size(); ++i)
+        SheetMarks::textAt(sheet, left, base + i * NoteLine, lines.at(i), points, false, EMark::Fact);
+    m_flow.setTop(room.top() + height);
 }
 
 void CCoverTotals::endLines(double width)
@@ -64,8 +73,13 @@ void CCoverTotals::addProcessors()
     }
     if (count > MostProcessors)
         addLine({}, {}, tr("and %1 more").arg(count - MostProcessors));
-    if (!m_plan.config.farEnd.isEmpty())
-        addLine({}, tr("+ 1"), tr("redundancy: %1").arg(m_plan.config.farEnd));
+    QStringList ends;
+    for (const SPlanProcessor &processor : m_plan.processors)
+        ends << processor.farEnd;
+    ends.removeAll(QString());
+    ends.removeDuplicates();
+    for (int i = 0; i < std::min(ends.size(), MostProcessors); ++i)
+        addLine({}, i == 0 ? tr("+ %1").arg(ends.size()) : QString(), tr("redundancy: %1").arg(ends.at(i)));
     endLines(0.18);
 }
 

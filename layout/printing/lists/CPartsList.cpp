@@ -242,7 +242,7 @@ void CPartsTables::addFeeds()
     };
     m_flow.addTable(CPartsList::tr("Feed and loop by port"),
                     CSheetTable(ListSheets::fitted(columns, m_width), PartRow), rows, {sumOf(rows.size())},
-                    sumOf);
+                    sumOf, true);
     QStringList notes;
     for (const SPlanProcessor &processor : m_plan.processors)
         notes += CPartsList::rackNotes(processor);

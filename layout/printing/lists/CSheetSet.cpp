@@ -9,7 +9,9 @@
 #include "layout/printing/lists/CCabinetList.h"
 #include "layout/printing/lists/CPartsList.h"
 #include "layout/printing/lists/CPortTable.h"
+#include "layout/printing/lists/ListSheets.h"
 #include "layout/printing/sheets/CSheetFrame.h"
+#include "layout/printing/sheets/SheetMarks.h"
 #include "layout/printing/sheets/SheetNumbers.h"
 
 #include <memory>
@@ -26,15 +28,15 @@ QString paperName(const PrintConfig &config)
 /// The processor that the strings of @p processor are looped back to; empty unless it is one.
 QString redundancyOf(const SPlanProcessor &processor)
 {
-    if (!processor.config.farEnd.isEmpty())
-        return processor.config.farEnd;
+    if (!processor.farEnd.isEmpty())
+        return processor.farEnd;
     QString found;
     for (const SPlanPort &port : processor.ports) {
         if (!port.looped)
             continue;
-        if (!found.isEmpty() && found != port.redundancyName)
+        if (!found.isEmpty() && found != port.redundancyShown)
             return {};
-        found = port.redundancyName;
+        found = port.redundancyShown;
     }
     return found;
 }
@@ -124,16 +126,18 @@ CStatus CSheetSet::addDrawings()
     };
     // The overviews tell where the ports' sheets begin, which come after all of them.
     const QVector<SSheet> joint = this->joint();
-    int next = this->next() + joint.size();
+    int next = joint.isEmpty() ? this->next() : begin(this->next(), -1) + joint.size();
     for (int i = 0; i < count; ++i) {
         const Sheets sheets = overview(i, 1, 1);
         if (!sheets)
             return CStatus::failure(sheets.error());
-        next += sheets.value().size();
+        if (!sheets.value().isEmpty())
+            next = begin(next, i) + sheets.value().size();
     }
     QVector<QVector<SSheet>> ports;
     QVector<int> firstPorts;
     for (int i = 0; i < count && isWanted(Sheet::PortSheets); ++i) {
+        next = begin(next, i);
         const Sheets sheets = CPortSheets(*m_walls.at(i), areaOf(i)).sheets(next);
         if (!sheets)
             return CStatus::failure(sheets.error());
@@ -141,13 +145,29 @@ CStatus CSheetSet::addDrawings()
         ports << sheets.value();
         next += ports.last().size();
     }
-    add(-1, joint, tr("All processors, %1").arg(viewsOf(m_plan.config)));
+    addLeaves(-1, joint, tr("All processors, %1").arg(viewsOf(m_plan.config)));
     for (int i = 0; i < count; ++i)
-        add(i, overview(i, this->next(), firstPorts.value(i)).value(),
-            tr("Overview, %1").arg(viewsOf(configOf(i))));
+        addLeaves(i, overview(i, begin(this->next(), i), firstPorts.value(i)).value(),
+                  tr("Overview, %1").arg(viewsOf(configOf(i))));
     for (int i = 0; i < ports.size(); ++i)
-        add(i, ports.at(i), tr("Ports, %1").arg(viewsOf(configOf(i))));
+        addLeaves(i, ports.at(i), tr("Ports, %1").arg(viewsOf(configOf(i))));
     return CStatus::done();
+}
+
+int CSheetSet::begin(int next, int processor) const
+{
+    const bool both = configOf(processor).views == PrintConfig::BothViews;
+    return isTwoSided() && both && next % 2 == 0 ? next + 1 : next;
+}
+
+void CSheetSet::addLeaves(int processor, const QVector<SSheet> &sheets, const QString &entry)
+{
+    if (!sheets.isEmpty() && begin(next(), processor) > next()) {
+        m_sheets << ListSheets::sheet(areaOf(processor), m_plan, tr("Empty side"), tr("Empty side"),
+                                      tr("so that a leaf shows front and back of the same cabinets"));
+        m_processors << processor;
+    }
+    add(processor, sheets, entry);
 }
 
 QVector<SSheet> CSheetSet::joint() const
@@ -218,6 +238,10 @@ void CSheetSet::addFrames()
         const int processor = m_processors.at(i);
         STitleFacts facts = factsOf(processor);
         facts.number = i + 1;
+        facts.reverse = isTwoSided() && facts.number % 2 == 0;
         CSheetFrame::add(m_sheets[i], areaOf(processor), facts);
+        const PrintConfig &config = configOf(processor);
+        if (facts.reverse && config.binding == PrintConfig::BindLeft)
+            SheetMarks::move(m_sheets[i], {config.margin - config.bindingMargin, 0});
     }
 }

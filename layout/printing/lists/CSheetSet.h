@@ -39,6 +39,11 @@ private:
     QString entryName(const QString &name, int processor) const;
     bool isWanted(Sheet kind) const { return (m_plan.config.sheets & kind) != 0; }
     int next() const { return m_coverSheets + m_sheets.size() + 1; }
+    /// Front and back in turn are printed on both sides of leaves.
+    bool isTwoSided() const { return m_plan.config.views == PrintConfig::BothViews; }
+    /// The number from @p next on with which drawings of @p processor begin: both views on one leaf.
+    int begin(int next, int processor) const;
+    void addLeaves(int processor, const QVector<SSheet> &sheets, const QString &entry);
 
     const SPrintPlan &m_plan;
     const CCoverSheet::Walls &m_walls;

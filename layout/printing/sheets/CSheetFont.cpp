@@ -4,6 +4,7 @@
 
 #include <QFontInfo>
 #include <QFontMetricsF>
+#include <QTextBoundaryFinder>
 
 #include <array>
 
@@ -57,6 +58,23 @@ const Advances &advancesOf(bool bold)
     return bold ? heavy : usual;
 }
 
+/// The pieces between the boundaries in a text.
+QStringList pieces(const QString &text, QTextBoundaryFinder::BoundaryType type)
+{
+    QStringList pieces;
+    QTextBoundaryFinder finder(type, text);
+    for (int from = 0, to = finder.toNextBoundary(); to > from; from = to, to = finder.toNextBoundary())
+        pieces << text.mid(from, to - from);
+    return pieces;
+}
+
+QString withoutEnd(QString text)
+{
+    while (text.endsWith(QLatin1Char(' ')))
+        text.chop(1);
+    return text;
+}
+
 } // namespace
 
 QFont CSheetFont::font(double points, bool bold)
@@ -102,21 +120,34 @@ QString CSheetFont::elided(const QString &text, double points, bool bold, double
 
 QStringList CSheetFont::lines(const QString &text, double points, bool bold, double width)
 {
+    const auto fits = [&](const QString &line) {
+        return CSheetFont::width(withoutEnd(line), points, bold) <= width;
+    };
+    if (!text.contains(QLatin1Char('\n')) && fits(text))
+        return {withoutEnd(text)};
     QStringList lines;
     for (const QString &paragraph : text.split(QLatin1Char('\n'))) {
         QString line;
-        for (const QString &word : paragraph.split(QLatin1Char(' '))) {
-            const QString longer = line.isEmpty() ? word : line + QLatin1Char(' ') + word;
-            if (!line.isEmpty() && CSheetFont::width(longer, points, bold) > width) {
-                lines << line;
-                line = word;
-            } else {
-                line = longer;
+        for (const QString &word : pieces(paragraph, QTextBoundaryFinder::Line)) {
+            if (!line.isEmpty() && fits(line + word)) {
+                line += word;
+                continue;
+            }
+            if (!line.isEmpty())
+                lines << withoutEnd(line);
+            line = word;
+            if (fits(word))
+                continue;
+            line.clear();
+            for (const QString &letter : pieces(word, QTextBoundaryFinder::Grapheme)) {
+                if (!line.isEmpty() && !fits(line + letter)) {
+                    lines << line;
+                    line.clear();
+                }
+                line += letter;
             }
         }
-        lines << line;
+        lines << withoutEnd(line);
     }
-    for (QString &line : lines)
-        line = elided(line, points, bold, width);
     return lines;
 }

@@ -27,6 +27,7 @@ public:
     static double capHeight(double points);
     /// @p text, or what fits of it: its middle is replaced by an ellipsis.
     static QString elided(const QString &text, double points, bool bold, double width);
-    /// Breaks @p text at spaces into lines of at most @p width millimetres, and at line feeds.
+    /// Breaks @p text into lines of at most @p width millimetres, where a text may be broken, within words
+    /// that are longer, and at line feeds. Spaces at the ends of lines go, everything else stays.
     static QStringList lines(const QString &text, double points, bool bold, double width);
 };

@@ -50,9 +50,11 @@ void CSheetFrame::addFrame()
     SheetMarks::rectangle(m_sheet, frame, FrameLine);
     const double top = m_area.viewBox.top();
     SheetMarks::line(m_sheet, {frame.left(), top}, {frame.right(), top}, FrameLine);
-    if (m_facts.binding == PrintConfig::BindLeft)
-        SheetMarks::line(m_sheet, {frame.left(), m_area.size.height() / 2},
-                         {frame.left() + Tick, m_area.size.height() / 2}, 0.5);
+    const double middle = m_area.size.height() / 2;
+    if (m_facts.binding == PrintConfig::BindLeft && m_facts.reverse)
+        SheetMarks::line(m_sheet, {frame.right() - Tick, middle}, {frame.right(), middle}, 0.5);
+    else if (m_facts.binding == PrintConfig::BindLeft)
+        SheetMarks::line(m_sheet, {frame.left(), middle}, {frame.left() + Tick, middle}, 0.5);
     else if (m_facts.binding == PrintConfig::BindTop)
         SheetMarks::line(m_sheet, {m_area.size.width() / 2, frame.top()},
                          {m_area.size.width() / 2, frame.top() + Tick}, 0.5);

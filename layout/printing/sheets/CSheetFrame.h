@@ -23,6 +23,7 @@ struct STitleFacts
     int count = 1;   ///< of all sheets
     int columns = 0; ///< of the wall
     PrintConfig::Binding binding = PrintConfig::BindLeft;
+    bool reverse = false; ///< it is the second side of a leaf, which is bound at its right edge
 };
 
 /// Puts frame, title block, view box and watermark on a sheet.

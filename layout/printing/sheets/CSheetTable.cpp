@@ -30,6 +30,16 @@ STableRow named(STableRow sum, const QString &name)
     return sum;
 }
 
+/// The heading above the row @p before; none if there is none.
+QVector<STableRow> lastHeading(const QVector<STableRow> &rows, int before)
+{
+    for (int i = before - 1; i >= 0; --i) {
+        if (rows.at(i).kind == STableRow::Heading)
+            return {rows.at(i)};
+    }
+    return {};
+}
+
 /// How many of the rows from @p first on fill a part with room for @p room of them.
 int filled(const QVector<STableRow> &rows, int first, int room)
 {
@@ -199,7 +209,7 @@ void CSheetTable::drawLines(SSheet &sheet, const QPointF &topLeft, const QVector
 
 QVector<QVector<STableRow>> CSheetTable::parts(const QVector<STableRow> &rows, const QVector<STableRow> &sums,
                                                const std::function<int(int part)> &capacityOf,
-                                               const SumOf &sumOf)
+                                               const SumOf &sumOf, bool repeats)
 {
     QVector<QVector<STableRow>> parts;
     int done = 0;
@@ -207,6 +217,8 @@ QVector<QVector<STableRow>> CSheetTable::parts(const QVector<STableRow> &rows, c
         QVector<STableRow> part;
         if (done > 0 && sumOf)
             part << named(sumOf(done), QCoreApplication::translate("CSheetTable", "brought forward"));
+        if (repeats && done > 0 && done < rows.size() && rows.at(done).kind == STableRow::Plain)
+            part += lastHeading(rows, done);
         const int room = std::max(1, capacityOf(parts.size()) - part.size());
         last = done == rows.size() || rows.size() - done + sums.size() <= room;
         // The last rows stay with the sums; a part that could hold the rows but not the sums is split

@@ -61,10 +61,11 @@ public:
     using SumOf = std::function<STableRow(int rows)>;
     /// Splits @p rows into parts of at most as many rows as @p capacityOf says. All but the last end with a
     /// row named "carried over", and all but the first begin with one named "brought forward", unless @p
-    /// sumOf is null. @p sums stand behind the last row and are not separated from it.
+    /// sumOf is null. @p sums stand behind the last row and are not separated from it. With @p repeats, a
+    /// part that goes on below a heading begins with that heading.
     static QVector<QVector<STableRow>> parts(const QVector<STableRow> &rows, const QVector<STableRow> &sums,
                                              const std::function<int(int part)> &capacityOf,
-                                             const SumOf &sumOf);
+                                             const SumOf &sumOf, bool repeats = false);
 
 private:
     void drawHeading(SSheet &sheet, const QPointF &topLeft) const;

@@ -43,7 +43,7 @@ void CTableFlow::nextColumn()
 }
 
 void CTableFlow::addTable(const QString &title, const CSheetTable &table, const QVector<STableRow> &rows,
-                          const QVector<STableRow> &sums, const CSheetTable::SumOf &sumOf)
+                          const QVector<STableRow> &sums, const CSheetTable::SumOf &sumOf, bool repeats)
 {
     const double titleHeight = title.isEmpty() ? 0 : TitleHeight;
     const int count = rows.size() + sums.size();
@@ -57,7 +57,7 @@ void CTableFlow::addTable(const QString &title, const CSheetTable &table, const 
     const double first = room().height();
     const double other = m_columns.first().height();
     const auto parts = CSheetTable::parts(
-        rows, sums, [&](int part) { return table.capacity(part == 0 ? first : other); }, sumOf);
+        rows, sums, [&](int part) { return table.capacity(part == 0 ? first : other); }, sumOf, repeats);
     for (int i = 0; i < parts.size(); ++i) {
         if (i > 0)
             nextColumn();

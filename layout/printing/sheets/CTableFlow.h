@@ -17,7 +17,8 @@ public:
     /// A table with its title, which may be empty; see CSheetTable::parts(). Starts in the next column if no
     /// more than its head fits.
     void addTable(const QString &title, const CSheetTable &table, const QVector<STableRow> &rows,
-                  const QVector<STableRow> &sums = {}, const CSheetTable::SumOf &sumOf = {});
+                  const QVector<STableRow> &sums = {}, const CSheetTable::SumOf &sumOf = {},
+                  bool repeats = false);
     /// Lines of small letters, broken to the column's width.
     void addNotes(const QStringList &notes);
     /// Goes on in the next column unless nothing is in this one.

@@ -92,6 +92,19 @@ double textAt(SSheet &sheet, double left, double base, const QString &text, doub
     return left + width;
 }
 
+void move(SSheet &sheet, const QPointF &by)
+{
+    sheet.frame.translate(by);
+    for (SSheetMark &mark : sheet.marks) {
+        if (auto *text = std::get_if<SSheetText>(&mark))
+            text->box.translate(by);
+        else if (auto *stroke = std::get_if<SSheetStroke>(&mark))
+            stroke->path.translate(by);
+        else
+            std::get<SSheetFill>(mark).path.translate(by);
+    }
+}
+
 QRectF head(SSheet &sheet, const QRectF &content, const QString &name, const QString &beside, bool viewSign)
 {
     const double base = content.top() + HeadBase;

@@ -28,6 +28,9 @@ SSheetText text(const QRectF &box, const QString &text, double points, bool bold
 double textAt(SSheet &sheet, double left, double base, const QString &text, double points, bool bold,
               EMark mark);
 
+/// Moves everything on the sheet and its frame.
+void move(SSheet &sheet, const QPointF &by);
+
 /// The sheet's name with what stands beside it, and with @p viewSign "FRONT VIEW" or "BACK VIEW" at the
 /// right. Returns what is left of @p content below.
 QRectF head(SSheet &sheet, const QRectF &content, const QString &name, const QString &beside, bool viewSign);
