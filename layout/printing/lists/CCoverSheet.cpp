@@ -27,7 +27,6 @@ constexpr double CoverGap = 10;
 constexpr double EntryHeight = 5.4; ///< of an entry of the list of sheets
 constexpr double EntryLine = 3.8;   ///< of each further line of it
 constexpr double EntryLeft = 23;
-constexpr double NameWidth = 31; ///< that names of types have at least
 constexpr double PartTitle = 6.4;
 constexpr double CablesHeight = 35; ///< of the table of cables with its title
 constexpr double PartBase = 4.4;
@@ -200,15 +199,12 @@ void CCoverSheet::addTypes()
     if (m_flow.room().height() < PartTitle + 4 * Row)
         m_flow.nextColumn();
     const auto right = Qt::AlignRight;
-    const CSheetTable table({{tr("Type"), 10},
-                             {tr("Name"), m_flow.room().width() - 100},
-                             {tr("Pixels"), 20, right},
-                             {tr("mm"), 24, right},
-                             {tr("kg"), 10, right},
-                             {tr("W max. / avg."), 24, right},
-                             {tr("Count"), 12, right}},
-                            Row);
-    const int most = std::max(2, table.capacity(m_flow.room().height() - PartTitle - CablesHeight));
+    QVector<STableColumn> columns{
+        {tr("Type")},           {tr("Name")},         {tr("Pixels"), 0, right},
+        {tr("mm"), 0, right},   {tr("kg"), 0, right}, {tr("W max. / avg."), 0, right},
+        {tr("Count"), 0, right}};
+    const int most =
+        std::max(2, CSheetTable(columns, Row).capacity(m_flow.room().height() - PartTitle - CablesHeight));
     m_shownTypes = m_plan.types.size() <= most ? m_plan.types.size() : most - 1;
     QVector<STableRow> rows;
     for (int i = 0; i < m_shownTypes; ++i) {
@@ -225,13 +221,15 @@ void CCoverSheet::addTypes()
                      whole(m_tally.cabinets.value(i))};
         rows << row;
     }
+    columns = ListSheets::filled(columns, rows, 1, m_flow.room().width());
+    m_nameWidth = columns.at(1).width - 3;
     if (m_shownTypes < m_plan.types.size()) {
         STableRow row;
         row.cells = {
             STableCell(tr("and %1 more, see the parts list").arg(m_plan.types.size() - m_shownTypes))};
         rows << row;
     }
-    m_flow.addTable(tr("Cabinets by type"), table, rows);
+    m_flow.addTable(tr("Cabinets by type"), CSheetTable(columns, Row), rows);
 }
 
 void CCoverSheet::addCables()
@@ -375,7 +373,7 @@ QStringList CCoverSheet::notes() const
                            [what](const SPlanType &type) { return type.*what; });
     };
     for (const SPlanType &type : m_plan.types.mid(0, m_shownTypes)) {
-        if (CSheetFont::width(type.name, SheetMarks::TablePoints, false) > NameWidth)
+        if (CSheetFont::width(type.name, SheetMarks::TablePoints, false) > m_nameWidth)
             notes << tr("Type %1: %2").arg(type.letter, type.name);
     }
     if (any(&SPlanType::alike))

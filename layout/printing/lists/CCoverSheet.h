@@ -62,5 +62,6 @@ private:
     const SPartsTally m_tally;
     const SHead m_head;
     CTableFlow m_flow;
-    int m_shownTypes = 0; ///< in the table of types, from the first
+    int m_shownTypes = 0;   ///< in the table of types, from the first
+    double m_nameWidth = 0; ///< of their names in it
 };

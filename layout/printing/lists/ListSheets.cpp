@@ -7,11 +7,14 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 namespace {
 
 constexpr double HeadHeight = 13.6;
 constexpr double NamePoints = 12;
 constexpr double ColumnGap = 6;
+constexpr double CellRoom = 3.2; ///< beside the text of a cell
 
 SSheet headed(const SSheetArea &area, const QString &processors, PrintConfig::Views views,
               const QString &title, const QString &name, const QString &beside)
@@ -68,6 +71,23 @@ QVector<STableColumn> ListSheets::fitted(QVector<STableColumn> columns, double w
         sum += column.width;
     for (STableColumn &column : columns)
         column.width *= width / sum;
+    return columns;
+}
+
+QVector<STableColumn> ListSheets::filled(QVector<STableColumn> columns, const QVector<STableRow> &rows,
+                                         int open, double width)
+{
+    double rest = width;
+    for (int i = 0; i < columns.size(); ++i) {
+        double &widest = columns[i].width;
+        widest = CSheetFont::width(columns.at(i).heading, SheetMarks::NotePoints, true);
+        for (const STableRow &row : rows)
+            widest =
+                std::max(widest, CSheetFont::width(row.cells.value(i).text, SheetMarks::TablePoints, false));
+        widest += CellRoom;
+        rest -= i == open ? 0 : widest;
+    }
+    columns[open].width = rest;
     return columns;
 }
 

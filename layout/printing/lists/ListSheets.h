@@ -21,6 +21,10 @@ QRectF body(const SSheetArea &area);
 QVector<QRectF> columns(const QRectF &rect, int count);
 /// Columns of a table that are @p width wide together.
 QVector<STableColumn> fitted(QVector<STableColumn> columns, double width);
+/// Columns as wide as their headings and the cells of @p rows, which are not cut then; the column @p open
+/// takes what is left of @p width.
+QVector<STableColumn> filled(QVector<STableColumn> columns, const QVector<STableRow> &rows, int open,
+                             double width);
 /// The processors' names, joined.
 QString names(const SPrintPlan &plan);
 
