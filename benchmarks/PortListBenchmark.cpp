@@ -27,6 +27,7 @@ struct CNoPortCommands final : IPortCommands
     void setRedundancy(int, int) override {}
     void cancelRedundancy(int) override {}
     bool isWhollySelected(int) const override { return false; }
+    void tellRefusal(int) override {}
     void pairPorts() override {}
     void adjustCurrentGain() override {}
 };

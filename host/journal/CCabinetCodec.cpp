@@ -125,9 +125,10 @@ struct SChange
     int port = 0, left = 0, top = 0, right = 0, bottom = 0, rank = 0;
     const Cabinet *values = nullptr; ///< holds the other new values
 
-    static SChange between(const Cabinet &a, const Cabinet &b)
+    /// @p fields is the difference of @p a and @p b.
+    static SChange between(const Cabinet &a, const Cabinet &b, int fields)
     {
-        return {difference(a, b),
+        return {fields,
                 b.port - a.port,
                 b.rect.left() - a.rect.left(),
                 b.rect.top() - a.rect.top(),
@@ -246,9 +247,14 @@ public:
         : m_out(out)
     {
     }
-    void add(const Cabinet &before, const Cabinet &after)
+    /// @p fields is the difference of @p before and @p after.
+    void add(const Cabinet &before, const Cabinet &after, int fields)
     {
-        const SChange next = SChange::between(before, after);
+        if (m_length > 0 && fields == 0 && m_change.fields == 0) {
+            ++m_length; // as nearly always
+            return;
+        }
+        const SChange next = SChange::between(before, after, fields);
         if (m_length > 0 && next == m_change) {
             ++m_length;
             return;
@@ -304,6 +310,18 @@ bool readNew(CByteReader &in, Cabinets &cabinets, int count)
     return true;
 }
 
+/// Those between the ends.
+void writeNew(CByteWriter &out, const Cabinets &cabinets, const SCommonEnds &ends)
+{
+    Cabinet previous;
+    for (int i = ends.front; i < cabinets.size() - ends.back; ++i) {
+        const Cabinet &next = cabinets.at(i);
+        out.uuid(next.uuid);
+        writeChange(out, SChange::between(previous, next, difference(previous, next)));
+        previous = next;
+    }
+}
+
 void add(CDigest &digest, const QVector<QRect> &rects)
 {
     digest.add(quint64(rects.size()));
@@ -323,23 +341,28 @@ void add(CDigest &digest, const QUuid &uuid)
 
 } // namespace
 
-void CCabinetCodec::write(CByteWriter &out, const Cabinets &before, const Cabinets &after)
+void CCabinetCodec::write(CByteWriter &forward, CByteWriter &back, const Cabinets &before,
+                          const Cabinets &after)
 {
     const SCommonEnds ends =
         SCommonEnds::of(before, after, [](const Cabinet &a, const Cabinet &b) { return a.uuid == b.uuid; });
-    ends.write(out, after.size());
-    CRunWriter runs(out);
+    ends.write(forward, after.size());
+    ends.write(back, before.size());
+    CRunWriter forwardRuns(forward);
+    CRunWriter backRuns(back);
+    const auto add = [&forwardRuns, &backRuns](const Cabinet &a, const Cabinet &b) {
+        const int fields = difference(a, b);
+        forwardRuns.add(a, b, fields);
+        backRuns.add(b, a, fields);
+    };
     for (int i = 0; i < ends.front; ++i)
-        runs.add(before.at(i), after.at(i));
+        add(before.at(i), after.at(i));
     for (int i = ends.back; i > 0; --i)
-        runs.add(before.at(before.size() - i), after.at(after.size() - i));
-    runs.end();
-    Cabinet previous;
-    for (int i = ends.front; i < after.size() - ends.back; ++i) {
-        out.uuid(after.at(i).uuid);
-        writeChange(out, SChange::between(previous, after.at(i)));
-        previous = after.at(i);
-    }
+        add(before.at(before.size() - i), after.at(after.size() - i));
+    forwardRuns.end();
+    backRuns.end();
+    writeNew(forward, after, ends);
+    writeNew(back, before, ends);
 }
 
 bool CCabinetCodec::apply(CByteReader &in, Cabinets &cabinets)

@@ -49,14 +49,14 @@ void CJournalState::enter(SJournalStep &step, const SEditStep::SPort &changed, S
                                                       : CPortCodec::digest(given);
     if (kind == SEditRecord::Moved || digestOf(index) != target) { // else it is as the step found it
         CByteWriter delta;
-        CPortCodec::writeGroups(delta, now.groups, given);
+        CByteWriter unused;
+        CPortCodec::writeGroups(delta, unused, now.groups, given);
         step.moves << SJournalStep::SMove{index, delta.bytes(), target};
     }
     if (kind != SEditRecord::Moved) {
         CByteWriter forward;
         CByteWriter back;
-        CPortCodec::writeGroups(forward, changed.before.groups, changed.after.groups);
-        CPortCodec::writeGroups(back, changed.after.groups, changed.before.groups);
+        CPortCodec::writeGroups(forward, back, changed.before.groups, changed.after.groups);
         step.deltas << SPortDelta{index,  forward.bytes(), back.bytes(),
                                   target, after,           changed.after.cabinetCount()};
     }

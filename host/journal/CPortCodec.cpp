@@ -33,13 +33,27 @@ enum Part : int {
     AllParts = 31
 };
 
-void writeGroup(CByteWriter &out, const Group &before, const Group &after)
+void writeGroup(CByteWriter &forward, CByteWriter &back, const Group &before, const Group &after)
 {
-    out.byte(before.name == after.name ? 0 : 1);
-    if (before.name != after.name)
-        out.text(after.name);
-    CCabinetCodec::write(out, before.cabinets, after.cabinets);
-    CPortCodec::writeGroups(out, before.groups, after.groups);
+    const bool renamed = before.name != after.name;
+    forward.byte(renamed ? 1 : 0);
+    back.byte(renamed ? 1 : 0);
+    if (renamed) {
+        forward.text(after.name);
+        back.text(before.name);
+    }
+    CCabinetCodec::write(forward, back, before.cabinets, after.cabinets);
+    CPortCodec::writeGroups(forward, back, before.groups, after.groups);
+}
+
+/// Those between the ends.
+void writeNew(CByteWriter &out, const Groups &groups, const SCommonEnds &ends)
+{
+    CByteWriter unused;
+    for (int i = ends.front; i < groups.size() - ends.back; ++i) {
+        out.uuid(groups.at(i).uuid);
+        writeGroup(out, unused, {}, groups.at(i));
+    }
 }
 
 bool applyLevel(CByteReader &in, Groups &groups, int level);
@@ -102,22 +116,24 @@ int differenceOf(const Port &a, const Port &b)
 
 } // namespace
 
-void CPortCodec::writeGroups(CByteWriter &out, const Groups &before, const Groups &after)
+void CPortCodec::writeGroups(CByteWriter &forward, CByteWriter &back, const Groups &before,
+                             const Groups &after)
 {
-    out.byte(shares(before, after) ? 0 : 1);
-    if (shares(before, after))
+    const bool same = shares(before, after);
+    forward.byte(same ? 0 : 1);
+    back.byte(same ? 0 : 1);
+    if (same)
         return;
     const SCommonEnds ends =
         SCommonEnds::of(before, after, [](const Group &a, const Group &b) { return a.uuid == b.uuid; });
-    ends.write(out, after.size());
+    ends.write(forward, after.size());
+    ends.write(back, before.size());
     for (int i = 0; i < ends.front; ++i)
-        writeGroup(out, before.at(i), after.at(i));
+        writeGroup(forward, back, before.at(i), after.at(i));
     for (int i = ends.back; i > 0; --i)
-        writeGroup(out, before.at(before.size() - i), after.at(after.size() - i));
-    for (int i = ends.front; i < after.size() - ends.back; ++i) {
-        out.uuid(after.at(i).uuid);
-        writeGroup(out, {}, after.at(i));
-    }
+        writeGroup(forward, back, before.at(before.size() - i), after.at(after.size() - i));
+    writeNew(forward, after, ends);
+    writeNew(back, before, ends);
 }
 
 bool CPortCodec::applyGroups(CByteReader &in, Groups &groups)
@@ -128,6 +144,7 @@ bool CPortCodec::applyGroups(CByteReader &in, Groups &groups)
 void CPortCodec::writePort(CByteWriter &out, const Port &before, const Port &after)
 {
     const int parts = differenceOf(before, after);
+    CByteWriter unused;
     out.count(parts);
     if (parts & Color)
         out.color(after.color);
@@ -137,9 +154,9 @@ void CPortCodec::writePort(CByteWriter &out, const Port &before, const Port &aft
         out.uuid(after.redundancyProcessor);
     }
     if (parts & Mirror)
-        CCabinetCodec::write(out, before.mirrored, after.mirrored);
+        CCabinetCodec::write(out, unused, before.mirrored, after.mirrored);
     if (parts & Cabinets)
-        writeGroups(out, before.groups, after.groups);
+        writeGroups(out, unused, before.groups, after.groups);
 }
 
 bool CPortCodec::applyPort(CByteReader &in, Port &port)

@@ -15,7 +15,9 @@ public:
     using Port = CabinetLayout::CabinetPort;
     using Groups = QVector<Port::CabinetGroup>;
 
-    static void writeGroups(CByteWriter &out, const Groups &before, const Groups &after);
+    /// @p forward turns @p before into @p after, @p back the reverse.
+    static void writeGroups(CByteWriter &forward, CByteWriter &back, const Groups &before,
+                            const Groups &after);
     /// Turns the groups from before into those after. False: the bytes fit nothing; @p groups is unusable
     /// then.
     static bool applyGroups(CByteReader &in, Groups &groups);

@@ -103,8 +103,7 @@ void CStepTrail::condense(SStep &step, const Ports &ports)
     for (const SEditStep::SPort &port : std::as_const(whole.ports)) {
         CByteWriter forward;
         CByteWriter back;
-        CPortCodec::writeGroups(forward, port.before.groups, port.after.groups);
-        CPortCodec::writeGroups(back, port.after.groups, port.before.groups);
+        CPortCodec::writeGroups(forward, back, port.before.groups, port.after.groups);
         step.deltas << SPortDelta{port.after.index,
                                   forward.bytes(),
                                   back.bytes(),
