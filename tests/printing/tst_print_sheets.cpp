@@ -243,6 +243,7 @@ private Q_SLOTS:
                     QCOMPARE(sheets.at(i).view, i % 2 == 0 ? SSheet::Front : SSheet::Back);
             }
             QVERIFY(before == 0 || has(sheets.first(), "5 to 20"));
+            QVERIFY(before == 0 || (has(sheets.first(), "unknown") && !has(sheets.first(), "0 W")));
         }
     }
 

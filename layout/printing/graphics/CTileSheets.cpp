@@ -189,10 +189,15 @@ void CTileSheets::drawBar(SSheet &sheet) const
                        QLineF(left + BarLength, level - 1.5, left + BarLength, level + 1.5)},
                       0.35);
     const double text = left + BarLength + 4;
-    const QString note = tr("100 mm, if the printer keeps the scale. Glue so that equal letters coincide.");
+    const double room = m_area.content.right() - TileMapWidth - 4 - text;
+    const QString notes[] = {
+        tr("100 mm, if the printer keeps the scale. Glue so that equal letters coincide."),
+        tr("100 mm, if the printer keeps the scale."), tr("100 mm")};
     using SheetMarks::NotePoints;
-    DrawnMarks::startingAt(
-        sheet, {text, level},
-        CSheetFont::elided(note, NotePoints, false, m_area.content.right() - TileMapWidth - 4 - text),
-        NotePoints, false, EMark::Note);
+    for (const QString &note : notes) { // the longest that fits
+        if (CSheetFont::width(note, NotePoints, false) > room)
+            continue;
+        DrawnMarks::startingAt(sheet, {text, level}, note, NotePoints, false, EMark::Note);
+        break;
+    }
 }

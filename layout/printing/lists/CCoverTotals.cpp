@@ -85,6 +85,10 @@ void CCoverTotals::addProcessors()
 
 void CCoverTotals::addPower(const QString &name, qint64 watts, bool complete)
 {
+    if (watts == 0 && !complete) {
+        addLine(name, tr("unknown"), tr("no type of the cabinets tells it"));
+        return;
+    }
     const PrintConfig::SSupply &supply = m_plan.config.supply;
     QString note =
         tr("%1 A at %2 V").arg(decimal(SPlanTotals::amperes(watts, supply.volts), 1)).arg(supply.volts);
@@ -158,7 +162,8 @@ void CCoverTotals::add()
         return std::all_of(m_plan.types.begin(), m_plan.types.end(),
                            [figure](const SPlanType &type) { return type.*figure > 0; });
     };
-    addLine(tr("Weight"), tr("%1 kg").arg(decimal(totals.kilograms, 1)),
+    addLine(tr("Weight"),
+            totals.kilograms > 0 ? tr("%1 kg").arg(decimal(totals.kilograms, 1)) : tr("unknown"),
             isKnown(&SPlanType::kilograms) ? tr("cabinets alone, without rigging and cables")
                                            : tr("without cabinets whose weight is not known"));
     endLines(0.18);
