@@ -5,6 +5,7 @@
 #include "layout/api/records/LayoutLimits.h"
 #include "layout/geometry/CEdgeSnap.h"
 #include "layout/summary/CGraphicsProcessorItem.h"
+#include "platform/graphics/ArrowKeys.h"
 
 #include <QKeyEvent>
 
@@ -12,22 +13,6 @@ namespace {
 
 constexpr int KeyStep = 1; // pixels of the canvas
 constexpr int LargeKeyStep = 10;
-
-QPoint directionOf(int key)
-{
-    switch (key) {
-    case Qt::Key_Left:
-        return {-1, 0};
-    case Qt::Key_Right:
-        return {1, 0};
-    case Qt::Key_Up:
-        return {0, -1};
-    case Qt::Key_Down:
-        return {0, 1};
-    default:
-        return {};
-    }
-}
 
 /// The @p edges at which [low, high] begins or ends.
 QVector<int> shared(int low, int high, const QVector<int> &edges)
@@ -50,7 +35,7 @@ int boundedStep(int step, int from)
 
 bool CProcessorMove::isArrow(int key)
 {
-    return !directionOf(key).isNull();
+    return !ArrowKeys::directionOf(key).isNull();
 }
 
 QPoint CProcessorMove::stepOf(const QKeyEvent &event)
@@ -58,7 +43,7 @@ QPoint CProcessorMove::stepOf(const QKeyEvent &event)
     const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
     if (modifiers & ~Qt::ShiftModifier)
         return {};
-    return directionOf(event.key()) * (modifiers & Qt::ShiftModifier ? LargeKeyStep : KeyStep);
+    return ArrowKeys::directionOf(event.key()) * (modifiers & Qt::ShiftModifier ? LargeKeyStep : KeyStep);
 }
 
 CProcessorMove::CProcessorMove(const Items &moved, const Items &others)

@@ -3,6 +3,7 @@
 #include "layout/editor/gestures/CAppendKeys.h"
 
 #include "layout/editor/placing/CScenePlacing.h"
+#include "platform/graphics/ArrowKeys.h"
 
 #include <QGraphicsView>
 #include <QKeyEvent>
@@ -11,22 +12,6 @@ namespace {
 
 constexpr int SightMargin = 16; // around the ghosts, screen pixels
 
-QPoint directionOf(int key)
-{
-    switch (key) {
-    case Qt::Key_Left:
-        return {-1, 0};
-    case Qt::Key_Right:
-        return {1, 0};
-    case Qt::Key_Up:
-        return {0, -1};
-    case Qt::Key_Down:
-        return {0, 1};
-    default:
-        return {};
-    }
-}
-
 } // namespace
 
 bool CAppendKeys::press(const QKeyEvent &event, CScenePlacing &placing, QGraphicsView &view)
@@ -34,7 +19,7 @@ bool CAppendKeys::press(const QKeyEvent &event, CScenePlacing &placing, QGraphic
     const Qt::KeyboardModifiers keys = event.modifiers() & ~Qt::KeypadModifier;
     const bool places =
         event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter || event.key() == Qt::Key_Space;
-    const QPoint direction = directionOf(event.key());
+    const QPoint direction = ArrowKeys::directionOf(event.key());
     if (!placing.isAppending() || (!places && direction.isNull()) || (keys & ~Qt::ShiftModifier))
         return false;
     if (places) {
