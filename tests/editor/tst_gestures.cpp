@@ -193,9 +193,9 @@ private Q_SLOTS:
         disconnect(&scene, nullptr, this, nullptr);
     }
 
-    void directExchangeNeedsNoPick()
+    void anExchangeKeepsHighlights()
     {
-        m_mouse->scene().backend().setToolMode(ToolMode::DirectExchange, true);
+        m_mouse->scene().backend().setToolMode(ToolMode::HeadToTailExchange, true);
         m_mouse->states().resetsHighlight = true;
         CGraphicsCabinetItem &cabinet = m_mouse->cabinet(3, 0);
         cabinet.setHighlighted(true);
@@ -205,7 +205,7 @@ private Q_SLOTS:
         m_mouse->click({420, 64});
         QCOMPARE(selectionSpy.count(), 1);
         QCOMPARE(cabinet.cabinet().rects, reversed);
-        QCOMPARE(cabinet.selectedCell(), -1);
+        QVERIFY(cabinet.selectedCell() >= 0);
         QVERIFY(cabinet.isHighlighted()); // its type is the same
         cabinet.setHighlighted(false);
         m_mouse->click({620, 64}); // its direction is fixed

@@ -6,19 +6,13 @@
 
 class CSceneOperations;
 
-/// Head-to-tail exchange: a press on a cabinet reverses the order in which the signal runs through its
-/// receivers, and selects it.
+/// Head-to-tail exchange: a press on a receiver reverses the order in which the signal runs through those of
+/// its cabinet, and selects the cabinet. That receiver becomes the selected cell.
 class CExchangeMode final : public IMouseMode
 {
 public:
-    enum EPick {
-        Receiver, ///< only a press on a receiver counts; that receiver becomes the selected cell
-        Anywhere
-    };
-
-    CExchangeMode(CSceneOperations &operations, EPick pick)
+    explicit CExchangeMode(CSceneOperations &operations)
         : m_operations(operations)
-        , m_pick(pick)
     {
     }
 
@@ -27,5 +21,4 @@ public:
 
 private:
     CSceneOperations &m_operations;
-    EPick m_pick;
 };
