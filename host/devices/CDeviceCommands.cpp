@@ -45,7 +45,7 @@ CStatus CDeviceCommands::answered(const SDevice &device, DeviceError error) cons
     return error == DeviceError::None ? CStatus::done() : failure(device, deviceErrorText(error));
 }
 
-CStatus CDeviceCommands::apply(const QUuid &processor, const Edit &edit)
+CStatus CDeviceCommands::apply(const QUuid &processor, const Edit &edit, DeviceError *error)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     const std::optional<SDevice> device = m_services.table().device(processor);
@@ -54,7 +54,12 @@ CStatus CDeviceCommands::apply(const QUuid &processor, const Edit &edit)
     SProcessorSettings settings = device->settings;
     edit(settings);
     if (const auto simulated = m_services.device(processor)) {
-        CStatus status = answered(*device, simulated->apply(settings));
+        const DeviceError answer = simulated->apply(settings);
+        if (answer == DeviceError::Damaged)
+            simulated->apply(device->settings); // it may have done what it was asked
+        if (error)
+            *error = answer;
+        CStatus status = answered(*device, answer);
         if (!status)
             return status;
     }
@@ -146,8 +151,10 @@ CStatus CDeviceCommands::setOffsets(const ProcessorOffsets &offsets)
 
 CStatus CDeviceCommands::moveAreas(const ProcessorOffsets &offsets)
 {
-    const auto move = [this](const QUuid &processor, const QPoint &offset) {
-        return apply(processor, [&offset](SProcessorSettings &settings) { settings.offset = offset; });
+    DeviceError error = DeviceError::None;
+    const auto move = [this, &error](const QUuid &processor, const QPoint &offset) {
+        return apply(
+            processor, [&offset](SProcessorSettings &settings) { settings.offset = offset; }, &error);
     };
     ProcessorOffsets before; // of those that were moved
     for (auto it = offsets.begin(); it != offsets.end(); ++it) {
@@ -158,6 +165,10 @@ CStatus CDeviceCommands::moveAreas(const ProcessorOffsets &offsets)
             continue;
         }
         QStringList problems{status.error()};
+        if (error == DeviceError::NoAnswer) { // it may have done it
+            Q_UNUSED(move(it.key(), device.settings.offset))
+            problems << tr("Its offset is read again when it answers.");
+        }
         for (auto moved = before.begin(); moved != before.end(); ++moved) {
             const CStatus back = move(moved.key(), moved.value());
             if (!back)

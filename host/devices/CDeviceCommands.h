@@ -63,7 +63,7 @@ public:
 private:
     using Edit = std::function<void(SProcessorSettings &)>;
 
-    CStatus apply(const QUuid &processor, const Edit &edit);
+    CStatus apply(const QUuid &processor, const Edit &edit, DeviceError *error = nullptr);
     CStatus moveAreas(const ProcessorOffsets &offsets);
     CStatus failure(const SDevice &device, const QString &reason) const;
     /// Stores whether the device answered.

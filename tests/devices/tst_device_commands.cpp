@@ -323,8 +323,12 @@ private Q_SLOTS:
 
     void allProcessorsAreMovedOrNone()
     {
-        enum EObstacle { Offline, KnownAsOffline, Refuses, BeyondTheLimit, Unknown };
-        for (const EObstacle obstacle : {Offline, KnownAsOffline, Refuses, BeyondTheLimit, Unknown}) {
+        enum EObstacle { Offline, KnownAsOffline, Refuses, Silent, Damages, BeyondTheLimit, Unknown };
+        const QHash<int, SimulationFault> faults = {{Refuses, SimulationFault::Refuse},
+                                                    {Silent, SimulationFault::Silent},
+                                                    {Damages, SimulationFault::Damaged}};
+        for (const EObstacle obstacle :
+             {Offline, KnownAsOffline, Refuses, Silent, Damages, BeyondTheLimit, Unknown}) {
             SStage host;
             const ProcessorOffsets before = host.offsetsBy(host.handler);
             ProcessorOffsets wanted = {{host.left, {100, 100}}, {host.right, {200, 200}}};
@@ -334,8 +338,7 @@ private Q_SLOTS:
             else if (obstacle == Unknown)
                 wanted.insert(QUuid::createUuid(), {0, 0});
             else
-                host.manager.simulate(
-                    last, obstacle == Refuses ? SimulationFault::Refuse : SimulationFault::Offline, true);
+                host.manager.simulate(last, faults.value(obstacle, SimulationFault::Offline), true);
             if (obstacle == KnownAsOffline)
                 host.detect();
             QVERIFY(host.refuses(host.handler.setProcessorOffsets(wanted)));

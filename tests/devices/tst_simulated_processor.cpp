@@ -164,9 +164,13 @@ private Q_SLOTS:
                          m_world->token, [](int) {}, bytes),
                      row.reading);
             QCOMPARE(!CProcessorCodec::mapping(bytes, {}), row.fault != Fault::Slow);
-            QCOMPARE(device->apply(unusualSettings()), row.command);
+            SProcessorSettings asked = unusualSettings();
+            asked.offset = {int(row.fault), 100};
+            QCOMPARE(device->apply(asked), row.command);
             QCOMPARE(m_world->save(device, other), row.saving);
             device->setFault(row.fault, false);
+            const bool refused = row.command == E::Offline || row.command == E::Refused;
+            QCOMPARE(device->settings().offset == asked.offset, !refused);
             const bool saved = row.saving == E::None;
             for (const auto &again : {m_world->mappingOf(device), m_world->mappingOf(m_world->start())}) {
                 QCOMPARE(again.layout.ports.at(0).locked, (saved ? other : before.layout).ports.at(0).locked);

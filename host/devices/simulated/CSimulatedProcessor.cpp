@@ -273,10 +273,12 @@ DeviceError CSimulatedProcessor::command()
 DeviceError CSimulatedProcessor::apply(const SProcessorSettings &settings)
 {
     const DeviceError error = command();
-    if (error != DeviceError::None)
+    const bool isAnswerLost = error == DeviceError::NoAnswer || error == DeviceError::Damaged;
+    if (error != DeviceError::None && !isAnswerLost)
         return error;
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return keep(settings);
+    const DeviceError kept = keep(settings);
+    return isAnswerLost ? error : kept;
 }
 
 DeviceError CSimulatedProcessor::keep(const SProcessorSettings &settings)

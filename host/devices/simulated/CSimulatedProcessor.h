@@ -56,7 +56,7 @@ public:
     /// Replaces the whole mapping at the end of the transfer; sets @p revision to the new one.
     DeviceError saveMapping(CCancelToken &cancel, const Progress &progress, const QByteArray &mapping,
                             quint64 &revision);
-    /// A short command that replaces the settings.
+    /// A short command that replaces the settings, also if the answer is lost or damaged.
     DeviceError apply(const SProcessorSettings &settings);
     /// A short command that changes nothing.
     DeviceError probe();
