@@ -155,7 +155,7 @@ void CEditorCommands::fillAppendMenu(QMenu &menu, QWidget *parent)
         return;
     }
     const auto chosen = [this, port](const TypeInfo &type, const QSize &size) { append(type, port, size); };
-    CAppendMenu(m_store, m_store.recentCabinets(), chosen, parent).fill(menu);
+    CAppendMenu(m_store, m_store.recentCabinets(), chosen, CAppendMenu::OfTypes, parent).fill(menu);
 }
 
 void CEditorCommands::append(const TypeInfo &type, int port, const QSize &size)

@@ -157,7 +157,7 @@ private Q_SLOTS:
         CMessageBoxAnswerer user({QStringLiteral("OK")});
         recent.actions().first()->trigger();
         QVERIFY(!m_world->scene().backend().placing().isAppending());
-        QVERIFY(user.texts().first().contains(QLatin1String("(2049x100)")));
+        QVERIFY(user.texts().first().contains(QLatin1String("between 1-2048, the WxH (2049x100)")));
         recent.actions().at(1)->trigger();
         QVERIFY(m_world->scene().backend().placing().isAppending());
         QCOMPARE(m_world->store.recentCabinets().types().first(), SMD5::ofContent("Flat"));

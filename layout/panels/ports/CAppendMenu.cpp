@@ -19,17 +19,17 @@ QString sizedText(const QString &name, const QSize &size)
         .arg(name, QString::number(size.width()), QString::number(size.height()));
 }
 
-/// Returns whether a cabinet can have @p size; if not, shows why. The text names the least size that users
-/// can enter, while types may be smaller.
-bool mayHave(const QSize &size, QWidget *parent)
+/// Returns whether a cabinet can have @p size; if not, shows why.
+bool mayHave(const QSize &size, int namedLeast, QWidget *parent)
 {
     if (LayoutLimits::isCabinetSize(size))
         return true;
-    CMessageBox::warning(parent,
-                         CAppendMenu::tr("Cabinet height or width must be between 8-2048, the WxH (%1x%2) of "
-                                         "this cabinet type already exceeds the limit.")
-                             .arg(size.width())
-                             .arg(size.height()));
+    CMessageBox::warning(
+        parent, CAppendMenu::tr("Cabinet height or width must be between %1-2048, the WxH (%2x%3) of "
+                                "this cabinet type already exceeds the limit.")
+                    .arg(namedLeast)
+                    .arg(size.width())
+                    .arg(size.height()));
     return false;
 }
 
@@ -51,9 +51,9 @@ void CAppendMenu::addLibrary(QMenu &menu) const
     QMenu *types = menu.addMenu(tr("Type library"));
     TypeMenu::addLibrary(*types, library);
     QObject::connect(types, &QMenu::triggered, types,
-                     [chosen = m_chosen, parent = m_parent](QAction *action) {
+                     [chosen = m_chosen, least = m_namedLeast, parent = m_parent](QAction *action) {
                          const auto type = action->data().value<TypeInfo>();
-                         if (mayHave(QSize(type.width, type.height), parent))
+                         if (mayHave(QSize(type.width, type.height), least, parent))
                              chosen(type, QSize(type.width, type.height));
                      });
 }
@@ -75,8 +75,8 @@ void CAppendMenu::addRecent(QMenu &menu) const
         action->setProperty("append", QVariant::fromValue(type));
         action->setProperty("appendSize", size);
         QObject::connect(action, &QAction::triggered, recent,
-                         [chosen = m_chosen, parent = m_parent, type, size] {
-                             if (mayHave(size, parent))
+                         [chosen = m_chosen, least = m_namedLeast, parent = m_parent, type, size] {
+                             if (mayHave(size, least, parent))
                                  chosen(type, size);
                          });
     }

@@ -25,11 +25,19 @@ public:
     /// Receives the chosen type (empty for a custom size) and its size in pixels.
     using Chosen = std::function<void(const TypeInfo &, const QSize &)>;
 
+    /// The least side that the message about a type beyond the limits names.
+    enum ENamedLeast {
+        OfTypes = 1,
+        OfCustomSizes = 8 ///< that users can enter
+    };
+
     /// @p parent is the parent of questions and messages. It, @p types and @p recent must outlive the menu.
-    CAppendMenu(const ITypeLookup &types, CRecentCabinets &recent, Chosen chosen, QWidget *parent)
+    CAppendMenu(const ITypeLookup &types, CRecentCabinets &recent, Chosen chosen, ENamedLeast namedLeast,
+                QWidget *parent)
         : m_types(types)
         , m_recent(recent)
         , m_chosen(std::move(chosen))
+        , m_namedLeast(namedLeast)
         , m_parent(parent)
     {
     }
@@ -44,5 +52,6 @@ private:
     const ITypeLookup &m_types;
     CRecentCabinets &m_recent;
     Chosen m_chosen;
+    ENamedLeast m_namedLeast;
     QWidget *m_parent;
 };

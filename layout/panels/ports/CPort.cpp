@@ -102,7 +102,7 @@ void CPort::openAppendMenu()
     const auto append = [this, index = port()](const TypeInfo &type, const QSize &size) {
         Q_EMIT notifyAppendCabinet(index, size, type);
     };
-    CAppendMenu(m_store, m_store.recentCabinets(), append, window()).fill(*menu);
+    CAppendMenu(m_store, m_store.recentCabinets(), append, CAppendMenu::OfCustomSizes, window()).fill(*menu);
     m_held = true;
     update();
     connect(menu, &QMenu::aboutToHide, this, [this] {
