@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/editor/content/CHighlights.h"
 #include "layout/editor/history/CEditHistory.h"
 #include "layout/editor/items/IItemMouse.h"
 #include "layout/panels/CHistoryLabel.h"
@@ -254,7 +255,15 @@ private Q_SLOTS:
         QTRY_COMPARE(world.rows(), QStringList({QStringLiteral("Beginning, restored from earlier"),
                                                 QStringLiteral("Move")}));
         QCOMPARE(world.records().size(), 0);
+        const auto cabinets = [&world] {
+            return world.scene().backend().content().portItem(0)->cabinets(nullptr);
+        };
+        for (CGraphicsCabinetItem *cabinet : cabinets())
+            cabinet->setHighlighted(true);
         world.scene().undo(nullptr);
+        for (const CGraphicsCabinetItem *cabinet : cabinets()) // only the one that was edited has lost it
+            QCOMPARE(cabinet->isHighlighted(), cabinet->uuid() != before.ports[0].groups[0].cabinets[1].uuid);
+        world.scene().backend().highlights().clear();
         QCOMPARE(world.layout().ports[0].groups, before.ports[0].groups);
         QCOMPARE(world.records().last().kind, SEditRecord::Moved);
     }

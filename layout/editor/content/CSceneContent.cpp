@@ -78,9 +78,16 @@ CSceneContent::add(CGraphicsPortItem &port, const CabinetLayout::CabinetPort &re
 
 void CSceneContent::replace(const QVector<Port> &records)
 {
+    QVector<QUuid> highlighted;
     for (const Port &record : records) { // all before the first is built: a cabinet may have changed its port
-        if (CGraphicsPortItem *port = portItem(record.index))
-            empty(*port);
+        CGraphicsPortItem *port = portItem(record.index);
+        if (!port)
+            continue;
+        for (const CGraphicsCabinetItem *cabinet : port->cabinets(nullptr)) {
+            if (cabinet->isHighlighted())
+                highlighted << cabinet->uuid();
+        }
+        empty(*port);
     }
     CDirectEntry entry;
     CLayoutBuilder builder(*this, entry, m_nextOrdinal);
@@ -91,6 +98,11 @@ void CSceneContent::replace(const QVector<Port> &records)
         }
     }
     m_nextOrdinal = builder.nextOrdinal();
+    for (const QUuid &cabinet : qAsConst(highlighted)) {
+        CGraphicsItemBase *item = editedItem(cabinet);
+        if (item && item->type() == CabinetItemKind)
+            static_cast<CGraphicsCabinetItem *>(item)->setHighlighted(true);
+    }
 }
 
 void CSceneContent::empty(CGraphicsPortItem &port)

@@ -34,7 +34,8 @@ public:
     /// Adds the content of @p record to @p port by commands that can be undone; see CLayoutBuilder::fill().
     QVector<CGraphicsItemBase *> add(CGraphicsPortItem &port, const CabinetLayout::CabinetPort &record,
                                      CUndoRecorder &recorder);
-    /// Replaces the groups and cabinets of the ports of @p records, without commands. Only within a batch.
+    /// Replaces the groups and cabinets of the ports of @p records, without commands. Cabinets that stay keep
+    /// their highlights. Only within a batch.
     void replace(const QVector<CabinetLayout::CabinetPort> &records);
     /// The ordinals of all items of @p ports; and gives them back to a port that has the same items again.
     CRecordOrder::Ordinals ordinals(const QVector<int> &ports) const;

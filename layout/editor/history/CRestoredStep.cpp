@@ -4,7 +4,7 @@
 
 #include "layout/editor/content/CLayoutReader.h"
 #include "layout/editor/content/CSceneContent.h"
-#include "layout/editor/items/CGraphicsItemBase.h"
+#include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 
 #include <QLoggingCategory>
@@ -63,12 +63,18 @@ void CRestoredStep::apply(CPortDelta::ESide side)
     select(changed);
 }
 
+/// Where the user wants it, an edit ends the highlights of what it changes.
 void CRestoredStep::select(const QVector<QUuid> &cabinets)
 {
     QSet<QUuid> items;
     for (const QUuid &cabinet : cabinets) {
-        if (CGraphicsItemBase *item = m_content.editedItem(cabinet))
-            items.insert(item->outermost().uuid());
+        CGraphicsItemBase *item = m_content.editedItem(cabinet);
+        if (!item)
+            continue;
+        items.insert(item->outermost().uuid());
+        const CGraphicsPortItem *port = item->portItem();
+        if (item->type() == CabinetItemKind && port && port->resetsHighlightOnEdit())
+            static_cast<CGraphicsCabinetItem *>(item)->setHighlighted(false);
     }
     m_selection = QVector<QUuid>(items.begin(), items.end());
 }
