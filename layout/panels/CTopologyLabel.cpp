@@ -10,6 +10,7 @@
 #include <QButtonGroup>
 #include <QCoreApplication>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QToolButton>
 #include <QVariant>
 
@@ -60,6 +61,35 @@ void CTopologyLabel::setButtonEnable(bool enable)
         button->setEnabled(enable);
 }
 
+/// In an exclusive group, Qt's arrow keys click the button that they go to, which would wire.
+bool CTopologyLabel::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::KeyPress)
+        return CUnitLabel::eventFilter(watched, event);
+    const int from = m_buttons->id(qobject_cast<QAbstractButton *>(watched));
+    const int column = from % TopologyColumns;
+    int to = from;
+    switch (static_cast<QKeyEvent *>(event)->key()) {
+    case Qt::Key_Left:
+        to -= column > 0 ? 1 : 0;
+        break;
+    case Qt::Key_Right:
+        to += column < TopologyColumns - 1 ? 1 : 0;
+        break;
+    case Qt::Key_Up:
+        to -= TopologyColumns;
+        break;
+    case Qt::Key_Down:
+        to += TopologyColumns;
+        break;
+    default:
+        return false;
+    }
+    if (QAbstractButton *button = m_buttons->button(to))
+        button->setFocus(Qt::TabFocusReason);
+    return true;
+}
+
 void CTopologyLabel::buildUi()
 {
     SetTitle(tr("Topology"));
@@ -70,6 +100,7 @@ void CTopologyLabel::buildUi()
     for (int pattern = 0; pattern < CSnakeOrder::PatternCount; ++pattern) {
         QToolButton *button = makeButton(pattern);
         m_buttons->addButton(button, pattern);
+        button->installEventFilter(this);
         grid->addWidget(button, pattern / TopologyColumns, pattern % TopologyColumns);
     }
     contentLayout()->addLayout(grid);

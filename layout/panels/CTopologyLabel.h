@@ -29,6 +29,9 @@ Q_SIGNALS:
 public Q_SLOTS:
     void setButtonEnable(bool enable); ///< all eight
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void buildUi();
     QToolButton *makeButton(int pattern);

@@ -234,6 +234,25 @@ private Q_SLOTS:
         QCOMPARE(ended.first().first().toInt(), 1);
     }
 
+    void arrowKeysGoFromPatternToPattern()
+    {
+        SPanelWorld world;
+        world.panel.show();
+        QVERIFY(QTest::qWaitForWindowActive(&world.panel));
+        const QSignalSpy patterns(&world.panel, &CLayoutSidePanel::notifyTopologybuttonClicked);
+        auto &first = *named<QToolButton>(world.panel, "LTR TTB snake");
+        auto &second = *named<QToolButton>(world.panel, "TTB RTL snake"); // below and to the right
+        first.click();
+        first.setFocus();
+        for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Down})
+            QTest::keyClick(QApplication::focusWidget(), key);
+        QVERIFY(second.hasFocus() && first.isChecked());
+        QCOMPARE(patterns.count(), 1);
+        QTest::keyClick(&second, Qt::Key_Space);
+        QVERIFY(second.isChecked() && !first.isChecked());
+        QCOMPARE(patterns.count(), 2);
+    }
+
     void refusedEditsCannotBeAskedFor()
     {
         SPanelWorld world;
