@@ -4,6 +4,7 @@
 
 #include "layout/api/ILayoutInterfaceHandler.h"
 #include "layout/api/access/CHostAccess.h"
+#include "layout/api/records/EditRefusal.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/panels/IMappingCommands.h"
 #include "layout/panels/MappingRefusal.h"
@@ -46,9 +47,9 @@ CBackupLabel::CBackupLabel(const SUnitServices &services)
     showPorts();
 }
 
-void CBackupLabel::setEditingBlocked(bool blocked)
+void CBackupLabel::setEditingBlocked(bool locked, bool redundancy)
 {
-    m_blocked = blocked;
+    m_block = EditRefusal::of(locked, redundancy);
     updateEnabled();
 }
 
@@ -206,7 +207,8 @@ void CBackupLabel::updateEnabled()
 {
     enable(*m_saveCurrent, MappingRefusal::of(m_processor));
     enable(*m_saveAll, m_commands.refusalForAll());
-    m_ports->setEnabled(!m_blocked);
+    m_ports->setEnabled(m_block.isEmpty());
+    m_ports->setToolTip(m_block);
 }
 
 /// An empty @p refusal enables; any other tells why not.

@@ -21,7 +21,7 @@ class CBackupLabel final : public CUnitLabel, public ISidePanelUnit
 public:
     explicit CBackupLabel(const SUnitServices &services);
 
-    void setEditingBlocked(bool blocked) override;
+    void setEditingBlocked(bool locked, bool redundancy) override;
     void onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor) override;
     void onCurrentProcessorStateChanged(const ProcessorTree::ProcessorNode &processor) override;
     void onPortStatesChanged() override { showPorts(); }
@@ -57,6 +57,6 @@ private:
     QPushButton *m_saveAll = nullptr;
     QVector<CabinetLayout::CabinetPort> m_shown; ///< the redundancy ports of the rows, without cabinets
     CKeptFocus m_focus;
-    bool m_blocked = false;
+    QString m_block; ///< why nothing may be edited; empty: it may
     bool m_busy = false;
 };

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/panels/CCabinetGemometryLabel.h"
 
+#include "layout/api/records/EditRefusal.h"
 #include "layout/api/records/LayoutLimits.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/geometry/SSelectionFigures.h"
@@ -39,15 +40,15 @@ CCabinetGemometryLabel::CCabinetGemometryLabel(const SUnitServices &services)
     updateEnabled();
 }
 
-void CCabinetGemometryLabel::setEditingBlocked(bool blocked)
+void CCabinetGemometryLabel::setEditingBlocked(bool locked, bool redundancy)
 {
-    m_blocked = blocked;
+    m_block = EditRefusal::of(locked, redundancy);
     updateEnabled();
 }
 
 void CCabinetGemometryLabel::onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor)
 {
-    m_online = !processor.uuid.isNull() && processor.online;
+    m_processor = processor;
     updateEnabled();
 }
 
@@ -110,8 +111,6 @@ void CCabinetGemometryLabel::buildUi()
     m_y = addField(*grid, 1, SecondCaption, tr("Y"), -LargestExtent, LargestExtent);
     m_width = addField(*grid, 2, FirstCaption, tr("Width"), 1, LargestExtent);
     m_height = addField(*grid, 2, SecondCaption, tr("Height"), 1, LargestExtent);
-    for (CRecoveryFocusSpinBox *field : {m_width, m_height})
-        field->setToolTip(tr("The cabinets are scaled together; those in groups keep their size"));
     contentLayout()->addLayout(grid);
 
     auto *size = new QHBoxLayout;
@@ -213,12 +212,18 @@ void CCabinetGemometryLabel::updateEnabled()
     const auto locked =
         std::count_if(ports.begin(), ports.end(), [this](int port) { return m_store.isPortLocked(port); });
     m_allLocked = locked == ports.size();
-    m_lock->setEnabled(m_online && !m_blocked && !ports.isEmpty());
     m_lock->setCheckState(locked == 0 ? Qt::Unchecked : m_allLocked ? Qt::Checked : Qt::PartiallyChecked);
-    m_lock->setToolTip(m_selectedPorts.isEmpty()
+    const QString lockRefused = SelectedPorts::refusal(m_processor, m_block);
+    m_lock->setEnabled(lockRefused.isEmpty() && !ports.isEmpty());
+    m_lock->setToolTip(!lockRefused.isEmpty() ? lockRefused
+                       : m_selectedPorts.isEmpty()
                            ? tr("Locks all output ports of the processor")
                            : tr("Locks the output ports that hold the selected cabinets"));
-    const bool editable = m_online && !m_blocked && SelectedPorts::mayBeEdited(m_store, m_selectedPorts);
-    for (CRecoveryFocusSpinBox *field : {m_columns, m_rows, m_x, m_y, m_width, m_height})
-        field->setEnabled(editable);
+    const QString refused = SelectedPorts::refusal(m_processor, m_block, m_store, m_selectedPorts);
+    const QString scaled = tr("The cabinets are scaled together; those in groups keep their size");
+    for (CRecoveryFocusSpinBox *field : {m_columns, m_rows, m_x, m_y, m_width, m_height}) {
+        field->setEnabled(refused.isEmpty());
+        const bool scales = field == m_width || field == m_height;
+        field->setToolTip(refused.isEmpty() && scales ? scaled : refused);
+    }
 }

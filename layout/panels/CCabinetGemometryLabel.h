@@ -22,7 +22,7 @@ class CCabinetGemometryLabel final : public CUnitLabel, public ISidePanelUnit
 public:
     explicit CCabinetGemometryLabel(const SUnitServices &services);
 
-    void setEditingBlocked(bool blocked) override;
+    void setEditingBlocked(bool locked, bool redundancy) override;
     void onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor) override;
     void onCurrentProcessorStateChanged(const ProcessorTree::ProcessorNode &processor) override;
     void onSelectedPorts(const QList<int> &ports) override;
@@ -69,6 +69,6 @@ private:
     int m_arranged = 0;       ///< items: groups, and cabinets without them
     QSize m_rank;             ///< columns and rows; empty: no regular arrangement
     bool m_allLocked = false; ///< of the ports that the lock is about
-    bool m_online = false;
-    bool m_blocked = false;
+    ProcessorTree::ProcessorNode m_processor;
+    QString m_block; ///< why nothing may be edited; empty: it may
 };

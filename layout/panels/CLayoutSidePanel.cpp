@@ -102,10 +102,10 @@ void CLayoutSidePanel::onHistoryChanged(const QUndoStack *stack, const QString &
     m_history->showHistory(stack, beginning);
 }
 
-void CLayoutSidePanel::setEditingBlocked(bool blocked)
+void CLayoutSidePanel::setEditingBlocked(bool locked, bool redundancy)
 {
     for (ISidePanelUnit *unit : m_units)
-        unit->setEditingBlocked(blocked);
+        unit->setEditingBlocked(locked, redundancy);
 }
 
 void CLayoutSidePanel::onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor)

@@ -28,7 +28,7 @@ public:
     /// Opens or folds the unit with the steps.
     void setHistoryShown(bool shown);
     /// With @p blocked, the units refuse whatever would replace the layout.
-    void setEditingBlocked(bool blocked);
+    void setEditingBlocked(bool locked, bool redundancy); ///< see ISidePanelUnit
 
 Q_SIGNALS:
     // Passed on from the units.

@@ -3,7 +3,6 @@
 #include "layout/panels/CMappingLabel.h"
 
 #include "layout/api/records/EditRefusal.h"
-#include "layout/data/CLayoutData.h"
 #include "layout/panels/IMappingCommands.h"
 #include "layout/panels/MappingRefusal.h"
 #include "platform/widgets/CMenuToolButton.h"
@@ -24,8 +23,7 @@ constexpr QSize MappingButtonSize(96, 26);
 } // namespace
 
 CMappingLabel::CMappingLabel(const SUnitServices &services)
-    : m_store(services.store)
-    , m_commands(services.mapping)
+    : m_commands(services.mapping)
     , m_read(new CMenuToolButton(tr("Read")))
     , m_save(new CMenuToolButton(tr("Save")))
 {
@@ -46,15 +44,15 @@ void CMappingLabel::setBusy(bool busy)
         m_focus.giveBack();
 }
 
-void CMappingLabel::setEditingBlocked(bool blocked)
+void CMappingLabel::setEditingBlocked(bool locked, bool redundancy)
 {
-    m_readBlocked = blocked;
+    m_readBlock = locked ? EditRefusal::of(true, redundancy) : QString();
+    m_currentBlock = EditRefusal::of(false, redundancy);
     updateEnabled();
 }
 
 void CMappingLabel::onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor)
 {
-    m_processor = processor.uuid;
     m_refusal = MappingRefusal::of(processor);
     updateEnabled();
 }
@@ -164,26 +162,20 @@ void CMappingLabel::updateEntries(CMenuToolButton &button)
     }
 }
 
-/// An empty @p reason enables the button; any other says why it is disabled.
-void CMappingLabel::enable(CMenuToolButton &button, const QString &reason)
+/// An empty @p reason enables the button; any other says why it is disabled. @p currentReason is about its
+/// entry for the processor in view alone.
+void CMappingLabel::enable(CMenuToolButton &button, const QString &reason, const QString &currentReason)
 {
-    button.setDefaultBlocked(m_refusal);
+    button.setDefaultBlocked(currentReason);
     button.setEnabled(reason.isEmpty());
     if (!reason.isEmpty())
         button.setToolTip(reason);
 }
 
-/// Why the layout may not be replaced; empty if it may.
-QString CMappingLabel::block() const
-{
-    if (!m_readBlocked)
-        return {};
-    return EditRefusal::of(true, !m_store.primaryOf(m_processor).isNull());
-}
-
 void CMappingLabel::updateEnabled()
 {
     const QString reason = m_busy ? tr("The mapping is being read or saved") : QString();
-    enable(*m_read, reason.isEmpty() ? block() : reason);
-    enable(*m_save, reason);
+    enable(*m_read, reason.isEmpty() ? m_readBlock : reason,
+           m_refusal.isEmpty() ? m_currentBlock : m_refusal);
+    enable(*m_save, reason, m_refusal);
 }

@@ -19,7 +19,7 @@ public:
     explicit CMappingLabel(const SUnitServices &services);
 
     /// While editing is blocked, reading is refused, because it replaces the layout.
-    void setEditingBlocked(bool blocked) override;
+    void setEditingBlocked(bool locked, bool redundancy) override;
 
 Q_SIGNALS:
     /// A save started by this unit has succeeded.
@@ -42,21 +42,19 @@ private:
     QCheckBox *addOption(const QString &text, const QString &toolTip, bool checked);
     void connectSignals();
     void setBusy(bool busy);
-    void enable(CMenuToolButton &button, const QString &reason);
+    void enable(CMenuToolButton &button, const QString &reason, const QString &currentReason);
     void updateEnabled();
     void updateEntries(CMenuToolButton &button);
-    QString block() const;
 
-    const CLayoutData &m_store;
     IMappingCommands &m_commands;
-    QUuid m_processor; // in view
     CMenuToolButton *m_read = nullptr;
     CMenuToolButton *m_save = nullptr;
     QCheckBox *m_numberMapping = nullptr;
     QCheckBox *m_realtime = nullptr;
     QCheckBox *m_fromProcessor = nullptr;
     CKeptFocus m_focus;
-    QString m_refusal; ///< why the processor in view can neither be read nor saved to; empty: it can
+    QString m_refusal;      ///< why the processor in view can neither be read nor saved to; empty: it can
+    QString m_readBlock;    ///< why nothing can be read
+    QString m_currentBlock; ///< why the layout in view may not be replaced
     bool m_busy = false;
-    bool m_readBlocked = false;
 };

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/panels/CTopologyLabel.h"
 
+#include "layout/api/records/EditRefusal.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/geometry/CSnakeOrder.h"
 #include "layout/panels/SelectedPorts.h"
@@ -32,15 +33,15 @@ CTopologyLabel::CTopologyLabel(const SUnitServices &services)
     updateEnabled();
 }
 
-void CTopologyLabel::setEditingBlocked(bool blocked)
+void CTopologyLabel::setEditingBlocked(bool locked, bool redundancy)
 {
-    m_blocked = blocked;
+    m_block = EditRefusal::of(locked, redundancy);
     updateEnabled();
 }
 
 void CTopologyLabel::onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor)
 {
-    m_online = !processor.uuid.isNull() && processor.online;
+    m_processor = processor;
     updateEnabled();
 }
 
@@ -125,5 +126,10 @@ QToolButton *CTopologyLabel::makeButton(int pattern)
 
 void CTopologyLabel::updateEnabled()
 {
-    setButtonEnable(m_online && !m_blocked && SelectedPorts::mayBeEdited(m_store, m_selectedPorts));
+    const QString refused = SelectedPorts::refusal(m_processor, m_block, m_store, m_selectedPorts);
+    setButtonEnable(refused.isEmpty());
+    for (QAbstractButton *button : m_buttons->buttons()) {
+        const QString name = button->accessibleName();
+        button->setToolTip(refused.isEmpty() ? name : name + QLatin1Char('\n') + refused);
+    }
 }

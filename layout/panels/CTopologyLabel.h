@@ -16,7 +16,7 @@ class CTopologyLabel final : public CUnitLabel, public ISidePanelUnit
 public:
     explicit CTopologyLabel(const SUnitServices &services);
 
-    void setEditingBlocked(bool blocked) override;
+    void setEditingBlocked(bool locked, bool redundancy) override;
     void onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor) override;
     void onCurrentProcessorStateChanged(const ProcessorTree::ProcessorNode &processor) override;
     void onSelectedPorts(const QList<int> &ports) override;
@@ -40,6 +40,6 @@ private:
     const CLayoutData &m_store;
     QButtonGroup *m_buttons;
     QList<int> m_selectedPorts;
-    bool m_online = false;
-    bool m_blocked = false;
+    ProcessorTree::ProcessorNode m_processor;
+    QString m_block; ///< why nothing may be edited; empty: it may
 };

@@ -35,6 +35,11 @@ public:
     virtual void onSelectedGeometry(const QRect &) {}
     /// Locks or pairs of ports have changed.
     virtual void onPortStatesChanged() {}
-    /// If true, the unit must refuse whatever would replace the layout.
-    virtual void setEditingBlocked(bool) {}
+    /// The unit must refuse whatever would replace or edit the layout if the user has locked the editor
+    /// (@p locked), or the processor in view follows a primary (@p redundancy).
+    virtual void setEditingBlocked(bool locked, bool redundancy)
+    {
+        Q_UNUSED(locked)
+        Q_UNUSED(redundancy)
+    }
 };

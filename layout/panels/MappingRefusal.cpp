@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/panels/MappingRefusal.h"
 
+#include "layout/api/records/EditRefusal.h"
+
 #include <QCoreApplication>
 
 QString MappingRefusal::of(const ProcessorTree::ProcessorNode &processor)
@@ -13,5 +15,5 @@ QString MappingRefusal::of(const ProcessorTree::ProcessorNode &processor)
         return text("Please select a single processor that is online");
     if (processor.address == 0)
         return text("A project has no processor to read from or save to; the File menu saves it");
-    return processor.online ? QString() : text("The processor is offline");
+    return processor.online ? QString() : EditRefusal::offline();
 }

@@ -2,21 +2,21 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/api/access/IPortStates.h"
+#include "layout/api/records/ProcessorTree.h"
 
-#include <algorithm>
+#include <QList>
+#include <QString>
+
+class IPortStates;
 
 /// What units offer depends on the output ports that hold the selection.
 namespace SelectedPorts {
 
-/// Returns whether an edit of what is selected in @p ports would not be refused; false without a selection.
-inline bool mayBeEdited(const IPortStates &states, const QList<int> &ports)
-{
-    const auto refuses = [&states](int port) {
-        return states.isPortLocked(port) ||
-               states.portRedundancy(port) == CabinetLayout::CabinetPort::Redundant;
-    };
-    return !ports.isEmpty() && std::none_of(ports.begin(), ports.end(), refuses);
-}
+/// The reason why nothing of @p processor, the one in view, can be edited; empty if something can. @p block:
+/// see EditRefusal::of().
+QString refusal(const ProcessorTree::ProcessorNode &processor, const QString &block);
+/// The same of what is selected in @p ports.
+QString refusal(const ProcessorTree::ProcessorNode &processor, const QString &block,
+                const IPortStates &states, const QList<int> &ports);
 
 } // namespace SelectedPorts

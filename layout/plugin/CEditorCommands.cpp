@@ -3,6 +3,7 @@
 #include "layout/plugin/CEditorCommands.h"
 
 #include "layout/api/access/CHostAccess.h"
+#include "layout/api/records/EditRefusal.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/editor/content/CEditBatches.h"
 #include "layout/editor/content/CSceneContent.h"
@@ -61,7 +62,7 @@ void CEditorCommands::chooseType(QWidget *parent)
     CCabinetGraphicsScene &scene = m_view.cabinetScene();
     for (const int port : scene.selection().ports()) {
         if (m_store.isPortLocked(port)) {
-            CMessageBox::warning(parent, tr("Port %1 is locked.").arg(port + 1));
+            CMessageBox::warning(parent, EditRefusal::ofPort(port, true, false));
             return;
         }
     }

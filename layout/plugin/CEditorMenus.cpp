@@ -10,6 +10,7 @@
 #include "layout/editor/recording/CUndoRecorder.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
+#include "layout/editor/view/CEditRule.h"
 #include "layout/editor/view/CEditorToolBar.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
 
@@ -35,40 +36,45 @@ void CEditorMenus::fillEdit()
 {
     m_menu.setToolTipsVisible(true);
     CSceneBackend &backend = m_view.cabinetScene().backend();
-    const bool selected = !backend.selection().isEmpty();
+    const CSceneSelection &selection = backend.selection();
     const QUndoStack *stack = backend.recorder().stack();
-    addEdit(m_menu, {tr("&Undo"), Qt::CTRL | Qt::Key_Z, EditKind::History}, stack && stack->canUndo());
-    addEdit(m_menu, {tr("&Redo"), Qt::CTRL | Qt::Key_Y, EditKind::History}, stack && stack->canRedo());
+    addEdit(m_menu, {tr("&Undo"), Qt::CTRL | Qt::Key_Z, EditKind::History},
+            CEditRule::undoing(stack && stack->canUndo()));
+    addEdit(m_menu, {tr("&Redo"), Qt::CTRL | Qt::Key_Y, EditKind::History},
+            CEditRule::redoing(stack && stack->canRedo()));
     m_menu.addSeparator();
-    addClipboard(selected);
+    addClipboard();
     m_menu.addSeparator();
-    addEdit(m_menu, {tr("Select &all"), Qt::CTRL | Qt::Key_A}, true);
-    const QString closed = CRefusal::reason(backend.selection().closedPort());
-    addEdit(m_menu, {tr("&Group"), Qt::CTRL | Qt::Key_G}, backend.selection().canGroup(), closed);
-    addEdit(m_menu, {tr("U&ngroup"), Qt::CTRL | Qt::SHIFT | Qt::Key_G}, backend.selection().canBreakGroup(),
-            closed);
-    addMoves(selected);
+    addEdit(m_menu, {tr("Select &all"), Qt::CTRL | Qt::Key_A});
+    addEdit(m_menu, {tr("&Group"), Qt::CTRL | Qt::Key_G},
+            CEditRule::grouping(selection, selection.canGroup()));
+    addEdit(m_menu, {tr("U&ngroup"), Qt::CTRL | Qt::SHIFT | Qt::Key_G},
+            CEditRule::ungrouping(selection, selection.canBreakGroup()));
+    addMoves();
     m_menu.addSeparator();
-    addEdit(m_menu, {tr("App&end cabinets..."), Qt::CTRL | Qt::Key_T, EditKind::Tool}, true,
+    addEdit(m_menu, {tr("App&end cabinets..."), Qt::CTRL | Qt::Key_T, EditKind::Tool},
             backend.placing().appendRefusal(backend.states().currentPort()));
 }
 
-void CEditorMenus::addClipboard(bool selected)
+void CEditorMenus::addClipboard()
 {
     CSceneBackend &backend = m_view.cabinetScene().backend();
-    const QString closed = CRefusal::reason(backend.selection().closedPort());
+    const QString refused = CEditRule::selected(backend.selection());
     const CGraphicsPortItem *current = backend.content().portItem(backend.states().currentPort());
-    addEdit(m_menu, {tr("Cu&t"), Qt::CTRL | Qt::Key_X}, selected, closed);
-    addEdit(m_menu, {tr("&Copy"), Qt::CTRL | Qt::Key_C}, selected);
-    addPaste(current ? CRefusal::reason(current) : tr("No output port is chosen."));
-    addEdit(m_menu, {tr("&Delete"), Qt::Key_Delete}, selected, closed);
+    addEdit(m_menu, {tr("Cu&t"), Qt::CTRL | Qt::Key_X}, refused);
+    addEdit(m_menu, {tr("&Copy"), Qt::CTRL | Qt::Key_C}, backend.selection().isEmpty() ? refused : QString());
+    const bool empty = backend.placing().cache().isEmpty();
+    addPaste(empty     ? tr("Nothing was copied")
+             : current ? CRefusal::reason(current)
+                       : tr("No output port is chosen."));
+    addEdit(m_menu, {tr("&Delete"), Qt::Key_Delete}, refused);
 }
 
 /// Unlike by the key, the mouse is where the menu was.
 void CEditorMenus::addPaste(const QString &obstacle)
 {
     QAction *entry = addEntry(m_menu, tr("&Paste"), Qt::CTRL | Qt::Key_V);
-    allow(*entry, EditKind::Edit, !m_view.cabinetScene().backend().placing().cache().isEmpty(), obstacle);
+    allow(*entry, EditKind::Edit, obstacle);
     QObject::connect(entry, &QAction::triggered, &m_view, [view = &m_view] {
         view->setFocus();
         if (view->refusal(EditKind::Edit).isEmpty())
@@ -76,16 +82,16 @@ void CEditorMenus::addPaste(const QString &obstacle)
     });
 }
 
-void CEditorMenus::addMoves(bool possible)
+void CEditorMenus::addMoves()
 {
     QMenu *moves = m_menu.addMenu(tr("&Move by one pixel"));
     moves->setToolTipsVisible(true);
-    const QString closed = CRefusal::reason(m_view.cabinetScene().selection().closedPort());
-    allow(*moves->menuAction(), EditKind::Edit, possible, closed);
-    addEdit(*moves, {tr("&Left"), Qt::Key_Left}, possible, closed);
-    addEdit(*moves, {tr("&Right"), Qt::Key_Right}, possible, closed);
-    addEdit(*moves, {tr("&Up"), Qt::Key_Up}, possible, closed);
-    addEdit(*moves, {tr("&Down"), Qt::Key_Down}, possible, closed);
+    const QString refused = CEditRule::selected(m_view.cabinetScene().selection());
+    allow(*moves->menuAction(), EditKind::Edit, refused);
+    addEdit(*moves, {tr("&Left"), Qt::Key_Left}, refused);
+    addEdit(*moves, {tr("&Right"), Qt::Key_Right}, refused);
+    addEdit(*moves, {tr("&Up"), Qt::Key_Up}, refused);
+    addEdit(*moves, {tr("&Down"), Qt::Key_Down}, refused);
 }
 
 void CEditorMenus::fillView()
@@ -111,19 +117,19 @@ QAction *CEditorMenus::addEntry(QMenu &menu, const QString &text, const QKeySequ
     return entry;
 }
 
-void CEditorMenus::addEdit(QMenu &menu, const SEntry &edit, bool possible, const QString &obstacle)
+void CEditorMenus::addEdit(QMenu &menu, const SEntry &edit, const QString &obstacle)
 {
     QAction *entry = addEntry(menu, edit.text, edit.key);
-    allow(*entry, edit.kind, possible, obstacle);
+    allow(*entry, edit.kind, obstacle);
     QObject::connect(entry, &QAction::triggered, &m_view,
                      [view = &m_view, key = edit.key] { press(*view, key); });
 }
 
-void CEditorMenus::allow(QAction &entry, EditKind kind, bool possible, const QString &obstacle) const
+void CEditorMenus::allow(QAction &entry, EditKind kind, const QString &obstacle) const
 {
     const QString refused = refusal(kind);
     const QString why = refused.isEmpty() ? obstacle : refused;
-    entry.setEnabled(possible && why.isEmpty());
+    entry.setEnabled(why.isEmpty());
     if (!why.isEmpty())
         entry.setToolTip(why);
 }

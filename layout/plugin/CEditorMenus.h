@@ -39,14 +39,13 @@ private:
         EditKind kind = EditKind::Edit;
     };
 
-    /// Enables an entry if the editor allows its kind, it is @p possible, and there is no @p obstacle, which
-    /// is told otherwise.
-    void allow(QAction &entry, EditKind kind, bool possible, const QString &obstacle) const;
-    void addEdit(QMenu &menu, const SEntry &edit, bool possible, const QString &obstacle = {});
-    void addClipboard(bool selected);
+    /// Enables an entry if the editor allows its kind and there is no @p obstacle; its tip tells otherwise.
+    void allow(QAction &entry, EditKind kind, const QString &obstacle) const;
+    void addEdit(QMenu &menu, const SEntry &edit, const QString &obstacle = {});
+    void addClipboard();
     void addPaste(const QString &obstacle);
     QAction *addEntry(QMenu &menu, const QString &text, const QKeySequence &key) const;
-    void addMoves(bool possible);
+    void addMoves();
     void addLook(const QString &text, const QKeySequence &key, void (CLayoutGraphicsView::*look)());
     QString refusal(EditKind kind) const; ///< why the editor refuses it; empty if it does not
 

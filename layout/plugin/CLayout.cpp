@@ -144,7 +144,7 @@ void CLayout::setEditingBlocked(bool blocked)
 void CLayout::blockPanel()
 {
     if (m_sidePanel)
-        m_sidePanel->setEditingBlocked(m_editingBlocked ||
+        m_sidePanel->setEditingBlocked(m_editingBlocked,
                                        !m_store.primaryOf(m_editorPage->processor()).isNull());
 }
 

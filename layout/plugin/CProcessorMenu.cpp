@@ -3,6 +3,7 @@
 #include "layout/plugin/CProcessorMenu.h"
 
 #include "layout/api/access/CHostAccess.h"
+#include "layout/api/records/EditRefusal.h"
 #include "layout/plugin/CProcessorCommands.h"
 
 #include <QIcon>
@@ -231,7 +232,7 @@ QString CProcessorMenu::connectionReason() const
 {
     if (m_processor.address == 0)
         return projectText();
-    return m_processor.online ? QString() : tr("The processor is offline");
+    return m_processor.online ? QString() : EditRefusal::offline();
 }
 
 void CProcessorMenu::addRedundancyView()

@@ -138,8 +138,20 @@ private Q_SLOTS:
 
     void plainButtonsAct()
     {
-        QVERIFY(!bar().button(Bar::Undo)->isEnabled() && !bar().button(Bar::Group)->isEnabled());
+        const auto refused = [this](Bar::ETool tool) {
+            return bar().button(tool)->isEnabled()
+                       ? QString()
+                       : bar().tool(tool)->toolTip().section(QLatin1Char('\n'), 1);
+        };
+        QCOMPARE(refused(Bar::Undo), QStringLiteral("There is nothing to undo"));
+        QCOMPARE(refused(Bar::Group), QStringLiteral("Nothing is selected"));
         m_mouse->scene().backend().picks().port(0, true);
+        QCOMPARE(refused(Bar::Ungroup), QStringLiteral("No group is selected"));
+        m_mouse->states().locked[0] = true;
+        m_mouse->scene().setCabinetLocked(0, true);
+        QCOMPARE(refused(Bar::Group), QStringLiteral("Port 1 is locked."));
+        m_mouse->states().locked.clear();
+        m_mouse->scene().setCabinetLocked(0, false);
         bar().button(Bar::Group)->click();
         QCOMPARE(m_mouse->scene().selection().groups().size(), 1);
         bar().button(Bar::Ungroup)->click();

@@ -275,12 +275,23 @@ private Q_SLOTS:
         world.lock().click();
         QVERIFY(!world.store.isPortLocked(0) && !world.store.isPortLocked(1));
         QCOMPARE(editable(), QVariant(true));
-        world.panel.setEditingBlocked(true);
+        const auto tips = [&world] {
+            return QStringList{named<QSpinBox>(world.panel, "X")->toolTip(),
+                               named<QToolButton>(world.panel, "BTT LTR snake")->toolTip()};
+        };
+        const auto bothSay = [](const char *reason) {
+            const QString text = QString::fromLatin1(reason);
+            return QStringList{text, QStringLiteral("BTT LTR snake\n") + text};
+        };
+        QCOMPARE(tips(), (QStringList{QString(), QStringLiteral("BTT LTR snake")}));
+        world.panel.setEditingBlocked(true, false);
         QCOMPARE(editable(), QVariant(false));
+        QCOMPARE(tips(), bothSay("Editing is locked"));
         QVERIFY(!world.lock().isEnabled());
-        world.panel.setEditingBlocked(false);
+        world.panel.setEditingBlocked(false, false);
         world.panel.onNotifySelectedPort({});
         QCOMPARE(editable(), QVariant(false));
+        QCOMPARE(tips(), bothSay("Nothing is selected"));
         world.lock().click(); // the whole processor
         QVERIFY(world.store.isPortLocked(0) && world.store.isPortLocked(1));
     }

@@ -18,6 +18,25 @@ QString EditRefusal::of(bool locked, bool isRedundancy)
     return locked ? QCoreApplication::translate("EditRefusal", "Editing is locked") : QString();
 }
 
+QString EditRefusal::ofPort(int port, bool locked, bool isRedundancy)
+{
+    if (locked)
+        return QCoreApplication::translate("EditRefusal", "Port %1 is locked.").arg(port + 1);
+    return isRedundancy
+               ? QCoreApplication::translate("EditRefusal", "Port %1 is a redundancy port.").arg(port + 1)
+               : QString();
+}
+
+QString EditRefusal::nothingSelected()
+{
+    return QCoreApplication::translate("EditRefusal", "Nothing is selected");
+}
+
+QString EditRefusal::offline()
+{
+    return QCoreApplication::translate("EditRefusal", "The processor is offline");
+}
+
 QString EditRefusal::fullPort(int held, int more)
 {
     if (held + more <= LayoutLimits::CabinetsPerPort)

@@ -12,6 +12,10 @@ QString redundancy();
 /// Empty if a processor's layout can be edited. @p locked: the user has locked the editor; @p isRedundancy:
 /// see redundancy().
 QString of(bool locked, bool isRedundancy);
+/// Empty if the cabinets of an output port can be edited; @p port is its index.
+QString ofPort(int port, bool locked, bool isRedundancy);
+QString nothingSelected();
+QString offline();
 /// Empty if a port that holds @p held cabinets can take @p more.
 QString fullPort(int held, int more = 1);
 

@@ -2,15 +2,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/items/CRefusal.h"
 
+#include "layout/api/records/EditRefusal.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IEditing.h"
 
 QString CRefusal::reason(const CGraphicsPortItem *port)
 {
-    if (!port || !port->isClosed())
+    if (!port)
         return {};
-    return port->isLocked() ? tr("Port %1 is locked.").arg(port->port() + 1)
-                            : tr("Port %1 is a redundancy port.").arg(port->port() + 1);
+    return EditRefusal::ofPort(port->port(), port->isLocked(), port->isClosed());
 }
 
 bool CRefusal::isTold(IEditing &editing, const CGraphicsPortItem *port)

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QCoreApplication>
 #include <QString>
 
 class CGraphicsPortItem;
@@ -11,8 +10,6 @@ class IEditing;
 /// Explains, in the status bar, why a port refuses edits. GUI thread.
 class CRefusal final
 {
-    Q_DECLARE_TR_FUNCTIONS(CRefusal)
-
 public:
     /// Empty for a port that accepts edits, and for null.
     static QString reason(const CGraphicsPortItem *port);

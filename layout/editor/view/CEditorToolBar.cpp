@@ -99,15 +99,6 @@ void CEditorToolBar::buildUi()
     chooseMode(Arrow);
 }
 
-void CEditorToolBar::setUseful(ETool tool, bool useful)
-{
-    if (useful)
-        m_useless.remove(tool);
-    else
-        m_useless.insert(tool);
-    enableTools();
-}
-
 void CEditorToolBar::setObstacle(ETool tool, const QString &reason)
 {
     m_obstacles.insert(tool, reason);
@@ -133,7 +124,7 @@ void CEditorToolBar::enableTool(ETool tool)
     QString refused = kind ? CEditRule::refusal(*kind, m_block, m_actions.at(Hand)->isChecked()) : QString();
     if (refused.isEmpty())
         refused = m_obstacles.value(tool);
-    action->setEnabled(!m_useless.contains(tool) && refused.isEmpty());
+    action->setEnabled(refused.isEmpty());
     const QString tip = action->data().toString();
     action->setToolTip(refused.isEmpty() ? tip : tip + QLatin1Char('\n') + refused);
 }

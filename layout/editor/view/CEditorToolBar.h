@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QHash>
-#include <QSet>
 #include <QToolBar>
 #include <QVector>
 
@@ -41,9 +40,7 @@ public:
     QToolButton *button(ETool tool) const;
     /// Makes @p tool the mode in use; no signal if it already is.
     void chooseMode(ETool tool) { m_actions.at(tool)->setChecked(true); }
-    /// Sets whether there is something for @p tool to do; if not, it is disabled.
-    void setUseful(ETool tool, bool useful);
-    /// Sets why @p tool could only be refused; empty: it can be used.
+    /// Sets why @p tool has nothing to do, or could only be refused; empty: it can be used.
     void setObstacle(ETool tool, const QString &reason);
     /// With a @p reason, disables all tools except those that change nothing; so does the hand tool with
     /// those that act at once. Their tool tips say why.
@@ -66,9 +63,8 @@ private:
     void enableTool(ETool tool);
 
     QVector<QAction *> m_actions;
-    QSet<int> m_useless = {Undo, Redo, Group, Ungroup}; // tools with nothing to do
-    QHash<int, QString> m_obstacles;                    // by tool
-    QString m_block;                                    // why nothing may be edited; empty: it may
-    QActionGroup *m_modes = nullptr;                    // at most one of them is checked
+    QHash<int, QString> m_obstacles; // by tool
+    QString m_block;                 // why nothing may be edited; empty: it may
+    QActionGroup *m_modes = nullptr; // at most one of them is checked
     bool m_frameless = false;
 };

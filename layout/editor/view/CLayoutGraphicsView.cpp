@@ -69,6 +69,9 @@ void CLayoutGraphicsView::buildUi()
     setScene(m_scene);
     setAccessibleName(tr("Layout canvas"));
     setToolBar(m_toolBar);
+    onNotifyCanUndoChanged(false);
+    onNotifyCanRedoChanged(false);
+    onNotifySelectedChanged({}, false, false);
     viewport()->setMouseTracking(true); // ghosts follow the cursor over an empty canvas, too
 }
 
@@ -286,8 +289,8 @@ void CLayoutGraphicsView::onNotifySelectedCabinetSizeChanged(const QSize &size)
 
 void CLayoutGraphicsView::onNotifySelectedChanged(const QList<int> &ports, bool canGroup, bool canBreakGroup)
 {
-    m_toolBar->setUseful(Bar::Group, canGroup);
-    m_toolBar->setUseful(Bar::Ungroup, canBreakGroup);
+    m_toolBar->setObstacle(Bar::Group, CEditRule::grouping(m_scene->selection(), canGroup));
+    m_toolBar->setObstacle(Bar::Ungroup, CEditRule::ungrouping(m_scene->selection(), canBreakGroup));
     aerialView().scheduleRefresh();
     Q_EMIT notifySelectedPort(ports);
     onNotifySelectedItemGeometryChanged();
@@ -382,12 +385,12 @@ void CLayoutGraphicsView::onScorllBarRangeChanged()
 
 void CLayoutGraphicsView::onNotifyCanUndoChanged(bool canUndo)
 {
-    m_toolBar->setUseful(Bar::Undo, canUndo);
+    m_toolBar->setObstacle(Bar::Undo, CEditRule::undoing(canUndo));
 }
 
 void CLayoutGraphicsView::onNotifyCanRedoChanged(bool canRedo)
 {
-    m_toolBar->setUseful(Bar::Redo, canRedo);
+    m_toolBar->setObstacle(Bar::Redo, CEditRule::redoing(canRedo));
 }
 
 bool CLayoutGraphicsView::viewportEvent(QEvent *event)

@@ -3,6 +3,7 @@
 #include "layout/panels/ports/CPortMenu.h"
 
 #include "layout/api/access/CHostAccess.h"
+#include "layout/api/records/EditRefusal.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/panels/ports/CPort.h"
 #include "layout/panels/ports/CPortFill.h"
@@ -41,7 +42,7 @@ void allowUnless(QAction &entry, const QString &reason)
 
 QString lockReason(const Port &port)
 {
-    return port.locked ? CPortMenu::tr("Port %1 is locked.").arg(port.index + 1) : QString();
+    return EditRefusal::ofPort(port.index, port.locked, false);
 }
 
 /// Adds an entry that is checked or not; @p toggled is called with what it then is.
