@@ -104,6 +104,11 @@ bool CLayoutHandler::hasUnsavedEdits(const QUuid &processor) const
     return m_services.table().isModified(processor);
 }
 
+PortLocks CLayoutHandler::locksBeside(const QUuid &processor) const
+{
+    return m_services.table().locksBeside(processor);
+}
+
 QList<ProcessorTree::ProcessorNode> CLayoutHandler::selectedProcessors() const
 {
     QList<ProcessorTree::ProcessorNode> nodes;

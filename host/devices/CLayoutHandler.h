@@ -50,6 +50,7 @@ public:
     int preparatoryStep(const QUuid &processor) const override;
     void performPreparatoryStep(const QUuid &processor) override;
     bool hasUnsavedEdits(const QUuid &processor) const override;
+    PortLocks locksBeside(const QUuid &processor) const override;
     QList<ProcessorTree::ProcessorNode> selectedProcessors() const override;
 
     QString lastError() const override;

@@ -115,19 +115,10 @@ bool CLayoutData::isProcessorLocked() const
 
 bool CLayoutData::areAllProcessorsLocked() const
 {
-    bool any = false;
-    for (const ProcessorTree::ProcessorNode &node : CHostAccess::call<&Host::processors>()) {
-        const QVector<Port> ports =
-            node.uuid == currentProcessor()
-                ? m_states.ports()
-                : CHostAccess::callUnflushed<&Host::layoutData>(node.uuid).layout.ports;
-        if (ports.isEmpty())
-            continue;
-        if (!areLocked(ports))
-            return false;
-        any = true;
-    }
-    return any;
+    // The locks of the current processor may not be handed over yet.
+    const PortLocks others = CHostAccess::call<&Host::locksBeside>(currentProcessor());
+    const QVector<Port> own = m_states.ports();
+    return others != PortLocks::NotAll && (own.isEmpty() ? others == PortLocks::All : areLocked(own));
 }
 
 void CLayoutData::setAllProcessorsLocked(bool locked)
@@ -208,7 +199,7 @@ bool CLayoutData::updatePortLoad(int port, bool withProcessor)
     if (m_states.setLoad(question->processor, follower, load))
         Q_EMIT notifyProcessorPortPayloadChanged(follower, load);
     if (withProcessor)
-        processorLoadKnown();
+        processorLoadMayDiffer();
     return true;
 }
 
@@ -278,11 +269,9 @@ void CLayoutData::currentPortMayDiffer()
 
 void CLayoutData::loadsMayDiffer(const QVector<int> &ports)
 {
-    bool changed = false;
     for (const int port : ports)
-        changed = updatePortLoad(port, false) || changed;
-    if (changed && m_announcedLoad != m_states.processorLoad())
-        processorLoadKnown();
+        updatePortLoad(port, false);
+    processorLoadMayDiffer();
     notesMayDiffer(ports);
 }
 
@@ -305,9 +294,8 @@ void CLayoutData::notesMayDiffer(const QVector<int> &ports)
     }
 }
 
-void CLayoutData::processorLoadKnown()
+void CLayoutData::processorLoadMayDiffer()
 {
-    const int load = m_states.processorLoad();
-    m_announcedLoad = load;
-    Q_EMIT notifyProcessorPayloadChanged(load);
+    if (const std::optional<int> load = m_states.takeProcessorLoad())
+        Q_EMIT notifyProcessorPayloadChanged(*load);
 }

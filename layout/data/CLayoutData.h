@@ -108,7 +108,7 @@ public:
     void flushEdits() override { syncLayoutData(true); }
 
     /// Asks the host for a port's load. If it changed, announces it for the port and its redundancy port,
-    /// with @p withProcessor also the processor's load. Returns whether it changed.
+    /// with @p withProcessor also the processor's load if that changed. Returns whether the port's changed.
     bool updatePortLoad(int port, bool withProcessor);
     /// Ends the highlight of the cabinets of a port of the current processor (-1: every port).
     void cancelCalibrate(int port);
@@ -163,7 +163,7 @@ private:
     void currentPortMayDiffer() override;
     void highlightEnded() override { cancelCalibrate(-1); }
     void loadsMayDiffer(const QVector<int> &ports) override;
-    void processorLoadKnown() override;
+    void processorLoadMayDiffer() override;
     QObject *controller() const override { return m_controller; }
 
     CProcessorStates m_states; // first, with the options: everything below uses them
@@ -174,7 +174,6 @@ private:
     const ILayoutSource *m_source = nullptr;
     std::atomic<QObject *> m_controller{nullptr};
     std::atomic<int> m_announcedPort{-1};
-    std::atomic<int> m_announcedLoad{-1}; // of the processor, percent
     std::unique_ptr<CNotificationDispatch> m_dispatch;
     CLayoutHandOver m_handOver;
 };

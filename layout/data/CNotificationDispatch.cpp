@@ -182,7 +182,7 @@ void CNotificationDispatch::onProcessorStateChanged(CSubject &subject)
     subject.GetArgument<SProcessorStateChange>(); // the pages ask the host for what they need
     post(LayoutNotification::ProcessorStateChanged, [this] {
         m_events.processorStateChanged();
-        m_events.processorLoadKnown();
+        m_events.processorLoadMayDiffer();
         invoke("OnCurrentProcessorStateChanged");
     });
 }
@@ -206,7 +206,7 @@ void CNotificationDispatch::onPortCountChanged(CSubject &)
             CHostAccess::call<&Host::getProcessorNode>(m_states.current());
         refreshCurrentPorts();
         updateAllLoads();
-        m_events.processorLoadKnown();
+        m_events.processorLoadMayDiffer();
         invoke("onCurrentProcessorPortCountChanged", Q_ARG(ProcessorTree::ProcessorNode, node));
     });
 }
@@ -221,7 +221,7 @@ void CNotificationDispatch::onCurrentProcessorChanged(CSubject &subject)
     m_events.currentPortMayDiffer();
     post(LayoutNotification::CurrentProcessorChanged, [this] {
         updateAllLoads();
-        m_events.processorLoadKnown();
+        m_events.processorLoadMayDiffer();
         invoke("OnCurrentProcessorChanged");
     });
 }
@@ -258,7 +258,7 @@ void CNotificationDispatch::removeProcessor(const QUuid &processor)
         return;
     m_events.currentPortMayDiffer();
     m_events.processorStateChanged();
-    m_events.processorLoadKnown();
+    m_events.processorLoadMayDiffer();
 }
 
 void CNotificationDispatch::replaceLayout(const QUuid &processor)

@@ -58,6 +58,16 @@ int CProcessorStates::processorLoad() const
     return PortLoads::processorLoad(currentLayout().ports);
 }
 
+std::optional<int> CProcessorStates::takeProcessorLoad()
+{
+    const CWriteLocker locker(m_lock);
+    const std::pair<QUuid, int> load{m_current, PortLoads::processorLoad(currentLayout().ports)};
+    if (m_takenLoad == load)
+        return std::nullopt;
+    m_takenLoad = load;
+    return load.second;
+}
+
 QSize CProcessorStates::canvas() const
 {
     const CReadLocker locker(m_lock);

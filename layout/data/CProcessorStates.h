@@ -9,6 +9,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <utility>
 
 /// What the store knows of the processors, protected by one lock. Every operation takes the lock once, copies
 /// values in or out, and calls nobody. Any thread. Operations with a null key do nothing.
@@ -38,7 +39,9 @@ public:
     QVector<Port> ports() const; ///< of the current processor; empty without one
     Port port(int index) const;  ///< of the current processor; a default record for an unknown one
     int processorLoad() const;   ///< of the current processor, percent
-    QSize canvas() const;        ///< of the current processor
+    /// The same if it must be announced: it differs from what was taken last, or is of another processor.
+    std::optional<int> takeProcessorLoad();
+    QSize canvas() const; ///< of the current processor
     SBackgroundInfo background() const;
     QVector<Port> portsOf(const QUuid &processor) const; ///< empty for an unknown processor
     LayoutData data(const QUuid &processor) const;       ///< empty for an unknown processor
@@ -99,4 +102,5 @@ private:
     QUuid m_edited ORVO_GUARDED_BY(m_lock);
     bool m_editsOutdated ORVO_GUARDED_BY(m_lock) = false;
     SCurrentPort m_currentPort ORVO_GUARDED_BY(m_lock);
+    std::optional<std::pair<QUuid, int>> m_takenLoad ORVO_GUARDED_BY(m_lock); // with its processor
 };

@@ -29,8 +29,8 @@ public:
     virtual void highlightEnded() = 0;
     /// The loads of @p ports may have changed: asks the host, and announces those that have.
     virtual void loadsMayDiffer(const QVector<int> &ports) = 0;
-    /// Announces the processor's load, changed or not.
-    virtual void processorLoadKnown() = 0;
+    /// The processor's load may differ from the one announced last; that of another processor always does.
+    virtual void processorLoadMayDiffer() = 0;
     /// The object whose slots are invoked by name; null: none.
     virtual QObject *controller() const = 0;
 };

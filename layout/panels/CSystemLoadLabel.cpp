@@ -35,6 +35,7 @@ CSystemLoadLabel::CSystemLoadLabel(const SUnitServices &services)
     connect(&services.store, &CLayoutData::notifyProcessorPortPayloadChanged, this,
             &CSystemLoadLabel::scheduleWorst);
     connect(m_overload, &COverloadLine::notifySelectPorts, this, &CSystemLoadLabel::notifySelectPorts);
+    onNotifyProcessorPayloadChanged(m_store.processorLoad()); // only changes are announced
     showWorst();
 }
 

@@ -93,7 +93,7 @@ private Q_SLOTS:
             &Host::commitLayoutData, &Host::exportProcessorMapping, &Host::importProcessorMapping,
             &Host::setCabinetStatusLed, &Host::getDetectedProcessorCount, &Host::layoutFollowUpNeeded,
             &Host::isFiberTransceiverMode, &Host::currentProcessorNode, &Host::layoutData,
-            &Host::preparatoryStep, &Host::performPreparatoryStep, &Host::hasUnsavedEdits,
+            &Host::preparatoryStep, &Host::performPreparatoryStep, &Host::hasUnsavedEdits, &Host::locksBeside,
             &Host::selectedProcessors, &Host::lastError, &Host::processors, &Host::copyProcessorMapping,
             &Host::outputPortCount, &Host::maximumPortCount, &Host::setOutputPortCount,
             &Host::setProcessorRedundancy, &Host::cancelProcessorRedundancy, &Host::processorRedundancies,

@@ -164,10 +164,10 @@ private Q_SLOTS:
                 {N::TypeLibraryChanged, {}, {}, {}, text("Update")},
                 {N::ProcessorRemoved, scene.a, text("state|load"), {}, text("Update")},
                 {N::LayoutReplaced, scene.a, text("replaced"), {}, text("Update")},
-                {N::ProcessorStateChanged, SProcessorStateChange{scene.a, true}, text("state|load"),
-                 text("state"), text("worker")},
-                {N::PortCountChanged, {}, text("load"), text("ports of A"), text("worker")},
-                {N::CurrentProcessorChanged, scene.a, text("load"), text("current"), text("worker")},
+                {N::ProcessorStateChanged, SProcessorStateChange{scene.a, true}, text("state"), text("state"),
+                 text("worker")},
+                {N::PortCountChanged, {}, {}, text("ports of A"), text("worker")},
+                {N::CurrentProcessorChanged, scene.a, {}, text("current"), text("worker")},
                 {N::SelectedNodeChanged, selection, text("cancel"), text("selected 1 1"), text("Update")},
                 {N::ReadbackFinished, SReadbackResult{scene.a, true}, {}, text("readback 0 1"), {}},
                 {N::BackgroundChanged, info, text("background"), {}, text("worker")},
@@ -234,9 +234,25 @@ private Q_SLOTS:
         SDispatchScene scene;
         scene.host.answers()->layouts[scene.a].layout.ports.removeLast();
         scene.host.answers()->loads = {{0, 10}, {1, 20}};
-        QCOMPARE(scene.led(LayoutNotification::PortCountChanged).count(QStringLiteral("port load")), 2);
+        QCOMPARE(
+            scene.led(LayoutNotification::PortCountChanged),
+            (QStringList{QStringLiteral("port load"), QStringLiteral("port load"), QStringLiteral("load")}));
         QCOMPARE(scene.store.ports().size(), 2);
         QCOMPARE(scene.store.processorLoad(), 15);
+        scene.host.answers()
+            ->layouts[scene.a]
+            .layout.ports.removeFirst(); // each load stays, the mean does not
+        QCOMPARE(scene.led(LayoutNotification::PortCountChanged), QStringList{QStringLiteral("load")});
+    }
+
+    void theLoadOfAnotherProcessorIsToldOnceAlsoIfItIsEqual()
+    {
+        SDispatchScene scene;
+        const QUuid b = scene.host.addProcessor(QStringLiteral("B"), 1);
+        scene.host.choose(b);
+        for (const QStringList &told : {QStringList{QStringLiteral("load")}, QStringList()})
+            QCOMPARE(scene.led(LayoutNotification::CurrentProcessorChanged, b).filter(QStringLiteral("load")),
+                     told);
     }
 
     void aHostThatHasSwitchedAlreadyMixesNothingUp()

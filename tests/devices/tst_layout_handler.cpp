@@ -344,6 +344,20 @@ private Q_SLOTS:
         QVERIFY(!m_world->manager.table().isModified(balcony));
     }
 
+    void theLocksOfAllOthersAreKnown()
+    {
+        const auto beside = [this] { return m_world->handler.locksBeside(m_world->stage); };
+        QCOMPARE(beside(), PortLocks::NotAll);
+        for (const SDevice &device : m_world->manager.table().devices()) {
+            for (int port = 0; port < device.working.layout().ports.size(); ++port) {
+                if (device.node.uuid != m_world->stage)
+                    m_world->lockPort(device.node.uuid, port);
+            }
+        }
+        QCOMPARE(beside(), PortLocks::All);
+        QCOMPARE(m_world->handler.locksBeside(m_world->left), PortLocks::NotAll);
+    }
+
     void withoutAProcessorNothingIsDone()
     {
         CLayoutHandler &handler = m_world->handler;

@@ -87,6 +87,18 @@ bool CFakeHandler::areProcessorsOnline(const QList<QUuid> &processors) const
     });
 }
 
+PortLocks CFakeHandler::locksBeside(const QUuid &processor) const
+{
+    const auto lock = note(__func__);
+    QVector<CabinetLayout::CabinetPort> ports;
+    for (auto it = layouts.begin(); it != layouts.end(); ++it)
+        ports += it.key() == processor ? decltype(ports)() : it.value().layout.ports;
+    const auto locked = [](const CabinetLayout::CabinetPort &port) { return port.locked; };
+    if (ports.isEmpty())
+        return PortLocks::NoPorts;
+    return std::all_of(ports.begin(), ports.end(), locked) ? PortLocks::All : PortLocks::NotAll;
+}
+
 QList<CFakeHandler::Node> CFakeHandler::selectedProcessors() const
 {
     const auto lock = note(__func__);

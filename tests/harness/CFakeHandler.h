@@ -197,6 +197,7 @@ public:
     {
         return given(__func__, unsaved.contains(processor));
     }
+    PortLocks locksBeside(const QUuid &processor) const override;
     bool areProcessorsBusy(const QList<QUuid> &) const override { return given(__func__, busy); }
     QString portPairRefusal(const SPortKey &port) const override
     {

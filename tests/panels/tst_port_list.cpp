@@ -348,6 +348,13 @@ private Q_SLOTS:
         QCOMPARE(QApplication::focusWidget(), &world.port(38));
         QCOMPARE(flow->verticalScrollBar()->value(), scrolled);
         QVERIFY(world.port(36).isChecked() && world.port(38).isChecked() && !world.port(37).isChecked());
+        const QRect lock = CPortPainter::areaRect(CPortPainter::Lock);
+        QTest::mouseMove(&world.port(38), lock.center());
+        QTRY_VERIFY(world.port(38).underMouse());
+        const QImage hovered = world.port(38).grab(lock).toImage();
+        world.open(39);
+        QVERIFY(world.port(38).underMouse());
+        QVERIFY(world.port(38).grab(lock).toImage() == hovered);
         world.list.setCurrentSelectPort({38});
         world.commands.whole = false;
         CSignalLog clicked(&world.list, &CPortList::notifyPortClicked);

@@ -69,6 +69,9 @@ private Q_SLOTS:
         const auto &unit = *panel.findChild<CSystemLoadLabel *>();
         const auto *worst = unit.findChild<QLabel *>(QStringLiteral("Hint"));
         QTRY_COMPARE(worst->text(), QStringLiteral("Highest load: port 3, 90%"));
+        settle(world.host, world.store);
+        CLayoutSidePanel later(SUnitServices{world.store, mapping}); // is told of changes only
+        QCOMPARE(later.findChild<CSystemLoadProgressBar *>()->rawLoad(), 37);
         world.answers()->loads[1] = 101;
         world.store.updatePortLoad(1, true);
         QTRY_VERIFY(worst->isHidden()); // the red line names it

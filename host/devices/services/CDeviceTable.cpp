@@ -72,6 +72,24 @@ bool CDeviceTable::isModified(const QUuid &processor) const
     return found && found->isModified();
 }
 
+PortLocks CDeviceTable::locksBeside(const QUuid &processor) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    PortLocks locks = PortLocks::NoPorts;
+    for (const std::vector<SDevice> *list : {&m_projects, &m_devices}) {
+        for (const SDevice &device : *list) {
+            if (device.node.uuid == processor)
+                continue;
+            for (const CabinetLayout::CabinetPort &port : device.working.layout().ports) {
+                if (!port.locked)
+                    return PortLocks::NotAll;
+                locks = PortLocks::All;
+            }
+        }
+    }
+    return locks;
+}
+
 QList<CDeviceTable::SGroup> CDeviceTable::groups() const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);

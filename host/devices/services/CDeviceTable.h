@@ -3,6 +3,7 @@
 #pragma once
 
 #include "host/devices/services/SDevice.h"
+#include "layout/api/records/SHostRecords.h"
 
 #include <QList>
 #include <QUuid>
@@ -42,6 +43,8 @@ public:
     bool isProject(const QUuid &processor) const;
     /// Whether the working layout, or a project's settings, differ from what was last read or saved.
     bool isModified(const QUuid &processor) const;
+    /// Which ports of the working layouts of all processors but @p processor are locked.
+    PortLocks locksBeside(const QUuid &processor) const;
     QList<SGroup> groups() const;
     QList<ProcessorTree::ProcessorNode> nodes() const;
 

@@ -82,6 +82,13 @@ enum class CanvasBlock : int {
     HdmiOutput = 5
 };
 
+/// Which of several ports are locked.
+enum class PortLocks : int {
+    NoPorts = 0, ///< there are none
+    All = 1,
+    NotAll = 2
+};
+
 /// How a processor works.
 enum class ProcessorWorkMode : int { VideoProcessor = 0, Bypass = 1, FiberTransceiver = 2 };
 
