@@ -65,7 +65,7 @@ CMainWindow::CMainWindow(const SDeviceSettings &devices)
     , m_projects(
           std::make_unique<CProjectCommands>(m_manager.services(), m_manager.projects(), m_settings, *this))
     , m_recovery(std::make_unique<CRecoveryCommands>(m_manager.keeper(), m_settings, *this))
-    , m_screen(std::make_unique<CScreenWindow>(m_manager.services()))
+    , m_screen(std::make_unique<CScreenWindow>(m_manager.services(), *this))
 {
     initLayoutResources();
     buildUi();

@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QWidget>
 
 namespace {
 
@@ -155,7 +156,8 @@ private Q_SLOTS:
         background.processor = manager.projects().openDemo().value();
         background.file = QStringLiteral("/pictures/red.png");
         manager.services().select({background.processor}, PrcTreeNodeType::Processor);
-        CScreenWindow screen(manager.services());
+        const QWidget window;
+        CScreenWindow screen(manager.services(), window);
         screen.setShown(true);
         QCoreApplication::processEvents();
         QSignalSpy painted(screen.findChild<CScreenPicture *>(), &CScreenPicture::notifyChanged);
@@ -210,7 +212,8 @@ private Q_SLOTS:
         const auto select = [&manager](const QUuid &uuid) {
             manager.services().select({uuid}, PrcTreeNodeType::Processor);
         };
-        CScreenWindow screen(manager.services());
+        const QWidget window;
+        CScreenWindow screen(manager.services(), window);
         auto &picture = *screen.findChild<CScreenPicture *>();
         select(one);
         picture.setWall(manager.table().device(one)->data(), {});

@@ -8,7 +8,7 @@
 #include "host/app/screen/LitWall.h"
 #include "host/devices/services/CDeviceServices.h"
 
-#include <QApplication>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScreen>
@@ -17,9 +17,9 @@ namespace {
 constexpr qreal ScreenShare = 0.6; // of the display, if shared with the main window
 }
 
-CScreenWindow::CScreenWindow(CDeviceServices &services, QObject *parent)
-    : QObject(parent)
-    , m_services(services)
+CScreenWindow::CScreenWindow(CDeviceServices &services, const QWidget &main)
+    : m_services(services)
+    , m_main(main)
     , m_picture(new CScreenPicture(this))
 {
     connectSignals();
@@ -94,11 +94,11 @@ void CScreenWindow::open()
 
 void CScreenWindow::place()
 {
+    const QScreen *own = m_main.screen();
     const QList<QScreen *> screens = QGuiApplication::screens();
-    const QWidget *main = QApplication::activeWindow();
-    QScreen *own = main ? main->screen() : QGuiApplication::primaryScreen();
-    for (QScreen *screen : screens) {
-        if (screen != own) { // fills a separate display
+    for (const QScreen *screen : screens) {
+        // Fills a separate display. One that mirrors the main window's would cover that window.
+        if (!screen->geometry().intersects(own->geometry())) {
             m_window->setGeometry(screen->geometry());
             return;
         }

@@ -24,8 +24,8 @@ class CScreenWindow final : public QObject
     Q_OBJECT
 
 public:
-    /// @p services must outlive this object.
-    explicit CScreenWindow(CDeviceServices &services, QObject *parent = nullptr);
+    /// The screen opens beside @p main, the main window. Both must outlive this object.
+    CScreenWindow(CDeviceServices &services, const QWidget &main);
     ~CScreenWindow() override;
 
     void setShown(bool shown);
@@ -53,6 +53,7 @@ private:
     bool onMouseMove(const QMouseEvent &event);
 
     CDeviceServices &m_services;
+    const QWidget &m_main;
     CScreenPicture *m_picture = nullptr;
     std::unique_ptr<QWidget> m_window; ///< null while it is closed
     QSet<QUuid> m_numbered;            ///< processors whose cabinets show their numbers
