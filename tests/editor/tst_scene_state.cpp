@@ -128,7 +128,9 @@ private Q_SLOTS:
         auto record = cabinet.cabinet();
         record.rects = {QRect(0, 0, 64, 128)};
         record.blanks = {QRect(64, 0, 64, 128)};
+        record.mappingIndex = 7;
         cabinet.setCabinet(record);
+        QCOMPARE(cabinet.cabinet().mappingIndex, -1); // which only the host knows
         world.scene.clearSelection();
         cabinet.setSelected(true);
         world.scene.backend().shape().resizeTo(QSize(64, 64));

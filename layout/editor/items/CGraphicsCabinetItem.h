@@ -28,7 +28,7 @@ public:
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
 
     /// Takes over @p record, including its rectangle; the wiring lines follow. Identity, port, group, rank
-    /// and place in the saved mapping stay unchanged.
+    /// and highlight stay unchanged.
     void setCabinet(const Cabinet &record);
     void setPort(int port) override;
     /// Sets the group that the record names as the cabinet's parent.
