@@ -104,6 +104,7 @@ SKeptHistory CLayoutEditorPage::keptHistory() const
     const int megabytes = settings.value(QStringLiteral("history/limitMegabytes")).toInt();
     if (megabytes > 0)
         kept.limit = megabytes * BytesPerMegabyte;
+    // What waits was handed over when the processor was opened.
     kept.saved = !CHostAccess::callUnflushed<&Host::hasUnsavedEdits>(m_processor.uuid);
     if (!m_view->hasSteps(m_processor.uuid))
         kept.history = CHostAccess::call<&Host::editHistory>(m_processor.uuid);
@@ -223,6 +224,8 @@ void CLayoutEditorPage::connectSignals()
             [this] { m_store.syncLayoutData(false); });
     connect(scene, &CCabinetGraphicsScene::notifySceneChanged, this, &CLayoutEditorPage::dropReadbackResult);
     connect(&m_store, &CLayoutData::notifyEdited, m_view, &CLayoutGraphicsView::onEdited);
+    connect(&m_store, &CLayoutData::notifyCurrentPortChanged, m_view,
+            [this](int port) { m_view->onPortToggled(port, port >= 0); });
     connect(&m_store, &CLayoutData::notifyLayoutSaved, this, [this](const QUuid &processor) {
         m_view->setSaved(processor, !CHostAccess::call<&Host::hasUnsavedEdits>(processor));
     });

@@ -109,7 +109,6 @@ void CViewPortPanel::connectSignals()
     connect(&m_ports, &CPortList::notifyPortClicked, this, &Panel::notifyPortClicked);
     connect(&m_ports, &CPortList::notifyPortToggled, this, &Panel::notifyPortToggled);
     connect(this, &Panel::notifyPortClicked, &m_view, &View::onPortClicked);
-    connect(this, &Panel::notifyPortToggled, &m_view, &View::onPortToggled);
 }
 
 void CViewPortPanel::connectSidePanel(CLayoutSidePanel &panel)

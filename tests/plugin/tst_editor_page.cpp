@@ -18,6 +18,7 @@
 #include "tests/plugin/SPageWorld.h"
 
 #include <QApplication>
+#include <QGraphicsSceneMouseEvent>
 #include <QImage>
 #include <QLabel>
 #include <QLocale>
@@ -272,6 +273,16 @@ private Q_SLOTS:
         QCOMPARE(world.checked(), QList<int>{0});
         world.view().onPortsChosen({1, 2});
         QCOMPARE(world.scene().selection().ports(), (QList<int>{1, 2}));
+        world.view().onNotifyAppendCabinet({}, 0, QSize(64, 64));
+        world.store.setCurrentPort(2); // by nobody who knows the view
+        CScenePlacing &placing = world.scene().backend().placing();
+        const int before = world.scene().backend().content().portItem(2)->cabinets(nullptr).size();
+        QGraphicsSceneMouseEvent event;
+        event.setScenePos(QPointF(3000, 3000));
+        QVERIFY(placing.isAppending());
+        placing.press(event);
+        placing.release(event);
+        QCOMPARE(world.scene().backend().content().portItem(2)->cabinets(nullptr).size(), before + 1);
     }
 
     void aRedundancyIsSetAfterAQuestion()

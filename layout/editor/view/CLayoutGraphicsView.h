@@ -88,7 +88,7 @@ public Q_SLOTS:
     void onPortClicked(int port, bool selected);
     /// Selects everything that @p ports hold, and nothing else.
     void onPortsChosen(const QVector<int> &ports);
-    /// The user has made @p port the current one: what waits to be placed goes there.
+    /// @p port is the current one now, or none is: what waits to be placed goes there.
     void onPortToggled(int port, bool current);
     /// Arranges the selection in @p columns columns.
     void onNotifySelectedCabinetRankChanged(int columns);

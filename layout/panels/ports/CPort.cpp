@@ -118,6 +118,18 @@ void CPort::popUp(QMenu *menu)
     menu->popup(mapToGlobal(rect().bottomLeft()));
 }
 
+void CPort::setProcessorLocked(bool locked)
+{
+    m_store.setPortLocked(-1, locked);
+    Q_EMIT notifyProcessorLocked(locked);
+}
+
+void CPort::setAllProcessorsLocked(bool locked)
+{
+    m_store.setAllProcessorsLocked(locked);
+    Q_EMIT notifyAllProcessorLocked(locked);
+}
+
 void CPort::askFill()
 {
     if (!m_face.redundant)

@@ -37,6 +37,12 @@ public:
     void openAppendMenu();
     /// Asks for the fill of the port, unless it is a redundancy port.
     void askFill();
+    // What the menu offers for the port; each is announced.
+    void setProcessorLocked(bool locked); ///< all ports of the processor
+    void setAllProcessorsLocked(bool locked);
+    void markUpCustomCabinets(bool marked) { Q_EMIT notifyMarkupCustomCabinet(marked); }
+    void saveParameters() { Q_EMIT notifySaveCabinetPara(port()); }
+    void showCabinets() { Q_EMIT notifyShowCabinetInfo(port()); }
 
 Q_SIGNALS:
     /// The user wants to append cabinets of @p size; an empty @p type stands for a custom size.

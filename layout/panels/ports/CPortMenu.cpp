@@ -118,15 +118,9 @@ void CPortMenu::addLocks(QMenu &menu) const
     addToggle(*locks, tr("Lock current output port"), m_store.isPortLocked(port), &m_button,
               [store, port](bool locked) { store->setPortLocked(port, locked); });
     addToggle(*locks, tr("Lock current processor"), m_store.isProcessorLocked(), &m_button,
-              [store, button = &m_button](bool locked) {
-                  store->setPortLocked(-1, locked);
-                  Q_EMIT button->notifyProcessorLocked(locked);
-              });
+              [button = &m_button](bool locked) { button->setProcessorLocked(locked); });
     addToggle(*locks, tr("Lock all processors"), m_store.areAllProcessorsLocked(), &m_button,
-              [store, button = &m_button](bool locked) {
-                  store->setAllProcessorsLocked(locked);
-                  Q_EMIT button->notifyAllProcessorLocked(locked);
-              });
+              [button = &m_button](bool locked) { button->setAllProcessorsLocked(locked); });
 }
 
 void CPortMenu::addFill(QMenu &menu) const
@@ -146,15 +140,14 @@ void CPortMenu::addParameters(QMenu &menu) const
     parameters->setToolTipsVisible(true);
     const SLayoutOptions options = m_store.options();
     addToggle(*parameters, tr("Markup custom cabinets"), options.markupCustomCabinets, &m_button,
-              [button = &m_button](bool marked) { Q_EMIT button->notifyMarkupCustomCabinet(marked); });
-    const int port = m_button.port();
+              [button = &m_button](bool marked) { button->markUpCustomCabinets(marked); });
     const QIcon placeholder(QStringLiteral(":/Image/Menu/placeholder.svg"));
     QAction *save = parameters->addAction(placeholder, tr("Save parameters..."));
-    allowUnless(*save, CProcessorInView::connectionRefusal(m_store.port(port).getAllCabinets().toList()));
-    QObject::connect(save, &QAction::triggered, &m_button,
-                     [button = &m_button, port] { Q_EMIT button->notifySaveCabinetPara(port); });
+    allowUnless(*save,
+                CProcessorInView::connectionRefusal(m_store.port(m_button.port()).getAllCabinets().toList()));
+    QObject::connect(save, &QAction::triggered, &m_button, &CPort::saveParameters);
     QObject::connect(parameters->addAction(tr("Cabinet information...")), &QAction::triggered, &m_button,
-                     [button = &m_button, port] { Q_EMIT button->notifyShowCabinetInfo(port); });
+                     &CPort::showCabinets);
 }
 
 void CPortMenu::addCancel(QMenu &menu) const
