@@ -90,7 +90,7 @@ void CMainWindow::buildUi()
     m_workMode = new CWorkModeMenu(m_manager.table(), m_manager.commands(), this);
     m_simulation = new CSimulationMenu(m_manager, this);
     m_actions = SMainActions::create(*this, *m_workMode, *m_simulation);
-    m_help = new CHelpCommands(m_actions, *this);
+    m_help = new CHelpCommands(*this);
     m_menus = new CWindowMenus(m_actions, *m_module, m_settings, m_manager.table(), this);
 
     m_devices = new CDevicePanel(m_manager.services(), m_manager.treeModel(), *m_actions.detect);
@@ -134,6 +134,11 @@ void CMainWindow::connectActions()
     connect(m_actions.detect, &QAction::triggered, this, [this] { m_manager.jobs().detect(); });
     connect(m_actions.typeLibrary, &QAction::triggered, this,
             [this] { CTypeLibraryDialog(CTypeLibrary::builtIn(), this).exec(); });
+    connect(m_actions.showLog, &QAction::triggered, m_help, &CHelpCommands::showLog);
+    connect(m_actions.openLogFolder, &QAction::triggered, m_help, &CHelpCommands::openLogFolder);
+    connect(m_actions.copySystemInformation, &QAction::triggered, m_help,
+            &CHelpCommands::copySystemInformation);
+    connect(m_actions.about, &QAction::triggered, m_help, &CHelpCommands::showAbout);
     connect(m_help, &CHelpCommands::notifyDone, statusBar(),
             [this](const QString &text) { statusBar()->showMessage(text, MessageMilliseconds); });
     connect(m_menus, &CWindowMenus::notifyRecentChosen, this,

@@ -43,7 +43,7 @@ public:
     /// @p simulation between the device and help menus.
     static SMainActions create(QMainWindow &window, CWorkModeMenu &workMode, CSimulationMenu &simulation);
 
-    /// Enables what can be done to the processor that is selected, if @p any is, and is a @p project or not.
+    /// Enables what can be done to the selected processor; @p any: there is one; @p project: it is a project.
     /// @p readOnly says why the project is not saved to its file; empty: it is.
     void setSelected(bool any, bool project, const QString &readOnly) const;
     /// Enables @p action if @p refusal is empty; otherwise its tool tip tells it.

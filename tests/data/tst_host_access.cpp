@@ -110,13 +110,18 @@ private Q_SLOTS:
             &Host::canvasBlock, &Host::setCanvasSize, &Host::frameRate, &Host::colorDepth, &Host::signalModes,
             &Host::setFrameRateAndColorDepth, &Host::background, &Host::setBackground,
             &Host::setPrintSettings, &Host::writeFile, &Host::processorBoundingRects,
-            &Host::setProcessorOffsets>(host);
-        const QStringList expected{
-            QStringLiteral("applyLayoutFollowUp"), QStringLiteral("areOnPrimaryPorts"),
-            QStringLiteral("commitLayoutData"),    QStringLiteral("hasUnsavedEdits"),
-            QStringLiteral("layoutData"),          QStringLiteral("portPairRefusal"),
-            QStringLiteral("portRedundancies"),    QStringLiteral("processorOfCabinet"),
-            QStringLiteral("setPrintSettings"),    QStringLiteral("writeFile")};
+            &Host::setProcessorOffsets, &Host::recordEdit, &Host::editHistory, &Host::printSettings>(host);
+        const QStringList expected{QStringLiteral("applyLayoutFollowUp"),
+                                   QStringLiteral("areOnPrimaryPorts"),
+                                   QStringLiteral("commitLayoutData"),
+                                   QStringLiteral("hasUnsavedEdits"),
+                                   QStringLiteral("layoutData"),
+                                   QStringLiteral("portPairRefusal"),
+                                   QStringLiteral("portRedundancies"),
+                                   QStringLiteral("processorOfCabinet"),
+                                   QStringLiteral("recordEdit"),
+                                   QStringLiteral("setPrintSettings"),
+                                   QStringLiteral("writeFile")};
         QCOMPARE(exceptions, expected);
         host.answers()->forgetCalls();
         CHostAccess::call([](Host &one) { one.processors(); });

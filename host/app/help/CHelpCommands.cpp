@@ -2,14 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/help/CHelpCommands.h"
 
-#include "host/app/SMainActions.h"
 #include "host/app/help/CReportDialog.h"
 #include "host/app/help/SystemInformation.h"
 #include "host/app/start/CCrashHandler.h"
 #include "host/app/start/CLogFile.h"
 #include "platform/widgets/CMessageBox.h"
 
-#include <QAction>
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QDir>
@@ -23,14 +21,10 @@ constexpr qint64 ShownBytes = 128 * 1024; // of the log's end
 
 } // namespace
 
-CHelpCommands::CHelpCommands(const SMainActions &actions, QWidget &window)
+CHelpCommands::CHelpCommands(QWidget &window)
     : QObject(&window)
     , m_window(window)
 {
-    connect(actions.showLog, &QAction::triggered, this, &CHelpCommands::showLog);
-    connect(actions.openLogFolder, &QAction::triggered, this, &CHelpCommands::openLogFolder);
-    connect(actions.copySystemInformation, &QAction::triggered, this, &CHelpCommands::copySystemInformation);
-    connect(actions.about, &QAction::triggered, this, &CHelpCommands::showAbout);
 }
 
 void CHelpCommands::showCrash()

@@ -5,7 +5,6 @@
 #include <QObject>
 
 class QWidget;
-struct SMainActions;
 
 /// The commands of the help menu, and the report of a crash that the next start shows. GUI thread.
 class CHelpCommands final : public QObject
@@ -14,20 +13,20 @@ class CHelpCommands final : public QObject
 
 public:
     /// @p window is the parent of all dialogs; it must outlive this object.
-    CHelpCommands(const SMainActions &actions, QWidget &window);
+    explicit CHelpCommands(QWidget &window);
 
     /// Shows the latest crash report that was not shown yet, beside whatever else the start shows.
     void showCrash();
+
+    void showLog();
+    void openLogFolder();
+    void copySystemInformation();
+    void showAbout();
 
 Q_SIGNALS:
     /// For the status bar.
     void notifyDone(const QString &text);
 
 private:
-    void showLog();
-    void openLogFolder();
-    void copySystemInformation();
-    void showAbout();
-
     QWidget &m_window;
 };
