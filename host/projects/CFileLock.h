@@ -4,8 +4,9 @@
 
 #include "host/projects/SLockHolder.h"
 
-/// Tells others that a file is open here: a file ".NAME.lock" beside it. It keeps nobody from writing, so
-/// that a lock that nobody can remove costs a question, no work. One thread at a time.
+/// Tells others that a file is open here: a file ".NAME.lock" beside it. It does not prevent
+/// others from writing: a lock that was left behind leads to a question, and no work is lost. One thread
+/// at a time.
 class CFileLock final
 {
 public:

@@ -21,7 +21,7 @@ public:
     void clear() { *this = COverlapGrid(); }
 
     const QRect &rect(int number) const { return m_rects.at(number); }
-    /// Whether there are rectangles that may overlap others than when they were last taken.
+    /// Whether there are rectangles whose overlaps may have changed since takeTouched() returned them.
     bool hasTouched() const { return !m_touched.isEmpty(); }
     /// Takes some of them: those in one part of the plane.
     QSet<int> takeTouched();

@@ -81,7 +81,7 @@ public:
     void noteWiringChanged();
     void takeNote();
 
-    /// The children look otherwise, but are the same.
+    /// The children are the same as before, but look different.
     void noteLookChanged() { m_overview.forget(); }
 
     /// What is shown of the port above its cabinets.

@@ -23,7 +23,7 @@ public:
     CPortChain(const CPortChain &) = delete;
     CPortChain &operator=(const CPortChain &) = delete;
 
-    /// Makes @p to the successor of @p from; whatever followed @p from or preceded @p to before is cut off.
+    /// Lets @p to follow @p from in the chain; whatever followed @p from or preceded @p to before is cut off.
     /// Returns the existing or new connection between them; null if either cabinet is null.
     CGraphicsConnectionItem *link(CGraphicsCabinetItem *from, CGraphicsCabinetItem *to);
 
