@@ -142,6 +142,18 @@ private Q_SLOTS:
         QVERIFY(canvas.left() <= 200 && canvas.right() >= 299);
     }
 
+    void aGroupsFrameGoesAroundTheGroupsInIt()
+    {
+        LayoutData nested = wall();
+        Port::CabinetGroup &outer = nested.layout.ports[0].groups[1];
+        Port::CabinetGroup inner = outer;
+        inner.uuid = QUuid::createUuid();
+        inner.cabinets = {outer.cabinets.takeLast()};
+        outer.groups << inner;
+        const QRect between(210, 0, 80, 200);
+        QCOMPARE(pictureOf(nested).copy(between), pictureOf(wall()).copy(between));
+    }
+
     void numbersCountFromOne()
     {
         SLayoutDrawOptions options;
@@ -159,6 +171,10 @@ private Q_SLOTS:
         const QRect corner(4, 4, 90, 90); // within the frame, and left of the receivers' border
         QCOMPARE(pictureOf(second, options).copy(corner), expected.copy(corner));
         QVERIFY(pictureOf(wall(), options).copy(corner) != expected.copy(corner));
+        const QRect unwired(510, 10, 80, 80); // has no number
+        SLayoutDrawOptions bare = options;
+        bare.numbers = false;
+        QCOMPARE(pictureOf(wall(), options).copy(unwired), pictureOf(wall(), bare).copy(unwired));
     }
 
     void showsCabinetsOutsideTheCanvas()

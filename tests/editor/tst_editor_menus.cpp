@@ -197,6 +197,13 @@ private Q_SLOTS:
         QCOMPARE(world.offered(wired, {&wired, &typed}), QString());
         world.states.locked[0] = true;
         QCOMPARE(world.offered(wired, {&wired, &second}), QStringLiteral("Set"));
+        world.states.locked[1] = true;
+        QCOMPARE(world.offered(group, {&group}), QStringLiteral("Set"));
+        QVERIFY(entry(*world.menu, "Current output...")->isEnabled());
+        world.states.redundancy[1] = CabinetLayout::CabinetPort::Redundant;
+        world.offered(group, {&group});
+        QVERIFY(!entry(*world.menu, "Current output...")->isEnabled());
+        world.offered(wired, {&wired, &second});
         QVERIFY(!entry(*world.menu, "Set type...")->isEnabled());
         QCOMPARE(entry(*world.menu, "Set type...")->toolTip(), QStringLiteral("Port 1 is locked."));
     }

@@ -146,6 +146,10 @@ private Q_SLOTS:
                 QVERIFY(m_mouse->isUntouched());
             }
         }
+        m_mouse->press({64, 64});
+        QTest::keyClick(&m_mouse->view(), Qt::Key_Escape); // before it has moved
+        m_mouse->release({64, 64});
+        QCOMPARE(m_mouse->selected(), both);
         m_mouse->click({64, 64}, Qt::ControlModifier); // a click counts again
         QCOMPARE(m_mouse->selected(), Items{&m_mouse->cabinet(0, 1)});
     }

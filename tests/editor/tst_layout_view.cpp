@@ -292,7 +292,11 @@ private Q_SLOTS:
 
     void zoomsAtTheCursorAndFits()
     {
+        view().setScaleFactor(3);
+        QSignalSpy scales(&view(), &CGraphicsView::notifyScaleChanged);
         view().fitContent();
+        QVERIFY(!scales.isEmpty()); // the zoom strip shows it
+        QCOMPARE(scales.last().first().toReal(), view().scaleFactor());
         const QRectF shown = view().mapToScene(view().viewport()->rect()).boundingRect();
         QVERIFY(shown.contains(view().cabinetScene().contentRect()) && view().isFitted());
         QCoreApplication::processEvents(); // a bar would come now, and take room from what is fitted

@@ -169,6 +169,8 @@ private Q_SLOTS:
         auto record = cabinet.cabinet();
         record.rects = {QRect(0, 0, 32, 128), QRect(32, 0, 32, 128)};
         cabinet.setCabinet(record);
+        world.states.resetsHighlight = true;
+        cabinet.setHighlighted(true);
         world.scene.backend().setToolMode(ToolMode::HeadToTailExchange, true);
         QGraphicsSceneMouseEvent press(QEvent::GraphicsSceneMousePress);
         for (const int x : {100, 40}) { // beside them, and on the second one
@@ -176,6 +178,7 @@ private Q_SLOTS:
             world.scene.backend().mouse()->mouseMode().pressCabinet(cabinet, press);
             QCOMPARE(cabinet.cabinet().rects.first(), record.rects.at(x == 40));
         }
+        QVERIFY(cabinet.isHighlighted()); // it has its type still
         const CUndoCommandBase *own = world.scene.getChildUndoCommand(world.stack().command(0));
         QVERIFY(own);
         QCOMPARE(own->operationName(), QStringLiteral("ChangeRank"));

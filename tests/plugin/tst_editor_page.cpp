@@ -273,6 +273,11 @@ private Q_SLOTS:
         QCOMPARE(world.checked(), QList<int>{0});
         world.view().onPortsChosen({1, 2});
         QCOMPARE(world.scene().selection().ports(), (QList<int>{1, 2}));
+        world.view().onPortsChosen({1});
+        world.scene().backend().operations().remove();
+        QTest::mouseClick(&world.port(0), Qt::LeftButton, {}, QPoint(60, 20));
+        QTest::mouseClick(&world.port(1), Qt::LeftButton, {}, QPoint(60, 20)); // which is empty now
+        QCOMPARE(world.store.currentPort(), 1);
         world.view().onNotifyAppendCabinet({}, 0, QSize(64, 64));
         world.store.setCurrentPort(2); // by nobody who knows the view
         CScenePlacing &placing = world.scene().backend().placing();

@@ -196,6 +196,7 @@ private Q_SLOTS:
         row(sealed(R"({"name":"a","n\u0061me":"b"})"), "line 2, column 15");
         row(sealed("{} {}"), "line 2, column 4: there is text behind the end");
         row(sealed("{\"name\":\n 1e400}"), "line 3, column 2: a number is too large");
+        row(sealed("{\"name\":-01}"), "line 2, column 9: a value is expected");
         row(sealed("{\"name\":9007199254740993}"), "line 2, column 9"); // which loses digits
         row(sealed("{\"name\":" + QByteArray(100000, '[')), "nested too deep");
         row(sealed("{\"name\":\"\xff\"}"), "UTF-8");

@@ -89,11 +89,13 @@ private Q_SLOTS:
 
     void halfRowsAreCompletedByTheBest()
     {
-        // Small letters fit behind capitals, of their own letter better than of another.
+        // Letters fit behind capitals: small ones, their own better than others, and the same capital.
         const auto fitness = [](const QUuid &primary, const QUuid &redundancy) {
             const QChar first(primary.data1);
             const QChar second(redundancy.data1);
-            return !first.isUpper() || !second.isLower() ? 0 : first.toLower() == second ? 2 : 1;
+            if (!first.isUpper() || (!second.isLower() && second != first))
+                return 0;
+            return first.toLower() == second ? 2 : 1;
         };
         const QVector<std::tuple<const char *, const char *, const char *>> cases{
             {"-- -- --", "ABab", "Aa Bb --"}, // in their order

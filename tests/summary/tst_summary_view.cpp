@@ -234,6 +234,7 @@ private Q_SLOTS:
     {
         SViewWorld world;
         QTest::keyClick(&world.view, Qt::Key_Right);
+        QTest::keyClick(&world.view, Qt::Key_Right, Qt::ControlModifier); // stands for something else
         QCOMPARE(world.offsetOf(world.a), QPoint(1, 0));
         QTest::keyClick(&world.view, Qt::Key_Down, Qt::ShiftModifier);
         QCOMPARE(world.offsetOf(world.a), QPoint(1, 10));
