@@ -13,7 +13,7 @@ QUuid bestFor(const QUuid &known, bool asRedundancy, const QList<QUuid> &free,
     QUuid best;
     int bestFitness = 0;
     for (const QUuid &key : free) {
-        const int fits = key == known ? 0 : asRedundancy ? fitness(known, key) : fitness(key, known);
+        const int fits = asRedundancy ? fitness(known, key) : fitness(key, known);
         if (fits > bestFitness) {
             best = key;
             bestFitness = fits;

@@ -129,11 +129,16 @@ private Q_SLOTS:
 
     void aDragWithControlTakesTheItemAlong()
     {
+        const auto before = m_mouse->layout().ports[1];
         m_mouse->click({64, 64});
         m_mouse->pull({192, 64}, {192, 104}, Qt::ControlModifier);
         QCOMPARE(m_mouse->selected(), loose({0, 1}));
         QCOMPARE(placeOf(0), QPoint(0, 40));
         QCOMPARE(placeOf(1), QPoint(128, 40));
+        m_mouse->states().locked[1] = true;
+        m_mouse->pull({64, 264}, {64, 300}, Qt::ControlModifier); // of a locked port: nothing moves
+        QCOMPARE(placeOf(0), QPoint(0, 40));
+        QVERIFY(m_mouse->layout().ports[1] == before);
     }
 
     void aMoveCatchesAtEdges()

@@ -278,6 +278,8 @@ private Q_SLOTS:
         QTest::mouseClick(&world.port(0), Qt::LeftButton, {}, QPoint(60, 20));
         QTest::mouseClick(&world.port(1), Qt::LeftButton, {}, QPoint(60, 20)); // which is empty now
         QCOMPARE(world.store.currentPort(), 1);
+        settle(world.host, world.store); // with a detection, during which the wall is in view
+        QTRY_COMPARE(world.store.currentPort(), 1);
         world.view().onNotifyAppendCabinet({}, 0, QSize(64, 64));
         world.store.setCurrentPort(2); // by nobody who knows the view
         CScenePlacing &placing = world.scene().backend().placing();

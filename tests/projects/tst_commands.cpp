@@ -314,7 +314,7 @@ private Q_SLOTS:
         QCOMPARE(run.status, 1);
         for (const char *text :
              {"950,000,000 bits a second. The port's rate determines the load: it carries 659,722 pixels.",
-              "Port 1: overloaded", "Port 1: the cabinet at (-2000, 0) lies outside",
+              "Port 1: overloaded", "Processor: overloaded", "Port 1: the cabinet at (-2000, 0) lies outside",
               "Port 2: the cabinet at (128, 0) is not wired"})
             QVERIFY2(run.out.contains(QLatin1String(text)), qPrintable(run.out));
         QVERIFY2(run.errors.contains(path("wrong.sprj")), qPrintable(run.errors));

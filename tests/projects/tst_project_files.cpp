@@ -209,6 +209,7 @@ private Q_SLOTS:
         row(sealed(bodyWithPorts("[],\"more\":1")), "layout: the member \"more\" is not known");
         row(ports("{\"index\":\"1\"}"), "layout.ports[0].index: a whole number");
         row(ports("{\"index\":-1}"), "layout.ports[0].index: -1");
+        row(ports("{\"index\":4000}"), "layout.ports[0].index: 4000");
         row(ports("{\"index\":1},{\"index\":1}"), "layout.ports[1].index");
         row(sealed(nestedGroups(65)), "nested deeper than 64");
         row(cabinets(cabinet + "," + cabinet), "layout.ports[0].groups[0].cabinets[1].uuid: the same");
