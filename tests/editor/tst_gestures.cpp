@@ -197,9 +197,9 @@ private Q_SLOTS:
         disconnect(&scene, nullptr, this, nullptr);
     }
 
-    void anExchangeKeepsHighlights()
+    void directExchangeNeedsNoPick()
     {
-        m_mouse->scene().backend().setToolMode(ToolMode::HeadToTailExchange, true);
+        m_mouse->scene().backend().setToolMode(ToolMode::DirectExchange, true);
         m_mouse->states().resetsHighlight = true;
         CGraphicsCabinetItem &cabinet = m_mouse->cabinet(3, 0);
         cabinet.setHighlighted(true);
@@ -209,7 +209,7 @@ private Q_SLOTS:
         m_mouse->click({420, 64});
         QCOMPARE(selectionSpy.count(), 1);
         QCOMPARE(cabinet.cabinet().rects, reversed);
-        QVERIFY(cabinet.selectedCell() >= 0);
+        QCOMPARE(cabinet.selectedCell(), -1);
         QVERIFY(cabinet.isHighlighted()); // its type is the same
         cabinet.setHighlighted(false);
         m_mouse->click({620, 64}); // its direction is fixed

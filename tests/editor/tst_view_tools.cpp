@@ -236,8 +236,8 @@ private:
     Modes modes()
     {
         Modes set;
-        for (const auto flag :
-             {ToolMode::ManualWiring, ToolMode::HeadToTailExchange, ToolMode::Highlighting}) {
+        for (const auto flag : {ToolMode::ManualWiring, ToolMode::HeadToTailExchange,
+                                ToolMode::DirectExchange, ToolMode::Highlighting}) {
             if (m_mouse->scene().backend().toolModes().contains(flag))
                 set << flag;
         }

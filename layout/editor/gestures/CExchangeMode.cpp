@@ -9,7 +9,7 @@
 
 bool CExchangeMode::pressCabinet(CGraphicsCabinetItem &cabinet, const QGraphicsSceneMouseEvent &event)
 {
-    if (cabinet.pickCell(event.pos()))
+    if (m_pick == Anywhere || cabinet.pickCell(event.pos()))
         m_operations.exchangeReceivers(cabinet.uuid());
     return false;
 }

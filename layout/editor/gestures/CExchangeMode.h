@@ -6,13 +6,19 @@
 
 class CSceneOperations;
 
-/// Head-to-tail exchange: a press on a receiver reverses the order in which the signal runs through those of
-/// its cabinet, and selects the cabinet. That receiver becomes the selected cell.
+/// Head-to-tail exchange: a press on a cabinet reverses the order in which the signal runs through its
+/// receivers, and selects it.
 class CExchangeMode final : public IMouseMode
 {
 public:
-    explicit CExchangeMode(CSceneOperations &operations)
+    enum EPick {
+        Receiver, ///< only a press on a receiver counts; that receiver becomes the selected cell
+        Anywhere
+    };
+
+    CExchangeMode(CSceneOperations &operations, EPick pick)
         : m_operations(operations)
+        , m_pick(pick)
     {
     }
 
@@ -21,4 +27,5 @@ public:
 
 private:
     CSceneOperations &m_operations;
+    EPick m_pick;
 };

@@ -25,7 +25,8 @@ CSceneInput::CSceneInput(CGraphicsScene &scene, const SInputTargets &targets, st
     , m_gestures(scene, targets.editing, m_edit.content, m_edit.selection, targets.recorder)
     , m_select(scene, targets.editing, m_edit.selection, *this, m_gestures)
     , m_pen(m_gestures)
-    , m_exchange(m_edit.operations)
+    , m_exchange(m_edit.operations, CExchangeMode::Receiver)
+    , m_directExchange(m_edit.operations, CExchangeMode::Anywhere)
     , m_highlight(targets.highlights)
     , m_append(m_edit.placing, [this] { m_leave(); })
 {
@@ -88,6 +89,8 @@ IMouseMode &CSceneInput::mouseMode()
         return m_pen;
     if (m_toolModes.contains(ToolMode::HeadToTailExchange))
         return m_exchange;
+    if (m_toolModes.contains(ToolMode::DirectExchange))
+        return m_directExchange;
     return m_select;
 }
 

@@ -69,6 +69,7 @@ private:
     CSelectMode m_select;
     CPenMode m_pen;
     CExchangeMode m_exchange;
+    CExchangeMode m_directExchange;
     CHighlightMode m_highlight;
     CAppendMode m_append;
     bool m_interrupted = false; // the last press cancelled something

@@ -5,7 +5,7 @@
 #include <QHashFunctions>
 
 /// The tools that change what a press on a cabinet does.
-enum class ToolMode { ManualWiring, HeadToTailExchange, Highlighting };
+enum class ToolMode { ManualWiring, HeadToTailExchange, DirectExchange, Highlighting };
 
 inline uint qHash(ToolMode mode, uint seed = 0)
 {
