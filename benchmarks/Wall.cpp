@@ -36,19 +36,27 @@ QVector<Group> nestedGroups(const QVector<Port::Cabinet> &cabinets)
     return groups;
 }
 
+/// Cabinets of 128 pixels need a larger canvas than can be made here.
+void resize(Port &port, int side)
+{
+    for (Group &group : port.groups) {
+        for (Port::Cabinet &cabinet : group.cabinets)
+            cabinet.rect = QRect(cabinet.rect.topLeft() / Wall::SmallSide * side, QSize(side, side));
+    }
+}
+
 } // namespace
 
 LayoutData Wall::data(int ports, bool grouped, int side)
 {
     LayoutData data;
-    SWallPlan plan = CWallBuilder::plan(CWallBuilder::Full);
-    plan.cabinet = QSize(side, side);
-    data.layout = CWallBuilder::build(plan).value();
+    data.layout = CWallBuilder::build(CWallBuilder::plan(CWallBuilder::Full)).value();
     data.processor = data.layout.processor;
     data.layout.ports.resize(ports);
     for (Port &port : data.layout.ports) {
         port.color = CPortColors::fill(port.index);
         port.locked = port.index % LockedEvery == 0;
+        resize(port, side);
         if (grouped)
             port.groups = nestedGroups(port.getAllCabinets());
     }
