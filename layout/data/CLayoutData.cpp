@@ -267,11 +267,11 @@ void CLayoutData::currentPortMayDiffer()
         Q_EMIT notifyCurrentPortChanged(port);
 }
 
-void CLayoutData::loadsMayDiffer(const QVector<int> &ports)
+void CLayoutData::loadsMayDiffer(const QVector<int> &ports, Announced processor)
 {
     for (const int port : ports)
         updatePortLoad(port, false);
-    processorLoadMayDiffer();
+    processorLoadMayDiffer(processor);
     notesMayDiffer(ports);
 }
 
@@ -294,8 +294,9 @@ void CLayoutData::notesMayDiffer(const QVector<int> &ports)
     }
 }
 
-void CLayoutData::processorLoadMayDiffer()
+void CLayoutData::processorLoadMayDiffer(Announced when)
 {
-    if (const std::optional<int> load = m_states.takeProcessorLoad())
-        Q_EMIT notifyProcessorPayloadChanged(*load);
+    const std::optional<int> load = m_states.takeProcessorLoad();
+    if (load || when == Announced::Always)
+        Q_EMIT notifyProcessorPayloadChanged(load.value_or(m_states.processorLoad()));
 }

@@ -162,8 +162,8 @@ private:
     void layoutSaved(const QUuid &processor) override;
     void currentPortMayDiffer() override;
     void highlightEnded() override { cancelCalibrate(-1); }
-    void loadsMayDiffer(const QVector<int> &ports) override;
-    void processorLoadMayDiffer() override;
+    void loadsMayDiffer(const QVector<int> &ports, Announced processor = Announced::IfDifferent) override;
+    void processorLoadMayDiffer(Announced when = Announced::IfDifferent) override;
     QObject *controller() const override { return m_controller; }
 
     CProcessorStates m_states; // first, with the options: everything below uses them

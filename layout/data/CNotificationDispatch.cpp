@@ -6,7 +6,6 @@
 #include "layout/data/CLayoutHandOver.h"
 #include "layout/data/CProcessorStates.h"
 #include "layout/data/CStoreOptions.h"
-#include "layout/data/IStoreEvents.h"
 #include "platform/control/CSubject.h"
 
 #include <QMetaObject>
@@ -17,6 +16,7 @@ namespace {
 
 using Host = ILayoutInterfaceHandler;
 using StorePort = CabinetLayout::CabinetPort;
+using Announced = IStoreEvents::Announced;
 
 bool sameCabinets(const QVector<StorePort> &a, const QVector<StorePort> &b)
 {
@@ -182,7 +182,7 @@ void CNotificationDispatch::onProcessorStateChanged(CSubject &subject)
     subject.GetArgument<SProcessorStateChange>(); // the pages ask the host for what they need
     post(LayoutNotification::ProcessorStateChanged, [this] {
         m_events.processorStateChanged();
-        m_events.processorLoadMayDiffer();
+        m_events.processorLoadMayDiffer(Announced::Always);
         invoke("OnCurrentProcessorStateChanged");
     });
 }
@@ -205,8 +205,7 @@ void CNotificationDispatch::onPortCountChanged(CSubject &)
         const ProcessorTree::ProcessorNode node =
             CHostAccess::call<&Host::getProcessorNode>(m_states.current());
         refreshCurrentPorts();
-        updateAllLoads();
-        m_events.processorLoadMayDiffer();
+        updateAllLoads(Announced::Always);
         invoke("onCurrentProcessorPortCountChanged", Q_ARG(ProcessorTree::ProcessorNode, node));
     });
 }
@@ -220,8 +219,7 @@ void CNotificationDispatch::onCurrentProcessorChanged(CSubject &subject)
         takeCurrent(processor);
     m_events.currentPortMayDiffer();
     post(LayoutNotification::CurrentProcessorChanged, [this] {
-        updateAllLoads();
-        m_events.processorLoadMayDiffer();
+        updateAllLoads(Announced::Always);
         invoke("OnCurrentProcessorChanged");
     });
 }
@@ -297,13 +295,13 @@ void CNotificationDispatch::takeCurrent(const QUuid &processor)
         m_events.highlightEnded();
 }
 
-void CNotificationDispatch::updateAllLoads()
+void CNotificationDispatch::updateAllLoads(Announced processor)
 {
     QVector<int> indices;
     const QVector<StorePort> ports = m_states.ports();
     for (const StorePort &port : ports)
         indices << port.index;
-    m_events.loadsMayDiffer(indices);
+    m_events.loadsMayDiffer(indices, processor);
 }
 
 void CNotificationDispatch::invoke(const char *slot, QGenericArgument first, QGenericArgument second)

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "layout/api/LayoutNotification.h"
+#include "layout/data/IStoreEvents.h"
 #include "platform/common/CWorkThread.h"
 
 #include <QGenericArgument>
@@ -13,7 +14,6 @@ class CLayoutHandOver;
 class CProcessorStates;
 class CStoreOptions;
 class CSubject;
-class IStoreEvents;
 
 /// Updates the store's data when the host notifies, and tells the store what to announce. Arguments are read
 /// on the Update thread; slow work runs on the notification worker.
@@ -60,7 +60,7 @@ private:
     void replaceLayout(const QUuid &processor);
     void refreshCurrentPorts();
     void takeCurrent(const QUuid &processor);
-    void updateAllLoads();
+    void updateAllLoads(IStoreEvents::Announced processor = IStoreEvents::Announced::IfDifferent);
     void invoke(const char *slot, QGenericArgument first = QGenericArgument(nullptr),
                 QGenericArgument second = QGenericArgument(nullptr));
 

@@ -27,10 +27,13 @@ public:
     virtual void currentPortMayDiffer() = 0;
     /// Nothing is highlighted on the wall any more.
     virtual void highlightEnded() = 0;
-    /// The loads of @p ports may have changed: asks the host, and announces those that have.
-    virtual void loadsMayDiffer(const QVector<int> &ports) = 0;
+    /// When the processor's load is announced.
+    enum class Announced { IfDifferent, Always };
+    /// The loads of @p ports may have changed: asks the host, and announces those that have; then the
+    /// processor's.
+    virtual void loadsMayDiffer(const QVector<int> &ports, Announced processor = Announced::IfDifferent) = 0;
     /// The processor's load may differ from the one announced last; that of another processor always does.
-    virtual void processorLoadMayDiffer() = 0;
+    virtual void processorLoadMayDiffer(Announced when = Announced::IfDifferent) = 0;
     /// The object whose slots are invoked by name; null: none.
     virtual QObject *controller() const = 0;
 };

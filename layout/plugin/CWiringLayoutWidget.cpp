@@ -10,7 +10,7 @@
 
 namespace {
 constexpr int TitleRowLocation = 3; // of a tool widget
-constexpr QSize PictureSize(20, 20);
+constexpr QSize PictureSize(18, 18);
 } // namespace
 
 CWiringLayoutWidget::CWiringLayoutWidget(QWidget *parent)
