@@ -175,6 +175,8 @@ void CLayoutData::syncLayoutData(bool atOnce)
     if (!edit)
         return;
     Q_EMIT notifyEdited(edit->known, edited, edit->changedPorts);
+    if (atOnce && edit->changedPorts.isEmpty() && !m_handOver.isPending(processor))
+        return; // the host may have another layout already, which it has not announced yet
     if (atOnce)
         m_handOver.handOverNow(edit->data);
     else

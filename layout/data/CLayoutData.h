@@ -103,7 +103,8 @@ public:
     /// now on the editor's layout belongs to that processor. GUI thread.
     LayoutData openProcessor(const QUuid &processor);
     /// Hands the edited layout to the host: at once, or deferred on a worker. Afterwards a worker asks for
-    /// the loads of the ports that changed. GUI thread.
+    /// the loads of the ports that changed. At once, what was handed over is not handed over again. GUI
+    /// thread.
     void syncLayoutData(bool atOnce);
     void flushEdits() override { syncLayoutData(true); }
 

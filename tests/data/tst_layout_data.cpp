@@ -232,6 +232,19 @@ private Q_SLOTS:
         QVERIFY(answered >= 16);
     }
 
+    void whatTheHostHasReplacedStaysWhenNothingWasEdited()
+    {
+        SStoreScene scene;
+        scene.edit(1, true);
+        LayoutData &read = scene.answers()->layouts[scene.a];
+        read.layout.ports[1].groups.clear(); // not announced yet
+        scene.store.flushEdits();
+        QVERIFY(read.layout.ports[1].groups.isEmpty());
+        scene.edit(1, false);
+        scene.store.flushEdits();
+        QVERIFY(!read.layout.ports[1].groups.isEmpty());
+    }
+
     void aLayoutThatIsReplacedWhileItIsOpenedIsRefused()
     {
         SStoreScene scene;
