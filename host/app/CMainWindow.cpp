@@ -22,6 +22,7 @@
 #include "host/devices/CLayoutHandler.h"
 #include "host/devices/jobs/CDeviceJob.h"
 #include "host/devices/services/CSimulatedPark.h"
+#include "host/projects/CFileLock.h"
 #include "host/projects/CSafeFile.h"
 #include "layout/api/ILayoutInterface.h"
 #include "layout/resources/LayoutResources.h"
@@ -353,8 +354,10 @@ void CMainWindow::cleanUpFolders()
     if (m_cleaning.joinable())
         return;
     m_cleaning = std::thread([recent = m_settings.recentProjects(), written = m_settings.writtenFiles()] {
-        for (const QString &file : recent)
+        for (const QString &file : recent) {
             CSafeFile::cleanAround(file);
+            CFileLock(file).removeDead();
+        }
         for (const QString &file : written) {
             if (CSafeFile::cleanAround(file))
                 CAppSettings().removeWritten(file);

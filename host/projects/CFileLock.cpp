@@ -11,6 +11,7 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <sys/file.h>
 
 namespace {
 
@@ -82,6 +83,14 @@ void CFileLock::release()
     if (folder.isOpen())
         folder.lockWithin(LockPatience);
     if (isOurs())
+        CFileSystem::current().unlink(m_path);
+}
+
+void CFileLock::removeDead()
+{
+    CFileHandle folder(CStrayFiles::folderOf(m_path), O_RDONLY | O_DIRECTORY);
+    SLockHolder holder;
+    if (folder.isOpen() && folder.lock(LOCK_EX | LOCK_NB) && read(holder) && holder.isDead())
         CFileSystem::current().unlink(m_path);
 }
 

@@ -30,6 +30,9 @@ public:
     Outcome take(Others others = Respect);
     /// Gives the lock up. If somebody has replaced it, theirs stays.
     void release();
+    /// Removes the lock of a process of this machine that has ended, unless another process is writing in the
+    /// folder.
+    void removeDead();
     const SLockHolder &holder() const { return m_holder; } ///< whoever held it when it was not taken
     QString lockFile() const;
 
