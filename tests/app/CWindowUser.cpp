@@ -18,7 +18,6 @@
 
 namespace {
 
-constexpr double DeviceDelays = 0.1;
 constexpr int LookAgainMilliseconds = 20;
 constexpr int MostTabStops = 100;
 
@@ -48,11 +47,12 @@ QAction *actionNamed(const QList<QAction *> &actions, const QString &text)
 
 } // namespace
 
-CWindowUser::CWindowUser(const QString &stateFolder)
+CWindowUser::CWindowUser(const QString &stateFolder, const QString &journalFolder, double delays)
 {
     SDeviceSettings settings;
     settings.stateFolder = stateFolder;
-    settings.delayScale = DeviceDelays;
+    settings.journalFolder = journalFolder;
+    settings.delayScale = delays;
     m_window = std::make_unique<CMainWindow>(settings);
     m_window->loadModule(QStringLiteral(ORVO_LAYOUT_MODULE));
     m_window->resize(1600, 960);
@@ -173,10 +173,12 @@ bool CWindowUser::clickInTree(const QString &name, Qt::MouseButton button)
     auto &tree = *m_window->findChild<QTreeView *>(QStringLiteral("DeviceTree"));
     QModelIndex row;
     if (!waitFor([&] {
-            row = tree.model()
-                      ->match(tree.model()->index(0, 0), Qt::DisplayRole, name, 1,
-                              Qt::MatchExactly | Qt::MatchRecursive)
-                      .value(0);
+            for (const QString &text : {name, name + QStringLiteral(" *")}) { // with unsaved edits
+                const QModelIndexList rows =
+                    tree.model()->match(tree.model()->index(0, 0), Qt::DisplayRole, text, 1,
+                                        Qt::MatchExactly | Qt::MatchRecursive);
+                row = row.isValid() ? row : rows.value(0);
+            }
             return row.isValid();
         }))
         return false;

@@ -23,8 +23,9 @@ public:
     /// The three pictures in the button of an output port.
     enum class PortArea { Fill, Lock, Append, Label };
 
-    /// Opens the window with the real module; the devices keep their state in @p stateFolder.
-    explicit CWindowUser(const QString &stateFolder);
+    /// Opens the window with the real module; the devices keep their state in @p stateFolder. With an empty
+    /// @p journalFolder nothing is kept for a crash. Devices take @p delays of the usual time to answer.
+    explicit CWindowUser(const QString &stateFolder, const QString &journalFolder = {}, double delays = 0.1);
     ~CWindowUser();
 
     CMainWindow &window() { return *m_window; }
