@@ -6,6 +6,8 @@
 #include "host/library/CTypeLibrary.h"
 #include "tests/harness/CTestBase.h"
 
+#include <QEventLoop>
+#include <QTimer>
 #include <QVariant>
 
 #include <optional>
@@ -142,10 +144,16 @@ CabinetLayout CDeviceFixture::layoutOf(const QUuid &processor) const
 SDeviceOutcome CDeviceFixture::outcomeOf(const std::function<void(CDeviceJobs::Done)> &start)
 {
     std::optional<SDeviceOutcome> ended;
-    start([&ended](const SDeviceOutcome &outcome) { ended = outcome; });
-    if (!QTest::qWaitFor([&ended] { return ended.has_value(); }, PatienceMilliseconds))
-        return {SDeviceOutcome::Failed, QStringLiteral("no outcome")};
-    return *ended;
+    QEventLoop loop; // which goes on at once, unlike QTest's waiting
+    start([&ended, &loop](const SDeviceOutcome &outcome) {
+        ended = outcome;
+        loop.quit();
+    });
+    if (!ended) {
+        QTimer::singleShot(PatienceMilliseconds, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
+    return ended.value_or(SDeviceOutcome{SDeviceOutcome::Failed, QStringLiteral("no outcome")});
 }
 
 SDeviceOutcome CDeviceFixture::detect()

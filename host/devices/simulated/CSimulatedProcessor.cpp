@@ -112,7 +112,21 @@ DeviceError CSimulatedProcessor::setFault(SimulationFault fault, bool on)
 bool CSimulatedProcessor::hasFault(SimulationFault fault) const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_faults.count(fault) > 0;
+    return m_faults.count(fault) > 0 || (m_later && m_later->fault == fault && m_later->isNow());
+}
+
+void CSimulatedProcessor::setFaultAt(int number, SimulationFault fault, bool onward)
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_later.reset();
+    if (number > 0)
+        m_later = SLaterFault{fault, number, onward};
+}
+
+bool CSimulatedProcessor::hasShownFault() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_later && m_later->number <= 0;
 }
 
 DeviceError CSimulatedProcessor::changeFromElsewhere()
@@ -123,8 +137,13 @@ DeviceError CSimulatedProcessor::changeFromElsewhere()
     return keep(mapping);
 }
 
-DeviceError CSimulatedProcessor::waitForAnswer(CCancelToken &cancel, const SPatience &patience) const
+DeviceError CSimulatedProcessor::waitForAnswer(CCancelToken &cancel, const SPatience &patience)
 {
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_later)
+            --m_later->number;
+    }
     if (cancel.isCancelled())
         return DeviceError::Cancelled;
     if (hasFault(SimulationFault::Offline))
@@ -136,6 +155,12 @@ DeviceError CSimulatedProcessor::waitForAnswer(CCancelToken &cancel, const SPati
     if (silent)
         return DeviceError::NoAnswer;
     return hasFault(SimulationFault::Refuse) ? DeviceError::Refused : DeviceError::None;
+}
+
+DeviceError CSimulatedProcessor::heard(DeviceError error) const
+{
+    return error == DeviceError::None && hasFault(SimulationFault::LostAnswer) ? DeviceError::NoAnswer
+                                                                               : error;
 }
 
 DeviceError CSimulatedProcessor::transfer(CCancelToken &cancel, const Progress &progress, int stepTime) const
@@ -174,7 +199,7 @@ DeviceError CSimulatedProcessor::identify(CCancelToken &cancel, QByteArray &sett
         bytes = CProcessorCodec::encode(state().settings);
     }
     settings = damagedWhereTold(bytes);
-    return DeviceError::None;
+    return heard(DeviceError::None);
 }
 
 DeviceError CSimulatedProcessor::revision(CCancelToken &cancel, quint64 &revision)
@@ -183,18 +208,18 @@ DeviceError CSimulatedProcessor::revision(CCancelToken &cancel, quint64 &revisio
     if (error != DeviceError::None)
         return error;
     revision = keptMapping().revision;
-    return DeviceError::None;
+    return heard(DeviceError::None);
 }
 
 DeviceError CSimulatedProcessor::send(CCancelToken &cancel, const Progress &progress,
-                                      const SProcessorMapping &mapping, QByteArray &bytes) const
+                                      const SProcessorMapping &mapping, QByteArray &bytes)
 {
     DeviceError error = waitForAnswer(cancel, {20, 3000});
     if (error == DeviceError::None)
         error = transfer(cancel, progress, ReadStep);
     if (error == DeviceError::None)
         bytes = damagedWhereTold(CProcessorCodec::encode(mapping));
-    return error;
+    return heard(error);
 }
 
 DeviceError CSimulatedProcessor::readMapping(CCancelToken &cancel, const Progress &progress,
@@ -226,9 +251,11 @@ DeviceError CSimulatedProcessor::saveMapping(CCancelToken &cancel, const Progres
         return DeviceError::Damaged;
     const std::lock_guard<std::mutex> writing(m_mappingMutex);
     error = keep(received.value());
+    if (error == DeviceError::None && hasFault(SimulationFault::Twice))
+        error = keep(received.value());
     if (error == DeviceError::None)
         revision = received.value().revision;
-    return error;
+    return heard(error);
 }
 
 DeviceError CSimulatedProcessor::keep(SProcessorMapping &mapping)
@@ -276,9 +303,12 @@ DeviceError CSimulatedProcessor::apply(const SProcessorSettings &settings)
     const bool isAnswerLost = error == DeviceError::NoAnswer || error == DeviceError::Damaged;
     if (error != DeviceError::None && !isAnswerLost)
         return error;
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    const DeviceError kept = keep(settings);
-    return isAnswerLost ? error : kept;
+    DeviceError kept = DeviceError::None;
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        kept = keep(settings);
+    }
+    return isAnswerLost ? error : heard(kept);
 }
 
 DeviceError CSimulatedProcessor::keep(const SProcessorSettings &settings)
@@ -311,7 +341,7 @@ SProcessorSettings CSimulatedProcessor::settings()
 
 DeviceError CSimulatedProcessor::probe()
 {
-    return command();
+    return heard(command());
 }
 
 DeviceError CSimulatedProcessor::readCabinet(const QUuid &key, std::optional<SConnectedCabinet> &answer)

@@ -71,17 +71,33 @@ public:
     /// Fails only for a change from elsewhere that cannot be stored.
     DeviceError setFault(SimulationFault fault, bool on);
     bool hasFault(SimulationFault fault) const;
+    /// Lets a fault show in one exchange only, the @p number-th from now on, or with @p onward also in all
+    /// later ones. Replaces what was set before; 0: nothing.
+    void setFaultAt(int number, SimulationFault fault, bool onward = false);
+    /// Whether that exchange has begun.
+    bool hasShownFault() const;
 
 private:
+    /// A fault that waits for its exchange.
+    struct SLaterFault
+    {
+        SimulationFault fault;
+        int number; ///< exchanges until then, this one included; 0 and below: it has come
+        bool onward;
+
+        bool isNow() const { return number == 0 || (number < 0 && onward); }
+    };
     struct SPatience
     {
         int answer;  ///< milliseconds until the answer
         int timeOut; ///< milliseconds after which the caller gives up
     };
-    DeviceError waitForAnswer(CCancelToken &cancel, const SPatience &patience) const;
+    DeviceError waitForAnswer(CCancelToken &cancel, const SPatience &patience);
+    /// What the caller hears of a request that was carried out.
+    DeviceError heard(DeviceError error) const;
     DeviceError transfer(CCancelToken &cancel, const Progress &progress, int stepTime) const;
     DeviceError send(CCancelToken &cancel, const Progress &progress, const SProcessorMapping &mapping,
-                     QByteArray &bytes) const;
+                     QByteArray &bytes);
     QByteArray damagedWhereTold(QByteArray bytes) const;
     DeviceError command();
     DeviceError keep(const SProcessorSettings &settings); ///< with the mutex held
@@ -104,4 +120,5 @@ private:
     mutable std::mutex m_mutex; // guards the members below
     std::optional<SProcessorState> m_state;
     std::set<SimulationFault> m_faults;
+    std::optional<SLaterFault> m_later;
 };

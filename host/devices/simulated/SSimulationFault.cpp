@@ -16,6 +16,8 @@ const QVector<SSimulationFault> &SSimulationFault::all()
         {SimulationFault::Damaged, "damaged", QT_TRANSLATE_NOOP("SSimulationFault", "Damage the answers")},
         {SimulationFault::Changed, "changed",
          QT_TRANSLATE_NOOP("SSimulationFault", "Change the mapping from elsewhere")},
+        {SimulationFault::LostAnswer, "lost", QT_TRANSLATE_NOOP("SSimulationFault", "Lose the answers")},
+        {SimulationFault::Twice, "twice", QT_TRANSLATE_NOOP("SSimulationFault", "Get requests twice")},
         {SimulationFault::Bypass, "bypass", QT_TRANSLATE_NOOP("SSimulationFault", "Bypass mode")},
         {SimulationFault::FiberTransceiver, "fiber",
          QT_TRANSLATE_NOOP("SSimulationFault", "Fiber optic transceiver mode")},
