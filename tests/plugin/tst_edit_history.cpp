@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/content/CHighlights.h"
 #include "layout/editor/history/CEditHistory.h"
+#include "layout/editor/history/CPortDelta.h"
 #include "layout/editor/items/IItemMouse.h"
 #include "layout/panels/CHistoryLabel.h"
 #include "tests/harness/CKeptSteps.h"
@@ -91,6 +92,18 @@ class CEditHistoryTest final : public CTestBase
     Q_OBJECT
 
 private Q_SLOTS:
+    void aStepLeadsNowhereFromAnotherLayout()
+    {
+        SHistoryWorld world;
+        const CabinetLayout before = world.layout();
+        world.nudge(1);
+        const CabinetLayout after = world.layout();
+        CPortDelta delta({before.ports.at(1), after.ports.at(1)});
+        delta.compact();
+        QVERIFY(delta.groups(CPortDelta::Before, after.ports.at(1).groups));
+        QVERIFY(!delta.groups(CPortDelta::Before, before.ports.at(1).groups)); // as many cabinets
+    }
+
     void theHostGetsEachEditAtOnce()
     {
         SHistoryWorld world;

@@ -47,6 +47,20 @@ bool standTheSame(const Cabinet &a, const Cabinet &b)
     return a.rect == b.rect && a.rank == b.rank;
 }
 
+/// Of what is where, so that a step is not carried out on something else.
+quint64 digestOf(const QVector<const Cabinet *> &cabinets)
+{
+    constexpr quint64 Factor = 1099511628211ULL;
+    quint64 digest = quint64(cabinets.size());
+    for (const Cabinet *cabinet : cabinets) {
+        const QRect &rect = cabinet->rect;
+        for (const uint part : {qHash(cabinet->uuid), uint(rect.x()), uint(rect.y()), uint(rect.width()),
+                                uint(rect.height()), uint(cabinet->rank)})
+            digest = (digest ^ part) * Factor;
+    }
+    return digest;
+}
+
 /// Whether nothing but places and ranks differs. Running highlights and places in the saved mapping are no
 /// part of a step.
 bool holdTheSame(const Cabinet &a, const Cabinet &b)
@@ -72,7 +86,7 @@ std::optional<CPortDelta::Groups> CPortDelta::groups(ESide side, const Groups &o
     if (m_whole)
         return m_whole->groups[side];
     const Cabinets known = flat(other);
-    if (known.size() != m_size[otherOf(side)])
+    if (known.size() != m_size[otherOf(side)] || digestOf(known) != m_digest[otherOf(side)])
         return std::nullopt;
     if (m_shapes)
         return built(m_shapes->shape[side], m_shapes->own[side], known);
@@ -114,6 +128,8 @@ void CPortDelta::compact()
     const Cabinets after = flat(m_whole->groups[After]);
     m_size[Before] = before.size();
     m_size[After] = after.size();
+    m_digest[Before] = digestOf(before);
+    m_digest[After] = digestOf(after);
     if (haveSameShape(m_whole->groups[Before], m_whole->groups[After]))
         compactInPlace(before, after);
     else

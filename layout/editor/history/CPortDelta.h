@@ -86,4 +86,5 @@ private:
     QVector<SPlace> m_places;
     QVector<SContent> m_contents;
     int m_size[2] = {0, 0}; // cabinets on each side
+    quint64 m_digest[2] = {0, 0};
 };
