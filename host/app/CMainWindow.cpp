@@ -206,11 +206,11 @@ void CMainWindow::loadModule(const QString &file)
 void CMainWindow::start(const SAppOptions &options)
 {
     cleanUpFolders();
-    m_help->showCrash();
     m_manager.offlineWatch().start(OfflineMilliseconds);
     for (const SAppOptions::SSimulation &simulation : options.simulations)
         simulate(simulation.processor, simulation.fault, simulation.on);
     m_recovery->offerAtStart();
+    m_help->showCrash(); // behind the offer it could not be used
     if (options.demo)
         m_projects->openDemo();
     if (!options.files.isEmpty())

@@ -85,7 +85,7 @@ void endBySignal(CMainWindow &window, int number)
         layout->flush();
     QStringList edited;
     for (const SDevice &device : window.manager().table().devices()) {
-        if (device.isModified())
+        if (device.isModified() && window.manager().keeper().keeps(device.node.uuid))
             edited << device.node.name;
     }
     if (edited.isEmpty())

@@ -5,6 +5,7 @@
 #include "host/app/commands/CCommandArguments.h"
 #include "host/app/commands/SCommandOutcome.h"
 #include "host/journal/CJournalFolder.h"
+#include "host/projects/CFileLock.h"
 #include "host/projects/CProcessorProject.h"
 
 #include <QTextStream>
@@ -47,6 +48,10 @@ SCommandOutcome restore(const SStrayJournal &stray, const QString &file, QTextSt
 {
     if (!stray.journal.isUsable())
         return SCommandOutcome::badInput(stray.journal.problemText());
+    CFileLock lock(file);
+    if (lock.take() == CFileLock::Held)
+        return SCommandOutcome::badInput(
+            CRecoverCommand::tr("%1 is open: %2").arg(file, lock.holder().text()));
     const SProcessorProject project = stray.journal.state.project();
     const CStatus written = CProcessorProject::write(file, project);
     if (!written)
