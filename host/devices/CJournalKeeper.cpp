@@ -8,6 +8,7 @@
 #include "platform/common/CBackgroundCall.h"
 
 #include <QCoreApplication>
+#include <QThread>
 
 #include <algorithm>
 
@@ -71,12 +72,23 @@ void CJournalKeeper::setHistory(bool kept, int megabytes)
 
 void CJournalKeeper::onChanged(const QUuid &processor, Cause cause)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    const bool posted = !m_changed.isEmpty();
-    Cause &known = m_changed.contains(processor) ? m_changed[processor] : m_changed[processor] = cause;
-    known = cause == Cause::Host ? cause : known;
-    if (!posted)
-        m_services.mailbox().post([this] { takeChanges(); });
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        const bool waits = m_changed.contains(processor);
+        if (waits || cause != Cause::Editor || QThread::currentThread() != thread()) {
+            const bool posted = !m_changed.isEmpty();
+            m_changed[processor] = waits && cause == Cause::Editor ? m_changed.value(processor) : cause;
+            if (!posted)
+                m_services.mailbox().post([this] { takeChanges(); });
+            return;
+        }
+    }
+    take(processor, cause, Editor::Leave); // a lock or a colour, say, which is no step of the history
+}
+
+bool CJournalKeeper::keeps(const QUuid &processor) const
+{
+    return m_journals && m_journals->knows(processor) && !m_copies.contains(processor);
 }
 
 void CJournalKeeper::takeChanges(Editor editor)

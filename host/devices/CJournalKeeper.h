@@ -42,6 +42,9 @@ public:
     CResult<QUuid> look(const SStrayJournal &stray);
     static void discard(const SStrayJournal &stray);
 
+    /// Whether the edits of a processor would be offered after a crash.
+    bool keeps(const QUuid &processor) const;
+
     /// Everything is saved, or the user does not want it: forgets all.
     void finish();
     /// Notes what has changed; nothing is noted afterwards.

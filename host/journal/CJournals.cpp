@@ -110,10 +110,9 @@ void CJournals::carryOut(const Task &task)
     } catch (const std::bad_alloc &) {
         for (const auto &entry : m_journals) {
             CJournal &journal = *entry.second;
-            const bool wasBroken = journal.isBroken();
             if (journal.isWritten())
                 journal.fail(tr("there is not enough memory"));
-            tellAbout(journal, wasBroken);
+            tellAbout(journal);
         }
     }
 }
@@ -145,26 +144,29 @@ bool CJournals::isLargeToBegin(const QUuid &processor)
     return journal && !journal->isWritten() && journal->state().project().layout.cabinetCount() > LargeStep;
 }
 
-void CJournals::tellAbout(const CJournal &journal, bool wasBroken) const
+/// Once for all processors, and again when all journals are good.
+void CJournals::tellAbout(const CJournal &journal)
 {
-    if (journal.isBroken() == wasBroken || !m_tell)
+    const bool broken = std::any_of(m_journals.begin(), m_journals.end(),
+                                    [](const auto &entry) { return entry.second->isBroken(); });
+    if (broken == m_toldBroken || journal.isBroken() != broken || !m_tell)
         return;
-    m_tell(wasBroken ? tr("Edits are kept for a crash again.")
-                     : tr("Edits of %1 cannot be kept for a crash (%2): save your work.")
-                           .arg(journal.owner().name, journal.error()));
+    m_toldBroken = broken;
+    m_tell(broken ? tr("Edits of %1 cannot be kept for a crash (%2): save your work.")
+                        .arg(journal.owner().name, journal.error())
+                  : tr("Edits are kept for a crash again."));
 }
 
 void CJournals::change(CJournal &journal, int entry, const QByteArray &content)
 {
-    const bool wasBroken = journal.isBroken();
-    if (!journal.isWritten() && !wasBroken) {
+    if (!journal.isWritten() && !journal.isBroken()) {
         const CStatus made = m_folder.make();
         if (!made)
             journal.fail(made.error());
     }
     journal.append(entry, content);
     journal.state().trail().limit(mostHistory());
-    tellAbout(journal, wasBroken);
+    tellAbout(journal);
 }
 
 void CJournals::note(const SEditRecord &record)
@@ -214,21 +216,31 @@ void CJournals::noteLook(const SJournalOwner &owner, const SProcessorProject &st
 
 void CJournals::settle(const SJournalOwner &owner)
 {
-    submit(true, [this, owner] { // in the thread, because it waits for the disk
+    submit(false, [this, owner] {
         CJournal *journal = find(owner.processor);
         if (!journal)
             return;
         journal->setOwner(owner);
-        CStepTrail &trail = journal->state().trail();
-        trail.setSaved();
+        journal->state().trail().setSaved();
+        if (owner.project && !owner.file.isEmpty())
+            keepHistoryLater(*journal);
+        journal->removeFile();
+    });
+}
+
+/// By the thread, because it waits for the disk; steps that are noted meanwhile need not.
+void CJournals::keepHistoryLater(const CJournal &journal)
+{
+    const bool kept = m_keepHistory && !journal.state().trail().isEmpty();
+    const std::lock_guard<std::mutex> lock(m_choreMutex);
+    m_chores.push_back([this, kept, owner = journal.owner(), state = journal.state()] {
         QString problem;
-        if (m_keepHistory && owner.project && !owner.file.isEmpty() && !trail.isEmpty())
-            problem = m_folder.keepHistory(owner, journal->state());
-        else if (owner.project && !owner.file.isEmpty())
+        if (kept)
+            problem = m_folder.keepHistory(owner, state);
+        else
             m_folder.dropHistory(owner.file);
         if (!problem.isEmpty() && m_tell)
             m_tell(tr("The history of %1 cannot be kept: %2").arg(owner.name, problem));
-        journal->removeFile();
     });
 }
 
@@ -264,7 +276,7 @@ void CJournals::adopt(const SStrayJournal &stray, const SJournalOwner &owner)
         m_journals[owner.processor] = std::move(journal);
         CJournal &adopted = *find(owner.processor);
         if (!adopted.replace()) // then the old files stay until it succeeds
-            tellAbout(adopted, false);
+            tellAbout(adopted);
     });
 }
 
@@ -292,8 +304,12 @@ void CJournals::beginOpened(const SJournalOwner &owner, const SProcessorProject 
 SEditHistory CJournals::history(const QUuid &processor)
 {
     Lock lock(m_mutex);
-    if (!m_idle.wait_for(lock, HistoryPatience, [this] { return m_waiting.empty() && !m_running; }))
+    if (!m_idle.wait_for(lock, HistoryPatience, [this] { return m_waiting.empty() && !m_running; })) {
+        lock.unlock();
+        if (m_tell)
+            m_tell(tr("The disk does not answer: earlier steps cannot be undone."));
         return {};
+    }
     const CJournal *journal = find(processor);
     return journal ? journal->state().history() : SEditHistory();
 }
@@ -304,7 +320,7 @@ void CJournals::sync()
     m_nextTurn = Clock::now();
     m_wake.notify_all();
     m_idle.wait(lock, [this] {
-        return m_stopped || (m_waiting.empty() && !m_running && !m_syncing && !isUnsynced());
+        return m_stopped || (m_waiting.empty() && !m_running && !m_syncing && !isUnsynced() && !hasChores());
     });
 }
 
@@ -318,8 +334,11 @@ bool CJournals::isUnsynced() const
 
 void CJournals::run()
 {
+    (void)m_folder.make(); // confirmed here, so that no edit has to; a failure is told by the first one
     Lock lock(m_mutex);
-    while (!m_stopped || !m_waiting.empty()) {
+    while (!m_stopped || !m_waiting.empty() || hasChores()) {
+        if (runChore(lock))
+            continue;
         if (!m_waiting.empty()) {
             runTask(lock);
         } else if (Clock::now() >= m_nextTurn) {
@@ -351,6 +370,39 @@ void CJournals::runTask(Lock &lock)
     runFree(lock, task);
 }
 
+bool CJournals::hasChores()
+{
+    const std::lock_guard<std::mutex> lock(m_choreMutex);
+    return m_hasChore || !m_chores.empty();
+}
+
+/// In the order of the tasks that have left them, and before later tasks. False: there is none.
+bool CJournals::runChore(Lock &lock)
+{
+    Task chore;
+    {
+        const std::lock_guard<std::mutex> chores(m_choreMutex);
+        if (m_chores.empty())
+            return false;
+        chore = std::move(m_chores.front());
+        m_chores.pop_front();
+        m_hasChore = true;
+    }
+    lock.unlock();
+    try {
+        chore();
+    } catch (const std::bad_alloc &) { // then no history is kept
+    }
+    chore = {};
+    lock.lock();
+    {
+        const std::lock_guard<std::mutex> chores(m_choreMutex);
+        m_hasChore = false;
+    }
+    m_idle.notify_all();
+    return true;
+}
+
 /// Begins new files in place of those that are too large or could not be written.
 void CJournals::tend()
 {
@@ -361,7 +413,7 @@ void CJournals::tend()
                 journal.beginNew(); // the disk must confirm it
         } else if (journal.isOutgrown()) {
             journal.beginNew();
-            tellAbout(journal, false);
+            tellAbout(journal);
         }
     }
 }
@@ -392,12 +444,11 @@ void CJournals::confirm(Lock &lock)
         CJournal *journal = find(processor);
         if (!journal)
             continue;
-        const bool wasBroken = journal->isBroken();
         if (problems.contains(processor))
             journal->fail(problems.value(processor));
         else if (!handles.isEmpty())
             journal->finishNew(handles.last());
-        tellAbout(*journal, wasBroken);
+        tellAbout(*journal);
     }
     m_syncing = false;
     m_idle.notify_all();

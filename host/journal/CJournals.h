@@ -80,11 +80,14 @@ private:
     void open(const SJournalOwner &owner, const CJournalState &state);
     void take(const SJournalOwner &owner, const SProcessorProject &state);
     void change(CJournal &journal, int entry, const QByteArray &content);
-    void tellAbout(const CJournal &journal, bool wasBroken) const;
+    void tellAbout(const CJournal &journal);
+    void keepHistoryLater(const CJournal &journal);
     bool isLargeToBegin(const QUuid &processor);
 
     void run();
     void runTask(Lock &lock);
+    bool runChore(Lock &lock);
+    bool hasChores();
     void tend();
     void confirm(Lock &lock);
     void runFree(Lock &lock, const Task &task);
@@ -104,8 +107,13 @@ private:
     Clock::time_point m_nextTurn; // of what is done once a while
     bool m_stopped = false;
     bool m_keepHistory = true;
+    bool m_toldBroken = false;
     qint64 m_historyBytes;
     std::map<QUuid, std::unique_ptr<CJournal>>
-        m_journals;       // under the lock while nothing runs, else the thread's
-    std::thread m_thread; // last
+        m_journals; // under the lock while nothing runs, else the thread's
+
+    std::mutex m_choreMutex;   // guards what follows; taken last
+    std::deque<Task> m_chores; // of the thread, which use no journal
+    bool m_hasChore = false;   // one is being done
+    std::thread m_thread;      // last
 };

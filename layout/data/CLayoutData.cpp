@@ -105,7 +105,7 @@ void CLayoutData::setPortLocked(int port, bool locked)
     for (const int index : changed)
         Q_EMIT notifyProcessorPortLocked(index, locked);
     if (!changed.isEmpty())
-        syncLayoutData(false);
+        handOver(AtOnce, Everything);
 }
 
 bool CLayoutData::isProcessorLocked() const
@@ -142,7 +142,7 @@ void CLayoutData::setPortColor(int port, const QColor &color)
     if (!m_states.setColor(port, color))
         return;
     Q_EMIT notifyProcessorPortColorChanged(port, portColor(port));
-    syncLayoutData(false);
+    handOver(AtOnce, Everything);
 }
 
 LayoutData CLayoutData::openProcessor(const QUuid &processor)
@@ -166,6 +166,11 @@ LayoutData CLayoutData::openProcessor(const QUuid &processor)
 
 void CLayoutData::syncLayoutData(bool atOnce)
 {
+    handOver(atOnce ? AtOnce : Later, Edits);
+}
+
+void CLayoutData::handOver(EWhen when, EWhat what)
+{
     const QUuid processor = m_states.editable();
     if (!m_source || processor.isNull())
         return;
@@ -175,9 +180,10 @@ void CLayoutData::syncLayoutData(bool atOnce)
     if (!edit)
         return;
     Q_EMIT notifyEdited(edit->known, edited, edit->changedPorts);
-    if (atOnce && edit->changedPorts.isEmpty() && !m_handOver.isPending(processor))
+    const bool any = what == Everything || !edit->changedPorts.isEmpty() || m_handOver.isPending(processor);
+    if (when == AtOnce && !any)
         return; // the host may have another layout already, which it has not announced yet
-    if (atOnce)
+    if (when == AtOnce)
         m_handOver.handOverNow(edit->data);
     else
         m_handOver.handOverLater(edit->data);

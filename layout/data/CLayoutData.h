@@ -150,6 +150,9 @@ Q_SIGNALS:
     void notifyCurrentPortChanged(int port);
 
 private:
+    enum EWhen { AtOnce, Later };
+    enum EWhat { Edits, Everything };
+    void handOver(EWhen when, EWhat what);
     void notesMayDiffer(const QVector<int> &ports);
 
     // IStoreEvents, for what listens to the host

@@ -177,10 +177,17 @@ void CJournalsTest::tellsOfAFullDiskAndRecovers()
     SWorld world;
     world.journals.begin(ownerOf(editor), editor.project());
     world.journals.note(editor.edit(QStringLiteral("before")));
+    SJournalOwner other = ownerOf(editor);
+    SProcessorProject another = editor.project();
+    other.processor = QUuid::createUuid();
+    world.journals.begin(other, another);
     failing = true;
     for (int i = 0; i < 3; ++i)
         world.journals.note(editor.edit(QStringLiteral("lost")));
     QTRY_COMPARE(world.toldCount(), 1);
+    another.canvas += QSize(1, 1);
+    world.journals.note(other, another); // is not told, too
+    world.journals.drop(other.processor);
     QVERIFY(world.told.first().contains(editor.project().name));
     for (int i = 0; i < 3; ++i)
         world.journals.note(editor.edit(QStringLiteral("lost")));

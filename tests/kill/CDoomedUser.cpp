@@ -76,7 +76,12 @@ int CDoomedUser::placeOf(EDocument document, bool saved)
 {
     const SDevice device = m_user->device(nameOf(document));
     const CabinetLayout layout = saved ? device.working.saved() : device.working.layout();
-    return layout.ports.first().getAllCabinets().first().rect.x();
+    return placeIn(layout);
+}
+
+int CDoomedUser::placeIn(const CabinetLayout &layout)
+{
+    return layout.ports.first().getAllCabinets().first().rect.x() + (layout.ports.at(1).locked ? Locked : 0);
 }
 
 QVector<int> CDoomedUser::placesOnScreen() const
@@ -93,7 +98,9 @@ QVector<int> CDoomedUser::placesOnScreen() const
 int CDoomedUser::placeOnScreen() const
 {
     const QVector<int> places = placesOnScreen();
-    return places.isEmpty() ? NoPlace : *std::min_element(places.begin(), places.end());
+    const bool locked = m_user->portName(2).contains(QLatin1String("locked"));
+    return places.isEmpty() ? NoPlace
+                            : *std::min_element(places.begin(), places.end()) + (locked ? Locked : 0);
 }
 
 bool CDoomedUser::show(EDocument document)
@@ -113,14 +120,24 @@ bool CDoomedUser::show(EDocument document)
 /// One key; what it has done counts as soon as that returns.
 bool CDoomedUser::change(int before)
 {
-    const int kind = m_random.bounded(6);
+    const int kind = m_random.bounded(7);
+    if (kind == 6 && m_shown == Project) { // processors do not keep locks
+        const int wanted = before < Locked ? before + Locked : before - Locked;
+        tell("will", m_shown, wanted);
+        if (!m_user->clickPort(2, CWindowUser::PortArea::Lock))
+            return complain(QStringLiteral("no lock"));
+        tell("did", m_shown, placeOnScreen());
+        m_user->canvas()->setFocus();
+        return placeOnScreen() == wanted || complain(QStringLiteral("a click locks nothing"));
+    }
     if (kind < 2) {
         tell("will", m_shown, AnyPlace);
         QTest::keyClick(m_user->canvas(), kind == 0 ? Qt::Key_Z : Qt::Key_Y, Qt::ControlModifier);
         tell("did", m_shown, placeOnScreen());
         return true;
     }
-    const bool back = before >= FarthestPlace || (before > 0 && m_random.bounded(2));
+    const int place = before % Locked;
+    const bool back = place >= FarthestPlace || (place > 0 && m_random.bounded(2));
     const int wanted = before + (back ? -1 : 1);
     tell("will", m_shown, wanted);
     QTest::keyClick(m_user->canvas(), back ? Qt::Key_Left : Qt::Key_Right);

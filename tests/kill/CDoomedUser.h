@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/api/records/CabinetLayout.h"
+
 #include <QDir>
 #include <QRandomGenerator>
 #include <QString>
@@ -34,6 +36,8 @@ public:
     /// What killed processes have left of files that they were writing, or as locks.
     static QStringList strays(const QString &folder);
     static constexpr char DeviceName[] = "Lobby";
+    static constexpr int Locked = 1000; ///< is added to the place if port 2 is locked
+    static int placeIn(const CabinetLayout &layout);
 
 private:
     enum EDocument { Project, Device };

@@ -49,11 +49,6 @@ struct SDocument
     SPlaces stored; ///< in its file, or by the processor
 };
 
-int placeIn(const CabinetLayout &layout)
-{
-    return layout.ports.first().getAllCabinets().first().rect.x();
-}
-
 } // namespace
 
 /// The program is killed at any moment, again and again: after the next start everything is on the canvas
@@ -104,7 +99,7 @@ private:
 
     static QString check(const char *what, SDocument &document, const CabinetLayout &layout)
     {
-        const int place = placeIn(layout);
+        const int place = CDoomedUser::placeIn(layout);
         if (!document.stored.allow(place))
             return QStringLiteral("%1 has stored %2, neither %3 nor %4")
                 .arg(QLatin1String(what))
@@ -189,7 +184,7 @@ private Q_SLOTS:
             wall.name = QFileInfo(file).baseName();
             QVERIFY(CProcessorProject::write(file, wall));
         }
-        m_project.shown.settle(placeIn(wall.layout));
+        m_project.shown.settle(CDoomedUser::placeIn(wall.layout));
         m_project.stored = m_project.shown;
         m_tableLines = 1;
         for (const auto &port : wall.layout.ports)
