@@ -50,7 +50,8 @@ QString textOf(const SStrayJournal &offer)
         lines << CRecoveryDialog::tr("Project without a file");
     else
         lines << QDir::toNativeSeparators(journal.owner.file);
-    lines << CRecoveryDialog::tr("Last edit: %1").arg(QLocale().toString(changed, QLocale::ShortFormat));
+    lines << CRecoveryDialog::tr("Last edit: %1")
+                 .arg(QLocale().toString(changed, QStringLiteral("d MMMM yyyy, HH:mm")));
     lines << CRecoveryDialog::tr("Unsaved steps: %1").arg(journal.state.trail().unsaved());
     if (journal.problem != SJournal::None)
         lines << journal.problemText();

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-// How often the module is started and stopped is told by ORVO_LOAD_ROUNDS.
+// How often the module is started and stopped in a process is told by ORVO_LOAD_ROUNDS, in how many processes
+// once by ORVO_LOAD_PROCESSES.
 #include "layout/api/LayoutNotification.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/plugin/CLayout.h"
@@ -10,6 +11,7 @@
 
 #include <QDir>
 #include <QPixmapCache>
+#include <QProcess>
 
 #include <malloc.h>
 #include <memory>
@@ -17,8 +19,10 @@
 namespace {
 
 constexpr int UsualRounds = 20;
-constexpr int WarmUpRounds = 5;           // until what Qt keeps for itself is there
-constexpr qint64 BytesAtAll = 128 * 1024; // that the allocator and Qt's caches take late
+constexpr int UsualProcesses = 2;
+constexpr char onlyOnce[] = "ORVO_LOAD_ONCE"; // set for a process that only uses the module
+constexpr int WarmUpRounds = 5;               // until what Qt keeps for itself is there
+constexpr qint64 BytesAtAll = 128 * 1024;     // that the allocator and Qt's caches take late
 constexpr qint64 BytesPerRound =
     4 * 1024; // keys of Qt's icons, timers of the test; a page takes a hundred times that
 
@@ -27,6 +31,12 @@ int entriesOf(const char *folder)
     return QDir(QLatin1String(folder))
         .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
         .size();
+}
+
+int asked(const char *variable, int usual)
+{
+    const int number = qEnvironmentVariableIntValue(variable);
+    return number > 0 ? number : usual;
 }
 
 int threads()
@@ -80,8 +90,7 @@ class CLoadStopTest final : public CTestBase
 private Q_SLOTS:
     void leavesNothingBehind()
     {
-        const int asked = qEnvironmentVariableIntValue("ORVO_LOAD_ROUNDS");
-        const int rounds = asked > 0 ? asked : UsualRounds;
+        const int rounds = asked("ORVO_LOAD_ROUNDS", UsualRounds);
         for (int i = 0; i < WarmUpRounds; ++i)
             useModule();
         const int threadsBefore = threads();
@@ -97,7 +106,31 @@ private Q_SLOTS:
         qInfo("%d rounds: %lld bytes more in use", rounds, static_cast<long long>(grown));
         QVERIFY2(grown < BytesAtAll + rounds * BytesPerRound, qPrintable(QString::number(grown)));
     }
+
+    void endsInEachProcess()
+    {
+        QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+        variables.insert(QLatin1String(onlyOnce), QStringLiteral("1"));
+        for (int i = asked("ORVO_LOAD_PROCESSES", UsualProcesses); i > 0; --i) {
+            QProcess process;
+            process.setProcessEnvironment(variables);
+            process.start(QCoreApplication::applicationFilePath(), QStringList());
+            QVERIFY(process.waitForFinished(PatienceMilliseconds));
+            QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+            QCOMPARE(process.exitCode(), 0);
+        }
+    }
 };
 
-ORVO_TEST_MAIN(QApplication, CLoadStopTest)
+int main(int argc, char **argv)
+{
+    const CTestEnvironment environment;
+    QApplication application(argc, argv);
+    if (qEnvironmentVariableIsSet(onlyOnce)) {
+        useModule();
+        return 0;
+    }
+    CLoadStopTest test;
+    return QTest::qExec(&test, argc, argv);
+}
 #include "tst_load_stop.moc"
