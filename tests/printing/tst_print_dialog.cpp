@@ -27,6 +27,7 @@
 #include <QSignalSpy>
 #include <QSpinBox>
 
+#include <new>
 #include <thread>
 
 namespace {
@@ -299,8 +300,13 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         QPrinter printer(QPrinter::HighResolution);
         printer.setOutputFileName(folder.filePath(QStringLiteral("out.pdf")));
-        QVERIFY(CSheetPrinter::print(someSheets(PrintConfig::PortSheets), printer,
-                                     [](int sheet) { return sheet < 3; }));
+        const QVector<SSheet> sheets = someSheets(PrintConfig::PortSheets);
+        const auto cancelled = CSheetPrinter::print(sheets, printer, [](int sheet) { return sheet < 3; });
+        QVERIFY(cancelled && cancelled.value().isEmpty()); // told as cancelled, not as done
+        QVERIFY(!QFile::exists(printer.outputFileName()));
+        QVERIFY_EXCEPTION_THROWN(
+            (void)CSheetPrinter::print(sheets, printer, [](int) -> bool { throw std::bad_alloc(); }),
+            std::bad_alloc);
         QVERIFY(!QFile::exists(printer.outputFileName()));
     }
 
@@ -348,7 +354,10 @@ private Q_SLOTS:
         const QByteArray content = file.readAll();
         QCOMPARE(content.count("/Type /Page\n"), 3);
         printer.setOutputFileName(folder.filePath(QStringLiteral("none/out.pdf")));
-        QVERIFY(!CSheetPrinter::print(sheets, printer).error().isEmpty());
+        QVERIFY(CSheetPrinter::print(sheets, printer).error().contains(QStringLiteral("No such file")));
+        QVERIFY(QFile::link(QStringLiteral("/dev/full"), folder.filePath(QStringLiteral("full.pdf"))));
+        printer.setOutputFileName(folder.filePath(QStringLiteral("full.pdf")));
+        QVERIFY(CSheetPrinter::print(sheets, printer).error().contains(QStringLiteral("No space left")));
     }
 };
 

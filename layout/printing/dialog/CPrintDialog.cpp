@@ -4,6 +4,7 @@
 
 #include "layout/api/access/CHostAccess.h"
 #include "layout/printing/dialog/CPrintSettings.h"
+#include "layout/printing/dialog/CSheetFileChoice.h"
 #include "layout/printing/dialog/CSheetPreview.h"
 #include "layout/printing/dialog/PrintMemory.h"
 #include "layout/printing/figures/CCabinetTable.h"
@@ -15,8 +16,6 @@
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QLabel>
 #include <QListWidget>
 #include <QPrintDialog>
@@ -26,8 +25,6 @@
 #include <QPushButton>
 #include <QSplitter>
 #include <QVBoxLayout>
-
-#include <algorithm>
 
 namespace {
 
@@ -39,11 +36,6 @@ constexpr QSize UsualSize(1180, 680);
 QString titleOf(const PrintConfig &config)
 {
     return config.project.isEmpty() ? CPrintDialog::tr("Wiring plan") : config.project;
-}
-
-bool isTable(const QString &file)
-{
-    return QFileInfo(file).suffix().compare(QLatin1String("csv"), Qt::CaseInsensitive) == 0;
 }
 
 } // namespace
@@ -277,6 +269,8 @@ void CPrintDialog::onLaidOut(const QVector<SSheet> &sheets, const QString &probl
     const QString fonts = problem.isEmpty() ? CSheetWriter::fontProblem(sheets) : QString();
     m_sheets = fonts.isEmpty() ? sheets : QVector<SSheet>();
     m_stale = false;
+    if (!m_writing)
+        m_told->setFullText(CSheetWriter::scaleProblem(m_sheets));
     if (m_sheets.isEmpty())
         m_preview->tell(problem + fonts);
     else
@@ -296,9 +290,10 @@ void CPrintDialog::updateEnabled()
     m_progressRow->setVisible(m_writing);
 }
 
-void CPrintDialog::begin(const QString &title, const CSheetWork::Output &output)
+void CPrintDialog::begin(const QString &title, const CSheetWork::Output &output, bool singly)
 {
     m_writing = true;
+    m_ifCancelled = singly ? tr("Cancelled. Files that were complete remain.") : tr("Cancelled.");
     m_told->setFullText({});
     m_progress->setRange(0, m_sheets.size());
     m_progress->setValue(0);
@@ -307,47 +302,15 @@ void CPrintDialog::begin(const QString &title, const CSheetWork::Output &output)
     m_work.run(output);
 }
 
-/// Asks before anything is overwritten; empty: nothing was chosen.
-QString CPrintDialog::chooseFile()
-{
-    QFileDialog dialog(this, tr("Save as"), QString(),
-                       tr("PDF (*.pdf);;Pictures, vectors (*.svg);;Pictures, pixels (*.png);;"
-                          "List of the cabinets (*.csv)"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("pdf"));
-    connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString &filter) {
-        dialog.setDefaultSuffix(filter.section(QStringLiteral("(*."), 1).section(QLatin1Char(')'), 0, 0));
-    });
-    QString name = titleOf(m_job.whole);
-    dialog.selectFile(name.replace(QLatin1Char('/'), QLatin1Char('-')));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return {};
-    const QString chosen = dialog.selectedFiles().first();
-    const QStringList known = {QStringLiteral("pdf"), QStringLiteral("svg"), QStringLiteral("png"),
-                               QStringLiteral("csv")};
-    const QString file = known.contains(QFileInfo(chosen).suffix().toLower())
-                             ? chosen
-                             : chosen + QLatin1Char('.') + dialog.defaultSuffix();
-    const QStringList names =
-        isTable(file) ? QStringList(file) : CSheetWriter::namesOf(file, m_sheets.size());
-    const bool exists = std::any_of(names.begin(), names.end(), [&chosen](const QString &one) {
-        return one != chosen && QFileInfo::exists(one); // the dialog has asked about the chosen one
-    });
-    if (exists &&
-        !CMessageBox::confirm(this, tr("Files of these names exist. Overwrite them?"), names.first()))
-        return {};
-    return file;
-}
-
 void CPrintDialog::onSaveClicked()
 {
-    const QString file = chooseFile();
+    const QString file = CSheetFileChoice::ask(this, titleOf(m_job.whole), m_sheets.size());
     if (file.isEmpty())
         return;
     const CSheetWriter::Write write = [](const QString &name, const QByteArray &content) {
         return CHostAccess::call<&ILayoutInterfaceHandler::writeFile>(name, content);
     };
-    if (isTable(file)) {
+    if (CSheetFileChoice::isTable(file)) {
         using Names = CResult<QStringList>;
         begin(tr("Saving"), [input = chosenInput(), job = job(), file, write](const auto &progress) -> Names {
             const QByteArray table = CCabinetTable::toCsv(SPrintPlan::of(input, job));
@@ -359,9 +322,12 @@ void CPrintDialog::onSaveClicked()
         return;
     }
     const CSheetWriter::SOrder order{file, titleOf(m_job.whole), job().whole.date, CSheetWriter::UsualDots};
-    begin(tr("Saving"), [sheets = m_sheets, order, write](const SheetFiles::Progress &progress) {
-        return CSheetWriter::write(sheets, order, write, progress);
-    });
+    begin(
+        tr("Saving"),
+        [sheets = m_sheets, order, write](const SheetFiles::Progress &progress) {
+            return CSheetWriter::write(sheets, order, write, progress);
+        },
+        CSheetWriter::namesOf(file, m_sheets.size()).size() > 1);
 }
 
 void CPrintDialog::onPrintClicked()
@@ -379,9 +345,7 @@ void CPrintDialog::onPrintClicked()
     if (dialog.exec() != QDialog::Accepted)
         return;
     begin(tr("Printing"), [sheets = m_sheets, printer](const SheetFiles::Progress &progress) {
-        const CStatus printed = CSheetPrinter::print(sheets, *printer, progress);
-        return printed ? CResult<QStringList>(QStringList{printer->printerName()})
-                       : CResult<QStringList>::failure(printed.error());
+        return CSheetPrinter::print(sheets, *printer, progress);
     });
 }
 
@@ -390,7 +354,7 @@ void CPrintDialog::onWritten(const QStringList &names, const QString &problem)
     m_writing = false;
     updateEnabled();
     if (problem.isEmpty())
-        m_told->setFullText(names.isEmpty() ? tr("Cancelled. Files that were complete remain.")
+        m_told->setFullText(names.isEmpty() ? m_ifCancelled
                             : names.size() == 1
                                 ? tr("Done: %1").arg(names.first())
                                 : tr("Done: %1 and %2 more").arg(names.first()).arg(names.size() - 1));

@@ -53,8 +53,8 @@ private:
     bool isChosen(int processor) const;
     /// The processor whose address can be set; null: none.
     QUuid addressed() const;
-    QString chooseFile();
-    void begin(const QString &title, const CSheetWork::Output &output);
+    /// With @p singly, what was written before the user cancels remains.
+    void begin(const QString &title, const CSheetWork::Output &output, bool singly = false);
     void updateEnabled();
     SPrintInput chosenInput() const;
     SPrintJob job() const; ///< with dates
@@ -66,6 +66,7 @@ private:
     QVector<SSheet> m_sheets;
     bool m_stale = true; ///< the sheets are not those of the settings
     bool m_writing = false;
+    QString m_ifCancelled; ///< what is told then
     QTimer m_delay;
     QListWidget *m_processors = nullptr;
     QComboBox *m_scope = nullptr;

@@ -6,6 +6,7 @@
 #include "platform/common/CResult.h"
 
 #include <QCoreApplication>
+#include <QStringList>
 
 class QPrinter;
 
@@ -16,7 +17,8 @@ class CSheetPrinter final
 
 public:
     /// Prints the pages that @p printer was set to print, each on paper of the sheet's size, at its true
-    /// size. If @p progress says not to go on, the job is taken back as far as the printer allows.
-    static CStatus print(const QVector<SSheet> &sheets, QPrinter &printer,
-                         const SheetFiles::Progress &progress = {});
+    /// size. If @p progress says not to go on, the job is taken back as far as the printer allows. Returns
+    /// what was printed on, or into; nothing if it was cancelled. No half file remains.
+    static CResult<QStringList> print(const QVector<SSheet> &sheets, QPrinter &printer,
+                                      const SheetFiles::Progress &progress = {});
 };

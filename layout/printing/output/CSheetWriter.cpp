@@ -37,6 +37,18 @@ QString CSheetWriter::fontProblem(const QVector<SSheet> &sheets)
                                    .arg(missing);
 }
 
+QString CSheetWriter::scaleProblem(const QVector<SSheet> &sheets)
+{
+    QStringList missed;
+    for (int i = 0; i < sheets.size(); ++i) {
+        if (sheets.at(i).scaleMissed)
+            missed << QString::number(i + 1);
+    }
+    return missed.isEmpty() ? QString()
+                            : tr("at the scale, these sheets would be unreadable; they are drawn to fit: %1")
+                                  .arg(missed.join(QStringLiteral(", ")));
+}
+
 CResult<QStringList> CSheetWriter::write(const QVector<SSheet> &sheets, const SOrder &order,
                                          const Write &write, const SheetFiles::Progress &progress)
 {

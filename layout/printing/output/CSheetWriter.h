@@ -35,6 +35,8 @@ public:
     static QStringList namesOf(const QString &file, int count);
     /// Why the sheets cannot be printed with the installed fonts; empty: they can.
     static QString fontProblem(const QVector<SSheet> &sheets);
+    /// Which sheets are not at the scale that is wanted; empty: none.
+    static QString scaleProblem(const QVector<SSheet> &sheets);
 
 private:
     static CResult<QByteArray> content(const QVector<SSheet> &sheets, int sheet, const SOrder &order,
