@@ -183,6 +183,14 @@ private Q_SLOTS:
             SPartsTally::of(planOf(ProjectSamples::ofWall(CWallBuilder::Medium), weak)).circuits;
         QCOMPARE(circuits.count, 30);
         QCOMPARE(circuits.mostWatts, qint64(11 * 160));
+        SProcessorProject broken = ProjectSamples::ofWall(CWallBuilder::Medium);
+        auto &chain = broken.layout.ports[0].groups[0].cabinets; // 16
+        chain[3].type = SMD5::ofContent("a type that nobody knows");
+        chain[14].rank = chain[15].rank = -1;
+        const auto cut = SPartsTally::of(planOf(broken)).circuits;
+        QCOMPARE(cut.count, 14 + 4); // before and behind the unknown one, and two alone
+        QCOMPARE(cut.links, 14 * 15 + 2 + 9);
+        QCOMPARE(cut.unknown, 1);
         QCOMPARE(SPartsTally::spares(225, 5), 12);
         QCOMPARE(SPartsTally::spares(0, 5), 0);
     }
@@ -335,6 +343,13 @@ private Q_SLOTS:
         SPrintJob job;
         job.whole.farEnd = QStringLiteral("Other");
         QCOMPARE(SPrintPlan::of(input, job).processors.first().farEnd, job.whole.farEnd);
+        QStringList versions;
+        for (const char *name : {"Other", "Other (10.0.0.9)", "Other (left)"}) {
+            job.whole.farEnd = QString::fromLatin1(name);
+            versions << SPrintPlan::of(input, job).processors.first().version;
+        }
+        QCOMPARE(versions[0], versions[1]); // an address is nothing of the wiring
+        QVERIFY(versions[0] != versions[2]);
     }
 
     void versionIsTheSameInEveryJob()

@@ -357,6 +357,32 @@ private Q_SLOTS:
         }
     }
 
+    /// Sheets of all processors tell only what holds for all, and notes name what each has.
+    void tellsOfAllOnlyWhatIsTheSame()
+    {
+        SPrintInput input = GraphicsWalls::inputOf(GraphicsWalls::mediumWall());
+        input.processors << GraphicsWalls::inputOf(GraphicsWalls::smallWall()).processors;
+        input.processors[1].node.name = QStringLiteral("Side");
+        input.processors[1].layout.ports[0].groups[0].cabinets[0].type = SMD5::ofContent("unknown");
+        SPrintJob job{configOf(PrintConfig::A4), {}, {}};
+        for (const bool same : {true, false}) {
+            PrintConfig &own = job.own[input.processors[1].layout.processor] = job.whole;
+            own.farEnd = same ? own.farEnd : QStringLiteral("Elsewhere");
+            own.pixelPitch = same ? own.pixelPitch : 3.9;
+            const QVector<SSheet> sheets = CSheetSet::of(SPrintPlan::of(input, job)).value();
+            const QVector<SSheetText> texts = textsOf(sheets.last()); // the parts list
+            const auto told = [&](EMark mark, const QString &text) {
+                return std::any_of(texts.begin(), texts.end(), [&](const SSheetText &shown) {
+                    return shown.mark == mark && shown.text == text;
+                });
+            };
+            QCOMPARE(told(EMark::TitleBlock, job.whole.farEnd), same);
+            QVERIFY(!told(EMark::TitleBlock, QStringLiteral("24"))); // of 24 and 8 columns
+            QVERIFY(has(sheets.last(), "All processors"));
+            QCOMPARE(wholeText(sheets.first()).contains(QStringLiteral("3.9 mm from pixel")), !same);
+        }
+    }
+
     void refusesPaperThatIsTooSmall()
     {
         PrintConfig config = configOf(PrintConfig::CustomPaper);

@@ -160,6 +160,7 @@ private Q_SLOTS:
         row("export WALL OUT.pdf --grey=1", 2, "--grey has no value");
         row("export WALL OUT.pdf --front --back", 2, "--front and --back contradict");
         row("export WALL OUT.pdf --paper 100x100", 1, "too small");
+        row("export WALL OUT.pdf --paper 420x297 --portrait", 2, "leave out --portrait");
         row("export WALL OUT.pdf --designer \uE000", 1, "no font for the letters");
         row("export WALL OUT.png --keep", 2, "name those with --sheets");
         row("export WALL WALL OUT.pdf", 1, "the same processor");
@@ -255,6 +256,10 @@ private Q_SLOTS:
         const SRun tiny = run("plan.pdf", "--sheets overview --scale 1:1000");
         QCOMPARE(tiny.status, 0);
         QVERIFY2(tiny.errors.contains(QStringLiteral("to fit: 1")), qPrintable(tiny.errors));
+        const SRun distant = run("plan.pdf", "--sheets parts --rack left,90000,0");
+        QCOMPARE(distant.status, 0);
+        QVERIFY2(distant.errors.contains(QStringLiteral("in stock: port 1, feed to r1 c1; port 2,")),
+                 qPrintable(distant.errors));
 
         QCOMPARE(run("plan.png", "--sheets cover,table --dpi 50").out,
                  path("plan-1.png") + QLatin1Char('\n') + path("plan-2.png") + QLatin1Char('\n'));
@@ -279,6 +284,10 @@ private Q_SLOTS:
                            QString::fromLatin1(options).split(QLatin1Char(' ')));
         };
         QCOMPARE(plan("--date 2026-05-04 --paper A3 --designer Weber").status, 0);
+        runHere({QStringLiteral("export"), left, right, path("both.csv")});
+        const QByteArray table = ProjectSamples::contentOf(path("both.csv"));
+        QCOMPARE(table.count(",left\r"), table.count(",right\r"));
+        QCOMPARE(table.count('\n'), 1 + 2 * table.count(",left\r"));
         QCOMPARE(CProcessorProject::read(left).value().print, PrintConfig());
         QCOMPARE(plan("--date 2026-05-04 --paper A3 --designer Weber --keep").errors, QString());
         const QByteArray content = ProjectSamples::contentOf(path("both.pdf"));

@@ -76,24 +76,9 @@ QString problemOf(const CCommandArguments &arguments, const QString &target)
                                "the option %1 is for sheets: name those with --sheets, or write a .pdf")
                                .arg(option);
     }
-    return arguments.fileCount() == 2 ? QString()
-                                      : CExportCommand::tr("only sheets can show several projects at once");
-}
-
-/// Writes the layout of one project.
-SCommandOutcome exportLayout(const SProcessorProject &project, const CCommandArguments &arguments,
-                             const QString &target, const QSize &size, QTextStream &out)
-{
-    const LayoutData data = dataOf(project);
-    PrintConfig settings = project.print;
-    CPrintOptions::apply(arguments, settings);
-    const CStatus written = CLayoutExport::kindOf(target) == CLayoutExport::Table
-                                ? CLayoutExport::writeTable(data, project.name, settings, target)
-                                : CLayoutExport::write(data, target, size);
-    if (!written)
-        return SCommandOutcome::badInput(written.error());
-    out << CExportCommand::tr("%1: cabinets: %2\n").arg(target, QString::number(data.layout.cabinetCount()));
-    return {};
+    return projects == 1 || suffix == QLatin1String("csv")
+               ? QString()
+               : CExportCommand::tr("only sheets and tables can hold several projects at once");
 }
 
 /// The settings of the first project for the whole job, and those of each project that has some, changed by
@@ -118,6 +103,23 @@ SPrintJob jobOf(const QVector<SProcessorProject> &projects, const CCommandArgume
     return job;
 }
 
+/// Writes the layout of a project, or the table of several.
+SCommandOutcome exportLayout(const QVector<SProcessorProject> &projects, const CCommandArguments &arguments,
+                             const QString &target, const QSize &size, QTextStream &out)
+{
+    const CStatus written =
+        CLayoutExport::kindOf(target) == CLayoutExport::Table
+            ? CLayoutExport::writeTable(CSheetExport::inputOf(projects), jobOf(projects, arguments), target)
+            : CLayoutExport::write(dataOf(projects.first()), target, size);
+    if (!written)
+        return SCommandOutcome::badInput(written.error());
+    int cabinets = 0;
+    for (const SProcessorProject &project : projects)
+        cabinets += project.layout.cabinetCount();
+    out << CExportCommand::tr("%1: cabinets: %2\n").arg(target, QString::number(cabinets));
+    return {};
+}
+
 /// Writes the settings into the projects. Returns what went wrong; empty: nothing.
 QString keepSettings(QVector<SProcessorProject> projects, const CCommandArguments &arguments,
                      const SPrintJob &job)
@@ -139,8 +141,8 @@ SCommandOutcome exportSheets(const QVector<SProcessorProject> &projects, const C
                              const QString &target, int dots, QTextStream &out)
 {
     const SPrintJob job = jobOf(projects, arguments);
-    QStringList missed;
-    const auto names = CSheetExport::write(CSheetExport::inputOf(projects), job, target, dots, missed);
+    QStringList warnings;
+    const auto names = CSheetExport::write(CSheetExport::inputOf(projects), job, target, dots, warnings);
     if (!names)
         return SCommandOutcome::badInput(names.error());
     for (const QString &name : names.value())
@@ -148,11 +150,7 @@ SCommandOutcome exportSheets(const QVector<SProcessorProject> &projects, const C
     const QString error = arguments.has(keepOption) ? keepSettings(projects, arguments, job) : QString();
     if (!error.isEmpty())
         return SCommandOutcome::badInput(error);
-    if (missed.isEmpty())
-        return {};
-    return {CCommandLine::Success,
-            CExportCommand::tr("at the scale, these sheets would be unreadable; they are drawn to fit: %1")
-                .arg(missed.join(QStringLiteral(", ")))};
+    return {CCommandLine::Success, warnings.join(QStringLiteral("\norvo: "))};
 }
 
 } // namespace
@@ -162,7 +160,7 @@ QString CExportCommand::help()
     return tr("Usage: orvo export IN.sprj [MORE.sprj ...] OUT.{pdf,png,svg,csv} [OPTION...]\n"
               "  .pdf        the wiring plan, sheets for paper, of one project or several\n"
               "  .png, .svg  the layout as a picture; with --sheets those sheets, a file each\n"
-              "  .csv        the cabinets as a table\n"
+              "  .csv        the cabinets of one project or several as a table\n"
               "A picture of the layout:\n"
               "  --size WxH              pixels (1920 wide)\n"
               "Sheets (for a table only --pitch):\n"
@@ -213,5 +211,5 @@ SCommandOutcome CExportCommand::run(const QStringList &arguments, QTextStream &o
     }
     if (areSheets(given, QFileInfo(target).suffix().toLower()))
         return exportSheets(projects, given, target, dots, out);
-    return exportLayout(projects.first(), given, target, size, out);
+    return exportLayout(projects, given, target, size, out);
 }

@@ -95,15 +95,18 @@ CStatus CLayoutExport::write(const LayoutData &data, const QString &file, QSize 
 CStatus CLayoutExport::writeTable(const LayoutData &data, const QString &processor, const PrintConfig &print,
                                   const QString &file)
 {
+    SPrintInput input;
+    input.library = CTypeLibrary::builtIn().nodes();
+    SPrintedProcessor printed;
+    printed.node.name = processor;
+    printed.layout = data.layout;
+    input.processors << printed;
+    return writeTable(input, {print, {}, {}}, file);
+}
+
+CStatus CLayoutExport::writeTable(const SPrintInput &input, const SPrintJob &job, const QString &file)
+{
     return CSafeFile::withMemory(file, [&] {
-        SPrintInput input;
-        input.library = CTypeLibrary::builtIn().nodes();
-        SPrintedProcessor printed;
-        printed.node.name = processor;
-        printed.layout = data.layout;
-        input.processors << printed;
-        SPrintJob job;
-        job.whole = print;
         return CSafeFile::write(file, CCabinetTable::toCsv(SPrintPlan::of(input, job)),
                                 CSafeFile::DropPrevious);
     });

@@ -9,6 +9,8 @@
 
 struct LayoutData;
 struct PrintConfig;
+struct SPrintInput;
+struct SPrintJob;
 
 /// Writes a layout to a file, as a picture or as a table of its cabinets. Any thread.
 class CLayoutExport final
@@ -25,8 +27,9 @@ public:
     /// Writes the file, whole or not at all; a table without the processor's name. @p size is that of a
     /// picture, in pixels; an empty one stands for the usual width and the height that goes with it.
     static CStatus write(const LayoutData &data, const QString &file, QSize size = {});
-    /// Writes the table of the cabinets of @p processor. Where no type tells their size, the pixel pitch of
-    /// @p print counts.
+    /// Writes the table of the cabinets of a processor, or of several. Where no type tells their size, the
+    /// pixel pitch of the settings counts.
     static CStatus writeTable(const LayoutData &data, const QString &processor, const PrintConfig &print,
                               const QString &file);
+    static CStatus writeTable(const SPrintInput &input, const SPrintJob &job, const QString &file);
 };

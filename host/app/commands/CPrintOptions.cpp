@@ -234,6 +234,13 @@ QString contradiction(const CCommandArguments &arguments)
         {QStringLiteral("--landscape"), QStringLiteral("--portrait")},
         {QStringLiteral("--front"), QStringLiteral("--back"), QStringLiteral("--both")},
         {QStringLiteral("--grey"), QStringLiteral("--color")}};
+    const QString paper = QStringLiteral("--paper");
+    PrintConfig sized;
+    for (const QString &turned : alternatives.first()) {
+        if (arguments.has(turned) && arguments.has(paper) && readPaper(arguments.text(paper), sized) &&
+            sized.paper == PrintConfig::CustomPaper)
+            return CPrintOptions::tr("paper given in mm lies as it is given: leave out %1").arg(turned);
+    }
     for (const QStringList &names : alternatives) {
         QStringList given;
         for (const QString &name : names) {

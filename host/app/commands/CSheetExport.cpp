@@ -6,6 +6,7 @@
 #include "host/devices/simulated/CProcessorKinds.h"
 #include "host/library/CTypeLibrary.h"
 #include "host/projects/CSafeFile.h"
+#include "layout/printing/figures/SPartsTally.h"
 #include "layout/printing/lists/CSheetSet.h"
 
 #include <algorithm>
@@ -50,16 +51,15 @@ SPrintInput CSheetExport::inputOf(const QVector<SProcessorProject> &projects)
 }
 
 CResult<QStringList> CSheetExport::write(const SPrintInput &input, const SPrintJob &job, const QString &file,
-                                         int dotsPerInch, QStringList &missed)
+                                         int dotsPerInch, QStringList &warnings)
 {
     return CSafeFile::withMemory(file, [&]() -> CResult<QStringList> {
-        const auto sheets = CSheetSet::of(SPrintPlan::of(input, job));
+        const SPrintPlan plan = SPrintPlan::of(input, job);
+        const auto sheets = CSheetSet::of(plan);
         if (!sheets)
             return CResult<QStringList>::failure(sheets.error());
-        for (int i = 0; i < sheets.value().size(); ++i) {
-            if (sheets.value().at(i).scaleMissed)
-                missed << QString::number(i + 1);
-        }
+        warnings << CSheetWriter::scaleProblem(sheets.value()) << SPartsTally::of(plan).warning();
+        warnings.removeAll(QString());
         const PrintConfig &whole = job.whole;
         const CSheetWriter::SOrder order{file, whole.project.isEmpty() ? tr("Wiring plan") : whole.project,
                                          whole.date, dotsPerInch};

@@ -20,8 +20,8 @@ public:
     /// What the sheets tell of the projects.
     static SPrintInput inputOf(const QVector<SProcessorProject> &projects);
     /// Writes the files, each whole or not at all; @p file ends in .pdf, .svg or .png. Pictures of several
-    /// sheets are numbered, "plan-01.png". Returns the names of the files, and in @p missed the numbers of
-    /// the sheets that are not at the scale that is wanted.
+    /// sheets are numbered, "plan-01.png". Returns the names of the files, and in @p warnings which
+    /// sheets are not at the scale that is wanted, and which cables are too long.
     static CResult<QStringList> write(const SPrintInput &input, const SPrintJob &job, const QString &file,
-                                      int dotsPerInch, QStringList &missed);
+                                      int dotsPerInch, QStringList &warnings);
 };

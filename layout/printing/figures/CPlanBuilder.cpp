@@ -6,6 +6,8 @@
 #include "layout/printing/figures/CableRoutes.h"
 #include "layout/printing/figures/LayoutVersion.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <tuple>
 
@@ -58,6 +60,13 @@ QString shownName(const ProcessorTree::ProcessorNode &node, const QString &addre
 {
     return node.address != 0 || address.isEmpty() ? node.displayText()
                                                   : QStringLiteral("%1(%2)").arg(node.name, address);
+}
+
+/// "Main stage B" of "Main stage B (192.168.10.32)"; other brackets belong to the name.
+QString withoutAddress(const QString &shown)
+{
+    static const QRegularExpression address(QStringLiteral("\\s*\\([0-9A-Fa-f]*[.:][0-9A-Fa-f.:]*\\)$"));
+    return QString(shown).remove(address);
 }
 
 } // namespace
@@ -158,8 +167,11 @@ void CPlanBuilder::giveRedundancy(SPlanPort &port, const Port &record, const SPl
         port.looped = record.redundancy == Port::Primary && port.hasCabinets();
     } else if (!processor.farEnd.isEmpty() && !port.chain.isEmpty()) {
         port.redundancyPort = port.index;
-        port.redundancyShown = port.redundancyKey = processor.farEnd;
-        port.redundancyName = processor.farEnd.section(QLatin1Char('('), 0, 0).trimmed();
+        const QString &given = processor.config.farEnd;
+        port.redundancyShown = processor.farEnd;
+        port.redundancyName =
+            given.isEmpty() ? nameOf(processor.source.redundancy, false) : withoutAddress(given);
+        port.redundancyKey = port.redundancyName;
         port.looped = true;
     }
 }

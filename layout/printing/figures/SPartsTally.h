@@ -4,10 +4,16 @@
 
 #include "layout/printing/figures/SPrintPlan.h"
 
+#include <QCoreApplication>
+#include <QStringList>
+
 /// What the walls of a plan need, counted with the settings of the job: all come from one stock and one
 /// supply. Only the rack is that of each processor.
 struct SPartsTally
 {
+    Q_DECLARE_TR_FUNCTIONS(SPartsTally)
+
+public:
     /// Signal cables of one stock length.
     struct SCable
     {
@@ -31,7 +37,10 @@ struct SPartsTally
     SCable all;
     QMap<int, int> cabinets; ///< by index into SPrintPlan::types
     SCircuits circuits;
+    QStringList tooLong; ///< the cables that are longer than all stock lengths: "port 3, r1 c2 to r1 c9"
 
+    /// Names the cables that are too long; empty if there are none.
+    QString warning() const;
     /// The port with its cables from the stock of the job.
     static SPlanPort laid(const SPlanPort &port, const SPlanProcessor &processor, const SPrintPlan &plan);
     static SPartsTally of(const SPrintPlan &plan);

@@ -14,6 +14,12 @@ SPrintPlan SPrintPlan::of(const SPrintInput &input, const SPrintJob &job)
     return CPlanBuilder(known, job).build();
 }
 
+QString SCableRun::metres(int stock, const PrintConfig::SCables &cables)
+{
+    const int longest = cables.stock.isEmpty() ? 0 : cables.stock.last();
+    return stock > 0 ? QString::number(stock) : QStringLiteral("> %1").arg(longest);
+}
+
 double SPlanTotals::amperes(qint64 watts, int volts)
 {
     return volts > 0 ? double((watts * 10 + volts - 1) / volts) / 10 : 0;

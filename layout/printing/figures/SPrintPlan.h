@@ -45,6 +45,9 @@ struct SCableRun
     int route = 0; ///< millimetres along level and upright lines
     int need = 0;  ///< route and slack, millimetres
     int stock = 0; ///< the length to take, metres; 0: longer than all stock lengths
+
+    /// "15"; "> 50" of a cable that is longer than all of @p cables. @p stock: the length that was taken.
+    static QString metres(int stock, const PrintConfig::SCables &cables);
 };
 
 /// Sums over cabinets.
@@ -81,7 +84,8 @@ struct SPlanPort
     bool looped = false;     ///< the end of the chain is looped back
     QString redundancyName;  ///< of the processor that it is looped back to
     QString redundancyShown; ///< the same with its address
-    QString redundancyKey;   ///< tells that processor apart, the same in every job; empty: its own one
+    QString
+        redundancyKey; ///< tells that processor apart, whatever its address and the job; empty: its own one
     int redundancyPort = -1; ///< output-port index there, from 0
     bool redundant = false;  ///< it is the redundancy port of a pair
     QVector<SCableRun> hops; ///< from each cabinet of the chain to the next

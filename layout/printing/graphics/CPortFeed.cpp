@@ -68,7 +68,7 @@ QStringList CPortFeed::textsOf(bool loop) const
         texts = QStringList{texts.first(), CSheetFont::elided(name.mid(texts.first().size()).trimmed(),
                                                               TablePoints, false, BoxWidth - 2 * BoxPadding)};
     texts << tr("port %1").arg(number + 1);
-    texts << (run.stock > 0 ? tr("cable %1 m").arg(run.stock) : tr("cable over %1 m").arg(run.need / 1000));
+    texts << tr("cable %1 m").arg(SCableRun::metres(run.stock, m_view.wall.processor().config.cables));
     return texts;
 }
 

@@ -76,7 +76,7 @@ QVector<SCableColumn> cableColumns(const SPartsTally &tally, const PrintConfig &
     for (const int metres : qAsConst(lengths)) {
         const SPartsTally::SCable cable = tally.cables.value(metres);
         if (common.contains(metres))
-            columns.append({CPartsList::lengthText(metres, config), cable});
+            columns.append({SCableRun::metres(metres, config.cables), cable});
         others.hops += common.contains(metres) ? 0 : cable.hops;
         others.feeds += common.contains(metres) ? 0 : cable.feeds;
         others.loops += common.contains(metres) ? 0 : cable.loops;
@@ -379,11 +379,7 @@ QStringList CCoverSheet::notes() const
     if (any(&SPlanType::alike))
         notes << tr(
             "\"like\": the cabinets have no type; these are the figures of a type of the same pixels.");
-    if (any(&SPlanType::presumed))
-        notes
-            << tr("Sizes of cabinets whose type does not tell them: %1 mm from pixel to pixel are presumed.")
-                   .arg(m_plan.config.pixelPitch);
-    return notes;
+    return notes + ListSheets::pitchNotes(m_plan);
 }
 
 void CCoverSheet::addNotes()

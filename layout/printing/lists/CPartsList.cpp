@@ -28,6 +28,14 @@ STableRow partSum(const QVector<STableCell> &cells)
     return row;
 }
 
+/// Needs and stock lengths of feeds, then of loops.
+using SFeedSums = std::array<qint64, 4>;
+
+STableRow feedSum(const QString &name, const SFeedSums &sums)
+{
+    return partSum({name, {}, whole(sums[0]), whole(sums[1]), {}, whole(sums[2]), whole(sums[3])});
+}
+
 /// Adds the tables of one parts list, one after the other.
 class CPartsTables final
 {
@@ -114,7 +122,7 @@ void CPartsTables::addCables()
         const int spare = spares(it->needed());
         allSpares += spare;
         STableRow row;
-        row.cells = {CPartsList::lengthText(it.key(), m_plan.config),
+        row.cells = {SCableRun::metres(it.key(), m_plan.config.cables),
                      orDash(it->hops),
                      orDash(it->feeds),
                      orDash(it->loops),
@@ -180,10 +188,8 @@ void CPartsTables::addNotes()
         CPartsList::tr("Stock, m: %1. A need equal to a stock length takes it.")
             .arg(stock.join(QStringLiteral(", "))),
         CPartsList::tr("Cables run level and upright, from centre to centre.")};
-    if (m_tally.cables.contains(0))
-        notes.prepend(
-            CPartsList::tr("WARNING: %1 signal cables would have to be longer than the longest in stock.")
-                .arg(whole(m_tally.cables.value(0).needed())));
+    if (!m_tally.tooLong.isEmpty())
+        notes.prepend(CPartsList::tr("WARNING: %1").arg(m_tally.warning()));
     if (!m_plan.totals.complete)
         notes << CPartsList::tr("Weight or power of some cabinets is not known; they do not count.");
     m_flow.addNotes(notes);
@@ -198,9 +204,11 @@ void CPartsTables::addFeeds()
         {CPartsList::tr("Loop from\nrow, col."), 24}, {CPartsList::tr("Need\nmm"), 18, right},
         {CPartsList::tr("Stock\nm"), 14, right}};
     QVector<STableRow> rows;
-    QVector<std::array<qint64, 4>> done{{0, 0, 0, 0}};
+    QVector<SFeedSums> done{{0, 0, 0, 0}};
+    const bool several = m_plan.processors.size() > 1;
     for (const SPlanProcessor &processor : m_plan.processors) {
-        if (m_plan.processors.size() > 1) {
+        const SFeedSums before = done.last();
+        if (several) {
             STableRow heading;
             heading.kind = STableRow::Heading;
             heading.cells = {STableCell(processor.name)};
@@ -217,29 +225,28 @@ void CPartsTables::addFeeds()
             row.cells = {QString::number(port.index + 1),
                          place(port.chain.first()),
                          whole(port.feed.need),
-                         CPartsList::lengthText(port.feed.stock, m_plan.config),
+                         SCableRun::metres(port.feed.stock, m_plan.config.cables),
                          looped ? place(port.chain.last()) : dash(),
                          looped ? whole(port.loop.need) : dash(),
-                         looped ? CPartsList::lengthText(port.loop.stock, m_plan.config) : dash()};
+                         looped ? SCableRun::metres(port.loop.stock, m_plan.config.cables) : dash()};
             rows << row;
-            auto sums = done.last();
+            SFeedSums sums = done.last();
             sums[0] += port.feed.need;
             sums[1] += port.feed.stock;
             sums[2] += port.loop.need;
             sums[3] += port.loop.stock;
             done << sums;
         }
+        if (several) {
+            SFeedSums own = done.last();
+            for (size_t i = 0; i < own.size(); ++i)
+                own[i] -= before[i];
+            rows << feedSum(CPartsList::tr("Total"), own);
+            done << done.last();
+        }
     }
-    const auto sumOf = [&](int count) {
-        const auto &sums = done.at(count);
-        return partSum({CPartsList::tr("Total"),
-                        {},
-                        whole(sums[0]),
-                        whole(sums[1]),
-                        {},
-                        whole(sums[2]),
-                        whole(sums[3])});
-    };
+    const QString name = several ? CPartsList::tr("All processors") : CPartsList::tr("Total");
+    const auto sumOf = [&](int count) { return feedSum(name, done.at(count)); };
     m_flow.addTable(CPartsList::tr("Feed and loop by port"),
                     CSheetTable(ListSheets::fitted(columns, m_width), PartRow), rows, {sumOf(rows.size())},
                     sumOf, true);
@@ -251,13 +258,6 @@ void CPartsTables::addFeeds()
 }
 
 } // namespace
-
-QString CPartsList::lengthText(int metres, const PrintConfig &config)
-{
-    const QVector<int> &stock = config.cables.stock;
-    return metres > 0 ? QString::number(metres)
-                      : QStringLiteral("> %1").arg(stock.isEmpty() ? 0 : stock.last());
-}
 
 QStringList CPartsList::rackNotes(const SPlanProcessor &processor)
 {

@@ -18,8 +18,6 @@ class CPartsList final
 public:
     static QVector<SSheet> sheets(const SPrintPlan &plan, const SSheetArea &area);
 
-    /// How a stock length is shown; 0, which stands for longer than all, as "> 50".
-    static QString lengthText(int metres, const PrintConfig &config);
     /// Where the rack stands, and what the cables reach.
     static QStringList rackNotes(const SPlanProcessor &processor);
 };

@@ -89,7 +89,7 @@ STableRow picked(const STableRow &row, const QVector<int> &wanted)
 STableRow portRow(const SPlanPort &port, const CWall &wall)
 {
     const auto stock = [&wall](const SCableRun &run) {
-        return run.need == 0 ? dash() : CPartsList::lengthText(run.stock, wall.processor().config);
+        return run.need == 0 ? dash() : SCableRun::metres(run.stock, wall.processor().config.cables);
     };
     const auto &cabinets = wall.cabinets();
     STableRow row;

@@ -14,6 +14,7 @@
 #include "layout/printing/sheets/SheetMarks.h"
 #include "layout/printing/sheets/SheetNumbers.h"
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -39,6 +40,21 @@ QString redundancyOf(const SPlanProcessor &processor)
         found = port.redundancyShown;
     }
     return found;
+}
+
+/// What @p of tells of every processor; nothing unless it is the same of all.
+template <typename Value>
+Value ofAll(const SPrintPlan &plan, Value (*of)(const SPlanProcessor &))
+{
+    const Value first = of(plan.processors.first());
+    const bool same = std::all_of(plan.processors.begin(), plan.processors.end(),
+                                  [&](const SPlanProcessor &processor) { return of(processor) == first; });
+    return same ? first : Value();
+}
+
+int columnsOf(const SPlanProcessor &processor)
+{
+    return processor.columns;
 }
 
 QString viewsOf(const PrintConfig &config)
@@ -216,18 +232,17 @@ STitleFacts CSheetSet::factsOf(int processor) const
 {
     const bool all = processor < 0;
     const PrintConfig &config = configOf(processor);
-    const SPlanProcessor &shown = m_plan.processors.at(all ? 0 : processor);
     STitleFacts facts;
     facts.project = config.project;
-    facts.redundancy = redundancyOf(shown);
+    facts.redundancy = all ? ofAll(m_plan, redundancyOf) : redundancyOf(m_plan.processors.at(processor));
     facts.paper = paperName(config);
     facts.designer = config.designer;
     facts.auditor = config.auditor;
     facts.date = config.date;
-    facts.version = all ? LayoutVersion::of(m_plan) : shown.version;
+    facts.version = all ? LayoutVersion::of(m_plan) : m_plan.processors.at(processor).version;
     facts.watermark = config.watermark;
     facts.count = m_sheets.size();
-    facts.columns = shown.columns;
+    facts.columns = all ? ofAll(m_plan, columnsOf) : columnsOf(m_plan.processors.at(processor));
     facts.binding = config.binding;
     return facts;
 }

@@ -98,3 +98,27 @@ QString ListSheets::names(const SPrintPlan &plan)
         names << processor.name;
     return names.join(QStringLiteral(", "));
 }
+
+QStringList ListSheets::pitchNotes(const SPrintPlan &plan)
+{
+    QMap<double, QStringList> presumed; // which processors, by pitch
+    for (const SPlanProcessor &processor : plan.processors) {
+        const auto isPresumed = [&plan](const SPlanCabinet &cabinet) {
+            return plan.types.at(cabinet.type).presumed;
+        };
+        if (std::any_of(processor.cabinets.begin(), processor.cabinets.end(), isPresumed))
+            presumed[processor.config.pixelPitch] << processor.name;
+    }
+    QStringList notes;
+    for (auto it = presumed.begin(); it != presumed.end(); ++it) {
+        const QString note =
+            QCoreApplication::translate(
+                "ListSheets",
+                "Sizes of cabinets whose type does not tell them: %1 mm from pixel to pixel are presumed.")
+                .arg(it.key());
+        notes << (presumed.size() == 1 ? note
+                                       : QCoreApplication::translate("ListSheets", "%1: %2")
+                                             .arg(it->join(QStringLiteral(", ")), note));
+    }
+    return notes;
+}

@@ -27,5 +27,7 @@ QVector<STableColumn> filled(QVector<STableColumn> columns, const QVector<STable
                              double width);
 /// The processors' names, joined.
 QString names(const SPrintPlan &plan);
+/// From which pixel pitch sizes are presumed: of all processors where that is one, else of each.
+QStringList pitchNotes(const SPrintPlan &plan);
 
 } // namespace ListSheets

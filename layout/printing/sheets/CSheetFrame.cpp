@@ -131,7 +131,7 @@ void CSheetFrame::addViewPicture(double left)
 {
     const QRectF &box = m_area.viewBox;
     const QString first = QStringLiteral("1");
-    const QString last = QString::number(std::max(1, m_facts.columns));
+    const QString last = m_facts.columns > 0 ? QString::number(m_facts.columns) : QString();
     const auto widthOf = [](const QString &text) { return CSheetFont::width(text, LabelPoints, true) + 0.8; };
     const double room = std::min(box.width() - (left - box.left()), 60.0);
     const double length = std::min(LongestBar, room - widthOf(first) - widthOf(last) - 2);

@@ -21,7 +21,7 @@ struct STitleFacts
     QString watermark;
     int number = 1;  ///< of the sheet, from 1
     int count = 1;   ///< of all sheets
-    int columns = 0; ///< of the wall
+    int columns = 0; ///< of the wall; 0: of several, which have different ones
     PrintConfig::Binding binding = PrintConfig::BindLeft;
     bool reverse = false; ///< it is the second side of a leaf, which is bound at its right edge
 };
