@@ -136,6 +136,7 @@ private Q_SLOTS:
     void typedFiguresWaitForTheirEnd()
     {
         SPanelWorld world;
+        QVERIFY(QTest::qWaitForWindowActive(&world.panel));
         const QSignalSpy places(&world.panel, &CLayoutSidePanel::notifySelectedCabinetPositionChanged);
         CRecoveryFocusSpinBox &x = world.field("X");
         x.setFocus();
@@ -147,11 +148,27 @@ private Q_SLOTS:
         QCOMPARE(x.text(), QStringLiteral("0"));
         QCOMPARE(places.count(), 0);
         QTest::keyClick(&x, Qt::Key_Up);
-        QCOMPARE(places.last().first().toPoint(), QPoint(1, 0));
+        QTest::keyClick(&x, Qt::Key_Escape);
+        QCOMPARE(x.text(), QStringLiteral("0"));
+        QTest::mouseClick(&x, Qt::LeftButton, {}, QPoint(x.width() - 6, 6)); // the upper arrow
+        QTest::keyClick(&x, Qt::Key_Up);
+        QCOMPARE(x.text(), QStringLiteral("2"));
+        QCOMPARE(places.count(), 0);
+        world.field("Y").setFocus();
+        QCOMPARE(places.count(), 1);
+        QCOMPARE(places.last().first().toPoint(), QPoint(2, 0));
+        x.setFocus();
         world.panel.onNotifySelectedCabinetGeometryChanged({}); // nothing is selected
         QVERIFY(x.isMixed() && x.text().isEmpty());
+        QTest::keyClick(&x, Qt::Key_Up); // from where?
+        QVERIFY(x.text().isEmpty());
         QTest::keyClick(&x, Qt::Key_Return);
         QCOMPARE(places.count(), 1);
+        QTest::keyClicks(&x, QStringLiteral("7"));
+        QTest::keyClick(&x, Qt::Key_Up);
+        QCOMPARE(x.text(), QStringLiteral("8"));
+        QTest::keyClick(&x, Qt::Key_Escape);
+        QVERIFY(x.text().isEmpty());
         world.panel.onNotifySelectedCabinetInfos(cabinetsAt({{0, 0}, {100, 10}}));
         QVERIFY(world.field("Columns").isMixed());
         world.panel.onNotifySelectedCabinetInfos(cabinetsAt({{0, 0}, {100, 50}, {0, 50}}));

@@ -17,7 +17,10 @@ CRecoveryFocusSpinBox::CRecoveryFocusSpinBox(QWidget *parent)
     setKeyboardTracking(false);
     setFocusPolicy(Qt::StrongFocus); // not by the wheel
     lineEdit()->setPlaceholderText(QStringLiteral("\u2013"));
-    connect(lineEdit(), &QLineEdit::textEdited, this, [this] { m_typed = true; });
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this] {
+        m_typed = true;
+        update(); // of the arrow buttons
+    });
     connect(this, &QSpinBox::editingFinished, this, [this] {
         if (m_typed)
             commit();
@@ -109,7 +112,12 @@ void CRecoveryFocusSpinBox::wheelEvent(QWheelEvent *event)
 void CRecoveryFocusSpinBox::stepBy(int steps)
 {
     QSpinBox::stepBy(steps); // from what is typed, if something is
-    commit();
+    m_typed = !text().isEmpty();
+}
+
+QAbstractSpinBox::StepEnabled CRecoveryFocusSpinBox::stepEnabled() const
+{
+    return isMixed() && !m_typed ? StepEnabled(StepNone) : QSpinBox::stepEnabled();
 }
 
 QValidator::State CRecoveryFocusSpinBox::validate(QString &text, int &) const
@@ -155,6 +163,7 @@ void CRecoveryFocusSpinBox::restore()
         setValue(*m_shown);
     else
         lineEdit()->clear();
+    update();
 }
 
 void CRecoveryFocusSpinBox::recoverFocus()

@@ -7,10 +7,11 @@
 
 #include <optional>
 
-/// A field for a figure of what is selected. What is typed, a number or a sum such as "1920/2", counts when
-/// Enter is pressed or the focus leaves; Escape brings back the figure before. A number beyond the range
-/// counts as the nearest limit. Who clicked into the field gets the focus back to where it was after Enter or
-/// Escape. Undo and redo belong to the window while nothing is typed. GUI thread.
+/// A field for a figure of what is selected. What is typed, a number or a sum such as "1920/2", or reached by
+/// steps counts when Enter is pressed or the focus leaves; Escape brings back the figure before. A number
+/// beyond the range counts as the nearest limit. Without one figure there is nothing to step from. Who
+/// clicked into the field gets the focus back to where it was after Enter or Escape. Undo and redo belong to
+/// the window while nothing is typed. GUI thread.
 class CRecoveryFocusSpinBox final : public QSpinBox
 {
     Q_OBJECT
@@ -26,7 +27,7 @@ public:
     bool isMixed() const { return !m_shown; }
 
 Q_SIGNALS:
-    /// The user has entered @p figure, another one than was shown, by keyboard, arrows or wheel.
+    /// The user has entered @p figure, another one than was shown.
     void notifyFigureEntered(int figure);
 
 protected:
@@ -35,6 +36,7 @@ protected:
     void focusInEvent(QFocusEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void stepBy(int steps) override;
+    StepEnabled stepEnabled() const override;
     QValidator::State validate(QString &text, int &position) const override;
     int valueFromText(const QString &text) const override;
     QString textFromValue(int value) const override;
@@ -45,8 +47,9 @@ private:
     void restore();
     void recoverFocus();
 
-    std::optional<int> m_shown;   ///< none: mixed
-    mutable bool m_typed = false; ///< since the figure was shown; mutable as fixup() drops what is empty
-    bool m_clicked = false;       ///< the focus came by a click
-    QPointer<QWidget> m_before;   ///< had the focus before a click into the field
+    std::optional<int> m_shown; ///< none: mixed
+    mutable bool m_typed =
+        false; ///< or stepped, since the figure was shown; mutable as fixup() drops what is empty
+    bool m_clicked = false;     ///< the focus came by a click
+    QPointer<QWidget> m_before; ///< had the focus before a click into the field
 };
