@@ -5,6 +5,7 @@
 #include "layout/api/access/CHostAccess.h"
 #include "layout/api/access/ILayoutSource.h"
 #include "layout/api/records/RecordMetaTypes.h"
+#include "layout/data/BearerLoad.h"
 #include "layout/data/CNotificationDispatch.h"
 #include "layout/data/PortLoads.h"
 #include "layout/data/TypeLibrarySearch.h"
@@ -199,7 +200,9 @@ bool CLayoutData::updatePortLoad(int port, bool withProcessor)
     const auto question = m_states.loadQuestion(port);
     if (!question)
         return false;
-    const int load = CHostAccess::call<&Host::portLoad>(question->bearer, question->bearer.index);
+    const auto elsewhere = BearerLoad::elsewhere(question->processor, question->bearer);
+    const int load = elsewhere ? elsewhere->percent
+                               : CHostAccess::call<&Host::portLoad>(question->bearer, question->bearer.index);
     if (!m_states.setLoad(question->processor, port, load))
         return false;
     Q_EMIT notifyProcessorPortPayloadChanged(port, load);

@@ -179,8 +179,9 @@ void CNotificationDispatch::onCanvasSizeChanged(CSubject &subject)
 
 void CNotificationDispatch::onProcessorStateChanged(CSubject &subject)
 {
-    subject.GetArgument<SProcessorStateChange>(); // the pages ask the host for what they need
-    post(LayoutNotification::ProcessorStateChanged, [this] {
+    const auto change = subject.GetArgument<SProcessorStateChange>();
+    post(LayoutNotification::ProcessorStateChanged, [this, change] {
+        updatePairsWith(change.processor); // the notes name it
         m_events.processorStateChanged();
         m_events.processorLoadMayDiffer(Announced::Always);
         invoke("OnCurrentProcessorStateChanged");
@@ -191,8 +192,8 @@ void CNotificationDispatch::onPortLoadsChanged(CSubject &subject)
 {
     post(LayoutNotification::PortLoadsChanged, [this, change = subject.GetArgument<SPortLoadChange>()] {
         if (change.processor != m_states.current())
-            return;
-        if (change.port == -1)
+            updatePairsWith(change.processor);
+        else if (change.port == -1)
             updateAllLoads();
         else
             m_events.loadsMayDiffer({change.port});
@@ -252,8 +253,10 @@ void CNotificationDispatch::removeProcessor(const QUuid &processor)
     m_handOver.drop(processor);
     const bool current = processor == m_states.current();
     m_states.remove(processor);
-    if (!current)
+    if (!current) {
+        post(LayoutNotification::ProcessorRemoved, [this, processor] { updatePairsWith(processor); });
         return;
+    }
     m_events.currentPortMayDiffer();
     m_events.processorStateChanged();
     m_events.processorLoadMayDiffer();
@@ -269,8 +272,12 @@ void CNotificationDispatch::replaceLayout(const QUuid &processor)
     m_states.setCanvas(processor, data.canvas);
     m_events.currentPortMayDiffer();
     m_events.layoutReplaced(processor);
-    if (processor == m_states.current())
-        post(LayoutNotification::LayoutReplaced, [this] { updateAllLoads(); });
+    post(LayoutNotification::LayoutReplaced, [this, processor] {
+        if (processor == m_states.current())
+            updateAllLoads();
+        else
+            updatePairsWith(processor);
+    });
 }
 
 void CNotificationDispatch::refreshCurrentPorts()
@@ -302,6 +309,18 @@ void CNotificationDispatch::updateAllLoads(Announced processor)
     for (const StorePort &port : ports)
         indices << port.index;
     m_events.loadsMayDiffer(indices, processor);
+}
+
+void CNotificationDispatch::updatePairsWith(const QUuid &other)
+{
+    QVector<int> paired;
+    const QVector<StorePort> ports = m_states.ports();
+    for (const StorePort &port : ports) {
+        if (port.redundancy != StorePort::NoRedundancy && port.redundancyProcessor == other)
+            paired << port.index;
+    }
+    if (!paired.isEmpty())
+        m_events.loadsMayDiffer(paired);
 }
 
 void CNotificationDispatch::invoke(const char *slot, QGenericArgument first, QGenericArgument second)

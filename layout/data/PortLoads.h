@@ -11,7 +11,7 @@ namespace PortLoads {
 int processorLoad(const QVector<CabinetLayout::CabinetPort> &ports);
 
 /// The port whose load @p port shows: its primary if it is a redundancy port within the same processor, else
-/// itself. Null if there is no such port. Points into @p layout.
+/// itself; see BearerLoad for primaries elsewhere. Null if there is no such port. Points into @p layout.
 const CabinetLayout::CabinetPort *loadBearer(const CabinetLayout &layout, int port);
 
 /// The redundancy port that also shows the load of @p port; -1 if there is none on this processor.

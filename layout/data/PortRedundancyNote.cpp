@@ -21,7 +21,7 @@ QString textOnSameProcessor(int primary, bool matches)
 
 QString textAcrossProcessors(const ProcessorTree::ProcessorNode &node, int primary, bool matches)
 {
-    const QString number = QString::number(node.index + 1);
+    const QString number = node.index < 0 ? QString() : QString::number(node.index + 1); // offline: none
     if (matches)
         return noteText(QT_TRANSLATE_NOOP("CPort", "Redundancy for processor%1(%2)")).arg(number, node.name);
     return noteText(QT_TRANSLATE_NOOP(

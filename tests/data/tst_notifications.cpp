@@ -245,6 +245,40 @@ private Q_SLOTS:
         QCOMPARE(scene.led(LayoutNotification::PortCountChanged), QStringList{QStringLiteral("load")});
     }
 
+    void aPairAcrossProcessorsFollowsThePartner()
+    {
+        using N = LayoutNotification;
+        SDispatchScene scene;
+        const QUuid b = scene.host.addProcessor(QStringLiteral("B"), 2, 1);
+        {
+            const CFakeAnswers answers = scene.host.answers();
+            PortPairs::Port &primary = answers->layouts[b].layout.ports[1];
+            PortPairs::Port &backup = answers->layouts[scene.a].layout.ports[2];
+            PortPairs::setPair(primary, b, PortPairs::Port::Primary, {scene.a, 2});
+            PortPairs::setPair(backup, scene.a, PortPairs::Port::Redundant, {b, 1});
+            backup.mirrored = PortPairs::mirrorOf(primary);
+            answers->loads = {{1, 70}, {2, 5}};
+            answers->nodes.last().index = 1;
+        }
+        scene.led(N::LayoutReplaced, scene.a);
+        QCOMPARE(scene.store.port(2).load, qint64(70));
+        QCOMPARE(scene.store.portNote(2).text, QStringLiteral("Redundancy for processor2(B)"));
+        scene.host.answers()->loads = {{0, 33}, {1, 80}}; // of A only port 3 is asked for
+        QCOMPARE(scene.led(N::PortLoadsChanged, SPortLoadChange{b, 1}),
+                 (QStringList{QStringLiteral("port load"), QStringLiteral("load")}));
+        QCOMPARE(scene.store.port(2).load, qint64(80));
+        scene.host.answers()->nodes.last().index = -1; // offline
+        scene.led(N::ProcessorStateChanged, SProcessorStateChange{b, false});
+        QCOMPARE(scene.store.portNote(2).text, QStringLiteral("Redundancy for processor(B)"));
+        scene.host.answers()->layouts[b].layout.ports[1].groups[0].cabinets[0].rect.translate(5, 0);
+        scene.led(N::LayoutReplaced, b);
+        QVERIFY(scene.store.portNote(2).needsReset);
+        scene.host.answers()->layouts.remove(b);
+        scene.led(N::ProcessorRemoved, b);
+        QCOMPARE(scene.store.portNote(2).text, QStringLiteral("Please reset the mapping."));
+        QCOMPARE(scene.store.port(2).load, qint64(0));
+    }
+
     void theLoadOfAProcessorInViewIsToldOnce()
     {
         SDispatchScene scene;

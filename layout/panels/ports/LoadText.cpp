@@ -4,6 +4,7 @@
 
 #include "layout/api/access/CHostAccess.h"
 #include "layout/api/records/LoadSum.h"
+#include "layout/data/BearerLoad.h"
 #include "layout/data/CLayoutData.h"
 #include "layout/data/PortLoads.h"
 
@@ -46,8 +47,10 @@ QString LoadText::ofPort(const CLayoutData &store, int port)
     const CabinetLayout::CabinetPort *bearer = PortLoads::loadBearer(layout, port);
     if (!bearer)
         return {};
-    const SPortLoad load = CHostAccess::call<&ILayoutInterfaceHandler::portLoadDetails>(
-        layout.processor, *bearer, bearer->index);
+    const auto elsewhere = BearerLoad::elsewhere(layout.processor, *bearer);
+    const SPortLoad load = elsewhere ? *elsewhere
+                                     : CHostAccess::call<&ILayoutInterfaceHandler::portLoadDetails>(
+                                           layout.processor, *bearer, bearer->index);
     const QStringList lines{text("Port %1: %2%").arg(port + 1).arg(load.percent)};
     return (lines + LoadSum::sentences(load)).join(QLatin1Char('\n'));
 }
