@@ -109,11 +109,33 @@ private Q_SLOTS:
             for (const int index : unplugged)
                 pulled.insert({own, index});
             Ints shown;
-            for (const auto &port :
-                 LitWall::of(wall, pulled, [](const QUuid &) { return CabinetLayout(); }).ports)
+            for (const auto &port : LitWall::of(
+                                        wall, pulled, [](const QUuid &) { return CabinetLayout(); }, nullptr)
+                                        .ports)
                 shown << port.cabinetCount();
             QCOMPARE(shown, lit);
         }
+    }
+
+    void anotherProcessorLightsTheWallWhileItIsOnline()
+    {
+        const QUuid own = QUuid::createUuid();
+        CabinetLayout wall{own, {portOf(0, {0, 1})}};
+        CabinetLayout other{QUuid::createUuid(), {portOf(0, {}), portOf(1, {})}};
+        PortPairs::setPair(wall.ports[0], own, PortPairs::Port::Primary, {other.processor, 1});
+        PortPairs::setPair(other.ports[1], other.processor, PortPairs::Port::Redundant, {own, 0});
+        other.ports[1].mirrored = PortPairs::mirrorOf(wall.ports.at(0));
+        const auto lit = [&](const QSet<SPortKey> &unplugged, bool online) {
+            return LitWall::of(
+                       wall, unplugged, [&other](const QUuid &) { return other; },
+                       [&](const QUuid &asked) { return online && asked == other.processor; })
+                .ports.first()
+                .cabinetCount();
+        };
+        QCOMPARE(lit({{own, 0}}, true), 2);
+        QCOMPARE(lit({{own, 0}}, false), 0);
+        QCOMPARE(lit({{own, 0}, {other.processor, 1}}, true), 0);
+        QCOMPARE(lit({}, false), 2);
     }
 
     void theWallIsDarkWhereNoCabinetIs()

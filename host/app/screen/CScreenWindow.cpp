@@ -33,6 +33,10 @@ void CScreenWindow::connectSignals()
     connect(announcer, &CDeviceAnnouncer::notifyCurrentProcessorChanged, this,
             &CScreenWindow::onCurrentProcessorChanged);
     connect(announcer, &CDeviceAnnouncer::notifyLayoutCommitted, this, &CScreenWindow::showWall);
+    connect(announcer, &CDeviceAnnouncer::notifyProcessorsChanged, this, [this] {
+        if (!m_unplugged.isEmpty())
+            showWall(); // the processor of a redundancy port may be offline now
+    });
     connect(announcer, &CDeviceAnnouncer::notifyStatusLedChanged, this, &CScreenWindow::showWall);
     connect(announcer, &CDeviceAnnouncer::notifyNumbersShownChanged, this,
             &CScreenWindow::onNumbersShownChanged);
@@ -117,7 +121,11 @@ void CScreenWindow::showWall()
     const std::optional<SDevice> device = m_services.table().currentDevice();
     m_picture->setStatusLed(device && device->settings.statusLed);
     LayoutData wall = device ? device->data() : LayoutData();
-    wall.layout = LitWall::of(wall.layout, m_unplugged, m_services.layoutOf());
+    const auto isOnline = [this](const QUuid &processor) {
+        const std::optional<SDevice> other = m_services.table().device(processor);
+        return other && other->node.online;
+    };
+    wall.layout = LitWall::of(wall.layout, m_unplugged, m_services.layoutOf(), isOnline);
     m_picture->setWall(wall, device ? device->settings.background : SBackgroundInfo());
 }
 

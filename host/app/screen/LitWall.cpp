@@ -27,14 +27,17 @@ void darken(QVector<WallPort::CabinetGroup> &groups, const Mirror &carried)
 } // namespace
 
 CabinetLayout LitWall::of(CabinetLayout layout, const QSet<SPortKey> &unplugged,
-                          const PortPairs::LayoutOf &layoutOf)
+                          const PortPairs::LayoutOf &layoutOf,
+                          const std::function<bool(const QUuid &processor)> &isOnline)
 {
     const CabinetLayout whole = layout;
     for (WallPort &port : layout.ports) {
         if (!unplugged.contains({whole.processor, port.index}))
             continue;
         Mirror carried;
-        if (port.redundancy == WallPort::Primary && !unplugged.contains(PortPairs::partnerKey(whole, port))) {
+        const SPortKey other = PortPairs::partnerKey(whole, port);
+        if (port.redundancy == WallPort::Primary && !unplugged.contains(other) &&
+            (other.processor == whole.processor || isOnline(other.processor))) {
             if (const auto backup = PortPairs::partner(whole, port, layoutOf))
                 carried = backup->mirrored;
         }

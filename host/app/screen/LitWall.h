@@ -6,12 +6,15 @@
 
 #include <QSet>
 
+#include <functional>
+
 /// What is still lit on a wall when cables are unplugged. Pure function.
 namespace LitWall {
 
 /// Returns @p layout without the wired cabinets that no signal reaches: those of an output port in
-/// @p unplugged, unless its redundancy port is plugged in and has the cabinet in its mirror. For @p layoutOf
-/// see PortPairs.
-CabinetLayout of(CabinetLayout layout, const QSet<SPortKey> &unplugged, const PortPairs::LayoutOf &layoutOf);
+/// @p unplugged, unless its redundancy port is plugged in, has the cabinet in its mirror, and is on the same
+/// processor or one of which @p isOnline is true. For @p layoutOf see PortPairs.
+CabinetLayout of(CabinetLayout layout, const QSet<SPortKey> &unplugged, const PortPairs::LayoutOf &layoutOf,
+                 const std::function<bool(const QUuid &processor)> &isOnline);
 
 } // namespace LitWall
