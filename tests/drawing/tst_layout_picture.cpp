@@ -293,6 +293,15 @@ private Q_SLOTS:
         }
     }
 
+    void onlyRedundancyPortsLookLikeOne()
+    {
+        LayoutData paired = wall();
+        paired.layout.ports[0].redundancy = Port::Primary;
+        QCOMPARE(pictureOf(paired), pictureOf(wall()));
+        paired.layout.ports[0].redundancy = Port::Redundant;
+        QVERIFY(pictureOf(paired) != pictureOf(wall()));
+    }
+
     void overlapsAndWhatLiesOutsideAreMarkedAsOnTheCanvas()
     {
         SLayoutDrawOptions options;

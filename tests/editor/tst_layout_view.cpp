@@ -14,7 +14,8 @@
 namespace {
 
 using Bar = CEditorToolBar;
-using Cabinet = CabinetLayout::CabinetPort::Cabinet;
+using Port = CabinetLayout::CabinetPort;
+using Cabinet = Port::Cabinet;
 
 QSet<QUuid> uuidsOf(const QList<Cabinet> &cabinets)
 {
@@ -155,6 +156,12 @@ private Q_SLOTS:
         counts();
         QCOMPARE(m_mouse->cabinet(0, 2).fault(), CabinetFault::None);
         QCOMPARE(counts()[2], unwired - cabinets);
+        for (const Port::Redundancy redundancy : {Port::Redundant, Port::NoRedundancy}) {
+            for (int port = 1; port < 4; ++port)
+                m_mouse->states().redundancy[port] = redundancy;
+            scene.onNotifyProcessorStateChanged();
+            QCOMPARE(counts()[2] == 0, redundancy == Port::Redundant); // has no wiring of its own
+        }
 
         CFaultLine line(m_mouse->view());
         m_mouse->click({450, 60});

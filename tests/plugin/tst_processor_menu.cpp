@@ -194,7 +194,7 @@ private Q_SLOTS:
             {[](QVector<Port> &ports) { ports[3].locked = true; }, "Output port 4 is locked"},
             {[](QVector<Port> &ports) { ports[3].redundancyProcessor = QUuid::createUuid(); },
              "Output port 4 is in a redundancy pair"},
-            {[](QVector<Port> &ports) { ports[0].redundancyPort = 3; },
+            {[](QVector<Port> &ports) { ports[0].redundancyPort = 2; }, // the first that goes
              "Output port 1 has its redundancy on a port that would go"}};
         for (const auto &[occupy, reason] : cases) {
             SMenuScene scene;

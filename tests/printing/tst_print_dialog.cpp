@@ -294,6 +294,12 @@ private Q_SLOTS:
             work.cancel();
             QTRY_COMPARE(written.size(), 1);
             QCOMPARE(written[0][0].toStringList(), QStringList());
+            const QStringList name{QStringLiteral("plan.pdf")};
+            work.run([name](const SheetFiles::Progress &progress) {
+                return CResult<QStringList>(progress(1) ? name : QStringList());
+            });
+            QTRY_COMPARE(written.size(), 2);
+            QCOMPARE(written[1][0].toStringList(), name); // not cancelled any more
             work.run(endless);
             begun.acquire();
         } // closed while it writes

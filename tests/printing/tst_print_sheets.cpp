@@ -14,6 +14,7 @@
 #include <QFontInfo>
 #include <QImage>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QTransform>
 
 #include <algorithm>
@@ -226,6 +227,41 @@ private Q_SLOTS:
         const QVector<SSheet> coloured = sheetsOf(config, {project});
         QVERIFY(std::any_of(coloured.at(2).marks.begin(), coloured.at(2).marks.end(), [](const auto &mark) {
             return std::visit([](const auto &shown) { return shown.color.saturation() > 0; }, mark);
+        }));
+    }
+
+    void listsCountWhatTheyHold()
+    {
+        PrintConfig config = configOf(PrintConfig::A4);
+        config.sheets = PrintConfig::CabinetList | PrintConfig::PortTable;
+        config.rack.right = !config.rack.right;
+        config.rack.lowerEdge = 3000;
+        config.cables.stock = {8,  9,  10, 11, 12, 13,
+                               14, 15, 16, 17, 50}; // a loop of another length than its feed
+        const SProcessorProject project = ProjectSamples::ofWall(CWallBuilder::Medium);
+        const SPrintPlan plan = SPrintPlan::of(CSheetExport::inputOf({project}), {config, {}, {}});
+        QString text;
+        const QVector<SSheet> sheets = CSheetSet::of(plan).value();
+        for (const SSheet &sheet : sheets)
+            text += wholeText(sheet) + QLatin1Char('\n');
+        static const QRegularExpression sum(QStringLiteral("([\\d,]+) cabinets, ([\\d,]+) pixels"));
+        int sums = 0;
+        for (auto found = sum.globalMatch(text); found.hasNext(); ++sums) {
+            const QRegularExpressionMatch match = found.next();
+            const auto number = [&match](int part) {
+                return match.captured(part).remove(QLatin1Char(',')).toInt();
+            };
+            QCOMPARE(number(1) * 192 * 192, number(2));
+        }
+        QVERIFY(sums > 3); // below the columns, too
+        const QVector<SPlanPort> &ports = plan.processors.first().ports;
+        for (const SPlanPort &port : ports) {
+            const QString cables =
+                QStringLiteral(" %1 %2 %3 ").arg(port.load).arg(port.feed.stock).arg(port.loop.stock);
+            QVERIFY2(port.loop.need == 0 || text.contains(cables), qPrintable(cables));
+        }
+        QVERIFY(std::any_of(ports.begin(), ports.end(), [](const SPlanPort &port) {
+            return port.loop.need > 0 && port.feed.stock != port.loop.stock;
         }));
     }
 
