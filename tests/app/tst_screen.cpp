@@ -8,10 +8,14 @@
 #include "host/devices/CDeviceManager.h"
 #include "tests/harness/CTestBase.h"
 
+#include <QApplication>
 #include <QPainter>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QWidget>
+
+#include <algorithm>
 
 namespace {
 
@@ -185,7 +189,18 @@ private Q_SLOTS:
         QSignalSpy painted(screen.findChild<CScreenPicture *>(), &CScreenPicture::notifyChanged);
         QVERIFY(bool(manager.commands().setBackground(background)));
         QTRY_COMPARE(painted.size(), 1);
-        screen.setShown(false);
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        const auto shown = std::find_if(windows.begin(), windows.end(), [](const QWidget *one) {
+            return one->objectName() == QLatin1String("SimulateScreen");
+        });
+        QVERIFY(shown != windows.end());
+        QVERIFY((*shown)->width() < window.screen()->geometry().width()); // there is no other display
+        QSignalSpy closed(&screen, &CScreenWindow::notifyClosedByUser);
+        QTest::keyClick(*shown, Qt::Key_Space);
+        QCOMPARE(closed.size(), 0);
+        QTest::keyClick(*shown, Qt::Key_Escape);
+        QCOMPARE(closed.size(), 1);
+        QVERIFY(!screen.isShown());
     }
 
     void statusLedsLightEveryCabinet()

@@ -6,6 +6,7 @@
 #include "layout/printing/output/SheetFiles.h"
 #include "layout/printing/sheets/CSheetFont.h"
 #include "layout/printing/sheets/CSheetTable.h"
+#include "layout/printing/sheets/SheetNumbers.h"
 #include "tests/harness/CTestBase.h"
 #include "tests/printing/GraphicsWalls.h"
 #include "tests/printing/PdfText.h"
@@ -238,7 +239,8 @@ private Q_SLOTS:
         config.rack.lowerEdge = 3000;
         config.cables.stock = {8,  9,  10, 11, 12, 13,
                                14, 15, 16, 17, 50}; // a loop of another length than its feed
-        const SProcessorProject project = ProjectSamples::ofWall(CWallBuilder::Medium);
+        SProcessorProject project = ProjectSamples::ofWall(CWallBuilder::Medium);
+        project.layout.ports[0].groups[0].cabinets.last().rank = -1;
         const SPrintPlan plan = SPrintPlan::of(CSheetExport::inputOf({project}), {config, {}, {}});
         QString text;
         const QVector<SSheet> sheets = CSheetSet::of(plan).value();
@@ -253,7 +255,8 @@ private Q_SLOTS:
             };
             QCOMPARE(number(1) * 192 * 192, number(2));
         }
-        QVERIFY(sums > 3); // below the columns, too
+        QVERIFY(sums > 3);                                                    // below the columns, too
+        QVERIFY(text.contains(SheetNumbers::dash() + QStringLiteral(" A "))); // is not wired
         const QVector<SPlanPort> &ports = plan.processors.first().ports;
         for (const SPlanPort &port : ports) {
             const QString cables =

@@ -97,11 +97,14 @@ private Q_SLOTS:
         unknown.installation.clear();
         SLockHolder reused = SLockHolder::ofThisProcess(); // the number was given to another process
         ++reused.started;
+        SLockHolder container = reused; // shares the machine's start
+        container.machine = QStringLiteral("another");
         const QByteArray whole = ofAnotherMachine().encode();
         for (const auto &[content, taken] : {std::pair(rebooted.encode(), isKnownMachine),
                                              {namesake.encode(), false},
                                              {unknown.encode(), false},
                                              {reused.encode(), true},
+                                             {container.encode(), false},
                                              {whole, false},
                                              {whole.left(whole.size() / 2), false},
                                              {QByteArray(), false},
