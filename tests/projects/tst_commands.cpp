@@ -327,6 +327,10 @@ private Q_SLOTS:
               "Port 2: the cabinet at (128, 0) is not wired"})
             QVERIFY2(run.out.contains(QLatin1String(text)), qPrintable(run.out));
         QVERIFY2(run.errors.contains(path("wrong.sprj")), qPrintable(run.errors));
+        project.colorDepth = 10;
+        QVERIFY(CProcessorProject::write(path("deep.sprj"), project));
+        const QString deep = runHere({QStringLiteral("check"), path("deep.sprj")}).out;
+        QVERIFY2(deep.contains(QLatin1String("it carries 494,791 pixels")), qPrintable(deep));
     }
 
     void tellsWhenItsOutputIsLost()
