@@ -151,8 +151,15 @@ void CCabinetGemometryLabel::connectSignals()
             showRank();
         });
     };
-    whenEntered(m_columns, [this](int columns) { enterRank(columns); });
-    whenEntered(m_rows, [this](int rows) { enterRank((m_arranged + rows - 1) / rows); });
+    const auto linesOf = [this](int length) { return (m_arranged + length - 1) / length; };
+    whenEntered(m_columns, [this, linesOf](int entered) {
+        const int columns = qBound(1, entered, qMax(1, m_arranged));
+        Q_EMIT notifySelectedCabinetRankChanged({columns, linesOf(columns)});
+    });
+    whenEntered(m_rows, [this, linesOf](int entered) {
+        const int rows = qBound(1, entered, qMax(1, m_arranged));
+        Q_EMIT notifySelectedCabinetRankChanged({linesOf(rows), rows});
+    });
     whenEntered(m_x, [this](int x) { Q_EMIT notifySelectedCabinetPositionChanged({x, m_extent.y()}); });
     whenEntered(m_y, [this](int y) { Q_EMIT notifySelectedCabinetPositionChanged({m_extent.x(), y}); });
     whenEntered(m_width, [this](int width) {
@@ -161,11 +168,6 @@ void CCabinetGemometryLabel::connectSignals()
     whenEntered(m_height, [this](int height) {
         Q_EMIT notifySelectedCabinetSizeChanged({m_extent.width(), height});
     });
-}
-
-void CCabinetGemometryLabel::enterRank(int columns)
-{
-    Q_EMIT notifySelectedCabinetRankChanged(qBound(1, columns, m_arranged));
 }
 
 /// The ports that hold the selection; without one those of the whole processor.

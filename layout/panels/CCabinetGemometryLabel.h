@@ -33,7 +33,7 @@ public:
 Q_SIGNALS:
     void notifySelectedCabinetPositionChanged(const QPoint &corner); ///< of the selection's extent, pixels
     void notifySelectedCabinetSizeChanged(const QSize &size);        ///< of the selection's extent, pixels
-    void notifySelectedCabinetRankChanged(int columns);
+    void notifySelectedCabinetRankChanged(const QSize &rank);        ///< columns and rows
 
 public Q_SLOTS:
     /// @p extent is that of the selection, canvas pixels; empty without one.
@@ -46,7 +46,6 @@ private:
                                     int maximum);
     QLabel *addFigure(QGridLayout &grid, int column, const QString &name);
     void connectSignals();
-    void enterRank(int columns);
     void lockPorts(bool locked);
     void showExtent();
     void showRank();

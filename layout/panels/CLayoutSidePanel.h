@@ -34,7 +34,7 @@ Q_SIGNALS:
     // Passed on from the units.
     void notifySelectedCabinetPositionChanged(const QPoint &corner);
     void notifySelectedCabinetSizeChanged(const QSize &size);
-    void notifySelectedCabinetRankChanged(int columns);
+    void notifySelectedCabinetRankChanged(const QSize &rank);
     void notifyTopologybuttonClicked(int pattern);
     /// The user wants to see @p area, canvas pixels.
     void viewSceneRectChanged(const QRect &area);

@@ -36,6 +36,20 @@ int number(std::vector<int> &values)
     return count;
 }
 
+/// Whether items fill line after line of @p length places, the last one perhaps in part. They are given by
+/// their lines and their places in these.
+bool fills(const std::vector<int> &lines, const std::vector<int> &places, int length)
+{
+    std::vector<bool> taken(lines.size(), false);
+    for (size_t i = 0; i < lines.size(); ++i) {
+        const size_t place = size_t(lines[i]) * size_t(length) + size_t(places[i]);
+        if (place >= taken.size() || taken[place])
+            return false;
+        taken[place] = true; // as each has its own, in the end all are
+    }
+    return true;
+}
+
 } // namespace
 
 QSize CabinetRank::of(const QVector<QRect> &areas)
@@ -52,12 +66,6 @@ QSize CabinetRank::of(const QVector<QRect> &areas)
     }
     const int columnCount = number(columns);
     const int rowCount = number(rows);
-    std::vector<bool> taken(columns.size(), false);
-    for (size_t i = 0; i < columns.size(); ++i) {
-        const size_t place = size_t(rows[i]) * size_t(columnCount) + size_t(columns[i]);
-        if (place >= taken.size() || taken[place])
-            return {};
-        taken[place] = true; // as each has its own, in the end all are
-    }
-    return {columnCount, rowCount};
+    const bool regular = fills(rows, columns, columnCount) || fills(columns, rows, rowCount);
+    return regular ? QSize(columnCount, rowCount) : QSize();
 }

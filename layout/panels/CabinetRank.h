@@ -9,8 +9,8 @@
 /// How a selection is arranged.
 namespace CabinetRank {
 
-/// Columns and rows of @p areas if they stand in a grid, row by row, the last row perhaps not full; an
-/// empty size if not, or without any. O(n), or O(n log n) if they are far apart.
+/// Columns and rows of @p areas if they stand in a grid, row by row or column by column, the last one perhaps
+/// not full; an empty size if not, or without any. O(n), or O(n log n) if they are far apart.
 QSize of(const QVector<QRect> &areas);
 
 } // namespace CabinetRank

@@ -40,7 +40,7 @@ Q_SIGNALS:
     void notifyTopologybuttonClicked(int pattern);
     void notifySelectedCabinetPositionChanged(const QPoint &corner);
     void notifySelectedCabinetSizeChanged(const QSize &size);
-    void notifySelectedCabinetRankChanged(int columns);
+    void notifySelectedCabinetRankChanged(const QSize &rank);
     // From the view: what is selected.
     void notifySelectedCabinetGeometryChanged(const QRect &extent);
     /// The area of each port that holds the selection, canvas pixels.

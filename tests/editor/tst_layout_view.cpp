@@ -222,7 +222,7 @@ private Q_SLOTS:
             QCoreApplication::processEvents();
             return extents.last().first().toRect();
         };
-        view().onNotifySelectedCabinetRankChanged(2);
+        view().onNotifySelectedCabinetRankChanged({2, 2});
         QCOMPARE(told(), QRect(0, 0, 256, 256));
         view().onNotifySelectedCabinetPositionChanged(QPoint(50, 60));
         QCOMPARE(told(), QRect(50, 60, 256, 256));

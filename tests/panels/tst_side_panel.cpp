@@ -125,9 +125,9 @@ private Q_SLOTS:
         world.type("Height", "3*192");
         QCOMPARE(sizes.last().first().toSize(), QSize(200, 576));
         world.type("Rows", "3");
-        QCOMPARE(ranks.last().first().toInt(), 1);
+        QCOMPARE(ranks.last().first().toSize(), QSize(1, 3));
         world.type("Columns", "99");
-        QCOMPARE(ranks.last().first().toInt(), 3);
+        QCOMPARE(ranks.last().first().toSize(), QSize(3, 1));
         world.type("Width", "3*");
         QCOMPARE(sizes.count(), 1);
         QCOMPARE(world.field("Width").text(), QStringLiteral("200"));
@@ -183,7 +183,9 @@ private Q_SLOTS:
         QCOMPARE(QSize(world.field("Columns").value(), world.field("Rows").value()), QSize(1, 2));
         const QSignalSpy ranks(&world.panel, &CLayoutSidePanel::notifySelectedCabinetRankChanged);
         world.type("Columns", "4");
-        QCOMPARE(ranks.last().first().toInt(), 2); // a group is moved as one
+        QCOMPARE(ranks.last().first().toSize(), QSize(2, 1)); // a group is moved as one
+        world.panel.onNotifySelectedCabinetInfos(cabinetsAt({{0, 0}, {0, 50}, {100, 0}, {0, 100}}));
+        QCOMPARE(QSize(world.field("Columns").value(), world.field("Rows").value()), QSize(2, 3));
     }
 
     void pairsAreSavedWhereAProcessorAnswers()

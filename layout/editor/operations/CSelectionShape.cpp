@@ -103,10 +103,10 @@ void CSelectionShape::resize(CGraphicsItemBase &item, const QSize &size)
     CAreaRecorder::scale(m_recorder, item, before, size);
 }
 
-void CSelectionShape::arrange(int columns)
+void CSelectionShape::arrange(const QSize &rank)
 {
     m_editing.cancelGesture();
-    if (columns < 1 || m_selection.isEmpty() || CRefusal::isTold(m_editing, m_selection.closedPort()))
+    if (rank.isEmpty() || m_selection.isEmpty() || CRefusal::isTold(m_editing, m_selection.closedPort()))
         return;
     QVector<CGraphicsItemBase *> items = m_selection.sorted();
     QRectF extent;
@@ -115,15 +115,22 @@ void CSelectionShape::arrange(int columns)
         extent |= placeOf(*item);
         pitch = pitch.expandedTo(item->rect().size());
     }
-    std::stable_sort(items.begin(), items.end(), [](const CGraphicsItemBase *a, const CGraphicsItemBase *b) {
-        const QPointF first = a->scenePos();
-        const QPointF second = b->scenePos();
-        return std::make_tuple(first.y(), first.x()) < std::make_tuple(second.y(), second.x());
-    });
+    const int columns = rank.width();
+    const int rows = rank.height();
+    const bool byColumns = (items.size() + columns - 1) / columns != rows;
+    const auto order = [byColumns](const CGraphicsItemBase &item) {
+        const QPointF place = item.scenePos();
+        return byColumns ? std::make_tuple(place.x(), place.y()) : std::make_tuple(place.y(), place.x());
+    };
+    std::stable_sort(
+        items.begin(), items.end(),
+        [&order](const CGraphicsItemBase *a, const CGraphicsItemBase *b) { return order(*a) < order(*b); });
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("ChangeRank"));
     for (int i = 0; i < items.size(); ++i) {
-        const QPointF offset((i % columns) * pitch.width(), (i / columns) * pitch.height());
+        const int column = byColumns ? i / rows : i % columns;
+        const int row = byColumns ? i % rows : i / columns;
+        const QPointF offset(column * pitch.width(), row * pitch.height());
         move(*items.at(i), extent.topLeft() + offset);
     }
 }

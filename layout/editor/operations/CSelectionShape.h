@@ -36,9 +36,10 @@ public:
     /// stands side by side stays so. Items of a group keep their size and follow. Receiver areas are scaled
     /// and keep at least one pixel. Does nothing if a cabinet would get a size that is not allowed.
     void resizeTo(const QSize &size);
-    /// Arranges the selected items in rows of @p columns items, in the order of their present positions,
-    /// beginning at the upper left corner of their extent. The largest item sets the pitch.
-    void arrange(int columns);
+    /// Arranges the selected items in a grid of @p rank columns and rows, beginning at the upper left corner
+    /// of their extent: row by row in the order of their present positions or, where that does not give these
+    /// rows, column by column. The largest item sets the pitch.
+    void arrange(const QSize &rank);
     /// Gives all selected cabinets @p type and its size; the upper left corners stay.
     void applyType(const TypeInfo &type);
 

@@ -272,9 +272,9 @@ void CLayoutGraphicsView::onPortClicked(int port, bool selected)
     m_scene->backend().picks().port(port, selected);
 }
 
-void CLayoutGraphicsView::onNotifySelectedCabinetRankChanged(int columns)
+void CLayoutGraphicsView::onNotifySelectedCabinetRankChanged(const QSize &rank)
 {
-    m_scene->backend().shape().arrange(columns);
+    m_scene->backend().shape().arrange(rank);
 }
 
 void CLayoutGraphicsView::onNotifySelectedCabinetPositionChanged(const QPoint &corner)

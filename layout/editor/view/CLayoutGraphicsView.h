@@ -91,7 +91,7 @@ public Q_SLOTS:
     /// @p port is the current one now, or none is: what waits to be placed goes there.
     void onPortToggled(int port, bool current);
     /// Arranges the selection in @p columns columns.
-    void onNotifySelectedCabinetRankChanged(int columns);
+    void onNotifySelectedCabinetRankChanged(const QSize &rank);
     void onNotifySelectedCabinetPositionChanged(const QPoint &corner);
     void onNotifySelectedCabinetSizeChanged(const QSize &size);
     void onNotifySelectedChanged(const QList<int> &ports, bool canGroup, bool canBreakGroup);

@@ -157,10 +157,13 @@ bool CRandomEdits::changeShape(int kind, CReferenceModel &edited)
         (m_scene.*move)();
         edited.nudge(m_items, step);
     } else if (kind == Arrange) {
-        const int columns = m_random.bounded(5);
-        if (columns > 0 && !edited.arrange(m_items, columns))
+        const int length = m_random.bounded(5);
+        QSize rank(length, length > 0 ? (m_items.size() + length - 1) / length : 0);
+        if (length <= m_items.size() && m_random.bounded(2))
+            rank.transpose();
+        if (!rank.isEmpty() && !edited.arrange(m_items, rank))
             return false;
-        shape.arrange(columns);
+        shape.arrange(rank);
     } else if (kind == MoveTo) {
         const QPoint corner(m_random.bounded(600), m_random.bounded(600));
         shape.moveTo(corner);

@@ -77,14 +77,17 @@ void CReferenceModel::giveSize(SCabinet &cabinet, const QSize &size)
     cabinet.rect.setSize(fitting);
 }
 
-bool CReferenceModel::arrange(const QSet<QUuid> &items, int columns)
+bool CReferenceModel::arrange(const QSet<QUuid> &items, const QSize &rank)
 {
+    const bool byRows =
+        (rank.height() - 1) * rank.width() < items.size() && items.size() <= rank.height() * rank.width();
     QMap<QPair<int, int>, QUuid> byPlace;
     QSize pitch;
     QRect extent;
     for (const QUuid &item : items) {
         const QRect rect = rectOf(item);
-        byPlace.insert({rect.top(), rect.left()}, item);
+        byPlace.insert(byRows ? qMakePair(rect.top(), rect.left()) : qMakePair(rect.left(), rect.top()),
+                       item);
         pitch = pitch.expandedTo(rect.size());
         extent |= rect;
     }
@@ -92,8 +95,9 @@ bool CReferenceModel::arrange(const QSet<QUuid> &items, int columns)
         return false;
     int place = 0;
     for (const QUuid &item : qAsConst(byPlace)) {
-        const QPoint corner =
-            extent.topLeft() + QPoint(place % columns * pitch.width(), place / columns * pitch.height());
+        const QPoint cell = byRows ? QPoint(place % rank.width(), place / rank.width())
+                                   : QPoint(place / rank.height(), place % rank.height());
+        const QPoint corner = extent.topLeft() + QPoint(cell.x() * pitch.width(), cell.y() * pitch.height());
         translate({item}, corner - rectOf(item).topLeft());
         ++place;
     }

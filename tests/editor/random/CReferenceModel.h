@@ -18,7 +18,7 @@ public:
     /// largest or below a pixel.
     void resize(const QUuid &item, const QPoint &step, int largest);
     /// Returns false, without a change, if two items share a corner: their order is not defined.
-    [[nodiscard]] bool arrange(const QSet<QUuid> &items, int columns);
+    [[nodiscard]] bool arrange(const QSet<QUuid> &items, const QSize &rank);
     void moveTo(const QSet<QUuid> &items, const QPoint &corner);
     void resizeTo(const QSet<QUuid> &items, const QSize &size);
     void setType(const QSet<QUuid> &cabinets, const TypeInfo &type);
