@@ -233,6 +233,46 @@ private Q_SLOTS:
         QCOMPARE(world.port(0).face().fill.red(), 77);
     }
 
+    void appendsTypesThatWereUsedIfTheyFit()
+    {
+        SListWorld world;
+        for (const auto &[name, width] : {std::pair("Flat", 100), {"Huge", 2049}}) {
+            SSettings::TypeLibrary::STreeNode node;
+            node.name = node.info.name = QString::fromLatin1(name);
+            node.key = node.info.key = SMD5::ofContent(name);
+            node.info.width = width;
+            node.info.height = 100;
+            node.info.receivers = {QRect(0, 0, width, 100)};
+            world.answers()->library << node;
+            world.store.recentCabinets().noteType(node.info.key);
+        }
+        world.open(2);
+        CSignalLog appended(&world.list, &CPortList::notifyAppendCabinet);
+        const auto recent = [&world] { // of a menu of its own, as one that was used goes
+            world.click(1, CPortPainter::Append);
+            const QAction *first = world.port(1)
+                                       .findChildren<QMenu *>(QString(), Qt::FindDirectChildrenOnly)
+                                       .last()
+                                       ->actions()
+                                       .first();
+            return first->text() == QLatin1String("Use recent") ? first->menu()->actions()
+                                                                : QList<QAction *>();
+        };
+        {
+            const CMessageBoxAnswerer user({QStringLiteral("OK")});
+            const QList<QAction *> types = recent();
+            QCOMPARE(types.size(), 2);
+            types.first()->trigger();
+            QCOMPARE(user.texts(),
+                     QStringList{QStringLiteral(
+                         "Cabinet height or width must be between 8-2048, the WxH (2049x100) of this "
+                         "cabinet type already exceeds the limit.")});
+        }
+        QCOMPARE(appended.count(), 0);
+        recent().last()->trigger();
+        QCOMPARE(appended[0].mid(0, 2), (QVariantList{1, QSize(100, 100)}));
+    }
+
     void theLastCabinetOfAPortCanBeAppended()
     {
         SListWorld world;

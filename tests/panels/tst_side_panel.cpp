@@ -16,6 +16,8 @@
 #include <QSignalSpy>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace {
 
 using Cabinet = CabinetLayout::CabinetPort::Cabinet;
@@ -222,6 +224,22 @@ private Q_SLOTS:
             QCOMPARE(world.panel.isHistoryShown(), shown);
             world.panel.setHistoryShown(!shown);
         }
+    }
+
+    void namesTheProcessorThatThisOneStandsInFor()
+    {
+        SPanelWorld world;
+        const auto hasLabel = [&world](const QString &wanted) {
+            const auto labels = world.panel.findChild<CBackupLabel *>()->findChildren<QLabel *>();
+            return std::any_of(labels.begin(), labels.end(), [&wanted](const QLabel *label) {
+                return label->text() == wanted || label->toolTip() == wanted;
+            });
+        };
+        QVERIFY(hasLabel(QStringLiteral("Primary processor")));
+        const QUuid primary = world.host.addProcessor(QStringLiteral("B"), 2);
+        const QString name = world.host.answers()->nodes.last().displayText();
+        world.store.setProcessorRedundancies({{primary, world.processor}});
+        QVERIFY(hasLabel(name));
     }
 
     void eachRedundancyPortHasARowThatEndsItsPair()

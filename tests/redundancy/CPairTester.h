@@ -42,7 +42,7 @@ public:
     /// Drops an entry of the list, or the content of another cell, on a cell.
     void drop(const QUuid &key, int row, int column, bool fromTable = false)
     {
-        const std::unique_ptr<QMimeData> data(CBackupList::dataOf(key));
+        const std::unique_ptr<QMimeData> data(dragged(key));
         const QPoint place = view().visualRect(cell(row, column)).center();
         QDragEnterEvent enter(place, Qt::CopyAction, data.get(), Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(view().viewport(), &enter);
@@ -60,5 +60,14 @@ public:
     }
 
 private:
+    /// What a drag of the list's entry carries; that of a cell's content if the list has none.
+    QMimeData *dragged(const QUuid &key) const
+    {
+        const QAbstractItemModel &entries = *list().model();
+        const QModelIndexList found =
+            entries.match(entries.index(0, 0), Qt::UserRole + 1, key, 1, Qt::MatchExactly);
+        return found.isEmpty() ? CBackupList::dataOf(key) : entries.mimeData(found);
+    }
+
     CBackupDialog &m_dialog;
 };
