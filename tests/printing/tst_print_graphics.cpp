@@ -8,11 +8,31 @@
 #include "tests/printing/SheetChecks.h"
 
 #include <QGuiApplication>
+#include <QTransform>
 
 #include <algorithm>
 
 using namespace GraphicsWalls;
 using namespace SheetChecks;
+
+namespace {
+
+/// The wires of a port of 16 cabinets, then the heads of their arrows.
+QVector<QPolygonF> chainOf(const SSheet &sheet)
+{
+    QVector<QPolygonF> found;
+    for (const SSheetMark &mark : sheet.marks) {
+        const auto *stroke = std::get_if<SSheetStroke>(&mark);
+        const auto *fill = std::get_if<SSheetFill>(&mark);
+        if (stroke && qFuzzyCompare(stroke->width, 0.8))
+            found += stroke->path.toSubpathPolygons().toVector();
+        else if (fill && fill->color == Qt::black && fill->path.elementCount() == 15 * 4)
+            found += fill->path.toSubpathPolygons().toVector();
+    }
+    return found.mid(0, 2 * 15); // the samples of the legend come behind
+}
+
+} // namespace
 
 class CPrintGraphicsTest final : public CTestBase
 {
@@ -128,6 +148,17 @@ void CPrintGraphicsTest::mirrorsPlacesButNoTexts()
         for (int cabinet = 0; cabinet < 16; ++cabinet) {
             QVERIFY(std::abs(own[cabinet].left() + mirrored[cabinet].right() - axis) < Hair);
             QVERIFY(std::abs(own[cabinet].top() - mirrored[cabinet].top()) < Hair);
+        }
+        const auto chain = chainOf(front);
+        const auto mirroredChain = chainOf(back);
+        QCOMPARE(chain.size(), 2 * 15);
+        QCOMPARE(mirroredChain.size(), chain.size());
+        for (int mark = 0; mark < chain.size(); ++mark) {
+            const QPolygonF turned = QTransform(-1, 0, 0, 1, axis, 0).map(mirroredChain[mark]);
+            for (const QPointF &point : turned) // the ends of a head's foot change places
+                QVERIFY(std::any_of(chain[mark].begin(), chain[mark].end(), [&](const QPointF &other) {
+                    return (other - point).manhattanLength() < Hair;
+                }));
         }
         // The same texts, each in the same corner of its cabinet.
         QCOMPARE(textsOf(back, EMark::CabinetPlace), textsOf(front, EMark::CabinetPlace));

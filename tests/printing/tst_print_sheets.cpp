@@ -126,6 +126,26 @@ QString touchingTexts(const SSheet &sheet)
     return {};
 }
 
+/// Row and column of each cabinet of that size that a list of cabinets names.
+QVector<QPair<int, int>> listedPlaces(const SSheet &sheet, const char *pixels)
+{
+    QVector<QPair<int, int>> places;
+    if (sheet.title != QLatin1String("List of cabinets"))
+        return places;
+    QMap<double, QVector<SSheetText>> rows; // by their height on the sheet
+    for (const SSheetText &text : textsOf(sheet)) {
+        if (text.mark == EMark::TableCell)
+            rows[text.box.center().y()] << text;
+    }
+    for (const QVector<SSheetText> &row : qAsConst(rows)) {
+        for (int j = 0; j + 8 < row.size(); ++j) {
+            if (row.at(j + 6).text == QString::fromUtf8(pixels))
+                places << qMakePair(row.at(j + 4).text.toInt(), row.at(j + 5).text.toInt());
+        }
+    }
+    return places;
+}
+
 SProcessorProject strangeWall()
 {
     SProcessorProject project = ProjectSamples::ofWall(CWallBuilder::Small4K);
@@ -212,6 +232,10 @@ private Q_SLOTS:
                 QVERIFY2(has(sheet, told.toUtf8().constData()), qPrintable(told));
             const bool back = sheet.view == SSheet::Back;
             QVERIFY(has(sheet, "BACK VIEW") == back && has(sheet, "FRONT VIEW") == !back);
+            QVERIFY(has(sheet, "Column 1 is on your right.") == back &&
+                    has(sheet, "Column 1 is on your left.") == !back);
+            const auto *beneath = std::get_if<SSheetText>(&sheet.marks.first());
+            QVERIFY(beneath && beneath->mark == EMark::Watermark);
             for (const SSheetMark &mark : sheet.marks) {
                 const QColor color = std::visit([](const auto &shown) { return shown.color; }, mark);
                 QVERIFY(!color.isValid() || color.saturation() == 0);
@@ -294,19 +318,8 @@ private Q_SLOTS:
         QSet<QPair<int, int>> places;
         for (int i = 0; i < sheets.size(); ++i) {
             QVERIFY(has(sheets.at(i), qPrintable(QStringLiteral("%1 of %2").arg(i + 1).arg(sheets.size()))));
-            if (sheets.at(i).title != QLatin1String("List of cabinets"))
-                continue;
-            QMap<double, QVector<SSheetText>> rows; // by their height on the sheet
-            for (const SSheetText &text : textsOf(sheets.at(i))) {
-                if (text.mark == EMark::TableCell)
-                    rows[text.box.center().y()] << text;
-            }
-            for (const QVector<SSheetText> &row : qAsConst(rows)) {
-                for (int j = 0; j + 8 < row.size(); ++j) {
-                    if (row.at(j + 6).text == QStringLiteral("192 \u00d7 192"))
-                        places << qMakePair(row.at(j + 4).text.toInt(), row.at(j + 5).text.toInt());
-                }
-            }
+            for (const auto &place : listedPlaces(sheets.at(i), "192 \u00d7 192"))
+                places << place;
         }
         QCOMPARE(places.size(), 240);
         QVERIFY(wholeText(sheets.at(3)).contains(QStringLiteral(" pixels; port 4 goes on")));
@@ -511,10 +524,18 @@ private Q_SLOTS:
             GraphicsWalls::planOf(GraphicsWalls::inputOf(GraphicsWalls::largeWall()), config);
         const QVector<SSheet> all = CSheetSet::of(plan).value();
         QCOMPARE(all.size(), count);
+        QMap<QString, QVector<QPair<int, int>>> listed; // by processor
         for (const SSheet &sheet : all) {
+            listed[sheet.processor] += listedPlaces(sheet, "168 \u00d7 168");
             for (const SSheetMark &mark : sheet.marks)
                 QVERIFY(isWithin(sheet.frame, extentOf(mark)));
             QVERIFY2(touchingTexts(sheet).isEmpty(), qPrintable(touchingTexts(sheet)));
+        }
+        for (const SPlanProcessor &processor : plan.processors) {
+            QVector<QPair<int, int>> &places = listed[processor.name];
+            QCOMPARE(places.size(), 2800);
+            std::sort(places.begin(), places.end());
+            QVERIFY(std::adjacent_find(places.begin(), places.end()) == places.end());
         }
         QVector<SSheet> sheets; // the drawings
         std::copy_if(all.begin(), all.end(), std::back_inserter(sheets),

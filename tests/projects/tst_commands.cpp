@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "host/app/commands/CCommandArguments.h"
 #include "host/app/commands/CCommandLine.h"
 #include "host/app/commands/CPrintOptions.h"
 #include "host/journal/CJournals.h"
@@ -11,6 +12,8 @@
 #include <QProcess>
 #include <QSet>
 #include <QTemporaryDir>
+
+#include <functional>
 
 namespace {
 
@@ -303,6 +306,68 @@ private Q_SLOTS:
         plan("--date 2026-05-04");
         const QByteArray mixed = ProjectSamples::contentOf(path("both.pdf"));
         QVERIFY(mixed.contains("/MediaBox [0 0 1191") && mixed.contains("/MediaBox [0 0 842"));
+    }
+
+    void everyOptionChangesItsSetting()
+    {
+        using Config = PrintConfig;
+        const auto text = [](const char *words) { return QString::fromLatin1(words); };
+        const QVector<QPair<const char *, std::function<void(Config &)>>> options{
+            {"--sheets=cover,parts", [](Config &c) { c.sheets = Config::Cover | Config::PartsList; }},
+            {"--paper=Tabloid", [](Config &c) { c.paper = Config::Tabloid; }},
+            {"--landscape", [](Config &c) { c.landscape = true; }},
+            {"--portrait", [](Config &c) { c.landscape = false; }},
+            {"--binding=top", [](Config &c) { c.binding = Config::BindTop; }},
+            {"--binding-margin=7.5", [](Config &c) { c.bindingMargin = 7.5; }},
+            {"--margin=6", [](Config &c) { c.margin = 6; }},
+            {"--front", [](Config &c) { c.views = Config::FrontView; }},
+            {"--back", [](Config &c) { c.views = Config::BackView; }},
+            {"--both", [](Config &c) { c.views = Config::BothViews; }},
+            {"--scale=1:25", [](Config &c) { c.scale = 25; }},
+            {"--grey", [](Config &c) { c.grey = true; }},
+            {"--color", [](Config &c) { c.grey = false; }},
+            {"--address=a", [&](Config &c) { c.address = text("a"); }},
+            {"--project=a", [&](Config &c) { c.project = text("a"); }},
+            {"--venue=a", [&](Config &c) { c.venue = text("a"); }},
+            {"--designer=a", [&](Config &c) { c.designer = text("a"); }},
+            {"--auditor=a", [&](Config &c) { c.auditor = text("a"); }},
+            {"--date=2026-05-04", [](Config &c) { c.date = QDate(2026, 5, 4); }},
+            {"--notes=a", [&](Config &c) { c.notes = text("a"); }},
+            {"--watermark=a", [&](Config &c) { c.watermark = text("a"); }},
+            {"--far-end=a", [&](Config &c) { c.farEnd = text("a"); }},
+            {"--rack=right,1,2",
+             [](Config &c) {
+                 c.rack = {true, 1, 2};
+             }},
+            {"--slack=1,2", [](Config &c) { c.cables.hopSlack = 1, c.cables.feedSlack = 2; }},
+            {"--stock=7,4",
+             [](Config &c) {
+                 c.cables.stock = {4, 7};
+             }},
+            {"--spares=9", [](Config &c) { c.cables.sparePercent = 9; }},
+            {"--supply=110,1,20,70",
+             [](Config &c) {
+                 c.supply = {110, 1, 20, 70};
+             }},
+            {"--pitch=3.5", [](Config &c) { c.pixelPitch = 3.5; }}};
+        Config other; // where flags change something that change nothing by default
+        other.landscape = false;
+        other.grey = true;
+        other.views = Config::BothViews;
+        const QStringList names = CPrintOptions::names();
+        QCOMPARE(options.size(), (names + CPrintOptions::flags()).size());
+        for (const auto &option : options) {
+            const QStringList given{text(option.first), text("OUT")};
+            const auto arguments = CCommandArguments::parse(given, names, CPrintOptions::flags(), 1);
+            QVERIFY2(arguments, option.first);
+            for (const Config &start : {Config(), other}) {
+                Config config = start;
+                Config wanted = start;
+                option.second(wanted);
+                QCOMPARE(CPrintOptions::apply(arguments.value(), config), QString());
+                QVERIFY2(config == wanted, option.first);
+            }
+        }
     }
 
     void helpNamesEveryOption()
