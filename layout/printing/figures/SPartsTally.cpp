@@ -49,8 +49,7 @@ void addCircuits(SPartsTally::SCircuits &circuits, const SPlanPort &port, const 
             fed = 0; // what follows it does not follow what is before it
             continue;
         }
-        const bool wired = i < port.chain.size();
-        const bool fits = wired && fed > 0 && watts + own <= most;
+        const bool fits = i < port.chain.size() && fed > 0 && watts + own <= most;
         circuits.count += fits ? 0 : 1;
         circuits.links += fits ? 1 : 0;
         fed = fits ? fed + 1 : 1;
