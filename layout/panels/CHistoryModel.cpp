@@ -5,6 +5,29 @@
 #include "platform/widgets/ThemeColors.h"
 
 #include <QFont>
+#include <QHash>
+
+namespace {
+
+/// A step's text for the user: some steps have the name of their operation for a text.
+QString wordsFor(const QString &text)
+{
+    static const QHash<QString, const char *> words{
+        {QStringLiteral("createTopologyWiring"), QT_TRANSLATE_NOOP("CHistoryModel", "Wire with the pen")},
+        {QStringLiteral("topologyWiring"), QT_TRANSLATE_NOOP("CHistoryModel", "Wire by a pattern")},
+        {QStringLiteral("breakSelectedWiring"),
+         QT_TRANSLATE_NOOP("CHistoryModel", "Clear topology of the selection")},
+        {QStringLiteral("BreakPortWiring"), QT_TRANSLATE_NOOP("CHistoryModel", "Clear topology")},
+        {QStringLiteral("ChangePosition"), QT_TRANSLATE_NOOP("CHistoryModel", "Change position")},
+        {QStringLiteral("ChangeSize"), QT_TRANSLATE_NOOP("CHistoryModel", "Change size")},
+        {QStringLiteral("ChangeRank"), QT_TRANSLATE_NOOP("CHistoryModel", "Change rows and columns")},
+        {QStringLiteral("Backup"), QT_TRANSLATE_NOOP("CHistoryModel", "Make a redundancy port")},
+        {QStringLiteral("Reset"), QT_TRANSLATE_NOOP("CHistoryModel", "Replace the layout")}};
+    const auto found = words.find(text);
+    return found == words.end() ? text : CHistoryModel::tr(*found);
+}
+
+} // namespace
 
 void CHistoryModel::show(const QUndoStack *stack, const QString &beginning)
 {
@@ -44,7 +67,7 @@ int CHistoryModel::rowCount(const QModelIndex &parent) const
 
 QString CHistoryModel::text(int row) const
 {
-    const QString text = row == 0 ? m_beginning : m_stack->text(row - 1);
+    const QString text = row == 0 ? m_beginning : wordsFor(m_stack->text(row - 1));
     return row == m_stack->cleanIndex() ? tr("%1 (saved)").arg(text) : text;
 }
 

@@ -12,9 +12,11 @@
 #include "layout/panels/CLayoutSidePanel.h"
 #include "layout/panels/ports/CPortList.h"
 #include "layout/plugin/CWiringLayoutWidget.h"
+#include "platform/graphics/ArrowKeys.h"
 #include "platform/widgets/CTranslatingAnimation.h"
 
-#include <QEvent>
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QMetaMethod>
 #include <QSplitter>
 #include <QToolButton>
@@ -136,6 +138,19 @@ void CViewPortPanel::tellRecords()
     static const auto infos = QMetaMethod::fromSignal(&CViewPortPanel::notifySelectedCabinetInfos);
     if (isSignalConnected(infos))
         Q_EMIT notifySelectedCabinetInfos(m_view.cabinetScene().selection().records());
+}
+
+/// Keys that the port list does not use are for the canvas: whoever has just chosen a port goes on with what
+/// it holds. Arrow keys are not among them: at the list's ends they would move cabinets.
+void CViewPortPanel::keyPressEvent(QKeyEvent *event)
+{
+    if (m_passingKey || m_view.hasFocus() || !ArrowKeys::directionOf(event->key()).isNull()) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    m_passingKey = true; // what the view ignores comes back here
+    QCoreApplication::sendEvent(&m_view, event);
+    m_passingKey = false;
 }
 
 void CViewPortPanel::tellPortAreas()

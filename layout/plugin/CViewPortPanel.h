@@ -66,6 +66,7 @@ protected:
     void showEvent(QShowEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     void buildUi();
@@ -92,6 +93,7 @@ private:
     int m_listHeight = 0; ///< that the list gets back when the window is high enough again
     bool m_low = false;   ///< the window is too low for more than one row of ports
     bool m_restored = false;
+    bool m_passingKey = false; ///< to the view
     bool m_blocked = false; ///< by the user
     bool m_backup = false;  ///< the processor in view follows another one
 };

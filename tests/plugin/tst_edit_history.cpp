@@ -92,6 +92,18 @@ class CEditHistoryTest final : public CTestBase
     Q_OBJECT
 
 private Q_SLOTS:
+    void stepsAreNamedInWords()
+    {
+        SHistoryWorld world;
+        world.view().onPortClicked(0, true);
+        world.scene().topologyWiring(3);
+        world.scene().breakSelectedWiring();
+        world.view().onNotifySelectedCabinetPositionChanged({5, 5});
+        QCOMPARE(world.rows().mid(1), (QStringList{QStringLiteral("Wire by a pattern"),
+                                                   QStringLiteral("Clear topology of the selection"),
+                                                   QStringLiteral("Change position")}));
+    }
+
     void aStepLeadsNowhereFromAnotherLayout()
     {
         SHistoryWorld world;

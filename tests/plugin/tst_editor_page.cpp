@@ -292,6 +292,22 @@ private Q_SLOTS:
         QCOMPARE(world.scene().backend().content().portItem(2)->cabinets(nullptr).size(), before + 1);
     }
 
+    void keysThatThePortListDoesNotUseAreForTheCanvas()
+    {
+        SPageWorld world;
+        const auto cabinets = [&world] { return world.scene().selection().cabinets().size(); };
+        QTest::mouseClick(&world.port(1), Qt::LeftButton, {}, QPoint(60, 20));
+        QTest::keyClick(&world.port(1), Qt::Key_G, Qt::ControlModifier);
+        QCOMPARE(world.scene().selection().groups().size(), 1);
+        const QRect before = world.scene().selection().extent();
+        QTest::keyClick(&world.port(2), Qt::Key_Right); // moves the focus, if anything
+        QCOMPARE(world.scene().selection().extent(), before);
+        QTest::keyClick(&world.port(1), Qt::Key_Delete);
+        QCOMPARE(cabinets(), 0);
+        QTest::keyClick(&world.port(1), Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(cabinets(), 8);
+    }
+
     void aRedundancyIsSetAfterAQuestion()
     {
         SPageWorld world;
