@@ -10,6 +10,8 @@
 #include "host/projects/CProcessorProject.h"
 #include "host/projects/CSafeFile.h"
 
+#include <algorithm>
+
 namespace {
 
 using Port = CabinetLayout::CabinetPort;
@@ -113,8 +115,11 @@ CStatus CMappingFiles::replaceLayout(const SDevice &device, const CabinetLayout 
                                        .arg(device.settings.portCount)));
     }
     CabinetLayout layout = device.withPortsInUse(device.working.layout());
+    const auto isKept = [overwriteLocked](const Port &port) { return port.locked && !overwriteLocked; };
+    if (std::all_of(layout.ports.begin(), layout.ports.end(), isKept))
+        return CStatus::failure(device.failureText(tr("All output ports are locked; nothing was imported.")));
     for (Port &port : layout.ports) {
-        if (port.locked && !overwriteLocked)
+        if (isKept(port))
             continue;
         const Port *other = incoming.port(port.index);
         port = renewed(other ? *other : Port(), port.index);

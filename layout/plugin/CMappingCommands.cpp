@@ -93,7 +93,7 @@ void CMappingCommands::report(const SDeviceOutcome &outcome, const QString &succ
 {
     switch (outcome.result) {
     case SDeviceOutcome::Done:
-        CMessageBox::information(&m_messageParent, success);
+        CMessageBox::information(&m_messageParent, success, outcome.text);
         break;
     case SDeviceOutcome::Failed:
         CMessageBox::warning(&m_messageParent, failure, outcome.text);

@@ -45,10 +45,11 @@ void CPortCommands::importMapping(int port)
     if (file.isEmpty())
         return;
     m_store.setMappingFolder(QFileInfo(file).absolutePath());
-    const bool overwrite =
-        m_store.isPortLocked(port) &&
+    const bool overwrite = m_store.isPortLocked(port);
+    if (overwrite &&
         CMessageBox::question(
-            &m_view, tr("The output port has been locked in the current layout, want to overwrite?")) == 0;
+            &m_view, tr("The output port has been locked in the current layout, want to overwrite?")) != 0)
+        return;
     if (!CProcessorInView::isStill(processor, &m_view, tr("Import mapping failed.")))
         return;
     report(CHostAccess::call<&Host::importPortMapping>(processor, port, file, overwrite),

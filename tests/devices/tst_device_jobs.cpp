@@ -166,6 +166,19 @@ private Q_SLOTS:
         QVERIFY(!host.manager.table().isModified(host.stage));
     }
 
+    void readingSeveralTellsHowManyWereLeftOut()
+    {
+        CDeviceFixture host;
+        host.edit(host.lobby);
+        host.manager.jobs().setConfirm([](const QString &) { return false; });
+        const SDeviceOutcome outcome = host.outcomeOf([&](CDeviceJobs::Done done) {
+            host.manager.jobs().readMapping({host.lobby, host.stage, host.left}, {}, std::move(done));
+        });
+        QVERIFY(outcome.isDone());
+        QCOMPARE(outcome.text, QStringLiteral("2 of 3 layouts were read."));
+        QVERIFY(host.manager.table().isModified(host.lobby));
+    }
+
     void savingAllLeavesWhatWasNeverOpenedAlone()
     {
         CDeviceFixture host;

@@ -57,6 +57,17 @@ private Q_SLOTS:
         }
     }
 
+    void anImportIntoLockedPortsAloneSaysSo()
+    {
+        for (const auto &port : m_world->layoutOf(m_world->right).ports)
+            m_world->lockPort(m_world->right, port.index);
+        const CabinetLayout before = m_world->layoutOf(m_world->right);
+        QVERIFY(!m_world->handler.copyProcessorMapping(m_world->left, m_world->right, false));
+        QVERIFY(m_world->handler.lastError().endsWith(QLatin1String("nothing was imported.")));
+        QVERIFY(m_world->layoutOf(m_world->right) == before);
+        QVERIFY(m_world->handler.copyProcessorMapping(m_world->left, m_world->right, true));
+    }
+
     void anImportThatDoesNotFitChangesNothing()
     {
         const QString file = m_world->folder.filePath(QStringLiteral("stage.sprj"));

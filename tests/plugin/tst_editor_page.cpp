@@ -332,7 +332,7 @@ private Q_SLOTS:
         SPageWorld world;
         CPortCommands &commands = world.page.portCommands();
         const QString ok = QStringLiteral("OK");
-        const CMessageBoxAnswerer user({ok, QStringLiteral("No"), ok});
+        const CMessageBoxAnswerer user({ok, QStringLiteral("No"), QStringLiteral("Yes"), ok});
         const QTemporaryDir folder;
         const QString file = folder.filePath(QStringLiteral("one.pprj"));
         {
@@ -342,11 +342,14 @@ private Q_SLOTS:
         }
         QVERIFY(QFile(file).open(QIODevice::WriteOnly));
         world.store.setPortLocked(1, true);
-        const CFileDialogAnswerer files(file);
-        commands.importMapping(1);
+        for (const int boxes : {2, 4}) { // after "No" there is nothing to do, and to tell
+            const CFileDialogAnswerer files(file);
+            commands.importMapping(1);
+            QCOMPARE(user.boxes().size(), boxes);
+        }
         QCOMPARE(world.answers()->calls().filter(QStringLiteral("PortMapping")),
                  (QStringList{QStringLiteral("exportPortMapping(1,%1)").arg(file),
-                              QStringLiteral("importPortMapping(1,%1,false)").arg(file)}));
+                              QStringLiteral("importPortMapping(1,%1,true)").arg(file)}));
     }
 
     void appendOfAPortGoesIntoIt()

@@ -12,20 +12,22 @@ CMappingTransfer::CMappingTransfer(CDeviceServices &services, const SJobContext 
 
 SDeviceOutcome CMappingTransfer::read(const QList<QUuid> &processors, const SMappingOptions &options)
 {
-    return each(processors, tr("Reading the mapping of %1"),
+    return each(processors, tr("Reading the mapping of %1"), tr("%1 of %2 layouts were read."),
                 [this, &options](const SDevice &device) { return readOne(device, options); });
 }
 
 SDeviceOutcome CMappingTransfer::save(const QList<QUuid> &processors)
 {
-    return each(processors, tr("Saving the mapping to %1"),
+    return each(processors, tr("Saving the mapping to %1"), tr("%1 of %2 layouts were saved."),
                 [this](const SDevice &device) { return saveOne(device); });
 }
 
 SDeviceOutcome CMappingTransfer::each(const QList<QUuid> &processors, const QString &progressText,
+                                      const QString &partText,
                                       const std::function<Step(const SDevice &)> &step)
 {
-    bool skipped = false;
+    int done = 0;
+    int skipped = 0; // by the user
     m_count = processors.size();
     for (m_index = 0; m_index < m_count; ++m_index) {
         const std::optional<SDevice> device = m_services.table().device(processors.at(m_index));
@@ -36,11 +38,16 @@ SDeviceOutcome CMappingTransfer::each(const QList<QUuid> &processors, const QStr
         const Step result = step(*device);
         if (result == Step::Cancelled)
             return {SDeviceOutcome::Cancelled, m_failures.join(QLatin1Char('\n'))};
-        skipped = skipped || result == Step::Skipped;
+        done += result == Step::Done;
+        skipped += result == Step::Skipped;
     }
     if (!m_failures.isEmpty())
         return {SDeviceOutcome::Failed, m_failures.join(QLatin1Char('\n'))};
-    return {skipped ? SDeviceOutcome::Cancelled : SDeviceOutcome::Done, {}};
+    if (skipped == 0)
+        return {SDeviceOutcome::Done, {}};
+    if (done == 0)
+        return {SDeviceOutcome::Cancelled, {}};
+    return {SDeviceOutcome::Done, partText.arg(done).arg(done + skipped)};
 }
 
 CSimulatedProcessor::Progress CMappingTransfer::progressOf() const
@@ -69,7 +76,7 @@ CMappingTransfer::Step CMappingTransfer::readOne(const SDevice &device, const SM
     if (!processor)
         return failed(device, tr("A project has no processor to read from."));
     if (!device.layoutRefusal().isEmpty()) // among several, those that can be read are
-        return m_count > 1 ? Step::Done : failed(device, device.layoutRefusal());
+        return m_count > 1 ? Step::Nothing : failed(device, device.layoutRefusal());
     if (device.isModified() && !m_context.ask(device.failureText(
                                    tr("The layout has edits that were not saved to the processor. Replace "
                                       "them by the processor's mapping?"))))
@@ -128,7 +135,7 @@ CMappingTransfer::Step CMappingTransfer::saveOne(const SDevice &device)
         return failed(device, tr("A project has no processor to save to. Save it to a file, or copy its "
                                  "mapping to a processor."));
     if (!device.isLoaded())
-        return Step::Done; // nothing was read or edited: the processor keeps what it has
+        return Step::Nothing; // nothing was read or edited: the processor keeps what it has
     quint64 revision = 0;
     DeviceError error = processor->revision(*m_context.cancel, revision);
     if (error != DeviceError::None)

@@ -24,9 +24,9 @@ public:
     SDeviceOutcome save(const QList<QUuid> &processors);
 
 private:
-    enum class Step { Done, Skipped, Cancelled, Failed };
+    enum class Step { Done, Nothing, Skipped, Cancelled, Failed };
 
-    SDeviceOutcome each(const QList<QUuid> &processors, const QString &progressText,
+    SDeviceOutcome each(const QList<QUuid> &processors, const QString &progressText, const QString &partText,
                         const std::function<Step(const SDevice &)> &step);
     Step readOne(const SDevice &device, const SMappingOptions &options);
     Step takeOver(const SDevice &device, const SProcessorMapping &mapping);

@@ -67,7 +67,8 @@ struct SDeviceOutcome
 {
     enum Result { Done, Cancelled, Failed };
     Result result = Done;
-    QString text; ///< for the user: what failed and on which processor, also before a cancellation
+    QString text; ///< for the user: what failed and on which processor, also before a cancellation; or how
+                  ///< many of several were done, where the user has left out some
 
     bool isDone() const { return result == Done; }
 };
