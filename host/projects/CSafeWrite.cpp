@@ -57,12 +57,18 @@ CStatus CSafeWrite::run(bool keepPrevious, SFileWrite &how)
 CStatus CSafeWrite::replace(bool keepPrevious, SFileWrite &how)
 {
     CFileSystem &system = CFileSystem::current();
-    const bool kept = keepPrevious && keepPending();
+    const Kept previous = keepPrevious ? keepPending() : Kept::No;
+    const bool kept = previous == Kept::Yes;
     const auto giveUp = [&] {
         system.unlink(m_new);
         if (kept)
             system.unlink(CStrayFiles::pending(m_target));
     };
+    if (previous == Kept::NameTaken) {
+        giveUp();
+        return failure(tr("%1 is in the way, and what the file holds now would be lost")
+                           .arg(CSafeFile::quoted(QFile::decodeName(CStrayFiles::pending(m_target)))));
+    }
     if (how.expected) {
         const SFileStamp now = SFileStamp::of(m_file);
         how.changed = now.exists && now != *how.expected;
@@ -116,26 +122,29 @@ QString CSafeWrite::fill(CFileHandle &file) const
     return file.close() ? QString() : CSafeFile::systemReason();
 }
 
-/// Gives the previous content a second name. False: there is none, or it will be lost when the file is
-/// replaced, which must not prevent saving.
-bool CSafeWrite::keepPending() const
+/// Gives the previous content a second name. The name can be taken by another writer, or by what the clean-up
+/// could not settle; then nobody would notice that a version is lost.
+CSafeWrite::Kept CSafeWrite::keepPending() const
 {
     const QByteArray pending = CStrayFiles::pending(m_target);
     if (CFileSystem::current().link(m_target, pending) == 0)
-        return true;
-    return errno != ENOENT && errno != EEXIST && copyPending(); // a file system without links
+        return Kept::Yes;
+    if (errno == EEXIST)
+        return Kept::NameTaken;
+    return errno == ENOENT ? Kept::No : copyPending(); // a file system without links
 }
 
-bool CSafeWrite::copyPending() const
+CSafeWrite::Kept CSafeWrite::copyPending() const
 {
     const QByteArray pending = CStrayFiles::pending(m_target);
     const CResult<QByteArray> content = CSafeFile::read(m_file, LargestCopy);
     if (!content)
-        return false;
+        return Kept::No;
     CFileHandle copy(pending, O_WRONLY | O_CREAT | O_EXCL, 0666);
     if (copy.isOpen() && copy.write(content.value()) && copy.sync() && copy.close())
-        return true;
-    if (copy.isOpen() || errno != EEXIST)
-        CFileSystem::current().unlink(pending);
-    return false;
+        return Kept::Yes;
+    if (!copy.isOpen() && errno == EEXIST)
+        return Kept::NameTaken;
+    CFileSystem::current().unlink(pending);
+    return Kept::No;
 }

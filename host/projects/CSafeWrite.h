@@ -23,12 +23,16 @@ public:
     CStatus run(bool keepPrevious, SFileWrite &how);
 
 private:
+    /// What becomes of the content that is replaced. No: there is none, or it will be lost, which must not
+    /// prevent saving.
+    enum class Kept { Yes, No, NameTaken };
+
     CStatus failure(const QString &why) const;
     CStatus replace(bool keepPrevious, SFileWrite &how);
     QString writeNew();
     QString fill(CFileHandle &file) const;
-    bool keepPending() const;
-    bool copyPending() const;
+    Kept keepPending() const;
+    Kept copyPending() const;
 
     const QString m_file;
     const QByteArray m_target;

@@ -262,6 +262,18 @@ private Q_SLOTS:
         CSafeFile::setVersions(1);
     }
 
+    void aVersionThatCannotBeKeptIsNotReplaced()
+    {
+        const QString file = path("kept");
+        ProjectSamples::setContent(file, "old");
+        QVERIFY(QDir().mkdir(file + QStringLiteral("~new")));
+        const CStatus refused = CSafeFile::write(file, "new", CSafeFile::KeepPrevious);
+        QVERIFY(refused.error().contains(QLatin1String("~new")));
+        QCOMPARE(ProjectSamples::contentOf(file), QByteArray("old"));
+        QVERIFY(CSafeFile::write(file, "new", CSafeFile::DropPrevious));
+        QVERIFY(QDir().rmdir(file + QStringLiteral("~new")));
+    }
+
     void whatWasChangedMeanwhileIsNotReplaced()
     {
         const QString file = path("changed");
