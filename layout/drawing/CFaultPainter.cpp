@@ -101,5 +101,7 @@ void CFaultPainter::paintFromAfar(QPainter &painter, const QRectF &rect, Cabinet
     const qreal side = std::max(LeastAfarMark / scale, std::min(rect.width(), rect.height()) * 0.4);
     QRectF mark(0, 0, side, side);
     mark.moveCenter(rect.center());
+    const qreal rim = 1 / scale;
+    painter.fillRect(mark.adjusted(-rim, -rim, rim, rim) & rect.united(mark), LayoutColors::Rim);
     painter.fillRect(mark, colorOf(fault));
 }

@@ -12,6 +12,7 @@ public:
     /// Red hatching where others cover the cabinet, amber hatching outside the canvas, a dashed frame and a
     /// ring for one that is not wired.
     static void paint(QPainter &painter, const SCabinetLook &look, qreal scale);
-    /// A square in the colour of the fault, as large as is needed to see it.
+    /// A square in the colour of the fault, as large as is needed to see it, with a dark rim where the
+    /// cabinet has room for it.
     static void paintFromAfar(QPainter &painter, const QRectF &rect, CabinetFault fault, qreal scale);
 };
