@@ -20,5 +20,6 @@ struct SSelectionFigures
     qint64 pixels = 0;
     int width = Mixed; ///< that all cabinets have; Mixed without any
     int height = Mixed;
+    bool resizable = true;   ///< whether at least one of the selected items can be resized
     QVector<QRect> arranged; ///< areas of what an arrangement moves: groups, and cabinets without them
 };

@@ -78,6 +78,7 @@ void CCabinetGemometryLabel::onNotifySelectedCabinetInfos(
 void CCabinetGemometryLabel::onSelectionFigures(const SSelectionFigures &figures)
 {
     m_arranged = figures.arranged.size();
+    m_resizable = figures.resizable;
     m_rank = CabinetRank::of(figures.arranged);
     m_count->setText(QString::number(figures.count));
     m_cabinetWidth->setText(commonFigure(figures.width));
@@ -222,10 +223,15 @@ void CCabinetGemometryLabel::updateEnabled()
                            ? tr("Locks all output ports of the processor")
                            : tr("Locks the output ports that hold the selected cabinets"));
     const QString refused = SelectedPorts::refusal(m_processor, m_block, m_store, m_selectedPorts);
-    const QString scaled = tr("The cabinets are scaled together; those in groups keep their size");
-    for (CRecoveryFocusSpinBox *field : {m_columns, m_rows, m_x, m_y, m_width, m_height}) {
+    for (CRecoveryFocusSpinBox *field : {m_columns, m_rows, m_x, m_y}) {
         field->setEnabled(refused.isEmpty());
-        const bool scales = field == m_width || field == m_height;
-        field->setToolTip(refused.isEmpty() && scales ? scaled : refused);
+        field->setToolTip(refused);
+    }
+    for (CRecoveryFocusSpinBox *field : {m_width, m_height}) {
+        field->setEnabled(refused.isEmpty() && m_resizable);
+        field->setToolTip(!refused.isEmpty() ? refused
+                          : m_resizable      ? tr("Cabinets and groups are scaled together")
+                                             : tr("Cabinets of a group, and groups that do not tile a "
+                                                       "rectangle with one type, cannot be resized"));
     }
 }

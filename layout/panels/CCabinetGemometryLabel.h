@@ -58,6 +58,7 @@ private:
     CRecoveryFocusSpinBox *m_rows = nullptr;
     CRecoveryFocusSpinBox *m_x = nullptr;
     CRecoveryFocusSpinBox *m_y = nullptr;
+    bool m_resizable = true;
     CRecoveryFocusSpinBox *m_width = nullptr;
     CRecoveryFocusSpinBox *m_height = nullptr;
     QLabel *m_cabinetWidth = nullptr;

@@ -136,14 +136,17 @@ public:
         press(place, keys);
         release(place, keys);
     }
-    void doubleClick(const QPoint &place)
+    void doubleClick(const QPoint &place, Qt::KeyboardModifiers keys = {})
     {
-        click(place);
-        pressAgain(place);
-        release(place);
+        click(place, keys);
+        pressAgain(place, keys);
+        release(place, keys);
     }
     /// A press soon after a click at the same place.
-    void pressAgain(const QPoint &place) { send(QEvent::MouseButtonDblClick, place, true, {}); }
+    void pressAgain(const QPoint &place, Qt::KeyboardModifiers keys = {})
+    {
+        send(QEvent::MouseButtonDblClick, place, true, keys);
+    }
     /// A drag by one long move.
     void pull(const QPoint &from, const QPoint &to, Qt::KeyboardModifiers pressKeys = {},
               Qt::KeyboardModifiers moveKeys = Qt::AltModifier)

@@ -73,6 +73,23 @@ private Q_SLOTS:
             QTest::keyClick(&view(), Qt::Key(key));
             QCOMPARE(said(), QStringLiteral("Port 1 is locked."));
         }
+        m_mouse->states().locked[0] = false;
+        m_mouse->scene().clearSelection();
+        view().toolBar().chooseMode(CEditorToolBar::Pen);
+        for (const int end : {450, 320}) { // into port 4, and up to it
+            m_mouse->pull({64, 64}, {end, 64});
+            QCOMPARE(said(),
+                     end == 450 ? QStringLiteral("Cabinets of other ports were left out.") : QString());
+            QTest::mousePress(&window, Qt::RightButton);
+        }
+        view().toolBar().chooseMode(CEditorToolBar::Arrow);
+        view().onPortClicked(1, true); // an L
+        view().onNotifySelectedCabinetSizeChanged({64, 64});
+        QVERIFY(said().endsWith(QLatin1String("cannot be resized.")));
+        m_mouse->states().locked[0] = true;
+        view().onPortClicked(0, true);
+        QTest::keyClick(&view(), Qt::Key_Delete);
+        QCOMPARE(said(), QStringLiteral("Port 1 is locked."));
         QWidget elsewhere;
         QTest::mousePress(&elsewhere, Qt::LeftButton); // whatever the user does next
         QCOMPARE(said(), QString());

@@ -37,6 +37,8 @@ private Q_SLOTS:
         m_mouse->doubleClick(InPair);
         m_mouse->click({192, 264}); // its neighbour
         QCOMPARE(m_mouse->selected(), Items{outer});
+        m_mouse->doubleClick({192, 64}, Qt::ControlModifier); // takes in and out
+        QCOMPARE(m_mouse->selected(), Items{outer});
         m_mouse->click({64, 64}, Qt::ControlModifier);
         m_mouse->click({64, 64}); // one of several selected
         QCOMPARE(m_mouse->selected(), loose({0}));
@@ -221,6 +223,50 @@ private Q_SLOTS:
             QTest::keyClick(&m_mouse->view(), Qt::Key_Z, Qt::ControlModifier);
             QVERIFY(m_mouse->layout() == m_mouse->original());
         }
+    }
+
+    void aTypedSizeScalesGroupsWithTheirMembers()
+    {
+        m_mouse->click({64, 564});
+        m_mouse->click({64, 64}, Qt::ControlModifier);
+        QVERIFY(m_mouse->scene().selection().figures().resizable);
+        m_mouse->view().onNotifySelectedCabinetSizeChanged({512, 1256}); // twice as large
+        QCOMPARE(m_mouse->layout().ports[0].getAllCabinets()[0].rect, QRect(0, 0, 256, 256));
+        for (const int member : {0, 1})
+            QCOMPARE(m_mouse->cabinet(2, member).cabinet().rect, QRect(member * 256, 1000, 256, 256));
+        m_mouse->click(InPair, Qt::ControlModifier); // one that cannot is refused
+        m_mouse->view().onNotifySelectedCabinetSizeChanged({256, 628});
+        QCOMPARE(m_mouse->stack().count(), 1);
+        m_mouse->click(InPair);
+        QVERIFY(!m_mouse->scene().selection().figures().resizable);
+        m_mouse->scene().undo(nullptr);
+        QVERIFY(m_mouse->layout() == m_mouse->original());
+    }
+
+    void receiversFollowWhileTheirCabinetIsResized()
+    {
+        const QVector<QRect> before = m_mouse->cabinet(3, 0).cabinet().rects;
+        const QPoint corner = m_mouse->cabinet(3, 0).cabinet().rect.bottomRight();
+        m_mouse->click(corner - QPoint(20, 20));
+        const auto resize = [&] {
+            m_mouse->press(corner);
+            m_mouse->moveTo(corner + QPoint(30, 10));
+            m_mouse->moveTo(corner + QPoint(128, 0));
+            QRect around;
+            for (const QRect &receiver : m_mouse->cabinet(3, 0).cabinet().rects)
+                around |= receiver;
+            QCOMPARE(around.size(), m_mouse->cabinet(3, 0).rect().size().toSize());
+        };
+        resize();
+        QTest::keyClick(&m_mouse->view(), Qt::Key_Escape);
+        m_mouse->release(corner);
+        QCOMPARE(m_mouse->cabinet(3, 0).cabinet().rects, before);
+        QVERIFY(m_mouse->isUntouched());
+        resize();
+        m_mouse->release(corner + QPoint(128, 0));
+        QVERIFY(m_mouse->cabinet(3, 0).cabinet().rects != before);
+        m_mouse->scene().undo(nullptr);
+        QVERIFY(m_mouse->layout() == m_mouse->original());
     }
 
     void clicksChangeNothing()

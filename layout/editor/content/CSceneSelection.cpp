@@ -167,6 +167,10 @@ SSelectionFigures CSceneSelection::figures() const
 {
     SSelectionFigures figures;
     figures.arranged.reserve(m_count);
+    figures.resizable = std::any_of(m_items.begin(), m_items.end(), [](const auto &items) {
+        return std::any_of(items.begin(), items.end(),
+                           [](const CGraphicsItemBase *item) { return item->canResize(); });
+    });
     for (const QVector<CGraphicsItemBase *> &items : m_items) {
         if (const CGraphicsPortItem *port = wholePort(items)) {
             for (const CPortOverview::SPlace &place : port->overview().places()) {

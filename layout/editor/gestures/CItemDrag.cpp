@@ -81,7 +81,8 @@ CItemDrag::CItemDrag(IEditing &editing, const IItemIndex &index, CGraphicsItemBa
 
 void CItemDrag::remember(CGraphicsItemBase &item)
 {
-    m_starts << SStart{item.uuid(), item.scenePos(), item.rect().size()};
+    m_starts << SStart{item.uuid(), item.scenePos(), item.rect().size(),
+                       m_operation == Scale ? item.cabinet() : CGraphicsItemBase::Cabinet()};
     m_frame |= QRectF(item.scenePos(), item.rect().size());
     m_placed = m_frame.toRect();
     m_ports.insert(item.port());
@@ -121,11 +122,20 @@ void CItemDrag::apply(const QVector<QRectF> &rects)
         {
             const CItemChangeBlocker blocker(*item);
             if (m_operation == Scale)
-                item->setSize(rects.at(i).size());
+                scale(*item, m_starts.at(i), rects.at(i).size());
             item->setPos(item->mapToParent(item->mapFromScene(rects.at(i).topLeft())));
         }
         item->followGeometry();
     }
+}
+
+/// The receivers are seen to follow; what they become is recorded at the end.
+void CItemDrag::scale(CGraphicsItemBase &item, const SStart &start, const QSizeF &size)
+{
+    item.setSize(size);
+    auto areas = start.cabinet;
+    CReceiverAreas::resize(areas, start.size.toSize(), size.toSize());
+    static_cast<CGraphicsCabinetItem &>(item).setAreas(areas); // only cabinets are scaled
 }
 
 void CItemDrag::catchAt(const Neighbours &neighbours, int reach)
@@ -210,6 +220,8 @@ void CItemDrag::recordItem(CUndoRecorder &recorder, const SStart &start)
     if (!item)
         return;
     const QSizeF size = item->rect().size();
+    if (m_operation == Scale)
+        static_cast<CGraphicsCabinetItem *>(item)->setAreas(start.cabinet);
     if (size != start.size)
         recorder.record<CReszieCommand>(*item, start.size, size);
     if (item->scenePos() != start.scenePos)

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/api/records/CabinetLayout.h"
+
 #include <QLine>
 #include <QPointF>
 #include <QRectF>
@@ -52,11 +54,13 @@ private:
         QUuid uuid;
         QPointF scenePos;
         QSizeF size;
+        CabinetLayout::CabinetPort::Cabinet cabinet; // while scaling
     };
 
     void remember(CGraphicsItemBase &item);
     /// Raises the ports concerned above the others, or lowers them again.
     void setRaised(bool raised);
+    static void scale(CGraphicsItemBase &item, const SStart &start, const QSizeF &size);
     void apply(const QVector<QRectF> &rects);
     QPointF caught(const QPointF &delta, Qt::KeyboardModifiers keys);
     QVector<QRectF> rectsAt(const QPointF &delta);

@@ -70,12 +70,28 @@ void CPenStroke::moveTo(const QPointF &scenePos)
         if (entry <= 1)
             entered << std::make_tuple(entry, rect.top(), rect.left(), cabinet->uuid());
     }
+    m_passedOthers = m_passedOthers || entersOther(way);
     std::sort(entered.begin(), entered.end());
     for (const auto &entry : qAsConst(entered)) {
         const QUuid &uuid = std::get<3>(entry);
         if (!m_stroke.contains(uuid))
             m_stroke << uuid;
     }
+}
+
+/// Walks over a port's cabinets only where the line crosses its wall.
+bool CPenStroke::entersOther(const QLineF &way) const
+{
+    for (const CGraphicsPortItem *port : m_index.portItems()) {
+        if (port->port() == m_port || entryInto(port->wall(), way) > 1)
+            continue;
+        const QVector<CGraphicsCabinetItem *> cabinets = port->cabinets(nullptr);
+        if (std::any_of(cabinets.begin(), cabinets.end(), [&way](const CGraphicsCabinetItem *cabinet) {
+                return entryInto(cabinet->placement(), way) <= 1;
+            }))
+            return true;
+    }
+    return false;
 }
 
 QVector<CGraphicsCabinetItem *> CPenStroke::drawnCabinets() const
@@ -125,4 +141,6 @@ void CPenStroke::finish(CUndoRecorder &recorder) const
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(recorder, QStringLiteral("createTopologyWiring"));
     CWiringRecorder::rechain(recorder, *owner, chain());
+    if (m_passedOthers)
+        m_editing.tell(tr("Cabinets of other ports were left out."));
 }

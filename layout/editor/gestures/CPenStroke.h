@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QCoreApplication>
 #include <QPolygonF>
 #include <QUuid>
 #include <QVector>
@@ -11,6 +12,7 @@ class CGraphicsPortItem;
 class CUndoRecorder;
 class IEditing;
 class IItemIndex;
+class QLineF;
 
 /// A stroke of the pen tool through the cabinets of one port. It begins at a cabinet. If that cabinet is
 /// wired, the stroke continues from its place in the chain; otherwise from the end of the chain. Each further
@@ -18,6 +20,8 @@ class IItemIndex;
 /// stroke again has no effect.
 class CPenStroke final
 {
+    Q_DECLARE_TR_FUNCTIONS(CPenStroke)
+
 public:
     /// Begins on @p first, at @p scenePos.
     CPenStroke(IEditing &editing, const IItemIndex &index, CGraphicsPortItem &port,
@@ -32,10 +36,12 @@ public:
     QVector<CGraphicsCabinetItem *> chain() const;
     /// The path of the stroke so far, through the centres of its cabinets, in scene coordinates.
     QPolygonF path() const;
-    /// Records the new chain, unless it equals the current one.
+    /// Records the new chain, unless it equals the current one. Tells if cabinets of other ports were
+    /// skipped.
     void finish(CUndoRecorder &recorder) const;
 
 private:
+    bool entersOther(const QLineF &way) const;
     QVector<CGraphicsCabinetItem *> drawnCabinets() const;
 
     IEditing &m_editing;
@@ -43,4 +49,5 @@ private:
     int m_port;
     QPointF m_place;
     QVector<QUuid> m_stroke;
+    bool m_passedOthers = false;
 };

@@ -110,7 +110,8 @@ bool CSceneInput::press(QGraphicsSceneMouseEvent &event)
 
 bool CSceneInput::doubleClick(QGraphicsSceneMouseEvent &event)
 {
-    if (event.button() == Qt::LeftButton && mouseMode().edits() &&
+    const bool toggles = event.modifiers() & Qt::ControlModifier; // then each click counts by itself
+    if (event.button() == Qt::LeftButton && mouseMode().edits() && !toggles &&
         CItemLookup::isOnCabinet(m_scene, event.scenePos()) &&
         !m_select.isOnCabinetHandle(event.scenePos())) {
         m_gestures.beginPress();

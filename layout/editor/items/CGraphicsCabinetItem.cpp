@@ -55,6 +55,15 @@ void CGraphicsCabinetItem::setCabinet(const Cabinet &cabinetRecord)
         editing->notes().noteCabinetMoved(*this);
 }
 
+void CGraphicsCabinetItem::setAreas(const Cabinet &cabinetRecord)
+{
+    record().rects = cabinetRecord.rects;
+    record().blanks = cabinetRecord.blanks;
+    record().original = cabinetRecord.original;
+    forgetInnerLines();
+    update();
+}
+
 const QVector<QLineF> &CGraphicsCabinetItem::innerLines() const
 {
     if (!m_hasInnerLines)

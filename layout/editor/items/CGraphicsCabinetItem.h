@@ -30,6 +30,8 @@ public:
     /// Takes over @p record, including its rectangle; the wiring lines follow. Identity, port, group, rank
     /// and highlight stay unchanged.
     void setCabinet(const Cabinet &record);
+    /// Takes over receiver areas and blanks of @p record only.
+    void setAreas(const Cabinet &record);
     void setPort(int port) override;
     /// Sets the group that the record names as the cabinet's parent.
     void setGroup(const QUuid &group) { record().group = group; }

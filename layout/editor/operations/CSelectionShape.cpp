@@ -25,11 +25,6 @@ QRectF placeOf(const CGraphicsItemBase &item)
     return item.mapRectToScene(item.rect());
 }
 
-bool isResizable(const CGraphicsItemBase &item)
-{
-    return item.type() == CabinetItemKind && !item.isGrouped();
-}
-
 } // namespace
 
 void CSelectionShape::move(CGraphicsItemBase &item, const QPointF &target)
@@ -60,38 +55,48 @@ void CSelectionShape::resizeTo(const QSize &size)
         return;
     const QVector<CGraphicsItemBase *> items = m_selection.sorted();
     QRectF extent;
-    for (const CGraphicsItemBase *item : items)
+    QVector<STarget> targets;
+    for (CGraphicsItemBase *item : items) {
+        if (!item->canResize()) {
+            m_editing.tell(tr("Cabinets of a group, and groups that do not tile a rectangle with one type, "
+                              "cannot be resized."));
+            return;
+        }
         extent |= placeOf(*item);
-    const auto targetOf = [&extent, &size](const CGraphicsItemBase &item) {
-        return CResizeHandles::mapped(placeOf(item), extent, QRectF(extent.topLeft(), size)).toRect();
-    };
-    const auto holdsReceivers = [&targetOf](const CGraphicsItemBase *item) {
-        const QSize target = targetOf(*item).size();
-        return !isResizable(*item) ||
-               target ==
-                   target.expandedTo(CReceiverAreas::smallest(item->cabinet(), item->rect().size().toSize()));
-    };
-    const bool allowed = std::all_of(items.begin(), items.end(), [&targetOf](const CGraphicsItemBase *item) {
-        return !isResizable(*item) || LayoutLimits::isCabinetSize(targetOf(*item).size());
-    });
-    if (!allowed) {
-        m_editing.tell(tr("A cabinet has %1 to %2 pixels on each side.")
-                           .arg(LayoutLimits::SmallestSide)
-                           .arg(LayoutLimits::LargestSide));
-        return;
+        for (CGraphicsCabinetItem *cabinet : item->concernedCabinets())
+            targets << STarget{cabinet, {}};
     }
-    if (!std::all_of(items.begin(), items.end(), holdsReceivers)) {
-        m_editing.tell(tr("Each receiver needs a pixel in both directions."));
+    for (STarget &target : targets)
+        target.place =
+            CResizeHandles::mapped(placeOf(*target.cabinet), extent, QRectF(extent.topLeft(), size)).toRect();
+    const QString obstacle = obstacleTo(targets);
+    if (!obstacle.isEmpty()) {
+        m_editing.tell(obstacle);
         return;
     }
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("ChangeSize"));
-    for (CGraphicsItemBase *item : items) {
-        const QRect target = targetOf(*item);
-        move(*item, target.topLeft());
-        if (isResizable(*item))
-            resize(*item, target.size());
+    for (const STarget &target : qAsConst(targets)) {
+        move(*target.cabinet, target.place.topLeft());
+        resize(*target.cabinet, target.place.size());
     }
+}
+
+QString CSelectionShape::obstacleTo(const QVector<STarget> &targets)
+{
+    const bool allowed = std::all_of(targets.begin(), targets.end(), [](const STarget &target) {
+        return LayoutLimits::isCabinetSize(target.place.size());
+    });
+    if (!allowed)
+        return tr("A cabinet has %1 to %2 pixels on each side.")
+            .arg(LayoutLimits::SmallestSide)
+            .arg(LayoutLimits::LargestSide);
+    const bool holdReceivers = std::all_of(targets.begin(), targets.end(), [](const STarget &target) {
+        const QSize before = target.cabinet->rect().size().toSize();
+        const QSize least = CReceiverAreas::smallest(target.cabinet->cabinet(), before);
+        return target.place.size() == target.place.size().expandedTo(least);
+    });
+    return holdReceivers ? QString() : tr("Each receiver needs a pixel in both directions.");
 }
 
 void CSelectionShape::resize(CGraphicsItemBase &item, const QSize &size)

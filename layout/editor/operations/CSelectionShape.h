@@ -6,8 +6,12 @@
 
 #include <QCoreApplication>
 #include <QPoint>
+#include <QRect>
 #include <QSize>
+#include <QString>
+#include <QVector>
 
+class CGraphicsCabinetItem;
 class CGraphicsItemBase;
 class CSceneSelection;
 class CUndoRecorder;
@@ -33,8 +37,9 @@ public:
     /// pixels.
     void moveTo(const QPoint &corner);
     /// Scales the selection as a whole, so that its extent gets @p size; the upper left corner stays, what
-    /// stands side by side stays so. Items of a group keep their size and follow. Receiver areas are scaled
-    /// and keep at least one pixel. Does nothing if a cabinet would get a size that is not allowed.
+    /// stands side by side stays so. Groups are scaled with their members, as by their handles; receiver
+    /// areas are scaled and keep at least one pixel. Does nothing if a selected item cannot be resized, or if
+    /// a cabinet would get a size that is not allowed.
     void resizeTo(const QSize &size);
     /// Arranges the selected items in a grid of @p rank columns and rows, beginning at the upper left corner
     /// of their extent: row by row in the order of their present positions or, where that does not give these
@@ -44,6 +49,14 @@ public:
     void applyType(const TypeInfo &type);
 
 private:
+    struct STarget
+    {
+        CGraphicsCabinetItem *cabinet;
+        QRect place;
+    };
+
+    /// Why the cabinets cannot get these sizes; empty if they can.
+    static QString obstacleTo(const QVector<STarget> &targets);
     void move(CGraphicsItemBase &item, const QPointF &target);
     void resize(CGraphicsItemBase &item, const QSize &size);
 

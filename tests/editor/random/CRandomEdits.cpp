@@ -170,8 +170,11 @@ bool CRandomEdits::changeShape(int kind, CReferenceModel &edited)
         edited.moveTo(m_items, corner);
     } else if (kind == ResizeTo) {
         const QSize size(m_random.bounded(8) * 24, 16 + m_random.bounded(128)); // now and then empty
+        const bool possible = std::all_of(m_items.begin(), m_items.end(), [this](const QUuid &item) {
+            return m_scene.backend().content().editedItem(item)->canResize();
+        });
         shape.resizeTo(size);
-        if (!size.isEmpty())
+        if (possible && !size.isEmpty())
             edited.resizeTo(m_items, size);
     } else {
         const CReferenceModel::TypeInfo type = CRandomPlacing::randomType(m_random);

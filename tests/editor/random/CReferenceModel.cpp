@@ -117,21 +117,19 @@ void CReferenceModel::resizeTo(const QSet<QUuid> &items, const QSize &size)
     QRect extent;
     for (const QUuid &item : items)
         extent |= rectOf(item);
-    const auto takesSize = [this](const QUuid &item) { return !isGroup(item) && groupOf(item).isNull(); };
     QHash<QUuid, QRect> targets;
-    for (const QUuid &item : items) {
+    for (const QUuid &cabinet : cabinetsBelow(items)) {
+        const SCabinet &changed = m_cabinets[cabinet];
         const QRect target =
-            CResizeHandles::mapped(rectOf(item), extent, QRectF(extent.topLeft(), size)).toRect();
-        if (takesSize(item) && (!LayoutLimits::isCabinetSize(target.size()) ||
-                                target.size() != target.size().expandedTo(CReceiverAreas::smallest(
-                                                     m_cabinets[item].areas, m_cabinets[item].rect.size()))))
+            CResizeHandles::mapped(changed.rect, extent, QRectF(extent.topLeft(), size)).toRect();
+        const QSize least = CReceiverAreas::smallest(changed.areas, changed.rect.size());
+        if (!LayoutLimits::isCabinetSize(target.size()) || target.size() != target.size().expandedTo(least))
             return;
-        targets.insert(item, target);
+        targets.insert(cabinet, target);
     }
-    for (const QUuid &item : items) {
-        translate({item}, targets[item].topLeft() - rectOf(item).topLeft());
-        if (takesSize(item))
-            giveSize(m_cabinets[item], targets[item].size());
+    for (auto target = targets.begin(); target != targets.end(); ++target) {
+        giveSize(m_cabinets[target.key()], target->size());
+        m_cabinets[target.key()].rect.moveTopLeft(target->topLeft());
     }
 }
 
