@@ -189,8 +189,14 @@ private Q_SLOTS:
         const char *texts[] = {"%1 overlapping", "%1 outside the canvas", "%1 unwired"};
         for (int i = 0; i < 3; ++i) {
             QCOMPARE(buttons[i]->text().mid(2), QString::fromLatin1(texts[i]).arg(all[i]));
+            view().setScaleFactor(4);
+            view().centerOn(2000, 2000);
             buttons[i]->click();
             QCOMPARE(scene.selection().cabinets().size(), all[i]);
+            const QRectF shown = view().mapToScene(view().viewport()->rect()).boundingRect();
+            QVERIFY(shown.intersects(scene.selection().extent()));
+            view().setScaleFactor(1);
+            view().centerOn(380, 320);
         }
     }
 
