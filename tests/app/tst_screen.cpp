@@ -213,6 +213,9 @@ private Q_SLOTS:
             QVERIFY(off.copy(left, 50, 50, 50) != paint(picture).copy(left, 50, 50, 50));
         picture.setStatusLed(false);
         QCOMPARE(paint(picture), off);
+        CScreenPicture another; // which was never painted at another size
+        another.setWall(smallWall(), {});
+        QCOMPARE(paint(picture, {200, 50}), paint(another, {200, 50}));
     }
 
     void highlightedCabinetsFlash()

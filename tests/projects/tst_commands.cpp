@@ -142,6 +142,8 @@ private Q_SLOTS:
         row("new NEW --cabinet 64x64 --columns 12abc --rows 1 --ports 1", 2, "12abc");
         row("new NEW --cabinet 64x64 --columns -8 --rows 1 --ports 1", 2, "from 1 to 32768, not \"-8\"");
         row("new NEW --cabinet 0x0 --columns 1 --rows 1 --ports 1", 2, "from 1 to 2048, not \"0x0\"");
+        row("new NEW --cabinet 64x64x64 --columns 1 --rows 1 --ports 1", 2, "not \"64x64x64\"");
+        row("new NEW --cabinet 64x64 --columns 1 --rows 1 --rows 2 --ports 1", 2, "--rows is given twice");
         row("new NEW --cabinet 64x64 --columns 1 --rows 1 --ports 99999", 2, "from 1 to 80");
         row("new NEW --cabinet 64x64 --columns 1 --rows 1 --ports 1 --pattern 8", 2, "0 to 7");
         row("new NEW --cabinet 64x64 --columns 1 --rows 1 --ports", 2, "needs a value");
@@ -380,6 +382,7 @@ private Q_SLOTS:
     void tellsFindings()
     {
         QCOMPARE(runHere({QStringLiteral("check"), wall()}).status, 0);
+        QCOMPARE(runHere({QStringLiteral("check"), QString()}).status, 2);
         SProcessorProject project = CProcessorProject::read(wall()).value();
         project.layout.ports[1].groups[0].cabinets[0].rank = -1;
         project.layout.ports[0].groups[0].cabinets[0].rect = QRect(-2000, 0, 2000, 2000);
@@ -393,6 +396,7 @@ private Q_SLOTS:
             QVERIFY2(run.out.contains(QLatin1String(text)), qPrintable(run.out));
         QVERIFY2(run.errors.contains(path("wrong.sprj")), qPrintable(run.errors));
         project.colorDepth = 10;
+        project.kind = QStringLiteral("unknown"); // the smallest with as many ports counts
         QVERIFY(CProcessorProject::write(path("deep.sprj"), project));
         const QString deep = runHere({QStringLiteral("check"), path("deep.sprj")}).out;
         QVERIFY2(deep.contains(QLatin1String("it carries 494,791 pixels")), qPrintable(deep));

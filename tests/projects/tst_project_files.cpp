@@ -200,6 +200,7 @@ private Q_SLOTS:
         row(sealed("{\"name\":9007199254740993}"), "line 2, column 9"); // which loses digits
         row(sealed("{\"name\":" + QByteArray(100000, '[')), "nested too deep");
         row(sealed("{\"name\":\"\xff\"}"), "UTF-8");
+        row(sealed("{\"name\":\"\x01\"}"), "line 2, column 10: a control character");
         row(sealed(QByteArray(bodyWithPorts("[]")).replace("\"n\"", '"' + QByteArray(257, 'x') + '"')),
             "name: the text is longer than 256");
         row(ports("{\"index\":1.5}"), "ports[0].index: a whole number is expected");

@@ -221,7 +221,7 @@ private Q_SLOTS:
             for (auto &cabinet : selected)
                 cabinet.type = tall.key;
             if (!all)
-                selected.first().type = SMD5();
+                selected.last().type = SMD5();
             const CCabinetTypeSetting dialog(selected, libraryOf({folder("Rental", {leaf(tall)})}), nullptr);
             QCOMPARE(okOf(dialog)->isEnabled(), all);
             QCOMPARE(dialog.type().key == tall.key, all);
