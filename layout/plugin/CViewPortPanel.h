@@ -94,6 +94,6 @@ private:
     bool m_low = false;   ///< the window is too low for more than one row of ports
     bool m_restored = false;
     bool m_passingKey = false; ///< to the view
-    bool m_blocked = false; ///< by the user
-    bool m_backup = false;  ///< the processor in view follows another one
+    bool m_blocked = false;    ///< by the user
+    bool m_backup = false;     ///< the processor in view follows another one
 };

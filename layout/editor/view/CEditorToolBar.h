@@ -42,8 +42,8 @@ public:
     void chooseMode(ETool tool) { m_actions.at(tool)->setChecked(true); }
     /// Sets why @p tool has nothing to do, or could only be refused; empty: it can be used.
     void setObstacle(ETool tool, const QString &reason);
-    /// With a @p reason, disables all tools except those that change nothing; their tool tips tell the reason.
-    /// While the hand tool is in use, the tools that act at once are disabled as well.
+    /// With a @p reason, disables all tools except those that change nothing; their tool tips tell the
+    /// reason. While the hand tool is in use, the tools that act at once are disabled as well.
     void setBlock(const QString &reason);
     /// Whether a highlight is shown by the cabinets' LED instead of a flashing box.
     bool isFrameless() const { return m_frameless; }
