@@ -288,6 +288,12 @@ private Q_SLOTS:
             const QString cables =
                 QStringLiteral(" %1 %2 %3 ").arg(port.load).arg(port.feed.stock).arg(port.loop.stock);
             QVERIFY2(port.loop.need == 0 || text.contains(cables), qPrintable(cables));
+            if (port.chain.isEmpty())
+                continue;
+            const auto &cabinets = plan.processors.first().cabinets;
+            const QString ends = cabinets.at(port.chain.first()).place() + QLatin1Char(' ') +
+                                 cabinets.at(port.chain.last()).place();
+            QVERIFY2(text.contains(ends), qPrintable(ends));
         }
         QVERIFY(std::any_of(ports.begin(), ports.end(), [](const SPlanPort &port) {
             return port.loop.need > 0 && port.feed.stock != port.loop.stock;

@@ -146,6 +146,7 @@ private Q_SLOTS:
         row("new NEW --cabinet 64x64 --columns 1 --rows 1 --rows 2 --ports 1", 2, "--rows is given twice");
         row("new NEW --cabinet 64x64 --columns 1 --rows 1 --ports 99999", 2, "from 1 to 80");
         row("new NEW --cabinet 64x64 --columns 1 --rows 1 --ports 1 --pattern 8", 2, "0 to 7");
+        row("new NEW --cabinet 64x64 --columns 1 --rows 1 --ports 1 --pattern 4294967296", 2, "0 to 7");
         row("new NEW --cabinet 64x64 --columns 1 --rows 1 --ports", 2, "needs a value");
         row("new NEW --cabinet 64x64 --columns=60 --rows=60 --ports=1", 1, "up to 1024");
         row("new NEW.txt --cabinet 64x64 --columns 1 --rows 1 --ports 1", 2, ".sprj");

@@ -248,6 +248,18 @@ private Q_SLOTS:
         QVERIFY(world.user->apply()->isEnabled());
     }
 
+    void resetBringsBackWhatWasThereAtFirst()
+    {
+        SPairWorld world;
+        world.open(QStringLiteral("AB"));
+        QTest::mouseClick(world.user->tool("Clear"), Qt::LeftButton);
+        world.host.answers()->redundancies.clear();
+        QTest::mouseClick(world.user->apply(), Qt::LeftButton);
+        QCOMPARE(world.rows(), QString());
+        QTest::mouseClick(world.user->tool("Reset"), Qt::LeftButton);
+        QCOMPARE(world.rows(), QStringLiteral("A>B"));
+    }
+
     void aRefusalIsPassedOnAndTheTableTruthful()
     {
         SPairWorld world;

@@ -7,6 +7,7 @@
 #include "platform/widgets/CTheme.h"
 #include "platform/widgets/color/CColorSVPanel.h"
 #include "platform/widgets/color/CColorSlider.h"
+#include "platform/widgets/color/CHsvColor.h"
 #include "tests/editor/CFixedPortStates.h"
 #include "tests/harness/CTestBase.h"
 #include "tests/harness/DialogUser.h"
@@ -139,6 +140,17 @@ private Q_SLOTS:
         QTest::mousePress(opened.panel(), Qt::LeftButton, {}, QPoint(100, 100));
         QTest::mouseMove(opened.panel(), QPoint(-50, 900));
         QVERIFY(opened.panel()->rect().contains(opened.panel()->marker()));
+    }
+
+    void greyAndBlackKeepWhatTheyDoNotShow()
+    {
+        CHsvColor color;
+        color.setHsv(120, 200, 100);
+        color.setRgb(QColor(50, 50, 50));
+        QCOMPARE(color.hue(), 120);
+        color.setHsv(120, 200, 100);
+        color.setRgb(Qt::black);
+        QCOMPARE(color.saturation(), 200);
     }
 
     void theDefaultIsNoColorOfItsOwn()
