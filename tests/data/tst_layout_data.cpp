@@ -276,6 +276,21 @@ private Q_SLOTS:
         QCOMPARE(scene.answers()->layouts[scene.a], imported);
     }
 
+    void boundsAreThoseOfEditsAlsoWhenPortsAreRefreshed()
+    {
+        SStoreScene scene;
+        scene.holdHandOver();
+        scene.editor.shown.ports[0].groups[0].cabinets[0].rect.translate(5000, 0);
+        scene.store.syncLayoutData(false);
+        const QRect edited = scene.store.layoutData().bounds;
+        QVERIFY(edited.right() >= 5000);
+        CSignalLog loads(&scene.store, &CLayoutData::notifyProcessorPayloadChanged);
+        scene.host.notify(LayoutNotification::PortCountChanged);
+        QTRY_COMPARE(loads.count(), 1);
+        QCOMPARE(scene.store.layoutData().bounds, edited);
+        scene.letGo();
+    }
+
     void announcesWhichPortIsCurrent()
     {
         SStoreScene scene;
