@@ -125,6 +125,7 @@ void CViewPortPanel::connectSidePanel(CLayoutSidePanel &panel)
     connect(&panel, &Side::viewSceneRectChanged, this, &Panel::showArea);
     connect(&panel, &Side::notifySaveMappingSuccessed, this, &Panel::onNotifySaveMappingSuccessed);
     connect(this, &Panel::notifySelectedPort, &panel, &Side::onNotifySelectedPort);
+    connect(this, &Panel::notifyPortToggled, &panel, &Side::onNotifyPortToggled);
     connect(&m_view, &CLayoutGraphicsView::notifySelectionFigures, &panel, &Side::onSelectionFigures);
     connect(this, &Panel::notifySelectedCabinetGeometryChanged, &panel,
             &Side::onNotifySelectedCabinetGeometryChanged);

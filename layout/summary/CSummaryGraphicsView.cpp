@@ -95,8 +95,14 @@ void CSummaryGraphicsView::addItem(const SSummaryProcessor &processor)
     item->setZValue(-double(processor.area.width()) * processor.area.height());
     m_scene->addItem(item);
     m_items << item;
-    connect(item, &CGraphicsProcessorItem::geometryChanged, this, &CSummaryGraphicsView::announcePlace);
-    connect(item, &CGraphicsProcessorItem::offsetChanged, this, &CSummaryGraphicsView::announcePlace);
+    connect(item, &CGraphicsProcessorItem::geometryChanged, this, [this, item] {
+        if (item->isSelected())
+            announceGeometry();
+    });
+    connect(item, &CGraphicsProcessorItem::offsetChanged, this, [this, item] {
+        if (item->isSelected())
+            announceOffset();
+    });
 }
 
 void CSummaryGraphicsView::updateContent()
@@ -348,18 +354,24 @@ void CSummaryGraphicsView::announceSelection()
         return;
     const Items selected = selectedItems();
     Q_EMIT selectionChanged(selected.isEmpty() ? QUuid() : selected.first()->processor());
-    announcePlace();
+    announceGeometry();
+    announceOffset();
     describeSelection();
 }
 
-void CSummaryGraphicsView::announcePlace()
+void CSummaryGraphicsView::announceGeometry()
 {
     const Items selected = selectedItems();
-    if (selected.isEmpty())
-        return;
-    const QRect outline = outlineOf(selected);
-    Q_EMIT itemGeometryChanged(outline);
-    Q_EMIT itemOffsetChanged(selected.size() == 1 ? selected.first()->offset() : outline.topLeft());
+    if (!selected.isEmpty())
+        Q_EMIT itemGeometryChanged(outlineOf(selected));
+}
+
+void CSummaryGraphicsView::announceOffset()
+{
+    const Items selected = selectedItems();
+    if (!selected.isEmpty())
+        Q_EMIT itemOffsetChanged(selected.size() == 1 ? selected.first()->offset()
+                                                      : outlineOf(selected).topLeft());
 }
 
 /// For screen readers.

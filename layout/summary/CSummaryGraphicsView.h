@@ -81,7 +81,8 @@ private:
     void endMove();
     void cancelMove();
     void announceSelection();
-    void announcePlace();
+    void announceGeometry();
+    void announceOffset();
     void describeSelection();
 
     CGraphicsScene *m_scene;

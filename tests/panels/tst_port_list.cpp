@@ -307,6 +307,13 @@ private Q_SLOTS:
         CSignalLog information(&world.list, &CPortList::notifyShowCabinetInfo);
         entryOf(*menu, QStringLiteral("Cabinet parameters>Cabinet information..."))->trigger();
         QCOMPARE(information[0], QVariantList{1});
+        CSignalLog marked(&world.list, &CPortList::notifyMarkupCustomCabinet);
+        entryOf(*menu, QStringLiteral("Cabinet parameters>Markup custom cabinets"))->toggle();
+        QCOMPARE(marked[0], QVariantList{true});
+        world.store.setPortColor(0, Qt::green);
+        world.store.setPortColor(1, Qt::green);
+        entryOf(*menu, QStringLiteral("Cabinet fill>Set all outputs to default"))->trigger();
+        QVERIFY(!world.store.port(0).color.isValid() && !world.store.port(1).color.isValid());
 
         world.setRole(processor, 0, Port::Primary, 2);
         world.setRole(processor, 2, Port::Redundant, 0);
@@ -341,6 +348,11 @@ private Q_SLOTS:
         QCOMPARE(parametersTip(), QStringLiteral("The cabinet is not in the processor's saved mapping."));
         world.answers()->layouts[processor].layout.ports[1].groups[0].cabinets[0].mappingIndex = 0;
         QCOMPARE(parametersTip(), QString());
+        CSignalLog saved(&world.list, &CPortList::notifySaveCabinetPara);
+        std::unique_ptr<QMenu> connected(world.menu(1));
+        entryOf(*connected, QStringLiteral("Cabinet parameters>Save parameters..."))->trigger();
+        QCOMPARE(saved[0], QVariantList{1});
+        connected.reset();
         world.answers()->nodes[0].address = 0; // a project
         QCOMPARE(parametersTip(), QStringLiteral("A project has no cabinets that are connected."));
         world.open(2, 0);

@@ -9,6 +9,7 @@
 #include "layout/panels/ports/CPortList.h"
 #include "layout/plugin/CLayoutEditorPage.h"
 #include "layout/plugin/CPortCommands.h"
+#include "layout/plugin/CViewPortPanel.h"
 #include "tests/editor/SceneParts.h"
 #include "tests/harness/CFileDialogAnswerer.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
@@ -250,8 +251,10 @@ private Q_SLOTS:
     {
         SPageWorld world;
         QCOMPARE(world.checked(), QList<int>{0});
+        CSignalLog toggled(world.page.findChild<CViewPortPanel *>(), &CViewPortPanel::notifyPortToggled);
         QTest::mouseClick(&world.port(1), Qt::LeftButton, {}, QPoint(60, 20));
         QCOMPARE(world.store.currentPort(), 1);
+        QCOMPARE(toggled[0], (QVariantList{1, true}));
         QCOMPARE(world.scene().selection().ports(), QList<int>{1});
         QTest::mouseClick(&world.port(2), Qt::LeftButton, Qt::ControlModifier, QPoint(60, 20));
         QCOMPARE(world.checked(), (QList<int>{1, 2}));
@@ -259,6 +262,7 @@ private Q_SLOTS:
         QTest::mouseClick(&world.port(2), Qt::LeftButton, {}, QPoint(60, 20));
         QCOMPARE(world.scene().selection().ports(), QList<int>{2});
         QCOMPARE(world.store.currentPort(), 2);
+        QCOMPARE(toggled.count(), 2); // once for each other port
         QTest::mouseClick(&world.port(2), Qt::LeftButton, {}, QPoint(60, 20));
         QVERIFY(world.scene().selection().isEmpty());
         QCOMPARE(world.checked(), QList<int>{2}); // still the current one

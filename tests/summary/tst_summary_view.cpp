@@ -119,6 +119,9 @@ private Q_SLOTS:
             QCOMPARE(spy->last().first().toRectF(), QRectF(30, -40, 200, 100));
         for (const QSignalSpy *spy : {&offset, &viewOffset})
             QCOMPARE(spy->last().first().toPoint(), QPoint(30, -40));
+        QVERIFY(viewGeometry.count() == 1 && viewOffset.count() == 1);
+        world.item(world.b).setPos(300, 0); // not selected
+        QVERIFY(viewGeometry.count() == 1 && viewOffset.count() == 1);
     }
 
     void clicksSelect()
