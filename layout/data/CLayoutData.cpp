@@ -61,6 +61,12 @@ CanvasBlock CLayoutData::canvasBlock() const
     return CHostAccess::call<&Host::canvasBlock>();
 }
 
+std::pair<QUuid, int> CLayoutData::portPartner(int port) const
+{
+    const Port state = m_states.port(port);
+    return {state.redundancyProcessor, state.redundancyPort};
+}
+
 QColor CLayoutData::portColor(int port) const
 {
     const QColor color = m_states.port(port).color;

@@ -68,6 +68,7 @@ public:
 
     bool isPortLocked(int port) const override { return m_states.port(port).locked; }
     Port::Redundancy portRedundancy(int port) const override { return m_states.port(port).redundancy; }
+    std::pair<QUuid, int> portPartner(int port) const override;
     QColor portColor(int port) const override;
     int currentPort() const override { return m_states.currentPort(); }
     CanvasBlock canvasBlock() const override;

@@ -12,6 +12,7 @@
 #include "platform/common/CCustomPaint.h"
 
 #include <QFont>
+#include <QFontMetricsF>
 #include <QPainter>
 #include <QSvgRenderer>
 
@@ -60,7 +61,13 @@ void paintNumber(QPainter &painter, const SCabinetLook &look, const QRectF &onSc
     QRectF place = onScreen.adjusted(margin, margin, 0, 0);
     if (close) { // in one row with the label
         margin = CLayoutPainter::markMargin(onScreen);
-        const qreal before = look.label.isEmpty() ? 0 : CPortLabel::widthBeforeNumber(look.label) + margin;
+        qreal before = 0;
+        if (!look.label.isEmpty()) {
+            const bool icon = look.locked && !CLayoutPainter::isRoomy(onScreen.width());
+            before = CPortLabel::widthBeforeNumber(look.label, icon) + margin;
+            if (margin + before + QFontMetricsF(font).horizontalAdvance(look.number) > onScreen.width())
+                return; // the label says that it is the first one
+        }
         place =
             QRectF(onScreen.left() + margin + before, onScreen.top() + margin, onScreen.width(), PlateSize);
     }
@@ -90,7 +97,7 @@ void paintMark(QPainter &painter, QSvgRenderer &picture, const QRectF &onScreen,
 
 void paintMarks(QPainter &painter, const SCabinetLook &look, const QRectF &onScreen)
 {
-    if (sideOf(onScreen) < CloseSide || (onScreen.width() < RoomyWidth && !look.label.isEmpty()))
+    if (sideOf(onScreen) < CloseSide || (!CLayoutPainter::isRoomy(onScreen.width()) && !look.label.isEmpty()))
         return;
     if (look.locked)
         paintMark(painter, CSvgCache::lock(), onScreen, 0);
@@ -239,6 +246,11 @@ bool CLayoutPainter::isAfar(qreal width, qreal scale)
 bool CLayoutPainter::isClose(const QRectF &cabinet, qreal scale)
 {
     return sideOf(cabinet) * scale >= CloseSide;
+}
+
+bool CLayoutPainter::isRoomy(qreal width)
+{
+    return width >= RoomyWidth;
 }
 
 qreal CLayoutPainter::markMargin(const QRectF &onScreen)

@@ -32,7 +32,7 @@ struct SCabinetLook : SCabinetState
     QRectF rect;                ///< pixels of the painter's coordinates
     QVector<QLineF> innerLines; ///< borders of receivers, relative to the rectangle's corner
     QString number;             ///< place in the chain, from 1; its port where it is not wired
-    QString label;              ///< text of the port's label in the cabinet, which is drawn elsewhere
+    QString label;              ///< name on the port's label in the cabinet, which is drawn elsewhere
     QVector<QRectF> overlaps;   ///< what other cabinets cover, relative to the corner
     QVector<QRectF> outside;    ///< what lies outside the canvas, relative to the corner
     bool locked = false;
@@ -71,6 +71,9 @@ public:
     static bool isAfar(qreal width, qreal scale);
     /// Returns whether a cabinet is so large that it carries marks of its own.
     static bool isClose(const QRectF &cabinet, qreal scale);
+    /// Returns whether a close cabinet of that width, device pixels, has room for label, number and marks in
+    /// a row.
+    static bool isRoomy(qreal width);
     /// How far marks and labels keep from the edges of a cabinet of that size, device pixels.
     static qreal markMargin(const QRectF &onScreen);
 

@@ -68,7 +68,7 @@ SCabinetLook lookOf(const Cabinet &cabinet, const Port &port, const SLayoutDrawO
         look.number = QString::number(cabinet.rank + 1);
     if (options.labels && !look.redundant) {
         look.wired = cabinet.rank >= 0;
-        look.label = cabinet.rank == 0 ? CPortLabel::text(port.index, port.load) : QString();
+        look.label = cabinet.rank == 0 ? CPortLabel::text(port.index) : QString();
         if (!look.wired) {
             look.fault = CabinetFault::Unwired;
             look.number = CPortLabel::text(port.index);
@@ -159,9 +159,11 @@ SPortLook lookOf(const Port &port)
     if (chain.isEmpty())
         return look;
     look.wired = true;
+    look.tail = CCabinetRect::fromRecord(chain.last().rect);
+    look.backup = CPortLabel::backupText(port);
     look.single = chain.size() == 1;
     look.entry = SWireAnchors::of(head, look.head).entry;
-    look.exit = SWireAnchors::of(chain.last(), CCabinetRect::fromRecord(chain.last().rect)).exit;
+    look.exit = SWireAnchors::of(chain.last(), look.tail).exit;
     return look;
 }
 

@@ -18,6 +18,7 @@
 namespace {
 
 constexpr int FullLoad = 100; // percent
+constexpr qreal PlateGap = 4; // device pixels
 
 const QColor OutlinedFill(31, 31, 36);
 
@@ -35,16 +36,15 @@ bool isOverloaded(const SPortLook &look)
     return look.load > FullLoad && !look.redundant;
 }
 
-QString textOf(const SPortLook &look)
-{
-    return CPortLabel::text(look.port, look.redundant ? 0 : look.load);
-}
-
-/// A label as it lies on the screen, in device pixels relative to the origin of the canvas.
+/// A text on a plate as it lies on the screen, in device pixels relative to the origin of the canvas.
 struct SPlate
 {
+    enum EStyle { Tinted, Overload, Outlined };
+
     QRectF rect;
+    QString text;
     QFont font;
+    EStyle style = Tinted;
     QSvgRenderer *icon = nullptr; // null: none
 };
 
@@ -69,34 +69,101 @@ qreal paddingOf(qreal height)
     return height / 4;
 }
 
-SPlate plateOf(const SPortLook &look, qreal scale)
+qreal iconWidth(qreal height)
 {
-    const EDistance distance = distanceOf(look.head, scale);
-    const qreal height = heightOf(distance, look.head, scale);
+    return height * 0.8;
+}
+
+qreal marginOf(EDistance distance, const QRectF &onScreen)
+{
+    return distance == Close ? CLayoutPainter::markMargin(onScreen) : 1;
+}
+
+/// Close by each cabinet carries its own lock, unless there is no room beside label and number.
+bool showsLock(const SPortLook &look, EDistance distance, qreal scale)
+{
+    return look.locked &&
+           (distance != Close || (look.wired && !CLayoutPainter::isRoomy(look.head.width() * scale)));
+}
+
+/// A plate for @p text in the corner of @p cabinet.
+SPlate plateIn(const QRectF &cabinet, qreal scale, const QString &text, QSvgRenderer *icon)
+{
+    const EDistance distance = distanceOf(cabinet, scale);
+    const qreal height = heightOf(distance, cabinet, scale);
     SPlate plate;
+    plate.text = text;
+    plate.icon = icon;
     plate.font = fontOf(height);
-    if (look.redundant)
-        plate.icon = &CSvgCache::redundancy();
-    else if (look.locked && distance != Close) // close by each cabinet carries its own
-        plate.icon = &CSvgCache::lock();
-    const qreal width = QFontMetricsF(plate.font).horizontalAdvance(textOf(look)) + 2 * paddingOf(height) +
-                        (!plate.icon ? 0 : height * 0.8);
-    const QRectF head(look.head.topLeft() * scale, look.head.size() * scale);
-    const qreal margin = distance == Close ? CLayoutPainter::markMargin(head) : 1;
-    plate.rect = QRectF(head.topLeft() + QPointF(margin, margin), QSizeF(width, height));
-    if (distance == Afar)
-        plate.rect.moveCenter(look.bounds.center() * scale);
-    else if (look.redundant) // its primary may have a label in the same cabinet
-        plate.rect.moveBottom(head.bottom() - margin);
+    const qreal width = QFontMetricsF(plate.font).horizontalAdvance(text) + 2 * paddingOf(height) +
+                        (icon ? iconWidth(height) : 0);
+    const QRectF onScreen(cabinet.topLeft() * scale, cabinet.size() * scale);
+    const qreal margin = marginOf(distance, onScreen);
+    plate.rect = QRectF(onScreen.topLeft() + QPointF(margin, margin), QSizeF(width, height));
     return plate;
 }
 
-/// Whether there is room for it: of a port that is smaller than its label nothing else would be seen.
-bool hasRoom(const SPortLook &look, const SPlate &plate, qreal scale)
+void moveLow(SPlate &plate, const QRectF &cabinet, qreal scale)
 {
-    const QSizeF port = look.bounds.size() * scale;
-    return !look.bounds.isEmpty() && port.width() >= plate.rect.width() * 0.75 &&
-           port.height() >= plate.rect.height() * 0.75;
+    const QRectF onScreen(cabinet.topLeft() * scale, cabinet.size() * scale);
+    plate.style = SPlate::Outlined;
+    plate.rect.moveBottom(onScreen.bottom() - marginOf(distanceOf(cabinet, scale), onScreen));
+}
+
+/// Whether there is room for it: of a port that is smaller than its label nothing else would be seen.
+bool hasRoom(const QRectF &place, const SPlate &plate, qreal scale)
+{
+    const QSizeF size = place.size() * scale;
+    return size.width() >= plate.rect.width() * 0.75 && size.height() >= plate.rect.height() * 0.75;
+}
+
+/// The name of the port; an overload has its figure beside it from afar, else below it.
+void addName(QVector<SPlate> &plates, const SPortLook &look, qreal scale)
+{
+    const EDistance distance = distanceOf(look.head, scale);
+    const bool overloaded = isOverloaded(look);
+    QSvgRenderer *icon = look.redundant                     ? &CSvgCache::redundancy()
+                         : showsLock(look, distance, scale) ? &CSvgCache::lock()
+                                                            : nullptr;
+    const QString name = CPortLabel::text(look.port, overloaded && distance == Afar ? look.load : 0);
+    SPlate plate = plateIn(look.head, scale, name, icon);
+    if (overloaded)
+        plate.style = SPlate::Overload;
+    if (look.redundant)
+        moveLow(plate, look.head, scale); // its primary may have a label in the same cabinet
+    if (distance == Afar)
+        plate.rect.moveCenter(look.bounds.center() * scale);
+    if (!hasRoom(look.bounds, plate, scale))
+        return;
+    plates << plate;
+    if (!overloaded || distance == Afar)
+        return;
+    SPlate figure = plateIn(look.head, scale, QStringLiteral("%1%").arg(look.load), nullptr);
+    figure.style = SPlate::Overload;
+    figure.rect.moveTop(plate.rect.bottom() + (distance == Close ? PlateGap : 1));
+    if (hasRoom(look.bounds, figure, scale))
+        plates << figure;
+}
+
+/// The redundancy port feeds the chain from its end.
+void addBackup(QVector<SPlate> &plates, const SPortLook &look, qreal scale)
+{
+    const EDistance distance = distanceOf(look.tail, scale);
+    if (look.backup.isEmpty() || !look.wired || distance == Afar)
+        return;
+    SPlate plate =
+        plateIn(look.tail, scale, look.backup, distance == Close ? &CSvgCache::redundancy() : nullptr);
+    moveLow(plate, look.tail, scale);
+    if (hasRoom(look.tail, plate, scale))
+        plates << plate;
+}
+
+QVector<SPlate> platesOf(const SPortLook &look, qreal scale)
+{
+    QVector<SPlate> plates;
+    addName(plates, look, scale);
+    addBackup(plates, look, scale);
+    return plates;
 }
 
 qreal endRadius(const QRectF &head, qreal scale)
@@ -106,17 +173,19 @@ qreal endRadius(const QRectF &head, qreal scale)
 
 void paintPlate(QPainter &painter, const SPortLook &look, const SPlate &plate)
 {
-    const QColor tint = isOverloaded(look) ? QColor(LayoutColors::Overload) : CPortColors::tint(look.fill);
+    const bool outlined = plate.style == SPlate::Outlined;
+    const QColor tint =
+        plate.style == SPlate::Overload ? QColor(LayoutColors::Overload) : CPortColors::tint(look.fill);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(look.redundant ? tint : QColor(LayoutColors::Rim), 1));
-    painter.setBrush(look.redundant ? OutlinedFill : tint);
+    painter.setPen(QPen(outlined ? tint : QColor(LayoutColors::Rim), 1));
+    painter.setBrush(outlined ? OutlinedFill : tint);
     painter.drawRoundedRect(plate.rect.adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
     QRectF rest = plate.rect;
     if (plate.icon) {
         const qreal side = rest.height() * 0.72;
         QRectF icon(0, 0, side, side);
         icon.moveCenter(QPointF(rest.left() + 0.65 * rest.height(), rest.center().y()));
-        if (!look.redundant) { // the picture is a light one
+        if (!outlined) { // the picture is a light one
             painter.setPen(Qt::NoPen);
             painter.setBrush(QColor::fromRgba(LayoutColors::Plate));
             painter.drawRoundedRect(icon.adjusted(-1, -1, 1, 1), 2, 2);
@@ -126,8 +195,8 @@ void paintPlate(QPainter &painter, const SPortLook &look, const SPlate &plate)
     }
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setFont(plate.font);
-    painter.setPen(look.redundant ? QColor(LayoutColors::Frame) : CPortColors::ink(tint));
-    painter.drawText(rest, Qt::AlignCenter | Qt::TextDontClip, textOf(look));
+    painter.setPen(outlined ? QColor(LayoutColors::Frame) : CPortColors::ink(tint));
+    painter.drawText(rest, Qt::AlignCenter | Qt::TextDontClip, plate.text);
 }
 
 /// A dot where the cable enters, a ring where the chain ends.
@@ -153,7 +222,7 @@ bool operator==(const SPortLook &a, const SPortLook &b)
 {
     const auto all = [](const SPortLook &look) {
         return std::tie(look.port, look.fill, look.locked, look.redundant, look.load, look.bounds, look.head,
-                        look.wired, look.single, look.entry, look.exit);
+                        look.tail, look.backup, look.wired, look.single, look.entry, look.exit);
     };
     return all(a) == all(b);
 }
@@ -164,17 +233,25 @@ QString CPortLabel::text(int port, qint64 load)
     return load > FullLoad ? QStringLiteral("%1 %2%").arg(name).arg(load) : name;
 }
 
-qreal CPortLabel::widthBeforeNumber(const QString &text)
+QString CPortLabel::backupText(const CabinetLayout::CabinetPort &port)
+{
+    if (port.redundancy != CabinetLayout::CabinetPort::Primary || port.redundancyPort < 0)
+        return {};
+    const QString name = text(port.redundancyPort);
+    return port.redundancyProcessor.isNull() ? name : QChar(0x2192) + name; // an arrow: elsewhere
+}
+
+qreal CPortLabel::widthBeforeNumber(const QString &text, bool icon)
 {
     const qreal height = heightOf(Close, {}, 1);
-    return QFontMetricsF(fontOf(height)).horizontalAdvance(text) + 2 * paddingOf(height);
+    return QFontMetricsF(fontOf(height)).horizontalAdvance(text) + 2 * paddingOf(height) +
+           (icon ? iconWidth(height) : 0);
 }
 
 void CPortLabel::paint(QPainter &painter, const SPortLook &look, qreal scale)
 {
     if (look.bounds.isEmpty())
         return;
-    const SPlate plate = plateOf(look, scale);
     const QTransform canvas = painter.worldTransform();
     painter.save();
     // Whole device pixels, at whatever scale.
@@ -182,7 +259,7 @@ void CPortLabel::paint(QPainter &painter, const SPortLook &look, qreal scale)
     painter.setWorldTransform(QTransform::fromTranslate(qRound(origin.x()), qRound(origin.y())));
     if (look.wired && distanceOf(look.head, scale) != Afar)
         paintEnds(painter, look, scale);
-    if (hasRoom(look, plate, scale))
+    for (const SPlate &plate : platesOf(look, scale))
         paintPlate(painter, look, plate);
     painter.restore();
 }
@@ -192,7 +269,9 @@ QVector<QRectF> CPortLabel::areas(const SPortLook &look, qreal scale)
     if (look.bounds.isEmpty())
         return {};
     constexpr qreal rounding = 2;
-    QVector<QRectF> areas = {plateOf(look, scale).rect};
+    QVector<QRectF> areas;
+    for (const SPlate &plate : platesOf(look, scale))
+        areas << plate.rect;
     if (look.wired) {
         const qreal side = 2 * endRadius(look.head, scale);
         for (const QPointF &end : {look.entry, look.exit}) {

@@ -287,7 +287,7 @@ private Q_SLOTS:
         const CMessageBoxAnswerer user({QStringLiteral("OK")});
         const CFileDialogAnswerer chooser(bench.folder.filePath(QStringLiteral("wall.jpg")));
         bench.commands.exportLayout(project);
-        QCOMPARE(user.boxes().first().details, QStringLiteral("The name must end in .png or .csv."));
+        QCOMPARE(user.boxes().first().details, QStringLiteral("The name must end in .png, .svg or .csv."));
     }
 
     void quittingAsksForEveryProject()

@@ -253,16 +253,39 @@ private Q_SLOTS:
         }
         QCOMPARE(pictures[0], pictures[1]);
         QVERIFY(pictures[1] != pictures[2] && pictures[2] != pictures[3]);
+        LayoutData data = wall();
+        data.layout.ports[0].load = 1120;
+        // Below the name: the number stays beside it.
+        QVERIFY(QRect(8, 8, 80, 60).contains(difference(pictureOf(wall()), pictureOf(data))));
+        QCOMPARE(pictureOf(wall()).copy(44, 8, 100, 26), pictureOf(data).copy(44, 8, 100, 26));
+    }
+
+    void aRedundancyPortIsNamedWhereItsPrimarysChainEnds()
+    {
+        LayoutData paired = wall();
+        paired.layout.ports[0].redundancy = Port::Primary;
+        paired.layout.ports[0].redundancyPort = 15;
+        LayoutData elsewhere = paired;
+        elsewhere.layout.ports[0].redundancyProcessor = QUuid::createUuid();
+        for (const qreal scale : {1.0, 0.2}) {
+            const QRect tail(int(300 * scale), int(100 * scale), int(200 * scale), int(100 * scale));
+            const QRect name = difference(pictureOf(wall(), {}, scale), pictureOf(paired, {}, scale));
+            QVERIFY(!name.isEmpty() && tail.contains(name));
+            QVERIFY(!difference(pictureOf(paired, {}, scale), pictureOf(elsewhere, {}, scale)).isEmpty());
+        }
+        QCOMPARE(pictureOf(wall(), {}, 0.04), pictureOf(paired, {}, 0.04)); // no room from afar
     }
 
     void locksAndRedundancyAreShownAtEveryScale()
     {
-        for (const qreal scale : {1.0, 0.2}) {
+        for (const qreal scale : {1.0, 0.4, 0.2}) {
             LayoutData locked = wall();
             locked.layout.ports[0].locked = true;
             const QRect lock = difference(pictureOf(wall(), {}, scale), pictureOf(locked, {}, scale));
             QVERIFY(!lock.isEmpty());
-            if (scale < 1)
+            if (scale == 0.4) // in the label of the first cabinet, which has no room beside it
+                QVERIFY(QRect(0, 0, 80, 34).intersects(lock));
+            if (scale < 0.4)
                 QVERIFY(QRect(0, 0, 60, 20).contains(lock)); // in the label
             LayoutData redundant = wall();
             redundant.layout.ports[0].redundancy = Port::Redundant;

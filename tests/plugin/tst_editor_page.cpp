@@ -373,6 +373,10 @@ private Q_SLOTS:
         world.host.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{0, 1, true});
         QTRY_COMPARE(world.ranks(1), QVector<int>(4, -1));
         QCOMPARE(world.ranks(0), (QVector<int>{0, 1, 2, 3}));
+        const auto named = [&world] { return world.scene().backend().content().portItem(0)->look().backup; };
+        QCOMPARE(named(), QStringLiteral("P2"));
+        world.host.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{0, 1, false});
+        QTRY_COMPARE(named(), QString());
     }
 };
 

@@ -277,6 +277,11 @@ private Q_SLOTS:
         QVERIFY(parts.contains(">9<") && parts.contains(">870<")); // hops of 7,140 mm; a feed
         QCOMPARE(run("wall.svg", "--size 512x128").status, 0);
         QVERIFY(ProjectSamples::contentOf(path("wall.svg")).contains("viewBox=\"0 0 512 128\""));
+        const QString full = path("full.sprj");
+        runHere({QStringLiteral("new"), full, QStringLiteral("--cabinet=192x192"),
+                 QStringLiteral("--columns=10"), QStringLiteral("--rows=4"), QStringLiteral("--ports=2")});
+        QCOMPARE(runHere({QStringLiteral("export"), full, path("full.svg")}).status, 0);
+        QCOMPARE(ProjectSamples::contentOf(path("full.svg")).count(">112%<"), 2); // of each overloaded port
     }
 
     void keepsSettingsInProjects()

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/commands/CExportCommand.h"
 
+#include "host/app/commands/CCheckCommand.h"
 #include "host/app/commands/CCommandArguments.h"
 #include "host/app/commands/CLayoutExport.h"
 #include "host/app/commands/CPrintOptions.h"
@@ -29,6 +30,9 @@ LayoutData dataOf(const SProcessorProject &project)
     LayoutData data;
     data.processor = project.layout.processor;
     data.layout = project.layout;
+    const SLayoutLimits limits = CCheckCommand::limitsOf(project);
+    for (CabinetLayout::CabinetPort &port : data.layout.ports)
+        port.load = limits.portLoad ? limits.portLoad(port).percent : 0;
     data.canvas = project.canvas;
     data.bounds = project.layout.boundingRect();
     return data;

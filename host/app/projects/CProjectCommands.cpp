@@ -178,12 +178,11 @@ void CProjectCommands::exportLayout(const QUuid &processor)
     QString name = nameOf(processor);
     name.replace(QLatin1Char('/'), QLatin1Char('-'));
     QFileDialog dialog(&m_window, tr("Export layout"), m_settings.projectFolder());
-    dialog.setNameFilters({tr("Picture(*.png)"), tr("Cabinet list(*.csv)")});
+    dialog.setNameFilters({tr("Picture(*.png)"), tr("Drawing(*.svg)"), tr("Cabinet list(*.csv)")});
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("png"));
     connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString &filter) {
-        dialog.setDefaultSuffix(filter.contains(QLatin1String("csv")) ? QStringLiteral("csv")
-                                                                      : QStringLiteral("png"));
+        dialog.setDefaultSuffix(filter.section(QLatin1String("*."), 1).chopped(1));
     });
     dialog.selectFile(name);
     if (dialog.exec() == QDialog::Accepted)
@@ -195,12 +194,12 @@ void CProjectCommands::exportTo(const QUuid &processor, const QString &file)
     m_services.flush();
     const SDevice device = m_services.table().device(processor).value_or(SDevice());
     Q_EMIT notifyWorking(tr("Exporting \"%1\"...").arg(QDir::toNativeSeparators(file)));
-    CStatus status = CStatus::failure(tr("The name must end in .png or .csv."));
+    CStatus status = CStatus::failure(tr("The name must end in .png, .svg or .csv."));
     if (CLayoutExport::kindOf(file) != CLayoutExport::Unknown)
         status = CBackgroundCall::result([&] {
             return CLayoutExport::kindOf(file) == CLayoutExport::Table
                        ? CLayoutExport::writeTable(device.data(), device.node.name, device.print, file)
-                       : CLayoutExport::write(device.data(), file);
+                       : CLayoutExport::write(device.dataWithLoads(), file);
         });
     Q_EMIT notifyWorking({});
     if (status)

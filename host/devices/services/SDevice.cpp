@@ -22,6 +22,14 @@ LayoutData SDevice::data() const
     return data;
 }
 
+LayoutData SDevice::dataWithLoads() const
+{
+    LayoutData complete = data();
+    for (CabinetLayout::CabinetPort &port : complete.layout.ports)
+        port.load = portLoad(port, port.index).percent;
+    return complete;
+}
+
 SPortLoad SDevice::portLoad(const CabinetLayout::CabinetPort &port, int index) const
 {
     const qint64 used = CPortCapacity::charged(kind.generation, CPortCapacity::carried(port));

@@ -40,6 +40,7 @@ struct SDevice
     }
     QRect area() const { return {settings.offset, settings.canvas}; } ///< on the shared canvas
     LayoutData data() const;
+    LayoutData dataWithLoads() const; ///< the same for a picture, which tells overloads. O(cabinets)
     /// Load if @p port replaced port @p index of the working layout.
     SPortLoad portLoad(const CabinetLayout::CabinetPort &port, int index) const;
     /// Why nobody may change the working layout, for the user; empty: they may.

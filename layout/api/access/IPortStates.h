@@ -6,6 +6,9 @@
 #include "layout/api/records/SHostRecords.h"
 
 #include <QSize>
+#include <QUuid>
+
+#include <utility>
 
 /// What the canvas needs to know of the current processor's ports. Any thread; values are copied out. A port
 /// that does not exist is reported as unlocked, not redundant and in its default colour.
@@ -15,6 +18,8 @@ public:
     virtual ~IPortStates() = default;
     virtual bool isPortLocked(int port) const = 0;
     virtual CabinetLayout::CabinetPort::Redundancy portRedundancy(int port) const = 0;
+    /// The other port of the pair and its processor, null for the same processor; -1: none.
+    virtual std::pair<QUuid, int> portPartner(int) const { return {QUuid(), -1}; }
     /// The fill of the port's cabinets; always valid.
     virtual QColor portColor(int port) const = 0;
     /// The current output port, on which commands without a selection act; -1: none.

@@ -248,7 +248,7 @@ void CGraphicsCabinetItem::paint(QPainter *painter, const QStyleOptionGraphicsIt
         if (!look.wired && !look.redundant)
             look.number = CPortLabel::text(item->port());
         else if (m_chainRole == Head)
-            look.label = CPortLabel::text(item->port(), item->shownLoad());
+            look.label = CPortLabel::text(item->port());
     }
     if (look.wired)
         look.number = QString::number(m_chainPosition + 1);

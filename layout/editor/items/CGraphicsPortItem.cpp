@@ -13,6 +13,7 @@
 #include <QGraphicsView>
 
 #include <algorithm>
+#include <tuple>
 
 namespace {
 
@@ -170,6 +171,7 @@ void CGraphicsPortItem::refreshState()
 {
     m_state.locked = m_states.isPortLocked(port());
     m_state.redundancy = m_states.portRedundancy(port());
+    std::tie(m_state.redundancyProcessor, m_state.redundancyPort) = m_states.portPartner(port());
     m_marksCustom = m_states.marksCustomCabinets();
     m_overview.forget();
     const QColor color = m_states.portColor(port());
@@ -215,6 +217,8 @@ SPortLook CGraphicsPortItem::look() const
         return look;
     const CGraphicsCabinetItem *last = m_chain.tail();
     look.single = !last;
+    look.tail = last ? last->placement() : look.head;
+    look.backup = CPortLabel::backupText(m_state);
     look.entry = first->entryPoint();
     look.exit = (last ? last : first)->exitPoint();
     return look;

@@ -68,7 +68,6 @@ public:
     bool isShownRedundant() const { return m_state.redundancy == Port::Redundant; }
     bool marksCustomCabinets() const { return m_marksCustom; }
     void setShownLocked(bool locked);
-    qint64 shownLoad() const { return m_load; } ///< percent
     void setShownLoad(qint64 load);
     QColor fill() const { return m_fill.color(); } ///< of its cabinets
     void setColor(const QColor &color);

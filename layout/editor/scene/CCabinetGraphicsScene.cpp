@@ -264,8 +264,10 @@ void CCabinetGraphicsScene::onSelectionChanged()
 
 void CCabinetGraphicsScene::onNotifyProcessorStateChanged()
 {
-    for (CGraphicsPortItem *port : m_backend->content().portItems())
+    for (CGraphicsPortItem *port : m_backend->content().portItems()) {
         port->refreshState();
+        port->updateLabel();
+    }
     m_backend->faults().noteAll(); // what is redundant now has none
     m_backend->content().forgetRecords();
     updateViews();
