@@ -86,7 +86,7 @@ void CJournal::append(int entry, const QByteArray &content)
 bool CJournal::isOutgrown() const
 {
     return !m_new && !m_broken && m_file &&
-           (m_size > std::max(SmallestLimit, std::min(4 * m_base, LargestFile / 2 - m_base)) ||
+           (m_size > std::max(SmallestLimit, std::min(4 * m_base, (LargestFile - m_base) / 2)) ||
             m_state.effort() > LargestEffort);
 }
 

@@ -61,7 +61,7 @@ public:
     /// Removes the file that @p lock keeps from others, if it still has that name.
     static void remove(const QByteArray &path, const Handle &lock);
 
-    static constexpr qint64 LargestFile = 256 * 1024 * 1024; ///< bytes that are read
+    static constexpr qint64 LargestFile = 1024 * 1024 * 1024; ///< bytes that are read
     static QString suffix() { return QStringLiteral(".journal"); }
 
 private:

@@ -57,8 +57,7 @@ void CJournalState::enter(SJournalStep &step, const SEditStep::SPort &changed, S
         CByteWriter forward;
         CByteWriter back;
         CPortCodec::writeGroups(forward, back, changed.before.groups, changed.after.groups);
-        step.deltas << SPortDelta{index,  forward.bytes(), back.bytes(),
-                                  target, after,           changed.after.cabinetCount()};
+        step.deltas << SPortDelta{index, forward.bytes(), back.bytes(), target, after};
     }
     now.groups = changed.after.groups;
     m_digests[index] = after;

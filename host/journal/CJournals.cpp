@@ -21,7 +21,7 @@ constexpr int LargeStep = 10000; // cabinets
 constexpr std::chrono::milliseconds Turn(500);
 constexpr std::chrono::milliseconds DiskPatience(250);
 constexpr std::chrono::milliseconds HistoryPatience(1000);
-constexpr qint64 UsualHistoryBytes = 128 * 1024 * 1024;
+constexpr qint64 UsualHistoryBytes = 256 * 1024 * 1024;
 
 int cabinetsIn(const SEditStep &step)
 {
@@ -75,10 +75,11 @@ void CJournals::setHistory(bool kept, qint64 bytes)
     });
 }
 
-/// What a new file must hold of a history, so that it can be read again.
+/// A file that holds it must be readable. In the editor, the same steps need several times as much memory, so
+/// that the limit that the user sets is reached there first.
 qint64 CJournals::mostHistory() const
 {
-    return std::min(m_historyBytes, CJournal::LargestFile / 2);
+    return std::min(m_historyBytes, CJournal::LargestFile / 4 * 3);
 }
 
 /// Under the lock. A disk that does not answer lets the queue grow, instead of keeping an edit waiting.

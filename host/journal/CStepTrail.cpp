@@ -4,6 +4,7 @@
 
 #include "host/journal/CByteReader.h"
 #include "host/journal/CByteWriter.h"
+#include "host/journal/CPortChange.h"
 #include "host/journal/CPortCodec.h"
 
 #include <QMap>
@@ -11,31 +12,71 @@
 #include <algorithm>
 #include <cstdlib>
 #include <limits>
+#include <utility>
 
 namespace {
 
 using Port = CabinetLayout::CabinetPort;
 
 constexpr int HighestNumber = std::numeric_limits<int>::max();
-constexpr int SmallestStep = 2;      // bytes
-constexpr int CondensedAt = 16;      // changes in a step that others were merged with
-constexpr int BytesPerCabinet = 240; // of a record with what belongs to it
-constexpr int BytesPerStep = 1024;
+constexpr int SmallestStep = 2; // bytes
+constexpr int CondensedAt = 16; // changes in a step that others were merged with
 
-template <typename List>
-auto portIn(List &ports, int index)
+using Deltas = QVector<SPortDelta>;
+
+QMap<int, Deltas> byPort(const Deltas &deltas)
 {
-    return std::find_if(ports.begin(), ports.end(),
-                        [index](const Port &port) { return port.index == index; });
+    QMap<int, Deltas> sorted;
+    for (const SPortDelta &delta : deltas)
+        sorted[delta.port] << delta;
+    return sorted;
 }
+
+const Port *portIn(const CStepTrail::Ports &ports, int index)
+{
+    const auto found =
+        std::find_if(ports.begin(), ports.end(), [index](const Port &port) { return port.index == index; });
+    return found == ports.end() ? nullptr : &*found;
+}
+
+/// Goes over steps one after the other, and tells which of them lead from the ports to where they say.
+class CSteps final
+{
+public:
+    CSteps(const CStepTrail::Ports &ports, IPortChange::ESide from)
+        : m_ports(ports)
+        , m_forward(from == IPortChange::Before)
+    {
+    }
+    bool leads(const Deltas &deltas)
+    {
+        const auto leadsOn = [this](const SPortDelta &delta) {
+            const Port *port = portIn(m_ports, delta.port);
+            if (!port)
+                return false;
+            if (!m_reached.contains(delta.port))
+                m_reached[delta.port] = CPortCodec::digest(port->groups);
+            const quint64 end = m_forward ? delta.after : delta.before;
+            return std::exchange(m_reached[delta.port], end) == (m_forward ? delta.before : delta.after);
+        };
+        return m_forward ? std::all_of(deltas.begin(), deltas.end(), leadsOn)
+                         : std::all_of(deltas.rbegin(), deltas.rend(), leadsOn);
+    }
+
+private:
+    const CStepTrail::Ports &m_ports;
+    const bool m_forward;
+    QMap<int, quint64> m_reached; // digests
+};
 
 } // namespace
 
 qint64 CStepTrail::SStep::bytes() const
 {
-    qint64 bytes = BytesPerStep;
+    constexpr qint64 BytesOfLists = 2 * 40;
+    qint64 bytes = qint64(sizeof(*this)) + text.size() * qint64(sizeof(QChar)) + BytesOfLists;
     for (const SPortDelta &delta : deltas)
-        bytes += delta.forward.size() + delta.back.size() + qint64(delta.cabinets) * BytesPerCabinet;
+        bytes += delta.bytes();
     return bytes;
 }
 
@@ -43,6 +84,7 @@ void CStepTrail::note(const SJournalStep &step, const Ports &ports)
 {
     dropFirst(std::max(0, step.dropped - m_first));
     m_first = std::max(0, m_first - step.dropped);
+    m_gone += std::min(step.dropped, HighestNumber - m_gone);
     if (step.kind == SEditRecord::Cleared)
         clear();
     else if (step.kind == SEditRecord::Done)
@@ -84,33 +126,28 @@ void CStepTrail::merge(const SJournalStep &step, const Ports &ports)
     m_bytes -= last.bytes();
     last.text = step.text;
     last.deltas += step.deltas;
-    QMap<int, int> changes;
-    for (const SPortDelta &delta : std::as_const(last.deltas))
-        ++changes[delta.port];
-    if (std::any_of(changes.begin(), changes.end(), [](int count) { return count >= CondensedAt; }))
-        condense(last, ports);
+    condense(last, ports);
     m_bytes += last.bytes();
 }
 
-/// Makes one change per port of several.
+/// Makes one change of a port of many.
 void CStepTrail::condense(SStep &step, const Ports &ports)
 {
-    SEditStep whole;
-    Ports walked = ports;
-    if (!walk(walked, step, false, whole))
+    const QMap<int, Deltas> changes = byPort(step.deltas);
+    if (std::all_of(changes.begin(), changes.end(),
+                    [](const Deltas &deltas) { return deltas.size() < CondensedAt; }))
         return;
-    step.deltas.clear();
-    for (const SEditStep::SPort &port : std::as_const(whole.ports)) {
-        CByteWriter forward;
-        CByteWriter back;
-        CPortCodec::writeGroups(forward, back, port.before.groups, port.after.groups);
-        step.deltas << SPortDelta{port.after.index,
-                                  forward.bytes(),
-                                  back.bytes(),
-                                  CPortCodec::digest(port.before.groups),
-                                  CPortCodec::digest(port.after.groups),
-                                  port.after.cabinetCount()};
+    Deltas condensed;
+    for (auto change = changes.begin(); change != changes.end(); ++change) {
+        const Port *port = portIn(ports, change.key());
+        const auto before =
+            port ? CPortChange(*change).groups(IPortChange::Before, port->groups) : std::nullopt;
+        if (before)
+            condensed << CPortChange::between(change.key(), *before, port->groups);
+        else
+            condensed += *change;
     }
+    step.deltas = condensed;
 }
 
 void CStepTrail::dropFirst(int count)
@@ -138,68 +175,54 @@ int CStepTrail::unsaved() const
     return m_saved < 0 ? m_index : std::abs(m_index - m_saved);
 }
 
-/// Walks @p ports over a step, in its direction or back. @p result gets the ports before and after the step.
-bool CStepTrail::walk(Ports &ports, const SStep &step, bool forward, SEditStep &result)
+/// Which steps lead to @p ports. That their contents are what their digests say is seen when they are used.
+CStepTrail::SReach CStepTrail::reach(const Ports &ports) const
 {
-    QMap<int, SEditStep::SPort> changed;
-    const int count = step.deltas.size();
-    for (int i = 0; i < count; ++i) {
-        const SPortDelta &delta = step.deltas.at(forward ? i : count - 1 - i);
-        const auto port = portIn(ports, delta.port);
-        if (port == ports.end())
-            return false;
-        if (!changed.contains(delta.port)) {
-            if (CPortCodec::digest(port->groups) != (forward ? delta.before : delta.after))
-                return false; // the layout was changed from elsewhere
-            changed[delta.port] = {*port, *port};
-        }
-        CByteReader in(forward ? delta.forward : delta.back);
-        if (!CPortCodec::applyGroups(in, port->groups) || !in.atEnd())
-            return false;
-        (forward ? changed[delta.port].after : changed[delta.port].before) = *port;
-    }
-    for (const SPortDelta &delta : step.deltas) { // the last one counts
-        const SEditStep::SPort &port = changed[delta.port];
-        const bool isFirst = &delta == &*std::find_if(step.deltas.begin(), step.deltas.end(),
-                                                      [&](const auto &d) { return d.port == delta.port; });
-        if (isFirst && CPortCodec::digest(port.before.groups) != delta.before)
-            return false;
-    }
-    result.text = step.text;
-    result.ports = changed.values().toVector();
-    return true;
+    SReach reach;
+    reach.done = reach.first = reach.end = std::min(std::max(0, m_index - m_first), m_steps.size());
+    CSteps back(ports, IPortChange::After);
+    while (reach.first > 0 && back.leads(m_steps.at(reach.first - 1).deltas))
+        --reach.first;
+    CSteps forward(ports, IPortChange::Before);
+    while (reach.end < m_steps.size() && forward.leads(m_steps.at(reach.end).deltas))
+        ++reach.end;
+    return reach;
+}
+
+SKeptStep CStepTrail::kept(const SStep &step)
+{
+    SKeptStep kept{step.text, {}};
+    for (const Deltas &deltas : byPort(step.deltas))
+        kept.changes << std::make_shared<CPortChange>(deltas);
+    return kept;
 }
 
 SEditHistory CStepTrail::history(const Ports &ports) const
 {
+    const SReach found = reach(ports);
     SEditHistory history;
-    const int done = std::min(std::max(0, m_index - m_first), m_steps.size());
-    Ports walked = ports;
-    int first = done;
-    SEditStep step;
-    for (; first > 0 && walk(walked, m_steps.at(first - 1), false, step); --first)
-        history.steps.prepend(step);
-    walked = ports;
-    for (int i = done; i < m_steps.size() && walk(walked, m_steps.at(i), true, step); ++i)
-        history.steps << step;
-    history.index = done - first;
-    const int saved = m_saved - m_first - first;
+    for (int i = found.first; i < found.end; ++i)
+        history.steps << kept(m_steps.at(i));
+    history.index = found.done - found.first;
+    const int saved = m_saved - m_first - found.first;
     history.saved = m_saved >= 0 && saved >= 0 && saved <= history.steps.size() ? saved : -1;
+    history.dropped = m_gone + std::min(m_first + found.first, HighestNumber - m_gone);
     return history;
 }
 
 void CStepTrail::renumber(const Ports &ports)
 {
-    const SEditHistory reached = history(ports);
-    const int done = std::min(std::max(0, m_index - m_first), m_steps.size());
-    dropFirst(done - reached.index);
-    while (m_steps.size() > reached.steps.size()) {
+    const SReach found = reach(ports);
+    const int saved = m_saved - m_first - found.first;
+    while (m_steps.size() > found.end) {
         m_bytes -= m_steps.last().bytes();
         m_steps.removeLast();
     }
+    dropFirst(found.first);
+    m_gone += std::min(m_first + found.first, HighestNumber - m_gone);
     m_first = 0;
-    m_index = reached.index;
-    m_saved = reached.saved;
+    m_index = found.done - found.first;
+    m_saved = m_saved >= 0 && saved >= 0 && saved <= m_steps.size() ? saved : -1;
 }
 
 void CStepTrail::write(CByteWriter &out) const
@@ -214,6 +237,8 @@ void CStepTrail::write(CByteWriter &out) const
         for (const SPortDelta &delta : step.deltas)
             SJournalStep::write(out, delta);
     }
+    if (m_gone > 0)
+        out.count(m_gone);
 }
 
 CStepTrail CStepTrail::read(CByteReader &in)
@@ -232,5 +257,7 @@ CStepTrail CStepTrail::read(CByteReader &in)
         trail.m_steps << step;
         trail.m_bytes += step.bytes();
     }
+    if (!in.atEnd())
+        trail.m_gone = in.upTo(HighestNumber);
     return trail;
 }

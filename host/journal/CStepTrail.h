@@ -23,7 +23,7 @@ public:
     void setSaved() { m_saved = m_index; }
     /// What is saved is no longer the layout of any step.
     void forgetSaved() { m_saved = -1; }
-    /// Drops the oldest steps until a history() of the rest takes at most that many bytes.
+    /// Drops the oldest steps until the rest takes at most that much memory.
     void limit(qint64 bytes);
 
     /// Counts from the oldest step that leads to @p ports, as an editor does that begins with history().
@@ -34,8 +34,8 @@ public:
     /// How many steps lie between the saved layout and the present one.
     int unsaved() const;
 
-    /// The steps with the ports before and after each. @p ports are the ports now; steps that do not lead to
-    /// them are left out.
+    /// The steps, which share their memory with this trail. @p ports are the ports now; steps that do not
+    /// lead to them are left out.
     SEditHistory history(const Ports &ports) const;
 
     void write(CByteWriter &out) const;
@@ -47,18 +47,26 @@ private:
         QString text;
         QVector<SPortDelta> deltas; // in the order in which they happened
 
-        qint64 bytes() const; // of the step in a history
+        qint64 bytes() const;
+    };
+    struct SReach
+    {
+        int first = 0; // of the steps here
+        int done = 0;
+        int end = 0;
     };
 
     void add(const SJournalStep &step);
     void merge(const SJournalStep &step, const Ports &ports);
     void dropFirst(int count);
     static void condense(SStep &step, const Ports &ports);
-    static bool walk(Ports &ports, const SStep &step, bool forward, SEditStep &result);
+    static SKeptStep kept(const SStep &step);
+    SReach reach(const Ports &ports) const;
 
     QVector<SStep> m_steps;
     qint64 m_bytes = 0; // of all steps
     int m_first = 0;    // the editor's number of the first step here
+    int m_gone = 0;     // how many steps before those that the editor counts were dropped
     int m_index = 0;
     int m_saved = -1;
 };

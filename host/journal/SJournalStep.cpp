@@ -16,6 +16,12 @@ constexpr int SmallestMove = 10;
 
 } // namespace
 
+qint64 SPortDelta::bytes() const
+{
+    constexpr qint64 BytesOfLists = 2 * 40;
+    return qint64(sizeof(*this)) + forward.capacity() + back.capacity() + BytesOfLists;
+}
+
 void SJournalStep::write(CByteWriter &out, const SPortDelta &delta)
 {
     out.count(delta.port);
@@ -23,7 +29,7 @@ void SJournalStep::write(CByteWriter &out, const SPortDelta &delta)
     out.block(delta.back);
     out.fixed(delta.before);
     out.fixed(delta.after);
-    out.count(delta.cabinets);
+    out.count(0); // not used any more
 }
 
 SPortDelta SJournalStep::readDelta(CByteReader &in)
@@ -34,7 +40,7 @@ SPortDelta SJournalStep::readDelta(CByteReader &in)
     delta.back = in.block();
     delta.before = in.fixed();
     delta.after = in.fixed();
-    delta.cabinets = in.upTo(Highest);
+    (void)in.upTo(Highest);
     return delta;
 }
 

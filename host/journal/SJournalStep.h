@@ -17,7 +17,8 @@ struct SPortDelta
     QByteArray back;
     quint64 before = 0; ///< digests of the port's groups
     quint64 after = 0;
-    int cabinets = 0; ///< of the port afterwards
+
+    qint64 bytes() const; ///< the memory that it needs, approximately
 };
 
 /// An edit record as a journal holds it.

@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/journal/CRecordingEditor.h"
 
-#include "host/journal/CPortCodec.h"
-
 #include <algorithm>
 
 namespace {
@@ -11,14 +9,15 @@ namespace {
 using Group = CabinetLayout::CabinetPort::CabinetGroup;
 using Cabinet = CabinetLayout::CabinetPort::Cabinet;
 
-bool sameStep(const SEditStep &a, const SEditStep &b)
+bool sameStep(const SKeptStep &kept, const SEditStep &step)
 {
-    const auto same = [](const SEditStep::SPort &x, const SEditStep::SPort &y) {
-        return x.after.index == y.after.index && x.before.groups == y.before.groups &&
-               x.after.groups == y.after.groups;
+    const auto same = [](const auto &change, const SEditStep::SPort &port) {
+        return change->port() == port.after.index &&
+               change->groups(IPortChange::Before, port.after.groups) == port.before.groups &&
+               change->groups(IPortChange::After, port.before.groups) == port.after.groups;
     };
-    return a.text == b.text &&
-           std::equal(a.ports.begin(), a.ports.end(), b.ports.begin(), b.ports.end(), same);
+    return kept.text == step.text &&
+           std::equal(kept.changes.begin(), kept.changes.end(), step.ports.begin(), step.ports.end(), same);
 }
 
 void forget(QVector<Group> &groups)
@@ -32,10 +31,11 @@ void forget(QVector<Group> &groups)
 
 } // namespace
 
-bool sameHistory(const SEditHistory &a, const SEditHistory &b)
+bool sameHistory(const SEditHistory &kept, const SRecordedHistory &recorded)
 {
-    return a.index == b.index && a.saved == b.saved &&
-           std::equal(a.steps.begin(), a.steps.end(), b.steps.begin(), b.steps.end(), sameStep);
+    return kept.index == recorded.index && kept.saved == recorded.saved &&
+           std::equal(kept.steps.begin(), kept.steps.end(), recorded.steps.begin(), recorded.steps.end(),
+                      sameStep);
 }
 
 CRecordingEditor::CRecordingEditor(const SProcessorProject &project, quint32 seed)

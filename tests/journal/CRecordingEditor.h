@@ -7,6 +7,14 @@
 
 #include <random>
 
+/// An edit history with all records.
+struct SRecordedHistory
+{
+    QVector<SEditStep> steps;
+    int index = 0;
+    int saved = -1;
+};
+
 /// An editor without a window: edits a layout at random, keeps its history in full, and tells each edit as a
 /// record.
 class CRecordingEditor final
@@ -15,7 +23,7 @@ public:
     CRecordingEditor(const SProcessorProject &project, quint32 seed);
 
     const SProcessorProject &project() const { return m_project; }
-    const SEditHistory &history() const { return m_history; }
+    const SRecordedHistory &history() const { return m_history; }
 
     SEditRecord anything(); ///< an edit, a merged edit, undo, redo or a cleared history, at random
     SEditRecord edit(const QString &text);
@@ -39,9 +47,9 @@ private:
     int pick(int count) { return int(m_random() % quint32(count)); }
 
     SProcessorProject m_project;
-    SEditHistory m_history;
+    SRecordedHistory m_history;
     std::mt19937 m_random;
 };
 
-/// Whether two histories have the same steps, as far as they count.
-bool sameHistory(const SEditHistory &a, const SEditHistory &b);
+/// Whether what was kept has the same steps, which lead both ways, as far as they count.
+bool sameHistory(const SEditHistory &kept, const SRecordedHistory &recorded);

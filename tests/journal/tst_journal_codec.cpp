@@ -53,6 +53,7 @@ private Q_SLOTS:
     void damageIsNoticed();
     void hostileEntriesAreBounded();
     void oldestStepsGoFirst();
+    void aStepTakesWhatItChangesOnly();
     void countsWithAnEditorThatForgot();
 };
 
@@ -198,6 +199,7 @@ void CJournalCodecTest::oldestStepsGoFirst()
     QVERIFY(left.steps.size() > 1);
     QCOMPARE(left.steps.last().text, all.steps.last().text);
     QCOMPARE(left.steps.size() - left.index, 1);
+    QCOMPARE(left.dropped, 20 - left.steps.size());
     state.trail().renumber(state.project().layout.ports); // as an editor that begins with them
     SEditRecord next = editor.edit(QStringLiteral("next"));
     next.index = left.index + 1;
@@ -205,8 +207,29 @@ void CJournalCodecTest::oldestStepsGoFirst()
     state.note(next, 0);
     QCOMPARE(state.history().index, left.index + 1);
     QCOMPARE(state.history().steps.last().text, QStringLiteral("next"));
+    quint64 last = 0;
+    const SJournal written = SJournal::read(SJournal::write({}, state, last));
+    QCOMPARE(written.state.history().dropped, left.dropped);
     state.trail().limit(0);
     QCOMPARE(state.history().steps.size(), 0);
+}
+
+void CJournalCodecTest::aStepTakesWhatItChangesOnly()
+{
+    constexpr int Steps = 300;
+    CRecordingEditor editor(ProjectSamples::ofWall(CWallBuilder::Full), 12);
+    CJournalState state(editor.project());
+    SEditRecord record;
+    SEditStep::SPort move{editor.project().layout.ports.first(), editor.project().layout.ports.first()};
+    for (record.index = 1; record.index <= Steps; ++record.index) {
+        move.before = move.after;
+        move.after.groups[0].cabinets[record.index % move.after.groups[0].cabinets.size()].rect.translate(1,
+                                                                                                          0);
+        record.step.ports = {move};
+        state.note(record, 0);
+        state.trail().limit(qint64(Steps) * 1000);
+    }
+    QCOMPARE(state.history().steps.size(), Steps);
 }
 
 void CJournalCodecTest::countsWithAnEditorThatForgot()

@@ -217,6 +217,7 @@ private Q_SLOTS:
         world.answers()->layouts[world.b].layout = earlier.layout();
         world.answers()->layouts[world.b].layout.processor = world.b;
         world.answers()->histories[world.b] = earlier.kept(first);
+        world.answers()->histories[world.b].dropped = 7;
         world.open(world.b);
         const auto shown = [&world] {
             CabinetLayout layout;
@@ -224,8 +225,8 @@ private Q_SLOTS:
             return layout.ports;
         };
         QCOMPARE(world.rows(),
-                 QStringList({QStringLiteral("Beginning, restored from earlier (saved)"),
-                              QStringLiteral("Move"), QStringLiteral("Group"), QStringLiteral("Move")}));
+                 QStringList({QStringLiteral("7 older steps were dropped (saved)"), QStringLiteral("Move"),
+                              QStringLiteral("Group"), QStringLiteral("Move")}));
         QCOMPARE(world.markedRow(), 2);
         world.store.setPortLocked(0, true);
         {
@@ -273,9 +274,7 @@ private Q_SLOTS:
         SEditStep step{QStringLiteral("Move"), {{before.ports[0], before.ports[0]}}};
         step.ports[0].after.groups[0].cabinets[1].rect.translate(0, 500);
         world.answers()->layouts[world.a].layout.ports[0] = step.ports[0].after;
-        SEditHistory &kept = world.answers()->histories[world.a];
-        kept.steps << step;
-        kept.index = 1;
+        world.answers()->histories[world.a] = CKeptSteps::historyOf({step}, 1);
         world.host.notify(LayoutNotification::LayoutReplaced, world.a);
         QTRY_COMPARE(world.rows(), QStringList({QStringLiteral("Beginning, restored from earlier"),
                                                 QStringLiteral("Move")}));
@@ -296,10 +295,8 @@ private Q_SLOTS:
     void aHistoryThatDoesNotFitIsDropped()
     {
         SHistoryWorld world;
-        SEditHistory wrong;
-        wrong.steps = {{QStringLiteral("Move"), {{world.layout().ports[0], world.layout().ports[1]}}}};
-        wrong.index = 1;
-        world.answers()->histories[world.b] = wrong;
+        const SEditStep wrong{QStringLiteral("Move"), {{world.layout().ports[0], world.layout().ports[1]}}};
+        world.answers()->histories[world.b] = CKeptSteps::historyOf({wrong}, 1);
         CNotedWords noted;
         world.view().installEventFilter(&noted);
         world.open(world.b);

@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/api/records/CabinetLayout.h"
+#include "layout/api/records/IPortChange.h"
 
 #include <QString>
+
+#include <memory>
 
 /// A step of an edit history as values: what it changed, port by port. Of the records count identities,
 /// cabinets, groups and wiring; locks, colours, pairs and loads are no part of a step.
@@ -20,12 +22,21 @@ struct SEditStep
     QVector<SPort> ports; ///< in ascending port index
 };
 
-/// The edit history of one processor. The first @ref index steps are done, the others have been undone.
+/// A step of an earlier run.
+struct SKeptStep
+{
+    QString text;                                        ///< as the history shows it
+    QVector<std::shared_ptr<const IPortChange>> changes; ///< in ascending port index
+};
+
+/// What was kept of a processor's edit history. The first @ref index steps are done, the others have been
+/// undone.
 struct SEditHistory
 {
-    QVector<SEditStep> steps;
+    QVector<SKeptStep> steps;
     int index = 0;
-    int saved = -1; ///< the index at which the layout was last saved; -1: at none that can be reached
+    int saved = -1;  ///< the index at which the layout was last saved; -1: at none that can be reached
+    int dropped = 0; ///< how many older steps are missing
 };
 
 /// A change that the editor made to a layout and its history.

@@ -3,12 +3,14 @@
 #include "layout/editor/history/CEditHistory.h"
 
 #include "layout/api/records/LayoutData.h"
+#include "layout/editor/content/CLayoutBuilder.h"
 #include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/history/CRestoredStep.h"
 
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -38,27 +40,27 @@ bool hasOwnCommands(const QUndoStack &stack)
 /// Whether each step begins where the one before has ended, and the layout is where the done ones lead.
 bool leadsTo(const SEditHistory &history, const CabinetLayout &layout)
 {
-    QHash<int, Port> reached; // by port index
-    const auto fits = [&layout, &reached](const Port &port) {
-        const auto known = reached.constFind(port.index);
-        const Port *shown = layout.port(port.index);
-        return shown &&
-               LayoutData::comparePortData(port, known == reached.constEnd() ? *shown : *known, true);
+    using Side = IPortChange::ESide;
+    QHash<int, quint64> reached; // digests, by port index
+    const auto leads = [&layout, &reached](const SKeptStep &step, Side from) {
+        return std::all_of(step.changes.begin(), step.changes.end(), [&](const auto &change) {
+            const Port *shown = change ? layout.port(change->port()) : nullptr;
+            if (!shown)
+                return false;
+            if (!reached.contains(shown->index))
+                reached[shown->index] = change->digestOf(shown->groups);
+            const quint64 begin = change->digest(from);
+            return std::exchange(reached[shown->index], change->digest(IPortChange::otherOf(from))) == begin;
+        });
     };
     for (int i = history.index; i < history.steps.size(); ++i) {
-        for (const SEditStep::SPort &port : history.steps.at(i).ports) {
-            if (port.before.index != port.after.index || !fits(port.before))
-                return false;
-            reached[port.after.index] = port.after;
-        }
+        if (!leads(history.steps.at(i), IPortChange::Before))
+            return false;
     }
     reached.clear();
     for (int i = history.index - 1; i >= 0; --i) {
-        for (const SEditStep::SPort &port : history.steps.at(i).ports) {
-            if (port.before.index != port.after.index || !fits(port.after))
-                return false;
-            reached[port.before.index] = port.before;
-        }
+        if (!leads(history.steps.at(i), IPortChange::After))
+            return false;
     }
     return true;
 }
@@ -94,10 +96,11 @@ bool CEditHistory::restore(const SEditHistory &kept)
     if (!known || !leadsTo(kept, m_layout))
         return false;
     QVector<Values> steps;
-    for (const SEditStep &step : kept.steps)
+    for (const SKeptStep &step : kept.steps)
         steps << std::make_shared<CStepValues>(step);
     rebuild(steps, kept.index, kept.saved);
     m_restored = !steps.isEmpty();
+    m_dropped = kept.dropped;
     Q_EMIT notifyBeginningChanged();
     return true;
 }
@@ -141,7 +144,7 @@ QVector<SEditStep::SPort> CEditHistory::takeChanges(const SComparedEdit &edit)
         const bool compared = known && areShared(*before, *known);
         if (compared ? edit.changedPorts.contains(port.index)
                      : !LayoutData::comparePortData(*before, port, true))
-            changes << SEditStep::SPort{*before, port};
+            changes << SEditStep::SPort{CLayoutBuilder::withoutEmptyGroups(*before), port}; // as it was shown
     }
     m_layout = edit.edited;
     return changes;

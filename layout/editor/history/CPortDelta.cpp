@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 namespace {
 
@@ -81,12 +82,21 @@ CPortDelta::CPortDelta(const SEditStep::SPort &port)
 {
 }
 
+CPortDelta::CPortDelta(std::shared_ptr<const IPortChange> kept)
+    : m_port(kept->port())
+    , m_kept(std::move(kept))
+{
+}
+
 std::optional<CPortDelta::Groups> CPortDelta::groups(ESide side, const Groups &other) const
 {
+    if (m_kept)
+        return m_kept->groups(side, other);
     if (m_whole)
         return m_whole->groups[side];
     const Cabinets known = flat(other);
-    if (known.size() != m_size[otherOf(side)] || digestOf(known) != m_digest[otherOf(side)])
+    const ESide from = IPortChange::otherOf(side);
+    if (known.size() != m_size[from] || digestOf(known) != m_digest[from])
         return std::nullopt;
     if (m_shapes)
         return built(m_shapes->shape[side], m_shapes->own[side], known);
@@ -102,19 +112,19 @@ std::optional<CPortDelta::Groups> CPortDelta::groups(ESide side, const Groups &o
     return groups;
 }
 
-QVector<QUuid> CPortDelta::changed(ESide side, const Groups &groups) const
+QVector<QUuid> CPortDelta::changed(const SEditStep::SPort &port)
 {
-    CPortDelta compacted(*this);
-    compacted.compact();
-    const Cabinets cabinets = flat(groups);
+    CPortDelta delta(port);
+    delta.compact();
+    const Cabinets cabinets = flat(port.after.groups);
     QVector<QUuid> changed;
     QVector<QUuid> rewired;
-    for (const SPlace &place : qAsConst(compacted.m_places))
+    for (const SPlace &place : qAsConst(delta.m_places))
         (place.rect[Before] == place.rect[After] ? rewired : changed) << cabinets.at(place.index)->uuid;
-    for (const SContent &content : qAsConst(compacted.m_contents))
-        changed << content.record[side].uuid;
-    if (compacted.m_shapes) {
-        for (const Cabinet &cabinet : qAsConst(compacted.m_shapes->own[side]))
+    for (const SContent &content : qAsConst(delta.m_contents))
+        changed << content.record[After].uuid;
+    if (delta.m_shapes) {
+        for (const Cabinet &cabinet : qAsConst(delta.m_shapes->own[After]))
             changed << cabinet.uuid;
     }
     return changed.isEmpty() ? rewired : changed;
@@ -217,6 +227,8 @@ qint64 CPortDelta::bytes() const
         return qint64(count) * qint64(sizeof(Cabinet));
     };
     qint64 bytes = qint64(sizeof(*this)) + sizeOf(m_places) + sizeOf(m_contents);
+    if (m_kept)
+        bytes += m_kept->bytes();
     if (m_whole)
         bytes += recordsOf(m_whole->groups[Before]) + recordsOf(m_whole->groups[After]);
     if (m_shapes) {

@@ -6,28 +6,32 @@
 
 #include <QHash>
 
+#include <memory>
 #include <optional>
 
 /// How the cabinets and groups of one output port differ before and after a step. Leads from either side to
-/// the other. Begins with shared records of both sides; once compacted, it holds only what differs.
+/// the other. Begins with shared records of both sides; once compacted, it holds only what differs. What
+/// comes from an earlier run stays as it was kept.
 class CPortDelta final
 {
 public:
     using Port = CabinetLayout::CabinetPort;
     using Cabinet = Port::Cabinet;
     using Groups = QVector<Port::CabinetGroup>;
-    enum ESide { Before = 0, After = 1 };
-    static constexpr ESide otherOf(ESide side) { return side == Before ? After : Before; }
+    using ESide = IPortChange::ESide;
+    static constexpr ESide Before = IPortChange::Before;
+    static constexpr ESide After = IPortChange::After;
 
     explicit CPortDelta(const SEditStep::SPort &port);
+    explicit CPortDelta(std::shared_ptr<const IPortChange> kept);
 
     int port() const { return m_port; }
     /// The groups of the port on @p side; @p other are those on the other side. Empty optional: @p other is
     /// not what the step knows.
     std::optional<Groups> groups(ESide side, const Groups &other) const;
-    /// The cabinets on @p side, given as @p groups, that differ from the other side: those that have another
-    /// place or content, or else those that have only another rank.
-    QVector<QUuid> changed(ESide side, const Groups &groups) const;
+    /// The cabinets that differ after a change of a port: those that have another place or content, or else
+    /// those that have only another rank.
+    static QVector<QUuid> changed(const SEditStep::SPort &port);
 
     bool isCompact() const { return !m_whole; }
     /// Forgets what is the same on both sides. O(cabinets of the port).
@@ -81,6 +85,7 @@ private:
     void compactShapes(const Cabinets &before, const Cabinets &after);
 
     int m_port;
+    std::shared_ptr<const IPortChange> m_kept; // else null
     std::optional<SWhole> m_whole;
     std::optional<SShapes> m_shapes; // null if both sides have the same cabinets in the same groups and order
     QVector<SPlace> m_places;

@@ -53,11 +53,12 @@ void CRestoredStep::apply(CPortDelta::ESide side)
         const auto groups = delta.groups(side, record.groups);
         if (!groups) {
             qCWarning(historyLog, "A step does not fit port %d.", delta.port() + 1);
-            continue;
+            return; // all of it or nothing
         }
-        record.groups = *groups;
-        records << record;
-        changed << delta.changed(side, record.groups);
+        SEditStep::SPort change{record, record};
+        change.after.groups = *groups;
+        records << change.after;
+        changed << CPortDelta::changed(change);
     }
     m_content.replace(records);
     select(changed);

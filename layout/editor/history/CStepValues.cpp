@@ -10,6 +10,12 @@ CStepValues::CStepValues(const SEditStep &step)
 {
 }
 
+CStepValues::CStepValues(const SKeptStep &step)
+    : m_text(step.text)
+    , m_deltas(step.changes.begin(), step.changes.end())
+{
+}
+
 QVector<int> CStepValues::ports() const
 {
     QVector<int> ports;

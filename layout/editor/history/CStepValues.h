@@ -12,6 +12,7 @@ class CStepValues final
 {
 public:
     explicit CStepValues(const SEditStep &step);
+    explicit CStepValues(const SKeptStep &step);
 
     const QString &text() const { return m_text; }
     const std::vector<CPortDelta> &deltas() const { return m_deltas; }

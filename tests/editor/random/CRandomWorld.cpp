@@ -84,11 +84,11 @@ void CRandomWorld::noteEdit()
 /// Whether what the host has of the history is what there is.
 QString CRandomWorld::checkKept()
 {
-    const SEditHistory &kept = m_kept.history();
+    const QVector<SEditStep> &kept = m_kept.steps();
     const QUndoStack &stack = m_world.history->stack();
-    bool same = kept.index == stack.index() && kept.steps.size() == stack.count() && !m_kept.isFaulty();
+    bool same = m_kept.index() == stack.index() && kept.size() == stack.count() && !m_kept.isFaulty();
     for (int i = 0; same && i < stack.count(); ++i)
-        same = kept.steps.at(i).text == stack.text(i);
+        same = kept.at(i).text == stack.text(i);
     for (const auto &port : m_world.layout().ports)
         same = same && LayoutData::comparePortData(port, *m_kept.layout().port(port.index), true);
     return same ? QString() : QStringLiteral("the host has another history or layout");
@@ -102,8 +102,6 @@ QString CRandomWorld::restart()
     m_scene.setUndoStack(nullptr);
     m_scene.setLayoutData(SmallWorlds::node(data), data, m_world.cache);
     beginHistory(m_kept.history());
-    while (m_kept.history().index % 2 && !m_world.history->isTidy())
-        QCoreApplication::processEvents(); // otherwise it still has the records
     m_restored = m_world.history->stack().count();
     m_world.highlighted.clear();
     return check(m_world.history->stack().index(), true, CReferenceModel(data.layout));
