@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/printing/PdfText.h"
 
+#include "tests/printing/CPdfContent.h"
+
 #include <QHash>
 #include <QMap>
 #include <QRegularExpression>
@@ -28,7 +30,9 @@ QHash<int, QByteArray> objectsOf(const QByteArray &pdf)
 int referenceIn(const QByteArray &dictionary, const QByteArray &name)
 {
     const int from = dictionary.indexOf('/' + name + ' ');
-    return from < 0 ? 0 : dictionary.mid(from + name.size() + 2).split(' ').first().toInt();
+    return from < 0
+               ? 0
+               : dictionary.mid(from + name.size() + 2).replace('[', QByteArray()).split(' ').first().toInt();
 }
 
 QByteArray streamOf(const QByteArray &object)
@@ -76,39 +80,40 @@ Letters lettersOf(const QByteArray &table)
     return letters;
 }
 
-QString textOf(const QByteArray &content, const QHash<QString, Letters> &fonts)
+/// "0 [<width> <width>…]" of a font, by glyph.
+QVector<int> widthsOf(const QByteArray &font)
 {
-    QString text;
-    Letters letters;
-    const QRegularExpression part(QStringLiteral("/(F\\d+) [\\d.]+ Tf|<([0-9A-Fa-f]+)> Tj"));
-    const QString operators = QString::fromLatin1(content);
-    for (auto it = part.globalMatch(operators); it.hasNext();) {
-        const QRegularExpressionMatch match = it.next();
-        if (match.capturedLength(1) > 0)
-            letters = fonts.value(match.captured(1));
-        const QByteArray glyphs = match.captured(2).toLatin1();
-        for (int i = 0; i + 4 <= glyphs.size(); i += 4)
-            text += letters.value(glyphs.mid(i, 4).toInt(nullptr, 16));
-    }
-    return text;
+    const int from = font.indexOf("/W [0 [") + 7;
+    QVector<int> widths;
+    for (const QByteArray &width : font.mid(from, font.indexOf(']', from) - from).simplified().split(' '))
+        widths << width.toInt();
+    return widths;
+}
+
+double heightOf(const QByteArray &page)
+{
+    const int from = page.indexOf("/MediaBox [") + 11;
+    return page.mid(from, page.indexOf(']', from) - from).split(' ').last().toDouble();
 }
 
 } // namespace
 
-QStringList PdfText::pages(const QByteArray &pdf)
+QVector<PdfText::SPage> PdfText::pages(const QByteArray &pdf)
 {
     const QHash<int, QByteArray> objects = objectsOf(pdf);
-    QHash<QString, Letters> fonts;
-    QMap<int, int> contents; // of pages, by the number of the page's object, which ascends
+    QHash<QByteArray, CPdfContent::SFont> fonts;
+    QMap<int, QByteArray> pages; // by the number of the page's object, which ascends
     for (auto it = objects.begin(); it != objects.end(); ++it) {
         if (it->contains("/Subtype /Type0"))
-            fonts.insert(QStringLiteral("F%1").arg(it.key()),
-                         lettersOf(streamOf(objects.value(referenceIn(*it, "ToUnicode")))));
+            fonts.insert('F' + QByteArray::number(it.key()),
+                         {lettersOf(streamOf(objects.value(referenceIn(*it, "ToUnicode")))),
+                          widthsOf(objects.value(referenceIn(*it, "DescendantFonts")))});
         if (it->contains("/Type /Page\n"))
-            contents.insert(it.key(), referenceIn(*it, "Contents"));
+            pages.insert(it.key(), *it);
     }
-    QStringList pages;
-    for (int content : qAsConst(contents))
-        pages << textOf(streamOf(objects.value(content)), fonts);
-    return pages;
+    QVector<SPage> read;
+    for (const QByteArray &page : qAsConst(pages))
+        read << CPdfContent(fonts, heightOf(page))
+                    .read(streamOf(objects.value(referenceIn(page, "Contents"))));
+    return read;
 }

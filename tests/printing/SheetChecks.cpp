@@ -4,6 +4,7 @@
 
 #include "layout/printing/graphics/COverviewSheets.h"
 #include "layout/printing/graphics/CPortSheets.h"
+#include "tests/printing/SheetTexts.h"
 
 #include <QTransform>
 
@@ -79,20 +80,10 @@ QVector<SSheet> SheetChecks::drawings(const SPrintPlan &plan)
     return sheets;
 }
 
-QVector<SSheetText> SheetChecks::textsOf(const SSheet &sheet)
-{
-    QVector<SSheetText> texts;
-    for (const SSheetMark &mark : sheet.marks) {
-        if (const auto *text = std::get_if<SSheetText>(&mark))
-            texts << *text;
-    }
-    return texts;
-}
-
 QStringList SheetChecks::textsOf(const SSheet &sheet, EMark mark)
 {
     QStringList texts;
-    for (const SSheetText &text : textsOf(sheet)) {
+    for (const SSheetText &text : SheetTexts::of(sheet)) {
         if (text.mark == mark)
             texts << text.text;
     }
@@ -111,7 +102,7 @@ QString SheetChecks::faultOf(const SSheet &sheet)
                 .arg(area.width())
                 .arg(area.height());
     }
-    const QVector<SSheetText> texts = textsOf(sheet);
+    const QVector<SSheetText> texts = SheetTexts::of(sheet);
     const QVector<QRectF> hops = hopsOf(sheet);
     for (int i = 0; i < texts.size(); ++i) {
         const bool label = sheet.port >= 0 && texts[i].mark >= EMark::CabinetNumber &&

@@ -16,7 +16,6 @@ constexpr double Hair = 0.02;  // millimetres
 PrintConfig configOf(PrintConfig::Paper paper, bool landscape = true);
 /// Every drawing of a wall.
 QVector<SSheet> drawings(const SPrintPlan &plan);
-QVector<SSheetText> textsOf(const SSheet &sheet);
 QStringList textsOf(const SSheet &sheet, EMark mark);
 /// What is wrong with a sheet; empty if nothing is.
 QString faultOf(const SSheet &sheet);

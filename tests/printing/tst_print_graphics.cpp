@@ -6,6 +6,7 @@
 #include "layout/printing/graphics/Hatching.h"
 #include "tests/harness/CTestBase.h"
 #include "tests/printing/SheetChecks.h"
+#include "tests/printing/SheetTexts.h"
 
 #include <QGuiApplication>
 #include <QTransform>
@@ -165,7 +166,7 @@ void CPrintGraphicsTest::mirrorsPlacesButNoTexts()
         QCOMPARE(textsOf(back, EMark::CabinetPixel), textsOf(front, EMark::CabinetPixel));
         QVector<QPointF> places[2];
         for (int view : {0, 1}) {
-            for (const SSheetText &text : textsOf(view == 0 ? front : back)) {
+            for (const SSheetText &text : SheetTexts::of(view == 0 ? front : back)) {
                 if (text.mark == EMark::CabinetNumber)
                     places[view] << text.box.topLeft() -
                                         (view == 0 ? own : mirrored)[places[view].size()].topLeft();

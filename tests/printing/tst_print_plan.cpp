@@ -97,16 +97,8 @@ private Q_SLOTS:
             SDevice device;
             device.kind = *CProcessorKinds::builtIn().withPorts(project.portCount);
             device.node.uuid = project.layout.processor;
-            if (paired) { // one more port repeats the first one
-                Port backup;
-                backup.index = project.portCount++;
-                backup.redundancy = Port::Redundant;
-                backup.redundancyPort = 0;
-                backup.mirrored = project.layout.ports.first().getAllCabinets();
-                project.layout.ports.first().redundancy = Port::Primary;
-                project.layout.ports.first().redundancyPort = backup.index;
-                project.layout.ports << backup;
-            }
+            if (paired)
+                ProjectSamples::addRedundancyPort(project);
             project.kind = device.kind.id;
             device.settings.portCount = project.portCount;
             device.takeLayout(project.layout);
@@ -230,14 +222,7 @@ private Q_SLOTS:
     void countsARedundancyPortOnce()
     {
         SProcessorProject project = ProjectSamples::ofWall(CWallBuilder::Medium);
-        project.portCount = 16;
-        Port &primary = project.layout.ports[0];
-        Port backup;
-        backup.index = 15;
-        backup.mirrored = PortPairs::mirrorOf(primary);
-        PortPairs::setPair(primary, project.layout.processor, Port::Primary, {project.layout.processor, 15});
-        PortPairs::setPair(backup, project.layout.processor, Port::Redundant, {project.layout.processor, 0});
-        project.layout.ports << backup;
+        ProjectSamples::addRedundancyPort(project);
         const SPlanProcessor printed = planOf(project).processors.first();
         QCOMPARE(printed.port(15)->load, printed.port(0)->load);
         QVERIFY(printed.port(0)->looped && !printed.port(15)->looped && !printed.port(1)->looped);

@@ -5,6 +5,7 @@
 #include "layout/printing/graphics/CTileSheets.h"
 #include "tests/harness/CTestBase.h"
 #include "tests/printing/SheetChecks.h"
+#include "tests/printing/SheetTexts.h"
 
 #include <QGuiApplication>
 
@@ -49,7 +50,7 @@ void CPrintScaleTest::tilesAtTrueScale()
             ports.unite(QSet<QString>(names.begin(), names.end()));
             QCOMPARE(textsOf(sheet, EMark::Caption).size(), 4);
             const QSizeF step = CTileSheets::field(area).size() - QSizeF(10, 10);
-            for (const SSheetText &text : textsOf(sheet)) {
+            for (const SSheetText &text : SheetTexts::of(sheet)) {
                 if (text.mark == EMark::Caption)
                     crosses[text.text]
                         << text.box.center() + QPointF(i % 2 * step.width(), i / 2 * step.height());
@@ -114,7 +115,7 @@ void CPrintScaleTest::tilesTheSamePartsFromBehind()
     // The letters at the corners change sides with the wall.
     const auto leftmost = [](const SSheet &sheet) {
         QPair<double, QString> least(1e9, {});
-        for (const SSheetText &text : textsOf(sheet)) {
+        for (const SSheetText &text : SheetTexts::of(sheet)) {
             if (text.mark == EMark::Caption && text.box.top() < sheet.frame.center().y())
                 least = std::min(least, qMakePair(text.box.left(), text.text));
         }

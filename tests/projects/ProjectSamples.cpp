@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/projects/ProjectSamples.h"
 
+#include "layout/api/records/PortPairs.h"
+
 #include <QFile>
 
 #include <cstdlib>
@@ -54,6 +56,18 @@ PrintConfig printSettings()
 }
 
 } // namespace
+
+void ProjectSamples::addRedundancyPort(SProcessorProject &project)
+{
+    const QUuid &own = project.layout.processor;
+    Port &primary = project.layout.ports.first();
+    Port redundancy;
+    redundancy.index = project.portCount++;
+    redundancy.mirrored = PortPairs::mirrorOf(primary);
+    PortPairs::setPair(primary, own, Port::Primary, {own, redundancy.index});
+    PortPairs::setPair(redundancy, own, Port::Redundant, {own, primary.index});
+    project.layout.ports << redundancy;
+}
 
 SProcessorProject ProjectSamples::withEverything()
 {

@@ -15,6 +15,8 @@ namespace ProjectSamples {
 
 /// A project of that wall.
 SProcessorProject ofWall(CWallBuilder::Wall wall);
+/// Gives @p project one more port, which is the redundancy of its first one.
+void addRedundancyPort(SProcessorProject &project);
 /// A small project in which every member of every record differs from its default.
 SProcessorProject withEverything();
 
