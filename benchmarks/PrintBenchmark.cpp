@@ -2,14 +2,19 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "benchmarks/Benchmarks.h"
 #include "benchmarks/Figures.h"
+#include "benchmarks/ShownView.h"
 #include "host/app/commands/CSheetExport.h"
 #include "host/projects/CWallBuilder.h"
+#include "layout/printing/dialog/CSheetPreview.h"
 #include "layout/printing/graphics/Hatching.h"
 #include "layout/printing/lists/CSheetSet.h"
 #include "layout/printing/output/SheetFiles.h"
 #include "layout/printing/sheets/CSheetFont.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
+#include <QImage>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPdfWriter>
 
@@ -88,6 +93,14 @@ struct SPlainSheet
     }
 };
 
+SPlainSheet plainOf(const SSheet &sheet)
+{
+    SPlainSheet plain;
+    for (const SSheetMark &mark : sheet.marks)
+        std::visit([&plain](const auto &kind) { plain.add(kind); }, mark);
+    return plain;
+}
+
 void drawPlainly(const QVector<SPlainSheet> &sheets)
 {
     QByteArray content;
@@ -103,6 +116,55 @@ void drawPlainly(const QVector<SPlainSheet> &sheets)
     }
 }
 
+/// Turning to the next sheet by key, once those beside the shown one are drawn ahead, until it is painted.
+double turnPages(CSheetPreview &preview, int sheets)
+{
+    double slowest = 0;
+    while (preview.page() + 1 < sheets) {
+        const int next = preview.page() + 1;
+        while (!preview.isDrawn(next))
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        SWork turn;
+        turn.run = [&preview] {
+            QKeyEvent key(QEvent::KeyPress, Qt::Key_PageDown, Qt::NoModifier);
+            QCoreApplication::sendEvent(&preview, &key);
+            preview.repaint();
+        };
+        slowest = qMax(slowest, Figures::milliseconds(turn));
+    }
+    return slowest;
+}
+
+/// The slowest page, and the sheet that takes longest plainly painted in the same size.
+void measurePages(const SPrintInput &input)
+{
+    PrintConfig config = settings();
+    config.paper = PrintConfig::A3;
+    config.sheets = PrintConfig::Overview | PrintConfig::PortSheets;
+    const QVector<SSheet> sheets = CSheetSet::of(SPrintPlan::of(input, {config, {}, {}})).value();
+    CSheetPreview preview;
+    preview.show(sheets);
+    ShownView::show(preview);
+    const double turned = turnPages(preview, sheets.size());
+    double painted = 0;
+    for (const SSheet &sheet : sheets) {
+        const SPlainSheet plain = plainOf(sheet);
+        QImage picture(ShownView::ViewSize, QImage::Format_RGB32);
+        SWork work;
+        work.run = [&] {
+            QPainter painter(&picture);
+            painter.setRenderHint(QPainter::Antialiasing);
+            const double scale = picture.height() / (sheet.size.height() * Units);
+            painter.scale(scale, scale);
+            plain.draw(painter);
+        };
+        painted = qMax(painted, Figures::milliseconds(work));
+    }
+    const int cabinets = SPrintPlan::of(input, {config, {}, {}}).totals.cabinets;
+    Figures::print(
+        {"B15 next sheet in the preview", cabinets, turned, "plain painter on a picture", painted});
+}
+
 } // namespace
 
 void Benchmarks::measurePrint()
@@ -111,11 +173,8 @@ void Benchmarks::measurePrint()
     const PrintConfig config = settings();
     QVector<SPlainSheet> plain;
     const QVector<SSheet> sheets = CSheetSet::of(SPrintPlan::of(input, {config, {}, {}})).value();
-    for (const SSheet &sheet : sheets) {
-        plain << SPlainSheet();
-        for (const SSheetMark &mark : sheet.marks)
-            std::visit([&plain](const auto &kind) { plain.last().add(kind); }, mark);
-    }
+    for (const SSheet &sheet : sheets)
+        plain << plainOf(sheet);
     SWork work;
     work.run = [&] {
         const auto made = CSheetSet::of(SPrintPlan::of(input, {config, {}, {}}));
@@ -128,4 +187,5 @@ void Benchmarks::measurePrint()
     const int cabinets = SPrintPlan::of(input, {config, {}, {}}).totals.cabinets;
     Figures::print({"B15 PDF of all sheets of a wall", cabinets, medians.work, "plain painter on a PDF",
                     medians.reference});
+    measurePages(input);
 }

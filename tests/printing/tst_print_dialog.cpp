@@ -230,6 +230,32 @@ private Q_SLOTS:
         }
     }
 
+    /// A sheet and those beside it are drawn ahead, also after sheets or size have changed.
+    void drawsSheetsAhead()
+    {
+        CSheetPreview preview;
+        preview.resize(600, 400);
+        preview.setVisible(true);
+        const QVector<SSheet> sheets = someSheets(PrintConfig::Cover | PrintConfig::PortSheets);
+        const auto darkness = [&preview] {
+            const QImage shown = preview.grab().toImage().convertToFormat(QImage::Format_Grayscale8);
+            return std::count_if(shown.constBits(), shown.constBits() + shown.sizeInBytes(),
+                                 [](uchar grey) { return grey < 100; });
+        };
+        preview.show(sheets);
+        QVERIFY(!preview.isDrawn(0));
+        QTRY_VERIFY(preview.isDrawn(0) && preview.isDrawn(1));
+        const auto cover = darkness();
+        QTest::keyClick(&preview, Qt::Key_PageDown);
+        QVERIFY(preview.isDrawn(1) && darkness() != cover);
+        QTRY_VERIFY(preview.isDrawn(0) && preview.isDrawn(2) && preview.isDrawn(3));
+        preview.resize(800, 600);
+        QTRY_VERIFY(preview.isDrawn(1) && preview.isDrawn(2));
+        preview.show(sheets.mid(1)); // page 1 is another one now
+        QVERIFY(!preview.isDrawn(1));
+        QTRY_VERIFY(preview.isDrawn(1));
+    }
+
     void aDateIsThatOfTheWholeJob()
     {
         SPrintJob job;

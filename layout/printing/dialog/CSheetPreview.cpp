@@ -2,9 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/printing/dialog/CSheetPreview.h"
 
-#include "layout/printing/output/CSheetPainter.h"
-#include "layout/printing/sheets/CSheetFont.h"
-
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -23,51 +20,43 @@ constexpr double ZoomStep = 1.25;
 
 } // namespace
 
-/// The sheet itself, drawn once for each size.
+/// The sheet itself, or a text in its place.
 class CSheetPreview::CPage final : public QWidget
 {
 public:
-    void show(const SSheet *sheet, const QString &text)
+    /// An empty sheet until there is a picture of it.
+    void show(const QImage &picture)
     {
-        m_sheet = sheet;
-        m_text = text;
-        m_picture = QPixmap();
+        m_isSheet = true;
+        m_picture = picture;
         update();
     }
-    const SSheet *sheet() const { return m_sheet; }
+    void tell(const QString &text)
+    {
+        m_isSheet = false;
+        m_picture = QImage();
+        m_text = text;
+        update();
+    }
 
 protected:
     void paintEvent(QPaintEvent *) override
     {
         QPainter painter(this);
-        if (!m_sheet) {
+        if (!m_isSheet) {
             painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, m_text);
             return;
         }
-        const QRect page = rect().adjusted(PageMargin, PageMargin, -PageMargin, -PageMargin);
-        if (m_picture.size() != page.size() * devicePixelRatioF())
-            draw(page.size());
-        painter.drawPixmap(page.topLeft(), m_picture);
+        const QRect sheet = rect().adjusted(PageMargin, PageMargin, -PageMargin, -PageMargin);
+        painter.fillRect(sheet, Qt::white);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform); // until it is drawn in this size
+        painter.drawImage(sheet, m_picture);
     }
 
 private:
-    void draw(const QSize &size)
-    {
-        m_picture = QPixmap(size * devicePixelRatioF());
-        m_picture.setDevicePixelRatio(devicePixelRatioF());
-        m_picture.fill(Qt::white);
-        if (m_picture.isNull())
-            return;
-        QPainter painter(&m_picture);
-        painter.setRenderHint(QPainter::Antialiasing);
-        const double scale = size.width() / m_sheet->size.width() / CSheetFont::UnitsPerMillimetre;
-        painter.scale(scale, scale);
-        CSheetPainter::paint(painter, *m_sheet);
-    }
-
-    const SSheet *m_sheet = nullptr;
+    bool m_isSheet = false;
+    QImage m_picture;
     QString m_text;
-    QPixmap m_picture;
 };
 
 CSheetPreview::CSheetPreview(QWidget *parent)
@@ -107,6 +96,10 @@ void CSheetPreview::buildUi()
     whole->addWidget(m_area, 1);
     whole->addLayout(row);
     connect(m_number, QOverload<int>::of(&QSpinBox::valueChanged), this, &CSheetPreview::updatePage);
+    connect(&m_pictures, &CSheetPictures::notifyDrawn, this, [this](int sheet) {
+        if (sheet == page())
+            m_page->show(m_pictures.picture(sheet));
+    });
 }
 
 QToolButton *CSheetPreview::addButton(const QString &text, const QString &tip,
@@ -123,6 +116,7 @@ QToolButton *CSheetPreview::addButton(const QString &text, const QString &tip,
 void CSheetPreview::show(const QVector<SSheet> &sheets)
 {
     m_sheets = sheets;
+    m_pictures.setSheets(sheets);
     m_number->setRange(sheets.isEmpty() ? 0 : 1, sheets.size());
     m_of->setText(tr("of %1").arg(sheets.size()));
     updatePage();
@@ -131,7 +125,7 @@ void CSheetPreview::show(const QVector<SSheet> &sheets)
 void CSheetPreview::tell(const QString &text)
 {
     show({});
-    m_page->show(nullptr, text);
+    m_page->tell(text);
 }
 
 int CSheetPreview::page() const
@@ -156,17 +150,39 @@ void CSheetPreview::updatePage()
     m_back->setEnabled(page() > 0);
     m_next->setEnabled(page() + 1 < m_sheets.size());
     m_number->setEnabled(any);
-    const QSize room = m_area->maximumViewportSize();
     if (!any) {
-        m_page->resize(room);
+        m_page->resize(m_area->maximumViewportSize());
         return;
     }
-    const SSheet &sheet = m_sheets.at(page());
-    m_of->setText(tr("of %1: %2").arg(m_sheets.size()).arg(sheet.title));
-    const QSize margins(2 * PageMargin, 2 * PageMargin);
-    const QSize fitting = sheet.size.scaled(room - margins, Qt::KeepAspectRatio).toSize();
-    m_page->resize(fitting * m_zoom + margins);
-    m_page->show(&sheet, {});
+    m_of->setText(tr("of %1: %2").arg(m_sheets.size()).arg(m_sheets.at(page()).title));
+    m_page->resize(sizeOf(page()) + QSize(2 * PageMargin, 2 * PageMargin));
+    draw();
+    m_page->show(m_pictures.picture(page()));
+}
+
+QSize CSheetPreview::sizeOf(int page) const
+{
+    const QSize room = m_area->maximumViewportSize() - QSize(2 * PageMargin, 2 * PageMargin);
+    return m_sheets.at(page).size.scaled(room, Qt::KeepAspectRatio).toSize() * m_zoom;
+}
+
+void CSheetPreview::draw()
+{
+    QVector<CSheetPictures::SWish> wishes;
+    for (const int sheet : {page(), page() + 1, page() - 1, page() + 2}) {
+        const bool ahead = sheet != page();
+        if (sheet < 0 || sheet >= m_sheets.size() || (ahead && m_zoom > 1)) // those take much memory
+            continue;
+        const QSize pixels = sizeOf(sheet) * devicePixelRatioF();
+        if (!pixels.isEmpty())
+            wishes.append({sheet, pixels});
+    }
+    m_pictures.draw(wishes);
+}
+
+bool CSheetPreview::isDrawn(int page) const
+{
+    return m_pictures.picture(page).size() == sizeOf(page) * devicePixelRatioF();
 }
 
 bool CSheetPreview::eventFilter(QObject *watched, QEvent *event)

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/printing/sheets/SSheet.h"
+#include "layout/printing/dialog/CSheetPictures.h"
 
 #include <QWidget>
 
@@ -26,6 +26,8 @@ public:
     /// Shows a text in place of sheets.
     void tell(const QString &text);
     int page() const; ///< from 0; -1: none
+    /// Whether the picture of a sheet is there: turning to it shows it at once.
+    bool isDrawn(int page) const;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -42,9 +44,13 @@ private:
     void turn(int pages);
     void zoom(double factor);
     void updatePage();
+    QSize sizeOf(int page) const;
+    /// Draws the sheet in view, and those beside it ahead.
+    void draw();
     QToolButton *addButton(const QString &text, const QString &tip, const std::function<void()> &clicked);
 
     QVector<SSheet> m_sheets;
+    CSheetPictures m_pictures;
     QScrollArea *m_area = nullptr;
     CPage *m_page = nullptr;
     QSpinBox *m_number = nullptr;

@@ -5,6 +5,7 @@
 #include "layout/printing/graphics/Hatching.h"
 #include "layout/printing/sheets/CSheetFont.h"
 
+#include <QEventLoop>
 #include <QPainter>
 
 namespace {
@@ -48,6 +49,8 @@ CSheetPainter::CSheetPainter(QPainter &painter)
 
 void CSheetPainter::paint(QPainter &painter, const SSheet &sheet)
 {
+    const QEventLoop
+        timers; // fonts keep one on each thread that draws letters, also where no events are handled
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setRenderHint(QPainter::TextAntialiasing);
