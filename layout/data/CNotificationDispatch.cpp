@@ -102,6 +102,7 @@ void CNotificationDispatch::onDetectFinished(CSubject &)
     post(LayoutNotification::DetectFinished, [this] {
         m_states.suspendCurrentPort();
         m_events.currentPortMayDiffer();
+        updatePairsWith({}); // a search numbers processors anew, and the notes name the numbers
         m_events.detectFinished();
         const QUuid current = m_states.current();
         const QSize canvas = CHostAccess::call<&Host::getCanvasSize>();
@@ -316,7 +317,8 @@ void CNotificationDispatch::updatePairsWith(const QUuid &other)
     QVector<int> paired;
     const QVector<StorePort> ports = m_states.ports();
     for (const StorePort &port : ports) {
-        if (port.redundancy != StorePort::NoRedundancy && port.redundancyProcessor == other)
+        const bool concerned = port.redundancyProcessor == other || other.isNull();
+        if (port.redundancy != StorePort::NoRedundancy && !port.redundancyProcessor.isNull() && concerned)
             paired << port.index;
     }
     if (!paired.isEmpty())

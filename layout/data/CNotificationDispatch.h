@@ -61,7 +61,7 @@ private:
     void refreshCurrentPorts();
     void takeCurrent(const QUuid &processor);
     void updateAllLoads(IStoreEvents::Announced processor = IStoreEvents::Announced::IfDifferent);
-    void updatePairsWith(const QUuid &other); ///< what the ports in a pair with its ports show
+    void updatePairsWith(const QUuid &other); ///< what ports paired with its ports show; null: with any
     void invoke(const char *slot, QGenericArgument first = QGenericArgument(nullptr),
                 QGenericArgument second = QGenericArgument(nullptr));
 

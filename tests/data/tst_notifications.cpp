@@ -263,6 +263,9 @@ private Q_SLOTS:
         scene.led(N::LayoutReplaced, scene.a);
         QCOMPARE(scene.store.port(2).load, qint64(70));
         QCOMPARE(scene.store.portNote(2).text, QStringLiteral("Redundancy for processor2(B)"));
+        scene.host.answers()->nodes.last().index = 4;
+        scene.led(N::DetectFinished);
+        QCOMPARE(scene.store.portNote(2).text, QStringLiteral("Redundancy for processor5(B)"));
         scene.host.answers()->loads = {{0, 33}, {1, 80}}; // of A only port 3 is asked for
         QCOMPARE(scene.led(N::PortLoadsChanged, SPortLoadChange{b, 1}),
                  (QStringList{QStringLiteral("port load"), QStringLiteral("load")}));
