@@ -34,6 +34,11 @@ void CHostControl::AddStatusBarWidget(UiOrvo::EnModule module, QWidget *widget)
     Q_EMIT notifyStatusBarWidgetAdded(module, widget);
 }
 
+void CHostControl::AddTitleBarWidget(UiOrvo::EnModule module, QWidget *widget)
+{
+    Q_EMIT notifyTitleBarWidgetAdded(module, widget);
+}
+
 void CHostControl::AddLock(UiOrvo::EnModule module)
 {
     Q_EMIT notifyLockAdded(module);

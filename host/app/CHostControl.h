@@ -31,6 +31,9 @@ public:
     Q_INVOKABLE void AddRightBarWidget(UiOrvo::EnModule module, QWidget *widget);
     /// Shows @p widget in the status bar, which takes ownership.
     Q_INVOKABLE void AddStatusBarWidget(UiOrvo::EnModule module, QWidget *widget);
+    /// Shows @p widget beside the module's title, in whose bar there is room for 26 pixels; the bar takes
+    /// ownership.
+    Q_INVOKABLE void AddTitleBarWidget(UiOrvo::EnModule module, QWidget *widget);
     /// Adds the control that blocks editing to the module's title bar.
     Q_INVOKABLE void AddLock(UiOrvo::EnModule module);
     /// Adds the control that hides the right bar to the module's title bar.
@@ -39,6 +42,7 @@ public:
 Q_SIGNALS:
     void notifyRightBarWidgetAdded(UiOrvo::EnModule module, QWidget *widget);
     void notifyStatusBarWidgetAdded(UiOrvo::EnModule module, QWidget *widget);
+    void notifyTitleBarWidgetAdded(UiOrvo::EnModule module, QWidget *widget);
     void notifyLockAdded(UiOrvo::EnModule module);
     void notifyCollapseAdded(UiOrvo::EnModule module);
 

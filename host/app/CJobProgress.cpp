@@ -9,6 +9,10 @@
 #include <QProgressBar>
 #include <QPushButton>
 
+namespace {
+constexpr int LineHeight = 18; // pixels: the status bar has 24 with its frame
+}
+
 CJobProgress::CJobProgress(QWidget *parent)
     : QWidget(parent)
 {
@@ -29,6 +33,9 @@ void CJobProgress::buildUi()
     row->addWidget(m_bar);
     m_cancel = new QPushButton(tr("Cancel"));
     m_cancel->setObjectName(QStringLiteral("CancelJob"));
+    for (QWidget *part :
+         {static_cast<QWidget *>(m_text), static_cast<QWidget *>(m_bar), static_cast<QWidget *>(m_cancel)})
+        part->setFixedHeight(LineHeight);
     row->addWidget(m_cancel);
     setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     setVisible(false);

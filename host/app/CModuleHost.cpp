@@ -28,10 +28,12 @@ CModuleHost::~CModuleHost() = default;
 
 void CModuleHost::connectSignals()
 {
-    const CModuleTitleBar *bar = &m_frame->titleBar();
+    CModuleTitleBar *bar = &m_frame->titleBar();
     connect(&m_control, &CHostControl::notifyRightBarWidgetAdded, this, &CModuleHost::onRightBarWidgetAdded);
     connect(&m_control, &CHostControl::notifyStatusBarWidgetAdded, m_statusBar,
             [this](UiOrvo::EnModule, QWidget *widget) { m_statusBar->layout()->addWidget(widget); });
+    connect(&m_control, &CHostControl::notifyTitleBarWidgetAdded, bar,
+            [bar](UiOrvo::EnModule, QWidget *widget) { bar->showBesideTitle(widget); });
     connect(&m_control, &CHostControl::notifyLockAdded, bar, &CModuleTitleBar::showLock);
     connect(&m_control, &CHostControl::notifyCollapseAdded, bar, &CModuleTitleBar::showCollapse);
     connect(bar, &CModuleTitleBar::notifyLockToggled, this, &CModuleHost::onLockToggled);

@@ -8,6 +8,10 @@
 #include <QLabel>
 #include <QToolButton>
 
+namespace {
+constexpr int RowHeight = 30; // pixels
+}
+
 CModuleTitleBar::CModuleTitleBar(const QString &title, QWidget *parent)
     : QFrame(parent)
 {
@@ -20,6 +24,7 @@ CModuleTitleBar::CModuleTitleBar(const QString &title, QWidget *parent)
 void CModuleTitleBar::buildUi(const QString &title)
 {
     setObjectName(QStringLiteral("ModuleTitleBar"));
+    setFixedHeight(RowHeight);
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(12, 2, 8, 2);
     row->setSpacing(8);
@@ -28,7 +33,8 @@ void CModuleTitleBar::buildUi(const QString &title)
     bold.setBold(true);
     name->setFont(bold);
     row->addWidget(name);
-    row->addStretch(1);
+    m_besideTitle = new QHBoxLayout;
+    row->addLayout(m_besideTitle, 1);
     m_lock = addButton("LockButton", "editing");
     m_collapse = addButton("CollapseButton", "collapse");
 }
@@ -50,6 +56,11 @@ void CModuleTitleBar::connectSignals()
 {
     connect(m_lock, &QToolButton::toggled, this, &CModuleTitleBar::onLockToggled);
     connect(m_collapse, &QToolButton::toggled, this, &CModuleTitleBar::onCollapseToggled);
+}
+
+void CModuleTitleBar::showBesideTitle(QWidget *widget)
+{
+    m_besideTitle->addWidget(widget);
 }
 
 void CModuleTitleBar::showLock()

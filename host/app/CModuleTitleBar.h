@@ -4,6 +4,7 @@
 
 #include <QFrame>
 
+class QHBoxLayout;
 class QToolButton;
 
 /// The bar above a module: its title and the controls that it asked for. GUI thread.
@@ -14,8 +15,9 @@ class CModuleTitleBar final : public QFrame
 public:
     explicit CModuleTitleBar(const QString &title, QWidget *parent = nullptr);
 
-    void showLock();     ///< the control that blocks editing
-    void showCollapse(); ///< the control that hides the right bar
+    void showBesideTitle(QWidget *widget); ///< takes ownership
+    void showLock();                       ///< the control that blocks editing
+    void showCollapse();                   ///< the control that hides the right bar
     void setCollapsed(bool collapsed);
 
 Q_SIGNALS:
@@ -29,6 +31,7 @@ private:
     void onLockToggled(bool locked);
     void onCollapseToggled(bool collapsed);
 
+    QHBoxLayout *m_besideTitle = nullptr;
     QToolButton *m_lock = nullptr;
     QToolButton *m_collapse = nullptr;
 };

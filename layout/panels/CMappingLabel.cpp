@@ -6,7 +6,6 @@
 #include "layout/panels/IMappingCommands.h"
 #include "layout/panels/MappingRefusal.h"
 #include "platform/widgets/CMenuToolButton.h"
-#include "platform/widgets/CSeparator.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -93,7 +92,6 @@ void CMappingLabel::buildUi()
 {
     SetTitle(tr("Mapping"));
     addReadSection();
-    contentLayout()->addWidget(new CSeparator);
     addSaveSection();
 }
 

@@ -25,7 +25,6 @@ CSystemLoadLabel::CSystemLoadLabel(const SUnitServices &services)
     small.setPixelSize(11); // as the other line
     m_worst->setFont(small);
     m_worst->setMinimumHeight(m_overload->sizeHint().height()); // one takes the other's place
-    contentLayout()->setSpacing(4);
     contentLayout()->addWidget(m_bar);
     contentLayout()->addWidget(m_overload); // the mean does not show which port is overloaded
     contentLayout()->addWidget(m_worst);

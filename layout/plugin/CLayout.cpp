@@ -57,6 +57,11 @@ QWidget *CLayout::statusBarWidget() const
     return m_editorPage->statusFigures();
 }
 
+QWidget *CLayout::titleBarWidget() const
+{
+    return m_editorPage->titleRow();
+}
+
 QWidget *CLayout::rightBarWidget() const
 {
     return m_sidePanel;

@@ -38,6 +38,7 @@ public:
     void setHost(IAbstractControlInterface &host);
     QWidget *
     statusBarWidget() const; ///< tells what is selected and what is wrong; the host becomes its parent
+    QWidget *titleBarWidget() const; ///< tells what is edited; the host may become its parent
     QWidget *rightBarWidget() const; ///< the side panel; the host becomes its parent
     QAbstractButton &showScreenButton() const;
     /// The user wants to show or hide the simulated screen.

@@ -53,11 +53,17 @@ CLayoutEditorPage::~CLayoutEditorPage()
     m_store.setLayoutSource(nullptr);
     m_view->setCommands(nullptr);
     delete m_figures;
+    delete m_wiring;
 }
 
 QAbstractButton &CLayoutEditorPage::showScreenButton() const
 {
     return m_wiring->showScreenButton();
+}
+
+QWidget *CLayoutEditorPage::titleRow() const
+{
+    return m_wiring;
 }
 
 QWidget *CLayoutEditorPage::statusFigures() const
@@ -171,13 +177,19 @@ void CLayoutEditorPage::showEvent(QShowEvent *event)
     QWidget::showEvent(event);
     if (m_figures)
         m_figures->setTelling(true);
+    if (m_wiring)
+        m_wiring->show();
 }
 
 void CLayoutEditorPage::hideEvent(QHideEvent *event)
 {
     QWidget::hideEvent(event);
-    if (m_figures && !event->spontaneous()) // another page came, not: the window was minimized
+    if (event->spontaneous())
+        return; // the window was minimized: no other page came
+    if (m_figures)
         m_figures->setTelling(false);
+    if (m_wiring)
+        m_wiring->hide();
 }
 
 /// A redundancy processor follows its primary and cannot be edited.

@@ -36,6 +36,7 @@ public:
     ~CLayoutEditorPage() override;
 
     QAbstractButton &showScreenButton() const;
+    QWidget *titleRow() const; ///< at the top of the page, unless it is placed elsewhere; deleted with it
     QWidget *statusFigures() const; ///< to be placed in the status bar; deleted with the page
     CPortCommands &portCommands() { return *m_portCommands; }
     const QUuid &processor() const { return m_processor.uuid; } ///< the one shown; null: none
@@ -73,7 +74,7 @@ private:
 
     CLayoutData &m_store;
     ProcessorTree::ProcessorNode m_processor;
-    CWiringLayoutWidget *m_wiring = nullptr;
+    QPointer<CWiringLayoutWidget> m_wiring; // owned by the host's title bar once placed there
     CLayoutGraphicsView *m_view = nullptr;
     QPointer<CStatusFigures> m_figures; // owned by the status bar once placed there
     std::unique_ptr<CEditorCommands> m_commands;

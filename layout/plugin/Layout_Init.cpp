@@ -22,10 +22,13 @@ bool Layout_Init(IAbstractControlInterface **out, IAbstractControlInterface *hos
     const UiOrvo::EnModule module = UiOrvo::ModuleLayout;
     QMetaObject::invokeMethod(hostObject, "AddRightBarWidget", Q_ARG(UiOrvo::EnModule, module),
                               Q_ARG(QWidget *, layout.rightBarWidget()));
-    // Not every host has a status bar.
+    // Not every host has a status bar, or room beside the title.
     if (hostObject->metaObject()->indexOfMethod("AddStatusBarWidget(UiOrvo::EnModule,QWidget*)") >= 0)
         QMetaObject::invokeMethod(hostObject, "AddStatusBarWidget", Q_ARG(UiOrvo::EnModule, module),
                                   Q_ARG(QWidget *, layout.statusBarWidget()));
+    if (hostObject->metaObject()->indexOfMethod("AddTitleBarWidget(UiOrvo::EnModule,QWidget*)") >= 0)
+        QMetaObject::invokeMethod(hostObject, "AddTitleBarWidget", Q_ARG(UiOrvo::EnModule, module),
+                                  Q_ARG(QWidget *, layout.titleBarWidget()));
     QMetaObject::invokeMethod(hostObject, "AddLock", Q_ARG(UiOrvo::EnModule, module));
     QMetaObject::invokeMethod(hostObject, "AddCollapse", Q_ARG(UiOrvo::EnModule, module));
 

@@ -58,8 +58,8 @@ void CUnitLabel::buildUi()
     m_header->setChecked(true);
     m_header->setFocusPolicy(Qt::StrongFocus);
     m_header->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    m_contentLayout->setContentsMargins(0, 4, 0, 8);
-    m_contentLayout->setSpacing(8);
+    m_contentLayout->setContentsMargins(0, 4, 0, 4);
+    m_contentLayout->setSpacing(4);
 
     auto *outer = new QVBoxLayout(this);
     outer->setContentsMargins(0, 0, 0, 0);

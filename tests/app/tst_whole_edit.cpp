@@ -5,6 +5,7 @@
 #include "platform/widgets/CTheme.h"
 #include "tests/app/CWindowUser.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/harness/DialogUser.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -12,6 +13,7 @@
 #include <QLineEdit>
 #include <QProcess>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QSpinBox>
 #include <QTemporaryDir>
 
@@ -104,6 +106,7 @@ private Q_SLOTS:
         registerRecordMetaTypes();
         CTheme::apply(*qApp);
         QApplication::setQuitOnLastWindowClosed(false); // the test ends the program
+        QApplication::setKeyboardInputInterval(PatienceMilliseconds); // a busy machine types slowly
     }
 
     void anEditIsMadeAndSaved()
@@ -111,6 +114,9 @@ private Q_SLOTS:
         CWindowUser user(m_state);
         QVERIFY(user.detect() && user.openProcessor(QStringLiteral("Lobby")));
         user.keepPicture("typical-1-detected");
+        const auto *title = user.window().findChild<QWidget *>(QStringLiteral("ModuleTitleBar"));
+        QVERIFY(title && named<QAbstractButton>(*title, "Show screen")->isVisible());
+        QVERIFY(named<QScrollArea>(user.window(), "Side panel")->widget()->sizeHint().height() <= 698);
         appendToPortFour(user);
         QTRY_VERIFY(user.portName(4).contains(QStringLiteral("load 90%")));
         QVERIFY(user.clickButton("BTT RTL snake")); // of what was appended, which is selected

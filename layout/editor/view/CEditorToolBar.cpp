@@ -15,6 +15,7 @@
 namespace {
 
 constexpr int ToolIconSide = 20;
+constexpr int BarHeight = 34; // pixels
 
 QString layoutIcon(const char *name)
 {
@@ -63,6 +64,7 @@ void CEditorToolBar::buildUi()
 {
     setObjectName(QStringLiteral("EditorToolBar"));
     setIconSize(QSize(ToolIconSide, ToolIconSide));
+    setFixedHeight(BarHeight);
     m_modes = new QActionGroup(this);
     m_modes->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
 
