@@ -4,6 +4,7 @@
 
 #include "layout/api/access/CHostAccess.h"
 #include "layout/api/records/PortPairs.h"
+#include "layout/data/PortLoads.h"
 
 std::optional<SPortLoad> BearerLoad::elsewhere(const QUuid &processor, const CabinetLayout::CabinetPort &port)
 {
@@ -18,4 +19,15 @@ std::optional<SPortLoad> BearerLoad::elsewhere(const QUuid &processor, const Cab
     if (!primary)
         return std::nullopt;
     return CHostAccess::callUnflushed<&Host::portLoadDetails>(other, *primary, primary->index);
+}
+
+SPortLoad BearerLoad::of(const CabinetLayout &layout, int port)
+{
+    const CabinetLayout::CabinetPort *bearer = PortLoads::loadBearer(layout, port);
+    if (!bearer)
+        return {};
+    const auto other = elsewhere(layout.processor, *bearer);
+    return other ? *other
+                 : CHostAccess::call<&ILayoutInterfaceHandler::portLoadDetails>(layout.processor, *bearer,
+                                                                                bearer->index);
 }

@@ -7,11 +7,15 @@
 
 #include <optional>
 
-/// Loads of pairs of ports across processors.
+/// Loads of output ports, of which the host is asked.
 namespace BearerLoad {
 
 /// The host's figures for the primary on another processor of @p port of @p processor. Empty if @p port is no
 /// redundancy port, its primary is on the same processor, or the pair is broken. Any thread.
 std::optional<SPortLoad> elsewhere(const QUuid &processor, const CabinetLayout::CabinetPort &port);
+
+/// The host's figures for @p port of @p layout: those of its primary if it is a redundancy port, on whichever
+/// processor that is. Pending edits are handed over first. Any thread.
+SPortLoad of(const CabinetLayout &layout, int port);
 
 } // namespace BearerLoad

@@ -3,6 +3,7 @@
 #include "layout/plugin/CPrintCommand.h"
 
 #include "layout/api/access/CHostAccess.h"
+#include "layout/data/BearerLoad.h"
 #include "layout/printing/dialog/CPrintDialog.h"
 #include "platform/widgets/CMessageBox.h"
 
@@ -30,8 +31,10 @@ SPrintedProcessor printed(const Node &node, const LayoutData &data)
     processor.colorDepth = node.colorDepth;
     processor.portCount = CHostAccess::call<&Host::outputPortCount>(node.uuid);
     for (const Port &port : data.layout.ports) {
-        const SPortLoad load = CHostAccess::call<&Host::portLoadDetails>(node.uuid, port, port.index);
+        const SPortLoad load = BearerLoad::of(data.layout, port.index);
         processor.loads.insert(port.index, load);
+        if (port.redundancy == Port::Redundant)
+            continue; // its primary may be on another processor
         processor.frameRate = load.frameRate;
         processor.pixelLimit = load.pixelLimit;
     }

@@ -1,8 +1,11 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/api/records/PortPairs.h"
+#include "layout/panels/ports/SOverload.h"
 #include "layout/plugin/CCabinetFiles.h"
 #include "layout/plugin/CMappingCommands.h"
 #include "layout/plugin/CParameterCheck.h"
+#include "layout/plugin/CPrintCommand.h"
 #include "layout/plugin/CProcessorCommands.h"
 #include "layout/settings/CCabinetParaSave.h"
 #include "layout/settings/CProcessorInView.h"
@@ -45,6 +48,7 @@ struct SEditedWorld final : SStoreWorld
 };
 
 using Command = void (*)(SEditedWorld &);
+using Port = CabinetLayout::CabinetPort;
 using Cabinet = CabinetLayout::CabinetPort::Cabinet;
 
 SSettings::TypeLibrary::STreeNode typeNode(const char *name, bool damaged)
@@ -218,6 +222,24 @@ private Q_SLOTS:
             QCOMPARE(asked.details.split(QLatin1Char('\n')).size(), processors);
             QCOMPARE(world.answers()->count(QStringLiteral("saveMapping")), saves ? 1 : 0);
         }
+    }
+
+    void aRedundancyPortIsJudgedAndPrintedByItsPrimaryOnAnotherProcessor()
+    {
+        SParameterWorld world;
+        {
+            const CFakeAnswers answers = world.answers();
+            QVector<Port> &backups = answers->layouts[world.b].layout.ports;
+            PortPairs::setPair(answers->layouts[world.a].layout.ports[1], world.a, Port::Primary,
+                               {world.b, 0});
+            PortPairs::setPair(backups[0], world.b, Port::Redundant, {world.a, 1});
+            answers->loads[1] = 120;
+        }
+        const CabinetLayout layout = world.answers()->layouts[world.b].layout;
+        QCOMPARE(SOverload::asked(layout).ports, QVector<int>{0});
+        const SPrintedProcessor printed = CPrintCommand::input().processors.at(1);
+        QCOMPARE(printed.node.uuid, world.b);
+        QCOMPARE(printed.loads.value(0).percent, 120);
     }
 
     void anEndThatComesTooLateIsIgnored()

@@ -6,6 +6,7 @@
 #include "host/devices/simulated/CProcessorKinds.h"
 #include "host/library/CTypeLibrary.h"
 #include "host/projects/CSafeFile.h"
+#include "layout/api/records/PortPairs.h"
 #include "layout/printing/figures/SPartsTally.h"
 #include "layout/printing/lists/CSheetSet.h"
 
@@ -28,6 +29,28 @@ void giveLoads(SPrintedProcessor &printed, const SProcessorProject &project)
                                          project.layout, project.portCount);
 }
 
+/// A redundancy port has the load of its primary, also of one in another project.
+void giveLoadsOfPrimaries(QVector<SPrintedProcessor> &processors)
+{
+    const QVector<SPrintedProcessor> own = processors;
+    const auto find = [&own](const QUuid &processor) {
+        return std::find_if(own.begin(), own.end(),
+                            [&](const auto &p) { return p.layout.processor == processor; });
+    };
+    const auto layoutOf = [&](const QUuid &processor) {
+        const auto found = find(processor);
+        return found == own.end() ? CabinetLayout() : found->layout;
+    };
+    for (SPrintedProcessor &printed : processors) {
+        for (const PortPairs::Port &port : std::as_const(printed.layout.ports)) {
+            const auto primary = PortPairs::partner(printed.layout, port, layoutOf);
+            const auto at = find(PortPairs::partnerKey(printed.layout, port).processor);
+            if (port.redundancy == PortPairs::Port::Redundant && primary && at != own.end())
+                printed.loads[port.index] = at->loads.value(primary->index);
+        }
+    }
+}
+
 } // namespace
 
 SPrintInput CSheetExport::inputOf(const QVector<SProcessorProject> &projects)
@@ -46,6 +69,7 @@ SPrintInput CSheetExport::inputOf(const QVector<SProcessorProject> &projects)
         giveLoads(printed, project);
         input.processors << printed;
     }
+    giveLoadsOfPrimaries(input.processors);
     input.library = CTypeLibrary::builtIn().nodes();
     return input;
 }

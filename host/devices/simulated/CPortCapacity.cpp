@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/devices/simulated/CPortCapacity.h"
 
+#include "layout/api/records/PortPairs.h"
+
 #include <algorithm>
 #include <limits>
 
@@ -96,7 +98,9 @@ QMap<int, SPortLoad> CPortCapacity::loads(const SProcessorKind &kind, const SSig
     QMap<int, qint64> used;
     qint64 total = 0;
     for (const Port &port : layout.ports) {
-        used[port.index] = charged(kind.generation, carried(port));
+        const auto primary = PortPairs::partner(layout, port, [](const QUuid &) { return CabinetLayout(); });
+        const bool follows = port.redundancy == Port::Redundant && primary;
+        used[port.index] = charged(kind.generation, follows ? *primary : carried(port));
         if (port.redundancy != Port::Redundant)
             total += used.value(port.index);
     }

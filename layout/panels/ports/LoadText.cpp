@@ -2,11 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/panels/ports/LoadText.h"
 
-#include "layout/api/access/CHostAccess.h"
 #include "layout/api/records/LoadSum.h"
 #include "layout/data/BearerLoad.h"
 #include "layout/data/CLayoutData.h"
-#include "layout/data/PortLoads.h"
 
 #include <QCoreApplication>
 
@@ -44,13 +42,9 @@ QString LoadText::ofProcessor(const CLayoutData &store, int percent)
 QString LoadText::ofPort(const CLayoutData &store, int port)
 {
     const CabinetLayout layout = store.layoutData().layout;
-    const CabinetLayout::CabinetPort *bearer = PortLoads::loadBearer(layout, port);
-    if (!bearer)
+    if (!layout.port(port))
         return {};
-    const auto elsewhere = BearerLoad::elsewhere(layout.processor, *bearer);
-    const SPortLoad load = elsewhere ? *elsewhere
-                                     : CHostAccess::call<&ILayoutInterfaceHandler::portLoadDetails>(
-                                           layout.processor, *bearer, bearer->index);
+    const SPortLoad load = BearerLoad::of(layout, port);
     const QStringList lines{text("Port %1: %2%").arg(port + 1).arg(load.percent)};
     return (lines + LoadSum::sentences(load)).join(QLatin1Char('\n'));
 }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/panels/ports/SOverload.h"
 
-#include "layout/api/access/CHostAccess.h"
+#include "layout/data/BearerLoad.h"
 #include "layout/data/CLayoutData.h"
 
 #include <QStringList>
@@ -10,11 +10,6 @@
 namespace {
 
 using Port = CabinetLayout::CabinetPort;
-
-SPortLoad loadOf(const QUuid &processor, const Port &port)
-{
-    return CHostAccess::call<&ILayoutInterfaceHandler::portLoadDetails>(processor, port, port.index);
-}
 
 /// "1 to 3, 5" for the indices 0, 1, 2, 4.
 QString ranges(const QVector<int> &ports)
@@ -48,35 +43,30 @@ QString SOverload::text() const
 
 SOverload SOverload::shown(const CLayoutData &store)
 {
-    const CabinetLayout layout = store.layoutData().layout;
-    SOverload overload;
-    const Port *measured = nullptr; // a redundancy port carries what its primary is charged for
-    for (const Port &port : layout.ports) {
-        if (port.load <= 100)
-            continue;
-        overload.ports << port.index;
-        overload.worst = qMax(overload.worst, int(port.load));
-        if (!measured && port.redundancy != Port::Redundant)
-            measured = &port;
-    }
-    if (measured) {
-        const SPortLoad load = loadOf(layout.processor, *measured);
-        overload.processor = load.pixelLimit > 0 && load.totalPixels > load.pixelLimit;
-    }
-    return overload;
+    return of(store.layoutData().layout, [](const Port &port) { return int(port.load); });
 }
 
 SOverload SOverload::asked(const CabinetLayout &layout)
 {
+    return of(layout, [&layout](const Port &port) { return BearerLoad::of(layout, port.index).percent; });
+}
+
+SOverload SOverload::of(const CabinetLayout &layout, const std::function<int(const Port &)> &percentOf)
+{
     SOverload overload;
+    const Port *measured = nullptr; // a redundancy port carries what its primary is charged for
     for (const Port &port : layout.ports) {
-        const SPortLoad load = loadOf(layout.processor, port);
-        if (load.percent <= 100)
+        const int percent = percentOf(port);
+        if (percent <= 100)
             continue;
         overload.ports << port.index;
-        overload.worst = qMax(overload.worst, load.percent);
-        overload.processor =
-            overload.processor || (load.pixelLimit > 0 && load.totalPixels > load.pixelLimit);
+        overload.worst = qMax(overload.worst, percent);
+        if (!measured && port.redundancy != Port::Redundant)
+            measured = &port;
+    }
+    if (measured) {
+        const SPortLoad load = BearerLoad::of(layout, measured->index);
+        overload.processor = load.pixelLimit > 0 && load.totalPixels > load.pixelLimit;
     }
     return overload;
 }

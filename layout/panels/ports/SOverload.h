@@ -6,6 +6,8 @@
 
 #include <QCoreApplication>
 
+#include <functional>
+
 class CLayoutData;
 
 /// Which output ports of a processor are overloaded, and how that is told to the user.
@@ -27,4 +29,8 @@ public:
     static SOverload shown(const CLayoutData &store);
     /// Of any processor: asks the host for all loads. O(n) in its cabinets.
     static SOverload asked(const CabinetLayout &layout);
+
+private:
+    using Port = CabinetLayout::CabinetPort;
+    static SOverload of(const CabinetLayout &layout, const std::function<int(const Port &)> &percentOf);
 };
