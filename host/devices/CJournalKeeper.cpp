@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/devices/CJournalKeeper.h"
 
-#include "host/devices/CProjectShelf.h"
 #include "host/devices/services/CDeviceServices.h"
 #include "host/journal/CStateCodec.h"
 #include "platform/common/CBackgroundCall.h"
@@ -11,15 +10,22 @@
 #include <QThread>
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
 constexpr int QuietMilliseconds = 1000;
 constexpr qint64 Megabyte = 1024 * 1024;
+constexpr quint64 NoRevision = std::numeric_limits<quint64>::max(); // which no mapping has
 
 const CStepTrail::Ports &savedOf(const SDevice &device)
 {
     return device.working.saved().ports;
+}
+
+CJournals::Work workOf(const SDevice &device)
+{
+    return device.isModified() ? CJournals::Work::Unsaved : CJournals::Work::Saved;
 }
 
 } // namespace
@@ -111,6 +117,8 @@ SJournalOwner CJournalKeeper::ownerOf(const SDevice &device)
     owner.file = device.file;
     owner.stamp = device.stamp;
     owner.version = QCoreApplication::applicationVersion();
+    if (!device.project)
+        owner.revision = device.revision;
     return owner;
 }
 
@@ -169,13 +177,16 @@ void CJournalKeeper::take(const QUuid &processor, Cause cause, Editor editor)
     const SProcessorProject state = CProjectShelf::projectOf(*device);
     if (isUntouchedCopy(*device, state))
         return;
+    const bool isSave =
+        known && savedOf(*device).constData() != seen.saved.constData() && !device->isModified();
+    const CJournals::Work work = isSave ? CJournals::Work::Unsaved : workOf(*device); // settle() ends it
     if (!known)
         begin(*device);
     else if (cause == Cause::Host && device->working.edition() != seen.edition)
-        m_journals->note(ownerOf(*device), state);
+        m_journals->note(ownerOf(*device), state, work);
     else
-        m_journals->noteLook(ownerOf(*device), state);
-    if (known && savedOf(*device).constData() != seen.saved.constData() && !device->isModified())
+        m_journals->noteLook(ownerOf(*device), state, work);
+    if (isSave)
         m_journals->settle(ownerOf(*device));
     if (cause == Cause::Editor)
         m_quiet.start();
@@ -187,7 +198,7 @@ void CJournalKeeper::takeAll()
     m_services.flush();
     for (const SDevice &device : m_services.table().devices()) {
         if (m_journals->knows(device.node.uuid))
-            m_journals->note(ownerOf(device), CProjectShelf::projectOf(device));
+            m_journals->note(ownerOf(device), CProjectShelf::projectOf(device), workOf(device));
     }
 }
 
@@ -222,14 +233,14 @@ QList<SStrayJournal> CJournalKeeper::offers() const
     return offers;
 }
 
-CResult<QUuid> CJournalKeeper::restore(const SStrayJournal &stray)
+CResult<QUuid> CJournalKeeper::restore(const SStrayJournal &stray, const CProjectShelf::AskHeld &ask)
 {
     const SJournalOwner &owner = stray.journal.owner;
     if (!owner.project) {
         m_waiting.insert(owner.processor, stray);
         return restoreWaiting(owner.processor) ? owner.processor : QUuid();
     }
-    CResult<QUuid> opened = m_projects.restore(stray.journal.state.project(), owner.file, owner.stamp);
+    CResult<QUuid> opened = m_projects.restore(stray.journal.state.project(), owner.file, owner.stamp, ask);
     const std::optional<SDevice> device = opened ? m_services.table().device(opened.value()) : std::nullopt;
     if (device)
         m_journals->adopt(stray, ownerOf(*device));
@@ -240,7 +251,7 @@ bool CJournalKeeper::restoreWaiting(const QUuid &processor)
 {
     if (!m_waiting.contains(processor) || !m_services.table().contains(processor))
         return false;
-    const SStrayJournal stray = m_waiting.take(processor);
+    SStrayJournal stray = m_waiting.take(processor);
     const SProcessorProject state = stray.journal.state.project();
     m_services.table().change(processor, [&state](SDevice &device) {
         const int count = std::min(device.kind.ports, state.portCount);
@@ -248,14 +259,30 @@ bool CJournalKeeper::restoreWaiting(const QUuid &processor)
     });
     m_services.table().changeLayout(processor,
                                     [&state](SDevice &device) { device.takeLayout(state.layout); });
+    takeRevision(processor, stray);
     const std::optional<SDevice> device = m_services.table().device(processor);
     if (!device)
         return false;
     m_journals->adopt(stray, ownerOf(*device));
+    m_journals->note(ownerOf(*device), CProjectShelf::projectOf(*device), workOf(*device));
     m_seen[processor] = {device->working.edition(), savedOf(*device)};
     m_services.announcer().announceLayout(processor);
     m_services.announcer().announceState();
     return true;
+}
+
+/// What somebody else has saved meanwhile is not replaced without a question.
+void CJournalKeeper::takeRevision(const QUuid &processor, SStrayJournal &stray)
+{
+    const quint64 known = stray.journal.owner.revision.value_or(NoRevision);
+    bool changed = false;
+    m_services.table().change(processor, [known, &changed](SDevice &device) {
+        changed = device.isModified() && device.revision != known;
+        if (changed)
+            device.revision = known;
+    });
+    if (changed)
+        stray.journal.state.trail().forgetSaved();
 }
 
 CResult<QUuid> CJournalKeeper::look(const SStrayJournal &stray)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "host/devices/CProjectShelf.h"
 #include "host/devices/services/CDeviceTable.h"
 #include "host/journal/CJournals.h"
 
@@ -13,7 +14,6 @@
 #include <mutex>
 
 class CDeviceServices;
-class CProjectShelf;
 
 /// Keeps what was not saved, of projects and devices, for the case that the program ends unexpectedly, and
 /// restores it. Learns of edits from the editor, and of everything else from the table of devices. GUI
@@ -36,8 +36,9 @@ public:
     /// What earlier runs have left. Reads files in the background.
     QList<SStrayJournal> offers() const;
     /// Opens a project, or replaces the layout of a device, as it was on the screen. A device that is not
-    /// known yet gets its layout once it is detected; then the key is null.
-    CResult<QUuid> restore(const SStrayJournal &stray);
+    /// known yet gets its layout once it is detected; then the key is null. It is null, too, if somebody else
+    /// has the project open and @p ask says not to open it; see CProjectShelf::restore().
+    CResult<QUuid> restore(const SStrayJournal &stray, const CProjectShelf::AskHeld &ask = {});
     /// Opens a copy as a project without a file. What is offered stays as it is.
     CResult<QUuid> look(const SStrayJournal &stray);
     static void discard(const SStrayJournal &stray);
@@ -71,6 +72,7 @@ private:
     void begin(const SDevice &device);
     void takeAll();
     bool restoreWaiting(const QUuid &processor);
+    void takeRevision(const QUuid &processor, SStrayJournal &stray);
     static SJournalOwner ownerOf(const SDevice &device);
 
     CDeviceServices &m_services;

@@ -68,6 +68,15 @@ CProjectShelf::Opened CProjectShelf::announced(const Opened &opened)
     return opened;
 }
 
+/// What to do with a file that somebody else has open. "Anyway" makes the lock ours.
+CProjectShelf::Held CProjectShelf::askFor(CFileLock &lock, const AskHeld &ask)
+{
+    const Held answer = ask(lock.holder());
+    if (answer == Held::Anyway)
+        CBackgroundCall::run([&lock] { lock.take(CFileLock::Replace); });
+    return answer;
+}
+
 CProjectShelf::Opened CProjectShelf::open(const QString &file, const AskHeld &ask)
 {
     QUuid known;
@@ -82,16 +91,10 @@ CProjectShelf::Opened CProjectShelf::open(const QString &file, const AskHeld &as
     });
     if (!known.isNull())
         return known;
-    QString readOnly;
-    if (outcome == CFileLock::Held && ask) {
-        const Held answer = ask(lock->holder());
-        if (answer == Held::Cancel)
-            return QUuid();
-        if (answer == Held::ReadOnly)
-            readOnly = readOnlyBecauseOf(lock->holder());
-        else
-            CBackgroundCall::run([&lock] { lock->take(CFileLock::Replace); });
-    }
+    const Held how = outcome == CFileLock::Held && ask ? askFor(*lock, ask) : Held::Anyway;
+    if (how == Held::Cancel)
+        return QUuid();
+    const QString readOnly = how == Held::ReadOnly ? readOnlyBecauseOf(lock->holder()) : QString();
     const Opened opened = CBackgroundCall::result([&] {
         const Opened added = read(file, readOnly);
         if (!added)
@@ -114,13 +117,25 @@ CProjectShelf::Opened CProjectShelf::add(const SProcessorProject &project)
 }
 
 CProjectShelf::Opened CProjectShelf::restore(const SProcessorProject &project, const QString &file,
-                                             const SFileStamp &stamp)
+                                             const SFileStamp &stamp, const AskHeld &ask)
 {
     const Lock lock = file.isEmpty() ? nullptr : std::make_shared<CFileLock>(file);
-    const Opened added = CBackgroundCall::result([&] {
-        const bool held = lock && lock->take() == CFileLock::Held;
-        return readd(project, file, stamp, held ? readOnlyBecauseOf(lock->holder()) : QString());
+    CFileLock::Outcome outcome = CFileLock::Impossible;
+    bool open = false;
+    CBackgroundCall::run([&] {
+        open = !openedAs(file).isNull();
+        if (lock && !open)
+            outcome = lock->take();
     });
+    if (open)
+        return Opened::failure(tr("%1 is open: close it first.").arg(CSafeFile::quoted(file)));
+    Held how = Held::Anyway;
+    if (outcome == CFileLock::Held)
+        how = ask ? askFor(*lock, ask) : Held::ReadOnly;
+    if (how == Held::Cancel)
+        return QUuid();
+    const QString readOnly = how == Held::ReadOnly ? readOnlyBecauseOf(lock->holder()) : QString();
+    const Opened added = CBackgroundCall::result([&] { return readd(project, file, stamp, readOnly); });
     if (added && lock)
         m_locks.insert(added.value(), lock);
     return announced(added);
@@ -195,8 +210,6 @@ CProjectShelf::Opened CProjectShelf::read(const QString &file, const QString &re
 CProjectShelf::Opened CProjectShelf::readd(const SProcessorProject &project, const QString &file,
                                            const SFileStamp &stamp, const QString &readOnly)
 {
-    if (!openedAs(file).isNull())
-        return Opened::failure(tr("%1 is open: close it first.").arg(CSafeFile::quoted(file)));
     const CResult<SProcessorProject> saved = CProcessorProject::read(file);
     Opened added = put(project, file, saved ? saved.value().layout : CabinetLayout());
     if (!added)

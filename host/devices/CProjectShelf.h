@@ -52,8 +52,10 @@ public:
     /// Adds a project without a file, which counts as unsaved. Returns its key.
     CResult<QUuid> add(const SProcessorProject &project);
     /// Opens a project as it was when the program ended unexpectedly. Its file, which may be missing, tells
-    /// what is unsaved; @p stamp is that of the file when the edits began. Returns its key.
-    CResult<QUuid> restore(const SProcessorProject &project, const QString &file, const SFileStamp &stamp);
+    /// what is unsaved; @p stamp is that of the file when the edits began. Returns its key. If somebody else
+    /// has the file open, @p ask says what to do, as for open(); without @p ask it is read only.
+    CResult<QUuid> restore(const SProcessorProject &project, const QString &file, const SFileStamp &stamp,
+                           const AskHeld &ask = {});
     /// Writes a processor's layout and settings, including pending edits of a module. A project belongs to
     /// that file from then on, and is renamed to @p newName unless that is empty. @p how, which may be null,
     /// says what may be overwritten, and learns what kept it from that.
@@ -73,6 +75,7 @@ private:
     using Lock = std::shared_ptr<CFileLock>;
 
     Opened announced(const Opened &opened);
+    static Held askFor(CFileLock &lock, const AskHeld &ask);
     Opened read(const QString &file, const QString &readOnly);
     Opened readd(const SProcessorProject &project, const QString &file, const SFileStamp &stamp,
                  const QString &readOnly);

@@ -29,6 +29,8 @@ public:
 
     /// Whether there is a file, so that nothing is lost.
     bool isWritten() const { return bool(m_file); }
+    /// Whether there is a file, or should be.
+    bool isInUse() const { return isWritten() || isBroken(); }
     /// Whether the last attempt to write failed; errors() tells why. What happens is still noted in memory.
     bool isBroken() const { return m_broken; }
     const QString &error() const { return m_error; }

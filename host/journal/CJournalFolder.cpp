@@ -27,20 +27,40 @@ constexpr int MostHistories = 200; // the oldest go first
 const QString historySuffix = QStringLiteral(".history");
 const QString newSuffix = QStringLiteral("~new");
 
-CJournal::Handle locked(const QString &path)
+/// Null: it is in use or gone, unless @p problem, which may be null, says what else there is.
+CJournal::Handle locked(const QString &path, QString *problem = nullptr)
 {
     constexpr int Flags = O_NOFOLLOW | O_NONBLOCK;
     // For writing, because network file systems lock nothing else alone.
     auto file = std::make_shared<CFileHandle>(QFile::encodeName(path), O_RDWR | Flags);
     if (!file->isOpen() && (errno == EROFS || errno == EACCES))
         file = std::make_shared<CFileHandle>(QFile::encodeName(path), O_RDONLY | Flags);
+    if (!file->isOpen() || !file->lock(LOCK_EX | LOCK_NB)) {
+        if (problem && errno != ENOENT && errno != EWOULDBLOCK)
+            *problem = CSafeFile::systemReason();
+        return nullptr;
+    }
     struct stat opened = {};
     struct stat named = {};
-    const bool ours = file->isOpen() && file->lock(LOCK_EX | LOCK_NB) &&
-                      fstat(file->descriptor(), &opened) == 0 &&
+    const bool ours = fstat(file->descriptor(), &opened) == 0 &&
                       stat(QFile::encodeName(path).constData(), &named) == 0 &&
                       opened.st_ino == named.st_ino; // else it was replaced meanwhile
     return ours ? file : nullptr;
+}
+
+SJournal readFrom(const CFileHandle &file)
+{
+    struct stat status = {};
+    if (fstat(file.descriptor(), &status) != 0)
+        return SJournal::unreadable(CSafeFile::systemReason());
+    if (status.st_size > CJournal::LargestFile) // which is never written
+        return SJournal::read({});
+    QByteArray content(int(status.st_size), Qt::Uninitialized);
+    const qint64 found = file.read(content, 0);
+    if (found < 0)
+        return SJournal::unreadable(CSafeFile::systemReason());
+    content.truncate(int(found));
+    return SJournal::read(content);
 }
 
 QByteArray digestOf(const QString &file)
@@ -96,11 +116,11 @@ QList<SStrayJournal> CJournalFolder::strays() const
     for (const QString &path : files(CJournal::suffix())) {
         SStrayJournal stray;
         stray.path = path;
-        stray.lock = locked(path);
-        if (!stray.lock)
+        QString problem;
+        stray.lock = locked(path, &problem);
+        if (!stray.lock && problem.isEmpty())
             continue;
-        const CResult<QByteArray> content = CSafeFile::read(path, CJournal::LargestFile);
-        stray.journal = SJournal::read(content ? content.value() : QByteArray());
+        stray.journal = stray.lock ? readFrom(*stray.lock) : SJournal::unreadable(problem);
         strays << stray;
     }
     std::stable_sort(strays.begin(), strays.end(), [](const SStrayJournal &a, const SStrayJournal &b) {

@@ -35,7 +35,7 @@ public:
     const QString &path() const { return m_folder; }
     CStatus make() const;
     /// The journals that no process has open, the latest edit first. Removes what killed processes left half
-    /// written. Those that cannot be restored are there, too.
+    /// written. Those that cannot be restored or read are there, too.
     QList<SStrayJournal> strays() const;
     /// Removes its file, unless that is no longer the one that is locked.
     static void remove(const SStrayJournal &stray);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/journal/CJournals.h"
 
+#include "host/journal/CByteWriter.h"
 #include "host/journal/CStateCodec.h"
 #include "host/projects/CSafeFile.h"
 
@@ -181,29 +182,59 @@ void CJournals::note(const SEditRecord &record)
     });
 }
 
-void CJournals::take(const SJournalOwner &owner, const SProcessorProject &state)
+void CJournals::takeOwner(CJournal &journal, const SJournalOwner &owner)
+{
+    if (journal.owner() == owner)
+        return;
+    journal.setOwner(owner);
+    CByteWriter content;
+    owner.write(content);
+    if (journal.isInUse())
+        change(journal, CJournalState::Owner, content.bytes());
+}
+
+void CJournals::take(const SJournalOwner &owner, const SProcessorProject &state, Work work)
 {
     CJournal &journal = *find(owner.processor);
-    journal.setOwner(owner);
+    takeOwner(journal, owner);
     if (CStateCodec::sameState(journal.state().project(), state))
         return;
     const QByteArray content = journal.state().note(state, now());
-    change(journal, CJournalState::State, content);
+    if (work == Work::Unsaved || journal.isInUse())
+        change(journal, CJournalState::State, content);
 }
 
-void CJournals::note(const SJournalOwner &owner, const SProcessorProject &state)
+/// A saved state that is not what is noted is older than the last edits.
+void CJournals::endIfSaved(CJournal &journal, const SProcessorProject &state, Work work)
+{
+    if (work == Work::Saved && journal.isInUse() && CStateCodec::sameState(journal.state().project(), state))
+        end(journal);
+}
+
+/// The history stays where the next start finds it.
+void CJournals::end(CJournal &journal)
+{
+    if (journal.owner().project && !journal.owner().file.isEmpty())
+        keepHistoryLater(journal);
+    journal.removeFile();
+}
+
+void CJournals::note(const SJournalOwner &owner, const SProcessorProject &state, Work work)
 {
     const bool large = state.layout.cabinetCount() > LargeStep;
-    submit(large, [this, owner, state] {
-        if (find(owner.processor))
-            take(owner, state);
+    submit(large, [this, owner, state, work] {
+        CJournal *journal = find(owner.processor);
+        if (!journal)
+            return;
+        take(owner, state, work);
+        endIfSaved(*journal, state, work);
     });
 }
 
-void CJournals::noteLook(const SJournalOwner &owner, const SProcessorProject &state)
+void CJournals::noteLook(const SJournalOwner &owner, const SProcessorProject &state, Work work)
 {
-    submit(isLargeToBegin(owner.processor), [this, owner, state] {
-        const CJournal *journal = find(owner.processor);
+    submit(isLargeToBegin(owner.processor), [this, owner, state, work] {
+        CJournal *journal = find(owner.processor);
         if (!journal)
             return;
         SProcessorProject look = state;
@@ -211,7 +242,8 @@ void CJournals::noteLook(const SJournalOwner &owner, const SProcessorProject &st
             if (const auto *known = journal->state().project().layout.port(port.index))
                 port.groups = known->groups;
         }
-        take(owner, look);
+        take(owner, look, work);
+        endIfSaved(*journal, state, work);
     });
 }
 
@@ -223,9 +255,7 @@ void CJournals::settle(const SJournalOwner &owner)
             return;
         journal->setOwner(owner);
         journal->state().trail().setSaved();
-        if (owner.project && !owner.file.isEmpty())
-            keepHistoryLater(*journal);
-        journal->removeFile();
+        end(*journal);
     });
 }
 

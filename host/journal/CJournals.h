@@ -42,10 +42,13 @@ public:
     void begin(const SJournalOwner &owner, const SProcessorProject &state);
     /// Notes an edit of a processor that is known.
     void note(const SEditRecord &record);
-    /// Notes a state that is not the result of an edit, if it is another one.
-    void note(const SJournalOwner &owner, const SProcessorProject &state);
+    /// Whether what is noted differs from what is saved.
+    enum class Work { Unsaved, Saved };
+    /// Notes a state that is not the result of an edit, if it is another one. If it is saved and there are no
+    /// further edits, a crash loses nothing: then there is no file.
+    void note(const SJournalOwner &owner, const SProcessorProject &state, Work work = Work::Unsaved);
     /// Notes everything of a state except the cabinets of its ports: for when edits of these are under way.
-    void noteLook(const SJournalOwner &owner, const SProcessorProject &state);
+    void noteLook(const SJournalOwner &owner, const SProcessorProject &state, Work work = Work::Unsaved);
     /// The processor was saved, in the state that is noted: a project's history is kept beside its journal,
     /// which is removed.
     void settle(const SJournalOwner &owner);
@@ -78,7 +81,10 @@ private:
     qint64 mostHistory() const;
     CJournal *find(const QUuid &processor);
     void open(const SJournalOwner &owner, const CJournalState &state);
-    void take(const SJournalOwner &owner, const SProcessorProject &state);
+    void take(const SJournalOwner &owner, const SProcessorProject &state, Work work);
+    void takeOwner(CJournal &journal, const SJournalOwner &owner);
+    void endIfSaved(CJournal &journal, const SProcessorProject &state, Work work);
+    void end(CJournal &journal);
     void change(CJournal &journal, int entry, const QByteArray &content);
     void tellAbout(const CJournal &journal);
     void keepHistoryLater(const CJournal &journal);

@@ -13,7 +13,7 @@
 namespace {
 
 const QByteArray magic = QByteArrayLiteral("ORVOJRNL");
-constexpr quint32 Version = 1;
+constexpr quint32 Version = 2; // 1 tells owners only at the beginning, and no revisions
 constexpr int VersionBytes = sizeof(quint32);
 constexpr int LengthBytes = sizeof(quint32);
 constexpr int DigestBytes = sizeof(quint64);
@@ -90,10 +90,20 @@ QString SJournal::problemText() const
         return tr("Written by a newer version of the program, which can restore it.");
     case Unusable:
         return tr("The file is damaged; nothing can be restored.");
+    case Unreadable:
+        return tr("It cannot be read now: %1. It is offered again at the next start.").arg(reason);
     case None:
         break;
     }
     return {};
+}
+
+SJournal SJournal::unreadable(const QString &reason)
+{
+    SJournal journal;
+    journal.problem = Unreadable;
+    journal.reason = reason;
+    return journal;
 }
 
 SJournal SJournal::read(const QByteArray &file)
@@ -116,7 +126,8 @@ bool SJournal::read(const QByteArray &file, int most, SJournal &journal, int &ap
     const int start = magic.size() + VersionBytes;
     if (file.size() < start || !file.startsWith(magic))
         return true;
-    if (qFromLittleEndian<quint32>(file.constData() + magic.size()) != Version) {
+    const auto version = qFromLittleEndian<quint32>(file.constData() + magic.size());
+    if (version < 1 || version > Version) {
         journal.problem = Newer;
         return true;
     }
@@ -125,17 +136,26 @@ bool SJournal::read(const QByteArray &file, int most, SJournal &journal, int &ap
     QByteArray content;
     if (!entries.next(entry, content) || entry != CJournalState::Owner)
         return true;
-    CByteReader in(content);
-    journal.owner = SJournalOwner::read(in);
-    if (!in.isValid() || !entries.next(entry, content) || entry != CJournalState::Snapshot ||
-        !journal.state.apply(entry, content))
+    if (!journal.take(entry, content) || !entries.next(entry, content) || entry != CJournalState::Snapshot ||
+        !journal.take(entry, content))
         return true;
     for (; applied < most && entries.next(entry, content); ++applied) {
-        if (!journal.state.apply(entry, content))
+        if (!journal.take(entry, content))
             return false;
     }
     journal.problem = journal.state.isSound() ? entries.problem() : Damaged;
     return true;
+}
+
+bool SJournal::take(int entry, const QByteArray &content)
+{
+    if (entry != CJournalState::Owner)
+        return state.apply(entry, content);
+    CByteReader in(content);
+    const SJournalOwner read = SJournalOwner::read(in);
+    if (in.isValid())
+        owner = read;
+    return in.isValid();
 }
 
 QByteArray SJournal::write(const SJournalOwner &owner, const CJournalState &state, quint64 &last)

@@ -5,6 +5,8 @@
 #include "host/journal/CByteReader.h"
 #include "host/journal/CByteWriter.h"
 
+#include <tuple>
+
 void SJournalOwner::write(CByteWriter &out) const
 {
     out.uuid(processor);
@@ -19,6 +21,8 @@ void SJournalOwner::write(CByteWriter &out) const
     out.number(stamp.nanoseconds);
     out.block(fileDigest);
     out.text(version);
+    if (revision)
+        out.fixed(*revision);
 }
 
 SJournalOwner SJournalOwner::read(CByteReader &in)
@@ -36,5 +40,16 @@ SJournalOwner SJournalOwner::read(CByteReader &in)
     owner.stamp.nanoseconds = in.number();
     owner.fileDigest = in.block();
     owner.version = in.text();
+    if (!in.atEnd())
+        owner.revision = in.fixed();
     return owner;
+}
+
+bool operator==(const SJournalOwner &a, const SJournalOwner &b)
+{
+    const auto values = [](const SJournalOwner &owner) {
+        return std::tie(owner.processor, owner.project, owner.name, owner.file, owner.stamp, owner.fileDigest,
+                        owner.version, owner.revision);
+    };
+    return values(a) == values(b);
 }

@@ -8,6 +8,8 @@
 #include <QString>
 #include <QUuid>
 
+#include <optional>
+
 class CByteReader;
 class CByteWriter;
 
@@ -21,7 +23,12 @@ struct SJournalOwner
     SFileStamp stamp;      ///< of that file when it was last read or written
     QByteArray fileDigest; ///< SHA-256 of the project file that a history belongs to
     QString version;       ///< of the program that wrote it
+    /// Of the mapping on a device that the edits are based on; none if an older program wrote the journal.
+    std::optional<quint64> revision;
 
     void write(CByteWriter &out) const;
     static SJournalOwner read(CByteReader &in);
+
+    friend bool operator==(const SJournalOwner &a, const SJournalOwner &b);
+    friend bool operator!=(const SJournalOwner &a, const SJournalOwner &b) { return !(a == b); }
 };

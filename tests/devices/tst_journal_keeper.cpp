@@ -36,17 +36,36 @@ struct SRuns
         return shelf().save(project, file()) ? project : QUuid();
     }
     /// Edits as the editor would: hands the layout over, and tells of the step.
-    void edit(const QUuid &processor, int index)
+    void edit(const QUuid &processor, int index, int saved = -1)
     {
         SEditRecord record;
         record.processor = processor;
         record.index = index;
+        record.saved = saved;
         record.step.text = QStringLiteral("Move %1").arg(index);
         SEditStep::SPort port{run->layoutOf(processor).ports.at(0), {}};
         run->edit(processor);
         port.after = run->layoutOf(processor).ports.at(0);
         record.step.ports << port;
         run->handler.recordEdit(record);
+    }
+    /// Undoes the only step, which led from @p before.
+    void undo(const QUuid &processor, const CabinetLayout &before) const
+    {
+        SEditRecord record;
+        record.processor = processor;
+        record.kind = SEditRecord::Moved;
+        record.saved = 0;
+        record.step.ports << SEditStep::SPort{run->layoutOf(processor).ports.at(0), before.ports.at(0)};
+        run->handler.recordEdit(record);
+        LayoutData undone = run->handler.layoutData(processor);
+        undone.layout = before;
+        run->handler.commitLayoutData(undone);
+    }
+    QStringList journals() const
+    {
+        return QDir(root.filePath(QStringLiteral("journal")))
+            .entryList({QStringLiteral("*.journal")}, QDir::Files);
     }
     SStrayJournal offer() const { return keeper().offers().value(0); }
 };
@@ -67,6 +86,8 @@ class CJournalKeeperTest final : public CTestBase
 private Q_SLOTS:
     void restoresAProject();
     void restoresAProcessorOnceItIsDetected();
+    void asksBeforeItSavesRestoredEditsOverAnotherMapping();
+    void keepsNothingThatIsSaved();
     void keepsWhatTheHostChanges();
     void forgetsWhatIsSavedOrGivenUp();
     void looksWithoutChangingAnything();
@@ -120,6 +141,53 @@ void CJournalKeeperTest::restoresAProcessorOnceItIsDetected()
     QCOMPARE(runs.run->handler.editHistory(lobby).steps.size(), 1);
 }
 
+void CJournalKeeperTest::asksBeforeItSavesRestoredEditsOverAnotherMapping()
+{
+    for (const bool changed : {false, true}) {
+        SRuns runs;
+        const QUuid lobby = runs.run->lobby;
+        runs.edit(lobby, 1);
+        QVERIFY(runs.run->save(lobby).isDone());
+        runs.edit(lobby, 2, 1);
+        runs.start();
+        if (changed) { // by somebody else
+            runs.run->edit(lobby, 1);
+            QVERIFY(runs.run->save(lobby).isDone());
+        }
+        QVERIFY(runs.keeper().restore(runs.offer()));
+        QCOMPARE(runs.run->handler.editHistory(lobby).saved, changed ? -1 : 1);
+        runs.start(); // and ends unexpectedly again
+        QVERIFY(runs.keeper().restore(runs.offer()));
+        int questions = 0;
+        runs.run->manager.jobs().setConfirm([&](const QString &) { return ++questions == 0; });
+        QCOMPARE(runs.run->save(lobby).isDone(), !changed);
+        QCOMPARE(questions, changed ? 1 : 0);
+    }
+}
+
+void CJournalKeeperTest::keepsNothingThatIsSaved()
+{
+    SRuns runs;
+    const QUuid project = runs.savedProject();
+    const QUuid lobby = runs.run->lobby;
+    runs.run->manager.table().change(lobby, [](SDevice &device) { device.settings.frameRate += 1; });
+    (void)runs.run->handler.editHistory(lobby); // for which the change is noted
+    QVERIFY(runs.journals().isEmpty());         // the processor has it
+    for (const QUuid &processor : {project, lobby}) {
+        const CabinetLayout before = runs.run->layoutOf(processor);
+        runs.edit(processor, 1);
+        QCOMPARE(runs.journals().size(), 1);
+        runs.undo(processor, before);
+        QVERIFY(runs.journals().isEmpty());
+    }
+    runs.start();
+    QVERIFY(runs.keeper().offers().isEmpty());
+    const QUuid opened = runs.shelf().open(runs.file()).value();
+    const SEditHistory history = runs.run->handler.editHistory(opened);
+    QCOMPARE(history.steps.size(), 1); // can be done again
+    QCOMPARE(history.index, 0);
+}
+
 void CJournalKeeperTest::keepsWhatTheHostChanges()
 {
     SRuns runs;
@@ -130,8 +198,7 @@ void CJournalKeeperTest::keepsWhatTheHostChanges()
     const QUuid unnamed = runs.shelf().openDemo().value();
     runs.run->edit(unnamed); // an edit that the editor does not tell
     const CabinetLayout edited = runs.run->layoutOf(unnamed);
-    const QString folder = runs.root.filePath(QStringLiteral("journal"));
-    QTRY_COMPARE(QDir(folder).entryList(QDir::Files).size(), 2);
+    QTRY_COMPARE(runs.journals().size(), 2);
     runs.start();
     const QList<SStrayJournal> offers = runs.keeper().offers();
     QCOMPARE(offers.size(), 2);

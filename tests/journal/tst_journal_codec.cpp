@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "host/journal/CByteWriter.h"
 #include "host/journal/CStateCodec.h"
 #include "host/journal/SJournal.h"
 #include "tests/harness/CTestBase.h"
@@ -49,6 +50,7 @@ private Q_SLOTS:
     void restoresLayoutAndHistory_data();
     void restoresLayoutAndHistory();
     void restoresStatesOfTheHost();
+    void knowsWhatTheEditsAreBasedOn();
     void tornTailLosesTheLastEntryOnly();
     void damageIsNoticed();
     void hostileEntriesAreBounded();
@@ -108,6 +110,25 @@ void CJournalCodecTest::restoresStatesOfTheHost()
     QVERIFY(!CStateCodec::sameState(journal.state.project(), project));
 }
 
+void CJournalCodecTest::knowsWhatTheEditsAreBasedOn()
+{
+    SJournalOwner owner;
+    owner.name = QStringLiteral("Lobby");
+    quint64 last = 0;
+    QByteArray old = SJournal::write(owner, CJournalState(ProjectSamples::withEverything()), last);
+    old[8] = 1; // as older programs wrote them
+    QCOMPARE(SJournal::read(old).problem, SJournal::None);
+    QVERIFY(SJournal::read(old).owner == owner && !owner.revision);
+    for (const quint64 revision : {3ULL, 4ULL}) { // of what was read over the edits, say
+        owner.revision = revision;
+        CByteWriter out;
+        owner.write(out);
+        old += SJournal::append(CJournalState::Owner, out.bytes(), last);
+        QVERIFY(SJournal::read(old).owner == owner);
+    }
+    QCOMPARE(SJournal::read(old).problem, SJournal::None);
+}
+
 void CJournalCodecTest::tornTailLosesTheLastEntryOnly()
 {
     CRecordingEditor editor(ProjectSamples::ofWall(CWallBuilder::Small), 5);
@@ -158,7 +179,7 @@ void CJournalCodecTest::damageIsNoticed()
             QVERIFY(journal.state.project() == states.at(before));
     }
     QByteArray newer = written.bytes;
-    newer[8] = 2;
+    newer[8] = 3;
     QCOMPARE(SJournal::read(newer).problem, SJournal::Newer);
 }
 

@@ -299,7 +299,7 @@ void CJournalsTest::leavesOthersAlone()
     QCOMPARE(held.size(), 1);
     QVERIFY(world.strays().isEmpty()); // somebody looks at it
     ProjectSamples::setContent(world.folder + QStringLiteral("/a.journal~new"), "half");
-    ProjectSamples::setContent(world.folder + QStringLiteral("/b.journal"), "ORVOJRNL\x02");
+    ProjectSamples::setContent(world.folder + QStringLiteral("/b.journal"), "ORVOJRNL\x03");
     QCOMPARE(world.strays().size(), 1);
     QVERIFY(!world.strays().first().journal.isUsable());
     QVERIFY(!world.files().contains(QStringLiteral("a.journal~new")));
