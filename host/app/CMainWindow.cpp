@@ -210,7 +210,7 @@ void CMainWindow::start(const SAppOptions &options)
     for (const SAppOptions::SSimulation &simulation : options.simulations)
         simulate(simulation.processor, simulation.fault, simulation.on);
     m_recovery->offerAtStart();
-    m_help->showCrash(); // behind the offer it could not be used
+    CHelpCommands::showCrash(*this); // unless the offer has
     if (options.demo)
         m_projects->openDemo();
     if (!options.files.isEmpty())

@@ -3,7 +3,10 @@
 #include "host/app/CRecoveryCommands.h"
 
 #include "host/app/CRecoveryDialog.h"
+#include "host/app/help/CHelpCommands.h"
+#include "host/app/projects/CProjectCommands.h"
 #include "host/app/start/CAppSettings.h"
+#include "host/app/start/CCrashHandler.h"
 #include "host/devices/CJournalKeeper.h"
 #include "platform/widgets/CMessageBox.h"
 
@@ -33,6 +36,9 @@ bool CRecoveryCommands::offered()
     if (offers.isEmpty())
         return false;
     CRecoveryDialog dialog(offers, &m_window);
+    if (const auto crash = CCrashHandler::latest(CCrashHandler::defaultFolder()))
+        dialog.setCrash(crash->time);
+    connect(&dialog, &CRecoveryDialog::notifyReport, this, [&] { CHelpCommands::showCrash(dialog); });
     connect(&dialog, &CRecoveryDialog::notifyRestore, this, [&](int entry) { restore(dialog, entry); });
     connect(&dialog, &CRecoveryDialog::notifyLook, this, [&](int entry) { look(dialog, entry); });
     connect(&dialog, &CRecoveryDialog::notifyDiscard, this, [&](int entry) { discard(dialog, entry); });
@@ -43,7 +49,14 @@ bool CRecoveryCommands::offered()
 void CRecoveryCommands::restore(CRecoveryDialog &dialog, int entry)
 {
     const SStrayJournal offer = dialog.offer(entry);
-    const CResult<QUuid> restored = m_keeper.restore(offer);
+    bool cancelled = false;
+    const CResult<QUuid> restored = m_keeper.restore(offer, [&](const SLockHolder &holder) {
+        const auto how = CProjectCommands::askHowToOpen(dialog, offer.journal.owner.file, holder);
+        cancelled = how == CProjectShelf::Held::Cancel;
+        return how;
+    });
+    if (cancelled)
+        return;
     if (!restored) {
         CMessageBox::warning(&dialog, tr("The edits cannot be restored."), restored.error());
         return;

@@ -71,9 +71,9 @@ CRecoveryDialog::CRecoveryDialog(const QList<SStrayJournal> &offers, QWidget *pa
 
 void CRecoveryDialog::buildUi()
 {
-    auto *text = new QLabel(tr("The program ended before these edits were saved."));
-    text->setWordWrap(true);
-    contentLayout()->addWidget(text);
+    m_text = new QLabel(tr("The program ended before these edits were saved."));
+    m_text->setWordWrap(true);
+    contentLayout()->addWidget(m_text);
     m_list = new QListWidget;
     m_list->setIconSize(PictureSize);
     m_list->setWordWrap(true);
@@ -110,7 +110,15 @@ void CRecoveryDialog::updateButtons()
     const bool usable = any && m_offers.at(row).journal.isUsable();
     m_restore->setEnabled(usable);
     m_look->setEnabled(usable);
-    m_discard->setEnabled(any);
+    m_discard->setEnabled(any && m_offers.at(row).journal.mayBeDiscarded());
+}
+
+void CRecoveryDialog::setCrash(const QDateTime &time)
+{
+    m_text->setText(tr("The program crashed on %1, before these edits were saved.")
+                        .arg(QLocale().toString(time, QStringLiteral("d MMMM yyyy, HH:mm"))));
+    const QPushButton *report = buttonBox()->addButton(tr("&Crash report..."), QDialogButtonBox::ActionRole);
+    connect(report, &QPushButton::clicked, this, &CRecoveryDialog::notifyReport);
 }
 
 void CRecoveryDialog::takeOut(int entry)

@@ -5,6 +5,8 @@
 #include "host/journal/CJournalFolder.h"
 #include "platform/widgets/CDialog.h"
 
+class QDateTime;
+class QLabel;
 class QListWidget;
 class QPushButton;
 
@@ -18,6 +20,8 @@ public:
     CRecoveryDialog(const QList<SStrayJournal> &offers, QWidget *parent);
 
     const SStrayJournal &offer(int entry) const { return m_offers.at(entry); }
+    /// Says when the program has crashed, with a button for the report.
+    void setCrash(const QDateTime &time);
     /// Closes the dialog if it was the last one.
     void takeOut(int entry);
 
@@ -25,6 +29,7 @@ Q_SIGNALS:
     void notifyRestore(int entry);
     void notifyLook(int entry);
     void notifyDiscard(int entry);
+    void notifyReport();
 
 private:
     void buildUi();
@@ -33,6 +38,7 @@ private:
     void updateButtons();
 
     QList<SStrayJournal> m_offers;
+    QLabel *m_text = nullptr;
     QListWidget *m_list = nullptr;
     QPushButton *m_restore = nullptr;
     QPushButton *m_look = nullptr;

@@ -12,6 +12,8 @@
 #include "host/projects/CSafeFile.h"
 #include "platform/common/CBackgroundCall.h"
 
+#include <QDir>
+
 void CLayoutHandler::showScreen(bool shown)
 {
     m_services.announcer().requestScreen(shown);
@@ -50,7 +52,16 @@ void CLayoutHandler::commitLayoutData(const LayoutData &data)
 
 bool CLayoutHandler::exportProcessorMapping(const QUuid &processor, const QString &file)
 {
-    return told(CBackgroundCall::result([&] { return m_files->exportProcessor(processor, file); }));
+    std::optional<SLockHolder> heldBy;
+    const auto write = [&](bool overHeld) {
+        return CBackgroundCall::result(
+            [&] { return m_files->exportProcessor(processor, file, overHeld, heldBy); });
+    };
+    const CStatus written = write(false);
+    if (heldBy && m_jobs.confirm(tr("Somebody else has the file open.\n%1\n%2. Replace what they have saved?")
+                                     .arg(QDir::toNativeSeparators(file), heldBy->text())))
+        return told(write(true));
+    return told(written);
 }
 
 bool CLayoutHandler::importProcessorMapping(const QUuid &processor, const QString &file, bool overwriteLocked)

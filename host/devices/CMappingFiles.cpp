@@ -6,6 +6,7 @@
 #include "host/devices/services/CDeviceServices.h"
 #include "host/devices/simulated/CSimulatedProcessor.h"
 #include "host/library/CTypeLibrary.h"
+#include "host/projects/CFileLock.h"
 #include "host/projects/CPortProject.h"
 #include "host/projects/CProcessorProject.h"
 #include "host/projects/CSafeFile.h"
@@ -75,10 +76,19 @@ CMappingFiles::CMappingFiles(CDeviceServices &services, const CTypeLibrary &libr
 {
 }
 
-CStatus CMappingFiles::exportProcessor(const QUuid &processor, const QString &file) const
+CStatus CMappingFiles::exportProcessor(const QUuid &processor, const QString &file, bool overHeld,
+                                       std::optional<SLockHolder> &heldBy) const
 {
     const std::optional<SDevice> device = m_services.table().device(processor);
-    return device ? CProcessorProject::write(file, CProjectShelf::projectOf(*device)) : noSuchProcessor();
+    if (!device)
+        return noSuchProcessor();
+    CFileLock lock(file);
+    if (!overHeld && lock.isHeld()) {
+        heldBy = lock.holder();
+        return CStatus::failure(
+            tr("%1 was not written: %2 has it open.").arg(CSafeFile::quoted(file), heldBy->text()));
+    }
+    return CProcessorProject::write(file, CProjectShelf::projectOf(*device));
 }
 
 CStatus CMappingFiles::importProcessor(const QUuid &processor, const QString &file, bool overwriteLocked)

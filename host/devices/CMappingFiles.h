@@ -4,10 +4,13 @@
 
 #include "host/devices/services/SDevice.h"
 #include "host/projects/CCabinetConfig.h"
+#include "host/projects/SLockHolder.h"
 #include "platform/common/CResult.h"
 
 #include <QCoreApplication>
 #include <QUuid>
+
+#include <optional>
 
 class CDeviceServices;
 class CTypeLibrary;
@@ -24,7 +27,9 @@ public:
 
     CMappingFiles(CDeviceServices &services, const CTypeLibrary &library);
 
-    CStatus exportProcessor(const QUuid &processor, const QString &file) const;
+    /// Does not replace a project that somebody has open unless @p overHeld; @p heldBy learns who it is.
+    CStatus exportProcessor(const QUuid &processor, const QString &file, bool overHeld,
+                            std::optional<SLockHolder> &heldBy) const;
     CStatus importProcessor(const QUuid &processor, const QString &file, bool overwriteLocked);
     CStatus copyProcessor(const QUuid &from, const QUuid &to, bool overwriteLocked);
     CStatus exportPort(const QUuid &processor, int port, const QString &file) const;

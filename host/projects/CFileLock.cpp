@@ -74,6 +74,13 @@ CFileLock::Outcome CFileLock::tryToTake(Others others)
     return Impossible;
 }
 
+bool CFileLock::isHeld()
+{
+    m_holder = {};
+    const bool isThere = read(m_holder) || (errno != ENOENT && errno != ENOTDIR);
+    return isThere && !m_holder.isDead();
+}
+
 void CFileLock::release()
 {
     if (!m_taken)

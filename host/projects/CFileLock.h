@@ -28,6 +28,8 @@ public:
 
     /// Takes the lock; does nothing if it is already taken and has not been replaced.
     Outcome take(Others others = Respect);
+    /// Whether another window or program holds it, see holder(). For who needs no lock: writes nothing.
+    bool isHeld();
     /// Gives the lock up. If somebody has replaced it, theirs stays.
     void release();
     /// Removes the lock of a process of this machine that has ended, unless another process is writing in the

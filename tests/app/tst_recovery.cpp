@@ -2,18 +2,26 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/CRecoveryCommands.h"
 #include "host/app/CRecoveryDialog.h"
+#include "host/app/help/CHelpCommands.h"
+#include "host/app/help/CReportDialog.h"
 #include "host/app/start/CAppSettings.h"
+#include "host/app/start/CCrashHandler.h"
 #include "host/devices/CDeviceManager.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
 #include "tests/harness/DialogUser.h"
+#include "tests/projects/CFaultyFileSystem.h"
 #include "tests/projects/ProjectSamples.h"
 
+#include <QDir>
 #include <QListWidget>
+#include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTimer>
 
+#include <cerrno>
 #include <functional>
 
 namespace {
@@ -29,7 +37,7 @@ struct SBench
     CRecoveryCommands commands{manager.keeper(), settings, window};
 
     /// Leaves the edits of a project, or of a processor that nobody knows.
-    void leave(const char *name, bool project) const
+    void leave(const char *name, bool project, const QString &file = {}) const
     {
         SProcessorProject state = ProjectSamples::ofWall(CWallBuilder::Small);
         state.layout.processor = QUuid::createUuidV5(QUuid(), QLatin1String(name));
@@ -38,6 +46,7 @@ struct SBench
         owner.processor = state.layout.processor;
         owner.name = state.name;
         owner.project = project;
+        owner.file = file;
         CJournals left(journals, {});
         left.begin(owner, state);
         state.canvas = {800, 600};
@@ -72,6 +81,9 @@ private Q_SLOTS:
     void everyEntryHasItsAnswer();
     void whatIsLookedAtStays();
     void whatCannotBeReadIsTold();
+    void whatCannotBeReadNowStays();
+    void anOpenProjectIsAskedFor();
+    void theCrashIsReportedInTheOffer();
 };
 
 void CRecoveryTest::nothingIsOfferedWithoutACrash()
@@ -133,7 +145,7 @@ void CRecoveryTest::whatCannotBeReadIsTold()
     SBench bench;
     bench.leave("Arena", true);
     ProjectSamples::setContent(bench.journals + QStringLiteral("/x.journal"),
-                               QByteArray("ORVOJRNL\x02\x00\x00\x00", 12));
+                               QByteArray("ORVOJRNL\x09\x00\x00\x00", 12));
     ProjectSamples::setContent(bench.journals + QStringLiteral("/y.journal"), "garbage");
     CMessageBoxAnswerer user({QStringLiteral("Yes")});
     inOffer([](CRecoveryDialog &dialog) {
@@ -156,6 +168,81 @@ void CRecoveryTest::whatCannotBeReadIsTold()
     });
     bench.commands.offerAtStart();
     QVERIFY(!QFile::exists(bench.journals + QStringLiteral("/x.journal")));
+}
+
+void CRecoveryTest::whatCannotBeReadNowStays()
+{
+    SBench bench;
+    bench.leave("Arena", true);
+    for (const char *call : {"open", "lock", "read"}) {
+        QList<SStrayJournal> offers;
+        {
+            const CFaultyFileSystem disk({call, 1, EIO, true});
+            offers = CJournalFolder(bench.journals).strays();
+        }
+        QCOMPARE(offers.size(), 1);
+        const CRecoveryDialog dialog(offers, nullptr);
+        const QString text = dialog.findChild<QListWidget *>()->currentItem()->text();
+        QVERIFY2(text.contains(QStringLiteral("cannot be read now: Input/output error")), qPrintable(text));
+        QVERIFY(!buttonOf(dialog, QStringLiteral("Restore"))->isEnabled());
+        QVERIFY(!buttonOf(dialog, QStringLiteral("Discard..."))->isEnabled());
+    }
+}
+
+void CRecoveryTest::anOpenProjectIsAskedFor()
+{
+    SBench bench;
+    const QString file = bench.folder.filePath(QStringLiteral("arena.sprj"));
+    QVERIFY(CProcessorProject::write(file, ProjectSamples::ofWall(CWallBuilder::Small)));
+    CFileLock other(file);
+    for (const char *answer : {"Read only", "Open anyway"}) {
+        bench.leave("Arena", true, file);
+        QCOMPARE(other.take(CFileLock::Replace), CFileLock::Taken);
+        QSignalSpy opened(&bench.commands, &CRecoveryCommands::notifyOpened);
+        CMessageBoxAnswerer user({QStringLiteral("Cancel"), QLatin1String(answer)});
+        inOffer([](CRecoveryDialog &dialog) {
+            buttonOf(dialog, QStringLiteral("Restore"))->click();
+            QCOMPARE(dialog.findChild<QListWidget *>()->count(), 1);
+            buttonOf(dialog, QStringLiteral("Restore"))->click();
+        });
+        bench.commands.offerAtStart();
+        QCOMPARE(opened.count(), 1);
+        const QUuid project = opened.first().first().toUuid();
+        const QString readOnly = bench.manager.table().device(project)->readOnly;
+        QCOMPARE(readOnly.isEmpty(), user.boxes().size() == 2 && answer[0] == 'O');
+        bench.manager.projects().close(project);
+    }
+}
+
+void CRecoveryTest::theCrashIsReportedInTheOffer()
+{
+    const auto reports = [](const QWidget &parent) {
+        QStringList texts;
+        for (const auto *dialog : parent.findChildren<CReportDialog *>())
+            texts << dialog->findChild<QPlainTextEdit *>()->toPlainText();
+        return texts;
+    };
+    expectWarning(QRegularExpression(QStringLiteral("has crashed before")));
+    SBench bench;
+    const QString folder = CCrashHandler::defaultFolder();
+    QVERIFY(QDir().mkpath(folder));
+    for (const bool offered : {true, false}) {
+        const QString name = QStringLiteral("crash-%1-1.txt").arg(offered ? 20260102 : 20260103);
+        ProjectSamples::setContent(QDir(folder).filePath(name), "signal: 11\n");
+        if (offered) {
+            bench.leave("Arena", true);
+            inOffer([&](CRecoveryDialog &dialog) {
+                buttonOf(dialog, QStringLiteral("Crash report..."))->click();
+                QCOMPARE(reports(dialog).size(), 1);
+                dialog.reject();
+            });
+            bench.commands.offerAtStart();
+        }
+        CHelpCommands::showCrash(bench.window);
+        QCOMPARE(reports(bench.window).size(), offered ? 0 : 1); // each once
+        QVERIFY(!CCrashHandler::latest(folder));
+    }
+    QVERIFY(reports(bench.window).first().startsWith(QStringLiteral("signal: 11\n")));
 }
 
 ORVO_TEST_MAIN(QApplication, CRecoveryTest)

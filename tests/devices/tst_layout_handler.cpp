@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "host/projects/CFileLock.h"
 #include "tests/devices/CDeviceFixture.h"
 #include "tests/harness/CWorldTest.h"
 
@@ -55,6 +56,19 @@ private Q_SLOTS:
             for (const Cabinet &cabinet : after.ports.at(3).getAllCabinets())
                 QCOMPARE(m_world->handler.processorOfCabinet(cabinet.uuid).uuid, m_world->right);
         }
+    }
+
+    void anExportOverAnOpenProjectAsks()
+    {
+        const QString file = m_world->folder.filePath(QStringLiteral("open.sprj"));
+        CFileLock other(file);
+        QCOMPARE(other.take(), CFileLock::Taken);
+        int questions = 0;
+        m_world->manager.jobs().setConfirm([&questions](const QString &) { return ++questions > 1; });
+        QVERIFY(!m_world->handler.exportProcessorMapping(m_world->left, file));
+        QVERIFY(m_world->handler.lastError().contains(QLatin1String("has it open")) && !QFile::exists(file));
+        QVERIFY(m_world->handler.exportProcessorMapping(m_world->left, file));
+        QVERIFY(QFile::exists(file) && QFile::exists(other.lockFile()));
     }
 
     void anImportIntoLockedPortsAloneSaysSo()

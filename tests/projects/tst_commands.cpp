@@ -5,6 +5,7 @@
 #include "host/app/commands/CPrintOptions.h"
 #include "host/journal/CJournals.h"
 #include "host/library/CTypeLibrary.h"
+#include "host/projects/CFileLock.h"
 #include "tests/harness/CTestBase.h"
 #include "tests/projects/ProjectSamples.h"
 
@@ -89,6 +90,11 @@ private Q_SLOTS:
         const SRun run = runHere(newArguments(wall()));
         QCOMPARE(run.out, wall() + QStringLiteral(": cabinets: 8, ports: 2, canvas: 256x64\n"));
         QCOMPARE(ProjectSamples::contentOf(wall()), first);
+        CFileLock other(wall());
+        QCOMPARE(other.take(), CFileLock::Taken);
+        const SRun refused = runHere(newArguments(wall()));
+        QCOMPARE(refused.status, 1);
+        QVERIFY(refused.errors.contains(QStringLiteral("is open: ")));
         const QString strange = path("a%2 %1.sprj"); // it is named as it is
         QVERIFY(runHere(newArguments(strange)).out.startsWith(strange));
         const SProcessorProject made = CProcessorProject::read(strange).value();
@@ -104,22 +110,38 @@ private Q_SLOTS:
         };
         QCOMPARE(recover({}).status, 3);
         SProcessorProject edited = ProjectSamples::ofWall(CWallBuilder::Small);
-        CJournals journals(CJournalFolder::defaultPath(), {});
         SJournalOwner owner;
         owner.processor = edited.layout.processor;
         owner.name = QStringLiteral("Foyer");
-        journals.begin(owner, edited);
-        edited.canvas = {640, 480};
-        journals.note(owner, edited);
-        QCOMPARE(recover({}).status, 3); // is being written
-        journals.stop();
+        const auto leave = [&] {
+            CJournals journals(CJournalFolder::defaultPath(), {});
+            journals.begin(owner, edited);
+            edited.canvas += QSize(8, 8);
+            journals.note(owner, edited);
+            SEditRecord record;
+            record.processor = owner.processor;
+            record.index = 1;
+            SEditStep::SPort moved{edited.layout.ports.first(), edited.layout.ports.first()};
+            moved.after.groups[0].cabinets[0].rect.translate(8, 8);
+            edited.layout.ports.first() = moved.after;
+            record.step.ports << moved;
+            journals.note(record);
+            QCOMPARE(recover({}).status, 3); // is being written
+        };
+        leave();
         const SRun listed = recover({});
         QCOMPARE(listed.status, 0);
         QVERIFY2(listed.out.startsWith(QStringLiteral("1: Foyer, last edit 2")), qPrintable(listed.out));
-        QVERIFY(listed.out.endsWith(QStringLiteral(", unsaved steps: 0, complete\n")));
+        QVERIFY(listed.out.endsWith(QStringLiteral(", unsaved steps: 1, complete\n")));
         const QString file = path("recovered.sprj");
         QCOMPARE(recover(QStringLiteral("--restore 1 ") + file).status, 0);
-        QCOMPARE(CProcessorProject::read(file).value().canvas, edited.canvas);
+        QVERIFY(CProcessorProject::read(file).value() == edited);
+        QCOMPARE(recover({}).status, 3); // they are saved, with their history
+        SJournal history;
+        const CJournalFolder journals(CJournalFolder::defaultPath());
+        QVERIFY(journals.findHistory(file, history) == CJournalFolder::Kept::Same);
+        QCOMPARE(history.state.history().saved, 1);
+        leave();
         for (const char *wrong : {"--restore 1",
                                   "--discard 1 "
                                   "a.sprj",

@@ -80,8 +80,8 @@ QString helpText()
         "  orvo check FILE\n"
         "      lists what is wrong in a project\n"
         "  orvo recover [--restore N OUT.sprj | --discard N]\n"
-        "      lists unsaved edits of runs that ended unexpectedly, writes them as a project, or\n"
-        "      removes them\n"
+        "      lists unsaved edits of runs that ended unexpectedly, removes them, or writes them as a\n"
+        "      project: then they are no longer offered, and the project keeps their undo history\n"
         "  orvo --help | --version\n"
         "Exit status: 0 done, nothing wrong; 1 bad input or findings; 2 wrong usage; 3 nothing to "
         "recover.\n");

@@ -5,6 +5,7 @@
 #include "host/app/commands/CCommandArguments.h"
 #include "host/app/commands/SCommandOutcome.h"
 #include "host/devices/simulated/CProcessorKinds.h"
+#include "host/projects/CFileLock.h"
 #include "host/projects/CProcessorProject.h"
 #include "host/projects/CWallBuilder.h"
 #include "layout/api/records/LayoutLimits.h"
@@ -65,6 +66,9 @@ SCommandOutcome CNewCommand::run(const QStringList &arguments, QTextStream &out)
     if (!layout)
         return SCommandOutcome::badInput(layout.error());
     const SProcessorProject project = projectOf(plan.value(), layout.value());
+    CFileLock lock(file);
+    if (lock.isHeld())
+        return SCommandOutcome::held(file, lock.holder());
     const CStatus written = CProcessorProject::write(file, project);
     if (!written)
         return SCommandOutcome::badInput(written.error());

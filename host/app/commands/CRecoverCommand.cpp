@@ -8,6 +8,7 @@
 #include "host/projects/CFileLock.h"
 #include "host/projects/CProcessorProject.h"
 
+#include <QFileInfo>
 #include <QTextStream>
 
 namespace {
@@ -44,20 +45,40 @@ const SStrayJournal *chosen(const CCommandArguments &arguments, const QString &o
     return nullptr;
 }
 
-SCommandOutcome restore(const SStrayJournal &stray, const QString &file, QTextStream &out)
+/// As a save in the window does. A start with histories switched off removes it.
+QString keepHistory(const CJournalFolder &folder, const SJournal &journal, const QString &file)
+{
+    SJournalOwner owner = journal.owner;
+    owner.project = true;
+    owner.file = QFileInfo(file).absoluteFilePath();
+    CJournalState state = journal.state;
+    state.trail().setSaved();
+    if (!state.trail().isEmpty())
+        return folder.keepHistory(owner, state);
+    folder.dropHistory(owner.file);
+    return {};
+}
+
+SCommandOutcome restore(const CJournalFolder &folder, const SStrayJournal &stray, const QString &file,
+                        QTextStream &out)
 {
     if (!stray.journal.isUsable())
         return SCommandOutcome::badInput(stray.journal.problemText());
     CFileLock lock(file);
     if (lock.take() == CFileLock::Held)
-        return SCommandOutcome::badInput(
-            CRecoverCommand::tr("%1 is open: %2").arg(file, lock.holder().text()));
+        return SCommandOutcome::held(file, lock.holder());
     const SProcessorProject project = stray.journal.state.project();
     const CStatus written = CProcessorProject::write(file, project);
     if (!written)
         return SCommandOutcome::badInput(written.error());
     out << CRecoverCommand::tr("%1: cabinets: %2\n")
                .arg(file, QString::number(project.layout.cabinetCount()));
+    const QString problem = keepHistory(folder, stray.journal, file);
+    if (!problem.isEmpty())
+        return SCommandOutcome::badInput(
+            CRecoverCommand::tr("the edits are still offered, because their history cannot be kept: %1")
+                .arg(problem));
+    CJournalFolder::remove(stray);
     return {};
 }
 
@@ -76,7 +97,8 @@ SCommandOutcome CRecoverCommand::run(const QStringList &arguments, QTextStream &
     if (restores && !given.file(0).endsWith(QLatin1String(".sprj"), Qt::CaseInsensitive))
         return SCommandOutcome::usage(
             tr("the name of the project file must end in .sprj, not \"%1\"").arg(given.file(0)));
-    const Strays strays = CJournalFolder(CJournalFolder::defaultPath()).strays();
+    const CJournalFolder folder(CJournalFolder::defaultPath());
+    const Strays strays = folder.strays();
     if (given.given().isEmpty())
         return list(strays, out);
     SCommandOutcome outcome;
@@ -84,7 +106,9 @@ SCommandOutcome CRecoverCommand::run(const QStringList &arguments, QTextStream &
     if (!stray)
         return outcome;
     if (restores)
-        return restore(*stray, given.file(0), out);
+        return restore(folder, *stray, given.file(0), out);
+    if (!stray->journal.mayBeDiscarded())
+        return SCommandOutcome::badInput(stray->journal.problemText());
     CJournalFolder::remove(*stray);
     return {};
 }

@@ -9,7 +9,7 @@ class QTextStream;
 struct SCommandOutcome;
 
 /// The command "recover": lists the unsaved edits that the next start would offer, writes them as projects,
-/// or removes them.
+/// which ends the offer, or removes them.
 class CRecoverCommand final
 {
     Q_DECLARE_TR_FUNCTIONS(CRecoverCommand)

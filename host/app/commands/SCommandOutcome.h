@@ -3,6 +3,7 @@
 #pragma once
 
 #include "host/app/commands/CCommandLine.h"
+#include "host/projects/SLockHolder.h"
 
 #include <QString>
 
@@ -13,5 +14,10 @@ struct SCommandOutcome
     QString error; ///< for the user; empty when there is nothing to say
 
     static SCommandOutcome badInput(const QString &error) { return {CCommandLine::BadInput, error}; }
+    /// A file is not written, because somebody has it open.
+    static SCommandOutcome held(const QString &file, const SLockHolder &holder)
+    {
+        return badInput(CCommandLine::tr("%1 is open: %2").arg(file, holder.text()));
+    }
     static SCommandOutcome usage(const QString &error) { return {CCommandLine::Usage, error}; }
 };

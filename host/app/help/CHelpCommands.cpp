@@ -27,7 +27,7 @@ CHelpCommands::CHelpCommands(QWidget &window)
 {
 }
 
-void CHelpCommands::showCrash()
+void CHelpCommands::showCrash(QWidget &parent)
 {
     const QString folder = CCrashHandler::defaultFolder();
     const std::optional<CCrashHandler::SReport> report = CCrashHandler::latest(folder);
@@ -39,7 +39,7 @@ void CHelpCommands::showCrash()
         tr("Orvo ended unexpectedly on %1. Whoever looks into it needs the following report.\n%2")
             .arg(report->time.toString(QStringLiteral("d MMMM yyyy, HH:mm")),
                  QDir::toNativeSeparators(folder)),
-        report->text + QLatin1Char('\n') + SystemInformation::text(), &m_window);
+        report->text + QLatin1Char('\n') + SystemInformation::text(), &parent);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->show(); // without blocking what else the start asks
     CCrashHandler::setShown(*report);

@@ -15,8 +15,9 @@ public:
     /// @p window is the parent of all dialogs; it must outlive this object.
     explicit CHelpCommands(QWidget &window);
 
-    /// Shows the latest crash report that was not shown yet, beside whatever else the start shows.
-    void showCrash();
+    /// Shows the latest crash report that was not shown yet, if there is one, in a window of its own that
+    /// blocks nothing. While a modal dialog is open, that must be @p parent.
+    static void showCrash(QWidget &parent);
 
     void showLog();
     void openLogFolder();

@@ -6,7 +6,6 @@
 #include "host/app/projects/CNewProjectDialog.h"
 #include "host/app/projects/CVersionsDialog.h"
 #include "host/app/start/CAppSettings.h"
-#include "host/devices/CProjectShelf.h"
 #include "host/devices/services/CDeviceServices.h"
 #include "host/devices/simulated/CProcessorKinds.h"
 #include "platform/common/CBackgroundCall.h"
@@ -80,16 +79,20 @@ void CProjectCommands::open(const QStringList &files)
 
 CResult<QUuid> CProjectCommands::openAsking(const QString &file)
 {
+    return m_projects.open(file,
+                           [&](const SLockHolder &holder) { return askHowToOpen(m_window, file, holder); });
+}
+
+CProjectShelf::Held CProjectCommands::askHowToOpen(QWidget &parent, const QString &file,
+                                                   const SLockHolder &holder)
+{
     using Held = CProjectShelf::Held;
-    return m_projects.open(file, [&](const SLockHolder &holder) {
-        const QString text =
-            tr("%1\nis open already: %2.").arg(QDir::toNativeSeparators(file), holder.text());
-        const auto choice = CMessageBox::choose(&m_window, tr("Somebody else has the project open."), text,
-                                                tr("&Read only"), tr("Open &anyway"));
-        return choice == CMessageBox::Choice::Keep   ? Held::ReadOnly
-               : choice == CMessageBox::Choice::Lose ? Held::Anyway
-                                                     : Held::Cancel;
-    });
+    const QString text = tr("%1\nis open already: %2.").arg(QDir::toNativeSeparators(file), holder.text());
+    const auto choice = CMessageBox::choose(&parent, tr("Somebody else has the project open."), text,
+                                            tr("&Read only"), tr("Open &anyway"));
+    return choice == CMessageBox::Choice::Keep   ? Held::ReadOnly
+           : choice == CMessageBox::Choice::Lose ? Held::Anyway
+                                                 : Held::Cancel;
 }
 
 void CProjectCommands::openDemo()

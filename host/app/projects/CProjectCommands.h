@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "host/devices/CProjectShelf.h"
 #include "platform/common/CResult.h"
 #include "platform/widgets/CMessageBox.h"
 
@@ -11,9 +12,7 @@
 
 class CAppSettings;
 class CDeviceServices;
-class CProjectShelf;
 class QWidget;
-struct SProjectSaving;
 
 /// The user's commands for projects: create, open, save and close, each with its questions and messages. GUI
 /// thread.
@@ -43,6 +42,8 @@ public:
     void restoreVersion(const QUuid &project);
     /// Closes a project; asks first if there are unsaved edits. False: still open.
     bool close(const QUuid &project);
+    /// Asks what to do with a project that somebody else has open.
+    static CProjectShelf::Held askHowToOpen(QWidget &parent, const QString &file, const SLockHolder &holder);
     /// Asks about all unsaved edits. False: the user does not want to quit.
     bool confirmQuit();
 

@@ -25,6 +25,7 @@ public:
 
     /// Sets the function that asks the user a yes-or-no question; without one, the answer is always No.
     void setConfirm(Confirm confirm);
+    bool confirm(const QString &text) const { return m_runner.confirm(text); }
 
     /// Searches for processors and reads those that answer. A layout with unsaved edits is kept. Like all
     /// jobs, refused while another one runs; @p done then gets the reason.

@@ -81,7 +81,7 @@ bool CJobRunner::ask(const QString &text, const std::shared_ptr<CCancelToken> &c
 {
     const auto answer = std::make_shared<SAnswer>();
     m_mailbox.post([this, text, cancel, answer] {
-        answer->yes = m_confirm && !cancel->isCancelled() && m_confirm(text);
+        answer->yes = !cancel->isCancelled() && confirm(text);
         answer->given = true;
     });
     while (!answer->given) {

@@ -39,6 +39,7 @@ public:
     ~CJobRunner() override; ///< stops first
 
     void setConfirm(Confirm confirm) { m_confirm = std::move(confirm); }
+    bool confirm(const QString &text) const { return m_confirm && m_confirm(text); }
     CDeviceJob *current() const { return m_job.get(); }
     /// Starts @p work as @p job. Returns false while another job runs and after stop(); @p done then gets the
     /// reason.
