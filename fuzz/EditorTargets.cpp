@@ -32,9 +32,9 @@ int cabinetsIn(const CabinetLayout &layout)
 
 QString FuzzTargets::clipboard(const QByteArray &bytes)
 {
-    const CResult<QJsonObject> json = CStrictJson::parse(bytes);
+    const CResult<CJsonDocument> json = CStrictJson::parse(bytes);
     const CResult<CabinetLayout> layout =
-        json ? CRecordJson::layout(json.value()) : CResult<CabinetLayout>::failure(json.error());
+        json ? CRecordJson::layout(json.value().root()) : CResult<CabinetLayout>::failure(json.error());
     if (!layout || cabinetsIn(layout.value()) > MostCabinets)
         return {};
     CFixedPortStates states;

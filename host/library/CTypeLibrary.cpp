@@ -65,12 +65,12 @@ QStringList searchWords(const TypeInfo &info)
 class CTypeLibraryReader final
 {
 public:
-    QVector<TypeNode> read(const QJsonObject &document)
+    QVector<TypeNode> read(const CJsonDocument &document)
     {
         const SJsonPlace place;
-        CStrictObject object(document, place, m_error);
+        CStrictObject object(document.root(), place, m_error);
         const QVector<TypeNode> nodes =
-            readAll(object, "folders", [this](const QJsonValue &json, const SJsonPlace &where) {
+            readAll(object, "folders", [this](const CJsonValue &json, const SJsonPlace &where) {
                 return readFolder(json, where);
             });
         object.finish();
@@ -82,28 +82,28 @@ private:
     template <typename Read>
     QVector<TypeNode> readAll(CStrictObject &object, const char *key, Read readNode)
     {
-        const QJsonArray items = object.array(key);
+        const CJsonValue items = object.array(key);
         const SJsonPlace place = object.placeOf(key);
         QVector<TypeNode> nodes;
-        for (int i = 0; i < items.size() && m_error.isEmpty(); ++i)
+        for (int i = 0; i < items.elements() && m_error.isEmpty(); ++i)
             nodes.append(readNode(items.at(i), {&place, nullptr, i}));
         return nodes;
     }
 
-    TypeNode readFolder(const QJsonValue &json, const SJsonPlace &place)
+    TypeNode readFolder(const CJsonValue &json, const SJsonPlace &place)
     {
         CStrictObject object(json, place, m_error);
         TypeNode folder;
         folder.kind = TypeNode::Folder;
         folder.name = object.text("name", LongestFolderName);
-        folder.children = readAll(object, "types", [this](const QJsonValue &type, const SJsonPlace &where) {
+        folder.children = readAll(object, "types", [this](const CJsonValue &type, const SJsonPlace &where) {
             return readType(type, where);
         });
         object.finish();
         return folder;
     }
 
-    TypeNode readType(const QJsonValue &json, const SJsonPlace &place)
+    TypeNode readType(const CJsonValue &json, const SJsonPlace &place)
     {
         TypeNode node;
         const QByteArray where = place.text().toUtf8();
@@ -147,7 +147,7 @@ const TypeInfo *findType(const QVector<TypeNode> &nodes, Matches matches)
 
 CResult<CTypeLibrary> CTypeLibrary::fromJson(const QByteArray &content)
 {
-    const CResult<QJsonObject> document = CStrictJson::parse(content);
+    const CResult<CJsonDocument> document = CStrictJson::parse(content);
     if (!document)
         return CResult<CTypeLibrary>::failure(document.error());
     CTypeLibraryReader reader;

@@ -12,7 +12,7 @@ namespace {
 constexpr SFileFormat cabinetFormat{"orvo-cabinet-configuration",
                                     QT_TRANSLATE_NOOP("SFileFormat", "a cabinet configuration"), 2};
 
-SCabinetConfig readConfig(const QJsonObject &body, QString &error)
+SCabinetConfig readConfig(const CJsonValue &body, QString &error)
 {
     const SJsonPlace place;
     CStrictObject object(body, place, error);

@@ -14,7 +14,7 @@ constexpr SFileFormat gainFormat{"orvo-current-gain",
 constexpr int LargestGainCode = 2;
 constexpr int GainColors = 3;
 
-SCurrentGainRow readRow(const QJsonValue &json, const SJsonPlace &place, QString &error)
+SCurrentGainRow readRow(const CJsonValue &json, const SJsonPlace &place, QString &error)
 {
     CStrictObject object(json, place, error);
     SCurrentGainRow row;
@@ -27,15 +27,15 @@ SCurrentGainRow readRow(const QJsonValue &json, const SJsonPlace &place, QString
     return row;
 }
 
-QVector<SCurrentGainRow> readRows(const QJsonObject &body, QString &error)
+QVector<SCurrentGainRow> readRows(const CJsonValue &body, QString &error)
 {
     const SJsonPlace place;
     CStrictObject object(body, place, error);
-    const QJsonArray items = object.array("rows");
+    const CJsonValue items = object.array("rows");
     const SJsonPlace rowsPlace = object.placeOf("rows");
     QVector<SCurrentGainRow> rows;
     QSet<int> seen;
-    for (int i = 0; i < items.size() && error.isEmpty(); ++i) {
+    for (int i = 0; i < items.elements() && error.isEmpty(); ++i) {
         const SJsonPlace rowPlace{&rowsPlace, nullptr, i};
         rows.append(readRow(items.at(i), rowPlace, error));
         const int code = rows.last().frameRateCode * (LargestGainCode + 1) + rows.last().gainLevel;

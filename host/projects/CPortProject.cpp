@@ -9,7 +9,7 @@ namespace {
 
 constexpr SFileFormat portFormat{"orvo-port-project", QT_TRANSLATE_NOOP("SFileFormat", "a port project"), 2};
 
-SPrjPort readPort(const QJsonObject &body, QString &error)
+SPrjPort readPort(const CJsonValue &body, QString &error)
 {
     const CResult<SPrjPort> port = CRecordJson::projectPort(body);
     if (port)

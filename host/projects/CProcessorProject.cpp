@@ -29,7 +29,7 @@ Record partOf(CResult<Record> part, QString &error)
     return {};
 }
 
-SProcessorProject readProject(const QJsonObject &body, QString &error)
+SProcessorProject readProject(const CJsonValue &body, QString &error)
 {
     const SJsonPlace place;
     CStrictObject object(body, place, error);

@@ -8,11 +8,14 @@
 #include <QCryptographicHash>
 #include <QJsonDocument>
 
+#include <future>
 #include <limits>
+#include <system_error>
 
 namespace {
 
-constexpr int LongestHeader = 512; // bytes
+constexpr int LongestHeader = 512;     // bytes
+constexpr int LargeBody = 1024 * 1024; // bytes
 
 /// The first line of a file.
 struct SFileHeader
@@ -44,13 +47,13 @@ QString articleOf(const SFileFormat &format)
 CResult<SFileHeader> readHeader(const QByteArray &line, const SFileFormat &format)
 {
     using Header = CResult<SFileHeader>;
-    const CResult<QJsonObject> json = CStrictJson::parse(line);
+    const CResult<CJsonDocument> json = CStrictJson::parse(line);
     if (!json)
         return Header::failure(
             CStrictFile::tr("is not %1, or its header is damaged: %2.").arg(articleOf(format), json.error()));
     const SJsonPlace place;
     QString error;
-    CStrictObject object(json.value(), place, error);
+    CStrictObject object(json.value().root(), place, error);
     SFileHeader header;
     header.format = object.text("format", 64);
     header.version = object.smallInteger("version", 1, std::numeric_limits<int>::max());
@@ -72,22 +75,25 @@ CResult<SFileHeader> readHeader(const QByteArray &line, const SFileFormat &forma
     return header;
 }
 
-/// Checks length and checksum of @p body; empty if they match the header.
-QString bodyDamage(const SFileHeader &header, const QByteArray &body, int headerBytes)
+/// Checks the length of a file against its header; empty if it matches.
+QString lengthDamage(qint64 expected, qint64 found)
 {
-    if (body.size() < header.bytes)
-        return CStrictFile::tr("is cut off: it ends at byte %1 of %2.")
-            .arg(headerBytes + body.size())
-            .arg(headerBytes + header.bytes);
-    if (body.size() > header.bytes)
-        return CStrictFile::tr("is damaged: something was added behind byte %1.")
-            .arg(headerBytes + header.bytes);
-    if (bodyDigest(body) == header.sha256)
-        return {};
-    const CResult<QJsonObject> json = CStrictJson::parse(body, 2);
-    return json ? CStrictFile::tr(
-                      "is damaged: its content (line 2 and below) does not match the checksum of line 1.")
-                : CStrictFile::tr("is damaged: %1.").arg(json.error());
+    if (found < expected)
+        return CStrictFile::tr("is cut off: it ends at byte %1 of %2.").arg(found).arg(expected);
+    return found > expected ? CStrictFile::tr("is damaged: something was added behind byte %1.").arg(expected)
+                            : QString();
+}
+
+/// The digest of a body; of a large one computed by another thread, as that takes as long as reading it.
+std::future<QByteArray> digestLater(const QByteArray &body)
+{
+    if (body.size() >= LargeBody) {
+        try {
+            return std::async(std::launch::async, bodyDigest, body);
+        } catch (const std::system_error &) { // no more threads
+        }
+    }
+    return std::async(std::launch::deferred, bodyDigest, body);
 }
 
 } // namespace
@@ -99,11 +105,11 @@ QByteArray CStrictFile::encode(const SFileFormat &format, const QJsonObject &bod
     return header.line() + text;
 }
 
-CResult<QJsonObject> CStrictFile::decode(const QByteArray &content, const SFileFormat &format,
-                                         const QString &file)
+CResult<CJsonDocument> CStrictFile::decode(const QByteArray &content, const SFileFormat &format,
+                                           const QString &file)
 {
     const auto failure = [&file](const QString &what) {
-        return CResult<QJsonObject>::failure(QStringLiteral("%1 %2").arg(CSafeFile::quoted(file), what));
+        return CResult<CJsonDocument>::failure(QStringLiteral("%1 %2").arg(CSafeFile::quoted(file), what));
     };
     if (content.isEmpty())
         return failure(tr("is empty."));
@@ -116,19 +122,25 @@ CResult<QJsonObject> CStrictFile::decode(const QByteArray &content, const SFileF
         return failure(header.error());
     const QByteArray body =
         QByteArray::fromRawData(content.constData() + headerBytes, content.size() - headerBytes);
-    const QString damage = bodyDamage(header.value(), body, headerBytes);
+    const QString damage = lengthDamage(headerBytes + header.value().bytes, content.size());
     if (!damage.isEmpty())
         return failure(damage);
-    const CResult<QJsonObject> json = CStrictJson::parse(body, 2);
-    return json ? json : CResult<QJsonObject>::failure(wrongContent(file, json.error()));
+    std::future<QByteArray> digest = digestLater(body);
+    CResult<CJsonDocument> json = CStrictJson::parse(content, headerBytes);
+    if (digest.get() != header.value().sha256)
+        return failure(
+            json ? tr("is damaged: its content (line 2 and below) does not match the checksum of line 1.")
+                 : tr("is damaged: %1.").arg(json.error()));
+    return json ? json : CResult<CJsonDocument>::failure(wrongContent(file, json.error()));
 }
 
 bool CStrictFile::isNewer(const QByteArray &content, const SFileFormat &format)
 {
     const QByteArray start = content.left(LongestHeader);
-    const CResult<QJsonObject> header = CStrictJson::parse(start.left(start.indexOf('\n') + 1));
-    return header && header.value().value(QLatin1String("format")).toString() == QLatin1String(format.id) &&
-           header.value().value(QLatin1String("version")).toInt() > format.version;
+    const CResult<CJsonDocument> header = CStrictJson::parse(start.left(start.indexOf('\n') + 1));
+    const CJsonValue root = header ? header.value().root() : CJsonValue();
+    return root.member("format").toString() == QLatin1String(format.id) &&
+           root.member("version").toInt(0) > format.version;
 }
 
 QString CStrictFile::wrongContent(const QString &file, const QString &what)
@@ -142,11 +154,11 @@ CStatus CStrictFile::write(const QString &file, const SFileFormat &format, const
     return CSafeFile::write(file, encode(format, body), CSafeFile::KeepPrevious, how);
 }
 
-CResult<QJsonObject> CStrictFile::read(const QString &file, const SFileFormat &format)
+CResult<CJsonDocument> CStrictFile::read(const QString &file, const SFileFormat &format)
 {
     CSafeFile::cleanAround(file);
     const CResult<QByteArray> content = CSafeFile::read(file, MaximumBytes);
-    return content ? decode(content.value(), format, file) : CResult<QJsonObject>::failure(content.error());
+    return content ? decode(content.value(), format, file) : CResult<CJsonDocument>::failure(content.error());
 }
 
 QString CStrictFile::notWritable(const QString &file, const QString &what)

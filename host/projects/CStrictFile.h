@@ -4,6 +4,7 @@
 
 #include "host/projects/CSafeFile.h"
 #include "platform/common/CResult.h"
+#include "platform/json/CJsonDocument.h"
 
 #include <QCoreApplication>
 #include <QJsonObject>
@@ -27,7 +28,7 @@ class CStrictFile final
 public:
     static constexpr qint64 MaximumBytes = 128 * 1024 * 1024;
 
-    /// Reads the record in a file. @p make, a Record(const QJsonObject &, QString &error), converts the body;
+    /// Reads the record in a file. @p make, a Record(const CJsonValue &, QString &error), converts the body;
     /// its error begins with the place.
     template <typename Record, typename Make>
     static CResult<Record> readRecord(const QString &file, const SFileFormat &format, const Make &make);
@@ -39,8 +40,8 @@ public:
     /// The content that write() puts into the file.
     static QByteArray encode(const SFileFormat &format, const QJsonObject &body);
     /// The body of a file's content; @p file is for the error text.
-    static CResult<QJsonObject> decode(const QByteArray &content, const SFileFormat &format,
-                                       const QString &file);
+    static CResult<CJsonDocument> decode(const QByteArray &content, const SFileFormat &format,
+                                         const QString &file);
     /// Whether the content names the format in a version that this program does not know.
     static bool isNewer(const QByteArray &content, const SFileFormat &format);
     /// The error text for an intact file with wrong content; @p what begins with the place.
@@ -49,7 +50,7 @@ public:
 private:
     static CStatus write(const QString &file, const SFileFormat &format, const QJsonObject &body,
                          SFileWrite *how);
-    static CResult<QJsonObject> read(const QString &file, const SFileFormat &format);
+    static CResult<CJsonDocument> read(const QString &file, const SFileFormat &format);
     /// The error text for a record that is not written because it could not be read again.
     static QString notWritable(const QString &file, const QString &what);
 };
@@ -58,11 +59,11 @@ template <typename Record, typename Make>
 CResult<Record> CStrictFile::readRecord(const QString &file, const SFileFormat &format, const Make &make)
 {
     return CSafeFile::withMemory(file, [&] {
-        const CResult<QJsonObject> body = read(file, format);
+        const CResult<CJsonDocument> body = read(file, format);
         if (!body)
             return CResult<Record>::failure(body.error());
         QString error;
-        Record record = make(body.value(), error);
+        Record record = make(body.value().root(), error);
         return error.isEmpty() ? CResult<Record>(std::move(record))
                                : CResult<Record>::failure(wrongContent(file, error));
     });
@@ -75,7 +76,7 @@ CStatus CStrictFile::writeRecord(const QString &file, const SFileFormat &format,
     return CSafeFile::withMemory(file, [&] {
         const QJsonObject written = body();
         QString error;
-        make(written, error);
+        make(CJsonDocument::of(written).root(), error);
         return error.isEmpty() ? write(file, format, written, how)
                                : CStatus::failure(notWritable(file, error));
     });

@@ -61,12 +61,12 @@ SLockHolder SLockHolder::ofThisProcess()
 
 SLockHolder SLockHolder::decode(const QByteArray &content)
 {
-    const CResult<QJsonObject> json = CStrictJson::parse(content);
+    const CResult<CJsonDocument> json = CStrictJson::parse(content);
     if (!json)
         return {};
     const SJsonPlace place;
     QString error;
-    CStrictObject object(json.value(), place, error);
+    CStrictObject object(json.value().root(), place, error);
     SLockHolder holder;
     holder.machine = object.text("machine", LongestText);
     holder.installation = object.textOr({}, "installation", LongestText);

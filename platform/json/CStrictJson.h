@@ -3,10 +3,10 @@
 #pragma once
 
 #include "platform/common/CResult.h"
+#include "platform/json/CJsonDocument.h"
 
 #include <QByteArray>
 #include <QCoreApplication>
-#include <QJsonObject>
 
 /// Parses JSON text that may be damaged or hostile: whatever QJsonDocument would silently round, repair or
 /// accept is an error with line and column, and so is text that would need too much memory. Any thread.
@@ -21,8 +21,7 @@ public:
     static constexpr int MaximumTextBytes = 32768;              ///< of one string, as written
     static constexpr double MaximumNumber = 9007199254740992.0; ///< 2^53: above it integers lose digits
 
-    /// Returns the one object that @p text consists of. Throws std::bad_alloc before memory runs out. The
-    /// error text begins with the place ("line 1, column 7: …"); @p firstLine is the number of the text's
-    /// first line in its file.
-    static CResult<QJsonObject> parse(const QByteArray &text, int firstLine = 1);
+    /// Returns the one object that @p text consists of from byte @p from on. Throws std::bad_alloc if there
+    /// is not enough memory. The error text begins with the place in the text ("line 1, column 7: …").
+    static CResult<CJsonDocument> parse(const QByteArray &text, int from = 0);
 };

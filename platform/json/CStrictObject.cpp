@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/json/CStrictObject.h"
 
+#include <QStringList>
+
 #include <algorithm>
 #include <cmath>
 
@@ -11,6 +13,32 @@ bool hasControlCharacter(const QString &text)
 {
     return std::any_of(text.begin(), text.end(),
                        [](QChar c) { return c.unicode() < 0x20 || c.unicode() == 0x7F; });
+}
+
+int hexValue(char c)
+{
+    return c >= '0' && c <= '9' ? c - '0' : c >= 'a' && c <= 'f' ? c - 'a' + 10 : -1;
+}
+
+/// The identity of a text as fromUuid() writes it; null if it is any other text.
+QUuid uuidOf(QLatin1String text)
+{
+    if (text.size() != 36)
+        return {};
+    uchar bytes[16];
+    const char *at = text.data();
+    for (int i = 0; i < 16; ++i, at += 2) {
+        const bool dash = i == 4 || i == 6 || i == 8 || i == 10;
+        if (dash && *at++ != '-')
+            return {};
+        const int value = hexValue(at[0]) < 0 ? -1 : hexValue(at[0]) << 4 | hexValue(at[1]);
+        if (value < 0)
+            return {};
+        bytes[i] = uchar(value);
+    }
+    const auto number = [&bytes](int i) { return uint(bytes[i]) << 8 | bytes[i + 1]; };
+    return QUuid(number(0) << 16 | number(2), ushort(number(4)), ushort(number(6)), bytes[8], bytes[9],
+                 bytes[10], bytes[11], bytes[12], bytes[13], bytes[14], bytes[15]);
 }
 
 } // namespace
@@ -25,8 +53,8 @@ QString SJsonPlace::text() const
     return (before.isEmpty() ? QString() : before + QLatin1Char('.')) + QLatin1String(member);
 }
 
-CStrictObject::CStrictObject(const QJsonValue &value, const SJsonPlace &place, QString &error)
-    : m_object(value.toObject())
+CStrictObject::CStrictObject(const CJsonValue &value, const SJsonPlace &place, QString &error)
+    : m_object(value)
     , m_place(place)
     , m_error(error)
 {
@@ -34,24 +62,17 @@ CStrictObject::CStrictObject(const QJsonValue &value, const SJsonPlace &place, Q
         failAt(place, tr("an object is expected"));
 }
 
-QJsonValue CStrictObject::take(const char *key, bool required)
+CJsonValue CStrictObject::take(const char *key, bool required)
 {
-    const auto found = m_object.constFind(QLatin1String(key));
-    if (found == m_object.constEnd()) {
-        if (required)
-            failAt(m_place, tr("the member \"%1\" is missing").arg(QLatin1String(key)));
-        return QJsonValue(QJsonValue::Undefined);
-    }
-    m_taken.append(key);
-    return *found;
+    const CJsonValue found = m_object.member(key);
+    if (!found.isUndefined())
+        m_taken.append(key);
+    else if (required)
+        failAt(m_place, tr("the member \"%1\" is missing").arg(QLatin1String(key)));
+    return found;
 }
 
-bool CStrictObject::has(const char *key) const
-{
-    return m_object.contains(QLatin1String(key));
-}
-
-qint64 CStrictObject::toInteger(const QJsonValue &value, const SJsonPlace &place, qint64 minimum,
+qint64 CStrictObject::toInteger(const CJsonValue &value, const SJsonPlace &place, qint64 minimum,
                                 qint64 maximum)
 {
     const double number = value.toDouble();
@@ -66,13 +87,13 @@ qint64 CStrictObject::toInteger(const QJsonValue &value, const SJsonPlace &place
 
 qint64 CStrictObject::integer(const char *key, qint64 minimum, qint64 maximum)
 {
-    const QJsonValue value = take(key, true);
+    const CJsonValue value = take(key, true);
     return value.isUndefined() ? minimum : toInteger(value, placeOf(key), minimum, maximum);
 }
 
 qint64 CStrictObject::integerOr(qint64 fallback, const char *key, qint64 minimum, qint64 maximum)
 {
-    const QJsonValue value = take(key, false);
+    const CJsonValue value = take(key, false);
     return value.isUndefined() ? fallback : toInteger(value, placeOf(key), minimum, maximum);
 }
 
@@ -88,17 +109,17 @@ int CStrictObject::smallIntegerOr(int fallback, const char *key, int minimum, in
 
 double CStrictObject::number(const char *key, double minimum, double maximum)
 {
-    const QJsonValue value = take(key, true);
+    const CJsonValue value = take(key, true);
     return value.isUndefined() ? minimum : toNumber(value, placeOf(key), minimum, maximum);
 }
 
 double CStrictObject::numberOr(double fallback, const char *key, double minimum, double maximum)
 {
-    const QJsonValue value = take(key, false);
+    const CJsonValue value = take(key, false);
     return value.isUndefined() ? fallback : toNumber(value, placeOf(key), minimum, maximum);
 }
 
-double CStrictObject::toNumber(const QJsonValue &value, const SJsonPlace &place, double minimum,
+double CStrictObject::toNumber(const CJsonValue &value, const SJsonPlace &place, double minimum,
                                double maximum)
 {
     const double number = value.toDouble();
@@ -111,7 +132,7 @@ double CStrictObject::toNumber(const QJsonValue &value, const SJsonPlace &place,
 
 bool CStrictObject::flagOr(bool fallback, const char *key)
 {
-    const QJsonValue value = take(key, false);
+    const CJsonValue value = take(key, false);
     if (value.isUndefined())
         return fallback;
     if (!value.isBool())
@@ -121,17 +142,17 @@ bool CStrictObject::flagOr(bool fallback, const char *key)
 
 QString CStrictObject::text(const char *key, int longest)
 {
-    const QJsonValue value = take(key, true);
+    const CJsonValue value = take(key, true);
     return value.isUndefined() ? QString() : toText(value, placeOf(key), longest);
 }
 
 QString CStrictObject::textOr(const QString &fallback, const char *key, int longest)
 {
-    const QJsonValue value = take(key, false);
+    const CJsonValue value = take(key, false);
     return value.isUndefined() ? fallback : toText(value, placeOf(key), longest);
 }
 
-QString CStrictObject::toText(const QJsonValue &value, const SJsonPlace &place, int longest)
+QString CStrictObject::toText(const CJsonValue &value, const SJsonPlace &place, int longest)
 {
     const QString text = toPath(value, place, longest);
     if (hasControlCharacter(text))
@@ -141,11 +162,11 @@ QString CStrictObject::toText(const QJsonValue &value, const SJsonPlace &place, 
 
 QString CStrictObject::pathOr(const QString &fallback, const char *key, int longest)
 {
-    const QJsonValue value = take(key, false);
+    const CJsonValue value = take(key, false);
     return value.isUndefined() ? fallback : toPath(value, placeOf(key), longest);
 }
 
-QString CStrictObject::toPath(const QJsonValue &value, const SJsonPlace &place, int longest)
+QString CStrictObject::toPath(const CJsonValue &value, const SJsonPlace &place, int longest)
 {
     const QString text = value.toString();
     if (!value.isString())
@@ -159,20 +180,23 @@ QString CStrictObject::toPath(const QJsonValue &value, const SJsonPlace &place, 
 
 QUuid CStrictObject::uuid(const char *key)
 {
-    const QJsonValue value = take(key, true);
+    const CJsonValue value = take(key, true);
     return value.isUndefined() ? QUuid() : toUuid(value, placeOf(key));
 }
 
 QUuid CStrictObject::uuidOr(const QUuid &fallback, const char *key)
 {
-    const QJsonValue value = take(key, false);
+    const CJsonValue value = take(key, false);
     if (value.isUndefined())
         return fallback;
     return value.isNull() ? QUuid() : toUuid(value, placeOf(key));
 }
 
-QUuid CStrictObject::toUuid(const QJsonValue &value, const SJsonPlace &place)
+QUuid CStrictObject::toUuid(const CJsonValue &value, const SJsonPlace &place)
 {
+    const QUuid plain = uuidOf(value.plainText());
+    if (!plain.isNull())
+        return plain;
     const QString text = value.toString();
     const QUuid uuid = text.size() == 36 ? QUuid::fromString(text) : QUuid();
     if (uuid.isNull())
@@ -182,9 +206,9 @@ QUuid CStrictObject::toUuid(const QJsonValue &value, const SJsonPlace &place)
 
 QSize CStrictObject::size(const char *key, int largest)
 {
-    const QJsonArray sides = pair(take(key, true), key);
+    const CJsonValue sides = pair(take(key, true), key);
     const SJsonPlace place = placeOf(key);
-    if (sides.isEmpty())
+    if (sides.elements() == 0)
         return {};
     return {int(toInteger(sides.at(0), {&place, nullptr, 0}, 1, largest)),
             int(toInteger(sides.at(1), {&place, nullptr, 1}, 1, largest))};
@@ -192,82 +216,80 @@ QSize CStrictObject::size(const char *key, int largest)
 
 QSizeF CStrictObject::sizeFOr(const QSizeF &fallback, const char *key, double largest)
 {
-    const QJsonArray sides = pair(take(key, false), key);
+    const CJsonValue sides = pair(take(key, false), key);
     const SJsonPlace place = placeOf(key);
-    if (sides.isEmpty())
+    if (sides.elements() == 0)
         return fallback;
     return {toNumber(sides.at(0), {&place, nullptr, 0}, 0, largest),
             toNumber(sides.at(1), {&place, nullptr, 1}, 0, largest)};
 }
 
 /// Two elements, or none.
-QJsonArray CStrictObject::pair(const QJsonValue &value, const char *key)
+CJsonValue CStrictObject::pair(const CJsonValue &value, const char *key)
 {
-    const QJsonArray sides = value.toArray();
-    if (value.isUndefined() || sides.size() == 2)
-        return sides;
+    if (value.isUndefined() || value.elements() == 2)
+        return value;
     failAt(placeOf(key), tr("[width, height] is expected"));
     return {};
 }
 
 QRect CStrictObject::rect(const char *key)
 {
-    const QJsonValue value = take(key, true);
+    const CJsonValue value = take(key, true);
     return value.isUndefined() ? QRect() : toRect(value, placeOf(key));
 }
 
-QRect CStrictObject::toRect(const QJsonValue &value, const SJsonPlace &place)
+QRect CStrictObject::toRect(const CJsonValue &value, const SJsonPlace &place)
 {
-    const QJsonArray parts = value.toArray();
-    if (parts.size() != 4) {
+    if (value.elements() != 4) {
         failAt(place, tr("[x, y, width, height] is expected"));
         return {};
     }
     int numbers[4];
     for (int i = 0; i < 4; ++i)
         numbers[i] =
-            int(toInteger(parts.at(i), {&place, nullptr, i}, i < 2 ? -LargestPixel : 0, LargestPixel));
+            int(toInteger(value.at(i), {&place, nullptr, i}, i < 2 ? -LargestPixel : 0, LargestPixel));
     return {numbers[0], numbers[1], numbers[2], numbers[3]};
 }
 
 QVector<QRect> CStrictObject::rectsOr(const char *key, int most)
 {
-    const QJsonArray items = shortArrayOr(key, most);
+    const CJsonValue items = shortArrayOr(key, most);
     const SJsonPlace place = placeOf(key);
     QVector<QRect> rects;
-    rects.reserve(items.size());
-    for (int i = 0; i < items.size(); ++i)
+    rects.reserve(items.elements());
+    for (int i = 0; i < items.elements(); ++i)
         rects.append(toRect(items.at(i), {&place, nullptr, i}));
     return rects;
 }
 
-QJsonArray CStrictObject::array(const char *key)
+CJsonValue CStrictObject::array(const char *key)
 {
     return toArray(take(key, true), key);
 }
 
-QJsonArray CStrictObject::arrayOr(const char *key)
+CJsonValue CStrictObject::arrayOr(const char *key)
 {
     return toArray(take(key, false), key);
 }
 
-QJsonArray CStrictObject::shortArrayOr(const char *key, int most)
+CJsonValue CStrictObject::shortArrayOr(const char *key, int most)
 {
-    const QJsonArray items = arrayOr(key);
-    if (items.size() <= most)
+    const CJsonValue items = arrayOr(key);
+    if (items.elements() <= most)
         return items;
-    failAt(placeOf(key), tr("there are %1 entries, the most is %2").arg(items.size()).arg(most));
+    failAt(placeOf(key), tr("there are %1 entries, the most is %2").arg(items.elements()).arg(most));
     return {};
 }
 
-QJsonArray CStrictObject::toArray(const QJsonValue &value, const char *key)
+CJsonValue CStrictObject::toArray(const CJsonValue &value, const char *key)
 {
     if (!value.isUndefined() && !value.isArray())
         failAt(placeOf(key), tr("an array is expected"));
-    return value.toArray();
+    return value.isArray() ? value : CJsonValue();
 }
 
-QJsonValue CStrictObject::value(const char *key)
+CJsonValue CStrictObject::value(const char *key)
 {
     return take(key, true);
 }
@@ -287,15 +309,18 @@ void CStrictObject::failAt(const SJsonPlace &place, const QString &what)
 
 bool CStrictObject::finish()
 {
-    if (m_error.isEmpty() && m_object.size() > m_taken.size()) {
-        for (auto it = m_object.constBegin(); it != m_object.constEnd(); ++it) {
-            const auto isKey = [&it](const char *key) { return it.key() == QLatin1String(key); };
-            if (std::none_of(m_taken.begin(), m_taken.end(), isKey)) {
-                failAt(m_place, tr("the member \"%1\" is not known").arg(it.key()));
-                break;
-            }
-        }
+    if (!m_error.isEmpty() || m_object.members() <= m_taken.size())
+        return m_error.isEmpty();
+    QStringList unknown;
+    for (int i = 0; i < m_object.members(); ++i) {
+        const QString name = m_object.nameAt(i);
+        const auto isKey = [&name](const char *key) { return name == QLatin1String(key); };
+        if (std::none_of(m_taken.begin(), m_taken.end(), isKey))
+            unknown << name;
     }
+    if (!unknown.isEmpty()) // the first of the alphabet, as files are written in its order
+        failAt(m_place,
+               tr("the member \"%1\" is not known").arg(*std::min_element(unknown.begin(), unknown.end())));
     return m_error.isEmpty();
 }
 

@@ -2,9 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "platform/json/CJsonValue.h"
+
 #include <QCoreApplication>
 #include <QJsonArray>
-#include <QJsonObject>
 #include <QRect>
 #include <QSize>
 #include <QUuid>
@@ -34,7 +35,7 @@ public:
     static constexpr int LargestPixel = 1 << 24; ///< of coordinates, either way, and of sizes
 
     /// @p place and @p error must outlive the object; @p error is only written when it is empty.
-    CStrictObject(const QJsonValue &value, const SJsonPlace &place, QString &error);
+    CStrictObject(const CJsonValue &value, const SJsonPlace &place, QString &error);
 
     /// Whole numbers from @p minimum to @p maximum.
     qint64 integer(const char *key, qint64 minimum, qint64 maximum);
@@ -64,10 +65,12 @@ public:
     /// At most @p most whole numbers.
     template <typename Number>
     QVector<Number> integersOr(const char *key, qint64 minimum, qint64 maximum, int most);
-    QJsonArray array(const char *key);
-    QJsonArray arrayOr(const char *key);
-    QJsonValue value(const char *key);
-    bool has(const char *key) const;
+    /// An array.
+    CJsonValue array(const char *key);
+    /// An array, or an undefined value.
+    CJsonValue arrayOr(const char *key);
+    CJsonValue value(const char *key);
+    bool has(const char *key) const { return !m_object.member(key).isUndefined(); }
 
     SJsonPlace placeOf(const char *key) const { return {&m_place, key, -1}; }
     /// Reports the error @p what at the member; for rules that this class does not know.
@@ -81,19 +84,19 @@ public:
     static QString fromUuid(const QUuid &uuid) { return uuid.toString(QUuid::WithoutBraces); }
 
 private:
-    QJsonValue take(const char *key, bool required);
+    CJsonValue take(const char *key, bool required);
     void failAt(const SJsonPlace &place, const QString &what);
-    qint64 toInteger(const QJsonValue &value, const SJsonPlace &place, qint64 minimum, qint64 maximum);
-    double toNumber(const QJsonValue &value, const SJsonPlace &place, double minimum, double maximum);
-    QString toText(const QJsonValue &value, const SJsonPlace &place, int longest);
-    QString toPath(const QJsonValue &value, const SJsonPlace &place, int longest);
-    QUuid toUuid(const QJsonValue &value, const SJsonPlace &place);
-    QRect toRect(const QJsonValue &value, const SJsonPlace &place);
-    QJsonArray pair(const QJsonValue &value, const char *key);
-    QJsonArray toArray(const QJsonValue &value, const char *key);
-    QJsonArray shortArrayOr(const char *key, int most);
+    qint64 toInteger(const CJsonValue &value, const SJsonPlace &place, qint64 minimum, qint64 maximum);
+    double toNumber(const CJsonValue &value, const SJsonPlace &place, double minimum, double maximum);
+    QString toText(const CJsonValue &value, const SJsonPlace &place, int longest);
+    QString toPath(const CJsonValue &value, const SJsonPlace &place, int longest);
+    QUuid toUuid(const CJsonValue &value, const SJsonPlace &place);
+    QRect toRect(const CJsonValue &value, const SJsonPlace &place);
+    CJsonValue pair(const CJsonValue &value, const char *key);
+    CJsonValue toArray(const CJsonValue &value, const char *key);
+    CJsonValue shortArrayOr(const char *key, int most);
 
-    QJsonObject m_object;
+    CJsonValue m_object;
     const SJsonPlace &m_place;
     QString &m_error;
     QVarLengthArray<const char *, 16> m_taken;
@@ -102,11 +105,11 @@ private:
 template <typename Number>
 QVector<Number> CStrictObject::integersOr(const char *key, qint64 minimum, qint64 maximum, int most)
 {
-    const QJsonArray items = shortArrayOr(key, most);
+    const CJsonValue items = shortArrayOr(key, most);
     const SJsonPlace place = placeOf(key);
     QVector<Number> numbers;
-    numbers.reserve(items.size());
-    for (int i = 0; i < items.size(); ++i)
+    numbers.reserve(items.elements());
+    for (int i = 0; i < items.elements(); ++i)
         numbers.append(Number(toInteger(items.at(i), {&place, nullptr, i}, minimum, maximum)));
     return numbers;
 }

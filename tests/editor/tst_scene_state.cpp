@@ -4,7 +4,8 @@
 #include "layout/api/records/LayoutLimits.h"
 #include "layout/editor/items/CGraphicsConnectionItem.h"
 #include "layout/resources/LayoutResources.h"
-#include "tests/editor/CNotedCommands.h"
+#include "platform/json/CJsonDocument.h"
+#include "tests//editor/CNotedCommands.h"
 #include "tests/editor/CSceneVerifier.h"
 #include "tests/editor/CommandWorld.h"
 #include "tests/editor/SInstalledInput.h"
@@ -72,7 +73,7 @@ private Q_SLOTS:
         }
         QCOMPARE(world.stack().count(), LayoutLimits::GroupLevels);
         QVERIFY(words.takeFirst().first().toString().contains(QStringLiteral("64 levels")));
-        QVERIFY(CRecordJson::layout(CRecordJson::toJson(world.layout())));
+        QVERIFY(CRecordJson::layout(CJsonDocument::of(CRecordJson::toJson(world.layout())).root()));
     }
 
     void aLayoutBringsWhatIsPasted()

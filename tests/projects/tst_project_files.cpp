@@ -200,14 +200,17 @@ private Q_SLOTS:
         row(sealed("{\"name\":9007199254740993}"), "line 2, column 9"); // which loses digits
         row(sealed("{\"name\":" + QByteArray(100000, '[')), "nested too deep");
         row(sealed("{\"name\":\"\xff\"}"), "UTF-8");
+        row(sealed("{\"name\":\"x\xed\xa0\x80\"}"), "line 2, column 11: a text is not valid UTF-8");
         row(sealed("{\"name\":\"\x01\"}"), "line 2, column 10: a control character");
+        row("{\"format\":\"\\b\",\"version\":1}\n", "line 1, format: the text holds");
+        row("{\"format\":\"\\u00fc\\/\\\"b\",\"version\":1}\n", "the format \"\xfc/\"b\"");
         row(sealed(QByteArray(bodyWithPorts("[]")).replace("\"n\"", '"' + QByteArray(257, 'x') + '"')),
             "name: the text is longer than 256");
         row(ports("{\"index\":1.5}"), "ports[0].index: a whole number is expected");
         const QByteArray group = QByteArray(cabinet).left(cabinet.indexOf(',')) + "}";
         row(ports("{\"index\":0,\"groups\":[" + group + "," + group + "]}"), "the same group occurs twice");
         row(sealed("{}"), "the member \"name\" is missing");
-        row(sealed(bodyWithPorts("[],\"more\":1")), "layout: the member \"more\" is not known");
+        row(sealed(bodyWithPorts("[],\"more\":1,\"less\":1")), "layout: the member \"less\" is not known");
         row(ports("{\"index\":\"1\"}"), "layout.ports[0].index: a whole number");
         row(ports("{\"index\":-1}"), "layout.ports[0].index: -1");
         row(ports("{\"index\":4000}"), "layout.ports[0].index: 4000");
@@ -255,6 +258,9 @@ private Q_SLOTS:
         QVERIFY(CProcessorProject::write(file, project));
         const QByteArray before = ProjectSamples::contentOf(file);
         auto &ports = project.layout.ports;
+        project.name = QChar(0xD800); // half a character
+        QVERIFY(CProcessorProject::write(file, project).error().contains(QLatin1String("name: the text")));
+        project.name = QStringLiteral("n");
         ports[1].groups[0].cabinets[0].uuid = ports[0].groups[0].cabinets[0].uuid;
         const QString error = CProcessorProject::write(file, project).error();
         QVERIFY2(error.contains(QLatin1String("ports[1].groups[0].cabinets[0].uuid")), qPrintable(error));

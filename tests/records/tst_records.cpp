@@ -4,7 +4,8 @@
 #include "layout/api/records/LayoutData.h"
 #include "layout/api/records/ProcessorTree.h"
 #include "layout/api/records/SPrjPort.h"
-#include "tests/harness/CTestBase.h"
+#include "platform/json/CJsonDocument.h"
+#include "tests//harness/CTestBase.h"
 
 #include <functional>
 #include <type_traits>
@@ -57,7 +58,7 @@ std::function<void(Record &)> set(Field Record::*field, const std::common_type_t
 
 /// Each of @p changes makes a record that differs, and that comes back from its file as it was.
 template <typename Record>
-void checkFields(const Record &original, CResult<Record> (*read)(const QJsonValue &, const char *),
+void checkFields(const Record &original, CResult<Record> (*read)(const CJsonValue &, const char *),
                  const QVector<std::function<void(Record &)>> &changes)
 {
     for (int i = 0; i < changes.size(); ++i) {
@@ -66,7 +67,7 @@ void checkFields(const Record &original, CResult<Record> (*read)(const QJsonValu
         const QByteArray which =
             QByteArray(QMetaType::typeName(qMetaTypeId<Record>())) + ", field " + QByteArray::number(i);
         QVERIFY2(!(changed == original), which);
-        const CResult<Record> back = read(CRecordJson::toJson(changed), nullptr);
+        const CResult<Record> back = read(CJsonDocument::of(CRecordJson::toJson(changed)).root(), nullptr);
         QVERIFY2(back, back ? which : which + ": " + back.error().toUtf8());
         QVERIFY2(back.value() == changed, which);
     }

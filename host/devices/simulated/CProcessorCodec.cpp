@@ -61,10 +61,11 @@ QJsonArray gammasToJson(const QMap<SMD5, double> &gammas)
 QVector<QVector<int>> rowsOf(CStrictObject &object, const char *key, int width, int largest)
 {
     QVector<QVector<int>> rows;
-    for (const QJsonValue &item : object.array(key)) {
+    const CJsonValue items = object.array(key);
+    for (int i = 0; i < items.elements(); ++i) {
         QVector<int> row;
-        for (const QJsonValue &number : item.toArray())
-            row << number.toInt(-1);
+        for (int j = 0; j < items.at(i).elements(); ++j)
+            row << items.at(i).at(j).toInt(-1);
         const bool inRange = std::all_of(row.begin(), row.end(),
                                          [largest](int value) { return value >= 0 && value <= largest; });
         if (row.size() != width || !inRange) {
@@ -91,8 +92,8 @@ void readLists(CStrictObject &object, SProcessorSettings &settings)
 void readGammas(CStrictObject &object, QString &error, SProcessorSettings &settings)
 {
     const SJsonPlace place = object.placeOf("gammas");
-    const QJsonArray items = object.array("gammas");
-    for (int i = 0; i < items.size() && error.isEmpty(); ++i) {
+    const CJsonValue items = object.array("gammas");
+    for (int i = 0; i < items.elements() && error.isEmpty(); ++i) {
         const SJsonPlace itemPlace{&place, nullptr, i};
         CStrictObject item(items.at(i), itemPlace, error);
         const SMD5 type = SMD5::fromText(item.text("type", 32).toLatin1());
@@ -103,7 +104,7 @@ void readGammas(CStrictObject &object, QString &error, SProcessorSettings &setti
     }
 }
 
-SProcessorSettings readSettings(const QJsonObject &body, QString &error)
+SProcessorSettings readSettings(const CJsonValue &body, QString &error)
 {
     const SJsonPlace place;
     CStrictObject object(body, place, error);
@@ -135,7 +136,7 @@ SProcessorSettings readSettings(const QJsonObject &body, QString &error)
     return settings;
 }
 
-SProcessorMapping readMapping(const QJsonObject &body, QString &error)
+SProcessorMapping readMapping(const CJsonValue &body, QString &error)
 {
     const SJsonPlace place;
     CStrictObject object(body, place, error);
@@ -198,11 +199,11 @@ QByteArray CProcessorCodec::encode(const SProcessorMapping &mapping)
 CResult<SProcessorSettings> CProcessorCodec::settings(const QByteArray &bytes, const QString &source)
 {
     using Result = CResult<SProcessorSettings>;
-    const CResult<QJsonObject> body = CStrictFile::decode(bytes, settingsFormat, source);
+    const CResult<CJsonDocument> body = CStrictFile::decode(bytes, settingsFormat, source);
     if (!body)
         return Result::failure(body.error());
     QString error;
-    SProcessorSettings settings = readSettings(body.value(), error);
+    SProcessorSettings settings = readSettings(body.value().root(), error);
     return error.isEmpty() ? Result(std::move(settings))
                            : Result::failure(CStrictFile::wrongContent(source, error));
 }
@@ -210,11 +211,11 @@ CResult<SProcessorSettings> CProcessorCodec::settings(const QByteArray &bytes, c
 CResult<SProcessorMapping> CProcessorCodec::mapping(const QByteArray &bytes, const QString &source)
 {
     using Result = CResult<SProcessorMapping>;
-    const CResult<QJsonObject> body = CStrictFile::decode(bytes, mappingFormat, source);
+    const CResult<CJsonDocument> body = CStrictFile::decode(bytes, mappingFormat, source);
     if (!body)
         return Result::failure(body.error());
     QString error;
-    SProcessorMapping mapping = readMapping(body.value(), error);
+    SProcessorMapping mapping = readMapping(body.value().root(), error);
     return error.isEmpty() ? Result(std::move(mapping))
                            : Result::failure(CStrictFile::wrongContent(source, error));
 }

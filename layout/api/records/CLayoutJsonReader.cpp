@@ -6,8 +6,6 @@
 #include "layout/api/records/LayoutLimits.h"
 #include "platform/json/CStrictObject.h"
 
-#include <QJsonArray>
-
 #include <algorithm>
 #include <limits>
 
@@ -36,10 +34,10 @@ QRect readPlacement(CStrictObject &object, const char *key)
 
 } // namespace
 
-QJsonArray CLayoutJsonReader::counted(CStrictObject &object, const char *key, int &count, int most)
+CJsonValue CLayoutJsonReader::counted(CStrictObject &object, const char *key, int &count, int most)
 {
-    const QJsonArray items = object.arrayOr(key);
-    count += items.size();
+    const CJsonValue items = object.arrayOr(key);
+    count += items.elements();
     if (count <= most)
         return items;
     object.fail(key, tr("the output port has %1 or more, the most is %2").arg(count).arg(most));
@@ -56,7 +54,7 @@ SMD5 CLayoutJsonReader::typeKey(CStrictObject &object, const char *key)
     return type;
 }
 
-CLayoutJsonReader::Cabinet CLayoutJsonReader::cabinet(const QJsonValue &json, const SJsonPlace &place,
+CLayoutJsonReader::Cabinet CLayoutJsonReader::cabinet(const CJsonValue &json, const SJsonPlace &place,
                                                       const SHolder &holder)
 {
     CStrictObject object(json, place, m_error);
@@ -86,7 +84,7 @@ CLayoutJsonReader::Cabinet CLayoutJsonReader::cabinet(const QJsonValue &json, co
 }
 
 std::shared_ptr<const CLayoutJsonReader::Port::SOriginalAreas>
-CLayoutJsonReader::originalAreas(const Cabinet &cabinet, const QJsonValue &json, const SJsonPlace &place)
+CLayoutJsonReader::originalAreas(const Cabinet &cabinet, const CJsonValue &json, const SJsonPlace &place)
 {
     CStrictObject object(json, place, m_error);
     Port::SOriginalAreas original;
@@ -99,7 +97,7 @@ CLayoutJsonReader::originalAreas(const Cabinet &cabinet, const QJsonValue &json,
     return std::make_shared<const Port::SOriginalAreas>(std::move(original));
 }
 
-CLayoutJsonReader::Group CLayoutJsonReader::group(const QJsonValue &json, const SJsonPlace &place, int port,
+CLayoutJsonReader::Group CLayoutJsonReader::group(const CJsonValue &json, const SJsonPlace &place, int port,
                                                   int depth)
 {
     CStrictObject object(json, place, m_error);
@@ -112,25 +110,25 @@ CLayoutJsonReader::Group CLayoutJsonReader::group(const QJsonValue &json, const 
     }
     read.name = object.textOr({}, "name", CRecordJson::MaximumTextLength);
 
-    const QJsonArray cabinets = counted(object, "cabinets", m_portCabinets, LayoutLimits::CabinetsPerPort);
+    const CJsonValue cabinets = counted(object, "cabinets", m_portCabinets, LayoutLimits::CabinetsPerPort);
     const SJsonPlace cabinetsPlace = object.placeOf("cabinets");
     const SHolder holder{port, read.uuid};
-    read.cabinets.reserve(cabinets.size());
-    for (int i = 0; i < cabinets.size() && m_error.isEmpty(); ++i)
+    read.cabinets.reserve(cabinets.elements());
+    for (int i = 0; i < cabinets.elements() && m_error.isEmpty(); ++i)
         read.cabinets.append(cabinet(cabinets.at(i), {&cabinetsPlace, nullptr, i}, holder));
 
-    const QJsonArray groups = counted(object, "groups", m_portGroups, LayoutLimits::GroupsPerPort);
+    const CJsonValue groups = counted(object, "groups", m_portGroups, LayoutLimits::GroupsPerPort);
     const SJsonPlace groupsPlace = object.placeOf("groups");
-    if (!groups.isEmpty() && depth >= LayoutLimits::GroupLevels)
+    if (groups.elements() > 0 && depth >= LayoutLimits::GroupLevels)
         object.fail("groups", tr("groups are nested deeper than %1").arg(LayoutLimits::GroupLevels));
-    read.groups.reserve(groups.size());
-    for (int i = 0; i < groups.size() && m_error.isEmpty(); ++i)
+    read.groups.reserve(groups.elements());
+    for (int i = 0; i < groups.elements() && m_error.isEmpty(); ++i)
         read.groups.append(group(groups.at(i), {&groupsPlace, nullptr, i}, port, depth + 1));
     object.finish();
     return read;
 }
 
-CLayoutJsonReader::Port CLayoutJsonReader::port(const QJsonValue &json, const SJsonPlace &place)
+CLayoutJsonReader::Port CLayoutJsonReader::port(const CJsonValue &json, const SJsonPlace &place)
 {
     m_portCabinets = m_portGroups = 0;
     CStrictObject object(json, place, m_error);
@@ -146,17 +144,17 @@ CLayoutJsonReader::Port CLayoutJsonReader::port(const QJsonValue &json, const SJ
     if (object.has("mirrored"))
         read.mirrored = mirrored(object.value("mirrored"), object.placeOf("mirrored"), read.redundancyPort);
 
-    const QJsonArray groups = counted(object, "groups", m_portGroups, LayoutLimits::GroupsPerPort);
+    const CJsonValue groups = counted(object, "groups", m_portGroups, LayoutLimits::GroupsPerPort);
     const SJsonPlace groupsPlace = object.placeOf("groups");
-    read.groups.reserve(groups.size());
-    for (int i = 0; i < groups.size() && m_error.isEmpty(); ++i)
+    read.groups.reserve(groups.elements());
+    for (int i = 0; i < groups.elements() && m_error.isEmpty(); ++i)
         read.groups.append(group(groups.at(i), {&groupsPlace, nullptr, i}, read.index, 1));
     object.finish();
     return read;
 }
 
 /// They are copies of the primary's cabinets, whose identities may occur elsewhere in the file.
-QVector<CLayoutJsonReader::Cabinet> CLayoutJsonReader::mirrored(const QJsonValue &json,
+QVector<CLayoutJsonReader::Cabinet> CLayoutJsonReader::mirrored(const CJsonValue &json,
                                                                 const SJsonPlace &place, int primary)
 {
     CLayoutJsonReader reader;
@@ -166,15 +164,15 @@ QVector<CLayoutJsonReader::Cabinet> CLayoutJsonReader::mirrored(const QJsonValue
     return read.cabinets;
 }
 
-CabinetLayout CLayoutJsonReader::layout(const QJsonValue &json, const SJsonPlace &place)
+CabinetLayout CLayoutJsonReader::layout(const CJsonValue &json, const SJsonPlace &place)
 {
     CStrictObject object(json, place, m_error);
     CabinetLayout read;
     read.processor = object.uuidOr({}, "processor");
-    const QJsonArray ports = object.array("ports");
+    const CJsonValue ports = object.array("ports");
     const SJsonPlace portsPlace = object.placeOf("ports");
-    read.ports.reserve(ports.size());
-    for (int i = 0; i < ports.size() && m_error.isEmpty(); ++i) {
+    read.ports.reserve(ports.elements());
+    for (int i = 0; i < ports.elements() && m_error.isEmpty(); ++i) {
         const SJsonPlace portPlace{&portsPlace, nullptr, i};
         read.ports.append(port(ports.at(i), portPlace));
         if (i > 0 && read.ports.at(i).index <= read.ports.at(i - 1).index)
@@ -185,7 +183,7 @@ CabinetLayout CLayoutJsonReader::layout(const QJsonValue &json, const SJsonPlace
     return read;
 }
 
-SPrjPort CLayoutJsonReader::projectPort(const QJsonValue &json, const SJsonPlace &place)
+SPrjPort CLayoutJsonReader::projectPort(const CJsonValue &json, const SJsonPlace &place)
 {
     CStrictObject object(json, place, m_error);
     SPrjPort read;

@@ -8,9 +8,8 @@
 #include <QSet>
 #include <QString>
 
+class CJsonValue;
 class CStrictObject;
-class QJsonArray;
-class QJsonValue;
 struct SJsonPlace;
 
 /// Reads a layout, or a part of one, strictly from JSON; remembers the first error and the identities read so
@@ -31,12 +30,12 @@ public:
         QUuid group;
     };
 
-    CabinetLayout layout(const QJsonValue &json, const SJsonPlace &place);
-    Port port(const QJsonValue &json, const SJsonPlace &place);
+    CabinetLayout layout(const CJsonValue &json, const SJsonPlace &place);
+    Port port(const CJsonValue &json, const SJsonPlace &place);
     /// @p depth is the number of groups around it plus one.
-    Group group(const QJsonValue &json, const SJsonPlace &place, int port, int depth);
-    Cabinet cabinet(const QJsonValue &json, const SJsonPlace &place, const SHolder &holder);
-    SPrjPort projectPort(const QJsonValue &json, const SJsonPlace &place);
+    Group group(const CJsonValue &json, const SJsonPlace &place, int port, int depth);
+    Cabinet cabinet(const CJsonValue &json, const SJsonPlace &place, const SHolder &holder);
+    SPrjPort projectPort(const CJsonValue &json, const SJsonPlace &place);
 
     /// Empty as long as everything read was valid; otherwise begins with the place.
     const QString &error() const { return m_error; }
@@ -47,10 +46,10 @@ public:
 private:
     /// Returns an array member of a group, and adds its size to @p count; empty if the output port then has
     /// more than @p most.
-    QJsonArray counted(CStrictObject &object, const char *key, int &count, int most);
-    std::shared_ptr<const Port::SOriginalAreas> originalAreas(const Cabinet &cabinet, const QJsonValue &json,
+    CJsonValue counted(CStrictObject &object, const char *key, int &count, int most);
+    std::shared_ptr<const Port::SOriginalAreas> originalAreas(const Cabinet &cabinet, const CJsonValue &json,
                                                               const SJsonPlace &place);
-    QVector<Cabinet> mirrored(const QJsonValue &json, const SJsonPlace &place, int primary);
+    QVector<Cabinet> mirrored(const CJsonValue &json, const SJsonPlace &place, int primary);
 
     QString m_error;
     QSet<QUuid> m_cabinets;

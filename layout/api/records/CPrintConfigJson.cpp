@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/api/records/CPrintConfigJson.h"
 
+#include "platform/json/CJsonDocument.h"
 #include "platform/json/CStrictObject.h"
 
 #include <algorithm>
@@ -179,7 +180,12 @@ QJsonObject CPrintConfigJson::toJson(const PrintConfig &config)
     return members.object();
 }
 
-CResult<PrintConfig> CPrintConfigJson::config(const QJsonValue &json, const char *place)
+CResult<PrintConfig> CPrintConfigJson::config(const QJsonObject &json, const char *place)
+{
+    return config(CJsonDocument::of(json).root(), place);
+}
+
+CResult<PrintConfig> CPrintConfigJson::config(const CJsonValue &json, const char *place)
 {
     QString error;
     const SJsonPlace outer{nullptr, place, -1};

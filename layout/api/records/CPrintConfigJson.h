@@ -4,6 +4,7 @@
 
 #include "layout/api/records/PrintConfig.h"
 #include "platform/common/CResult.h"
+#include "platform/json/CJsonValue.h"
 
 #include <QCoreApplication>
 #include <QJsonObject>
@@ -28,5 +29,6 @@ public:
     /// Members with their default value are left out, except one if all have theirs and the settings are own.
     static QJsonObject toJson(const PrintConfig &config);
     /// @p place is the value's place in its document, with which each error text begins.
-    static CResult<PrintConfig> config(const QJsonValue &json, const char *place);
+    static CResult<PrintConfig> config(const CJsonValue &json, const char *place);
+    static CResult<PrintConfig> config(const QJsonObject &json, const char *place);
 };

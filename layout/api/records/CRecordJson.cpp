@@ -89,7 +89,7 @@ QJsonObject groupJson(const Group &group, int port)
     return json;
 }
 
-SBackgroundInfo readBackground(const QJsonValue &json, const SJsonPlace &place, QString &error)
+SBackgroundInfo readBackground(const CJsonValue &json, const SJsonPlace &place, QString &error)
 {
     CStrictObject object(json, place, error);
     SBackgroundInfo info;
@@ -104,7 +104,7 @@ SBackgroundInfo readBackground(const QJsonValue &json, const SJsonPlace &place, 
     return info;
 }
 
-CRecordJson::RcvTypeInfo readTypeInfo(const QJsonValue &json, const SJsonPlace &place, QString &error)
+CRecordJson::RcvTypeInfo readTypeInfo(const CJsonValue &json, const SJsonPlace &place, QString &error)
 {
     CStrictObject object(json, place, error);
     CRecordJson::RcvTypeInfo info;
@@ -143,8 +143,8 @@ CResult<Record> readLayoutPart(const char *place, Read read)
 
 /// Runs one reading of a settings record.
 template <typename Record>
-CResult<Record> readSettings(const QJsonValue &json, const char *place,
-                             Record (*read)(const QJsonValue &, const SJsonPlace &, QString &))
+CResult<Record> readSettings(const CJsonValue &json, const char *place,
+                             Record (*read)(const CJsonValue &, const SJsonPlace &, QString &))
 {
     const SJsonPlace document;
     const SJsonPlace member{&document, place, -1};
@@ -256,47 +256,47 @@ QJsonObject CRecordJson::toJson(const RcvTypeInfo &info)
     return json;
 }
 
-CResult<CabinetLayout> CRecordJson::layout(const QJsonValue &json, const char *place)
+CResult<CabinetLayout> CRecordJson::layout(const CJsonValue &json, const char *place)
 {
     return readLayoutPart<CabinetLayout>(place, [&json](CLayoutJsonReader &reader, const SJsonPlace &where) {
         return reader.layout(json, where);
     });
 }
 
-CResult<CRecordJson::Port> CRecordJson::port(const QJsonValue &json, const char *place)
+CResult<CRecordJson::Port> CRecordJson::port(const CJsonValue &json, const char *place)
 {
     return readLayoutPart<Port>(place, [&json](CLayoutJsonReader &reader, const SJsonPlace &where) {
         return reader.port(json, where);
     });
 }
 
-CResult<CRecordJson::Group> CRecordJson::group(const QJsonValue &json, const char *place)
+CResult<CRecordJson::Group> CRecordJson::group(const CJsonValue &json, const char *place)
 {
     return readLayoutPart<Group>(place, [&json](CLayoutJsonReader &reader, const SJsonPlace &where) {
         return reader.group(json, where, -1, 1);
     });
 }
 
-CResult<CRecordJson::Cabinet> CRecordJson::cabinet(const QJsonValue &json, const char *place)
+CResult<CRecordJson::Cabinet> CRecordJson::cabinet(const CJsonValue &json, const char *place)
 {
     return readLayoutPart<Cabinet>(place, [&json](CLayoutJsonReader &reader, const SJsonPlace &where) {
         return reader.cabinet(json, where, {});
     });
 }
 
-CResult<SPrjPort> CRecordJson::projectPort(const QJsonValue &json, const char *place)
+CResult<SPrjPort> CRecordJson::projectPort(const CJsonValue &json, const char *place)
 {
     return readLayoutPart<SPrjPort>(place, [&json](CLayoutJsonReader &reader, const SJsonPlace &where) {
         return reader.projectPort(json, where);
     });
 }
 
-CResult<SBackgroundInfo> CRecordJson::background(const QJsonValue &json, const char *place)
+CResult<SBackgroundInfo> CRecordJson::background(const CJsonValue &json, const char *place)
 {
     return readSettings(json, place, readBackground);
 }
 
-CResult<CRecordJson::RcvTypeInfo> CRecordJson::typeInfo(const QJsonValue &json, const char *place)
+CResult<CRecordJson::RcvTypeInfo> CRecordJson::typeInfo(const CJsonValue &json, const char *place)
 {
     return readSettings(json, place, readTypeInfo);
 }

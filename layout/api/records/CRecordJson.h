@@ -7,6 +7,7 @@
 #include "layout/api/records/SPrjPort.h"
 #include "layout/api/records/SSettings.h"
 #include "platform/common/CResult.h"
+#include "platform/json/CJsonValue.h"
 
 #include <QCoreApplication>
 #include <QJsonObject>
@@ -38,11 +39,11 @@ public:
 
     /// @p place is the value's place in its document, with which each error text begins; empty: the document
     /// itself.
-    static CResult<CabinetLayout> layout(const QJsonValue &json, const char *place = nullptr);
-    static CResult<Port> port(const QJsonValue &json, const char *place = nullptr);
-    static CResult<Group> group(const QJsonValue &json, const char *place = nullptr);
-    static CResult<Cabinet> cabinet(const QJsonValue &json, const char *place = nullptr);
-    static CResult<SBackgroundInfo> background(const QJsonValue &json, const char *place = nullptr);
-    static CResult<RcvTypeInfo> typeInfo(const QJsonValue &json, const char *place = nullptr);
-    static CResult<SPrjPort> projectPort(const QJsonValue &json, const char *place = nullptr);
+    static CResult<CabinetLayout> layout(const CJsonValue &json, const char *place = nullptr);
+    static CResult<Port> port(const CJsonValue &json, const char *place = nullptr);
+    static CResult<Group> group(const CJsonValue &json, const char *place = nullptr);
+    static CResult<Cabinet> cabinet(const CJsonValue &json, const char *place = nullptr);
+    static CResult<SBackgroundInfo> background(const CJsonValue &json, const char *place = nullptr);
+    static CResult<RcvTypeInfo> typeInfo(const CJsonValue &json, const char *place = nullptr);
+    static CResult<SPrjPort> projectPort(const CJsonValue &json, const char *place = nullptr);
 };

@@ -22,7 +22,7 @@ QString ownKey()
     return QStringLiteral("client/print/processors");
 }
 
-PrintConfig configOf(const QJsonValue &json)
+PrintConfig configOf(const QJsonObject &json)
 {
     const CResult<PrintConfig> config = CPrintConfigJson::config(json, "print");
     return config ? config.value() : PrintConfig();
@@ -41,7 +41,7 @@ SPrintJob PrintMemory::load()
     for (auto it = own.begin(); it != own.end(); ++it) {
         const QUuid processor(it.key());
         if (!processor.isNull())
-            job.take(processor, configOf(it.value()));
+            job.take(processor, configOf(it.value().toObject()));
     }
     return job;
 }
