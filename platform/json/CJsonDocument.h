@@ -8,7 +8,7 @@
 
 #include <memory>
 
-/// A JSON object, read as places in its text. It takes a tenth of the memory of a QJsonDocument. Copies are
+/// A JSON object, read as places in its text. It takes much less memory than a QJsonDocument. Copies are
 /// shared. Any thread.
 class CJsonDocument final
 {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/commands/CCommandArguments.h"
 #include "host/app/commands/CCommandLine.h"
+#include "host/app/commands/CPngEncoder.h"
 #include "host/app/commands/CPrintOptions.h"
 #include "host/journal/CJournals.h"
 #include "host/library/CTypeLibrary.h"
@@ -11,6 +12,7 @@
 
 #include <QImage>
 #include <QProcess>
+#include <QRandomGenerator>
 #include <QSet>
 #include <QTemporaryDir>
 
@@ -248,6 +250,20 @@ private Q_SLOTS:
                  "2,," + uuid(1, 0) + ",128,0,64,32,,\"B\u00fchne, \"\"links\"\"\",,1,3,333,0,wall\r");
         runHere({QStringLiteral("export"), wall(), path("table.csv"), QStringLiteral("--pitch=3.5")});
         QVERIFY(ProjectSamples::contentOf(path("table.csv")).contains(",1,2,224,0,wall\r")); // 64 pixels
+    }
+
+    void aPictureKeepsEachPixel()
+    {
+        QRandomGenerator random(7);
+        for (const QSize &size : {QSize(1, 1), QSize(3, 2), QSize(301, 97)}) {
+            QImage image(size, QImage::Format_RGB32);
+            for (int y = 0; y < size.height(); ++y) {
+                for (int x = 0; x < size.width(); ++x)
+                    image.setPixel(x, y, y % 3 == 2 ? image.pixel(x, y - 1) : random.generate());
+            }
+            const QImage read = QImage::fromData(CPngEncoder::encode(image), "png");
+            QCOMPARE(read.convertToFormat(QImage::Format_RGB32), image);
+        }
     }
 
     void exportsAPicture()

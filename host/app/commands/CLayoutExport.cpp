@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/commands/CLayoutExport.h"
 
+#include "host/app/commands/CPngEncoder.h"
 #include "host/library/CTypeLibrary.h"
 #include "host/projects/CSafeFile.h"
 #include "layout/api/records/LayoutData.h"
@@ -13,9 +14,10 @@
 #include <QBuffer>
 #include <QFileInfo>
 #include <QImage>
-#include <QImageWriter>
 #include <QPainter>
 #include <QSvgGenerator>
+
+#include <utility>
 
 namespace {
 
@@ -39,11 +41,7 @@ QByteArray pngOf(const LayoutData &data, const QSize &size)
     QPainter painter(&image);
     CLayoutPicture::paint(painter, data, QRectF(image.rect()));
     painter.end();
-    QByteArray png;
-    QBuffer buffer(&png);
-    QImageWriter writer(&buffer, "png");
-    writer.setCompression(11); // fastest compression: more effort costs time and saves little
-    return writer.write(image) ? png : QByteArray();
+    return CPngEncoder::encode(std::move(image));
 }
 
 /// The layout as an SVG.
