@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/drawing/CPortColors.h"
+#include "layout/drawing/LayoutColors.h"
 #include "layout/editor/items/CFarPorts.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "tests/editor/CMouseTest.h"
@@ -83,12 +84,6 @@ private Q_SLOTS:
 
     void repaintsLeaveNothingBehind()
     {
-        const auto shown = [this] {
-            QCoreApplication::processEvents();
-            QEvent frame(QEvent::UpdateRequest);
-            QCoreApplication::sendEvent(&view(), &frame); // by itself it would come with the next tick
-            return view().screen()->grabWindow(view().winId()).toImage();
-        };
         for (const qreal scale : {1.0, 0.52, 0.41, 0.33, 0.17, 0.09, 0.04}) {
             view().setScaleFactor(scale);
             view().centerOn(InPair);
@@ -107,6 +102,22 @@ private Q_SLOTS:
                     QCOMPARE(differentPixels(part, whole), 0);
                 }
             }
+        }
+    }
+
+    void gesturesLeaveNothingBehind()
+    {
+        const QRgb guide = QColor(LayoutColors::Highlight).rgb();
+        for (const QPoint &press : {QPoint(64, 64), QPoint(-30, 170)}) { // a move, a rubber band
+            m_mouse->press(press);
+            for (const QPoint &way : {QPoint(100, 50), QPoint(249, 121), QPoint(251, 160), QPoint(90, 40)}) {
+                m_mouse->moveTo(press + way, Qt::NoModifier);
+                const QImage part = shown();
+                QCOMPARE(colorsIn(part).contains(guide), press.x() > 0 && way.x() > 200); // near edges
+                view().viewport()->update();
+                QCOMPARE(differentPixels(part, shown()), 0);
+            }
+            m_mouse->release(press);
         }
     }
 
@@ -213,6 +224,15 @@ private Q_SLOTS:
 
 private:
     CLayoutGraphicsView &view() { return m_mouse->view(); }
+
+    /// What is on screen once everything that was asked for is painted.
+    QImage shown()
+    {
+        QCoreApplication::processEvents();
+        QEvent frame(QEvent::UpdateRequest);
+        QCoreApplication::sendEvent(&view(), &frame); // by itself it would come with the next tick
+        return view().screen()->grabWindow(view().winId()).toImage();
+    }
 };
 
 ORVO_TEST_MAIN(QApplication, CCanvasLookTest)

@@ -41,14 +41,18 @@ void CRubberBand::moveTo(const QPointF &scenePos)
     m_rect = after;
     Places entered;
     Places left;
-    for (const CGraphicsPortItem *port : m_index.portItems()) {
+    QVector<CGraphicsPortItem *> changed;
+    for (CGraphicsPortItem *port : m_index.portItems()) {
         if (!port->bounds().intersects(before) && !port->bounds().intersects(after))
             continue;
+        const int count = entered.size() + left.size();
         for (const CPortOverview::SPlace &place : port->overview().places()) {
             const bool touched = place.rect.intersects(after);
             if (place.cabinet && touched != place.rect.intersects(before))
                 (touched ? entered : left) << &place;
         }
+        if (entered.size() + left.size() > count)
+            changed << port;
     }
     if (entered.size() + left.size() > ManyChanges)
         m_scene.updateViews();
@@ -56,6 +60,8 @@ void CRubberBand::moveTo(const QPointF &scenePos)
         change(*place, false);
     for (const CPortOverview::SPlace *place : qAsConst(entered))
         change(*place, true);
+    for (CGraphicsPortItem *port : qAsConst(changed))
+        port->updateEdges();
 }
 
 void CRubberBand::cancel()

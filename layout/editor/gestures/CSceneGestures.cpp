@@ -37,9 +37,10 @@ CSceneGestures::~CSceneGestures() = default;
 void CSceneGestures::cancel()
 {
     if (m_drag) {
-        invalidateGuides();
+        const QVector<QRectF> shown = dragAreas();
         m_drag->cancel();
         m_drag.reset();
+        invalidate(shown);
         m_content.releaseCabinets();
         m_dragCancelled = true;
     }
@@ -106,25 +107,30 @@ void CSceneGestures::continueDrag(const QPointF &scenePos, Qt::KeyboardModifiers
     }
     if (!m_drag)
         return;
-    invalidateGuides();
+    const QVector<QRectF> before = dragAreas();
     m_drag->moveTo(scenePos, keys);
     m_cursor = scenePos;
-    invalidateGuides();
+    invalidate(before + dragAreas());
 }
 
-void CSceneGestures::invalidateNote()
+QVector<QRectF> CSceneGestures::dragAreas() const
 {
-    const QSizeF reach = CGesturePainter::noteReach() / viewScale(m_scene);
-    m_scene.update(
-        QRectF(m_cursor, QSizeF()).adjusted(-reach.width(), -reach.height(), reach.width(), reach.height()));
-}
-
-void CSceneGestures::invalidateGuides()
-{
-    invalidateNote();
-    const qreal edge = 2 / viewScale(m_scene);
+    const qreal scale = viewScale(m_scene);
+    const QSizeF reach = CGesturePainter::noteReach() / scale;
+    QVector<QRectF> areas = {
+        QRectF(m_cursor, QSizeF()).adjusted(-reach.width(), -reach.height(), reach.width(), reach.height())};
+    const qreal edge = 2 / scale;
     for (const QLine &line : m_drag->guides())
-        m_scene.update(QRectF(line.p1(), line.p2()).adjusted(-edge, -edge, edge, edge));
+        areas << QRectF(line.p1(), line.p2()).adjusted(-edge, -edge, edge, edge);
+    return areas;
+}
+
+/// To be called after items have moved: views repaint in the order of requests, and with a frame in between
+/// they would forget where the items were.
+void CSceneGestures::invalidate(const QVector<QRectF> &areas)
+{
+    for (const QRectF &area : areas)
+        m_scene.update(area);
 }
 
 bool CSceneGestures::endDrag(const QPointF &scenePos)
@@ -135,10 +141,12 @@ bool CSceneGestures::endDrag(const QPointF &scenePos)
     m_press.reset();
     if (!m_drag)
         return false;
-    invalidateGuides();
+    const QVector<QRectF> shown = dragAreas();
     m_content.releaseCabinets();
     const std::unique_ptr<CItemDrag> drag = std::move(m_drag);
-    return drag->finish(m_recorder);
+    const bool moved = drag->finish(m_recorder);
+    invalidate(shown);
+    return moved;
 }
 
 void CSceneGestures::beginStroke(CGraphicsCabinetItem &cabinet, const QPointF &scenePos)
@@ -178,29 +186,30 @@ void CSceneGestures::beginBand(const QPointF &scenePos, bool keepSelection)
 
 void CSceneGestures::continueBand(const QPointF &scenePos)
 {
-    invalidateBand();
+    const QVector<QRectF> before = bandAreas();
     m_band->moveTo(scenePos);
-    invalidateBand();
+    invalidate(before + bandAreas());
 }
 
 void CSceneGestures::endBand()
 {
     if (!m_band)
         return;
-    invalidateBand();
+    const QVector<QRectF> shown = bandAreas();
     m_band.reset();
+    invalidate(shown);
 }
 
-void CSceneGestures::invalidateBand()
+QVector<QRectF> CSceneGestures::bandAreas() const
 {
     const QRectF band = m_band->rect();
     const qreal edge =
         std::max({4.0, band.width() / 100, band.height() / 100}); // covers a pixel at any useful scale
     const QPointF half(edge / 2, edge / 2);
-    for (const QPointF &corner : {band.topLeft(), band.bottomLeft()})
-        m_scene.update(QRectF(corner - half, QSizeF(band.width() + edge, edge)));
-    for (const QPointF &corner : {band.topLeft(), band.topRight()})
-        m_scene.update(QRectF(corner - half, QSizeF(edge, band.height() + edge)));
+    const QSizeF across(band.width() + edge, edge);
+    const QSizeF down(edge, band.height() + edge);
+    return {QRectF(band.topLeft() - half, across), QRectF(band.bottomLeft() - half, across),
+            QRectF(band.topLeft() - half, down), QRectF(band.topRight() - half, down)};
 }
 
 void CSceneGestures::paintHandles(QPainter &painter) const

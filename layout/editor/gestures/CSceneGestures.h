@@ -71,9 +71,9 @@ private:
     /// Whether the mouse has moved farther than a click may.
     bool isBeyondClick(const QPointF &from, const QPointF &to) const;
     void beginDrag(const SPress &press);
-    void invalidateGuides();
-    void invalidateNote();
-    void invalidateBand();
+    QVector<QRectF> dragAreas() const; ///< what note and guides of the drag cover
+    QVector<QRectF> bandAreas() const; ///< its lines
+    void invalidate(const QVector<QRectF> &areas);
 
     CGraphicsScene &m_scene;
     IEditing &m_editing;
