@@ -52,11 +52,12 @@ private Q_SLOTS:
         const CabinetLayout edited = host.layoutOf(host.lobby);
         host.notifiedUpToDetection();
         host.manager.offlineWatch().start(1);
-        const QUuid foyer = host.named("Foyer");              // was never online
-        host.manager.services().setOnline(host.stage, false); // keeps its index
+        const QUuid foyer = host.named("Foyer"); // was never online
+        host.manager.simulate(host.stage, SimulationFault::Silent, true);
         QVERIFY(host.log.waitFor(22).endsWith(QLatin1String(" 0")));
         for (const QUuid &processor : {foyer, host.lobby})
             host.manager.simulate(processor, SimulationFault::Offline, false);
+        host.manager.simulate(host.stage, SimulationFault::Silent, false);
         const CDeviceTable &table = host.manager.table();
         QTRY_VERIFY(table.isOnline(host.lobby) && table.isOnline(foyer) && table.isOnline(host.stage));
         QVERIFY(host.log.waitFor(22).endsWith(QLatin1String(" 1")));

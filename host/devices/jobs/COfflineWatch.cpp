@@ -48,7 +48,19 @@ void COfflineWatch::askAll()
     context.report = [](int, const QString &) {};
     for (const SDevice &device : m_services.table().devices()) {
         // A job that works with it finds out by itself.
-        if (!device.project && !device.node.online && !m_services.table().isBusy(device.node.uuid))
+        if (device.project || m_services.table().isBusy(device.node.uuid))
+            continue;
+        if (device.node.online)
+            askOnline(device.node.uuid);
+        else
             CDetection(m_services, context).askAgain(device.node.uuid);
     }
+}
+
+void COfflineWatch::askOnline(const QUuid &processor)
+{
+    const auto simulated = m_services.device(processor);
+    const DeviceError error = simulated ? simulated->ping(*m_cancel) : DeviceError::None;
+    if (error == DeviceError::Offline || error == DeviceError::NoAnswer)
+        m_services.setOnline(processor, false);
 }

@@ -8,9 +8,10 @@
 #include <thread>
 
 class CDeviceServices;
+class QUuid;
 
-/// Asks the processors that are offline now and then, on a thread of its own, and takes back those that
-/// answer again as a detection does. GUI thread.
+/// Asks all processors now and then, on a thread of its own: those that no longer answer are offline from
+/// then on, and those that answer again are taken back as a detection does. GUI thread.
 class COfflineWatch final
 {
 public:
@@ -26,6 +27,7 @@ public:
 private:
     void run(int milliseconds);
     void askAll();
+    void askOnline(const QUuid &processor);
 
     CDeviceServices &m_services;
     const std::shared_ptr<CCancelToken> m_cancel = std::make_shared<CCancelToken>();

@@ -47,6 +47,8 @@ public:
 
     /// The answer to a search: the encoded settings.
     DeviceError identify(CCancelToken &cancel, QByteArray &settings);
+    /// Whether it is there. Answers to this are never lost, so that the loss of others can be tried.
+    DeviceError ping(CCancelToken &cancel) { return waitForAnswer(cancel, {20, 1200}); }
     DeviceError revision(CCancelToken &cancel, quint64 &revision);
     /// The saved mapping, encoded.
     DeviceError readMapping(CCancelToken &cancel, const Progress &progress, QByteArray &mapping);
