@@ -160,6 +160,8 @@ private Q_SLOTS:
         QCOMPARE(user.texts(), (QStringList{QStringLiteral("Port 3 is redundancy and cannot be undone."),
                                             QStringLiteral("Port 3 is locked and cannot be undone."),
                                             QStringLiteral("Port 1 is locked and cannot be redone.")}));
+        for (int i = 0; i < 3; ++i) // advice for what is the reason
+            QCOMPARE(user.boxes().at(i).details.contains(QLatin1String("redundancy")), i == 0);
     }
 
     void onlyAPressOnAReceiverReversesThem()

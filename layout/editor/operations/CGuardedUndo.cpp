@@ -64,12 +64,10 @@ void CGuardedUndo::goTo(int index, QWidget *parent)
         return;
     const bool undoing = index < stack->index();
     for (int i = std::min(index, stack->index()); i < std::max(index, stack->index()); ++i) {
-        const QString refused = refusal(*stack->command(i), undoing);
-        if (refused.isEmpty())
+        const SRefusal refused = refusal(*stack->command(i), undoing);
+        if (refused.text.isEmpty())
             continue;
-        CMessageBox::information(parent, refused,
-                                 tr("Unlock the output port, or choose \"Cancel redundancy\" for it, and try "
-                                    "again."));
+        CMessageBox::information(parent, refused.text, refused.advice);
         return;
     }
     const CEditBatch batch(m_editing);
@@ -84,7 +82,7 @@ void CGuardedUndo::goTo(int index, QWidget *parent)
         m_picks.only(undoing ? own->selectionBefore() : own->selectionAfter());
 }
 
-QString CGuardedUndo::refusal(const QUndoCommand &command, bool undoing) const
+CGuardedUndo::SRefusal CGuardedUndo::refusal(const QUndoCommand &command, bool undoing) const
 {
     QVector<int> ports;
     collectPorts(command, ports);
@@ -93,12 +91,16 @@ QString CGuardedUndo::refusal(const QUndoCommand &command, bool undoing) const
         if (!port)
             continue;
         if (port->isLocked()) {
-            return undoing ? tr("Port %1 is locked and cannot be undone.").arg(index + 1)
-                           : tr("Port %1 is locked and cannot be redone.").arg(index + 1);
+            return {(undoing ? tr("Port %1 is locked and cannot be undone.")
+                             : tr("Port %1 is locked and cannot be redone."))
+                        .arg(index + 1),
+                    tr("Unlock the output port and try again.")};
         }
         if (port->isRedundant()) {
-            return undoing ? tr("Port %1 is redundancy and cannot be undone.").arg(index + 1)
-                           : tr("Port %1 is redundancy and cannot be redone.").arg(index + 1);
+            return {(undoing ? tr("Port %1 is redundancy and cannot be undone.")
+                             : tr("Port %1 is redundancy and cannot be redone."))
+                        .arg(index + 1),
+                    tr("Choose \"Cancel redundancy\" for the output port and try again.")};
         }
     }
     return {};

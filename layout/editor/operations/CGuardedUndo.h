@@ -37,9 +37,14 @@ public:
     bool canUndo() const;
     bool canRedo() const;
 
-    /// The message to show instead of running @p command; empty if it may run. The commands of a macro are
+    struct SRefusal
+    {
+        QString text;   ///< empty: the command may run
+        QString advice; ///< what can be done about it
+    };
+    /// The message to show instead of running @p command. The commands of a macro are
     /// checked in order; one whose port no longer exists is skipped.
-    QString refusal(const QUndoCommand &command, bool undoing) const;
+    SRefusal refusal(const QUndoCommand &command, bool undoing) const;
 
     /// The first of the editor's own commands in @p command, which may be a macro; null if there is none.
     static const CUndoCommandBase *ownCommand(const QUndoCommand *command);
