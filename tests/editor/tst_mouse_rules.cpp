@@ -356,6 +356,21 @@ private Q_SLOTS:
         key(Qt::Key_Left);
         key(Qt::Key_Up);
         QCOMPARE(placeOf(0), QPoint(1, 0));
+        const int pressed = m_mouse->stack().count();
+        for (const bool again : {false, true, true}) { // held
+            QKeyEvent press(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier, {}, again);
+            QCoreApplication::sendEvent(&m_mouse->view(), &press);
+        }
+        QCOMPARE(placeOf(0), QPoint(4, 0));
+        QCOMPARE(m_mouse->stack().count(), pressed + 1);
+        key(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(placeOf(0), QPoint(1, 0));
+        key(Qt::Key_Y, Qt::ControlModifier);
+        QCOMPARE(placeOf(0), QPoint(4, 0));
+        m_mouse->stack().setClean();
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier, {}, true); // since it was saved
+        QCoreApplication::sendEvent(&m_mouse->view(), &press);
+        QCOMPARE(m_mouse->stack().count(), pressed + 2);
         while (m_mouse->stack().canUndo())
             key(Qt::Key_Z, Qt::ControlModifier);
         QVERIFY(m_mouse->layout() == m_mouse->original());

@@ -135,13 +135,15 @@ void CSceneOperations::remove()
         editing.remove(*cabinets.first()->portItem(), cabinets);
 }
 
-void CSceneOperations::nudge(const QPointF &step)
+void CSceneOperations::nudge(const QPointF &step, bool again)
 {
     m_editing.cancelGesture();
     if (CRefusal::isTold(m_editing, m_selection.closedPort()))
         return;
     const CEditBatch batch(m_editing);
-    const CUndoMacro macro(m_recorder, QStringLiteral("ChangePosition"), QStringLiteral("Move"));
+    CUndoMacro macro(m_recorder, QStringLiteral("ChangePosition"), QStringLiteral("Move"));
+    if (again)
+        macro.goOn();
     int atEdge = 0;
     for (CGraphicsItemBase *item : m_selection.sorted()) {
         const QPointF place = item->scenePlace();

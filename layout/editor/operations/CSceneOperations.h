@@ -38,8 +38,9 @@ public:
     void group();
     void ungroup();
     void remove();
-    /// Moves each selected item by @p step, but not beyond the top and left edges of the canvas.
-    void nudge(const QPointF &step);
+    /// Moves each selected item by @p step, but not beyond the top and left edges of the canvas; @p again: as
+    /// part of the same undo step as before.
+    void nudge(const QPointF &step, bool again = false);
     /// Reverses the receivers of a cabinet, unless its direction is fixed.
     void exchangeReceivers(const QUuid &cabinet);
     /// Removes grouping and wiring of a port that becomes the redundancy of another one.

@@ -9,6 +9,25 @@ void CUndoRecorder::begin(const QString &operationName, const QString &text)
     m_operationName = operationName;
     m_text = text;
     m_selectionBefore = m_selection();
+    m_merging.reset();
+}
+
+void CUndoRecorder::goOn()
+{
+    if (m_stack && m_stack->canUndo() && !m_stack->canRedo() && !m_stack->isClean())
+        m_merging = 0;
+}
+
+/// Commands come in the order of those that they continue.
+bool CUndoRecorder::mergeIntoLastStep(const CUndoCommandBase &command)
+{
+    const QUndoCommand &step = *m_stack->command(m_stack->index() - 1);
+    while (*m_merging < step.childCount()) {
+        // Merging is what the stack itself does with commands that are not in macros.
+        if (const_cast<QUndoCommand *>(step.child((*m_merging)++))->mergeWith(&command))
+            return true;
+    }
+    return false;
 }
 
 void CUndoRecorder::push(std::unique_ptr<CUndoCommandBase> command)
@@ -18,6 +37,11 @@ void CUndoRecorder::push(std::unique_ptr<CUndoCommandBase> command)
         command->redo();
         return;
     }
+    if (m_merging && mergeIntoLastStep(*command)) {
+        command->redo();
+        return;
+    }
+    m_merging.reset();
     if (!m_first) {
         m_stack->beginMacro(m_text);
         m_first = command.get();

@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "layout/editor/undo/CUndoCommandBase.h"
 
@@ -59,6 +60,8 @@ public:
 private:
     friend class CUndoMacro;
     void begin(const QString &operationName, const QString &text);
+    void goOn();
+    bool mergeIntoLastStep(const CUndoCommandBase &command);
     void end();
     void push(std::unique_ptr<CUndoCommandBase> command);
 
@@ -70,6 +73,7 @@ private:
     CUndoCommandBase *m_first = nullptr; // of the open macro; owned by the stack
     int m_depth = 0;
     int m_stepCount = 0;
+    std::optional<int> m_merging; // next command of the last step that may take in one; none: a new step
 };
 
 /// Makes one undo step of all commands pushed during its lifetime; nested ones add to the outermost.
@@ -87,6 +91,9 @@ public:
     {
     }
     ~CUndoMacro() { m_recorder.end(); }
+    /// The operation repeats the one before: it becomes part of the last step, as far as each command there
+    /// ended where one begins now, and the step is not the one at which the layout was saved.
+    void goOn() { m_recorder.goOn(); }
     CUndoMacro(const CUndoMacro &) = delete;
     CUndoMacro &operator=(const CUndoMacro &) = delete;
 

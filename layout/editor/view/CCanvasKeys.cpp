@@ -7,6 +7,7 @@
 #include "layout/editor/operations/CSceneOperations.h"
 #include "layout/editor/placing/CScenePlacing.h"
 #include "layout/editor/scene/SEditTargets.h"
+#include "platform/graphics/ArrowKeys.h"
 
 #include <QKeyEvent>
 
@@ -24,22 +25,6 @@ struct SCanvasKey
 const QVector<SCanvasKey> &canvasKeys()
 {
     static const QVector<SCanvasKey> keys = {
-        {Qt::Key_Up,
-         [](const SEditTargets &targets) {
-             targets.operations.nudge({0, -1});
-         }},
-        {Qt::Key_Down,
-         [](const SEditTargets &targets) {
-             targets.operations.nudge({0, 1});
-         }},
-        {Qt::Key_Left,
-         [](const SEditTargets &targets) {
-             targets.operations.nudge({-1, 0});
-         }},
-        {Qt::Key_Right,
-         [](const SEditTargets &targets) {
-             targets.operations.nudge({1, 0});
-         }},
         {Qt::Key_Delete, [](const SEditTargets &targets) { targets.operations.remove(); }},
         {QKeySequence(Qt::CTRL | Qt::Key_A), [](const SEditTargets &targets) { targets.picks.all(); }},
         {QKeySequence(Qt::CTRL | Qt::Key_X),
@@ -65,6 +50,13 @@ const SCanvasKey *plainKey(const QKeyEvent &event)
     return key == canvasKeys().end() ? nullptr : &*key;
 }
 
+/// The unit step of an arrow key without modifiers; null for any other key.
+QPoint arrowStep(const QKeyEvent &event)
+{
+    const bool plain = !(event.modifiers() & ~Qt::KeypadModifier);
+    return plain ? ArrowKeys::directionOf(event.key()) : QPoint();
+}
+
 bool isRedo(const QKeyEvent &event)
 {
     return event.matches(QKeySequence::Redo) || pressedKey(event) == QKeySequence(Qt::CTRL | Qt::Key_Y);
@@ -74,7 +66,7 @@ bool isRedo(const QKeyEvent &event)
 
 std::optional<EditKind> CCanvasKeys::kindOf(const QKeyEvent &event)
 {
-    if (plainKey(event) || event.matches(QKeySequence::Paste))
+    if (plainKey(event) || !arrowStep(event).isNull() || event.matches(QKeySequence::Paste))
         return EditKind::Edit;
     if (event.matches(QKeySequence::Undo) || isRedo(event))
         return EditKind::History;
@@ -87,6 +79,8 @@ void CCanvasKeys::carryOut(const QKeyEvent &event, const SEditTargets &targets, 
 {
     if (const SCanvasKey *key = plainKey(event))
         key->edit(targets);
+    else if (const QPoint step = arrowStep(event); !step.isNull())
+        targets.operations.nudge(step, event.isAutoRepeat()); // one undo step, however long it is held
     else if (event.matches(QKeySequence::Undo))
         targets.history.undo(parent);
     else if (isRedo(event))
