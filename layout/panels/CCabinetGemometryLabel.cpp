@@ -15,6 +15,7 @@
 #include <QLabel>
 
 #include <algorithm>
+#include <limits>
 
 namespace {
 
@@ -22,6 +23,7 @@ constexpr int GeometryFieldWidth = 104;
 constexpr int FirstCaption = 0; // columns of the grid
 constexpr int SecondCaption = 2;
 constexpr int LargestExtent = LayoutLimits::LargestOffset;
+constexpr int AnyPlace = std::numeric_limits<int>::max(); // the editor limits places, and says so
 
 /// The figure that all cabinets have, or a dash.
 QString commonFigure(int figure)
@@ -108,8 +110,8 @@ void CCabinetGemometryLabel::buildUi()
     grid->setColumnStretch(SecondCaption, 1);
     m_columns = addField(*grid, 0, FirstCaption, tr("Columns"), 1, LargestExtent);
     m_rows = addField(*grid, 0, SecondCaption, tr("Rows"), 1, LargestExtent);
-    m_x = addField(*grid, 1, FirstCaption, tr("X"), -LargestExtent, LargestExtent);
-    m_y = addField(*grid, 1, SecondCaption, tr("Y"), -LargestExtent, LargestExtent);
+    m_x = addField(*grid, 1, FirstCaption, tr("X"), -AnyPlace, AnyPlace);
+    m_y = addField(*grid, 1, SecondCaption, tr("Y"), -AnyPlace, AnyPlace);
     m_width = addField(*grid, 2, FirstCaption, tr("Width"), 1, LargestExtent);
     m_height = addField(*grid, 2, SecondCaption, tr("Height"), 1, LargestExtent);
     contentLayout()->addLayout(grid);

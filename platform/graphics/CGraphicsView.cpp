@@ -17,7 +17,8 @@
 namespace {
 constexpr qreal ZoomStep = 1.25;
 constexpr int StripMargin = 8;
-constexpr qreal FitMargin = 24; // pixels of the view around what is fitted
+constexpr qreal FitMargin = 16; // pixels of the view around what is fitted
+constexpr qreal FitBelow = 44;  // the same below it, where the strip is
 } // namespace
 
 CGraphicsView::CGraphicsView(QWidget *parent)
@@ -96,14 +97,13 @@ void CGraphicsView::setFitted(bool fitted)
 
 void CGraphicsView::applyFit()
 {
-    const int stripRoom = m_strip->height() + StripMargin; // kept free of what is fitted
-    const QSizeF room = QSizeF(viewport()->size()) - QSizeF(2 * FitMargin, 2 * FitMargin + stripRoom);
+    const QSizeF room = QSizeF(viewport()->size()) - QSizeF(2 * FitMargin, FitMargin + FitBelow);
     if (m_fitRect.isEmpty() || room.isEmpty())
         return;
     const qreal factor = qMin(room.width() / m_fitRect.width(), room.height() / m_fitRect.height());
     const qreal wanted = qBound(SmallestScale, factor, LargestScale);
     setTransform(QTransform::fromScale(wanted, wanted));
-    centerOn(m_fitRect.center() + QPointF(0, stripRoom / (2 * wanted)));
+    centerOn(m_fitRect.center() + QPointF(0, (FitBelow - FitMargin) / (2 * wanted)));
     Q_EMIT notifyScaleChanged(wanted);
 }
 

@@ -264,6 +264,9 @@ private Q_SLOTS:
         QCOMPARE(m_mouse->stack().count(), 3);
         view().onNotifySelectedCabinetSizeChanged(QSize(2, 1));
         QCOMPARE(m_mouse->cabinet(3, 0).cabinet().rect.size(), QSize(2, 1));
+        view().onNotifySelectedCabinetPositionChanged({LayoutLimits::LargestOffset + 1, -7});
+        QCOMPARE(m_mouse->cabinet(3, 0).cabinet().rect.topLeft(), QPoint(LayoutLimits::LargestOffset, -7));
+        QCOMPARE(words[1].first().toString(), QStringLiteral("X and Y reach from \u22121048576 to 1048576."));
     }
 
     void historyOutlivesALookAtAnotherProcessor()
@@ -329,6 +332,10 @@ private Q_SLOTS:
         QCOMPARE(scales.last().first().toReal(), view().scaleFactor());
         const QRectF shown = view().mapToScene(view().viewport()->rect()).boundingRect();
         QVERIFY(shown.contains(view().cabinetScene().contentRect()) && view().isFitted());
+        const QRect wall = view().mapFromScene(view().cabinetScene().contentRect()).boundingRect();
+        const QRect room = view().viewport()->rect().adjusted(16, 16, -16, -44);
+        QVERIFY(qAbs(wall.width() - room.width()) <= 2 || qAbs(wall.height() - room.height()) <= 2);
+        QVERIFY((wall.center() - room.center()).manhattanLength() <= 3);
         QCoreApplication::processEvents(); // a bar would come now, and take room from what is fitted
         QVERIFY(!view().horizontalScrollBar()->isVisible() && !view().verticalScrollBar()->isVisible());
 

@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/api/records/LayoutLimits.h"
 #include "layout/geometry/SSelectionFigures.h"
 #include "layout/panels/CBackupLabel.h"
 #include "layout/panels/CLayoutSidePanel.h"
@@ -123,7 +124,9 @@ private Q_SLOTS:
         QCOMPARE(places.last().first().toPoint(), QPoint(960, 0));
         QCOMPARE(world.field("X").value(), 0); // as nothing was moved
         world.type("Y", "0");
-        QCOMPARE(places.count(), 1); // is there already
+        QCOMPARE(places.count(), 1);    // is there already
+        world.type("Y", "99999999999"); // the editor says what is too far
+        QVERIFY(places.last().first().toPoint().y() > LayoutLimits::LargestOffset);
         world.type("Height", "3*192");
         QCOMPARE(sizes.last().first().toSize(), QSize(200, 576));
         world.type("Rows", "3");

@@ -33,7 +33,7 @@ void CSelectionShape::move(CGraphicsItemBase &item, const QPointF &target)
         m_recorder.record<CMoveCommand>(item, item.scenePos(), target);
 }
 
-void CSelectionShape::moveTo(const QPoint &corner)
+void CSelectionShape::moveTo(const QPoint &wanted)
 {
     m_editing.cancelGesture();
     if (m_selection.isEmpty() || CRefusal::isTold(m_editing, m_selection.closedPort()))
@@ -42,6 +42,10 @@ void CSelectionShape::moveTo(const QPoint &corner)
     QRectF extent;
     for (const CGraphicsItemBase *item : items)
         extent |= placeOf(*item);
+    constexpr int most = LayoutLimits::LargestOffset;
+    const QPoint corner(qBound(-most, wanted.x(), most), qBound(-most, wanted.y(), most));
+    if (corner != wanted)
+        m_editing.tell(tr("X and Y reach from \u2212%1 to %1.").arg(most));
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(m_recorder, QStringLiteral("ChangePosition"));
     for (CGraphicsItemBase *item : items)

@@ -33,9 +33,9 @@ public:
     {
     }
 
-    /// Moves the selection as a whole, so that the upper left corner of its extent is at @p corner, canvas
-    /// pixels.
-    void moveTo(const QPoint &corner);
+    /// Moves the selection as a whole, so that the upper left corner of its extent is at @p wanted, canvas
+    /// pixels; what is beyond the limits counts as the limit, and the status bar says so.
+    void moveTo(const QPoint &wanted);
     /// Scales the selection as a whole, so that its extent gets @p size; the upper left corner stays, what
     /// stands side by side stays so. Groups are scaled with their members, as by their handles; receiver
     /// areas are scaled and keep at least one pixel. Does nothing if a selected item cannot be resized, or if
