@@ -260,6 +260,17 @@ private Q_SLOTS:
         QCOMPARE(pictureOf(wall()).copy(44, 8, 100, 26), pictureOf(data).copy(44, 8, 100, 26));
     }
 
+    void aDotIsWhereTheChainBeginsAndARingWhereItEnds()
+    {
+        const QImage picture = pictureOf(wall());
+        const QPoint entry(50, 100); // in the first receiver
+        const QPoint exit(400, 100);
+        QCOMPARE(picture.pixelColor(entry - QPoint(0, 4)), QColor(LayoutColors::Wire));
+        QCOMPARE(picture.pixelColor(entry), QColor(LayoutColors::Wire));
+        QVERIFY(picture.pixelColor(exit - QPoint(0, 4)).lightness() > 150);
+        QCOMPARE(picture.pixelColor(exit), QColor(LayoutColors::Rim));
+    }
+
     void aRedundancyPortIsNamedWhereItsPrimarysChainEnds()
     {
         LayoutData paired = wall();

@@ -17,7 +17,9 @@
 #include "tests/harness/CTestBase.h"
 
 #include <QApplication>
+#include <QImage>
 #include <QMenu>
+#include <QPainter>
 #include <QPointer>
 #include <QTimer>
 
@@ -162,10 +164,18 @@ private Q_SLOTS:
         world.states.current = 0;
         const LayoutData other = SmallWorlds::data({SmallWorlds::wiredPort(0, 3)});
         CMessageBoxAnswerer user({QStringLiteral("Yes"), QStringLiteral("OK")});
-        QTimer::singleShot(0, &world.scene, [&world, &other] {
+        const auto pictured = [&world] {
+            QImage image(300, 300, QImage::Format_RGB32);
+            QPainter painter(&image);
+            world.scene.render(&painter);
+            return image;
+        };
+        const QImage before = pictured();
+        QTimer::singleShot(0, &world.scene, [&world, &other, &pictured, &before] {
             QVERIFY(QApplication::activeModalWidget()); // asked, and not answered yet
             QCOMPARE(world.scene.backend().content().pointedOut(),
                      world.scene.backend().content().portItem(0));
+            QVERIFY(pictured() != before);
             world.scene.setLayoutData(SmallWorlds::node(other), other);
         });
         CClearTopology::ask(nullptr, world.scene.backend().content(), world.scene.backend().operations(), 0);

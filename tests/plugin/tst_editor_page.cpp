@@ -366,6 +366,13 @@ private Q_SLOTS:
         QCOMPARE(world.scene().property("pendingAppendCabinetPort").toInt(), 1);
     }
 
+    void theCanvasTellsLoads()
+    {
+        SPageWorld world;
+        Q_EMIT world.store.notifyProcessorPortPayloadChanged(1, 137);
+        QCOMPARE(world.scene().backend().content().portItem(1)->look().load, qint64(137));
+    }
+
     void aPortThatBecomesARedundancyIsPrepared()
     {
         SPageWorld world;
