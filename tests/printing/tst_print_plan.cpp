@@ -345,6 +345,10 @@ private Q_SLOTS:
                            {backup.layout.processor, 3});
         const SPrintPlan both = SPrintPlan::of(CSheetExport::inputOf({project, backup}), {});
         QCOMPARE(both.processors.first().port(0)->redundancyName, backup.name);
+        SPrintJob job;
+        job.whole.farEnd = QStringLiteral("Spare (10.0.0.9)");
+        const SPrintPlan alone = SPrintPlan::of(CSheetExport::inputOf({project}), job);
+        QCOMPARE(alone.processors.first().port(0)->redundancyShown, job.whole.farEnd);
         QCOMPARE(both.processors.first().version, planOf(project).processors.first().version);
     }
 };

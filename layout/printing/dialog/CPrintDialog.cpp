@@ -262,15 +262,18 @@ void CPrintDialog::layOut()
         m_work.layOut(input, job());
 }
 
-void CPrintDialog::onLaidOut(const QVector<SSheet> &sheets, const QString &problem)
+void CPrintDialog::onLaidOut(const QVector<SSheet> &sheets, const QString &problem, const QString &warning)
 {
     if (m_delay.isActive())
         return; // the next ones are on their way
     const QString fonts = problem.isEmpty() ? CSheetWriter::fontProblem(sheets) : QString();
     m_sheets = fonts.isEmpty() ? sheets : QVector<SSheet>();
     m_stale = false;
-    if (!m_writing)
-        m_told->setFullText(CSheetWriter::scaleProblem(m_sheets));
+    if (!m_writing) {
+        QStringList told{CSheetWriter::scaleProblem(m_sheets), warning};
+        told.removeAll(QString());
+        m_told->setFullText(told.join(QStringLiteral("; ")));
+    }
     if (m_sheets.isEmpty())
         m_preview->tell(problem + fonts);
     else

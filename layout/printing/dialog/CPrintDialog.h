@@ -35,7 +35,7 @@ public:
     void done(int result) override;
 
 private Q_SLOTS:
-    void onLaidOut(const QVector<SSheet> &sheets, const QString &problem);
+    void onLaidOut(const QVector<SSheet> &sheets, const QString &problem, const QString &warning = {});
     void onWritten(const QStringList &names, const QString &problem);
     void onScopeChanged();
     void onOwnToggled(bool own);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/printing/dialog/CSheetWork.h"
 
+#include "layout/printing/figures/SPartsTally.h"
 #include "layout/printing/figures/SPrintPlan.h"
 #include "layout/printing/lists/CSheetSet.h"
 
@@ -43,16 +44,20 @@ void CSheetWork::layOut(const SPrintInput &input, const SPrintJob &job)
 {
     forget();
     const int number = m_latest;
-    m_thread.AppendEvent(
-        {LayOut, [this, input, job, number] {
-             using Sheets = QVector<SSheet>;
-             const auto sheets =
-                 withMemory<Sheets>([&] { return CSheetSet::of(SPrintPlan::of(input, job)); });
-             post([this, sheets, number] {
-                 if (number == m_latest)
-                     Q_EMIT notifyLaidOut(sheets ? sheets.value() : Sheets(), sheets.error());
-             });
-         }});
+    m_thread.AppendEvent({LayOut, [this, input, job, number] {
+                              using Sheets = QVector<SSheet>;
+                              QString warning;
+                              const auto sheets = withMemory<Sheets>([&] {
+                                  const SPrintPlan plan = SPrintPlan::of(input, job);
+                                  warning = SPartsTally::of(plan).warning();
+                                  return CSheetSet::of(plan);
+                              });
+                              post([this, sheets, warning, number] {
+                                  if (number == m_latest)
+                                      Q_EMIT notifyLaidOut(sheets ? sheets.value() : Sheets(), sheets.error(),
+                                                           warning);
+                              });
+                          }});
     m_thread.ActivateThread();
 }
 

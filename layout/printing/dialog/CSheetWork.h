@@ -34,8 +34,8 @@ public:
     void cancel() { m_cancelled = true; }
 
 Q_SIGNALS:
-    /// With @p problem there are no sheets.
-    void notifyLaidOut(const QVector<SSheet> &sheets, const QString &problem);
+    /// With @p problem there are no sheets; @p warning names cables that are too long.
+    void notifyLaidOut(const QVector<SSheet> &sheets, const QString &problem, const QString &warning);
     void notifyProgress(int done);
     /// No names and no problem: cancelled.
     void notifyWritten(const QStringList &names, const QString &problem);

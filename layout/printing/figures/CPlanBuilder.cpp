@@ -161,8 +161,13 @@ void CPlanBuilder::giveRedundancy(SPlanPort &port, const Port &record, const SPl
         if (port.redundant && here)
             port.added = 0; // the primary counts for both
         port.redundancyPort = record.redundancyPort;
-        port.redundancyName = here ? processor.source.node.name : nameOf(other, false);
-        port.redundancyShown = here ? processor.name : nameOf(other, true);
+        // One that is not part of the job and not known is named by the settings.
+        const QString &given = processor.config.farEnd;
+        const bool isGiven = !here && !given.isEmpty() && !isKnown(other);
+        port.redundancyName = here      ? processor.source.node.name
+                              : isGiven ? withoutAddress(given)
+                                        : nameOf(other, false);
+        port.redundancyShown = here ? processor.name : isGiven ? given : nameOf(other, true);
         port.redundancyKey = here ? QString() : other.toString();
         port.looped = record.redundancy == Port::Primary && port.hasCabinets();
     } else if (!processor.farEnd.isEmpty() && !port.chain.isEmpty()) {
@@ -176,13 +181,23 @@ void CPlanBuilder::giveRedundancy(SPlanPort &port, const Port &record, const SPl
     }
 }
 
-QString CPlanBuilder::nameOf(const QUuid &processor, bool shown) const
+ProcessorTree::ProcessorNode CPlanBuilder::nodeOf(const QUuid &processor) const
 {
-    ProcessorTree::ProcessorNode node = m_input.others.value(processor);
     for (const SPrintedProcessor &printed : m_input.processors) {
         if (printed.layout.processor == processor)
-            node = printed.node;
+            return printed.node;
     }
+    return m_input.others.value(processor);
+}
+
+bool CPlanBuilder::isKnown(const QUuid &processor) const
+{
+    return !nodeOf(processor).name.isEmpty();
+}
+
+QString CPlanBuilder::nameOf(const QUuid &processor, bool shown) const
+{
+    const ProcessorTree::ProcessorNode node = nodeOf(processor);
     if (node.name.isEmpty())
         return tr("another processor");
     return shown ? shownName(node, m_job.of(processor).address) : node.name;

@@ -25,6 +25,8 @@ private:
     void addCabinets(QVector<Port::Cabinet> cabinets, SPlanPort &port, SPlanProcessor &into);
     void giveRedundancy(SPlanPort &port, const Port &record, const SPlanProcessor &processor) const;
     /// The other processor of a pair; @p shown: with its address.
+    ProcessorTree::ProcessorNode nodeOf(const QUuid &processor) const; // without a name: unknown
+    bool isKnown(const QUuid &processor) const;
     QString nameOf(const QUuid &processor, bool shown) const;
     int typeOf(const Port::Cabinet &cabinet, double pitch);
     void place(SPlanProcessor &processor) const;

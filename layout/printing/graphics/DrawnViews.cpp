@@ -43,7 +43,7 @@ SSheet DrawnViews::sheet(const CWall &wall, const SSheetArea &area, SSheet::View
 
 QString DrawnViews::counted(const CWall &wall)
 {
-    const int ports = wall.ports().size();
+    const int ports = wall.processor().totals.ports; // also those that hold no cabinets, as on the cover
     const int cabinets = wall.cabinets().size();
     return translated("%1, %2").arg(
         ports == 1 ? translated("1 port") : translated("%1 ports").arg(SheetNumbers::whole(ports)),
