@@ -476,10 +476,14 @@ private Q_SLOTS:
             const CFakeAnswers answers = world.answers();
             for (const int port : {0, 1, 2, 4})
                 answers->loads[port] = 224;
+            answers->loads[5] = 224; // the redundancy port of the first one
             answers->details.pixelLimit = 100;
             answers->details.totalPixels = 100;
         }
-        world.open(6);
+        const QUuid processor = world.open(6);
+        world.setRole(processor, 0, Port::Primary, 5);
+        world.setRole(processor, 5, Port::Redundant, 0);
+        world.store.openProcessor(processor);
         auto *line = world.list.findChild<COverloadLine *>();
         QTRY_COMPARE(line->text(), QStringLiteral("4 output ports are overloaded: 1 to 3, 5"));
         CSignalLog sought(&world.list, &CPortList::notifyPortsSought);

@@ -378,15 +378,18 @@ private Q_SLOTS:
         SPageWorld world;
         QCOMPARE(world.ranks(1), (QVector<int>{0, 1, 2, 3}));
         using Port = CabinetLayout::CabinetPort;
-        Port &primary = world.answers()->layouts[world.a].layout.ports[0];
-        primary.redundancy = Port::Primary;
-        primary.redundancyPort = 1;
+        const auto setRole = [&world](Port::Redundancy role) {
+            const CFakeAnswers answers = world.answers();
+            answers->layouts[world.a].layout.ports[0].redundancy = role;
+            answers->layouts[world.a].layout.ports[0].redundancyPort = 1;
+        };
+        setRole(Port::Primary);
         world.host.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{0, 1, true});
         QTRY_COMPARE(world.ranks(1), QVector<int>(4, -1));
         QCOMPARE(world.ranks(0), (QVector<int>{0, 1, 2, 3}));
         const auto named = [&world] { return world.scene().backend().content().portItem(0)->look().backup; };
         QCOMPARE(named(), QStringLiteral("P2"));
-        primary.redundancy = Port::NoRedundancy;
+        setRole(Port::NoRedundancy);
         world.host.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{0, 1, false});
         QTRY_COMPARE(named(), QString());
     }

@@ -5,6 +5,7 @@
 #include "layout/api/records/LoadSum.h"
 #include "layout/data/BearerLoad.h"
 #include "layout/data/CLayoutData.h"
+#include "layout/data/PortLoads.h"
 
 #include <QCoreApplication>
 
@@ -21,10 +22,10 @@ int LoadText::worstPort(const CLayoutData &store)
 {
     int worst = -1;
     qint64 load = 0;
-    const auto ports = store.ports();
-    for (const CabinetLayout::CabinetPort &port : ports) {
-        if (port.load <= load || port.redundancy == CabinetLayout::CabinetPort::Redundant)
-            continue;
+    const CabinetLayout layout = store.layoutData().layout;
+    for (const CabinetLayout::CabinetPort &port : layout.ports) {
+        if (port.load <= load || PortLoads::loadBearer(layout, port.index) != &port)
+            continue; // its primary has the same
         load = port.load;
         worst = port.index;
     }

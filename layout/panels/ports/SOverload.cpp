@@ -4,6 +4,7 @@
 
 #include "layout/data/BearerLoad.h"
 #include "layout/data/CLayoutData.h"
+#include "layout/data/PortLoads.h"
 
 #include <QStringList>
 
@@ -56,6 +57,8 @@ SOverload SOverload::of(const CabinetLayout &layout, const std::function<int(con
     SOverload overload;
     const Port *measured = nullptr; // a redundancy port carries what its primary is charged for
     for (const Port &port : layout.ports) {
+        if (PortLoads::loadBearer(layout, port.index) != &port)
+            continue; // its primary is named
         const int percent = percentOf(port);
         if (percent <= 100)
             continue;

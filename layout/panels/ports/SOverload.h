@@ -16,7 +16,7 @@ struct SOverload
     Q_DECLARE_TR_FUNCTIONS(SOverload)
 
 public:
-    QVector<int> ports;     ///< indices, ascending
+    QVector<int> ports;     ///< indices, ascending; without redundancy ports whose primary is one of them
     bool processor = false; ///< all ports together exceed what the processor can drive
     int worst = 0;          ///< the highest load, percent
 
