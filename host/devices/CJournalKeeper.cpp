@@ -237,6 +237,10 @@ CResult<QUuid> CJournalKeeper::restore(const SStrayJournal &stray, const CProjec
 {
     const SJournalOwner &owner = stray.journal.owner;
     if (!owner.project) {
+        m_services.flush();
+        if (m_services.table().isModified(owner.processor))
+            return CResult<QUuid>::failure(
+                tr("%1 has edits of this run: save them, or read the mapping, first.").arg(owner.name));
         m_waiting.insert(owner.processor, stray);
         return restoreWaiting(owner.processor) ? owner.processor : QUuid();
     }

@@ -35,9 +35,10 @@ public:
 
     /// What earlier runs have left. Reads files in the background.
     QList<SStrayJournal> offers() const;
-    /// Opens a project, or replaces the layout of a device, as it was on the screen. A device that is not
-    /// known yet gets its layout once it is detected; then the key is null. It is null, too, if somebody else
-    /// has the project open and @p ask says not to open it; see CProjectShelf::restore().
+    /// Opens a project, or replaces the layout of a device without unsaved edits, as it was on the screen. A
+    /// device that is not known yet gets its layout once it is detected; then the key is null. It is null,
+    /// too, if somebody else has the project open and @p ask says not to open it; see
+    /// CProjectShelf::restore().
     CResult<QUuid> restore(const SStrayJournal &stray, const CProjectShelf::AskHeld &ask = {});
     /// Opens a copy as a project without a file. What is offered stays as it is.
     CResult<QUuid> look(const SStrayJournal &stray);

@@ -133,12 +133,14 @@ void CJournalKeeperTest::restoresAProcessorOnceItIsDetected()
     runs.edit(lobby, 1);
     const CabinetLayout edited = runs.run->layoutOf(lobby);
     runs.start(false);
-    const CResult<QUuid> restored = runs.keeper().restore(runs.offer());
+    const SStrayJournal offer = runs.offer();
+    const CResult<QUuid> restored = runs.keeper().restore(offer);
     QVERIFY(restored && restored.value().isNull()); // it is not known yet
     runs.run->detect();
     QTRY_VERIFY(sameCabinets(runs.run->layoutOf(lobby), edited));
     QVERIFY(runs.run->handler.hasUnsavedEdits(lobby));
     QCOMPARE(runs.run->handler.editHistory(lobby).steps.size(), 1);
+    QVERIFY(!runs.keeper().restore(offer)); // would replace edits
 }
 
 void CJournalKeeperTest::asksBeforeItSavesRestoredEditsOverAnotherMapping()
