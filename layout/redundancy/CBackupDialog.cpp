@@ -124,7 +124,7 @@ void CBackupDialog::applyRows()
 {
     QList<SBackupPair> pairs;
     if (!BackupMatch::take(m_table->rows(), pairs)) {
-        CMessageBox::warning(this, tr("Invalid primary-redundancy settings."));
+        CMessageBox::information(this, tr("Invalid primary-redundancy settings."));
         return;
     }
     if (!confirm(pairs))
