@@ -109,6 +109,7 @@ private Q_SLOTS:
         const SPrintPlan plan = SPrintPlan::of(CSheetExport::inputOf({project}), {config, {}, {}});
         QString text;
         const QVector<SSheet> sheets = CSheetSet::of(plan).value();
+        QVERIFY(!CSheetSet::of(plan, [] { return true; })); // stopped
         for (const SSheet &sheet : sheets)
             text += SheetTexts::whole(sheet) + QLatin1Char('\n');
         static const QRegularExpression sum(QStringLiteral("([\\d,]+) cabinets, ([\\d,]+) pixels"));

@@ -258,8 +258,11 @@ void CPrintDialog::layOut()
         onLaidOut({}, tr("Choose a processor."));
     else if (m_job.whole.sheets == 0)
         onLaidOut({}, tr("Choose which sheets to print."));
-    else
+    else {
+        if (m_sheets.isEmpty())
+            m_preview->tell(tr("Laying out the sheets..."));
         m_work.layOut(input, job());
+    }
 }
 
 void CPrintDialog::onLaidOut(const QVector<SSheet> &sheets, const QString &problem, const QString &warning)

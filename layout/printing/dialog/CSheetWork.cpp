@@ -31,6 +31,7 @@ CSheetWork::CSheetWork(QObject *parent)
 
 CSheetWork::~CSheetWork()
 {
+    ++m_latest;
     m_cancelled = true;
 }
 
@@ -50,7 +51,7 @@ void CSheetWork::layOut(const SPrintInput &input, const SPrintJob &job)
                               const auto sheets = withMemory<Sheets>([&] {
                                   const SPrintPlan plan = SPrintPlan::of(input, job);
                                   warning = SPartsTally::of(plan).warning();
-                                  return CSheetSet::of(plan);
+                                  return CSheetSet::of(plan, [this, number] { return number != m_latest; });
                               });
                               post([this, sheets, warning, number] {
                                   if (number == m_latest)

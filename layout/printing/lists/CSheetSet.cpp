@@ -66,7 +66,7 @@ QString viewsOf(const PrintConfig &config)
 
 } // namespace
 
-CResult<QVector<SSheet>> CSheetSet::of(const SPrintPlan &plan)
+CResult<QVector<SSheet>> CSheetSet::of(const SPrintPlan &plan, const std::function<bool()> &isStopped)
 {
     using Sheets = CResult<QVector<SSheet>>;
     const QString problem = problemOf(plan);
@@ -77,7 +77,7 @@ CResult<QVector<SSheet>> CSheetSet::of(const SPrintPlan &plan)
         walls << std::make_shared<const CWall>(plan, i);
     const bool covered = (plan.config.sheets & PrintConfig::Cover) != 0;
     for (int coverSheets = covered ? 1 : 0;;) {
-        CSheetSet set(plan, walls, coverSheets);
+        CSheetSet set(plan, walls, coverSheets, isStopped);
         const CStatus built = set.build();
         if (!built)
             return Sheets::failure(built.error());
@@ -93,10 +93,12 @@ CResult<QVector<SSheet>> CSheetSet::of(const SPrintPlan &plan)
     }
 }
 
-CSheetSet::CSheetSet(const SPrintPlan &plan, const CCoverSheet::Walls &walls, int coverSheets)
+CSheetSet::CSheetSet(const SPrintPlan &plan, const CCoverSheet::Walls &walls, int coverSheets,
+                     const std::function<bool()> &isStopped)
     : m_plan(plan)
     , m_walls(walls)
     , m_coverSheets(coverSheets)
+    , m_isStopped(isStopped)
 {
 }
 
@@ -124,8 +126,10 @@ CStatus CSheetSet::build()
     const CStatus drawn = addDrawings();
     if (!drawn)
         return drawn;
-    for (int i = 0; i < count && isWanted(Sheet::CabinetList); ++i)
+    for (int i = 0; i < count && isWanted(Sheet::CabinetList) && !isStopped(); ++i)
         add(i, CCabinetList::sheets(m_plan, i, areaOf(i)), tr("List of cabinets"));
+    if (isStopped())
+        return CStatus::failure(QString());
     if (isWanted(Sheet::PartsList))
         add(-1, CPartsList::sheets(m_plan, areaOf(-1)), tr("Parts list"));
     return CStatus::done();
@@ -136,6 +140,8 @@ CStatus CSheetSet::addDrawings()
     using Sheets = CResult<QVector<SSheet>>;
     const int count = m_plan.processors.size();
     const auto overview = [this](int processor, int first, int firstPort) -> Sheets {
+        if (isStopped())
+            return Sheets::failure(QString());
         if (!isWanted(Sheet::Overview))
             return QVector<SSheet>();
         return COverviewSheets(*m_walls.at(processor), areaOf(processor)).sheets(first, firstPort);
@@ -153,6 +159,8 @@ CStatus CSheetSet::addDrawings()
     QVector<QVector<SSheet>> ports;
     QVector<int> firstPorts;
     for (int i = 0; i < count && isWanted(Sheet::PortSheets); ++i) {
+        if (isStopped())
+            return CStatus::failure(QString());
         next = begin(next, i);
         const Sheets sheets = CPortSheets(*m_walls.at(i), areaOf(i)).sheets(next);
         if (!sheets)
@@ -162,9 +170,12 @@ CStatus CSheetSet::addDrawings()
         next += ports.last().size();
     }
     addLeaves(-1, joint, tr("All processors, %1").arg(viewsOf(m_plan.config)));
-    for (int i = 0; i < count; ++i)
-        addLeaves(i, overview(i, begin(this->next(), i), firstPorts.value(i)).value(),
-                  tr("Overview, %1").arg(viewsOf(configOf(i))));
+    for (int i = 0; i < count; ++i) {
+        const Sheets sheets = overview(i, begin(this->next(), i), firstPorts.value(i));
+        if (!sheets)
+            return CStatus::failure(sheets.error());
+        addLeaves(i, sheets.value(), tr("Overview, %1").arg(viewsOf(configOf(i))));
+    }
     for (int i = 0; i < ports.size(); ++i)
         addLeaves(i, ports.at(i), tr("Ports, %1").arg(viewsOf(configOf(i))));
     return CStatus::done();

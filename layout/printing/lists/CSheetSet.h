@@ -10,6 +10,8 @@
 
 #include <QCoreApplication>
 
+#include <functional>
+
 /// Puts together all sheets of a job.
 class CSheetSet final
 {
@@ -17,13 +19,15 @@ class CSheetSet final
 
 public:
     /// The sheets in the order in which they are printed, complete with frames and numbers. Fails if the
-    /// paper is too small, or no sheet is wanted. The dates in @p plan must be valid. Any thread.
-    static CResult<QVector<SSheet>> of(const SPrintPlan &plan);
+    /// paper is too small, or no sheet is wanted, and without a reason soon after @p isStopped() is true. The
+    /// dates in @p plan must be valid. Any thread.
+    static CResult<QVector<SSheet>> of(const SPrintPlan &plan, const std::function<bool()> &isStopped = {});
 
 private:
     using Sheet = PrintConfig::Sheet;
 
-    CSheetSet(const SPrintPlan &plan, const CCoverSheet::Walls &walls, int coverSheets);
+    CSheetSet(const SPrintPlan &plan, const CCoverSheet::Walls &walls, int coverSheets,
+              const std::function<bool()> &isStopped);
     static QString problemOf(const SPrintPlan &plan);
     CStatus build();
     CStatus addDrawings();
@@ -37,6 +41,7 @@ private:
     SSheetArea areaOf(int processor) const;
     STitleFacts factsOf(int processor) const;
     QString entryName(const QString &name, int processor) const;
+    bool isStopped() const { return m_isStopped && m_isStopped(); }
     bool isWanted(Sheet kind) const { return (m_plan.config.sheets & kind) != 0; }
     int next() const { return m_coverSheets + m_sheets.size() + 1; }
     /// Front and back in turn are printed on both sides of leaves.
@@ -48,6 +53,7 @@ private:
     const SPrintPlan &m_plan;
     const CCoverSheet::Walls &m_walls;
     const int m_coverSheets;
+    const std::function<bool()> &m_isStopped;
     QVector<SSheet> m_sheets;
     QVector<int> m_processors; ///< of each sheet; -1: of all
     QVector<SCoverEntry> m_entries;
