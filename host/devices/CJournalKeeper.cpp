@@ -39,7 +39,10 @@ CJournalKeeper::CJournalKeeper(CDeviceServices &services, CProjectShelf &project
     const auto tell = [this](const QString &text) {
         m_services.mailbox().post([this, text] { Q_EMIT notifyTold(text); });
     };
-    m_journals = std::make_unique<CJournals>(folder, tell);
+    const auto arrived = [this](const QUuid &processor) {
+        m_services.mailbox().post([this, processor] { offerHistory(processor); });
+    };
+    m_journals = std::make_unique<CJournals>(folder, tell, arrived);
     m_quiet.setSingleShot(true);
     m_quiet.setInterval(QuietMilliseconds);
     connect(&m_quiet, &QTimer::timeout, this, &CJournalKeeper::takeAll);
@@ -223,6 +226,14 @@ SEditHistory CJournalKeeper::history(const QUuid &processor)
         return {};
     takeChanges(Editor::Leave); // it asks while it reloads
     return m_journals->knows(processor) ? m_journals->history(processor) : SEditHistory();
+}
+
+/// The editor asks for it when it loads the layout.
+void CJournalKeeper::offerHistory(const QUuid &processor)
+{
+    m_services.flush();
+    if (m_journals->isUnedited(processor) && !m_journals->history(processor).steps.isEmpty())
+        m_services.announcer().notify(LayoutNotification::LayoutReplaced, processor);
 }
 
 QList<SStrayJournal> CJournalKeeper::offers() const

@@ -74,6 +74,7 @@ private:
     void takeAll();
     bool restoreWaiting(const QUuid &processor);
     void takeRevision(const QUuid &processor, SStrayJournal &stray);
+    void offerHistory(const QUuid &processor);
     static SJournalOwner ownerOf(const SDevice &device);
 
     CDeviceServices &m_services;

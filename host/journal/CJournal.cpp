@@ -67,8 +67,7 @@ bool CJournal::put(const Handle &file, const QByteArray &bytes)
 void CJournal::append(int entry, const QByteArray &content)
 {
     if (!m_broken && !m_file) {
-        if (beginNew())
-            finishNew();
+        begin();
         return;
     }
     if (m_broken && !m_new)
@@ -105,14 +104,10 @@ bool CJournal::beginNew()
     return true;
 }
 
-bool CJournal::replace()
+bool CJournal::begin()
 {
     if (!beginNew())
         return false;
-    if (!m_new->sync()) {
-        fail(CSafeFile::systemReason());
-        return false;
-    }
     finishNew();
     return !m_broken;
 }
@@ -130,13 +125,14 @@ void CJournal::finishNew()
     m_last = m_lastNew;
     m_broken = false;
     m_error.clear();
-    removeSuperseded();
 }
 
-void CJournal::finishNew(const Handle &confirmed)
+void CJournal::confirm(const Handle &file)
 {
-    if (m_new == confirmed)
+    if (m_new == file)
         finishNew();
+    if (m_file == file && !m_broken)
+        removeSuperseded();
 }
 
 QVector<CJournal::Handle> CJournal::takeUnsynced()

@@ -40,14 +40,12 @@ public:
     /// Whether the file has become much larger than what it is about.
     bool isOutgrown() const;
     /// Begins a new file beside the old one, if there is one; from then on both are written. It replaces the
-    /// old one with finishNew(), which is to be called once the disk has confirmed it.
+    /// old one once the disk has confirmed it.
     bool beginNew();
-    void finishNew();
-    /// The same, if @p confirmed is the new file.
-    void finishNew(const Handle &confirmed);
-
-    /// All of that at once; waits for the disk.
-    bool replace();
+    /// Begins a file where there is none. Does not wait for the disk.
+    bool begin();
+    /// The disk holds what was written to @p file.
+    void confirm(const Handle &file);
 
     /// What must be confirmed by the disk, since the last call.
     QVector<Handle> takeUnsynced();
@@ -56,8 +54,8 @@ public:
     void fail(const QString &why);
     /// Removes the file. The state stays.
     void removeFile();
-    /// Another journal's file, kept locked by @p lock, is to be removed as soon as this one's is good or
-    /// needed no more.
+    /// Another journal's file, kept locked by @p lock, is to be removed as soon as the disk holds this one's
+    /// or it is needed no more.
     void supersede(const QByteArray &path, const Handle &lock);
     void supersede(const CJournal &other);
     /// Removes the file that @p lock keeps from others, if it still has that name.
@@ -70,6 +68,7 @@ private:
     QByteArray newPath() const { return m_path + "~new"; }
     Handle create(const QByteArray &path);
     bool put(const Handle &file, const QByteArray &bytes);
+    void finishNew();
     void removeSuperseded();
 
     const QByteArray m_path;

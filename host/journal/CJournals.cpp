@@ -39,11 +39,16 @@ qint64 now()
 
 } // namespace
 
-CJournals::CJournals(const QString &folder, Tell tell)
+CJournals::CJournals(const QString &folder, Tell tell, Arrived arrived)
     : m_folder(folder)
     , m_tell(std::move(tell))
+    , m_arrived(std::move(arrived))
     , m_nextTurn(Clock::now() + Turn)
     , m_historyBytes(UsualHistoryBytes)
+    , m_chores([this] {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_idle.notify_all();
+    })
     , m_thread([this] { run(); })
 {
 }
@@ -62,6 +67,7 @@ void CJournals::stop()
     m_wake.notify_all();
     if (m_thread.joinable())
         m_thread.join();
+    m_chores.stop();
 }
 
 void CJournals::setHistory(bool kept, qint64 bytes)
@@ -72,7 +78,7 @@ void CJournals::setHistory(bool kept, qint64 bytes)
         for (const auto &journal : m_journals)
             journal.second->state().trail().limit(mostHistory());
         if (!kept)
-            m_folder.dropHistories();
+            m_chores.submit([this] { m_folder.dropHistories(); });
     });
 }
 
@@ -127,12 +133,20 @@ CJournal *CJournals::find(const QUuid &processor)
 
 void CJournals::open(const SJournalOwner &owner, const CJournalState &state)
 {
+    m_searches.erase(owner.processor);
     m_journals[owner.processor] = std::make_unique<CJournal>(m_folder.path(), owner, state);
+}
+
+void CJournals::know(const QUuid &processor)
+{
+    m_known.insert(processor);
+    m_edited.remove(processor);
+    m_restored.erase(processor);
 }
 
 void CJournals::begin(const SJournalOwner &owner, const SProcessorProject &state)
 {
-    m_known.insert(owner.processor);
+    know(owner.processor);
     submit(false, [this, owner, state] { open(owner, CJournalState(state)); });
 }
 
@@ -173,6 +187,8 @@ void CJournals::change(CJournal &journal, int entry, const QByteArray &content)
 
 void CJournals::note(const SEditRecord &record)
 {
+    m_edited.insert(record.processor);
+    m_restored.erase(record.processor);
     const bool large = cabinetsIn(record.step) > LargeStep || isLargeToBegin(record.processor);
     submit(large, [this, record] {
         if (CJournal *journal = find(record.processor)) {
@@ -221,6 +237,9 @@ void CJournals::end(CJournal &journal)
 
 void CJournals::note(const SJournalOwner &owner, const SProcessorProject &state, Work work)
 {
+    const auto restored = m_restored.find(owner.processor);
+    if (restored != m_restored.end())
+        restored->second.ports = state.layout.ports;
     const bool large = state.layout.cabinetCount() > LargeStep;
     submit(large, [this, owner, state, work] {
         CJournal *journal = find(owner.processor);
@@ -249,6 +268,7 @@ void CJournals::noteLook(const SJournalOwner &owner, const SProcessorProject &st
 
 void CJournals::settle(const SJournalOwner &owner)
 {
+    m_restored.erase(owner.processor);
     submit(false, [this, owner] {
         CJournal *journal = find(owner.processor);
         if (!journal)
@@ -259,12 +279,11 @@ void CJournals::settle(const SJournalOwner &owner)
     });
 }
 
-/// By the thread, because it waits for the disk; steps that are noted meanwhile need not.
+/// Elsewhere, because it waits for the disk; steps that are noted meanwhile need not, nor what is confirmed.
 void CJournals::keepHistoryLater(const CJournal &journal)
 {
     const bool kept = m_keepHistory && !journal.state().trail().isEmpty();
-    const std::lock_guard<std::mutex> lock(m_choreMutex);
-    m_chores.push_back([this, kept, owner = journal.owner(), state = journal.state()] {
+    m_chores.submit([this, kept, owner = journal.owner(), state = journal.state()] {
         QString problem;
         if (kept)
             problem = m_folder.keepHistory(owner, state);
@@ -279,7 +298,10 @@ void CJournals::drop(const QUuid &processor)
 {
     if (!m_known.remove(processor))
         return;
+    m_edited.remove(processor);
+    m_restored.erase(processor);
     submit(false, [this, processor] {
+        m_searches.erase(processor);
         if (CJournal *journal = find(processor))
             journal->removeFile();
         m_journals.erase(processor);
@@ -292,57 +314,119 @@ void CJournals::dropAll()
         drop(processor);
 }
 
+/// The steps are at hand at once, however long files take.
 void CJournals::adopt(const SStrayJournal &stray, const SJournalOwner &owner)
 {
-    m_known.insert(owner.processor);
-    submit(true, [this, stray, owner] {
-        CJournalState state = stray.journal.state;
-        if (!owner.file.isEmpty() && SFileStamp::of(owner.file) != owner.stamp)
-            state.trail().forgetSaved(); // the file was changed since
-        state.trail().renumber(state.project().layout.ports);
+    know(owner.processor);
+    CJournalState state = stray.journal.state;
+    if (!owner.file.isEmpty() && SFileStamp::of(owner.file) != owner.stamp)
+        state.trail().forgetSaved(); // the file was changed since
+    state.trail().renumber(state.project().layout.ports);
+    m_restored[owner.processor] = {state.trail(), state.project().layout.ports};
+    submit(true, [this, stray, owner, state] {
         auto journal = std::make_unique<CJournal>(m_folder.path(), owner, state);
         journal->supersede(QFile::encodeName(stray.path), stray.lock);
         if (const CJournal *before = find(owner.processor))
             journal->supersede(*before);
+        m_searches.erase(owner.processor);
         m_journals[owner.processor] = std::move(journal);
         CJournal &adopted = *find(owner.processor);
-        if (!adopted.replace()) // then the old files stay until it succeeds
+        if (!adopted.begin()) // then the old files stay until it succeeds
             tellAbout(adopted);
+        const Lock lock(m_mutex);
+        m_nextTurn = Clock::now();
     });
 }
 
 void CJournals::beginOpened(const SJournalOwner &owner, const SProcessorProject &state)
 {
-    m_known.insert(owner.processor);
-    submit(true, [this, owner, state] {
-        CJournalState known(state);
+    know(owner.processor);
+    submit(false, [this, owner, state] {
+        open(owner, CJournalState(state));
+        if (m_keepHistory)
+            findHistoryLater(owner);
+    });
+}
+
+/// After what is being kept now.
+void CJournals::findHistoryLater(const SJournalOwner &owner)
+{
+    const quint64 search = ++m_lastSearch;
+    m_searches[owner.processor] = search;
+    m_chores.submit([this, owner, search] {
         SJournal history;
-        const auto kept =
-            m_keepHistory ? m_folder.findHistory(owner.file, history) : CJournalFolder::Kept::None;
-        if (kept == CJournalFolder::Kept::Same) {
-            known.trail() = history.state.trail();
-            known.trail().limit(mostHistory());
-            known.trail().renumber(state.layout.ports);
-        } else if (kept == CJournalFolder::Kept::Changed) {
+        const CJournalFolder::Kept kept = m_folder.findHistory(owner.file, history);
+        if (kept == CJournalFolder::Kept::Changed) {
             m_folder.dropHistory(owner.file);
             if (m_tell)
                 m_tell(tr("%1 was changed elsewhere: its earlier steps cannot be undone.").arg(owner.name));
         }
-        open(owner, known);
+        const CStepTrail trail = kept == CJournalFolder::Kept::Same ? history.state.trail() : CStepTrail();
+        submit(true,
+               [this, processor = owner.processor, search, trail] { takeHistory(processor, search, trail); });
     });
+}
+
+/// On the thread. Steps that were noted meanwhile do not follow those that were kept.
+void CJournals::takeHistory(const QUuid &processor, quint64 search, const CStepTrail &trail)
+{
+    const auto known = m_searches.find(processor);
+    if (known == m_searches.end() || known->second != search)
+        return; // it was opened again since
+    m_searches.erase(known);
+    CJournal *journal = find(processor);
+    if (!journal || journal->state().trail().isBegun())
+        return;
+    CStepTrail &own = journal->state().trail();
+    own = trail;
+    own.limit(mostHistory());
+    own.renumber(journal->state().project().layout.ports);
+    if (journal->isWritten() && !own.isEmpty())
+        journal->beginNew(); // the file began without them
+}
+
+/// Under the lock.
+bool CJournals::isReady(const QUuid &processor) const
+{
+    return m_waiting.empty() && !m_running && m_searches.count(processor) == 0;
+}
+
+bool CJournals::isUnedited(const QUuid &processor) const
+{
+    return m_known.contains(processor) && !m_edited.contains(processor);
 }
 
 SEditHistory CJournals::history(const QUuid &processor)
 {
+    const auto restored = m_restored.find(processor);
+    if (restored != m_restored.end())
+        return restored->second.trail.history(restored->second.ports);
     Lock lock(m_mutex);
-    if (!m_idle.wait_for(lock, HistoryPatience, [this] { return m_waiting.empty() && !m_running; })) {
-        lock.unlock();
-        if (m_tell)
-            m_tell(tr("The disk does not answer: earlier steps cannot be undone."));
+    if (!m_idle.wait_for(lock, HistoryPatience, [&] { return isReady(processor); })) {
+        m_late.insert(processor);
         return {};
     }
     const CJournal *journal = find(processor);
     return journal ? journal->state().history() : SEditHistory();
+}
+
+/// To those who have asked too early.
+void CJournals::tellArrived(Lock &lock)
+{
+    QSet<QUuid> arrived;
+    for (const QUuid &processor : std::as_const(m_late)) {
+        if (isReady(processor))
+            arrived << processor;
+    }
+    if (arrived.isEmpty())
+        return;
+    m_late -= arrived;
+    lock.unlock();
+    for (const QUuid &processor : std::as_const(arrived)) {
+        if (m_arrived)
+            m_arrived(processor);
+    }
+    lock.lock();
 }
 
 void CJournals::sync()
@@ -351,7 +435,8 @@ void CJournals::sync()
     m_nextTurn = Clock::now();
     m_wake.notify_all();
     m_idle.wait(lock, [this] {
-        return m_stopped || (m_waiting.empty() && !m_running && !m_syncing && !isUnsynced() && !hasChores());
+        return m_stopped ||
+               (m_waiting.empty() && !m_running && !m_syncing && !isUnsynced() && !m_chores.isBusy());
     });
 }
 
@@ -367,11 +452,10 @@ void CJournals::run()
 {
     (void)m_folder.make(); // confirmed here, so that no edit has to; a failure is told by the first one
     Lock lock(m_mutex);
-    while (!m_stopped || !m_waiting.empty() || hasChores()) {
-        if (runChore(lock))
-            continue;
+    while (!m_stopped || !m_waiting.empty()) {
         if (!m_waiting.empty()) {
             runTask(lock);
+            tellArrived(lock);
         } else if (Clock::now() >= m_nextTurn) {
             runFree(lock, [this] { tend(); });
             confirm(lock);
@@ -399,39 +483,6 @@ void CJournals::runTask(Lock &lock)
     const Task task = std::move(m_waiting.front());
     m_waiting.pop_front();
     runFree(lock, task);
-}
-
-bool CJournals::hasChores()
-{
-    const std::lock_guard<std::mutex> lock(m_choreMutex);
-    return m_hasChore || !m_chores.empty();
-}
-
-/// In the order of the tasks that have left them, and before later tasks. False: there is none.
-bool CJournals::runChore(Lock &lock)
-{
-    Task chore;
-    {
-        const std::lock_guard<std::mutex> chores(m_choreMutex);
-        if (m_chores.empty())
-            return false;
-        chore = std::move(m_chores.front());
-        m_chores.pop_front();
-        m_hasChore = true;
-    }
-    lock.unlock();
-    try {
-        chore();
-    } catch (const std::bad_alloc &) { // then no history is kept
-    }
-    chore = {};
-    lock.lock();
-    {
-        const std::lock_guard<std::mutex> chores(m_choreMutex);
-        m_hasChore = false;
-    }
-    m_idle.notify_all();
-    return true;
 }
 
 /// Begins new files in place of those that are too large or could not be written.
@@ -478,7 +529,7 @@ void CJournals::confirm(Lock &lock)
         if (problems.contains(processor))
             journal->fail(problems.value(processor));
         else if (!handles.isEmpty())
-            journal->finishNew(handles.last());
+            journal->confirm(handles.last());
         tellAbout(*journal);
     }
     m_syncing = false;

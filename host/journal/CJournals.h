@@ -3,6 +3,7 @@
 #pragma once
 
 #include "host/journal/CJournalFolder.h"
+#include "host/journal/CTaskThread.h"
 
 #include <QSet>
 
@@ -25,9 +26,11 @@ class CJournals final
 
 public:
     using Tell = std::function<void(const QString &)>;
+    using Arrived = std::function<void(const QUuid &)>;
 
-    /// @p tell gets texts for the user, on any thread.
-    CJournals(const QString &folder, Tell tell);
+    /// @p tell gets texts for the user, @p arrived the processors whose history() came too late; both on any
+    /// thread.
+    CJournals(const QString &folder, Tell tell, Arrived arrived = {});
     ~CJournals(); ///< writes what waits; files stay
     Q_DISABLE_COPY(CJournals)
 
@@ -58,12 +61,14 @@ public:
     /// Goes on with a journal of another run, whose file is taken over.
     void adopt(const SStrayJournal &stray, const SJournalOwner &owner);
     /// Begins with a project that was opened, in the state of its file, and its kept history if that still
-    /// belongs to the file.
+    /// belongs to the file and arrives before the first edit.
     void beginOpened(const SJournalOwner &owner, const SProcessorProject &state);
 
-    /// The steps that lead to the layout noted last. Waits for what is not written yet, but not for long:
-    /// then it is empty.
+    /// The steps that lead to the layout noted last. Waits for what is not read or written yet, but not for
+    /// long: then it is empty, and told as soon as it is here.
     SEditHistory history(const QUuid &processor);
+    /// Whether no step was noted since the processor became known.
+    bool isUnedited(const QUuid &processor) const;
 
     /// Waits until everything is written and confirmed.
     void sync();
@@ -75,6 +80,7 @@ private:
     using Task = std::function<void()>;
     using Lock = std::unique_lock<std::mutex>;
 
+    void know(const QUuid &processor);
     void submit(bool large, const Task &task);
     bool mayRunNow() const;
     void carryOut(const Task &task);
@@ -88,12 +94,14 @@ private:
     void change(CJournal &journal, int entry, const QByteArray &content);
     void tellAbout(const CJournal &journal);
     void keepHistoryLater(const CJournal &journal);
+    void findHistoryLater(const SJournalOwner &owner);
+    void takeHistory(const QUuid &processor, quint64 search, const CStepTrail &trail);
     bool isLargeToBegin(const QUuid &processor);
 
     void run();
     void runTask(Lock &lock);
-    bool runChore(Lock &lock);
-    bool hasChores();
+    bool isReady(const QUuid &processor) const;
+    void tellArrived(Lock &lock);
     void tend();
     void confirm(Lock &lock);
     void runFree(Lock &lock, const Task &task);
@@ -101,7 +109,17 @@ private:
 
     const CJournalFolder m_folder;
     const Tell m_tell;
-    QSet<QUuid> m_known; // GUI thread
+    const Arrived m_arrived;
+
+    // GUI thread.
+    struct SRestored
+    {
+        CStepTrail trail;
+        CStepTrail::Ports ports;
+    };
+    QSet<QUuid> m_known;
+    QSet<QUuid> m_edited;
+    std::map<QUuid, SRestored> m_restored; // without edits since
 
     std::mutex m_mutex; // guards what follows
     std::condition_variable m_wake;
@@ -114,12 +132,14 @@ private:
     bool m_stopped = false;
     bool m_keepHistory = true;
     bool m_toldBroken = false;
+    QSet<QUuid> m_late; // whose history was asked for in vain
     qint64 m_historyBytes;
-    std::map<QUuid, std::unique_ptr<CJournal>>
-        m_journals; // under the lock while nothing runs, else the thread's
 
-    std::mutex m_choreMutex;   // guards what follows; taken last
-    std::deque<Task> m_chores; // of the thread, which use no journal
-    bool m_hasChore = false;   // one is being done
-    std::thread m_thread;      // last
+    // Under the lock while nothing runs, else the thread's.
+    std::map<QUuid, std::unique_ptr<CJournal>> m_journals;
+    std::map<QUuid, quint64> m_searches; // for kept histories, which are under way; with their numbers
+    quint64 m_lastSearch = 0;
+
+    CTaskThread m_chores; // kept histories, which may wait for the disk; use no journal
+    std::thread m_thread; // last
 };

@@ -93,6 +93,7 @@ void CStepTrail::note(const SJournalStep &step, const Ports &ports)
         merge(step, ports);
     m_index = step.index;
     m_saved = step.saved;
+    m_begun = true;
 }
 
 void CStepTrail::clear()

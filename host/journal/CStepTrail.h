@@ -29,6 +29,8 @@ public:
     /// Counts from the oldest step that leads to @p ports, as an editor does that begins with history().
     void renumber(const Ports &ports);
 
+    /// Whether anything was noted.
+    bool isBegun() const { return m_begun; }
     bool isEmpty() const { return m_steps.isEmpty(); }
     int count() const { return m_steps.size(); }
     /// How many steps lie between the saved layout and the present one.
@@ -69,4 +71,5 @@ private:
     int m_gone = 0;     // how many steps before those that the editor counts were dropped
     int m_index = 0;
     int m_saved = -1;
+    bool m_begun = false;
 };

@@ -13,6 +13,7 @@
 #include <cerrno>
 #include <new>
 #include <sys/stat.h>
+#include <thread>
 
 namespace {
 
@@ -26,7 +27,16 @@ public:
     std::atomic<bool> full{false};
     std::atomic<bool> refusesSync{false};
     std::atomic<bool> hasNoMemory{false};
+    std::atomic<int> syncs{0};
+    /// Files whose names contain this are not opened before it is null.
+    std::atomic<const char *> held{nullptr};
 
+    int open(const QByteArray &path, int flags, mode_t mode) override
+    {
+        for (const char *name = held; name && path.contains(name); name = held)
+            std::this_thread::yield();
+        return CFileSystem::open(path, flags, mode);
+    }
     qint64 write(int file, const char *data, qint64 size) override
     {
         if (hasNoMemory)
@@ -40,6 +50,7 @@ public:
     }
     int sync(int file) override
     {
+        ++syncs;
         if (!refusesSync)
             return CFileSystem::sync(file);
         errno = EIO;
@@ -54,10 +65,13 @@ struct SWorld
     QString folder = root.filePath(QStringLiteral("state/journal"));
     std::mutex mutex;
     QStringList told;
-    CJournals journals{folder, [this](const QString &text) {
+    std::atomic<int> arrived{0};
+    CJournals journals{folder,
+                       [this](const QString &text) {
                            const std::lock_guard<std::mutex> lock(mutex);
                            told << text;
-                       }};
+                       },
+                       [this](const QUuid &) { ++arrived; }};
 
     int toldCount()
     {
@@ -106,6 +120,7 @@ private Q_SLOTS:
     void staysSmall();
     void goesOnWithAnotherRunsJournal();
     void keepsTheHistoryOfAFile();
+    void waitsForNoHistory();
     void leavesOthersAlone();
     void forgetsWhatWasSavedOnceTheFileHasChanged();
     void sharesNoFile();
@@ -286,6 +301,50 @@ void CJournalsTest::keepsTheHistoryOfAFile()
     QVERIFY(world.journals.history(owner.processor).steps.isEmpty());
     QCOMPARE(world.toldCount(), 1);
     QVERIFY(world.files().isEmpty());
+}
+
+void CJournalsTest::waitsForNoHistory()
+{
+    CRecordingEditor editor = smallEditor();
+    CSwitchedDisk disk;
+    SWorld world;
+    const QString file = world.root.filePath(QStringLiteral("wall.sprj"));
+    const SJournalOwner owner = ownerOf(editor, file);
+    const QUuid processor = owner.processor;
+    world.journals.begin(owner, editor.project());
+    world.journals.note(editor.edit(QStringLiteral("one")));
+    ProjectSamples::setContent(file, "saved");
+    editor.save();
+    disk.held = ".history";
+    world.journals.settle(owner);
+    CRecordingEditor other = smallEditor(2);
+    SJournalOwner another = ownerOf(other);
+    another.processor = QUuid::createUuid();
+    world.journals.begin(another, other.project());
+    SEditRecord record = other.edit(QStringLiteral("other"));
+    record.processor = another.processor;
+    const int before = disk.syncs;
+    world.journals.note(record);
+    QTRY_VERIFY(disk.syncs > before); // confirmed nevertheless
+    world.journals.beginOpened(owner, editor.project());
+    QVERIFY(world.journals.history(processor).steps.isEmpty());
+    QCOMPARE(world.arrived.load(), 0);
+    disk.held = nullptr;
+    QTRY_COMPARE(world.arrived.load(), 1);
+    QVERIFY(world.journals.isUnedited(processor));
+    QVERIFY(sameHistory(world.journals.history(processor), editor.history()));
+    world.journals.note(editor.edit(QStringLiteral("two")));
+    world.journals.stop();
+    QList<SStrayJournal> strays = world.strays();
+    QCOMPARE(strays.size(), 2);
+    if (strays.first().journal.owner.processor != processor)
+        strays.takeFirst();
+    disk.held = ".journal~new"; // what was read is at hand at once
+    CJournals next(world.folder, {});
+    next.adopt(strays.first(), ownerOf(editor));
+    const SEditHistory adopted = next.history(processor);
+    disk.held = nullptr;
+    QVERIFY(sameHistory(adopted, editor.history()));
 }
 
 void CJournalsTest::leavesOthersAlone()
