@@ -102,9 +102,8 @@ void CJournals::submit(bool large, const Task &task)
         if (m_stopped)
             return;
         if (!large && mayRunNow())
-            carryOut(task);
-        else
-            m_waiting.push_back(task);
+            return carryOut(task); // the thread looks for what is to be confirmed once a while
+        m_waiting.push_back(task);
     }
     m_wake.notify_all();
 }
