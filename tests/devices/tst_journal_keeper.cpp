@@ -6,7 +6,9 @@
 
 #include <QDir>
 
+#include <atomic>
 #include <memory>
+#include <thread>
 
 namespace {
 
@@ -70,6 +72,23 @@ struct SRuns
     SStrayJournal offer() const { return keeper().offers().value(0); }
 };
 
+/// A disk that does not open histories for a while.
+class CSlowDisk final : public CFileSystem
+{
+public:
+    CSlowDisk() { setCurrent(this); }
+    ~CSlowDisk() override { setCurrent(nullptr); }
+
+    std::atomic<bool> isSlow{true};
+
+    int open(const QByteArray &path, int flags, mode_t mode) override
+    {
+        while (isSlow && path.endsWith(".history"))
+            std::this_thread::yield();
+        return CFileSystem::open(path, flags, mode);
+    }
+};
+
 bool sameCabinets(const CabinetLayout &a, const CabinetLayout &b)
 {
     return std::equal(a.ports.begin(), a.ports.end(), b.ports.begin(), b.ports.end(),
@@ -92,6 +111,7 @@ private Q_SLOTS:
     void forgetsWhatIsSavedOrGivenUp();
     void looksWithoutChangingAnything();
     void keepsTheHistoryOfAProject();
+    void offersAHistoryThatComesLate();
 };
 
 void CJournalKeeperTest::restoresAProject()
@@ -266,6 +286,24 @@ void CJournalKeeperTest::keepsTheHistoryOfAProject()
     runs.savedProject(); // another wall of that name
     const QUuid another = runs.shelf().open(runs.file()).value();
     QVERIFY(runs.run->handler.editHistory(another).steps.isEmpty());
+}
+
+void CJournalKeeperTest::offersAHistoryThatComesLate()
+{
+    CSlowDisk disk;
+    SRuns runs;
+    const QUuid project = runs.savedProject();
+    runs.edit(project, 1);
+    QVERIFY(runs.shelf().save(project, runs.file()));
+    runs.start();
+    const QUuid opened = runs.shelf().open(runs.file()).value();
+    const bool early = !runs.run->handler.editHistory(opened).steps.isEmpty();
+    runs.run->log.take();
+    disk.isSlow = false;
+    QVERIFY(!early);
+    QVERIFY(!runs.run->log.waitFor(int(LayoutNotification::LayoutReplaced)).isEmpty());
+    QCOMPARE(runs.run->handler.editHistory(opened).steps.size(), 1);
+    runs.run.reset();
 }
 
 ORVO_TEST_MAIN(QCoreApplication, CJournalKeeperTest)
