@@ -58,6 +58,8 @@ SPrintInput CPrintCommand::input()
         for (const auto &pair : pairs) {
             if (pair.first == processor.node.uuid)
                 processor.redundancy = pair.second;
+            if (pair.second == processor.node.uuid)
+                processor.primary = pair.first;
         }
     }
     input.library = CHostAccess::call<&Host::typeLibrary>();

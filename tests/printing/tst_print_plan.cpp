@@ -323,6 +323,12 @@ private Q_SLOTS:
         input.others.insert(spare.uuid, spare);
         const SPlanProcessor printed = SPrintPlan::of(input, {}).processors.first();
         QCOMPARE(printed.farEnd, QStringLiteral("Spare(10.0.0.9)"));
+        QCOMPARE(printed.primary, QString());
+        std::swap(input.processors[0].redundancy, input.processors[0].primary);
+        const SPlanProcessor takesOver = SPrintPlan::of(input, {}).processors.first();
+        QCOMPARE(takesOver.primary, printed.farEnd);
+        QVERIFY(takesOver.farEnd.isEmpty() && !takesOver.port(7)->looped);
+        std::swap(input.processors[0].redundancy, input.processors[0].primary);
         QVERIFY(printed.port(7)->looped);
         QCOMPARE(printed.port(7)->redundancyText(), QStringLiteral("Spare, port 8"));
         SPrintJob job;

@@ -216,6 +216,7 @@ private Q_SLOTS:
         SPrintInput input = GraphicsWalls::inputOf(GraphicsWalls::mediumWall());
         input.processors << GraphicsWalls::inputOf(GraphicsWalls::smallWall()).processors;
         input.processors[1].node.name = QStringLiteral("Side");
+        input.processors[1].primary = input.processors[0].layout.processor;
         input.processors[1].layout.ports[0].groups[0].cabinets[0].type = SMD5::ofContent("unknown");
         SPrintJob job{configOf(PrintConfig::A4), {}, {}};
         for (const bool same : {true, false}) {
@@ -234,6 +235,10 @@ private Q_SLOTS:
             QVERIFY(has(sheets.last(), "All processors"));
             QCOMPARE(SheetTexts::whole(sheets.first()).contains(QStringLiteral("3.9 mm from pixel")), !same);
         }
+        const QVector<SSheet> usual = CSheetSet::of(SPrintPlan::of(input, {})).value();
+        QVERIFY(SheetTexts::whole(usual.first()).contains(QStringLiteral(", redundancy of Main stage(")));
+        const char takesOver[] = "for Main stage(192.168.10.12)";
+        QVERIFY(!has(usual.at(1), takesOver) && has(usual.at(2), takesOver)); // the tables of ports
     }
 
     void refusesPaperThatIsTooSmall()

@@ -103,6 +103,8 @@ SPlanProcessor CPlanBuilder::processor(const SPrintedProcessor &source)
     made.farEnd = made.config.farEnd.isEmpty() && !source.redundancy.isNull()
                       ? nameOf(source.redundancy, true)
                       : made.config.farEnd;
+    if (!source.primary.isNull())
+        made.primary = nameOf(source.primary, true);
     made.pixels = source.layout.boundingRect();
     const int highest = source.layout.ports.isEmpty() ? 0 : source.layout.ports.last().index + 1;
     for (int index = 0; index < std::max(source.portCount, highest); ++index)

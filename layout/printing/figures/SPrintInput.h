@@ -26,6 +26,7 @@ struct SPrintedProcessor
     qint64 pixelLimit = 0;      ///< what the processor can drive in all; 0: unknown
     QMap<int, SPortLoad> loads; ///< by output-port index; of every port
     QUuid redundancy;           ///< the processor that takes over when this one fails; null: none
+    QUuid primary;              ///< the processor that this one takes over for; null: none
 };
 
 /// What is printed. A value: what happens to the layout later does not change it.

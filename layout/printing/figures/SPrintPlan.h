@@ -106,6 +106,7 @@ struct SPlanProcessor
     PrintConfig config;             ///< that its sheets are made with
     QString name;                   ///< "name (address)", or the name
     QString farEnd;                 ///< the processor that all strings are looped back to; empty: none
+    QString primary;                ///< the processor that this one takes over for; empty: none
     QString version;                ///< of the layout, "C379-AAD8"
     QVector<SPlanCabinet> cabinets; ///< by port, then by place in the chain, then those without wiring
     QVector<SPlanPort> ports;       ///< every output port of the processor, ascending

@@ -68,8 +68,10 @@ void CCoverTotals::addProcessors()
         const SPlanProcessor &processor = m_plan.processors.at(i);
         const QString kind =
             processor.source.kind.isEmpty() ? QString() : tr(", kind %1").arg(processor.source.kind);
+        const QString role =
+            processor.primary.isEmpty() ? QString() : tr(", redundancy of %1").arg(processor.primary);
         addLine(i == 0 ? tr("Processors") : QString(), i == 0 ? whole(count) : QString(),
-                processor.name + kind);
+                processor.name + kind + role);
     }
     if (count > MostProcessors)
         addLine({}, {}, tr("and %1 more").arg(count - MostProcessors));

@@ -26,11 +26,14 @@ QString paperName(const PrintConfig &config)
                                                     : QString::fromLatin1(names[config.paper]);
 }
 
-/// The processor that the strings of @p processor are looped back to; empty unless it is one.
+/// The processor that the strings of @p processor are looped back to, or the one that it takes over for;
+/// empty unless it is one.
 QString redundancyOf(const SPlanProcessor &processor)
 {
     if (!processor.farEnd.isEmpty())
         return processor.farEnd;
+    if (!processor.primary.isEmpty())
+        return CSheetSet::tr("for %1").arg(processor.primary);
     QString found;
     for (const SPlanPort &port : processor.ports) {
         if (!port.looped)
