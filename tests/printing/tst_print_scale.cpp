@@ -93,9 +93,11 @@ void CPrintScaleTest::refusesWhatDoesNotFit()
     const SPrintPlan huge = planOf(inputOf(mediumWall()), config);
     const auto refused = CPortSheets(CWall(huge, 0), SSheetArea::of(config)).sheets(1);
     QVERIFY(!refused);
-    QVERIFY(refused.error().contains(QStringLiteral("Port 1 of Main stage")));
+    QVERIFY(refused.error().startsWith(QStringLiteral("At 1:2, cabinet r1 c1 of Main stage(")) &&
+            refused.error().contains(QStringLiteral("port 1, has no room on a sheet of A4.")));
     const auto overview = COverviewSheets(CWall(huge, 0), SSheetArea::of(config)).sheets(1, 2);
-    QVERIFY(!overview && overview.error().contains(QStringLiteral("1:2,")));
+    QVERIFY(!overview && overview.error().contains(QStringLiteral("1:2, cabinet r1 c1 ")));
+    QVERIFY(overview.error().contains(QStringLiteral("a sheet of A4.")));
 }
 
 void CPrintScaleTest::tilesTheSamePartsFromBehind()

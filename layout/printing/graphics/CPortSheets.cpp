@@ -151,6 +151,30 @@ SSheet CPortSheets::sheet(const SPlanPort &port, const CPortPanel &panel, const 
     return sheet;
 }
 
+QString CPortSheets::problemOf(const SPlanPort &port) const
+{
+    const SPlanProcessor &processor = m_wall.processor();
+    const QString paper = SSheetArea::nameOf(processor.config);
+    if (trueScale(port) <= 0)
+        return tr("Port %1 of %2 cannot be drawn on %3, not even one cabinet a sheet. Choose larger paper.")
+            .arg(port.index + 1)
+            .arg(processor.name, paper);
+    const auto area = [&](int cabinet) {
+        const QSizeF size = m_wall.cabinets().at(cabinet).millimetres.size();
+        return size.width() * size.height();
+    };
+    const QVector<int> cabinets = CWall::cabinetsOf(port);
+    const int largest =
+        *std::max_element(cabinets.begin(), cabinets.end(), [&](int a, int b) { return area(a) < area(b); });
+    return tr("At 1:%1, cabinet %2 of %3, port %4, has no room on a sheet of %5. Choose larger paper or a "
+              "smaller "
+              "scale.")
+        .arg(processor.config.scale)
+        .arg(m_wall.cabinets().at(largest).place(), processor.name)
+        .arg(port.index + 1)
+        .arg(paper);
+}
+
 CResult<QVector<SSheet>> CPortSheets::sheets(int first) const
 {
     QVector<SSheet> all;
@@ -158,11 +182,7 @@ CResult<QVector<SSheet>> CPortSheets::sheets(int first) const
         const CPortPanel panel(m_wall, *port, m_area.content.height() - TitleHeight);
         const SDivision divided = division(*port, panel);
         if (divided.parts.isEmpty())
-            return CResult<QVector<SSheet>>::failure(
-                tr("Port %1 of %2 cannot be drawn on this paper, not even one cabinet a sheet. Choose larger "
-                   "paper or a smaller scale.")
-                    .arg(port->index + 1)
-                    .arg(m_wall.processor().name));
+            return CResult<QVector<SSheet>>::failure(problemOf(*port));
         const int begin = first + all.size();
         for (int part = 0; part < divided.parts.size(); ++part) {
             for (SSheet::View view : m_views)

@@ -37,6 +37,8 @@ private:
     SDivision division(const SPlanPort &port, const CPortPanel &panel, double least) const;
     SSheet sheet(const SPlanPort &port, const CPortPanel &panel, const SDivision &division, int part,
                  SSheet::View view, int first) const;
+    /// Why no part of @p port can be drawn.
+    QString problemOf(const SPlanPort &port) const;
     QString summary(const SPlanPort &port, int part, int parts) const;
     /// 0: the drawing fits the sheet; also where cabinets at the true scale could not be labelled.
     double trueScale(const SPlanPort &port) const;

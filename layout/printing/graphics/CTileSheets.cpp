@@ -65,10 +65,11 @@ CResult<QVector<SSheet>> CTileSheets::sheets() const
     for (const SPlanCabinet &cabinet : m_wall.cabinets()) {
         const QSizeF size = cabinet.millimetres.size() * m_scale;
         if (size.width() > m_field.width() || size.height() > m_field.height())
-            return CResult<QVector<SSheet>>::failure(tr("At 1:%1, cabinet %2 of %3 is larger than the paper. "
-                                                        "Choose larger paper or a smaller scale.")
+            return CResult<QVector<SSheet>>::failure(tr("At 1:%1, cabinet %2 of %3 is larger than a sheet of "
+                                                        "%4. Choose larger paper or a smaller scale.")
                                                          .arg(m_wall.processor().config.scale)
-                                                         .arg(cabinet.place(), m_wall.processor().name));
+                                                         .arg(cabinet.place(), m_wall.processor().name,
+                                                              SSheetArea::nameOf(m_wall.processor().config)));
     }
     SWallPart part;
     part.owned.resize(m_wall.cabinets().size());

@@ -19,13 +19,6 @@
 
 namespace {
 
-QString paperName(const PrintConfig &config)
-{
-    static const char *const names[] = {"A4", "A3", "A2", "A1", "A0", "Letter", "Tabloid"};
-    return config.paper == PrintConfig::CustomPaper ? SheetNumbers::sides(config.customPaper)
-                                                    : QString::fromLatin1(names[config.paper]);
-}
-
 /// The processor that the strings of @p processor are looped back to, or the one that it takes over for;
 /// empty unless it is one.
 QString redundancyOf(const SPlanProcessor &processor)
@@ -249,7 +242,7 @@ STitleFacts CSheetSet::factsOf(int processor) const
     STitleFacts facts;
     facts.project = config.project;
     facts.redundancy = all ? ofAll(m_plan, redundancyOf) : redundancyOf(m_plan.processors.at(processor));
-    facts.paper = paperName(config);
+    facts.paper = SSheetArea::nameOf(config);
     facts.designer = config.designer;
     facts.auditor = config.auditor;
     facts.date = config.date;

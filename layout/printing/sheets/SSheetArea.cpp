@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/printing/sheets/SSheetArea.h"
 
+#include "layout/printing/sheets/SheetNumbers.h"
+
 #include <QPageSize>
 
 namespace {
@@ -55,4 +57,11 @@ QSizeF SSheetArea::least(const PrintConfig &config)
     const double top = config.binding == PrintConfig::BindTop ? first : config.margin;
     return {left + TitleBlockWidth + config.margin,
             top + Padding + LeastContent + 1 + 2 * StripHeight + config.margin};
+}
+
+QString SSheetArea::nameOf(const PrintConfig &config)
+{
+    static const char *const names[] = {"A4", "A3", "A2", "A1", "A0", "Letter", "Tabloid"};
+    return config.paper == PrintConfig::CustomPaper ? SheetNumbers::sides(config.customPaper)
+                                                    : QString::fromLatin1(names[config.paper]);
 }

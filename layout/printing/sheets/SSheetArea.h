@@ -6,6 +6,7 @@
 
 #include <QRectF>
 #include <QSizeF>
+#include <QString>
 
 /// How a sheet is divided. Millimetres from its upper left corner.
 struct SSheetArea
@@ -21,6 +22,8 @@ struct SSheetArea
     QRectF content;    ///< what is left for the sheet itself, within the padding
 
     static SSheetArea of(const PrintConfig &config);
+    /// The name of the paper, "A4", or its sides in millimetres.
+    static QString nameOf(const PrintConfig &config);
     /// Whether frame and title block fit on the paper, and some content.
     bool isUsable() const;
     /// The smallest usable paper with the margins of @p config.
