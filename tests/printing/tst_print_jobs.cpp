@@ -78,11 +78,14 @@ QString faultOf(const PdfText::SPage &page, const SSheet &sheet)
         return QStringLiteral("lines in the margin");
     if (page.runs.size() != texts.size())
         return QStringLiteral("%1 texts instead of %2").arg(page.runs.size()).arg(texts.size());
+    static const QRegularExpression cutNumber(QStringLiteral("^[\\d,.]*\u2026[\\d,.]*$"));
     QVector<QPair<QRectF, QString>> placed;
     for (int i = 0; i < texts.size(); ++i) {
         const PdfText::SRun &run = page.runs.at(i);
         if (run.text != texts.at(i).text)
             return run.text + QStringLiteral(" instead of ") + texts.at(i).text;
+        if (run.text.contains(cutNumber))
+            return run.text + QStringLiteral(" is cut");
         if (!SheetTexts::isWithin(margins, run.letters) || run.letters.isEmpty())
             return run.text + QStringLiteral(" in the margin");
         const QPointF off = run.letters.center() - SheetTexts::lettersOf(texts.at(i)).center();

@@ -3,6 +3,7 @@
 #include "layout/printing/lists/CCoverSheet.h"
 
 #include "layout/printing/graphics/WallSketch.h"
+#include "layout/printing/lists/CCoverCables.h"
 #include "layout/printing/lists/CCoverTotals.h"
 #include "layout/printing/lists/CPartsList.h"
 #include "layout/printing/lists/ListSheets.h"
@@ -16,7 +17,6 @@ namespace {
 
 using SheetNumbers::dash;
 using SheetNumbers::decimal;
-using SheetNumbers::orDash;
 using SheetNumbers::whole;
 
 constexpr double CoverHead = 19;
@@ -28,7 +28,6 @@ constexpr double EntryHeight = 5.4; ///< of an entry of the list of sheets
 constexpr double EntryLine = 3.8;   ///< of each further line of it
 constexpr double EntryLeft = 23;
 constexpr double PartTitle = 6.4;
-constexpr double CablesHeight = 35; ///< of the table of cables with its title
 constexpr double PartBase = 4.4;
 
 /// Lines of at most @p width, smaller before they are more than @p most; at last their end is cut off.
@@ -50,40 +49,6 @@ QString quotedNames(const SPrintPlan &plan)
     for (const SPlanProcessor &processor : plan.processors)
         names << QStringLiteral("\u201c%1\u201d").arg(processor.source.node.name);
     return names.join(QStringLiteral(", "));
-}
-
-/// A column of the table of cables.
-struct SCableColumn
-{
-    QString name;
-    SPartsTally::SCable cables;
-};
-
-/// The lengths, those too long for the stock last; if there are too many, the rarest share a column.
-QVector<SCableColumn> cableColumns(const SPartsTally &tally, const PrintConfig &config, int most)
-{
-    QVector<int> lengths = tally.cables.keys().toVector();
-    if (!lengths.isEmpty() && lengths.first() == 0)
-        lengths.append(lengths.takeFirst());
-    QVector<int> common = lengths;
-    std::stable_sort(common.begin(), common.end(), [&tally](int a, int b) {
-        return tally.cables.value(a).needed() > tally.cables.value(b).needed();
-    });
-    if (common.size() > most)
-        common.resize(most - 1);
-    QVector<SCableColumn> columns;
-    SPartsTally::SCable others;
-    for (const int metres : qAsConst(lengths)) {
-        const SPartsTally::SCable cable = tally.cables.value(metres);
-        if (common.contains(metres))
-            columns.append({SCableRun::metres(metres, config.cables), cable});
-        others.hops += common.contains(metres) ? 0 : cable.hops;
-        others.feeds += common.contains(metres) ? 0 : cable.feeds;
-        others.loops += common.contains(metres) ? 0 : cable.loops;
-    }
-    if (others.needed() > 0)
-        columns.append({CCoverSheet::tr("other"), others});
-    return columns;
 }
 
 /// A level line with arrow heads and a text in its middle.
@@ -113,7 +78,7 @@ QVector<SSheet> CCoverSheet::sheets(const SPrintPlan &plan, const Walls &walls,
     CCoverSheet cover(plan, walls, entries, area);
     CCoverTotals(plan, cover.m_flow).add();
     cover.addTypes();
-    cover.addCables();
+    CCoverCables::add(cover.m_flow, cover.m_tally, plan.config);
     const QRectF right = cover.columns().last();
     if (cover.columns().size() > 1 && cover.m_flow.room().left() < right.left())
         cover.m_flow.nextColumn();
@@ -203,8 +168,8 @@ void CCoverSheet::addTypes()
         {tr("Type")},           {tr("Name")},         {tr("Pixels"), 0, right},
         {tr("mm"), 0, right},   {tr("kg"), 0, right}, {tr("W max. / avg."), 0, right},
         {tr("Count"), 0, right}};
-    const int most =
-        std::max(2, CSheetTable(columns, Row).capacity(m_flow.room().height() - PartTitle - CablesHeight));
+    const int most = std::max(
+        2, CSheetTable(columns, Row).capacity(m_flow.room().height() - PartTitle - CCoverCables::Height));
     m_shownTypes = m_plan.types.size() <= most ? m_plan.types.size() : most - 1;
     QVector<STableRow> rows;
     for (int i = 0; i < m_shownTypes; ++i) {
@@ -230,40 +195,6 @@ void CCoverSheet::addTypes()
         rows << row;
     }
     m_flow.addTable(tr("Cabinets by type"), CSheetTable(columns, Row), rows);
-}
-
-void CCoverSheet::addCables()
-{
-    constexpr double Label = 34;
-    constexpr double Count = 14;
-    constexpr double Narrowest = 10; // of a column with four digits
-    if (m_flow.room().height() < CablesHeight)
-        m_flow.nextColumn();
-    const double room = m_flow.room().width() - Label - Count;
-    QVector<SCableColumn> lengths = cableColumns(m_tally, m_plan.config, qBound(2, int(room / Narrowest), 8));
-    if (lengths.isEmpty())
-        return;
-    lengths.append({tr("Count"), m_tally.all});
-    const double each = std::min(14.0, room / (lengths.size() - 1));
-    QVector<STableColumn> columns{{tr("Length, m"), Label}};
-    for (const SCableColumn &column : qAsConst(lengths))
-        columns.append({column.name, each, Qt::AlignRight});
-    columns.last().width = Count;
-    const auto row = [&lengths](const QString &name, auto valueOf) {
-        STableRow made;
-        made.cells << name;
-        for (const SCableColumn &column : qAsConst(lengths))
-            made.cells << orDash(valueOf(column.cables));
-        return made;
-    };
-    using SCable = SPartsTally::SCable;
-    QVector<STableRow> rows{row(tr("Cabinet to cabinet"), [](const SCable &cable) { return cable.hops; }),
-                            row(tr("Feed from the rack"), [](const SCable &cable) { return cable.feeds; })};
-    if (m_tally.all.loops > 0)
-        rows << row(tr("Loop back to the rack"), [](const SCable &cable) { return cable.loops; });
-    STableRow sum = row(tr("Total"), [](const SCable &cable) { return cable.needed(); });
-    sum.kind = STableRow::Sum;
-    m_flow.addTable(tr("Signal cables, slack included"), CSheetTable(columns, 5.6), rows, {sum});
 }
 
 void CCoverSheet::addWalls()

@@ -49,7 +49,6 @@ private:
     QVector<QRectF> columns() const;
     QStringList linesOf(const SCoverEntry &entry, double width) const;
     void addTypes();
-    void addCables();
     void addWalls();
     void addEntries();
     QStringList notes() const;
