@@ -107,6 +107,7 @@ void CMainWindow::buildStatusBar()
     statusBar()->addPermanentWidget(m_module->statusBar());
     m_processor = new CElidedLabel;
     m_processor->setObjectName(QStringLiteral("CurrentProcessor"));
+    m_processor->setContentsMargins(0, 0, 8, 0); // a maximised window has no size grip
     statusBar()->addPermanentWidget(m_processor);
 }
 

@@ -33,7 +33,8 @@ void CElidedLabel::setFullText(const QString &text)
 
 QSize CElidedLabel::sizeHint() const
 {
-    const int width = fontMetrics().horizontalAdvance(m_fullText) + 1;
+    const QMargins margins = contentsMargins();
+    const int width = fontMetrics().horizontalAdvance(m_fullText) + 1 + margins.left() + margins.right();
     return {std::min(width, WidestHint), QLabel::sizeHint().height()};
 }
 

@@ -267,6 +267,9 @@ private Q_SLOTS:
         QVERIFY(label.toolTip().contains(label.fullText()));
         label.setFullText(QStringLiteral("short"));
         QVERIFY(label.text() == label.fullText() && label.toolTip().isEmpty());
+        const int width = label.sizeHint().width();
+        label.setContentsMargins(0, 0, 8, 0);
+        QCOMPARE(label.sizeHint().width(), width + 8);
     }
 
     void afterAQuestionTheWindowBelowIsActive()

@@ -140,7 +140,11 @@ void CPenStroke::finish(CUndoRecorder &recorder) const
         return;
     const CEditBatch batch(m_editing);
     const CUndoMacro macro(recorder, QStringLiteral("createTopologyWiring"));
-    CWiringRecorder::rechain(recorder, *owner, chain());
+    const QVector<CGraphicsCabinetItem *> drawn = chain();
+    const bool same = drawn == owner->chain().order();
+    CWiringRecorder::rechain(recorder, *owner, drawn);
     if (m_passedOthers)
         m_editing.tell(tr("Cabinets of other ports were left out."));
+    else if (same)
+        m_editing.tell(tr("It is wired like this already."));
 }
