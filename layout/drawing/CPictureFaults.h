@@ -24,8 +24,13 @@ public:
     void mark(SCabinetLook &look);
 
 private:
+    static constexpr int NotKept = -1;
+
+    void findOverlapping();
+
     QSize m_canvas;
+    QVector<QRect> m_rects; ///< null: of a redundancy port
     COverlapGrid m_grid;
-    QVector<int> m_numbers; // in the grid; NotKept: of a redundancy port
+    QVector<int> m_numbers; ///< in the grid
     int m_next = 0;
 };

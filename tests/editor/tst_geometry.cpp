@@ -7,6 +7,7 @@
 #include "layout/geometry/COverlapGrid.h"
 #include "layout/geometry/CReceiverAreas.h"
 #include "layout/geometry/CResizeHandles.h"
+#include "layout/geometry/CSharedPixels.h"
 #include "layout/geometry/CSnakeOrder.h"
 #include "tests/harness/CTestBase.h"
 
@@ -221,6 +222,27 @@ private Q_SLOTS:
         CReceiverAreas::resize(cabinet, {3, 3}, {128, 96});
         QCOMPARE(cabinet.rects.first(), QRect(0, 0, 55, 96));
         QVERIFY(cabinet.rects.at(1).isEmpty());
+    }
+
+    void sharedPixelsAreFoundAsByComparingAll()
+    {
+        QRandomGenerator random(7);
+        for (int round = 0; round < 300; ++round) {
+            QVector<QRect> rects(random.bounded(12));
+            for (QRect &rect : rects)
+                rect = QRect(random.bounded(-200, 200), random.bounded(-20, 20), random.bounded(140),
+                             random.bounded(9));
+            const QVector<bool> found = CSharedPixels::overlapping(rects);
+            for (int i = 0; i < rects.size(); ++i) {
+                int others = 0;
+                for (const QRect &rect : qAsConst(rects))
+                    others += &rect != &qAsConst(rects)[i] && !rect.isEmpty() && rect.intersects(rects.at(i));
+                QCOMPARE(found.at(i), others > 0 && !rects.at(i).isEmpty());
+            }
+        }
+        const QVector<QRect> wide = {{0, 0, 1, 1},
+                                     {1 << 23, 1 << 23, 1, 1}}; // which nothing could be drawn on
+        QCOMPARE(CSharedPixels::overlapping(wide), (QVector<bool>{true, true}));
     }
 
     void overlapsAreFoundAsByComparingAll()
