@@ -3,6 +3,7 @@
 #include "host/app/commands/CSheetExport.h"
 #include "host/projects/CProcessorProject.h"
 #include "layout/api/access/CHostAccess.h"
+#include "layout/api/records/PortPairs.h"
 #include "layout/plugin/CPrintCommand.h"
 #include "platform/control/IAbstractControlInterface.h"
 #include "tests/devices/CDeviceFixture.h"
@@ -68,6 +69,36 @@ private Q_SLOTS:
             ++compared;
         }
         QVERIFY(compared >= 3);
+    }
+
+    void redundancyPortsOfProjectsFollowTheirPrimaries()
+    {
+        using Port = CabinetLayout::CabinetPort;
+        SProcessorProject left, right;
+        for (SProcessorProject *project : {&left, &right}) {
+            project->portCount = 4;
+            project->layout.processor = QUuid::createUuid();
+            project->layout.ports.resize(4);
+            for (int port = 0; port < 4; ++port)
+                project->layout.ports[port].index = port;
+        }
+        const auto pair = [](SProcessorProject &of, int primary, SProcessorProject &by, int backup,
+                             int width) {
+            Port::Cabinet cabinet;
+            cabinet.rect = QRect(0, 0, width, 100);
+            cabinet.rank = 0;
+            Port &port = of.layout.ports[primary];
+            port.groups.resize(1);
+            port.groups[0].cabinets = {cabinet};
+            PortPairs::setPair(port, of.layout.processor, Port::Primary, {by.layout.processor, backup});
+            PortPairs::setPair(by.layout.ports[backup], by.layout.processor, Port::Redundant,
+                               {of.layout.processor, primary}); // the mirror is older
+        };
+        pair(left, 0, left, 1, 100);
+        pair(left, 2, right, 3, 200);
+        const auto printed = CSheetExport::inputOf({left, right}).processors;
+        QCOMPARE(printed[0].loads.value(1).pixels, qint64(100 * 100));
+        QCOMPARE(printed[1].loads.value(3).pixels, qint64(200 * 100));
     }
 };
 

@@ -243,6 +243,7 @@ private Q_SLOTS:
         CMessageBoxAnswerer user({QStringLiteral("OK")});
         QTest::mouseClick(world.user->apply(), Qt::LeftButton);
         QCOMPARE(user.texts(), QStringList{QStringLiteral("Invalid primary-redundancy settings.")});
+        QCOMPARE(user.boxes().first().icon, QMessageBox::Information);
         QCOMPARE(world.host.answers()->count(QStringLiteral("applyProcessorRedundancy")), 0);
         QCOMPARE(world.rows(), QStringLiteral("A>B|>C"));
         QVERIFY(world.user->apply()->isEnabled());
