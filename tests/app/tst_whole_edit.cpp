@@ -105,7 +105,7 @@ private Q_SLOTS:
     {
         registerRecordMetaTypes();
         CTheme::apply(*qApp);
-        QApplication::setQuitOnLastWindowClosed(false); // the test ends the program
+        QApplication::setQuitOnLastWindowClosed(false);               // the test ends the program
         QApplication::setKeyboardInputInterval(PatienceMilliseconds); // a busy machine types slowly
     }
 
