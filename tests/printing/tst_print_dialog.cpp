@@ -9,6 +9,7 @@
 #include "layout/printing/lists/CSheetSet.h"
 #include "layout/printing/output/CSheetPrinter.h"
 #include "layout/printing/output/CSheetWriter.h"
+#include "platform/widgets/CElidedLabel.h"
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CFileDialogAnswerer.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
@@ -83,6 +84,7 @@ private Q_SLOTS:
         found<QCheckBox>(dialog, QStringLiteral("Parts list"))->setChecked(false);
         QVERIFY(!save->isEnabled()); // not what the settings say
         QTRY_COMPARE(number->maximum(), 23);
+        QCOMPARE(dialog.findChild<CElidedLabel *>()->fullText(), QString()); // not laid out any more
         processors->item(1)->setCheckState(Qt::Checked);
         QTRY_VERIFY(number->maximum() > 30);
         for (auto *box : dialog.findChild<CPrintSettings *>()->findChildren<QCheckBox *>())

@@ -261,6 +261,8 @@ void CPrintDialog::layOut()
     else {
         if (m_sheets.isEmpty())
             m_preview->tell(tr("Laying out the sheets..."));
+        else if (!m_writing)
+            m_told->setFullText(tr("Laying out the sheets..."));
         m_work.layOut(input, job());
     }
 }
