@@ -27,6 +27,7 @@
 #include <QSemaphore>
 #include <QSignalSpy>
 #include <QSpinBox>
+#include <QWheelEvent>
 
 #include <new>
 #include <thread>
@@ -213,6 +214,19 @@ private Q_SLOTS:
         QCOMPARE(whole.mid(1, 5), (QVector<int>{1000000, 1000000, 100000, 100000, 100}));
         QCOMPARE(settings.findChild<QDoubleSpinBox *>()->text(),
                  settings.locale().toString(5000) + QStringLiteral(" mm"));
+    }
+
+    /// The wheel scrolls, also where a field without focus is under the cursor.
+    void keepsValuesFromTheWheel()
+    {
+        CPrintSettings settings;
+        settings.setVisible(true);
+        auto *paper = settings.findChild<QComboBox *>();
+        paper->clearFocus();
+        QWheelEvent wheel({5, 5}, paper->mapToGlobal({5, 5}), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(paper, &wheel);
+        QCOMPARE(paper->currentIndex(), int(PrintConfig::A4));
     }
 
     /// Also with the focus in the area that would scroll.

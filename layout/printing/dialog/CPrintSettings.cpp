@@ -4,9 +4,11 @@
 
 #include "layout/api/records/CPrintConfigJson.h"
 
+#include <QAbstractSpinBox>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
+#include <QEvent>
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -74,7 +76,23 @@ CPrintSettings::CPrintSettings(QWidget *parent)
     addPower();
     m_groups->addStretch(1);
     setWidget(content);
+    for (auto *field : content->findChildren<QWidget *>()) {
+        if (!qobject_cast<QAbstractSpinBox *>(field) && !qobject_cast<QComboBox *>(field))
+            continue;
+        field->setFocusPolicy(Qt::StrongFocus); // not by the wheel
+        field->installEventFilter(this);
+    }
     show(m_config, true, false);
+}
+
+bool CPrintSettings::eventFilter(QObject *watched, QEvent *event)
+{
+    // A field without focus would take the wheel that scrolls the settings.
+    const auto *field = qobject_cast<QWidget *>(watched);
+    if (event->type() != QEvent::Wheel || !field || field == widget() || field->hasFocus())
+        return CScrollArea::eventFilter(watched, event);
+    event->ignore();
+    return true;
 }
 
 void CPrintSettings::show(const PrintConfig &config, bool whole, bool addressed)

@@ -26,6 +26,8 @@ public:
     void show(const PrintConfig &config, bool whole, bool addressed);
     const PrintConfig &config() const { return m_config; }
 
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 Q_SIGNALS:
     /// The user has changed something.
     void notifyChanged();
