@@ -17,8 +17,10 @@
 
 namespace {
 
-constexpr int MostOperations = 24;
-constexpr int MostCabinets = 400; // more only cost time
+// More only cost time.
+constexpr int MostOperations = 6;
+constexpr int MostCabinetsOfPort = 4;
+constexpr int MostCabinets = 100;
 
 int cabinetsIn(const CabinetLayout &layout)
 {
@@ -66,7 +68,8 @@ QString FuzzTargets::operations(const QByteArray &bytes)
     const auto byte = [&bytes](int place) { return static_cast<quint8>(bytes.at(place)); };
     if (bytes.size() < 7)
         return {};
-    CRandomWorld world(quint32(byte(0)) << 24 | quint32(byte(1)) << 16 | quint32(byte(2)) << 8 | byte(3));
+    CRandomWorld world(quint32(byte(0)) << 24 | quint32(byte(1)) << 16 | quint32(byte(2)) << 8 | byte(3),
+                       MostCabinetsOfPort);
     QString fault;
     int place = 4;
     for (int i = 0; i < MostOperations && place + 2 < bytes.size() && fault.isEmpty(); ++i, place += 3)

@@ -2,7 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/journal/CByteReader.h"
 
+#include "layout/api/records/CRecordJson.h"
+
 #include <QtEndian>
+
+#include <algorithm>
 
 namespace {
 
@@ -106,6 +110,17 @@ QByteArray CByteReader::block()
 QString CByteReader::text()
 {
     return QString::fromUtf8(block());
+}
+
+QString CByteReader::name()
+{
+    QString name = text().left(CRecordJson::MaximumTextLength);
+    const auto end = std::remove_if(name.begin(), name.end(),
+                                    [](QChar c) { return c.unicode() < 0x20 || c.unicode() == 0x7F; });
+    name.truncate(int(end - name.begin()));
+    if (!name.isEmpty() && name.at(name.size() - 1).isHighSurrogate())
+        name.chop(1); // the other half was beyond the limit
+    return name;
 }
 
 QColor CByteReader::color()

@@ -32,6 +32,7 @@ public:
     quint64 fixed();
     QUuid uuid();
     QString text();
+    QString name(); ///< a text without what no file accepts in a name
     QByteArray block();
     QColor color();
     QPoint point(int largest); ///< coordinates of at most that magnitude

@@ -75,6 +75,8 @@ QVector<QRect> readRects(CByteReader &in)
     for (int i = 0; i < count && in.isValid(); ++i) {
         const QPoint topLeft = in.point(Farthest);
         rects << QRect(topLeft, in.point(Farthest));
+        if (rects.last().width() < 0 || rects.last().height() < 0)
+            in.fail(); // no file could hold it
     }
     return rects;
 }

@@ -61,7 +61,7 @@ bool applyLevel(CByteReader &in, Groups &groups, int level);
 bool applyGroup(CByteReader &in, Group &group, int level)
 {
     if (in.byte())
-        group.name = in.text();
+        group.name = in.name();
     return CCabinetCodec::apply(in, group.cabinets) && applyLevel(in, group.groups, level + 1);
 }
 

@@ -46,8 +46,8 @@ void writeSettings(CByteWriter &out, const SProcessorProject &state)
 bool readSettings(CByteReader &in, SProcessorProject &state)
 {
     state.layout.processor = in.uuid();
-    state.name = in.text();
-    state.kind = in.text();
+    state.name = in.name();
+    state.kind = in.name();
     state.portCount = in.upTo(PortLimit);
     state.canvas = in.extent(LayoutLimits::LargestReadCanvasSide);
     state.offset = in.point(LayoutLimits::LargestOffset);

@@ -9,7 +9,6 @@
 #include "tests/editor/SmallWorlds.h"
 #include "tests/editor/random/CRandomEdits.h"
 #include "tests/editor/random/RandomKinds.h"
-#include "tests/editor/random/RandomLayout.h"
 
 #include <QCoreApplication>
 
@@ -34,11 +33,12 @@ QString CRandomWorld::kindName(int kind)
     return QString::fromLatin1(QMetaEnum::fromType<EKind>().valueToKey(kind));
 }
 
-CRandomWorld::CRandomWorld(quint32 seed)
-    : m_scene(m_world.scene)
+CRandomWorld::CRandomWorld(quint32 seed, int mostCabinets)
+    : m_mostCabinets(mostCabinets)
+    , m_scene(m_world.scene)
 {
     QRandomGenerator random(seed);
-    m_world.data = RandomLayout::randomWorld(random);
+    m_world.data = RandomLayout::randomWorld(random, m_mostCabinets);
     m_scene.setLayoutData(SmallWorlds::node(m_world.data), m_world.data);
     m_kept = CKeptSteps(m_world.layout());
     beginHistory({});
@@ -288,7 +288,7 @@ QString CRandomWorld::lookAway(QRandomGenerator &random)
     QUndoStack *stack = m_scene.backend().recorder().stack();
     m_scene.clearLayout();
     m_scene.setUndoStack(nullptr);
-    const LayoutData other = RandomLayout::randomWorld(random);
+    const LayoutData other = RandomLayout::randomWorld(random, m_mostCabinets);
     m_scene.setLayoutData(SmallWorlds::node(other), other);
     m_scene.clearLayout();
     m_scene.setUndoStack(stack);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "tests/editor/random/RandomKinds.h"
+#include "tests/editor/random/RandomLayout.h"
 #include "tests/editor/random/SRandomScene.h"
 #include "tests/harness/CKeptSteps.h"
 
@@ -23,7 +24,8 @@ public:
     static constexpr int KindCount = RandomKinds::Count;
     static QString kindName(int kind);
 
-    explicit CRandomWorld(quint32 seed);
+    /// Begins with ports of up to @p mostCabinets each.
+    explicit CRandomWorld(quint32 seed, int mostCabinets = RandomLayout::MostCabinets);
 
     /// Carries out an operation. Returns the fault found afterwards; empty if there is none.
     QString run(const SRandomOperation &operation);
@@ -48,6 +50,7 @@ private:
     QSet<QUuid> highlighted() const;
     CabinetLayout comparable() const;
 
+    const int m_mostCabinets;
     SRandomScene m_world;
     CCabinetGraphicsScene &m_scene;
     QVector<CabinetLayout> m_history;                      // by index of the undo stack

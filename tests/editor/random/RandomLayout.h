@@ -10,19 +10,21 @@
 namespace RandomLayout {
 
 constexpr int PortCount = 3;
+constexpr int MostCabinets = 20; // per port
 
 inline QUuid numberedIdentity(quint32 seed, int number)
 {
     return QUuid(seed, quint16(number), 0x4000, 0x80, 0, 0, 0, 0, 0, 0, 1);
 }
 
-inline LayoutData randomWorld(QRandomGenerator &random)
+/// Each port has up to @p most cabinets.
+inline LayoutData randomWorld(QRandomGenerator &random, int most = MostCabinets)
 {
     const quint32 seed = random.generate();
     QVector<CabinetLayout::CabinetPort> ports;
     int number = 0;
     for (int port = 0; port < PortCount; ++port) {
-        auto group = SmallWorlds::loose(port, random.bounded(21));
+        auto group = SmallWorlds::loose(port, random.bounded(most + 1));
         int rank = 0;
         const bool tiled = random.bounded(2); // so that groups often tile a rectangle
         for (auto &cabinet : group.cabinets) {
