@@ -32,6 +32,8 @@ void CLayoutHandler::commitLayoutData(const LayoutData &data)
 {
     if (data.layout.ports.isEmpty())
         return; // nothing was shown that could have been edited
+    if (m_services.announcer().isReplacing(data.processor))
+        return; // edits of what is not there any more
     bool overloaded = false;
     m_services.table().changeLayout(
         data.processor,

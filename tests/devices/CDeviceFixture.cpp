@@ -11,6 +11,7 @@
 #include <QVariant>
 
 #include <optional>
+#include <thread>
 
 namespace {
 
@@ -183,8 +184,15 @@ SDeviceOutcome CDeviceFixture::read(const QUuid &processor)
         [&](CDeviceJobs::Done done) { manager.jobs().readMapping({processor}, {}, std::move(done)); });
 }
 
+void CDeviceFixture::settle(const QUuid &processor)
+{
+    while (manager.services().announcer().isReplacing(processor))
+        std::this_thread::yield();
+}
+
 void CDeviceFixture::edit(const QUuid &processor, int port)
 {
+    settle(processor);
     LayoutData data = handler.layoutData(processor);
     data.layout.ports[port].groups[0].cabinets[0].rect.translate(8, 8);
     handler.commitLayoutData(data);
@@ -192,6 +200,7 @@ void CDeviceFixture::edit(const QUuid &processor, int port)
 
 void CDeviceFixture::lockPort(const QUuid &processor, int port, bool locked)
 {
+    settle(processor);
     LayoutData data = handler.layoutData(processor);
     data.layout.ports[port].locked = locked;
     handler.commitLayoutData(data);

@@ -47,6 +47,8 @@ struct CDeviceFixture
     QUuid detectAlone(const char *name);
     SDeviceOutcome save(const QUuid &processor);
     SDeviceOutcome read(const QUuid &processor);
+    /// Waits until the modules know of a layout that has replaced another.
+    void settle(const QUuid &processor);
     /// Commits the processor's layout with one cabinet of @p port moved, as the module would.
     void edit(const QUuid &processor, int port = 0);
     void lockPort(const QUuid &processor, int port, bool locked = true);

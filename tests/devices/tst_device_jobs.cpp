@@ -7,6 +7,8 @@
 #include "tests/devices/CDeviceFixture.h"
 #include "tests/harness/CTestBase.h"
 
+#include <atomic>
+
 namespace {
 
 using Results = QList<SDeviceOutcome::Result>;
@@ -31,6 +33,33 @@ SDeviceOutcome saveAll(CDeviceFixture &host, const LayoutData &data)
         host.handler.saveMapping(ReadSaveMappingRole::All, data, std::move(done));
     });
 }
+
+/// Hands over what was edited just before the host has replaced the layout.
+class CHastyEditor final : public CObserver
+{
+public:
+    CHastyEditor(CDeviceFixture &host, const LayoutData &edited)
+        : m_host(host)
+        , m_edited(edited)
+    {
+        m_edited.layout.ports[0].groups[0].cabinets[0].rect.translate(8, 8);
+        m_host.manager.announcer().subject().attach(*this);
+    }
+    ~CHastyEditor() override { m_host.manager.announcer().subject().detach(*this); }
+    void Update(CSubject &subject) override
+    {
+        if (subject.code() != int(LayoutNotification::LayoutReplaced))
+            return;
+        m_host.handler.commitLayoutData(m_edited);
+        hasHandedOver = true;
+    }
+
+    std::atomic<bool> hasHandedOver{false};
+
+private:
+    CDeviceFixture &m_host;
+    LayoutData m_edited;
+};
 
 } // namespace
 
@@ -250,6 +279,20 @@ private Q_SLOTS:
                 QCOMPARE(host.manager.table().isModified(host.lobby), edits);
             }
         }
+    }
+
+    void anEditOfTheLayoutBeforeARefreshIsRefused()
+    {
+        CDeviceFixture host;
+        LayoutData before = host.handler.layoutData(host.lobby);
+        host.manager.simulate(host.lobby, SimulationFault::Changed, true);
+        CHastyEditor editor(host, before);
+        QVERIFY(host.read(host.lobby).isDone());
+        QTRY_VERIFY(editor.hasHandedOver);
+        QVERIFY(!host.manager.table().isModified(host.lobby));
+        QVERIFY(host.layoutOf(host.lobby) != before.layout);
+        host.edit(host.lobby);
+        QVERIFY(host.manager.table().isModified(host.lobby));
     }
 
     void runsOneJobAtATime()

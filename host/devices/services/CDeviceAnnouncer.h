@@ -7,9 +7,11 @@
 #include "layout/api/records/CabinetLayout.h"
 #include "layout/api/records/SHostRecords.h"
 
+#include <QHash>
 #include <QObject>
 
 #include <atomic>
+#include <mutex>
 
 class CMailbox;
 
@@ -35,6 +37,8 @@ public:
     void announceState();
     void announceCommit(const QUuid &processor); ///< another working layout, canvas or background
     void announceLayout(const QUuid &processor); ///< the host has replaced the working layout
+    /// Whether that is still on its way to the modules, so that their edits belong to the layout before.
+    bool isReplacing(const QUuid &processor) const;
     void announceStatusLed(const QUuid &processor, bool on);
     void announceHighlight(const QUuid &processor, const Cabinets &cabinets, CabinetHighlight highlight);
 
@@ -63,6 +67,8 @@ Q_SIGNALS:
 
 private:
     CMailbox &m_mailbox;
-    CUpdateThread m_updates;
     std::atomic<bool> m_stateWaits{false}; // announceState() was called, but the signal is not sent yet
+    mutable std::mutex m_mutex;            // guards what follows
+    QHash<QUuid, int> m_replacing;         // how many notifications of a new layout are on their way
+    CUpdateThread m_updates;               // last: uses the others
 };

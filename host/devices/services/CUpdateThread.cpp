@@ -15,12 +15,12 @@ CUpdateThread::~CUpdateThread()
     stop(Drop);
 }
 
-void CUpdateThread::post(LayoutNotification code, std::any argument)
+void CUpdateThread::post(LayoutNotification code, std::any argument, std::function<void()> sent)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_stopping)
         return;
-    m_queue.push_back({static_cast<int>(code), std::move(argument)});
+    m_queue.push_back({static_cast<int>(code), std::move(argument), std::move(sent)});
     m_wake.notify_one();
 }
 
@@ -56,6 +56,8 @@ void CUpdateThread::send(SNotification &next)
         // An observer that reads a wrong argument type must not end the program.
         qCCritical(devicesLog, "Notification %d: %s", next.code, error.what());
     }
+    if (next.sent)
+        next.sent();
 }
 
 void CUpdateThread::run()

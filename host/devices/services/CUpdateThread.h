@@ -7,6 +7,7 @@
 #include <any>
 #include <condition_variable>
 #include <deque>
+#include <functional>
 #include <mutex>
 #include <thread>
 
@@ -25,8 +26,9 @@ public:
 
     /// Observers attach to it; their updates run on the Update thread.
     CSubject &subject() { return m_subject; }
-    /// Queues a notification; @p argument must have the code's type. Ignored once stopped. Any thread.
-    void post(LayoutNotification code, std::any argument = {});
+    /// Queues a notification; @p argument must have the code's type. @p sent is called on the Update thread
+    /// once all observers have it. Ignored once stopped. Any thread.
+    void post(LayoutNotification code, std::any argument = {}, std::function<void()> sent = {});
     /// Ends the thread; no update runs when this returns. A second call does nothing. Not from an update.
     void stop(Rest rest);
 
@@ -35,6 +37,7 @@ private:
     {
         int code;
         std::any argument;
+        std::function<void()> sent;
     };
     void run();
     bool take(SNotification &next);
