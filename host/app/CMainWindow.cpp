@@ -123,8 +123,11 @@ void CMainWindow::connectActions()
     connect(m_actions.restoreVersion, &QAction::triggered, this,
             [=] { m_projects->restoreVersion(selected()); });
     connect(m_actions.settings, &QAction::triggered, this, [this] {
-        if (CSettingsDialog(m_settings, this).exec() == QDialog::Accepted)
-            m_recovery->applyHistory();
+        if (CSettingsDialog(m_settings, this).exec() != QDialog::Accepted)
+            return;
+        m_recovery->applyHistory();
+        if (ILayoutInterface *layout = m_module->layoutModule())
+            layout->applySettings();
     });
     connect(m_actions.print, &QAction::triggered, this, [this] {
         if (ILayoutInterface *layout = m_module->layoutModule())

@@ -20,6 +20,9 @@ public:
     virtual void fillEditMenu(QMenu &menu) = 0;
     virtual void fillViewMenu(QMenu &menu) = 0;
 
+    /// The user has changed the program's settings, which the module may have read.
+    virtual void applySettings() = 0;
+
     /// Opens the print dialog, with @p parent as its window.
     virtual void print(QWidget &parent) = 0;
 

@@ -126,6 +126,12 @@ void CLayout::fillViewMenu(QMenu &menu)
     connect(history, &QAction::toggled, m_sidePanel.data(), &CLayoutSidePanel::setHistoryShown);
 }
 
+void CLayout::applySettings()
+{
+    if (m_background)
+        m_editorPage->applySettings();
+}
+
 void CLayout::print(QWidget &parent)
 {
     CPrintCommand::run(&parent);

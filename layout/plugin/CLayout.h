@@ -51,6 +51,7 @@ public:
     void fillProcessorMenu(QMenu &menu, const QUuid &processor) override;
     void fillEditMenu(QMenu &menu) override;
     void fillViewMenu(QMenu &menu) override;
+    void applySettings() override;
     void print(QWidget &parent) override;
     void flush() override;
     void setEditingBlocked(bool blocked) override;

@@ -29,6 +29,15 @@
 namespace {
 using Host = ILayoutInterfaceHandler;
 constexpr qint64 BytesPerMegabyte = 1024 * 1024;
+
+/// One of the host's settings.
+qint64 historyLimit()
+{
+    const QSettings settings = ModuleSettings::open();
+    const int megabytes = settings.value(QStringLiteral("history/limitMegabytes")).toInt();
+    return megabytes > 0 ? megabytes * BytesPerMegabyte : CEditHistory::UsualLimit;
+}
+
 } // namespace
 
 CLayoutEditorPage::CLayoutEditorPage(CLayoutData &store, QWidget *parent)
@@ -102,14 +111,10 @@ void CLayoutEditorPage::reload()
     showBackground(m_store.background());
 }
 
-/// The limit is one of the host's settings.
 SKeptHistory CLayoutEditorPage::keptHistory() const
 {
     SKeptHistory kept;
-    const QSettings settings = ModuleSettings::open();
-    const int megabytes = settings.value(QStringLiteral("history/limitMegabytes")).toInt();
-    if (megabytes > 0)
-        kept.limit = megabytes * BytesPerMegabyte;
+    kept.limit = historyLimit();
     // What waits was handed over when the processor was opened.
     kept.saved = !CHostAccess::callUnflushed<&Host::hasUnsavedEdits>(m_processor.uuid);
     if (!m_view->hasSteps(m_processor.uuid))
@@ -170,6 +175,12 @@ void CLayoutEditorPage::fillViewMenu(QMenu &menu)
     screen->setCheckable(true);
     screen->setChecked(m_wiring->showScreenButton().isChecked());
     connect(screen, &QAction::triggered, &m_wiring->showScreenButton(), &QAbstractButton::click);
+}
+
+void CLayoutEditorPage::applySettings()
+{
+    if (CEditHistory *history = m_view->history()) // others get it when they come into view
+        history->setLimit(historyLimit());
 }
 
 void CLayoutEditorPage::showEvent(QShowEvent *event)

@@ -55,6 +55,7 @@ public:
     void setScreenShown(bool shown);
     void fillEditMenu(QMenu &menu); ///< see ILayoutInterface
     void fillViewMenu(QMenu &menu);
+    void applySettings();
     /// With @p blocked, the user cannot edit.
     void setEditingBlocked(bool blocked);
     /// Lets @p panel show the selection and edit it. The panel may go before the page.

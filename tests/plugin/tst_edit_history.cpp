@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/api/access/ModuleSettings.h"
 #include "layout/editor/content/CHighlights.h"
 #include "layout/editor/history/CEditHistory.h"
 #include "layout/editor/history/CPortDelta.h"
@@ -275,9 +276,10 @@ private Q_SLOTS:
         step.ports[0].after.groups[0].cabinets[1].rect.translate(0, 500);
         world.answers()->layouts[world.a].layout.ports[0] = step.ports[0].after;
         world.answers()->histories[world.a] = CKeptSteps::historyOf({step}, 1);
+        world.answers()->histories[world.a].dropped = 12;
         world.host.notify(LayoutNotification::LayoutReplaced, world.a);
-        QTRY_COMPARE(world.rows(), QStringList({QStringLiteral("Beginning, restored from earlier"),
-                                                QStringLiteral("Move")}));
+        QTRY_COMPARE(world.rows(),
+                     QStringList({QStringLiteral("12 older steps were dropped"), QStringLiteral("Move")}));
         QCOMPARE(world.records().size(), 0);
         const auto cabinets = [&world] {
             return world.scene().backend().content().portItem(0)->cabinets(nullptr);
@@ -305,6 +307,20 @@ private Q_SLOTS:
         QCOMPARE(world.records().first().processor, world.b);
         QVERIFY(noted.words.join(QLatin1Char(' ')).contains(QStringLiteral("was dropped")));
         QCOMPARE(world.rows(), QStringList({QStringLiteral("Beginning (saved)")}));
+    }
+
+    void aNewLimitOfTheSettingsCountsAtOnce()
+    {
+        SHistoryWorld world;
+        for (int i = 0; i < 4; ++i)
+            world.nudge(i % 3);
+        CEditHistory &history = *world.view().history();
+        history.setLimit(1);
+        ModuleSettings::open().setValue(QStringLiteral("history/limitMegabytes"), 1);
+        world.page.applySettings(); // before there was time to drop steps
+        ModuleSettings::open().remove(QStringLiteral("history"));
+        QTRY_VERIFY(history.isTidy());
+        QCOMPARE(history.stack().count(), 4);
     }
 
     void theOldestStepsGoBeyondTheLimit()
