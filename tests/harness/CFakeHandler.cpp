@@ -43,6 +43,7 @@ CFakeHandler::Lock CFakeHandler::noted(const char *name, const QStringList &argu
     Lock lock(m_mutex);
     m_calls << call;
     m_threads[operation] = std::this_thread::get_id();
+    m_fails = fails && fails(operation);
     if (const auto told = onCalled) {
         lock.unlock();
         told(call);
@@ -56,7 +57,7 @@ CFakeHandler::Node CFakeHandler::node(const char *name, const QUuid &key) const
     const auto lock = note(name);
     const auto found =
         std::find_if(nodes.begin(), nodes.end(), [&key](const Node &one) { return one.uuid == key; });
-    return found == nodes.end() ? Node() : *found;
+    return m_fails || found == nodes.end() ? Node() : *found;
 }
 
 void CFakeHandler::end(Lock lock, Done done)
@@ -65,7 +66,7 @@ void CFakeHandler::end(Lock lock, Done done)
         m_waiting.push_back(std::move(done));
         return;
     }
-    const SDeviceOutcome ended = outcome;
+    const SDeviceOutcome ended = m_fails ? SDeviceOutcome{SDeviceOutcome::Failed, error} : outcome;
     lock.unlock();
     done(ended);
 }

@@ -68,6 +68,7 @@ public:
     SMappingOptions readOptions;           ///< the argument of readMapping()
     ReadSaveMappingRole role{};            ///< of the last read or save
     bool answerLater = false;              ///< reads and saves wait for CFakeHost::endWaiting()
+    std::function<bool(QString)> fails;    ///< whether this call of an operation goes wrong
     std::function<void(QString)> onCalled; ///< called with each call's text, on the calling thread
 
     // What was called.
@@ -253,13 +254,13 @@ private:
     bool answer(const char *name, const Arguments &...arguments) const
     {
         const auto lock = note(name, arguments...);
-        return !refused.contains(QLatin1String(name));
+        return !m_fails && !refused.contains(QLatin1String(name));
     }
     template <typename Value>
     bool take(const char *name, Value &member, const Value &value)
     {
         const auto lock = note(name);
-        const bool taken = !refused.contains(QLatin1String(name));
+        const bool taken = !m_fails && !refused.contains(QLatin1String(name));
         if (taken)
             member = value;
         return taken;
@@ -268,13 +269,13 @@ private:
     Value given(const char *name, const Value &member) const
     {
         const auto lock = note(name);
-        return member;
+        return m_fails ? Value() : member;
     }
     template <typename Value>
     Value given(const char *name, const QMap<QUuid, Value> &members, const QUuid &key) const
     {
         const auto lock = note(name);
-        return members.value(key);
+        return m_fails ? Value() : members.value(key);
     }
     Node node(const char *name, const QUuid &key) const;
     void end(Lock lock, Done done);
@@ -286,6 +287,7 @@ private:
 
     mutable std::recursive_mutex m_mutex; // guards all members; nobody is called back under it
     mutable QStringList m_calls;
+    mutable bool m_fails = false; // the call noted last
     mutable QMap<QString, std::thread::id> m_threads;
     std::vector<Done> m_waiting;
 };
