@@ -141,14 +141,20 @@ void paintFrame(QPainter &painter, const QRectF &rect, const QPen &pen)
     painter.drawRect(rect);
 }
 
+QRectF withinBorder(const QRectF &rect, const SCabinetColors &colors, qreal scale)
+{
+    const qreal hairline = 1 / scale;
+    const qreal far = colors.framed ? hairline : 0;
+    return rect.adjusted(hairline, hairline, -far, -far);
+}
+
 /// The border is what the fill leaves of a rectangle behind it: a pen would be walked pixel by pixel. It
 /// stays inside, as what an item draws outside its bounds is not repainted with it; left and top are enough
 /// between neighbours, a frame has all sides.
 void paintArea(QPainter &painter, const QRectF &rect, const SCabinetColors &colors, qreal scale)
 {
-    const qreal hairline = 1 / scale;
     if (!colors.fill.isValid()) {
-        const qreal half = hairline / 2;
+        const qreal half = 0.5 / scale;
         paintFrame(painter, rect.adjusted(half, half, -half, -half), cosmeticPen(colors.border, 1));
         return;
     }
@@ -156,9 +162,8 @@ void paintArea(QPainter &painter, const QRectF &rect, const SCabinetColors &colo
         painter.fillRect(rect, colors.fill);
         return;
     }
-    const qreal far = colors.framed ? hairline : 0;
     painter.fillRect(rect, colors.border);
-    painter.fillRect(rect.adjusted(hairline, hairline, -far, -far), colors.fill);
+    painter.fillRect(withinBorder(rect, colors, scale), colors.fill);
 }
 
 void paintHighlight(QPainter &painter, const QRectF &rect, qreal scale)
@@ -178,7 +183,8 @@ SCabinetColors SCabinetColors::of(const SCabinetState &state, qreal width)
         colors.border = state.selected ? QColor(LayoutColors::Frame) : CPortColors::tint(state.fill);
         return colors;
     }
-    const QColor base = state.wired ? state.fill : CPortColors::faded(state.fill);
+    // A colour of another kind would be converted at each use.
+    const QColor base = state.wired ? state.fill.toRgb() : CPortColors::faded(state.fill);
     colors.fill = state.selected ? CPortColors::selected(base) : base;
     if (state.highlighted && width < AfarWidth)
         colors.fill = LayoutColors::Highlight; // a frame would leave nothing to be framed
@@ -216,6 +222,24 @@ void CLayoutPainter::paintCabinetFromAfar(QPainter &painter, const QRectF &rect,
         paintCustomMark(painter, rect, scale);
     if (fault != CabinetFault::None)
         CFaultPainter::paintFromAfar(painter, rect, fault, scale);
+}
+
+void CLayoutPainter::paintRowFromAfar(QPainter &painter, const QVector<QRectF> &row,
+                                      const SCabinetColors &colors, qreal scale)
+{
+    if (row.size() == 1 || !colors.fill.isValid()) {
+        for (const QRectF &rect : row)
+            paintArea(painter, rect, colors, scale);
+        return;
+    }
+    const QRectF all = row.first() | row.last();
+    if (!colors.border.isValid()) {
+        painter.fillRect(all, colors.fill);
+        return;
+    }
+    painter.fillRect(all, colors.border);
+    for (const QRectF &rect : row)
+        painter.fillRect(withinBorder(rect, colors, scale), colors.fill);
 }
 
 void CLayoutPainter::paintGroup(QPainter &painter, const QRectF &rect, bool selected, qreal scale)

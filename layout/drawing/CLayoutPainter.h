@@ -49,6 +49,11 @@ struct SCabinetColors
 
     /// @p width is the cabinet's on the screen, device pixels.
     static SCabinetColors of(const SCabinetState &state, qreal width);
+
+    friend bool operator==(const SCabinetColors &a, const SCabinetColors &b)
+    {
+        return a.fill == b.fill && a.border == b.border && a.framed == b.framed;
+    }
 };
 
 /// Draws cabinets, groups and canvases, the same way everywhere. Scales are device pixels per unit of
@@ -62,6 +67,9 @@ public:
     /// What paintCabinet() draws if isAfar() is true for the cabinet.
     static void paintCabinetFromAfar(QPainter &painter, const QRectF &rect, const SCabinetColors &colors,
                                      bool custom, CabinetFault fault, qreal scale);
+    /// The same for cabinets without marks that stand side by side without gaps, which takes half the time.
+    static void paintRowFromAfar(QPainter &painter, const QVector<QRectF> &row, const SCabinetColors &colors,
+                                 qreal scale);
     /// The frame around a group's members.
     static void paintGroup(QPainter &painter, const QRectF &rect, bool selected, qreal scale);
     /// Checkerboard, fill image and border of a canvas.

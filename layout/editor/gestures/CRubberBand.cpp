@@ -12,6 +12,13 @@ namespace {
 
 constexpr int ManyChanges = 1000; // one by one they cost more than repainting the whole view
 
+/// QRectF::intersects() of normalized rectangles, inline: it is asked of each cabinet of a wall.
+bool touches(const QRectF &band, const QRectF &rect)
+{
+    return !band.isEmpty() && rect.left() < band.right() && band.left() < rect.right() &&
+           rect.top() < band.bottom() && band.top() < rect.bottom();
+}
+
 /// Also selects a single member of a group, for which the band would select the group.
 void selectAlone(CGraphicsItemBase &item)
 {
@@ -47,8 +54,8 @@ void CRubberBand::moveTo(const QPointF &scenePos)
             continue;
         const int count = entered.size() + left.size();
         for (const CPortOverview::SPlace &place : port->overview().places()) {
-            const bool touched = place.rect.intersects(after);
-            if (place.cabinet && touched != place.rect.intersects(before))
+            const bool touched = touches(after, place.rect);
+            if (place.cabinet && touched != touches(before, place.rect))
                 (touched ? entered : left) << &place;
         }
         if (entered.size() + left.size() > count)

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int MostExposedRects = 16; // more cost more to compare with than what they leave out
+constexpr int MostExposedRects = 64; // more cost more to compare with than what they leave out
 constexpr int MostDetailed = 10000;  // cabinets and wires that are drawn as items
 constexpr int NotShown = -1;         // no place of the port is exposed
 constexpr int PenReach = 2;          // pixels by which cosmetic pens reach beyond their shapes
@@ -35,8 +35,10 @@ bool isExposed(const CGraphicsPortItem &port, const QVector<QRectF> &exposed)
 
 } // namespace
 
-CFarPorts::CFarPorts(const QVector<CGraphicsPortItem *> &ports, qreal scale, const QVector<QRectF> &exposed)
+CFarPorts::CFarPorts(const QVector<CGraphicsPortItem *> &ports, qreal scale, const QVector<QRectF> &exposed,
+                     const QVector<QRect> &clips)
     : m_exposed(exposed)
+    , m_clips(clips)
     , m_scale(scale)
 {
     QVector<CGraphicsPortItem *> near;
@@ -79,11 +81,18 @@ CFarPorts::~CFarPorts()
         port->setPassedOver(false);
 }
 
-QVector<QRectF> CFarPorts::exposed(const QGraphicsView &view, const QRegion &region)
+QVector<QRect> CFarPorts::parts(const QRegion &region)
+{
+    if (region.rectCount() > MostExposedRects)
+        return {region.boundingRect()};
+    return QVector<QRect>(region.begin(), region.end());
+}
+
+QVector<QRectF> CFarPorts::exposed(const QGraphicsView &view, const QVector<QRect> &parts)
 {
     QVector<QRectF> areas;
-    for (const QRect &rect : region.rectCount() > MostExposedRects ? QRegion(region.boundingRect()) : region)
-        areas << view.mapToScene(rect.adjusted(-PenReach, -PenReach, PenReach, PenReach)).boundingRect();
+    for (const QRect &part : parts)
+        areas << view.mapToScene(part.adjusted(-PenReach, -PenReach, PenReach, PenReach)).boundingRect();
     return areas;
 }
 
@@ -119,8 +128,26 @@ void CFarPorts::passOver(const QGraphicsScene &scene)
 
 void CFarPorts::paint(QPainter &painter) const
 {
+    if (m_clips.size() <= 1) {
+        paintParts(painter, m_exposed);
+        return;
+    }
+    // Within a single rectangle areas are filled several times faster than within a region.
+    const QTransform canvas = painter.worldTransform();
+    for (int i = 0; i < m_clips.size(); ++i) {
+        painter.setWorldTransform(QTransform());
+        painter.setClipRect(m_clips.at(i));
+        painter.setWorldTransform(canvas);
+        paintParts(painter, {m_exposed.at(i)});
+    }
+    painter.setClipping(false);
+}
+
+void CFarPorts::paintParts(QPainter &painter, const QVector<QRectF> &exposed) const
+{
     for (int i = 0; i < m_ports.size(); ++i) {
-        if (m_first.at(i) != NotShown)
-            m_ports.at(i)->overview().paint(painter, *m_ports.at(i), m_exposed, m_scale, m_first.at(i));
+        const CGraphicsPortItem &port = *m_ports.at(i);
+        if (m_first.at(i) != NotShown && isExposed(port, exposed))
+            port.overview().paint(painter, port, exposed, m_scale, m_first.at(i));
     }
 }

@@ -20,14 +20,17 @@ class CFarPorts final
 {
 public:
     /// @p scale is in device pixels per canvas pixel. Only what intersects @p exposed (canvas pixels) is
-    /// drawn.
-    CFarPorts(const QVector<CGraphicsPortItem *> &ports, qreal scale, const QVector<QRectF> &exposed);
+    /// drawn, each within its part of the viewport if there are @p clips.
+    CFarPorts(const QVector<CGraphicsPortItem *> &ports, qreal scale, const QVector<QRectF> &exposed,
+              const QVector<QRect> &clips = {});
     ~CFarPorts();
     CFarPorts(const CFarPorts &) = delete;
     CFarPorts &operator=(const CFarPorts &) = delete;
 
-    /// The parts of the canvas that are visible in @p region of the viewport of @p view.
-    static QVector<QRectF> exposed(const QGraphicsView &view, const QRegion &region);
+    /// The rectangles of @p region, or one around many.
+    static QVector<QRect> parts(const QRegion &region);
+    /// What of the canvas is drawn in these parts of the viewport of @p view.
+    static QVector<QRectF> exposed(const QGraphicsView &view, const QVector<QRect> &parts);
     /// If all ports are far away in that picture: calls @p drawUnder, then draws the area @p source of the
     /// scene into @p target. Returns whether it did.
     static bool drawPicture(const QVector<CGraphicsPortItem *> &ports, QPainter &painter,
@@ -42,8 +45,11 @@ public:
     void paint(QPainter &painter) const;
 
 private:
+    void paintParts(QPainter &painter, const QVector<QRectF> &exposed) const;
+
     QVector<CGraphicsPortItem *> m_ports; // in drawing order
     QVector<QRectF> m_exposed;
+    QVector<QRect> m_clips;
     QVector<int> m_first; // place to draw, by port
     qreal m_scale;
     int m_nearCount = 0;

@@ -15,14 +15,53 @@ namespace {
 
 constexpr int MostDashedWires = 500; // of a port in a picture from afar, where most are too short for dashes
 
-/// Whether @p rect reaches into one of @p areas.
-bool isExposed(const QRectF &rect, const QVector<QRectF> &areas)
+/// QRectF's own calls, inline: they are made for each cabinet of a wall.
+bool reachesInto(const QRectF &rect, const QRectF &area)
 {
-    return std::any_of(areas.begin(), areas.end(), [&rect](const QRectF &area) {
-        return rect.left() <= area.right() && area.left() <= rect.right() && rect.top() <= area.bottom() &&
-               area.top() <= rect.bottom();
-    });
+    return rect.left() <= area.right() && area.left() <= rect.right() && rect.top() <= area.bottom() &&
+           area.top() <= rect.bottom();
 }
+
+qreal sharedArea(const QRectF &a, const QRectF &b)
+{
+    const qreal width = std::min(a.right(), b.right()) - std::max(a.left(), b.left());
+    const qreal height = std::min(a.bottom(), b.bottom()) - std::max(a.top(), b.top());
+    return width > 0 && height > 0 ? width * height : 0;
+}
+
+QRectF boundsOf(const QLineF &line)
+{
+    return QRectF(QPointF(std::min(line.x1(), line.x2()), std::min(line.y1(), line.y2())),
+                  QPointF(std::max(line.x1(), line.x2()), std::max(line.y1(), line.y2())));
+}
+
+/// What of some areas concerns a port.
+class CExposure final
+{
+public:
+    CExposure(const QVector<QRectF> &areas, const QRectF &extent)
+    {
+        for (const QRectF &area : areas) {
+            if (reachesInto(extent, area))
+                m_areas << area;
+        }
+        m_whole = m_areas.size() == 1 && m_areas.first().contains(extent);
+    }
+
+    /// Whether the whole port lies in one area.
+    bool isWhole() const { return m_whole; }
+    const QVector<QRectF> &areas() const { return m_areas; }
+
+    bool shows(const QRectF &rect) const
+    {
+        return m_whole || std::any_of(m_areas.begin(), m_areas.end(),
+                                      [&rect](const QRectF &area) { return reachesInto(rect, area); });
+    }
+
+private:
+    QVector<QRectF> m_areas;
+    bool m_whole = false;
+};
 
 bool isSelected(const CPortOverview::SPlace &place)
 {
@@ -64,6 +103,49 @@ private:
     std::array<SCabinetColors, LookCount> m_colors;
 };
 
+/// Cabinets that are drawn together because they stand side by side and look the same.
+class CFarRow final
+{
+public:
+    CFarRow(QPainter &painter, qreal scale)
+        : m_painter(painter)
+        , m_scale(scale)
+    {
+    }
+
+    void add(const QRectF &rect, const SCabinetColors &colors)
+    {
+        if (m_rects.isEmpty() || !continues(rect, colors)) {
+            paint();
+            m_colors = colors;
+        }
+        m_rects << rect;
+    }
+
+    void paint()
+    {
+        if (!m_rects.isEmpty())
+            CLayoutPainter::paintRowFromAfar(m_painter, m_rects, m_colors, m_scale);
+        m_rects.resize(0);
+    }
+
+private:
+    bool continues(const QRectF &rect, const SCabinetColors &colors) const
+    {
+        const QRectF &last = m_rects.last();
+        const QRectF &first = m_rects.first();
+        const bool after = rect.left() == last.right() && first.left() <= last.left();
+        const bool before = rect.right() == last.left() && last.left() <= first.left();
+        return (after || before) && rect.top() == last.top() && rect.height() == last.height() &&
+               colors == m_colors;
+    }
+
+    QPainter &m_painter;
+    qreal m_scale;
+    SCabinetColors m_colors;
+    QVector<QRectF> m_rects;
+};
+
 } // namespace
 
 bool operator==(const CPortOverview::SPlace &a, const CPortOverview::SPlace &b)
@@ -92,7 +174,15 @@ void CPortOverview::read(const CGraphicsPortItem &port)
     m_places.clear();
     m_wires.clear();
     m_widest = 0;
+    m_area = 0;
+    m_extent = QRectF();
     readChildren(port, nullptr);
+    for (const SPlace &place : qAsConst(m_places)) {
+        m_area += place.rect.width() * place.rect.height();
+        m_extent |= place.rect;
+    }
+    for (const QLineF &wire : qAsConst(m_wires))
+        m_extent |= boundsOf(wire);
     m_read = true;
 }
 
@@ -127,23 +217,25 @@ void CPortOverview::readChildren(const QGraphicsItem &parent, CGraphicsGroupItem
 
 int CPortOverview::countExposed(const QVector<QRectF> &exposed) const
 {
-    const auto isShown = [&exposed](const SPlace &place) { return isExposed(place.rect, exposed); };
-    const auto isWireShown = [&exposed](const QLineF &wire) {
-        return isExposed(QRectF(wire.p1(), wire.p2()).normalized(), exposed);
-    };
+    const CExposure exposure(exposed, m_extent);
+    const auto isShown = [&exposure](const SPlace &place) { return exposure.shows(place.rect); };
+    const auto isWireShown = [&exposure](const QLineF &wire) { return exposure.shows(boundsOf(wire)); };
     return int(std::count_if(m_places.begin(), m_places.end(), isShown) +
                std::count_if(m_wires.begin(), m_wires.end(), isWireShown));
 }
 
 int CPortOverview::firstWithin(qreal &area, const QVector<QRectF> &exposed) const
 {
+    const CExposure exposure(exposed, m_extent);
+    if (exposure.isWhole() && m_area < area) {
+        area -= m_area;
+        return 0;
+    }
     int first = m_places.size();
     while (first > 0 && area > 0) {
         const QRectF &rect = m_places.at(--first).rect;
-        for (const QRectF &part : exposed) {
-            const QRectF shown = rect & part;
-            area -= shown.width() * shown.height();
-        }
+        for (const QRectF &part : exposure.areas())
+            area -= sharedArea(rect, part);
     }
     return first;
 }
@@ -151,22 +243,31 @@ int CPortOverview::firstWithin(qreal &area, const QVector<QRectF> &exposed) cons
 void CPortOverview::paint(QPainter &painter, const CGraphicsPortItem &port, const QVector<QRectF> &exposed,
                           qreal scale, int first) const
 {
+    const CExposure exposure(exposed, m_extent);
     CFarPalette palette(port, scale);
+    CFarRow row(painter, scale);
     const bool marksCustom = port.marksCustomCabinets();
     for (int i = first; i < m_places.size(); ++i) {
         const SPlace &place = m_places.at(i);
-        if (!isExposed(place.rect, exposed))
+        if (!exposure.shows(place.rect))
             continue;
+        const bool custom = place.custom && marksCustom;
+        if (place.cabinet && !custom && place.fault == CabinetFault::None) {
+            row.add(place.rect, palette.colors(place));
+            continue;
+        }
+        row.paint();
         if (place.cabinet)
-            CLayoutPainter::paintCabinetFromAfar(painter, place.rect, palette.colors(place),
-                                                 place.custom && marksCustom, place.fault, scale);
+            CLayoutPainter::paintCabinetFromAfar(painter, place.rect, palette.colors(place), custom,
+                                                 place.fault, scale);
         else
             CLayoutPainter::paintGroup(painter, place.rect, place.group->isSelectedWithGroups(), scale);
     }
+    row.paint();
     QVector<QLineF> wires;
     int dashed = 0;
     for (const QLineF &wire : m_wires) {
-        if (isExposed(QRectF(wire.p1(), wire.p2()).normalized(), exposed) &&
+        if (exposure.shows(boundsOf(wire)) &&
             (CWirePainter::isPlain(wire.length(), scale) || ++dashed <= MostDashedWires))
             wires << wire;
     }

@@ -62,5 +62,7 @@ private:
     QVector<SPlace> m_places;
     QVector<QLineF> m_wires;
     qreal m_widest = 0;
+    qreal m_area = 0; // of all places together
+    QRectF m_extent;  // of places and wires
     bool m_read = false;
 };

@@ -402,8 +402,9 @@ bool CLayoutGraphicsView::viewportEvent(QEvent *event)
 
 void CLayoutGraphicsView::paintEvent(QPaintEvent *event)
 {
+    const QVector<QRect> parts = CFarPorts::parts(event->region());
     CFarPorts farPorts(m_scene->backend().content().portItems(), viewportTransform().m11(),
-                       CFarPorts::exposed(*this, event->region()));
+                       CFarPorts::exposed(*this, parts), parts);
     farPorts.passOver(*m_scene);
     m_farPorts = &farPorts;
     CGraphicsView::paintEvent(event);
