@@ -71,7 +71,6 @@ void CDevicePanel::buildUi(QAction &detect)
     m_tree->setContextMenuPolicy(Qt::CustomContextMenu);
     m_tree->setTextElideMode(Qt::ElideRight);
     column->addWidget(m_tree, 1);
-    setFocusProxy(m_tree);
 }
 
 void CDevicePanel::connectSignals()
@@ -80,6 +79,12 @@ void CDevicePanel::connectSignals()
             &CDevicePanel::announceSelection);
     connect(m_tree, &QTreeView::customContextMenuRequested, this, &CDevicePanel::onMenuRequested);
     connect(&m_model, &QAbstractItemModel::modelReset, this, &CDevicePanel::onRowsReset);
+}
+
+/// Instead of a focus proxy, with which the Tab key passes over the button.
+void CDevicePanel::focusTree()
+{
+    m_tree->setFocus();
 }
 
 void CDevicePanel::selectProcessor(const QUuid &processor)

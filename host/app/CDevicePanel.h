@@ -24,6 +24,7 @@ public:
     CDevicePanel(CDeviceServices &services, CDeviceTreeModel &model, QAction &detect,
                  QWidget *parent = nullptr);
 
+    void focusTree();
     /// Selects this processor only.
     void selectProcessor(const QUuid &processor);
     /// Tells the modules what is selected. Changes of the selection are announced without this call.

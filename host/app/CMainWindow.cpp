@@ -97,7 +97,7 @@ void CMainWindow::buildUi()
     m_devices = new CDevicePanel(m_manager.services(), m_manager.treeModel(), *m_actions.detect);
     m_columns = new CWindowColumns(*m_devices, *m_module);
     setCentralWidget(m_columns);
-    m_devices->setFocus();
+    m_devices->focusTree();
 }
 
 void CMainWindow::buildStatusBar()

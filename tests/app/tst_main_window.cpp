@@ -185,6 +185,16 @@ private Q_SLOTS:
         QCOMPARE(icon.pixmap(16, QIcon::Selected).toImage(), icon.pixmap(16).toImage());
     }
 
+    void theTabKeyReachesTheSearch()
+    {
+        tree().setFocus();
+        QTest::keyClick(&tree(), Qt::Key_Backtab);
+        const auto *button = qobject_cast<const QToolButton *>(m_window->focusWidget());
+        QVERIFY(button && button->defaultAction() == action("Detect devices"));
+        QTest::keyClick(m_window->focusWidget(), Qt::Key_Tab);
+        QCOMPARE(m_window->focusWidget(), &tree());
+    }
+
     void theSelectionDecidesWhatTheModuleShows()
     {
         for (const auto &[nodes, title] :
