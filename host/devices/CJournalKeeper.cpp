@@ -42,7 +42,7 @@ CJournalKeeper::CJournalKeeper(CDeviceServices &services, CProjectShelf &project
     const auto arrived = [this](const QUuid &processor) {
         m_services.mailbox().post([this, processor] { offerHistory(processor); });
     };
-    m_journals = std::make_unique<CJournals>(folder, tell, arrived);
+    m_journals = std::make_shared<CJournals>(folder, tell, arrived);
     m_quiet.setSingleShot(true);
     m_quiet.setInterval(QuietMilliseconds);
     connect(&m_quiet, &QTimer::timeout, this, &CJournalKeeper::takeAll);
@@ -61,7 +61,7 @@ void CJournalKeeper::stop()
         return;
     takeChanges();
     m_quiet.stop();
-    m_journals->stop();
+    CJournals::stop(m_journals);
 }
 
 void CJournalKeeper::finish()
@@ -70,7 +70,7 @@ void CJournalKeeper::finish()
         return;
     takeChanges(); // what is noted now is forgotten, too
     m_journals->dropAll();
-    m_journals->stop();
+    CJournals::stop(m_journals);
 }
 
 void CJournalKeeper::setHistory(bool kept, int megabytes)

@@ -79,7 +79,7 @@ private:
 
     CDeviceServices &m_services;
     CProjectShelf &m_projects;
-    std::unique_ptr<CJournals> m_journals; // null: nothing is kept
+    std::shared_ptr<CJournals> m_journals; // null: nothing is kept
     QHash<QUuid, SSeen> m_seen;
     QHash<QUuid, SStrayJournal> m_waiting;    // of devices that are not known yet
     QHash<QUuid, SProcessorProject> m_copies; // of what is offered anyway; until they are edited

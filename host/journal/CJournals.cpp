@@ -41,10 +41,10 @@ qint64 now()
 
 CJournals::CJournals(const QString &folder, Tell tell, Arrived arrived)
     : m_folder(folder)
-    , m_tell(std::move(tell))
-    , m_arrived(std::move(arrived))
     , m_nextTurn(Clock::now() + Turn)
     , m_historyBytes(UsualHistoryBytes)
+    , m_tell(std::move(tell))
+    , m_arrived(std::move(arrived))
     , m_chores([this] {
         const std::lock_guard<std::mutex> lock(m_mutex);
         m_idle.notify_all();
@@ -60,14 +60,47 @@ CJournals::~CJournals()
 
 void CJournals::stop()
 {
+    endWithin(std::nullopt);
+}
+
+void CJournals::stop(std::shared_ptr<CJournals> journals, std::chrono::milliseconds patience)
+{
+    if (journals->endWithin(patience))
+        return;
+    qWarning("The disk does not answer: the last edits may be missing in %s.",
+             qPrintable(journals->m_folder.path()));
+    static auto &left = *new std::vector<std::shared_ptr<CJournals>>; // never destroyed: threads use them
+    left.push_back(journals);
+}
+
+/// False: the threads go on, but tell nothing any more.
+bool CJournals::endWithin(std::optional<std::chrono::milliseconds> patience)
+{
+    if (!m_thread.joinable())
+        return true;
     {
-        const std::lock_guard<std::mutex> lock(m_mutex);
+        Lock lock(m_mutex);
         m_stopped = true;
+        m_wake.notify_all();
+        const auto ended = [this] { return m_ended && !m_chores.isBusy(); };
+        if (patience && !m_idle.wait_for(lock, *patience, ended)) {
+            m_thread.detach();
+            const std::lock_guard<std::mutex> telling(m_tellMutex);
+            m_tell = {};
+            m_arrived = {};
+            return false;
+        }
     }
-    m_wake.notify_all();
-    if (m_thread.joinable())
-        m_thread.join();
+    m_thread.join();
     m_chores.stop();
+    return true;
+}
+
+void CJournals::tell(const QString &text)
+{
+    const std::lock_guard<std::mutex> lock(m_tellMutex);
+    if (m_tell)
+        m_tell(text);
 }
 
 void CJournals::setHistory(bool kept, qint64 bytes)
@@ -164,12 +197,12 @@ void CJournals::tellAbout(const CJournal &journal)
 {
     const bool broken = std::any_of(m_journals.begin(), m_journals.end(),
                                     [](const auto &entry) { return entry.second->isBroken(); });
-    if (broken == m_toldBroken || journal.isBroken() != broken || !m_tell)
+    if (broken == m_toldBroken || journal.isBroken() != broken)
         return;
     m_toldBroken = broken;
-    m_tell(broken ? tr("Edits of %1 cannot be kept for a crash (%2): save your work.")
-                        .arg(journal.owner().name, journal.error())
-                  : tr("Edits are kept for a crash again."));
+    tell(broken ? tr("Edits of %1 cannot be kept for a crash (%2): save your work.")
+                      .arg(journal.owner().name, journal.error())
+                : tr("Edits are kept for a crash again."));
 }
 
 void CJournals::change(CJournal &journal, int entry, const QByteArray &content)
@@ -288,8 +321,8 @@ void CJournals::keepHistoryLater(const CJournal &journal)
             problem = m_folder.keepHistory(owner, state);
         else
             m_folder.dropHistory(owner.file);
-        if (!problem.isEmpty() && m_tell)
-            m_tell(tr("The history of %1 cannot be kept: %2").arg(owner.name, problem));
+        if (!problem.isEmpty())
+            tell(tr("The history of %1 cannot be kept: %2").arg(owner.name, problem));
     });
 }
 
@@ -357,8 +390,7 @@ void CJournals::findHistoryLater(const SJournalOwner &owner)
         const CJournalFolder::Kept kept = m_folder.findHistory(owner.file, history);
         if (kept == CJournalFolder::Kept::Changed) {
             m_folder.dropHistory(owner.file);
-            if (m_tell)
-                m_tell(tr("%1 was changed elsewhere: its earlier steps cannot be undone.").arg(owner.name));
+            tell(tr("%1 was changed elsewhere: its earlier steps cannot be undone.").arg(owner.name));
         }
         const CStepTrail trail = kept == CJournalFolder::Kept::Same ? history.state.trail() : CStepTrail();
         submit(true,
@@ -422,6 +454,7 @@ void CJournals::tellArrived(Lock &lock)
     m_late -= arrived;
     lock.unlock();
     for (const QUuid &processor : std::as_const(arrived)) {
+        const std::lock_guard<std::mutex> telling(m_tellMutex);
         if (m_arrived)
             m_arrived(processor);
     }
@@ -465,6 +498,8 @@ void CJournals::run()
     }
     confirm(lock);
     m_journals.clear();
+    m_ended = true;
+    m_idle.notify_all();
 }
 
 void CJournals::runFree(Lock &lock, const Task &task)
@@ -521,16 +556,17 @@ void CJournals::confirm(Lock &lock)
     }
     CFileHandle(QFile::encodeName(m_folder.path()), O_RDONLY | O_DIRECTORY).syncNames();
     lock.lock();
-    for (const auto &[processor, handles] : written) {
-        CJournal *journal = find(processor);
-        if (!journal)
-            continue;
-        if (problems.contains(processor))
-            journal->fail(problems.value(processor));
-        else if (!handles.isEmpty())
-            journal->confirm(handles.last());
-        tellAbout(*journal);
-    }
     m_syncing = false;
-    m_idle.notify_all();
+    runFree(lock, [&] { // files are renamed and removed, which may take as long
+        for (const auto &[processor, handles] : written) {
+            CJournal *journal = find(processor);
+            if (!journal)
+                continue;
+            if (problems.contains(processor))
+                journal->fail(problems.value(processor));
+            else if (!handles.isEmpty())
+                journal->confirm(handles.last());
+            tellAbout(*journal);
+        }
+    });
 }

@@ -14,6 +14,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <thread>
 
 /// The journals of all processors with edits. Small changes are with the operating system when a call
@@ -74,6 +75,10 @@ public:
     void sync();
     /// As the destructor; nothing is noted afterwards.
     void stop();
+    /// The same, but if the disk does not answer for as long as @p patience, the log says so, and the object
+    /// and its threads live until the process ends.
+    static void stop(std::shared_ptr<CJournals> journals,
+                     std::chrono::milliseconds patience = std::chrono::seconds(5));
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -93,6 +98,8 @@ private:
     void end(CJournal &journal);
     void change(CJournal &journal, int entry, const QByteArray &content);
     void tellAbout(const CJournal &journal);
+    void tell(const QString &text);
+    bool endWithin(std::optional<std::chrono::milliseconds> patience);
     void keepHistoryLater(const CJournal &journal);
     void findHistoryLater(const SJournalOwner &owner);
     void takeHistory(const QUuid &processor, quint64 search, const CStepTrail &trail);
@@ -108,8 +115,6 @@ private:
     bool isUnsynced() const;
 
     const CJournalFolder m_folder;
-    const Tell m_tell;
-    const Arrived m_arrived;
 
     // GUI thread.
     struct SRestored
@@ -130,6 +135,7 @@ private:
     Clock::time_point m_syncStart;
     Clock::time_point m_nextTurn; // of what is done once a while
     bool m_stopped = false;
+    bool m_ended = false; // the thread uses nothing any more but the lock
     bool m_keepHistory = true;
     bool m_toldBroken = false;
     QSet<QUuid> m_late; // whose history was asked for in vain
@@ -139,6 +145,10 @@ private:
     std::map<QUuid, std::unique_ptr<CJournal>> m_journals;
     std::map<QUuid, quint64> m_searches; // for kept histories, which are under way; with their numbers
     quint64 m_lastSearch = 0;
+
+    std::mutex m_tellMutex; // guards what follows; taken last
+    Tell m_tell;
+    Arrived m_arrived;
 
     CTaskThread m_chores; // kept histories, which may wait for the disk; use no journal
     std::thread m_thread; // last

@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <atomic>
@@ -48,9 +49,20 @@ public:
         errno = ENOSPC;
         return -1;
     }
+    std::mutex syncGate; // who has it makes the disk hang
+    std::mutex renameGate;
+    std::atomic<int> renames{0}; // begun
+
+    int rename(const QByteArray &from, const QByteArray &to) override
+    {
+        ++renames;
+        const std::lock_guard<std::mutex> gate(renameGate);
+        return CFileSystem::rename(from, to);
+    }
     int sync(int file) override
     {
         ++syncs;
+        const std::lock_guard<std::mutex> gate(syncGate);
         if (!refusesSync)
             return CFileSystem::sync(file);
         errno = EIO;
@@ -119,6 +131,8 @@ private Q_SLOTS:
     void tellsOfAFullDiskAndRecovers();
     void staysSmall();
     void goesOnWithAnotherRunsJournal();
+    void endsThoughTheDiskHangs();
+    void noEditWaitsForARename();
     void keepsTheHistoryOfAFile();
     void waitsForNoHistory();
     void leavesOthersAlone();
@@ -263,6 +277,41 @@ void CJournalsTest::goesOnWithAnotherRunsJournal()
         QVERIFY(offers(first.strays(), editor));
         QCOMPARE(first.files().size(), 1);
     }
+}
+
+void CJournalsTest::endsThoughTheDiskHangs()
+{
+    CSwitchedDisk disk;
+    CRecordingEditor editor = smallEditor();
+    const QTemporaryDir folder;
+    const auto journals = std::make_shared<CJournals>(folder.path(), CJournals::Tell());
+    journals->begin(ownerOf(editor), editor.project());
+    journals->sync();
+    std::unique_lock<std::mutex> hangs(disk.syncGate);
+    journals->note(editor.edit(QStringLiteral("Edit")));
+    expectWarning(QRegularExpression(QStringLiteral("The disk does not answer")));
+    CJournals::stop(journals, std::chrono::milliseconds(0));
+    hangs.unlock();
+    QTRY_VERIFY(offers(CJournalFolder(folder.path()).strays(), editor)); // the thread lets go of the file
+}
+
+void CJournalsTest::noEditWaitsForARename()
+{
+    CSwitchedDisk disk;
+    CRecordingEditor editor = smallEditor();
+    SWorld world;
+    world.journals.begin(ownerOf(editor), editor.project());
+    world.journals.note(editor.edit(QStringLiteral("Edit")));
+    disk.full = true;
+    world.journals.note(editor.edit(QStringLiteral("not kept")));
+    std::unique_lock<std::mutex> hangs(disk.renameGate);
+    const int before = disk.renames;
+    disk.full = false;
+    QTRY_VERIFY(disk.renames > before); // by the thread, which has begun a new file
+    world.journals.note(editor.edit(QStringLiteral("meanwhile")));
+    hangs.unlock();
+    world.journals.stop();
+    QVERIFY(offers(world.strays(), editor));
 }
 
 void CJournalsTest::keepsTheHistoryOfAFile()
