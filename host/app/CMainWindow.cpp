@@ -42,7 +42,7 @@
 namespace {
 
 constexpr int MessageMilliseconds = 8000;
-constexpr int OfflineMilliseconds = 2000; // between two questions to a processor that is offline
+constexpr int OfflineMilliseconds = 2000; // between two questions to each processor
 constexpr QSize SmallestWindow(900, 480);
 
 QStringList projectFilesOf(const QMimeData &data)
@@ -128,6 +128,10 @@ void CMainWindow::connectActions()
         m_recovery->applyHistory();
         if (ILayoutInterface *layout = m_module->layoutModule())
             layout->applySettings();
+    });
+    connect(&m_manager.keeper(), &CJournalKeeper::notifyHistoryFound, this, [this](const QUuid &processor) {
+        if (ILayoutInterface *layout = m_module->layoutModule())
+            layout->takeHistory(processor);
     });
     connect(m_actions.print, &QAction::triggered, this, [this] {
         if (ILayoutInterface *layout = m_module->layoutModule())

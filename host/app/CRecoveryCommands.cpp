@@ -10,6 +10,8 @@
 #include "host/devices/CJournalKeeper.h"
 #include "platform/widgets/CMessageBox.h"
 
+#include <algorithm>
+
 CRecoveryCommands::CRecoveryCommands(CJournalKeeper &keeper, CAppSettings &settings, QWidget &window)
     : m_keeper(keeper)
     , m_settings(settings)
@@ -19,31 +21,39 @@ CRecoveryCommands::CRecoveryCommands(CJournalKeeper &keeper, CAppSettings &setti
     applyHistory();
 }
 
+/// What can neither be restored nor discarded now opens no window at each start.
 void CRecoveryCommands::offerAtStart()
 {
-    offered();
+    const QList<SStrayJournal> offers = m_keeper.offers();
+    const bool any = std::any_of(offers.begin(), offers.end(), [](const SStrayJournal &offer) {
+        return offer.journal.isUsable() || offer.journal.mayBeDiscarded();
+    });
+    if (any)
+        show(offers);
+    else if (!offers.isEmpty())
+        Q_EMIT notifyTold(offers.first().line());
 }
 
 void CRecoveryCommands::offer()
 {
-    if (!offered())
-        CMessageBox::information(&m_window, tr("There are no unsaved edits of earlier runs."));
-}
-
-bool CRecoveryCommands::offered()
-{
     const QList<SStrayJournal> offers = m_keeper.offers();
     if (offers.isEmpty())
-        return false;
+        CMessageBox::information(&m_window, tr("There are no unsaved edits of earlier runs."));
+    else
+        show(offers);
+}
+
+void CRecoveryCommands::show(const QList<SStrayJournal> &offers)
+{
     CRecoveryDialog dialog(offers, &m_window);
-    if (const auto crash = CCrashHandler::latest(CCrashHandler::defaultFolder()))
+    const auto crash = CCrashHandler::latest(CCrashHandler::defaultFolder());
+    if (crash)
         dialog.setCrash(crash->time);
-    connect(&dialog, &CRecoveryDialog::notifyReport, this, [&] { CHelpCommands::showCrash(dialog); });
+    connect(&dialog, &CRecoveryDialog::notifyReport, this, [&] { CHelpCommands::showCrash(dialog, *crash); });
     connect(&dialog, &CRecoveryDialog::notifyRestore, this, [&](int entry) { restore(dialog, entry); });
     connect(&dialog, &CRecoveryDialog::notifyLook, this, [&](int entry) { look(dialog, entry); });
     connect(&dialog, &CRecoveryDialog::notifyDiscard, this, [&](int entry) { discard(dialog, entry); });
     dialog.exec();
-    return true;
 }
 
 void CRecoveryCommands::restore(CRecoveryDialog &dialog, int entry)

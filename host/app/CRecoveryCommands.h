@@ -2,12 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <QList>
 #include <QObject>
 #include <QUuid>
 
 class CAppSettings;
 class CJournalKeeper;
 class CRecoveryDialog;
+struct SStrayJournal;
 class QWidget;
 
 /// The user's commands for what earlier runs have left unsaved. GUI thread.
@@ -30,7 +32,7 @@ Q_SIGNALS:
     void notifyTold(const QString &text); ///< for the status bar
 
 private:
-    bool offered();
+    void show(const QList<SStrayJournal> &offers);
     void restore(CRecoveryDialog &dialog, int entry);
     void look(CRecoveryDialog &dialog, int entry);
     void discard(CRecoveryDialog &dialog, int entry);

@@ -228,12 +228,10 @@ SEditHistory CJournalKeeper::history(const QUuid &processor)
     return m_journals->knows(processor) ? m_journals->history(processor) : SEditHistory();
 }
 
-/// The editor asks for it when it loads the layout.
 void CJournalKeeper::offerHistory(const QUuid &processor)
 {
-    m_services.flush();
     if (m_journals->isUnedited(processor) && !m_journals->history(processor).steps.isEmpty())
-        m_services.announcer().notify(LayoutNotification::LayoutReplaced, processor);
+        Q_EMIT notifyHistoryFound(processor);
 }
 
 QList<SStrayJournal> CJournalKeeper::offers() const

@@ -54,6 +54,8 @@ public:
 
 Q_SIGNALS:
     void notifyTold(const QString &text); ///< something that the user should know
+    /// history() was not to be had when it was asked for, and is now.
+    void notifyHistoryFound(const QUuid &processor);
 
 private:
     using Cause = CDeviceTable::Cause;

@@ -49,7 +49,7 @@ CJournal::Handle locked(const QString &path, QString *problem = nullptr)
 }
 
 SJournal readFrom(const CFileHandle &file)
-{
+try {
     struct stat status = {};
     if (fstat(file.descriptor(), &status) != 0)
         return SJournal::unreadable(CSafeFile::systemReason());
@@ -61,11 +61,16 @@ SJournal readFrom(const CFileHandle &file)
         return SJournal::unreadable(CSafeFile::systemReason());
     content.truncate(int(found));
     return SJournal::read(content);
+} catch (const std::bad_alloc &) {
+    return SJournal::unreadable(SStrayJournal::tr("there is not enough memory"));
 }
 
-QByteArray digestOf(const QString &file)
+/// Empty, with the reason as @p problem, if the file cannot be read.
+QByteArray digestOf(const QString &file, QString *problem = nullptr)
 {
     const CResult<QByteArray> content = CSafeFile::read(file, LargestProject);
+    if (!content && problem)
+        *problem = content.error();
     return content ? QCryptographicHash::hash(content.value(), QCryptographicHash::Sha256) : QByteArray();
 }
 
@@ -74,7 +79,7 @@ QByteArray digestOf(const QString &file)
 QString SStrayJournal::line() const
 {
     if (!journal.isUsable())
-        return tr("%1, %2").arg(QFileInfo(path).fileName(), journal.problemText());
+        return tr("%1, %2").arg(QDir::toNativeSeparators(path), journal.problemText());
     const QDateTime changed = QDateTime::fromMSecsSinceEpoch(journal.state.changed());
     const QString state = journal.problem == SJournal::None ? tr("complete") : journal.problemText();
     return tr("%1, last edit %2, unsaved steps: %3, %4")
@@ -146,9 +151,12 @@ QString CJournalFolder::historyFile(const QString &projectFile) const
 QString CJournalFolder::keepHistory(SJournalOwner owner, const CJournalState &state) const
 {
     const CStatus made = make();
-    owner.fileDigest = digestOf(owner.file);
-    if (!made || owner.fileDigest.isEmpty())
+    if (!made)
         return made.error();
+    QString unread;
+    owner.fileDigest = digestOf(owner.file, &unread);
+    if (owner.fileDigest.isEmpty())
+        return unread;
     quint64 last = 0;
     const QByteArray content = SJournal::write(owner, state, last);
     const QByteArray path = QFile::encodeName(historyFile(owner.file));

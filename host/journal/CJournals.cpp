@@ -256,7 +256,21 @@ void CJournals::take(const SJournalOwner &owner, const SProcessorProject &state,
 void CJournals::endIfSaved(CJournal &journal, const SProcessorProject &state, Work work)
 {
     if (work == Work::Saved && journal.isInUse() && CStateCodec::sameState(journal.state().project(), state))
-        end(journal);
+        endUnedited(journal);
+}
+
+/// What was done and undone can be redone later, unless the file has become another one. A history that was
+/// kept before stays, where there is none to replace it.
+void CJournals::endUnedited(CJournal &journal)
+{
+    if (m_keepHistory && journal.owner().project && !journal.owner().file.isEmpty() &&
+        !journal.state().trail().isEmpty()) {
+        m_chores.submit([this, owner = journal.owner(), state = journal.state()] {
+            if (SFileStamp::of(owner.file) == owner.stamp)
+                tellUnkept(owner, m_folder.keepHistory(owner, state));
+        });
+    }
+    journal.removeFile();
 }
 
 /// The history stays where the next start finds it.
@@ -316,14 +330,17 @@ void CJournals::keepHistoryLater(const CJournal &journal)
 {
     const bool kept = m_keepHistory && !journal.state().trail().isEmpty();
     m_chores.submit([this, kept, owner = journal.owner(), state = journal.state()] {
-        QString problem;
         if (kept)
-            problem = m_folder.keepHistory(owner, state);
+            tellUnkept(owner, m_folder.keepHistory(owner, state));
         else
             m_folder.dropHistory(owner.file);
-        if (!problem.isEmpty())
-            tell(tr("The history of %1 cannot be kept: %2").arg(owner.name, problem));
     });
+}
+
+void CJournals::tellUnkept(const SJournalOwner &owner, const QString &problem)
+{
+    if (!problem.isEmpty())
+        tell(tr("The history of %1 cannot be kept: %2").arg(owner.name, problem));
 }
 
 void CJournals::drop(const QUuid &processor)
@@ -387,7 +404,12 @@ void CJournals::findHistoryLater(const SJournalOwner &owner)
     m_searches[owner.processor] = search;
     m_chores.submit([this, owner, search] {
         SJournal history;
-        const CJournalFolder::Kept kept = m_folder.findHistory(owner.file, history);
+        CJournalFolder::Kept kept = CJournalFolder::Kept::None;
+        try {
+            kept = m_folder.findHistory(owner.file, history);
+        } catch (const std::bad_alloc &) {
+            tell(tr("There is not enough memory for the earlier steps of %1.").arg(owner.name));
+        }
         if (kept == CJournalFolder::Kept::Changed) {
             m_folder.dropHistory(owner.file);
             tell(tr("%1 was changed elsewhere: its earlier steps cannot be undone.").arg(owner.name));
@@ -490,6 +512,7 @@ void CJournals::run()
             tellArrived(lock);
         } else if (Clock::now() >= m_nextTurn) {
             runFree(lock, [this] { tend(); });
+            tellArrived(lock);
             confirm(lock);
             m_nextTurn = Clock::now() + Turn;
         } else {

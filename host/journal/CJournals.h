@@ -96,6 +96,8 @@ private:
     void takeOwner(CJournal &journal, const SJournalOwner &owner);
     void endIfSaved(CJournal &journal, const SProcessorProject &state, Work work);
     void end(CJournal &journal);
+    void endUnedited(CJournal &journal);
+    void tellUnkept(const SJournalOwner &owner, const QString &problem);
     void change(CJournal &journal, int entry, const QByteArray &content);
     void tellAbout(const CJournal &journal);
     void tell(const QString &text);

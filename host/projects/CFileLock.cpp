@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -77,7 +78,8 @@ CFileLock::Outcome CFileLock::tryToTake(Others others)
 bool CFileLock::isHeld()
 {
     m_holder = {};
-    const bool isThere = read(m_holder) || (errno != ENOENT && errno != ENOTDIR);
+    struct stat status = {};
+    const bool isThere = read(m_holder) || lstat(m_path.constData(), &status) == 0; // also if it says nothing
     return isThere && !m_holder.isDead();
 }
 

@@ -23,6 +23,9 @@ public:
     /// The user has changed the program's settings, which the module may have read.
     virtual void applySettings() = 0;
 
+    /// The history of @p processor, which could not be had when the layout came into view, can be had now.
+    virtual void takeHistory(const QUuid &processor) = 0;
+
     /// Opens the print dialog, with @p parent as its window.
     virtual void print(QWidget &parent) = 0;
 

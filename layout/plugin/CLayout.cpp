@@ -132,6 +132,12 @@ void CLayout::applySettings()
         m_editorPage->applySettings();
 }
 
+void CLayout::takeHistory(const QUuid &processor)
+{
+    if (m_background)
+        m_editorPage->takeHistory(processor);
+}
+
 void CLayout::print(QWidget &parent)
 {
     CPrintCommand::run(&parent);

@@ -52,6 +52,7 @@ public:
     void fillEditMenu(QMenu &menu) override;
     void fillViewMenu(QMenu &menu) override;
     void applySettings() override;
+    void takeHistory(const QUuid &processor) override;
     void print(QWidget &parent) override;
     void flush() override;
     void setEditingBlocked(bool blocked) override;

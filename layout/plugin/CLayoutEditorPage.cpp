@@ -183,6 +183,15 @@ void CLayoutEditorPage::applySettings()
         history->setLimit(historyLimit());
 }
 
+/// Not while the user is about to edit: what is done then follows the layout as it is.
+void CLayoutEditorPage::takeHistory(const QUuid &processor)
+{
+    if (processor == m_processor.uuid && !m_view->hasSteps(processor) &&
+        QGuiApplication::mouseButtons() == Qt::NoButton &&
+        !m_view->cabinetScene().backend().placing().isAppending())
+        reload();
+}
+
 void CLayoutEditorPage::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
@@ -216,6 +225,7 @@ void CLayoutEditorPage::buildUi()
     column->setSpacing(0);
     column->addWidget(m_wiring);
     column->addWidget(m_panel, 1);
+    m_wiring->hide(); // the host may have it; shown with the page
 }
 
 void CLayoutEditorPage::connectSignals()

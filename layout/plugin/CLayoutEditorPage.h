@@ -56,6 +56,7 @@ public:
     void fillEditMenu(QMenu &menu); ///< see ILayoutInterface
     void fillViewMenu(QMenu &menu);
     void applySettings();
+    void takeHistory(const QUuid &processor); ///< see ILayoutInterface::takeHistory()
     /// With @p blocked, the user cannot edit.
     void setEditingBlocked(bool blocked);
     /// Lets @p panel show the selection and edit it. The panel may go before the page.

@@ -5,6 +5,7 @@
 #include "tests/harness/CTestBase.h"
 
 #include <QDir>
+#include <QSignalSpy>
 
 #include <atomic>
 #include <memory>
@@ -298,10 +299,11 @@ void CJournalKeeperTest::offersAHistoryThatComesLate()
     runs.start();
     const QUuid opened = runs.shelf().open(runs.file()).value();
     const bool early = !runs.run->handler.editHistory(opened).steps.isEmpty();
-    runs.run->log.take();
+    QSignalSpy found(&runs.keeper(), &CJournalKeeper::notifyHistoryFound);
     disk.isSlow = false;
     QVERIFY(!early);
-    QVERIFY(!runs.run->log.waitFor(int(LayoutNotification::LayoutReplaced)).isEmpty());
+    QVERIFY(found.wait(PatienceMilliseconds));
+    QCOMPARE(found.first().first().toUuid(), opened);
     QCOMPARE(runs.run->handler.editHistory(opened).steps.size(), 1);
     runs.run.reset();
 }

@@ -367,10 +367,14 @@ private Q_SLOTS:
         QCOMPARE(placeOf(0), QPoint(1, 0));
         key(Qt::Key_Y, Qt::ControlModifier);
         QCOMPARE(placeOf(0), QPoint(4, 0));
+        m_mouse->scene().selectAllItem();
+        QKeyEvent withOthers(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier, {}, true);
+        QCoreApplication::sendEvent(&m_mouse->view(), &withOthers);
+        QCOMPARE(m_mouse->stack().count(), pressed + 2); // no part of it goes into the step before
         m_mouse->stack().setClean();
         QKeyEvent press(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier, {}, true); // since it was saved
         QCoreApplication::sendEvent(&m_mouse->view(), &press);
-        QCOMPARE(m_mouse->stack().count(), pressed + 2);
+        QCOMPARE(m_mouse->stack().count(), pressed + 3);
         while (m_mouse->stack().canUndo())
             key(Qt::Key_Z, Qt::ControlModifier);
         QVERIFY(m_mouse->layout() == m_mouse->original());

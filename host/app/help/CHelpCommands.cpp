@@ -34,15 +34,22 @@ void CHelpCommands::showCrash(QWidget &parent)
     if (!report)
         return;
     qWarning("The program has crashed before; %s tells how.", qUtf8Printable(report->file));
+    showCrash(parent, *report);
+    CCrashHandler::setShown(*report);
+}
+
+void CHelpCommands::showCrash(QWidget &parent, const CCrashHandler::SReport &report)
+{
+    const QString folder = CCrashHandler::defaultFolder();
     auto *dialog = new CReportDialog(
         tr("Orvo has crashed"),
         tr("Orvo ended unexpectedly on %1. Whoever looks into it needs the following report.\n%2")
-            .arg(report->time.toString(QStringLiteral("d MMMM yyyy, HH:mm")),
+            .arg(report.time.toString(QStringLiteral("d MMMM yyyy, HH:mm")),
                  QDir::toNativeSeparators(folder)),
-        report->text + QLatin1Char('\n') + SystemInformation::text(), &parent);
+        report.text + QLatin1Char('\n') + SystemInformation::text(), &parent);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::finished, dialog, [report] { CCrashHandler::setShown(report); });
     dialog->show(); // without blocking what else the start asks
-    CCrashHandler::setShown(*report);
 }
 
 void CHelpCommands::showLog()

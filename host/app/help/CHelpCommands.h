@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "host/app/start/CCrashHandler.h"
+
 #include <QObject>
 
 class QWidget;
@@ -18,6 +20,8 @@ public:
     /// Shows the latest crash report that was not shown yet, if there is one, in a window of its own that
     /// blocks nothing. While a modal dialog is open, that must be @p parent.
     static void showCrash(QWidget &parent);
+    /// Shows @p report, which counts as shown once the user has closed it.
+    static void showCrash(QWidget &parent, const CCrashHandler::SReport &report);
 
     void showLog();
     void openLogFolder();

@@ -37,11 +37,12 @@ void CRestoredStep::redo()
 {
     if (m_inert)
         return;
-    apply(CPortDelta::After);
-    m_content.setOrdinals(ports(), std::exchange(m_ordinals, {}));
+    const auto ordinals = std::exchange(m_ordinals, {});
+    if (apply(CPortDelta::After))
+        m_content.setOrdinals(ports(), ordinals);
 }
 
-void CRestoredStep::apply(CPortDelta::ESide side)
+bool CRestoredStep::apply(CPortDelta::ESide side)
 {
     QVector<CabinetLayout::CabinetPort> records;
     QVector<QUuid> changed;
@@ -53,7 +54,8 @@ void CRestoredStep::apply(CPortDelta::ESide side)
         const auto groups = delta.groups(side, record.groups);
         if (!groups) {
             qCWarning(historyLog, "A step does not fit port %d.", delta.port() + 1);
-            return; // all of it or nothing
+            m_selection.clear();
+            return false; // all of it or nothing
         }
         SEditStep::SPort change{record, record};
         change.after.groups = *groups;
@@ -62,6 +64,7 @@ void CRestoredStep::apply(CPortDelta::ESide side)
     }
     m_content.replace(records);
     select(changed);
+    return true;
 }
 
 /// Where the user wants it, an edit ends the highlights of what it changes.

@@ -26,7 +26,7 @@ public:
     QVector<QUuid> selection() const override { return m_selection; }
 
 private:
-    void apply(CPortDelta::ESide side);
+    bool apply(CPortDelta::ESide side); // returns whether it fits the layout
     void select(const QVector<QUuid> &cabinets);
 
     std::shared_ptr<const CStepValues> m_values;

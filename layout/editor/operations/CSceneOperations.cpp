@@ -142,7 +142,7 @@ void CSceneOperations::nudge(const QPointF &step, bool again)
         return;
     const CEditBatch batch(m_editing);
     CUndoMacro macro(m_recorder, QStringLiteral("ChangePosition"), QStringLiteral("Move"));
-    if (again)
+    if (again && m_nudged == m_recorder.stepCount())
         macro.goOn();
     int atEdge = 0;
     for (CGraphicsItemBase *item : m_selection.sorted()) {
@@ -153,6 +153,7 @@ void CSceneOperations::nudge(const QPointF &step, bool again)
         else
             atEdge += item->concernedCabinets().size();
     }
+    m_nudged = m_recorder.nextStepCount();
     if (atEdge > 0)
         m_editing.tell(atEdge == 1 ? tr("1 cabinet stands at the edge.")
                                    : tr("%1 cabinets stand at the edge.").arg(atEdge));

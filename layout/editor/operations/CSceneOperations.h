@@ -53,4 +53,5 @@ private:
     CSceneContent &m_content;
     const CSceneSelection &m_selection;
     CUndoRecorder &m_recorder;
+    int m_nudged = -1; // the recorder's count of steps after the last nudge
 };

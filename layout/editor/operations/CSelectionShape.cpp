@@ -42,8 +42,11 @@ void CSelectionShape::moveTo(const QPoint &wanted)
     QRectF extent;
     for (const CGraphicsItemBase *item : items)
         extent |= placeOf(*item);
-    constexpr int most = LayoutLimits::LargestOffset;
-    const QPoint corner(qBound(-most, wanted.x(), most), qBound(-most, wanted.y(), most));
+    const int most = LayoutLimits::LargestOffset;
+    const auto bounded = [most](int place, qreal now) { // a file may hold one beyond
+        return place == qRound(now) ? place : qBound(-most, place, most);
+    };
+    const QPoint corner(bounded(wanted.x(), extent.left()), bounded(wanted.y(), extent.top()));
     if (corner != wanted)
         m_editing.tell(tr("X and Y reach from \u2212%1 to %1.").arg(most));
     const CEditBatch batch(m_editing);

@@ -14,7 +14,12 @@ void CUndoRecorder::begin(const QString &operationName, const QString &text)
 
 void CUndoRecorder::goOn()
 {
-    if (m_stack && m_stack->canUndo() && !m_stack->canRedo() && !m_stack->isClean())
+    if (!m_stack || !m_stack->canUndo() || m_stack->canRedo() || m_stack->isClean())
+        return;
+    const QUndoCommand &step = *m_stack->command(m_stack->index() - 1);
+    const auto *first =
+        step.childCount() == 0 ? nullptr : dynamic_cast<const CUndoCommandBase *>(step.child(0));
+    if (first && first->selectionAfter() == m_selectionBefore) // else it would continue a part of the step
         m_merging = 0;
 }
 

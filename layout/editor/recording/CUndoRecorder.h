@@ -31,6 +31,8 @@ public:
 
     /// How many steps have been put on stacks so far.
     int stepCount() const { return m_stepCount; }
+    /// What stepCount() is after the operation that is in progress.
+    int nextStepCount() const { return m_stepCount + (m_first ? 1 : 0); }
 
     /// The name of the running or the last operation.
     const QString &operationName() const { return m_operationName; }
