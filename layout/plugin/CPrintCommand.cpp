@@ -30,13 +30,16 @@ SPrintedProcessor printed(const Node &node, const LayoutData &data)
     processor.kind = node.model;
     processor.colorDepth = node.colorDepth;
     processor.portCount = CHostAccess::call<&Host::outputPortCount>(node.uuid);
-    for (const Port &port : data.layout.ports) {
-        const SPortLoad load = BearerLoad::of(data.layout, port.index);
-        processor.loads.insert(port.index, load);
-        if (port.redundancy == Port::Redundant)
-            continue; // its primary may be on another processor
-        processor.frameRate = load.frameRate;
-        processor.pixelLimit = load.pixelLimit;
+    for (const Port &port : data.layout.ports)
+        processor.loads.insert(port.index, BearerLoad::of(data.layout, port.index));
+    if (!data.layout.ports.isEmpty()) {
+        // Not of the loads: the primary of a port may be on another processor.
+        const Port &any = data.layout.ports.first();
+        const SPortLoad own = CHostAccess::call<&Host::portLoadDetails>(node.uuid, any, any.index);
+        processor.frameRate = own.frameRate;
+        processor.pixelLimit = own.pixelLimit;
+        processor.bitsPerPixel = own.bitsPerPixel;
+        processor.bitsPerSecond = own.bitsPerSecond;
     }
     return processor;
 }

@@ -60,6 +60,8 @@ private Q_SLOTS:
             QCOMPARE(printed.frameRate, exported.frameRate);
             QCOMPARE(printed.colorDepth, exported.colorDepth);
             QCOMPARE(printed.pixelLimit, exported.pixelLimit);
+            QCOMPARE(printed.bitsPerPixel, exported.bitsPerPixel);
+            QCOMPARE(printed.bitsPerSecond, exported.bitsPerSecond);
             for (auto load = printed.loads.begin(); load != printed.loads.end(); ++load) {
                 const SPortLoad same = exported.loads.value(load.key());
                 QCOMPARE(load->percent, same.percent);

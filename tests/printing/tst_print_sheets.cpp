@@ -153,12 +153,16 @@ private Q_SLOTS:
         QVERIFY(has(sheets.first(), "of 20, 4 are free"));
         const SSheet &table = sheets.at(1);
         QVERIFY(has(table, "for Main, port 1") && has(table, "17\u201320") && !has(table, "16\u201320"));
-        const SPrintInput input = CSheetExport::inputOf({project});
+        SPrintInput input = CSheetExport::inputOf({project});
         int loads = 0;
         for (const SPortLoad &load : input.processors.first().loads)
             loads += load.percent;
         QVERIFY(loads > 0);
         QVERIFY(has(table, qPrintable(QString::number((loads + 19) / 20)))); // the mean, rounded up
+        input.processors[0].loads[0].bitsPerSecond = 1;                      // of a primary elsewhere
+        const auto again = CSheetSet::of(SPrintPlan::of(input, {configOf(PrintConfig::A3), {}, {}}));
+        QVERIFY(SheetTexts::whole(table).contains(QStringLiteral("bit/s by 60 Hz")));
+        QCOMPARE(SheetTexts::whole(again.value().at(1)), SheetTexts::whole(table));
         const QVector<SSheetText> texts = SheetTexts::of(sheets.first());
         QCOMPARE(std::count_if(texts.begin(), texts.end(),
                                [](const SSheetText &text) {

@@ -25,6 +25,8 @@ void giveLoads(SPrintedProcessor &printed, const SProcessorProject &project)
     if (!kind)
         return;
     printed.pixelLimit = kind->pixelLimit;
+    printed.bitsPerPixel = kind->generation.wireBits.value(project.colorDepth);
+    printed.bitsPerSecond = kind->generation.netBitsPerSecond;
     printed.loads = CPortCapacity::loads(*kind, {project.frameRate, project.colorDepth, false},
                                          project.layout, project.portCount);
 }

@@ -24,7 +24,9 @@ struct SPrintedProcessor
     int frameRate = 60;         ///< hertz
     int colorDepth = 8;         ///< bits
     qint64 pixelLimit = 0;      ///< what the processor can drive in all; 0: unknown
-    QMap<int, SPortLoad> loads; ///< by output-port index; of every port
+    int bitsPerPixel = 0;       ///< on the wire; 0: unknown
+    qint64 bitsPerSecond = 0;   ///< net rate of a port
+    QMap<int, SPortLoad> loads; ///< by output-port index; of every port, perhaps of its primary elsewhere
     QUuid redundancy;           ///< the processor that takes over when this one fails; null: none
     QUuid primary;              ///< the processor that this one takes over for; null: none
 };

@@ -176,12 +176,12 @@ QStringList portNotes(const SPlanProcessor &processor)
 {
     QStringList notes{CPortTable::tr(
         "Load: pixels by capacity, rounded up to whole percent; the total is the mean of all ports.")};
-    const auto &loads = processor.source.loads;
-    if (!loads.isEmpty() && loads.first().bitsPerPixel > 0)
+    const SPrintedProcessor &source = processor.source;
+    if (source.bitsPerPixel > 0)
         notes.last() += QLatin1Char(' ') + CPortTable::tr("Capacity: %1 bit/s by %2 Hz and %3 bit.")
-                                               .arg(whole(loads.first().bitsPerSecond))
-                                               .arg(loads.first().frameRate)
-                                               .arg(loads.first().bitsPerPixel);
+                                               .arg(whole(source.bitsPerSecond))
+                                               .arg(source.frameRate)
+                                               .arg(source.bitsPerPixel);
     qint64 pixels = 0;
     for (const SPlanPort &port : processor.ports)
         pixels += port.added;
