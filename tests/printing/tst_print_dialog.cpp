@@ -4,6 +4,7 @@
 #include "layout/api/records/CPrintConfigJson.h"
 #include "layout/printing/dialog/CPrintDialog.h"
 #include "layout/printing/dialog/CPrintSettings.h"
+#include "layout/printing/dialog/CSheetPictures.h"
 #include "layout/printing/dialog/CSheetPreview.h"
 #include "layout/printing/dialog/PrintMemory.h"
 #include "layout/printing/lists/CSheetSet.h"
@@ -16,6 +17,7 @@
 #include "tests/harness/CTestBase.h"
 #include "tests/projects/ProjectSamples.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -270,6 +272,22 @@ private Q_SLOTS:
         preview.show(sheets.mid(1)); // page 1 is another one now
         QVERIFY(!preview.isDrawn(1));
         QTRY_VERIFY(preview.isDrawn(1));
+    }
+
+    /// Whatever is in work.
+    void drawsInTheSizeThatIsWishedLast()
+    {
+        CSheetPictures pictures;
+        pictures.setSheets(someSheets(PrintConfig::Cover));
+        const QSize wished(140, 100);
+        pictures.draw({{0, wished}});
+        QTRY_COMPARE(pictures.picture(0).size(), wished);
+        pictures.draw({{0, 2 * wished}});
+        while (!QAbstractEventDispatcher::instance()->hasPendingEvents())
+            std::this_thread::yield(); // until it is drawn, but not taken
+        pictures.draw({{0, wished}});
+        QCoreApplication::processEvents();
+        QCOMPARE(pictures.picture(0).size(), wished);
     }
 
     void aDateIsThatOfTheWholeJob()

@@ -46,15 +46,18 @@ void CSheetPictures::draw(const QVector<SWish> &wishes)
     m_thread.RemoveEvent(Draw);
     const int begun = m_begun; // is drawn, or about to be taken
     const SWish kept = m_jobs.value(begun, {-1, {}});
+    const auto isKept = [&kept](const SWish &wish) {
+        return wish.sheet == kept.sheet && wish.pixels == kept.pixels;
+    };
     m_jobs.clear();
-    if (kept.sheet >= 0)
-        m_jobs.insert(begun, kept);
+    if (std::any_of(wishes.begin(), wishes.end(), isKept))
+        m_jobs.insert(begun, kept); // else it would replace the picture of the size that is wished
     QHash<int, QImage> pictures;
     for (const SWish &wish : wishes) {
         const QImage known = m_pictures.value(wish.sheet);
         if (!known.isNull())
             pictures.insert(wish.sheet, known);
-        if (known.size() != wish.pixels && !(kept.sheet == wish.sheet && kept.pixels == wish.pixels))
+        if (known.size() != wish.pixels && !isKept(wish))
             append(wish);
     }
     m_pictures = pictures;
