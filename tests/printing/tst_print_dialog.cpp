@@ -274,10 +274,11 @@ private Q_SLOTS:
         QTRY_VERIFY(preview.isDrawn(1));
     }
 
-    /// Whatever is in work.
+    /// Whatever is in work, and also when there is no memory for it.
     void drawsInTheSizeThatIsWishedLast()
     {
         CSheetPictures pictures;
+        QSignalSpy drawn(&pictures, &CSheetPictures::notifyDrawn);
         pictures.setSheets(someSheets(PrintConfig::Cover));
         const QSize wished(140, 100);
         pictures.draw({{0, wished}});
@@ -288,6 +289,10 @@ private Q_SLOTS:
         pictures.draw({{0, wished}});
         QCoreApplication::processEvents();
         QCOMPARE(pictures.picture(0).size(), wished);
+        drawn.clear();
+        pictures.draw({{0, {1 << 28, 1 << 28}}});
+        QTRY_COMPARE(drawn.size(), 1);
+        QVERIFY(pictures.picture(0).isNull());
     }
 
     void aDateIsThatOfTheWholeJob()

@@ -8,22 +8,28 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <new>
 
 namespace {
 
 constexpr int Draw = 0; // key of all events
 
+/// Null: there is not enough memory.
 QImage drawn(const SSheet &sheet, const QSize &pixels)
 {
-    QImage picture(pixels, QImage::Format_RGB32);
-    if (picture.isNull())
-        return picture; // there is not enough memory
-    picture.fill(Qt::white);
-    QPainter painter(&picture);
-    const double scale = pixels.width() / sheet.size.width() / CSheetFont::UnitsPerMillimetre;
-    painter.scale(scale, scale);
-    CSheetPainter::paint(painter, sheet);
-    return picture;
+    try {
+        QImage picture(pixels, QImage::Format_RGB32);
+        if (picture.isNull())
+            return picture;
+        picture.fill(Qt::white);
+        QPainter painter(&picture);
+        const double scale = pixels.width() / sheet.size.width() / CSheetFont::UnitsPerMillimetre;
+        painter.scale(scale, scale);
+        CSheetPainter::paint(painter, sheet);
+        return picture;
+    } catch (const std::bad_alloc &) {
+        return QImage();
+    }
 }
 
 } // namespace

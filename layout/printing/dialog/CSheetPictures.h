@@ -30,7 +30,8 @@ public:
     /// Draws these sheets, the first one first, as far as there are no such pictures yet; forgets the
     /// pictures of others.
     void draw(const QVector<SWish> &wishes);
-    /// The newest picture of a sheet, perhaps of another size than what is drawn for it; null: none.
+    /// The newest picture of a sheet, perhaps of another size than what is drawn for it; null: none,
+    /// for want of memory once notifyDrawn() has told of it.
     QImage picture(int sheet) const { return m_pictures.value(sheet); }
 
 Q_SIGNALS:

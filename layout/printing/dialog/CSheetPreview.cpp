@@ -97,8 +97,14 @@ void CSheetPreview::buildUi()
     whole->addLayout(row);
     connect(m_number, QOverload<int>::of(&QSpinBox::valueChanged), this, &CSheetPreview::updatePage);
     connect(&m_pictures, &CSheetPictures::notifyDrawn, this, [this](int sheet) {
-        if (sheet == page())
+        if (sheet != page())
+            return;
+        if (!m_pictures.picture(sheet).isNull()) {
             m_page->show(m_pictures.picture(sheet));
+            return;
+        }
+        m_page->resize(m_area->maximumViewportSize()); // the text is in view
+        m_page->tell(tr("There is not enough memory for the sheets."));
     });
 }
 
