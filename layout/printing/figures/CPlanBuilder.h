@@ -24,9 +24,9 @@ private:
     SPlanPort port(const SPrintedProcessor &source, int index, SPlanProcessor &into);
     void addCabinets(QVector<Port::Cabinet> cabinets, SPlanPort &port, SPlanProcessor &into);
     void giveRedundancy(SPlanPort &port, const Port &record, const SPlanProcessor &processor) const;
-    /// The other processor of a pair; @p shown: with its address.
     ProcessorTree::ProcessorNode nodeOf(const QUuid &processor) const; // without a name: unknown
     bool isKnown(const QUuid &processor) const;
+    /// The other processor of a pair; @p shown: with its address.
     QString nameOf(const QUuid &processor, bool shown) const;
     int typeOf(const Port::Cabinet &cabinet, double pitch);
     void place(SPlanProcessor &processor) const;
