@@ -356,6 +356,9 @@ private Q_SLOTS:
         const SPrintPlan alone = SPrintPlan::of(CSheetExport::inputOf({project}), job);
         QCOMPARE(alone.processors.first().port(0)->redundancyShown, job.whole.farEnd);
         QCOMPARE(both.processors.first().version, planOf(project).processors.first().version);
+        project.layout.ports[0].redundancy = Port::Redundant; // its strings do not end in its primary
+        const SPrintPlan spare = SPrintPlan::of(CSheetExport::inputOf({project}), job);
+        QCOMPARE(spare.processors.first().port(0)->redundancyName, QStringLiteral("another processor"));
     }
 };
 

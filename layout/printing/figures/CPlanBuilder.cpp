@@ -163,9 +163,10 @@ void CPlanBuilder::giveRedundancy(SPlanPort &port, const Port &record, const SPl
         if (port.redundant && here)
             port.added = 0; // the primary counts for both
         port.redundancyPort = record.redundancyPort;
-        // One that is not part of the job and not known is named by the settings.
+        // The backup that is not part of the job and not known is named by the settings.
         const QString &given = processor.config.farEnd;
-        const bool isGiven = !here && !given.isEmpty() && !isKnown(other);
+        const bool isGiven =
+            record.redundancy == Port::Primary && !here && !given.isEmpty() && !isKnown(other);
         port.redundancyName = here      ? processor.source.node.name
                               : isGiven ? withoutAddress(given)
                                         : nameOf(other, false);
