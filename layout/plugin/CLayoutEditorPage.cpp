@@ -225,7 +225,6 @@ void CLayoutEditorPage::buildUi()
     column->setSpacing(0);
     column->addWidget(m_wiring);
     column->addWidget(m_panel, 1);
-    m_wiring->hide(); // the host may have it; shown with the page
 }
 
 void CLayoutEditorPage::connectSignals()

@@ -26,9 +26,11 @@ bool Layout_Init(IAbstractControlInterface **out, IAbstractControlInterface *hos
     if (hostObject->metaObject()->indexOfMethod("AddStatusBarWidget(UiOrvo::EnModule,QWidget*)") >= 0)
         QMetaObject::invokeMethod(hostObject, "AddStatusBarWidget", Q_ARG(UiOrvo::EnModule, module),
                                   Q_ARG(QWidget *, layout.statusBarWidget()));
-    if (hostObject->metaObject()->indexOfMethod("AddTitleBarWidget(UiOrvo::EnModule,QWidget*)") >= 0)
+    if (hostObject->metaObject()->indexOfMethod("AddTitleBarWidget(UiOrvo::EnModule,QWidget*)") >= 0) {
         QMetaObject::invokeMethod(hostObject, "AddTitleBarWidget", Q_ARG(UiOrvo::EnModule, module),
                                   Q_ARG(QWidget *, layout.titleBarWidget()));
+        layout.titleBarWidget()->hide(); // until the editor is shown
+    }
     QMetaObject::invokeMethod(hostObject, "AddLock", Q_ARG(UiOrvo::EnModule, module));
     QMetaObject::invokeMethod(hostObject, "AddCollapse", Q_ARG(UiOrvo::EnModule, module));
 
