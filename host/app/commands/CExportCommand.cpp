@@ -8,6 +8,7 @@
 #include "host/app/commands/CPrintOptions.h"
 #include "host/app/commands/CSheetExport.h"
 #include "host/app/commands/SCommandOutcome.h"
+#include "host/projects/CLayoutCheck.h"
 #include "host/projects/CProcessorProject.h"
 #include "layout/api/records/LayoutData.h"
 
