@@ -17,8 +17,9 @@
 
 namespace {
 
-constexpr int FullLoad = 100; // percent
-constexpr qreal PlateGap = 4; // device pixels
+constexpr int FullLoad = 100;   // percent
+constexpr qreal PlateGap = 4;   // device pixels
+constexpr qreal TwoPlates = 29; // least height of a cabinet with one above the other, device pixels
 
 const QColor OutlinedFill(31, 31, 36);
 
@@ -117,15 +118,16 @@ bool hasRoom(const QRectF &place, const SPlate &plate, qreal scale)
     return size.width() >= plate.rect.width() * 0.75 && size.height() >= plate.rect.height() * 0.75;
 }
 
-/// The name of the port; an overload has its figure beside it from afar, else below it.
+/// The name of the port; an overload has its figure below it or, where there is no room, beside it.
 void addName(QVector<SPlate> &plates, const SPortLook &look, qreal scale)
 {
     const EDistance distance = distanceOf(look.head, scale);
     const bool overloaded = isOverloaded(look);
+    const bool inOne = distance == Afar || look.head.height() * scale < TwoPlates;
     QSvgRenderer *icon = look.redundant                     ? &CSvgCache::redundancy()
                          : showsLock(look, distance, scale) ? &CSvgCache::lock()
                                                             : nullptr;
-    const QString name = CPortLabel::text(look.port, overloaded && distance == Afar ? look.load : 0);
+    const QString name = CPortLabel::text(look.port, overloaded && inOne ? look.load : 0);
     SPlate plate = plateIn(look.head, scale, name, icon);
     if (overloaded)
         plate.style = SPlate::Overload;
@@ -136,7 +138,7 @@ void addName(QVector<SPlate> &plates, const SPortLook &look, qreal scale)
     if (!hasRoom(look.bounds, plate, scale))
         return;
     plates << plate;
-    if (!overloaded || distance == Afar)
+    if (!overloaded || inOne)
         return;
     SPlate figure = plateIn(look.head, scale, QStringLiteral("%1%").arg(look.load), nullptr);
     figure.style = SPlate::Overload;
