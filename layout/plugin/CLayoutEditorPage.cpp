@@ -21,6 +21,7 @@
 #include "layout/plugin/CWiringLayoutWidget.h"
 
 #include <QAbstractButton>
+#include <QGuiApplication>
 #include <QHideEvent>
 #include <QMenu>
 #include <QUndoStack>
