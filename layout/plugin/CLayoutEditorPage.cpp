@@ -7,6 +7,7 @@
 #include "layout/data/CLayoutData.h"
 #include "layout/editor/content/CEditBatches.h"
 #include "layout/editor/content/CSceneSelection.h"
+#include "layout/editor/placing/CScenePlacing.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/view/CFaultLine.h"
