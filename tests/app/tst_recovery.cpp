@@ -175,11 +175,8 @@ void CRecoveryTest::whatCannotBeReadNowStays()
     SBench bench;
     bench.leave("Arena", true);
     for (const char *call : {"open", "lock", "read"}) {
-        QList<SStrayJournal> offers;
-        {
-            const CFaultyFileSystem disk({call, 1, EIO, true});
-            offers = CJournalFolder(bench.journals).strays();
-        }
+        const CFaultyFileSystem disk({call, 1, EIO, true}); // outlives the handles of the offers
+        const QList<SStrayJournal> offers = CJournalFolder(bench.journals).strays();
         QCOMPARE(offers.size(), 1);
         const CRecoveryDialog dialog(offers, nullptr);
         const QString text = dialog.findChild<QListWidget *>()->currentItem()->text();
