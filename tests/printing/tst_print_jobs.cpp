@@ -14,6 +14,7 @@
 #include "tests/printing/SheetTexts.h"
 #include "tests/projects/ProjectSamples.h"
 
+#include <QFontDatabase>
 #include <QFontInfo>
 #include <QImage>
 #include <QRandomGenerator>
@@ -220,8 +221,11 @@ private Q_SLOTS:
         PrintConfig config = configOf(PrintConfig::A4);
         config.sheets = PrintConfig::AllSheets;
         config.views = PrintConfig::BothViews;
-        config.project = CSheetFont::has(0x5317) ? QStringLiteral("Stadion S\u00fcdkurve \u5317\u4eac")
-                                                 : QStringLiteral("Stadion S\u00fcdkurve");
+        // So it is on machines without a Chinese font, too.
+        QVERIFY(QFontDatabase::addApplicationFont(
+                    QStringLiteral(ORVO_SOURCE_DIR "/tests/printing/han.ttf")) >= 0);
+        config.venue = QStringLiteral("S\u00fcdkurve \u5317\u4eac"); // not bold, which that font is not
+        QVERIFY(CSheetFont::has(0x5317) && CSheetFont::has(0x4eac));
         const SProcessorProject project = ProjectSamples::ofWall(CWallBuilder::Medium);
         const QVector<SSheet> sheets = sheetsOf(config, {project});
         QCOMPARE(sheets.size(), 40);

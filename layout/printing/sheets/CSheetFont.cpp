@@ -11,8 +11,9 @@
 namespace {
 
 constexpr double MillimetresPerPoint = 25.4 / 72;
-constexpr double CapShare = 0.73;  ///< of a capital in the size of the letters
-constexpr double LineShare = 1.16; ///< of a line
+constexpr double CapShare = 0.73;   ///< of a capital in the size of the letters
+constexpr double LineShare = 1.16;  ///< of a line
+constexpr double UsualDigit = 0.56; ///< width of a digit in the size of the letters
 constexpr int MeasuredPixels = 1000;
 
 QFont namedFont()
@@ -23,8 +24,23 @@ QFont namedFont()
                       QStringLiteral("sans-serif")});
     font.setStyleHint(QFont::SansSerif, QFont::StyleStrategy(QFont::PreferOutline | QFont::PreferAntialias));
     font.setHintingPreference(QFont::PreferNoHinting);
-    font.setKerning(false); // the width of a text is the sum of its letters'
+    // The width of a text is the sum of its letters': no kerning, and no ligatures, which any given spacing
+    // switches off, also the usual one.
+    font.setKerning(false);
+    font.setLetterSpacing(QFont::PercentageSpacing, 100);
     return font;
+}
+
+/// Percent to which letters are narrowed. Where only a wide family is installed, sheets would have no room
+/// for their numbers.
+int stretchOf(const QString &family, bool bold)
+{
+    QFont font = namedFont();
+    font.setFamily(family);
+    font.setPixelSize(MeasuredPixels);
+    font.setBold(bold);
+    const double digit = QFontMetricsF(font).horizontalAdvance(QLatin1Char('0')) / MeasuredPixels;
+    return digit > UsualDigit ? int(100 * UsualDigit / digit) : 100;
 }
 
 QFont fontOf(int pixels, bool bold)
@@ -32,7 +48,10 @@ QFont fontOf(int pixels, bool bold)
     QFont font = namedFont();
     // Of the families the one that is installed: a vector picture names only this one.
     static const QString family = QFontInfo(font).family();
+    static const int usual = stretchOf(family, false);
+    static const int heavy = stretchOf(family, true);
     font.setFamily(family);
+    font.setStretch(bold ? heavy : usual);
     font.setPixelSize(pixels);
     font.setBold(bold);
     return font;
