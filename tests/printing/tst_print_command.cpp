@@ -5,12 +5,16 @@
 #include "layout/api/access/CHostAccess.h"
 #include "layout/api/records/PortPairs.h"
 #include "layout/plugin/CPrintCommand.h"
+#include "layout/printing/lists/CSheetSet.h"
+#include "layout/printing/output/SheetFiles.h"
 #include "platform/control/IAbstractControlInterface.h"
 #include "tests/devices/CDeviceFixture.h"
 #include "tests/harness/CWorldTest.h"
+#include "tests/projects/ProjectSamples.h"
 
 #include <QApplication>
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -41,14 +45,23 @@ class CPrintCommandTest final : public CWorldTest<CParkHost>
     Q_OBJECT
 
 private Q_SLOTS:
-    /// Sheets of a processor tell what those of its project tell.
+    /// Sheets of processors tell what those of their projects tell, also of a pair.
     void printsWhatItsProjectPrints()
     {
-        int compared = 0;
-        for (const SPrintedProcessor &printed : CPrintCommand::input().processors) {
+        QVERIFY(m_world->park.handler.setProcessorRedundancy(m_world->park.left, m_world->park.right));
+        SPrintInput input = CPrintCommand::input();
+        SPrintJob job{PrintConfig(), {}, {}};
+        job.whole.date = QDate(2026, 5, 4);
+        job.whole.sheets = PrintConfig::Cover | PrintConfig::PortTable;
+        SPrintJob ofProjects = job; // which have no address of their own
+        QVector<SProcessorProject> projects;
+        for (int i = 0; i < input.processors.size(); ++i) {
+            const SPrintedProcessor &printed = input.processors.at(i);
             const QUuid key = printed.node.uuid;
-            if (m_world->park.manager.table().device(key)->settings.threeD)
-                continue; // doubles the loads, and no project tells of it
+            if (m_world->park.manager.table().device(key)->settings.threeD) {
+                input.processors.remove(i--); // doubles the loads, and no project tells of it
+                continue;
+            }
             const QString file = m_world->park.folder.filePath(QStringLiteral("printed.sprj"));
             QVERIFY(m_world->park.handler.exportProcessorMapping(key, file));
             const auto project = CProcessorProject::read(file);
@@ -68,9 +81,39 @@ private Q_SLOTS:
                 QCOMPARE(load->pixels, same.pixels);
                 QCOMPARE(load->capacity, same.capacity);
             }
-            ++compared;
+            projects << project.value();
+            ofProjects.addresses.insert(key, printed.node.addressText());
         }
-        QVERIFY(compared >= 3);
+        QVERIFY(projects.size() >= 3);
+        const auto placeOf = [&projects](const QUuid &key) {
+            return int(std::find_if(projects.begin(), projects.end(),
+                                    [&](const auto &project) { return project.layout.processor == key; }) -
+                       projects.begin());
+        };
+        const CSheetExport::Pair pair(placeOf(m_world->park.left), placeOf(m_world->park.right));
+        const SPrintPlan window = SPrintPlan::of(input, job);
+        const SPrintPlan shell = SPrintPlan::of(CSheetExport::inputOf(projects, {pair}), ofProjects);
+        for (int i = 0; i < projects.size(); ++i)
+            QCOMPARE(window.processors.at(i).version, shell.processors.at(i).version);
+        QCOMPARE(window.processors.at(pair.second).primary, window.processors.at(pair.first).name);
+        QVERIFY(SheetFiles::pdf(CSheetSet::of(window).value(), {}, job.whole.date) ==
+                SheetFiles::pdf(CSheetSet::of(shell).value(), {}, job.whole.date));
+    }
+
+    /// Who has only the one project names the other processor.
+    void aNamedRedundancyProcessorIsThatOfThePair()
+    {
+        const auto wall = [](const char *name) {
+            SProcessorProject project = ProjectSamples::ofWall(CWallBuilder::Small);
+            project.name = QString::fromLatin1(name);
+            project.layout.processor = QUuid::createUuid();
+            return project;
+        };
+        const SPrintInput both = CSheetExport::inputOf({wall("A"), wall("B")}, {{0, 1}});
+        SPrintJob named;
+        named.whole.farEnd = QStringLiteral("B (10.0.0.2)");
+        QCOMPARE(SPrintPlan::of(both, {}).processors.first().version,
+                 SPrintPlan::of(CSheetExport::inputOf({wall("A")}), named).processors.first().version);
     }
 
     void redundancyPortsOfProjectsFollowTheirPrimaries()

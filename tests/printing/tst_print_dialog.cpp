@@ -21,6 +21,8 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPrinter>
 #include <QPrinterInfo>
@@ -126,6 +128,38 @@ private Q_SLOTS:
         QCOMPARE(job.of(first).paper, PrintConfig::A2);
     }
 
+    /// Also without other settings than those of the job.
+    void eachOfSeveralProjectsHasAnAddress()
+    {
+        SPrintInput input = twoWalls();
+        const QUuid second = input.processors[1].node.uuid;
+        for (int i : {0, 1})
+            input.others.insert(input.processors[i].node.uuid, input.processors[i].node);
+        input.others[QUuid::createUuid()].name = QStringLiteral("Bare");
+        {
+            CPrintDialog dialog(input, {second}, {}, nullptr);
+            auto *processors = dialog.findChild<QListWidget *>();
+            QCOMPARE(processors->count(), 3); // the one without cabinets cannot be chosen
+            QVERIFY(processors->item(2)->text().startsWith(QLatin1String("Bare")) &&
+                    !(processors->item(2)->flags() & Qt::ItemIsEnabled));
+            auto *form = dialog.findChild<CPrintSettings *>();
+            const auto fieldOf = [form](const char *label) {
+                return qobject_cast<QLineEdit *>(found<QLabel>(*form, QString::fromLatin1(label))->buddy());
+            };
+            QVERIFY(!fieldOf("Processor address")->isEnabled() && fieldOf("Venue")->isEnabled());
+            for (auto *box : dialog.findChildren<QComboBox *>()) {
+                if (box->findData(second) >= 0)
+                    box->setCurrentIndex(box->findData(second));
+            }
+            QVERIFY(fieldOf("Processor address")->isEnabled() && !fieldOf("Venue")->isEnabled());
+            fieldOf("Processor address")->setText(QStringLiteral("10.0.0.8"));
+            dialog.reject();
+        }
+        const SPrintJob kept = PrintMemory::load();
+        QCOMPARE(kept.addresses.value(second), QStringLiteral("10.0.0.8"));
+        QVERIFY(kept.own.isEmpty() && kept.addresses.size() == 1);
+    }
+
     /// What a project keeps holds each time, and is kept again only if the user changes it.
     void keepsSettingsInProjects()
     {
@@ -205,7 +239,7 @@ private Q_SLOTS:
         config.rack = {true, Json::LargestDistance, Json::LargestDistance};
         config.cables = {Json::LargestSlack, Json::LargestSlack, {Json::LongestStock}, 100};
         CPrintSettings settings;
-        settings.show(config, true, false);
+        settings.show(config, CPrintSettings::OfJob, false);
         QVector<double> shown;
         for (auto *box : settings.findChildren<QDoubleSpinBox *>())
             shown << box->value();

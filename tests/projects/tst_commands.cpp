@@ -194,6 +194,8 @@ private Q_SLOTS:
         row("export WALL OUT.pdf --designer \uE000", 1, "no font for the letters");
         row("export WALL OUT.png --keep", 2, "name those with --sheets");
         row("export WALL WALL OUT.pdf", 1, "the same processor");
+        row("export WALL WALL OUT.pdf --pairs 1:2,2:1", 2, "\"2:1\" in --pairs");
+        row("export WALL OUT.pdf --pairs 1:2", 2, "places of projects");
         row("export WALL NOWHERE/OUT.pdf", 1, "OUT.pdf\" cannot be written");
         row("export WALL OUT.png --size 16384x16384", 2, "at most");
         row("export MISSING.sprj OUT.png", 1, "MISSING.sprj\" cannot be read");

@@ -23,6 +23,7 @@ const QString sheetsOption = QStringLiteral("--sheets");
 const QString addressOption = QStringLiteral("--address");
 const QString pitchOption = QStringLiteral("--pitch");
 const QString keepOption = QStringLiteral("--keep");
+const QString pairsOption = QStringLiteral("--pairs");
 constexpr int FewestDots = 30;
 constexpr int MostDots = 600;
 
@@ -55,6 +56,31 @@ QStringList addressesOf(const CCommandArguments &arguments)
     return addresses;
 }
 
+/// The pairs of processors that are named. On failure @p error is set.
+QVector<CSheetExport::Pair> pairsOf(const CCommandArguments &arguments, QString &error)
+{
+    QVector<CSheetExport::Pair> pairs;
+    if (!arguments.has(pairsOption))
+        return pairs;
+    QVector<int> paired;
+    for (const QString &pair : arguments.text(pairsOption).split(QLatin1Char(','))) {
+        const QStringList places = pair.split(QLatin1Char(':'));
+        for (const QString &place : places) {
+            const int project = place.toInt() - 1;
+            if (places.size() != 2 || project < 0 || project + 1 >= arguments.fileCount() ||
+                paired.contains(project)) {
+                error = CExportCommand::tr("\"%1\" in --pairs is not two places of projects, from 1, each "
+                                           "in one pair, like 1:2")
+                            .arg(pair);
+                return {};
+            }
+            paired << project;
+        }
+        pairs.append({paired.at(paired.size() - 2), paired.last()});
+    }
+    return pairs;
+}
+
 /// Why these arguments do not belong together; empty if they do.
 QString problemOf(const CCommandArguments &arguments, const QString &target)
 {
@@ -69,10 +95,13 @@ QString problemOf(const CCommandArguments &arguments, const QString &target)
     if (arguments.has(dotsOption) && !(sheets && suffix == QLatin1String("png")))
         return CExportCommand::tr("--dpi is for sheets as .png");
     const int projects = arguments.fileCount() - 1;
-    if (sheets)
-        return addressesOf(arguments).size() <= projects
-                   ? QString()
-                   : CExportCommand::tr("--address names more addresses than there are projects");
+    if (sheets) {
+        QString error;
+        pairsOf(arguments, error);
+        return addressesOf(arguments).size() > projects
+                   ? CExportCommand::tr("--address names more addresses than there are projects")
+                   : error;
+    }
     for (const QString &option : arguments.given()) {
         const bool table = suffix == QLatin1String("csv");
         if (option != sizeOption && option != dotsOption && !(table && option == pitchOption))
@@ -147,12 +176,14 @@ SCommandOutcome exportSheets(const QVector<SProcessorProject> &projects, const C
 {
     const SPrintJob job = jobOf(projects, arguments);
     QStringList warnings;
-    const auto names = CSheetExport::write(CSheetExport::inputOf(projects), job, target, dots, warnings);
+    QString error; // none: the arguments were checked
+    const SPrintInput input = CSheetExport::inputOf(projects, pairsOf(arguments, error));
+    const auto names = CSheetExport::write(input, job, target, dots, warnings);
     if (!names)
         return SCommandOutcome::badInput(names.error());
     for (const QString &name : names.value())
         out << name << '\n';
-    const QString error = arguments.has(keepOption) ? keepSettings(projects, arguments, job) : QString();
+    error = arguments.has(keepOption) ? keepSettings(projects, arguments, job) : QString();
     if (!error.isEmpty())
         return SCommandOutcome::badInput(error);
     return {CCommandLine::Success, warnings.join(QStringLiteral("\norvo: "))};
@@ -170,6 +201,10 @@ QString CExportCommand::help()
               "  --size WxH              pixels (1920 wide)\n"
               "Sheets (for a table only --pitch):\n"
               "%1"
+              "  --pairs LIST            processors that take over for others, with commas between them: "
+              "1:2, "
+              "that of\n"
+              "                          the second project takes over for that of the first (none)\n"
               "  --dpi N                 dots per inch of sheets as .png (%2)\n"
               "  --keep                  keeps these settings, but not the date, in the projects, for the "
               "next plan\n")
@@ -179,9 +214,9 @@ QString CExportCommand::help()
 
 SCommandOutcome CExportCommand::run(const QStringList &arguments, QTextStream &out)
 {
-    const auto parsed =
-        CCommandArguments::parse(arguments, QStringList{sizeOption, dotsOption} + CPrintOptions::names(),
-                                 CPrintOptions::flags() << keepOption, 2);
+    const auto parsed = CCommandArguments::parse(
+        arguments, QStringList{sizeOption, dotsOption, pairsOption} + CPrintOptions::names(),
+        CPrintOptions::flags() << keepOption, 2);
     if (!parsed)
         return SCommandOutcome::usage(parsed.error());
     const CCommandArguments &given = parsed.value();

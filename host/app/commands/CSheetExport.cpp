@@ -55,7 +55,7 @@ void giveLoadsOfPrimaries(QVector<SPrintedProcessor> &processors)
 
 } // namespace
 
-SPrintInput CSheetExport::inputOf(const QVector<SProcessorProject> &projects)
+SPrintInput CSheetExport::inputOf(const QVector<SProcessorProject> &projects, const QVector<Pair> &pairs)
 {
     SPrintInput input;
     for (const SProcessorProject &project : projects) {
@@ -70,6 +70,10 @@ SPrintInput CSheetExport::inputOf(const QVector<SProcessorProject> &projects)
         printed.colorDepth = project.colorDepth;
         giveLoads(printed, project);
         input.processors << printed;
+    }
+    for (const Pair &pair : pairs) {
+        input.processors[pair.first].redundancy = projects.at(pair.second).layout.processor;
+        input.processors[pair.second].primary = projects.at(pair.first).layout.processor;
     }
     giveLoadsOfPrimaries(input.processors);
     input.library = CTypeLibrary::builtIn().nodes();

@@ -97,6 +97,7 @@ QWidget *CPrintDialog::buildChoices(const QList<QUuid> &chosen)
         item->setCheckState(chosen.contains(key) ? Qt::Checked : Qt::Unchecked);
         m_scope->addItem(tr("Settings of %1").arg(processor.node.name), key);
     }
+    addEmpty();
     m_own = new QCheckBox(tr("Other settings than those of the job"));
     auto *whole = new QWidget;
     auto *column = new QVBoxLayout(whole);
@@ -105,6 +106,22 @@ QWidget *CPrintDialog::buildChoices(const QList<QUuid> &chosen)
     column->addWidget(m_scope);
     column->addWidget(m_own);
     return whole;
+}
+
+void CPrintDialog::addEmpty()
+{
+    QMap<QUuid, ProcessorTree::ProcessorNode> empty = m_input.others;
+    for (const SPrintedProcessor &processor : m_input.processors)
+        empty.remove(processor.node.uuid);
+    QStringList names;
+    for (const ProcessorTree::ProcessorNode &node : qAsConst(empty))
+        names << tr("%1: no cabinets").arg(node.displayText());
+    names.sort(Qt::CaseInsensitive);
+    for (const QString &name : qAsConst(names)) {
+        auto *item = new QListWidgetItem(name, m_processors);
+        item->setToolTip(name);
+        item->setFlags(Qt::NoItemFlags);
+    }
 }
 
 QWidget *CPrintDialog::buildProgress()
@@ -198,8 +215,11 @@ void CPrintDialog::onScopeChanged()
     PrintConfig shown = m_job.own.value(processor, m_job.whole);
     shown.date = m_job.whole.date;
     shown.address = m_job.addresses.value(addressed());
-    m_settings->show(shown, processor.isNull(), !addressed().isNull());
-    m_settings->widget()->setEnabled(processor.isNull() || m_own->isChecked());
+    m_settings->show(shown,
+                     processor.isNull()   ? CPrintSettings::OfJob
+                     : m_own->isChecked() ? CPrintSettings::OfProcessor
+                                          : CPrintSettings::OfNone,
+                     !addressed().isNull());
 }
 
 void CPrintDialog::onOwnToggled(bool own)

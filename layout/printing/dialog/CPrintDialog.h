@@ -46,6 +46,7 @@ private Q_SLOTS:
 private:
     void buildUi(const QList<QUuid> &chosen);
     QWidget *buildChoices(const QList<QUuid> &chosen);
+    void addEmpty(); ///< lists the processors that have no cabinets, behind the others
     QWidget *buildProgress();
     void connectSignals();
     void layOut();

@@ -82,7 +82,12 @@ CPrintSettings::CPrintSettings(QWidget *parent)
         field->setFocusPolicy(Qt::StrongFocus); // not by the wheel
         field->installEventFilter(this);
     }
-    show(m_config, true, false);
+    for (auto *field : content->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly)) {
+        const auto *label = qobject_cast<QLabel *>(field);
+        if (field != m_address && !(label && label->buddy() == m_address))
+            m_all << field;
+    }
+    show(m_config, OfJob, false);
 }
 
 bool CPrintSettings::eventFilter(QObject *watched, QEvent *event)
@@ -95,15 +100,18 @@ bool CPrintSettings::eventFilter(QObject *watched, QEvent *event)
     return true;
 }
 
-void CPrintSettings::show(const PrintConfig &config, bool whole, bool addressed)
+void CPrintSettings::show(const PrintConfig &config, Fields fields, bool addressed)
 {
     m_config = config;
     m_showing = true;
     for (const auto &field : qAsConst(m_fields))
         field(m_config);
     m_showing = false;
+    m_fieldsShown = fields;
+    for (QWidget *widget : qAsConst(m_all))
+        widget->setEnabled(fields != OfNone);
     for (QWidget *widget : qAsConst(m_ofJob))
-        widget->setEnabled(whole);
+        widget->setEnabled(fields == OfJob);
     m_address->setEnabled(addressed);
     updateEnabled();
 }
@@ -119,10 +127,11 @@ void CPrintSettings::change(const Take &take)
 
 void CPrintSettings::updateEnabled()
 {
+    const bool any = m_fieldsShown != OfNone;
     for (QWidget *widget : qAsConst(m_ofCustomPaper))
-        widget->setEnabled(m_config.paper == PrintConfig::CustomPaper);
-    m_bindingMargin->setEnabled(m_config.binding != PrintConfig::NoBinding);
-    m_scale->setEnabled(m_config.scale > 0);
+        widget->setEnabled(any && m_config.paper == PrintConfig::CustomPaper);
+    m_bindingMargin->setEnabled(any && m_config.binding != PrintConfig::NoBinding);
+    m_scale->setEnabled(any && m_config.scale > 0);
 }
 
 void CPrintSettings::addSheets()
@@ -191,7 +200,8 @@ void CPrintSettings::addTexts()
     addText(form, tr("Project"), [](PrintConfig &config) -> QString & { return config.project; });
     m_address = addText(form, tr("Processor address"),
                         [](PrintConfig &config) -> QString & { return config.address; });
-    m_address->setToolTip(tr("For a project: a processor tells its own"));
+    m_address->setToolTip(tr("For a project: a processor tells its own. Of several projects, each has its "
+                             "own, below \"Settings of\""));
     addText(form, tr("Venue"), [](PrintConfig &config) -> QString & { return config.venue; });
     addText(form, tr("Designer"), [](PrintConfig &config) -> QString & { return config.designer; });
     addText(form, tr("Auditor"), [](PrintConfig &config) -> QString & { return config.auditor; });

@@ -21,9 +21,15 @@ class CPrintSettings final : public CScrollArea
 public:
     explicit CPrintSettings(QWidget *parent = nullptr);
 
-    /// Shows @p config. With @p whole it is that of the job, which alone says which sheets there are. The
-    /// address can be changed with @p addressed.
-    void show(const PrintConfig &config, bool whole, bool addressed);
+    /// Which of the fields can be changed.
+    enum Fields {
+        OfJob,       ///< all
+        OfProcessor, ///< all but those that hold for the whole job, such as which sheets there are
+        OfNone       ///< none: the processor has the settings of the job
+    };
+
+    /// Shows @p config, of which @p fields can be changed, and the address with @p addressed.
+    void show(const PrintConfig &config, Fields fields, bool addressed);
     const PrintConfig &config() const { return m_config; }
 
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -65,9 +71,11 @@ private:
     bool m_showing = false;
     QVBoxLayout *m_groups = nullptr;
     QVector<std::function<void(PrintConfig &)>> m_fields; ///< each shows its value
+    QVector<QWidget *> m_all;                             ///< but the address
     QVector<QWidget *> m_ofJob;                           ///< only for the whole job
     QVector<QWidget *> m_ofCustomPaper;
     QWidget *m_bindingMargin = nullptr;
     QWidget *m_address = nullptr;
+    Fields m_fieldsShown = OfJob;
     QSpinBox *m_scale = nullptr;
 };
