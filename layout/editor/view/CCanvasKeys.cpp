@@ -3,15 +3,25 @@
 #include "layout/editor/view/CCanvasKeys.h"
 
 #include "layout/editor/content/CSelectionPicks.h"
+#include "layout/editor/gestures/CAppendKeys.h"
+#include "layout/editor/menus/IEditorCommands.h"
 #include "layout/editor/operations/CGuardedUndo.h"
 #include "layout/editor/operations/CSceneOperations.h"
 #include "layout/editor/placing/CScenePlacing.h"
+#include "layout/editor/scene/CCabinetGraphicsScene.h"
+#include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/scene/SEditTargets.h"
+#include "layout/editor/view/CLayoutGraphicsView.h"
+#include "layout/editor/view/CStatusWords.h"
 #include "platform/graphics/ArrowKeys.h"
 
+#include <QCursor>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QPointer>
 
 #include <algorithm>
+#include <optional>
 
 namespace {
 
@@ -62,9 +72,8 @@ bool isRedo(const QKeyEvent &event)
     return event.matches(QKeySequence::Redo) || pressedKey(event) == QKeySequence(Qt::CTRL | Qt::Key_Y);
 }
 
-} // namespace
-
-std::optional<EditKind> CCanvasKeys::kindOf(const QKeyEvent &event)
+/// What the key does; nothing if it is none of the canvas.
+std::optional<EditKind> kindOf(const QKeyEvent &event)
 {
     if (plainKey(event) || !arrowStep(event).isNull() || event.matches(QKeySequence::Paste))
         return EditKind::Edit;
@@ -75,16 +84,63 @@ std::optional<EditKind> CCanvasKeys::kindOf(const QKeyEvent &event)
     return std::nullopt;
 }
 
-void CCanvasKeys::carryOut(const QKeyEvent &event, const SEditTargets &targets, QWidget *parent)
+} // namespace
+
+bool CCanvasKeys::press(QKeyEvent &event)
 {
+    CCabinetGraphicsScene &scene = m_view.cabinetScene();
+    CScenePlacing &placing = scene.backend().placing();
+    if (event.key() == Qt::Key_Escape) {
+        scene.leaveOperation();
+        return true;
+    }
+    if (CAppendKeys::press(event, placing, m_view)) {
+        if (!placing.isAppending())
+            scene.leaveOperation();
+        return true;
+    }
+    const std::optional<EditKind> kind = kindOf(event);
+    if (!kind || !m_view.refusal(*kind).isEmpty())
+        return false;
+    if (*kind == EditKind::Tool)
+        openAppendMenu();
+    else
+        carryOut(event);
+    return true;
+}
+
+void CCanvasKeys::explain(QKeyEvent &event)
+{
+    const std::optional<EditKind> kind = kindOf(event);
+    if (!kind)
+        return;
+    if (!event.isAccepted())
+        m_words.tell(m_view.refusal(*kind) + QLatin1Char('.'));
+    event.accept();
+}
+
+void CCanvasKeys::carryOut(const QKeyEvent &event)
+{
+    const SEditTargets targets = m_view.cabinetScene().backend().targets();
     if (const SCanvasKey *key = plainKey(event))
         key->edit(targets);
     else if (const QPoint step = arrowStep(event); !step.isNull())
         targets.operations.nudge(step, event.isAutoRepeat()); // one undo step, however long it is held
     else if (event.matches(QKeySequence::Undo))
-        targets.history.undo(parent);
+        targets.history.undo(&m_view);
     else if (isRedo(event))
-        targets.history.redo(parent);
+        targets.history.redo(&m_view);
     else if (event.matches(QKeySequence::Paste))
-        targets.placing.paste({}, parent);
+        targets.placing.paste({}, &m_view);
+}
+
+void CCanvasKeys::openAppendMenu()
+{
+    if (!m_commands)
+        return;
+    const QPointer<QMenu> menu = new QMenu(&m_view);
+    m_commands->fillAppendMenu(*menu, &m_view);
+    if (!menu->isEmpty())
+        menu->exec(QCursor::pos());
+    delete menu;
 }

@@ -2,21 +2,35 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/editor/view/CEditRule.h"
-
-#include <optional>
-
+class CLayoutGraphicsView;
+class CStatusWords;
+class IEditorCommands;
 class QKeyEvent;
-class QWidget;
-struct SEditTargets;
 
 /// The keys of the canvas. GUI thread.
 class CCanvasKeys final
 {
 public:
-    /// What the key does; nothing if it is none of the canvas.
-    static std::optional<EditKind> kindOf(const QKeyEvent &event);
-    /// Carries out the edit assigned to the key; messages appear over @p parent. A key of another kind does
-    /// nothing.
-    static void carryOut(const QKeyEvent &event, const SEditTargets &targets, QWidget *parent);
+    /// @p view and @p words must outlive it.
+    CCanvasKeys(CLayoutGraphicsView &view, CStatusWords &words)
+        : m_view(view)
+        , m_words(words)
+    {
+    }
+
+    /// Sets what can be appended; null: nothing. The caller keeps ownership.
+    void setCommands(IEditorCommands *commands) { m_commands = commands; }
+
+    /// Does what the key is for. Returns false if it is none of the canvas or is refused now.
+    bool press(QKeyEvent &event);
+    /// To be called for a key that press() did not take: tells why, unless somebody else has taken it.
+    void explain(QKeyEvent &event);
+
+private:
+    void carryOut(const QKeyEvent &event);
+    void openAppendMenu();
+
+    CLayoutGraphicsView &m_view;
+    CStatusWords &m_words;
+    IEditorCommands *m_commands = nullptr;
 };

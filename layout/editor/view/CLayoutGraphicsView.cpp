@@ -9,7 +9,6 @@
 #include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/content/CSelectionPicks.h"
-#include "layout/editor/gestures/CAppendKeys.h"
 #include "layout/editor/gestures/CSceneInput.h"
 #include "layout/editor/items/CFarPorts.h"
 #include "layout/editor/menus/IEditorCommands.h"
@@ -18,20 +17,18 @@
 #include "layout/editor/placing/CScenePlacing.h"
 #include "layout/editor/scene/CCabinetGraphicsScene.h"
 #include "layout/editor/scene/CSceneBackend.h"
-#include "layout/editor/scene/SEditTargets.h"
 #include "layout/editor/scene/SInputTargets.h"
 #include "layout/editor/view/CCanvasKeys.h"
 #include "layout/editor/view/CEditorToolBar.h"
 #include "layout/editor/view/CStatusWords.h"
 #include "layout/editor/view/CToolCommands.h"
 #include "layout/editor/view/CToolModes.h"
+#include "layout/editor/view/CWallSights.h"
 #include "platform/graphics/CAerialView.h"
 
 #include <QKeyEvent>
-#include <QMenu>
 #include <QMetaMethod>
 #include <QPaintEvent>
-#include <QPointer>
 #include <QScrollBar>
 
 namespace {
@@ -49,6 +46,8 @@ CLayoutGraphicsView::CLayoutGraphicsView(const IPortStates &ports, QWidget *pare
     , m_shown(*m_scene, [this](const SEditRecord &record) { Q_EMIT notifyEditRecorded(record); })
     , m_toolBar(new CEditorToolBar)
     , m_words(new CStatusWords(*this))
+    , m_keys(std::make_unique<CCanvasKeys>(*this, *m_words))
+    , m_sights(std::make_unique<CWallSights>(*this))
 {
     buildUi();
     connectTools();
@@ -108,6 +107,7 @@ void CLayoutGraphicsView::setCommands(IEditorCommands *commands)
 {
     m_commands = commands;
     m_input->setCommands(commands);
+    m_keys->setCommands(commands);
 }
 
 void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout,
@@ -116,7 +116,7 @@ void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &process
     const bool restored = !kept.history.steps.isEmpty() && !hasSteps(processor.uuid);
     const bool another = restored || processor.uuid != m_shown.processor();
     if (another) {
-        keepSight();
+        m_sights->keep(m_shown.processor());
         QUndoStack &stack = m_shown.enter(layout.layout, kept).stack();
         connect(history(), &CEditHistory::notifyBeginningChanged, this, &CLayoutGraphicsView::showHistory,
                 Qt::UniqueConnection);
@@ -128,7 +128,7 @@ void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &process
     m_shown.show(processor, layout, another, kept.saved);
     aerialView().scheduleRefresh();
     if (another)
-        restoreSight(processor.uuid);
+        m_sights->restore(processor.uuid);
     Q_EMIT notifyHintChanged();
 }
 
@@ -153,28 +153,9 @@ void CLayoutGraphicsView::onStepChosen(int index)
         m_words->tell(refused + QLatin1Char('.'));
 }
 
-void CLayoutGraphicsView::keepSight()
-{
-    if (isFitted())
-        m_sights.remove(m_shown.processor());
-    else if (!m_shown.processor().isNull())
-        m_sights.insert(m_shown.processor(), {scaleFactor(), middle()});
-}
-
-void CLayoutGraphicsView::restoreSight(const QUuid &processor)
-{
-    const auto kept = m_sights.constFind(processor);
-    if (kept == m_sights.constEnd()) {
-        fitContent();
-        return;
-    }
-    setScaleFactor(kept->scale);
-    showPlace(kept->middle);
-}
-
 void CLayoutGraphicsView::clearLayout()
 {
-    keepSight();
+    m_sights->keep(m_shown.processor());
     m_shown.leave();
     m_scene->setUndoStack(nullptr);
     showHistory();
@@ -182,11 +163,6 @@ void CLayoutGraphicsView::clearLayout()
     onNotifyCanRedoChanged(false);
     aerialView().scheduleRefresh();
     Q_EMIT notifyHintChanged();
-}
-
-void CLayoutGraphicsView::setEditingBlocked(bool blocked)
-{
-    setBlocked(blocked, m_backup);
 }
 
 void CLayoutGraphicsView::onCurrentProcessorBackupChanged(bool isBackup)
@@ -242,17 +218,6 @@ void CLayoutGraphicsView::onNotifyAppendCabinet(const TypeInfo &type, int port, 
     if (m_scene->backend().placing().isAppending())
         ensureVisible(m_scene->backend().placing().block(), 0, 0);
     Q_EMIT notifyHintChanged();
-}
-
-void CLayoutGraphicsView::openAppendMenu(const QPoint &globalPos)
-{
-    if (!m_commands)
-        return;
-    const QPointer<QMenu> menu = new QMenu(this);
-    m_commands->fillAppendMenu(*menu, this);
-    if (!menu->isEmpty())
-        menu->exec(globalPos);
-    delete menu;
 }
 
 void CLayoutGraphicsView::onPortToggled(int port, bool current)
@@ -420,35 +385,10 @@ void CLayoutGraphicsView::drawForeground(QPainter *painter, const QRectF &rect)
 
 void CLayoutGraphicsView::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape)
-        m_scene->leaveOperation();
-    else if (CAppendKeys::press(*event, m_scene->backend().placing(), *this))
-        onAppendKey();
-    else if (const std::optional<EditKind> kind = CCanvasKeys::kindOf(*event))
-        pressEditKey(*event, *kind);
-    else
-        CGraphicsView::keyPressEvent(event);
-}
-
-void CLayoutGraphicsView::onAppendKey()
-{
-    if (!m_scene->backend().placing().isAppending())
-        m_scene->leaveOperation();
-}
-
-void CLayoutGraphicsView::pressEditKey(QKeyEvent &event, EditKind kind)
-{
-    const QString refused = refusal(kind);
-    if (!refused.isEmpty()) {
-        CGraphicsView::keyPressEvent(&event); // arrow keys scroll then
-        if (!event.isAccepted())
-            m_words->tell(refused + QLatin1Char('.'));
-        event.accept();
-    } else if (kind == EditKind::Tool) {
-        openAppendMenu(QCursor::pos());
-    } else {
-        CCanvasKeys::carryOut(event, m_scene->backend().targets(), this);
-    }
+    if (m_keys->press(*event))
+        return;
+    CGraphicsView::keyPressEvent(event); // arrow keys scroll then
+    m_keys->explain(*event);
 }
 
 QString CLayoutGraphicsView::refusal(EditKind kind) const

@@ -9,14 +9,15 @@
 #include "layout/editor/view/CShownLayout.h"
 #include "platform/graphics/CGraphicsView.h"
 
-#include <QHash>
 #include <QTimer>
 
 class CCabinetGraphicsScene;
+class CCanvasKeys;
 class CEditorToolBar;
 class CFarPorts;
 class CSceneInput;
 class CStatusWords;
+class CWallSights;
 class IEditorCommands;
 class IPortStates;
 struct SSelectionFigures;
@@ -52,7 +53,7 @@ public:
     /// Shows nothing.
     void clearLayout();
     /// With @p blocked, disables all edits.
-    void setEditingBlocked(bool blocked);
+    void setEditingBlocked(bool blocked) { setBlocked(blocked, m_backup); }
     /// The reason why what is of @p kind is refused now; empty if it is not.
     QString refusal(EditKind kind) const;
     /// What the mouse does with the tool in use; empty if nothing is shown.
@@ -122,25 +123,13 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    /// What is visible of a wall that is not fitted.
-    struct SSight
-    {
-        qreal scale;
-        QPointF middle;
-    };
-
     void buildUi();
     void connectTools();
     void connectScene();
     bool isBlocked() const { return m_blocked || m_backup; }
     void setBlocked(bool byController, bool asBackup);
-    void onAppendKey();
-    void pressEditKey(QKeyEvent &event, EditKind kind);
-    void openAppendMenu(const QPoint &globalPos);
     void highlight();
     void showHistory();
-    void keepSight();
-    void restoreSight(const QUuid &processor);
     void tellSelection();
 
     CCabinetGraphicsScene *m_scene;
@@ -148,9 +137,10 @@ private:
     CShownLayout m_shown;
     CEditorToolBar *m_toolBar;
     CStatusWords *m_words;
+    std::unique_ptr<CCanvasKeys> m_keys;
+    std::unique_ptr<CWallSights> m_sights;
     IEditorCommands *m_commands = nullptr;
     const CFarPorts *m_farPorts = nullptr; // during a frame
-    QHash<QUuid, SSight> m_sights;         // of processors that were shown before
     QTimer m_selectionTold;                // runs out when the selection is to be announced
     bool m_blocked = false;                // by the controller
     bool m_backup = false;                 // the processor in view follows another one
