@@ -28,13 +28,13 @@
 #include "layout/resources/LayoutResources.h"
 #include "platform/widgets/CElidedLabel.h"
 #include "platform/widgets/CMessageBox.h"
+#include "platform/widgets/CStatusBar.h"
 
 #include <QAction>
 #include <QCloseEvent>
 #include <QMenu>
 #include <QMimeData>
 #include <QScreen>
-#include <QStatusBar>
 #include <QTimer>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -102,6 +102,7 @@ void CMainWindow::buildUi()
 
 void CMainWindow::buildStatusBar()
 {
+    setStatusBar(new CStatusBar);
     m_progress = new CJobProgress;
     statusBar()->addPermanentWidget(m_progress);
     statusBar()->addPermanentWidget(m_module->statusBar());

@@ -5,7 +5,7 @@
 #include "layout/editor/view/CLayoutGraphicsView.h"
 
 namespace {
-constexpr int MessageIndent = 3; // pixels, as of messages
+constexpr int MessageIndent = 5; // pixels; with the status bar's own margin as far as messages
 }
 
 CToolHint::CToolHint(CLayoutGraphicsView &view)
