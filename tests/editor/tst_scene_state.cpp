@@ -182,6 +182,10 @@ private Q_SLOTS:
             QCOMPARE(cabinet.cabinet().rects.first(), record.rects.at(x == 40));
         }
         QVERIFY(cabinet.isHighlighted()); // it has its type still
+        const QVariant same = QVariant::fromValue(cabinet.cabinet());
+        world.stack().push(CommandWorld::make<CChangeCabinetTypeCommand>(cabinet, same, same));
+        QVERIFY(!cabinet.isHighlighted()); // it was given a type, if only the same
+        world.stack().undo();
         const CUndoCommandBase *own = world.scene.getChildUndoCommand(world.stack().command(0));
         QVERIFY(own);
         QCOMPARE(own->operationName(), QStringLiteral("ChangeRank"));

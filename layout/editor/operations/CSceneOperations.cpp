@@ -14,7 +14,7 @@
 #include "layout/editor/recording/CGroupEditing.h"
 #include "layout/editor/recording/CUndoRecorder.h"
 #include "layout/editor/recording/CWiringRecorder.h"
-#include "layout/editor/undo/CChangeCabinetTypeCommand.h"
+#include "layout/editor/undo/CChangeReceiversCommand.h"
 #include "layout/editor/undo/CMoveCommand.h"
 #include "layout/geometry/CReceiverAreas.h"
 #include "layout/geometry/CSnakeOrder.h"
@@ -170,8 +170,8 @@ void CSceneOperations::exchangeReceivers(const QUuid &cabinet)
     const CUndoMacro macro(m_recorder, QStringLiteral("ChangeRank"), QStringLiteral("Head-to-tail exchange"));
     auto reversed = item->cabinet();
     CReceiverAreas::reverse(reversed);
-    m_recorder.record<CChangeCabinetTypeCommand>(*item, QVariant::fromValue(item->cabinet()),
-                                                 QVariant::fromValue(reversed));
+    m_recorder.record<CChangeReceiversCommand>(*item, QVariant::fromValue(item->cabinet()),
+                                               QVariant::fromValue(reversed));
 }
 
 void CSceneOperations::prepareBackup(int port)

@@ -4,7 +4,7 @@
 
 #include "layout/editor/items/CGraphicsItemBase.h"
 #include "layout/editor/recording/CUndoRecorder.h"
-#include "layout/editor/undo/CChangeCabinetTypeCommand.h"
+#include "layout/editor/undo/CChangeReceiversCommand.h"
 #include "layout/geometry/CReceiverAreas.h"
 
 void CAreaRecorder::scale(CUndoRecorder &recorder, CGraphicsItemBase &item, const QSizeF &from,
@@ -14,6 +14,6 @@ void CAreaRecorder::scale(CUndoRecorder &recorder, CGraphicsItemBase &item, cons
     CReceiverAreas::resize(scaled, from.toSize(), to.toSize());
     if (scaled == item.cabinet())
         return;
-    recorder.record<CChangeCabinetTypeCommand>(item, QVariant::fromValue(item.cabinet()),
-                                               QVariant::fromValue(scaled));
+    recorder.record<CChangeReceiversCommand>(item, QVariant::fromValue(item.cabinet()),
+                                             QVariant::fromValue(scaled));
 }

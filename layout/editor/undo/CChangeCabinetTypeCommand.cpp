@@ -31,11 +31,7 @@ void CChangeCabinetTypeCommand::apply(const QVariant &value)
     const CItemChangeBlocker blocker(*cabinet);
     cabinet->setCabinet(qvariant_cast<CabinetLayout::CabinetPort::Cabinet>(value));
     const CGraphicsPortItem *owner = cabinet->portItem();
-    const auto typeOf = [](const QVariant &record) {
-        return qvariant_cast<CabinetLayout::CabinetPort::Cabinet>(record).type;
-    };
-    // Reversing or scaling receivers does not change the type.
-    if (owner && owner->resetsHighlightOnEdit() && typeOf(startValue()) != typeOf(endValue()))
+    if (endsHighlight() && owner && owner->resetsHighlightOnEdit())
         cabinet->setHighlighted(false);
     finishGeometry(*cabinet);
 }

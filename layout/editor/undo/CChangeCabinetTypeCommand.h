@@ -6,8 +6,9 @@
 
 #include <QCoreApplication>
 
-/// Gives a cabinet another record; start value and end value are the records before and after.
-class CChangeCabinetTypeCommand final : public CUndoCommandBase
+/// Gives a cabinet another record; start value and end value are the records before and after. Ends its
+/// highlight where the user wants that of edits.
+class CChangeCabinetTypeCommand : public CUndoCommandBase
 {
     Q_DECLARE_TR_FUNCTIONS(CChangeCabinetTypeCommand)
 
@@ -16,6 +17,9 @@ public:
 
     void undo() override;
     void redo() override;
+
+protected:
+    virtual bool endsHighlight() const { return true; }
 
 private:
     void apply(const QVariant &value);
