@@ -18,6 +18,10 @@ namespace {
 constexpr int StripePitch = 12;
 constexpr qreal StripeWidth = 4;
 constexpr qreal LeastAfarMark = 3;
+constexpr qreal PlateSide = 26;
+constexpr qreal SignShare = 0.6; // of the shared area's side, where it has no room for the plate
+constexpr qreal SmallestSign = 8;
+constexpr qreal LargestSign = 16;
 constexpr qreal FrameInset = 5; // of a close cabinet that is not wired
 
 QColor colorOf(CabinetFault fault)
@@ -44,7 +48,7 @@ QImage stripes(const QColor &color)
 const QBrush &hatching(CabinetFault fault)
 {
     static const QBrush overlap(stripes(LayoutColors::Fault));
-    static const QBrush outside(stripes(LayoutColors::Warning));
+    static const QBrush outside(stripes(LayoutColors::Warning).mirrored(true, false));
     return fault == CabinetFault::Overlapping ? overlap : outside;
 }
 
@@ -65,6 +69,49 @@ void paintHatched(QPainter &painter, const QVector<QRectF> &areas, const QPointF
         painter.setPen(QPen(colorOf(fault), 1));
         painter.drawRect(onScreen.adjusted(0.5, 0.5, -0.5, -0.5));
     }
+    painter.restore();
+}
+
+/// A triangle with an exclamation mark, so that it is not the colour alone that tells.
+void paintSign(QPainter &painter, const QPointF &middle, qreal side)
+{
+    const QPointF top = middle - QPointF(0, side / 2);
+    const QPointF triangle[] = {top, top + QPointF(side / 2, side * 0.9),
+                                top + QPointF(-side / 2, side * 0.9)};
+    painter.setPen(QPen(QColor(LayoutColors::Fault), 1, Qt::SolidLine, Qt::SquareCap, Qt::RoundJoin));
+    painter.setBrush(QColor(LayoutColors::Fault));
+    painter.drawConvexPolygon(triangle, 3);
+    const qreal width = std::max(1.0, side / 9);
+    painter.setPen(QPen(QColor(LayoutColors::Rim), width));
+    painter.drawLine(top + QPointF(0, side * 0.33), top + QPointF(0, side * 0.58));
+    painter.drawPoint(top + QPointF(0, side * 0.76));
+}
+
+/// In the middle of the largest area that is shared with others.
+void paintOverlapSign(QPainter &painter, const SCabinetLook &look)
+{
+    const auto smaller = [](const QRectF &a, const QRectF &b) {
+        return a.width() * a.height() < b.width() * b.height();
+    };
+    const auto largest = std::max_element(look.overlaps.begin(), look.overlaps.end(), smaller);
+    if (largest == look.overlaps.end())
+        return;
+    const QTransform canvas = painter.worldTransform();
+    const QRectF onScreen = canvas.mapRect(largest->translated(look.rect.topLeft()));
+    const qreal room = std::min(onScreen.width(), onScreen.height());
+    if (room * SignShare < SmallestSign)
+        return;
+    const QPointF middle(qRound(onScreen.center().x()), qRound(onScreen.center().y()));
+    painter.save();
+    painter.setWorldTransform(QTransform());
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (room >= PlateSide) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(QColor::fromRgba(LayoutColors::Plate));
+        painter.drawRoundedRect(
+            QRectF(middle - QPointF(PlateSide, PlateSide) / 2, QSizeF(PlateSide, PlateSide)), 4, 4);
+    }
+    paintSign(painter, middle, std::min(LargestSign, room * SignShare));
     painter.restore();
 }
 
@@ -92,6 +139,7 @@ void CFaultPainter::paint(QPainter &painter, const SCabinetLook &look, qreal sca
 {
     paintHatched(painter, look.outside, look.rect.topLeft(), CabinetFault::Outside);
     paintHatched(painter, look.overlaps, look.rect.topLeft(), CabinetFault::Overlapping);
+    paintOverlapSign(painter, look);
     if (!look.wired && !look.redundant)
         paintUnwired(painter, look, scale);
 }

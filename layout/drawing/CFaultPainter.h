@@ -9,8 +9,8 @@
 class CFaultPainter final
 {
 public:
-    /// Red hatching where others cover the cabinet, amber hatching outside the canvas, a dashed frame and a
-    /// ring for one that is not wired.
+    /// Red hatching with a triangle where others cover the cabinet, amber hatching the other way outside the
+    /// canvas, a dashed frame and a ring for one that is not wired.
     static void paint(QPainter &painter, const SCabinetLook &look, qreal scale);
     /// A square in the colour of the fault, as large as is needed to see it, with a dark rim where the
     /// cabinet has room for it.

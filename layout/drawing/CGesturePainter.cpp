@@ -48,9 +48,11 @@ void CGesturePainter::paintPointedOut(QPainter &painter, const QVector<QRectF> &
 
 void CGesturePainter::paintHandles(QPainter &painter, const QVector<QRectF> &marks)
 {
-    painter.setPen(cosmeticPen(LayoutColors::Border, 1));
-    painter.setBrush(QColor(LayoutColors::Frame));
-    painter.drawRects(marks);
+    const qreal rim = 1 / painter.worldTransform().m11();
+    for (const QRectF &mark : marks) { // all of it inside the mark, as nothing beside it is repainted
+        painter.fillRect(mark, LayoutColors::Rim);
+        painter.fillRect(mark.adjusted(rim, rim, -rim, -rim), LayoutColors::Selection);
+    }
 }
 
 void CGesturePainter::paintGhosts(QPainter &painter, const QVector<QRect> &cells, const QColor &fill)

@@ -34,6 +34,10 @@ constexpr qreal MarkMargin = 8;
 constexpr qreal RoomyWidth = 110; // of a cabinet that has room for label, number and mark in a row
 constexpr qreal SmallestCustomMark = 2.5;
 constexpr qreal HighlightWidth = 3;
+constexpr qreal SmallestWideFrame = 16; // cabinet with the frame of the selection in full
+constexpr qreal SelectionWidth = 2;
+constexpr qreal SelectionRim = 1; // on both sides
+constexpr qreal SelectionFrame = SelectionWidth + 2 * SelectionRim;
 constexpr qreal SmallestBorder = 3; // of a smaller cabinet it would be all that is seen
 
 /// How far @p pixels has come from @p none to what is drawn whole.
@@ -57,7 +61,7 @@ void paintNumber(QPainter &painter, const SCabinetLook &look, const QRectF &onSc
     QFont font = painter.font();
     const int size = qRound(qBound(SmallestNumber, side / NumberShare, LargestNumber));
     font.setPixelSize(size);
-    qreal margin = size / NumberShare;
+    qreal margin = std::max(size / NumberShare, SelectionFrame);
     QRectF place = onScreen.adjusted(margin, margin, 0, 0);
     if (close) { // in one row with the label
         margin = CLayoutPainter::markMargin(onScreen);
@@ -166,11 +170,40 @@ void paintArea(QPainter &painter, const QRectF &rect, const SCabinetColors &colo
     painter.fillRect(withinBorder(rect, colors, scale), colors.fill);
 }
 
-void paintHighlight(QPainter &painter, const QRectF &rect, qreal scale)
+/// A pen of @p width device pixels, @p inset device pixels inside @p rect.
+void paintFrameWithin(QPainter &painter, const QRectF &rect, qreal inset, qreal width, const QColor &color,
+                      qreal scale)
 {
-    const qreal half = HighlightWidth / 2 / scale;
-    paintFrame(painter, rect.adjusted(half, half, -half, -half),
-               cosmeticPen(LayoutColors::Highlight, HighlightWidth));
+    const qreal middle = (inset + width / 2) / scale;
+    paintFrame(painter, rect.adjusted(middle, middle, -middle, -middle), cosmeticPen(color, width));
+}
+
+/// White, with dark rims so that it is seen on any fill and any canvas.
+void paintSelection(QPainter &painter, const QRectF &rect, qreal scale)
+{
+    paintFrameWithin(painter, rect, 0, SelectionFrame, LayoutColors::Rim, scale);
+    paintFrameWithin(painter, rect, SelectionRim, SelectionWidth, LayoutColors::Selection, scale);
+}
+
+/// The same together with the fill, as areas inside each other, which takes less time.
+void paintSelectedArea(QPainter &painter, const QRectF &rect, const QColor &fill, qreal scale)
+{
+    qreal inset = 0;
+    const auto within = [&rect, &inset, scale](qreal width) {
+        const qreal now = inset / scale;
+        inset += width;
+        return rect.adjusted(now, now, -now, -now);
+    };
+    painter.fillRect(within(SelectionRim), LayoutColors::Rim);
+    painter.fillRect(within(SelectionWidth), LayoutColors::Selection);
+    painter.fillRect(within(SelectionRim), LayoutColors::Rim);
+    painter.fillRect(within(0), fill);
+}
+
+/// Whether the selection's frame leaves enough of a cabinet.
+bool hasWideFrame(const SCabinetColors &colors, const QRectF &rect, qreal scale)
+{
+    return colors.framed && sideOf(rect) * scale >= SmallestWideFrame;
 }
 
 } // namespace
@@ -180,7 +213,7 @@ SCabinetColors SCabinetColors::of(const SCabinetState &state, qreal width)
     SCabinetColors colors;
     colors.framed = state.selected;
     if (state.redundant && !state.highlighted) {
-        colors.border = state.selected ? QColor(LayoutColors::Frame) : CPortColors::tint(state.fill);
+        colors.border = state.selected ? QColor(LayoutColors::Selection) : CPortColors::tint(state.fill);
         return colors;
     }
     // A colour of another kind would be converted at each use.
@@ -191,7 +224,7 @@ SCabinetColors SCabinetColors::of(const SCabinetState &state, qreal width)
     const qreal share = shareOfFull(width, SmallestBorder);
     if (share > 0)
         colors.border = CPortColors::blended(
-            colors.fill, state.selected ? LayoutColors::Frame : LayoutColors::Border, share);
+            colors.fill, state.selected ? LayoutColors::Selection : LayoutColors::Border, share);
     return colors;
 }
 
@@ -203,7 +236,11 @@ void CLayoutPainter::paintCabinet(QPainter &painter, const SCabinetLook &look, q
         return;
     }
     const QRectF onScreen = painter.worldTransform().mapRect(look.rect);
-    paintArea(painter, look.rect, colors, scale);
+    const bool wideFrame = hasWideFrame(colors, look.rect, scale);
+    if (wideFrame && colors.fill.isValid())
+        paintSelectedArea(painter, look.rect, colors.fill, scale);
+    else
+        paintArea(painter, look.rect, colors, scale);
     if (look.custom)
         paintCustomMark(painter, look.rect, scale);
     paintInnerLines(painter, look, colors.fill.isValid() ? colors.fill : look.fill, onScreen);
@@ -211,7 +248,10 @@ void CLayoutPainter::paintCabinet(QPainter &painter, const SCabinetLook &look, q
     paintNumber(painter, look, onScreen, colors.fill.isValid() ? colors.fill : surroundings());
     paintMarks(painter, look, onScreen);
     if (look.highlighted)
-        paintHighlight(painter, look.rect, scale);
+        paintFrameWithin(painter, look.rect, wideFrame ? SelectionFrame : 0, HighlightWidth,
+                         LayoutColors::Highlight, scale);
+    if (wideFrame && (look.custom || look.fault != CabinetFault::None || !colors.fill.isValid()))
+        paintSelection(painter, look.rect, scale); // what was drawn since reaches over it
 }
 
 void CLayoutPainter::paintCabinetFromAfar(QPainter &painter, const QRectF &rect, const SCabinetColors &colors,
@@ -246,8 +286,13 @@ void CLayoutPainter::paintGroup(QPainter &painter, const QRectF &rect, bool sele
 {
     if (isAfar(rect.width(), scale))
         return;
-    paintFrame(painter, rect,
-               cosmeticPen(LayoutColors::Frame, selected ? 2 : 1, selected ? Qt::SolidLine : Qt::DashLine));
+    if (selected) {
+        paintSelection(painter, rect, scale);
+        return;
+    }
+    const qreal half = 0.5 / scale;
+    paintFrame(painter, rect.adjusted(half, half, -half, -half),
+               cosmeticPen(LayoutColors::Frame, 1, Qt::DashLine));
 }
 
 void CLayoutPainter::paintCanvas(QPainter &painter, const QRectF &canvas, const CCanvasFill &fill)

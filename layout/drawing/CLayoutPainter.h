@@ -70,7 +70,7 @@ public:
     /// The same for cabinets without marks that stand side by side without gaps, which takes half the time.
     static void paintRowFromAfar(QPainter &painter, const QVector<QRectF> &row, const SCabinetColors &colors,
                                  qreal scale);
-    /// The frame around a group's members.
+    /// The frame around a group's members, inside their rectangle. To be drawn above them.
     static void paintGroup(QPainter &painter, const QRectF &rect, bool selected, qreal scale);
     /// Checkerboard, fill image and border of a canvas.
     static void paintCanvas(QPainter &painter, const QRectF &canvas, const CCanvasFill &fill = {});

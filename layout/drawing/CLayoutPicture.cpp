@@ -5,6 +5,7 @@
 #include "layout/drawing/CLayoutPainter.h"
 #include "layout/drawing/CPictureFaults.h"
 #include "layout/drawing/CPortColors.h"
+#include "layout/drawing/CPortEdge.h"
 #include "layout/drawing/CPortLabel.h"
 #include "layout/drawing/CReceiverBorders.h"
 #include "layout/drawing/CWirePainter.h"
@@ -167,6 +168,21 @@ SPortLook lookOf(const Port &port)
     return look;
 }
 
+void paintNames(QPainter &painter, const std::vector<SDrawnPort> &drawn, qreal scale)
+{
+    for (const SDrawnPort &port : drawn) {
+        QVector<QRectF> rects;
+        qreal widest = 0;
+        for (const Cabinet &cabinet : port.cabinets) {
+            rects << CCabinetRect::fromRecord(cabinet.rect);
+            widest = std::max(widest, rects.last().width());
+        }
+        CPortEdge::paint(painter, CPortEdge::of(rects), lookOf(port.port), widest, scale);
+    }
+    for (const SDrawnPort &port : drawn)
+        CPortLabel::paint(painter, lookOf(port.port), scale);
+}
+
 } // namespace
 
 SWireAnchors SWireAnchors::of(const Cabinet &cabinet, const QRectF &placement)
@@ -205,9 +221,7 @@ void CLayoutPicture::paint(QPainter &painter, const LayoutData &data, const QRec
     }
     for (const SDrawnPort &port : drawn)
         paintPort(painter, port, options, deviceScale, faults);
-    if (options.labels) {
-        for (const Port &port : data.layout.ports)
-            CPortLabel::paint(painter, lookOf(port), deviceScale);
-    }
+    if (options.labels)
+        paintNames(painter, drawn, deviceScale);
     painter.restore();
 }

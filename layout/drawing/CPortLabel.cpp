@@ -32,11 +32,6 @@ EDistance distanceOf(const QRectF &head, qreal scale)
     return CLayoutPainter::isClose(head, scale) ? Close : Fitted;
 }
 
-bool isOverloaded(const SPortLook &look)
-{
-    return look.load > FullLoad && !look.redundant;
-}
-
 /// A text on a plate as it lies on the screen, in device pixels relative to the origin of the canvas.
 struct SPlate
 {
@@ -122,7 +117,7 @@ bool hasRoom(const QRectF &place, const SPlate &plate, qreal scale)
 void addName(QVector<SPlate> &plates, const SPortLook &look, qreal scale)
 {
     const EDistance distance = distanceOf(look.head, scale);
-    const bool overloaded = isOverloaded(look);
+    const bool overloaded = CPortLabel::isOverloaded(look);
     const bool inOne = distance == Afar || look.head.height() * scale < TwoPlates;
     QSvgRenderer *icon = look.redundant                     ? &CSvgCache::redundancy()
                          : showsLock(look, distance, scale) ? &CSvgCache::lock()
@@ -233,6 +228,11 @@ QString CPortLabel::text(int port, qint64 load)
 {
     const QString name = QStringLiteral("P%1").arg(port + 1);
     return load > FullLoad ? QStringLiteral("%1 %2%").arg(name).arg(load) : name;
+}
+
+bool CPortLabel::isOverloaded(const SPortLook &look)
+{
+    return look.load > FullLoad && !look.redundant;
 }
 
 QString CPortLabel::backupText(const CabinetLayout::CabinetPort &port)

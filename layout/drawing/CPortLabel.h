@@ -44,6 +44,7 @@ public:
     /// The width that a label, with or without a picture, takes before the number of a close cabinet, device
     /// pixels.
     static qreal widthBeforeNumber(const QString &text, bool icon);
+    static bool isOverloaded(const SPortLook &look);
     /// @p load is in percent; an overload is part of the text.
     static QString text(int port, qint64 load = 0);
     /// Names the redundancy port of @p port, with an arrow if it is on another processor; empty: none.

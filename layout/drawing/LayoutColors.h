@@ -12,6 +12,7 @@ constexpr QRgb CanvasEdge = qRgb(136, 136, 146);
 constexpr QRgb Border = qRgb(8, 8, 8); ///< between cabinets
 constexpr QRgb Rim = qRgb(8, 8, 12);   ///< around marks
 constexpr QRgb Frame = qRgb(202, 202, 210);
+constexpr QRgb Selection = qRgb(255, 255, 255);
 constexpr QRgb Wire = qRgb(255, 252, 225);
 constexpr QRgb Highlight = qRgb(255, 214, 64);
 constexpr QRgb Fault = qRgb(255, 122, 115);

@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
+#include "layout/drawing/CLayoutPainter.h"
 #include "layout/drawing/CPortColors.h"
 #include "layout/drawing/LayoutColors.h"
 #include "layout/editor/items/CFarPorts.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
+#include "layout/geometry/COutline.h"
 #include "tests/editor/CMouseTest.h"
 
 #include <QPainter>
@@ -123,6 +125,7 @@ private Q_SLOTS:
                 QCOMPARE(differentPixels(part, shown()), 0);
             }
             m_mouse->release(press);
+            QCOMPARE(leftBehind(), 0);
         }
     }
 
@@ -147,6 +150,101 @@ private Q_SLOTS:
         m_mouse->release({-100, -100});
         m_mouse->click({704, 4800});
         QCOMPARE(leftBehind(), 0);
+    }
+
+    void aGrowingBandLeavesNoFrameOfAGroup()
+    {
+        for (const qreal scale : {1.0, 0.41, 0.17}) {
+            view().setScaleFactor(scale);
+            view().centerOn(InPair);
+            shown();
+            m_mouse->press({700, 700}); // and towards groups whose edges are those of their ports
+            for (const QPoint &end : {QPoint(650, 620), QPoint(600, 560), QPoint(240, 440), QPoint(60, 260),
+                                      QPoint(240, 440), QPoint(690, 690)}) {
+                m_mouse->moveTo(end);
+                QCOMPARE(leftBehind(), 0);
+            }
+            m_mouse->release({690, 690});
+        }
+    }
+
+    /// A selected cabinet has a white frame of two pixels between dark rims at any scale that has room for
+    /// it.
+    void theSelectionIsFramed()
+    {
+        CGraphicsCabinetItem &cabinet = m_mouse->cabinet(0, 2); // of 128 pixels
+        const QRgb rim = QColor(LayoutColors::Rim).rgb();
+        const QRgb white = QColor(LayoutColors::Selection).rgb();
+        for (const qreal scale : {0.14, 0.5, 1.0, 4.0}) {
+            view().setScaleFactor(scale);
+            view().centerOn(cabinet.placement().center());
+            cabinet.setSelected(true);
+            m_mouse->cabinet(0, 1).setSelected(true); // no handles
+            const QImage frame = view().viewport()->grab().toImage();
+            const QPoint edge =
+                view().mapFromScene(cabinet.placement().topLeft() + QPointF(0, cabinet.rect().height() / 4));
+            QVector<QRgb> line;
+            for (int x = 0; x < 4; ++x)
+                line << (frame.pixel(edge + QPoint(x, 0)) | 0xff000000);
+            QCOMPARE(line, (QVector<QRgb>{rim, white, white, rim}));
+            m_mouse->scene().clearSelection();
+        }
+    }
+
+    void portsHaveAnEdge()
+    {
+        const auto colorAt = [this](int x, int y) {
+            const QImage frame = view().viewport()->grab().toImage();
+            return frame.pixel(view().mapFromScene(QPointF(x, y))) | 0xff000000;
+        };
+        const QColor fill = m_mouse->scene().backend().content().portItem(0)->fill();
+        const QRgb tint = CPortColors::blended(fill, CPortColors::tint(fill), 0.7).rgb();
+        const QRgb red = QColor(LayoutColors::Fault).rgb();
+        for (const QPoint &place : {QPoint(100, 1), QPoint(100, 127), QPoint(1, 100), QPoint(383, 100)})
+            QCOMPARE(colorAt(place.x(), place.y()), tint);
+        QVERIFY(colorAt(127, 100) != tint && colorAt(129, 100) != tint); // between cabinets
+        m_mouse->scene().setPortLoad(0, 101);
+        QCOMPARE(leftBehind(), 0);
+        QCOMPARE(colorAt(100, 1), red);
+        QCOMPARE(colorAt(100, 3), QColor(LayoutColors::Rim).rgb());
+        m_mouse->click({64, 64});
+        QCOMPARE(colorAt(100, 1), QColor(LayoutColors::Selection).rgb());
+        QCOMPARE(colorAt(200, 1), red);
+        QCOMPARE(leftBehind(), 0);
+        const auto lengthAround = [](const QVector<QRectF> &rects) {
+            qreal length = 0;
+            for (const COutline::SPiece &piece : COutline::of(rects))
+                length += piece.to - piece.from;
+            return length;
+        };
+        const QRectF square(0, 0, 100, 100);
+        const QRectF beside = square.translated(100, 30);
+        QCOMPARE(lengthAround({square, beside, square.translated(300, 0)}), 3 * 400.0 - 2 * 70);
+        QCOMPARE(lengthAround({QRectF(0, 100, 300, 20), square, square.translated(200, 0)}),
+                 640 + 800 - 400.0);
+    }
+
+    void overlapsDifferFromTheOutsideInShape()
+    {
+        SCabinetLook look;
+        look.rect = QRectF(0, 0, 60, 60);
+        look.fill = Qt::blue;
+        const auto picture = [&look] {
+            QImage image(60, 60, QImage::Format_RGB32);
+            QPainter painter(&image);
+            CLayoutPainter::paintCabinet(painter, look, 1);
+            return image;
+        };
+        look.outside = {look.rect};
+        const QImage outside = picture();
+        look.outside.clear();
+        look.overlaps = {look.rect};
+        const QImage overlap = picture();
+        int bright = 0;
+        for (int x = 20; x < 40; ++x) // the sides of the plate are dark, the foot of the triangle is not
+            bright += qRed(overlap.pixel(x, 35)) > 200;
+        QVERIFY(bright > 8 && qRed(overlap.pixel(18, 20)) < 50);
+        QVERIFY(qRed(overlap.pixel(9, 9)) != qRed(outside.pixel(9, 9))); // stripes the other way
     }
 
     void crowdedFramesAreDrawnSimply()

@@ -185,6 +185,16 @@ void CSceneContent::holdCabinets(const QList<int> &ports)
     }
 }
 
+QVector<QRectF> CSceneContent::heldAreas() const
+{
+    QVector<QRectF> areas;
+    for (auto held = m_held.keyBegin(); held != m_held.keyEnd(); ++held) {
+        if (const CGraphicsPortItem *item = portItem(*held))
+            areas << item->bounds();
+    }
+    return areas;
+}
+
 CGraphicsPortItem *CSceneContent::portItem(int index) const
 {
     const auto found =

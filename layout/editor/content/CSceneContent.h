@@ -50,6 +50,8 @@ public:
     /// edit before it ends.
     void holdCabinets(const QList<int> &ports);
     void releaseCabinets() { m_held.clear(); }
+    bool isHeld(int port) const { return m_held.contains(port); }
+    QVector<QRectF> heldAreas() const; ///< of their ports, as they are now
     /// The items of one port, or of all ports, have changed since they were read.
     void forgetRecord(int port) { m_records.remove(port); }
     void forgetRecords() { m_records.clear(); }

@@ -206,8 +206,6 @@ void CSceneSelection::raise(const QVector<CGraphicsPortItem *> &ports) const
 {
     for (CGraphicsPortItem *port : ports) {
         const bool selected = m_items.contains(port->port());
-        if (selected || port->zValue() > qreal(PortHeight))
-            port->updateEdges();
         port->setZValue(selected ? SelectedPortHeight : PortHeight);
     }
 }

@@ -48,18 +48,14 @@ void CRubberBand::moveTo(const QPointF &scenePos)
     m_rect = after;
     Places entered;
     Places left;
-    QVector<CGraphicsPortItem *> changed;
     for (CGraphicsPortItem *port : m_index.portItems()) {
         if (!port->bounds().intersects(before) && !port->bounds().intersects(after))
             continue;
-        const int count = entered.size() + left.size();
         for (const CPortOverview::SPlace &place : port->overview().places()) {
             const bool touched = touches(after, place.rect);
             if (place.cabinet && touched != touches(before, place.rect))
                 (touched ? entered : left) << &place;
         }
-        if (entered.size() + left.size() > count)
-            changed << port;
     }
     if (entered.size() + left.size() > ManyChanges)
         m_scene.updateViews();
@@ -67,8 +63,6 @@ void CRubberBand::moveTo(const QPointF &scenePos)
         change(*place, false);
     for (const CPortOverview::SPlace *place : qAsConst(entered))
         change(*place, true);
-    for (CGraphicsPortItem *port : qAsConst(changed))
-        port->updateEdges();
 }
 
 void CRubberBand::cancel()

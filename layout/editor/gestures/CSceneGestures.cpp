@@ -37,10 +37,10 @@ CSceneGestures::~CSceneGestures() = default;
 void CSceneGestures::cancel()
 {
     if (m_drag) {
-        const QVector<QRectF> shown = dragAreas();
+        const QVector<QRectF> shown = dragAreas() + m_content.heldAreas();
         m_drag->cancel();
         m_drag.reset();
-        invalidate(shown);
+        invalidate(shown + m_content.heldAreas());
         m_content.releaseCabinets();
         m_dragCancelled = true;
     }
@@ -100,6 +100,7 @@ bool CSceneGestures::isBeyondClick(const QPointF &from, const QPointF &to) const
 void CSceneGestures::continueDrag(const QPointF &scenePos, Qt::KeyboardModifiers keys)
 {
     m_keys = keys;
+    const bool begins = m_press.has_value();
     if (m_press) {
         if (!isBeyondClick(m_press->place, scenePos))
             return;
@@ -111,6 +112,8 @@ void CSceneGestures::continueDrag(const QPointF &scenePos, Qt::KeyboardModifiers
     m_drag->moveTo(scenePos, keys);
     m_cursor = scenePos;
     invalidate(before + dragAreas());
+    if (begins) // ports have no edges while they are dragged
+        invalidate(m_content.heldAreas());
 }
 
 QVector<QRectF> CSceneGestures::dragAreas() const
@@ -141,7 +144,7 @@ bool CSceneGestures::endDrag(const QPointF &scenePos)
     m_press.reset();
     if (!m_drag)
         return false;
-    const QVector<QRectF> shown = dragAreas();
+    const QVector<QRectF> shown = dragAreas() + m_content.heldAreas();
     m_content.releaseCabinets();
     const std::unique_ptr<CItemDrag> drag = std::move(m_drag);
     const bool moved = drag->finish(m_recorder);

@@ -111,6 +111,8 @@ bool CFarPorts::drawPicture(const QVector<CGraphicsPortItem *> &ports, QPainter 
     painter.translate(-source.topLeft());
     drawUnder();
     farPorts.paint(painter);
+    for (const CGraphicsPortItem *port : ports)
+        port->overview().paintFrames(painter, source, farPorts.m_scale);
     painter.restore();
     return true;
 }

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/items/CGraphicsGroupItem.h"
 
-#include "layout/drawing/CLayoutPainter.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/items/IEditorScene.h"
@@ -12,8 +11,6 @@
 #include <QCursor>
 #include <QEvent>
 #include <QGraphicsScene>
-#include <QPainter>
-#include <QStyleOptionGraphicsItem>
 
 #include <algorithm>
 
@@ -215,9 +212,5 @@ bool CGraphicsGroupItem::sceneEventFilter(QGraphicsItem *, QEvent *event)
     return true;
 }
 
-void CGraphicsGroupItem::paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *)
-{
-    const QTransform transform = painter->worldTransform();
-    CLayoutPainter::paintGroup(*painter, rect(), isSelectedWithGroups(),
-                               option->levelOfDetailFromTransform(transform));
-}
+/// Nothing: its members, which are drawn later, would cover it. The scene draws the frame.
+void CGraphicsGroupItem::paint(QPainter *, const QStyleOptionGraphicsItem *, QWidget *) {}

@@ -17,8 +17,6 @@
 
 namespace {
 
-constexpr qreal EdgeReach = 3; // device pixels
-
 /// childrenBoundingRect(), without the transforms that no child has.
 QRectF boundsOfChildren(const QGraphicsItem &parent)
 {
@@ -235,6 +233,8 @@ void CGraphicsPortItem::updateLabel()
         for (const QRectF &area : CPortLabel::areas(look, scale))
             scene()->update(area);
     }
+    if (CPortLabel::isOverloaded(now) != CPortLabel::isOverloaded(m_shownLook))
+        scene()->update(m_bounds); // the edge is another one
     m_shownLook = now;
 }
 
@@ -282,19 +282,6 @@ void CGraphicsPortItem::updateBounds()
     prepareGeometryChange();
     m_bounds = bounds;
     Q_EMIT childItemPosChanged();
-}
-
-void CGraphicsPortItem::updateEdges()
-{
-    const QList<QGraphicsView *> views = scene() ? scene()->views() : QList<QGraphicsView *>();
-    if (views.isEmpty() || m_bounds.isEmpty())
-        return;
-    const qreal reach = EdgeReach / views.first()->transform().m11();
-    const QRectF around = m_bounds.adjusted(-reach, -reach, reach, reach);
-    scene()->update(QRectF(around.topLeft(), QSizeF(around.width(), reach)));
-    scene()->update(QRectF(QPointF(around.left(), m_bounds.bottom()), QSizeF(around.width(), reach)));
-    scene()->update(QRectF(around.topLeft(), QSizeF(reach, around.height())));
-    scene()->update(QRectF(QPointF(m_bounds.right(), around.top()), QSizeF(reach, around.height())));
 }
 
 bool CGraphicsPortItem::sceneEventFilter(QGraphicsItem *watched, QEvent *event)

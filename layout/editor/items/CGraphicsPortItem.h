@@ -96,10 +96,6 @@ public:
     /// Sets its bounds to the children's rectangle. Called once per operation.
     void updateBounds();
 
-    /// Repaints the strip just outside the bounds: pens draw there, but Qt repaints nothing there for the
-    /// children.
-    void updateEdges();
-
     /// Takes over the port's own state from @p record; groups are ignored.
     void setState(const Port &record);
     /// The port's record without its groups.

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/editor/items/CPortOverview.h"
 
+#include "layout/drawing/CPortEdge.h"
+#include "layout/drawing/CPortLabel.h"
 #include "layout/drawing/CWirePainter.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsConnectionItem.h"
@@ -13,6 +15,7 @@
 
 namespace {
 
+constexpr int MostFrames = 1000;     // of groups of a port: more could not be told apart
 constexpr int MostDashedWires = 500; // of a port in a picture from afar, where most are too short for dashes
 
 /// QRectF's own calls, inline: they are made for each cabinet of a wall.
@@ -166,12 +169,16 @@ void CPortOverview::forget()
         return;
     m_read = false;
     m_places.clear();
+    m_frames.clear();
+    m_edge.reset();
     m_wires.clear();
 }
 
 void CPortOverview::read(const CGraphicsPortItem &port)
 {
     m_places.clear();
+    m_frames.clear();
+    m_edge.reset();
     m_wires.clear();
     m_widest = 0;
     m_area = 0;
@@ -201,6 +208,7 @@ void CPortOverview::readChildren(const QGraphicsItem &parent, CGraphicsGroupItem
         place.group = group;
         if (child->type() == GroupItemKind) {
             place.group = static_cast<CGraphicsGroupItem *>(child);
+            m_frames << m_places.size();
             m_places << place;
             readChildren(*child, place.group);
         } else {
@@ -249,19 +257,16 @@ void CPortOverview::paint(QPainter &painter, const CGraphicsPortItem &port, cons
     const bool marksCustom = port.marksCustomCabinets();
     for (int i = first; i < m_places.size(); ++i) {
         const SPlace &place = m_places.at(i);
-        if (!exposure.shows(place.rect))
+        if (!place.cabinet || !exposure.shows(place.rect))
             continue;
         const bool custom = place.custom && marksCustom;
-        if (place.cabinet && !custom && place.fault == CabinetFault::None) {
+        if (!custom && place.fault == CabinetFault::None) {
             row.add(place.rect, palette.colors(place));
             continue;
         }
         row.paint();
-        if (place.cabinet)
-            CLayoutPainter::paintCabinetFromAfar(painter, place.rect, palette.colors(place), custom,
-                                                 place.fault, scale);
-        else
-            CLayoutPainter::paintGroup(painter, place.rect, place.group->isSelectedWithGroups(), scale);
+        CLayoutPainter::paintCabinetFromAfar(painter, place.rect, palette.colors(place), custom, place.fault,
+                                             scale);
     }
     row.paint();
     QVector<QLineF> wires;
@@ -272,4 +277,44 @@ void CPortOverview::paint(QPainter &painter, const CGraphicsPortItem &port, cons
             wires << wire;
     }
     CWirePainter::paint(painter, wires, scale);
+}
+
+const QVector<COutline::SPiece> &CPortOverview::edge() const
+{
+    if (m_edge)
+        return *m_edge;
+    QVector<QRectF> rects;
+    QVector<int> places;
+    for (int i = 0; i < m_places.size(); ++i) {
+        if (m_places.at(i).cabinet) {
+            rects << m_places.at(i).rect;
+            places << i;
+        }
+    }
+    m_edge = CPortEdge::of(rects);
+    for (COutline::SPiece &piece : *m_edge)
+        piece.rect = places.at(piece.rect);
+    return *m_edge;
+}
+
+void CPortOverview::paintEdge(QPainter &painter, const SPortLook &look, bool anySelected, qreal scale) const
+{
+    QVector<COutline::SPiece> pieces = edge();
+    if (anySelected)
+        pieces.erase(std::remove_if(pieces.begin(), pieces.end(),
+                                    [this](const COutline::SPiece &piece) {
+                                        return isSelected(m_places.at(piece.rect));
+                                    }),
+                     pieces.end());
+    CPortEdge::paint(painter, pieces, look, m_widest, scale);
+}
+
+void CPortOverview::paintFrames(QPainter &painter, const QRectF &exposed, qreal scale) const
+{
+    const int first = std::max(0, m_frames.size() - MostFrames);
+    for (int i = first; i < m_frames.size(); ++i) {
+        const SPlace &place = m_places.at(m_frames.at(i));
+        if (reachesInto(place.rect, exposed))
+            CLayoutPainter::paintGroup(painter, place.rect, place.group->isSelectedWithGroups(), scale);
+    }
 }

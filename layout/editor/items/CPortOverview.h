@@ -3,16 +3,20 @@
 #pragma once
 
 #include "layout/drawing/CLayoutPainter.h"
+#include "layout/geometry/COutline.h"
 
 #include <QLineF>
 #include <QRectF>
 #include <QVector>
+
+#include <optional>
 
 class CGraphicsCabinetItem;
 class CGraphicsGroupItem;
 class CGraphicsPortItem;
 class QGraphicsItem;
 class QPainter;
+struct SPortLook;
 
 /// The content of a port as a compact list. It is used to draw and search when thousands of cabinets are
 /// visible, because one virtual call per item would cost more than the drawing. Selection is read from the
@@ -50,6 +54,10 @@ public:
     /// device pixels per canvas pixel.
     void paint(QPainter &painter, const CGraphicsPortItem &port, const QVector<QRectF> &exposed, qreal scale,
                int first = 0) const;
+    /// Draws the edge around the port except along what is selected, which has a frame of its own.
+    void paintEdge(QPainter &painter, const SPortLook &look, bool anySelected, qreal scale) const;
+    /// Draws the frames of groups in @p exposed, which are above the cabinets.
+    void paintFrames(QPainter &painter, const QRectF &exposed, qreal scale) const;
     /// The number of cabinets and wires that intersect one of the @p exposed rectangles.
     int countExposed(const QVector<QRectF> &exposed) const;
     /// The index of the first place to draw so that what is drawn of it and the places above it covers no
@@ -57,10 +65,13 @@ public:
     int firstWithin(qreal &area, const QVector<QRectF> &exposed) const;
 
 private:
+    const QVector<COutline::SPiece> &edge() const;
     void readChildren(const QGraphicsItem &parent, CGraphicsGroupItem *group);
 
     QVector<SPlace> m_places;
+    QVector<int> m_frames; // places of groups
     QVector<QLineF> m_wires;
+    mutable std::optional<QVector<COutline::SPiece>> m_edge; // not known until somebody asks
     qreal m_widest = 0;
     qreal m_area = 0; // of all places together
     QRectF m_extent;  // of places and wires

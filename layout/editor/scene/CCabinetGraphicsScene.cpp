@@ -154,7 +154,6 @@ void CCabinetGraphicsScene::finishBatch(const CPendingEdits &work)
         content.forgetRecord(index);
         if (CGraphicsPortItem *port = content.portItem(index)) {
             port->takeNote();
-            port->updateEdges();
             port->updateLabel();
         }
     }
@@ -358,8 +357,16 @@ void CCabinetGraphicsScene::drawBackground(QPainter *painter, const QRectF &rect
 void CCabinetGraphicsScene::paintLabels(QPainter &painter, const QRectF &exposed) const
 {
     const qreal scale = painter.worldTransform().m11();
-    for (const CGraphicsPortItem *port : m_backend->content().portItems()) {
-        const SPortLook look = port->look();
+    const CSceneContent &content = m_backend->content();
+    const QList<int> selected = selection().ports();
+    QVector<SPortLook> looks;
+    looks.reserve(content.portItems().size());
+    for (const CGraphicsPortItem *port : content.portItems()) {
+        looks << port->look();
+        if (port->bounds().intersects(exposed) && !content.isHeld(port->port()))
+            port->overview().paintEdge(painter, looks.last(), selected.contains(port->port()), scale);
+    }
+    for (const SPortLook &look : qAsConst(looks)) {
         const QVector<QRectF> areas = CPortLabel::areas(look, scale);
         if (std::any_of(areas.begin(), areas.end(),
                         [&exposed](const QRectF &area) { return area.intersects(exposed); }))
@@ -369,6 +376,8 @@ void CCabinetGraphicsScene::paintLabels(QPainter &painter, const QRectF &exposed
 
 void CCabinetGraphicsScene::drawForeground(QPainter *painter, const QRectF &exposed)
 {
+    for (const CGraphicsPortItem *port : m_backend->content().portItems())
+        port->overview().paintFrames(*painter, exposed, painter->worldTransform().m11());
     if (isPicturing())
         return;
     paintLabels(*painter, exposed);
