@@ -168,6 +168,10 @@ void CJournalKeeper::take(const QUuid &processor, Cause cause, Editor editor)
     if (restoreWaiting(processor) || !device->isLoaded())
         return;
     const bool known = m_journals->knows(processor);
+    if (m_restoring && !known) { // a journal of its own would be offered, too, if the program ended now
+        m_later.insert(processor);
+        return;
+    }
     const SSeen seen = m_seen.value(processor);
     if (known && cause == Cause::Host && editor == Editor::Flush &&
         device->working.edition() != seen.edition) {
@@ -253,11 +257,24 @@ CResult<QUuid> CJournalKeeper::restore(const SStrayJournal &stray, const CProjec
         m_waiting.insert(owner.processor, stray);
         return restoreWaiting(owner.processor) ? owner.processor : QUuid();
     }
+    m_restoring = true;
     CResult<QUuid> opened = m_projects.restore(stray.journal.state.project(), owner.file, owner.stamp, ask);
-    const std::optional<SDevice> device = opened ? m_services.table().device(opened.value()) : std::nullopt;
-    if (device)
-        m_journals->adopt(stray, ownerOf(*device));
+    m_restoring = false;
+    if (opened)
+        adopt(opened.value(), stray);
+    for (const QUuid &processor : std::exchange(m_later, {}))
+        take(processor, Cause::Host, Editor::Leave);
     return opened;
+}
+
+void CJournalKeeper::adopt(const QUuid &processor, const SStrayJournal &stray)
+{
+    const std::optional<SDevice> device = m_services.table().device(processor);
+    if (!device)
+        return;
+    m_journals->adopt(stray, ownerOf(*device));
+    m_journals->note(ownerOf(*device), CProjectShelf::projectOf(*device), workOf(*device));
+    m_seen[processor] = {device->working.edition(), savedOf(*device)};
 }
 
 bool CJournalKeeper::restoreWaiting(const QUuid &processor)
@@ -273,12 +290,7 @@ bool CJournalKeeper::restoreWaiting(const QUuid &processor)
     m_services.table().changeLayout(processor,
                                     [&state](SDevice &device) { device.takeLayout(state.layout); });
     takeRevision(processor, stray);
-    const std::optional<SDevice> device = m_services.table().device(processor);
-    if (!device)
-        return false;
-    m_journals->adopt(stray, ownerOf(*device));
-    m_journals->note(ownerOf(*device), CProjectShelf::projectOf(*device), workOf(*device));
-    m_seen[processor] = {device->working.edition(), savedOf(*device)};
+    adopt(processor, stray);
     m_services.announcer().announceLayout(processor);
     m_services.announcer().announceState();
     return true;

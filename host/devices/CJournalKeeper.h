@@ -8,6 +8,7 @@
 
 #include <QHash>
 #include <QObject>
+#include <QSet>
 #include <QTimer>
 
 #include <memory>
@@ -75,6 +76,7 @@ private:
     void begin(const SDevice &device);
     void takeAll();
     bool restoreWaiting(const QUuid &processor);
+    void adopt(const QUuid &processor, const SStrayJournal &stray);
     void takeRevision(const QUuid &processor, SStrayJournal &stray);
     void offerHistory(const QUuid &processor);
     static SJournalOwner ownerOf(const SDevice &device);
@@ -85,8 +87,10 @@ private:
     QHash<QUuid, SSeen> m_seen;
     QHash<QUuid, SStrayJournal> m_waiting;    // of devices that are not known yet
     QHash<QUuid, SProcessorProject> m_copies; // of what is offered anyway; until they are edited
-    bool m_looking = false;                   // a copy is being opened
-    QTimer m_quiet;                           // nothing was edited for a while
+    QSet<QUuid> m_later;                      // which were put up while a project was being restored
+    bool m_restoring = false;
+    bool m_looking = false; // a copy is being opened
+    QTimer m_quiet;         // nothing was edited for a while
 
     std::mutex m_mutex; // guards what follows
     QHash<QUuid, Cause> m_changed;

@@ -6,6 +6,7 @@
 #include "host/projects/CSafeFile.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QUuid>
 
 #include <algorithm>
@@ -19,19 +20,28 @@ constexpr mode_t OnlyForOwner = 0600;
 constexpr qint64 SmallestLimit = 1024 * 1024;      // bytes of entries before a new file is begun
 constexpr qint64 LargestEffort = 40 * 1000 * 1000; // cabinets; reading must stay quick
 
+constexpr QLatin1Char BeforeTurn('+');
+
 /// Another one each time: what an earlier run or another process has written of the processor stays.
-QByteArray newName(const QString &folder, const QUuid &processor)
+QByteArray newName(const QString &folder, const QUuid &processor, const QString &followed)
 {
-    return QFile::encodeName(QStringLiteral("%1/%2-%3")
-                                 .arg(folder, processor.toString(QUuid::WithoutBraces),
-                                      QUuid::createUuid().toString(QUuid::Id128)) +
-                             CJournal::suffix());
+    CJournal::SStory story{QUuid::createUuid().toString(QUuid::Id128), 0};
+    if (!followed.isEmpty()) {
+        story = CJournal::storyOf(followed);
+        ++story.turn;
+    }
+    QString name =
+        QStringLiteral("%1/%2-%3").arg(folder, processor.toString(QUuid::WithoutBraces), story.name);
+    if (story.turn > 0)
+        name += BeforeTurn + QString::number(story.turn);
+    return QFile::encodeName(name + CJournal::suffix());
 }
 
 } // namespace
 
-CJournal::CJournal(const QString &folder, const SJournalOwner &owner, const CJournalState &state)
-    : m_path(newName(folder, owner.processor))
+CJournal::CJournal(const QString &folder, const SJournalOwner &owner, const CJournalState &state,
+                   const QString &followed)
+    : m_path(newName(folder, owner.processor, followed))
     , m_owner(owner)
     , m_state(state)
 {
@@ -170,6 +180,13 @@ void CJournal::supersede(const CJournal &other)
     m_superseded.insert(m_superseded.end(), other.m_superseded.begin(), other.m_superseded.end());
     if (other.m_file)
         supersede(other.m_path, other.m_file);
+}
+
+CJournal::SStory CJournal::storyOf(const QString &file)
+{
+    const QString name = QFileInfo(file).completeBaseName();
+    const int turn = name.lastIndexOf(BeforeTurn);
+    return {name.left(turn).section(QLatin1Char('-'), -1), turn < 0 ? 0 : name.midRef(turn + 1).toInt()};
 }
 
 void CJournal::removeSuperseded()

@@ -20,7 +20,9 @@ class CJournal final
 public:
     using Handle = std::shared_ptr<CFileHandle>;
 
-    CJournal(const QString &folder, const SJournalOwner &owner, const CJournalState &state);
+    /// @p followed is the file of an earlier run whose edits the state goes on with; empty: there is none.
+    CJournal(const QString &folder, const SJournalOwner &owner, const CJournalState &state,
+             const QString &followed = {});
 
     const SJournalOwner &owner() const { return m_owner; }
     void setOwner(const SJournalOwner &owner) { m_owner = owner; }
@@ -58,6 +60,13 @@ public:
     /// or it is needed no more.
     void supersede(const QByteArray &path, const Handle &lock);
     void supersede(const CJournal &other);
+    /// Of two files of the same story, the one of the later turn holds all that the other one does.
+    struct SStory
+    {
+        QString name;
+        int turn = 0;
+    };
+    static SStory storyOf(const QString &file);
     /// Removes the file that @p lock keeps from others, if it still has that name.
     static void remove(const QByteArray &path, const Handle &lock);
 

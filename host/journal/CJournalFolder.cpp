@@ -74,6 +74,17 @@ QByteArray digestOf(const QString &file, QString *problem = nullptr)
     return content ? QCryptographicHash::hash(content.value(), QCryptographicHash::Sha256) : QByteArray();
 }
 
+/// The files of a story one after another, the last turn first.
+void sortByStory(QStringList &paths)
+{
+    const auto key = [](const QString &path) {
+        const CJournal::SStory story = CJournal::storyOf(path);
+        return std::make_pair(story.name, -story.turn);
+    };
+    std::sort(paths.begin(), paths.end(),
+              [&key](const QString &a, const QString &b) { return key(a) < key(b); });
+}
+
 } // namespace
 
 QString SStrayJournal::line() const
@@ -118,15 +129,27 @@ QList<SStrayJournal> CJournalFolder::strays() const
             QFile::remove(path);
     }
     QList<SStrayJournal> strays;
-    for (const QString &path : files(CJournal::suffix())) {
+    QStringList paths = files(CJournal::suffix());
+    sortByStory(paths);
+    QString told; // a story of which there is a file that holds all that earlier ones do
+    for (const QString &path : std::as_const(paths)) {
         SStrayJournal stray;
         stray.path = path;
         QString problem;
         stray.lock = locked(path, &problem);
-        if (!stray.lock && problem.isEmpty())
+        const bool isOpenElsewhere = !stray.lock && problem.isEmpty();
+        const QString story = CJournal::storyOf(path).name;
+        if (story == told) {
+            if (stray.lock && !strays.isEmpty() && CJournal::storyOf(strays.last().path).name == story)
+                strays.last().followed.emplace_back(QFile::encodeName(path), stray.lock);
             continue;
-        stray.journal = stray.lock ? readFrom(*stray.lock) : SJournal::unreadable(problem);
-        strays << stray;
+        }
+        if (!isOpenElsewhere) {
+            stray.journal = stray.lock ? readFrom(*stray.lock) : SJournal::unreadable(problem);
+            strays << stray;
+        }
+        if (isOpenElsewhere || stray.journal.isUsable())
+            told = story;
     }
     std::stable_sort(strays.begin(), strays.end(), [](const SStrayJournal &a, const SStrayJournal &b) {
         return a.journal.state.changed() > b.journal.state.changed();
@@ -137,6 +160,8 @@ QList<SStrayJournal> CJournalFolder::strays() const
 void CJournalFolder::remove(const SStrayJournal &stray)
 {
     CJournal::remove(QFile::encodeName(stray.path), stray.lock);
+    for (const auto &[path, lock] : stray.followed)
+        CJournal::remove(path, lock);
 }
 
 QString CJournalFolder::historyFile(const QString &projectFile) const

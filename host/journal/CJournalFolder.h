@@ -9,6 +9,9 @@
 #include <QList>
 #include <QString>
 
+#include <utility>
+#include <vector>
+
 /// A journal that no running process writes: what the next start offers.
 struct SStrayJournal
 {
@@ -19,6 +22,8 @@ public:
     SJournal journal;
     QString line() const;  ///< what it is, when it was edited last and how much, in one line
     CJournal::Handle lock; ///< keeps other processes away while this exists
+    /// Files that this one goes on with, and their locks: they are removed with it.
+    std::vector<std::pair<QByteArray, CJournal::Handle>> followed;
 };
 
 /// The folder of the journals and kept histories, which nobody but the user may read. Any thread.
@@ -34,10 +39,11 @@ public:
 
     const QString &path() const { return m_folder; }
     CStatus make() const;
-    /// The journals that no process has open, the latest edit first. Removes what killed processes left half
-    /// written. Those that cannot be restored or read are there, too.
+    /// The journals that no process has open, the latest edit first; of several of the same story only the
+    /// last one that can be restored, and later ones. Removes what killed processes left half written. Those
+    /// that cannot be restored or read are there, too.
     QList<SStrayJournal> strays() const;
-    /// Removes its file, unless that is no longer the one that is locked.
+    /// Removes its file and those that it followed, unless they are no longer those that are locked.
     static void remove(const SStrayJournal &stray);
 
     /// Keeps the history of a project that was saved; @p owner names the file. Returns why it failed; empty:

@@ -373,8 +373,10 @@ void CJournals::adopt(const SStrayJournal &stray, const SJournalOwner &owner)
     state.trail().renumber(state.project().layout.ports);
     m_restored[owner.processor] = {state.trail(), state.project().layout.ports};
     submit(true, [this, stray, owner, state] {
-        auto journal = std::make_unique<CJournal>(m_folder.path(), owner, state);
+        auto journal = std::make_unique<CJournal>(m_folder.path(), owner, state, stray.path);
         journal->supersede(QFile::encodeName(stray.path), stray.lock);
+        for (const auto &[path, lock] : stray.followed)
+            journal->supersede(path, lock);
         if (const CJournal *before = find(owner.processor))
             journal->supersede(*before);
         m_searches.erase(owner.processor);

@@ -131,6 +131,7 @@ private Q_SLOTS:
     void tellsOfAFullDiskAndRecovers();
     void staysSmall();
     void goesOnWithAnotherRunsJournal();
+    void offersAStoryOnce();
     void endsThoughTheDiskHangs();
     void noEditWaitsForARename();
     void keepsTheHistoryOfAFile();
@@ -276,6 +277,34 @@ void CJournalsTest::goesOnWithAnotherRunsJournal()
         QVERIFY(offers(first.strays(), editor));
         QCOMPARE(first.files().size(), 1);
     }
+}
+
+void CJournalsTest::offersAStoryOnce()
+{
+    CRecordingEditor editor = smallEditor();
+    SWorld first;
+    first.journals.begin(ownerOf(editor), editor.project());
+    first.journals.note(editor.edit(QStringLiteral("Edit")));
+    first.journals.stop();
+    const QString old = first.folder + QLatin1Char('/') + first.files().value(0);
+    const QByteArray content = ProjectSamples::contentOf(old);
+    CJournals next(first.folder, {});
+    next.adopt(first.strays().value(0), ownerOf(editor));
+    next.note(editor.edit(QStringLiteral("more")));
+    next.sync();
+    const QString last = first.folder + QLatin1Char('/') + first.files().value(0);
+    ProjectSamples::setContent(old, content); // as if a kill had come before it was removed
+    QVERIFY(last != old && first.strays().isEmpty());
+    next.stop();
+    QCOMPARE(first.strays().size(), 1);
+    QVERIFY(offers(first.strays(), editor));
+
+    const QByteArray whole = ProjectSamples::contentOf(last);
+    ProjectSamples::setContent(last, whole.left(100));
+    QCOMPARE(first.strays().size(), 2); // the old one is better than none
+    ProjectSamples::setContent(last, whole);
+    CJournalFolder::remove(first.strays().value(0));
+    QVERIFY(first.files().isEmpty());
 }
 
 void CJournalsTest::endsThoughTheDiskHangs()
