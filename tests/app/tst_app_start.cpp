@@ -10,6 +10,9 @@
 #include "platform/control/IAbstractInterfaceHandler.h"
 #include "tests/harness/CTestBase.h"
 
+#include <QDir>
+#include <QFile>
+#include <QLockFile>
 #include <QLoggingCategory>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -86,6 +89,22 @@ private Q_SLOTS:
             QVERIFY2(error.contains(QLatin1String(named)), line);
             QVERIFY2(error.contains(QLatin1String("Usage: orvo")), line);
         }
+    }
+
+    void waitsForNoLockOfAKilledProcess()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("Orvo.conf"));
+        const QString lockFile = file + QStringLiteral(".lock");
+        const auto put = [](const QString &name) { return QFile(name).open(QIODevice::WriteOnly); };
+        QVERIFY(put(file) && put(file + QStringLiteral(".GxQVfJ")) && put(lockFile));
+        CAppSettings::removeLeftovers(file);
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList(QStringLiteral("Orvo.conf")));
+
+        QLockFile held(lockFile); // somebody is writing
+        QVERIFY(held.tryLock(0) && put(file + QStringLiteral(".GxQVfJ")));
+        CAppSettings::removeLeftovers(file);
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 3);
     }
 
     void settingsOutliveTheObject()

@@ -6,9 +6,13 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QStandardPaths>
 
 #include <algorithm>
+#include <chrono>
+#include <mutex>
+#include <thread>
 
 namespace {
 
@@ -22,6 +26,8 @@ const QString historyKey = QStringLiteral("history/keep");
 const QString megabytesKey = QStringLiteral("history/limitMegabytes");
 constexpr int UsualVersions = 1;
 constexpr int UsualMegabytes = 256;
+constexpr int EmptyLockTurns = 10; // until nobody can be about to write into it
+constexpr std::chrono::milliseconds EmptyLockTurn(10);
 
 /// Those that can be names of files; the file of settings may have been edited by hand.
 QStringList fileNames(const QVariant &value)
@@ -40,7 +46,39 @@ QString identityOf(const QString &file)
     return canonical.isEmpty() ? info.absoluteFilePath() : canonical; // a missing file has no canonical path
 }
 
+/// Whether a lock stays without its holder's name.
+bool staysEmpty(const QString &lock)
+{
+    for (int turn = 0; turn < EmptyLockTurns; ++turn) {
+        const QFileInfo info(lock);
+        if (!info.exists() || info.size() > 0)
+            return false;
+        std::this_thread::sleep_for(EmptyLockTurn);
+    }
+    return true;
+}
+
 } // namespace
+
+CAppSettings::CAppSettings()
+{
+    static std::once_flag once;
+    std::call_once(once, [this] { removeLeftovers(m_settings.fileName()); });
+}
+
+void CAppSettings::removeLeftovers(const QString &file)
+{
+    const QString lockFile = file + QStringLiteral(".lock");
+    if (staysEmpty(lockFile))
+        QFile::remove(lockFile);
+    QLockFile lock(lockFile);
+    if (!lock.tryLock(0))
+        return; // somebody is writing
+    QDir folder = QFileInfo(file).dir();
+    const QString temporary = QFileInfo(file).fileName() + QStringLiteral(".??????");
+    for (const QString &name : folder.entryList({temporary}, QDir::Files | QDir::Hidden))
+        folder.remove(name);
+}
 
 QByteArray CAppSettings::windowGeometry() const
 {

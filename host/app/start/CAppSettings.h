@@ -15,6 +15,8 @@ public:
     static constexpr int LeastHistoryMegabytes = 16;
     static constexpr int MostHistoryMegabytes = 4096;
 
+    CAppSettings();
+
     QByteArray windowGeometry() const;
     void setWindowGeometry(const QByteArray &geometry);
     QByteArray splitterState() const;
@@ -46,6 +48,10 @@ public:
     void setHistoryMegabytes(int megabytes);
     /// The folder of the most recent project; if there is none, the user's documents folder or home.
     QString projectFolder() const;
+
+    /// Removes what a killed process has left beside the settings' @p file: half written files and an empty
+    /// lock, for which others would wait half a minute. The first object of a process calls it.
+    static void removeLeftovers(const QString &file);
 
 private:
     QSettings m_settings{QStringLiteral("Velmarinth"), QStringLiteral("Orvo")};
