@@ -5,6 +5,7 @@
 #include "tests/harness/CTestBase.h"
 
 #include <QDir>
+#include <QFileInfo>
 #include <QSignalSpy>
 
 #include <atomic>
@@ -81,9 +82,12 @@ public:
     ~CSlowDisk() override { setCurrent(nullptr); }
 
     std::atomic<bool> isSlow{true};
+    std::atomic<int> begun{0}; // journals
 
     int open(const QByteArray &path, int flags, mode_t mode) override
     {
+        if (path.endsWith(".journal~new"))
+            ++begun;
         while (isSlow && path.endsWith(".history"))
             std::this_thread::yield();
         return CFileSystem::open(path, flags, mode);
@@ -117,6 +121,8 @@ private Q_SLOTS:
 
 void CJournalKeeperTest::restoresAProject()
 {
+    CSlowDisk disk;
+    disk.isSlow = false;
     SRuns runs;
     const QUuid project = runs.savedProject();
     runs.edit(project, 1);
@@ -128,8 +134,11 @@ void CJournalKeeperTest::restoresAProject()
     const SStrayJournal offer = runs.offer();
     QCOMPARE(offer.journal.owner.file, runs.file());
     QCOMPARE(offer.journal.state.trail().unsaved(), 2);
+    const int begun = disk.begun;
     const CResult<QUuid> restored = runs.keeper().restore(offer);
     QVERIFY2(bool(restored), qPrintable(restored.error()));
+    QTRY_VERIFY(runs.journals() != QStringList(QFileInfo(offer.path).fileName()));
+    QCOMPARE(disk.begun - begun, 1); // nothing else that a kill would leave to be offered
     QVERIFY(sameCabinets(runs.run->layoutOf(restored.value()), edited));
     QVERIFY(runs.run->handler.hasUnsavedEdits(restored.value()));
     QCOMPARE(runs.shelf().fileOf(restored.value()), runs.file());
