@@ -97,7 +97,8 @@ private Q_SLOTS:
         const QString file = folder.filePath(QStringLiteral("Orvo.conf"));
         const QString lockFile = file + QStringLiteral(".lock");
         const auto put = [](const QString &name) { return QFile(name).open(QIODevice::WriteOnly); };
-        QVERIFY(put(file) && put(file + QStringLiteral(".GxQVfJ")) && put(lockFile));
+        QVERIFY(put(file) && put(file + QStringLiteral(".GxQVfJ")));
+        QVERIFY(put(lockFile) && put(lockFile + QStringLiteral(".rmlock")));
         CAppSettings::removeLeftovers(file);
         QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList(QStringLiteral("Orvo.conf")));
 

@@ -68,16 +68,19 @@ CAppSettings::CAppSettings()
 
 void CAppSettings::removeLeftovers(const QString &file)
 {
-    const QString lockFile = file + QStringLiteral(".lock");
-    if (staysEmpty(lockFile))
-        QFile::remove(lockFile);
-    QLockFile lock(lockFile);
+    const QString name = QFileInfo(file).fileName();
+    QDir folder = QFileInfo(file).dir();
+    const QString locks = name + QStringLiteral(".lock*"); // QLockFile locks the removal of locks, too
+    for (const QString &lock : folder.entryList({locks}, QDir::Files | QDir::Hidden)) {
+        if (staysEmpty(folder.filePath(lock)))
+            folder.remove(lock);
+    }
+    QLockFile lock(file + QStringLiteral(".lock"));
     if (!lock.tryLock(0))
         return; // somebody is writing
-    QDir folder = QFileInfo(file).dir();
-    const QString temporary = QFileInfo(file).fileName() + QStringLiteral(".??????");
-    for (const QString &name : folder.entryList({temporary}, QDir::Files | QDir::Hidden))
-        folder.remove(name);
+    const QString temporary = name + QStringLiteral(".??????");
+    for (const QString &leftover : folder.entryList({temporary}, QDir::Files | QDir::Hidden))
+        folder.remove(leftover);
 }
 
 QByteArray CAppSettings::windowGeometry() const
