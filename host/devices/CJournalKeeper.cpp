@@ -83,14 +83,16 @@ void CJournalKeeper::onChanged(const QUuid &processor, Cause cause)
 {
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        const bool waits = m_changed.contains(processor);
-        if (waits || cause != Cause::Editor || QThread::currentThread() != thread()) {
+        if (cause == Cause::Editor)
+            cause = m_changed.value(processor, cause); // what waits is taken with it
+        if (cause != Cause::Editor || QThread::currentThread() != thread()) {
             const bool posted = !m_changed.isEmpty();
-            m_changed[processor] = waits && cause == Cause::Editor ? m_changed.value(processor) : cause;
+            m_changed[processor] = cause;
             if (!posted)
                 m_services.mailbox().post([this] { takeChanges(); });
             return;
         }
+        m_changed.remove(processor);
     }
     take(processor, cause, Editor::Leave); // a lock or a colour, say, which is no step of the history
 }

@@ -113,6 +113,7 @@ private Q_SLOTS:
     void asksBeforeItSavesRestoredEditsOverAnotherMapping();
     void keepsNothingThatIsSaved();
     void keepsWhatTheHostChanges();
+    void notesALockAtOnce();
     void forgetsWhatIsSavedOrGivenUp();
     void looksWithoutChangingAnything();
     void keepsTheHistoryOfAProject();
@@ -238,6 +239,21 @@ void CJournalKeeperTest::keepsWhatTheHostChanges()
         const bool isProject = offer.journal.owner.project;
         QVERIFY(sameCabinets(offer.journal.state.project().layout, isProject ? edited : copied));
     }
+}
+
+void CJournalKeeperTest::notesALockAtOnce()
+{
+    SRuns runs;
+    const QUuid project = runs.savedProject();
+    runs.edit(project, 1);
+    const auto size = [&runs] {
+        return QFileInfo(runs.root.filePath(QStringLiteral("journal/")) + runs.journals().value(0)).size();
+    };
+    const LayoutData data = runs.run->handler.layoutData(project);
+    std::thread([&] { runs.run->handler.commitLayoutData(data); }).join(); // what was handed over late
+    const qint64 before = size();
+    runs.run->lockPort(project, 1);
+    QVERIFY(size() > before);
 }
 
 void CJournalKeeperTest::forgetsWhatIsSavedOrGivenUp()
