@@ -9,6 +9,7 @@
 #include "tests/printing/SheetTexts.h"
 
 #include <QGuiApplication>
+#include <QRegularExpression>
 #include <QTransform>
 
 #include <algorithm>
@@ -33,6 +34,38 @@ QVector<QPolygonF> chainOf(const SSheet &sheet)
     return found.mid(0, 2 * 15); // the samples of the legend come behind
 }
 
+/// Whether @p back has the numbers 1 to @p last of that kind, or names that end in them, where a mirror shows
+/// those of @p front.
+bool areMirrored(const SSheet &front, const SSheet &back, EMark mark, int last)
+{
+    const auto middles = [&](const SSheet &sheet, int number) {
+        static const QRegularExpression notDigits(QStringLiteral("^c?(?=\\d+$)"));
+        QVector<double> found;
+        for (const SSheetText &text : SheetTexts::of(sheet)) {
+            if (text.mark == mark && QString(text.text).remove(notDigits) == QString::number(number))
+                found << text.box.center().x();
+        }
+        std::sort(found.begin(), found.end());
+        return found;
+    };
+    QVector<double> axis; // twice
+    QVector<double> places;
+    for (int number = 1; number <= last; ++number) {
+        const QVector<double> before = middles(front, number);
+        QVector<double> behind = middles(back, number);
+        if (before.isEmpty() || before.size() != behind.size())
+            return false;
+        for (int i = 0; i < before.size(); ++i)
+            axis << before[i] + behind[behind.size() - 1 - i];
+        places << before.first();
+    }
+    const auto spread = [](const QVector<double> &values) {
+        const auto ends = std::minmax_element(values.begin(), values.end());
+        return *ends.second - *ends.first;
+    };
+    return spread(axis) < 0.1 && spread(places) > 10;
+}
+
 } // namespace
 
 class CPrintGraphicsTest final : public CTestBase
@@ -44,6 +77,8 @@ private Q_SLOTS:
     void showsEachCabinetAndPortOnce();
     void drawsIrregularWalls();
     void mirrorsPlacesButNoTexts();
+    void placesWallsSideBySide();
+    void takesAnyPaper();
     void dividesWhatIsTooSmall();
     void keepsNumbersOffUprightWires();
     void drawsStrips();
@@ -187,6 +222,55 @@ void CPrintGraphicsTest::mirrorsPlacesButNoTexts()
     }
     QCOMPARE(hatchings[0], upTo(15));
     QCOMPARE(hatchings[1], hatchings[0]);
+    QVERIFY(areMirrored(overview.value()[0], overview.value()[1], EMark::PortName, 15));
+    QVERIFY(areMirrored(overview.value()[0], overview.value()[1], EMark::Ruler, 24));
+    QVERIFY(areMirrored(made.value()[0], made.value()[1], EMark::Caption, 15)); // of the small picture
+}
+
+void CPrintGraphicsTest::placesWallsSideBySide()
+{
+    PrintConfig config = configOf(PrintConfig::A4);
+    config.views = PrintConfig::BothViews;
+    const SPrintPlan plan = planOf(inputOf(largeWall()), config);
+    const CWall first(plan, 0);
+    const CWall second(plan, 1);
+    const auto joint = CJointSheets::sheets({&first, &second}, SSheetArea::of(config));
+    QCOMPARE(joint.size(), 2);
+    for (const SSheet &sheet : joint) {
+        const auto leftOf = [&](const char *name) {
+            for (const SSheetText &text : SheetTexts::of(sheet)) {
+                if (text.text.startsWith(QLatin1String(name)))
+                    return text.box.left();
+            }
+            return -1.0;
+        };
+        QVERIFY((leftOf("Main stage") < leftOf("Side stage")) == (sheet.view == SSheet::Front));
+    }
+    QVERIFY(areMirrored(joint[0], joint[1], EMark::Caption, 70)); // within each wall, too
+}
+
+void CPrintGraphicsTest::takesAnyPaper()
+{
+    const QSizeF sizes[] = {{297, 210},  {420, 297},     {594, 420},     {841, 594},
+                            {1189, 841}, {279.4, 215.9}, {431.8, 279.4}, {500, 300}};
+    for (int paper = PrintConfig::A4; paper <= PrintConfig::CustomPaper; ++paper) {
+        PrintConfig config = configOf(PrintConfig::Paper(paper));
+        config.customPaper = sizes[PrintConfig::CustomPaper];
+        for (const bool landscape : {true, false}) {
+            config.landscape = landscape;
+            const bool lies = landscape || paper == PrintConfig::CustomPaper; // lies as it is given
+            const SPrintPlan plan = planOf(inputOf(smallWall()), config);
+            const QVector<SSheet> sheets = drawings(plan);
+            QCOMPARE(sheets.size(), 9);
+            for (const SSheet &sheet : sheets) {
+                QVERIFY2(faultOf(sheet).isEmpty(), qPrintable(faultOf(sheet)));
+                const QSizeF off = (lies ? sheet.size : sheet.size.transposed()) - sizes[paper];
+                QVERIFY(std::abs(off.width()) < 0.1 && std::abs(off.height()) < 0.1);
+            }
+            for (const SPlanPort &port : plan.processors[0].ports)
+                QCOMPARE(numbersOf(sheets, plan.processors[0].name, port.index), upTo(port.chain.size()));
+        }
+    }
 }
 
 void CPrintGraphicsTest::dividesWhatIsTooSmall()

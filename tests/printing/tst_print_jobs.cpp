@@ -59,6 +59,17 @@ QVector<int> numbersOf(const SSheet &sheet, EMark mark)
     return numbers;
 }
 
+/// Where a column's number is in the picture of who looks, which is drawn last; 0: nowhere.
+double columnOf(const SSheet &sheet, const char *number)
+{
+    double left = 0;
+    for (const SSheetText &text : SheetTexts::of(sheet)) {
+        if (text.mark == EMark::TitleBlock && text.text == QLatin1String(number))
+            left = SheetTexts::lettersOf(text).left();
+    }
+    return left;
+}
+
 template <typename Value>
 bool isEachOnce(QVector<Value> values, int count)
 {
@@ -126,6 +137,7 @@ private Q_SLOTS:
             QVERIFY(has(sheet, "BACK VIEW") == back && has(sheet, "FRONT VIEW") == !back);
             QVERIFY(has(sheet, "Column 1 is on your right.") == back &&
                     has(sheet, "Column 1 is on your left.") == !back);
+            QVERIFY((columnOf(sheet, "1") < columnOf(sheet, "24")) == !back && columnOf(sheet, "24") > 0);
             const auto *beneath = std::get_if<SSheetText>(&sheet.marks.first());
             QVERIFY(beneath && beneath->mark == EMark::Watermark);
             for (const SSheetMark &mark : sheet.marks) {
@@ -140,6 +152,21 @@ private Q_SLOTS:
                 QVERIFY(has(sheet, qPrintable(name)) && has(sheet, qPrintable(feed)));
             }
         }
+        const char *const facts[] = {"16 of type A",
+                                     "589,824 of 659,722",
+                                     "90 %",
+                                     "112.0 kg",
+                                     "2,560 W max., 1,280 W average",
+                                     "11.2 A max., 5.6 A average",
+                                     "15 of 1 m, 2 of 15 m",
+                                     "Main stage B, port 1",
+                                     "not locked"};
+        const auto port =
+            std::find_if(sheets.begin(), sheets.end(), [](const auto &s) { return s.port == 0; });
+        for (const char *fact : facts)
+            QVERIFY2(has(*port, fact), fact);
+        QVERIFY(has(sheets.first(), "167.0 A at 230 V; 55.7 A on each of 3 phases"));
+        QVERIFY(has(sheets.first(), "83.5 A at 230 V; 27.9 A on each of 3 phases"));
         config.grey = false;
         const QVector<SSheet> coloured = sheetsOf(config, {project});
         QVERIFY(std::any_of(coloured.at(2).marks.begin(), coloured.at(2).marks.end(), [](const auto &mark) {

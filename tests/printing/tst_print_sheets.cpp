@@ -80,6 +80,24 @@ private Q_SLOTS:
         QVERIFY(SheetTexts::whole(sheets.first()).contains(strangeWall().name)); // wrapped, not cut
     }
 
+    /// Walls that other tests do not print whole.
+    void keepsTextsOfEveryWallApart()
+    {
+        for (const auto wall : {CWallBuilder::Small4K, CWallBuilder::Ribbon, CWallBuilder::Stadium}) {
+            PrintConfig config = configOf(PrintConfig::A3);
+            config.sheets = PrintConfig::AllSheets;
+            const QVector<SSheet> sheets = sheetsOf(config, {ProjectSamples::ofWall(wall)});
+            QVERIFY(!sheets.isEmpty());
+            for (const SSheet &sheet : sheets) {
+                for (const SSheetMark &mark : sheet.marks)
+                    QVERIFY2(SheetTexts::isWithin(sheet.frame, SheetTexts::extentOf(mark)),
+                             qPrintable(sheet.title));
+                QVERIFY2(SheetTexts::touching(sheet).isEmpty(),
+                         qPrintable(sheet.title + QStringLiteral(": ") + SheetTexts::touching(sheet)));
+            }
+        }
+    }
+
     void breaksTextsAnywhereRatherThanCutThem()
     {
         const QString texts[] = {QString::fromUtf8("\u5317\u4eac\u4f53\u80b2\u573a").repeated(9),
