@@ -54,7 +54,6 @@ CPortAreaDialog::CPortAreaDialog(const QList<SPortArea> &areas, QWidget *parent)
 {
     buildUi();
     showHint();
-    connect(m_table, &QTableWidget::cellChanged, this, &CPortAreaDialog::updateHintColor);
 }
 
 QList<SPortArea> CPortAreaDialog::areas() const
@@ -101,7 +100,8 @@ void CPortAreaDialog::showHint()
     updateHintColor();
 }
 
-/// The processor compares its limit with the heights, although it calls it a width.
+/// Tells of the areas that the processor has. It compares its limit with the heights, although it calls it a
+/// width.
 void CPortAreaDialog::updateHintColor()
 {
     const QList<SPortArea> shown = areas();

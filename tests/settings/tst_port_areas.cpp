@@ -7,8 +7,11 @@
 #include "tests/harness/CTestBase.h"
 #include "tests/harness/DialogUser.h"
 
+#include <QHeaderView>
 #include <QLabel>
 #include <QSpinBox>
+
+#include <algorithm>
 
 namespace {
 
@@ -74,6 +77,29 @@ private Q_SLOTS:
         QCOMPARE(dialog.areas(), world.areas());
     }
 
+    void showsARowForEachPort()
+    {
+        SAreaWorld world;
+        CPortAreaDialog dialog(world.areas());
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("Port area"));
+        COutPortTable &table = tableOf(dialog);
+        const char *const titles[] = {"X", "Y", "Width", "Height"};
+        QCOMPARE(table.columnCount(), 4);
+        for (int column = 0; column < 4; ++column) {
+            QCOMPARE(table.horizontalHeaderItem(column)->text(), QLatin1String(titles[column]));
+            QCOMPARE(table.columnWidth(column), 71);
+        }
+        const QList<QLabel *> labels = table.findChildren<QLabel *>();
+        const auto heading = std::find_if(labels.begin(), labels.end(), [](const QLabel *label) {
+            return label->text() == QLatin1String("Output port");
+        });
+        QVERIFY(heading != labels.end() && (*heading)->size() == QSize(87, 28));
+        QVERIFY((*heading)->styleSheet().startsWith(
+            QLatin1String(".QLabel{border:1px solid rgb(8,8,8); color: rgba(")));
+        QCOMPARE(table.verticalHeader()->width(), 87);
+        QCOMPARE(table.selectionMode(), QAbstractItemView::NoSelection);
+    }
+
     /// A row for each port in use; what is typed when the dialog closes counts.
     void handsOverWhatWasEdited()
     {
@@ -130,6 +156,9 @@ private Q_SLOTS:
         set(1920, false);
         QVERIFY(isRed({0, 0, 0, 100, 2160}));
         QVERIFY(!isRed({0, 0, 0, 3840, 1080}));
+        CPortAreaDialog edited({{0, 0, 0, 100, 100}}); // the hint is about what is set
+        tableOf(edited).item(0, 3)->setText(QStringLiteral("2160"));
+        QVERIFY(hintOf(edited).palette().color(QPalette::WindowText) != QColor(Qt::red));
         QVERIFY(hintOf(CPortAreaDialog({})).text().endsWith(QLatin1String("over 1920.")));
         set(0, true);
         QVERIFY(!isRed({0, 0, 0, 100, 2160}));
