@@ -297,6 +297,8 @@ void CPrintDialog::onLaidOut(const QVector<SSheet> &sheets, const QString &probl
     if (!m_writing) {
         QStringList told{CSheetWriter::scaleProblem(m_sheets), warning};
         told.removeAll(QString());
+        if (m_sheets.isEmpty())
+            told.clear(); // only why there are none
         m_told->setFullText(told.join(QStringLiteral("; ")));
     }
     if (m_sheets.isEmpty())
