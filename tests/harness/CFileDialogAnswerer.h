@@ -6,8 +6,10 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QObject>
+#include <QStringList>
 
-/// Answers the next file dialog as a user does; an empty name cancels it. Records its title and proposal.
+/// Answers the next file dialog as a user does; an empty name cancels it. Records its title, proposal and
+/// filters.
 class CFileDialogAnswerer final : public QObject
 {
 public:
@@ -18,6 +20,7 @@ public:
     }
     QString title;
     QString proposal;
+    QStringList filters;
 
 protected:
     void timerEvent(QTimerEvent *) override
@@ -28,6 +31,7 @@ protected:
         title = dialog->windowTitle();
         auto *name = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
         proposal = name->text();
+        filters = dialog->nameFilters();
         name->setText(m_file);
         if (m_file.isEmpty())
             dialog->reject();

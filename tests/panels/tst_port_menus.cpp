@@ -23,6 +23,18 @@ QStringList textsOf(const QMenu &menu)
     return texts;
 }
 
+/// All entries in their order, "Lock options>Lock all processors"; submenus before what is in them.
+QStringList pathsOf(const QMenu &menu, const QString &before = {})
+{
+    QStringList paths;
+    for (const QAction *action : menu.actions()) {
+        paths << before + action->text();
+        if (action->menu())
+            paths += pathsOf(*action->menu(), paths.last() + QLatin1Char('>'));
+    }
+    return paths;
+}
+
 } // namespace
 
 /// What can be done to ports from their list: by the pictures in a button, and by menus.
@@ -132,15 +144,30 @@ private Q_SLOTS:
         SListWorld world;
         const QUuid processor = world.open(3);
         const QMenu *menu = world.menu(1);
-        QCOMPARE(textsOf(*menu),
-                 (QStringList{QStringLiteral("Import mapping..."), QStringLiteral("Export mapping..."),
-                              QStringLiteral("Set as redundancy for"), QStringLiteral("Lock options"),
-                              QStringLiteral("Cabinet fill"), QStringLiteral("Cabinet parameters")}));
+        const char *const entries[] = {"Import mapping...",
+                                       "Export mapping...",
+                                       "Set as redundancy for",
+                                       "Set as redundancy for>Port 1",
+                                       "Set as redundancy for>Port 3",
+                                       "Lock options",
+                                       "Lock options>Lock current output port",
+                                       "Lock options>Lock current processor",
+                                       "Lock options>Lock all processors",
+                                       "Cabinet fill",
+                                       "Cabinet fill>Current output...",
+                                       "Cabinet fill>Set all outputs to default",
+                                       "Cabinet parameters",
+                                       "Cabinet parameters>Markup custom cabinets",
+                                       "Cabinet parameters>Save parameters...",
+                                       "Cabinet parameters>Cabinet information..."};
+        QStringList wanted;
+        for (const char *entry : entries)
+            wanted << QString::fromLatin1(entry);
+        QCOMPARE(pathsOf(*menu), wanted);
+        QCOMPARE(QSize(menu->minimumWidth(), menu->maximumWidth()), QSize(200, 200));
         menu->actions().at(0)->trigger();
         menu->actions().at(1)->trigger();
-        const QMenu &primaries = *menu->actions().at(2)->menu();
-        QCOMPARE(textsOf(primaries), (QStringList{QStringLiteral("Port 1"), QStringLiteral("Port 3")}));
-        primaries.actions().last()->trigger();
+        menu->actions().at(2)->menu()->actions().last()->trigger();
         QCOMPARE(world.commands.calls, (QStringList{QStringLiteral("import 1"), QStringLiteral("export 1"),
                                                     QStringLiteral("pair 2 1")}));
         CSignalLog information(&world.list, &CPortList::notifyShowCabinetInfo);

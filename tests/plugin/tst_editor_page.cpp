@@ -339,17 +339,20 @@ private Q_SLOTS:
         const CMessageBoxAnswerer user({ok, QStringLiteral("No"), QStringLiteral("Yes"), ok});
         const QTemporaryDir folder;
         const QString file = folder.filePath(QStringLiteral("one.pprj"));
+        const QString filter = QStringLiteral("Port Project File(*.pprj)");
         {
-            const CFileDialogAnswerer files(file);
+            CFileDialogAnswerer files(file);
             commands.exportMapping(1);
             QCOMPARE(files.proposal, QStringLiteral("New.pprj"));
+            QCOMPARE(files.filters << files.title, (QStringList{filter, QStringLiteral("Export...")}));
         }
         QVERIFY(QFile(file).open(QIODevice::WriteOnly));
         world.store.setPortLocked(1, true);
         for (const int boxes : {2, 4}) { // after "No" there is nothing to do, and to tell
-            const CFileDialogAnswerer files(file);
+            CFileDialogAnswerer files(file);
             commands.importMapping(1);
             QCOMPARE(user.boxes().size(), boxes);
+            QCOMPARE(files.filters << files.title, (QStringList{filter, QStringLiteral("Import...")}));
         }
         QCOMPARE(world.answers()->calls().filter(QStringLiteral("PortMapping")),
                  (QStringList{QStringLiteral("exportPortMapping(1,%1)").arg(file),

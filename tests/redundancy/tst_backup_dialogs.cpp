@@ -71,6 +71,28 @@ private Q_SLOTS:
         QCOMPARE(world.user->cell(0, 1).data(257).toUuid(), world.keyOf(QLatin1Char('B')));
     }
 
+    void isAlwaysOfOneSize()
+    {
+        SPairWorld processors;
+        processors.open();
+        SPortWorld ports;
+        ports.open();
+        for (const CBackupDialog *dialog : {static_cast<CBackupDialog *>(processors.dialog.get()),
+                                            static_cast<CBackupDialog *>(ports.dialog.get())}) {
+            QCOMPARE(dialog->minimumSize(), QSize(962, 566));
+            QCOMPARE(dialog->maximumSize(), QSize(962, 566));
+        }
+        QCOMPARE(processors.dialog->windowTitle(), QStringLiteral("Processor redundancy"));
+        QCOMPARE(ports.dialog->windowTitle(), QStringLiteral("Port redundancy"));
+        const QAbstractItemModel &table = *processors.user->view().model();
+        QCOMPARE(table.headerData(0, Qt::Horizontal).toString(), QStringLiteral("Primary"));
+        QCOMPARE(table.headerData(1, Qt::Horizontal).toString(), QStringLiteral("Redundancy"));
+        for (const char *tool : {"Auto match", "Clear", "Reset"})
+            QVERIFY2(processors.user->tool(tool)->objectName() == QLatin1String("BGTransparent") &&
+                         processors.user->tool(tool)->size() == QSize(16, 16),
+                     tool);
+    }
+
     void dropsPutAndSwap()
     {
         for (const auto &[pairs, dropped, row, column, rows] :

@@ -190,6 +190,10 @@ private Q_SLOTS:
                          QStringLiteral("320")); // replaces what was there
         labelled<QSpinBox>(dialog, "Height")->setValue(7);
         QCOMPARE(dialog.cabinetSize(), QSize(320, 8));
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("Custom cabinet information"));
+        QCOMPARE(dialog.minimumSize(), QSize(208, 151));
+        QCOMPARE(dialog.maximumSize(), QSize(208, 151));
+        QVERIFY(labelled<QSpinBox>(dialog, "Width")->width() == 140 && okOf(dialog)->isDefault());
     }
 
     void theMenuIsTheLibrary()
