@@ -23,7 +23,7 @@ const QVector<SBenchmark> &Benchmarks::all()
         {"B15", "a PDF of all sheets of a wall", measurePrint},
         {"B16", "edits with the journal", measureJournal},
         {"B18", "the list of all ports: loads, another processor", measurePortList},
-        {"B18", "select all, until the side panel shows it", measureSelectionTold},
+        {"B18", "select all, until side panel and port list show it", measureSelectionTold},
         {"hostile", "pictures of layouts that no editor makes", measureHostile},
     };
     return table;
