@@ -4,6 +4,7 @@
 
 #include "layout/drawing/CPortEdge.h"
 #include "layout/drawing/CPortLabel.h"
+#include "layout/drawing/CRowStamps.h"
 #include "layout/drawing/CWirePainter.h"
 #include "layout/editor/items/CGraphicsCabinetItem.h"
 #include "layout/editor/items/CGraphicsConnectionItem.h"
@@ -111,8 +112,7 @@ class CFarRow final
 {
 public:
     CFarRow(QPainter &painter, qreal scale)
-        : m_painter(painter)
-        , m_scale(scale)
+        : m_stamps(painter, scale)
     {
     }
 
@@ -128,7 +128,7 @@ public:
     void paint()
     {
         if (!m_rects.isEmpty())
-            CLayoutPainter::paintRowFromAfar(m_painter, m_rects, m_colors, m_scale);
+            m_stamps.paint(m_rects, m_colors);
         m_rects.resize(0);
     }
 
@@ -143,8 +143,7 @@ private:
                colors == m_colors;
     }
 
-    QPainter &m_painter;
-    qreal m_scale;
+    CRowStamps m_stamps;
     SCabinetColors m_colors;
     QVector<QRectF> m_rects;
 };
