@@ -5,7 +5,9 @@
 #include <QGraphicsScene>
 #include <QHash>
 #include <QUuid>
+#include <QVector>
 
+#include <functional>
 #include <utility>
 
 /// The widget library's graphics scene: finds items by identity, and does not resize itself while items move.
@@ -27,6 +29,10 @@ public:
     /// Repaints all views. An update() alone is lost if a view paints something else before Qt processes it,
     /// and so are repaints requested by items in between.
     void updateViews();
+
+    /// Carries out @p change, which alters thousands of items within @p areas of the scene, and repaints
+    /// these areas once. What the items request meanwhile is ignored: one by one it costs more than it shows.
+    void changeWithin(const QVector<QRectF> &areas, const std::function<void()> &change);
 
     /// Does now what Qt postpones to the next turn of the event loop for new items. Call once per operation
     /// that adds many items: until then Qt walks a list of all of them for each item that is removed.

@@ -10,6 +10,7 @@
 
 #include <QPainter>
 #include <QScreen>
+#include <QSignalSpy>
 
 namespace {
 
@@ -142,12 +143,17 @@ private Q_SLOTS:
         shown();
         m_mouse->press({-300, -200});
         // Several strips at once, a single cabinet with handles, thousands, nothing.
-        for (const QPoint &end : {QPoint(700, 700), QPoint(1400, 4700), QPoint(2000, 4300), QPoint(60, 60),
-                                  QPoint(4300, 8300), QPoint(-100, -100)}) {
+        for (const QPoint &end : {QPoint(700, 700), QPoint(1400, 4700), QPoint(60, 60), QPoint(4000, 6000),
+                                  QPoint(60, 60), QPoint(4300, 8300), QPoint(-100, -100)}) {
             m_mouse->moveTo(end);
             QCOMPARE(leftBehind(), 0);
         }
         m_mouse->release({-100, -100});
+        const QSignalSpy told(&m_mouse->scene(), &CCabinetGraphicsScene::notifySelectedChanged);
+        m_mouse->press({-300, -200});
+        m_mouse->moveTo({4300, 8300});
+        m_mouse->release({4300, 8300});
+        QVERIFY(!told.isEmpty());
         m_mouse->click({704, 4800});
         QCOMPARE(leftBehind(), 0);
     }

@@ -8,9 +8,14 @@
 #include "layout/editor/items/IItemIndex.h"
 #include "platform/graphics/CGraphicsScene.h"
 
+#include <QRegion>
+#include <QSignalBlocker>
+
+#include <algorithm>
+
 namespace {
 
-constexpr int ManyChanges = 1000; // one by one they cost more than repainting the whole view
+constexpr int ManyChanges = 1000; // that request their repaints one by one cost more than painting them
 
 /// QRectF::intersects() of normalized rectangles, inline: it is asked of each cabinet of a wall.
 bool touches(const QRectF &band, const QRectF &rect)
@@ -44,7 +49,7 @@ CRubberBand::CRubberBand(IEditing &editing, const IItemIndex &index, CGraphicsSc
 void CRubberBand::moveTo(const QPointF &scenePos)
 {
     const QRectF before = m_rect;
-    const QRectF after = QRectF(m_press, scenePos).normalized();
+    const QRectF after = rectTo(scenePos);
     m_rect = after;
     Places entered;
     Places left;
@@ -57,12 +62,40 @@ void CRubberBand::moveTo(const QPointF &scenePos)
                 (touched ? entered : left) << &place;
         }
     }
-    if (entered.size() + left.size() > ManyChanges)
-        m_scene.updateViews();
-    for (const CPortOverview::SPlace *place : qAsConst(left))
-        change(*place, false);
-    for (const CPortOverview::SPlace *place : qAsConst(entered))
-        change(*place, true);
+    const auto changeAll = [&] {
+        for (const CPortOverview::SPlace *place : qAsConst(left))
+            change(*place, false);
+        for (const CPortOverview::SPlace *place : qAsConst(entered))
+            change(*place, true);
+    };
+    if (entered.size() + left.size() > ManyChanges) {
+        m_scene.changeWithin(areasOf(before, after, left + entered), [&] {
+            const QSignalBlocker silent(&m_scene); // Qt would announce every single item
+            changeAll();
+        });
+        Q_EMIT m_scene.selectionChanged();
+        return;
+    }
+    changeAll();
+}
+
+/// Where the look of @p places may change when the band does: the strips by which it grows and shrinks, as
+/// far as the cabinets there and their groups reach out of them.
+QVector<QRectF> CRubberBand::areasOf(const QRectF &before, const QRectF &after, const Places &places)
+{
+    const QRegion strips = QRegion(before.toAlignedRect()) ^ QRegion(after.toAlignedRect());
+    QVector<QRectF> areas;
+    for (const QRect &strip : strips)
+        areas << QRectF(strip).adjusted(-1, -1, 1, 1); // fractions of pixels
+    if (areas.isEmpty())
+        areas << after;
+    for (const CPortOverview::SPlace *place : places) {
+        const auto strip = std::find_if(areas.begin(), areas.end(),
+                                        [place](const QRectF &area) { return touches(area, place->rect); });
+        QRectF &area = strip == areas.end() ? areas.first() : *strip;
+        area |= place->group ? place->group->outermost().placement() : place->rect;
+    }
+    return areas;
 }
 
 void CRubberBand::cancel()

@@ -10,6 +10,7 @@
 #include <QRectF>
 #include <QSet>
 #include <QUuid>
+#include <QVector>
 
 class CGraphicsItemBase;
 class CGraphicsScene;
@@ -27,6 +28,8 @@ public:
                 const QSet<QUuid> &before, bool keepSelection);
 
     const QRectF &rect() const { return m_rect; }
+    /// What rect() is after moveTo().
+    QRectF rectTo(const QPointF &scenePos) const { return QRectF(m_press, scenePos).normalized(); }
     void moveTo(const QPointF &scenePos);
     /// Restores the selection from before the band.
     void cancel();
@@ -34,6 +37,7 @@ public:
 private:
     using Places = QVector<const CPortOverview::SPlace *>;
 
+    static QVector<QRectF> areasOf(const QRectF &before, const QRectF &after, const Places &places);
     void change(const CPortOverview::SPlace &place, bool touched);
     void restore(CGraphicsItemBase &outermost);
 

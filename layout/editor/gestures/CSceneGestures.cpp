@@ -189,30 +189,38 @@ void CSceneGestures::beginBand(const QPointF &scenePos, bool keepSelection)
 
 void CSceneGestures::continueBand(const QPointF &scenePos)
 {
-    const QVector<QRectF> before = bandAreas();
+    // Before the band selects: if it selects many, views paint at once.
+    invalidate(bandAreas(m_band->rect()) + bandAreas(m_band->rectTo(scenePos)));
     m_band->moveTo(scenePos);
-    invalidate(before + bandAreas());
+    invalidate(handleAreas());
 }
 
 void CSceneGestures::endBand()
 {
     if (!m_band)
         return;
-    const QVector<QRectF> shown = bandAreas();
+    const QVector<QRectF> shown = bandAreas(m_band->rect());
     m_band.reset();
     invalidate(shown);
 }
 
-QVector<QRectF> CSceneGestures::bandAreas() const
+QVector<QRectF> CSceneGestures::bandAreas(const QRectF &band) const
 {
-    const QRectF band = m_band->rect();
-    const qreal edge =
-        std::max({4.0, band.width() / 100, band.height() / 100}); // covers a pixel at any useful scale
+    const qreal edge = 4 / viewScale(m_scene);
     const QPointF half(edge / 2, edge / 2);
     const QSizeF across(band.width() + edge, edge);
     const QSizeF down(edge, band.height() + edge);
-    return {QRectF(band.topLeft() - half, across), QRectF(band.bottomLeft() - half, across),
-            QRectF(band.topLeft() - half, down), QRectF(band.topRight() - half, down)};
+    return handleAreas() +
+           QVector<QRectF>{QRectF(band.topLeft() - half, across), QRectF(band.bottomLeft() - half, across),
+                           QRectF(band.topLeft() - half, down), QRectF(band.topRight() - half, down)};
+}
+
+/// A single selected item has handles, whoever joins it or leaves.
+QVector<QRectF> CSceneGestures::handleAreas() const
+{
+    if (m_selection.count() != 1)
+        return {};
+    return {(*m_selection.items().begin())->placement()};
 }
 
 void CSceneGestures::paintHandles(QPainter &painter) const

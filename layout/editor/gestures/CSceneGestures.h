@@ -72,7 +72,8 @@ private:
     bool isBeyondClick(const QPointF &from, const QPointF &to) const;
     void beginDrag(const SPress &press);
     QVector<QRectF> dragAreas() const; ///< what note and guides of the drag cover
-    QVector<QRectF> bandAreas() const; ///< its lines
+    QVector<QRectF> bandAreas(const QRectF &band) const;
+    QVector<QRectF> handleAreas() const; ///< its lines
     void invalidate(const QVector<QRectF> &areas);
 
     CGraphicsScene &m_scene;
