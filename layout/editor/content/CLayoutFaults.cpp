@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int TurnMilliseconds = 4;
+constexpr int TurnMilliseconds = 2;
 
 } // namespace
 
