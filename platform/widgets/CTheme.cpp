@@ -12,10 +12,11 @@
 #include <QPalette>
 #include <QProxyStyle>
 #include <QPushButton>
-#include <QRegularExpression>
+#include <QStringList>
 #include <QStyleOption>
 #include <QToolTip>
 
+#include <algorithm>
 #include <cmath>
 
 // Outside any namespace, as the macro requires.
@@ -116,11 +117,18 @@ QString themeStyleSheet()
     QFile file(QStringLiteral(":/Theme/theme.qss"));
     if (!file.open(QIODevice::ReadOnly))
         qFatal("the style sheet is missing from the program");
-    QString sheet = QString::fromUtf8(file.readAll());
+    // In one pass: a search for each name would take a part of the program's start that can be measured.
     const QHash<QString, QRgb> &names = themeColorNames();
-    for (auto it = names.cbegin(); it != names.cend(); ++it) {
-        const QRegularExpression wholeName(QStringLiteral("@%1\\b").arg(it.key()));
-        sheet.replace(wholeName, QColor(it.value()).name());
+    const QStringList parts = QString::fromUtf8(file.readAll()).split(QLatin1Char('@'));
+    QString sheet = parts.first();
+    for (int i = 1; i < parts.size(); ++i) {
+        const QString &part = parts.at(i);
+        const auto isLetter = [](QChar c) { return c.isLetterOrNumber(); };
+        const auto end = std::find_if_not(part.begin(), part.end(), isLetter);
+        const QString name = part.left(int(end - part.begin()));
+        if (!names.contains(name))
+            qFatal("the style sheet names an unknown colour");
+        sheet += QColor(names.value(name)).name() + part.mid(name.size());
     }
     return sheet;
 }
