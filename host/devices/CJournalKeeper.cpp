@@ -256,6 +256,10 @@ CResult<QUuid> CJournalKeeper::restore(const SStrayJournal &stray, const CProjec
         if (m_services.table().isModified(owner.processor))
             return CResult<QUuid>::failure(
                 tr("%1 has edits of this run: save them, or read the mapping, first.").arg(owner.name));
+        if (m_waiting.contains(owner.processor)) // the older edits would take the place of these
+            return CResult<QUuid>::failure(
+                tr("%1 gets other edits back once it is detected: restore these after that.")
+                    .arg(owner.name));
         m_waiting.insert(owner.processor, stray);
         return restoreWaiting(owner.processor) ? owner.processor : QUuid();
     }

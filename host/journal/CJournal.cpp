@@ -158,6 +158,7 @@ QVector<CJournal::Handle> CJournal::takeUnsynced()
 
 void CJournal::removeFile()
 {
+    removeSuperseded(); // first: without this file they would be offered again
     if (m_file || m_broken)
         CFileSystem::current().unlink(m_path);
     if (m_new || m_broken)
@@ -167,7 +168,6 @@ void CJournal::removeFile()
     m_unsynced = false;
     m_broken = false;
     m_state.forgetEffort();
-    removeSuperseded();
 }
 
 void CJournal::supersede(const QByteArray &path, const Handle &lock)

@@ -159,9 +159,9 @@ QList<SStrayJournal> CJournalFolder::strays() const
 
 void CJournalFolder::remove(const SStrayJournal &stray)
 {
-    CJournal::remove(QFile::encodeName(stray.path), stray.lock);
-    for (const auto &[path, lock] : stray.followed)
+    for (const auto &[path, lock] : stray.followed) // first: without the other they would be offered again
         CJournal::remove(path, lock);
+    CJournal::remove(QFile::encodeName(stray.path), stray.lock);
 }
 
 QString CJournalFolder::historyFile(const QString &projectFile) const

@@ -110,6 +110,7 @@ class CJournalKeeperTest final : public CTestBase
 private Q_SLOTS:
     void restoresAProject();
     void restoresAProcessorOnceItIsDetected();
+    void restoresOneOfTwoJournalsOfAProcessor();
     void asksBeforeItSavesRestoredEditsOverAnotherMapping();
     void keepsNothingThatIsSaved();
     void keepsWhatTheHostChanges();
@@ -172,6 +173,27 @@ void CJournalKeeperTest::restoresAProcessorOnceItIsDetected()
     QVERIFY(runs.run->handler.hasUnsavedEdits(lobby));
     QCOMPARE(runs.run->handler.editHistory(lobby).steps.size(), 1);
     QVERIFY(!runs.keeper().restore(offer)); // would replace edits
+}
+
+/// One that was not restored, and one of the run after it.
+void CJournalKeeperTest::restoresOneOfTwoJournalsOfAProcessor()
+{
+    SRuns runs;
+    const QUuid lobby = runs.run->lobby;
+    runs.edit(lobby, 1);
+    runs.start();
+    runs.edit(lobby, 1);
+    runs.edit(lobby, 2);
+    const CabinetLayout later = runs.run->layoutOf(lobby);
+    runs.start(false);
+    QList<SStrayJournal> offers = runs.keeper().offers();
+    QCOMPARE(offers.size(), 2);
+    QVERIFY(runs.keeper().restore(offers.at(0)));
+    QVERIFY(!runs.keeper().restore(offers.at(1)));
+    runs.run->detect();
+    QTRY_VERIFY(sameCabinets(runs.run->layoutOf(lobby), later));
+    offers.clear(); // unlocks them
+    QCOMPARE(runs.keeper().offers().size(), 1);
 }
 
 void CJournalKeeperTest::asksBeforeItSavesRestoredEditsOverAnotherMapping()

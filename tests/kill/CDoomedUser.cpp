@@ -13,10 +13,14 @@
 #include <QDirIterator>
 #include <QGraphicsItem>
 #include <QListWidget>
+#include <QMessageBox>
+#include <QTimer>
+#include <QToolButton>
 
 #include <algorithm>
 #include <cstdio>
 #include <limits>
+#include <utility>
 
 namespace {
 
@@ -24,6 +28,10 @@ constexpr double DeviceDelays = 0.01;
 constexpr int FarthestPlace = 100;
 constexpr int NoPlace = std::numeric_limits<int>::max();
 constexpr int MostChanges = 12; // in a row
+constexpr int MostUndone = 3;
+constexpr int TooLongMilliseconds = 1000;
+constexpr int UsualCabinets = 6; // of port 1
+const SWallState anyState{SWallState::AnyPlace, {}};
 
 template <typename Condition>
 bool waitFor(const Condition &condition)
@@ -54,9 +62,10 @@ QStringList CDoomedUser::strays(const QString &folder)
     return found;
 }
 
-void CDoomedUser::tell(const char *what, EDocument document, int place)
+void CDoomedUser::tell(const char *what, EDocument document, const SWallState &state)
 {
-    std::printf("%s %s %d\n", what, document == Project ? "project" : "device", place);
+    std::printf("%s %s %d %s\n", what, document == Project ? "project" : "device", state.place,
+                state.look.isEmpty() ? "?" : state.look.constData());
     std::fflush(stdout);
 }
 
@@ -72,16 +81,10 @@ QString CDoomedUser::nameOf(EDocument document) const
     return document == Project ? m_project : QLatin1String(DeviceName);
 }
 
-int CDoomedUser::placeOf(EDocument document, bool saved)
+CabinetLayout CDoomedUser::layoutOf(EDocument document, Version version)
 {
     const SDevice device = m_user->device(nameOf(document));
-    const CabinetLayout layout = saved ? device.working.saved() : device.working.layout();
-    return placeIn(layout);
-}
-
-int CDoomedUser::placeIn(const CabinetLayout &layout)
-{
-    return layout.ports.first().getAllCabinets().first().rect.x() + (layout.ports.at(1).locked ? Locked : 0);
+    return version == Version::Saved ? device.working.saved() : device.working.layout();
 }
 
 QVector<int> CDoomedUser::placesOnScreen() const
@@ -94,13 +97,13 @@ QVector<int> CDoomedUser::placesOnScreen() const
     return places;
 }
 
-/// Port 1 is the leftmost one, and stays that.
 int CDoomedUser::placeOnScreen() const
 {
     const QVector<int> places = placesOnScreen();
     const bool locked = m_user->portName(2).contains(QLatin1String("locked"));
-    return places.isEmpty() ? NoPlace
-                            : *std::min_element(places.begin(), places.end()) + (locked ? Locked : 0);
+    return places.isEmpty()
+               ? NoPlace
+               : *std::min_element(places.begin(), places.end()) + (locked ? SWallState::Locked : 0);
 }
 
 bool CDoomedUser::show(EDocument document)
@@ -111,56 +114,139 @@ bool CDoomedUser::show(EDocument document)
         const auto current = m_user->window().manager().table().currentDevice();
         return m_user->canvas() && current && current->node.name == name &&
                placesOnScreen().size() == current->working.layout().cabinetCount() && // which differ
-               placeOnScreen() == placeOf(document);
+               placeOnScreen() == stateOf(document).place;
     };
     return (m_user->clickInTree(name) && waitFor(isShown)) ||
            complain(name + QStringLiteral(" is not shown"));
 }
 
-/// One key; what it has done counts as soon as that returns.
-bool CDoomedUser::change(int before)
+bool CDoomedUser::selectPort()
 {
-    const int kind = m_random.bounded(7);
-    if (kind == 6 && m_shown == Project) { // processors do not keep locks
-        const int wanted = before < Locked ? before + Locked : before - Locked;
-        tell("will", m_shown, wanted);
-        if (!m_user->clickPort(2, CWindowUser::PortArea::Lock))
-            return complain(QStringLiteral("no lock"));
-        tell("did", m_shown, placeOnScreen());
-        m_user->canvas()->setFocus();
-        return placeOnScreen() == wanted || complain(QStringLiteral("a click locks nothing"));
-    }
-    if (kind < 2) {
-        tell("will", m_shown, AnyPlace);
-        QTest::keyClick(m_user->canvas(), kind == 0 ? Qt::Key_Z : Qt::Key_Y, Qt::ControlModifier);
-        tell("did", m_shown, placeOnScreen());
-        return true;
-    }
-    const int place = before % Locked;
-    const bool back = place >= FarthestPlace || (place > 0 && m_random.bounded(2));
-    const int wanted = before + (back ? -1 : 1);
-    tell("will", m_shown, wanted);
-    QTest::keyClick(m_user->canvas(), back ? Qt::Key_Left : Qt::Key_Right);
-    tell("did", m_shown, placeOnScreen());
-    return placeOnScreen() == wanted || complain(QStringLiteral("a key moves nothing"));
-}
-
-bool CDoomedUser::edit(EDocument document)
-{
-    if (!show(document))
-        return false;
+    m_selected = Selected::Port;
     const bool selected = waitFor([&] {
         return m_user->clickPort(1, CWindowUser::PortArea::Label) &&
                !m_user->canvas()->scene()->selectedItems().isEmpty();
     });
-    if (!selected)
-        return complain(QStringLiteral("nothing is selected"));
     m_user->canvas()->setFocus();
+    return selected || complain(QStringLiteral("nothing is selected"));
+}
+
+/// One of port 1 that is in no group, if there is one.
+bool CDoomedUser::selectCabinet()
+{
+    const auto loose = layoutOf(m_shown).ports.first().looseCabinets();
+    if (loose.isEmpty())
+        return selectPort();
+    const QRect rect = loose.at(m_random.bounded(loose.size())).rect;
+    QGraphicsView &canvas = *m_user->canvas();
+    m_user->click(*canvas.viewport(), canvas.mapFromScene(QRectF(rect).center()));
+    const QList<QGraphicsItem *> selected = canvas.scene()->selectedItems();
+    if (selected.size() != 1 || selected.first()->scenePos() != rect.topLeft())
+        return selectPort(); // another one is above it
+    m_selected = Selected::Cabinet;
+    canvas.setFocus();
+    return true;
+}
+
+/// What was done counts from here: before the host gets the layout, with which it is told once more.
+void CDoomedUser::tellDone()
+{
+    tell("did", m_shown, {placeOnScreen(), {}});
+    tell("did", m_shown, stateOf(m_shown));
+}
+
+void CDoomedUser::press(int key)
+{
+    QTest::keyClick(m_user->canvas(), Qt::Key(key & ~int(Qt::KeyboardModifierMask)),
+                    Qt::KeyboardModifiers(key & int(Qt::KeyboardModifierMask)));
+}
+
+bool CDoomedUser::editBy(int key)
+{
+    tell("will", m_shown, anyState);
+    press(key);
+    tellDone();
+    return true;
+}
+
+bool CDoomedUser::lock()
+{
+    const int before = placeOnScreen();
+    const int wanted = (before + SWallState::Locked) % (2 * SWallState::Locked);
+    tell("will", m_shown, {wanted, {}});
+    if (!m_user->clickPort(2, CWindowUser::PortArea::Lock))
+        return complain(QStringLiteral("no lock"));
+    tellDone();
+    m_user->canvas()->setFocus();
+    return placeOnScreen() == wanted || complain(QStringLiteral("a click locks nothing"));
+}
+
+bool CDoomedUser::move()
+{
+    const int before = placeOnScreen();
+    const int place = before % SWallState::Locked;
+    const bool back = place >= FarthestPlace || (place > 0 && m_random.bounded(2));
+    const int wanted = m_selected == Selected::Port ? before + (back ? -1 : 1) : SWallState::AnyPlace;
+    tell("will", m_shown, {wanted, {}});
+    press(back ? Qt::Key_Left : Qt::Key_Right);
+    tellDone();
+    return wanted < 0 || placeOnScreen() == wanted || complain(QStringLiteral("a key moves nothing"));
+}
+
+bool CDoomedUser::applyPattern()
+{
+    static const char *const patterns[]{"LTR TTB snake", "RTL BTT snake", "TTB LTR snake", "BTT RTL snake"};
+    tell("will", m_shown, anyState);
+    if (!m_user->clickButton(patterns[m_random.bounded(4)]))
+        return complain(QStringLiteral("no pattern"));
+    tellDone();
+    m_user->canvas()->setFocus();
+    return true;
+}
+
+/// Keeps the number of cabinets where it is, in the long run.
+bool CDoomedUser::replaceCabinet()
+{
+    const int count = layoutOf(m_shown).ports.first().cabinetCount();
+    if (count > UsualCabinets)
+        return editBy(Qt::Key_Delete);
+    editBy(Qt::CTRL | (count == UsualCabinets ? Qt::Key_X : Qt::Key_C));
+    const bool isCurrent = selectPort();
+    m_selected = Selected::Unknown;
+    return isCurrent && editBy(Qt::CTRL | Qt::Key_V);
+}
+
+/// One key or click; what it has done counts as soon as that returns.
+bool CDoomedUser::change()
+{
+    const int kind = m_random.bounded(12);
+    if (kind == 0 && m_shown == Project) // processors do not keep locks
+        return lock();
+    if (kind > 5)
+        return move();
+    const Selected selected = std::exchange(m_selected, Selected::Unknown);
+    switch (kind) {
+    case 1:
+        return editBy(Qt::CTRL | Qt::Key_Y);
+    case 2:
+        return editBy(m_random.bounded(3) ? Qt::CTRL | Qt::Key_G : Qt::CTRL | Qt::SHIFT | Qt::Key_G);
+    case 3:
+        return applyPattern();
+    case 4:
+        return selected != Selected::Cabinet || replaceCabinet();
+    default:
+        return editBy(Qt::CTRL | Qt::Key_Z);
+    }
+}
+
+bool CDoomedUser::edit(EDocument document)
+{
+    if (!show(document) || !(m_random.bounded(2) ? selectPort() : selectCabinet()))
+        return false;
     for (int changes = 1 + m_random.bounded(MostChanges); changes > 0; --changes) {
-        const int before = placeOnScreen();
-        if (m_user->canvas()->scene()->selectedItems().isEmpty()) // it was loaded again
+        if (m_user->canvas()->scene()->selectedItems().isEmpty()) // it was loaded again, or cut out
             break;
-        if (!change(before))
+        if (!change())
             return false;
         if (m_random.bounded(3) == 0)
             QCoreApplication::processEvents();
@@ -170,31 +256,32 @@ bool CDoomedUser::edit(EDocument document)
 
 bool CDoomedUser::saveProject()
 {
-    tell("saving", Project, placeOf(Project));
+    tell("saving", Project, stateOf(Project));
     const CStatus saved = m_user->window().manager().projects().save(m_user->device(m_project).node.uuid,
                                                                      projectFile(m_folder));
     if (!saved)
         return complain(saved.error());
-    tell("saved", Project, placeOf(Project));
+    tell("saved", Project, stateOf(Project));
     return true;
 }
 
 bool CDoomedUser::saveDevice()
 {
     std::optional<SDeviceOutcome> outcome;
-    tell("saving", Device, placeOf(Device));
+    tell("saving", Device, stateOf(Device));
     m_user->window().manager().jobs().saveMapping({m_user->device(nameOf(Device)).node.uuid},
                                                   [&](const SDeviceOutcome &ended) { outcome = ended; });
     if (!waitFor([&outcome] { return outcome.has_value(); }) || !outcome->isDone())
         return complain(QStringLiteral("the processor is not saved"));
-    tell("saved", Device, placeOf(Device));
+    tell("saved", Device, stateOf(Device));
     return true;
 }
 
 bool CDoomedUser::readDevice()
 {
     std::optional<SDeviceOutcome> outcome;
-    tell("will", Device, placeOf(Device, true));
+    const SWallState saved = SWallState::of(layoutOf(Device, Version::Saved));
+    tell("will", Device, saved);
     m_user->window().manager().jobs().setConfirm([](const QString &) { return true; });
     m_user->window().manager().jobs().readMapping({m_user->device(nameOf(Device)).node.uuid}, {},
                                                   [&](const SDeviceOutcome &ended) { outcome = ended; });
@@ -202,19 +289,20 @@ bool CDoomedUser::readDevice()
         return complain(QStringLiteral("the processor is not read"));
     if (!show(Project)) // after which the canvas has learnt what was read
         return false;
-    tell("did", Device, placeOf(Device));
-    return placeOf(Device) == placeOf(Device, true) || complain(QStringLiteral("the edits are still there"));
+    tell("did", Device, stateOf(Device));
+    return stateOf(Device).fits(saved) || complain(QStringLiteral("the edits are still there"));
 }
 
 bool CDoomedUser::exportTable()
 {
     const SDevice device = m_user->device(m_project);
-    tell("exporting", Project, placeOf(Project));
+    std::printf("exporting %d\n", layoutOf(Project).cabinetCount() + 1);
+    std::fflush(stdout);
     const CStatus written =
         CLayoutExport::writeTable(device.data(), device.node.name, device.print, exportFile(m_folder));
     if (!written)
         return complain(written.error());
-    tell("exported", Project, placeOf(Project));
+    std::printf("exported\n");
     return true;
 }
 
@@ -250,6 +338,10 @@ bool CDoomedUser::restore()
     if (offers.isEmpty())
         return true;
     m_user->inDialog(QStringLiteral("Unsaved edits"), [count = offers.size()](QDialog &dialog) {
+        QTimer::singleShot(TooLongMilliseconds, &dialog, [] {
+            if (const auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget()))
+                complain(box->text() + box->informativeText());
+        });
         for (int i = 0; i < count; ++i)
             buttonOf(dialog, QStringLiteral("Restore"))->click();
     });
@@ -260,6 +352,9 @@ bool CDoomedUser::restore()
 bool CDoomedUser::start()
 {
     m_user = std::make_unique<CWindowUser>(stateFolder(m_folder), journalFolder(m_folder), DeviceDelays);
+    auto &folded = *m_user->window().findChild<QToolButton *>(QStringLiteral("CollapseButton"));
+    if (folded.isChecked()) // the screen of the tests is small
+        m_user->click(folded);
     if (!restore())
         return false;
     SAppOptions options;
@@ -284,17 +379,22 @@ bool CDoomedUser::findAll()
     for (const EDocument document : {Device, Project}) {
         if (!show(document))
             return false;
-        const int found = placeOf(document);
+        const SWallState found = stateOf(document);
         tell("found", document, found);
-        tell("will", document, AnyPlace);
-        QTest::keyClick(m_user->canvas(), Qt::Key_Z, Qt::ControlModifier);
-        const int before = placeOf(document);
-        if (before != found)
-            tell("undone", document, before);
-        QTest::keyClick(m_user->canvas(), Qt::Key_Y, Qt::ControlModifier);
-        const int after = placeOf(document);
+        tell("will", document, anyState);
+        int undone = 0;
+        for (SWallState last = found; undone < MostUndone; ++undone) {
+            press(Qt::CTRL | Qt::Key_Z);
+            const SWallState state = stateOf(document);
+            if (state.fits(last)) // that was all
+                break;
+            tell("undone", document, last = state);
+        }
+        for (; undone > 0; --undone)
+            press(Qt::CTRL | Qt::Key_Y);
+        const SWallState after = stateOf(document);
         tell("did", document, after);
-        if (before != found && after != found)
+        if (!after.fits(found))
             return complain(QStringLiteral("undo and redo lead elsewhere"));
     }
     return true;
@@ -303,7 +403,7 @@ bool CDoomedUser::findAll()
 int CDoomedUser::run()
 {
     if (start() && findAll()) {
-        tell("ready", Project, placeOf(Project));
+        tell("ready", Project, stateOf(Project));
         while (act()) {
         }
     }

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "layout/api/records/CabinetLayout.h"
+#include "tests/kill/SWallState.h"
 
 #include <QDir>
 #include <QRandomGenerator>
@@ -15,12 +15,11 @@ class CWindowUser;
 
 /// Uses the program until it is killed: restores what the last one has left, edits a project and a processor
 /// at random, saves, reads and exports, and tells on the standard output what it begins and what is done, a
-/// line each: a word, what it is about, and the place of its first port on the canvas.
+/// line each: a word, what it is about, its place on the canvas and, where the host knows it by then, its
+/// look.
 class CDoomedUser final
 {
 public:
-    static constexpr int AnyPlace = -1; ///< told when the outcome is not known beforehand
-
     /// @p folder holds what the program leaves on the disk.
     CDoomedUser(const QString &folder, quint32 seed);
     ~CDoomedUser();
@@ -36,8 +35,6 @@ public:
     /// What killed processes have left of files that they were writing, or as locks.
     static QStringList strays(const QString &folder);
     static constexpr char DeviceName[] = "Lobby";
-    static constexpr int Locked = 1000; ///< is added to the place if port 2 is locked
-    static int placeIn(const CabinetLayout &layout);
 
 private:
     enum EDocument { Project, Device };
@@ -46,10 +43,12 @@ private:
     {
         return QDir(folder).filePath(QLatin1String(name));
     }
-    static void tell(const char *what, EDocument document, int place);
+    static void tell(const char *what, EDocument document, const SWallState &state);
     static bool complain(const QString &what);
     QString nameOf(EDocument document) const;
-    int placeOf(EDocument document, bool saved = false);
+    enum class Version { Working, Saved };
+    CabinetLayout layoutOf(EDocument document, Version version = Version::Working);
+    SWallState stateOf(EDocument document) { return SWallState::of(layoutOf(document)); }
     QVector<int> placesOnScreen() const; ///< of all cabinets
     int placeOnScreen() const;
 
@@ -58,7 +57,16 @@ private:
     bool findAll();
     bool show(EDocument document);
     bool edit(EDocument document);
-    bool change(int before);
+    bool selectPort();
+    bool selectCabinet();
+    void tellDone();
+    void press(int key);
+    bool editBy(int key);
+    bool change();
+    bool move();
+    bool lock();
+    bool applyPattern();
+    bool replaceCabinet();
     bool saveProject();
     bool saveDevice();
     bool readDevice();
@@ -70,4 +78,6 @@ private:
     std::unique_ptr<CWindowUser> m_user;
     QString m_project; ///< its name in the tree
     EDocument m_shown = Project;
+    enum class Selected { Port, Cabinet, Unknown };
+    Selected m_selected = Selected::Unknown;
 };

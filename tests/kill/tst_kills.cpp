@@ -15,6 +15,7 @@
 #include <QApplication>
 #include <QProcess>
 #include <QRandomGenerator>
+#include <QSet>
 #include <QTemporaryDir>
 
 #include <csignal>
@@ -32,21 +33,33 @@ int given(const char *variable, int usual)
     return qEnvironmentVariableIsSet(variable) ? qEnvironmentVariableIntValue(variable) : usual;
 }
 
-/// Where a port may be: where it was put last or, if that has begun, where it is being put.
-struct SPlaces
+/// What a layout may be: what it was last or, if a change has begun, what that makes of it.
+struct SStates
 {
-    int sure = 0;
-    int begun = 0;
+    SWallState sure;
+    SWallState begun;
 
-    bool allow(int place) const { return place == sure || place == begun || begun == CDoomedUser::AnyPlace; }
-    void settle(int place) { sure = begun = place; }
+    bool allow(const SWallState &state) const
+    {
+        return state.fits(sure) || state.fits(begun) || begun.place == SWallState::AnyPlace;
+    }
+    void settle(const SWallState &state) { sure = begun = state; }
+    QString text() const
+    {
+        return QStringLiteral("it was %1 %2, or %3 %4")
+            .arg(sure.place)
+            .arg(QString::fromUtf8(sure.look))
+            .arg(begun.place)
+            .arg(QString::fromUtf8(begun.look));
+    }
 };
 
 /// A project or a processor.
 struct SDocument
 {
-    SPlaces shown;  ///< on the canvas
-    SPlaces stored; ///< in its file, or by the processor
+    SStates shown;         ///< on the canvas
+    SStates stored;        ///< in its file, or by the processor
+    QSet<QByteArray> seen; ///< all that was ever told of it
 };
 
 } // namespace
@@ -61,8 +74,8 @@ private:
     QTemporaryDir m_folder;
     SDocument m_project;
     SDocument m_device;
-    QString m_mapping; ///< the processor's file
-    int m_tableLines = 0;
+    QString m_mapping;      ///< the processor's file
+    QSet<int> m_tableLines; ///< as they may be
     bool m_exported = false;
     QByteArray m_last; ///< line
     QHash<QByteArray, int> m_counts;
@@ -73,40 +86,41 @@ private:
         const QList<QByteArray> words = line.split(' ');
         m_last = line;
         ++m_counts[words.first()];
-        if (words.size() != 3)
+        if (words.first() == "exporting")
+            m_tableLines << words.at(1).toInt();
+        m_exported |= words.first() == "exported";
+        if (words.size() != 4)
             return words.first() == "failed" ? QString::fromUtf8(line) : QString();
         SDocument &document = words.at(1) == "project" ? m_project : m_device;
-        const int place = words.at(2).toInt();
+        const SWallState state{words.at(2).toInt(), words.at(3) == "?" ? QByteArray() : words.at(3)};
+        const bool isNew = !document.seen.contains(state.edited());
+        document.seen.insert(state.edited());
         if (words.first() == "will")
-            document.shown.begun = place;
+            document.shown.begun = state;
         else if (words.first() == "did")
-            document.shown.settle(place);
+            document.shown.settle(state);
         else if (words.first() == "saving")
-            document.stored.begun = place;
+            document.stored.begun = state;
         else if (words.first() == "saved")
-            document.stored.settle(place);
-        else if (words.first() == "exported")
-            m_exported = true;
-        else if (words.first() == "found" && !document.shown.allow(place))
-            return QStringLiteral("%1, but it was at %2, or %3")
-                .arg(QString::fromUtf8(line))
-                .arg(document.shown.sure)
-                .arg(document.shown.begun);
+            document.stored.settle(state);
+        else if (words.first() == "undone" && isNew)
+            return QString::fromUtf8(line + ": it was never like that");
+        else if (words.first() == "found" && !document.shown.allow(state))
+            return QString::fromUtf8(line) + QStringLiteral(", but ") + document.shown.text();
         else if (words.first() == "found")
-            document.shown.settle(place);
+            document.shown.settle(state);
         return {};
     }
 
     static QString check(const char *what, SDocument &document, const CabinetLayout &layout)
     {
-        const int place = CDoomedUser::placeIn(layout);
-        if (!document.stored.allow(place))
-            return QStringLiteral("%1 has stored %2, neither %3 nor %4")
+        const SWallState state = SWallState::of(layout);
+        if (!document.stored.allow(state))
+            return QStringLiteral("%1 has stored %2 %3, but %4")
                 .arg(QLatin1String(what))
-                .arg(place)
-                .arg(document.stored.sure)
-                .arg(document.stored.begun);
-        document.stored.settle(place);
+                .arg(state.place)
+                .arg(QString::fromUtf8(state.look), document.stored.text());
+        document.stored.settle(state);
         return {};
     }
 
@@ -117,10 +131,10 @@ private:
             return project.error();
         const QByteArray table = ProjectSamples::contentOf(CDoomedUser::exportFile(m_folder.path()));
         const int lines = table.count('\n');
-        if (lines != m_tableLines && (m_exported || lines != 0))
+        if (!m_tableLines.contains(lines) && (m_exported || lines != 0))
             return QStringLiteral("the table has %1 lines").arg(lines);
         const QString fault = check("the project", m_project, project.value().layout);
-        if (!fault.isEmpty() || (!QFile::exists(m_mapping) && m_device.stored.sure == 0))
+        if (!fault.isEmpty() || (!QFile::exists(m_mapping) && m_device.stored.sure.look.isEmpty()))
             return fault;
         const auto mapping = CProcessorCodec::mapping(ProjectSamples::contentOf(m_mapping), m_mapping);
         return mapping ? check("the processor", m_device, mapping.value().layout) : mapping.error();
@@ -184,11 +198,8 @@ private Q_SLOTS:
             wall.name = QFileInfo(file).baseName();
             QVERIFY(CProcessorProject::write(file, wall));
         }
-        m_project.shown.settle(CDoomedUser::placeIn(wall.layout));
+        m_project.shown.settle(SWallState::of(wall.layout));
         m_project.stored = m_project.shown;
-        m_tableLines = 1;
-        for (const auto &port : wall.layout.ports)
-            m_tableLines += port.cabinetCount();
         const QString state = CDoomedUser::stateFolder(m_folder.path());
         const CSimulatedPark park(state, 0);
         for (const CSimulatedPark::Processor &processor : park.processors()) {
