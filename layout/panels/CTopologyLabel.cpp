@@ -41,8 +41,21 @@ void CTopologyLabel::setEditingBlocked(bool locked, bool redundancy)
 
 void CTopologyLabel::onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor)
 {
+    if (m_processor.uuid != processor.uuid)
+        showNone();
     m_processor = processor;
     updateEnabled();
+}
+
+/// The pattern that was used last was used for another wall.
+void CTopologyLabel::showNone()
+{
+    QAbstractButton *shown = m_buttons->checkedButton();
+    if (!shown)
+        return;
+    m_buttons->setExclusive(false); // otherwise one stays checked
+    shown->setChecked(false);
+    m_buttons->setExclusive(true);
 }
 
 void CTopologyLabel::onCurrentProcessorStateChanged(const ProcessorTree::ProcessorNode &processor)

@@ -35,6 +35,7 @@ protected:
 private:
     void buildUi();
     QToolButton *makeButton(int pattern);
+    void showNone();
     void updateEnabled();
 
     const CLayoutData &m_store;

@@ -214,8 +214,8 @@ private Q_SLOTS:
         node.online = false;
         world.panel.onCurrentProcessorStateChanged(node);
         QVERIFY(!current->isEnabled());
-        QCOMPARE(current->toolTip(), QStringLiteral("The processor is offline"));
-        world.mapping.refusal = QStringLiteral("No processor is online");
+        QCOMPARE(current->toolTip(), QStringLiteral("The processor is offline."));
+        world.mapping.refusal = QStringLiteral("No processor is online.");
         world.panel.onCurrentProcessorStateChanged(node);
         QCOMPARE(all->toolTip(), world.mapping.refusal);
     }
@@ -291,6 +291,8 @@ private Q_SLOTS:
         QTest::keyClick(&second, Qt::Key_Space);
         QVERIFY(second.isChecked() && !first.isChecked());
         QCOMPARE(patterns.count(), 2);
+        world.panel.onCurrentProcessorChanged({}); // for which no pattern was used
+        QVERIFY(!second.isChecked());
     }
 
     void refusedEditsCannotBeAskedFor()
@@ -326,12 +328,12 @@ private Q_SLOTS:
         QCOMPARE(tips(), (QStringList{QString(), QStringLiteral("BTT LTR snake")}));
         world.panel.setEditingBlocked(true, false);
         QCOMPARE(editable(), QVariant(false));
-        QCOMPARE(tips(), bothSay("Editing is locked"));
+        QCOMPARE(tips(), bothSay("Editing is locked."));
         QVERIFY(!world.lock().isEnabled());
         world.panel.setEditingBlocked(false, false);
         world.panel.onNotifySelectedPort({});
         QCOMPARE(editable(), QVariant(false));
-        QCOMPARE(tips(), bothSay("Nothing is selected"));
+        QCOMPARE(tips(), bothSay("Nothing is selected."));
         world.lock().click(); // the whole processor
         QVERIFY(world.store.isPortLocked(0) && world.store.isPortLocked(1));
     }
