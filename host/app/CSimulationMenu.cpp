@@ -87,7 +87,7 @@ void CSimulationMenu::updateActions()
 {
     const bool device = m_manager.services().device(m_processor) != nullptr;
     const QString hint =
-        device ? QString() : tr("Select a single processor, not a project, in the device tree");
+        device ? QString() : tr("Select a single processor, not a project, in the device tree.");
     bool any = false;
     for (auto it = m_faults.constBegin(); it != m_faults.constEnd(); ++it) {
         const bool on = device && m_manager.isSimulated(m_processor, it.value());

@@ -77,7 +77,7 @@ void CWorkModeMenu::updateActions()
     const bool reachable = device && !device->project && device->node.online;
     const QString hint =
         reachable ? QString()
-                  : tr("Select a single processor that is online, not a project, in the device tree");
+                  : tr("Select a single processor that is online, not a project, in the device tree.");
     for (const SEntry &entry : qAsConst(m_entries)) {
         entry.action->setEnabled(reachable);
         entry.action->setChecked(device && !device->project && entry.isOn(device->settings));

@@ -40,12 +40,12 @@ SMainActions SMainActions::create(QMainWindow &window, CWorkModeMenu &workMode, 
 
 void SMainActions::setSelected(bool any, bool project, const QString &readOnly) const
 {
-    const QString noProject = project ? QString() : tr("Select a project in the tree");
-    const QString nothing = any ? QString() : tr("Select a single processor or project in the tree");
+    const QString noProject = project ? QString() : tr("Select a project in the tree.");
+    const QString nothing = any ? QString() : tr("Select a single processor or project in the tree.");
     // Also without edits: the module may have pending ones.
     allowUnless(*saveProject, readOnly.isEmpty()
                                   ? noProject
-                                  : readOnly + QLatin1Char('\n') + tr("Save it as another file"));
+                                  : readOnly + QLatin1Char('\n') + tr("Save it as another file."));
     allowUnless(*restoreVersion, noProject);
     allowUnless(*closeProject, noProject);
     allowUnless(*saveProjectAs, nothing);

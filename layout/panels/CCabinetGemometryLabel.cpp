@@ -232,8 +232,8 @@ void CCabinetGemometryLabel::updateEnabled()
     for (CRecoveryFocusSpinBox *field : {m_width, m_height}) {
         field->setEnabled(refused.isEmpty() && m_resizable);
         field->setToolTip(!refused.isEmpty() ? refused
-                          : m_resizable      ? tr("Cabinets and groups are scaled together")
+                          : m_resizable      ? tr("Cabinets and groups are scaled together.")
                                              : tr("Cabinets of a group, and groups that do not tile a "
-                                                       "rectangle with one type, cannot be resized"));
+                                                       "rectangle with one type, cannot be resized."));
     }
 }

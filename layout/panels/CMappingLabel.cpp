@@ -172,7 +172,7 @@ void CMappingLabel::enable(CMenuToolButton &button, const QString &reason, const
 
 void CMappingLabel::updateEnabled()
 {
-    const QString reason = m_busy ? tr("The mapping is being read or saved") : QString();
+    const QString reason = m_busy ? tr("The mapping is being read or saved.") : QString();
     enable(*m_read, reason.isEmpty() ? m_readBlock : reason,
            m_refusal.isEmpty() ? m_currentBlock : m_refusal);
     enable(*m_save, reason, m_refusal);

@@ -12,8 +12,8 @@ QString MappingRefusal::of(const ProcessorTree::ProcessorNode &processor)
         return QCoreApplication::translate("MappingRefusal", source);
     };
     if (processor.uuid.isNull() || processor.fiberTransceiver)
-        return text("Please select a single processor that is online");
+        return text("Please select a single processor that is online.");
     if (processor.address == 0)
-        return text("A project has no processor to read from or save to; the File menu saves it");
+        return text("A project has no processor to read from or save to; the File menu saves it.");
     return processor.online ? QString() : EditRefusal::offline();
 }

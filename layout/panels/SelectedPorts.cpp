@@ -10,7 +10,7 @@
 QString SelectedPorts::refusal(const ProcessorTree::ProcessorNode &processor, const QString &block)
 {
     if (processor.uuid.isNull())
-        return QCoreApplication::translate("SelectedPorts", "No processor is shown");
+        return QCoreApplication::translate("SelectedPorts", "No processor is shown.");
     return processor.online ? block : EditRefusal::offline();
 }
 

@@ -143,5 +143,5 @@ void CEditorMenus::addLook(const QString &text, const QKeySequence &key, void (C
 
 QString CEditorMenus::refusal(EditKind kind) const
 {
-    return m_shown ? m_view.refusal(kind) : tr("No layout is shown");
+    return m_shown ? m_view.refusal(kind) : tr("No layout is shown.");
 }

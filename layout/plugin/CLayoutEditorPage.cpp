@@ -14,6 +14,7 @@
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/panels/CLayoutSidePanel.h"
 #include "layout/panels/ports/CPortList.h"
+#include "layout/panels/ports/SOverload.h"
 #include "layout/plugin/CEditorCommands.h"
 #include "layout/plugin/CEditorMenus.h"
 #include "layout/plugin/CPortCommands.h"
@@ -47,7 +48,8 @@ CLayoutEditorPage::CLayoutEditorPage(CLayoutData &store, QWidget *parent)
     , m_store(store)
     , m_wiring(new CWiringLayoutWidget)
     , m_view(new CLayoutGraphicsView(store))
-    , m_figures(new CStatusFigures(store, *m_view, new CFaultLine(*m_view)))
+    , m_faults(new CFaultLine(*m_view))
+    , m_figures(new CStatusFigures(store, *m_view, m_faults))
     , m_commands(std::make_unique<CEditorCommands>(store, *m_view))
     , m_portCommands(std::make_unique<CPortCommands>(store, m_commands->canvas(), *m_view))
     , m_ports(new CPortList(store, *m_portCommands))
@@ -161,6 +163,7 @@ void CLayoutEditorPage::connectPanel(CLayoutSidePanel &panel)
     connect(&panel, &Panel::notifyStepChosen, m_view, &CLayoutGraphicsView::onStepChosen);
     connect(m_view, &CLayoutGraphicsView::notifyHistoryChanged, &panel, &Panel::onHistoryChanged);
     connect(m_ports, &CPortList::notifyPortsSought, &panel, &Panel::choosePorts);
+    connect(m_faults, &CFaultLine::notifyPortsSought, &panel, &Panel::choosePorts);
     connect(&panel, &Panel::notifyCancelPortRedundancy, this,
             [this](int port) { m_portCommands->cancelRedundancy(port); });
 }
@@ -280,6 +283,9 @@ void CLayoutEditorPage::connectSignals()
 
 void CLayoutEditorPage::connectPorts()
 {
+    connect(m_ports, &CPortList::notifyOverloadChanged, m_faults, [this](const SOverload &overload) {
+        m_faults->showOverload(overload.shortText(), overload.text(), overload.ports);
+    });
     using View = CLayoutGraphicsView;
     connect(m_ports, &CPortList::notifyPortsChosen, m_view, &View::onPortsChosen);
     connect(m_ports, &CPortList::notifyAppendCabinet, m_view,

@@ -13,6 +13,7 @@
 #include <memory>
 
 class CEditorCommands;
+class CFaultLine;
 class CLayoutData;
 class CLayoutGraphicsView;
 class CLayoutSidePanel;
@@ -78,6 +79,7 @@ private:
     ProcessorTree::ProcessorNode m_processor;
     QPointer<CWiringLayoutWidget> m_wiring; // owned by the host's title bar once placed there
     CLayoutGraphicsView *m_view = nullptr;
+    CFaultLine *m_faults;               // owned by the figures
     QPointer<CStatusFigures> m_figures; // owned by the status bar once placed there
     std::unique_ptr<CEditorCommands> m_commands;
     std::unique_ptr<CPortCommands> m_portCommands;

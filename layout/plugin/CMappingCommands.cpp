@@ -33,7 +33,7 @@ QString CMappingCommands::refusalForAll() const
     int online = CHostAccess::call<&Host::getDetectedProcessorCount>();
     for (const ProcessorTree::ProcessorNode &node : CHostAccess::call<&Host::processors>())
         online -= node.online && node.fiberTransceiver ? 1 : 0; // they have no mapping
-    return online > 0 ? QString() : tr("No processor is online");
+    return online > 0 ? QString() : tr("No processor is online.");
 }
 
 void CMappingCommands::readMapping(ReadSaveMappingRole role, const SMappingOptions &options, Ended ended)

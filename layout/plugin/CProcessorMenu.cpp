@@ -44,13 +44,13 @@ QString obstacleTo(int count, const Port &port)
     const bool pairedHere = port.redundancyProcessor.isNull() && port.redundancyPort >= 0;
     if (port.index < count)
         return pairedHere && port.redundancyPort >= count
-                   ? text + CProcessorMenu::tr("has its redundancy on a port that would go")
+                   ? text + CProcessorMenu::tr("has its redundancy on a port that would go.")
                    : QString();
     if (port.cabinetCount() > 0)
-        return text + CProcessorMenu::tr("holds cabinets");
+        return text + CProcessorMenu::tr("holds cabinets.");
     if (!port.redundancyProcessor.isNull())
-        return text + CProcessorMenu::tr("is in a redundancy pair");
-    return port.locked ? text + CProcessorMenu::tr("is locked") : QString();
+        return text + CProcessorMenu::tr("is in a redundancy pair.");
+    return port.locked ? text + CProcessorMenu::tr("is locked.") : QString();
 }
 
 /// Why @p layout cannot have only @p count ports; empty if it can.
@@ -66,12 +66,12 @@ QString obstacleTo(int count, const CabinetLayout &layout)
 
 QString projectText()
 {
-    return CProcessorMenu::tr("A project is connected to nothing");
+    return CProcessorMenu::tr("A project is connected to nothing.");
 }
 
 QString pairedText()
 {
-    return CProcessorMenu::tr("The processor is already in a redundancy pair");
+    return CProcessorMenu::tr("The processor is already in a redundancy pair.");
 }
 
 } // namespace
@@ -148,7 +148,7 @@ void CProcessorMenu::addPortCounts()
         entry->setCheckable(true);
         entry->setChecked(count == set);
         if (count > maximum)
-            allowUnless(entry, tr("The processor has %1 output ports").arg(maximum));
+            allowUnless(entry, tr("The processor has %1 output ports.").arg(maximum));
         else
             allowUnless(entry, obstacleTo(count, layout));
     }
@@ -192,9 +192,9 @@ void CProcessorMenu::addCancelRedundancy()
                                [commands, processor] { commands->cancelRedundancy(processor); });
     QString reason;
     if (pair == pairs.end())
-        reason = tr("The processor is not in a redundancy pair");
+        reason = tr("The processor is not in a redundancy pair.");
     else if (!CHostAccess::call<&Host::getProcessorNode>(pair->second).online) // which keeps the pair
-        reason = tr("The redundancy processor is offline");
+        reason = tr("The redundancy processor is offline.");
     allowUnless(cancel, m_modeReason.isEmpty() ? reason : m_modeReason);
 }
 
@@ -218,13 +218,13 @@ void CProcessorMenu::addCabinetInformation()
     QAction *entry = addEntry(m_menu, tr("Cabinet information..."),
                               [commands, selected = m_selected] { commands->showInformation(selected); });
     const QString reason = currentReason();
-    allowUnless(entry, reason.isEmpty() && m_selected.isEmpty() ? tr("No cabinet is selected") : reason);
+    allowUnless(entry, reason.isEmpty() && m_selected.isEmpty() ? tr("No cabinet is selected.") : reason);
 }
 
 QString CProcessorMenu::currentReason() const
 {
     const bool current = CHostAccess::call<&Host::currentProcessorNode>().uuid == m_processor.uuid;
-    const QString reason = current ? QString() : tr("The processor is not the current one");
+    const QString reason = current ? QString() : tr("The processor is not the current one.");
     return m_modeReason.isEmpty() ? reason : m_modeReason;
 }
 
@@ -262,7 +262,7 @@ QMenu *CProcessorMenu::addOtherProcessors(const QString &text, const QString &ic
 
 QString CProcessorMenu::reasonFor(const QMenu &others, const QString &reason)
 {
-    return reason.isEmpty() && others.isEmpty() ? tr("There is no other processor") : reason;
+    return reason.isEmpty() && others.isEmpty() ? tr("There is no other processor.") : reason;
 }
 
 QMenu *CProcessorMenu::addSubmenu(QMenu &menu, const QString &text, const QString &icon)

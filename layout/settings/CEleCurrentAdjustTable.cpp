@@ -145,7 +145,7 @@ QWidget *CEleCurrentAdjustTable::switchBox(int row)
     box->setChecked(gain.on);
     box->setEnabled(gain.imported || gain.on);
     if (!box->isEnabled())
-        box->setToolTip(tr("Import the parameters first"));
+        box->setToolTip(tr("Import the parameters first."));
     connect(box, &QCheckBox::toggled, this, [this, row](bool on) {
         m_shown[row].on = on;
         Q_EMIT notifySwitched();

@@ -246,7 +246,7 @@ QString CLayoutSummaryWidget::noteOn(const QVector<SSummaryProcessor> &selection
     if (selection.isEmpty())
         return tr("Click a processor, or press Tab, to select it.");
     if (m_blocked)
-        return tr("Editing is locked");
+        return tr("Editing is locked.");
     const auto offline = std::count_if(selection.begin(), selection.end(),
                                        [](const SSummaryProcessor &processor) { return !processor.online; });
     if (offline == selection.size())

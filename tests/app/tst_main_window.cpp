@@ -170,7 +170,7 @@ private Q_SLOTS:
     {
         QTRY_VERIFY(shows(QStringLiteral("No online processor found")));
         QVERIFY(!action("Close project")->isEnabled());
-        QCOMPARE(action("Close project")->toolTip(), QStringLiteral("Select a project in the tree"));
+        QCOMPARE(action("Close project")->toolTip(), QStringLiteral("Select a project in the tree."));
         QVERIFY(action("File")->menu()->toolTipsVisible());
         QTest::mouseClick(visibleButton(m_window->devicePanel(), "Detect devices"), Qt::LeftButton);
         QVERIFY(m_window->manager().jobs().current());

@@ -239,7 +239,7 @@ private Q_SLOTS:
         QVERIFY(handler.exportPortMapping(left, 1, port));
         QVERIFY(handler.setProcessorRedundancy(left, right));
         const CabinetLayout before = m_world->layoutOf(right);
-        const char *reason = "A redundancy processor follows its primary";
+        const char *reason = "A redundancy processor follows its primary.";
         QVERIFY(refuses(handler.importProcessorMapping(right, file, true), reason));
         QVERIFY(refuses(handler.importPortMapping(right, 1, port, true), reason));
         QVERIFY(refuses(handler.copyProcessorMapping(left, right, true), reason));

@@ -30,7 +30,7 @@ private Q_SLOTS:
         bar().button(Bar::Hand)->click();
         for (const Bar::ETool tool : {Bar::ClearTopology, Bar::Group, Bar::Ungroup}) {
             QVERIFY(!bar().button(tool)->isEnabled());
-            QVERIFY(bar().tool(tool)->toolTip().endsWith(QStringLiteral("\nThe hand tool only looks")));
+            QVERIFY(bar().tool(tool)->toolTip().endsWith(QStringLiteral("\nThe hand tool only looks.")));
         }
         QTest::keyClick(&view(), Qt::Key_Left); // scrolls
         QCOMPARE(window.statusBar()->currentMessage(), QString());
@@ -143,10 +143,10 @@ private Q_SLOTS:
                        ? QString()
                        : bar().tool(tool)->toolTip().section(QLatin1Char('\n'), 1);
         };
-        QCOMPARE(refused(Bar::Undo), QStringLiteral("There is nothing to undo"));
-        QCOMPARE(refused(Bar::Group), QStringLiteral("Nothing is selected"));
+        QCOMPARE(refused(Bar::Undo), QStringLiteral("There is nothing to undo."));
+        QCOMPARE(refused(Bar::Group), QStringLiteral("Nothing is selected."));
         m_mouse->scene().backend().picks().port(0, true);
-        QCOMPARE(refused(Bar::Ungroup), QStringLiteral("No group is selected"));
+        QCOMPARE(refused(Bar::Ungroup), QStringLiteral("No group is selected."));
         m_mouse->states().locked[0] = true;
         m_mouse->scene().setCabinetLocked(0, true);
         QCOMPARE(refused(Bar::Group), QStringLiteral("Port 1 is locked."));

@@ -128,15 +128,15 @@ private Q_SLOTS:
             QVERIFY(takesAClick(unit.read) && takesAClick(unit.save));
         }
         QCOMPARE(reasons.removeDuplicates(), 1);
-        unit.mapping.refusal = QStringLiteral("No processor is online");
+        unit.mapping.refusal = QStringLiteral("No processor is online.");
         Q_EMIT unit.read.menu()->aboutToShow();
         QVERIFY(!unit.read.menu()->actions().last()->isEnabled());
         unit.panel.setEditingBlocked(true, false);
         QVERIFY(!unit.read.isEnabled() && unit.save.isEnabled());
-        QCOMPARE(unit.read.toolTip(), QStringLiteral("Editing is locked"));
+        QCOMPARE(unit.read.toolTip(), QStringLiteral("Editing is locked."));
         unit.panel.setEditingBlocked(false, true); // "All" reads the others
         QVERIFY(unit.read.isEnabled() && !takesAClick(unit.read) && takesAClick(unit.save));
-        QCOMPARE(unit.read.toolTip(), QStringLiteral("A redundancy processor follows its primary"));
+        QCOMPARE(unit.read.toolTip(), QStringLiteral("A redundancy processor follows its primary."));
         unit.panel.setEditingBlocked(false, false);
         QVERIFY(takesAClick(unit.read));
     }

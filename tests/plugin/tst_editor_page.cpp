@@ -7,6 +7,7 @@
 #include "layout/editor/view/CFaultLine.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
 #include "layout/panels/ports/CPortList.h"
+#include "layout/panels/ports/SOverload.h"
 #include "layout/plugin/CLayoutEditorPage.h"
 #include "layout/plugin/CPortCommands.h"
 #include "layout/plugin/CViewPortPanel.h"
@@ -27,6 +28,7 @@
 #include <QMouseEvent>
 #include <QStatusBar>
 #include <QTemporaryDir>
+#include <QToolButton>
 #include <QUndoStack>
 
 class CEditorPageTest final : public CTestBase
@@ -120,7 +122,7 @@ private Q_SLOTS:
         QCOMPARE(tip("&Paste"), QStringLiteral("No output port is chosen."));
         world.open(world.a);
         world.view().toolBar().chooseMode(CEditorToolBar::Hand);
-        QCOMPARE(tip("&Copy"), QStringLiteral("The hand tool only looks"));
+        QCOMPARE(tip("&Copy"), QStringLiteral("The hand tool only looks."));
         QCOMPARE(tip("&Redo"), QString()); // works with every tool
         world.page.setEditingBlocked(true);
         QVERIFY(!enabled());
@@ -152,12 +154,12 @@ private Q_SLOTS:
         };
         QVERIFY(!world.port(0).isEnabled() && rowRefuses());
         QCOMPARE(world.view().refusal(EditKind::Edit),
-                 QStringLiteral("A redundancy processor follows its primary"));
+                 QStringLiteral("A redundancy processor follows its primary."));
         world.open(world.b);
         QVERIFY(world.port(0).isEnabled() && !rowRefuses());
         world.page.setEditingBlocked(true);
         QVERIFY(rowRefuses());
-        QCOMPARE(world.view().refusal(EditKind::Edit), QStringLiteral("Editing is locked"));
+        QCOMPARE(world.view().refusal(EditKind::Edit), QStringLiteral("Editing is locked."));
     }
 
     void theStatusBarTellsOfWallSelectionAndCanvas()
@@ -240,6 +242,12 @@ private Q_SLOTS:
                    bar.findChild<CFaultLine *>()->isVisible();
         };
         QVERIFY(told());
+        auto *faults = bar.findChild<CFaultLine *>();
+        SOverload overload;
+        overload.ports = {1, 2};
+        Q_EMIT world.page.findChild<CPortList *>()->notifyOverloadChanged(overload);
+        const QToolButton *last = faults->findChildren<QToolButton *>().last();
+        QVERIFY(last->isVisible() && last->text().endsWith(QStringLiteral("2 overloaded")));
         world.page.hide(); // another page stands in front
         QVERIFY(!told() && hint->text().isEmpty());
         world.page.show();

@@ -110,7 +110,7 @@ private Q_SLOTS:
         QVERIFY(world.mapping.refusalForAll().isEmpty());
         for (auto &node : world.answers()->nodes)
             node.fiberTransceiver = true;
-        QCOMPARE(world.mapping.refusalForAll(), QStringLiteral("No processor is online"));
+        QCOMPARE(world.mapping.refusalForAll(), QStringLiteral("No processor is online."));
     }
 
     void theHostKnowsAllEditsBeforeItIsAsked_data()

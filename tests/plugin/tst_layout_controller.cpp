@@ -180,7 +180,7 @@ private Q_SLOTS:
         tell(true);
         QVERIFY(!module.mappingEnabled("Read"));
         module.layout.setEditingBlocked(true); // unlocking it would not help
-        const QString follows = QStringLiteral("A redundancy processor follows its primary");
+        const QString follows = QStringLiteral("A redundancy processor follows its primary.");
         for (const QToolButton *button : module.layout.rightBarWidget()->findChildren<QToolButton *>())
             QVERIFY(button->text() != QLatin1String("Read") || button->toolTip() == follows);
         QMenu menu;

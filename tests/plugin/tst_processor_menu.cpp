@@ -94,12 +94,12 @@ private Q_SLOTS:
         };
         for (const auto &[state, enabled, reason] :
              {SCase{"", "111111", ""}, SCase{"blocked", "001101", "Blocked"},
-              SCase{"offline", "111000", "The processor is offline"},
-              SCase{"project", "111010", "A project is connected to nothing"},
+              SCase{"offline", "111000", "The processor is offline."},
+              SCase{"project", "111010", "A project is connected to nothing."},
               SCase{"fiber", "000000", "Fiber Optic Transceiver Mode is on"},
               SCase{"fiber blocked", "000000", "Fiber Optic Transceiver Mode is on"},
-              SCase{"alone", "101110", "There is no other processor"},
-              SCase{"not current", "111011", "The processor is not the current one"}}) {
+              SCase{"alone", "101110", "There is no other processor."},
+              SCase{"not current", "111011", "The processor is not the current one."}}) {
             const QString is = QString::fromLatin1(state);
             SMenuScene scene;
             scene.answers()->nodes[0].online = is != QLatin1String("offline");
@@ -173,7 +173,7 @@ private Q_SLOTS:
         scene.fill();
         QVERIFY(!scene.entry(entry)->isEnabled());
         QCOMPARE(scene.entry(entry)->toolTip(),
-                 QStringLiteral("The processor is already in a redundancy pair"));
+                 QStringLiteral("The processor is already in a redundancy pair."));
         scene.answers()->redundancies = {{scene.a, c}};
         scene.fill();
         QVERIFY(!scene.enabled("Set as redundancy for"));
@@ -190,12 +190,12 @@ private Q_SLOTS:
         using Port = CabinetLayout::CabinetPort;
         const QPair<std::function<void(QVector<Port> &)>, const char *> cases[] = {
             {[](QVector<Port> &ports) { ports[2].groups.resize(1), ports[2].groups[0].cabinets.resize(1); },
-             "Output port 3 holds cabinets"},
-            {[](QVector<Port> &ports) { ports[3].locked = true; }, "Output port 4 is locked"},
+             "Output port 3 holds cabinets."},
+            {[](QVector<Port> &ports) { ports[3].locked = true; }, "Output port 4 is locked."},
             {[](QVector<Port> &ports) { ports[3].redundancyProcessor = QUuid::createUuid(); },
-             "Output port 4 is in a redundancy pair"},
+             "Output port 4 is in a redundancy pair."},
             {[](QVector<Port> &ports) { ports[0].redundancyPort = 2; }, // the first that goes
-             "Output port 1 has its redundancy on a port that would go"}};
+             "Output port 1 has its redundancy on a port that would go."}};
         for (const auto &[occupy, reason] : cases) {
             SMenuScene scene;
             for (Port &port : scene.answers()->layouts[scene.a].layout.ports)

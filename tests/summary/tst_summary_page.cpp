@@ -202,7 +202,7 @@ private Q_SLOTS:
         world.host.answers()->forgetCalls();
         QVERIFY(world.says("Drag to move") && world.button(0).isEnabled());
         world.page.setEditingBlocked(true);
-        QVERIFY(world.says("Editing is locked") && !world.button(0).isEnabled());
+        QVERIFY(world.says("Editing is locked.") && !world.button(0).isEnabled());
         QVERIFY(!world.field("Offset, X").isEnabled());
         world.page.setEditingBlocked(false);
         QVERIFY(world.field("Offset, X").isEnabled());

@@ -8,14 +8,14 @@
 
 QString EditRefusal::redundancy()
 {
-    return QCoreApplication::translate("EditRefusal", "A redundancy processor follows its primary");
+    return QCoreApplication::translate("EditRefusal", "A redundancy processor follows its primary.");
 }
 
 QString EditRefusal::of(bool locked, bool isRedundancy)
 {
     if (isRedundancy)
         return redundancy();
-    return locked ? QCoreApplication::translate("EditRefusal", "Editing is locked") : QString();
+    return locked ? QCoreApplication::translate("EditRefusal", "Editing is locked.") : QString();
 }
 
 QString EditRefusal::ofPort(int port, bool locked, bool isRedundancy)
@@ -29,12 +29,12 @@ QString EditRefusal::ofPort(int port, bool locked, bool isRedundancy)
 
 QString EditRefusal::nothingSelected()
 {
-    return QCoreApplication::translate("EditRefusal", "Nothing is selected");
+    return QCoreApplication::translate("EditRefusal", "Nothing is selected.");
 }
 
 QString EditRefusal::offline()
 {
-    return QCoreApplication::translate("EditRefusal", "The processor is offline");
+    return QCoreApplication::translate("EditRefusal", "The processor is offline.");
 }
 
 QString EditRefusal::fullPort(int held, int more)

@@ -115,7 +115,7 @@ void CCanvasKeys::explain(QKeyEvent &event)
     if (!kind)
         return;
     if (!event.isAccepted())
-        m_words.tell(m_view.refusal(*kind) + QLatin1Char('.'));
+        m_words.tell(m_view.refusal(*kind));
     event.accept();
 }
 

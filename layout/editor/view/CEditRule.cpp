@@ -10,17 +10,17 @@ QString CEditRule::refusal(EditKind kind, const QString &block, bool hand)
 {
     if (!block.isEmpty())
         return block;
-    return hand && kind == EditKind::Edit ? tr("The hand tool only looks") : QString();
+    return hand && kind == EditKind::Edit ? tr("The hand tool only looks.") : QString();
 }
 
 QString CEditRule::undoing(bool possible)
 {
-    return possible ? QString() : tr("There is nothing to undo");
+    return possible ? QString() : tr("There is nothing to undo.");
 }
 
 QString CEditRule::redoing(bool possible)
 {
-    return possible ? QString() : tr("There is nothing to redo");
+    return possible ? QString() : tr("There is nothing to redo.");
 }
 
 QString CEditRule::selected(const CSceneSelection &selection)
@@ -31,12 +31,13 @@ QString CEditRule::selected(const CSceneSelection &selection)
 QString CEditRule::grouping(const CSceneSelection &selection, bool possible)
 {
     const QString refused = selected(selection);
-    return possible || !refused.isEmpty() ? refused
-                                          : tr("A group needs several cabinets or groups of one output port");
+    return possible || !refused.isEmpty()
+               ? refused
+               : tr("A group needs several cabinets or groups of one output port.");
 }
 
 QString CEditRule::ungrouping(const CSceneSelection &selection, bool possible)
 {
     const QString refused = selected(selection);
-    return possible || !refused.isEmpty() ? refused : tr("No group is selected");
+    return possible || !refused.isEmpty() ? refused : tr("No group is selected.");
 }

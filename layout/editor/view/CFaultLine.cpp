@@ -14,6 +14,19 @@
 #include <QHBoxLayout>
 #include <QToolButton>
 
+namespace {
+
+constexpr QChar WarningSign(0x26a0);
+constexpr QChar HatchedSign(0x25a8);
+constexpr QChar RingSign(0x25cb);
+
+QString withSign(QChar sign, const QString &text)
+{
+    return sign + QLatin1Char(' ') + text;
+}
+
+} // namespace
+
 CFaultLine::CFaultLine(CLayoutGraphicsView &view)
     : m_view(view)
 {
@@ -22,18 +35,28 @@ CFaultLine::CFaultLine(CLayoutGraphicsView &view)
     row->setSpacing(4);
     for (const CabinetFault fault : {CabinetFault::Overlapping, CabinetFault::Outside, CabinetFault::Unwired})
         addButton(fault);
+    m_overload = makeButton(true);
+    row->insertWidget(0, m_overload);
+    m_overload->hide();
+    connect(m_overload, &QToolButton::clicked, this, [this] { Q_EMIT notifyPortsSought(m_overloaded); });
     connect(&view.cabinetScene(), &CCabinetGraphicsScene::notifyFaultsChanged, this, &CFaultLine::showCounts);
     showCounts();
 }
 
-void CFaultLine::addButton(CabinetFault fault)
+QToolButton *CFaultLine::makeButton(bool grave)
 {
     auto *button = new QToolButton;
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::TabFocus);
-    button->setToolTip(tr("Select these cabinets"));
-    const QColor color = fault == CabinetFault::Overlapping ? LayoutColors::Fault : LayoutColors::Warning;
+    const QColor color = grave ? LayoutColors::Fault : LayoutColors::Warning;
     button->setStyleSheet(QStringLiteral("color:%1").arg(color.name()));
+    return button;
+}
+
+void CFaultLine::addButton(CabinetFault fault)
+{
+    QToolButton *button = makeButton(fault == CabinetFault::Overlapping);
+    button->setToolTip(tr("Select these cabinets"));
     layout()->addWidget(button);
     m_buttons.insert(int(fault), button);
     connect(button, &QToolButton::clicked, this, [this, fault] { select(fault); });
@@ -43,11 +66,11 @@ QString CFaultLine::text(CabinetFault fault, int count)
 {
     switch (fault) {
     case CabinetFault::Overlapping:
-        return tr("%1 overlapping").arg(count);
+        return withSign(WarningSign, tr("%1 overlapping").arg(count));
     case CabinetFault::Outside:
-        return tr("%1 outside the canvas").arg(count);
+        return withSign(HatchedSign, tr("%1 outside the canvas").arg(count));
     default:
-        return tr("%1 unwired").arg(count);
+        return withSign(RingSign, tr("%1 unwired").arg(count));
     }
 }
 
@@ -56,9 +79,17 @@ void CFaultLine::showCounts()
     for (auto button = m_buttons.begin(); button != m_buttons.end(); ++button) {
         const auto fault = CabinetFault(button.key());
         const int count = m_view.cabinetScene().backend().faults().count(fault);
-        (*button)->setText(QChar(0x26a0) + QLatin1Char(' ') + text(fault, count));
+        (*button)->setText(text(fault, count));
         (*button)->setVisible(count > 0);
     }
+}
+
+void CFaultLine::showOverload(const QString &text, const QString &toolTip, const QVector<int> &ports)
+{
+    m_overloaded = ports;
+    m_overload->setText(withSign(WarningSign, text));
+    m_overload->setToolTip(toolTip);
+    m_overload->setVisible(!text.isEmpty());
 }
 
 void CFaultLine::select(CabinetFault fault)

@@ -150,7 +150,7 @@ void CLayoutGraphicsView::onStepChosen(int index)
     if (refused.isEmpty())
         m_scene->backend().history().goTo(index, this);
     else
-        m_words->tell(refused + QLatin1Char('.'));
+        m_words->tell(refused);
 }
 
 void CLayoutGraphicsView::clearLayout()

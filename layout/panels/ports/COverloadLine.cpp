@@ -56,6 +56,7 @@ void COverloadLine::refresh()
     m_overload = SOverload::shown(m_store);
     setText(m_overload.text());
     if (accessibleName() != shown()) {
+        Q_EMIT notifyOverloadChanged(m_overload);
         setAccessibleName(shown());
         updateGeometry();
         update();

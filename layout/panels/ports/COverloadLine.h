@@ -25,6 +25,7 @@ public:
 
 Q_SIGNALS:
     void notifySelectPorts(const QVector<int> &ports);
+    void notifyOverloadChanged(const SOverload &overload);
 
 protected:
     bool event(QEvent *event) override;

@@ -25,7 +25,7 @@ void CPortFill::ask(int port) const
 
 QString CPortFill::rule()
 {
-    return tr("Locked output ports, too; redundancy ports have no fill");
+    return tr("Locked output ports, too; redundancy ports have no fill.");
 }
 
 void CPortFill::resetAll() const

@@ -133,6 +133,7 @@ void CPortList::connectSignals()
     });
     connect(&m_store, &CLayoutData::notifyCurrentPortChanged, this, &CPortList::showChecked);
     connect(m_overload, &COverloadLine::notifySelectPorts, this, &CPortList::notifyPortsSought);
+    connect(m_overload, &COverloadLine::notifyOverloadChanged, this, &CPortList::notifyOverloadChanged);
 }
 
 void CPortList::connectButton(CPort *button)

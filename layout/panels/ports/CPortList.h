@@ -8,6 +8,7 @@
 
 class CFlowListView;
 class COverloadLine;
+struct SOverload;
 class QLabel;
 class QStackedLayout;
 
@@ -42,6 +43,8 @@ Q_SIGNALS:
     void notifyPortsChosen(const QVector<int> &ports);
     /// As notifyPortsChosen(); besides, the user wants to see them.
     void notifyPortsSought(const QVector<int> &ports);
+    /// Other ports are overloaded, or more than before.
+    void notifyOverloadChanged(const SOverload &overload);
     /// @p port became the current port by the user's choice here, or by a selection within it.
     void notifyPortToggled(int port, bool current);
 

@@ -42,6 +42,13 @@ QString SOverload::text() const
     return tr("%1 output ports are overloaded: %2").arg(QString::number(ports.size()), ranges(ports));
 }
 
+QString SOverload::shortText() const
+{
+    if (isEmpty())
+        return {};
+    return processor ? tr("Processor overloaded") : tr("%1 overloaded").arg(ports.size());
+}
+
 SOverload SOverload::shown(const CLayoutData &store)
 {
     return of(store.layoutData().layout, [](const Port &port) { return int(port.load); });

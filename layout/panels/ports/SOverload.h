@@ -23,6 +23,8 @@ public:
     bool isEmpty() const { return ports.isEmpty(); }
     /// "6 output ports are overloaded: 1 to 6" or "The processor is overloaded"; empty without an overload.
     QString text() const;
+    /// "6 overloaded" or "Processor overloaded", for the status bar.
+    QString shortText() const;
 
     /// Of the processor in view, by the loads that the store has announced. Asks the host which limit one of
     /// them exceeds.
