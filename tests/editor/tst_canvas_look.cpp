@@ -154,6 +154,13 @@ private Q_SLOTS:
         m_mouse->moveTo({4300, 8300});
         m_mouse->release({4300, 8300});
         QVERIFY(!told.isEmpty());
+        m_mouse->cabinet(0, 40).setSelected(false);
+        const QImage frame = view().viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+        QImage items(frame.size(), frame.format());
+        QPainter painter(&items);
+        view().render(&painter, QRectF(), view().viewport()->rect());
+        painter.end();
+        QCOMPARE(differentPixels(frame, items), 0);
         m_mouse->click({704, 4800});
         QCOMPARE(leftBehind(), 0);
     }
