@@ -52,7 +52,8 @@ QString textOf(const SStrayJournal &offer)
         lines << QDir::toNativeSeparators(journal.owner.file);
     lines << CRecoveryDialog::tr("Last edit: %1")
                  .arg(QLocale().toString(changed, QStringLiteral("d MMMM yyyy, HH:mm")));
-    lines << CRecoveryDialog::tr("Unsaved steps: %1").arg(journal.state.trail().unsaved());
+    const QString unsaved = journal.state.trail().unsavedText();
+    lines << unsaved.left(1).toUpper() + unsaved.mid(1);
     if (journal.problem != SJournal::None)
         lines << journal.problemText();
     return lines.join(QLatin1Char('\n'));

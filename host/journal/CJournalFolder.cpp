@@ -93,10 +93,10 @@ QString SStrayJournal::line() const
         return tr("%1, %2").arg(QDir::toNativeSeparators(path), journal.problemText());
     const QDateTime changed = QDateTime::fromMSecsSinceEpoch(journal.state.changed());
     const QString state = journal.problem == SJournal::None ? tr("complete") : journal.problemText();
-    return tr("%1, last edit %2, unsaved steps: %3, %4")
+    return tr("%1, last edit %2, %3, %4")
         .arg(journal.owner.file.isEmpty() ? journal.owner.name : journal.owner.file,
-             changed.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")),
-             QString::number(journal.state.trail().unsaved()), state);
+             changed.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss")), journal.state.trail().unsavedText(),
+             state);
 }
 
 QString CJournalFolder::defaultPath()

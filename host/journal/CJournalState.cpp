@@ -154,6 +154,8 @@ bool CJournalState::apply(int entry, const QByteArray &content)
     m_effort += CStateCodec::cabinetsConcerned(before, m_project); // as note() counts
     if (entry == Snapshot)
         m_trail = CStepTrail::read(again);
+    else
+        m_trail.setOther(true);
     return again.isValid() && again.atEnd() && m_effort <= MostEffort;
 }
 

@@ -248,6 +248,8 @@ void CJournals::take(const SJournalOwner &owner, const SProcessorProject &state,
     if (CStateCodec::sameState(journal.state().project(), state))
         return;
     const QByteArray content = journal.state().note(state, now());
+    if (work == Work::Unsaved)
+        journal.state().trail().setOther(true);
     if (work == Work::Unsaved || journal.isInUse())
         change(journal, CJournalState::State, content);
 }
@@ -263,6 +265,7 @@ void CJournals::endIfSaved(CJournal &journal, const SProcessorProject &state, Wo
 /// kept before stays, where there is none to replace it.
 void CJournals::endUnedited(CJournal &journal)
 {
+    journal.state().trail().setOther(false);
     if (m_keepHistory && journal.owner().project && !journal.owner().file.isEmpty() &&
         !journal.state().trail().isEmpty()) {
         m_chores.submit([this, owner = journal.owner(), state = journal.state()] {

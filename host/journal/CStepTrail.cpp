@@ -98,7 +98,9 @@ void CStepTrail::note(const SJournalStep &step, const Ports &ports)
 
 void CStepTrail::clear()
 {
+    const bool other = m_other;
     *this = CStepTrail();
+    m_other = other; // it is not in any step
 }
 
 void CStepTrail::add(const SJournalStep &step)
@@ -171,9 +173,17 @@ void CStepTrail::limit(qint64 bytes)
     m_first += dropped;
 }
 
-int CStepTrail::unsaved() const
+/// Where no step counts as saved, nobody knows how many lie between: those that can be undone are counted.
+QString CStepTrail::unsavedText() const
 {
-    return m_saved < 0 ? m_index : std::abs(m_index - m_saved);
+    QStringList parts;
+    if (m_saved > m_index)
+        parts << tr("saved steps undone: %1").arg(m_saved - m_index);
+    else if (m_index > std::max(m_saved, 0))
+        parts << tr("unsaved steps: %1").arg(m_index - std::max(m_saved, 0));
+    if (m_other || parts.isEmpty())
+        parts << (parts.isEmpty() ? tr("with unsaved changes") : tr("and changes without a step"));
+    return parts.join(QLatin1Char(' '));
 }
 
 /// Which steps lead to @p ports. That their contents are what their digests say is seen when they are used.
@@ -238,8 +248,10 @@ void CStepTrail::write(CByteWriter &out) const
         for (const SPortDelta &delta : step.deltas)
             SJournalStep::write(out, delta);
     }
-    if (m_gone > 0)
+    if (m_gone > 0 || m_other)
         out.count(m_gone);
+    if (m_other)
+        out.count(1);
 }
 
 CStepTrail CStepTrail::read(CByteReader &in)
@@ -260,5 +272,7 @@ CStepTrail CStepTrail::read(CByteReader &in)
     }
     if (!in.atEnd())
         trail.m_gone = in.upTo(HighestNumber);
+    if (!in.atEnd())
+        trail.m_other = in.upTo(1) == 1;
     return trail;
 }

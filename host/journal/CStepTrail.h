@@ -4,6 +4,7 @@
 
 #include "host/journal/SJournalStep.h"
 
+#include <QCoreApplication>
 #include <QVector>
 
 class CByteReader;
@@ -13,6 +14,8 @@ class CByteWriter;
 /// It may begin later than the editor's own history, with whose numbers it counts. Any thread, one at a time.
 class CStepTrail final
 {
+    Q_DECLARE_TR_FUNCTIONS(CStepTrail)
+
 public:
     using Ports = QVector<CabinetLayout::CabinetPort>;
 
@@ -20,9 +23,15 @@ public:
     void note(const SJournalStep &step, const Ports &ports);
     void clear(); ///< as after SEditRecord::Cleared
     /// The layout is saved as it is now.
-    void setSaved() { m_saved = m_index; }
+    void setSaved()
+    {
+        m_saved = m_index;
+        m_other = false;
+    }
     /// What is saved is no longer the layout of any step.
     void forgetSaved() { m_saved = -1; }
+    /// Whether the layout or what belongs to it, such as the size of the canvas, was changed without a step.
+    void setOther(bool any) { m_other = any; }
     /// Drops the oldest steps until the rest takes at most that much memory.
     void limit(qint64 bytes);
 
@@ -33,8 +42,8 @@ public:
     bool isBegun() const { return m_begun; }
     bool isEmpty() const { return m_steps.isEmpty(); }
     int count() const { return m_steps.size(); }
-    /// How many steps lie between the saved layout and the present one.
-    int unsaved() const;
+    /// What a save would keep, in words that stand after a name: it always names something.
+    QString unsavedText() const;
 
     /// The steps, which share their memory with this trail. @p ports are the ports now; steps that do not
     /// lead to them are left out.
@@ -72,4 +81,5 @@ private:
     int m_index = 0;
     int m_saved = -1;
     bool m_begun = false;
+    bool m_other = false; // see setOther()
 };

@@ -135,7 +135,8 @@ void CJournalKeeperTest::restoresAProject()
     runs.start();
     const SStrayJournal offer = runs.offer();
     QCOMPARE(offer.journal.owner.file, runs.file());
-    QCOMPARE(offer.journal.state.trail().unsaved(), 2);
+    QCOMPARE(offer.journal.state.trail().unsavedText(),
+             QStringLiteral("unsaved steps: 2 and changes without a step"));
     const int begun = disk.begun;
     const CResult<QUuid> restored = runs.keeper().restore(offer);
     QVERIFY2(bool(restored), qPrintable(restored.error()));

@@ -57,7 +57,30 @@ private Q_SLOTS:
     void oldestStepsGoFirst();
     void aStepTakesWhatItChangesOnly();
     void countsWithAnEditorThatForgot();
+    void saysWhatIsUnsaved();
 };
+
+void CJournalCodecTest::saysWhatIsUnsaved()
+{
+    CJournalState state;
+    const auto after = [&state](SEditRecord::Kind kind, int index, int saved) {
+        SJournalStep step;
+        step.kind = kind;
+        step.index = index;
+        step.saved = saved;
+        state.trail().note(step, {});
+        quint64 last = 0; // as the next start reads it
+        return SJournal::read(SJournal::write({}, state, last)).state.trail().unsavedText();
+    };
+    QCOMPARE(after(SEditRecord::Done, 1, 0), QStringLiteral("unsaved steps: 1"));
+    QCOMPARE(after(SEditRecord::Moved, 0, 1), QStringLiteral("saved steps undone: 1"));
+    QCOMPARE(after(SEditRecord::Moved, 0, -1), QStringLiteral("with unsaved changes"));
+    state.trail().setOther(true);
+    QCOMPARE(after(SEditRecord::Done, 1, 0), QStringLiteral("unsaved steps: 1 and changes without a step"));
+    QCOMPARE(after(SEditRecord::Cleared, 0, 0), QStringLiteral("with unsaved changes"));
+    state.trail().setSaved();
+    QCOMPARE(after(SEditRecord::Done, 1, 0), QStringLiteral("unsaved steps: 1"));
+}
 
 void CJournalCodecTest::restoresLayoutAndHistory_data()
 {

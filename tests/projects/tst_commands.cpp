@@ -134,7 +134,8 @@ private Q_SLOTS:
         const SRun listed = recover({});
         QCOMPARE(listed.status, 0);
         QVERIFY2(listed.out.startsWith(QStringLiteral("1: Foyer, last edit 2")), qPrintable(listed.out));
-        QVERIFY(listed.out.endsWith(QStringLiteral(", unsaved steps: 1, complete\n")));
+        QVERIFY(
+            listed.out.endsWith(QStringLiteral(", unsaved steps: 1 and changes without a step, complete\n")));
         const QString file = path("recovered.sprj");
         QCOMPARE(recover(QStringLiteral("--restore 1 ") + file).status, 0);
         QVERIFY(CProcessorProject::read(file).value() == edited);
