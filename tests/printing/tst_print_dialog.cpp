@@ -229,6 +229,31 @@ private Q_SLOTS:
         QCOMPARE(PrintMemory::opened(input, {first}, {}).whole.paper, PrintConfig::A0);
     }
 
+    void leavesPaperThatNothingFitsOn()
+    {
+        CFakeHost host;
+        const SPrintInput input = twoWalls();
+        PrintConfig config;
+        config.sheets = PrintConfig::Overview;
+        PrintMemory::save({config, {}, {}});
+        CPrintDialog dialog(input, {input.processors[1].node.uuid}, {}, nullptr);
+        dialog.show();
+        QCOMPARE(dialog.findChild<QListWidget *>()->currentRow(), 1); // in view however long the list is
+        QDoubleSpinBox &margin =
+            *dialog.findChild<CPrintSettings *>()->findChildren<QDoubleSpinBox *>().at(3);
+        QPushButton &usual = *found<QPushButton>(dialog, QStringLiteral("Usual paper and scale"));
+        margin.setValue(95);
+        QTRY_VERIFY(usual.isVisible());
+        usual.click();
+        QTRY_VERIFY(!usual.isVisible());
+        QCOMPARE(margin.value(), PrintConfig().margin);
+        margin.setValue(95);
+        QTRY_VERIFY(usual.isVisible());
+        dialog.reject();
+        QCOMPARE(PrintMemory::load().whole.margin, PrintConfig().margin);
+        QCOMPARE(PrintMemory::load().whole.sheets, int(PrintConfig::Overview));
+    }
+
     void showsEveryValueOfAFile()
     {
         using Json = CPrintConfigJson;

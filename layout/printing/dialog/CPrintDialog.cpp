@@ -95,6 +95,8 @@ QWidget *CPrintDialog::buildChoices(const QList<QUuid> &chosen)
         item->setToolTip(item->text());
         item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
         item->setCheckState(chosen.contains(key) ? Qt::Checked : Qt::Unchecked);
+        if (key == chosen.value(0))
+            m_processors->setCurrentItem(item); // comes into view with the dialog
         m_scope->addItem(tr("Settings of %1").arg(processor.node.name), key);
     }
     addEmpty();
@@ -152,6 +154,7 @@ void CPrintDialog::connectSignals()
     connect(&m_work, &CSheetWork::notifyProgress, m_progress, &QProgressBar::setValue);
     connect(&m_work, &CSheetWork::notifyWritten, this, &CPrintDialog::onWritten);
     connect(m_cancel, &QPushButton::clicked, &m_work, &CSheetWork::cancel);
+    connect(m_preview, &CSheetPreview::notifyUsualPaperWished, this, &CPrintDialog::onUsualPaperWished);
     connect(m_print, &QPushButton::clicked, this, &CPrintDialog::onPrintClicked);
     connect(m_save, &QPushButton::clicked, this, &CPrintDialog::onSaveClicked);
 }
@@ -167,24 +170,21 @@ void CPrintDialog::keepSettings()
 {
     if (m_job.whole.sheets == 0)
         m_job.whole.sheets = m_opened.whole.sheets; // a job without sheets is none to go on with
-    SPrintJob remembered = PrintMemory::load();
-    remembered.whole = PrintMemory::changed(remembered.whole, m_opened.whole, m_job.whole);
-    for (int i = 0; i < m_input.processors.size(); ++i) {
-        const QUuid key = m_input.processors.at(i).node.uuid;
-        const bool concerned = isChosen(i) || m_job.own.contains(key) || m_opened.own.contains(key);
-        const PrintConfig now = m_job.of(key).kept();
-        if (!concerned || now == m_opened.of(key).kept())
-            continue;
-        remembered.own.remove(key);
-        remembered.addresses.remove(key);
-        if (CHostAccess::call<&ILayoutInterfaceHandler::setPrintSettings>(key, now))
-            continue;
-        if (m_job.own.contains(key))
-            remembered.own.insert(key, m_job.own.value(key));
-        if (!now.address.isEmpty())
-            remembered.addresses.insert(key, now.address);
-    }
-    PrintMemory::save(remembered);
+    if (m_unprintable)                              // nor is one on paper that nothing fits on
+        PrintMemory::takePaper(m_job, m_opened);
+    QList<QUuid> chosen;
+    for (const SPrintedProcessor &processor : chosenInput().processors)
+        chosen << processor.node.uuid;
+    PrintMemory::keep(m_input, chosen, m_opened, m_job);
+}
+
+void CPrintDialog::onUsualPaperWished()
+{
+    PrintMemory::takePaper(m_job, {});
+    onScopeChanged();
+    m_stale = true;
+    updateEnabled();
+    layOut();
 }
 
 bool CPrintDialog::isChosen(int processor) const
@@ -301,8 +301,12 @@ void CPrintDialog::onLaidOut(const QVector<SSheet> &sheets, const QString &probl
             told.clear(); // only why there are none
         m_told->setFullText(told.join(QStringLiteral("; ")));
     }
+    SPrintJob usual = m_job;
+    PrintMemory::takePaper(usual, {});
+    m_unprintable = !problem.isEmpty() && m_job.whole.sheets != 0 && !chosenInput().processors.isEmpty();
     if (m_sheets.isEmpty())
-        m_preview->tell(problem + fonts);
+        m_preview->tell(problem + fonts,
+                        m_unprintable && !(usual.whole == m_job.whole && usual.own == m_job.own));
     else
         m_preview->show(m_sheets);
     updateEnabled();

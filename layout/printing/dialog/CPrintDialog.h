@@ -42,6 +42,7 @@ private Q_SLOTS:
     void onSettingsChanged();
     void onPrintClicked();
     void onSaveClicked();
+    void onUsualPaperWished();
 
 private:
     void buildUi(const QList<QUuid> &chosen);
@@ -65,7 +66,8 @@ private:
     SPrintJob m_job;
     const SPrintJob m_opened; ///< as it was at first
     QVector<SSheet> m_sheets;
-    bool m_stale = true; ///< the sheets are not those of the settings
+    bool m_stale = true;        ///< the sheets are not those of the settings
+    bool m_unprintable = false; ///< what is chosen does not fit on the sheets
     bool m_writing = false;
     QString m_ifCancelled; ///< what is told then
     QTimer m_delay;

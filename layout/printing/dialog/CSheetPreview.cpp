@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QPushButton>
 #include <QScrollArea>
 #include <QSpinBox>
 #include <QToolButton>
@@ -94,6 +95,10 @@ void CSheetPreview::buildUi()
     auto *whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     whole->addWidget(m_area, 1);
+    m_usualPaper = new QPushButton(tr("Usual paper and scale"));
+    m_usualPaper->setAutoDefault(false);
+    whole->addWidget(m_usualPaper, 0, Qt::AlignHCenter);
+    connect(m_usualPaper, &QPushButton::clicked, this, &CSheetPreview::notifyUsualPaperWished);
     whole->addLayout(row);
     connect(m_number, QOverload<int>::of(&QSpinBox::valueChanged), this, &CSheetPreview::updatePage);
     connect(&m_pictures, &CSheetPictures::notifyDrawn, this, [this](int sheet) {
@@ -125,12 +130,14 @@ void CSheetPreview::show(const QVector<SSheet> &sheets)
     m_pictures.setSheets(sheets);
     m_number->setRange(sheets.isEmpty() ? 0 : 1, sheets.size());
     m_of->setText(tr("of %1").arg(sheets.size()));
+    m_usualPaper->hide();
     updatePage();
 }
 
-void CSheetPreview::tell(const QString &text)
+void CSheetPreview::tell(const QString &text, bool offersUsualPaper)
 {
     show({});
+    m_usualPaper->setVisible(offersUsualPaper);
     m_page->tell(text);
 }
 

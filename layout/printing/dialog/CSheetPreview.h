@@ -9,6 +9,7 @@
 #include <functional>
 
 class QLabel;
+class QPushButton;
 class QScrollArea;
 class QSpinBox;
 class QToolButton;
@@ -23,13 +24,16 @@ public:
 
     /// Shows @p sheets; the page in view stays if there still is one.
     void show(const QVector<SSheet> &sheets);
-    /// Shows a text in place of sheets.
-    void tell(const QString &text);
+    /// Shows a text in place of sheets; @p offersUsualPaper: with a button below.
+    void tell(const QString &text, bool offersUsualPaper = false);
     int page() const; ///< from 0; -1: none
     /// Whether the picture of a sheet is there: turning to it shows it at once.
     bool isDrawn(int page) const;
 
     bool eventFilter(QObject *watched, QEvent *event) override;
+
+Q_SIGNALS:
+    void notifyUsualPaperWished();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
@@ -53,6 +57,7 @@ private:
     CSheetPictures m_pictures;
     QScrollArea *m_area = nullptr;
     CPage *m_page = nullptr;
+    QPushButton *m_usualPaper = nullptr;
     QSpinBox *m_number = nullptr;
     QLabel *m_of = nullptr;
     QToolButton *m_back = nullptr;

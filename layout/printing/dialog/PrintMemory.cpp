@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/printing/dialog/PrintMemory.h"
 
+#include "layout/api/access/CHostAccess.h"
 #include "layout/api/access/ModuleSettings.h"
 #include "layout/api/records/CPrintConfigJson.h"
 
@@ -79,6 +80,45 @@ PrintConfig PrintMemory::changed(const PrintConfig &usual, const PrintConfig &op
             made.insert(key, after.value(key));
     }
     return configOf(made);
+}
+
+void PrintMemory::takePaper(SPrintJob &job, const SPrintJob &other)
+{
+    const auto take = [](PrintConfig &config, const PrintConfig &from) {
+        config.paper = from.paper;
+        config.customPaper = from.customPaper;
+        config.landscape = from.landscape;
+        config.binding = from.binding;
+        config.bindingMargin = from.bindingMargin;
+        config.margin = from.margin;
+        config.scale = from.scale;
+    };
+    take(job.whole, other.whole);
+    for (auto own = job.own.begin(); own != job.own.end(); ++own)
+        take(*own, other.own.value(own.key(), other.whole));
+}
+
+void PrintMemory::keep(const SPrintInput &input, const QList<QUuid> &chosen, const SPrintJob &opened,
+                       const SPrintJob &closed)
+{
+    SPrintJob remembered = load();
+    remembered.whole = changed(remembered.whole, opened.whole, closed.whole);
+    for (const SPrintedProcessor &processor : input.processors) {
+        const QUuid key = processor.node.uuid;
+        const bool concerned = chosen.contains(key) || closed.own.contains(key) || opened.own.contains(key);
+        const PrintConfig now = closed.of(key).kept();
+        if (!concerned || now == opened.of(key).kept())
+            continue;
+        remembered.own.remove(key);
+        remembered.addresses.remove(key);
+        if (CHostAccess::call<&ILayoutInterfaceHandler::setPrintSettings>(key, now))
+            continue;
+        if (closed.own.contains(key))
+            remembered.own.insert(key, closed.own.value(key));
+        if (!now.address.isEmpty())
+            remembered.addresses.insert(key, now.address);
+    }
+    save(remembered);
 }
 
 void PrintMemory::save(const SPrintJob &job)

@@ -13,6 +13,13 @@ SPrintJob load();
 /// The job with which a dialog opens: what was remembered, but what projects have @p kept comes first, and of
 /// the first of the @p chosen processors it holds for the whole job.
 SPrintJob opened(const SPrintInput &input, const QList<QUuid> &chosen, const QMap<QUuid, PrintConfig> &kept);
+/// Gives @p job, as a whole and where processors have their own settings, the paper and the scale of @p
+/// other.
+void takePaper(SPrintJob &job, const SPrintJob &other);
+/// Keeps what the user changed from @p opened to @p closed: in the projects of the @p chosen processors and
+/// of those with settings of their own, or else here.
+void keep(const SPrintInput &input, const QList<QUuid> &chosen, const SPrintJob &opened,
+          const SPrintJob &closed);
 /// @p usual with what the user changed from @p opened to @p closed, and nothing else.
 PrintConfig changed(const PrintConfig &usual, const PrintConfig &opened, const PrintConfig &closed);
 /// The date is not kept: each plan is of the day on which it is made, unless it is chosen.
