@@ -24,6 +24,8 @@
 
 namespace {
 
+constexpr int UsualSummaryLines = 4;
+
 void addTypes(QComboBox &box, const QVector<CTypeLibrary::STreeNode> &nodes)
 {
     for (const CTypeLibrary::STreeNode &node : nodes) {
@@ -69,7 +71,6 @@ void CNewProjectDialog::buildUi()
     m_summary->setObjectName(QStringLiteral("Summary"));
     m_summary->setWordWrap(true);
     m_summary->setMinimumWidth(320);
-    m_summary->setMinimumHeight(4 * m_summary->fontMetrics().lineSpacing());
     m_summary->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     contentLayout()->addWidget(m_summary);
 }
@@ -203,6 +204,9 @@ void CNewProjectDialog::showSummary(const SWallPlan &wall, const QString &proble
         colors.setColor(QPalette::WindowText, QColor(ThemeColors::Fault));
     m_summary->setPalette(colors);
     m_summary->setText(lines.join(QLatin1Char('\n')));
+    const int usual = UsualSummaryLines * m_summary->fontMetrics().lineSpacing();
+    m_summary->setMinimumHeight(
+        std::max(usual, m_summary->heightForWidth(m_summary->width()))); // the dialog grows
 }
 
 /// Asks the user if @p layout exceeds what can be driven.

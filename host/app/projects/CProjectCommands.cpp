@@ -14,6 +14,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 namespace {
 
@@ -115,7 +116,9 @@ bool CProjectCommands::save(const QUuid &processor)
 bool CProjectCommands::saveAs(const QUuid &processor)
 {
     QString name = nameOf(processor);
-    name.replace(QLatin1Char('/'), QLatin1Char('-'));
+    // Also what only some disks do not allow.
+    static const QRegularExpression unfit(QStringLiteral("[/\\\\:*?\"<>|]"));
+    name.replace(unfit, QStringLiteral("-"));
     QFileDialog dialog(&m_window, tr("Save project as"), m_settings.projectFolder(), projectFilter());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     // So that the dialog asks before overwriting the file with that suffix.
