@@ -155,12 +155,17 @@ void CCabinetGemometryLabel::connectSignals()
         });
     };
     const auto linesOf = [this](int length) { return (m_arranged + length - 1) / length; };
-    whenEntered(m_columns, [this, linesOf](int entered) {
-        const int columns = qBound(1, entered, qMax(1, m_arranged));
+    const auto within = [this](const CRecoveryFocusSpinBox *field, int entered) {
+        if (entered > m_arranged)
+            field->tell(tr("There are %1 cabinets and groups to arrange.").arg(m_arranged));
+        return qBound(1, entered, qMax(1, m_arranged));
+    };
+    whenEntered(m_columns, [this, linesOf, within](int entered) {
+        const int columns = within(m_columns, entered);
         Q_EMIT notifySelectedCabinetRankChanged({columns, linesOf(columns)});
     });
-    whenEntered(m_rows, [this, linesOf](int entered) {
-        const int rows = qBound(1, entered, qMax(1, m_arranged));
+    whenEntered(m_rows, [this, linesOf, within](int entered) {
+        const int rows = within(m_rows, entered);
         Q_EMIT notifySelectedCabinetRankChanged({linesOf(rows), rows});
     });
     whenEntered(m_x, [this](int x) { Q_EMIT notifySelectedCabinetPositionChanged({x, m_extent.y()}); });
@@ -225,9 +230,15 @@ void CCabinetGemometryLabel::updateEnabled()
                            ? tr("Locks all output ports of the processor")
                            : tr("Locks the output ports that hold the selected cabinets"));
     const QString refused = SelectedPorts::refusal(m_processor, m_block, m_store, m_selectedPorts);
-    for (CRecoveryFocusSpinBox *field : {m_columns, m_rows, m_x, m_y}) {
+    for (CRecoveryFocusSpinBox *field : {m_x, m_y}) {
         field->setEnabled(refused.isEmpty());
         field->setToolTip(refused);
+    }
+    for (CRecoveryFocusSpinBox *field : {m_columns, m_rows}) {
+        field->setEnabled(refused.isEmpty() && m_arranged != 1);
+        field->setToolTip(!refused.isEmpty() ? refused
+                          : m_arranged == 1  ? tr("What is selected is one thing: a group counts as one.")
+                                             : QString());
     }
     for (CRecoveryFocusSpinBox *field : {m_width, m_height}) {
         field->setEnabled(refused.isEmpty() && m_resizable);

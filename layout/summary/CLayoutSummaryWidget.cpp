@@ -103,6 +103,7 @@ void CLayoutSummaryWidget::buildUi()
 {
     m_view = new CSummaryGraphicsView;
     m_label = new CSummaryLabel;
+    m_label->setFocusHeir(m_view);
     auto *row = new QHBoxLayout;
     row->setSpacing(0);
     row->addWidget(m_view, 1);
@@ -131,9 +132,9 @@ QHBoxLayout *CLayoutSummaryWidget::titleRow()
     m_count->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     row->addWidget(m_count, 1);
     QList<QKeySequence> redoKeys = QKeySequence::keyBindings(QKeySequence::Redo);
-    const QKeySequence named(Qt::CTRL | Qt::Key_Y); // by the tool tip, everywhere
-    if (!redoKeys.contains(named))
-        redoKeys << named;
+    const QKeySequence named(Qt::CTRL | Qt::Key_Y); // everywhere, so it is what the menu shows
+    redoKeys.removeAll(named);
+    redoKeys.prepend(named);
     m_undo = addStep(*row, QStringLiteral(":/Image/ToolBar/undo"), tr("Undo(Ctrl+Z)"),
                      QKeySequence::keyBindings(QKeySequence::Undo));
     m_redo = addStep(*row, QStringLiteral(":/Image/ToolBar/redo"), tr("Redo(Ctrl+Y)"), redoKeys);
@@ -146,7 +147,7 @@ QAction *CLayoutSummaryWidget::addStep(QHBoxLayout &row, const QString &icon, co
     auto *action = new QAction(stepIcon(icon), text, this);
     action->setToolTip(text);
     action->setShortcuts(keys);
-    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    action->setShortcutContext(Qt::WindowShortcut); // also from the tree that chooses the processors
     addAction(action);
     auto *button = new QToolButton;
     button->setDefaultAction(action);

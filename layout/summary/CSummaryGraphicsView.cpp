@@ -179,6 +179,7 @@ void CSummaryGraphicsView::onItemOffsetChanged(const QPoint &offset)
     };
     m_move->moveTo(QPoint(within(offset.x()), within(offset.y())) - origin, 0);
     endMove();
+    ensureVisible(outlineOf(selectedItems()), VisibleMargin, VisibleMargin);
 }
 
 void CSummaryGraphicsView::endGesture()

@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/summary/CSummaryLabel.h"
 
+#include "layout/api/records/LayoutLimits.h"
 #include "platform/widgets/input/CRecoveryFocusSpinBox.h"
 
 #include <QFormLayout>
 #include <QLabel>
+#include <QLocale>
 #include <QVBoxLayout>
 
 #include <limits>
@@ -44,6 +46,12 @@ void CSummaryLabel::setEditable(bool editable)
 {
     m_x->setEnabled(editable);
     m_y->setEnabled(editable);
+}
+
+void CSummaryLabel::setFocusHeir(QWidget *heir)
+{
+    m_x->setFocusHeir(heir);
+    m_y->setFocusHeir(heir);
 }
 
 void CSummaryLabel::onItemGeometryChanged(const QRectF &geometry)
@@ -90,8 +98,11 @@ void CSummaryLabel::buildUi()
     m_height = addField(*areaForm, area, tr("Height"));
     for (CRecoveryFocusSpinBox *field : {m_width, m_height}) {
         field->setRange(0, LargestFigure);
-        field->setReadOnly(true); // set with the canvas of the processor
+        field->setReadOnly(true);
+        field->setFocusPolicy(Qt::NoFocus);
         field->setButtonSymbols(QAbstractSpinBox::NoButtons);
+        field->setStyleSheet(QStringLiteral("QSpinBox{border:none;background:transparent;}")); // as text
+        field->setToolTip(tr("Follows the cabinets and the canvas of the processor"));
     }
     const QString offset = tr("Offset");
     QFormLayout *offsetForm = addSection(*column, offset);
@@ -126,9 +137,13 @@ CRecoveryFocusSpinBox *CSummaryLabel::addField(QFormLayout &form, const QString 
 
 void CSummaryLabel::connectSignals()
 {
-    const auto announce = [this] {
+    const auto announce = [this](int entered) {
         Q_EMIT notifyItemOffsetChanged({m_x->value(), m_y->value()});
         showOffset(); // what was refused or limited is not shown
+        constexpr int Limit = LayoutLimits::LargestOffset;
+        if (entered < -Limit || entered > Limit)
+            m_x->tell(
+                tr("Offsets go from %1 to %2.").arg(QLocale().toString(-Limit), QLocale().toString(Limit)));
     };
     connect(m_x, &CRecoveryFocusSpinBox::notifyFigureEntered, this, announce);
     connect(m_y, &CRecoveryFocusSpinBox::notifyFigureEntered, this, announce);

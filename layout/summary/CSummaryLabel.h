@@ -24,6 +24,8 @@ public:
     void setSubject(const QString &title, const QString &note);
     /// Sets whether offsets can be entered.
     void setEditable(bool editable);
+    /// Sets what gets the focus once an offset was entered.
+    void setFocusHeir(QWidget *heir);
 
 Q_SIGNALS:
     void notifyItemOffsetChanged(const QPoint &offset);

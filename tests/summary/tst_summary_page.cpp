@@ -6,12 +6,16 @@
 #include "layout/summary/CSummaryLabel.h"
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
+#include "tests/harness/CNotedWords.h"
 #include "tests/harness/CTestBase.h"
 #include "tests/harness/DialogUser.h"
 
 #include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
 #include <QSpinBox>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -128,10 +132,41 @@ private Q_SLOTS:
         QTest::keyClick(&x, Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(world.kept().value(world.a), QPoint(0, 0));
         QCOMPARE(x.value(), 0);
+        const CNotedWords told(world.page);
         for (int again = 0; again < 2; ++again) { // at the limit, nothing moves any more
             world.typeX("99999999");
             QCOMPARE(x.value(), world.kept().value(world.a).x());
         }
+        QVERIFY(told.words.contains(QStringLiteral("Offsets go from -1,048,576 to 1,048,576.")));
+        const QRect place(world.offsets().value(world.a), QSize(400, 300));
+        QVERIFY(world.view()
+                    .mapToScene(world.view().viewport()->rect())
+                    .boundingRect()
+                    .intersects(place)); // the view has followed
+    }
+
+    void stepsAreUndoneWhereverTheFocusIs()
+    {
+        SPageWorld world;
+        QWidget window; // with what chooses the processors
+        QLineEdit tree;
+        tree.setReadOnly(true);
+        auto &row = *new QVBoxLayout(&window);
+        row.addWidget(&tree);
+        row.addWidget(&world.page);
+        window.show();
+        QApplication::setActiveWindow(&window);
+        tree.setFocus();
+        QTest::mouseClick(&world.field("Offset, X"), Qt::LeftButton);
+        world.typeX("80");
+        QVERIFY(world.view().hasFocus());
+        tree.setFocus();
+        QTest::keyClick(&tree, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(world.kept().value(world.a), QPoint(0, 0));
+        QMenu menu;
+        world.page.fillEditMenu(menu);
+        QCOMPARE(menu.actions().at(1)->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Y));
+        world.page.setParent(nullptr);
     }
 
     void aRefusalChangesNothingAndSaysWhy()

@@ -12,8 +12,8 @@
 #include "layout/editor/scene/CSceneBackend.h"
 #include "layout/editor/scene/SEditTargets.h"
 #include "layout/editor/view/CLayoutGraphicsView.h"
-#include "layout/editor/view/CStatusWords.h"
 #include "platform/graphics/ArrowKeys.h"
+#include "platform/widgets/CStatusWords.h"
 
 #include <QCursor>
 #include <QKeyEvent>

@@ -20,11 +20,11 @@
 #include "layout/editor/scene/SInputTargets.h"
 #include "layout/editor/view/CCanvasKeys.h"
 #include "layout/editor/view/CEditorToolBar.h"
-#include "layout/editor/view/CStatusWords.h"
 #include "layout/editor/view/CToolCommands.h"
 #include "layout/editor/view/CToolModes.h"
 #include "layout/editor/view/CWallSights.h"
 #include "platform/graphics/CAerialView.h"
+#include "platform/widgets/CStatusWords.h"
 
 #include <QKeyEvent>
 #include <QMetaMethod>

@@ -2,15 +2,20 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "platform/widgets/CStatusWords.h"
+
+#include <QCoreApplication>
 #include <QDoubleSpinBox>
 #include <QKeyEvent>
+#include <QLocale>
+#include <QPointer>
 #include <QSpinBox>
 
 #include <limits>
 
 /// A spin box that treats a typed number beyond its range as the nearest limit, and shows that limit when the
 /// input ends. Qt's own spin boxes drop the digit that exceeds the maximum, so that 4000 becomes 400, and
-/// restore the previous value if the number is too small.
+/// restore the previous value if the number is too small. The status bar of the main window tells the limit.
 template <typename SpinBox>
 class CClampedSpinBox final : public SpinBox
 {
@@ -28,15 +33,21 @@ protected:
 
     Number valueFromText(const QString &text) const override
     {
-        return isAboveRange(text) ? this->maximum() : SpinBox::valueFromText(text);
+        if (!isAboveRange(text))
+            return SpinBox::valueFromText(text);
+        tell(QCoreApplication::translate("CClampedSpinBox", "The largest figure here is %1."),
+             this->maximum());
+        return this->maximum();
     }
 
     /// More digits may follow a number that is too small, so it is corrected only when the input ends.
     void fixup(QString &text) const override
     {
         SpinBox::fixup(text);
-        if (numberIn(text) < this->minimum())
-            text = this->prefix() + this->textFromValue(this->minimum()) + this->suffix();
+        if (!(numberIn(text) < this->minimum()))
+            return;
+        tell(QCoreApplication::translate("CClampedSpinBox", "The least figure here is %1."), this->minimum());
+        text = this->prefix() + this->textFromValue(this->minimum()) + this->suffix();
     }
 
     /// Return accepts a dialog only if the text already shows the value that is used.
@@ -49,6 +60,11 @@ protected:
     }
 
 private:
+    void tell(const QString &words, Number limit) const
+    {
+        if (m_words)
+            m_words->tell(words.arg(QLocale().toString(limit)));
+    }
     bool isAboveRange(const QString &text) const { return numberIn(text) > this->maximum(); }
 
     /// NaN, which is neither above nor below anything, if @p text is not a number.
@@ -62,6 +78,8 @@ private:
         const double number = this->locale().toDouble(text.trimmed(), &isNumber);
         return isNumber ? number : std::numeric_limits<double>::quiet_NaN();
     }
+
+    QPointer<CStatusWords> m_words = new CStatusWords(*this);
 };
 
 using CSpinBox = CClampedSpinBox<QSpinBox>;

@@ -2,17 +2,33 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/widgets/input/CRecoveryFocusSpinBox.h"
 
+#include "platform/widgets/CStatusWords.h"
 #include "platform/widgets/input/SumExpression.h"
 
 #include <QApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QLocale>
 #include <QSignalBlocker>
 
 #include <cmath>
+#include <utility>
+
+namespace {
+
+/// Whether the key types something that no sum contains.
+bool isForeign(const QKeyEvent &event)
+{
+    const QString text = event.text();
+    QString sum = QStringLiteral("1") + text;
+    return !text.isEmpty() && text.at(0).isPrint() && !SumExpression::mayBecomeSum(sum);
+}
+
+} // namespace
 
 CRecoveryFocusSpinBox::CRecoveryFocusSpinBox(QWidget *parent)
     : QSpinBox(parent)
+    , m_words(new CStatusWords(*this))
 {
     setKeyboardTracking(false);
     setFocusPolicy(Qt::StrongFocus); // not by the wheel
@@ -84,6 +100,8 @@ void CRecoveryFocusSpinBox::keyPressEvent(QKeyEvent *event)
         event->accept();
         return;
     }
+    if (isForeign(*event))
+        tell(tr("Only numbers and sums such as 1920/2 can be typed here."));
     QSpinBox::keyPressEvent(event);
     if (enter) {
         recoverFocus();
@@ -130,6 +148,9 @@ QValidator::State CRecoveryFocusSpinBox::validate(QString &text, int &) const
 int CRecoveryFocusSpinBox::valueFromText(const QString &text) const
 {
     const double figure = SumExpression::evaluate(text).value_or(value());
+    m_limit = figure > maximum()   ? tr("The largest figure here is %1.").arg(QLocale().toString(maximum()))
+              : figure < minimum() ? tr("The least figure here is %1.").arg(QLocale().toString(minimum()))
+                                   : QString();
     return int(std::lround(qBound(double(minimum()), figure, double(maximum()))));
 }
 
@@ -139,14 +160,18 @@ QString CRecoveryFocusSpinBox::textFromValue(int value) const
 }
 
 /// What cannot be read counts as not typed.
-void CRecoveryFocusSpinBox::fixup(QString &) const
+void CRecoveryFocusSpinBox::fixup(QString &text) const
 {
+    if (!text.isEmpty() && m_typed)
+        tell(tr("\"%1\" gives no figure, so the one before stays.").arg(text));
     m_typed = false;
 }
 
 void CRecoveryFocusSpinBox::commit()
 {
     m_typed = false;
+    if (!m_limit.isEmpty())
+        tell(std::exchange(m_limit, {}));
     if (m_shown == value())
         return;
     m_shown = value();
@@ -169,6 +194,11 @@ void CRecoveryFocusSpinBox::restore()
 void CRecoveryFocusSpinBox::recoverFocus()
 {
     if (m_before)
-        m_before->setFocus(Qt::OtherFocusReason);
+        (m_heir ? m_heir : m_before)->setFocus(Qt::OtherFocusReason);
     m_before = nullptr;
+}
+
+void CRecoveryFocusSpinBox::tell(const QString &words) const
+{
+    m_words->tell(words);
 }

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: 2026 Velmarinth
 // SPDX-License-Identifier: Apache-2.0
-#include "layout/editor/view/CStatusWords.h"
+#include "platform/widgets/CStatusWords.h"
 
 #include <QCoreApplication>
 #include <QStatusTipEvent>
@@ -19,7 +19,7 @@ bool isAction(const QEvent &event)
 
 CStatusWords::CStatusWords(QWidget &widget)
     : QObject(&widget)
-    , m_widget(widget)
+    , m_widget(&widget)
 {
 }
 
@@ -34,8 +34,16 @@ void CStatusWords::tell(const QString &words)
         m_fresh = true;
         QTimer::singleShot(0, this, [this] { m_fresh = false; });
     }
+    if (m_widget)
+        m_bar = m_widget;
+    while (QWidget *owner = m_bar ? m_bar->window()->parentWidget() : nullptr)
+        m_bar = owner;                    // a dialog has no status bar
+    setParent(m_told ? m_bar : m_widget); // an editor of a table goes at once
     QStatusTipEvent tip(words);
-    QCoreApplication::sendEvent(&m_widget, &tip);
+    if (m_bar)
+        QCoreApplication::sendEvent(m_bar, &tip);
+    if (!m_widget && !m_told)
+        deleteLater();
 }
 
 bool CStatusWords::eventFilter(QObject *watched, QEvent *event)
