@@ -44,6 +44,15 @@ void CHistoryLabel::markCurrent()
 {
     const QModelIndex current = m_model.index(m_model.currentRow());
     m_list->setCurrentIndex(current);
-    if (current.isValid() && !isCollapsed())
-        m_list->scrollTo(current);
+    if (!current.isValid() || isCollapsed())
+        return;
+    m_list->scrollTo(current);
+    const QRect row = m_list->visualRect(current);
+    Q_EMIT notifyCurrentMoved({m_list->viewport()->mapTo(this, row.topLeft()), row.size()});
+}
+
+void CHistoryLabel::setLayoutShown(bool shown)
+{
+    m_list->setEnabled(shown);
+    m_list->setToolTip(shown ? QString() : tr("No layout is shown."));
 }

@@ -19,10 +19,13 @@ public:
 
     /// Shows the steps of @p stack; null: none. @p beginning says what is before the first one.
     void showHistory(const QUndoStack *stack, const QString &beginning) { m_model.show(stack, beginning); }
+    void setLayoutShown(bool shown) override; ///< no step can be chosen unseen
 
 Q_SIGNALS:
     /// The user wants @p index steps to be done.
     void notifyStepChosen(int index);
+    /// Another row is the current one; @p place is where it is in this unit.
+    void notifyCurrentMoved(const QRect &place);
 
 private:
     void buildUi();

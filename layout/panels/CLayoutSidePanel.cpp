@@ -67,6 +67,7 @@ CLayoutSidePanel::CLayoutSidePanel(const SUnitServices &services, QWidget *paren
     connect(m_backup, &CBackupLabel::notifyCancelPortRedundancy, this,
             &CLayoutSidePanel::notifyCancelPortRedundancy);
     connect(m_history, &CHistoryLabel::notifyStepChosen, this, &CLayoutSidePanel::notifyStepChosen);
+    connect(m_history, &CHistoryLabel::notifyCurrentMoved, this, &CLayoutSidePanel::followHistory);
     connectStore(services.store);
 }
 
@@ -100,6 +101,21 @@ void CLayoutSidePanel::setHistoryShown(bool shown)
 void CLayoutSidePanel::onHistoryChanged(const QUndoStack *stack, const QString &beginning)
 {
     m_history->showHistory(stack, beginning);
+}
+
+void CLayoutSidePanel::setLayoutShown(bool shown)
+{
+    for (ISidePanelUnit *unit : m_units)
+        unit->setLayoutShown(shown);
+}
+
+/// Not while the user works in another unit, which would move away, or has scrolled the list out of view.
+void CLayoutSidePanel::followHistory(const QRect &row)
+{
+    const QWidget *focus = window()->focusWidget();
+    const bool elsewhere = focus && isAncestorOf(focus) && !m_history->isAncestorOf(focus);
+    if (!elsewhere && !m_history->visibleRegion().isEmpty())
+        ensureVisible(0, m_history->mapTo(widget(), row.bottomLeft()).y(), 0, row.height());
 }
 
 void CLayoutSidePanel::setEditingBlocked(bool locked, bool redundancy)

@@ -27,6 +27,7 @@ public:
     bool isHistoryShown() const;
     /// Opens or folds the unit with the steps.
     void setHistoryShown(bool shown);
+    void setLayoutShown(bool shown); ///< see ISidePanelUnit
     /// With @p blocked, the units refuse whatever would replace the layout.
     void setEditingBlocked(bool locked, bool redundancy); ///< see ISidePanelUnit
 
@@ -68,6 +69,7 @@ public Q_SLOTS:
 private:
     void connectStore(const CLayoutData &store);
     void portStatesChanged();
+    void followHistory(const QRect &row);
     enum EFirst { OpenAtFirst, FoldedAtFirst };
     /// Adds a unit of the class @p Unit at the bottom.
     template <typename Unit>

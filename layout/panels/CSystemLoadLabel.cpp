@@ -50,6 +50,12 @@ void CSystemLoadLabel::onNotifyProcessorPayloadChanged(int load)
     scheduleWorst();
 }
 
+void CSystemLoadLabel::setLayoutShown(bool shown)
+{
+    m_shown = shown;
+    showWorst();
+}
+
 /// Many loads that change at once are looked at once.
 void CSystemLoadLabel::scheduleWorst()
 {
@@ -64,8 +70,11 @@ void CSystemLoadLabel::showWorst()
     m_scheduled = false;
     const int worst = LoadText::worstPort(m_store);
     const qint64 load = worst < 0 ? 0 : m_store.port(worst).load;
-    m_worst->setText(worst < 0 ? tr("No output port is in use")
-                               : tr("Highest load: port %1, %2%").arg(worst + 1).arg(load));
+    const QString dash(QStringLiteral("\u2013"));
+    m_bar->setFormat(m_shown ? QStringLiteral("%p%") : dash);
+    m_worst->setText(!m_shown    ? dash
+                     : worst < 0 ? tr("No output port is in use")
+                                 : tr("Highest load: port %1, %2%").arg(worst + 1).arg(load));
     m_worst->setVisible(load <= 100); // otherwise the other line tells
 }
 

@@ -26,6 +26,8 @@ public Q_SLOTS:
     void onNotifyProcessorPayloadChanged(int load);
     void onCurrentProcessorChanged(const ProcessorTree::ProcessorNode &processor) override;
 
+    void setLayoutShown(bool shown) override; ///< otherwise there are dashes
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -38,4 +40,5 @@ private:
     COverloadLine *m_overload = nullptr;
     QLabel *m_worst = nullptr; // the port with the highest load, unless overloaded ports are named
     bool m_scheduled = false;
+    bool m_shown = true;
 };

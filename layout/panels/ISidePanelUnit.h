@@ -35,6 +35,8 @@ public:
     virtual void onSelectedGeometry(const QRect &) {}
     /// Locks or pairs of ports have changed.
     virtual void onPortStatesChanged() {}
+    /// Whether the layout of the processor in view can be seen, or another page covers the editor.
+    virtual void setLayoutShown(bool shown) { Q_UNUSED(shown) }
     /// The unit must refuse whatever would replace or edit the layout if the user has locked the editor
     /// (@p locked), or the processor in view follows a primary (@p redundancy).
     virtual void setEditingBlocked(bool locked, bool redundancy)

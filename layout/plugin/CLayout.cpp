@@ -241,6 +241,7 @@ void CLayout::buildUi()
     m_mappingCommands = std::make_unique<CMappingCommands>(m_store, *this);
     m_sidePanel = new CLayoutSidePanel({m_store, *m_mappingCommands});
     m_editorPage->connectPanel(*m_sidePanel);
+    showInPanel();
 }
 
 void CLayout::connectSignals()
@@ -252,8 +253,14 @@ void CLayout::connectSignals()
             m_processorCommands.get(), &CProcessorCommands::setBypassMode);
     connect(m_mappingCommands.get(), &CMappingCommands::notifyStarted, m_editorPage,
             &CLayoutEditorPage::dropReadbackResult);
+    connect(m_pages, &QStackedLayout::currentChanged, m_sidePanel, [this] { showInPanel(); });
     connect(&m_store, &CLayoutData::notifyProcessorBackupChanged, m_background, [this] { blockPanel(); });
     connect(&m_store, &CLayoutData::notifyDetectFinished, m_warningPage, [this] { showSelection(); });
+}
+
+void CLayout::showInPanel()
+{
+    m_sidePanel->setLayoutShown(m_pages->currentWidget() == m_editorPage);
 }
 
 void CLayout::setProcessor(const ProcessorTree::ProcessorNode &processor)

@@ -78,6 +78,7 @@ private:
     void setProcessor(const ProcessorTree::ProcessorNode &processor);
     void showSelection();
     void blockPanel();
+    void showInPanel();
     void showWarning(WarningState state);
 
     CLayoutData &m_store;

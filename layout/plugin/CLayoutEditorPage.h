@@ -8,6 +8,7 @@
 #include "layout/api/records/SBackgroundInfo.h"
 
 #include <QPointer>
+#include <QTimer>
 #include <QWidget>
 
 #include <memory>
@@ -69,6 +70,8 @@ protected:
 
 private:
     void connectPorts();
+    void connectChangesWithoutStep();
+    void markSaved();
     SKeptHistory keptHistory() const; ///< of the processor shown
     void showBackground(const SBackgroundInfo &info, bool canvasSizeChanged = false);
     void showRedundancy();
@@ -85,4 +88,6 @@ private:
     std::unique_ptr<CPortCommands> m_portCommands;
     CPortList *m_ports = nullptr;
     CViewPortPanel *m_panel = nullptr;
+    int m_unmarked = -1; // the last step that counted as saved until something else was changed
+    QTimer m_savedCheck; // runs out when the step that counts as saved is to be looked at
 };

@@ -2,6 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/plugin/CWholeModuleWarningWidget.h"
 
+#include "platform/widgets/CStatusWords.h"
+
+#include <QAction>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -149,6 +152,14 @@ void CWholeModuleWarningWidget::connectSignals()
         Q_EMIT NotifyByPassClicked();
         Q_EMIT NotifySetPrcBypassModeEnable();
     });
+    QList<QKeySequence> keys = QKeySequence::keyBindings(QKeySequence::Undo);
+    keys << QKeySequence(Qt::CTRL | Qt::Key_Y) << QKeySequence::keyBindings(QKeySequence::Redo);
+    auto *steps = new QAction(this); // also while the tree has the focus
+    steps->setShortcuts(keys);
+    addAction(steps);
+    auto *words = new CStatusWords(*this);
+    connect(steps, &QAction::triggered, words,
+            [words] { words->tell(tr("Undo and redo need a layout, and none is shown.")); });
 }
 
 void CWholeModuleWarningWidget::applyState()

@@ -6,6 +6,7 @@
 #include "layout/panels/CLayoutSidePanel.h"
 #include "platform/widgets/input/CRecoveryFocusSpinBox.h"
 #include "platform/widgets/input/SumExpression.h"
+#include "tests/harness/CNotedWords.h"
 #include "tests/harness/CTestBase.h"
 #include "tests/harness/DialogUser.h"
 #include "tests/harness/SStoreWorld.h"
@@ -13,9 +14,12 @@
 
 #include <QCheckBox>
 #include <QLabel>
+#include <QListView>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QToolButton>
+#include <QUndoStack>
 
 #include <algorithm>
 
@@ -227,6 +231,46 @@ private Q_SLOTS:
             QCOMPARE(world.panel.isHistoryShown(), shown);
             world.panel.setHistoryShown(!shown);
         }
+    }
+
+    void theCurrentStepStaysInView()
+    {
+        SPanelWorld world;
+        QUndoStack stack;
+        world.panel.onHistoryChanged(&stack, QStringLiteral("Beginning"));
+        world.panel.setHistoryShown(true);
+        auto &list = *world.panel.findChild<QListView *>();
+        const auto isSeen = [&list] {
+            return list.viewport()->visibleRegion().contains(list.visualRect(list.currentIndex()).center());
+        };
+        const int above = list.mapTo(world.panel.widget(), QPoint()).y();
+        world.panel.resize(world.panel.width(), above + list.height() / 2); // the list ends below the panel
+        world.panel.verticalScrollBar()->setValue(0);
+        for (int i = 0; i < 20; ++i) {
+            stack.push(new QUndoCommand(QStringLiteral("Move")));
+            QVERIFY2(isSeen(), qPrintable(QString::number(i)));
+        }
+        world.panel.verticalScrollBar()->setValue(0);
+        world.field("X").setFocus(); // and is being worked with
+        stack.undo();
+        QCOMPARE(world.panel.verticalScrollBar()->value(), 0);
+    }
+
+    void saysWhatIsNotTakenAsItWasTyped()
+    {
+        SPanelWorld world;
+        const CNotedWords told(world.panel);
+        world.type("X", "f");
+        QVERIFY(
+            told.words.contains(QStringLiteral("Only numbers and sums such as 1920/2 can be typed here.")));
+        world.type("Width", "1/0");
+        QVERIFY(told.words.contains(QStringLiteral("\"1/0\" gives no figure, so the one before stays.")));
+        world.type("Width", "99999999");
+        QVERIFY(told.words.contains(QStringLiteral("The largest figure here is 1,048,576.")));
+        world.type("Columns", "9");
+        QVERIFY(told.words.contains(QStringLiteral("There are 3 cabinets and groups to arrange.")));
+        world.panel.onNotifySelectedCabinetInfos(cabinetsAt({{0, 0}}));
+        QVERIFY(!world.field("Columns").isEnabled() && !world.field("Columns").toolTip().isEmpty());
     }
 
     void namesTheProcessorThatThisOneStandsInFor()

@@ -8,13 +8,13 @@
 #include "layout/panels/CHistoryLabel.h"
 #include "tests/harness/CKeptSteps.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
+#include "tests/harness/CNotedWords.h"
 #include "tests/harness/CTestBase.h"
 #include "tests/panels/SUnitWorld.h"
 #include "tests/plugin/SPageWorld.h"
 
 #include <QApplication>
 #include <QListView>
-#include <QStatusTipEvent>
 #include <QUndoStack>
 
 namespace {
@@ -71,19 +71,6 @@ struct SHistoryWorld final : SPageWorld
         QListView &view = *list.findChild<QListView *>();
         Q_EMIT view.clicked(view.model()->index(row, 0));
     }
-};
-
-/// Notes what the status bar is told.
-class CNotedWords final : public QObject
-{
-public:
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (event->type() == QEvent::StatusTip)
-            words << static_cast<QStatusTipEvent *>(event)->tip();
-        return QObject::eventFilter(watched, event);
-    }
-    QStringList words;
 };
 
 } // namespace
@@ -268,6 +255,24 @@ private Q_SLOTS:
         QCOMPARE(world.takeRecords().last().saved, -1);
     }
 
+    void theMarkGoesWithChangesThatAreNoSteps()
+    {
+        SHistoryWorld world;
+        QCOMPARE(world.rows(), QStringList({QStringLiteral("Beginning (saved)")}));
+        world.answers()->unsaved = {world.a};
+        world.store.setPortLocked(0, true);
+        QTRY_COMPARE(world.rows(), QStringList({QStringLiteral("Beginning")}));
+        world.answers()->unsaved = {};
+        world.store.setPortLocked(0, false);
+        QTRY_COMPARE(world.rows(), QStringList({QStringLiteral("Beginning (saved)")}));
+        world.nudge(0);
+        world.scene().undo(nullptr);
+        world.open(world.b);
+        world.answers()->unsaved = {world.a}; // while another one was in view
+        world.open(world.a);
+        QCOMPARE(world.rows().first(), QStringLiteral("Beginning"));
+    }
+
     void aHistoryComesWithALayoutThatTheHostRestores()
     {
         SHistoryWorld world;
@@ -299,8 +304,7 @@ private Q_SLOTS:
         SHistoryWorld world;
         const SEditStep wrong{QStringLiteral("Move"), {{world.layout().ports[0], world.layout().ports[1]}}};
         world.answers()->histories[world.b] = CKeptSteps::historyOf({wrong}, 1);
-        CNotedWords noted;
-        world.view().installEventFilter(&noted);
+        const CNotedWords noted(world.view());
         world.open(world.b);
         QCOMPARE(world.records().size(), 1);
         QCOMPARE(world.records().first().kind, SEditRecord::Cleared);

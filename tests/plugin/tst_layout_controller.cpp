@@ -15,12 +15,16 @@
 #include "tests/editor/SceneParts.h"
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
+#include "tests/harness/CNotedWords.h"
 #include "tests/harness/CTestBase.h"
 #include "tests/harness/DialogUser.h"
 #include "tests/harness/StoreBarrier.h"
 
+#include <QApplication>
 #include <QLabel>
+#include <QListView>
 #include <QMenu>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QStackedLayout>
 #include <QToolButton>
@@ -312,6 +316,27 @@ private Q_SLOTS:
         module.answers()->unsaved = {module.a};
         module.select({module.a});
         QVERIFY(told());
+    }
+
+    void aLayoutThatIsNotShownIsNotUndone()
+    {
+        SModuleScene module;
+        module.select({module.b});
+        const auto *steps = module.layout.rightBarWidget()->findChild<QListView *>();
+        auto *load = module.layout.rightBarWidget()->findChild<QProgressBar *>();
+        QVERIFY(steps->isEnabled());
+        module.layout.show();
+        QApplication::setActiveWindow(&module.layout);
+        module.answers()->nodes[0].online = false;
+        module.select({module.a});
+        QVERIFY(!steps->isEnabled());
+        QCOMPARE(load->text(), QStringLiteral("\u2013"));
+        const CNotedWords told(module.layout);
+        QTest::keyClick(&module.layout, Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(told.words.contains(QStringLiteral("Undo and redo need a layout, and none is shown.")));
+        module.select({module.b});
+        QVERIFY(steps->isEnabled());
+        QVERIFY(load->text().endsWith(QLatin1Char('%')));
     }
 
     void anotherChoiceInTheTreeEndsTheHighlight()

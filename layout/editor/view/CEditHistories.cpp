@@ -52,7 +52,7 @@ CEditHistory &CEditHistories::enter(const CabinetLayout &layout, const SEditHist
     history->enter(layout, stepCount);
     if (!hadSteps && !history->restore(kept))
         state = Unfit;
-    if (history->stack().count() == 0)
-        history->setSaved(saved);
+    if (history->stack().count() == 0 || (history->stack().isClean() && !saved))
+        history->setSaved(saved); // also if something else than steps has changed
     return *history;
 }
