@@ -20,7 +20,6 @@ namespace {
 
 constexpr int LargeStep = 10000; // cabinets
 constexpr std::chrono::milliseconds Turn(500);
-constexpr std::chrono::milliseconds DiskPatience(250);
 constexpr std::chrono::milliseconds HistoryPatience(1000);
 constexpr qint64 UsualHistoryBytes = 256 * 1024 * 1024;
 
@@ -35,6 +34,13 @@ int cabinetsIn(const SEditStep &step)
 qint64 now()
 {
     return QDateTime::currentMSecsSinceEpoch();
+}
+
+bool isLargeToTend(const std::pair<const QUuid, std::unique_ptr<CJournal>> &entry)
+{
+    CJournal &journal = *entry.second;
+    return (journal.isBroken() || journal.isOutgrown()) &&
+           journal.state().project().layout.cabinetCount() > LargeStep;
 }
 
 } // namespace
@@ -105,7 +111,7 @@ void CJournals::tell(const QString &text)
 
 void CJournals::setHistory(bool kept, qint64 bytes)
 {
-    submit(true, [this, kept, bytes] {
+    submitLater(false, [this, kept, bytes] {
         m_keepHistory = kept;
         m_historyBytes = bytes;
         for (const auto &journal : m_journals)
@@ -122,22 +128,25 @@ qint64 CJournals::mostHistory() const
     return std::min(m_historyBytes, CJournal::LargestFile / 4 * 3);
 }
 
-/// Under the lock. A disk that does not answer lets the queue grow, instead of keeping an edit waiting.
-bool CJournals::mayRunNow() const
-{
-    return m_waiting.empty() && !m_running && (!m_syncing || Clock::now() - m_syncStart < DiskPatience);
-}
-
+/// What is not large is with the operating system afterwards, so that a kill cannot take it any more.
 void CJournals::submit(bool large, const Task &task)
 {
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        if (m_stopped)
-            return;
-        if (!large && mayRunNow())
-            return carryOut(task); // the thread looks for what is to be confirmed once a while
-        m_waiting.push_back(task);
-    }
+    Lock lock(m_mutex);
+    if (m_stopped)
+        return;
+    if (!large && m_queue.waitForTurn(lock))
+        return carryOut(task); // the thread looks for what is to be confirmed once a while
+    m_queue.push(task, large);
+    m_wake.notify_all();
+}
+
+/// For what may take the disk's time, or comes from another thread.
+void CJournals::submitLater(bool large, const Task &task)
+{
+    const Lock lock(m_mutex);
+    if (m_stopped)
+        return;
+    m_queue.push(task, large);
     m_wake.notify_all();
 }
 
@@ -185,8 +194,8 @@ void CJournals::begin(const SJournalOwner &owner, const SProcessorProject &state
 /// Whether the next change writes a whole layout that is large.
 bool CJournals::isLargeToBegin(const QUuid &processor)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    if (!mayRunNow())
+    Lock lock(m_mutex);
+    if (!m_queue.waitForTurn(lock))
         return false; // it waits in any case
     const CJournal *journal = find(processor);
     return journal && !journal->isWritten() && journal->state().project().layout.cabinetCount() > LargeStep;
@@ -375,7 +384,7 @@ void CJournals::adopt(const SStrayJournal &stray, const SJournalOwner &owner)
         state.trail().forgetSaved(); // the file was changed since
     state.trail().renumber(state.project().layout.ports);
     m_restored[owner.processor] = {state.trail(), state.project().layout.ports};
-    submit(true, [this, stray, owner, state] {
+    submitLater(state.project().layout.cabinetCount() > LargeStep, [this, stray, owner, state] {
         auto journal = std::make_unique<CJournal>(m_folder.path(), owner, state, stray.path);
         journal->supersede(QFile::encodeName(stray.path), stray.lock);
         for (const auto &[path, lock] : stray.followed)
@@ -420,8 +429,9 @@ void CJournals::findHistoryLater(const SJournalOwner &owner)
             tell(tr("%1 was changed elsewhere: its earlier steps cannot be undone.").arg(owner.name));
         }
         const CStepTrail trail = kept == CJournalFolder::Kept::Same ? history.state.trail() : CStepTrail();
-        submit(true,
-               [this, processor = owner.processor, search, trail] { takeHistory(processor, search, trail); });
+        submitLater(
+            history.state.project().layout.cabinetCount() > LargeStep,
+            [this, processor = owner.processor, search, trail] { takeHistory(processor, search, trail); });
     });
 }
 
@@ -446,7 +456,7 @@ void CJournals::takeHistory(const QUuid &processor, quint64 search, const CStepT
 /// Under the lock.
 bool CJournals::isReady(const QUuid &processor) const
 {
-    return m_waiting.empty() && !m_running && m_searches.count(processor) == 0;
+    return m_queue.isFree() && m_searches.count(processor) == 0;
 }
 
 bool CJournals::isUnedited(const QUuid &processor) const
@@ -494,8 +504,7 @@ void CJournals::sync()
     m_nextTurn = Clock::now();
     m_wake.notify_all();
     m_idle.wait(lock, [this] {
-        return m_stopped ||
-               (m_waiting.empty() && !m_running && !m_syncing && !isUnsynced() && !m_chores.isBusy());
+        return m_stopped || (m_queue.isFree() && !m_queue.isSyncing() && !isUnsynced() && !m_chores.isBusy());
     });
 }
 
@@ -511,12 +520,17 @@ void CJournals::run()
 {
     (void)m_folder.make(); // confirmed here, so that no edit has to; a failure is told by the first one
     Lock lock(m_mutex);
-    while (!m_stopped || !m_waiting.empty()) {
-        if (!m_waiting.empty()) {
-            runTask(lock);
+    while (!m_stopped || !m_queue.isEmpty()) {
+        if (!m_queue.isEmpty()) {
+            bool large = false;
+            const Task task = m_queue.next(large);
+            m_queue.run(
+                lock, [this, &task] { carryOut(task); }, large);
             tellArrived(lock);
         } else if (Clock::now() >= m_nextTurn) {
-            runFree(lock, [this] { tend(); });
+            const bool large = std::any_of(m_journals.begin(), m_journals.end(), isLargeToTend);
+            m_queue.run(
+                lock, [this] { carryOut([this] { tend(); }); }, large);
             tellArrived(lock);
             confirm(lock);
             m_nextTurn = Clock::now() + Turn;
@@ -528,23 +542,6 @@ void CJournals::run()
     m_journals.clear();
     m_ended = true;
     m_idle.notify_all();
-}
-
-void CJournals::runFree(Lock &lock, const Task &task)
-{
-    m_running = true;
-    lock.unlock();
-    carryOut(task);
-    lock.lock();
-    m_running = false;
-    m_idle.notify_all();
-}
-
-void CJournals::runTask(Lock &lock)
-{
-    const Task task = std::move(m_waiting.front());
-    m_waiting.pop_front();
-    runFree(lock, task);
 }
 
 /// Begins new files in place of those that are too large or could not be written.
@@ -572,8 +569,7 @@ void CJournals::confirm(Lock &lock)
     }
     if (written.empty())
         return;
-    m_syncing = true;
-    m_syncStart = Clock::now();
+    m_queue.setSyncing(true);
     lock.unlock();
     QMap<QUuid, QString> problems;
     for (const auto &[processor, handles] : written) {
@@ -584,8 +580,8 @@ void CJournals::confirm(Lock &lock)
     }
     CFileHandle(QFile::encodeName(m_folder.path()), O_RDONLY | O_DIRECTORY).syncNames();
     lock.lock();
-    m_syncing = false;
-    runFree(lock, [&] { // files are renamed and removed, which may take as long
+    m_queue.setSyncing(false);
+    const auto take = [&] {
         for (const auto &[processor, handles] : written) {
             CJournal *journal = find(processor);
             if (!journal)
@@ -596,5 +592,7 @@ void CJournals::confirm(Lock &lock)
                 journal->confirm(handles.last());
             tellAbout(*journal);
         }
-    });
+    };
+    m_queue.run(
+        lock, [this, &take] { carryOut(take); }, false); // renames and removes files, which may hang
 }

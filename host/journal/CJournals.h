@@ -3,13 +3,13 @@
 #pragma once
 
 #include "host/journal/CJournalFolder.h"
+#include "host/journal/CJournalQueue.h"
 #include "host/journal/CTaskThread.h"
 
 #include <QSet>
 
 #include <chrono>
 #include <condition_variable>
-#include <deque>
 #include <functional>
 #include <map>
 #include <memory>
@@ -82,12 +82,12 @@ public:
 
 private:
     using Clock = std::chrono::steady_clock;
-    using Task = std::function<void()>;
-    using Lock = std::unique_lock<std::mutex>;
+    using Task = CJournalQueue::Task;
+    using Lock = CJournalQueue::Lock;
 
     void know(const QUuid &processor);
     void submit(bool large, const Task &task);
-    bool mayRunNow() const;
+    void submitLater(bool large, const Task &task);
     void carryOut(const Task &task);
     qint64 mostHistory() const;
     CJournal *find(const QUuid &processor);
@@ -108,12 +108,10 @@ private:
     bool isLargeToBegin(const QUuid &processor);
 
     void run();
-    void runTask(Lock &lock);
     bool isReady(const QUuid &processor) const;
     void tellArrived(Lock &lock);
     void tend();
     void confirm(Lock &lock);
-    void runFree(Lock &lock, const Task &task);
     bool isUnsynced() const;
 
     const CJournalFolder m_folder;
@@ -131,10 +129,7 @@ private:
     std::mutex m_mutex; // guards what follows
     std::condition_variable m_wake;
     std::condition_variable m_idle;
-    std::deque<Task> m_waiting;
-    bool m_running = false; // the thread uses the journals, without the lock
-    bool m_syncing = false; // the thread waits for the disk
-    Clock::time_point m_syncStart;
+    CJournalQueue m_queue{m_idle};
     Clock::time_point m_nextTurn; // of what is done once a while
     bool m_stopped = false;
     bool m_ended = false; // the thread uses nothing any more but the lock

@@ -13,7 +13,8 @@
 namespace {
 
 const QByteArray magic = QByteArrayLiteral("ORVOJRNL");
-constexpr quint32 Version = 2; // 1 tells owners only at the beginning, and no revisions
+constexpr quint32 Version =
+    3; // 1 tells owners only at the beginning, and no revisions; 2 no changes without a step
 constexpr int VersionBytes = sizeof(quint32);
 constexpr int LengthBytes = sizeof(quint32);
 constexpr int DigestBytes = sizeof(quint64);

@@ -202,7 +202,7 @@ void CJournalCodecTest::damageIsNoticed()
             QVERIFY(journal.state.project() == states.at(before));
     }
     QByteArray newer = written.bytes;
-    newer[8] = 3;
+    newer[8] = 4;
     QCOMPARE(SJournal::read(newer).problem, SJournal::Newer);
 }
 

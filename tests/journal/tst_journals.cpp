@@ -435,7 +435,7 @@ void CJournalsTest::leavesOthersAlone()
     QCOMPARE(held.size(), 1);
     QVERIFY(world.strays().isEmpty()); // somebody looks at it
     ProjectSamples::setContent(world.folder + QStringLiteral("/a.journal~new"), "half");
-    ProjectSamples::setContent(world.folder + QStringLiteral("/b.journal"), "ORVOJRNL\x03");
+    ProjectSamples::setContent(world.folder + QStringLiteral("/b.journal"), "ORVOJRNL\x04");
     QCOMPARE(world.strays().size(), 1);
     QVERIFY(!world.strays().first().journal.isUsable());
     QVERIFY(!world.files().contains(QStringLiteral("a.journal~new")));
