@@ -132,6 +132,7 @@ private Q_SLOTS:
     void staysSmall();
     void goesOnWithAnotherRunsJournal();
     void offersAStoryOnce();
+    void noEditIsLeftInTheQueue();
     void endsThoughTheDiskHangs();
     void noEditWaitsForARename();
     void keepsTheHistoryOfAFile();
@@ -422,6 +423,28 @@ void CJournalsTest::waitsForNoHistory()
     const SEditHistory adopted = next.history(processor);
     disk.held = nullptr;
     QVERIFY(sameHistory(adopted, editor.history()));
+}
+
+void CJournalsTest::noEditIsLeftInTheQueue()
+{
+    CSwitchedDisk disk;
+    CRecordingEditor editor = smallEditor();
+    SWorld first;
+    first.journals.begin(ownerOf(editor), editor.project());
+    first.journals.note(editor.edit(QStringLiteral("Edit")));
+    first.journals.stop();
+    CJournals next(first.folder, {});
+    next.sync();
+    disk.held = ".journal~new"; // the file of what is restored
+    next.adopt(first.strays().value(0), ownerOf(editor));
+    std::thread release([&disk] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        disk.held = nullptr;
+    });
+    next.note(editor.edit(QStringLiteral("more")));
+    const QStringList written = first.files().filter(QStringLiteral("+1.journal"));
+    release.join();
+    QCOMPARE(written.size(), 1);
 }
 
 void CJournalsTest::leavesOthersAlone()
