@@ -55,6 +55,8 @@ SPrintInput CPrintCommand::input()
         const LayoutData data = CHostAccess::call<&Host::layoutData>(node.uuid);
         if (hasCabinets(data.layout))
             input.processors << printed(node, data);
+        else if (data.layout.ports.isEmpty() && !node.online) // online it has answered that it has no layout
+            input.unread.insert(node.uuid);
     }
     const QList<QPair<QUuid, QUuid>> pairs = CHostAccess::call<&Host::processorRedundancies>();
     for (SPrintedProcessor &processor : input.processors) {

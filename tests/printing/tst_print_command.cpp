@@ -50,6 +50,8 @@ private Q_SLOTS:
     {
         QVERIFY(m_world->park.handler.setProcessorRedundancy(m_world->park.left, m_world->park.right));
         SPrintInput input = CPrintCommand::input();
+        QCOMPARE(input.unread,
+                 QSet<QUuid>{m_world->park.named("Foyer")}); // "Balcony" has told that it is empty
         SPrintJob job{PrintConfig(), {}, {}};
         job.whole.date = QDate(2026, 5, 4);
         job.whole.sheets = PrintConfig::Cover | PrintConfig::PortTable;

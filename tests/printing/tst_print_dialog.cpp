@@ -136,12 +136,16 @@ private Q_SLOTS:
         for (int i : {0, 1})
             input.others.insert(input.processors[i].node.uuid, input.processors[i].node);
         input.others[QUuid::createUuid()].name = QStringLiteral("Bare");
+        ProcessorTree::ProcessorNode away;
+        away.uuid = *input.unread.insert(QUuid::createUuid());
+        input.others[away.uuid] = away;
         {
             CPrintDialog dialog(input, {second}, {}, nullptr);
             auto *processors = dialog.findChild<QListWidget *>();
-            QCOMPARE(processors->count(), 3); // the one without cabinets cannot be chosen
-            QVERIFY(processors->item(2)->text().startsWith(QLatin1String("Bare")) &&
-                    !(processors->item(2)->flags() & Qt::ItemIsEnabled));
+            QCOMPARE(processors->count(), 4); // those without cabinets cannot be chosen
+            QVERIFY(processors->item(2)->text().endsWith(QLatin1String(": not read yet")));
+            QVERIFY(processors->item(3)->text() == QLatin1String("Bare(127.0.0.1): no cabinets") &&
+                    !(processors->item(3)->flags() & Qt::ItemIsEnabled));
             auto *form = dialog.findChild<CPrintSettings *>();
             const auto fieldOf = [form](const char *label) {
                 return qobject_cast<QLineEdit *>(found<QLabel>(*form, QString::fromLatin1(label))->buddy());
@@ -237,6 +241,7 @@ private Q_SLOTS:
         config.sheets = PrintConfig::Overview;
         PrintMemory::save({config, {}, {}});
         CPrintDialog dialog(input, {input.processors[1].node.uuid}, {}, nullptr);
+        QCheckBox &fit = *found<QCheckBox>(dialog, QStringLiteral("Fit the wall to the sheet"));
         dialog.show();
         QCOMPARE(dialog.findChild<QListWidget *>()->currentRow(), 1); // in view however long the list is
         QDoubleSpinBox &margin =
@@ -247,11 +252,34 @@ private Q_SLOTS:
         usual.click();
         QTRY_VERIFY(!usual.isVisible());
         QCOMPARE(margin.value(), PrintConfig().margin);
-        margin.setValue(95);
+        QSpinBox &scale = *dialog.findChild<CPrintSettings *>()->findChild<QSpinBox *>();
+        fit.click();
+        scale.setValue(1);
         QTRY_VERIFY(usual.isVisible());
+        dialog.reject();
+        QCOMPARE(PrintMemory::load().whole.scale, 0);
+        scale.setValue(20); // corrects it
+        dialog.reject();
+        QCOMPARE(PrintMemory::load().whole.scale, 20);
+        margin.setValue(95); // bad before it is tried
         dialog.reject();
         QCOMPARE(PrintMemory::load().whole.margin, PrintConfig().margin);
         QCOMPARE(PrintMemory::load().whole.sheets, int(PrintConfig::Overview));
+    }
+
+    void leavesPaperThatIsNotToBlame()
+    {
+        const QUuid key = QUuid::createUuid();
+        SPrintJob job;
+        job.own[key].paper = PrintConfig::A2;
+        job.whole.margin = 95;
+        PrintMemory::takePaper(job, {}, {});
+        QCOMPARE(job.whole.margin, PrintConfig().margin);
+        QCOMPARE(job.own[key].paper, PrintConfig::A2);
+        job.whole.paper = PrintConfig::A3;
+        PrintMemory::takePaper(job, {}, key);
+        QCOMPARE(job.own[key].paper, PrintConfig::A4);
+        QCOMPARE(job.whole.paper, PrintConfig::A3);
     }
 
     void showsEveryValueOfAFile()

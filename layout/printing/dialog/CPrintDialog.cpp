@@ -117,7 +117,8 @@ void CPrintDialog::addEmpty()
         empty.remove(processor.node.uuid);
     QStringList names;
     for (const ProcessorTree::ProcessorNode &node : qAsConst(empty))
-        names << tr("%1: no cabinets").arg(node.displayText());
+        names << (m_input.unread.contains(node.uuid) ? tr("%1: not read yet") : tr("%1: no cabinets"))
+                     .arg(node.displayText());
     names.sort(Qt::CaseInsensitive);
     for (const QString &name : qAsConst(names)) {
         auto *item = new QListWidgetItem(name, m_processors);
@@ -170,8 +171,8 @@ void CPrintDialog::keepSettings()
 {
     if (m_job.whole.sheets == 0)
         m_job.whole.sheets = m_opened.whole.sheets; // a job without sheets is none to go on with
-    if (m_unprintable)                              // nor is one on paper that nothing fits on
-        PrintMemory::takePaper(m_job, m_opened);
+    // Nor is one on paper that nothing fits on; whether the drawings fit is not known of changed settings.
+    PrintMemory::takePaper(m_job, m_opened, m_stale ? QUuid() : m_unfit);
     QList<QUuid> chosen;
     for (const SPrintedProcessor &processor : chosenInput().processors)
         chosen << processor.node.uuid;
@@ -180,7 +181,7 @@ void CPrintDialog::keepSettings()
 
 void CPrintDialog::onUsualPaperWished()
 {
-    PrintMemory::takePaper(m_job, {});
+    PrintMemory::takePaper(m_job, {}, m_unfit);
     onScopeChanged();
     m_stale = true;
     updateEnabled();
@@ -287,7 +288,8 @@ void CPrintDialog::layOut()
     }
 }
 
-void CPrintDialog::onLaidOut(const QVector<SSheet> &sheets, const QString &problem, const QString &warning)
+void CPrintDialog::onLaidOut(const QVector<SSheet> &sheets, const QString &problem, const QString &warning,
+                             const QUuid &unfit)
 {
     if (m_delay.isActive())
         return; // the next ones are on their way
@@ -302,11 +304,11 @@ void CPrintDialog::onLaidOut(const QVector<SSheet> &sheets, const QString &probl
         m_told->setFullText(told.join(QStringLiteral("; ")));
     }
     SPrintJob usual = m_job;
-    PrintMemory::takePaper(usual, {});
-    m_unprintable = !problem.isEmpty() && m_job.whole.sheets != 0 && !chosenInput().processors.isEmpty();
+    m_unfit = unfit;
+    PrintMemory::takePaper(usual, {}, m_unfit);
+    const bool failed = !problem.isEmpty() && m_job.whole.sheets != 0 && !chosenInput().processors.isEmpty();
     if (m_sheets.isEmpty())
-        m_preview->tell(problem + fonts,
-                        m_unprintable && !(usual.whole == m_job.whole && usual.own == m_job.own));
+        m_preview->tell(problem + fonts, failed && !(usual.whole == m_job.whole && usual.own == m_job.own));
     else
         m_preview->show(m_sheets);
     updateEnabled();

@@ -48,15 +48,17 @@ void CSheetWork::layOut(const SPrintInput &input, const SPrintJob &job)
     m_thread.AppendEvent({LayOut, [this, input, job, number] {
                               using Sheets = QVector<SSheet>;
                               QString warning;
+                              QUuid unfit;
                               const auto sheets = withMemory<Sheets>([&] {
                                   const SPrintPlan plan = SPrintPlan::of(input, job);
                                   warning = SPartsTally::of(plan).warning();
-                                  return CSheetSet::of(plan, [this, number] { return number != m_latest; });
+                                  return CSheetSet::of(
+                                      plan, [this, number] { return number != m_latest; }, &unfit);
                               });
-                              post([this, sheets, warning, number] {
+                              post([this, sheets, warning, unfit, number] {
                                   if (number == m_latest)
                                       Q_EMIT notifyLaidOut(sheets ? sheets.value() : Sheets(), sheets.error(),
-                                                           warning);
+                                                           warning, unfit);
                               });
                           }});
     m_thread.ActivateThread();

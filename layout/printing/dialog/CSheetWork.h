@@ -9,6 +9,7 @@
 #include "platform/common/CWorkThread.h"
 
 #include <QObject>
+#include <QUuid>
 
 #include <atomic>
 
@@ -34,8 +35,10 @@ public:
     void cancel() { m_cancelled = true; }
 
 Q_SIGNALS:
-    /// With @p problem there are no sheets; @p warning names cables that are too long.
-    void notifyLaidOut(const QVector<SSheet> &sheets, const QString &problem, const QString &warning);
+    /// With @p problem there are no sheets; @p warning names cables that are too long. @p unfit: the
+    /// processor whose drawings fail to fit, see CSheetSet; null: none.
+    void notifyLaidOut(const QVector<SSheet> &sheets, const QString &problem, const QString &warning,
+                       const QUuid &unfit);
     void notifyProgress(int done);
     /// No names and no problem: cancelled.
     void notifyWritten(const QStringList &names, const QString &problem);

@@ -5,6 +5,7 @@
 #include "layout/api/access/CHostAccess.h"
 #include "layout/api/access/ModuleSettings.h"
 #include "layout/api/records/CPrintConfigJson.h"
+#include "layout/printing/sheets/SSheetArea.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -82,9 +83,11 @@ PrintConfig PrintMemory::changed(const PrintConfig &usual, const PrintConfig &op
     return configOf(made);
 }
 
-void PrintMemory::takePaper(SPrintJob &job, const SPrintJob &other)
+void PrintMemory::takePaper(SPrintJob &job, const SPrintJob &other, const QUuid &unfit)
 {
-    const auto take = [](PrintConfig &config, const PrintConfig &from) {
+    const auto take = [](PrintConfig &config, const PrintConfig &from, bool isUnfit) {
+        if (!isUnfit && SSheetArea::of(config).isUsable())
+            return;
         config.paper = from.paper;
         config.customPaper = from.customPaper;
         config.landscape = from.landscape;
@@ -93,9 +96,9 @@ void PrintMemory::takePaper(SPrintJob &job, const SPrintJob &other)
         config.margin = from.margin;
         config.scale = from.scale;
     };
-    take(job.whole, other.whole);
+    take(job.whole, other.whole, !unfit.isNull() && !job.own.contains(unfit));
     for (auto own = job.own.begin(); own != job.own.end(); ++own)
-        take(*own, other.own.value(own.key(), other.whole));
+        take(*own, other.own.value(own.key(), other.whole), own.key() == unfit);
 }
 
 void PrintMemory::keep(const SPrintInput &input, const QList<QUuid> &chosen, const SPrintJob &opened,

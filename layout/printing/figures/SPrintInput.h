@@ -9,6 +9,7 @@
 
 #include <QMap>
 #include <QPair>
+#include <QSet>
 #include <QSize>
 #include <QString>
 #include <QVector>
@@ -43,7 +44,8 @@ struct SPrintInput
     /// Where the types come from that are not known yet, see takeTypes().
     QVector<SSettings::TypeLibrary::STreeNode> library;
     QMap<QUuid, ProcessorTree::ProcessorNode>
-        others; ///< processors that may be redundancy, or hold ports of pairs
+        others;         ///< processors that may be redundancy, or hold ports of pairs
+    QSet<QUuid> unread; ///< of the others: whether they have cabinets is not known
 
     /// Sets the types of all cabinets of the processors from the library. Looks at every cabinet.
     void takeTypes();

@@ -62,7 +62,8 @@ QString viewsOf(const PrintConfig &config)
 
 } // namespace
 
-CResult<QVector<SSheet>> CSheetSet::of(const SPrintPlan &plan, const std::function<bool()> &isStopped)
+CResult<QVector<SSheet>> CSheetSet::of(const SPrintPlan &plan, const std::function<bool()> &isStopped,
+                                       QUuid *unfit)
 {
     using Sheets = CResult<QVector<SSheet>>;
     const QString problem = problemOf(plan);
@@ -75,8 +76,11 @@ CResult<QVector<SSheet>> CSheetSet::of(const SPrintPlan &plan, const std::functi
     for (int coverSheets = covered ? 1 : 0;;) {
         CSheetSet set(plan, walls, coverSheets, isStopped);
         const CStatus built = set.build();
-        if (!built)
+        if (!built) {
+            if (unfit)
+                *unfit = set.m_unfit;
             return Sheets::failure(built.error());
+        }
         const QVector<SSheet> cover = covered ? set.cover() : QVector<SSheet>();
         if (cover.size() != coverSheets) { // the numbers of all other sheets change with it
             coverSheets = cover.size();
@@ -148,7 +152,7 @@ CStatus CSheetSet::addDrawings()
     for (int i = 0; i < count; ++i) {
         const Sheets sheets = overview(i, 1, 1);
         if (!sheets)
-            return CStatus::failure(sheets.error());
+            return failure(i, sheets.error());
         if (!sheets.value().isEmpty())
             next = begin(next, i) + sheets.value().size();
     }
@@ -160,7 +164,7 @@ CStatus CSheetSet::addDrawings()
         next = begin(next, i);
         const Sheets sheets = CPortSheets(*m_walls.at(i), areaOf(i)).sheets(next);
         if (!sheets)
-            return CStatus::failure(sheets.error());
+            return failure(i, sheets.error());
         firstPorts << next;
         ports << sheets.value();
         next += ports.last().size();
@@ -169,12 +173,18 @@ CStatus CSheetSet::addDrawings()
     for (int i = 0; i < count; ++i) {
         const Sheets sheets = overview(i, begin(this->next(), i), firstPorts.value(i));
         if (!sheets)
-            return CStatus::failure(sheets.error());
+            return failure(i, sheets.error());
         addLeaves(i, sheets.value(), tr("Overview, %1").arg(viewsOf(configOf(i))));
     }
     for (int i = 0; i < ports.size(); ++i)
         addLeaves(i, ports.at(i), tr("Ports, %1").arg(viewsOf(configOf(i))));
     return CStatus::done();
+}
+
+CStatus CSheetSet::failure(int processor, const QString &problem)
+{
+    m_unfit = m_plan.processors.at(processor).source.node.uuid;
+    return CStatus::failure(problem);
 }
 
 int CSheetSet::begin(int next, int processor) const

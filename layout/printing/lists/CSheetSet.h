@@ -9,6 +9,7 @@
 #include "platform/common/CResult.h"
 
 #include <QCoreApplication>
+#include <QUuid>
 
 #include <functional>
 
@@ -20,8 +21,10 @@ class CSheetSet final
 public:
     /// The sheets in the order in which they are printed, complete with frames and numbers. Fails if the
     /// paper is too small, or no sheet is wanted, and without a reason soon after @p isStopped() is true. The
-    /// dates in @p plan must be valid. Any thread.
-    static CResult<QVector<SSheet>> of(const SPrintPlan &plan, const std::function<bool()> &isStopped = {});
+    /// dates in @p plan must be valid. @p unfit: is set to the processor, if any, whose drawings fail to fit
+    /// on its paper at its scale. Any thread.
+    static CResult<QVector<SSheet>> of(const SPrintPlan &plan, const std::function<bool()> &isStopped = {},
+                                       QUuid *unfit = nullptr);
 
 private:
     using Sheet = PrintConfig::Sheet;
@@ -31,6 +34,7 @@ private:
     static QString problemOf(const SPrintPlan &plan);
     CStatus build();
     CStatus addDrawings();
+    CStatus failure(int processor, const QString &problem);
     /// The overview of several processors.
     QVector<SSheet> joint() const;
     void add(int processor, const QVector<SSheet> &sheets, const QString &entry);
@@ -57,4 +61,5 @@ private:
     QVector<SSheet> m_sheets;
     QVector<int> m_processors; ///< of each sheet; -1: of all
     QVector<SCoverEntry> m_entries;
+    QUuid m_unfit; ///< the processor whose drawings failed
 };
