@@ -25,16 +25,15 @@ constexpr QLatin1Char BeforeTurn('+');
 /// Another one each time: what an earlier run or another process has written of the processor stays.
 QByteArray newName(const QString &folder, const QUuid &processor, const QString &followed)
 {
-    CJournal::SStory story{QUuid::createUuid().toString(QUuid::Id128), 0};
-    if (!followed.isEmpty()) {
-        story = CJournal::storyOf(followed);
-        ++story.turn;
-    }
-    QString name =
-        QStringLiteral("%1/%2-%3").arg(folder, processor.toString(QUuid::WithoutBraces), story.name);
-    if (story.turn > 0)
-        name += BeforeTurn + QString::number(story.turn);
-    return QFile::encodeName(name + CJournal::suffix());
+    const QString start = QStringLiteral("%1/%2-").arg(folder, processor.toString(QUuid::WithoutBraces));
+    if (followed.isEmpty())
+        return QFile::encodeName(start + QUuid::createUuid().toString(QUuid::Id128) + CJournal::suffix());
+    CJournal::SStory story = CJournal::storyOf(followed);
+    QString name;
+    do { // one that could not be read may be there
+        name = start + story.name + BeforeTurn + QString::number(++story.turn) + CJournal::suffix();
+    } while (QFile::exists(name));
+    return QFile::encodeName(name);
 }
 
 } // namespace

@@ -138,6 +138,8 @@ QList<SStrayJournal> CJournalFolder::strays() const
         QString problem;
         stray.lock = locked(path, &problem);
         const bool isOpenElsewhere = !stray.lock && problem.isEmpty();
+        if (isOpenElsewhere && !QFile::exists(path))
+            continue; // somebody has just ended it
         const QString story = CJournal::storyOf(path).name;
         if (story == told) {
             if (stray.lock && !strays.isEmpty() && CJournal::storyOf(strays.last().path).name == story)

@@ -446,7 +446,9 @@ void CJournals::takeHistory(const QUuid &processor, quint64 search, const CStepT
     if (!journal || journal->state().trail().isBegun())
         return;
     CStepTrail &own = journal->state().trail();
+    const bool other = own.hasOther();
     own = trail;
+    own.setOther(other);
     own.limit(mostHistory());
     own.renumber(journal->state().project().layout.ports);
     if (journal->isWritten() && !own.isEmpty())

@@ -176,11 +176,12 @@ void CStepTrail::limit(qint64 bytes)
 /// Where no step counts as saved, nobody knows how many lie between: those that can be undone are counted.
 QString CStepTrail::unsavedText() const
 {
+    const int before = m_saved < 0 ? m_first : m_saved;
     QStringList parts;
-    if (m_saved > m_index)
-        parts << tr("saved steps undone: %1").arg(m_saved - m_index);
-    else if (m_index > std::max(m_saved, 0))
-        parts << tr("unsaved steps: %1").arg(m_index - std::max(m_saved, 0));
+    if (before > m_index)
+        parts << tr("saved steps undone: %1").arg(before - m_index);
+    else if (m_index > before)
+        parts << tr("unsaved steps: %1").arg(m_index - before);
     if (m_other || parts.isEmpty())
         parts << (parts.isEmpty() ? tr("with unsaved changes") : tr("and changes without a step"));
     return parts.join(QLatin1Char(' '));

@@ -32,6 +32,7 @@ public:
     void forgetSaved() { m_saved = -1; }
     /// Whether the layout or what belongs to it, such as the size of the canvas, was changed without a step.
     void setOther(bool any) { m_other = any; }
+    bool hasOther() const { return m_other; }
     /// Drops the oldest steps until the rest takes at most that much memory.
     void limit(qint64 bytes);
 

@@ -97,15 +97,17 @@ private Q_SLOTS:
         const QString file = folder.filePath(QStringLiteral("Orvo.conf"));
         const QString lockFile = file + QStringLiteral(".lock");
         const auto put = [](const QString &name) { return QFile(name).open(QIODevice::WriteOnly); };
-        QVERIFY(put(file) && put(file + QStringLiteral(".GxQVfJ")));
+        const QString backup = file + QStringLiteral(".backup");
+        QVERIFY(put(file) && put(backup) && put(file + QStringLiteral(".GxQVfJ")));
         QVERIFY(put(lockFile) && put(lockFile + QStringLiteral(".rmlock")));
         CAppSettings::removeLeftovers(file);
-        QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList(QStringLiteral("Orvo.conf")));
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files),
+                 QStringList({QStringLiteral("Orvo.conf"), QStringLiteral("Orvo.conf.backup")}));
 
         QLockFile held(lockFile); // somebody is writing
         QVERIFY(held.tryLock(0) && put(file + QStringLiteral(".GxQVfJ")));
         CAppSettings::removeLeftovers(file);
-        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 3);
+        QCOMPARE(QDir(folder.path()).entryList(QDir::Files).size(), 4);
     }
 
     void settingsOutliveTheObject()

@@ -9,6 +9,7 @@
 #include <QSignalSpy>
 
 #include <atomic>
+#include <chrono>
 #include <memory>
 #include <thread>
 
@@ -276,6 +277,9 @@ void CJournalKeeperTest::notesALockAtOnce()
     std::thread([&] { runs.run->handler.commitLayoutData(data); }).join(); // what was handed over late
     const qint64 before = size();
     runs.run->lockPort(project, 1);
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(PatienceMilliseconds);
+    while (size() == before && std::chrono::steady_clock::now() < end) // without events
+        std::this_thread::yield();
     QVERIFY(size() > before);
 }
 

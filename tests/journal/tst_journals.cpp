@@ -301,8 +301,21 @@ void CJournalsTest::offersAStoryOnce()
     QVERIFY(offers(first.strays(), editor));
 
     const QByteArray whole = ProjectSamples::contentOf(last);
-    ProjectSamples::setContent(last, whole.left(100));
-    QCOMPARE(first.strays().size(), 2); // the old one is better than none
+    const QByteArray damaged = whole.left(100);
+    ProjectSamples::setContent(last, damaged);
+    {
+        const QList<SStrayJournal> both = first.strays();
+        QCOMPARE(both.size(), 2); // the old one is better than none
+        CJournals after(first.folder, {});
+        after.adopt(both.at(both.first().journal.isUsable() ? 0 : 1), ownerOf(editor));
+        after.stop();
+        QCOMPARE(ProjectSamples::contentOf(last), damaged); // a newer version of the program may read it
+        for (const QString &name : first.files()) {
+            if (!last.endsWith(name))
+                QVERIFY(QFile::remove(first.folder + QLatin1Char('/') + name));
+        }
+    }
+    ProjectSamples::setContent(old, content);
     ProjectSamples::setContent(last, whole);
     CJournalFolder::remove(first.strays().value(0));
     QVERIFY(first.files().isEmpty());

@@ -74,10 +74,10 @@ private:
     QTemporaryDir m_folder;
     SDocument m_project;
     SDocument m_device;
-    QString m_mapping;      ///< the processor's file
-    QSet<int> m_tableLines; ///< as they may be
-    bool m_exported = false;
-    QByteArray m_last; ///< line
+    QString m_mapping;    ///< the processor's file
+    int m_tableLines = 0; ///< that are there
+    int m_begunLines = 0; ///< that may be, too
+    QByteArray m_last;    ///< line
     QHash<QByteArray, int> m_counts;
 
     /// Takes in what a process says. Returns what is wrong; empty: nothing.
@@ -87,8 +87,9 @@ private:
         m_last = line;
         ++m_counts[words.first()];
         if (words.first() == "exporting")
-            m_tableLines << words.at(1).toInt();
-        m_exported |= words.first() == "exported";
+            m_begunLines = words.at(1).toInt();
+        if (words.first() == "exported")
+            m_tableLines = m_begunLines;
         if (words.size() != 4)
             return words.first() == "failed" ? QString::fromUtf8(line) : QString();
         SDocument &document = words.at(1) == "project" ? m_project : m_device;
@@ -131,8 +132,9 @@ private:
             return project.error();
         const QByteArray table = ProjectSamples::contentOf(CDoomedUser::exportFile(m_folder.path()));
         const int lines = table.count('\n');
-        if (!m_tableLines.contains(lines) && (m_exported || lines != 0))
+        if (lines != m_tableLines && lines != m_begunLines)
             return QStringLiteral("the table has %1 lines").arg(lines);
+        m_tableLines = m_begunLines = lines;
         const QString fault = check("the project", m_project, project.value().layout);
         if (!fault.isEmpty() || (!QFile::exists(m_mapping) && m_device.stored.sure.look.isEmpty()))
             return fault;

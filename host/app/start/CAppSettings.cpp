@@ -58,6 +58,15 @@ bool staysEmpty(const QString &lock)
     return true;
 }
 
+/// Whether Qt has invented the name's end: six letters. Those without a capital may be the user's words.
+bool isTemporary(const QString &name)
+{
+    const QStringRef end = name.rightRef(6);
+    const auto isLetter = [](QChar c) { return c.unicode() < 128 && c.isLetter(); };
+    return std::all_of(end.begin(), end.end(), isLetter) &&
+           std::any_of(end.begin(), end.end(), [](QChar c) { return c.isUpper(); });
+}
+
 } // namespace
 
 CAppSettings::CAppSettings()
@@ -79,8 +88,10 @@ void CAppSettings::removeLeftovers(const QString &file)
     if (!lock.tryLock(0))
         return; // somebody is writing
     const QString temporary = name + QStringLiteral(".??????");
-    for (const QString &leftover : folder.entryList({temporary}, QDir::Files | QDir::Hidden))
-        folder.remove(leftover);
+    for (const QString &leftover : folder.entryList({temporary}, QDir::Files | QDir::Hidden)) {
+        if (isTemporary(leftover))
+            folder.remove(leftover);
+    }
 }
 
 QByteArray CAppSettings::windowGeometry() const
