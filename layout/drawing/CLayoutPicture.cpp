@@ -177,7 +177,8 @@ void paintNames(QPainter &painter, const std::vector<SDrawnPort> &drawn, qreal s
             rects << CCabinetRect::fromRecord(cabinet.rect);
             widest = std::max(widest, rects.last().width());
         }
-        CPortEdge::paint(painter, CPortEdge::of(rects), lookOf(port.port), widest, scale);
+        CPortEdge::paint(painter, CPortEdge::of(rects), lookOf(port.port), widest, scale,
+                         QRectF(-1e9, -1e9, 2e9, 2e9));
     }
     for (const SDrawnPort &port : drawn)
         CPortLabel::paint(painter, lookOf(port.port), scale);

@@ -18,6 +18,8 @@ constexpr qreal TintShare = 0.7;
 constexpr qreal OverloadWidth = 2;
 constexpr qreal OverloadRim = 1;   // on both sides
 constexpr qreal SmallestEdged = 8; // port: of a smaller one nothing else would be seen
+constexpr int MostFarPieces =
+    1024; // cabinets apart from each other have four each, which cover them from afar
 constexpr int MostCabinets = 4096; // of a port in damaged data, each of which might overlap all others
 
 /// The area that a line of @p width takes, @p inset inside the side; @p trim from its ends, so that lines of
@@ -32,8 +34,8 @@ QRectF areaOf(const COutline::SPiece &piece, qreal inset, qreal width, qreal tri
                                                                          : QRectF(at, from, width, length);
 }
 
-/// Pieces that go on in each other as one.
-QVector<COutline::SPiece> joined(const QVector<COutline::SPiece> &pieces)
+/// Pieces that go on in each other as one; those within @p exposed, as wide as @p width.
+QVector<COutline::SPiece> joined(const QVector<COutline::SPiece> &pieces, const QRectF &exposed, qreal width)
 {
     QVector<COutline::SPiece> lines;
     for (const COutline::SPiece &piece : pieces) {
@@ -42,6 +44,11 @@ QVector<COutline::SPiece> joined(const QVector<COutline::SPiece> &pieces)
         else
             lines << piece;
     }
+    lines.erase(std::remove_if(lines.begin(), lines.end(),
+                               [&](const COutline::SPiece &line) {
+                                   return !areaOf(line, 0, width, 0).intersects(exposed);
+                               }),
+                lines.end());
     return lines;
 }
 
@@ -53,12 +60,15 @@ QVector<COutline::SPiece> CPortEdge::of(const QVector<QRectF> &cabinets)
 }
 
 void CPortEdge::paint(QPainter &painter, const QVector<COutline::SPiece> &pieces, const SPortLook &look,
-                      qreal width, qreal scale)
+                      qreal width, qreal scale, const QRectF &exposed)
 {
     if (look.redundant || std::min(look.bounds.width(), look.bounds.height()) * scale < SmallestEdged)
         return;
-    const QVector<COutline::SPiece> lines = joined(pieces);
+    if (pieces.size() > MostFarPieces && CLayoutPainter::isAfar(width, scale))
+        return;
     const qreal pixel = 1 / scale;
+    const QVector<COutline::SPiece> lines =
+        joined(pieces, exposed, (OverloadWidth + 2 * OverloadRim) * pixel);
     if (!CPortLabel::isOverloaded(look)) {
         const QColor color = CPortColors::blended(look.fill, CPortColors::tint(look.fill), TintShare);
         // Beside the cabinets' own borders, which they have on the left and above.

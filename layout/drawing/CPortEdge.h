@@ -17,5 +17,5 @@ public:
     /// Draws @p pieces of the edge; @p width is that of the port's widest cabinet, scales are in device
     /// pixels per canvas pixel. Redundancy ports and very small ones have no edge.
     static void paint(QPainter &painter, const QVector<COutline::SPiece> &pieces, const SPortLook &look,
-                      qreal width, qreal scale);
+                      qreal width, qreal scale, const QRectF &exposed);
 };

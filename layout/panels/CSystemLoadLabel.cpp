@@ -53,6 +53,7 @@ void CSystemLoadLabel::onNotifyProcessorPayloadChanged(int load)
 void CSystemLoadLabel::setLayoutShown(bool shown)
 {
     m_shown = shown;
+    m_overload->setLayoutShown(shown);
     showWorst();
 }
 
@@ -75,7 +76,7 @@ void CSystemLoadLabel::showWorst()
     m_worst->setText(!m_shown    ? dash
                      : worst < 0 ? tr("No output port is in use")
                                  : tr("Highest load: port %1, %2%").arg(worst + 1).arg(load));
-    m_worst->setVisible(load <= 100); // otherwise the other line tells
+    m_worst->setVisible(!m_shown || load <= 100); // otherwise the other line tells
 }
 
 /// The sum behind the load is asked of the host, so only when somebody wants to read it.

@@ -153,7 +153,10 @@ void CWholeModuleWarningWidget::connectSignals()
         Q_EMIT NotifySetPrcBypassModeEnable();
     });
     QList<QKeySequence> keys = QKeySequence::keyBindings(QKeySequence::Undo);
-    keys << QKeySequence(Qt::CTRL | Qt::Key_Y) << QKeySequence::keyBindings(QKeySequence::Redo);
+    const QKeySequence redo(Qt::CTRL | Qt::Key_Y);
+    keys << QKeySequence::keyBindings(QKeySequence::Redo);
+    keys.removeAll(redo); // twice it would be ambiguous
+    keys << redo;
     auto *steps = new QAction(this); // also while the tree has the focus
     steps->setShortcuts(keys);
     addAction(steps);

@@ -47,8 +47,11 @@ void CSceneGestures::cancel()
     if (std::exchange(m_press, std::nullopt))
         m_dragCancelled = true;
     m_stroke.reset();
-    if (m_band)
+    if (m_band) {
+        const QVector<QRectF> shown = bandAreas(m_band->rect());
         m_band->cancel();
+        invalidate(shown);
+    }
     endBand();
 }
 

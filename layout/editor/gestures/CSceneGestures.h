@@ -71,9 +71,9 @@ private:
     /// Whether the mouse has moved farther than a click may.
     bool isBeyondClick(const QPointF &from, const QPointF &to) const;
     void beginDrag(const SPress &press);
-    QVector<QRectF> dragAreas() const; ///< what note and guides of the drag cover
-    QVector<QRectF> bandAreas(const QRectF &band) const;
-    QVector<QRectF> handleAreas() const; ///< its lines
+    QVector<QRectF> dragAreas() const;                   ///< what note and guides of the drag cover
+    QVector<QRectF> bandAreas(const QRectF &band) const; ///< its lines, and the handles
+    QVector<QRectF> handleAreas() const;                 ///< of the selected item
     void invalidate(const QVector<QRectF> &areas);
 
     CGraphicsScene &m_scene;

@@ -296,7 +296,8 @@ const QVector<COutline::SPiece> &CPortOverview::edge() const
     return *m_edge;
 }
 
-void CPortOverview::paintEdge(QPainter &painter, const SPortLook &look, bool anySelected, qreal scale) const
+void CPortOverview::paintEdge(QPainter &painter, const SPortLook &look, const QRectF &exposed,
+                              bool anySelected, qreal scale) const
 {
     QVector<COutline::SPiece> pieces = edge();
     if (anySelected)
@@ -305,7 +306,7 @@ void CPortOverview::paintEdge(QPainter &painter, const SPortLook &look, bool any
                                         return isSelected(m_places.at(piece.rect));
                                     }),
                      pieces.end());
-    CPortEdge::paint(painter, pieces, look, m_widest, scale);
+    CPortEdge::paint(painter, pieces, look, m_widest, scale, exposed);
 }
 
 void CPortOverview::paintFrames(QPainter &painter, const QRectF &exposed, qreal scale) const

@@ -55,7 +55,8 @@ public:
     void paint(QPainter &painter, const CGraphicsPortItem &port, const QVector<QRectF> &exposed, qreal scale,
                int first = 0) const;
     /// Draws the edge around the port except along what is selected, which has a frame of its own.
-    void paintEdge(QPainter &painter, const SPortLook &look, bool anySelected, qreal scale) const;
+    void paintEdge(QPainter &painter, const SPortLook &look, const QRectF &exposed, bool anySelected,
+                   qreal scale) const;
     /// Draws the frames of groups in @p exposed, which are above the cabinets.
     void paintFrames(QPainter &painter, const QRectF &exposed, qreal scale) const;
     /// The number of cabinets and wires that intersect one of the @p exposed rectangles.

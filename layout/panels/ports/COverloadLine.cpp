@@ -12,6 +12,8 @@
 #include <QTimer>
 #include <QToolTip>
 
+#include <utility>
+
 namespace {
 
 constexpr int LineHeight = 20;
@@ -50,18 +52,24 @@ void COverloadLine::scheduleRefresh()
     QTimer::singleShot(0, this, &COverloadLine::refresh);
 }
 
+void COverloadLine::setLayoutShown(bool shown)
+{
+    m_layoutShown = shown;
+    refresh();
+}
+
 void COverloadLine::refresh()
 {
     m_scheduled = false;
-    m_overload = SOverload::shown(m_store);
+    const SOverload before = std::exchange(m_overload, SOverload::shown(m_store));
     setText(m_overload.text());
-    if (accessibleName() != shown()) {
+    if (accessibleName() != shown() || before.ports != m_overload.ports) {
         Q_EMIT notifyOverloadChanged(m_overload);
         setAccessibleName(shown());
         updateGeometry();
         update();
     }
-    setVisible(!m_overload.isEmpty());
+    setVisible(m_layoutShown && !m_overload.isEmpty());
 }
 
 /// The text, and the figure that no colour tells.

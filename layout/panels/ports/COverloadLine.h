@@ -17,6 +17,8 @@ public:
     explicit COverloadLine(CLayoutData &store, QWidget *parent = nullptr);
 
     const SOverload &overload() const { return m_overload; }
+    /// Whether there is a layout in view; without, nothing is told.
+    void setLayoutShown(bool shown);
     /// Shows what the store knows now.
     void refresh();
 
@@ -38,4 +40,5 @@ private:
     CLayoutData &m_store;
     SOverload m_overload;
     bool m_scheduled = false;
+    bool m_layoutShown = true;
 };

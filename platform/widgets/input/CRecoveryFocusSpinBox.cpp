@@ -200,5 +200,6 @@ void CRecoveryFocusSpinBox::recoverFocus()
 
 void CRecoveryFocusSpinBox::tell(const QString &words) const
 {
-    m_words->tell(words);
+    if (m_words)
+        m_words->tell(words);
 }

@@ -56,8 +56,8 @@ private:
     std::optional<int> m_shown; ///< none: mixed
     mutable bool m_typed =
         false; ///< or stepped, since the figure was shown; mutable as fixup() drops what is empty
-    mutable QString m_limit; ///< why what was typed last is not taken as it is; empty: it is
-    CStatusWords *m_words;
+    mutable QString m_limit;        ///< why what was typed last is not taken as it is; empty: it is
+    QPointer<CStatusWords> m_words; // goes to the window that it tells in
     QPointer<QWidget> m_heir;
     bool m_clicked = false;     ///< the focus came by a click
     QPointer<QWidget> m_before; ///< had the focus before a click into the field
