@@ -226,6 +226,7 @@ private Q_SLOTS:
         world.setRole(processor, 0, Port::Primary, 5);
         world.setRole(processor, 5, Port::Redundant, 0);
         world.store.openProcessor(processor);
+        world.host.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{0, 5, true});
         auto *line = world.list.findChild<COverloadLine *>();
         QTRY_COMPARE(line->text(), QStringLiteral("4 output ports are overloaded: 1 to 3, 5"));
         CSignalLog sought(&world.list, &CPortList::notifyPortsSought);

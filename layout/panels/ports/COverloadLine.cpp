@@ -40,6 +40,7 @@ COverloadLine::COverloadLine(CLayoutData &store, QWidget *parent)
     connect(this, &QAbstractButton::clicked, this, [this] { Q_EMIT notifySelectPorts(m_overload.ports); });
     connect(&store, &CLayoutData::notifyProcessorPayloadChanged, this, &COverloadLine::scheduleRefresh);
     connect(&store, &CLayoutData::notifyProcessorPortPayloadChanged, this, &COverloadLine::scheduleRefresh);
+    connect(&store, &CLayoutData::notifyProcessorPortBackup, this, &COverloadLine::scheduleRefresh);
     refresh();
 }
 
