@@ -364,7 +364,8 @@ void CCabinetGraphicsScene::paintLabels(QPainter &painter, const QRectF &exposed
     for (const CGraphicsPortItem *port : content.portItems()) {
         looks << port->look();
         if (port->bounds().intersects(exposed) && !content.isHeld(port->port()))
-            port->overview().paintEdge(painter, looks.last(), exposed, selected.contains(port->port()), scale);
+            port->overview().paintEdge(painter, looks.last(), exposed, selected.contains(port->port()),
+                                       scale);
     }
     for (const SPortLook &look : qAsConst(looks)) {
         const QVector<QRectF> areas = CPortLabel::areas(look, scale);
