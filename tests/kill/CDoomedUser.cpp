@@ -33,6 +33,12 @@ constexpr int TooLongMilliseconds = 1000;
 constexpr int UsualCabinets = 6; // of port 1
 const SWallState anyState{SWallState::AnyPlace, {}};
 
+/// With a group's members.
+bool isSelected(const QGraphicsItem *item)
+{
+    return item && (item->isSelected() || isSelected(item->parentItem()));
+}
+
 template <typename Condition>
 bool waitFor(const Condition &condition)
 {
@@ -97,13 +103,15 @@ QVector<int> CDoomedUser::placesOnScreen() const
     return places;
 }
 
-int CDoomedUser::placeOnScreen() const
+int CDoomedUser::placeOnScreen(int step) const
 {
-    const QVector<int> places = placesOnScreen();
+    int place = NoPlace;
+    for (const QGraphicsItem *item : m_user->canvas()->scene()->items()) {
+        if (item->type() == CabinetItemKind)
+            place = std::min(place, int(item->scenePos().x()) + (step && isSelected(item) ? step : 0));
+    }
     const bool locked = m_user->portName(2).contains(QLatin1String("locked"));
-    return places.isEmpty()
-               ? NoPlace
-               : *std::min_element(places.begin(), places.end()) + (locked ? SWallState::Locked : 0);
+    return place == NoPlace ? NoPlace : place + (locked ? SWallState::Locked : 0);
 }
 
 bool CDoomedUser::show(EDocument document)
@@ -186,11 +194,17 @@ bool CDoomedUser::move()
     const int before = placeOnScreen();
     const int place = before % SWallState::Locked;
     const bool back = place >= FarthestPlace || (place > 0 && m_random.bounded(2));
-    const int wanted = m_selected == Selected::Port ? before + (back ? -1 : 1) : SWallState::AnyPlace;
+    // Port 1 need not hold the first cabinet any more: what was cut is pasted elsewhere.
+    const int wanted =
+        m_selected == Selected::Port ? placeOnScreen(back ? -1 : 1) : int(SWallState::AnyPlace);
     tell("will", m_shown, {wanted, {}});
     press(back ? Qt::Key_Left : Qt::Key_Right);
     tellDone();
-    return wanted < 0 || placeOnScreen() == wanted || complain(QStringLiteral("a key moves nothing"));
+    return wanted < 0 || placeOnScreen() == wanted ||
+           complain(QStringLiteral("a key moves the first cabinet from %1 to %2 instead of %3")
+                        .arg(before)
+                        .arg(placeOnScreen())
+                        .arg(wanted));
 }
 
 bool CDoomedUser::applyPattern()

@@ -49,8 +49,8 @@ private:
     enum class Version { Working, Saved };
     CabinetLayout layoutOf(EDocument document, Version version = Version::Working);
     SWallState stateOf(EDocument document) { return SWallState::of(layoutOf(document)); }
-    QVector<int> placesOnScreen() const; ///< of all cabinets
-    int placeOnScreen() const;
+    QVector<int> placesOnScreen() const;   ///< of all cabinets
+    int placeOnScreen(int step = 0) const; ///< of the first one; @p step of the selected ones presumed
 
     bool start();
     bool restore();
