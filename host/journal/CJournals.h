@@ -2,15 +2,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "host/journal/CJournalFolder.h"
+#include "host/journal/CJournalListeners.h"
 #include "host/journal/CJournalQueue.h"
-#include "host/journal/CTaskThread.h"
+#include "host/journal/CJournalSet.h"
+#include "host/journal/CKeptHistories.h"
 
 #include <QSet>
 
 #include <chrono>
 #include <condition_variable>
-#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -23,11 +23,10 @@
 /// otherwise.
 class CJournals final
 {
-    Q_DECLARE_TR_FUNCTIONS(CJournals)
-
 public:
-    using Tell = std::function<void(const QString &)>;
-    using Arrived = std::function<void(const QUuid &)>;
+    using Tell = CJournalListeners::Tell;
+    using Arrived = CJournalListeners::Arrived;
+    using Work = CJournalSet::Work;
 
     /// @p tell gets texts for the user, @p arrived the processors whose history() came too late; both on any
     /// thread.
@@ -46,8 +45,6 @@ public:
     void begin(const SJournalOwner &owner, const SProcessorProject &state);
     /// Notes an edit of a processor that is known.
     void note(const SEditRecord &record);
-    /// Whether what is noted differs from what is saved.
-    enum class Work { Unsaved, Saved };
     /// Notes a state that is not the result of an edit, if it is another one. If it is saved and there are no
     /// further edits, a crash loses nothing: then there is no file.
     void note(const SJournalOwner &owner, const SProcessorProject &state, Work work = Work::Unsaved);
@@ -89,30 +86,14 @@ private:
     void submit(bool large, const Task &task);
     void submitLater(bool large, const Task &task);
     void carryOut(const Task &task);
-    qint64 mostHistory() const;
-    CJournal *find(const QUuid &processor);
-    void open(const SJournalOwner &owner, const CJournalState &state);
-    void take(const SJournalOwner &owner, const SProcessorProject &state, Work work);
-    void takeOwner(CJournal &journal, const SJournalOwner &owner);
-    void endIfSaved(CJournal &journal, const SProcessorProject &state, Work work);
-    void end(CJournal &journal);
-    void endUnedited(CJournal &journal);
-    void tellUnkept(const SJournalOwner &owner, const QString &problem);
-    void change(CJournal &journal, int entry, const QByteArray &content);
-    void tellAbout(const CJournal &journal);
-    void tell(const QString &text);
-    bool endWithin(std::optional<std::chrono::milliseconds> patience);
-    void keepHistoryLater(const CJournal &journal);
-    void findHistoryLater(const SJournalOwner &owner);
-    void takeHistory(const QUuid &processor, quint64 search, const CStepTrail &trail);
     bool isLargeToBegin(const QUuid &processor);
+    bool endWithin(std::optional<std::chrono::milliseconds> patience);
+    void takeFound(const CKeptHistories::SFound &found);
 
     void run();
     bool isReady(const QUuid &processor) const;
     void tellArrived(Lock &lock);
-    void tend();
     void confirm(Lock &lock);
-    bool isUnsynced() const;
 
     const CJournalFolder m_folder;
 
@@ -126,6 +107,8 @@ private:
     QSet<QUuid> m_edited;
     std::map<QUuid, SRestored> m_restored; // without edits since
 
+    CJournalListeners m_listeners;
+
     std::mutex m_mutex; // guards what follows
     std::condition_variable m_wake;
     std::condition_variable m_idle;
@@ -133,20 +116,11 @@ private:
     Clock::time_point m_nextTurn; // of what is done once a while
     bool m_stopped = false;
     bool m_ended = false; // the thread uses nothing any more but the lock
-    bool m_keepHistory = true;
-    bool m_toldBroken = false;
-    QSet<QUuid> m_late; // whose history was asked for in vain
-    qint64 m_historyBytes;
+    QSet<QUuid> m_late;   // whose history was asked for in vain
 
     // Under the lock while nothing runs, else the thread's.
-    std::map<QUuid, std::unique_ptr<CJournal>> m_journals;
-    std::map<QUuid, quint64> m_searches; // for kept histories, which are under way; with their numbers
-    quint64 m_lastSearch = 0;
+    CKeptHistories m_histories;
+    CJournalSet m_journals;
 
-    std::mutex m_tellMutex; // guards what follows; taken last
-    Tell m_tell;
-    Arrived m_arrived;
-
-    CTaskThread m_chores; // kept histories, which may wait for the disk; use no journal
     std::thread m_thread; // last
 };
