@@ -1,0 +1,126 @@
+// SPDX-FileCopyrightText: 2026 Velmarinth
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/harness/CTestBase.h"
+#include "tests/journal/SJournalWorld.h"
+#include "tests/projects/ProjectSamples.h"
+
+/// Histories of saved projects, and which of their steps count as saved.
+class CKeptHistoriesTest final : public CTestBase
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void keepsTheHistoryOfAFile();
+    void waitsForNoHistory();
+    void forgetsWhatWasSavedOnceTheFileHasChanged();
+};
+
+void CKeptHistoriesTest::keepsTheHistoryOfAFile()
+{
+    CRecordingEditor editor = smallEditor();
+    SJournalWorld world;
+    const QString file = world.root.filePath(QStringLiteral("wall.sprj"));
+    const SJournalOwner owner = ownerOf(editor, file);
+    world.journals.begin(owner, editor.project());
+    world.journals.note(editor.edit(QStringLiteral("one")));
+    world.journals.note(editor.edit(QStringLiteral("two")));
+    ProjectSamples::setContent(file, "saved");
+    editor.save();
+    world.journals.settle(owner);
+    world.journals.sync();
+    QVERIFY(world.strays().isEmpty()); // only the history is left
+    SJournal history;
+    QVERIFY(world.journals.folder().findHistory(file, history) == CJournalFolder::Kept::Same);
+    CJournals next(world.folder, {});
+    next.beginOpened(owner, editor.project());
+    QVERIFY(sameHistory(next.history(owner.processor), editor.history()));
+    SProcessorProject other = editor.project();
+    other.layout.ports.clear();
+    next.beginOpened(owner, other); // leads elsewhere
+    QVERIFY(next.history(owner.processor).steps.isEmpty());
+    next.setHistory(false, 100000);
+    next.sync();
+    QVERIFY(world.files().isEmpty());
+    next.setHistory(true, 100000);
+    next.begin(owner, editor.project());
+    next.note(editor.edit(QStringLiteral("three")));
+    next.settle(owner);
+    next.sync();
+    ProjectSamples::setContent(file, "changed");
+    world.journals.beginOpened(owner, editor.project());
+    QVERIFY(world.journals.history(owner.processor).steps.isEmpty());
+    QCOMPARE(world.toldCount(), 1);
+    QVERIFY(world.files().isEmpty());
+}
+
+void CKeptHistoriesTest::waitsForNoHistory()
+{
+    CRecordingEditor editor = smallEditor();
+    CSwitchedDisk disk;
+    SJournalWorld world;
+    const QString file = world.root.filePath(QStringLiteral("wall.sprj"));
+    const SJournalOwner owner = ownerOf(editor, file);
+    const QUuid processor = owner.processor;
+    world.journals.begin(owner, editor.project());
+    world.journals.note(editor.edit(QStringLiteral("one")));
+    ProjectSamples::setContent(file, "saved");
+    editor.save();
+    disk.held = ".history";
+    world.journals.settle(owner);
+    CRecordingEditor other = smallEditor(2);
+    SJournalOwner another = ownerOf(other);
+    another.processor = QUuid::createUuid();
+    world.journals.begin(another, other.project());
+    SEditRecord record = other.edit(QStringLiteral("other"));
+    record.processor = another.processor;
+    const int before = disk.syncs;
+    world.journals.note(record);
+    QTRY_VERIFY(disk.syncs > before); // confirmed nevertheless
+    world.journals.beginOpened(owner, editor.project());
+    QVERIFY(world.journals.history(processor).steps.isEmpty());
+    QCOMPARE(world.arrived.load(), 0);
+    disk.held = nullptr;
+    QTRY_COMPARE(world.arrived.load(), 1);
+    QVERIFY(world.journals.isUnedited(processor));
+    QVERIFY(sameHistory(world.journals.history(processor), editor.history()));
+    world.journals.note(editor.edit(QStringLiteral("two")));
+    world.journals.stop();
+    QList<SStrayJournal> strays = world.strays();
+    QCOMPARE(strays.size(), 2);
+    if (strays.first().journal.owner.processor != processor)
+        strays.takeFirst();
+    disk.held = ".journal~new"; // what was read is at hand at once
+    CJournals next(world.folder, {});
+    next.adopt(strays.first(), ownerOf(editor));
+    const SEditHistory adopted = next.history(processor);
+    disk.held = nullptr;
+    QVERIFY(sameHistory(adopted, editor.history()));
+}
+
+void CKeptHistoriesTest::forgetsWhatWasSavedOnceTheFileHasChanged()
+{
+    for (const bool changed : {false, true}) {
+        CRecordingEditor editor = smallEditor();
+        SJournalWorld first;
+        const QString file = first.root.filePath(QStringLiteral("wall.sprj"));
+        ProjectSamples::setContent(file, "saved");
+        SJournalOwner owner = ownerOf(editor, file);
+        owner.stamp = SFileStamp::of(file);
+        first.journals.begin(owner, editor.project());
+        first.journals.note(editor.edit(QStringLiteral("one")));
+        editor.save();
+        first.journals.note(editor.edit(QStringLiteral("two")));
+        first.journals.stop();
+        if (changed)
+            ProjectSamples::setContent(file, "changed elsewhere");
+        CJournals next(first.folder, {});
+        const SStrayJournal stray = first.strays().value(0);
+        next.adopt(stray, stray.journal.owner);
+        const SEditHistory history = next.history(owner.processor);
+        QCOMPARE(history.steps.size(), 2);
+        QCOMPARE(history.saved, changed ? -1 : 1);
+    }
+}
+
+ORVO_TEST_MAIN(QCoreApplication, CKeptHistoriesTest)
+#include "tst_kept_histories.moc"
