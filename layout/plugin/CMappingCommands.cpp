@@ -9,6 +9,8 @@
 
 #include <QPointer>
 
+#include <utility>
+
 namespace {
 
 using Host = ILayoutInterfaceHandler;
@@ -26,6 +28,7 @@ CMappingCommands::CMappingCommands(CLayoutData &store, QWidget &messageParent)
     : m_store(store)
     , m_messageParent(messageParent)
 {
+    connect(&store, &CLayoutData::notifyDetectFinished, this, &CMappingCommands::endUnanswered);
 }
 
 QString CMappingCommands::refusalForAll() const
@@ -38,7 +41,7 @@ QString CMappingCommands::refusalForAll() const
 
 void CMappingCommands::readMapping(ReadSaveMappingRole role, const SMappingOptions &options, Ended ended)
 {
-    const auto done = whenDone(ended, tr("Read mapping successful."), tr("Read mapping failed."));
+    const auto done = whenDone({ended, tr("Read mapping successful."), tr("Read mapping failed.")});
     Q_EMIT notifyStarted();
     // The host compares what it reads with what the editor shows.
     if (!CHostAccess::call<&Host::readMapping>(role, options, done))
@@ -51,7 +54,7 @@ void CMappingCommands::saveMapping(ReadSaveMappingRole role, Ended ended)
         ended(false);
         return;
     }
-    const auto done = whenDone(ended, tr("Save mapping successful."), tr("Save mapping failed."));
+    const auto done = whenDone({ended, tr("Save mapping successful."), tr("Save mapping failed.")});
     Q_EMIT notifyStarted();
     const auto save = [this, role, done](Host &host) { host.saveMapping(role, m_store.layoutData(), done); };
     if (!CHostAccess::call(save))
@@ -78,15 +81,40 @@ bool CMappingCommands::mayBeOverloaded(ReadSaveMappingRole role)
                                 overloads.join(QLatin1Char('\n')));
 }
 
-std::function<void(const SDeviceOutcome &)>
-CMappingCommands::whenDone(const Ended &ended, const QString &success, const QString &failure)
+std::function<void(const SDeviceOutcome &)> CMappingCommands::whenDone(const SAsked &asked)
 {
-    return [self = QPointer<CMappingCommands>(this), ended, success, failure](const SDeviceOutcome &outcome) {
-        if (!self)
-            return;
-        ended(outcome.isDone());
-        self->report(outcome, success, failure);
+    const int number = ++m_lastNumber;
+    m_asked.emplace(number, asked);
+    return [self = QPointer<CMappingCommands>(this), number](const SDeviceOutcome &outcome) {
+        if (self)
+            self->end(number, outcome);
     };
+}
+
+void CMappingCommands::end(int number, const SDeviceOutcome &outcome)
+{
+    const auto found = m_asked.find(number);
+    if (found == m_asked.end())
+        return; // was answered before
+    const SAsked asked = found->second;
+    m_asked.erase(found);
+    asked.ended(outcome.isDone());
+    report(outcome, asked.success, asked.failure);
+}
+
+void CMappingCommands::endUnanswered()
+{
+    if (m_asked.empty())
+        return;
+    QList<QUuid> processors;
+    for (const ProcessorTree::ProcessorNode &node : CHostAccess::call<&Host::processors>())
+        processors << node.uuid;
+    if (CHostAccess::call<&Host::areProcessorsBusy>(processors))
+        return;
+    const std::map<int, SAsked> unanswered = std::exchange(m_asked, {});
+    for (const auto &asked : unanswered)
+        asked.second.ended(false);
+    report({SDeviceOutcome::Failed, tr("There was no answer.")}, {}, unanswered.begin()->second.failure);
 }
 
 void CMappingCommands::report(const SDeviceOutcome &outcome, const QString &success, const QString &failure)

@@ -6,6 +6,8 @@
 
 #include <QObject>
 
+#include <map>
+
 class CLayoutData;
 class QWidget;
 
@@ -27,13 +29,24 @@ Q_SIGNALS:
     void notifyStarted(); ///< the user wants a mapping read or saved
 
 private:
+    /// What the host was asked for.
+    struct SAsked
+    {
+        Ended ended;
+        QString success;
+        QString failure;
+    };
+
     /// Asks whether an overloaded mapping shall be saved all the same; true without an overload.
     bool mayBeOverloaded(ReadSaveMappingRole role);
     /// The callback for the host, called at the end.
-    std::function<void(const SDeviceOutcome &)> whenDone(const Ended &ended, const QString &success,
-                                                         const QString &failure);
+    std::function<void(const SDeviceOutcome &)> whenDone(const SAsked &asked);
+    void end(int number, const SDeviceOutcome &outcome);
+    void endUnanswered();
     void report(const SDeviceOutcome &outcome, const QString &success, const QString &failure);
 
     CLayoutData &m_store;
     QWidget &m_messageParent;
+    std::map<int, SAsked> m_asked; // and not answered, by number
+    int m_lastNumber = 0;
 };

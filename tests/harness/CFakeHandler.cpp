@@ -67,8 +67,10 @@ void CFakeHandler::end(Lock lock, Done done)
         return;
     }
     const SDeviceOutcome ended = m_fails ? SDeviceOutcome{SDeviceOutcome::Failed, error} : outcome;
+    const int times = answers;
     lock.unlock();
-    done(ended);
+    for (int i = 0; i < times; ++i)
+        done(ended);
 }
 
 void CFakeHandler::endWaiting(const SDeviceOutcome &ended)
@@ -76,8 +78,10 @@ void CFakeHandler::endWaiting(const SDeviceOutcome &ended)
     Lock lock(m_mutex);
     const Done done = m_waiting.front();
     m_waiting.erase(m_waiting.begin());
+    const int times = answers;
     lock.unlock();
-    done(ended);
+    for (int i = 0; i < times; ++i)
+        done(ended);
 }
 
 bool CFakeHandler::areProcessorsOnline(const QList<QUuid> &processors) const
@@ -129,6 +133,8 @@ CFakeHandler::Node CFakeHandler::processorOfCabinet(const QUuid &cabinet) const
 void CFakeHandler::commitLayoutData(const LayoutData &data)
 {
     const auto lock = note(__func__, data.processor);
+    if (m_fails)
+        return;
     QHash<QUuid, int> places; // the host's own, see ILayoutInterfaceHandler
     for (const Port &port : layouts.value(data.processor).layout.ports) {
         for (const Port::Cabinet &cabinet : port.getAllCabinets())

@@ -68,6 +68,7 @@ public:
     SMappingOptions readOptions;           ///< the argument of readMapping()
     ReadSaveMappingRole role{};            ///< of the last read or save
     bool answerLater = false;              ///< reads and saves wait for CFakeHost::endWaiting()
+    int answers = 1;                       ///< how often a read or save is answered
     std::function<bool(QString)> fails;    ///< whether this call of an operation goes wrong
     std::function<void(QString)> onCalled; ///< called with each call's text, on the calling thread
 
