@@ -17,9 +17,10 @@
 
 namespace {
 
-constexpr int FullLoad = 100;   // percent
-constexpr qreal PlateGap = 4;   // device pixels
-constexpr qreal TwoPlates = 29; // least height of a cabinet with one above the other, device pixels
+constexpr int FullLoad = 100;       // percent
+constexpr qreal PlateGap = 4;       // device pixels
+constexpr qreal FarthestPlate = 64; // beyond a port that has room for most of it, device pixels
+constexpr qreal TwoPlates = 29;     // least height of a cabinet with one above the other, device pixels
 
 const QColor OutlinedFill(31, 31, 36);
 
@@ -264,6 +265,12 @@ void CPortLabel::paint(QPainter &painter, const SPortLook &look, qreal scale)
     for (const SPlate &plate : platesOf(look, scale))
         paintPlate(painter, look, plate);
     painter.restore();
+}
+
+bool CPortLabel::mayReach(const SPortLook &look, const QRectF &exposed, qreal scale)
+{
+    const qreal beyond = FarthestPlate / scale;
+    return look.bounds.adjusted(-beyond, -beyond, beyond, beyond).intersects(exposed);
 }
 
 QVector<QRectF> CPortLabel::areas(const SPortLook &look, qreal scale)

@@ -38,6 +38,8 @@ class CPortLabel final
 {
 public:
     static void paint(QPainter &painter, const SPortLook &look, qreal scale);
+    /// Whether a label may reach into @p exposed, at little cost.
+    static bool mayReach(const SPortLook &look, const QRectF &exposed, qreal scale);
     /// What paint() covers, in canvas pixels.
     static QVector<QRectF> areas(const SPortLook &look, qreal scale);
 

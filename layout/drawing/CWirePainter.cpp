@@ -36,7 +36,9 @@ QPen plainPen(int length)
     const qreal share = (length - ShortestWire) / (ShortestDashed - ShortestWire);
     QColor color = WireColor;
     color.setAlphaF(0.25 + 0.55 * qBound(0.0, share, 1.0));
-    return cosmeticPen(color, 1);
+    QPen pen = cosmeticPen(color, 1);
+    pen.setCapStyle(Qt::FlatCap); // so that no pixel between two lines is drawn twice
+    return pen;
 }
 
 /// Of an arrow head, relative to the usual size.
@@ -86,6 +88,24 @@ void paintArrow(QPainter &painter, const QLineF &line, qreal scale)
     painter.setRenderHint(QPainter::Antialiasing, smooth);
 }
 
+/// Whether @p next goes straight on, along an axis, from where @p line ends.
+bool goesOn(const QLineF &line, const QLineF &next)
+{
+    if (line.p2() != next.p1())
+        return false;
+    return (line.dx() == 0 && next.dx() == 0 && line.dy() * next.dy() > 0) ||
+           (line.dy() == 0 && next.dy() == 0 && line.dx() * next.dx() > 0);
+}
+
+/// Of straight runs a single line: to begin one takes longer than to draw it.
+void addPlain(QVector<QLineF> &lines, const QLineF &line)
+{
+    if (!lines.isEmpty() && goesOn(lines.last(), line))
+        lines.last().setP2(line.p2());
+    else
+        lines << line;
+}
+
 } // namespace
 
 const QPen &CWirePainter::pen()
@@ -126,7 +146,7 @@ void CWirePainter::paint(QPainter &painter, const QVector<QLineF> &lines, qreal 
         if (!isPlain(length, scale))
             paint(painter, line, scale);
         else if (length * scale >= ShortestWire)
-            plain[int(length * scale)] << line;
+            addPlain(plain[int(length * scale)], line);
     }
     for (auto same = plain.cbegin(); same != plain.cend(); ++same) {
         painter.setPen(plainPen(same.key()));

@@ -124,8 +124,15 @@ bool CDoomedUser::show(EDocument document)
                placesOnScreen().size() == current->working.layout().cabinetCount() && // which differ
                placeOnScreen() == stateOf(document).place;
     };
-    return (m_user->clickInTree(name) && waitFor(isShown)) ||
-           complain(name + QStringLiteral(" is not shown"));
+    if (m_user->clickInTree(name) && waitFor(isShown))
+        return true;
+    const auto current = m_user->window().manager().table().currentDevice();
+    return complain(QStringLiteral("%1 is not shown but %2, %3 cabinets from %4 on instead of %5 from %6 on")
+                        .arg(name, current ? current->node.name : QStringLiteral("nothing"))
+                        .arg(m_user->canvas() ? placesOnScreen().size() : -1)
+                        .arg(m_user->canvas() ? placeOnScreen() : -1)
+                        .arg(layoutOf(document).cabinetCount())
+                        .arg(stateOf(document).place));
 }
 
 bool CDoomedUser::selectPort()

@@ -71,6 +71,12 @@ void CSceneSelection::note(CGraphicsItemBase &item, bool selected)
         m_items.remove(item.port());
 }
 
+int CSceneSelection::count(int port) const
+{
+    const auto found = m_items.constFind(port);
+    return found == m_items.constEnd() ? 0 : found->size();
+}
+
 void CSceneSelection::count(const CGraphicsItemBase &item, int change)
 {
     m_uuids.clear();

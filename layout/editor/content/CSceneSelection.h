@@ -22,6 +22,7 @@ public:
     void note(CGraphicsItemBase &item, bool selected);
 
     int count() const { return m_count; }
+    int count(int port) const; ///< of a port
     bool isEmpty() const { return m_count == 0; }
     QSet<CGraphicsItemBase *> items() const;
     /// Selected items in the order of their records, so that results never depend on the order of selecting.

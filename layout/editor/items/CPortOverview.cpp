@@ -10,6 +10,7 @@
 #include "layout/editor/items/CGraphicsConnectionItem.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
 #include "layout/editor/items/CGraphicsPortItem.h"
+#include "layout/editor/items/IEditorScene.h"
 
 #include <algorithm>
 #include <array>
@@ -72,12 +73,15 @@ bool isSelected(const CPortOverview::SPlace &place)
     return place.cabinet->isSelected() || (place.group && place.group->isSelectedWithGroups());
 }
 
+enum class Selection { None, Some, All };
+
 /// The colours of a port's cabinets, mixed once for each look: nearly all cabinets are of one width.
 class CFarPalette final
 {
 public:
-    CFarPalette(const CGraphicsPortItem &port, qreal scale)
-        : m_scale(scale)
+    CFarPalette(const CGraphicsPortItem &port, Selection selection, qreal scale)
+        : m_selection(selection)
+        , m_scale(scale)
     {
         m_state.fill = port.fill();
         m_state.redundant = port.isShownRedundant();
@@ -94,13 +98,17 @@ public:
                 m_colors[look] = SCabinetColors::of(m_state, m_width * m_scale);
             }
         }
-        return m_colors[(isSelected(place) ? Selected : 0) | (place.highlighted ? Highlighted : 0) |
+        // The items are read only if they differ: they are scattered in memory.
+        const bool selected =
+            m_selection == Selection::Some ? isSelected(place) : m_selection == Selection::All;
+        return m_colors[(selected ? Selected : 0) | (place.highlighted ? Highlighted : 0) |
                         (place.wired ? 0 : Unwired)];
     }
 
 private:
     enum ELook { Selected = 1, Highlighted = 2, Unwired = 4, LookCount = 8 };
 
+    const Selection m_selection;
     SCabinetState m_state;
     qreal m_scale;
     qreal m_width = -1;
@@ -251,7 +259,12 @@ void CPortOverview::paint(QPainter &painter, const CGraphicsPortItem &port, cons
                           qreal scale, int first) const
 {
     const CExposure exposure(exposed, m_extent);
-    CFarPalette palette(port, scale);
+    const int selected = port.editor().selectedCount(port.port());
+    CFarPalette palette(port,
+                        selected == 0                 ? Selection::None
+                        : selected == m_places.size() ? Selection::All
+                                                      : Selection::Some,
+                        scale);
     CFarRow row(painter, scale);
     const bool marksCustom = port.marksCustomCabinets();
     for (int i = first; i < m_places.size(); ++i) {

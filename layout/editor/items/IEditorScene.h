@@ -18,4 +18,6 @@ public:
     virtual IItemNotes &notes() = 0;
     /// Null if no input is installed: then items ignore the mouse.
     virtual IItemMouse *mouse() = 0;
+    /// How many cabinets and groups of a port are selected by themselves.
+    virtual int selectedCount(int port) const = 0;
 };

@@ -368,6 +368,8 @@ void CCabinetGraphicsScene::paintLabels(QPainter &painter, const QRectF &exposed
                                        scale);
     }
     for (const SPortLook &look : qAsConst(looks)) {
+        if (!CPortLabel::mayReach(look, exposed, scale))
+            continue;
         const QVector<QRectF> areas = CPortLabel::areas(look, scale);
         if (std::any_of(areas.begin(), areas.end(),
                         [&exposed](const QRectF &area) { return area.intersects(exposed); }))

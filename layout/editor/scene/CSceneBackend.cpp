@@ -139,6 +139,11 @@ IEditing &CSceneBackend::editing()
     return m_parts->batches;
 }
 
+int CSceneBackend::selectedCount(int port) const
+{
+    return m_parts->selection.count(port);
+}
+
 IItemMouse *CSceneBackend::mouse()
 {
     return m_input;

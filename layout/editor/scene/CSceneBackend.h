@@ -71,6 +71,7 @@ public:
     IEditing &editing() override;
     IItemNotes &notes() override { return *this; }
     IItemMouse *mouse() override;
+    int selectedCount(int port) const override;
 
 private:
     struct SParts;
