@@ -192,6 +192,8 @@ void CMainWindow::connectDevices()
         statusBar()->showMessage(text + QLatin1Char(' ') + sharedFolderText(), MessageMilliseconds);
     });
     connect(announcer, &CDeviceAnnouncer::notifyProcessorsChanged, this, &CMainWindow::updateActions);
+    connect(announcer, &CDeviceAnnouncer::notifyTold, statusBar(),
+            [this](const QString &words) { statusBar()->showMessage(words, MessageMilliseconds); });
     connect(announcer, &CDeviceAnnouncer::notifyTypeLibraryRequested, this,
             [](QWidget *parent) { CTypeLibraryDialog(CTypeLibrary::builtIn(), parent).exec(); });
     connect(announcer, &CDeviceAnnouncer::notifyScreenRequested, this, [this](bool shown) {

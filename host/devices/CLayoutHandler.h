@@ -135,7 +135,8 @@ private:
     SDevice known(const QUuid &processor) const; ///< a default record for an unknown key
     QList<QUuid> concerned(ReadSaveMappingRole role) const;
     static void tellNobody(const Done &done); ///< reports to @p done that there is no processor to work with
-    bool told(const CStatus &status);         ///< stores the reason of a failure for lastError()
+    void refuse(const LayoutData &data);
+    bool told(const CStatus &status); ///< stores the reason of a failure for lastError()
 
     CDeviceServices &m_services;
     CDeviceJobs &m_jobs;

@@ -14,6 +14,8 @@
 
 #include <QDir>
 
+#include <algorithm>
+
 void CLayoutHandler::showScreen(bool shown)
 {
     m_services.announcer().requestScreen(shown);
@@ -33,7 +35,7 @@ void CLayoutHandler::commitLayoutData(const LayoutData &data)
     if (data.layout.ports.isEmpty())
         return; // nothing was shown that could have been edited
     if (m_services.announcer().isReplacing(data.processor))
-        return; // edits of what is not there any more
+        return refuse(data);
     bool overloaded = false;
     m_services.table().changeLayout(
         data.processor,
@@ -50,6 +52,20 @@ void CLayoutHandler::commitLayoutData(const LayoutData &data)
         m_services.announcer().notify(LayoutNotification::PortLoadsChanged,
                                       SPortLoadChange{data.processor, -1});
     m_services.announcer().announceState();
+}
+
+/// Edits of what is not there any more. If it is what has replaced it, nothing was edited.
+void CLayoutHandler::refuse(const LayoutData &data)
+{
+    using Port = CabinetLayout::CabinetPort;
+    const SDevice device = known(data.processor);
+    const QVector<Port> &now = device.working.layout().ports;
+    const auto same = [](const Port &a, const Port &b) {
+        return a.index == b.index && a.locked == b.locked && LayoutData::comparePortData(a, b, true);
+    };
+    if (!std::equal(now.begin(), now.end(), data.layout.ports.begin(), data.layout.ports.end(), same))
+        m_services.announcer().announceWords(device.failureText(
+            tr("The last edit came while the layout was being replaced, and is not in it.")));
 }
 
 bool CLayoutHandler::exportProcessorMapping(const QUuid &processor, const QString &file)

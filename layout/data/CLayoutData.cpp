@@ -178,14 +178,22 @@ void CLayoutData::syncLayoutData(bool atOnce)
 
 void CLayoutData::handOver(EWhen when, EWhat what)
 {
-    const QUuid processor = m_states.editable();
+    const QUuid processor = m_states.edited();
     if (!m_source || processor.isNull())
         return;
+    std::optional<CProcessorStates::SEdit> edit;
     CabinetLayout edited;
-    m_source->getLayoutData(edited, processor);
-    const auto edit = m_states.takeEdit(edited);
-    if (!edit)
+    if (m_states.editable() == processor) {
+        m_source->getLayoutData(edited, processor);
+        edit = m_states.takeEdit(edited);
+    }
+    if (!edit) {
+        if (what == Everything)
+            m_states.loseEdit(processor, LostEdit::Other);
+        else if (when == Later) // else somebody only asks for what waits
+            m_states.loseEdit(processor, LostEdit::Step);
         return;
+    }
     Q_EMIT notifyEdited(edit->known, edited, edit->changedPorts);
     const bool any = what == Everything || !edit->changedPorts.isEmpty() || m_handOver.isPending(processor);
     if (when == AtOnce && !any)
@@ -193,7 +201,7 @@ void CLayoutData::handOver(EWhen when, EWhat what)
     if (when == AtOnce)
         m_handOver.handOverNow(edit->data);
     else
-        m_handOver.handOverLater(edit->data);
+        m_handOver.handOverLater(edit->data, !edit->changedPorts.isEmpty());
     if (!edit->changedPorts.isEmpty())
         m_dispatch->post(CNotificationDispatch::PortLoadsKey,
                          [this, ports = edit->changedPorts] { loadsMayDiffer(ports); });

@@ -39,6 +39,7 @@ class CLayoutData final : public QObject,
 
 public:
     using Port = CabinetLayout::CabinetPort;
+    using LostEdit = CProcessorStates::LostEdit;
     using TypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
 
     CLayoutData();
@@ -108,6 +109,9 @@ public:
     /// thread.
     void syncLayoutData(bool atOnce);
     void flushEdits() override { syncLayoutData(true); }
+    /// The edit of @p processor that came too late since the last call, because the host was replacing the
+    /// layout.
+    LostEdit takeLostEdit(const QUuid &processor) { return m_states.takeLostEdit(processor); }
 
     /// Asks the host for a port's load. If it changed, announces it for the port and its redundancy port,
     /// with @p withProcessor also the processor's load if that changed. Returns whether the port's changed.

@@ -33,15 +33,26 @@ void CLayoutHandOver::handOverNow(const LayoutData &data)
         post(data, newest, true);
 }
 
-void CLayoutHandOver::handOverLater(const LayoutData &data)
+void CLayoutHandOver::handOverLater(const LayoutData &data, bool edited)
 {
-    post(data, number(data.processor), false);
+    const quint64 newest = number(data.processor);
+    if (edited) {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        m_edited[data.processor] = newest;
+    }
+    post(data, newest, false);
 }
 
 bool CLayoutHandOver::isPending(const QUuid &processor) const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     return m_newest.value(processor) > m_handedOver.value(processor);
+}
+
+bool CLayoutHandOver::isEditPending(const QUuid &processor) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_edited.value(processor) > m_handedOver.value(processor);
 }
 
 void CLayoutHandOver::drop(const QUuid &processor)

@@ -24,11 +24,14 @@ public:
 
     /// Hands @p data over before returning; deferred layouts of the processor are dropped. GUI thread.
     void handOverNow(const LayoutData &data);
-    /// Hands @p data over after a short delay, unless a newer layout comes first. GUI thread.
-    void handOverLater(const LayoutData &data);
+    /// Hands @p data over after a short delay, unless a newer layout comes first. @p edited: it differs from
+    /// what the host has. GUI thread.
+    void handOverLater(const LayoutData &data, bool edited);
 
     /// Whether a deferred layout of @p processor has not reached the host yet.
     bool isPending(const QUuid &processor) const;
+    /// The same of a layout that was edited.
+    bool isEditPending(const QUuid &processor) const;
     /// Drops the deferred layouts of @p processor.
     void drop(const QUuid &processor);
 
@@ -43,6 +46,7 @@ private:
     const std::function<bool()> m_followUpWanted;
     mutable std::mutex m_mutex;         // guards the numbers
     QHash<QUuid, quint64> m_newest;     // number of the newest layout of each processor
+    QHash<QUuid, quint64> m_edited;     // number of the newest one that was edited
     QHash<QUuid, quint64> m_handedOver; // number of the newest one that reached the host or was dropped
     quint64 m_lastNumber = 0;
     std::mutex m_commitMutex; // one hand-over at a time

@@ -189,6 +189,7 @@ void CProcessorStates::remove(const QUuid &processor)
 {
     const CWriteLocker locker(m_lock);
     m_states.erase(processor);
+    m_lostEdits.remove(processor);
     if (processor == m_edited)
         m_edited = QUuid();
     if (processor != m_current)
@@ -201,6 +202,7 @@ void CProcessorStates::clear()
 {
     const CWriteLocker locker(m_lock);
     m_states.clear();
+    m_lostEdits.clear();
     m_current = m_edited = QUuid();
     m_currentPort = {};
 }
@@ -222,6 +224,18 @@ void CProcessorStates::outdateEdits(const QUuid &processor)
 {
     const CWriteLocker locker(m_lock);
     m_editsOutdated = m_editsOutdated || (processor == m_edited && !processor.isNull());
+}
+
+void CProcessorStates::loseEdit(const QUuid &processor, LostEdit edit)
+{
+    const CWriteLocker locker(m_lock);
+    m_lostEdits[processor] = edit;
+}
+
+CProcessorStates::LostEdit CProcessorStates::takeLostEdit(const QUuid &processor)
+{
+    const CWriteLocker locker(m_lock);
+    return m_lostEdits.take(processor);
 }
 
 QUuid CProcessorStates::editable() const

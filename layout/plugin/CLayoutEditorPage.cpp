@@ -112,8 +112,24 @@ void CLayoutEditorPage::reload()
         m_view->clearLayout();
     else
         m_view->showLayout(m_processor, layout, keptHistory());
+    tellLostEdit();
     m_ports->onNotifyProcessorStateChanged();
     showBackground(m_store.background());
+}
+
+/// A step is before that of the host's layout, unless the history has ended with it.
+void CLayoutEditorPage::tellLostEdit()
+{
+    using LostEdit = CLayoutData::LostEdit;
+    const LostEdit lost = m_store.takeLostEdit(m_processor.uuid);
+    if (lost == LostEdit::None)
+        return;
+    const CEditHistory *history = m_view->history();
+    const bool kept = lost == LostEdit::Step && history && history->stack().canUndo();
+    m_view->cabinetScene().backend().batches().tell(
+        kept ? tr("The last edit came while the layout was being replaced, and is not in it: undo leads back "
+                  "to it.")
+             : tr("The last edit came while the layout was being replaced, and is lost."));
 }
 
 SKeptHistory CLayoutEditorPage::keptHistory() const

@@ -72,6 +72,7 @@ private:
     void connectPorts();
     void connectChangesWithoutStep();
     void markSaved();
+    void tellLostEdit();
     SKeptHistory keptHistory() const; ///< of the processor shown
     void showBackground(const SBackgroundInfo &info, bool canvasSizeChanged = false);
     void showRedundancy();

@@ -287,8 +287,10 @@ private Q_SLOTS:
         LayoutData before = host.handler.layoutData(host.lobby);
         host.manager.simulate(host.lobby, SimulationFault::Changed, true);
         CHastyEditor editor(host, before);
+        QSignalSpy told(&host.manager.announcer(), &CDeviceAnnouncer::notifyTold);
         QVERIFY(host.read(host.lobby).isDone());
         QTRY_VERIFY(editor.hasHandedOver);
+        QTRY_COMPARE(told.count(), 1);
         QVERIFY(!host.manager.table().isModified(host.lobby));
         QVERIFY(host.layoutOf(host.lobby) != before.layout);
         host.edit(host.lobby);

@@ -173,6 +173,58 @@ private Q_SLOTS:
         QCOMPARE(world.records().first().kind, SEditRecord::Cleared);
     }
 
+    void anEditDuringAReplacementIsTold_data()
+    {
+        QTest::addColumn<QString>("edit");
+        QTest::addColumn<bool>("samePorts");
+        QTest::addColumn<QString>("told");
+        const QString undo = QStringLiteral("undo leads back to it.");
+        QTest::addRow("none") << QString() << true << QString();
+        QTest::addRow("not handed over yet") << QStringLiteral("before") << true << undo;
+        QTest::addRow("of the old layout") << QStringLiteral("after") << true << undo;
+        QTest::addRow("not to be undone") << QStringLiteral("before") << false << QStringLiteral("is lost.");
+        QTest::addRow("a lock") << QStringLiteral("lock") << true << QStringLiteral("is lost.");
+    }
+
+    void anEditDuringAReplacementIsTold()
+    {
+        QFETCH(const QString, edit);
+        QFETCH(const bool, samePorts);
+        QFETCH(const QString, told);
+        SHistoryWorld world;
+        const CNotedWords noted(world.view());
+        CabinetLayout edited;
+        const auto nudge = [&world, &edited] {
+            world.nudge(0);
+            edited = world.layout();
+        };
+        if (edit == QLatin1String("before"))
+            nudge();
+        CabinetLayout &replaced = world.answers()->layouts[world.a].layout;
+        replaced.ports[2].groups[0].cabinets[0].rect.translate(500, 0);
+        if (!samePorts)
+            replaced.ports.removeLast();
+        world.host.notify(LayoutNotification::LayoutReplaced, world.a);
+        if (edit == QLatin1String("after"))
+            nudge();
+        if (edit == QLatin1String("lock"))
+            world.store.setPortLocked(0, true);
+        QTRY_COMPARE(world.rows().size(),
+                     (samePorts ? 2 : 1) + (samePorts && !edited.ports.isEmpty() ? 1 : 0));
+        if (edit.isEmpty()) { // what the first replacement has changed is not the user's
+            world.answers()->layouts[world.a].layout.ports[1].groups[0].cabinets[0].rect.translate(0, 50);
+            world.host.notify(LayoutNotification::LayoutReplaced, world.a);
+            QTRY_COMPARE(world.rows().size(), 3);
+        }
+        const QString words = noted.words.join(QLatin1Char(' '));
+        QCOMPARE(words.isEmpty(), told.isEmpty());
+        QVERIFY2(words.endsWith(told), qPrintable(words));
+        if (!told.startsWith(QLatin1String("undo")))
+            return;
+        world.scene().undo(nullptr);
+        QCOMPARE(world.layout(), edited);
+    }
+
     void aLayoutChangedOutOfViewClearsTheHistory()
     {
         SHistoryWorld world;

@@ -53,6 +53,11 @@ bool CDeviceAnnouncer::isReplacing(const QUuid &processor) const
     return m_replacing.contains(processor);
 }
 
+void CDeviceAnnouncer::announceWords(const QString &words)
+{
+    m_mailbox.post([this, words] { Q_EMIT notifyTold(words); });
+}
+
 void CDeviceAnnouncer::announceStatusLed(const QUuid &processor, bool on)
 {
     m_mailbox.post([this, processor, on] { Q_EMIT notifyStatusLedChanged(processor, on); });

@@ -39,6 +39,7 @@ public:
     void announceLayout(const QUuid &processor); ///< the host has replaced the working layout
     /// Whether that is still on its way to the modules, so that their edits belong to the layout before.
     bool isReplacing(const QUuid &processor) const;
+    void announceWords(const QString &words); ///< something that the user should know
     void announceStatusLed(const QUuid &processor, bool on);
     void announceHighlight(const QUuid &processor, const Cabinets &cabinets, CabinetHighlight highlight);
 
@@ -56,6 +57,7 @@ Q_SIGNALS:
     void notifyProcessorsChanged();                             ///< added, removed, renamed, or state changed
     void notifyCurrentProcessorChanged(const QUuid &processor); ///< null: none
     void notifyLayoutCommitted(const QUuid &processor);
+    void notifyTold(const QString &words); ///< for the status bar
     void notifyScreenRequested(bool shown);
     void notifyTypeLibraryRequested(QWidget *parent);
     /// The cabinets highlighted on the wall, instead of the previous ones.
