@@ -99,8 +99,11 @@ void CRecoveryCommands::discard(CRecoveryDialog &dialog, int entry)
             : tr("Discard these edits? They cannot be restored then.");
     if (!CMessageBox::confirm(&dialog, question, offer.line()))
         return;
-    CJournalKeeper::discard(offer);
-    dialog.takeOut(entry);
+    const CStatus discarded = CJournalKeeper::discard(offer);
+    if (discarded)
+        dialog.takeOut(entry);
+    else
+        CMessageBox::warning(&dialog, tr("The edits cannot be discarded."), discarded.error());
 }
 
 void CRecoveryCommands::applyHistory()

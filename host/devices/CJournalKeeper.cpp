@@ -328,7 +328,7 @@ CResult<QUuid> CJournalKeeper::look(const SStrayJournal &stray)
     return opened;
 }
 
-void CJournalKeeper::discard(const SStrayJournal &stray)
+CStatus CJournalKeeper::discard(const SStrayJournal &stray)
 {
-    CJournalFolder::remove(stray);
+    return CJournalFolder::remove(stray);
 }

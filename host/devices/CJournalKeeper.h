@@ -43,7 +43,7 @@ public:
     CResult<QUuid> restore(const SStrayJournal &stray, const CProjectShelf::AskHeld &ask = {});
     /// Opens a copy as a project without a file. What is offered stays as it is.
     CResult<QUuid> look(const SStrayJournal &stray);
-    static void discard(const SStrayJournal &stray);
+    [[nodiscard]] static CStatus discard(const SStrayJournal &stray);
 
     /// Whether the edits of a processor would be offered after a crash.
     bool keeps(const QUuid &processor) const;

@@ -132,6 +132,7 @@ void CJournal::finishNew()
     m_file = std::move(m_new);
     m_new.reset();
     m_last = m_lastNew;
+    m_unsynced = true; // its name
     m_broken = false;
     m_error.clear();
 }
@@ -140,8 +141,8 @@ void CJournal::confirm(const Handle &file)
 {
     if (m_new == file)
         finishNew();
-    if (m_file == file && !m_broken)
-        removeSuperseded();
+    else if (m_file == file && !m_broken)
+        removeLeft();
 }
 
 QVector<CJournal::Handle> CJournal::takeUnsynced()
@@ -157,9 +158,9 @@ QVector<CJournal::Handle> CJournal::takeUnsynced()
 
 void CJournal::removeFile()
 {
-    removeSuperseded(); // first: without this file they would be offered again
-    if (m_file || m_broken)
-        CFileSystem::current().unlink(m_path);
+    removeLeft(); // first: without this file they would be offered again
+    if (m_file && !remove(m_path, m_file))
+        supersede(m_path, m_file);
     if (m_new || m_broken)
         CFileSystem::current().unlink(newPath());
     m_file.reset();
@@ -188,18 +189,21 @@ CJournal::SStory CJournal::storyOf(const QString &file)
     return {name.left(turn).section(QLatin1Char('-'), -1), turn < 0 ? 0 : name.midRef(turn + 1).toInt()};
 }
 
-void CJournal::removeSuperseded()
+void CJournal::removeLeft()
 {
-    for (const auto &[path, lock] : m_superseded)
-        remove(path, lock);
-    m_superseded.clear();
+    const auto isRemoved = [](const std::pair<QByteArray, Handle> &left) {
+        return remove(left.first, left.second);
+    };
+    m_superseded.erase(std::remove_if(m_superseded.begin(), m_superseded.end(), isRemoved),
+                       m_superseded.end());
 }
 
-void CJournal::remove(const QByteArray &path, const Handle &lock)
+bool CJournal::remove(const QByteArray &path, const Handle &lock)
 {
     struct stat locked = {};
     struct stat named = {};
     if (lock && fstat(lock->descriptor(), &locked) == 0 && stat(path.constData(), &named) == 0 &&
         locked.st_dev == named.st_dev && locked.st_ino == named.st_ino)
-        CFileSystem::current().unlink(path);
+        return CFileSystem::current().unlink(path) == 0;
+    return true;
 }

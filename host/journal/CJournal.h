@@ -54,8 +54,11 @@ public:
     bool hasUnsynced() const { return m_unsynced; }
     /// The disk did not confirm what was written.
     void fail(const QString &why);
-    /// Removes the file. The state stays.
+    /// Removes the file. The state stays. What the disk does not let go is among what removeLeft() removes.
     void removeFile();
+    /// Tries again to remove what is neither this journal's file nor needed any more.
+    void removeLeft();
+    bool hasLeft() const { return !m_superseded.empty(); }
     /// Another journal's file, kept locked by @p lock, is to be removed as soon as the disk holds this one's
     /// or it is needed no more.
     void supersede(const QByteArray &path, const Handle &lock);
@@ -67,8 +70,9 @@ public:
         int turn = 0;
     };
     static SStory storyOf(const QString &file);
-    /// Removes the file that @p lock keeps from others, if it still has that name.
-    static void remove(const QByteArray &path, const Handle &lock);
+    /// Removes the file that @p lock keeps from others, if it still has that name. False: the disk refuses,
+    /// see errno.
+    static bool remove(const QByteArray &path, const Handle &lock);
 
     static constexpr qint64 LargestFile = 1024 * 1024 * 1024; ///< bytes that are read
     static QString suffix() { return QStringLiteral(".journal"); }
@@ -78,7 +82,6 @@ private:
     Handle create(const QByteArray &path);
     bool put(const Handle &file, const QByteArray &bytes);
     void finishNew();
-    void removeSuperseded();
 
     const QByteArray m_path;
     SJournalOwner m_owner;

@@ -126,7 +126,7 @@ QList<SStrayJournal> CJournalFolder::strays() const
 {
     for (const QString &path : files(newSuffix)) {
         if (locked(path)) // else it is being written
-            QFile::remove(path);
+            CFileSystem::current().unlink(QFile::encodeName(path));
     }
     QList<SStrayJournal> strays;
     QStringList paths = files(CJournal::suffix());
@@ -159,11 +159,18 @@ QList<SStrayJournal> CJournalFolder::strays() const
     return strays;
 }
 
-void CJournalFolder::remove(const SStrayJournal &stray)
+CStatus CJournalFolder::remove(const SStrayJournal &stray)
 {
-    for (const auto &[path, lock] : stray.followed) // first: without the other they would be offered again
-        CJournal::remove(path, lock);
-    CJournal::remove(QFile::encodeName(stray.path), stray.lock);
+    const auto failure = [](const QString &path) {
+        return CStatus::failure(
+            tr("%1 cannot be removed: %2.").arg(CSafeFile::quoted(path), CSafeFile::systemReason()));
+    };
+    for (const auto &[path, lock] : stray.followed) { // first: without the other they would be offered again
+        if (!CJournal::remove(path, lock))
+            return failure(QFile::decodeName(path));
+    }
+    return CJournal::remove(QFile::encodeName(stray.path), stray.lock) ? CStatus::done()
+                                                                       : failure(stray.path);
 }
 
 QString CJournalFolder::historyFile(const QString &projectFile) const
@@ -192,7 +199,10 @@ QString CJournalFolder::keepHistory(SJournalOwner owner, const CJournalState &st
     CFileHandle file(unfinished, O_WRONLY | O_CREAT | O_EXCL, FileMode);
     const bool written = file.isOpen() && file.lock(LOCK_EX | LOCK_NB) && file.write(content) &&
                          file.sync() && CFileSystem::current().rename(unfinished, path) == 0;
-    const QString problem = written ? QString() : CSafeFile::systemReason();
+    const QString problem =
+        written ? QString()
+                : tr("%1 cannot be written: %2.")
+                      .arg(CSafeFile::quoted(historyFile(owner.file)), CSafeFile::systemReason());
     if (!written)
         CFileSystem::current().unlink(unfinished);
     QStringList all = files(historySuffix);
@@ -206,13 +216,13 @@ QString CJournalFolder::keepHistory(SJournalOwner owner, const CJournalState &st
 
 void CJournalFolder::dropHistory(const QString &projectFile) const
 {
-    QFile::remove(historyFile(projectFile));
+    CFileSystem::current().unlink(QFile::encodeName(historyFile(projectFile)));
 }
 
 void CJournalFolder::dropHistories() const
 {
     for (const QString &path : files(historySuffix))
-        QFile::remove(path);
+        CFileSystem::current().unlink(QFile::encodeName(path));
 }
 
 CJournalFolder::Kept CJournalFolder::findHistory(const QString &projectFile, SJournal &history) const
@@ -220,13 +230,18 @@ CJournalFolder::Kept CJournalFolder::findHistory(const QString &projectFile, SJo
     CSafeFile::Found found = CSafeFile::Nothing;
     const CResult<QByteArray> content =
         CSafeFile::read(historyFile(projectFile), CJournal::LargestFile, &found);
+    const auto unread = [&history](const QString &reason) {
+        history = SJournal::unreadable(reason);
+        return Kept::Unread;
+    };
     if (!content)
-        return Kept::None;
+        return found == CSafeFile::Nothing ? Kept::None : unread(content.error());
     history = SJournal::read(content.value());
     if (history.problem != SJournal::None)
-        return Kept::None;
-    const QByteArray digest = digestOf(projectFile);
+        return unread(history.problemText());
+    QString problem;
+    const QByteArray digest = digestOf(projectFile, &problem);
     if (digest.isEmpty()) // it cannot be read now, which says nothing of what it holds
-        return Kept::None;
+        return unread(problem);
     return history.owner.fileDigest == digest ? Kept::Same : Kept::Changed;
 }

@@ -43,17 +43,18 @@ public:
     /// last one that can be restored, and later ones. Removes what killed processes left half written. Those
     /// that cannot be restored or read are there, too.
     QList<SStrayJournal> strays() const;
-    /// Removes its file and those that it followed, unless they are no longer those that are locked.
-    static void remove(const SStrayJournal &stray);
+    /// Removes its file and those that it followed, unless they are no longer those that are locked. Fails if
+    /// the disk refuses; then it is still offered.
+    [[nodiscard]] static CStatus remove(const SStrayJournal &stray);
 
     /// Keeps the history of a project that was saved; @p owner names the file. Returns why it failed; empty:
     /// it did not.
     QString keepHistory(SJournalOwner owner, const CJournalState &state) const;
     void dropHistory(const QString &projectFile) const;
     void dropHistories() const; ///< of all projects
-    enum class Kept { None, Same, Changed };
+    enum class Kept { None, Same, Changed, Unread };
     /// Finds the history that belongs to a project file. Changed: the file is no longer the one that was
-    /// saved.
+    /// saved. Unread: the history has the reason, as text for the user.
     Kept findHistory(const QString &projectFile, SJournal &history) const;
 
     static QString defaultPath();

@@ -11,6 +11,7 @@
 #include <QFile>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -202,9 +203,19 @@ void CJournalSet::settle(const SJournalOwner &owner)
 void CJournalSet::drop(const QUuid &processor)
 {
     m_histories.endSearch(processor);
-    if (CJournal *journal = find(processor))
-        journal->removeFile();
-    m_journals.erase(processor);
+    const auto found = m_journals.find(processor);
+    if (found == m_journals.end())
+        return;
+    found->second->removeFile();
+    if (found->second->hasLeft())
+        m_dropped.push_back(std::move(found->second));
+    m_journals.erase(found);
+}
+
+void CJournalSet::dropAll()
+{
+    m_journals.clear();
+    m_dropped.clear();
 }
 
 void CJournalSet::takeHistory(const QUuid &processor, const CStepTrail &kept)
@@ -241,7 +252,9 @@ void CJournalSet::tend()
 {
     for (const auto &entry : m_journals) {
         CJournal &journal = *entry.second;
-        if (journal.isBroken()) {
+        if (!journal.isInUse()) {
+            removeLeft(journal);
+        } else if (journal.isBroken()) {
             if (m_folder.make())
                 journal.beginNew(); // the disk must confirm it
         } else if (journal.isOutgrown()) {
@@ -249,6 +262,20 @@ void CJournalSet::tend()
             tellAbout(journal);
         }
     }
+    for (const auto &journal : m_dropped)
+        removeLeft(*journal);
+    const auto isGone = [](const auto &journal) { return !journal->hasLeft(); };
+    m_dropped.erase(std::remove_if(m_dropped.begin(), m_dropped.end(), isGone), m_dropped.end());
+}
+
+/// Once for all processors.
+void CJournalSet::removeLeft(CJournal &journal)
+{
+    journal.removeLeft();
+    if (!journal.hasLeft() || std::exchange(m_toldLeft, true))
+        return;
+    m_listeners.tell(tr("Edits of %1 that are saved or discarded cannot be removed: they are offered again.")
+                         .arg(journal.owner().name));
 }
 
 bool CJournalSet::hasUnsynced() const

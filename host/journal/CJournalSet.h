@@ -37,7 +37,7 @@ public:
     void noteLook(const SJournalOwner &owner, const SProcessorProject &state, Work work);
     void settle(const SJournalOwner &owner);
     void drop(const QUuid &processor);
-    void dropAll() { m_journals.clear(); } ///< files stay
+    void dropAll(); ///< files stay
     /// Steps that were noted already do not follow those that were kept: then these are not taken.
     void takeHistory(const QUuid &processor, const CStepTrail &kept);
     SEditHistory history(const QUuid &processor) const;
@@ -45,7 +45,8 @@ public:
     /// Whether the next change of a processor writes a whole layout that is large.
     bool isLargeToBegin(const QUuid &processor) const;
     bool isLargeToTend() const;
-    /// Begins new files in place of those that are too large or could not be written.
+    /// Begins new files in place of those that are too large or could not be written, and removes what could
+    /// not be removed.
     void tend();
     /// Memory has run out while something was noted. The files that are begun now are right again with the
     /// next state that is noted.
@@ -70,11 +71,14 @@ private:
     void endIfSaved(CJournal &journal, const SProcessorProject &state, Work work);
     void change(CJournal &journal, int entry, const QByteArray &content);
     void tellAbout(const CJournal &journal);
+    void removeLeft(CJournal &journal);
 
     const CJournalFolder &m_folder;
     CJournalListeners &m_listeners;
     CKeptHistories &m_histories;
     std::map<QUuid, std::unique_ptr<CJournal>> m_journals;
+    std::vector<std::unique_ptr<CJournal>> m_dropped; // but their files could not be removed
     qint64 m_historyBytes;
     bool m_toldBroken = false;
+    bool m_toldLeft = false;
 };

@@ -6,6 +6,7 @@
 
 #include <QFile>
 
+#include <algorithm>
 #include <fcntl.h>
 #include <new>
 #include <utility>
@@ -269,16 +270,21 @@ void CJournals::run()
                 lock, [this, &task] { carryOut(task); }, large);
             tellArrived(lock);
         } else if (Clock::now() >= m_nextTurn) {
+            m_nextTurn = Clock::time_point::max();
             m_queue.run(
                 lock, [this] { carryOut([this] { m_journals.tend(); }); }, m_journals.isLargeToTend());
             tellArrived(lock);
             confirm(lock);
-            m_nextTurn = Clock::now() + Turn;
+            confirm(lock);                                          // the names of new files
+            m_nextTurn = std::min(m_nextTurn, Clock::now() + Turn); // one may be wanted meanwhile
         } else {
             m_wake.wait_until(lock, m_nextTurn);
         }
     }
-    confirm(lock);
+    m_queue.run(
+        lock, [this] { carryOut([this] { m_journals.tend(); }); }, true); // what failed may succeed now
+    while (m_journals.hasUnsynced())
+        confirm(lock);
     m_journals.dropAll();
     m_ended = true;
     m_idle.notify_all();
@@ -321,7 +327,10 @@ void CJournals::confirm(Lock &lock)
                 entry.problem = CSafeFile::systemReason();
         }
     }
-    CFileHandle(QFile::encodeName(m_folder.path()), O_RDONLY | O_DIRECTORY).syncNames();
+    if (!CFileHandle(QFile::encodeName(m_folder.path()), O_RDONLY | O_DIRECTORY).syncNames()) {
+        for (CJournalSet::SUnsynced &entry : written)
+            entry.problem = CSafeFile::systemReason();
+    }
     lock.lock();
     m_queue.setSyncing(false);
     m_queue.run(

@@ -69,6 +69,8 @@ CKeptHistories::SFound CKeptHistories::find(const SJournalOwner &owner, quint64 
     } catch (const std::bad_alloc &) {
         m_listeners.tell(tr("There is not enough memory for the earlier steps of %1.").arg(owner.name));
     }
+    if (kept == CJournalFolder::Kept::Unread)
+        m_listeners.tell(tr("The earlier steps of %1 cannot be undone: %2").arg(owner.name, history.reason));
     if (kept == CJournalFolder::Kept::Changed) {
         m_folder.dropHistory(owner.file);
         m_listeners.tell(tr("%1 was changed elsewhere: its earlier steps cannot be undone.").arg(owner.name));

@@ -82,6 +82,7 @@ private Q_SLOTS:
     void whatIsLookedAtStays();
     void whatCannotBeReadIsTold();
     void whatCannotBeReadNowStays();
+    void whatCannotBeDiscardedStays();
     void anOpenProjectIsAskedFor();
     void theCrashIsReportedInTheOffer();
 };
@@ -184,6 +185,22 @@ void CRecoveryTest::whatCannotBeReadNowStays()
         QVERIFY(!buttonOf(dialog, QStringLiteral("Restore"))->isEnabled());
         QVERIFY(!buttonOf(dialog, QStringLiteral("Discard..."))->isEnabled());
     }
+}
+
+void CRecoveryTest::whatCannotBeDiscardedStays()
+{
+    const CFaultyFileSystem disk({"unlink", 1, EIO, true});
+    SBench bench;
+    bench.leave("Arena", true);
+    CMessageBoxAnswerer user({QStringLiteral("Yes"), QStringLiteral("OK")});
+    inOffer([](CRecoveryDialog &dialog) {
+        buttonOf(dialog, QStringLiteral("Discard..."))->click();
+        QCOMPARE(dialog.findChild<QListWidget *>()->count(), 1);
+        dialog.reject();
+    });
+    bench.commands.offerAtStart();
+    QCOMPARE(user.boxes().size(), 2);
+    QVERIFY(user.boxes().last().details.contains(bench.journals));
 }
 
 void CRecoveryTest::anOpenProjectIsAskedFor()

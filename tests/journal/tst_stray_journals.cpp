@@ -81,7 +81,7 @@ void CStrayJournalsTest::offersAStoryOnce()
     }
     ProjectSamples::setContent(old, content);
     ProjectSamples::setContent(last, whole);
-    CJournalFolder::remove(first.strays().value(0));
+    QVERIFY(CJournalFolder::remove(first.strays().value(0)));
     QVERIFY(first.files().isEmpty());
 }
 
@@ -143,7 +143,7 @@ void CStrayJournalsTest::sharesNoFile()
     SStrayJournal renamed = first.strays().value(0);
     renamed.path += QStringLiteral(".old");
     ProjectSamples::setContent(renamed.path, "of somebody else");
-    CJournalFolder::remove(renamed);
+    QVERIFY(CJournalFolder::remove(renamed));
     QCOMPARE(first.files().size(), 4);
     QFile::remove(renamed.path);
     renamed.lock.reset();

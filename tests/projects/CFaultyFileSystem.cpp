@@ -22,9 +22,13 @@ CFaultyFileSystem::~CFaultyFileSystem()
 
 bool CFaultyFileSystem::fails(const char *call)
 {
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_calls << call;
-    const int number = m_calls.count(call);
-    if (m_fault.call != call || number < m_fault.number || (number > m_fault.number && !m_fault.onward))
+    const bool any = m_fault.call == "any";
+    const int number = any ? m_calls.size() : m_calls.count(call);
+    const bool isIt =
+        number == m_fault.number || number == m_fault.second || (m_fault.onward && number > m_fault.number);
+    if (!isIt || (!any && m_fault.call != call))
         return false;
     m_failed = true;
     errno = m_fault.reason;

@@ -63,7 +63,7 @@ SCommandOutcome restore(const CJournalFolder &folder, const SStrayJournal &stray
                         QTextStream &out)
 {
     if (!stray.journal.isUsable())
-        return SCommandOutcome::badInput(stray.journal.problemText());
+        return SCommandOutcome::badInput(stray.line());
     CFileLock lock(file);
     if (lock.take() == CFileLock::Held)
         return SCommandOutcome::held(file, lock.holder());
@@ -78,8 +78,10 @@ SCommandOutcome restore(const CJournalFolder &folder, const SStrayJournal &stray
         return SCommandOutcome::badInput(
             CRecoverCommand::tr("the edits are still offered, because their history cannot be kept: %1")
                 .arg(problem));
-    CJournalFolder::remove(stray);
-    return {};
+    const CStatus removed = CJournalFolder::remove(stray);
+    return removed ? SCommandOutcome()
+                   : SCommandOutcome::badInput(
+                         CRecoverCommand::tr("the edits are still offered: %1").arg(removed.error()));
 }
 
 } // namespace
@@ -108,7 +110,7 @@ SCommandOutcome CRecoverCommand::run(const QStringList &arguments, QTextStream &
     if (restores)
         return restore(folder, *stray, given.file(0), out);
     if (!stray->journal.mayBeDiscarded())
-        return SCommandOutcome::badInput(stray->journal.problemText());
-    CJournalFolder::remove(*stray);
-    return {};
+        return SCommandOutcome::badInput(stray->line());
+    const CStatus removed = CJournalFolder::remove(*stray);
+    return removed ? SCommandOutcome() : SCommandOutcome::badInput(removed.error());
 }
