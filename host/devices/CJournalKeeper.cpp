@@ -264,10 +264,15 @@ CResult<QUuid> CJournalKeeper::restore(const SStrayJournal &stray, const CProjec
         return restoreWaiting(owner.processor) ? owner.processor : QUuid();
     }
     m_restoring = true;
-    CResult<QUuid> opened = m_projects.restore(stray.journal.state.project(), owner.file, owner.stamp, ask);
+    bool changed = false;
+    CResult<QUuid> opened =
+        m_projects.restore(stray.journal.state.project(), owner.file, owner.stamp, ask, changed);
     m_restoring = false;
+    SStrayJournal restored = stray;
+    if (changed)
+        restored.journal.state.trail().forgetSaved();
     if (opened)
-        adopt(opened.value(), stray);
+        adopt(opened.value(), restored);
     for (const QUuid &processor : std::exchange(m_later, {}))
         take(processor, Cause::Host, Editor::Leave);
     return opened;

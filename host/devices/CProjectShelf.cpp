@@ -117,7 +117,7 @@ CProjectShelf::Opened CProjectShelf::add(const SProcessorProject &project)
 }
 
 CProjectShelf::Opened CProjectShelf::restore(const SProcessorProject &project, const QString &file,
-                                             const SFileStamp &stamp, const AskHeld &ask)
+                                             const SFileStamp &stamp, const AskHeld &ask, bool &changed)
 {
     const Lock lock = file.isEmpty() ? nullptr : std::make_shared<CFileLock>(file);
     CFileLock::Outcome outcome = CFileLock::Impossible;
@@ -135,7 +135,11 @@ CProjectShelf::Opened CProjectShelf::restore(const SProcessorProject &project, c
     if (how == Held::Cancel)
         return QUuid();
     const QString readOnly = how == Held::ReadOnly ? readOnlyBecauseOf(lock->holder()) : QString();
-    const Opened added = CBackgroundCall::result([&] { return readd(project, file, stamp, readOnly); });
+    const Opened added = CBackgroundCall::result([&] {
+        const Opened restored = readd(project, file, stamp, readOnly);
+        changed = !file.isEmpty() && SFileStamp::of(file) != stamp; // last: what was read is of that stamp
+        return restored;
+    });
     if (added && lock)
         m_locks.insert(added.value(), lock);
     return announced(added);

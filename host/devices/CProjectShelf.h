@@ -53,9 +53,10 @@ public:
     CResult<QUuid> add(const SProcessorProject &project);
     /// Opens a project as it was when the program ended unexpectedly. Its file, which may be missing, tells
     /// what is unsaved; @p stamp is that of the file when the edits began. Returns its key. If somebody else
-    /// has the file open, @p ask says what to do, as for open(); without @p ask it is read only.
+    /// has the file open, @p ask says what to do, as for open(); without @p ask it is read only. @p changed
+    /// learns whether the file is another one since.
     CResult<QUuid> restore(const SProcessorProject &project, const QString &file, const SFileStamp &stamp,
-                           const AskHeld &ask = {});
+                           const AskHeld &ask, bool &changed);
     /// Writes a processor's layout and settings, including pending edits of a module. A project belongs to
     /// that file from then on, and is renamed to @p newName unless that is empty. @p how, which may be null,
     /// says what may be overwritten, and learns what kept it from that.

@@ -201,8 +201,6 @@ void CJournals::adopt(const SStrayJournal &stray, const SJournalOwner &owner)
 {
     know(owner.processor);
     CJournalState state = stray.journal.state;
-    if (!owner.file.isEmpty() && SFileStamp::of(owner.file) != owner.stamp)
-        state.trail().forgetSaved(); // the file was changed since
     state.trail().renumber(state.project().layout.ports);
     m_restored[owner.processor] = {state.trail(), state.project().layout.ports};
     submitLater(isLarge(state.project().layout.cabinetCount()), [this, stray, owner, state] {

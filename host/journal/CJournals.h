@@ -56,7 +56,8 @@ public:
     /// The processor is gone, or its edits are to be forgotten.
     void drop(const QUuid &processor);
     void dropAll();
-    /// Goes on with a journal of another run, whose file is taken over.
+    /// Goes on with a journal of another run, whose file is taken over. Looks at no other file: what the
+    /// journal says to be saved must be so.
     void adopt(const SStrayJournal &stray, const SJournalOwner &owner);
     /// Begins with a project that was opened, in the state of its file, and its kept history if that still
     /// belongs to the file and arrives before the first edit.

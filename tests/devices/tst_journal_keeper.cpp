@@ -3,6 +3,7 @@
 #include "host/journal/CPortCodec.h"
 #include "tests/devices/CDeviceFixture.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/projects/ProjectSamples.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -110,6 +111,7 @@ class CJournalKeeperTest final : public CTestBase
 
 private Q_SLOTS:
     void restoresAProject();
+    void noStepOfAnotherFileCountsAsSaved();
     void restoresAProcessorOnceItIsDetected();
     void restoresOneOfTwoJournalsOfAProcessor();
     void asksBeforeItSavesRestoredEditsOverAnotherMapping();
@@ -158,6 +160,22 @@ void CJournalKeeperTest::restoresAProject()
     QCOMPARE(elsewhere.take(), CFileLock::Taken);
     const QUuid second = runs.keeper().restore(runs.offer()).value();
     QVERIFY(!runs.run->manager.table().device(second)->readOnly.isEmpty());
+}
+
+void CJournalKeeperTest::noStepOfAnotherFileCountsAsSaved()
+{
+    for (const bool changed : {false, true}) {
+        SRuns runs;
+        runs.edit(runs.savedProject(), 1, 0);
+        if (changed)
+            ProjectSamples::setContent(runs.file(), "of somebody else");
+        runs.start();
+        const CResult<QUuid> restored = runs.keeper().restore(runs.offer());
+        QVERIFY(restored);
+        const SEditHistory history = runs.run->handler.editHistory(restored.value());
+        QCOMPARE(history.steps.size(), 1);
+        QCOMPARE(history.saved, changed ? -1 : 0);
+    }
 }
 
 void CJournalKeeperTest::restoresAProcessorOnceItIsDetected()

@@ -4,7 +4,7 @@
 #include "tests/journal/SJournalWorld.h"
 #include "tests/projects/ProjectSamples.h"
 
-/// Histories of saved projects, and which of their steps count as saved.
+/// Histories of saved projects.
 class CKeptHistoriesTest final : public CTestBase
 {
     Q_OBJECT
@@ -12,7 +12,6 @@ class CKeptHistoriesTest final : public CTestBase
 private Q_SLOTS:
     void keepsTheHistoryOfAFile();
     void waitsForNoHistory();
-    void forgetsWhatWasSavedOnceTheFileHasChanged();
 };
 
 void CKeptHistoriesTest::keepsTheHistoryOfAFile()
@@ -95,31 +94,6 @@ void CKeptHistoriesTest::waitsForNoHistory()
     const SEditHistory adopted = next.history(processor);
     disk.held = nullptr;
     QVERIFY(sameHistory(adopted, editor.history()));
-}
-
-void CKeptHistoriesTest::forgetsWhatWasSavedOnceTheFileHasChanged()
-{
-    for (const bool changed : {false, true}) {
-        CRecordingEditor editor = smallEditor();
-        SJournalWorld first;
-        const QString file = first.root.filePath(QStringLiteral("wall.sprj"));
-        ProjectSamples::setContent(file, "saved");
-        SJournalOwner owner = ownerOf(editor, file);
-        owner.stamp = SFileStamp::of(file);
-        first.journals.begin(owner, editor.project());
-        first.journals.note(editor.edit(QStringLiteral("one")));
-        editor.save();
-        first.journals.note(editor.edit(QStringLiteral("two")));
-        first.journals.stop();
-        if (changed)
-            ProjectSamples::setContent(file, "changed elsewhere");
-        CJournals next(first.folder, {});
-        const SStrayJournal stray = first.strays().value(0);
-        next.adopt(stray, stray.journal.owner);
-        const SEditHistory history = next.history(owner.processor);
-        QCOMPARE(history.steps.size(), 2);
-        QCOMPARE(history.saved, changed ? -1 : 1);
-    }
 }
 
 ORVO_TEST_MAIN(QCoreApplication, CKeptHistoriesTest)
