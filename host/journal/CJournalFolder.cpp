@@ -191,6 +191,8 @@ QString CJournalFolder::keepHistory(SJournalOwner owner, const CJournalState &st
     owner.fileDigest = digestOf(owner.file, &unread);
     if (owner.fileDigest.isEmpty())
         return unread;
+    if (SFileStamp::of(owner.file) != owner.stamp)
+        return {}; // somebody has replaced it since
     quint64 last = 0;
     const QByteArray content = SJournal::write(owner, state, last);
     const QByteArray path = QFile::encodeName(historyFile(owner.file));

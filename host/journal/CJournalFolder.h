@@ -47,8 +47,8 @@ public:
     /// the disk refuses; then it is still offered.
     [[nodiscard]] static CStatus remove(const SStrayJournal &stray);
 
-    /// Keeps the history of a project that was saved; @p owner names the file. Returns why it failed; empty:
-    /// it did not.
+    /// Keeps the history of a project that was saved, unless the file is another one since; @p owner names
+    /// the file. Returns why it failed; empty: it did not.
     QString keepHistory(SJournalOwner owner, const CJournalState &state) const;
     void dropHistory(const QString &projectFile) const;
     void dropHistories() const; ///< of all projects

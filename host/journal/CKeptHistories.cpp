@@ -38,10 +38,7 @@ void CKeptHistories::keepUndone(const SJournalOwner &owner, const CJournalState 
 {
     if (!m_kept || state.trail().isEmpty())
         return;
-    m_thread.submit([this, owner, state] {
-        if (SFileStamp::of(owner.file) == owner.stamp)
-            tellUnkept(owner, m_folder.keepHistory(owner, state));
-    });
+    m_thread.submit([this, owner, state] { tellUnkept(owner, m_folder.keepHistory(owner, state)); });
 }
 
 void CKeptHistories::tellUnkept(const SJournalOwner &owner, const QString &problem)

@@ -19,11 +19,12 @@ void CKeptHistoriesTest::keepsTheHistoryOfAFile()
     CRecordingEditor editor = smallEditor();
     SJournalWorld world;
     const QString file = world.root.filePath(QStringLiteral("wall.sprj"));
-    const SJournalOwner owner = ownerOf(editor, file);
+    SJournalOwner owner = ownerOf(editor, file);
     world.journals.begin(owner, editor.project());
     world.journals.note(editor.edit(QStringLiteral("one")));
     world.journals.note(editor.edit(QStringLiteral("two")));
     ProjectSamples::setContent(file, "saved");
+    owner.stamp = SFileStamp::of(file);
     editor.save();
     world.journals.settle(owner);
     world.journals.sync();
@@ -50,6 +51,10 @@ void CKeptHistoriesTest::keepsTheHistoryOfAFile()
     QVERIFY(world.journals.history(owner.processor).steps.isEmpty());
     QCOMPARE(world.toldCount(), 1);
     QVERIFY(world.files().isEmpty());
+    next.note(editor.edit(QStringLiteral("four")));
+    next.settle(owner); // somebody has replaced the file since it was saved
+    next.sync();
+    QVERIFY(world.files().isEmpty());
 }
 
 void CKeptHistoriesTest::waitsForNoHistory()
@@ -58,11 +63,12 @@ void CKeptHistoriesTest::waitsForNoHistory()
     CSwitchedDisk disk;
     SJournalWorld world;
     const QString file = world.root.filePath(QStringLiteral("wall.sprj"));
-    const SJournalOwner owner = ownerOf(editor, file);
+    SJournalOwner owner = ownerOf(editor, file);
     const QUuid processor = owner.processor;
     world.journals.begin(owner, editor.project());
     world.journals.note(editor.edit(QStringLiteral("one")));
     ProjectSamples::setContent(file, "saved");
+    owner.stamp = SFileStamp::of(file);
     editor.save();
     disk.held = ".history";
     world.journals.settle(owner);

@@ -51,6 +51,7 @@ QString keepHistory(const CJournalFolder &folder, const SJournal &journal, const
     SJournalOwner owner = journal.owner;
     owner.project = true;
     owner.file = QFileInfo(file).absoluteFilePath();
+    owner.stamp = SFileStamp::of(owner.file);
     CJournalState state = journal.state;
     state.trail().setSaved();
     if (!state.trail().isEmpty())
