@@ -16,6 +16,8 @@ namespace {
 
 using Port = CabinetLayout::CabinetPort;
 
+constexpr qint64 Megabyte = 1024 * 1024;
+
 bool areShared(const Port &a, const Port &b)
 {
     return a.groups.constData() == b.groups.constData() && a.groups.size() == b.groups.size();
@@ -76,9 +78,11 @@ CEditHistory::CEditHistory(CSceneContent &content)
 
 QString CEditHistory::beginning() const
 {
-    if (m_dropped > 0)
-        return m_dropped == 1 ? tr("1 older step was dropped")
-                              : tr("%1 older steps were dropped").arg(m_dropped);
+    if (m_dropped > 0) {
+        const QString dropped = m_dropped == 1 ? tr("1 older step was dropped")
+                                               : tr("%1 older steps were dropped").arg(m_dropped);
+        return tr("%1; limit in \"File > Settings\": %2 MB").arg(dropped).arg(m_limit / Megabyte);
+    }
     return m_restored ? tr("Beginning, restored from earlier") : tr("Beginning");
 }
 
@@ -203,6 +207,7 @@ void CEditHistory::noteNewStep(const SEditStep &step, int index)
 void CEditHistory::setLimit(qint64 bytes)
 {
     m_limit = bytes;
+    Q_EMIT notifyBeginningChanged();
     m_idle.start();
 }
 
