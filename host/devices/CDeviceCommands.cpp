@@ -130,9 +130,10 @@ CStatus CDeviceCommands::setLowLatency(const QUuid &processor, bool on)
     return apply(processor, [on](SProcessorSettings &settings) { settings.lowLatency = on; });
 }
 
-CStatus CDeviceCommands::setPrimary(const QUuid &processor, const QUuid &primary)
+CStatus CDeviceCommands::setPrimary(const QUuid &processor, const QUuid &primary, DeviceError *error)
 {
-    return apply(processor, [&primary](SProcessorSettings &settings) { settings.primary = primary; });
+    return apply(
+        processor, [&primary](SProcessorSettings &settings) { settings.primary = primary; }, error);
 }
 
 CStatus CDeviceCommands::setOffsets(const ProcessorOffsets &offsets)

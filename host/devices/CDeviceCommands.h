@@ -31,8 +31,9 @@ public:
     CStatus setWorkMode(const QUuid &processor, ProcessorWorkMode mode);
     CStatus setThreeD(const QUuid &processor, bool on);
     CStatus setLowLatency(const QUuid &processor, bool on);
-    CStatus setPrimary(const QUuid &processor, const QUuid &primary); ///< null: is the redundancy of none
-    CStatus setOffsets(const ProcessorOffsets &offsets);              ///< all or none
+    /// A null @p primary: is the redundancy of none. @p error gets what the processor answered.
+    CStatus setPrimary(const QUuid &processor, const QUuid &primary, DeviceError *error = nullptr);
+    CStatus setOffsets(const ProcessorOffsets &offsets); ///< all or none
     CStatus setBackground(const SBackgroundInfo &info);
 
     // of the current processor

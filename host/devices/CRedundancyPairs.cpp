@@ -80,16 +80,29 @@ CStatus CRedundancyPairs::setPrimaries(const QList<Pair> &changes)
         const std::optional<SDevice> device = m_services.table().device(change.second);
         if (!device || device->settings.primary == change.first)
             continue;
-        CStatus status = m_commands.setPrimary(change.second, change.first);
-        if (status) {
-            undo.prepend(Pair(device->settings.primary, change.second));
-            continue;
-        }
-        for (const Pair &before : undo) {
-            const CStatus undone = m_commands.setPrimary(before.second, before.first);
-            Q_UNUSED(undone) // the user is told of the first failure
-        }
-        return status;
+        DeviceError error = DeviceError::None;
+        const CStatus status = m_commands.setPrimary(change.second, change.first, &error);
+        const Pair before(device->settings.primary, change.second);
+        if (!status)
+            return CStatus::failure(
+                (QStringList(status.error()) + undone(undo, before, error)).join(QLatin1Char('\n')));
+        undo.prepend(before);
     }
     return CStatus::done();
+}
+
+/// Restores what was changed before the processor of @p failed failed. Returns what cannot be restored.
+QStringList CRedundancyPairs::undone(const QList<Pair> &changed, const Pair &failed, DeviceError error)
+{
+    QStringList problems;
+    if (error == DeviceError::NoAnswer) { // it may have done it
+        Q_UNUSED(m_commands.setPrimary(failed.second, failed.first))
+        problems << tr("Its pair is read again when it answers.");
+    }
+    for (const Pair &before : changed) {
+        const CStatus status = m_commands.setPrimary(before.second, before.first);
+        if (!status)
+            problems << tr("%1 It has its new pair already.").arg(status.error());
+    }
+    return problems;
 }

@@ -7,10 +7,12 @@
 #include <QCoreApplication>
 #include <QList>
 #include <QPair>
+#include <QStringList>
 #include <QUuid>
 
 class CDeviceCommands;
 class CDeviceServices;
+enum class DeviceError : int;
 
 /// Pairs of processors: one takes over if the other fails. Any thread.
 class CRedundancyPairs final
@@ -34,6 +36,7 @@ private:
     /// mode meanwhile in which it could not be paired.
     CStatus pairObstacle(const QList<Pair> &kept, const QList<Pair> &added) const;
     CStatus setPrimaries(const QList<Pair> &changes); ///< all or none
+    QStringList undone(const QList<Pair> &changed, const Pair &failed, DeviceError error);
 
     CDeviceServices &m_services;
     CDeviceCommands &m_commands;

@@ -3,6 +3,7 @@
 #include "host/devices/simulated/CCancelToken.h"
 #include "tests/devices/CDeviceFixture.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/projects/CFaultyFileSystem.h"
 
 #include <QRandomGenerator>
 
@@ -35,7 +36,7 @@ struct SBench
     CDeviceFixture host{1e-9}; // no delays, but no detection of everything either
     std::array<Processor, 2> processors;
 
-    SBench()
+    explicit SBench(const std::function<void(SBench &)> &prepare)
     {
         for (const Processor &processor : host.manager.services().park().processors()) {
             const bool isLeft = processor->identity().name == QLatin1String("Side left");
@@ -49,6 +50,8 @@ struct SBench
         host.detect();
         host.select(host.left);
         host.manager.jobs().setConfirm([](const QString &) { return true; });
+        if (prepare)
+            prepare(*this);
     }
     QList<QUuid> both() const { return {host.left, host.right}; }
     void edit()
@@ -78,6 +81,7 @@ struct SOperation
     const char *name;
     enum { Saves, Replaces, Leaves } edits; ///< what becomes of what was not saved
     std::function<CStatus(SBench &bench)> run;
+    std::function<void(SBench &bench)> prepare = {}; ///< nothing fails
 };
 
 CStatus statusOf(const SDeviceOutcome &outcome)
@@ -88,6 +92,11 @@ CStatus statusOf(const SDeviceOutcome &outcome)
 CStatus statusOf(SBench &bench, bool done)
 {
     return done ? CStatus::done() : CStatus::failure(bench.host.handler.lastError());
+}
+
+void pairBoth(SBench &bench)
+{
+    bench.host.handler.setProcessorRedundancy(bench.host.left, bench.host.right);
 }
 
 const QVector<SOperation> &operations()
@@ -121,11 +130,53 @@ const QVector<SOperation> &operations()
          }},
         {"frame rate", SOperation::Leaves,
          [](SBench &bench) { return statusOf(bench, bench.host.handler.setFrameRateAndColorDepth(50, 8)); }},
-        {"background", SOperation::Leaves, [](SBench &bench) {
+        {"background", SOperation::Leaves,
+         [](SBench &bench) {
              SBackgroundInfo info;
              info.processor = bench.host.left;
+             info.scale = 50;
              return statusOf(bench, bench.host.handler.setBackground(info));
-         }}};
+         }},
+        {"canvas", SOperation::Leaves,
+         [](SBench &bench) {
+             return statusOf(bench, bench.host.handler.setCanvasSize({1280, 720}));
+         }},
+        {"number of ports", SOperation::Leaves,
+         [](SBench &bench) {
+             CLayoutHandler &handler = bench.host.handler;
+             return statusOf(bench, handler.setOutputPortCount(bench.host.left,
+                                                               handler.maximumPortCount(bench.host.left)));
+         }},
+        {"work mode", SOperation::Leaves,
+         [](SBench &bench) {
+             return statusOf(bench,
+                             bench.host.handler.setWorkMode(bench.host.left, ProcessorWorkMode::Bypass));
+         }},
+        {"status light", SOperation::Leaves,
+         [](SBench &bench) { return statusOf(bench, bench.host.handler.setCabinetStatusLed(true)); }},
+        {"areas", SOperation::Leaves,
+         [](SBench &bench) {
+             return statusOf(bench, bench.host.handler.setPortAreas({{0, 1, 2, 300, 400}}));
+         }},
+        {"gains", SOperation::Leaves,
+         [](SBench &bench) {
+             return statusOf(bench, bench.host.handler.sendCurrentGains({{1, 2, true, true}}));
+         }},
+        {"highlight", SOperation::Leaves,
+         [](SBench &bench) {
+             return statusOf(bench, bench.host.handler.setCabinetHighlight({}, CabinetHighlight::Off));
+         }},
+        {"no processor redundancy", SOperation::Leaves,
+         [](SBench &bench) {
+             return statusOf(bench, bench.host.handler.applyProcessorRedundancy(bench.both(), {}));
+         },
+         pairBoth},
+        {"other redundancy", SOperation::Leaves,
+         [](SBench &bench) {
+             return statusOf(bench, bench.host.handler.applyProcessorRedundancy(
+                                        bench.both(), {{bench.host.right, bench.host.left}}));
+         },
+         pairBoth}};
     return all;
 }
 
@@ -142,6 +193,8 @@ class CExchangeFaultsTest final : public CTestBase
     Q_OBJECT
 
 private:
+    const CFaultyFileSystem m_quick; // without waiting for the disk
+
     /// What is wrong after @p operation has ended; empty: nothing.
     static QString faultOf(SBench &bench, const SOperation &operation, const CStatus &status,
                            const QVector<QByteArray> &before, const QVector<QByteArray> &wanted)
@@ -157,6 +210,9 @@ private:
         }
         if (status && stored != wanted)
             return QStringLiteral("a success that is none");
+        if (!bench.processors[0]->settings().primary.isNull() &&
+            !bench.processors[1]->settings().primary.isNull())
+            return QStringLiteral("each is the redundancy of the other");
         const CDeviceTable &table = bench.host.manager.table();
         bool unsaved = false;
         for (int i = 0; i < 2; ++i) {
@@ -174,7 +230,7 @@ private:
     static bool disturb(const SOperation &operation, SimulationFault fault, bool onward, int place,
                         int exchange, const QVector<QByteArray> &wanted, QString &wrong)
     {
-        SBench bench;
+        SBench bench(operation.prepare);
         const QVector<QByteArray> before = bench.stored();
         bench.edit();
         bench.processors.at(size_t(place))->setFaultAt(exchange, fault, onward);
@@ -202,7 +258,7 @@ private:
     /// What the processors have once the operation has succeeded.
     static QVector<QByteArray> resultOf(const SOperation &operation)
     {
-        SBench bench;
+        SBench bench(operation.prepare);
         bench.edit();
         return operation.run(bench) ? bench.stored() : QVector<QByteArray>();
     }
@@ -244,7 +300,7 @@ private Q_SLOTS:
         for (const SOperation &operation : operations()) {
             const QVector<QByteArray> wanted = resultOf(operation);
             for (int i = isThorough() ? AllPairsOfEach : PairsOfEach; i > 0; --i) {
-                SBench bench;
+                SBench bench(operation.prepare);
                 const QVector<QByteArray> before = bench.stored();
                 bench.edit();
                 QString faults;
