@@ -6,6 +6,8 @@
 #include "layout/printing/sheets/CSheetFont.h"
 
 #include <QEventLoop>
+#include <QFontMetricsF>
+#include <QPaintEngine>
 #include <QPainter>
 
 namespace {
@@ -107,9 +109,27 @@ void CSheetPainter::draw(const SSheetText &text)
         m_painter.strokePath(
             letters, QPen(Qt::white, 2 * text.whiteEdge * Units, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     }
-    m_painter.setFont(font);
     m_painter.setPen(text.color);
-    m_painter.drawText(start, text.text);
+    drawLetters(start, font, text.text);
     if (turned)
         m_painter.restore();
+}
+
+void CSheetPainter::drawLetters(const QPointF &start, const QFont &font, const QString &letters)
+{
+    if (font.stretch() == 100 || m_painter.paintEngine()->type() != QPaintEngine::SVG) {
+        m_painter.setFont(font);
+        m_painter.drawText(start, letters);
+        return;
+    }
+    // An SVG names family and size of its letters, but not how narrow they are.
+    QFont wide = font;
+    wide.setStretch(100);
+    const double width = QFontMetricsF(wide).horizontalAdvance(letters);
+    m_painter.save();
+    m_painter.translate(start);
+    m_painter.scale(width > 0 ? QFontMetricsF(font).horizontalAdvance(letters) / width : 1, 1);
+    m_painter.setFont(wide);
+    m_painter.drawText(QPointF(), letters);
+    m_painter.restore();
 }

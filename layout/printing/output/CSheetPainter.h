@@ -4,6 +4,7 @@
 
 #include "layout/printing/sheets/SSheet.h"
 
+class QFont;
 class QPainter;
 
 /// Draws sheets: for files, printers and the preview alike. Any thread.
@@ -19,6 +20,7 @@ private:
     void draw(const SSheetFill &fill);
     void draw(const SSheetStroke &stroke);
     void draw(const SSheetText &text);
+    void drawLetters(const QPointF &start, const QFont &font, const QString &letters);
 
     QPainter &m_painter;
 };

@@ -6,6 +6,7 @@
 #include <QFontMetricsF>
 #include <QTextBoundaryFinder>
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -14,6 +15,7 @@ constexpr double MillimetresPerPoint = 25.4 / 72;
 constexpr double CapShare = 0.73;   ///< of a capital in the size of the letters
 constexpr double LineShare = 1.16;  ///< of a line
 constexpr double UsualDigit = 0.56; ///< width of a digit in the size of the letters
+constexpr int Narrowest = 50;       ///< percent to which letters are narrowed at most
 constexpr int MeasuredPixels = 1000;
 
 QFont namedFont()
@@ -39,8 +41,15 @@ int stretchOf(const QString &family, bool bold)
     font.setFamily(family);
     font.setPixelSize(MeasuredPixels);
     font.setBold(bold);
-    const double digit = QFontMetricsF(font).horizontalAdvance(QLatin1Char('0')) / MeasuredPixels;
-    return digit > UsualDigit ? int(100 * UsualDigit / digit) : 100;
+    int stretch = 100;
+    for (int tries = 0; tries < 4; ++tries) { // a condensed face has another width than was asked for
+        font.setStretch(stretch);
+        const double digit = QFontMetricsF(font).horizontalAdvance(QLatin1Char('0')) / MeasuredPixels;
+        if (digit <= UsualDigit)
+            break;
+        stretch = std::max(Narrowest, std::min(stretch - 1, int(stretch * UsualDigit / digit)));
+    }
+    return stretch;
 }
 
 QFont fontOf(int pixels, bool bold)
