@@ -38,6 +38,7 @@ constexpr qreal SmallestWideFrame = 16; // cabinet with the frame of the selecti
 constexpr qreal SelectionWidth = 2;
 constexpr qreal SelectionRim = 1; // on both sides
 constexpr qreal SelectionFrame = SelectionWidth + 2 * SelectionRim;
+constexpr qreal Rounding = 1e-6;    // else an edge between two pixels might be rounded up or down
 constexpr qreal SmallestBorder = 3; // of a smaller cabinet it would be all that is seen
 
 /// How far @p pixels has come from @p none to what is drawn whole.
@@ -148,8 +149,8 @@ void paintFrame(QPainter &painter, const QRectF &rect, const QPen &pen)
 QRectF withinBorder(const QRectF &rect, const SCabinetColors &colors, qreal scale)
 {
     const qreal hairline = 1 / scale;
-    const qreal far = colors.framed ? hairline : 0;
-    return rect.adjusted(hairline, hairline, -far, -far);
+    const qreal far = (colors.framed ? 1 : 0) - Rounding;
+    return rect.adjusted(hairline, hairline, -far / scale, -far / scale);
 }
 
 /// The border is what the fill leaves of a rectangle behind it: a pen would be walked pixel by pixel. It

@@ -366,6 +366,27 @@ private Q_SLOTS:
         QCOMPARE(pixels(pictureOf(data, options), beyond, LayoutColors::Warning), 0);
     }
 
+    void noGapIsSeenBetweenNeighbours()
+    {
+        for (int side = 3; side < 70; ++side) { // pixels; each second edge lies between two of them
+            QImage image(20 * side, side, QImage::Format_RGB32);
+            image.fill(Qt::magenta);
+            QPainter painter(&image);
+            const qreal scale = side / 100.0;
+            painter.translate(-0.5 * side - 0.5, -0.5);
+            painter.scale(scale, scale);
+            SCabinetLook look;
+            look.fill = Qt::darkGreen;
+            for (int x = 0; x < 22; ++x) {
+                look.rect = QRectF(100 * x, 0, 100, 200);
+                CLayoutPainter::paintCabinet(painter, look, scale);
+            }
+            for (int x = 0; x < image.width(); ++x)
+                QVERIFY2(image.pixelColor(x, side / 2) != QColor(Qt::magenta),
+                         qPrintable(QStringLiteral("%1 of cabinets of %2").arg(x).arg(side)));
+        }
+    }
+
     void ofVeryManyLayersTheUpperOnesAreDrawn()
     {
         LayoutData data;
