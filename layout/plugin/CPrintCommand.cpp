@@ -71,11 +71,26 @@ SPrintInput CPrintCommand::input()
     return input;
 }
 
+QString CPrintCommand::notRead(const SPrintInput &input)
+{
+    QStringList names;
+    for (const QUuid &key : input.unread)
+        names << input.others.value(key).displayText();
+    names.sort(Qt::CaseInsensitive);
+    return names.isEmpty() ? QString()
+                           : tr("Not read yet: %1. Print again when these processors are online.")
+                                 .arg(names.join(QStringLiteral(", ")));
+}
+
 void CPrintCommand::run(QWidget *parent)
 {
     const SPrintInput all = input();
     if (all.processors.isEmpty()) {
-        CMessageBox::information(parent, tr("There are no cabinets to print."));
+        const QString unread = notRead(all);
+        CMessageBox::information(parent,
+                                 unread.isEmpty() ? tr("There are no cabinets to print.")
+                                                  : tr("There are no cabinets to print yet."),
+                                 unread);
         return;
     }
     QList<QUuid> chosen;

@@ -17,4 +17,6 @@ public:
     static void run(QWidget *parent);
     /// All processors that have cabinets, as the host knows them now, pending edits included.
     static SPrintInput input();
+    /// Names the processors of which nothing is known; empty if there are none.
+    static QString notRead(const SPrintInput &input);
 };

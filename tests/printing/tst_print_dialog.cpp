@@ -277,7 +277,7 @@ private Q_SLOTS:
         QCOMPARE(job.whole.margin, PrintConfig().margin);
         QCOMPARE(job.own[key].paper, PrintConfig::A2);
         job.whole.paper = PrintConfig::A3;
-        PrintMemory::takePaper(job, {}, key);
+        PrintMemory::takePaper(job, {}, {key});
         QCOMPARE(job.own[key].paper, PrintConfig::A4);
         QCOMPARE(job.whole.paper, PrintConfig::A3);
     }

@@ -271,6 +271,41 @@ private Q_SLOTS:
         const auto refused = CSheetSet::of(SPrintPlan::of(input, {config, {}, {}}));
         QVERIFY(!refused && refused.error().contains(QStringLiteral("too small")));
     }
+
+    /// Not one by one, each after the last was mended.
+    void tellsOfAllPapersThatNothingFitsOn()
+    {
+        QVector<SProcessorProject> walls;
+        SPrintJob job;
+        for (const char *name : {"Little", "Large", "Larger", "Right"}) {
+            walls << ProjectSamples::ofWall(CWallBuilder::Small);
+            walls.last().name = QString::fromLatin1(name);
+            walls.last().layout.processor = QUuid::createUuid();
+            job.own[walls.last().layout.processor] = {};
+        }
+        PrintConfig &little = job.own[walls[0].layout.processor];
+        little.paper = PrintConfig::CustomPaper;
+        little.customPaper = {100, 100};
+        job.own[walls[1].layout.processor].scale = job.own[walls[2].layout.processor].scale = 1;
+        const SPrintInput input = CSheetExport::inputOf(walls);
+        for (const int kinds : {PrintConfig::PortSheets, PrintConfig::Overview}) {
+            job.whole.sheets = kinds;
+            QVector<QUuid> unfit;
+            const QString told = CSheetSet::of(SPrintPlan::of(input, job), {}, &unfit).error();
+            QCOMPARE(told.count(QLatin1Char('\n')), 2);
+            QVERIFY2(told.startsWith(QStringLiteral("The paper of Little (100 \u00d7 100 mm) is too small")),
+                     qPrintable(told));
+            QVERIFY(told.contains(QStringLiteral(" of Large,")) ||
+                    told.contains(QStringLiteral(" of Large ")));
+            QVERIFY(told.contains(QStringLiteral(" of Larger")) && !told.contains(QStringLiteral("Right")));
+            QCOMPARE(unfit.size(), 3);
+        }
+        job.whole.paper = PrintConfig::CustomPaper;
+        job.whole.customPaper = {50, 50};
+        const QString told = CSheetSet::of(SPrintPlan::of(input, job)).error();
+        QVERIFY(told.startsWith(QStringLiteral("The paper (50")) &&
+                told.contains(QStringLiteral("\nThe paper of Little (100")));
+    }
 };
 
 ORVO_TEST_MAIN(QGuiApplication, CPrintSheetsTest)

@@ -172,7 +172,7 @@ void CPrintDialog::keepSettings()
     if (m_job.whole.sheets == 0)
         m_job.whole.sheets = m_opened.whole.sheets; // a job without sheets is none to go on with
     // Nor is one on paper that nothing fits on; whether the drawings fit is not known of changed settings.
-    PrintMemory::takePaper(m_job, m_opened, m_stale ? QUuid() : m_unfit);
+    PrintMemory::takePaper(m_job, m_opened, m_stale ? QVector<QUuid>() : m_unfit);
     QList<QUuid> chosen;
     for (const SPrintedProcessor &processor : chosenInput().processors)
         chosen << processor.node.uuid;
@@ -289,7 +289,7 @@ void CPrintDialog::layOut()
 }
 
 void CPrintDialog::onLaidOut(const QVector<SSheet> &sheets, const QString &problem, const QString &warning,
-                             const QUuid &unfit)
+                             const QVector<QUuid> &unfit)
 {
     if (m_delay.isActive())
         return; // the next ones are on their way

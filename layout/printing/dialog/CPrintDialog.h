@@ -36,7 +36,7 @@ public:
 
 private Q_SLOTS:
     void onLaidOut(const QVector<SSheet> &sheets, const QString &problem, const QString &warning = {},
-                   const QUuid &unfit = {});
+                   const QVector<QUuid> &unfit = {});
     void onWritten(const QStringList &names, const QString &problem);
     void onScopeChanged();
     void onOwnToggled(bool own);
@@ -67,8 +67,8 @@ private:
     SPrintJob m_job;
     const SPrintJob m_opened; ///< as it was at first
     QVector<SSheet> m_sheets;
-    bool m_stale = true; ///< the sheets are not those of the settings
-    QUuid m_unfit;       ///< the processor that did not fit on the sheets laid out last; null: none
+    bool m_stale = true;    ///< the sheets are not those of the settings
+    QVector<QUuid> m_unfit; ///< the processors that did not fit on the sheets laid out last
     bool m_writing = false;
     QString m_ifCancelled; ///< what is told then
     QTimer m_delay;

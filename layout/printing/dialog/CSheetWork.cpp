@@ -48,7 +48,7 @@ void CSheetWork::layOut(const SPrintInput &input, const SPrintJob &job)
     m_thread.AppendEvent({LayOut, [this, input, job, number] {
                               using Sheets = QVector<SSheet>;
                               QString warning;
-                              QUuid unfit;
+                              QVector<QUuid> unfit;
                               const auto sheets = withMemory<Sheets>([&] {
                                   const SPrintPlan plan = SPrintPlan::of(input, job);
                                   warning = SPartsTally::of(plan).warning();

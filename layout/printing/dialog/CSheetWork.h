@@ -36,9 +36,9 @@ public:
 
 Q_SIGNALS:
     /// With @p problem there are no sheets; @p warning names cables that are too long. @p unfit: the
-    /// processor whose drawings fail to fit, see CSheetSet; null: none.
+    /// processors whose drawings fail to fit, see CSheetSet.
     void notifyLaidOut(const QVector<SSheet> &sheets, const QString &problem, const QString &warning,
-                       const QUuid &unfit);
+                       const QVector<QUuid> &unfit);
     void notifyProgress(int done);
     /// No names and no problem: cancelled.
     void notifyWritten(const QStringList &names, const QString &problem);

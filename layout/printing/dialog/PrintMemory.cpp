@@ -10,6 +10,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int MostOwnSettings = 100; // processors
@@ -83,7 +85,7 @@ PrintConfig PrintMemory::changed(const PrintConfig &usual, const PrintConfig &op
     return configOf(made);
 }
 
-void PrintMemory::takePaper(SPrintJob &job, const SPrintJob &other, const QUuid &unfit)
+void PrintMemory::takePaper(SPrintJob &job, const SPrintJob &other, const QVector<QUuid> &unfit)
 {
     const auto take = [](PrintConfig &config, const PrintConfig &from, bool isUnfit) {
         if (!isUnfit && SSheetArea::of(config).isUsable())
@@ -96,9 +98,10 @@ void PrintMemory::takePaper(SPrintJob &job, const SPrintJob &other, const QUuid 
         config.margin = from.margin;
         config.scale = from.scale;
     };
-    take(job.whole, other.whole, !unfit.isNull() && !job.own.contains(unfit));
+    take(job.whole, other.whole,
+         std::any_of(unfit.begin(), unfit.end(), [&](const QUuid &key) { return !job.own.contains(key); }));
     for (auto own = job.own.begin(); own != job.own.end(); ++own)
-        take(*own, other.own.value(own.key(), other.whole), own.key() == unfit);
+        take(*own, other.own.value(own.key(), other.whole), unfit.contains(own.key()));
 }
 
 void PrintMemory::keep(const SPrintInput &input, const QList<QUuid> &chosen, const SPrintJob &opened,

@@ -13,9 +13,9 @@ SPrintJob load();
 /// The job with which a dialog opens: what was remembered, but what projects have @p kept comes first, and of
 /// the first of the @p chosen processors it holds for the whole job.
 SPrintJob opened(const SPrintInput &input, const QList<QUuid> &chosen, const QMap<QUuid, PrintConfig> &kept);
-/// Gives the settings in @p job whose paper is too small, and those of the processor @p unfit whose drawings
-/// fail to fit (null: none), the paper and the scale of @p other.
-void takePaper(SPrintJob &job, const SPrintJob &other, const QUuid &unfit);
+/// Gives the settings in @p job whose paper is too small, and those of the processors @p unfit whose
+/// drawings fail to fit, the paper and the scale of @p other.
+void takePaper(SPrintJob &job, const SPrintJob &other, const QVector<QUuid> &unfit);
 /// Keeps what the user changed from @p opened to @p closed: in the projects of the @p chosen processors and
 /// of those with settings of their own, or else here.
 void keep(const SPrintInput &input, const QList<QUuid> &chosen, const SPrintJob &opened,

@@ -60,10 +60,27 @@ QString viewsOf(const PrintConfig &config)
                                                    : CSheetSet::tr("front view");
 }
 
+QString needOf(const PrintConfig &config)
+{
+    return CSheetSet::tr("(%1 mm) is too small: frame and title block take at least %2 mm.")
+        .arg(SheetNumbers::sides(SSheetArea::of(config).size),
+             SheetNumbers::sides(SSheetArea::least(config)));
+}
+
+/// A line for each, or for the first ones and how many more there are.
+QString firstOf(const QStringList &problems)
+{
+    constexpr int Most = 5;
+    QStringList lines = problems.mid(0, Most);
+    if (problems.size() > Most)
+        lines << CSheetSet::tr("And %1 more like these.").arg(problems.size() - Most);
+    return lines.join(QLatin1Char('\n'));
+}
+
 } // namespace
 
 CResult<QVector<SSheet>> CSheetSet::of(const SPrintPlan &plan, const std::function<bool()> &isStopped,
-                                       QUuid *unfit)
+                                       QVector<QUuid> *unfit)
 {
     using Sheets = CResult<QVector<SSheet>>;
     const QString problem = problemOf(plan);
@@ -106,22 +123,31 @@ QString CSheetSet::problemOf(const SPrintPlan &plan)
 {
     if (plan.config.sheets == 0)
         return tr("No sheet is chosen.");
-    QVector<PrintConfig> configs{plan.config};
-    for (const SPlanProcessor &processor : plan.processors)
-        configs << processor.config;
-    for (const PrintConfig &config : qAsConst(configs)) {
-        const SSheetArea area = SSheetArea::of(config);
-        if (!area.isUsable())
-            return tr("The paper (%1 mm) is too small: frame and title block take at least %2 mm.")
-                .arg(SheetNumbers::sides(area.size), SheetNumbers::sides(SSheetArea::least(config)));
-    }
+    if (!SSheetArea::of(plan.config).isUsable())
+        return firstOf(QStringList(tr("The paper %1").arg(needOf(plan.config))) + ownPapers(plan).values());
     return plan.totals.cabinets == 0 ? tr("There are no cabinets to print.") : QString();
+}
+
+QMap<int, QString> CSheetSet::ownPapers(const SPrintPlan &plan)
+{
+    QMap<int, QString> problems;
+    for (int i = 0; i < plan.processors.size(); ++i) {
+        const SPlanProcessor &processor = plan.processors.at(i);
+        const QString need = needOf(processor.config);
+        const bool small = !SSheetArea::of(processor.config).isUsable();
+        if (small && need != needOf(plan.config)) // which is told once
+            problems[i] = tr("The paper of %1 %2").arg(processor.name, need);
+    }
+    return problems;
 }
 
 CStatus CSheetSet::build()
 {
     const int count = m_plan.processors.size();
-    for (int i = 0; i < count && isWanted(Sheet::PortTable); ++i)
+    const QMap<int, QString> small = ownPapers(m_plan);
+    for (auto it = small.begin(); it != small.end(); ++it)
+        refuse(it.key(), it.value());
+    for (int i = 0; i < count && isWanted(Sheet::PortTable) && small.isEmpty(); ++i)
         add(i, CPortTable::sheets(m_plan, *m_walls.at(i), areaOf(i)), tr("Table of ports"));
     const CStatus drawn = addDrawings();
     if (!drawn)
@@ -150,30 +176,25 @@ CStatus CSheetSet::addDrawings()
     const QVector<SSheet> joint = this->joint();
     int next = joint.isEmpty() ? this->next() : begin(this->next(), -1) + joint.size();
     for (int i = 0; i < count; ++i) {
+        if (isRefused(i))
+            continue;
         const Sheets sheets = overview(i, 1, 1);
         if (!sheets)
-            return failure(i, sheets.error());
-        if (!sheets.value().isEmpty())
+            refuse(i, sheets.error());
+        else if (!sheets.value().isEmpty())
             next = begin(next, i) + sheets.value().size();
     }
     QVector<QVector<SSheet>> ports;
-    QVector<int> firstPorts;
-    for (int i = 0; i < count && isWanted(Sheet::PortSheets); ++i) {
-        if (isStopped())
-            return CStatus::failure(QString());
-        next = begin(next, i);
-        const Sheets sheets = CPortSheets(*m_walls.at(i), areaOf(i)).sheets(next);
-        if (!sheets)
-            return failure(i, sheets.error());
-        firstPorts << next;
-        ports << sheets.value();
-        next += ports.last().size();
-    }
+    const QVector<int> firstPorts = layOutPorts(next, ports);
+    if (isStopped())
+        return CStatus::failure(QString());
+    if (!m_problems.isEmpty())
+        return CStatus::failure(firstOf(m_problems));
     addLeaves(-1, joint, tr("All processors, %1").arg(viewsOf(m_plan.config)));
     for (int i = 0; i < count; ++i) {
         const Sheets sheets = overview(i, begin(this->next(), i), firstPorts.value(i));
         if (!sheets)
-            return failure(i, sheets.error());
+            return CStatus::failure(sheets.error());
         addLeaves(i, sheets.value(), tr("Overview, %1").arg(viewsOf(configOf(i))));
     }
     for (int i = 0; i < ports.size(); ++i)
@@ -181,10 +202,34 @@ CStatus CSheetSet::addDrawings()
     return CStatus::done();
 }
 
-CStatus CSheetSet::failure(int processor, const QString &problem)
+QVector<int> CSheetSet::layOutPorts(int next, QVector<QVector<SSheet>> &ports)
 {
-    m_unfit = m_plan.processors.at(processor).source.node.uuid;
-    return CStatus::failure(problem);
+    QVector<int> first;
+    for (int i = 0; i < m_plan.processors.size() && isWanted(Sheet::PortSheets) && !isStopped(); ++i) {
+        if (isRefused(i))
+            continue;
+        next = begin(next, i);
+        const auto sheets = CPortSheets(*m_walls.at(i), areaOf(i)).sheets(next);
+        if (!sheets) {
+            refuse(i, sheets.error());
+            continue;
+        }
+        first << next;
+        ports << sheets.value();
+        next += ports.last().size();
+    }
+    return first;
+}
+
+bool CSheetSet::isRefused(int processor) const
+{
+    return m_unfit.contains(m_plan.processors.at(processor).source.node.uuid);
+}
+
+void CSheetSet::refuse(int processor, const QString &problem)
+{
+    m_unfit << m_plan.processors.at(processor).source.node.uuid;
+    m_problems << problem;
 }
 
 int CSheetSet::begin(int next, int processor) const

@@ -21,10 +21,10 @@ class CSheetSet final
 public:
     /// The sheets in the order in which they are printed, complete with frames and numbers. Fails if the
     /// paper is too small, or no sheet is wanted, and without a reason soon after @p isStopped() is true. The
-    /// dates in @p plan must be valid. @p unfit: is set to the processor, if any, whose drawings fail to fit
-    /// on its paper at its scale. Any thread.
+    /// dates in @p plan must be valid. @p unfit: is set to the processors, if any, whose drawings fail to fit
+    /// on their paper at their scale. Any thread.
     static CResult<QVector<SSheet>> of(const SPrintPlan &plan, const std::function<bool()> &isStopped = {},
-                                       QUuid *unfit = nullptr);
+                                       QVector<QUuid> *unfit = nullptr);
 
 private:
     using Sheet = PrintConfig::Sheet;
@@ -32,9 +32,15 @@ private:
     CSheetSet(const SPrintPlan &plan, const CCoverSheet::Walls &walls, int coverSheets,
               const std::function<bool()> &isStopped);
     static QString problemOf(const SPrintPlan &plan);
+    /// What is wrong with the papers that processors have for themselves.
+    static QMap<int, QString> ownPapers(const SPrintPlan &plan);
     CStatus build();
     CStatus addDrawings();
-    CStatus failure(int processor, const QString &problem);
+    /// Where the ports' sheets of each processor begin; the sheets are left in @p ports.
+    QVector<int> layOutPorts(int next, QVector<QVector<SSheet>> &ports);
+    bool isRefused(int processor) const;
+    /// Goes on, so that the user learns of all that do not fit at once.
+    void refuse(int processor, const QString &problem);
     /// The overview of several processors.
     QVector<SSheet> joint() const;
     void add(int processor, const QVector<SSheet> &sheets, const QString &entry);
@@ -61,5 +67,6 @@ private:
     QVector<SSheet> m_sheets;
     QVector<int> m_processors; ///< of each sheet; -1: of all
     QVector<SCoverEntry> m_entries;
-    QUuid m_unfit; ///< the processor whose drawings failed
+    QVector<QUuid> m_unfit; ///< the processors whose drawings failed
+    QStringList m_problems; ///< of those
 };
