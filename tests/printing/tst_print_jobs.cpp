@@ -189,6 +189,8 @@ private Q_SLOTS:
             }
             QVERIFY(before == 0 || has(sheets.first(), "5 to 20"));
             QVERIFY(before == 0 || (has(sheets.first(), "unknown") && !has(sheets.first(), "0 W")));
+            for (const SSheet &sheet : sheets)
+                QVERIFY(!has(sheet, "0.0")); // nor on the table of ports
         }
     }
 

@@ -261,6 +261,9 @@ private Q_SLOTS:
         QVERIFY(SheetTexts::whole(usual.first()).contains(QStringLiteral(", redundancy of Main stage(")));
         const char takesOver[] = "for Main stage(192.168.10.12)";
         QVERIFY(!has(usual.at(1), takesOver) && has(usual.at(2), takesOver)); // the tables of ports
+        input.processors[0].redundancy = input.processors[1].layout.processor;
+        const QVector<SSheet> pair = CSheetSet::of(SPrintPlan::of(input, {})).value();
+        QVERIFY(!has(pair.first(), "+ 1")); // it is one of the two
     }
 
     void refusesPaperThatIsTooSmall()

@@ -78,6 +78,8 @@ void CCoverTotals::addProcessors()
     QStringList ends;
     for (const SPlanProcessor &processor : m_plan.processors)
         ends << processor.farEnd;
+    for (const SPlanProcessor &processor : m_plan.processors)
+        ends.removeAll(processor.name); // is counted already
     ends.removeAll(QString());
     ends.removeDuplicates();
     for (int i = 0; i < std::min(ends.size(), MostProcessors); ++i)
@@ -140,7 +142,8 @@ void CCoverTotals::add()
     for (const SPlanProcessor &processor : m_plan.processors)
         ports += processor.ports.size();
     addLine(tr("Output ports"), whole(totals.ports),
-            tr("of %1, %2 are free").arg(ports).arg(ports - totals.ports));
+            ports == totals.ports ? tr("of %1, none is free").arg(ports)
+                                  : tr("of %1, %2 are free").arg(ports).arg(ports - totals.ports));
     endLines(0.18);
     const bool one = m_plan.processors.size() == 1;
     const SPlanProcessor *first = m_plan.processors.isEmpty() ? nullptr : &m_plan.processors.first();

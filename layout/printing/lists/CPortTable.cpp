@@ -26,8 +26,8 @@ const QVector<STableColumn> &portColumns()
     static const QVector<STableColumn> made{{CPortTable::tr("Port"), 12, right},
                                             {CPortTable::tr("Hatch-\ning"), 16.5, middle},
                                             {CPortTable::tr("Cabi-\nnets"), 12.5, right},
-                                            {CPortTable::tr("First\nrow, col."), 17.5},
-                                            {CPortTable::tr("Last\nrow, col."), 17.5},
+                                            {CPortTable::tr("First\nrow, col."), 17},
+                                            {CPortTable::tr("Last\nrow, col."), 17},
                                             {CPortTable::tr("Pixels"), 19.5, right},
                                             {CPortTable::tr("Capacity\npixels"), 19.5, right},
                                             {CPortTable::tr("Load\n%"), 12, right},
@@ -35,10 +35,10 @@ const QVector<STableColumn> &portColumns()
                                             {CPortTable::tr("Loop\nm"), 12, right},
                                             {CPortTable::tr("Power\nmax. W"), 17.5, right},
                                             {CPortTable::tr("Weight\nkg"), 17.5, right},
-                                            {CPortTable::tr("Redundancy"), 31},
-                                            {CPortTable::tr("Lock"), 17.5},
-                                            {CPortTable::tr("Wired"), 12.5, middle},
-                                            {CPortTable::tr("Tested"), 12.5, middle}};
+                                            {CPortTable::tr("Redundancy"), 34.5},
+                                            {CPortTable::tr("Lock"), 16},
+                                            {CPortTable::tr("Wired"), 12, middle},
+                                            {CPortTable::tr("Tested"), 12, middle}};
     return made;
 }
 
@@ -86,6 +86,17 @@ STableRow picked(const STableRow &row, const QVector<int> &wanted)
     return made;
 }
 
+/// What no type of the cabinets tells is not zero.
+QString wattsOf(const SPlanTotals &totals)
+{
+    return totals.wattsMaximum > 0 || totals.complete ? whole(totals.wattsMaximum) : dash();
+}
+
+QString weightOf(const SPlanTotals &totals)
+{
+    return totals.kilograms > 0 || totals.complete ? decimal(totals.kilograms, 1) : dash();
+}
+
 STableRow portRow(const SPlanPort &port, const CWall &wall)
 {
     const auto stock = [&wall](const SCableRun &run) {
@@ -103,8 +114,7 @@ STableRow portRow(const SPlanPort &port, const CWall &wall)
     row.cells << (port.chain.isEmpty() ? dash() : cabinets.at(port.chain.first()).place());
     row.cells << (port.chain.isEmpty() ? dash() : cabinets.at(port.chain.last()).place());
     row.cells << whole(port.charged) << orDash(port.capacity) << QString::number(port.load)
-              << stock(port.feed) << stock(port.loop) << whole(port.totals.wattsMaximum)
-              << decimal(port.totals.kilograms, 1);
+              << stock(port.feed) << stock(port.loop) << wattsOf(port.totals) << weightOf(port.totals);
     const QString redundancy = port.redundancyText();
     row.cells << (redundancy.isEmpty() ? dash()
                   : port.redundant     ? CPortTable::tr("for %1").arg(redundancy)
@@ -131,35 +141,34 @@ STableRow freeRow(const SPlanPort &first, const SPlanPort &last)
 /// The sums of ports.
 struct SPortSums
 {
-    int cabinets = 0;
+    SPlanTotals totals;
     int ports = 0;
     int looped = 0;
     int locked = 0;
     qint64 pixels = 0;
     qint64 capacity = 0;
     QVector<int> loads;
-    qint64 watts = 0;
-    double kilograms = 0;
 
     void add(const SPlanPort &port)
     {
-        cabinets += port.totals.cabinets;
+        totals.cabinets += port.totals.cabinets;
+        totals.wattsMaximum += port.totals.wattsMaximum;
+        totals.kilograms += port.totals.kilograms;
+        totals.complete = totals.complete && port.totals.complete;
         ports += port.isUsed() ? 1 : 0;
         looped += port.looped ? 1 : 0;
         locked += port.locked ? 1 : 0;
         pixels += port.added;
         capacity += port.capacity;
         loads << port.load;
-        watts += port.totals.wattsMaximum;
-        kilograms += port.totals.kilograms;
     }
     STableRow row(const QString &name) const
     {
         STableRow row;
         row.kind = STableRow::Sum;
-        row.cells = {name, {}, whole(cabinets), {}, {}, whole(pixels), whole(capacity)};
+        row.cells = {name, {}, whole(totals.cabinets), {}, {}, whole(pixels), whole(capacity)};
         row.cells << whole(SPlanTotals::load(loads)) << STableCell() << STableCell();
-        row.cells << whole(watts) << decimal(kilograms, 1)
+        row.cells << wattsOf(totals) << weightOf(totals)
                   << CPortTable::tr("%1 of %2 ports").arg(looped).arg(ports)
                   << CPortTable::tr("%1 locked").arg(locked) << STableCell() << STableCell();
         return row;
@@ -192,6 +201,8 @@ QStringList portNotes(const SPlanProcessor &processor)
         notes << QString();
     notes.last() += (notes.last().isEmpty() ? QString() : QStringLiteral(" ")) +
                     CPortTable::tr("Cables: stock lengths, slack included.");
+    if (!processor.totals.complete)
+        notes << CPortTable::tr("Power and weight: without cabinets whose type does not tell them.");
     return notes;
 }
 
