@@ -7,6 +7,7 @@
 #include "host/journal/CDigest.h"
 #include "host/journal/CommonEnds.h"
 #include "layout/api/records/LayoutLimits.h"
+#include "platform/json/CStrictObject.h"
 
 #include <cstring>
 
@@ -16,9 +17,9 @@ using Cabinet = CCabinetCodec::Cabinet;
 using Cabinets = CCabinetCodec::Cabinets;
 using OriginalAreas = CabinetLayout::CabinetPort::SOriginalAreas;
 
-constexpr int Farthest = 1 << 28;    // coordinate, pixels
-constexpr int HighestRank = 1 << 20; // also of receiver numbers
-constexpr int SmallestCabinet = 17;  // bytes of one that differs from the one before only by its identity
+constexpr int Farthest = CStrictObject::LargestPixel; // as in files
+constexpr int HighestRank = 1 << 20;                  // also of receiver numbers
+constexpr int SmallestCabinet = 17; // bytes of one that differs from the one before only by its identity
 
 /// What differs between two versions of a cabinet.
 enum Field : int {
@@ -207,8 +208,9 @@ SChange readChange(CByteReader &in, Cabinet &values)
 bool isWithin(const Cabinet &cabinet)
 {
     const auto near = [](int coordinate) { return coordinate >= -Farthest && coordinate <= Farthest; };
-    return near(cabinet.rect.left()) && near(cabinet.rect.top()) && near(cabinet.rect.right()) &&
-           near(cabinet.rect.bottom()) && cabinet.port >= -1 &&
+    const auto isSide = [](int length) { return length >= 0 && length <= Farthest; };
+    return near(cabinet.rect.left()) && near(cabinet.rect.top()) && isSide(cabinet.rect.width()) &&
+           isSide(cabinet.rect.height()) && cabinet.port >= -1 &&
            cabinet.port <= LayoutLimits::LargestPortIndex && cabinet.rank >= -1 &&
            cabinet.rank <= HighestRank;
 }
