@@ -21,6 +21,12 @@
 namespace {
 
 constexpr int PairsOfEach = 6;
+constexpr int AllPairsOfEach = 300;
+
+int pairsOfEach()
+{
+    return qEnvironmentVariable("ORVO_FAULTS") == QLatin1String("all") ? AllPairsOfEach : PairsOfEach;
+}
 
 /// Says yes to each question, and notes what the user is told.
 class CPatientUser final : public QObject
@@ -243,7 +249,7 @@ private Q_SLOTS:
             calls = std::max(calls, first - 1);
         }
         QRandomGenerator random(13);
-        for (int i = 0; i < PairsOfEach; ++i) {
+        for (int i = 0; i < pairsOfEach(); ++i) {
             const int one = random.bounded(calls) + 1;
             const int other = random.bounded(calls) + 1;
             QString wrong;

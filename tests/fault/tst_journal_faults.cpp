@@ -19,8 +19,14 @@ namespace {
 
 constexpr int Reasons[] = {ENOSPC, EIO, EACCES, EROFS, EDQUOT};
 constexpr int PairsOfEach = 12;
+constexpr int AllPairsOfEach = 300;
 
 using Fault = CFaultyFileSystem::SFault;
+
+int pairsOfEach()
+{
+    return qEnvironmentVariable("ORVO_FAULTS") == QLatin1String("all") ? AllPairsOfEach : PairsOfEach;
+}
 
 Fault faultAt(int number, bool onward, int second = 0)
 {
@@ -356,7 +362,7 @@ private Q_SLOTS:
             QVERIFY(calls > 8);
         }
         QRandomGenerator random(13);
-        for (int i = 0; i < PairsOfEach; ++i) {
+        for (int i = 0; i < pairsOfEach(); ++i) {
             tellStory(scenario, faultAt(1 + random.bounded(calls), false, 1 + random.bounded(calls)), wrong);
             QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
         }
@@ -383,7 +389,7 @@ private Q_SLOTS:
             QVERIFY(calls > 2);
         }
         QRandomGenerator random(13);
-        for (int i = 0; i < PairsOfEach; ++i) {
+        for (int i = 0; i < pairsOfEach(); ++i) {
             recover(command, faultAt(1 + random.bounded(calls), false, 1 + random.bounded(calls)), wrong);
             QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
         }
