@@ -99,9 +99,9 @@ int CLayoutHandler::preparatoryStep(const QUuid &processor) const
     return device && !device->isLoaded() ? 1 : 0;
 }
 
-bool CLayoutHandler::hasUnsavedEdits(const QUuid &processor) const
+SUnsavedEdits CLayoutHandler::unsavedEdits(const QUuid &processor) const
 {
-    return m_services.table().isModified(processor);
+    return m_services.table().unsavedEdits(processor);
 }
 
 PortLocks CLayoutHandler::locksBeside(const QUuid &processor) const

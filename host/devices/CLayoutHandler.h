@@ -49,7 +49,7 @@ public:
     LayoutData layoutData(const QUuid &processor) const override;
     int preparatoryStep(const QUuid &processor) const override;
     void performPreparatoryStep(const QUuid &processor) override;
-    bool hasUnsavedEdits(const QUuid &processor) const override;
+    SUnsavedEdits unsavedEdits(const QUuid &processor) const override;
     PortLocks locksBeside(const QUuid &processor) const override;
     QList<ProcessorTree::ProcessorNode> selectedProcessors() const override;
 

@@ -158,7 +158,6 @@ CStatus CProjectShelf::save(const QUuid &processor, const QString &file, const Q
     if (!saved)
         return saved;
     m_services.announcer().announceProcessors();
-    m_services.announcer().notify(LayoutNotification::LayoutSaved, processor);
     if (!newName.isEmpty()) // the module shows it, too
         m_services.announcer().notify(LayoutNotification::ProcessorStateChanged,
                                       SProcessorStateChange{processor, m_table.isOnline(processor)});

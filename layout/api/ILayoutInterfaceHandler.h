@@ -74,8 +74,9 @@ public:
     /// Creates the processor's first layout, without cabinets. Announced by
     /// LayoutNotification::LayoutReplaced.
     virtual void performPreparatoryStep(const QUuid &processor) = 0;
-    /// Returns whether the layout has edits that were not saved to the processor, or to the project's file.
-    virtual bool hasUnsavedEdits(const QUuid &processor) const = 0;
+    /// The edits that were not saved to the processor, or to the project's file. What is new is announced by
+    /// LayoutNotification::UnsavedEditsChanged.
+    virtual SUnsavedEdits unsavedEdits(const QUuid &processor) const = 0;
     /// Which ports of all processors but @p processor are locked. Cheap: no layout is copied.
     virtual PortLocks locksBeside(const QUuid &processor) const = 0;
     /// The processors selected in the device tree, including the members of a selected group.

@@ -24,7 +24,7 @@ enum class LayoutNotification : int {
     CurrentProcessorChanged = 26, ///< QUuid; null: none
     SelectedNodeChanged = 28,     ///< SSelectedNodeChange
     ReadbackFinished = 29,        ///< SReadbackResult
-    LayoutSaved = 30              ///< QUuid: the layout was saved to its processor or file
+    UnsavedEditsChanged = 30      ///< QUuid: ILayoutInterfaceHandler::unsavedEdits() answers otherwise
 };
 
 struct SPortBackupChange

@@ -33,7 +33,7 @@ ORVO_DEFINE_SINGLETON(CLayoutData)
 CLayoutData::CLayoutData()
     : m_dispatch(std::make_unique<CNotificationDispatch>(static_cast<IStoreEvents &>(*this), m_states,
                                                          m_options, m_handOver))
-    , m_handOver([this] { return m_options.layout().followUp; })
+    , m_handOver([this] { return m_options.layout().followUp; }, [this] { unsavedEditsMayDiffer(); })
 {
     registerRecordMetaTypes();
     CHostAccess::setEdits(this);
@@ -207,6 +207,14 @@ void CLayoutData::handOver(EWhen when, EWhat what)
                          [this, ports = edit->changedPorts] { loadsMayDiffer(ports); });
 }
 
+std::optional<SUnsavedEdits> CLayoutData::unsavedEdits() const
+{
+    const QUuid processor = m_states.editable();
+    if (processor.isNull() || m_handOver.isPending(processor))
+        return {};
+    return CHostAccess::callUnflushed<&Host::unsavedEdits>(processor);
+}
+
 bool CLayoutData::updatePortLoad(int port, bool withProcessor)
 {
     if (port < 0 || port >= m_states.ports().size())
@@ -280,9 +288,9 @@ void CLayoutData::layoutReplaced(const QUuid &processor)
     Q_EMIT notifyLayoutReplaced(processor);
 }
 
-void CLayoutData::layoutSaved(const QUuid &processor)
+void CLayoutData::unsavedEditsMayDiffer()
 {
-    Q_EMIT notifyLayoutSaved(processor);
+    Q_EMIT notifyUnsavedEditsMayDiffer();
 }
 
 void CLayoutData::currentPortMayDiffer()

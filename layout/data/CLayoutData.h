@@ -6,6 +6,7 @@
 #include "layout/api/access/IMappingFolder.h"
 #include "layout/api/access/IPortStates.h"
 #include "layout/api/access/ITypeLookup.h"
+#include "layout/api/records/SHostRecords.h"
 #include "layout/data/CLayoutHandOver.h"
 #include "layout/data/CProcessorStates.h"
 #include "layout/data/CRecentCabinets.h"
@@ -20,6 +21,7 @@
 
 #include <atomic>
 #include <memory>
+#include <optional>
 
 class CNotificationDispatch;
 class ILayoutSource;
@@ -112,6 +114,9 @@ public:
     /// The edit of @p processor that came too late since the last call, because the host was replacing the
     /// layout.
     LostEdit takeLostEdit(const QUuid &processor) { return m_states.takeLostEdit(processor); }
+    /// What the host says of the unsaved edits of the layout in the editor; nothing while one of the two has
+    /// another layout than the other.
+    std::optional<SUnsavedEdits> unsavedEdits() const;
 
     /// Asks the host for a port's load. If it changed, announces it for the port and its redundancy port,
     /// with @p withProcessor also the processor's load if that changed. Returns whether the port's changed.
@@ -145,7 +150,7 @@ Q_SIGNALS:
     /// The host has another layout of @p processor than the editor shows. The editor must load it again; its
     /// edits are ignored until then.
     void notifyLayoutReplaced(const QUuid &processor);
-    void notifyLayoutSaved(const QUuid &processor); ///< to its processor or file
+    void notifyUnsavedEditsMayDiffer(); ///< see unsavedEdits()
     /// The layout in the editor was compared: @p edited differs from what was @p known in @p changedPorts. On
     /// the GUI thread, right after each edit, undo and redo, before the layout is handed over.
     void notifyEdited(const CabinetLayout &known, const CabinetLayout &edited,
@@ -168,7 +173,7 @@ private:
                            bool canvasSizeChanged) override;
     void portBackupChanged(int primary, int backup, bool on) override;
     void layoutReplaced(const QUuid &processor) override;
-    void layoutSaved(const QUuid &processor) override;
+    void unsavedEditsMayDiffer() override;
     void currentPortMayDiffer() override;
     void highlightEnded() override { cancelCalibrate(-1); }
     void loadsMayDiffer(const QVector<int> &ports, Announced processor = Announced::IfDifferent) override;

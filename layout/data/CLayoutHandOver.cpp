@@ -14,8 +14,9 @@ constexpr int SyncKey = 0;
 
 } // namespace
 
-CLayoutHandOver::CLayoutHandOver(std::function<bool()> followUpWanted)
+CLayoutHandOver::CLayoutHandOver(std::function<bool()> followUpWanted, std::function<void()> handed)
     : m_followUpWanted(std::move(followUpWanted))
+    , m_handed(std::move(handed))
 {
     m_worker.AddTimeOutEventFilter(SyncKey, Delay);
 }
@@ -90,13 +91,16 @@ void CLayoutHandOver::post(const LayoutData &data, quint64 number, bool committe
 
 void CLayoutHandOver::commit(const LayoutData &data, quint64 number)
 {
-    const std::lock_guard<std::mutex> commitLock(m_commitMutex);
     {
+        const std::lock_guard<std::mutex> commitLock(m_commitMutex);
+        {
+            const std::lock_guard<std::mutex> lock(m_mutex);
+            if (number <= m_handedOver.value(data.processor))
+                return;
+        }
+        CHostAccess::call<&Host::commitLayoutData>(data);
         const std::lock_guard<std::mutex> lock(m_mutex);
-        if (number <= m_handedOver.value(data.processor))
-            return;
+        m_handedOver[data.processor] = std::max(m_handedOver.value(data.processor), number);
     }
-    CHostAccess::call<&Host::commitLayoutData>(data);
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_handedOver[data.processor] = std::max(m_handedOver.value(data.processor), number);
+    m_handed();
 }

@@ -19,8 +19,9 @@ public:
     /// What is deferred waits that long: edits in quick succession are handed over as one.
     static constexpr std::chrono::milliseconds Delay{200};
 
-    /// @p followUpWanted returns whether the host shall follow up each layout; called on any thread.
-    explicit CLayoutHandOver(std::function<bool()> followUpWanted);
+    /// @p followUpWanted returns whether the host shall follow up each layout; @p handed is called when the
+    /// host has one. Both are called on any thread.
+    CLayoutHandOver(std::function<bool()> followUpWanted, std::function<void()> handed);
 
     /// Hands @p data over before returning; deferred layouts of the processor are dropped. GUI thread.
     void handOverNow(const LayoutData &data);
@@ -44,6 +45,7 @@ private:
     void commit(const LayoutData &data, quint64 number);
 
     const std::function<bool()> m_followUpWanted;
+    const std::function<void()> m_handed;
     mutable std::mutex m_mutex;         // guards the numbers
     QHash<QUuid, quint64> m_newest;     // number of the newest layout of each processor
     QHash<QUuid, quint64> m_edited;     // number of the newest one that was edited

@@ -91,8 +91,8 @@ CNotificationDispatch::Handling CNotificationDispatch::handlingOf(int code)
         return &D::onSelectedNodeChanged;
     case LayoutNotification::ReadbackFinished:
         return &D::onReadbackFinished;
-    case LayoutNotification::LayoutSaved:
-        return &D::onLayoutSaved;
+    case LayoutNotification::UnsavedEditsChanged:
+        return &D::onUnsavedEditsChanged;
     }
     return nullptr;
 }
@@ -244,9 +244,10 @@ void CNotificationDispatch::onReadbackFinished(CSubject &subject)
     });
 }
 
-void CNotificationDispatch::onLayoutSaved(CSubject &subject)
+void CNotificationDispatch::onUnsavedEditsChanged(CSubject &subject)
 {
-    m_events.layoutSaved(subject.GetArgument<QUuid>());
+    if (subject.GetArgument<QUuid>() == m_states.editable())
+        m_events.unsavedEditsMayDiffer();
 }
 
 void CNotificationDispatch::removeProcessor(const QUuid &processor)

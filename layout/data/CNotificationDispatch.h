@@ -53,7 +53,7 @@ private:
     void onCurrentProcessorChanged(CSubject &subject);
     void onSelectedNodeChanged(CSubject &subject);
     void onReadbackFinished(CSubject &subject);
-    void onLayoutSaved(CSubject &subject);
+    void onUnsavedEditsChanged(CSubject &subject);
 
     void post(LayoutNotification code, std::function<void()> work) { post(static_cast<int>(code), work); }
     void removeProcessor(const QUuid &processor);

@@ -22,7 +22,8 @@ public:
                                    bool canvasSizeChanged) = 0;
     virtual void portBackupChanged(int primary, int backup, bool on) = 0;
     virtual void layoutReplaced(const QUuid &processor) = 0;
-    virtual void layoutSaved(const QUuid &processor) = 0;
+    /// The host may know other unsaved edits of the layout in the editor than before.
+    virtual void unsavedEditsMayDiffer() = 0;
     /// The current port may differ from the one announced last.
     virtual void currentPortMayDiffer() = 0;
     /// Nothing is highlighted on the wall any more.

@@ -18,7 +18,10 @@ public:
     explicit CHistoryLabel(const SUnitServices &services);
 
     /// Shows the steps of @p stack; null: none. @p beginning says what is before the first one.
-    void showHistory(const QUndoStack *stack, const QString &beginning) { m_model.show(stack, beginning); }
+    void showHistory(const QUndoStack *stack, const QString &beginning, const QSet<int> &savedRows)
+    {
+        m_model.show(stack, beginning, savedRows);
+    }
     void setLayoutShown(bool shown) override; ///< no step can be chosen unseen
 
 Q_SIGNALS:

@@ -29,7 +29,7 @@ QString wordsFor(const QString &text)
 
 } // namespace
 
-void CHistoryModel::show(const QUndoStack *stack, const QString &beginning)
+void CHistoryModel::show(const QUndoStack *stack, const QString &beginning, const QSet<int> &savedRows)
 {
     if (m_stack != stack) {
         if (m_stack)
@@ -37,11 +37,11 @@ void CHistoryModel::show(const QUndoStack *stack, const QString &beginning)
         m_stack = stack;
         if (stack) {
             connect(stack, &QUndoStack::indexChanged, this, &CHistoryModel::update);
-            connect(stack, &QUndoStack::cleanChanged, this, &CHistoryModel::update);
             connect(stack, &QObject::destroyed, this, &CHistoryModel::update);
         }
     }
     m_beginning = beginning;
+    m_savedRows = savedRows;
     update();
 }
 
@@ -68,7 +68,7 @@ int CHistoryModel::rowCount(const QModelIndex &parent) const
 QString CHistoryModel::text(int row) const
 {
     const QString text = row == 0 ? m_beginning : wordsFor(m_stack->text(row - 1));
-    return row == m_stack->cleanIndex() ? tr("%1 (saved)").arg(text) : text;
+    return m_savedRows.contains(row) ? tr("%1 (saved)").arg(text) : text;
 }
 
 QVariant CHistoryModel::data(const QModelIndex &index, int role) const

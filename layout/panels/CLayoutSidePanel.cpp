@@ -98,9 +98,10 @@ void CLayoutSidePanel::setHistoryShown(bool shown)
             m_history, [this] { ensureWidgetVisible(m_history); }, Qt::QueuedConnection);
 }
 
-void CLayoutSidePanel::onHistoryChanged(const QUndoStack *stack, const QString &beginning)
+void CLayoutSidePanel::onHistoryChanged(const QUndoStack *stack, const QString &beginning,
+                                        const QSet<int> &savedRows)
 {
-    m_history->showHistory(stack, beginning);
+    m_history->showHistory(stack, beginning, savedRows);
 }
 
 void CLayoutSidePanel::setLayoutShown(bool shown)

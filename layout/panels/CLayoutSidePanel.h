@@ -48,7 +48,7 @@ Q_SIGNALS:
 
 public Q_SLOTS:
     /// The history of another processor is in view, or it begins with something else; see CHistoryLabel.
-    void onHistoryChanged(const QUndoStack *stack, const QString &beginning);
+    void onHistoryChanged(const QUndoStack *stack, const QString &beginning, const QSet<int> &savedRows);
     void onNotifyPortBackup(int primary, int backup, bool on);
     void onNotifyPortToggled(int port, bool locked);
     /// The output ports that hold the selection.

@@ -292,7 +292,7 @@ void CLayout::showSelection()
     const bool anyOnline = std::any_of(all.begin(), all.end(), [](const Node &node) { return node.online; });
     if (const auto warning = SelectionRules::warningFor(m_selectionType, selected, anyOnline)) {
         const bool unsaved = *warning == WarningState::Offline &&
-                             CHostAccess::call<&Host::hasUnsavedEdits>(selected.first().uuid);
+                             CHostAccess::call<&Host::unsavedEdits>(selected.first().uuid).any();
         m_warningPage->setUnsaved(unsaved ? selected.first().displayText() : QString());
         showWarning(*warning);
     } else if (selected.size() > 1) {

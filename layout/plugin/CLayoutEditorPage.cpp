@@ -105,7 +105,6 @@ void CLayoutEditorPage::setProcessor(const ProcessorTree::ProcessorNode &process
 void CLayoutEditorPage::reload()
 {
     dropReadbackResult();
-    m_unmarked = -1;
     m_view->cabinetScene().backend().batches().cancelGesture();
     const LayoutData layout = m_store.openProcessor(m_processor.uuid);
     if (m_processor.uuid.isNull())
@@ -137,7 +136,7 @@ SKeptHistory CLayoutEditorPage::keptHistory() const
     SKeptHistory kept;
     kept.limit = historyLimit();
     // What waits was handed over when the processor was opened.
-    kept.saved = !CHostAccess::callUnflushed<&Host::hasUnsavedEdits>(m_processor.uuid);
+    kept.edits = CHostAccess::callUnflushed<&Host::unsavedEdits>(m_processor.uuid);
     if (!m_view->hasSteps(m_processor.uuid))
         kept.history = CHostAccess::call<&Host::editHistory>(m_processor.uuid);
     return kept;
@@ -280,10 +279,7 @@ void CLayoutEditorPage::connectSignals()
     connect(&m_store, &CLayoutData::notifyEdited, m_view, &CLayoutGraphicsView::onEdited);
     connect(&m_store, &CLayoutData::notifyCurrentPortChanged, m_view,
             [this](int port) { m_view->onPortToggled(port, port >= 0); });
-    connect(&m_store, &CLayoutData::notifyLayoutSaved, this, [this](const QUuid &processor) {
-        m_view->setSaved(processor, !CHostAccess::call<&Host::hasUnsavedEdits>(processor));
-    });
-    connectChangesWithoutStep();
+    connect(&m_store, &CLayoutData::notifyUnsavedEditsMayDiffer, this, &CLayoutEditorPage::markSaved);
     connect(m_view, &CLayoutGraphicsView::notifyEditRecorded, this,
             [](const SEditRecord &record) { CHostAccess::call<&Host::recordEdit>(record); });
     connect(m_view, &CLayoutGraphicsView::notifyUndoStackChanged, this, [this](QUndoStack *stack) {
@@ -299,34 +295,11 @@ void CLayoutEditorPage::connectSignals()
     });
 }
 
-/// They make a layout differ from the saved one, or equal to it again, where its history does not.
-void CLayoutEditorPage::connectChangesWithoutStep()
-{
-    m_savedCheck.setSingleShot(true); // once for many ports
-    m_savedCheck.setInterval(0);
-    connect(&m_savedCheck, &QTimer::timeout, this, &CLayoutEditorPage::markSaved);
-    const auto check = [this] { m_savedCheck.start(); };
-    connect(&m_store, &CLayoutData::notifyProcessorPortBackup, this, check);
-    connect(&m_store, &CLayoutData::notifyProcessorPortLocked, this, check);
-    connect(&m_store, &CLayoutData::notifyProcessorPortColorChanged, this, check);
-    connect(&m_store, &CLayoutData::notifyProcessorCanvasSizeChanged, this, check);
-    connect(&m_store, &CLayoutData::notifyProcessorBackgroundChanged, this, check);
-}
-
 void CLayoutEditorPage::markSaved()
 {
-    const CEditHistory *history = m_view->history();
-    if (!history)
-        return;
-    const bool marked = history->stack().isClean();
-    const int index = history->stack().index();
-    if (!marked && m_unmarked != index)
-        return; // steps differ; their hand-over is not hurried
-    const bool saved = !CHostAccess::call<&Host::hasUnsavedEdits>(m_processor.uuid);
-    if (saved == marked)
-        return;
-    m_unmarked = index;
-    m_view->setSaved(m_processor.uuid, saved);
+    const std::optional<SUnsavedEdits> edits = m_store.unsavedEdits();
+    if (CEditHistory *history = m_view->history(); history && edits)
+        history->setUnsavedEdits(*edits);
 }
 
 void CLayoutEditorPage::connectPorts()

@@ -8,7 +8,6 @@
 #include "layout/api/records/SBackgroundInfo.h"
 
 #include <QPointer>
-#include <QTimer>
 #include <QWidget>
 
 #include <memory>
@@ -70,7 +69,6 @@ protected:
 
 private:
     void connectPorts();
-    void connectChangesWithoutStep();
     void markSaved();
     void tellLostEdit();
     SKeptHistory keptHistory() const; ///< of the processor shown
@@ -89,6 +87,4 @@ private:
     std::unique_ptr<CPortCommands> m_portCommands;
     CPortList *m_ports = nullptr;
     CViewPortPanel *m_panel = nullptr;
-    int m_unmarked = -1; // the last step that counted as saved until something else was changed
-    QTimer m_savedCheck; // runs out when the step that counts as saved is to be looked at
 };

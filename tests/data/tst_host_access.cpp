@@ -93,7 +93,7 @@ private Q_SLOTS:
             &Host::commitLayoutData, &Host::exportProcessorMapping, &Host::importProcessorMapping,
             &Host::setCabinetStatusLed, &Host::getDetectedProcessorCount, &Host::layoutFollowUpNeeded,
             &Host::isFiberTransceiverMode, &Host::currentProcessorNode, &Host::layoutData,
-            &Host::preparatoryStep, &Host::performPreparatoryStep, &Host::hasUnsavedEdits, &Host::locksBeside,
+            &Host::preparatoryStep, &Host::performPreparatoryStep, &Host::unsavedEdits, &Host::locksBeside,
             &Host::selectedProcessors, &Host::lastError, &Host::processors, &Host::copyProcessorMapping,
             &Host::outputPortCount, &Host::maximumPortCount, &Host::setOutputPortCount,
             &Host::setProcessorRedundancy, &Host::cancelProcessorRedundancy, &Host::processorRedundancies,
@@ -114,13 +114,13 @@ private Q_SLOTS:
         const QStringList expected{QStringLiteral("applyLayoutFollowUp"),
                                    QStringLiteral("areOnPrimaryPorts"),
                                    QStringLiteral("commitLayoutData"),
-                                   QStringLiteral("hasUnsavedEdits"),
                                    QStringLiteral("layoutData"),
                                    QStringLiteral("portPairRefusal"),
                                    QStringLiteral("portRedundancies"),
                                    QStringLiteral("processorOfCabinet"),
                                    QStringLiteral("recordEdit"),
                                    QStringLiteral("setPrintSettings"),
+                                   QStringLiteral("unsavedEdits"),
                                    QStringLiteral("writeFile")};
         QCOMPARE(exceptions, expected);
         host.answers()->forgetCalls();

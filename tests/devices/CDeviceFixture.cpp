@@ -33,7 +33,7 @@ QString argumentText(CSubject &subject)
     }
     case LayoutNotification::ProcessorRemoved:
     case LayoutNotification::LayoutReplaced:
-    case LayoutNotification::LayoutSaved:
+    case LayoutNotification::UnsavedEditsChanged:
     case LayoutNotification::CurrentProcessorChanged:
         return joined({subject.GetArgument<QUuid>()});
     case LayoutNotification::BackgroundChanged:

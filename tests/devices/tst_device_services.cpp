@@ -224,9 +224,12 @@ private Q_SLOTS:
             return working.isModified();
         };
         QVERIFY(!modifies(m_wall));
-        QVERIFY(modifies(withMovedCabinet(m_wall, 3)));
+        QVERIFY(modifies(withMovedCabinet(m_wall, 3)) && !working.haveSettingsChanged());
         QVERIFY(!modifies(loaded));
-        QVERIFY(modifies(locked));
+        QVERIFY(modifies(locked) && !working.haveCabinetsChanged());
+        QVERIFY(modifies(withMovedCabinet(locked, 3)) && working.haveCabinetsChanged());
+        QVERIFY(working.haveSettingsChanged());
+        QVERIFY(modifies(locked) && !working.haveCabinetsChanged());
         working.setSaved(CWorkingLayout::numbered(locked));
         QVERIFY(!working.isModified());
 

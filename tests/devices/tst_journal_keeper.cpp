@@ -146,7 +146,7 @@ void CJournalKeeperTest::restoresAProject()
     QTRY_VERIFY(runs.journals() != QStringList(QFileInfo(offer.path).fileName()));
     QCOMPARE(disk.begun - begun, 1); // nothing else that a kill would leave to be offered
     QVERIFY(sameCabinets(runs.run->layoutOf(restored.value()), edited));
-    QVERIFY(runs.run->handler.hasUnsavedEdits(restored.value()));
+    QVERIFY(runs.run->handler.unsavedEdits(restored.value()).any());
     QCOMPARE(runs.shelf().fileOf(restored.value()), runs.file());
     const SEditHistory history = runs.run->handler.editHistory(restored.value());
     QCOMPARE(history.steps.size(), 2);
@@ -190,7 +190,7 @@ void CJournalKeeperTest::restoresAProcessorOnceItIsDetected()
     QVERIFY(restored && restored.value().isNull()); // it is not known yet
     runs.run->detect();
     QTRY_VERIFY(sameCabinets(runs.run->layoutOf(lobby), edited));
-    QVERIFY(runs.run->handler.hasUnsavedEdits(lobby));
+    QVERIFY(runs.run->handler.unsavedEdits(lobby).any());
     QCOMPARE(runs.run->handler.editHistory(lobby).steps.size(), 1);
     QVERIFY(!runs.keeper().restore(offer)); // would replace edits
 }

@@ -48,8 +48,8 @@ public:
     int maximumPorts = 16;
     int detected = 1;
     bool followUpNeeded = false;
-    bool busy = false;    ///< all processors
-    QList<QUuid> unsaved; ///< the processors that have unsaved edits
+    bool busy = false; ///< all processors
+    QHash<QUuid, SUnsavedEdits> unsaved;
     bool primaryPorts = true;
     bool redundancyBlocked = false;
     bool redundancySupported = true;
@@ -195,9 +195,9 @@ public:
         return take(__func__, redundancies, pairs);
     }
     bool areProcessorsOnline(const QList<QUuid> &processors) const override;
-    bool hasUnsavedEdits(const QUuid &processor) const override
+    SUnsavedEdits unsavedEdits(const QUuid &processor) const override
     {
-        return given(__func__, unsaved.contains(processor));
+        return given(__func__, unsaved).value(processor);
     }
     PortLocks locksBeside(const QUuid &processor) const override;
     bool areProcessorsBusy(const QList<QUuid> &) const override { return given(__func__, busy); }

@@ -237,7 +237,7 @@ private Q_SLOTS:
     {
         SPanelWorld world;
         QUndoStack stack;
-        world.panel.onHistoryChanged(&stack, QStringLiteral("Beginning"));
+        world.panel.onHistoryChanged(&stack, QStringLiteral("Beginning"), {});
         world.panel.setHistoryShown(true);
         auto &list = *world.panel.findChild<QListView *>();
         const auto isSeen = [&list] {

@@ -31,7 +31,7 @@ struct SHistoryWorld final : SPageWorld
                          &CHistoryLabel::showHistory);
         QObject::connect(&list, &CHistoryLabel::notifyStepChosen, &view(),
                          &CLayoutGraphicsView::onStepChosen);
-        list.showHistory(&stack(), view().history()->beginning());
+        list.showHistory(&stack(), view().history()->beginning(), view().history()->savedRows());
     }
     CabinetLayout layout() const
     {
@@ -236,7 +236,7 @@ private Q_SLOTS:
         QCOMPARE(world.takeRecords().last().index, 2);
         world.open(world.b);
         world.answers()->layouts[world.a].layout.ports[0].groups[0].cabinets[0].rect.translate(500, 0);
-        world.answers()->unsaved = {world.a};
+        world.answers()->unsaved[world.a].cabinets = true;
         world.open(world.a);
         QCOMPARE(world.records().size(), 1);
         QCOMPARE(world.records().first().kind, SEditRecord::Cleared);
@@ -258,6 +258,7 @@ private Q_SLOTS:
         world.answers()->layouts[world.b].layout.processor = world.b;
         world.answers()->histories[world.b] = earlier.kept(first);
         world.answers()->histories[world.b].dropped = 7;
+        world.answers()->unsaved[world.b].cabinets = true;
         world.open(world.b);
         const auto shown = [&world] {
             CabinetLayout layout;
@@ -291,39 +292,54 @@ private Q_SLOTS:
             QCOMPARE(shown()[port].groups, last.ports[port].groups);
     }
 
-    void theStepOfTheLastSaveIsMarked()
+    void rowsThatAreAsSavedSaySo()
     {
         SHistoryWorld world;
+        const auto mark = [&world](quint64 saved, bool cabinets, bool settings) {
+            world.answers()->unsaved[world.a] = {saved, cabinets, settings};
+            world.host.notify(LayoutNotification::UnsavedEditsChanged, world.a);
+        };
+        const auto marks = [&world] {
+            QString all;
+            for (const QString &row : world.rows())
+                all += QLatin1Char(row.endsWith(QLatin1String(" (saved)")) ? '+' : '-');
+            return all;
+        };
+        QCOMPARE(marks(), QStringLiteral("+"));
+        world.answers()->unsaved[world.a].cabinets = true;
         world.nudge(0);
-        world.host.notify(LayoutNotification::LayoutSaved, world.a);
-        QTRY_COMPARE(world.rows().last(), QStringLiteral("Move (saved)"));
-        world.takeRecords();
-        world.nudge(0);
-        QCOMPARE(world.takeRecords().last().saved, 1);
-        world.answers()->unsaved = {world.a}; // edited while it was being saved
-        world.host.notify(LayoutNotification::LayoutSaved, world.a);
-        QTRY_COMPARE(world.rows(), QStringList({QStringLiteral("Beginning"), QStringLiteral("Move"),
-                                                QStringLiteral("Move")}));
-        world.nudge(0);
+        world.nudge(1);
+        QTRY_COMPARE(world.answers()->count(QStringLiteral("commitLayoutData")), 1);
+        QCOMPARE(marks(), QStringLiteral("+--"));
+        mark(0, true, true); // locked
+        QTRY_COMPARE(marks(), QStringLiteral("---"));
+        mark(0, false, false); // unlocked, and the layout is as it was at first
+        QTRY_COMPARE(marks(), QStringLiteral("+-+"));
+        mark(1, false, false); // saved again
+        world.view().onStepChosen(1);
+        QCOMPARE(world.takeRecords().last().saved, 2);
+        mark(1, true, false);
+        world.nudge(2); // instead of the last step
+        QTRY_COMPARE(marks(), QStringLiteral("+--"));
+        mark(2, true, false); // something else was saved
+        QTRY_COMPARE(marks(), QStringLiteral("---"));
+        world.view().onStepChosen(0);
         QCOMPARE(world.takeRecords().last().saved, -1);
     }
 
-    void theMarkGoesWithChangesThatAreNoSteps()
+    void theMarkComesBackWithTheProcessor()
     {
         SHistoryWorld world;
-        QCOMPARE(world.rows(), QStringList({QStringLiteral("Beginning (saved)")}));
-        world.answers()->unsaved = {world.a};
-        world.store.setPortLocked(0, true);
-        QTRY_COMPARE(world.rows(), QStringList({QStringLiteral("Beginning")}));
-        world.answers()->unsaved = {};
-        world.store.setPortLocked(0, false);
-        QTRY_COMPARE(world.rows(), QStringList({QStringLiteral("Beginning (saved)")}));
         world.nudge(0);
         world.scene().undo(nullptr);
         world.open(world.b);
-        world.answers()->unsaved = {world.a}; // while another one was in view
+        world.answers()->unsaved[world.a].settings = true; // while another one was in view
         world.open(world.a);
         QCOMPARE(world.rows().first(), QStringLiteral("Beginning"));
+        world.open(world.b);
+        world.answers()->unsaved[world.a].settings = false;
+        world.open(world.a);
+        QCOMPARE(world.rows().first(), QStringLiteral("Beginning (saved)"));
     }
 
     void aHistoryComesWithALayoutThatTheHostRestores()
@@ -335,6 +351,7 @@ private Q_SLOTS:
         world.answers()->layouts[world.a].layout.ports[0] = step.ports[0].after;
         world.answers()->histories[world.a] = CKeptSteps::historyOf({step}, 1);
         world.answers()->histories[world.a].dropped = 12;
+        world.answers()->unsaved[world.a].cabinets = true;
         world.host.notify(LayoutNotification::LayoutReplaced, world.a);
         QTRY_COMPARE(
             world.rows(),

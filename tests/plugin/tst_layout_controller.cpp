@@ -313,7 +313,7 @@ private Q_SLOTS:
         };
         module.select({module.a});
         QVERIFY(!told());
-        module.answers()->unsaved = {module.a};
+        module.answers()->unsaved[module.a].cabinets = true;
         module.select({module.a});
         QVERIFY(told());
     }

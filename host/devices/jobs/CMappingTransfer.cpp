@@ -153,7 +153,6 @@ CMappingTransfer::Step CMappingTransfer::saveOne(const SDevice &device)
     m_services.table().changeLayout(uuid, [&mapping](SDevice &known) { known.takeSaved(mapping); });
     m_services.takeMirrors(uuid, mapping, mirrors);
     m_services.announcer().announceState();
-    m_services.announcer().notify(LayoutNotification::LayoutSaved, uuid);
     return Step::Done;
 }
 

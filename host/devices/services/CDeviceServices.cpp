@@ -27,6 +27,8 @@ CDeviceServices::CDeviceServices(const SDeviceSettings &settings)
     , m_announcer(m_mailbox)
 {
     registerRecordMetaTypes();
+    QObject::connect(&m_announcer, &CDeviceAnnouncer::notifyProcessorsChanged, &m_announcer,
+                     [this] { announceUnsavedEdits(); });
 }
 
 std::shared_ptr<CSimulatedProcessor> CDeviceServices::device(const QUuid &processor) const
@@ -204,6 +206,15 @@ void CDeviceServices::select(const QList<QUuid> &processors, PrcTreeNodeType typ
         m_announcer.announceCurrentProcessor(current);
     m_announcer.notify(LayoutNotification::SelectedNodeChanged,
                        SSelectedNodeChange{m_table.areas(known), type});
+}
+
+void CDeviceServices::announceUnsavedEdits()
+{
+    const QHash<QUuid, SUnsavedEdits> before = std::exchange(m_unsavedEdits, m_table.unsavedEdits());
+    for (auto now = m_unsavedEdits.cbegin(); now != m_unsavedEdits.cend(); ++now) {
+        if (!before.contains(now.key()) || before[now.key()] != *now)
+            m_announcer.notify(LayoutNotification::UnsavedEditsChanged, now.key());
+    }
 }
 
 void CDeviceServices::announceArea(const QUuid &processor)

@@ -71,6 +71,7 @@ private:
     void takePortCount(const QUuid &processor);
     void announceSettings(const QUuid &processor, const SProcessorSettings &before,
                           const SProcessorSettings &after, bool online);
+    void announceUnsavedEdits();
     /// Announces a selection of several processors again if @p processor, whose area has changed, is one of
     /// them.
     void announceArea(const QUuid &processor);
@@ -81,4 +82,5 @@ private:
     CDeviceAnnouncer m_announcer;
     std::atomic<PrcTreeNodeType> m_selectionType{PrcTreeNodeType::Processor};
     std::function<void()> m_flush;
+    QHash<QUuid, SUnsavedEdits> m_unsavedEdits; // as announced last
 };

@@ -65,11 +65,22 @@ bool CDeviceTable::isProject(const QUuid &processor) const
     return found && found->project;
 }
 
-bool CDeviceTable::isModified(const QUuid &processor) const
+SUnsavedEdits CDeviceTable::unsavedEdits(const QUuid &processor) const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     const SDevice *found = find(processor);
-    return found && found->isModified();
+    return found ? found->unsavedEdits() : SUnsavedEdits();
+}
+
+QHash<QUuid, SUnsavedEdits> CDeviceTable::unsavedEdits() const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    QHash<QUuid, SUnsavedEdits> edits;
+    for (const std::vector<SDevice> *list : {&m_projects, &m_devices}) {
+        for (const SDevice &device : *list)
+            edits.insert(device.node.uuid, device.unsavedEdits());
+    }
+    return edits;
 }
 
 PortLocks CDeviceTable::locksBeside(const QUuid &processor) const

@@ -42,7 +42,9 @@ public:
     bool isOnline(const QUuid &processor) const;
     bool isProject(const QUuid &processor) const;
     /// Whether the working layout, or a project's settings, differ from what was last read or saved.
-    bool isModified(const QUuid &processor) const;
+    bool isModified(const QUuid &processor) const { return unsavedEdits(processor).any(); }
+    SUnsavedEdits unsavedEdits(const QUuid &processor) const;
+    QHash<QUuid, SUnsavedEdits> unsavedEdits() const; ///< of all processors
     /// Which ports of the working layouts of all processors but @p processor are locked.
     PortLocks locksBeside(const QUuid &processor) const;
     QList<SGroup> groups() const;

@@ -6,6 +6,7 @@
 #include "layout/api/records/LayoutData.h"
 
 #include <algorithm>
+#include <atomic>
 #include <numeric>
 #include <vector>
 
@@ -39,7 +40,7 @@ bool sameLook(const Port &a, const Port &b)
 
 bool samePort(const Port &a, const Port &b)
 {
-    return sameLook(a, b) && (shares(a.groups, b.groups) || LayoutData::comparePortData(a, b, true));
+    return sameLook(a, b) && LayoutData::comparePortData(a, b, true);
 }
 
 } // namespace
@@ -63,13 +64,19 @@ void CWorkingLayout::take(const CabinetLayout &layout, const SReceiverGeneration
         figures.insert(port.index,
                        untouched && sameRole ? m_figures.value(port.index) : figuresOf(port, generation));
     }
-    QSet<int> edited;
+    SEdited edited;
     bool changed = next.ports.size() != m_layout.ports.size();
     for (const Port &port : std::as_const(next).ports) {
         const Port *before = m_layout.port(port.index);
         const bool untouched = before && shares(before->groups, port.groups) && sameLook(*before, port);
-        if (untouched ? m_edited.contains(port.index) : differsFromSaved(port))
-            edited.insert(port.index);
+        if (!untouched) {
+            compareWithSaved(port, edited);
+        } else {
+            if (m_edited.cabinets.contains(port.index))
+                edited.cabinets.insert(port.index);
+            if (m_edited.settings.contains(port.index))
+                edited.settings.insert(port.index);
+        }
         changed = changed || !before || !(untouched || samePort(*before, port));
     }
     m_taken = layout;
@@ -89,10 +96,13 @@ CWorkingLayout::SFigures CWorkingLayout::figuresOf(const Port &port, const SRece
     return figures;
 }
 
-bool CWorkingLayout::differsFromSaved(const Port &port) const
+void CWorkingLayout::compareWithSaved(const Port &port, SEdited &edited) const
 {
     const Port *saved = m_saved.port(port.index);
-    return !saved || !samePort(*saved, port);
+    if (!saved || !sameLook(*saved, port))
+        edited.settings.insert(port.index);
+    if (!LayoutData::comparePortData(saved ? *saved : Port(), port, true))
+        edited.cabinets.insert(port.index);
 }
 
 void CWorkingLayout::setSaved(const CabinetLayout &mapping)
@@ -105,12 +115,13 @@ void CWorkingLayout::setSaved(const CabinetLayout &mapping)
                 m_places.insert(cabinet.uuid, cabinet.mappingIndex);
         }
     }
+    static std::atomic<quint64> lastNumber{0};
+    m_savedNumber = ++lastNumber;
     ++m_edition;
-    m_edited.clear();
+    m_edited = SEdited();
     for (Port &port : m_layout.ports) {
         renumber(port);
-        if (differsFromSaved(port))
-            m_edited.insert(port.index);
+        compareWithSaved(port, m_edited);
     }
 }
 

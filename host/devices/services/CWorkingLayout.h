@@ -20,7 +20,15 @@ public:
 
     const CabinetLayout &layout() const { return m_layout; }
     const CabinetLayout &saved() const { return m_saved; }
-    bool isModified() const { return !m_edited.isEmpty() || m_layout.ports.size() != m_saved.ports.size(); }
+    bool isModified() const { return haveCabinetsChanged() || haveSettingsChanged(); }
+    /// Whether cabinets, groups or wiring differ from the saved mapping.
+    bool haveCabinetsChanged() const { return !m_edited.cabinets.isEmpty(); }
+    /// Whether anything else of the ports does, or their number.
+    bool haveSettingsChanged() const
+    {
+        return !m_edited.settings.isEmpty() || m_layout.ports.size() != m_saved.ports.size();
+    }
+    quint64 savedNumber() const { return m_savedNumber; } ///< another one after each setSaved()
     /// Incremented by setSaved(), and by take() of a layout that differs, so that background work can tell
     /// whether something changed meanwhile.
     quint64 edition() const { return m_edition; }
@@ -43,15 +51,23 @@ private:
         QRect bounds;
     };
 
+    /// Ports that differ from the saved mapping.
+    struct SEdited
+    {
+        QSet<int> cabinets;
+        QSet<int> settings;
+    };
+
     static SFigures figuresOf(const CabinetLayout::CabinetPort &port, const SReceiverGeneration &generation);
     void renumber(CabinetLayout::CabinetPort &port) const;
-    bool differsFromSaved(const CabinetLayout::CabinetPort &port) const;
+    void compareWithSaved(const CabinetLayout::CabinetPort &port, SEdited &edited) const;
 
     CabinetLayout m_taken; // as given to take(); shows which ports the next layout shares with it
     CabinetLayout m_layout;
     CabinetLayout m_saved;
     QHash<QUuid, int> m_places;     // of cabinets in the saved mapping
     QHash<int, SFigures> m_figures; // by port
-    QSet<int> m_edited;             // ports that differ from the saved mapping
+    SEdited m_edited;
+    quint64 m_savedNumber = 0;
     quint64 m_edition = 0;
 };

@@ -11,6 +11,12 @@ QString SDevice::layoutRefusal() const
     return settings.primary.isNull() ? QString() : EditRefusal::redundancy();
 }
 
+SUnsavedEdits SDevice::unsavedEdits() const
+{
+    const bool ofProject = project && (settings != savedSettings || print != savedPrint);
+    return {working.savedNumber(), working.haveCabinetsChanged(), ofProject || working.haveSettingsChanged()};
+}
+
 LayoutData SDevice::data() const
 {
     LayoutData data;

@@ -9,6 +9,7 @@
 #include "layout/api/records/LayoutData.h"
 #include "layout/api/records/PrintConfig.h"
 #include "layout/api/records/ProcessorTree.h"
+#include "layout/api/records/SHostRecords.h"
 
 #include <QRect>
 
@@ -34,10 +35,8 @@ struct SDevice
 
     /// Whether the working layout was read, created or imported; before that it has no ports.
     bool isLoaded() const { return !working.layout().ports.isEmpty(); }
-    bool isModified() const
-    {
-        return working.isModified() || (project && (settings != savedSettings || print != savedPrint));
-    }
+    bool isModified() const { return unsavedEdits().any(); }
+    SUnsavedEdits unsavedEdits() const;
     QRect area() const { return {settings.offset, settings.canvas}; } ///< on the shared canvas
     LayoutData data() const;
     LayoutData dataWithLoads() const; ///< the same for a picture, which tells overloads. O(cabinets)

@@ -21,7 +21,7 @@ inline constexpr bool NeedsEdits = !IsQuery<decltype(Operation)>;
 template <>
 inline constexpr bool NeedsEdits<&ILayoutInterfaceHandler::layoutData> = true;
 template <>
-inline constexpr bool NeedsEdits<&ILayoutInterfaceHandler::hasUnsavedEdits> = true;
+inline constexpr bool NeedsEdits<&ILayoutInterfaceHandler::unsavedEdits> = true;
 template <>
 inline constexpr bool NeedsEdits<&ILayoutInterfaceHandler::processorOfCabinet> = true;
 template <>

@@ -73,6 +73,22 @@ struct SDeviceOutcome
     bool isDone() const { return result == Done; }
 };
 
+/// In what a layout differs from what was saved to its processor or file.
+struct SUnsavedEdits
+{
+    quint64 saved = 0;     ///< which mapping was saved or read last; all have different numbers
+    bool cabinets = false; ///< cabinets, groups or wiring, which are what steps of a history change
+    bool settings =
+        false; ///< anything else: locks, colours, pairs, the number of ports, a project's settings
+
+    bool any() const { return cabinets || settings; }
+    friend bool operator==(const SUnsavedEdits &a, const SUnsavedEdits &b)
+    {
+        return a.saved == b.saved && a.cabinets == b.cabinets && a.settings == b.settings;
+    }
+    friend bool operator!=(const SUnsavedEdits &a, const SUnsavedEdits &b) { return !(a == b); }
+};
+
 /// What prevents a processor's canvas size from being changed.
 enum class CanvasBlock : int {
     None = 0,

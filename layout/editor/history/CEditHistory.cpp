@@ -103,6 +103,7 @@ bool CEditHistory::restore(const SEditHistory &kept)
     for (const SKeptStep &step : kept.steps)
         steps << std::make_shared<CStepValues>(step);
     rebuild(steps, kept.index, kept.saved);
+    m_saved.restart(kept.saved);
     m_restored = !steps.isEmpty();
     m_dropped = kept.dropped;
     Q_EMIT notifyBeginningChanged();
@@ -113,18 +114,36 @@ void CEditHistory::clear()
 {
     m_stack.clear();
     m_steps.clear();
+    forgetSavedFrom(0);
     m_index = 0;
     m_restored = false;
     m_dropped = m_droppedUntold = 0;
     Q_EMIT notifyBeginningChanged();
 }
 
-void CEditHistory::setSaved(bool saved)
+void CEditHistory::setUnsavedEdits(const SUnsavedEdits &edits)
 {
-    if (saved)
+    CSavedRows saved = m_saved;
+    saved.take(m_stack.index(), edits);
+    setSavedRows(saved);
+}
+
+void CEditHistory::forgetSavedFrom(int row)
+{
+    CSavedRows saved = m_saved;
+    saved.forgetFrom(row);
+    setSavedRows(saved);
+}
+
+void CEditHistory::setSavedRows(const CSavedRows &rows)
+{
+    const QSet<int> before = std::exchange(m_saved, rows).rows();
+    if (m_saved.haveSavedCabinets(m_stack.index()))
         m_stack.setClean();
-    else
+    else if (!m_saved.haveSavedCabinets(m_stack.cleanIndex()))
         m_stack.resetClean();
+    if (savedRows() != before)
+        Q_EMIT notifySavedRowsChanged();
 }
 
 SEditRecord CEditHistory::clearedRecord() const
@@ -165,6 +184,10 @@ QVector<SEditRecord> CEditHistory::note(const SComparedEdit &edit, int stepCount
     const bool moved = std::exchange(m_index, index) != index;
     if (newSteps == 0 && !moved && changes.isEmpty())
         return {};
+    if (newSteps > 0)
+        forgetSavedFrom(index - newSteps + 1);
+    else if (!moved)
+        forgetSavedFrom(index);
     SEditRecord record;
     record.processor = edit.edited.processor;
     record.saved = m_stack.cleanIndex();
@@ -265,6 +288,8 @@ void CEditHistory::shorten()
     const int saved = m_stack.cleanIndex() < dropped ? -1 : m_stack.cleanIndex() - dropped;
     m_dropped += dropped;
     m_droppedUntold += dropped;
+    m_saved.dropFirst(dropped);
     rebuild(m_steps.mid(dropped), index - dropped, saved);
     Q_EMIT notifyBeginningChanged();
+    Q_EMIT notifySavedRowsChanged();
 }

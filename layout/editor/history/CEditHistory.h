@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include "layout/editor/history/CSavedRows.h"
 #include "layout/editor/history/CStepValues.h"
 
 #include <QTimer>
@@ -46,8 +47,10 @@ public:
     /// layout; then it stays empty.
     [[nodiscard]] bool restore(const SEditHistory &kept);
     void clear();
-    /// The layout was saved as it is now, or else is not known to be saved at any step.
-    void setSaved(bool saved);
+    /// What the host says of the layout as it is now.
+    void setUnsavedEdits(const SUnsavedEdits &edits);
+    /// At which numbers of done steps the layout equals what was saved, as far as is known.
+    QSet<int> savedRows() const { return m_saved.rows(); }
 
     /// Call after each edit, undo and redo; @p stepCount is CUndoRecorder::stepCount(). Returns what to tell
     /// the host: usually one record; none if nothing has happened.
@@ -65,6 +68,7 @@ public:
 
 Q_SIGNALS:
     void notifyBeginningChanged(); ///< see beginning()
+    void notifySavedRowsChanged();
 
 private:
     using Values = std::shared_ptr<CStepValues>;
@@ -72,6 +76,8 @@ private:
     QVector<SEditStep::SPort> takeChanges(const SComparedEdit &edit);
     void noteNewStep(const SEditStep &step, int index);
     void rebuild(QVector<Values> steps, int index, int saved);
+    void forgetSavedFrom(int row);
+    void setSavedRows(const CSavedRows &rows);
     void tidy();
     void shorten();
 
@@ -79,6 +85,7 @@ private:
     bool m_rebuilding = false;
     QUndoStack m_stack;
     QVector<Values> m_steps; // by index of the stack
+    CSavedRows m_saved;      // the stack's clean index is one of them
     CabinetLayout m_layout;
     int m_index = 0;     // when last noted
     int m_stepCount = 0; // when last noted

@@ -19,13 +19,6 @@ bool holdTheSame(const CabinetLayout &a, const CabinetLayout &b)
 
 } // namespace
 
-void CEditHistories::setSaved(const QUuid &processor, bool saved)
-{
-    const auto history = m_histories.find(processor);
-    if (history != m_histories.end())
-        history->second->setSaved(saved);
-}
-
 void CEditHistories::leave(const CabinetLayout &layout)
 {
     const auto history = m_histories.find(layout.processor);
@@ -39,8 +32,8 @@ bool CEditHistories::hasSteps(const QUuid &processor) const
     return history != m_histories.end() && history->second->stack().count() > 0;
 }
 
-CEditHistory &CEditHistories::enter(const CabinetLayout &layout, const SEditHistory &kept, bool saved,
-                                    int stepCount, EState &state)
+CEditHistory &CEditHistories::enter(const CabinetLayout &layout, const SEditHistory &kept,
+                                    const SUnsavedEdits &edits, int stepCount, EState &state)
 {
     const bool hadSteps = hasSteps(layout.processor);
     std::unique_ptr<CEditHistory> &history = m_histories[layout.processor];
@@ -50,9 +43,9 @@ CEditHistory &CEditHistories::enter(const CabinetLayout &layout, const SEditHist
     if (state == Outdated)
         history->clear();
     history->enter(layout, stepCount);
+    history->setUnsavedEdits(edits); // before what was kept, which is about the same saved layout
     if (!hadSteps && !history->restore(kept))
         state = Unfit;
-    if (history->stack().count() == 0 || (history->stack().isClean() && !saved))
-        history->setSaved(saved); // also if something else than steps has changed
+    history->setUnsavedEdits(edits);
     return *history;
 }

@@ -26,15 +26,12 @@ public:
     };
 
     bool hasSteps(const QUuid &processor) const;
-    /// See CEditHistory::setSaved().
-    void setSaved(const QUuid &processor, bool saved);
     /// Call when a processor goes out of view; @p layout is its layout at that moment.
     void leave(const CabinetLayout &layout);
     /// Returns the history for the processor of @p layout, which comes into view. @p kept is what the host
-    /// has of an earlier run; it is used if the history has no steps. @p saved: see CEditHistory::setSaved(),
-    /// for a history without steps.
-    CEditHistory &enter(const CabinetLayout &layout, const SEditHistory &kept, bool saved, int stepCount,
-                        EState &state);
+    /// has of an earlier run; it is used if the history has no steps. @p edits are those of that layout.
+    CEditHistory &enter(const CabinetLayout &layout, const SEditHistory &kept, const SUnsavedEdits &edits,
+                        int stepCount, EState &state);
 
 private:
     CSceneContent &m_content;

@@ -120,12 +120,14 @@ void CLayoutGraphicsView::showLayout(const ProcessorTree::ProcessorNode &process
         QUndoStack &stack = m_shown.enter(layout.layout, kept).stack();
         connect(history(), &CEditHistory::notifyBeginningChanged, this, &CLayoutGraphicsView::showHistory,
                 Qt::UniqueConnection);
+        connect(history(), &CEditHistory::notifySavedRowsChanged, this, &CLayoutGraphicsView::showHistory,
+                Qt::UniqueConnection);
         onNotifyCanUndoChanged(stack.canUndo());
         onNotifyCanRedoChanged(stack.canRedo());
         Q_EMIT notifyUndoStackChanged(&stack);
         showHistory();
     }
-    m_shown.show(processor, layout, another, kept.saved);
+    m_shown.show(processor, layout, another, kept.edits);
     aerialView().scheduleRefresh();
     if (another)
         m_sights->restore(processor.uuid);
@@ -141,7 +143,10 @@ void CLayoutGraphicsView::onEdited(const CabinetLayout &known, const CabinetLayo
 void CLayoutGraphicsView::showHistory()
 {
     const CEditHistory *shown = history();
-    Q_EMIT notifyHistoryChanged(shown ? &shown->stack() : nullptr, shown ? shown->beginning() : QString());
+    if (shown)
+        Q_EMIT notifyHistoryChanged(&shown->stack(), shown->beginning(), shown->savedRows());
+    else
+        Q_EMIT notifyHistoryChanged(nullptr, {}, {});
 }
 
 void CLayoutGraphicsView::onStepChosen(int index)

@@ -47,8 +47,6 @@ public:
     void showLayout(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout,
                     const SKeptHistory &kept = {});
     bool hasSteps(const QUuid &processor) const { return m_shown.hasSteps(processor); } ///< in its history
-    /// The layout of @p processor was saved; @p asItIs: without edits made since.
-    void setSaved(const QUuid &processor, bool asItIs) { m_shown.setSaved(processor, asItIs); }
     CEditHistory *history() const { return m_shown.history(); } ///< of the processor shown; null without one
     /// Shows nothing.
     void clearLayout();
@@ -70,8 +68,8 @@ Q_SIGNALS:
     void notifySelectedCabinetGeometryChanged(const QRect &extent);
     /// From now on steps are recorded on another stack.
     void notifyUndoStackChanged(QUndoStack *stack);
-    /// The steps for the user: another history is in view, or another beginning of it; see CEditHistory.
-    void notifyHistoryChanged(const QUndoStack *stack, const QString &beginning);
+    /// The steps for the user: another history is in view, or what is said of it; see CEditHistory.
+    void notifyHistoryChanged(const QUndoStack *stack, const QString &beginning, const QSet<int> &savedRows);
     /// What the host must be told of the history, before anything else happens.
     void notifyEditRecorded(const SEditRecord &record);
     void notifyHintChanged();

@@ -24,7 +24,7 @@ CEditHistory &CShownLayout::enter(const CabinetLayout &layout, const SKeptHistor
     m_processor = layout.processor;
     CEditHistories::EState state = CEditHistories::Fits;
     const int steps = m_scene.backend().recorder().stepCount();
-    CEditHistory &history = m_histories.enter(layout, kept.history, kept.saved, steps, state);
+    CEditHistory &history = m_histories.enter(layout, kept.history, kept.edits, steps, state);
     m_history = &history;
     history.setLimit(kept.limit);
     m_scene.setUndoStack(&history.stack());
@@ -37,16 +37,18 @@ CEditHistory &CShownLayout::enter(const CabinetLayout &layout, const SKeptHistor
 }
 
 void CShownLayout::show(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout, bool anew,
-                        bool saved)
+                        const SUnsavedEdits &edits)
 {
     const bool inPlace = !anew && m_scene.backend().content().canRebuild(layout);
     if (!anew && !inPlace && m_history) {
         m_history->clear(); // its steps belong to ports that no longer exist
-        m_history->setSaved(saved);
+        m_history->setUnsavedEdits(edits);
         m_history->enter(layout.layout, m_scene.backend().recorder().stepCount());
         m_tell(m_history->clearedRecord());
     }
     m_scene.setLayoutData(processor, layout, m_scene.backend().placing().cache(), {}, inPlace);
+    if (m_history)
+        m_history->setUnsavedEdits(edits);
 }
 
 void CShownLayout::note(const SComparedEdit &edit)

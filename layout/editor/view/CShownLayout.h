@@ -16,7 +16,7 @@ class CCabinetGraphicsScene;
 struct SKeptHistory
 {
     SEditHistory history;                    ///< of an earlier run; used if the editor has no steps
-    bool saved = true;                       ///< the layout has no unsaved edits
+    SUnsavedEdits edits;                     ///< of the layout
     qint64 limit = CEditHistory::UsualLimit; ///< see CEditHistory::setLimit()
 };
 
@@ -36,13 +36,13 @@ public:
 
     const QUuid &processor() const { return m_processor; } ///< null: none
     bool hasSteps(const QUuid &processor) const { return m_histories.hasSteps(processor); }
-    void setSaved(const QUuid &processor, bool saved) { m_histories.setSaved(processor, saved); }
     CEditHistory *history() const { return m_history; } ///< of the processor that is shown; null without one
     /// Makes the scene record in the history of the processor of @p layout, which comes into view; then
     /// nothing is shown before show() is called.
     CEditHistory &enter(const CabinetLayout &layout, const SKeptHistory &kept);
     /// Shows @p layout: as a step that can be undone unless @p anew.
-    void show(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout, bool anew, bool saved);
+    void show(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout, bool anew,
+              const SUnsavedEdits &edits);
     /// Call after each edit, undo and redo.
     void note(const SComparedEdit &edit);
     /// Shows nothing; the history is kept for when the processor comes back.
