@@ -30,8 +30,9 @@ public:
     /// and so are repaints requested by items in between.
     void updateViews();
 
-    /// Carries out @p change, which alters thousands of items within @p areas of the scene, and repaints
-    /// these areas once. What the items request meanwhile is ignored: one by one it costs more than it shows.
+    /// Carries out @p change, which alters the look of thousands of items within @p areas of the scene, and
+    /// nothing else of them: no place, size or parent. Repaints these areas once, perhaps before it returns.
+    /// What the items request meanwhile is ignored: one by one it costs more than it shows.
     void changeWithin(const QVector<QRectF> &areas, const std::function<void()> &change);
 
     /// Does now what Qt postpones to the next turn of the event loop for new items. Call once per operation

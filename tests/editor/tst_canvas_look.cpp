@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/drawing/CLayoutPainter.h"
 #include "layout/drawing/CPortColors.h"
+#include "layout/drawing/CPortEdge.h"
+#include "layout/drawing/CPortLabel.h"
 #include "layout/drawing/LayoutColors.h"
 #include "layout/editor/items/CFarPorts.h"
 #include "layout/editor/items/CGraphicsGroupItem.h"
@@ -149,9 +151,10 @@ private Q_SLOTS:
             QCOMPARE(leftBehind(), 0);
         }
         m_mouse->release({-100, -100});
-        const QSignalSpy told(&m_mouse->scene(), &CCabinetGraphicsScene::notifySelectedChanged);
+        QSignalSpy told(&m_mouse->scene(), &CCabinetGraphicsScene::notifySelectedChanged);
         m_mouse->press({-300, -200});
         m_mouse->moveTo({4300, 8300});
+        told.clear();
         m_mouse->release({4300, 8300});
         QVERIFY(!told.isEmpty());
         m_mouse->cabinet(0, 40).setSelected(false);
@@ -178,6 +181,21 @@ private Q_SLOTS:
                 QCOMPARE(leftBehind(), 0);
             }
             m_mouse->release({690, 690});
+        }
+    }
+
+    /// A single selected cabinet has handles.
+    void aBandLeavesNoHandles()
+    {
+        for (const QPoint &end : {QPoint(40, 40), QPoint(200, 40)}) { // in the first cabinet, in the second
+            m_mouse->press({-30, -30});
+            for (const QPoint &way : {QPoint(40, 40), QPoint(200, 40), QPoint(40, 40), end}) {
+                m_mouse->moveTo(way);
+                QCOMPARE(leftBehind(), 0);
+            }
+            m_mouse->scene().leaveOperation();
+            QCOMPARE(leftBehind(), 0);
+            m_mouse->release(end);
         }
     }
 
@@ -224,6 +242,11 @@ private Q_SLOTS:
         QCOMPARE(colorAt(100, 1), QColor(LayoutColors::Selection).rgb());
         QCOMPARE(colorAt(200, 1), red);
         QCOMPARE(leftBehind(), 0);
+        m_mouse->click({192, 64});
+        QCOMPARE(colorAt(100, 1), red);
+        QVERIFY(colorAt(200, 1) != red && colorAt(126, 20) != red);
+        m_mouse->drag({192, 64}, {0, 40});
+        QCOMPARE(colorAt(126, 20), red); // a side that has become free
         const auto lengthAround = [](const QVector<QRectF> &rects) {
             qreal length = 0;
             for (const COutline::SPiece &piece : COutline::of(rects))
@@ -235,6 +258,28 @@ private Q_SLOTS:
         QCOMPARE(lengthAround({square, beside, square.translated(300, 0)}), 3 * 400.0 - 2 * 70);
         QCOMPARE(lengthAround({QRectF(0, 100, 300, 20), square, square.translated(200, 0)}),
                  640 + 800 - 400.0);
+    }
+
+    /// Cabinets apart from each other have so much edge that it would cover them from afar.
+    void onlyFewPiecesOfAnEdgeAreDrawnFromAfar()
+    {
+        const auto isDrawn = [](int cabinets, qreal scale) {
+            QVector<QRectF> apart;
+            for (int i = 0; i < cabinets; ++i)
+                apart << QRectF(200 * (i % 20), 200 * (i / 20), 100, 100);
+            SPortLook look;
+            look.fill = Qt::blue;
+            look.bounds = QRectF(0, 0, 4000, 4000);
+            QImage image(300, 300, QImage::Format_RGB32);
+            image.fill(Qt::black);
+            QPainter painter(&image);
+            painter.scale(scale, scale);
+            CPortEdge::paint(painter, CPortEdge::of(apart), look, 100, scale, look.bounds);
+            return colorsIn(image).size() > 1;
+        };
+        QVERIFY(isDrawn(256, 0.09));
+        QVERIFY(!isDrawn(257, 0.09));
+        QVERIFY(isDrawn(257, 0.11));
     }
 
     void overlapsDifferFromTheOutsideInShape()

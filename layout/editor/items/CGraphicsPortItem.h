@@ -82,6 +82,7 @@ public:
 
     /// The children are the same as before, but look different.
     void noteLookChanged() { m_overview.forget(); }
+    void noteSelectionChanged() { m_overview.forgetSelection(); } ///< of its items
 
     /// What is shown of the port above its cabinets.
     SPortLook look() const;

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace {
 
@@ -178,6 +179,7 @@ void CPortOverview::forget()
     m_places.clear();
     m_frames.clear();
     m_edge.reset();
+    m_unselectedEdge.reset();
     m_wires.clear();
 }
 
@@ -186,6 +188,7 @@ void CPortOverview::read(const CGraphicsPortItem &port)
     m_places.clear();
     m_frames.clear();
     m_edge.reset();
+    m_unselectedEdge.reset();
     m_wires.clear();
     m_widest = 0;
     m_area = 0;
@@ -309,17 +312,22 @@ const QVector<COutline::SPiece> &CPortOverview::edge() const
     return *m_edge;
 }
 
+const QVector<COutline::SPiece> &CPortOverview::unselectedEdge() const
+{
+    if (!m_unselectedEdge) {
+        const auto isShown = [this](const COutline::SPiece &piece) {
+            return !isSelected(m_places.at(piece.rect));
+        };
+        m_unselectedEdge.emplace();
+        std::copy_if(edge().begin(), edge().end(), std::back_inserter(*m_unselectedEdge), isShown);
+    }
+    return *m_unselectedEdge;
+}
+
 void CPortOverview::paintEdge(QPainter &painter, const SPortLook &look, const QRectF &exposed,
                               bool anySelected, qreal scale) const
 {
-    QVector<COutline::SPiece> pieces = edge();
-    if (anySelected)
-        pieces.erase(std::remove_if(pieces.begin(), pieces.end(),
-                                    [this](const COutline::SPiece &piece) {
-                                        return isSelected(m_places.at(piece.rect));
-                                    }),
-                     pieces.end());
-    CPortEdge::paint(painter, pieces, look, m_widest, scale, exposed);
+    CPortEdge::paint(painter, anySelected ? unselectedEdge() : edge(), look, m_widest, scale, exposed);
 }
 
 void CPortOverview::paintFrames(QPainter &painter, const QRectF &exposed, qreal scale) const

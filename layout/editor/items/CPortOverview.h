@@ -39,6 +39,7 @@ public:
 
     /// Discards the list; the items may have been deleted.
     void forget();
+    void forgetSelection() { m_unselectedEdge.reset(); } ///< call when that of the items has changed
     void read(const CGraphicsPortItem &port);
     bool isRead() const { return m_read; }
     bool isSameAs(const CPortOverview &other) const;
@@ -67,12 +68,15 @@ public:
 
 private:
     const QVector<COutline::SPiece> &edge() const;
+    const QVector<COutline::SPiece> &unselectedEdge() const;
     void readChildren(const QGraphicsItem &parent, CGraphicsGroupItem *group);
 
     QVector<SPlace> m_places;
     QVector<int> m_frames; // places of groups
     QVector<QLineF> m_wires;
-    mutable std::optional<QVector<COutline::SPiece>> m_edge; // not known until somebody asks
+    // Not known until somebody asks.
+    mutable std::optional<QVector<COutline::SPiece>> m_edge;
+    mutable std::optional<QVector<COutline::SPiece>> m_unselectedEdge;
     qreal m_widest = 0;
     qreal m_area = 0; // of all places together
     QRectF m_extent;  // of places and wires

@@ -8,6 +8,8 @@
 #include "layout/editor/content/CSceneContent.h"
 #include "layout/editor/content/CSceneSelection.h"
 #include "layout/editor/content/CSelectionPicks.h"
+#include "layout/editor/items/CGraphicsItemBase.h"
+#include "layout/editor/items/CGraphicsPortItem.h"
 #include "layout/editor/operations/CGuardedUndo.h"
 #include "layout/editor/operations/CSceneOperations.h"
 #include "layout/editor/operations/CSelectionShape.h"
@@ -193,6 +195,8 @@ void CSceneBackend::noteWiringChanged(CGraphicsPortItem &)
 void CSceneBackend::noteSelected(CGraphicsItemBase &item, bool selected)
 {
     m_parts->selection.note(item, selected);
+    if (CGraphicsPortItem *port = item.portItem())
+        port->noteSelectionChanged();
 }
 
 void CSceneBackend::noteRepaint()
