@@ -81,6 +81,26 @@ private:
     void setUp() override { QSettings(QStringLiteral("Velmarinth"), QStringLiteral("Orvo")).clear(); }
 
 private Q_SLOTS:
+    void viewAndListStandInASplitter()
+    {
+        SWindowWorld world;
+        QCOMPARE(world.panel().objectName(), QStringLiteral("ViewPort"));
+        const auto &splitter = *world.panel().findChild<QSplitter *>();
+        QCOMPARE(splitter.orientation(), Qt::Vertical);
+        QCOMPARE(splitter.indexOf(&world.view()), 0);
+        QCOMPARE(splitter.indexOf(&world.list()), 1);
+        QCOMPARE(splitter.handleWidth(), 0);
+        QVERIFY(!splitter.childrenCollapsible());
+        QCOMPARE(world.view().sizePolicy().verticalStretch(), 5);
+        QCOMPARE(world.list().sizePolicy().verticalStretch(), 1);
+        QCOMPARE(world.collapse().size(), QSize(62, 20));
+        QVERIFY(world.collapse().isCheckable() && world.collapse().property("ToolLocation").isValid());
+        QCOMPARE(world.collapse().parentWidget()->objectName(), QStringLiteral("Overlay"));
+        world.dragSplitter(-50);
+        const QSettings settings(QStringLiteral("Velmarinth"), QStringLiteral("Orvo"));
+        QCOMPARE(settings.value(QStringLiteral("client/layout")).toByteArray(), splitter.saveState());
+    }
+
     void theSplitterIsFoundWhereItWasLeft()
     {
         int left = 0;

@@ -106,6 +106,10 @@ private Q_SLOTS:
         QCOMPARE(b.rect(), QRectF(0, 0, 100, 150));
         QCOMPARE(b.pos(), QPointF(260, 0));
         QCOMPARE(b.toolTip(), world.b.text);
+        QCOMPARE(b.data(2).toRect(), QRect(0, 0, 100, 150));
+        QCOMPARE(b.flags(), QGraphicsItem::ItemIsMovable | QGraphicsItem::ItemIsSelectable |
+                                QGraphicsItem::ItemSendsScenePositionChanges);
+        QVERIFY(b.pen().isCosmetic() && b.pen().width() == 0);
         QVERIFY(world.view.sceneRect().contains(QRectF(0, 0, 360, 280)));
         QCOMPARE(world.selected(), QStringList{QStringLiteral("A")});
 
@@ -352,6 +356,14 @@ private Q_SLOTS:
         const auto &height = *named<QSpinBox>(label, "Processor area, Height");
         QVERIFY(!x.isEnabled() && !y.isEnabled());
         QVERIFY(width.isReadOnly() && height.isReadOnly());
+        const int largest = std::numeric_limits<int>::max();
+        for (const QSpinBox *field : {&std::as_const(x), &std::as_const(y), &width, &height}) {
+            const bool isOffset = field == &x || field == &y;
+            QCOMPARE(field->minimum(), isOffset ? -largest : 0);
+            QCOMPARE(field->maximum(), largest);
+            QCOMPARE(field->value(), 0);
+            QCOMPARE(field->size().width(), 100);
+        }
         label.setSubject(QStringLiteral("A"), {});
         label.setEditable(true);
         label.onItemGeometryChanged(QRectF(5, 6, 1920, 1080));
