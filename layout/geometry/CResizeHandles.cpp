@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "layout/geometry/CResizeHandles.h"
 
-#include "layout/api/records/LayoutLimits.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -119,6 +117,5 @@ QRectF CResizeHandles::mapped(const QRectF &part, const QRectF &from, const QRec
     };
     const QPointF corner(horizontal(part.left()), vertical(part.top()));
     const QPointF far(horizontal(part.right()), vertical(part.bottom()));
-    return QRectF(corner, QPointF(std::max(far.x(), corner.x() + LayoutLimits::SmallestSide),
-                                  std::max(far.y(), corner.y() + LayoutLimits::SmallestSide)));
+    return QRectF(corner, far);
 }

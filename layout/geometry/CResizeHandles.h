@@ -33,7 +33,7 @@ public:
     static Qt::CursorShape cursor(int handle);
 
     /// The rectangle of @p part, a part of @p from, after @p from was resized to @p to. Edges fall on whole
-    /// pixels, so that parts that tile @p from without gaps also tile @p to; no part becomes narrower than
-    /// one pixel.
+    /// pixels, so that parts that tile @p from without gaps also tile @p to. A part for which no pixel is
+    /// left becomes empty.
     static QRectF mapped(const QRectF &part, const QRectF &from, const QRectF &to);
 };

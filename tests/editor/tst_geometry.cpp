@@ -156,7 +156,8 @@ private Q_SLOTS:
     void tilingsStayGapless()
     {
         const QRectF from(13, -40, 99, 101);
-        for (const QSizeF &size : {QSizeF(99, 101), QSizeF(100, 102), QSizeF(1999, 1021), QSizeF(317, 101)}) {
+        for (const QSizeF &size :
+             {QSizeF(99, 101), QSizeF(100, 102), QSizeF(1999, 1021), QSizeF(317, 101), QSizeF(3, 2)}) {
             const QRectF to(QPointF(-7, 5), size);
             Rects mapped;
             qreal area = 0;
@@ -164,8 +165,6 @@ private Q_SLOTS:
                 mapped << Handles::mapped(tile, from, to);
                 QCOMPARE(mapped.last(), QRectF(mapped.last().toRect())); // whole pixels
                 area += mapped.last().width() * mapped.last().height();
-                const QRectF least = Handles::mapped(tile, from, QRectF(0, 0, 3, 2));
-                QVERIFY(least.width() >= 1 && least.height() >= 1);
             }
             QVERIFY(CCoverage::covers(mapped, to));
             QCOMPARE(area, size.width() * size.height()); // so none overlaps another or sticks out

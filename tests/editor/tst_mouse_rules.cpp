@@ -241,6 +241,16 @@ private Q_SLOTS:
         QVERIFY(!m_mouse->scene().selection().figures().resizable);
         m_mouse->scene().undo(nullptr);
         QVERIFY(m_mouse->layout() == m_mouse->original());
+        m_mouse->click({64, 64});
+        for (const int x : {192, 320})
+            m_mouse->click({x, 64}, Qt::ControlModifier);
+        m_mouse->view().onNotifySelectedCabinetSizeChanged({2, 128}); // two pixels for three cabinets
+        QVERIFY(m_mouse->layout() == m_mouse->original());
+        m_mouse->view().onNotifySelectedCabinetSizeChanged({301, 77});
+        const auto scaled = m_mouse->layout().ports[0].getAllCabinets();
+        QCOMPARE(scaled[0].rect, QRect(0, 0, 100, 77));
+        QCOMPARE(scaled[1].rect, QRect(100, 0, 101, 77));
+        QCOMPARE(scaled[2].rect, QRect(201, 0, 100, 77));
     }
 
     void receiversFollowWhileTheirCabinetIsResized()
