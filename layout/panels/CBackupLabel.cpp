@@ -113,6 +113,7 @@ QPushButton *CBackupLabel::addSaveButton(const QString &text, ReadSaveMappingRol
 {
     auto *button = new QPushButton(text);
     button->setStyleSheet(QStringLiteral("padding-left: 4px; padding-right: 4px;")); // two beside each other
+    button->setFocusPolicy(Qt::TabFocus); // a click leaves the keys to the canvas
     connect(button, &QPushButton::clicked, this, [this, role] { save(role); });
     return button;
 }

@@ -4,6 +4,7 @@
 #include "layout/panels/CMappingLabel.h"
 #include "platform/widgets/CMenuToolButton.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/harness/DialogUser.h"
 #include "tests/panels/SUnitWorld.h"
 
 #include <QApplication>
@@ -168,6 +169,23 @@ private Q_SLOTS:
         QCOMPARE(world.mapping.running.size(), size_t(2));
         world.mapping.end(true);
         world.mapping.end(true);
+    }
+
+    void aClickTakesNoFocus()
+    {
+        SMappingPanel unit;
+        QWidget *option = unit.panel.findChild<CMappingLabel *>()->findChild<QCheckBox *>();
+        option->setFocus();
+        auto *pairs = buttonOf(unit.panel, QStringLiteral("Save current processor"));
+        for (QAbstractButton *button :
+             {static_cast<QAbstractButton *>(&unit.read), static_cast<QAbstractButton *>(&unit.save),
+              static_cast<QAbstractButton *>(pairs)}) {
+            QTest::mouseClick(button, Qt::LeftButton);
+            QVERIFY(!button->isEnabled());
+            QCOMPARE(unit.panel.window()->focusWidget(), option);
+            unit.mapping.end(true);
+            QCOMPARE(unit.panel.window()->focusWidget(), option);
+        }
     }
 
     void theFocusComesBackAfterAnOperation()
