@@ -4,6 +4,7 @@
 
 #include "host/app/commands/CSheetExport.h"
 #include "layout/printing/lists/CSheetSet.h"
+#include "tests/projects/ProjectSamples.h"
 
 PrintConfig SheetJobs::configOf(PrintConfig::Paper paper, bool landscape)
 {
@@ -24,4 +25,21 @@ QVector<SSheet> SheetJobs::sheetsOf(const PrintConfig &config, const QVector<SPr
 {
     const auto sheets = CSheetSet::of(SPrintPlan::of(CSheetExport::inputOf(projects), {config, {}, {}}));
     return sheets ? sheets.value() : QVector<SSheet>();
+}
+
+QVector<SSheet> SheetJobs::someSheets(int kinds)
+{
+    PrintConfig config;
+    config.date = QDate(2026, 5, 4);
+    config.sheets = kinds;
+    return sheetsOf(config, {ProjectSamples::ofWall(CWallBuilder::Small)});
+}
+
+SPrintInput SheetJobs::twoWalls()
+{
+    SProcessorProject medium = ProjectSamples::ofWall(CWallBuilder::Medium);
+    SProcessorProject small = ProjectSamples::ofWall(CWallBuilder::Small);
+    medium.name = QStringLiteral("Main");
+    small.name = QStringLiteral("Side");
+    return CSheetExport::inputOf({medium, small});
 }

@@ -23,6 +23,7 @@
 #include <QPrinterInfo>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -32,6 +33,7 @@ constexpr int SettingsWidth = 340;
 constexpr int ListHeight = 84;
 constexpr int LayOutDelay = 150; // milliseconds, so that typing does not lay out each letter
 constexpr QSize UsualSize(1180, 680);
+constexpr double ShareOfScreen = 0.92; // at most, with the frame around it
 
 QString titleOf(const PrintConfig &config)
 {
@@ -77,7 +79,7 @@ void CPrintDialog::buildUi(const QList<QUuid> &chosen)
     m_save = buttonBox()->addButton(tr("Save as…"), QDialogButtonBox::ActionRole);
     m_save->setToolTip(
         tr("As a PDF, as pictures (SVG, PNG), one for each sheet, or the cabinets as a table (CSV)"));
-    resize(UsualSize);
+    resize(UsualSize.boundedTo(screen()->availableSize() * ShareOfScreen));
 }
 
 QWidget *CPrintDialog::buildChoices(const QList<QUuid> &chosen)

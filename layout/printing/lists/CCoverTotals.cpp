@@ -141,9 +141,11 @@ void CCoverTotals::add()
     int ports = 0;
     for (const SPlanProcessor &processor : m_plan.processors)
         ports += processor.ports.size();
-    addLine(tr("Output ports"), whole(totals.ports),
-            ports == totals.ports ? tr("of %1, none is free").arg(ports)
-                                  : tr("of %1, %2 are free").arg(ports).arg(ports - totals.ports));
+    const int free = ports - totals.ports;
+    const QString rest = free == 0   ? tr("none is free")
+                         : free == 1 ? tr("1 is free")
+                                     : tr("%1 are free").arg(free);
+    addLine(tr("Output ports"), whole(totals.ports), tr("of %1, %2").arg(ports).arg(rest));
     endLines(0.18);
     const bool one = m_plan.processors.size() == 1;
     const SPlanProcessor *first = m_plan.processors.isEmpty() ? nullptr : &m_plan.processors.first();

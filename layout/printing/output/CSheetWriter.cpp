@@ -70,7 +70,9 @@ CResult<QStringList> CSheetWriter::write(const QVector<SSheet> &sheets, const SO
             return Names::failure(made.error());
         const QString failure = write(names.at(i), made.value());
         if (!failure.isEmpty())
-            return Names::failure(failure);
+            return Names::failure(
+                i == 0 ? failure
+                       : tr("%1 %2 of %3 files are written.").arg(failure).arg(i).arg(names.size()));
         if (i + 1 < names.size() && !watched(i + 1))
             return QStringList();
     }
