@@ -7,6 +7,7 @@
 #include "host/journal/CPortCodec.h"
 #include "layout/api/records/CPrintConfigJson.h"
 #include "layout/api/records/LayoutLimits.h"
+#include "platform/json/CStrictJson.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -58,9 +59,11 @@ bool readSettings(CByteReader &in, SProcessorProject &state)
     state.background.scale = in.number(0, LargestValue);
     state.background.opacity = in.number(0, LargestValue);
     state.background.fit = in.byte() ? SBackgroundInfo::ZoomToFit : SBackgroundInfo::NaturalSize;
-    const QJsonDocument print = QJsonDocument::fromJson(in.block());
-    const CResult<PrintConfig> config = CPrintConfigJson::config(print.object(), "print");
-    if (!in.isValid() || !print.isObject() || !config)
+    const CResult<CJsonDocument> print = CStrictJson::parse(in.block());
+    if (!in.isValid() || !print)
+        return in.fail();
+    const CResult<PrintConfig> config = CPrintConfigJson::config(print.value().root(), "print");
+    if (!config)
         return in.fail();
     state.print = config.value();
     return true;
