@@ -100,6 +100,8 @@ std::shared_ptr<const OriginalAreas> readOriginal(CByteReader &in)
     areas.size = in.extent(Farthest);
     areas.rects = readRects(in);
     areas.blanks = readRects(in);
+    if (areas.size.isEmpty())
+        in.fail();
     return std::make_shared<const OriginalAreas>(areas);
 }
 
@@ -205,17 +207,21 @@ SChange readChange(CByteReader &in, Cabinet &values)
     return change;
 }
 
-bool isWithin(const Cabinet &cabinet)
+/// Whether an editor can deal with it.
+bool isSound(const Cabinet &cabinet)
 {
     const auto near = [](int coordinate) { return coordinate >= -Farthest && coordinate <= Farthest; };
     const auto isSide = [](int length) { return length >= 0 && length <= Farthest; };
+    const OriginalAreas *original = cabinet.original.get();
     return near(cabinet.rect.left()) && near(cabinet.rect.top()) && isSide(cabinet.rect.width()) &&
            isSide(cabinet.rect.height()) && cabinet.port >= -1 &&
            cabinet.port <= LayoutLimits::LargestPortIndex && cabinet.rank >= -1 &&
-           cabinet.rank <= HighestRank;
+           cabinet.rank <= HighestRank &&
+           (!original || (original->rects.size() == cabinet.rects.size() &&
+                          original->blanks.size() == cabinet.blanks.size()));
 }
 
-/// False: a number is out of range then.
+/// False: the cabinet is not sound then.
 bool change(Cabinet &cabinet, const SChange &by)
 {
     cabinet.port += by.port;
@@ -240,7 +246,7 @@ bool change(Cabinet &cabinet, const SChange &by)
         if (by.fields & Original)
             cabinet.original = values.original;
     }
-    return isWithin(cabinet);
+    return isSound(cabinet);
 }
 
 /// The changes of the cabinets that stay, from @p firstBefore and @p firstAfter on.
