@@ -18,7 +18,7 @@ namespace {
 
 constexpr mode_t OnlyForOwner = 0600;
 constexpr qint64 SmallestLimit = 1024 * 1024;      // bytes of entries before a new file is begun
-constexpr qint64 LargestEffort = 40 * 1000 * 1000; // cabinets; reading must stay quick
+constexpr qint64 LargestEffort = 20 * 1000 * 1000; // cabinets; reading must stay quick
 
 constexpr QLatin1Char BeforeTurn('+');
 

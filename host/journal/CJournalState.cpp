@@ -12,7 +12,7 @@
 namespace {
 
 constexpr qint64 MostEffort =
-    100 * 1000 * 1000; // cabinets; far more than is written before the next snapshot
+    50 * 1000 * 1000; // cabinets, about a second; far more than is written before the next snapshot
 
 } // namespace
 
