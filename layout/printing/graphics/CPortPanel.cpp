@@ -133,7 +133,9 @@ QString CPortPanel::cabinetsText(const CWall &wall, const SPlanPort &port)
         ++counts[wall.cabinets().at(index).type];
     QStringList parts;
     for (auto type = counts.cbegin(); type != counts.cend(); ++type)
-        parts << tr("%1 of type %2").arg(*type).arg(wall.plan().types.at(type.key()).letter);
+        parts << tr("%1 of type %2")
+                     .arg(SheetNumbers::whole(*type))
+                     .arg(wall.plan().types.at(type.key()).letter);
     return parts.join(tr(", "));
 }
 

@@ -7,6 +7,7 @@
 #include "layout/printing/graphics/DrawnViews.h"
 #include "layout/printing/graphics/SPartView.h"
 #include "layout/printing/sheets/SheetMarks.h"
+#include "layout/printing/sheets/SheetNumbers.h"
 
 #include <algorithm>
 
@@ -108,7 +109,7 @@ CPortSheets::SDivision CPortSheets::division(const SPlanPort &port, const CPortP
 QString CPortSheets::summary(const SPlanPort &port, int part, int parts) const
 {
     const int count = port.chain.size() + port.unwired.size();
-    QString text = count == 1 ? tr("1 cabinet") : tr("%1 cabinets").arg(count);
+    QString text = count == 1 ? tr("1 cabinet") : tr("%1 cabinets").arg(SheetNumbers::whole(count));
     if (port.chain.size() > 1)
         text += tr(", 1 to %1").arg(port.chain.size());
     const auto &all = m_wall.cabinets();
