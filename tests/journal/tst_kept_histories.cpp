@@ -29,6 +29,8 @@ void CKeptHistoriesTest::keepsTheHistoryOfAFile()
     world.journals.settle(owner);
     world.journals.sync();
     QVERIFY(world.strays().isEmpty()); // only the history is left
+    const QString kept = world.folder + QLatin1Char('/') + world.files().value(0);
+    QVERIFY(!(QFile::permissions(kept) & (QFile::ReadGroup | QFile::ReadOther)));
     SJournal history;
     QVERIFY(world.journals.folder().findHistory(file, history) == CJournalFolder::Kept::Same);
     CJournals next(world.folder, {});
