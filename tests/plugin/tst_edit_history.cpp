@@ -316,6 +316,9 @@ private Q_SLOTS:
         mark(0, false, false); // unlocked, and the layout is as it was at first
         QTRY_COMPARE(marks(), QStringLiteral("+-+"));
         mark(1, false, false); // saved again
+        settle(world.host, world.store);
+        QCoreApplication::processEvents();
+        QCOMPARE(marks(), QStringLiteral("+-+"));
         world.view().onStepChosen(1);
         QCOMPARE(world.takeRecords().last().saved, 2);
         mark(1, true, false);
