@@ -38,7 +38,7 @@ constexpr qreal SmallestWideFrame = 16; // cabinet with the frame of the selecti
 constexpr qreal SelectionWidth = 2;
 constexpr qreal SelectionRim = 1; // on both sides
 constexpr qreal SelectionFrame = SelectionWidth + 2 * SelectionRim;
-constexpr qreal Rounding = 1e-6;    // else an edge between two pixels might be rounded up or down
+constexpr qreal Rounding = 1e-6;    // more than what arithmetic loses
 constexpr qreal SmallestBorder = 3; // of a smaller cabinet it would be all that is seen
 
 /// How far @p pixels has come from @p none to what is drawn whole.
@@ -146,11 +146,17 @@ void paintFrame(QPainter &painter, const QRectF &rect, const QPen &pen)
     painter.drawRect(rect);
 }
 
+/// All edges are rounded alike, also those that lie between two pixels.
+QRectF rounded(const QRectF &rect, qreal scale)
+{
+    return rect.translated(Rounding / scale, Rounding / scale);
+}
+
 QRectF withinBorder(const QRectF &rect, const SCabinetColors &colors, qreal scale)
 {
     const qreal hairline = 1 / scale;
-    const qreal far = (colors.framed ? 1 : 0) - Rounding;
-    return rect.adjusted(hairline, hairline, -far / scale, -far / scale);
+    const qreal far = colors.framed ? hairline : 0;
+    return rounded(rect.adjusted(hairline, hairline, -far, -far), scale);
 }
 
 /// The border is what the fill leaves of a rectangle behind it: a pen would be walked pixel by pixel. It
@@ -164,10 +170,10 @@ void paintArea(QPainter &painter, const QRectF &rect, const SCabinetColors &colo
         return;
     }
     if (!colors.border.isValid()) {
-        painter.fillRect(rect, colors.fill);
+        painter.fillRect(rounded(rect, scale), colors.fill);
         return;
     }
-    painter.fillRect(rect, colors.border);
+    painter.fillRect(rounded(rect, scale), colors.border);
     painter.fillRect(withinBorder(rect, colors, scale), colors.fill);
 }
 
@@ -273,7 +279,7 @@ void CLayoutPainter::paintRowFromAfar(QPainter &painter, const QVector<QRectF> &
             paintArea(painter, rect, colors, scale);
         return;
     }
-    const QRectF all = row.first() | row.last();
+    const QRectF all = rounded(row.first() | row.last(), scale);
     if (!colors.border.isValid()) {
         painter.fillRect(all, colors.fill);
         return;

@@ -23,6 +23,7 @@ private Q_SLOTS:
         QVERIFY(!host.manager.table().isModified(host.stage));
         const QUuid foyer = host.named("Foyer");
         host.edit(host.lobby);
+        QVERIFY(host.log.waitFor(30).endsWith(CDeviceFixture::idOf(host.lobby)));
         const CabinetLayout edited = host.layoutOf(host.lobby);
         const CabinetLayout before = host.layoutOf(host.stage);
         host.manager.simulate(host.lobby, SimulationFault::Changed, true);
@@ -38,7 +39,8 @@ private Q_SLOTS:
         const QStringList told = host.notifiedUpToDetection();
         QVERIFY(told.contains(QStringLiteral("17 ") + CDeviceFixture::idOf(host.stage)));
         QVERIFY(told.contains(QStringLiteral("22 %1 1").arg(CDeviceFixture::idOf(foyer))));
-        QCOMPARE(told.size(), 4);
+        QVERIFY(told.contains(QStringLiteral("30 ") + CDeviceFixture::idOf(host.stage)));
+        QCOMPARE(told.size(), 5);
     }
 
     void aProcessorComesBackByItselfWhenItAnswersAgain()

@@ -366,24 +366,28 @@ private Q_SLOTS:
         QCOMPARE(pixels(pictureOf(data, options), beyond, LayoutColors::Warning), 0);
     }
 
-    void noGapIsSeenBetweenNeighbours()
+    void bordersBetweenNeighboursAreOnePixelWide()
     {
-        for (int side = 3; side < 70; ++side) { // pixels; each second edge lies between two of them
+        constexpr int length = 192;
+        for (int side = 10; side < 70; ++side) { // pixels; each edge lies between two of them
             QImage image(20 * side, side, QImage::Format_RGB32);
             image.fill(Qt::magenta);
             QPainter painter(&image);
-            const qreal scale = side / 100.0;
-            painter.translate(-0.5 * side - 0.5, -0.5);
-            painter.scale(scale, scale);
+            const qreal scale = qreal(side) / length;
             SCabinetLook look;
             look.fill = Qt::darkGreen;
-            for (int x = 0; x < 22; ++x) {
-                look.rect = QRectF(100 * x, 0, 100, 200);
+            look.rect = QRectF(0, 0, length, 2 * length);
+            for (int x = -1; x < 21; ++x) { // as the scene places its items
+                painter.setWorldTransform(QTransform::fromScale(scale, scale) *
+                                          QTransform::fromTranslate(0.5 - 3 * side, -0.5));
+                painter.translate(length * (x + 3), 0);
                 CLayoutPainter::paintCabinet(painter, look, scale);
             }
+            const QRgb fill = image.pixel(side / 2, side / 2);
+            int borders = 0;
             for (int x = 0; x < image.width(); ++x)
-                QVERIFY2(image.pixelColor(x, side / 2) != QColor(Qt::magenta),
-                         qPrintable(QStringLiteral("%1 of cabinets of %2").arg(x).arg(side)));
+                borders += image.pixel(x, side / 2) != fill;
+            QVERIFY2(borders == 20, qPrintable(QStringLiteral("%1 of %2").arg(borders).arg(side)));
         }
     }
 
