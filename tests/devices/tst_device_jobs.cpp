@@ -3,6 +3,7 @@
 #include "host/devices/jobs/CDeviceJob.h"
 #include "host/devices/jobs/CJobRunner.h"
 #include "host/devices/services/CMailbox.h"
+#include "host/devices/simulated/CProcessorCodec.h"
 #include "host/devices/simulated/CSimulatedProcessor.h"
 #include "tests/devices/CDeviceFixture.h"
 #include "tests/harness/CTestBase.h"
@@ -135,6 +136,30 @@ private Q_SLOTS:
         QCOMPARE(host.log.waitFor(17), QStringLiteral("17 %1").arg(id));
         QCOMPARE(host.log.waitFor(29), QStringLiteral("29 %1 0").arg(id));
         QVERIFY(host.layoutOf(host.lobby) == before);
+    }
+
+    void aReadTellsThatEditsAreSaved()
+    {
+        CDeviceFixture host;
+        host.edit(host.lobby);
+        host.manager.jobs().setConfirm([](const QString &) { return true; }); // to read over edits
+        host.manager.simulate(host.lobby, SimulationFault::LostAnswer, true);
+        CCancelToken token;
+        quint64 revision = host.manager.table().device(host.lobby)->revision;
+        const QByteArray edited =
+            CProcessorCodec::encode(SProcessorMapping{host.layoutOf(host.lobby), revision});
+        QCOMPARE(host.manager.services()
+                     .device(host.lobby)
+                     ->saveMapping(
+                         token, [](int) {}, edited, revision),
+                 DeviceError::NoAnswer);
+        host.manager.simulate(host.lobby, SimulationFault::LostAnswer, false);
+        const QString told = QStringLiteral("30 ") + CDeviceFixture::idOf(host.lobby);
+        QCOMPARE(host.log.waitFor(30), told);
+        QVERIFY(host.manager.table().isModified(host.lobby));
+        QVERIFY(host.read(host.lobby).isDone());
+        QVERIFY(!host.manager.table().isModified(host.lobby));
+        QCOMPARE(host.log.waitFor(30), told);
     }
 
     void aReadKeepsLockedPortsUnlessTheUserAgrees()

@@ -107,6 +107,7 @@ CMappingTransfer::Step CMappingTransfer::takeOver(const SDevice &device, const S
     case CDeviceServices::Taken::Yes:
         break;
     }
+    m_services.announcer().announceState(); // what equals the edits has made them saved ones
     m_services.announcer().notify(LayoutNotification::ReadbackFinished,
                                   SReadbackResult{device.node.uuid, same});
     return Step::Done;
