@@ -167,8 +167,8 @@ CStatus CDeviceCommands::moveAreas(const ProcessorOffsets &offsets)
         }
         QStringList problems{status.error()};
         if (error == DeviceError::NoAnswer) { // it may have done it
-            Q_UNUSED(move(it.key(), device.settings.offset))
-            problems << tr("Its offset is read again when it answers.");
+            if (!move(it.key(), device.settings.offset))
+                problems << tr("Its offset is read again when it answers.");
         }
         for (auto moved = before.begin(); moved != before.end(); ++moved) {
             const CStatus back = move(moved.key(), moved.value());

@@ -96,8 +96,8 @@ QStringList CRedundancyPairs::undone(const QList<Pair> &changed, const Pair &fai
 {
     QStringList problems;
     if (error == DeviceError::NoAnswer) { // it may have done it
-        Q_UNUSED(m_commands.setPrimary(failed.second, failed.first))
-        problems << tr("Its pair is read again when it answers.");
+        if (!m_commands.setPrimary(failed.second, failed.first))
+            problems << tr("Its pair is read again when it answers.");
     }
     for (const Pair &before : changed) {
         const CStatus status = m_commands.setPrimary(before.second, before.first);

@@ -238,6 +238,8 @@ private:
         if (!bench.processors.at(size_t(place))->hasShownFault())
             return false;
         wrong = faultOf(bench, operation, status, before, wanted);
+        if (wrong.isEmpty() && !onward && status.error().contains(QLatin1String("again when it answers")))
+            wrong = QStringLiteral("does not notice that it answers");
         if (wrong.isEmpty() && !onward) { // then it works again
             const CStatus again = bench.recover() ? operation.run(bench) : CStatus::failure({});
             if (!again || bench.stored() != wanted)
