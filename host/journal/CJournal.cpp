@@ -10,6 +10,7 @@
 #include <QUuid>
 
 #include <algorithm>
+#include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -202,8 +203,12 @@ bool CJournal::remove(const QByteArray &path, const Handle &lock)
 {
     struct stat locked = {};
     struct stat named = {};
-    if (lock && fstat(lock->descriptor(), &locked) == 0 && stat(path.constData(), &named) == 0 &&
-        locked.st_dev == named.st_dev && locked.st_ino == named.st_ino)
-        return CFileSystem::current().unlink(path) == 0;
-    return true;
+    if (!lock)
+        return true;
+    if (fstat(lock->descriptor(), &locked) != 0)
+        return false;
+    if (stat(path.constData(), &named) != 0)
+        return errno == ENOENT;
+    const bool another = locked.st_dev != named.st_dev || locked.st_ino != named.st_ino;
+    return another || CFileSystem::current().unlink(path) == 0;
 }

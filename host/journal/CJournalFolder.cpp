@@ -239,8 +239,10 @@ CJournalFolder::Kept CJournalFolder::findHistory(const QString &projectFile, SJo
     if (!content)
         return found == CSafeFile::Nothing ? Kept::None : unread(content.error());
     history = SJournal::read(content.value());
+    if (history.problem == SJournal::Newer)
+        return unread(tr("they were written by a newer version of the program."));
     if (history.problem != SJournal::None)
-        return unread(history.problemText());
+        return Kept::Damaged;
     QString problem;
     const QByteArray digest = digestOf(projectFile, &problem);
     if (digest.isEmpty()) // it cannot be read now, which says nothing of what it holds

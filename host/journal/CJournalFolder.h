@@ -52,9 +52,9 @@ public:
     QString keepHistory(SJournalOwner owner, const CJournalState &state) const;
     void dropHistory(const QString &projectFile) const;
     void dropHistories() const; ///< of all projects
-    enum class Kept { None, Same, Changed, Unread };
+    enum class Kept { None, Same, Changed, Damaged, Unread };
     /// Finds the history that belongs to a project file. Changed: the file is no longer the one that was
-    /// saved. Unread: the history has the reason, as text for the user.
+    /// saved. Unread: the history has the reason, as text for the user; it may be read another time.
     Kept findHistory(const QString &projectFile, SJournal &history) const;
 
     static QString defaultPath();

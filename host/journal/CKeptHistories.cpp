@@ -52,22 +52,32 @@ void CKeptHistories::search(const SJournalOwner &owner)
     if (!m_kept)
         return;
     const quint64 search = ++m_lastSearch;
+    m_thread.submit([this, owner, search] { carryOut(owner, search); });
     m_searches[owner.processor] = search;
-    m_thread.submit([this, owner, search] { m_found(find(owner, search)); });
+}
+
+/// On the thread.
+void CKeptHistories::carryOut(const SJournalOwner &owner, quint64 search)
+{
+    try {
+        m_found(find(owner, search));
+    } catch (const std::bad_alloc &) {
+        m_found({owner.processor, search, {}, 0}); // first: somebody may wait for it
+        m_listeners.tell(tr("There is not enough memory for the earlier steps of %1.").arg(owner.name));
+    }
 }
 
 /// On the thread.
 CKeptHistories::SFound CKeptHistories::find(const SJournalOwner &owner, quint64 search)
 {
     SJournal history;
-    CJournalFolder::Kept kept = CJournalFolder::Kept::None;
-    try {
-        kept = m_folder.findHistory(owner.file, history);
-    } catch (const std::bad_alloc &) {
-        m_listeners.tell(tr("There is not enough memory for the earlier steps of %1.").arg(owner.name));
-    }
+    const CJournalFolder::Kept kept = m_folder.findHistory(owner.file, history);
     if (kept == CJournalFolder::Kept::Unread)
         m_listeners.tell(tr("The earlier steps of %1 cannot be undone: %2").arg(owner.name, history.reason));
+    if (kept == CJournalFolder::Kept::Damaged) {
+        m_folder.dropHistory(owner.file);
+        m_listeners.tell(tr("The earlier steps of %1 are damaged and cannot be undone.").arg(owner.name));
+    }
     if (kept == CJournalFolder::Kept::Changed) {
         m_folder.dropHistory(owner.file);
         m_listeners.tell(tr("%1 was changed elsewhere: its earlier steps cannot be undone.").arg(owner.name));

@@ -54,6 +54,7 @@ public:
     void stop() { m_thread.stop(); }            ///< waits until everything is done
 
 private:
+    void carryOut(const SJournalOwner &owner, quint64 search);
     SFound find(const SJournalOwner &owner, quint64 search);
     void tellUnkept(const SJournalOwner &owner, const QString &problem);
 

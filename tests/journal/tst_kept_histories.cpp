@@ -4,6 +4,8 @@
 #include "tests/journal/SJournalWorld.h"
 #include "tests/projects/ProjectSamples.h"
 
+#include <QElapsedTimer>
+
 /// Histories of saved projects.
 class CKeptHistoriesTest final : public CTestBase
 {
@@ -11,6 +13,7 @@ class CKeptHistoriesTest final : public CTestBase
 
 private Q_SLOTS:
     void keepsTheHistoryOfAFile();
+    void tellsWhatCannotBeRead();
     void waitsForNoHistory();
 };
 
@@ -57,6 +60,43 @@ void CKeptHistoriesTest::keepsTheHistoryOfAFile()
     next.settle(owner); // somebody has replaced the file since it was saved
     next.sync();
     QVERIFY(world.files().isEmpty());
+}
+
+void CKeptHistoriesTest::tellsWhatCannotBeRead()
+{
+    CRecordingEditor editor = smallEditor();
+    SJournalWorld world;
+    const QString file = world.root.filePath(QStringLiteral("wall.sprj"));
+    ProjectSamples::setContent(file, "saved");
+    SJournalOwner owner = ownerOf(editor, file);
+    owner.stamp = SFileStamp::of(file);
+    world.journals.begin(owner, editor.project());
+    world.journals.note(editor.edit(QStringLiteral("one")));
+    editor.save();
+    world.journals.settle(owner);
+    world.journals.sync();
+    const QString kept = world.folder + QLatin1Char('/') + world.files().value(0);
+    const QByteArray damaged = ProjectSamples::contentOf(kept).chopped(1);
+    QByteArray newer = damaged;
+    newer[8] = '\x7f'; // the version
+    const auto open = [&](const QByteArray &history) {
+        ProjectSamples::setContent(kept, history);
+        world.journals.beginOpened(owner, editor.project());
+        world.journals.sync();
+        return world.told.value(world.toldCount() - 1);
+    };
+    QVERIFY(open(newer).endsWith(QStringLiteral(": they were written by a newer version of the program.")));
+    QVERIFY(QFile::exists(kept));
+    QVERIFY(open(damaged).endsWith(QStringLiteral(" are damaged and cannot be undone.")));
+    QVERIFY(!QFile::exists(kept));
+    CJournals without(world.folder, [](const QString &) { throw std::bad_alloc(); });
+    ProjectSamples::setContent(kept, damaged);
+    without.beginOpened(owner, editor.project());
+    without.sync();
+    QElapsedTimer timer;
+    timer.start();
+    QVERIFY(without.history(owner.processor).steps.isEmpty());
+    QVERIFY(timer.elapsed() < 500); // nobody waits for what does not come
 }
 
 void CKeptHistoriesTest::waitsForNoHistory()

@@ -81,6 +81,14 @@ void CStrayJournalsTest::offersAStoryOnce()
     }
     ProjectSamples::setContent(old, content);
     ProjectSamples::setContent(last, whole);
+    const QString moved = first.folder + QStringLiteral(".moved");
+    {
+        const SStrayJournal stray = first.strays().value(0);
+        QVERIFY(QDir().rename(first.folder, moved));
+        QVERIFY(QFile::link(first.folder, first.folder)); // leads nowhere
+        QVERIFY(!CJournalFolder::remove(stray));          // it may still be there
+    }
+    QVERIFY(QFile::remove(first.folder) && QDir().rename(moved, first.folder));
     QVERIFY(CJournalFolder::remove(first.strays().value(0)));
     QVERIFY(first.files().isEmpty());
 }
