@@ -7,6 +7,7 @@
 #include "host/journal/CJournalFolder.h"
 #include "host/projects/CFileLock.h"
 #include "host/projects/CProcessorProject.h"
+#include "host/projects/SFileWrite.h"
 
 #include <QFileInfo>
 #include <QTextStream>
@@ -46,12 +47,13 @@ const SStrayJournal *chosen(const CCommandArguments &arguments, const QString &o
 }
 
 /// As a save in the window does. A start with histories switched off removes it.
-QString keepHistory(const CJournalFolder &folder, const SJournal &journal, const QString &file)
+QString keepHistory(const CJournalFolder &folder, const SJournal &journal, const QString &file,
+                    const SFileStamp &stamp)
 {
     SJournalOwner owner = journal.owner;
     owner.project = true;
     owner.file = QFileInfo(file).absoluteFilePath();
-    owner.stamp = SFileStamp::of(owner.file);
+    owner.stamp = stamp;
     CJournalState state = journal.state;
     state.trail().setSaved();
     if (!state.trail().isEmpty())
@@ -69,12 +71,13 @@ SCommandOutcome restore(const CJournalFolder &folder, const SStrayJournal &stray
     if (lock.take() == CFileLock::Held)
         return SCommandOutcome::held(file, lock.holder());
     const SProcessorProject project = stray.journal.state.project();
-    const CStatus written = CProcessorProject::write(file, project);
+    SFileWrite how;
+    const CStatus written = CProcessorProject::write(file, project, &how);
     if (!written)
         return SCommandOutcome::badInput(written.error());
     out << CRecoverCommand::tr("%1: cabinets: %2\n")
                .arg(file, QString::number(project.layout.cabinetCount()));
-    const QString problem = keepHistory(folder, stray.journal, file);
+    const QString problem = keepHistory(folder, stray.journal, file, how.stamp);
     if (!problem.isEmpty())
         return SCommandOutcome::badInput(
             CRecoverCommand::tr("the edits are still offered, because their history cannot be kept: %1")
