@@ -200,7 +200,6 @@ QVector<QByteArray> HostileFiles::journals()
     const QByteArray content = CJournalState(crowded(3)).snapshot();
     for (int i = 0; i < content.size(); ++i) { // one figure after the other becomes the largest one
         quint64 last = 0;
-        SJournal::append(CJournalState::Owner, {}, last);
         QByteArray file = SJournal::write({}, {}, last);
         file += SJournal::append(CJournalState::Snapshot, content.left(i) + most + content.mid(i + 1), last);
         files << file;

@@ -30,8 +30,9 @@
 
 namespace {
 
-constexpr int MostMegabytes = 255; // fits an exit status
-constexpr rlim_t MostSeconds = 10; // without optimisation; what is quadratic takes minutes
+constexpr int MostMegabytes = 255;          // fits an exit status
+constexpr rlim_t MostSeconds = 10;          // without optimisation; what is quadratic takes minutes
+constexpr unsigned MostSecondsAsleep = 120; // much more, because others may have the processor
 
 using Read = std::function<void(const QByteArray &)>;
 using Make = std::function<QVector<QByteArray>()>;
@@ -55,6 +56,7 @@ int cost(const Read &read, const QByteArray &bytes)
     if (child == 0) {
         const rlimit seconds{MostSeconds, MostSeconds};
         setrlimit(RLIMIT_CPU, &seconds);
+        alarm(MostSecondsAsleep);
         signal(SIGSEGV, SIG_DFL); // nothing of the test goes on here
         signal(SIGABRT, SIG_DFL);
         const int free = int(mallinfo2().fordblks / 1024 / 1024); // used first, without a new peak
