@@ -77,9 +77,12 @@ QString CPrintCommand::notRead(const SPrintInput &input)
     for (const QUuid &key : input.unread)
         names << input.others.value(key).displayText();
     names.sort(Qt::CaseInsensitive);
-    return names.isEmpty() ? QString()
-                           : tr("Not read yet: %1. Print again when these processors are online.")
-                                 .arg(names.join(QStringLiteral(", ")));
+    if (names.isEmpty())
+        return {};
+    const QString text = names.size() == 1
+                             ? tr("Not read yet: %1. Print again when this processor is online.")
+                             : tr("Not read yet: %1. Print again when these processors are online.");
+    return text.arg(names.join(QStringLiteral(", ")));
 }
 
 void CPrintCommand::run(QWidget *parent)

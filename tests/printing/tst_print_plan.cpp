@@ -50,7 +50,7 @@ private Q_SLOTS:
         QCOMPARE(totals.kilograms, 1680.0);
         QCOMPARE(totals.wattsMaximum, qint64(38400));
         QCOMPARE(totals.wattsAverage, qint64(19200));
-        QVERIFY(totals.complete);
+        QVERIFY(totals.weightKnown && totals.maximumKnown && totals.averageKnown);
         QCOMPARE(SPlanTotals::amperes(38400, 230), 167.0); // 166.96, rounded up
         QCOMPARE(SPlanTotals::amperes(38400, 3 * 230), 55.7);
         QCOMPARE(SPlanTotals::amperes(2300, 230), 10.0);
@@ -214,7 +214,7 @@ private Q_SLOTS:
         QCOMPARE(typeOf(1).millimetres, QSizeF(375, 375));
         QVERIFY(typeOf(2).presumed && typeOf(3).presumed && typeOf(4).alike && !typeOf(4).presumed);
         QCOMPARE(typeOf(3).millimetres, QSizeF(191, 192) * PrintConfig().pixelPitch);
-        QVERIFY(!plan.totals.complete);
+        QVERIFY(!plan.totals.weightKnown && !plan.totals.maximumKnown && !plan.totals.averageKnown);
         QCOMPARE(plan.totals.wattsMaximum, qint64(238 * 160));
         QCOMPARE(plan.types.last().letter, QStringLiteral("D"));
     }

@@ -127,7 +127,12 @@ private Q_SLOTS:
         const SPrintPlan plan = SPrintPlan::of(CSheetExport::inputOf({project}), {config, {}, {}});
         QString text;
         const QVector<SSheet> sheets = CSheetSet::of(plan).value();
-        QVERIFY(!CSheetSet::of(plan, [] { return true; })); // stopped
+        for (int calls = 0; calls < 5; ++calls) {
+            QVector<QUuid> unfit;
+            const auto isStopped = [left = calls]() mutable { return left-- <= 0; };
+            const auto stopped = CSheetSet::of(plan, isStopped, &unfit);
+            QVERIFY(!stopped && stopped.error().isEmpty() && unfit.isEmpty());
+        }
         for (const SSheet &sheet : sheets)
             text += SheetTexts::whole(sheet) + QLatin1Char('\n');
         static const QRegularExpression sum(QStringLiteral("([\\d,]+) cabinets, ([\\d,]+) pixels"));
@@ -187,6 +192,40 @@ private Q_SLOTS:
                                    return text.text.startsWith(QLatin1String("some unknown; "));
                                }),
                  2);
+    }
+
+    /// Each figure by itself, and only where it is shown.
+    void tellsWhichFiguresAreNotKnown()
+    {
+        PrintConfig config = configOf(PrintConfig::A3);
+        config.sheets = PrintConfig::PortTable | PrintConfig::PortSheets | PrintConfig::PartsList;
+        enum { Weight = 1, Maximum = 2, Average = 4 };
+        const QMap<int, QString> notes{
+            {0, {}},
+            {Average, {}},
+            {Weight, QStringLiteral("Weight: without")},
+            {Maximum, QStringLiteral("Power: without")},
+            {Weight | Maximum | Average, QStringLiteral("Power and weight: without")}};
+        for (auto note = notes.begin(); note != notes.end(); ++note) {
+            SPrintInput input = CSheetExport::inputOf({ProjectSamples::ofWall(CWallBuilder::Medium)});
+            input.takeTypes();
+            input.library.clear(); // so that it gives them no more
+            for (auto &type : input.alike) {
+                type.kilograms = (note.key() & Weight) != 0 ? 0 : type.kilograms;
+                type.wattsMaximum = (note.key() & Maximum) != 0 ? 0 : type.wattsMaximum;
+                type.wattsAverage = (note.key() & Average) != 0 ? 0 : type.wattsAverage;
+            }
+            const QVector<SSheet> sheets = CSheetSet::of(SPrintPlan::of(input, {config, {}, {}})).value();
+            const QString table = SheetTexts::whole(sheets.first());
+            QVERIFY2(table.contains(note.value()), qPrintable(table));
+            QCOMPARE(table.contains(QStringLiteral(": without cabinets")), !note.value().isEmpty());
+            QCOMPARE(SheetTexts::whole(sheets.last()).contains(QStringLiteral("Weight or power of some")),
+                     !note.value().isEmpty());
+            QCOMPARE(has(sheets.first(), "112.0"), (note.key() & Weight) == 0);
+            QCOMPARE(has(sheets.first(), "2,560"), (note.key() & Maximum) == 0);
+            QCOMPARE(has(sheets.at(1), "112.0 kg"), (note.key() & Weight) == 0);
+            QCOMPARE(has(sheets.at(1), "2,560 W max., 1,280 W average"), (note.key() & ~Weight) == 0);
+        }
     }
 
     void splitsTablesWithCarriedSums()

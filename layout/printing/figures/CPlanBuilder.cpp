@@ -40,7 +40,9 @@ void add(SPlanTotals &sum, const SPlanTotals &part)
     sum.kilograms += part.kilograms;
     sum.wattsMaximum += part.wattsMaximum;
     sum.wattsAverage += part.wattsAverage;
-    sum.complete = sum.complete && part.complete;
+    sum.weightKnown = sum.weightKnown && part.weightKnown;
+    sum.maximumKnown = sum.maximumKnown && part.maximumKnown;
+    sum.averageKnown = sum.averageKnown && part.averageKnown;
 }
 
 SPlanTotals totalsOf(const SPlanCabinet &cabinet, const SPlanType &type)
@@ -52,7 +54,9 @@ SPlanTotals totalsOf(const SPlanCabinet &cabinet, const SPlanType &type)
     totals.kilograms = type.kilograms;
     totals.wattsMaximum = type.wattsMaximum;
     totals.wattsAverage = type.wattsAverage;
-    totals.complete = type.kilograms > 0 && type.wattsMaximum > 0 && type.wattsAverage > 0;
+    totals.weightKnown = type.kilograms > 0;
+    totals.maximumKnown = type.wattsMaximum > 0;
+    totals.averageKnown = type.wattsAverage > 0;
     return totals;
 }
 

@@ -60,7 +60,9 @@ struct SPlanTotals
     double kilograms = 0;
     qint64 wattsMaximum = 0;
     qint64 wattsAverage = 0;
-    bool complete = true; ///< weight and power of every cabinet are known
+    bool weightKnown = true;  ///< of every cabinet
+    bool maximumKnown = true; ///< the same of its power
+    bool averageKnown = true;
 
     /// Amperes for @p watts, rounded up to a tenth.
     static double amperes(qint64 watts, int volts);

@@ -64,12 +64,12 @@ QVector<ECableSign> cableSigns(const CWall &wall, const SPlanPort &port)
     return signs << EndsSign;
 }
 
-/// The part of a total that is known.
-QString known(const QString &text, const SPlanTotals &totals)
+/// A total of which nothing, a part or all is known.
+QString known(const QString &text, bool any, bool all)
 {
-    if (totals.kilograms <= 0 && totals.wattsMaximum <= 0 && !totals.complete)
+    if (!any && !all)
         return QCoreApplication::translate("CPortPanel", "unknown");
-    return totals.complete ? text : QCoreApplication::translate("CPortPanel", "%1 or more").arg(text);
+    return all ? text : QCoreApplication::translate("CPortPanel", "%1 or more").arg(text);
 }
 
 } // namespace
@@ -88,15 +88,18 @@ CPortPanel::CPortPanel(const CWall &wall, const SPlanPort &port, double besideHe
                                            ? tr("%1 of %2").arg(whole(port.charged), whole(port.capacity))
                                            : whole(totals.pixels));
     m_facts << qMakePair(tr("Load"), tr("%1 %").arg(port.load));
-    m_facts << qMakePair(tr("Weight"), known(tr("%1 kg").arg(decimal(totals.kilograms, 1)), totals));
+    m_facts << qMakePair(tr("Weight"), known(tr("%1 kg").arg(decimal(totals.kilograms, 1)),
+                                             totals.kilograms > 0, totals.weightKnown));
+    const bool anyPower = totals.wattsMaximum > 0 || totals.wattsAverage > 0;
+    const bool powerKnown = totals.maximumKnown && totals.averageKnown;
     m_facts << qMakePair(
         tr("Power"),
         known(tr("%1 W max., %2 W average").arg(whole(totals.wattsMaximum), whole(totals.wattsAverage)),
-              totals));
+              anyPower, powerKnown));
     m_facts << qMakePair(
         tr("Current, %1 V").arg(volts),
         known(tr("%1 A max., %2 A average").arg(amperes(totals.wattsMaximum), amperes(totals.wattsAverage)),
-              totals));
+              anyPower, powerKnown));
     m_facts << qMakePair(tr("Signal cables"), cablesText(port));
     const QString redundancy = port.redundancyText();
     m_facts << qMakePair(tr("Redundancy"), redundancy.isEmpty() ? tr("none")

@@ -111,14 +111,14 @@ QString CPortSheets::summary(const SPlanPort &port, int part, int parts) const
     const int count = port.chain.size() + port.unwired.size();
     QString text = count == 1 ? tr("1 cabinet") : tr("%1 cabinets").arg(SheetNumbers::whole(count));
     if (port.chain.size() > 1)
-        text += tr(", 1 to %1").arg(port.chain.size());
+        text += tr(", 1 to %1").arg(SheetNumbers::whole(port.chain.size()));
     const auto &all = m_wall.cabinets();
     const QVector<int> cabinets = CWall::cabinetsOf(port);
     const int type = all.at(cabinets.first()).type;
     if (std::all_of(cabinets.begin(), cabinets.end(), [&](int i) { return all.at(i).type == type; }))
         text += tr(", type %1").arg(m_wall.plan().types.at(type).letter);
     if (!port.unwired.isEmpty())
-        text += tr(", %1 not wired").arg(port.unwired.size());
+        text += tr(", %1 not wired").arg(SheetNumbers::whole(port.unwired.size()));
     if (port.redundant)
         text += tr(", redundancy port");
     text += tr(". Load %1 %.").arg(port.load);

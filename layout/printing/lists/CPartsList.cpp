@@ -190,7 +190,7 @@ void CPartsTables::addNotes()
         CPartsList::tr("Cables run level and upright, from centre to centre.")};
     if (!m_tally.tooLong.isEmpty())
         notes.prepend(CPartsList::tr("WARNING: %1").arg(m_tally.warning()));
-    if (!m_plan.totals.complete)
+    if (!m_plan.totals.weightKnown || !m_plan.totals.maximumKnown)
         notes << CPartsList::tr("Weight or power of some cabinets is not known; they do not count.");
     m_flow.addNotes(notes);
 }

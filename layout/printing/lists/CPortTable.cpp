@@ -17,6 +17,8 @@ using SheetNumbers::decimal;
 using SheetNumbers::orDash;
 using SheetNumbers::whole;
 
+constexpr int PowerColumn = 10;
+constexpr int WeightColumn = 11;
 constexpr int RedundancyColumn = 12;
 
 const QVector<STableColumn> &portColumns()
@@ -45,7 +47,7 @@ const QVector<STableColumn> &portColumns()
 /// Which columns a table of that width has: all, or without those that the parts list or a pencil can tell.
 QVector<int> wantedColumns(double width)
 {
-    constexpr int Droppable[] = {11, 10, 9, 8, 15, 14}; // weight, power, loop, feed, tested, wired
+    constexpr int Droppable[] = {WeightColumn, PowerColumn, 9, 8, 15, 14}; // loop, feed, tested, wired
     QVector<int> wanted;
     double sum = 0;
     for (int i = 0; i < portColumns().size(); ++i) {
@@ -89,12 +91,12 @@ STableRow picked(const STableRow &row, const QVector<int> &wanted)
 /// What no type of the cabinets tells is not zero.
 QString wattsOf(const SPlanTotals &totals)
 {
-    return totals.wattsMaximum > 0 || totals.complete ? whole(totals.wattsMaximum) : dash();
+    return totals.wattsMaximum > 0 || totals.maximumKnown ? whole(totals.wattsMaximum) : dash();
 }
 
 QString weightOf(const SPlanTotals &totals)
 {
-    return totals.kilograms > 0 || totals.complete ? decimal(totals.kilograms, 1) : dash();
+    return totals.kilograms > 0 || totals.weightKnown ? decimal(totals.kilograms, 1) : dash();
 }
 
 STableRow portRow(const SPlanPort &port, const CWall &wall)
@@ -154,7 +156,8 @@ struct SPortSums
         totals.cabinets += port.totals.cabinets;
         totals.wattsMaximum += port.totals.wattsMaximum;
         totals.kilograms += port.totals.kilograms;
-        totals.complete = totals.complete && port.totals.complete;
+        totals.maximumKnown = totals.maximumKnown && port.totals.maximumKnown;
+        totals.weightKnown = totals.weightKnown && port.totals.weightKnown;
         ports += port.isUsed() ? 1 : 0;
         looped += port.looped ? 1 : 0;
         locked += port.locked ? 1 : 0;
@@ -181,7 +184,19 @@ bool areAlike(const SPlanPort &a, const SPlanPort &b)
     return !a.isUsed() && !b.isUsed() && a.capacity == b.capacity && a.locked == b.locked;
 }
 
-QStringList portNotes(const SPlanProcessor &processor)
+/// What the sums in the table leave out; empty: nothing.
+QString leftOut(const SPlanTotals &totals, const QVector<int> &wanted)
+{
+    const bool power = !totals.maximumKnown && wanted.contains(PowerColumn);
+    const bool weight = !totals.weightKnown && wanted.contains(WeightColumn);
+    if (power && weight)
+        return CPortTable::tr("Power and weight: without cabinets whose type does not tell them.");
+    if (power)
+        return CPortTable::tr("Power: without cabinets whose type does not tell it.");
+    return weight ? CPortTable::tr("Weight: without cabinets whose type does not tell it.") : QString();
+}
+
+QStringList portNotes(const SPlanProcessor &processor, const QVector<int> &wanted)
 {
     QStringList notes{CPortTable::tr(
         "Load: pixels by capacity, rounded up to whole percent; the total is the mean of all ports.")};
@@ -201,8 +216,9 @@ QStringList portNotes(const SPlanProcessor &processor)
         notes << QString();
     notes.last() += (notes.last().isEmpty() ? QString() : QStringLiteral(" ")) +
                     CPortTable::tr("Cables: stock lengths, slack included.");
-    if (!processor.totals.complete)
-        notes << CPortTable::tr("Power and weight: without cabinets whose type does not tell them.");
+    const QString without = leftOut(processor.totals, wanted);
+    if (!without.isEmpty())
+        notes << without;
     return notes;
 }
 
@@ -251,6 +267,6 @@ QVector<SSheet> CPortTable::sheets(const SPrintPlan &plan, const CWall &wall, co
     CTableFlow flow(newSheet, {ListSheets::body(area)});
     flow.addTable({}, CSheetTable(columnsFor(wanted, area.content.width()), CSheetTable::UsualRow), rows,
                   sums, sumOf);
-    flow.addNotes(portNotes(printed));
+    flow.addNotes(portNotes(printed, wanted));
     return flow.sheets();
 }

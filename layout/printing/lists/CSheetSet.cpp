@@ -166,8 +166,6 @@ CStatus CSheetSet::addDrawings()
     using Sheets = CResult<QVector<SSheet>>;
     const int count = m_plan.processors.size();
     const auto overview = [this](int processor, int first, int firstPort) -> Sheets {
-        if (isStopped())
-            return Sheets::failure(QString());
         if (!isWanted(Sheet::Overview))
             return QVector<SSheet>();
         return COverviewSheets(*m_walls.at(processor), areaOf(processor)).sheets(first, firstPort);
@@ -175,7 +173,7 @@ CStatus CSheetSet::addDrawings()
     // The overviews tell where the ports' sheets begin, which come after all of them.
     const QVector<SSheet> joint = this->joint();
     int next = joint.isEmpty() ? this->next() : begin(this->next(), -1) + joint.size();
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < count && !isStopped(); ++i) {
         if (isRefused(i))
             continue;
         const Sheets sheets = overview(i, 1, 1);
@@ -191,7 +189,7 @@ CStatus CSheetSet::addDrawings()
     if (!m_problems.isEmpty())
         return CStatus::failure(firstOf(m_problems));
     addLeaves(-1, joint, tr("All processors, %1").arg(viewsOf(m_plan.config)));
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < count && !isStopped(); ++i) {
         const Sheets sheets = overview(i, begin(this->next(), i), firstPorts.value(i));
         if (!sheets)
             return CStatus::failure(sheets.error());

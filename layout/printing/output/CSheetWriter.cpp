@@ -53,26 +53,29 @@ CResult<QStringList> CSheetWriter::write(const QVector<SSheet> &sheets, const SO
                                          const Write &write, const SheetFiles::Progress &progress)
 {
     using Names = CResult<QStringList>;
-    const QString problem = fontProblem(sheets);
-    if (!problem.isEmpty())
-        return Names::failure(problem);
+    const QString missing = fontProblem(sheets);
+    if (!missing.isEmpty())
+        return Names::failure(missing);
     bool stopped = false;
     const SheetFiles::Progress watched = [&](int done) {
         stopped = progress && !progress(done);
         return !stopped;
     };
     const QStringList names = namesOf(order.file, sheets.size());
+    const auto failureAfter = [&](int written, const QString &problem) {
+        const QString count = written == 1 ? tr("1 of %1 files is written.").arg(names.size())
+                                           : tr("%1 of %2 files are written.").arg(written).arg(names.size());
+        return Names::failure(written == 0 ? problem : problem + QLatin1Char(' ') + count);
+    };
     for (int i = 0; i < names.size(); ++i) {
         const CResult<QByteArray> made = content(sheets, i, order, watched);
         if (stopped)
             return QStringList();
         if (!made)
-            return Names::failure(made.error());
+            return failureAfter(i, made.error());
         const QString failure = write(names.at(i), made.value());
         if (!failure.isEmpty())
-            return Names::failure(
-                i == 0 ? failure
-                       : tr("%1 %2 of %3 files are written.").arg(failure).arg(i).arg(names.size()));
+            return failureAfter(i, failure);
         if (i + 1 < names.size() && !watched(i + 1))
             return QStringList();
     }
