@@ -10,7 +10,7 @@ ORVO_ROOT=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd -P)
 # shellcheck disable=SC2034 # for the scripts that source this one
 ORVO_BUILD_PACKAGES=(cmake ninja-build g++ qtbase5-dev qtbase5-dev-tools libqt5svg5-dev)
 # shellcheck disable=SC2034
-ORVO_TEST_PACKAGES=(xvfb xauth)
+ORVO_TEST_PACKAGES=(xvfb xauth fonts-dejavu-core)
 # shellcheck disable=SC2034 # clang's runtime, with its fuzzer, in a package of its own
 ORVO_FUZZ_PACKAGES=(clang libclang-rt-dev)
 

@@ -4,6 +4,7 @@
 #include "layout/printing/sheets/CSheetFont.h"
 #include "tests/harness/CTestBase.h"
 
+#include <QFontInfo>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
@@ -40,7 +41,7 @@ QImage drawn(const QByteArray &svg, const QSize &size)
 
 } // namespace
 
-/// Sheets where the only letters are wide ones.
+/// Sheets where the only letters are wide ones: those of DejaVu Sans, which the tests need.
 class CPrintFontsTest final : public CTestBase
 {
     Q_OBJECT
@@ -49,6 +50,8 @@ private Q_SLOTS:
     void narrowsWideLettersInEveryFile()
     {
         for (bool bold : {false, true}) {
+            const QFont font = CSheetFont::font(9, bold);
+            QVERIFY2(font.stretch() < 100, qPrintable(QFontInfo(font).family()));
             QVERIFY(CSheetFont::width(QStringLiteral("0"), 72 / 25.4, bold) <= 0.56);
             SSheetText text;
             text.text = QStringLiteral("Redundanz 8,847,360");
@@ -76,12 +79,11 @@ int main(int argc, char **argv)
     if (!fonts.open())
         return 1;
     qputenv("FONTCONFIG_FILE", fonts.fileName().toUtf8());
-    fonts.write("<?xml version=\"1.0\"?><!DOCTYPE fontconfig SYSTEM \"fonts.dtd\"><fontconfig>"
-                "<include>/etc/fonts/fonts.conf</include><selectfont><rejectfont>");
-    for (const char *family : {"Liberation Sans", "Nimbus Sans", "Arial", "Helvetica"})
-        fonts.write(QByteArray("<pattern><patelt name=\"family\"><string>") + family +
-                    "</string></patelt></pattern>");
-    fonts.write("</rejectfont></selectfont></fontconfig>");
+    fonts.write(
+        "<?xml version=\"1.0\"?><!DOCTYPE fontconfig SYSTEM \"fonts.dtd\"><fontconfig>"
+        "<include>/etc/fonts/fonts.conf</include><selectfont><rejectfont><pattern></pattern></rejectfont>"
+        "<acceptfont><pattern><patelt name=\"family\"><string>DejaVu Sans</string></patelt></pattern>"
+        "</acceptfont></selectfont></fontconfig>");
     fonts.close();
     QGuiApplication application(argc, argv);
     CPrintFontsTest test;
