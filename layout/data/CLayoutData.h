@@ -114,8 +114,8 @@ public:
     /// The edit of @p processor that came too late since the last call, because the host was replacing the
     /// layout.
     LostEdit takeLostEdit(const QUuid &processor) { return m_states.takeLostEdit(processor); }
-    /// What the host says of the unsaved edits of the layout in the editor; nothing while one of the two has
-    /// another layout than the other.
+    /// What the host says of the unsaved edits of the layout in the editor; nothing while an edit waits for
+    /// its hand-over, or the host has announced another layout that the editor does not show yet.
     std::optional<SUnsavedEdits> unsavedEdits() const;
 
     /// Asks the host for a port's load. If it changed, announces it for the port and its redundancy port,

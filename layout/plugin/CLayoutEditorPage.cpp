@@ -126,9 +126,11 @@ void CLayoutEditorPage::tellLostEdit()
     const CEditHistory *history = m_view->history();
     const bool kept = lost == LostEdit::Step && history && history->stack().canUndo();
     m_view->cabinetScene().backend().batches().tell(
-        kept ? tr("The last edit came while the layout was being replaced, and is not in it: undo leads back "
-                  "to it.")
-             : tr("The last edit came while the layout was being replaced, and is lost."));
+        (kept ? tr("The last edit of %1 came while the layout was being replaced, and is not in it: undo "
+                   "leads "
+                   "back to it.")
+              : tr("The last edit of %1 came while the layout was being replaced, and is lost."))
+            .arg(m_processor.name));
 }
 
 SKeptHistory CLayoutEditorPage::keptHistory() const

@@ -219,6 +219,9 @@ private Q_SLOTS:
         const QString words = noted.words.join(QLatin1Char(' '));
         QCOMPARE(words.isEmpty(), told.isEmpty());
         QVERIFY2(words.endsWith(told), qPrintable(words));
+        const QString name = world.answers()->getProcessorNode(world.a).name;
+        QVERIFY2(told.isEmpty() || words.contains(QStringLiteral("edit of %1 came").arg(name)),
+                 qPrintable(words));
         if (!told.startsWith(QLatin1String("undo")))
             return;
         world.scene().undo(nullptr);
