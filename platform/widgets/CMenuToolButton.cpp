@@ -13,7 +13,7 @@ CMenuToolButton::CMenuToolButton(const QString &caption, QWidget *parent)
     , m_menu(new QMenu(this))
 {
     setText(caption);
-    setFocusPolicy(Qt::TabFocus); // a click leaves the keys to the canvas
+    setFocusPolicy(Qt::TabFocus); // a click leaves the keys where they are
     setPopupMode(QToolButton::MenuButtonPopup);
     setMenu(m_menu);
     m_menu->setToolTipsVisible(true);

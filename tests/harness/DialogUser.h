@@ -35,14 +35,20 @@ inline QString withoutMnemonic(QString text)
     return text.remove(QLatin1Char('&'));
 }
 
-/// The button with that text; null: none.
-inline QPushButton *buttonOf(const QWidget &dialog, const QString &text)
+/// The button, label or such with that text; null: none.
+template <typename Control>
+Control *found(const QWidget &dialog, const QString &text)
 {
-    for (QPushButton *button : dialog.findChildren<QPushButton *>()) {
-        if (withoutMnemonic(button->text()) == text)
-            return button;
+    for (Control *control : dialog.findChildren<Control *>()) {
+        if (withoutMnemonic(control->text()) == text)
+            return control;
     }
     return nullptr;
+}
+
+inline QPushButton *buttonOf(const QWidget &dialog, const QString &text)
+{
+    return found<QPushButton>(dialog, text);
 }
 
 /// The control with the accessible name @p name; null: none.

@@ -92,8 +92,9 @@ private Q_SLOTS:
             QCOMPARE(button.iconSize(), QSize(40, 28));
             QCOMPARE(button.styleSheet(), QStringLiteral("QToolButton#HasBackground{border-radius:3px;}"));
             const QString image = QStringLiteral(":/Image/Layout/SidePanel/Topology/%1.svg");
-            QCOMPARE(button.icon().pixmap(40, 28).toImage(),
-                     QIcon(image.arg(QLatin1String(patterns.at(id).second))).pixmap(40, 28).toImage());
+            const QIcon icon(image.arg(QLatin1String(patterns.at(id).second)));
+            QVERIFY(!icon.pixmap(40, 28).isNull());
+            QCOMPARE(button.icon().pixmap(40, 28).toImage(), icon.pixmap(40, 28).toImage());
             button.click();
             QCOMPARE(clicked.takeFirst().first().toInt(), id);
         }

@@ -10,6 +10,7 @@
 #include "tests/harness/CFileDialogAnswerer.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/harness/DialogUser.h"
 #include "tests/printing/SheetJobs.h"
 
 #include <QApplication>
@@ -23,20 +24,6 @@
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QWheelEvent>
-
-namespace {
-
-template <typename Widget>
-Widget *found(QWidget &parent, const QString &text)
-{
-    for (Widget *widget : parent.findChildren<Widget *>()) {
-        if (widget->text() == text)
-            return widget;
-    }
-    return nullptr;
-}
-
-} // namespace
 
 class CPrintDialogTest final : public CTestBase
 {

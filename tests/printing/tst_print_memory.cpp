@@ -7,6 +7,7 @@
 #include "layout/printing/sheets/SSheetArea.h"
 #include "tests/harness/CFakeHost.h"
 #include "tests/harness/CTestBase.h"
+#include "tests/harness/DialogUser.h"
 #include "tests/printing/SheetJobs.h"
 
 #include <QApplication>
@@ -15,20 +16,6 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QSpinBox>
-
-namespace {
-
-template <typename Widget>
-Widget *found(QWidget &parent, const QString &text)
-{
-    for (Widget *widget : parent.findChildren<Widget *>()) {
-        if (widget->text() == text)
-            return widget;
-    }
-    return nullptr;
-}
-
-} // namespace
 
 /// What the print dialog remembers.
 class CPrintMemoryTest final : public CTestBase
