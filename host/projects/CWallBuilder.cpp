@@ -196,7 +196,10 @@ QString sharingProblem(const SWallPlan &plan)
             .arg(CSnakeOrder::PatternCount - 1)
             .arg(plan.pattern);
     if (plan.cabinetCount() < plan.ports)
-        return B::tr("%1 cabinets are too few for %2 ports.").arg(plan.cabinetCount()).arg(plan.ports);
+        return (plan.cabinetCount() == 1 ? B::tr("%1 cabinet is too few for %2 ports.")
+                                         : B::tr("%1 cabinets are too few for %2 ports."))
+            .arg(plan.cabinetCount())
+            .arg(plan.ports);
     if (plan.cabinetCount() > qint64(plan.ports) * LayoutLimits::CabinetsPerPort)
         return B::tr("%1 cabinets are too many for %2 ports: a port takes up to %3.")
             .arg(plan.cabinetCount())

@@ -71,9 +71,8 @@ void CSystemLoadLabel::showWorst()
     m_scheduled = false;
     const int worst = LoadText::worstPort(m_store);
     const qint64 load = worst < 0 ? 0 : m_store.port(worst).load;
-    const QString dash(QStringLiteral("\u2013"));
-    m_bar->setFormat(m_shown ? QStringLiteral("%p%") : dash);
-    m_worst->setText(!m_shown    ? dash
+    m_bar->setKnown(m_shown);
+    m_worst->setText(!m_shown    ? QStringLiteral("\u2013")
                      : worst < 0 ? tr("No output port is in use")
                                  : tr("Highest load: port %1, %2%").arg(worst + 1).arg(load));
     m_worst->setVisible(!m_shown || load <= 100); // otherwise the other line tells

@@ -30,12 +30,19 @@ void CSystemLoadProgressBar::onNotifyProcessorPayloadChanged(int load)
     update(); // the colour may change while the clamped value does not
 }
 
+void CSystemLoadProgressBar::setKnown(bool known)
+{
+    m_known = known;
+    setFormat(known ? QStringLiteral("%p%") : QStringLiteral("\u2013"));
+    update();
+}
+
 void CSystemLoadProgressBar::paintEvent(QPaintEvent *)
 {
     const QColor empty(ThemeColors::Base);
     const QColor full(m_rawLoad > 100 ? ThemeColors::LoadOver : ThemeColors::LoadGood);
     QRectF filled(rect());
-    filled.setWidth(filled.width() * value() / (maximum() - minimum()));
+    filled.setWidth(m_known ? filled.width() * value() / (maximum() - minimum()) : 0);
     QRectF rest(rect());
     rest.setLeft(filled.right());
 

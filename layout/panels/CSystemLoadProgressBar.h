@@ -13,6 +13,8 @@ public:
     explicit CSystemLoadProgressBar(QWidget *parent = nullptr);
 
     int rawLoad() const { return m_rawLoad; } ///< percent; above 100: overloaded
+    /// Empty with a dash if not.
+    void setKnown(bool known);
 
 public Q_SLOTS:
     /// @p load is in percent of the processor's capacity.
@@ -23,4 +25,5 @@ protected:
 
 private:
     int m_rawLoad = 0;
+    bool m_known = true;
 };

@@ -54,6 +54,8 @@ private Q_SLOTS:
             QCOMPARE(fill.color, color);
             QCOMPARE(fill.width, width);
         }
+        panel.findChild<CSystemLoadLabel *>()->setLayoutShown(false);
+        QCOMPARE(SFill(bar).color, empty);
     }
 
     void theWorstPortStandsBelowTheBar()

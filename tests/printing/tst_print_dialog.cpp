@@ -56,6 +56,22 @@ private Q_SLOTS:
         QVERIFY(!save->isEnabled());
     }
 
+    void aTypedSheetIsShownByEnter()
+    {
+        const SPrintInput input = SheetJobs::twoWalls();
+        CPrintDialog dialog(input, {input.processors.first().node.uuid}, {}, nullptr);
+        auto *number = dialog.findChild<CSheetPreview *>()->findChild<QSpinBox *>();
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        QTRY_COMPARE(number->maximum(), 24);
+        number->setFocus();
+        number->selectAll();
+        QTest::keyClicks(number, QStringLiteral("5"));
+        QTest::keyClick(number, Qt::Key_Return);
+        QCOMPARE(number->value(), 5);
+        QVERIFY(dialog.isVisible());
+    }
+
     /// A processor has the job's settings until it gets its own; both are remembered.
     void aProcessorCanHaveItsOwnSettings()
     {

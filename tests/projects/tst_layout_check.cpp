@@ -255,7 +255,8 @@ private Q_SLOTS:
                                            {wallPlan({8, 8}, 999999999, 999999999, 80), "999999999"},
                                            {wallPlan({8, 8}, 2, 2, 0), "not 0"},
                                            {wallPlan({8, 8}, 20, 20, 81), "not 81"},
-                                           {wallPlan({8, 8}, 2, 2, 5), "too few"},
+                                           {wallPlan({8, 8}, 2, 2, 5), "4 cabinets are too few"},
+                                           {wallPlan({8, 8}, 1, 1, 2), "1 cabinet is too few"},
                                            {wallPlan({8, 8}, 2, 2, 1, 8), "not 8"},
                                            {uneven, "4x4"}}) {
             const auto layout = CWallBuilder::build(plan);

@@ -239,8 +239,8 @@ bool CSheetPreview::take(const QKeyEvent &event)
         zoom(1 / ZoomStep);
     else if (control && event.key() == Qt::Key_0)
         zoom(0);
-    else
-        return false;
+    else // a number was typed: Enter shows its sheet, and does not end the dialog
+        return m_number->hasFocus() && (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter);
     return true;
 }
 
