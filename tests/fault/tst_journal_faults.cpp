@@ -341,6 +341,26 @@ class CJournalFaultsTest final : public CTestBase
 {
     Q_OBJECT
 
+    /// @p run returns whether the fault came, and what is wrong then. There are more than @p least calls.
+    template <typename Run>
+    static void failEachCall(int least, const Run &run)
+    {
+        QString wrong;
+        int calls = 0;
+        for (const bool onward : {true, false}) {
+            calls = 0;
+            while (run(faultAt(calls + 1, onward), wrong) && wrong.isEmpty())
+                ++calls;
+            QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
+            QVERIFY(calls > least);
+        }
+        QRandomGenerator random(13);
+        for (int i = 0; i < pairsOfEach(); ++i) {
+            run(faultAt(1 + random.bounded(calls), false, 1 + random.bounded(calls)), wrong);
+            QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
+        }
+    }
+
 private Q_SLOTS:
     void whatWasOnTheScreenIsKeptOrTold_data()
     {
@@ -352,20 +372,8 @@ private Q_SLOTS:
     {
         QFETCH(int, number);
         const SScenario &scenario = scenarios().at(number);
-        QString wrong;
-        int calls = 0;
-        for (const bool onward : {true, false}) {
-            calls = 0;
-            while (tellStory(scenario, faultAt(calls + 1, onward), wrong) && wrong.isEmpty())
-                ++calls;
-            QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
-            QVERIFY(calls > 8);
-        }
-        QRandomGenerator random(13);
-        for (int i = 0; i < pairsOfEach(); ++i) {
-            tellStory(scenario, faultAt(1 + random.bounded(calls), false, 1 + random.bounded(calls)), wrong);
-            QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
-        }
+        failEachCall(
+            8, [&scenario](const Fault &fault, QString &wrong) { return tellStory(scenario, fault, wrong); });
     }
 
     void recoveringLosesNothing_data()
@@ -379,20 +387,8 @@ private Q_SLOTS:
     {
         QFETCH(int, number);
         const Command command = Command(number);
-        QString wrong;
-        int calls = 0;
-        for (const bool onward : {true, false}) {
-            calls = 0;
-            while (recover(command, faultAt(calls + 1, onward), wrong) && wrong.isEmpty())
-                ++calls;
-            QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
-            QVERIFY(calls > 2);
-        }
-        QRandomGenerator random(13);
-        for (int i = 0; i < pairsOfEach(); ++i) {
-            recover(command, faultAt(1 + random.bounded(calls), false, 1 + random.bounded(calls)), wrong);
-            QVERIFY2(wrong.isEmpty(), qPrintable(wrong));
-        }
+        failEachCall(
+            2, [command](const Fault &fault, QString &wrong) { return recover(command, fault, wrong); });
     }
 };
 

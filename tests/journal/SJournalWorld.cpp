@@ -4,6 +4,13 @@
 
 #include "tests/projects/ProjectSamples.h"
 
+void SJournalWorld::editOnceAndEnd(CRecordingEditor &editor)
+{
+    journals.begin(ownerOf(editor), editor.project());
+    journals.note(editor.edit(QStringLiteral("Edit")));
+    journals.stop();
+}
+
 SJournalOwner ownerOf(const CRecordingEditor &editor, const QString &file)
 {
     SJournalOwner owner;

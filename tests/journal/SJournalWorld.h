@@ -82,6 +82,7 @@ struct SJournalWorld
                        },
                        [this](const QUuid &) { ++arrived; }};
 
+    void editOnceAndEnd(CRecordingEditor &editor);
     int toldCount()
     {
         const std::lock_guard<std::mutex> lock(mutex);

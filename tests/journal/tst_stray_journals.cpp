@@ -48,9 +48,7 @@ void CStrayJournalsTest::offersAStoryOnce()
 {
     CRecordingEditor editor = smallEditor();
     SJournalWorld first;
-    first.journals.begin(ownerOf(editor), editor.project());
-    first.journals.note(editor.edit(QStringLiteral("Edit")));
-    first.journals.stop();
+    first.editOnceAndEnd(editor);
     const QString old = first.folder + QLatin1Char('/') + first.files().value(0);
     const QByteArray content = ProjectSamples::contentOf(old);
     CJournals next(first.folder, {});
@@ -98,9 +96,7 @@ void CStrayJournalsTest::noEditIsLeftInTheQueue()
     CSwitchedDisk disk;
     CRecordingEditor editor = smallEditor();
     SJournalWorld first;
-    first.journals.begin(ownerOf(editor), editor.project());
-    first.journals.note(editor.edit(QStringLiteral("Edit")));
-    first.journals.stop();
+    first.editOnceAndEnd(editor);
     CJournals next(first.folder, {});
     next.sync();
     disk.held = ".journal~new"; // the file of what is restored
@@ -119,9 +115,7 @@ void CStrayJournalsTest::leavesOthersAlone()
 {
     CRecordingEditor editor = smallEditor();
     SJournalWorld world;
-    world.journals.begin(ownerOf(editor), editor.project());
-    world.journals.note(editor.edit(QStringLiteral("Edit")));
-    world.journals.stop();
+    world.editOnceAndEnd(editor);
     const QList<SStrayJournal> held = world.strays();
     QCOMPARE(held.size(), 1);
     QVERIFY(world.strays().isEmpty()); // somebody looks at it
@@ -166,9 +160,7 @@ void CStrayJournalsTest::keepsAnotherRunsFileUntilItsOwnIsGood()
     CRecordingEditor editor = smallEditor();
     CSwitchedDisk disk;
     SJournalWorld first;
-    first.journals.begin(ownerOf(editor), editor.project());
-    first.journals.note(editor.edit(QStringLiteral("Edit")));
-    first.journals.stop();
+    first.editOnceAndEnd(editor);
     const QString old = first.files().value(0);
     CJournals next(first.folder, {});
     disk.full = true;

@@ -19,8 +19,8 @@ class QPainter;
 struct SPortLook;
 
 /// The content of a port as a compact list. It is used to draw and search when thousands of cabinets are
-/// visible, because one virtual call per item would cost more than the drawing. Selection is read from the
-/// items. GUI thread.
+/// visible, because one virtual call per item would cost more than the drawing. What is selected is read from
+/// the items where a port is selected in part. GUI thread.
 class CPortOverview final
 {
 public:
