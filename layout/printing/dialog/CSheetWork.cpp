@@ -55,11 +55,12 @@ void CSheetWork::layOut(const SPrintInput &input, const SPrintJob &job)
                                   return CSheetSet::of(
                                       plan, [this, number] { return number != m_latest; }, &unfit);
                               });
-                              post([this, sheets, warning, unfit, number] {
+                              const auto tell = [this, sheets, warning, unfit, number] {
                                   if (number == m_latest)
                                       Q_EMIT notifyLaidOut(sheets ? sheets.value() : Sheets(), sheets.error(),
                                                            warning, unfit);
-                              });
+                              };
+                              QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
                           }});
     m_thread.ActivateThread();
 }
@@ -69,18 +70,15 @@ void CSheetWork::run(const Output &output)
     m_cancelled = false;
     m_thread.AppendEvent({Write, [this, output] {
                               const auto progress = [this](int done) {
-                                  post([this, done] { Q_EMIT notifyProgress(done); });
+                                  const auto tell = [this, done] { Q_EMIT notifyProgress(done); };
+                                  QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
                                   return !m_cancelled;
                               };
                               const auto names = withMemory<QStringList>([&] { return output(progress); });
-                              post([this, names] {
+                              const auto tell = [this, names] {
                                   Q_EMIT notifyWritten(names ? names.value() : QStringList(), names.error());
-                              });
+                              };
+                              QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
                           }});
     m_thread.ActivateThread();
-}
-
-void CSheetWork::post(const std::function<void()> &tell)
-{
-    QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }
