@@ -228,7 +228,8 @@ private Q_SLOTS:
         world.store.openProcessor(processor);
         world.host.notify(LayoutNotification::PortBackupChanged, SPortBackupChange{0, 5, true});
         auto *line = world.list.findChild<COverloadLine *>();
-        QTRY_COMPARE(line->text(), QStringLiteral("4 output ports are overloaded: 1 to 3, 5"));
+        QTRY_COMPARE(line->text(), QStringLiteral("5 output ports are overloaded: 1 to 3, 5, redundancy 6"));
+        QCOMPARE(line->overload().shortText(), QStringLiteral("5 overloaded")); // as many buttons are red
         CSignalLog sought(&world.list, &CPortList::notifyPortsSought);
         line->click();
         QCOMPARE(sought[0].first().value<QVector<int>>(), (QVector<int>{0, 1, 2, 4}));

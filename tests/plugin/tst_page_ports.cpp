@@ -135,7 +135,10 @@ private Q_SLOTS:
     void appendOfAPortGoesIntoIt()
     {
         SPageWorld world;
+        QTest::mouseClick(&world.port(1), Qt::LeftButton, {}, QPoint(60, 20));
         Q_EMIT world.port(2).notifyAppendCabinet(2, QSize(64, 32));
+        QCOMPARE(world.checked(), QList<int>{2});
+        QCOMPARE(world.store.currentPort(), 2);
         QCOMPARE(world.scene().property("pendingAppendCabinetPort").toInt(), 2);
         QCOMPARE(world.scene().property("pendingAppendCabinetSize").toSize(), QSize(64, 32));
         QTest::mouseClick(&world.port(1), Qt::LeftButton, {}, QPoint(60, 20));

@@ -64,7 +64,8 @@ void COverloadLine::refresh()
     m_scheduled = false;
     const SOverload before = std::exchange(m_overload, SOverload::shown(m_store));
     setText(m_overload.text());
-    if (accessibleName() != shown() || before.ports != m_overload.ports) {
+    if (accessibleName() != shown() || before.ports != m_overload.ports ||
+        before.backups != m_overload.backups) {
         Q_EMIT notifyOverloadChanged(m_overload);
         setAccessibleName(shown());
         updateGeometry();

@@ -138,7 +138,7 @@ void CPortList::connectSignals()
 
 void CPortList::connectButton(CPort *button)
 {
-    connect(button, &CPort::notifyAppendCabinet, this, &CPortList::notifyAppendCabinet);
+    connect(button, &CPort::notifyAppendCabinet, this, &CPortList::append);
     connect(button, &CPort::notifyShowCabinetInfo, this, &CPortList::notifyShowCabinetInfo);
     connect(button, &CPort::notifyMarkupCustomCabinet, this, &CPortList::notifyMarkupCustomCabinet);
     connect(button, &CPort::notifySaveCabinetPara, this, &CPortList::notifySaveCabinetPara);
@@ -185,6 +185,15 @@ void CPortList::click(CPort *button)
     if (!adds || selected)
         makeCurrent(port); // also where it is empty
     showChecked();         // whatever the click has toggled
+}
+
+/// Until something is placed, which is selected then, the port that it goes into is marked.
+void CPortList::append(int port, const QSize &size, const CPort::TypeInfo &type)
+{
+    if (!m_selected.isEmpty() && m_selected != QSet<int>{port})
+        Q_EMIT notifyPortsChosen({});
+    makeCurrent(port);
+    Q_EMIT notifyAppendCabinet(port, size, type);
 }
 
 void CPortList::makeCurrent(int port)

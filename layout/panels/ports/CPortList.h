@@ -65,6 +65,7 @@ private:
     void connectSignals();
     void connectButton(CPort *button);
     void click(CPort *button);
+    void append(int port, const QSize &size, const SSettings::TypeLibrary::STreeNode::RcvTypeInfo &type);
     void makeCurrent(int port);
     void showChecked();
     void countPorts();

@@ -37,16 +37,18 @@ QString SOverload::text() const
         return {};
     if (processor)
         return tr("The processor is overloaded");
-    if (ports.size() == 1)
-        return tr("1 output port is overloaded: %1").arg(ranges(ports));
-    return tr("%1 output ports are overloaded: %2").arg(QString::number(ports.size()), ranges(ports));
+    const QString names =
+        backups.isEmpty() ? ranges(ports) : tr("%1, redundancy %2").arg(ranges(ports), ranges(backups));
+    if (count() == 1)
+        return tr("1 output port is overloaded: %1").arg(names);
+    return tr("%1 output ports are overloaded: %2").arg(QString::number(count()), names);
 }
 
 QString SOverload::shortText() const
 {
     if (isEmpty())
         return {};
-    return processor ? tr("Processor overloaded") : tr("%1 overloaded").arg(ports.size());
+    return processor ? tr("Processor overloaded") : tr("%1 overloaded").arg(count());
 }
 
 SOverload SOverload::shown(const CLayoutData &store)
@@ -64,11 +66,14 @@ SOverload SOverload::of(const CabinetLayout &layout, const std::function<int(con
     SOverload overload;
     const Port *measured = nullptr; // a redundancy port carries what its primary is charged for
     for (const Port &port : layout.ports) {
-        if (PortLoads::loadBearer(layout, port.index) != &port)
-            continue; // its primary is named
-        const int percent = percentOf(port);
+        const Port *bearer = PortLoads::loadBearer(layout, port.index);
+        const int percent = percentOf(*bearer);
         if (percent <= 100)
             continue;
+        if (bearer != &port) {
+            overload.backups << port.index;
+            continue;
+        }
         overload.ports << port.index;
         overload.worst = qMax(overload.worst, percent);
         if (!measured && port.redundancy != Port::Redundant)

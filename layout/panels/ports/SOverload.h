@@ -17,13 +17,16 @@ struct SOverload
 
 public:
     QVector<int> ports;     ///< indices, ascending; without redundancy ports whose primary is one of them
+    QVector<int> backups;   ///< those redundancy ports; shown as overloaded, too
     bool processor = false; ///< all ports together exceed what the processor can drive
     int worst = 0;          ///< the highest load, percent
 
     bool isEmpty() const { return ports.isEmpty(); }
-    /// "6 output ports are overloaded: 1 to 6" or "The processor is overloaded"; empty without an overload.
+    int count() const { return ports.size() + backups.size(); }
+    /// "7 output ports are overloaded: 1 to 6, redundancy 9" or "The processor is overloaded"; empty without
+    /// an overload.
     QString text() const;
-    /// "6 overloaded" or "Processor overloaded", for the status bar.
+    /// "7 overloaded" or "Processor overloaded", for the status bar.
     QString shortText() const;
 
     /// Of the processor in view, by the loads that the store has announced. Asks the host which limit one of
