@@ -32,6 +32,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
 #include <QScreen>
@@ -300,6 +301,14 @@ void CMainWindow::closeEvent(QCloseEvent *event)
     m_manager.keeper().finish(); // everything is saved, or not wanted
     saveState();
     event->accept();
+}
+
+/// Gets what the focused part has no use for, such as "Append" pressed in the tree.
+void CMainWindow::keyPressEvent(QKeyEvent *event)
+{
+    ILayoutInterface *layout = m_module->layoutModule();
+    if (!layout || !layout->takeKey(*event))
+        QMainWindow::keyPressEvent(event);
 }
 
 void CMainWindow::dragEnterEvent(QDragEnterEvent *event)

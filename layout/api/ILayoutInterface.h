@@ -4,6 +4,7 @@
 
 #include "platform/control/IAbstractControlInterface.h"
 
+class QKeyEvent;
 class QMenu;
 class QUuid;
 class QWidget;
@@ -19,6 +20,10 @@ public:
     /// keys of the editor, but do not make them work. They need the module as long as they live.
     virtual void fillEditMenu(QMenu &menu) = 0;
     virtual void fillViewMenu(QMenu &menu) = 0;
+
+    /// Does what a key is for that nothing in the window has used: undo, redo and append, which need no
+    /// selection. Returns false if the key is another one, or no layout is shown.
+    virtual bool takeKey(QKeyEvent &key) = 0;
 
     /// The user has changed the program's settings, which the module may have read.
     virtual void applySettings() = 0;

@@ -126,6 +126,11 @@ void CLayout::fillViewMenu(QMenu &menu)
     connect(history, &QAction::toggled, m_sidePanel.data(), &CLayoutSidePanel::setHistoryShown);
 }
 
+bool CLayout::takeKey(QKeyEvent &key)
+{
+    return m_background && m_editorPage->takeKey(key);
+}
+
 void CLayout::applySettings()
 {
     if (m_background)

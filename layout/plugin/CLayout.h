@@ -51,6 +51,7 @@ public:
     void fillProcessorMenu(QMenu &menu, const QUuid &processor) override;
     void fillEditMenu(QMenu &menu) override;
     void fillViewMenu(QMenu &menu) override;
+    bool takeKey(QKeyEvent &key) override;
     void applySettings() override;
     void takeHistory(const QUuid &processor) override;
     void print(QWidget &parent) override;

@@ -200,6 +200,11 @@ void CLayoutEditorPage::fillViewMenu(QMenu &menu)
     connect(screen, &QAction::triggered, &m_wiring->showScreenButton(), &QAbstractButton::click);
 }
 
+bool CLayoutEditorPage::takeKey(QKeyEvent &key)
+{
+    return isVisible() && m_view->takeKey(key);
+}
+
 void CLayoutEditorPage::applySettings()
 {
     if (CEditHistory *history = m_view->history()) // others get it when they come into view

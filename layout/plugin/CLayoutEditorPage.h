@@ -24,6 +24,7 @@ class CViewPortPanel;
 struct SKeptHistory;
 class CWiringLayoutWidget;
 class QAbstractButton;
+class QKeyEvent;
 class QMenu;
 
 /// The module's page with the layout editor of the current processor, below a row with its title. GUI thread.
@@ -56,6 +57,7 @@ public:
     void setScreenShown(bool shown);
     void fillEditMenu(QMenu &menu); ///< see ILayoutInterface
     void fillViewMenu(QMenu &menu);
+    bool takeKey(QKeyEvent &key); ///< see ILayoutInterface::takeKey()
     void applySettings();
     void takeHistory(const QUuid &processor); ///< see ILayoutInterface::takeHistory()
     /// With @p blocked, the user cannot edit.

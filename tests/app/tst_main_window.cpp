@@ -355,6 +355,33 @@ private Q_SLOTS:
         QCOMPARE(unnamed.join(QLatin1Char(' ')), QString());
     }
 
+    /// Those that need no selection; others may be meant for what has the focus.
+    void keysThatTheTreeDoesNotUseReachTheCanvas()
+    {
+        open(QStringLiteral("Lobby"), QStringLiteral("Lobby(192.168.10.11)"));
+        auto *canvas = findVisible<QGraphicsView>(
+            *m_window, [](const QGraphicsView &view) { return view.inherits("CLayoutGraphicsView"); });
+        const auto *undo = visibleButton(*m_window, "Undo(Ctrl+Z)");
+        QTest::keyClick(canvas, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(&tree(), Qt::Key_Delete);
+        QVERIFY(!undo->isEnabled());
+        QTest::keyClick(canvas, Qt::Key_Delete);
+        QVERIFY(undo->isEnabled());
+        tree().setFocus();
+        QTest::keyClick(&tree(), Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(!undo->isEnabled());
+        QVERIFY(tree().hasFocus());
+        bool offered = false;
+        QTimer::singleShot(0, m_window.get(), [&offered] {
+            auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+            offered = menu && !menu->isEmpty();
+            if (menu)
+                menu->close();
+        });
+        QTest::keyClick(&tree(), Qt::Key_T, Qt::ControlModifier); // until the menu is closed
+        QVERIFY(offered);
+    }
+
     void theScreenAndItsButtonStayInStep()
     {
         click(QStringLiteral("Lobby"));

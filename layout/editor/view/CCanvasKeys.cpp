@@ -109,6 +109,12 @@ bool CCanvasKeys::press(QKeyEvent &event)
     return true;
 }
 
+bool CCanvasKeys::isOfWindow(const QKeyEvent &event)
+{
+    const std::optional<EditKind> kind = kindOf(event);
+    return kind && *kind != EditKind::Edit;
+}
+
 void CCanvasKeys::explain(QKeyEvent &event)
 {
     const std::optional<EditKind> kind = kindOf(event);

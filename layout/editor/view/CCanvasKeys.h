@@ -23,6 +23,9 @@ public:
 
     /// Does what the key is for. Returns false if it is none of the canvas or is refused now.
     bool press(QKeyEvent &event);
+    /// Whether the key, pressed elsewhere in the window, is for the canvas: it edits nothing that is
+    /// selected.
+    static bool isOfWindow(const QKeyEvent &event);
     /// To be called for a key that press() did not take: tells why, unless somebody else has taken it.
     void explain(QKeyEvent &event);
 

@@ -396,6 +396,14 @@ void CLayoutGraphicsView::keyPressEvent(QKeyEvent *event)
     m_keys->explain(*event);
 }
 
+bool CLayoutGraphicsView::takeKey(QKeyEvent &event)
+{
+    if (!CCanvasKeys::isOfWindow(event))
+        return false;
+    keyPressEvent(&event);
+    return true;
+}
+
 QString CLayoutGraphicsView::refusal(EditKind kind) const
 {
     return CEditRule::refusal(kind, EditRefusal::of(m_blocked, m_backup),

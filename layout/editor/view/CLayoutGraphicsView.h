@@ -46,6 +46,8 @@ public:
     /// stay, and the change can be undone.
     void showLayout(const ProcessorTree::ProcessorNode &processor, const LayoutData &layout,
                     const SKeptHistory &kept = {});
+    /// See ILayoutInterface::takeKey().
+    bool takeKey(QKeyEvent &event);
     bool hasSteps(const QUuid &processor) const { return m_shown.hasSteps(processor); } ///< in its history
     CEditHistory *history() const { return m_shown.history(); } ///< of the processor shown; null without one
     /// Shows nothing.
