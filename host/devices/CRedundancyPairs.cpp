@@ -39,8 +39,24 @@ CStatus CRedundancyPairs::pairObstacle(const QList<Pair> &kept, const QList<Pair
                 return CStatus::failure(device->failureText(tr("It belongs to a pair already.")));
             used.insert(member);
         }
+        const CStatus enough =
+            portObstacle(*m_services.table().device(pair.first), *m_services.table().device(pair.second));
+        if (!enough)
+            return enough;
     }
     return CStatus::done();
+}
+
+/// A processor that takes over must have all output ports to which cabinets are connected.
+CStatus CRedundancyPairs::portObstacle(const SDevice &primary, const SDevice &redundancy)
+{
+    const int needed = primary.portsHeld();
+    if (needed <= redundancy.kind.ports)
+        return CStatus::done();
+    return CStatus::failure(redundancy.failureText(tr("It has %1 output ports, but %2 uses port %3.")
+                                                       .arg(redundancy.kind.ports)
+                                                       .arg(primary.node.displayText())
+                                                       .arg(needed)));
 }
 
 CStatus CRedundancyPairs::pairProcessors(const QUuid &primary, const QUuid &redundancy)

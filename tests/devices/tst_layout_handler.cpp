@@ -200,7 +200,7 @@ private Q_SLOTS:
         using Pairs = QList<QPair<QUuid, QUuid>>;
         CLayoutHandler &handler = m_world->handler;
         const QList<QUuid> all{m_world->left, m_world->right, m_world->stage, m_world->lobby};
-        const Pairs turned{{m_world->right, m_world->left}, {m_world->stage, m_world->lobby}};
+        const Pairs turned{{m_world->right, m_world->left}, {m_world->lobby, m_world->stage}};
         m_world->log.take();
         QVERIFY(handler.setProcessorRedundancy(m_world->left, m_world->right));
         QCOMPARE(m_world->log.waitFor(22),
@@ -208,23 +208,25 @@ private Q_SLOTS:
         QVERIFY(!handler.setProcessorRedundancy(m_world->stage, m_world->right));
         QVERIFY(!handler.setProcessorRedundancy(m_world->stage, m_world->stage));
         QVERIFY(!handler.setProcessorRedundancy(m_world->stage, m_world->named("Balcony")));
-        m_world->manager.simulate(m_world->lobby, SimulationFault::Refuse, true);
+        QVERIFY(refuses(handler.setProcessorRedundancy(m_world->stage, m_world->lobby),
+                        "It has 4 output ports, but Main stage(192.168.10.12) uses port 15."));
+        m_world->manager.simulate(m_world->stage, SimulationFault::Refuse, true);
         QVERIFY(!handler.applyProcessorRedundancy(all, turned));
         QCOMPARE(handler.processorRedundancies(), (Pairs{{m_world->left, m_world->right}}));
-        m_world->manager.simulate(m_world->lobby, SimulationFault::Refuse, false);
+        m_world->manager.simulate(m_world->stage, SimulationFault::Refuse, false);
         QVERIFY(handler.applyProcessorRedundancy(all, turned));
         QCOMPARE(handler.processorRedundancies(),
-                 (Pairs{{m_world->stage, m_world->lobby}, {m_world->right, m_world->left}}));
+                 (Pairs{{m_world->lobby, m_world->stage}, {m_world->right, m_world->left}}));
         // In another mode now, a pair neither prevents others nor its own end.
         QVERIFY(handler.setWorkMode(m_world->stage, ProcessorWorkMode::FiberTransceiver));
         QVERIFY(handler.applyProcessorRedundancy(
-            all, {{m_world->stage, m_world->lobby}, {m_world->left, m_world->right}}));
+            all, {{m_world->lobby, m_world->stage}, {m_world->left, m_world->right}}));
         QVERIFY(handler.applyProcessorRedundancy(all, {{m_world->left, m_world->right}}));
-        QVERIFY(!handler.setProcessorRedundancy(m_world->stage, m_world->lobby));
+        QVERIFY(!handler.setProcessorRedundancy(m_world->lobby, m_world->stage));
         QVERIFY(handler.setWorkMode(m_world->stage, ProcessorWorkMode::VideoProcessor));
-        QVERIFY(handler.setProcessorRedundancy(m_world->stage, m_world->lobby));
+        QVERIFY(handler.setProcessorRedundancy(m_world->lobby, m_world->stage));
         QVERIFY(handler.applyProcessorRedundancy({m_world->left, m_world->right}, {}));
-        QCOMPARE(handler.processorRedundancies(), (Pairs{{m_world->stage, m_world->lobby}}));
+        QCOMPARE(handler.processorRedundancies(), (Pairs{{m_world->lobby, m_world->stage}}));
         QVERIFY(handler.cancelProcessorRedundancy(m_world->stage));
         QVERIFY(handler.processorRedundancies().isEmpty());
     }
