@@ -4,6 +4,7 @@
 
 #include "platform/widgets/ThemeColors.h"
 
+#include <QGraphicsScene>
 #include <QPainter>
 #include <QPen>
 
@@ -62,18 +63,46 @@ void CGraphicsProcessorItem::paint(QPainter *painter, const QStyleOptionGraphics
     painter->restore();
 }
 
+/// Where a text can be read, in pixels of the screen at @p scale: where no item above covers it. That is the
+/// whole item if its middle is free, else the widest part in which a line fits; empty without one.
+QRect CGraphicsProcessorItem::roomFor(const QSize &text, int lineHeight, qreal scale) const
+{
+    const auto onScreen = [scale](const QRectF &place) {
+        return QRectF(place.topLeft() * scale, place.size() * scale).toRect();
+    };
+    const QRect whole = onScreen(rect());
+    QRegion seen(whole);
+    const QList<QGraphicsItem *> upperFirst = scene()->items(sceneBoundingRect());
+    for (const QGraphicsItem *item : upperFirst) {
+        if (item == this)
+            break;
+        seen -= onScreen(mapRectFromItem(item, item->boundingRect()));
+    }
+    QRect middle(QPoint(), text.boundedTo(whole.size()));
+    middle.moveCenter(whole.center());
+    if (QRegion(middle).subtracted(seen).isEmpty())
+        return whole;
+    QRect widest;
+    for (const QRect &part : seen) {
+        if (part.height() >= lineHeight && part.width() > widest.width())
+            widest = part;
+    }
+    return widest;
+}
+
 /// In pixels of the screen: a font of 12 pixels divided by the scale would be rounded when it is scaled back.
 void CGraphicsProcessorItem::paintText(QPainter &painter) const
 {
     const qreal scale = painter.worldTransform().m11();
     painter.scale(1 / scale, 1 / scale);
-    const QRectF room =
-        QRectF(rect().topLeft() * scale, rect().size() * scale).adjusted(TextMargin, 0, -TextMargin, 0);
     QFont font = painter.font();
     font.setWeight(QFont::DemiBold); // 600
     font.setPixelSize(TextPixels);
     painter.setFont(font);
     const QFontMetricsF metrics(font, painter.device());
+    const QSizeF text(metrics.horizontalAdvance(m_text), (m_online ? 1 : 2) * metrics.lineSpacing());
+    const QRectF room = QRectF(roomFor(text.toSize(), qRound(metrics.height()), scale))
+                            .adjusted(TextMargin, 0, -TextMargin, 0);
     if (room.width() < metrics.horizontalAdvance(QChar(0x2026)) || room.height() < metrics.height())
         return; // not even an ellipsis would fit
     painter.setPen(QColor(m_online ? ThemeColors::Text : ThemeColors::SoftText));

@@ -39,6 +39,7 @@ protected:
 
 private:
     void paintText(QPainter &painter) const;
+    QRect roomFor(const QSize &text, int lineHeight, qreal scale) const;
 
     const QString m_text;
     bool m_online = true;

@@ -346,6 +346,33 @@ private Q_SLOTS:
         QCOMPARE(lightRows(3), rows);
     }
 
+    void textsKeepClearOfItemsAbove()
+    {
+        SViewWorld world;
+        world.click(world.b);
+        const auto lightColumns = [&world](int left, int right) {
+            const QImage image = world.view.viewport()->grab().toImage();
+            int columns = 0;
+            for (int x = left; x < right; ++x) {
+                bool light = false;
+                for (int y = 5; y < 95; ++y)
+                    light = light || image.pixelColor(world.view.mapFromScene(x, y)).lightness() > 180;
+                columns += light;
+            }
+            return columns;
+        };
+        const int whole = lightColumns(5, 195);
+        QVERIFY(whole > 40);
+        world.view.onItemOffsetChanged({110, -20});
+        QCOMPARE(lightColumns(5, 100), whole); // all of it, beside the upper one
+        world.view.onItemOffsetChanged({60, -20});
+        const int elided = lightColumns(5, 55);
+        QVERIFY(elided > 5 && elided < whole);
+        world.view.onItemOffsetChanged({10, -20});
+        QCOMPARE(lightColumns(0, 8), 0); // no room there, but on the other side
+        QVERIFY(lightColumns(115, 195) > 40);
+    }
+
     void theLabelShowsAndTakesFigures()
     {
         CSummaryLabel label;
