@@ -81,6 +81,7 @@ private Q_SLOTS:
     void takesAnyPaper();
     void dividesWhatIsTooSmall();
     void keepsNumbersOffUprightWires();
+    void numbersAreAsLargeAsTheyFit();
     void drawsStrips();
     void hatchesPortsApart();
 };
@@ -319,6 +320,21 @@ void CPrintGraphicsTest::keepsNumbersOffUprightWires()
     QCOMPARE(numbersOf(sheets, plan.processors[0].name, 0), upTo(256));
     for (const SSheet &sheet : sheets)
         QVERIFY2(faultOf(sheet).isEmpty(), qPrintable(faultOf(sheet)));
+}
+
+void CPrintGraphicsTest::numbersAreAsLargeAsTheyFit()
+{
+    const SPrintPlan plan = planOf(inputOf(onePort(24, 6)), configOf(PrintConfig::A4));
+    const QVector<SSheet> sheets = drawings(plan);
+    QCOMPARE(sheets.size(), 2); // of cabinets of 9 mm
+    QMap<double, QStringList> numbers;
+    for (const SSheetMark &mark : sheets[1].marks) {
+        const auto *text = std::get_if<SSheetText>(&mark);
+        if (text && text->mark == EMark::CabinetNumber)
+            numbers[text->points] << text->text;
+    }
+    QCOMPARE(numbers.value(9).size(), 143);                         // in another corner where the wire turns
+    QCOMPARE(numbers.value(7), QStringList(QStringLiteral("144"))); // above the mark of the end
 }
 
 void CPrintGraphicsTest::drawsStrips()

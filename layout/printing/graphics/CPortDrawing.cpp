@@ -25,7 +25,7 @@ constexpr double ThickSide = 12;      // of a cabinet with thick hops
 constexpr double LineRoom = 1.2;      // that labels leave to a wire
 constexpr double EdgeRoom = 0.8;      // to the middle of the wall's edge
 constexpr double Lane = 1.3;          // beside the thickest border
-constexpr double SmallestShare = 0.6; // of the largest number, for one that all cabinets follow
+constexpr double SmallestShare = 0.6; // of the largest number, for one that others follow
 constexpr double BeyondBorder = 0.77; // of an arrow head
 constexpr double SharedGap = 0.6;     // left and right of texts in cabinets of other sheets
 constexpr double SharedAir = 0.3;     // around them
@@ -310,7 +310,7 @@ void CPortDrawing::drawLabels(SSheet &sheet, const CPortFeed &feed, const QRectF
                      [&](const QRectF &area) { return area.intersects(labels.rect); });
         const double largest = CabinetLabels::largestNumber(labels.rect);
         const double fitting = CabinetLabels::numberPoints(labels);
-        if (fitting >= largest * SmallestShare)
+        if (fitting >= largest * SmallestShare && fitting > SheetMarks::CaptionPoints)
             points[largest] = std::min(points.value(largest, largest), fitting);
         all << labels;
     }

@@ -8,7 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
+#include <optional>
 
 namespace {
 
@@ -70,9 +70,26 @@ QRectF numberRoom(const QString &number, double points)
 /// Whether a number in @p box keeps clear of wires and border.
 bool isClear(const SCabinetLabels &labels, const QRectF &inner, const QRectF &box)
 {
-    return box.right() <= inner.right() && box.bottom() <= inner.bottom() &&
+    return box.width() <= inner.width() && box.height() <= inner.height() &&
            std::none_of(labels.obstacles.begin(), labels.obstacles.end(),
                         [&](const QRectF &obstacle) { return obstacle.intersects(box); });
+}
+
+/// The corner of a cabinet in which a number keeps clear of wires and border: the upper left one, if it can
+/// be.
+std::optional<QRectF> clearCorner(const SCabinetLabels &labels, const QRectF &inner, double points)
+{
+    QRectF box = numberRoom(labels.number, points);
+    const double right = inner.right() - box.width();
+    const double bottom = inner.bottom() - box.height();
+    const QPointF corners[] = {
+        inner.topLeft(), {inner.left(), bottom}, {right, inner.top()}, {right, bottom}};
+    for (const QPointF &corner : corners) {
+        box.moveTopLeft(corner);
+        if (isClear(labels, inner, box))
+            return box;
+    }
+    return std::nullopt;
 }
 
 /// What one cabinet gets, label by label.
@@ -90,16 +107,9 @@ public:
 
     void placeNumber(double points)
     {
-        QRectF box = numberRoom(m_labels.number, points).translated(m_inner.topLeft());
-        const QPointF corners[] = {m_inner.topLeft(), m_inner.bottomLeft() - QPointF(0, box.height()),
-                                   m_inner.topRight() - QPointF(box.width(), 0),
-                                   m_inner.bottomRight() - QPointF(box.width(), box.height())};
-        const auto free = std::find_if(std::begin(corners), std::end(corners), [&](const QPointF &corner) {
-            return isClear(m_labels, m_inner, QRectF(corner, box.size()));
-        });
-        if (free != std::end(corners))
-            box.moveTopLeft(*free);
-        else // rather a gap in the wire than a number that is struck through
+        const std::optional<QRectF> clear = clearCorner(m_labels, m_inner, points);
+        const QRectF box = clear.value_or(numberRoom(m_labels.number, points).translated(m_inner.topLeft()));
+        if (!clear) // rather a gap in the wire than a number that is struck through
             SheetMarks::fill(m_sheet, box, Qt::white);
         add(box, m_labels.number, points, true, EMark::CabinetNumber);
     }
@@ -247,8 +257,11 @@ double CabinetLabels::largestNumber(const QRectF &rect)
 double CabinetLabels::numberPoints(const SCabinetLabels &labels)
 {
     const QRectF inner = innerOf(labels);
-    for (double points = largestNumber(labels.rect); points > CaptionPoints; points -= 1) {
-        if (isClear(labels, inner, numberRoom(labels.number, points).translated(inner.topLeft())))
+    const double largest = largestNumber(labels.rect);
+    for (double points = largest; points > CaptionPoints; points -= 1) {
+        const std::optional<QRectF> clear = clearCorner(labels, inner, points);
+        // Where other texts have the other quarters, it is rather smaller.
+        if (clear && (largest == SmallNumber || clear->topLeft() == inner.topLeft()))
             return points;
     }
     return CaptionPoints;
