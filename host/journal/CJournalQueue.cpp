@@ -5,27 +5,15 @@
 #include <algorithm>
 #include <utility>
 
-namespace {
-
-constexpr std::chrono::milliseconds DiskPatience(250);
-
-} // namespace
-
 /// A disk that does not answer lets the queue grow, instead of keeping edits waiting: only the first one
-/// does.
-bool CJournalQueue::waitForTurn(Lock &lock)
+/// does, until everything is done again.
+bool CJournalQueue::waitUntilFree(Lock &lock)
 {
     const auto isLarge = [](const STask &task) { return task.large; };
     const bool large = m_largeRuns || std::any_of(m_waiting.begin(), m_waiting.end(), isLarge);
     if (!isFree() && !large && !m_hangs)
         m_hangs = !m_idle.wait_for(lock, DiskPatience, [this] { return isFree(); });
-    return isFree() && (!m_syncing || Clock::now() - m_syncStart < DiskPatience);
-}
-
-void CJournalQueue::setSyncing(bool syncing)
-{
-    m_syncing = syncing;
-    m_syncStart = Clock::now();
+    return isFree();
 }
 
 CJournalQueue::Task CJournalQueue::next(bool &large)
@@ -45,6 +33,6 @@ void CJournalQueue::run(Lock &lock, const Task &task, bool large)
     lock.lock();
     m_running = false;
     m_largeRuns = false;
-    m_hangs = false;
+    m_hangs = m_hangs && !isFree();
     m_idle.notify_all();
 }

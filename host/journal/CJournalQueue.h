@@ -8,12 +8,14 @@
 #include <functional>
 #include <mutex>
 
-/// What is to be done with the journals, one after another, and who may do it. Under its owner's lock.
+/// What is to be done with the journals, one after another, and who waits for it. Under its owner's lock.
 class CJournalQueue final
 {
 public:
     using Task = std::function<void()>;
     using Lock = std::unique_lock<std::mutex>;
+    /// How long a disk may take to answer.
+    static constexpr std::chrono::milliseconds DiskPatience{250};
 
     /// @p idle is notified when a task has ended.
     explicit CJournalQueue(std::condition_variable &idle)
@@ -21,16 +23,16 @@ public:
     {
     }
 
-    /// Whether the caller may use the journals now, on its own thread. Small tasks before it are waited for,
-    /// so that its own is done when it goes on; large ones are not, nor a disk that does not answer.
-    bool waitForTurn(Lock &lock);
+    /// Waits until nothing waits or runs, so that the caller may use the journals under the lock: but not for
+    /// large tasks, and not for a disk that does not answer. False: something still waits or runs.
+    bool waitUntilFree(Lock &lock);
     void push(const Task &task, bool large) { m_waiting.push_back({task, large}); }
 
     bool isEmpty() const { return m_waiting.empty(); }
     /// Whether nothing waits or runs.
     bool isFree() const { return m_waiting.empty() && !m_running; }
-    bool isSyncing() const { return m_syncing; }
-    void setSyncing(bool syncing);
+    /// Whether somebody has waited in vain for what waits or runs.
+    bool hangs() const { return m_hangs; }
 
     /// Takes the first task.
     Task next(bool &large);
@@ -38,7 +40,6 @@ public:
     void run(Lock &lock, const Task &task, bool large);
 
 private:
-    using Clock = std::chrono::steady_clock;
     struct STask
     {
         Task task;
@@ -49,7 +50,5 @@ private:
     std::deque<STask> m_waiting;
     bool m_running = false;
     bool m_largeRuns = false;
-    bool m_hangs = false;   // somebody has waited in vain for what runs
-    bool m_syncing = false; // the thread waits for the disk
-    Clock::time_point m_syncStart;
+    bool m_hangs = false;
 };

@@ -46,6 +46,7 @@ CJournals::CJournals(const QString &folder, Tell tell, Arrived arrived)
               m_idle.notify_all();
           })
     , m_journals(m_folder, m_listeners, m_histories)
+    , m_diskThread([this] { onAnswer(); })
     , m_thread([this] { run(); })
 {
 }
@@ -99,16 +100,18 @@ void CJournals::setHistory(bool kept, qint64 bytes)
     });
 }
 
-/// What is not large is with the operating system afterwards, so that a kill cannot take it any more.
+/// What is not large is with the operating system afterwards, so that a kill cannot take it any more. It is
+/// written here where that cannot hang: waking the thread takes as long as writing.
 void CJournals::submit(bool large, const Task &task)
 {
     Lock lock(m_mutex);
     if (m_stopped)
         return;
-    if (!large && m_queue.waitForTurn(lock))
+    if (!large && m_local && !isDiskSlow() && m_queue.waitUntilFree(lock))
         return carryOut(task); // the thread looks for what is to be confirmed once a while
     m_queue.push(task, large);
     m_wake.notify_all();
+    m_queue.waitUntilFree(lock);
 }
 
 /// For what may take the disk's time, or comes from another thread.
@@ -147,7 +150,7 @@ void CJournals::begin(const SJournalOwner &owner, const SProcessorProject &state
 bool CJournals::isLargeToBegin(const QUuid &processor)
 {
     Lock lock(m_mutex);
-    if (!m_queue.waitForTurn(lock))
+    if (!m_queue.waitUntilFree(lock))
         return false; // it waits in any case
     return m_journals.isLargeToBegin(processor);
 }
@@ -236,7 +239,8 @@ SEditHistory CJournals::history(const QUuid &processor)
     if (restored != m_restored.end())
         return restored->second.trail.history(restored->second.ports);
     Lock lock(m_mutex);
-    if (!m_idle.wait_for(lock, HistoryPatience, [&] { return isReady(processor); })) {
+    const auto ready = [&] { return isReady(processor); };
+    if (m_queue.hangs() || !m_idle.wait_for(lock, HistoryPatience, ready)) {
         m_late.insert(processor);
         return {};
     }
@@ -249,7 +253,7 @@ void CJournals::sync()
     m_nextTurn = Clock::now();
     m_wake.notify_all();
     m_idle.wait(lock, [this] {
-        return m_stopped || (m_queue.isFree() && !m_queue.isSyncing() && !m_journals.hasUnsynced() &&
+        return m_stopped || (m_queue.isFree() && m_disk == EDisk::Idle && !m_journals.hasUnsynced() &&
                              !m_histories.isBusy());
     });
 }
@@ -259,33 +263,45 @@ void CJournals::sync()
 void CJournals::run()
 {
     (void)m_folder.make(); // confirmed here, so that no edit has to; a failure is told by the first one
+    const bool local = CFileSystem::current().isLocal(QFile::encodeName(m_folder.path()));
     Lock lock(m_mutex);
-    while (!m_stopped || !m_queue.isEmpty()) {
-        if (!m_queue.isEmpty()) {
-            bool large = false;
-            const Task task = m_queue.next(large);
-            m_queue.run(
-                lock, [this, &task] { carryOut(task); }, large);
-            tellArrived(lock);
-        } else if (Clock::now() >= m_nextTurn) {
-            m_nextTurn = Clock::time_point::max();
-            m_queue.run(
-                lock, [this] { carryOut([this] { m_journals.tend(); }); }, m_journals.isLargeToTend());
-            tellArrived(lock);
-            confirm(lock);
-            confirm(lock);                                          // the names of new files
-            m_nextTurn = std::min(m_nextTurn, Clock::now() + Turn); // one may be wanted meanwhile
-        } else {
-            m_wake.wait_until(lock, m_nextTurn);
-        }
-    }
+    m_local = local;
+    while (!m_stopped || !m_queue.isEmpty() || m_disk != EDisk::Idle)
+        work(lock);
     m_queue.run(
         lock, [this] { carryOut([this] { m_journals.tend(); }); }, true); // what failed may succeed now
-    while (m_journals.hasUnsynced())
-        confirm(lock);
+    while (m_journals.hasUnsynced()) {
+        beginSync(0);
+        while (m_disk != EDisk::Idle)
+            work(lock);
+    }
     m_journals.dropAll();
     m_ended = true;
     m_idle.notify_all();
+}
+
+/// Does the next thing, or waits for one.
+void CJournals::work(Lock &lock)
+{
+    if (m_disk == EDisk::Answered) {
+        endSync(lock);
+    } else if (!m_queue.isEmpty()) {
+        bool large = false;
+        const Task task = m_queue.next(large);
+        m_queue.run(
+            lock, [this, &task] { carryOut(task); }, large);
+        tellArrived(lock);
+    } else if (m_disk == EDisk::Asked) {
+        m_wake.wait(lock);
+    } else if (Clock::now() >= m_nextTurn) {
+        m_nextTurn = Clock::time_point::max();
+        m_queue.run(
+            lock, [this] { carryOut([this] { m_journals.tend(); }); }, m_journals.isLargeToTend());
+        tellArrived(lock);
+        beginSync(1); // and the names of new files
+    } else {
+        m_wake.wait_until(lock, m_nextTurn);
+    }
 }
 
 void CJournals::takeFound(const CKeptHistories::SFound &found)
@@ -311,14 +327,29 @@ void CJournals::tellArrived(Lock &lock)
     lock.lock();
 }
 
-/// Waits for the disk, without the lock.
-void CJournals::confirm(Lock &lock)
+/// Has the disk confirm what was written, on another thread, so that edits can be written meanwhile. Then
+/// @p more times what that has led to.
+void CJournals::beginSync(int more)
 {
-    std::vector<CJournalSet::SUnsynced> written = m_journals.takeUnsynced();
-    if (written.empty())
+    m_syncing = m_journals.takeUnsynced();
+    m_moreSyncs = more;
+    if (m_syncing.empty()) {
+        m_nextTurn = std::min(m_nextTurn, Clock::now() + Turn);
         return;
-    m_queue.setSyncing(true);
-    lock.unlock();
+    }
+    m_disk = EDisk::Asked;
+    m_asked = Clock::now();
+    m_diskThread.submit([this] { waitForDisk(m_syncing); });
+}
+
+bool CJournals::isDiskSlow() const
+{
+    return m_disk == EDisk::Asked && Clock::now() - m_asked > CJournalQueue::DiskPatience;
+}
+
+/// On the disk's thread.
+void CJournals::waitForDisk(std::vector<CJournalSet::SUnsynced> &written) const
+{
     for (CJournalSet::SUnsynced &entry : written) {
         for (const CJournal::Handle &file : std::as_const(entry.files)) {
             if (!file->sync())
@@ -329,9 +360,28 @@ void CJournals::confirm(Lock &lock)
         for (CJournalSet::SUnsynced &entry : written)
             entry.problem = CSafeFile::systemReason();
     }
-    lock.lock();
-    m_queue.setSyncing(false);
-    m_queue.run(
-        lock, [&] { carryOut([&] { m_journals.confirm(written); }); },
-        false); // renames and removes files, which may hang
+}
+
+/// On the disk's thread.
+void CJournals::onAnswer()
+{
+    const Lock lock(m_mutex);
+    m_disk = EDisk::Answered;
+    m_wake.notify_all();
+}
+
+void CJournals::endSync(Lock &lock)
+{
+    m_disk = EDisk::Idle;
+    std::vector<CJournalSet::SUnsynced> written;
+    written.swap(m_syncing);
+    const auto confirm = [&] {
+        carryOut([&] { m_journals.confirm(written); });
+        written.clear(); // closes files
+    };
+    m_queue.run(lock, confirm, false); // renames and removes files, which may hang
+    if (m_moreSyncs > 0)
+        beginSync(m_moreSyncs - 1);
+    else
+        m_nextTurn = std::min(m_nextTurn, Clock::now() + Turn); // one may be wanted already
 }

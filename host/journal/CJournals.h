@@ -6,6 +6,7 @@
 #include "host/journal/CJournalQueue.h"
 #include "host/journal/CJournalSet.h"
 #include "host/journal/CKeptHistories.h"
+#include "host/journal/CTaskThread.h"
 
 #include <QSet>
 
@@ -16,11 +17,12 @@
 #include <mutex>
 #include <optional>
 #include <thread>
+#include <vector>
 
 /// The journals of all processors with edits. Small changes are with the operating system when a call
-/// returns; large ones, and those behind them, are written by a thread of its own, which also has them
-/// confirmed by the disk within a second. No call waits for the disk. GUI thread, unless a function says
-/// otherwise.
+/// returns. Large ones, those behind them, and those that a disk or another machine takes too long for, are
+/// written later by a thread of its own; another one has the disk confirm everything within a second. No call
+/// waits for a disk that does not answer. GUI thread, unless a function says otherwise.
 class CJournals final
 {
 public:
@@ -92,9 +94,14 @@ private:
     void takeFound(const CKeptHistories::SFound &found);
 
     void run();
+    void work(Lock &lock);
     bool isReady(const QUuid &processor) const;
     void tellArrived(Lock &lock);
-    void confirm(Lock &lock);
+    bool isDiskSlow() const;
+    void beginSync(int more);
+    void endSync(Lock &lock);
+    void waitForDisk(std::vector<CJournalSet::SUnsynced> &written) const;
+    void onAnswer();
 
     const CJournalFolder m_folder;
 
@@ -114,7 +121,13 @@ private:
     std::condition_variable m_wake;
     std::condition_variable m_idle;
     CJournalQueue m_queue{m_idle};
+    bool m_local = false;         // the folder, so that a write hangs only when the disk does
     Clock::time_point m_nextTurn; // of what is done once a while
+    enum class EDisk { Idle, Asked, Answered };
+    EDisk m_disk = EDisk::Idle;                    // whether it confirms what was written
+    std::vector<CJournalSet::SUnsynced> m_syncing; // while it is asked, its thread's
+    int m_moreSyncs = 0;
+    Clock::time_point m_asked;
     bool m_stopped = false;
     bool m_ended = false; // the thread uses nothing any more but the lock
     QSet<QUuid> m_late;   // whose history was asked for in vain
@@ -123,5 +136,6 @@ private:
     CKeptHistories m_histories;
     CJournalSet m_journals;
 
+    CTaskThread m_diskThread;
     std::thread m_thread; // last
 };

@@ -6,7 +6,9 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <linux/magic.h>
 #include <sys/file.h>
+#include <sys/vfs.h>
 #include <unistd.h>
 
 namespace {
@@ -68,6 +70,24 @@ int CFileSystem::link(const QByteArray &from, const QByteArray &to)
 int CFileSystem::unlink(const QByteArray &path)
 {
     return ::unlink(path.constData());
+}
+
+/// Kinds that are not named here count as remote, which costs time only.
+bool CFileSystem::isLocal(const QByteArray &folder)
+{
+    struct statfs status = {};
+    if (uninterrupted([&] { return ::statfs(folder.constData(), &status); }) < 0)
+        return false;
+    switch (static_cast<unsigned long>(status.f_type)) {
+    case EXT4_SUPER_MAGIC:
+    case XFS_SUPER_MAGIC:
+    case BTRFS_SUPER_MAGIC:
+    case F2FS_SUPER_MAGIC:
+    case TMPFS_MAGIC:
+    case OVERLAYFS_SUPER_MAGIC:
+        return true;
+    }
+    return false;
 }
 
 CFileSystem &CFileSystem::current()

@@ -23,6 +23,9 @@ public:
     virtual int rename(const QByteArray &from, const QByteArray &to);
     virtual int link(const QByteArray &from, const QByteArray &to);
     virtual int unlink(const QByteArray &path);
+    /// Whether files in @p folder are on a disk of this machine, so that no call waits for another machine or
+    /// program. False: not known.
+    virtual bool isLocal(const QByteArray &folder);
 
     /// The instance used for all files.
     static CFileSystem &current();

@@ -11,6 +11,7 @@
 
 #include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <mutex>
 #include <new>
 #include <thread>
@@ -25,6 +26,8 @@ public:
     std::atomic<bool> full{false};
     std::atomic<bool> refusesSync{false};
     std::atomic<bool> hasNoMemory{false};
+    std::atomic<bool> hangs{false}; // in a write, but not for ever
+    std::atomic<bool> local{true};
     std::atomic<int> syncs{0};
     /// Files whose names contain this are not opened before it is null.
     std::atomic<const char *> held{nullptr};
@@ -37,6 +40,12 @@ public:
     }
     qint64 write(int file, const char *data, qint64 size) override
     {
+        const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+        while (hangs) {
+            std::this_thread::yield();
+            if (std::chrono::steady_clock::now() > end)
+                hangs = false;
+        }
         if (hasNoMemory)
             throw std::bad_alloc();
         if (!full)
@@ -46,16 +55,9 @@ public:
         errno = ENOSPC;
         return -1;
     }
+    bool isLocal(const QByteArray &) override { return local; }
     std::mutex syncGate; // who has it makes the disk hang
-    std::mutex renameGate;
-    std::atomic<int> renames{0}; // begun
 
-    int rename(const QByteArray &from, const QByteArray &to) override
-    {
-        ++renames;
-        const std::lock_guard<std::mutex> gate(renameGate);
-        return CFileSystem::rename(from, to);
-    }
     int sync(int file) override
     {
         ++syncs;

@@ -4,6 +4,7 @@
 #include "tests/journal/SJournalWorld.h"
 #include "tests/projects/ProjectSamples.h"
 
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QRegularExpression>
 
@@ -22,7 +23,10 @@ private Q_SLOTS:
     void tellsOfAFullDiskAndRecovers();
     void staysSmall();
     void endsThoughTheDiskHangs();
-    void noEditWaitsForARename();
+    void noEditWaitsForAWriteThatHangs_data();
+    void noEditWaitsForAWriteThatHangs();
+    void writesWhileTheDiskConfirms_data();
+    void writesWhileTheDiskConfirms();
 };
 
 void CJournalsTest::keepsWhatWasEdited()
@@ -154,21 +158,69 @@ void CJournalsTest::endsThoughTheDiskHangs()
     QTRY_VERIFY(offers(CJournalFolder(folder.path()).strays(), editor)); // the thread lets go of the file
 }
 
-void CJournalsTest::noEditWaitsForARename()
+void CJournalsTest::noEditWaitsForAWriteThatHangs_data()
 {
+    QTest::addColumn<bool>("local");
+    QTest::addRow("of another machine") << false;
+    QTest::addRow("of a disk that does not answer") << true;
+}
+
+void CJournalsTest::noEditWaitsForAWriteThatHangs()
+{
+    QFETCH(const bool, local);
     CSwitchedDisk disk;
+    disk.local = local;
+    CRecordingEditor editor = smallEditor();
+    SJournalWorld world;
+    world.journals.begin(ownerOf(editor), editor.project());
+    std::unique_lock<std::mutex> confirms(disk.syncGate);
+    world.journals.note(editor.edit(QStringLiteral("Edit")));
+    const int before = disk.syncs;
+    QElapsedTimer timer;
+    QTRY_VERIFY(!local || disk.syncs > before);
+    timer.start();
+    QTRY_VERIFY(!local || timer.elapsed() > 300);
+    disk.hangs = true;
+    timer.start();
+    for (int i = 0; i < 20; ++i) { // only the first one waits, and not for long
+        world.journals.note(editor.edit(QStringLiteral("Edit")));
+        QVERIFY(world.journals.history(editor.project().layout.processor).steps.isEmpty());
+    }
+    QVERIFY(timer.elapsed() < 4000);
+    disk.hangs = false;
+    confirms.unlock();
+    QTRY_COMPARE(int(world.arrived), 1); // the history that was asked for
+    world.journals.stop();
+    QVERIFY(offers(world.strays(), editor));
+}
+
+void CJournalsTest::writesWhileTheDiskConfirms_data()
+{
+    noEditWaitsForAWriteThatHangs_data();
+}
+
+void CJournalsTest::writesWhileTheDiskConfirms()
+{
+    QFETCH(const bool, local);
+    CSwitchedDisk disk;
+    disk.local = local;
     CRecordingEditor editor = smallEditor();
     SJournalWorld world;
     world.journals.begin(ownerOf(editor), editor.project());
     world.journals.note(editor.edit(QStringLiteral("Edit")));
-    disk.full = true;
-    world.journals.note(editor.edit(QStringLiteral("not kept")));
-    std::unique_lock<std::mutex> hangs(disk.renameGate);
-    const int before = disk.renames;
-    disk.full = false;
-    QTRY_VERIFY(disk.renames > before); // by the thread, which has begun a new file
-    world.journals.note(editor.edit(QStringLiteral("meanwhile")));
-    hangs.unlock();
+    std::unique_lock<std::mutex> confirms(disk.syncGate);
+    world.journals.note(editor.edit(QStringLiteral("Edit")));
+    const int before = disk.syncs;
+    QTRY_VERIFY(disk.syncs > before);
+    const QString file = world.folder + QLatin1Char('/') + world.files().value(0);
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < 400) {
+        const qint64 size = QFileInfo(file).size();
+        world.journals.note(editor.edit(QStringLiteral("meanwhile")));
+        QVERIFY(QFileInfo(file).size() > size);
+    }
+    confirms.unlock();
     world.journals.stop();
     QVERIFY(offers(world.strays(), editor));
 }
