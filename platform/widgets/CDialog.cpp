@@ -88,8 +88,10 @@ void CDialog::putButtonsLast()
     }
     if (!last)
         return;
-    m_buttons->setFocusProxy(nullptr); // because setTabOrder() would use the focus proxy instead
-    const QList<QAbstractButton *> buttons = m_buttons->buttons();
-    for (auto it = buttons.crbegin(); it != buttons.crend(); ++it)
-        setTabOrder(last, *it);
+    m_buttons->setFocusProxy(nullptr);         // because setTabOrder() would use the focus proxy instead
+    const QLayout &row = *m_buttons->layout(); // has them as they are seen, buttons() by their roles
+    for (int i = row.count() - 1; i >= 0; --i) {
+        if (QWidget *button = row.itemAt(i)->widget())
+            setTabOrder(last, button);
+    }
 }

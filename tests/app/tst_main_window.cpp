@@ -293,7 +293,7 @@ private Q_SLOTS:
         const QDeadlineTimer patience(PatienceMilliseconds);
         connect(&look, &QTimer::timeout, &look, [&sheets, patience] {
             auto *dialog = QApplication::activeModalWidget();
-            auto *save = dialog ? visibleButton<QPushButton>(*dialog, "Save as…") : nullptr;
+            auto *save = dialog ? visibleButton<QPushButton>(*dialog, "&Save as…") : nullptr;
             if (save && save->isEnabled())
                 sheets = named<QSpinBox>(*dialog, "Sheet")->maximum();
             if (dialog && (sheets > 0 || patience.hasExpired()))
@@ -367,10 +367,8 @@ private Q_SLOTS:
         QVERIFY(!undo->isEnabled());
         QTest::keyClick(canvas, Qt::Key_Delete);
         QVERIFY(undo->isEnabled());
-        tree().setFocus();
         QTest::keyClick(&tree(), Qt::Key_Z, Qt::ControlModifier);
         QVERIFY(!undo->isEnabled());
-        QVERIFY(tree().hasFocus());
         bool offered = false;
         QTimer::singleShot(0, m_window.get(), [&offered] {
             auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());

@@ -22,6 +22,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 /// Writes pictures of one plain colour each: the family "picture" in a folder.
@@ -143,12 +145,22 @@ private Q_SLOTS:
         auto *area = new QCheckBox(QStringLiteral("Field area")); // the first letter is taken: that of a word
         for (QWidget *widget : QVector<QWidget *>{widthLabel, width, white, free, ratio, area})
             dialog.contentLayout()->addWidget(widget);
+        auto *more = dialog.buttonBox()->addButton(QStringLiteral("More"), QDialogButtonBox::ActionRole);
         dialog.show();
         QVERIFY(QTest::qWaitForWindowActive(&dialog));
         QCOMPARE(widthLabel->text(), QStringLiteral("&Width"));
         QCOMPARE(white->text(), QStringLiteral("W&hite"));
         QCOMPARE(ratio->text(), QStringLiteral("1:1"));
         QCOMPARE(area->text(), QStringLiteral("Field &area"));
+        QCOMPARE(more->text(), QStringLiteral("&More"));
+        area->setFocus();
+        QVector<int> places; // of the buttons
+        for (int i = 0; i < 3; ++i) {
+            QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+            QCOMPARE(dialog.focusWidget()->parentWidget(), dialog.buttonBox());
+            places << dialog.focusWidget()->x();
+        }
+        QVERIFY(std::is_sorted(places.begin(), places.end()));
         free->setFocus();
         QTest::keyClick(&dialog, Qt::Key_W, Qt::AltModifier);
         QVERIFY(width->hasFocus());

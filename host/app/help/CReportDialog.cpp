@@ -28,6 +28,7 @@ CReportDialog::CReportDialog(const QString &title, const QString &intro, const Q
     const QPushButton *copy = buttonBox()->addButton(tr("Co&py"), QDialogButtonBox::ActionRole);
     connect(copy, &QPushButton::clicked, this,
             [this] { QGuiApplication::clipboard()->setText(m_text->toPlainText()); });
+    setDefaultButton(QDialogButtonBox::Close);
     resize(840, 520);
 }
 

@@ -33,6 +33,7 @@ constexpr int SettingsWidth = 340;
 constexpr int ListHeight = 84;
 constexpr int LayOutDelay = 150; // milliseconds, so that typing does not lay out each letter
 constexpr QSize UsualSize(1180, 680);
+constexpr double UsualShare = 0.75;    // of a large screen
 constexpr double ShareOfScreen = 0.92; // at most, with the frame around it
 
 QString titleOf(const PrintConfig &config)
@@ -75,11 +76,13 @@ void CPrintDialog::buildUi(const QList<QUuid> &chosen)
     contentLayout()->addWidget(buildProgress());
     m_told = new CElidedLabel;
     contentLayout()->addWidget(m_told);
-    m_print = buttonBox()->addButton(tr("Print…"), QDialogButtonBox::ActionRole);
-    m_save = buttonBox()->addButton(tr("Save as…"), QDialogButtonBox::ActionRole);
+    m_print = buttonBox()->addButton(tr("&Print…"), QDialogButtonBox::ActionRole);
+    m_print->setDefault(true);
+    m_save = buttonBox()->addButton(tr("&Save as…"), QDialogButtonBox::ActionRole);
     m_save->setToolTip(
         tr("As a PDF, as pictures (SVG, PNG), one for each sheet, or the cabinets as a table (CSV)"));
-    resize(UsualSize.boundedTo(screen()->availableSize() * ShareOfScreen));
+    const QSize available = screen()->availableSize();
+    resize(UsualSize.expandedTo(available * UsualShare).boundedTo(available * ShareOfScreen));
 }
 
 QWidget *CPrintDialog::buildChoices(const QList<QUuid> &chosen)

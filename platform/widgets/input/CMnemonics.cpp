@@ -33,11 +33,14 @@ int placeOfLetter(const QString &text, const QSet<QChar> &taken)
 }
 
 /// Whether @p widget is one of many in a table or a list, or a standard button.
-bool isLeftOut(const QWidget &widget)
+bool isLeftOut(QWidget &widget)
 {
+    auto *button = qobject_cast<QAbstractButton *>(&widget);
     for (const QWidget *parent = widget.parentWidget(); parent && !parent->isWindow();
          parent = parent->parentWidget()) {
-        if (qobject_cast<const QAbstractItemView *>(parent) || qobject_cast<const QDialogButtonBox *>(parent))
+        const auto *box = qobject_cast<const QDialogButtonBox *>(parent);
+        if (qobject_cast<const QAbstractItemView *>(parent) ||
+            (box && (!button || box->standardButton(button) != QDialogButtonBox::NoButton)))
             return true;
     }
     return false;
