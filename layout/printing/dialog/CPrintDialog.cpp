@@ -3,6 +3,7 @@
 #include "layout/printing/dialog/CPrintDialog.h"
 
 #include "layout/api/access/CHostAccess.h"
+#include "layout/printing/dialog/CPrintChoice.h"
 #include "layout/printing/dialog/CPrintSettings.h"
 #include "layout/printing/dialog/CSheetFileChoice.h"
 #include "layout/printing/dialog/CSheetPreview.h"
@@ -14,23 +15,17 @@
 #include "platform/widgets/CElidedLabel.h"
 #include "platform/widgets/CMessageBox.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLabel>
-#include <QListWidget>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScreen>
-#include <QSplitter>
 #include <QVBoxLayout>
 
 namespace {
 
 constexpr int SettingsWidth = 340;
-constexpr int ListHeight = 84;
 constexpr int LayOutDelay = 150; // milliseconds, so that typing does not lay out each letter
 constexpr QSize UsualSize(1180, 680);
 constexpr double UsualShare = 0.75;    // of a large screen
@@ -61,13 +56,14 @@ CPrintDialog::~CPrintDialog() = default;
 
 void CPrintDialog::buildUi(const QList<QUuid> &chosen)
 {
+    m_choice = new CPrintChoice(m_input, chosen);
     m_settings = new CPrintSettings;
     m_preview = new CSheetPreview;
     auto *left = new QWidget;
     left->setFixedWidth(SettingsWidth);
     auto *column = new QVBoxLayout(left);
     column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(buildChoices(chosen));
+    column->addWidget(m_choice);
     column->addWidget(m_settings, 1);
     auto *row = new QHBoxLayout;
     row->addWidget(left);
@@ -83,53 +79,6 @@ void CPrintDialog::buildUi(const QList<QUuid> &chosen)
         tr("As a PDF, as pictures (SVG, PNG), one for each sheet, or the cabinets as a table (CSV)"));
     const QSize available = screen()->availableSize();
     resize(UsualSize.expandedTo(available * UsualShare).boundedTo(available * ShareOfScreen));
-}
-
-QWidget *CPrintDialog::buildChoices(const QList<QUuid> &chosen)
-{
-    m_processors = new QListWidget;
-    m_processors->setFixedHeight(ListHeight);
-    m_processors->setAccessibleName(tr("Processors"));
-    m_scope = new QComboBox;
-    m_scope->setAccessibleName(tr("Settings of"));
-    m_scope->addItem(tr("Settings of the whole job"), QUuid());
-    for (const SPrintedProcessor &processor : m_input.processors) {
-        const QUuid key = processor.node.uuid;
-        auto *item = new QListWidgetItem(processor.node.displayText(), m_processors);
-        item->setData(Qt::UserRole, key);
-        item->setToolTip(item->text());
-        item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
-        item->setCheckState(chosen.contains(key) ? Qt::Checked : Qt::Unchecked);
-        if (key == chosen.value(0))
-            m_processors->setCurrentItem(item); // comes into view with the dialog
-        m_scope->addItem(tr("Settings of %1").arg(processor.node.name), key);
-    }
-    addEmpty();
-    m_own = new QCheckBox(tr("Other settings than those of the job"));
-    auto *whole = new QWidget;
-    auto *column = new QVBoxLayout(whole);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(m_processors);
-    column->addWidget(m_scope);
-    column->addWidget(m_own);
-    return whole;
-}
-
-void CPrintDialog::addEmpty()
-{
-    QMap<QUuid, ProcessorTree::ProcessorNode> empty = m_input.others;
-    for (const SPrintedProcessor &processor : m_input.processors)
-        empty.remove(processor.node.uuid);
-    QStringList names;
-    for (const ProcessorTree::ProcessorNode &node : qAsConst(empty))
-        names << (m_input.unread.contains(node.uuid) ? tr("%1: not read yet") : tr("%1: no cabinets"))
-                     .arg(node.displayText());
-    names.sort(Qt::CaseInsensitive);
-    for (const QString &name : qAsConst(names)) {
-        auto *item = new QListWidgetItem(name, m_processors);
-        item->setToolTip(name);
-        item->setFlags(Qt::NoItemFlags);
-    }
 }
 
 QWidget *CPrintDialog::buildProgress()
@@ -151,10 +100,9 @@ void CPrintDialog::connectSignals()
     m_delay.setSingleShot(true);
     m_delay.setInterval(LayOutDelay);
     connect(&m_delay, &QTimer::timeout, this, &CPrintDialog::layOut);
-    connect(m_processors, &QListWidget::itemChanged, this, [this] { onSettingsChanged(); });
-    connect(m_scope, QOverload<int>::of(&QComboBox::currentIndexChanged), this,
-            &CPrintDialog::onScopeChanged);
-    connect(m_own, &QCheckBox::clicked, this, &CPrintDialog::onOwnToggled);
+    connect(m_choice, &CPrintChoice::notifyChosenChanged, this, &CPrintDialog::onSettingsChanged);
+    connect(m_choice, &CPrintChoice::notifyScopeChanged, this, &CPrintDialog::onScopeChanged);
+    connect(m_choice, &CPrintChoice::notifyOwnToggled, this, &CPrintDialog::onOwnToggled);
     connect(m_settings, &CPrintSettings::notifyChanged, this, &CPrintDialog::onSettingsChanged);
     connect(&m_work, &CSheetWork::notifyLaidOut, this, &CPrintDialog::onLaidOut);
     connect(&m_work, &CSheetWork::notifyProgress, m_progress, &QProgressBar::setValue);
@@ -179,7 +127,7 @@ void CPrintDialog::keepSettings()
     // Nor is one on paper that nothing fits on; whether the drawings fit is not known of changed settings.
     PrintMemory::takePaper(m_job, m_opened, m_stale ? QVector<QUuid>() : m_unfit);
     QList<QUuid> chosen;
-    for (const SPrintedProcessor &processor : chosenInput().processors)
+    for (const SPrintedProcessor &processor : m_choice->chosenInput().processors)
         chosen << processor.node.uuid;
     PrintMemory::keep(m_input, chosen, m_opened, m_job);
 }
@@ -193,44 +141,34 @@ void CPrintDialog::onUsualPaperWished()
     layOut();
 }
 
-bool CPrintDialog::isChosen(int processor) const
-{
-    return m_processors->item(processor)->checkState() == Qt::Checked;
-}
-
 QUuid CPrintDialog::addressed() const
 {
     for (const SPrintedProcessor &processor : m_input.processors) {
-        const bool shown = scope().isNull() ? m_input.processors.size() == 1 : processor.node.uuid == scope();
+        const bool shown = m_choice->scope().isNull() ? m_input.processors.size() == 1
+                                                      : processor.node.uuid == m_choice->scope();
         if (shown && processor.node.address == 0)
             return processor.node.uuid;
     }
     return {};
 }
 
-QUuid CPrintDialog::scope() const
-{
-    return m_scope->currentData().toUuid();
-}
-
 void CPrintDialog::onScopeChanged()
 {
-    const QUuid processor = scope();
-    m_own->setVisible(!processor.isNull());
-    m_own->setChecked(m_job.own.contains(processor));
+    const QUuid processor = m_choice->scope();
+    m_choice->setOwn(m_job.own.contains(processor));
     PrintConfig shown = m_job.own.value(processor, m_job.whole);
     shown.date = m_job.whole.date;
     shown.address = m_job.addresses.value(addressed());
     m_settings->show(shown,
                      processor.isNull()   ? CPrintSettings::OfJob
-                     : m_own->isChecked() ? CPrintSettings::OfProcessor
+                     : m_choice->hasOwn() ? CPrintSettings::OfProcessor
                                           : CPrintSettings::OfNone,
                      !addressed().isNull());
 }
 
 void CPrintDialog::onOwnToggled(bool own)
 {
-    const QUuid processor = scope();
+    const QUuid processor = m_choice->scope();
     if (own) {
         m_job.own[processor] = m_job.whole;
         m_job.own[processor].processor = processor;
@@ -243,14 +181,14 @@ void CPrintDialog::onOwnToggled(bool own)
 
 void CPrintDialog::onSettingsChanged()
 {
-    const QUuid processor = scope();
+    const QUuid processor = m_choice->scope();
     PrintConfig config = m_settings->config();
     if (!addressed().isNull())
         m_job.addresses[addressed()] = config.address;
     config.address.clear();
     if (processor.isNull())
         m_job.whole = config;
-    else if (m_own->isChecked())
+    else if (m_choice->hasOwn())
         m_job.own[processor] = config;
     m_stale = true;
     updateEnabled();
@@ -265,20 +203,9 @@ SPrintJob CPrintDialog::job() const
     return job;
 }
 
-SPrintInput CPrintDialog::chosenInput() const
-{
-    SPrintInput input = m_input;
-    input.processors.clear();
-    for (int i = 0; i < m_input.processors.size(); ++i) {
-        if (isChosen(i))
-            input.processors << m_input.processors.at(i);
-    }
-    return input;
-}
-
 void CPrintDialog::layOut()
 {
-    const SPrintInput input = chosenInput();
+    const SPrintInput input = m_choice->chosenInput();
     m_work.forget();
     if (input.processors.isEmpty())
         onLaidOut({}, tr("Choose a processor."));
@@ -311,7 +238,8 @@ void CPrintDialog::onLaidOut(const QVector<SSheet> &sheets, const QString &probl
     SPrintJob usual = m_job;
     m_unfit = unfit;
     PrintMemory::takePaper(usual, {}, m_unfit);
-    const bool failed = !problem.isEmpty() && m_job.whole.sheets != 0 && !chosenInput().processors.isEmpty();
+    const bool failed =
+        !problem.isEmpty() && m_job.whole.sheets != 0 && !m_choice->chosenInput().processors.isEmpty();
     if (m_sheets.isEmpty())
         m_preview->tell(problem + fonts, failed && !(usual.whole == m_job.whole && usual.own == m_job.own));
     else
@@ -325,9 +253,7 @@ void CPrintDialog::updateEnabled()
     m_print->setEnabled(ready);
     m_save->setEnabled(ready);
     m_settings->setEnabled(!m_writing);
-    m_processors->setEnabled(!m_writing);
-    m_scope->setEnabled(!m_writing);
-    m_own->setEnabled(!m_writing);
+    m_choice->setEnabled(!m_writing);
     m_progressRow->setVisible(m_writing);
 }
 
@@ -353,13 +279,14 @@ void CPrintDialog::onSaveClicked()
     };
     if (CSheetFileChoice::isTable(file)) {
         using Names = CResult<QStringList>;
-        begin(tr("Saving"), [input = chosenInput(), job = job(), file, write](const auto &progress) -> Names {
-            const QByteArray table = CCabinetTable::toCsv(SPrintPlan::of(input, job));
-            if (!progress(0))
-                return QStringList();
-            const QString problem = write(file, table);
-            return problem.isEmpty() ? Names(QStringList{file}) : Names::failure(problem);
-        });
+        begin(tr("Saving"),
+              [input = m_choice->chosenInput(), job = job(), file, write](const auto &progress) -> Names {
+                  const QByteArray table = CCabinetTable::toCsv(SPrintPlan::of(input, job));
+                  if (!progress(0))
+                      return QStringList();
+                  const QString problem = write(file, table);
+                  return problem.isEmpty() ? Names(QStringList{file}) : Names::failure(problem);
+              });
         return;
     }
     const CSheetWriter::SOrder order{file, titleOf(m_job.whole), job().whole.date, CSheetWriter::UsualDots};

@@ -10,11 +10,9 @@
 #include <QTimer>
 
 class CElidedLabel;
+class CPrintChoice;
 class CPrintSettings;
 class CSheetPreview;
-class QCheckBox;
-class QComboBox;
-class QListWidget;
 class QProgressBar;
 class QPushButton;
 
@@ -47,21 +45,16 @@ private Q_SLOTS:
 
 private:
     void buildUi(const QList<QUuid> &chosen);
-    QWidget *buildChoices(const QList<QUuid> &chosen);
-    void addEmpty(); ///< lists the processors that have no cabinets, behind the others
     QWidget *buildProgress();
     void connectSignals();
     void layOut();
     void keepSettings();
-    bool isChosen(int processor) const;
     /// The processor whose address can be set; null: none.
     QUuid addressed() const;
     /// With @p singly, what was written before the user cancels remains.
     void begin(const QString &title, const CSheetWork::Output &output, bool singly = false);
     void updateEnabled();
-    SPrintInput chosenInput() const;
     SPrintJob job() const; ///< with dates
-    QUuid scope() const;   ///< the processor whose settings are shown; null: the whole job
 
     const SPrintInput m_input;
     SPrintJob m_job;
@@ -72,9 +65,7 @@ private:
     bool m_writing = false;
     QString m_ifCancelled; ///< what is told then
     QTimer m_delay;
-    QListWidget *m_processors = nullptr;
-    QComboBox *m_scope = nullptr;
-    QCheckBox *m_own = nullptr;
+    CPrintChoice *m_choice = nullptr;
     CPrintSettings *m_settings = nullptr;
     CSheetPreview *m_preview = nullptr;
     QWidget *m_progressRow = nullptr;
