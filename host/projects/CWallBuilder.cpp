@@ -232,11 +232,15 @@ SWallPlan CWallBuilder::plan(Wall wall)
     return plan;
 }
 
+QString CWallBuilder::problemOf(const SWallPlan &plan)
+{
+    const QString problem = gridProblem(plan);
+    return problem.isEmpty() ? sharingProblem(plan) : problem;
+}
+
 CResult<CabinetLayout> CWallBuilder::build(const SWallPlan &plan)
 {
-    QString problem = gridProblem(plan);
-    if (problem.isEmpty())
-        problem = sharingProblem(plan);
+    const QString problem = problemOf(plan);
     if (!problem.isEmpty())
         return CResult<CabinetLayout>::failure(problem);
     const QVector<Cabinet> cabinets = wallCabinets(plan);

@@ -43,6 +43,8 @@ public:
     static constexpr int MaximumPorts = 80;
 
     static SWallPlan plan(Wall wall);
+    /// Why a plan is impossible; empty if it is not.
+    static QString problemOf(const SWallPlan &plan);
     /// The layout of a plan, or why it is impossible; ports are 0 to portCount() - 1, the processor's key is
     /// derived from the plan's name.
     static CResult<CabinetLayout> build(const SWallPlan &plan);

@@ -429,6 +429,11 @@ private Q_SLOTS:
             numberIn(dialog, "Rows")->setValue(rows);
             QCOMPARE(dialog.buttonBox()->button(QDialogButtonBox::Ok)->isEnabled(), possible);
         }
+        numberIn(dialog, "Columns")->setValue(1);
+        numberIn(dialog, "Rows")->setValue(3); // for four ports
+        QVERIFY(!dialog.buttonBox()->button(QDialogButtonBox::Ok)->isEnabled());
+        QCOMPARE(dialog.findChild<QLabel *>(QStringLiteral("Summary"))->text(),
+                 QStringLiteral("3 cabinets are too few for 4 ports."));
     }
 };
 

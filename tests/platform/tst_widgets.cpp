@@ -11,6 +11,7 @@
 #include "platform/widgets/input/CClampedSpinBox.h"
 #include "platform/widgets/input/CSliderSpinBox.h"
 #include "tests/harness/CMessageBoxAnswerer.h"
+#include "tests/harness/CNotedWords.h"
 #include "tests/harness/CTestBase.h"
 
 #include <QApplication>
@@ -131,6 +132,18 @@ private Q_SLOTS:
             QCOMPARE(box.text(), QLatin1String(shown));
             QCOMPARE(box.value(), box.cleanText().toInt());
         }
+    }
+
+    void lettersInANumberAreRefusedWithAWord()
+    {
+        QWidget window;
+        const CNotedWords told(window);
+        auto *box = new CSpinBox(&window);
+        QTest::keyClicks(box, QStringLiteral("7"));
+        QCOMPARE(told.words, QStringList());
+        QTest::keyClicks(box, QStringLiteral("e"));
+        QCOMPARE(told.words, QStringList(QStringLiteral("Only numbers can be typed here.")));
+        QCOMPARE(box->value(), 7);
     }
 
     void fieldsAreReachedByTheirLetters()

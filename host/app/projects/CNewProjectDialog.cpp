@@ -171,7 +171,7 @@ QString CNewProjectDialog::problemOf(const SWallPlan &wall) const
             .arg(LayoutLimits::CabinetsPerPort);
     if (!kindFor(wall))
         return tr("No processor has %1 output ports.").arg(wall.portCount());
-    return {};
+    return CWallBuilder::problemOf(wall);
 }
 
 void CNewProjectDialog::updateSummary()

@@ -35,8 +35,8 @@ protected:
     {
         if (!isAboveRange(text))
             return SpinBox::valueFromText(text);
-        tell(QCoreApplication::translate("CClampedSpinBox", "The largest figure here is %1."),
-             this->maximum());
+        tell(QCoreApplication::translate("CClampedSpinBox", "The largest figure here is %1.")
+                 .arg(QLocale().toString(this->maximum())));
         return this->maximum();
     }
 
@@ -46,7 +46,8 @@ protected:
         SpinBox::fixup(text);
         if (!(numberIn(text) < this->minimum()))
             return;
-        tell(QCoreApplication::translate("CClampedSpinBox", "The least figure here is %1."), this->minimum());
+        tell(QCoreApplication::translate("CClampedSpinBox", "The least figure here is %1.")
+                 .arg(QLocale().toString(this->minimum())));
         text = this->prefix() + this->textFromValue(this->minimum()) + this->suffix();
     }
 
@@ -57,13 +58,16 @@ protected:
         SpinBox::keyPressEvent(event);
         if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && this->text() != typed)
             event->accept();
+        const QString key = event->text();
+        if (!key.isEmpty() && key.at(0).isLetter())
+            tell(QCoreApplication::translate("CClampedSpinBox", "Only numbers can be typed here."));
     }
 
 private:
-    void tell(const QString &words, Number limit) const
+    void tell(const QString &words) const
     {
         if (m_words)
-            m_words->tell(words.arg(QLocale().toString(limit)));
+            m_words->tell(words);
     }
     bool isAboveRange(const QString &text) const { return numberIn(text) > this->maximum(); }
 
