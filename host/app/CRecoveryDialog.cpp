@@ -92,8 +92,10 @@ void CRecoveryDialog::buildUi()
 
 void CRecoveryDialog::addEntry(const SStrayJournal &offer)
 {
-    auto *item = new QListWidgetItem(QIcon(pictureOf(offer)), textOf(offer));
-    m_list->addItem(item);
+    const QPixmap picture = pictureOf(offer);
+    QIcon icon(picture);
+    icon.addPixmap(picture, QIcon::Selected); // otherwise tinted, though its colours are those of ports
+    m_list->addItem(new QListWidgetItem(icon, textOf(offer)));
 }
 
 void CRecoveryDialog::connectSignals()

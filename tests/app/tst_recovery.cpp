@@ -135,7 +135,11 @@ void CRecoveryTest::whatIsLookedAtStays()
     SBench bench;
     bench.leave("Arena", true);
     QSignalSpy opened(&bench.commands, &CRecoveryCommands::notifyOpened);
-    inOffer([](CRecoveryDialog &dialog) { buttonOf(dialog, QStringLiteral("Look at it first"))->click(); });
+    inOffer([](CRecoveryDialog &dialog) {
+        const QIcon picture = dialog.findChild<QListWidget *>()->item(0)->icon();
+        QCOMPARE(picture.pixmap(192, QIcon::Selected).toImage(), picture.pixmap(192).toImage());
+        buttonOf(dialog, QStringLiteral("Look at it first"))->click();
+    });
     bench.commands.offerAtStart();
     QCOMPARE(opened.count(), 1);
     QCOMPARE(bench.manager.keeper().offers().size(), 1);
