@@ -298,11 +298,9 @@ bool CJournalKeeper::restoreWaiting(const QUuid &processor)
         const int count = std::min(device.kind.ports, state.portCount);
         device.settings.portCount = std::max(device.settings.portCount, count);
     });
-    m_services.table().changeLayout(processor,
-                                    [&state](SDevice &device) { device.takeLayout(state.layout); });
+    m_services.replaceLayout(processor, [&state](SDevice &device) { device.takeLayout(state.layout); });
     takeRevision(processor, stray);
     adopt(processor, stray);
-    m_services.announcer().announceLayout(processor);
     m_services.announcer().announceState();
     return true;
 }

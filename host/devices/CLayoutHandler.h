@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 
 #include <atomic>
+#include <functional>
 #include <memory>
 #include <mutex>
 
@@ -66,6 +67,8 @@ public:
     bool setWorkMode(const QUuid &processor, ProcessorWorkMode mode) override;
 
     QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const override;
+    void setPortLocked(const QUuid &processor, int port, bool locked) override;
+    void setPortColor(const QUuid &processor, int port, const QColor &color) override;
 
     bool setCabinetHighlight(const QList<CabinetLayout::CabinetPort::Cabinet> &cabinets,
                              CabinetHighlight highlight) override;
@@ -135,7 +138,10 @@ private:
     SDevice known(const QUuid &processor) const; ///< a default record for an unknown key
     QList<QUuid> concerned(ReadSaveMappingRole role) const;
     static void tellNobody(const Done &done); ///< reports to @p done that there is no processor to work with
-    void refuse(const LayoutData &data);
+    using Ports = QVector<CabinetLayout::CabinetPort>;
+    void tellRefused(const LayoutData &data, const QVector<Ports> &known);
+    void changePorts(const QUuid &processor, int port,
+                     const std::function<void(CabinetLayout::CabinetPort &)> &change);
     bool told(const CStatus &status); ///< stores the reason of a failure for lastError()
 
     CDeviceServices &m_services;

@@ -33,20 +33,27 @@ void CLayoutHandler::applyLayoutFollowUp(bool full)
 void CLayoutHandler::commitLayoutData(const LayoutData &data)
 {
     if (data.layout.ports.isEmpty())
-        return; // nothing was shown that could have been edited
-    if (m_services.announcer().isReplacing(data.processor))
-        return refuse(data);
+        return;           // nothing was shown that could have been edited
+    QVector<Ports> known; // layouts that the module may have given back unedited
+    bool refused = false;
     bool overloaded = false;
     m_services.table().changeLayout(
         data.processor,
-        [&data, &overloaded](SDevice &device) {
-            if (!device.isLoaded())
+        [&](SDevice &device) {
+            refused = !device.replaced.isEmpty();
+            if (refused) {
+                known = device.replaced;
+                known << device.working.layout().ports;
+            }
+            if (refused || !device.isLoaded())
                 return;
             overloaded = device.isOverloaded();
             device.takeLayout(PortPairs::withPairsOf(data.layout, device.working.layout()));
             overloaded = overloaded || device.isOverloaded();
         },
         CDeviceTable::Cause::Editor);
+    if (refused)
+        return tellRefused(data, known);
     m_followUpNeeded = true;
     if (overloaded) // then the load of each port depends on all the others
         m_services.announcer().notify(LayoutNotification::PortLoadsChanged,
@@ -54,18 +61,51 @@ void CLayoutHandler::commitLayoutData(const LayoutData &data)
     m_services.announcer().announceState();
 }
 
-/// Edits of what is not there any more. If it is what has replaced it, nothing was edited.
-void CLayoutHandler::refuse(const LayoutData &data)
+/// Edits of what is not there any more. Locks and colours are not among them: they are set on their own.
+void CLayoutHandler::tellRefused(const LayoutData &data, const QVector<Ports> &known)
 {
     using Port = CabinetLayout::CabinetPort;
-    const SDevice device = known(data.processor);
-    const QVector<Port> &now = device.working.layout().ports;
     const auto same = [](const Port &a, const Port &b) {
-        return a.index == b.index && a.locked == b.locked && LayoutData::comparePortData(a, b, true);
+        return a.index == b.index && LayoutData::comparePortData(a, b, true);
     };
-    if (!std::equal(now.begin(), now.end(), data.layout.ports.begin(), data.layout.ports.end(), same))
-        m_services.announcer().announceWords(device.failureText(
-            tr("The last edit came while the layout was being replaced, and is not in it.")));
+    const bool edited = std::none_of(known.begin(), known.end(), [&](const Ports &ports) {
+        return std::equal(ports.begin(), ports.end(), data.layout.ports.begin(), data.layout.ports.end(),
+                          same);
+    });
+    if (edited)
+        m_services.announcer().announceWords(
+            this->known(data.processor)
+                .failureText(
+                    tr("The last edit came while the layout was being replaced, and is not in it.")));
+}
+
+void CLayoutHandler::changePorts(const QUuid &processor, int port,
+                                 const std::function<void(CabinetLayout::CabinetPort &)> &change)
+{
+    m_services.table().changeLayout(
+        processor,
+        [&](SDevice &device) {
+            if (!device.isLoaded())
+                return;
+            CabinetLayout layout = device.working.layout();
+            for (CabinetLayout::CabinetPort &known : layout.ports) {
+                if (port == -1 || known.index == port)
+                    change(known);
+            }
+            device.takeLayout(layout);
+        },
+        CDeviceTable::Cause::Editor);
+    m_services.announcer().announceState();
+}
+
+void CLayoutHandler::setPortLocked(const QUuid &processor, int port, bool locked)
+{
+    changePorts(processor, port, [locked](auto &known) { known.locked = locked; });
+}
+
+void CLayoutHandler::setPortColor(const QUuid &processor, int port, const QColor &color)
+{
+    changePorts(processor, port, [&color](auto &known) { known.color = color; });
 }
 
 bool CLayoutHandler::exportProcessorMapping(const QUuid &processor, const QString &file)
@@ -168,11 +208,10 @@ void CLayoutHandler::performPreparatoryStep(const QUuid &processor)
 {
     if (preparatoryStep(processor) == 0)
         return;
-    m_services.table().changeLayout(processor, [](SDevice &device) {
+    m_services.replaceLayout(processor, [](SDevice &device) {
         device.takeLayout({});
         device.takeSaved({});
     });
-    m_services.announcer().announceLayout(processor);
 }
 
 bool CLayoutHandler::setOutputPortCount(const QUuid &processor, int count)

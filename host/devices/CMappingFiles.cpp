@@ -141,8 +141,7 @@ CStatus CMappingFiles::replaceLayout(const SDevice &device, const CabinetLayout 
 
 void CMappingFiles::take(const QUuid &processor, const CabinetLayout &layout)
 {
-    m_services.table().changeLayout(processor, [&layout](SDevice &device) { device.takeLayout(layout); });
-    m_services.announcer().announceLayout(processor);
+    m_services.replaceLayout(processor, [&layout](SDevice &device) { device.takeLayout(layout); });
 }
 
 CStatus CMappingFiles::exportPort(const QUuid &processor, int port, const QString &file) const

@@ -284,8 +284,7 @@ CStatus CProjectShelf::replaceContent(const QUuid &project, const SProcessorProj
         device.print = content.print;
     });
     m_services.takeSettings(project, settings);
-    m_table.changeLayout(project, [&content](SDevice &device) { device.takeLayout(content.layout); });
-    m_services.announcer().announceLayout(project);
+    m_services.replaceLayout(project, [&content](SDevice &device) { device.takeLayout(content.layout); });
     m_services.announcer().announceProcessors();
     return CStatus::done();
 }

@@ -111,6 +111,11 @@ public:
     // Store.
     /// The cabinet type library.
     virtual QVector<SSettings::TypeLibrary::STreeNode> typeLibrary() const = 0;
+    /// Locks or unlocks a port (-1: all ports) of the working layout, and changes nothing else of it: also if
+    /// it is one that has not been announced yet.
+    virtual void setPortLocked(const QUuid &processor, int port, bool locked) = 0;
+    /// The same for the colour of a port.
+    virtual void setPortColor(const QUuid &processor, int port, const QColor &color) = 0;
 
     // View and cabinet menu.
     /// Highlights @p cabinets of the current processor on the wall, instead of those of the previous call.

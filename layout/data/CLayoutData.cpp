@@ -111,8 +111,10 @@ void CLayoutData::setPortLocked(int port, bool locked)
     const QVector<int> changed = m_states.setLocked(port, locked);
     for (const int index : changed)
         Q_EMIT notifyProcessorPortLocked(index, locked);
-    if (!changed.isEmpty())
-        handOver(AtOnce, Everything);
+    if (changed.isEmpty())
+        return;
+    CHostAccess::call<&Host::setPortLocked>(m_states.current(), port, locked); // whatever its layout is now
+    handOver(AtOnce, Everything);
 }
 
 bool CLayoutData::isProcessorLocked() const
@@ -133,14 +135,8 @@ void CLayoutData::setAllProcessorsLocked(bool locked)
     setPortLocked(-1, locked);
     syncLayoutData(true); // what waits of another processor would bring its old locks back
     for (const ProcessorTree::ProcessorNode &node : CHostAccess::call<&Host::processors>()) {
-        if (node.uuid == currentProcessor())
-            continue;
-        LayoutData data = CHostAccess::callUnflushed<&Host::layoutData>(node.uuid);
-        if (data.layout.ports.isEmpty())
-            continue;
-        for (Port &port : data.layout.ports)
-            port.locked = locked;
-        CHostAccess::call<&Host::commitLayoutData>(data);
+        if (node.uuid != currentProcessor())
+            CHostAccess::call<&Host::setPortLocked>(node.uuid, -1, locked);
     }
 }
 
@@ -149,6 +145,7 @@ void CLayoutData::setPortColor(int port, const QColor &color)
     if (!m_states.setColor(port, color))
         return;
     Q_EMIT notifyProcessorPortColorChanged(port, portColor(port));
+    CHostAccess::call<&Host::setPortColor>(m_states.current(), port, color);
     handOver(AtOnce, Everything);
 }
 
@@ -188,10 +185,8 @@ void CLayoutData::handOver(EWhen when, EWhat what)
         edit = m_states.takeEdit(edited);
     }
     if (!edit) {
-        if (what == Everything)
-            m_states.loseEdit(processor, LostEdit::Other);
-        else if (when == Later) // else somebody only asks for what waits
-            m_states.loseEdit(processor, LostEdit::Step);
+        if (when == Later) // else somebody only asks for what waits, or the host has it already
+            m_states.loseEdit(processor);
         return;
     }
     Q_EMIT notifyEdited(edit->known, edited, edit->changedPorts);

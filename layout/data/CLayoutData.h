@@ -41,7 +41,6 @@ class CLayoutData final : public QObject,
 
 public:
     using Port = CabinetLayout::CabinetPort;
-    using LostEdit = CProcessorStates::LostEdit;
     using TypeInfo = SSettings::TypeLibrary::STreeNode::RcvTypeInfo;
 
     CLayoutData();
@@ -113,7 +112,7 @@ public:
     void flushEdits() override { syncLayoutData(true); }
     /// The edit of @p processor that came too late since the last call, because the host was replacing the
     /// layout.
-    LostEdit takeLostEdit(const QUuid &processor) { return m_states.takeLostEdit(processor); }
+    bool takeLostEdit(const QUuid &processor) { return m_states.takeLostEdit(processor); }
     /// What the host says of the unsaved edits of the layout in the editor; nothing while an edit waits for
     /// its hand-over, or the host has announced another layout that the editor does not show yet.
     std::optional<SUnsavedEdits> unsavedEdits() const;

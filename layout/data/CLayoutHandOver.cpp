@@ -50,18 +50,14 @@ bool CLayoutHandOver::isPending(const QUuid &processor) const
     return m_newest.value(processor) > m_handedOver.value(processor);
 }
 
-bool CLayoutHandOver::isEditPending(const QUuid &processor) const
+bool CLayoutHandOver::drop(const QUuid &processor)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_edited.value(processor) > m_handedOver.value(processor);
-}
-
-void CLayoutHandOver::drop(const QUuid &processor)
-{
+    const quint64 known = std::max(m_given.value(processor), m_handedOver.value(processor));
     // The queued event stays; when it runs, it finds that its layout is outdated.
-    const std::lock_guard<std::mutex> lock(m_mutex);
     if (m_newest.contains(processor))
         m_handedOver[processor] = m_newest[processor];
+    return m_edited.value(processor) > known;
 }
 
 void CLayoutHandOver::stop()
@@ -97,6 +93,7 @@ void CLayoutHandOver::commit(const LayoutData &data, quint64 number)
             const std::lock_guard<std::mutex> lock(m_mutex);
             if (number <= m_handedOver.value(data.processor))
                 return;
+            m_given[data.processor] = number;
         }
         CHostAccess::call<&Host::commitLayoutData>(data);
         const std::lock_guard<std::mutex> lock(m_mutex);

@@ -31,10 +31,9 @@ public:
 
     /// Whether a deferred layout of @p processor has not reached the host yet.
     bool isPending(const QUuid &processor) const;
-    /// The same of a layout that was edited.
-    bool isEditPending(const QUuid &processor) const;
-    /// Drops the deferred layouts of @p processor.
-    void drop(const QUuid &processor);
+    /// Drops the deferred layouts of @p processor. Returns whether an edit is lost with them; what the host
+    /// is being given right now is not.
+    bool drop(const QUuid &processor);
 
     /// Ends the worker and waits for it; deferred layouts are dropped.
     void stop();
@@ -49,6 +48,7 @@ private:
     mutable std::mutex m_mutex;         // guards the numbers
     QHash<QUuid, quint64> m_newest;     // number of the newest layout of each processor
     QHash<QUuid, quint64> m_edited;     // number of the newest one that was edited
+    QHash<QUuid, quint64> m_given;      // number of the newest one that the host was given, or is being given
     QHash<QUuid, quint64> m_handedOver; // number of the newest one that reached the host or was dropped
     quint64 m_lastNumber = 0;
     std::mutex m_commitMutex; // one hand-over at a time

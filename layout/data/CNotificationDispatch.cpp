@@ -268,9 +268,8 @@ void CNotificationDispatch::replaceLayout(const QUuid &processor)
 {
     // Before the host is asked, because edits made meanwhile belong to the old layout.
     m_states.outdateEdits(processor);
-    if (m_handOver.isEditPending(processor))
-        m_states.loseEdit(processor, CProcessorStates::LostEdit::Step);
-    m_handOver.drop(processor);
+    if (m_handOver.drop(processor))
+        m_states.loseEdit(processor);
     const LayoutData data = CHostAccess::callUnflushed<&Host::layoutData>(processor);
     m_states.takeFromHost(processor, data.layout.ports, false);
     m_states.setCanvas(processor, data.canvas);

@@ -226,16 +226,16 @@ void CProcessorStates::outdateEdits(const QUuid &processor)
     m_editsOutdated = m_editsOutdated || (processor == m_edited && !processor.isNull());
 }
 
-void CProcessorStates::loseEdit(const QUuid &processor, LostEdit edit)
+void CProcessorStates::loseEdit(const QUuid &processor)
 {
     const CWriteLocker locker(m_lock);
-    m_lostEdits[processor] = edit;
+    m_lostEdits.insert(processor);
 }
 
-CProcessorStates::LostEdit CProcessorStates::takeLostEdit(const QUuid &processor)
+bool CProcessorStates::takeLostEdit(const QUuid &processor)
 {
     const CWriteLocker locker(m_lock);
-    return m_lostEdits.take(processor);
+    return m_lostEdits.remove(processor);
 }
 
 QUuid CProcessorStates::editable() const

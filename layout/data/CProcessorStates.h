@@ -7,6 +7,7 @@
 #include "platform/common/CReadWriteLock.h"
 
 #include <QHash>
+#include <QSet>
 
 #include <map>
 #include <memory>
@@ -36,9 +37,6 @@ public:
         QUuid processor; ///< the current processor when loadQuestion() was called
         Port bearer;     ///< the port to ask for
     };
-
-    /// An edit that the host does not have: a step of the history, or something else, as a lock.
-    enum class LostEdit { None, Step, Other };
 
     QUuid current() const;
     QVector<Port> ports() const; ///< of the current processor; empty without one
@@ -73,8 +71,8 @@ public:
     /// The editor's layout of @p processor is outdated: ignores its edits until it is loaded again.
     void outdateEdits(const QUuid &processor);
     /// An edit of @p processor will not reach the host, because the host has replaced the layout.
-    void loseEdit(const QUuid &processor, LostEdit edit);
-    LostEdit takeLostEdit(const QUuid &processor); ///< the last one since this was called last
+    void loseEdit(const QUuid &processor);
+    bool takeLostEdit(const QUuid &processor); ///< whether there was one since this was called last
     /// The processor whose edits are accepted; null: none.
     QUuid editable() const;
     /// Stores the cabinets of the edited layout, except those of ports that no longer exist. Empty if edits
@@ -109,7 +107,7 @@ private:
     QUuid m_current ORVO_GUARDED_BY(m_lock);
     QUuid m_edited ORVO_GUARDED_BY(m_lock);
     bool m_editsOutdated ORVO_GUARDED_BY(m_lock) = false;
-    QHash<QUuid, LostEdit> m_lostEdits ORVO_GUARDED_BY(m_lock); // by processor
+    QSet<QUuid> m_lostEdits ORVO_GUARDED_BY(m_lock); // by processor
     SCurrentPort m_currentPort ORVO_GUARDED_BY(m_lock);
     std::optional<std::pair<QUuid, int>> m_takenLoad ORVO_GUARDED_BY(m_lock); // with its processor
 };

@@ -119,12 +119,10 @@ void CLayoutEditorPage::reload()
 /// A step is before that of the host's layout, unless the history has ended with it.
 void CLayoutEditorPage::tellLostEdit()
 {
-    using LostEdit = CLayoutData::LostEdit;
-    const LostEdit lost = m_store.takeLostEdit(m_processor.uuid);
-    if (lost == LostEdit::None)
+    if (!m_store.takeLostEdit(m_processor.uuid))
         return;
     const CEditHistory *history = m_view->history();
-    const bool kept = lost == LostEdit::Step && history && history->stack().canUndo();
+    const bool kept = history && history->stack().canUndo();
     m_view->cabinetScene().backend().batches().tell(
         (kept ? tr("The last edit of %1 came while the layout was being replaced, and is not in it: undo "
                    "leads "

@@ -110,7 +110,8 @@ private Q_SLOTS:
             &Host::canvasBlock, &Host::setCanvasSize, &Host::frameRate, &Host::colorDepth, &Host::signalModes,
             &Host::setFrameRateAndColorDepth, &Host::background, &Host::setBackground,
             &Host::setPrintSettings, &Host::writeFile, &Host::processorBoundingRects,
-            &Host::setProcessorOffsets, &Host::recordEdit, &Host::editHistory, &Host::printSettings>(host);
+            &Host::setProcessorOffsets, &Host::recordEdit, &Host::editHistory, &Host::printSettings,
+            &Host::setPortLocked, &Host::setPortColor>(host);
         const QStringList expected{QStringLiteral("applyLayoutFollowUp"),
                                    QStringLiteral("areOnPrimaryPorts"),
                                    QStringLiteral("commitLayoutData"),
@@ -119,6 +120,8 @@ private Q_SLOTS:
                                    QStringLiteral("portRedundancies"),
                                    QStringLiteral("processorOfCabinet"),
                                    QStringLiteral("recordEdit"),
+                                   QStringLiteral("setPortColor"),
+                                   QStringLiteral("setPortLocked"),
                                    QStringLiteral("setPrintSettings"),
                                    QStringLiteral("unsavedEdits"),
                                    QStringLiteral("writeFile")};

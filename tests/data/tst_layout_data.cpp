@@ -97,6 +97,29 @@ private Q_SLOTS:
         scene.store.stop();
     }
 
+    void whatTheHostIsBeingGivenIsNotLost()
+    {
+        SStoreScene scene;
+        std::mutex gate;
+        std::unique_lock<std::mutex> closed(gate);
+        std::atomic<bool> given{false};
+        scene.answers()->onCalled = [&](const QString &call) {
+            if (call != scene.commitOf(scene.a))
+                return;
+            given = true;
+            const std::lock_guard<std::mutex> passed(gate);
+        };
+        scene.edit(0, false);
+        QTRY_VERIFY(given);
+        CSignalLog replaced(&scene.store, &CLayoutData::notifyLayoutReplaced);
+        scene.host.notify(LayoutNotification::LayoutReplaced, scene.a);
+        QTRY_COMPARE(replaced.count(), 1);
+        QVERIFY(!scene.store.takeLostEdit(scene.a)); // if the host refuses it, the host tells
+        closed.unlock();
+        QTRY_COMPARE(scene.handOverCalls().last(), FollowUp);
+        scene.answers()->onCalled = nullptr;
+    }
+
     void editsOfAReplacedLayoutDoNotCount()
     {
         SStoreScene scene;
@@ -112,6 +135,7 @@ private Q_SLOTS:
         QTRY_COMPARE(scene.handOverCalls().last(), FollowUp); // of the edit before
         QCOMPARE(scene.answers()->layoutData(scene.a), imported);
         QTRY_COMPARE(replaced.count(), 1);
+        QVERIFY(scene.store.takeLostEdit(scene.a));
 
         scene.editor.load(scene.store.openProcessor(scene.a));
         QCOMPARE(scene.editor.shown, imported.layout);
@@ -187,6 +211,7 @@ private Q_SLOTS:
         CSignalLog locked(&scene.store, &CLayoutData::notifyProcessorPortLocked);
         CSignalLog colored(&scene.store, &CLayoutData::notifyProcessorPortColorChanged);
         CSignalLog options(&scene.store, &CLayoutData::notifyLayoutOptionChanged);
+        scene.answers()->forgetCalls();
         for (int i = 0; i < 2; ++i) {
             scene.store.setPortLocked(2, true);
             scene.store.setPortColor(0, Qt::red);
@@ -194,6 +219,7 @@ private Q_SLOTS:
             scene.store.setPortLocked(9, true);
             scene.store.setPortColor(9, Qt::red);
         }
+        QCOMPARE(scene.answers()->count(QStringLiteral("commitLayoutData")), 2); // and whatever else waits
         QCOMPARE(locked.count(), 1);
         QCOMPARE(colored.count(), 1);
         QCOMPARE(options.count(), 1);

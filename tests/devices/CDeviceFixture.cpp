@@ -186,7 +186,7 @@ SDeviceOutcome CDeviceFixture::read(const QUuid &processor)
 
 void CDeviceFixture::settle(const QUuid &processor)
 {
-    while (manager.services().announcer().isReplacing(processor))
+    while (!manager.table().device(processor).value_or(SDevice()).replaced.isEmpty())
         std::this_thread::yield();
 }
 

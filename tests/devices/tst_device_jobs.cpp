@@ -39,11 +39,12 @@ SDeviceOutcome saveAll(CDeviceFixture &host, const LayoutData &data)
 class CHastyEditor final : public CObserver
 {
 public:
-    CHastyEditor(CDeviceFixture &host, const LayoutData &edited)
+    CHastyEditor(CDeviceFixture &host, const LayoutData &before, bool edits)
         : m_host(host)
-        , m_edited(edited)
+        , m_edited(before)
     {
-        m_edited.layout.ports[0].groups[0].cabinets[0].rect.translate(8, 8);
+        m_edited.layout.ports[0].groups[0].cabinets[0].rect.translate(edits ? 8 : 0, 0);
+        m_edited.layout.ports[1].locked = true;
         m_host.manager.announcer().subject().attach(*this);
     }
     ~CHastyEditor() override { m_host.manager.announcer().subject().detach(*this); }
@@ -51,6 +52,8 @@ public:
     {
         if (subject.code() != int(LayoutNotification::LayoutReplaced))
             return;
+        m_host.handler.setPortLocked(m_edited.processor, 1, true);
+        m_host.handler.setPortColor(m_edited.processor, -1, Qt::red);
         m_host.handler.commitLayoutData(m_edited);
         hasHandedOver = true;
     }
@@ -306,20 +309,26 @@ private Q_SLOTS:
         }
     }
 
-    void anEditOfTheLayoutBeforeARefreshIsRefused()
+    void onlyLocksAndColoursAreTakenOverWhileALayoutIsReplaced()
     {
-        CDeviceFixture host;
-        LayoutData before = host.handler.layoutData(host.lobby);
-        host.manager.simulate(host.lobby, SimulationFault::Changed, true);
-        CHastyEditor editor(host, before);
-        QSignalSpy told(&host.manager.announcer(), &CDeviceAnnouncer::notifyTold);
-        QVERIFY(host.read(host.lobby).isDone());
-        QTRY_VERIFY(editor.hasHandedOver);
-        QTRY_COMPARE(told.count(), 1);
-        QVERIFY(!host.manager.table().isModified(host.lobby));
-        QVERIFY(host.layoutOf(host.lobby) != before.layout);
-        host.edit(host.lobby);
-        QVERIFY(host.manager.table().isModified(host.lobby));
+        for (const bool edits : {true, false}) {
+            CDeviceFixture host;
+            LayoutData before = host.handler.layoutData(host.lobby);
+            host.manager.simulate(host.lobby, SimulationFault::Changed, true);
+            CHastyEditor editor(host, before, edits);
+            QSignalSpy told(&host.manager.announcer(), &CDeviceAnnouncer::notifyTold);
+            QVERIFY(host.read(host.lobby).isDone());
+            QTRY_VERIFY(editor.hasHandedOver);
+            host.settle(host.lobby);
+            QCoreApplication::processEvents();
+            QCOMPARE(told.count(), edits ? 1 : 0);
+            CabinetLayout now = host.layoutOf(host.lobby);
+            QVERIFY(now.ports[1].locked && !now.ports[0].locked && now.ports[0].color == Qt::red);
+            QVERIFY(!host.manager.table().unsavedEdits(host.lobby).cabinets);
+            QVERIFY(!LayoutData::comparePortData(now.ports[0], before.layout.ports[0], true));
+            host.edit(host.lobby);
+            QVERIFY(host.manager.table().unsavedEdits(host.lobby).cabinets);
+        }
     }
 
     void runsOneJobAtATime()

@@ -87,6 +87,14 @@ public:
     void applyLayoutFollowUp(bool full) override { note(__func__, full); }
     Node getProcessorNode(const QUuid &key) const override { return node(__func__, key); }
     void commitLayoutData(const LayoutData &data) override;
+    void setPortLocked(const QUuid &key, int port, bool locked) override
+    {
+        changePorts(__func__, key, port, [locked](Port &known) { known.locked = locked; });
+    }
+    void setPortColor(const QUuid &key, int port, const QColor &color) override
+    {
+        changePorts(__func__, key, port, [&color](Port &known) { known.color = color; });
+    }
     bool exportProcessorMapping(const QUuid &key, const QString &to) override
     {
         return answer(__func__, key, to);
@@ -256,6 +264,14 @@ private:
     {
         const auto lock = note(name, arguments...);
         return !m_fails && !refused.contains(QLatin1String(name));
+    }
+    void changePorts(const char *name, const QUuid &key, int port, const std::function<void(Port &)> &change)
+    {
+        const auto lock = note(name, key, port);
+        for (Port &known : layouts[key].layout.ports) {
+            if (!m_fails && (port == -1 || known.index == port))
+                change(known);
+        }
     }
     template <typename Value>
     bool take(const char *name, Value &member, const Value &value)

@@ -183,7 +183,7 @@ private Q_SLOTS:
         QTest::addRow("not handed over yet") << QStringLiteral("before") << true << undo;
         QTest::addRow("of the old layout") << QStringLiteral("after") << true << undo;
         QTest::addRow("not to be undone") << QStringLiteral("before") << false << QStringLiteral("is lost.");
-        QTest::addRow("a lock") << QStringLiteral("lock") << true << QStringLiteral("is lost.");
+        QTest::addRow("a lock and a colour") << QStringLiteral("look") << true << QString(); // are kept
     }
 
     void anEditDuringAReplacementIsTold()
@@ -204,11 +204,15 @@ private Q_SLOTS:
         replaced.ports[2].groups[0].cabinets[0].rect.translate(500, 0);
         if (!samePorts)
             replaced.ports.removeLast();
+        const CabinetLayout imported = replaced;
         world.host.notify(LayoutNotification::LayoutReplaced, world.a);
         if (edit == QLatin1String("after"))
             nudge();
-        if (edit == QLatin1String("lock"))
+        const bool look = edit == QLatin1String("look");
+        if (look) {
             world.store.setPortLocked(0, true);
+            world.store.setPortColor(1, Qt::red);
+        }
         QTRY_COMPARE(world.rows().size(),
                      (samePorts ? 2 : 1) + (samePorts && !edited.ports.isEmpty() ? 1 : 0));
         if (edit.isEmpty()) { // what the first replacement has changed is not the user's
@@ -216,6 +220,9 @@ private Q_SLOTS:
             world.host.notify(LayoutNotification::LayoutReplaced, world.a);
             QTRY_COMPARE(world.rows().size(), 3);
         }
+        QCOMPARE(world.store.isPortLocked(0), look);
+        QCOMPARE(world.store.portColor(1) == Qt::red, look);
+        QCOMPARE(world.answers()->layouts[world.a].layout.ports.last().groups, imported.ports.last().groups);
         const QString words = noted.words.join(QLatin1Char(' '));
         QCOMPARE(words.isEmpty(), told.isEmpty());
         QVERIFY2(words.endsWith(told), qPrintable(words));

@@ -33,24 +33,10 @@ void CDeviceAnnouncer::announceCommit(const QUuid &processor)
     announceState();
 }
 
-void CDeviceAnnouncer::announceLayout(const QUuid &processor)
+void CDeviceAnnouncer::announceLayout(const QUuid &processor, std::function<void()> sent)
 {
-    {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        ++m_replacing[processor];
-    }
-    m_updates.post(LayoutNotification::LayoutReplaced, processor, [this, processor] {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        if (--m_replacing[processor] == 0)
-            m_replacing.remove(processor);
-    });
+    m_updates.post(LayoutNotification::LayoutReplaced, processor, std::move(sent));
     announceCommit(processor);
-}
-
-bool CDeviceAnnouncer::isReplacing(const QUuid &processor) const
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    return m_replacing.contains(processor);
 }
 
 void CDeviceAnnouncer::announceWords(const QString &words)

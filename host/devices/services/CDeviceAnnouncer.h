@@ -7,11 +7,10 @@
 #include "layout/api/records/CabinetLayout.h"
 #include "layout/api/records/SHostRecords.h"
 
-#include <QHash>
 #include <QObject>
 
 #include <atomic>
-#include <mutex>
+#include <functional>
 
 class CMailbox;
 
@@ -36,9 +35,9 @@ public:
     /// Names, states or marks of unsaved edits have changed. Several calls in a row cause one signal.
     void announceState();
     void announceCommit(const QUuid &processor); ///< another working layout, canvas or background
-    void announceLayout(const QUuid &processor); ///< the host has replaced the working layout
-    /// Whether that is still on its way to the modules, so that their edits belong to the layout before.
-    bool isReplacing(const QUuid &processor) const;
+    /// The host has replaced the working layout. @p sent is called on the Update thread once the modules know
+    /// it: until then their edits belong to the layout before.
+    void announceLayout(const QUuid &processor, std::function<void()> sent);
     void announceWords(const QString &words); ///< something that the user should know
     void announceStatusLed(const QUuid &processor, bool on);
     void announceHighlight(const QUuid &processor, const Cabinets &cabinets, CabinetHighlight highlight);
@@ -70,7 +69,5 @@ Q_SIGNALS:
 private:
     CMailbox &m_mailbox;
     std::atomic<bool> m_stateWaits{false}; // announceState() was called, but the signal is not sent yet
-    mutable std::mutex m_mutex;            // guards what follows
-    QHash<QUuid, int> m_replacing;         // how many notifications of a new layout are on their way
-    CUpdateThread m_updates;               // last: uses the others
+    CUpdateThread m_updates;               // last
 };

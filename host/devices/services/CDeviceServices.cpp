@@ -132,13 +132,26 @@ CDeviceServices::Taken CDeviceServices::takeMapping(const SDevice &before, SDevi
                 if (!unedited)
                     return;
                 now.revision = read.revision;
+                if (replaced)
+                    now.replaced << now.working.layout().ports;
                 std::swap(now.working, read.working); // the old one is destroyed by the caller
             });
             if (unedited && replaced)
-                m_announcer.announceLayout(uuid); // before the user can edit what is outdated
+                announceReplacement(uuid); // before the user can edit what is outdated
         },
         cancel);
     return !called ? Taken::Cancelled : unedited ? Taken::Yes : Taken::Edited;
+}
+
+void CDeviceServices::replaceLayout(const QUuid &processor, const std::function<void(SDevice &)> &edit)
+{
+    if (m_table.replaceLayout(processor, edit))
+        announceReplacement(processor);
+}
+
+void CDeviceServices::announceReplacement(const QUuid &processor)
+{
+    m_announcer.announceLayout(processor, [this, processor] { m_table.endReplacement(processor); });
 }
 
 void CDeviceServices::takePortCount(const QUuid &processor)

@@ -42,6 +42,8 @@ public:
     /// Call after a processor was saved: takes over the mirrors of its redundancy ports @p ports from
     /// @p saved.
     void takeMirrors(const QUuid &processor, const CabinetLayout &saved, const QVector<int> &ports);
+    /// Lets @p edit replace a working layout, as in CDeviceTable::changeLayout(), and announces that.
+    void replaceLayout(const QUuid &processor, const std::function<void(SDevice &)> &edit);
     /// Stores and announces whether a processor answers.
     void setOnline(const QUuid &processor, bool online);
     /// Stores the answer of a processor to a search; @p before is its record from when it was asked. Settings
@@ -72,6 +74,7 @@ private:
     void announceSettings(const QUuid &processor, const SProcessorSettings &before,
                           const SProcessorSettings &after, bool online);
     void announceUnsavedEdits();
+    void announceReplacement(const QUuid &processor);
     /// Announces a selection of several processors again if @p processor, whose area has changed, is one of
     /// them.
     void announceArea(const QUuid &processor);

@@ -188,6 +188,32 @@ bool CDeviceTable::changeUnwatched(const QUuid &processor, const std::function<v
 bool CDeviceTable::changeLayout(const QUuid &processor, const std::function<void(SDevice &)> &edit,
                                 Cause cause)
 {
+    const bool known = swapLayout(processor, edit, false);
+    if (known)
+        tell(processor, cause);
+    return known;
+}
+
+bool CDeviceTable::replaceLayout(const QUuid &processor, const std::function<void(SDevice &)> &edit)
+{
+    const bool known = swapLayout(processor, edit, true);
+    if (known)
+        tell(processor, Cause::Host);
+    return known;
+}
+
+void CDeviceTable::endReplacement(const QUuid &processor)
+{
+    QVector<CabinetLayout::CabinetPort> before; // destroyed without the lock
+    changeUnwatched(processor, [&before](SDevice &device) {
+        if (!device.replaced.isEmpty())
+            before = device.replaced.takeFirst();
+    });
+}
+
+bool CDeviceTable::swapLayout(const QUuid &processor, const std::function<void(SDevice &)> &edit,
+                              bool replaced)
+{
     bool taken = false;
     while (!taken) {
         std::optional<SDevice> copy = device(processor);
@@ -197,11 +223,12 @@ bool CDeviceTable::changeLayout(const QUuid &processor, const std::function<void
         edit(*copy);
         changeUnwatched(processor, [&](SDevice &now) {
             taken = now.working.edition() == edition;
+            if (taken && replaced)
+                now.replaced << now.working.layout().ports;
             if (taken)
                 std::swap(now.working, copy->working); // the old one is destroyed without the lock
         });
     }
-    tell(processor, cause);
     return true;
 }
 

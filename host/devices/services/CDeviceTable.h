@@ -67,6 +67,11 @@ public:
     bool changeLayout(const QUuid &processor, const std::function<void(SDevice &)> &edit,
                       Cause cause = Cause::Host);
 
+    /// As changeLayout(), if the editor does not know of it yet: until endReplacement(), the layout before is
+    /// in SDevice::replaced.
+    bool replaceLayout(const QUuid &processor, const std::function<void(SDevice &)> &edit);
+    void endReplacement(const QUuid &processor); ///< of the earliest one
+
     int onlineDeviceCount() const; ///< projects do not count
     /// The index of a device among those detected, or the first one that no other device has.
     int freeIndex(const QUuid &device) const;
@@ -84,6 +89,7 @@ public:
 private:
     SDevice *find(const QUuid &processor);
     const SDevice *find(const QUuid &processor) const;
+    bool swapLayout(const QUuid &processor, const std::function<void(SDevice &)> &edit, bool replaced);
     bool changeUnwatched(const QUuid &processor, const std::function<void(SDevice &)> &edit);
     void tell(const QUuid &processor, Cause cause) const;
 

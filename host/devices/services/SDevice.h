@@ -29,6 +29,8 @@ struct SDevice
     PrintConfig print;                ///< of a project: settings of its plans
     PrintConfig savedPrint;           ///< of a project: as in its file
     CWorkingLayout working;
+    /// Earlier working layouts, while the module may not know yet that they were replaced.
+    QVector<QVector<CabinetLayout::CabinetPort>> replaced;
     quint64 changes = 0;               ///< counts changes of settings and state by commands and failures
     quint64 revision = 0;              ///< of the mapping on the device when it was last read or saved
     QVector<SCurrentGainRow> gainRows; ///< imported current-gain parameters

@@ -37,6 +37,10 @@ inline constexpr bool NeedsEdits<&ILayoutInterfaceHandler::commitLayoutData> = f
 template <>
 inline constexpr bool NeedsEdits<&ILayoutInterfaceHandler::applyLayoutFollowUp> = false;
 template <>
+inline constexpr bool NeedsEdits<&ILayoutInterfaceHandler::setPortLocked> = false;
+template <>
+inline constexpr bool NeedsEdits<&ILayoutInterfaceHandler::setPortColor> = false;
+template <>
 inline constexpr bool NeedsEdits<&ILayoutInterfaceHandler::recordEdit> = false;
 template <>
 inline constexpr bool NeedsEdits<&ILayoutInterfaceHandler::setPrintSettings> = false;
