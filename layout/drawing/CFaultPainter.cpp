@@ -7,8 +7,10 @@
 #include "layout/drawing/LayoutColors.h"
 
 #include <QBrush>
+#include <QHash>
 #include <QImage>
 #include <QPainter>
+#include <QPair>
 
 #include <algorithm>
 
@@ -29,27 +31,32 @@ QColor colorOf(CabinetFault fault)
     return fault == CabinetFault::Overlapping ? LayoutColors::Fault : LayoutColors::Warning;
 }
 
-/// A picture of diagonal stripes that can be set side by side.
-QImage stripes(const QColor &color)
+/// A picture of diagonal stripes that can be set side by side, for @p ratio device pixels a pixel.
+QImage stripes(const QColor &color, qreal ratio)
 {
-    QImage image(StripePitch, StripePitch, QImage::Format_ARGB32_Premultiplied);
+    const int side = qMax(1, qRound(StripePitch * ratio)); // whole pixels: others would be seen twice, or not
+    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
     QColor shade = LayoutColors::Rim;
     shade.setAlpha(150);
     image.fill(shade);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(color, StripeWidth));
-    for (const int shift : {-StripePitch, 0, StripePitch})
-        painter.drawLine(QPointF(shift - StripePitch, 2 * StripePitch),
-                         QPointF(shift + 2 * StripePitch, -StripePitch));
+    painter.setPen(QPen(color, StripeWidth * ratio));
+    for (const int shift : {-side, 0, side})
+        painter.drawLine(QPointF(shift - side, 2 * side), QPointF(shift + 2 * side, -side));
     return image;
 }
 
-const QBrush &hatching(CabinetFault fault)
+QBrush hatching(CabinetFault fault, qreal ratio)
 {
-    static const QBrush overlap(stripes(LayoutColors::Fault));
-    static const QBrush outside(stripes(LayoutColors::Warning).mirrored(true, false));
-    return fault == CabinetFault::Overlapping ? overlap : outside;
+    thread_local QHash<QPair<int, int>, QBrush> known;
+    QBrush &brush = known[{int(fault), qRound(ratio * 1000)}];
+    if (brush.style() != Qt::NoBrush)
+        return brush;
+    const QImage rising = stripes(colorOf(fault), ratio);
+    brush = QBrush(fault == CabinetFault::Overlapping ? rising : rising.mirrored(true, false));
+    brush.setTransform(QTransform::fromScale(1 / ratio, 1 / ratio)); // to device pixels
+    return brush;
 }
 
 /// Stripes of the same size at every scale, which stay where they are while the canvas is moved.
@@ -58,13 +65,15 @@ void paintHatched(QPainter &painter, const QVector<QRectF> &areas, const QPointF
     if (areas.isEmpty())
         return;
     const QTransform canvas = painter.worldTransform();
-    const QPointF origin = canvas.map(QPointF());
+    const qreal ratio = painter.device()->devicePixelRatioF();
+    const QPoint origin = (canvas.map(QPointF()) * ratio).toPoint(); // between pixels edges would tremble
     painter.save();
     painter.setWorldTransform(QTransform());
-    painter.setBrushOrigin(origin);
+    painter.setBrushOrigin(QPointF(origin) / ratio);
+    const QBrush brush = hatching(fault, ratio);
     for (const QRectF &area : areas) {
         const QRectF onScreen = canvas.mapRect(area.translated(corner));
-        painter.fillRect(onScreen, hatching(fault));
+        painter.fillRect(onScreen, brush);
         painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(colorOf(fault), 1));
         painter.drawRect(onScreen.adjusted(0.5, 0.5, -0.5, -0.5));

@@ -287,8 +287,9 @@ private Q_SLOTS:
         SCabinetLook look;
         look.rect = QRectF(0, 0, 60, 60);
         look.fill = Qt::blue;
-        const auto picture = [&look] {
-            QImage image(60, 60, QImage::Format_RGB32);
+        const auto picture = [&look](int ratio = 1) {
+            QImage image(60 * ratio, 60 * ratio, QImage::Format_RGB32);
+            image.setDevicePixelRatio(ratio);
             QPainter painter(&image);
             CLayoutPainter::paintCabinet(painter, look, 1);
             return image;
@@ -303,6 +304,17 @@ private Q_SLOTS:
             bright += qRed(overlap.pixel(x, 35)) > 200;
         QVERIFY(bright > 8 && qRed(overlap.pixel(18, 20)) < 50);
         QVERIFY(qRed(overlap.pixel(9, 9)) != qRed(outside.pixel(9, 9))); // stripes the other way
+        const QImage fine = picture(2);
+        int edges = 0; // that go through a pixel
+        int other = 0; // than on a usual screen
+        for (int x = 3; x < 57; ++x) {
+            const int left = qRed(fine.pixel(2 * x, 12));
+            const int right = qRed(fine.pixel(2 * x + 1, 12));
+            edges += std::abs(left - right) > 20;
+            other += std::abs((left + right) / 2 - qRed(overlap.pixel(x, 6))) > 80;
+        }
+        QVERIFY(edges > 5);
+        QCOMPARE(other, 0);
     }
 
     void crowdedFramesAreDrawnSimply()
