@@ -5,6 +5,7 @@
 #include "layout/api/access/CHostAccess.h"
 #include "layout/api/records/EditRefusal.h"
 #include "layout/plugin/CProcessorCommands.h"
+#include "layout/redundancy/PairObstacle.h"
 
 #include <QIcon>
 #include <QMenu>
@@ -170,8 +171,9 @@ void CProcessorMenu::addRedundancy()
     QMenu *primaries = addOtherProcessors(
         tr("Set as redundancy for"), BackupIcon,
         [commands, processor](const QUuid &other) { commands->setRedundancyFor(other, processor); },
-        [paired](const ProcessorTree::ProcessorNode &other) {
-            return other.address == 0 ? projectText() : paired(other);
+        [paired, own = m_processor](const ProcessorTree::ProcessorNode &other) {
+            const QString unfit = other.address == 0 ? projectText() : paired(other);
+            return unfit.isEmpty() ? PairObstacle::of(other, own) : unfit;
         });
     QString unfit = m_modeReason.isEmpty() ? connectionReason() : m_modeReason;
     if (unfit.isEmpty())

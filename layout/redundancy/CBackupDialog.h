@@ -31,7 +31,7 @@ protected:
 
     virtual QList<SBackupEntry> readEntries() = 0;
     virtual QList<SBackupPair> readPairs() = 0;
-    /// Asks the user if the pairs cause a loss; returns whether to apply them.
+    /// Tells the user what prevents the pairs, or asks if they cause a loss; returns whether to apply them.
     virtual bool confirm(const QList<SBackupPair> &) { return true; }
     /// Applies the pairs; returns why that failed, empty on success.
     virtual QString apply(const QList<SBackupPair> &pairs) = 0;

@@ -4,6 +4,8 @@
 
 #include "layout/api/access/CHostAccess.h"
 #include "layout/redundancy/CProcessorBackupTable.h"
+#include "layout/redundancy/PairObstacle.h"
+#include "platform/widgets/CMessageBox.h"
 
 #include <algorithm>
 
@@ -62,6 +64,23 @@ QList<SBackupEntry> CProcessorBackupDialog::readEntries()
 QList<SBackupPair> CProcessorBackupDialog::readPairs()
 {
     return CHostAccess::call<&Host::processorRedundancies>();
+}
+
+/// Here, so that what was entered stays in the table.
+bool CProcessorBackupDialog::confirm(const QList<SBackupPair> &pairs)
+{
+    QStringList obstacles;
+    const QList<SBackupPair> before = readPairs();
+    for (const SBackupPair &pair : pairs) {
+        if (!before.contains(pair))
+            obstacles << PairObstacle::of(m_processorTable->processor(pair.first),
+                                          m_processorTable->processor(pair.second));
+    }
+    obstacles.removeAll(QString());
+    if (!obstacles.isEmpty())
+        CMessageBox::information(this, tr("Invalid primary-redundancy settings."),
+                                 obstacles.join(QLatin1Char('\n')));
+    return obstacles.isEmpty();
 }
 
 QString CProcessorBackupDialog::apply(const QList<SBackupPair> &pairs)

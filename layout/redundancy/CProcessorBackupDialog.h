@@ -18,6 +18,7 @@ public:
 protected:
     QList<SBackupEntry> readEntries() override;
     QList<SBackupPair> readPairs() override;
+    bool confirm(const QList<SBackupPair> &pairs) override;
     QString apply(const QList<SBackupPair> &pairs) override;
 
 private:

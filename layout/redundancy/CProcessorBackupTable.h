@@ -15,6 +15,7 @@ public:
 
     /// The processors behind the entries.
     void setProcessors(const QList<ProcessorTree::ProcessorNode> &processors);
+    ProcessorTree::ProcessorNode processor(const QUuid &key) const { return m_processors.value(key); }
 
 protected:
     /// Processors fit if they are of one kind and both online or both offline.

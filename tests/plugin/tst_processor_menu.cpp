@@ -178,6 +178,12 @@ private Q_SLOTS:
         scene.fill();
         QVERIFY(!scene.enabled("Set as redundancy for"));
         scene.answers()->redundancies.clear();
+        scene.answers()->maximumPorts = 1;
+        scene.answers()->layouts[scene.b].layout.ports[1].redundancy = CabinetLayout::CabinetPort::Primary;
+        scene.fill();
+        QVERIFY(!scene.entry(entry)->isEnabled());
+        QCOMPARE(scene.entry(entry)->toolTip(),
+                 QStringLiteral("A(127.0.0.1) has 1 output ports, but B(127.0.0.1) uses port 2."));
         scene.answers()->nodes[1].address = 0;
         scene.fill();
         const QString project = scene.answers()->nodes[1].displayText();

@@ -271,6 +271,27 @@ private Q_SLOTS:
         QVERIFY(world.user->apply()->isEnabled());
     }
 
+    void aPairWithTooFewPortsIsToldAndStaysInTheTable()
+    {
+        SPairWorld world;
+        const QUuid larger = world.host.addProcessor(QStringLiteral("E"), 3, 1);
+        {
+            const auto lock = world.host.answers();
+            lock->maximumPorts = 2;
+            for (const char name : {'A', 'C'})
+                lock->layouts[world.keyOf(QLatin1Char(name))] = lock->layouts.value(larger);
+        }
+        world.open(QStringLiteral("AB")); // which the host has allowed
+        world.user->drop(world.keyOf(QLatin1Char('C')), 1, 0);
+        world.user->drop(world.keyOf(QLatin1Char('D')), 1, 1);
+        CMessageBoxAnswerer user({QStringLiteral("OK")});
+        QTest::mouseClick(world.user->apply(), Qt::LeftButton);
+        QCOMPARE(user.boxes().first().details,
+                 QStringLiteral("D(10.0.0.3) has 2 output ports, but C(10.0.0.2) uses port 3."));
+        QCOMPARE(world.host.answers()->count(QStringLiteral("applyProcessorRedundancy")), 0);
+        QCOMPARE(world.rows(), QStringLiteral("A>B|C>D"));
+    }
+
     void resetBringsBackWhatWasThereAtFirst()
     {
         SPairWorld world;
