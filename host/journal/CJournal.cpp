@@ -18,8 +18,7 @@
 namespace {
 
 constexpr mode_t OnlyForOwner = 0600;
-constexpr qint64 SmallestLimit = 1024 * 1024;      // bytes of entries before a new file is begun
-constexpr qint64 LargestEffort = 20 * 1000 * 1000; // cabinets; reading must stay quick
+constexpr qint64 SmallestLimit = 1024 * 1024; // bytes of entries before a new file is begun
 
 constexpr QLatin1Char BeforeTurn('+');
 
@@ -96,7 +95,7 @@ bool CJournal::isOutgrown() const
 {
     return !m_new && !m_broken && m_file &&
            (m_size > std::max(SmallestLimit, std::min(4 * m_base, (LargestFile - m_base) / 2)) ||
-            m_state.effort() > LargestEffort);
+            m_state.effort() > CJournalState::LargestEffort);
 }
 
 bool CJournal::beginNew()

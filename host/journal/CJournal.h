@@ -33,6 +33,8 @@ public:
     bool isWritten() const { return bool(m_file); }
     /// Whether there is a file, or should be.
     bool isInUse() const { return isWritten() || isBroken(); }
+    /// Whether the disk holds everything in it, so that no other file is needed.
+    bool isConfirmed() const { return m_file && !m_new && !m_unsynced && !m_broken; }
     /// Whether the last attempt to write failed; errors() tells why. What happens is still noted in memory.
     bool isBroken() const { return m_broken; }
     const QString &error() const { return m_error; }

@@ -74,6 +74,14 @@ QByteArray digestOf(const QString &file, QString *problem = nullptr)
     return content ? QCryptographicHash::hash(content.value(), QCryptographicHash::Sha256) : QByteArray();
 }
 
+CStatus removed(const QString &path)
+{
+    if (CFileSystem::current().unlink(QFile::encodeName(path)) == 0 || !QFile::exists(path))
+        return CStatus::done();
+    return CStatus::failure(CJournalFolder::tr("%1 cannot be removed: %2.")
+                                .arg(CSafeFile::quoted(path), CSafeFile::systemReason()));
+}
+
 /// The files of a story one after another, the last turn first.
 void sortByStory(QStringList &paths)
 {
@@ -216,15 +224,20 @@ QString CJournalFolder::keepHistory(SJournalOwner owner, const CJournalState &st
     return problem;
 }
 
-void CJournalFolder::dropHistory(const QString &projectFile) const
+CStatus CJournalFolder::dropHistory(const QString &projectFile) const
 {
-    CFileSystem::current().unlink(QFile::encodeName(historyFile(projectFile)));
+    return removed(historyFile(projectFile));
 }
 
-void CJournalFolder::dropHistories() const
+CStatus CJournalFolder::dropHistories() const
 {
-    for (const QString &path : files(historySuffix))
-        CFileSystem::current().unlink(QFile::encodeName(path));
+    CStatus all = CStatus::done();
+    for (const QString &path : files(historySuffix)) {
+        const CStatus one = removed(path);
+        if (!one)
+            all = one;
+    }
+    return all;
 }
 
 CJournalFolder::Kept CJournalFolder::findHistory(const QString &projectFile, SJournal &history) const

@@ -50,8 +50,8 @@ public:
     /// Keeps the history of a project that was saved, unless the file is another one since; @p owner names
     /// the file. Returns why it failed; empty: it did not.
     QString keepHistory(SJournalOwner owner, const CJournalState &state) const;
-    void dropHistory(const QString &projectFile) const;
-    void dropHistories() const; ///< of all projects
+    [[nodiscard]] CStatus dropHistory(const QString &projectFile) const;
+    [[nodiscard]] CStatus dropHistories() const; ///< of all projects
     enum class Kept { None, Same, Changed, Damaged, Unread };
     /// Finds the history that belongs to a project file. Changed: the file is no longer the one that was
     /// saved. Unread: the history has the reason, as text for the user; it may be read another time.

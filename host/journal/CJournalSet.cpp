@@ -252,9 +252,11 @@ void CJournalSet::tend()
 {
     for (const auto &entry : m_journals) {
         CJournal &journal = *entry.second;
-        if (!journal.isInUse()) {
+        if (!journal.isInUse())
             removeLeft(journal);
-        } else if (journal.isBroken()) {
+        else if (journal.isConfirmed())
+            journal.removeLeft(); // holds the same, so that it is not offered
+        if (journal.isBroken()) {
             if (m_folder.make())
                 journal.beginNew(); // the disk must confirm it
         } else if (journal.isOutgrown()) {

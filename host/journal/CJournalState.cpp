@@ -11,8 +11,9 @@
 
 namespace {
 
-constexpr qint64 MostEffort =
-    50 * 1000 * 1000; // cabinets, about a second; far more than is written before the next snapshot
+/// About a second. Twice as much and more than after which a new file is begun, because the old one is
+/// written until the disk has confirmed the new one.
+constexpr qint64 MostEffort = 5 * CJournalState::LargestEffort / 2;
 
 } // namespace
 

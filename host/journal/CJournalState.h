@@ -41,6 +41,8 @@ public:
     bool isSound() const;
     /// How much work it is to apply the entries since the snapshot, in cabinets.
     qint64 effort() const { return m_effort; }
+    /// With more than that a file is to end. More than twice as much is not read.
+    static constexpr qint64 LargestEffort = 20 * 1000 * 1000;
     void forgetEffort() { m_effort = 0; }
 
 private:

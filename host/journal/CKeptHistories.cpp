@@ -20,7 +20,11 @@ void CKeptHistories::setKept(bool kept)
 {
     m_kept = kept;
     if (!kept)
-        m_thread.submit([this] { m_folder.dropHistories(); });
+        m_thread.submit([this] {
+            const CStatus dropped = m_folder.dropHistories();
+            if (!dropped)
+                tellLeft(tr("Histories that are no longer kept are still there: %1").arg(dropped.error()));
+        });
 }
 
 void CKeptHistories::keep(const SJournalOwner &owner, const CJournalState &state)
@@ -30,7 +34,7 @@ void CKeptHistories::keep(const SJournalOwner &owner, const CJournalState &state
         if (kept)
             tellUnkept(owner, m_folder.keepHistory(owner, state));
         else
-            m_folder.dropHistory(owner.file);
+            drop(owner);
     });
 }
 
@@ -45,6 +49,22 @@ void CKeptHistories::tellUnkept(const SJournalOwner &owner, const QString &probl
 {
     if (!problem.isEmpty())
         m_listeners.tell(tr("The history of %1 cannot be kept: %2").arg(owner.name, problem));
+}
+
+/// On the thread.
+void CKeptHistories::drop(const SJournalOwner &owner)
+{
+    const CStatus dropped = m_folder.dropHistory(owner.file);
+    if (!dropped)
+        tellLeft(
+            tr("The history of %1 is no longer kept, but still there: %2").arg(owner.name, dropped.error()));
+}
+
+/// Once, whatever is left later. On the thread.
+void CKeptHistories::tellLeft(const QString &text)
+{
+    if (!std::exchange(m_toldLeft, true))
+        m_listeners.tell(text);
 }
 
 void CKeptHistories::search(const SJournalOwner &owner)
@@ -75,11 +95,11 @@ CKeptHistories::SFound CKeptHistories::find(const SJournalOwner &owner, quint64 
     if (kept == CJournalFolder::Kept::Unread)
         m_listeners.tell(tr("The earlier steps of %1 cannot be undone: %2").arg(owner.name, history.reason));
     if (kept == CJournalFolder::Kept::Damaged) {
-        m_folder.dropHistory(owner.file);
+        drop(owner);
         m_listeners.tell(tr("The earlier steps of %1 are damaged and cannot be undone.").arg(owner.name));
     }
     if (kept == CJournalFolder::Kept::Changed) {
-        m_folder.dropHistory(owner.file);
+        drop(owner);
         m_listeners.tell(tr("%1 was changed elsewhere: its earlier steps cannot be undone.").arg(owner.name));
     }
     SFound found{owner.processor, search, {}, history.state.project().layout.cabinetCount()};

@@ -57,6 +57,8 @@ private:
     void carryOut(const SJournalOwner &owner, quint64 search);
     SFound find(const SJournalOwner &owner, quint64 search);
     void tellUnkept(const SJournalOwner &owner, const QString &problem);
+    void drop(const SJournalOwner &owner);
+    void tellLeft(const QString &text);
 
     const CJournalFolder &m_folder;
     CJournalListeners &m_listeners;
@@ -64,5 +66,6 @@ private:
     bool m_kept = true;
     std::map<QUuid, quint64> m_searches; // which are under way; with their numbers
     quint64 m_lastSearch = 0;
-    CTaskThread m_thread; // last
+    bool m_toldLeft = false; // the thread's
+    CTaskThread m_thread;    // last
 };

@@ -28,6 +28,7 @@ public:
     std::atomic<bool> hasNoMemory{false};
     std::atomic<bool> hangs{false}; // in a write, but not for ever
     std::atomic<bool> local{true};
+    std::atomic<bool> keepsFiles{false};
     std::atomic<int> syncs{0};
     /// Files whose names contain this are not opened before it is null.
     std::atomic<const char *> held{nullptr};
@@ -54,6 +55,11 @@ public:
             return CFileSystem::write(file, data, size / 2);
         errno = ENOSPC;
         return -1;
+    }
+    int unlink(const QByteArray &path) override
+    {
+        errno = EACCES;
+        return keepsFiles ? -1 : CFileSystem::unlink(path);
     }
     bool isLocal(const QByteArray &) override { return local; }
     std::mutex syncGate; // who has it makes the disk hang

@@ -89,6 +89,20 @@ void CKeptHistoriesTest::tellsWhatCannotBeRead()
     QVERIFY(QFile::exists(kept));
     QVERIFY(open(damaged).endsWith(QStringLiteral(" are damaged and cannot be undone.")));
     QVERIFY(!QFile::exists(kept));
+    CSwitchedDisk disk;
+    disk.keepsFiles = true;
+    ProjectSamples::setContent(kept, damaged);
+    const int before = world.toldCount();
+    for (int i = 0; i < 2; ++i) {
+        world.journals.setHistory(false, 100000);
+        world.journals.sync();
+        QCOMPARE(world.toldCount(), before + 1);
+        QVERIFY(world.told.last().contains(kept));
+    }
+    disk.keepsFiles = false;
+    world.journals.setHistory(false, 100000);
+    world.journals.sync();
+    QVERIFY(!QFile::exists(kept));
     CJournals without(world.folder, [](const QString &) { throw std::bad_alloc(); });
     ProjectSamples::setContent(kept, damaged);
     without.beginOpened(owner, editor.project());

@@ -168,7 +168,12 @@ void CStrayJournalsTest::keepsAnotherRunsFileUntilItsOwnIsGood()
     QVERIFY(sameHistory(next.history(editor.project().layout.processor), editor.history()));
     QVERIFY(first.files().contains(old));
     disk.full = false;
-    QTRY_VERIFY(!first.files().contains(old));
+    disk.keepsFiles = true;
+    const int before = disk.syncs;
+    QTRY_VERIFY(disk.syncs > before && first.files().size() == 2);
+    next.sync();
+    disk.keepsFiles = false;
+    QTRY_VERIFY(!first.files().contains(old)); // without another edit
     next.stop();
     QVERIFY(offers(first.strays(), editor));
 }

@@ -56,10 +56,8 @@ QString keepHistory(const CJournalFolder &folder, const SJournal &journal, const
     owner.stamp = stamp;
     CJournalState state = journal.state;
     state.trail().setSaved();
-    if (!state.trail().isEmpty())
-        return folder.keepHistory(owner, state);
-    folder.dropHistory(owner.file);
-    return {};
+    return state.trail().isEmpty() ? folder.dropHistory(owner.file).error()
+                                   : folder.keepHistory(owner, state);
 }
 
 SCommandOutcome restore(const CJournalFolder &folder, const SStrayJournal &stray, const QString &file,
