@@ -101,7 +101,10 @@ int CLayoutHandler::preparatoryStep(const QUuid &processor) const
 
 SUnsavedEdits CLayoutHandler::unsavedEdits(const QUuid &processor) const
 {
-    return m_services.table().unsavedEdits(processor);
+    const SDevice device = known(processor);
+    SUnsavedEdits edits = device.unsavedEdits();
+    edits.unannounced = !device.replaced.isEmpty();
+    return edits;
 }
 
 PortLocks CLayoutHandler::locksBeside(const QUuid &processor) const

@@ -207,7 +207,8 @@ std::optional<SUnsavedEdits> CLayoutData::unsavedEdits() const
     const QUuid processor = m_states.editable();
     if (processor.isNull() || m_handOver.isPending(processor))
         return {};
-    return CHostAccess::callUnflushed<&Host::unsavedEdits>(processor);
+    const auto edits = CHostAccess::callUnflushed<&Host::unsavedEdits>(processor);
+    return edits.unannounced ? std::nullopt : std::make_optional(edits);
 }
 
 bool CLayoutData::updatePortLoad(int port, bool withProcessor)

@@ -136,11 +136,15 @@ private Q_SLOTS:
         QCOMPARE(scene.answers()->layoutData(scene.a), imported);
         QTRY_COMPARE(replaced.count(), 1);
         QVERIFY(scene.store.takeLostEdit(scene.a));
+        QVERIFY(!scene.store.unsavedEdits());
 
         scene.editor.load(scene.store.openProcessor(scene.a));
         QCOMPARE(scene.editor.shown, imported.layout);
         scene.edit(1, true);
         QCOMPARE(scene.answers()->layoutData(scene.a).layout, scene.editor.shown);
+        QVERIFY(scene.store.unsavedEdits());
+        scene.answers()->unsaved[scene.a].unannounced = true; // is another layout by now
+        QVERIFY(!scene.store.unsavedEdits());
     }
 
     void aBackupChangeKeepsPendingEdits()

@@ -52,6 +52,7 @@ public:
     {
         if (subject.code() != int(LayoutNotification::LayoutReplaced))
             return;
+        wasUnannounced = m_host.handler.unsavedEdits(m_edited.processor).unannounced;
         m_host.handler.setPortLocked(m_edited.processor, 1, true);
         m_host.handler.setPortColor(m_edited.processor, -1, Qt::red);
         m_host.handler.commitLayoutData(m_edited);
@@ -59,6 +60,7 @@ public:
     }
 
     std::atomic<bool> hasHandedOver{false};
+    std::atomic<bool> wasUnannounced{false};
 
 private:
     CDeviceFixture &m_host;
@@ -322,6 +324,7 @@ private Q_SLOTS:
             host.settle(host.lobby);
             QCoreApplication::processEvents();
             QCOMPARE(told.count(), edits ? 1 : 0);
+            QVERIFY(editor.wasUnannounced && !host.handler.unsavedEdits(host.lobby).unannounced);
             CabinetLayout now = host.layoutOf(host.lobby);
             QVERIFY(now.ports[1].locked && !now.ports[0].locked && now.ports[0].color == Qt::red);
             QVERIFY(!host.manager.table().unsavedEdits(host.lobby).cabinets);

@@ -81,6 +81,8 @@ struct SUnsavedEdits
     bool settings =
         false; ///< anything else: locks, colours, pairs, the number of ports, a project's settings
 
+    bool unannounced = false; ///< the layout has replaced the one that the module knows
+
     bool any() const { return cabinets || settings; }
     friend bool operator==(const SUnsavedEdits &a, const SUnsavedEdits &b)
     {
