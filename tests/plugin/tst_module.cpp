@@ -31,9 +31,11 @@ const QString ModuleFile = QStringLiteral(MODULE_FILE);
 
 constexpr int UsualRounds = 20;
 constexpr int UsualProcesses = 1;
-constexpr int WarmUpRounds = 5;            // until what Qt keeps for itself is there
-constexpr qint64 BytesAtAll = 256 * 1024;  // that the allocator and Qt's caches take late
-constexpr qint64 BytesPerRound = 4 * 1024; // keys of Qt's icons; a page takes a hundred times that
+constexpr int WarmUpRounds = 5;           // until what Qt keeps for itself is there
+constexpr qint64 BytesAtAll = 256 * 1024; // that the allocator and Qt's caches take late
+/// Names in Qt's pixmap cache, which has each new button's arrows under a name of its own and forgets the
+/// name half a minute after the pixmap. A page takes a hundred times that.
+constexpr qint64 BytesPerRound = 4 * 1024;
 constexpr qint64 ResidentBytesAtAll = 16 * 1024 * 1024; // what is freed does not all leave the process
 
 using Entry = decltype(&Layout_Init);
