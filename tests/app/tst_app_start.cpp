@@ -6,11 +6,13 @@
 #include "host/app/start/CAppSettings.h"
 #include "host/app/start/CLogFile.h"
 #include "host/app/start/SAppOptions.h"
+#include "host/projects/CFileSystem.h"
 #include "platform/control/CSubject.h"
 #include "platform/control/IAbstractInterfaceHandler.h"
 #include "tests/harness/CTestBase.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QLockFile>
 #include <QLoggingCategory>
@@ -18,6 +20,7 @@
 #include <QTemporaryDir>
 #include <QWidget>
 
+#include <mutex>
 #include <thread>
 #include <vector>
 
@@ -209,6 +212,39 @@ private Q_SLOTS:
             lines += linesOf(log.fileName(age));
         for (int i = 0; i < lines.size(); ++i)
             QVERIFY(lines.at(i).endsWith(QStringLiteral("line %1").arg(200 - lines.size() + i)));
+    }
+
+    void nobodyWaitsForALogThatHangs()
+    {
+        class CHangingDisk final : public CFileSystem
+        {
+        public:
+            CHangingDisk() { setCurrent(this); }
+            ~CHangingDisk() override { setCurrent(nullptr); }
+            qint64 write(int file, const char *data, qint64 size) override
+            {
+                const std::lock_guard<std::mutex> passed(gate);
+                return CFileSystem::write(file, data, size);
+            }
+            std::mutex gate;
+        };
+        static auto &disk = *new CHangingDisk; // outlives the thread that writes
+        const QTemporaryDir folder;
+        std::unique_lock<std::mutex> hangs(disk.gate);
+        QElapsedTimer timer;
+        timer.start();
+        QString file;
+        {
+            const CLogFile log(folder.path());
+            file = log.fileName();
+            for (int i = 0; i < 30; ++i)
+                qInfo("line %d", i);
+        }
+        QVERIFY(timer.elapsed() < 5000);
+        QVERIFY(linesOf(file).isEmpty());
+        hangs.unlock();
+        QTRY_COMPARE(linesOf(file).size(), 30);
+        CFileSystem::setCurrent(nullptr);
     }
 
     void aFolderThatCannotBeMadeIsNoFault()

@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/start/CLogFile.h"
 
+#include "host/app/start/CLogWriter.h"
+
 #include <QDateTime>
-#include <QDir>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -50,11 +51,8 @@ void tellErrorOutput(const QByteArray &line)
 
 CLogFile::CLogFile(const QString &folder, qint64 maximumBytes)
     : m_folder(folder)
-    , m_maximumBytes(maximumBytes)
-    , m_file(fileName())
+    , m_writer(std::make_unique<CLogWriter>(folder, maximumBytes, OlderFiles))
 {
-    QDir().mkpath(folder);
-    m_file.open(QIODevice::WriteOnly | QIODevice::Append);
     const std::lock_guard<std::mutex> lock(activeLogMutex);
     Q_ASSERT(!activeLog);
     activeLog = this;
@@ -63,9 +61,12 @@ CLogFile::CLogFile(const QString &folder, qint64 maximumBytes)
 
 CLogFile::~CLogFile()
 {
-    const std::lock_guard<std::mutex> lock(activeLogMutex);
-    qInstallMessageHandler(m_previous);
-    activeLog = nullptr;
+    {
+        const std::lock_guard<std::mutex> lock(activeLogMutex);
+        qInstallMessageHandler(m_previous);
+        activeLog = nullptr;
+    }
+    CLogWriter::end(std::move(m_writer));
 }
 
 QString CLogFile::defaultFolder()
@@ -75,8 +76,7 @@ QString CLogFile::defaultFolder()
 
 QString CLogFile::fileName(int age) const
 {
-    const QString suffix = age == 0 ? QString() : QLatin1Char('.') + QString::number(age);
-    return m_folder + QStringLiteral("/orvo%1.log").arg(suffix);
+    return CLogWriter::fileName(m_folder, age);
 }
 
 void CLogFile::onMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
@@ -87,26 +87,7 @@ void CLogFile::onMessage(QtMsgType type, const QMessageLogContext &context, cons
     const QByteArray time = QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs).toLatin1();
     const std::lock_guard<std::mutex> lock(activeLogMutex);
     if (activeLog)
-        activeLog->append(time + ' ' + message);
+        activeLog->m_writer->write(time + ' ' + message);
     if (type != QtDebugMsg && type != QtInfoMsg)
         tellErrorOutput("orvo: " + message);
-}
-
-void CLogFile::append(const QByteArray &line)
-{
-    if (!m_file.isOpen())
-        return;
-    if (m_file.size() > 0 && m_file.size() + line.size() > m_maximumBytes)
-        putAside();
-    m_file.write(line);
-    m_file.flush(); // the last lines before a crash are the important ones
-}
-
-void CLogFile::putAside()
-{
-    m_file.close();
-    QFile::remove(fileName(OlderFiles));
-    for (int age = OlderFiles; age > 0; --age)
-        QFile::rename(fileName(age - 1), fileName(age));
-    m_file.open(QIODevice::WriteOnly | QIODevice::Append);
 }

@@ -2,8 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <QFile>
 #include <QString>
+
+#include <memory>
+
+class CLogWriter;
 
 /// The program's log: every message of the logging system, with time and category, in a file that is rotated
 /// before it grows too large. Warnings also go to the standard error output, as long as it can be written to.
@@ -17,7 +20,8 @@ public:
     /// Opens "orvo.log" in @p folder, which is created if it is missing, and receives all messages from now
     /// on. If the file cannot be written, messages go to the standard error output only.
     explicit CLogFile(const QString &folder, qint64 maximumBytes = MaximumBytes);
-    ~CLogFile();
+    ~CLogFile(); ///< does not wait for a disk that does not answer
+    Q_DISABLE_COPY(CLogFile)
 
     /// Where the application keeps its log.
     static QString defaultFolder();
@@ -26,11 +30,8 @@ public:
 
 private:
     static void onMessage(QtMsgType type, const QMessageLogContext &context, const QString &text);
-    void append(const QByteArray &line);
-    void putAside();
 
     const QString m_folder;
-    const qint64 m_maximumBytes;
-    QFile m_file;
+    std::unique_ptr<CLogWriter> m_writer;
     QtMessageHandler m_previous = nullptr;
 };
