@@ -83,8 +83,14 @@ private Q_SLOTS:
         m_mouse->cabinet(0, 1).setHighlighted(true);
         m_mouse->cabinet(0, 2).setSelected(true);
         m_mouse->at(InPair)->outermost().setSelected(true);
-        // Of cabinets of 128 pixels: items, lists with borders, with faint ones, lists of dots.
-        for (const qreal scale : {0.1, 0.07, 0.04, 0.015}) {
+        // Of cabinets of 128 pixels: items, lists with borders, with faint ones, lists of dots; at last with
+        // a port that became a redundancy port, which has no faults.
+        m_mouse->cabinet(0, 0).setFaults({m_mouse->cabinet(0, 0).rect()}, {});
+        for (const qreal scale : {0.1, 0.07, 0.04, 0.015, 0.07}) {
+            if (view().transform().m11() < 0.02) {
+                m_mouse->states().redundancy[0] = CabinetLayout::CabinetPort::Redundant;
+                scene.onNotifyProcessorStateChanged();
+            }
             view().setScaleFactor(scale);
             const QImage frame = view().viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
             QImage items(frame.size(), frame.format());

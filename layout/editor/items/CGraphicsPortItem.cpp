@@ -167,11 +167,13 @@ void CGraphicsPortItem::setColor(const QColor &color)
 
 void CGraphicsPortItem::refreshState()
 {
+    const Port::Redundancy redundancy = m_states.portRedundancy(port());
+    if (redundancy != m_state.redundancy)
+        m_overview.forget(); // the faults of its cabinets are others
+    m_state.redundancy = redundancy;
     m_state.locked = m_states.isPortLocked(port());
-    m_state.redundancy = m_states.portRedundancy(port());
     std::tie(m_state.redundancyProcessor, m_state.redundancyPort) = m_states.portPartner(port());
     m_marksCustom = m_states.marksCustomCabinets();
-    m_overview.forget();
     const QColor color = m_states.portColor(port());
     if (color != m_fill.color()) {
         m_fill = color;
