@@ -40,18 +40,43 @@ public:
     void polishNewItems();
 
     /// The item registered under @p uuid, or null. O(1).
-    QGraphicsItem *itemOf(const QUuid &uuid) const { return m_items.value(uuid, nullptr); }
+    QGraphicsItem *itemOf(const QUuid &uuid) const
+    {
+        return m_expected && uuid == m_expectedUuid ? m_expected : m_items.value(uuid, nullptr);
+    }
+    /// Call with a registered item that will be asked for next, perhaps several times: to find it among tens
+    /// of thousands costs more than most edits of it.
+    void expectItem(const QUuid &uuid, QGraphicsItem &item)
+    {
+        m_expectedUuid = uuid;
+        m_expected = &item;
+    }
     int knownItemCount() const { return m_items.size(); }
 
     /// Registers an item of the scene under its identity, or unregisters it. enterItem() returns whether it
     /// was not registered so before.
     bool enterItem(const QUuid &uuid, QGraphicsItem &item)
     {
+        m_expected = nullptr;
         return std::exchange(m_items[uuid], &item) != &item;
     }
-    void leaveItem(const QUuid &uuid) { m_items.remove(uuid); }
+    /// Registers a new item; returns false, and does nothing, if its identity is taken.
+    bool enterNewItem(const QUuid &uuid, QGraphicsItem &item)
+    {
+        QGraphicsItem *&place = m_items[uuid];
+        return !place && (place = &item);
+    }
+    void leaveItem(const QUuid &uuid)
+    {
+        m_expected = nullptr;
+        m_items.remove(uuid);
+    }
     void reserveItems(int count) { m_items.reserve(count); }
-    void forgetItems() { m_items.clear(); }
+    void forgetItems()
+    {
+        m_expected = nullptr;
+        m_items.clear();
+    }
 
 protected:
     /// Returns whether a picture is being drawn, rather than a view.
@@ -61,4 +86,6 @@ private:
     bool m_picturing = false;
     QRectF m_content;
     QHash<QUuid, QGraphicsItem *> m_items;
+    QUuid m_expectedUuid;
+    QGraphicsItem *m_expected = nullptr;
 };

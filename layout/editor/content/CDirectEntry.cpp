@@ -13,6 +13,7 @@ QGraphicsItem &CDirectEntry::membersParent(CGraphicsGroupItem &group, CGraphicsP
 
 void CDirectEntry::wire(CGraphicsPortItem &port, const QVector<CGraphicsCabinetItem *> &cabinets)
 {
+    port.chain().reserve(cabinets.size());
     for (CGraphicsCabinetItem *cabinet : cabinets)
         port.chain().append(*cabinet);
 }

@@ -12,6 +12,7 @@
 #include <QLoggingCategory>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -72,7 +73,7 @@ CGraphicsGroupItem *CLayoutBuilder::addGroup(CGraphicsPortItem &port, const Grou
                                              QGraphicsItem &parent)
 {
     const QRectF bounds = CCabinetRect::fromRecord(record.boundingRect());
-    auto *group = new CGraphicsGroupItem(freeIdentity(record.uuid), bounds, &parent);
+    auto *group = new CGraphicsGroupItem(record.uuid, bounds, &parent);
     group->setName(record.name);
     enter(*group);
     Items members;
@@ -86,15 +87,14 @@ void CLayoutBuilder::addMembers(CGraphicsPortItem &port, const Group &record, QG
 {
     for (const auto &cabinetRecord : record.cabinets) {
         auto cabinet = cabinetRecord;
-        cabinet.uuid = freeIdentity(cabinet.uuid);
         cabinet.group = QUuid(); // set when it joins a group
         mend(cabinet);
-        auto *item = new CGraphicsCabinetItem(cabinet, &parent);
+        auto *item = new CGraphicsCabinetItem(std::move(cabinet), &parent);
         enter(*item);
         m_entry.enterCabinet(*item);
         members << item;
-        if (cabinet.rank >= 0)
-            m_ranked << qMakePair(cabinet.rank, item);
+        if (cabinetRecord.rank >= 0)
+            m_ranked << qMakePair(cabinetRecord.rank, item);
     }
     for (const Group &child : record.groups)
         members << addGroup(port, child, parent);
@@ -103,7 +103,7 @@ void CLayoutBuilder::addMembers(CGraphicsPortItem &port, const Group &record, QG
 void CLayoutBuilder::enter(CGraphicsItemBase &item)
 {
     item.setOrdinal(m_ordinal++);
-    m_items.enterEdited(item);
+    m_items.enterNew(item);
 }
 
 void CLayoutBuilder::mend(Port::Cabinet &cabinet)
@@ -115,11 +115,6 @@ void CLayoutBuilder::mend(Port::Cabinet &cabinet)
     cabinet.rect = rect;
     if (wrongOriginal)
         cabinet.original.reset(); // its receivers are then scaled from what they are now
-}
-
-QUuid CLayoutBuilder::freeIdentity(const QUuid &uuid) const
-{
-    return uuid.isNull() || m_items.editedItem(uuid) ? QUuid::createUuid() : uuid;
 }
 
 void CLayoutBuilder::wire(CGraphicsPortItem &port)

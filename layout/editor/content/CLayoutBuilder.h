@@ -50,7 +50,6 @@ private:
     CGraphicsGroupItem *addGroup(CGraphicsPortItem &port, const Group &record, QGraphicsItem &parent);
     void addMembers(CGraphicsPortItem &port, const Group &record, QGraphicsItem &parent, Items &members);
     void enter(CGraphicsItemBase &item);
-    QUuid freeIdentity(const QUuid &uuid) const;
     void mend(Port::Cabinet &cabinet);
     void wire(CGraphicsPortItem &port);
 

@@ -214,6 +214,14 @@ void CSceneContent::enterEdited(CGraphicsItemBase &item)
         ++m_cabinetCount;
 }
 
+void CSceneContent::enterNew(CGraphicsItemBase &item)
+{
+    while (!m_scene.enterNewItem(item.uuid(), item))
+        item.setUuid(QUuid::createUuid());
+    if (item.type() == CabinetItemKind)
+        ++m_cabinetCount;
+}
+
 void CSceneContent::leaveEdited(CGraphicsItemBase &item)
 {
     item.setSelected(false); // otherwise Qt deselects it without a signal

@@ -79,6 +79,7 @@ public:
     CGraphicsPortItem *portItem(int index) const override;
     CGraphicsItemBase *editedItem(const QUuid &uuid) const override;
     void enterEdited(CGraphicsItemBase &item) override;
+    void enterNew(CGraphicsItemBase &item) override;
     void leaveEdited(CGraphicsItemBase &item) override;
 
 private:

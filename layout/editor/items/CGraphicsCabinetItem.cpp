@@ -17,22 +17,24 @@
 #include <QPainter>
 #include <QStyleOptionGraphicsItem>
 
+#include <utility>
+
 CGraphicsCabinetItem::CGraphicsCabinetItem(QGraphicsItem *parent)
     : CGraphicsItemBase(QUuid(), nullptr)
 {
-    record().uuid = uuid();
     setParentItem(parent); // only now, because the parent checks the type of its new child
 }
 
-CGraphicsCabinetItem::CGraphicsCabinetItem(const Cabinet &cabinetRecord, QGraphicsItem *parent)
+CGraphicsCabinetItem::CGraphicsCabinetItem(Cabinet cabinetRecord, QGraphicsItem *parent)
     : CGraphicsItemBase(cabinetRecord.uuid, parent, cabinetRecord.rect.topLeft())
 {
-    record() = cabinetRecord;
-    record().uuid = uuid();
+    const QUuid identity = uuid();
+    record() = std::move(cabinetRecord);
+    record().uuid = identity;
     record().rank = NoPosition;
     record().calibrationIndex = -1; // the highlight belonged to the previous item
     record().mappingIndex = -1;     // the host knows the places in the saved mapping
-    setSize(cabinetRecord.rect.size());
+    setSize(record().rect.size());
     setParentItem(parent);
 }
 

@@ -22,7 +22,7 @@ public:
     explicit CGraphicsCabinetItem(QGraphicsItem *parent);
     /// A cabinet that shows @p record at its position, as a child of @p parent. It starts unwired, whatever
     /// its rank, and not highlighted.
-    CGraphicsCabinetItem(const Cabinet &record, QGraphicsItem *parent);
+    CGraphicsCabinetItem(Cabinet record, QGraphicsItem *parent);
 
     int type() const override { return CabinetItemKind; }
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;

@@ -36,7 +36,11 @@ void CGraphicsConnectionItem::route()
     if (routed == line())
         return;
     setLine(routed); // prepares the change of its bounds, too
-    m_bounds = CWirePainter::bounds(routed);
+    const QRectF bounds = CWirePainter::bounds(routed);
+    m_left = float(bounds.left());
+    m_top = float(bounds.top());
+    m_width = float(bounds.width());
+    m_height = float(bounds.height());
 }
 
 QPainterPath CGraphicsConnectionItem::shape() const

@@ -16,7 +16,7 @@ public:
     CGraphicsConnectionItem(CGraphicsCabinetItem &from, CGraphicsCabinetItem &to, QGraphicsItem *portItem);
 
     int type() const override { return ConnectionItemKind; }
-    QRectF boundingRect() const override { return m_bounds; }
+    QRectF boundingRect() const override { return {m_left, m_top, m_width, m_height}; }
     QPainterPath shape() const override;
     bool contains(const QPointF &point) const override;
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
@@ -38,6 +38,9 @@ public:
 private:
     CGraphicsCabinetItem *m_from;
     CGraphicsCabinetItem *m_to;
-    QRectF m_bounds;
+    float m_left = 0; // of the bounds; tens of thousands of lines are kept
+    float m_top = 0;
+    float m_width = 0;
+    float m_height = 0;
     bool m_stale = false;
 };

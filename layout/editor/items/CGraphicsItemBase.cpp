@@ -46,7 +46,7 @@ CGraphicsItemBase::CGraphicsItemBase(const QUuid &uuid, const QGraphicsItem *par
 
 void CGraphicsItemBase::setUuid(const QUuid &uuid)
 {
-    m_uuid = uuid;
+    m_cabinet.uuid = uuid;
     setData(IdentityRole, uuid);
 }
 
@@ -110,7 +110,7 @@ void CGraphicsItemBase::placeAt(const QPointF &scenePlace)
 void CGraphicsItemBase::setSize(const QSizeF &size)
 {
     setRect(QRectF(QPointF(0, 0), size));
-    m_bounds = rect();
+    m_grown.reset();
     m_hoveredHandle = NoHandle;
     m_handles.clear();
 }
@@ -146,10 +146,10 @@ void CGraphicsItemBase::setHoveredHandle(int handle)
 {
     const QRectF bounds = handle == NoHandle ? rect() : rect().united(m_handles.value(handle));
     m_hoveredHandle = handle;
-    if (bounds == m_bounds)
+    if (bounds == boundingRect())
         return;
     prepareGeometryChange();
-    m_bounds = bounds;
+    m_grown = bounds == rect() ? nullptr : std::make_unique<QRectF>(bounds);
     if (CGraphicsPortItem *item = portItem())
         item->updateBounds(); // a port is searched only within its bounds
 }

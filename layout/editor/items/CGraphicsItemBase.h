@@ -9,6 +9,8 @@
 #include <QGraphicsRectItem>
 #include <QMap>
 
+#include <memory>
+
 class CGraphicsCabinetItem;
 class CGraphicsGroupItem;
 class CGraphicsPortItem;
@@ -28,7 +30,7 @@ public:
     const QString &name() const { return m_name; }
     void setName(const QString &name) { m_name = name; }
 
-    const QUuid &uuid() const { return m_uuid; }
+    const QUuid &uuid() const { return m_cabinet.uuid; }
     void setUuid(const QUuid &uuid);
 
     /// Output-port index of the item.
@@ -72,7 +74,7 @@ public:
     /// Moves its origin to @p scenePlace.
     void placeAt(const QPointF &scenePlace);
 
-    QRectF boundingRect() const override { return m_bounds; }
+    QRectF boundingRect() const override { return m_grown ? *m_grown : rect(); }
     QPainterPath shape() const override;
 
     /// The handle shown at @p scenePos while the item is selected; NoHandle if there is none.
@@ -110,13 +112,12 @@ private:
     void updateHandles();
     bool selectByPress(const QGraphicsSceneMouseEvent &event);
 
-    QUuid m_uuid; // same value as in the data role, which would cost a lookup in Qt's table of all items
     int m_port = 0;
-    Cabinet m_cabinet;
-    QMap<int, QRectF> m_handles;    // by handle number, in item coordinates
-    int m_hoveredHandle = NoHandle; // under the cursor; included in the bounds
-    QRectF m_bounds;
-    qint64 m_ordinal = 0;
+    Cabinet m_cabinet; // also its identity: the data role would cost a lookup in Qt's table of all items
+    QMap<int, QRectF> m_handles;     // by handle number, in item coordinates
+    std::unique_ptr<QRectF> m_grown; // the bounds while a hovered handle sticks out of the rectangle
+    int m_hoveredHandle = NoHandle;  // under the cursor
     int m_selectionPlace = NotSelected;
+    qint64 m_ordinal = 0;
     QString m_name;
 };

@@ -48,6 +48,8 @@ public:
     CGraphicsCabinetItem *tail() const;           ///< null if the chain has fewer than two cabinets
     CGraphicsCabinetItem *at(int position) const; ///< null outside the chain
 
+    /// Makes room for so many cabinets.
+    void reserve(int cabinets) { m_order.reserve(cabinets); }
     /// The cabinets in chain order; if the chain is cut, ordered by position.
     QVector<CGraphicsCabinetItem *> order() const;
 

@@ -194,6 +194,8 @@ void CPortOverview::read(const CGraphicsPortItem &port)
     m_area = 0;
     m_extent = QRectF();
     readChildren(port, nullptr);
+    m_places.squeeze();
+    m_wires.squeeze();
     for (const SPlace &place : qAsConst(m_places)) {
         m_area += place.rect.width() * place.rect.height();
         m_extent |= place.rect;

@@ -23,6 +23,8 @@ public:
 
     /// Registers a cabinet or group that was added to the scene.
     virtual void enterEdited(CGraphicsItemBase &item) = 0;
+    /// Registers a new cabinet or group; if its identity is taken, it gets another one.
+    virtual void enterNew(CGraphicsItemBase &item) = 0;
     /// Deselects and unregisters an item that is about to leave the scene, and removes its highlight.
     virtual void leaveEdited(CGraphicsItemBase &item) = 0;
 };

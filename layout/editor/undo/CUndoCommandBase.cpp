@@ -55,6 +55,8 @@ CUndoCommandBase::CUndoCommandBase(ECommandId id, QGraphicsItem *item, Word word
         m_parentUuid = group->uuid();
     m_uuid = base->uuid();
     m_itemType = item->type();
+    if (scene())
+        scene()->expectItem(m_uuid, *item); // the first redo follows
     if (makesItem(id))
         m_origin = originOf(*base);
 }
