@@ -29,27 +29,31 @@ QPointF centreOf(const QRect &rect)
                    (rect.top() + rect.bottom()) / 2); // truncating on purpose
 }
 
-/// The port's wired cabinets, in chain order.
-QVector<Cabinet> chainOf(QVector<Cabinet> cabinets)
+using Chain = QVector<const Cabinet *>;
+
+/// The wired ones of a port's cabinets, in chain order.
+Chain chainOf(const QVector<Cabinet> &cabinets)
 {
-    const auto unwired = [](const Cabinet &c) { return c.rank < 0; };
-    cabinets.erase(std::remove_if(cabinets.begin(), cabinets.end(), unwired), cabinets.end());
-    std::sort(cabinets.begin(), cabinets.end(),
-              [](const Cabinet &a, const Cabinet &b) { return a.rank < b.rank; });
-    return cabinets;
+    Chain chain;
+    chain.reserve(cabinets.size());
+    for (const Cabinet &cabinet : cabinets) {
+        if (cabinet.rank >= 0)
+            chain << &cabinet;
+    }
+    std::sort(chain.begin(), chain.end(),
+              [](const Cabinet *a, const Cabinet *b) { return a->rank < b->rank; });
+    return chain;
 }
 
-QVector<QLineF> wiresOf(const QVector<Cabinet> &cabinets)
+QVector<QLineF> wiresOf(const Chain &chain)
 {
     QVector<QLineF> wires;
     QPointF previousExit;
-    bool first = true;
-    for (const Cabinet &cabinet : chainOf(cabinets)) {
-        const SWireAnchors anchors = SWireAnchors::of(cabinet, CCabinetRect::fromRecord(cabinet.rect));
-        if (!first)
+    for (const Cabinet *cabinet : chain) {
+        const SWireAnchors anchors = SWireAnchors::of(*cabinet, CCabinetRect::fromRecord(cabinet->rect));
+        if (cabinet != chain.first())
             wires << QLineF(previousExit, anchors.entry);
         previousExit = anchors.exit;
-        first = false;
     }
     return wires;
 }
@@ -93,11 +97,19 @@ QRect paintGroupFrames(QPainter &painter, const Group &group, qreal scale)
     return rect;
 }
 
-/// A port's cabinets, and the first of them that is drawn.
+/// A port's cabinets, which of them are wired, and the first of them that is drawn.
 struct SDrawnPort
 {
+    explicit SDrawnPort(const Port &drawn)
+        : port(drawn)
+        , cabinets(drawn.getAllCabinets())
+        , chain(chainOf(cabinets))
+    {
+    }
+
     const Port &port;
-    QVector<Cabinet> cabinets;
+    const QVector<Cabinet> cabinets;
+    const Chain chain;
     int first = 0;
 };
 
@@ -106,8 +118,9 @@ struct SDrawnPort
 std::vector<SDrawnPort> drawnPorts(const QVector<Port> &ports, const QRect &extent)
 {
     std::vector<SDrawnPort> drawn;
+    drawn.reserve(std::size_t(ports.size()));
     for (const Port &port : ports)
-        drawn.push_back({port, port.getAllCabinets()});
+        drawn.emplace_back(port);
     qreal area = CLayoutPainter::MostLayers * extent.width() * extent.height();
     for (auto port = drawn.rbegin(); port != drawn.rend(); ++port) {
         port->first = port->cabinets.size();
@@ -132,56 +145,58 @@ void paintPort(QPainter &painter, const SDrawnPort &drawn, const SLayoutDrawOpti
         CLayoutPainter::paintCabinet(painter, look, scale);
     }
     if (options.wires)
-        CWirePainter::paint(painter, wiresOf(drawn.cabinets), scale);
+        CWirePainter::paint(painter, wiresOf(drawn.chain), scale);
     if (options.groups) {
         for (const Group &group : drawn.port.groups)
             paintGroupFrames(painter, group, scale);
     }
 }
 
-SPortLook lookOf(const Port &port)
+SPortLook lookOf(const SDrawnPort &drawn)
 {
+    const Port &port = drawn.port;
     SPortLook look;
     look.port = port.index;
     look.fill = fillOf(port);
     look.load = port.load;
     look.locked = port.locked;
     look.redundant = port.redundancy == Port::Redundant;
-    const QVector<Cabinet> cabinets = port.getAllCabinets();
-    if (cabinets.isEmpty())
+    if (drawn.cabinets.isEmpty())
         return look;
     QRect bounds;
-    for (const Cabinet &cabinet : cabinets)
+    for (const Cabinet &cabinet : drawn.cabinets)
         bounds |= cabinet.rect;
     look.bounds = CCabinetRect::fromRecord(bounds);
-    const QVector<Cabinet> chain = chainOf(cabinets);
-    const Cabinet &head = chain.isEmpty() ? cabinets.first() : chain.first();
+    const Cabinet &head = drawn.chain.isEmpty() ? drawn.cabinets.first() : *drawn.chain.first();
     look.head = CCabinetRect::fromRecord(head.rect);
-    if (chain.isEmpty())
+    if (drawn.chain.isEmpty())
         return look;
+    const Cabinet &tail = *drawn.chain.last();
     look.wired = true;
-    look.tail = CCabinetRect::fromRecord(chain.last().rect);
+    look.tail = CCabinetRect::fromRecord(tail.rect);
     look.backup = CPortLabel::backupText(port);
-    look.single = chain.size() == 1;
+    look.single = drawn.chain.size() == 1;
     look.entry = SWireAnchors::of(head, look.head).entry;
-    look.exit = SWireAnchors::of(chain.last(), look.tail).exit;
+    look.exit = SWireAnchors::of(tail, look.tail).exit;
     return look;
 }
 
 void paintNames(QPainter &painter, const std::vector<SDrawnPort> &drawn, qreal scale)
 {
+    QVector<SPortLook> looks;
     for (const SDrawnPort &port : drawn) {
+        looks << lookOf(port);
         QVector<QRectF> rects;
         qreal widest = 0;
         for (const Cabinet &cabinet : port.cabinets) {
             rects << CCabinetRect::fromRecord(cabinet.rect);
             widest = std::max(widest, rects.last().width());
         }
-        CPortEdge::paint(painter, CPortEdge::of(rects), lookOf(port.port), widest, scale,
+        CPortEdge::paint(painter, CPortEdge::of(rects), looks.last(), widest, scale,
                          QRectF(-1e9, -1e9, 2e9, 2e9));
     }
-    for (const SDrawnPort &port : drawn)
-        CPortLabel::paint(painter, lookOf(port.port), scale);
+    for (const SPortLook &look : qAsConst(looks))
+        CPortLabel::paint(painter, look, scale);
 }
 
 } // namespace

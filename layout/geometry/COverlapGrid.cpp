@@ -124,7 +124,14 @@ QVector<QRect> COverlapGrid::overlaps(int number, int most) const
         }
     });
     QVector<QRect> shared;
-    for (const int other : qAsConst(found))
-        shared << (m_rects.at(other) & rect);
+    for (const int other : qAsConst(found)) {
+        const QRect common = m_rects.at(other) & rect;
+        if (std::any_of(shared.cbegin(), shared.cend(), [&](const QRect &r) { return r.contains(common); }))
+            continue;
+        shared.erase(
+            std::remove_if(shared.begin(), shared.end(), [&](const QRect &r) { return common.contains(r); }),
+            shared.end());
+        shared << common;
+    }
     return shared;
 }

@@ -25,8 +25,8 @@ public:
     bool hasTouched() const { return !m_touched.isEmpty(); }
     /// Takes some of them: those in one part of the plane.
     QSet<int> takeTouched();
-    /// What others share with a rectangle, of @p most of them at most. Where very many tiny ones lie near it,
-    /// not all are looked at.
+    /// What others share with a rectangle, of @p most of them at most, and nothing twice. Where very many
+    /// tiny ones lie near it, not all are looked at.
     QVector<QRect> overlaps(int number, int most) const;
 
 private:

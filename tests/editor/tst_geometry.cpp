@@ -282,6 +282,17 @@ private Q_SLOTS:
         }
     }
 
+    void overlapsAreToldOnce()
+    {
+        COverlapGrid grid;
+        const int wide = grid.add({0, 0, 90, 90});
+        for (const QRect &rect : {QRect(50, 50, 90, 90), QRect(40, 40, 50, 50), QRect(50, 50, 90, 90)})
+            grid.add(rect);
+        QCOMPARE(grid.overlaps(wide, 4), QVector<QRect>({QRect(40, 40, 50, 50)}));
+        grid.add({0, 0, 10, 10});
+        QCOMPARE(grid.overlaps(wide, 4).size(), 2);
+    }
+
     void recordsHoldInclusiveWholePixels()
     {
         const QPair<QRectF, QRect> places[] = {
