@@ -7,9 +7,11 @@
 #include "tests/harness/CTestBase.h"
 
 #include <QEventLoop>
+#include <QPointer>
 #include <QTimer>
 #include <QVariant>
 
+#include <memory>
 #include <optional>
 #include <thread>
 
@@ -144,17 +146,18 @@ CabinetLayout CDeviceFixture::layoutOf(const QUuid &processor) const
 
 SDeviceOutcome CDeviceFixture::outcomeOf(const std::function<void(CDeviceJobs::Done)> &start)
 {
-    std::optional<SDeviceOutcome> ended;
     QEventLoop loop; // which goes on at once, unlike QTest's waiting
-    start([&ended, &loop](const SDeviceOutcome &outcome) {
-        ended = outcome;
-        loop.quit();
+    const auto ended = std::make_shared<std::optional<SDeviceOutcome>>(); // it may end after the patience
+    start([ended, waiting = QPointer<QEventLoop>(&loop)](const SDeviceOutcome &outcome) {
+        *ended = outcome;
+        if (waiting)
+            waiting->quit();
     });
-    if (!ended) {
+    if (!*ended) {
         QTimer::singleShot(PatienceMilliseconds, &loop, &QEventLoop::quit);
         loop.exec();
     }
-    return ended.value_or(SDeviceOutcome{SDeviceOutcome::Failed, QStringLiteral("no outcome")});
+    return ended->value_or(SDeviceOutcome{SDeviceOutcome::Failed, QStringLiteral("no outcome")});
 }
 
 SDeviceOutcome CDeviceFixture::detect()

@@ -438,6 +438,10 @@ private:
     /// What is on screen once everything that was asked for is painted.
     QImage shown()
     {
+        m_mouse->scene()
+            .backend()
+            .faults()
+            .finish(); // on a busy machine its turns would come between two pictures
         QCoreApplication::processEvents();
         QEvent frame(QEvent::UpdateRequest);
         QCoreApplication::sendEvent(&view(), &frame); // by itself it would come with the next tick
