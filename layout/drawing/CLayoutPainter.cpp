@@ -152,11 +152,10 @@ QRectF rounded(const QRectF &rect, qreal scale)
     return rect.translated(Rounding / scale, Rounding / scale);
 }
 
-QRectF withinBorder(const QRectF &rect, const SCabinetColors &colors, qreal scale)
+QRectF withinBorder(const QRectF &rect, const SCabinetColors &colors, qreal border, qreal scale)
 {
-    const qreal hairline = 1 / scale;
-    const qreal far = colors.framed ? hairline : 0;
-    return rounded(rect.adjusted(hairline, hairline, -far, -far), scale);
+    const qreal far = colors.framed ? border : 0;
+    return rounded(rect.adjusted(border, border, -far, -far), scale);
 }
 
 /// The border is what the fill leaves of a rectangle behind it: a pen would be walked pixel by pixel. It
@@ -174,7 +173,7 @@ void paintArea(QPainter &painter, const QRectF &rect, const SCabinetColors &colo
         return;
     }
     painter.fillRect(rounded(rect, scale), colors.border);
-    painter.fillRect(withinBorder(rect, colors, scale), colors.fill);
+    painter.fillRect(withinBorder(rect, colors, hairline(painter, scale), scale), colors.fill);
 }
 
 /// A pen of @p width device pixels, @p inset device pixels inside @p rect.
@@ -285,8 +284,9 @@ void CLayoutPainter::paintRowFromAfar(QPainter &painter, const QVector<QRectF> &
         return;
     }
     painter.fillRect(all, colors.border);
+    const qreal border = hairline(painter, scale);
     for (const QRectF &rect : row)
-        painter.fillRect(withinBorder(rect, colors, scale), colors.fill);
+        painter.fillRect(withinBorder(rect, colors, border, scale), colors.fill);
 }
 
 void CLayoutPainter::paintGroup(QPainter &painter, const QRectF &rect, bool selected, qreal scale)

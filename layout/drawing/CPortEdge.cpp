@@ -5,6 +5,7 @@
 #include "layout/drawing/CLayoutPainter.h"
 #include "layout/drawing/CPortColors.h"
 #include "layout/drawing/CPortLabel.h"
+#include "layout/drawing/CosmeticPen.h"
 #include "layout/drawing/LayoutColors.h"
 
 #include <QPainter>
@@ -66,7 +67,7 @@ void CPortEdge::paint(QPainter &painter, const QVector<COutline::SPiece> &pieces
         return;
     if (pieces.size() > MostFarPieces && CLayoutPainter::isAfar(width, scale))
         return;
-    const qreal pixel = 1 / scale;
+    const qreal pixel = hairline(painter, scale);
     const QVector<COutline::SPiece> lines =
         joined(pieces, exposed, (OverloadWidth + 2 * OverloadRim) * pixel);
     if (!CPortLabel::isOverloaded(look)) {

@@ -35,7 +35,7 @@ CRowStamps::CRowStamps(QPainter &painter, qreal scale)
     , m_canvas(painter.worldTransform())
     , m_scale(scale)
     , m_copies(painter.paintEngine()->type() == QPaintEngine::Raster &&
-               m_canvas.type() <= QTransform::TxScale && painter.device()->devicePixelRatio() == 1 &&
+               m_canvas.type() <= QTransform::TxScale && painter.device()->devicePixelRatioF() == 1 &&
                !painter.testRenderHint(QPainter::Antialiasing))
 {
 }

@@ -14,6 +14,8 @@
 #include <QScreen>
 #include <QSignalSpy>
 
+#include <utility>
+
 namespace {
 
 constexpr QPoint InPair(64, 264); // in a group of a group
@@ -99,6 +101,33 @@ private Q_SLOTS:
             painter.end();
             QVERIFY(differentPixels(frame, items) <= 2); // where wires of several lengths meet
             QVERIFY(colorsIn(frame).size() > 8);         // of canvas, ports, what is selected or highlighted
+        }
+    }
+
+    void bordersAreEquallyWideOnEveryScreen()
+    {
+        LayoutData data = SmallWorlds::data({SmallWorlds::wiredPort(0, 1024)});
+        data.canvas = data.bounds.size(); // no faults
+        alternateRows(data.layout.ports[0].groups[0]);
+        view().showLayout(SmallWorlds::node(data), data);
+        for (const qreal ratio : {1.0, 1.04, 1.25, 1.5, 2.0}) {
+            QImage image(700, 700, QImage::Format_RGB32);
+            image.setDevicePixelRatio(ratio);
+            QPainter painter(&image);
+            QVERIFY(CFarPorts::drawPicture(m_mouse->scene().backend().content().portItems(), painter,
+                                           QRectF(0, 0, 290, 290), data.bounds, [] {}));
+            painter.end();
+            const int y = int(30 * ratio); // between borders and wires
+            const QRgb fill = image.pixel(int(14 * ratio), y);
+            QMap<int, int> widths; // how many borders have them
+            int width = 0;
+            for (int x = int(14 * ratio); x < int(276 * ratio); ++x) { // of all but the first and the last
+                if (image.pixel(x, y) != fill)
+                    ++width;
+                else if (width > 0)
+                    ++widths[std::exchange(width, 0)];
+            }
+            QCOMPARE(widths, (QMap<int, int>{{qRound(ratio), 29}}));
         }
     }
 
