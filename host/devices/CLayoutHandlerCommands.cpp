@@ -83,17 +83,7 @@ void CLayoutHandler::changePorts(const QUuid &processor, int port,
                                  const std::function<void(CabinetLayout::CabinetPort &)> &change)
 {
     m_services.table().changeLayout(
-        processor,
-        [&](SDevice &device) {
-            if (!device.isLoaded())
-                return;
-            CabinetLayout layout = device.working.layout();
-            for (CabinetLayout::CabinetPort &known : layout.ports) {
-                if (port == -1 || known.index == port)
-                    change(known);
-            }
-            device.takeLayout(layout);
-        },
+        processor, [&](SDevice &device) { device.working.changeLook(port, change); },
         CDeviceTable::Cause::Editor);
     m_services.announcer().announceState();
 }

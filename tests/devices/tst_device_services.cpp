@@ -229,6 +229,10 @@ private Q_SLOTS:
         QVERIFY(modifies(locked) && !working.haveCabinetsChanged());
         QVERIFY(modifies(withMovedCabinet(locked, 3)) && working.haveCabinetsChanged());
         QVERIFY(working.haveSettingsChanged());
+        for (const bool lock : {false, true}) {
+            working.changeLook(-1, [lock](auto &port) { port.locked = lock && port.index == 1; });
+            QVERIFY(working.haveSettingsChanged() == lock && working.haveCabinetsChanged());
+        }
         QVERIFY(modifies(locked) && !working.haveCabinetsChanged());
         working.setSaved(CWorkingLayout::numbered(locked));
         QVERIFY(!working.isModified());
@@ -259,6 +263,24 @@ private Q_SLOTS:
         QVERIFY(working.edition() != edition);
         QCOMPARE(working.chargedPixels(4), working.chargedPixels(3));
         QCOMPARE(working.chargedPixels(), qint64(m_wall.cabinetCount()) * 320 * 240);
+    }
+
+    void aLockCostsNoLookAtCabinets()
+    {
+        CWorkingLayout working;
+        working.setSaved(CWorkingLayout::numbered(m_wall));
+        CabinetLayout edited = withMovedCabinet(m_wall, 3); // without places, so that taking it makes a copy
+        working.take(edited, m_generation);
+        const auto *const cabinets = working.layout().ports.at(3).groups.constData();
+        QVERIFY(cabinets != edited.ports.at(3).groups.constData());
+        const quint64 edition = working.edition();
+        working.changeLook(3, [](auto &port) { port.locked = true; });
+        QCOMPARE(working.edition(), edition + 1);
+        edited.ports[3].locked = true; // the module hands over what it shares with the layout before
+        working.take(edited, m_generation);
+        QVERIFY(working.layout().ports.at(3).locked && !working.layout().ports.at(2).locked);
+        QCOMPARE(working.layout().ports.at(3).groups.constData(), cabinets);
+        QCOMPARE(working.edition(), edition + 1);
     }
 
     void updatesComeInOrderOnOneOtherThread()

@@ -86,6 +86,25 @@ void CWorkingLayout::take(const CabinetLayout &layout, const SReceiverGeneration
     m_edition += changed ? 1 : 0;
 }
 
+/// The groups that take() was given stay, because the next layout shares them.
+void CWorkingLayout::changeLook(int index, const std::function<void(Port &)> &change)
+{
+    bool changed = false;
+    for (Port &port : m_layout.ports) {
+        if (index != -1 && port.index != index)
+            continue;
+        const Port before = port;
+        change(port);
+        changed = changed || !sameLook(before, port);
+        if (haveSettingsChanged(port))
+            m_edited.settings.insert(port.index);
+        else
+            m_edited.settings.remove(port.index);
+    }
+    if (changed)
+        ++m_edition;
+}
+
 CWorkingLayout::SFigures CWorkingLayout::figuresOf(const Port &port, const SReceiverGeneration &generation)
 {
     SFigures figures;
@@ -96,10 +115,16 @@ CWorkingLayout::SFigures CWorkingLayout::figuresOf(const Port &port, const SRece
     return figures;
 }
 
+bool CWorkingLayout::haveSettingsChanged(const Port &port) const
+{
+    const Port *saved = m_saved.port(port.index);
+    return !saved || !sameLook(*saved, port);
+}
+
 void CWorkingLayout::compareWithSaved(const Port &port, SEdited &edited) const
 {
     const Port *saved = m_saved.port(port.index);
-    if (!saved || !sameLook(*saved, port))
+    if (haveSettingsChanged(port))
         edited.settings.insert(port.index);
     if (!LayoutData::comparePortData(saved ? *saved : Port(), port, true))
         edited.cabinets.insert(port.index);

@@ -8,6 +8,8 @@
 #include <QHash>
 #include <QSet>
 
+#include <functional>
+
 /// A processor's working layout, and the mapping that was last saved or read. An edit costs only the ports
 /// that it changed. A value; copies share data.
 class CWorkingLayout final
@@ -15,6 +17,8 @@ class CWorkingLayout final
 public:
     /// Sets the working layout; cabinets that are in the saved mapping get their places in it.
     void take(const CabinetLayout &layout, const SReceiverGeneration &generation);
+    /// Lets @p change set lock and colour of port @p index, -1: of all. Costs no look at cabinets.
+    void changeLook(int index, const std::function<void(CabinetLayout::CabinetPort &)> &change);
     /// Sets the mapping that the device or file has now; it must have been numbered by numbered().
     void setSaved(const CabinetLayout &mapping);
 
@@ -60,6 +64,7 @@ private:
 
     static SFigures figuresOf(const CabinetLayout::CabinetPort &port, const SReceiverGeneration &generation);
     void renumber(CabinetLayout::CabinetPort &port) const;
+    bool haveSettingsChanged(const CabinetLayout::CabinetPort &port) const;
     void compareWithSaved(const CabinetLayout::CabinetPort &port, SEdited &edited) const;
 
     CabinetLayout m_taken; // as given to take(); shows which ports the next layout shares with it
