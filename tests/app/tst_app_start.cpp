@@ -20,6 +20,7 @@
 #include <QTemporaryDir>
 #include <QWidget>
 
+#include <chrono>
 #include <mutex>
 #include <thread>
 #include <vector>
@@ -41,6 +42,21 @@ QStringList linesOf(const QString &name)
         return {};
     return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
+
+/// A disk that accepts nothing while its gate is closed, and takes a while for each line.
+class CHangingDisk final : public CFileSystem
+{
+public:
+    CHangingDisk() { setCurrent(this); }
+    qint64 write(int file, const char *data, qint64 size) override
+    {
+        const std::lock_guard<std::mutex> passed(gate);
+        std::this_thread::sleep_for(needs);
+        return CFileSystem::write(file, data, size);
+    }
+    std::mutex gate;
+    std::chrono::milliseconds needs{0}; // for a line
+};
 
 } // namespace
 
@@ -216,18 +232,6 @@ private Q_SLOTS:
 
     void nobodyWaitsForALogThatHangs()
     {
-        class CHangingDisk final : public CFileSystem
-        {
-        public:
-            CHangingDisk() { setCurrent(this); }
-            ~CHangingDisk() override { setCurrent(nullptr); }
-            qint64 write(int file, const char *data, qint64 size) override
-            {
-                const std::lock_guard<std::mutex> passed(gate);
-                return CFileSystem::write(file, data, size);
-            }
-            std::mutex gate;
-        };
         static auto &disk = *new CHangingDisk; // outlives the thread that writes
         const QTemporaryDir folder;
         std::unique_lock<std::mutex> hangs(disk.gate);
@@ -245,6 +249,48 @@ private Q_SLOTS:
         hangs.unlock();
         QTRY_COMPARE(linesOf(file).size(), 30);
         CFileSystem::setCurrent(nullptr);
+    }
+
+    void aSlowDiskGetsTheLastLinesAtTheEnd()
+    {
+        constexpr int Lines = 30;
+        static auto &disk = *new CHangingDisk; // outlives the thread that writes
+        disk.needs = std::chrono::milliseconds(15);
+        const QTemporaryDir folder;
+        {
+            std::unique_lock<std::mutex> hangs(disk.gate);
+            const CLogFile log(folder.path());
+            for (int i = 0; i < Lines; ++i)
+                qInfo("line %d", i);
+            hangs.unlock();
+        }
+        CFileSystem::setCurrent(nullptr);
+        QCOMPARE(linesOf(folder.filePath(QStringLiteral("orvo.log"))).size(), Lines);
+    }
+
+    void theLogTellsHowManyLinesItHasLost()
+    {
+        constexpr int Kept = 10000;
+        static auto &disk = *new CHangingDisk; // outlives the thread that writes
+        const QTemporaryDir folder;
+        QString file;
+        {
+            std::unique_lock<std::mutex> hangs(disk.gate);
+            const CLogFile log(folder.path());
+            file = log.fileName();
+            for (int i = 0; i < Kept + 7; ++i)
+                qInfo("line %d", i);
+            hangs.unlock();
+            QTRY_COMPARE(linesOf(file).size(), Kept + 1);
+            qInfo("the next one");
+        }
+        CFileSystem::setCurrent(nullptr);
+        const QStringList lines = linesOf(file);
+        QCOMPARE(lines.size(), Kept + 2);
+        QVERIFY(lines.at(Kept - 1).endsWith(QLatin1String("line 9999")));
+        QVERIFY2(lines.at(Kept).endsWith(QLatin1String("too slow, lines lost here: 7")),
+                 qPrintable(lines.at(Kept)));
+        QVERIFY(lines.at(Kept + 1).endsWith(QLatin1String("the next one")));
     }
 
     void aFolderThatCannotBeMadeIsNoFault()

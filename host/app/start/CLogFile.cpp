@@ -4,7 +4,6 @@
 
 #include "host/app/start/CLogWriter.h"
 
-#include <QDateTime>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -82,12 +81,10 @@ QString CLogFile::fileName(int age) const
 void CLogFile::onMessage(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     const QByteArray message = QByteArray(levelName(type)) + ' ' +
-                               (context.category ? context.category : "default") + ": " + text.toUtf8() +
-                               '\n';
-    const QByteArray time = QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs).toLatin1();
+                               (context.category ? context.category : "default") + ": " + text.toUtf8();
     const std::lock_guard<std::mutex> lock(activeLogMutex);
     if (activeLog)
-        activeLog->m_writer->write(time + ' ' + message);
+        activeLog->m_writer->write(CLogWriter::stamped(message));
     if (type != QtDebugMsg && type != QtInfoMsg)
-        tellErrorOutput("orvo: " + message);
+        tellErrorOutput("orvo: " + message + '\n');
 }

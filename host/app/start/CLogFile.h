@@ -20,7 +20,7 @@ public:
     /// Opens "orvo.log" in @p folder, which is created if it is missing, and receives all messages from now
     /// on. If the file cannot be written, messages go to the standard error output only.
     explicit CLogFile(const QString &folder, qint64 maximumBytes = MaximumBytes);
-    ~CLogFile(); ///< does not wait for a disk that does not answer
+    ~CLogFile(); ///< does not wait long for a disk that does not answer
     Q_DISABLE_COPY(CLogFile)
 
     /// Where the application keeps its log.

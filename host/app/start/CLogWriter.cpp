@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/app/start/CLogWriter.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 
@@ -10,7 +11,11 @@
 
 namespace {
 
+using Clock = std::chrono::steady_clock;
+
 constexpr std::chrono::milliseconds Patience(250);
+constexpr std::chrono::milliseconds PatienceAtEnd(1000); // for one line
+constexpr std::chrono::milliseconds LongestEnd(5000);
 constexpr size_t MostLines = 10000; // that wait
 constexpr mode_t FileMode = 0666;   // less what the user's mask takes away
 
@@ -40,11 +45,18 @@ QString CLogWriter::fileName(const QString &folder, int age)
     return folder + QStringLiteral("/orvo%1.log").arg(suffix);
 }
 
+QByteArray CLogWriter::stamped(const QByteArray &message)
+{
+    return QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs).toLatin1() + ' ' + message + '\n';
+}
+
 void CLogWriter::write(const QByteArray &line)
 {
     std::unique_lock<std::mutex> lock(m_mutex);
-    if (m_lines.size() >= MostLines)
+    if (m_lost > 0 || m_lines.size() >= MostLines) {
+        ++m_lost;
         return;
+    }
     m_lines.push_back(line);
     m_wake.notify_all();
     (void)waitUntilWritten(lock); // the last lines before a crash are the important ones
@@ -53,7 +65,7 @@ void CLogWriter::write(const QByteArray &line)
 void CLogWriter::end(std::unique_ptr<CLogWriter> writer)
 {
     std::unique_lock<std::mutex> lock(writer->m_mutex);
-    if (writer->waitUntilWritten(lock))
+    if (writer->waitWhileWriting(lock))
         return;
     writer->m_thread.detach();
     lock.unlock();
@@ -66,6 +78,28 @@ bool CLogWriter::waitUntilWritten(std::unique_lock<std::mutex> &lock)
     if (!m_hangs)
         m_hangs = !m_written.wait_for(lock, Patience, [this] { return m_lines.empty(); });
     return !m_hangs;
+}
+
+/// A disk that was too slow for somebody may still be working off what waits.
+bool CLogWriter::waitWhileWriting(std::unique_lock<std::mutex> &lock)
+{
+    const Clock::time_point latest = Clock::now() + LongestEnd;
+    bool writes = true;
+    while (writes && !m_lines.empty() && Clock::now() < latest)
+        writes =
+            m_written.wait_for(lock, PatienceAtEnd, [this, before = m_count] { return m_count > before; });
+    return m_lines.empty();
+}
+
+/// Not before there is room for many more: otherwise a disk that stays too slow would get little else to
+/// write.
+void CLogWriter::tellLost()
+{
+    if (m_lost == 0 || m_lines.size() > MostLines / 2)
+        return;
+    m_lines.push_back(
+        stamped("warning default: the disk was too slow, lines lost here: " + QByteArray::number(m_lost)));
+    m_lost = 0;
 }
 
 void CLogWriter::run()
@@ -82,9 +116,10 @@ void CLogWriter::run()
         append(line);
         lock.lock();
         m_lines.pop_front();
-        if (!m_lines.empty())
-            continue;
-        m_hangs = false;
+        ++m_count;
+        tellLost();
+        if (m_lines.empty())
+            m_hangs = false;
         m_written.notify_all();
     }
 }

@@ -25,9 +25,13 @@ public:
     Q_DISABLE_COPY(CLogWriter)
 
     static QString fileName(const QString &folder, int age);
-    /// The line is in the file afterwards, unless that takes too long: then it is written later.
+    /// A line of the log: @p message with the present time.
+    static QByteArray stamped(const QByteArray &message);
+    /// The line is in the file afterwards, unless that takes too long: then it is written later, or is lost
+    /// where too many wait, and the log says how many were.
     void write(const QByteArray &line);
-    /// As the destructor, but a writer whose disk does not answer is left to itself until the process ends.
+    /// As the destructor, but waits for a limited time, and only while lines are being written: the rest is
+    /// left to the writer itself until the process ends.
     static void end(std::unique_ptr<CLogWriter> writer);
 
 private:
@@ -36,6 +40,8 @@ private:
     void append(const QByteArray &line);
     void putAside();
     bool waitUntilWritten(std::unique_lock<std::mutex> &lock);
+    bool waitWhileWriting(std::unique_lock<std::mutex> &lock);
+    void tellLost();
 
     const QString m_folder;
     const qint64 m_maximumBytes;
@@ -47,6 +53,8 @@ private:
     std::condition_variable m_wake;
     std::condition_variable m_written;
     std::deque<QByteArray> m_lines; // the first one is being written
+    quint64 m_count = 0;            // of the lines that were written
+    int m_lost = 0;                 // lines, since too many waited
     bool m_hangs = false;           // somebody has waited in vain
     bool m_ended = false;
     std::thread m_thread; // last
