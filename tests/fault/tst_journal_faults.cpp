@@ -261,12 +261,16 @@ struct SLeft
         const CFaultyFileSystem quick;
         QDir(folder.path()).removeRecursively();
         CJournals journals(folder.path(), {});
+        journals.begin(owner(), before);
+        journals.note(editor.edit(QStringLiteral("Edit")));
+        (void)CProcessorProject::write(file, before);
+    }
+    SJournalOwner owner() const
+    {
         SJournalOwner owner;
         owner.processor = before.layout.processor;
         owner.name = QStringLiteral("Foyer");
-        journals.begin(owner, before);
-        journals.note(editor.edit(QStringLiteral("Edit")));
-        (void)CProcessorProject::write(file, before);
+        return owner;
     }
     void run(const QStringList &arguments)
     {
@@ -276,6 +280,7 @@ struct SLeft
         status =
             CCommandLine::run(QStringList(QStringLiteral("recover")) + arguments, outStream, errorStream);
     }
+    void restore() { run({QStringLiteral("--restore"), QStringLiteral("1"), file}); }
     bool isOffered() const
     {
         const QList<SStrayJournal> strays = folder.strays();
@@ -322,7 +327,7 @@ bool recover(Command command, const Fault &fault, QString &wrong)
         if (command == Command::List)
             left.run({});
         else if (command == Command::Restore)
-            left.run({QStringLiteral("--restore"), QStringLiteral("1"), left.file});
+            left.restore();
         else
             left.run({QStringLiteral("--discard"), QStringLiteral("1")});
         failed = disk.hasFailed();
@@ -389,6 +394,25 @@ private Q_SLOTS:
         const Command command = Command(number);
         failEachCall(
             2, [command](const Fault &fault, QString &wrong) { return recover(command, fault, wrong); });
+    }
+    void aHistoryThatStaysIsToldWithoutOfferingTheEditsAgain()
+    {
+        SLeft left;
+        left.restore();
+        const QDir folder(left.folder.path());
+        const QString history = folder.entryList({QStringLiteral("*.history")}).value(0);
+        QVERIFY(QFile::remove(folder.filePath(history)) && folder.mkpath(history)); // no file to remove
+        SProcessorProject changed = left.editor.project();
+        ++changed.frameRate; // no step
+        {
+            CJournals journals(folder.path(), {});
+            journals.begin(left.owner(), left.editor.project());
+            journals.note(left.owner(), changed);
+        }
+        QCOMPARE(left.folder.strays().size(), 1);
+        left.restore();
+        QVERIFY2(left.errors.contains(QLatin1String("an older history of ")), qPrintable(left.errors));
+        QVERIFY(left.status == 0 && left.holds(changed) && left.folder.strays().isEmpty());
     }
 };
 

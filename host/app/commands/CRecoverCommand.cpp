@@ -46,9 +46,19 @@ const SStrayJournal *chosen(const CCommandArguments &arguments, const QString &o
     return nullptr;
 }
 
+/// An older history that stays is no reason to go on offering the edits, and is told only.
+SCommandOutcome dropHistory(const CJournalFolder &folder, const QString &projectFile)
+{
+    const CStatus dropped = folder.dropHistory(projectFile);
+    if (dropped)
+        return {};
+    return {CCommandLine::Success, CRecoverCommand::tr("warning: an older history of %1 is still there: %2")
+                                       .arg(projectFile, dropped.error())};
+}
+
 /// As a save in the window does. A start with histories switched off removes it.
-QString keepHistory(const CJournalFolder &folder, const SJournal &journal, const QString &file,
-                    const SFileStamp &stamp)
+SCommandOutcome keepHistory(const CJournalFolder &folder, const SJournal &journal, const QString &file,
+                            const SFileStamp &stamp)
 {
     SJournalOwner owner = journal.owner;
     owner.project = true;
@@ -56,8 +66,14 @@ QString keepHistory(const CJournalFolder &folder, const SJournal &journal, const
     owner.stamp = stamp;
     CJournalState state = journal.state;
     state.trail().setSaved();
-    return state.trail().isEmpty() ? folder.dropHistory(owner.file).error()
-                                   : folder.keepHistory(owner, state);
+    if (state.trail().isEmpty())
+        return dropHistory(folder, owner.file);
+    const QString problem = folder.keepHistory(owner, state);
+    if (problem.isEmpty())
+        return {};
+    return SCommandOutcome::badInput(
+        CRecoverCommand::tr("the edits are still offered, because their history cannot be kept: %1")
+            .arg(problem));
 }
 
 SCommandOutcome restore(const CJournalFolder &folder, const SStrayJournal &stray, const QString &file,
@@ -75,13 +91,11 @@ SCommandOutcome restore(const CJournalFolder &folder, const SStrayJournal &stray
         return SCommandOutcome::badInput(written.error());
     out << CRecoverCommand::tr("%1: cabinets: %2\n")
                .arg(file, QString::number(project.layout.cabinetCount()));
-    const QString problem = keepHistory(folder, stray.journal, file, how.stamp);
-    if (!problem.isEmpty())
-        return SCommandOutcome::badInput(
-            CRecoverCommand::tr("the edits are still offered, because their history cannot be kept: %1")
-                .arg(problem));
+    const SCommandOutcome kept = keepHistory(folder, stray.journal, file, how.stamp);
+    if (kept.status != CCommandLine::Success)
+        return kept;
     const CStatus removed = CJournalFolder::remove(stray);
-    return removed ? SCommandOutcome()
+    return removed ? kept
                    : SCommandOutcome::badInput(
                          CRecoverCommand::tr("the edits are still offered: %1").arg(removed.error()));
 }
