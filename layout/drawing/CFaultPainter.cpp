@@ -13,6 +13,7 @@
 #include <QPair>
 
 #include <algorithm>
+#include <mutex>
 
 namespace {
 
@@ -49,7 +50,10 @@ QImage stripes(const QColor &color, qreal ratio)
 
 QBrush hatching(CabinetFault fault, qreal ratio)
 {
-    thread_local QHash<QPair<int, int>, QBrush> known;
+    // Pictures are drawn on several threads; thread_local would keep the module in memory with each of them.
+    static std::mutex mutex;
+    static QHash<QPair<int, int>, QBrush> known;
+    const std::lock_guard<std::mutex> lock(mutex);
     QBrush &brush = known[{int(fault), qRound(ratio * 1000)}];
     if (brush.style() != Qt::NoBrush)
         return brush;

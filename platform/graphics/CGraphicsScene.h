@@ -48,6 +48,7 @@ public:
     /// of thousands costs more than most edits of it.
     void expectItem(const QUuid &uuid, QGraphicsItem &item)
     {
+        Q_ASSERT(m_items.value(uuid) == &item);
         m_expectedUuid = uuid;
         m_expected = &item;
     }

@@ -7,6 +7,7 @@
 #include <QApplication>
 
 #include <functional>
+#include <memory>
 
 using namespace CommandWorld;
 using Maker = std::function<CUndoCommandBase *(Scene &)>;
@@ -152,6 +153,17 @@ private Q_SLOTS:
         QVERIFY(back->isSelected());
         QCOMPARE(back->data(2).toInt(), 42);
         QCOMPARE(back->name(), QStringLiteral("A1"));
+    }
+
+    void noItemIsFoundInAClearedScene()
+    {
+        World world;
+        Cabinet &cabinet = World::cabinet(world.scene, 1, 0);
+        const QUuid uuid = cabinet.uuid();
+        const std::unique_ptr<CUndoCommandBase> expecting(move(cabinet, {5, 5}));
+        QCOMPARE(world.scene.itemOf(uuid), static_cast<QGraphicsItem *>(&cabinet));
+        world.scene.clearLayout();
+        QVERIFY(!world.scene.itemOf(uuid));
     }
 
     void someStepsDoNothing()

@@ -130,6 +130,8 @@ void useModule(Entry init)
     CSessionHost object;
     host.hostObject = &object;
     const QUuid a = host.addProcessor(QStringLiteral("A"), 16, 20);
+    auto &cabinets = host.answers()->layouts[a].layout.ports[0].groups[0].cabinets;
+    cabinets[1].rect = cabinets[0].rect.translated(20, 20); // overlapping, which is drawn with pictures
     pid_t first = 0;
     std::thread([&first] { first = gettid(); }).join(); // with it a sanitizer starts one of its own
     waitFor([first] { return !threadLives(first); }, "a thread that was joined ends"); // a moment later
@@ -155,6 +157,8 @@ void useModule(Entry init)
     host.notify(LayoutNotification::CurrentProcessorChanged, a);
     host.notify(LayoutNotification::SelectedNodeChanged, SSelectedNodeChange{{}, PrcTreeNodeType::Processor});
     waitFor([&host] { return host.answers()->count(QStringLiteral("layoutData")) > 0; }, "the editor loads");
+    window.grab();
+    QCoreApplication::processEvents(); // finds what overlaps
     window.grab();
     QMenu menu;
     layout->fillProcessorMenu(menu, a);

@@ -55,12 +55,11 @@ void CSheetWork::layOut(const SPrintInput &input, const SPrintJob &job)
                                   return CSheetSet::of(
                                       plan, [this, number] { return number != m_latest; }, &unfit);
                               });
-                              const auto tell = [this, sheets, warning, unfit, number] {
+                              post([this, sheets, warning, unfit, number] {
                                   if (number == m_latest)
                                       Q_EMIT notifyLaidOut(sheets ? sheets.value() : Sheets(), sheets.error(),
                                                            warning, unfit);
-                              };
-                              QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+                              });
                           }});
     m_thread.ActivateThread();
 }
@@ -70,15 +69,13 @@ void CSheetWork::run(const Output &output)
     m_cancelled = false;
     m_thread.AppendEvent({Write, [this, output] {
                               const auto progress = [this](int done) {
-                                  const auto tell = [this, done] { Q_EMIT notifyProgress(done); };
-                                  QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+                                  post([this, done] { Q_EMIT notifyProgress(done); });
                                   return !m_cancelled;
                               };
                               const auto names = withMemory<QStringList>([&] { return output(progress); });
-                              const auto tell = [this, names] {
+                              post([this, names] {
                                   Q_EMIT notifyWritten(names ? names.value() : QStringList(), names.error());
-                              };
-                              QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+                              });
                           }});
     m_thread.ActivateThread();
 }

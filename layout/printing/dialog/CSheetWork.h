@@ -44,6 +44,13 @@ Q_SIGNALS:
     void notifyWritten(const QStringList &names, const QString &problem);
 
 private:
+    /// Calls @p tell on the GUI thread.
+    template <typename Tell>
+    void post(const Tell &tell)
+    {
+        QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+    }
+
     std::atomic<int> m_latest{0}; // what was asked for last; older layouts stop
     std::atomic<bool> m_cancelled{false};
     CWorkThread m_thread; // ends before what its work uses
