@@ -68,10 +68,23 @@ void CGraphicsCabinetItem::setAreas(const Cabinet &cabinetRecord)
 
 const QVector<QLineF> &CGraphicsCabinetItem::innerLines() const
 {
-    if (!m_hasInnerLines)
-        m_innerLines = CReceiverBorders::lines(cabinet().rects, rect().size().toSize());
-    m_hasInnerLines = true;
-    return m_innerLines;
+    std::optional<QVector<QLineF>> &lines = details().innerLines;
+    if (!lines)
+        lines = CReceiverBorders::lines(cabinet().rects, rect().size().toSize());
+    return *lines;
+}
+
+void CGraphicsCabinetItem::forgetInnerLines()
+{
+    if (m_details)
+        m_details->innerLines.reset();
+}
+
+CGraphicsCabinetItem::SDetails &CGraphicsCabinetItem::details() const
+{
+    if (!m_details)
+        m_details = std::make_unique<SDetails>();
+    return *m_details;
 }
 
 void CGraphicsCabinetItem::setPort(int port)
@@ -104,9 +117,16 @@ void CGraphicsCabinetItem::setChainPosition(int position)
 
 void CGraphicsCabinetItem::setRectFlag(int index, bool on)
 {
-    while (m_rectFlags.size() <= index)
-        m_rectFlags << false;
-    m_rectFlags[index] = on;
+    QList<bool> &flags = details().rectFlags;
+    while (flags.size() <= index)
+        flags << false;
+    flags[index] = on;
+}
+
+void CGraphicsCabinetItem::clearRectFlags()
+{
+    if (m_details)
+        m_details->rectFlags.clear();
 }
 
 void CGraphicsCabinetItem::setRectAnchored(bool anchored)
@@ -143,17 +163,26 @@ CabinetFault CGraphicsCabinetItem::fault() const
     const CGraphicsPortItem *item = portItem();
     if (!item || item->isShownRedundant())
         return CabinetFault::None;
-    if (m_faults)
-        return m_faults->overlaps.isEmpty() ? CabinetFault::Outside : CabinetFault::Overlapping;
+    if (hasFaults())
+        return m_details->overlaps.isEmpty() ? CabinetFault::Outside : CabinetFault::Overlapping;
     return isInChain() ? CabinetFault::None : CabinetFault::Unwired;
+}
+
+bool CGraphicsCabinetItem::hasFaults() const
+{
+    return m_details && !(m_details->overlaps.isEmpty() && m_details->outside.isEmpty());
 }
 
 void CGraphicsCabinetItem::setFaults(const QVector<QRectF> &overlaps, const QVector<QRectF> &outside)
 {
     const bool any = !overlaps.isEmpty() || !outside.isEmpty();
-    if (any ? m_faults && m_faults->overlaps == overlaps && m_faults->outside == outside : !m_faults)
+    if (!any && !hasFaults())
         return;
-    m_faults = any ? std::make_unique<SFaults>(SFaults{overlaps, outside}) : nullptr;
+    SDetails &known = details();
+    if (known.overlaps == overlaps && known.outside == outside)
+        return;
+    known.overlaps = overlaps;
+    known.outside = outside;
     update();
     if (CGraphicsPortItem *item = portItem())
         item->noteLookChanged();
@@ -239,9 +268,9 @@ void CGraphicsCabinetItem::paint(QPainter *painter, const QStyleOptionGraphicsIt
     if (CReceiverBorders::canBeToldApart(cabinet().rects.size(),
                                          rect().width() * rect().height() * scale * scale))
         look.innerLines = innerLines();
-    if (m_faults) {
-        look.overlaps = m_faults->overlaps;
-        look.outside = m_faults->outside;
+    if (hasFaults()) {
+        look.overlaps = m_details->overlaps;
+        look.outside = m_details->outside;
     }
     if (const CGraphicsPortItem *item = portItem()) {
         look.locked = item->isShownLocked();

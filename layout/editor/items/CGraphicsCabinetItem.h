@@ -6,6 +6,7 @@
 #include "layout/editor/items/CGraphicsItemBase.h"
 
 #include <memory>
+#include <optional>
 
 class CGraphicsConnectionItem;
 
@@ -52,8 +53,8 @@ public:
     void setOutgoing(CGraphicsConnectionItem *connection) { m_outgoing = connection; }
     /// Marks a receiver area; the mark is removed when the cabinet leaves the chain.
     void setRectFlag(int index, bool on);
-    bool rectFlag(int index) const { return m_rectFlags.value(index, false); }
-    void clearRectFlags() { m_rectFlags.clear(); }
+    bool rectFlag(int index) const { return m_details && m_details->rectFlags.value(index, false); }
+    void clearRectFlags();
 
     /// Whether wiring lines start and end at the cabinet's last and first receiver.
     bool isRectAnchored() const { return m_rectAnchored; }
@@ -86,18 +87,20 @@ protected:
 private:
     int cellAt(const QPointF &position) const;
     const QVector<QLineF> &innerLines() const;
-    void forgetInnerLines() { m_hasInnerLines = false; }
+    void forgetInnerLines();
 
-    struct SFaults
+    /// What few cabinets have, of tens of thousands.
+    struct SDetails
     {
+        std::optional<QVector<QLineF>> innerLines; ///< borders of receivers; not known until they are seen
+        QList<bool> rectFlags;
         QVector<QRectF> overlaps;
         QVector<QRectF> outside;
     };
+    SDetails &details() const;
+    bool hasFaults() const;
 
-    mutable QVector<QLineF>
-        m_innerLines;                  // borders of receivers, in item coordinates; made when they are seen
-    std::unique_ptr<SFaults> m_faults; // null for none
-    QList<bool> m_rectFlags;
+    mutable std::unique_ptr<SDetails> m_details; // null until there are any
     CGraphicsConnectionItem *m_incoming = nullptr;
     CGraphicsConnectionItem *m_outgoing = nullptr;
     int m_chainPosition = NoPosition;
@@ -105,5 +108,4 @@ private:
     int m_selectedCell = NoCell;
     bool m_rectAnchored = true;
     bool m_highlighted = false;
-    mutable bool m_hasInnerLines = false;
 };
