@@ -33,27 +33,17 @@ void CLayoutHandler::applyLayoutFollowUp(bool full)
 void CLayoutHandler::commitLayoutData(const LayoutData &data)
 {
     if (data.layout.ports.isEmpty())
-        return;           // nothing was shown that could have been edited
-    QVector<Ports> known; // layouts that the module may have given back unedited
-    bool refused = false;
+        return; // nothing was shown that could have been edited
     bool overloaded = false;
-    m_services.table().changeLayout(
-        data.processor,
-        [&](SDevice &device) {
-            refused = !device.replaced.isEmpty();
-            if (refused) {
-                known = device.replaced;
-                known << device.working.layout().ports;
-            }
-            if (refused || !device.isLoaded())
-                return;
-            overloaded = device.isOverloaded();
-            device.takeLayout(PortPairs::withPairsOf(data.layout, device.working.layout()));
-            overloaded = overloaded || device.isOverloaded();
-        },
-        CDeviceTable::Cause::Editor);
-    if (refused)
-        return tellRefused(data, known);
+    const QVector<Ports> known = m_services.table().editLayout(data.processor, [&](SDevice &device) {
+        if (!device.isLoaded())
+            return;
+        overloaded = device.isOverloaded();
+        device.takeLayout(PortPairs::withPairsOf(data.layout, device.working.layout()));
+        overloaded = overloaded || device.isOverloaded();
+    });
+    if (!known.isEmpty())
+        return tellRefused(data, known); // the module may have given one of them back unedited
     m_followUpNeeded = true;
     if (overloaded) // then the load of each port depends on all the others
         m_services.announcer().notify(LayoutNotification::PortLoadsChanged,

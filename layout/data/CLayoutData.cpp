@@ -190,14 +190,15 @@ void CLayoutData::handOver(EWhen when, EWhat what)
         return;
     }
     Q_EMIT notifyEdited(edit->known, edited, edit->changedPorts);
-    const bool any = what == Everything || !edit->changedPorts.isEmpty() || m_handOver.isPending(processor);
+    const bool changed = !edit->changedPorts.isEmpty();
+    const bool any = what == Everything || changed || m_handOver.isPending(processor);
     if (when == AtOnce && !any)
         return; // the host may have another layout already, which it has not announced yet
     if (when == AtOnce)
-        m_handOver.handOverNow(edit->data);
+        m_handOver.handOverNow(edit->data, changed);
     else
-        m_handOver.handOverLater(edit->data, !edit->changedPorts.isEmpty());
-    if (!edit->changedPorts.isEmpty())
+        m_handOver.handOverLater(edit->data, changed);
+    if (changed)
         m_dispatch->post(CNotificationDispatch::PortLoadsKey,
                          [this, ports = edit->changedPorts] { loadsMayDiffer(ports); });
 }

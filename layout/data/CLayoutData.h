@@ -110,7 +110,7 @@ public:
     /// thread.
     void syncLayoutData(bool atOnce);
     void flushEdits() override { syncLayoutData(true); }
-    /// The edit of @p processor that came too late since the last call, because the host was replacing the
+    /// Whether an edit of @p processor came too late since the last call, because the host was replacing the
     /// layout.
     bool takeLostEdit(const QUuid &processor) { return m_states.takeLostEdit(processor); }
     /// What the host says of the unsaved edits of the layout in the editor; nothing while an edit waits for

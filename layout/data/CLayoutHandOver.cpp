@@ -4,8 +4,6 @@
 
 #include "layout/api/access/CHostAccess.h"
 
-#include <algorithm>
-
 namespace {
 
 using Host = ILayoutInterfaceHandler;
@@ -21,10 +19,10 @@ CLayoutHandOver::CLayoutHandOver(std::function<bool()> followUpWanted, std::func
     m_worker.AddTimeOutEventFilter(SyncKey, Delay);
 }
 
-void CLayoutHandOver::handOverNow(const LayoutData &data)
+void CLayoutHandOver::handOverNow(const LayoutData &data, bool edited)
 {
     m_worker.RemoveEvent(SyncKey);
-    const quint64 newest = number(data.processor);
+    const quint64 newest = number(data.processor, edited);
     commit(data, newest);
     if (!m_followUpWanted())
         return;
@@ -36,12 +34,7 @@ void CLayoutHandOver::handOverNow(const LayoutData &data)
 
 void CLayoutHandOver::handOverLater(const LayoutData &data, bool edited)
 {
-    const quint64 newest = number(data.processor);
-    if (edited) {
-        const std::lock_guard<std::mutex> lock(m_mutex);
-        m_edited[data.processor] = newest;
-    }
-    post(data, newest, false);
+    post(data, number(data.processor, edited), false);
 }
 
 bool CLayoutHandOver::isPending(const QUuid &processor) const
@@ -52,8 +45,9 @@ bool CLayoutHandOver::isPending(const QUuid &processor) const
 
 bool CLayoutHandOver::drop(const QUuid &processor)
 {
+    const std::lock_guard<std::mutex> commitLock(m_commitMutex);
     const std::lock_guard<std::mutex> lock(m_mutex);
-    const quint64 known = std::max(m_given.value(processor), m_handedOver.value(processor));
+    const quint64 known = m_handedOver.value(processor);
     // The queued event stays; when it runs, it finds that its layout is outdated.
     if (m_newest.contains(processor))
         m_handedOver[processor] = m_newest[processor];
@@ -66,10 +60,12 @@ void CLayoutHandOver::stop()
     m_worker.wait();
 }
 
-quint64 CLayoutHandOver::number(const QUuid &processor)
+quint64 CLayoutHandOver::number(const QUuid &processor, bool edited)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     m_newest[processor] = ++m_lastNumber;
+    if (edited)
+        m_edited[processor] = m_lastNumber;
     return m_lastNumber;
 }
 
@@ -93,11 +89,10 @@ void CLayoutHandOver::commit(const LayoutData &data, quint64 number)
             const std::lock_guard<std::mutex> lock(m_mutex);
             if (number <= m_handedOver.value(data.processor))
                 return;
-            m_given[data.processor] = number;
         }
         CHostAccess::call<&Host::commitLayoutData>(data);
         const std::lock_guard<std::mutex> lock(m_mutex);
-        m_handedOver[data.processor] = std::max(m_handedOver.value(data.processor), number);
+        m_handedOver[data.processor] = number;
     }
     m_handed();
 }

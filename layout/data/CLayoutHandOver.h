@@ -23,23 +23,24 @@ public:
     /// host has one. Both are called on any thread.
     CLayoutHandOver(std::function<bool()> followUpWanted, std::function<void()> handed);
 
-    /// Hands @p data over before returning; deferred layouts of the processor are dropped. GUI thread.
-    void handOverNow(const LayoutData &data);
-    /// Hands @p data over after a short delay, unless a newer layout comes first. @p edited: it differs from
-    /// what the host has. GUI thread.
+    // @p edited: the layout differs from what the host has. GUI thread.
+    /// Hands @p data over before returning; deferred layouts of the processor are dropped.
+    void handOverNow(const LayoutData &data, bool edited);
+    /// Hands @p data over after a short delay, unless a newer layout comes first.
     void handOverLater(const LayoutData &data, bool edited);
 
     /// Whether a deferred layout of @p processor has not reached the host yet.
     bool isPending(const QUuid &processor) const;
-    /// Drops the deferred layouts of @p processor. Returns whether an edit is lost with them; what the host
-    /// is being given right now is not.
+    /// Drops the deferred layouts of @p processor. Returns whether an edit is lost with them. What the host
+    /// is being given right now is not; that is waited for, so that it never comes after what the caller
+    /// knows. Not on the GUI thread.
     bool drop(const QUuid &processor);
 
     /// Ends the worker and waits for it; deferred layouts are dropped.
     void stop();
 
 private:
-    quint64 number(const QUuid &processor);
+    quint64 number(const QUuid &processor, bool edited);
     void post(const LayoutData &data, quint64 number, bool committed);
     void commit(const LayoutData &data, quint64 number);
 
@@ -48,7 +49,6 @@ private:
     mutable std::mutex m_mutex;         // guards the numbers
     QHash<QUuid, quint64> m_newest;     // number of the newest layout of each processor
     QHash<QUuid, quint64> m_edited;     // number of the newest one that was edited
-    QHash<QUuid, quint64> m_given;      // number of the newest one that the host was given, or is being given
     QHash<QUuid, quint64> m_handedOver; // number of the newest one that reached the host or was dropped
     quint64 m_lastNumber = 0;
     std::mutex m_commitMutex; // one hand-over at a time

@@ -6,6 +6,7 @@
 #include "tests/harness/CTestBase.h"
 
 #include <atomic>
+#include <future>
 
 namespace {
 
@@ -97,7 +98,7 @@ private Q_SLOTS:
         scene.store.stop();
     }
 
-    void whatTheHostIsBeingGivenIsNotLost()
+    void aReplacementWaitsForWhatTheHostIsBeingGiven()
     {
         SStoreScene scene;
         std::mutex gate;
@@ -111,11 +112,13 @@ private Q_SLOTS:
         };
         scene.edit(0, false);
         QTRY_VERIFY(given);
-        CSignalLog replaced(&scene.store, &CLayoutData::notifyLayoutReplaced);
-        scene.host.notify(LayoutNotification::LayoutReplaced, scene.a);
-        QTRY_COMPARE(replaced.count(), 1);
-        QVERIFY(!scene.store.takeLostEdit(scene.a)); // if the host refuses it, the host tells
+        const auto notified = std::async(
+            std::launch::async, [&scene] { scene.host.notify(LayoutNotification::LayoutReplaced, scene.a); });
+        const std::future_status meanwhile = notified.wait_for(CLayoutHandOver::Delay);
         closed.unlock();
+        notified.wait();
+        QVERIFY(meanwhile == std::future_status::timeout);
+        QVERIFY(!scene.store.takeLostEdit(scene.a)); // if the host refuses it, the host tells
         QTRY_COMPARE(scene.handOverCalls().last(), FollowUp);
         scene.answers()->onCalled = nullptr;
     }

@@ -313,13 +313,17 @@ private Q_SLOTS:
 
     void onlyLocksAndColoursAreTakenOverWhileALayoutIsReplaced()
     {
-        for (const bool edits : {true, false}) {
+        for (const auto &[imports, edits] :
+             {std::pair(false, false), {false, true}, {true, false}, {true, true}}) {
             CDeviceFixture host;
-            LayoutData before = host.handler.layoutData(host.lobby);
+            const LayoutData before = host.handler.layoutData(host.lobby);
             host.manager.simulate(host.lobby, SimulationFault::Changed, true);
+            const QString file = host.folder.filePath(QStringLiteral("mapping"));
+            QVERIFY(host.handler.exportProcessorMapping(host.lobby, file));
             CHastyEditor editor(host, before, edits);
             QSignalSpy told(&host.manager.announcer(), &CDeviceAnnouncer::notifyTold);
-            QVERIFY(host.read(host.lobby).isDone());
+            QVERIFY(imports ? host.handler.importProcessorMapping(host.lobby, file, true)
+                            : host.read(host.lobby).isDone());
             QTRY_VERIFY(editor.hasHandedOver);
             host.settle(host.lobby);
             QCoreApplication::processEvents();
@@ -327,7 +331,7 @@ private Q_SLOTS:
             QVERIFY(editor.wasUnannounced && !host.handler.unsavedEdits(host.lobby).unannounced);
             CabinetLayout now = host.layoutOf(host.lobby);
             QVERIFY(now.ports[1].locked && !now.ports[0].locked && now.ports[0].color == Qt::red);
-            QVERIFY(!host.manager.table().unsavedEdits(host.lobby).cabinets);
+            QCOMPARE(host.manager.table().unsavedEdits(host.lobby).cabinets, imports);
             QVERIFY(!LayoutData::comparePortData(now.ports[0], before.layout.ports[0], true));
             host.edit(host.lobby);
             QVERIFY(host.manager.table().unsavedEdits(host.lobby).cabinets);

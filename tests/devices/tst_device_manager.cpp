@@ -249,6 +249,25 @@ private Q_SLOTS:
         QCOMPARE(firstCorner(), corner + QPoint(8, 8));
         QVERIFY(!host.manager.table().changeLayout(QUuid::createUuid(), [](SDevice &) {}));
     }
+
+    void anEditIsRefusedWhenTheLayoutWasReplacedMeanwhile()
+    {
+        CDeviceFixture host;
+        CDeviceTable &table = host.manager.table();
+        const CabinetLayout before = host.layoutOf(host.lobby);
+        int calls = 0;
+        const auto known = table.editLayout(host.lobby, [&](SDevice &device) {
+            ++calls;
+            table.replaceLayout(host.lobby, [](SDevice &other) { other.takeLayout({}); });
+            table.endReplacement(host.lobby);
+            CabinetLayout edited = before;
+            edited.ports[0].locked = true;
+            device.takeLayout(edited);
+        });
+        QCOMPARE(calls, 1);
+        QVERIFY(known.contains(before.ports)); // which may have been given back unedited
+        QCOMPARE(host.layoutOf(host.lobby).cabinetCount(), 0);
+    }
 };
 
 ORVO_TEST_MAIN(QGuiApplication, CDeviceManagerTest)

@@ -132,9 +132,7 @@ CDeviceServices::Taken CDeviceServices::takeMapping(const SDevice &before, SDevi
                 if (!unedited)
                     return;
                 now.revision = read.revision;
-                if (replaced)
-                    now.replaced << now.working.layout().ports;
-                std::swap(now.working, read.working); // the old one is destroyed by the caller
+                now.swapWorking(read.working, replaced); // the old one is destroyed by the caller
             });
             if (unedited && replaced)
                 announceReplacement(uuid); // before the user can edit what is outdated

@@ -194,6 +194,24 @@ bool CDeviceTable::changeLayout(const QUuid &processor, const std::function<void
     return known;
 }
 
+QVector<CDeviceTable::Ports> CDeviceTable::editLayout(const QUuid &processor,
+                                                      const std::function<void(SDevice &)> &edit)
+{
+    std::optional<SDevice> before;
+    QVector<Ports> known;
+    const auto editOrRefuse = [&](SDevice &device) {
+        if (!before)
+            before = device;
+        if (known.isEmpty() && device.replaced.isEmpty() && device.replacements == before->replacements)
+            return edit(device);
+        known = device.replaced;
+        known << before->working.layout().ports << device.working.layout().ports;
+    };
+    if (swapLayout(processor, editOrRefuse, false) && known.isEmpty())
+        tell(processor, Cause::Editor);
+    return known;
+}
+
 bool CDeviceTable::replaceLayout(const QUuid &processor, const std::function<void(SDevice &)> &edit)
 {
     const bool known = swapLayout(processor, edit, true);
@@ -223,10 +241,8 @@ bool CDeviceTable::swapLayout(const QUuid &processor, const std::function<void(S
         edit(*copy);
         changeUnwatched(processor, [&](SDevice &now) {
             taken = now.working.edition() == edition;
-            if (taken && replaced)
-                now.replaced << now.working.layout().ports;
             if (taken)
-                std::swap(now.working, copy->working); // the old one is destroyed without the lock
+                now.swapWorking(copy->working, replaced); // the old one is destroyed without the lock
         });
     }
     return true;

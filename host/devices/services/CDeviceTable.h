@@ -67,6 +67,10 @@ public:
     bool changeLayout(const QUuid &processor, const std::function<void(SDevice &)> &edit,
                       Cause cause = Cause::Host);
 
+    /// As changeLayout() for an edit by the editor. If the layout is being replaced, or was since the call,
+    /// the edit is refused: gives the layouts that the editor may have known, otherwise none.
+    using Ports = QVector<CabinetLayout::CabinetPort>;
+    QVector<Ports> editLayout(const QUuid &processor, const std::function<void(SDevice &)> &edit);
     /// As changeLayout(), if the editor does not know of it yet: until endReplacement(), the layout before is
     /// in SDevice::replaced.
     bool replaceLayout(const QUuid &processor, const std::function<void(SDevice &)> &edit);

@@ -5,6 +5,7 @@
 #include "layout/api/records/EditRefusal.h"
 
 #include <algorithm>
+#include <utility>
 
 QString SDevice::layoutRefusal() const
 {
@@ -83,6 +84,15 @@ void SDevice::takeSettings(const SProcessorSettings &taken)
 void SDevice::takeLayout(const CabinetLayout &layout)
 {
     working.take(withPortsInUse(layout), kind.generation);
+}
+
+void SDevice::swapWorking(CWorkingLayout &other, bool replaces)
+{
+    if (replaces) {
+        replaced << working.layout().ports;
+        ++replacements;
+    }
+    std::swap(working, other);
 }
 
 void SDevice::takeSaved(const CabinetLayout &mapping)

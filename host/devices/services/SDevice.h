@@ -31,6 +31,7 @@ struct SDevice
     CWorkingLayout working;
     /// Earlier working layouts, while the module may not know yet that they were replaced.
     QVector<QVector<CabinetLayout::CabinetPort>> replaced;
+    quint64 replacements = 0;          ///< how often the working layout was replaced
     quint64 changes = 0;               ///< counts changes of settings and state by commands and failures
     quint64 revision = 0;              ///< of the mapping on the device when it was last read or saved
     QVector<SCurrentGainRow> gainRows; ///< imported current-gain parameters
@@ -52,6 +53,8 @@ struct SDevice
     void takeSettings(const SProcessorSettings &taken);
     /// Sets the working layout, with exactly the ports that are in use.
     void takeLayout(const CabinetLayout &layout);
+    /// Swaps the working layout for @p other. @p replaces: the module does not know of it yet.
+    void swapWorking(CWorkingLayout &other, bool replaces);
     /// Sets the mapping that the device or the file has.
     void takeSaved(const CabinetLayout &mapping);
     /// How many ports the working layout needs: those up to the last one that holds cabinets or is paired.
