@@ -36,7 +36,8 @@ private Q_SLOTS:
         QVERIFY(host.layoutOf(host.stage) != before);
         QVERIFY(host.handler.getProcessorNode(foyer).online);
         QVERIFY(!host.handler.getProcessorNode(host.named("Arena")).online);
-        const QStringList told = host.notifiedUpToDetection();
+        QStringList told = host.notifiedUpToDetection();
+        told.removeDuplicates(); // unsaved edits may be told of again once the module knows the layout
         QVERIFY(told.contains(QStringLiteral("17 ") + CDeviceFixture::idOf(host.stage)));
         QVERIFY(told.contains(QStringLiteral("22 %1 1").arg(CDeviceFixture::idOf(foyer))));
         QVERIFY(told.contains(QStringLiteral("30 ") + CDeviceFixture::idOf(host.stage)));

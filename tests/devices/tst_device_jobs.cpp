@@ -338,6 +338,20 @@ private Q_SLOTS:
         }
     }
 
+    void modulesAskForUnsavedEditsAgainAfterAReplacement()
+    {
+        CDeviceFixture host;
+        QVERIFY(host.handler.copyProcessorMapping(host.left, host.right, true));
+        host.settle(host.right);
+        QCoreApplication::processEvents();
+        host.manager.announcer().notify(LayoutNotification::DetectFinished);
+        QVERIFY(!host.log.waitFor(int(LayoutNotification::DetectFinished)).isEmpty());
+        QVERIFY(host.handler.copyProcessorMapping(host.left, host.right, true)); // which are as before
+        QVERIFY(host.log.waitFor(int(LayoutNotification::UnsavedEditsChanged))
+                    .contains(CDeviceFixture::idOf(host.right)));
+        QVERIFY(!host.handler.unsavedEdits(host.right).unannounced);
+    }
+
     void runsOneJobAtATime()
     {
         CDeviceFixture host(0.2);

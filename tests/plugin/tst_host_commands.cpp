@@ -155,10 +155,10 @@ private Q_SLOTS:
         QVERIFY(knew);
     }
 
-    void aLockThatWaitsIsAskedAbout()
+    void lockedPortsAreAskedAboutBeforeTheyAreReplaced()
     {
         SEditedWorld world;
-        world.store.setPortLocked(1, true); // the host learns of it later
+        world.store.setPortLocked(1, true);
         const CMessageBoxAnswerer user({QStringLiteral("No"), QStringLiteral("OK")});
         world.processors.copyMapping(world.b, world.a);
         QCOMPARE(user.boxes().size(), 2);

@@ -149,7 +149,11 @@ void CDeviceServices::replaceLayout(const QUuid &processor, const std::function<
 
 void CDeviceServices::announceReplacement(const QUuid &processor)
 {
-    m_announcer.announceLayout(processor, [this, processor] { m_table.endReplacement(processor); });
+    m_announcer.announceLayout(processor, [this, processor] {
+        m_table.endReplacement(processor);
+        // The module may have asked before, and been told that it did not know the layout.
+        m_announcer.notify(LayoutNotification::UnsavedEditsChanged, processor);
+    });
 }
 
 void CDeviceServices::takePortCount(const QUuid &processor)
