@@ -4,6 +4,7 @@
 
 #include "host/devices/CDeviceCommands.h"
 #include "host/devices/services/CDeviceServices.h"
+#include "layout/api/records/ProcessorPairs.h"
 
 #include <QSet>
 
@@ -39,24 +40,14 @@ CStatus CRedundancyPairs::pairObstacle(const QList<Pair> &kept, const QList<Pair
                 return CStatus::failure(device->failureText(tr("It belongs to a pair already.")));
             used.insert(member);
         }
-        const CStatus enough =
-            portObstacle(*m_services.table().device(pair.first), *m_services.table().device(pair.second));
-        if (!enough)
-            return enough;
+        const SDevice primary = *m_services.table().device(pair.first);
+        const SDevice redundancy = *m_services.table().device(pair.second);
+        const QString obstacle = ProcessorPairs::portObstacle(primary.node, primary.working.layout(),
+                                                              redundancy.node, redundancy.kind.ports);
+        if (!obstacle.isEmpty())
+            return CStatus::failure(obstacle);
     }
     return CStatus::done();
-}
-
-/// A processor that takes over must have all output ports to which cabinets are connected.
-CStatus CRedundancyPairs::portObstacle(const SDevice &primary, const SDevice &redundancy)
-{
-    const int needed = primary.portsHeld();
-    if (needed <= redundancy.kind.ports)
-        return CStatus::done();
-    return CStatus::failure(redundancy.failureText(tr("It has %1 output ports, but %2 uses port %3.")
-                                                       .arg(redundancy.kind.ports)
-                                                       .arg(primary.node.displayText())
-                                                       .arg(needed)));
 }
 
 CStatus CRedundancyPairs::pairProcessors(const QUuid &primary, const QUuid &redundancy)

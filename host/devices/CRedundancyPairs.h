@@ -13,7 +13,6 @@
 class CDeviceCommands;
 class CDeviceServices;
 enum class DeviceError : int;
-struct SDevice;
 
 /// Pairs of processors: one takes over if the other fails. Any thread.
 class CRedundancyPairs final
@@ -36,7 +35,6 @@ private:
     /// Why @p added cannot stand beside @p kept. Of a pair that exists already, a member may have entered a
     /// mode meanwhile in which it could not be paired.
     CStatus pairObstacle(const QList<Pair> &kept, const QList<Pair> &added) const;
-    static CStatus portObstacle(const SDevice &primary, const SDevice &redundancy);
     CStatus setPrimaries(const QList<Pair> &changes); ///< all or none
     QStringList undone(const QList<Pair> &changed, const Pair &failed, DeviceError error);
 

@@ -209,7 +209,7 @@ private Q_SLOTS:
         QVERIFY(!handler.setProcessorRedundancy(m_world->stage, m_world->stage));
         QVERIFY(!handler.setProcessorRedundancy(m_world->stage, m_world->named("Balcony")));
         QVERIFY(refuses(handler.setProcessorRedundancy(m_world->stage, m_world->lobby),
-                        "It has 4 output ports, but Main stage(192.168.10.12) uses port 15."));
+                        " has 4 output ports, but Main stage(192.168.10.12) uses port 15."));
         m_world->manager.simulate(m_world->stage, SimulationFault::Refuse, true);
         QVERIFY(!handler.applyProcessorRedundancy(all, turned));
         QCOMPARE(handler.processorRedundancies(), (Pairs{{m_world->left, m_world->right}}));

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "host/devices/services/CDeviceServices.h"
 
+#include "layout/api/records/ProcessorPairs.h"
 #include "layout/api/records/RecordMetaTypes.h"
 
 #include <algorithm>
@@ -105,7 +106,7 @@ void CDeviceServices::takeAnswer(const SDevice &before, const SDevice &answer)
         if (!asAsked)
             return;
         const bool gainsWait = now.gainRows != now.settings.gainRows; // imported, but not sent
-        settings.portCount = std::max(settings.portCount, now.portsHeld());
+        settings.portCount = std::max(settings.portCount, ProcessorPairs::portsHeld(now.working.layout()));
         now.takeSettings(settings);
         now.node.online = answer.node.online;
         if (!gainsWait)

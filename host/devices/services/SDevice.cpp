@@ -4,7 +4,6 @@
 
 #include "layout/api/records/EditRefusal.h"
 
-#include <algorithm>
 #include <utility>
 
 QString SDevice::layoutRefusal() const
@@ -56,16 +55,6 @@ CabinetLayout SDevice::withPortsInUse(const CabinetLayout &layout) const
         complete.ports.last().index = i;
     }
     return complete;
-}
-
-int SDevice::portsHeld() const
-{
-    int held = 0;
-    for (const CabinetLayout::CabinetPort &port : working.layout().ports) {
-        if (port.cabinetCount() > 0 || port.redundancy != CabinetLayout::CabinetPort::NoRedundancy)
-            held = std::max(held, port.index + 1);
-    }
-    return held;
 }
 
 QString SDevice::failureText(const QString &reason) const

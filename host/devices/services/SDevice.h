@@ -57,8 +57,6 @@ struct SDevice
     void swapWorking(CWorkingLayout &other, bool replaces);
     /// Sets the mapping that the device or the file has.
     void takeSaved(const CabinetLayout &mapping);
-    /// How many ports the working layout needs: those up to the last one that holds cabinets or is paired.
-    int portsHeld() const;
     CabinetLayout withPortsInUse(const CabinetLayout &layout) const;
     /// "name(address): reason", for the user.
     QString failureText(const QString &reason) const;
