@@ -30,6 +30,13 @@ bool hasPixelsOf(const QImage &image, const QColor &color)
     return false;
 }
 
+QString toolTipOf(QWidget &widget, const QPoint &place)
+{
+    QHelpEvent event(QEvent::ToolTip, place, widget.mapToGlobal(place));
+    QApplication::sendEvent(&widget, &event);
+    return QToolTip::text();
+}
+
 } // namespace
 
 class CPortListTest final : public CTestBase
@@ -75,23 +82,18 @@ private Q_SLOTS:
         world.answers()->details.bitsPerPixel = 24;
         world.open(2);
         world.list.show();
-        const auto tip = [](QWidget &widget, const QPoint &place) {
-            QHelpEvent event(QEvent::ToolTip, place, widget.mapToGlobal(place));
-            QApplication::sendEvent(&widget, &event);
-            return QToolTip::text();
-        };
         const auto areaTip = [&](CPortPainter::EArea area) {
-            return tip(world.port(1), CPortPainter::areaRect(area).center());
+            return toolTipOf(world.port(1), CPortPainter::areaRect(area).center());
         };
         QCOMPARE(areaTip(CPortPainter::Fill), QStringLiteral("Cabinet fill"));
         QCOMPARE(areaTip(CPortPainter::Append), QStringLiteral("Append(Ctrl+T)"));
         QCOMPARE(areaTip(CPortPainter::Lock), QStringLiteral("Lock"));
         world.store.setPortLocked(1, true);
         QCOMPARE(areaTip(CPortPainter::Lock), QStringLiteral("Unlock"));
-        const QString sum = tip(world.port(1), QPoint(60, 15));
+        const QString sum = toolTipOf(world.port(1), QPoint(60, 15));
         QVERIFY2(sum.startsWith(QStringLiteral("Port 2: 130%\n")) && sum.contains(QStringLiteral("24 bits")),
                  qPrintable(sum));
-        QCOMPARE(tip(*world.list.findChild<COverloadLine *>(), QPoint(5, 5)),
+        QCOMPARE(toolTipOf(*world.list.findChild<COverloadLine *>(), QPoint(5, 5)),
                  QStringLiteral("1 output port is overloaded: 2\n") + sum);
         QVERIFY(
             LoadText::ofProcessor(world.store, 65)
@@ -230,6 +232,7 @@ private Q_SLOTS:
         auto *line = world.list.findChild<COverloadLine *>();
         QTRY_COMPARE(line->text(), QStringLiteral("5 output ports are overloaded: 1 to 3, 5, redundancy 6"));
         QCOMPARE(line->overload().shortText(), QStringLiteral("5 overloaded")); // as many buttons are red
+        QCOMPARE(toolTipOf(*line, QPoint(5, 5)).count(QLatin1String(": 224%")), 5);
         CSignalLog sought(&world.list, &CPortList::notifyPortsSought);
         line->click();
         QCOMPARE(sought[0].first().value<QVector<int>>(), (QVector<int>{0, 1, 2, 4}));

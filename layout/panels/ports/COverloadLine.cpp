@@ -95,7 +95,7 @@ bool COverloadLine::event(QEvent *event)
     if (event->type() != QEvent::ToolTip)
         return QAbstractButton::event(event);
     QStringList lines{text()};
-    for (const int port : qAsConst(m_overload.ports)) {
+    for (const int port : m_overload.ports + m_overload.backups) {
         if (lines.size() > PortsInToolTip) {
             lines << QStringLiteral("…");
             break;
