@@ -134,16 +134,35 @@ private Q_SLOTS:
         }
     }
 
-    void lettersInANumberAreRefusedWithAWord()
+    void whatIsNoNumberIsRefusedWithAWord()
     {
+        const QString refused = QStringLiteral("Only numbers can be typed here.");
+        const QString largest = QStringLiteral("The largest figure here is 50.");
+        struct SCase
+        {
+            const char *typed;
+            QString told;
+        };
+        for (const auto &[typed, words] :
+             {SCase{"7", {}}, SCase{"7e", refused}, SCase{"e", refused}, SCase{"7#", refused},
+              SCase{"7.", refused}, SCase{"777", largest}}) {
+            QWidget window;
+            const CNotedWords told(window);
+            auto *box = new CSpinBox(&window);
+            box->setRange(0, 50);
+            box->setValue(7);
+            box->selectAll(); // as Tab does
+            QTest::keyClicks(box, QLatin1String(typed));
+            QCOMPARE(told.words.value(told.words.size() - 1), words);
+        }
         QWidget window;
         const CNotedWords told(window);
-        auto *box = new CSpinBox(&window);
-        QTest::keyClicks(box, QStringLiteral("7"));
+        auto *box = new CDoubleSpinBox(&window);
+        box->setSuffix(QStringLiteral(" Hz"));
+        box->selectAll();
+        QTest::keyClicks(box, QStringLiteral("2.5 Hz"));
         QCOMPARE(told.words, QStringList());
-        QTest::keyClicks(box, QStringLiteral("e"));
-        QCOMPARE(told.words, QStringList(QStringLiteral("Only numbers can be typed here.")));
-        QCOMPARE(box->value(), 7);
+        QCOMPARE(box->value(), 2.5);
     }
 
     void fieldsAreReachedByTheirLetters()

@@ -58,8 +58,7 @@ protected:
         SpinBox::keyPressEvent(event);
         if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && this->text() != typed)
             event->accept();
-        const QString key = event->text();
-        if (!key.isEmpty() && key.at(0).isLetter())
+        if (this->text() == typed && isForeign(event->text()))
             tell(QCoreApplication::translate("CClampedSpinBox", "Only numbers can be typed here."));
     }
 
@@ -68,6 +67,11 @@ private:
     {
         if (m_words)
             m_words->tell(words);
+    }
+    /// Digits are refused for other reasons, and whoever types the unit, too, sees what was typed.
+    bool isForeign(const QString &key) const
+    {
+        return !key.isEmpty() && key.at(0).isPrint() && !key.at(0).isDigit() && !this->suffix().contains(key);
     }
     bool isAboveRange(const QString &text) const { return numberIn(text) > this->maximum(); }
 
