@@ -159,8 +159,12 @@ void CEditorCommands::fillAppendMenu(QMenu &menu, QWidget *parent)
     CAppendMenu(m_store, m_store.recentCabinets(), chosen, CAppendMenu::OfTypes, parent).fill(menu);
 }
 
+/// Until something is placed, which is selected then, the port that it goes into is marked.
 void CEditorCommands::append(const TypeInfo &type, int port, const QSize &size)
 {
+    const QList<int> selected = m_view.cabinetScene().selection().ports();
+    if (!selected.isEmpty() && selected != QList<int>{port})
+        m_view.onPortsChosen({});
     if (!type.key.isNull())
         m_store.recentCabinets().noteType(type.key);
     m_view.onNotifyAppendCabinet(type, port, size);

@@ -163,6 +163,15 @@ private Q_SLOTS:
         QCOMPARE(m_world->store.recentCabinets().types().first(), SMD5::ofContent("Flat"));
     }
 
+    void appendEndsTheSelectionInOtherPorts()
+    {
+        for (const int port : {1, 0}) { // the current port, another one
+            m_world->view.onPortsChosen({port});
+            m_world->commands.append({}, 1, {64, 64});
+            QCOMPARE(m_world->scene().selection().isEmpty(), port == 0);
+        }
+    }
+
     void appendIsOfferedWhereItFitsOnly()
     {
         const auto offered = [this] {

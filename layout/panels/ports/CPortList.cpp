@@ -187,11 +187,8 @@ void CPortList::click(CPort *button)
     showChecked();         // whatever the click has toggled
 }
 
-/// Until something is placed, which is selected then, the port that it goes into is marked.
 void CPortList::append(int port, const QSize &size, const CPort::TypeInfo &type)
 {
-    if (!m_selected.isEmpty() && m_selected != QSet<int>{port})
-        Q_EMIT notifyPortsChosen({});
     makeCurrent(port);
     Q_EMIT notifyAppendCabinet(port, size, type);
 }
