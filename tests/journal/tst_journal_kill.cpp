@@ -5,6 +5,7 @@
 #include "tests/journal/CRecordingEditor.h"
 #include "tests/projects/ProjectSamples.h"
 
+#include <QElapsedTimer>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -14,6 +15,7 @@
 namespace {
 
 constexpr int Rounds = 12;
+constexpr int LongestNote = 200; // milliseconds; longer than any that waits for no disk
 const char childOption[] = "--edit";
 
 CRecordingEditor editorOf(int seed)
@@ -30,7 +32,12 @@ int editForEver(const QString &folder, int seed)
     CJournals journals(folder, {});
     journals.begin(owner, editor.project());
     for (;;) {
-        journals.note(editor.anything());
+        const SEditRecord edit = editor.anything();
+        QElapsedTimer taken;
+        taken.start();
+        journals.note(edit);
+        if (taken.elapsed() > LongestNote)
+            journals.sync(); // of a disk that takes longer nothing is promised until it has caught up
         if (std::fputc('.', stdout) == EOF || std::fflush(stdout) != 0)
             return 1;
     }
