@@ -5,12 +5,11 @@
 #include "layout/api/access/CHostAccess.h"
 #include "layout/api/records/ProcessorPairs.h"
 
-using Host = ILayoutInterfaceHandler;
-
 QString PairObstacle::of(const ProcessorTree::ProcessorNode &primary,
                          const ProcessorTree::ProcessorNode &redundancy)
 {
-    return ProcessorPairs::portObstacle(primary, CHostAccess::call<&Host::layoutData>(primary.uuid).layout,
+    using Handler = ILayoutInterfaceHandler;
+    return ProcessorPairs::portObstacle(primary, CHostAccess::call<&Handler::layoutData>(primary.uuid).layout,
                                         redundancy,
-                                        CHostAccess::call<&Host::maximumPortCount>(redundancy.uuid));
+                                        CHostAccess::call<&Handler::maximumPortCount>(redundancy.uuid));
 }
