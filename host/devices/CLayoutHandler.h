@@ -139,7 +139,7 @@ private:
     QList<QUuid> concerned(ReadSaveMappingRole role) const;
     static void tellNobody(const Done &done); ///< reports to @p done that there is no processor to work with
     using Ports = QVector<CabinetLayout::CabinetPort>;
-    void tellRefused(const LayoutData &data, const QVector<Ports> &known);
+    void tellRefused(const LayoutData &data, const QVector<Ports> &shown);
     void changePorts(const QUuid &processor, int port,
                      const std::function<void(CabinetLayout::CabinetPort &)> &change);
     bool told(const CStatus &status); ///< stores the reason of a failure for lastError()

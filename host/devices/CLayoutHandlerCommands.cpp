@@ -35,15 +35,15 @@ void CLayoutHandler::commitLayoutData(const LayoutData &data)
     if (data.layout.ports.isEmpty())
         return; // nothing was shown that could have been edited
     bool overloaded = false;
-    const QVector<Ports> known = m_services.table().editLayout(data.processor, [&](SDevice &device) {
+    const QVector<Ports> shown = m_services.table().editLayout(data.processor, [&](SDevice &device) {
         if (!device.isLoaded())
             return;
         overloaded = device.isOverloaded();
         device.takeLayout(PortPairs::withPairsOf(data.layout, device.working.layout()));
         overloaded = overloaded || device.isOverloaded();
     });
-    if (!known.isEmpty())
-        return tellRefused(data, known); // the module may have given one of them back unedited
+    if (!shown.isEmpty())
+        return tellRefused(data, shown); // the module may have given one of them back unedited
     m_followUpNeeded = true;
     if (overloaded) // then the load of each port depends on all the others
         m_services.announcer().notify(LayoutNotification::PortLoadsChanged,
@@ -52,19 +52,19 @@ void CLayoutHandler::commitLayoutData(const LayoutData &data)
 }
 
 /// Edits of what is not there any more. Locks and colours are not among them: they are set on their own.
-void CLayoutHandler::tellRefused(const LayoutData &data, const QVector<Ports> &known)
+void CLayoutHandler::tellRefused(const LayoutData &data, const QVector<Ports> &shown)
 {
     using Port = CabinetLayout::CabinetPort;
     const auto same = [](const Port &a, const Port &b) {
         return a.index == b.index && LayoutData::comparePortData(a, b, true);
     };
-    const bool edited = std::none_of(known.begin(), known.end(), [&](const Ports &ports) {
+    const bool edited = std::none_of(shown.begin(), shown.end(), [&](const Ports &ports) {
         return std::equal(ports.begin(), ports.end(), data.layout.ports.begin(), data.layout.ports.end(),
                           same);
     });
     if (edited)
         m_services.announcer().announceWords(
-            this->known(data.processor)
+            known(data.processor)
                 .failureText(
                     tr("The last edit came while the layout was being replaced, and is not in it.")));
 }

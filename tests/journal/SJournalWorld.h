@@ -20,14 +20,18 @@
 class CSwitchedDisk final : public CFileSystem
 {
 public:
-    CSwitchedDisk() { setCurrent(this); }
+    explicit CSwitchedDisk(bool isOfThisMachine = true)
+        : local(isOfThisMachine)
+    {
+        setCurrent(this);
+    }
     ~CSwitchedDisk() override { setCurrent(nullptr); }
 
     std::atomic<bool> full{false};
     std::atomic<bool> refusesSync{false};
     std::atomic<bool> hasNoMemory{false};
     std::atomic<bool> hangs{false}; // in a write, but not for ever
-    std::atomic<bool> local{true};
+    std::atomic<bool> local;
     std::atomic<bool> keepsFiles{false};
     std::atomic<int> syncs{0};
     /// Files whose names contain this are not opened before it is null.

@@ -10,6 +10,25 @@
 
 #include <sys/stat.h>
 
+namespace {
+
+/// A journal with a disk that can be stopped. @p local: on this machine.
+struct SDiskWorld
+{
+    explicit SDiskWorld(bool local)
+        : disk(local)
+    {
+        world.journals.begin(ownerOf(editor), editor.project());
+    }
+    void edit() { world.journals.note(editor.edit(QStringLiteral("Edit"))); }
+
+    CSwitchedDisk disk;
+    CRecordingEditor editor = smallEditor();
+    SJournalWorld world;
+};
+
+} // namespace
+
 /// Journals as files: written at once, in order and whole.
 class CJournalsTest final : public CTestBase
 {
@@ -168,30 +187,26 @@ void CJournalsTest::noEditWaitsForAWriteThatHangs_data()
 void CJournalsTest::noEditWaitsForAWriteThatHangs()
 {
     QFETCH(const bool, local);
-    CSwitchedDisk disk;
-    disk.local = local;
-    CRecordingEditor editor = smallEditor();
-    SJournalWorld world;
-    world.journals.begin(ownerOf(editor), editor.project());
-    std::unique_lock<std::mutex> confirms(disk.syncGate);
-    world.journals.note(editor.edit(QStringLiteral("Edit")));
-    const int before = disk.syncs;
+    SDiskWorld on(local);
+    std::unique_lock<std::mutex> confirms(on.disk.syncGate);
+    on.edit();
+    const int before = on.disk.syncs;
     QElapsedTimer timer;
-    QTRY_VERIFY(!local || disk.syncs > before);
+    QTRY_VERIFY(!local || on.disk.syncs > before);
     timer.start();
     QTRY_VERIFY(!local || timer.elapsed() > 300);
-    disk.hangs = true;
+    on.disk.hangs = true;
     timer.start();
     for (int i = 0; i < 20; ++i) { // only the first one waits, and not for long
-        world.journals.note(editor.edit(QStringLiteral("Edit")));
-        QVERIFY(world.journals.history(editor.project().layout.processor).steps.isEmpty());
+        on.edit();
+        QVERIFY(on.world.journals.history(on.editor.project().layout.processor).steps.isEmpty());
     }
     QVERIFY(timer.elapsed() < 4000);
-    disk.hangs = false;
+    on.disk.hangs = false;
     confirms.unlock();
-    QTRY_COMPARE(int(world.arrived), 1); // the history that was asked for
-    world.journals.stop();
-    QVERIFY(offers(world.strays(), editor));
+    QTRY_COMPARE(int(on.world.arrived), 1); // the history that was asked for
+    on.world.journals.stop();
+    QVERIFY(offers(on.world.strays(), on.editor));
 }
 
 void CJournalsTest::writesWhileTheDiskConfirms_data()
@@ -202,27 +217,23 @@ void CJournalsTest::writesWhileTheDiskConfirms_data()
 void CJournalsTest::writesWhileTheDiskConfirms()
 {
     QFETCH(const bool, local);
-    CSwitchedDisk disk;
-    disk.local = local;
-    CRecordingEditor editor = smallEditor();
-    SJournalWorld world;
-    world.journals.begin(ownerOf(editor), editor.project());
-    world.journals.note(editor.edit(QStringLiteral("Edit")));
-    std::unique_lock<std::mutex> confirms(disk.syncGate);
-    world.journals.note(editor.edit(QStringLiteral("Edit")));
-    const int before = disk.syncs;
-    QTRY_VERIFY(disk.syncs > before);
-    const QString file = world.folder + QLatin1Char('/') + world.files().value(0);
+    SDiskWorld on(local);
+    on.edit();
+    std::unique_lock<std::mutex> confirms(on.disk.syncGate);
+    on.edit();
+    const int before = on.disk.syncs;
+    QTRY_VERIFY(on.disk.syncs > before);
+    const QString file = on.world.folder + QLatin1Char('/') + on.world.files().value(0);
     QElapsedTimer timer;
     timer.start();
     while (timer.elapsed() < 400) {
         const qint64 size = QFileInfo(file).size();
-        world.journals.note(editor.edit(QStringLiteral("meanwhile")));
+        on.edit();
         QVERIFY(QFileInfo(file).size() > size);
     }
     confirms.unlock();
-    world.journals.stop();
-    QVERIFY(offers(world.strays(), editor));
+    on.world.journals.stop();
+    QVERIFY(offers(on.world.strays(), on.editor));
 }
 
 ORVO_TEST_MAIN(QCoreApplication, CJournalsTest)

@@ -59,7 +59,7 @@ void CLogWriter::write(const QByteArray &line)
     }
     m_lines.push_back(line);
     m_wake.notify_all();
-    (void)waitUntilWritten(lock); // the last lines before a crash are the important ones
+    waitUntilWritten(lock); // the last lines before a crash are the important ones
 }
 
 void CLogWriter::end(std::unique_ptr<CLogWriter> writer)
@@ -73,11 +73,10 @@ void CLogWriter::end(std::unique_ptr<CLogWriter> writer)
 }
 
 /// Only the first one waits for what hangs.
-bool CLogWriter::waitUntilWritten(std::unique_lock<std::mutex> &lock)
+void CLogWriter::waitUntilWritten(std::unique_lock<std::mutex> &lock)
 {
     if (!m_hangs)
         m_hangs = !m_written.wait_for(lock, Patience, [this] { return m_lines.empty(); });
-    return !m_hangs;
 }
 
 /// A disk that was too slow for somebody may still be working off what waits.

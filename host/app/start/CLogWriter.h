@@ -39,7 +39,7 @@ private:
     void run();
     void append(const QByteArray &line);
     void putAside();
-    bool waitUntilWritten(std::unique_lock<std::mutex> &lock);
+    void waitUntilWritten(std::unique_lock<std::mutex> &lock);
     bool waitWhileWriting(std::unique_lock<std::mutex> &lock);
     void tellLost();
 
